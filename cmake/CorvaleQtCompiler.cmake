@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+# Compiler settings that every target of this project shares.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+add_library(corvale_qt_flags INTERFACE)
+# The order of products and sums is part of what the models promise: no fused multiply-add.
+target_compile_options(corvale_qt_flags INTERFACE
+  -ffp-contract=off -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow
+  $<$<BOOL:${CORVALE_QT_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_definitions(corvale_qt_flags INTERFACE
+  QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)
+
+if(CORVALE_QT_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  # Line tables are all that a report needs; full debug information doubles the build's time here.
+  target_compile_options(corvale_qt_flags INTERFACE ${sanitizers} -g1 -O1)
+  target_link_options(corvale_qt_flags INTERFACE ${sanitizers})
+endif()

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/models/StyleSheetColors.h"
+#include "tests/support/TestMain.h"
+
+using namespace Corvale_Qt;
+
+class tst_RVXPlotColors : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anyIndexHasAColour()
+    {
+        QCOMPARE(RVXPlotColors::color(9), RVXPlotColors::color(1));
+        QCOMPARE(RVXPlotColors::color(-1), QColor(179, 102, 255));
+        QCOMPARE(RVXPlotColors::color(std::numeric_limits<int>::min()), QColor(Qt::cyan));
+    }
+
+    void styleSheetsTakeThem()
+    {
+        QCOMPARE(resource::rgbStyleSheetFromColor(Qt::black), QString("rgb( 0,0,0)"));
+        QCOMPARE(resource::colorRgbStyleSheetFromColor(QColor(255, 128, 0)),
+                 QString("color: rgb( 255,128,0);"));
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXPlotColors)
+#include "tst_RVXPlotColors.moc"

@@ -114,7 +114,7 @@ void tst_Units::aSubclassChangesWhatIsShown()
         {
         }
         QString name() const override { return "shown elsewhere"; }
-        double scale(double value) const override { return value + 273.15; }
+        double scale(double value) const override { return value + 273.2; }
     };
     // format() follows an overridden scale(); the symbol is the stored one.
     QCOMPARE(Offset().formatSuffix(0.0), QString("2.732e+02 K"));

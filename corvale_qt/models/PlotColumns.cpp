@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
+
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+
+#include <algorithm>
+#include <typeinfo>
+#include <unordered_map>
+
+namespace Corvale_Qt {
+
+namespace {
+
+// Filled while the library is loaded; a function's static, since the order of loading is not ours.
+std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
+{
+    static std::unordered_map<std::type_index, PlotColumns::Finder> known;
+    return known;
+}
+
+} // namespace
+
+PlotColumns::~PlotColumns() = default;
+
+const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
+{
+    if (!model)
+        return nullptr;
+    const auto found = finders().find(typeid(*model));
+    return found == finders().end() ? nullptr : found->second(*model);
+}
+
+bool PlotColumns::add(std::type_index modelClass, Finder find)
+{
+    return finders().emplace(modelClass, find).second;
+}
+
+PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
+    : m_model(model)
+    , m_columns(PlotColumns::of(model))
+{
+}
+
+void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
+{
+    if (m_columns) {
+        m_columns->read(column, firstRow, count, out);
+    } else if (m_model) {
+        for (int i = 0; i < count; ++i)
+            out[i] = m_model->doubleData(firstRow + i, column);
+    } else {
+        std::fill_n(out, std::max(count, 0), 0.0);
+    }
+}
+
+bool PlotColumnReader::xRises() const
+{
+    return m_columns && m_columns->xRises();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSeriesData.h"
+
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+
+#include <QAbstractItemModel>
+
+#include <algorithm>
+#include <cmath>
+#include <typeinfo>
+
+namespace Corvale_Qt {
+
+RVXSeriesData::RVXSeriesData(const RVXAbstractPlotDataModel &model,
+                             int column,
+                             int startRow,
+                             int endRow)
+    : m_model(&model)
+    , m_column(column)
+    , m_startRow(startRow)
+    , m_endRow(endRow)
+    , m_items(dynamic_cast<const QAbstractItemModel *>(&model))
+    , m_columns(PlotColumns::of(&model))
+{
+}
+
+RVXSeriesData::RVXSeriesData(const RVXSeriesData &other) = default;
+RVXSeriesData::~RVXSeriesData() = default;
+
+size_t RVXSeriesData::size() const
+{
+    const int rows = m_items ? m_items->rowCount() : 0;
+    const bool endsInside = m_startRow <= m_endRow && m_endRow < rows;
+    return size_t(std::max(endsInside ? m_endRow - m_startRow + 1 : rows - m_startRow, 0));
+}
+
+QPointF RVXSeriesData::sample(size_t i) const
+{
+    const int row = int(i) + m_startRow;
+    return QPointF(m_model->doubleData(row, 0), m_model->doubleData(row, m_column) / m_scale);
+}
+
+QRectF RVXSeriesData::boundingRect() const
+{
+    if (!d_boundingRect.isValid()) {
+        const size_t count = size();
+        if (count > 0)
+            d_boundingRect = boundsOfSamples(count);
+    }
+    return d_boundingRect;
+}
+
+void RVXSeriesData::setScale(double scale)
+{
+    if (!(scale > 0.0))
+        return;
+    m_scale = scale;
+    d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
+}
+
+const RVXAbstractPlotDataModel *RVXSeriesData::model() const
+{
+    return m_model;
+}
+
+int RVXSeriesData::column() const
+{
+    return m_column;
+}
+
+int RVXSeriesData::startRow() const
+{
+    return m_startRow;
+}
+
+double RVXSeriesData::scale() const
+{
+    return m_scale;
+}
+
+QRectF RVXSeriesData::boundsOfSamples(size_t count) const
+{
+    constexpr int chunk = 256;
+    double x[chunk];
+    double y[chunk];
+
+    readPoints(0, 1, x, y);
+    double left = std::isfinite(x[0]) ? x[0] : 0.0;
+    double top = std::isfinite(y[0]) ? y[0] : 0.0;
+    double right = left;
+    double bottom = top;
+    for (size_t first = 0; first < count; first += chunk) {
+        const int n = int(std::min<size_t>(chunk, count - first));
+        readPoints(first, n, x, y);
+        for (int i = 0; i < n; ++i) {
+            if (!std::isfinite(x[i]) || !std::isfinite(y[i]))
+                continue;
+            left = std::min(left, x[i]);
+            right = std::max(right, x[i]);
+            top = std::min(top, y[i]);
+            bottom = std::max(bottom, y[i]);
+        }
+    }
+    return QRectF(left, top, right - left, bottom - top);
+}
+
+void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) const
+{
+    // A subclass may have another sample(); then that is what is bounded.
+    if (m_columns && typeid(*this) == typeid(RVXSeriesData)) {
+        const int row = int(first) + m_startRow;
+        m_columns->read(0, row, count, x);
+        m_columns->read(m_column, row, count, y);
+        for (int i = 0; i < count; ++i)
+            y[i] /= m_scale;
+        return;
+    }
+    for (int i = 0; i < count; ++i) {
+        const QPointF point = sample(first + size_t(i));
+        x[i] = point.x();
+        y[i] = point.y();
+    }
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/SampleRing_p.h"
+#include "corvale_qt/units/MeasurementUnit.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QTextStream>
+
+namespace Corvale_Qt {
+
+class RVXSingleChannelDataModelPrivate : public PlotColumns
+{
+public:
+    explicit RVXSingleChannelDataModelPrivate(const RVXSingleChannelDataModel *model)
+        : q(model)
+        , times(int(RVXAbstractDeviceDataModel::maxBufferSize))
+        , values(RVXAbstractDeviceDataModel::maxBufferSize)
+    {
+    }
+
+    void read(int column, int firstRow, int count, double *out) const override;
+    bool xRises() const override { return times.rises(); }
+
+    bool has(int row) const { return row >= 1 && row <= int(values.size()); }
+    void store(double time, double value);
+    QVariant text(int row, int column) const;
+    QVariant toolTip(int row, int column) const;
+    void write(QTextStream &stream) const;
+
+    const RVXSingleChannelDataModel *const q;
+    TimeRing times;
+    SampleRing values;
+    int visibleRows = 0;
+    int plotWidthHintPoints = 0;
+    QString channelName;
+
+private:
+    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
+    static const bool known;
+};
+
+const PlotColumns *RVXSingleChannelDataModelPrivate::find(const RVXAbstractPlotDataModel &model)
+{
+    return static_cast<const RVXSingleChannelDataModel &>(model).d_func();
+}
+
+const bool RVXSingleChannelDataModelPrivate::known
+    = PlotColumns::add(typeid(RVXSingleChannelDataModel), find);
+
+namespace {
+
+constexpr int numChannels = 1;
+
+QString timeText(double time)
+{
+    return QString::number(time, 'e', 3);
+}
+
+} // namespace
+
+void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count, double *out) const
+{
+    const Units::MeasurementUnit *unit = q->units();
+    if (column == 0)
+        readRing(times.times(), firstRow - 1, count, out, [](double time) { return time; });
+    else if (unit)
+        readRing(values, firstRow - 1, count, out, [unit](double v) { return unit->scale(v); });
+    else
+        readRing(values, firstRow - 1, count, out, [](double v) { return v; });
+    const bool withHeader = firstRow <= 0 && firstRow + count > 0;
+    if (withHeader)
+        out[-firstRow] = column;
+}
+
+void RVXSingleChannelDataModelPrivate::store(double time, double value)
+{
+    values.push_back(value);
+    times.push_back(time);
+}
+
+QVariant RVXSingleChannelDataModelPrivate::text(int row, int column) const
+{
+    if (row == 0 && column >= 1)
+        return QString::number(column);
+    if (!has(row))
+        return QVariant();
+    if (column == 0)
+        return timeText(times.times()[row - 1]);
+    const Units::MeasurementUnit *unit = q->units();
+    return unit ? unit->format(values[row - 1]) : QString::number(values[row - 1]);
+}
+
+QVariant RVXSingleChannelDataModelPrivate::toolTip(int row, int column) const
+{
+    if (column == 0)
+        return text(row, column);
+    if (row == 0)
+        return QVariant();
+    const double value = values.at(row - 1);
+    const Units::MeasurementUnit *unit = q->units();
+    return unit ? unit->formatSuffix(value) : QString::number(value);
+}
+
+void RVXSingleChannelDataModelPrivate::write(QTextStream &stream) const
+{
+    stream << "timestamp(s)," << "channel_" << numChannels << "," << "\n";
+    for (int i = 0; i < visibleRows; ++i) {
+        stream.setRealNumberNotation(QTextStream::FixedNotation);
+        stream.setRealNumberPrecision(9);
+        stream << times.times()[i] << ",";
+        stream.setRealNumberNotation(QTextStream::SmartNotation);
+        stream.setRealNumberPrecision(6);
+        stream << values[i] << "," << "\n";
+    }
+}
+
+RVXSingleChannelDataModel::RVXSingleChannelDataModel(QObject *parent)
+    : RVXAbstractDeviceDataModel(parent)
+    , d_ptr(new RVXSingleChannelDataModelPrivate(this))
+{
+}
+
+RVXSingleChannelDataModel::~RVXSingleChannelDataModel() = default;
+
+void RVXSingleChannelDataModel::AddData(double timestamp, double value)
+{
+    Q_D(RVXSingleChannelDataModel);
+    if (timestamp == 0.0)
+        Clear();
+    const SampleRing &times = d->times.times();
+    if (!times.empty() && times.back() == timestamp)
+        return;
+
+    const int stored = int(times.size());
+    const bool full = times.full();
+    const bool announced = autoUpdate();
+    if (full && announced)
+        UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was off
+    const bool dropsVisible = full && d->visibleRows > 0;
+
+    // The insertion is opened around the removal: the order that hosts already built rely on.
+    if (full) {
+        if (announced)
+            beginInsertRows(QModelIndex(), stored, stored);
+        if (dropsVisible)
+            beginRemoveRows(QModelIndex(), 1, 1);
+        if (dropsVisible && !announced)
+            --d->visibleRows;
+    } else if (announced) {
+        ++d->visibleRows;
+        beginInsertRows(QModelIndex(), d->visibleRows, d->visibleRows);
+    }
+    d->store(timestamp, value);
+    if (dropsVisible)
+        endRemoveRows();
+    if (announced)
+        endInsertRows();
+}
+
+void RVXSingleChannelDataModel::UpdateView()
+{
+    Q_D(RVXSingleChannelDataModel);
+    const int stored = int(d->values.size());
+    if (stored <= d->visibleRows)
+        return;
+    beginInsertRows(QModelIndex(), d->visibleRows + 1, stored);
+    d->visibleRows = stored;
+    endInsertRows();
+}
+
+void RVXSingleChannelDataModel::Clear()
+{
+    Q_D(RVXSingleChannelDataModel);
+    beginResetModel();
+    d->visibleRows = 0;
+    d->times.clear();
+    d->values.clear();
+    endResetModel();
+}
+
+bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    if (fileName.isEmpty())
+        return false;
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    QTextStream stream(&file);
+    d->write(stream);
+    stream.flush();
+    file.close();
+    if (stream.status() != QTextStream::Ok || file.error() != QFileDevice::NoError)
+        qWarning().noquote() << "Data file" << fileName << "is not complete:" << file.errorString();
+    return true;
+}
+
+int RVXSingleChannelDataModel::PlotWidthHintPoints() const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    return d->plotWidthHintPoints != 0 ? d->plotWidthHintPoints
+                                       : RVXAbstractDeviceDataModel::PlotWidthHintPoints();
+}
+
+void RVXSingleChannelDataModel::setPlotWidthHintPoints(int points)
+{
+    Q_D(RVXSingleChannelDataModel);
+    d->plotWidthHintPoints = points;
+}
+
+QString RVXSingleChannelDataModel::channelName() const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    return d->channelName;
+}
+
+void RVXSingleChannelDataModel::setChannelName(const QString &name)
+{
+    Q_D(RVXSingleChannelDataModel);
+    d->channelName = name;
+}
+
+int RVXSingleChannelDataModel::rowCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    return parent.isValid() ? 0 : d->visibleRows + 1;
+}
+
+QModelIndex
+RVXSingleChannelDataModel::index(int row, int column, const QModelIndex &parent) const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    if (parent.isValid() || column > numChannels || row > d->visibleRows)
+        return QModelIndex();
+    return createIndex(row, column);
+}
+
+double RVXSingleChannelDataModel::doubleData(int row, int column) const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    if (row == 0)
+        return column;
+    if (!d->has(row))
+        return 0.0;
+    if (column == 0)
+        return d->times.times()[row - 1];
+    const Units::MeasurementUnit *unit = units();
+    return unit ? unit->scale(d->values[row - 1]) : d->values[row - 1];
+}
+
+bool RVXSingleChannelDataModel::isOverrange(int, int) const
+{
+    return false;
+}
+
+QVariant RVXSingleChannelDataModel::deviceSpecificData(const QModelIndex &index, int role) const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return d->text(index.row(), index.column());
+    case Qt::ToolTipRole:
+        return d->toolTip(index.row(), index.column());
+    case NumericValueRole:
+        return doubleData(index.row(), index.column());
+    default:
+        return QVariant();
+    }
+}
+
+} // namespace Corvale_Qt

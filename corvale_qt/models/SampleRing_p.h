@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for the library's own models, proxies and views.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
+
+#include <boost/circular_buffer.hpp>
+
+namespace Corvale_Qt {
+
+using SampleRing = boost::circular_buffer<double>;
+
+/*! Writes elements first to first + count - 1 of \a ring to \a out, each through \a transform. An element that
+    the ring does not have becomes 0.0, what doubleData() answers there. */
+template <typename Transform>
+void readRing(const SampleRing &ring, int first, int count, double *out, Transform transform)
+{
+    const int size = int(ring.size());
+    int i = 0;
+    for (; i < count && first + i < 0; ++i)
+        out[i] = 0.0;
+
+    // Two straight pieces of memory instead of an iterator that looks for the edge at every step.
+    const auto one = ring.array_one();
+    const auto two = ring.array_two();
+    const int inOne = int(one.second);
+    for (; i < count && first + i < inOne; ++i)
+        out[i] = transform(one.first[first + i]);
+    for (; i < count && first + i < size; ++i)
+        out[i] = transform(two.first[first + i - inOne]);
+    for (; i < count; ++i)
+        out[i] = 0.0;
+}
+
+/*! Time stamps that know whether they only rise, so that a row can be searched for instead of scanned for. */
+class TimeRing
+{
+public:
+    explicit TimeRing(int capacity)
+        : m_times(SampleRing::capacity_type(capacity))
+    {
+    }
+
+    const SampleRing &times() const { return m_times; }
+    bool rises() const { return m_steps == 0; }
+
+    //! Appends; a full ring drops its oldest.
+    void push_back(double time)
+    {
+        if (m_times.full() && m_times.size() > 1 && !(m_times[0] < m_times[1]))
+            --m_steps;
+        const bool stepsDown = m_times.size() > (m_times.full() ? 1u : 0u) && !(m_times.back() < time);
+        m_times.push_back(time);
+        m_steps += stepsDown ? 1 : 0;
+    }
+
+    void clear()
+    {
+        m_times.clear();
+        m_steps = 0;
+    }
+
+private:
+    SampleRing m_times;
+    // How many stamps are not greater than the one before; a NaN is not.
+    int m_steps = 0;
+};
+
+} // namespace Corvale_Qt

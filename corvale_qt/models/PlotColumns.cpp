@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
-
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 
 #include <algorithm>

@@ -98,8 +98,9 @@ QVariant RVXAbstractDeviceDataModel::data(const QModelIndex &index, int role) co
     if (isCorner)
         return role == Qt::DisplayRole ? tr("Time (s)") : QVariant();
 
-    const auto overrange
-        = [&] { return isReading(index) && isOverrange(index.column() - 1, index.row() - 1); };
+    const auto overrange = [&] {
+        return isReading(index) && isOverrange(index.column() - 1, index.row() - 1);
+    };
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:

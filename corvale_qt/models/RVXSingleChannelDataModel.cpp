@@ -47,8 +47,8 @@ const PlotColumns *RVXSingleChannelDataModelPrivate::find(const RVXAbstractPlotD
     return static_cast<const RVXSingleChannelDataModel &>(model).d_func();
 }
 
-const bool RVXSingleChannelDataModelPrivate::known
-    = PlotColumns::add(typeid(RVXSingleChannelDataModel), find);
+const bool RVXSingleChannelDataModelPrivate::known =
+    PlotColumns::add(typeid(RVXSingleChannelDataModel), find);
 
 namespace {
 
@@ -65,11 +65,17 @@ void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count,
 {
     const Units::MeasurementUnit *unit = q->units();
     if (column == 0)
-        readRing(times.times(), firstRow - 1, count, out, [](double time) { return time; });
+        readRing(times.times(), firstRow - 1, count, out, [](double time) {
+            return time;
+        });
     else if (unit)
-        readRing(values, firstRow - 1, count, out, [unit](double v) { return unit->scale(v); });
+        readRing(values, firstRow - 1, count, out, [unit](double v) {
+            return unit->scale(v);
+        });
     else
-        readRing(values, firstRow - 1, count, out, [](double v) { return v; });
+        readRing(values, firstRow - 1, count, out, [](double v) {
+            return v;
+        });
     const bool withHeader = firstRow <= 0 && firstRow + count > 0;
     if (withHeader)
         out[-firstRow] = column;
@@ -106,14 +112,17 @@ QVariant RVXSingleChannelDataModelPrivate::toolTip(int row, int column) const
 
 void RVXSingleChannelDataModelPrivate::write(QTextStream &stream) const
 {
-    stream << "timestamp(s)," << "channel_" << numChannels << "," << "\n";
+    stream << "timestamp(s),"
+           << "channel_" << numChannels << ","
+           << "\n";
     for (int i = 0; i < visibleRows; ++i) {
         stream.setRealNumberNotation(QTextStream::FixedNotation);
         stream.setRealNumberPrecision(9);
         stream << times.times()[i] << ",";
         stream.setRealNumberNotation(QTextStream::SmartNotation);
         stream.setRealNumberPrecision(6);
-        stream << values[i] << "," << "\n";
+        stream << values[i] << ","
+               << "\n";
     }
 }
 
@@ -138,7 +147,8 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
     const bool full = times.full();
     const bool announced = autoUpdate();
     if (full && announced)
-        UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was off
+        UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was
+                      // off
     const bool dropsVisible = full && d->visibleRows > 0;
 
     // The insertion is opened around the removal: the order that hosts already built rely on.
@@ -192,9 +202,11 @@ bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
     QTextStream stream(&file);
     d->write(stream);
     stream.flush();
+    const bool complete = stream.status() == QTextStream::Ok && file.flush();
+    const QString reason = file.errorString();
     file.close();
-    if (stream.status() != QTextStream::Ok || file.error() != QFileDevice::NoError)
-        qWarning().noquote() << "Data file" << fileName << "is not complete:" << file.errorString();
+    if (!complete || file.error() != QFileDevice::NoError)
+        qWarning().noquote() << "Data file" << fileName << "is not complete:" << reason;
     return true;
 }
 
@@ -229,8 +241,7 @@ int RVXSingleChannelDataModel::rowCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : d->visibleRows + 1;
 }
 
-QModelIndex
-RVXSingleChannelDataModel::index(int row, int column, const QModelIndex &parent) const
+QModelIndex RVXSingleChannelDataModel::index(int row, int column, const QModelIndex &parent) const
 {
     Q_D(const RVXSingleChannelDataModel);
     if (parent.isValid() || column > numChannels || row > d->visibleRows)

@@ -16,7 +16,7 @@ using SampleRing = boost::circular_buffer<double>;
 
 /*! Writes elements first to first + count - 1 of \a ring to \a out, each through \a transform. An element that
     the ring does not have becomes 0.0, what doubleData() answers there. */
-template <typename Transform>
+template<typename Transform>
 void readRing(const SampleRing &ring, int first, int count, double *out, Transform transform)
 {
     const int size = int(ring.size());
@@ -53,7 +53,8 @@ public:
     {
         if (m_times.full() && m_times.size() > 1 && !(m_times[0] < m_times[1]))
             --m_steps;
-        const bool stepsDown = m_times.size() > (m_times.full() ? 1u : 0u) && !(m_times.back() < time);
+        const bool stepsDown =
+            m_times.size() > (m_times.full() ? 1u : 0u) && !(m_times.back() < time);
         m_times.push_back(time);
         m_steps += stepsDown ? 1 : 0;
     }

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+
+#include <QAbstractItemModel>
+#include <QStringList>
+
+/*! The sample rows of a plot model, as its doubleData() gives them: "0: 1 2; 0.5: 3 4" is two samples of two
+    channels at times 0 and 0.5. */
+template <typename Model>
+QString rowsText(const Model &model)
+{
+    QStringList rows;
+    for (int row = 1; row < model.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 1; column < model.columnCount(); ++column)
+            cells << QString::number(model.doubleData(row, column));
+        rows << QString::number(model.doubleData(row, 0)) + ": " + cells.join(' ');
+    }
+    return rows.join("; ");
+}

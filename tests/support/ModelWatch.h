@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QAbstractItemModelTester>
+#include <QStringList>
+
+/*! QAbstractItemModelTester over a model for as long as this lives; what it complains of is collected, for a
+    test to compare with nothing at the end.
+
+    One complaint is left out: the tester wants no flag at all on the invalid index, where the models of this
+    library say Qt::ItemIsEnabled. */
+class ModelWatch
+{
+public:
+    explicit ModelWatch(QAbstractItemModel *model)
+        : m_tester(startListening(this, model), QAbstractItemModelTester::FailureReportingMode::Warning)
+    {
+    }
+    ~ModelWatch()
+    {
+        current() = m_outer;
+        if (!m_outer)
+            qInstallMessageHandler(previousHandler());
+    }
+    ModelWatch(const ModelWatch &) = delete;
+    ModelWatch &operator=(const ModelWatch &) = delete;
+
+    QString complaints() const { return m_complaints.join('\n'); }
+
+private:
+    static ModelWatch *&current()
+    {
+        static ModelWatch *watch = nullptr;
+        return watch;
+    }
+
+    static QtMessageHandler &previousHandler()
+    {
+        static QtMessageHandler handler = nullptr;
+        return handler;
+    }
+
+    // Before the tester is made, since its constructor examines the model at once.
+    static QAbstractItemModel *startListening(ModelWatch *watch, QAbstractItemModel *model)
+    {
+        watch->m_outer = current();
+        current() = watch;
+        if (!watch->m_outer)
+            previousHandler() = qInstallMessageHandler(listen);
+        return model;
+    }
+
+    static void listen(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        if (qstrcmp(context.category, "qt.modeltest") != 0)
+            previousHandler()(type, context, text);
+        else if (type != QtDebugMsg && !text.contains("ItemIsDropEnabled"))
+            current()->m_complaints.append(text);
+    }
+
+    ModelWatch *m_outer = nullptr;
+    QStringList m_complaints;
+    QAbstractItemModelTester m_tester;
+};

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Samples into a model, ten times a second; a table and a plot show what the model holds.
 
-#include <corvale_qt/RVXSeriesData>
-#include <corvale_qt/RVXSingleChannelDataModel>
-#include <corvale_qt/units/Units.h>
-
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 
@@ -15,6 +11,9 @@
 #include <QTimer>
 
 #include <cmath>
+#include <corvale_qt/RVXSeriesData>
+#include <corvale_qt/RVXSingleChannelDataModel>
+#include <corvale_qt/units/Units.h>
 
 using namespace Corvale_Qt;
 
@@ -70,6 +69,8 @@ int main(int argc, char **argv)
     const QStringList arguments = QApplication::arguments();
     const int quitAfter = arguments.indexOf("--quit-after");
     if (quitAfter > 0)
-        QTimer::singleShot(arguments.value(quitAfter + 1).toInt(), &application, &QApplication::quit);
+        QTimer::singleShot(arguments.value(quitAfter + 1).toInt(),
+                           &application,
+                           &QApplication::quit);
     return QApplication::exec();
 }

@@ -100,7 +100,9 @@ void tst_RVXAbstractDeviceDataModel::looksOfTheTable_data()
     QTest::addColumn<QVariant>("expected");
 
     const QVariant none;
-    const auto brush = [](const QColor &colour) { return QVariant(QBrush(colour)); };
+    const auto brush = [](const QColor &colour) {
+        return QVariant(QBrush(colour));
+    };
     QTest::newRow("corner's text") << 0 << 0 << int(Qt::DisplayRole) << QVariant("Time (s)");
     QTest::newRow("corner has no other looks") << 0 << 0 << int(Qt::BackgroundRole) << none;
     QTest::newRow("subclass: text") << 1 << 2 << 0 << QVariant("cell 1 2 role 0");
@@ -187,7 +189,7 @@ void tst_RVXAbstractDeviceDataModel::unitsAreAnnounced()
     TableModel empty(3, 0);
     TableModel model(3, 2);
     const Units::nA nA;
-    for (TableModel *each : { &empty, &model }) {
+    for (TableModel *each : {&empty, &model}) {
         ModelLog log(each);
         QSignalSpy spy(each, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
         each->SetUnits(&nA);

@@ -106,7 +106,7 @@ void tst_RVXSeriesData::pointsAndTheirScale()
     model.AddData(1.5, 0.004);
     RVXSeriesData series(model, 1, 2, -1);
     QCOMPARE(series.sample(0), QPointF(1.5, 4.0));
-    for (double refused : { 0.0, -2.0, notANumber }) {
+    for (double refused : {0.0, -2.0, notANumber}) {
         series.setScale(refused);
         QCOMPARE(series.sample(0).y(), 4.0);
     }
@@ -121,8 +121,11 @@ void tst_RVXSeriesData::boundsSkipWhatIsNotFinite()
     std::mt19937 random(7);
     std::uniform_real_distribution<double> value(-50.0, 80.0);
     for (int i = 1; i <= 2000; ++i)
-        model.AddData(i % 97 == 0 ? notANumber : i, i % 5 == 0 ? notANumber : i % 7 == 0 ? -inf : value(random));
-    for (int start : { 1, 35, 1999 }) {
+        model.AddData(i % 97 == 0 ? notANumber : i,
+                      i % 5 == 0       ? notANumber
+                          : i % 7 == 0 ? -inf
+                                       : value(random));
+    for (int start : {1, 35, 1999}) {
         const RVXSeriesData series(model, 1, start, -1);
         QCOMPARE(series.boundingRect(), boundsByHand(series));
     }
@@ -176,7 +179,7 @@ void tst_RVXSeriesData::chunksEqualCells()
     RVXSingleChannelDataModel model;
     const Units::nA nA;
     Units::MeasurementUnit odd(1.0 / 3.0, "odd", 7.7);
-    const Units::MeasurementUnit *units[] = { &nA, &odd, nullptr };
+    const Units::MeasurementUnit *units[] = {&nA, &odd, nullptr};
     for (int i = 1; i <= samples; ++i)
         model.AddData(0.1 * i, i % 1000 == 0 ? notANumber : 1e-9 / i);
     const int stored = std::min(samples, capacity);
@@ -184,8 +187,8 @@ void tst_RVXSeriesData::chunksEqualCells()
     QVERIFY(columns);
     for (const auto *unit : units) {
         model.SetUnits(unit);
-        for (int first : { -3, 0, 1, stored - 2, capacity - 1234 - 3, stored + 5 }) {
-            for (int column : { 0, 1 }) {
+        for (int first : {-3, 0, 1, stored - 2, capacity - 1234 - 3, stored + 5}) {
+            for (int column : {0, 1}) {
                 double chunk[9];
                 columns->read(column, first, 9, chunk);
                 for (int i = 0; i < 9; ++i)

@@ -156,7 +156,7 @@ void tst_RVXSingleChannelDataModel::cellsThatHoldNothing()
     fill(model, 1, 1);
     QCOMPARE(model.doubleData(0, 0), 0.0);
     QCOMPARE(model.doubleData(0, 1), 1.0);
-    for (int row : { -1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min() }) {
+    for (int row : {-1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
         QCOMPARE(model.doubleData(row, 0), 0.0);
         QCOMPARE(model.doubleData(row, 1), 0.0);
     }
@@ -168,7 +168,7 @@ void tst_RVXSingleChannelDataModel::cellsThatHoldNothing()
     });
     model.UpdateView();
     fill(model, 2, 2);
-    QCOMPARE(seen, QVector<double>({ 0.0, 0.0, 0.0, 0.0 }));
+    QCOMPARE(seen, QVector<double>({0.0, 0.0, 0.0, 0.0}));
 
     QVERIFY(!model.index(0, 2).isValid());
     QVERIFY(!model.index(3, 0).isValid());

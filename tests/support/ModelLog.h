@@ -26,10 +26,18 @@ public:
         connect(model, &M::columnsInserted, this, rows("insert column", "!"));
         connect(model, &M::columnsAboutToBeRemoved, this, rows("remove column", "?"));
         connect(model, &M::columnsRemoved, this, rows("remove column", "!"));
-        connect(model, &M::modelAboutToBeReset, this, [this] { add("reset?"); });
-        connect(model, &M::modelReset, this, [this] { add("reset!"); });
-        connect(model, &M::layoutAboutToBeChanged, this, [this] { add("layout?"); });
-        connect(model, &M::layoutChanged, this, [this] { add("layout!"); });
+        connect(model, &M::modelAboutToBeReset, this, [this] {
+            add("reset?");
+        });
+        connect(model, &M::modelReset, this, [this] {
+            add("reset!");
+        });
+        connect(model, &M::layoutAboutToBeChanged, this, [this] {
+            add("layout?");
+        });
+        connect(model, &M::layoutChanged, this, [this] {
+            add("layout!");
+        });
         connect(model, &M::headerDataChanged, this, [this](Qt::Orientation, int first, int last) {
             add(QStringLiteral("header %1-%2").arg(first).arg(last));
         });

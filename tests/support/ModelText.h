@@ -8,7 +8,7 @@
 
 /*! The sample rows of a plot model, as its doubleData() gives them: "0: 1 2; 0.5: 3 4" is two samples of two
     channels at times 0 and 0.5. */
-template <typename Model>
+template<typename Model>
 QString rowsText(const Model &model)
 {
     QStringList rows;

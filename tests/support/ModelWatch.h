@@ -7,13 +7,14 @@
 /*! QAbstractItemModelTester over a model for as long as this lives; what it complains of is collected, for a
     test to compare with nothing at the end.
 
-    One complaint is left out: the tester wants no flag at all on the invalid index, where the models of this
-    library say Qt::ItemIsEnabled. */
+    One complaint is left out: the tester wants no flag at all on the invalid index, where the
+   models of this library say Qt::ItemIsEnabled. */
 class ModelWatch
 {
 public:
     explicit ModelWatch(QAbstractItemModel *model)
-        : m_tester(startListening(this, model), QAbstractItemModelTester::FailureReportingMode::Warning)
+        : m_tester(startListening(this, model),
+                   QAbstractItemModelTester::FailureReportingMode::Warning)
     {
     }
     ~ModelWatch()

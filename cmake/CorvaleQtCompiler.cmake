@@ -28,3 +28,13 @@ if(CORVALE_QT_SANITIZE)
   target_compile_options(corvale_qt_flags INTERFACE ${sanitizers} -g1 -O1)
   target_link_options(corvale_qt_flags INTERFACE ${sanitizers})
 endif()
+
+if(CORVALE_QT_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "CORVALE_QT_FUZZ needs clang, which brings libFuzzer; this compiler is "
+      "${CMAKE_CXX_COMPILER_ID}")
+  endif()
+  set(fuzzing -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+  target_compile_options(corvale_qt_flags INTERFACE ${fuzzing} -g1)
+  target_link_options(corvale_qt_flags INTERFACE -fsanitize=address,undefined)
+endif()

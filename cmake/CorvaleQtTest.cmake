@@ -1,10 +1,18 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
+# Two functions that build a program and register it with CTest: offscreen, with a time limit, in a fixed
+# locale and time zone, and failing where Qt complains of a connection by name. For both,
+#   INTERNAL  links the library's objects instead of the shared library: for parts that are not exported.
+#
 # corvale_qt_add_test(tst_Name [INTERNAL] [GL] [SOURCES file ...] [LIBRARIES target ...] [TIMEOUT seconds])
 #
-# Builds tst_Name.cpp of the calling folder (and SOURCES) and registers it with CTest: offscreen, with a
-# time limit, in a fixed locale and time zone, and failing where Qt complains of a connection by name.
-#   INTERNAL  links the library's objects instead of the shared library: for parts that are not exported.
+# Builds tst_Name.cpp of the calling folder (and SOURCES).
 #   GL        runs on a display made for it (xvfb-run), since the test needs OpenGL; label "gl".
+#
+# corvale_qt_add_fuzz_test(fuzz_Name [INTERNAL] [SOURCES file ...] [LIBRARIES target ...] [ROUNDS number])
+#
+# Builds fuzz_Name.cpp of the calling folder, which defines what tests/support/FuzzTarget.h declares, and runs
+# it on a fixed row of inputs (ROUNDS of them, otherwise some thousand); label "fuzz". Configured with
+# CORVALE_QT_FUZZ (preset "fuzz") the same program is driven by libFuzzer, for as long as one likes.
 
 find_program(XVFB_RUN_PROGRAM xvfb-run)
 
@@ -33,27 +41,37 @@ function(corvale_qt_test_properties test)
     SKIP_REGULAR_EXPRESSION "Totals: 2 passed, 0 failed, [1-9][0-9]* skipped")
 endfunction()
 
+# Links a test program; internal says whether it takes the objects or the shared library.
+function(corvale_qt_link_test test internal)
+  target_link_libraries(${test} PRIVATE corvale_qt_test_support Qt5::Test corvale_qt_flags ${ARGN})
+  if(internal)
+    target_link_libraries(${test} PRIVATE corvale_qt_objects)
+    target_compile_definitions(${test} PRIVATE CORVALE_QT_STATIC_DEFINE)
+  else()
+    target_link_libraries(${test} PRIVATE Corvale_Qt::corvale_qt)
+  endif()
+endfunction()
+
+# Registers a program of this project as a test without a display.
+function(corvale_qt_add_offscreen_test test label)
+  add_test(NAME ${test} COMMAND ${test} ${ARGN})
+  corvale_qt_test_properties(${test})
+  set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  # The offscreen platform would use a display that happens to be there, and find OpenGL on it.
+  set_property(TEST ${test} PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:")
+  set_property(TEST ${test} PROPERTY LABELS ${label})
+endfunction()
+
 function(corvale_qt_add_test name)
   cmake_parse_arguments(arg "INTERNAL;GL" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
   endif()
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE corvale_qt_test_support Qt5::Test corvale_qt_flags ${arg_LIBRARIES})
-  if(arg_INTERNAL)
-    target_link_libraries(${name} PRIVATE corvale_qt_objects)
-    target_compile_definitions(${name} PRIVATE CORVALE_QT_STATIC_DEFINE)
-  else()
-    target_link_libraries(${name} PRIVATE Corvale_Qt::corvale_qt)
-  endif()
+  corvale_qt_link_test(${name} ${arg_INTERNAL} ${arg_LIBRARIES})
 
   if(NOT arg_GL)
-    add_test(NAME ${name} COMMAND ${name})
-    corvale_qt_test_properties(${name})
-    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
-    # The offscreen platform would use a display that happens to be there, and find OpenGL on it.
-    set_property(TEST ${name} PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:")
-    set_property(TEST ${name} PROPERTY LABELS unit)
+    corvale_qt_add_offscreen_test(${name} unit)
   elseif(XVFB_RUN_PROGRAM)
     set(preload "")
     if(CORVALE_QT_SANITIZE)
@@ -69,4 +87,23 @@ function(corvale_qt_add_test name)
     return()
   endif()
   set_property(TEST ${name} PROPERTY TIMEOUT ${arg_TIMEOUT})
+endfunction()
+
+function(corvale_qt_add_fuzz_test name)
+  cmake_parse_arguments(arg "INTERNAL" "ROUNDS" "SOURCES;LIBRARIES" ${ARGN})
+  if(NOT arg_ROUNDS)
+    set(arg_ROUNDS 3000)
+  endif()
+  set(support "${PROJECT_SOURCE_DIR}/tests/support")
+  add_executable(${name} ${name}.cpp "${support}/FuzzDriver.cpp" "${support}/FuzzMutator.cpp" ${arg_SOURCES})
+  corvale_qt_link_test(${name} ${arg_INTERNAL} Qt5::Widgets ${arg_LIBRARIES})
+  if(CORVALE_QT_FUZZ)
+    target_compile_definitions(${name} PRIVATE CORVALE_QT_FUZZ)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    corvale_qt_add_offscreen_test(${name} fuzz -runs=${arg_ROUNDS} -seed=1 -max_len=4096)
+  else()
+    corvale_qt_add_offscreen_test(${name} fuzz ${arg_ROUNDS})
+  endif()
+  # An input that hangs fails the test here; what is asked for takes seconds.
+  set_property(TEST ${name} PROPERTY TIMEOUT 120)
 endfunction()

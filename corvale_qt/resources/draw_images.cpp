@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Draws the PNG files of this folder again: those that have an SVG of the same name from it, and the noise of
-// the login background from a fixed seed. Run by the target "draw-images"; the results are committed.
+// Draws the PNG files of this folder again: those that have an SVG of the same name from it, and
+// the noise of the login background from a fixed seed. Run by the target "draw-images"; the results
+// are committed.
 #include <QDebug>
 #include <QGuiApplication>
 #include <QImage>
@@ -53,7 +54,8 @@ int main(int argc, char **argv)
         return 2;
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    const bool ok = saved(drawn(folder + "/icons/cleartext.svg", 4), folder + "/icons/cleartext.png")
+    const bool ok =
+        saved(drawn(folder + "/icons/cleartext.svg", 4), folder + "/icons/cleartext.png")
         && saved(drawn(folder + "/images/loginText.svg", 2), folder + "/images/loginText.png")
         && saved(noise(), folder + "/images/noisebck.png");
     return ok ? 0 : 1;

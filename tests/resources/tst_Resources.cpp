@@ -71,8 +71,12 @@ private Q_SLOTS:
 
     void buttonsHaveAnIconWithoutATheme()
     {
-        for (const char *name : {"document-save", "edit-clear", "configure", "edit-rename",
-                                 "edit-clear-locationbar-rtl", "align-vertical-bottom-out"}) {
+        for (const char *name : {"document-save",
+                                 "edit-clear",
+                                 "configure",
+                                 "edit-rename",
+                                 "edit-clear-locationbar-rtl",
+                                 "align-vertical-bottom-out"}) {
             const QIcon fallback(QString(":/resources/icons/%1.svg").arg(name));
             QVERIFY2(!QIcon::fromTheme(name, fallback).pixmap(16).isNull(), name);
         }
@@ -97,8 +101,10 @@ private Q_SLOTS:
     void picturesMatchTheirDrawings()
     {
         QFETCH(QString, name);
-        const QImage picture = QImage(":/resources/" + name + ".png").convertToFormat(QImage::Format_ARGB32);
-        QSvgRenderer renderer(QString(CORVALE_QT_SOURCE_DIR "/corvale_qt/resources/") + name + ".svg");
+        const QImage picture =
+            QImage(":/resources/" + name + ".png").convertToFormat(QImage::Format_ARGB32);
+        QSvgRenderer renderer(QString(CORVALE_QT_SOURCE_DIR "/corvale_qt/resources/") + name
+                              + ".svg");
         QImage drawing(picture.size(), QImage::Format_ARGB32);
         drawing.fill(Qt::transparent);
         QPainter painter(&drawing);

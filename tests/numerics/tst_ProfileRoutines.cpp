@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/NormalDensity.h"
+#include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
+#include "corvale_qt/numerics/ProfileRoutines.h"
+#include "corvale_qt/numerics/ScaleFractions.h"
+#include "tests/support/Profiles.h"
+#include "tests/support/TestMain.h"
+
+#include <functional>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+const float kInf = std::numeric_limits<float>::infinity();
+const float kNan = std::numeric_limits<float>::quiet_NaN();
+
+QString text(IndexRange range)
+{
+    return QString("%1..%2").arg(range.first).arg(range.last);
+}
+
+} // namespace
+
+class tst_ProfileRoutines : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowsStayTheirLength()
+    {
+        QCOMPARE(text(windowAround(10, 3, 32)), QString("7..13"));
+        QCOMPARE(text(windowAround(1, 3, 32)), QString("0..6"));
+        QCOMPARE(text(windowAround(30, 3, 32)), QString("25..31"));
+        QCOMPARE(text(windowAround(5, 16, 32)), QString("0..31"));
+        QCOMPARE(text(windowAround(-1, 2, 32)), QString("0..4"));
+        QCOMPARE(text(windowAround(3, std::numeric_limits<int>::max(), 32)), QString("0..31"));
+    }
+
+    void momentsOfAGaussian()
+    {
+        const double area = 4e-9 * 5 * std::sqrt(2 * M_PI);
+        for (bool window : {true, false}) {
+            ProfileFit fit(Profiles::gaussian<float>(128, 61.3, 5, 4e-9));
+            QCOMPARE(int(window ? computeCentreOfGravityInWindow(fit, 40)
+                                : computeCentreOfGravityAbove(fit, 0)),
+                     0);
+            QVERIFY(std::abs(fit.mean - 61.3) < 1e-4);
+            QVERIFY(std::abs(fit.sigma - 5) < 1e-4);
+            QVERIFY(std::abs(fit.skewness) < 1e-4);
+            QVERIFY(std::abs(fit.kurtosis - 3) < 1e-3);
+            QVERIFY(std::abs(fit.sum / area - 1) < 1e-5);
+            QVERIFY(std::abs(fit.amplitude / area - 1) < 1e-4);
+            QVERIFY(std::abs(fit.at(61.3F) / 4e-9 - 1) < 1e-4);
+        }
+    }
+
+    void momentsOfASkewedProfile()
+    {
+        // Bins 1, 2, 3 and 6 with 4, 3, 2 and 1: mean 2.2, central moments 2.16, 4.608... by hand.
+        ProfileFit fit({0, 4, 3, 2, 0, 0, 1});
+        QCOMPARE(int(computeCentreOfGravityAbove(fit, 0)), 0);
+        QCOMPARE(fit.mean, 2.2F);
+        QCOMPARE(fit.variance, 2.16F);
+        const double third = (4 * -1.728 + 3 * -0.008 + 2 * 0.512 + 54.872) / 10;
+        QVERIFY(std::abs(fit.skewness - third / std::pow(2.16, 1.5)) < 1e-6);
+        const double fourth = (4 * 2.0736 + 3 * 0.0016 + 2 * 0.4096 + 208.5136) / 10;
+        QVERIFY(std::abs(fit.kurtosis - fourth / 2.16 / 2.16) < 1e-6);
+
+        // Half of the peak is not above half of the peak.
+        ProfileFit above({0, 4, 3, 2, 0, 0, 1});
+        QCOMPARE(int(computeCentreOfGravityAbove(above, 0.5F)), 0);
+        QCOMPARE(above.sum, 7.0F);
+    }
+
+    void threePointsGiveTheGaussian_data()
+    {
+        QTest::addColumn<double>("mean");
+        QTest::addColumn<double>("sigma");
+        QTest::newRow("narrow") << 20.3 << 0.7;
+        QTest::newRow("wide") << 100.4 << 8.0;
+        QTest::newRow("on a bin") << 3.0 << 1.0;
+    }
+    void threePointsGiveTheGaussian()
+    {
+        QFETCH(double, mean);
+        QFETCH(double, sigma);
+        ProfileFit fit(Profiles::gaussian<float>(128, mean, sigma, 3e-9));
+        QCOMPARE(int(computeGaussabola(fit, 1e-15F)), 0);
+        QVERIFY(std::abs(fit.mean - mean) < 1e-3);
+        QVERIFY(std::abs(fit.sigma / sigma - 1) < 1e-4);
+        QVERIFY(std::abs(fit.at(static_cast<float>(mean)) / 3e-9 - 1) < 1e-4);
+    }
+
+    void reasonsForFailure()
+    {
+        const auto gravity = [](const QVector<float> &values) {
+            ProfileFit fit(values);
+            return int(computeCentreOfGravityAbove(fit, 0.1F));
+        };
+        QCOMPARE(gravity({1}), -1);
+        QCOMPARE(gravity({0, 0, 0, 0}), -4);
+        QCOMPARE(gravity({-1, -2, -1}), -4);
+        QCOMPARE(gravity({0, 5, 0}), -8); // no width
+        QCOMPARE(gravity({0, kNan, 1}), -8);
+        QCOMPARE(gravity({1, kInf, 1}), -4); // nothing is above a tenth of it
+
+        // A strong negative reading pulls the centroid out of the window.
+        ProfileFit pulled({-9, 0, 0, 0, 10, 1});
+        QCOMPARE(int(computeCentreOfGravityInWindow(pulled, 5)), -3);
+
+        const auto gaussabola = [](const QVector<float> &values) {
+            ProfileFit fit(values);
+            return int(computeGaussabola(fit, 1e-15F));
+        };
+        QCOMPARE(gaussabola({1, 2}), -1);
+        QCOMPARE(gaussabola({0, 0, 0, 0}), -2);
+        QCOMPARE(gaussabola({3, 2, 1}), -3);
+        QCOMPARE(gaussabola({1, 2, 3}), -3);
+        QCOMPARE(gaussabola({1, 2, 2, 1}), 0);
+        QCOMPARE(gaussabola({1, kInf, 1}), -8);
+
+        // No peak at all is told before a minimum is asked.
+        ProfileFit regression({0, 0, 0, 0});
+        QCOMPARE(int(computeRegression(regression, {})), -3);
+    }
+
+    void failuresLeaveNoHalfFit()
+    {
+        for (const auto &compute : std::vector<std::function<FitStatus(ProfileFit &)>>{
+                 [](ProfileFit &fit) {
+                     return computeCentreOfGravityAbove(fit, 0);
+                 },
+                 [](ProfileFit &fit) {
+                     return computeCentreOfGravityInWindow(fit, 5);
+                 },
+                 [](ProfileFit &fit) {
+                     return computeGaussabola(fit, 0);
+                 },
+                 [](ProfileFit &fit) {
+                     return computeRegression(fit, {});
+                 },
+                 [](ProfileFit &fit) {
+                     return adoptDeviceFit(fit);
+                 }}) {
+            for (const QVector<float> &values : {QVector<float>{},
+                                                 {kNan, kNan, kNan, kNan},
+                                                 {0, 1, kInf, 2, 0},
+                                                 {3e38F, 3.2e38F, 3.1e38F, 3e38F},
+                                                 {-1, -5, -1, -2}}) {
+                ProfileFit fit(values);
+                const FitStatus status = compute(fit);
+                QCOMPARE(fit.valid, status == FitStatus::Ok);
+                QVERIFY(fit.valid ? fit.sigma > 0 && std::isfinite(fit.amplitude)
+                                  : fit.sigma == -1);
+                QVERIFY(fit.valid || fit.at(1) == 0);
+            }
+        }
+    }
+
+    void regressionFillsTheRecord()
+    {
+        ProfileFit fit(Profiles::gaussian<float>(64, 30.2, 4, 7e-9, 1e-9));
+        fit.pedestals = {1e-9F, 1e-9F, 1e-9F, 1e-9F};
+        RegressionOptions<float> options;
+        options.thresholdFraction = 0.1F;
+        QCOMPARE(int(computeRegression(fit, options)), 0);
+        QVERIFY(fit.valid);
+        QVERIFY(std::abs(fit.mean - 30.2) < 1e-4);
+        QVERIFY(std::abs(fit.at(30.2F) / 7e-9 - 1) < 1e-5);
+        QVERIFY(std::abs(fit.variance - 16) < 1e-3);
+        QCOMPARE(fit.maxIndex, 30);
+        QVERIFY(std::abs(fit.maxValue / 8e-9 - 1) < 1e-2); // as it was read
+    }
+
+    void deviceFitsNeedAPlaceAndAWidth()
+    {
+        const QVector<float> values{0, 1, 2, 1, 0};
+        ProfileFit fit(values, 2, 1.5F, 2);
+        QVERIFY(!fit.valid);
+        QCOMPARE(int(adoptDeviceFit(fit)), 0);
+        QVERIFY(std::abs(fit.at(2) - 2) < 1e-6);
+        QVERIFY(std::abs(fit.at(3.5F) - 2 * std::exp(-0.5)) < 1e-6);
+        for (const auto &shape :
+             {qMakePair(-1.0F, 1.0F), qMakePair(2.0F, 0.0F), qMakePair(2.0F, kNan)}) {
+            ProfileFit bad(values, shape.first, shape.second, 2);
+            QCOMPARE(int(adoptDeviceFit(bad)), -8);
+            QVERIFY(!bad.valid);
+        }
+    }
+
+    void noiseBesideTheBeam()
+    {
+        // Beam in bins 8 to 12 (mean 10, sigma 1: 7..13 are signal), 1 and 3 by turns elsewhere.
+        QVector<float> values(21);
+        for (int i = 0; i < 21; ++i)
+            values[i] = i % 2 ? 1 : 3;
+        for (int i = 7; i <= 13; ++i)
+            values[i] = 100;
+        ProfileFit fit(values, 10, 1, 100);
+        QCOMPARE(signalToNoise(fit).ratio, 1.0F);
+        QCOMPARE(int(adoptDeviceFit(fit)), 0);
+        const SignalToNoise noise = signalToNoise(fit);
+        QVERIFY(noise.computed);
+        QCOMPARE(noise.signalCount, 7);
+        // Eight 3s and six 1s: mean 15/7, sum of squares 8 (6/7)^2 + 6 (8/7)^2.
+        const double sigma = std::sqrt((8 * 36.0 + 6 * 64.0) / 49 / 13);
+        QVERIFY(std::abs(noise.noiseSigma - sigma) < 1e-6);
+        QVERIFY(std::abs(noise.ratio - 700 / (std::sqrt(7) * sigma)) < 1e-3);
+
+        // Only one bin outside: nothing to tell noise from.
+        ProfileFit covering(values, 10, 3.2F, 100);
+        QCOMPARE(int(adoptDeviceFit(covering)), 0);
+        QVERIFY(!signalToNoise(covering, 3.2F).computed);
+    }
+
+    void residualsOfAMisfit()
+    {
+        ProfileFit fit(Profiles::gaussian<float>(32, 16, 2, 50), 16, 2, 50);
+        QCOMPARE(int(adoptDeviceFit(fit)), 0);
+        QVERIFY(residualNoise(fit, 5) < 1e-6);
+        fit.values[14] += 5;
+        fit.values[18] -= 10;
+        fit.values[25] += 1000; // outside of the window
+        QVERIFY(std::abs(residualNoise(fit, 5) - std::sqrt(0.01 + 0.04)) < 1e-5);
+    }
+
+    void theDistributionsComplaintEndsHere()
+    {
+        float area = 7;
+        QCOMPARE(int(areaFromHeight(2, 0, 0, 1, area)), 0);
+        QVERIFY(std::abs(area - 2 * std::sqrt(2 * M_PI)) < 1e-5);
+        area = 7;
+        QCOMPARE(int(areaFromHeight(2, 0, 0, 0, area)), -8);
+        QCOMPARE(int(areaFromHeight(2, 0, 0, -1, area)), -8);
+        QCOMPARE(int(areaFromHeight(2, 0, kInf, 1, area)), -8);
+        QCOMPARE(int(areaFromHeight(2, kNan, 0, 1, area)), -8);
+        QCOMPARE(int(areaFromHeight(2, 1000, 0, 1, area)), -8); // the density there is 0
+        QCOMPARE(area, 7.0F);
+    }
+
+    void scaleFractionsGoByIndex()
+    {
+        QCOMPARE(scaleFraction(8), 0.01);
+        QCOMPARE(scaleFraction(9), 0.005);
+        QCOMPARE(scaleFraction(14), 0.0001);
+        for (int whole : {-1, 0, 1, 2, 15})
+            QCOMPARE(scaleFraction(whole), 1.0);
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_ProfileRoutines)
+#include "tst_ProfileRoutines.moc"

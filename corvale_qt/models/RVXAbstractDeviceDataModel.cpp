@@ -67,7 +67,7 @@ RVXAbstractDeviceDataModel::RVXAbstractDeviceDataModel(QObject *parent)
 {
     Q_D(RVXAbstractDeviceDataModel);
     qRegisterMetaType<const Corvale_Qt::Units::MeasurementUnit *>();
-    d->editIcon = QIcon::fromTheme("edit-rename");
+    d->editIcon = QIcon::fromTheme("edit-rename", QIcon(":/resources/icons/edit-rename.svg"));
     d->timer = new QTimer(this);
     connect(d->timer, &QTimer::timeout, this, &RVXAbstractDeviceDataModel::collectSample);
 }

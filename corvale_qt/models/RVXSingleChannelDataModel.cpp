@@ -148,7 +148,7 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
     const bool announced = autoUpdate();
     if (full && announced)
         UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was
-                      // off
+            // off
     const bool dropsVisible = full && d->visibleRows > 0;
 
     // The insertion is opened around the removal: the order that hosts already built rely on.

@@ -8,7 +8,17 @@ using Corvale_Qt::Units::MeasurementUnit;
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"nA", "MU/s", "Gp per s", "minutes", "\xc2\xb0""C", "Fahrenheit", "Celcius", "\xc2\xb5""A", "strips"};
+    return {"nA",
+            "MU/s",
+            "Gp per s",
+            "minutes",
+            "\xc2\xb0"
+            "C",
+            "Fahrenheit",
+            "Celcius",
+            "\xc2\xb5"
+            "A",
+            "strips"};
 }
 
 //! A text is known to both look-ups or to neither, and a unit that came from one has the type asked for.

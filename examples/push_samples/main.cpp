@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Samples into a model, ten times a second; a table and a plot show what the model holds.
 
+#include "../common/RunExample.h"
+
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 
@@ -65,12 +67,5 @@ int main(int argc, char **argv)
     display.start(100);
 
     window.resize(900, 420);
-    window.show();
-    const QStringList arguments = QApplication::arguments();
-    const int quitAfter = arguments.indexOf("--quit-after");
-    if (quitAfter > 0)
-        QTimer::singleShot(arguments.value(quitAfter + 1).toInt(),
-                           &application,
-                           &QApplication::quit);
-    return QApplication::exec();
+    return runExample(window);
 }

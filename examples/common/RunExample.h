@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+/*! Shows an example's window and runs until it is closed, or as the command line asks:
+    --quit-after MILLISECONDS ends by itself, --screenshot FILE.png leaves a picture of the window then. */
+inline int runExample(QWidget &window)
+{
+    const QStringList arguments = QApplication::arguments();
+    const auto valueOf = [&arguments](const char *option) {
+        const int at = arguments.indexOf(option);
+        return at > 0 ? arguments.value(at + 1) : QString();
+    };
+    window.show();
+    const QString quitAfter = valueOf("--quit-after");
+    if (!quitAfter.isEmpty()) {
+        QTimer::singleShot(quitAfter.toInt(),
+                           &window,
+                           [&window, picture = valueOf("--screenshot")] {
+                               const bool good = picture.isEmpty() || window.grab().save(picture);
+                               QApplication::exit(good ? 0 : 1);
+                           });
+    }
+    return QApplication::exec();
+}

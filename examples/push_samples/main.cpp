@@ -2,6 +2,9 @@
 // Samples into a model, ten times a second; a table and a plot show what the model holds.
 
 #include "../common/RunExample.h"
+#include <corvale_qt/RVXSeriesData>
+#include <corvale_qt/RVXSingleChannelDataModel>
+#include <corvale_qt/units/Units.h>
 
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
@@ -13,9 +16,6 @@
 #include <QTimer>
 
 #include <cmath>
-#include <corvale_qt/RVXSeriesData>
-#include <corvale_qt/RVXSingleChannelDataModel>
-#include <corvale_qt/units/Units.h>
 
 using namespace Corvale_Qt;
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What a host does on its first day: a model, samples, a table, a curve, a file.
 
+#include <corvale_qt/RVXSeriesData>
+#include <corvale_qt/RVXSingleChannelDataModel>
+#include <corvale_qt/units/Units.h>
+
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 
@@ -9,10 +13,6 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QtDebug>
-
-#include <corvale_qt/RVXSeriesData>
-#include <corvale_qt/RVXSingleChannelDataModel>
-#include <corvale_qt/units/Units.h>
 
 using namespace Corvale_Qt;
 

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXPositionPlot.h"
+
+#include "corvale_qt/beam/PlotRange_p.h"
+#include "corvale_qt/beam/PositionPlot_p.h"
+#include "corvale_qt/numerics/ScaleFractions.h"
+
+#include "ui_RVXPositionPlot.h"
+
+#include <QTimer>
+
+namespace Corvale_Qt {
+
+class RVXPositionPlotPrivate
+{
+public:
+    void applyScale();
+
+    Ui::RVXPositionPlot ui;
+    PositionPlot *plot = nullptr;
+    QTimer timer;
+    PlotRange xRange;
+    PlotRange yRange;
+    double fraction = 1.0;
+    bool autoScale = true;
+    bool redrawPending = false;
+};
+
+void RVXPositionPlotPrivate::applyScale()
+{
+    if (autoScale) {
+        plot->setAxisAutoScale(QwtPlot::xBottom, true);
+        plot->setAxisAutoScale(QwtPlot::yLeft, true);
+    } else {
+        xRange.apply(plot, QwtPlot::xBottom, fraction);
+        yRange.apply(plot, QwtPlot::yLeft, fraction);
+    }
+    plot->replot();
+}
+
+RVXPositionPlot::RVXPositionPlot(QWidget *parent)
+    : QWidget(parent)
+    , d_ptr(new RVXPositionPlotPrivate)
+{
+    Q_D(RVXPositionPlot);
+    d->ui.setupUi(this);
+    d->plot = new PositionPlot(d->ui.frame);
+    auto *layout = new QHBoxLayout(d->ui.frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(d->plot);
+    connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
+    d->timer.start(100);
+}
+
+RVXPositionPlot::~RVXPositionPlot() = default;
+
+void RVXPositionPlot::setData(double x, double y)
+{
+    Q_D(RVXPositionPlot);
+    d->plot->append(x, y);
+    if (d->redrawPending) {
+        d->plot->replot();
+        d->redrawPending = false;
+    }
+}
+
+void RVXPositionPlot::setScale(int index)
+{
+    Q_D(RVXPositionPlot);
+    d->autoScale = index == kAutoScaleIndex;
+    if (!d->autoScale)
+        d->fraction = scaleFraction(index);
+    d->applyScale();
+}
+
+void RVXPositionPlot::setXScale(double min, double max)
+{
+    Q_D(RVXPositionPlot);
+    if (d->xRange.set(min, max, "RVXPositionPlot::setXScale"))
+        updateScale();
+}
+
+void RVXPositionPlot::setYScale(double min, double max)
+{
+    Q_D(RVXPositionPlot);
+    if (d->yRange.set(min, max, "RVXPositionPlot::setYScale"))
+        updateScale();
+}
+
+void RVXPositionPlot::updateScale()
+{
+    Q_D(RVXPositionPlot);
+    d->applyScale();
+}
+
+void RVXPositionPlot::update()
+{
+    Q_D(RVXPositionPlot);
+    d->redrawPending = true;
+}
+
+} // namespace Corvale_Qt

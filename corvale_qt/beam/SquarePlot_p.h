@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// +------------------------------------------------------------------------------------+
+// | This file is not part of the interface: it may change, or go, without notice.      |
+// +------------------------------------------------------------------------------------+
+
+#include <qwt_plot.h>
+
+namespace Corvale_Qt {
+
+/*! A plot whose canvas is square whatever the widget's shape, so that a round beam looks round. What the
+    widget has over is left empty around the plot. */
+class SquarePlot : public QwtPlot
+{
+    Q_OBJECT
+
+public:
+    explicit SquarePlot(QWidget *parent = nullptr);
+    ~SquarePlot() override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+};
+
+} // namespace Corvale_Qt

@@ -13,12 +13,14 @@ namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 //! The base class rounds each value to its decimals; with all that a double can have it rounds nothing off.
-constexpr int kAllDecimals = std::numeric_limits<double>::max_exponent10 + std::numeric_limits<double>::digits10;
+constexpr int kAllDecimals =
+    std::numeric_limits<double>::max_exponent10 + std::numeric_limits<double>::digits10;
 
 //! What can still become a number by typing on.
 bool canBecomeNumber(const QString &text)
 {
-    static const QRegularExpression beginning(QStringLiteral(R"(\A[+-]?\d*\.?\d*([eE][+-]?\d*)?\z)"));
+    static const QRegularExpression beginning(
+        QStringLiteral(R"(\A[+-]?\d*\.?\d*([eE][+-]?\d*)?\z)"));
     return beginning.match(text).hasMatch();
 }
 
@@ -103,7 +105,8 @@ QValidator::State QScienceSpinBox::validate(QString &input, int & /*pos*/) const
     const double typed = number.toDouble(&ok);
     if (!ok)
         return QValidator::Intermediate;
-    return typed >= minimum() && typed <= maximum() ? QValidator::Acceptable : QValidator::Intermediate;
+    return typed >= minimum() && typed <= maximum() ? QValidator::Acceptable
+                                                    : QValidator::Intermediate;
 }
 
 void QScienceSpinBox::fixup(QString & /*input*/) const

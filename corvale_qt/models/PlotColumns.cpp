@@ -21,6 +21,16 @@ std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 
 PlotColumns::~PlotColumns() = default;
 
+bool PlotColumns::spans(int, int, int, ColumnSpans &) const
+{
+    return false;
+}
+
+quint64 PlotColumns::xVersion() const
+{
+    return 0;
+}
+
 const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
 {
     if (!model)

@@ -8,11 +8,32 @@
  * ---------------------------------------------------------------------------
  */
 
+#include <QtGlobal>
+
 #include <typeindex>
+
+class QPointF;
+template<typename T>
+class QwtSeriesData;
 
 namespace Corvale_Qt {
 
 class RVXAbstractPlotDataModel;
+
+/*! The memory behind some rows of a column, in up to two pieces, and how a number there becomes the one that
+    doubleData() gives: factor * number - zero, in this order. */
+struct ColumnSpans
+{
+    const double *piece[2] = {nullptr, nullptr};
+    int size[2] = {0, 0};
+    double factor = 1.0;
+    double zero = 0.0;
+
+    //! The stored number of row \a i, counted from the first row asked for.
+    double stored(int i) const { return i < size[0] ? piece[0][i] : piece[1][i - size[0]]; }
+    double value(int i) const { return factor * stored(i) - zero; }
+    int count() const { return size[0] + size[1]; }
+};
 
 /*! Reads a plot model by the chunk instead of by the cell.
 
@@ -29,6 +50,11 @@ public:
     virtual void read(int column, int firstRow, int count, double *out) const = 0;
     //! Whether the x of each sample row is greater than that of the one before (a NaN is not).
     virtual bool xRises() const = 0;
+    /*! Where the numbers of \a count rows from \a firstRow on lie; false where they lie nowhere as they are, or
+        not all of them do. Good until the model changes. */
+    virtual bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    //! Another number each time that column 0 has changed, never used twice by any model; 0 where nobody counts.
+    virtual quint64 xVersion() const;
 
     /*! The bulk side of \a model; null for a model that is not, exactly, a class of the library: a host's
         subclass may have another doubleData(), and what it says holds. */
@@ -42,6 +68,29 @@ protected:
     PlotColumns() = default;
     PlotColumns(const PlotColumns &) = default;
     PlotColumns &operator=(const PlotColumns &) = default;
+};
+
+/*! What a series reads, for who wants more of it than one point. */
+struct SeriesColumns
+{
+    const PlotColumns *columns = nullptr; //!< null: ask the series point by point
+    int column = 0;
+    int startRow = 0;
+    double scale = 1.0; //!< divisor of y
+
+    //! Of exactly an RVXSeriesData over a class of the library; otherwise nothing is known.
+    static SeriesColumns of(const QwtSeriesData<QPointF> *series);
+
+    void readX(size_t first, int count, double *x) const
+    {
+        columns->read(0, startRow + int(first), count, x);
+    }
+    void readY(size_t first, int count, double *y) const
+    {
+        columns->read(column, startRow + int(first), count, y);
+        for (int i = 0; i < count; ++i)
+            y[i] /= scale;
+    }
 };
 
 /*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy; must not outlive

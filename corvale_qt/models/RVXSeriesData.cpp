@@ -3,11 +3,11 @@
 
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/SampleBounds_p.h"
 
 #include <QAbstractItemModel>
 
 #include <algorithm>
-#include <cmath>
 #include <typeinfo>
 
 namespace Corvale_Qt {
@@ -81,39 +81,28 @@ double RVXSeriesData::scale() const
 
 QRectF RVXSeriesData::boundsOfSamples(size_t count) const
 {
-    constexpr int chunk = 256;
-    double x[chunk];
-    double y[chunk];
-
-    readPoints(0, 1, x, y);
-    double left = std::isfinite(x[0]) ? x[0] : 0.0;
-    double top = std::isfinite(y[0]) ? y[0] : 0.0;
-    double right = left;
-    double bottom = top;
-    for (size_t first = 0; first < count; first += chunk) {
-        const int n = int(std::min<size_t>(chunk, count - first));
-        readPoints(first, n, x, y);
-        for (int i = 0; i < n; ++i) {
-            if (!std::isfinite(x[i]) || !std::isfinite(y[i]))
-                continue;
-            left = std::min(left, x[i]);
-            right = std::max(right, x[i]);
-            top = std::min(top, y[i]);
-            bottom = std::max(bottom, y[i]);
+    const SeriesColumns columns = SeriesColumns::of(this);
+    SampleBounds bounds(sample(0));
+    if (!columns.columns || !bounds.addSpans(columns, int(count))) {
+        constexpr int chunk = 256;
+        double x[chunk];
+        double y[chunk];
+        for (size_t first = 0; first < count; first += chunk) {
+            const int n = int(std::min<size_t>(chunk, count - first));
+            readPoints(first, n, x, y);
+            for (int i = 0; i < n; ++i)
+                bounds.add(x[i], y[i]);
         }
     }
-    return QRectF(left, top, right - left, bottom - top);
+    return bounds.rectangle();
 }
 
 void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) const
 {
-    // A subclass may have another sample(); then that is what is bounded.
-    if (m_columns && typeid(*this) == typeid(RVXSeriesData)) {
-        const int row = int(first) + m_startRow;
-        m_columns->read(0, row, count, x);
-        m_columns->read(m_column, row, count, y);
-        for (int i = 0; i < count; ++i)
-            y[i] /= m_scale;
+    const SeriesColumns columns = SeriesColumns::of(this);
+    if (columns.columns) {
+        columns.readX(first, count, x);
+        columns.readY(first, count, y);
         return;
     }
     for (int i = 0; i < count; ++i) {
@@ -121,6 +110,15 @@ void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) co
         x[i] = point.x();
         y[i] = point.y();
     }
+}
+
+SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
+{
+    // A subclass may have another sample(); then that is what is drawn.
+    if (!series || typeid(*series) != typeid(RVXSeriesData))
+        return SeriesColumns();
+    const auto &known = static_cast<const RVXSeriesData &>(*series);
+    return {known.m_columns, known.m_column, known.m_startRow, known.m_scale};
 }
 
 } // namespace Corvale_Qt

@@ -13,6 +13,7 @@ namespace Corvale_Qt {
 
 class PlotColumns;
 class RVXAbstractPlotDataModel;
+struct SeriesColumns;
 
 /*! One column of a plot model as a series of points for a QwtPlotCurve; nothing is copied. x is column 0, y the
     column divided by scale(). The model is not owned and must outlive the series.
@@ -45,6 +46,7 @@ protected:
     double scale() const;
 
 private:
+    friend struct SeriesColumns;
     QRectF boundsOfSamples(size_t count) const;
     void readPoints(size_t first, int count, double *x, double *y) const;
 

@@ -4,6 +4,7 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
+#include "corvale_qt/units/UnitTraits_p.h"
 
 #include <QDebug>
 #include <QFile>
@@ -22,7 +23,9 @@ public:
     }
 
     void read(int column, int firstRow, int count, double *out) const override;
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return times.rises(); }
+    quint64 xVersion() const override { return times.version(); }
 
     bool has(int row) const { return row >= 1 && row <= int(values.size()); }
     void store(double time, double value);
@@ -79,6 +82,21 @@ void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count,
     const bool withHeader = firstRow <= 0 && firstRow + count > 0;
     if (withHeader)
         out[-firstRow] = column;
+}
+
+bool RVXSingleChannelDataModelPrivate::spans(int column,
+                                             int firstRow,
+                                             int count,
+                                             ColumnSpans &spans) const
+{
+    if (column == 0)
+        return ringSpans(times.times(), firstRow - 1, count, spans);
+    const Units::MeasurementUnit *unit = q->units();
+    if (unit && !Units::scalesByFactor(*unit))
+        return false;
+    // scale(1.0) is the product that scale() forms first, to the last bit.
+    spans.factor = unit ? unit->scale(1.0) : 1.0;
+    return ringSpans(values, firstRow - 1, count, spans);
 }
 
 void RVXSingleChannelDataModelPrivate::store(double time, double value)

@@ -8,7 +8,11 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/models/PlotColumns_p.h"
+
 #include <boost/circular_buffer.hpp>
+
+#include <algorithm>
 
 namespace Corvale_Qt {
 
@@ -36,6 +40,21 @@ void readRing(const SampleRing &ring, int first, int count, double *out, Transfo
         out[i] = 0.0;
 }
 
+//! Where elements first to first + count - 1 of \a ring lie; false where it does not have them all.
+inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans &spans)
+{
+    if (first < 0 || count < 0 || first > int(ring.size()) - count)
+        return false;
+    const auto one = ring.array_one();
+    const auto two = ring.array_two();
+    const int skip = std::min(first, int(one.second));
+    spans.piece[0] = one.first + skip;
+    spans.size[0] = std::min(count, int(one.second) - skip);
+    spans.piece[1] = two.first + (first - skip);
+    spans.size[1] = count - spans.size[0];
+    return true;
+}
+
 /*! Time stamps that know whether they only rise, so that a row can be searched for instead of scanned for. */
 class TimeRing
 {
@@ -47,6 +66,8 @@ public:
 
     const SampleRing &times() const { return m_times; }
     bool rises() const { return m_steps == 0; }
+    //! Another number after each change, shared with no other ring.
+    quint64 version() const { return m_version; }
 
     //! Appends; a full ring drops its oldest.
     void push_back(double time)
@@ -57,18 +78,22 @@ public:
             m_times.size() > (m_times.full() ? 1u : 0u) && !(m_times.back() < time);
         m_times.push_back(time);
         m_steps += stepsDown ? 1 : 0;
+        m_version = ++s_lastVersion;
     }
 
     void clear()
     {
         m_times.clear();
         m_steps = 0;
+        m_version = ++s_lastVersion;
     }
 
 private:
     SampleRing m_times;
     // How many stamps are not greater than the one before; a NaN is not.
     int m_steps = 0;
+    quint64 m_version = ++s_lastVersion;
+    inline static quint64 s_lastVersion = 0;
 };
 
 } // namespace Corvale_Qt

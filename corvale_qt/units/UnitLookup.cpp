@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
+
+#include <typeinfo>
 
 namespace Corvale_Qt {
 namespace Units {
@@ -12,53 +15,66 @@ MeasurementUnit *make()
     return new Unit;
 }
 
-struct Maker
+template<typename Unit>
+bool isExactly(const MeasurementUnit &unit)
+{
+    return typeid(unit) == typeid(Unit);
+}
+
+struct Known
 {
     MeasurementUnitType type;
     MeasurementUnit *(*make)();
+    bool (*isClassOf)(const MeasurementUnit &);
 };
 
-constexpr Maker makers[] = {
-    {Type_A, make<A>},
-    {Type_mA, make<mA>},
-    {Type_uA, make<uA>},
-    {Type_nA, make<nA>},
-    {Type_pA, make<pA>},
-    {Type_C, make<C>},
-    {Type_mC, make<mC>},
-    {Type_uC, make<uC>},
-    {Type_nC, make<nC>},
-    {Type_pC, make<pC>},
-    {Type_fC, make<fC>},
-    {Type_V, make<V>},
-    {Type_mV, make<mV>},
-    {Type_uV, make<uV>},
-    {Type_kV, make<kV>},
-    {Type_Pulses, make<Pulses>},
-    {Type_Hz, make<Hz>},
-    {Type_KHz, make<KHz>},
-    {Type_S, make<S>},
-    {Type_ms, make<ms>},
-    {Type_us, make<us>},
-    {Type_ns, make<ns>},
-    {Type_minutes, make<minutes>},
-    {Type_m, make<m>},
-    {Type_mm, make<mm>},
-    {Type_cm, make<cm>},
-    {Type_eV, make<eV>},
-    {Type_KeV, make<KeV>},
-    {Type_MeV, make<MeV>},
-    {Type_Gy, make<Gy>},
-    {Type_cGy, make<cGy>},
-    {Type_Gp, make<Gp>},
-    {Type_MU, make<MU>},
-    {Type_Gp_per_s, make<Gp_per_s>},
-    {Type_MU_per_s, make<MU_per_s>},
-    {Type_G, make<G>},
-    {Type_kG, make<kG>},
-    {Type_Celcius, make<Celcius>},
-    {Type_Fahrenheit, make<Fahrenheit>},
-    {Type_Strips, make<Strips>},
+template<typename Unit>
+constexpr Known known(MeasurementUnitType type)
+{
+    return {type, make<Unit>, isExactly<Unit>};
+}
+
+constexpr Known units[] = {
+    known<A>(Type_A),
+    known<mA>(Type_mA),
+    known<uA>(Type_uA),
+    known<nA>(Type_nA),
+    known<pA>(Type_pA),
+    known<C>(Type_C),
+    known<mC>(Type_mC),
+    known<uC>(Type_uC),
+    known<nC>(Type_nC),
+    known<pC>(Type_pC),
+    known<fC>(Type_fC),
+    known<V>(Type_V),
+    known<mV>(Type_mV),
+    known<uV>(Type_uV),
+    known<kV>(Type_kV),
+    known<Pulses>(Type_Pulses),
+    known<Hz>(Type_Hz),
+    known<KHz>(Type_KHz),
+    known<S>(Type_S),
+    known<ms>(Type_ms),
+    known<us>(Type_us),
+    known<ns>(Type_ns),
+    known<minutes>(Type_minutes),
+    known<m>(Type_m),
+    known<mm>(Type_mm),
+    known<cm>(Type_cm),
+    known<eV>(Type_eV),
+    known<KeV>(Type_KeV),
+    known<MeV>(Type_MeV),
+    known<Gy>(Type_Gy),
+    known<cGy>(Type_cGy),
+    known<Gp>(Type_Gp),
+    known<MU>(Type_MU),
+    known<Gp_per_s>(Type_Gp_per_s),
+    known<MU_per_s>(Type_MU_per_s),
+    known<G>(Type_G),
+    known<kG>(Type_kG),
+    known<Celcius>(Type_Celcius),
+    known<Fahrenheit>(Type_Fahrenheit),
+    known<Strips>(Type_Strips),
 };
 
 enum Match {
@@ -137,11 +153,22 @@ bool fits(const Spelling &spelling, const QString &text)
 
 MeasurementUnit *MeasurementUnit::fromType(MeasurementUnitType type)
 {
-    for (const Maker &maker : makers) {
-        if (maker.type == type)
-            return maker.make();
+    for (const Known &unit : units) {
+        if (unit.type == type)
+            return unit.make();
     }
     return nullptr;
+}
+
+bool scalesByFactor(const MeasurementUnit &unit)
+{
+    if (isExactly<MeasurementUnit>(unit))
+        return true;
+    for (const Known &each : units) {
+        if (each.type == unit.type())
+            return each.isClassOf(unit);
+    }
+    return false;
 }
 
 MeasurementUnitType MeasurementUnit::typeFromString(const QString &text)

@@ -69,6 +69,9 @@ private Q_SLOTS:
     void aHostsOwnNumbersAreDrawn();
     void chunksEqualCells_data();
     void chunksEqualCells();
+    void memoryEqualsCells();
+    void boundsFromMemory_data();
+    void boundsFromMemory();
     void whetherTimeRises();
 };
 
@@ -196,6 +199,71 @@ void tst_RVXSeriesData::chunksEqualCells()
                              qPrintable(QString("row %1").arg(first + i)));
             }
         }
+    }
+}
+
+void tst_RVXSeriesData::memoryEqualsCells()
+{
+    struct Fahrenheit : Units::MeasurementUnit
+    {
+        Fahrenheit()
+            : MeasurementUnit(1.8, "degF", 1.0)
+        {
+        }
+        double scale(double value) const override { return MeasurementUnit::scale(value) + 32.0; }
+    };
+    RVXSingleChannelDataModel model;
+    for (int i = 1; i <= 100000 + 321; ++i)
+        model.AddData(0.1 * i, i % 7 == 0 ? notANumber : 1.0 / i);
+    const PlotColumns *columns = PlotColumns::of(&model);
+    Units::MeasurementUnit odd(1.0 / 3.0, "odd", -7.7);
+    model.SetUnits(&odd);
+    ColumnSpans spans;
+    for (int column : {0, 1}) {
+        QVERIFY(columns->spans(column, 99000, 1001, spans));
+        QCOMPARE(spans.count(), 1001);
+        QVERIFY2(spans.size[0] > 0 && spans.size[1] > 0, "the rows lie around the ring's edge");
+        for (int i = 0; i < 1001; ++i)
+            QVERIFY(sameBits(spans.value(i), model.doubleData(99000 + i, column)));
+    }
+    QVERIFY(!columns->spans(1, 0, 10, spans));
+    QVERIFY(!columns->spans(1, 99991, 11, spans));
+    const Fahrenheit hosts;
+    model.SetUnits(&hosts);
+    QVERIFY2(!columns->spans(1, 1, 10, spans), "who knows what a host's unit does");
+    const quint64 version = columns->xVersion();
+    model.AddData(1e9, 0.0);
+    QVERIFY(columns->xVersion() != version);
+}
+
+void tst_RVXSeriesData::boundsFromMemory_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("missing");
+    QTest::newRow("plain") << 1e9 << 0;
+    QTest::newRow("turned over") << -2.5 << 0;
+    QTest::newRow("nothing is left") << 0.0 << 0;
+    QTest::newRow("too large to show") << 1e308 << 0;
+    QTest::newRow("a unit that is no number") << notANumber << 0;
+    QTest::newRow("the first is missing") << 1e9 << 1;
+    QTest::newRow("the last is missing") << 1e9 << 2000;
+}
+
+void tst_RVXSeriesData::boundsFromMemory()
+{
+    QFETCH(double, factor);
+    QFETCH(int, missing);
+    RVXSingleChannelDataModel model;
+    const Units::MeasurementUnit unit(factor, "unit", 1.0);
+    model.SetUnits(&unit);
+    std::mt19937 random(11);
+    std::normal_distribution<double> value(3.0, 20.0);
+    for (int i = 1; i <= 2000; ++i)
+        model.AddData(i, i == missing ? -inf : value(random));
+    for (int start : {1, 2, 1000}) {
+        RVXSeriesData series(model, 1, start, -1);
+        series.setScale(3.0);
+        QCOMPARE(series.boundingRect(), boundsByHand(series));
     }
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
 
-#include <qwt_painter.h>
+#include "corvale_qt/beam/CurveLines_p.h"
+
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
 
@@ -104,25 +105,18 @@ void RVXDiscontinuousPlotCurve::drawLines(QPainter *painter,
                                           int from,
                                           int to) const
 {
+    // FilterPoints and MinimizeMemory, which Qwt offers to save time and memory, cost both here.
+    const bool plain = !(testCurveAttribute(Fitted) && curveFitter())
+        && (brush().style() == Qt::NoBrush || brush().color().alpha() == 0);
+    if (plain) {
+        CurveLines lines(painter, xMap, yMap, canvasRect);
+        lines.setClipping(testPaintAttribute(ClipPolygons));
+        lines.draw(*data(), from, to);
+        return;
+    }
     forEachFiniteRun(from, to, [&](int first, int last) {
-        if (first == last)
-            drawSinglePoint(painter, xMap, yMap, canvasRect, first);
-        else
-            QwtPlotCurve::drawLines(painter, xMap, yMap, canvasRect, first, last);
+        QwtPlotCurve::drawLines(painter, xMap, yMap, canvasRect, first, last);
     });
-}
-
-void RVXDiscontinuousPlotCurve::drawSinglePoint(QPainter *painter,
-                                                const QwtScaleMap &xMap,
-                                                const QwtScaleMap &yMap,
-                                                const QRectF &canvasRect,
-                                                int index) const
-{
-    QPointF point = QwtScaleMap::transform(xMap, yMap, sample(index));
-    if (QwtPainter::roundingAlignment(painter))
-        point = QPointF(std::round(point.x()), std::round(point.y()));
-    if (canvasRect.contains(point))
-        QwtPainter::drawPoint(painter, point);
 }
 
 void RVXDiscontinuousPlotCurve::drawSymbols(QPainter *painter,

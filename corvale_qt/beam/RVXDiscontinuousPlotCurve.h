@@ -47,11 +47,6 @@ protected:
 private:
     template<typename DrawRun>
     void forEachFiniteRun(int from, int to, DrawRun drawRun) const;
-    void drawSinglePoint(QPainter *painter,
-                         const QwtScaleMap &xMap,
-                         const QwtScaleMap &yMap,
-                         const QRectF &canvasRect,
-                         int index) const;
 };
 
 } // namespace Corvale_Qt

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/ColumnRuns_p.h"
+
+#include <qwt_scale_map.h>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+int pixelOf(double coordinate)
+{
+    // Far beyond any canvas, and far from where adding or subtracting two of them overflows.
+    constexpr double limit = 5e8;
+    return qRound(std::min(std::max(coordinate, -limit), limit));
+}
+
+int pixelOf(const QwtScaleMap &map, double value)
+{
+    return pixelOf(map.transform(value));
+}
+
+void ColumnRuns::begin(const QRect &clip)
+{
+    m_clip = clip;
+    m_runs.resize(0);
+    m_lines.resize(0);
+    m_open = false;
+}
+
+void ColumnRuns::gap()
+{
+    if (m_open)
+        flush();
+    m_open = false;
+}
+
+void ColumnRuns::addColumn(int column, int first, int least, int greatest, int last)
+{
+    if (m_open && column == m_column) {
+        m_least = std::min(m_least, least);
+        m_greatest = std::max(m_greatest, greatest);
+    } else {
+        if (m_open) {
+            joinTo(column, first);
+            flush();
+        }
+        m_column = column;
+        m_least = least;
+        m_greatest = greatest;
+    }
+    m_last = last;
+    m_open = true;
+}
+
+void ColumnRuns::joinTo(int column, int y)
+{
+    // Qt's slopes are 16 bits of fraction: on a long way down they may fall short of the right column, and the
+    // line ends with a pixel more in the left one. From which length on depends on the length itself.
+    constexpr int surelyExact = 128;
+    if (column == m_column + 1 && y - m_last < surelyExact) {
+        m_least = std::min(m_least, y + 1);
+        m_greatest = std::max(m_greatest, y - 1);
+        return;
+    }
+    const bool outside = std::max(m_column, column) < m_clip.left()
+        || std::min(m_column, column) > m_clip.right() || std::max(m_last, y) < m_clip.top()
+        || std::min(m_last, y) > m_clip.bottom();
+    if (!outside)
+        m_lines.append(QLine(m_column, m_last, column, y));
+}
+
+void ColumnRuns::flush()
+{
+    const int top = std::max(m_least, m_clip.top());
+    const int bottom = std::min(m_greatest, m_clip.bottom());
+    if (top <= bottom && m_column >= m_clip.left() && m_column <= m_clip.right())
+        m_runs.append(QRect(m_column, top, 1, bottom - top + 1));
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for the library's own models, proxies and views.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
+
+#include <QLine>
+#include <QRect>
+#include <QVector>
+
+class QwtScaleMap;
+
+namespace Corvale_Qt {
+
+//! The pixel that Qwt puts a coordinate on, for any finite coordinate: far outside stays far outside.
+int pixelOf(double coordinate);
+int pixelOf(const QwtScaleMap &map, double value);
+
+/*! Turns a curve's samples, on whole pixels and in their order, into one vertical run of pixels for each pixel
+    column, however many samples lie in it.
+
+    The picture is that of a line of its own for every two neighbouring samples, each with its end pixels, to
+    the last pixel. Qt draws such a line between neighbouring columns as a run in the left one that ends short
+    of the right one's pixel; so a column's run reaches from its lowest to its highest sample and on towards
+    the next column's first. Samples further apart than one column are joined by lines. */
+class ColumnRuns
+{
+public:
+    //! Forgets what it has; what lies outside of \a clip is left out from now on.
+    void begin(const QRect &clip);
+    //! A missing sample: nothing joins what comes to what was.
+    void gap();
+    void addPoint(int column, int y) { addColumn(column, y, y, y, y); }
+    //! Samples that lie in one column and are joined to each other, the first and the last of them named.
+    void addColumn(int column, int first, int least, int greatest, int last);
+    void end() { gap(); }
+
+    //! One pixel wide, inside the clip.
+    const QVector<QRect> &runs() const { return m_runs; }
+    const QVector<QLine> &lines() const { return m_lines; }
+
+private:
+    void joinTo(int column, int y);
+    void flush();
+
+    QRect m_clip;
+    QVector<QRect> m_runs;
+    QVector<QLine> m_lines;
+
+    bool m_open = false;
+    int m_column = 0;
+    int m_least = 0;
+    int m_greatest = 0;
+    int m_last = 0;
+};
+
+} // namespace Corvale_Qt

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/ColumnEdges_p.h"
+#include "corvale_qt/beam/ColumnRuns_p.h"
+#include "corvale_qt/beam/CurveLines_p.h"
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/SampleBounds_p.h"
+
+#include <qwt_clipper.h>
+#include <qwt_painter.h>
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+// Everything is painted on one thread, a curve after the other: what one leaves behind serves the next.
+struct Scratch
+{
+    ColumnRuns runs;
+    ColumnEdges edges;
+    QPolygonF points;
+};
+
+Scratch &scratch()
+{
+    static Scratch shared;
+    return shared;
+}
+
+/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
+template<typename Use>
+void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
+{
+    const SeriesColumns columns = SeriesColumns::of(&series);
+    if (!columns.columns) {
+        for (int i = from; i <= to; ++i) {
+            const QPointF point = series.sample(size_t(i));
+            use(point.x(), point.y());
+        }
+        return;
+    }
+    constexpr int chunk = 512;
+    double x[chunk];
+    double y[chunk];
+    for (int first = from; first <= to; first += chunk) {
+        const int count = std::min(chunk, to - first + 1);
+        columns.readX(size_t(first), count, x);
+        columns.readY(size_t(first), count, y);
+        for (int i = 0; i < count; ++i)
+            use(x[i], y[i]);
+    }
+}
+
+bool isFinite(double x, double y)
+{
+    return std::isfinite(x) && std::isfinite(y);
+}
+
+//! A curve's numbers in memory, with the steps from there to a pixel row.
+class DenseColumns
+{
+public:
+    DenseColumns(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
+        : m_columns(SeriesColumns::of(&series))
+        , m_yMap(yMap)
+        , m_from(from)
+        , m_count(to - from + 1)
+    {
+    }
+
+    //! False where the memory cannot be had, or x does not only rise.
+    bool find()
+    {
+        const int row = m_columns.startRow + m_from;
+        return m_columns.columns && m_columns.columns->xRises()
+            && m_columns.columns->spans(0, row, m_count, m_x)
+            && m_columns.columns->spans(m_columns.column, row, m_count, m_y)
+            && std::isfinite(m_x.value(0)) && std::isfinite(m_x.value(m_count - 1));
+    }
+
+    void
+    addTo(ColumnRuns &runs, ColumnEdges &edges, const QwtScaleMap &xMap, const QRect &clip) const
+    {
+        edges.find(m_x,
+                   m_columns.columns->xVersion(),
+                   0,
+                   m_count - 1,
+                   xMap,
+                   clip.left(),
+                   clip.right());
+        const auto &found = edges.edges();
+        for (int i = 0; i < found.size(); ++i) {
+            const int last = i + 1 < found.size() ? found[i + 1].first : edges.end();
+            addColumn(runs, found[i].column, found[i].first, last);
+        }
+    }
+
+private:
+    double shown(double stored) const { return (m_y.factor * stored - m_y.zero) / m_columns.scale; }
+
+    void addColumn(ColumnRuns &runs, int column, int first, int last) const
+    {
+        const ValueRange range = storedRange(m_y, first, last);
+        const double ends[] = {shown(range.least), shown(range.greatest)};
+        // Between the memory and the pixel each step keeps the order or turns it, while all is finite.
+        if (!range.allFinite || !isFinite(ends[0], ends[1])) {
+            addOneByOne(runs, column, first, last);
+            return;
+        }
+        const auto pixels = std::minmax(pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1]));
+        runs.addColumn(column,
+                       pixelOf(m_yMap, shown(m_y.stored(first))),
+                       pixels.first,
+                       pixels.second,
+                       pixelOf(m_yMap, shown(m_y.stored(last - 1))));
+    }
+
+    void addOneByOne(ColumnRuns &runs, int column, int first, int last) const
+    {
+        for (int i = first; i < last; ++i) {
+            const double y = shown(m_y.stored(i));
+            if (std::isfinite(y))
+                runs.addPoint(column, pixelOf(m_yMap, y));
+            else
+                runs.gap();
+        }
+    }
+
+    SeriesColumns m_columns;
+    const QwtScaleMap &m_yMap;
+    int m_from;
+    int m_count;
+    ColumnSpans m_x;
+    ColumnSpans m_y;
+};
+
+} // namespace
+
+CurveLines::CurveLines(QPainter *painter,
+                       const QwtScaleMap &xMap,
+                       const QwtScaleMap &yMap,
+                       const QRectF &canvasRect)
+    : m_painter(painter)
+    , m_xMap(xMap)
+    , m_yMap(yMap)
+    , m_canvasRect(canvasRect)
+    , m_aligned(QwtPainter::roundingAlignment(painter))
+{
+}
+
+void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    const double columns = std::max(m_canvasRect.width(), 1.0);
+    const bool dense = to - from + 1 > denseSamples * columns;
+    if (dense && drawsWholePixels())
+        drawRuns(series, from, to);
+    else
+        drawPolylines(series, from, to);
+}
+
+bool CurveLines::drawsWholePixels() const
+{
+    const QPen &pen = m_painter->pen();
+    return m_aligned && !m_painter->testRenderHint(QPainter::Antialiasing)
+        && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
+        && m_painter->opacity() == 1.0 && pen.style() == Qt::SolidLine && pen.widthF() <= 1.0
+        && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255
+        && !m_xMap.transformation() && !m_yMap.transformation();
+}
+
+void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    Scratch &reused = scratch();
+    ColumnRuns &runs = reused.runs;
+    const QRect clip = m_canvasRect.toAlignedRect();
+    runs.begin(clip);
+    DenseColumns dense(series, from, to, m_yMap);
+    if (dense.find()) {
+        dense.addTo(runs, reused.edges, m_xMap, clip);
+    } else {
+        forEachSample(series, from, to, [&](double x, double y) {
+            if (isFinite(x, y))
+                runs.addPoint(pixelOf(m_xMap, x), pixelOf(m_yMap, y));
+            else
+                runs.gap();
+        });
+    }
+    runs.end();
+
+    m_painter->drawLines(runs.lines());
+    // A run is the pixels of a vertical line; as a filled rectangle it costs a fraction.
+    m_painter->save();
+    const QColor colour = m_painter->pen().color();
+    m_painter->setPen(Qt::NoPen);
+    m_painter->setBrush(colour);
+    m_painter->drawRects(runs.runs());
+    m_painter->restore();
+}
+
+void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    QPolygonF &points = scratch().points;
+    points.resize(0);
+    forEachSample(series, from, to, [&](double x, double y) {
+        if (!isFinite(x, y)) {
+            flushPolyline(points);
+            return;
+        }
+        const QPointF point(m_xMap.transform(x), m_yMap.transform(y));
+        points.append(m_aligned ? QPointF(pixelOf(point.x()), pixelOf(point.y())) : point);
+    });
+    flushPolyline(points);
+}
+
+void CurveLines::flushPolyline(QPolygonF &points) const
+{
+    if (points.size() == 1) {
+        if (m_canvasRect.contains(points.first()))
+            QwtPainter::drawPoint(m_painter, points.first());
+    } else if (points.size() > 1 && m_clipping) {
+        const qreal width = std::max(1.0, m_painter->pen().widthF());
+        const QRectF clip = m_canvasRect.adjusted(-width, -width, width, width);
+        QwtPainter::drawPolyline(m_painter, QwtClipper::clipPolygonF(clip, points, false));
+    } else if (points.size() > 1) {
+        QwtPainter::drawPolyline(m_painter, points);
+    }
+    points.resize(0);
+}
+
+} // namespace Corvale_Qt

@@ -111,7 +111,8 @@ QValidator::State QScienceSpinBox::validate(QString &input, int & /*pos*/) const
 
 void QScienceSpinBox::fixup(QString & /*input*/) const
 {
-    // Not the base class's, which takes out group separators: "1.5" would become 15 in some locales.
+    // Not the base class's, which takes out group separators: "1.5" would become 15 in some
+    // locales.
 }
 
 void QScienceSpinBox::stepBy(int steps)

@@ -2,8 +2,9 @@
 /*! \file
     Runs a fuzz target. As an ordinary test it feeds the target a fixed row of inputs (FuzzMutator):
         fuzz_Subject [rounds] [-v]
-    where -v prints each input before it is tried, so that the last one printed is the one that failed.
-    With CORVALE_QT_FUZZ libFuzzer has main() and its own options, and gets the seeds as one more corpus. */
+    where -v prints each input before it is tried, so that the last one printed is the one that
+   failed. With CORVALE_QT_FUZZ libFuzzer has main() and its own options, and gets the seeds as one
+   more corpus. */
 #include "tests/support/FuzzMutator.h"
 #include "tests/support/FuzzTarget.h"
 

@@ -7,7 +7,8 @@
 #include <vector>
 
 /*! What a file tests/fuzz/fuzz_<Subject>.cpp defines. A QApplication on the offscreen platform stands while
-    they run. The target aborts where a promise is broken; what it returns means nothing (0 by convention). */
+    they run. The target aborts where a promise is broken; what it returns means nothing (0 by
+   convention). */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 //! Inputs to start from: valid ones first, then those that were trouble once.

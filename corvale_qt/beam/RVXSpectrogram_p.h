@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// +------------------------------------------------------------------------------------+
+// | This file is not part of the interface: it may change, or go, without notice.      |
+// +------------------------------------------------------------------------------------+
+
+#include "corvale_qt/beam/BeamFrame_p.h"
+#include "corvale_qt/beam/MeanHistory_p.h"
+#include "corvale_qt/beam/MeanTimePlot_p.h"
+#include "corvale_qt/beam/RVXSpectrogram.h"
+#include "corvale_qt/beam/SpectrogramPlot_p.h"
+
+#include "ui_RVXSpectrogram.h"
+
+#include <QTimer>
+
+#include <memory>
+
+namespace Corvale_Qt {
+
+class RVXSpectrogramPrivate
+{
+    Q_DECLARE_PUBLIC(RVXSpectrogram)
+
+public:
+    explicit RVXSpectrogramPrivate(RVXSpectrogram *q);
+
+    void build();
+
+    // What a layout, the unit and the scale change.
+    void setLayout(DetectorLayout layout, const QString &title);
+    void setCurrent(bool current);
+    void applyUnit();
+    void chooseScale(int index);
+    void applyScale();
+    void setInverted();
+
+    // The road of a frame.
+    void takeFrame(const QVector<double> &data, double timestamp);
+    void remember(const SpectrogramCalc &calc, double timestamp);
+    void present(const FrameReadings &readings, const BeamFrame &frame);
+    void presentAgain(double factor);
+    void showFrame(const BeamFrame &frame);
+    void showResults();
+    void clearFrame();
+
+    FrameOptions frameOptions() const;
+    EllipseOptions ellipseOptions() const;
+
+    Ui::RVXSpectrogram ui;
+    SpectrogramPlot *plot = nullptr;
+    MeanTimePlot *timePlot = nullptr;
+    std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();
+    QTimer timer;
+
+    QString name;
+    DetectorLayout layout = DetectorLayout::None;
+    RegressionOptions<double> regression;
+    double unusedRegressionOption = 1e-14F; // comes with the others and is kept with them
+
+    bool redrawPending = false;
+    bool drawing = true; //!< the widget is enabled
+    bool sidebar = true;
+    bool current = false;
+    bool settingScale = false; //!< the host, not the user, chooses the scale
+    bool autoScale = true;
+    int sampleRate = 1;
+    double currentFullScale = 1.0;
+    double chargeFullScale = 1.0;
+    double fraction = 1.0; //!< of full scale, that the colours reach
+    double lastMaximum = 0.0;
+    double lastTimestamp = 0.0;
+
+    SpectrogramCalc calc;
+    FrameReadings shownReadings{}; //!< what the calculation was made from
+    bool hasFrame = false;
+
+private:
+    void buildPlots();
+    void connectControls();
+    void connectDisplayOptions();
+    double fullScale() const { return current ? currentFullScale : chargeFullScale; }
+
+    RVXSpectrogram *const q_ptr;
+};
+
+} // namespace Corvale_Qt

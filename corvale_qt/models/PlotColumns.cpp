@@ -26,6 +26,11 @@ bool PlotColumns::spans(int, int, int, ColumnSpans &) const
     return false;
 }
 
+bool PlotColumns::appendText(QByteArray &, int, int) const
+{
+    return false;
+}
+
 quint64 PlotColumns::xVersion() const
 {
     return 0;

@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <typeindex>
 
@@ -53,6 +53,9 @@ public:
     /*! Where the numbers of \a count rows from \a firstRow on lie; false where they lie nowhere as they are, or
         not all of them do. Good until the model changes. */
     virtual bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    /*! Appends the display text of a sample's cell, in UTF-8; false, and nothing appended, where only the item
+        model's side has it. */
+    virtual bool appendText(QByteArray &text, int row, int column) const;
     //! Another number each time that column 0 has changed, never used twice by any model; 0 where nobody counts.
     virtual quint64 xVersion() const;
 

@@ -4,11 +4,11 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
+#include "corvale_qt/units/NumberText_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 
 #include <QDebug>
 #include <QFile>
-#include <QTextStream>
 
 namespace Corvale_Qt {
 
@@ -25,13 +25,14 @@ public:
     void read(int column, int firstRow, int count, double *out) const override;
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return times.rises(); }
+    bool appendText(QByteArray &text, int row, int column) const override;
     quint64 xVersion() const override { return times.version(); }
 
     bool has(int row) const { return row >= 1 && row <= int(values.size()); }
     void store(double time, double value);
-    QVariant text(int row, int column) const;
+    QVariant displayText(int row, int column) const;
     QVariant toolTip(int row, int column) const;
-    void write(QTextStream &stream) const;
+    bool write(QIODevice &file) const;
 
     const RVXSingleChannelDataModel *const q;
     TimeRing times;
@@ -56,11 +57,6 @@ const bool RVXSingleChannelDataModelPrivate::known =
 namespace {
 
 constexpr int numChannels = 1;
-
-QString timeText(double time)
-{
-    return QString::number(time, 'e', 3);
-}
 
 } // namespace
 
@@ -92,11 +88,25 @@ bool RVXSingleChannelDataModelPrivate::spans(int column,
     if (column == 0)
         return ringSpans(times.times(), firstRow - 1, count, spans);
     const Units::MeasurementUnit *unit = q->units();
-    if (unit && !Units::scalesByFactor(*unit))
+    if (unit && !Units::UnitTraits::isPlain(*unit))
         return false;
     // scale(1.0) is the product that scale() forms first, to the last bit.
     spans.factor = unit ? unit->scale(1.0) : 1.0;
     return ringSpans(values, firstRow - 1, count, spans);
+}
+
+bool RVXSingleChannelDataModelPrivate::appendText(QByteArray &text, int row, int column) const
+{
+    if (!has(row))
+        return false;
+    const Units::MeasurementUnit *unit = q->units();
+    if (column == 0)
+        Units::appendNumber(text, times.times()[row - 1], 'e', 3);
+    else if (unit)
+        Units::UnitTraits::appendFormatted(text, *unit, values[row - 1]);
+    else
+        Units::appendNumber(text, values[row - 1], 'g', 6);
+    return true;
 }
 
 void RVXSingleChannelDataModelPrivate::store(double time, double value)
@@ -105,22 +115,18 @@ void RVXSingleChannelDataModelPrivate::store(double time, double value)
     times.push_back(time);
 }
 
-QVariant RVXSingleChannelDataModelPrivate::text(int row, int column) const
+QVariant RVXSingleChannelDataModelPrivate::displayText(int row, int column) const
 {
     if (row == 0 && column >= 1)
         return QString::number(column);
-    if (!has(row))
-        return QVariant();
-    if (column == 0)
-        return timeText(times.times()[row - 1]);
-    const Units::MeasurementUnit *unit = q->units();
-    return unit ? unit->format(values[row - 1]) : QString::number(values[row - 1]);
+    QByteArray text;
+    return appendText(text, row, column) ? QString::fromUtf8(text) : QVariant();
 }
 
 QVariant RVXSingleChannelDataModelPrivate::toolTip(int row, int column) const
 {
     if (column == 0)
-        return text(row, column);
+        return displayText(row, column);
     if (row == 0)
         return QVariant();
     const double value = values.at(row - 1);
@@ -128,20 +134,23 @@ QVariant RVXSingleChannelDataModelPrivate::toolTip(int row, int column) const
     return unit ? unit->formatSuffix(value) : QString::number(value);
 }
 
-void RVXSingleChannelDataModelPrivate::write(QTextStream &stream) const
+bool RVXSingleChannelDataModelPrivate::write(QIODevice &file) const
 {
-    stream << "timestamp(s),"
-           << "channel_" << numChannels << ","
-           << "\n";
-    for (int i = 0; i < visibleRows; ++i) {
-        stream.setRealNumberNotation(QTextStream::FixedNotation);
-        stream.setRealNumberPrecision(9);
-        stream << times.times()[i] << ",";
-        stream.setRealNumberNotation(QTextStream::SmartNotation);
-        stream.setRealNumberPrecision(6);
-        stream << values[i] << ","
-               << "\n";
+    constexpr int piece = 1 << 16;
+    QByteArray text = "timestamp(s),channel_" + QByteArray::number(numChannels) + ",\n";
+    text.reserve(piece + 256);
+    bool good = true;
+    for (int i = 0; i < visibleRows && good; ++i) {
+        Units::appendNumber(text, times.times()[i], 'f', 9);
+        text.append(',');
+        Units::appendNumber(text, values[i], 'g', 6);
+        text.append(",\n");
+        if (text.size() >= piece) {
+            good = file.write(text) == text.size();
+            text.resize(0);
+        }
     }
+    return good && file.write(text) == text.size();
 }
 
 RVXSingleChannelDataModel::RVXSingleChannelDataModel(QObject *parent)
@@ -217,10 +226,7 @@ bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    QTextStream stream(&file);
-    d->write(stream);
-    stream.flush();
-    const bool complete = stream.status() == QTextStream::Ok && file.flush();
+    const bool complete = d->write(file) && file.flush();
     const QString reason = file.errorString();
     file.close();
     if (!complete || file.error() != QFileDevice::NoError)
@@ -291,7 +297,7 @@ QVariant RVXSingleChannelDataModel::deviceSpecificData(const QModelIndex &index,
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return d->text(index.row(), index.column());
+        return d->displayText(index.row(), index.column());
     case Qt::ToolTipRole:
         return d->toolTip(index.row(), index.column());
     case NumericValueRole:

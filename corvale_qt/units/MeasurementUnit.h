@@ -117,6 +117,7 @@ protected:
                     int precision);
 
 private:
+    friend struct UnitTraits;
     double m_factor;
     QString m_name;
     double m_extraScale;

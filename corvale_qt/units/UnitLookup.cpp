@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/units/NumberText_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
 
@@ -160,7 +161,7 @@ MeasurementUnit *MeasurementUnit::fromType(MeasurementUnitType type)
     return nullptr;
 }
 
-bool scalesByFactor(const MeasurementUnit &unit)
+bool UnitTraits::isPlain(const MeasurementUnit &unit)
 {
     if (isExactly<MeasurementUnit>(unit))
         return true;
@@ -169,6 +170,14 @@ bool scalesByFactor(const MeasurementUnit &unit)
             return each.isClassOf(unit);
     }
     return false;
+}
+
+void UnitTraits::appendFormatted(QByteArray &text, const MeasurementUnit &unit, double value)
+{
+    if (isPlain(unit))
+        appendNumber(text, unit.scale(value), unit.m_format, unit.m_precision);
+    else
+        text.append(unit.format(value).toUtf8());
 }
 
 MeasurementUnitType MeasurementUnit::typeFromString(const QString &text)

@@ -8,14 +8,22 @@
  * ---------------------------------------------------------------------------
  */
 
+class QByteArray;
+
 namespace Corvale_Qt {
 namespace Units {
 
 class MeasurementUnit;
 
-/*! Whether scale() is surely the product with scale(1.0): true for exactly the classes of the library, since a
-    host's unit may do what it likes. */
-bool scalesByFactor(const MeasurementUnit &unit);
+//! What is known of a unit beyond its interface.
+struct UnitTraits
+{
+    /*! Whether scale() is surely the product with scale(1.0), and format() the plain text of that: true for
+        exactly the classes of the library, since a host's unit may do what it likes. */
+    static bool isPlain(const MeasurementUnit &unit);
+    //! Appends unit.format(value), an own format() of a host's unit honoured.
+    static void appendFormatted(QByteArray &text, const MeasurementUnit &unit, double value);
+};
 
 } // namespace Units
 } // namespace Corvale_Qt

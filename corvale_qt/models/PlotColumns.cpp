@@ -36,6 +36,11 @@ quint64 PlotColumns::xVersion() const
     return 0;
 }
 
+qint64 PlotColumns::droppedRows(int) const
+{
+    return -1;
+}
+
 const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
 {
     if (!model)
@@ -70,6 +75,11 @@ void PlotColumnReader::read(int column, int firstRow, int count, double *out) co
 bool PlotColumnReader::xRises() const
 {
     return m_columns && m_columns->xRises();
+}
+
+qint64 PlotColumnReader::droppedRows(int column) const
+{
+    return m_columns ? m_columns->droppedRows(column) : -1;
 }
 
 } // namespace Corvale_Qt

@@ -58,6 +58,9 @@ public:
     virtual bool appendText(QByteArray &text, int row, int column) const;
     //! Another number each time that column 0 has changed, never used twice by any model; 0 where nobody counts.
     virtual quint64 xVersion() const;
+    /*! How many of its oldest rows a column has dropped since the last reset, where columns drop theirs one after the
+        other; -1 where all drop together, as the model announces it. */
+    virtual qint64 droppedRows(int column) const;
 
     /*! The bulk side of \a model; null for a model that is not, exactly, a class of the library: a host's
         subclass may have another doubleData(), and what it says holds. */
@@ -108,6 +111,8 @@ public:
     void read(int column, int firstRow, int count, double *out) const;
     //! As PlotColumns::xRises(); false where nobody knows.
     bool xRises() const;
+    //! As PlotColumns::droppedRows(); -1 where nobody knows.
+    qint64 droppedRows(int column) const;
     //! The model's bulk side, or null.
     const PlotColumns *columns() const { return m_columns; }
 

@@ -1,0 +1,393 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/proxies/ChannelNameList_p.h"
+#include "corvale_qt/proxies/MultichannelFile_p.h"
+#include "corvale_qt/proxies/ProxyIndexes_p.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
+#include "corvale_qt/proxies/SourceSignals_p.h"
+#include "corvale_qt/units/Units.h"
+
+#include <QBrush>
+#include <QDebug>
+#include <QFile>
+#include <QMimeData>
+#include <QTextStream>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int plotWidthHintPoints = 256;
+const Units::MeasurementUnit defaultUnits(1.0, QStringLiteral("A"), 1.0);
+const Units::S defaultXUnits;
+
+bool isTaken(Qt::DropAction action)
+{
+    return action == Qt::CopyAction || action == Qt::LinkAction;
+}
+
+} // namespace
+
+RVXMultichannelProxyModel::RVXMultichannelProxyModel(QObject *parent)
+    : QAbstractProxyModel(parent)
+    , d_ptr(new RVXMultichannelProxyModelPrivate(this))
+{
+}
+
+RVXMultichannelProxyModel::~RVXMultichannelProxyModel() = default;
+
+void RVXMultichannelProxyModel::insertSourceModel(int position,
+                                                  QAbstractItemModel *model,
+                                                  int column)
+{
+    Q_D(RVXMultichannelProxyModel);
+    auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
+    if (plot && model != this && d->hasRoom())
+        d->insert(qBound(0, position, d->channels.size()), model, plot, column);
+}
+
+void RVXMultichannelProxyModel::addSourceModel(QAbstractItemModel *model, int column)
+{
+    Q_D(RVXMultichannelProxyModel);
+    insertSourceModel(d->channels.size(), model, column);
+}
+
+void RVXMultichannelProxyModel::addChannel(const QString &name)
+{
+    Q_D(RVXMultichannelProxyModel);
+    if (!d->factory || !d->hasRoom())
+        return;
+    int column = 1;
+    addSourceModel(d->factory->createModel(QStringList(name), &column, this), column);
+}
+
+void RVXMultichannelProxyModel::removeSourceModel(QAbstractItemModel *model)
+{
+    Q_D(RVXMultichannelProxyModel);
+    if (ChannelSource *source = d->sourceOf(model))
+        d->remove(source);
+}
+
+QStringList RVXMultichannelProxyModel::channelNames() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    QStringList names;
+    for (const Channel &channel : d->channels) {
+        const QString name = channel.source->items->property("channel").toString();
+        if (!name.isEmpty())
+            names.append(name);
+    }
+    return names;
+}
+
+void RVXMultichannelProxyModel::setChannelNames(const QStringList &names)
+{
+    Q_D(RVXMultichannelProxyModel);
+    for (const QString &name : names) {
+        if (!d->hasRoom())
+            break;
+        addChannel(name);
+    }
+}
+
+void RVXMultichannelProxyModel::setChannelModelFactory(AbstractChannelModelFactory *factory)
+{
+    Q_D(RVXMultichannelProxyModel);
+    if (factory == d->factory)
+        return;
+    delete d->factory;
+    d->factory = factory;
+}
+
+QModelIndex RVXMultichannelProxyModel::index(int row, int column, const QModelIndex &parent) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    const bool inside = row >= 0 && row <= d->ledger.rows() && column >= 0
+        && column <= d->channels.size() && !parent.isValid();
+    return inside ? createIndex(row, column) : QModelIndex();
+}
+
+QModelIndex RVXMultichannelProxyModel::parent(const QModelIndex &) const
+{
+    return QModelIndex();
+}
+
+int RVXMultichannelProxyModel::rowCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return parent.isValid() ? 0 : d->ledger.rows() + 1;
+}
+
+int RVXMultichannelProxyModel::columnCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return parent.isValid() ? 0 : d->channels.size() + 1;
+}
+
+bool RVXMultichannelProxyModel::hasChildren(const QModelIndex &parent) const
+{
+    return !parent.isValid();
+}
+
+QVariant RVXMultichannelProxyModel::data(const QModelIndex &index, int role) const
+{
+    const bool isChannelHeader = index.isValid() && index.row() == 0 && index.column() >= 1;
+    if (isChannelHeader && role == Qt::BackgroundRole)
+        return QBrush(RVXPlotColors::color(index.column() - 1));
+    return mapToSource(index).data(role);
+}
+
+bool RVXMultichannelProxyModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    Q_D(RVXMultichannelProxyModel);
+    const Channel *channel = index.isValid() ? d->channel(index.column()) : nullptr;
+    return channel && channel->source->items->setData(mapToSource(index), value, role);
+}
+
+QVariant
+RVXMultichannelProxyModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    if (orientation != Qt::Horizontal || d->channels.isEmpty())
+        return QAbstractItemModel::headerData(section, orientation, role);
+    const Channel *channel = d->channel(section);
+    if (channel)
+        return channel->source->items->headerData(channel->column, orientation, role);
+    return d->channels.first().source->items->headerData(0, orientation, role);
+}
+
+QModelIndex RVXMultichannelProxyModel::buddy(const QModelIndex &index) const
+{
+    return index;
+}
+
+QStringList RVXMultichannelProxyModel::mimeTypes() const
+{
+    return {channelNameListType(), QStringLiteral("text/plain")};
+}
+
+bool RVXMultichannelProxyModel::canDropMimeData(const QMimeData *data,
+                                                Qt::DropAction action,
+                                                int,
+                                                int,
+                                                const QModelIndex &) const
+{
+    return isTaken(action) && (data->hasFormat(channelNameListType()) || data->hasText());
+}
+
+bool RVXMultichannelProxyModel::dropMimeData(const QMimeData *data,
+                                             Qt::DropAction action,
+                                             int,
+                                             int,
+                                             const QModelIndex &)
+{
+    Q_D(RVXMultichannelProxyModel);
+    if (action == Qt::IgnoreAction)
+        return true;
+    if (!isTaken(action))
+        return false;
+
+    QStringList names;
+    if (data->hasFormat(channelNameListType()))
+        // One more than there may be, so that the refusal is told.
+        names = readChannelNames(data->data(channelNameListType()), d->mostChannels + 1);
+    else if (data->hasText())
+        names.append(data->text());
+    else
+        return false;
+
+    for (const QString &name : qAsConst(names)) {
+        if (!d->hasRoom())
+            break;
+        qDebug() << "Drop channel" << name;
+        addChannel(name);
+    }
+    return true;
+}
+
+Qt::DropActions RVXMultichannelProxyModel::supportedDropActions() const
+{
+    return Qt::CopyAction | Qt::LinkAction;
+}
+
+bool RVXMultichannelProxyModel::insertRows(int, int, const QModelIndex &)
+{
+    return false;
+}
+
+bool RVXMultichannelProxyModel::insertColumns(int, int, const QModelIndex &)
+{
+    return false;
+}
+
+bool RVXMultichannelProxyModel::removeRows(int, int, const QModelIndex &)
+{
+    return false;
+}
+
+bool RVXMultichannelProxyModel::removeColumns(int, int, const QModelIndex &)
+{
+    return false;
+}
+
+Qt::ItemFlags RVXMultichannelProxyModel::flags(const QModelIndex &index) const
+{
+    // Names are dropped where no channel is: on the empty area of a view.
+    const Qt::ItemFlags standard = QAbstractItemModel::flags(index);
+    return index.isValid() ? standard : standard | Qt::ItemIsDropEnabled;
+}
+
+QModelIndexList RVXMultichannelProxyModel::match(const QModelIndex &start,
+                                                 int role,
+                                                 const QVariant &value,
+                                                 int hits,
+                                                 Qt::MatchFlags flags) const
+{
+    const QModelIndex source = mapToSource(start);
+    if (!source.isValid())
+        return QModelIndexList();
+    return mapIndexes(source.model()->match(source, role, value, hits, flags),
+                      [this](const QModelIndex &index) {
+                          return mapFromSource(index);
+                      });
+}
+
+void RVXMultichannelProxyModel::setSourceModel(QAbstractItemModel *) { }
+
+QModelIndex RVXMultichannelProxyModel::mapToSource(const QModelIndex &proxyIndex) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    if (!proxyIndex.isValid())
+        return QModelIndex();
+    const int row = proxyIndex.row();
+    if (const Channel *channel = d->channel(proxyIndex.column())) {
+        // A source without samples has none to repeat.
+        const bool hasSamples = channel->source->rowCount() >= 2;
+        return channel->source->items->index(hasSamples ? channel->source->shownRow(row) : row,
+                                             channel->column);
+    }
+    if (proxyIndex.column() != 0)
+        return QModelIndex();
+    for (const Channel &channel : d->channels) {
+        if (row < channel.source->rowCount())
+            return channel.source->items->index(row, 0);
+    }
+    return QModelIndex();
+}
+
+QModelIndex RVXMultichannelProxyModel::mapFromSource(const QModelIndex &sourceIndex) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    const ChannelSource *source =
+        sourceIndex.isValid() ? d->sourceOf(sourceIndex.model()) : nullptr;
+    if (!source)
+        return QModelIndex();
+    const int column = sourceIndex.column() == 0 ? 0 : source->columns.first();
+    return createIndex(sourceIndex.row(), column, sourceIndex.internalPointer());
+}
+
+QItemSelection
+RVXMultichannelProxyModel::mapSelectionToSource(const QItemSelection &selection) const
+{
+    return mapRanges(selection, [this](const QModelIndex &index) {
+        return mapToSource(index);
+    });
+}
+
+QItemSelection
+RVXMultichannelProxyModel::mapSelectionFromSource(const QItemSelection &selection) const
+{
+    return mapRanges(selection, [this](const QModelIndex &index) {
+        return mapFromSource(index);
+    });
+}
+
+bool RVXMultichannelProxyModel::SaveDataToFile(const QString &fileName) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    if (d->channels.isEmpty() || fileName.isEmpty())
+        return false;
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    writeChannels(stream, d->channels, d->ledger.rows());
+    stream.flush();
+    file.close();
+    return stream.status() == QTextStream::Ok && file.error() == QFileDevice::NoError;
+}
+
+void RVXMultichannelProxyModel::Clear()
+{
+    Q_D(RVXMultichannelProxyModel);
+    QList<QPointer<ChannelSource>> sources;
+    for (const auto &source : d->sources)
+        sources.append(source.get());
+    d->ledger.beginReset();
+    for (const QPointer<ChannelSource> &source : qAsConst(sources)) {
+        if (source && !source->columns.isEmpty())
+            source->plot->Clear();
+    }
+    d->ledger.endReset();
+}
+
+int RVXMultichannelProxyModel::PlotWidthHintPoints() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->firstPlot() ? d->firstPlot()->PlotWidthHintPoints() : plotWidthHintPoints;
+}
+
+double RVXMultichannelProxyModel::PlotWidthHint() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->firstPlot() ? d->firstPlot()->PlotWidthHint() : 0.0;
+}
+
+const Units::MeasurementUnit *RVXMultichannelProxyModel::units() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->firstPlot() ? d->firstPlot()->units() : &defaultUnits;
+}
+
+const Units::MeasurementUnit *RVXMultichannelProxyModel::xUnits() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->firstPlot() ? d->firstPlot()->xUnits() : &defaultXUnits;
+}
+
+int RVXMultichannelProxyModel::MaxBufferSize() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->firstPlot() ? d->firstPlot()->MaxBufferSize() : 0;
+}
+
+double RVXMultichannelProxyModel::doubleData(int row, int column) const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    if (column == 0)
+        return d->time(row);
+    const Channel *channel = d->channel(column);
+    if (row == 0 && column > 0)
+        return column;
+    if (!channel || row < 0)
+        return 0.0;
+    const int shown = channel->source->shownRow(row);
+    return shown >= 0 ? channel->source->plot->doubleData(shown, channel->column) : 0.0;
+}
+
+QwtSeriesData<QPointF> *
+RVXMultichannelProxyModel::seriesData(int column, int startRow, int endRow) const
+{
+    return new RVXSeriesData(*this, column, startRow, endRow);
+}
+
+void RVXMultichannelProxyModel::sourceRowsInserted(const QModelIndex &, int, int) { }
+void RVXMultichannelProxyModel::sourceRowsRemoved(const QModelIndex &, int, int) { }
+void RVXMultichannelProxyModel::sourceModelReset() { }
+void RVXMultichannelProxyModel::sourceDataChanged(const QModelIndex &, const QModelIndex &) { }
+
+} // namespace Corvale_Qt

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
+#include "corvale_qt/proxies/SingleChannelModelFactory.h"
+#include "corvale_qt/proxies/SourceSignals_p.h"
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+const PlotColumns *RVXMultichannelProxyModelPrivate::find(const RVXAbstractPlotDataModel &model)
+{
+    return static_cast<const RVXMultichannelProxyModel &>(model).d_func();
+}
+
+const bool RVXMultichannelProxyModelPrivate::known =
+    PlotColumns::add(typeid(RVXMultichannelProxyModel), find);
+
+RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
+    : q(proxy)
+    , ledger(proxy, sources, channels)
+    , factory(new SingleChannelModelFactory)
+{
+}
+
+RVXMultichannelProxyModelPrivate::~RVXMultichannelProxyModelPrivate()
+{
+    if (factory && !factory->parent())
+        delete factory;
+}
+
+void RVXMultichannelProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
+{
+    const Channel *shown = channel(column);
+    if (column == 0)
+        readTimes(firstRow, count, out);
+    else if (shown)
+        readChannel(*shown, firstRow, count, out);
+    else
+        std::fill_n(out, std::max(count, 0), 0.0);
+    const bool withHeader = firstRow <= 0 && firstRow + count > 0;
+    if (withHeader && column > 0)
+        out[-firstRow] = column;
+}
+
+bool RVXMultichannelProxyModelPrivate::xRises() const
+{
+    // All times are the first source's then.
+    return !channels.isEmpty() && channels.first().source->rowCount() > ledger.rows()
+        && channels.first().source->reader.xRises();
+}
+
+qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
+{
+    const Channel *shown = channel(column);
+    if (!shown)
+        return -1;
+    const qint64 ownWay = shown->source->reader.droppedRows(shown->column);
+    return ownWay >= 0 ? ownWay : shown->source->dropped;
+}
+
+const Channel *RVXMultichannelProxyModelPrivate::channel(int column) const
+{
+    return column >= 1 && column <= channels.size() ? &channels.at(column - 1) : nullptr;
+}
+
+ChannelSource *RVXMultichannelProxyModelPrivate::sourceOf(const QAbstractItemModel *model) const
+{
+    const auto found = std::find_if(sources.begin(), sources.end(), [model](const auto &source) {
+        return source->items == model;
+    });
+    return found == sources.end() ? nullptr : found->get();
+}
+
+RVXAbstractPlotDataModel *RVXMultichannelProxyModelPrivate::firstPlot() const
+{
+    return channels.isEmpty() ? nullptr : channels.first().source->plot;
+}
+
+bool RVXMultichannelProxyModelPrivate::hasRoom() const
+{
+    if (channels.size() < mostChannels)
+        return true;
+    qDebug() << "No more than" << mostChannels << "channels: the rest is refused";
+    return false;
+}
+
+void RVXMultichannelProxyModelPrivate::insert(int position,
+                                              QAbstractItemModel *items,
+                                              RVXAbstractPlotDataModel *plot,
+                                              int column)
+{
+    ledger.beginReset();
+    ChannelSource *source = sourceOf(items);
+    if (!source) {
+        sources.push_back(std::make_unique<ChannelSource>(q, this, items, plot));
+        source = sources.back().get();
+    }
+    channels.insert(position, Channel{source, column});
+    channelsChanged();
+    source->wire();
+    ledger.endReset();
+}
+
+void RVXMultichannelProxyModelPrivate::remove(ChannelSource *source)
+{
+    ledger.beginReset();
+    source->unwire();
+    // Kept on purpose, for hosts already built: the relay is doubled instead of cut ...
+    connectUnitsChanged(source->items,
+                        q,
+                        SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
+    // ... and a model that is found at position 0 stays.
+    while (channels.first().source != source) {
+        const auto found =
+            std::find_if(channels.begin(), channels.end(), [source](const Channel &c) {
+                return c.source == source;
+            });
+        if (found == channels.end())
+            break;
+        channels.erase(found);
+    }
+    channelsChanged();
+    ledger.endReset();
+}
+
+void RVXMultichannelProxyModelPrivate::sourceDestroyed(ChannelSource *source)
+{
+    // Little is left of the model: nobody may reach it, whoever listens to the reset included.
+    const auto isOfSource = [source](const Channel &channel) {
+        return channel.source == source;
+    };
+    channels.erase(std::remove_if(channels.begin(), channels.end(), isOfSource), channels.end());
+    channelsChanged();
+    ledger.beginReset();
+    ledger.endReset();
+}
+
+double RVXMultichannelProxyModelPrivate::time(int row) const
+{
+    double newest = 0.0;
+    for (const Channel &channel : channels) {
+        const int rows = channel.source->rowCount();
+        if (row < rows)
+            return channel.source->plot->doubleData(row, 0);
+        if (rows > 1)
+            newest = channel.source->plot->doubleData(rows - 1, 0);
+    }
+    return newest;
+}
+
+void RVXMultichannelProxyModelPrivate::readTimes(int firstRow, int count, double *out) const
+{
+    int done = 0;
+    for (const Channel &channel : channels) {
+        const int available =
+            std::min(channel.source->rowCount() - (firstRow + done), count - done);
+        if (available <= 0)
+            continue;
+        channel.source->reader.read(0, firstRow + done, available, out + done);
+        done += available;
+    }
+    if (done < count)
+        std::fill(out + done, out + count, time(firstRow + done));
+}
+
+void RVXMultichannelProxyModelPrivate::readChannel(const Channel &channel,
+                                                   int firstRow,
+                                                   int count,
+                                                   double *out) const
+{
+    const int before = std::clamp(-firstRow, 0, count);
+    std::fill_n(out, before, 0.0);
+    const int rows = channel.source->rowCount();
+    const int own = std::clamp(rows - (firstRow + before), 0, count - before);
+    channel.source->reader.read(channel.column, firstRow + before, own, out + before);
+    if (before + own == count)
+        return;
+    double newest = 0.0;
+    if (rows > 0)
+        channel.source->reader.read(channel.column, rows - 1, 1, &newest);
+    std::fill(out + before + own, out + count, newest);
+}
+
+//! Numbers the columns of the sources, and lets go of those that no channel shows.
+void RVXMultichannelProxyModelPrivate::channelsChanged()
+{
+    for (const auto &source : sources)
+        source->columns.clear();
+    for (int i = 0; i < channels.size(); ++i)
+        channels[i].source->columns.append(i + 1);
+    const auto firstUnused =
+        std::stable_partition(sources.begin(), sources.end(), [](const auto &source) {
+            return !source->columns.isEmpty();
+        });
+    ChannelSources unused(std::make_move_iterator(firstUnused),
+                          std::make_move_iterator(sources.end()));
+    sources.erase(firstUnused, sources.end());
+    for (auto &source : unused)
+        source.release()->retire();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXPlotProxyModel.h"
+
+#include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/proxies/ProxyIndexes_p.h"
+#include "corvale_qt/proxies/SourceRelay_p.h"
+#include "corvale_qt/proxies/SourceSignals_p.h"
+
+namespace Corvale_Qt {
+
+class RVXPlotProxyModelPrivate : public SourceRelay<RVXPlotProxyModel>
+{
+public:
+    using SourceRelay::SourceRelay;
+
+    void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
+    void sourceDestroyed();
+
+    // One object, found from both sides once.
+    QAbstractItemModel *items = nullptr;
+    RVXAbstractPlotDataModel *plot = nullptr;
+
+private:
+    void replaceSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
+
+    QMetaObject::Connection destroyed;
+};
+
+void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
+                                         RVXAbstractPlotDataModel *newPlot)
+{
+    beginReset();
+    if (items) {
+        disconnectSource(items, q);
+        QObject::disconnect(destroyed);
+    }
+    replaceSource(newItems, newPlot);
+}
+
+void RVXPlotProxyModelPrivate::sourceDestroyed()
+{
+    // Little is left of it: nobody may reach it, whoever listens to the reset included.
+    items = nullptr;
+    plot = nullptr;
+    beginReset();
+    replaceSource(nullptr, nullptr);
+}
+
+void RVXPlotProxyModelPrivate::replaceSource(QAbstractItemModel *newItems,
+                                             RVXAbstractPlotDataModel *newPlot)
+{
+    q->QAbstractProxyModel::setSourceModel(newItems);
+    items = newItems;
+    plot = newPlot;
+    if (items) {
+        connectSource(items, q);
+        destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
+            sourceDestroyed();
+        });
+    }
+    q->sourceModelReset();
+    endAllResets();
+}
+
+RVXPlotProxyModel::RVXPlotProxyModel(QObject *parent)
+    : QAbstractProxyModel(parent)
+    , d_ptr(new RVXPlotProxyModelPrivate(this))
+{
+}
+
+RVXPlotProxyModel::~RVXPlotProxyModel() = default;
+
+void RVXPlotProxyModel::setSourceModel(QAbstractItemModel *model)
+{
+    Q_D(RVXPlotProxyModel);
+    auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
+    if (!plot || model == d->items || model == this)
+        return;
+    d->setSource(model, plot);
+}
+
+RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel()
+{
+    Q_D(RVXPlotProxyModel);
+    return d->plot;
+}
+
+const RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot;
+}
+
+QModelIndex RVXPlotProxyModel::index(int row, int column, const QModelIndex &parent) const
+{
+    Q_D(const RVXPlotProxyModel);
+    if (!hasIndex(row, column, parent))
+        return QModelIndex();
+    return mapFromSource(d->items->index(row, column, mapToSource(parent)));
+}
+
+QModelIndex RVXPlotProxyModel::parent(const QModelIndex &) const
+{
+    return QModelIndex();
+}
+
+int RVXPlotProxyModel::rowCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->items ? d->items->rowCount(mapToSource(parent)) : 0;
+}
+
+int RVXPlotProxyModel::columnCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->items ? d->items->columnCount(mapToSource(parent)) : 0;
+}
+
+bool RVXPlotProxyModel::dropMimeData(const QMimeData *data,
+                                     Qt::DropAction action,
+                                     int row,
+                                     int column,
+                                     const QModelIndex &parent)
+{
+    Q_D(RVXPlotProxyModel);
+    return d->items && d->items->dropMimeData(data, action, row, column, mapToSource(parent));
+}
+
+bool RVXPlotProxyModel::insertRows(int row, int count, const QModelIndex &parent)
+{
+    Q_D(RVXPlotProxyModel);
+    return d->items && d->items->insertRows(row, count, mapToSource(parent));
+}
+
+bool RVXPlotProxyModel::insertColumns(int column, int count, const QModelIndex &parent)
+{
+    Q_D(RVXPlotProxyModel);
+    return d->items && d->items->insertColumns(column, count, mapToSource(parent));
+}
+
+bool RVXPlotProxyModel::removeRows(int row, int count, const QModelIndex &parent)
+{
+    Q_D(RVXPlotProxyModel);
+    return d->items && d->items->removeRows(row, count, mapToSource(parent));
+}
+
+bool RVXPlotProxyModel::removeColumns(int column, int count, const QModelIndex &parent)
+{
+    Q_D(RVXPlotProxyModel);
+    return d->items && d->items->removeColumns(column, count, mapToSource(parent));
+}
+
+QModelIndexList RVXPlotProxyModel::match(const QModelIndex &start,
+                                         int role,
+                                         const QVariant &value,
+                                         int hits,
+                                         Qt::MatchFlags flags) const
+{
+    Q_D(const RVXPlotProxyModel);
+    if (!d->items)
+        return QModelIndexList();
+    return mapIndexes(d->items->match(mapToSource(start), role, value, hits, flags),
+                      [this](const QModelIndex &index) {
+                          return mapFromSource(index);
+                      });
+}
+
+QModelIndex RVXPlotProxyModel::mapToSource(const QModelIndex &proxyIndex) const
+{
+    Q_D(const RVXPlotProxyModel);
+    if (!d->items || !proxyIndex.isValid())
+        return QModelIndex();
+    return d->items->index(proxyIndex.row(), proxyIndex.column(), QModelIndex());
+}
+
+QModelIndex RVXPlotProxyModel::mapFromSource(const QModelIndex &sourceIndex) const
+{
+    Q_D(const RVXPlotProxyModel);
+    if (!d->items || !sourceIndex.isValid())
+        return QModelIndex();
+    return createIndex(sourceIndex.row(), sourceIndex.column(), sourceIndex.internalPointer());
+}
+
+QItemSelection RVXPlotProxyModel::mapSelectionToSource(const QItemSelection &selection) const
+{
+    return mapRanges(selection, [this](const QModelIndex &index) {
+        return mapToSource(index);
+    });
+}
+
+QItemSelection RVXPlotProxyModel::mapSelectionFromSource(const QItemSelection &selection) const
+{
+    return mapRanges(selection, [this](const QModelIndex &index) {
+        return mapFromSource(index);
+    });
+}
+
+bool RVXPlotProxyModel::SaveDataToFile(const QString &fileName) const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot && d->plot->SaveDataToFile(fileName);
+}
+
+void RVXPlotProxyModel::Clear()
+{
+    Q_D(RVXPlotProxyModel);
+    if (d->plot)
+        d->plot->Clear();
+}
+
+int RVXPlotProxyModel::PlotWidthHintPoints() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot ? d->plot->PlotWidthHintPoints() : 0;
+}
+
+double RVXPlotProxyModel::PlotWidthHint() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot ? d->plot->PlotWidthHint() : 0.0;
+}
+
+const Units::MeasurementUnit *RVXPlotProxyModel::units() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot ? d->plot->units() : nullptr;
+}
+
+const Units::MeasurementUnit *RVXPlotProxyModel::xUnits() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot ? d->plot->xUnits() : nullptr;
+}
+
+QwtSeriesData<QPointF> *RVXPlotProxyModel::seriesData(int column, int startRow, int endRow) const
+{
+    return new RVXSeriesData(*this, column, startRow, endRow);
+}
+
+int RVXPlotProxyModel::MaxBufferSize() const
+{
+    Q_D(const RVXPlotProxyModel);
+    return d->plot ? d->plot->MaxBufferSize() : 0;
+}
+
+void RVXPlotProxyModel::sourceRowsInserted(const QModelIndex &, int, int) { }
+void RVXPlotProxyModel::sourceRowsRemoved(const QModelIndex &, int, int) { }
+void RVXPlotProxyModel::sourceModelReset() { }
+void RVXPlotProxyModel::sourceDataChanged(const QModelIndex &, const QModelIndex &) { }
+
+void RVXPlotProxyModel::beginSharedReset()
+{
+    Q_D(RVXPlotProxyModel);
+    d->beginReset();
+}
+
+void RVXPlotProxyModel::endSharedReset()
+{
+    Q_D(RVXPlotProxyModel);
+    d->endReset();
+}
+
+} // namespace Corvale_Qt
+
+#include "moc_RVXPlotProxyModel.cpp"

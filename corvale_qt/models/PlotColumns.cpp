@@ -77,6 +77,16 @@ bool PlotColumnReader::xRises() const
     return m_columns && m_columns->xRises();
 }
 
+bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &spans) const
+{
+    return m_columns && m_columns->spans(column, firstRow, count, spans);
+}
+
+quint64 PlotColumnReader::xVersion() const
+{
+    return m_columns ? m_columns->xVersion() : 0;
+}
+
 qint64 PlotColumnReader::droppedRows(int column) const
 {
     return m_columns ? m_columns->droppedRows(column) : -1;

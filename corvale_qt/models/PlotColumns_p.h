@@ -111,6 +111,10 @@ public:
     void read(int column, int firstRow, int count, double *out) const;
     //! As PlotColumns::xRises(); false where nobody knows.
     bool xRises() const;
+    //! As PlotColumns::spans(); false where nobody knows.
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    //! As PlotColumns::xVersion(); 0 where nobody counts.
+    quint64 xVersion() const;
     //! As PlotColumns::droppedRows(); -1 where nobody knows.
     qint64 droppedRows(int column) const;
     //! The model's bulk side, or null.

@@ -90,9 +90,11 @@ bool RVXSingleChannelDataModelPrivate::spans(int column,
     const Units::MeasurementUnit *unit = q->units();
     if (unit && !Units::UnitTraits::isPlain(*unit))
         return false;
+    if (!ringSpans(values, firstRow - 1, count, spans))
+        return false;
     // scale(1.0) is the product that scale() forms first, to the last bit.
     spans.factor = unit ? unit->scale(1.0) : 1.0;
-    return ringSpans(values, firstRow - 1, count, spans);
+    return true;
 }
 
 bool RVXSingleChannelDataModelPrivate::appendText(QByteArray &text, int row, int column) const

@@ -45,6 +45,7 @@ inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans 
 {
     if (first < 0 || count < 0 || first > int(ring.size()) - count)
         return false;
+    spans = ColumnSpans();
     const auto one = ring.array_one();
     const auto two = ring.array_two();
     const int skip = std::min(first, int(one.second));

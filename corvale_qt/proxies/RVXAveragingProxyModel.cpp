@@ -18,7 +18,9 @@ public:
     }
 
     void read(int column, int firstRow, int count, double *out) const override;
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
+    quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     int sampleRows() const;
@@ -65,6 +67,16 @@ void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, do
                  });
     const int done = before + within;
     source.read(column, firstRow + done, count - done, out + done);
+}
+
+bool RVXAveragingProxyModelPrivate::spans(int column,
+                                          int firstRow,
+                                          int count,
+                                          ColumnSpans &spans) const
+{
+    if (column < 1 || column > averages.channels())
+        return source.spans(column, firstRow, count, spans);
+    return ringSpans(averages.column(column), firstRow - 1, count, spans);
 }
 
 int RVXAveragingProxyModelPrivate::sampleRows() const

@@ -44,11 +44,32 @@ void RVXMultichannelProxyModelPrivate::read(int column, int firstRow, int count,
         out[-firstRow] = column;
 }
 
+bool RVXMultichannelProxyModelPrivate::spans(int column,
+                                             int firstRow,
+                                             int count,
+                                             ColumnSpans &spans) const
+{
+    const Channel *shown = column == 0 && timesAreOfFirst() ? &channels.first() : channel(column);
+    // Rows beyond the source's own repeat its newest sample, which lies there once.
+    if (!shown || firstRow < 1 || firstRow + count > shown->source->rowCount())
+        return false;
+    return shown->source->reader.spans(column == 0 ? 0 : shown->column, firstRow, count, spans);
+}
+
 bool RVXMultichannelProxyModelPrivate::xRises() const
 {
-    // All times are the first source's then.
-    return !channels.isEmpty() && channels.first().source->rowCount() > ledger.rows()
-        && channels.first().source->reader.xRises();
+    return timesAreOfFirst() && channels.first().source->reader.xRises();
+}
+
+quint64 RVXMultichannelProxyModelPrivate::xVersion() const
+{
+    return timesAreOfFirst() ? channels.first().source->reader.xVersion() : 0;
+}
+
+//! Whether the first source is long enough for all rows.
+bool RVXMultichannelProxyModelPrivate::timesAreOfFirst() const
+{
+    return !channels.isEmpty() && channels.first().source->rowCount() > ledger.rows();
 }
 
 qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const

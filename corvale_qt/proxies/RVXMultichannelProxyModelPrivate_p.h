@@ -22,7 +22,9 @@ public:
     ~RVXMultichannelProxyModelPrivate() override;
 
     void read(int column, int firstRow, int count, double *out) const override;
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override;
+    quint64 xVersion() const override;
     qint64 droppedRows(int column) const override;
 
     //! The channel of a column; null where there is none.
@@ -49,6 +51,7 @@ public:
     QPointer<AbstractChannelModelFactory> factory;
 
 private:
+    bool timesAreOfFirst() const;
     void readTimes(int firstRow, int count, double *out) const;
     void readChannel(const Channel &channel, int firstRow, int count, double *out) const;
     void channelsChanged();

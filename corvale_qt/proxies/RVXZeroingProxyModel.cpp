@@ -19,7 +19,9 @@ public:
     }
 
     void read(int column, int firstRow, int count, double *out) const override;
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
+    quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     bool isZeroed(int row, int column) const;
@@ -54,6 +56,22 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     const double zero = shownZero(column);
     for (int i = std::max(1 - firstRow, 0); i < count; ++i)
         out[i] -= zero;
+}
+
+bool RVXZeroingProxyModelPrivate::spans(int column,
+                                        int firstRow,
+                                        int count,
+                                        ColumnSpans &spans) const
+{
+    if (!source.spans(column, firstRow, count, spans))
+        return false;
+    if (!isZeroed(1, column))
+        return true;
+    // One subtraction has a place there; with a second one below this, the numbers are read instead.
+    if (spans.zero != 0.0 || firstRow < 1)
+        return false;
+    spans.zero = shownZero(column);
+    return true;
 }
 
 bool RVXZeroingProxyModelPrivate::isZeroed(int row, int column) const

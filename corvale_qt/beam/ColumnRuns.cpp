@@ -22,7 +22,6 @@ int pixelOf(const QwtScaleMap &map, double value)
 void ColumnRuns::begin(const QRect &clip)
 {
     m_clip = clip;
-    m_runs.resize(0);
     m_lines.resize(0);
     m_open = false;
 }
@@ -74,7 +73,7 @@ void ColumnRuns::flush()
     const int top = std::max(m_least, m_clip.top());
     const int bottom = std::min(m_greatest, m_clip.bottom());
     if (top <= bottom && m_column >= m_clip.left() && m_column <= m_clip.right())
-        m_runs.append(QRect(m_column, top, 1, bottom - top + 1));
+        m_lines.append(QLine(m_column, top, m_column, bottom));
 }
 
 } // namespace Corvale_Qt

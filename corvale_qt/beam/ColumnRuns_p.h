@@ -39,8 +39,7 @@ public:
     void addColumn(int column, int first, int least, int greatest, int last);
     void end() { gap(); }
 
-    //! One pixel wide, inside the clip.
-    const QVector<QRect> &runs() const { return m_runs; }
+    //! The runs, inside the clip, and the lines between columns that are not neighbours; each with its end pixels.
     const QVector<QLine> &lines() const { return m_lines; }
 
 private:
@@ -48,7 +47,6 @@ private:
     void flush();
 
     QRect m_clip;
-    QVector<QRect> m_runs;
     QVector<QLine> m_lines;
 
     bool m_open = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/ColumnEdges_p.h"
 #include "corvale_qt/beam/ColumnRuns_p.h"
+#include "corvale_qt/beam/CurveLayer_p.h"
 #include "corvale_qt/beam/CurveLines_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
@@ -191,18 +192,16 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     }
     runs.end();
 
-    m_painter->drawLines(runs.lines());
-    // A run is the pixels of a vertical line; as a filled rectangle it costs a fraction.
-    m_painter->save();
-    const QColor colour = m_painter->pen().color();
-    m_painter->setPen(Qt::NoPen);
-    m_painter->setBrush(colour);
-    m_painter->drawRects(runs.runs());
-    m_painter->restore();
+    if (m_layer)
+        m_layer->add(m_painter, clip, runs.lines(), m_painter->pen().color());
+    else
+        m_painter->drawLines(runs.lines());
 }
 
 void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to)
 {
+    if (m_layer)
+        m_layer->flush(m_painter);
     QPolygonF &points = scratch().points;
     points.resize(0);
     forEachSample(series, from, to, [&](double x, double y) {

@@ -18,6 +18,8 @@ class QwtScaleMap;
 
 namespace Corvale_Qt {
 
+class CurveLayer;
+
 /*! Draws the lines of a curve that breaks at missing samples. Two ways, the same picture but for a pixel at a
     corner here and there:
 
@@ -37,6 +39,8 @@ public:
 
     //! Cuts polylines at the canvas, as QwtPlotCurve::ClipPolygons asks.
     void setClipping(bool on) { m_clipping = on; }
+    //! Where runs go instead of onto the painter; null, as it is at first, for none.
+    void setLayer(CurveLayer *layer) { m_layer = layer; }
     //! Samples \a from to \a to, both included.
     void draw(const QwtSeriesData<QPointF> &series, int from, int to);
 
@@ -50,6 +54,7 @@ private:
     const QwtScaleMap &m_xMap;
     const QwtScaleMap &m_yMap;
     QRectF m_canvasRect;
+    CurveLayer *m_layer = nullptr;
     bool m_clipping = false;
     bool m_aligned;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
 
+#include "corvale_qt/beam/CurveLayer_p.h"
 #include "corvale_qt/beam/CurveLines_p.h"
 
 #include <qwt_scale_map.h>
@@ -65,6 +66,11 @@ QRectF RVXDiscontinuousPlotCurve::boundingRect() const
     return isFinite(bounds) || !data() ? bounds : finiteBounds(*data());
 }
 
+void RVXDiscontinuousPlotCurve::setLayer(CurveLayer *layer)
+{
+    m_layer = layer;
+}
+
 //! Calls drawRun(first, last) for each longest run of finite samples in from ... to.
 template<typename DrawRun>
 void RVXDiscontinuousPlotCurve::forEachFiniteRun(int from, int to, DrawRun drawRun) const
@@ -110,10 +116,13 @@ void RVXDiscontinuousPlotCurve::drawLines(QPainter *painter,
         && (brush().style() == Qt::NoBrush || brush().color().alpha() == 0);
     if (plain) {
         CurveLines lines(painter, xMap, yMap, canvasRect);
+        lines.setLayer(m_layer);
         lines.setClipping(testPaintAttribute(ClipPolygons));
         lines.draw(*data(), from, to);
         return;
     }
+    if (m_layer)
+        m_layer->flush(painter);
     forEachFiniteRun(from, to, [&](int first, int last) {
         QwtPlotCurve::drawLines(painter, xMap, yMap, canvasRect, first, last);
     });

@@ -7,6 +7,8 @@
 
 namespace Corvale_Qt {
 
+class CurveLayer;
+
 /*! A curve that breaks where samples are missing: a sample whose x or y is not finite is not drawn, and no
     line leads to or from it. A sample between two missing ones is drawn as a point of the pen's
    width.
@@ -21,6 +23,10 @@ public:
     ~RVXDiscontinuousPlotCurve() override;
 
     QRectF boundingRect() const override;
+
+    /*! For views of this library that draw many channels: dense curves are gathered in \a layer, an item of the
+        same plot, which must outlive the curve or be taken away with null. */
+    void setLayer(CurveLayer *layer);
 
 protected:
     void drawCurve(QPainter *painter,
@@ -47,6 +53,8 @@ protected:
 private:
     template<typename DrawRun>
     void forEachFiniteRun(int from, int to, DrawRun drawRun) const;
+
+    CurveLayer *m_layer = nullptr;
 };
 
 } // namespace Corvale_Qt

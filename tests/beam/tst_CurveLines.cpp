@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/ColumnRuns_p.h"
+#include "corvale_qt/beam/CurveLayer_p.h"
 #include "corvale_qt/beam/CurveLines_p.h"
 #include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/models/RVXSeriesData.h"
@@ -7,6 +8,7 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
 
+#include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
 #include <QPainter>
@@ -77,8 +79,19 @@ public:
         QPainter painter(&image);
         painter.setPen(pen());
         drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
+        if (m_layer)
+            m_layer->flush(&painter);
         return image;
     }
+
+    void setLayer(CurveLayer *layer)
+    {
+        m_layer = layer;
+        RVXDiscontinuousPlotCurve::setLayer(layer);
+    }
+
+private:
+    CurveLayer *m_layer = nullptr;
 };
 
 int differingPixels(const QImage &a, const QImage &b)
@@ -142,6 +155,7 @@ private Q_SLOTS:
     void sparseIsQwtsOwn();
     void lonelySamplesAreSeen();
     void penThatBlends();
+    void orderOfCurvesInALayer();
 };
 
 void tst_CurveLines::denseIsEverySegment_data()
@@ -214,6 +228,10 @@ void tst_CurveLines::denseIsEverySegment()
         const QImage picture = curve.draw(x, y);
         QVERIFY(litPixels(picture) > 0);
         QCOMPARE(differingPixels(picture, everySegment(series, x, y)), 0);
+        CurveLayer layer;
+        curve.setLayer(&layer);
+        QCOMPARE(differingPixels(picture, curve.draw(x, y)), 0);
+        curve.setLayer(nullptr);
     }
 }
 
@@ -349,6 +367,41 @@ void tst_CurveLines::penThatBlends()
     QVERIFY(litPixels(curve.draw(x, y)) > 10000);
     curve.setPen(QPen(Qt::yellow, 3.0));
     QVERIFY(litPixels(curve.draw(x, y)) > 10000);
+}
+
+void tst_CurveLines::orderOfCurvesInALayer()
+{
+    // Dense, sparse, dense: what is drawn later lies above, as without the layer.
+    RVXSingleChannelDataModel dense;
+    RVXSingleChannelDataModel sparse;
+    feed(dense, Signal());
+    for (int i = 0; i < 400; ++i)
+        sparse.AddData(1000.0 + 50.0 * i, i % 2 == 0 ? -1.0 : 1.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QwtPlot plot;
+        plot.setAxisScale(QwtPlot::yLeft, -1.5, 1.5);
+        plot.setAxisScale(QwtPlot::xBottom, 1000.0, 21000.0);
+        const struct
+        {
+            const RVXAbstractPlotDataModel &model;
+            QColor colour;
+        } shown[] = {{dense, Qt::red}, {sparse, Qt::green}, {dense, Qt::blue}};
+        for (const auto &each : shown) {
+            auto *curve = new RVXDiscontinuousPlotCurve;
+            curve->setPen(QPen(each.colour, 1.0));
+            curve->setSamples(
+                new RVXSeriesData(each.model, 1, 1, each.colour == Qt::blue ? 9000 : -1));
+            curve->setLayer(layer);
+            curve->attach(&plot);
+        }
+        if (layer)
+            layer->attach(&plot);
+        plot.resize(800, 500);
+        plot.replot();
+        return plot.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage without = picture(nullptr);
+    QCOMPARE(differingPixels(picture(new CurveLayer), without), 0);
 }
 
 CORVALE_QT_TEST_MAIN(tst_CurveLines)

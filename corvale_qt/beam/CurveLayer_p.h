@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for the library's own models, proxies and views.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
+
+#include <qwt_plot_item.h>
+
+#include <QImage>
+#include <QVector>
+
+class QLine;
+
+namespace Corvale_Qt {
+
+/*! One picture for all dense curves of a plot: their runs are written into it as bare pixels, and it is blended
+    onto the canvas once, right above the curves. A painter spends some 40 instructions on each pixel of a
+    vertical line; this spends two.
+
+    Attach it to the plot of the curves that have it (RVXDiscontinuousPlotCurve::setLayer()). A curve that draws
+    for itself flushes it first, so that what lies above what does not change. */
+class CurveLayer : public QwtPlotItem
+{
+public:
+    CurveLayer();
+
+    //! Vertical runs and other lines, on the pixels of \a painter's device, inside of \a clip.
+    void
+    add(QPainter *painter, const QRect &clip, const QVector<QLine> &lines, const QColor &colour);
+    //! Puts what was added onto the canvas.
+    void flush(QPainter *painter) const;
+
+    void draw(QPainter *painter,
+              const QwtScaleMap &xMap,
+              const QwtScaleMap &yMap,
+              const QRectF &canvasRect) const override;
+
+private:
+    void begin(QPainter *painter, const QRect &clip);
+
+    QImage m_image;
+    QRect m_clip;
+    // Whose paint the picture belongs to; null while it is empty.
+    mutable QPainter *m_painter = nullptr;
+};
+
+} // namespace Corvale_Qt

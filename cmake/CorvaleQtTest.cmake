@@ -3,10 +3,12 @@
 # locale and time zone, and failing where Qt complains of a connection by name. For both,
 #   INTERNAL  links the library's objects instead of the shared library: for parts that are not exported.
 #
-# corvale_qt_add_test(tst_Name [INTERNAL] [GL] [SOURCES file ...] [LIBRARIES target ...] [TIMEOUT seconds])
+# corvale_qt_add_test(tst_Name [INTERNAL] [GL | ALSO_GL] [ALSO_SCALED] [SOURCES file ...] [LIBRARIES target ...] [TIMEOUT seconds])
 #
 # Builds tst_Name.cpp of the calling folder (and SOURCES).
-#   GL        runs on a display made for it (xvfb-run), since the test needs OpenGL; label "gl".
+#   GL           runs on a display made for it (xvfb-run), since the test needs OpenGL; label "gl".
+#   ALSO_GL      runs the same cases there once more, as tst_Name-gl.
+#   ALSO_SCALED  runs them once more with two device pixels to a pixel each way, as tst_Name-scaled.
 #
 # corvale_qt_add_fuzz_test(fuzz_Name [INTERNAL] [SOURCES file ...] [LIBRARIES target ...] [ROUNDS number])
 #
@@ -53,8 +55,8 @@ function(corvale_qt_link_test test internal)
 endfunction()
 
 # Registers a program of this project as a test without a display.
-function(corvale_qt_add_offscreen_test test label)
-  add_test(NAME ${test} COMMAND ${test} ${ARGN})
+function(corvale_qt_add_offscreen_test test program label)
+  add_test(NAME ${test} COMMAND ${program} ${ARGN})
   corvale_qt_test_properties(${test})
   set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
   # The offscreen platform would use a display that happens to be there, and find OpenGL on it.
@@ -62,31 +64,48 @@ function(corvale_qt_add_offscreen_test test label)
   set_property(TEST ${test} PROPERTY LABELS ${label})
 endfunction()
 
+# Registers one as a test on a display of its own, with OpenGL.
+function(corvale_qt_add_display_test test program)
+  if(NOT XVFB_RUN_PROGRAM)
+    message(WARNING "${test} needs OpenGL on a display: xvfb-run was not found, the test is left out")
+    return()
+  endif()
+  set(preload "")
+  if(CORVALE_QT_SANITIZE)
+    set(preload env "LD_PRELOAD=${corvale_qt_asan_library}:$<TARGET_FILE:corvale_qt_nodlclose>")
+  endif()
+  add_test(NAME ${test} COMMAND "${XVFB_RUN_PROGRAM}" -a -s "-screen 0 1280x1024x24"
+    ${preload} $<TARGET_FILE:${program}>)
+  corvale_qt_test_properties(${test})
+  set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=xcb")
+  set_property(TEST ${test} PROPERTY LABELS gl)
+endfunction()
+
 function(corvale_qt_add_test name)
-  cmake_parse_arguments(arg "INTERNAL;GL" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "INTERNAL;GL;ALSO_GL;ALSO_SCALED" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
   endif()
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   corvale_qt_link_test(${name} ${arg_INTERNAL} ${arg_LIBRARIES})
 
-  if(NOT arg_GL)
-    corvale_qt_add_offscreen_test(${name} unit)
-  elseif(XVFB_RUN_PROGRAM)
-    set(preload "")
-    if(CORVALE_QT_SANITIZE)
-      set(preload env "LD_PRELOAD=${corvale_qt_asan_library}:$<TARGET_FILE:corvale_qt_nodlclose>")
-    endif()
-    add_test(NAME ${name} COMMAND "${XVFB_RUN_PROGRAM}" -a -s "-screen 0 1280x1024x24"
-      ${preload} $<TARGET_FILE:${name}>)
-    corvale_qt_test_properties(${name})
-    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=xcb")
-    set_property(TEST ${name} PROPERTY LABELS gl)
+  if(arg_GL)
+    corvale_qt_add_display_test(${name} ${name})
   else()
-    message(WARNING "${name} needs OpenGL on a display: xvfb-run was not found, the test is left out")
-    return()
+    corvale_qt_add_offscreen_test(${name} ${name} unit)
   endif()
-  set_property(TEST ${name} PROPERTY TIMEOUT ${arg_TIMEOUT})
+  if(arg_ALSO_GL)
+    corvale_qt_add_display_test(${name}-gl ${name})
+  endif()
+  if(arg_ALSO_SCALED)
+    corvale_qt_add_offscreen_test(${name}-scaled ${name} unit)
+    set_property(TEST ${name}-scaled APPEND PROPERTY ENVIRONMENT_MODIFICATION "QT_SCALE_FACTOR=set:2")
+  endif()
+  foreach(test IN ITEMS ${name} ${name}-gl ${name}-scaled)
+    if(TEST ${test})
+      set_property(TEST ${test} PROPERTY TIMEOUT ${arg_TIMEOUT})
+    endif()
+  endforeach()
 endfunction()
 
 function(corvale_qt_add_fuzz_test name)
@@ -100,9 +119,9 @@ function(corvale_qt_add_fuzz_test name)
   if(CORVALE_QT_FUZZ)
     target_compile_definitions(${name} PRIVATE CORVALE_QT_FUZZ)
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-    corvale_qt_add_offscreen_test(${name} fuzz -runs=${arg_ROUNDS} -seed=1 -max_len=4096)
+    corvale_qt_add_offscreen_test(${name} ${name} fuzz -runs=${arg_ROUNDS} -seed=1 -max_len=4096)
   else()
-    corvale_qt_add_offscreen_test(${name} fuzz ${arg_ROUNDS})
+    corvale_qt_add_offscreen_test(${name} ${name} fuzz ${arg_ROUNDS})
   endif()
   # An input that hangs fails the test here; what is asked for takes seconds.
   set_property(TEST ${name} PROPERTY TIMEOUT 120)

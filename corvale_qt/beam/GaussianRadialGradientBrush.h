@@ -9,12 +9,12 @@
 
 namespace Corvale_Qt {
 
-/*! A brush that paints one Gaussian spot: a radial gradient whose opacity falls off as exp(-r² / 2 sigma²) and
-    ends at 2.6 sigma, with the rectangle it covers.
+/*! A brush that paints one Gaussian spot: a radial gradient whose opacity falls off as exp(-r² / 2 sigma²)
+    and ends at 2.6 sigma, with the rectangle it covers.
 
-    Centre and sigma are fractions of the unit square. The gradient is in object-bounding mode, so
-   Qt stretches it over whatever is filled: the unit square has to be filled, and boundingRect() is
-   where to clip.
+    Centre and sigma are fractions of the unit square. The gradient is in object-bounding mode, so Qt
+    stretches it over whatever is filled: the unit square has to be filled, and boundingRect() is where to
+    clip.
 
     \code
     std::unique_ptr<GaussianRadialGradientBrush> brush(
@@ -26,8 +26,8 @@ namespace Corvale_Qt {
 class CORVALE_QT_EXPORT GaussianRadialGradientBrush : public QBrush
 {
 public:
-    /*! A new brush, owned by the caller. \a amplitude is the opacity at the centre, 0 to 1, and replaces that of
-        \a colour; within 1e-12 of 0, or not finite, it gives a transparent brush of no extent. */
+    /*! A new brush, owned by the caller. \a amplitude is the opacity at the centre, 0 to 1, and replaces
+        that of \a colour; within 1e-12 of 0, or not finite, it gives a transparent brush of no extent. */
     static GaussianRadialGradientBrush *
     create(const QPointF &centre, const QColor &colour, double amplitude, double sigma);
 

@@ -13,9 +13,9 @@
 
 namespace Corvale_Qt {
 
-/*! A picture of spots that is kept: painted anew when its scene or a spot in it has changed, painted on where
-    spots were only added at the end, else as it was. Both ways give the same picture, since spots
-   are drawn in the order of their rows. */
+/*! A picture of spots that is kept: painted anew when its scene or a spot in it has changed, painted on
+    where spots were only added at the end, else as it was. Both ways give the same picture, since spots are
+    drawn in the order of their rows. */
 class KeptPicture
 {
 public:

@@ -13,14 +13,15 @@
 namespace Corvale_Qt {
 
 /*! The pictures that compare a map with a target. Both are drawn alike, in the map's bounds and on one dose
-    scale, that of the larger largest dose: otherwise a map of twice its target's dose would look
-   the same. All is kept as long as neither changes. */
+    scale, that of the larger largest dose: otherwise a map of twice its target's dose would look the same.
+    All is kept as long as neither changes. */
 class MapComparison
 {
 public:
     MapComparison();
 
-    //! Blue where the map is above its target, red where it is below. \a scene is that of the map by itself.
+    /*! Blue where the map is above its target, red where it is below. \a scene is that of the map by
+        itself. */
     const QImage &difference(const SpotList &map, const SpotList &target, const SpotScene &scene);
 
     //! The difference added at half opacity over \a data, the map's own picture of that version.

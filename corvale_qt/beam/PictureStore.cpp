@@ -37,8 +37,8 @@ private:
     QImage m_image;
 };
 
-/*! Painted by the graphics driver, and read back once after each change: QPainter cannot draw the texture of
-    one context into a picture, a printer or another context. */
+/*! Painted by the graphics driver, and read back once after each change: QPainter cannot draw the texture
+    of one context into a picture, a printer or another context. */
 class FrameBufferStore : public PictureStore
 {
 public:

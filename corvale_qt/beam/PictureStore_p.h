@@ -42,8 +42,8 @@ private:
 //! An image in memory, painted by the raster engine; opaque or with an alpha channel.
 std::unique_ptr<PictureStore> makeImageStore(QImage::Format format = QImage::Format_RGB32);
 
-/*! Where a view with that \a viewport keeps its picture: in a frame-buffer object of its OpenGL context if it has
-    one, else in an image. The store may outlive the viewport. */
+/*! Where a view with that \a viewport keeps its picture: in a frame-buffer object of its OpenGL context if
+    it has one, else in an image. The store may outlive the viewport. */
 std::unique_ptr<PictureStore> makePictureStore(QWidget *viewport);
 
 /*! A viewport on OpenGL; null where no context can be had, or where the environment variable

@@ -7,9 +7,9 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! The part by which one of the pictures exceeds the other, in \a tint at twice its brightness. \a keep is the
-    mode that leaves the larger one of both (Lighten) or the smaller one (Darken) in the map's
-   picture. */
+/*! The part by which one of the pictures exceeds the other, in \a tint at twice its brightness. \a keep is
+    the mode that leaves the larger one of both (Lighten) or the smaller one (Darken) in the map's
+    picture. */
 QImage
 excess(const QImage &map, const QImage &target, QPainter::CompositionMode keep, const QColor &tint)
 {

@@ -21,9 +21,9 @@ struct SpotDifference
     QImage below;
 };
 
-/*! Compares two pictures of the same size, white spots on an opaque black ground: on a transparent one black
-    would come out magenta, and of coloured spots only their blue, or red, would be left. Composed
-   by the raster engine, since on OpenGL the modes that this needs silently do something else. */
+/*! Compares two pictures of the same size, white spots on an opaque black ground: on a transparent one
+    black would come out magenta, and of coloured spots only their blue, or red, would be left. Composed by
+    the raster engine, since on OpenGL the modes that this needs silently do something else. */
 SpotDifference compareMaps(const QImage &map, const QImage &target);
 
 } // namespace Corvale_Qt

@@ -21,12 +21,12 @@ constexpr double spotReach = 2.6;
 QRect makeSquare(const QRect &rect);
 QRectF makeSquare(const QRectF &rect);
 
-/*! The part of \a viewport that a map of \a bounds fills: the longer side loses the same margin, in whole pixels,
-    at both ends. Bounds without extent are taken for a square. */
+/*! The part of \a viewport that a map of \a bounds fills: the longer side loses the same margin, in whole
+    pixels, at both ends. Bounds without extent are taken for a square. */
 QRect pictureRect(const QRect &viewport, const QRectF &bounds);
 
-/*! Where a point of the map lies in its picture's unit square, whose y grows downwards, while that of the map
-    grows upwards. \a bounds must have an extent. */
+/*! Where a point of the map lies in its picture's unit square, whose y grows downwards, while that of the
+    map grows upwards. \a bounds must have an extent. */
 QPointF toUnitSquare(const QRectF &bounds, const QPointF &point);
 //! The reverse of toUnitSquare().
 QPointF fromUnitSquare(const QRectF &bounds, const QPointF &fraction);

@@ -15,12 +15,12 @@
 
 namespace Corvale_Qt {
 
-//! Whether a spot can be drawn: all fields finite, sigma above 0. One that cannot keeps its row, nothing more.
+/*! Whether a spot can be drawn: all fields finite, sigma above 0. One that cannot keeps its row, nothing
+    more. */
 bool isDrawable(const SpotMapView::MapSpot &spot);
 
 /*! The spots of a map, one per row of its model, and what is known of all of them. Appending costs what is
-    appended; a change elsewhere looks at all spots only if it takes away the outermost or the
-   highest. */
+    appended; a change elsewhere looks at all spots only if it takes away the outermost or the highest. */
 class SpotList
 {
 public:
@@ -41,7 +41,8 @@ public:
     //! The largest dose of a drawable spot, never below 0.
     float largestDose() const { return m_limits.dose; }
 
-    //! Row of the spot nearest to \a point among those that have it within their sigma, of equals the last; or -1.
+    /*! Row of the spot nearest to \a point among those that have it within their sigma, of equals the last;
+        or -1. */
     int nearest(const QPointF &point) const;
 
     //! Grows with every change.

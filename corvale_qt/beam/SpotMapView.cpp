@@ -11,6 +11,7 @@ SpotMapView::SpotMapView(QWidget *parent)
     : QAbstractItemView(parent)
     , d_ptr(std::make_unique<SpotMapViewPrivate>(this))
 {
+    qRegisterMetaType<DisplayMode>("Corvale_Qt::SpotMapView::DisplayMode");
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -20,7 +21,12 @@ SpotMapView::SpotMapView(QWidget *parent)
         setViewport(viewport);
 }
 
-SpotMapView::~SpotMapView() = default;
+SpotMapView::~SpotMapView()
+{
+    // By the time of QObject::destroyed() a view that compares with this one could have asked for spots
+    // that are no more.
+    Q_EMIT aboutToBeDeleted(QPrivateSignal());
+}
 
 QRectF SpotMapView::bounds() const
 {
@@ -95,7 +101,7 @@ void SpotMapView::setDiffTarget(const SpotMapView *target)
     Q_D(SpotMapView);
     if (d->targetViewport)
         d->targetViewport->removeEventFilter(this);
-    disconnect(d->targetDestroyed);
+    disconnect(d->targetDeletion);
     d->follow(target);
     d->targetChanged();
 }
@@ -178,6 +184,7 @@ void SpotMapView::paintEvent(QPaintEvent *)
     const QImage &spots = d->spotsImage();
     const QImage path = d->pathImage();
     QPainter painter(viewport());
+    painter.setClipRegion(QRegion(viewport()->rect()) - rect);
     painter.fillRect(viewport()->rect(), palette().color(QPalette::Window));
     painter.setClipRect(rect);
     painter.drawImage(rect, spots, spots.rect());

@@ -14,21 +14,20 @@ namespace Corvale_Qt {
 class SpotMapViewColumnMapper;
 class SpotMapViewPrivate;
 
-/*! Shows the spots of a model as Gaussian blobs on a square map, x to the right and y upwards, and how they differ
-    from the spots of another view.
+/*! Shows the spots of a model as Gaussian blobs on a square map, x to the right and y upwards, and how they
+    differ from the spots of another view.
 
-    One row is one spot; its position, dose and sigma are read with Qt::UserRole from the columns
-   that MapColumn names, or that a column mapper gives. A spot whose fields are not all finite, or
-   whose sigma is not above 0, keeps its row and is not drawn. The map is a square in the model's
-   units (millimetres, where nothing else is said) that holds each spot's centre with 2.6 sigma
-   around it.
+    One row is one spot; its position, dose and sigma are read with Qt::UserRole from the columns that
+    MapColumn names, or that a column mapper gives. A spot whose fields are not all finite, or whose sigma
+    is not above 0, keeps its row and is not drawn. The map is a square in the model's units (millimetres,
+    where nothing else is said) that holds each spot's centre with 2.6 sigma around it.
 
-    A spot is the more opaque the higher its dose, up to 1.5 times the largest dose of the map; a
-   negative dose is blue. The picture is kept: painting again costs a copy, a spot added at the end
-   costs that spot, and anything else costs one redraw at the next paint.
+    A spot is the more opaque the higher its dose, up to 1.5 times the largest dose of the map; a negative
+    dose is blue. The picture is kept: painting again costs a copy, a spot added at the end costs that spot,
+    and anything else costs one redraw at the next paint.
 
-    The picture is painted with OpenGL where that is to be had, else in memory; the environment
-   variable CORVALE_QT_NO_OPENGL=1 asks for the latter.
+    The picture is painted with OpenGL where that is to be had, else in memory; the environment variable
+    CORVALE_QT_NO_OPENGL=1 asks for the latter.
 
     \code
     auto *view = new SpotMapView(parent);
@@ -72,7 +71,8 @@ public:
     explicit SpotMapView(QWidget *parent = nullptr);
     ~SpotMapView() override;
 
-    //! The square that the map shows, in the model's units, top() being the smallest y; empty without spots.
+    /*! The square that the map shows, in the model's units, top() being the smallest y; empty without
+        spots. */
     QRectF bounds() const;
     //! The largest dose of the spots shown, never below 0.
     float maxDose() const;
@@ -82,14 +82,14 @@ public:
     void setBackgroundColor(const QColor &color);
     //! White at first.
     void setSpotColor(const QColor &color);
-    /*! Of a thin line that joins the spots in the order of their rows; transparent at first, as is an invalid
-        colour: no line. */
+    /*! Of a thin line that joins the spots in the order of their rows; transparent at first, as is an
+        invalid colour: no line. */
     void setPathColor(const QColor &color);
     //! Where the fields of a spot lie. Takes ownership; null stands for the logical columns themselves.
     void setColumnMapper(SpotMapViewColumnMapper *mapper);
-    /*! The view to compare with, which is not owned and should outlive this one; null, and its deletion, end the
-        comparison and set the mode to Data. Both maps are compared in the bounds of this one and on
-       one dose scale, that of the larger largest dose. Colours play no part in it. */
+    /*! The view to compare with, which is not owned and should outlive this one; null, and its deletion,
+        end the comparison and set the mode to Data. Both maps are compared in the bounds of this one and on
+        one dose scale, that of the larger largest dose. Colours play no part in it. */
     void setDiffTarget(const SpotMapView *target);
 
     void setModel(QAbstractItemModel *model) override;
@@ -125,6 +125,8 @@ Q_SIGNALS:
     void displayModeChanged(Corvale_Qt::SpotMapView::DisplayMode mode);
     //! Whether there is a view to compare with now.
     void diffTargetChanged(bool present);
+    //! For the views that compare with this one: its spots are about to go.
+    void aboutToBeDeleted(QPrivateSignal);
 
 protected:
     int horizontalOffset() const override;

@@ -5,8 +5,8 @@
 
 namespace Corvale_Qt {
 
-/*! Tells a spot map in which column of its model a field of a spot lies. This one takes the logical column's own
-    number; derive from it for a model with another order.
+/*! Tells a spot map in which column of its model a field of a spot lies. This one takes the logical
+    column's own number; derive from it for a model with another order.
 
     \code
     class PlanColumns : public SpotMapViewColumnMapper

@@ -201,7 +201,7 @@ void SpotMapViewPrivate::follow(const SpotMapView *newTarget)
     if (!target)
         return;
     targetViewport->installEventFilter(q);
-    targetDestroyed = QObject::connect(target, &QObject::destroyed, q, [this] {
+    targetDeletion = QObject::connect(target, &SpotMapView::aboutToBeDeleted, q, [this] {
         follow(nullptr);
         targetChanged();
     });

@@ -32,7 +32,8 @@ public:
     //! Whether there is one spot for each row; a model that announces something else is read anew.
     bool inStep() const;
     void clearSpotData();
-    //! What follows from any change of the spots: bounds, a repaint, word to the views that compare with this one.
+    /*! What follows from any change of the spots: bounds, a repaint, word to the views that compare with
+        this one. */
     void spotsChanged();
     void resetBounds();
 
@@ -41,7 +42,8 @@ public:
     SpotScene scene() const;
     bool comparing() const;
     bool targetIsNews() const;
-    //! Brings up to date, and gives, what the display mode shows; before anything is painted on the viewport.
+    /*! Brings up to date, and gives, what the display mode shows; before anything is painted on the
+        viewport. */
     const QImage &spotsImage();
     //! Lies over the spots; null where there is no path to show.
     QImage pathImage();
@@ -76,7 +78,7 @@ public:
 
     const SpotMapView *target = nullptr;
     QPointer<QWidget> targetViewport;
-    QMetaObject::Connection targetDestroyed;
+    QMetaObject::Connection targetDeletion;
     //! While comparing.
     std::unique_ptr<MapComparison> comparison;
 

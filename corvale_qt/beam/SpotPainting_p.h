@@ -40,8 +40,8 @@ struct SpotScene
     bool operator!=(const SpotScene &other) const { return !(*this == other); }
 };
 
-/*! The brush of one drawable spot in the unit square of the scene's bounds, which must have an extent. Opacity
-    runs from 0.1 for the smallest dose to 1.0; no dose is transparent, a negative one blue. */
+/*! The brush of one drawable spot in the unit square of the scene's bounds, which must have an extent.
+    Opacity runs from 0.1 for the smallest dose to 1.0; no dose is transparent, a negative one blue. */
 std::unique_ptr<GaussianRadialGradientBrush> createBrush(const SpotMapView::MapSpot &spot,
                                                          const SpotScene &scene);
 

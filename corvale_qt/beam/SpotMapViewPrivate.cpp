@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/ModelRearrangements_p.h"
 #include "corvale_qt/beam/SpotGeometry_p.h"
 #include "corvale_qt/beam/SpotMapView_p.h"
 
@@ -42,27 +43,9 @@ void SpotMapViewPrivate::connectModel()
     Q_Q(SpotMapView);
     for (const QMetaObject::Connection &connection : qAsConst(modelConnections))
         QObject::disconnect(connection);
-    modelConnections.clear();
-    const QAbstractItemModel *model = q->model();
-    if (!model)
-        return;
-    // What the base class does not pass on: each may put other spots into the rows.
-    const auto load = [this] {
+    modelConnections = connectRearrangements(q->model(), q, [this] {
         loadModel();
-    };
-    modelConnections = {
-        QObject::connect(model, &QAbstractItemModel::layoutChanged, q, load),
-        QObject::connect(model, &QAbstractItemModel::rowsMoved, q, load),
-        QObject::connect(model, &QAbstractItemModel::columnsInserted, q, load),
-        QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, load),
-        QObject::connect(model, &QAbstractItemModel::columnsMoved, q, load),
-        QObject::connect(model,
-                         &QObject::destroyed,
-                         q,
-                         [this] {
-                             clearSpotData();
-                         }),
-    };
+    });
 }
 
 void SpotMapViewPrivate::loadModel()
@@ -99,12 +82,6 @@ bool SpotMapViewPrivate::inStep() const
 {
     Q_Q(const SpotMapView);
     return spots.size() == q->model()->rowCount(q->rootIndex());
-}
-
-void SpotMapViewPrivate::clearSpotData()
-{
-    spots.assign({});
-    spotsChanged();
 }
 
 void SpotMapViewPrivate::spotsChanged()

@@ -31,7 +31,6 @@ public:
     QVector<SpotMapView::MapSpot> dataForRows(const QModelIndex &parent, int first, int last) const;
     //! Whether there is one spot for each row; a model that announces something else is read anew.
     bool inStep() const;
-    void clearSpotData();
     /*! What follows from any change of the spots: bounds, a repaint, word to the views that compare with
         this one. */
     void spotsChanged();

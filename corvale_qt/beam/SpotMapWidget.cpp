@@ -106,8 +106,9 @@ void SpotMapWidgetPrivate::placeMap()
     const int below = qMax(xAxisHeight, bottom);
     const QSize area = ui.mapArea->size();
     const int side = qMax(0, qMin(area.width() - before - right, area.height() - top - below));
-    const int x = before + (area.width() - before - side - right) / 2;
-    const int y = top + (area.height() - top - side - below) / 2;
+    // In the middle, under the title, as far as the scales leave it free.
+    const int x = qBound(before, (area.width() - side) / 2, area.width() - right - side);
+    const int y = qBound(top, (area.height() - side) / 2, area.height() - below - side);
 
     ui.spotMapView->setGeometry(x, y, side, side);
     ui.xAxis->setBorderDist(left, right);

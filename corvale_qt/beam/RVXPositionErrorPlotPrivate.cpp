@@ -4,6 +4,7 @@
 #include <qwt_plot_grid.h>
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
+#include <qwt_text_label.h>
 
 #include <QPolygonF>
 
@@ -79,9 +80,7 @@ void RVXPositionErrorPlotPrivate::setUpFonts()
         ui.qwtPlot->setAxisTitle(axis, title);
     }
     font.setPointSize(11);
-    QwtText title = ui.qwtPlot->title();
-    title.setFont(font);
-    ui.qwtPlot->setTitle(title);
+    ui.qwtPlot->titleLabel()->setFont(font);
 }
 
 void RVXPositionErrorPlotPrivate::showTolerance()

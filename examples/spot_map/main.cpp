@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A treatment plan played layer by layer, spot by spot, beside the plan itself; Page Up and Down change the layer.
+//     spot_map [plan.csv]      columns: beam,layer,energy_MeV,spot,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm
+
+#include <QApplication>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QMap>
+#include <QStandardItemModel>
+#include <QTimer>
+
+#include <cmath>
+#include <corvale_qt/beam/SpotMapView.h>
+#include <corvale_qt/beam/SpotMapWidget.h>
+
+using namespace Corvale_Qt;
+using Spot = SpotMapView::MapSpot;
+using Plan = QMap<int, QVector<Spot>>; // by layer
+
+namespace {
+
+Plan readPlan(const QString &fileName)
+{
+    Plan plan;
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qInfo("No plan (%s), so here is a square field.", qPrintable(file.errorString()));
+        for (int i = 0; i < 121; ++i)
+            plan[1] << Spot{i % 11 * 6.0F - 30.0F, i / 11 * 6.0F - 30.0F, 20.0F, 4.0F};
+    }
+    while (!file.atEnd()) {
+        const QList<QByteArray> fields = file.readLine().split(',');
+        const auto number = [&fields](int column) {
+            return fields.value(column).toFloat();
+        };
+        if (number(1) > 0)
+            plan[int(number(1))] << Spot{number(4), number(5), number(6), number(7)};
+    }
+    return plan;
+}
+
+void append(QStandardItemModel &model, const Spot &spot, float doseFactor)
+{
+    QList<QStandardItem *> row; // in the order of SpotMapView::MapColumn, which counts from 1
+    for (const float value : {0.0F, spot.sigma, spot.x, spot.y, spot.dose * doseFactor}) {
+        row << new QStandardItem;
+        row.last()->setData(value, Qt::UserRole);
+    }
+    model.appendRow(row);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    const Plan plan = readPlan(arguments.value(1));
+    if (plan.isEmpty())
+        return 1;
+
+    QStandardItemModel planned, delivered;
+    QWidget window;
+    auto *left = new SpotMapWidget;
+    auto *right = new SpotMapWidget;
+    QHBoxLayout layout(&window);
+    layout.addWidget(left);
+    layout.addWidget(right);
+    left->spotMapView()->setModel(&planned);
+    left->spotMapView()->setPathColor(QColor(255, 190, 0));
+    right->spotMapView()->setModel(&delivered);
+    right->setDiffTarget(left);
+
+    Plan::const_iterator layer;
+    const auto start = [&](Plan::const_iterator which) {
+        layer = which;
+        planned.clear();
+        delivered.clear();
+        for (const Spot &spot : *layer)
+            append(planned, spot, 1.0F);
+        left->setTitle(QString("Planned, layer %1").arg(layer.key()));
+        right->setTitle(QString("Delivered, layer %1").arg(layer.key()));
+    };
+    start(plan.cbegin());
+    const auto step = [&](int layers) {
+        const auto next = plan.constFind(layer.key() + layers);
+        start(next == plan.cend() ? layer : next);
+    };
+    QObject::connect(left, &SpotMapWidget::layerChange, &window, step);
+    QObject::connect(right, &SpotMapWidget::layerChange, &window, step);
+    QTimer beam;
+    QObject::connect(&beam, &QTimer::timeout, &window, [&] {
+        if (delivered.rowCount() == layer->size())
+            step(+1);
+        const Spot &spot = layer->at(delivered.rowCount());
+        append(delivered, spot, 1.0F + 0.1F * std::sin(spot.x)); // a dose that wavers
+        right->setDoseValue(QString::number(double(spot.dose), 'f', 2));
+    });
+    beam.start(20);
+
+    window.resize(1000, 560);
+    window.show();
+    const int quitAfter = arguments.indexOf("--quit-after");
+    const int milliseconds = arguments.value(quitAfter + 1).toInt();
+    if (quitAfter > 0)
+        QTimer::singleShot(milliseconds, &application, &QApplication::quit);
+    return QApplication::exec();
+}

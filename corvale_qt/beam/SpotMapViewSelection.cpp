@@ -54,15 +54,14 @@ int SpotMapViewPrivate::rowAt(const QPoint &point) const
 
 QString SpotMapViewPrivate::toolTip(int row) const
 {
-    Q_Q(const SpotMapView);
     const SpotMapView::MapSpot &spot = spots.at(row);
-    const QString name = q->model()->headerData(row, Qt::Vertical).toString().toHtmlEscaped();
-    const QString lines = SpotMapView::tr("Row %1\nX %2\nY %3\nDose %4\nSigma %5");
-    return lines.arg(name,
-                     QString::number(double(spot.x)),
-                     QString::number(double(spot.y)),
-                     QString::number(double(spot.dose)),
-                     QString::number(double(spot.sigma)));
+    // Counted from 1, as tables show it.
+    return SpotMapView::tr("Row %1\nX %2\nY %3\nDose %4\nSigma %5")
+        .arg(QString::number(row + 1),
+             QString::number(double(spot.x)),
+             QString::number(double(spot.y)),
+             QString::number(double(spot.dose)),
+             QString::number(double(spot.sigma)));
 }
 
 void SpotMapViewPrivate::drawSelection(QPainter &painter) const
@@ -136,6 +135,8 @@ int SpotMapView::verticalOffset() const
 
 QModelIndex SpotMapView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
 {
+    if (!model())
+        return QModelIndex();
     const int last = model()->rowCount(rootIndex()) - 1;
     int row = currentIndex().row();
     switch (action) {

@@ -269,9 +269,10 @@ private Q_SLOTS:
         QCOMPARE(map.bounds(), around(0, 0, 2.6));
         delete shortLived;
         QCOMPARE(map.bounds(), QRectF());
-        map.picture();
         map.setModel(nullptr);
         map.picture();
+        QTest::keyClick(&map, Qt::Key_Down);
+        QTest::mouseClick(map.viewport(), Qt::LeftButton);
     }
 
     void fieldsThatAreMissingAreNotTakenForZero()

@@ -2,20 +2,20 @@
 // A treatment plan played layer by layer, spot by spot, beside the plan itself; Page Up and Down change the layer.
 //     spot_map [plan.csv]      columns: beam,layer,energy_MeV,spot,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm
 
+#include <corvale_qt/beam/SpotMapView.h>
+#include <corvale_qt/beam/SpotMapWidget.h>
+
 #include <QApplication>
 #include <QFile>
-#include <QHBoxLayout>
-#include <QMap>
+#include <QSplitter>
 #include <QStandardItemModel>
 #include <QTimer>
 
 #include <cmath>
-#include <corvale_qt/beam/SpotMapView.h>
-#include <corvale_qt/beam/SpotMapWidget.h>
 
 using namespace Corvale_Qt;
 using Spot = SpotMapView::MapSpot;
-using Plan = QMap<int, QVector<Spot>>; // by layer
+using Plan = QVector<QVector<Spot>>; // layer by layer
 
 namespace {
 
@@ -25,16 +25,21 @@ Plan readPlan(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         qInfo("No plan (%s), so here is a square field.", qPrintable(file.errorString()));
+        plan.resize(1);
         for (int i = 0; i < 121; ++i)
-            plan[1] << Spot{i % 11 * 6.0F - 30.0F, i / 11 * 6.0F - 30.0F, 20.0F, 4.0F};
+            plan[0] << Spot{i % 11 * 6.0F - 30.0F, i / 11 * 6.0F - 30.0F, 20.0F, 4.0F};
     }
+    QByteArrayList previous{"", ""};
+    file.readLine(); // the columns' names
     while (!file.atEnd()) {
-        const QList<QByteArray> fields = file.readLine().split(',');
+        const QByteArrayList fields = file.readLine().split(',');
         const auto number = [&fields](int column) {
             return fields.value(column).toFloat();
         };
-        if (number(1) > 0)
-            plan[int(number(1))] << Spot{number(4), number(5), number(6), number(7)};
+        if (fields.mid(0, 2) != previous) // another beam, or another layer
+            plan << QVector<Spot>();
+        plan.last() << Spot{number(4), number(5), number(6), number(7)};
+        previous = fields.mid(0, 2);
     }
     return plan;
 }
@@ -60,39 +65,32 @@ int main(int argc, char **argv)
         return 1;
 
     QStandardItemModel planned, delivered;
-    QWidget window;
-    auto *left = new SpotMapWidget;
-    auto *right = new SpotMapWidget;
-    QHBoxLayout layout(&window);
-    layout.addWidget(left);
-    layout.addWidget(right);
+    QSplitter window;
+    auto *left = new SpotMapWidget(&window);
+    auto *right = new SpotMapWidget(&window);
     left->spotMapView()->setModel(&planned);
     left->spotMapView()->setPathColor(QColor(255, 190, 0));
     right->spotMapView()->setModel(&delivered);
     right->setDiffTarget(left);
 
-    Plan::const_iterator layer;
-    const auto start = [&](Plan::const_iterator which) {
-        layer = which;
+    int layer = 0;
+    const auto step = [&](int layers) {
+        layer = qBound(0, layer + layers, plan.size() - 1);
         planned.clear();
         delivered.clear();
-        for (const Spot &spot : *layer)
+        for (const Spot &spot : plan[layer])
             append(planned, spot, 1.0F);
-        left->setTitle(QString("Planned, layer %1").arg(layer.key()));
-        right->setTitle(QString("Delivered, layer %1").arg(layer.key()));
+        left->setTitle(QString("Planned, layer %1").arg(layer + 1));
+        right->setTitle(QString("Delivered, layer %1").arg(layer + 1));
     };
-    start(plan.cbegin());
-    const auto step = [&](int layers) {
-        const auto next = plan.constFind(layer.key() + layers);
-        start(next == plan.cend() ? layer : next);
-    };
+    step(0);
     QObject::connect(left, &SpotMapWidget::layerChange, &window, step);
     QObject::connect(right, &SpotMapWidget::layerChange, &window, step);
     QTimer beam;
     QObject::connect(&beam, &QTimer::timeout, &window, [&] {
-        if (delivered.rowCount() == layer->size())
+        if (delivered.rowCount() == plan[layer].size())
             step(+1);
-        const Spot &spot = layer->at(delivered.rowCount());
+        const Spot &spot = plan[layer].at(delivered.rowCount());
         append(delivered, spot, 1.0F + 0.1F * std::sin(spot.x)); // a dose that wavers
         right->setDoseValue(QString::number(double(spot.dose), 'f', 2));
     });

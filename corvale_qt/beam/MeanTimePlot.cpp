@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/MeanTimePlot_p.h"
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 
 #include <qwt_legend.h>
 #include <qwt_plot_canvas.h>
-#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
 #include <qwt_text.h>
 
 namespace Corvale_Qt {
 
 namespace {
 
+constexpr double kMargin = 0.1; // mm, so that no line runs along the edge
+
 //! Plain seconds: time stamps may count from 1970, and their last digits are the ones that move.
-class SecondsDraw : public QwtScaleDraw
+class SecondsDraw : public ThinnedScaleDraw
 {
 public:
     QwtText label(double value) const override { return QwtText(QString::number(value, 'f', 1)); }
@@ -39,11 +42,15 @@ MeanTimePlot::MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *
     setCanvasBackground(Qt::black);
     setAxisTitle(xBottom, tr("Time (s)"));
     setAxisTitle(yLeft, tr("Position (mm)"));
-    setAxisScaleDraw(xBottom, new SecondsDraw);
+    styleAxis(this, xBottom, new SecondsDraw);
+    styleAxis(this, yLeft);
     setAxisMaxMajor(yLeft, 5);
+    axisScaleEngine(yLeft)->setMargins(kMargin, kMargin);
     insertLegend(new QwtLegend, TopLegend);
     makeCurve(tr("Mean X"), 0, new MeanSeries(history, &MeanHistory::Entry::meanX))->attach(this);
     makeCurve(tr("Mean Y"), 5, new MeanSeries(history, &MeanHistory::Entry::meanY))->attach(this);
+    setAxisScale(yLeft, -1, 1);
+    setAxisAutoScale(yLeft, true); // from the first mean on
     setEnd(MeanHistory::span);
 }
 

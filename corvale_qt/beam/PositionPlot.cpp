@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/PlotRange_p.h"
 #include "corvale_qt/beam/PositionPlot_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
@@ -87,7 +88,10 @@ QRectF TrailCurve::boundingRect() const
                          std::max(bounds.right(), point.x()),
                          std::max(bounds.bottom(), point.y()));
     }
-    return bounds;
+    // Room around the outermost, so that dots and marker are seen whole.
+    const double x = 0.05 * bounds.width();
+    const double y = 0.05 * bounds.height();
+    return bounds.width() < 0 ? bounds : bounds.adjusted(-x, -y, x, y);
 }
 
 void TrailCurve::drawDots(QPainter *painter,
@@ -125,6 +129,8 @@ PositionPlot::PositionPlot(QWidget *parent)
     setCanvasBackground(Qt::black);
     setAxisTitle(yLeft, tr("Y Position"));
     setAxisTitle(xBottom, tr("X Position"));
+    styleAxis(this, yLeft);
+    styleAxis(this, xBottom);
     setAxisAutoScale(yLeft, true);
     setAxisAutoScale(xBottom, true);
 

@@ -3,7 +3,6 @@
 #include "corvale_qt/numerics/ScaleFractions.h"
 
 #include <QDebug>
-#include <QScrollBar>
 
 #include <cmath>
 #include <limits>
@@ -44,16 +43,14 @@ void RVXSpectrogramPrivate::build()
     connectDisplayOptions();
     plot->setEllipseOptions(ellipseOptions());
     applyUnit();
-    // No wider than it needs, and never so narrow that it would have to scroll sideways.
-    ui.scrollArea_sidebar->setMinimumWidth(
-        ui.sidebar->minimumSizeHint().width()
-        + ui.scrollArea_sidebar->verticalScrollBar()->sizeHint().width());
 }
 
 void RVXSpectrogramPrivate::buildPlots()
 {
     plot = new SpectrogramPlot(ui.frame_plot);
     timePlot = new MeanTimePlot(history, ui.frame_timePlot);
+    plot->replot();
+    timePlot->replot();
     const auto fill = [](QWidget *frame, QWidget *widget) {
         auto *box = new QVBoxLayout(frame);
         box->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/BeamRaster_p.h"
 #include "corvale_qt/beam/ChannelHover_p.h"
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/PlotRange_p.h"
 #include "corvale_qt/beam/SpectrogramPlot_p.h"
 #include "corvale_qt/beam/SpectrogramScaleDraw_p.h"
@@ -53,7 +54,9 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
     m_background->setText(tr("No Data"));
     new ChannelHover(this);
 
-    setAxisScaleDraw(yRight, new SpectrogramScaleDraw);
+    styleAxis(this, xBottom);
+    styleAxis(this, yLeft);
+    styleAxis(this, yRight, new SpectrogramScaleDraw);
     axisWidget(yRight)->setColorBarEnabled(true);
     axisWidget(yRight)->setColorBarWidth(16);
     setColorBarVisible(true);

@@ -5,12 +5,12 @@
 // | This file is not part of the interface: it may change, or go, without notice.      |
 // +------------------------------------------------------------------------------------+
 
-#include <qwt_scale_draw.h>
+#include "corvale_qt/beam/PlotAxis_p.h"
 
 namespace Corvale_Qt {
 
 /*! Labels of the colour bar: short in every order of magnitude, without a locale's group signs. */
-class SpectrogramScaleDraw : public QwtScaleDraw
+class SpectrogramScaleDraw : public ThinnedScaleDraw
 {
 public:
     QwtText label(double value) const override;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/PlotRange_p.h"
 #include "corvale_qt/beam/SplitPlot_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
@@ -16,7 +17,7 @@ namespace Corvale_Qt {
 namespace {
 
 //! Half of the bar's height, in the units of the left axis.
-constexpr double kHalfBar = 0.08;
+constexpr double kHalfBar = 0.12;
 constexpr double kHalfHeight = 0.2;
 
 } // namespace
@@ -80,7 +81,7 @@ void SplitItem::drawText(QPainter *painter, const QRectF &canvasRect, double zer
                       std::max(canvasRect.left(), canvasRect.right() - size.width()));
     const QPointF topLeft(left, canvasRect.center().y() - size.height() / 2);
     const bool onBar = !fits && std::abs(end - zero) > size.width() + gap;
-    painter->setPen(onBar ? Qt::black : Qt::white);
+    painter->setPen(onBar && qGray(m_color.rgb()) > 100 ? Qt::black : Qt::white);
     painter->drawText(QRectF(topLeft, size).adjusted(0, 0, 1, 0),
                       Qt::AlignCenter | Qt::TextDontClip,
                       text);
@@ -96,9 +97,11 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     setCanvasBackground(Qt::black);
     enableAxis(xBottom, true);
     enableAxis(yLeft, false);
+    styleAxis(this, xBottom);
     setAxisScale(yLeft, -kHalfHeight, kHalfHeight, 0.1);
     setAxisScale(xBottom, -1.0, 1.0, 0.1);
     m_item->attach(this);
+    replot();
 }
 
 SplitPlot::~SplitPlot() = default;

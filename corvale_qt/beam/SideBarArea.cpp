@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/SideBarArea_p.h"
+
+#include <QScrollBar>
+
+namespace Corvale_Qt {
+
+SideBarArea::SideBarArea(QWidget *parent)
+    : QScrollArea(parent)
+{
+}
+
+SideBarArea::~SideBarArea() = default;
+
+QSize SideBarArea::sizeHint() const
+{
+    QSize hint = QScrollArea::sizeHint();
+    if (widget()) {
+        const int bar = verticalScrollBar()->sizeHint().width();
+        hint.setWidth(widget()->minimumSizeHint().width() + bar + 2 * frameWidth());
+    }
+    return hint;
+}
+
+QSize SideBarArea::minimumSizeHint() const
+{
+    return {sizeHint().width(), QScrollArea::minimumSizeHint().height()};
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// +------------------------------------------------------------------------------------+
+// | This file is not part of the interface: it may change, or go, without notice.      |
+// +------------------------------------------------------------------------------------+
+
+#include <QScrollArea>
+
+namespace Corvale_Qt {
+
+/*! Scrolls up and down only: always as wide as what it holds needs, with room for the scroll bar. */
+class SideBarArea : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit SideBarArea(QWidget *parent = nullptr);
+    ~SideBarArea() override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+};
+
+} // namespace Corvale_Qt

@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/SpectrogramPlot_p.h"
+#include "tests/beam/BeamDisplay.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot_item.h>
+#include <qwt_scale_map.h>
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QSpinBox>
+
+#include <functional>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+/*! Where something lies in a picture, and which way it points. */
+struct Blob
+{
+    double weight = 0;
+    QPointF centre; //!< pixels
+    double angle =
+        0; //!< of the longer axis, degrees, on the screen: counter-clockwise from the right
+};
+
+Blob measure(const QSize &size, const std::function<double(int, int)> &weightAt)
+{
+    double sum = 0;
+    double x = 0;
+    double y = 0;
+    double xx = 0;
+    double yy = 0;
+    double xy = 0;
+    for (int row = 0; row < size.height(); ++row) {
+        for (int column = 0; column < size.width(); ++column) {
+            const double weight = weightAt(column, row);
+            sum += weight;
+            x += weight * column;
+            y += weight * row;
+            xx += weight * column * column;
+            yy += weight * row * row;
+            xy += weight * column * row;
+        }
+    }
+    Blob blob;
+    blob.weight = sum;
+    blob.centre = QPointF(x, y) / sum;
+    const double cxx = xx / sum - blob.centre.x() * blob.centre.x();
+    const double cyy = yy / sum - blob.centre.y() * blob.centre.y();
+    const double cxy = xy / sum - blob.centre.x() * blob.centre.y();
+    blob.angle = -std::atan2(2 * cxy, cxx - cyy) / 2 * 180 / M_PI;
+    return blob;
+}
+
+Blob brightness(const QImage &image)
+{
+    return measure(image.size(), [&image](int x, int y) {
+        return qGray(image.pixel(x, y));
+    });
+}
+
+Blob difference(const QImage &one, const QImage &other)
+{
+    return measure(one.size(), [&](int x, int y) {
+        return one.pixel(x, y) != other.pixel(x, y);
+    });
+}
+
+//! How far two axes point apart, 0 to 90 degrees.
+double apart(double a, double b)
+{
+    return std::abs(std::remainder(a - b, 180));
+}
+
+/*! A display in grey, with the raster alone: what is switched on shows as a difference. */
+struct PictureDisplay : BeamDisplay
+{
+    PictureDisplay()
+    {
+        widget.sidebarEnabled(false);
+        widget.resize(420, 420);
+        control<QComboBox>("comboBox_color")->setCurrentIndex(0);
+        check("checkBox_smoothing", true);
+        check("checkBox_ellipse", false);
+        check("checkBox_meanX", false);
+        check("checkBox_meanY", false);
+        plot = widget.findChild<SpectrogramPlot *>();
+    }
+
+    QImage canvas()
+    {
+        widget.grab(); // lays it out
+        return plot->canvas()->grab().toImage();
+    }
+    QPointF pixelOf(double rasterX, double rasterY) const
+    {
+        return {plot->canvasMap(QwtPlot::xBottom).transform(rasterX),
+                plot->canvasMap(QwtPlot::yLeft).transform(rasterY)};
+    }
+
+    SpectrogramPlot *plot;
+};
+
+} // namespace
+
+class tst_RVXSpectrogramPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theEllipseLiesAlongTheBeam_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<bool>("invertX");
+        QTest::addColumn<bool>("invertY");
+        for (int inversion = 0; inversion < 4; ++inversion) {
+            for (double degrees : {0, 30, 45, 90, 135}) {
+                for (bool strips : {false, true}) {
+                    QTest::addRow("%s, %g degrees, inverted %d",
+                                  strips ? "strips" : "pixels",
+                                  degrees,
+                                  inversion)
+                        << strips << degrees << bool(inversion & 1) << bool(inversion & 2);
+                }
+            }
+        }
+    }
+    void theEllipseLiesAlongTheBeam()
+    {
+        QFETCH(bool, strips);
+        QFETCH(double, degrees);
+        QFETCH(bool, invertX);
+        QFETCH(bool, invertY);
+        PictureDisplay display;
+        display.check("checkBox_invertX", invertX);
+        display.check("checkBox_invertY", invertY);
+        if (strips) {
+            display.widget.setL408(true);
+            // Strips see the beam's projections.
+            const double turn = degrees * M_PI / 180;
+            const double sigmaX = std::hypot(4 * std::cos(turn), 1.6 * std::sin(turn));
+            const double sigmaY = std::hypot(4 * std::sin(turn), 1.6 * std::cos(turn));
+            QVERIFY(display.feed(Frames::strips(17, sigmaX, 14, sigmaY)).valid);
+        } else {
+            display.widget.setPixelated(true);
+            QVERIFY(display.feed(Frames::pixels(1.9, -1.9, 6.5, 2.8, degrees)).valid);
+        }
+        const QImage bare = display.canvas();
+        display.check("checkBox_ellipse", true);
+        const QImage withEllipse = display.canvas();
+        const Blob beam = brightness(bare);
+        const Blob ellipse = difference(withEllipse, bare);
+        QVERIFY(ellipse.weight > 100);
+
+        // A cell is 8 (strips) or 22 pixels here. The strips' raster is drawn half a cell off its
+        // centre.
+        const double cell = bare.width() / (strips ? 32.0 : 12.0);
+        const QPointF off = ellipse.centre - beam.centre;
+        QVERIFY2(std::hypot(off.x(), off.y()) < (strips ? 0.85 : 0.4) * cell,
+                 qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
+        // A beam of 45 degrees has two equal projections: the strips' ellipse is a circle.
+        const bool round = strips && (degrees == 45 || degrees == 135);
+        if (!round)
+            QVERIFY2(apart(ellipse.angle, beam.angle) < 5,
+                     qPrintable(QString("ellipse %1, beam %2").arg(ellipse.angle).arg(beam.angle)));
+        // The picture is mirrored as often as an axis is.
+        const double expected = invertX != invertY ? -degrees : degrees;
+        if (!strips)
+            QVERIFY2(apart(ellipse.angle, expected) < 5,
+                     qPrintable(QString::number(ellipse.angle)));
+        const bool right = beam.centre.x() > bare.width() / 2.0;
+        const bool down = beam.centre.y() > bare.height() / 2.0;
+        QCOMPARE(right, !invertX);
+        QCOMPARE(down, !invertY);
+    }
+
+    void theEllipseGrowsWithItsSigmas()
+    {
+        PictureDisplay display;
+        display.widget.setPixelated(true);
+        display.feed(Frames::pixels(0, 0, 5, 4, 0));
+        const QImage bare = display.canvas();
+        display.check("checkBox_ellipse", true);
+        const auto radius = [&] {
+            const QImage image = display.canvas();
+            int right = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, image.height() / 2) != bare.pixel(x, image.height() / 2))
+                    right = x;
+            }
+            return (right - image.width() / 2.0) * 12 * 3.8 / image.width(); // mm
+        };
+        QVERIFY(std::abs(radius() - 5) < 0.5);
+        display.control<QSpinBox>("spinBox_sigma")->setValue(3);
+        QVERIFY(std::abs(radius() - 15) < 0.8);
+    }
+
+    void theBrightestSpotIsTheBeam()
+    {
+        PictureDisplay display;
+        display.check("checkBox_smoothing", false);
+        display.widget.setPixelated(true);
+        display.feed(Frames::pixels(9.5, 5.7, 3, 3, 0)); // the middle of column 8, row 4
+        const QImage image = display.canvas();
+        const QPoint spot = display.pixelOf(8.5, 4.5).toPoint();
+        QCOMPARE(qGray(image.pixel(spot)), 255);
+        int white = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                white += qGray(image.pixel(x, y)) == 255;
+        }
+        const double cell = image.width() / 12.0;
+        QVERIFY(std::abs(white - cell * cell) < 0.2 * cell * cell); // that cell and no other
+    }
+
+    void meansAndArrowAreWhereTheyBelong()
+    {
+        PictureDisplay display;
+        display.widget.setPixelated(true);
+        display.feed(Frames::pixels(7.6, 3.8, 3, 3, 0)); // two cells right of the middle, one up
+        const QImage bare = display.canvas();
+        display.check("checkBox_meanX", true);
+        const Blob meanX = difference(display.canvas(), bare);
+        QVERIFY(std::abs(meanX.centre.x() - display.pixelOf(8, 0).x()) < 2);
+        QVERIFY(apart(meanX.angle, 90) < 1);
+        display.check("checkBox_meanX", false);
+        display.check("checkBox_meanY", true);
+        const Blob meanY = difference(display.canvas(), bare);
+        QVERIFY(std::abs(meanY.centre.y() - display.pixelOf(0, 5).y()) < 2);
+        display.check("checkBox_meanY", false);
+
+        display.check("checkBox_arrow", true);
+        Blob arrow = difference(display.canvas(), bare);
+        // From the middle to the beam: two to the right and one up.
+        QVERIFY(apart(arrow.angle, std::atan(0.5) * 180 / M_PI) < 4);
+        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(7.6);
+        display.control<QDoubleSpinBox>("yorigin_doubleSpinBox")->setValue(-11.4);
+        arrow = difference(display.canvas(), bare);
+        QVERIFY(apart(arrow.angle, 90) < 2);
+        QVERIFY(std::abs(arrow.centre.x() - display.pixelOf(8, 0).x()) < 3);
+        // Mirrored, the origin's numbers mean the mirrored side, as the means do.
+        display.check("checkBox_arrow", false);
+        display.check("checkBox_invertX", true);
+        const QImage mirrored = display.canvas();
+        display.check("checkBox_arrow", true);
+        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(-7.6);
+        arrow = difference(display.canvas(), mirrored);
+        QVERIFY(apart(arrow.angle, 90) < 2);
+    }
+
+    void layersLieInTheirOrder()
+    {
+        BeamDisplay display;
+        QVector<double> layers;
+        for (QwtPlotItem *item : display.widget.findChild<SpectrogramPlot *>()->itemList())
+            layers << item->z();
+        QCOMPARE(layers.size(), 5);
+        QVERIFY(std::is_sorted(layers.begin(), layers.end()));
+        auto items = display.widget.findChild<SpectrogramPlot *>()->itemList();
+        QVERIFY(dynamic_cast<Background *>(items[0]));
+        QCOMPARE(items[1]->rtti(), int(QwtPlotItem::Rtti_PlotSpectrogram));
+        QVERIFY(dynamic_cast<MeanCurve *>(items[2]) && dynamic_cast<MeanCurve *>(items[3]));
+        QVERIFY(dynamic_cast<Ellipse *>(items[4]));
+    }
+
+    void theCanvasStaysSquare()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        for (const QSize &size : {QSize(900, 400), QSize(350, 800), QSize(1600, 1600)}) {
+            display.widget.resize(size);
+            display.feed(Frames::strips(15,
+                                        3,
+                                        15,
+                                        3,
+                                        1e-9 * display.time)); // other labels on the colour bar
+            const QSize canvas = display.canvas().size();
+            QVERIFY(std::abs(canvas.width() - canvas.height()) <= 1);
+        }
+        display.widget.scaleEnabled(false);
+        const QSize canvas = display.canvas().size();
+        QVERIFY(std::abs(canvas.width() - canvas.height()) <= 1);
+    }
+
+    void theSideBarShowsAllOfItself()
+    {
+        BeamDisplay display;
+        for (const QSize &size : {QSize(1060, 860), QSize(700, 500)}) {
+            display.widget.resize(size);
+            display.widget.grab();
+            auto *sidebar = display.control<QWidget>("sidebar");
+            auto *area = display.control<QWidget>("scrollArea_sidebar");
+            QVERIFY(sidebar->width() >= sidebar->minimumSizeHint().width());
+            QVERIFY(sidebar->width() <= area->width());
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXSpectrogramPictures)
+#include "tst_RVXSpectrogramPictures.moc"

@@ -87,7 +87,7 @@ struct Reference
             const int row = cell / 12 + 1;
             const int column = cell % 12 + 1;
             const double fromMiddle = std::hypot(row - 6.5, column - 6.5);
-            if (fromMiddle > 6.6) // the round area: 120 of the cells
+            if (fromMiddle > 6.2) // the round area: 120 of the cells
                 continue;
             const double reading = cells[cell] - background;
             const double terms[] = {1,

@@ -171,14 +171,19 @@ DetectorGrid DetectorGrid::of(DetectorLayout layout)
     return {};
 }
 
-FrameReadings frameReadings(const QVector<double> &data, double factor)
+FrameReadings frameReadings(const QVector<double> &data)
 {
     FrameReadings readings{};
-    const int count = std::min(data.size(), kFrameReadings);
-    for (int i = 0; i < count; ++i) {
-        const double reading = data[i] * factor;
-        if (std::isfinite(reading))
-            readings[i] = reading;
+    std::copy_n(data.begin(), std::min(data.size(), kFrameReadings), readings.begin());
+    return scaled(readings, 1);
+}
+
+FrameReadings scaled(FrameReadings readings, double factor)
+{
+    for (double &reading : readings) {
+        reading *= factor;
+        if (!std::isfinite(reading))
+            reading = 0;
     }
     return readings;
 }

@@ -34,8 +34,10 @@ struct DetectorGrid
 constexpr int kFrameReadings = 128;
 using FrameReadings = std::array<double, kFrameReadings>;
 
-/*! The first 128 values times \a factor; 0 for those that are missing or not finite. */
-FrameReadings frameReadings(const QVector<double> &data, double factor);
+//! The first 128 values; 0 for those that are missing or not finite.
+FrameReadings frameReadings(const QVector<double> &data);
+//! The same times \a factor; 0 where the product is not finite.
+FrameReadings scaled(FrameReadings readings, double factor);
 
 //! What the user or the host chose that changes a frame's numbers.
 struct FrameOptions

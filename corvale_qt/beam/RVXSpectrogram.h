@@ -60,9 +60,9 @@ public Q_SLOTS:
         number that is not used, weight power. Fewer than four entries stand for 0, 1024, 1e-15 and
        2; the two other arguments are for the histograms' sake. */
     void SetRegressionOptions(bool enabled, const QVector<double> &options, int peaks);
-    //! Chooses the strip pair, and clears what is shown. False leaves the display without that layout.
+    //! Chooses the strip pair; clears the time plot, and what was shown of another layout. False leaves the display without that layout.
     void setL408(bool enabled);
-    //! Chooses the pixel matrix, and clears what is shown. False leaves the display without that layout.
+    //! Chooses the pixel matrix; clears the time plot, and what was shown of another layout. False leaves the display without that layout.
     void setPixelated(bool enabled);
     //! Names the display on the debug stream.
     void setName(const char *name);

@@ -85,7 +85,7 @@ void RVXSpectrogramPrivate::connectControls()
                      QOverload<double>::of(&QDoubleSpinBox::valueChanged),
                      q,
                      [this] {
-                         presentAgain(1);
+                         presentAgain();
                      });
     for (QCheckBox *box : {ui.checkBox_invertX, ui.checkBox_invertY})
         QObject::connect(box, &QCheckBox::toggled, q, [this] {
@@ -156,12 +156,13 @@ void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &t
     ui.discriminator_QScienceSpinBox->setEnabled(layout == DetectorLayout::PixelMatrix);
     history->clear();
     timePlot->replot();
-    clearFrame();
+    if (layout == plot->detector())
+        return;
+    clearFrame(); // it was another detector's
     plot->setDetector(layout);
     plot->replot();
 }
 
-//! Numbers of another detector are nobody's.
 void RVXSpectrogramPrivate::clearFrame()
 {
     hasFrame = false;
@@ -182,7 +183,7 @@ void RVXSpectrogramPrivate::setCurrent(bool enabled)
             const QSignalBlocker blocker(box);
             box->setValue(box->value() * factor);
         }
-        presentAgain(factor); // what is shown gets the new unit, and its numbers with it
+        presentAgain(); // what is shown gets the new unit, and its numbers with it
     }
     applyUnit();
     applyScale();
@@ -231,7 +232,7 @@ void RVXSpectrogramPrivate::setInverted()
     history->mirror(x != plot->isInvertedX(), y != plot->isInvertedY());
     plot->setInverted(x, y);
     timePlot->replot();
-    presentAgain(1);
+    presentAgain();
     plot->replot();
 }
 
@@ -243,7 +244,8 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     }
     if (timestamp == lastTimestamp)
         return;
-    const FrameReadings readings = frameReadings(data, current ? sampleRate : 1.0);
+    const FrameReadings charges = frameReadings(data);
+    const FrameReadings readings = scaled(charges, readingFactor());
     if (layout == DetectorLayout::StripPair && stripFrameIsEmpty(readings)) {
         qDebug() << "2D incoming data is all 0";
         return;
@@ -251,7 +253,7 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     const BeamFrame frame = computeFrame(layout, readings, frameOptions());
     remember(frame.calc, timestamp);
     if (redrawPending && drawing && layout != DetectorLayout::None)
-        present(readings, frame);
+        present(charges, frame);
 }
 
 void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double timestamp)
@@ -269,17 +271,21 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
     lastTimestamp = timestamp;
 }
 
-//! Ends a redraw that was pending, unless the frame is below the threshold: the next good one is taken at once.
-void RVXSpectrogramPrivate::present(const FrameReadings &readings, const BeamFrame &frame)
+bool RVXSpectrogramPrivate::isAboveThreshold(const SpectrogramCalc &newCalc) const
+{
+    return !ui.checkBox_threshold->isChecked()
+        || newCalc.max >= ui.threshold_QScienceSpinBox->value();
+}
+
+void RVXSpectrogramPrivate::present(const FrameReadings &charges, const BeamFrame &frame)
 {
     Q_Q(RVXSpectrogram);
-    if (ui.checkBox_threshold->isChecked()
-        && frame.calc.max < ui.threshold_QScienceSpinBox->value()) {
+    if (!isAboveThreshold(frame.calc)) {
         plot->setEllipseHidden(true);
         plot->replot();
-        return;
+        return; // the redraw stays pending: the next good frame is taken at once
     }
-    shownReadings = readings;
+    shownCharges = charges;
     hasFrame = true;
     showFrame(frame);
     redrawPending = false;
@@ -288,13 +294,11 @@ void RVXSpectrogramPrivate::present(const FrameReadings &readings, const BeamFra
 }
 
 //! The frame that is shown, after something changed how it is read.
-void RVXSpectrogramPrivate::presentAgain(double factor)
+void RVXSpectrogramPrivate::presentAgain()
 {
-    if (!hasFrame)
-        return;
-    for (double &reading : shownReadings)
-        reading *= factor;
-    showFrame(computeFrame(layout, shownReadings, frameOptions()));
+    if (hasFrame)
+        showFrame(
+            computeFrame(plot->detector(), scaled(shownCharges, readingFactor()), frameOptions()));
 }
 
 void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)

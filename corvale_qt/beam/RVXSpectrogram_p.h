@@ -39,8 +39,9 @@ public:
     // The road of a frame.
     void takeFrame(const QVector<double> &data, double timestamp);
     void remember(const SpectrogramCalc &calc, double timestamp);
-    void present(const FrameReadings &readings, const BeamFrame &frame);
-    void presentAgain(double factor);
+    bool isAboveThreshold(const SpectrogramCalc &newCalc) const;
+    void present(const FrameReadings &charges, const BeamFrame &frame);
+    void presentAgain();
     void showFrame(const BeamFrame &frame);
     void showResults();
     void clearFrame();
@@ -73,13 +74,14 @@ public:
     double lastTimestamp = 0.0;
 
     SpectrogramCalc calc;
-    FrameReadings shownReadings{}; //!< what the calculation was made from
+    FrameReadings shownCharges{}; //!< what the calculation was made from, before any rate
     bool hasFrame = false;
 
 private:
     void buildPlots();
     void connectControls();
     void connectDisplayOptions();
+    double readingFactor() const { return current ? sampleRate : 1.0; }
     double fullScale() const { return current ? currentFullScale : chargeFullScale; }
 
     RVXSpectrogram *const q_ptr;

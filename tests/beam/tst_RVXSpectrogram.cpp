@@ -331,6 +331,14 @@ private Q_SLOTS:
         QVERIFY(near(threshold->value(), 3e-11, 1e-22));
         QVERIFY(near(discriminator->value(), 2e-12, 1e-23));
         QVERIFY(near(display.feed(frame).max / charge.max, 1, 1e-9));
+
+        // A frame that was taken at another rate is told as the charge it was.
+        display.widget.currentEnabled(true);
+        display.feed(frame);
+        display.widget.setSampleRate(100);
+        display.widget.currentEnabled(false);
+        discriminator->setValue(2e-12);
+        QVERIFY(near(display.widget.getCalc().max / charge.max, 1, 1e-9));
     }
 
     void repeatedTimeStampsAreIgnored()

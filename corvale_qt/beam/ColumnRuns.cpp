@@ -9,8 +9,8 @@ namespace Corvale_Qt {
 
 int pixelOf(double coordinate)
 {
-    // Far beyond any canvas, and far from where adding or subtracting two of them overflows.
-    constexpr double limit = 5e8;
+    // Far beyond any canvas, and one short of where a neighbour overflows.
+    constexpr double limit = 2147483646.0;
     return qRound(std::min(std::max(coordinate, -limit), limit));
 }
 
@@ -56,7 +56,7 @@ void ColumnRuns::joinTo(int column, int y)
     // Qt's slopes are 16 bits of fraction: on a long way down they may fall short of the right column, and the
     // line ends with a pixel more in the left one. From which length on depends on the length itself.
     constexpr int surelyExact = 128;
-    if (column == m_column + 1 && y - m_last < surelyExact) {
+    if (column == m_column + 1 && qint64(y) - m_last < surelyExact) {
         m_least = std::min(m_least, y + 1);
         m_greatest = std::max(m_greatest, y - 1);
         return;

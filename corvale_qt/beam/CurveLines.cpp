@@ -12,6 +12,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -54,6 +55,21 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
         for (int i = 0; i < count; ++i)
             use(x[i], y[i]);
     }
+}
+
+//! Whether a line to one of the points is, on the canvas, straight up or sideways but for rounding.
+bool reachesFar(const QPolygonF &points)
+{
+    constexpr double far = 1e8;
+    return std::any_of(points.begin(), points.end(), [](const QPointF &point) {
+        return std::abs(point.x()) > far || std::abs(point.y()) > far;
+    });
+}
+
+void toWholePixels(QPolygonF &points)
+{
+    for (QPointF &point : points)
+        point = QPointF(pixelOf(point.x()), pixelOf(point.y()));
 }
 
 bool isFinite(double x, double y)
@@ -223,7 +239,10 @@ void CurveLines::flushPolyline(QPolygonF &points) const
     } else if (points.size() > 1 && m_clipping) {
         const qreal width = std::max(1.0, m_painter->pen().widthF());
         const QRectF clip = m_canvasRect.adjusted(-width, -width, width, width);
-        QwtPainter::drawPolyline(m_painter, QwtClipper::clipPolygonF(clip, points, false));
+        QPolygonF clipped = QwtClipper::clipPolygonF(clip, points, false);
+        if (m_aligned && reachesFar(points))
+            toWholePixels(clipped);
+        QwtPainter::drawPolyline(m_painter, clipped);
     } else if (points.size() > 1) {
         QwtPainter::drawPolyline(m_painter, points);
     }

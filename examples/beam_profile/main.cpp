@@ -2,14 +2,15 @@
 // A beam that wanders over a pair of strip detectors: its profile, its place, and its displacement
 // as two bars.
 
+#include <corvale_qt/RVXPositionPlot>
+#include <corvale_qt/RVXSpectrogram>
+#include <corvale_qt/RVXSplitPlot>
+
 #include <QApplication>
 #include <QSplitter>
 #include <QTimer>
 
 #include <cmath>
-#include <corvale_qt/RVXPositionPlot>
-#include <corvale_qt/RVXSpectrogram>
-#include <corvale_qt/RVXSplitPlot>
 
 using namespace Corvale_Qt;
 

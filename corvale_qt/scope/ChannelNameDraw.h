@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "corvale_qt/corvale_qt_export.h"
+
+#include <qwt_scale_draw.h>
+
+namespace Corvale_Qt {
+
+/*! Labels channels with letters: 1 is "A", 26 is "Z"; others have no label. For axes of few channels. */
+class CORVALE_QT_EXPORT ChannelNameDraw : public QwtScaleDraw
+{
+public:
+    QwtText label(double channel) const override;
+};
+
+} // namespace Corvale_Qt

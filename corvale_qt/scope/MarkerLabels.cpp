@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/scope/MarkerLabels_p.h"
+#include "corvale_qt/scope/MarkerStatistics_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+
+#include <qwt_plot_marker.h>
+#include <qwt_symbol.h>
+#include <qwt_text.h>
+
+#include <QFont>
+#include <QLocale>
+#include <QPen>
+
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 12);
+}
+
+} // namespace
+
+// All texts are put in at once, here and below: a channel's name may hold place markers of its own.
+QString sampleText(const ScopeModel &model, double x, int channel, double value)
+{
+    return QStringLiteral("%1: %2\nChannel %3\n%4")
+        .arg(model.xUnitName(),
+             model.formatX(x),
+             model.name(channel),
+             QString::number(value, 'g', QLocale::FloatingPointShortest));
+}
+
+QString timeText(const ScopeModel &model, double x)
+{
+    return QStringLiteral("%1: %2").arg(model.xUnitName(), model.formatX(x));
+}
+
+QString spanText(const QString &sample, double period, const MarkerStatistics &statistics)
+{
+    return QStringLiteral("%1\n   Period: %2\nFrequency: %3\n      Sum: %4\n     Mean: %5\n"
+                          "      RMS: %6\n Std. Dev: %7")
+        .arg(sample,
+             number(period),
+             number(1.0 / period),
+             number(statistics.sum()),
+             number(statistics.mean()),
+             number(statistics.rms()),
+             number(statistics.standardDeviation()));
+}
+
+QString spanText(const QString &bar, const MarkerStatistics &statistics)
+{
+    return QStringLiteral("%1\n      Sum: %2\n     Mean: %3\n      RMS: %4\n Std. Dev: %5")
+        .arg(bar,
+             number(statistics.sum()),
+             number(statistics.mean()),
+             number(statistics.rms()),
+             number(statistics.standardDeviation()));
+}
+
+void prepareMarker(QwtPlotMarker &marker)
+{
+    marker.setLineStyle(QwtPlotMarker::VLine);
+    setMarkerLine(marker, Qt::NoBrush);
+}
+
+void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
+{
+    QwtText label(text, QwtText::PlainText);
+    label.setFont(QFont("Monospace", 9));
+    label.setColor(RVXPlotColors::labelTextColor());
+    label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
+    label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
+    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop);
+    marker.setLabel(label);
+}
+
+void setMarkerLine(QwtPlotMarker &marker, const QBrush &brush)
+{
+    const bool hasColour = brush.style() != Qt::NoBrush;
+    const QPen pen(hasColour ? brush : QBrush(RVXPlotColors::labelTextColor()),
+                   1.0,
+                   Qt::SolidLine,
+                   Qt::SquareCap,
+                   Qt::BevelJoin);
+    marker.setLinePen(pen);
+    marker.setSymbol(new QwtSymbol(QwtSymbol::Ellipse, Qt::NoBrush, pen, QSize(7, 7)));
+}
+
+void alignMarkerLabel(QwtPlotMarker &marker, Qt::AlignmentFlag side)
+{
+    marker.setLabelAlignment(side | Qt::AlignTop);
+}
+
+void keepLabelsApart(QwtPlotMarker &a, QwtPlotMarker &b, double width)
+{
+    if (!(std::abs(a.xValue() - b.xValue()) < 0.25 * width))
+        return;
+    const bool aIsLeft = a.xValue() <= b.xValue();
+    alignMarkerLabel(a, aIsLeft ? Qt::AlignLeft : Qt::AlignRight);
+    alignMarkerLabel(b, aIsLeft ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+} // namespace Corvale_Qt

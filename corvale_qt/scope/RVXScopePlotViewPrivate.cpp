@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXPositionPlot.h"
+#include "corvale_qt/beam/RVXSpectrogram.h"
+#include "corvale_qt/beam/RVXSplitPlot.h"
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+
+#include <qwt_picker_machine.h>
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_layout.h>
+#include <qwt_plot_picker.h>
+#include <qwt_scale_widget.h>
+
+#include <QEvent>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace Corvale_Qt {
+
+RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
+    : d(view)
+{
+    setObjectName(QStringLiteral("RVXScopePlotViewEventFilter"));
+}
+
+bool RVXScopePlotViewEventFilter::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Paint)
+        d->canvasIsPainted();
+    return false;
+}
+
+RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
+    : q_ptr(view)
+    , layout(new QVBoxLayout(view->viewport()))
+    , plot(new QwtPlot(view->viewport()))
+    , canvas(new QwtPlotCanvas(plot))
+    , statistics(plot)
+    , spectrogram(new RVXSpectrogram(view))
+    , positionPlot(new RVXPositionPlot(view))
+    , splitPlot(new RVXSplitPlot(view))
+    , axes(plot)
+    , markers(view, plot, model)
+    , curves(plot, model, markers)
+{
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(plot);
+    prepareCanvas();
+    eventFilter = std::make_unique<RVXScopePlotViewEventFilter>(this);
+    canvas->installEventFilter(eventFilter.get());
+    prepareItems();
+    preparePickers();
+    statistics.insertInto(layout);
+    for (QWidget *companion :
+         std::initializer_list<QWidget *>{spectrogram, positionPlot, splitPlot})
+        layout->insertWidget(0, companion);
+    createModes();
+    showOnly(plot);
+}
+
+RVXScopePlotViewPrivate::~RVXScopePlotViewPrivate() = default;
+
+void RVXScopePlotViewPrivate::prepareCanvas()
+{
+    plot->setCanvas(canvas);
+    plot->setAutoDelete(false); // the items are ours
+    plot->setCanvasBackground(Qt::black);
+    canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
+    canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
+    canvas->setPaintAttribute(QwtPlotCanvas::ImmediatePaint, false);
+    canvas->setBorderRadius(0);
+    plot->setFrameStyle(QFrame::NoFrame);
+    plot->axisWidget(QwtPlot::yLeft)->setMargin(0);
+    plot->axisWidget(QwtPlot::xBottom)->setMargin(0);
+    plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 20);
+    plot->plotLayout()->setAlignCanvasToScales(true);
+    plot->plotLayout()->setSpacing(0);
+}
+
+void RVXScopePlotViewPrivate::prepareItems()
+{
+    const auto pen = [](int grey) {
+        return QPen(QColor(grey, grey, grey), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+    };
+    grid.enableXMin(false);
+    grid.enableYMin(true);
+    grid.setMajorPen(pen(88));
+    grid.setMinorPen(pen(48));
+    grid.attach(plot);
+
+    histogram.setBrush(QBrush(Qt::yellow));
+    histogram.setPen(QColor(Qt::yellow).darker(130));
+    histogram.setStyle(QwtPlotHistogram::Columns);
+}
+
+void RVXScopePlotViewPrivate::preparePickers()
+{
+    const auto add = [this](Qt::MouseButton button, const char *slot) {
+        auto *picker = new QwtPlotPicker(canvas);
+        picker->setStateMachine(new QwtPickerClickPointMachine);
+        picker->setTrackerMode(QwtPicker::ActiveOnly);
+        picker->setTrackerPen(QPen(Qt::white));
+        picker->setMousePattern(QwtEventPattern::MouseSelect1, button);
+        QObject::connect(picker, SIGNAL(selected(QPointF)), q_ptr, slot);
+    };
+    add(Qt::LeftButton, SLOT(SelectPoint1(QPointF)));
+    add(Qt::RightButton, SLOT(SelectPoint2(QPointF)));
+}
+
+void RVXScopePlotViewPrivate::createModes()
+{
+    modes = {std::make_unique<StripPlotMode>(*this),
+             std::make_unique<SweepPlotMode>(*this),
+             std::make_unique<HistogramPlotMode>(*this),
+             std::make_unique<CompanionPlotMode>(*this, spectrogram),
+             std::make_unique<CompanionPlotMode>(*this, positionPlot),
+             std::make_unique<CompanionPlotMode>(*this, splitPlot)};
+}
+
+void RVXScopePlotViewPrivate::showOnly(QWidget *shown)
+{
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{plot, spectrogram, positionPlot, splitPlot}) {
+        widget->setVisible(widget == shown);
+    }
+}
+
+void RVXScopePlotViewPrivate::showScrollBar(bool shown)
+{
+    q_ptr->setHorizontalScrollBarPolicy(shown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
+void RVXScopePlotViewPrivate::showBufferSize()
+{
+    if (!bufferSizeLabel)
+        return;
+    const bool isEmpty = !baseModel || baseModel->columnCount() < 1;
+    const int samples = isEmpty ? 0 : baseModel->rowCount() - 1;
+    if (samples == samplesShown)
+        return;
+    samplesShown = samples;
+    bufferSizeLabel->setText(RVXScopePlotView::tr("%1 Samples").arg(samples));
+}
+
+QString RVXScopePlotViewPrivate::yTitle() const
+{
+    if (yScale.mode == RVXScopePlotView::Normalized)
+        return RVXScopePlotView::tr("Relative Value");
+    const QString unit = model.unitName();
+    const bool hasUnit = model.plot() && model.plot()->units();
+    return hasUnit ? unit : RVXScopePlotView::tr("Number");
+}
+
+void RVXScopePlotViewPrivate::canvasIsPainted()
+{
+    repaintAsked = false;
+    replotPending = true;
+    q_ptr->Plot();
+}
+
+//! The series of the curves read from it: none may be left when the canvas is painted next.
+void RVXScopePlotViewPrivate::modelIsGone()
+{
+    model.set(nullptr);
+    curves.dropData();
+    currentMode().clear();
+    q_ptr->RequestReplot();
+}
+
+void RVXScopePlotViewPrivate::followBaseModel()
+{
+    baseModel = ScopeModel::innermost(q_ptr->model());
+}
+
+void RVXScopePlotViewPrivate::createCurves()
+{
+    if (model.allChannels() > ScopeModel::maximumChannels) {
+        qDebug("RVXScopePlotView: the first %d of %d channels are shown",
+               ScopeModel::maximumChannels,
+               model.allChannels());
+    }
+    curves.createCurves(model.channelCount());
+}
+
+void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)
+{
+    if (!markersEnabled)
+        return;
+    markers.place(marker, position);
+    q_ptr->RequestReplotRefresh();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/scope/SampleRows_p.h"
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int kChunk = 1024;
+
+//! The first row whose x meets a condition that no row meets before it and every row after it.
+template<typename Condition>
+int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
+{
+    int first = rows.first;
+    int count = rows.size();
+    while (count > 0) {
+        const int half = count / 2;
+        if (condition(sampleX(reader, first + half))) {
+            count = half;
+        } else {
+            first += half + 1;
+            count -= half + 1;
+        }
+    }
+    return first;
+}
+
+//! The first row whose x meets a condition; one past the last where none does.
+template<typename Condition>
+int scanForward(const PlotColumnReader &reader, RowRange rows, Condition condition)
+{
+    double x[kChunk];
+    for (int row = rows.first; row <= rows.last; row += kChunk) {
+        const int count = std::min(kChunk, rows.last - row + 1);
+        reader.read(0, row, count, x);
+        const double *hit = std::find_if(x, x + count, condition);
+        if (hit != x + count)
+            return row + int(hit - x);
+    }
+    return rows.last + 1;
+}
+
+//! The last row whose x meets a condition; one before the first where none does.
+template<typename Condition>
+int scanBackward(const PlotColumnReader &reader, RowRange rows, Condition condition)
+{
+    double x[kChunk];
+    for (int end = rows.last + 1; end > rows.first; end -= kChunk) {
+        const int count = std::min(kChunk, end - rows.first);
+        reader.read(0, end - count, count, x);
+        for (int i = count - 1; i >= 0; --i) {
+            if (condition(x[i]))
+                return end - count + i;
+        }
+    }
+    return rows.first - 1;
+}
+
+} // namespace
+
+double sampleX(const PlotColumnReader &reader, int row)
+{
+    double x = 0.0;
+    reader.read(0, row, 1, &x);
+    return x;
+}
+
+RowRange rowsAround(const PlotColumnReader &reader, int lastRow, double left, double right)
+{
+    const RowRange all{1, lastRow};
+    const auto isBelow = [left](double x) {
+        return x < left;
+    };
+    const auto isBeyond = [right](double x) {
+        return x > right;
+    };
+    const bool rises = reader.xRises();
+    RowRange found;
+    found.first = rises ? bisect(reader,
+                                 all,
+                                 [&](double x) {
+                                     return !isBelow(x);
+                                 })
+            - 1
+                        : scanBackward(reader, all, isBelow);
+    found.first = std::max(found.first, 1);
+    const RowRange after{found.first + 1, lastRow};
+    found.last = rises ? bisect(reader, after, isBeyond) : scanForward(reader, after, isBeyond);
+    found.last = std::min(found.last, lastRow);
+    return found;
+}
+
+int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x)
+{
+    const auto isReached = [x](double stamp) {
+        return stamp >= x;
+    };
+    const int row =
+        reader.xRises() ? bisect(reader, rows, isReached) : scanForward(reader, rows, isReached);
+    return row <= rows.last ? row : -1;
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/ScaleFractions.h"
+#include "corvale_qt/scope/ChannelNameDraw.h"
+#include "corvale_qt/scope/ChannelNumberDraw.h"
+#include "corvale_qt/scope/ScopeAxes_p.h"
+
+#include <qwt_plot.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
+#include <qwt_scale_widget.h>
+
+#include <QFont>
+#include <QLocale>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int kLargestScaleMode = 14;
+constexpr int kFewestNumberedChannels = 9;
+
+//! Qwt's tick builder does not come back from infinite bounds, and its steps overflow near the largest numbers.
+class FiniteScaleEngine : public QwtLinearScaleEngine
+{
+public:
+    void autoScale(int maxSteps, double &x1, double &x2, double &stepSize) const override
+    {
+        x1 = tamed(x1);
+        x2 = tamed(x2);
+        QwtLinearScaleEngine::autoScale(maxSteps, x1, x2, stepSize);
+    }
+
+    QwtScaleDiv
+    divideScale(double x1, double x2, int maxMajor, int maxMinor, double step) const override
+    {
+        return QwtLinearScaleEngine::divideScale(tamed(x1), tamed(x2), maxMajor, maxMinor, step);
+    }
+
+private:
+    static double tamed(double x)
+    {
+        constexpr double largest = 1e300;
+        return std::isnan(x) ? 0.0 : std::clamp(x, -largest, largest);
+    }
+};
+
+//! As many digits as it takes to tell one tick from the next, long after the start of an acquisition.
+class TimeScaleDraw : public QwtScaleDraw
+{
+public:
+    QwtText label(double x) const override
+    {
+        constexpr int usual = 6;
+        const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
+        const double step = ticks.size() > 1 ? std::abs(ticks[1] - ticks[0]) : 0.0;
+        const double largest =
+            std::max(std::abs(scaleDiv().lowerBound()), std::abs(scaleDiv().upperBound()));
+        int digits = usual;
+        if (step > 0.0 && largest > step)
+            digits = std::clamp(int(std::ceil(std::log10(largest / step))) + 2, usual, 15);
+        return QwtText(QLocale().toString(x, 'g', digits));
+    }
+};
+
+QFont titleFont(int points)
+{
+    QFont font("Arial", points);
+    font.setWeight(QFont::Bold);
+    return font;
+}
+
+void setTitle(QwtPlot *plot, int axis, const QString &text, int points)
+{
+    QwtText title(text, QwtText::PlainText);
+    title.setFont(titleFont(points));
+    plot->setAxisTitle(axis, title);
+}
+
+} // namespace
+
+bool YScale::isAutomatic() const
+{
+    return mode <= kAutoScaleIndex || mode > kLargestScaleMode;
+}
+
+std::pair<double, double> YScale::bounds() const
+{
+    // A tenth of the negative range stays visible, so that a zero line with noise on it does.
+    const double below = positiveOnly ? 0.1 : 1.0;
+    if (mode == kNormalizeScaleIndex)
+        return {-1.0 * below, 1.0};
+    const double fraction = scaleFraction(mode);
+    return {below * range.first * fraction, range.second * fraction};
+}
+
+ScopeAxes::ScopeAxes(QwtPlot *plot)
+    : m_plot(plot)
+{
+    m_plot->setAxisScaleEngine(QwtPlot::yLeft, new FiniteScaleEngine);
+    m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
+}
+
+void ScopeAxes::setYScale(const YScale &scale)
+{
+    if (scale.isAutomatic()) {
+        m_plot->setAxisAutoScale(QwtPlot::yLeft, true);
+        return;
+    }
+    const auto [lower, upper] = scale.bounds();
+    m_plot->setAxisScale(QwtPlot::yLeft, lower, upper, 0.0);
+}
+
+void ScopeAxes::prepareTimeAxis()
+{
+    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
+    m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
+    m_plot->setAxisMaxMinor(QwtPlot::xBottom, 10);
+    m_plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 20);
+}
+
+void ScopeAxes::prepareChannelAxis(int channels)
+{
+    if (channels < kFewestNumberedChannels) {
+        m_plot->setAxisScaleDraw(QwtPlot::xBottom, new ChannelNameDraw);
+    } else {
+        m_plot->setAxisScaleDraw(QwtPlot::xBottom, new ChannelNumberDraw(channels));
+        m_plot->setAxisFont(QwtPlot::xBottom, QFont("Arial", 8));
+    }
+    m_plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 5);
+    for (const int axis : {QwtPlot::xBottom, QwtPlot::xTop}) {
+        m_plot->setAxisMaxMajor(axis, std::max(channels, 1));
+        m_plot->setAxisMaxMinor(axis, 0);
+        m_plot->setAxisScale(axis, 0.5, std::max(channels, 1) + 0.5);
+    }
+    setXTitle(QStringLiteral("Channel"));
+}
+
+void ScopeAxes::setTimeRange(double left, double right)
+{
+    if (std::isfinite(left) && std::isfinite(right) && std::isfinite(right - left))
+        m_plot->setAxisScale(QwtPlot::xBottom, left, right);
+}
+
+void ScopeAxes::setYTitle(const QString &title)
+{
+    if (title == m_yTitle)
+        return;
+    m_yTitle = title;
+    setTitle(m_plot, QwtPlot::yLeft, title, 10);
+}
+
+void ScopeAxes::setXTitle(const QString &title)
+{
+    if (title == m_xTitle)
+        return;
+    m_xTitle = title;
+    setTitle(m_plot, QwtPlot::xBottom, title, 8);
+}
+
+} // namespace Corvale_Qt

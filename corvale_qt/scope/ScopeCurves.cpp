@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/scope/ScopeCurves_p.h"
+
+#include <qwt_plot.h>
+
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+// Between the grid and the markers. Steps keep the order of the channels when one is hidden and shown again.
+constexpr double kLowestLayer = 20.0;
+constexpr double kLayerStep = 0.01;
+
+//! Divides the series by its own largest magnitude; a host's own kind of series stays as it is.
+void normalize(QwtSeriesData<QPointF> *series)
+{
+    if (auto *ours = dynamic_cast<RVXSeriesData *>(series)) {
+        const QRectF bounds = ours->boundingRect();
+        ours->setScale(std::max(std::abs(bounds.top()), std::abs(bounds.bottom())));
+    }
+}
+
+} // namespace
+
+ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &markers)
+    : m_plot(plot)
+    , m_model(model)
+    , m_markers(markers)
+{
+}
+
+ScopeCurves::~ScopeCurves() = default;
+
+void ScopeCurves::createCurves(int count)
+{
+    clearCurves();
+    m_count = count;
+    for (int i = 0; i < count; ++i) {
+        auto curve =
+            std::make_unique<RVXDiscontinuousPlotCurve>(QStringLiteral("Channel %1").arg(i));
+        curve->setPaintAttribute(QwtPlotCurve::ClipPolygons, true);
+        curve->setStyle(QwtPlotCurve::NoCurve);
+        curve->setZ(kLowestLayer + i * kLayerStep);
+        m_curves[size_t(i)] = std::move(curve);
+    }
+}
+
+void ScopeCurves::clearCurves()
+{
+    for (int i = 0; i < m_count; ++i)
+        m_curves[size_t(i)].reset();
+    m_count = 0;
+}
+
+void ScopeCurves::detach()
+{
+    for (int i = 0; i < m_count; ++i)
+        m_curves[size_t(i)]->detach();
+}
+
+void ScopeCurves::dropData()
+{
+    for (int i = 0; i < m_count; ++i) {
+        m_curves[size_t(i)]->detach();
+        m_curves[size_t(i)]->setSamples(QVector<QPointF>());
+    }
+}
+
+void ScopeCurves::plotCurves(int firstRow, int lastRow, int scaleMode)
+{
+    for (int channel = 1; channel <= m_count; ++channel) {
+        RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
+        if (!m_model.isShown(channel)) {
+            curve.detach();
+            continue;
+        }
+        giveData(channel, firstRow, lastRow, scaleMode);
+        givePen(channel);
+        curve.attach(m_plot);
+        m_markers.snap(channel, *curve.data(), firstRow);
+    }
+}
+
+void ScopeCurves::giveData(int channel, int firstRow, int lastRow, int scaleMode)
+{
+    RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
+    QwtSeriesData<QPointF> *series = m_model.plot()->seriesData(channel, firstRow, lastRow);
+    if (scaleMode == RVXScopePlotView::Normalized)
+        normalize(series);
+    curve.setSamples(series);
+    // Where the axis spans the values there is nothing to clip.
+    const bool clips =
+        scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange;
+    curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
+}
+
+void ScopeCurves::givePen(int channel)
+{
+    RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
+    const QBrush brush = m_model.brush(channel);
+    if (brush.style() != Qt::NoBrush && curve.pen().brush() != brush)
+        curve.setPen(QPen(brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    curve.setStyle(QwtPlotCurve::Lines);
+}
+
+} // namespace Corvale_Qt

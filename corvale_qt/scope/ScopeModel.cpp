@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/units/MeasurementUnit.h"
+
+#include <QAbstractProxyModel>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+void ScopeModel::set(QAbstractItemModel *items)
+{
+    m_items = items;
+    m_plot = dynamic_cast<RVXAbstractPlotDataModel *>(items);
+}
+
+int ScopeModel::allChannels() const
+{
+    return plot() ? std::max(m_items->columnCount() - 1, 0) : 0;
+}
+
+int ScopeModel::channelCount() const
+{
+    return std::min(allChannels(), maximumChannels);
+}
+
+int ScopeModel::lastRow() const
+{
+    // A proxy without a source has no columns, and no rows to be asked for.
+    return plot() && m_items->columnCount() > 0 ? m_items->rowCount() - 1 : 0;
+}
+
+bool ScopeModel::isShown(int channel) const
+{
+    return header(channel, Qt::CheckStateRole).toInt() != 0;
+}
+
+QString ScopeModel::name(int channel) const
+{
+    return header(channel, Qt::DisplayRole).toString();
+}
+
+QBrush ScopeModel::brush(int channel) const
+{
+    const QVariant brush = header(channel, Qt::BackgroundRole);
+    return brush.userType() == QMetaType::QBrush ? brush.value<QBrush>() : QBrush(Qt::NoBrush);
+}
+
+QString ScopeModel::xUnitName() const
+{
+    const Units::MeasurementUnit *unit = plot() ? plot()->xUnits() : nullptr;
+    return unit ? unit->name() : QString();
+}
+
+QString ScopeModel::formatX(double x) const
+{
+    const Units::MeasurementUnit *unit = plot() ? plot()->xUnits() : nullptr;
+    return unit ? unit->formatUnscaled(x) : QString::number(x);
+}
+
+QString ScopeModel::unitName() const
+{
+    const Units::MeasurementUnit *unit = plot() ? plot()->units() : nullptr;
+    return unit ? unit->name() : QString();
+}
+
+QAbstractItemModel *ScopeModel::innermost(QAbstractItemModel *model)
+{
+    while (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
+        model = proxy->sourceModel();
+    return model;
+}
+
+QVariant ScopeModel::header(int channel, int role) const
+{
+    return m_items ? m_items->data(m_items->index(0, channel), role) : QVariant();
+}
+
+} // namespace Corvale_Qt

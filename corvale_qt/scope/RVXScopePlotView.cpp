@@ -41,7 +41,7 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
 RVXScopePlotView::~RVXScopePlotView()
 {
     Q_D(RVXScopePlotView);
-    disconnect(d->modelDestroyed);
+    d->stopWatching();
 }
 
 void RVXScopePlotView::SetPlotMode(PlotMode mode)
@@ -178,29 +178,22 @@ RVXSplitPlot *RVXScopePlotView::splitPlot()
 void RVXScopePlotView::setModel(QAbstractItemModel *model)
 {
     Q_D(RVXScopePlotView);
-    disconnect(d->modelDestroyed);
+    d->stopWatching();
     d->curves.clearCurves();
     d->markers.detachAll();
     d->markers.forgetChannels();
     d->model.set(model);
     d->createCurves();
-    if (model) {
-        d->modelDestroyed = connect(model, &QObject::destroyed, this, [d] {
-            d->modelIsGone();
-        });
-    }
+    d->watch(model);
     // Calls reset(), which finds as many curves as there are channels.
     QAbstractItemView::setModel(model);
-    horizontalScrollBar()->setRange(0, 0); // follows the newest sample again
     d->followBaseModel();
-    if (d->model.plot())
-        d->sweep.setLengthHint(d->model.plot()->PlotWidthHintPoints());
-    d->sweep.restart(d->model.lastRow());
+    d->restartSweeps();
+    horizontalScrollBar()->setRange(0, 0); // follows the newest sample again
     if (!model)
         d->currentMode().clear();
     SetPlotMode(d->mode);
-    if (!model)
-        RequestReplot();
+    RequestReplot();
 }
 
 void RVXScopePlotView::reset()
@@ -208,18 +201,17 @@ void RVXScopePlotView::reset()
     Q_D(RVXScopePlotView);
     QAbstractItemView::reset();
     d->followBaseModel();
+    d->showBufferSize();
     if (!model()) {
         d->curves.clearCurves();
         return;
     }
-    d->sweep.restart(d->model.lastRow());
     if (d->model.channelCount() != d->curves.count()) {
         d->markers.forgetChannels();
         d->createCurves();
         d->currentMode().enter();
-    } else if (d->model.plot()) {
-        d->sweep.setLengthHint(d->model.plot()->PlotWidthHintPoints());
     }
+    d->restartSweeps();
     RequestReplot();
 }
 
@@ -258,8 +250,11 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
     QAbstractItemView::selectionChanged(selected, deselected);
     const QModelIndexList indexes = selected.indexes();
     if (indexes.isEmpty()) {
-        d->markers.detachAll();
-        RequestReplot();
+        // A sample that leaves the buffer takes its selection along, but not the markers.
+        if (!d->rowsLeave) {
+            d->markers.detachAll();
+            RequestReplot();
+        }
         return;
     }
     if (!d->markersEnabled)

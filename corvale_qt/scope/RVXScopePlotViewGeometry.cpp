@@ -56,6 +56,8 @@ QSize RVXScopePlotView::minimumSizeHint() const
 {
     Q_D(const RVXScopePlotView);
     const QSize base = QAbstractItemView::minimumSizeHint();
+    if (!d) // still being made
+        return base;
     const int around = height() - viewport()->height();
     return QSize(base.width(), std::max(base.height(), d->layout->minimumSize().height() + around));
 }

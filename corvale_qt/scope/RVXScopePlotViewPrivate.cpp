@@ -160,12 +160,39 @@ void RVXScopePlotViewPrivate::canvasIsPainted()
     q_ptr->Plot();
 }
 
+void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
+{
+    if (!items)
+        return;
+    using Model = QAbstractItemModel;
+    const auto on = [&](auto signal, auto action) {
+        watches.append(QObject::connect(items, signal, q_ptr, action));
+    };
+    on(&QObject::destroyed, [this] { modelIsGone(); });
+    on(&Model::rowsAboutToBeRemoved, [this] { rowsLeave = true; });
+    on(&Model::rowsRemoved, [this] { rowsLeave = false; });
+    // The item view itself takes no notice of channels that come and go.
+    on(&Model::columnsInserted, [this] { q_ptr->reset(); });
+    on(&Model::columnsRemoved, [this] { q_ptr->reset(); });
+    on(&Model::columnsMoved, [this] { q_ptr->reset(); });
+}
+
+void RVXScopePlotViewPrivate::stopWatching()
+{
+    for (const QMetaObject::Connection &watch : qAsConst(watches))
+        QObject::disconnect(watch);
+    watches.clear();
+    rowsLeave = false;
+}
+
 //! The series of the curves read from it: none may be left when the canvas is painted next.
 void RVXScopePlotViewPrivate::modelIsGone()
 {
     model.set(nullptr);
+    baseModel = nullptr;
     curves.dropData();
     currentMode().clear();
+    showBufferSize();
     q_ptr->RequestReplot();
 }
 
@@ -182,6 +209,13 @@ void RVXScopePlotViewPrivate::createCurves()
                model.allChannels());
     }
     curves.createCurves(model.channelCount());
+}
+
+void RVXScopePlotViewPrivate::restartSweeps()
+{
+    if (model.plot())
+        sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
+    sweep.restart(model.lastRow());
 }
 
 void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)

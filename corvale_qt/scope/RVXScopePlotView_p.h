@@ -63,9 +63,13 @@ public:
     QString yTitle() const;
     void requestReplot() { q_ptr->RequestReplot(); }
     void canvasIsPainted();
+    //! Beyond what an item view does for its model.
+    void watch(QAbstractItemModel *items);
+    void stopWatching();
     void modelIsGone();
     void followBaseModel();
     void createCurves();
+    void restartSweeps();
     void select(int marker, const QPointF &position);
     ScopePlotMode &currentMode() const { return *modes[size_t(mode)]; }
     //! Whether x of the plot is time in a mode; it is the channel, or nothing, in the others.
@@ -84,7 +88,7 @@ public:
 
     ScopeModel model;
     QPointer<QAbstractItemModel> baseModel; //!< below all proxies
-    QMetaObject::Connection modelDestroyed;
+    QVector<QMetaObject::Connection> watches;
     ScopeAxes axes;
     ScopeMarkers markers;
     ScopeCurves curves;
@@ -100,6 +104,7 @@ public:
     bool plotting = false;
     bool repaintAsked = false; //!< the canvas has been asked and was not painted since
     bool pictureStale = false; //!< what the canvas keeps is older than the last request
+    bool rowsLeave = false; //!< the model is just removing rows
     bool refreshAsked = false; //!< the last sweep will do where there is no new one
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label

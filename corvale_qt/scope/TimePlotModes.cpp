@@ -98,6 +98,9 @@ void SweepPlotMode::enter()
 {
     TimePlotMode::enter();
     d.showScrollBar(false);
+    // What the strip chart drew is no sweep; the last one will do until the next is complete.
+    d.curves.detach();
+    d.refreshAsked = true;
 }
 
 void SweepPlotMode::plot()

@@ -190,8 +190,6 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
     d->followBaseModel();
     d->restartSweeps();
     horizontalScrollBar()->setRange(0, 0); // follows the newest sample again
-    if (!model)
-        d->currentMode().clear();
     SetPlotMode(d->mode);
     RequestReplot();
 }
@@ -204,6 +202,7 @@ void RVXScopePlotView::reset()
     d->showBufferSize();
     if (!model()) {
         d->curves.clearCurves();
+        d->currentMode().clear();
         return;
     }
     if (d->model.channelCount() != d->curves.count()) {

@@ -168,13 +168,25 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     const auto on = [&](auto signal, auto action) {
         watches.append(QObject::connect(items, signal, q_ptr, action));
     };
-    on(&QObject::destroyed, [this] { modelIsGone(); });
-    on(&Model::rowsAboutToBeRemoved, [this] { rowsLeave = true; });
-    on(&Model::rowsRemoved, [this] { rowsLeave = false; });
+    on(&QObject::destroyed, [this] {
+        modelIsGone();
+    });
+    on(&Model::rowsAboutToBeRemoved, [this] {
+        rowsLeave = true;
+    });
+    on(&Model::rowsRemoved, [this] {
+        rowsLeave = false;
+    });
     // The item view itself takes no notice of channels that come and go.
-    on(&Model::columnsInserted, [this] { q_ptr->reset(); });
-    on(&Model::columnsRemoved, [this] { q_ptr->reset(); });
-    on(&Model::columnsMoved, [this] { q_ptr->reset(); });
+    on(&Model::columnsInserted, [this] {
+        q_ptr->reset();
+    });
+    on(&Model::columnsRemoved, [this] {
+        q_ptr->reset();
+    });
+    on(&Model::columnsMoved, [this] {
+        q_ptr->reset();
+    });
 }
 
 void RVXScopePlotViewPrivate::stopWatching()
@@ -185,13 +197,13 @@ void RVXScopePlotViewPrivate::stopWatching()
     rowsLeave = false;
 }
 
-//! The series of the curves read from it: none may be left when the canvas is painted next.
+//! The series of the curves read from it: none may be left when the canvas is painted next. The rest is cleared by the
+//! reset that follows; the item view still asks the model when the scroll bar moves.
 void RVXScopePlotViewPrivate::modelIsGone()
 {
     model.set(nullptr);
     baseModel = nullptr;
     curves.dropData();
-    currentMode().clear();
     showBufferSize();
     q_ptr->RequestReplot();
 }

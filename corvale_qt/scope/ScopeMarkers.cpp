@@ -240,7 +240,7 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
 
 void ScopeMarkers::moveInStrip(int index, int steps)
 {
-    const Data &data = m_data[index];
+    Data &data = m_data[index];
     if (!isAttached(index) || data.row < 1)
         return;
     const PlotColumnReader reader = m_model.reader();
@@ -250,7 +250,10 @@ void ScopeMarkers::moveInStrip(int index, int steps)
     const int direction = steps < 0 ? -1 : 1;
     while (row + direction >= 1 && row + direction <= last && sampleX(reader, row) == data.x)
         row += direction;
-    item(index)->setXValue(sampleX(reader, row));
+    // Kept here as well: the next key may come before the next plot.
+    data.row = row;
+    data.x = sampleX(reader, row);
+    item(index)->setXValue(data.x);
 }
 
 void ScopeMarkers::moveInSweep(int index, int steps, int sweepLength)

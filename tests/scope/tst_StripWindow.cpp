@@ -78,10 +78,12 @@ void tst_StripWindow::window_data()
     QTest::newRow("follows, width given") << 100 << 20 << 5.0 << -1 << 44.5 << 49.5 << "89-100";
     QTest::newRow("follows, width longer than the buffer")
         << 10 << 20 << 30.0 << -1 << -25.5 << 4.5 << "1-10";
-    QTest::newRow("a negative width is none") << 100 << 20 << -5.0 << -1 << 40.0 << 49.5 << "80-100";
+    QTest::newRow("a negative width is none")
+        << 100 << 20 << -5.0 << -1 << 40.0 << 49.5 << "80-100";
     QTest::newRow("scrolled back") << 100 << 20 << 0.0 << 1000000 << 10.0 << 19.9 << "20-41";
     QTest::newRow("scrolled to the start") << 100 << 20 << 0.0 << 0 << 0.0 << 9.9 << "1-21";
-    QTest::newRow("scrolled back, width given") << 100 << 20 << 5.0 << 1000000 << 10.0 << 15.0 << "20-32";
+    QTest::newRow("scrolled back, width given")
+        << 100 << 20 << 5.0 << 1000000 << 10.0 << 15.0 << "20-32";
 }
 
 void tst_StripWindow::window()
@@ -91,7 +93,9 @@ void tst_StripWindow::window()
     QFETCH(double, width);
     QFETCH(int, scrollValue);
     ScopeTestModel model(1);
-    model.appendRows(samples, 0.5, [](int, double) { return 0.0; });
+    model.appendRows(samples, 0.5, [](int, double) {
+        return 0.0;
+    });
 
     StripRequest request;
     request.samples = samples;
@@ -177,7 +181,9 @@ void tst_StripWindow::costsWhatIsVisible()
         mutable int reads = 0;
     };
     CountingModel model(1);
-    model.appendRows(100000, 1.0, [](int, double) { return 0.0; });
+    model.appendRows(100000, 1.0, [](int, double) {
+        return 0.0;
+    });
 
     StripRequest request;
     request.samples = 100000;
@@ -218,7 +224,9 @@ void tst_StripWindow::scrollBar()
 void tst_StripWindow::daysOfSamplesKeepTheWindow()
 {
     ScopeTestModel model(1);
-    model.appendRows(100000, 1.0, [](int, double) { return 0.0; });
+    model.appendRows(100000, 1.0, [](int, double) {
+        return 0.0;
+    });
     const PlotColumnReader reader(&model);
 
     StripRequest request;

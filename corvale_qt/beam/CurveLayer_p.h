@@ -21,7 +21,7 @@ namespace Corvale_Qt {
     onto the canvas once, right above the curves. A painter spends some 40 instructions on each pixel of a
     vertical line; this spends two.
 
-    Attach it to the plot of the curves that have it (RVXDiscontinuousPlotCurve::setLayer()). A curve that draws
+    Attach it above the curves of a plot that have it (RVXDiscontinuousPlotCurve::setLayer()). A curve that draws
     for itself flushes it first, so that what lies above what does not change. */
 class CurveLayer : public QwtPlotItem
 {

@@ -35,6 +35,9 @@ ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &m
     , m_model(model)
     , m_markers(markers)
 {
+    // Right above the last curve.
+    m_layer.setZ(kLowestLayer + kLayerStep * ScopeModel::maximumChannels);
+    m_layer.attach(plot);
 }
 
 ScopeCurves::~ScopeCurves() = default;
@@ -49,6 +52,7 @@ void ScopeCurves::createCurves(int count)
         curve->setPaintAttribute(QwtPlotCurve::ClipPolygons, true);
         curve->setStyle(QwtPlotCurve::NoCurve);
         curve->setZ(kLowestLayer + i * kLayerStep);
+        curve->setLayer(&m_layer);
         m_curves[size_t(i)] = std::move(curve);
     }
 }

@@ -8,6 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/beam/CurveLayer_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -47,6 +48,8 @@ private:
     const ScopeModel &m_model;
     ScopeMarkers &m_markers;
     int m_count = 0;
+    // Before the curves, which use it to the end.
+    CurveLayer m_layer;
     std::array<std::unique_ptr<RVXDiscontinuousPlotCurve>, ScopeModel::maximumChannels> m_curves;
 };
 

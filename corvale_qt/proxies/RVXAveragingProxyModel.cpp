@@ -98,8 +98,12 @@ void RVXAveragingProxyModelPrivate::rebuild()
 
 void RVXAveragingProxyModelPrivate::update(int firstColumn, int lastColumn, int from)
 {
-    if (plot)
-        averages.update(source, firstColumn, lastColumn, std::max(from, 1), sampleRows());
+    if (!plot)
+        return;
+    lastColumn = std::min(lastColumn, averages.channels());
+    for (int column = firstColumn; column <= lastColumn; ++column)
+        dropWithSource(column);
+    averages.update(source, firstColumn, lastColumn, std::max(from, 1), sampleRows());
 }
 
 //! Follows a column that drops rows on its own; false where the source announces what is dropped.
@@ -115,10 +119,14 @@ bool RVXAveragingProxyModelPrivate::dropWithSource(int column)
 
 void RVXAveragingProxyModelPrivate::dropAnnounced(int rows)
 {
+    const int left = sampleRows();
     for (int column = 1; column <= averages.channels(); ++column) {
-        if (!dropWithSource(column))
+        const bool onItsOwn = dropWithSource(column);
+        if (!onItsOwn)
             averages.dropOldest(column, rows);
-        averages.truncate(column, sampleRows());
+        averages.truncate(column, left);
+        if (onItsOwn) // it may have dropped more than was announced, and repeat a sample at its end
+            averages.update(source, column, column, left + 1, left);
     }
 }
 
@@ -214,12 +222,8 @@ void RVXAveragingProxyModel::sourceDataChanged(const QModelIndex &topLeft,
     Q_D(RVXAveragingProxyModel);
     if (!topLeft.isValid() || !bottomRight.isValid())
         return;
-    const int firstColumn = std::max(topLeft.column(), 1);
-    const int lastColumn = std::min(bottomRight.column(), d->averages.channels());
-    for (int column = firstColumn; column <= lastColumn; ++column)
-        d->dropWithSource(column);
     // Every later average depends on the changed one.
-    d->update(firstColumn, lastColumn, topLeft.row());
+    d->update(std::max(topLeft.column(), 1), bottomRight.column(), topLeft.row());
 }
 
 } // namespace Corvale_Qt

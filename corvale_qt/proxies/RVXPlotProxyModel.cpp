@@ -21,8 +21,6 @@ public:
     RVXAbstractPlotDataModel *plot = nullptr;
 
 private:
-    void replaceSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
-
     QMetaObject::Connection destroyed;
 };
 
@@ -34,31 +32,25 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
         disconnectSource(items, q);
         QObject::disconnect(destroyed);
     }
-    replaceSource(newItems, newPlot);
+    q->QAbstractProxyModel::setSourceModel(newItems);
+    items = newItems;
+    plot = newPlot;
+    connectSource(items, q);
+    destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
+        sourceDestroyed();
+    });
+    q->sourceModelReset();
+    endAllResets();
 }
 
 void RVXPlotProxyModelPrivate::sourceDestroyed()
 {
-    // Little is left of it: nobody may reach it, whoever listens to the reset included.
+    // Little is left of it: nobody may reach it, whoever listens to the reset included. So the hook comes first.
     items = nullptr;
     plot = nullptr;
-    beginReset();
-    replaceSource(nullptr, nullptr);
-}
-
-void RVXPlotProxyModelPrivate::replaceSource(QAbstractItemModel *newItems,
-                                             RVXAbstractPlotDataModel *newPlot)
-{
-    q->QAbstractProxyModel::setSourceModel(newItems);
-    items = newItems;
-    plot = newPlot;
-    if (items) {
-        connectSource(items, q);
-        destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
-            sourceDestroyed();
-        });
-    }
     q->sourceModelReset();
+    beginReset();
+    q->QAbstractProxyModel::setSourceModel(nullptr);
     endAllResets();
 }
 

@@ -54,9 +54,12 @@ void RowLedger::rowsAboutToBeRemoved(ChannelSource &source, int first, int last)
         return;
     const int removed = sampleRowsIn(first, last);
     if (isFront(first)) {
-        const qint64 lead = std::min<qint64>(source.dropped + removed - m_shifted, m_rows);
+        // It is the nested one of the two if the source has opened another change.
+        const bool rowsRemain = source.openChanges > 1 || source.rows > removed
+            || longestBeside(source) > 0;
+        const int lead = announcedLead(source.dropped + removed, rowsRemain);
         if (lead > 0)
-            open(Change::Removal, &source, 1, int(lead));
+            open(Change::Removal, &source, 1, lead);
     } else if (source.rows == m_rows && longestBeside(source) <= source.rows - removed) {
         open(Change::Removal, &source, first, std::min(last, m_rows));
     }
@@ -65,23 +68,31 @@ void RowLedger::rowsAboutToBeRemoved(ChannelSource &source, int first, int last)
 void RowLedger::rowsRemoved(ChannelSource &source, int first, int last)
 {
     source.openChanges = std::max(source.openChanges - 1, 0);
+    const int removed = sampleRowsIn(first, last);
     const bool front = isFront(first);
-    if (front) {
-        source.dropped += sampleRowsIn(first, last);
-        m_mostDropped = std::max(m_mostDropped, source.dropped);
-    }
-    const bool announced = closeFor(source, Change::Removal);
-    if (announced && front)
-        m_shifted = std::max(m_shifted, source.dropped);
-    count(source);
     const qint64 shifted = m_shifted;
+    if (front) {
+        source.dropped += removed;
+        m_mostDropped = std::max(m_mostDropped, source.dropped);
+        if (isOpenFor(source, Change::Removal))
+            m_shifted = source.dropped;
+    }
+    closeFor(source, Change::Removal);
+    count(source);
     settle(source);
-    // An insertion that is open around this removal brings the change of the column.
-    const bool follows = front && !announced && m_shifted == shifted && source.openChanges == 0;
-    if (follows)
-        columnChanged(source, m_rows, m_rows);
-    else if (!front)
+    if (!front)
         columnChanged(source, first, m_rows);
+    else if (source.openChanges == 0) // an insertion around this removal brings the change of the column
+        frontDropped(source, m_shifted - shifted == removed);
+}
+
+//! Tells of the column of \a source, of which the oldest rows left, where the shift of the table did not.
+void RowLedger::frontDropped(const ChannelSource &source, bool tableWentAlong)
+{
+    if (source.rows == 0)
+        columnChanged(source, 1, m_rows); // nothing is left to repeat
+    else if (!tableWentAlong && m_rows > 1) // a single row would begin its averages anew
+        columnChanged(source, m_rows, m_rows);
 }
 
 void RowLedger::beginReset()
@@ -139,13 +150,15 @@ void RowLedger::close()
     }
 }
 
-//! Ends the change that is open, if \a source opened it; whether it did.
-bool RowLedger::closeFor(const ChannelSource &source, Change change)
+bool RowLedger::isOpenFor(const ChannelSource &source, Change change) const
 {
-    if (m_opener != &source || m_change != change)
-        return false;
-    close();
-    return true;
+    return m_opener == &source && m_change == change;
+}
+
+void RowLedger::closeFor(const ChannelSource &source, Change change)
+{
+    if (isOpenFor(source, change))
+        close();
 }
 
 void RowLedger::announce(Change change, int first, int last)
@@ -156,13 +169,21 @@ void RowLedger::announce(Change change, int first, int last)
     close();
 }
 
+/*! By how many rows the table shifts when \a dropped are to be gone. While any rows remain one stays announced: were all
+    of them to leave and come back, averages of the other channels would begin anew. */
+int RowLedger::announcedLead(qint64 dropped, bool rowsRemain) const
+{
+    const int most = rowsRemain ? m_rows - 1 : m_rows;
+    return int(std::min<qint64>(dropped - m_shifted, most));
+}
+
 //! Announces what is left between the rows announced and the rows that there are.
 void RowLedger::settle(const ChannelSource &source)
 {
     if (isBusy() || source.openChanges > 0)
         return;
     if (m_shifted < m_mostDropped) {
-        const int lead = int(std::min<qint64>(m_mostDropped - m_shifted, m_rows));
+        const int lead = announcedLead(m_mostDropped, m_longest > 0);
         m_shifted = m_mostDropped;
         announce(Change::Removal, 1, lead);
     }

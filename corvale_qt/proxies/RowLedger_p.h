@@ -56,9 +56,12 @@ private:
     bool isBusy() const { return m_change != Change::None || m_resets > 0; }
     void open(Change change, const ChannelSource *by, int first, int last);
     void close();
-    bool closeFor(const ChannelSource &source, Change change);
+    bool isOpenFor(const ChannelSource &source, Change change) const;
+    void closeFor(const ChannelSource &source, Change change);
+    int announcedLead(qint64 dropped, bool rowsRemain) const;
     void announce(Change change, int first, int last);
     void settle(const ChannelSource &source);
+    void frontDropped(const ChannelSource &source, bool tableWentAlong);
     void columnChanged(const ChannelSource &source, int first, int last);
     void cellsChanged(int column, int first, int last);
 

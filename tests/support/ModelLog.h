@@ -22,6 +22,8 @@ public:
         connect(model, &M::rowsInserted, this, rows("insert", "!"));
         connect(model, &M::rowsAboutToBeRemoved, this, rows("remove", "?"));
         connect(model, &M::rowsRemoved, this, rows("remove", "!"));
+        connect(model, &M::rowsAboutToBeMoved, this, rows("move", "?"));
+        connect(model, &M::rowsMoved, this, rows("move", "!"));
         connect(model, &M::columnsAboutToBeInserted, this, rows("insert column", "?"));
         connect(model, &M::columnsInserted, this, rows("insert column", "!"));
         connect(model, &M::columnsAboutToBeRemoved, this, rows("remove column", "?"));

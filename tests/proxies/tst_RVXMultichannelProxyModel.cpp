@@ -1,0 +1,597 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+#include "corvale_qt/proxies/SingleChannelModelFactory.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/support/BufferModel.h"
+#include "tests/support/ModelLog.h"
+#include "tests/support/ModelText.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/TestMain.h"
+
+#include <QBrush>
+#include <QDataStream>
+#include <QDragEnterEvent>
+#include <QItemSelectionModel>
+#include <QMimeData>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTemporaryDir>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+const QString listType = QStringLiteral("application/vnd.text.list");
+
+QByteArray payloadOf(const QStringList &names)
+{
+    QByteArray payload;
+    QDataStream stream(&payload, QIODevice::WriteOnly);
+    for (const QString &name : names)
+        stream << name;
+    return payload;
+}
+
+bool drop(RVXMultichannelProxyModel &proxy,
+          const QString &format,
+          const QByteArray &payload,
+          Qt::DropAction action = Qt::CopyAction)
+{
+    QMimeData mime;
+    mime.setData(format, payload);
+    return proxy.dropMimeData(&mime, action, 0, 0, QModelIndex());
+}
+
+//! Names of the models that the default factory made, in the order of their making.
+QStringList namesOfChildren(const RVXMultichannelProxyModel &proxy)
+{
+    QStringList names;
+    const auto models = proxy.findChildren<RVXSingleChannelDataModel *>();
+    for (const RVXSingleChannelDataModel *model : models)
+        names << model->channelName();
+    return names;
+}
+
+// Sets the property by which channelNames() knows a channel; names that start with '-' make nothing.
+class NamingFactory : public SingleChannelModelFactory
+{
+public:
+    using SingleChannelModelFactory::SingleChannelModelFactory;
+    QAbstractItemModel *
+    createModel(const QStringList &names, int *column, QObject *parent) override
+    {
+        if (names.value(0).startsWith('-'))
+            return nullptr;
+        auto *model = SingleChannelModelFactory::createModel(names, column, parent);
+        model->setProperty("channel", names.value(0));
+        return model;
+    }
+};
+
+} // namespace
+
+class tst_RVXMultichannelProxyModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNewProxy();
+    void whatIsNoChannel();
+    void sourcesOfDifferentLength();
+    void oneColumnOfAWiderSource();
+    void oneModelForTwoChannels();
+    void headerCells();
+    void insertionAndRemoval();
+    void removalKeepsTheFirst();
+    void unitsAreRelayed();
+    void namesAndFactories();
+    void noMoreThan256();
+    void droppedNames();
+    void hostilePayloads_data();
+    void hostilePayloads();
+    void aDropOnAView();
+    void fileBytes();
+    void filesThatCannotBeWritten();
+    void indexesOverALayoutChange();
+    void clearIsOneReset();
+    void sourcesDeletedInAnyOrder_data();
+    void sourcesDeletedInAnyOrder();
+    void aSourceTakenOutByAListener();
+};
+
+void tst_RVXMultichannelProxyModel::aNewProxy()
+{
+    RVXMultichannelProxyModel proxy;
+    const ModelWatch watch(&proxy);
+    QCOMPARE(proxy.rowCount(), 1);
+    QCOMPARE(proxy.columnCount(), 1);
+    QVERIFY(proxy.hasChildren() && !proxy.hasChildren(proxy.index(0, 0)));
+    QCOMPARE(proxy.NumberOfChannels(), 1);
+    QCOMPARE(proxy.PlotWidthHintPoints(), 256);
+    QCOMPARE(proxy.PlotWidthHint() + proxy.MaxBufferSize(), 0.0);
+    QCOMPARE(proxy.units()->name(), QString("A"));
+    QCOMPARE(proxy.units()->scale(3.0), 3.0);
+    QCOMPARE(proxy.xUnits()->name(), QString("s"));
+    QCOMPARE(proxy.doubleData(0, 0) + proxy.doubleData(1, 0) + proxy.doubleData(1, 1), 0.0);
+    QCOMPARE(proxy.doubleData(0, 3), 3.0);
+    QCOMPARE(proxy.flags(QModelIndex()), Qt::ItemIsDropEnabled);
+    QVERIFY(!proxy.SaveDataToFile("unused"));
+    QVERIFY(!proxy.insertRows(0, 1) && !proxy.removeRows(0, 1));
+    QVERIFY(!proxy.insertColumns(0, 1) && !proxy.removeColumns(0, 1));
+    proxy.Clear();
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXMultichannelProxyModel::whatIsNoChannel()
+{
+    RVXMultichannelProxyModel proxy;
+    ModelLog log(&proxy);
+    QStandardItemModel plain(3, 3);
+    BufferModel stranger(1);
+    proxy.addSourceModel(nullptr, 1);
+    proxy.addSourceModel(&plain, 1);
+    proxy.addSourceModel(&proxy, 1);
+    proxy.setSourceModel(&stranger);
+    proxy.removeSourceModel(nullptr);
+    proxy.removeSourceModel(&stranger);
+    QCOMPARE(log.take(), QString());
+    QVERIFY(!proxy.mapFromSource(stranger.index(0, 0)).isValid());
+    proxy.addSourceModel(&plain, 1);
+    QCOMPARE(proxy.columnCount(), 1);
+}
+
+void tst_RVXMultichannelProxyModel::sourcesOfDifferentLength()
+{
+    BufferModel longer(1);
+    BufferModel shorter(1);
+    for (int i = 1; i <= 5; ++i)
+        longer.append(i, 10 * i);
+    for (int i = 1; i <= 3; ++i)
+        shorter.append(i + 0.5, 100 * i);
+    RVXMultichannelProxyModel proxy;
+    const ModelWatch watch(&proxy);
+    proxy.addSourceModel(&shorter, 1);
+    proxy.addSourceModel(&longer, 1);
+    QCOMPARE(rowsText(proxy),
+             QString("1.5: 100 10; 2.5: 200 20; 3.5: 300 30; 4: 300 40; 5: 300 50"));
+    QCOMPARE(proxy.doubleData(9, 0), 5.0);
+    QCOMPARE(proxy.doubleData(9, 1), 300.0);
+    QCOMPARE(proxy.index(5, 1).data(), shorter.index(3, 1).data());
+    QCOMPARE(proxy.mapToSource(proxy.index(5, 1)), shorter.index(3, 1));
+    QCOMPARE(proxy.mapToSource(proxy.index(4, 0)), longer.index(4, 0));
+    QCOMPARE(proxy.mapFromSource(longer.index(2, 1)), proxy.index(2, 2));
+    QVERIFY(!proxy.index(6, 0).isValid() && !proxy.index(0, 3).isValid());
+
+    // A new sample of the shorter one shows on all rows that repeat it, and brings its time.
+    ModelLog log(&proxy);
+    shorter.append(4.5, 400);
+    QCOMPARE(log.take(), QString("changed (4,0)-(4,0), changed (4,1)-(5,1)"));
+    shorter.change(4, 1, 500);
+    QCOMPARE(log.take(), QString("changed (4,1)-(5,1)"));
+    shorter.change(2, 1, 600);
+    QCOMPARE(log.take(), QString("changed (2,1)-(2,1)"));
+    QCOMPARE(rowsText(proxy),
+             QString("1.5: 100 10; 2.5: 600 20; 3.5: 300 30; 4.5: 500 40; 5: 500 50"));
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXMultichannelProxyModel::oneColumnOfAWiderSource()
+{
+    BufferModel source(3);
+    source.append(1, 10);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&source, 3);
+    QCOMPARE(rowsText(proxy), QString("1: 12"));
+    QCOMPARE(proxy.index(0, 1).data().toString(), QString("ch3"));
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("ch3"));
+    QCOMPARE(proxy.headerData(0, Qt::Horizontal).toString(), QString("Time (s)"));
+    QCOMPARE(proxy.mapFromSource(source.index(1, 2)), proxy.index(1, 1));
+}
+
+void tst_RVXMultichannelProxyModel::oneModelForTwoChannels()
+{
+    BufferModel source(2, 3);
+    RVXMultichannelProxyModel proxy;
+    const ModelWatch watch(&proxy);
+    proxy.addSourceModel(&source, 2);
+    proxy.addSourceModel(&source, 1);
+    ModelLog log(&proxy);
+    source.append(1, 10);
+    QCOMPARE(log.take(), QString("insert 1-1?, insert 1-1!"));
+    source.change(1, 1, 20);
+    QCOMPARE(log.take(), QString("changed (1,1)-(1,1), changed (1,2)-(1,2)"));
+    source.append(2, 30);
+    source.append(3, 30);
+    source.append(4, 40);
+    QCOMPARE(rowsText(proxy), QString("2: 31 30; 3: 31 30; 4: 41 40"));
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXMultichannelProxyModel::headerCells()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    QCOMPARE(proxy.index(0, 2).data(Qt::BackgroundRole).value<QBrush>(),
+             QBrush(RVXPlotColors::color(1)));
+    QCOMPARE(proxy.flags(proxy.index(0, 2)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    ModelLog log(&proxy);
+    QVERIFY(proxy.setData(proxy.index(0, 2), Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(log.take(), QString("changed (0,2)-(0,2)"));
+    QCOMPARE(two.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QCOMPARE(proxy.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+}
+
+void tst_RVXMultichannelProxyModel::insertionAndRemoval()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    BufferModel three(1);
+    one.append(1, 1);
+    for (int i = 1; i <= 3; ++i)
+        two.append(i, 2);
+    RVXMultichannelProxyModel proxy;
+    ModelLog log(&proxy);
+    proxy.addSourceModel(&one, 1);
+    proxy.insertSourceModel(-5, &two, 1);
+    proxy.insertSourceModel(99, &three, 1);
+    QCOMPARE(log.take(), QString("reset?, reset!, reset?, reset!, reset?, reset!"));
+    QCOMPARE(proxy.rowCount(), 4);
+    QCOMPARE(proxy.doubleData(1, 1), 2.0);
+
+    proxy.removeSourceModel(&one);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(proxy.columnCount(), 3);
+    one.append(2, 1);
+    QCOMPARE(log.take(), QString());
+    proxy.addSourceModel(&one, 1);
+    log.take();
+    one.append(3, 7);
+    QCOMPARE(log.take(), QString("changed (3,3)-(3,3)"));
+}
+
+void tst_RVXMultichannelProxyModel::removalKeepsTheFirst()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    one.append(1, 1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    proxy.addSourceModel(&one, 1);
+    ModelLog log(&proxy);
+    proxy.removeSourceModel(&one);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(proxy.columnCount(), 4);
+    one.append(2, 2);
+    QCOMPARE(log.take(), QString());
+    // Not heard, still shown; the next reset counts it.
+    QCOMPARE(proxy.rowCount(), 2);
+    two.Clear();
+    QCOMPARE(proxy.rowCount(), 3);
+    proxy.addSourceModel(&one, 1);
+    log.take();
+    one.append(3, 3);
+    QCOMPARE(log.take(), QString("insert 3-3?, insert 3-3!"));
+}
+
+void tst_RVXMultichannelProxyModel::unitsAreRelayed()
+{
+    const Units::nA nA;
+    BufferModel one(1);
+    BufferModel two(1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    int heard = 0;
+    connect(&proxy, &RVXMultichannelProxyModel::unitsChanged, this, [&](const auto *unit) {
+        heard += unit == &nA ? 1 : 100;
+    });
+    two.SetUnits(&nA);
+    QCOMPARE(heard, 1);
+    // Removed, it is heard twice.
+    proxy.removeSourceModel(&two);
+    two.SetUnits(&nA);
+    QCOMPARE(heard, 3);
+    // A proxy has no such signal; nothing complains of that.
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&one);
+    proxy.addSourceModel(&averaging, 1);
+    one.SetUnits(&nA);
+    QCOMPARE(heard, 4);
+    QCOMPARE(proxy.units(), &nA);
+}
+
+void tst_RVXMultichannelProxyModel::namesAndFactories()
+{
+    RVXMultichannelProxyModel proxy;
+    BufferModel given(1);
+    proxy.addSourceModel(&given, 1);
+    proxy.setChannelNames({"a", "b"});
+    QCOMPARE(proxy.columnCount(), 4);
+    QCOMPARE(namesOfChildren(proxy), QStringList({"a", "b"}));
+    QCOMPARE(proxy.channelNames(), QStringList());
+
+    const QPointer<NamingFactory> naming = new NamingFactory(this);
+    proxy.setChannelModelFactory(naming);
+    proxy.setChannelModelFactory(naming);
+    QVERIFY(naming);
+    proxy.setChannelNames({"c", "-", "", "d"});
+    QCOMPARE(proxy.columnCount(), 7);
+    QCOMPARE(proxy.channelNames(), QStringList({"c", "d"}));
+    int column = 0;
+    AbstractChannelModelFactory *const factory = naming;
+    const std::unique_ptr<QAbstractItemModel> made(
+        factory->createModel(QStringLiteral("e"), &column, nullptr));
+    QCOMPARE(column, 1);
+    QCOMPARE(made->property("channel").toString(), QString("e"));
+
+    proxy.setChannelModelFactory(nullptr);
+    QVERIFY(!naming);
+    proxy.addChannel("nobody makes it");
+    QCOMPARE(proxy.columnCount(), 7);
+
+    QPointer<NamingFactory> owned = new NamingFactory;
+    const QPointer<NamingFactory> parented = new NamingFactory(this);
+    {
+        RVXMultichannelProxyModel shortLived;
+        shortLived.setChannelModelFactory(owned);
+        RVXMultichannelProxyModel another;
+        another.setChannelModelFactory(parented);
+    }
+    QVERIFY(!owned);
+    QVERIFY(parented);
+}
+
+void tst_RVXMultichannelProxyModel::noMoreThan256()
+{
+    RVXMultichannelProxyModel proxy;
+    BufferModel one(1);
+    for (int i = 0; i < 255; ++i)
+        proxy.addSourceModel(&one, 1);
+    QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
+    proxy.setChannelNames({"a", "b", "c"});
+    QCOMPARE(proxy.columnCount(), 257);
+    QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
+    proxy.addSourceModel(&one, 1);
+    QCOMPARE(proxy.columnCount(), 257);
+}
+
+void tst_RVXMultichannelProxyModel::droppedNames()
+{
+    RVXMultichannelProxyModel proxy;
+    QCOMPARE(proxy.mimeTypes(), QStringList({listType, "text/plain"}));
+    QCOMPARE(proxy.supportedDropActions(), Qt::CopyAction | Qt::LinkAction);
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"QV1/current\"");
+    QVERIFY(drop(proxy, "text/plain", "QV1/current"));
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"a\"");
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"\"");
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"b c\"");
+    QVERIFY(drop(proxy, listType, payloadOf({"a", "", "b c"}), Qt::LinkAction));
+    QVERIFY(!drop(proxy, listType, payloadOf({"d"}), Qt::MoveAction));
+    QVERIFY(!drop(proxy, "image/png", "d"));
+    QVERIFY(drop(proxy, "image/png", "d", Qt::IgnoreAction));
+    QCOMPARE(namesOfChildren(proxy), QStringList({"QV1/current", "a", "", "b c"}));
+    QCOMPARE(proxy.columnCount(), 5);
+}
+
+void tst_RVXMultichannelProxyModel::hostilePayloads_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<int>("channels");
+    const QByteArray good = payloadOf({"a", "b"});
+    QTest::newRow("empty") << QByteArray() << 0;
+    QTest::newRow("cut in a length") << good + QByteArray(3, '\0') << 2;
+    QTest::newRow("cut in a string") << good.left(good.size() - 1) << 1;
+    QTest::newRow("absurd length") << good + QByteArray("\x7f\xff\xff\xfezz", 6) << 2;
+    QTest::newRow("half a character") << good + QByteArray("\0\0\0\3abc", 7) << 2;
+    QTest::newRow("null string") << good + QByteArray(4, '\xff') << 3;
+    QTest::newRow("a megabyte of zeros") << QByteArray(1 << 20, '\0') << 256;
+}
+
+void tst_RVXMultichannelProxyModel::hostilePayloads()
+{
+    QFETCH(QByteArray, payload);
+    RVXMultichannelProxyModel proxy;
+    static int lines = 0;
+    lines = 0;
+    const auto previous = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &) { ++lines; });
+    const bool taken = drop(proxy, listType, payload);
+    qInstallMessageHandler(previous);
+    QVERIFY(taken);
+    QTEST(proxy.columnCount() - 1, "channels");
+    QVERIFY(lines <= 257);
+}
+
+void tst_RVXMultichannelProxyModel::aDropOnAView()
+{
+    BufferModel device(3);
+    device.append(1, 1);
+    RVXLatestPlotDataProxyModel latest;
+    latest.setSourceModel(&device);
+    const std::unique_ptr<QMimeData> dragged(
+        latest.mimeData({latest.index(0, 0), latest.index(2, 0)}));
+
+    RVXMultichannelProxyModel merged;
+    QTableView view;
+    view.setModel(&merged);
+    view.setAcceptDrops(true);
+    view.setDragDropMode(QAbstractItemView::DropOnly);
+    view.resize(400, 300);
+    view.show();
+    const QPoint empty(300, 200);
+    QDragEnterEvent enter(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDragMoveEvent move(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &move);
+    QVERIFY(move.isAccepted());
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch1\"");
+    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch3\"");
+    QDropEvent dropped(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &dropped);
+    QCOMPARE(namesOfChildren(merged), QStringList({"ch1", "ch3"}));
+
+    QMimeData picture;
+    picture.setData("image/png", "x");
+    QDragMoveEvent useless(empty, Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &useless);
+    QVERIFY(!useless.isAccepted());
+}
+
+void tst_RVXMultichannelProxyModel::fileBytes()
+{
+    const Units::mA mA;
+    RVXSingleChannelDataModel models[3];
+    RVXMultichannelProxyModel proxy;
+    for (auto &model : models) {
+        model.SetUnits(&mA);
+        proxy.addSourceModel(&model, 1);
+    }
+    models[0].AddData(1, 0.001);
+    models[0].AddData(2.5, -0.25);
+    models[2].AddData(1.125, 1);
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("merged.csv");
+    QVERIFY(proxy.SaveDataToFile(name));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(),
+             QByteArray("hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,"
+                        "nnel__timestamp(s),nnel_,\n"
+                        "1.000e+00,1.000e+00,,,1.125e+00,1.000e+03,\n"
+                        "2.500e+00,-2.500e+02,,,,,\n"));
+
+    for (int i = 0; i < 6; ++i)
+        proxy.addSourceModel(&models[0], 1);
+    QVERIFY(proxy.SaveDataToFile(name));
+    QFile wider(name);
+    QVERIFY(wider.open(QIODevice::ReadOnly));
+    QVERIFY(wider.readLine().endsWith(",l__timestamp(s),l_,__timestamp(s),_,_timestamp(s),,"
+                                      "_timestamp(s),,\n"));
+}
+
+void tst_RVXMultichannelProxyModel::filesThatCannotBeWritten()
+{
+    BufferModel source(1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&source, 1);
+    const QTemporaryDir folder;
+    QVERIFY(!proxy.SaveDataToFile(QString()));
+    QVERIFY(!proxy.SaveDataToFile(folder.path()));
+    if (QFile::exists("/dev/full"))
+        QVERIFY(!proxy.SaveDataToFile("/dev/full"));
+}
+
+void tst_RVXMultichannelProxyModel::indexesOverALayoutChange()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    for (int i = 1; i <= 4; ++i)
+        one.append(i, i);
+    for (int i = 1; i <= 3; ++i)
+        two.append(i, i);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    const QPersistentModelIndex moved = proxy.index(1, 2);
+    const QPersistentModelIndex repeated = proxy.index(4, 2);
+    const QPersistentModelIndex other = proxy.index(1, 1);
+    two.reverse();
+    QCOMPARE(moved, proxy.index(3, 2));
+    QCOMPARE(repeated, proxy.index(4, 2));
+    QCOMPARE(other, proxy.index(1, 1));
+}
+
+void tst_RVXMultichannelProxyModel::clearIsOneReset()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    one.append(1, 1);
+    two.append(1, 1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    ModelLog log(&proxy);
+    proxy.Clear();
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(one.rowCount() + two.rowCount() + proxy.rowCount(), 3);
+}
+
+void tst_RVXMultichannelProxyModel::sourcesDeletedInAnyOrder_data()
+{
+    QTest::addColumn<QVector<int>>("order");
+    QVector<int> order {0, 1, 2, 3};
+    do
+        QTest::addRow("%d %d %d %d", order[0], order[1], order[2], order[3]) << order;
+    while (std::next_permutation(order.begin(), order.end()));
+}
+
+void tst_RVXMultichannelProxyModel::sourcesDeletedInAnyOrder()
+{
+    QFETCH(QVector<int>, order);
+    auto *proxy = new RVXMultichannelProxyModel;
+    auto *onTop = new RVXAveragingProxyModel;
+    onTop->setSourceModel(proxy);
+    auto *one = new BufferModel(1);
+    auto *two = new BufferModel(1);
+    proxy->addSourceModel(one, 1);
+    proxy->addSourceModel(two, 1);
+    proxy->addSourceModel(one, 1);
+    one->append(1, 1);
+    two->append(1, 2);
+    two->append(2, 3);
+    const QPointer<QObject> objects[] = {proxy, onTop, one, two};
+    const auto readAll = [onTop] {
+        rowsText(*onTop);
+    };
+    connect(onTop, &QAbstractItemModel::modelAboutToBeReset, onTop, readAll);
+    connect(onTop, &QAbstractItemModel::modelReset, onTop, readAll);
+    const auto log = std::make_unique<ModelLog>(proxy);
+    for (const int number : order) {
+        log->take();
+        const bool isSource = number >= 2;
+        delete objects[number];
+        if (objects[0] && isSource)
+            QCOMPARE(log->take(), QString("reset?, reset!"));
+        if (objects[0])
+            QCOMPARE(proxy->columnCount(), 1 + (objects[2] ? 2 : 0) + (objects[3] ? 1 : 0));
+    }
+}
+
+void tst_RVXMultichannelProxyModel::aSourceTakenOutByAListener()
+{
+    BufferModel one(1);
+    BufferModel two(1);
+    RVXMultichannelProxyModel proxy;
+    proxy.addSourceModel(&one, 1);
+    proxy.addSourceModel(&two, 1);
+    const auto takeOut = connect(&proxy, &QAbstractItemModel::rowsInserted, this, [&] {
+        proxy.removeSourceModel(&two);
+    });
+    two.append(1, 1);
+    QCOMPARE(proxy.columnCount(), 2);
+    disconnect(takeOut);
+    one.append(1, 1);
+    QCOMPARE(rowsText(proxy), QString("1: 1"));
+
+    // Taken out while its change is open: the proxy does not wait for the end of it.
+    proxy.addSourceModel(&two, 1);
+    const auto early = connect(&proxy, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
+        proxy.removeSourceModel(&two);
+    });
+    two.append(2, 2);
+    disconnect(early);
+    one.append(2, 2);
+    QCOMPARE(rowsText(proxy), QString("1: 1; 2: 2"));
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXMultichannelProxyModel)
+#include "tst_RVXMultichannelProxyModel.moc"

@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXPlotProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "tests/support/BufferModel.h"
+#include "tests/support/ModelLog.h"
+#include "tests/support/ModelText.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/TestMain.h"
+
+#include <QItemSelectionModel>
+#include <QMimeData>
+#include <QStandardItemModel>
+
+#include <functional>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+// Shows what its source shows, and writes down its hooks among the announcements.
+class PlainProxy : public RVXPlotProxyModel
+{
+public:
+    double doubleData(int row, int column) const override
+    {
+        return sourcePlotModel() ? sourcePlotModel()->doubleData(row, column) : 0.0;
+    }
+
+    QStringList lines;
+
+protected:
+    void sourceRowsInserted(const QModelIndex &, int first, int last) override
+    {
+        note("inserted", first, last);
+    }
+    void sourceRowsRemoved(const QModelIndex &, int first, int last) override
+    {
+        note("removed", first, last);
+    }
+    void sourceModelReset() override { lines << QString("reset, %1 rows").arg(rowCount()); }
+    void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight) override
+    {
+        QCOMPARE(topLeft.model(), this);
+        note("changed", topLeft.row(), bottomRight.row());
+    }
+
+private:
+    void note(const char *what, int first, int last)
+    {
+        lines << QString("%1 %2-%3, %4 rows").arg(what).arg(first).arg(last).arg(rowCount());
+    }
+};
+
+} // namespace
+
+class tst_RVXPlotProxyModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutASource();
+    void refusedSources();
+    void everySignalIsPassedOn_data();
+    void everySignalIsPassedOn();
+    void hooksRunBeforeTheEndSignal();
+    void persistentIndexesFollowTheirSamples();
+    void selectionsAndMatches();
+    void anotherSource();
+    void deletedInAnyOrder_data();
+    void deletedInAnyOrder();
+    void aSourceThatGoesDuringItsReset();
+};
+
+void tst_RVXPlotProxyModel::withoutASource()
+{
+    PlainProxy proxy;
+    BufferModel other(1);
+    const QModelIndex foreign = other.index(0, 0);
+    QMimeData mime;
+    QCOMPARE(proxy.rowCount(), 0);
+    QCOMPARE(proxy.columnCount(), 0);
+    QVERIFY(!proxy.index(0, 0).isValid());
+    QVERIFY(!proxy.mapToSource(foreign).isValid());
+    QVERIFY(!proxy.mapFromSource(foreign).isValid());
+    QVERIFY(!proxy.data(foreign).isValid());
+    QVERIFY(!proxy.units());
+    QVERIFY(!proxy.xUnits());
+    QCOMPARE(proxy.MaxBufferSize() + proxy.PlotWidthHintPoints() + proxy.PlotWidthHint(), 0.0);
+    QVERIFY(!proxy.SaveDataToFile("accepted"));
+    QVERIFY(proxy.match(foreign, Qt::DisplayRole, 1).isEmpty());
+    QVERIFY(!proxy.insertRows(0, 1) && !proxy.removeRows(0, 1));
+    QVERIFY(!proxy.insertColumns(0, 1) && !proxy.removeColumns(0, 1));
+    QVERIFY(!proxy.dropMimeData(&mime, Qt::CopyAction, 0, 0, QModelIndex()));
+    proxy.Clear();
+}
+
+void tst_RVXPlotProxyModel::refusedSources()
+{
+    PlainProxy proxy;
+    ModelLog log(&proxy);
+    QStandardItemModel plain(3, 3);
+    proxy.setSourceModel(&plain);
+    proxy.setSourceModel(&proxy);
+    QVERIFY(!proxy.sourceModel());
+    BufferModel source(1);
+    proxy.setSourceModel(&source);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    proxy.setSourceModel(&source);
+    proxy.setSourceModel(nullptr);
+    proxy.setSourceModel(&plain);
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(proxy.sourceModel(), &source);
+}
+
+using Act = std::function<void(BufferModel &)>;
+
+void tst_RVXPlotProxyModel::everySignalIsPassedOn_data()
+{
+    QTest::addColumn<Act>("act");
+    QTest::newRow("append") << Act([](BufferModel &m) { m.append(9, 9); });
+    QTest::newRow("roll over, nested") << Act([](BufferModel &m) {
+        m.append(8, 8);
+        m.append(9, 9);
+    });
+    QTest::newRow("roll over, one after the other") << Act([](BufferModel &m) {
+        m.rollOver = BufferModel::RemoveThenInsert;
+        m.append(8, 8);
+        m.append(9, 9);
+    });
+    QTest::newRow("drop") << Act([](BufferModel &m) { m.dropOldest(2); });
+    QTest::newRow("insert between") << Act([](BufferModel &m) { m.insert(2, {1.5, {7, 8}}); });
+    QTest::newRow("move") << Act([](BufferModel &m) { m.moveToEnd(1); });
+    QTest::newRow("sort") << Act([](BufferModel &m) { m.reverse(); });
+    QTest::newRow("change") << Act([](BufferModel &m) { m.change(2, 2, 5.0); });
+    QTest::newRow("gain a channel") << Act([](BufferModel &m) { m.insertChannelInFront(3.0); });
+    QTest::newRow("lose a channel") << Act([](BufferModel &m) { m.removeFirstChannel(); });
+    QTest::newRow("clear") << Act([](BufferModel &m) { m.Clear(); });
+    QTest::newRow("check box") << Act([](BufferModel &m) {
+        m.setData(m.index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
+    });
+    QTest::newRow("header") << Act([](BufferModel &m) {
+        Q_EMIT m.headerDataChanged(Qt::Horizontal, 1, 2);
+    });
+}
+
+void tst_RVXPlotProxyModel::everySignalIsPassedOn()
+{
+    QFETCH(Act, act);
+    BufferModel source(2, 4);
+    for (int i = 1; i <= 3; ++i)
+        source.append(i, 10.0 * i);
+    PlainProxy proxy;
+    PlainProxy onTop;
+    proxy.setSourceModel(&source);
+    onTop.setSourceModel(&proxy);
+    const ModelWatch watch(&onTop);
+    ModelLog log(&source);
+    ModelLog proxyLog(&onTop);
+    act(source);
+    const QString announced = log.take();
+    QVERIFY(!announced.isEmpty());
+    QCOMPARE(proxyLog.take(), announced);
+    QCOMPARE(rowsText(onTop), rowsText(source));
+    QCOMPARE(onTop.columnCount(), source.columnCount());
+    // The tester does not take an insertion around a removal from any model.
+    if (!announced.contains("insert 4-4?, remove 1-1?"))
+        QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXPlotProxyModel::hooksRunBeforeTheEndSignal()
+{
+    BufferModel source(1, 3);
+    PlainProxy proxy;
+    proxy.setSourceModel(&source);
+    const auto note = [&](const char *text) {
+        return [&proxy, text] {
+            proxy.lines << text;
+        };
+    };
+    connect(&proxy, &QAbstractItemModel::rowsInserted, this, note("told"));
+    connect(&proxy, &QAbstractItemModel::rowsRemoved, this, note("told"));
+    connect(&proxy, &QAbstractItemModel::modelReset, this, note("told"));
+    connect(&proxy, &QAbstractItemModel::dataChanged, this, note("told"));
+    proxy.lines.clear();
+    source.append(1, 1);
+    source.append(2, 2);
+    source.change(2, 1, 7);
+    source.dropOldest(1);
+    source.Clear();
+    QCOMPARE(proxy.lines.join("; "),
+             QString("inserted 1-1, 2 rows; told; inserted 2-2, 3 rows; told; "
+                     "changed 2-2, 3 rows; told; removed 1-1, 2 rows; told; reset, 1 rows; told"));
+}
+
+void tst_RVXPlotProxyModel::persistentIndexesFollowTheirSamples()
+{
+    BufferModel source(2, 10);
+    for (int i = 1; i <= 4; ++i)
+        source.append(i, 10.0 * i);
+    PlainProxy proxy;
+    PlainProxy onTop;
+    proxy.setSourceModel(&source);
+    onTop.setSourceModel(&proxy);
+    const QPersistentModelIndex held = onTop.index(1, 2);
+    // Makes its persistent indexes only when it hears of the change.
+    QItemSelectionModel selection(&onTop);
+    selection.select(onTop.index(2, 1), QItemSelectionModel::Select);
+
+    source.reverse();
+    QCOMPARE(held.row(), 4);
+    QCOMPARE(held.data(RVXAbstractPlotDataModel::NumericValueRole).toDouble(), 11.0);
+    QCOMPARE(selection.selectedIndexes(), QModelIndexList {onTop.index(3, 1)});
+
+    source.dropOldest(1);
+    QCOMPARE(held.row(), 3);
+}
+
+void tst_RVXPlotProxyModel::selectionsAndMatches()
+{
+    BufferModel source(2, 10);
+    for (int i = 1; i <= 4; ++i)
+        source.append(i, 10.0 * i);
+    PlainProxy proxy;
+    proxy.setSourceModel(&source);
+    const QItemSelection range(proxy.index(1, 1), proxy.index(3, 2));
+    const QItemSelection mapped = proxy.mapSelectionToSource(range);
+    QCOMPARE(mapped, QItemSelection(source.index(1, 1), source.index(3, 2)));
+    QCOMPARE(proxy.mapSelectionFromSource(mapped), range);
+    QVERIFY(proxy.mapSelectionToSource(QItemSelection(QModelIndex(), QModelIndex())).isEmpty());
+
+    const QModelIndexList hits = proxy.match(proxy.index(1, 1), Qt::DisplayRole, 30.0, 1, Qt::MatchExactly);
+    QCOMPARE(hits, QModelIndexList {proxy.index(3, 1)});
+}
+
+void tst_RVXPlotProxyModel::anotherSource()
+{
+    BufferModel one(1, 10);
+    BufferModel two(3, 10);
+    two.append(1, 5);
+    PlainProxy proxy;
+    proxy.setSourceModel(&one);
+    ModelLog log(&proxy);
+    proxy.setSourceModel(&two);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    one.append(1, 1);
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(rowsText(proxy), QString("1: 5 6 7"));
+}
+
+void tst_RVXPlotProxyModel::deletedInAnyOrder_data()
+{
+    QTest::addColumn<QVector<int>>("order");
+    QVector<int> order {0, 1, 2};
+    do
+        QTest::addRow("%d %d %d", order[0], order[1], order[2]) << order;
+    while (std::next_permutation(order.begin(), order.end()));
+}
+
+void tst_RVXPlotProxyModel::deletedInAnyOrder()
+{
+    QFETCH(QVector<int>, order);
+    auto *source = new BufferModel(2, 10);
+    auto *proxy = new PlainProxy;
+    auto *onTop = new RVXZeroingProxyModel;
+    proxy->setSourceModel(source);
+    onTop->setSourceModel(proxy);
+    source->append(1, 1);
+    onTop->zeroNow();
+    QPointer<QAbstractItemModel> models[] = {source, proxy, onTop};
+    // Reads whatever it can reach while it hears of a reset.
+    const auto read = [onTop] {
+        onTop->doubleData(onTop->rowCount() - 1, 1);
+        onTop->data(onTop->index(1, 1), Qt::ToolTipRole);
+    };
+    connect(onTop, &QAbstractItemModel::modelAboutToBeReset, onTop, read);
+    connect(onTop, &QAbstractItemModel::modelReset, onTop, read);
+
+    ModelLog log(onTop);
+    for (const int number : order) {
+        delete models[number];
+        if (models[2] && !models[1])
+            QCOMPARE(onTop->rowCount() + onTop->columnCount(), 0);
+        if (models[2] && !models[0])
+            QCOMPARE(onTop->rowCount(), 0);
+    }
+    const bool topSawIt = order.last() == 2;
+    if (topSawIt)
+        QVERIFY(log.take().startsWith("reset?, reset!"));
+}
+
+void tst_RVXPlotProxyModel::aSourceThatGoesDuringItsReset()
+{
+    BufferModel other(1, 10);
+    other.append(1, 1);
+    PlainProxy proxy;
+    {
+        BufferModel source(1, 10);
+        source.append(1, 1);
+        proxy.setSourceModel(&source);
+        ModelLog log(&proxy);
+        auto once = std::make_shared<QMetaObject::Connection>();
+        *once = connect(&source, &QAbstractItemModel::modelAboutToBeReset, this, [&, once] {
+            disconnect(*once);
+            proxy.setSourceModel(&other);
+        });
+        source.Clear();
+        QCOMPARE(log.take(), QString("reset?, reset!"));
+    }
+    ModelLog log(&proxy);
+    other.append(2, 2);
+    other.Clear();
+    QCOMPARE(log.take(), QString("insert 2-2?, insert 2-2!, reset?, reset!"));
+}
+
+Q_DECLARE_METATYPE(Act)
+CORVALE_QT_TEST_MAIN(tst_RVXPlotProxyModel)
+#include "tst_RVXPlotProxyModel.moc"

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/support/BufferModel.h"
+#include "tests/support/ModelLog.h"
+#include "tests/support/ModelText.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/TestMain.h"
+
+using namespace Corvale_Qt;
+
+class tst_RVXZeroingProxyModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void zerosApplyToAllRows();
+    void resetsOfTheSource();
+    void anotherUnit();
+    void nothingToTakeAZeroFrom();
+    void rolesAndTexts();
+    void filesHoldWhatWasMeasured();
+};
+
+void tst_RVXZeroingProxyModel::zerosApplyToAllRows()
+{
+    BufferModel source(2);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    const ModelWatch watch(&proxy);
+    source.append(1, 4);
+    source.append(2, 6);
+    ModelLog log(&proxy);
+    proxy.zeroNow();
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(rowsText(proxy), QString("1: -2 -2; 2: 0 0"));
+    source.append(3, 9);
+    QCOMPARE(rowsText(proxy), QString("1: -2 -2; 2: 0 0; 3: 3 3"));
+    proxy.zeroNow();
+    QCOMPARE(rowsText(proxy), QString("1: -5 -5; 2: -3 -3; 3: 0 0"));
+    QCOMPARE(proxy.doubleData(0, 2), 2.0);
+    log.take();
+    proxy.zeroClear();
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(rowsText(proxy), rowsText(source));
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXZeroingProxyModel::resetsOfTheSource()
+{
+    BufferModel source(1);
+    source.append(1, 4);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    proxy.zeroNow();
+    source.Clear();
+    source.append(2, 10);
+    QCOMPARE(rowsText(proxy), QString("2: 6"));
+
+    BufferModel asMany(1);
+    asMany.append(3, 5);
+    proxy.setSourceModel(&asMany);
+    QCOMPARE(rowsText(proxy), QString("3: 1"));
+    BufferModel more(2);
+    more.append(3, 5);
+    proxy.setSourceModel(&more);
+    QCOMPARE(rowsText(proxy), QString("3: 5 6"));
+    proxy.zeroNow();
+    more.insertChannelInFront(1);
+    QCOMPARE(rowsText(proxy), QString("3: 1 5 6"));
+}
+
+void tst_RVXZeroingProxyModel::anotherUnit()
+{
+    const Units::nA nA;
+    const Units::pA pA;
+    BufferModel source(1);
+    source.SetUnits(&nA);
+    source.append(1, 4e-9);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    proxy.zeroNow();
+    source.append(2, 5e-9);
+    QVERIFY(qFuzzyCompare(proxy.doubleData(2, 1), 1.0));
+    source.SetUnits(&pA);
+    QVERIFY(qFuzzyCompare(proxy.doubleData(2, 1), 1000.0));
+    QVERIFY(qAbs(proxy.doubleData(1, 1)) < 1e-9);
+    source.SetUnits(nullptr);
+    QVERIFY(!proxy.units());
+}
+
+void tst_RVXZeroingProxyModel::nothingToTakeAZeroFrom()
+{
+    RVXZeroingProxyModel proxy;
+    ModelLog log(&proxy);
+    proxy.zeroNow();
+    QCOMPARE(log.take(), QString());
+    RVXSingleChannelDataModel empty;
+    proxy.setSourceModel(&empty);
+    proxy.zeroNow();
+    empty.AddData(1, 5);
+    QCOMPARE(rowsText(proxy), QString("1: 5"));
+}
+
+void tst_RVXZeroingProxyModel::rolesAndTexts()
+{
+    const Units::mA mA;
+    BufferModel source(1);
+    source.SetUnits(&mA);
+    source.append(1, 0.25);
+    source.append(2, 0.75);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    proxy.zeroNow();
+    const QModelIndex sample = proxy.index(1, 1);
+    QCOMPARE(sample.data().toString(), QString("-5.000e+02"));
+    QCOMPARE(sample.data(Qt::EditRole).toString(), QString("-5.000e+02"));
+    QCOMPARE(sample.data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mA"));
+    QCOMPARE(sample.data(RVXAbstractPlotDataModel::NumericValueRole).toDouble(), -500.0);
+    QCOMPARE(sample.data(Qt::UserRole), QVariant("of the device"));
+    for (const QModelIndex &index : {proxy.index(0, 1), proxy.index(1, 0)}) {
+        for (int role = 0; role <= Qt::UserRole; ++role)
+            QCOMPARE(index.data(role), proxy.mapToSource(index).data(role));
+    }
+    proxy.zeroClear();
+    for (int role = 0; role <= Qt::UserRole; ++role)
+        QCOMPARE(sample.data(role), source.index(1, 1).data(role));
+}
+
+void tst_RVXZeroingProxyModel::filesHoldWhatWasMeasured()
+{
+    BufferModel source(1);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    QVERIFY(proxy.SaveDataToFile("accepted"));
+    QVERIFY(!proxy.SaveDataToFile("refused"));
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXZeroingProxyModel)
+#include "tst_RVXZeroingProxyModel.moc"

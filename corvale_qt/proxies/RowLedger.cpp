@@ -55,8 +55,8 @@ void RowLedger::rowsAboutToBeRemoved(ChannelSource &source, int first, int last)
     const int removed = sampleRowsIn(first, last);
     if (isFront(first)) {
         // It is the nested one of the two if the source has opened another change.
-        const bool rowsRemain = source.openChanges > 1 || source.rows > removed
-            || longestBeside(source) > 0;
+        const bool rowsRemain =
+            source.openChanges > 1 || source.rows > removed || longestBeside(source) > 0;
         const int lead = announcedLead(source.dropped + removed, rowsRemain);
         if (lead > 0)
             open(Change::Removal, &source, 1, lead);
@@ -82,7 +82,8 @@ void RowLedger::rowsRemoved(ChannelSource &source, int first, int last)
     settle(source);
     if (!front)
         columnChanged(source, first, m_rows);
-    else if (source.openChanges == 0) // an insertion around this removal brings the change of the column
+    else if (source.openChanges
+             == 0) // an insertion around this removal brings the change of the column
         frontDropped(source, m_shifted - shifted == removed);
 }
 

@@ -303,7 +303,8 @@ void tst_MultichannelRows::removalsInTheMiddle()
     ModelLog log(&scene.merged);
     one->remove(2, 3);
     scene.changed(one, 2);
-    QCOMPARE(log.take(), QString("remove 2-3?, remove 2-3!, changed (2,0)-(3,0), changed (2,1)-(3,1)"));
+    QCOMPARE(log.take(),
+             QString("remove 2-3?, remove 2-3!, changed (2,0)-(3,0), changed (2,1)-(3,1)"));
     QCOMPARE(scene.difference(), QString());
     one->remove(2, 3);
     scene.changed(one, 2);
@@ -412,7 +413,7 @@ void tst_MultichannelRows::anythingInAnyOrder_data()
 void tst_MultichannelRows::anythingInAnyOrder()
 {
     QFETCH(int, seed);
-    std::mt19937 random {unsigned(seed)};
+    std::mt19937 random{unsigned(seed)};
     const auto below = [&random](int limit) {
         return int(random() % unsigned(limit));
     };
@@ -430,7 +431,7 @@ void tst_MultichannelRows::anythingInAnyOrder()
         const int what = below(100);
         const auto sample = [&] {
             now += 0.25;
-            return BufferModel::Sample {now, {below(1000) / 7.0, below(1000) / 7.0, now / 3.0}};
+            return BufferModel::Sample{now, {below(1000) / 7.0, below(1000) / 7.0, now / 3.0}};
         };
         if (what < 50) {
             QVector<BufferModel::Sample> samples;

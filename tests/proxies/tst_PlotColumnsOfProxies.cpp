@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What proxies give by the chunk is, to the last bit, what they give cell by cell.
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/support/BufferModel.h"
+#include "tests/support/TestMain.h"
+
+#include <cstring>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+QString difference(const RVXAbstractPlotDataModel &model, int column, int firstRow, int count)
+{
+    const PlotColumns *const columns = PlotColumns::of(&model);
+    if (!columns)
+        return QStringLiteral("no chunks");
+    QVector<double> chunk(count, -12345.0);
+    columns->read(column, firstRow, count, chunk.data());
+    for (int i = 0; i < count; ++i) {
+        const double cell = model.doubleData(firstRow + i, column);
+        if (std::memcmp(&cell, &chunk[i], sizeof cell) != 0)
+            return QStringLiteral("column %1, row %2: %3 instead of %4")
+                .arg(column)
+                .arg(firstRow + i)
+                .arg(chunk[i])
+                .arg(cell);
+    }
+    return QString();
+}
+
+//! The first difference over all starts and lengths around the rows that there are.
+QString difference(const RVXAbstractPlotDataModel &model)
+{
+    const auto *items = dynamic_cast<const QAbstractItemModel *>(&model);
+    const int rows = items->rowCount();
+    for (int column = -1; column <= items->columnCount(); ++column) {
+        for (int firstRow = -2; firstRow <= rows + 1; ++firstRow) {
+            for (int count = 0; count <= rows + 3; ++count) {
+                const QString found = difference(model, column, firstRow, count);
+                if (!found.isEmpty())
+                    return found;
+            }
+        }
+    }
+    return QString();
+}
+
+} // namespace
+
+class tst_PlotColumnsOfProxies : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void averagingAndZeroing();
+    void multichannel();
+    void withoutSources();
+    void risingTimes();
+    void subclassesSpeakForThemselves();
+};
+
+void tst_PlotColumnsOfProxies::averagingAndZeroing()
+{
+    const Units::nA nA;
+    BufferModel source(3, 6);
+    source.SetUnits(&nA);
+    RVXAveragingProxyModel averaging;
+    RVXZeroingProxyModel zeroing;
+    averaging.setSourceModel(&source);
+    averaging.setAveraging(3);
+    zeroing.setSourceModel(&averaging);
+    for (int i = 1; i <= 10; ++i) {
+        source.append(i * 0.1, i / 7.0);
+        if (i == 5)
+            zeroing.zeroNow();
+        QCOMPARE(difference(averaging), QString());
+        QCOMPARE(difference(zeroing), QString());
+    }
+    zeroing.zeroClear();
+    source.SetUnits(nullptr);
+    QCOMPARE(difference(zeroing), QString());
+}
+
+void tst_PlotColumnsOfProxies::multichannel()
+{
+    BufferModel host(2, 5);
+    RVXSingleChannelDataModel shorter;
+    RVXSingleChannelDataModel empty;
+    RVXSingleChannelDataModel longer;
+    RVXMultichannelProxyModel merged;
+    merged.addSourceModel(&host, 2);
+    merged.addSourceModel(&shorter, 1);
+    merged.addSourceModel(&empty, 1);
+    QCOMPARE(difference(merged), QString());
+    for (int i = 1; i <= 7; ++i) {
+        host.append(i, i / 3.0);
+        if (i % 2 == 0)
+            shorter.AddData(i + 0.5, i / 9.0);
+        QCOMPARE(difference(merged), QString());
+    }
+    merged.addSourceModel(&longer, 1);
+    for (int i = 1; i <= 8; ++i)
+        longer.AddData(i + 0.7, i / 11.0);
+    QCOMPARE(difference(merged), QString());
+}
+
+void tst_PlotColumnsOfProxies::withoutSources()
+{
+    const RVXAveragingProxyModel averaging;
+    const RVXZeroingProxyModel zeroing;
+    const RVXMultichannelProxyModel merged;
+    QCOMPARE(difference(averaging) + difference(zeroing) + difference(merged), QString());
+    QVERIFY(!PlotColumns::of(&merged)->xRises());
+}
+
+void tst_PlotColumnsOfProxies::risingTimes()
+{
+    RVXSingleChannelDataModel one;
+    RVXSingleChannelDataModel two;
+    RVXMultichannelProxyModel merged;
+    RVXAveragingProxyModel averaging;
+    RVXZeroingProxyModel top;
+    merged.addSourceModel(&one, 1);
+    merged.addSourceModel(&two, 1);
+    averaging.setSourceModel(&merged);
+    top.setSourceModel(&averaging);
+    const PlotColumns *const columns = PlotColumns::of(&top);
+    one.AddData(1, 1);
+    QVERIFY(columns->xRises());
+    // Times of two sources in one column.
+    two.AddData(1, 1);
+    two.AddData(0.5, 1);
+    QVERIFY(!columns->xRises());
+    one.AddData(2, 2);
+    QVERIFY(columns->xRises());
+    one.AddData(1.5, 2);
+    QVERIFY(!columns->xRises());
+}
+
+void tst_PlotColumnsOfProxies::subclassesSpeakForThemselves()
+{
+    class Shifted : public RVXZeroingProxyModel
+    {
+        double doubleData(int row, int column) const override
+        {
+            return RVXZeroingProxyModel::doubleData(row, column) + 1.0;
+        }
+    };
+    BufferModel source(1);
+    Shifted shifted;
+    RVXAveragingProxyModel averaging;
+    shifted.setSourceModel(&source);
+    averaging.setSourceModel(&shifted);
+    source.append(1, 5);
+    QVERIFY(!PlotColumns::of(&shifted));
+    QCOMPARE(averaging.doubleData(1, 1), 6.0);
+    QCOMPARE(difference(averaging), QString());
+}
+
+CORVALE_QT_TEST_MAIN(tst_PlotColumnsOfProxies)
+#include "tst_PlotColumnsOfProxies.moc"

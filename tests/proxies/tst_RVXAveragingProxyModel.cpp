@@ -273,7 +273,9 @@ void tst_RVXAveragingProxyModel::channelsComeAndGo()
     proxy.setSourceModel(&source);
     proxy.setAveraging(4);
     QString seen;
-    connect(&proxy, &QAbstractItemModel::columnsInserted, this, [&] { seen = rowsText(proxy); });
+    connect(&proxy, &QAbstractItemModel::columnsInserted, this, [&] {
+        seen = rowsText(proxy);
+    });
     source.insertChannelInFront(1);
     QCOMPARE(seen, QString("4: 1 4 5; 8: 1 5 6"));
     source.removeFirstChannel();

@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/support/BufferModel.h"
+#include "tests/support/ModelLog.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/TestMain.h"
+
+#include <QBrush>
+#include <QMimeData>
+#include <QStandardItemModel>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+QString cells(const RVXLatestPlotDataProxyModel &proxy)
+{
+    QStringList rows;
+    for (int row = 0; row < proxy.rowCount(); ++row)
+        rows << proxy.index(row, 0).data().toString() + '=' + proxy.index(row, 1).data().toString();
+    return rows.join(' ');
+}
+
+// Gives indexes that index() would not.
+class Loose : public RVXLatestPlotDataProxyModel
+{
+public:
+    using RVXLatestPlotDataProxyModel::createIndex;
+};
+
+//! What a process leaves on its error stream when it runs \a act and ends.
+template<typename Act>
+QByteArray lastWords(Act act)
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        return "no pipe";
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(ends[1], STDERR_FILENO);
+        qInstallMessageHandler(nullptr);
+        signal(SIGABRT, SIG_DFL);
+        act();
+        _exit(0);
+    }
+    close(ends[1]);
+    QByteArray words;
+    char buffer[256];
+    for (ssize_t n = 0; (n = read(ends[0], buffer, sizeof buffer)) > 0;)
+        words.append(buffer, int(n));
+    close(ends[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFSIGNALED(status) ? words : "it lived on: " + words;
+}
+
+} // namespace
+
+class tst_RVXLatestPlotDataProxyModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void noSourceAndNoSamples();
+    void theNewestSample();
+    void whatIsAnnounced();
+    void aRowThatIsEdited();
+    void headers();
+    void checkStateOfAllChannels();
+    void channelCells();
+    void draggedNames();
+    void indexesOfTheSource();
+    void anIndexThatCannotBe();
+    void sourcesThatAreNoPlotModels();
+    void aSourceThatGoes();
+};
+
+void tst_RVXLatestPlotDataProxyModel::noSourceAndNoSamples()
+{
+    RVXLatestPlotDataProxyModel proxy;
+    const ModelWatch watch(&proxy);
+    QCOMPARE(proxy.rowCount(), 0);
+    QCOMPARE(proxy.columnCount(), 2);
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data"));
+    QVERIFY(!proxy.headerData(0, Qt::Horizontal, Qt::CheckStateRole).isValid());
+
+    BufferModel source(3);
+    proxy.setSourceModel(&source);
+    QCOMPARE(cells(proxy), QString("ch1=N/A ch2=N/A ch3=N/A"));
+    const QModelIndex data = proxy.index(1, 1);
+    QCOMPARE(data.data(Qt::EditRole), QVariant("0"));
+    QCOMPARE(data.data(Qt::BackgroundRole).value<QBrush>(), QBrush(Qt::black));
+    QCOMPARE(data.data(Qt::ForegroundRole).value<QBrush>(), QBrush(QColor(0, 255, 0)));
+    QCOMPARE(data.data(RVXAbstractPlotDataModel::NumericValueRole), QVariant(0));
+    QVERIFY(!data.data(Qt::CheckStateRole).isValid());
+    QVERIFY(!data.data(Qt::ToolTipRole).isValid());
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::theNewestSample()
+{
+    BufferModel source(2, 3);
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&source);
+    averaging.setAveraging(2);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&averaging);
+    const ModelWatch watch(&proxy);
+    for (int i = 1; i <= 5; ++i) {
+        source.append(i, i == 5 ? 0.0 : 8.0);
+        QCOMPARE(proxy.index(1, 1).data(RVXAbstractPlotDataModel::NumericValueRole).toDouble(),
+                 i == 5 ? 5.0 : 9.0);
+    }
+    QCOMPARE(proxy.index(0, 1).data(Qt::BackgroundRole),
+             source.index(3, 1).data(Qt::BackgroundRole));
+    source.Clear();
+    QCOMPARE(cells(proxy), QString("ch1=N/A ch2=N/A"));
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::whatIsAnnounced()
+{
+    const Units::nA nA;
+    BufferModel source(3);
+    RVXLatestPlotDataProxyModel proxy;
+    ModelLog log(&proxy);
+    proxy.setSourceModel(&source);
+    proxy.setSourceModel(&source);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    source.append(1, 1);
+    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+    source.append(2, 2);
+    log.take();
+    source.change(1, 2, 5);
+    QCOMPARE(log.take(), QString());
+    source.change(2, 2, 5);
+    QCOMPARE(log.take(), QString("changed (1,1)-(1,1)"));
+    source.setData(source.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
+    QCOMPARE(log.take(), QString("changed (2,0)-(2,0), header 0-0"));
+    // From an older row, which is not shown, to the newest.
+    source.SetUnits(&nA);
+    QCOMPARE(log.take(), QString("header 0-1, changed (0,1)-(2,1)"));
+    Q_EMIT source.dataChanged(source.index(0, 0), source.index(2, 3));
+    QCOMPARE(log.take(), QString("changed (0,0)-(2,1), header 0-0"));
+    source.remove(2, 2);
+    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+    source.insertChannelInFront(1);
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(proxy.rowCount(), 4);
+    source.Clear();
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+}
+
+void tst_RVXLatestPlotDataProxyModel::aRowThatIsEdited()
+{
+    BufferModel source(3);
+    source.append(1, 1);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    ModelLog log(&proxy);
+    proxy.edit(proxy.index(1, 1));
+    source.append(2, 1);
+    QCOMPARE(log.take(), QString("changed (0,1)-(0,1), changed (2,1)-(2,1)"));
+    source.change(2, 2, 5);
+    QCOMPARE(log.take(), QString());
+    proxy.editingFinished();
+    QCOMPARE(log.take(), QString("changed (1,0)-(1,1)"));
+    proxy.edit(proxy.index(0, 0));
+    proxy.editingFinished();
+    QCOMPARE(log.take(), QString());
+    proxy.edit(proxy.index(2, 1));
+    source.Clear();
+    log.take();
+    source.append(1, 1);
+    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+}
+
+void tst_RVXLatestPlotDataProxyModel::headers()
+{
+    const Units::nA nA;
+    BufferModel source(1);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    QCOMPARE(proxy.headerData(0, Qt::Horizontal).toString(), QString("Channel"));
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data (A)"));
+    source.SetUnits(&nA);
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data (nA)"));
+    source.SetUnits(nullptr);
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data"));
+    QVERIFY(!proxy.headerData(2, Qt::Horizontal).isValid());
+    QVERIFY(!proxy.headerData(0, Qt::Vertical).isValid());
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
+             int(Qt::AlignHCenter));
+}
+
+void tst_RVXLatestPlotDataProxyModel::checkStateOfAllChannels()
+{
+    BufferModel source(3);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    const auto all = [&] {
+        return proxy.headerData(0, Qt::Horizontal, Qt::CheckStateRole).toInt();
+    };
+    QCOMPARE(all(), int(Qt::Checked));
+    QVERIFY(proxy.setData(proxy.index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(source.index(0, 2).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QCOMPARE(all(), int(Qt::PartiallyChecked));
+    proxy.setData(proxy.index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+    QCOMPARE(all(), int(Qt::PartiallyChecked));
+    proxy.setData(proxy.index(2, 0), Qt::Unchecked, Qt::CheckStateRole);
+    QCOMPARE(all(), int(Qt::Unchecked));
+}
+
+void tst_RVXLatestPlotDataProxyModel::channelCells()
+{
+    BufferModel source(2);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    const QColor colour = source.index(0, 2).data(Qt::BackgroundRole).value<QBrush>().color();
+    QCOMPARE(proxy.index(1, 0).data(Qt::BackgroundRole).value<QBrush>(),
+             QBrush(colour.lighter(140)));
+    QCOMPARE(proxy.flags(proxy.index(0, 0)),
+             Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsUserCheckable
+                 | Qt::ItemIsEnabled);
+    source.append(1, 1);
+    QCOMPARE(proxy.flags(proxy.index(0, 1)), source.flags(source.index(1, 1)));
+    QCOMPARE(proxy.flags(QModelIndex()), Qt::ItemIsEnabled);
+    // A click on a reading must not reach for the check box of the channel.
+    QCOMPARE(proxy.buddy(proxy.index(0, 1)), proxy.index(0, 1));
+}
+
+void tst_RVXLatestPlotDataProxyModel::draggedNames()
+{
+    BufferModel source(3);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    QCOMPARE(proxy.mimeTypes(), QStringList("application/vnd.text.list"));
+    const std::unique_ptr<QMimeData> mime(
+        proxy.mimeData({proxy.index(2, 0), QModelIndex(), proxy.index(0, 0)}));
+    // Length in bytes, big endian, then UTF-16.
+    QCOMPARE(mime->data("application/vnd.text.list").toHex(),
+             QByteArray("00000006006300680033"
+                        "00000006006300680031"));
+}
+
+void tst_RVXLatestPlotDataProxyModel::indexesOfTheSource()
+{
+    BufferModel source(3);
+    for (int i = 1; i <= 3; ++i)
+        source.append(i, i);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    QCOMPARE(proxy.mapToSource(proxy.index(1, 0)), source.index(0, 2));
+    QCOMPARE(proxy.mapToSource(proxy.index(1, 1)), source.index(3, 2));
+    QCOMPARE(proxy.mapFromSource(source.index(0, 2)), proxy.index(1, 0));
+    QCOMPARE(proxy.mapFromSource(source.index(3, 2)), proxy.index(1, 1));
+    QVERIFY(!proxy.mapFromSource(source.index(2, 2)).isValid());
+    QVERIFY(!proxy.mapFromSource(source.index(0, 0)).isValid());
+    const QItemSelection all(proxy.index(0, 0), proxy.index(2, 1));
+    QCOMPARE(proxy.mapSelectionFromSource(proxy.mapSelectionToSource(all)), all);
+    QVERIFY(!proxy.index(3, 0).isValid() && !proxy.index(0, 2).isValid());
+}
+
+void tst_RVXLatestPlotDataProxyModel::anIndexThatCannotBe()
+{
+    BufferModel source(1);
+    Loose proxy;
+    proxy.setSourceModel(&source);
+    const QByteArray words = lastWords([&] {
+        proxy.mapToSource(proxy.createIndex(0, 2));
+    });
+    QVERIFY2(
+        words.startsWith("Invalid model index passed to RVXLatestPlotDataProxyModel::mapToSource"),
+        words.constData());
+}
+
+void tst_RVXLatestPlotDataProxyModel::sourcesThatAreNoPlotModels()
+{
+    QStandardItemModel source(2, 3);
+    source.setItem(0, 1, new QStandardItem("left"));
+    source.setItem(1, 1, new QStandardItem("5"));
+    source.item(0, 1)->setBackground(Qt::darkRed);
+    RVXLatestPlotDataProxyModel proxy;
+    const ModelWatch watch(&proxy);
+    proxy.setSourceModel(&source);
+    QCOMPARE(cells(proxy), QString("left=5 ="));
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data"));
+    source.removeColumns(0, 3);
+    QCOMPARE(proxy.rowCount(), 0);
+    proxy.setSourceModel(nullptr);
+    QCOMPARE(proxy.rowCount(), 0);
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::aSourceThatGoes()
+{
+    RVXLatestPlotDataProxyModel proxy;
+    ModelLog log(&proxy);
+    {
+        BufferModel source(2);
+        proxy.setSourceModel(&source);
+        log.take();
+    }
+    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(proxy.rowCount(), 0);
+    BufferModel another(1);
+    proxy.setSourceModel(&another);
+    QCOMPARE(proxy.rowCount(), 1);
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXLatestPlotDataProxyModel)
+#include "tst_RVXLatestPlotDataProxyModel.moc"

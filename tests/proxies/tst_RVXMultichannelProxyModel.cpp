@@ -61,8 +61,7 @@ class NamingFactory : public SingleChannelModelFactory
 {
 public:
     using SingleChannelModelFactory::SingleChannelModelFactory;
-    QAbstractItemModel *
-    createModel(const QStringList &names, int *column, QObject *parent) override
+    QAbstractItemModel *createModel(const QStringList &names, int *column, QObject *parent) override
     {
         if (names.value(0).startsWith('-'))
             return nullptr;
@@ -401,8 +400,10 @@ void tst_RVXMultichannelProxyModel::hostilePayloads()
     RVXMultichannelProxyModel proxy;
     static int lines = 0;
     lines = 0;
-    const auto previous = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext &, const QString &) { ++lines; });
+    const auto previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
+            ++lines;
+        });
     const bool taken = drop(proxy, listType, payload);
     qInstallMessageHandler(previous);
     QVERIFY(taken);
@@ -528,7 +529,7 @@ void tst_RVXMultichannelProxyModel::clearIsOneReset()
 void tst_RVXMultichannelProxyModel::sourcesDeletedInAnyOrder_data()
 {
     QTest::addColumn<QVector<int>>("order");
-    QVector<int> order {0, 1, 2, 3};
+    QVector<int> order{0, 1, 2, 3};
     do
         QTest::addRow("%d %d %d %d", order[0], order[1], order[2], order[3]) << order;
     while (std::next_permutation(order.begin(), order.end()));

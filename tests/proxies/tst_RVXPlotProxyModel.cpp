@@ -117,7 +117,9 @@ using Act = std::function<void(BufferModel &)>;
 void tst_RVXPlotProxyModel::everySignalIsPassedOn_data()
 {
     QTest::addColumn<Act>("act");
-    QTest::newRow("append") << Act([](BufferModel &m) { m.append(9, 9); });
+    QTest::newRow("append") << Act([](BufferModel &m) {
+        m.append(9, 9);
+    });
     QTest::newRow("roll over, nested") << Act([](BufferModel &m) {
         m.append(8, 8);
         m.append(9, 9);
@@ -127,14 +129,30 @@ void tst_RVXPlotProxyModel::everySignalIsPassedOn_data()
         m.append(8, 8);
         m.append(9, 9);
     });
-    QTest::newRow("drop") << Act([](BufferModel &m) { m.dropOldest(2); });
-    QTest::newRow("insert between") << Act([](BufferModel &m) { m.insert(2, {1.5, {7, 8}}); });
-    QTest::newRow("move") << Act([](BufferModel &m) { m.moveToEnd(1); });
-    QTest::newRow("sort") << Act([](BufferModel &m) { m.reverse(); });
-    QTest::newRow("change") << Act([](BufferModel &m) { m.change(2, 2, 5.0); });
-    QTest::newRow("gain a channel") << Act([](BufferModel &m) { m.insertChannelInFront(3.0); });
-    QTest::newRow("lose a channel") << Act([](BufferModel &m) { m.removeFirstChannel(); });
-    QTest::newRow("clear") << Act([](BufferModel &m) { m.Clear(); });
+    QTest::newRow("drop") << Act([](BufferModel &m) {
+        m.dropOldest(2);
+    });
+    QTest::newRow("insert between") << Act([](BufferModel &m) {
+        m.insert(2, {1.5, {7, 8}});
+    });
+    QTest::newRow("move") << Act([](BufferModel &m) {
+        m.moveToEnd(1);
+    });
+    QTest::newRow("sort") << Act([](BufferModel &m) {
+        m.reverse();
+    });
+    QTest::newRow("change") << Act([](BufferModel &m) {
+        m.change(2, 2, 5.0);
+    });
+    QTest::newRow("gain a channel") << Act([](BufferModel &m) {
+        m.insertChannelInFront(3.0);
+    });
+    QTest::newRow("lose a channel") << Act([](BufferModel &m) {
+        m.removeFirstChannel();
+    });
+    QTest::newRow("clear") << Act([](BufferModel &m) {
+        m.Clear();
+    });
     QTest::newRow("check box") << Act([](BufferModel &m) {
         m.setData(m.index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
     });
@@ -209,7 +227,7 @@ void tst_RVXPlotProxyModel::persistentIndexesFollowTheirSamples()
     source.reverse();
     QCOMPARE(held.row(), 4);
     QCOMPARE(held.data(RVXAbstractPlotDataModel::NumericValueRole).toDouble(), 11.0);
-    QCOMPARE(selection.selectedIndexes(), QModelIndexList {onTop.index(3, 1)});
+    QCOMPARE(selection.selectedIndexes(), QModelIndexList{onTop.index(3, 1)});
 
     source.dropOldest(1);
     QCOMPARE(held.row(), 3);
@@ -228,8 +246,9 @@ void tst_RVXPlotProxyModel::selectionsAndMatches()
     QCOMPARE(proxy.mapSelectionFromSource(mapped), range);
     QVERIFY(proxy.mapSelectionToSource(QItemSelection(QModelIndex(), QModelIndex())).isEmpty());
 
-    const QModelIndexList hits = proxy.match(proxy.index(1, 1), Qt::DisplayRole, 30.0, 1, Qt::MatchExactly);
-    QCOMPARE(hits, QModelIndexList {proxy.index(3, 1)});
+    const QModelIndexList hits =
+        proxy.match(proxy.index(1, 1), Qt::DisplayRole, 30.0, 1, Qt::MatchExactly);
+    QCOMPARE(hits, QModelIndexList{proxy.index(3, 1)});
 }
 
 void tst_RVXPlotProxyModel::anotherSource()
@@ -250,7 +269,7 @@ void tst_RVXPlotProxyModel::anotherSource()
 void tst_RVXPlotProxyModel::deletedInAnyOrder_data()
 {
     QTest::addColumn<QVector<int>>("order");
-    QVector<int> order {0, 1, 2};
+    QVector<int> order{0, 1, 2};
     do
         QTest::addRow("%d %d %d", order[0], order[1], order[2]) << order;
     while (std::next_permutation(order.begin(), order.end()));

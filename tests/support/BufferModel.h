@@ -14,7 +14,10 @@
 class BufferModel : public Corvale_Qt::RVXAbstractDeviceDataModel
 {
 public:
-    enum RollOver { InsertAroundRemove, RemoveThenInsert };
+    enum RollOver {
+        InsertAroundRemove,
+        RemoveThenInsert
+    };
 
     //! One sample: its time and a value for each channel, in the base unit.
     struct Sample
@@ -33,7 +36,7 @@ public:
     //! A sample whose channel c reads \a value + c - 1.
     void append(double time, double value)
     {
-        Sample sample {time, {}};
+        Sample sample{time, {}};
         for (int channel = 0; channel < m_channels; ++channel)
             sample.values.append(value + channel);
         append({sample});

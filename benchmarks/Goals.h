@@ -4,3 +4,4 @@
 // One function for each subject; each reports its goals.
 
 void measureStripRepaint();
+void measureProxies();

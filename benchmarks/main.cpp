@@ -22,6 +22,7 @@ struct Subject
 
 const Subject subjects[] = {
     {"strip", measureStripRepaint},
+    {"proxies", measureProxies},
 };
 
 bool isAskedFor(const Subject &subject, int argc, char **argv)

@@ -57,19 +57,19 @@ public Q_SLOTS:
     void edit(const QModelIndex &index);
     void editingFinished();
 
-private Q_SLOTS:
-    void UpdateHeaders();
-
 private:
     Q_DECLARE_PRIVATE(RVXLatestPlotDataProxyModel)
     const std::unique_ptr<RVXLatestPlotDataProxyModelPrivate> d_ptr;
 
+    // Slots keep this order.
     // clang-format off
     Q_PRIVATE_SLOT(d_func(), void _q_sourceRowsInserted(const QModelIndex &, int, int))
     Q_PRIVATE_SLOT(d_func(), void _q_sourceDataChanged(const QModelIndex &, const QModelIndex &))
     Q_PRIVATE_SLOT(d_func(), void _q_sourceModelAboutToBeReset())
     Q_PRIVATE_SLOT(d_func(), void _q_sourceModelReset())
     // clang-format on
+private Q_SLOTS:
+    void UpdateHeaders();
 };
 
 } // namespace Corvale_Qt

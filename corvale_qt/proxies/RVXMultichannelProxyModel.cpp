@@ -14,7 +14,6 @@
 #include <QDebug>
 #include <QFile>
 #include <QMimeData>
-#include <QTextStream>
 
 namespace Corvale_Qt {
 
@@ -313,12 +312,9 @@ bool RVXMultichannelProxyModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    writeChannels(stream, d->channels, d->ledger.rows());
-    stream.flush();
+    const bool complete = writeChannels(file, d->channels, d->ledger.rows()) && file.flush();
     file.close();
-    return stream.status() == QTextStream::Ok && file.error() == QFileDevice::NoError;
+    return complete && file.error() == QFileDevice::NoError;
 }
 
 void RVXMultichannelProxyModel::Clear()

@@ -22,8 +22,13 @@ QString difference(const RVXAbstractPlotDataModel &model, int column, int firstR
         return QStringLiteral("no chunks");
     QVector<double> chunk(count, -12345.0);
     columns->read(column, firstRow, count, chunk.data());
+    ColumnSpans spans;
+    const bool lies = columns->spans(column, firstRow, count, spans);
     for (int i = 0; i < count; ++i) {
         const double cell = model.doubleData(firstRow + i, column);
+        const double there = lies ? spans.value(i) : cell;
+        if (std::memcmp(&cell, &there, sizeof cell) != 0)
+            return QStringLiteral("column %1, row %2 lies elsewhere").arg(column).arg(firstRow + i);
         if (std::memcmp(&cell, &chunk[i], sizeof cell) != 0)
             return QStringLiteral("column %1, row %2: %3 instead of %4")
                 .arg(column)

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Channels dragged from a table of current readings into a table of their samples, which is saved as one file.
+
+#include "../common/RunExample.h"
+#include <corvale_qt/AbstractChannelModelFactory>
+#include <corvale_qt/RVXLatestPlotDataProxyModel>
+#include <corvale_qt/RVXMultichannelProxyModel>
+#include <corvale_qt/RVXSingleChannelDataModel>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+
+#include <cmath>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+// A channel that shows its name, and reads what its device would send.
+class NamedChannel : public RVXSingleChannelDataModel
+{
+public:
+    using RVXSingleChannelDataModel::RVXSingleChannelDataModel;
+    QVariant deviceSpecificData(const QModelIndex &index, int role) const override
+    {
+        if (index.row() == 0 && index.column() == 1 && role == Qt::DisplayRole)
+            return channelName();
+        return RVXSingleChannelDataModel::deviceSpecificData(index, role);
+    }
+    void timerEvent(QTimerEvent *) override
+    {
+        AddData(m_now, 1e-9 * (1.0 + std::sin(m_now + channelName().size())));
+        m_now += 0.2;
+    }
+
+private:
+    double m_now = 0.2; // 0 would start a new acquisition
+};
+
+// What a proxy asks for the model of a name that was dropped on it.
+class ChannelFactory : public AbstractChannelModelFactory
+{
+public:
+    QAbstractItemModel *createModel(const QStringList &names, int *column, QObject *parent) override
+    {
+        auto *channel = new NamedChannel(parent);
+        channel->setChannelName(names.value(0));
+        channel->setProperty("channel", names.value(0)); // for channelNames()
+        channel->startTimer(200);
+        *column = 1;
+        return channel;
+    }
+};
+
+QTableView *
+addTable(QGridLayout *layout, int column, const QString &title, QAbstractItemModel *model)
+{
+    auto *table = new QTableView;
+    table->setModel(model);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    layout->addWidget(new QLabel(title), 0, column);
+    layout->addWidget(table, 1, column);
+    return table;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    RVXMultichannelProxyModel all, merged;
+    RVXLatestPlotDataProxyModel latest;
+    all.setChannelModelFactory(new ChannelFactory);
+    merged.setChannelModelFactory(new ChannelFactory);
+    all.setChannelNames(
+        {"Faraday cup", "Halo left", "Halo right", "Ion chamber 1", "Ion chamber 2"});
+    merged.addChannel("Faraday cup");
+    latest.setSourceModel(&all);
+    QWidget window;
+    auto *layout = new QGridLayout(&window);
+    addTable(layout, 0, "Drag channels from here ...", &latest)->setDragEnabled(true);
+    addTable(layout, 1, "... and drop them here", &merged)->setAcceptDrops(true);
+    auto *save = new QPushButton("&Save as CSV ...");
+    layout->addWidget(save, 2, 1, Qt::AlignRight);
+    QObject::connect(save, &QPushButton::clicked, &window, [&] {
+        const QString name = QFileDialog::getSaveFileName(&window, QString(), "channels.csv");
+        if (!name.isEmpty() && !merged.SaveDataToFile(name))
+            QMessageBox::warning(&window, window.windowTitle(), "Error saving data file.");
+    });
+
+    window.resize(900, 300);
+    return runExample(window);
+}

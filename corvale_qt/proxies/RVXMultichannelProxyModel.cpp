@@ -235,8 +235,10 @@ bool RVXMultichannelProxyModel::removeColumns(int, int, const QModelIndex &)
 Qt::ItemFlags RVXMultichannelProxyModel::flags(const QModelIndex &index) const
 {
     // Names are dropped where no channel is: on the empty area of a view.
-    const Qt::ItemFlags standard = QAbstractItemModel::flags(index);
-    return index.isValid() ? standard : standard | Qt::ItemIsDropEnabled;
+    if (!index.isValid())
+        return QAbstractItemModel::flags(index) | Qt::ItemIsDropEnabled;
+    const QModelIndex source = mapToSource(index);
+    return source.isValid() ? source.flags() : QAbstractItemModel::flags(index);
 }
 
 QModelIndexList RVXMultichannelProxyModel::match(const QModelIndex &start,

@@ -80,10 +80,11 @@ void RowLedger::rowsRemoved(ChannelSource &source, int first, int last)
     closeFor(source, Change::Removal);
     count(source);
     settle(source);
+    // An insertion around this removal will bring the change of the column.
+    const bool isNested = source.openChanges > 0;
     if (!front)
         columnChanged(source, first, m_rows);
-    else if (source.openChanges
-             == 0) // an insertion around this removal brings the change of the column
+    else if (!isNested)
         frontDropped(source, m_shifted - shifted == removed);
 }
 

@@ -35,7 +35,7 @@ public:
     }
     void timerEvent(QTimerEvent *) override
     {
-        AddData(m_now, 1e-9 * (1.0 + std::sin(m_now + channelName().size())));
+        AddData(m_now, 1e-9 * (1.0 + std::sin(m_now + qHash(channelName(), 1) % 7)));
         m_now += 0.2;
     }
 
@@ -58,8 +58,7 @@ public:
     }
 };
 
-QTableView *
-addTable(QGridLayout *layout, int column, const QString &title, QAbstractItemModel *model)
+QTableView *addTable(QGridLayout *layout, int column, QAbstractItemModel *model, const char *title)
 {
     auto *table = new QTableView;
     table->setModel(model);
@@ -85,8 +84,8 @@ int main(int argc, char **argv)
     latest.setSourceModel(&all);
     QWidget window;
     auto *layout = new QGridLayout(&window);
-    addTable(layout, 0, "Drag channels from here ...", &latest)->setDragEnabled(true);
-    addTable(layout, 1, "... and drop them here", &merged)->setAcceptDrops(true);
+    addTable(layout, 0, &latest, "Drag channels from here ...")->setDragEnabled(true);
+    addTable(layout, 1, &merged, "... and drop them here")->setAcceptDrops(true);
     auto *save = new QPushButton("&Save as CSV ...");
     layout->addWidget(save, 2, 1, Qt::AlignRight);
     QObject::connect(save, &QPushButton::clicked, &window, [&] {

@@ -219,7 +219,8 @@ void tst_RVXMultichannelProxyModel::headerCells()
     proxy.addSourceModel(&two, 1);
     QCOMPARE(proxy.index(0, 2).data(Qt::BackgroundRole).value<QBrush>(),
              QBrush(RVXPlotColors::color(1)));
-    QCOMPARE(proxy.flags(proxy.index(0, 2)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    QCOMPARE(proxy.flags(proxy.index(0, 0)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    QVERIFY(proxy.flags(proxy.index(0, 2)) & Qt::ItemIsUserCheckable);
     ModelLog log(&proxy);
     QVERIFY(proxy.setData(proxy.index(0, 2), Qt::Unchecked, Qt::CheckStateRole));
     QCOMPARE(log.take(), QString("changed (0,2)-(0,2)"));

@@ -5,6 +5,7 @@
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 
+#include <QFile>
 #include <QHelpEvent>
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -80,6 +81,24 @@ void addRandomSpots(SpotTable &table, int count)
                                        random.bounded(40.0) - 20,
                                        random.bounded(9.0),
                                        2.0));
+}
+
+//! The spots of a treatment plan, one row after the other; none where the real readings are missing.
+QList<QVector<double>> planSpots(const QString &name)
+{
+    QList<QVector<double>> spots;
+    QFile file(QStringLiteral(CORVALE_QT_DATA_DIR "/dcpt-spot-plans/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        return spots;
+    file.readLine();
+    while (!file.atEnd()) {
+        const QByteArrayList f = file.readLine().split(',');
+        spots << QVector<double>{f[4].toDouble(),
+                                 f[5].toDouble(),
+                                 f[6].toDouble(),
+                                 f[7].toDouble()};
+    }
+    return spots;
 }
 
 const QString corners = "-30 -30 10 3; 30 -30 10 3; -30 30 10 3; 30 30 10 3";
@@ -520,6 +539,56 @@ private Q_SLOTS:
         QHelpEvent event(QEvent::ToolTip, point, map.viewport()->mapToGlobal(point));
         QCoreApplication::sendEvent(map.viewport(), &event);
         QCOMPARE(QToolTip::text(), QString("Row 2\nX 20.5\nY -4\nDose 7.25\nSigma 3"));
+    }
+
+    void aRealPatternIsWhereItWasPlanned()
+    {
+        const QList<QVector<double>> spots = planSpots("gantryqa_spots.csv").mid(0, 117);
+        if (spots.isEmpty())
+            QSKIP("the real spot plans are not there");
+        SpotTable table;
+        for (const QVector<double> &spot : spots)
+            table.appendRow(SpotTable::row(spot[0], spot[1], spot[2], spot[3]));
+        Map map(&table);
+        map.resize(600, 600);
+        const QImage image = map.picture();
+        const QRectF bounds = map.bounds();
+        const auto greyAt = [&](double x, double y) {
+            return qGray(
+                image.pixel(int((x - bounds.left()) / bounds.width() * image.width()),
+                            int((bounds.bottom() - y) / bounds.height() * image.height())));
+        };
+        // A grid of 30 mm: every spot is bright, and it is dark in the middle between four of them.
+        for (const QVector<double> &spot : spots) {
+            QVERIFY(greyAt(spot[0], spot[1]) > 160);
+            if (spot[0] < 120 && spot[1] < 180)
+                QCOMPARE(greyAt(spot[0] + 15, spot[1] + 15), 0);
+        }
+    }
+
+    void aWholePlanGrowsLive()
+    {
+        const QList<QVector<double>> spots = planSpots("plan01_spots.csv");
+        if (spots.isEmpty())
+            QSKIP("the real spot plans are not there");
+        SpotTable table;
+        Map live(&table);
+        QRectF extent;
+        float largest = 0;
+        for (int i = 0; i < spots.size(); ++i) {
+            const QVector<double> &spot = spots.at(i);
+            table.appendRow(SpotTable::row(spot[0], spot[1], spot[2], spot[3]));
+            extent |= around(spot[0], spot[1], 2.6 * spot[3]);
+            largest = qMax(largest, float(spot[2]));
+            if (i % 300 == 0)
+                live.picture();
+        }
+        QCOMPARE(spots.size(), 6069);
+        QCOMPARE(live.maxDose(), largest);
+        QVERIFY(qAbs(live.bounds().width() - qMax(extent.width(), extent.height())) < 1e-4);
+        QVERIFY((live.bounds().center() - extent.center()).manhattanLength() < 1e-4);
+        Map whole(&table);
+        QCOMPARE(largestDifference(live.picture(), whole.picture()), 0);
     }
 
     void openGlAndTheFallbackAgree()

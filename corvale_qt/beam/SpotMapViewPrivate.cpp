@@ -87,10 +87,11 @@ bool SpotMapViewPrivate::inStep() const
 void SpotMapViewPrivate::spotsChanged()
 {
     Q_Q(SpotMapView);
-    resetBounds();
     q->viewport()->update();
     QEvent event(spotsChangedEvent());
     QCoreApplication::sendEvent(q->viewport(), &event);
+    // Last, since a host may do anything when it hears of new bounds.
+    resetBounds();
 }
 
 void SpotMapViewPrivate::resetBounds()

@@ -92,6 +92,8 @@ int main(int argc, char **argv)
             step(+1);
         const Spot &spot = plan[layer].at(delivered.rowCount());
         append(delivered, spot, 1.0F + 0.1F * std::sin(spot.x)); // a dose that wavers
+        right->setXvalue(QString::number(double(spot.x), 'f', 2));
+        right->setYvalue(QString::number(double(spot.y), 'f', 2));
         right->setDoseValue(QString::number(double(spot.dose), 'f', 2));
     });
     beam.start(20);

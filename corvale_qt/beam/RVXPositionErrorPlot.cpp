@@ -75,6 +75,19 @@ void RVXPositionErrorPlot::setModel(QAbstractItemModel *model)
     });
 }
 
+QSize RVXPositionErrorPlot::minimumSizeHint() const
+{
+    // A scroll area would let its contents be cut off.
+    const QMargins frame(frameWidth(), frameWidth(), frameWidth(), frameWidth());
+    return viewport()->minimumSizeHint().grownBy(frame);
+}
+
+QSize RVXPositionErrorPlot::sizeHint() const
+{
+    const QMargins frame(frameWidth(), frameWidth(), frameWidth(), frameWidth());
+    return viewport()->sizeHint().grownBy(frame);
+}
+
 void RVXPositionErrorPlot::setRootIndex(const QModelIndex &index)
 {
     Q_D(RVXPositionErrorPlot);

@@ -58,6 +58,8 @@ public:
     void setTolerance(float tx, float ty);
 
     void setModel(QAbstractItemModel *model) override;
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
 
     // The views' own interface.
     QRect visualRect(const QModelIndex &index) const override;

@@ -7,6 +7,7 @@
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPolygonF>
 #include <QRandomGenerator>
@@ -176,6 +177,23 @@ private Q_SLOTS:
         delete model;
         QCOMPARE(fields(plot), QString("N/A N/A N/A"));
         plot.grab();
+    }
+
+    void nothingIsCutOffInAnyFont()
+    {
+        QStandardItemModel model(0, 7);
+        model.appendRow(errorRow(-12.3456, 12.3456, 249.96));
+        RVXPositionErrorPlot plot;
+        plot.setModel(&model);
+        plot.setFont(QFont("DejaVu Sans", 16));
+        plot.show();
+        plot.resize(plot.minimumSizeHint());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        plot.resize(plot.minimumSizeHint());
+        for (const auto *label : plot.findChildren<QLabel *>())
+            QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+        for (const auto *field : plot.findChildren<QLineEdit *>())
+            QVERIFY(field->fontMetrics().horizontalAdvance(field->text()) + 8 <= field->width());
     }
 
     void theNewestDotStandsOut()

@@ -40,6 +40,7 @@ MeanTimePlot::MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *
     plotCanvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(plotCanvas);
     setCanvasBackground(Qt::black);
+    setMinimumSize(200, 120);
     setAxisTitle(xBottom, tr("Time (s)"));
     setAxisTitle(yLeft, tr("Position (mm)"));
     styleAxis(this, xBottom, new SecondsDraw);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/SideBarArea_p.h"
 
+#include <QEvent>
 #include <QScrollBar>
 
 namespace Corvale_Qt {
@@ -25,6 +26,14 @@ QSize SideBarArea::sizeHint() const
 QSize SideBarArea::minimumSizeHint() const
 {
     return {sizeHint().width(), QScrollArea::minimumSizeHint().height()};
+}
+
+bool SideBarArea::eventFilter(QObject *watched, QEvent *event)
+{
+    // The base class watches what it holds; what that needs has changed.
+    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 } // namespace Corvale_Qt

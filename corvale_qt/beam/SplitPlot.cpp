@@ -47,20 +47,24 @@ void SplitItem::draw(QPainter *painter,
                      const QRectF &canvasRect) const
 {
     const double zero = xMap.transform(0);
-    double end = zero;
-    if (isPlottable(m_value)) {
-        // Clamped: a bar beyond the axis ends at the edge.
-        end = std::clamp(xMap.transform(m_value), canvasRect.left(), canvasRect.right());
-        const QRectF bar(QPointF(zero, yMap.transform(kHalfBar)),
-                         QPointF(end, yMap.transform(-kHalfBar)));
-        painter->fillRect(bar.normalized(), m_color);
-    }
+    // Clamped: a bar beyond the axis ends at the edge. Without a number there is none.
+    const double end = isPlottable(m_value)
+        ? std::clamp(xMap.transform(m_value), canvasRect.left(), canvasRect.right())
+        : zero;
+    const QRectF bar =
+        QRectF(QPointF(zero, yMap.transform(kHalfBar)), QPointF(end, yMap.transform(-kHalfBar)))
+            .normalized();
+    painter->fillRect(bar, m_color);
     painter->setPen(QPen(QColor(200, 200, 200), 0));
     painter->drawLine(QPointF(zero, canvasRect.top()), QPointF(zero, canvasRect.bottom()));
-    drawText(painter, canvasRect, zero, end);
+    drawText(painter, canvasRect, bar, zero, end);
 }
 
-void SplitItem::drawText(QPainter *painter, const QRectF &canvasRect, double zero, double end) const
+void SplitItem::drawText(QPainter *painter,
+                         const QRectF &canvasRect,
+                         const QRectF &bar,
+                         double zero,
+                         double end) const
 {
     const QString text =
         std::isnan(m_value) ? QStringLiteral("NaN") : QString::number(m_value, 'g', 4);
@@ -71,20 +75,21 @@ void SplitItem::drawText(QPainter *painter, const QRectF &canvasRect, double zer
     const QSizeF size(metrics.horizontalAdvance(text), metrics.height());
     const double gap = metrics.averageCharWidth();
 
-    // Beyond the bar's end; on the bar where there is no room beyond it.
-    double left = end < zero ? end - gap - size.width() : end + gap;
-    const bool fits = left >= canvasRect.left() && left + size.width() <= canvasRect.right();
-    if (!fits)
-        left = end < zero ? end + gap : end - gap - size.width();
-    left = std::clamp(left,
-                      canvasRect.left(),
-                      std::max(canvasRect.left(), canvasRect.right() - size.width()));
-    const QPointF topLeft(left, canvasRect.center().y() - size.height() / 2);
-    const bool onBar = !fits && std::abs(end - zero) > size.width() + gap;
-    painter->setPen(onBar && qGray(m_color.rgb()) > 100 ? Qt::black : Qt::white);
-    painter->drawText(QRectF(topLeft, size).adjusted(0, 0, 1, 0),
-                      Qt::AlignCenter | Qt::TextDontClip,
-                      text);
+    // Beyond the bar's end; where there is no room, on the bar; on a bar too small for it, across
+    // the zero line.
+    const bool leftwards = end < zero;
+    const double beyond = leftwards ? end - gap - size.width() : end + gap;
+    const double onBar = leftwards ? end + gap : end - gap - size.width();
+    const double across = leftwards ? zero + gap : zero - gap - size.width();
+    const bool hasRoom = beyond >= canvasRect.left() && beyond + size.width() <= canvasRect.right();
+    const bool barHolds = bar.height() >= metrics.ascent() && bar.width() >= size.width() + 2 * gap;
+    const QPointF topLeft(hasRoom        ? beyond
+                              : barHolds ? onBar
+                                         : across,
+                          canvasRect.center().y() - size.height() / 2);
+    const bool darkText = !hasRoom && barHolds && qGray(m_color.rgb()) > 100;
+    painter->setPen(darkText ? Qt::black : Qt::white);
+    painter->drawText(QRectF(topLeft, size), Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
 SplitPlot::SplitPlot(int index, QWidget *parent)
@@ -95,6 +100,7 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     canvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(canvas);
     setCanvasBackground(Qt::black);
+    setMinimumSize(120, 40); // Qwt's own hint leaves room for every label
     enableAxis(xBottom, true);
     enableAxis(yLeft, false);
     styleAxis(this, xBottom);

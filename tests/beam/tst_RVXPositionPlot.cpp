@@ -54,8 +54,9 @@ struct Display
         }
         if (count == 0)
             return {};
-        return {plot->canvasMap(QwtPlot::xBottom).invTransform(sum.x() / count),
-                plot->canvasMap(QwtPlot::yLeft).invTransform(sum.y() / count)};
+        const QPointF middle = sum / count / image.devicePixelRatioF();
+        return {plot->canvasMap(QwtPlot::xBottom).invTransform(middle.x()),
+                plot->canvasMap(QwtPlot::yLeft).invTransform(middle.y())};
     }
 
     RVXPositionPlot widget;

@@ -25,14 +25,15 @@ struct Display
     {
         QwtPlot *plot = plots()[i];
         const QImage image = plot->canvas()->grab().toImage();
-        const int y = static_cast<int>(plot->canvasMap(QwtPlot::yLeft).transform(0.09));
+        const double ratio = image.devicePixelRatioF();
+        const int y = static_cast<int>(ratio * plot->canvasMap(QwtPlot::yLeft).transform(0.09));
         const QwtScaleMap map = plot->canvasMap(QwtPlot::xBottom);
         double end = 0;
         for (int x = 0; x < image.width(); ++x) {
             const QColor color = image.pixelColor(x, y);
-            if (color.saturation() > 128 && color.value() > 128
-                && std::abs(map.invTransform(x)) > std::abs(end))
-                end = map.invTransform(x);
+            const double place = map.invTransform(x / ratio);
+            if (color.saturation() > 128 && color.value() > 128 && std::abs(place) > std::abs(end))
+                end = place;
         }
         return end;
     }

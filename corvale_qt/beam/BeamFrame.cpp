@@ -27,7 +27,9 @@ struct StripFits
     RegressionResult<double> y;
 };
 
-//! Centre of the beam in raster units, and the larger picture's scale.
+/*! The integral, spread over the cells as a Gaussian. Distances run from the centre in raster units to the cells'
+    indices, not to their middles: the spot lies half a cell to the right of the ellipse and below it. Kept for
+    hosts that compare rasters. */
 void buildStripRaster(const StripFits &fits, double integral, BeamFrame &frame)
 {
     const double cx = frame.ellipse.x;

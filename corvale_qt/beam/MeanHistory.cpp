@@ -8,6 +8,9 @@ namespace Corvale_Qt {
 
 void MeanHistory::append(const Entry &entry)
 {
+    // Time may have run back while nobody kept a history.
+    if (!m_entries.empty() && entry.time < m_entries.back().time)
+        clear();
     // One out for one in; what an unlimited time left beyond the limit stays until it is cleared.
     if (!m_unlimited && m_entries.size() >= limit) {
         m_entries.pop_front();

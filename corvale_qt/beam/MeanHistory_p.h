@@ -12,7 +12,8 @@
 
 namespace Corvale_Qt {
 
-/*! Mean X and mean Y of the frames so far, oldest first, with rising time stamps. Holds 3000 frames; one more
+/*! Mean X and mean Y of the frames so far, oldest first, with rising time stamps; one from before the newest
+    starts anew. Holds 3000 frames; one more
     pushes out the oldest. */
 class MeanHistory
 {

@@ -136,6 +136,8 @@ void RVXSpectrogram::sidebarEnabled(bool enabled)
     Q_D(RVXSpectrogram);
     d->sidebar = enabled;
     d->ui.scrollArea_sidebar->setVisible(enabled);
+    if (enabled && d->hasFrame)
+        d->showResults(); // most of them were not kept up without it
 }
 
 void RVXSpectrogram::setEnabled(bool enabled)

@@ -47,6 +47,15 @@ private Q_SLOTS:
         QCOMPARE(series.size(), std::size_t(0));
     }
 
+    void timeOnlyRises()
+    {
+        MeanHistory history;
+        for (double time : {10.0, 11.0, 12.0, 3.0})
+            history.append({time, 0, 0});
+        QCOMPARE(history.entries().size(), std::size_t(1));
+        QCOMPARE(history.entries().back().time, 3.0);
+    }
+
     void aFrameWithoutAMeanIsAGap()
     {
         auto history = std::make_shared<MeanHistory>();

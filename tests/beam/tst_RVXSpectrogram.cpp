@@ -409,6 +409,11 @@ private Q_SLOTS:
         QCOMPARE(updates.size(), 1);
         QVERIFY(near(display.widget.getCalc().meanX, 9, 1e-6));
         QCOMPARE(text(display, "doubleSpinBox_meanx"), QString("9.000 mm"));
+        // Shown again, it is up to date.
+        QCOMPARE(text(display, "doubleSpinBox_dx"), QString("6.000 mm"));
+        display.feed(Frames::strips(20, 2, 15, 3));
+        display.widget.sidebarEnabled(true);
+        QCOMPARE(text(display, "doubleSpinBox_dx"), QString("4.000 mm"));
     }
 
     void disabledItStopsDrawing()

@@ -43,13 +43,13 @@ int main(int argc, char **argv)
 
     profile->setL408(true);
     profile->setRange(1e-6, 1e-9); // full scale: 1 uA, 1 nC
-    position->setXScale(-32, 32); // mm
-    position->setYScale(-32, 32);
+    position->setXScale(-30, 30); // mm
+    position->setYScale(-30, 30);
     position->setScale(1);
     displacement->setNumberPlots(2);
     displacement->setAxisLabel("X displacement (mm)", 0);
     displacement->setAxisLabel("Y displacement (mm)", 1);
-    displacement->setXScale(-32, 32);
+    displacement->setXScale(-30, 30);
 
     double seconds = 0;
     QTimer detector;
@@ -65,6 +65,6 @@ int main(int argc, char **argv)
     detector.start(20);
 
     window.resize(1500, 880);
-    window.setStretchFactor(0, 1);
+    window.setSizes({1050, 450});
     return runExample(window);
 }

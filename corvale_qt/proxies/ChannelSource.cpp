@@ -87,12 +87,14 @@ void ChannelSource::_q_sourceDataChanged(const QModelIndex &topLeft, const QMode
     if (!topLeft.isValid() || !bottomRight.isValid() || columns.isEmpty())
         return;
     // The newest sample is shown again on the rows that this source does not have.
+    const int rows = d->ledger.rows();
     const bool withNewest = bottomRight.row() >= 1 && bottomRight.row() >= rowCount() - 1;
-    const int lastRow =
-        withNewest ? std::max(bottomRight.row(), d->ledger.rows()) : bottomRight.row();
+    const int lastRow = withNewest ? rows : std::min(bottomRight.row(), rows);
     const auto relay = [&](int firstColumn, int lastColumn) {
         const QModelIndex from = q->index(topLeft.row(), firstColumn);
         const QModelIndex to = q->index(lastRow, lastColumn);
+        if (topLeft.row() > lastRow)
+            return; // a row that is not announced yet
         q->sourceDataChanged(from, to);
         Q_EMIT q->dataChanged(from, to);
     };

@@ -45,7 +45,7 @@ void RVXMultichannelProxyModel::insertSourceModel(int position,
     Q_D(RVXMultichannelProxyModel);
     auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
     if (plot && model != this && d->hasRoom())
-        d->insert(qBound(0, position, d->channels.size()), model, plot, column);
+        d->insert(position, model, plot, column);
 }
 
 void RVXMultichannelProxyModel::addSourceModel(QAbstractItemModel *model, int column)

@@ -118,7 +118,7 @@ void RVXMultichannelProxyModelPrivate::insert(int position,
         sources.push_back(std::make_unique<ChannelSource>(q, this, items, plot));
         source = sources.back().get();
     }
-    channels.insert(position, Channel{source, column});
+    channels.insert(qBound(0, position, channels.size()), Channel{source, column});
     channelsChanged();
     source->wire();
     ledger.endReset();
@@ -133,7 +133,7 @@ void RVXMultichannelProxyModelPrivate::remove(ChannelSource *source)
                         q,
                         SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
     // ... and a model that is found at position 0 stays.
-    while (channels.first().source != source) {
+    while (!channels.isEmpty() && channels.first().source != source) {
         const auto found =
             std::find_if(channels.begin(), channels.end(), [source](const Channel &c) {
                 return c.source == source;

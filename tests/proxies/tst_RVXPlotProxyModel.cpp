@@ -15,6 +15,9 @@
 
 using namespace Corvale_Qt;
 
+using Act = std::function<void(BufferModel &)>;
+Q_DECLARE_METATYPE(Act)
+
 namespace {
 
 // Shows what its source shows, and writes down its hooks among the announcements.
@@ -111,8 +114,6 @@ void tst_RVXPlotProxyModel::refusedSources()
     QCOMPARE(log.take(), QString());
     QCOMPARE(proxy.sourceModel(), &source);
 }
-
-using Act = std::function<void(BufferModel &)>;
 
 void tst_RVXPlotProxyModel::everySignalIsPassedOn_data()
 {
@@ -331,6 +332,5 @@ void tst_RVXPlotProxyModel::aSourceThatGoesDuringItsReset()
     QCOMPARE(log.take(), QString("insert 2-2?, insert 2-2!, reset?, reset!"));
 }
 
-Q_DECLARE_METATYPE(Act)
 CORVALE_QT_TEST_MAIN(tst_RVXPlotProxyModel)
 #include "tst_RVXPlotProxyModel.moc"

@@ -1,0 +1,423 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/scope/ChannelNameDraw.h"
+#include "corvale_qt/scope/ChannelNumberDraw.h"
+#include "corvale_qt/scope/RVX_HistogramItemAxisWidget.h"
+#include "corvale_qt/scope/RVX_StatisticsHistogramItem.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/scope/ScopeTestModel.h"
+#include "tests/scope/ScopeTestView.h"
+#include "tests/support/Profiles.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot_histogram.h>
+#include <qwt_series_data.h>
+
+#include <QLabel>
+
+#include <cmath>
+
+using namespace Corvale_Qt;
+using View = RVXScopePlotView;
+
+namespace {
+
+QVector<double> bars(const ScopeTestView &view)
+{
+    auto &shown = const_cast<ScopeTestView &>(view);
+    QVector<double> values;
+    for (size_t i = 0; i < shown.histogram()->dataSize(); ++i)
+        values << shown.histogram()->sample(int(i)).value;
+    return values;
+}
+
+//! The axis widgets on the screen, from the top.
+QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
+{
+    QList<RVX_HistogramItemAxisWidget *> shown;
+    for (auto *widget : view.findChildren<RVX_HistogramItemAxisWidget *>()) {
+        if (widget->isVisible())
+            shown << widget;
+    }
+    std::sort(shown.begin(), shown.end(), [](const QWidget *a, const QWidget *b) {
+        return a->y() < b->y();
+    });
+    return shown;
+}
+
+//! Columns, in the view's viewport, in which a picture of a widget has a tick that reaches down to a line.
+QVector<int> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
+{
+    const QImage picture = widget->grab().toImage();
+    const int y = picture.height() - linesFromBottom;
+    const QColor background = widget->palette().color(QPalette::Window);
+    QVector<int> columns;
+    for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixelColor(x, y) != background)
+            columns << widget->mapTo(view.viewport(), QPoint(x, 0)).x();
+    }
+    return columns;
+}
+
+//! Middle of one bar, its outline included, in the view's viewport, at a height that no other bar has.
+double middleOfBar(ScopeTestView &view, double value)
+{
+    const QImage picture = view.canvas();
+    const int y = view.at(1.0, value).y();
+    int first = -1;
+    int last = -1;
+    for (int x = 0; x < picture.width(); ++x) {
+        const QColor colour = picture.pixelColor(x, y);
+        if (colour == QColor(Qt::yellow) || colour == QColor(Qt::yellow).darker(130)) {
+            first = first < 0 ? x : first;
+            last = x;
+        }
+    }
+    return view.qwtPlot()->canvas()->mapTo(view.viewport(), QPoint(0, 0)).x()
+        + (first + last) / 2.0;
+}
+
+} // namespace
+
+class tst_ScopeHistogram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void oneBarAChannel();
+    void whatIsNoNumberStandsAtZero();
+    void channelsAreLabelled_data();
+    void channelsAreLabelled();
+    void ticksStandAboveTheBars_data();
+    void ticksStandAboveTheBars();
+    void labelsStandBesideEachOther_data();
+    void labelsStandBesideEachOther();
+    void labelsAreReadableInDarkPalettes();
+    void itemsShareTheChannels();
+    void itemsComeAndGoWithTheMode();
+    void deviceFitsComeFromTheModel();
+    void energyNeverReachesCentresOfGravity();
+    void emptyModelsHaveNoStatistics();
+};
+
+void tst_ScopeHistogram::oneBarAChannel()
+{
+    ScopeTestModel model(3);
+    const Units::nA nA;
+    model.SetUnits(&nA);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    model.show({1.0, 2.0, 3.0});
+    model.show({5.0, -6.0, 7.0});
+    view.settle();
+    QCOMPARE(bars(view), QVector<double>({5.0, -6.0, 7.0}));
+    QCOMPARE(view.xText(), QString("0.5..3.5"));
+    QCOMPARE(view.histogram()->sample(1).interval.minValue(), 1.5);
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), QString("nA"));
+    const QImage picture = view.canvas();
+    QCOMPARE(picture.pixelColor(view.at(1.0, 2.0)), QColor(Qt::yellow));
+    QCOMPARE(picture.pixelColor(view.at(2.2, -3.0)), QColor(Qt::yellow));
+    QVERIFY(picture.pixelColor(view.at(2.2, 3.0)) != QColor(Qt::yellow));
+    QCOMPARE(view.curves().size(), 0);
+
+    model.setData(model.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
+    view.settle();
+    QCOMPARE(bars(view), QVector<double>({5.0, -6.0, 0.0}));
+    view.SetPlotMode(View::StripMode);
+    view.settle();
+    QVERIFY(!view.histogram()->plot());
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::xBottom).text(), QString("s"));
+}
+
+void tst_ScopeHistogram::whatIsNoNumberStandsAtZero()
+{
+    ScopeTestModel model(5);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, true);
+    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300});
+    view.settle();
+    QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 0.0}));
+    QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
+}
+
+void tst_ScopeHistogram::channelsAreLabelled_data()
+{
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<QString>("labels");
+    QTest::newRow("eight have letters") << 8 << "A B C D E F G H";
+    QTest::newRow("one") << 1 << "A";
+    QTest::newRow("nine have numbers") << 9 << "1 2 3 4 5 6 7 8 9";
+    QTest::newRow("every fourth of 128")
+        << 128
+        << "4 8 12 16 20 24 28 32 36 40 44 48 52 56 60 64 68 72 76 80 84 88 92 96 100 104 108 112 "
+           "116 120 124 128";
+}
+
+void tst_ScopeHistogram::channelsAreLabelled()
+{
+    QFETCH(int, channels);
+    ScopeTestModel model(channels);
+    model.show(QVector<double>(channels, 1.0));
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    view.settle();
+    const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
+    QStringList labels;
+    for (double tick :
+         view.qwtPlot()->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick)) {
+        const QString label = draw->label(tick).text();
+        if (!label.isEmpty())
+            labels << label;
+    }
+    QTEST(labels.join(' '), "labels");
+    QCOMPARE(ChannelNameDraw().label(26.0).text(), QString("Z"));
+    for (double none : {0.0, 27.0, 1.5, qQNaN(), -qInf()})
+        QVERIFY(ChannelNameDraw().label(none).isEmpty());
+    QCOMPARE(ChannelNumberDraw(256).label(8.0).text(), QString("8"));
+    QVERIFY(ChannelNumberDraw(256).label(9.0).isEmpty());
+}
+
+void tst_ScopeHistogram::ticksStandAboveTheBars_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<int>("peak"); // counted from 1
+    for (int width : {500, 777, 1000, 1399}) {
+        for (int channels : {5, 32, 61})
+            QTest::addRow("%d wide, %d channels", width, channels)
+                << width << channels << channels * 2 / 3;
+    }
+}
+
+void tst_ScopeHistogram::ticksStandAboveTheBars()
+{
+    QFETCH(int, width);
+    QFETCH(int, channels);
+    QFETCH(int, peak);
+    ScopeTestModel model(channels);
+    ScopeTestView view(&model);
+    view.resize(width, 500);
+    view.SetPlotMode(View::HistogramMode);
+    view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, false);
+    // The centre of gravity lies in the middle of the bar.
+    QVector<double> values(channels, 0.0);
+    values[peak - 2] = 1.0;
+    values[peak - 1] = 2.0;
+    values[peak] = 1.0;
+    model.show(values);
+    view.settle();
+    const auto widgets = axisWidgets(view);
+    QCOMPARE(widgets.size(), 1);
+    const double bar = middleOfBar(view, 1.4);
+    // Only the tick of the position is long enough for the lowest lines.
+    const QVector<int> major = ticksAt(view, widgets[0], 4);
+    QCOMPARE(major.size(), 1);
+    QVERIFY2(qAbs(major[0] - bar) <= 1.0, qPrintable(QString("%1 %2").arg(major[0]).arg(bar)));
+    const QVector<int> sigma = ticksAt(view, widgets[0], 7);
+    QCOMPARE(sigma.size(), 3);
+    const double channelWidth =
+        double(view.at(channels, 0.0).x() - view.at(1.0, 0.0).x()) / (channels - 1);
+    const double expected = bar + channelWidth * std::sqrt(2.0 / 4.0);
+    QVERIFY2(qAbs(sigma[2] - expected) <= 1.0,
+             qPrintable(QString("%1 %2").arg(sigma[2]).arg(expected)));
+}
+
+void tst_ScopeHistogram::labelsStandBesideEachOther_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("peaks");
+    for (int type = 0; type < 4; ++type) {
+        for (int peaks : {1, 2, 4, 8})
+            QTest::addRow("type %d, %d peaks", type, peaks) << type << peaks;
+    }
+}
+
+void tst_ScopeHistogram::labelsStandBesideEachOther()
+{
+    QFETCH(int, type);
+    QFETCH(int, peaks);
+    ScopeTestModel model(128);
+    QVector<double> values;
+    for (int i = 0; i < peaks; ++i) {
+        values += Profiles::gaussian<double>(128 / peaks, 64.0 / peaks, 1.7, 1e-5 * (i + 1));
+        model.deviceFits << 64.0 / peaks << 1.7 << 1e-5 * (i + 1);
+    }
+    ScopeTestView view(&model);
+    view.resize(1000, 700);
+    view.SetPlotMode(View::HistogramMode);
+    std::vector<double> energies(128, 228.57);
+    view.toggleMLFC(true);
+    view.upload_MLFC_calibration_table(&energies);
+    view.enableHistogramItem(View::HistogramItemTypes(type), peaks, {}, true);
+    model.show(values);
+    view.settle();
+    const auto widgets = axisWidgets(view);
+    QCOMPARE(widgets.size(), 1);
+    const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
+    QCOMPARE(labels.size(), peaks);
+    QRegion taken;
+    for (const QLabel *label : labels) {
+        QVERIFY2(label->text().contains("Position"), qPrintable(label->text()));
+        QVERIFY(label->width() >= label->sizeHint().width());
+        QVERIFY(label->height() >= label->sizeHint().height());
+        QVERIFY(widgets[0]->rect().contains(label->geometry()));
+        QVERIFY(!taken.intersects(label->geometry()));
+        taken += label->geometry();
+    }
+    // The plot has its place below.
+    QVERIFY(view.qwtPlot()->y() >= widgets[0]->geometry().bottom());
+    QVERIFY(view.qwtPlot()->height() > 200);
+}
+
+void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(45, 45, 48), QColor(45, 45, 48)));
+    ScopeTestModel model(32);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    view.enableHistogramItem(View::RegressionItem, 1, {}, true);
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    view.settle();
+    const auto *label = axisWidgets(view)[0]->findChild<QLabel *>();
+    const QImage picture = const_cast<QLabel *>(label)->grab().toImage();
+    int dark = 0;
+    int background = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            dark += picture.pixelColor(x, y).lightness() < 40;
+            background += picture.pixelColor(x, y) == QColor(255, 171, 251);
+        }
+    }
+    QApplication::setPalette(before);
+    QVERIFY(dark > 300);
+    QVERIFY(background > picture.width() * picture.height() / 2);
+}
+
+void tst_ScopeHistogram::itemsShareTheChannels()
+{
+    ScopeTestModel model(40);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    for (int type : {View::GaussabolaItem, View::CenterOfGravityItem, View::RegressionItem})
+        view.enableHistogramItem(View::HistogramItemTypes(type), 2, {0.0, 0.0, 10.0}, false);
+    model.show(Profiles::gaussian<double>(18, 6.0, 1.5, 1.0)
+               + Profiles::gaussian<double>(22, 14.0, 1.5, 2.0));
+    view.settle();
+    for (int type : {View::GaussabolaItem, View::RegressionItem}) {
+        const auto items = view.histogramItems(View::HistogramItemTypes(type));
+        QCOMPARE(items.size(), 2);
+        QVERIFY(qAbs(items[0]->position() - 7.0) < 1e-2);
+        QVERIFY(qAbs(items[1]->position() - 33.0) < 1e-2);
+        QCOMPARE(items[1]->fit().count(), 20);
+    }
+    QCOMPARE(axisWidgets(view).size(), 3);
+
+    view.enableHistogramItem(View::CenterOfGravityItem, 0, {}, false);
+    QVERIFY(view.histogramItems(View::CenterOfGravityItem).isEmpty());
+    QCOMPARE(axisWidgets(view).size(), 2);
+
+    // With fewer channels than items, nobody has enough, and says so.
+    model.setChannels(1);
+    model.show({1.0});
+    view.settle();
+    for (const auto *item : view.histogramItems(View::GaussabolaItem))
+        QCOMPARE(item->statusMessage(), QString("Not enough channels."));
+}
+
+void tst_ScopeHistogram::itemsComeAndGoWithTheMode()
+{
+    ScopeTestModel model(32);
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    ScopeTestView view(&model);
+    view.enableHistogramItem(View::RegressionItem, 1, {}, true);
+    view.settle();
+    const auto onPlot = [&view] {
+        return view.qwtPlot()->itemList(QwtPlotItem::Rtti_PlotMarker).size();
+    };
+    QVERIFY(axisWidgets(view).isEmpty());
+    QVERIFY(!view.histogramItems(View::RegressionItem)[0]->isComputed());
+    for (int other : {View::StripMode, View::ScopeMode, View::SplitMode}) {
+        view.SetPlotMode(View::HistogramMode);
+        view.settle();
+        QCOMPARE(axisWidgets(view).size(), 1);
+        QCOMPARE(onPlot(), 1);
+        view.SetPlotMode(other);
+        view.settle();
+        QVERIFY(axisWidgets(view).isEmpty());
+        QCOMPARE(onPlot(), 0);
+    }
+    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // there is no such type
+    view.enableHistogramItem(View::RegressionItem, -3, {}, true);
+    QVERIFY(view.histogramItems(View::RegressionItem).isEmpty());
+}
+
+void tst_ScopeHistogram::deviceFitsComeFromTheModel()
+{
+    ScopeTestModel model(40);
+    model.deviceFits = QVariantList{6.0, 1.5, 1.0, 14.0, 1.5, 2.0};
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    view.enableHistogramItem(View::PrecalculatedFitItem, 3, {}, true);
+    model.show(QVector<double>(40, 0.5));
+    view.settle();
+    const auto items = view.histogramItems(View::PrecalculatedFitItem);
+    QCOMPARE(items[0]->position(), 7.0);
+    QCOMPARE(items[1]->position(), 28.0);
+    QCOMPARE(items[2]->statusMessage(), QString("Fit failed."));
+}
+
+void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
+{
+    ScopeTestModel model(32);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
+    const auto withEnergy = [&view] {
+        QString types;
+        for (int type = 0; type < 4; ++type) {
+            if (view.histogramItems(View::HistogramItemTypes(type))[0]->label().contains("Energy"))
+                types += QString::number(type);
+        }
+        return types;
+    };
+    for (int type = 0; type < 4; ++type)
+        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, false);
+    std::vector<double> energies(32, 70.0);
+    view.upload_MLFC_calibration_table(&energies);
+    QCOMPARE(withEnergy(), QString());
+    view.toggleMLFC(true);
+    QCOMPARE(withEnergy(), QString("023"));
+    // New parameters make new items; what is shown stays.
+    view.enableHistogramItem(View::GaussabolaItem, 1, {1e-12}, true);
+    view.settle();
+    QCOMPARE(withEnergy(), QString("023"));
+    view.toggleMLFC(false);
+    QCOMPARE(withEnergy(), QString());
+}
+
+void tst_ScopeHistogram::emptyModelsHaveNoStatistics()
+{
+    ScopeTestModel model(32);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::HistogramMode);
+    view.enableHistogramItem(View::GaussabolaItem, 1, {}, true);
+    view.settle();
+    const auto *item = view.histogramItems(View::GaussabolaItem)[0];
+    QVERIFY(!view.histogram()->plot());
+    QVERIFY(item->label().contains("N/A"));
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    view.settle();
+    QVERIFY(view.histogram()->plot());
+    QVERIFY(item->label().contains("13.30"));
+    model.Clear();
+    view.settle();
+    QVERIFY(!view.histogram()->plot());
+    QVERIFY(item->label().contains("N/A"));
+}
+
+CORVALE_QT_TEST_MAIN(tst_ScopeHistogram)
+#include "tst_ScopeHistogram.moc"

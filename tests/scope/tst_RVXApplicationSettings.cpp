@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXApplicationSettings.h"
+#include "tests/support/TestMain.h"
+
+#include <QProcess>
+#include <QSet>
+#include <QSettings>
+#include <QTemporaryDir>
+
+using Corvale_Qt::RVXApplicationSettings;
+
+namespace {
+
+QByteArray contents(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+void put(const QString &fileName, const QByteArray &contents)
+{
+    QDir().mkpath(QFileInfo(fileName).path());
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(contents);
+}
+
+QString readByAnotherProcess(const QString &folder, const QString &format, const QString &key)
+{
+    QProcess process;
+    process.start(SETTINGS_PROCESS, {"read", folder, format, key});
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+} // namespace
+
+class tst_RVXApplicationSettings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void placeOfTheFile_data();
+    void placeOfTheFile();
+    void roundTrip_data();
+    void roundTrip();
+    void damagedFile_data();
+    void damagedFile();
+    void damagedWhileRunning();
+    void damagedAndInTheWay();
+    void lockOfAProcessThatDied();
+    void filesOfTheWholeSystemAreLeftOut();
+    void killedWhileWriting_data();
+    void killedWhileWriting();
+
+private:
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_RVXApplicationSettings::initTestCase()
+{
+    QCoreApplication::setOrganizationName("Beam Group");
+    QCoreApplication::setApplicationName("panel");
+}
+
+void tst_RVXApplicationSettings::init()
+{
+    m_folder.reset(new QTemporaryDir);
+}
+
+void tst_RVXApplicationSettings::cleanup()
+{
+    m_folder.reset();
+}
+
+void tst_RVXApplicationSettings::placeOfTheFile_data()
+{
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<bool>("useApplicationIdentity");
+    QTest::addColumn<bool>("useXmlFormat");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("XML named after the application")
+        << "" << true << true << "Beam Group/panel.xui";
+    QTest::newRow("INI named after the application")
+        << "" << true << false << "Beam Group/panel.ini";
+    QTest::newRow("XML in a file of its own") << "my.settings" << false << true << "my.settings";
+    QTest::newRow("INI in a file of its own") << "my.settings" << false << false << "my.settings";
+}
+
+void tst_RVXApplicationSettings::placeOfTheFile()
+{
+    QFETCH(QString, given);
+    QFETCH(bool, useApplicationIdentity);
+    QFETCH(bool, useXmlFormat);
+    QFETCH(QString, file);
+    RVXApplicationSettings owner(nullptr, path(given), useApplicationIdentity, useXmlFormat);
+    const auto settings = owner.getSettings();
+    QCOMPARE(QDir::cleanPath(settings->fileName()), QDir::cleanPath(path(file)));
+    settings->setValue("group/key", 7);
+    settings->sync();
+    QCOMPARE(settings->status(), QSettings::NoError);
+    QCOMPARE(contents(path(file)).contains("<key>7</key>"), useXmlFormat);
+    QCOMPARE(contents(path(file)).contains("key=7"), !useXmlFormat);
+}
+
+void tst_RVXApplicationSettings::roundTrip_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::newRow("XML") << "xml";
+    QTest::newRow("INI") << "ini";
+}
+
+void tst_RVXApplicationSettings::roundTrip()
+{
+    QFETCH(QString, format);
+    {
+        RVXApplicationSettings owner(nullptr, m_folder->path(), true, format == "xml");
+        owner.getSettings()->setValue("StatisticsSetupPage/peaks", 2);
+        owner.getSettings()->setValue("StatisticsSetupPage/center-of-gravity", true);
+        owner.getSettings()->setValue("Beam Line/1st & only", "a < b");
+    }
+    const auto read = [&](const char *key) {
+        return readByAnotherProcess(m_folder->path(), format, key);
+    };
+    QCOMPARE(read("StatisticsSetupPage/peaks"), QString("QString 2"));
+    QCOMPARE(read("StatisticsSetupPage/center-of-gravity"), QString("QString true"));
+    QCOMPARE(read("Beam Line/1st & only"), QString("QString a < b"));
+}
+
+void tst_RVXApplicationSettings::damagedFile_data()
+{
+    QTest::addColumn<bool>("useXmlFormat");
+    QTest::addColumn<QByteArray>("damaged");
+    QTest::newRow("XML cut short") << true << QByteArray("<Settings>\n  <group><key>1</k");
+    QTest::newRow("XML of nothing but zeros") << true << QByteArray(4096, 0);
+    QTest::newRow("INI in the XML file") << true << QByteArray("[group]\nkey=1\n");
+    QTest::newRow("INI with a line that is none")
+        << false << QByteArray("[group]\nkey=1\n\x01\x02nonsense\n");
+}
+
+void tst_RVXApplicationSettings::damagedFile()
+{
+    QFETCH(bool, useXmlFormat);
+    QFETCH(QByteArray, damaged);
+    const QString file = path("my.settings");
+    put(file, damaged);
+    put(file + ".damaged", "an older one");
+
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression("my\\.settings.*was damaged and is kept as"));
+    RVXApplicationSettings owner(nullptr, file, false, useXmlFormat);
+    QCOMPARE(contents(file + ".damaged"), damaged);
+    QCOMPARE(owner.getSettings()->allKeys(), QStringList());
+    QCOMPARE(owner.getSettings()->status(), QSettings::NoError);
+
+    owner.getSettings()->setValue("group/key", 2);
+    owner.getSettings()->sync();
+    QVERIFY(contents(file).contains("2"));
+    QCOMPARE(contents(file + ".damaged"), damaged);
+}
+
+void tst_RVXApplicationSettings::damagedWhileRunning()
+{
+    const QString file = path("my.settings");
+    RVXApplicationSettings owner(nullptr, file, false, true);
+    owner.getSettings()->setValue("a", 1);
+    owner.getSettings()->sync();
+    put(file, "<Settings><a>1</a><b>slip of the hand<</b></Settings>");
+
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was damaged and is kept as"));
+    owner.getSettings()->setValue("c", 3);
+    owner.getSettings()->sync();
+    QVERIFY(contents(file + ".damaged").contains("slip of the hand"));
+    QVERIFY(contents(file).contains("<c>3</c>"));
+}
+
+//! The file is left alone then, rather than written over.
+void tst_RVXApplicationSettings::damagedAndInTheWay()
+{
+    const QString file = path("my.settings");
+    put(file, "nonsense");
+    QVERIFY(QDir().mkpath(file + ".damaged/folder"));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is damaged and cannot be renamed"));
+    RVXApplicationSettings owner(nullptr, file, false, true);
+    QCOMPARE(owner.getSettings()->allKeys(), QStringList());
+    QCOMPARE(contents(file), QByteArray("nonsense"));
+}
+
+void tst_RVXApplicationSettings::lockOfAProcessThatDied()
+{
+    const QString file = path("my.settings");
+    put(file + ".lock", "");
+    RVXApplicationSettings owner(nullptr, file, false, true);
+    QVERIFY(!QFile::exists(file + ".lock")); // or the write below would take half a minute
+    owner.getSettings()->setValue("a", 1);
+    owner.getSettings()->sync();
+    QVERIFY(contents(file).contains("<a>1</a>"));
+}
+
+void tst_RVXApplicationSettings::filesOfTheWholeSystemAreLeftOut()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, path("system"));
+    put(path("system/Beam Group/panel.ini"), "[FactoryReset]\npeaks=1\n");
+    put(path("user/Beam Group.ini"), "[FactoryReset]\npeaks=1\n");
+    RVXApplicationSettings owner(nullptr, path("user"), true, false);
+    QCOMPARE(owner.getSettings()->childGroups(), QStringList());
+}
+
+void tst_RVXApplicationSettings::killedWhileWriting_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::newRow("XML") << "xml";
+    QTest::newRow("INI") << "ini";
+}
+
+//! Whenever the process dies, the file holds one generation whole.
+void tst_RVXApplicationSettings::killedWhileWriting()
+{
+    QFETCH(QString, format);
+    const QString suffix = format == "xml" ? "xui" : "ini";
+    for (int round = 0; round < 50; ++round) {
+        QProcess process;
+        process.start(SETTINGS_PROCESS, {"write", m_folder->path(), format});
+        for (int generation = 0; generation < 1 + round % 7; ++generation) {
+            QVERIFY(process.canReadLine() || process.waitForReadyRead());
+            process.readLine();
+        }
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+
+        RVXApplicationSettings owner(nullptr,
+                                     path("Beam Group/panel." + suffix),
+                                     false,
+                                     format == "xml");
+        owner.getSettings()->beginGroup("StatisticsSetupPage");
+        QCOMPARE(owner.getSettings()->childKeys().size(), 60);
+        QSet<QString> generations;
+        for (int key = 0; key < 60; ++key)
+            generations << owner.getSettings()->value(QString("key-%1").arg(key)).toString();
+        QCOMPARE(generations.size(), 1);
+    }
+    QVERIFY(!QFile::exists(path("Beam Group/panel." + suffix + ".damaged")));
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXApplicationSettings)
+#include "tst_RVXApplicationSettings.moc"

@@ -73,6 +73,12 @@ bool RVXScopePlotView::SetRange(double min, double max)
     return true;
 }
 
+std::pair<double, double> RVXScopePlotView::range() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->yScale.range;
+}
+
 RVXScopePlotView::PlotScales RVXScopePlotView::yScaleMode()
 {
     Q_D(RVXScopePlotView);

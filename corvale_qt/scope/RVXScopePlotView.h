@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 class QLabel;
@@ -96,6 +97,8 @@ public:
     /*! The full-scale range, [-1, 1] at the start, in the model's unit. False where nothing changed: both are as
         before, or one is not finite. The y axis follows with the next SetYScaleMode(). */
     bool SetRange(double min, double max);
+    //! What SetRange() has set, minimum and maximum.
+    std::pair<double, double> range() const;
     PlotScales yScaleMode();
     //! A label that is told the number of buffered samples, "<n> Samples". Not owned; null for none.
     void SetBufferSizeLabel(QLabel *label);

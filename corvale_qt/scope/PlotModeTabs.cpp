@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/PlotModeTabs_p.h"
+
+#include <QCoreApplication>
+#include <QTabBar>
+#include <QVariant>
+
+namespace Corvale_Qt {
+
+namespace {
+
+QString titleOf(int mode)
+{
+    static const char *const titles[] = {
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Strip"),
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Scope"),
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Histogram"),
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "2D"),
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Position"),
+        QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Split"),
+    };
+    return QCoreApplication::translate("Corvale_Qt::RVXScope", titles[mode]);
+}
+
+} // namespace
+
+int PlotModeTabs::add(int mode)
+{
+    const int index = m_bar->addTab(titleOf(mode));
+    m_bar->setTabData(index, mode);
+    return index;
+}
+
+void PlotModeTabs::remove(int mode)
+{
+    const int index = indexOf(mode);
+    if (index >= 0)
+        m_bar->removeTab(index);
+}
+
+int PlotModeTabs::indexOf(int mode) const
+{
+    for (int index = 0; index < m_bar->count(); ++index) {
+        if (m_bar->tabData(index) == mode)
+            return index;
+    }
+    return -1;
+}
+
+int PlotModeTabs::modeAt(int index) const
+{
+    const QVariant mode = m_bar->tabData(index);
+    return mode.isValid() ? mode.toInt() : index;
+}
+
+void PlotModeTabs::retranslate()
+{
+    for (int index = 0; index < m_bar->count(); ++index)
+        m_bar->setTabText(index, titleOf(modeAt(index)));
+}
+
+} // namespace Corvale_Qt

@@ -35,6 +35,9 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     viewport()->setBackgroundRole(backgroundRole());
     viewport()->setForegroundRole(foregroundRole());
     setAccessibleName(tr("Scope plot"));
+    // The keys are the view's; a canvas would be one more stop of Tab, and a silent one.
+    for (QwtPlotCanvas *canvas : findChildren<QwtPlotCanvas *>())
+        canvas->setFocusPolicy(Qt::NoFocus);
     connect(horizontalScrollBar(), SIGNAL(valueChanged(int)), this, SLOT(scrollTo(int)));
 }
 

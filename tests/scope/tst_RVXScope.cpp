@@ -1,0 +1,887 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "tests/scope/PanelDevice.h"
+#include "tests/support/ModelText.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot.h>
+#include <qwt_scale_div.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QStandardItemModel>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTranslator>
+#include <QVBoxLayout>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! A panel with the means to work it as an operator does, and to read what it shows.
+class Panel : public RVXScope
+{
+public:
+    template<typename Widget = QWidget>
+    Widget *control(const char *name) const
+    {
+        auto *widget = findChild<Widget *>(name);
+        if (!widget)
+            qFatal("no %s", name);
+        return widget;
+    }
+    void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
+    void choose(const char *combo, const QString &text)
+    {
+        auto *box = control<QComboBox>(combo);
+        QTest::keyClick(box, Qt::Key_Home);
+        for (int i = 0; i < box->count() && box->currentText() != text; ++i)
+            QTest::keyClick(box, Qt::Key_Down);
+        QCOMPARE(box->currentText(), text);
+    }
+    void chooseTab(const QString &title)
+    {
+        auto *tabs = control<QTabBar>("modeSelect");
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) == title)
+                QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(i).center());
+        }
+    }
+    //! "Strip [Scope] Histogram", the current one in brackets.
+    QString tabs() const
+    {
+        auto *bar = control<QTabBar>("modeSelect");
+        QStringList titles;
+        for (int i = 0; i < bar->count(); ++i)
+            titles << (i == bar->currentIndex() ? "[" + bar->tabText(i) + "]" : bar->tabText(i));
+        return titles.join(' ');
+    }
+    //! Which of the view's widgets is shown.
+    QString shown() const
+    {
+        const std::pair<QString, QWidget *> widgets[] = {
+            {"plot", plot()},
+            {"2D", (QWidget *)plotView()->spectrogram()},
+            {"position", (QWidget *)plotView()->positionPlot()},
+            {"split", (QWidget *)plotView()->splitPlot()}};
+        QStringList names;
+        for (const auto &widget : widgets) {
+            if (widget.second->isVisibleTo(plotView()))
+                names << widget.first;
+        }
+        return names.join(' ');
+    }
+    QwtPlot *plot() const
+    {
+        return plotView()->viewport()->findChild<QwtPlot *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    //! "[-1, 1]" or "auto", and the button for positive values: on, off, disabled or hidden.
+    QString yScale() const
+    {
+        plot()->updateAxes(); // as the next plot would
+        const QwtScaleDiv &division = plot()->axisScaleDiv(QwtPlot::yLeft);
+        const QString scale = plot()->axisAutoScale(QwtPlot::yLeft)
+            ? QString("auto")
+            : QString("[%1, %2]").arg(division.lowerBound()).arg(division.upperBound());
+        const auto *button = control<QAbstractButton>("positiveOnlyButton");
+        return scale
+            + (button->isHidden()         ? " hidden"
+                   : !button->isEnabled() ? " disabled"
+                   : button->isChecked()  ? " on"
+                                          : " off");
+    }
+    QString values() const
+    {
+        return rowsText(*qobject_cast<RVXZeroingProxyModel *>(topLevelModel()));
+    }
+};
+
+//! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
+void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
+{
+    QTimer::singleShot(0, [=] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        if (folderSeen)
+            *folderSeen = dialog->directory().path();
+        if (fileName.isEmpty()) {
+            QTest::keyClick(dialog, Qt::Key_Escape);
+            return;
+        }
+        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(fileName);
+        QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+    });
+}
+
+class BracketTranslator : public QTranslator
+{
+public:
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return QString("<%1>").arg(QString::fromUtf8(text));
+    }
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
+
+class tst_RVXScope : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void yRanges_data();
+    void yRanges();
+    void yRangeLists();
+    void hostsRange();
+    void yScaleAnnouncements();
+    void positiveOnlyFromTheHost();
+
+    void averaging();
+    void zeroing();
+    void zeroLostWithTheChannels();
+    void stateWhileTheControlsAreHidden();
+    void periods();
+    void bufferedInterval();
+
+    void modes();
+    void modeBeforeTheModel();
+    void optionalTabs();
+    void modeWithoutATab();
+
+    void saving();
+    void savingFails();
+    void savingIsNotStartedTwice();
+    void clearing();
+
+    void modelsComeAndGo();
+    void hiddenParts();
+    void derivative();
+    void shortcutsOfTwoPanels();
+    void tabOrder();
+    void icons();
+    void translation();
+    void pictures_data();
+    void pictures();
+};
+
+void tst_RVXScope::yRanges_data()
+{
+    QTest::addColumn<int>("list");
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QString>("positiveScale");
+    const QString same;
+    QTest::newRow("percent: auto") << 0 << "Auto"
+                                   << "auto disabled" << same;
+    QTest::newRow("percent: normalised") << 0 << "Normalize"
+                                         << "[-1, 1] disabled" << same;
+    QTest::newRow("percent: all") << 0 << "100%"
+                                  << "[-1, 1] off"
+                                  << "[-0.1, 1] on";
+    QTest::newRow("percent: a hundredth") << 0 << "1%"
+                                          << "[-0.01, 0.01] off"
+                                          << "[-0.001, 0.01] on";
+    QTest::newRow("percent: least") << 0 << "0.01%"
+                                    << "[-0.0001, 0.0001] off"
+                                    << "[-1e-05, 0.0001] on";
+    QTest::newRow("automatic: auto") << 1 << "Auto"
+                                     << "auto hidden" << same;
+    QTest::newRow("absolute: auto") << 2 << "Auto"
+                                    << "auto disabled" << same;
+    QTest::newRow("absolute: the odd step") << 2 << "250000"
+                                            << "[-250000, 250000] off"
+                                            << "[-25000, 250000] on";
+    QTest::newRow("absolute: below 1") << 2 << ".05"
+                                       << "[-0.05, 0.05] off"
+                                       << "[-0.005, 0.05] on";
+    QTest::newRow("from 0: auto") << 3 << "Auto"
+                                  << "auto hidden" << same;
+    QTest::newRow("from 0: 20") << 3 << "20"
+                                << "[0, 20] hidden" << same;
+}
+
+void tst_RVXScope::yRanges()
+{
+    QFETCH(int, list);
+    QFETCH(QString, choice);
+    QFETCH(QString, scale);
+    QFETCH(QString, positiveScale);
+    Panel panel;
+    panel.show();
+    panel.SetYScaleMode(list);
+    panel.choose("scaleYCombo", choice);
+    QCOMPARE(panel.yScale(), scale);
+    panel.click("positiveOnlyButton");
+    QCOMPARE(panel.yScale(), positiveScale.isEmpty() ? scale : positiveScale);
+    panel.choose("scaleYCombo", "Auto");
+    QVERIFY(panel.yScale().startsWith("auto"));
+}
+
+void tst_RVXScope::yRangeLists()
+{
+    Panel panel;
+    auto *combo = panel.control<QComboBox>("scaleYCombo");
+    QCOMPARE(combo->count(), 15);
+    panel.SetYScaleMode(0);
+    panel.SetYScaleMode(4);
+    QCOMPARE(combo->count(), 15);
+    panel.SetYScaleMode(2);
+    QCOMPARE(combo->count(), 23);
+    panel.SetYScaleMode(0); // no way back, for the hosts that count on it
+    QCOMPARE(combo->count(), 23);
+
+    // Between the lists the button keeps what the operator pressed, and the view follows it.
+    panel.choose("scaleYCombo", "10000");
+    panel.control<QAbstractButton>("positiveOnlyButton")->click();
+    panel.SetYScaleMode(3);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[0, 10000] hidden"));
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[-1000, 10000] on"));
+    panel.control<QAbstractButton>("positiveOnlyButton")->click();
+    panel.SetYScaleMode(3);
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[-10000, 10000] off"));
+}
+
+void tst_RVXScope::hostsRange()
+{
+    Panel panel;
+    panel.choose("scaleYCombo", "50%");
+    panel.SetRange(-10, 20);
+    QCOMPARE(panel.yScale(), QString("[-5, 10] off"));
+    panel.SetYScaleMode(2);
+    panel.SetRange(-3, 3);
+    QCOMPARE(panel.yScale(), QString("auto disabled"));
+    panel.choose("scaleYCombo", "500"); // whose index is no scale mode
+    panel.SetRange(-4, 4);
+    QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
+}
+
+void tst_RVXScope::yScaleAnnouncements()
+{
+    Panel panel;
+    panel.show();
+    QSignalSpy spy(&panel, SIGNAL(yScaleChanged(bool, int, int)));
+    const auto last = [&] {
+        const QList<QVariant> arguments = spy.isEmpty() ? QList<QVariant>() : spy.last();
+        spy.clear();
+        QStringList words;
+        for (const QVariant &argument : arguments)
+            words << argument.toString();
+        return words.join(' ');
+    };
+    panel.SetRange(-12.5, 1e30);
+    QCOMPARE(last(), QString());
+    panel.choose("scaleYCombo", "100%");
+    QCOMPARE(last(), QString("true -13 2147483647"));
+    panel.click("positiveOnlyButton");
+    QCOMPARE(last(), QString("true -13 2147483647"));
+    panel.choose("scaleYCombo", "Normalize");
+    QVERIFY(last().startsWith("false"));
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "250000");
+    QCOMPARE(last(), QString("true -250000 250000"));
+    panel.choose("scaleYCombo", "Auto");
+    QVERIFY(last().startsWith("false"));
+    panel.SetYScaleMode(3);
+    panel.choose("scaleYCombo", "20");
+    QCOMPARE(last(), QString("true 0 20"));
+}
+
+void tst_RVXScope::positiveOnlyFromTheHost()
+{
+    Panel panel; // not shown yet: a host sets its panel up first
+    panel.choose("scaleYCombo", "100%");
+    panel.SetPositiveOnly(true);
+    QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));
+    panel.SetYScaleMode(1);
+    panel.SetPositiveOnly(false);
+    QVERIFY(panel.control<QAbstractButton>("positiveOnlyButton")->isChecked());
+}
+
+void tst_RVXScope::averaging()
+{
+    PanelDevice device;
+    device.fill({{0.5, {0}}, {1, {10}}, {1.5, {10}}});
+    Panel panel;
+    panel.setModel(&device);
+    QCOMPARE(panel.values(), QString("0.5: 0; 1: 10; 1.5: 10"));
+    panel.choose("averagingCombo", "10x Avg");
+    QCOMPARE(panel.values(), QString("0.5: 0; 1: 1; 1.5: 1.9"));
+    panel.choose("averagingCombo", "1000x Avg");
+    QCOMPARE(panel.values(), QString("0.5: 0; 1: 0.01; 1.5: 0.01999"));
+    panel.choose("averagingCombo", "No Avg");
+    QCOMPARE(panel.values(), QString("0.5: 0; 1: 10; 1.5: 10"));
+}
+
+void tst_RVXScope::zeroing()
+{
+    PanelDevice device(2);
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    auto *undo = panel.control<QAbstractButton>("clearZeroButton");
+    panel.click("zeroButton"); // nothing to take a zero of yet
+    QVERIFY(!undo->isEnabled());
+    QCOMPARE(undo->styleSheet(), QString());
+
+    device.fill({{1, {5, 7}}});
+    panel.click("zeroButton");
+    device.fill({{2, {6, 7}}});
+    QCOMPARE(panel.values(), QString("1: 0 0; 2: 1 0"));
+    QVERIFY(undo->isEnabled());
+    QCOMPARE(undo->styleSheet(), QString("background-color:#88ff8a;"));
+    undo->setFocus();
+    QTest::keyClick(undo, Qt::Key_Space);
+    QCOMPARE(panel.values(), QString("1: 5 7; 2: 6 7"));
+    QVERIFY(!undo->isEnabled());
+    QCOMPARE(undo->styleSheet(), QString());
+}
+
+//! The button must not say that a zero is subtracted when the proxy has dropped it.
+void tst_RVXScope::zeroLostWithTheChannels()
+{
+    PanelDevice device(2);
+    device.fill({{1, {5, 7}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.control<QAbstractButton>("zeroButton")->click();
+    device.Clear(); // a reset with the same channels keeps the zero
+    device.fill({{1, {6, 8}}});
+    QCOMPARE(panel.values(), QString("1: 1 1"));
+    QVERIFY(panel.control("clearZeroButton")->isEnabled());
+    device.setChannels(3);
+    device.fill({{1, {6, 8, 9}}});
+    QCOMPARE(panel.values(), QString("1: 6 8 9"));
+    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
+}
+
+void tst_RVXScope::stateWhileTheControlsAreHidden()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    auto *state = panel.control<QLabel>("stateLabel");
+    panel.click("zeroButton");
+    panel.choose("averagingCombo", "100x Avg");
+    QVERIFY(!state->isVisible());
+    panel.click("confButton");
+    QVERIFY(!panel.control("configFrame")->isVisible());
+    QVERIFY(state->isVisible());
+    QCOMPARE(state->text(), QString("Zeroed, 100x Avg"));
+    panel.click("confButton");
+    panel.click("clearZeroButton");
+    panel.choose("averagingCombo", "No Avg");
+    panel.click("confButton");
+    QVERIFY(!state->isVisible());
+}
+
+void tst_RVXScope::periods()
+{
+    PanelDevice device;
+    Panel panel;
+    panel.setModel(&device);
+    QStringList intervals;
+    for (const char *text : {"100 ms", "1 s", "10 s", "Fast"}) {
+        device.fill({{1, {5}}});
+        panel.choose("comboBox_period", text);
+        QCOMPARE(device.rowCount(), 1);
+        intervals << device.period();
+    }
+    QCOMPARE(intervals.join(' '), QString("100 1000 10000 none"));
+
+    // A model that is shown later runs at the period that the panel says.
+    panel.choose("comboBox_period", "1 s");
+    PanelDevice later;
+    panel.setModel(&later);
+    QCOMPARE(later.period(), QString("1000"));
+
+    // A plot model that is no device has no period; its samples go all the same.
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&device);
+    device.fill({{1, {5}}});
+    panel.setModel(&proxy);
+    panel.choose("comboBox_period", "10 s");
+    QCOMPARE(device.rowCount(), 1);
+    QCOMPARE(device.period(), QString("1000"));
+}
+
+void tst_RVXScope::bufferedInterval()
+{
+    Panel panel;
+    panel.show();
+    QStringList heard;
+    connect(&panel, &RVXScope::bufferedIntervalChanged, this, [&](bool on, double interval) {
+        heard << QString("%1 %2").arg(on ? "on" : "off").arg(interval);
+    });
+    auto *spinBox = panel.control<QDoubleSpinBox>("buffered_interval_doubleSpinBox");
+    QCOMPARE(spinBox->suffix(), QString(" s"));
+    spinBox->selectAll();
+    QTest::keyClicks(spinBox, "2.5\r");
+    QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
+    QTest::keyClick(spinBox, Qt::Key_Up);
+    QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
+    QTest::keyClick(spinBox, Qt::Key_Up);
+    QCOMPARE(heard.join(", "), QString("on 2.5, on 2.6, off 2.6"));
+}
+
+void tst_RVXScope::modes()
+{
+    PanelDevice device(3);
+    device.fill({{1, {1, 2, 3}}, {2, {1, 2, 3}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
+    panel.chooseTab("Histogram");
+    QCOMPARE(panel.plot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
+    QTest::keyClick(panel.control("modeSelect"), Qt::Key_Left);
+    QCOMPARE(panel.tabs(), QString("Strip [Scope] Histogram"));
+    panel.SetPlotMode(RVXScope::HistogramMode); // by the host: the tabs say so
+    QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
+}
+
+void tst_RVXScope::modeBeforeTheModel()
+{
+    PanelDevice device;
+    Panel panel;
+    panel.setPositionEnabled(true);
+    panel.chooseTab("Position");
+    panel.setModel(&device);
+    QCOMPARE(panel.tabs(), QString("Strip Scope Histogram [Position]"));
+    QCOMPARE(panel.shown(), QString("position"));
+}
+
+void tst_RVXScope::optionalTabs()
+{
+    PanelDevice device;
+    Panel panel;
+    panel.setModel(&device);
+    panel.setSplitEnabled(false); // was never there
+    for (int round = 0; round < 2; ++round) {
+        QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
+        QTest::ignoreMessage(QtDebugMsg, "setSplitEnabled");
+        panel.setPositionEnabled(true);
+        panel.setSplitEnabled(true);
+        QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram Position Split"));
+        panel.setSpectrogramEnabled(true);
+        panel.setSpectrogramEnabled(true);
+        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Position Split [2D]"));
+        QCOMPARE(panel.shown(), QString("2D"));
+
+        panel.setPositionEnabled(false); // those behind it move up, and mean the same
+        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Split [2D]"));
+        QCOMPARE(panel.shown(), QString("2D"));
+        panel.chooseTab("Split");
+        QCOMPARE(panel.shown(), QString("split"));
+        panel.setSplitEnabled(false); // the current one
+        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram [2D]"));
+        QCOMPARE(panel.shown(), QString("2D"));
+        panel.setSpectrogramEnabled(false);
+        QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
+        QCOMPARE(panel.shown(), QString("plot"));
+        panel.SetPlotMode(RVXScope::StripMode);
+    }
+}
+
+void tst_RVXScope::modeWithoutATab()
+{
+    PanelDevice device;
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    panel.SetPlotMode(RVXScope::SplitMode);
+    QCOMPARE(panel.shown(), QString("split"));
+    panel.chooseTab("Strip"); // is the current tab already, and still the way back
+    QCOMPARE(panel.shown(), QString("plot"));
+}
+
+void tst_RVXScope::saving()
+{
+    QTemporaryDir folder;
+    RVXSingleChannelDataModel model;
+    model.AddData(1, 2.5e-9);
+    model.AddData(2, 3.5e-9);
+    Panel panel;
+    panel.click("saveButton"); // without a model nothing is asked
+    panel.setModel(&model);
+    panel.choose("averagingCombo", "10x Avg");
+    panel.control<QAbstractButton>("zeroButton")->click();
+    const auto save = [&](const QString &name) {
+        QString folderSeen;
+        answerFileDialog(name, &folderSeen);
+        panel.click("saveButton");
+        QCoreApplication::processEvents();
+        return folderSeen;
+    };
+    save(folder.filePath("data.csv"));
+    QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
+    QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
+    QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
+    QCOMPARE(saved.readAll(), expected.readAll()); // as measured
+
+    QCOMPARE(save(QString()), folder.path()); // cancelled; begins where the last one was
+    QCOMPARE(save(QString()), folder.path());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
+             QString("data.csv expected.csv"));
+}
+
+void tst_RVXScope::savingFails()
+{
+    QTemporaryDir folder;
+    PanelDevice device;
+    device.onSave = [](const QString &) {
+        return false;
+    };
+    Panel panel;
+    panel.setModel(&device);
+    QString message;
+    connect(&device, &PanelDevice::saved, this, [&] {
+        QTimer::singleShot(0, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            message = box->windowTitle() + ": " + box->text();
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        });
+    });
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    QCOMPARE(message, QString("Save Data: Error saving data file."));
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void tst_RVXScope::savingIsNotStartedTwice()
+{
+    QTemporaryDir folder;
+    PanelDevice device;
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    int saves = 0;
+    Qt::CursorShape cursor = Qt::ArrowCursor;
+    device.onSave = [&](const QString &) {
+        ++saves;
+        cursor =
+            QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape() : cursor;
+        panel.click("saveButton");
+        return true;
+    };
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    panel.click("saveButton"); // the second half of a double click, delivered late
+    QCOMPARE(saves, 1);
+    QCOMPARE(cursor, Qt::WaitCursor);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCoreApplication::processEvents();
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    QCOMPARE(saves, 2);
+}
+
+void tst_RVXScope::clearing()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}, {2, {6}}});
+    Panel panel;
+    panel.click("clearButton");
+    panel.setModel(&device);
+    panel.show();
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
+    panel.click("clearButton");
+    QCOMPARE(device.rowCount(), 1);
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
+}
+
+void tst_RVXScope::modelsComeAndGo()
+{
+    auto device = std::make_unique<PanelDevice>();
+    device->fill({{1, {5}}});
+    QStandardItemModel table;
+    Panel panel;
+    panel.setModel(device.get());
+    QCOMPARE(panel.baseModel(), device.get());
+    QCOMPARE(panel.plotView()->model(), panel.topLevelModel());
+
+    panel.setModel(nullptr);
+    QCOMPARE(panel.baseModel(), nullptr);
+    QCOMPARE(panel.plotView()->model(), nullptr);
+    panel.click("clearButton"); // the samples are the host's again
+    panel.click("zeroButton");
+    QCOMPARE(device->rowCount(), 2);
+
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression("QStandardItemModel.*is no plot data model"));
+    panel.setModel(&table);
+    QCOMPARE(panel.plotView()->model(), nullptr);
+    panel.click("clearButton");
+    QCOMPARE(device->rowCount(), 2);
+
+    panel.setModel(device.get());
+    panel.show();
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
+    panel.click("zeroButton");
+    device.reset();
+    QCOMPARE(panel.baseModel(), nullptr);
+    for (const char *button : {"zeroButton", "clearZeroButton", "clearButton", "saveButton"})
+        panel.click(button);
+    panel.choose("comboBox_period", "1 s");
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
+    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
+
+    PanelDevice next;
+    next.fill({{1, {8}}});
+    panel.setModel(&next);
+    QItemSelectionModel selection(panel.topLevelModel());
+    panel.setSelectionModel(&selection);
+    QCOMPARE(panel.plotView()->selectionModel(), &selection);
+    QCOMPARE(panel.values(), QString("1: 8"));
+}
+
+void tst_RVXScope::hiddenParts()
+{
+    Panel panel;
+    panel.show();
+    const auto visible = [&] {
+        QStringList names;
+        for (const char *name : {"modeSelect",
+                                 "bufferSizeLabel",
+                                 "saveButton",
+                                 "clearButton",
+                                 "configFrame",
+                                 "position_frame",
+                                 "derivativeButton"}) {
+            if (panel.control(name)->isVisible())
+                names << name;
+        }
+        return names.join(' ');
+    };
+    QCOMPARE(visible(), QString("modeSelect bufferSizeLabel saveButton clearButton configFrame"));
+    panel.hideConfig(true);
+    QCOMPARE(visible(), QString("clearButton configFrame"));
+    panel.hideConfig(false);
+    panel.click("confButton");
+    QCOMPARE(visible(), QString("modeSelect bufferSizeLabel saveButton clearButton"));
+    QTest::keyClick(panel.control("confButton"), Qt::Key_Space);
+    panel.getPositionLayout()->addWidget(new QLabel("x"));
+    panel.set2DEnabled(true);
+    QCOMPARE(
+        visible(),
+        QString("modeSelect bufferSizeLabel saveButton clearButton configFrame position_frame"));
+    panel.set2DEnabled(false);
+    QVERIFY(!panel.control("position_frame")->isVisible());
+}
+
+void tst_RVXScope::derivative()
+{
+    Panel panel;
+    panel.show();
+    QCOMPARE(panel.property("derivativeVisible"), QVariant(false));
+    panel.setProperty("derivativeVisible", true);
+    QVERIFY(panel.control("derivativeButton")->isVisible());
+    QVERIFY(panel.isDerivativeVisible());
+}
+
+void tst_RVXScope::shortcutsOfTwoPanels()
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    auto *first = new Panel, *second = new Panel;
+    layout->addWidget(first);
+    layout->addWidget(second);
+    PanelDevice firstDevice, secondDevice;
+    firstDevice.fill({{1, {5}}});
+    secondDevice.fill({{1, {5}}});
+    first->setModel(&firstDevice);
+    second->setModel(&secondDevice);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+
+    second->setFocus();
+    QTest::keyClick(window.focusWidget(), Qt::Key_0, Qt::ControlModifier);
+    QVERIFY(!first->control("clearZeroButton")->isEnabled());
+    QVERIFY(second->control("clearZeroButton")->isEnabled());
+    QTest::keyClick(window.focusWidget(), Qt::Key_L, Qt::ControlModifier);
+    QCOMPARE(firstDevice.rowCount(), 2);
+    QCOMPARE(secondDevice.rowCount(), 1);
+
+    int saves = 0;
+    secondDevice.onSave = [&](const QString &) {
+        return ++saves > 0;
+    };
+    QTemporaryDir folder;
+    answerFileDialog(folder.filePath("data.csv"));
+    QTest::keyClick(window.focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saves, 1);
+    QCoreApplication::processEvents();
+    second->hideConfig(true); // a host that hides the button does not want it used
+    QTest::keyClick(window.focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(saves, 1);
+}
+
+void tst_RVXScope::tabOrder()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.choose("scaleYCombo", "100%");
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
+    panel.click("zeroButton");
+    panel.setFocus();
+    QStringList visited;
+    for (int i = 0; i < 13; ++i) {
+        visited << panel.focusWidget()->objectName();
+        QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(
+        visited.join(' '),
+        QString(
+            "plotView modeSelect clearButton saveButton confButton scaleYCombo positiveOnlyButton "
+            "averagingCombo zeroButton clearZeroButton comboBox_period checkBox_bufferedInterval "
+            "buffered_interval_doubleSpinBox"));
+    QCOMPARE(panel.focusWidget()->objectName(), QString("plotView"));
+    for (const QString &name : visited) {
+        auto *widget = panel.findChild<QWidget *>(name);
+        auto *button = qobject_cast<QAbstractButton *>(widget);
+        QVERIFY2(!widget->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
+                 qPrintable(name));
+    }
+}
+
+void tst_RVXScope::icons()
+{
+    Panel panel;
+    for (const char *name :
+         {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"}) {
+        const QImage image = panel.control<QAbstractButton>(name)->icon().pixmap(16).toImage();
+        int drawn = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                drawn += qAlpha(image.pixel(x, y)) > 0;
+        }
+        QVERIFY2(drawn > 20, name);
+    }
+}
+
+void tst_RVXScope::translation()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}});
+    Panel panel;
+    panel.setWindowTitle("the host's");
+    panel.setModel(&device);
+    panel.show();
+    panel.choose("scaleYCombo", "50%");
+    panel.choose("averagingCombo", "10x Avg");
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
+    BracketTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
+    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
+    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
+    QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
+    QVERIFY(panel.control<QLabel>("bufferSizeLabel")->text().contains("1"));
+    QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
+    QCOMPARE(panel.windowTitle(), QString("the host's"));
+    QCoreApplication::removeTranslator(&translator);
+}
+
+void tst_RVXScope::pictures_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+//! At its smallest nothing is clipped, and the zeroed state can be read in every palette.
+void tst_RVXScope::pictures()
+{
+    QFETCH(bool, dark);
+    PanelDevice device;
+    device.fill({{1, {5}}, {2, {6}}});
+    Panel panel;
+    if (dark)
+        panel.setPalette(QPalette(Qt::white,
+                                  QColor(45, 45, 48),
+                                  Qt::lightGray,
+                                  Qt::black,
+                                  Qt::gray,
+                                  Qt::white,
+                                  Qt::white,
+                                  Qt::black,
+                                  QColor(45, 45, 48)));
+    panel.setModel(&device);
+    panel.setPositionEnabled(true);
+    panel.setSplitEnabled(true);
+    panel.setSpectrogramEnabled(true);
+    panel.SetPlotMode(RVXScope::StripMode);
+    panel.control<QAbstractButton>("zeroButton")->click();
+    panel.resize(1, 1);
+    panel.show();
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
+    const auto isClipped = [&](const char *name) {
+        const QWidget *widget = panel.control(name);
+        const QSize needed = widget->minimumSizeHint();
+        return widget->width() < needed.width() || widget->height() < needed.height();
+    };
+    for (const char *name : {"modeSelect",
+                             "bufferSizeLabel",
+                             "clearButton",
+                             "saveButton",
+                             "confButton",
+                             "label",
+                             "scaleYCombo",
+                             "positiveOnlyButton",
+                             "averagingCombo",
+                             "zeroButton",
+                             "clearZeroButton",
+                             "label_2",
+                             "comboBox_period",
+                             "checkBox_bufferedInterval",
+                             "buffered_interval_doubleSpinBox"})
+        QVERIFY2(!isClipped(name), name);
+
+    const auto count = [](QWidget *widget, const std::function<bool(QColor)> &matches) {
+        const QImage image = widget->grab().toImage();
+        int found = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                found += matches(image.pixelColor(x, y));
+        }
+        return found;
+    };
+    const auto isGreen = [](QColor c) {
+        return c.green() > 220 && c.red() < 200 && c.blue() < 200;
+    };
+    const auto isBlack = [](QColor c) {
+        return c.lightness() < 40;
+    };
+    QVERIFY(count(panel.control("clearZeroButton"), isGreen) > 100);
+    panel.control<QAbstractButton>("confButton")->click();
+    QCoreApplication::processEvents();
+    QVERIFY(!isClipped("stateLabel"));
+    QVERIFY(count(panel.control("stateLabel"), isGreen) > 300);
+    QVERIFY(count(panel.control("stateLabel"), isBlack) > 20);
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXScope)
+#include "tst_RVXScope.moc"

@@ -67,8 +67,12 @@ QString ScopeModel::unitName() const
 
 QAbstractItemModel *ScopeModel::innermost(QAbstractItemModel *model)
 {
-    while (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
+    // A proxy that merges several models has no one source: it is the innermost itself.
+    auto *proxy = qobject_cast<QAbstractProxyModel *>(model);
+    while (proxy && proxy->sourceModel()) {
         model = proxy->sourceModel();
+        proxy = qobject_cast<QAbstractProxyModel *>(model);
+    }
     return model;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/RVXScope.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
@@ -607,6 +608,13 @@ void tst_RVXScope::clearing()
     panel.click("clearButton");
     QCOMPARE(device.rowCount(), 1);
     QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
+
+    // A model that merges others is counted itself: it has no one source.
+    RVXMultichannelProxyModel merged;
+    merged.addSourceModel(&device, 1);
+    device.fill({{1, {5}}, {2, {6}}, {3, {7}}});
+    panel.setModel(&merged);
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("3 Samples"));
 }
 
 void tst_RVXScope::modelsComeAndGo()

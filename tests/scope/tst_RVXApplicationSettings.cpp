@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXApplicationSettings.h"
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <QProcess>
@@ -10,20 +11,6 @@
 using Corvale_Qt::RVXApplicationSettings;
 
 namespace {
-
-QByteArray contents(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-void put(const QString &fileName, const QByteArray &contents)
-{
-    QDir().mkpath(QFileInfo(fileName).path());
-    QFile file(fileName);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(contents);
-}
 
 QString readByAnotherProcess(const QString &folder, const QString &format, const QString &key)
 {
@@ -105,8 +92,8 @@ void tst_RVXApplicationSettings::placeOfTheFile()
     settings->setValue("group/key", 7);
     settings->sync();
     QCOMPARE(settings->status(), QSettings::NoError);
-    QCOMPARE(contents(path(file)).contains("<key>7</key>"), useXmlFormat);
-    QCOMPARE(contents(path(file)).contains("key=7"), !useXmlFormat);
+    QCOMPARE(fileContents(path(file)).contains("<key>7</key>"), useXmlFormat);
+    QCOMPARE(fileContents(path(file)).contains("key=7"), !useXmlFormat);
 }
 
 void tst_RVXApplicationSettings::roundTrip_data()
@@ -149,20 +136,20 @@ void tst_RVXApplicationSettings::damagedFile()
     QFETCH(bool, useXmlFormat);
     QFETCH(QByteArray, damaged);
     const QString file = path("my.settings");
-    put(file, damaged);
-    put(file + ".damaged", "an older one");
+    putFile(file, damaged);
+    putFile(file + ".damaged", "an older one");
 
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression("my\\.settings.*was damaged and is kept as"));
     RVXApplicationSettings owner(nullptr, file, false, useXmlFormat);
-    QCOMPARE(contents(file + ".damaged"), damaged);
+    QCOMPARE(fileContents(file + ".damaged"), damaged);
     QCOMPARE(owner.getSettings()->allKeys(), QStringList());
     QCOMPARE(owner.getSettings()->status(), QSettings::NoError);
 
     owner.getSettings()->setValue("group/key", 2);
     owner.getSettings()->sync();
-    QVERIFY(contents(file).contains("2"));
-    QCOMPARE(contents(file + ".damaged"), damaged);
+    QVERIFY(fileContents(file).contains("2"));
+    QCOMPARE(fileContents(file + ".damaged"), damaged);
 }
 
 void tst_RVXApplicationSettings::damagedWhileRunning()
@@ -171,43 +158,43 @@ void tst_RVXApplicationSettings::damagedWhileRunning()
     RVXApplicationSettings owner(nullptr, file, false, true);
     owner.getSettings()->setValue("a", 1);
     owner.getSettings()->sync();
-    put(file, "<Settings><a>1</a><b>slip of the hand<</b></Settings>");
+    putFile(file, "<Settings><a>1</a><b>slip of the hand<</b></Settings>");
 
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was damaged and is kept as"));
     owner.getSettings()->setValue("c", 3);
     owner.getSettings()->sync();
-    QVERIFY(contents(file + ".damaged").contains("slip of the hand"));
-    QVERIFY(contents(file).contains("<c>3</c>"));
+    QVERIFY(fileContents(file + ".damaged").contains("slip of the hand"));
+    QVERIFY(fileContents(file).contains("<c>3</c>"));
 }
 
 //! The file is left alone then, rather than written over.
 void tst_RVXApplicationSettings::damagedAndInTheWay()
 {
     const QString file = path("my.settings");
-    put(file, "nonsense");
+    putFile(file, "nonsense");
     QVERIFY(QDir().mkpath(file + ".damaged/folder"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("is damaged and cannot be renamed"));
     RVXApplicationSettings owner(nullptr, file, false, true);
     QCOMPARE(owner.getSettings()->allKeys(), QStringList());
-    QCOMPARE(contents(file), QByteArray("nonsense"));
+    QCOMPARE(fileContents(file), QByteArray("nonsense"));
 }
 
 void tst_RVXApplicationSettings::lockOfAProcessThatDied()
 {
     const QString file = path("my.settings");
-    put(file + ".lock", "");
+    putFile(file + ".lock", "");
     RVXApplicationSettings owner(nullptr, file, false, true);
     QVERIFY(!QFile::exists(file + ".lock")); // or the write below would take half a minute
     owner.getSettings()->setValue("a", 1);
     owner.getSettings()->sync();
-    QVERIFY(contents(file).contains("<a>1</a>"));
+    QVERIFY(fileContents(file).contains("<a>1</a>"));
 }
 
 void tst_RVXApplicationSettings::filesOfTheWholeSystemAreLeftOut()
 {
     QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, path("system"));
-    put(path("system/Beam Group/panel.ini"), "[FactoryReset]\npeaks=1\n");
-    put(path("user/Beam Group.ini"), "[FactoryReset]\npeaks=1\n");
+    putFile(path("system/Beam Group/panel.ini"), "[FactoryReset]\npeaks=1\n");
+    putFile(path("user/Beam Group.ini"), "[FactoryReset]\npeaks=1\n");
     RVXApplicationSettings owner(nullptr, path("user"), true, false);
     QCOMPARE(owner.getSettings()->childGroups(), QStringList());
 }

@@ -2,109 +2,24 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/scope/RVXScope.h"
-#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
-#include "tests/support/ModelText.h"
+#include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
 
-#include <qwt_plot.h>
-#include <qwt_scale_div.h>
-
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStandardItemModel>
-#include <QTabBar>
 #include <QTemporaryDir>
-#include <QTranslator>
 #include <QVBoxLayout>
 
 using namespace Corvale_Qt;
 
 namespace {
-
-//! A panel with the means to work it as an operator does, and to read what it shows.
-class Panel : public RVXScope
-{
-public:
-    template<typename Widget = QWidget>
-    Widget *control(const char *name) const
-    {
-        auto *widget = findChild<Widget *>(name);
-        if (!widget)
-            qFatal("no %s", name);
-        return widget;
-    }
-    void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
-    void choose(const char *combo, const QString &text)
-    {
-        auto *box = control<QComboBox>(combo);
-        QTest::keyClick(box, Qt::Key_Home);
-        for (int i = 0; i < box->count() && box->currentText() != text; ++i)
-            QTest::keyClick(box, Qt::Key_Down);
-        QCOMPARE(box->currentText(), text);
-    }
-    void chooseTab(const QString &title)
-    {
-        auto *tabs = control<QTabBar>("modeSelect");
-        for (int i = 0; i < tabs->count(); ++i) {
-            if (tabs->tabText(i) == title)
-                QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(i).center());
-        }
-    }
-    //! "Strip [Scope] Histogram", the current one in brackets.
-    QString tabs() const
-    {
-        auto *bar = control<QTabBar>("modeSelect");
-        QStringList titles;
-        for (int i = 0; i < bar->count(); ++i)
-            titles << (i == bar->currentIndex() ? "[" + bar->tabText(i) + "]" : bar->tabText(i));
-        return titles.join(' ');
-    }
-    //! Which of the view's widgets is shown.
-    QString shown() const
-    {
-        const std::pair<QString, QWidget *> widgets[] = {
-            {"plot", plot()},
-            {"2D", (QWidget *)plotView()->spectrogram()},
-            {"position", (QWidget *)plotView()->positionPlot()},
-            {"split", (QWidget *)plotView()->splitPlot()}};
-        QStringList names;
-        for (const auto &widget : widgets) {
-            if (widget.second->isVisibleTo(plotView()))
-                names << widget.first;
-        }
-        return names.join(' ');
-    }
-    QwtPlot *plot() const
-    {
-        return plotView()->viewport()->findChild<QwtPlot *>(QString(), Qt::FindDirectChildrenOnly);
-    }
-    //! "[-1, 1]" or "auto", and the button for positive values: on, off, disabled or hidden.
-    QString yScale() const
-    {
-        plot()->updateAxes(); // as the next plot would
-        const QwtScaleDiv &division = plot()->axisScaleDiv(QwtPlot::yLeft);
-        const QString scale = plot()->axisAutoScale(QwtPlot::yLeft)
-            ? QString("auto")
-            : QString("[%1, %2]").arg(division.lowerBound()).arg(division.upperBound());
-        const auto *button = control<QAbstractButton>("positiveOnlyButton");
-        return scale
-            + (button->isHidden()         ? " hidden"
-                   : !button->isEnabled() ? " disabled"
-                   : button->isChecked()  ? " on"
-                                          : " off");
-    }
-    QString values() const
-    {
-        return rowsText(*qobject_cast<RVXZeroingProxyModel *>(topLevelModel()));
-    }
-};
 
 //! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
 void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
@@ -123,16 +38,6 @@ void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
     });
 }
 
-class BracketTranslator : public QTranslator
-{
-public:
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QString("<%1>").arg(QString::fromUtf8(text));
-    }
-    bool isEmpty() const override { return false; }
-};
-
 } // namespace
 
 class tst_RVXScope : public QObject
@@ -141,13 +46,6 @@ class tst_RVXScope : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
-
-    void yRanges_data();
-    void yRanges();
-    void yRangeLists();
-    void hostsRange();
-    void yScaleAnnouncements();
-    void positiveOnlyFromTheHost();
 
     void averaging();
     void zeroing();
@@ -176,144 +74,6 @@ private Q_SLOTS:
     void pictures_data();
     void pictures();
 };
-
-void tst_RVXScope::yRanges_data()
-{
-    QTest::addColumn<int>("list");
-    QTest::addColumn<QString>("choice");
-    QTest::addColumn<QString>("scale");
-    QTest::addColumn<QString>("positiveScale");
-    const QString same;
-    QTest::newRow("percent: auto") << 0 << "Auto"
-                                   << "auto disabled" << same;
-    QTest::newRow("percent: normalised") << 0 << "Normalize"
-                                         << "[-1, 1] disabled" << same;
-    QTest::newRow("percent: all") << 0 << "100%"
-                                  << "[-1, 1] off"
-                                  << "[-0.1, 1] on";
-    QTest::newRow("percent: a hundredth") << 0 << "1%"
-                                          << "[-0.01, 0.01] off"
-                                          << "[-0.001, 0.01] on";
-    QTest::newRow("percent: least") << 0 << "0.01%"
-                                    << "[-0.0001, 0.0001] off"
-                                    << "[-1e-05, 0.0001] on";
-    QTest::newRow("automatic: auto") << 1 << "Auto"
-                                     << "auto hidden" << same;
-    QTest::newRow("absolute: auto") << 2 << "Auto"
-                                    << "auto disabled" << same;
-    QTest::newRow("absolute: the odd step") << 2 << "250000"
-                                            << "[-250000, 250000] off"
-                                            << "[-25000, 250000] on";
-    QTest::newRow("absolute: below 1") << 2 << ".05"
-                                       << "[-0.05, 0.05] off"
-                                       << "[-0.005, 0.05] on";
-    QTest::newRow("from 0: auto") << 3 << "Auto"
-                                  << "auto hidden" << same;
-    QTest::newRow("from 0: 20") << 3 << "20"
-                                << "[0, 20] hidden" << same;
-}
-
-void tst_RVXScope::yRanges()
-{
-    QFETCH(int, list);
-    QFETCH(QString, choice);
-    QFETCH(QString, scale);
-    QFETCH(QString, positiveScale);
-    Panel panel;
-    panel.show();
-    panel.SetYScaleMode(list);
-    panel.choose("scaleYCombo", choice);
-    QCOMPARE(panel.yScale(), scale);
-    panel.click("positiveOnlyButton");
-    QCOMPARE(panel.yScale(), positiveScale.isEmpty() ? scale : positiveScale);
-    panel.choose("scaleYCombo", "Auto");
-    QVERIFY(panel.yScale().startsWith("auto"));
-}
-
-void tst_RVXScope::yRangeLists()
-{
-    Panel panel;
-    auto *combo = panel.control<QComboBox>("scaleYCombo");
-    QCOMPARE(combo->count(), 15);
-    panel.SetYScaleMode(0);
-    panel.SetYScaleMode(4);
-    QCOMPARE(combo->count(), 15);
-    panel.SetYScaleMode(2);
-    QCOMPARE(combo->count(), 23);
-    panel.SetYScaleMode(0); // no way back, for the hosts that count on it
-    QCOMPARE(combo->count(), 23);
-
-    // Between the lists the button keeps what the operator pressed, and the view follows it.
-    panel.choose("scaleYCombo", "10000");
-    panel.control<QAbstractButton>("positiveOnlyButton")->click();
-    panel.SetYScaleMode(3);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[0, 10000] hidden"));
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[-1000, 10000] on"));
-    panel.control<QAbstractButton>("positiveOnlyButton")->click();
-    panel.SetYScaleMode(3);
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[-10000, 10000] off"));
-}
-
-void tst_RVXScope::hostsRange()
-{
-    Panel panel;
-    panel.choose("scaleYCombo", "50%");
-    panel.SetRange(-10, 20);
-    QCOMPARE(panel.yScale(), QString("[-5, 10] off"));
-    panel.SetYScaleMode(2);
-    panel.SetRange(-3, 3);
-    QCOMPARE(panel.yScale(), QString("auto disabled"));
-    panel.choose("scaleYCombo", "500"); // whose index is no scale mode
-    panel.SetRange(-4, 4);
-    QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
-}
-
-void tst_RVXScope::yScaleAnnouncements()
-{
-    Panel panel;
-    panel.show();
-    QSignalSpy spy(&panel, SIGNAL(yScaleChanged(bool, int, int)));
-    const auto last = [&] {
-        const QList<QVariant> arguments = spy.isEmpty() ? QList<QVariant>() : spy.last();
-        spy.clear();
-        QStringList words;
-        for (const QVariant &argument : arguments)
-            words << argument.toString();
-        return words.join(' ');
-    };
-    panel.SetRange(-12.5, 1e30);
-    QCOMPARE(last(), QString());
-    panel.choose("scaleYCombo", "100%");
-    QCOMPARE(last(), QString("true -13 2147483647"));
-    panel.click("positiveOnlyButton");
-    QCOMPARE(last(), QString("true -13 2147483647"));
-    panel.choose("scaleYCombo", "Normalize");
-    QVERIFY(last().startsWith("false"));
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "250000");
-    QCOMPARE(last(), QString("true -250000 250000"));
-    panel.choose("scaleYCombo", "Auto");
-    QVERIFY(last().startsWith("false"));
-    panel.SetYScaleMode(3);
-    panel.choose("scaleYCombo", "20");
-    QCOMPARE(last(), QString("true 0 20"));
-}
-
-void tst_RVXScope::positiveOnlyFromTheHost()
-{
-    Panel panel; // not shown yet: a host sets its panel up first
-    panel.choose("scaleYCombo", "100%");
-    panel.SetPositiveOnly(true);
-    QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));
-    panel.SetYScaleMode(1);
-    panel.SetPositiveOnly(false);
-    QVERIFY(panel.control<QAbstractButton>("positiveOnlyButton")->isChecked());
-}
 
 void tst_RVXScope::averaging()
 {
@@ -800,9 +560,7 @@ void tst_RVXScope::translation()
     panel.choose("scaleYCombo", "50%");
     panel.choose("averagingCombo", "10x Avg");
     QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
-    BracketTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    QCoreApplication::sendPostedEvents();
+    const BracketTranslator translator;
     QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
     QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
     QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
@@ -810,7 +568,6 @@ void tst_RVXScope::translation()
     QVERIFY(panel.control<QLabel>("bufferSizeLabel")->text().contains("1"));
     QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
     QCOMPARE(panel.windowTitle(), QString("the host's"));
-    QCoreApplication::removeTranslator(&translator);
 }
 
 void tst_RVXScope::pictures_data()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXStatisticsSetupPage.h"
+#include "tests/support/BracketTranslator.h"
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <QAbstractButton>
@@ -9,7 +11,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QTemporaryDir>
-#include <QTranslator>
 #include <QVBoxLayout>
 
 using namespace Corvale_Qt;
@@ -70,19 +71,6 @@ void type(QWidget &page, const char *name, const QString &text)
     spinBox->selectAll();
     QTest::keyClicks(spinBox, text);
     QTest::keyClick(spinBox, Qt::Key_Return);
-}
-
-QByteArray contents(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-void put(const QString &fileName, const QByteArray &contents)
-{
-    QFile file(fileName);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(contents);
 }
 
 //! All that the page keeps: "stats cog fit" for what is on, then the mode, peaks and numbers.
@@ -369,7 +357,7 @@ void tst_RVXStatisticsSetupPage::loading()
     QFETCH(QByteArray, file);
     QFETCH(QString, state);
     if (!file.isEmpty())
-        put(path("page.xui"), file);
+        putFile(path("page.xui"), file);
     RVXStatisticsSetupPage page;
     page.set_peaks(8); // of which nothing must remain
     child<QAbstractButton>(page, "CoGWindowRadio")->setChecked(true);
@@ -382,12 +370,12 @@ void tst_RVXStatisticsSetupPage::loading()
 
 void tst_RVXStatisticsSetupPage::loadingWritesNothing()
 {
-    put(path("page.xui"), fullFile + "<!-- a remark -->");
+    putFile(path("page.xui"), fullFile + "<!-- a remark -->");
     {
         RVXStatisticsSetupPage page;
         page.setApplicationSettings(QFileInfo(path("page.xui")), false, true);
     }
-    QCOMPARE(contents(path("page.xui")), fullFile + "<!-- a remark -->");
+    QCOMPARE(fileContents(path("page.xui")), fullFile + "<!-- a remark -->");
     {
         RVXStatisticsSetupPage page;
         page.setApplicationSettings(QFileInfo(path("none.xui")), false, true);
@@ -463,7 +451,7 @@ void tst_RVXStatisticsSetupPage::everyChoiceIsKept()
         QVERIFY(kept(qPrintable(before)));
     }
     QCOMPARE(stateOf(page), QString("- cog fit threshold 8 77 88 99 111 222"));
-    QVERIFY(contents(file.filePath()).contains("gaussian-fit-regression-threhold"));
+    QVERIFY(fileContents(file.filePath()).contains("gaussian-fit-regression-threhold"));
 }
 
 //! A file with one key would read as false or 0 for all others the next time.
@@ -496,13 +484,13 @@ void tst_RVXStatisticsSetupPage::handEditsWhileRunning()
     QFETCH(QByteArray, file);
     QFETCH(QString, keptState);
     const QString name = path("page.xui");
-    put(name, fullFile);
+    putFile(name, fullFile);
     RVXStatisticsSetupPage page;
     page.setApplicationSettings(QFileInfo(name), false, true);
     if (file.isEmpty())
         QFile::remove(name);
     else
-        put(name, file);
+        putFile(name, file);
     const bool damaged = qstrcmp(QTest::currentDataTag(), "it is damaged") == 0;
     if (damaged)
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was damaged and is kept as"));
@@ -517,7 +505,7 @@ void tst_RVXStatisticsSetupPage::handEditsWhileRunning()
 void tst_RVXStatisticsSetupPage::factoryReset()
 {
     const QString name = path("page.xui");
-    put(name, fullFile);
+    putFile(name, fullFile);
     RVXStatisticsSetupPage page;
     page.setApplicationSettings(QFileInfo(name), false, true);
     auto *button = child<QAbstractButton>(page, "factoryResetPushButton");
@@ -531,7 +519,7 @@ void tst_RVXStatisticsSetupPage::factoryReset()
     RVXStatisticsSetupPage next;
     next.setApplicationSettings(QFileInfo(name), false, true);
     QCOMPARE(stateOf(next), factory);
-    QVERIFY(contents(name).contains("<FactoryReset>"));
+    QVERIFY(fileContents(name).contains("<FactoryReset>"));
 
     page.setApplicationSettings(QFileInfo(path("other.xui")), false, true);
     QVERIFY(button->isHidden());
@@ -561,14 +549,14 @@ void tst_RVXStatisticsSetupPage::placeOfTheFile()
     RVXStatisticsSetupPage page;
     page.setApplicationSettings(QFileInfo(path(given)), useApplicationIdentity, useXmlFormat);
     toggleGroup(page, "CoGCBox");
-    QVERIFY2(contents(path(file)).contains("center-of-gravity-noise-threshold"),
-             contents(path(file)));
-    QCOMPARE(contents(path(file)).startsWith("<?xml"), useXmlFormat);
+    QVERIFY2(fileContents(path(file)).contains("center-of-gravity-noise-threshold"),
+             fileContents(path(file)));
+    QCOMPARE(fileContents(path(file)).startsWith("<?xml"), useXmlFormat);
 }
 
 void tst_RVXStatisticsSetupPage::unwritablePlace()
 {
-    put(path("file"), "in the way of a folder");
+    putFile(path("file"), "in the way of a folder");
     RVXStatisticsSetupPage page;
     page.setApplicationSettings(QFileInfo(path("file/page.xui")), false, true);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be saved to.*page\\.xui"));
@@ -576,30 +564,17 @@ void tst_RVXStatisticsSetupPage::unwritablePlace()
     QVERIFY(child<QGroupBox>(page, "CoGCBox")->isChecked());
 }
 
-class BracketTranslator : public QTranslator
-{
-public:
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QString("<%1>").arg(QString::fromUtf8(text));
-    }
-    bool isEmpty() const override { return false; }
-};
-
 void tst_RVXStatisticsSetupPage::translation()
 {
     RVXStatisticsSetupPage page;
     page.setWindowTitle("the host's");
     page.set_peaks(4);
-    BracketTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    QCoreApplication::sendPostedEvents();
+    const BracketTranslator translator;
     QCOMPARE(child<QGroupBox>(page, "CoGCBox")->title(), QString("<Center of Gravity>"));
     QCOMPARE(child<QAbstractButton>(page, "factoryResetPushButton")->text(),
              QString("<factory reset>"));
     QCOMPARE(child<QComboBox>(page, "peaksEdit")->currentText(), QString("4"));
     QCOMPARE(page.windowTitle(), QString("the host's"));
-    QCoreApplication::removeTranslator(&translator);
 }
 
 void tst_RVXStatisticsSetupPage::nothingIsClipped()

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/RVXScope_p.h"
+
+#include <QGuiApplication>
+#include <QShortcut>
+
+#include <cmath>
+#include <limits>
+
+namespace Corvale_Qt {
+
+namespace {
+
+const QLatin1String activeStyle("background-color:#88ff8a;");
+
+QIcon themeIcon(const QString &name)
+{
+    return QIcon::fromTheme(name, QIcon(":/resources/icons/" + name + ".svg"));
+}
+
+//! The colour behind a state is the same in every palette, so the text on it must be too.
+void setTextBlack(QWidget *widget)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::ButtonText, Qt::black);
+    palette.setColor(QPalette::WindowText, Qt::black);
+    widget->setPalette(palette);
+}
+
+int roundedToInt(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    const double limited =
+        qBound<double>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max());
+    return int(std::lround(limited));
+}
+
+int periodInMilliseconds(int index)
+{
+    static const int periods[] = {0, 100, 1000, 10000};
+    return index >= 0 && index < 4 ? periods[index] : 0;
+}
+
+class BusyCursor
+{
+public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY(BusyCursor)
+};
+
+} // namespace
+
+void RVXScopePrivate::setUpButtons()
+{
+    ui.saveButton->setIcon(themeIcon("document-save"));
+    ui.clearButton->setIcon(themeIcon("edit-clear"));
+    ui.confButton->setIcon(themeIcon("configure"));
+    ui.zeroButton->setIcon(themeIcon("align-vertical-bottom-out"));
+    ui.clearZeroButton->setIcon(themeIcon("edit-clear-locationbar-rtl"));
+    ui.stateLabel->setStyleSheet(activeStyle);
+    ui.stateLabel->setMargin(3);
+    setTextBlack(ui.stateLabel);
+    setTextBlack(ui.clearZeroButton);
+    ui.derivativeButton->hide();
+    ui.position_frame->hide();
+    reserveBufferSizeWidth();
+}
+
+void RVXScopePrivate::connectControls()
+{
+    Q_Q(RVXScope);
+    q->connect(ui.scaleYCombo, SIGNAL(currentIndexChanged(int)), SLOT(SetYScale(int)));
+    q->connect(ui.averagingCombo, SIGNAL(currentIndexChanged(int)), SLOT(SetAveragingMode(int)));
+    q->connect(ui.zeroButton, SIGNAL(clicked()), SLOT(ZeroNow()));
+    q->connect(ui.clearZeroButton, SIGNAL(clicked()), SLOT(ZeroClear()));
+    q->connect(ui.modeSelect, SIGNAL(currentChanged(int)), SLOT(SetPlotMode(int)));
+    q->connect(ui.clearButton, SIGNAL(clicked()), SLOT(Clear()));
+    q->connect(ui.saveButton, SIGNAL(clicked()), SLOT(SaveDataToFile()));
+    QObject::connect(ui.positiveOnlyButton,
+                     SIGNAL(toggled(bool)),
+                     ui.plotView,
+                     SLOT(SetPositiveOnly(bool)));
+    QObject::connect(ui.positiveOnlyButton, &QAbstractButton::toggled, q, [this] {
+        announceYScale();
+    });
+    // A mode without a tab may be shown: the current tab is then the way back to its own.
+    QObject::connect(ui.modeSelect, &QTabBar::tabBarClicked, q, [this](int index) {
+        if (index >= 0 && index == ui.modeSelect->currentIndex())
+            showMode(tabs().modeAt(index));
+    });
+    QObject::connect(ui.confButton, &QAbstractButton::toggled, q, [this](bool shown) {
+        ui.configFrame->setVisible(shown);
+        showState();
+    });
+    QObject::connect(zeroing, &QAbstractItemModel::modelReset, q, [this] {
+        dropLostZero();
+    });
+    setUpShortcut(ui.saveButton, QKeySequence(Qt::CTRL + Qt::Key_S));
+    setUpShortcut(ui.clearButton, QKeySequence(Qt::CTRL + Qt::Key_L));
+    setUpShortcut(ui.zeroButton, QKeySequence(Qt::CTRL + Qt::Key_0));
+}
+
+void RVXScopePrivate::setUpShortcut(QAbstractButton *button, const QKeySequence &keys)
+{
+    Q_Q(RVXScope);
+    // Not the button's own shortcut: that would count in the whole window, where another panel may be.
+    auto *shortcut = new QShortcut(keys, q, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, button, [button] {
+        if (!button->isHidden())
+            button->click();
+    });
+}
+
+void RVXScopePrivate::showMode(int mode)
+{
+    plotMode = mode;
+    ui.plotView->SetPlotMode(mode);
+}
+
+//! Adds or removes the tab of a mode; whether anything changed.
+bool RVXScopePrivate::offerMode(int mode, bool offer)
+{
+    if (offer == (tabs().indexOf(mode) >= 0))
+        return false;
+    if (offer)
+        tabs().add(mode);
+    else
+        tabs().remove(mode);
+    return true;
+}
+
+void RVXScopePrivate::announceYScale()
+{
+    Q_Q(RVXScope);
+    const int mode = ui.plotView->yScaleMode();
+    const bool fixed = mode >= RVXScopePlotView::FullRange && mode <= RVXScopePlotView::Percent0_01;
+    const auto range = ui.plotView->range();
+    Q_EMIT q->yScaleChanged(fixed, roundedToInt(range.first), roundedToInt(range.second));
+}
+
+void RVXScopePrivate::applyPeriod()
+{
+    if (auto *device = dynamic_cast<RVXAbstractDeviceDataModel *>(baseModel.data()))
+        device->setPeriod(periodInMilliseconds(ui.comboBox_period->currentIndex()));
+}
+
+void RVXScopePrivate::showZeroed(bool zeroed)
+{
+    zeroedChannels = zeroed ? zeroing->columnCount() - 1 : 0;
+    if (!zeroed && ui.clearZeroButton->hasFocus())
+        ui.zeroButton->setFocus(); // a disabled button would hand it on to just anything
+    ui.clearZeroButton->setEnabled(zeroed);
+    ui.clearZeroButton->setStyleSheet(zeroed ? activeStyle : QString());
+    showState();
+}
+
+//! The proxy drops its zero with a reset that changes the number of channels.
+void RVXScopePrivate::dropLostZero()
+{
+    if (zeroedChannels > 0 && zeroing->columnCount() - 1 != zeroedChannels)
+        showZeroed(false);
+}
+
+//! What is done to the data stays readable while the controls that tell it are hidden.
+void RVXScopePrivate::showState()
+{
+    QStringList states;
+    if (zeroedChannels > 0)
+        states << RVXScope::tr("Zeroed");
+    if (ui.averagingCombo->currentIndex() > 0)
+        states << ui.averagingCombo->currentText();
+    ui.stateLabel->setText(states.join(", "));
+    ui.stateLabel->setVisible(!states.isEmpty() && ui.configFrame->isHidden());
+}
+
+//! Keeps the row still while the number grows.
+void RVXScopePrivate::reserveBufferSizeWidth()
+{
+    const QString widest =
+        RVXScope::tr("%1 Samples").arg(RVXAbstractDeviceDataModel::maxBufferSize);
+    ui.bufferSizeLabel->setMinimumWidth(
+        ui.bufferSizeLabel->fontMetrics().horizontalAdvance(widest));
+}
+
+bool RVXScopePrivate::save(const QString &fileName)
+{
+    const BusyCursor cursor;
+    return averaging->SaveDataToFile(fileName);
+}
+
+void RVXScopePrivate::retranslate()
+{
+    Q_Q(RVXScope);
+    // The form would set both back to what they were at the start.
+    const QString title = q->windowTitle();
+    const QString bufferSize = ui.bufferSizeLabel->text();
+    ui.retranslateUi(q);
+    q->setWindowTitle(title);
+    ui.bufferSizeLabel->setText(bufferSize);
+    tabs().retranslate();
+    const QStringList texts = yRangeTexts(yScaleMode);
+    for (int i = 0; i < texts.size(); ++i)
+        ui.scaleYCombo->setItemText(i, texts.at(i));
+    reserveBufferSizeWidth();
+    showState();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+/* +------------------------------------------------------------------+
+   | Not part of the interface: this header may change in any version. |
+   +------------------------------------------------------------------+ */
+#pragma once
+
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/PlotModeTabs_p.h"
+#include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/scope/YRanges_p.h"
+
+#include "ui_RVXScope.h"
+
+#include <QPointer>
+
+class QKeySequence;
+
+namespace Corvale_Qt {
+
+class RVXScopePrivate
+{
+public:
+    explicit RVXScopePrivate(RVXScope *scope)
+        : q_ptr(scope)
+        , averaging(new RVXAveragingProxyModel(scope))
+        , zeroing(new RVXZeroingProxyModel(scope))
+    {
+    }
+
+    PlotModeTabs tabs() const { return PlotModeTabs(ui.modeSelect); }
+    //! Whether the proxies stand on the host's model, rather than on none or on one from before.
+    bool hasModel() const { return baseModel && averaging->sourceModel() == baseModel; }
+
+    void setUpButtons();
+    void connectControls();
+    void setUpShortcut(QAbstractButton *button, const QKeySequence &keys);
+
+    void showMode(int mode);
+    bool offerMode(int mode, bool offer);
+    void announceYScale();
+    void applyPeriod();
+    void showZeroed(bool zeroed);
+    void dropLostZero();
+    void showState();
+    void reserveBufferSizeWidth();
+    bool save(const QString &fileName);
+    void retranslate();
+
+    RVXScope *const q_ptr;
+    Q_DECLARE_PUBLIC(RVXScope)
+    Ui::RVXScope ui;
+    QPointer<QAbstractItemModel> baseModel;
+    RVXAveragingProxyModel *const averaging;
+    RVXZeroingProxyModel *const zeroing;
+    int yScaleMode = PercentRanges;
+    int plotMode = RVXScope::StripMode;
+    //! How many channels the zero was taken of; 0 while none is subtracted.
+    int zeroedChannels = 0;
+    bool saving = false;
+    QString lastSaveDirectory;
+};
+
+} // namespace Corvale_Qt

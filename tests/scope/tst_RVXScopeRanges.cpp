@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/scope/Panel.h"
+#include "tests/support/TestMain.h"
+
+//! The y ranges of the scope panel: its four lists and the button for positive values.
+class tst_RVXScopeRanges : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void yRanges_data();
+    void yRanges();
+    void yRangeLists();
+    void hostsRange();
+    void yScaleAnnouncements();
+    void positiveOnlyFromTheHost();
+};
+
+void tst_RVXScopeRanges::yRanges_data()
+{
+    QTest::addColumn<int>("list");
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QString>("positiveScale");
+    const QString same;
+    QTest::newRow("percent: auto") << 0 << "Auto"
+                                   << "auto disabled" << same;
+    QTest::newRow("percent: normalised") << 0 << "Normalize"
+                                         << "[-1, 1] disabled" << same;
+    QTest::newRow("percent: all") << 0 << "100%"
+                                  << "[-1, 1] off"
+                                  << "[-0.1, 1] on";
+    QTest::newRow("percent: a hundredth") << 0 << "1%"
+                                          << "[-0.01, 0.01] off"
+                                          << "[-0.001, 0.01] on";
+    QTest::newRow("percent: least") << 0 << "0.01%"
+                                    << "[-0.0001, 0.0001] off"
+                                    << "[-1e-05, 0.0001] on";
+    QTest::newRow("automatic: auto") << 1 << "Auto"
+                                     << "auto hidden" << same;
+    QTest::newRow("absolute: auto") << 2 << "Auto"
+                                    << "auto disabled" << same;
+    QTest::newRow("absolute: the odd step") << 2 << "250000"
+                                            << "[-250000, 250000] off"
+                                            << "[-25000, 250000] on";
+    QTest::newRow("absolute: below 1") << 2 << ".05"
+                                       << "[-0.05, 0.05] off"
+                                       << "[-0.005, 0.05] on";
+    QTest::newRow("from 0: auto") << 3 << "Auto"
+                                  << "auto hidden" << same;
+    QTest::newRow("from 0: 20") << 3 << "20"
+                                << "[0, 20] hidden" << same;
+}
+
+void tst_RVXScopeRanges::yRanges()
+{
+    QFETCH(int, list);
+    QFETCH(QString, choice);
+    QFETCH(QString, scale);
+    QFETCH(QString, positiveScale);
+    Panel panel;
+    panel.show();
+    panel.SetYScaleMode(list);
+    panel.choose("scaleYCombo", choice);
+    QCOMPARE(panel.yScale(), scale);
+    panel.click("positiveOnlyButton");
+    QCOMPARE(panel.yScale(), positiveScale.isEmpty() ? scale : positiveScale);
+    panel.choose("scaleYCombo", "Auto");
+    QVERIFY(panel.yScale().startsWith("auto"));
+}
+
+void tst_RVXScopeRanges::yRangeLists()
+{
+    Panel panel;
+    auto *combo = panel.control<QComboBox>("scaleYCombo");
+    QCOMPARE(combo->count(), 15);
+    panel.SetYScaleMode(0);
+    panel.SetYScaleMode(4);
+    QCOMPARE(combo->count(), 15);
+    panel.SetYScaleMode(2);
+    QCOMPARE(combo->count(), 23);
+    panel.SetYScaleMode(0); // no way back, for the hosts that count on it
+    QCOMPARE(combo->count(), 23);
+
+    // Between the lists the button keeps what the operator pressed, and the view follows it.
+    panel.choose("scaleYCombo", "10000");
+    panel.control<QAbstractButton>("positiveOnlyButton")->click();
+    panel.SetYScaleMode(3);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[0, 10000] hidden"));
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[-1000, 10000] on"));
+    panel.control<QAbstractButton>("positiveOnlyButton")->click();
+    panel.SetYScaleMode(3);
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "10000");
+    QCOMPARE(panel.yScale(), QString("[-10000, 10000] off"));
+}
+
+void tst_RVXScopeRanges::hostsRange()
+{
+    Panel panel;
+    panel.choose("scaleYCombo", "50%");
+    panel.SetRange(-10, 20);
+    QCOMPARE(panel.yScale(), QString("[-5, 10] off"));
+    panel.SetYScaleMode(2);
+    panel.SetRange(-3, 3);
+    QCOMPARE(panel.yScale(), QString("auto disabled"));
+    panel.choose("scaleYCombo", "500"); // whose index is no scale mode
+    panel.SetRange(-4, 4);
+    QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
+}
+
+void tst_RVXScopeRanges::yScaleAnnouncements()
+{
+    Panel panel;
+    panel.show();
+    QSignalSpy spy(&panel, SIGNAL(yScaleChanged(bool, int, int)));
+    const auto last = [&] {
+        const QList<QVariant> arguments = spy.isEmpty() ? QList<QVariant>() : spy.last();
+        spy.clear();
+        QStringList words;
+        for (const QVariant &argument : arguments)
+            words << argument.toString();
+        return words.join(' ');
+    };
+    panel.SetRange(-12.5, 1e30);
+    QCOMPARE(last(), QString());
+    panel.choose("scaleYCombo", "100%");
+    QCOMPARE(last(), QString("true -13 2147483647"));
+    panel.click("positiveOnlyButton");
+    QCOMPARE(last(), QString("true -13 2147483647"));
+    panel.choose("scaleYCombo", "Normalize");
+    QVERIFY(last().startsWith("false"));
+    panel.SetYScaleMode(2);
+    panel.choose("scaleYCombo", "250000");
+    QCOMPARE(last(), QString("true -250000 250000"));
+    panel.choose("scaleYCombo", "Auto");
+    QVERIFY(last().startsWith("false"));
+    panel.SetYScaleMode(3);
+    panel.choose("scaleYCombo", "20");
+    QCOMPARE(last(), QString("true 0 20"));
+}
+
+void tst_RVXScopeRanges::positiveOnlyFromTheHost()
+{
+    Panel panel; // not shown yet: a host sets its panel up first
+    panel.choose("scaleYCombo", "100%");
+    panel.SetPositiveOnly(true);
+    QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));
+    panel.SetYScaleMode(1);
+    panel.SetPositiveOnly(false);
+    QVERIFY(panel.control<QAbstractButton>("positiveOnlyButton")->isChecked());
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXScopeRanges)
+#include "tst_RVXScopeRanges.moc"

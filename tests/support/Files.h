@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+
+inline QByteArray fileContents(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+//! Makes the folder, too, where there is none.
+inline void putFile(const QString &fileName, const QByteArray &contents)
+{
+    QDir().mkpath(QFileInfo(fileName).path());
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
+        qFatal("cannot write %s", qPrintable(fileName));
+}

@@ -167,7 +167,7 @@ void tst_RVXApplicationSettings::damagedWhileRunning()
     QVERIFY(fileContents(file).contains("<c>3</c>"));
 }
 
-//! The file is left alone then, rather than written over.
+//! It is said, and the file is as it was until somebody writes.
 void tst_RVXApplicationSettings::damagedAndInTheWay()
 {
     const QString file = path("my.settings");

@@ -16,10 +16,16 @@ function(corvale_qt_public_header header)
   get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
   install(FILES ${header} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt/${folder}")
   foreach(class IN LISTS ARGN)
-    set(forward "${PROJECT_BINARY_DIR}/include/corvale_qt/${class}")
-    file(CONFIGURE OUTPUT "${forward}" CONTENT "#include \"corvale_qt/${folder}/${header}\"\n")
-    install(FILES "${forward}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt")
+    corvale_qt_forwarding_header(${class} "\"corvale_qt/${folder}/${header}\"")
   endforeach()
+endfunction()
+
+# corvale_qt_forwarding_header(Class included): a header <corvale_qt/Class> that includes what is given, with
+# its quotes or angle brackets.
+function(corvale_qt_forwarding_header class included)
+  set(forward "${PROJECT_BINARY_DIR}/include/corvale_qt/${class}")
+  file(CONFIGURE OUTPUT "${forward}" CONTENT "#include ${included}\n")
+  install(FILES "${forward}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt")
 endfunction()
 
 # corvale_qt_private(File ...): sources and private headers of the calling folder.

@@ -99,7 +99,7 @@ private Q_SLOTS:
         QTest::newRow("only the maximum fits") << 0 << 100 << 50 << "100"
                                                << "1 10 100" << 100;
         QTest::newRow("no multiple in reach") << 0 << 40 << 25 << "32"
-                                              << " 2" << 0;
+                                              << "0 2" << 0;
         QTest::newRow("below the minimum") << 200 << 800 << 100 << "300"
                                            << "3 30 300" << 300;
         QTest::newRow("above the maximum") << 0 << 100 << 5 << "105"

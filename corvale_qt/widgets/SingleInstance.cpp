@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/SingleInstance_p.h"
+
+#include <QCryptographicHash>
+#include <QDeadlineTimer>
+#include <QDebug>
+#include <QDir>
+#include <QLocalSocket>
+#include <QStandardPaths>
+#include <QSysInfo>
+#include <QThread>
+#include <QTimer>
+#include <QtEndian>
+
+namespace Corvale_Qt {
+
+namespace {
+
+/*! A folder that only this user can write to, so that nobody else can put a lock or a socket in the way; the
+    temporary folder where the system has no such place. */
+QString runtimeFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return folder.isEmpty() ? QDir::tempPath() : folder;
+}
+
+/*! Short, since the path of a socket may have some hundred bytes, and without anything of the id that a file
+    name could not have. */
+QString nameFor(const QString &id)
+{
+    const QByteArray user = QDir::homePath().toUtf8();
+    const QByteArray hash =
+        QCryptographicHash::hash(user + '\0' + id.toUtf8(), QCryptographicHash::Sha256);
+    return "qtsingleapp-" + hash.left(12).toHex();
+}
+
+QString serverNameFor(const QString &id)
+{
+#ifdef Q_OS_WIN
+    return nameFor(id);
+#else
+    return runtimeFolder() + '/' + nameFor(id);
+#endif
+}
+
+QByteArray frame(const QByteArray &utf8)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToBigEndian(quint32(utf8.size()), bytes.data());
+    return bytes + utf8;
+}
+
+bool connectBefore(QLocalSocket &socket, const QString &serverName, const QDeadlineTimer &deadline)
+{
+    // The first instance may hold the lock already and not listen yet.
+    constexpr int kPause = 20;
+    for (;;) {
+        socket.connectToServer(serverName);
+        if (socket.waitForConnected(int(deadline.remainingTime())))
+            return true;
+        if (deadline.hasExpired())
+            return false;
+        QThread::msleep(kPause);
+    }
+}
+
+} // namespace
+
+const QByteArray SingleInstance::kAnswer = "ack";
+
+SingleInstance::SingleInstance(const QString &id, QObject *parent)
+    : QObject(parent)
+    , m_serverName(serverNameFor(id))
+    , m_lock(runtimeFolder() + '/' + nameFor(id) + ".lock")
+{
+    // Held as long as the program runs: no age makes it stale, only its owner's end.
+    m_lock.setStaleLockTime(0);
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::acceptConnections);
+}
+
+bool SingleInstance::lock()
+{
+    constexpr int kPatienceForLock = 100;
+    if (m_lock.tryLock(kPatienceForLock))
+        return true;
+    if (m_lock.error() != QLockFile::LockFailedError)
+        return false;
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    const bool isReadable = m_lock.getLockInfo(&pid, &host, &program);
+    if (isReadable && host == QSysInfo::machineHostName())
+        return false;
+    // Damaged, or left from before the machine was renamed; one whose owner lives cannot be
+    // removed.
+    return m_lock.removeStaleLockFile() && m_lock.tryLock(0);
+}
+
+bool SingleInstance::takeFirstPlace()
+{
+    if (m_lock.isLocked())
+        return true;
+    if (!lock()) {
+        if (m_lock.error() == QLockFile::LockFailedError)
+            return false;
+        // Where no lock can be written, nobody can be found either: better run twice than not at
+        // all.
+        qDebug() << "QtSingleApplication: no lock file in" << runtimeFolder();
+        return true;
+    }
+    QLocalServer::removeServer(m_serverName);
+    if (!m_server.listen(m_serverName))
+        qDebug() << "QtSingleApplication: cannot listen:" << m_server.errorString();
+    return true;
+}
+
+bool SingleInstance::send(const QString &message, int timeout)
+{
+    const QByteArray utf8 = message.toUtf8();
+    if (utf8.size() > kMaximumMessage) {
+        qDebug() << "QtSingleApplication: a message of" << utf8.size()
+                 << "bytes is too long to send";
+        return false;
+    }
+    const QDeadlineTimer deadline(timeout);
+    QLocalSocket socket;
+    if (!connectBefore(socket, m_serverName, deadline))
+        return false;
+    socket.write(frame(utf8));
+    while (socket.bytesToWrite() > 0)
+        if (!socket.waitForBytesWritten(int(deadline.remainingTime())))
+            return false;
+    while (socket.bytesAvailable() < kAnswer.size())
+        if (!socket.waitForReadyRead(int(deadline.remainingTime())))
+            return false;
+    return socket.read(kAnswer.size()) == kAnswer;
+}
+
+void SingleInstance::acceptConnections()
+{
+    while (QLocalSocket *socket = m_server.nextPendingConnection()) {
+        if (m_connections >= kMaximumConnections) {
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        ++m_connections;
+        connect(socket, &QObject::destroyed, this, [this] {
+            --m_connections;
+        });
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+            readFrom(socket);
+        });
+        QTimer::singleShot(kPatience, socket, &QLocalSocket::abort);
+        socket->setReadBufferSize(kMaximumMessage + 4);
+        readFrom(socket);
+    }
+}
+
+//! Waits until the whole message is there, answers it, and only then announces it: a slot may take its time.
+void SingleInstance::readFrom(QLocalSocket *socket)
+{
+    const QByteArray head = socket->peek(4);
+    if (head.size() < 4)
+        return;
+    const quint32 size = qFromBigEndian<quint32>(head.constData());
+    if (size > quint32(kMaximumMessage)) {
+        socket->abort();
+        return;
+    }
+    if (socket->bytesAvailable() < 4 + qint64(size))
+        return;
+    socket->skip(4);
+    const QString message = QString::fromUtf8(socket->read(size));
+    // One message for each connection.
+    socket->disconnect(this);
+    connect(socket, &QObject::destroyed, this, [this] {
+        --m_connections;
+    });
+    socket->write(kAnswer);
+    socket->flush();
+    socket->disconnectFromServer();
+    Q_EMIT messageReceived(message);
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/* -------------------------------------------------------------------------------------------------
+   Not part of the interface: this header serves QtSingleApplication, is not installed, and may
+   change at any time.
+   -------------------------------------------------------------------------------------------------
+ */
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+
+class QLocalSocket;
+
+namespace Corvale_Qt {
+
+/*! Decides which process of this user is the first with a given id, and carries texts to it.
+
+    Who holds the lock file is first, and listens on the socket. A process that dies leaves both
+   behind: the lock is then seen to be stale, and the socket is made anew.
+
+    A message is a 32-bit length, big endian, and that many bytes of UTF-8, at most kMaximumMessage;
+   it is answered by kAnswer. A connection that brings something else, too much, or half a message
+   is dropped. */
+class SingleInstance : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SingleInstance(const QString &id, QObject *parent = nullptr);
+
+    //! Takes the first place when it is free; false when another process has it.
+    bool takeFirstPlace();
+    //! Brings \a message to the first instance within \a timeout milliseconds; true when it was answered.
+    bool send(const QString &message, int timeout);
+    //! Path of the socket (on Windows the name of the pipe), the same for all processes of this user and id.
+    QString serverName() const { return m_serverName; }
+
+    static constexpr int kMaximumMessage = 1024 * 1024;
+    static constexpr int kMaximumConnections = 32;
+    //! A sender that is silent for so long in the middle of a message, in milliseconds, is dropped.
+    static constexpr int kPatience = 10000;
+    static const QByteArray kAnswer;
+
+Q_SIGNALS:
+    void messageReceived(const QString &message);
+
+private:
+    void acceptConnections();
+    void readFrom(QLocalSocket *socket);
+    bool lock();
+
+    QString m_serverName;
+    QLockFile m_lock;
+    QLocalServer m_server;
+    int m_connections = 0;
+};
+
+} // namespace Corvale_Qt

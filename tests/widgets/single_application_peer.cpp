@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+/*! \file
+    A program of which only one instance shall run, for tst_QtSingleApplication.
+        single_application_peer ID serve             prints "first" or "second", then each message,
+   until killed single_application_peer ID send TEXT         ends with 0 when a first instance
+   answered */
+#include <corvale_qt/QtSingleApplication>
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    const QString id = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
+    QtSingleApplication application(id, argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.value(2) == "send")
+        return application.sendMessage(arguments.value(3)) ? 0 : 1;
+
+    const auto say = [](const QString &line) {
+        std::puts(line.toUtf8().constData());
+        std::fflush(stdout);
+    };
+    QObject::connect(&application, &QtSingleApplication::messageReceived, say);
+    say(application.isRunning() ? "second" : "first");
+    return application.exec();
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/RVXLogBrowser.h"
+#include "tests/support/FuzzTarget.h"
+
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTextDocument>
+
+using Corvale_Qt::RVXLogBrowser;
+
+//! Up to the first empty line there is one keyword on each line; the rest is a line of the log.
+std::vector<std::string> fuzzSeeds()
+{
+    return {"ERROR\nFATAL\n\nan ERROR of E17",
+            "E\\d+\n\\w*\n\ncode E17",
+            "(a+)+\n|x\n\naaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa!",
+            "\n\n",
+            "(?=x)\n\\Q\n[[:alpha:]]\n(?R)?\n\nx y z",
+            "(*UTF)x\n(?i)warn\n\\p{L}\n\n\xf0\x9f\x92\xa5 warn \xe2\x80\xa8 x"};
+}
+
+//! Whatever is matched lies inside its line, and the line stays one line of its own length.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));
+    const int end = bytes.indexOf("\n\n");
+    const QStringList keywords = QString::fromUtf8(bytes.left(end < 0 ? 0 : end)).split('\n');
+    const QString line = QString::fromUtf8(bytes.mid(end < 0 ? 0 : end + 2));
+
+    static auto *browser = new RVXLogBrowser;
+    browser->clear();
+    browser->setWholeBlockSyntaxHighlighting(size % 2);
+    browser->addErrorKeywords(keywords);
+    browser->addWarningKeywords(keywords.mid(1));
+    browser->appendLine("before");
+    browser->appendLine(line);
+
+    const QTextDocument *document = browser->textBrowser()->document();
+    FUZZ_REQUIRE(document->blockCount() == 2);
+    const QTextBlock block = document->lastBlock();
+    FUZZ_REQUIRE(block.text().size() == line.size());
+    for (const auto &range : block.layout()->formats())
+        FUZZ_REQUIRE(range.start >= 0 && range.start + range.length <= line.size());
+    return 0;
+}

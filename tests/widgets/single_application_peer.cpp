@@ -5,6 +5,7 @@
    until killed single_application_peer ID send TEXT         ends with 0 when a first instance
    answered */
 #include <corvale_qt/QtSingleApplication>
+
 #include <cstdio>
 
 int main(int argc, char **argv)

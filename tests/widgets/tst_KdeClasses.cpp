@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/support/TestMain.h"
-
-#include <QSortFilterProxyModel>
-#include <QStringListModel>
-
 #include <corvale_qt/KLinkItemSelectionModel>
 #include <corvale_qt/KModelIndexProxyMapper>
 #include <corvale_qt/KWordWrap>
+
+#include <QSortFilterProxyModel>
+#include <QStringListModel>
 
 //! A host reaches the three classes, and what they link to, by way of this library alone.
 class tst_KdeClasses : public QObject

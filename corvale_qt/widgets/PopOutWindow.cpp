@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/PopOutWindow_p.h"
+
+#include <QChildEvent>
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! The text of a tab without the marks of its mnemonic.
+QString withoutMnemonic(QString text)
+{
+    for (int i = 0; i < text.size(); ++i)
+        if (text.at(i) == '&')
+            text.remove(i, 1);
+    return text;
+}
+
+} // namespace
+
+PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
+    : QWidget(owner, Qt::Window)
+    , m_page(page)
+    , m_look(look)
+{
+    setWindowTitle(withoutMnemonic(look.text));
+    setWindowIcon(look.icon);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(page);
+    page->show();
+}
+
+QWidget *PopOutWindow::takePage()
+{
+    QWidget *page = m_page;
+    m_page = nullptr;
+    return page;
+}
+
+void PopOutWindow::childEvent(QChildEvent *event)
+{
+    QWidget::childEvent(event);
+    if (event->removed() && m_page && event->child() == m_page) {
+        m_page = nullptr;
+        Q_EMIT pageLeft();
+    }
+}
+
+void PopOutWindow::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    Q_EMIT backRequested();
+}
+
+} // namespace Corvale_Qt

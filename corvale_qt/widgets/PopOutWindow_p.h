@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/* -------------------------------------------------------------------------------------------------
+   Not part of the interface: this header serves RVXPopOutTabWidget, is not installed, and may change
+   at any time.
+   ------------------------------------------------------------------------------------------------- */
+
+#include <QIcon>
+#include <QWidget>
+
+namespace Corvale_Qt {
+
+//! What a tab shows beside its page.
+struct TabLook
+{
+    QString text;
+    QIcon icon;
+    QString toolTip;
+    QString whatsThis;
+    bool isEnabled = true;
+};
+
+/*! The window of one page that is out of its tab widget. It holds the page as its child, and so deletes it
+    with itself; when the page is taken away or deleted, it says so and is of no more use. */
+class PopOutWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    //! \a owner keeps it above its own window.
+    PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner);
+
+    QWidget *page() const { return m_page; }
+    const TabLook &look() const { return m_look; }
+    //! Gives the page away, without pageLeft().
+    QWidget *takePage();
+
+Q_SIGNALS:
+    //! The user wants the page back in its place: the window was closed.
+    void backRequested();
+    //! The page was deleted, or was put elsewhere.
+    void pageLeft();
+
+protected:
+    void childEvent(QChildEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *m_page;
+    const TabLook m_look;
+};
+
+} // namespace Corvale_Qt

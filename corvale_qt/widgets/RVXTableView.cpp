@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/RVXTableView.h"
+
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPointer>
+
+#include <map>
+#include <set>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! A cell as spreadsheets write it.
+QString quoted(QString text)
+{
+    static const QString special = "\t\n\r\"";
+    const auto isSpecial = [](QChar c) {
+        return special.contains(c);
+    };
+    if (std::none_of(text.cbegin(), text.cend(), isSpecial))
+        return text;
+    return '"' + text.replace('"', "\"\"") + '"';
+}
+
+} // namespace
+
+class RVXTableViewPrivate
+{
+public:
+    QPointer<QAbstractButton> cornerButton;
+};
+
+RVXTableView::RVXTableView(QWidget *parent)
+    : QTableView(parent)
+    , d_ptr(new RVXTableViewPrivate)
+{
+}
+
+RVXTableView::~RVXTableView() = default;
+
+QAbstractButton *RVXTableView::cornerButton() const
+{
+    Q_D(const RVXTableView);
+    return d->cornerButton;
+}
+
+void RVXTableView::setCornerButton(QAbstractButton *button)
+{
+    Q_D(RVXTableView);
+    if (button == d->cornerButton)
+        return;
+    delete d->cornerButton;
+    d->cornerButton = button;
+    if (!button)
+        return;
+    button->setParent(this);
+    connect(button, &QAbstractButton::clicked, this, &RVXTableView::cornerButtonClicked);
+    updateGeometries();
+}
+
+//! The host's button lies over the built-in one, which need not know of it.
+void RVXTableView::updateGeometries()
+{
+    Q_D(RVXTableView);
+    QTableView::updateGeometries();
+    if (!d->cornerButton)
+        return;
+    const bool isCorner = !horizontalHeader()->isHidden() && !verticalHeader()->isHidden();
+    const QRect columns = horizontalHeader()->geometry();
+    const QRect rows = verticalHeader()->geometry();
+    d->cornerButton->setGeometry(rows.x(), columns.y(), rows.width(), columns.height());
+    d->cornerButton->setVisible(isCorner);
+    d->cornerButton->raise();
+}
+
+void RVXTableView::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::Copy)) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    copySelection();
+    event->accept();
+}
+
+void RVXTableView::copySelection() const
+{
+    std::map<int, std::map<int, QString>> cells;
+    std::set<int> columns;
+    for (const QModelIndex &index : selectedIndexes()) {
+        const int row = verticalHeader()->visualIndex(index.row());
+        const int column = horizontalHeader()->visualIndex(index.column());
+        cells[row][column] = quoted(index.data().toString());
+        columns.insert(column);
+    }
+    // An empty selection leaves what is on the clipboard.
+    if (cells.empty())
+        return;
+
+    QString text;
+    for (const auto &row : cells) {
+        QStringList line;
+        for (int column : columns) {
+            const auto cell = row.second.find(column);
+            line << (cell == row.second.end() ? QString() : cell->second);
+        }
+        text += line.join('\t') + '\n';
+    }
+    QGuiApplication::clipboard()->setText(text);
+}
+
+} // namespace Corvale_Qt

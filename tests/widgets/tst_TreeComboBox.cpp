@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/TreeComboBox.h"
+#include "tests/support/TestMain.h"
+
+#include <QStandardItemModel>
+#include <QTreeView>
+#include <QWheelEvent>
+
+#include <memory>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! Appends "branch: leaf leaf; branch: leaf" to \a model.
+void fill(QStandardItemModel &model, const QString &tree)
+{
+    for (const QString &branch : tree.split("; ")) {
+        const QStringList parts = branch.split(": ");
+        auto *item = new QStandardItem(parts.at(0));
+        for (const QString &leaf : parts.value(1).split(' ', Qt::SkipEmptyParts))
+            item->appendRow(new QStandardItem(leaf));
+        model.appendRow(item);
+    }
+}
+
+//! The model again, in one reset.
+class ResetModel : public QStandardItemModel
+{
+public:
+    void refill(const QString &tree)
+    {
+        beginResetModel();
+        blockSignals(true);
+        clear();
+        fill(*this, tree);
+        blockSignals(false);
+        endResetModel();
+    }
+};
+
+QString path(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return "(none)";
+    const QString text = index.data().toString();
+    return index.parent().isValid() ? path(index.parent()) + '/' + text : text;
+}
+
+} // namespace
+
+class tst_TreeComboBox : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_model = std::make_unique<ResetModel>();
+        fill(*m_model, "A: a1 a2; B: b1 b2; C");
+        m_combo = std::make_unique<TreeComboBox>();
+        m_combo->setModel(m_model.get());
+        m_combo->show();
+        m_announced.clear();
+        connect(m_combo.get(),
+                &TreeComboBox::currentModelIndexChanged,
+                this,
+                [this](const QModelIndex &index) {
+                    m_announced << path(index);
+                });
+    }
+    void cleanup()
+    {
+        m_combo.reset();
+        m_model.reset();
+    }
+
+    void firstLeafIsCurrent()
+    {
+        QCOMPARE(path(m_combo->currentModelIndex()), QString("A/a1"));
+        QCOMPARE(m_combo->currentText(), QString("a1"));
+    }
+
+    void setByCode()
+    {
+        m_combo->setCurrentModelIndex(item("B/b1"));
+        QCOMPARE(m_combo->currentText(), QString("b1"));
+        QCOMPARE(m_combo->currentIndex(), 0);
+        m_combo->setCurrentModelIndex(item("B/b1"));
+        QStandardItemModel other;
+        other.appendRow(new QStandardItem("x"));
+        m_combo->setCurrentModelIndex(other.index(0, 0));
+        m_combo->setCurrentIndex(2);
+        m_combo->setCurrentModelIndex(QModelIndex());
+        QCOMPARE(m_combo->currentText(), QString());
+        QCOMPARE(m_announced.join(' '), QString("B/b1 C (none)"));
+    }
+
+    void mouseInThePopup()
+    {
+        QSignalSpy activated(m_combo.get(), &QComboBox::textActivated);
+        openPopup();
+        QVERIFY(!tree()->isExpanded(item("B")));
+        click("B");
+        QVERIFY(tree()->isExpanded(item("B")));
+        QVERIFY(tree()->isVisible());
+        QVERIFY(m_announced.isEmpty());
+        QVERIFY2(tree()->visualRect(item("C")).bottom() < tree()->viewport()->height(),
+                 "makes room");
+        click("B/b2");
+        QTRY_VERIFY(!tree()->isVisible());
+        QCOMPARE(m_announced.join(' '), QString("B/b2"));
+        QCOMPARE(m_combo->currentText(), QString("b2"));
+        QCOMPARE(activated.size(), 1);
+
+        openPopup();
+        QCOMPARE(path(tree()->currentIndex()), QString("B/b2"));
+        click("A");
+        QVERIFY(!tree()->isExpanded(item("A")));
+        QVERIFY(tree()->isVisible());
+        QTest::keyClick(tree(), Qt::Key_Escape);
+        QCOMPARE(path(m_combo->currentModelIndex()), QString("B/b2"));
+    }
+
+    void keysInThePopup()
+    {
+        openPopup();
+        for (int i = 0; i < 2; ++i)
+            QTest::keyClick(tree(), Qt::Key_Down);
+        QCOMPARE(path(tree()->currentIndex()), QString("B"));
+        QTest::keyClick(tree(), Qt::Key_Return);
+        QVERIFY(tree()->isVisible());
+        QVERIFY(tree()->isExpanded(item("B")));
+        QTest::keyClick(tree(), Qt::Key_Down);
+        QTest::keyClick(tree(), Qt::Key_Return);
+        QTRY_VERIFY(!tree()->isVisible());
+        QCOMPARE(m_announced.join(' '), QString("B/b1"));
+    }
+
+    void keysWalkShownLeaves()
+    {
+        m_combo->treeView()->expandAll();
+        for (const auto key : {Qt::Key_Down,
+                               Qt::Key_Down,
+                               Qt::Key_Up,
+                               Qt::Key_End,
+                               Qt::Key_Down,
+                               Qt::Key_Home,
+                               Qt::Key_Up,
+                               Qt::Key_PageDown})
+            QTest::keyClick(m_combo.get(), key);
+        QCOMPARE(m_announced.join(' '), QString("A/a2 B/b1 A/a2 C A/a1 C"));
+        m_announced.clear();
+        QTest::keyClicks(m_combo.get(), "bba");
+        QCOMPARE(m_announced.join(' '), QString("B/b1 B/b2 A/a1"));
+    }
+
+    void closedBranchesAreSkipped()
+    {
+        QTest::keyClick(m_combo.get(), Qt::Key_Down);
+        QTest::keyClick(m_combo.get(), Qt::Key_Down);
+        QCOMPARE(m_announced.join(' '), QString("A/a2 C"));
+        m_announced.clear();
+        m_combo->treeView()->collapseAll();
+        m_combo->setCurrentModelIndex(QModelIndex());
+        m_combo->treeView()->setRowHidden(2, QModelIndex(), true);
+        QTest::keyClick(m_combo.get(), Qt::Key_Down);
+        QCOMPARE(m_announced.join(' '), QString("(none) A/a1"));
+    }
+
+    void wheelWalksByNotches()
+    {
+        const auto turn = [this](int angle) {
+            const QPointF at = m_combo->rect().center();
+            QWheelEvent event(at,
+                              m_combo->mapToGlobal(at.toPoint()),
+                              {},
+                              {0, angle},
+                              {},
+                              {},
+                              Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(m_combo.get(), &event);
+        };
+        turn(-120);
+        turn(-60);
+        turn(-60);
+        turn(120);
+        QCOMPARE(m_announced.join(' '), QString("A/a2 C A/a2"));
+    }
+
+    void survivesAReset_data()
+    {
+        QTest::addColumn<QString>("tree");
+        QTest::addColumn<QString>("current");
+        QTest::newRow("the same") << "A: a1 a2; B: b1 b2; C"
+                                  << "B/b2";
+        QTest::newRow("other rows") << "X: x; B: b2 b1; A: b2"
+                                    << "B/b2";
+        QTest::newRow("a text twice") << "B: b2 b2"
+                                      << "B/b2";
+        QTest::newRow("leaf gone") << "A: a1; B: b1"
+                                   << "(none)";
+        QTest::newRow("branch gone") << "A: b2"
+                                     << "(none)";
+    }
+    void survivesAReset()
+    {
+        QFETCH(QString, tree);
+        m_combo->setCurrentModelIndex(item("B/b2"));
+        m_model->refill(tree);
+        QTEST(path(m_combo->currentModelIndex()), "current");
+        QTEST(m_announced.value(1), "current");
+        QCOMPARE(m_combo->currentText(), m_combo->currentModelIndex().data().toString());
+    }
+
+    void changesOfTheModel()
+    {
+        m_combo->setCurrentModelIndex(item("B/b2"));
+        m_model->insertRow(0, new QStandardItem("Z"));
+        m_model->removeRow(1);
+        QCOMPARE(path(m_combo->currentModelIndex()), QString("B/b2"));
+        QCOMPARE(m_combo->currentText(), QString("b2"));
+        m_model->item(1)->removeRow(1);
+        QCOMPARE(m_announced.join(' '), QString("B/b2 (none)"));
+        m_combo->setCurrentModelIndex(item("B/b1"));
+        m_model.reset();
+        QCOMPARE(m_announced.join(' '), QString("B/b2 (none) B/b1 (none)"));
+    }
+
+    void treeBuiltAfterwards()
+    {
+        QStandardItemModel model;
+        m_combo->setModel(&model);
+        auto *branch = new QStandardItem("N");
+        model.appendRow(branch);
+        branch->appendRow(new QStandardItem("n1"));
+        QCOMPARE(path(m_combo->currentModelIndex()), QString("N/n1"));
+        m_combo.reset();
+    }
+
+    void widerLeavesFit()
+    {
+        const int narrow = m_combo->sizeHint().width();
+        m_model->item(0)->child(0)->setText("a leaf with a long name");
+        QVERIFY(m_combo->sizeHint().width() > narrow);
+        QVERIFY(m_combo->sizeHint().width()
+                > m_combo->fontMetrics().horizontalAdvance("a leaf with a long name"));
+    }
+
+private:
+    QTreeView *tree() const { return m_combo->treeView(); }
+    //! "Branch" or "Branch/leaf".
+    QModelIndex item(const QString &wanted) const
+    {
+        const QStringList texts = wanted.split('/');
+        QModelIndex index;
+        for (const QString &text : texts)
+            index =
+                m_model
+                    ->match(m_model->index(0, 0, index), Qt::DisplayRole, text, 1, Qt::MatchExactly)
+                    .value(0);
+        return index;
+    }
+    void openPopup()
+    {
+        m_combo->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(tree()->window()));
+        // Until then a release is taken for the end of the click that opened the popup.
+        QTest::qWait(QApplication::doubleClickInterval());
+    }
+    void click(const QString &wanted)
+    {
+        const QPoint at = tree()->visualRect(item(wanted)).center();
+        QTest::mouseMove(tree()->viewport(), at);
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, at);
+    }
+
+    std::unique_ptr<ResetModel> m_model;
+    std::unique_ptr<TreeComboBox> m_combo;
+    QStringList m_announced;
+};
+
+CORVALE_QT_TEST_MAIN(tst_TreeComboBox)
+#include "tst_TreeComboBox.moc"

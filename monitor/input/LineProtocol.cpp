@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/LineProtocol.h"
+
+#include "monitor/input/ColumnPlan.h"
+#include "monitor/input/LineText.h"
+#include "monitor/input/MultichannelRowReader.h"
+
+#include <QStringList>
+
+#include <numeric>
+
+namespace Monitor {
+
+namespace {
+
+//! So many lines that agree with each other, but not with those before, are a new table.
+constexpr int linesOfAnotherShape = 10;
+//! A header that the first lines of data belie was no header.
+constexpr int linesAgainstAHeader = 2;
+
+} // namespace
+
+qint64 LineCounts::bad() const
+{
+    return std::accumulate(refused.begin(), refused.end(), qint64(0));
+}
+
+LineCounts &LineCounts::operator+=(const LineCounts &other)
+{
+    lines += other.lines;
+    readings += other.readings;
+    for (std::size_t i = 0; i < refused.size(); ++i)
+        refused[i] += other.refused[i];
+    return *this;
+}
+
+LineProtocol::LineProtocol(StreamSink &sink)
+    : m_sink(sink)
+    , m_rowHandler([this](double time, const double *values) { takeReading(time, values); })
+{
+}
+
+LineProtocol::~LineProtocol() = default;
+
+void LineProtocol::beginStream()
+{
+    if (m_held)
+        releaseHeld();
+    m_fresh = true;
+}
+
+void LineProtocol::takeLine(std::string_view line, bool tooLong)
+{
+    ++m_counts.lines;
+    m_line = trimmed(line);
+    if (tooLong)
+        refuse(currentLine(Refusal::TooLong));
+    else if (m_line.empty())
+        return;
+    else if (m_line.front() == '#')
+        takeMetadata(m_line);
+    else
+        takeFields(m_line);
+}
+
+void LineProtocol::finish()
+{
+    if (m_rows)
+        m_rows->finish(m_rowHandler);
+    if (m_held)
+        releaseHeld();
+}
+
+void LineProtocol::takeMetadata(std::string_view line)
+{
+    switch (m_metadata.take(line)) {
+    case Metadata::Line::Comment:
+        break;
+    case Metadata::Line::Stream:
+        beginStream();
+        forgetShape();
+        break;
+    case Metadata::Line::Changed:
+        if (m_held)
+            releaseHeld();
+        m_headerTold = false;
+        if (!m_hasNamedColumns)
+            forgetShape();
+        break;
+    case Metadata::Line::Event:
+        m_sink.eventNoted(m_metadata.event());
+        break;
+    case Metadata::Line::Unreadable:
+        refuse(currentLine(Refusal::Unreadable));
+        break;
+    }
+}
+
+void LineProtocol::takeFields(std::string_view line)
+{
+    splitFields(line, &m_fields);
+    if ((!m_rows || m_fresh) && takeHeader())
+        return;
+    if (!m_rows && !adoptShape())
+        return;
+    switch (m_rows->read(m_fields, m_arrivalTime, m_rowHandler)) {
+    case RowReader::Outcome::Taken:
+        m_otherCountRun = 0;
+        break;
+    case RowReader::Outcome::WrongCount:
+        shapeMismatch(line);
+        break;
+    case RowReader::Outcome::Unreadable:
+        refuse(currentLine(Refusal::Unreadable));
+        break;
+    }
+}
+
+//! A line of names before any data; on a line made anew, one for as many channels as before.
+bool LineProtocol::takeHeader()
+{
+    QStringList names;
+    for (const std::string_view field : m_fields)
+        names.append(cleanText(QString::fromUtf8(field.data(), int(field.size())), 64));
+    const bool ofARecording = names.first() == QLatin1String("time_s")
+        && names.size() == m_metadata.channels().size() + 1;
+    if (ofARecording)
+        return true; // "#channels" has said the same, more exactly
+    std::unique_ptr<RowReader> rows = MultichannelRowReader::fromHeader(names);
+    int leftOut = 0;
+    if (!rows) {
+        const std::optional<ColumnPlan> plan = ColumnPlan::fromHeader(names);
+        if (!plan)
+            return false;
+        rows = std::make_unique<PlannedRowReader>(*plan);
+        leftOut = plan->leftOut;
+    }
+    if (m_rows && m_rows->channels().size() != rows->channels().size())
+        return false;
+    m_rows = std::move(rows);
+    m_headerLine = currentLine(Refusal::Unreadable);
+    m_hasNamedColumns = true;
+    m_shapeProven = false;
+    m_headerTold = false;
+    if (leftOut > 0)
+        m_sink.eventNoted(QStringLiteral("%1 columns beyond the first %2 are left out")
+                              .arg(leftOut)
+                              .arg(StreamHeader::maxChannels));
+    return true;
+}
+
+//! Takes the number of channels from "#channels", else from this first line of data.
+bool LineProtocol::adoptShape()
+{
+    QVector<Channel> channels = m_metadata.channels();
+    if (channels.isEmpty()) {
+        const int values = m_fields.size() == 1 ? 1 : int(m_fields.size()) - 1;
+        if (values > StreamHeader::maxChannels) {
+            refuse(currentLine(Refusal::TooManyValues));
+            return false;
+        }
+        channels = StreamHeader::defaultChannels(m_metadata.layout(), values);
+    }
+    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.layout());
+    m_hasNamedColumns = false;
+    m_shapeProven = false;
+    m_headerTold = false;
+    return true;
+}
+
+/*! One line of another length is damaged. Where the lines that follow are like it, it was the one before that was:
+    the end of a line that was joined midway, a greeting taken for a header, an instrument set up anew. */
+void LineProtocol::shapeMismatch(std::string_view line)
+{
+    const bool tooMany = m_fields.size() > std::size_t(StreamHeader::maxChannels) + 1;
+    m_otherCountRun = m_fields.size() == m_otherCount ? m_otherCountRun + 1 : 1;
+    m_otherCount = m_fields.size();
+
+    const bool declared = !m_metadata.channels().isEmpty() && !m_hasNamedColumns;
+    const bool firstWasWrong = m_held && !m_hasNamedColumns && !m_shapeProven;
+    const bool headerWasWrong = m_hasNamedColumns && !m_shapeProven && !m_held
+        && m_otherCountRun >= linesAgainstAHeader;
+    const bool newTable = m_otherCountRun >= linesOfAnotherShape;
+    if (tooMany || declared || !(firstWasWrong || headerWasWrong || newTable)) {
+        refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));
+        return;
+    }
+    if (headerWasWrong)
+        refuse(m_headerLine);
+    if (m_held) {
+        m_held->line.refusal = Refusal::WrongCount;
+        refuse(m_held->line);
+        m_held.reset();
+    }
+    forgetShape();
+    m_fresh = true;
+    takeFields(line);
+}
+
+void LineProtocol::forgetShape()
+{
+    m_rows.reset();
+    m_hasNamedColumns = false;
+    m_shapeProven = false;
+    m_otherCountRun = 0;
+}
+
+void LineProtocol::takeReading(double time, const double *values)
+{
+    if (m_held && !vouchForHeld(time)) {
+        refuse(m_held->line);
+        m_held.reset();
+        m_fresh = true;
+    }
+    if (m_held)
+        releaseHeld();
+    if (m_fresh) {
+        m_fresh = false;
+        hold(time, values);
+        return;
+    }
+    deliver(time, values);
+}
+
+//! Whether the reading at \a time makes the held one before it believable.
+bool LineProtocol::vouchForHeld(double time)
+{
+    const bool restart = m_anyReading && m_held->time < m_lastTime;
+    const bool goesOn = m_anyReading && time >= m_lastTime;
+    m_held->line.refusal = Refusal::TimeBackwards;
+    return m_held->time <= time && !(restart && goesOn);
+}
+
+void LineProtocol::hold(double time, const double *values)
+{
+    m_held = std::make_unique<Held>();
+    m_held->time = time;
+    m_held->values.assign(values, values + m_rows->channels().size());
+    m_held->line = currentLine(Refusal::TimeBackwards);
+}
+
+//! The held reading may begin a new acquisition: its time may be before the last one's.
+void LineProtocol::releaseHeld()
+{
+    const std::unique_ptr<Held> held = std::move(m_held);
+    if (m_anyReading && held->time < m_lastTime) {
+        m_headerTold = false;
+        m_anyReading = false;
+    }
+    deliver(held->time, held->values.data());
+}
+
+void LineProtocol::deliver(double time, const double *values)
+{
+    if (m_anyReading && time < m_lastTime) {
+        refuse(currentLine(Refusal::TimeBackwards));
+        return;
+    }
+    if (!m_headerTold) {
+        m_headerTold = true;
+        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->layout()));
+    }
+    m_anyReading = true;
+    m_shapeProven = true;
+    m_lastTime = time;
+    ++m_counts.readings;
+    m_sink.reading(time, values);
+}
+
+RefusedLine LineProtocol::currentLine(Refusal refusal) const
+{
+    RefusedLine line;
+    line.refusal = refusal;
+    line.number = m_counts.lines;
+    line.excerpt = escapedExcerpt(m_line);
+    return line;
+}
+
+void LineProtocol::refuse(const RefusedLine &line)
+{
+    ++m_counts.refused[std::size_t(line.refusal)];
+    m_sink.lineRefused(line);
+}
+
+} // namespace Monitor

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/LineSplitter.h"
+
+#include <algorithm>
+
+namespace Monitor {
+
+void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
+{
+    // The LF of a CR LF whose halves came in two pieces.
+    if (m_afterReturn && !bytes.empty() && bytes.front() == '\n')
+        bytes.remove_prefix(1);
+    if (!bytes.empty())
+        m_afterReturn = false;
+    for (;;) {
+        const std::size_t end = bytes.find_first_of("\r\n");
+        if (end == std::string_view::npos)
+            break;
+        completeLine(bytes.substr(0, end), handler);
+        const bool isReturn = bytes[end] == '\r';
+        bytes.remove_prefix(end + 1);
+        m_afterReturn = isReturn && bytes.empty();
+        if (isReturn && !bytes.empty() && bytes.front() == '\n')
+            bytes.remove_prefix(1);
+    }
+    keep(bytes);
+}
+
+void LineSplitter::finish(const LineHandler &handler)
+{
+    if (!m_rest.isEmpty())
+        completeLine({}, handler);
+    clear();
+}
+
+void LineSplitter::clear()
+{
+    m_rest.clear();
+    m_tooLong = false;
+    m_afterReturn = false;
+}
+
+void LineSplitter::keep(std::string_view piece)
+{
+    const std::size_t room = std::size_t(maxLength - m_rest.size());
+    m_tooLong = m_tooLong || piece.size() > room;
+    m_rest.append(piece.data(), int(std::min(room, piece.size())));
+}
+
+void LineSplitter::completeLine(std::string_view piece, const LineHandler &handler)
+{
+    const bool whole = m_rest.isEmpty() && piece.size() <= std::size_t(maxLength);
+    if (whole) {
+        handler(piece, false);
+        return;
+    }
+    keep(piece);
+    handler({m_rest.constData(), std::size_t(m_rest.size())}, m_tooLong);
+    m_rest.clear();
+    m_tooLong = false;
+}
+
+} // namespace Monitor

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/Metadata.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int maxNameLength = 64;
+constexpr int maxEventLength = 500;
+
+QStringList cleanList(const QString &value)
+{
+    QStringList items = value.split(QLatin1Char(','));
+    for (QString &item : items)
+        item = cleanText(item, maxNameLength);
+    return items;
+}
+
+} // namespace
+
+QString cleanText(const QString &text, int length)
+{
+    QString clean;
+    for (const QChar c : text.simplified())
+        if (c.isPrint() || c.isSurrogate())
+            clean += c;
+    return clean.left(length);
+}
+
+Metadata::Line Metadata::take(std::string_view line)
+{
+    const QString text = QString::fromUtf8(line.data(), int(line.size())).trimmed();
+    const int space = text.indexOf(QLatin1Char(' '));
+    const QString word = text.left(space);
+    const QString value = space < 0 ? QString() : text.mid(space + 1).trimmed();
+    if (word == QLatin1String("#corvale")) {
+        *this = Metadata();
+        return value == QLatin1String("1") ? Line::Stream : Line::Unreadable;
+    }
+    if (word == QLatin1String("#channels"))
+        return takeChannels(value);
+    if (word == QLatin1String("#unit")) {
+        m_units = cleanList(value);
+        return Line::Changed;
+    }
+    if (word == QLatin1String("#layout"))
+        return takeLayout(value);
+    if (word == QLatin1String("#range"))
+        return takeRange(value);
+    if (word == QLatin1String("#t0"))
+        return takeStartTime(value);
+    if (word == QLatin1String("#event")) {
+        m_event = cleanText(value, maxEventLength);
+        return Line::Event;
+    }
+    return Line::Comment;
+}
+
+Metadata::Line Metadata::takeChannels(const QString &value)
+{
+    const QStringList names = cleanList(value);
+    const bool named = std::none_of(names.begin(), names.end(), [](const QString &name) {
+        return name.isEmpty();
+    });
+    if (!named || names.size() > StreamHeader::maxChannels)
+        return Line::Unreadable;
+    m_names = names;
+    return Line::Changed;
+}
+
+Metadata::Line Metadata::takeLayout(const QString &value)
+{
+    bool known = false;
+    const Layout layout = layoutFromName(value, &known);
+    if (!known)
+        return Line::Unreadable;
+    m_layout = layout;
+    m_layoutKnown = true;
+    return Line::Changed;
+}
+
+Metadata::Line Metadata::takeRange(const QString &value)
+{
+    const QStringList limits = value.split(QLatin1Char(','));
+    if (limits.size() != 2)
+        return Line::Unreadable;
+    bool lowOk = false, highOk = false;
+    const double low = limits[0].toDouble(&lowOk);
+    const double high = limits[1].toDouble(&highOk);
+    if (!lowOk || !highOk || !(low < high))
+        return Line::Unreadable;
+    m_rangeLow = low;
+    m_rangeHigh = high;
+    return Line::Changed;
+}
+
+Metadata::Line Metadata::takeStartTime(const QString &value)
+{
+    const QDateTime time = QDateTime::fromString(value, Qt::ISODateWithMs);
+    if (!time.isValid())
+        return Line::Unreadable;
+    m_startTime = time;
+    return Line::Changed;
+}
+
+//! One unit stands for all channels, a list for one each.
+void Metadata::applyUnits(QVector<Channel> *channels) const
+{
+    if (m_units.isEmpty())
+        return;
+    for (int i = 0; i < channels->size(); ++i)
+        (*channels)[i].unit = m_units.size() == 1 ? m_units.first() : m_units.value(i);
+}
+
+QVector<Channel> Metadata::channels() const
+{
+    QVector<Channel> channels;
+    for (const QString &name : m_names)
+        channels.append({name, {}});
+    applyUnits(&channels);
+    return channels;
+}
+
+StreamHeader Metadata::headerFor(const QVector<Channel> &columns, Layout layout) const
+{
+    StreamHeader header;
+    header.layout = m_layoutKnown ? m_layout : layout;
+    header.channels = columns;
+    for (int i = 0; m_names.size() == columns.size() && i < columns.size(); ++i)
+        header.channels[i].name = m_names[i];
+    applyUnits(&header.channels);
+    header.startTime = m_startTime;
+    header.rangeLow = m_rangeLow;
+    header.rangeHigh = m_rangeHigh;
+    return header;
+}
+
+} // namespace Monitor

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/StreamHeader.h"
+
+#include <string_view>
+
+namespace Monitor {
+
+//! What the "#" lines of a stream have said so far.
+class Metadata
+{
+public:
+    enum class Line {
+        Comment, //!< nothing for a program
+        Changed, //!< something about the readings that follow
+        Stream, //!< "#corvale 1": a stream begins, what was said before is forgotten
+        Event, //!< "#event text"
+        Unreadable, //!< a known word with something that it cannot have
+    };
+
+    //! Takes a line that begins with "#". For Line::Event the text is event().
+    Line take(std::string_view line);
+
+    const QString &event() const { return m_event; }
+    //! The header for a table of these channels, with what was said of them.
+    StreamHeader headerFor(const QVector<Channel> &channels, Layout layout) const;
+    //! The declared channels with the declared units; empty where none were declared.
+    QVector<Channel> channels() const;
+    //! The declared layout, else channels.
+    Layout layout() const { return m_layout; }
+
+private:
+    Line takeChannels(const QString &value);
+    Line takeLayout(const QString &value);
+    Line takeRange(const QString &value);
+    Line takeStartTime(const QString &value);
+    void applyUnits(QVector<Channel> *channels) const;
+
+    QStringList m_names;
+    QStringList m_units;
+    bool m_layoutKnown = false;
+    Layout m_layout = Layout::Channels;
+    QDateTime m_startTime;
+    double m_rangeLow = 0.0;
+    double m_rangeHigh = 0.0;
+    QString m_event;
+};
+
+//! A text from outside as one line without control characters, at most \a length characters.
+QString cleanText(const QString &text, int length);
+
+} // namespace Monitor

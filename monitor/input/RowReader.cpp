@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/RowReader.h"
+
+#include "monitor/input/ColumnPlan.h"
+#include "monitor/input/LineText.h"
+
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+//! An empty field stands for the time of arrival; a time must be finite.
+bool readTime(std::string_view field, double arrivalTime, double *time)
+{
+    if (field.empty()) {
+        *time = arrivalTime;
+        return true;
+    }
+    return parseNumber(field, time) && std::isfinite(*time);
+}
+
+} // namespace
+
+RowReader::RowReader(const QVector<Channel> &channels, Layout layout)
+    : m_channels(channels)
+    , m_layout(layout)
+{
+}
+
+RowReader::~RowReader() = default;
+
+void RowReader::finish(const RowHandler &) { }
+
+TimedRowReader::TimedRowReader(const QVector<Channel> &channels, Layout layout)
+    : RowReader(channels, layout)
+    , m_values(std::size_t(channels.size()))
+{
+}
+
+RowReader::Outcome
+TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler &handler)
+{
+    const bool timed = fields.size() == m_values.size() + 1;
+    if (!timed && fields.size() != m_values.size())
+        return Outcome::WrongCount;
+    double time = arrivalTime;
+    if (timed && !readTime(fields[0], arrivalTime, &time))
+        return Outcome::Unreadable;
+    const std::size_t first = timed ? 1 : 0;
+    for (std::size_t i = 0; i < m_values.size(); ++i)
+        if (!parseNumber(fields[first + i], &m_values[i]))
+            return Outcome::Unreadable;
+    handler(time, m_values.data());
+    return Outcome::Taken;
+}
+
+PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
+    : RowReader(plan.channels, plan.layout)
+    , m_fieldCount(plan.fieldCount)
+    , m_timeColumn(plan.timeColumn)
+    , m_timeFactor(plan.timeFactor)
+    , m_valueColumns(plan.valueColumns)
+    , m_values(std::size_t(plan.valueColumns.size()))
+{
+}
+
+RowReader::Outcome
+PlannedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler &handler)
+{
+    const int count = int(fields.size());
+    const bool emptyEnd = count == m_fieldCount + 1 && fields.back().empty();
+    if (count != m_fieldCount && !emptyEnd)
+        return Outcome::WrongCount;
+    double time = arrivalTime;
+    if (m_timeColumn >= 0) {
+        if (!readTime(fields[std::size_t(m_timeColumn)], arrivalTime / m_timeFactor, &time))
+            return Outcome::Unreadable;
+        time *= m_timeFactor;
+    }
+    for (int i = 0; i < m_valueColumns.size(); ++i)
+        if (!parseNumber(fields[std::size_t(m_valueColumns[i])], &m_values[std::size_t(i)]))
+            return Outcome::Unreadable;
+    handler(time, m_values.data());
+    return Outcome::Taken;
+}
+
+} // namespace Monitor

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/PixelGrid.h"
+
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace Monitor {
+
+PixelGrid PixelGrid::of(const StreamHeader &header)
+{
+    PixelGrid grid;
+    if (header.layout != Layout::Pixels || header.channels.isEmpty())
+        return grid;
+    const int cells = header.channels.size();
+    static const QRegularExpression name(QStringLiteral("^r(\\d+)c(\\d+)$"));
+    const QRegularExpressionMatch last = name.match(header.channels.last().name);
+    if (last.hasMatch()) {
+        grid.rows = last.captured(1).toInt();
+        grid.columns = last.captured(2).toInt();
+    }
+    const bool fits = qint64(grid.rows) * grid.columns == cells;
+    if (!fits) {
+        const int side = int(std::lround(std::sqrt(double(cells))));
+        const bool square = side * side == cells;
+        grid = square ? PixelGrid {side, side} : PixelGrid {1, cells};
+    }
+    return grid;
+}
+
+} // namespace Monitor

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/StreamHeader.h"
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+const char *const layoutNames[] = {"channels", "strips", "pixels", "spots"};
+
+QString twoDigits(int number)
+{
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+QString stripName(int index, int count)
+{
+    const int perAxis = (count + 1) / 2;
+    return index < perAxis ? QLatin1Char('x') + twoDigits(index + 1)
+                           : QLatin1Char('y') + twoDigits(index - perAxis + 1);
+}
+
+QString pixelName(int index, int count)
+{
+    int columns = 1;
+    while (columns * columns < count)
+        ++columns;
+    return QLatin1Char('r') + twoDigits(index / columns + 1) + QLatin1Char('c')
+        + twoDigits(index % columns + 1);
+}
+
+Channel spotChannel(int index)
+{
+    const Channel channels[]
+        = {{"x", "mm"}, {"y", "mm"}, {"mu", ""}, {"sigma_x", "mm"}, {"sigma_y", "mm"}};
+    constexpr int known = sizeof(channels) / sizeof(channels[0]);
+    return index < known ? channels[index] : Channel {QStringLiteral("extra%1").arg(index + 1), {}};
+}
+
+} // namespace
+
+QString layoutName(Layout layout)
+{
+    return QLatin1String(layoutNames[int(layout)]);
+}
+
+Layout layoutFromName(const QString &name, bool *ok)
+{
+    const auto found = std::find(std::begin(layoutNames), std::end(layoutNames), name);
+    *ok = found != std::end(layoutNames);
+    return *ok ? Layout(found - std::begin(layoutNames)) : Layout::Channels;
+}
+
+int StreamHeader::indexOf(const QString &name) const
+{
+    for (int i = 0; i < channels.size(); ++i)
+        if (channels[i].name.compare(name, Qt::CaseInsensitive) == 0)
+            return i;
+    return -1;
+}
+
+QString StreamHeader::commonUnit() const
+{
+    if (channels.isEmpty())
+        return {};
+    const QString first = channels.first().unit;
+    const bool same = std::all_of(channels.begin(), channels.end(), [&](const Channel &channel) {
+        return channel.unit == first;
+    });
+    return same ? first : QString();
+}
+
+QVector<Channel> StreamHeader::defaultChannels(Layout layout, int count)
+{
+    QVector<Channel> channels;
+    channels.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        if (layout == Layout::Strips)
+            channels.append({stripName(i, count), {}});
+        else if (layout == Layout::Pixels)
+            channels.append({pixelName(i, count), {}});
+        else if (layout == Layout::Spots)
+            channels.append(spotChannel(i));
+        else
+            channels.append({QStringLiteral("ch%1").arg(i + 1), {}});
+    }
+    return channels;
+}
+
+} // namespace Monitor

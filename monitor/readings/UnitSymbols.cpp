@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/UnitSymbols.h"
+
+#include <QHash>
+
+namespace Monitor {
+
+using namespace Corvale_Qt::Units;
+
+namespace {
+
+QHash<QString, MeasurementUnitType> allSymbols()
+{
+    constexpr int lastType = Type_Strips;
+    QHash<QString, MeasurementUnitType> symbols;
+    for (int code = Type_A; code <= lastType; ++code) {
+        const auto type = MeasurementUnitType(code);
+        const std::unique_ptr<MeasurementUnit> unit(MeasurementUnit::fromType(type));
+        if (!unit)
+            continue;
+        const QString name = unit->name();
+        symbols.insert(name, type);
+        if (name.startsWith(QChar(0xB5)))
+            symbols.insert(QLatin1Char('u') + name.mid(1), type);
+    }
+    symbols.insert(QStringLiteral("counts"), Type_Pulses);
+    symbols.insert(QStringLiteral("keV"), Type_KeV);
+    return symbols;
+}
+
+//! Codes are grouped by quantity in blocks of 16.
+int block(MeasurementUnitType type)
+{
+    return type / 16;
+}
+
+//! Units of these blocks stand beside each other without a factor between them (degrees, MU and gray).
+bool onlyShareABlock(const MeasurementUnit &one, const MeasurementUnit &other)
+{
+    const auto isGray = [](const MeasurementUnit &unit) {
+        return unit.type() == Type_Gy || unit.type() == Type_cGy;
+    };
+    if (block(one.type()) == block(Type_Gy))
+        return !isGray(one) || !isGray(other);
+    return block(one.type()) == block(Type_Celcius);
+}
+
+} // namespace
+
+std::unique_ptr<MeasurementUnit> unitFromSymbol(const QString &symbol)
+{
+    static const QHash<QString, MeasurementUnitType> symbols = allSymbols();
+    const auto found = symbols.find(symbol);
+    return std::unique_ptr<MeasurementUnit>(
+        found == symbols.end() ? nullptr : MeasurementUnit::fromType(*found));
+}
+
+void splitUnitSuffix(const QString &text, QString *name, QString *symbol)
+{
+    const int underscore = text.lastIndexOf(QLatin1Char('_'));
+    const QString suffix = underscore > 0 ? text.mid(underscore + 1) : QString();
+    const bool isUnit = unitFromSymbol(suffix) != nullptr;
+    *name = isUnit ? text.left(underscore) : text;
+    *symbol = isUnit ? suffix : QString();
+}
+
+bool sameQuantity(const MeasurementUnit &one, const MeasurementUnit &other)
+{
+    if (one.type() == other.type())
+        return one.type() != Type_Unknown;
+    return block(one.type()) == block(other.type()) && !onlyShareABlock(one, other);
+}
+
+} // namespace Monitor

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/ReadingBlock.h"
+#include "monitor/readings/StreamHeader.h"
+
+#include <QFile>
+#include <QObject>
+
+#include <memory>
+
+namespace Monitor {
+
+class Clock;
+
+/*! Writes what arrives to files, whole lines at a time, at least once a second: a kill at any moment loses no more
+    than that, and the file opens. A file is only ever appended to.
+
+    Where the disk is full, it says so and keeps up to maxPending bytes until there is room again; only what does
+    not fit there is lost, and the file says how much. A new acquisition begins a new file. */
+class Recorder : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        //! A file; or a folder, where each recording gets a name from the date and time.
+        QString path;
+        //! Whether an existing file may be replaced.
+        bool overwrite = false;
+        //! Seconds, or bytes, after which a new file is begun; 0 for never.
+        double rotateSeconds = 0.0;
+        qint64 rotateBytes = 0;
+        //! A line for people: where the readings come from.
+        QString source;
+    };
+    static constexpr int maxPending = 64 * 1024 * 1024;
+
+    Recorder(Clock &clock, const Options &options, QObject *parent = nullptr);
+    ~Recorder() override;
+
+    //! Opens the first file; false, with errorString(), where that fails.
+    bool start();
+    void startStream(const StreamHeader &header);
+    void addReadings(const ReadingBlock &readings);
+    void addEvent(const QString &text);
+    //! Writes what is left and closes the file; false where something could not be written.
+    bool finish();
+
+    QString fileName() const { return m_file ? m_file->fileName() : QString(); }
+    //! Bytes of the file that is being written, with those that wait.
+    qint64 size() const { return m_written + m_pending.size(); }
+    qint64 lostReadings() const { return m_allLost; }
+    //! What keeps it from writing; empty while all is well.
+    QString errorString() const { return m_error; }
+
+Q_SIGNALS:
+    //! A file was begun.
+    void fileStarted(const QString &fileName);
+    //! Writing failed; it goes on trying.
+    void failed(const QString &text);
+    //! Writing works again.
+    void recovered();
+
+private:
+    void tick();
+    bool flush();
+    bool openNext();
+    QString nextPath() const;
+    void rotateIfDue();
+    void setError(const QString &text);
+    void append(const QByteArray &text, int readings);
+
+    Clock &m_clock;
+    const Options m_options;
+    std::unique_ptr<QFile> m_file;
+    QString m_error;
+    int m_filesBegun = 0;
+    double m_fileStartedAt = 0.0;
+    double m_flushedAt = 0.0;
+
+    bool m_hasHeader = false;
+    bool m_anyReading = false;
+    StreamHeader m_header;
+    QByteArray m_pending;
+    QByteArray m_rows;
+    qint64 m_written = 0;
+    qint64 m_lost = 0;
+    qint64 m_allLost = 0;
+};
+
+} // namespace Monitor

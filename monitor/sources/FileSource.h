@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/input/CsvReader.h"
+#include "monitor/sources/Source.h"
+
+#include <QTimer>
+
+#include <limits>
+#include <memory>
+
+namespace Monitor {
+
+//! Plays a table from a file back, with the time steps that it was taken with.
+class FileSource : public Source
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        double speed = 1.0; //!< 0 for as fast as possible
+        bool loop = false;
+        double from = -std::numeric_limits<double>::infinity(); //!< seconds of the file's time
+        double to = std::numeric_limits<double>::infinity();
+    };
+
+    FileSource(Clock &clock, const QString &path, const Options &options, QObject *parent = nullptr);
+    ~FileSource() override;
+    void start() override;
+    QString description() const override;
+    LineCounts counts() const override;
+    //! How far the file has been read, 0 to 1.
+    double progress() const;
+
+private:
+    class Intake;
+    void takeHeader(const StreamHeader &header);
+    void takeReading(double time, const double *values);
+
+    void play();
+    void readAhead();
+    bool readOn();
+    void emitUntil(double time);
+    void finishWhenPlayed();
+    bool startLoop();
+
+    const QString m_path;
+    const Options m_options;
+    const std::unique_ptr<Intake> m_intake;
+    CsvReader m_reader;
+    QTimer m_unpaced;
+    bool m_atEnd = false;
+
+    ReadingBlock m_ahead;
+    int m_nextAhead = 0;
+    ReadingBlock m_out;
+
+    bool m_anyReading = false;
+    double m_playFrom = 0.0;
+    double m_startedAt = 0.0;
+    double m_offset = 0.0;
+    double m_firstTime = 0.0;
+    double m_lastTime = 0.0;
+    double m_lastStep = 0.0;
+};
+
+} // namespace Monitor

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/LineSource.h"
+
+#include "monitor/sources/Clock.h"
+
+namespace Monitor {
+
+LineSource::LineSource(Clock &clock, QObject *parent)
+    : Source(clock, parent)
+    , m_sink(*this)
+    , m_protocol(m_sink)
+{
+    connect(&clock, &Clock::tick, this, &LineSource::tick);
+}
+
+LineCounts LineSource::counts() const
+{
+    return m_protocol.counts();
+}
+
+void LineSource::start()
+{
+    m_startedAt = clock().seconds();
+    setState(State::Connecting, tr("opening %1").arg(description()));
+    open();
+}
+
+void LineSource::poll() { }
+
+void LineSource::tick()
+{
+    if (m_retryAt && clock().seconds() >= *m_retryAt) {
+        m_retryAt.reset();
+        open();
+    } else if (state() == State::Running) {
+        poll();
+    }
+}
+
+void LineSource::connected()
+{
+    m_retryAt.reset();
+    m_splitter.clear();
+    m_protocol.beginStream();
+    setState(State::Running, description());
+}
+
+void LineSource::takeBytes(std::string_view bytes)
+{
+    // A connection that answers is a good one; one that closes at once again is not.
+    m_backoff.reset();
+    m_protocol.setArrivalTime(clock().seconds() - m_startedAt);
+    m_splitter.feed(bytes, [this](std::string_view line, bool tooLong) {
+        m_protocol.takeLine(line, tooLong);
+    });
+    m_sink.flush();
+}
+
+void LineSource::endStream()
+{
+    m_splitter.finish([this](std::string_view line, bool tooLong) {
+        m_protocol.takeLine(line, tooLong);
+    });
+    m_protocol.finish();
+    m_sink.flush();
+}
+
+void LineSource::lost(const QString &text, bool inOrder)
+{
+    if (!m_reconnecting) {
+        endStream();
+        setState(inOrder ? State::Finished : State::Failed, text);
+        return;
+    }
+    // What a lost line leaves unfinished is no reading: its number may have lost digits.
+    m_splitter.clear();
+    m_protocol.finish();
+    m_sink.flush();
+    const double wait = m_backoff.next();
+    m_retryAt = clock().seconds() + wait;
+    setState(State::Retrying, tr("%1; trying again in %2 s").arg(text).arg(wait));
+}
+
+void LineSource::ended()
+{
+    endStream();
+    setState(State::Finished, tr("%1 came to its end").arg(description()));
+}
+
+} // namespace Monitor

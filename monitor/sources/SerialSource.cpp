@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/SerialSource.h"
+
+#include <QFileInfo>
+
+namespace Monitor {
+
+SerialSource::SerialSource(Clock &clock, const QString &device, int baudRate, QObject *parent)
+    : LineSource(clock, parent)
+    , m_device(device)
+    , m_baudRate(baudRate)
+{
+    connect(&m_port, &QSerialPort::readyRead, this, &SerialSource::readSome);
+    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialSource::failed, Qt::QueuedConnection);
+}
+
+SerialSource::~SerialSource()
+{
+    m_port.disconnect(this);
+}
+
+QString SerialSource::description() const
+{
+    return QStringLiteral("serial:%1?baud=%2").arg(m_device).arg(m_baudRate);
+}
+
+void SerialSource::open()
+{
+    m_port.close();
+    m_port.clearError();
+    m_port.setPortName(m_device);
+    m_port.setBaudRate(m_baudRate);
+    if (m_port.open(QIODevice::ReadOnly))
+        connected();
+    else
+        lost(QStringLiteral("%1: %2").arg(description(), m_port.errorString()));
+}
+
+//! A device that was pulled out does not always report an error: its file is gone.
+void SerialSource::poll()
+{
+    if (m_port.isOpen() && !QFileInfo::exists(m_device))
+        failed(QSerialPort::ResourceError);
+}
+
+void SerialSource::readSome()
+{
+    const QByteArray bytes = m_port.readAll();
+    takeBytes({bytes.constData(), std::size_t(bytes.size())});
+}
+
+void SerialSource::failed(QSerialPort::SerialPortError error)
+{
+    const bool lostIt = error != QSerialPort::NoError && m_port.isOpen();
+    if (!lostIt)
+        return;
+    const QString came = m_port.errorString();
+    m_port.close();
+    lost(QStringLiteral("%1: %2").arg(description(), came));
+}
+
+} // namespace Monitor

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/Source.h"
+
+#include "monitor/sources/Clock.h"
+
+namespace Monitor {
+
+Source::Source(Clock &clock, QObject *parent)
+    : QObject(parent)
+    , m_clock(clock)
+{
+    qRegisterMetaType<Monitor::StreamHeader>();
+    qRegisterMetaType<Monitor::ReadingBlock>();
+    qRegisterMetaType<Monitor::RefusedLine>();
+    qRegisterMetaType<Monitor::Source::State>();
+}
+
+Source::~Source() = default;
+
+LineCounts Source::counts() const
+{
+    return {};
+}
+
+void Source::setState(State state, const QString &text)
+{
+    if (state == m_state && text == m_stateText)
+        return;
+    m_state = state;
+    m_stateText = text;
+    Q_EMIT stateChanged(state, text);
+}
+
+SourceSink::SourceSink(Source &source)
+    : m_source(source)
+{
+}
+
+void SourceSink::flush()
+{
+    if (m_block.isEmpty())
+        return;
+    Q_EMIT m_source.readingsArrived(m_block);
+    m_block.clear(m_block.channels());
+}
+
+void SourceSink::streamStarted(const StreamHeader &header)
+{
+    flush();
+    m_block.clear(header.channels.size());
+    Q_EMIT m_source.streamStarted(header);
+}
+
+void SourceSink::reading(double time, const double *values)
+{
+    m_block.append(time, values);
+}
+
+void SourceSink::eventNoted(const QString &text)
+{
+    Q_EMIT m_source.noted(text);
+}
+
+void SourceSink::lineRefused(const RefusedLine &line)
+{
+    Q_EMIT m_source.lineRefused(line);
+}
+
+} // namespace Monitor

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/SourceFactory.h"
+
+#include "monitor/sources/SerialSource.h"
+#include "monitor/sources/SimulatorSource.h"
+#include "monitor/sources/StandardInputSource.h"
+#include "monitor/sources/TcpClientSource.h"
+#include "monitor/sources/TcpServerSource.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QUrl>
+#include <QUrlQuery>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor", text);
+}
+
+//! Whether the query has no other keys than these.
+bool hasOnly(const QUrlQuery &query, const QStringList &keys)
+{
+    const auto items = query.queryItems();
+    return std::all_of(items.begin(), items.end(), [&](const QPair<QString, QString> &item) {
+        return keys.contains(item.first);
+    });
+}
+
+//! Cuts "rest?query" in two.
+QUrlQuery splitQuery(const QString &text, QString *rest)
+{
+    const int mark = text.indexOf(QLatin1Char('?'));
+    *rest = text.left(mark);
+    return mark < 0 ? QUrlQuery() : QUrlQuery(text.mid(mark + 1));
+}
+
+} // namespace
+
+std::optional<double> secondsFromText(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^([0-9.]+)(ms|s|min|h)?$"));
+    const QRegularExpressionMatch match = form.match(text);
+    bool ok = false;
+    const double number = match.captured(1).toDouble(&ok);
+    if (!ok || !(number > 0.0))
+        return std::nullopt;
+    const QString unit = match.captured(2);
+    const double factor = unit == QLatin1String("ms") ? 1e-3
+        : unit == QLatin1String("min")                ? 60.0
+        : unit == QLatin1String("h")                  ? 3600.0
+                                                      : 1.0;
+    return number * factor;
+}
+
+SourceFactory::SourceFactory(Clock &clock, const FileSource::Options &fileOptions)
+    : m_clock(clock)
+    , m_fileOptions(fileOptions)
+{
+}
+
+std::unique_ptr<Source> SourceFactory::failed(const QString &error)
+{
+    m_error = error;
+    return nullptr;
+}
+
+std::unique_ptr<Source> SourceFactory::make(const QString &text)
+{
+    m_error.clear();
+    if (text == QLatin1String("-"))
+        return std::make_unique<StandardInputSource>(m_clock);
+    if (text.startsWith(QLatin1String("sim:")))
+        return simulator(text.mid(4));
+    if (text.startsWith(QLatin1String("tcp://")))
+        return tcpClient(text);
+    if (text.startsWith(QLatin1String("tcp-listen://")))
+        return tcpServer(text);
+    if (text.startsWith(QLatin1String("serial:")))
+        return serial(text.mid(7));
+    const QString path = text.startsWith(QLatin1String("file:")) ? text.mid(5) : text;
+    if (path.contains(QLatin1String("://")) || path.isEmpty())
+        return failed(tr("\"%1\" is no kind of source; these are: sim:, file:, -, tcp://, tcp-listen://, "
+                         "serial:")
+                          .arg(text));
+    return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
+}
+
+std::unique_ptr<Source> SourceFactory::simulator(const QString &text)
+{
+    QString name;
+    const QUrlQuery query = splitQuery(text, &name);
+    bool ok = true;
+    const unsigned seed = query.hasQueryItem(QStringLiteral("seed"))
+        ? query.queryItemValue(QStringLiteral("seed")).toUInt(&ok)
+        : SimulatorSource::defaultSeed;
+    if (!ok || !hasOnly(query, {QStringLiteral("seed")}))
+        return failed(tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
+    if (!SimulatedInstrument::make(name))
+        return failed(tr("there is no simulator \"%1\"; these are: sim:ic4, sim:strips, sim:pixels, "
+                         "sim:spots")
+                          .arg(name));
+    return std::make_unique<SimulatorSource>(m_clock, name, seed);
+}
+
+std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
+{
+    const QUrl url(text);
+    if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || !url.path().isEmpty())
+        return failed(tr("\"%1\" should be tcp://HOST:PORT").arg(text));
+    const QUrlQuery query(url);
+    TcpClientSource::Question question {{}, TcpClientSource::usualInterval};
+    question.text
+        = query.queryItemValue(QStringLiteral("ask"), QUrl::FullyDecoded).toUtf8().left(1000);
+    const QString every = query.queryItemValue(QStringLiteral("every"));
+    const std::optional<double> seconds = secondsFromText(every);
+    const bool known = hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every")});
+    if (!known || (!every.isEmpty() && !seconds) || (seconds && question.text.isEmpty()))
+        return failed(tr("\"%1\": what may follow is ?ask=TEXT&every=100ms").arg(text));
+    question.every = seconds.value_or(question.every);
+    return std::make_unique<TcpClientSource>(m_clock, url.host(), quint16(url.port()), question);
+}
+
+std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
+{
+    const QUrl url(text);
+    const QHostAddress address(url.host() == QLatin1String("localhost") ? QStringLiteral("127.0.0.1")
+                                                                        : url.host());
+    if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty()
+        || url.hasQuery())
+        return failed(tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
+                         "machine's interfaces (0.0.0.0 for all of them)")
+                          .arg(text));
+    return std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
+}
+
+std::unique_ptr<Source> SourceFactory::serial(const QString &text)
+{
+    QString device;
+    const QUrlQuery query = splitQuery(text, &device);
+    bool ok = true;
+    const int baud = query.hasQueryItem(QStringLiteral("baud"))
+        ? query.queryItemValue(QStringLiteral("baud")).toInt(&ok)
+        : SerialSource::defaultBaudRate;
+    if (device.isEmpty() || !ok || baud <= 0 || !hasOnly(query, {QStringLiteral("baud")}))
+        return failed(tr("\"serial:%1\" should be serial:DEVICE or serial:DEVICE?baud=NUMBER").arg(text));
+    return std::make_unique<SerialSource>(m_clock, device, baud);
+}
+
+} // namespace Monitor

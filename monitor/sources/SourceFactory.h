@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/sources/FileSource.h"
+
+#include <memory>
+#include <optional>
+
+namespace Monitor {
+
+/*! Makes the source that a text on the command line names:
+
+    sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path, - for standard input,
+    tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). */
+class SourceFactory
+{
+public:
+    SourceFactory(Clock &clock, const FileSource::Options &fileOptions);
+
+    //! Null, with errorString(), where the text names no source.
+    std::unique_ptr<Source> make(const QString &text);
+    //! What is wrong with the text and what would be right.
+    QString errorString() const { return m_error; }
+
+private:
+    std::unique_ptr<Source> simulator(const QString &rest);
+    std::unique_ptr<Source> tcpClient(const QString &text);
+    std::unique_ptr<Source> tcpServer(const QString &text);
+    std::unique_ptr<Source> serial(const QString &rest);
+    std::unique_ptr<Source> failed(const QString &error);
+
+    Clock &m_clock;
+    const FileSource::Options m_fileOptions;
+    QString m_error;
+};
+
+/*! Reads "100ms", "2s", "5min", "1h" or a plain number of seconds; nothing where it is no such text or not
+    above 0. */
+std::optional<double> secondsFromText(const QString &text);
+
+} // namespace Monitor

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/StandardInputSource.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace Monitor {
+
+StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *parent)
+    : LineSource(clock, parent)
+    , m_descriptor(descriptor)
+    , m_notifier(descriptor, QSocketNotifier::Read)
+{
+    m_notifier.setEnabled(false);
+    connect(&m_notifier, &QSocketNotifier::activated, this, &StandardInputSource::readSome);
+    // Who reads it knows best that nothing can be made anew here.
+    setReconnecting(false);
+}
+
+QString StandardInputSource::description() const
+{
+    return tr("standard input");
+}
+
+void StandardInputSource::open()
+{
+    connected();
+    m_notifier.setEnabled(true);
+}
+
+//! One read a turn of the event loop, so that a flood of lines leaves room for the window.
+void StandardInputSource::readSome()
+{
+    constexpr int pieceSize = 256 * 1024;
+    m_piece.resize(pieceSize);
+    const ssize_t size = ::read(m_descriptor, m_piece.data(), pieceSize);
+    if (size > 0) {
+        takeBytes({m_piece.data(), std::size_t(size)});
+        return;
+    }
+    if (size < 0 && (errno == EAGAIN || errno == EINTR))
+        return;
+    m_notifier.setEnabled(false);
+    if (size == 0)
+        ended();
+    else
+        lost(tr("reading standard input: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+}
+
+} // namespace Monitor

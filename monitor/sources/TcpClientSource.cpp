@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/TcpClientSource.h"
+
+#include "monitor/sources/Clock.h"
+
+#include <algorithm>
+
+namespace Monitor {
+
+TcpClientSource::TcpClientSource(
+    Clock &clock, const QString &host, quint16 port, const Question &question, QObject *parent)
+    : LineSource(clock, parent)
+    , m_host(host)
+    , m_port(port)
+    , m_question(question)
+{
+    connect(&m_socket, &QTcpSocket::connected, this, &TcpClientSource::socketConnected);
+    connect(&m_socket, &QTcpSocket::readyRead, this, &TcpClientSource::socketReadable);
+    connect(&m_socket,
+            QOverload<QAbstractSocket::SocketError>::of(&QAbstractSocket::errorOccurred),
+            this,
+            &TcpClientSource::socketFailed);
+}
+
+TcpClientSource::~TcpClientSource()
+{
+    m_socket.disconnect(this);
+}
+
+QString TcpClientSource::description() const
+{
+    return QStringLiteral("tcp://%1:%2").arg(m_host).arg(m_port);
+}
+
+void TcpClientSource::open()
+{
+    m_up = false;
+    m_socket.abort();
+    m_socket.connectToHost(m_host, m_port);
+}
+
+void TcpClientSource::socketConnected()
+{
+    // A peer that vanishes without a word is found out by the system in the end.
+    m_socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+    m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    // What the window cannot take stays with the sender, not in this program's memory.
+    constexpr qint64 readBufferSize = 1024 * 1024;
+    m_socket.setReadBufferSize(readBufferSize);
+    m_up = true;
+    m_answered = true;
+    connected();
+    ask();
+}
+
+void TcpClientSource::socketReadable()
+{
+    constexpr qint64 pieceSize = 256 * 1024;
+    const QByteArray bytes = m_socket.read(pieceSize);
+    m_answered = m_answered || bytes.contains('\n') || bytes.contains('\r');
+    takeBytes({bytes.constData(), std::size_t(bytes.size())});
+    if (m_socket.bytesAvailable() > 0)
+        QMetaObject::invokeMethod(this, &TcpClientSource::socketReadable, Qt::QueuedConnection);
+}
+
+void TcpClientSource::socketFailed()
+{
+    const bool closedByPeer = m_socket.error() == QAbstractSocket::RemoteHostClosedError;
+    const QString came = closedByPeer ? tr("closed by the other side") : m_socket.errorString();
+    while (m_up && m_socket.bytesAvailable() > 0) {
+        const QByteArray rest = m_socket.readAll();
+        takeBytes({rest.constData(), std::size_t(rest.size())});
+    }
+    m_up = false;
+    lost(QStringLiteral("%1: %2").arg(description(), came), closedByPeer);
+}
+
+void TcpClientSource::poll()
+{
+    ask();
+}
+
+void TcpClientSource::ask()
+{
+    if (m_question.text.isEmpty() || !m_up)
+        return;
+    // An answer that never comes must not end the conversation.
+    const double now = clock().seconds();
+    const double patience = std::max(1.0, 3.0 * m_question.every);
+    const bool due = now - m_askedAt >= (m_answered ? m_question.every : patience);
+    if (!due && m_askedAt > 0.0)
+        return;
+    m_askedAt = now;
+    m_answered = false;
+    m_socket.write(m_question.text + '\n');
+}
+
+} // namespace Monitor

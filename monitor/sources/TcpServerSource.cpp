@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/TcpServerSource.h"
+
+namespace Monitor {
+
+TcpServerSource::TcpServerSource(Clock &clock,
+                                 const QHostAddress &address,
+                                 quint16 port,
+                                 QObject *parent)
+    : LineSource(clock, parent)
+    , m_address(address)
+    , m_port(port)
+{
+    connect(&m_server, &QTcpServer::newConnection, this, &TcpServerSource::peerArrived);
+}
+
+TcpServerSource::~TcpServerSource()
+{
+    dropPeer();
+}
+
+QString TcpServerSource::description() const
+{
+    return QStringLiteral("tcp-listen://%1:%2").arg(m_address.toString()).arg(m_port);
+}
+
+quint16 TcpServerSource::port() const
+{
+    return m_server.serverPort();
+}
+
+void TcpServerSource::open()
+{
+    if (m_server.isListening())
+        return; // the peer has gone; the next one is welcome at any time
+    if (!m_server.listen(m_address, m_port))
+        lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
+}
+
+void TcpServerSource::peerArrived()
+{
+    while (QTcpSocket *peer = m_server.nextPendingConnection()) {
+        // An instrument that starts anew is the newest; its old connection may linger half open.
+        if (m_peer)
+            Q_EMIT noted(tr("%1: a new peer takes the place of the old one").arg(description()));
+        dropPeer();
+        m_peer = peer;
+        constexpr qint64 readBufferSize = 1024 * 1024;
+        peer->setReadBufferSize(readBufferSize);
+        peer->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+        connect(peer, &QTcpSocket::readyRead, this, [this, peer] { readPeer(peer); });
+        connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
+            readPeer(peer);
+            dropPeer();
+            lost(tr("%1: the peer has closed").arg(description()), true);
+        });
+        connected();
+        readPeer(peer);
+    }
+}
+
+void TcpServerSource::readPeer(QTcpSocket *peer)
+{
+    while (peer == m_peer && peer->bytesAvailable() > 0) {
+        constexpr qint64 pieceSize = 256 * 1024;
+        const QByteArray bytes = peer->read(pieceSize);
+        takeBytes({bytes.constData(), std::size_t(bytes.size())});
+    }
+}
+
+void TcpServerSource::dropPeer()
+{
+    if (!m_peer)
+        return;
+    m_peer->disconnect(this);
+    m_peer->abort();
+    m_peer->deleteLater();
+    m_peer.clear();
+}
+
+} // namespace Monitor

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/sources/LineSource.h"
+
+#include <QHostAddress>
+#include <QPointer>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace Monitor {
+
+//! Lines from whoever connects to a port of this machine: one peer at a time, the newest.
+class TcpServerSource : public LineSource
+{
+    Q_OBJECT
+
+public:
+    TcpServerSource(Clock &clock, const QHostAddress &address, quint16 port, QObject *parent = nullptr);
+    ~TcpServerSource() override;
+    QString description() const override;
+    //! The port listened at, also where 0 was asked for; 0 while it does not listen.
+    quint16 port() const;
+
+protected:
+    void open() override;
+
+private:
+    void peerArrived();
+    void readPeer(QTcpSocket *peer);
+    void dropPeer();
+
+    const QHostAddress m_address;
+    const quint16 m_port;
+    QTcpServer m_server;
+    QPointer<QTcpSocket> m_peer;
+};
+
+} // namespace Monitor

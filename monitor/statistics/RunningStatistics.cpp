@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/statistics/RunningStatistics.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr double none = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+void RunningStatistics::add(double time, double value)
+{
+    if (!std::isfinite(value))
+        return;
+    if (m_count > 0)
+        m_integral += 0.5 * (value + m_lastValue) * (time - m_lastTime);
+    m_lastTime = time;
+    m_lastValue = value;
+    ++m_count;
+    const double deviation = value - m_mean;
+    m_mean += deviation / double(m_count);
+    m_squares += deviation * (value - m_mean);
+    m_minimum = std::min(m_minimum, value);
+    m_maximum = std::max(m_maximum, value);
+}
+
+double RunningStatistics::mean() const
+{
+    return m_count > 0 ? m_mean : none;
+}
+
+double RunningStatistics::sigma() const
+{
+    return m_count > 1 ? std::sqrt(m_squares / double(m_count - 1)) : none;
+}
+
+double RunningStatistics::populationSigma() const
+{
+    return m_count > 0 ? std::sqrt(m_squares / double(m_count)) : none;
+}
+
+double RunningStatistics::minimum() const
+{
+    return m_count > 0 ? m_minimum : none;
+}
+
+double RunningStatistics::maximum() const
+{
+    return m_count > 0 ? m_maximum : none;
+}
+
+} // namespace Monitor

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/statistics/StatisticsReport.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int numberWidth = 18;
+
+QString number(double value)
+{
+    return std::isnan(value) ? QStringLiteral("-") : QString::number(value, 'g', 10);
+}
+
+QJsonValue jsonNumber(double value)
+{
+    return std::isfinite(value) ? QJsonValue(value) : QJsonValue(QJsonValue::Null);
+}
+
+void writeRow(QTextStream &out, const QString &name, int nameWidth, const QStringList &cells)
+{
+    out << name.leftJustified(nameWidth);
+    for (const QString &cell : cells)
+        out << "  " << cell.rightJustified(numberWidth);
+    out << "\n";
+}
+
+int widestName(const StreamHeader &header)
+{
+    int width = 7;
+    for (const Channel &channel : header.channels)
+        width = std::max(width, channel.name.size());
+    return width;
+}
+
+void writeChannels(QTextStream &out, const StreamStatistics &statistics)
+{
+    const StreamHeader &header = statistics.header();
+    const int width = widestName(header);
+    writeRow(out, QStringLiteral("channel"), width, {"unit", "n", "mean", "sigma", "min", "max", "integral"});
+    for (int i = 0; i < header.channels.size(); ++i) {
+        const RunningStatistics &channel = statistics.channel(i);
+        const QString unit = header.channels[i].unit;
+        writeRow(out,
+                 header.channels[i].name,
+                 width,
+                 {unit.isEmpty() ? QStringLiteral("-") : unit,
+                  QString::number(channel.count()),
+                  number(channel.mean()),
+                  number(channel.sigma()),
+                  number(channel.minimum()),
+                  number(channel.maximum()),
+                  number(channel.integral())});
+    }
+}
+
+void writeFrames(QTextStream &out, const StreamStatistics &statistics)
+{
+    constexpr std::size_t shown = 100;
+    const auto &frames = statistics.frames();
+    if (frames.empty())
+        return;
+    const std::size_t first = frames.size() - std::min(shown, frames.size());
+    out << "\nMoments of " << (first > 0 ? "the last 100 frames" : "the frames")
+        << ", in cells (1 is the centre of the first cell)\n";
+    writeRow(out,
+             QStringLiteral("time"),
+             12,
+             {"total", "max", "max row", "max column", "centroid column", "centroid row", "rms column",
+              "rms row"});
+    for (std::size_t i = first; i < frames.size(); ++i) {
+        const FrameMoments &moments = frames[i].moments;
+        writeRow(out,
+                 number(frames[i].time),
+                 12,
+                 {number(moments.total),
+                  number(moments.maximum),
+                  QString::number(moments.maximumRow),
+                  QString::number(moments.maximumColumn),
+                  number(moments.centroidColumn),
+                  number(moments.centroidRow),
+                  number(moments.rmsColumn),
+                  number(moments.rmsRow)});
+    }
+}
+
+void writeFits(QTextStream &out, const std::vector<ProfileFitResult> &fits)
+{
+    if (fits.empty())
+        return;
+    out << "\nGaussian fit of the last reading, in channels (1 is the centre of the first)\n";
+    writeRow(out, QStringLiteral("profile"), 7, {"position", "sigma", "peak", "integral"});
+    for (const ProfileFitResult &fit : fits) {
+        if (fit.valid)
+            writeRow(out,
+                     fit.profile,
+                     7,
+                     {number(fit.position), number(fit.sigma), number(fit.peak), number(fit.integral)});
+        else
+            out << fit.profile.leftJustified(7) << "  " << fit.message << "\n";
+    }
+}
+
+QJsonArray jsonChannels(const StreamStatistics &statistics)
+{
+    QJsonArray channels;
+    for (int i = 0; i < statistics.header().channels.size(); ++i) {
+        const RunningStatistics &channel = statistics.channel(i);
+        channels.append(QJsonObject {
+            {"name", statistics.header().channels[i].name},
+            {"unit", statistics.header().channels[i].unit},
+            {"n", double(channel.count())},
+            {"mean", jsonNumber(channel.mean())},
+            {"sigma", jsonNumber(channel.sigma())},
+            {"sigma_population", jsonNumber(channel.populationSigma())},
+            {"min", jsonNumber(channel.minimum())},
+            {"max", jsonNumber(channel.maximum())},
+            {"integral", jsonNumber(channel.integral())},
+        });
+    }
+    return channels;
+}
+
+QJsonArray jsonFrames(const StreamStatistics &statistics)
+{
+    QJsonArray frames;
+    for (const StreamStatistics::Frame &frame : statistics.frames())
+        frames.append(QJsonObject {
+            {"time", jsonNumber(frame.time)},
+            {"total", jsonNumber(frame.moments.total)},
+            {"max", jsonNumber(frame.moments.maximum)},
+            {"max_row", frame.moments.maximumRow},
+            {"max_col", frame.moments.maximumColumn},
+            {"centroid_col", jsonNumber(frame.moments.centroidColumn)},
+            {"centroid_row", jsonNumber(frame.moments.centroidRow)},
+            {"rms_col", jsonNumber(frame.moments.rmsColumn)},
+            {"rms_row", jsonNumber(frame.moments.rmsRow)},
+        });
+    return frames;
+}
+
+QJsonArray jsonFits(const std::vector<ProfileFitResult> &fits)
+{
+    QJsonArray array;
+    for (const ProfileFitResult &fit : fits) {
+        QJsonObject object {{"profile", fit.profile}, {"valid", fit.valid}};
+        if (fit.valid) {
+            object.insert("position", jsonNumber(fit.position));
+            object.insert("sigma", jsonNumber(fit.sigma));
+            object.insert("peak", jsonNumber(fit.peak));
+            object.insert("integral", jsonNumber(fit.integral));
+        } else {
+            object.insert("message", fit.message);
+        }
+        array.append(object);
+    }
+    return array;
+}
+
+} // namespace
+
+QByteArray StatisticsReport::text() const
+{
+    QByteArray bytes;
+    QTextStream out(&bytes);
+    out.setCodec("UTF-8");
+    const StreamStatistics &stream = *statistics;
+    out << "source    " << source << "\n";
+    out << "layout    " << layoutName(stream.header().layout) << "\n";
+    out << "readings  " << stream.readings() << " from " << number(stream.firstTime()) << " s to "
+        << number(stream.lastTime()) << " s\n";
+    out << "gaps      " << stream.gaps() << "\n";
+    out << "bad lines " << counts.bad() << "\n\n";
+    writeChannels(out, stream);
+    writeFrames(out, stream);
+    writeFits(out, fits);
+    out.flush();
+    return bytes;
+}
+
+QByteArray StatisticsReport::json() const
+{
+    const StreamStatistics &stream = *statistics;
+    const QJsonObject report {
+        {"source", source},
+        {"layout", layoutName(stream.header().layout)},
+        {"readings", double(stream.readings())},
+        {"first_time", jsonNumber(stream.firstTime())},
+        {"last_time", jsonNumber(stream.lastTime())},
+        {"gaps", double(stream.gaps())},
+        {"bad_lines", double(counts.bad())},
+        {"channels", jsonChannels(stream)},
+        {"frames", jsonFrames(stream)},
+        {"fits", jsonFits(fits)},
+    };
+    return QJsonDocument(report).toJson();
+}
+
+} // namespace Monitor

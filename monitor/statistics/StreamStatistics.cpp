@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/statistics/StreamStatistics.h"
+
+namespace Monitor {
+
+void StreamStatistics::startStream(const StreamHeader &header)
+{
+    *this = StreamStatistics();
+    m_header = header;
+    m_grid = PixelGrid::of(header);
+    m_channels.resize(std::size_t(header.channels.size()));
+}
+
+void StreamStatistics::addReadings(const ReadingBlock &readings)
+{
+    if (readings.channels() != m_header.channels.size() || readings.isEmpty())
+        return;
+    for (int row = 0; row < readings.size(); ++row) {
+        const double time = readings.time(row);
+        if (m_readings++ == 0)
+            m_firstTime = time;
+        else
+            noteStep(time - m_lastTime);
+        m_lastTime = time;
+        const double *values = readings.values(row);
+        for (std::size_t i = 0; i < m_channels.size(); ++i)
+            m_channels[i].add(time, values[i]);
+        if (m_grid.isEmpty())
+            continue;
+        m_frames.push_back({time, FrameMoments::of(values, m_grid.rows, m_grid.columns)});
+        if (m_frames.size() > maxFrames)
+            m_frames.pop_front();
+    }
+    const double *last = readings.values(readings.size() - 1);
+    m_lastValues.assign(last, last + m_channels.size());
+}
+
+//! The usual step follows the stream slowly; a gap does not count as one.
+void StreamStatistics::noteStep(double step)
+{
+    constexpr double gapFactor = 3.0, follow = 0.1;
+    if (m_usualStep > 0.0 && step > gapFactor * m_usualStep)
+        ++m_gaps;
+    else
+        m_usualStep = m_usualStep > 0.0 ? m_usualStep + follow * (step - m_usualStep) : step;
+}
+
+} // namespace Monitor

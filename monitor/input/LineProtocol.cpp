@@ -149,19 +149,22 @@ bool LineProtocol::takeHeader()
     return true;
 }
 
-//! Takes the number of channels from "#channels", else from this first line of data.
+/*! Takes the number of channels from "#channels", else from this first line of data, which also tells whether the
+    lines bring a time: later, a line without one is a line with a value missing. */
 bool LineProtocol::adoptShape()
 {
     QVector<Channel> channels = m_metadata.channels();
+    const int fields = int(m_fields.size());
     if (channels.isEmpty()) {
-        const int values = m_fields.size() == 1 ? 1 : int(m_fields.size()) - 1;
+        const int values = fields == 1 ? 1 : fields - 1;
         if (values > StreamHeader::maxChannels) {
             refuse(currentLine(Refusal::TooManyValues));
             return false;
         }
         channels = StreamHeader::defaultChannels(m_metadata.layout(), values);
     }
-    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.layout());
+    const bool timed = fields != channels.size();
+    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.layout(), timed);
     m_hasNamedColumns = false;
     m_shapeProven = false;
     m_headerTold = false;
@@ -176,13 +179,18 @@ void LineProtocol::shapeMismatch(std::string_view line)
     m_otherCountRun = m_fields.size() == m_otherCount ? m_otherCountRun + 1 : 1;
     m_otherCount = m_fields.size();
 
-    const bool declared = !m_metadata.channels().isEmpty() && !m_hasNamedColumns;
+    const int declared = m_hasNamedColumns ? 0 : m_metadata.channels().size();
+    const int values = int(m_fields.size());
+    const bool undeclared = declared > 0 && values != declared && values != declared + 1;
     const bool firstWasWrong = m_held && !m_hasNamedColumns && !m_shapeProven;
     const bool headerWasWrong = m_hasNamedColumns && !m_shapeProven && !m_held
         && m_otherCountRun >= linesAgainstAHeader;
     const bool newTable = m_otherCountRun >= linesOfAnotherShape;
-    if (tooMany || declared || !(firstWasWrong || headerWasWrong || newTable)) {
+    if (tooMany || undeclared || !(firstWasWrong || headerWasWrong || newTable)) {
         refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));
+        const bool nothingYet = !m_shapeProven && !m_held && !m_hasNamedColumns;
+        if (nothingYet)
+            forgetShape();
         return;
     }
     if (headerWasWrong)

@@ -8,10 +8,11 @@ namespace Monitor {
 void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
 {
     // The LF of a CR LF whose halves came in two pieces.
-    if (m_afterReturn && !bytes.empty() && bytes.front() == '\n')
+    if (bytes.empty())
+        return;
+    if (m_afterReturn && bytes.front() == '\n')
         bytes.remove_prefix(1);
-    if (!bytes.empty())
-        m_afterReturn = false;
+    m_afterReturn = false;
     for (;;) {
         const std::size_t end = bytes.find_first_of("\r\n");
         if (end == std::string_view::npos)

@@ -32,8 +32,9 @@ RowReader::~RowReader() = default;
 
 void RowReader::finish(const RowHandler &) { }
 
-TimedRowReader::TimedRowReader(const QVector<Channel> &channels, Layout layout)
+TimedRowReader::TimedRowReader(const QVector<Channel> &channels, Layout layout, bool timed)
     : RowReader(channels, layout)
+    , m_timed(timed)
     , m_values(std::size_t(channels.size()))
 {
 }
@@ -41,13 +42,12 @@ TimedRowReader::TimedRowReader(const QVector<Channel> &channels, Layout layout)
 RowReader::Outcome
 TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler &handler)
 {
-    const bool timed = fields.size() == m_values.size() + 1;
-    if (!timed && fields.size() != m_values.size())
+    const std::size_t first = m_timed ? 1 : 0;
+    if (fields.size() != m_values.size() + first)
         return Outcome::WrongCount;
     double time = arrivalTime;
-    if (timed && !readTime(fields[0], arrivalTime, &time))
+    if (m_timed && !readTime(fields[0], arrivalTime, &time))
         return Outcome::Unreadable;
-    const std::size_t first = timed ? 1 : 0;
     for (std::size_t i = 0; i < m_values.size(); ++i)
         if (!parseNumber(fields[first + i], &m_values[i]))
             return Outcome::Unreadable;

@@ -41,14 +41,15 @@ private:
     Layout m_layout;
 };
 
-//! "t,v1,v2,..." or, without a time, "v1,v2,...": the number of fields tells which.
+//! "t,v1,v2,..." or, where the lines bring no time, "v1,v2,...".
 class TimedRowReader : public RowReader
 {
 public:
-    TimedRowReader(const QVector<Channel> &channels, Layout layout);
+    TimedRowReader(const QVector<Channel> &channels, Layout layout, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
 
 private:
+    const bool m_timed;
     std::vector<double> m_values;
 };
 

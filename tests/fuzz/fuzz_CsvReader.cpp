@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/CsvReader.h"
+#include "monitor/recording/RecordingWriter.h"
+#include "tests/support/FuzzTarget.h"
+
+#include <QTemporaryFile>
+
+using namespace Monitor;
+
+std::vector<std::string> fuzzSeeds()
+{
+    return {"time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
+            "timestamp(s),channel_1,\n12.500000000,0.000123,\n",
+            "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,5,1,7,\n2,6,1.5,8,\n,,3,9,\n",
+            "#corvale 1\n#layout pixels\n#channels a,b\n#unit nA,\ntime_s,a_nA,b\n0,1,2\n1,,4\n",
+            "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
+            "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};
+}
+
+namespace {
+
+//! Writes what it is told as a recording.
+class RecordingSink : public StreamSink
+{
+public:
+    void streamStarted(const StreamHeader &header) override
+    {
+        m_channels = header.channels.size();
+        text += recordingHeader(header, QStringLiteral("fuzz"));
+    }
+    void reading(double time, const double *values) override
+    {
+        appendRecordingRow(&text, time, values, m_channels);
+    }
+    void eventNoted(const QString &) override { }
+    void lineRefused(const RefusedLine &) override { ++refused; }
+
+    QByteArray text;
+    int refused = 0;
+
+private:
+    int m_channels = 0;
+};
+
+void readInto(const QByteArray &content, RecordingSink *sink)
+{
+    static QTemporaryFile file;
+    if (!file.isOpen())
+        file.open();
+    file.resize(0);
+    file.seek(0);
+    file.write(content);
+    file.flush();
+    CsvReader reader(*sink);
+    FUZZ_REQUIRE(reader.open(file.fileName()));
+    while (reader.read(100)) { }
+}
+
+} // namespace
+
+//! Whatever table was read, its recording reads back the same, and loses no line.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    RecordingSink first, second;
+    readInto(QByteArray(reinterpret_cast<const char *>(data), int(size)), &first);
+    readInto(first.text, &second);
+    FUZZ_REQUIRE(second.refused == 0);
+    FUZZ_REQUIRE(second.text == first.text);
+    return 0;
+}

@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/LineProtocol.h"
+#include "monitor/input/LineSplitter.h"
+#include "tests/monitor/support/TextSink.h"
+#include "tests/support/TestMain.h"
+
+using namespace Monitor;
+
+class tst_LineProtocol : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void linesBecomeReadings_data();
+    void linesBecomeReadings();
+    void tooMuchIsDropped();
+    void aCutAndMadeConnection_data();
+    void aCutAndMadeConnection();
+    void arrivalTimeStandsIn();
+    void metadataReachesTheHeader();
+    void piecesMakeLines_data();
+    void piecesMakeLines();
+    void countsAddUp();
+};
+
+static QString readAll(const QByteArray &lines)
+{
+    TextSink sink;
+    LineProtocol protocol(sink);
+    protocol.setArrivalTime(9.0);
+    for (const QByteArray &line : lines.split('/'))
+        protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+    protocol.finish();
+    return sink.text();
+}
+
+void tst_LineProtocol::linesBecomeReadings_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char *lines, const char *expected) {
+        QTest::newRow(name) << QByteArray(lines) << QString(expected);
+    };
+    row("commas", "0,1,2/1,3,4", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
+    row("white space", "0 1\t2/1  3 4 ", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
+    row("plus, exponent and blanks at the commas", "0 , +1e-3/1, -2.5E2",
+        "start channels ch1 | 0: 0.001 | 1: -250");
+    row("no reading", "0,1,/1,,4/2,,", "start channels ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
+    row("nan is no reading, inf is one", "0,nan/1,inf", "start channels ch1 | 0: - | 1: inf");
+    row("one line alone", "5,1", "start channels ch1 | 5: 1");
+    row("declared", "#corvale 1/#channels left, right/#unit nA/0,1,2",
+        "start channels left:nA right:nA | 0: 1 2");
+    row("a unit each", "#channels a,b,c/#unit nA,,mm/0,1,2,3", "start channels a:nA b c:mm | 0: 1 2 3");
+    row("without a time", "#channels a,b/1,2/3,4", "start channels a b | 9: 1 2 | 9: 3 4");
+    row("an empty time", "0,1/,2", "start channels ch1 | 0: 1 | 9: 2");
+    row("one number a line", "1/2", "start channels ch1 | 9: 1 | 9: 2");
+    row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
+    row("pixels", "#layout pixels/0,1,2,3,4", "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
+    row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
+    row("an event", "#event door open/0,1", "event door open | start channels ch1 | 0: 1");
+    row("comments and empty lines", "# hello//#whatever/0,1", "start channels ch1 | 0: 1");
+    row("garbage between", "0,1/\x01\xff\x02,x/1,2",
+        "refused 2 not readable | start channels ch1 | 0: 1 | 1: 2");
+    row("a number with a tail", "0,1/1,2x/2,3",
+        "refused 2 not readable | start channels ch1 | 0: 1 | 2: 3");
+    row("time goes backwards", "5,1/6,2/5.5,3/7,4",
+        "start channels ch1 | 5: 1 | 6: 2 | refused 3 its time goes backwards | 7: 4");
+    row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
+    row("a time that is none", "nan,1/1,2/inf,3/2,4",
+        "refused 1 not readable | refused 3 not readable | start channels ch1 | 1: 2 | 2: 4");
+    row("one value too few", "0,1,2/1,3,4/2,5/3,6,7",
+        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 another number of values than the lines "
+        "before | 3: 6 7");
+    row("joined in the middle of a line", "7,8/1,3,4/2,5,6",
+        "refused 1 another number of values than the lines before | start channels ch1 ch2 | 1: 3 4 | "
+        "2: 5 6");
+    row("declared, joined in the middle of a line", "#channels a,b/7,8/1,3,4/2,5,6",
+        "refused 2 another number of values than the lines before | start channels a b | 1: 3 4 | 2: 5 6");
+    row("declared otherwise", "#channels a,b/0,1,2,3/0,1,2",
+        "refused 2 another number of values than the lines before | start channels a b | 0: 1 2");
+    row("a greeting", "Welcome to electrometer/0,1/1,2/2,3",
+        "refused 2 another number of values than the lines before | refused 1 not readable | start "
+        "channels ch1 | 1: 2 | 2: 3");
+    row("new metadata is a new stream", "0,1/1,2/#unit nA/2,3",
+        "start channels ch1 | 0: 1 | 1: 2 | start channels ch1:nA | 2: 3");
+    row("the stream starts over", "5,1/6,2/#corvale 1/0,3/1,4",
+        "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 1: 4");
+    row("an unknown layout", "#layout rings/0,1", "refused 1 not readable | start channels ch1 | 0: 1");
+    row("a range that is none", "#range 5,1/#range a/0,1",
+        "refused 1 not readable | refused 2 not readable | start channels ch1 | 0: 1");
+    row("the header of a table", "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
+        "start channels left:nA x:mm | 0: 1 2 | 1: 3 4");
+    row("the time is not the first column", "frame,time_ms,a/1,500,2/2,1500,3",
+        "start channels a | 0.5: 2 | 1.5: 3");
+    row("the instrument is set up anew",
+        "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
+        "start channels ch1 | 0: 1 | 1: 1"
+        " | refused 3 another number of values than the lines before"
+        " | refused 4 another number of values than the lines before"
+        " | refused 5 another number of values than the lines before"
+        " | refused 6 another number of values than the lines before"
+        " | refused 7 another number of values than the lines before"
+        " | refused 8 another number of values than the lines before"
+        " | refused 9 another number of values than the lines before"
+        " | refused 10 another number of values than the lines before"
+        " | refused 11 another number of values than the lines before"
+        " | start channels ch1 ch2 | 11: 1 1 | 12: 1 1");
+}
+
+void tst_LineProtocol::linesBecomeReadings()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(QString, expected);
+    QCOMPARE(readAll(lines), expected);
+}
+
+void tst_LineProtocol::tooMuchIsDropped()
+{
+    const QByteArray most = "0" + QByteArray(",1").repeated(256);
+    QCOMPARE(readAll(most).count(QStringLiteral(" 1")), 256);
+    QCOMPARE(readAll(most + ",1/0,1"),
+             QStringLiteral("refused 1 more than 256 values | start channels ch1 | 0: 1"));
+    QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
+             QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 more than 256 values | 2: 3"));
+    const QByteArray commas(LineSplitter::maxLength, ',');
+    QCOMPARE(readAll(commas), QStringLiteral("refused 1 more than 256 values"));
+}
+
+void tst_LineProtocol::aCutAndMadeConnection_data()
+{
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("time goes on") << QByteArray("11,3/12,4") << "11: 3 | 12: 4";
+    QTest::newRow("time starts over")
+        << QByteArray("0,3/1,4") << "start channels a | 0: 3 | 1: 4";
+    QTest::newRow("the end of a line, then time goes on")
+        << QByteArray("1,3/12,4/13,5") << "refused 3 its time goes backwards | 12: 4 | 13: 5";
+    QTest::newRow("the header again")
+        << QByteArray("time_s,a/11,3/12,4") << "11: 3 | 12: 4";
+}
+
+void tst_LineProtocol::aCutAndMadeConnection()
+{
+    QFETCH(QByteArray, after);
+    QFETCH(QString, expected);
+    TextSink sink;
+    LineProtocol protocol(sink);
+    const auto take = [&](const QByteArray &lines) {
+        for (const QByteArray &line : lines.split('/'))
+            protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+    };
+    take("#channels a/9,1/10,2");
+    sink.lines.clear();
+    protocol.beginStream();
+    take(after);
+    protocol.finish();
+    QString text = sink.text();
+    text.replace(QStringLiteral("refused 4"), QStringLiteral("refused 3"));
+    QCOMPARE(text, expected);
+}
+
+void tst_LineProtocol::arrivalTimeStandsIn()
+{
+    TextSink sink;
+    LineProtocol protocol(sink);
+    for (int i = 0; i < 3; ++i) {
+        protocol.setArrivalTime(0.5 * i);
+        protocol.takeLine(",7", false);
+    }
+    QCOMPARE(sink.text(), QStringLiteral("start channels ch1 | 0: 7 | 0.5: 7 | 1: 7"));
+}
+
+void tst_LineProtocol::metadataReachesTheHeader()
+{
+    TextSink sink;
+    LineProtocol protocol(sink);
+    for (const char *line : {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "1,1"})
+        protocol.takeLine(line, false);
+    QCOMPARE(sink.header().startTime, QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
+    QCOMPARE(sink.header().rangeLow, -2.0);
+    QCOMPARE(sink.header().rangeHigh, 5000.0);
+}
+
+void tst_LineProtocol::piecesMakeLines_data()
+{
+    QTest::addColumn<int>("pieceSize");
+    for (const int size : {1, 2, 3, 7, 100})
+        QTest::addRow("pieces of %d", size) << size;
+}
+
+void tst_LineProtocol::piecesMakeLines()
+{
+    QFETCH(int, pieceSize);
+    const QByteArray bytes = "one\ntwo\r\nthree\rfour\r\n\nrest";
+    LineSplitter splitter;
+    QByteArrayList lines;
+    const auto take = [&](std::string_view line, bool) {
+        lines.append(QByteArray(line.data(), int(line.size())));
+    };
+    for (int i = 0; i < bytes.size(); i += pieceSize) {
+        const QByteArray piece = bytes.mid(i, pieceSize);
+        splitter.feed({piece.constData(), std::size_t(piece.size())}, take);
+    }
+    QCOMPARE(lines.join('|'), QByteArray("one|two|three|four|"));
+    QVERIFY(splitter.hasRest());
+    splitter.finish(take);
+    QCOMPARE(lines.last(), QByteArray("rest"));
+
+    // A line without end keeps no more than its limit, and the next one is whole again.
+    lines.clear();
+    bool cut = false;
+    const QByteArray endless(3 * LineSplitter::maxLength, 'x');
+    const auto note = [&](std::string_view line, bool tooLong) {
+        lines.append(QByteArray::number(int(line.size())));
+        cut = cut || tooLong;
+    };
+    for (int i = 0; i < endless.size(); i += 1000)
+        splitter.feed({endless.constData() + i, std::size_t(qMin(1000, endless.size() - i))}, note);
+    splitter.feed("\nabc\n", note);
+    QVERIFY(cut);
+    QCOMPARE(lines.join('|'), QByteArray("65536|3"));
+}
+
+void tst_LineProtocol::countsAddUp()
+{
+    TextSink sink;
+    LineProtocol protocol(sink);
+    for (const char *line : {"0,1", "1,1", "x", "0,1", "2,1,1", "2,1"})
+        protocol.takeLine(line, false);
+    protocol.takeLine("3,1", true);
+    const LineCounts &counts = protocol.counts();
+    QCOMPARE(counts.lines, qint64(7));
+    QCOMPARE(counts.readings, qint64(3));
+    QCOMPARE(counts.bad(), qint64(4));
+    QCOMPARE(counts.lines, counts.readings + counts.bad());
+}
+
+CORVALE_QT_TEST_MAIN(tst_LineProtocol)
+#include "tst_LineProtocol.moc"

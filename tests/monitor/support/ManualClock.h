@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/sources/Clock.h"
+
+//! A clock that only a test moves.
+class ManualClock : public Monitor::Clock
+{
+public:
+    double seconds() const override { return m_seconds; }
+    QDateTime wallTime() const override
+    {
+        return QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC).addMSecs(qint64(m_seconds * 1000.0));
+    }
+    //! Lets \a seconds pass, in ticks of 20 ms.
+    void advance(double seconds)
+    {
+        constexpr double step = 0.02;
+        const double end = m_seconds + seconds;
+        while (m_seconds + step < end) {
+            m_seconds += step;
+            Q_EMIT tick();
+        }
+        m_seconds = end;
+        Q_EMIT tick();
+    }
+
+private:
+    double m_seconds = 100.0;
+};

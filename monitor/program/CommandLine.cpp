@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/program/CommandLine.h"
+
+#include "monitor/program/OptionTexts.h"
+#include "monitor/sources/SourceFactory.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QTextStream>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+//! Reads the values of options into their places; the first that makes no sense is kept.
+class ValueReader
+{
+public:
+    explicit ValueReader(const QCommandLineParser &parser)
+        : m_parser(parser)
+    {
+    }
+
+    void number(const char *name, double *value, double least)
+    {
+        bool ok = false;
+        const double number = text(name).toDouble(&ok);
+        if (!isSet(name))
+            return;
+        if (ok && number >= least)
+            *value = number;
+        else
+            fail(name, tr("a number"));
+    }
+    void range(double *low, double *high)
+    {
+        const QStringList limits = text("range").split(QLatin1Char(','));
+        if (!isSet("range"))
+            return;
+        bool lowOk = false, highOk = false;
+        *low = limits.value(0).toDouble(&lowOk);
+        *high = limits.value(1).toDouble(&highOk);
+        if (!lowOk || !highOk || limits.size() != 2 || !(*low < *high))
+            fail("range", tr("two numbers, the lower one first, like -1e-6,1e-6"));
+    }
+    void size(QSize *size)
+    {
+        static const QRegularExpression form(QStringLiteral("^(\\d{2,5})x(\\d{2,5})$"));
+        const QRegularExpressionMatch match = form.match(text("size"));
+        if (match.hasMatch())
+            *size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+        else if (isSet("size"))
+            fail("size", tr("a width and a height, like 1280x800"));
+    }
+    void amount(qint64 *readings, double *seconds)
+    {
+        static const QRegularExpression form(QStringLiteral("^(\\d{1,12})(frames|readings)$"));
+        const QRegularExpressionMatch match = form.match(text("after"));
+        const std::optional<double> time = secondsFromText(text("after"));
+        if (match.hasMatch() && match.captured(1).toLongLong() > 0)
+            *readings = match.captured(1).toLongLong();
+        else if (time)
+            *seconds = *time;
+        else if (isSet("after"))
+            fail("after", tr("an amount of data, like 200frames or 2s"));
+    }
+    void rotation(Recorder::Options *options)
+    {
+        static const QRegularExpression form(QStringLiteral("^(\\d{1,9})([kMG])$"));
+        const QRegularExpressionMatch match = form.match(text("rotate"));
+        const std::optional<double> time = secondsFromText(text("rotate"));
+        if (match.hasMatch() && match.captured(1).toLongLong() > 0)
+            options->rotateBytes = match.captured(1).toLongLong() * bytesOf(match.captured(2));
+        else if (time)
+            options->rotateSeconds = *time;
+        else if (isSet("rotate"))
+            fail("rotate", tr("a time or a size, like 1h or 100M"));
+    }
+    void view(QString *view)
+    {
+        static const QStringList names = {"strip", "scope", "histogram", "profile", "position", "spots"};
+        *view = text("view");
+        if (isSet("view") && !names.contains(*view))
+            fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
+    }
+
+    bool isSet(const char *name) const { return m_parser.isSet(QLatin1String(name)); }
+    QString text(const char *name) const { return m_parser.value(QLatin1String(name)); }
+    QString error() const { return m_error; }
+
+private:
+    static qint64 bytesOf(const QString &letter)
+    {
+        constexpr qint64 kilo = 1000;
+        return letter == QLatin1String("k") ? kilo
+            : letter == QLatin1String("M")  ? kilo * kilo
+                                            : kilo * kilo * kilo;
+    }
+    void fail(const char *name, const QString &wanted)
+    {
+        if (m_error.isEmpty())
+            m_error = tr("--%1 %2: it should be %3").arg(QLatin1String(name), text(name), wanted);
+    }
+
+    const QCommandLineParser &m_parser;
+    QString m_error;
+};
+
+void addOptions(QCommandLineParser *parser)
+{
+    for (const OptionText &option : optionTexts()) {
+        const QStringList names = option.name == QLatin1String("help")
+            ? QStringList {QStringLiteral("h"), option.name}
+            : QStringList {option.name};
+        parser->addOption(QCommandLineOption(names, option.text, option.value));
+    }
+    QCommandLineOption manPage(QStringLiteral("man-page"));
+    manPage.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser->addOption(manPage);
+}
+
+//! The tasks that an option of that name stands for.
+const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
+{
+    using Task = CommandLine::Task;
+    static const QVector<QPair<QString, Task>> tasks
+        = {{"help", Task::Help},         {"version", Task::Version}, {"man-page", Task::ManPage},
+           {"stats", Task::Statistics},  {"convert", Task::Convert}, {"check", Task::Check},
+           {"screenshot", Task::Screenshot}};
+    return tasks;
+}
+
+} // namespace
+
+bool CommandLine::parse(const QStringList &arguments, QString *error)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    *error = parser.parse(arguments) ? QString() : parser.errorText();
+    if (!error->isEmpty())
+        return false;
+
+    QStringList asked;
+    for (const auto &[name, itsTask] : taskOptions()) {
+        if (!parser.isSet(name))
+            continue;
+        asked.append(QStringLiteral("--") + name);
+        task = asked.size() == 1 ? itsTask : task;
+    }
+    const bool onlyText = task == Task::Help || task == Task::Version || task == Task::ManPage;
+    if (onlyText)
+        return true;
+    if (asked.size() > 1)
+        *error = tr("%1 cannot be done at once").arg(asked.join(tr(" and ")));
+
+    const QStringList sources = parser.positionalArguments();
+    if (sources.size() > 1)
+        *error = tr("only one source at a time can be shown: %1").arg(sources.join(QStringLiteral(", ")));
+    sourceGiven = !sources.isEmpty();
+    source = sources.value(0, source);
+    json = parser.isSet(QStringLiteral("json"));
+    if (json && task != Task::Statistics)
+        *error = tr("--json goes with --stats");
+
+    ValueReader values(parser);
+    values.number("speed", &file.speed, 0.0);
+    values.number("from", &file.from, -std::numeric_limits<double>::infinity());
+    values.number("to", &file.to, -std::numeric_limits<double>::infinity());
+    values.range(&rangeLow, &rangeHigh);
+    values.size(&size);
+    values.amount(&afterReadings, &afterSeconds);
+    values.rotation(&record);
+    values.view(&view);
+    file.loop = parser.isSet(QStringLiteral("loop"));
+    record.path = values.text("record");
+    record.overwrite = parser.isSet(QStringLiteral("overwrite"));
+    settings = values.text("settings");
+    output = task == Task::Convert ? values.text("convert") : values.text("screenshot");
+    if (error->isEmpty())
+        *error = values.error();
+    return error->isEmpty();
+}
+
+QString CommandLine::versionText()
+{
+    return QStringLiteral("corvale-monitor " CORVALE_MONITOR_VERSION "\n");
+}
+
+QString CommandLine::helpText()
+{
+    QString text = tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n") + summaryText()
+        + QStringLiteral("\n\n") + tr("Options") + QLatin1Char('\n');
+    constexpr int column = 26;
+    const auto item = [&](const QString &name, const QString &meaning) {
+        const bool fits = name.size() < column;
+        text += QStringLiteral("  ") + name.leftJustified(column)
+            + (fits ? QString() : QLatin1Char('\n') + QString(column + 2, QLatin1Char(' '))) + meaning
+            + QLatin1Char('\n');
+    };
+    for (const OptionText &option : optionTexts())
+        item(QStringLiteral("--") + option.name
+                 + (option.value.isEmpty() ? QString() : QLatin1Char(' ') + option.value),
+             option.text);
+    for (const TopicText &topic : topicTexts()) {
+        text += QLatin1Char('\n') + topic.title + QLatin1Char('\n');
+        for (const auto &[name, meaning] : topic.items)
+            item(name, meaning);
+    }
+    return text;
+}
+
+namespace {
+
+//! Roff takes a backslash for its own, and a hyphen for a typographer's.
+QString roff(QString text)
+{
+    return text.replace(QLatin1Char('\\'), QLatin1String("\\\\"))
+        .replace(QLatin1Char('-'), QLatin1String("\\-"));
+}
+
+} // namespace
+
+QByteArray CommandLine::manPage()
+{
+    QByteArray page;
+    QTextStream out(&page);
+    out.setCodec("UTF-8");
+    out << ".TH CORVALE\\-MONITOR 1 \"\" \"corvale-monitor " CORVALE_MONITOR_VERSION "\"\n"
+        << ".SH NAME\ncorvale\\-monitor \\- beam monitor\n"
+        << ".SH SYNOPSIS\n.B corvale\\-monitor\n[options] [source]\n"
+        << ".SH DESCRIPTION\n"
+        << roff(summaryText()) << "\n.SH OPTIONS\n";
+    for (const OptionText &option : optionTexts()) {
+        out << ".TP\n.B \\-\\-" << roff(option.name);
+        if (!option.value.isEmpty())
+            out << " \\fI" << roff(option.value) << "\\fR";
+        out << "\n" << roff(option.text) << "\n";
+    }
+    for (const TopicText &topic : topicTexts()) {
+        out << ".SH " << roff(topic.title.toUpper()) << "\n";
+        for (const auto &[name, meaning] : topic.items)
+            out << ".TP\n.B " << roff(name) << "\n" << roff(meaning) << "\n";
+    }
+    out.flush();
+    return page;
+}
+
+} // namespace Monitor

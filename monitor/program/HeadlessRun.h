@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/program/CommandLine.h"
+#include "monitor/sources/Clock.h"
+#include "monitor/sources/Source.h"
+#include "monitor/statistics/StreamStatistics.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace Monitor {
+
+//! --stats, --convert and --check: reads a source to its end, says what it found and with which code to leave.
+class HeadlessRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit HeadlessRun(const CommandLine &commandLine, QObject *parent = nullptr);
+    ~HeadlessRun() override;
+
+    /*! Runs an event loop until the source has ended, enough was read or the program was told to end, prints the
+        result and returns the exit code. */
+    int run();
+
+private:
+    bool openSource();
+    bool openOutput();
+    void takeHeader(const StreamHeader &header);
+    void takeReadings(const ReadingBlock &readings);
+    void sourceStateChanged(Source::State state, const QString &text);
+    void complain(const QString &text);
+    void leave();
+    int report();
+    void printStatistics();
+
+    const CommandLine m_commandLine;
+    SystemClock m_clock;
+    std::unique_ptr<Source> m_source;
+    std::unique_ptr<Recorder> m_recorder;
+    StreamStatistics m_statistics;
+    qint64 m_readings = 0;
+    int m_exitCode = ExitGood;
+    bool m_ended = false;
+};
+
+} // namespace Monitor

@@ -15,8 +15,8 @@ namespace {
 
 bool isTimeName(const QString &field)
 {
-    static const QStringList names
-        = {"time", "t", "timestamp", "time(s)", "time (s)", "timestamp(s)", "seconds"};
+    static const QStringList names =
+        {"time", "t", "timestamp", "time(s)", "time (s)", "timestamp(s)", "seconds"};
     QString name, symbol;
     splitUnitSuffix(field, &name, &symbol);
     return names.contains(name, Qt::CaseInsensitive) || names.contains(field, Qt::CaseInsensitive);
@@ -78,7 +78,8 @@ Layout layoutOf(const QVector<Channel> &channels)
         return Layout::Pixels;
     const bool both = channels.size() >= 2 && channels.first().name.startsWith(QLatin1Char('x'))
         && channels.last().name.startsWith(QLatin1Char('y'));
-    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? Layout::Strips : Layout::Channels;
+    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? Layout::Strips
+                                                                  : Layout::Channels;
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 
 #include <optional>
 
-
 namespace Monitor {
 
 /*! What the columns of a table mean, found from its header line: where the time stands, which columns are

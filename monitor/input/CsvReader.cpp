@@ -28,7 +28,9 @@ bool CsvReader::read(int bytes)
 {
     const QByteArray piece = m_file.read(bytes);
     m_splitter.feed({piece.constData(), std::size_t(piece.size())},
-                    [this](std::string_view line, bool tooLong) { takeLine(line, tooLong); });
+                    [this](std::string_view line, bool tooLong) {
+                        takeLine(line, tooLong);
+                    });
     m_failed = m_file.error() != QFileDevice::NoError;
     if (!piece.isEmpty() && !m_file.atEnd())
         return true;
@@ -83,10 +85,13 @@ void CsvReader::finish()
     // A recording ends its lines: one without an end was cut off while it was written, and a number in it may
     // have lost digits.
     if (m_isRecording && m_splitter.hasRest()) {
-        m_sink.eventNoted(QStringLiteral("the recording's last line is not complete, it is left out"));
+        m_sink.eventNoted(
+            QStringLiteral("the recording's last line is not complete, it is left out"));
         m_splitter.clear();
     }
-    m_splitter.finish([this](std::string_view line, bool tooLong) { takeLine(line, tooLong); });
+    m_splitter.finish([this](std::string_view line, bool tooLong) {
+        takeLine(line, tooLong);
+    });
     m_protocol->finish();
 }
 

@@ -36,7 +36,9 @@ LineCounts &LineCounts::operator+=(const LineCounts &other)
 
 LineProtocol::LineProtocol(StreamSink &sink)
     : m_sink(sink)
-    , m_rowHandler([this](double time, const double *values) { takeReading(time, values); })
+    , m_rowHandler([this](double time, const double *values) {
+        takeReading(time, values);
+    })
 {
 }
 
@@ -81,8 +83,7 @@ void LineProtocol::takeMetadata(std::string_view line)
         forgetShape();
         break;
     case Metadata::Line::Changed:
-        if (m_held)
-            releaseHeld();
+        beginStream();
         m_headerTold = false;
         if (!m_hasNamedColumns)
             forgetShape();
@@ -183,8 +184,8 @@ void LineProtocol::shapeMismatch(std::string_view line)
     const int values = int(m_fields.size());
     const bool undeclared = declared > 0 && values != declared && values != declared + 1;
     const bool firstWasWrong = m_held && !m_hasNamedColumns && !m_shapeProven;
-    const bool headerWasWrong = m_hasNamedColumns && !m_shapeProven && !m_held
-        && m_otherCountRun >= linesAgainstAHeader;
+    const bool headerWasWrong =
+        m_hasNamedColumns && !m_shapeProven && !m_held && m_otherCountRun >= linesAgainstAHeader;
     const bool newTable = m_otherCountRun >= linesOfAnotherShape;
     if (tooMany || undeclared || !(firstWasWrong || headerWasWrong || newTable)) {
         refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));

@@ -14,7 +14,7 @@ struct LineCounts
 {
     qint64 lines = 0;
     qint64 readings = 0;
-    std::array<qint64, refusalKinds> refused {};
+    std::array<qint64, refusalKinds> refused{};
 
     qint64 bad() const;
     LineCounts &operator+=(const LineCounts &other);

@@ -24,8 +24,7 @@ QVector<Channel> numberedChannels(int count)
 
 } // namespace
 
-std::unique_ptr<MultichannelRowReader>
-MultichannelRowReader::fromHeader(const QStringList &fields)
+std::unique_ptr<MultichannelRowReader> MultichannelRowReader::fromHeader(const QStringList &fields)
 {
     // The proxy cuts one more letter off "channel_" for each channel: hosts' files have these names.
     const bool known = fields.size() >= 2 && fields[0] == QLatin1String("hannel__timestamp(s)")

@@ -15,7 +15,8 @@ QString refusalText(Refusal refusal)
     case Refusal::TooManyValues:
         return QCoreApplication::translate("Monitor", "more than 256 values");
     case Refusal::WrongCount:
-        return QCoreApplication::translate("Monitor", "another number of values than the lines before");
+        return QCoreApplication::translate("Monitor",
+                                           "another number of values than the lines before");
     case Refusal::TimeBackwards:
         return QCoreApplication::translate("Monitor", "its time goes backwards");
     case Refusal::Unreadable:

@@ -165,11 +165,10 @@ int MultichannelDeviceModel::rowCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : m_visible.size() + 1;
 }
 
-QModelIndex
-MultichannelDeviceModel::index(int row, int column, const QModelIndex &parent) const
+QModelIndex MultichannelDeviceModel::index(int row, int column, const QModelIndex &parent) const
 {
-    const bool exists
-        = !parent.isValid() && row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
+    const bool exists =
+        !parent.isValid() && row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
     return exists ? createIndex(row, column) : QModelIndex();
 }
 

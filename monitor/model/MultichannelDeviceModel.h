@@ -4,7 +4,6 @@
 #include "monitor/model/ReadingRing.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
-
 #include <corvale_qt/models/RVXAbstractDeviceDataModel.h>
 
 #include <functional>

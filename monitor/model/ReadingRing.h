@@ -52,7 +52,10 @@ public:
     int channels() const { return int(m_channels.size()); }
     //! Reading \a i, counted from the oldest.
     double time(int i) const { return m_times[std::size_t(i)]; }
-    double value(int i, int channel) const { return m_channels[std::size_t(channel)][std::size_t(i)]; }
+    double value(int i, int channel) const
+    {
+        return m_channels[std::size_t(channel)][std::size_t(i)];
+    }
 
 private:
     void grow()

@@ -84,7 +84,8 @@ public:
     }
     void view(QString *view)
     {
-        static const QStringList names = {"strip", "scope", "histogram", "profile", "position", "spots"};
+        static const QStringList names =
+            {"strip", "scope", "histogram", "profile", "position", "spots"};
         *view = text("view");
         if (isSet("view") && !names.contains(*view))
             fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
@@ -116,8 +117,8 @@ void addOptions(QCommandLineParser *parser)
 {
     for (const OptionText &option : optionTexts()) {
         const QStringList names = option.name == QLatin1String("help")
-            ? QStringList {QStringLiteral("h"), option.name}
-            : QStringList {option.name};
+            ? QStringList{QStringLiteral("h"), option.name}
+            : QStringList{option.name};
         parser->addOption(QCommandLineOption(names, option.text, option.value));
     }
     QCommandLineOption manPage(QStringLiteral("man-page"));
@@ -129,10 +130,13 @@ void addOptions(QCommandLineParser *parser)
 const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
 {
     using Task = CommandLine::Task;
-    static const QVector<QPair<QString, Task>> tasks
-        = {{"help", Task::Help},         {"version", Task::Version}, {"man-page", Task::ManPage},
-           {"stats", Task::Statistics},  {"convert", Task::Convert}, {"check", Task::Check},
-           {"screenshot", Task::Screenshot}};
+    static const QVector<QPair<QString, Task>> tasks = {{"help", Task::Help},
+                                                        {"version", Task::Version},
+                                                        {"man-page", Task::ManPage},
+                                                        {"stats", Task::Statistics},
+                                                        {"convert", Task::Convert},
+                                                        {"check", Task::Check},
+                                                        {"screenshot", Task::Screenshot}};
     return tasks;
 }
 
@@ -161,7 +165,8 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
 
     const QStringList sources = parser.positionalArguments();
     if (sources.size() > 1)
-        *error = tr("only one source at a time can be shown: %1").arg(sources.join(QStringLiteral(", ")));
+        *error = tr("only one source at a time can be shown: %1")
+                     .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
     source = sources.value(0, source);
     json = parser.isSet(QStringLiteral("json"));
@@ -194,14 +199,14 @@ QString CommandLine::versionText()
 
 QString CommandLine::helpText()
 {
-    QString text = tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n") + summaryText()
-        + QStringLiteral("\n\n") + tr("Options") + QLatin1Char('\n');
+    QString text = tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n")
+        + summaryText() + QStringLiteral("\n\n") + tr("Options") + QLatin1Char('\n');
     constexpr int column = 26;
     const auto item = [&](const QString &name, const QString &meaning) {
         const bool fits = name.size() < column;
         text += QStringLiteral("  ") + name.leftJustified(column)
-            + (fits ? QString() : QLatin1Char('\n') + QString(column + 2, QLatin1Char(' '))) + meaning
-            + QLatin1Char('\n');
+            + (fits ? QString() : QLatin1Char('\n') + QString(column + 2, QLatin1Char(' ')))
+            + meaning + QLatin1Char('\n');
     };
     for (const OptionText &option : optionTexts())
         item(QStringLiteral("--") + option.name

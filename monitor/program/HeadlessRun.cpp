@@ -106,8 +106,8 @@ void HeadlessRun::takeReadings(const ReadingBlock &readings)
     m_readings += readings.size();
     if (m_recorder)
         m_recorder->addReadings(readings);
-    const bool enoughReadings
-        = m_commandLine.afterReadings > 0 && m_readings >= m_commandLine.afterReadings;
+    const bool enoughReadings =
+        m_commandLine.afterReadings > 0 && m_readings >= m_commandLine.afterReadings;
     const bool enoughTime = m_commandLine.afterSeconds > 0.0
         && m_statistics.lastTime() - m_statistics.firstTime() >= m_commandLine.afterSeconds;
     if (enoughReadings || enoughTime)

@@ -16,14 +16,17 @@ QString tr(const char *text)
 
 QString summaryText()
 {
-    return tr("Shows the readings of beam diagnostic instruments: channels over time, profiles, positions and "
+    return tr("Shows the readings of beam diagnostic instruments: channels over time, profiles, "
+              "positions and "
               "spots. Without a source it shows a simulated beam.");
 }
 
 QVector<OptionText> optionTexts()
 {
     return {
-        {"speed", "N", tr("Play a file N times as fast as it was taken; 0 for as fast as possible.")},
+        {"speed",
+         "N",
+         tr("Play a file N times as fast as it was taken; 0 for as fast as possible.")},
         {"loop", "", tr("Play a file again and again.")},
         {"from", "SECONDS", tr("Begin at this time of the file.")},
         {"to", "SECONDS", tr("End at this time of the file.")},
@@ -31,11 +34,18 @@ QVector<OptionText> optionTexts()
         {"record", "PATH", tr("Record all that arrives to a new file, or to files in a folder.")},
         {"rotate", "LIMIT", tr("Begin a new file after a time (1h, 30min) or a size (100M, 2G).")},
         {"overwrite", "", tr("Let --record and --convert replace an existing file.")},
-        {"settings", "FILE", tr("Keep settings and window layout in this file; one window runs for each.")},
-        {"screenshot", "FILE.png", tr("Draw the window into a picture, without a display, and end.")},
+        {"settings",
+         "FILE",
+         tr("Keep settings and window layout in this file; one window runs for each.")},
+        {"screenshot",
+         "FILE.png",
+         tr("Draw the window into a picture, without a display, and end.")},
         {"size", "WxH", tr("Size of the window or of the picture, in pixels.")},
-        {"view", "NAME", tr("Show this view: strip, scope, histogram, profile, position or spots.")},
-        {"after", "AMOUNT",
+        {"view",
+         "NAME",
+         tr("Show this view: strip, scope, histogram, profile, position or spots.")},
+        {"after",
+         "AMOUNT",
          tr("End, or take the picture, after so much data: 200frames, or 2s of its time.")},
         {"stats", "", tr("Read to the end and print statistics of each channel.")},
         {"json", "", tr("Print the statistics as JSON.")},
@@ -51,20 +61,25 @@ QVector<TopicText> topicTexts()
     return {
         {tr("Sources"),
          {
-             {"sim:ic4, sim:strips, sim:pixels, sim:spots", tr("A simulated beam; ?seed=N for another one.")},
-             {"PATH, file:PATH", tr("A table: a recording, what the library saves, or CSV with a line of names.")},
+             {"sim:ic4, sim:strips, sim:pixels, sim:spots",
+              tr("A simulated beam; ?seed=N for another one.")},
+             {"PATH, file:PATH",
+              tr("A table: a recording, what the library saves, or CSV with a line of names.")},
              {"-", tr("Lines on standard input.")},
              {"tcp://HOST:PORT",
-              tr("Lines from an instrument on the network. ?ask=READ?&every=100ms for one that answers only "
+              tr("Lines from an instrument on the network. ?ask=READ?&every=100ms for one that "
+                 "answers only "
                  "when asked.")},
              {"tcp-listen://127.0.0.1:PORT", tr("Lines from whoever connects.")},
-             {"serial:DEVICE?baud=N", tr("Lines from a serial port, 8N1; 115200 baud where none is said.")},
+             {"serial:DEVICE?baud=N",
+              tr("Lines from a serial port, 8N1; 115200 baud where none is said.")},
          }},
         {tr("Exit status"),
          {
              {"0", tr("All went well.")},
              {"1", tr("The arguments make no sense.")},
-             {"2", tr("Without a window: there were no readings, or lines that could not be used.")},
+             {"2",
+              tr("Without a window: there were no readings, or lines that could not be used.")},
              {"3", tr("The source could not be opened, or was lost.")},
              {"4", tr("What was asked for could not be written.")},
          }},
@@ -74,7 +89,8 @@ QVector<TopicText> topicTexts()
              {"corvale-monitor currents.csv --from 820", tr("A recording from 820 s on.")},
              {"corvale-monitor \"tcp://10.0.0.7:5000?ask=READ?&every=100ms\" --record /data",
               tr("An instrument on the network, recorded to files in a folder.")},
-             {"corvale-monitor --stats currents.csv", tr("Mean, sigma, minimum and maximum of each channel.")},
+             {"corvale-monitor --stats currents.csv",
+              tr("Mean, sigma, minimum and maximum of each channel.")},
          }},
     };
 }

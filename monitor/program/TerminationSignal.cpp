@@ -2,7 +2,6 @@
 #include "monitor/program/TerminationSignal.h"
 
 #include <csignal>
-
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -40,7 +40,9 @@ int main(int argc, char **argv)
     CommandLine commandLine;
     QString error;
     if (!commandLine.parse(argumentsOf(argc, argv), &error)) {
-        std::fprintf(stderr, "corvale-monitor: %s\nTry corvale-monitor --help\n", qPrintable(error));
+        std::fprintf(stderr,
+                     "corvale-monitor: %s\nTry corvale-monitor --help\n",
+                     qPrintable(error));
         return ExitUsage;
     }
     if (answerWithText(commandLine))

@@ -23,7 +23,7 @@ PixelGrid PixelGrid::of(const StreamHeader &header)
     if (!fits) {
         const int side = int(std::lround(std::sqrt(double(cells))));
         const bool square = side * side == cells;
-        grid = square ? PixelGrid {side, side} : PixelGrid {1, cells};
+        grid = square ? PixelGrid{side, side} : PixelGrid{1, cells};
     }
     return grid;
 }

@@ -32,10 +32,13 @@ QString pixelName(int index, int count)
 
 Channel spotChannel(int index)
 {
-    const Channel channels[]
-        = {{"x", "mm"}, {"y", "mm"}, {"mu", ""}, {"sigma_x", "mm"}, {"sigma_y", "mm"}};
+    const Channel channels[] = {{"x", "mm"},
+                                {"y", "mm"},
+                                {"mu", ""},
+                                {"sigma_x", "mm"},
+                                {"sigma_y", "mm"}};
     constexpr int known = sizeof(channels) / sizeof(channels[0]);
-    return index < known ? channels[index] : Channel {QStringLiteral("extra%1").arg(index + 1), {}};
+    return index < known ? channels[index] : Channel{QStringLiteral("extra%1").arg(index + 1), {}};
 }
 
 } // namespace

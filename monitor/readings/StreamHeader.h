@@ -24,7 +24,8 @@ Layout layoutFromName(const QString &name, bool *ok);
 struct Channel
 {
     QString name;
-    QString unit; //!< a unit's symbol as instruments write it (nA, uA, mm); empty where there is none
+    QString
+        unit; //!< a unit's symbol as instruments write it (nA, uA, mm); empty where there is none
 
     bool operator==(const Channel &other) const { return name == other.name && unit == other.unit; }
 };
@@ -52,4 +53,5 @@ struct StreamHeader
 
 } // namespace Monitor
 
+Q_DECLARE_METATYPE(Monitor::Layout)
 Q_DECLARE_METATYPE(Monitor::StreamHeader)

@@ -71,8 +71,10 @@ bool Recorder::openNext()
         | (replace ? QIODevice::Truncate : QIODevice::NewOnly);
     if (!file->open(mode)) {
         const bool exists = !replace && QFileInfo::exists(path);
-        setError(exists ? tr("%1 exists already; choose another name, or allow to overwrite it").arg(path)
-                        : tr("%1 cannot be written: %2").arg(path, file->errorString()));
+        setError(
+            exists
+                ? tr("%1 exists already; choose another name, or allow to overwrite it").arg(path)
+                : tr("%1 cannot be written: %2").arg(path, file->errorString()));
         return false;
     }
     m_file = std::move(file);
@@ -135,7 +137,8 @@ void Recorder::append(const QByteArray &text, int readings)
         return;
     }
     if (m_lost > 0) {
-        appendRecordingEvent(&m_pending, tr("%1 readings were lost here, the disk was full").arg(m_lost));
+        appendRecordingEvent(&m_pending,
+                             tr("%1 readings were lost here, the disk was full").arg(m_lost));
         m_lost = 0;
     }
     m_pending += text;

@@ -14,8 +14,8 @@ void appendNumber(QByteArray *text, double value)
 {
     constexpr int digits = 17;
     char number[40];
-    const auto [end, error]
-        = std::to_chars(number, number + sizeof(number), value, std::chars_format::general, digits);
+    const auto [end, error] =
+        std::to_chars(number, number + sizeof(number), value, std::chars_format::general, digits);
     Q_UNUSED(error) // 17 digits always fit
     text->append(number, int(end - number));
 }

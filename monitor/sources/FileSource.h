@@ -25,7 +25,10 @@ public:
         double to = std::numeric_limits<double>::infinity();
     };
 
-    FileSource(Clock &clock, const QString &path, const Options &options, QObject *parent = nullptr);
+    FileSource(Clock &clock,
+               const QString &path,
+               const Options &options,
+               QObject *parent = nullptr);
     ~FileSource() override;
     void start() override;
     QString description() const override;

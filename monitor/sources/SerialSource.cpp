@@ -11,7 +11,11 @@ SerialSource::SerialSource(Clock &clock, const QString &device, int baudRate, QO
     , m_baudRate(baudRate)
 {
     connect(&m_port, &QSerialPort::readyRead, this, &SerialSource::readSome);
-    connect(&m_port, &QSerialPort::errorOccurred, this, &SerialSource::failed, Qt::QueuedConnection);
+    connect(&m_port,
+            &QSerialPort::errorOccurred,
+            this,
+            &SerialSource::failed,
+            Qt::QueuedConnection);
 }
 
 SerialSource::~SerialSource()
@@ -51,8 +55,9 @@ void SerialSource::readSome()
 
 void SerialSource::failed(QSerialPort::SerialPortError error)
 {
-    const bool lostIt = error != QSerialPort::NoError && m_port.isOpen();
-    if (!lostIt)
+    // Other errors are about a setting that the device does not have, as a virtual one has no baud rate.
+    const bool isGone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
+    if (!isGone || !m_port.isOpen())
         return;
     const QString came = m_port.errorString();
     m_port.close();

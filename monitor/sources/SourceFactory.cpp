@@ -83,9 +83,10 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return serial(text.mid(7));
     const QString path = text.startsWith(QLatin1String("file:")) ? text.mid(5) : text;
     if (path.contains(QLatin1String("://")) || path.isEmpty())
-        return failed(tr("\"%1\" is no kind of source; these are: sim:, file:, -, tcp://, tcp-listen://, "
-                         "serial:")
-                          .arg(text));
+        return failed(
+            tr("\"%1\" is no kind of source; these are: sim:, file:, -, tcp://, tcp-listen://, "
+               "serial:")
+                .arg(text));
     return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
 }
 
@@ -100,9 +101,10 @@ std::unique_ptr<Source> SourceFactory::simulator(const QString &text)
     if (!ok || !hasOnly(query, {QStringLiteral("seed")}))
         return failed(tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
     if (!SimulatedInstrument::make(name))
-        return failed(tr("there is no simulator \"%1\"; these are: sim:ic4, sim:strips, sim:pixels, "
-                         "sim:spots")
-                          .arg(name));
+        return failed(
+            tr("there is no simulator \"%1\"; these are: sim:ic4, sim:strips, sim:pixels, "
+               "sim:spots")
+                .arg(name));
     return std::make_unique<SimulatorSource>(m_clock, name, seed);
 }
 
@@ -112,9 +114,9 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
     if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || !url.path().isEmpty())
         return failed(tr("\"%1\" should be tcp://HOST:PORT").arg(text));
     const QUrlQuery query(url);
-    TcpClientSource::Question question {{}, TcpClientSource::usualInterval};
-    question.text
-        = query.queryItemValue(QStringLiteral("ask"), QUrl::FullyDecoded).toUtf8().left(1000);
+    TcpClientSource::Question question{{}, TcpClientSource::usualInterval};
+    question.text =
+        query.queryItemValue(QStringLiteral("ask"), QUrl::FullyDecoded).toUtf8().left(1000);
     const QString every = query.queryItemValue(QStringLiteral("every"));
     const std::optional<double> seconds = secondsFromText(every);
     const bool known = hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every")});
@@ -127,13 +129,14 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
 std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
 {
     const QUrl url(text);
-    const QHostAddress address(url.host() == QLatin1String("localhost") ? QStringLiteral("127.0.0.1")
-                                                                        : url.host());
+    const QHostAddress address(
+        url.host() == QLatin1String("localhost") ? QStringLiteral("127.0.0.1") : url.host());
     if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty()
         || url.hasQuery())
-        return failed(tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
-                         "machine's interfaces (0.0.0.0 for all of them)")
-                          .arg(text));
+        return failed(
+            tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
+               "machine's interfaces (0.0.0.0 for all of them)")
+                .arg(text));
     return std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
 }
 
@@ -146,7 +149,8 @@ std::unique_ptr<Source> SourceFactory::serial(const QString &text)
         ? query.queryItemValue(QStringLiteral("baud")).toInt(&ok)
         : SerialSource::defaultBaudRate;
     if (device.isEmpty() || !ok || baud <= 0 || !hasOnly(query, {QStringLiteral("baud")}))
-        return failed(tr("\"serial:%1\" should be serial:DEVICE or serial:DEVICE?baud=NUMBER").arg(text));
+        return failed(
+            tr("\"serial:%1\" should be serial:DEVICE or serial:DEVICE?baud=NUMBER").arg(text));
     return std::make_unique<SerialSource>(m_clock, device, baud);
 }
 

@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <cstring>
-
 #include <unistd.h>
 
 namespace Monitor {

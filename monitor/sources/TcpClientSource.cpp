@@ -7,8 +7,11 @@
 
 namespace Monitor {
 
-TcpClientSource::TcpClientSource(
-    Clock &clock, const QString &host, quint16 port, const Question &question, QObject *parent)
+TcpClientSource::TcpClientSource(Clock &clock,
+                                 const QString &host,
+                                 quint16 port,
+                                 const Question &question,
+                                 QObject *parent)
     : LineSource(clock, parent)
     , m_host(host)
     , m_port(port)

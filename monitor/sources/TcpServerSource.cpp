@@ -48,7 +48,9 @@ void TcpServerSource::peerArrived()
         constexpr qint64 readBufferSize = 1024 * 1024;
         peer->setReadBufferSize(readBufferSize);
         peer->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-        connect(peer, &QTcpSocket::readyRead, this, [this, peer] { readPeer(peer); });
+        connect(peer, &QTcpSocket::readyRead, this, [this, peer] {
+            readPeer(peer);
+        });
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
             readPeer(peer);
             dropPeer();

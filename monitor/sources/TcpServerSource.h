@@ -16,7 +16,10 @@ class TcpServerSource : public LineSource
     Q_OBJECT
 
 public:
-    TcpServerSource(Clock &clock, const QHostAddress &address, quint16 port, QObject *parent = nullptr);
+    TcpServerSource(Clock &clock,
+                    const QHostAddress &address,
+                    quint16 port,
+                    QObject *parent = nullptr);
     ~TcpServerSource() override;
     QString description() const override;
     //! The port listened at, also where 0 was asked for; 0 while it does not listen.

@@ -45,7 +45,10 @@ void writeChannels(QTextStream &out, const StreamStatistics &statistics)
 {
     const StreamHeader &header = statistics.header();
     const int width = widestName(header);
-    writeRow(out, QStringLiteral("channel"), width, {"unit", "n", "mean", "sigma", "min", "max", "integral"});
+    writeRow(out,
+             QStringLiteral("channel"),
+             width,
+             {"unit", "n", "mean", "sigma", "min", "max", "integral"});
     for (int i = 0; i < header.channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
         const QString unit = header.channels[i].unit;
@@ -74,7 +77,13 @@ void writeFrames(QTextStream &out, const StreamStatistics &statistics)
     writeRow(out,
              QStringLiteral("time"),
              12,
-             {"total", "max", "max row", "max column", "centroid column", "centroid row", "rms column",
+             {"total",
+              "max",
+              "max row",
+              "max column",
+              "centroid column",
+              "centroid row",
+              "rms column",
               "rms row"});
     for (std::size_t i = first; i < frames.size(); ++i) {
         const FrameMoments &moments = frames[i].moments;
@@ -100,10 +109,11 @@ void writeFits(QTextStream &out, const std::vector<ProfileFitResult> &fits)
     writeRow(out, QStringLiteral("profile"), 7, {"position", "sigma", "peak", "integral"});
     for (const ProfileFitResult &fit : fits) {
         if (fit.valid)
-            writeRow(out,
-                     fit.profile,
-                     7,
-                     {number(fit.position), number(fit.sigma), number(fit.peak), number(fit.integral)});
+            writeRow(
+                out,
+                fit.profile,
+                7,
+                {number(fit.position), number(fit.sigma), number(fit.peak), number(fit.integral)});
         else
             out << fit.profile.leftJustified(7) << "  " << fit.message << "\n";
     }
@@ -114,7 +124,7 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
     QJsonArray channels;
     for (int i = 0; i < statistics.header().channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
-        channels.append(QJsonObject {
+        channels.append(QJsonObject{
             {"name", statistics.header().channels[i].name},
             {"unit", statistics.header().channels[i].unit},
             {"n", double(channel.count())},
@@ -133,7 +143,7 @@ QJsonArray jsonFrames(const StreamStatistics &statistics)
 {
     QJsonArray frames;
     for (const StreamStatistics::Frame &frame : statistics.frames())
-        frames.append(QJsonObject {
+        frames.append(QJsonObject{
             {"time", jsonNumber(frame.time)},
             {"total", jsonNumber(frame.moments.total)},
             {"max", jsonNumber(frame.moments.maximum)},
@@ -151,7 +161,7 @@ QJsonArray jsonFits(const std::vector<ProfileFitResult> &fits)
 {
     QJsonArray array;
     for (const ProfileFitResult &fit : fits) {
-        QJsonObject object {{"profile", fit.profile}, {"valid", fit.valid}};
+        QJsonObject object{{"profile", fit.profile}, {"valid", fit.valid}};
         if (fit.valid) {
             object.insert("position", jsonNumber(fit.position));
             object.insert("sigma", jsonNumber(fit.sigma));
@@ -189,7 +199,7 @@ QByteArray StatisticsReport::text() const
 QByteArray StatisticsReport::json() const
 {
     const StreamStatistics &stream = *statistics;
-    const QJsonObject report {
+    const QJsonObject report{
         {"source", source},
         {"layout", layoutName(stream.header().layout)},
         {"readings", double(stream.readings())},

@@ -9,12 +9,13 @@ using namespace Monitor;
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
-            "timestamp(s),channel_1,\n12.500000000,0.000123,\n",
-            "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,5,1,7,\n2,6,1.5,8,\n,,3,9,\n",
-            "#corvale 1\n#layout pixels\n#channels a,b\n#unit nA,\ntime_s,a_nA,b\n0,1,2\n1,,4\n",
-            "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
-            "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};
+    return {
+        "time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
+        "timestamp(s),channel_1,\n12.500000000,0.000123,\n",
+        "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,5,1,7,\n2,6,1.5,8,\n,,3,9,\n",
+        "#corvale 1\n#layout pixels\n#channels a,b\n#unit nA,\ntime_s,a_nA,b\n0,1,2\n1,,4\n",
+        "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
+        "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};
 }
 
 namespace {

@@ -10,7 +10,8 @@ using namespace Monitor;
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 2026-03-01T12:00:00Z\n0,1,2\n0.1,3,4\n",
+    return {"#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 "
+            "2026-03-01T12:00:00Z\n0,1,2\n0.1,3,4\n",
             "0 1 2\n1 3 4\n2 5 6\n",
             "1,2\n,3\n4,\n\n",
             "time_s,left_A,right_A\n0,1e-9,2e-9\n0.1,nan,inf\n",
@@ -80,7 +81,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     PromiseSink sink;
     LineProtocol protocol(sink);
     LineSplitter splitter;
-    const auto take = [&](std::string_view line, bool tooLong) { protocol.takeLine(line, tooLong); };
+    const auto take = [&](std::string_view line, bool tooLong) {
+        protocol.takeLine(line, tooLong);
+    };
     for (std::size_t i = 0; i < size; i += pieceSize) {
         splitter.feed(bytes.substr(i, pieceSize), take);
         if (cut && i > size / 2)

@@ -2,7 +2,6 @@
 #include "monitor/input/CsvReader.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/TestMain.h"
-
 #include <corvale_qt/models/RVXSingleChannelDataModel.h>
 
 #include <QTemporaryDir>
@@ -54,39 +53,53 @@ void tst_CsvReader::tablesBecomeReadings_data()
     const auto row = [](const char *name, const char *content, const char *expected) {
         QTest::newRow(name) << QByteArray(content) << QString::fromUtf8(expected);
     };
-    row("plain", "time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
+    row("plain",
+        "time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
         "start channels left:A x:mm | 0: 1e-09 2 | 0.5: 2e-09 3");
     row("no line end at the end", "time_s,a\n0,1\n1,25", "start channels a | 0: 1 | 1: 25");
-    row("returns and a byte order mark", "\xef\xbb\xbftime_s,a\r\n0,1\r\n1,2\r\n",
+    row("returns and a byte order mark",
+        "\xef\xbb\xbftime_s,a\r\n0,1\r\n1,2\r\n",
         "start channels a | 0: 1 | 1: 2");
-    row("suffixes that are no units", "t,foo_ABC,my_name,_A,b_uA\n0,1,2,3,4\n",
+    row("suffixes that are no units",
+        "t,foo_ABC,my_name,_A,b_uA\n0,1,2,3,4\n",
         "start channels foo_ABC my_name _A b:uA | 0: 1 2 3 4");
-    row("strips", "frame,time_s,x01,x02,y01,y02\n0,0,1,2,3,4\n1,10,5,6,7,8\n",
+    row("strips",
+        "frame,time_s,x01,x02,y01,y02\n0,0,1,2,3,4\n1,10,5,6,7,8\n",
         "start strips x01 x02 y01 y02 | 0: 1 2 3 4 | 10: 5 6 7 8");
     row("pixels", "time_s,r01c01,r01c02\n0,1,2\n", "start pixels r01c01 r01c02 | 0: 1 2");
-    row("spots have a pace", "layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,80.5,5,6,21\n1,80.5,7,8,22\n",
-        "start spots layer energy:MeV x:mm y:mm mu | 0: 1 80.5 3 4 20 | 0.02: 1 80.5 5 6 21 | 0.04: 1 "
+    row("spots have a pace",
+        "layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,80.5,5,6,21\n1,80.5,7,8,22\n",
+        "start spots layer energy:MeV x:mm y:mm mu | 0: 1 80.5 3 4 20 | 0.02: 1 80.5 5 6 21 | "
+        "0.04: 1 "
         "80.5 7 8 22");
-    row("one channel as the library saves it", "timestamp(s),channel_1,\n12.500000000,0.000123,\n13.000000000,2,\n",
+    row("one channel as the library saves it",
+        "timestamp(s),channel_1,\n12.500000000,0.000123,\n13.000000000,2,\n",
         "start channels channel_1 | 12.5: 0.000123 | 13: 2");
     row("channels as the library saves them",
         "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n"
-        "1.000e+00,5.000e+00,1.000e+00,7.000e+00,\n2.000e+00,6.000e+00,1.500e+00,8.000e+00,\n,,3.000e+00,9.000e+00,\n",
+        "1.000e+00,5.000e+00,1.000e+00,7.000e+00,\n2.000e+00,6.000e+00,1.500e+00,8.000e+00,\n,,3."
+        "000e+00,9.000e+00,\n",
         "start channels channel_1 channel_2 | 1: 5 7 | 1.5: - 8 | 2: 6 - | 3: - 9");
     row("more than seven of them",
-        "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,nnel__timestamp(s),nnel_,nel__timestamp(s),"
-        "nel_,el__timestamp(s),el_,l__timestamp(s),l_,__timestamp(s),_,_timestamp(s),,_timestamp(s),,\n"
+        "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,nnel__timestamp(s),nnel_,nel__"
+        "timestamp(s),"
+        "nel_,el__timestamp(s),el_,l__timestamp(s),l_,__timestamp(s),_,_timestamp(s),,_timestamp(s)"
+        ",,\n"
         "1,1,1,2,1,3,1,4,1,5,1,6,1,7,1,8,1,9,\n",
-        "start channels channel_1 channel_2 channel_3 channel_4 channel_5 channel_6 channel_7 channel_8 "
+        "start channels channel_1 channel_2 channel_3 channel_4 channel_5 channel_6 channel_7 "
+        "channel_8 "
         "channel_9 | 1: 1 2 3 4 5 6 7 8 9");
     row("a recording",
-        "#corvale 1\n#layout pixels\n#channels r01c01,r01c02\n#unit pC,pC\ntime_s,r01c01_pC,r01c02_pC\n0,1,2\n"
+        "#corvale 1\n#layout pixels\n#channels r01c01,r01c02\n#unit "
+        "pC,pC\ntime_s,r01c01_pC,r01c02_pC\n0,1,2\n"
         "#event hello\n1,,4\n",
         "event hello | start pixels r01c01:pC r01c02:pC | 0: 1 2 | 1: - 4");
     row("a recorded channel called frame",
         "#corvale 1\n#layout channels\n#channels frame,a_b_A\n#unit ,\ntime_s,frame,a_b_A\n0,1,2\n",
         "start channels frame a_b_A | 0: 1 2");
-    row("a damaged line", "time_s,a\n0,1\n1,oops\n2,3\n", "refused 3 not readable | start channels a | 0: 1 | 2: 3");
+    row("a damaged line",
+        "time_s,a\n0,1\n1,oops\n2,3\n",
+        "refused 3 not readable | start channels a | 0: 1 | 2: 3");
     row("empty", "", "");
     row("a header alone", "time_s,a\n", "");
     row("zeros and a picture", "\x01\x02\n\x89PNG\n", "");
@@ -111,22 +124,24 @@ void tst_CsvReader::readsWhatASingleChannelModelSaves()
     model.AddData(0.5, -2e-9);
     const QString path = m_dir.filePath(QStringLiteral("saved.csv"));
     QVERIFY(model.SaveDataToFile(path));
-    QCOMPARE(readAll(path), QStringLiteral("start channels channel_1 | 0.25: 1.5e-09 | 0.5: -2e-09"));
+    QCOMPARE(readAll(path),
+             QStringLiteral("start channels channel_1 | 0.25: 1.5e-09 | 0.5: -2e-09"));
 }
 
 //! Every length that a kill may leave: never a number that was not written.
 void tst_CsvReader::aCutRecordingLosesItsLastLine()
 {
-    const QByteArray whole
-        = "#corvale 1\n#layout channels\n#channels a\n#unit nA\ntime_s,a_nA\n0,1.25\n1,2.25e-9\n2,3.25e-9\n";
+    const QByteArray whole = "#corvale 1\n#layout channels\n#channels a\n#unit "
+                             "nA\ntime_s,a_nA\n0,1.25\n1,2.25e-9\n2,3.25e-9\n";
     QString before;
     for (int size = whole.indexOf("0,1.25"); size <= whole.size(); ++size) {
         const QStringList items = readAll(file(whole.left(size))).split(QStringLiteral(" | "));
         for (const QString &item : items)
-            QVERIFY2(QStringList({"", "start channels a:nA", "0: 1.25", "1: 2.25e-09", "2: 3.25e-09"})
-                             .contains(item)
-                         || item.startsWith(QLatin1String("event the recording's last line")),
-                     qPrintable(item));
+            QVERIFY2(
+                QStringList({"", "start channels a:nA", "0: 1.25", "1: 2.25e-09", "2: 3.25e-09"})
+                        .contains(item)
+                    || item.startsWith(QLatin1String("event the recording's last line")),
+                qPrintable(item));
         before = items.last();
     }
     QCOMPARE(before, QStringLiteral("2: 3.25e-09"));
@@ -134,7 +149,8 @@ void tst_CsvReader::aCutRecordingLosesItsLastLine()
 
 void tst_CsvReader::saysWhyAFileCannotBeRead()
 {
-    QVERIFY(readAll(m_dir.filePath(QStringLiteral("missing.csv"))).contains(QLatin1String("No such file")));
+    QVERIFY(readAll(m_dir.filePath(QStringLiteral("missing.csv")))
+                .contains(QLatin1String("No such file")));
     QCOMPARE(readAll(m_dir.path()), QStringLiteral("it is no regular file"));
 }
 
@@ -170,12 +186,16 @@ void tst_CsvReader::knowsTheRealFiles_data()
     QTest::addColumn<QString>("start");
     QTest::addColumn<qint64>("readings");
     QTest::newRow("currents") << "bonn-proton-sem/currents_7ch.csv"
-                              << "start channels left:A right:A up:A down:A sum:A blm:A fc:A" << qint64(11258);
-    QTest::newRow("strips") << "lcls-otr-frames/strips_32x32.csv" << "start strips x01 x02 x03" << qint64(10);
-    QTest::newRow("pixels") << "lcls-otr-frames/pixels_12x12.csv" << "start pixels r01c01 r01c02" << qint64(10);
-    QTest::newRow("spots") << "dcpt-spot-plans/plan01_spots.csv"
-                           << "start spots beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm"
-                           << qint64(6069);
+                              << "start channels left:A right:A up:A down:A sum:A blm:A fc:A"
+                              << qint64(11258);
+    QTest::newRow("strips") << "lcls-otr-frames/strips_32x32.csv"
+                            << "start strips x01 x02 x03" << qint64(10);
+    QTest::newRow("pixels") << "lcls-otr-frames/pixels_12x12.csv"
+                            << "start pixels r01c01 r01c02" << qint64(10);
+    QTest::newRow("spots")
+        << "dcpt-spot-plans/plan01_spots.csv"
+        << "start spots beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm"
+        << qint64(6069);
 }
 
 void tst_CsvReader::knowsTheRealFiles()

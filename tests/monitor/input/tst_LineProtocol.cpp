@@ -43,54 +43,79 @@ void tst_LineProtocol::linesBecomeReadings_data()
     };
     row("commas", "0,1,2/1,3,4", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
     row("white space", "0 1\t2/1  3 4 ", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
-    row("plus, exponent and blanks at the commas", "0 , +1e-3/1, -2.5E2",
+    row("plus, exponent and blanks at the commas",
+        "0 , +1e-3/1, -2.5E2",
         "start channels ch1 | 0: 0.001 | 1: -250");
     row("no reading", "0,1,/1,,4/2,,", "start channels ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
     row("nan is no reading, inf is one", "0,nan/1,inf", "start channels ch1 | 0: - | 1: inf");
     row("one line alone", "5,1", "start channels ch1 | 5: 1");
-    row("declared", "#corvale 1/#channels left, right/#unit nA/0,1,2",
+    row("declared",
+        "#corvale 1/#channels left, right/#unit nA/0,1,2",
         "start channels left:nA right:nA | 0: 1 2");
-    row("a unit each", "#channels a,b,c/#unit nA,,mm/0,1,2,3", "start channels a:nA b c:mm | 0: 1 2 3");
+    row("a unit each",
+        "#channels a,b,c/#unit nA,,mm/0,1,2,3",
+        "start channels a:nA b c:mm | 0: 1 2 3");
     row("without a time", "#channels a,b/1,2/3,4", "start channels a b | 9: 1 2 | 9: 3 4");
     row("an empty time", "0,1/,2", "start channels ch1 | 0: 1 | 9: 2");
     row("one number a line", "1/2", "start channels ch1 | 9: 1 | 9: 2");
     row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
-    row("pixels", "#layout pixels/0,1,2,3,4", "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
+    row("pixels",
+        "#layout pixels/0,1,2,3,4",
+        "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
     row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
     row("an event", "#event door open/0,1", "event door open | start channels ch1 | 0: 1");
     row("comments and empty lines", "# hello//#whatever/0,1", "start channels ch1 | 0: 1");
-    row("garbage between", "0,1/\x01\xff\x02,x/1,2",
+    row("garbage between",
+        "0,1/\x01\xff\x02,x/1,2",
         "refused 2 not readable | start channels ch1 | 0: 1 | 1: 2");
-    row("a number with a tail", "0,1/1,2x/2,3",
+    row("a number with a tail",
+        "0,1/1,2x/2,3",
         "refused 2 not readable | start channels ch1 | 0: 1 | 2: 3");
-    row("time goes backwards", "5,1/6,2/5.5,3/7,4",
+    row("time goes backwards",
+        "5,1/6,2/5.5,3/7,4",
         "start channels ch1 | 5: 1 | 6: 2 | refused 3 its time goes backwards | 7: 4");
     row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
-    row("a time that is none", "nan,1/1,2/inf,3/2,4",
+    row("a time that is none",
+        "nan,1/1,2/inf,3/2,4",
         "refused 1 not readable | refused 3 not readable | start channels ch1 | 1: 2 | 2: 4");
-    row("one value too few", "0,1,2/1,3,4/2,5/3,6,7",
-        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 another number of values than the lines "
+    row("one value too few",
+        "0,1,2/1,3,4/2,5/3,6,7",
+        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 another number of values than the "
+        "lines "
         "before | 3: 6 7");
-    row("joined in the middle of a line", "7,8/1,3,4/2,5,6",
-        "refused 1 another number of values than the lines before | start channels ch1 ch2 | 1: 3 4 | "
+    row("joined in the middle of a line",
+        "7,8/1,3,4/2,5,6",
+        "refused 1 another number of values than the lines before | start channels ch1 ch2 | 1: 3 "
+        "4 | "
         "2: 5 6");
-    row("declared, joined in the middle of a line", "#channels a,b/7,8/1,3,4/2,5,6",
-        "refused 2 another number of values than the lines before | start channels a b | 1: 3 4 | 2: 5 6");
-    row("declared otherwise", "#channels a,b/0,1,2,3/0,1,2",
+    row("declared, joined in the middle of a line",
+        "#channels a,b/7,8/1,3,4/2,5,6",
+        "refused 2 another number of values than the lines before | start channels a b | 1: 3 4 | "
+        "2: 5 6");
+    row("declared otherwise",
+        "#channels a,b/0,1,2,3/0,1,2",
         "refused 2 another number of values than the lines before | start channels a b | 0: 1 2");
-    row("a greeting", "Welcome to electrometer/0,1/1,2/2,3",
+    row("a greeting",
+        "Welcome to electrometer/0,1/1,2/2,3",
         "refused 2 another number of values than the lines before | refused 1 not readable | start "
         "channels ch1 | 1: 2 | 2: 3");
-    row("new metadata is a new stream", "0,1/1,2/#unit nA/2,3",
+    row("new metadata is a new stream",
+        "0,1/1,2/#unit nA/2,3",
         "start channels ch1 | 0: 1 | 1: 2 | start channels ch1:nA | 2: 3");
-    row("the stream starts over", "5,1/6,2/#corvale 1/0,3/1,4",
+    row("the stream starts over",
+        "5,1/6,2/#corvale 1/0,3/1,4",
         "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 1: 4");
-    row("an unknown layout", "#layout rings/0,1", "refused 1 not readable | start channels ch1 | 0: 1");
-    row("a range that is none", "#range 5,1/#range a/0,1",
+    row("an unknown layout",
+        "#layout rings/0,1",
+        "refused 1 not readable | start channels ch1 | 0: 1");
+    row("a range that is none",
+        "#range 5,1/#range a/0,1",
         "refused 1 not readable | refused 2 not readable | start channels ch1 | 0: 1");
-    row("the header of a table", "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
+    row("the header of a table",
+        "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
         "start channels left:nA x:mm | 0: 1 2 | 1: 3 4");
-    row("the time is not the first column", "frame,time_ms,a/1,500,2/2,1500,3",
+    row("the time is not the first column",
+        "frame,time_ms,a/1,500,2/2,1500,3",
         "start channels a | 0.5: 2 | 1.5: 3");
     row("the instrument is set up anew",
         "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
@@ -120,8 +145,9 @@ void tst_LineProtocol::tooMuchIsDropped()
     QCOMPARE(readAll(most).count(QStringLiteral(" 1")), 256);
     QCOMPARE(readAll(most + ",1/0,1"),
              QStringLiteral("refused 1 more than 256 values | start channels ch1 | 0: 1"));
-    QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
-             QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 more than 256 values | 2: 3"));
+    QCOMPARE(
+        readAll("0,1/1,2/" + most + ",1/2,3"),
+        QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 more than 256 values | 2: 3"));
     const QByteArray commas(LineSplitter::maxLength, ',');
     QCOMPARE(readAll(commas), QStringLiteral("refused 1 more than 256 values"));
 }
@@ -131,12 +157,10 @@ void tst_LineProtocol::aCutAndMadeConnection_data()
     QTest::addColumn<QByteArray>("after");
     QTest::addColumn<QString>("expected");
     QTest::newRow("time goes on") << QByteArray("11,3/12,4") << "11: 3 | 12: 4";
-    QTest::newRow("time starts over")
-        << QByteArray("0,3/1,4") << "start channels a | 0: 3 | 1: 4";
+    QTest::newRow("time starts over") << QByteArray("0,3/1,4") << "start channels a | 0: 3 | 1: 4";
     QTest::newRow("the end of a line, then time goes on")
         << QByteArray("1,3/12,4/13,5") << "refused 3 its time goes backwards | 12: 4 | 13: 5";
-    QTest::newRow("the header again")
-        << QByteArray("time_s,a/11,3/12,4") << "11: 3 | 12: 4";
+    QTest::newRow("the header again") << QByteArray("time_s,a/11,3/12,4") << "11: 3 | 12: 4";
 }
 
 void tst_LineProtocol::aCutAndMadeConnection()
@@ -174,7 +198,8 @@ void tst_LineProtocol::metadataReachesTheHeader()
 {
     TextSink sink;
     LineProtocol protocol(sink);
-    for (const char *line : {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "1,1"})
+    for (const char *line :
+         {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "1,1"})
         protocol.takeLine(line, false);
     QCOMPARE(sink.header().startTime, QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
     QCOMPARE(sink.header().rangeLow, -2.0);

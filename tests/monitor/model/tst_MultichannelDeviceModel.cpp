@@ -4,7 +4,6 @@
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
-
 #include <corvale_qt/proxies/RVXAveragingProxyModel.h>
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/units/Units.h>

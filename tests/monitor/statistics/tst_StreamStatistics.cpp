@@ -166,9 +166,12 @@ void tst_StreamStatistics::equalsTheReferenceOfTheCurrents()
         const int channel = statistics.header().indexOf(row[1].chopped(2));
         QVERIFY2(channel >= 0, qPrintable(row[1]));
         const RunningStatistics &is = statistics.channel(channel);
-        const QStringList computed = {QString::number(is.count()), tenDigits(is.minimum()),
-                                      tenDigits(is.maximum()), tenDigits(is.mean()),
-                                      tenDigits(is.sigma()), tenDigits(is.populationSigma()),
+        const QStringList computed = {QString::number(is.count()),
+                                      tenDigits(is.minimum()),
+                                      tenDigits(is.maximum()),
+                                      tenDigits(is.mean()),
+                                      tenDigits(is.sigma()),
+                                      tenDigits(is.populationSigma()),
                                       tenDigits(is.integral())};
         QCOMPARE(computed.join(' '), row.mid(4).join(' '));
     }
@@ -179,16 +182,22 @@ void tst_StreamStatistics::equalsTheReferenceOfThePixels()
     const QVector<QStringList> table = tableOf(dataPath("lcls-otr-frames/pixels_reference.csv"));
     if (table.isEmpty())
         QSKIP("the folder of real readings is not there");
-    const StreamStatistics statistics
-        = statisticsOf(dataPath("lcls-otr-frames/pixels_12x12.csv"), -1e9, 1e9);
+    const StreamStatistics statistics =
+        statisticsOf(dataPath("lcls-otr-frames/pixels_12x12.csv"), -1e9, 1e9);
     QCOMPARE(int(statistics.frames().size()), table.size());
     for (int i = 0; i < table.size(); ++i) {
         const FrameMoments &is = statistics.frames()[std::size_t(i)].moments;
-        const auto six = [](double value) { return QString::number(value, 'f', 6); };
-        const QStringList computed
-            = {QString::number(is.total, 'f', 0), QString::number(is.maximum, 'f', 0),
-               QString::number(is.maximumRow), QString::number(is.maximumColumn), six(is.centroidColumn),
-               six(is.centroidRow), six(is.rmsColumn), six(is.rmsRow)};
+        const auto six = [](double value) {
+            return QString::number(value, 'f', 6);
+        };
+        const QStringList computed = {QString::number(is.total, 'f', 0),
+                                      QString::number(is.maximum, 'f', 0),
+                                      QString::number(is.maximumRow),
+                                      QString::number(is.maximumColumn),
+                                      six(is.centroidColumn),
+                                      six(is.centroidRow),
+                                      six(is.rmsColumn),
+                                      six(is.rmsRow)};
         QCOMPARE(computed.join(' '), table[i].mid(1).join(' '));
     }
 }

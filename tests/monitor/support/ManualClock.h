@@ -10,7 +10,8 @@ public:
     double seconds() const override { return m_seconds; }
     QDateTime wallTime() const override
     {
-        return QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC).addMSecs(qint64(m_seconds * 1000.0));
+        return QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC)
+            .addMSecs(qint64(m_seconds * 1000.0));
     }
     //! Lets \a seconds pass, in ticks of 20 ms.
     void advance(double seconds)

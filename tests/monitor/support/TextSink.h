@@ -29,16 +29,17 @@ public:
     void eventNoted(const QString &text) override { lines.append(QStringLiteral("event ") + text); }
     void lineRefused(const Monitor::RefusedLine &line) override
     {
-        lines.append(
-            QStringLiteral("refused %1 %2").arg(line.number).arg(Monitor::refusalText(line.refusal)));
+        lines.append(QStringLiteral("refused %1 %2")
+                         .arg(line.number)
+                         .arg(Monitor::refusalText(line.refusal)));
     }
 
     static QString readingText(double time, const double *values, int channels)
     {
         QString text = QString::number(time) + QLatin1Char(':');
         for (int i = 0; i < channels; ++i)
-            text += std::isnan(values[i]) ? QStringLiteral(" -")
-                                          : QStringLiteral(" %1").arg(values[i]);
+            text +=
+                std::isnan(values[i]) ? QStringLiteral(" -") : QStringLiteral(" %1").arg(values[i]);
         return text;
     }
     QString text() const { return lines.join(QStringLiteral(" | ")); }

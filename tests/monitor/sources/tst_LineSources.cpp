@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/SerialSource.h"
+#include "monitor/sources/StandardInputSource.h"
+#include "monitor/sources/TcpClientSource.h"
+#include "monitor/sources/TcpServerSource.h"
+#include "tests/monitor/support/ManualClock.h"
+#include "tests/monitor/support/SourceLog.h"
+#include "tests/support/TestMain.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <fcntl.h>
+#include <memory>
+#include <stdlib.h>
+#include <termios.h>
+#include <unistd.h>
+
+using namespace Monitor;
+
+//! Every source of lines against a real peer: a socket, a pipe, a pseudo-terminal.
+class tst_LineSources : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pipe();
+    void pipeThatBreaksOff();
+    void tcpClient();
+    void tcpClientReconnectsWithBackoff();
+    void tcpClientWithoutReconnecting();
+    void tcpClientAsks();
+    void tcpServer();
+    void tcpServerTakesTheNewest();
+    void aBusyPortIsTriedAgain();
+    void serialPort();
+};
+
+static const TcpClientSource::Question noQuestion{{}, 0.1};
+
+void tst_LineSources::pipe()
+{
+    int ends[2];
+    QCOMPARE(::pipe(ends), 0);
+    ManualClock clock;
+    StandardInputSource source(clock, ends[0]);
+    SourceLog log(source);
+    source.start();
+    const auto say = [&](const char *text) {
+        QCOMPARE(::write(ends[1], text, strlen(text)), ssize_t(strlen(text)));
+    };
+    say("#channels a,b\n0,1,2\n1,3");
+    QTRY_COMPARE(source.counts().lines, qint64(2));
+    say(",4\n\xff\x01garbage\n2,5,6\n3,7");
+    QTRY_COMPARE(log.times.size(), 3);
+    QVERIFY(log.text().contains(QLatin1String("refused 4 another number of values")));
+    log.sink.lines.removeAll(
+        QStringLiteral("refused 4 another number of values than the lines before"));
+    QCOMPARE(log.text(), QStringLiteral("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
+    ::close(ends[1]);
+    QTRY_COMPARE(log.stateNames(), QStringLiteral("Connecting Running Finished"));
+    ::close(ends[0]);
+}
+
+void tst_LineSources::pipeThatBreaksOff()
+{
+    int ends[2];
+    QCOMPARE(::pipe(ends), 0);
+    ManualClock clock;
+    StandardInputSource source(clock, ends[0]);
+    SourceLog log(source);
+    source.start();
+    QCOMPARE(::write(ends[1], "0,1\n1,2\n2,3", 11), ssize_t(11));
+    ::close(ends[1]);
+    QTRY_COMPARE(log.stateNames(), QStringLiteral("Connecting Running Finished"));
+    QCOMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | 2: 3"));
+    ::close(ends[0]);
+}
+
+//! A peer that listens on loopback and keeps who connects.
+class Instrument : public QTcpServer
+{
+public:
+    Instrument() { listen(QHostAddress::LocalHost); }
+    bool accept()
+    {
+        if (!hasPendingConnections() && !waitForNewConnection(5000))
+            return false;
+        peer = nextPendingConnection();
+        return peer != nullptr;
+    }
+    void say(const QByteArray &text)
+    {
+        peer->write(text);
+        peer->flush();
+    }
+
+    QTcpSocket *peer = nullptr;
+};
+
+void tst_LineSources::tcpClient()
+{
+    Instrument instrument;
+    ManualClock clock;
+    TcpClientSource source(clock, QStringLiteral("127.0.0.1"), instrument.serverPort(), noQuestion);
+    SourceLog log(source);
+    source.start();
+    QVERIFY(instrument.accept());
+    QTRY_COMPARE(source.state(), Source::State::Running);
+    instrument.say("#channels a\r\n0,1\r\n1,");
+    QTRY_COMPARE(source.counts().lines, qint64(2));
+    instrument.say("2\r\n");
+    QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 1 | 1: 2"));
+
+    // Lines without a time get the seconds since the source was started.
+    clock.advance(2.5);
+    instrument.say(",3\n");
+    QTRY_COMPARE(log.times.size(), 3);
+    QCOMPARE(log.times.last(), 2.5);
+}
+
+void tst_LineSources::tcpClientReconnectsWithBackoff()
+{
+    auto instrument = std::make_unique<Instrument>();
+    const quint16 port = instrument->serverPort();
+    ManualClock clock;
+    TcpClientSource source(clock, QStringLiteral("127.0.0.1"), port, noQuestion);
+    SourceLog log(source);
+    source.start();
+    QVERIFY(instrument->accept());
+    instrument->say("#channels a\n5,1\n6,2\n7,");
+    QTRY_COMPARE(log.times.size(), 2);
+    instrument.reset(); // closes the connection and the port
+
+    QTRY_COMPARE(source.state(), Source::State::Retrying);
+    for (const char *wait : {"0.5", "1", "2", "4", "8", "10", "10"}) {
+        const QString expected = QStringLiteral("trying again in %1 s").arg(QLatin1String(wait));
+        QTRY_VERIFY2(log.lastText.endsWith(expected), qPrintable(log.lastText));
+        log.lastText.clear();
+        const int states = log.states.size();
+        clock.advance(QByteArray(wait).toDouble() - 0.1);
+        QCOMPARE(log.states.size(), states); // not before its time
+        clock.advance(0.2);
+        // The same words twice in a row are no change of state.
+        if (qstrcmp(wait, "10") == 0)
+            break;
+    }
+
+    // It comes back, counting from zero: another acquisition, without what was cut off before.
+    Instrument again;
+    again.close();
+    QVERIFY(again.listen(QHostAddress::LocalHost, port));
+    QTRY_VERIFY([&] {
+        clock.advance(10.1);
+        return again.hasPendingConnections() || again.waitForNewConnection(10);
+    }());
+    QVERIFY(again.accept());
+    log.sink.lines.clear();
+    again.say("0,3\n1,4\n");
+    QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 3 | 1: 4"));
+    QCOMPARE(source.counts().bad(), qint64(0));
+}
+
+void tst_LineSources::tcpClientWithoutReconnecting()
+{
+    Instrument instrument;
+    const quint16 port = instrument.serverPort();
+    ManualClock clock;
+    TcpClientSource good(clock, QStringLiteral("127.0.0.1"), port, noQuestion);
+    SourceLog log(good);
+    good.setReconnecting(false);
+    good.start();
+    QVERIFY(instrument.accept());
+    instrument.say("0,1\n1,2"); // the last line without an end is the end of the data here
+    instrument.peer->disconnectFromHost();
+    QTRY_COMPARE(good.state(), Source::State::Finished);
+    QCOMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
+
+    instrument.close();
+    TcpClientSource refused(clock, QStringLiteral("127.0.0.1"), port, noQuestion);
+    refused.setReconnecting(false);
+    refused.start();
+    QTRY_COMPARE(refused.state(), Source::State::Failed);
+    QVERIFY(refused.stateText().contains(QLatin1String("refused")));
+}
+
+void tst_LineSources::tcpClientAsks()
+{
+    Instrument instrument;
+    ManualClock clock;
+    TcpClientSource source(clock,
+                           QStringLiteral("127.0.0.1"),
+                           instrument.serverPort(),
+                           TcpClientSource::Question{"READ?", 0.1});
+    SourceLog log(source);
+    source.start();
+    QVERIFY(instrument.accept());
+    QByteArray asked;
+    const auto heard = [&] {
+        asked += instrument.peer->readAll();
+        return asked.count("READ?\n");
+    };
+    QTRY_COMPARE(heard(), 1);
+
+    // No second question while the first has no answer; the next one an interval after an answer.
+    clock.advance(0.3);
+    QTest::qWait(0);
+    QCOMPARE(heard(), 1);
+    instrument.say("1.5\n");
+    QTRY_COMPARE(source.counts().lines, qint64(1));
+    clock.advance(0.1);
+    QTRY_COMPARE(heard(), 2);
+    instrument.say("2.5\n");
+    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0.3: 1.5 | 0.4: 2.5"));
+
+    // An answer that is lost ends nothing.
+    clock.advance(0.1);
+    QTRY_COMPARE(heard(), 3);
+    clock.advance(1.1);
+    QTRY_COMPARE(heard(), 4);
+}
+
+void tst_LineSources::tcpServer()
+{
+    ManualClock clock;
+    TcpServerSource source(clock, QHostAddress::LocalHost, 0);
+    SourceLog log(source);
+    source.start();
+    QVERIFY(source.port() != 0);
+    QTcpSocket peer;
+    peer.connectToHost(QHostAddress::LocalHost, source.port());
+    QVERIFY(peer.waitForConnected());
+    peer.write("0,1\n1,2\n");
+    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
+    peer.disconnectFromHost();
+    QTRY_COMPARE(source.state(), Source::State::Retrying);
+
+    QTcpSocket next;
+    next.connectToHost(QHostAddress::LocalHost, source.port());
+    QVERIFY(next.waitForConnected());
+    next.write("2,3\n3,4\n");
+    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));
+    QCOMPARE(source.state(), Source::State::Running);
+}
+
+void tst_LineSources::tcpServerTakesTheNewest()
+{
+    ManualClock clock;
+    TcpServerSource source(clock, QHostAddress::LocalHost, 0);
+    SourceLog log(source);
+    source.start();
+    QTcpSocket old, fresh;
+    old.connectToHost(QHostAddress::LocalHost, source.port());
+    QVERIFY(old.waitForConnected());
+    old.write("0,1\n1,2\n");
+    QTRY_COMPARE(log.times.size(), 2);
+    fresh.connectToHost(QHostAddress::LocalHost, source.port());
+    QVERIFY(fresh.waitForConnected());
+    fresh.write("2,3\n3,4\n");
+    QTRY_COMPARE(log.times.size(), 4);
+    QTRY_COMPARE(old.state(), QAbstractSocket::UnconnectedState);
+}
+
+void tst_LineSources::aBusyPortIsTriedAgain()
+{
+    auto other = std::make_unique<Instrument>();
+    ManualClock clock;
+    TcpServerSource source(clock, QHostAddress::LocalHost, other->serverPort());
+    source.start();
+    QCOMPARE(source.state(), Source::State::Retrying);
+    QVERIFY(source.stateText().contains(QLatin1String("in use")));
+    other.reset();
+    clock.advance(0.6);
+    QVERIFY(source.port() != 0);
+}
+
+//! The terminal's own end of a pseudo-terminal is the serial port here.
+void tst_LineSources::serialPort()
+{
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(master >= 0);
+    QCOMPARE(::grantpt(master), 0);
+    QCOMPARE(::unlockpt(master), 0);
+    const QString device = QString::fromLocal8Bit(::ptsname(master));
+    const auto say = [&](const char *text) {
+        QCOMPARE(::write(master, text, strlen(text)), ssize_t(strlen(text)));
+    };
+    ManualClock clock;
+    SerialSource source(clock, device);
+    SourceLog log(source);
+    source.start();
+    QCOMPARE(source.state(), Source::State::Running);
+    say("8,9\n#channels a,b\n0,1,2\n1,3,");
+    say("4\n2,5,6\n");
+    QTRY_COMPARE(log.times.size(), 4);
+    QVERIFY(log.text().endsWith(QLatin1String("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6")));
+
+    ::close(master); // the cable is pulled
+    QTRY_VERIFY([&] {
+        clock.advance(0.02);
+        return source.state() == Source::State::Retrying;
+    }());
+    QVERIFY(log.lastText.contains(QLatin1String("trying again")));
+
+    SerialSource missing(clock, QStringLiteral("/dev/no-such-port"));
+    missing.start();
+    QCOMPARE(missing.state(), Source::State::Retrying);
+}
+
+CORVALE_QT_TEST_MAIN(tst_LineSources)
+#include "tst_LineSources.moc"

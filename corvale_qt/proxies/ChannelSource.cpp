@@ -87,9 +87,9 @@ void ChannelSource::_q_sourceDataChanged(const QModelIndex &topLeft, const QMode
     if (!topLeft.isValid() || !bottomRight.isValid() || columns.isEmpty())
         return;
     // The newest sample is shown again on the rows that this source does not have.
-    const int rows = d->ledger.rows();
+    const int announced = d->ledger.rows();
     const bool withNewest = bottomRight.row() >= 1 && bottomRight.row() >= rowCount() - 1;
-    const int lastRow = withNewest ? rows : std::min(bottomRight.row(), rows);
+    const int lastRow = withNewest ? announced : std::min(bottomRight.row(), announced);
     const auto relay = [&](int firstColumn, int lastColumn) {
         const QModelIndex from = q->index(topLeft.row(), firstColumn);
         const QModelIndex to = q->index(lastRow, lastColumn);

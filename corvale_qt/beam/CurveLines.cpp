@@ -128,7 +128,7 @@ private:
             addOneByOne(runs, column, first, last);
             return;
         }
-        const auto pixels = std::minmax(pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1]));
+        const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
         runs.addColumn(column,
                        pixelOf(m_yMap, shown(m_y.stored(first))),
                        pixels.first,

@@ -13,8 +13,8 @@ namespace Corvale_Qt {
 
 /*! The intensity raster. Paints nothing until it was given values.
 
-    Smoothed, its picture equals the base class's to the pixel; what depends on a row or a column
-   alone is worked out once for it instead of once a pixel. */
+    Smoothed, its picture equals the base class's to the pixel; what depends on a row or a column alone is worked
+    out once for it instead of once a pixel. */
 class BeamRaster : public QwtPlotSpectrogram
 {
 public:

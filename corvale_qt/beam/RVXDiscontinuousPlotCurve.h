@@ -9,12 +9,10 @@ namespace Corvale_Qt {
 
 class CurveLayer;
 
-/*! A curve that breaks where samples are missing: a sample whose x or y is not finite is not drawn, and no
-    line leads to or from it. A sample between two missing ones is drawn as a point of the pen's
-   width.
+/*! A curve that breaks where samples are missing: a sample whose x or y is not finite is not drawn, and no line
+    leads to or from it. A sample between two missing ones is drawn as a point of the pen's width.
 
-    Its bounding rectangle holds finite samples only, so that an automatic axis never meets the
-   others. */
+    Its bounding rectangle holds finite samples only, so that an automatic axis never meets the others. */
 class CORVALE_QT_EXPORT RVXDiscontinuousPlotCurve : public QwtPlotCurve
 {
 public:

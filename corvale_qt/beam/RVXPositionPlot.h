@@ -12,9 +12,8 @@ class RVXPositionPlotPrivate;
 
 /*! The beam's latest position on an X/Y plane, with a trail of the 20 positions before it.
 
-    Positions may come at any rate: the plot is painted at most ten times a second. A position that
-   is not finite keeps its place in the trail but is not drawn, and the marker is gone until the
-   next good one.
+    Positions may come at any rate: the plot is painted at most ten times a second. A position that is not finite
+    keeps its place in the trail but is not drawn, and the marker is gone until the next good one.
 
     \code
     auto *plot = new Corvale_Qt::RVXPositionPlot(window);

@@ -20,8 +20,8 @@ class RVXSpectrogramPrivate;
     | setL408()     | X strips in values 0 to 31, Y strips in 64 to 95 | 32 x 32 cells of 2 mm  |
     | setPixelated()| 120 pixels among the 128 values                  | 12 x 12 cells of 3.8 mm|
 
-    Frames may come at any rate: a calculation is shown at most ten times a second. With the side
-   bar, the numbers are shown there; without it they are the owner's, who gets calcUpdate().
+    Frames may come at any rate: a calculation is shown at most ten times a second. With the side bar, the numbers
+    are shown there; without it they are the owner's, who gets calcUpdate().
 
     \code
     auto *profile = new Corvale_Qt::RVXSpectrogram(window);
@@ -53,12 +53,12 @@ public:
 
 public Q_SLOTS:
     /*! Takes one frame, in coulomb, and its time in seconds. A frame with the time stamp of the one before is
-        ignored (so is a first frame at 0, which the display starts from); a step back in time
-       clears the time plot; a time that is not finite is refused with a debug line. */
+        ignored (so is a first frame at 0, which the display starts from); a step back in time clears the time
+        plot; a time that is not finite is refused with a debug line. */
     void setData(const QVector<double> &readings, double timestamp);
-    /*! Options of the strip pair's Gaussian fits: threshold fraction, half width in strips, minimum peak, a
-        number that is not used, weight power. Fewer than four entries stand for 0, 1024, 1e-15 and
-       2; the two other arguments are for the histograms' sake. */
+    /*! Options of the strip pair's Gaussian fits: threshold fraction, half width in strips, minimum peak, a number
+        that is not used, weight power. Fewer than four entries stand for 0, 1024, 1e-15 and 2; the two other
+        arguments are for the histograms' sake. */
     void SetRegressionOptions(bool enabled, const QVector<double> &options, int peaks);
     //! Chooses the strip pair; clears the time plot, and what was shown of another layout. False leaves the display without that layout.
     void setL408(bool enabled);

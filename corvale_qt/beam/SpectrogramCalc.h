@@ -8,8 +8,8 @@ namespace Corvale_Qt {
 /*! Beam calculations of one frame. Lengths are in millimetres, positions from the detector's centre, X to the
     right and Y upwards, each mirrored where the display is told to invert that axis.
 
-    What could not be computed is `invalid`: means and sigmas of an axis without a fit, both
-   principal sigmas of a frame that is not valid. */
+    What could not be computed is `invalid`: means and sigmas of an axis without a fit, both principal sigmas of a
+    frame that is not valid. */
 struct SpectrogramCalc
 {
     //! Stands for "no value"; a number that no detector can give, and that hosts compare with.

@@ -37,10 +37,9 @@ struct ColumnSpans
 
 /*! Reads a plot model by the chunk instead of by the cell.
 
-    The interface of the models asks for one number at a time through a virtual call; that is what
-   hosts implement and override. Models and proxies of the library offer this beside it, from their
-   private classes. Who reads many numbers asks for it once, with of(), and uses a PlotColumnReader.
- */
+    The interface of the models asks for one number at a time through a virtual call; that is what hosts implement
+    and override. Models and proxies of the library offer this beside it, from their private classes. Who reads
+    many numbers asks for it once, with of(), and uses a PlotColumnReader. */
 class PlotColumns
 {
 public:

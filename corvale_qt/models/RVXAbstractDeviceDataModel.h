@@ -19,10 +19,9 @@ class RVXAbstractDeviceDataModelPrivate;
     | row 0 | "Time (s)" | the channel: its name, colour and check box |
     | row r | time of sample r | reading of channel c |
 
-    It keeps the unit of the readings, which channels are switched on (at most 256), the sampling
-   timer and the looks of the table. A subclass adds the samples: index(), rowCount(), doubleData(),
-   deviceSpecificData(), isOverrange(), Clear() and SaveDataToFile(), and NumberOfChannels() where
-   it has more than one channel. */
+    It keeps the unit of the readings, which channels are switched on (at most 256), the sampling timer and the
+    looks of the table. A subclass adds the samples: index(), rowCount(), doubleData(), deviceSpecificData(),
+    isOverrange(), Clear() and SaveDataToFile(), and NumberOfChannels() where it has more than one channel. */
 class CORVALE_QT_EXPORT RVXAbstractDeviceDataModel : public QAbstractItemModel,
                                                      public RVXAbstractPlotDataModel
 {
@@ -53,9 +52,9 @@ public:
     virtual QFont dataFont() const;
     //! Whether a reading lies outside the instrument's range; channel and sample count from 0.
     virtual bool isOverrange(int channel, int sample) const = 0;
-    /*! The unit of the readings from now on. It is not owned and must live as long as the model uses it; null
-        is taken, numbers are then shown as they are. Emits unitsChanged() and, where there are
-       samples, dataChanged() over all of them. */
+    /*! The unit of the readings from now on. It is not owned and must live as long as the model uses it; null is
+        taken, numbers are then shown as they are. Emits unitsChanged() and, where there are samples, dataChanged()
+        over all of them. */
     virtual void SetUnits(const Units::MeasurementUnit *units);
 
     int MaxBufferSize() const override;

@@ -17,12 +17,12 @@ class MeasurementUnit;
 
 /*! What every model and proxy offers to plots: a table of numbers.
 
-    Column 0 is x (time, in seconds for device models), columns 1 and up are channels. Row 0 is a
-   header: there doubleData(0, c) is c, and the item model's side holds each channel's name, colour
-   and check state. Samples are rows 1 to rowCount() - 1, oldest first.
+    Column 0 is x (time, in seconds for device models), columns 1 and up are channels. Row 0 is a header: there
+    doubleData(0, c) is c, and the item model's side holds each channel's name, colour and check state. Samples are
+    rows 1 to rowCount() - 1, oldest first.
 
-    This is not a QObject. Concrete models derive from QAbstractItemModel as well, and each side is
-   found from the other by dynamic_cast. Nothing here is owned by the model unless it says so. */
+    This is not a QObject. Concrete models derive from QAbstractItemModel as well, and each side is found from the
+    other by dynamic_cast. Nothing here is owned by the model unless it says so. */
 class CORVALE_QT_EXPORT RVXAbstractPlotDataModel
 {
 public:
@@ -57,8 +57,8 @@ public:
     //! The number of one cell, in the unit of display. A cell that holds none gives 0.0.
     virtual double doubleData(int row, int column) const = 0;
     /*! A column as a Qwt series, from \a startRow to \a endRow, both inclusive; an \a endRow that the model does
-        not have, by custom -1, stands for the last row. The caller owns the series, which must not
-       outlive the model. */
+        not have, by custom -1, stands for the last row. The caller owns the series, which must not outlive the
+        model. */
     virtual QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const = 0;
     //! How many samples the buffer holds at most.
     virtual int MaxBufferSize() const = 0;

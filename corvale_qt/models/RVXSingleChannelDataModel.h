@@ -9,14 +9,12 @@ class RVXSingleChannelDataModelPrivate;
 
 /*! The readings of one channel: the newest 100000 samples, each with its time stamp.
 
-    Values are given in the base unit and shown in units(). With autoUpdate() on, which it is at
-   first, views hear of each sample; with it off, they hear when the host calls UpdateView(). A
-   table view costs more per sample than anything else here, so feed tables the second way, from a
-   timer.
+    Values are given in the base unit and shown in units(). With autoUpdate() on, which it is at first, views hear
+    of each sample; with it off, they hear when the host calls UpdateView(). A table view costs more per sample
+    than anything else here, so feed tables the second way, from a timer.
 
-    While the buffer is full, a sample that arrives is announced as an insertion at the end with the
-   removal of row 1 inside it. An index on the last row therefore moves to the newest sample; the
-   others keep theirs.
+    While the buffer is full, a sample that arrives is announced as an insertion at the end with the removal of row
+    1 inside it. An index on the last row therefore moves to the newest sample; the others keep theirs.
 
     \code
     RVXSingleChannelDataModel model;
@@ -39,8 +37,8 @@ public:
 
     void Clear() override;
     /*! Writes the visible samples as CSV: time with nine decimals and the value in the base unit with six digits,
-        whatever units() is. A file that cannot be opened gives false; one that cannot be written to
-       the end leaves a warning on the debug stream and gives true, which hosts rely on. */
+        whatever units() is. A file that cannot be opened gives false; one that cannot be written to the end leaves
+        a warning on the debug stream and gives true, which hosts rely on. */
     bool SaveDataToFile(const QString &fileName) const override;
 
     //! The number set here, or 256 while it is 0.

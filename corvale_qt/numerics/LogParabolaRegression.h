@@ -58,12 +58,10 @@ struct RegressionResult
 };
 
 /*! Fits a Gaussian to \a count readings by weighted least squares on their logarithms (a parabola: Caruana's
-    method, with the readings' powers as weights as Guo proposed, IEEE Signal Processing Magazine
-   28(5), 2011).
+    method, with the readings' powers as weights as Guo proposed, IEEE Signal Processing Magazine 28(5), 2011).
 
-    Bins beyond four equal quarters have no pedestal taken off. Readings that are not positive carry
-   no weight. Sums and equations are double whatever T is: in single precision the determinant of a
-   wide run is noise. */
+    Bins beyond four equal quarters have no pedestal taken off. Readings that are not positive carry no weight.
+    Sums and equations are double whatever T is: in single precision the determinant of a wide run is noise. */
 template<typename T>
 RegressionResult<T> fitLogParabola(const T *values, int count, const RegressionOptions<T> &options);
 

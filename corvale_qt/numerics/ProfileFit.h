@@ -11,8 +11,8 @@ namespace Corvale_Qt {
 
 /*! Statistics of one histogram: what a computation found in its bin values, in single precision.
 
-    Positions and widths are in bins, the first bin's centre at 0; heights and sums in the unit of
-   the values. The readings are shared with the vector they came in, not copied. */
+    Positions and widths are in bins, the first bin's centre at 0; heights and sums in the unit of the values. The
+    readings are shared with the vector they came in, not copied. */
 struct CORVALE_QT_EXPORT ProfileFit
 {
     explicit ProfileFit(const QVector<float> &binValues = {});

@@ -10,9 +10,9 @@ namespace Corvale_Qt {
 struct ProfileFit;
 
 /*! \file
-    The computations on a histogram's bins. Each takes the values from the record, fills it, and
-   sets its `valid` where the status is Ok; on failure the record keeps the peak and the sum that
-   were found. None throws, whatever the values are. */
+    The computations on a histogram's bins. Each takes the values from the record, fills it, and sets its
+    `valid` where the status is Ok; on failure the record keeps the peak and the sum that were found. None throws,
+    whatever the values are. */
 
 /*! The window of 2 \a halfWidth + 1 bins around \a peak, pushed inside the profile; all of the profile where
     it does not fit. */

@@ -58,8 +58,8 @@ enum MeasurementUnitType {
 /*! A physical unit of display: turns numbers held in the base unit of their quantity into numbers shown to a
     person, and those into text.
 
-    Models hand out pointers to units that they keep; fromType() and fromString() make new ones that
-   the caller owns. A unit is a plain value: it may be copied, and it knows nothing of who shows it.
+    Models hand out pointers to units that they keep; fromType() and fromString() make new ones that the caller
+    owns. A unit is a plain value: it may be copied, and it knows nothing of who shows it.
 
     \code
     const Units::mA unit;
@@ -68,9 +68,9 @@ enum MeasurementUnitType {
 class CORVALE_QT_EXPORT MeasurementUnit
 {
 public:
-    /*! A unit of the host's own: type Type_Unknown, exponent format with three digits.
-        \a factor turns a value in the base unit into one in this unit, \a name is the symbol put
-       after numbers, \a extraScale is multiplied in as well. */
+    /*! A unit of the host's own: type Type_Unknown, exponent format with three digits. \a factor turns a value in
+        the base unit into one in this unit, \a name is the symbol put after numbers, \a extraScale is multiplied
+        in as well. */
     MeasurementUnit(double factor, const QString &name, double extraScale);
     MeasurementUnit(const MeasurementUnit &other);
     virtual ~MeasurementUnit();
@@ -101,9 +101,9 @@ public:
 
     //! A new unit, owned by the caller; null where \a type names none.
     static MeasurementUnit *fromType(MeasurementUnitType type);
-    /*! The type that a text from a person or a file means; Type_Unknown where it means none. The symbols
-        with a micro sign are not understood (write "uA"), and any other text that ends with a
-       capital C or F is a temperature: both kept for files already written. */
+    /*! The type that a text from a person or a file means; Type_Unknown where it means none. The symbols with a
+        micro sign are not understood (write "uA"), and any other text that ends with a capital C or F is a
+        temperature: both kept for files already written. */
     static MeasurementUnitType typeFromString(const QString &text);
     //! A new unit for \a text, owned by the caller; null where typeFromString() does not know it.
     static MeasurementUnit *fromString(const QString &text);

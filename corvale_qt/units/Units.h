@@ -4,9 +4,8 @@
 #include "corvale_qt/units/MeasurementUnit.h"
 
 /*! \file
-    One class for each unit that the library knows. The base unit of a quantity has factor 1; the
-   numbers that a model holds are in the base unit, except temperatures, which are never converted.
- */
+    One class for each unit that the library knows. The base unit of a quantity has factor 1; the numbers
+    that a model holds are in the base unit, except temperatures, which are never converted. */
 
 namespace Corvale_Qt {
 namespace Units {

@@ -2,8 +2,9 @@
 // A treatment plan played layer by layer, spot by spot, beside the plan itself; Page Up and Down change the layer.
 //     spot_map [plan.csv]      columns: beam,layer,energy_MeV,spot,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm
 
-#include <corvale_qt/beam/SpotMapView.h>
-#include <corvale_qt/beam/SpotMapWidget.h>
+#include "../common/RunExample.h"
+#include <corvale_qt/SpotMapView>
+#include <corvale_qt/SpotMapWidget>
 
 #include <QApplication>
 #include <QFile>
@@ -23,23 +24,24 @@ Plan readPlan(const QString &fileName)
 {
     Plan plan;
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qInfo("No plan (%s), so here is a square field.", qPrintable(file.errorString()));
+    if (!fileName.isEmpty() && file.open(QIODevice::ReadOnly))
+        file.readLine(); // the columns' names
+    QByteArrayList previous;
+    while (file.isOpen() && !file.atEnd()) {
+        const QByteArrayList fields = file.readLine().split(',');
+        QVector<float> number;
+        for (const QByteArray &field : fields)
+            number << field.toFloat();
+        if (fields.mid(0, 2) != previous) // another beam, or another layer
+            plan << QVector<Spot>();
+        plan.last() << Spot{number.value(4), number.value(5), number.value(6), number.value(7)};
+        previous = fields.mid(0, 2);
+    }
+    if (plan.isEmpty()) {
+        qInfo("No plan, so here is a square field.");
         plan.resize(1);
         for (int i = 0; i < 121; ++i)
             plan[0] << Spot{i % 11 * 6.0F - 30.0F, i / 11 * 6.0F - 30.0F, 20.0F, 4.0F};
-    }
-    QByteArrayList previous{"", ""};
-    file.readLine(); // the columns' names
-    while (!file.atEnd()) {
-        const QByteArrayList fields = file.readLine().split(',');
-        const auto number = [&fields](int column) {
-            return fields.value(column).toFloat();
-        };
-        if (fields.mid(0, 2) != previous) // another beam, or another layer
-            plan << QVector<Spot>();
-        plan.last() << Spot{number(4), number(5), number(6), number(7)};
-        previous = fields.mid(0, 2);
     }
     return plan;
 }
@@ -59,11 +61,7 @@ void append(QStandardItemModel &model, const Spot &spot, float doseFactor)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    const Plan plan = readPlan(arguments.value(1));
-    if (plan.isEmpty())
-        return 1;
-
+    const Plan plan = readPlan(QApplication::arguments().value(1));
     QStandardItemModel planned, delivered;
     QSplitter window;
     auto *left = new SpotMapWidget(&window);
@@ -72,7 +70,6 @@ int main(int argc, char **argv)
     left->spotMapView()->setPathColor(QColor(255, 190, 0));
     right->spotMapView()->setModel(&delivered);
     right->setDiffTarget(left);
-
     int layer = 0;
     const auto step = [&](int layers) {
         layer = qBound(0, layer + layers, plan.size() - 1);
@@ -97,12 +94,6 @@ int main(int argc, char **argv)
         right->setDoseValue(QString::number(double(spot.dose), 'f', 2));
     });
     beam.start(20);
-
     window.resize(1000, 560);
-    window.show();
-    const int quitAfter = arguments.indexOf("--quit-after");
-    const int milliseconds = arguments.value(quitAfter + 1).toInt();
-    if (quitAfter > 0)
-        QTimer::singleShot(milliseconds, &application, &QApplication::quit);
-    return QApplication::exec();
+    return runExample(window);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/RVX_CoGHistogramItem.h"
+#include "corvale_qt/scope/RVX_FitHistogramItem.h"
 #include "corvale_qt/scope/RVX_GaussabolaHistogramItem.h"
 #include "corvale_qt/scope/RVX_HistogramItemAxisWidget.h"
 #include "corvale_qt/scope/RVX_PrecalculatedFitHistogramItem.h"
@@ -33,6 +34,12 @@ std::unique_ptr<RVX_StatisticsHistogramItem> createItem(RVXScopePlotView::Histog
         return std::make_unique<RVX_PrecalculatedFitHistogramItem>(axisWidget, parameters, full);
     }
     return nullptr;
+}
+
+//! A centre of gravity has no calibration.
+bool hasEnergy(const RVX_StatisticsHistogramItem &item)
+{
+    return dynamic_cast<const RVX_FitHistogramItem *>(&item) != nullptr;
 }
 
 } // namespace
@@ -78,6 +85,8 @@ void HistogramStatistics::enable(Type type,
         family.items.push_back(createItem(type, family.axisWidget, parameters, full));
         RVX_StatisticsHistogramItem &item = *family.items.back();
         item.clear();
+        if (!hasEnergy(item))
+            continue;
         item.toggleMLFC(m_showsEnergy);
         if (m_hasEnergies)
             item.upload_MLFC_calibration_table(&m_energies);
@@ -156,7 +165,8 @@ void HistogramStatistics::toggleMLFC(bool enable)
 {
     m_showsEnergy = enable;
     forEachItem([enable](RVX_StatisticsHistogramItem &item) {
-        item.toggleMLFC(enable);
+        if (hasEnergy(item))
+            item.toggleMLFC(enable);
     });
 }
 
@@ -166,7 +176,8 @@ void HistogramStatistics::upload_MLFC_calibration_table(const std::vector<double
     m_energies = table ? *table : std::vector<double>();
     std::vector<double> *energies = m_hasEnergies ? &m_energies : nullptr;
     forEachItem([energies](RVX_StatisticsHistogramItem &item) {
-        item.upload_MLFC_calibration_table(energies);
+        if (hasEnergy(item))
+            item.upload_MLFC_calibration_table(energies);
     });
 }
 

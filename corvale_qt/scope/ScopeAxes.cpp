@@ -98,6 +98,7 @@ std::pair<double, double> YScale::bounds() const
 
 ScopeAxes::ScopeAxes(QwtPlot *plot)
     : m_plot(plot)
+    , m_timeFont(plot->axisFont(QwtPlot::xBottom))
 {
     m_plot->setAxisScaleEngine(QwtPlot::yLeft, new FiniteScaleEngine);
     m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
@@ -116,6 +117,7 @@ void ScopeAxes::setYScale(const YScale &scale)
 void ScopeAxes::prepareTimeAxis()
 {
     m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
+    m_plot->setAxisFont(QwtPlot::xBottom, m_timeFont);
     m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
     m_plot->setAxisMaxMinor(QwtPlot::xBottom, 10);
     m_plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 20);

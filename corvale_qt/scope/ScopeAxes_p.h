@@ -8,6 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
+#include <QFont>
 #include <QString>
 
 #include <utility>
@@ -49,6 +50,7 @@ public:
 
 private:
     QwtPlot *m_plot;
+    QFont m_timeFont; //!< the channel axis has another
     // Setting a title lays out the plot, also where it is the same.
     QString m_xTitle;
     QString m_yTitle;

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
+#include "corvale_qt/scope/ScopeMarkerItem_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 
 #include <qwt_plot.h>
@@ -20,9 +21,13 @@ ScopeMarkers::ScopeMarkers(RVXScopePlotView *view, QwtPlot *plot, const ScopeMod
     , m_model(model)
     , m_data(count)
 {
+    QSharedPointer<const ScopeMarkerItem> before;
     for (State &state : m_states) {
-        state.item.reset(new QwtPlotMarker);
-        prepareMarker(*state.item);
+        const auto item = QSharedPointer<ScopeMarkerItem>::create();
+        item->keepBelow(before);
+        prepareMarker(*item);
+        state.item = item;
+        before = item;
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
@@ -44,7 +45,8 @@ QString ScopeModel::name(int channel) const
 QBrush ScopeModel::brush(int channel) const
 {
     const QVariant brush = header(channel, Qt::BackgroundRole);
-    return brush.userType() == QMetaType::QBrush ? brush.value<QBrush>() : QBrush(Qt::NoBrush);
+    return brush.userType() == QMetaType::QBrush ? brush.value<QBrush>()
+                                                 : QBrush(RVXPlotColors::color(channel - 1));
 }
 
 QString ScopeModel::xUnitName() const

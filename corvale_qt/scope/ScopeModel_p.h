@@ -44,7 +44,7 @@ public:
 
     bool isShown(int channel) const;
     QString name(int channel) const;
-    //! The channel's brush; no brush where the model gives none.
+    //! The channel's brush; one of the palette where the model gives none, since the canvas is black.
     QBrush brush(int channel) const;
     //! Symbol of the unit of x; empty where there is none.
     QString xUnitName() const;

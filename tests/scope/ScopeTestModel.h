@@ -47,6 +47,8 @@ public:
     }
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override
     {
+        if (role == Qt::BackgroundRole && !hasColours)
+            return QVariant();
         const bool isFit =
             role == DeviceFitRole && index.column() == 0 && index.row() == m_rows.size();
         return isFit ? QVariant(deviceFits) : RVXAbstractDeviceDataModel::data(index, role);
@@ -103,6 +105,7 @@ public:
     }
 
     QStringList names;
+    bool hasColours = true;
     QVariantList deviceFits;
     int pointsHint = 256;
     double widthHint = 0.0;

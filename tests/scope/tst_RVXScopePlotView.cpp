@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/RVXPositionPlot.h"
 #include "corvale_qt/beam/RVXSpectrogram.h"
 #include "corvale_qt/beam/RVXSplitPlot.h"
+#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestModel.h"
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void rangeIsTakenOnce();
     void normalizedCurvesReachTheirOwnLargest();
     void hiddenChannelsAreNotDrawn();
+    void channelsWithoutAColourGetOne();
     void curvesAreWhereTheSamplesAre();
     void modesShowTheirWidgetAlone();
     void bufferSizeIsTold();
@@ -322,6 +324,17 @@ void tst_RVXScopePlotView::hiddenChannelsAreNotDrawn()
         const QBrush colour = model.index(0, i + 1).data(Qt::BackgroundRole).value<QBrush>();
         QCOMPARE(view.curves()[i]->pen().color(), colour.color());
     }
+}
+
+void tst_RVXScopePlotView::channelsWithoutAColourGetOne()
+{
+    ScopeTestModel model(2);
+    model.hasColours = false;
+    ScopeTestView view(&model);
+    model.appendRows(10, 1.0, channelNumber);
+    view.settle();
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(view.curves()[i]->pen().color(), RVXPlotColors::color(i));
 }
 
 void tst_RVXScopePlotView::curvesAreWhereTheSamplesAre()

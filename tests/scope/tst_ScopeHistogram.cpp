@@ -161,6 +161,7 @@ void tst_ScopeHistogram::channelsAreLabelled()
     ScopeTestModel model(channels);
     model.show(QVector<double>(channels, 1.0));
     ScopeTestView view(&model);
+    const QFont fontOfTime = view.qwtPlot()->axisFont(QwtPlot::xBottom);
     view.SetPlotMode(View::HistogramMode);
     view.settle();
     const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
@@ -172,6 +173,8 @@ void tst_ScopeHistogram::channelsAreLabelled()
             labels << label;
     }
     QTEST(labels.join(' '), "labels");
+    view.SetPlotMode(View::StripMode);
+    QCOMPARE(view.qwtPlot()->axisFont(QwtPlot::xBottom), fontOfTime);
     QCOMPARE(ChannelNameDraw().label(26.0).text(), QString("Z"));
     for (double none : {0.0, 27.0, 1.5, qQNaN(), -qInf()})
         QVERIFY(ChannelNameDraw().label(none).isEmpty());

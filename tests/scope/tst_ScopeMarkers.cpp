@@ -38,6 +38,28 @@ double numberIn(const QString &label, const QString &name)
     return qQNaN();
 }
 
+//! Around the two upright lines in the labels' colour that are longer than a letter; empty where there are not two.
+QRect frameIn(const QImage &canvas)
+{
+    const QRgb color = RVXPlotColors::labelTextColor().rgb();
+    constexpr int longerThanLetters = 40;
+    QRect frame;
+    int lines = 0;
+    for (int x = 0; x < canvas.width(); ++x) {
+        int top = 0;
+        for (int y = 0; y < canvas.height(); ++y) {
+            if (canvas.pixel(x, y) == color)
+                continue;
+            if (y - top > longerThanLetters) {
+                frame |= QRect(x, top, 1, y - top);
+                ++lines;
+            }
+            top = y + 1;
+        }
+    }
+    return lines == 2 ? frame : QRect();
+}
+
 QVector<QStringList> csv(const QString &name)
 {
     QFile file(QStringLiteral(CORVALE_QT_DATA_DIR "/bonn-proton-sem/") + name);
@@ -61,6 +83,8 @@ private Q_SLOTS:
     void keepToTheirChannel();
     void numbersBetweenThem();
     void labelsFaceAwayFromEachOther();
+    void labelsCanBeRead_data();
+    void labelsCanBeRead();
     void followASelectionFromOutside();
     void selectingIsNoReasonToPlotAgain();
     void stayWithoutARowWhenTheirSampleIsGone();
@@ -183,6 +207,37 @@ void tst_ScopeMarkers::labelsFaceAwayFromEachOther()
     QCOMPARE(view.plotMarker(1)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
     view.click(Qt::LeftButton, view.at(60.0, 1.0));
     QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
+}
+
+void tst_ScopeMarkers::labelsCanBeRead_data()
+{
+    QTest::addColumn<double>("first");
+    QTest::addColumn<double>("second");
+    QTest::addColumn<bool>("below");
+    QTest::newRow("room for both") << 100.0 << 200.0 << false;
+    QTest::newRow("the second at the right border") << 230.0 << 290.0 << false;
+    QTest::newRow("both at the right border") << 285.0 << 290.0 << true;
+    QTest::newRow("both at the left border") << 54.0 << 50.0 << true;
+}
+
+//! The frame of the selected label is whole, and not over the other label.
+void tst_ScopeMarkers::labelsCanBeRead()
+{
+    QFETCH(double, first);
+    QFETCH(double, second);
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    view.SelectPoint1(QPointF(first, 1.0));
+    view.SelectPoint2(QPointF(second, 1.0));
+    view.settle();
+    const QRect frame = frameIn(view.canvas());
+    const QSizeF size = view.plotMarker(1)->label().textSize();
+    QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);
+    QVERIFY(qAbs(frame.height() - size.height()) <= 2.0);
+    const double otherBottom = view.plotMarker(0)->label().textSize().height();
+    QTEST(frame.top() >= otherBottom, "below");
 }
 
 void tst_ScopeMarkers::followASelectionFromOutside()
@@ -364,6 +419,7 @@ void tst_ScopeMarkers::readBars()
 void tst_ScopeMarkers::ofABeamCurrent_data()
 {
     QTest::addColumn<QString>("window");
+    QTest::newRow("all") << "all";
     QTest::newRow("dark") << "dark";
     QTest::newRow("beam") << "beam";
 }

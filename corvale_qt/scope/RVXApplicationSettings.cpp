@@ -27,8 +27,7 @@ QSettings::Format xmlFormat()
 
 bool isReadableIni(const QByteArray &contents)
 {
-    // From a copy: an object on the file itself would answer from what the process has read of it
-    // before.
+    // From a copy: an object on the file itself would answer from what the process has read of it before.
     QTemporaryFile copy;
     if (!copy.open() || copy.write(contents) != contents.size() || !copy.flush())
         return true;
@@ -110,8 +109,7 @@ bool RVXApplicationSettingsPrivate::hasChanged()
 
 bool RVXApplicationSettingsPrivate::setAside(const QString &file) const
 {
-    // QSettings takes the same lock to write: no other process replaces the file between look and
-    // rename.
+    // QSettings takes the same lock to write: no other process replaces the file between look and rename.
     QLockFile lock(file + ".lock");
     const bool locked = lock.tryLock(1000);
     if (locked && !isDamaged(file, format))

@@ -16,23 +16,22 @@ class RVXApplicationSettingsPrivate;
 
 /*! The settings file of an application, as INI or as XML (suffix ".xui").
 
-    A write replaces the file as a whole or not at all, and several processes may share it:
-   QSettings sees to both. A file that cannot be parsed is renamed to FILE.damaged, with a line on
-   the debug stream, before QSettings could write over it; the settings then start empty. Files of
-   the whole system, which QSettings would mix in, are left out.
+    A write replaces the file as a whole or not at all, and several processes may share it: QSettings sees to both.
+    A file that cannot be parsed is renamed to FILE.damaged, with a line on the debug stream, before QSettings could
+    write over it; the settings then start empty. Files of the whole system, which QSettings would mix in, are left
+    out.
 
-    In the XML format every value comes back as a string in the next process, while the process that
-   wrote it still sees the type that it wrote: read with QVariant::toInt(), toBool() and their kin
-   only. */
+    In the XML format every value comes back as a string in the next process, while the process that wrote it still
+    sees the type that it wrote: read with QVariant::toInt(), toBool() and their kin only. */
 class CORVALE_QT_EXPORT RVXApplicationSettings : public QObject
 {
     Q_OBJECT
 
 public:
     /*! With \a useApplicationIdentity, \a fileName is a folder: the file in it is named after the application's
-        organisation and name (ORGANISATION/APPLICATION.ini or .xui). That folder is then the place
-       of all of the process's user settings in INI format, of those too that the host opens for
-       itself later. Without it, \a fileName is the settings file itself. */
+        organisation and name (ORGANISATION/APPLICATION.ini or .xui). That folder is then the place of all of the
+        process's user settings in INI format, of those too that the host opens for itself later. Without it,
+        \a fileName is the settings file itself. */
     RVXApplicationSettings(QObject *parent,
                            const QString &fileName,
                            bool useApplicationIdentity,

@@ -14,8 +14,7 @@ namespace Corvale_Qt {
 namespace {
 
 const QLatin1String rootName("Settings");
-// A few bytes of a hostile file can stand for a long key, over and over; these bound what that may
-// cost.
+// A few bytes of a hostile file can stand for a long key, over and over; these bound what that may cost.
 const int maximumParts = 32;
 const qint64 maximumCharacters = 4 * 1024 * 1024;
 
@@ -173,8 +172,7 @@ bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings)
         const QStringList parts = it.key().split('/', Qt::SkipEmptyParts);
         if (parts.isEmpty())
             continue;
-        // A key that differs in empty parts only gets an element of its own, or its text would be
-        // appended.
+        // A key that differs in empty parts only gets an element of its own, or its text would be appended.
         const int kept = parts == open ? parts.size() - 1 : commonParts(open, parts);
         for (int i = open.size(); i > kept; --i)
             writer.writeEndElement();

@@ -18,17 +18,16 @@ namespace Corvale_Qt {
             </StatisticsSetupPage>
         </Settings>
 
-    stands for StatisticsSetupPage/peaks = "2". Every value is text and comes back as a string; an
-   empty one, or one of white space alone, comes back as missing. The functions have the shapes that
-    QSettings::registerFormat() wants.
+    stands for StatisticsSetupPage/peaks = "2". Every value is text and comes back as a string; an empty one, or one
+    of white space alone, comes back as missing. The functions have the shapes that QSettings::registerFormat()
+    wants.
 
-    A part of a key that cannot be the name of an element ("Beam Line", "1st", "Settings") has the
-   characters in question written as _xHHHH_, their UTF-16 code in upper-case hexadecimal digits.
-   Characters that XML cannot hold, control characters for one, become U+FFFD in a value.
+    A part of a key that cannot be the name of an element ("Beam Line", "1st", "Settings") has the characters in
+    question written as _xHHHH_, their UTF-16 code in upper-case hexadecimal digits. Characters that XML cannot hold,
+    control characters for one, become U+FFFD in a value.
 
-    Both directions refuse, with false, what no application has as settings: keys of more than 32
-   parts, and more than 4 Mi characters of keys and values. \a settings is changed only by a read
-   that succeeds. */
+    Both directions refuse, with false, what no application has as settings: keys of more than 32 parts, and more
+    than 4 Mi characters of keys and values. \a settings is changed only by a read that succeeds. */
 bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings);
 bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings);
 

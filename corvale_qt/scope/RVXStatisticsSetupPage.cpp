@@ -29,6 +29,7 @@ RVXStatisticsSetupPage::RVXStatisticsSetupPage(QWidget *parent)
 {
     Q_D(RVXStatisticsSetupPage);
     d->ui.setupUi(this);
+    d->formTitle = windowTitle();
     d->ui.factoryResetPushButton->hide();
     d->nameStoredControls();
     d->applyBoth();
@@ -208,8 +209,11 @@ void RVXStatisticsSetupPage::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         const QString title = windowTitle();
+        const bool isHostsTitle = title != d->formTitle;
         d->ui.retranslateUi(this);
-        setWindowTitle(title);
+        d->formTitle = windowTitle();
+        if (isHostsTitle)
+            setWindowTitle(title);
     }
 }
 

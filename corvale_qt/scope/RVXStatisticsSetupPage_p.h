@@ -50,6 +50,8 @@ public:
     Ui::RVXStatisticsSetupPage ui;
     StoredControls stored;
     QVariantList defaults;
+    //! The title that the form gave, in the language in use; another one is the host's.
+    QString formTitle;
     QVector<RVXScopePlotView *> views;
     QSharedPointer<RVXApplicationSettings> settings;
 

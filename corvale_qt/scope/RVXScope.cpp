@@ -9,12 +9,46 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QTimer>
 
 #include <cmath>
 
 namespace Corvale_Qt {
+
+namespace {
+
+// Both dialogs are made on the heap: they go with the panel when the host closes that while they are open. The
+// static functions of their classes have them on the stack, where nobody may delete them.
+
+//! Empty where the operator cancels.
+QString askForFileName(RVXScope *panel, const QString &folder)
+{
+    const QPointer<QFileDialog> dialog = new QFileDialog(panel,
+                                                         RVXScope::tr("Save Data File"),
+                                                         folder,
+                                                         RVXScope::tr("CSV File (*.csv)"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    QString fileName;
+    if (dialog->exec() == QDialog::Accepted)
+        fileName = dialog->selectedFiles().value(0);
+    delete dialog;
+    return fileName;
+}
+
+void showSaveError(RVXScope *panel)
+{
+    auto *box = new QMessageBox(QMessageBox::Warning,
+                                RVXScope::tr("Save Data"),
+                                RVXScope::tr("Error saving data file."),
+                                QMessageBox::Ok,
+                                panel);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->exec();
+}
+
+} // namespace
 
 RVXScope::RVXScope(QWidget *parent)
     : QWidget(parent)
@@ -45,6 +79,8 @@ RVXScope::~RVXScope()
 void RVXScope::setModel(QAbstractItemModel *model)
 {
     Q_D(RVXScope);
+    if (model && model != d->averaging->sourceModel())
+        ZeroClear(); // it was taken of another instrument's samples
     d->baseModel = model;
     d->averaging->setSourceModel(model);
     if (model && !d->hasModel())
@@ -190,17 +226,18 @@ void RVXScope::SaveDataToFile()
     if (d->saving || !d->hasModel())
         return;
     d->saving = true;
-    const QString fileName = QFileDialog::getSaveFileName(this,
-                                                          tr("Save Data File"),
-                                                          d->lastSaveDirectory,
-                                                          tr("CSV File (*.csv)"));
-    bool saved = true;
-    if (!fileName.trimmed().isEmpty() && d->hasModel()) {
+    const QPointer<RVXScope> panel(this);
+    const QString fileName = askForFileName(this, d->lastSaveDirectory);
+    if (!panel)
+        return;
+    if (!fileName.trimmed().isEmpty()) {
         d->lastSaveDirectory = QFileInfo(fileName).path();
-        saved = d->save(fileName);
+        // The model may be gone by now, and what was to be saved with it.
+        if (!d->hasModel() || !d->save(fileName))
+            showSaveError(this);
     }
-    if (!saved)
-        QMessageBox::warning(this, tr("Save Data"), tr("Error saving data file."), QMessageBox::Ok);
+    if (!panel)
+        return;
     // Clicks of an impatient hand are still queued here; they come before this.
     QTimer::singleShot(0, this, [d] {
         d->saving = false;

@@ -50,7 +50,8 @@ public:
     ~RVXScope() override;
 
     /*! The model to show: one that derives from RVXAbstractPlotDataModel too. It is not owned. Null, or a model of
-        another kind (a line on the debug stream), gives an empty plot. */
+        another kind (a line on the debug stream), gives an empty plot. A zero that was taken of another model is
+        dropped. */
     void setModel(QAbstractItemModel *model);
     //! Passed on to the plot view. It must be a selection of topLevelModel().
     void setSelectionModel(QItemSelectionModel *selectionModel);

@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QShortcut>
 
@@ -17,17 +18,26 @@ const QLatin1String activeStyle("background-color:#88ff8a;");
 
 QIcon themeIcon(const QString &name)
 {
-    return QIcon::fromTheme(name, QIcon(":/resources/icons/" + name + ".svg"));
+    // Asked by its full name: for one that a theme lacks fromTheme() takes what begins alike, and undoing the zero
+    // would look like clearing the data.
+    if (QIcon::hasThemeIcon(name))
+        return QIcon::fromTheme(name);
+    return QIcon(":/resources/icons/" + name + ".svg");
 }
 
-//! The colour behind a state is the same in every palette, so the text on it must be too.
-void setTextBlack(QWidget *widget)
+//! A turn of the wheel over the period would drop all samples that were collected.
+class WheelFilter : public QObject
 {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::ButtonText, Qt::black);
-    palette.setColor(QPalette::WindowText, Qt::black);
-    widget->setPalette(palette);
-}
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::Wheel)
+            return false;
+        event->ignore();
+        return true;
+    }
+};
 
 int roundedToInt(double value)
 {
@@ -61,10 +71,13 @@ void RVXScopePrivate::setUpButtons()
     ui.confButton->setIcon(themeIcon("configure"));
     ui.zeroButton->setIcon(themeIcon("align-vertical-bottom-out"));
     ui.clearZeroButton->setIcon(themeIcon("edit-clear-locationbar-rtl"));
-    ui.stateLabel->setStyleSheet(activeStyle);
+    // The colour behind is the same in every palette, so the text on it must be too.
+    ui.stateLabel->setStyleSheet(QString(activeStyle) + "color:black;");
     ui.stateLabel->setMargin(3);
-    setTextBlack(ui.stateLabel);
-    setTextBlack(ui.clearZeroButton);
+    QPalette palette = ui.clearZeroButton->palette();
+    palette.setColor(QPalette::ButtonText, Qt::black);
+    ui.clearZeroButton->setPalette(palette);
+    ui.comboBox_period->installEventFilter(new WheelFilter(ui.comboBox_period));
     ui.derivativeButton->hide();
     ui.position_frame->hide();
     reserveBufferSizeWidth();
@@ -182,7 +195,7 @@ void RVXScopePrivate::showState()
 void RVXScopePrivate::reserveBufferSizeWidth()
 {
     const QString widest =
-        RVXScope::tr("%1 Samples").arg(RVXAbstractDeviceDataModel::maxBufferSize);
+        RVXScopePlotView::tr("%1 Samples").arg(RVXAbstractDeviceDataModel::maxBufferSize);
     ui.bufferSizeLabel->setMinimumWidth(
         ui.bufferSizeLabel->fontMetrics().horizontalAdvance(widest));
 }
@@ -196,12 +209,11 @@ bool RVXScopePrivate::save(const QString &fileName)
 void RVXScopePrivate::retranslate()
 {
     Q_Q(RVXScope);
-    // The form would set both back to what they were at the start.
+    // The form would set the title, and the number of samples, back to what they were at the start.
     const QString title = q->windowTitle();
-    const QString bufferSize = ui.bufferSizeLabel->text();
     ui.retranslateUi(q);
     q->setWindowTitle(title);
-    ui.bufferSizeLabel->setText(bufferSize);
+    ui.plotView->SetBufferSizeLabel(ui.bufferSizeLabel);
     tabs().retranslate();
     const QStringList texts = yRangeTexts(yScaleMode);
     for (int i = 0; i < texts.size(); ++i)

@@ -2,43 +2,19 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
-#include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 
 using namespace Corvale_Qt;
-
-namespace {
-
-//! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
-void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
-{
-    QTimer::singleShot(0, [=] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        if (folderSeen)
-            *folderSeen = dialog->directory().path();
-        if (fileName.isEmpty()) {
-            QTest::keyClick(dialog, Qt::Key_Escape);
-            return;
-        }
-        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(fileName);
-        QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
-    });
-}
-
-} // namespace
 
 class tst_RVXScope : public QObject
 {
@@ -50,8 +26,10 @@ private Q_SLOTS:
     void averaging();
     void zeroing();
     void zeroLostWithTheChannels();
+    void zeroOfAnotherModel();
     void stateWhileTheControlsAreHidden();
     void periods();
+    void periodIsNotChangedByTheWheel();
     void bufferedInterval();
 
     void modes();
@@ -59,9 +37,6 @@ private Q_SLOTS:
     void optionalTabs();
     void modeWithoutATab();
 
-    void saving();
-    void savingFails();
-    void savingIsNotStartedTwice();
     void clearing();
 
     void modelsComeAndGo();
@@ -69,10 +44,6 @@ private Q_SLOTS:
     void derivative();
     void shortcutsOfTwoPanels();
     void tabOrder();
-    void icons();
-    void translation();
-    void pictures_data();
-    void pictures();
 };
 
 void tst_RVXScope::averaging()
@@ -132,6 +103,23 @@ void tst_RVXScope::zeroLostWithTheChannels()
     QVERIFY(!panel.control("clearZeroButton")->isEnabled());
 }
 
+//! What one instrument read is no zero of the next.
+void tst_RVXScope::zeroOfAnotherModel()
+{
+    PanelDevice device, next;
+    device.fill({{1, {5}}});
+    next.fill({{1, {8}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.control<QAbstractButton>("zeroButton")->click();
+    panel.setModel(nullptr);
+    panel.setModel(&device);
+    QCOMPARE(panel.values(), QString("1: 0"));
+    panel.setModel(&next);
+    QCOMPARE(panel.values(), QString("1: 8"));
+    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
+}
+
 void tst_RVXScope::stateWhileTheControlsAreHidden()
 {
     PanelDevice device;
@@ -182,6 +170,34 @@ void tst_RVXScope::periods()
     panel.choose("comboBox_period", "10 s");
     QCOMPARE(device.rowCount(), 1);
     QCOMPARE(device.period(), QString("1000"));
+}
+
+//! It would drop the samples of a whole night.
+void tst_RVXScope::periodIsNotChangedByTheWheel()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}});
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    const auto turnWheelOver = [&](const char *name) {
+        auto *box = panel.control<QComboBox>(name);
+        const QPointF middle = box->rect().center();
+        QWheelEvent wheel(middle,
+                          box->mapToGlobal(middle.toPoint()),
+                          {},
+                          {0, -120},
+                          Qt::NoButton,
+                          Qt::NoModifier,
+                          Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(box, &wheel);
+        return box->currentText();
+    };
+    panel.control("comboBox_period")->setFocus();
+    QCOMPARE(turnWheelOver("comboBox_period"), QString("Fast"));
+    QCOMPARE(device.rowCount(), 2);
+    QCOMPARE(turnWheelOver("averagingCombo"), QString("10x Avg"));
 }
 
 void tst_RVXScope::bufferedInterval()
@@ -272,88 +288,6 @@ void tst_RVXScope::modeWithoutATab()
     QCOMPARE(panel.shown(), QString("split"));
     panel.chooseTab("Strip"); // is the current tab already, and still the way back
     QCOMPARE(panel.shown(), QString("plot"));
-}
-
-void tst_RVXScope::saving()
-{
-    QTemporaryDir folder;
-    RVXSingleChannelDataModel model;
-    model.AddData(1, 2.5e-9);
-    model.AddData(2, 3.5e-9);
-    Panel panel;
-    panel.click("saveButton"); // without a model nothing is asked
-    panel.setModel(&model);
-    panel.choose("averagingCombo", "10x Avg");
-    panel.control<QAbstractButton>("zeroButton")->click();
-    const auto save = [&](const QString &name) {
-        QString folderSeen;
-        answerFileDialog(name, &folderSeen);
-        panel.click("saveButton");
-        QCoreApplication::processEvents();
-        return folderSeen;
-    };
-    save(folder.filePath("data.csv"));
-    QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
-    QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
-    QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
-    QCOMPARE(saved.readAll(), expected.readAll()); // as measured
-
-    QCOMPARE(save(QString()), folder.path()); // cancelled; begins where the last one was
-    QCOMPARE(save(QString()), folder.path());
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
-             QString("data.csv expected.csv"));
-}
-
-void tst_RVXScope::savingFails()
-{
-    QTemporaryDir folder;
-    PanelDevice device;
-    device.onSave = [](const QString &) {
-        return false;
-    };
-    Panel panel;
-    panel.setModel(&device);
-    QString message;
-    connect(&device, &PanelDevice::saved, this, [&] {
-        QTimer::singleShot(0, [&] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            QVERIFY(box);
-            message = box->windowTitle() + ": " + box->text();
-            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
-        });
-    });
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    QCOMPARE(message, QString("Save Data: Error saving data file."));
-    QVERIFY(!QGuiApplication::overrideCursor());
-}
-
-void tst_RVXScope::savingIsNotStartedTwice()
-{
-    QTemporaryDir folder;
-    PanelDevice device;
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
-    int saves = 0;
-    Qt::CursorShape cursor = Qt::ArrowCursor;
-    device.onSave = [&](const QString &) {
-        ++saves;
-        cursor =
-            QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape() : cursor;
-        panel.click("saveButton");
-        return true;
-    };
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    panel.click("saveButton"); // the second half of a double click, delivered late
-    QCOMPARE(saves, 1);
-    QCOMPARE(cursor, Qt::WaitCursor);
-    QVERIFY(!QGuiApplication::overrideCursor());
-    QCoreApplication::processEvents();
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    QCOMPARE(saves, 2);
 }
 
 void tst_RVXScope::clearing()
@@ -532,120 +466,6 @@ void tst_RVXScope::tabOrder()
         QVERIFY2(!widget->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
                  qPrintable(name));
     }
-}
-
-void tst_RVXScope::icons()
-{
-    Panel panel;
-    for (const char *name :
-         {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"}) {
-        const QImage image = panel.control<QAbstractButton>(name)->icon().pixmap(16).toImage();
-        int drawn = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                drawn += qAlpha(image.pixel(x, y)) > 0;
-        }
-        QVERIFY2(drawn > 20, name);
-    }
-}
-
-void tst_RVXScope::translation()
-{
-    PanelDevice device;
-    device.fill({{1, {5}}});
-    Panel panel;
-    panel.setWindowTitle("the host's");
-    panel.setModel(&device);
-    panel.show();
-    panel.choose("scaleYCombo", "50%");
-    panel.choose("averagingCombo", "10x Avg");
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
-    const BracketTranslator translator;
-    QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
-    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
-    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
-    QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
-    QVERIFY(panel.control<QLabel>("bufferSizeLabel")->text().contains("1"));
-    QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
-    QCOMPARE(panel.windowTitle(), QString("the host's"));
-}
-
-void tst_RVXScope::pictures_data()
-{
-    QTest::addColumn<bool>("dark");
-    QTest::newRow("light") << false;
-    QTest::newRow("dark") << true;
-}
-
-//! At its smallest nothing is clipped, and the zeroed state can be read in every palette.
-void tst_RVXScope::pictures()
-{
-    QFETCH(bool, dark);
-    PanelDevice device;
-    device.fill({{1, {5}}, {2, {6}}});
-    Panel panel;
-    if (dark)
-        panel.setPalette(QPalette(Qt::white,
-                                  QColor(45, 45, 48),
-                                  Qt::lightGray,
-                                  Qt::black,
-                                  Qt::gray,
-                                  Qt::white,
-                                  Qt::white,
-                                  Qt::black,
-                                  QColor(45, 45, 48)));
-    panel.setModel(&device);
-    panel.setPositionEnabled(true);
-    panel.setSplitEnabled(true);
-    panel.setSpectrogramEnabled(true);
-    panel.SetPlotMode(RVXScope::StripMode);
-    panel.control<QAbstractButton>("zeroButton")->click();
-    panel.resize(1, 1);
-    panel.show();
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
-    const auto isClipped = [&](const char *name) {
-        const QWidget *widget = panel.control(name);
-        const QSize needed = widget->minimumSizeHint();
-        return widget->width() < needed.width() || widget->height() < needed.height();
-    };
-    for (const char *name : {"modeSelect",
-                             "bufferSizeLabel",
-                             "clearButton",
-                             "saveButton",
-                             "confButton",
-                             "label",
-                             "scaleYCombo",
-                             "positiveOnlyButton",
-                             "averagingCombo",
-                             "zeroButton",
-                             "clearZeroButton",
-                             "label_2",
-                             "comboBox_period",
-                             "checkBox_bufferedInterval",
-                             "buffered_interval_doubleSpinBox"})
-        QVERIFY2(!isClipped(name), name);
-
-    const auto count = [](QWidget *widget, const std::function<bool(QColor)> &matches) {
-        const QImage image = widget->grab().toImage();
-        int found = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                found += matches(image.pixelColor(x, y));
-        }
-        return found;
-    };
-    const auto isGreen = [](QColor c) {
-        return c.green() > 220 && c.red() < 200 && c.blue() < 200;
-    };
-    const auto isBlack = [](QColor c) {
-        return c.lightness() < 40;
-    };
-    QVERIFY(count(panel.control("clearZeroButton"), isGreen) > 100);
-    panel.control<QAbstractButton>("confButton")->click();
-    QCoreApplication::processEvents();
-    QVERIFY(!isClipped("stateLabel"));
-    QVERIFY(count(panel.control("stateLabel"), isGreen) > 300);
-    QVERIFY(count(panel.control("stateLabel"), isBlack) > 20);
 }
 
 CORVALE_QT_TEST_MAIN(tst_RVXScope)

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTimer>
+#include <QtTest>
+
+//! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
+inline void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
+{
+    QTimer::singleShot(0, [=] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        if (folderSeen)
+            *folderSeen = dialog->directory().path();
+        if (fileName.isEmpty()) {
+            QTest::keyClick(dialog, Qt::Key_Escape);
+            return;
+        }
+        dialog->findChild<QLineEdit *>("fileNameEdit")->setText(fileName);
+        QTest::keyClick(dialog->findChild<QLineEdit *>("fileNameEdit"), Qt::Key_Return);
+    });
+}

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/scope/Panel.h"
+#include "tests/scope/PanelDevice.h"
+#include "tests/support/BracketTranslator.h"
+#include "tests/support/Files.h"
+#include "tests/support/TestMain.h"
+
+#include <QLabel>
+#include <QTemporaryDir>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+int pixelsOf(const QImage &image, const std::function<bool(QColor)> &matches)
+{
+    int found = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            found += matches(image.pixelColor(x, y));
+    }
+    return found;
+}
+
+QImage iconOf(const Panel &panel, const char *button)
+{
+    return panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage();
+}
+
+//! Makes the application use an icon theme that has nothing but a red edit-clear, as long as this lives.
+class PoorTheme
+{
+public:
+    PoorTheme()
+    {
+        QDir(m_folder.path()).mkpath("poor/16x16");
+        putFile(m_folder.filePath("poor/index.theme"),
+                "[Icon Theme]\nName=poor\nDirectories=16x16\n[16x16]\nSize=16\n");
+        QImage red(16, 16, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        red.save(m_folder.filePath("poor/16x16/edit-clear.png"));
+        QIcon::setThemeSearchPaths({m_folder.path()});
+        QIcon::setThemeName("poor");
+    }
+    ~PoorTheme()
+    {
+        QIcon::setThemeSearchPaths(m_paths);
+        QIcon::setThemeName(m_name);
+    }
+    Q_DISABLE_COPY(PoorTheme)
+
+private:
+    const QStringList m_paths = QIcon::themeSearchPaths();
+    const QString m_name = QIcon::themeName();
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+//! What the scope panel looks like: in every palette, in another language, at one and two device pixels to a pixel.
+class tst_RVXScopeAppearance : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void icons_data();
+    void icons();
+    void translation();
+    void pictures_data();
+    void pictures();
+};
+
+void tst_RVXScopeAppearance::icons_data()
+{
+    QTest::addColumn<bool>("poorTheme");
+    QTest::newRow("without a theme") << false;
+    QTest::newRow("a theme that lacks most") << true;
+}
+
+void tst_RVXScopeAppearance::icons()
+{
+    QFETCH(bool, poorTheme);
+    std::unique_ptr<PoorTheme> theme;
+    if (poorTheme)
+        theme = std::make_unique<PoorTheme>();
+    const Panel panel;
+    const auto isDrawn = [](QColor c) {
+        return c.alpha() > 0;
+    };
+    for (const char *name :
+         {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
+        QVERIFY2(pixelsOf(iconOf(panel, name), isDrawn) > 20, name);
+
+    const auto isRed = [](QColor c) {
+        return c == QColor(Qt::red);
+    };
+    QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
+    // Its name begins alike, but what it does is another thing.
+    QCOMPARE(pixelsOf(iconOf(panel, "clearZeroButton"), isRed), 0);
+}
+
+void tst_RVXScopeAppearance::translation()
+{
+    PanelDevice device;
+    device.fill({{1, {5}}});
+    Panel panel;
+    panel.setWindowTitle("the host's");
+    panel.setModel(&device);
+    panel.show();
+    panel.choose("scaleYCombo", "50%");
+    panel.choose("averagingCombo", "10x Avg");
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
+    const BracketTranslator translator;
+    QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
+    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
+    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
+    QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
+    QCOMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("<1 Samples>"));
+    QCOMPARE(panel.control("saveButton")->toolTip(), QString("<Save the data buffer to a file.>"));
+    QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
+    QCOMPARE(panel.windowTitle(), QString("the host's"));
+}
+
+void tst_RVXScopeAppearance::pictures_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+//! At its smallest nothing is clipped, and the zeroed state can be read in every palette.
+void tst_RVXScopeAppearance::pictures()
+{
+    QFETCH(bool, dark);
+    PanelDevice device;
+    device.fill({{1, {5}}, {2, {6}}});
+    Panel panel;
+    if (dark)
+        panel.setPalette(QPalette(Qt::white,
+                                  QColor(45, 45, 48),
+                                  Qt::lightGray,
+                                  Qt::black,
+                                  Qt::gray,
+                                  Qt::white,
+                                  Qt::white,
+                                  Qt::black,
+                                  QColor(45, 45, 48)));
+    panel.setModel(&device);
+    panel.setPositionEnabled(true);
+    panel.setSplitEnabled(true);
+    panel.setSpectrogramEnabled(true);
+    panel.SetPlotMode(RVXScope::StripMode);
+    panel.control<QAbstractButton>("zeroButton")->click();
+    panel.resize(1, 1);
+    panel.show();
+    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
+    const auto isClipped = [&](const char *name) {
+        const QWidget *widget = panel.control(name);
+        const QSize needed = widget->minimumSizeHint();
+        return widget->width() < needed.width() || widget->height() < needed.height();
+    };
+    for (const char *name : {"modeSelect",
+                             "bufferSizeLabel",
+                             "clearButton",
+                             "saveButton",
+                             "confButton",
+                             "label",
+                             "scaleYCombo",
+                             "positiveOnlyButton",
+                             "averagingCombo",
+                             "zeroButton",
+                             "clearZeroButton",
+                             "label_2",
+                             "comboBox_period",
+                             "checkBox_bufferedInterval",
+                             "buffered_interval_doubleSpinBox"})
+        QVERIFY2(!isClipped(name), name);
+
+    const auto isGreen = [](QColor c) {
+        return c.green() > 220 && c.red() < 200 && c.blue() < 200;
+    };
+    const auto isBlack = [](QColor c) {
+        return c.lightness() < 40;
+    };
+    QVERIFY(pixelsOf(panel.control("clearZeroButton")->grab().toImage(), isGreen) > 100);
+    panel.control<QAbstractButton>("confButton")->click();
+    QCoreApplication::processEvents();
+    QVERIFY(!isClipped("stateLabel"));
+    QVERIFY(pixelsOf(panel.control("stateLabel")->grab().toImage(), isGreen) > 300);
+    QVERIFY(pixelsOf(panel.control("stateLabel")->grab().toImage(), isBlack) > 20);
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXScopeAppearance)
+#include "tst_RVXScopeAppearance.moc"

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "tests/scope/FileDialogAnswer.h"
+#include "tests/scope/Panel.h"
+#include "tests/scope/PanelDevice.h"
+#include "tests/support/TestMain.h"
+
+#include <QMessageBox>
+#include <QTemporaryDir>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! Presses Ok on the next message box; its title and text.
+void acknowledgeMessage(QString *message)
+{
+    QTimer::singleShot(0, [message] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        *message = box->windowTitle() + ": " + box->text();
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+}
+
+} // namespace
+
+//! The scope panel's way from its samples to a file.
+class tst_RVXScopeSaving : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void saving();
+    void savingFails();
+    void savingIsNotStartedTwice();
+    void modelIsGoneWhenTheFileIsNamed();
+    void panelIsClosedMeanwhile_data();
+    void panelIsClosedMeanwhile();
+};
+
+void tst_RVXScopeSaving::saving()
+{
+    QTemporaryDir folder;
+    RVXSingleChannelDataModel model;
+    model.AddData(1, 2.5e-9);
+    model.AddData(2, 3.5e-9);
+    Panel panel;
+    panel.click("saveButton"); // without a model nothing is asked
+    panel.setModel(&model);
+    panel.choose("averagingCombo", "10x Avg");
+    panel.control<QAbstractButton>("zeroButton")->click();
+    const auto save = [&](const QString &name) {
+        QString folderSeen;
+        answerFileDialog(name, &folderSeen);
+        panel.click("saveButton");
+        QCoreApplication::processEvents();
+        return folderSeen;
+    };
+    save(folder.filePath("data.csv"));
+    QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
+    QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
+    QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
+    QCOMPARE(saved.readAll(), expected.readAll()); // as measured
+
+    QCOMPARE(save(QString()), folder.path()); // cancelled; begins where the last one was
+    QCOMPARE(save(QString()), folder.path());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
+             QString("data.csv expected.csv"));
+}
+
+void tst_RVXScopeSaving::savingFails()
+{
+    QTemporaryDir folder;
+    PanelDevice device;
+    device.onSave = [](const QString &) {
+        return false;
+    };
+    Panel panel;
+    panel.setModel(&device);
+    QString message;
+    connect(&device, &PanelDevice::saved, this, [&] {
+        acknowledgeMessage(&message);
+    });
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    QCOMPARE(message, QString("Save Data: Error saving data file."));
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void tst_RVXScopeSaving::savingIsNotStartedTwice()
+{
+    QTemporaryDir folder;
+    PanelDevice device;
+    Panel panel;
+    panel.setModel(&device);
+    panel.show();
+    int saves = 0;
+    Qt::CursorShape cursor = Qt::ArrowCursor;
+    device.onSave = [&](const QString &) {
+        ++saves;
+        cursor =
+            QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape() : cursor;
+        panel.click("saveButton");
+        return true;
+    };
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    panel.click("saveButton"); // the second half of a double click, delivered late
+    QCOMPARE(saves, 1);
+    QCOMPARE(cursor, Qt::WaitCursor);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCoreApplication::processEvents();
+    answerFileDialog(folder.filePath("data.csv"));
+    panel.click("saveButton");
+    QCOMPARE(saves, 2);
+}
+
+//! What was asked for and cannot be done is said.
+void tst_RVXScopeSaving::modelIsGoneWhenTheFileIsNamed()
+{
+    QTemporaryDir folder;
+    auto device = std::make_unique<PanelDevice>();
+    Panel panel;
+    panel.setModel(device.get());
+    QString message;
+    QTimer::singleShot(0, this, [&] {
+        device.reset();
+        answerFileDialog(folder.filePath("data.csv"));
+        QTimer::singleShot(0, this, [&] {
+            acknowledgeMessage(&message);
+        });
+    });
+    panel.click("saveButton");
+    QCOMPARE(message, QString("Save Data: Error saving data file."));
+}
+
+void tst_RVXScopeSaving::panelIsClosedMeanwhile_data()
+{
+    QTest::addColumn<bool>("inFileDialog");
+    QTest::newRow("while the file is chosen") << true;
+    QTest::newRow("while the error is read") << false;
+}
+
+//! A host may close a panel at any time, when its instrument leaves for instance.
+void tst_RVXScopeSaving::panelIsClosedMeanwhile()
+{
+    QFETCH(bool, inFileDialog);
+    QTemporaryDir folder;
+    PanelDevice device;
+    auto *panel = new Panel;
+    const QPointer<Panel> alive(panel);
+    device.onSave = [](const QString &) {
+        return false;
+    };
+    panel->setModel(&device);
+    const auto closePanel = [&] {
+        QTimer::singleShot(0, this, [&] {
+            QVERIFY(QApplication::activeModalWidget());
+            delete panel;
+        });
+    };
+    if (inFileDialog) {
+        closePanel();
+    } else {
+        connect(&device, &PanelDevice::saved, this, closePanel);
+        answerFileDialog(folder.filePath("data.csv"));
+    }
+    panel->control<QAbstractButton>("saveButton")->click();
+    QVERIFY(!alive);
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+CORVALE_QT_TEST_MAIN(tst_RVXScopeSaving)
+#include "tst_RVXScopeSaving.moc"

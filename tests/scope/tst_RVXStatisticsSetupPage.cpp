@@ -1,173 +1,33 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/scope/RVXScopePlotView.h"
-#include "corvale_qt/scope/RVXStatisticsSetupPage.h"
+#include "corvale_qt/scope/RVX_StatisticsHistogramItem.h"
+#include "tests/scope/ScopeTestModel.h"
+#include "tests/scope/ScopeTestView.h"
+#include "tests/scope/StatisticsPage.h"
 #include "tests/support/BracketTranslator.h"
-#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
-#include <QGroupBox>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 using namespace Corvale_Qt;
 
-namespace {
-
-//! What was announced last, and how often: "2x on 1 0.1 10, 4 peaks".
-class Announcements : public QObject
-{
-public:
-    explicit Announcements(RVXStatisticsSetupPage &page)
-    {
-        const auto note = [](QString &text, int &count) {
-            return [&text, &count](bool on, const QVector<double> &parameters, int peaks) {
-                QStringList words{on ? "on" : "off"};
-                for (const double parameter : parameters)
-                    words << QString::number(parameter);
-                text = words.join(' ') + QString(", %1 peaks").arg(peaks);
-                ++count;
-            };
-        };
-        connect(&page, &RVXStatisticsSetupPage::CoGOptions, this, note(m_cog, m_cogCount));
-        connect(&page, &RVXStatisticsSetupPage::RegressionOptions, this, note(m_fit, m_fitCount));
-    }
-
-    QString takeCoG() { return take(m_cog, m_cogCount); }
-    QString takeFit() { return take(m_fit, m_fitCount); }
-
-private:
-    static QString take(QString &text, int &count)
-    {
-        const QString taken = count ? QString("%1x %2").arg(count).arg(text) : QString();
-        count = 0;
-        return taken;
-    }
-
-    QString m_cog, m_fit;
-    int m_cogCount = 0, m_fitCount = 0;
-};
-
-template<typename Widget>
-Widget *child(QWidget &page, const char *name)
-{
-    auto *widget = page.findChild<Widget *>(name);
-    if (!widget)
-        qFatal("no %s", name);
-    return widget;
-}
-
-void toggleGroup(QWidget &page, const char *name)
-{
-    QTest::keyClick(child<QGroupBox>(page, name), Qt::Key_Space);
-}
-
-void type(QWidget &page, const char *name, const QString &text)
-{
-    auto *spinBox = child<QAbstractSpinBox>(page, name);
-    spinBox->selectAll();
-    QTest::keyClicks(spinBox, text);
-    QTest::keyClick(spinBox, Qt::Key_Return);
-}
-
-//! All that the page keeps: "stats cog fit" for what is on, then the mode, peaks and numbers.
-QString stateOf(QWidget &page)
-{
-    const auto on = [&](const char *name, const char *word) {
-        return child<QGroupBox>(page, name)->isChecked() ? QString(word) : QString("-");
-    };
-    QStringList words{on("fullStatsCBox", "stats"),
-                      on("CoGCBox", "cog"),
-                      on("regressionCBox", "fit")};
-    words << (child<QAbstractButton>(page, "CoGThresholdRadio")->isChecked() ? "threshold"
-                                                                             : "window");
-    words << child<QComboBox>(page, "peaksEdit")->currentText();
-    for (const char *name : {"CoGThresholdEdit",
-                             "CoGWindowEdit",
-                             "RegressionThresholdEdit",
-                             "RegressionWindowEdit",
-                             "Chi2WindowEdit"})
-        words << QString::number(child<QSpinBox>(page, name)->value());
-    return words.join(' ');
-}
-
-const QByteArray fullFile = R"(<?xml version="1.0" encoding="UTF-8"?>
-<Settings>
-    <FactoryReset>
-        <center-of-gravity>true</center-of-gravity>
-        <center-of-gravity-window>true</center-of-gravity-window>
-        <center-of-threshold>3</center-of-threshold>
-        <center-of-window>4</center-of-window>
-        <chi2-window>7</chi2-window>
-        <gaussian-fit-regression-threhold>5</gaussian-fit-regression-threhold>
-        <gaussian-fit-regression-window>6</gaussian-fit-regression-window>
-        <peaks>1</peaks>
-    </FactoryReset>
-    <StatisticsSetupPage>
-        <center-of-gravity>true</center-of-gravity>
-        <center-of-gravity-noise-threshold>true</center-of-gravity-noise-threshold>
-        <center-of-gravity-window>false</center-of-gravity-window>
-        <center-of-threshold>25</center-of-threshold>
-        <center-of-window>12</center-of-window>
-        <chi2-window>9</chi2-window>
-        <display-full-stats>true</display-full-stats>
-        <gaussian-fit-regression>true</gaussian-fit-regression>
-        <gaussian-fit-regression-threhold>30</gaussian-fit-regression-threhold>
-        <gaussian-fit-regression-window>14</gaussian-fit-regression-window>
-        <peaks>2</peaks>
-    </StatisticsSetupPage>
-</Settings>
-)";
-
-const char *const defaultState = "- - - threshold 1 10 10 10 10 5";
-
-} // namespace
-
+//! The statistics page's controls, and what they do to views and to those who listen.
 class tst_RVXStatisticsSetupPage : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init() { m_folder.reset(new QTemporaryDir); }
-
     void defaults();
     void controlsToParameters();
     void editorsFollowTheirGroups();
     void peaks();
     void viewsFollow();
+    void throughToTheHistogram();
+
     void keyboard();
-
-    void loading_data();
-    void loading();
-    void loadingWritesNothing();
-    void everyChoiceIsKept_data();
-    void everyChoiceIsKept();
-    void firstChangeKeepsTheDefaults();
-    void handEditsWhileRunning_data();
-    void handEditsWhileRunning();
-    void factoryReset();
-    void placeOfTheFile_data();
-    void placeOfTheFile();
-    void unwritablePlace();
-
     void translation();
     void nothingIsClipped();
-
-private:
-    QString path(const QString &name) const { return m_folder->filePath(name); }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void tst_RVXStatisticsSetupPage::initTestCase()
-{
-    QCoreApplication::setOrganizationName("Beam Group");
-    QCoreApplication::setApplicationName("panel");
-}
 
 void tst_RVXStatisticsSetupPage::defaults()
 {
@@ -296,6 +156,65 @@ void tst_RVXStatisticsSetupPage::viewsFollow()
     delete host;
 }
 
+//! What each control makes of a small profile, worked out by hand.
+void tst_RVXStatisticsSetupPage::throughToTheHistogram()
+{
+    ScopeTestModel model(8);
+    model.show({1, 0, 4, 8, 4, 0, 0, 3});
+    ScopeTestView view(&model);
+    view.SetPlotMode(RVXScopePlotView::HistogramMode);
+    RVXStatisticsSetupPage page;
+    page.addPlotView(&view);
+    const auto results = [&](RVXScopePlotView::HistogramItemTypes type) {
+        view.settle();
+        QStringList texts;
+        for (const auto *item : view.histogramItems(type)) {
+            texts << (item->statusMessage().isEmpty() ? QString::number(item->position(), 'f', 2)
+                                                      : item->statusMessage());
+        }
+        return texts.join(' ');
+    };
+    const auto cog = [&] {
+        return results(RVXScopePlotView::CenterOfGravityItem);
+    };
+    const auto fit = [&] {
+        return results(RVXScopePlotView::RegressionItem);
+    };
+
+    toggleGroup(page, "CoGCBox");
+    QCOMPARE(cog(), QString("4.45")); // 89 / 20
+    type(page, "CoGThresholdEdit", "30");
+    QCOMPARE(cog(), QString("4.63")); // 88 / 19, without the 1
+    QTest::keyClick(child<QWidget>(page, "CoGWindowRadio"), Qt::Key_Space);
+    type(page, "CoGWindowEdit", "3");
+    QCOMPARE(cog(), QString("3.82")); // 65 / 17, without the 3
+    QTest::keyClick(child<QWidget>(page, "CoGThresholdRadio"), Qt::Key_Space);
+    QTest::keyClick(child<QComboBox>(page, "peaksEdit"), Qt::Key_Down);
+    QCOMPARE(cog(), QString("3.67 6.29")); // 44 / 12 and 44 / 7, four channels each
+    page.set_peaks(1);
+
+    toggleGroup(page, "regressionCBox");
+    QCOMPARE(fit(), QString("4.00")); // 4, 8, 4 are symmetric
+    type(page, "RegressionThresholdEdit", "60");
+    QCOMPARE(fit(), QString("Not enough peak channels."));
+    type(page, "RegressionThresholdEdit", "10");
+    type(page, "peakthreshold", "9");
+    QCOMPARE(fit(), QString("Peak below threshold."));
+    type(page, "peakthreshold", "1");
+    type(page, "sumthreshold", "21");
+    QCOMPARE(fit(), QString("Signal below threshold."));
+    type(page, "sumthreshold", "19");
+    QCOMPARE(fit(), QString("4.00"));
+
+    const auto label = [&] {
+        view.settle();
+        return view.histogramItems(RVXScopePlotView::CenterOfGravityItem).first()->label();
+    };
+    QVERIFY(!label().contains("Skewness"));
+    toggleGroup(page, "fullStatsCBox");
+    QVERIFY(label().contains("Skewness"));
+}
+
 void tst_RVXStatisticsSetupPage::keyboard()
 {
     RVXStatisticsSetupPage page;
@@ -324,249 +243,9 @@ void tst_RVXStatisticsSetupPage::keyboard()
     }
 }
 
-void tst_RVXStatisticsSetupPage::loading_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("state");
-    const auto group = [](const QByteArray &elements) {
-        return "<Settings><StatisticsSetupPage>" + elements + "</StatisticsSetupPage></Settings>";
-    };
-    QTest::newRow("a full file") << fullFile << "stats cog fit threshold 4 25 12 30 14 9";
-    QTest::newRow("no file") << QByteArray() << defaultState;
-    QTest::newRow("a file of others")
-        << QByteArray("<Settings><Window><x>1</x></Window></Settings>") << defaultState;
-    QTest::newRow("what is missing reads as false or 0")
-        << group("<center-of-gravity>true</center-of-gravity>") << "- cog - threshold 1 0 1 0 1 1";
-    QTest::newRow("out of range") << group(
-        "<peaks>99</peaks><center-of-threshold>-5</center-of-threshold>"
-        "<center-of-window>1e9</center-of-window><chi2-window>4096</chi2-window>")
-                                  << "- - - threshold 8 0 1 0 1 1024";
-    QTest::newRow("laid out by hand")
-        << group("<gaussian-fit-regression>\n  "
-                 "false\n</gaussian-fit-regression><center-of-gravity-window> TRUE "
-                 "</center-of-gravity-window><peaks>\n 1 \n</peaks>")
-        << "- - - window 2 0 1 0 1 1";
-    QTest::newRow("both modes, the later one counts")
-        << group("<center-of-gravity-noise-threshold>true</center-of-gravity-noise-threshold>"
-                 "<center-of-gravity-window>true</center-of-gravity-window>")
-        << "- - - window 1 0 1 0 1 1";
-}
-
-void tst_RVXStatisticsSetupPage::loading()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QString, state);
-    if (!file.isEmpty())
-        putFile(path("page.xui"), file);
-    RVXStatisticsSetupPage page;
-    page.set_peaks(8); // of which nothing must remain
-    child<QAbstractButton>(page, "CoGWindowRadio")->setChecked(true);
-    Announcements announced(page);
-    page.setApplicationSettings(QFileInfo(path("page.xui")), false, true);
-    QCOMPARE(stateOf(page), state);
-    QVERIFY(announced.takeCoG().startsWith("1x"));
-    QVERIFY(announced.takeFit().startsWith("1x"));
-}
-
-void tst_RVXStatisticsSetupPage::loadingWritesNothing()
-{
-    putFile(path("page.xui"), fullFile + "<!-- a remark -->");
-    {
-        RVXStatisticsSetupPage page;
-        page.setApplicationSettings(QFileInfo(path("page.xui")), false, true);
-    }
-    QCOMPARE(fileContents(path("page.xui")), fullFile + "<!-- a remark -->");
-    {
-        RVXStatisticsSetupPage page;
-        page.setApplicationSettings(QFileInfo(path("none.xui")), false, true);
-    }
-    QVERIFY(!QFile::exists(path("none.xui")));
-}
-
-void tst_RVXStatisticsSetupPage::everyChoiceIsKept_data()
-{
-    QTest::addColumn<bool>("useXmlFormat");
-    QTest::newRow("XML") << true;
-    QTest::newRow("INI") << false;
-}
-
-void tst_RVXStatisticsSetupPage::everyChoiceIsKept()
-{
-    QFETCH(bool, useXmlFormat);
-    const QFileInfo file(path("page.settings"));
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(file, false, useXmlFormat);
-    const auto kept = [&](const char *step) {
-        RVXStatisticsSetupPage other;
-        other.setApplicationSettings(file, false, useXmlFormat);
-        if (stateOf(other) != stateOf(page))
-            qWarning() << step << stateOf(other) << stateOf(page);
-        return stateOf(other) == stateOf(page);
-    };
-    const QList<std::function<void()>> steps{
-        [&] {
-            toggleGroup(page, "fullStatsCBox");
-        },
-        [&] {
-            toggleGroup(page, "CoGCBox");
-        },
-        [&] {
-            toggleGroup(page, "regressionCBox");
-        },
-        [&] {
-            QTest::keyClick(child<QWidget>(page, "CoGWindowRadio"), Qt::Key_Space);
-        },
-        [&] {
-            QTest::keyClick(child<QWidget>(page, "peaksEdit"), Qt::Key_Down);
-        },
-        [&] {
-            page.set_peaks(8);
-        },
-        [&] {
-            type(page, "CoGThresholdEdit", "77");
-        },
-        [&] {
-            type(page, "CoGWindowEdit", "88");
-        },
-        [&] {
-            type(page, "RegressionThresholdEdit", "99");
-        },
-        [&] {
-            type(page, "RegressionWindowEdit", "111");
-        },
-        [&] {
-            type(page, "Chi2WindowEdit", "222");
-        },
-        [&] {
-            QTest::keyClick(child<QWidget>(page, "CoGThresholdRadio"), Qt::Key_Space);
-        },
-        [&] {
-            toggleGroup(page, "fullStatsCBox");
-        },
-    };
-    for (const auto &step : steps) {
-        const QString before = stateOf(page);
-        step();
-        QVERIFY(stateOf(page) != before);
-        QVERIFY(kept(qPrintable(before)));
-    }
-    QCOMPARE(stateOf(page), QString("- cog fit threshold 8 77 88 99 111 222"));
-    QVERIFY(fileContents(file.filePath()).contains("gaussian-fit-regression-threhold"));
-}
-
-//! A file with one key would read as false or 0 for all others the next time.
-void tst_RVXStatisticsSetupPage::firstChangeKeepsTheDefaults()
-{
-    const QFileInfo file(path("page.xui"));
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(file, false, true);
-    toggleGroup(page, "CoGCBox");
-    RVXStatisticsSetupPage next;
-    next.setApplicationSettings(file, false, true);
-    QCOMPARE(stateOf(next), QString("- cog - threshold 1 10 10 10 10 5"));
-}
-
-void tst_RVXStatisticsSetupPage::handEditsWhileRunning_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("keptState");
-    QTest::newRow("another value") << QByteArray(fullFile).replace(">14<", ">140<")
-                                   << "stats cog fit threshold 4 25 12 30 140 10";
-    QTest::newRow("the group is gone") << QByteArray("<Settings><Window>1</Window></Settings>")
-                                       << "stats cog fit threshold 4 25 12 30 14 10";
-    QTest::newRow("the file is gone") << QByteArray() << "stats cog fit threshold 4 25 12 30 14 10";
-    QTest::newRow("it is damaged")
-        << fullFile.left(700) << "stats cog fit threshold 4 25 12 30 14 10";
-}
-
-void tst_RVXStatisticsSetupPage::handEditsWhileRunning()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QString, keptState);
-    const QString name = path("page.xui");
-    putFile(name, fullFile);
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(QFileInfo(name), false, true);
-    if (file.isEmpty())
-        QFile::remove(name);
-    else
-        putFile(name, file);
-    const bool damaged = qstrcmp(QTest::currentDataTag(), "it is damaged") == 0;
-    if (damaged)
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was damaged and is kept as"));
-
-    QTest::keyClick(child<QWidget>(page, "Chi2WindowEdit"), Qt::Key_Up);
-    RVXStatisticsSetupPage next;
-    next.setApplicationSettings(QFileInfo(name), false, true);
-    QCOMPARE(stateOf(next), keptState);
-    QCOMPARE(QFile::exists(name + ".damaged"), damaged);
-}
-
-void tst_RVXStatisticsSetupPage::factoryReset()
-{
-    const QString name = path("page.xui");
-    putFile(name, fullFile);
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(QFileInfo(name), false, true);
-    auto *button = child<QAbstractButton>(page, "factoryResetPushButton");
-    QVERIFY(!button->isHidden());
-    Announcements announced(page);
-    QTest::mouseClick(button, Qt::LeftButton);
-    const QString factory = "- cog - window 2 3 4 5 6 7";
-    QCOMPARE(stateOf(page), factory);
-    QCOMPARE(announced.takeCoG(), QString("1x on 1 0.03 4, 2 peaks"));
-    QCOMPARE(announced.takeFit(), QString("1x off, 2 peaks"));
-    RVXStatisticsSetupPage next;
-    next.setApplicationSettings(QFileInfo(name), false, true);
-    QCOMPARE(stateOf(next), factory);
-    QVERIFY(fileContents(name).contains("<FactoryReset>"));
-
-    page.setApplicationSettings(QFileInfo(path("other.xui")), false, true);
-    QVERIFY(button->isHidden());
-}
-
-void tst_RVXStatisticsSetupPage::placeOfTheFile_data()
-{
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<bool>("useApplicationIdentity");
-    QTest::addColumn<bool>("useXmlFormat");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("a folder") << "" << true << true << "Beam Group/panel.xui";
-    QTest::newRow("a name without suffix")
-        << "settings" << true << false << "settings/Beam Group/panel.ini";
-    QTest::newRow("a hidden folder to be")
-        << ".settings" << true << true << ".settings/Beam Group/panel.xui";
-    QTest::newRow("a file's own folder") << "any.xml" << true << true << "Beam Group/panel.xui";
-    QTest::newRow("the file itself") << "any.xml" << false << true << "any.xml";
-}
-
-void tst_RVXStatisticsSetupPage::placeOfTheFile()
-{
-    QFETCH(QString, given);
-    QFETCH(bool, useApplicationIdentity);
-    QFETCH(bool, useXmlFormat);
-    QFETCH(QString, file);
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(QFileInfo(path(given)), useApplicationIdentity, useXmlFormat);
-    toggleGroup(page, "CoGCBox");
-    QVERIFY2(fileContents(path(file)).contains("center-of-gravity-noise-threshold"),
-             fileContents(path(file)));
-    QCOMPARE(fileContents(path(file)).startsWith("<?xml"), useXmlFormat);
-}
-
-void tst_RVXStatisticsSetupPage::unwritablePlace()
-{
-    putFile(path("file"), "in the way of a folder");
-    RVXStatisticsSetupPage page;
-    page.setApplicationSettings(QFileInfo(path("file/page.xui")), false, true);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be saved to.*page\\.xui"));
-    toggleGroup(page, "CoGCBox");
-    QVERIFY(child<QGroupBox>(page, "CoGCBox")->isChecked());
-}
-
 void tst_RVXStatisticsSetupPage::translation()
 {
-    RVXStatisticsSetupPage page;
+    RVXStatisticsSetupPage page, untitled;
     page.setWindowTitle("the host's");
     page.set_peaks(4);
     const BracketTranslator translator;
@@ -575,6 +254,7 @@ void tst_RVXStatisticsSetupPage::translation()
              QString("<factory reset>"));
     QCOMPARE(child<QComboBox>(page, "peaksEdit")->currentText(), QString("4"));
     QCOMPARE(page.windowTitle(), QString("the host's"));
+    QCOMPARE(untitled.windowTitle(), QString("<Data Analysis>"));
 }
 
 void tst_RVXStatisticsSetupPage::nothingIsClipped()

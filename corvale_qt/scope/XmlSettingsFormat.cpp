@@ -128,29 +128,21 @@ bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
     qint64 characters = 0;
     QXmlStreamReader reader(&device);
     while (!reader.atEnd()) {
-        switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement:
+        reader.readNext();
+        if (reader.isStartElement()) {
             if (reader.name() != rootName)
                 parts.append(keyPart(reader.name().toString()));
             if (parts.size() > maximumParts)
                 reader.raiseError("The elements are nested too deep.");
-            break;
-        case QXmlStreamReader::EndElement:
+        } else if (reader.isEndElement()) {
             if (!parts.isEmpty())
                 parts.removeLast();
-            break;
-        case QXmlStreamReader::Characters:
-            if (!reader.isWhitespace() && !parts.isEmpty()) {
-                const QString key = parts.join('/');
-                characters += key.size() + reader.text().size();
-                if (characters > maximumCharacters)
-                    reader.raiseError("The document is too large.");
-                else
-                    read.insert(key, reader.text().toString());
-            }
-            break;
-        default:
-            break;
+        } else if (reader.isCharacters() && !reader.isWhitespace() && !parts.isEmpty()) {
+            const QString key = parts.join('/');
+            characters += key.size() + reader.text().size();
+            if (characters > maximumCharacters)
+                reader.raiseError("The document is too large.");
+            read.insert(key, reader.text().toString());
         }
     }
     if (reader.hasError())

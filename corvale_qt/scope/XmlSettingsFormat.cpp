@@ -87,6 +87,14 @@ bool isXmlCharacter(const QString &text, int i)
     return (c >= ' ' && c.unicode() < 0xfffe) || c == '\t' || c == '\n' || c == '\r';
 }
 
+//! The reader's own answer is another one for a CDATA section, which would be lost when it is written as plain text.
+bool isWhitespace(const QStringRef &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+    });
+}
+
 void writeText(QXmlStreamWriter &writer, QString text)
 {
     for (int i = 0; i < text.size(); ++i) {
@@ -137,7 +145,7 @@ bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
         } else if (reader.isEndElement()) {
             if (!parts.isEmpty())
                 parts.removeLast();
-        } else if (reader.isCharacters() && !reader.isWhitespace() && !parts.isEmpty()) {
+        } else if (reader.isCharacters() && !isWhitespace(reader.text()) && !parts.isEmpty()) {
             const QString key = parts.join('/');
             characters += key.size() + reader.text().size();
             if (characters > maximumCharacters)

@@ -38,7 +38,8 @@ std::vector<std::string> fuzzSeeds()
             "\"c\">]><Settings><a>&e;<![CDATA[<]]></a></Settings>",
             "<Settings "
             "xmlns:n=\"u\"><a><Settings><n:b>1</n:b></Settings><c_x002F_d>2</c_x002F_d></a></"
-            "Settings>"};
+            "Settings>",
+            "<Settings><a>text<![CDATA[]]></a></Settings>"};
 }
 
 //! What could be read can be written, and from then on stays as it is, byte for byte.

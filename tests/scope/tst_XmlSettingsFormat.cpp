@@ -160,6 +160,11 @@ void tst_XmlSettingsFormat::documents_data()
         << QByteArray("<Settings><a>1<b>2</b></a></Settings>") << "a=1; a/b=2";
     QTest::newRow("another root is one more group")
         << QByteArray("<Other><a>1</a></Other>") << "Other/a=1";
+    QTest::newRow("sections of white space are no value")
+        << QByteArray("<Settings><a>1<![CDATA[]]></a><b>2<![CDATA[ \n]]></b></Settings>")
+        << "a=1; b=2";
+    QTest::newRow("a section is a value")
+        << QByteArray("<Settings><a>1<![CDATA[<2>]]></a></Settings>") << "a=<2>";
     QTest::newRow("text outside of elements")
         << QByteArray("<Settings>x<a>1</a>y</Settings>") << "a=1";
     QTest::newRow(

@@ -415,7 +415,7 @@ void tst_RVXScope::shortcutsOfTwoPanels()
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
 
-    second->setFocus();
+    QTest::mouseClick(second->plot()->canvas(), Qt::LeftButton); // takes the focus there
     QTest::keyClick(window.focusWidget(), Qt::Key_0, Qt::ControlModifier);
     QVERIFY(!first->control("clearZeroButton")->isEnabled());
     QVERIFY(second->control("clearZeroButton")->isEnabled());

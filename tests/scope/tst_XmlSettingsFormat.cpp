@@ -49,6 +49,7 @@ private Q_SLOTS:
     void values();
     void keys_data();
     void keys();
+    void emptyParts();
     void documents_data();
     void documents();
     void limits();
@@ -145,6 +146,12 @@ void tst_XmlSettingsFormat::keys()
     for (auto it = expected.cbegin(); it != expected.cend(); ++it)
         entries << it.key() + "=" + it.value().toString();
     QCOMPARE(readBack(document), entries.join("; "));
+}
+
+//! Two keys that come to the same: one value stays whole.
+void tst_XmlSettingsFormat::emptyParts()
+{
+    QCOMPARE(readBack(written({{"//", "0"}, {"/a//b/", "1"}, {"a/b", "2"}})), QString("a/b=2"));
 }
 
 void tst_XmlSettingsFormat::documents_data()

@@ -13,21 +13,42 @@
 
 namespace Corvale_Qt {
 
-/*! The signals after which any row may hold other values, and which a QAbstractItemView does not pass on to
-    its subclasses: they, and the model's deletion, call \a reload as long as \a context lives. */
-template<typename Reload>
-QVector<QMetaObject::Connection>
-connectRearrangements(const QAbstractItemModel *model, const QObject *context, const Reload &reload)
+/*! Listens to the signals after which any row may hold other values, and which a QAbstractItemView does not
+    pass on to its subclasses, and to the model's deletion.
+
+    It ends with this object, which is a member of a view's private part: a model that is a child of its view
+    is deleted after that part. */
+class ModelRearrangements
 {
-    if (!model)
-        return {};
-    using Model = QAbstractItemModel;
-    return {QObject::connect(model, &Model::layoutChanged, context, reload),
-            QObject::connect(model, &Model::rowsMoved, context, reload),
-            QObject::connect(model, &Model::columnsInserted, context, reload),
-            QObject::connect(model, &Model::columnsRemoved, context, reload),
-            QObject::connect(model, &Model::columnsMoved, context, reload),
-            QObject::connect(model, &QObject::destroyed, context, reload)};
-}
+public:
+    ModelRearrangements() = default;
+    ~ModelRearrangements() { stop(); }
+    Q_DISABLE_COPY(ModelRearrangements)
+
+    //! Has them call \a reload, and no longer those of the former model. \a model may be null.
+    template<typename Reload>
+    void watch(const QAbstractItemModel *model, const QObject *context, const Reload &reload)
+    {
+        stop();
+        if (!model)
+            return;
+        using Model = QAbstractItemModel;
+        m_connections = {QObject::connect(model, &Model::layoutChanged, context, reload),
+                         QObject::connect(model, &Model::rowsMoved, context, reload),
+                         QObject::connect(model, &Model::columnsInserted, context, reload),
+                         QObject::connect(model, &Model::columnsRemoved, context, reload),
+                         QObject::connect(model, &Model::columnsMoved, context, reload),
+                         QObject::connect(model, &QObject::destroyed, context, reload)};
+    }
+
+private:
+    void stop()
+    {
+        for (const QMetaObject::Connection &connection : qAsConst(m_connections))
+            QObject::disconnect(connection);
+    }
+
+    QVector<QMetaObject::Connection> m_connections;
+};
 
 } // namespace Corvale_Qt

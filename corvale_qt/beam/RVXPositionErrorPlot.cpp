@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXPositionErrorPlot.h"
 
-#include "corvale_qt/beam/ModelRearrangements_p.h"
 #include "corvale_qt/beam/RVXPositionErrorPlot_p.h"
 
 #include <QEvent>
@@ -68,9 +67,7 @@ void RVXPositionErrorPlot::setModel(QAbstractItemModel *model)
     Q_D(RVXPositionErrorPlot);
     // Comes back through reset(), which reads the rows.
     QAbstractItemView::setModel(model);
-    for (const QMetaObject::Connection &connection : qAsConst(d->modelConnections))
-        disconnect(connection);
-    d->modelConnections = connectRearrangements(this->model(), this, [d] {
+    d->rearrangements.watch(this->model(), this, [d] {
         d->loadModel();
     });
 }

@@ -9,6 +9,7 @@
  */
 
 #include "corvale_qt/beam/HighlightRecentDot_p.h"
+#include "corvale_qt/beam/ModelRearrangements_p.h"
 #include "corvale_qt/beam/PositionErrorList_p.h"
 #include "corvale_qt/beam/RVXPositionErrorPlot.h"
 
@@ -49,7 +50,7 @@ public:
     float xTolerance = 0.0F;
     float yTolerance = 0.0F;
     bool plotPending = false;
-    QVector<QMetaObject::Connection> modelConnections;
+    ModelRearrangements rearrangements;
 
 private:
     RVXPositionErrorPlot *const q_ptr;

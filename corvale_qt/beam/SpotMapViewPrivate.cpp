@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/ModelRearrangements_p.h"
 #include "corvale_qt/beam/SpotGeometry_p.h"
 #include "corvale_qt/beam/SpotMapView_p.h"
 
@@ -41,9 +40,7 @@ QEvent::Type SpotMapViewPrivate::spotsChangedEvent()
 void SpotMapViewPrivate::connectModel()
 {
     Q_Q(SpotMapView);
-    for (const QMetaObject::Connection &connection : qAsConst(modelConnections))
-        QObject::disconnect(connection);
-    modelConnections = connectRearrangements(q->model(), q, [this] {
+    rearrangements.watch(q->model(), q, [this] {
         loadModel();
     });
 }

@@ -10,6 +10,7 @@
 
 #include "corvale_qt/beam/KeptPicture_p.h"
 #include "corvale_qt/beam/MapComparison_p.h"
+#include "corvale_qt/beam/ModelRearrangements_p.h"
 #include "corvale_qt/beam/SpotList_p.h"
 #include "corvale_qt/beam/SpotMapView.h"
 #include "corvale_qt/beam/SpotMapViewColumnMapper.h"
@@ -65,7 +66,7 @@ public:
 
     SpotList spots;
     std::unique_ptr<SpotMapViewColumnMapper> columnMapper;
-    QVector<QMetaObject::Connection> modelConnections;
+    ModelRearrangements rearrangements;
     QRectF bounds;
 
     SpotMapView::DisplayMode displayMode = SpotMapView::Data;

@@ -179,6 +179,18 @@ private Q_SLOTS:
         plot.grab();
     }
 
+    //! As a child it is deleted after the rest of the plot.
+    void aModelMayBeThePlotsOwn()
+    {
+        auto *plot = new RVXPositionErrorPlot;
+        auto *model = new QStandardItemModel(0, 7, plot);
+        const QPointer<QAbstractItemModel> watched = model;
+        model->appendRow(errorRow(1, 1, 100));
+        plot->setModel(model);
+        delete plot;
+        QVERIFY(!watched);
+    }
+
     void nothingIsCutOffInAnyFont()
     {
         QStandardItemModel model(0, 7);

@@ -294,6 +294,18 @@ private Q_SLOTS:
         QTest::mouseClick(map.viewport(), Qt::LeftButton);
     }
 
+    //! As a child it is deleted after the rest of the map.
+    void aModelMayBeTheMapsOwn()
+    {
+        auto *map = new SpotMapView;
+        auto *table = new SpotTable("0 0 1 1");
+        const QPointer<QAbstractItemModel> watched = table;
+        table->setParent(map);
+        map->setModel(table);
+        delete map;
+        QVERIFY(!watched);
+    }
+
     void fieldsThatAreMissingAreNotTakenForZero()
     {
         QStandardItemModel table(1, 5);

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+class QWidget;
+
+/*! \file
+    What the widgets show on a form in Designer: plausible data, the same each time. Each takes a widget of the
+    class it is named after, which owns whatever model it is given. */
+
+void previewScope(QWidget *widget);
+void previewScopePlotView(QWidget *widget);
+void previewSpectrogram(QWidget *widget);
+void previewPositionPlot(QWidget *widget);
+void previewSplitPlot(QWidget *widget);
+void previewPositionErrorPlot(QWidget *widget);
+void previewSpotMapView(QWidget *widget);
+void previewSpotMapWidget(QWidget *widget);
+void previewLogBrowser(QWidget *widget);
+void previewTableView(QWidget *widget);
+void previewTreeComboBox(QWidget *widget);

@@ -9,8 +9,7 @@ namespace Corvale_Qt {
 
 /*! Lets a line edit take a dotted IPv4 address.
 
-    While there are fewer than four parts the numbers are not looked at; a fifth part is refused at
-   once.
+    While there are fewer than four parts the numbers are not looked at; a fifth part is refused at once.
 
     \code
     addressEdit->setValidator(new IPv4Validator(addressEdit));

@@ -11,10 +11,9 @@ class IntStepSpinBoxPrivate;
 
 /*! A spin box whose user can enter only multiples of its single step.
 
-    A number that is no multiple yet, but can become one within the range by further digits, may
-   stand in the field while it is typed; it never becomes the value. A value set by code is not
-   changed, multiple or not. Range, step, prefix, suffix, special value text and number base are
-   those of the moment.
+    A number that is no multiple yet, but can become one within the range by further digits, may stand in the
+    field while it is typed; it never becomes the value. A value set by code is not changed, multiple or not.
+    Range, step, prefix, suffix, special value text and number base are those of the moment.
 
     \code
     auto *gain = new IntStepSpinBox(panel);

@@ -10,8 +10,8 @@ namespace Corvale_Qt {
 /*! Accepts whole numbers of a range that are multiples of a step: gains, sample counts and the like, which the
     hardware takes in fixed increments.
 
-    A number of the range that is no multiple is Invalid, so that on a plain line edit a multiple
-   whose beginning is none cannot be typed key by key; IntStepSpinBox can. */
+    A number of the range that is no multiple is Invalid, so that on a plain line edit a multiple whose
+    beginning is none cannot be typed key by key; IntStepSpinBox can. */
 class CORVALE_QT_EXPORT IntStepValidator : public QIntValidator
 {
     Q_OBJECT

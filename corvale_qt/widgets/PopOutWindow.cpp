@@ -3,6 +3,7 @@
 
 #include <QChildEvent>
 #include <QCloseEvent>
+#include <QHash>
 #include <QVBoxLayout>
 
 namespace Corvale_Qt {
@@ -18,12 +19,20 @@ QString withoutMnemonic(QString text)
     return text;
 }
 
+//! Where the windows of pages were last, by the pages' names, while the program runs.
+QHash<QString, QByteArray> &rememberedGeometries()
+{
+    static QHash<QString, QByteArray> geometries;
+    return geometries;
+}
+
 } // namespace
 
 PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
     : QWidget(owner, Qt::Window)
     , m_page(page)
     , m_look(look)
+    , m_name(page->objectName().isEmpty() ? look.text : page->objectName())
 {
     setWindowTitle(withoutMnemonic(look.text));
     setWindowIcon(look.icon);
@@ -31,6 +40,16 @@ PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(page);
     page->show();
+}
+
+void PopOutWindow::place(const QSize &size, const QPoint *at)
+{
+    constexpr int kOffset = 24;
+    resize(size);
+    move(parentWidget()->mapToGlobal(QPoint(kOffset, kOffset)));
+    restoreGeometry(rememberedGeometries().value(m_name));
+    if (at)
+        move(*at - QPoint(kOffset, kOffset / 2));
 }
 
 QWidget *PopOutWindow::takePage()
@@ -53,6 +72,12 @@ void PopOutWindow::closeEvent(QCloseEvent *event)
 {
     event->accept();
     Q_EMIT backRequested();
+}
+
+void PopOutWindow::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    rememberedGeometries().insert(m_name, saveGeometry());
 }
 
 } // namespace Corvale_Qt

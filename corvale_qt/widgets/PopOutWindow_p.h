@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/* -------------------------------------------------------------------------------------------------
-   Not part of the interface: this header serves RVXPopOutTabWidget, is not installed, and may change
-   at any time.
-   ------------------------------------------------------------------------------------------------- */
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for RVXPopOutTabWidget alone.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
 
 #include <QIcon>
 #include <QWidget>
@@ -31,8 +33,10 @@ public:
     //! \a owner keeps it above its own window.
     PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner);
 
-    QWidget *page() const { return m_page; }
     const TabLook &look() const { return m_look; }
+    /*! Puts the window where the last one of a page of this name was, the first time beside the owner's corner
+        in \a size; its title under \a at, where that is given. */
+    void place(const QSize &size, const QPoint *at);
     //! Gives the page away, without pageLeft().
     QWidget *takePage();
 
@@ -45,10 +49,12 @@ Q_SIGNALS:
 protected:
     void childEvent(QChildEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     QWidget *m_page;
     const TabLook m_look;
+    const QString m_name;
 };
 
 } // namespace Corvale_Qt

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/* -------------------------------------------------------------------------------------------------
-   Not part of the interface: this header serves TreeComboBox, is not installed, and may change at any
-   time.
-   ------------------------------------------------------------------------------------------------- */
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for TreeComboBox alone.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
 
 #include <QTreeView>
 

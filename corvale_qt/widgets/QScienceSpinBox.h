@@ -9,8 +9,8 @@ namespace Corvale_Qt {
 
 /*! A spin box for numbers of any size: shows and takes scientific notation ("1.5e-9").
 
-    A decimal point is understood in every locale, and the locale's own decimal sign as well. The
-   value keeps all digits that were set or typed; `decimals` limits what is shown. */
+    A decimal point is understood in every locale, and the locale's own decimal sign as well. The value keeps
+    all digits that were set or typed; `decimals` limits what is shown. */
 class CORVALE_QT_EXPORT QScienceSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT

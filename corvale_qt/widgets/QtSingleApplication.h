@@ -12,9 +12,9 @@ class QtSingleApplicationPrivate;
 
     It is not in this library's namespace: hosts know the class by this name.
 
-    The first instance is the one that asked first, by isRunning() or sendMessage(), while no other
-   lived. One that crashed does not stand in the way of the next start. Only processes of the same
-   user are heard; messages have at most 1 MiB of UTF-8, and incomplete ones are dropped.
+    The first instance is the one that asked first, by isRunning() or sendMessage(), while no other lived. One
+    that crashed does not stand in the way of the next start. Only processes of the same user are heard;
+    messages have at most 1 MiB of UTF-8, and incomplete ones are dropped.
 
     \code
     QtSingleApplication application("beam-monitor", argc, argv);
@@ -22,8 +22,9 @@ class QtSingleApplicationPrivate;
         return 0;
     MainWindow window;
     application.setActivationWindow(&window);
-    QObject::connect(&application, &QtSingleApplication::messageReceived, &window,
-   &MainWindow::open); \endcode */
+    using Application = QtSingleApplication;
+    QObject::connect(&application, &Application::messageReceived, &window, &MainWindow::open);
+    \endcode */
 class CORVALE_QT_EXPORT QtSingleApplication : public QApplication
 {
     Q_OBJECT

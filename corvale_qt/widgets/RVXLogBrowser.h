@@ -18,14 +18,13 @@ namespace Corvale_Qt {
 
 class RVXLogBrowserPrivate;
 
-/*! A titled pane of log lines, with a clear button and a frame for controls of the host. Lines that hold an
-    error or a warning keyword are coloured and announced, so that a host can raise an indicator.
+/*! A titled pane of log lines, with a clear button and a frame for controls of the host. Lines that hold an error
+    or a warning keyword are coloured and announced, so that a host can raise an indicator.
 
-    The view follows the newest line unless the user has scrolled up; then what is read stays in its
-   place.
+    The view follows the newest line unless the user has scrolled up; then what is read stays in its place.
 
-    There is no limit to the lines at first, and a program that runs for days fills its memory with
-   them: set maximumBlockCount, to 10000 for example, and the oldest lines drop off.
+    There is no limit to the lines at first, and a program that runs for days fills its memory with them: set
+    maximumBlockCount, to 10000 for example, and the oldest lines drop off.
 
     \code
     auto *log = new RVXLogBrowser(window);

@@ -13,13 +13,13 @@ class RVXLogBrowserSyntaxHighlighterPrivate;
 
 /*! Colours error and warning keywords in the lines of a document, and says when a line holds one.
 
-    A keyword is found as a whole word ("\b" before and behind it), in its own case; it is put into
-   the pattern as it is, so that regular-expression characters in it act as such. A keyword that
-   makes no valid pattern is left out, with one line on the debug stream. An empty keyword is found
-   at every border of a word, and colours nothing.
+    A keyword is found as a whole word ("\b" before and behind it), in its own case; it is put into the pattern
+    as it is, so that regular-expression characters in it act as such. A keyword that makes no valid pattern is
+    left out, with one line on the debug stream. An empty keyword is found at every border of a word, and
+    colours nothing.
 
-    Keywords, colours and switches count for lines that are highlighted from then on; rehighlight()
-   goes over the whole document again, and announces again what it finds. */
+    Keywords, colours and switches count for lines that are highlighted from then on; rehighlight() goes over
+    the whole document again, and announces again what it finds. */
 class CORVALE_QT_EXPORT RVXLogBrowserSyntaxHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT

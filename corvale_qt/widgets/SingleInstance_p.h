@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/* -------------------------------------------------------------------------------------------------
-   Not part of the interface: this header serves QtSingleApplication, is not installed, and may
-   change at any time.
-   -------------------------------------------------------------------------------------------------
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for QtSingleApplication alone.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
  */
 
 #include <QLocalServer>
@@ -17,12 +18,11 @@ namespace Corvale_Qt {
 
 /*! Decides which process of this user is the first with a given id, and carries texts to it.
 
-    Who holds the lock file is first, and listens on the socket. A process that dies leaves both
-   behind: the lock is then seen to be stale, and the socket is made anew.
+    Who holds the lock file is first, and listens on the socket. A process that dies leaves both behind: the
+    lock is then seen to be stale, and the socket is made anew.
 
-    A message is a 32-bit length, big endian, and that many bytes of UTF-8, at most kMaximumMessage;
-   it is answered by kAnswer. A connection that brings something else, too much, or half a message
-   is dropped. */
+    A message is a 32-bit length, big endian, and that many bytes of UTF-8, at most kMaximumMessage; it is
+    answered by kAnswer. A connection that brings something else, too much, or half a message is dropped. */
 class SingleInstance : public QObject
 {
     Q_OBJECT

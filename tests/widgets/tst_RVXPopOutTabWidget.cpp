@@ -194,20 +194,28 @@ private Q_SLOTS:
 
     void geometryIsRememberedByName()
     {
-        const auto shownAt = [](const QRect *moveTo) {
+        enum End {
+            Closed,
+            DeletedWithTheTabs
+        };
+        const auto shownAt = [](const QRect &moveTo, End end) {
             Tabs tabs({"remembered page"});
             QWidget *page = tabs.widget(0);
             tabs.popOut(0);
-            if (moveTo)
-                page->window()->setGeometry(*moveTo);
+            if (!moveTo.isNull())
+                page->window()->setGeometry(moveTo);
             QCoreApplication::processEvents();
             const QRect geometry = page->window()->geometry();
-            page->window()->close();
+            if (end == Closed)
+                page->window()->close();
             return geometry;
         };
-        const QRect wanted(220, 180, 321, 234);
-        shownAt(&wanted);
-        QCOMPARE(shownAt(nullptr), wanted);
+        const QRect first(220, 180, 321, 234);
+        const QRect second(260, 150, 280, 250);
+        shownAt(first, Closed);
+        QCOMPARE(shownAt(QRect(), Closed), first);
+        shownAt(second, DeletedWithTheTabs);
+        QCOMPARE(shownAt(QRect(), Closed), second);
     }
 
     void deletedWhileOut()

@@ -213,6 +213,10 @@ QVariant MultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, i
         return toolTip(index.row(), index.column());
     case NumericValueRole:
         return doubleData(index.row(), index.column());
+    case Qt::UserRole: // what spot maps read; the header is no spot
+        return has(index.row(), index.column())
+            ? QVariant(m_visible.value(index.row() - 1, index.column() - 1))
+            : QVariant();
     default:
         return QVariant();
     }

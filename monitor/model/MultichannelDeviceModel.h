@@ -44,6 +44,8 @@ public:
     //! How many samples, and how many seconds, a plot should show at once; 0 for no wish.
     void setPlotWidth(int points, double seconds);
     const StreamHeader &header() const { return m_header; }
+    //! The value in sample row \a row of channel \a channel, counted from 0, as it was received.
+    double receivedValue(int row, int channel) const { return m_visible.value(row - 1, channel); }
 
     int NumberOfChannels() const override;
     int PlotWidthHintPoints() const override;

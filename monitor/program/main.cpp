@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessRun.h"
+#include "monitor/program/WindowRun.h"
+#include "monitor/window/MonitorWindow.h"
+#include <corvale_qt/widgets/QtSingleApplication.h>
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -33,6 +37,35 @@ QStringList argumentsOf(int argc, char **argv)
     return arguments;
 }
 
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("corvale-monitor"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Corvale"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
+}
+
+//! One window for each settings file: another start brings the window that there is to the front.
+int runOnScreen(const CommandLine &commandLine, char **argv)
+{
+    const QString settings = commandLine.settings.isEmpty()
+        ? WindowRun::defaultSettingsFile()
+        : QFileInfo(commandLine.settings).absoluteFilePath();
+    int qtArguments = 1;
+    QtSingleApplication application(settings, qtArguments, argv);
+    nameApplication();
+    if (application.sendMessage(commandLine.source)) {
+        std::fprintf(
+            stderr,
+            "corvale-monitor: a window with these settings is open already and was brought to the "
+            "front; --settings FILE opens another\n");
+        return ExitGood;
+    }
+    WindowRun run(commandLine);
+    if (run.prepare())
+        application.setActivationWindow(run.window());
+    return run.run();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -49,10 +82,12 @@ int main(int argc, char **argv)
         return ExitGood;
     if (!commandLine.needsDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (commandLine.task == CommandLine::Task::Window)
+        return runOnScreen(commandLine, argv);
     int qtArguments = 1; // the others are the program's own
     QApplication application(qtArguments, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("corvale-monitor"));
-    QCoreApplication::setOrganizationName(QStringLiteral("Corvale"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
+    nameApplication();
+    if (commandLine.task == CommandLine::Task::Screenshot)
+        return WindowRun(commandLine).run();
     return HeadlessRun(commandLine).run();
 }

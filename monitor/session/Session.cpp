@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/session/Session.h"
+
+#include "monitor/sources/Clock.h"
+
+namespace Monitor {
+
+Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
+    : QObject(parent)
+    , m_clock(clock)
+    , m_source(std::move(source))
+{
+    connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
+    connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
+    connect(m_source.get(), &Source::noted, this, [this](const QString &text) {
+        if (m_recorder)
+            m_recorder->addEvent(text);
+        Q_EMIT noted(text);
+    });
+    connect(&clock, &Clock::tick, this, &Session::tick);
+}
+
+Session::~Session() = default;
+
+void Session::start()
+{
+    m_source->start();
+}
+
+void Session::setRange(double low, double high)
+{
+    m_rangeLow = low;
+    m_rangeHigh = high;
+}
+
+void Session::takeHeader(const StreamHeader &told)
+{
+    StreamHeader header = told;
+    if (m_rangeLow < m_rangeHigh) {
+        header.rangeLow = m_rangeLow;
+        header.rangeHigh = m_rangeHigh;
+    }
+    m_statistics.startStream(header);
+    m_activity.reset();
+    if (m_recorder)
+        m_recorder->startStream(header);
+    m_model.startStream(header);
+    Q_EMIT streamStarted(header);
+}
+
+void Session::takeReadings(const ReadingBlock &readings)
+{
+    m_activity.noteArrival(m_clock.seconds(), readings.size());
+    m_statistics.addReadings(readings);
+    if (m_recorder)
+        m_recorder->addReadings(readings);
+    m_model.addReadings(readings);
+}
+
+bool Session::isStale() const
+{
+    return m_source->state() != Source::State::Finished && m_activity.isStale(m_clock.seconds());
+}
+
+double Session::rate() const
+{
+    return m_activity.rate(m_clock.seconds());
+}
+
+void Session::tick()
+{
+    const bool stale = isStale();
+    if (stale == m_stale)
+        return;
+    m_stale = stale;
+    Q_EMIT staleChanged(stale);
+}
+
+void Session::setPaused(bool paused)
+{
+    if (paused == isPaused())
+        return;
+    m_model.setPaused(paused);
+    Q_EMIT pausedChanged(paused);
+}
+
+bool Session::startRecording(Recorder::Options options, QString *error)
+{
+    options.source = m_source->description();
+    auto recorder = std::make_unique<Recorder>(m_clock, options);
+    if (!recorder->start()) {
+        *error = recorder->errorString();
+        return false;
+    }
+    connect(recorder.get(), &Recorder::fileStarted, this, [this](const QString &name) {
+        Q_EMIT noted(tr("recording to %1").arg(name));
+        Q_EMIT recordingChanged();
+    });
+    connect(recorder.get(), &Recorder::failed, this, [this](const QString &text) {
+        Q_EMIT noted(tr("ERROR recording stands still: %1; trying again").arg(text));
+        Q_EMIT recordingChanged();
+    });
+    connect(recorder.get(), &Recorder::recovered, this, [this] {
+        Q_EMIT noted(tr("recording goes on"));
+        Q_EMIT recordingChanged();
+    });
+    m_recorder = std::move(recorder);
+    if (!m_statistics.header().channels.isEmpty())
+        m_recorder->startStream(m_statistics.header());
+    Q_EMIT noted(tr("recording to %1").arg(m_recorder->fileName()));
+    Q_EMIT recordingChanged();
+    return true;
+}
+
+void Session::stopRecording()
+{
+    if (!m_recorder)
+        return;
+    const QString name = m_recorder->fileName();
+    const bool complete = m_recorder->finish();
+    Q_EMIT noted(complete ? tr("recording to %1 ended").arg(name)
+                          : tr("ERROR the recording %1 is not complete: %2")
+                                .arg(name, m_recorder->errorString()));
+    m_recorder.reset();
+    Q_EMIT recordingChanged();
+}
+
+} // namespace Monitor

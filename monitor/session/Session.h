@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/model/MultichannelDeviceModel.h"
+#include "monitor/recording/Recorder.h"
+#include "monitor/session/ActivityWatch.h"
+#include "monitor/sources/Source.h"
+#include "monitor/statistics/StreamStatistics.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace Monitor {
+
+/*! One source and what becomes of its readings: the model that the window shows, the recording, the counts. It
+    knows nothing of the window. */
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    //! The clock must outlive the session; the source is the session's own.
+    Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent = nullptr);
+    ~Session() override;
+    void start();
+
+    //! Limits that hold for every stream, whatever its source says of them.
+    void setRange(double low, double high);
+
+    Source &source() const { return *m_source; }
+    MultichannelDeviceModel &model() { return m_model; }
+    const StreamStatistics &statistics() const { return m_statistics; }
+    Clock &clock() const { return m_clock; }
+    bool isStale() const;
+    //! Readings a second.
+    double rate() const;
+
+    bool isPaused() const { return m_model.isPaused(); }
+    void setPaused(bool paused);
+
+    //! False, with a text, where the file cannot be opened.
+    bool startRecording(Recorder::Options options, QString *error);
+    void stopRecording();
+    //! Null while nothing is recorded.
+    const Recorder *recorder() const { return m_recorder.get(); }
+
+Q_SIGNALS:
+    //! The model has the channels of another acquisition.
+    void streamStarted(const Monitor::StreamHeader &header);
+    void pausedChanged(bool paused);
+    void recordingChanged();
+    void staleChanged(bool stale);
+    //! A line for the log.
+    void noted(const QString &text);
+
+private:
+    void takeHeader(const StreamHeader &header);
+    void takeReadings(const ReadingBlock &readings);
+    void tick();
+
+    Clock &m_clock;
+    std::unique_ptr<Source> m_source;
+    MultichannelDeviceModel m_model;
+    StreamStatistics m_statistics;
+    ActivityWatch m_activity;
+    std::unique_ptr<Recorder> m_recorder;
+    double m_rangeLow = 0.0;
+    double m_rangeHigh = 0.0;
+    bool m_stale = false;
+};
+
+} // namespace Monitor

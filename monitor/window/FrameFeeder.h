@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/DetectorFrames.h"
+#include <corvale_qt/beam/RVXPositionPlot.h>
+#include <corvale_qt/beam/RVXSpectrogram.h>
+
+#include <QObject>
+#include <QTimer>
+
+namespace Monitor {
+
+class MultichannelDeviceModel;
+
+/*! Hands what the model shows to the displays that take frames: profiles, and the position that comes from them or
+    from four halves of a split chamber. It follows the model, and so its pauses. */
+class FrameFeeder : public QObject
+{
+    Q_OBJECT
+
+public:
+    //! None of them is owned.
+    FrameFeeder(MultichannelDeviceModel *model,
+                Corvale_Qt::RVXSpectrogram *profile,
+                Corvale_Qt::RVXPositionPlot *position,
+                QObject *parent = nullptr);
+
+    //! Whether the model's stream has profiles, or a position, to show.
+    bool hasProfile() const { return m_frames.isUsable(); }
+    bool hasPosition() const;
+    //! Whether the profile display has shown a calculation of this stream.
+    bool hasShownProfile() const;
+
+private:
+    void beginStream();
+    void feedRows(int first, int last);
+    void feed(int row);
+    void feedLastAgain();
+    void feedPosition(const double *values);
+
+    MultichannelDeviceModel *const m_model;
+    Corvale_Qt::RVXSpectrogram *const m_profile;
+    Corvale_Qt::RVXPositionPlot *const m_position;
+    DetectorFrames m_frames;
+    int m_left = -1, m_right = -1, m_up = -1, m_down = -1;
+    std::vector<double> m_values;
+    QVector<double> m_lastFrame;
+    double m_lastTime = 0.0;
+    QTimer m_again;
+};
+
+} // namespace Monitor

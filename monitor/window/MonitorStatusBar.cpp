@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/MonitorStatusBar.h"
+
+#include "monitor/session/Session.h"
+#include "monitor/sources/Clock.h"
+
+#include <QFileInfo>
+
+namespace Monitor {
+
+namespace {
+
+constexpr double refreshInterval = 0.25; // s
+
+QString sizeText(qint64 bytes)
+{
+    constexpr double mega = 1e6;
+    return QStringLiteral("%1 MB").arg(double(bytes) / mega, 0, 'f', 1);
+}
+
+//! Dark text on a light ground of its own, so that it reads in dark and light palettes.
+QString noticeOf(const QString &text, const char *ground)
+{
+    return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>")
+        .arg(QLatin1String(ground), text.toHtmlEscaped());
+}
+
+} // namespace
+
+MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
+    : QStatusBar(parent)
+    , m_session(session)
+    , m_source(add("source", tr("Where the readings come from"), 1))
+    , m_notices(add("notices", tr("What is not as usual")))
+    , m_rate(add("rate", tr("Readings a second")))
+    , m_bad(add("bad", tr("Lines that could not be used")))
+    , m_gaps(add("gaps", tr("Pauses longer than three of the usual steps")))
+    , m_recording(add("recording", tr("The file that is being recorded")))
+    , m_clock(add("clock", tr("Time, UTC")))
+{
+    m_source->setTextFormat(Qt::PlainText);
+    m_recording->setTextFormat(Qt::PlainText);
+    setSizeGripEnabled(false);
+    connect(&session.clock(), &Clock::tick, this, &MonitorStatusBar::refreshIfDue);
+    connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
+    connect(&session, &Session::recordingChanged, this, &MonitorStatusBar::refresh);
+    connect(&session, &Session::staleChanged, this, &MonitorStatusBar::refresh);
+    connect(&session.source(), &Source::stateChanged, this, &MonitorStatusBar::refresh);
+    refresh();
+}
+
+QLabel *MonitorStatusBar::add(const char *name, const QString &toolTip, int stretch)
+{
+    auto *label = new QLabel(this);
+    label->setObjectName(QLatin1String(name));
+    label->setToolTip(toolTip);
+    if (stretch > 0) {
+        label->setMinimumWidth(100);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+    addWidget(label, stretch);
+    return label;
+}
+
+void MonitorStatusBar::refreshIfDue()
+{
+    if (m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+        refresh();
+}
+
+void MonitorStatusBar::refresh()
+{
+    m_refreshedAt = m_session.clock().seconds();
+    const Source &source = m_session.source();
+    const bool troubled = source.state() == Source::State::Retrying
+        || source.state() == Source::State::Failed || source.state() == Source::State::Finished;
+    m_source->setText(troubled ? source.stateText() : source.description());
+
+    QString notices;
+    if (source.isSimulated())
+        notices += noticeOf(tr("SIMULATED"), "#ffd75e");
+    if (m_session.isPaused())
+        notices += noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
+                            "#9fd0ff");
+    if (m_session.isStale())
+        notices += noticeOf(tr("STALE"), "#ffb0a0");
+    if (source.state() == Source::State::Finished)
+        notices += noticeOf(tr("END"), "#d8d8d8");
+    m_notices->setText(notices);
+
+    m_rate->setText(tr("%1 /s").arg(m_session.rate(), 0, 'f', 1));
+    m_bad->setText(tr("%1 bad lines").arg(source.counts().bad()));
+    m_gaps->setText(tr("%1 gaps").arg(m_session.statistics().gaps()));
+    m_recording->setText(recordingText());
+    m_clock->setText(
+        m_session.clock().wallTime().toUTC().toString(QStringLiteral("HH:mm:ss 'UTC'")));
+}
+
+QString MonitorStatusBar::recordingText() const
+{
+    const Recorder *recorder = m_session.recorder();
+    if (!recorder)
+        return tr("not recording");
+    if (!recorder->errorString().isEmpty())
+        return tr("RECORDING FAILS: %1").arg(recorder->errorString());
+    return tr("REC %1, %2")
+        .arg(QFileInfo(recorder->fileName()).fileName(), sizeText(recorder->size()));
+}
+
+} // namespace Monitor

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace Monitor {
+
+class Session;
+
+//! What runs, in one line: source, rate, bad lines, gaps, recording, clock, and what is not as usual.
+class MonitorStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit MonitorStatusBar(Session &session, QWidget *parent = nullptr);
+    //! Writes what is true now.
+    void refresh();
+
+private:
+    QLabel *add(const char *name, const QString &toolTip, int stretch = 0);
+    void refreshIfDue();
+    QString recordingText() const;
+
+    Session &m_session;
+    double m_refreshedAt = -1.0;
+    QLabel *m_source;
+    QLabel *m_notices;
+    QLabel *m_rate;
+    QLabel *m_bad;
+    QLabel *m_gaps;
+    QLabel *m_recording;
+    QLabel *m_clock;
+};
+
+} // namespace Monitor

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/PictureExport.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPixmap>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <QWidget>
+
+namespace Monitor {
+
+namespace {
+
+bool drawPng(QWidget *widget, QIODevice *device)
+{
+    return widget->grab().save(device, "PNG");
+}
+
+bool drawSvg(QWidget *widget, QIODevice *device)
+{
+    QSvgGenerator generator;
+    generator.setOutputDevice(device);
+    generator.setSize(widget->size());
+    generator.setViewBox(widget->rect());
+    QPainter painter;
+    if (!painter.begin(&generator))
+        return false;
+    widget->render(&painter);
+    return painter.end();
+}
+
+bool drawPdf(QWidget *widget, QIODevice *device)
+{
+    constexpr int screenResolution = 96; // one unit of the page is then one pixel of the widget
+    constexpr double pointsPerPixel = 72.0 / screenResolution;
+    QPdfWriter writer(device);
+    writer.setResolution(screenResolution);
+    writer.setPageSize(QPageSize(QSizeF(widget->size()) * pointsPerPixel, QPageSize::Point));
+    writer.setPageMargins(QMarginsF());
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return false;
+    widget->render(&painter);
+    return painter.end();
+}
+
+} // namespace
+
+QString PictureExport::fileFilter()
+{
+    return QCoreApplication::translate("PictureExport", "PNG (*.png);;SVG (*.svg);;PDF (*.pdf)");
+}
+
+bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return false;
+    }
+    bool drawn = false;
+    if (suffix == QLatin1String("png"))
+        drawn = drawPng(widget, &file);
+    else if (suffix == QLatin1String("svg"))
+        drawn = drawSvg(widget, &file);
+    else if (suffix == QLatin1String("pdf"))
+        drawn = drawPdf(widget, &file);
+    else
+        *error = QCoreApplication::translate("PictureExport",
+                                             "%1: a picture's name ends in .png, .svg or .pdf")
+                     .arg(path);
+    if (drawn && file.commit())
+        return true;
+    if (error->isEmpty())
+        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+    return false;
+}
+
+void PictureExport::copy(QWidget *widget)
+{
+    QGuiApplication::clipboard()->setPixmap(widget->grab());
+}
+
+} // namespace Monitor

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/window/FrameFeeder.h"
+#include "monitor/window/SpotLayers.h"
+#include <corvale_qt/widgets/RVXPopOutTabWidget.h>
+
+namespace Corvale_Qt {
+class RVXScope;
+class SpotMapWidget;
+} // namespace Corvale_Qt
+
+namespace Monitor {
+
+class Session;
+
+/*! The displays as tabs: the scope always, the others while the stream has what they show. */
+class ViewTabs : public Corvale_Qt::RVXPopOutTabWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ViewTabs(Session &session, QWidget *parent = nullptr);
+
+    Corvale_Qt::RVXScope *scope() const { return m_scope; }
+    Corvale_Qt::RVXSpectrogram *profile() const { return m_profile; }
+    //! Turns to strip, scope, histogram, profile, position or spots; false where there is no such view now.
+    bool showView(const QString &name);
+    //! Whether the view that is shown has shown data of this stream.
+    bool hasDrawn() const;
+
+private:
+    void beginStream();
+    void setTab(QWidget *page, const QString &title, bool present);
+    void showLatestSpot();
+
+    Session &m_session;
+    Corvale_Qt::RVXScope *m_scope;
+    Corvale_Qt::RVXSpectrogram *m_profile;
+    Corvale_Qt::RVXPositionPlot *m_position;
+    Corvale_Qt::SpotMapWidget *m_spotMap;
+    FrameFeeder m_frames;
+    SpotLayers m_spots;
+};
+
+} // namespace Monitor

@@ -125,6 +125,16 @@ void BeamRaster::setColorRange(double max)
     itemChanged();
 }
 
+void BeamRaster::draw(QPainter *painter,
+                      const QwtScaleMap &xMap,
+                      const QwtScaleMap &yMap,
+                      const QRectF &canvasRect) const
+{
+    // On a canvas of one pixel every position is NaN, with which Qwt would look up a cell.
+    if (xMap.pDist() > 0 && yMap.pDist() > 0)
+        QwtPlotSpectrogram::draw(painter, xMap, yMap, canvasRect);
+}
+
 QImage BeamRaster::renderImage(const QwtScaleMap &xMap,
                                const QwtScaleMap &yMap,
                                const QRectF &area,

@@ -31,6 +31,11 @@ public:
     //! Colours run from 0 to \a max, which is above 0.
     void setColorRange(double max);
 
+    void draw(QPainter *painter,
+              const QwtScaleMap &xMap,
+              const QwtScaleMap &yMap,
+              const QRectF &canvasRect) const override;
+
 protected:
     QImage renderImage(const QwtScaleMap &xMap,
                        const QwtScaleMap &yMap,

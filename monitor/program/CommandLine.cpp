@@ -182,6 +182,8 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
     values.view(&view);
+    if (task == Task::Screenshot && !values.isSet("speed"))
+        file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));
     record.path = values.text("record");
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));

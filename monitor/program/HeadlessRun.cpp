@@ -4,6 +4,7 @@
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/sources/LineSource.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StatisticsReport.h"
 
 #include <QEventLoop>
@@ -26,6 +27,7 @@ bool print(const QByteArray &text)
 HeadlessRun::HeadlessRun(const CommandLine &commandLine, QObject *parent)
     : QObject(parent)
     , m_commandLine(commandLine)
+    , m_limit(commandLine.afterReadings, commandLine.afterSeconds)
 {
 }
 
@@ -98,19 +100,16 @@ void HeadlessRun::takeHeader(const StreamHeader &header)
         m_recorder->startStream(header);
 }
 
-void HeadlessRun::takeReadings(const ReadingBlock &readings)
+void HeadlessRun::takeReadings(const ReadingBlock &arrived)
 {
     if (m_ended)
         return;
+    const ReadingBlock &readings = m_limit.take(arrived);
     m_statistics.addReadings(readings);
     m_readings += readings.size();
     if (m_recorder)
         m_recorder->addReadings(readings);
-    const bool enoughReadings =
-        m_commandLine.afterReadings > 0 && m_readings >= m_commandLine.afterReadings;
-    const bool enoughTime = m_commandLine.afterSeconds > 0.0
-        && m_statistics.lastTime() - m_statistics.firstTime() >= m_commandLine.afterSeconds;
-    if (enoughReadings || enoughTime)
+    if (m_limit.isReached())
         leave();
 }
 
@@ -118,6 +117,8 @@ void HeadlessRun::sourceStateChanged(Source::State state, const QString &text)
 {
     if (state == Source::State::Failed) {
         complain(text);
+        if (!m_source->remedy().isEmpty())
+            complain(m_source->remedy());
         m_exitCode = m_exitCode == ExitGood ? ExitSourceLost : m_exitCode;
     }
     if (state == Source::State::Failed || state == Source::State::Finished)
@@ -164,6 +165,7 @@ void HeadlessRun::printStatistics()
     report.source = m_source->description();
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
+    report.fits = fitsOfLastReading(m_statistics);
     if (!print(m_commandLine.json ? report.json() : report.text()))
         m_exitCode = ExitOutputFailed;
 }

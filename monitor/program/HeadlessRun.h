@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/program/CommandLine.h"
+#include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Clock.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
@@ -40,6 +41,7 @@ private:
     SystemClock m_clock;
     std::unique_ptr<Source> m_source;
     std::unique_ptr<Recorder> m_recorder;
+    ReadingLimit m_limit;
     StreamStatistics m_statistics;
     qint64 m_readings = 0;
     int m_exitCode = ExitGood;

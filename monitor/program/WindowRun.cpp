@@ -1,37 +1,24 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/WindowRun.h"
 
+#include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/MonitorWindow.h"
-#include "monitor/window/PictureExport.h"
 #include "monitor/window/ViewTabs.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <cstdio>
 
 namespace Monitor {
 
-namespace {
-
-//! What a picture waits for where nothing else was said.
-constexpr double usualPictureTime = 2.0; // s of the data
-//! For a display to show what it was handed: it paints ten times a second.
-constexpr double settlingTime = 0.5; // s
-//! A source that brings nothing for so long will bring nothing.
-constexpr double patience = 20.0; // s
-
-} // namespace
-
 WindowRun::WindowRun(const CommandLine &commandLine, QObject *parent)
     : QObject(parent)
     , m_commandLine(commandLine)
-    , m_settingsFile(commandLine.settings.isEmpty() ? defaultSettingsFile() : commandLine.settings)
 {
 }
 
@@ -43,38 +30,76 @@ QString WindowRun::defaultSettingsFile()
         .filePath(QStringLiteral("Corvale/corvale-monitor.xui"));
 }
 
+//! A picture looks the same whoever takes it, unless it is told whose settings it has.
+QString WindowRun::settingsFile() const
+{
+    if (!m_commandLine.settings.isEmpty())
+        return m_commandLine.settings;
+    return isPicture() ? m_pictureSettings.filePath(QStringLiteral("picture.xui"))
+                       : defaultSettingsFile();
+}
+
 bool WindowRun::prepare()
 {
-    FileSource::Options options = m_commandLine.file;
-    const bool picture = m_commandLine.task == CommandLine::Task::Screenshot;
-    SourceFactory factory(m_clock, options);
+    if (!openSession())
+        return false;
+    openWindow();
+    return true;
+}
+
+bool WindowRun::openSession()
+{
+    SourceFactory factory(m_clock, m_commandLine.file);
     std::unique_ptr<Source> source = factory.make(m_commandLine.source);
     if (!source) {
-        complain(factory.errorString());
-        m_exitCode = ExitUsage;
+        leave(ExitUsage, factory.errorString());
         return false;
     }
+    const bool endless = m_commandLine.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
     m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
+    ReadingLimit limit(m_commandLine.afterReadings, m_commandLine.afterSeconds);
+    if (isPicture() && endless && !limit.exists())
+        limit = ReadingLimit(0, PictureTaker::usualDataTime);
+    m_session->setLimit(limit);
+
     QString error;
     if (!m_commandLine.record.path.isEmpty()
         && !m_session->startRecording(m_commandLine.record, &error)) {
-        complain(error);
-        m_exitCode = ExitOutputFailed;
+        leave(ExitOutputFailed, error);
         return false;
     }
-    QDir().mkpath(QFileInfo(m_settingsFile).absolutePath());
-    m_window = std::make_unique<MonitorWindow>(*m_session, m_settingsFile);
+    return true;
+}
+
+void WindowRun::openWindow()
+{
+    m_window = std::make_unique<MonitorWindow>(*m_session, settingsFile());
     if (m_commandLine.size.isValid())
         m_window->resize(m_commandLine.size);
-    if (!picture)
+    else if (isPicture())
+        m_window->resize(MonitorWindow::usualSize); // there is no screen to be too small
+    connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showView);
+    if (!isPicture()) {
         m_window->showHint(hint());
-    if (!m_commandLine.view.isEmpty())
-        connect(m_session.get(), &Session::streamStarted, this, [this] {
-            if (!m_window->views().showView(m_commandLine.view))
-                complain(tr("this source has nothing for the view %1").arg(m_commandLine.view));
-        });
-    return true;
+        connect(m_session.get(), &Session::limitReached, m_window.get(), &QWidget::close);
+        return;
+    }
+    auto *picture = new PictureTaker(*m_session, *m_window, m_commandLine.output, this);
+    connect(picture, &PictureTaker::done, this, &WindowRun::leave);
+}
+
+void WindowRun::showView()
+{
+    const QString view = m_commandLine.view;
+    if (view.isEmpty() || m_window->views().showView(view))
+        return;
+    const QString text =
+        tr("%1 has nothing for the view \"%2\"").arg(m_session->source().description(), view);
+    if (isPicture())
+        leave(ExitUsage, text);
+    else
+        Q_EMIT m_session->noted(text);
 }
 
 QString WindowRun::hint() const
@@ -89,72 +114,24 @@ QString WindowRun::hint() const
 
 int WindowRun::run()
 {
-    if (!m_window && !prepare())
+    if (!m_window)
         return m_exitCode;
     TerminationSignal termination;
     connect(&termination, &TerminationSignal::raised, m_window.get(), &QWidget::close);
-    if (m_commandLine.task == CommandLine::Task::Screenshot)
-        connect(&m_clock, &Clock::tick, this, &WindowRun::checkPicture);
     m_window->show();
     m_session->start();
-    const int code = QApplication::exec();
+    QApplication::exec();
     m_session->stopRecording();
-    return m_exitCode != ExitGood ? m_exitCode : code;
+    return m_exitCode;
 }
 
-bool WindowRun::isPictureDue() const
+void WindowRun::leave(ExitCode code, const QString &text)
 {
-    const StreamStatistics &statistics = m_session->statistics();
-    const Source::State state = m_session->source().state();
-    if (state == Source::State::Finished || state == Source::State::Failed)
-        return true;
-    if (m_commandLine.afterReadings > 0)
-        return statistics.readings() >= m_commandLine.afterReadings;
-    const double wanted =
-        m_commandLine.afterSeconds > 0.0 ? m_commandLine.afterSeconds : usualPictureTime;
-    return statistics.readings() > 1 && statistics.lastTime() - statistics.firstTime() >= wanted;
-}
-
-void WindowRun::checkPicture()
-{
-    const double now = m_clock.seconds();
-    const Source::State state = m_session->source().state();
-    if (m_session->statistics().readings() == 0 && now > patience) {
-        complain(tr("no readings came within %1 s").arg(patience));
-        m_exitCode = ExitSourceLost;
-        QApplication::quit();
-        return;
-    }
-    if (!isPictureDue())
-        return;
-    if (m_dueSince < 0.0) {
-        m_dueSince = now;
-        if (state == Source::State::Running)
-            m_session->setPaused(false);
-    }
-    const bool settled = now - m_dueSince >= settlingTime;
-    if (settled && (m_window->views().hasDrawn() || now - m_dueSince > patience))
-        takePicture();
-}
-
-void WindowRun::takePicture()
-{
-    QString error;
-    const Source &source = m_session->source();
-    if (!m_window->views().hasDrawn()) {
-        complain(source.state() == Source::State::Failed ? source.stateText()
-                                                         : tr("there is nothing to draw"));
-        m_exitCode = source.state() == Source::State::Failed ? ExitSourceLost : ExitBadData;
-    } else if (!PictureExport::save(m_window.get(), m_commandLine.output, &error)) {
-        complain(error);
-        m_exitCode = ExitOutputFailed;
-    }
-    QApplication::exit(m_exitCode);
-}
-
-void WindowRun::complain(const QString &text) const
-{
-    std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
+    m_exitCode = code;
+    if (!text.isEmpty())
+        std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
+    if (m_window)
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 } // namespace Monitor

@@ -4,7 +4,7 @@
 #include "monitor/program/CommandLine.h"
 #include "monitor/sources/Clock.h"
 
-#include <QElapsedTimer>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -13,7 +13,7 @@ namespace Monitor {
 class MonitorWindow;
 class Session;
 
-//! The window, on a screen or into a picture.
+//! The window, on a screen or into a picture: puts source, session and window together and runs them.
 class WindowRun : public QObject
 {
     Q_OBJECT
@@ -25,26 +25,27 @@ public:
     //! Where settings lie when --settings does not say.
     static QString defaultSettingsFile();
 
+    //! False, with a line on stderr, where the source or the recording cannot be had; run() then returns at once.
+    bool prepare();
+    MonitorWindow *window() const { return m_window.get(); }
     //! Runs the event loop and returns the exit code.
     int run();
-    MonitorWindow *window() const { return m_window.get(); }
-    //! False, with a line on stderr and exitCode(), where the source or the recording cannot be had.
-    bool prepare();
 
 private:
+    bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
+    bool openSession();
+    void openWindow();
+    QString settingsFile() const;
     QString hint() const;
-    void checkPicture();
-    bool isPictureDue() const;
-    void takePicture();
-    void complain(const QString &text) const;
+    void showView();
+    void leave(ExitCode code, const QString &text = QString());
 
     const CommandLine m_commandLine;
-    QString m_settingsFile;
+    QTemporaryDir m_pictureSettings;
     SystemClock m_clock;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MonitorWindow> m_window;
-    int m_exitCode = ExitGood;
-    double m_dueSince = -1.0;
+    ExitCode m_exitCode = ExitGood;
 };
 
 } // namespace Monitor

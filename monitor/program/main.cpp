@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessRun.h"
+#include "monitor/program/QuietMessages.h"
 #include "monitor/program/WindowRun.h"
 #include "monitor/window/MonitorWindow.h"
 #include <corvale_qt/widgets/QtSingleApplication.h>
@@ -44,6 +45,17 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
 }
 
+//! Without one, the toolkit would end the program with a core dump.
+bool hasDisplay()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
 //! One window for each settings file: another start brings the window that there is to the front.
 int runOnScreen(const CommandLine &commandLine, char **argv)
 {
@@ -80,14 +92,25 @@ int main(int argc, char **argv)
     }
     if (answerWithText(commandLine))
         return ExitGood;
-    if (!commandLine.needsDisplay())
+    installQuietMessages();
+    if (!commandLine.needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    } else if (!hasDisplay()) {
+        std::fputs(
+            "corvale-monitor: there is no display to open a window on (neither DISPLAY nor "
+            "WAYLAND_DISPLAY is set). --screenshot FILE.png, --stats and --check need none.\n",
+            stderr);
+        return ExitUsage;
+    }
     if (commandLine.task == CommandLine::Task::Window)
         return runOnScreen(commandLine, argv);
     int qtArguments = 1; // the others are the program's own
     QApplication application(qtArguments, argv);
     nameApplication();
-    if (commandLine.task == CommandLine::Task::Screenshot)
-        return WindowRun(commandLine).run();
+    if (commandLine.task == CommandLine::Task::Screenshot) {
+        WindowRun run(commandLine);
+        run.prepare();
+        return run.run();
+    }
     return HeadlessRun(commandLine).run();
 }

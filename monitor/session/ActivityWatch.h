@@ -16,8 +16,8 @@ public:
     bool isStale(double now) const;
     //! Readings a second over the last second or so; 0 while stale.
     double rate(double now) const;
-    //! Seconds since the last arrival; negative before the first.
-    double silence(double now) const { return m_arrivals > 0 ? now - m_lastArrival : -1.0; }
+    //! When the last readings came; 0 before the first.
+    double lastArrival() const { return m_lastArrival; }
 
 private:
     qint64 m_arrivals = 0;

@@ -48,13 +48,18 @@ void Session::takeHeader(const StreamHeader &told)
     Q_EMIT streamStarted(header);
 }
 
-void Session::takeReadings(const ReadingBlock &readings)
+void Session::takeReadings(const ReadingBlock &arrived)
 {
-    m_activity.noteArrival(m_clock.seconds(), readings.size());
+    m_activity.noteArrival(m_clock.seconds(), arrived.size());
+    if (m_limit.isReached())
+        return;
+    const ReadingBlock &readings = m_limit.take(arrived);
     m_statistics.addReadings(readings);
     if (m_recorder)
         m_recorder->addReadings(readings);
     m_model.addReadings(readings);
+    if (m_limit.isReached())
+        Q_EMIT limitReached();
 }
 
 bool Session::isStale() const

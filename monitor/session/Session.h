@@ -4,6 +4,7 @@
 #include "monitor/model/MultichannelDeviceModel.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/session/ActivityWatch.h"
+#include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
 
@@ -27,6 +28,8 @@ public:
 
     //! Limits that hold for every stream, whatever its source says of them.
     void setRange(double low, double high);
+    //! What comes after so much is let pass by.
+    void setLimit(const ReadingLimit &limit) { m_limit = limit; }
 
     Source &source() const { return *m_source; }
     MultichannelDeviceModel &model() { return m_model; }
@@ -35,6 +38,8 @@ public:
     bool isStale() const;
     //! Readings a second.
     double rate() const;
+    //! By the clock; 0 before the first reading.
+    double lastArrival() const { return m_activity.lastArrival(); }
 
     bool isPaused() const { return m_model.isPaused(); }
     void setPaused(bool paused);
@@ -51,6 +56,8 @@ Q_SIGNALS:
     void pausedChanged(bool paused);
     void recordingChanged();
     void staleChanged(bool stale);
+    //! The last reading that the run wants is there; the model shows it.
+    void limitReached();
     //! A line for the log.
     void noted(const QString &text);
 
@@ -64,6 +71,7 @@ private:
     MultichannelDeviceModel m_model;
     StreamStatistics m_statistics;
     ActivityWatch m_activity;
+    ReadingLimit m_limit;
     std::unique_ptr<Recorder> m_recorder;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;

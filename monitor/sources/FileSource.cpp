@@ -48,6 +48,13 @@ QString FileSource::description() const
     return m_path;
 }
 
+QString FileSource::remedy() const
+{
+    return tr("Check the path and whether this user may read it; a table has one line of names and "
+              "one line "
+              "for each time.");
+}
+
 LineCounts FileSource::counts() const
 {
     return m_reader.counts();

@@ -32,6 +32,7 @@ public:
     ~FileSource() override;
     void start() override;
     QString description() const override;
+    QString remedy() const override;
     LineCounts counts() const override;
     //! How far the file has been read, 0 to 1.
     double progress() const;

@@ -28,6 +28,12 @@ QString SerialSource::description() const
     return QStringLiteral("serial:%1?baud=%2").arg(m_device).arg(m_baudRate);
 }
 
+QString SerialSource::remedy() const
+{
+    return tr("Check that the device is plugged in, that this user may open it (group dialout), "
+              "and the baud rate.");
+}
+
 void SerialSource::open()
 {
     m_port.close();

@@ -21,6 +21,7 @@ public:
                  QObject *parent = nullptr);
     ~SerialSource() override;
     QString description() const override;
+    QString remedy() const override;
 
 protected:
     void open() override;

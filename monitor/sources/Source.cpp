@@ -22,6 +22,11 @@ LineCounts Source::counts() const
     return {};
 }
 
+QString Source::remedy() const
+{
+    return {};
+}
+
 void Source::setState(State state, const QString &text)
 {
     if (state == m_state && text == m_stateText)

@@ -39,6 +39,8 @@ public:
     //! Whether its readings are made up.
     virtual bool isSimulated() const { return false; }
     virtual LineCounts counts() const;
+    //! What a person can do where it fails or is silent; empty where nothing general can be said.
+    virtual QString remedy() const;
 
     State state() const { return m_state; }
     //! What goes with the state: what was tried, what came back, what to do about it.

@@ -35,6 +35,13 @@ QString TcpClientSource::description() const
     return QStringLiteral("tcp://%1:%2").arg(m_host).arg(m_port);
 }
 
+QString TcpClientSource::remedy() const
+{
+    return tr("Check that the instrument is switched on and reachable, that its port is right, and "
+              "whether it "
+              "wants to be asked (?ask=TEXT).");
+}
+
 void TcpClientSource::open()
 {
     m_up = false;

@@ -28,6 +28,7 @@ public:
                     QObject *parent = nullptr);
     ~TcpClientSource() override;
     QString description() const override;
+    QString remedy() const override;
 
 protected:
     void open() override;

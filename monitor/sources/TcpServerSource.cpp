@@ -24,6 +24,13 @@ QString TcpServerSource::description() const
     return QStringLiteral("tcp-listen://%1:%2").arg(m_address.toString()).arg(m_port);
 }
 
+QString TcpServerSource::remedy() const
+{
+    return tr("Check that no other program listens on this port, that the address is this "
+              "machine's, and that "
+              "the sender has the same port.");
+}
+
 quint16 TcpServerSource::port() const
 {
     return m_server.serverPort();

@@ -22,6 +22,7 @@ public:
                     QObject *parent = nullptr);
     ~TcpServerSource() override;
     QString description() const override;
+    QString remedy() const override;
     //! The port listened at, also where 0 was asked for; 0 while it does not listen.
     quint16 port() const;
 

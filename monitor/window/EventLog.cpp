@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/EventLog.h"
 
+#include "monitor/readings/DetectorFrames.h"
+#include "monitor/readings/UnitSymbols.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/Clock.h"
+
+#include <QEvent>
+#include <QLabel>
 
 namespace Monitor {
 
@@ -17,23 +22,67 @@ EventLog::EventLog(Session &session, QWidget *parent)
     : RVXLogBrowser(parent)
     , m_session(session)
 {
-    setTitle(tr("Log"));
+    titleLabel()->hide(); // the dock has it
     setMaximumBlockCount(mostLines);
     addErrorKeywords({QStringLiteral("ERROR")});
     addWarningKeywords({QStringLiteral("WARNING")});
-    setErrorWarningColorsForWhiteBackground();
+    adoptPalette();
     connect(&session, &Session::noted, this, &EventLog::write);
+    connect(&session, &Session::streamStarted, this, &EventLog::noteStart);
     connect(&session.source(), &Source::lineRefused, this, &EventLog::noteRefused);
     connect(&session.source(),
             &Source::stateChanged,
             this,
             [this](Source::State state, const QString &text) {
                 const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
-                write((bad ? QStringLiteral("ERROR ") : QString()) + text);
+                if (!text.isEmpty())
+                    write((bad ? QStringLiteral("ERROR ") : QString()) + text);
             });
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
         write(stale ? tr("WARNING the source is silent") : tr("readings come again"));
     });
+}
+
+void EventLog::changeEvent(QEvent *event)
+{
+    RVXLogBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        adoptPalette();
+}
+
+void EventLog::adoptPalette()
+{
+    constexpr int half = 128;
+    if (palette().color(QPalette::Base).lightness() < half)
+        setErrorWarningColorsForNonWhiteBackground();
+    else
+        setErrorWarningColorsForWhiteBackground();
+}
+
+void EventLog::noteStart(const StreamHeader &header)
+{
+    const QString unit = header.commonUnit();
+    write(
+        tr("readings begin: %1 channels, layout %2%3")
+            .arg(header.channels.size())
+            .arg(layoutName(header.layout), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
+    noteAssumptions(header);
+    noteAssumptions(header);
+}
+
+//! The profile display knows its detectors' pitches, and no other: a file's frames may come from anything.
+void EventLog::noteAssumptions(const StreamHeader &header)
+{
+    if (!DetectorFrames(header).isUsable())
+        return;
+    const bool strips = header.layout == Layout::Strips;
+    write(tr("2D profile: its millimetres hold for %1")
+              .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
+    const auto unit = unitFromSymbol(header.commonUnit());
+    const std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> coulomb =
+        unitFromSymbol(QStringLiteral("C"));
+    if (!unit || !sameQuantity(*unit, *coulomb))
+        write(tr("2D profile: these are no charges; its \"C\" stands for the readings' own unit"));
 }
 
 void EventLog::write(const QString &text)

@@ -7,6 +7,7 @@ namespace Monitor {
 
 class Session;
 struct RefusedLine;
+struct StreamHeader;
 
 //! What happened, with the time; of bad lines that come in floods, a few a second.
 class EventLog : public Corvale_Qt::RVXLogBrowser
@@ -16,7 +17,13 @@ class EventLog : public Corvale_Qt::RVXLogBrowser
 public:
     explicit EventLog(Session &session, QWidget *parent = nullptr);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void adoptPalette();
+    void noteStart(const StreamHeader &header);
+    void noteAssumptions(const StreamHeader &header);
     void write(const QString &text);
     void noteRefused(const RefusedLine &line);
 

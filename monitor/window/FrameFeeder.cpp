@@ -11,8 +11,10 @@ namespace Monitor {
 
 namespace {
 
-//! Of rows that come together, so many are handed on: more than a display shows, less than takes time.
-constexpr int mostRowsAtOnce = 20;
+//! Of rows that come together, so many are handed on: enough for the lines over time, little enough for a flood.
+constexpr int mostRowsAtOnce = 100;
+//! What the lines over time show of the past.
+constexpr double shownPast = 5.0; // s
 //! The displays take a picture every 100 ms.
 constexpr int afterTheNextPicture = 130; // ms
 
@@ -65,6 +67,7 @@ void FrameFeeder::beginStream()
     m_down = header.indexOf(QStringLiteral("down"));
     m_values.resize(std::size_t(header.channels.size()));
     m_lastFrame.clear();
+    m_lastShown = {};
     if (header.layout == Layout::Strips)
         m_profile->setL408(true);
     else if (header.layout == Layout::Pixels)
@@ -79,9 +82,23 @@ void FrameFeeder::feedRows(int first, int last)
 {
     if (!hasPosition())
         return;
-    for (int row = std::max(first, last - mostRowsAtOnce + 1); row <= last; ++row)
+    const int from = firstRowToFeed(first, last);
+    const int step = 1 + (last - from) / mostRowsAtOnce;
+    for (int row = last - (last - from) / step * step; row <= last; row += step)
         feed(row);
     m_again.start();
+}
+
+//! After a pause many rows come at once; of these, what is long past would be out of sight at once.
+int FrameFeeder::firstRowToFeed(int first, int last) const
+{
+    if (last - first < mostRowsAtOnce)
+        return first;
+    const double oldest = m_model->doubleData(last, 0) - shownPast;
+    int from = last;
+    while (from > first && m_model->doubleData(from - 1, 0) >= oldest)
+        --from;
+    return from;
 }
 
 void FrameFeeder::feed(int row)
@@ -93,12 +110,25 @@ void FrameFeeder::feed(int row)
         return;
     }
     m_lastFrame = m_frames.readingsOf(m_values.data());
-    m_lastTime = m_model->doubleData(row, 0);
-    if (m_lastTime == 0.0) // the display's own start, which it takes for a frame that it has seen
-        m_lastTime = std::numeric_limits<double>::min();
+    showFrame(m_model->doubleData(row, 0));
+}
+
+void FrameFeeder::showFrame(double time)
+{
+    // The display's own start, which it takes for a frame that it has seen.
+    m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
     m_profile->setData(m_lastFrame, m_lastTime);
+    followProfile();
+}
+
+//! The profile display shows the latest frame when a picture is due; the position is that frame's.
+void FrameFeeder::followProfile()
+{
     const Corvale_Qt::SpectrogramCalc shown = m_profile->getCalc();
-    if (shown.valid)
+    const bool isNew = shown.meanX != m_lastShown.meanX || shown.meanY != m_lastShown.meanY
+        || shown.integral != m_lastShown.integral;
+    m_lastShown = shown;
+    if (isNew && shown.valid)
         m_position->setData(shown.meanX, shown.meanY);
 }
 
@@ -106,17 +136,10 @@ void FrameFeeder::feed(int row)
     by the smallest step later, so that it is the one that stays. */
 void FrameFeeder::feedLastAgain()
 {
-    if (!hasProfile()) {
+    if (!hasProfile())
         feedPosition(m_values.data());
-        return;
-    }
-    if (m_lastFrame.isEmpty())
-        return;
-    m_lastTime = std::nextafter(m_lastTime, std::numeric_limits<double>::infinity());
-    m_profile->setData(m_lastFrame, m_lastTime);
-    const Corvale_Qt::SpectrogramCalc shown = m_profile->getCalc();
-    if (shown.valid)
-        m_position->setData(shown.meanX, shown.meanY);
+    else if (!m_lastFrame.isEmpty())
+        showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
 }
 
 //! The asymmetry of two halves, from -1 to 1; nothing to show while there is no beam.

@@ -35,6 +35,9 @@ private:
     void beginStream();
     void feedRows(int first, int last);
     void feed(int row);
+    int firstRowToFeed(int first, int last) const;
+    void showFrame(double time);
+    void followProfile();
     void feedLastAgain();
     void feedPosition(const double *values);
 
@@ -47,6 +50,7 @@ private:
     QVector<double> m_lastFrame;
     double m_lastTime = 0.0;
     QTimer m_again;
+    Corvale_Qt::SpectrogramCalc m_lastShown;
 };
 
 } // namespace Monitor

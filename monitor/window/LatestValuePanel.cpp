@@ -2,51 +2,19 @@
 #include "monitor/window/LatestValuePanel.h"
 
 #include "monitor/session/Session.h"
+#include "monitor/window/StaleMarks.h"
 #include <corvale_qt/proxies/RVXLatestPlotDataProxyModel.h>
 #include <corvale_qt/widgets/RVXTableView.h>
 
-#include <QBrush>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Monitor {
-
-namespace {
-
-constexpr int valueColumn = 1;
-
-} // namespace
-
-StaleMarks::StaleMarks(QObject *parent)
-    : QIdentityProxyModel(parent)
-{
-}
-
-void StaleMarks::setStale(bool stale)
-{
-    m_stale = stale;
-    if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, valueColumn), index(rowCount() - 1, valueColumn));
-}
-
-QVariant StaleMarks::data(const QModelIndex &index, int role) const
-{
-    const QVariant value = QIdentityProxyModel::data(index, role);
-    if (!m_stale || index.column() != valueColumn)
-        return value;
-    switch (role) {
-    case Qt::ForegroundRole:
-        return QBrush(QColor(150, 150, 150));
-    case Qt::DisplayRole:
-        return QString(QChar(0x29d7) + QStringLiteral(" ") + value.toString()); // an hourglass
-    case Qt::ToolTipRole:
-        return tr("old: nothing has come since");
-    default:
-        return value;
-    }
-}
 
 LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     : QWidget(parent)
@@ -57,12 +25,16 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     auto *latest = new Corvale_Qt::RVXLatestPlotDataProxyModel(this);
     latest->setSourceModel(&session.model());
     m_marks->setSourceModel(latest);
+    m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setModel(m_marks);
     m_table->setDragEnabled(true);
     m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    connect(m_table, &QAbstractItemView::activated, this, &LatestValuePanel::toggle);
 
     auto *all = new QPushButton(tr("&All"), this);
     all->setToolTip(tr("Show all channels"));
@@ -75,6 +47,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
         checkAll(false);
     });
     connect(&session, &Session::staleChanged, m_marks, &StaleMarks::setStale);
+    connect(&session, &Session::streamStarted, this, &LatestValuePanel::fitNames);
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(all);
@@ -87,7 +60,46 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
 
 QSize LatestValuePanel::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 34, 400};
+    return {minimumSizeHint().width() + leastNameWidth() / 2, 400};
+}
+
+//! The names get the room that they need, the values the rest, and at least enough for a number.
+void LatestValuePanel::fitNames()
+{
+    const int room = m_table->viewport()->width() - valueWidth();
+    const int least = leastNameWidth();
+    m_table->resizeColumnToContents(0);
+    m_table->setColumnWidth(0, std::clamp(m_table->columnWidth(0), least, std::max(room, least)));
+}
+
+int LatestValuePanel::valueWidth() const
+{
+    const QFontMetrics values(m_session.model().dataFont());
+    return values.horizontalAdvance(QStringLiteral(" -0.0000e-00 "));
+}
+
+int LatestValuePanel::leastNameWidth() const
+{
+    return fontMetrics().horizontalAdvance(QLatin1Char('0')) * 10;
+}
+
+QSize LatestValuePanel::minimumSizeHint() const
+{
+    const int scrollBar = m_table->verticalScrollBar()->sizeHint().width();
+    return {leastNameWidth() + valueWidth() + scrollBar + 8, 100};
+}
+
+void LatestValuePanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitNames();
+}
+
+void LatestValuePanel::toggle(const QModelIndex &cell)
+{
+    const QModelIndex name = m_marks->index(cell.row(), 0);
+    const bool shown = name.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+    m_marks->setData(name, shown ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 void LatestValuePanel::checkAll(bool on)

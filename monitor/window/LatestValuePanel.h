@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QIdentityProxyModel>
 #include <QWidget>
 
-class QLabel;
+class QModelIndex;
 
 namespace Corvale_Qt {
 class RVXTableView;
@@ -13,22 +12,10 @@ class RVXTableView;
 namespace Monitor {
 
 class Session;
+class StaleMarks;
 
-//! Marks the values of a latest-value table as old, where the numbers stand.
-class StaleMarks : public QIdentityProxyModel
-{
-    Q_OBJECT
-
-public:
-    explicit StaleMarks(QObject *parent = nullptr);
-    void setStale(bool stale);
-    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-
-private:
-    bool m_stale = false;
-};
-
-//! The newest value of each channel, with a check box that shows the channel in the plots.
+/*! The newest value of each channel, with a check box that shows the channel in the plots. Enter does what a click
+    on the box does, since Space pauses. */
 class LatestValuePanel : public QWidget
 {
     Q_OBJECT
@@ -36,9 +23,17 @@ class LatestValuePanel : public QWidget
 public:
     explicit LatestValuePanel(Session &session, QWidget *parent = nullptr);
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void checkAll(bool on);
+    void toggle(const QModelIndex &cell);
+    void fitNames();
+    int valueWidth() const;
+    int leastNameWidth() const;
 
     Session &m_session;
     StaleMarks *m_marks;

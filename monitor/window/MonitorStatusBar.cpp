@@ -12,6 +12,13 @@ namespace {
 
 constexpr double refreshInterval = 0.25; // s
 
+//! Grounds of what is not as usual.
+const char yellow[] = "#ffd75e";
+const char amber[] = "#ffc27a";
+const char blue[] = "#9fd0ff";
+const char red[] = "#ffb0a0";
+const char grey[] = "#d8d8d8";
+
 QString sizeText(qint64 bytes)
 {
     constexpr double mega = 1e6;
@@ -21,7 +28,7 @@ QString sizeText(qint64 bytes)
 //! Dark text on a light ground of its own, so that it reads in dark and light palettes.
 QString noticeOf(const QString &text, const char *ground)
 {
-    return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>")
+    return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>&nbsp;")
         .arg(QLatin1String(ground), text.toHtmlEscaped());
 }
 
@@ -33,13 +40,18 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     , m_source(add("source", tr("Where the readings come from"), 1))
     , m_notices(add("notices", tr("What is not as usual")))
     , m_rate(add("rate", tr("Readings a second")))
-    , m_bad(add("bad", tr("Lines that could not be used")))
+    , m_bad(add("bad", tr("Lines that could not be used; the log lists them")))
     , m_gaps(add("gaps", tr("Pauses longer than three of the usual steps")))
-    , m_recording(add("recording", tr("The file that is being recorded")))
+    , m_recording(add("recording", tr("The file that is being recorded (Ctrl+R)")))
     , m_clock(add("clock", tr("Time, UTC")))
 {
     m_source->setTextFormat(Qt::PlainText);
     m_recording->setTextFormat(Qt::PlainText);
+    // Numbers that grow must not push their neighbours about.
+    keepRoomFor(m_rate, rateText(99999.9));
+    keepRoomFor(m_bad, badText(9999));
+    keepRoomFor(m_gaps, gapsText(999));
+    keepRoomFor(m_clock, clockText());
     setSizeGripEnabled(false);
     connect(&session.clock(), &Clock::tick, this, &MonitorStatusBar::refreshIfDue);
     connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
@@ -62,6 +74,31 @@ QLabel *MonitorStatusBar::add(const char *name, const QString &toolTip, int stre
     return label;
 }
 
+void MonitorStatusBar::keepRoomFor(QLabel *label, const QString &text)
+{
+    label->setMinimumWidth(fontMetrics().horizontalAdvance(text));
+}
+
+QString MonitorStatusBar::rateText(double rate)
+{
+    return tr("%1 /s").arg(rate, 0, 'f', 1);
+}
+
+QString MonitorStatusBar::badText(qint64 lines)
+{
+    return tr("%1 bad lines").arg(lines);
+}
+
+QString MonitorStatusBar::gapsText(qint64 gaps)
+{
+    return tr("%1 gaps").arg(gaps);
+}
+
+QString MonitorStatusBar::clockText() const
+{
+    return m_session.clock().wallTime().toUTC().toString(QStringLiteral("HH:mm:ss 'UTC'"));
+}
+
 void MonitorStatusBar::refreshIfDue()
 {
     if (m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
@@ -76,24 +113,32 @@ void MonitorStatusBar::refresh()
         || source.state() == Source::State::Failed || source.state() == Source::State::Finished;
     m_source->setText(troubled ? source.stateText() : source.description());
 
+    m_notices->setText(noticesText());
+    m_rate->setText(rateText(m_session.rate()));
+    const qint64 bad = source.counts().bad();
+    m_bad->setText(bad > 0 ? noticeOf(badText(bad), amber) : badText(bad));
+    m_gaps->setText(gapsText(m_session.statistics().gaps()));
+    m_recording->setText(recordingText());
+    m_clock->setText(clockText());
+}
+
+QString MonitorStatusBar::noticesText() const
+{
+    const Source &source = m_session.source();
+    const Recorder *recorder = m_session.recorder();
     QString notices;
     if (source.isSimulated())
-        notices += noticeOf(tr("SIMULATED"), "#ffd75e");
+        notices += noticeOf(tr("SIMULATED"), yellow);
     if (m_session.isPaused())
-        notices += noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
-                            "#9fd0ff");
+        notices +=
+            noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()), blue);
     if (m_session.isStale())
-        notices += noticeOf(tr("STALE"), "#ffb0a0");
+        notices += noticeOf(tr("STALE"), red);
     if (source.state() == Source::State::Finished)
-        notices += noticeOf(tr("END"), "#d8d8d8");
-    m_notices->setText(notices);
-
-    m_rate->setText(tr("%1 /s").arg(m_session.rate(), 0, 'f', 1));
-    m_bad->setText(tr("%1 bad lines").arg(source.counts().bad()));
-    m_gaps->setText(tr("%1 gaps").arg(m_session.statistics().gaps()));
-    m_recording->setText(recordingText());
-    m_clock->setText(
-        m_session.clock().wallTime().toUTC().toString(QStringLiteral("HH:mm:ss 'UTC'")));
+        notices += noticeOf(tr("END"), grey);
+    if (recorder && !recorder->errorString().isEmpty())
+        notices += noticeOf(tr("RECORDING FAILS"), red);
+    return notices;
 }
 
 QString MonitorStatusBar::recordingText() const
@@ -101,8 +146,6 @@ QString MonitorStatusBar::recordingText() const
     const Recorder *recorder = m_session.recorder();
     if (!recorder)
         return tr("not recording");
-    if (!recorder->errorString().isEmpty())
-        return tr("RECORDING FAILS: %1").arg(recorder->errorString());
     return tr("REC %1, %2")
         .arg(QFileInfo(recorder->fileName()).fileName(), sizeText(recorder->size()));
 }

@@ -21,6 +21,12 @@ public:
 private:
     QLabel *add(const char *name, const QString &toolTip, int stretch = 0);
     void refreshIfDue();
+    void keepRoomFor(QLabel *label, const QString &text);
+    static QString rateText(double rate);
+    static QString badText(qint64 lines);
+    static QString gapsText(qint64 gaps);
+    QString clockText() const;
+    QString noticesText() const;
     QString recordingText() const;
 
     Session &m_session;

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/window/WindowSettings.h"
+
 #include <QMainWindow>
 
-#include <memory>
-
-class QSettings;
-
-namespace Corvale_Qt {
-class RVXApplicationSettings;
-class RVXStatisticsSetupPage;
-} // namespace Corvale_Qt
+class QVBoxLayout;
 
 namespace Monitor {
 
@@ -24,7 +19,10 @@ class MonitorWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    //! The settings file is where window and statistics are kept.
+    //! Where the screen is large enough for it.
+    static constexpr QSize usualSize{1600, 1000};
+
+    //! The settings file is where layout and statistics are kept.
     MonitorWindow(Session &session, const QString &settingsFile, QWidget *parent = nullptr);
     ~MonitorWindow() override;
 
@@ -36,19 +34,20 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void addCentre();
+    void addDocks();
     void addDock(QWidget *widget, const char *name, const QString &title, Qt::DockWidgetArea area);
-    void addStatisticsPage();
-    void addActions();
-    void toggleRecording();
-    void savePicture();
+    void addMenus();
+    void addPauseAction(QMenu *menu);
     void restoreLayout();
+    void restoreView(const StreamHeader &header);
     void saveLayout();
 
     Session &m_session;
-    std::unique_ptr<Corvale_Qt::RVXApplicationSettings> m_settings;
-    const QString m_settingsFile;
+    WindowSettings m_settings;
     ViewTabs *m_views;
-    QWidget *m_centre;
+    QVBoxLayout *m_centre = nullptr;
+    QMenu *m_viewMenu = nullptr;
 };
 
 } // namespace Monitor

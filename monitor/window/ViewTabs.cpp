@@ -6,7 +6,10 @@
 #include <corvale_qt/beam/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
 
-#include <QMap>
+#include <QTabBar>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Monitor {
 
@@ -16,23 +19,20 @@ ViewTabs::ViewTabs(Session &session, QWidget *parent)
     : RVXPopOutTabWidget(parent)
     , m_session(session)
     , m_scope(new RVXScope(this))
-    , m_profile(new RVXSpectrogram(this))
+    , m_profile(new ProfilePage(this))
     , m_position(new RVXPositionPlot(this))
     , m_spotMap(new SpotMapWidget(this))
-    , m_frames(&session.model(), m_profile, m_position)
+    , m_frames(&session.model(), m_profile->display(), m_position)
     , m_spots(&session.model())
 {
     m_scope->setObjectName(QStringLiteral("scope"));
     m_profile->setObjectName(QStringLiteral("profile"));
     m_position->setObjectName(QStringLiteral("position"));
     m_spotMap->setObjectName(QStringLiteral("spots"));
-    m_profile->sidebarEnabled(true);
     m_scope->setModel(&session.model());
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));
-    for (QWidget *page : {static_cast<QWidget *>(m_profile),
-                          static_cast<QWidget *>(m_position),
-                          static_cast<QWidget *>(m_spotMap)})
+    for (QWidget *page : displays())
         page->hide();
 
     connect(&session, &Session::streamStarted, this, &ViewTabs::beginStream);
@@ -43,29 +43,36 @@ ViewTabs::ViewTabs(Session &session, QWidget *parent)
     connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &ViewTabs::showLatestSpot);
 }
 
+//! Those that stand there only while the stream has what they show.
+QList<QWidget *> ViewTabs::displays() const
+{
+    return {m_profile, m_position, m_spotMap};
+}
+
 void ViewTabs::beginStream()
 {
-    const Layout layout = m_session.model().header().layout;
+    const StreamHeader &header = m_session.model().header();
     if (m_spots.hasSpots())
         m_spotMap->spotMapView()->setColumnMapper(m_spots.newColumnMapper());
     setTab(m_profile, tr("2D profile"), m_frames.hasProfile());
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
-    m_scope->SetPlotMode(layout == Layout::Channels ? RVXScope::StripMode
-                                                    : RVXScope::HistogramMode);
+    if (header.hasRange())
+        m_scope->SetRange(header.rangeLow, header.rangeHigh);
+    const bool profiles = header.layout == Layout::Strips || header.layout == Layout::Pixels;
+    m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);
     if (m_frames.hasProfile())
         setCurrentWidget(m_profile);
     else if (m_spots.hasSpots())
         setCurrentWidget(m_spotMap);
 }
 
-//! A page that an operator took out into a window stays there.
 void ViewTabs::setTab(QWidget *page, const QString &title, bool present)
 {
-    if (isPoppedOut(page))
-        return;
+    if (!present && isPoppedOut(page))
+        popIn(page);
     const int index = indexOf(page);
-    if (present && index < 0)
+    if (present && index < 0 && !isPoppedOut(page))
         addTab(page, title);
     else if (!present && index >= 0)
         removeTab(index);
@@ -84,26 +91,48 @@ void ViewTabs::showLatestSpot()
     m_spotMap->setDoseValue(text("mu"));
 }
 
+namespace {
+
+const QVector<QPair<QString, RVXScope::PlotMode>> scopeViews = {
+    {QStringLiteral("strip"), RVXScope::StripMode},
+    {QStringLiteral("scope"), RVXScope::ScopeMode},
+    {QStringLiteral("histogram"), RVXScope::HistogramMode},
+};
+
+} // namespace
+
 bool ViewTabs::showView(const QString &name)
 {
-    static const QMap<QString, RVXScope::PlotMode> modes = {
-        {QStringLiteral("strip"), RVXScope::StripMode},
-        {QStringLiteral("scope"), RVXScope::ScopeMode},
-        {QStringLiteral("histogram"), RVXScope::HistogramMode}};
-    if (modes.contains(name)) {
-        setCurrentWidget(m_scope);
-        m_scope->SetPlotMode(modes.value(name));
-        return true;
+    for (const auto &[scopeView, mode] : scopeViews) {
+        if (scopeView == name) {
+            setCurrentWidget(m_scope);
+            m_scope->SetPlotMode(mode);
+            return true;
+        }
     }
-    for (QWidget *page : {static_cast<QWidget *>(m_profile),
-                          static_cast<QWidget *>(m_position),
-                          static_cast<QWidget *>(m_spotMap)}) {
+    for (QWidget *page : displays()) {
         if (page->objectName() == name && indexOf(page) >= 0) {
             setCurrentWidget(page);
             return true;
         }
     }
     return false;
+}
+
+QString ViewTabs::currentView() const
+{
+    if (currentWidget() != m_scope)
+        return currentWidget() ? currentWidget()->objectName() : QString();
+    const auto *modes = m_scope->findChild<QTabBar *>(QStringLiteral("modeSelect"));
+    return modes ? scopeViews.value(modes->currentIndex()).first : QString();
+}
+
+QWidget *ViewTabs::viewInUse() const
+{
+    for (QWidget *page : poppedOutPages())
+        if (page->isActiveWindow())
+            return page;
+    return currentWidget() ? currentWidget() : m_scope;
 }
 
 bool ViewTabs::hasDrawn() const
@@ -114,7 +143,11 @@ bool ViewTabs::hasDrawn() const
         return m_frames.hasShownProfile();
     if (currentWidget() == m_spotMap)
         return m_spots.rowCount() > 0;
-    return m_session.model().rowCount() > 2;
+    const std::vector<double> &latest = m_session.statistics().lastValues();
+    return m_session.model().rowCount() > 2
+        && std::any_of(latest.begin(), latest.end(), [](double value) {
+               return std::isfinite(value);
+           });
 }
 
 } // namespace Monitor

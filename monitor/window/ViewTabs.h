@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/window/FrameFeeder.h"
+#include "monitor/window/ProfilePage.h"
 #include "monitor/window/SpotLayers.h"
 #include <corvale_qt/widgets/RVXPopOutTabWidget.h>
 
@@ -23,7 +24,11 @@ public:
     explicit ViewTabs(Session &session, QWidget *parent = nullptr);
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
-    Corvale_Qt::RVXSpectrogram *profile() const { return m_profile; }
+    Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
+    //! The display that the operator works with: the one in the active window, else the tab in front.
+    QWidget *viewInUse() const;
+    //! The name that showView() knows the tab in front by.
+    QString currentView() const;
     //! Turns to strip, scope, histogram, profile, position or spots; false where there is no such view now.
     bool showView(const QString &name);
     //! Whether the view that is shown has shown data of this stream.
@@ -31,12 +36,13 @@ public:
 
 private:
     void beginStream();
+    QList<QWidget *> displays() const;
     void setTab(QWidget *page, const QString &title, bool present);
     void showLatestSpot();
 
     Session &m_session;
     Corvale_Qt::RVXScope *m_scope;
-    Corvale_Qt::RVXSpectrogram *m_profile;
+    ProfilePage *m_profile;
     Corvale_Qt::RVXPositionPlot *m_position;
     Corvale_Qt::SpotMapWidget *m_spotMap;
     FrameFeeder m_frames;

@@ -288,6 +288,22 @@ private Q_SLOTS:
         QVERIFY(std::abs(canvas.width() - canvas.height()) <= 2);
     }
 
+    //! Down to where nothing is left between the colour bar and the labels.
+    void aCanvasWithoutRoomPaintsNothing()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        display.widget.sidebarEnabled(false);
+        display.feed(Frames::strips(15, 3, 15, 3));
+        int narrowest = 1000;
+        for (int width = 400; width >= 20; --width) {
+            display.widget.resize(width, 400);
+            display.canvas(); // paints it
+            narrowest = std::min(narrowest, display.plot->canvas()->width());
+        }
+        QVERIFY(narrowest < 10);
+    }
+
     void theSideBarShowsAllOfItself()
     {
         BeamDisplay display;

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/program/PictureTaker.h"
+
+#include "monitor/session/Session.h"
+#include "monitor/sources/Clock.h"
+#include "monitor/window/MonitorWindow.h"
+#include "monitor/window/PictureExport.h"
+#include "monitor/window/ViewTabs.h"
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+//! For a display to show what it was handed: it paints ten times a second.
+constexpr double settlingTime = 0.5; // s
+//! What brings nothing for so long will bring nothing.
+constexpr double patience = 20.0; // s
+//! A display that shows nothing of the data for so long has nothing to show of it.
+constexpr double drawingPatience = 3.0; // s
+
+} // namespace
+
+PictureTaker::PictureTaker(Session &session,
+                           MonitorWindow &window,
+                           const QString &file,
+                           QObject *parent)
+    : QObject(parent)
+    , m_session(session)
+    , m_window(window)
+    , m_file(file)
+    , m_startedAt(session.clock().seconds())
+{
+    connect(&session, &Session::limitReached, this, [this] {
+        m_limitReached = true;
+    });
+    connect(&session.clock(), &Clock::tick, this, &PictureTaker::check);
+}
+
+bool PictureTaker::isDue() const
+{
+    const Source::State state = m_session.source().state();
+    return m_limitReached || state == Source::State::Finished || state == Source::State::Failed;
+}
+
+void PictureTaker::check()
+{
+    const double now = m_session.clock().seconds();
+    if (!isDue()) {
+        const double silentSince = std::max(m_session.lastArrival(), m_startedAt);
+        if (now - silentSince > patience)
+            finish(ExitSourceLost,
+                   tr("%1: nothing has come for %2 s. %3")
+                       .arg(m_session.source().description())
+                       .arg(patience)
+                       .arg(m_session.source().remedy()));
+        return;
+    }
+    if (m_dueSince < 0.0)
+        m_dueSince = now;
+    const double waited = now - m_dueSince;
+    const bool failed = m_session.statistics().readings() == 0;
+    if (waited < settlingTime)
+        return;
+    if (m_window.views().hasDrawn())
+        take();
+    else if (failed || waited > drawingPatience)
+        giveUp();
+}
+
+void PictureTaker::take()
+{
+    QString error;
+    const bool saved = PictureExport::save(&m_window, m_file, &error);
+    finish(saved ? ExitGood : ExitOutputFailed, error);
+}
+
+void PictureTaker::giveUp()
+{
+    const Source &source = m_session.source();
+    if (source.state() == Source::State::Failed)
+        finish(ExitSourceLost, QStringLiteral("%1. %2").arg(source.stateText(), source.remedy()));
+    else
+        finish(ExitBadData, tr("%1: there is nothing to draw in it").arg(source.description()));
+}
+
+void PictureTaker::finish(ExitCode code, const QString &text)
+{
+    m_session.clock().disconnect(this);
+    Q_EMIT done(code, text);
+}
+
+} // namespace Monitor

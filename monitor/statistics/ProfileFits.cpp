@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/statistics/ProfileFits.h"
+
+#include "monitor/statistics/StreamStatistics.h"
+#include <corvale_qt/numerics/ProfileFit.h>
+#include <corvale_qt/scope/RVX_RegressionHistogramItem.h>
+
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+//! Fewer channels than this are separate things, and no profile of one.
+constexpr int fewestOfAProfile = 16;
+
+//! As the statistics page starts, but for the lowest peak and sum, which depend on the unit.
+const QVector<double> fitParameters = {0.1, 10.0, 0.0, 0.0, 2.0, 5.0};
+
+ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
+{
+    Corvale_Qt::RVX_RegressionHistogramItem item(nullptr, fitParameters, false);
+    ProfileFitResult result;
+    result.profile = profile;
+    result.valid = item.compute(0, values, values.size());
+    result.message = item.statusMessage();
+    const Corvale_Qt::ProfileFit &fit = item.fit();
+    result.position = double(fit.mean) + 1.0;
+    result.sigma = double(fit.sigma);
+    result.peak = double(fit.peakHeight);
+    result.integral = double(fit.amplitude);
+    return result;
+}
+
+} // namespace
+
+std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics)
+{
+    const Layout layout = statistics.header().layout;
+    QVector<float> values;
+    for (const double value : statistics.lastValues())
+        values.append(std::isfinite(value) ? float(value) : 0.0F);
+    if (layout == Layout::Strips && values.size() >= 2) {
+        const int half = (values.size() + 1) / 2;
+        return {fitOf(QStringLiteral("x"), values.mid(0, half)),
+                fitOf(QStringLiteral("y"), values.mid(half))};
+    }
+    if (layout == Layout::Channels && values.size() >= fewestOfAProfile)
+        return {fitOf(QStringLiteral("all"), values)};
+    return {};
+}
+
+} // namespace Monitor

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QObject>
+
+class QMenu;
+class QWidget;
+
+namespace Monitor {
+
+class ViewTabs;
+
+//! Menu entries that copy or save a picture of the view that an operator looks at.
+class PictureActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    PictureActions(ViewTabs &views, QMenu *menu, QWidget *window);
+
+private:
+    void save();
+
+    ViewTabs &m_views;
+    QWidget *m_window;
+    QString m_folder;
+};
+
+} // namespace Monitor

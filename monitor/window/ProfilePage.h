@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace Corvale_Qt {
+class RVXSpectrogram;
+} // namespace Corvale_Qt
+
+namespace Monitor {
+
+/*! The beam profile with its numbers: beside it while there is room for the display's side bar and a picture, in one
+    line below it otherwise. */
+class ProfilePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ProfilePage(QWidget *parent = nullptr);
+    Corvale_Qt::RVXSpectrogram *display() const { return m_display; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void showNumbers();
+
+    Corvale_Qt::RVXSpectrogram *m_display;
+    QLabel *m_numbers;
+};
+
+} // namespace Monitor

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/SourceNotice.h"
+
+#include "monitor/session/Session.h"
+#include "monitor/sources/Clock.h"
+
+namespace Monitor {
+
+namespace {
+
+constexpr double refreshInterval = 0.25; // s
+//! An instrument may take so long to say something without being in trouble.
+constexpr double usualSilence = 2.0; // s
+
+QString joined(const QString &text, const QString &remedy)
+{
+    return remedy.isEmpty() ? text : text + QStringLiteral(". ") + remedy;
+}
+
+} // namespace
+
+SourceNotice::SourceNotice(Session &session, QWidget *parent)
+    : NoticeLine(parent)
+    , m_session(session)
+    , m_since(session.clock().seconds())
+{
+    setObjectName(QStringLiteral("sourceNotice"));
+    connect(&session.clock(), &Clock::tick, this, &SourceNotice::refreshIfDue);
+    connect(&session, &Session::streamStarted, this, &SourceNotice::refresh);
+    connect(&session.source(), &Source::lineRefused, this, &SourceNotice::noteRefused);
+    connect(&session.source(), &Source::stateChanged, this, [this] {
+        m_since = m_session.clock().seconds();
+        refresh();
+    });
+}
+
+void SourceNotice::noteRefused(const RefusedLine &line)
+{
+    if (m_firstRefused.isEmpty())
+        m_firstRefused = line.text();
+}
+
+void SourceNotice::refreshIfDue()
+{
+    if (m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+        refresh();
+}
+
+void SourceNotice::refresh()
+{
+    m_refreshedAt = m_session.clock().seconds();
+    const Source &source = m_session.source();
+    switch (source.state()) {
+    case Source::State::Failed:
+        tell(joined(source.stateText(), source.remedy()), Kind::Trouble);
+        return;
+    case Source::State::Retrying:
+        tell(joined(source.stateText(), source.remedy()), Kind::Waiting);
+        return;
+    default:
+        tell(silenceText(), Kind::Waiting);
+    }
+}
+
+//! Of a source that is there and has given no reading yet; empty while all is well.
+QString SourceNotice::silenceText() const
+{
+    const Source &source = m_session.source();
+    const bool waiting = m_session.statistics().readings() == 0
+        && (m_session.clock().seconds() - m_since > usualSilence
+            || source.state() == Source::State::Finished);
+    if (!waiting || source.state() == Source::State::Idle)
+        return {};
+    const qint64 bad = source.counts().bad();
+    if (bad > 0)
+        return tr("%1: none of %2 lines could be read; the first was %3. A line is t,v1,v2,... "
+                  "with a decimal point.")
+            .arg(source.description())
+            .arg(bad)
+            .arg(m_firstRefused);
+    if (source.state() == Source::State::Finished)
+        return tr("%1: there are no readings in it.").arg(source.description());
+    return joined(tr("%1: no reading has come yet").arg(source.description()), source.remedy());
+}
+
+} // namespace Monitor

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/StaleMarks.h"
+
+#include <QBrush>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int valueColumn = 1;
+
+} // namespace
+
+StaleMarks::StaleMarks(QObject *parent)
+    : QIdentityProxyModel(parent)
+{
+}
+
+void StaleMarks::setStale(bool stale)
+{
+    m_stale = stale;
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, valueColumn), index(rowCount() - 1, valueColumn));
+}
+
+QVariant StaleMarks::data(const QModelIndex &index, int role) const
+{
+    const QVariant value = QIdentityProxyModel::data(index, role);
+    if (!m_stale || index.column() != valueColumn)
+        return value;
+    switch (role) {
+    case Qt::ForegroundRole:
+        return QBrush(
+            QColor(160, 160, 160)); // grey on the table's black, where live values are green
+    case Qt::DisplayRole:
+        return tr("old: %1").arg(value.toString());
+    case Qt::ToolTipRole:
+        return tr("This is old: nothing has come since.");
+    default:
+        return value;
+    }
+}
+
+} // namespace Monitor

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QIdentityProxyModel>
+
+namespace Monitor {
+
+//! Marks the values of a latest-value table as old, where the numbers stand.
+class StaleMarks : public QIdentityProxyModel
+{
+    Q_OBJECT
+
+public:
+    explicit StaleMarks(QObject *parent = nullptr);
+    void setStale(bool stale);
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+private:
+    bool m_stale = false;
+};
+
+} // namespace Monitor

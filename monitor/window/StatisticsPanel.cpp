@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/StatisticsPanel.h"
+
+#include "monitor/session/Session.h"
+#include "monitor/window/ViewTabs.h"
+#include "monitor/window/WindowSettings.h"
+#include <corvale_qt/beam/RVXSpectrogram.h>
+#include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
+#include <corvale_qt/scope/RVXStatisticsSetupPage.h>
+
+#include <QFileInfo>
+#include <QScrollBar>
+
+namespace Monitor {
+
+using namespace Corvale_Qt;
+
+StatisticsPanel::StatisticsPanel(Session &session,
+                                 ViewTabs &views,
+                                 const WindowSettings &settings,
+                                 QWidget *parent)
+    : QScrollArea(parent)
+    , m_page(new RVXStatisticsSetupPage)
+{
+    m_page->addPlotView(views.scope()->plotView());
+    connect(m_page,
+            &RVXStatisticsSetupPage::RegressionOptions,
+            views.profile(),
+            &RVXSpectrogram::SetRegressionOptions);
+    if (!settings.hasStatistics())
+        connect(&session, &Session::streamStarted, this, &StatisticsPanel::suggestFor);
+    m_page->setApplicationSettings(QFileInfo(settings.fileName()), false, settings.isXml());
+
+    setWidget(m_page);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumWidth(m_page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
+}
+
+//! An operator who has chosen nothing yet sees the fits of both profiles of a pair, which lie in one histogram.
+void StatisticsPanel::suggestFor(const StreamHeader &header)
+{
+    if (header.layout != Layout::Strips)
+        return;
+    m_page->set_peaks(2);
+    m_page->enable_regression();
+}
+
+} // namespace Monitor

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/StreamHeader.h"
+
+#include <QScrollArea>
+
+namespace Corvale_Qt {
+class RVXStatisticsSetupPage;
+} // namespace Corvale_Qt
+
+namespace Monitor {
+
+class Session;
+class ViewTabs;
+class WindowSettings;
+
+//! The library's statistics page beside the displays that it steers, kept in the window's settings.
+class StatisticsPanel : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    StatisticsPanel(Session &session,
+                    ViewTabs &views,
+                    const WindowSettings &settings,
+                    QWidget *parent = nullptr);
+
+private:
+    void suggestFor(const StreamHeader &header);
+
+    Corvale_Qt::RVXStatisticsSetupPage *m_page;
+};
+
+} // namespace Monitor

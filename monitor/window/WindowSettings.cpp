@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/WindowSettings.h"
+
+#include <corvale_qt/scope/RVXApplicationSettings.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSettings>
+
+namespace Monitor {
+
+namespace {
+
+//! Text in either format, whatever the bytes are.
+QString toText(const QByteArray &bytes)
+{
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+QByteArray fromText(const QVariant &text)
+{
+    return QByteArray::fromBase64(text.toString().toLatin1());
+}
+
+QString viewKey(Layout layout)
+{
+    return QStringLiteral("Monitor/view-") + layoutName(layout);
+}
+
+} // namespace
+
+WindowSettings::WindowSettings(const QString &file)
+    : m_file(QFileInfo(file).absoluteFilePath())
+    , m_settings(
+          std::make_unique<Corvale_Qt::RVXApplicationSettings>(nullptr, m_file, false, isXml()))
+{
+    QDir().mkpath(QFileInfo(m_file).absolutePath());
+}
+
+WindowSettings::~WindowSettings() = default;
+
+bool WindowSettings::isXml() const
+{
+    return QFileInfo(m_file).suffix() == QLatin1String("xui");
+}
+
+bool WindowSettings::hasStatistics() const
+{
+    // The group's name is the statistics page's own.
+    return m_settings->getSettings()->childGroups().contains(QStringLiteral("StatisticsSetupPage"));
+}
+
+bool WindowSettings::isHintDismissed() const
+{
+    return value(QStringLiteral("Monitor/hint-dismissed")).toBool();
+}
+
+void WindowSettings::dismissHint()
+{
+    setValue(QStringLiteral("Monitor/hint-dismissed"), true);
+}
+
+QByteArray WindowSettings::geometry() const
+{
+    return fromText(value(QStringLiteral("Monitor/geometry")));
+}
+
+QByteArray WindowSettings::docks() const
+{
+    return fromText(value(QStringLiteral("Monitor/docks")));
+}
+
+void WindowSettings::setLayout(const QByteArray &geometry, const QByteArray &docks)
+{
+    setValue(QStringLiteral("Monitor/geometry"), toText(geometry));
+    setValue(QStringLiteral("Monitor/docks"), toText(docks));
+}
+
+QString WindowSettings::view(Layout layout) const
+{
+    return value(viewKey(layout)).toString();
+}
+
+void WindowSettings::setView(Layout layout, const QString &view)
+{
+    setValue(viewKey(layout), view);
+}
+
+QVariant WindowSettings::value(const QString &key) const
+{
+    return m_settings->getSettings()->value(key);
+}
+
+void WindowSettings::setValue(const QString &key, const QVariant &value)
+{
+    const QSharedPointer<QSettings> settings = m_settings->getSettings();
+    settings->setValue(key, value);
+    settings->sync();
+}
+
+} // namespace Monitor

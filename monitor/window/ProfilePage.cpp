@@ -67,7 +67,10 @@ void ProfilePage::showNumbers()
                                  tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
                                  tr("integral %1").arg(calc.integral, 0, 'g', 4),
                                  tr("max %1").arg(calc.max, 0, 'g', 4)};
-    m_numbers->setText(numbers.join(QStringLiteral("   ")));
+    // A line may end between two numbers only.
+    QString text = numbers.join(QLatin1Char('\n'));
+    text.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
+    m_numbers->setText(text.replace(QLatin1Char('\n'), QStringLiteral("   ")));
 }
 
 } // namespace Monitor

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/support/TestMain.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace Monitor;
+
+//! What becomes of readings between a source and the model, by a clock that the test moves.
+class tst_Session : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPauseLosesNothing();
+    void silenceIsStaleAfterThreePeriods();
+    void aSlowSourceIsNotStale();
+    void aSourceThatEndedIsNotStale();
+    void theRateFollows();
+    void aLimitCutsToTheReading_data();
+    void aLimitCutsToTheReading();
+    void aPauseDoesNotStopTheRecording();
+    void aFullDiskIsNotedWithinTwoSeconds();
+    void aRangeHoldsForEveryStream();
+
+private:
+    static QStringList rowsOf(const MultichannelDeviceModel &model);
+};
+
+QStringList tst_Session::rowsOf(const MultichannelDeviceModel &model)
+{
+    QStringList rows;
+    for (int row = 1; row < model.rowCount(); ++row)
+        rows.append(QStringLiteral("%1: %2 %3")
+                        .arg(model.doubleData(row, 0))
+                        .arg(model.doubleData(row, 1))
+                        .arg(model.doubleData(row, 2)));
+    return rows;
+}
+
+void tst_Session::aPauseLosesNothing()
+{
+    ScriptedSession paused, straight;
+    for (ScriptedSession *one : {&paused, &straight}) {
+        one->session.start();
+        one->source->begin(Layout::Channels, 2, QStringLiteral("nA"));
+        one->run(5);
+    }
+    QSignalSpy changed(&paused.session, &Session::pausedChanged);
+    paused.session.setPaused(true);
+    const QStringList before = rowsOf(paused.session.model());
+    paused.run(7);
+    straight.run(7);
+    QCOMPARE(rowsOf(paused.session.model()), before);
+    QCOMPARE(paused.session.model().waitingReadings(), qint64(7));
+    paused.session.setPaused(false);
+    QCOMPARE(rowsOf(paused.session.model()), rowsOf(straight.session.model()));
+    QCOMPARE(paused.session.model().waitingReadings(), qint64(0));
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(paused.session.statistics().readings(), qint64(12));
+}
+
+void tst_Session::silenceIsStaleAfterThreePeriods()
+{
+    ScriptedSession s;
+    QSignalSpy stale(&s.session, &Session::staleChanged);
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    s.run(20);
+    s.clock.advance(0.28);
+    QVERIFY(!s.session.isStale());
+    s.clock.advance(0.06);
+    QVERIFY(s.session.isStale());
+    QCOMPARE(stale.count(), 1);
+    QCOMPARE(s.session.rate(), 0.0);
+    s.clock.advance(100.0);
+    s.run(1);
+    QVERIFY(!s.session.isStale());
+    // The silence says nothing about the usual interval.
+    s.clock.advance(0.34);
+    QVERIFY(s.session.isStale());
+}
+
+void tst_Session::aSlowSourceIsNotStale()
+{
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    for (int i = 0; i < 5; ++i) {
+        s.source->give();
+        s.clock.advance(60.0);
+        QVERIFY(!s.session.isStale());
+    }
+    s.clock.advance(121.0);
+    QVERIFY(s.session.isStale());
+}
+
+void tst_Session::aSourceThatEndedIsNotStale()
+{
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    s.run(5);
+    s.source->setState(Source::State::Finished, QStringLiteral("the end"));
+    s.clock.advance(10.0);
+    QVERIFY(!s.session.isStale());
+}
+
+void tst_Session::theRateFollows()
+{
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    for (int i = 0; i < 50; ++i) {
+        s.clock.advance(0.1);
+        s.source->give(20);
+    }
+    QVERIFY(std::abs(s.session.rate() - 200.0) < 2.0);
+}
+
+void tst_Session::aLimitCutsToTheReading_data()
+{
+    QTest::addColumn<qint64>("readings");
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("none") << qint64(0) << 0.0 << 40;
+    QTest::newRow("readings, inside of a block") << qint64(13) << 0.0 << 13;
+    QTest::newRow("readings, the end of a block") << qint64(20) << 0.0 << 20;
+    QTest::newRow("seconds") << qint64(0) << 1.45 << 16; // 0.0 to 1.5 s
+    QTest::newRow("what comes first") << qint64(5) << 1.45 << 5;
+}
+
+void tst_Session::aLimitCutsToTheReading()
+{
+    QFETCH(qint64, readings);
+    QFETCH(double, seconds);
+    QFETCH(int, expected);
+    ScriptedSession s;
+    QSignalSpy reached(&s.session, &Session::limitReached);
+    s.session.setLimit(ReadingLimit(readings, seconds));
+    s.session.start();
+    s.source->begin(Layout::Channels, 2);
+    for (int i = 0; i < 4; ++i)
+        s.source->give(10);
+    QCOMPARE(s.session.model().rowCount(), expected + 1);
+    QCOMPARE(s.session.statistics().readings(), qint64(expected));
+    QCOMPARE(reached.count(), expected < 40 ? 1 : 0);
+}
+
+void tst_Session::aPauseDoesNotStopTheRecording()
+{
+    QTemporaryDir folder;
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 2);
+    QString error;
+    Recorder::Options options;
+    options.path = folder.filePath(QStringLiteral("r.csv"));
+    QVERIFY2(s.session.startRecording(options, &error), qPrintable(error));
+    s.run(3);
+    s.session.setPaused(true);
+    s.run(4);
+    s.session.stopRecording();
+    QVERIFY(!s.session.recorder());
+    QFile file(options.path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QByteArrayList rows;
+    for (const QByteArray &line : file.readAll().split('\n'))
+        if (!line.isEmpty() && !line.startsWith('#') && !line.startsWith("time_s"))
+            rows.append(line);
+    QCOMPARE(rows.size(), 7);
+    // It exists now: the next one must not write over it.
+    QVERIFY(!s.session.startRecording(options, &error));
+    QVERIFY(error.contains(QLatin1String("exists already")));
+}
+
+void tst_Session::aFullDiskIsNotedWithinTwoSeconds()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("there is no /dev/full here");
+    ScriptedSession s;
+    QStringList log;
+    connect(&s.session, &Session::noted, this, [&log](const QString &text) {
+        log.append(text);
+    });
+    s.session.start();
+    s.source->begin(Layout::Channels, 2);
+    Recorder::Options options;
+    options.path = QStringLiteral("/dev/full");
+    options.overwrite = true;
+    QString error;
+    QVERIFY(s.session.startRecording(options, &error));
+    s.run(20);
+    const QStringList errors = log.filter(QStringLiteral("ERROR"));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.first().contains(QLatin1String("/dev/full")), qPrintable(errors.first()));
+    QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
+    s.session.stopRecording();
+    QVERIFY(log.last().contains(QLatin1String("not complete")));
+}
+
+void tst_Session::aRangeHoldsForEveryStream()
+{
+    ScriptedSession s;
+    s.session.setRange(-1.0, 2.0);
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    s.run(5);
+    QVERIFY(!s.session.model().isOverrange(0, 2));
+    QVERIFY(s.session.model().isOverrange(0, 3));
+}
+
+CORVALE_QT_TEST_MAIN(tst_Session)
+#include "tst_Session.moc"

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/FrameFeeder.h"
+#include "monitor/window/SpotLayers.h"
+#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/support/TestMain.h"
+#include <corvale_qt/beam/SpotMapView.h>
+
+#include <QAbstractItemModelTester>
+
+#include <cmath>
+
+using namespace Monitor;
+
+namespace {
+
+//! A beam at (x, y) mm, as a 12 by 12 matrix of 3.8 mm sees it, row 1 at the smallest y.
+std::vector<double> pixelBeam(double x, double y, double sigma = 4.0)
+{
+    constexpr int side = 12;
+    constexpr double pitch = 3.8;
+    std::vector<double> values;
+    for (int row = 0; row < side; ++row)
+        for (int column = 0; column < side; ++column)
+            values.push_back(1e3
+                             * std::exp(-0.5
+                                        * (std::pow((column - 5.5) * pitch - x, 2)
+                                           + std::pow((row - 5.5) * pitch - y, 2))
+                                        / (sigma * sigma)));
+    return values;
+}
+
+std::vector<double> stripBeam(double x, double y, double sigma = 6.0)
+{
+    std::vector<double> values;
+    for (const double mean : {x, y})
+        for (int i = 0; i < 32; ++i)
+            values.push_back(1e3 * std::exp(-0.5 * std::pow(((i - 15.5) * 2.0 - mean) / sigma, 2)));
+    return values;
+}
+
+} // namespace
+
+//! A beam moved by so many millimetres reads so many millimetres, whatever road its frames take.
+class tst_FrameDisplays : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aMovedBeamReadsItsPosition_data();
+    void aMovedBeamReadsItsPosition();
+    void theLastFrameOfABurstStays();
+    void framesWaitWhilePaused();
+    void missingCellsCountAsNothing();
+    void spotLayers();
+    void spotsReachTheMap();
+};
+
+void tst_FrameDisplays::aMovedBeamReadsItsPosition_data()
+{
+    QTest::addColumn<bool>("pixels");
+    QTest::addColumn<double>("x");
+    QTest::addColumn<double>("y");
+    for (const bool pixels : {false, true}) {
+        QTest::addRow("%s, middle", pixels ? "pixels" : "strips") << pixels << 0.0 << 0.0;
+        QTest::addRow("%s, right", pixels ? "pixels" : "strips") << pixels << 3.0 << 0.0;
+        QTest::addRow("%s, up", pixels ? "pixels" : "strips") << pixels << 0.0 << 3.0;
+        QTest::addRow("%s, left and down", pixels ? "pixels" : "strips") << pixels << -2.0 << -4.0;
+    }
+}
+
+void tst_FrameDisplays::aMovedBeamReadsItsPosition()
+{
+    QFETCH(bool, pixels);
+    QFETCH(double, x);
+    QFETCH(double, y);
+    ScriptedSession s;
+    Corvale_Qt::RVXSpectrogram profile;
+    Corvale_Qt::RVXPositionPlot position;
+    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    s.source->begin(pixels ? Layout::Pixels : Layout::Strips,
+                    pixels ? 144 : 64,
+                    QStringLiteral("pC"));
+    QVERIFY(feeder.hasProfile());
+    s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
+    QTRY_VERIFY(feeder.hasShownProfile());
+    const Corvale_Qt::SpectrogramCalc calc = profile.getCalc();
+    const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
+    QVERIFY(std::abs(calc.meanX - x) < tolerance);
+    QVERIFY(std::abs(calc.meanY - y) < tolerance);
+    // Picocoulomb on the line, coulomb in the display.
+    QVERIFY(calc.max < 1e-8 && calc.max > 1e-12);
+}
+
+void tst_FrameDisplays::theLastFrameOfABurstStays()
+{
+    ScriptedSession s;
+    Corvale_Qt::RVXSpectrogram profile;
+    Corvale_Qt::RVXPositionPlot position;
+    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    s.source->begin(Layout::Strips, 64);
+    for (int i = 0; i <= 50; ++i)
+        s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
+    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 5.0) < 1e-6);
+}
+
+void tst_FrameDisplays::framesWaitWhilePaused()
+{
+    ScriptedSession s;
+    Corvale_Qt::RVXSpectrogram profile;
+    Corvale_Qt::RVXPositionPlot position;
+    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    s.source->begin(Layout::Strips, 64);
+    s.source->give(0.0, stripBeam(1.0, 0.0));
+    QTRY_VERIFY(feeder.hasShownProfile());
+    s.session.setPaused(true);
+    for (int i = 1; i < 1000; ++i)
+        s.source->give(0.01 * i, stripBeam(2.0, 0.0));
+    QVERIFY(std::abs(profile.getCalc().meanX - 1.0) < 1e-6);
+    s.session.setPaused(false);
+    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 2.0) < 1e-6);
+}
+
+void tst_FrameDisplays::missingCellsCountAsNothing()
+{
+    StreamHeader header;
+    header.layout = Layout::Strips;
+    header.channels = StreamHeader::defaultChannels(Layout::Strips, 64);
+    const DetectorFrames frames(header);
+    std::vector<double> values(64, 2.0);
+    values[3] = std::nan("");
+    const QVector<double> readings = frames.readingsOf(values.data());
+    QCOMPARE(readings.size(), 128);
+    QCOMPARE(readings[3], 0.0);
+    QCOMPARE(readings[4], 2.0);
+    QCOMPARE(readings[64], 2.0);
+    QCOMPARE(readings[40], 0.0);
+}
+
+static StreamHeader spotHeader()
+{
+    StreamHeader header;
+    header.layout = Layout::Spots;
+    for (const char *name : {"layer", "x", "y", "mu", "sigma_x", "sigma_y"})
+        header.channels.append({QLatin1String(name), {}});
+    return header;
+}
+
+void tst_FrameDisplays::spotLayers()
+{
+    ScriptedSession s;
+    SpotLayers layers(&s.session.model());
+    QAbstractItemModelTester tester(&layers);
+    s.source->begin(spotHeader());
+    for (int i = 0; i < 9; ++i)
+        s.source->give(0.02 * i, {1.0 + i / 4, double(i), 0.0, 1.0, 4.0, 4.0});
+    QCOMPARE(layers.rowCount(), 9);
+    QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
+    layers.step(1);
+    QCOMPARE(layers.rowCount(), 4);
+    QCOMPARE(layers.description(), QStringLiteral("Layer 1 of 3"));
+    layers.step(2);
+    QCOMPARE(layers.rowCount(), 1);
+    QCOMPARE(layers.index(0, 2).data(Qt::UserRole).toDouble(), 8.0);
+    s.source->give(1.0, {3.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to the layer that is shown
+    s.source->give(1.1, {4.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to another one
+    QCOMPARE(layers.rowCount(), 2);
+    layers.step(2);
+    QCOMPARE(layers.description(), QStringLiteral("All 4 layers"));
+    QCOMPARE(layers.rowCount(), 11);
+    layers.step(-1);
+    QCOMPARE(layers.description(), QStringLiteral("Layer 4 of 4"));
+    s.source->begin(Layout::Channels, 2);
+    QCOMPARE(layers.rowCount(), 0);
+}
+
+void tst_FrameDisplays::spotsReachTheMap()
+{
+    ScriptedSession s;
+    SpotLayers layers(&s.session.model());
+    Corvale_Qt::SpotMapView map;
+    map.setModel(&layers);
+    s.source->begin(spotHeader());
+    map.setColumnMapper(layers.newColumnMapper());
+    s.source->give(0.0, {1.0, -10.0, 20.0, 1.5, 4.0, 3.0});
+    s.source->give(0.1, {1.0, 10.0, 0.0, 2.5, 4.0, 3.0});
+    QCOMPARE(map.maxDose(), 2.5F);
+    QCOMPARE(map.bounds().center(), QPointF(0.0, 10.0));
+    s.source->begin(spotHeader());
+    QCOMPARE(map.maxDose(), 0.0F);
+}
+
+CORVALE_QT_TEST_MAIN(tst_FrameDisplays)
+#include "tst_FrameDisplays.moc"

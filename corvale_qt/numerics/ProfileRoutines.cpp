@@ -31,6 +31,7 @@ FitStatus takeShapeThroughPeak(ProfileFit &fit, double mean, double variance)
     if (status != FitStatus::Ok)
         return status;
     fit.setShape(centre, sigma);
+    fit.variance = static_cast<float>(variance);
     fit.amplitude = amplitude;
     fit.valid = true;
     return FitStatus::Ok;

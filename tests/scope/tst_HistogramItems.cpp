@@ -7,13 +7,12 @@
 #include "corvale_qt/scope/RVX_PrecalculatedFitHistogramItem.h"
 #include "corvale_qt/scope/RVX_RegressionHistogramItem.h"
 #include "tests/support/Profiles.h"
+#include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_marker.h>
-
-#include <QFile>
 
 #include <algorithm>
 #include <cmath>
@@ -77,17 +76,6 @@ cameraProfile(const QStringList &cells, int first, int count, double mean, doubl
         values << float(cells[first + i].toDouble() - background);
     }
     return values;
-}
-
-QVector<QStringList> csv(const QString &name)
-{
-    QFile file(QStringLiteral(CORVALE_QT_DATA_DIR "/lcls-otr-frames/") + name);
-    QVector<QStringList> lines;
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        while (!file.atEnd())
-            lines << QString::fromLatin1(file.readLine()).trimmed().split(',');
-    }
-    return lines;
 }
 
 } // namespace
@@ -444,8 +432,8 @@ void tst_HistogramItems::hostileParameters()
 //! Projections of a real electron beam on a screen, against another fitter's Gaussian with a linear background.
 void tst_HistogramItems::realBeamProfiles()
 {
-    const QVector<QStringList> frames = csv("projections_350x262.csv");
-    const QVector<QStringList> references = csv("reference.csv");
+    const QVector<QStringList> frames = realReadings("lcls-otr-frames/projections_350x262.csv");
+    const QVector<QStringList> references = realReadings("lcls-otr-frames/reference.csv");
     if (frames.size() < 2 || references.size() < 2)
         QSKIP("The folder of real readings is not there.");
     for (int frame = 1; frame < frames.size(); ++frame) {

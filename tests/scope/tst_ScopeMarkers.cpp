@@ -3,9 +3,8 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
-
-#include <QFile>
 
 #include <cmath>
 
@@ -58,17 +57,6 @@ QRect frameIn(const QImage &canvas)
         }
     }
     return lines == 2 ? frame : QRect();
-}
-
-QVector<QStringList> csv(const QString &name)
-{
-    QFile file(QStringLiteral(CORVALE_QT_DATA_DIR "/bonn-proton-sem/") + name);
-    QVector<QStringList> lines;
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        while (!file.atEnd())
-            lines << QString::fromLatin1(file.readLine()).trimmed().split(',');
-    }
-    return lines;
 }
 
 } // namespace
@@ -428,7 +416,7 @@ void tst_ScopeMarkers::ofABeamCurrent_data()
 void tst_ScopeMarkers::ofABeamCurrent()
 {
     QFETCH(QString, window);
-    const QVector<QStringList> lines = csv("currents_7ch.csv");
+    const QVector<QStringList> lines = realReadings("bonn-proton-sem/currents_7ch.csv");
     if (lines.size() < 2)
         QSKIP("The folder of real readings is not there.");
     ScopeTestModel model(lines[0].size() - 1);
@@ -445,7 +433,7 @@ void tst_ScopeMarkers::ofABeamCurrent()
     ScopeTestView view(&model);
     view.enablePlotMarker(true);
 
-    for (const QStringList &reference : csv("reference_stats.csv")) {
+    for (const QStringList &reference : realReadings("bonn-proton-sem/reference_stats.csv")) {
         if (reference[0] != window)
             continue;
         const int channel = model.names.indexOf(reference[1]) + 1;

@@ -35,8 +35,8 @@ struct RegressionRules<double>
 template<typename T>
 struct RegressionOptions
 {
-    T thresholdFraction =
-        T(0); //!< of the peak; the fit uses the run of bins around it that reach this
+    //! Of the peak; the fit uses the run of bins around it that reach this.
+    T thresholdFraction = T(0);
     int halfWidth = 1024; //!< bins on each side of the peak that the fit may use
     T minimumPeak = T(1e-15F); //!< in the unit of the readings
     int weightPower = 2; //!< a bin's weight is (reading / peak) to this power

@@ -28,8 +28,8 @@ struct PixelMoments
     double integral = 0;
     double meanX = 0;
     double meanY = 0;
-    double rotation =
-        0; //!< radians, in terms of columns and rows; 0 for a beam along a row or a column
+    //! Radians, in terms of columns and rows; 0 for a beam along a row or a column.
+    double rotation = 0;
     double sigmaMajor = 0;
     double sigmaMinor = 0;
     double elongation = 0;

@@ -8,8 +8,8 @@ struct ProfileFit;
 /*! How far the signal of a fitted profile stands above what lies beside it. */
 struct SignalToNoise
 {
-    bool computed =
-        false; //!< false where fewer than two bins lie outside the signal, or none inside
+    //! False where fewer than two bins lie outside the signal, or none inside.
+    bool computed = false;
     float ratio = 1.0F; //!< infinite where the bins outside are all alike
     float signalSum = 0.0F;
     int signalCount = 0;

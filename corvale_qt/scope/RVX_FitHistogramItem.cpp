@@ -23,7 +23,7 @@ namespace {
 class FitSeries : public QwtArraySeriesData<QPointF>
 {
 public:
-    //! At every quarter of a bin, from a quarter of the first channel's place on; nothing without a valid fit but zeros.
+    //! At every quarter of a bin, from a quarter of the first channel's place on; zeros without a valid fit.
     void sample(const ProfileFit &fit, int offset)
     {
         const int first = offset + 1;

@@ -23,8 +23,8 @@ constexpr int kTickHeight = 14;
 constexpr int kIndent = 4; // of a label's text from its left and upper edge
 constexpr int kLabelPoints = 8; // four full labels fit beside each other into 1000 pixels
 
-/*! The same text in the label's own font, which has a fixed width. For preformatted text Qt would ask the system for its
-    font each time, which costs more than the rest of a plot, and then not find it. */
+/*! The same text in the label's own font, which has a fixed width. For preformatted text Qt would ask the system for
+    its font each time, which costs more than the rest of a plot, and then not find it. */
 QString inLabelFont(const QString &richText)
 {
     QString text = richText;

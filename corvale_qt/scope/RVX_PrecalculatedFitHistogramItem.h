@@ -32,9 +32,8 @@ protected:
     int fullLabelLines() const override;
 
 private:
-    std::array<float, 3> m_deviceFit{-1.0F,
-                                     -1.0F,
-                                     -1.0F}; //!< mean, sigma, peak height; -1 for none
+    //! Mean, sigma, peak height; -1 for none.
+    std::array<float, 3> m_deviceFit{-1.0F, -1.0F, -1.0F};
     int m_noiseHalfWidth;
 };
 

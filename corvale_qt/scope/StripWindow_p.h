@@ -24,8 +24,8 @@ struct StripRequest
     int sweepLength = 256; //!< samples across the chart, where there is no width
     double width = 0.0; //!< across the chart, in units of x; 0 or less is none
     bool following = true; //!< the newest sample stays at the right border
-    int scrollValue =
-        0; //!< while not following: distance from the oldest sample to the left border
+    //! While not following: distance from the oldest sample to the left border.
+    int scrollValue = 0;
     double scrollUnits = kScrollUnits; //!< units of scrollValue for each unit of x
 };
 

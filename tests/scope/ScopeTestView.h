@@ -66,7 +66,14 @@ public:
         return QPoint(qRound(qwtPlot()->transform(QwtPlot::xBottom, xValue)),
                       qRound(qwtPlot()->transform(QwtPlot::yLeft, yValue)));
     }
+    //! In device pixels, as many to each of the widget's as the image's ratio says.
     QImage canvas() { return qwtPlot()->canvas()->grab().toImage(); }
+    //! Colour of a picture of the canvas at a point of the plot, or some of the widget's pixels beside it.
+    QColor colourIn(const QImage &picture, double x, double y, const QPoint &beside = QPoint())
+    {
+        const QPoint place = at(x, y) + beside;
+        return picture.pixelColor(place * picture.devicePixelRatio());
+    }
 
     QString markerText(int index) { return plotMarker(index)->label().text(); }
     bool hasMarker(int index) { return plotMarker(index)->plot() != nullptr; }

@@ -349,14 +349,12 @@ void tst_RVXScopePlotView::curvesAreWhereTheSamplesAre()
     });
     view.settle();
     const QImage picture = view.canvas();
-    QCOMPARE(picture.pixelColor(view.at(150.5, 5.0)), QColor(Qt::cyan));
-    QCOMPARE(picture.pixelColor(view.at(150.5, -7.0)), QColor(Qt::green));
+    QCOMPARE(view.colourIn(picture, 150.5, 5.0), QColor(Qt::cyan));
+    QCOMPARE(view.colourIn(picture, 150.5, -7.0), QColor(Qt::green));
     // To the very borders of the axis.
-    QCOMPARE(picture.pixelColor(view.at(view.x().minValue(), 5.0) + QPoint(1, 0)),
-             QColor(Qt::cyan));
-    QCOMPARE(picture.pixelColor(view.at(view.x().maxValue(), 5.0) - QPoint(1, 0)),
-             QColor(Qt::cyan));
-    QCOMPARE(picture.pixelColor(view.at(150.5, 5.0) + QPoint(0, 2)), QColor(Qt::black));
+    QCOMPARE(view.colourIn(picture, view.x().minValue(), 5.0, {1, 0}), QColor(Qt::cyan));
+    QCOMPARE(view.colourIn(picture, view.x().maxValue(), 5.0, {-1, 0}), QColor(Qt::cyan));
+    QCOMPARE(view.colourIn(picture, 150.5, 5.0, {0, 2}), QColor(Qt::black));
     // Around the canvas lies the window's colour, not that of a list.
     const QColor corner = view.viewport()->grab().toImage().pixelColor(2, 2);
     QCOMPARE(corner, view.palette().color(view.backgroundRole()));

@@ -45,25 +45,37 @@ QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
     return shown;
 }
 
-//! Columns, in the view's viewport, in which a picture of a widget has a tick that reaches down to a line.
-QVector<int> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
+//! Middle of some columns of a picture of a widget, in pixels of the view's viewport.
+double middle(const ScopeTestView &view, const QWidget *widget, int first, int last)
 {
-    const QImage picture = widget->grab().toImage();
-    const int y = picture.height() - linesFromBottom;
-    const QColor background = widget->palette().color(QPalette::Window);
-    QVector<int> columns;
-    for (int x = 0; x < picture.width(); ++x) {
-        if (picture.pixelColor(x, y) != background)
-            columns << widget->mapTo(view.viewport(), QPoint(x, 0)).x();
-    }
-    return columns;
+    const double inWidget = (first + last + 1) / 2.0 / widget->devicePixelRatioF() - 0.5;
+    return widget->mapTo(view.viewport(), QPoint(0, 0)).x() + inWidget;
 }
 
-//! Middle of one bar, its outline included, in the view's viewport, at a height that no other bar has.
+//! Where a widget has a tick that reaches down to a line.
+QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
+{
+    const QImage picture = widget->grab().toImage();
+    const int y = picture.height() - int(linesFromBottom * picture.devicePixelRatio());
+    const QColor background = widget->palette().color(QPalette::Window);
+    QVector<double> ticks;
+    int first = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixelColor(x, y) == background)
+            continue;
+        if (x == 0 || picture.pixelColor(x - 1, y) == background)
+            first = x;
+        if (x == picture.width() - 1 || picture.pixelColor(x + 1, y) == background)
+            ticks << middle(view, widget, first, x);
+    }
+    return ticks;
+}
+
+//! Middle of one bar, its outline included, at a height that no other bar has.
 double middleOfBar(ScopeTestView &view, double value)
 {
     const QImage picture = view.canvas();
-    const int y = view.at(1.0, value).y();
+    const int y = int(view.at(1.0, value).y() * picture.devicePixelRatio());
     int first = -1;
     int last = -1;
     for (int x = 0; x < picture.width(); ++x) {
@@ -73,8 +85,7 @@ double middleOfBar(ScopeTestView &view, double value)
             last = x;
         }
     }
-    return view.qwtPlot()->canvas()->mapTo(view.viewport(), QPoint(0, 0)).x()
-        + (first + last) / 2.0;
+    return middle(view, view.qwtPlot()->canvas(), first, last);
 }
 
 } // namespace
@@ -116,9 +127,9 @@ void tst_ScopeHistogram::oneBarAChannel()
     QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
     QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), QString("nA"));
     const QImage picture = view.canvas();
-    QCOMPARE(picture.pixelColor(view.at(1.0, 2.0)), QColor(Qt::yellow));
-    QCOMPARE(picture.pixelColor(view.at(2.2, -3.0)), QColor(Qt::yellow));
-    QVERIFY(picture.pixelColor(view.at(2.2, 3.0)) != QColor(Qt::yellow));
+    QCOMPARE(view.colourIn(picture, 1.0, 2.0), QColor(Qt::yellow));
+    QCOMPARE(view.colourIn(picture, 2.2, -3.0), QColor(Qt::yellow));
+    QVERIFY(view.colourIn(picture, 2.2, 3.0) != QColor(Qt::yellow));
     QCOMPARE(view.curves().size(), 0);
 
     model.setData(model.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
@@ -215,10 +226,10 @@ void tst_ScopeHistogram::ticksStandAboveTheBars()
     QCOMPARE(widgets.size(), 1);
     const double bar = middleOfBar(view, 1.4);
     // Only the tick of the position is long enough for the lowest lines.
-    const QVector<int> major = ticksAt(view, widgets[0], 4);
+    const QVector<double> major = ticksAt(view, widgets[0], 4);
     QCOMPARE(major.size(), 1);
     QVERIFY2(qAbs(major[0] - bar) <= 1.0, qPrintable(QString("%1 %2").arg(major[0]).arg(bar)));
-    const QVector<int> sigma = ticksAt(view, widgets[0], 7);
+    const QVector<double> sigma = ticksAt(view, widgets[0], 7);
     QCOMPARE(sigma.size(), 3);
     const double channelWidth =
         double(view.at(channels, 0.0).x() - view.at(1.0, 0.0).x()) / (channels - 1);

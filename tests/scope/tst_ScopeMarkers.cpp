@@ -38,12 +38,14 @@ double numberIn(const QString &label, const QString &name)
 }
 
 //! Around the two upright lines in the labels' colour that are longer than a letter; empty where there are not two.
-QRect frameIn(const QImage &canvas)
+QRectF frameIn(const QImage &canvas)
 {
     const QRgb color = RVXPlotColors::labelTextColor().rgb();
-    constexpr int longerThanLetters = 40;
+    const double ratio = canvas.devicePixelRatio();
+    const double longerThanLetters = 40 * ratio;
     QRect frame;
     int lines = 0;
+    int lastColumn = -2;
     for (int x = 0; x < canvas.width(); ++x) {
         int top = 0;
         for (int y = 0; y < canvas.height(); ++y) {
@@ -51,12 +53,13 @@ QRect frameIn(const QImage &canvas)
                 continue;
             if (y - top > longerThanLetters) {
                 frame |= QRect(x, top, 1, y - top);
-                ++lines;
+                lines += x > lastColumn + 1;
+                lastColumn = x;
             }
             top = y + 1;
         }
     }
-    return lines == 2 ? frame : QRect();
+    return lines == 2 ? QRectF(frame.topLeft() / ratio, frame.size() / ratio) : QRectF();
 }
 
 } // namespace
@@ -220,7 +223,7 @@ void tst_ScopeMarkers::labelsCanBeRead()
     view.SelectPoint1(QPointF(first, 1.0));
     view.SelectPoint2(QPointF(second, 1.0));
     view.settle();
-    const QRect frame = frameIn(view.canvas());
+    const QRectF frame = frameIn(view.canvas());
     const QSizeF size = view.plotMarker(1)->label().textSize();
     QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);
     QVERIFY(qAbs(frame.height() - size.height()) <= 2.0);

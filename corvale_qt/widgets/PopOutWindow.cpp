@@ -42,6 +42,13 @@ PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
     page->show();
 }
 
+PopOutWindow::~PopOutWindow()
+{
+    // While this is a whole window still.
+    if (m_page)
+        Q_EMIT pageLeft();
+}
+
 void PopOutWindow::place(const QSize &size, const QPoint *at)
 {
     constexpr int kOffset = 24;

@@ -32,6 +32,7 @@ class PopOutWindow : public QWidget
 public:
     //! \a owner keeps it above its own window.
     PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner);
+    ~PopOutWindow() override;
 
     const TabLook &look() const { return m_look; }
     /*! Puts the window where the last one of a page of this name was, the first time beside the owner's corner
@@ -43,7 +44,7 @@ public:
 Q_SIGNALS:
     //! The user wants the page back in its place: the window was closed.
     void backRequested();
-    //! The page was deleted, or was put elsewhere.
+    //! The page was deleted, alone or with the window, or was put elsewhere.
     void pageLeft();
 
 protected:

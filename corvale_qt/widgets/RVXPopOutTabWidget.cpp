@@ -117,7 +117,7 @@ void RVXPopOutTabWidget::paintEvent(QPaintEvent *event)
     if (count() > 0 || d->windows.isEmpty())
         return;
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(
         rect().adjusted(8, 8, -8, -8),
         Qt::AlignCenter | Qt::TextWordWrap,

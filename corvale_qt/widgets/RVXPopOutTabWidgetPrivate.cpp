@@ -68,11 +68,9 @@ void RVXPopOutTabWidgetPrivate::connectWindow(PopOutWindow *window, QWidget *pag
     QObject::connect(window, &PopOutWindow::backRequested, q, [this, page] {
         popIn(page);
     });
-    const auto leave = [this, page] {
+    QObject::connect(window, &PopOutWindow::pageLeft, q, [this, page] {
         forget(page);
-    };
-    QObject::connect(window, &PopOutWindow::pageLeft, q, leave);
-    QObject::connect(window, &QObject::destroyed, q, leave);
+    });
 
     auto *back = new QAction(RVXPopOutTabWidget::tr("Put back into its tab"), window);
     back->setShortcut(popOutShortcut());
@@ -103,23 +101,21 @@ void RVXPopOutTabWidgetPrivate::popIn(QWidget *page)
 
 void RVXPopOutTabWidgetPrivate::deleteWindows()
 {
-    const auto last = windows;
-    windows.clear();
-    for (const QPointer<PopOutWindow> &window : last) {
+    // One by one: a page may take others with it.
+    while (!windows.isEmpty()) {
+        PopOutWindow *window = windows.take(windows.firstKey());
         window->disconnect(q);
         window->hide();
         delete window;
     }
 }
 
-//! The page was deleted, or someone else has it now.
+//! The page was deleted, with its window or alone, or someone else has it now.
 void RVXPopOutTabWidgetPrivate::forget(QWidget *page)
 {
-    const QPointer<PopOutWindow> window = windows.take(page);
+    PopOutWindow *window = windows.take(page);
     prune();
     q->update();
-    if (!window)
-        return;
     window->disconnect(q);
     window->hide();
     window->deleteLater();

@@ -12,8 +12,8 @@
 #include "corvale_qt/widgets/RVXPopOutTabWidget.h"
 
 #include <QEvent>
-#include <QHash>
 #include <QKeySequence>
+#include <QMap>
 #include <QPointer>
 #include <QVector>
 
@@ -55,7 +55,7 @@ public:
     //! All pages in the order of their tabs, those that are out in the places where they come back to.
     QVector<QWidget *> order;
     //! Null for a page on its way.
-    QHash<QWidget *, QPointer<PopOutWindow>> windows;
+    QMap<QWidget *, PopOutWindow *> windows;
 
 private:
     QTabBar *bar() const { return q->tabBar(); }

@@ -9,20 +9,46 @@
 #include <memory>
 #include <vector>
 
-/*! Channels as an operator has them: a model each, merged, averaged over 4 samples and zeroed. */
-class ChannelStack
+//! A slow wave of its own for each channel, with coloured noise; \a samples readings, 1 s apart from 1 s on.
+void feedWave(Corvale_Qt::RVXSingleChannelDataModel &model, int channel, int samples);
+
+/*! Channels as an operator has them: a model each, merged in one table. */
+class MergedChannels
 {
 public:
-    //! Each channel holds \a samples readings, 1 s apart: a slow wave of its own with noise.
-    ChannelStack(int channels, int samples);
+    MergedChannels(int channels, int samples);
 
     int channels() const { return int(m_models.size()); }
     Corvale_Qt::RVXSingleChannelDataModel &model(int channel) { return *m_models[size_t(channel)]; }
-    Corvale_Qt::RVXZeroingProxyModel &top() { return m_zeroing; }
+    Corvale_Qt::RVXMultichannelProxyModel &table() { return m_merged; }
+    //! One more reading for each channel.
+    void tick();
 
 private:
     std::vector<std::unique_ptr<Corvale_Qt::RVXSingleChannelDataModel>> m_models;
     Corvale_Qt::RVXMultichannelProxyModel m_merged;
+    double m_now;
+};
+
+/*! The same, averaged over 4 samples and zeroed, all of the samples to be shown at once. */
+class ChannelStack
+{
+public:
+    //! \a shown of the \a samples across a strip chart.
+    ChannelStack(int channels, int samples, int shown);
+    ChannelStack(int channels, int samples)
+        : ChannelStack(channels, samples, samples)
+    {
+    }
+
+    int channels() const { return m_merged.channels(); }
+    int shown() const { return m_shown; }
+    Corvale_Qt::RVXZeroingProxyModel &top() { return m_zeroing; }
+    MergedChannels &merged() { return m_merged; }
+
+private:
+    MergedChannels m_merged;
     Corvale_Qt::RVXAveragingProxyModel m_averaging;
     Corvale_Qt::RVXZeroingProxyModel m_zeroing;
+    int m_shown;
 };

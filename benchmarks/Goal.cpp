@@ -10,43 +10,84 @@ namespace {
 
 bool allMet = true;
 
-double seconds(const Work &work)
+double seconds(const Work &work, int times = 1)
 {
     const auto start = std::chrono::steady_clock::now();
-    work();
+    for (int i = 0; i < times; ++i)
+        work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double medianRatio(const Work &a, int timesOfA, const Work &b, int timesOfB, int rounds)
+{
+    a();
+    b();
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        const double timeOfA = seconds(a, timesOfA) / timesOfA;
+        ratios.push_back(seconds(b, timesOfB) / timesOfB / timeOfA);
+    }
+    return median(ratios);
+}
+
+void print(const QString &name, const QString &measured, const QString &limit, const char *verdict)
+{
+    std::printf("| %-62s | %10s | %10s | %s |\n",
+                qPrintable(name),
+                qPrintable(measured),
+                qPrintable(limit),
+                verdict);
+    std::fflush(stdout);
 }
 
 } // namespace
 
 double timesFaster(const Work &a, const Work &b, int rounds)
 {
-    a();
-    b();
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        const double timeOfA = seconds(a);
-        ratios.push_back(seconds(b) / timeOfA);
-    }
-    std::sort(ratios.begin(), ratios.end());
-    return ratios[ratios.size() / 2];
+    return medianRatio(a, 1, b, 1, rounds);
+}
+
+double timesFaster(const Work &a, int timesOfA, const Work &b, int timesOfB)
+{
+    return medianRatio(a, timesOfA, b, timesOfB, usualRounds);
+}
+
+double medianSeconds(const Work &work, int rounds)
+{
+    work();
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round)
+        times.push_back(seconds(work));
+    return median(times);
 }
 
 void report(const Goal &goal)
 {
     allMet = allMet && goal.isMet();
-    std::printf("%-70s  %10.3g  %s %-8.4g  %s\n",
-                qPrintable(goal.name),
-                goal.measured,
-                goal.bound == Goal::AtLeast ? ">=" : "<=",
-                goal.limit,
-                goal.isMet() ? "met" : "MISSED");
-    std::fflush(stdout);
+    const QString bound = goal.bound == Goal::AtLeast ? ">= %1" : "<= %1";
+    print(goal.name,
+          QString::number(goal.measured, 'g', 4),
+          bound.arg(goal.limit),
+          goal.isMet() ? "met" : "MISSED");
 }
 
 void reportSkipped(const QString &name, const QString &reason)
 {
-    std::printf("%-70s  skipped: %s\n", qPrintable(name), qPrintable(reason));
+    print(name, "-", "-", qPrintable("skipped: " + reason));
+}
+
+void require(bool same, const QString &what)
+{
+    if (same)
+        return;
+    allMet = false;
+    print(what, "differs", "equal", "MISSED");
 }
 
 bool allGoalsMet()

@@ -24,12 +24,22 @@ struct Goal
 
 using Work = std::function<void()>;
 
+//! How many rounds a ratio is the median of.
+constexpr int usualRounds = 7;
+
 /*! Median of the ratios time of \a b / time of \a a, over rounds in which one runs right after the other, so that
     what else the machine does falls on both. Each runs once before. */
-double timesFaster(const Work &a, const Work &b, int rounds = 7);
+double timesFaster(const Work &a, const Work &b, int rounds = usualRounds);
+/*! The same for work that takes too short a time to be timed alone: each round runs \a a and \a b as many times as
+    are given. The ratio is that of one time each. */
+double timesFaster(const Work &a, int timesOfA, const Work &b, int timesOfB);
+//! Median time of \a work in seconds, for the growth of times; it runs once before.
+double medianSeconds(const Work &work, int rounds = usualRounds);
 
 //! Prints "goal, measured, limit" and remembers whether it was met.
 void report(const Goal &goal);
 //! Prints why a goal could not be measured here; that is no failure.
 void reportSkipped(const QString &name, const QString &reason);
+//! What makes a comparison honest: both sides gave the same. Prints \a what, as missed, where they did not.
+void require(bool same, const QString &what);
 bool allGoalsMet();

@@ -4,4 +4,15 @@
 // One function for each subject; each reports its goals.
 
 void measureStripRepaint();
-void measureProxies();
+void measurePeerRepaint();
+void measureSparseRepaint();
+void measureYScales();
+void measurePictures();
+void measureRowRange();
+void measureIngest();
+void measureMergedChannels();
+void measureAveraging();
+void measureSpectrogram();
+void measureSpotMap();
+void measureFiles();
+void measureGrowth();

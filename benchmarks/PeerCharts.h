@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <memory>
+
+class QCustomPlot;
+class ScopeChart;
+
+namespace QtCharts {
+class QChartView;
+} // namespace QtCharts
+
+/*! The same curves by QCustomPlot: adaptive sampling on, nothing antialiased, a canvas of 1000 x 600. */
+class CustomPlotChart
+{
+public:
+    explicit CustomPlotChart(ScopeChart &chart);
+    ~CustomPlotChart();
+    void drawFrame();
+
+private:
+    const std::unique_ptr<QCustomPlot> m_plot;
+};
+
+/*! The same curves by Qt Charts, without OpenGL. */
+class QtChartsChart
+{
+public:
+    explicit QtChartsChart(ScopeChart &chart);
+    ~QtChartsChart();
+    void drawFrame();
+
+private:
+    const std::unique_ptr<QtCharts::QChartView> m_view;
+};

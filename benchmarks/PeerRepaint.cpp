@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Goal 2: a frame of the strip chart against the other plotting libraries, where they were found.
+#include "ChannelStack.h"
+#include "Goal.h"
+#include "Goals.h"
+#include "PeerCharts.h"
+#include "ScopeChart.h"
+
+namespace {
+
+void measureCustomPlot(ScopeChart &ours, const QString &what, double limit)
+{
+    const QString name = what + ", times faster than QCustomPlot";
+#ifdef HAVE_QCUSTOMPLOT
+    CustomPlotChart peer(ours);
+    const double faster = timesFaster(
+        [&] {
+            ours.drawFrame();
+        },
+        [&] {
+            peer.drawFrame();
+        },
+        15);
+    report({name, faster, Goal::AtLeast, limit});
+#else
+    Q_UNUSED(ours)
+    Q_UNUSED(limit)
+    reportSkipped(name, "QCustomPlot was not found");
+#endif
+}
+
+void measureQtCharts(ScopeChart &ours, const QString &what, double limit)
+{
+    const QString name = what + ", times faster than Qt Charts";
+#ifdef HAVE_QTCHARTS
+    QtChartsChart peer(ours);
+    const double faster = timesFaster(
+        [&] {
+            ours.drawFrame();
+        },
+        [&] {
+            peer.drawFrame();
+        });
+    report({name, faster, Goal::AtLeast, limit});
+#else
+    Q_UNUSED(ours)
+    Q_UNUSED(limit)
+    reportSkipped(name, "Qt Charts was not found");
+#endif
+}
+
+} // namespace
+
+void measurePeerRepaint()
+{
+    {
+        ChannelStack stack(64, 100000);
+        ScopeChart ours(stack.top(), ScopeChart::FullRange);
+        measureCustomPlot(ours, "2a strip 64 x 100k", 2.0);
+    }
+    ChannelStack stack(64, 10000);
+    ScopeChart ours(stack.top(), ScopeChart::FullRange);
+    measureCustomPlot(ours, "2b strip 64 x 10k", 1.4);
+    // Repaint alone; to be given new samples costs it several times as much.
+    measureQtCharts(ours, "2c strip 64 x 10k", 4.5);
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Goal 3: few samples across the chart, where there is nothing to gain and nothing may be lost.
+#include "ChannelStack.h"
+#include "Goal.h"
+#include "Goals.h"
+#include "Points.h"
+#include "ScopeChart.h"
+#include "StockChart.h"
+
+void measureSparseRepaint()
+{
+    constexpr int rounds = 31; // frames of a millisecond; the limit is close
+    for (int channels : {8, 64, 256}) {
+        ChannelStack stack(channels, 1000, 256);
+        ScopeChart ours(stack.top(), ScopeChart::FullRange);
+        StockChart stock(ours);
+        const QString name = QStringLiteral("3 strip %1 x 256").arg(channels);
+        const double share = timesFaster(
+            [&] {
+                stock.drawFrame();
+            },
+            [&] {
+                ours.drawFrame();
+            },
+            rounds);
+        report({name + ", share of QwtPlotCurve's time", share, Goal::AtMost, 1.05});
+        const int pixels = differingPixels(ours.picture(), stock.picture());
+        report({name + ", pixels other than its", double(pixels), Goal::AtMost, 0.0});
+    }
+}

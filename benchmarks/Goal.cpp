@@ -2,20 +2,28 @@
 #include "Goal.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 namespace {
 
 bool allMet = true;
 
+//! Of the processor, for this process: what others do meanwhile does not count. All of the work is one thread's.
+double now()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
+}
+
 double seconds(const Work &work, int times = 1)
 {
-    const auto start = std::chrono::steady_clock::now();
+    const double start = now();
     for (int i = 0; i < times; ++i)
         work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return now() - start;
 }
 
 double median(std::vector<double> values)

@@ -36,7 +36,8 @@ void ScopeChart::fitCanvas()
 
 void ScopeChart::drawFrame()
 {
-    RequestReplot();
+    plot()->replot();
+    // The view makes its plot when its canvas is painted.
     plot()->canvas()->repaint();
 }
 

@@ -113,13 +113,14 @@ void measureSpectrogram()
     display.setRange(1e-9, 1e-9);
     display.resize(900, 700);
     display.show();
-    display.setData(strips(), 1.0);
     auto *smoothing = display.findChild<QCheckBox *>("checkBox_smoothing");
     if (!smoothing)
         qFatal("The display has no check box for smoothing");
     // Frames are shown ten times a second at most.
-    while (!rasterOf(display)->isVisible())
+    for (double now = 1.0; !rasterOf(display)->isVisible(); now += 1.0) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        display.setData(strips(), now);
+    }
     smoothing->setChecked(true);
     compare("10a smoothed 32 x 32 at 600 x 600", *rasterOf(display), true);
     smoothing->setChecked(false);

@@ -6,10 +6,12 @@
 #include <corvale_qt/beam/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
 
+#include <qwt_plot_canvas.h>
+
+#include <QImage>
 #include <QTabBar>
 
 #include <algorithm>
-#include <cmath>
 
 namespace Monitor {
 
@@ -93,6 +95,24 @@ void ViewTabs::showLatestSpot()
 
 namespace {
 
+//! Curves and bars have colours; ground and grid of the plot have none.
+bool hasCurves(QWidget *plot)
+{
+    constexpr int leastSaturation = 60;
+    auto *canvas = plot->findChild<QwtPlotCanvas *>();
+    if (!canvas)
+        return false;
+    const QImage image = canvas->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (std::any_of(line, line + image.width(), [](QRgb pixel) {
+                return QColor(pixel).saturation() >= leastSaturation;
+            }))
+            return true;
+    }
+    return false;
+}
+
 const QVector<QPair<QString, RVXScope::PlotMode>> scopeViews = {
     {QStringLiteral("strip"), RVXScope::StripMode},
     {QStringLiteral("scope"), RVXScope::ScopeMode},
@@ -143,11 +163,7 @@ bool ViewTabs::hasDrawn() const
         return m_frames.hasShownProfile();
     if (currentWidget() == m_spotMap)
         return m_spots.rowCount() > 0;
-    const std::vector<double> &latest = m_session.statistics().lastValues();
-    return m_session.model().rowCount() > 2
-        && std::any_of(latest.begin(), latest.end(), [](double value) {
-               return std::isfinite(value);
-           });
+    return hasCurves(currentWidget());
 }
 
 } // namespace Monitor

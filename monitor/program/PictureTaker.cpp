@@ -82,7 +82,8 @@ void PictureTaker::giveUp()
     if (source.state() == Source::State::Failed)
         finish(ExitSourceLost, QStringLiteral("%1. %2").arg(source.stateText(), source.remedy()));
     else
-        finish(ExitBadData, tr("%1: there is nothing to draw in its last reading").arg(source.description()));
+        finish(ExitBadData,
+               tr("%1: there is nothing to draw in its last reading").arg(source.description()));
 }
 
 void PictureTaker::finish(ExitCode code, const QString &text)

@@ -67,7 +67,6 @@ void EventLog::noteStart(const StreamHeader &header)
             .arg(header.channels.size())
             .arg(layoutName(header.layout), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
     noteAssumptions(header);
-    noteAssumptions(header);
 }
 
 //! The profile display knows its detectors' pitches, and no other: a file's frames may come from anything.

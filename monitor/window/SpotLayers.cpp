@@ -5,6 +5,8 @@
 #include <corvale_qt/beam/SpotMapView.h>
 #include <corvale_qt/beam/SpotMapViewColumnMapper.h>
 
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -65,10 +67,21 @@ Corvale_Qt::SpotMapViewColumnMapper *SpotLayers::newColumnMapper() const
 
 void SpotLayers::beginStream()
 {
+    m_beamChannel = channel("beam");
     m_layerChannel = channel("layer");
     m_layers.clear();
     m_layer.reset();
     Q_EMIT changed();
+}
+
+SpotLayers::Layer SpotLayers::layerOf(int row) const
+{
+    // NaN would have no place in an order.
+    const auto number = [&](int channel) {
+        const double value = channel < 0 ? 0.0 : m_model->receivedValue(row, channel);
+        return std::isnan(value) ? -1.0 : value;
+    };
+    return {number(m_beamChannel), number(m_layerChannel)};
 }
 
 void SpotLayers::noteLayers(int first, int last)
@@ -77,7 +90,7 @@ void SpotLayers::noteLayers(int first, int last)
         return;
     const std::size_t before = m_layers.size();
     for (int row = first; row <= last; ++row)
-        m_layers.insert(m_model->receivedValue(row, m_layerChannel));
+        m_layers.insert(layerOf(row));
     if (m_layers.size() != before)
         Q_EMIT changed();
 }
@@ -112,7 +125,7 @@ bool SpotLayers::filterAcceptsRow(int sourceRow, const QModelIndex &) const
 {
     if (sourceRow == 0 || !hasSpots())
         return false;
-    return !m_layer || m_model->receivedValue(sourceRow, m_layerChannel) == *m_layer;
+    return !m_layer || layerOf(sourceRow) == *m_layer;
 }
 
 } // namespace Monitor

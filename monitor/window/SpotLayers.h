@@ -46,9 +46,14 @@ private:
     void noteLayers(int first, int last);
 
     MultichannelDeviceModel *const m_model;
+    //! Of a beam or energy, and within it: plans count their layers anew in each beam.
+    using Layer = std::pair<double, double>;
+    Layer layerOf(int row) const;
+
+    int m_beamChannel = -1;
     int m_layerChannel = -1;
-    std::set<double> m_layers;
-    std::optional<double> m_layer;
+    std::set<Layer> m_layers;
+    std::optional<Layer> m_layer;
 };
 
 } // namespace Monitor

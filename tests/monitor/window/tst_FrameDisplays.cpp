@@ -51,6 +51,7 @@ private Q_SLOTS:
     void framesWaitWhilePaused();
     void missingCellsCountAsNothing();
     void spotLayers();
+    void layersOfSeveralBeams();
     void spotsReachTheMap();
 };
 
@@ -171,6 +172,24 @@ void tst_FrameDisplays::spotLayers()
     s.source->begin(Layout::Channels, 2);
     QCOMPARE(layers.rowCount(), 0);
     QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_FrameDisplays::layersOfSeveralBeams()
+{
+    ScriptedSession s;
+    SpotLayers layers(&s.session.model());
+    StreamHeader header = spotHeader();
+    header.channels.prepend({QStringLiteral("beam"), {}});
+    s.source->begin(header);
+    for (int i = 0; i < 6; ++i)
+        s.source->give(0.02 * i, {1.0 + i / 3, 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
+    s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
+    QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
+    layers.step(-1);
+    QCOMPARE(layers.rowCount(), 3);
+    QCOMPARE(layers.index(0, 3).data(Qt::UserRole).toDouble(), 3.0);
+    layers.step(2);
+    QCOMPARE(layers.rowCount(), 1);
 }
 
 void tst_FrameDisplays::spotsReachTheMap()

@@ -108,8 +108,8 @@ QString WindowRun::hint() const
         ? tr("This beam is simulated.")
         : tr("This is %1.").arg(m_session->source().description());
     return what
-        + tr(" For a real source, start corvale-monitor with a recording (PATH), an instrument "
-             "(tcp://HOST:PORT, serial:DEVICE) or - for standard input; --help tells more.");
+        + tr(" For a real source: corvale-monitor PATH, tcp://HOST:PORT, serial:DEVICE or -. "
+             "Space pauses, Ctrl+R records.");
 }
 
 int WindowRun::run()

@@ -10,11 +10,32 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace Monitor {
+
+namespace {
+
+/*! The names stand in black on the channels' light colours, whatever the palette; so do the marks in their boxes,
+    which need a light ground then. */
+class LightCheckBoxes : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->palette.setColor(QPalette::Base, Qt::white);
+        option->palette.setColor(QPalette::Window, Qt::white);
+    }
+};
+
+} // namespace
 
 LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     : QWidget(parent)
@@ -27,6 +48,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     m_marks->setSourceModel(latest);
     m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setModel(m_marks);
+    m_table->setItemDelegateForColumn(0, new LightCheckBoxes(m_table));
     m_table->setDragEnabled(true);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

@@ -53,6 +53,7 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     keepRoomFor(m_gaps, gapsText(999));
     keepRoomFor(m_clock, clockText());
     setSizeGripEnabled(false);
+    setContentsMargins(4, 0, 6, 0);
     connect(&session.clock(), &Clock::tick, this, &MonitorStatusBar::refreshIfDue);
     connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::recordingChanged, this, &MonitorStatusBar::refresh);

@@ -26,6 +26,7 @@ void TimePlotMode::enter()
     d.statistics.hide();
     d.showOnly(d.plot);
     d.axes.prepareTimeAxis();
+    setStripAxisTitles(); // the first sweep may be long in coming
 }
 
 void TimePlotMode::finish(double left, double right)

@@ -14,11 +14,14 @@ void TreeComboBoxPrivate::watchModel()
     current = QPersistentModelIndex();
     isChosen = false;
     modelIsChanging = false;
-    const QAbstractItemModel *model = tree->model();
-    if (!model)
-        return;
-    const auto on = [this, model](auto signal, auto action) {
-        watches << QObject::connect(model, signal, q, action);
+    if (tree->model())
+        watch(*tree->model());
+}
+
+void TreeComboBoxPrivate::watch(const QAbstractItemModel &model)
+{
+    const auto on = [this, &model](auto signal, auto action) {
+        watches << QObject::connect(&model, signal, q, action);
     };
     const auto before = [this] {
         modelIsChanging = true;

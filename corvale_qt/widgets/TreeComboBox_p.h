@@ -56,6 +56,7 @@ public:
 
 private:
     void watchModel();
+    void watch(const QAbstractItemModel &model);
     void stopWatching();
     void afterReset();
     void modelGone();

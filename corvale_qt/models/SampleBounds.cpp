@@ -55,8 +55,8 @@ struct Lanes
     }
 };
 
-// Some pages ahead: the processor looks ahead by itself, but not into the next page.
-constexpr int prefetched = 1024;
+// A page ahead: the processor looks ahead by itself, but not into the next page.
+constexpr int prefetched = 512;
 
 // By value: lanes that have an address would be stored at each step.
 Lanes withPiece(Lanes lanes, const double *values, int count)

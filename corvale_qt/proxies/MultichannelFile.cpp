@@ -3,6 +3,8 @@
 
 #include <QIODevice>
 
+#include <cstring>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -25,11 +27,49 @@ void appendCell(QByteArray &text, const ChannelSource &source, int row, int colu
     text += ',';
 }
 
+//! The time of a row as it was written last. Channels that are read together share it, and its text.
+struct WrittenTime
+{
+    double time = 0.0;
+    int begin = 0;
+    int length = 0;
+
+    bool isOf(const PlotColumns *columns, int row) const
+    {
+        // Compared by the bits; models that write their own texts all write the time alike.
+        double other = 0.0;
+        if (length > 0)
+            columns->read(0, row, 1, &other);
+        return length > 0 && std::memcmp(&other, &time, sizeof time) == 0;
+    }
+};
+
+void appendTime(QByteArray &text, const ChannelSource &source, int row, WrittenTime &last)
+{
+    const PlotColumns *const columns = source.reader.columns();
+    const bool plain = columns && source.items->index(row, 0).isValid();
+    const int begin = text.size();
+    if (plain && last.isOf(columns, row)) {
+        text.resize(begin + last.length);
+        std::memcpy(text.data() + begin, text.constData() + last.begin, size_t(last.length));
+        return;
+    }
+    if (!plain || !columns->appendText(text, row, 0)) {
+        appendCell(text, source, row, 0);
+        return;
+    }
+    text += ',';
+    columns->read(0, row, 1, &last.time);
+    last.begin = begin;
+    last.length = text.size() - begin;
+}
+
 void appendRow(QByteArray &text, const QVector<Channel> &channels, int row)
 {
+    WrittenTime time;
     for (const Channel &channel : channels) {
         if (row < channel.source->rowCount()) {
-            appendCell(text, *channel.source, row, 0);
+            appendTime(text, *channel.source, row, time);
             appendCell(text, *channel.source, row, channel.column);
         } else {
             text += ",,";
@@ -43,6 +83,7 @@ void appendRow(QByteArray &text, const QVector<Channel> &channels, int row)
 bool writeChannels(QIODevice &file, const QVector<Channel> &channels, int rows)
 {
     QByteArray text;
+    text.reserve(2 * bytesAtOnce);
     for (int i = 0; i < channels.size(); ++i)
         text += titlePrefix(i) + "_timestamp(s)," + titlePrefix(i) + ",";
     text += '\n';
@@ -52,7 +93,7 @@ bool writeChannels(QIODevice &file, const QVector<Channel> &channels, int rows)
         if (text.size() >= bytesAtOnce) {
             if (file.write(text) != text.size())
                 return false;
-            text.clear();
+            text.resize(0);
         }
     }
     return file.write(text) == text.size();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/NumberText_p.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -12,14 +13,54 @@ namespace {
 
 constexpr int largestPrecision = 9;
 
-/*  Qt rounds a number that lies halfway between two texts away from zero, the standard library to the even
-    digit. Halfway takes few bits: with a set bit among the lowest 16 of the mantissa, a number below these
-    limits needs more decimals than 9 to be written out, and is not halfway between texts of 9. */
-bool isSurelyNoTie(double value, char format)
+//! Up to here a number with many bits has more decimals than a text of 9 and its 5.
+double largestOf(char format)
+{
+    return format == 'f' ? 6e7 : 1e11;
+}
+
+//! Whether any of the lowest 16 bits of the mantissa is set.
+bool hasManyBits(double value)
 {
     quint64 bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
-    return (bits & 0xffff) != 0 && std::abs(value) < (format == 'f' ? 6e7 : 1e11);
+    return (bits & 0xffff) != 0;
+}
+
+//! Whether the shortest text that reads as \a value has \a digits digits, of which the last is a 5.
+bool endsWithFive(double value, int digits)
+{
+    char buffer[64];
+    const char *const end = std::to_chars(buffer,
+                                          buffer + sizeof buffer,
+                                          std::abs(value),
+                                          std::chars_format::scientific)
+                                .ptr;
+    const char *const exponent = std::find<const char *>(buffer, end, 'e');
+    const auto length = exponent - buffer;
+    return (length == 1 ? 1 : length - 1) == digits && exponent[-1] == '5';
+}
+
+/*  Qt rounds a number that lies halfway between two texts away from zero, the standard library to the even digit.
+    Halfway means one digit more than the text has, a 5, and no more. A number with so few digits is what its
+    shortest text says; and where it has n decimals, it has n places after the point in binary too. */
+bool mayBeTie(double value, char format, int precision)
+{
+    if (hasManyBits(value))
+        return false;
+    if (format == 'f') {
+        const double places = std::abs(value) * double(1 << precision);
+        return places - double(qint64(places)) == 0.5;
+    }
+    const int digits = format == 'e' ? precision + 1 : std::max(precision, 1);
+    return endsWithFive(value, digits + 1);
+}
+
+bool isUsual(double value, char format, int precision)
+{
+    // Not a number, and a zero with a sign, have texts of their own.
+    return std::abs(value) < largestOf(format) && !(value == 0.0 && std::signbit(value))
+        && precision >= 0 && precision <= largestPrecision;
 }
 
 std::chars_format formatOf(char format)
@@ -38,14 +79,18 @@ std::chars_format formatOf(char format)
 
 void appendNumber(QByteArray &text, double value, char format, int precision)
 {
-    if (precision >= 0 && precision <= largestPrecision && isSurelyNoTie(value, format)) {
-        char buffer[64];
-        const auto end =
-            std::to_chars(buffer, buffer + sizeof buffer, value, formatOf(format), precision);
-        text.append(buffer, int(end.ptr - buffer));
-    } else {
+    if (!isUsual(value, format, precision)) {
         text.append(QByteArray::number(value, format, precision));
+        return;
     }
+    // A hair beyond the tie is rounded the way Qt rounds the tie.
+    const double beyond = std::copysign(HUGE_VAL, value);
+    const double written =
+        mayBeTie(value, format, precision) ? std::nextafter(value, beyond) : value;
+    char buffer[64];
+    const auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, written, formatOf(format), precision);
+    text.append(buffer, int(end.ptr - buffer));
 }
 
 } // namespace Units

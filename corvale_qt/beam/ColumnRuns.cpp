@@ -1,23 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/ColumnRuns_p.h"
 
-#include <qwt_scale_map.h>
-
 #include <algorithm>
 
 namespace Corvale_Qt {
-
-int pixelOf(double coordinate)
-{
-    // Far beyond any canvas, and one short of where a neighbour overflows.
-    constexpr double limit = 2147483646.0;
-    return qRound(std::min(std::max(coordinate, -limit), limit));
-}
-
-int pixelOf(const QwtScaleMap &map, double value)
-{
-    return pixelOf(map.transform(value));
-}
 
 void ColumnRuns::begin(const QRect &clip)
 {

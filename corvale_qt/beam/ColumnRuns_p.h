@@ -8,17 +8,28 @@
  * ---------------------------------------------------------------------------
  */
 
+#include <qwt_scale_map.h>
+
 #include <QLine>
 #include <QRect>
 #include <QVector>
 
-class QwtScaleMap;
+#include <algorithm>
 
 namespace Corvale_Qt {
 
 //! The pixel that Qwt puts a coordinate on, for any finite coordinate: far outside stays far outside.
-int pixelOf(double coordinate);
-int pixelOf(const QwtScaleMap &map, double value);
+inline int pixelOf(double coordinate)
+{
+    // Far beyond any canvas, and one short of where a neighbour overflows.
+    constexpr double limit = 2147483646.0;
+    return qRound(std::min(std::max(coordinate, -limit), limit));
+}
+
+inline int pixelOf(const QwtScaleMap &map, double value)
+{
+    return pixelOf(map.transform(value));
+}
 
 /*! Turns a curve's samples, on whole pixels and in their order, into one vertical run of pixels for each pixel
     column, however many samples lie in it.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace Corvale_Qt {
 
@@ -24,7 +25,7 @@ struct Scratch
 {
     ColumnRuns runs;
     ColumnEdges edges;
-    QPolygonF points;
+    QVector<QPointF> points;
 };
 
 Scratch &scratch()
@@ -33,11 +34,49 @@ Scratch &scratch()
     return shared;
 }
 
-/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
+//! Samples of a series as they lie in memory.
+class SeriesSpans
+{
+public:
+    SeriesSpans(const SeriesColumns &columns, int from, int to)
+        : m_row(columns.startRow + from)
+        , m_count(to - from + 1)
+        , m_scale(columns.scale)
+        , m_found(columns.columns && columns.columns->spans(0, m_row, m_count, m_x)
+                  && columns.columns->spans(columns.column, m_row, m_count, m_y))
+    {
+    }
+
+    //! False where there is no such memory.
+    bool areFound() const { return m_found; }
+    int count() const { return m_count; }
+    double x(int i) const { return m_x.value(i); }
+    double y(int i) const { return shown(m_y.stored(i)); }
+    //! What becomes of a number in memory.
+    double shown(double stored) const { return (m_y.factor * stored - m_y.zero) / m_scale; }
+    const ColumnSpans &storedX() const { return m_x; }
+    const ColumnSpans &storedY() const { return m_y; }
+
+private:
+    int m_row;
+    int m_count;
+    double m_scale;
+    ColumnSpans m_x;
+    ColumnSpans m_y;
+    bool m_found;
+};
+
+/*! Calls use(x, y) for each sample, missing ones included, reading memory, or by the chunk, where the model can. */
 template<typename Use>
 void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
 {
     const SeriesColumns columns = SeriesColumns::of(&series);
+    const SeriesSpans spans(columns, from, to);
+    if (spans.areFound()) {
+        for (int i = 0; i < spans.count(); ++i)
+            use(spans.x(i), spans.y(i));
+        return;
+    }
     if (!columns.columns) {
         for (int i = from; i <= to; ++i) {
             const QPointF point = series.sample(size_t(i));
@@ -58,10 +97,10 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
 }
 
 //! Whether a line to one of the points is, on the canvas, straight up or sideways but for rounding.
-bool reachesFar(const QPolygonF &points)
+bool reachesFar(const QPointF *points, int count)
 {
     constexpr double far = 1e8;
-    return std::any_of(points.begin(), points.end(), [](const QPointF &point) {
+    return std::any_of(points, points + count, [](const QPointF &point) {
         return std::abs(point.x()) > far || std::abs(point.y()) > far;
     });
 }
@@ -83,29 +122,25 @@ class DenseColumns
 public:
     DenseColumns(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
         : m_columns(SeriesColumns::of(&series))
+        , m_spans(m_columns, from, to)
         , m_yMap(yMap)
-        , m_from(from)
-        , m_count(to - from + 1)
     {
     }
 
     //! False where the memory cannot be had, or x does not only rise.
-    bool find()
+    bool areFound() const
     {
-        const int row = m_columns.startRow + m_from;
-        return m_columns.columns && m_columns.columns->xRises()
-            && m_columns.columns->spans(0, row, m_count, m_x)
-            && m_columns.columns->spans(m_columns.column, row, m_count, m_y)
-            && std::isfinite(m_x.value(0)) && std::isfinite(m_x.value(m_count - 1));
+        return m_spans.areFound() && m_columns.columns->xRises() && std::isfinite(m_spans.x(0))
+            && std::isfinite(m_spans.x(m_spans.count() - 1));
     }
 
     void
     addTo(ColumnRuns &runs, ColumnEdges &edges, const QwtScaleMap &xMap, const QRect &clip) const
     {
-        edges.find(m_x,
+        edges.find(m_spans.storedX(),
                    m_columns.columns->xVersion(),
                    0,
-                   m_count - 1,
+                   m_spans.count() - 1,
                    xMap,
                    clip.left(),
                    clip.right());
@@ -117,12 +152,10 @@ public:
     }
 
 private:
-    double shown(double stored) const { return (m_y.factor * stored - m_y.zero) / m_columns.scale; }
-
     void addColumn(ColumnRuns &runs, int column, int first, int last) const
     {
-        const ValueRange range = storedRange(m_y, first, last);
-        const double ends[] = {shown(range.least), shown(range.greatest)};
+        const ValueRange range = storedRange(m_spans.storedY(), first, last);
+        const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
         // Between the memory and the pixel each step keeps the order or turns it, while all is finite.
         if (!range.allFinite || !isFinite(ends[0], ends[1])) {
             addOneByOne(runs, column, first, last);
@@ -130,16 +163,16 @@ private:
         }
         const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
         runs.addColumn(column,
-                       pixelOf(m_yMap, shown(m_y.stored(first))),
+                       pixelOf(m_yMap, m_spans.y(first)),
                        pixels.first,
                        pixels.second,
-                       pixelOf(m_yMap, shown(m_y.stored(last - 1))));
+                       pixelOf(m_yMap, m_spans.y(last - 1)));
     }
 
     void addOneByOne(ColumnRuns &runs, int column, int first, int last) const
     {
         for (int i = first; i < last; ++i) {
-            const double y = shown(m_y.stored(i));
+            const double y = m_spans.y(i);
             if (std::isfinite(y))
                 runs.addPoint(column, pixelOf(m_yMap, y));
             else
@@ -148,11 +181,8 @@ private:
     }
 
     SeriesColumns m_columns;
+    SeriesSpans m_spans;
     const QwtScaleMap &m_yMap;
-    int m_from;
-    int m_count;
-    ColumnSpans m_x;
-    ColumnSpans m_y;
 };
 
 } // namespace
@@ -195,8 +225,8 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     ColumnRuns &runs = reused.runs;
     const QRect clip = m_canvasRect.toAlignedRect();
     runs.begin(clip);
-    DenseColumns dense(series, from, to, m_yMap);
-    if (dense.find()) {
+    const DenseColumns dense(series, from, to, m_yMap);
+    if (dense.areFound()) {
         dense.addTo(runs, reused.edges, m_xMap, clip);
     } else {
         forEachSample(series, from, to, [&](double x, double y) {
@@ -218,35 +248,40 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
 {
     if (m_layer)
         m_layer->flush(m_painter);
-    QPolygonF &points = scratch().points;
-    points.resize(0);
+    QVector<QPointF> &points = scratch().points;
+    points.resize(std::max(points.size(), to - from + 1));
+    QPointF *const begin = points.data();
+    QPointF *end = begin;
     forEachSample(series, from, to, [&](double x, double y) {
         if (!isFinite(x, y)) {
-            flushPolyline(points);
+            drawPolyline(begin, int(end - begin));
+            end = begin;
             return;
         }
         const QPointF point(m_xMap.transform(x), m_yMap.transform(y));
-        points.append(m_aligned ? QPointF(pixelOf(point.x()), pixelOf(point.y())) : point);
+        *end++ = m_aligned ? QPointF(pixelOf(point.x()), pixelOf(point.y())) : point;
     });
-    flushPolyline(points);
+    drawPolyline(begin, int(end - begin));
 }
 
-void CurveLines::flushPolyline(QPolygonF &points) const
+void CurveLines::drawPolyline(const QPointF *points, int count) const
 {
-    if (points.size() == 1) {
-        if (m_canvasRect.contains(points.first()))
-            QwtPainter::drawPoint(m_painter, points.first());
-    } else if (points.size() > 1 && m_clipping) {
+    if (count == 1) {
+        if (m_canvasRect.contains(*points))
+            QwtPainter::drawPoint(m_painter, *points);
+    } else if (count > 1 && m_clipping) {
         const qreal width = std::max(1.0, m_painter->pen().widthF());
         const QRectF clip = m_canvasRect.adjusted(-width, -width, width, width);
-        QPolygonF clipped = QwtClipper::clipPolygonF(clip, points, false);
-        if (m_aligned && reachesFar(points))
+        QPolygonF polyline;
+        polyline.reserve(count);
+        std::copy_n(points, count, std::back_inserter(polyline));
+        QPolygonF clipped = QwtClipper::clipPolygonF(clip, polyline, false);
+        if (m_aligned && reachesFar(points, count))
             toWholePixels(clipped);
         QwtPainter::drawPolyline(m_painter, clipped);
-    } else if (points.size() > 1) {
-        QwtPainter::drawPolyline(m_painter, points);
+    } else if (count > 1) {
+        QwtPainter::drawPolyline(m_painter, points, count);
     }
-    points.resize(0);
 }
 
 } // namespace Corvale_Qt

@@ -10,7 +10,6 @@
 
 #include <qwt_series_data.h>
 
-#include <QPolygonF>
 #include <QRectF>
 
 class QPainter;
@@ -48,7 +47,7 @@ private:
     bool drawsWholePixels() const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
-    void flushPolyline(QPolygonF &points) const;
+    void drawPolyline(const QPointF *points, int count) const;
 
     QPainter *m_painter;
     const QwtScaleMap &m_xMap;

@@ -3,6 +3,7 @@
 #include "corvale_qt/beam/ColumnRuns_p.h"
 #include "corvale_qt/beam/CurveLayer_p.h"
 #include "corvale_qt/beam/CurveLines_p.h"
+#include "corvale_qt/beam/XPositions_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
@@ -25,6 +26,7 @@ struct Scratch
 {
     ColumnRuns runs;
     ColumnEdges edges;
+    XPositions positions;
     QVector<QPointF> points;
 };
 
@@ -66,17 +68,11 @@ private:
     bool m_found;
 };
 
-/*! Calls use(x, y) for each sample, missing ones included, reading memory, or by the chunk, where the model can. */
+/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
 template<typename Use>
 void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
 {
     const SeriesColumns columns = SeriesColumns::of(&series);
-    const SeriesSpans spans(columns, from, to);
-    if (spans.areFound()) {
-        for (int i = 0; i < spans.count(); ++i)
-            use(spans.x(i), spans.y(i));
-        return;
-    }
     if (!columns.columns) {
         for (int i = from; i <= to; ++i) {
             const QPointF point = series.sample(size_t(i));
@@ -252,15 +248,32 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     points.resize(std::max(points.size(), to - from + 1));
     QPointF *const begin = points.data();
     QPointF *end = begin;
-    forEachSample(series, from, to, [&](double x, double y) {
-        if (!isFinite(x, y)) {
+    const auto add = [&](double position, double y) {
+        if (!isFinite(position, y)) {
             drawPolyline(begin, int(end - begin));
             end = begin;
             return;
         }
-        const QPointF point(m_xMap.transform(x), m_yMap.transform(y));
-        *end++ = m_aligned ? QPointF(pixelOf(point.x()), pixelOf(point.y())) : point;
-    });
+        const double height = m_yMap.transform(y);
+        *end++ = QPointF(position, m_aligned ? pixelOf(height) : height);
+    };
+
+    const SeriesColumns columns = SeriesColumns::of(&series);
+    const SeriesSpans spans(columns, from, to);
+    if (spans.areFound()) {
+        const double *positions = scratch().positions.find(spans.storedX(),
+                                                           columns.columns->xVersion(),
+                                                           m_xMap,
+                                                           m_aligned);
+        for (int i = 0; i < spans.count(); ++i)
+            add(positions[i], spans.y(i));
+    } else {
+        forEachSample(series, from, to, [&](double x, double y) {
+            const double position = m_xMap.transform(x);
+            const bool whole = m_aligned && std::isfinite(x);
+            add(whole ? pixelOf(position) : position, y);
+        });
+    }
     drawPolyline(begin, int(end - begin));
 }
 

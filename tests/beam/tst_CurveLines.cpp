@@ -94,6 +94,19 @@ private:
     CurveLayer *m_layer = nullptr;
 };
 
+// Qwt's own way to draw the same samples.
+struct Stock : QwtPlotCurve
+{
+    QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
+    {
+        QImage image = emptyCanvas();
+        QPainter painter(&image);
+        painter.setPen(pen());
+        drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
+        return image;
+    }
+};
+
 int differingPixels(const QImage &a, const QImage &b)
 {
     int count = 0;
@@ -153,6 +166,7 @@ private Q_SLOTS:
     void newDataUnderTheSameColumns();
     void hostsNumbers();
     void sparseIsQwtsOwn();
+    void newDataUnderTheSamePositions();
     void lonelySamplesAreSeen();
     void penThatBlends();
     void orderOfCurvesInALayer();
@@ -307,17 +321,6 @@ void tst_CurveLines::hostsNumbers()
 
 void tst_CurveLines::sparseIsQwtsOwn()
 {
-    struct Stock : QwtPlotCurve
-    {
-        QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
-        {
-            QImage image = emptyCanvas();
-            QPainter painter(&image);
-            painter.setPen(pen());
-            drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
-            return image;
-        }
-    };
     RVXSingleChannelDataModel model;
     Signal signal;
     signal.samples = 300;
@@ -336,6 +339,32 @@ void tst_CurveLines::sparseIsQwtsOwn()
             each->setSamples(new RVXSeriesData(model, 1, 1, -1));
         }
         QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+    }
+}
+
+void tst_CurveLines::newDataUnderTheSamePositions()
+{
+    RVXSingleChannelDataModel model;
+    Curve curve;
+    Stock stock;
+    for (QwtPlotCurve *each :
+         {static_cast<QwtPlotCurve *>(&curve), static_cast<QwtPlotCurve *>(&stock)}) {
+        each->setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        each->setPaintAttribute(QwtPlotCurve::FilterPoints, false);
+        each->setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
+    }
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    for (double bend : {1.0, 2.0, 3.0}) {
+        model.Clear();
+        for (int i = 0; i < 300; ++i)
+            model.AddData(299.0 * std::pow(i / 299.0, bend), std::sin(i * 0.1));
+        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        stock.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        // The same samples under another map, too.
+        for (double right : {299.0, 150.0}) {
+            const QwtScaleMap x = scaleMap(0.0, right, 0.0, 999.0);
+            QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+        }
     }
 }
 

@@ -32,6 +32,12 @@ public:
         m_times.push_back(time);
         m_values.insert(m_values.end(), values, values + m_channels);
     }
+    //! All of \a other, which has as many channels.
+    void append(const ReadingBlock &other)
+    {
+        m_times.insert(m_times.end(), other.m_times.begin(), other.m_times.end());
+        m_values.insert(m_values.end(), other.m_values.begin(), other.m_values.end());
+    }
     //! Empty again, for readings of that many channels; keeps its memory.
     void clear(int channels)
     {

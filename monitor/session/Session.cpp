@@ -5,6 +5,14 @@
 
 namespace Monitor {
 
+namespace {
+
+constexpr double showInterval = 0.04; // s
+//! In a flood, so many do not wait for the next picture.
+constexpr int mostToShow = 20000;
+
+} // namespace
+
 Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
     : QObject(parent)
     , m_clock(clock)
@@ -17,6 +25,7 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
             m_recorder->addEvent(text);
         Q_EMIT noted(text);
     });
+    connect(m_source.get(), &Source::stateChanged, this, &Session::showWaiting);
     connect(&clock, &Clock::tick, this, &Session::tick);
 }
 
@@ -44,6 +53,8 @@ void Session::takeHeader(const StreamHeader &told)
     m_activity.reset();
     if (m_recorder)
         m_recorder->startStream(header);
+    showWaiting();
+    m_toShow.clear(header.channels.size());
     m_model.startStream(header);
     Q_EMIT streamStarted(header);
 }
@@ -57,9 +68,21 @@ void Session::takeReadings(const ReadingBlock &arrived)
     m_statistics.addReadings(readings);
     if (m_recorder)
         m_recorder->addReadings(readings);
-    m_model.addReadings(readings);
+    m_toShow.append(readings);
+    const bool due = m_clock.seconds() - m_shownAt >= showInterval;
+    if (due || m_limit.isReached() || m_toShow.size() >= mostToShow)
+        showWaiting();
     if (m_limit.isReached())
         Q_EMIT limitReached();
+}
+
+void Session::showWaiting()
+{
+    if (m_toShow.isEmpty())
+        return;
+    m_shownAt = m_clock.seconds();
+    m_model.addReadings(m_toShow);
+    m_toShow.clear(m_toShow.channels());
 }
 
 bool Session::isStale() const
@@ -74,6 +97,8 @@ double Session::rate() const
 
 void Session::tick()
 {
+    if (m_clock.seconds() - m_shownAt >= showInterval)
+        showWaiting();
     const bool stale = isStale();
     if (stale == m_stale)
         return;
@@ -85,6 +110,7 @@ void Session::setPaused(bool paused)
 {
     if (paused == isPaused())
         return;
+    showWaiting();
     m_model.setPaused(paused);
     Q_EMIT pausedChanged(paused);
 }

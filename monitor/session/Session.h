@@ -15,7 +15,8 @@
 namespace Monitor {
 
 /*! One source and what becomes of its readings: the model that the window shows, the recording, the counts. It
-    knows nothing of the window. */
+    knows nothing of the window, but that nobody sees more than 25 pictures a second: the model gets readings as
+    often as that, recording and counts at once. */
 class Session : public QObject
 {
     Q_OBJECT
@@ -64,11 +65,14 @@ Q_SIGNALS:
 private:
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
+    void showWaiting();
     void tick();
 
     Clock &m_clock;
     std::unique_ptr<Source> m_source;
     MultichannelDeviceModel m_model;
+    ReadingBlock m_toShow;
+    double m_shownAt = 0.0;
     StreamStatistics m_statistics;
     ActivityWatch m_activity;
     ReadingLimit m_limit;

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aPauseDoesNotStopTheRecording();
     void aFullDiskIsNotedWithinTwoSeconds();
     void aRangeHoldsForEveryStream();
+    void aFloodIsShownInFewInsertions();
 
 private:
     static QStringList rowsOf(const MultichannelDeviceModel &model);
@@ -144,8 +145,9 @@ void tst_Session::aLimitCutsToTheReading()
     s.source->begin(Layout::Channels, 2);
     for (int i = 0; i < 4; ++i)
         s.source->give(10);
-    QCOMPARE(s.session.model().rowCount(), expected + 1);
     QCOMPARE(s.session.statistics().readings(), qint64(expected));
+    s.clock.advance(0.05);
+    QCOMPARE(s.session.model().rowCount(), expected + 1);
     QCOMPARE(reached.count(), expected < 40 ? 1 : 0);
 }
 
@@ -210,6 +212,26 @@ void tst_Session::aRangeHoldsForEveryStream()
     s.run(5);
     QVERIFY(!s.session.model().isOverrange(0, 2));
     QVERIFY(s.session.model().isOverrange(0, 3));
+}
+
+void tst_Session::aFloodIsShownInFewInsertions()
+{
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 3);
+    QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
+    for (int i = 0; i < 1000; ++i) { // a second
+        s.clock.advance(0.001);
+        s.source->give(5);
+    }
+    QVERIFY2(inserted.count() <= 26, qPrintable(QString::number(inserted.count())));
+    QCOMPARE(s.session.statistics().readings(), qint64(5000));
+    // What still waits is there with the next picture, and at once where the source ends.
+    s.source->give(5);
+    s.source->setState(Source::State::Finished, QString());
+    QCOMPARE(s.session.model().rowCount(), 5006);
+    for (int row = 1; row < 5006; ++row)
+        QCOMPARE(s.session.model().doubleData(row, 1), double(row - 1));
 }
 
 CORVALE_QT_TEST_MAIN(tst_Session)

@@ -12,6 +12,8 @@ struct ScriptedSession
     ScriptedSource *source = new ScriptedSource(clock);
     Monitor::Session session{clock, std::unique_ptr<Monitor::Source>(source)};
 
+    //! Lets the model have what was given.
+    void settle() { clock.advance(0.05); }
     //! A reading every 0.1 s, for so many of them.
     void run(int readings)
     {

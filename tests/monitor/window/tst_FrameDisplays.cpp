@@ -100,6 +100,7 @@ void tst_FrameDisplays::theLastFrameOfABurstStays()
     s.source->begin(Layout::Strips, 64);
     for (int i = 0; i <= 50; ++i)
         s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
+    s.settle();
     QTRY_VERIFY(std::abs(profile.getCalc().meanX - 5.0) < 1e-6);
 }
 
@@ -153,6 +154,7 @@ void tst_FrameDisplays::spotLayers()
     s.source->begin(spotHeader());
     for (int i = 0; i < 9; ++i)
         s.source->give(0.02 * i, {1.0 + i / 4, double(i), 0.0, 1.0, 4.0, 4.0});
+    s.settle();
     QCOMPARE(layers.rowCount(), 9);
     QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
     layers.step(1);
@@ -163,6 +165,7 @@ void tst_FrameDisplays::spotLayers()
     QCOMPARE(layers.index(0, 2).data(Qt::UserRole).toDouble(), 8.0);
     s.source->give(1.0, {3.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to the layer that is shown
     s.source->give(1.1, {4.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to another one
+    s.settle();
     QCOMPARE(layers.rowCount(), 2);
     layers.step(2);
     QCOMPARE(layers.description(), QStringLiteral("All 4 layers"));
@@ -184,6 +187,7 @@ void tst_FrameDisplays::layersOfSeveralBeams()
     for (int i = 0; i < 6; ++i)
         s.source->give(0.02 * i, {1.0 + i / 3, 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
     s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
+    s.settle();
     QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
     layers.step(-1);
     QCOMPARE(layers.rowCount(), 3);
@@ -202,6 +206,7 @@ void tst_FrameDisplays::spotsReachTheMap()
     map.setColumnMapper(layers.newColumnMapper());
     s.source->give(0.0, {1.0, -10.0, 20.0, 1.5, 4.0, 3.0});
     s.source->give(0.1, {1.0, 10.0, 0.0, 2.5, 4.0, 3.0});
+    s.settle();
     QCOMPARE(map.maxDose(), 2.5F);
     QCOMPARE(map.bounds().center(), QPointF(0.0, 10.0));
     s.source->begin(spotHeader());

@@ -3,22 +3,17 @@
 
 #include <QCoreApplication>
 
+using namespace Corvale_Qt;
+
 namespace {
 
 constexpr int side = 600;
 
-// Spread over 100 mm by steps that do not repeat, the corners first.
-QList<QStandardItem *> spot(int number)
+QList<QStandardItem *> rowOf(int number)
 {
-    const double fields[] = {
-        double(number),
-        1.5,
-        number < 2 ? 100.0 * number : (number * 7919 % 10007) * 0.01,
-        number < 2 ? 100.0 * number : (number * 104729 % 10009) * 0.01,
-        number < 2 ? 10.0 : 1.0 + number % 9,
-    };
+    const SpotMapView::MapSpot spot = mapSpot(number);
     QList<QStandardItem *> row;
-    for (double field : fields) {
+    for (float field : {float(number), spot.sigma, spot.x, spot.y, spot.dose}) {
         auto *item = new QStandardItem;
         item->setData(field, Qt::UserRole);
         row.append(item);
@@ -28,10 +23,28 @@ QList<QStandardItem *> spot(int number)
 
 } // namespace
 
+SpotMapView::MapSpot mapSpot(int number)
+{
+    if (number < 2)
+        return {100.0F * float(number), 100.0F * float(number), 10.0F, 1.5F};
+    const auto spread = [number](int step, int places) {
+        return 0.01F * float(qint64(number) * step % places);
+    };
+    return {spread(7919, 10000), spread(4729, 9973), float(1 + number % 9), 1.5F};
+}
+
+QVector<SpotMapView::MapSpot> mapSpots(int count)
+{
+    QVector<SpotMapView::MapSpot> spots;
+    for (int i = 0; i < count; ++i)
+        spots.append(mapSpot(i));
+    return spots;
+}
+
 SpotChart::SpotChart(int spots)
 {
     for (int i = 0; i < spots; ++i)
-        m_spots.appendRow(spot(i));
+        m_spots.appendRow(rowOf(i));
     setFrameStyle(QFrame::NoFrame);
     setModel(&m_spots);
     resize(side, side);
@@ -43,7 +56,7 @@ SpotChart::SpotChart(int spots)
 
 void SpotChart::addSpot()
 {
-    m_spots.appendRow(spot(m_spots.rowCount()));
+    m_spots.appendRow(rowOf(m_spots.rowCount()));
 }
 
 void SpotChart::drawAnew()

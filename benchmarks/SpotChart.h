@@ -6,6 +6,10 @@
 #include <QImage>
 #include <QStandardItemModel>
 
+//! Spots over 100 mm by steps that do not repeat, the corners and the highest dose first.
+Corvale_Qt::SpotMapView::MapSpot mapSpot(int number);
+QVector<Corvale_Qt::SpotMapView::MapSpot> mapSpots(int count);
+
 /*! A spot map of 600 x 600 pixels over a model of its own. */
 class SpotChart : public Corvale_Qt::SpotMapView
 {

@@ -57,11 +57,6 @@ void ChannelSource::endChanges()
         d->ledger.endReset();
 }
 
-int ChannelSource::shownRow(int row) const
-{
-    return std::min(row, rowCount() - 1);
-}
-
 void ChannelSource::_q_sourceRowsAboutToBeInserted(const QModelIndex &, int, int last)
 {
     d->ledger.rowsAboutToBeInserted(*this, last);

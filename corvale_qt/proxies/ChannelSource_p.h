@@ -40,8 +40,10 @@ public:
     void retire();
 
     int rowCount() const { return items->rowCount(); }
+    //! Whether the model has a row. While nothing is under way it has what it announced: it is not asked for each point.
+    bool has(int row) const { return (isSteady() && row <= rows) || row < rowCount(); }
     //! \a row or, where this model is shorter than the proxy, the row of its newest sample.
-    int shownRow(int row) const;
+    int shownRow(int row) const { return has(row) ? row : rowCount() - 1; }
 
     QAbstractItemModel *const items;
     RVXAbstractPlotDataModel *const plot;
@@ -58,6 +60,8 @@ public:
 
 private:
     ChannelSource *self() { return this; }
+    //! Heard, and between two changes.
+    bool isSteady() const { return m_wired && openChanges == 0 && m_openResets == 0; }
 
     void _q_sourceRowsAboutToBeInserted(const QModelIndex &parent, int first, int last);
     void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);

@@ -162,9 +162,9 @@ double RVXMultichannelProxyModelPrivate::time(int row) const
 {
     double newest = 0.0;
     for (const Channel &channel : channels) {
-        const int rows = channel.source->rowCount();
-        if (row < rows)
+        if (channel.source->has(row))
             return channel.source->plot->doubleData(row, 0);
+        const int rows = channel.source->rowCount();
         if (rows > 1)
             newest = channel.source->plot->doubleData(rows - 1, 0);
     }

@@ -67,6 +67,11 @@ void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count,
         readRing(times.times(), firstRow - 1, count, out, [](double time) {
             return time;
         });
+    else if (unit && Units::UnitTraits::isPlain(*unit))
+        // scale(1.0) is the product that scale() forms first, to the last bit.
+        readRing(values, firstRow - 1, count, out, [factor = unit->scale(1.0)](double v) {
+            return factor * v;
+        });
     else if (unit)
         readRing(values, firstRow - 1, count, out, [unit](double v) {
             return unit->scale(v);

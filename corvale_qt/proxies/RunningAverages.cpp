@@ -8,10 +8,13 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Rows read at once. With eight channels side by side the chunks fill half of a usual first-level cache.
+// Rows taken at once.
 constexpr int chunk = 256;
-// A step waits for the one before it; steps of other channels fill the time.
-constexpr int lanes = 8;
+// A step waits for the one before it; steps of other channels fill the time. More of them than this would not find
+// room for their addresses in registers.
+constexpr int lanes = 4;
+// A page ahead: the processor looks ahead by itself, but not into the next page.
+constexpr int prefetched = 512;
 
 /*! Calls use(memory, offset, rows) for the one or two straight pieces that hold \a count elements from \a first on. */
 template<typename Use>
@@ -24,6 +27,47 @@ void forPieces(SampleRing &ring, int first, int count, Use use)
         use(one.first + first, 0, inOne);
     if (inOne < count)
         use(two.first + (first + inOne - int(one.second)), inOne, count - inOne);
+}
+
+//! Where \a count elements from \a first on lie, or null where they are not in one piece.
+double *straightPiece(SampleRing &ring, int first, int count)
+{
+    const auto one = ring.array_one();
+    const int inOne = int(one.second);
+    if (first + count <= inOne)
+        return one.first + first;
+    return first >= inOne ? ring.array_two().first + (first - inOne) : nullptr;
+}
+
+//! A stretch of one channel: numbers in, averages out.
+struct Lane
+{
+    const double *in;
+    double *out;
+    double factor; //!< with zero, as in ColumnSpans
+    double zero;
+};
+
+template<int Lanes>
+void averageStretch(const Lane (&lane)[Lanes], double (&running)[Lanes], int count, double alpha)
+{
+    const double keep = 1.0 - alpha;
+    double kept[Lanes];
+    std::copy_n(running, Lanes, kept);
+    for (int i = 0; i < count; ++i) {
+#pragma GCC unroll 8
+        for (int k = 0; k < Lanes; ++k) {
+            kept[k] = keep * kept[k] + alpha * (lane[k].factor * lane[k].in[i] - lane[k].zero);
+            lane[k].out[i] = kept[k];
+        }
+        if (i % 8 == 0) {
+            for (int k = 0; k < Lanes; ++k) {
+                __builtin_prefetch(lane[k].in + i + prefetched);
+                __builtin_prefetch(lane[k].out + i + prefetched, 1);
+            }
+        }
+    }
+    std::copy_n(kept, Lanes, running);
 }
 
 } // namespace
@@ -122,34 +166,69 @@ void RunningAverages::copy(const PlotColumnReader &source, int column, int from,
               });
 }
 
+//! One stretch from the source's memory into the ring's; false where either is not in one piece.
+template<int Lanes>
+bool RunningAverages::averageInPlace(const PlotColumnReader &source,
+                                     int firstColumn,
+                                     int row,
+                                     int count,
+                                     double (&running)[Lanes])
+{
+    Lane stretch[Lanes];
+    for (int k = 0; k < Lanes; ++k) {
+        ColumnSpans spans;
+        double *const out = straightPiece(m_rings[firstColumn + k - 1], row - 1, count);
+        if (!out || !source.spans(firstColumn + k, row, count, spans)
+            || (spans.size[0] > 0 && spans.size[1] > 0))
+            return false;
+        stretch[k] = {spans.piece[spans.size[0] > 0 ? 0 : 1], out, spans.factor, spans.zero};
+    }
+    averageStretch(stretch, running, count, 1.0 / m_length);
+    return true;
+}
+
+//! The same by way of a buffer.
+template<int Lanes>
+void RunningAverages::averageByCopy(const PlotColumnReader &source,
+                                    int firstColumn,
+                                    int row,
+                                    int count,
+                                    double (&running)[Lanes])
+{
+    double x[Lanes][chunk];
+    Lane stretch[Lanes];
+    for (int k = 0; k < Lanes; ++k) {
+        source.read(firstColumn + k, row, count, x[k]);
+        stretch[k] = {x[k], x[k], 1.0, 0.0};
+    }
+    averageStretch(stretch, running, count, 1.0 / m_length);
+    for (int k = 0; k < Lanes; ++k)
+        forPieces(m_rings[firstColumn + k - 1],
+                  row - 1,
+                  count,
+                  [&](double *memory, int offset, int n) {
+                      std::copy_n(x[k] + offset, n, memory);
+                  });
+}
+
 template<int Lanes>
 void RunningAverages::average(const PlotColumnReader &source, int firstColumn, int from, int rows)
 {
-    const double alpha = 1.0 / m_length;
-    const double keep = 1.0 - alpha;
-    double running[Lanes] = {};
-    double x[Lanes][chunk];
-
-    for (int row = from; row <= rows; row += chunk) {
+    if (from > rows)
+        return;
+    double running[Lanes];
+    for (int k = 0; k < Lanes; ++k) {
+        if (from > 1) {
+            running[k] = value(from - 1, firstColumn + k);
+            continue;
+        }
+        source.read(firstColumn + k, 1, 1, &running[k]);
+        m_rings[firstColumn + k - 1][0] = running[k];
+    }
+    for (int row = std::max(from, 2); row <= rows; row += chunk) {
         const int count = std::min(chunk, rows - row + 1);
-        for (int lane = 0; lane < Lanes; ++lane) {
-            source.read(firstColumn + lane, row, count, x[lane]);
-            if (row == from)
-                running[lane] = row == 1 ? x[lane][0] : value(row - 1, firstColumn + lane);
-        }
-        for (int i = row == 1 ? 1 : 0; i < count; ++i) {
-            for (int lane = 0; lane < Lanes; ++lane) {
-                running[lane] = keep * running[lane] + alpha * x[lane][i];
-                x[lane][i] = running[lane];
-            }
-        }
-        for (int lane = 0; lane < Lanes; ++lane)
-            forPieces(m_rings[firstColumn + lane - 1],
-                      row - 1,
-                      count,
-                      [&](double *memory, int offset, int n) {
-                          std::copy_n(x[lane] + offset, n, memory);
-                      });
+        if (!averageInPlace(source, firstColumn, row, count, running))
+            averageByCopy(source, firstColumn, row, count, running);
     }
 }
 

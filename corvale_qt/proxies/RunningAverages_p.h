@@ -20,8 +20,8 @@ class PlotColumnReader;
 
         A(1) = x(1),   A(r) = (1 - 1/N) A(r - 1) + (1/N) x(r)
 
-    Rows count from 1, columns too. Reading goes by the chunk and the running value stays in a register; the numbers
-    are those of the recurrence, computed cell by cell, to the last bit. */
+    Rows count from 1, columns too. The running values stay in registers and go from the source's memory straight to
+    their own where both lie in one piece; the numbers are those of the recurrence, computed cell by cell, to the last bit. */
 class RunningAverages
 {
 public:
@@ -52,6 +52,18 @@ private:
     void copy(const PlotColumnReader &source, int column, int from, int rows);
     template<int Lanes>
     void average(const PlotColumnReader &source, int firstColumn, int from, int rows);
+    template<int Lanes>
+    bool averageInPlace(const PlotColumnReader &source,
+                        int firstColumn,
+                        int row,
+                        int count,
+                        double (&running)[Lanes]);
+    template<int Lanes>
+    void averageByCopy(const PlotColumnReader &source,
+                       int firstColumn,
+                       int row,
+                       int count,
+                       double (&running)[Lanes]);
 
     QVector<SampleRing> m_rings;
     // For each channel, the row from which on the present update computes.

@@ -173,13 +173,16 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
     Q_D(RVXSingleChannelDataModel);
     if (timestamp == 0.0)
         Clear();
-    const SampleRing &times = d->times.times();
-    if (!times.empty() && times.back() == timestamp)
+    if (d->times.endsWith(timestamp))
         return;
 
-    const int stored = int(times.size());
-    const bool full = times.full();
+    const bool full = d->values.full();
     const bool announced = autoUpdate();
+    if (!full && !announced) {
+        d->store(timestamp, value);
+        return;
+    }
+    const int stored = int(d->values.size());
     if (full && announced)
         UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was
             // off
@@ -193,7 +196,7 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
             beginRemoveRows(QModelIndex(), 1, 1);
         if (dropsVisible && !announced)
             --d->visibleRows;
-    } else if (announced) {
+    } else {
         ++d->visibleRows;
         beginInsertRows(QModelIndex(), d->visibleRows, d->visibleRows);
     }

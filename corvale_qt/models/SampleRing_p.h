@@ -66,6 +66,8 @@ public:
     }
 
     const SampleRing &times() const { return m_times; }
+    //! Whether the newest stamp is \a time.
+    bool endsWith(double time) const { return !m_times.empty() && m_newest == time; }
     bool rises() const { return m_steps == 0; }
     //! Another number after each change, shared with no other ring.
     quint64 version() const { return m_version; }
@@ -75,10 +77,11 @@ public:
     {
         if (m_times.full() && m_times.size() > 1 && !(m_times[0] < m_times[1]))
             --m_steps;
-        const bool stepsDown =
-            m_times.size() > (m_times.full() ? 1u : 0u) && !(m_times.back() < time);
+        // A ring for one has no step to its only stamp.
+        const bool isStep = !m_times.empty() && m_times.capacity() > 1;
+        m_steps += isStep && !(m_newest < time) ? 1 : 0;
         m_times.push_back(time);
-        m_steps += stepsDown ? 1 : 0;
+        m_newest = time;
         m_version = ++s_lastVersion;
     }
 
@@ -91,6 +94,8 @@ public:
 
 private:
     SampleRing m_times;
+    // Valid while there are any.
+    double m_newest = 0.0;
     // How many stamps are not greater than the one before; a NaN is not.
     int m_steps = 0;
     quint64 m_version = ++s_lastVersion;

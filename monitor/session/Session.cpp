@@ -3,13 +3,15 @@
 
 #include "monitor/sources/Clock.h"
 
+#include <algorithm>
+
 namespace Monitor {
 
 namespace {
 
-constexpr double showInterval = 0.04; // s
-//! In a flood, so many do not wait for the next picture.
-constexpr int mostToShow = 20000;
+constexpr double shortestShowInterval = 0.04; // s
+//! More than the model holds need not wait.
+constexpr int mostToShow = 100000;
 
 } // namespace
 
@@ -17,6 +19,7 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
     : QObject(parent)
     , m_clock(clock)
     , m_source(std::move(source))
+    , m_showInterval(shortestShowInterval)
 {
     connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
@@ -69,11 +72,20 @@ void Session::takeReadings(const ReadingBlock &arrived)
     if (m_recorder)
         m_recorder->addReadings(readings);
     m_toShow.append(readings);
-    const bool due = m_clock.seconds() - m_shownAt >= showInterval;
-    if (due || m_limit.isReached() || m_toShow.size() >= mostToShow)
+    if (isShowDue() || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();
     if (m_limit.isReached())
         Q_EMIT limitReached();
+}
+
+void Session::setShowInterval(double seconds)
+{
+    m_showInterval = std::max(seconds, shortestShowInterval);
+}
+
+bool Session::isShowDue() const
+{
+    return m_clock.seconds() - m_shownAt >= m_showInterval;
 }
 
 void Session::showWaiting()
@@ -97,7 +109,7 @@ double Session::rate() const
 
 void Session::tick()
 {
-    if (m_clock.seconds() - m_shownAt >= showInterval)
+    if (isShowDue())
         showWaiting();
     const bool stale = isStale();
     if (stale == m_stale)

@@ -29,6 +29,9 @@ public:
 
     //! Limits that hold for every stream, whatever its source says of them.
     void setRange(double low, double high);
+    /*! Has the model get readings every so many seconds, as from an instrument that collects before it reports; 0 for
+        as often as anybody can see. */
+    void setShowInterval(double seconds);
     //! What comes after so much is let pass by.
     void setLimit(const ReadingLimit &limit) { m_limit = limit; }
 
@@ -66,12 +69,14 @@ private:
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
     void showWaiting();
+    bool isShowDue() const;
     void tick();
 
     Clock &m_clock;
     std::unique_ptr<Source> m_source;
     MultichannelDeviceModel m_model;
     ReadingBlock m_toShow;
+    double m_showInterval;
     double m_shownAt = 0.0;
     StreamStatistics m_statistics;
     ActivityWatch m_activity;

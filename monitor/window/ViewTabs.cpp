@@ -38,6 +38,12 @@ ViewTabs::ViewTabs(Session &session, QWidget *parent)
         page->hide();
 
     connect(&session, &Session::streamStarted, this, &ViewTabs::beginStream);
+    connect(m_scope,
+            &RVXScope::bufferedIntervalChanged,
+            &session,
+            [&session](bool on, double interval) {
+                session.setShowInterval(on ? interval : 0.0);
+            });
     connect(m_spotMap, &SpotMapWidget::layerChange, &m_spots, &SpotLayers::step);
     connect(&m_spots, &SpotLayers::changed, this, [this] {
         m_spotMap->setTitle(m_spots.description());

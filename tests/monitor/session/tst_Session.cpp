@@ -25,6 +25,7 @@ private Q_SLOTS:
     void aFullDiskIsNotedWithinTwoSeconds();
     void aRangeHoldsForEveryStream();
     void aFloodIsShownInFewInsertions();
+    void readingsAreShownOnceAnInterval();
 
 private:
     static QStringList rowsOf(const MultichannelDeviceModel &model);
@@ -232,6 +233,22 @@ void tst_Session::aFloodIsShownInFewInsertions()
     QCOMPARE(s.session.model().rowCount(), 5006);
     for (int row = 1; row < 5006; ++row)
         QCOMPARE(s.session.model().doubleData(row, 1), double(row - 1));
+}
+
+void tst_Session::readingsAreShownOnceAnInterval()
+{
+    ScriptedSession s;
+    s.session.start();
+    s.source->begin(Layout::Channels, 2);
+    s.run(1);
+    s.session.setShowInterval(1.0);
+    QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
+    s.run(35);
+    QCOMPARE(inserted.count(), 3);
+    QCOMPARE(s.session.statistics().readings(), qint64(36));
+    s.session.setShowInterval(0.0);
+    s.clock.advance(0.05);
+    QCOMPARE(s.session.model().rowCount(), 37);
 }
 
 CORVALE_QT_TEST_MAIN(tst_Session)

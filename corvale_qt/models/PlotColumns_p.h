@@ -18,12 +18,17 @@ class QwtSeriesData;
 
 namespace Corvale_Qt {
 
+class BlockRanges;
 class RVXAbstractPlotDataModel;
 
 /*! The memory behind some rows of a column, in up to two pieces, and how a number there becomes the one that
     doubleData() gives: factor * number - zero, in this order. */
 struct ColumnSpans
 {
+    //! Ranges of the stored numbers, where their owner keeps them; null for none.
+    BlockRanges *blocks = nullptr;
+    qint64 number = 0; //!< of the first one, counted as BlockRanges counts
+    int ringSize = 0; //!< how many numbers the owner has room for
     const double *piece[2] = {nullptr, nullptr};
     int size[2] = {0, 0};
     double factor = 1.0;

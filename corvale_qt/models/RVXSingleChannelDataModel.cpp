@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
@@ -37,6 +38,8 @@ public:
     const RVXSingleChannelDataModel *const q;
     TimeRing times;
     SampleRing values;
+    mutable BlockRanges ranges; // of the values
+    qint64 taken = 0; // values, ever
     int visibleRows = 0;
     int plotWidthHintPoints = 0;
     QString channelName;
@@ -97,6 +100,8 @@ bool RVXSingleChannelDataModelPrivate::spans(int column,
         return false;
     if (!ringSpans(values, firstRow - 1, count, spans))
         return false;
+    spans.blocks = &ranges;
+    spans.number = taken - qint64(values.size()) + firstRow - 1;
     // scale(1.0) is the product that scale() forms first, to the last bit.
     spans.factor = unit ? unit->scale(1.0) : 1.0;
     return true;
@@ -119,6 +124,7 @@ bool RVXSingleChannelDataModelPrivate::appendText(QByteArray &text, int row, int
 void RVXSingleChannelDataModelPrivate::store(double time, double value)
 {
     values.push_back(value);
+    ++taken;
     times.push_back(time);
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
@@ -95,6 +96,11 @@ ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
 } // namespace
 
 ValueRange storedRange(const ColumnSpans &spans, int first, int last)
+{
+    return spans.blocks ? spans.blocks->range(spans, first, last) : readRange(spans, first, last);
+}
+
+ValueRange readRange(const ColumnSpans &spans, int first, int last)
 {
     Lanes lanes;
     if (first < spans.size[0])

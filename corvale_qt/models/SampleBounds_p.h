@@ -11,6 +11,8 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <algorithm>
+
 namespace Corvale_Qt {
 
 struct ColumnSpans;
@@ -22,11 +24,20 @@ struct ValueRange
     double least;
     double greatest;
     bool allFinite;
+
+    void unite(const ValueRange &other)
+    {
+        least = std::min(least, other.least);
+        greatest = std::max(greatest, other.greatest);
+        allFinite = allFinite && other.allFinite;
+    }
 };
 
 /*! Of rows \a first to \a last - 1 of the spans, counted from their first row: as they are stored, neither
     multiplied nor subtracted from. Where none is finite, least is above greatest. */
 ValueRange storedRange(const ColumnSpans &spans, int first, int last);
+//! The same, whoever keeps ranges: reads all of them.
+ValueRange readRange(const ColumnSpans &spans, int first, int last);
 
 /*! The rectangle around samples: of those that are finite, and of the first one, whose coordinates count as 0
     where they are not. */

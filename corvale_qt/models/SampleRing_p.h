@@ -53,6 +53,7 @@ inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans 
     spans.size[0] = std::min(count, int(one.second) - skip);
     spans.piece[1] = two.first + (first - skip);
     spans.size[1] = count - spans.size[0];
+    spans.ringSize = int(ring.capacity());
     return true;
 }
 

@@ -76,7 +76,7 @@ bool RVXAveragingProxyModelPrivate::spans(int column,
 {
     if (column < 1 || column > averages.channels())
         return source.spans(column, firstRow, count, spans);
-    return ringSpans(averages.column(column), firstRow - 1, count, spans);
+    return averages.spans(column, firstRow, count, spans);
 }
 
 int RVXAveragingProxyModelPrivate::sampleRows() const

@@ -77,6 +77,8 @@ void RunningAverages::reset(int channels, int capacity)
     m_rings.clear();
     m_rings.resize(std::max(channels, 0));
     m_starts.resize(m_rings.size());
+    m_ranges.assign(size_t(m_rings.size()), BlockRanges());
+    m_taken.assign(size_t(m_rings.size()), 0);
     for (SampleRing &ring : m_rings)
         ring.set_capacity(SampleRing::capacity_type(std::max(capacity, 0)));
 }
@@ -93,6 +95,16 @@ bool RunningAverages::has(int row, int column) const
         && row <= int(m_rings[column - 1].size());
 }
 
+bool RunningAverages::spans(int column, int firstRow, int count, ColumnSpans &spans) const
+{
+    const SampleRing &ring = m_rings[column - 1];
+    if (!ringSpans(ring, firstRow - 1, count, spans))
+        return false;
+    spans.blocks = &m_ranges[size_t(column - 1)];
+    spans.number = m_taken[size_t(column - 1)] - qint64(ring.size()) + firstRow - 1;
+    return true;
+}
+
 void RunningAverages::dropOldest(int column, qint64 rows)
 {
     SampleRing &ring = m_rings[column - 1];
@@ -103,7 +115,7 @@ void RunningAverages::truncate(int column, int rows)
 {
     SampleRing &ring = m_rings[column - 1];
     if (int(ring.size()) > rows)
-        ring.resize(SampleRing::size_type(std::max(rows, 0)));
+        resize(column, std::max(rows, 0));
 }
 
 void RunningAverages::update(const PlotColumnReader &source,
@@ -150,8 +162,22 @@ int RunningAverages::prepare(int column, int from, int rows)
     // A source that grows past the buffer size that it named must not cost a move of all rows at each of them.
     if (size > ring.capacity())
         ring.set_capacity(std::max(size, 2 * ring.capacity()));
-    ring.resize(size);
-    return std::max(std::min(from, firstWithout), 1);
+    resize(column, int(size));
+    const int start = std::max(std::min(from, firstWithout), 1);
+    if (start < firstWithout)
+        m_ranges[size_t(column - 1)].forget();
+    return start;
+}
+
+void RunningAverages::resize(int column, int rows)
+{
+    SampleRing &ring = m_rings[column - 1];
+    const int added = rows - int(ring.size());
+    ring.resize(SampleRing::size_type(rows));
+    m_taken[size_t(column - 1)] += added;
+    // The next ones get the names of those that leave.
+    if (added < 0)
+        m_ranges[size_t(column - 1)].forget();
 }
 
 void RunningAverages::copy(const PlotColumnReader &source, int column, int from, int rows)

@@ -8,9 +8,12 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 
 #include <QVector>
+
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -37,6 +40,8 @@ public:
     //! The average of a row that there is.
     double value(int row, int column) const { return m_rings[column - 1][row - 1]; }
     const SampleRing &column(int column) const { return m_rings[column - 1]; }
+    //! As PlotColumns::spans().
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
 
     //! The oldest rows leave; the others keep their averages.
     void dropOldest(int column, qint64 rows);
@@ -48,6 +53,8 @@ public:
 
 private:
     int prepare(int column, int from, int rows);
+    //! Rows come, or leave, at the end.
+    void resize(int column, int rows);
     bool startsTogether(int column, int lastColumn) const;
     void copy(const PlotColumnReader &source, int column, int from, int rows);
     template<int Lanes>
@@ -66,6 +73,9 @@ private:
                        double (&running)[Lanes]);
 
     QVector<SampleRing> m_rings;
+    // For each channel: ranges of its averages, and how many it ever had, less those that were taken back.
+    mutable std::vector<BlockRanges> m_ranges;
+    std::vector<qint64> m_taken;
     // For each channel, the row from which on the present update computes.
     QVector<int> m_starts;
     int m_length = 1;

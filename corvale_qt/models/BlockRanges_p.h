@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+/*
+ * ---------------------------------------------------------------------------
+ *  Not part of the interface: for the library's own models, proxies and views.
+ *  It may change or go without notice.
+ * ---------------------------------------------------------------------------
+ */
+
+#include "corvale_qt/models/SampleBounds_p.h"
+
+#include <QVector>
+
+namespace Corvale_Qt {
+
+struct ColumnSpans;
+
+/*! The ranges of blocks of numbers in a ring, each found when it is first asked for: a chart that is drawn again,
+    or that needs the range of what it then draws, need not read all of its samples again.
+
+    Numbers count from the first that the ring ever took, so that a block keeps its name while the ring rolls on.
+    Who changes a number that is there already, or takes back the newest, must call forget(). */
+class BlockRanges
+{
+public:
+    //! Of numbers \a first to \a last - 1 of spans that have this as their blocks.
+    ValueRange range(const ColumnSpans &spans, int first, int last);
+    void forget() { m_blocks.clear(); }
+
+private:
+    static constexpr int numbersInBlock = 32;
+
+    struct Block
+    {
+        qint64 name = -1;
+        ValueRange range{};
+    };
+
+    const ValueRange &block(const ColumnSpans &spans, qint64 name);
+
+    QVector<Block> m_blocks;
+};
+
+} // namespace Corvale_Qt

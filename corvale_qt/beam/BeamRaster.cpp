@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/BeamRaster_p.h"
+#include "corvale_qt/beam/ColorTable_p.h"
 
-#include <qwt_color_map.h>
 #include <qwt_matrix_raster_data.h>
 #include <qwt_scale_map.h>
 
 #include <QImage>
 #include <QVector>
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -44,30 +46,62 @@ QVector<Blend> blends(const QwtScaleMap &map, int pixels, const QwtInterval &int
     return result;
 }
 
-//! One line of pixels, all in the rows that \a row blends.
-void renderLine(QRgb *line,
-                const QVector<Blend> &columns,
-                const Blend &row,
-                const QVector<double> &values,
-                int cells,
-                const QwtLinearColorMap &colors,
-                const QwtInterval &range)
+//! One row of cells as the columns of pixels blend it.
+void blendCells(std::vector<double> &line, const QVector<Blend> &columns, const double *cells)
 {
-    const double *upper = values.constData() + row.low * cells;
-    const double *lower = values.constData() + row.high * cells;
-    const QRgb outside = colors.rgb(range, std::numeric_limits<double>::quiet_NaN());
-    for (const Blend &column : columns) {
-        if (!row.inside || !column.inside) {
-            *line++ = outside;
-            continue;
-        }
-        const double above =
-            column.weight * upper[column.low] + (1.0 - column.weight) * upper[column.high];
-        const double below =
-            column.weight * lower[column.low] + (1.0 - column.weight) * lower[column.high];
-        *line++ = colors.rgb(range, row.weight * above + (1.0 - row.weight) * below);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Blend &column = columns[i];
+        line[size_t(i)] =
+            column.weight * cells[column.low] + (1.0 - column.weight) * cells[column.high];
     }
 }
+
+/*! The picture, line by line. Lines between the same two rows of cells share what the columns make of them. */
+class SmoothPicture
+{
+public:
+    SmoothPicture(const QVector<Blend> &columns, const QVector<double> &values, int cells)
+        : m_columns(columns)
+        , m_values(values)
+        , m_cells(cells)
+        , m_above(size_t(columns.size()))
+        , m_below(size_t(columns.size()))
+    {
+    }
+
+    void renderLine(QRgb *line, const Blend &row, const ColorTable &colours)
+    {
+        const QRgb outside = colours.rgb(std::numeric_limits<double>::quiet_NaN());
+        if (!row.inside) {
+            std::fill_n(line, m_columns.size(), outside);
+            return;
+        }
+        choose(row);
+        for (int i = 0; i < m_columns.size(); ++i)
+            line[i] = m_columns[i].inside ? colours.rgb(row.weight * m_above[size_t(i)]
+                                                        + (1.0 - row.weight) * m_below[size_t(i)])
+                                          : outside;
+    }
+
+private:
+    void choose(const Blend &row)
+    {
+        if (row.low == m_low && row.high == m_high)
+            return;
+        m_low = row.low;
+        m_high = row.high;
+        blendCells(m_above, m_columns, m_values.constData() + m_low * m_cells);
+        blendCells(m_below, m_columns, m_values.constData() + m_high * m_cells);
+    }
+
+    const QVector<Blend> &m_columns;
+    const QVector<double> &m_values;
+    const int m_cells;
+    int m_low = -1;
+    int m_high = -1;
+    std::vector<double> m_above;
+    std::vector<double> m_below;
+};
 
 } // namespace
 
@@ -143,15 +177,14 @@ QImage BeamRaster::renderImage(const QwtScaleMap &xMap,
     const auto *colors = dynamic_cast<const QwtLinearColorMap *>(colorMap());
     if (!m_smoothing || !m_data || !colors || imageSize.isEmpty())
         return QwtPlotSpectrogram::renderImage(xMap, yMap, area, imageSize);
-    const QwtInterval range = m_data->interval(Qt::ZAxis);
     const QVector<double> values = m_data->valueMatrix();
     const auto columns = blends(xMap, imageSize.width(), m_data->interval(Qt::XAxis), m_size);
     const auto rows = blends(yMap, imageSize.height(), m_data->interval(Qt::YAxis), m_size);
+    const ColorTable table(*colors, m_data->interval(Qt::ZAxis));
+    SmoothPicture picture(columns, values, m_size);
     QImage image(imageSize, QImage::Format_ARGB32);
-    for (int y = 0; y < imageSize.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        renderLine(line, columns, rows[y], values, m_size, *colors, range);
-    }
+    for (int y = 0; y < imageSize.height(); ++y)
+        picture.renderLine(reinterpret_cast<QRgb *>(image.scanLine(y)), rows[y], table);
     return image;
 }
 

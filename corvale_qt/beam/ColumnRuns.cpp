@@ -8,7 +8,8 @@ namespace Corvale_Qt {
 void ColumnRuns::begin(const QRect &clip)
 {
     m_clip = clip;
-    m_lines.resize(0);
+    m_runs.resize(0);
+    m_joints.resize(0);
     m_open = false;
 }
 
@@ -37,6 +38,15 @@ void ColumnRuns::addColumn(int column, int first, int least, int greatest, int l
     m_open = true;
 }
 
+QVector<QLine> ColumnRuns::lines() const
+{
+    QVector<QLine> lines = m_joints;
+    lines.reserve(m_joints.size() + m_runs.size());
+    for (const Run &run : m_runs)
+        lines.append(QLine(run.column, run.top, run.column, run.bottom));
+    return lines;
+}
+
 void ColumnRuns::joinTo(int column, int y)
 {
     // Qt's slopes are 16 bits of fraction: on a long way down they may fall short of the right column, and the
@@ -51,7 +61,7 @@ void ColumnRuns::joinTo(int column, int y)
         || std::min(m_column, column) > m_clip.right() || std::max(m_last, y) < m_clip.top()
         || std::min(m_last, y) > m_clip.bottom();
     if (!outside)
-        m_lines.append(QLine(m_column, m_last, column, y));
+        m_joints.append(QLine(m_column, m_last, column, y));
 }
 
 void ColumnRuns::flush()
@@ -59,7 +69,7 @@ void ColumnRuns::flush()
     const int top = std::max(m_least, m_clip.top());
     const int bottom = std::min(m_greatest, m_clip.bottom());
     if (top <= bottom && m_column >= m_clip.left() && m_column <= m_clip.right())
-        m_lines.append(QLine(m_column, top, m_column, bottom));
+        m_runs.append({m_column, top, bottom});
 }
 
 } // namespace Corvale_Qt

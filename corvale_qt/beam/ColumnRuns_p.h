@@ -41,6 +41,14 @@ inline int pixelOf(const QwtScaleMap &map, double value)
 class ColumnRuns
 {
 public:
+    //! Pixels \a top to \a bottom of a column.
+    struct Run
+    {
+        int column;
+        int top;
+        int bottom;
+    };
+
     //! Forgets what it has; what lies outside of \a clip is left out from now on.
     void begin(const QRect &clip);
     //! A missing sample: nothing joins what comes to what was.
@@ -50,15 +58,20 @@ public:
     void addColumn(int column, int first, int least, int greatest, int last);
     void end() { gap(); }
 
-    //! The runs, inside the clip, and the lines between columns that are not neighbours; each with its end pixels.
-    const QVector<QLine> &lines() const { return m_lines; }
+    //! All of them inside the clip.
+    const QVector<Run> &runs() const { return m_runs; }
+    //! Between columns that a run does not join: not neighbours, or far apart in height. With their end pixels.
+    const QVector<QLine> &joints() const { return m_joints; }
+    //! The two together.
+    QVector<QLine> lines() const;
 
 private:
     void joinTo(int column, int y);
     void flush();
 
     QRect m_clip;
-    QVector<QLine> m_lines;
+    QVector<Run> m_runs;
+    QVector<QLine> m_joints;
 
     bool m_open = false;
     int m_column = 0;

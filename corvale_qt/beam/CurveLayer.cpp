@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/ColumnRuns_p.h"
 #include "corvale_qt/beam/CurveLayer_p.h"
 
-#include <QLine>
 #include <QPainter>
 
 namespace Corvale_Qt {
@@ -20,27 +20,22 @@ CurveLayer::CurveLayer()
 
 void CurveLayer::add(QPainter *painter,
                      const QRect &clip,
-                     const QVector<QLine> &lines,
+                     const ColumnRuns &runs,
                      const QColor &colour)
 {
     if (m_painter != painter || m_clip != clip)
         begin(painter, clip);
-    QPainter others(&m_image);
-    others.translate(-clip.topLeft());
-    others.setPen(QPen(colour, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-
-    auto *const pixels = reinterpret_cast<QRgb *>(m_image.bits());
-    const int stride = m_image.bytesPerLine() / int(sizeof(QRgb));
-    const QRgb value = colour.rgba();
-    for (const QLine &line : lines) {
-        if (line.x1() != line.x2() || !clip.contains(line.p1()) || !clip.contains(line.p2())) {
-            others.drawLine(line);
-            continue;
-        }
-        QRgb *pixel = pixels + (line.y1() - clip.top()) * stride + (line.x1() - clip.left());
-        for (int y = line.y1(); y <= line.y2(); ++y, pixel += stride)
-            *pixel = value;
+    int number = m_image.numberOf(colour.rgba());
+    if (number == 0) {
+        begin(painter, clip);
+        number = m_image.numberOf(colour.rgba());
     }
+    for (const ColumnRuns::Run &run : runs.runs())
+        m_image.addRun(run.column - clip.left(),
+                       run.top - clip.top(),
+                       run.bottom - clip.top(),
+                       number);
+    m_image.addLines(runs.joints(), -clip.topLeft(), number);
 }
 
 void CurveLayer::begin(QPainter *painter, const QRect &clip)
@@ -48,16 +43,14 @@ void CurveLayer::begin(QPainter *painter, const QRect &clip)
     flush(painter);
     m_painter = painter;
     m_clip = clip;
-    if (m_image.size() != clip.size())
-        m_image = QImage(clip.size(), QImage::Format_ARGB32_Premultiplied);
-    m_image.fill(Qt::transparent);
+    m_image.reset(clip.size());
 }
 
 void CurveLayer::flush(QPainter *painter) const
 {
     // What was meant for another painter has nowhere to go any more.
     if (m_painter && m_painter == painter)
-        painter->drawImage(m_clip.topLeft(), m_image);
+        m_image.draw(painter, m_clip.topLeft());
     m_painter = nullptr;
 }
 

@@ -8,14 +8,13 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/beam/ColumnImage_p.h"
+
 #include <qwt_plot_item.h>
 
-#include <QImage>
-#include <QVector>
-
-class QLine;
-
 namespace Corvale_Qt {
+
+class ColumnRuns;
 
 /*! One picture for all dense curves of a plot: their runs are written into it as bare pixels, and it is blended
     onto the canvas once, right above the curves. A painter spends some 40 instructions on each pixel of a
@@ -28,9 +27,8 @@ class CurveLayer : public QwtPlotItem
 public:
     CurveLayer();
 
-    //! Vertical runs and other lines, on the pixels of \a painter's device, inside of \a clip.
-    void
-    add(QPainter *painter, const QRect &clip, const QVector<QLine> &lines, const QColor &colour);
+    //! What was gathered with \a clip, on the pixels of \a painter's device; \a colour is opaque.
+    void add(QPainter *painter, const QRect &clip, const ColumnRuns &runs, const QColor &colour);
     //! Puts what was added onto the canvas.
     void flush(QPainter *painter) const;
 
@@ -42,7 +40,7 @@ public:
 private:
     void begin(QPainter *painter, const QRect &clip);
 
-    QImage m_image;
+    mutable ColumnImage m_image;
     QRect m_clip;
     // Whose paint the picture belongs to; null while it is empty.
     mutable QPainter *m_painter = nullptr;

@@ -55,7 +55,12 @@ public:
     double x(int i) const { return m_x.value(i); }
     double y(int i) const { return shown(m_y.stored(i)); }
     //! What becomes of a number in memory.
-    double shown(double stored) const { return (m_y.factor * stored - m_y.zero) / m_scale; }
+    double shown(double stored) const
+    {
+        const double value = m_y.factor * stored - m_y.zero;
+        // A division takes as long as all the rest.
+        return m_scale == 1.0 ? value : value / m_scale;
+    }
     const ColumnSpans &storedX() const { return m_x; }
     const ColumnSpans &storedY() const { return m_y; }
 
@@ -235,7 +240,7 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     runs.end();
 
     if (m_layer)
-        m_layer->add(m_painter, clip, runs.lines(), m_painter->pen().color());
+        m_layer->add(m_painter, clip, runs, m_painter->pen().color());
     else
         m_painter->drawLines(runs.lines());
 }

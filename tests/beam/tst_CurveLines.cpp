@@ -12,6 +12,7 @@
 #include <qwt_scale_map.h>
 
 #include <QPainter>
+#include <QSet>
 
 #include <cmath>
 #include <limits>
@@ -170,6 +171,7 @@ private Q_SLOTS:
     void lonelySamplesAreSeen();
     void penThatBlends();
     void orderOfCurvesInALayer();
+    void moreColoursThanALayerHolds();
 };
 
 void tst_CurveLines::denseIsEverySegment_data()
@@ -431,6 +433,38 @@ void tst_CurveLines::orderOfCurvesInALayer()
     };
     const QImage without = picture(nullptr);
     QCOMPARE(differingPixels(picture(new CurveLayer), without), 0);
+}
+
+void tst_CurveLines::moreColoursThanALayerHolds()
+{
+    // They lie over each other, each a little lower: of every one a strip is seen.
+    RVXSingleChannelDataModel model;
+    for (int i = 0; i < 60; ++i)
+        model.AddData(i, i % 2 == 0 ? -1.0 : 1.0);
+    const QRectF narrow(0.0, 0.0, 20.0, canvas.height());
+    const QwtScaleMap x = scaleMap(0.0, 59.0, 0.0, 19.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QImage image = emptyCanvas();
+        QPainter painter(&image);
+        for (int i = 0; i < 300; ++i) {
+            RVXDiscontinuousPlotCurve curve;
+            curve.setPen(QPen(QColor(i % 256, 255 - i / 2, i / 2), 1.0));
+            curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+            curve.setLayer(layer);
+            const QwtScaleMap y = scaleMap(-1.5, 1.5, 500.0 + i / 4.0, i + 1.0);
+            curve.draw(&painter, x, y, narrow);
+        }
+        if (layer)
+            layer->flush(&painter);
+        return image;
+    };
+    CurveLayer layer;
+    const QImage gathered = picture(&layer);
+    QCOMPARE(differingPixels(gathered, picture(nullptr)), 0);
+    QSet<QRgb> colours;
+    for (int row = 0; row < canvas.height(); ++row)
+        colours.insert(gathered.pixel(10, row));
+    QVERIFY2(colours.size() > 256, qPrintable(QString::number(colours.size())));
 }
 
 CORVALE_QT_TEST_MAIN(tst_CurveLines)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/BeamRaster_p.h"
-#include "corvale_qt/beam/ColorTable_p.h"
 
 #include <qwt_matrix_raster_data.h>
 #include <qwt_scale_map.h>
@@ -9,7 +8,7 @@
 #include <QVector>
 
 #include <algorithm>
-#include <limits>
+#include <cmath>
 #include <vector>
 
 namespace Corvale_Qt {
@@ -65,22 +64,27 @@ public:
         , m_values(values)
         , m_cells(cells)
         , m_above(size_t(columns.size()))
-        , m_below(size_t(columns.size()))
+        , m_below(m_above)
+        , m_line(m_above)
     {
+        const auto isInside = [](const Blend &blend) {
+            return blend.inside;
+        };
+        m_left = int(std::find_if(columns.begin(), columns.end(), isInside) - columns.begin());
+        m_right = int(std::find_if_not(columns.begin() + m_left, columns.end(), isInside)
+                      - columns.begin());
     }
 
-    void renderLine(QRgb *line, const Blend &row, const ColorTable &colours)
+    //! Pixels outside of the cells stay as they are.
+    void
+    renderLine(QRgb *line, const Blend &row, const ColorTable &colours, const QwtInterval &range)
     {
-        const QRgb outside = colours.rgb(std::numeric_limits<double>::quiet_NaN());
-        if (!row.inside) {
-            std::fill_n(line, m_columns.size(), outside);
+        if (!row.inside)
             return;
-        }
         choose(row);
-        for (int i = 0; i < m_columns.size(); ++i)
-            line[i] = m_columns[i].inside ? colours.rgb(row.weight * m_above[size_t(i)]
-                                                        + (1.0 - row.weight) * m_below[size_t(i)])
-                                          : outside;
+        for (size_t i = 0; i < m_line.size(); ++i)
+            m_line[i] = row.weight * m_above[i] + (1.0 - row.weight) * m_below[i];
+        colours.look(range, m_line.data() + m_left, m_right - m_left, line + m_left);
     }
 
 private:
@@ -97,11 +101,29 @@ private:
     const QVector<Blend> &m_columns;
     const QVector<double> &m_values;
     const int m_cells;
+    //! The columns inside: a map does not turn back.
+    int m_left = 0;
+    int m_right = 0;
     int m_low = -1;
     int m_high = -1;
     std::vector<double> m_above;
     std::vector<double> m_below;
+    std::vector<double> m_line;
 };
+
+bool areAllInside(const QVector<Blend> &blends)
+{
+    return std::all_of(blends.begin(), blends.end(), [](const Blend &blend) {
+        return blend.inside;
+    });
+}
+
+bool areAllFinite(const QVector<double> &values)
+{
+    return std::all_of(values.begin(), values.end(), [](double value) {
+        return std::isfinite(value);
+    });
+}
 
 } // namespace
 
@@ -180,11 +202,17 @@ QImage BeamRaster::renderImage(const QwtScaleMap &xMap,
     const QVector<double> values = m_data->valueMatrix();
     const auto columns = blends(xMap, imageSize.width(), m_data->interval(Qt::XAxis), m_size);
     const auto rows = blends(yMap, imageSize.height(), m_data->interval(Qt::YAxis), m_size);
-    const ColorTable table(*colors, m_data->interval(Qt::ZAxis));
+    const QwtInterval range = m_data->interval(Qt::ZAxis);
+    m_table.setMap(*colors);
+    // A picture that hides all below it reaches the canvas as it is, without blending.
+    const bool hidesAll = m_table.isOpaque() && range.width() > 0.0 && areAllInside(columns)
+        && areAllInside(rows) && areAllFinite(values);
+    QImage image(imageSize, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);
+    if (!hidesAll)
+        image.fill(Qt::transparent);
     SmoothPicture picture(columns, values, m_size);
-    QImage image(imageSize, QImage::Format_ARGB32);
     for (int y = 0; y < imageSize.height(); ++y)
-        picture.renderLine(reinterpret_cast<QRgb *>(image.scanLine(y)), rows[y], table);
+        picture.renderLine(reinterpret_cast<QRgb *>(image.scanLine(y)), rows[y], m_table, range);
     return image;
 }
 

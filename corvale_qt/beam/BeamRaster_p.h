@@ -5,6 +5,8 @@
 // | This file is not part of the interface: it may change, or go, without notice.      |
 // +------------------------------------------------------------------------------------+
 
+#include "corvale_qt/beam/ColorTable_p.h"
+
 #include <qwt_plot_spectrogram.h>
 
 class QwtMatrixRasterData;
@@ -47,6 +49,8 @@ private:
     int m_size = 0;
     double m_max = 1;
     bool m_smoothing = false;
+    // What is left of the last picture, for the next one.
+    mutable ColorTable m_table;
 };
 
 } // namespace Corvale_Qt

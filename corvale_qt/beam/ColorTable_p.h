@@ -13,37 +13,47 @@
 
 namespace Corvale_Qt {
 
-/*! A colour map over a range of values, for a picture's worth of look-ups: the same colours as the map's own, faster.
+/*! A colour map for pictures' worth of look-ups: the same colours as the map's own, faster.
 
     Between two stops each component rises or falls, so where both ends of a small interval have the same colour, all of it
     has. The intervals with that property are remembered; for the others, the map is asked. */
 class ColorTable
 {
 public:
-    //! \a map must outlive this.
-    ColorTable(const QwtLinearColorMap &map, const QwtInterval &range);
+    //! The colours of \a map from now on. Those of the last map are kept where the two are the same.
+    void setMap(const QwtLinearColorMap &map);
 
-    QRgb rgb(double value) const
-    {
-        // The map's own division, to the last bit: by a reciprocal a value may land beside its interval.
-        const double place = (value - m_range.minValue()) / m_width * intervals;
-        if (place >= 0.0 && place < intervals) { // not so for a NaN
-            const QRgb colour = m_colours[int(place)];
-            if (colour != toBeAsked)
-                return colour;
-        }
-        return m_map.rgb(m_range, value);
-    }
+    //! Whether every number has a colour that hides what lies below; what is not a number has none.
+    bool isOpaque() const { return m_opaque; }
+
+    /*! The colours of \a count values, where the map's ends stand for those of \a range. The map that was given
+        last must still be there. */
+    void look(const QwtInterval &range, const double *values, int count, QRgb *colours) const;
 
 private:
-    // Small enough for a near cache, large enough that one look-up in ten has to ask.
-    static constexpr int intervals = 1 << 14;
+    //! All that makes a map.
+    struct Contents
+    {
+        QwtLinearColorMap::Mode mode = QwtLinearColorMap::ScaledColors;
+        QVector<double> stops;
+        QVector<QRgb> colours;
+
+        explicit Contents(const QwtLinearColorMap &map);
+        Contents() = default;
+        bool operator==(const Contents &other) const;
+    };
+
+    void fill();
+
+    // Small enough for a near cache, large enough that one look-up in forty has to ask.
+    static constexpr int intervals = 1 << 16;
     // A colour that is not seen at all.
     static constexpr QRgb toBeAsked = 0;
 
-    const QwtLinearColorMap &m_map;
-    const QwtInterval m_range;
-    double m_width;
+    const QwtLinearColorMap *m_map = nullptr;
+    Contents m_contents;
+    bool m_opaque = false;
+    // One more than there are intervals, for what lies in none of them.
     QVector<QRgb> m_colours;
 };
 

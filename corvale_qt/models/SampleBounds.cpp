@@ -17,12 +17,20 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 // Two doubles that the processor takes at once. A comparison with a NaN is false, lane by lane as for one alone.
 using Pair = double __attribute__((vector_size(16)));
 
-// Four pairs, so that the processor need not wait for one comparison before it begins the next.
+Pair lesser(Pair a, Pair b)
+{
+    return a < b ? a : b;
+}
+
+Pair greater(Pair a, Pair b)
+{
+    return a > b ? a : b;
+}
+
+//! Some pairs side by side, so that the processor need not wait for one comparison before it begins the next.
+template<int pairs>
 struct Lanes
 {
-    static constexpr int pairs = 4;
-    static constexpr int values = 2 * pairs;
-
     Pair least[pairs];
     Pair greatest[pairs];
     // Not finite where a number among them is not; nor where they are enormous, which costs only time.
@@ -37,47 +45,53 @@ struct Lanes
 
     void add(int lane, Pair value)
     {
-        least[lane] = value < least[lane] ? value : least[lane];
-        greatest[lane] = value > greatest[lane] ? value : greatest[lane];
+        least[lane] = lesser(value, least[lane]);
+        greatest[lane] = greater(value, greatest[lane]);
         sum[lane] += value;
     }
 
     ValueRange range() const
     {
-        ValueRange range{infinity, -infinity, true};
-        double total = 0.0;
-        for (int lane = 0; lane < values; ++lane) {
-            range.least = std::min(range.least, least[lane / 2][lane % 2]);
-            range.greatest = std::max(range.greatest, greatest[lane / 2][lane % 2]);
-            total += sum[lane / 2][lane % 2];
+        Pair low = least[0];
+        Pair high = greatest[0];
+        Pair total = sum[0];
+        for (int lane = 1; lane < pairs; ++lane) {
+            low = lesser(low, least[lane]);
+            high = greater(high, greatest[lane]);
+            total += sum[lane];
         }
-        range.allFinite = std::isfinite(total);
-        return range;
+        return {std::min(low[0], low[1]),
+                std::max(high[0], high[1]),
+                std::isfinite(total[0] + total[1])};
     }
 };
 
-// A page ahead: the processor looks ahead by itself, but not into the next page.
-constexpr int prefetched = 512;
-
-// By value: lanes that have an address would be stored at each step.
-Lanes withPiece(Lanes lanes, const double *values, int count)
+template<int pairs>
+ValueRange rangeByLanes(const double *values, int count)
 {
-    const auto pairAt = [values](int i) {
-        Pair pair;
-        std::memcpy(&pair, values + i, sizeof pair);
-        return pair;
-    };
+    // A page ahead: the processor looks ahead by itself, but not into the next page.
+    constexpr int prefetched = 512;
+    Lanes<pairs> lanes;
     int i = 0;
-    for (; i + Lanes::values <= count; i += Lanes::values) {
-        __builtin_prefetch(values + i + prefetched);
-        lanes.add(0, pairAt(i));
-        lanes.add(1, pairAt(i + 2));
-        lanes.add(2, pairAt(i + 4));
-        lanes.add(3, pairAt(i + 6));
+    for (; i + 2 * pairs <= count; i += 2 * pairs) {
+        if (pairs > 1)
+            __builtin_prefetch(values + i + prefetched);
+        for (int lane = 0; lane < pairs; ++lane) {
+            Pair pair;
+            std::memcpy(&pair, values + i + 2 * lane, sizeof pair);
+            lanes.add(lane, pair);
+        }
     }
     for (; i < count; ++i)
         lanes.add(0, Pair{values[i], values[i]});
-    return lanes;
+    return lanes.range();
+}
+
+ValueRange rangeOfPiece(const double *values, int count)
+{
+    // A few numbers are read before many lanes are set up and put together.
+    constexpr int few = 24;
+    return count < few ? rangeByLanes<1>(values, count) : rangeByLanes<4>(values, count);
 }
 
 ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
@@ -102,14 +116,13 @@ ValueRange storedRange(const ColumnSpans &spans, int first, int last)
 
 ValueRange readRange(const ColumnSpans &spans, int first, int last)
 {
-    Lanes lanes;
+    ValueRange range{infinity, -infinity, true};
     if (first < spans.size[0])
-        lanes = withPiece(lanes, spans.piece[0] + first, std::min(last, spans.size[0]) - first);
+        range = rangeOfPiece(spans.piece[0] + first, std::min(last, spans.size[0]) - first);
     if (last > spans.size[0]) {
         const int from = std::max(first - spans.size[0], 0);
-        lanes = withPiece(lanes, spans.piece[1] + from, last - spans.size[0] - from);
+        range.unite(rangeOfPiece(spans.piece[1] + from, last - spans.size[0] - from));
     }
-    const ValueRange range = lanes.range();
     return range.allFinite ? range : finiteRangeOneByOne(spans, first, last);
 }
 

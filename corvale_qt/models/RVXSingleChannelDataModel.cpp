@@ -182,16 +182,22 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
     if (d->times.endsWith(timestamp))
         return;
 
+    if (autoUpdate() || d->values.full())
+        addVisibly(timestamp, value);
+    else
+        d->store(timestamp, value);
+}
+
+//! Adds a reading where somebody has to hear of it, or of the one that leaves.
+void RVXSingleChannelDataModel::addVisibly(double timestamp, double value)
+{
+    Q_D(RVXSingleChannelDataModel);
     const bool full = d->values.full();
     const bool announced = autoUpdate();
-    if (!full && !announced) {
-        d->store(timestamp, value);
-        return;
-    }
     const int stored = int(d->values.size());
+    // What is dropped must have been seen; nothing to do unless auto update was off.
     if (full && announced)
-        UpdateView(); // what is dropped must have been seen; nothing to do unless auto update was
-            // off
+        UpdateView();
     const bool dropsVisible = full && d->visibleRows > 0;
 
     // The insertion is opened around the removal: the order that hosts already built rely on.

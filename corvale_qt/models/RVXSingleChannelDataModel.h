@@ -59,6 +59,8 @@ public:
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override;
 
 private:
+    void addVisibly(double timestamp, double value);
+
     Q_DECLARE_PRIVATE(RVXSingleChannelDataModel)
     const std::unique_ptr<RVXSingleChannelDataModelPrivate> d_ptr;
 };

@@ -71,35 +71,52 @@ public:
     bool endsWith(double time) const { return !m_times.empty() && m_newest == time; }
     bool rises() const { return m_steps == 0; }
     //! Another number after each change, shared with no other ring.
-    quint64 version() const { return m_version; }
+    quint64 version() const
+    {
+        // Counted when somebody asks: much comes between two questions.
+        if (m_changed)
+            m_version = ++s_lastVersion;
+        m_changed = false;
+        return m_version;
+    }
 
     //! Appends; a full ring drops its oldest.
     void push_back(double time)
     {
-        if (m_times.full() && m_times.size() > 1 && !(m_times[0] < m_times[1]))
-            --m_steps;
-        // A ring for one has no step to its only stamp.
-        const bool isStep = !m_times.empty() && m_times.capacity() > 1;
-        m_steps += isStep && !(m_newest < time) ? 1 : 0;
+        if (m_times.full())
+            leaveOldest();
+        if (!m_times.empty() && !(m_newest < time))
+            ++m_steps;
         m_times.push_back(time);
         m_newest = time;
-        m_version = ++s_lastVersion;
+        m_changed = true;
     }
 
     void clear()
     {
         m_times.clear();
         m_steps = 0;
-        m_version = ++s_lastVersion;
+        m_changed = true;
     }
 
 private:
+    //! Of a full ring, before it takes one more.
+    void leaveOldest()
+    {
+        // A ring for one never has a step.
+        if (m_times.size() <= 1)
+            m_times.clear();
+        else if (!(m_times[0] < m_times[1]))
+            --m_steps;
+    }
+
     SampleRing m_times;
     // Valid while there are any.
     double m_newest = 0.0;
     // How many stamps are not greater than the one before; a NaN is not.
     int m_steps = 0;
-    quint64 m_version = ++s_lastVersion;
+    mutable bool m_changed = true;
+    mutable quint64 m_version = 0;
     inline static quint64 s_lastVersion = 0;
 };
 

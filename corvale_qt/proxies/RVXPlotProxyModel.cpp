@@ -99,13 +99,19 @@ QModelIndex RVXPlotProxyModel::parent(const QModelIndex &) const
 int RVXPlotProxyModel::rowCount(const QModelIndex &parent) const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->items ? d->items->rowCount(mapToSource(parent)) : 0;
+    if (!d->items)
+        return 0;
+    // Asked for each reading, and hardly ever of a cell.
+    return d->items->rowCount(parent.isValid() ? mapToSource(parent) : QModelIndex());
 }
 
 int RVXPlotProxyModel::columnCount(const QModelIndex &parent) const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->items ? d->items->columnCount(mapToSource(parent)) : 0;
+    if (!d->items)
+        return 0;
+    // Asked for each reading, and hardly ever of a cell.
+    return d->items->columnCount(parent.isValid() ? mapToSource(parent) : QModelIndex());
 }
 
 bool RVXPlotProxyModel::dropMimeData(const QMimeData *data,

@@ -173,7 +173,11 @@ void RunningAverages::resize(int column, int rows)
 {
     SampleRing &ring = m_rings[column - 1];
     const int added = rows - int(ring.size());
-    ring.resize(SampleRing::size_type(rows));
+    // The usual case, one reading more, is worth its own call.
+    if (added == 1)
+        ring.push_back(0.0);
+    else
+        ring.resize(SampleRing::size_type(rows));
     m_taken[size_t(column - 1)] += added;
     // The next ones get the names of those that leave.
     if (added < 0)

@@ -165,8 +165,9 @@ bool UnitTraits::isPlain(const MeasurementUnit &unit)
 {
     if (isExactly<MeasurementUnit>(unit))
         return true;
+    const MeasurementUnitType type = unit.type();
     for (const Known &each : units) {
-        if (each.type == unit.type())
+        if (each.type == type)
             return each.isClassOf(unit);
     }
     return false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/NumberText_p.h"
+#include "corvale_qt/units/QuickNumber_p.h"
 
 #include <algorithm>
 #include <charconv>
@@ -75,6 +76,14 @@ std::chars_format formatOf(char format)
     }
 }
 
+//! The end of a text that is certain, or null.
+char *writeQuickly(char *to, double value, char format, int precision)
+{
+    if (format == 'f')
+        return writeFixed(to, value, precision);
+    return format == 'e' && value != 0.0 ? writeExponent(to, value, precision) : nullptr;
+}
+
 } // namespace
 
 void appendNumber(QByteArray &text, double value, char format, int precision)
@@ -83,11 +92,16 @@ void appendNumber(QByteArray &text, double value, char format, int precision)
         text.append(QByteArray::number(value, format, precision));
         return;
     }
+    char buffer[64];
+    static_assert(sizeof buffer >= quickNumberRoom);
+    if (const char *const end = writeQuickly(buffer, value, format, precision)) {
+        text.append(buffer, int(end - buffer));
+        return;
+    }
     // A hair beyond the tie is rounded the way Qt rounds the tie.
     const double beyond = std::copysign(HUGE_VAL, value);
     const double written =
         mayBeTie(value, format, precision) ? std::nextafter(value, beyond) : value;
-    char buffer[64];
     const auto end =
         std::to_chars(buffer, buffer + sizeof buffer, written, formatOf(format), precision);
     text.append(buffer, int(end.ptr - buffer));

@@ -25,6 +25,7 @@ void tst_NumberText::textsAreQts_data()
     QTest::newRow("value in files") << 'g' << 6;
     QTest::newRow("time in tables") << 'e' << 3;
     QTest::newRow("current in tables") << 'f' << 4;
+    QTest::newRow("most decimals of the exponent form") << 'e' << 9;
     QTest::newRow("no decimals") << 'f' << 0;
     QTest::newRow("no decimals of the exponent form") << 'e' << 0;
     QTest::newRow("more than the fast way takes") << 'e' << 17;
@@ -49,6 +50,17 @@ void tst_NumberText::textsAreQts()
                            123456.5,
                            0.5,
                            2.5,
+                           // Rounded up to one digit more, and just not.
+                           9.9996,
+                           9.9995,
+                           0.99994999999999,
+                           99999.5,
+                           // Beside powers of ten.
+                           std::nextafter(1000.0, 0.0),
+                           std::nextafter(1000.0, 1e9),
+                           std::nextafter(1e-3, 0.0),
+                           1e-13,
+                           1e22,
                            std::numeric_limits<double>::infinity(),
                            std::numeric_limits<double>::quiet_NaN(),
                            std::numeric_limits<double>::max(),

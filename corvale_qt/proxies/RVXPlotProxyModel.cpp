@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
 
+#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
 #include "corvale_qt/proxies/SourceRelay_p.h"
@@ -19,6 +20,9 @@ public:
     // One object, found from both sides once.
     QAbstractItemModel *items = nullptr;
     RVXAbstractPlotDataModel *plot = nullptr;
+    // A host's model may make indexes of cells that it does not have, and a host's proxy may have less than its
+    // source; the library's own do not.
+    bool checksIndexes = true;
 
 private:
     QMetaObject::Connection destroyed;
@@ -35,6 +39,7 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
     plot = newPlot;
+    checksIndexes = !PlotColumns::of(newPlot) || !PlotColumns::of(q);
     connectSource(items, q);
     destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
         sourceDestroyed();
@@ -86,7 +91,8 @@ const RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel() const
 QModelIndex RVXPlotProxyModel::index(int row, int column, const QModelIndex &parent) const
 {
     Q_D(const RVXPlotProxyModel);
-    if (!hasIndex(row, column, parent))
+    // To check costs more with each proxy below.
+    if (!d->items || (d->checksIndexes && !hasIndex(row, column, parent)))
         return QModelIndex();
     return mapFromSource(d->items->index(row, column, mapToSource(parent)));
 }

@@ -105,13 +105,20 @@ void ColumnImage::carryOver(int colour)
 
 void ColumnImage::draw(QPainter *painter, const QPoint &at)
 {
-    // A band at a time: this form is four times as large, and is still near the processor when it is drawn.
-    if (m_band.width() != m_size.width())
-        m_band = QImage(m_size.width(), side, QImage::Format_ARGB32_Premultiplied);
-    for (int top = m_used.top; top <= m_used.bottom; top += side) {
-        const Rows rows{top, std::min(top + side - 1, m_used.bottom)};
+    // A painter centres lines on their coordinates: where pixels are finer, half of a line lies before.
+    const bool finer = painter->device()->devicePixelRatioF() > 1.0;
+    const QPointF corner = finer ? at - QPointF(0.5, 0.5) : QPointF(at);
+    // A band at a time: this form is four times as large, and is still near the processor when it is drawn. Where the
+    // edges of bands may fall between pixels, all of it at once.
+    const int height = finer ? m_used.count() : side;
+    if (m_band.width() != m_size.width() || m_band.height() < height)
+        m_band = QImage(m_size.width(), height, QImage::Format_ARGB32_Premultiplied);
+    for (int top = m_used.top; top <= m_used.bottom; top += height) {
+        const Rows rows{top, std::min(top + height - 1, m_used.bottom)};
         fillBand(rows);
-        painter->drawImage(at + QPoint(0, top), m_band, QRect(0, 0, m_size.width(), rows.count()));
+        painter->drawImage(corner + QPointF(0, top),
+                           m_band,
+                           QRectF(0, 0, m_size.width(), rows.count()));
     }
 }
 
@@ -121,12 +128,14 @@ void ColumnImage::fillBand(const Rows &rows)
     const int stride = strideOf(m_band);
     const QRgb *const colours = m_colours.constData();
     const uchar *const pixels = m_pixels.constData() + rows.top;
-    const int count = rows.count();
-    for (int left = 0; left < m_size.width(); left += side) {
-        const int right = std::min(left + side, m_size.width());
-        for (int row = 0; row < count; ++row) {
-            for (int column = left; column < right; ++column)
-                band[row * stride + column] = colours[pixels[column * m_size.height() + row]];
+    for (int top = 0; top < rows.count(); top += side) {
+        const int bottom = std::min(top + side, rows.count());
+        for (int left = 0; left < m_size.width(); left += side) {
+            const int right = std::min(left + side, m_size.width());
+            for (int row = top; row < bottom; ++row) {
+                for (int column = left; column < right; ++column)
+                    band[row * stride + column] = colours[pixels[column * m_size.height() + row]];
+            }
         }
     }
 }

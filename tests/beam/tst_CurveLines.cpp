@@ -172,6 +172,8 @@ private Q_SLOTS:
     void penThatBlends();
     void orderOfCurvesInALayer();
     void moreColoursThanALayerHolds();
+    void onFinerPixels_data();
+    void onFinerPixels();
 };
 
 void tst_CurveLines::denseIsEverySegment_data()
@@ -465,6 +467,46 @@ void tst_CurveLines::moreColoursThanALayerHolds()
     for (int row = 0; row < canvas.height(); ++row)
         colours.insert(gathered.pixel(10, row));
     QVERIFY2(colours.size() > 256, qPrintable(QString::number(colours.size())));
+}
+
+void tst_CurveLines::onFinerPixels_data()
+{
+    QTest::addColumn<double>("ratio");
+    QTest::newRow("two device pixels") << 2.0;
+    QTest::newRow("three") << 3.0;
+    QTest::newRow("one and a half") << 1.5;
+}
+
+void tst_CurveLines::onFinerPixels()
+{
+    // A painter has its own corners there; but a layer must lie where it would, and have no seams.
+    QFETCH(double, ratio);
+    RVXSingleChannelDataModel model;
+    feed(model, Signal());
+    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QImage image(ratio * canvas, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        RVXDiscontinuousPlotCurve curve;
+        curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        curve.setLayer(layer);
+        curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+        if (layer)
+            layer->flush(&painter);
+        return image;
+    };
+    CurveLayer layer;
+    const QImage plain = picture(nullptr);
+    QImage empty(plain.size(), plain.format());
+    empty.fill(Qt::black);
+    const int lit = differingPixels(plain, empty);
+    const int different = differingPixels(picture(&layer), plain);
+    QVERIFY(lit > 100000);
+    QVERIFY2(different < lit / 100, qPrintable(QStringLiteral("%1 of %2").arg(different).arg(lit)));
 }
 
 CORVALE_QT_TEST_MAIN(tst_CurveLines)

@@ -42,13 +42,18 @@ QImage emptyCanvas()
     return image;
 }
 
+QPen yellowPen()
+{
+    return QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+}
+
 // The promise itself: each pair of neighbouring samples is a line of its own, a lonely sample a point.
 QImage
 everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const QwtScaleMap &y)
 {
     QImage image = emptyCanvas();
     QPainter painter(&image);
-    painter.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter.setPen(yellowPen());
     const int count = int(series.size());
     const auto isMissing = [&](int i) {
         if (i < 0 || i >= count)
@@ -74,6 +79,13 @@ everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const Q
 class Curve : public RVXDiscontinuousPlotCurve
 {
 public:
+    Curve() { setPen(yellowPen()); }
+    explicit Curve(const RVXSeriesData &series)
+        : Curve()
+    {
+        setSamples(new RVXSeriesData(series));
+    }
+
     QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
     {
         QImage image = emptyCanvas();
@@ -98,6 +110,12 @@ private:
 // Qwt's own way to draw the same samples.
 struct Stock : QwtPlotCurve
 {
+    Stock()
+    {
+        setPen(yellowPen());
+        setPaintAttribute(FilterPoints, false);
+    }
+
     QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
     {
         QImage image = emptyCanvas();
@@ -233,9 +251,7 @@ void tst_CurveLines::denseIsEverySegment()
     feed(model, signal);
     const int last = model.rowCount() - 1;
     const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    curve.setSamples(new RVXSeriesData(series));
+    Curve curve(series);
     const double from = model.doubleData(1, 0);
     const double to = model.doubleData(last, 0);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
@@ -258,9 +274,7 @@ void tst_CurveLines::anAxisTurnedRound()
     RVXSingleChannelDataModel model;
     feed(model, Signal());
     const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    curve.setSamples(new RVXSeriesData(series));
+    Curve curve(series);
     const QwtScaleMap x = scaleMap(21001.0, 1001.0, 0.0, 999.0);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 0.0, 599.0);
     QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
@@ -276,9 +290,7 @@ void tst_CurveLines::partOfTheBuffer()
     model.SetUnits(&mA);
     RVXSeriesData series(model, 1, 20000, 26000);
     series.setScale(700.0);
-    Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    curve.setSamples(new RVXSeriesData(series));
+    Curve curve(series);
     const QwtScaleMap x = scaleMap(21010.0, 26990.0, 0.0, 999.0);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
@@ -289,7 +301,6 @@ void tst_CurveLines::newDataUnderTheSameColumns()
     // Two channels share a chart's columns; what is kept for the second must not outlive the data.
     RVXSingleChannelDataModel model;
     Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     const QwtScaleMap x = scaleMap(0.0, 9999.0, 0.0, 999.0);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     for (double bend : {1.0, 2.0, 3.0}) {
@@ -315,9 +326,7 @@ void tst_CurveLines::hostsNumbers()
     Halved model;
     feed(model, Signal());
     const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    curve.setSamples(new RVXSeriesData(series));
+    Curve curve(series);
     const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
@@ -337,8 +346,6 @@ void tst_CurveLines::sparseIsQwtsOwn()
         Stock stock;
         for (QwtPlotCurve *each :
              {static_cast<QwtPlotCurve *>(&curve), static_cast<QwtPlotCurve *>(&stock)}) {
-            each->setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-            each->setPaintAttribute(QwtPlotCurve::FilterPoints, false);
             each->setPaintAttribute(QwtPlotCurve::ClipPolygons, clipped);
             each->setSamples(new RVXSeriesData(model, 1, 1, -1));
         }
@@ -351,12 +358,8 @@ void tst_CurveLines::newDataUnderTheSamePositions()
     RVXSingleChannelDataModel model;
     Curve curve;
     Stock stock;
-    for (QwtPlotCurve *each :
-         {static_cast<QwtPlotCurve *>(&curve), static_cast<QwtPlotCurve *>(&stock)}) {
-        each->setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-        each->setPaintAttribute(QwtPlotCurve::FilterPoints, false);
-        each->setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
-    }
+    curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
+    stock.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
     const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     for (double bend : {1.0, 2.0, 3.0}) {
         model.Clear();
@@ -377,9 +380,7 @@ void tst_CurveLines::lonelySamplesAreSeen()
     RVXSingleChannelDataModel model;
     for (int i = 1; i <= 30; ++i)
         model.AddData(i, i % 2 == 0 ? 0.5 : notANumber);
-    Curve curve;
-    curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+    Curve curve(RVXSeriesData(model, 1, 1, -1));
     const QwtScaleMap x = scaleMap(1.0, 30.0, 10.0, 990.0);
     const QwtScaleMap y = scaleMap(0.0, 1.0, 599.0, 0.0);
     const QImage picture = curve.draw(x, y);
@@ -491,7 +492,7 @@ void tst_CurveLines::onFinerPixels()
         image.fill(Qt::black);
         QPainter painter(&image);
         RVXDiscontinuousPlotCurve curve;
-        curve.setPen(QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        curve.setPen(yellowPen());
         curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
         curve.setLayer(layer);
         curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));

@@ -14,7 +14,8 @@ endfunction()
 # forwarding header for each class named.
 function(corvale_qt_public_header header)
   get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
-  install(FILES ${header} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt/${folder}")
+  install(FILES ${header}
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt/${folder}" COMPONENT development)
   foreach(class IN LISTS ARGN)
     corvale_qt_forwarding_header(${class} "\"corvale_qt/${folder}/${header}\"")
   endforeach()
@@ -25,7 +26,8 @@ endfunction()
 function(corvale_qt_forwarding_header class included)
   set(forward "${PROJECT_BINARY_DIR}/include/corvale_qt/${class}")
   file(CONFIGURE OUTPUT "${forward}" CONTENT "#include ${included}\n")
-  install(FILES "${forward}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt")
+  install(FILES "${forward}"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt" COMPONENT development)
 endfunction()
 
 # corvale_qt_private(File ...): sources and private headers of the calling folder.

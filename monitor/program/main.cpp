@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -45,6 +46,14 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
 }
 
+//! What a desktop shows beside the name.
+void dressApplication()
+{
+    QGuiApplication::setDesktopFileName(QStringLiteral("corvale-monitor"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("corvale-monitor"),
+                                                 QIcon(":/monitor/corvale-monitor.svg")));
+}
+
 //! Without one, the toolkit would end the program with a core dump.
 bool hasDisplay()
 {
@@ -65,6 +74,7 @@ int runOnScreen(const CommandLine &commandLine, char **argv)
     int qtArguments = 1;
     QtSingleApplication application(settings, qtArguments, argv);
     nameApplication();
+    dressApplication();
     if (application.sendMessage(commandLine.source)) {
         std::fprintf(
             stderr,

@@ -202,12 +202,17 @@ CurveLines::CurveLines(QPainter *painter,
 
 void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
 {
-    const double columns = std::max(m_canvasRect.width(), 1.0);
-    const bool dense = to - from + 1 > denseSamples * columns;
-    if (dense && drawsWholePixels())
+    if (isDense(to - from + 1) && drawsWholePixels())
         drawRuns(series, from, to);
     else
         drawPolylines(series, from, to);
+}
+
+bool CurveLines::isDense(int samples) const
+{
+    const bool finer = m_painter->device()->devicePixelRatioF() > 1.0;
+    const double columns = std::max(m_canvasRect.width(), 1.0);
+    return samples > (finer ? denseSamplesOnFinerPixels : denseSamples) * columns;
 }
 
 bool CurveLines::drawsWholePixels() const

@@ -29,7 +29,9 @@ class CurveLines
 {
 public:
     //! From how many samples a pixel column on they are drawn as runs.
-    static constexpr int denseSamples = 2;
+    static constexpr double denseSamples = 2.0;
+    //! The same with more device pixels than one to a pixel, where a line is a polygon to the painter.
+    static constexpr double denseSamplesOnFinerPixels = 1.0;
 
     CurveLines(QPainter *painter,
                const QwtScaleMap &xMap,
@@ -44,6 +46,7 @@ public:
     void draw(const QwtSeriesData<QPointF> &series, int from, int to);
 
 private:
+    bool isDense(int samples) const;
     bool drawsWholePixels() const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);

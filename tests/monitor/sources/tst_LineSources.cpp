@@ -278,7 +278,8 @@ void tst_LineSources::aBusyPortIsTriedAgain()
 void tst_LineSources::serialPort()
 {
     const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
-    QVERIFY(master >= 0);
+    if (master < 0)
+        QSKIP("there are no pseudo-terminals here");
     QCOMPARE(::grantpt(master), 0);
     QCOMPARE(::unlockpt(master), 0);
     const QString device = QString::fromLocal8Bit(::ptsname(master));

@@ -129,14 +129,21 @@ void MonitorWindow::restoreLayout()
 void MonitorWindow::restoreView(const StreamHeader &header)
 {
     m_views->showView(m_settings.view(header.layout));
+    // Once: what the operator puts back stays there when the source begins anew.
+    if (m_arranged.contains(header.layout))
+        return;
+    m_arranged.append(header.layout);
+    m_views->restoreWindows(m_settings.windows(header.layout));
 }
 
 void MonitorWindow::saveLayout()
 {
     m_settings.setLayout(saveGeometry(), saveState());
     const StreamHeader &header = m_session.model().header();
-    if (!header.channels.isEmpty())
-        m_settings.setView(header.layout, m_views->currentView());
+    if (header.channels.isEmpty())
+        return;
+    m_settings.setView(header.layout, m_views->currentView());
+    m_settings.setWindows(header.layout, m_views->windows());
 }
 
 void MonitorWindow::closeEvent(QCloseEvent *event)

@@ -48,6 +48,8 @@ private:
     ViewTabs *m_views;
     QVBoxLayout *m_centre = nullptr;
     QMenu *m_viewMenu = nullptr;
+    //! The layouts whose displays were put where they stood.
+    QVector<Layout> m_arranged;
 };
 
 } // namespace Monitor

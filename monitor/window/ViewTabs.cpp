@@ -131,18 +131,40 @@ bool ViewTabs::showView(const QString &name)
 {
     for (const auto &[scopeView, mode] : scopeViews) {
         if (scopeView == name) {
+            popIn(m_scope);
             setCurrentWidget(m_scope);
             m_scope->SetPlotMode(mode);
             return true;
         }
     }
     for (QWidget *page : displays()) {
-        if (page->objectName() == name && indexOf(page) >= 0) {
+        const bool isThere = indexOf(page) >= 0 || isPoppedOut(page);
+        if (page->objectName() == name && isThere) {
+            popIn(page);
             setCurrentWidget(page);
             return true;
         }
     }
     return false;
+}
+
+QMap<QString, QByteArray> ViewTabs::windows() const
+{
+    QMap<QString, QByteArray> windows;
+    for (const QWidget *page : poppedOutPages())
+        windows.insert(page->objectName(), page->window()->saveGeometry());
+    return windows;
+}
+
+void ViewTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
+{
+    for (auto window = windows.begin(); window != windows.end(); ++window) {
+        QWidget *page = findChild<QWidget *>(window.key());
+        if (indexOf(page) < 0)
+            continue;
+        popOut(indexOf(page));
+        page->window()->restoreGeometry(window.value());
+    }
 }
 
 QString ViewTabs::currentView() const

@@ -6,6 +6,8 @@
 #include "monitor/window/SpotLayers.h"
 #include <corvale_qt/widgets/RVXPopOutTabWidget.h>
 
+#include <QMap>
+
 namespace Corvale_Qt {
 class RVXScope;
 class SpotMapWidget;
@@ -29,8 +31,13 @@ public:
     QWidget *viewInUse() const;
     //! The name that showView() knows the tab in front by.
     QString currentView() const;
-    //! Turns to strip, scope, histogram, profile, position or spots; false where there is no such view now.
+    /*! Turns to strip, scope, histogram, profile, position or spots, and fetches it back from a window of its own;
+        false where there is no such view now. */
     bool showView(const QString &name);
+    //! The displays that stand in windows of their own, by name, each with the place and size of its window.
+    QMap<QString, QByteArray> windows() const;
+    //! Takes them out again, as far as they are there.
+    void restoreWindows(const QMap<QString, QByteArray> &windows);
     //! Whether the view that is shown has shown data of this stream.
     bool hasDrawn() const;
 

@@ -27,6 +27,11 @@ QString viewKey(Layout layout)
     return QStringLiteral("Monitor/view-") + layoutName(layout);
 }
 
+QString windowsKey(Layout layout)
+{
+    return QStringLiteral("Monitor/windows-") + layoutName(layout);
+}
+
 } // namespace
 
 WindowSettings::WindowSettings(const QString &file)
@@ -84,6 +89,25 @@ QString WindowSettings::view(Layout layout) const
 void WindowSettings::setView(Layout layout, const QString &view)
 {
     setValue(viewKey(layout), view);
+}
+
+QMap<QString, QByteArray> WindowSettings::windows(Layout layout) const
+{
+    QMap<QString, QByteArray> windows;
+    const QStringList entries =
+        value(windowsKey(layout)).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &entry : entries)
+        windows.insert(entry.section(QLatin1Char(':'), 0, 0),
+                       fromText(entry.section(QLatin1Char(':'), 1)));
+    return windows;
+}
+
+void WindowSettings::setWindows(Layout layout, const QMap<QString, QByteArray> &windows)
+{
+    QStringList entries;
+    for (auto window = windows.begin(); window != windows.end(); ++window)
+        entries.append(window.key() + QLatin1Char(':') + toText(window.value()));
+    setValue(windowsKey(layout), entries.join(QLatin1Char(' ')));
 }
 
 QVariant WindowSettings::value(const QString &key) const

@@ -4,6 +4,7 @@
 #include "monitor/readings/StreamHeader.h"
 
 #include <QByteArray>
+#include <QMap>
 
 #include <memory>
 
@@ -36,6 +37,10 @@ public:
     //! The view that was last shown of readings of that layout; empty for none.
     QString view(Layout layout) const;
     void setView(Layout layout, const QString &view);
+
+    //! The displays that stood in windows of their own, by name, each with the place and size of its window.
+    QMap<QString, QByteArray> windows(Layout layout) const;
+    void setWindows(Layout layout, const QMap<QString, QByteArray> &windows);
 
 private:
     QVariant value(const QString &key) const;

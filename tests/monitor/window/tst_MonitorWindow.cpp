@@ -78,6 +78,7 @@ private Q_SLOTS:
     void aSourceThatIsNotUnderstoodShowsWhatItSaid();
     void theHintGoesForGood();
     void theLayoutIsKept();
+    void windowsOfTheirOwnComeBack();
     void recordingShowsWhereAndHowMuch();
     void picturesOfTheView();
     void textsFromOutsideAreNoMarkup();
@@ -272,6 +273,34 @@ void tst_MonitorWindow::theLayoutIsKept()
         QVERIFY(window.findChild<QDockWidget *>(QStringLiteral("log"))->isVisible());
         QCOMPARE(window.views().currentView(), QStringLiteral("position"));
     }
+}
+
+void tst_MonitorWindow::windowsOfTheirOwnComeBack()
+{
+    const QString file = settings("windows.xui");
+    const QRect place(60, 70, 620, 510);
+    {
+        WindowInTest w(file);
+        w.source->begin(Layout::Strips, 64);
+        w.window.views().popOut(1);
+        w.window.views().poppedOutPages().first()->window()->setGeometry(place);
+        w.window.close();
+    }
+    WindowInTest w(file);
+    ViewTabs &views = w.window.views();
+    w.source->begin(Layout::Channels, 4); // which has no such display
+    QCOMPARE(views.poppedOutPages().size(), 0);
+    w.source->begin(Layout::Strips, 64);
+    QCOMPARE(w.tabs(), QStringList({"Scope", "Position"}));
+    QCOMPARE(views.poppedOutPages().size(), 1);
+    QCOMPARE(views.poppedOutPages().first()->objectName(), QStringLiteral("profile"));
+    QCOMPARE(views.poppedOutPages().first()->window()->size(), place.size());
+
+    // To ask for it fetches it back; and there it stays when the source begins anew.
+    QVERIFY(views.showView(QStringLiteral("profile")));
+    QCOMPARE(views.currentView(), QStringLiteral("profile"));
+    w.source->begin(Layout::Strips, 64);
+    QCOMPARE(views.poppedOutPages().size(), 0);
 }
 
 void tst_MonitorWindow::recordingShowsWhereAndHowMuch()

@@ -14,11 +14,17 @@ constexpr int kChunk = 1024;
 template<typename Condition>
 int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
 {
+    // A read through proxies costs as much as a few steps in memory.
+    ColumnSpans memory;
+    const bool isInMemory = reader.spans(0, rows.first, rows.size(), memory);
+    const auto x = [&](int row) {
+        return isInMemory ? memory.value(row - rows.first) : sampleX(reader, row);
+    };
     int first = rows.first;
     int count = rows.size();
     while (count > 0) {
         const int half = count / 2;
-        if (condition(sampleX(reader, first + half))) {
+        if (condition(x(first + half))) {
             count = half;
         } else {
             first += half + 1;

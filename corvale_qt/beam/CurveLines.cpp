@@ -54,6 +54,16 @@ public:
     int count() const { return m_count; }
     double x(int i) const { return m_x.value(i); }
     double y(int i) const { return shown(m_y.stored(i)); }
+    //! What is shown of \a count samples from \a first on.
+    void values(int first, int count, double *out) const
+    {
+        const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
+        for (int i = 0; i < inFirst; ++i)
+            out[i] = shown(m_y.piece[0][first + i]);
+        const int skipped = first - m_y.size[0];
+        for (int i = inFirst; i < count; ++i)
+            out[i] = shown(m_y.piece[1][skipped + i]);
+    }
     //! What becomes of a number in memory.
     double shown(double stored) const
     {
@@ -110,6 +120,14 @@ void toWholePixels(QPolygonF &points)
 {
     for (QPointF &point : points)
         point = QPointF(pixelOf(point.x()), pixelOf(point.y()));
+}
+
+bool areFinite(const double *values, int count)
+{
+    double nothing = 0.0;
+    for (int i = 0; i < count; ++i)
+        nothing += values[i] - values[i];
+    return nothing == 0.0;
 }
 
 bool isFinite(double x, double y)
@@ -271,12 +289,22 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     const SeriesColumns columns = SeriesColumns::of(&series);
     const SeriesSpans spans(columns, from, to);
     if (spans.areFound()) {
-        const double *positions = scratch().positions.find(spans.storedX(),
-                                                           columns.columns->xVersion(),
-                                                           m_xMap,
-                                                           m_aligned);
-        for (int i = 0; i < spans.count(); ++i)
-            add(positions[i], spans.y(i));
+        XPositions &found = scratch().positions;
+        const double *positions =
+            found.find(spans.storedX(), columns.columns->xVersion(), m_xMap, m_aligned);
+        constexpr int chunk = 256;
+        double y[chunk];
+        for (int first = 0; first < spans.count(); first += chunk) {
+            const int count = std::min(chunk, spans.count() - first);
+            spans.values(first, count, y);
+            if (found.areFinite() && areFinite(y, count)) {
+                place(positions + first, y, count, end);
+                end += count;
+                continue;
+            }
+            for (int i = 0; i < count; ++i)
+                add(positions[first + i], y[i]);
+        }
     } else {
         forEachSample(series, from, to, [&](double x, double y) {
             const double position = m_xMap.transform(x);
@@ -285,6 +313,18 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
         });
     }
     drawPolyline(begin, int(end - begin));
+}
+
+//! Where samples are, all of them finite.
+void CurveLines::place(const double *positions, const double *y, int count, QPointF *points) const
+{
+    if (m_aligned) {
+        for (int i = 0; i < count; ++i)
+            points[i] = QPointF(positions[i], pixelOf(m_yMap, y[i]));
+    } else {
+        for (int i = 0; i < count; ++i)
+            points[i] = QPointF(positions[i], m_yMap.transform(y[i]));
+    }
 }
 
 void CurveLines::drawPolyline(const QPointF *points, int count) const

@@ -50,6 +50,7 @@ private:
     bool drawsWholePixels() const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
+    void place(const double *positions, const double *y, int count, QPointF *points) const;
     void drawPolyline(const QPointF *points, int count) const;
 
     QPainter *m_painter;

@@ -32,12 +32,14 @@ XPositions::find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, 
         return m_positions.constData();
     m_request = map.transformation() ? Request() : request;
     m_positions.resize(x.count());
+    m_finite = true;
     for (int i = 0; i < m_positions.size(); ++i) {
         const double value = x.value(i);
         if (!std::isfinite(value))
             m_positions[i] = std::numeric_limits<double>::quiet_NaN();
         else
             m_positions[i] = whole ? pixelOf(map, value) : map.transform(value);
+        m_finite = m_finite && std::isfinite(m_positions[i]);
     }
     return m_positions.constData();
 }

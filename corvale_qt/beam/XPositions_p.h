@@ -24,6 +24,8 @@ public:
     /*! Of all samples of \a x, in pixels, rounded as Qwt rounds if \a whole; a NaN for what is not finite.
         \a version tells when x has changed (0: always). Good until the next call. */
     const double *find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, bool whole);
+    //! Whether all of those found last are finite.
+    bool areFinite() const { return m_finite; }
 
 private:
     struct Request
@@ -39,6 +41,7 @@ private:
 
     Request m_request;
     QVector<double> m_positions;
+    bool m_finite = false;
 };
 
 } // namespace Corvale_Qt

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "tests/support/BufferModel.h"
@@ -65,6 +66,7 @@ private Q_SLOTS:
     void refusedSources();
     void everySignalIsPassedOn_data();
     void everySignalIsPassedOn();
+    void indexesOfCellsThatAreNotThere();
     void hooksRunBeforeTheEndSignal();
     void persistentIndexesFollowTheirSamples();
     void selectionsAndMatches();
@@ -184,6 +186,50 @@ void tst_RVXPlotProxyModel::everySignalIsPassedOn()
     // The tester does not take an insertion around a removal from any model.
     if (!announced.contains("insert 4-4?, remove 1-1?"))
         QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXPlotProxyModel::indexesOfCellsThatAreNotThere()
+{
+    // Makes any index that it is asked for.
+    struct CarelessModel : RVXSingleChannelDataModel
+    {
+        QModelIndex index(int row, int column, const QModelIndex &) const override
+        {
+            return createIndex(row, column);
+        }
+    };
+    struct ShorterProxy : RVXZeroingProxyModel
+    {
+        int rowCount(const QModelIndex &) const override { return 2; }
+    };
+    CarelessModel careless;
+    RVXSingleChannelDataModel model;
+    for (RVXSingleChannelDataModel *each :
+         {static_cast<RVXSingleChannelDataModel *>(&careless), &model}) {
+        for (int i = 1; i <= 3; ++i)
+            each->AddData(i, i);
+    }
+    RVXZeroingProxyModel overCareless;
+    overCareless.setSourceModel(&careless);
+    RVXZeroingProxyModel plain;
+    plain.setSourceModel(&model);
+    RVXZeroingProxyModel onTop;
+    onTop.setSourceModel(&plain);
+    ShorterProxy shorter;
+    shorter.setSourceModel(&model);
+    for (const QAbstractItemModel *proxy : {static_cast<QAbstractItemModel *>(&overCareless),
+                                            static_cast<QAbstractItemModel *>(&plain),
+                                            static_cast<QAbstractItemModel *>(&onTop),
+                                            static_cast<QAbstractItemModel *>(&shorter)}) {
+        const int rows = proxy->rowCount(QModelIndex());
+        const QModelIndex last = proxy->index(rows - 1, 1, QModelIndex());
+        QCOMPARE(last.model(), proxy);
+        QVERIFY(!proxy->index(rows, 1, QModelIndex()).isValid());
+        QVERIFY(!proxy->index(0, 2, QModelIndex()).isValid());
+        QVERIFY(!proxy->index(-1, 0, QModelIndex()).isValid());
+        QVERIFY(!proxy->index(0, -1, QModelIndex()).isValid());
+        QVERIFY(!proxy->index(0, 0, last).isValid());
+    }
 }
 
 void tst_RVXPlotProxyModel::hooksRunBeforeTheEndSignal()

@@ -296,12 +296,24 @@ private Q_SLOTS:
         display.widget.sidebarEnabled(false);
         display.feed(Frames::strips(15, 3, 15, 3));
         int narrowest = 1000;
+        // A host may allow what the form does not.
+        display.widget.findChild<QWidget *>("frame_plot")->setMinimumSize(0, 0);
         for (int width = 400; width >= 20; --width) {
             display.widget.resize(width, 400);
             display.canvas(); // paints it
             narrowest = std::min(narrowest, display.plot->canvas()->width());
         }
         QVERIFY(narrowest < 10);
+    }
+
+    void theNarrowestDisplayShowsItsRaster()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        display.feed(Frames::strips(15, 3, 15, 3));
+        display.widget.resize(1, 400);
+        display.canvas();
+        QVERIFY(display.plot->canvas()->width() > 60);
     }
 
     void theSideBarShowsAllOfItself()

@@ -29,6 +29,8 @@ public:
     {
     }
 
+    void setUpGroups();
+    void enableEditors();
     void nameStoredControls();
     int peaks() const { return ui.peaksEdit->currentText().toInt(); }
     QVector<double> cogParameters() const;

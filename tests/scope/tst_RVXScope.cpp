@@ -473,12 +473,6 @@ void tst_RVXScope::tabOrder()
             "averagingCombo zeroButton clearZeroButton comboBox_period checkBox_bufferedInterval "
             "buffered_interval_doubleSpinBox"));
     QCOMPARE(panel.focusWidget()->objectName(), QString("plotView"));
-    for (const QString &name : visited) {
-        auto *widget = panel.findChild<QWidget *>(name);
-        auto *button = qobject_cast<QAbstractButton *>(widget);
-        QVERIFY2(!widget->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
-                 qPrintable(name));
-    }
 }
 
 CORVALE_QT_TEST_MAIN(tst_RVXScope)

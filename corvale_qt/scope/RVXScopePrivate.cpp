@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QShortcut>
 
 #include <cmath>
 #include <limits>
@@ -112,21 +112,10 @@ void RVXScopePrivate::connectControls()
     QObject::connect(zeroing, &QAbstractItemModel::modelReset, q, [this] {
         showZeroed();
     });
-    setUpShortcut(ui.saveButton, QKeySequence(Qt::CTRL + Qt::Key_S));
-    setUpShortcut(ui.clearButton, QKeySequence(Qt::CTRL + Qt::Key_L));
-    setUpShortcut(ui.zeroButton, QKeySequence(Qt::CTRL + Qt::Key_0));
-}
-
-void RVXScopePrivate::setUpShortcut(QAbstractButton *button, const QKeySequence &keys)
-{
-    Q_Q(RVXScope);
-    // Not the button's own shortcut: that would count in the whole window, where another panel may be.
-    auto *shortcut = new QShortcut(keys, q, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    shortcut->setAutoRepeat(false);
-    QObject::connect(shortcut, &QShortcut::activated, button, [button] {
-        if (!button->isHidden())
-            button->click();
-    });
+    auto *shortcuts = new PanelShortcuts(q);
+    shortcuts->add(Qt::Key_S, ui.saveButton);
+    shortcuts->add(Qt::Key_L, ui.clearButton);
+    shortcuts->add(Qt::Key_0, ui.zeroButton);
 }
 
 void RVXScopePrivate::showMode(int mode)

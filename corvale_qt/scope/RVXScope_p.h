@@ -14,8 +14,6 @@
 
 #include <QPointer>
 
-class QKeySequence;
-
 namespace Corvale_Qt {
 
 class RVXScopePrivate
@@ -34,7 +32,6 @@ public:
 
     void setUpButtons();
     void connectControls();
-    void setUpShortcut(QAbstractButton *button, const QKeySequence &keys);
 
     void showMode(int mode);
     bool offerMode(int mode, bool offer);

@@ -30,6 +30,7 @@ QString askForFileName(RVXScope *panel, const QString &folder)
                                                          folder,
                                                          RVXScope::tr("CSV File (*.csv)"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix("csv");
     QString fileName;
     if (dialog->exec() == QDialog::Accepted)
         fileName = dialog->selectedFiles().value(0);

@@ -7,12 +7,15 @@
 #include <QTimer>
 #include <QtTest>
 
-//! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
+//! Works the next dialog that asks where to save data: gives it a name and accepts, or cancels where there is none.
 inline void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
 {
     QTimer::singleShot(0, [=] {
         auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         QVERIFY(dialog);
+        QCOMPARE(dialog->windowTitle(), QString("Save Data File"));
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+        QCOMPARE(dialog->nameFilters(), QStringList("CSV File (*.csv)"));
         if (folderSeen)
             *folderSeen = dialog->directory().path();
         if (fileName.isEmpty()) {

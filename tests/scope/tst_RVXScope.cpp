@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXSpectrogram.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
@@ -266,6 +267,8 @@ void tst_RVXScope::optionalTabs()
     PanelDevice device;
     Panel panel;
     panel.setModel(&device);
+    const auto *profileTitle = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
+    QVERIFY(profileTitle->text() != "DW7/DW9 Plot");
     panel.setSplitEnabled(false); // was never there
     for (int round = 0; round < 2; ++round) {
         QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
@@ -277,6 +280,7 @@ void tst_RVXScope::optionalTabs()
         panel.setSpectrogramEnabled(true);
         QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Position Split [2D]"));
         QCOMPARE(panel.shown(), QString("2D"));
+        QCOMPARE(profileTitle->text(), QString("DW7/DW9 Plot")); // the pixel matrix
 
         panel.setPositionEnabled(false); // those behind it move up, and mean the same
         QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Split [2D]"));

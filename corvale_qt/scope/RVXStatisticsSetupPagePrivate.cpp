@@ -137,11 +137,11 @@ void RVXStatisticsSetupPagePrivate::load(const QVariantList &values)
     applyBoth();
 }
 
-void RVXStatisticsSetupPagePrivate::sync(QSettings &file)
+void RVXStatisticsSetupPagePrivate::sync()
 {
-    file.sync();
-    if (file.status() != QSettings::NoError)
-        qWarning() << "The statistics settings could not be saved to" << file.fileName();
+    if (!settings->sync())
+        qWarning() << "The statistics settings could not be saved to"
+                   << settings->getSettings()->fileName();
 }
 
 void RVXStatisticsSetupPagePrivate::store(const QVector<QWidget *> &controls)
@@ -157,7 +157,7 @@ void RVXStatisticsSetupPagePrivate::store(const QVector<QWidget *> &controls)
     }
     for (const QWidget *control : controls)
         stored.write(*file, userGroup, control);
-    sync(*file);
+    sync();
 }
 
 void RVXStatisticsSetupPagePrivate::storeAll()
@@ -166,7 +166,7 @@ void RVXStatisticsSetupPagePrivate::storeAll()
         return;
     const QSharedPointer<QSettings> file = settings->getSettings();
     stored.writeAll(*file, userGroup);
-    sync(*file);
+    sync();
 }
 
 //! One of the two is switched off and then the other on; both are kept with the second.

@@ -11,8 +11,6 @@
 
 #include <QSharedPointer>
 
-class QSettings;
-
 namespace Corvale_Qt {
 
 class RVXApplicationSettings;
@@ -58,7 +56,7 @@ public:
     QSharedPointer<RVXApplicationSettings> settings;
 
 private:
-    void sync(QSettings &file);
+    void sync();
 };
 
 } // namespace Corvale_Qt

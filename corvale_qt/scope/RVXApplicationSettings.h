@@ -31,9 +31,8 @@ public:
     /*! With \a useApplicationIdentity, \a fileName is a folder: the file in it is named after the application's
         organisation and name (ORGANISATION/APPLICATION.ini or .xui). An application without an organisation's name
         shares the folder "Unknown Organization" with all others of that kind, which a line on the debug stream says.
-        The given folder is then the place of all of the
-        process's user settings in INI format, of those too that the host opens for itself later. Without it,
-        \a fileName is the settings file itself. */
+        The given folder is then the place of all of the process's user settings in INI format, of those too that the
+        host opens for itself later. Without \a useApplicationIdentity, \a fileName is the settings file itself. */
     RVXApplicationSettings(QObject *parent,
                            const QString &fileName,
                            bool useApplicationIdentity,

@@ -102,15 +102,20 @@ private Q_SLOTS:
         QCOMPARE(heard, distinct);
     }
 
-    void namesOfPlotModes()
+    void namesOfTheScopesChoices()
     {
         const std::unique_ptr<QWidget> scope(make<RVXScope>());
+        QStringList names;
+        for (const char *combo : {"scaleYCombo", "averagingCombo", "comboBox_period"})
+            names << nameOf(
+                *QAccessible::queryAccessibleInterface(scope->findChild<QWidget *>(combo)));
+        QCOMPARE(names.join(", "), QString("Y range, Running average, Acquisition period"));
+
         auto *bar = scope->findChild<QTabBar *>("modeSelect");
         bar->setCurrentIndex(1);
-        QCOMPARE(QAccessible::queryAccessibleInterface(bar)->text(QAccessible::Name),
-                 QString("Plot mode: Scope"));
-        QCOMPARE(QAccessible::queryAccessibleInterface(bar)->child(2)->text(QAccessible::Name),
-                 QString("Plot mode: Histogram"));
+        QAccessibleInterface *tabs = QAccessible::queryAccessibleInterface(bar);
+        QCOMPARE(nameOf(*tabs), QString("Plot mode: Scope"));
+        QCOMPARE(nameOf(*tabs->child(2)), QString("Plot mode: Histogram"));
     }
 
 private:

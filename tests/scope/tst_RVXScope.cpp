@@ -45,7 +45,6 @@ private Q_SLOTS:
 
     void modelsComeAndGo();
     void hiddenParts();
-    void derivative();
     void shortcuts();
     void tabOrder();
 };
@@ -80,7 +79,6 @@ void tst_RVXScope::zeroing()
     panel.click("zeroButton");
     device.fill({{2, {6, 7}}});
     QCOMPARE(panel.values(), QString("1: 0 0; 2: 1 0"));
-    QVERIFY(undo->isEnabled());
     QCOMPARE(undo->styleSheet(), QString("background-color:#88ff8a;"));
     undo->setFocus();
     QTest::keyClick(undo, Qt::Key_Space);
@@ -407,16 +405,6 @@ void tst_RVXScope::hiddenParts()
         QString("modeSelect bufferSizeLabel saveButton clearButton configFrame position_frame"));
     panel.set2DEnabled(false);
     QVERIFY(!panel.control("position_frame")->isVisible());
-}
-
-void tst_RVXScope::derivative()
-{
-    Panel panel;
-    panel.show();
-    QCOMPARE(panel.property("derivativeVisible"), QVariant(false));
-    panel.setProperty("derivativeVisible", true);
-    QVERIFY(panel.control("derivativeButton")->isVisible());
-    QVERIFY(panel.isDerivativeVisible());
 }
 
 //! In a window whose own actions have the same keys.

@@ -7,6 +7,8 @@
 #include <QVector>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -26,16 +28,26 @@ public:
 
     bool isZeroed(int row, int column) const;
     double shownZero(int column) const;
-    void sourceChannels(int channels);
+    void takeChannels(int channels);
+    void columnsInserted(int first, int last);
+    void columnsRemoved(int first, int last);
+    void end();
+    void followColumnsOf(const QAbstractItemModel *model);
 
-    const RVXZeroingProxyModel *const q;
-    // For each channel, in the base unit.
+    RVXZeroingProxyModel *const q;
+    // For each channel, in the base unit; channels that were appended since have none.
     QVector<double> zeros;
+    int channels = 0;
     bool active = false;
     RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
 
 private:
+    void announceEnd();
+
+    bool endIsToBeAnnounced = false;
+    std::array<QMetaObject::Connection, 3> sourceColumns;
+
     static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
     static const bool known;
 };
@@ -85,25 +97,81 @@ double RVXZeroingProxyModelPrivate::shownZero(int column) const
     return unit ? unit->scale(zeros[column - 1]) : zeros[column - 1];
 }
 
-void RVXZeroingProxyModelPrivate::sourceChannels(int channels)
+void RVXZeroingProxyModelPrivate::takeChannels(int count)
 {
-    if (channels == zeros.size())
-        return;
-    zeros.resize(channels);
+    if (count != channels) {
+        zeros.resize(count);
+        active = false;
+    }
+    channels = count;
+}
+
+void RVXZeroingProxyModelPrivate::columnsInserted(int first, int last)
+{
+    if (first <= channels)
+        end();
+    channels += last - first + 1;
+}
+
+void RVXZeroingProxyModelPrivate::columnsRemoved(int first, int last)
+{
+    if (first <= zeros.size())
+        end();
+    channels -= last - first + 1;
+}
+
+//! A zero must not stay where another channel moves in.
+void RVXZeroingProxyModelPrivate::end()
+{
+    endIsToBeAnnounced = endIsToBeAnnounced || active;
     active = false;
+}
+
+void RVXZeroingProxyModelPrivate::announceEnd()
+{
+    if (!std::exchange(endIsToBeAnnounced, false))
+        return;
+    q->beginSharedReset();
+    q->endSharedReset();
+}
+
+/*! The end of a zero changes the numbers of all channels, of which views must hear. They hear of the columns first:
+    these connections come after the base's. */
+void RVXZeroingProxyModelPrivate::followColumnsOf(const QAbstractItemModel *model)
+{
+    for (const QMetaObject::Connection &connection : sourceColumns)
+        QObject::disconnect(connection);
+    if (!model)
+        return;
+    const auto announce = [this] {
+        announceEnd();
+    };
+    sourceColumns = {QObject::connect(model, &QAbstractItemModel::columnsInserted, q, announce),
+                     QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, announce),
+                     QObject::connect(model, &QAbstractItemModel::columnsMoved, q, announce)};
 }
 
 RVXZeroingProxyModel::RVXZeroingProxyModel(QObject *parent)
     : RVXPlotProxyModel(parent)
     , d_ptr(new RVXZeroingProxyModelPrivate(this))
 {
-    // A zero must not stay where another channel moves in. Connected first, this runs before any view asks.
-    const auto forget = [this] {
-        d_func()->active = false;
-    };
-    connect(this, &QAbstractItemModel::columnsInserted, this, forget);
-    connect(this, &QAbstractItemModel::columnsRemoved, this, forget);
-    connect(this, &QAbstractItemModel::columnsMoved, this, forget);
+    // Connected first, these run before any view asks for a number.
+    Q_D(RVXZeroingProxyModel);
+    connect(this,
+            &QAbstractItemModel::columnsInserted,
+            this,
+            [d](const QModelIndex &, int first, int last) {
+                d->columnsInserted(first, last);
+            });
+    connect(this,
+            &QAbstractItemModel::columnsRemoved,
+            this,
+            [d](const QModelIndex &, int first, int last) {
+                d->columnsRemoved(first, last);
+            });
+    connect(this, &QAbstractItemModel::columnsMoved, this, [d] {
+        d->end();
+    });
 }
 
 RVXZeroingProxyModel::~RVXZeroingProxyModel() = default;
@@ -114,13 +182,13 @@ void RVXZeroingProxyModel::zeroNow()
     if (!d->plot)
         return;
     beginSharedReset();
-    const int channels = std::max(sourceModel()->columnCount() - 1, 0);
+    d->channels = std::max(sourceModel()->columnCount() - 1, 0);
     const int newest = sourceModel()->rowCount() - 1;
     // The header row is no sample: its numbers count the channels.
     const int row = newest >= 1 ? newest : -1;
     const Units::MeasurementUnit *unit = units();
-    d->zeros.resize(channels);
-    for (int column = 1; column <= channels; ++column) {
+    d->zeros.resize(d->channels);
+    for (int column = 1; column <= d->channels; ++column) {
         const double shown = d->plot->doubleData(row, column);
         d->zeros[column - 1] = unit ? unit->unscale(shown) : shown;
     }
@@ -134,6 +202,12 @@ void RVXZeroingProxyModel::zeroClear()
     beginSharedReset();
     d->active = false;
     endSharedReset();
+}
+
+bool RVXZeroingProxyModel::isZeroed() const
+{
+    Q_D(const RVXZeroingProxyModel);
+    return d->active;
 }
 
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
@@ -167,13 +241,11 @@ void RVXZeroingProxyModel::sourceModelReset()
     Q_D(RVXZeroingProxyModel);
     d->plot = sourcePlotModel();
     d->source = PlotColumnReader(d->plot);
+    d->followColumnsOf(d->plot ? sourceModel() : nullptr);
     const int columns = d->plot ? sourceModel()->columnCount() : 0;
-    if (columns >= 1) {
-        d->sourceChannels(columns - 1);
-    } else {
-        d->zeros.clear();
+    d->takeChannels(std::max(columns - 1, 0));
+    if (columns < 1)
         d->active = false;
-    }
 }
 
 } // namespace Corvale_Qt

@@ -26,9 +26,20 @@ QString titleOf(int mode)
 
 int PlotModeTabs::add(int mode)
 {
-    const int index = m_bar->addTab(titleOf(mode));
+    const int index = m_bar->addTab(QString());
     m_bar->setTabData(index, mode);
+    setTitle(index);
     return index;
+}
+
+//! A screen reader knows the bar by its current tab only, so each tab says what it is a choice of.
+void PlotModeTabs::setTitle(int index)
+{
+    const QString title = titleOf(modeAt(index));
+    m_bar->setTabText(index, title);
+    m_bar->setAccessibleTabName(
+        index,
+        QCoreApplication::translate("Corvale_Qt::RVXScope", "Plot mode: %1").arg(title));
 }
 
 void PlotModeTabs::remove(int mode)
@@ -56,7 +67,7 @@ int PlotModeTabs::modeAt(int index) const
 void PlotModeTabs::retranslate()
 {
     for (int index = 0; index < m_bar->count(); ++index)
-        m_bar->setTabText(index, titleOf(modeAt(index)));
+        setTitle(index);
 }
 
 } // namespace Corvale_Qt

@@ -29,6 +29,8 @@ public:
     void retranslate();
 
 private:
+    void setTitle(int index);
+
     QTabBar *const m_bar;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXApplicationSettings.h"
 
+#include "corvale_qt/scope/WriteTurn_p.h"
 #include "corvale_qt/scope/XmlSettingsFormat_p.h"
 
 #include <QCoreApplication>
@@ -78,6 +79,7 @@ public:
     QSharedPointer<QSettings> settings;
 
 private:
+    void openFile(const QString &file);
     bool hasChanged();
     bool setAside(const QString &file) const;
 
@@ -88,13 +90,26 @@ private:
 
 void RVXApplicationSettingsPrivate::open()
 {
-    if (useApplicationIdentity)
-        settings.reset(new QSettings(format,
-                                     QSettings::UserScope,
-                                     QCoreApplication::organizationName(),
-                                     QCoreApplication::applicationName()));
-    else
-        settings.reset(new QSettings(fileName, format));
+    if (!useApplicationIdentity) {
+        openFile(fileName);
+        return;
+    }
+    settings.reset(new QSettings(format,
+                                 QSettings::UserScope,
+                                 QCoreApplication::organizationName(),
+                                 QCoreApplication::applicationName()));
+    settings->setFallbacksEnabled(false);
+    if (!QCoreApplication::organizationName().isEmpty())
+        return;
+    // QSettings reads and writes that file, but reports an error for ever.
+    openFile(settings->fileName());
+    qWarning() << "The application has no organisation name; its settings are kept in"
+               << settings->fileName();
+}
+
+void RVXApplicationSettingsPrivate::openFile(const QString &file)
+{
+    settings.reset(new QSettings(file, format));
     settings->setFallbacksEnabled(false);
 }
 
@@ -129,7 +144,7 @@ void RVXApplicationSettingsPrivate::mend()
     const QString file = settings->fileName();
     removeForgottenLock(file);
     if (hasChanged() && isDamaged(file, format) && setAside(file))
-        open();
+        openFile(file);
 }
 
 RVXApplicationSettings::RVXApplicationSettings(QObject *parent,
@@ -156,6 +171,14 @@ QSharedPointer<QSettings> RVXApplicationSettings::getSettings()
     Q_D(RVXApplicationSettings);
     d->mend();
     return d->settings;
+}
+
+bool RVXApplicationSettings::sync()
+{
+    Q_D(RVXApplicationSettings);
+    const WriteTurn turn(QFileInfo(d->settings->fileName()).path());
+    d->settings->sync();
+    return d->settings->status() == QSettings::NoError;
 }
 
 } // namespace Corvale_Qt

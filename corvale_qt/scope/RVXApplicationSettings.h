@@ -29,9 +29,10 @@ class CORVALE_QT_EXPORT RVXApplicationSettings : public QObject
 
 public:
     /*! With \a useApplicationIdentity, \a fileName is a folder: the file in it is named after the application's
-        organisation and name (ORGANISATION/APPLICATION.ini or .xui). That folder is then the place of all of the
-        process's user settings in INI format, of those too that the host opens for itself later. Without it,
-        \a fileName is the settings file itself. */
+        organisation and name (ORGANISATION/APPLICATION.ini or .xui). An application without an organisation's name
+        shares the folder "Unknown Organization" with all others of that kind, which a line on the debug stream says.
+        The given folder is then the place of all of the process's user settings in INI format, of those too that the
+        host opens for itself later. Without \a useApplicationIdentity, \a fileName is the settings file itself. */
     RVXApplicationSettings(QObject *parent,
                            const QString &fileName,
                            bool useApplicationIdentity,
@@ -41,6 +42,10 @@ public:
     /*! The settings, never null. Each call looks first whether the file has been damaged since, by hand for
         instance, so ask again rather than keep the answer. */
     QSharedPointer<QSettings> getSettings();
+
+    /*! Writes what was set and reads what others wrote, as QSettings::sync(), but in turn with other processes that do
+        the same: however many there are, each comes to write. False where the file could not be written. */
+    bool sync();
 
 private:
     Q_DECLARE_PRIVATE(RVXApplicationSettings)

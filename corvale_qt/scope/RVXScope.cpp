@@ -30,6 +30,7 @@ QString askForFileName(RVXScope *panel, const QString &folder)
                                                          folder,
                                                          RVXScope::tr("CSV File (*.csv)"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix("csv");
     QString fileName;
     if (dialog->exec() == QDialog::Accepted)
         fileName = dialog->selectedFiles().value(0);
@@ -202,14 +203,12 @@ void RVXScope::ZeroNow()
     if (!d->hasModel() || d->baseModel->rowCount() <= 1)
         return;
     d->zeroing->zeroNow();
-    d->showZeroed(true);
 }
 
 void RVXScope::ZeroClear()
 {
     Q_D(RVXScope);
     d->zeroing->zeroClear();
-    d->showZeroed(false);
 }
 
 void RVXScope::Clear()

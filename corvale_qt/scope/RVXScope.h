@@ -27,8 +27,8 @@ class RVXScopePrivate;
     scope.show();
     \endcode
 
-    While the panel has the focus, Ctrl+S saves, Ctrl+L clears and Ctrl+0 zeroes, as long as the button in question
-    is not hidden. */
+    While the focus is in the panel, Ctrl+S saves, Ctrl+L clears and Ctrl+0 zeroes, even where an action of the host
+    has the same keys. They are the host's everywhere else, and while the button in question is hidden or disabled. */
 class CORVALE_QT_EXPORT RVXScope : public QWidget
 {
     Q_OBJECT

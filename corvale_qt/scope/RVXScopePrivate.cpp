@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QShortcut>
 
 #include <cmath>
 #include <limits>
@@ -110,23 +110,12 @@ void RVXScopePrivate::connectControls()
         showState();
     });
     QObject::connect(zeroing, &QAbstractItemModel::modelReset, q, [this] {
-        dropLostZero();
+        showZeroed();
     });
-    setUpShortcut(ui.saveButton, QKeySequence(Qt::CTRL + Qt::Key_S));
-    setUpShortcut(ui.clearButton, QKeySequence(Qt::CTRL + Qt::Key_L));
-    setUpShortcut(ui.zeroButton, QKeySequence(Qt::CTRL + Qt::Key_0));
-}
-
-void RVXScopePrivate::setUpShortcut(QAbstractButton *button, const QKeySequence &keys)
-{
-    Q_Q(RVXScope);
-    // Not the button's own shortcut: that would count in the whole window, where another panel may be.
-    auto *shortcut = new QShortcut(keys, q, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    shortcut->setAutoRepeat(false);
-    QObject::connect(shortcut, &QShortcut::activated, button, [button] {
-        if (!button->isHidden())
-            button->click();
-    });
+    auto *shortcuts = new PanelShortcuts(q);
+    shortcuts->add(Qt::Key_S, ui.saveButton);
+    shortcuts->add(Qt::Key_L, ui.clearButton);
+    shortcuts->add(Qt::Key_0, ui.zeroButton);
 }
 
 void RVXScopePrivate::showMode(int mode)
@@ -162,9 +151,13 @@ void RVXScopePrivate::applyPeriod()
         device->setPeriod(periodInMilliseconds(ui.comboBox_period->currentIndex()));
 }
 
-void RVXScopePrivate::showZeroed(bool zeroed)
+//! Says what the proxy does, whoever took or ended the zero.
+void RVXScopePrivate::showZeroed()
 {
-    zeroedChannels = zeroed ? zeroing->columnCount() - 1 : 0;
+    Q_Q(RVXScope);
+    const bool zeroed = zeroing->isZeroed();
+    if (zeroed == ui.clearZeroButton->isEnabledTo(q))
+        return;
     if (!zeroed && ui.clearZeroButton->hasFocus())
         ui.zeroButton->setFocus(); // a disabled button would hand it on to just anything
     ui.clearZeroButton->setEnabled(zeroed);
@@ -172,18 +165,11 @@ void RVXScopePrivate::showZeroed(bool zeroed)
     showState();
 }
 
-//! The proxy drops its zero with a reset that changes the number of channels.
-void RVXScopePrivate::dropLostZero()
-{
-    if (zeroedChannels > 0 && zeroing->columnCount() - 1 != zeroedChannels)
-        showZeroed(false);
-}
-
 //! What is done to the data stays readable while the controls that tell it are hidden.
 void RVXScopePrivate::showState()
 {
     QStringList states;
-    if (zeroedChannels > 0)
+    if (zeroing->isZeroed())
         states << RVXScope::tr("Zeroed");
     if (ui.averagingCombo->currentIndex() > 0)
         states << ui.averagingCombo->currentText();

@@ -14,8 +14,6 @@
 
 #include <QPointer>
 
-class QKeySequence;
-
 namespace Corvale_Qt {
 
 class RVXScopePrivate
@@ -34,14 +32,12 @@ public:
 
     void setUpButtons();
     void connectControls();
-    void setUpShortcut(QAbstractButton *button, const QKeySequence &keys);
 
     void showMode(int mode);
     bool offerMode(int mode, bool offer);
     void announceYScale();
     void applyPeriod();
-    void showZeroed(bool zeroed);
-    void dropLostZero();
+    void showZeroed();
     void showState();
     void reserveBufferSizeWidth();
     bool save(const QString &fileName);
@@ -55,8 +51,6 @@ public:
     RVXZeroingProxyModel *const zeroing;
     int yScaleMode = PercentRanges;
     int plotMode = RVXScope::StripMode;
-    //! How many channels the zero was taken of; 0 while none is subtracted.
-    int zeroedChannels = 0;
     bool saving = false;
     QString lastSaveDirectory;
 };

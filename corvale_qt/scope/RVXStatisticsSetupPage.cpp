@@ -31,6 +31,7 @@ RVXStatisticsSetupPage::RVXStatisticsSetupPage(QWidget *parent)
     d->ui.setupUi(this);
     d->formTitle = windowTitle();
     d->ui.factoryResetPushButton->hide();
+    d->setUpGroups();
     d->nameStoredControls();
     d->applyBoth();
 }

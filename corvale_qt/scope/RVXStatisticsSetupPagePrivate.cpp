@@ -5,6 +5,7 @@
 
 #include <QDebug>
 #include <QSettings>
+#include <QSignalBlocker>
 
 namespace Corvale_Qt {
 
@@ -14,6 +15,32 @@ namespace {
 const double regressionWeightPower = 2.0;
 
 } // namespace
+
+/*! Not by the form: a box that is off disables its children while they are being made, and a screen reader that hears
+    of that takes them for plain widgets from then on. */
+void RVXStatisticsSetupPagePrivate::setUpGroups()
+{
+    Q_Q(RVXStatisticsSetupPage);
+    const QVector<QGroupBox *> groups{ui.CoGCBox, ui.regressionCBox, ui.fullStatsCBox};
+    for (QGroupBox *group : groups) {
+        const QSignalBlocker blocker(group);
+        group->setChecked(false);
+    }
+    for (StatisticsGroupBox *group : {ui.CoGCBox, ui.regressionCBox})
+        QObject::connect(group, &StatisticsGroupBox::childrenDisabled, q, [this] {
+            enableEditors();
+        });
+}
+
+//! The threshold and the window of a group that is off count for the full statistics.
+void RVXStatisticsSetupPagePrivate::enableEditors()
+{
+    const bool full = ui.fullStatsCBox->isChecked();
+    for (QWidget *editor : {ui.CoGThresholdEdit, ui.CoGWindowEdit})
+        editor->setEnabled(full || ui.CoGCBox->isChecked());
+    for (QWidget *editor : {ui.RegressionThresholdEdit, ui.RegressionWindowEdit})
+        editor->setEnabled(full || ui.regressionCBox->isChecked());
+}
 
 //! The spelling of the keys is that of the files in use.
 void RVXStatisticsSetupPagePrivate::nameStoredControls()
@@ -79,9 +106,7 @@ void RVXStatisticsSetupPagePrivate::applyCoG()
 {
     Q_Q(RVXStatisticsSetupPage);
     const bool on = ui.CoGCBox->isChecked();
-    const bool editable = on || ui.fullStatsCBox->isChecked();
-    ui.CoGThresholdEdit->setEnabled(editable);
-    ui.CoGWindowEdit->setEnabled(editable);
+    enableEditors();
     for (RVXScopePlotView *view : qAsConst(views))
         applyCoGTo(view);
     Q_EMIT q->CoGOptions(on, cogParameters(), peaks());
@@ -91,9 +116,7 @@ void RVXStatisticsSetupPagePrivate::applyRegression()
 {
     Q_Q(RVXStatisticsSetupPage);
     const bool on = ui.regressionCBox->isChecked();
-    const bool editable = on || ui.fullStatsCBox->isChecked();
-    ui.RegressionThresholdEdit->setEnabled(editable);
-    ui.RegressionWindowEdit->setEnabled(editable);
+    enableEditors();
     for (RVXScopePlotView *view : qAsConst(views))
         applyRegressionTo(view);
     Q_EMIT q->RegressionOptions(on, regressionParameters(), peaks());
@@ -114,11 +137,11 @@ void RVXStatisticsSetupPagePrivate::load(const QVariantList &values)
     applyBoth();
 }
 
-void RVXStatisticsSetupPagePrivate::sync(QSettings &file)
+void RVXStatisticsSetupPagePrivate::sync()
 {
-    file.sync();
-    if (file.status() != QSettings::NoError)
-        qWarning() << "The statistics settings could not be saved to" << file.fileName();
+    if (!settings->sync())
+        qWarning() << "The statistics settings could not be saved to"
+                   << settings->getSettings()->fileName();
 }
 
 void RVXStatisticsSetupPagePrivate::store(const QVector<QWidget *> &controls)
@@ -134,7 +157,7 @@ void RVXStatisticsSetupPagePrivate::store(const QVector<QWidget *> &controls)
     }
     for (const QWidget *control : controls)
         stored.write(*file, userGroup, control);
-    sync(*file);
+    sync();
 }
 
 void RVXStatisticsSetupPagePrivate::storeAll()
@@ -143,7 +166,7 @@ void RVXStatisticsSetupPagePrivate::storeAll()
         return;
     const QSharedPointer<QSettings> file = settings->getSettings();
     stored.writeAll(*file, userGroup);
-    sync(*file);
+    sync();
 }
 
 //! One of the two is switched off and then the other on; both are kept with the second.

@@ -11,8 +11,6 @@
 
 #include <QSharedPointer>
 
-class QSettings;
-
 namespace Corvale_Qt {
 
 class RVXApplicationSettings;
@@ -29,6 +27,8 @@ public:
     {
     }
 
+    void setUpGroups();
+    void enableEditors();
     void nameStoredControls();
     int peaks() const { return ui.peaksEdit->currentText().toInt(); }
     QVector<double> cogParameters() const;
@@ -56,7 +56,7 @@ public:
     QSharedPointer<RVXApplicationSettings> settings;
 
 private:
-    void sync(QSettings &file);
+    void sync();
 };
 
 } // namespace Corvale_Qt

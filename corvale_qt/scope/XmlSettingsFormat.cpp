@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/XmlDocumentText_p.h"
 #include "corvale_qt/scope/XmlSettingsFormat_p.h"
 
 #include <QIODevice>
@@ -14,9 +15,12 @@ namespace Corvale_Qt {
 namespace {
 
 const QLatin1String rootName("Settings");
-// A few bytes of a hostile file can stand for a long key, over and over; these bound what that may cost.
+// What no application has as settings. A few bytes of a hostile file can stand for a long key, over and over, and
+// megabytes of it for nothing at all; these bound what that may cost.
 const int maximumParts = 32;
 const qint64 maximumCharacters = 4 * 1024 * 1024;
+const int maximumNodes = 256 * 1024;
+const qint64 maximumBytes = 16 * 1024 * 1024;
 
 const QRegularExpression &escapePattern()
 {
@@ -110,38 +114,28 @@ void writeText(QXmlStreamWriter &writer, QString text)
     }
 }
 
-bool isWithinLimits(const QSettings::SettingsMap &settings)
-{
-    qint64 characters = 0;
-    for (auto it = settings.cbegin(); it != settings.cend(); ++it) {
-        if (it.key().split('/', Qt::SkipEmptyParts).size() > maximumParts)
-            return false;
-        characters += it.key().size() + it.value().toString().size();
-    }
-    return characters <= maximumCharacters;
-}
-
 int commonParts(const QStringList &a, const QStringList &b)
 {
     const auto end = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first;
     return int(end - a.begin());
 }
 
-} // namespace
-
-bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
+//! The settings that a document holds; an error of the reader where they are beyond a limit.
+QSettings::SettingsMap settingsIn(QXmlStreamReader &reader)
 {
-    QSettings::SettingsMap read;
+    QSettings::SettingsMap settings;
     QStringList parts;
     qint64 characters = 0;
-    QXmlStreamReader reader(&device);
-    while (!reader.atEnd()) {
+    for (int nodes = 0; !reader.atEnd(); ++nodes) {
+        if (nodes > maximumNodes)
+            reader.raiseError("The document has too many nodes.");
         reader.readNext();
         if (reader.isStartElement()) {
             if (reader.name() != rootName)
                 parts.append(keyPart(reader.name().toString()));
             if (parts.size() > maximumParts)
                 reader.raiseError("The elements are nested too deep.");
+            nodes += reader.attributes().size() + reader.namespaceDeclarations().size();
         } else if (reader.isEndElement()) {
             if (!parts.isEmpty())
                 parts.removeLast();
@@ -150,20 +144,28 @@ bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
             characters += key.size() + reader.text().size();
             if (characters > maximumCharacters)
                 reader.raiseError("The document is too large.");
-            read.insert(key, reader.text().toString());
+            settings.insert(key, reader.text().toString());
         }
     }
+    return settings;
+}
+
+bool readDocument(const QByteArray &document, QSettings::SettingsMap &settings)
+{
+    if (document.size() > maximumBytes)
+        return false;
+    QXmlStreamReader reader(xmlDocumentText(document));
+    const QSettings::SettingsMap read = settingsIn(reader);
     if (reader.hasError())
         return false;
     settings = read;
     return true;
 }
 
-bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings)
+QByteArray documentOf(const QSettings::SettingsMap &settings)
 {
-    if (!isWithinLimits(settings))
-        return false;
-    QXmlStreamWriter writer(&device);
+    QByteArray document;
+    QXmlStreamWriter writer(&document);
     writer.setAutoFormatting(true);
     writer.writeStartDocument();
     writer.writeStartElement(rootName);
@@ -183,7 +185,22 @@ bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings)
     }
     // Closes what is still open, the root too.
     writer.writeEndDocument();
-    return !writer.hasError();
+    return document;
+}
+
+} // namespace
+
+bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
+{
+    return readDocument(device.read(maximumBytes + 1), settings);
+}
+
+bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings)
+{
+    const QByteArray document = documentOf(settings);
+    // What would not be read back must not take the place of what is there.
+    QSettings::SettingsMap ignored;
+    return readDocument(document, ignored) && device.write(document) == document.size();
 }
 
 } // namespace Corvale_Qt

@@ -26,8 +26,9 @@ namespace Corvale_Qt {
     question written as _xHHHH_, their UTF-16 code in upper-case hexadecimal digits. Characters that XML cannot hold,
     control characters for one, become U+FFFD in a value.
 
-    Both directions refuse, with false, what no application has as settings: keys of more than 32 parts, and more
-    than 4 Mi characters of keys and values. \a settings is changed only by a read that succeeds. */
+    Both directions refuse, with false, what no application has as settings: keys of more than 32 parts, more than
+    4 Mi characters of keys and values, more than 256 Ki nodes (elements, their ends, attributes, texts, comments),
+    more than 16 MiB of document. \a settings is changed only by a read that succeeds. */
 bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings);
 bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings);
 

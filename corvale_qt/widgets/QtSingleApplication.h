@@ -13,8 +13,11 @@ class QtSingleApplicationPrivate;
     It is not in this library's namespace: hosts know the class by this name.
 
     The first instance is the one that asked first, by isRunning() or sendMessage(), while no other lived. One
-    that crashed does not stand in the way of the next start. Only processes of the same user are heard;
-    messages have at most 1 MiB of UTF-8, and incomplete ones are dropped.
+    that crashed does not stand in the way of the next start. Only processes of the same user are heard and spoken
+    to; messages have at most 1 MiB of UTF-8, and incomplete ones are dropped.
+
+    Instances meet in the folder XDG_RUNTIME_DIR, or in one of the user's own in the temporary folder. Where no folder
+    is safe from other users, a line on the debug stream says so, and every instance is a first one.
 
     \code
     QtSingleApplication application("beam-monitor", argc, argv);

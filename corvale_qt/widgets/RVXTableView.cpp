@@ -32,8 +32,21 @@ QString quoted(QString text)
 class RVXTableViewPrivate
 {
 public:
+    void showButton(bool isCorner);
+
     QPointer<QAbstractButton> cornerButton;
 };
+
+//! A button that its host hid stays hidden; Qt marks what was hidden on purpose.
+void RVXTableViewPrivate::showButton(bool isCorner)
+{
+    const bool hiddenByHost =
+        cornerButton->isHidden() && cornerButton->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    if (hiddenByHost)
+        return;
+    cornerButton->setVisible(isCorner);
+    cornerButton->setAttribute(Qt::WA_WState_ExplicitShowHide, isCorner);
+}
 
 RVXTableView::RVXTableView(QWidget *parent)
     : QTableView(parent)
@@ -74,8 +87,8 @@ void RVXTableView::updateGeometries()
     const QRect columns = horizontalHeader()->geometry();
     const QRect rows = verticalHeader()->geometry();
     d->cornerButton->setGeometry(rows.x(), columns.y(), rows.width(), columns.height());
-    d->cornerButton->setVisible(isCorner);
     d->cornerButton->raise();
+    d->showButton(isCorner);
 }
 
 void RVXTableView::keyPressEvent(QKeyEvent *event)

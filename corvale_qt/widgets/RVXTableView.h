@@ -29,7 +29,7 @@ public:
     //! The host's button, null where the built-in corner, which selects all, stands.
     QAbstractButton *cornerButton() const;
     /*! Puts \a button into the corner, where it takes the size that the headers leave, and is seen while both
-        of them are. The view owns it from then on; a former one is deleted. Null brings the built-in corner
+        of them are, unless the host hides it. The view owns it from then on; a former one is deleted. Null brings the built-in corner
         back, and so does the button's deletion. */
     void setCornerButton(QAbstractButton *button);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/PrivateRuntime_p.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
 
 #include <QCryptographicHash>
@@ -6,7 +7,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QSysInfo>
 #include <QThread>
 #include <QTimer>
@@ -15,14 +15,6 @@
 namespace Corvale_Qt {
 
 namespace {
-
-/*! A folder that only this user can write to, so that nobody else can put a lock or a socket in the way; the
-    temporary folder where the system has no such place. */
-QString runtimeFolder()
-{
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    return folder.isEmpty() ? QDir::tempPath() : folder;
-}
 
 /*! Short, since the path of a socket may have some hundred bytes, and without anything of the id that a file
     name could not have. */
@@ -34,12 +26,13 @@ QString nameFor(const QString &id)
     return "qtsingleapp-" + hash.left(12).toHex();
 }
 
-QString serverNameFor(const QString &id)
+QString serverNameFor(const QString &folder, const QString &id)
 {
 #ifdef Q_OS_WIN
+    Q_UNUSED(folder)
     return nameFor(id);
 #else
-    return runtimeFolder() + '/' + nameFor(id);
+    return folder + '/' + nameFor(id);
 #endif
 }
 
@@ -70,8 +63,9 @@ const QByteArray SingleInstance::kAnswer = "ack";
 
 SingleInstance::SingleInstance(const QString &id, QObject *parent)
     : QObject(parent)
-    , m_serverName(serverNameFor(id))
-    , m_lock(runtimeFolder() + '/' + nameFor(id) + ".lock")
+    , m_folder(privateRuntimeFolder())
+    , m_serverName(serverNameFor(m_folder, id))
+    , m_lock(m_folder + '/' + nameFor(id) + ".lock")
 {
     // Held as long as the program runs: no age makes it stale, only its owner's end.
     m_lock.setStaleLockTime(0);
@@ -99,24 +93,36 @@ bool SingleInstance::lock()
 
 bool SingleInstance::takeFirstPlace()
 {
-    if (m_lock.isLocked())
+    if (m_lock.isLocked() || m_isAlone)
         return true;
+    if (m_folder.isEmpty()) {
+        stayAlone("there is no folder that other users cannot write to");
+        return true;
+    }
     if (!lock()) {
         if (m_lock.error() == QLockFile::LockFailedError)
             return false;
-        // Where no lock can be written, nobody can be found either: better run twice than not at
-        // all.
-        qDebug() << "QtSingleApplication: no lock file in" << runtimeFolder();
+        stayAlone("no lock file can be written in " + m_folder);
         return true;
     }
     QLocalServer::removeServer(m_serverName);
     if (!m_server.listen(m_serverName))
-        qDebug() << "QtSingleApplication: cannot listen:" << m_server.errorString();
+        qWarning().noquote() << "QtSingleApplication: cannot listen:" << m_server.errorString();
     return true;
+}
+
+//! Better run twice than not at all.
+void SingleInstance::stayAlone(const QString &reason)
+{
+    m_isAlone = true;
+    qWarning().noquote() << "QtSingleApplication: this program may run several times, since"
+                         << reason;
 }
 
 bool SingleInstance::send(const QString &message, int timeout)
 {
+    if (m_folder.isEmpty())
+        return false;
     const QByteArray utf8 = message.toUtf8();
     if (utf8.size() > kMaximumMessage) {
         qDebug() << "QtSingleApplication: a message of" << utf8.size()
@@ -127,6 +133,10 @@ bool SingleInstance::send(const QString &message, int timeout)
     QLocalSocket socket;
     if (!connectBefore(socket, m_serverName, deadline))
         return false;
+    if (!isOfThisUser(socket)) {
+        qWarning() << "QtSingleApplication: another user listens at" << m_serverName;
+        return false;
+    }
     socket.write(frame(utf8));
     while (socket.bytesToWrite() > 0)
         if (!socket.waitForBytesWritten(int(deadline.remainingTime())))
@@ -140,7 +150,7 @@ bool SingleInstance::send(const QString &message, int timeout)
 void SingleInstance::acceptConnections()
 {
     while (QLocalSocket *socket = m_server.nextPendingConnection()) {
-        if (m_connections >= kMaximumConnections) {
+        if (m_connections >= kMaximumConnections || !isOfThisUser(*socket)) {
             socket->abort();
             socket->deleteLater();
             continue;

@@ -21,6 +21,9 @@ namespace Corvale_Qt {
     Who holds the lock file is first, and listens on the socket. A process that dies leaves both behind: the
     lock is then seen to be stale, and the socket is made anew.
 
+    Lock and socket lie in a folder that no other user can write to, and both sides look whose process the other
+    one is. Where there is no such folder, every process is the first, with a line on the debug stream.
+
     A message is a 32-bit length, big endian, and that many bytes of UTF-8, at most kMaximumMessage; it is
     answered by kAnswer. A connection that brings something else, too much, or half a message is dropped. */
 class SingleInstance : public QObject
@@ -30,7 +33,7 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(const QString &id, QObject *parent = nullptr);
 
-    //! Takes the first place when it is free; false when another process has it.
+    //! Takes the first place when it is free or cannot be shared; false when another process has it.
     bool takeFirstPlace();
     //! Brings \a message to the first instance within \a timeout milliseconds; true when it was answered.
     bool send(const QString &message, int timeout);
@@ -50,11 +53,15 @@ private:
     void acceptConnections();
     void readFrom(QLocalSocket *socket);
     bool lock();
+    void stayAlone(const QString &reason);
 
-    QString m_serverName;
+    //! Of the lock and the socket; empty where none is safe.
+    const QString m_folder;
+    const QString m_serverName;
     QLockFile m_lock;
     QLocalServer m_server;
     int m_connections = 0;
+    bool m_isAlone = false;
 };
 
 } // namespace Corvale_Qt

@@ -117,9 +117,8 @@ QVariant WindowSettings::value(const QString &key) const
 
 void WindowSettings::setValue(const QString &key, const QVariant &value)
 {
-    const QSharedPointer<QSettings> settings = m_settings->getSettings();
-    settings->setValue(key, value);
-    settings->sync();
+    m_settings->getSettings()->setValue(key, value);
+    m_settings->sync();
 }
 
 } // namespace Monitor

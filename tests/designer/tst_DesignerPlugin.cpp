@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <QBuffer>
@@ -105,6 +106,10 @@ private Q_SLOTS:
         QCOMPARE(widget->group(), QString("Corvale"));
         QVERIFY(!widget->icon().pixmap(24).isNull());
         QVERIFY(coloursOfIcon(widget->icon()) >= 2);
+        // uic puts this into the code of the form.
+        const QByteArray header = fileContents(INCLUDE_FOLDER "/" + widget->includeFile());
+        QVERIFY2(header.contains("/" + widget->name().section("::", -1).toLatin1() + ".h\""),
+                 qPrintable(widget->includeFile()));
 
         QString form = widget->domXml();
         form.replace(QRegularExpression("<ui [^>]*>"), "<ui version=\"4.0\"><class>Form</class>");

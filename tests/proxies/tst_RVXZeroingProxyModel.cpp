@@ -8,7 +8,11 @@
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 
+#include <functional>
+
 using namespace Corvale_Qt;
+
+Q_DECLARE_METATYPE(std::function<void(BufferModel &)>)
 
 class tst_RVXZeroingProxyModel : public QObject
 {
@@ -17,6 +21,8 @@ class tst_RVXZeroingProxyModel : public QObject
 private Q_SLOTS:
     void zerosApplyToAllRows();
     void resetsOfTheSource();
+    void channelsComeAndGo_data();
+    void channelsComeAndGo();
     void anotherUnit();
     void nothingToTakeAZeroFrom();
     void rolesAndTexts();
@@ -66,9 +72,92 @@ void tst_RVXZeroingProxyModel::resetsOfTheSource()
     more.append(3, 5);
     proxy.setSourceModel(&more);
     QCOMPARE(rowsText(proxy), QString("3: 5 6"));
+}
+
+void tst_RVXZeroingProxyModel::channelsComeAndGo_data()
+{
+    using Change = std::function<void(BufferModel &)>;
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("rows");
+    const auto row = [](const char *name, const Change &change, const QString &rows) {
+        QTest::newRow(name) << change << rows;
+    };
+    row(
+        "one is appended, and has no zero of its own",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+        },
+        "1: 0 0 7");
+    row(
+        "the appended one goes again",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.appendChannel(8);
+            source.removeChannel(3);
+        },
+        "1: 0 0 8");
+    row(
+        "one is appended, and the samples are cleared",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.Clear();
+            source.append(2, 9);
+        },
+        "2: 5 5 11");
+    row(
+        "one moves in front",
+        [](BufferModel &source) {
+            source.insertChannelInFront(1);
+        },
+        "1: 1 4 5, ended");
+    row(
+        "the first goes",
+        [](BufferModel &source) {
+            source.removeFirstChannel();
+        },
+        "1: 5, ended");
+    row(
+        "they change places",
+        [](BufferModel &source) {
+            source.moveFirstChannelToEnd();
+        },
+        "1: 5 4, ended");
+    row(
+        "an appended one comes in front of them",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.insertChannelInFront(1);
+        },
+        "1: 1 4 5 7, ended");
+}
+
+//! What ends the zero changes every number on display, and is announced by a reset of its own, after the change.
+void tst_RVXZeroingProxyModel::channelsComeAndGo()
+{
+    QFETCH(std::function<void(BufferModel &)>, change);
+    QFETCH(QString, rows);
+    BufferModel other(2), source(2);
+    source.append(1, 4);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&other); // whose changes must not count any more
+    proxy.setSourceModel(&source);
+    const ModelWatch watch(&proxy);
     proxy.zeroNow();
-    more.insertChannelInFront(1);
-    QCOMPARE(rowsText(proxy), QString("3: 1 5 6"));
+    QString atLastReset;
+    connect(&proxy, &QAbstractItemModel::modelReset, this, [&] {
+        atLastReset = proxy.isZeroed() ? QString() : rowsText(proxy) + ", ended";
+    });
+    other.insertChannelInFront(1);
+    QVERIFY(proxy.isZeroed());
+    change(source);
+    QCOMPARE(rowsText(proxy) + (proxy.isZeroed() ? "" : ", ended"), rows);
+    QCOMPARE(atLastReset, proxy.isZeroed() ? QString() : rows);
+    QCOMPARE(watch.complaints(), QString());
+
+    proxy.zeroNow(); // all of them have one now
+    QVERIFY(proxy.isZeroed());
+    for (int column = 1; column < proxy.columnCount(); ++column)
+        QCOMPARE(proxy.doubleData(proxy.rowCount() - 1, column), 0.0);
 }
 
 void tst_RVXZeroingProxyModel::anotherUnit()

@@ -7,12 +7,18 @@
 #include <QTimer>
 #include <QtTest>
 
-//! Works the next file dialog: gives it a name and accepts, or cancels where there is none.
+//! Works the next dialog that asks where to save data: gives it a name and accepts, or cancels where there is none.
 inline void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
 {
     QTimer::singleShot(0, [=] {
         auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
         QVERIFY(dialog);
+        const QString kind = dialog->windowTitle() + ", " + dialog->nameFilters().join("; ")
+            + (dialog->acceptMode() == QFileDialog::AcceptSave ? ", to save" : ", to open");
+        const QString expected = "Save Data File, CSV File (*.csv), to save";
+        if (kind != expected)
+            dialog->reject(); // nobody else would
+        QCOMPARE(kind, expected);
         if (folderSeen)
             *folderSeen = dialog->directory().path();
         if (fileName.isEmpty()) {

@@ -32,7 +32,7 @@ int main(int argc, char **argv)
     for (int generation = 1;; ++generation) {
         for (int key = 0; key < 60; ++key)
             settings->setValue(QString("StatisticsSetupPage/key-%1").arg(key), generation);
-        settings->sync();
+        owner.sync();
         out << generation << "\n";
         out.flush();
     }

@@ -8,6 +8,9 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <array>
+
 using Corvale_Qt::RVXApplicationSettings;
 
 namespace {
@@ -33,6 +36,7 @@ private Q_SLOTS:
 
     void placeOfTheFile_data();
     void placeOfTheFile();
+    void noOrganisation();
     void roundTrip_data();
     void roundTrip();
     void damagedFile_data();
@@ -43,6 +47,7 @@ private Q_SLOTS:
     void filesOfTheWholeSystemAreLeftOut();
     void killedWhileWriting_data();
     void killedWhileWriting();
+    void severalWriters();
 
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -94,6 +99,25 @@ void tst_RVXApplicationSettings::placeOfTheFile()
     QCOMPARE(settings->status(), QSettings::NoError);
     QCOMPARE(fileContents(path(file)).contains("<key>7</key>"), useXmlFormat);
     QCOMPARE(fileContents(path(file)).contains("key=7"), !useXmlFormat);
+}
+
+//! It is said once, and the settings are kept all the same.
+void tst_RVXApplicationSettings::noOrganisation()
+{
+    QCoreApplication::setOrganizationName(QString());
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression("no organisation name.*Unknown Organization/panel.xui"));
+    RVXApplicationSettings owner(nullptr, m_folder->path(), true, true);
+    QCoreApplication::setOrganizationName("Beam Group");
+    owner.getSettings()->setValue("a", 1);
+    QVERIFY(owner.sync());
+    QVERIFY(fileContents(path("Unknown Organization/panel.xui")).contains("<a>1</a>"));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("was damaged"));
+    putFile(path("Unknown Organization/panel.xui"), "nonsense");
+    owner.getSettings()->setValue("b", 2);
+    QVERIFY(owner.sync());
+    QVERIFY(fileContents(path("Unknown Organization/panel.xui")).contains("<b>2</b>"));
 }
 
 void tst_RVXApplicationSettings::roundTrip_data()
@@ -234,6 +258,30 @@ void tst_RVXApplicationSettings::killedWhileWriting()
         QCOMPARE(generations.size(), 1);
     }
     QVERIFY(!QFile::exists(path("Beam Group/panel." + suffix + ".damaged")));
+}
+
+//! Each of them comes to its turn, however often the others write.
+void tst_RVXApplicationSettings::severalWriters()
+{
+    constexpr int kEnough = 100;
+    std::array<QProcess, 3> writers;
+    std::array<int, 3> generations{};
+    for (QProcess &writer : writers)
+        writer.start(SETTINGS_PROCESS, {"write", m_folder->path(), "xml"});
+    const auto mostWritten = [&] {
+        for (size_t i = 0; i < writers.size(); ++i) {
+            while (writers[i].canReadLine())
+                generations[i] = writers[i].readLine().toInt();
+        }
+        return *std::max_element(generations.begin(), generations.end());
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(mostWritten() >= kEnough, 60000);
+    for (QProcess &writer : writers) {
+        writer.kill();
+        writer.waitForFinished();
+    }
+    for (const int written : generations)
+        QVERIFY2(written >= kEnough / 4, qPrintable(QString::number(written)));
 }
 
 CORVALE_QT_TEST_MAIN(tst_RVXApplicationSettings)

@@ -59,7 +59,7 @@ void tst_RVXScopeSaving::saving()
         QCoreApplication::processEvents();
         return folderSeen;
     };
-    save(folder.filePath("data.csv"));
+    save(folder.filePath("data")); // completed by the dialog
     QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
     QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
     QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));

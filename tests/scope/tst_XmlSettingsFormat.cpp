@@ -3,6 +3,7 @@
 #include "tests/support/TestMain.h"
 
 #include <QBuffer>
+#include <QTextCodec>
 
 using namespace Corvale_Qt;
 using SettingsMap = QSettings::SettingsMap;
@@ -52,7 +53,9 @@ private Q_SLOTS:
     void emptyParts();
     void documents_data();
     void documents();
-    void limits();
+    void limitsOfDocuments_data();
+    void limitsOfDocuments();
+    void limitsOfWriting();
     void failingDevice();
 };
 
@@ -184,6 +187,40 @@ void tst_XmlSettingsFormat::documents_data()
     QTest::newRow("not this format") << QByteArray("[General]\na=1\n") << "refused";
     QTest::newRow("not text") << QByteArray::fromHex("89504e470d0a1a0a0000000d49484452")
                               << "refused";
+    QTest::newRow("another encoding, declared") << QByteArray(
+        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><Settings><a>\xb5</a></Settings>")
+                                                << QString::fromUtf8("a=\xc2\xb5");
+    QTest::newRow("another encoding, marked")
+        << QTextCodec::codecForName("UTF-16")->fromUnicode("<Settings><a>1</a></Settings>")
+        << "a=1";
+    QTest::newRow("an encoding that nobody knows")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"none\"?><Settings><a>1</a></Settings>")
+        << "refused";
+    QTest::newRow("bytes that are no UTF-8")
+        << QByteArray("<Settings><a>\xb5</a></Settings>") << "refused";
+}
+
+void tst_XmlSettingsFormat::documents()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, expected);
+    QCOMPARE(readBack(document), expected);
+}
+
+void tst_XmlSettingsFormat::limitsOfDocuments_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("expected");
+    const auto within = [](const QByteArray &markup) {
+        return "<Settings>" + markup + "<z>1</z></Settings>";
+    };
+    const auto attributes = [](int count) {
+        QByteArray tag = "<b";
+        for (int i = 0; i < count; ++i)
+            tag += " a" + QByteArray::number(i) + "='>'";
+        return tag + "/>";
+    };
+    const int mega = 1024 * 1024;
     QTest::newRow("as deep as it may be")
         << nested(32) << QStringList(QVector<QString>(32, "a").toList()).join('/') + "=x";
     QTest::newRow("too deep") << nested(33) << "refused";
@@ -200,24 +237,48 @@ void tst_XmlSettingsFormat::documents_data()
         "<Settings><" + QByteArray(300000, 'a') + ">" + QByteArray("<b>1</b>").repeated(30000)
         + "</" + QByteArray(300000, 'a') + "></Settings>")
                                                 << "refused";
+    QTest::newRow("elements with nothing in them") << within("<a/>") << "z=1";
+    QTest::newRow("too many of these") << within(QByteArray("<a/>").repeated(mega)) << "refused";
+    QTest::newRow("too many comments") << within(QByteArray("<!---->").repeated(mega)) << "refused";
+    QTest::newRow("too many attributes in all")
+        << within(attributes(60).repeated(5000)) << "refused";
+    QTest::newRow("a few attributes") << within(attributes(60)) << "z=1";
+    QTest::newRow("too many attributes for one tag") << within(attributes(1000)) << "refused";
+    // What looks like the beginning of something else must not hide it.
+    QTest::newRow("too many behind a comment")
+        << within("<!-- <a ' -->" + attributes(1000)) << "refused";
+    QTest::newRow("too many behind a section")
+        << within("<a><![CDATA[<!-- <a ']]></a>" + attributes(1000)) << "refused";
+    QTest::newRow("too many behind an instruction")
+        << within("<?p <a '?>" + attributes(1000)) << "refused";
+    QTest::newRow("markup in a comment")
+        << within("<!-- <a '" + attributes(1000).mid(2) + " -->") << "z=1";
+    QTest::newRow("a long comment") << within("<!--" + QByteArray(8 * mega, 'x') + "-->") << "z=1";
+    QTest::newRow("too long a comment")
+        << within("<!--" + QByteArray(16 * mega, 'x') + "-->") << "refused";
+    QTest::newRow("a document type") << "<!DOCTYPE Settings>" + within("") << "z=1";
+    QTest::newRow("declarations of a document type")
+        << "<!DOCTYPE Settings [<!ATTLIST a b CDATA 'c'>]>" + within("") << "refused";
 }
 
-void tst_XmlSettingsFormat::documents()
+void tst_XmlSettingsFormat::limitsOfDocuments()
 {
-    QFETCH(QByteArray, document);
-    QFETCH(QString, expected);
-    QCOMPARE(readBack(document), expected);
+    documents();
 }
 
-void tst_XmlSettingsFormat::limits()
+//! What would not be read back is not written either.
+void tst_XmlSettingsFormat::limitsOfWriting()
 {
-    // What would not be read back is not written either.
     const QString deep = QString("a/").repeated(32);
     QVERIFY(written({{deep, 1}}) != "refused");
     QCOMPARE(written({{deep + "b", 1}}), QByteArray("refused"));
     const QString half(2 * 1024 * 1024, 'x');
     QVERIFY(written({{"a", half}}) != "refused");
     QCOMPARE(written({{"a", half}, {"b", half}}), QByteArray("refused"));
+    SettingsMap many;
+    for (int i = 0; i < 70000; ++i)
+        many.insert(QString("group/%1").arg(i), i);
+    QCOMPARE(written(many), QByteArray("refused"));
 }
 
 void tst_XmlSettingsFormat::failingDevice()

@@ -112,13 +112,32 @@ public:
         endInsertColumns();
     }
 
-    void removeFirstChannel()
+    void appendChannel(double value)
     {
-        beginRemoveColumns(QModelIndex(), 1, 1);
+        beginInsertColumns(QModelIndex(), m_channels + 1, m_channels + 1);
+        ++m_channels;
+        for (Sample &sample : m_samples)
+            sample.values.append(value);
+        endInsertColumns();
+    }
+
+    void removeFirstChannel() { removeChannel(1); }
+
+    void removeChannel(int column)
+    {
+        beginRemoveColumns(QModelIndex(), column, column);
         --m_channels;
         for (Sample &sample : m_samples)
-            sample.values.removeFirst();
+            sample.values.removeAt(column - 1);
         endRemoveColumns();
+    }
+
+    void moveFirstChannelToEnd()
+    {
+        beginMoveColumns(QModelIndex(), 1, 1, QModelIndex(), m_channels + 1);
+        for (Sample &sample : m_samples)
+            sample.values.append(sample.values.takeFirst());
+        endMoveColumns();
     }
 
     void Clear() override

@@ -6,9 +6,17 @@
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QtEndian>
 
+#include <fcntl.h>
 #include <memory>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using Corvale_Qt::SingleInstance;
 
@@ -18,7 +26,12 @@ namespace {
 class Peer : public QProcess
 {
 public:
-    explicit Peer(const QStringList &arguments) { start(PEER_PROGRAM, arguments); }
+    explicit Peer(const QStringList &arguments,
+                  const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+    {
+        setProcessEnvironment(environment);
+        start(PEER_PROGRAM, arguments);
+    }
     ~Peer() override
     {
         kill();
@@ -39,7 +52,47 @@ public:
     }
 };
 
+//! No session's folder, and \a folder for temporary files.
+QProcessEnvironment withoutSession(const QString &folder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("XDG_RUNTIME_DIR");
+    environment.insert("TMPDIR", folder);
+    return environment;
+}
+
+constexpr QFile::Permissions kOfOthers(QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
+                                       | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther);
+
+constexpr uid_t kAnotherUser = 65534;
+
+//! Runs \a body, of system calls only, in a process of another user; its result.
+template<typename Body>
+int asAnotherUser(const Body &body)
+{
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(::setuid(kAnotherUser) == 0 ? body() : 99);
+    int status = 0;
+    while (::waitpid(child, &status, WNOHANG) == 0)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    return WEXITSTATUS(status);
+}
+
+//! Makes something at a path where a folder is to be.
+using PrepareFolder = void (*)(const QByteArray &path);
+
+sockaddr_un addressOf(const QString &socketFile)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(socketFile), sizeof address.sun_path);
+    return address;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(PrepareFolder)
 
 class tst_QtSingleApplication : public QObject
 {
@@ -109,15 +162,139 @@ private Q_SLOTS:
         QCOMPARE(said.join(' '), QString("first second second second second"));
     }
 
+    void activationWindow_data()
+    {
+        QTest::addColumn<QString>("settings");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("none") << ""
+                              << "hello: an icon";
+        QTest::newRow("at a message") << "on"
+                                      << "hello: open";
+        QTest::newRow("not at a message") << "off"
+                                          << "hello: an icon";
+        QTest::newRow("not any more") << "on off"
+                                      << "hello: an icon";
+        QTest::newRow("in the end") << "off on on"
+                                    << "hello: open";
+    }
+    void activationWindow()
+    {
+        QFETCH(QString, settings);
+        QFETCH(QString, expected);
+        Peer first(QStringList{m_id, "window"} + settings.split(' ', Qt::SkipEmptyParts));
+        QCOMPARE(first.line(), QString("first"));
+        QCOMPARE(Peer({m_id, "send", "hello"}).result(), 0);
+        QCOMPARE(first.line(), expected);
+    }
+
     void nobodyToSendTo() { QCOMPARE(Peer({m_id, "send", "hello"}).result(), 1); }
 
     void onlyThisUserMayConnect()
     {
         SingleInstance first(m_id);
         QVERIFY(first.takeFirstPlace());
-        const auto others =
-            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        QVERIFY(!(QFile::permissions(first.serverName()) & others));
+        QVERIFY(!(QFile::permissions(first.serverName()) & kOfOthers));
+    }
+
+    void withoutASessionsFolder()
+    {
+        QTemporaryDir temporary;
+        const QProcessEnvironment environment = withoutSession(temporary.path());
+        Peer first({m_id, "serve"}, environment);
+        QCOMPARE(first.line(), QString("first"));
+        QCOMPARE(Peer({m_id, "send", "found"}, environment).result(), 0);
+        QCOMPARE(first.line(), QString("found"));
+        const QFileInfo folder(QString("%1/corvale_qt-%2").arg(temporary.path()).arg(::geteuid()));
+        QVERIFY(folder.isDir());
+        QVERIFY(!(folder.permissions() & kOfOthers));
+    }
+
+    void folderThatIsNotSafe_data()
+    {
+        QTest::addColumn<PrepareFolder>("prepare");
+        const auto row = [](const char *name, PrepareFolder prepare) {
+            QTest::newRow(name) << prepare;
+        };
+        row("open to others", [](const QByteArray &path) {
+            ::mkdir(path, 0700);
+            ::chmod(path, 0770);
+        });
+        row("a link", [](const QByteArray &path) {
+            ::mkdir(path + ".aim", 0700);
+            QCOMPARE(::symlink(path + ".aim", path), 0);
+        });
+        row("a file", [](const QByteArray &path) {
+            ::close(::creat(path, 0700));
+        });
+        row("another user's", [](const QByteArray &path) {
+            ::mkdir(path, 0700);
+            if (::chown(path, kAnotherUser, kAnotherUser) != 0)
+                QSKIP("only root can give a folder away");
+        });
+    }
+    //! Made by somebody else, with a lock and a socket in it for all one knows.
+    void folderThatIsNotSafe()
+    {
+        QFETCH(PrepareFolder, prepare);
+        QTemporaryDir temporary;
+        const QString folder = QString("%1/corvale_qt-%2").arg(temporary.path()).arg(::geteuid());
+        prepare(QFile::encodeName(folder));
+        for (int i = 0; i < 2; ++i) {
+            Peer peer({m_id, "serve"}, withoutSession(temporary.path()));
+            QCOMPARE(peer.line(), QString("first"));
+            const QByteArray said = peer.readAllStandardError();
+            QCOMPARE(said.count("may run several times"), 1);
+        }
+        QVERIFY(QDir(folder).isEmpty());
+        QCOMPARE(Peer({m_id, "send", "x"}, withoutSession(temporary.path())).result(), 1);
+    }
+
+    //! Should another user get at the socket all the same.
+    void anotherUsersProcess()
+    {
+        if (::geteuid() != 0)
+            QSKIP("only root can run a process as another user");
+        QTemporaryDir session;
+        ::chmod(QFile::encodeName(session.path()), 0755);
+        const QByteArray usual = qgetenv("XDG_RUNTIME_DIR");
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(session.path()));
+        SingleInstance first(m_id), next(m_id);
+        qputenv("XDG_RUNTIME_DIR", usual);
+        const sockaddr_un address = addressOf(first.serverName());
+        const auto *name = reinterpret_cast<const sockaddr *>(&address);
+
+        QVERIFY(first.takeFirstPlace());
+        QVERIFY(!next.takeFirstPlace());
+        ::chmod(QFile::encodeName(first.serverName()), 0666);
+        QSignalSpy received(&first, &SingleInstance::messageReceived);
+        const int answered = asAnotherUser([&] {
+            const int connection = ::socket(AF_UNIX, SOCK_STREAM, 0);
+            char answer = 0;
+            if (::connect(connection, name, sizeof address) != 0)
+                return 98;
+            const bool sent = ::send(connection, "\0\0\0\1x", 5, MSG_NOSIGNAL) == 5;
+            return sent && ::read(connection, &answer, 1) == 1 ? 1 : 0;
+        });
+        QCOMPARE(answered, 0);
+        QVERIFY(received.isEmpty());
+
+        // One that listens gets nothing to read.
+        QFile::remove(first.serverName());
+        const int listener = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        QCOMPARE(::bind(listener, name, sizeof address), 0);
+        bool sent = true;
+        QTimer::singleShot(0, this, [&] {
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("another user listens"));
+            sent = next.send("secret", 20000);
+        });
+        const int bytes = asAnotherUser([&] {
+            char byte = 0;
+            ::listen(listener, 1);
+            return int(::read(::accept(listener, nullptr, nullptr), &byte, 1));
+        });
+        ::close(listener);
+        QCOMPARE(bytes, 0);
+        QVERIFY(!sent);
     }
 
     //! What a sender that is none of ours may bring; the next message comes through all the same.

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXPositionErrorPlot.h"
+#include "corvale_qt/beam/RVXSpectrogram.h"
+#include "corvale_qt/beam/SpotMapWidget.h"
+#include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/scope/RVXStatisticsSetupPage.h"
+#include "corvale_qt/widgets/RVXLogBrowser.h"
+#include "tests/support/TestMain.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QDialog>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+using MakeWidget = QWidget *(*)();
+
+template<typename Widget>
+QWidget *make()
+{
+    return new Widget;
+}
+
+//! The controls of a form that take the focus.
+QVector<QWidget *> controlsOf(const QWidget &form)
+{
+    QVector<QWidget *> controls;
+    for (QWidget *widget : form.findChildren<QWidget *>()) {
+        const bool isPartOfAnother = widget->objectName().startsWith("qt_");
+        if (widget->isVisibleTo(&form) && widget->focusPolicy() != Qt::NoFocus && !isPartOfAnother)
+            controls << widget;
+    }
+    return controls;
+}
+
+/*! The name by which a screen reader announces a control. Qt gives a combo box's current text as its name, and
+    leaves it to its label to say what is chosen by it. */
+QString nameOf(const QAccessibleInterface &accessible)
+{
+    if (accessible.role() != QAccessible::ComboBox)
+        return accessible.text(QAccessible::Name);
+    const auto labels = accessible.relations(QAccessible::Label);
+    return labels.isEmpty() ? QString() : labels.first().first->text(QAccessible::Name);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(MakeWidget)
+
+//! The library's forms inside of what hosts put around them.
+class tst_Forms : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QAccessible::setActive(true); } // as while a screen reader runs
+
+    void enterInADialog_data() { addForms(); }
+    //! Enter in a field presses the dialog's default button, if it has one, and none of the form's.
+    void enterInADialog()
+    {
+        QFETCH(MakeWidget, makeForm);
+        QDialog dialog;
+        auto *layout = new QVBoxLayout(&dialog);
+        QWidget *form = makeForm();
+        layout->addWidget(form);
+        QStringList pressed;
+        for (auto *button : form->findChildren<QAbstractButton *>()) {
+            button->show(); // the factory reset, too
+            connect(button, &QAbstractButton::clicked, this, [&pressed, button] {
+                pressed << button->objectName();
+            });
+        }
+        dialog.show();
+        for (QWidget *control : controlsOf(*form))
+            QTest::keyClick(control, Qt::Key_Return);
+        QCOMPARE(pressed.join(' '), QString());
+    }
+
+    void namesOfControls_data() { addForms(); }
+    //! As a screen reader hears them, which is not what the property says: none is missing, no two are the same.
+    void namesOfControls()
+    {
+        QFETCH(MakeWidget, makeForm);
+        const std::unique_ptr<QWidget> form(makeForm());
+        QStringList heard;
+        for (QWidget *control : controlsOf(*form)) {
+            if (control->inherits("QFrame")) // text, tables and plots
+                continue;
+            QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(control);
+            QVERIFY2(accessible->role() != QAccessible::Client, qPrintable(control->objectName()));
+            const QString name = nameOf(*accessible);
+            QVERIFY2(!name.isEmpty(), qPrintable(control->objectName()));
+            heard << QString("%1 %2").arg(accessible->role()).arg(name);
+        }
+        QStringList distinct = heard;
+        distinct.removeDuplicates();
+        QCOMPARE(heard, distinct);
+    }
+
+    void namesOfTheScopesChoices()
+    {
+        const std::unique_ptr<QWidget> scope(make<RVXScope>());
+        QStringList names;
+        for (const char *combo : {"scaleYCombo", "averagingCombo", "comboBox_period"})
+            names << nameOf(
+                *QAccessible::queryAccessibleInterface(scope->findChild<QWidget *>(combo)));
+        QCOMPARE(names.join(", "), QString("Y range, Running average, Acquisition period"));
+
+        auto *bar = scope->findChild<QTabBar *>("modeSelect");
+        bar->setCurrentIndex(1);
+        QAccessibleInterface *tabs = QAccessible::queryAccessibleInterface(bar);
+        QCOMPARE(nameOf(*tabs), QString("Plot mode: Scope"));
+        QCOMPARE(nameOf(*tabs->child(2)), QString("Plot mode: Histogram"));
+    }
+
+private:
+    static void addForms()
+    {
+        QTest::addColumn<MakeWidget>("makeForm");
+        QTest::newRow("scope") << MakeWidget(make<RVXScope>);
+        QTest::newRow("statistics page") << MakeWidget(make<RVXStatisticsSetupPage>);
+        QTest::newRow("log browser") << MakeWidget([]() -> QWidget * {
+            return new RVXLogBrowser(nullptr, {});
+        });
+        QTest::newRow("beam profile") << MakeWidget(make<RVXSpectrogram>);
+        QTest::newRow("position errors") << MakeWidget(make<RVXPositionErrorPlot>);
+        QTest::newRow("spot map") << MakeWidget(make<SpotMapWidget>);
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_Forms)
+#include "tst_Forms.moc"

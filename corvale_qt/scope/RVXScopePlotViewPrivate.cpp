@@ -16,7 +16,27 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Corvale_Qt {
+
+namespace {
+
+//! Whether anybody is connected to the signals of a selection model. A view that shows it always is.
+bool hasListeners(const QItemSelectionModel &selection)
+{
+    struct Access : QItemSelectionModel
+    {
+        static int count(const QItemSelectionModel &selection, const char *signal)
+        {
+            return (selection.*(&Access::receivers))(signal);
+        }
+    };
+    return Access::count(selection, SIGNAL(selectionChanged(QItemSelection, QItemSelection))) > 0
+        || Access::count(selection, SIGNAL(currentChanged(QModelIndex, QModelIndex))) > 0;
+}
+
+} // namespace
 
 RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
     : d(view)
@@ -174,8 +194,16 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     on(&Model::rowsAboutToBeRemoved, [this] {
         rowsLeave = true;
     });
-    on(&Model::rowsRemoved, [this] {
+    on(&Model::rowsRemoved, [this](const QModelIndex &parent, int start, int end) {
         rowsLeave = false;
+        if (!parent.isValid())
+            rowsHaveGone(start, end);
+    });
+    on(&Model::rowsMoved, [this] {
+        rowsAreOthers();
+    });
+    on(&Model::layoutChanged, [this] {
+        rowsAreOthers();
     });
     // The item view itself takes no notice of channels that come and go.
     on(&Model::columnsInserted, [this] {
@@ -204,6 +232,7 @@ void RVXScopePlotViewPrivate::modelIsGone()
     model.set(nullptr);
     baseModel = nullptr;
     curves.dropData();
+    sweepSamples.clear();
     showBufferSize();
     q_ptr->RequestReplot();
 }
@@ -228,6 +257,91 @@ void RVXScopePlotViewPrivate::restartSweeps()
     if (model.plot())
         sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
     sweep.restart(model.lastRow());
+    stripStart.restart();
+}
+
+void RVXScopePlotViewPrivate::rowsHaveCome(int start, int end)
+{
+    if (!model.plot())
+        return;
+    batches.add(end - start + 1);
+    const int dropped =
+        sweep.rowsInserted(start, end, model.lastRow(), model.plot()->PlotWidthHintPoints());
+    if (dropped > 0) {
+        markers.rowsRemoved(1, dropped);
+        stripStart.rowsRemoved(1, dropped);
+    }
+    markers.rowsInserted(start, end);
+    stripStart.rowsInserted(start);
+}
+
+void RVXScopePlotViewPrivate::rowsHaveGone(int start, int end)
+{
+    sweep.rowsRemoved(start, end);
+    markers.rowsRemoved(start, end);
+    stripStart.rowsRemoved(start, end);
+    requestReplot();
+}
+
+void RVXScopePlotViewPrivate::rowsAreOthers()
+{
+    sweep.forgetShown();
+    markers.forgetRows();
+    stripStart.restart();
+    requestReplot();
+}
+
+void RVXScopePlotViewPrivate::cellsHaveChanged(int top, int bottom)
+{
+    const RowRange shown = sweep.shown();
+    const bool all = top < 0 || bottom < 0;
+    if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
+        sweepChanged = true;
+    // Row 0 tells which channels are shown, and in which colours.
+    if (sweepChanged || top == 0 || shown.size() < 1)
+        refreshAsked = true;
+}
+
+int RVXScopePlotViewPrivate::stripLength() const
+{
+    const int hint = model.plot() ? model.plot()->PlotWidthHintPoints() : 0;
+    const int batch = batches.median();
+    return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
+}
+
+void RVXScopePlotViewPrivate::followSelection(int row, int channel)
+{
+    const bool isSample = isTimeMode(mode) && row >= 1 && row <= model.lastRow();
+    markers.followSelection(isSample ? row : 0, channel);
+    if (mode == RVXScopePlotView::HistogramMode)
+        markers.item(0)->setValue(channel, 0.0);
+    q_ptr->RequestReplotRefresh();
+    // Plotted at once: the item view scrolls next, to another place, if it does not find the sample on the axis.
+    if (isSample && currentMode().showSample(markers.item(0)->xValue()))
+        q_ptr->Plot();
+}
+
+/*! Takes over the selection model that an item view makes in setModel(), and deletes the one made before unless another
+    view uses it. A signal of that one may have led here, so it is deleted a little later. */
+void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
+{
+    delete oldSelection;
+    if (viewSelection && !hasListeners(*viewSelection)) {
+        oldSelection = viewSelection;
+        oldSelection->deleteLater();
+    }
+    viewSelection = selection;
+}
+
+//! In the frame of the canvas, so that no sample is covered.
+void RVXScopePlotViewPrivate::showFocus(bool focused)
+{
+    QPalette palette; // all other colours are still those of the view
+    palette.setBrush(QPalette::Window, canvas->palette().window());
+    palette.setColor(QPalette::WindowText, q_ptr->palette().color(QPalette::Highlight));
+    canvas->setPalette(palette);
+    canvas->setFrameStyle(QFrame::Panel | (focused ? QFrame::Plain : QFrame::Sunken));
+    canvas->replot();
 }
 
 void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QVariant>
 #include <QVector>
@@ -35,7 +36,8 @@ public:
     {
         if (row == 0)
             return column;
-        return row > 0 && row <= m_rows.size() ? m_rows[row - 1].value(column) : 0.0;
+        const double value = row > 0 && row <= m_rows.size() ? m_rows[row - 1].value(column) : 0.0;
+        return isInBaseUnit && column > 0 ? units()->scale(value) : value;
     }
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override
     {
@@ -78,6 +80,13 @@ public:
         endInsertRows();
     }
 
+    void remove(int first, int last)
+    {
+        beginRemoveRows(QModelIndex(), first, last);
+        m_rows.remove(first - 1, last - first + 1);
+        endRemoveRows();
+    }
+
     //! Rows \a interval apart, each channel with the value of its own function of time.
     template<typename Value>
     void appendRows(int count, double interval, Value value)
@@ -106,6 +115,7 @@ public:
 
     QStringList names;
     bool hasColours = true;
+    bool isInBaseUnit = false; //!< readings are given in the base unit and read in units()
     QVariantList deviceFits;
     int pointsHint = 256;
     double widthHint = 0.0;

@@ -50,9 +50,19 @@ private Q_SLOTS:
     void manyRowsMakeOnePlot();
     void stripNeedsTwoSamples();
     void stripFollowsUntilItIsScrolledBack();
+    void scrollingBeginsAnewWithTheModel();
+    void stripKeepsItsLengthWhileBatchesVary();
+    void stripBeginsAnewWhereTimeStepsBack_data();
+    void stripBeginsAnewWhereTimeStepsBack();
+    void changesWithoutNewRowsArePlotted();
     void scrollToEndsAtTheCentreForEveryHint();
     void sweepsAreDrawnWhenComplete();
     void sweepsGoOnWhileTheBufferDropsRows();
+    void theSweepStaysUntilTheNext_data();
+    void theSweepStaysUntilTheNext();
+    void theSweepIsDrawnAgainWhenItsDataChange_data();
+    void theSweepIsDrawnAgainWhenItsDataChange();
+    void manyWaitingSweepsGiveWayToTheNewest();
     void changesOfScaleDrawTheLastSweepAgain();
     void yScales_data();
     void yScales();
@@ -66,6 +76,10 @@ private Q_SLOTS:
     void channelsComeAndGo();
     void atMost256Channels();
     void modelsGoAway();
+    void modelsLeaveNoSelectionModels();
+    void focusIsVisible();
+    void keysThatNobodyHandles_data();
+    void keysThatNobodyHandles();
     void modelsThatCannotBePlotted();
     void hostileNumbers_data();
     void hostileNumbers();
@@ -144,6 +158,121 @@ void tst_RVXScopePlotView::stripFollowsUntilItIsScrolledBack()
     QCOMPARE(view.x().maxValue(), 452.0);
 }
 
+void tst_RVXScopePlotView::scrollingBeginsAnewWithTheModel()
+{
+    ScopeTestModel first(1);
+    ScopeTestModel second(1);
+    first.appendRows(1000, 1.0, channelNumber);
+    second.appendRows(1000, 1.0, channelNumber);
+    ScopeTestView view(&first);
+    QScrollBar *bar = view.horizontalScrollBar();
+    bar->setValue(0);
+    view.settle();
+    view.setModel(&second);
+    view.settle();
+    QCOMPARE(view.x().maxValue(), 999.0);
+
+    // An empty model takes the place that was scrolled to along.
+    bar->setValue(0);
+    view.settle();
+    second.remove(1, 1000);
+    view.settle();
+    QCOMPARE(bar->maximum(), 0);
+    second.appendRows(1000, 1.0, channelNumber);
+    view.settle();
+    QCOMPARE(view.x().maxValue(), 1999.0);
+}
+
+void tst_RVXScopePlotView::stripKeepsItsLengthWhileBatchesVary()
+{
+    ScopeTestModel model(1);
+    model.pointsHint = 0;
+    ScopeTestView view(&model);
+    model.appendRows(5, 0.01, channelNumber); // no batch
+    model.appendRows(300, 0.01, channelNumber);
+    for (const int rows : {300, 11, 300, 1, 300}) {
+        model.appendRows(rows, 0.01, channelNumber);
+        view.settle();
+        QVERIFY2(qAbs(view.x().width() - 2.99) < 1e-6, qPrintable(view.xText()));
+    }
+    // Most of the last batches are short ones.
+    for (int i = 0; i < 9; ++i)
+        model.appendRows(i < 8 ? 20 : 40, 0.01, channelNumber);
+    for (int i = 0; i < 4; ++i)
+        model.appendRows(20, 0.01, channelNumber);
+    view.settle();
+    QVERIFY2(qAbs(view.x().width() - 0.19) < 1e-6, qPrintable(view.xText()));
+
+    ScopeTestModel single(1);
+    single.pointsHint = 0;
+    single.appendRows(600, 1.0, channelNumber);
+    view.setModel(&single); // knows nothing of the batches of another
+    view.settle();
+    QCOMPARE(view.x().width(), 255.0);
+}
+
+void tst_RVXScopePlotView::stripBeginsAnewWhereTimeStepsBack_data()
+{
+    QTest::addColumn<double>("width"); // wished by the model
+    QTest::addColumn<QVector<double>>("stamps"); // after 1000 rows from 0 to 999
+    QTest::addColumn<double>("oldest");
+    QTest::addColumn<double>("right");
+    const QVector<double> anew{0, 1, 2};
+    const QVector<double> outlier{1e12, 1000, 1001};
+    const QVector<double> jitter{1003, 1001, 1002};
+    QTest::newRow("time begins anew") << 0.0 << anew << 0.0 << 2.0;
+    QTest::newRow("time begins anew, width given") << 100.0 << anew << 0.0 << 2.0;
+    QTest::newRow("only one sample since") << 0.0 << QVector<double>{5} << 5.0 << 5.0;
+    QTest::newRow("a single stamp far ahead") << 0.0 << outlier << 1000.0 << 1001.0;
+    QTest::newRow("far ahead, width given") << 100.0 << outlier << 1000.0 << 1001.0;
+    QTest::newRow("far ahead beside missing ones")
+        << 0.0 << QVector<double>{1e12, qQNaN(), 1000, 1001} << 1000.0 << 1001.0;
+    QTest::newRow("small disorder") << 0.0 << jitter << 746.0 << 1002.0;
+    QTest::newRow("small disorder, width given") << 100.0 << jitter << 901.0 << 1002.0;
+}
+
+void tst_RVXScopePlotView::stripBeginsAnewWhereTimeStepsBack()
+{
+    QFETCH(double, width);
+    QFETCH(QVector<double>, stamps);
+    QFETCH(double, oldest);
+    ScopeTestModel model(1);
+    model.widthHint = width;
+    model.appendRows(1000, 1.0, channelNumber);
+    ScopeTestView view(&model);
+    for (const double stamp : stamps) {
+        model.append({{stamp, 1.0}});
+        view.settle();
+        QVERIFY2(view.x().width() > 0.0, qPrintable(view.xText())); // never runs backwards
+    }
+    QTEST(view.x().maxValue(), "right");
+    const QRectF drawn = view.curves().value(0)->boundingRect();
+    QCOMPARE(drawn.left(), oldest);
+    // The same for somebody who looks now for the first time.
+    ScopeTestView late(&model);
+    QCOMPARE(late.curves().value(0)->boundingRect(), drawn);
+}
+
+void tst_RVXScopePlotView::changesWithoutNewRowsArePlotted()
+{
+    ScopeTestModel model(1);
+    model.pointsHint = 100;
+    model.appendRows(300, 1.0, channelNumber);
+    ScopeTestView view(&model);
+    model.remove(291, 300);
+    view.settle();
+    QCOMPARE(view.xText(), QString("190..289"));
+    for (const int mode : {View::StripMode, View::ScopeMode}) {
+        view.SetPlotMode(mode);
+        view.settle();
+        model.pointsHint = 50; // acts when something is painted
+        view.qwtPlot()->canvas()->update();
+        view.settle();
+        QCOMPARE(view.x().width(), 49.0);
+        model.pointsHint = 100;
+    }
+}
+
 void tst_RVXScopePlotView::scrollToEndsAtTheCentreForEveryHint()
 {
     ScopeTestModel model(1);
@@ -212,6 +341,135 @@ void tst_RVXScopePlotView::sweepsGoOnWhileTheBufferDropsRows()
                      "800..899 900..999"));
 }
 
+void tst_RVXScopePlotView::theSweepStaysUntilTheNext_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::newRow("rows come") << "append";
+    QTest::newRow("half of the sweep leaves the buffer") << "roll";
+    QTest::newRow("all but one sample leave the buffer") << "roll far";
+    QTest::newRow("rows go") << "remove";
+    QTest::newRow("all is cleared and rows come") << "clear";
+    QTest::newRow("a look at the strip chart") << "strip";
+}
+
+//! Sweeps of 100 in a buffer of 150: what is drawn is the same to the last pixel.
+void tst_RVXScopePlotView::theSweepStaysUntilTheNext()
+{
+    QFETCH(QString, change);
+    ScopeTestModel model(2, 150);
+    model.pointsHint = 100;
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::ScopeMode);
+    const auto wave = [](int channel, double time) {
+        return std::sin(time / 7.0) * channel;
+    };
+    model.appendRows(100, 1.0, wave);
+    view.settle();
+    const QImage before = view.canvas();
+    if (change == "append") {
+        model.appendRows(50, 1.0, wave);
+    } else if (change == "roll" || change == "roll far") {
+        for (int i = 0; i < (change == "roll" ? 90 : 99); ++i) {
+            model.appendRows(1, 1.0, wave);
+            view.settle();
+        }
+    } else if (change == "remove") {
+        model.remove(1, 30);
+    } else if (change == "clear") {
+        model.Clear();
+        model.appendRows(40, 1.0, wave);
+    } else {
+        model.appendRows(99, 1.0, wave);
+        view.SetPlotMode(View::StripMode);
+        view.settle();
+        view.SetPlotMode(View::ScopeMode);
+    }
+    view.settle();
+    QCOMPARE(view.canvas(), before);
+    // A larger canvas shows the same samples, and so does another scale.
+    view.resize(1000, 600);
+    view.SetYScaleMode(View::Normalized);
+    view.settle();
+    QCOMPARE(view.xText(), QString("0..99"));
+    const QwtPlotCurve *curve = view.curves().value(1);
+    QCOMPARE(int(curve->dataSize()), 100);
+    QCOMPARE(curve->sample(99).x(), 99.0);
+    const QRectF bounds = curve->boundingRect();
+    QCOMPARE(qMax(std::abs(bounds.top()), std::abs(bounds.bottom())), 1.0);
+}
+
+void tst_RVXScopePlotView::theSweepIsDrawnAgainWhenItsDataChange_data()
+{
+    QTest::addColumn<int>("rolled"); // rows that came after the sweep of 100, in a buffer of 150
+    QTest::addColumn<QString>("axis");
+    QTest::newRow("acquisition stands") << 0 << "0..99";
+    QTest::newRow("rows were added") << 50 << "0..99";
+    QTest::newRow("a part has left the buffer") << 80 << "30..99";
+}
+
+void tst_RVXScopePlotView::theSweepIsDrawnAgainWhenItsDataChange()
+{
+    QFETCH(int, rolled);
+    ScopeTestModel model(2, 150);
+    model.pointsHint = 100;
+    const Units::nA nA;
+    const Units::uA uA;
+    model.isInBaseUnit = true;
+    model.SetUnits(&nA);
+    ScopeTestView view(&model);
+    view.SetPlotMode(View::ScopeMode);
+    model.appendRows(100, 1.0, [](int, double) {
+        return 5e-6;
+    });
+    view.settle();
+    QCOMPARE(view.curves().value(0)->sample(99).y(), 5000.0);
+    if (rolled > 0)
+        model.appendRows(rolled, 1.0, channelNumber);
+    view.settle();
+
+    model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
+    view.settle();
+    QCOMPARE(view.curves().size(), 1);
+    QCOMPARE(view.xText(), QString("0..99")); // all of the sweep is still right
+    model.SetUnits(&uA);
+    view.settle();
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), uA.name());
+    QTEST(view.xText(), "axis");
+    QCOMPARE(view.curves().value(0)->sample(0).y(), 5.0);
+    model.setData(model.index(0, 2), Qt::Checked, Qt::CheckStateRole);
+    view.settle();
+    QCOMPARE(view.curves().size(), 2);
+
+    // Of a sweep that is gone altogether nothing can be said in another unit.
+    model.Clear();
+    model.appendRows(40, 1.0, channelNumber);
+    view.settle();
+    QCOMPARE(view.curves().size(), 2);
+    model.SetUnits(&nA);
+    view.settle();
+    QCOMPARE(view.curves().size(), 0);
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), nA.name());
+}
+
+void tst_RVXScopePlotView::manyWaitingSweepsGiveWayToTheNewest()
+{
+    CountingModel model(1);
+    model.pointsHint = 100;
+    model.appendRows(39050, 1.0, channelNumber);
+    ScopeTestView view(&model);
+    model.series = 0;
+    view.SetPlotMode(View::ScopeMode);
+    view.settle();
+    QCOMPARE(view.xText(), QString("38900..38999"));
+    QVERIFY2(model.series <= 2, qPrintable(QString::number(model.series)));
+    // A few are shown one after the other.
+    model.appendRows(300, 1.0, channelNumber);
+    model.series = 0;
+    view.settle();
+    QCOMPARE(view.xText(), QString("39200..39299"));
+    QVERIFY2(model.series >= 3, qPrintable(QString::number(model.series)));
+}
+
 void tst_RVXScopePlotView::changesOfScaleDrawTheLastSweepAgain()
 {
     CountingModel model(1);
@@ -231,7 +489,7 @@ void tst_RVXScopePlotView::changesOfScaleDrawTheLastSweepAgain()
     view.SetYScaleMode(View::Percent50);
     model.series = 0;
     view.settle();
-    QVERIFY(model.series > 0);
+    QCOMPARE(view.yText(), QString("-0.5..0.5"));
     model.appendRows(211, 1.0, channelNumber);
     view.settle();
     QCOMPARE(view.xText(), QString("256..511"));
@@ -472,6 +730,88 @@ void tst_RVXScopePlotView::modelsGoAway()
         view.settle();
         QCOMPARE(view.curves().size(), 0);
     }
+}
+
+void tst_RVXScopePlotView::modelsLeaveNoSelectionModels()
+{
+    ScopeTestModel models[2]{ScopeTestModel(1), ScopeTestModel(1)};
+    ScopeTestView view;
+    for (int i = 0; i < 20; ++i) {
+        view.setModel(&models[i % 2]);
+        QVERIFY(view.findChildren<QItemSelectionModel *>().size() <= 2);
+    }
+    // One that another view uses stays, and so does a host's own.
+    QItemSelectionModel *const shared = view.selectionModel();
+    RVXScopePlotView other;
+    other.setModel(&models[1]);
+    other.setSelectionModel(shared);
+    view.setModel(&models[0]);
+    auto *const own = new QItemSelectionModel(&models[0], &view);
+    const QPointer<QItemSelectionModel> kept(own);
+    view.setSelectionModel(own);
+    view.setModel(&models[0]);
+    view.setModel(&models[1]);
+    view.setModel(&models[0]);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(other.selectionModel(), shared);
+    QVERIFY(kept);
+}
+
+void tst_RVXScopePlotView::focusIsVisible()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, channelNumber);
+    ScopeTestView view(&model);
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    const QColor mark = view.palette().color(QPalette::Highlight);
+    const auto edge = [&view] {
+        view.settle();
+        return view.canvas().pixelColor(1, 40);
+    };
+    view.setFocus();
+    QTRY_VERIFY(view.hasFocus());
+    const QImage focused = view.canvas();
+    QCOMPARE(edge(), mark);
+    view.clearFocus();
+    QVERIFY(edge() != mark);
+    // Nothing of the plot is covered.
+    const QRect inside = view.qwtPlot()->canvas()->contentsRect();
+    const auto plot = [&](const QImage &canvas) {
+        const double ratio = canvas.devicePixelRatio();
+        return canvas.copy(QRect(inside.topLeft() * ratio, inside.size() * ratio));
+    };
+    QCOMPARE(plot(view.canvas()), plot(focused));
+}
+
+void tst_RVXScopePlotView::keysThatNobodyHandles_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a digit, with which times begin") << int(Qt::Key_1) << "1";
+    QTest::newRow("a letter") << int(Qt::Key_A) << "a";
+    QTest::newRow("space") << int(Qt::Key_Space) << " ";
+    QTest::newRow("left, without a marker") << int(Qt::Key_Left) << "";
+    QTest::newRow("delete, without a marker") << int(Qt::Key_Delete) << "";
+}
+
+//! They are left to the window, and change nothing.
+void tst_RVXScopePlotView::keysThatNobodyHandles()
+{
+    QFETCH(int, key);
+    QFETCH(QString, text);
+    ScopeTestModel model(1);
+    model.appendRows(1000, 1.0, channelNumber);
+    ScopeTestView view(&model);
+    view.enablePlotMarker(true);
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(&view, &event);
+    view.keyboardSearch(text);
+    view.settle();
+    QVERIFY(!event.isAccepted());
+    QVERIFY(!view.selectionModel()->hasSelection());
+    QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
+    QCOMPARE(view.x().maxValue(), 999.0);
 }
 
 void tst_RVXScopePlotView::modelsThatCannotBePlotted()

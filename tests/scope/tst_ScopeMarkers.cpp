@@ -6,6 +6,9 @@
 #include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
 
+#include <QPainter>
+#include <QScrollBar>
+
 #include <cmath>
 
 using namespace Corvale_Qt;
@@ -77,8 +80,15 @@ private Q_SLOTS:
     void labelsCanBeRead_data();
     void labelsCanBeRead();
     void followASelectionFromOutside();
+    void selectNothingOfTheirOwnAccord();
     void selectingIsNoReasonToPlotAgain();
-    void stayWithoutARowWhenTheirSampleIsGone();
+    void goWithTheirSample_data();
+    void goWithTheirSample();
+    void keepTheirSampleAfterAReset();
+    void labelsStayWithTheirLines();
+    void timesHaveEnoughDigits_data();
+    void timesHaveEnoughDigits();
+    void signsStandInFront();
     void readEachSweepAtTheirPlace();
     void moveByKeys();
     void namesWithPlaceMarkersInThem();
@@ -101,6 +111,7 @@ void tst_ScopeMarkers::startOff()
     QVERIFY(view.hasMarker(1));
     view.enablePlotMarker(false);
     QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
+    QVERIFY(!view.plotMarker(2) && !view.plotMarker(-1));
 }
 
 void tst_ScopeMarkers::snapToTheNearestChannel()
@@ -162,7 +173,7 @@ void tst_ScopeMarkers::numbersBetweenThem()
     ScopeTestView view(&model);
     useTens(view);
     view.click(Qt::RightButton, view.at(119.8, 5.0));
-    view.click(Qt::LeftButton, view.at(59.8, 5.0));
+    view.click(Qt::LeftButton, view.at(59.8, -5.0)); // on another channel than the numbers are of
     const QString label = view.markerText(1);
     long double sum = 0;
     long double squares = 0;
@@ -181,6 +192,24 @@ void tst_ScopeMarkers::numbersBetweenThem()
     const long double mean = sum / n;
     const double deviation = double(std::sqrt(n * (squares / n - mean * mean) / (n - 1)));
     QVERIFY(qAbs(numberIn(label, "Std. Dev") - deviation) < 1e-9);
+    QVERIFY(!label.contains("Missing"));
+
+    // Missing samples are counted; the numbers are those of the others.
+    model.Clear();
+    model.append({{0.0, 1.0, 0.0}, {1.0, qQNaN(), 0.0}, {2.0, 4.0, 0.0}, {3.0, qInf(), 0.0}});
+    view.settle();
+    view.SelectPoint1(QPointF(0.0, 1.0));
+    view.SelectPoint2(QPointF(3.0, 4.0));
+    model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
+    view.settle();
+    QTest::keyClick(&view, Qt::Key_Left);
+    view.settle();
+    QCOMPARE(numberIn(view.markerText(1), "Mean"), 2.5);
+    QCOMPARE(numberIn(view.markerText(1), "Missing"), 1.0);
+    // Both on one sample: there is no period, hence no frequency.
+    QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier);
+    view.settle();
+    QCOMPARE(view.markerText(1).section("Frequency: ", 1).section('\n', 0, 0), QString("N/A"));
 }
 
 void tst_ScopeMarkers::labelsFaceAwayFromEachOther()
@@ -271,22 +300,178 @@ void tst_ScopeMarkers::selectingIsNoReasonToPlotAgain()
     QVERIFY(!view.hasMarker(1));
 }
 
-void tst_ScopeMarkers::stayWithoutARowWhenTheirSampleIsGone()
+void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
 {
+    ScopeTestModel model(2);
+    model.appendRows(1000, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    QVERIFY(!view.selectionModel()->hasSelection());
+    // Two cells that somebody has chosen in a table of the same model.
+    QItemSelection chosen(model.index(900, 2), model.index(900, 2));
+    chosen.select(model.index(950, 1), model.index(950, 1));
+    for (const int mode : {View::StripMode, View::ScopeMode}) {
+        view.SetPlotMode(mode);
+        view.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+        for (int i = 0; i < 3; ++i) {
+            model.appendRows(10, 1.0, level);
+            view.settle();
+        }
+        QCOMPARE(view.selectionModel()->selectedIndexes(), chosen.indexes());
+        QCOMPARE(view.plotMarker(0)->xValue(), 899.0);
+        QVERIFY(view.markerText(0).endsWith("Channel 2\n2"));
+        view.selectionModel()->clear();
+    }
+    // A whole channel, or a sample that is not on the canvas, which then scrolls there.
+    view.SetPlotMode(View::StripMode);
+    view.selectionModel()->select(model.index(0, 1), QItemSelectionModel::ClearAndSelect);
+    view.settle();
+    QCOMPARE(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(0, 1)});
+    view.selectionModel()->setCurrentIndex(model.index(301, 1),
+                                           QItemSelectionModel::ClearAndSelect);
+    view.settle();
+    QVERIFY2(qAbs(view.at(300.0, 0.0).x() - view.qwtPlot()->canvas()->width() / 2) < 3,
+             qPrintable(view.xText()));
+    QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
+}
+
+void tst_ScopeMarkers::goWithTheirSample_data()
+{
+    QTest::addColumn<bool>("painted");
+    QTest::newRow("painted after each row") << true;
+    QTest::newRow("painted at the end") << false;
+}
+
+void tst_ScopeMarkers::goWithTheirSample()
+{
+    QFETCH(bool, painted);
     ScopeTestModel model(1, 300);
     ScopeTestView view(&model);
     useTens(view);
     model.appendRows(300, 1.0, level);
     view.settle();
+    view.click(Qt::RightButton, view.at(59.6, 1.0));
     view.click(Qt::LeftButton, view.at(49.6, 1.0));
-    QCOMPARE(view.markerText(0), QString("s: 5.000e+01\nChannel 1\n1"));
-    for (int i = 0; i < 60; ++i) {
-        model.appendRows(1, 1.0, level);
-        view.settle();
-    }
-    QVERIFY(view.hasMarker(0));
-    QCOMPARE(view.plotMarker(0)->xValue(), 50.0);
-    QVERIFY(!view.markerText(0).contains("Channel"));
+    const auto roll = [&](int rows) {
+        for (int i = 0; i < rows; ++i) {
+            model.appendRows(1, 1.0, level);
+            if (painted)
+                view.settle();
+        }
+    };
+    roll(40);
+    QTest::keyClick(&view, Qt::Key_Right);
+    view.settle();
+    QCOMPARE(view.plotMarker(0)->xValue(), 51.0);
+    QCOMPARE(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(12, 1)});
+    roll(15);
+    view.settle();
+    QVERIFY(!view.hasMarker(0));
+    QVERIFY(view.hasMarker(1));
+    // The keys are the other one's now.
+    QTest::keyClick(&view, Qt::Key_Right);
+    view.settle();
+    QCOMPARE(view.plotMarker(1)->xValue(), 61.0);
+}
+
+void tst_ScopeMarkers::keepTheirSampleAfterAReset()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    view.click(Qt::LeftButton, view.at(99.6, 1.0));
+    view.reset(); // as when a proxy averages otherwise
+    view.settle();
+    QCOMPARE(view.plotMarker(0)->xValue(), 100.0);
+    QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
+    // Another acquisition may have a sample of the same time: it is not the marker's.
+    model.Clear();
+    QVector<ScopeTestModel::Row> rows;
+    for (int i = 0; i < 300; ++i)
+        rows.append({i * 1.0, 1.0});
+    model.append(rows);
+    view.settle();
+    QVERIFY(!view.hasMarker(0));
+}
+
+//! A label whose line has left the axis is not drawn at the border.
+void tst_ScopeMarkers::labelsStayWithTheirLines()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    view.click(Qt::LeftButton, view.at(149.6, 1.0));
+    view.click(Qt::RightButton, view.at(99.6, 1.0));
+    QVERIFY(view.markerText(1).contains("Period: 50"));
+    model.appendRows(70, 1.0, level);
+    view.settle();
+    QCOMPARE(view.markerText(1), QString());
+    QVERIFY(view.markerText(0).contains("Channel 1"));
+    model.appendRows(70, 1.0, level);
+    view.settle();
+    QCOMPARE(view.markerText(0), QString());
+    view.horizontalScrollBar()->setValue(0);
+    view.settle();
+    QVERIFY(view.markerText(1).contains("Period: 50"));
+}
+
+void tst_ScopeMarkers::timesHaveEnoughDigits_data()
+{
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("interval");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("soon after the start") << 0.0 << 1.0 << "2.000e+02"
+                                          << "2.990e+02";
+    QTest::newRow("a day later") << 100000.0 << 0.001 << "100000.2"
+                                 << "100000.299";
+    QTest::newRow("with seconds since 1970") << 1.7e9 << 0.01 << "1700000002"
+                                             << "1700000002.99";
+}
+
+void tst_ScopeMarkers::timesHaveEnoughDigits()
+{
+    QFETCH(double, start);
+    QFETCH(double, interval);
+    ScopeTestModel model(1);
+    QVector<ScopeTestModel::Row> rows;
+    for (int i = 0; i < 300; ++i)
+        rows.append({start + i * interval, 1.0});
+    model.append(rows);
+    ScopeTestView view(&model);
+    useTens(view);
+    view.SelectPoint1(QPointF(rows[200][0], 1.0));
+    view.SelectPoint2(QPointF(rows[299][0], 1.0));
+    view.settle();
+    const auto time = [&view](int marker) {
+        return view.markerText(marker).section('\n', 0, 0).section(' ', 1);
+    };
+    QTEST(time(0), "first");
+    QTEST(time(1), "second");
+}
+
+void tst_ScopeMarkers::signsStandInFront()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, [](int, double) {
+        return -5.0;
+    });
+    ScopeTestView view(&model);
+    useTens(view);
+    view.click(Qt::LeftButton, view.at(149.6, -5.0));
+    const QwtText label = view.plotMarker(0)->label();
+    const auto picture = [&label](Qt::LayoutDirection direction) {
+        QImage image(200, 60, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        painter.setLayoutDirection(direction);
+        label.draw(&painter, QRectF(QPointF(0, 0), label.textSize()));
+        return image;
+    };
+    QVERIFY(label.text().endsWith("-5"));
+    QCOMPARE(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
 }
 
 void tst_ScopeMarkers::readEachSweepAtTheirPlace()
@@ -358,6 +543,23 @@ void tst_ScopeMarkers::moveByKeys()
     view.settle();
     QCOMPARE(view.plotMarker(0)->xValue(), left + 21.0);
     QCOMPARE(view.x().minValue(), left);
+
+    // Samples of one time are steps of their own.
+    view.SetPlotMode(View::StripMode);
+    model.Clear();
+    QVector<ScopeTestModel::Row> rows;
+    for (int i = 0; i < 300; ++i)
+        rows.append({double(i / 3), i * 0.01, 9.0});
+    model.append(rows);
+    view.settle();
+    view.click(Qt::LeftButton, view.at(89.9, 2.7));
+    QStringList values;
+    for (int i = 0; i < 5; ++i) {
+        values << view.markerText(0).section('\n', 2);
+        QTest::keyClick(&view, Qt::Key_Right);
+        view.settle();
+    }
+    QCOMPARE(values.join(' '), QString("2.7 2.71 2.72 2.73 2.74"));
 }
 
 void tst_ScopeMarkers::namesWithPlaceMarkersInThem()

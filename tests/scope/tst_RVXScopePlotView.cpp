@@ -217,18 +217,21 @@ void tst_RVXScopePlotView::stripBeginsAnewWhereTimeStepsBack_data()
     QTest::addColumn<QVector<double>>("stamps"); // after 1000 rows from 0 to 999
     QTest::addColumn<double>("oldest");
     QTest::addColumn<double>("right");
+    QTest::addColumn<int>("drawn");
     const QVector<double> anew{0, 1, 2};
     const QVector<double> outlier{1e12, 1000, 1001};
-    const QVector<double> jitter{1003, 1001, 1002};
-    QTest::newRow("time begins anew") << 0.0 << anew << 0.0 << 2.0;
-    QTest::newRow("time begins anew, width given") << 100.0 << anew << 0.0 << 2.0;
-    QTest::newRow("only one sample since") << 0.0 << QVector<double>{5} << 5.0 << 5.0;
-    QTest::newRow("a single stamp far ahead") << 0.0 << outlier << 1000.0 << 1001.0;
-    QTest::newRow("far ahead, width given") << 100.0 << outlier << 1000.0 << 1001.0;
+    const QVector<double> jitter{1003,
+                                 1001,
+                                 1002}; // what follows the first beyond the border is not drawn
+    QTest::newRow("time begins anew") << 0.0 << anew << 0.0 << 2.0 << 3;
+    QTest::newRow("time begins anew, width given") << 100.0 << anew << 0.0 << 2.0 << 3;
+    QTest::newRow("only one sample since") << 0.0 << QVector<double>{5} << 5.0 << 5.0 << 1;
+    QTest::newRow("a single stamp far ahead") << 0.0 << outlier << 1000.0 << 1001.0 << 2;
+    QTest::newRow("far ahead, width given") << 100.0 << outlier << 1000.0 << 1001.0 << 2;
     QTest::newRow("far ahead beside missing ones")
-        << 0.0 << QVector<double>{1e12, qQNaN(), 1000, 1001} << 1000.0 << 1001.0;
-    QTest::newRow("small disorder") << 0.0 << jitter << 746.0 << 1002.0;
-    QTest::newRow("small disorder, width given") << 100.0 << jitter << 901.0 << 1002.0;
+        << 0.0 << QVector<double>{1e12, qQNaN(), 1000, 1001} << 1000.0 << 1001.0 << 2;
+    QTest::newRow("small disorder") << 0.0 << jitter << 746.0 << 1002.0 << 255;
+    QTest::newRow("small disorder, width given") << 100.0 << jitter << 901.0 << 1002.0 << 100;
 }
 
 void tst_RVXScopePlotView::stripBeginsAnewWhereTimeStepsBack()
@@ -248,6 +251,7 @@ void tst_RVXScopePlotView::stripBeginsAnewWhereTimeStepsBack()
     QTEST(view.x().maxValue(), "right");
     const QRectF drawn = view.curves().value(0)->boundingRect();
     QCOMPARE(drawn.left(), oldest);
+    QTEST(int(view.curves().value(0)->dataSize()), "drawn");
     // The same for somebody who looks now for the first time.
     ScopeTestView late(&model);
     QCOMPARE(late.curves().value(0)->boundingRect(), drawn);

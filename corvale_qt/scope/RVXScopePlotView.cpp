@@ -196,7 +196,7 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
     d->markers.forgetChannels();
     d->model.set(model);
     d->createCurves();
-    d->sweepSamples.clear();
+    d->dropSweep();
     d->batches.clear();
     d->watch(model);
     const bool isOther = !model || model != this->model(); // null is set again each time
@@ -223,6 +223,7 @@ void RVXScopePlotView::reset()
         return;
     }
     if (d->model.channelCount() != d->curves.count()) {
+        d->dropSweep();
         d->markers.forgetChannels();
         d->createCurves();
         d->currentMode().enter();
@@ -256,7 +257,12 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
 
 void RVXScopePlotView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
+    // With this mode, the item view would select the next row in place of a selected one that goes, and the oldest one
+    // again with each row that leaves a full buffer, for every view that shares the selection.
+    const SelectionMode mode = selectionMode();
+    setSelectionMode(NoSelection);
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
+    setSelectionMode(mode);
 }
 
 void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
@@ -264,12 +270,12 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::selectionChanged(selected, deselected);
+    // A sample that leaves the buffer takes its selection along; its marker goes by itself, and no other.
+    if (d->rowsLeave)
+        return;
     if (selected.isEmpty()) {
-        // A sample that leaves the buffer takes its selection along, but not the markers.
-        if (!d->rowsLeave) {
-            d->markers.detachAll();
-            RequestReplot();
-        }
+        d->markers.detachAll();
+        RequestReplot();
         return;
     }
     // The plot itself selects the sample of a marker.

@@ -206,15 +206,13 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
         rowsAreOthers();
     });
     // The item view itself takes no notice of channels that come and go.
-    on(&Model::columnsInserted, [this] {
+    const auto channelsChange = [this] {
+        dropSweep();
         q_ptr->reset();
-    });
-    on(&Model::columnsRemoved, [this] {
-        q_ptr->reset();
-    });
-    on(&Model::columnsMoved, [this] {
-        q_ptr->reset();
-    });
+    };
+    on(&Model::columnsInserted, channelsChange);
+    on(&Model::columnsRemoved, channelsChange);
+    on(&Model::columnsMoved, channelsChange);
 }
 
 void RVXScopePlotViewPrivate::stopWatching()
@@ -239,7 +237,18 @@ void RVXScopePlotViewPrivate::modelIsGone()
 
 void RVXScopePlotViewPrivate::followBaseModel()
 {
-    baseModel = ScopeModel::innermost(q_ptr->model());
+    QAbstractItemModel *const base = ScopeModel::innermost(q_ptr->model());
+    if (base == baseModel)
+        return;
+    baseModel = base;
+    batches.clear();
+    dropSweep();
+}
+
+void RVXScopePlotViewPrivate::dropSweep()
+{
+    sweepSamples.clear();
+    curves.detach();
 }
 
 void RVXScopePlotViewPrivate::createCurves()

@@ -72,6 +72,8 @@ public:
     void stopWatching();
     void modelIsGone();
     void followBaseModel();
+    //! What is drawn of a sweep belongs to other channels, or another instrument, than there are now.
+    void dropSweep();
     void rowsHaveCome(int start, int end);
     void rowsHaveGone(int start, int end);
     //! Rows are other rows now, however many there are.

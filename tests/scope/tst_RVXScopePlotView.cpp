@@ -698,6 +698,17 @@ void tst_RVXScopePlotView::channelsComeAndGo()
     model.setChannels(12);
     view.settle();
     QCOMPARE(view.xText(), QString("0.5..12.5"));
+
+    // A sweep of the channels that were is none of those that are.
+    view.SetPlotMode(View::ScopeMode);
+    model.appendRows(290, 1.0, channelNumber);
+    view.settle();
+    QCOMPARE(view.curves().size(), 12);
+    model.Clear();
+    model.setChannels(3);
+    model.appendRows(100, 1.0, channelNumber);
+    view.settle();
+    QCOMPARE(view.curves().size(), 0);
 }
 
 void tst_RVXScopePlotView::atMost256Channels()

@@ -333,6 +333,11 @@ void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
     QVERIFY2(qAbs(view.at(300.0, 0.0).x() - view.qwtPlot()->canvas()->width() / 2) < 3,
              qPrintable(view.xText()));
     QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
+    // The selected sample leaves the model: no other is selected instead.
+    model.remove(1, 400);
+    view.settle();
+    QVERIFY(!view.selectionModel()->hasSelection());
+    QVERIFY(!view.hasMarker(0));
 }
 
 void tst_ScopeMarkers::goWithTheirSample_data()

@@ -29,7 +29,7 @@ QString notAvailable()
     return QStringLiteral("N/A");
 }
 
-//! A number of the samples between two markers; there is none where all of them are missing.
+//! Returns "N/A" where all samples between the markers are missing.
 QString number(const MarkerStatistics &statistics, double value)
 {
     return statistics.count() > 0 ? number(value) : notAvailable();
@@ -41,7 +41,7 @@ QString missingText(const MarkerStatistics &statistics)
                                     : QString();
 }
 
-//! By the unit where that tells neighbours apart, else with the digits that it takes.
+//! Returns the unit's own text if that differs for x and x + resolution, otherwise as many digits as that takes.
 QString xText(const ScopeModel &model, double x, double resolution)
 {
     const QString ofUnit = model.formatX(x);

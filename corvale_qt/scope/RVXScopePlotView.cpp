@@ -257,8 +257,8 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
 
 void RVXScopePlotView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
-    // With this mode, the item view would select the next row in place of a selected one that goes, and the oldest one
-    // again with each row that leaves a full buffer, for every view that shares the selection.
+    // In single selection the item view selects the next row when the current one is removed. In a full buffer it would
+    // do so with each new sample, for every view that shares the selection.
     const SelectionMode mode = selectionMode();
     setSelectionMode(NoSelection);
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
@@ -270,7 +270,7 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::selectionChanged(selected, deselected);
-    // A sample that leaves the buffer takes its selection along; its marker goes by itself, and no other.
+    // A removed row takes its selection along. Its marker is taken away in rowsHaveGone(), the other one stays.
     if (d->rowsLeave)
         return;
     if (selected.isEmpty()) {

@@ -22,7 +22,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Whether anybody is connected to the signals of a selection model. A view that shows it always is.
+//! Returns whether anything is connected to a selection model. A view that uses it always is.
 bool hasListeners(const QItemSelectionModel &selection)
 {
     struct Access : QItemSelectionModel
@@ -200,10 +200,10 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
             rowsHaveGone(start, end);
     });
     on(&Model::rowsMoved, [this] {
-        rowsAreOthers();
+        rowsHaveMoved();
     });
     on(&Model::layoutChanged, [this] {
-        rowsAreOthers();
+        rowsHaveMoved();
     });
     // The item view itself takes no notice of channels that come and go.
     const auto channelsChange = [this] {
@@ -292,7 +292,7 @@ void RVXScopePlotViewPrivate::rowsHaveGone(int start, int end)
     requestReplot();
 }
 
-void RVXScopePlotViewPrivate::rowsAreOthers()
+void RVXScopePlotViewPrivate::rowsHaveMoved()
 {
     sweep.forgetShown();
     markers.forgetRows();
@@ -325,13 +325,13 @@ void RVXScopePlotViewPrivate::followSelection(int row, int channel)
     if (mode == RVXScopePlotView::HistogramMode)
         markers.item(0)->setValue(channel, 0.0);
     q_ptr->RequestReplotRefresh();
-    // Plotted at once: the item view scrolls next, to another place, if it does not find the sample on the axis.
+    // Plotted at once: the item view calls scrollTo() next, which leaves a sample alone that is on the axis.
     if (isSample && currentMode().showSample(markers.item(0)->xValue()))
         q_ptr->Plot();
 }
 
-/*! Takes over the selection model that an item view makes in setModel(), and deletes the one made before unless another
-    view uses it. A signal of that one may have led here, so it is deleted a little later. */
+/*! Notes the selection model that the item view has made in setModel(), and deletes the one that it made before unless
+    another view uses that. The old one may be emitting the signal that led here, so it is deleted later. */
 void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
 {
     delete oldSelection;
@@ -342,7 +342,7 @@ void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
     viewSelection = selection;
 }
 
-//! In the frame of the canvas, so that no sample is covered.
+//! Colours the frame of the canvas, which covers no sample.
 void RVXScopePlotViewPrivate::showFocus(bool focused)
 {
     QPalette palette; // all other colours are still those of the view

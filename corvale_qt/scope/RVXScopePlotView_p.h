@@ -72,13 +72,12 @@ public:
     void stopWatching();
     void modelIsGone();
     void followBaseModel();
-    //! What is drawn of a sweep belongs to other channels, or another instrument, than there are now.
+    //! Forgets the sweep that was drawn, because the channels or the instrument have changed.
     void dropSweep();
     void rowsHaveCome(int start, int end);
     void rowsHaveGone(int start, int end);
-    //! Rows are other rows now, however many there are.
-    void rowsAreOthers();
-    //! Cells from row \a top to row \a bottom read otherwise; -1 for all.
+    void rowsHaveMoved();
+    //! Rows \a top to \a bottom have new values; -1 means all rows.
     void cellsHaveChanged(int top, int bottom);
     //! Samples across the strip chart, where it has no width in units of x.
     int stripLength() const;

@@ -20,13 +20,13 @@ class StripStart
 {
 public:
     int row() const { return m_row; }
-    //! All rows are other rows now.
+    //! Forgets what was found; all rows are looked at again.
     void restart();
     //! Rows \a start to \a end have gone.
     void rowsRemoved(int start, int end);
-    //! Rows have come in front of \a start.
+    //! Rows have come, the first of them at \a start.
     void rowsInserted(int start);
-    //! Looks at the rows that have come since, for a chart as \a request says.
+    //! Looks at the rows that have come since the last call. \a request gives the width of the chart.
     void update(const PlotColumnReader &reader, const StripRequest &request);
 
 private:

@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Time between one sample and the next, times \a count.
+//! Returns the time that \a count samples take.
 double widthOfSamples(const PlotColumnReader &reader,
                       const StripWindow &window,
                       const StripRequest &request,

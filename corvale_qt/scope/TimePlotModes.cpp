@@ -148,7 +148,7 @@ void SweepPlotMode::plot()
     }
 }
 
-//! The samples of the sweep, as the model has them now; as it had them where they have left it.
+//! Draws the sweep with the model's present values, or with the copied ones if samples have left the model.
 void SweepPlotMode::drawAgain(int lastRow)
 {
     const RowRange shown = d.sweep.shown();

@@ -55,6 +55,11 @@ public:
             role == DeviceFitRole && index.column() == 0 && index.row() == m_rows.size();
         return isFit ? QVariant(deviceFits) : RVXAbstractDeviceDataModel::data(index, role);
     }
+    QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const override
+    {
+        ++seriesTaken;
+        return RVXAbstractDeviceDataModel::seriesData(column, startRow, endRow);
+    }
     bool isOverrange(int, int) const override { return false; }
     bool SaveDataToFile(const QString &) const override { return false; }
     int PlotWidthHintPoints() const override { return pointsHint; }
@@ -117,6 +122,7 @@ public:
     bool hasColours = true;
     bool isInBaseUnit = false; //!< readings are given in the base unit and read in units()
     QVariantList deviceFits;
+    mutable int seriesTaken = 0; //!< how often a view took the data of a curve
     int pointsHint = 256;
     double widthHint = 0.0;
 

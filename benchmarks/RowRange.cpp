@@ -63,7 +63,7 @@ void measure(const QString &name, bool rising, int shown, double limit)
     RowRange literal;
     const double faster = timesFaster(
         [&] {
-            quick = rowsAround(PlotColumnReader(&stack.zeroing), samples, left, right);
+            quick = rowsAround(PlotColumnReader(&stack.zeroing), {1, samples}, left, right);
         },
         4000,
         [&] {

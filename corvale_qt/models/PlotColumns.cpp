@@ -60,6 +60,11 @@ PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
 {
 }
 
+PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
+    : m_columns(columns)
+{
+}
+
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
     if (m_columns) {

@@ -88,7 +88,7 @@ struct SeriesColumns
     int startRow = 0;
     double scale = 1.0; //!< divisor of y
 
-    //! Of exactly an RVXSeriesData over a class of the library; otherwise nothing is known.
+    //! What a ColumnSeries reads, or exactly an RVXSeriesData over a class of the library; otherwise nothing is known.
     static SeriesColumns of(const QwtSeriesData<QPointF> *series);
 
     void readX(size_t first, int count, double *x) const
@@ -110,6 +110,8 @@ class PlotColumnReader
 public:
     PlotColumnReader() = default;
     explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
+    //! Reads columns that belong to no model.
+    explicit PlotColumnReader(const PlotColumns *columns);
 
     //! As PlotColumns::read(); zeros where there is no model.
     void read(int column, int firstRow, int count, double *out) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSeriesData.h"
 
+#include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
@@ -115,7 +116,11 @@ void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) co
 SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
 {
     // A subclass may have another sample(); then that is what is drawn.
-    if (!series || typeid(*series) != typeid(RVXSeriesData))
+    if (!series)
+        return SeriesColumns();
+    if (typeid(*series) == typeid(ColumnSeries))
+        return static_cast<const ColumnSeries &>(*series).columns();
+    if (typeid(*series) != typeid(RVXSeriesData))
         return SeriesColumns();
     const auto &known = static_cast<const RVXSeriesData &>(*series);
     return {known.m_columns, known.m_column, known.m_startRow, known.m_scale};

@@ -75,10 +75,12 @@ public:
     {
         // Counted when somebody asks: much comes between two questions.
         if (m_changed)
-            m_version = ++s_lastVersion;
+            m_version = newVersion();
         m_changed = false;
         return m_version;
     }
+    //! A version for time stamps that are kept elsewhere.
+    static quint64 newVersion() { return ++s_lastVersion; }
 
     //! Appends; a full ring drops its oldest.
     void push_back(double time)

@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QPen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -23,44 +24,77 @@ QString number(double value)
     return QString::number(value, 'g', 12);
 }
 
+QString notAvailable()
+{
+    return QStringLiteral("N/A");
+}
+
+//! Returns "N/A" where all samples between the markers are missing.
+QString number(const MarkerStatistics &statistics, double value)
+{
+    return statistics.count() > 0 ? number(value) : notAvailable();
+}
+
+QString missingText(const MarkerStatistics &statistics)
+{
+    return statistics.missing() > 0 ? QStringLiteral("\n  Missing: %1").arg(statistics.missing())
+                                    : QString();
+}
+
+//! Returns the unit's own text if that differs for x and x + resolution, otherwise as many digits as that takes.
+QString xText(const ScopeModel &model, double x, double resolution)
+{
+    const QString ofUnit = model.formatX(x);
+    bool isNumber = false;
+    ofUnit.toDouble(&isNumber);
+    if (!isNumber || !(resolution > 0.0) || ofUnit != model.formatX(x + resolution))
+        return ofUnit;
+    constexpr int most = 15;
+    const double steps = std::abs(x) / resolution;
+    const int digits = steps > 1.0 ? int(std::ceil(std::log10(steps))) + 1 : 1;
+    return QString::number(x, 'g', std::min(digits, most));
+}
+
 } // namespace
 
 // All texts are put in at once, here and below: a channel's name may hold place markers of its own.
-QString sampleText(const ScopeModel &model, double x, int channel, double value)
+QString sampleText(const ScopeModel &model, double x, int channel, double value, double resolution)
 {
     return QStringLiteral("%1: %2\nChannel %3\n%4")
         .arg(model.xUnitName(),
-             model.formatX(x),
+             xText(model, x, resolution),
              model.name(channel),
              QString::number(value, 'g', QLocale::FloatingPointShortest));
 }
 
-QString timeText(const ScopeModel &model, double x)
+QString timeText(const ScopeModel &model, double x, double resolution)
 {
-    return QStringLiteral("%1: %2").arg(model.xUnitName(), model.formatX(x));
+    return QStringLiteral("%1: %2").arg(model.xUnitName(), xText(model, x, resolution));
 }
 
 QString spanText(const QString &sample, double period, const MarkerStatistics &statistics)
 {
     return QStringLiteral("%1\n   Period: %2\nFrequency: %3\n      Sum: %4\n     Mean: %5\n"
                           "      RMS: %6\n Std. Dev: %7")
-        .arg(sample,
-             number(period),
-             number(1.0 / period),
-             number(statistics.sum()),
-             number(statistics.mean()),
-             number(statistics.rms()),
-             number(statistics.standardDeviation()));
+               .arg(sample,
+                    number(period),
+                    period > 0.0 ? number(1.0 / period) : notAvailable(),
+                    number(statistics, statistics.sum()),
+                    number(statistics, statistics.mean()),
+                    number(statistics, statistics.rms()),
+                    number(statistics, statistics.standardDeviation()))
+        + missingText(statistics);
 }
 
 QString spanText(const QString &bar, const MarkerStatistics &statistics)
 {
     return QStringLiteral("%1\n      Sum: %2\n     Mean: %3\n      RMS: %4\n Std. Dev: %5")
-        .arg(bar,
-             number(statistics.sum()),
-             number(statistics.mean()),
-             number(statistics.rms()),
-             number(statistics.standardDeviation()));
+               .arg(bar,
+                    number(statistics, statistics.sum()),
+                    number(statistics, statistics.mean()),
+                    number(statistics, statistics.rms()),
+                    number(statistics, statistics.standardDeviation()))
+        + missingText(statistics);
 }
 
 void prepareMarker(QwtPlotMarker &marker)
@@ -76,7 +110,8 @@ void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
     label.setColor(RVXPlotColors::labelTextColor());
     label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
     label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
-    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop);
+    // In a language written from right to left the sign of a number would stand behind it.
+    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop | Qt::TextForceLeftToRight);
     marker.setLabel(label);
 }
 

@@ -18,10 +18,12 @@ namespace Corvale_Qt {
 class MarkerStatistics;
 class ScopeModel;
 
-//! Time, channel and value of a sample.
-QString sampleText(const ScopeModel &model, double x, int channel, double value);
+/*! Time, channel and value of a sample. The time has as many digits as it takes to tell it from one that differs by
+    \a resolution; with 0, as many as its unit gives. */
+QString
+sampleText(const ScopeModel &model, double x, int channel, double value, double resolution = 0.0);
 //! The time alone, of a marker that stands on no sample.
-QString timeText(const ScopeModel &model, double x);
+QString timeText(const ScopeModel &model, double x, double resolution);
 //! A sample's text with the numbers over the time between two markers.
 QString spanText(const QString &sample, double period, const MarkerStatistics &statistics);
 //! A bar's text with the numbers over the bars between two markers.

@@ -9,6 +9,10 @@ namespace Corvale_Qt {
 
 void MarkerStatistics::add(double value)
 {
+    if (!std::isfinite(value)) {
+        ++m_missing;
+        return;
+    }
     if (m_count == 0)
         m_origin = value;
     ++m_count;
@@ -34,7 +38,7 @@ double MarkerStatistics::standardDeviation() const
     if (m_count < 2)
         return 0.0;
     const double variance = (m_offsetSquares - m_offsets * m_offsets / m_count) / (m_count - 1);
-    return variance < 0.0 ? 0.0 : std::sqrt(variance); // rounding; a NaN stays one
+    return variance < 0.0 ? 0.0 : std::sqrt(variance); // below 0 by rounding only
 }
 
 MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows)

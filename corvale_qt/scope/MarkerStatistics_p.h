@@ -14,14 +14,16 @@ namespace Corvale_Qt {
 
 class PlotColumnReader;
 
-/*! Sums values as they come. Values that are not finite make the results so: what is shown then is no number, and
-    not a wrong one. */
+/*! Sums values as they come. A value that is not finite is a missing one: it is counted, and the results are those of the
+    others. */
 class MarkerStatistics
 {
 public:
     void add(double value);
 
+    //! Finite values.
     int count() const { return m_count; }
+    int missing() const { return m_missing; }
     double sum() const { return m_sum; }
     double mean() const;
     //! Root of the mean of the squares.
@@ -31,6 +33,7 @@ public:
 
 private:
     int m_count = 0;
+    int m_missing = 0;
     double m_sum = 0.0;
     double m_squares = 0.0;
     // About the first value: the squares of a small ripple on a large value would be lost otherwise.

@@ -35,6 +35,8 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     viewport()->setBackgroundRole(backgroundRole());
     viewport()->setForegroundRole(foregroundRole());
     setAccessibleName(tr("Scope plot"));
+    // The chart runs from left to right in every language.
+    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight);
     // The keys are the view's; a canvas would be one more stop of Tab, and a silent one.
     for (QwtPlotCanvas *canvas : findChildren<QwtPlotCanvas *>())
         canvas->setFocusPolicy(Qt::NoFocus);
@@ -61,6 +63,7 @@ void RVXScopePlotView::SetPlotMode(int plotMode)
     if (d->isTimeMode(d->mode) != d->isTimeMode(plotMode))
         d->markers.detachAll();
     d->markers.forgetSweep();
+    d->markers.forgetRows();
     d->mode = plotMode;
     d->currentMode().enter();
     RequestReplot();
@@ -193,9 +196,14 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
     d->markers.forgetChannels();
     d->model.set(model);
     d->createCurves();
+    d->dropSweep();
+    d->batches.clear();
     d->watch(model);
+    const bool isOther = !model || model != this->model(); // null is set again each time
     // Calls reset(), which finds as many curves as there are channels.
     QAbstractItemView::setModel(model);
+    if (isOther)
+        d->takeNewSelection(selectionModel());
     d->followBaseModel();
     d->restartSweeps();
     horizontalScrollBar()->setRange(0, 0); // follows the newest sample again
@@ -215,11 +223,15 @@ void RVXScopePlotView::reset()
         return;
     }
     if (d->model.channelCount() != d->curves.count()) {
+        d->dropSweep();
         d->markers.forgetChannels();
         d->createCurves();
         d->currentMode().enter();
     }
     d->restartSweeps();
+    if (d->model.lastRow() < 1)
+        d->markers.samplesHaveGone();
+    d->markers.forgetRows();
     RequestReplot();
 }
 
@@ -227,7 +239,9 @@ void RVXScopePlotView::dataChanged(const QModelIndex &topLeft,
                                    const QModelIndex &bottomRight,
                                    const QVector<int> &roles)
 {
+    Q_D(RVXScopePlotView);
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    d->cellsHaveChanged(topLeft.row(), bottomRight.row());
     RequestReplot();
 }
 
@@ -236,19 +250,19 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
     Q_D(RVXScopePlotView);
     if (parent.isValid())
         return;
-    if (d->model.plot()) {
-        d->sweep.rowsInserted(start,
-                              end,
-                              d->model.lastRow(),
-                              d->model.plot()->PlotWidthHintPoints());
-    }
+    d->rowsHaveCome(start, end);
     QAbstractItemView::rowsInserted(parent, start, end);
     RequestReplot();
 }
 
 void RVXScopePlotView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
+    // In single selection the item view selects the next row when the current one is removed. In a full buffer it would
+    // do so with each new sample, for every view that shares the selection.
+    const SelectionMode mode = selectionMode();
+    setSelectionMode(NoSelection);
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
+    setSelectionMode(mode);
 }
 
 void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
@@ -256,27 +270,18 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::selectionChanged(selected, deselected);
-    const QModelIndexList indexes = selected.indexes();
-    if (indexes.isEmpty()) {
-        // A sample that leaves the buffer takes its selection along, but not the markers.
-        if (!d->rowsLeave) {
-            d->markers.detachAll();
-            RequestReplot();
-        }
+    // A removed row takes its selection along. Its marker is taken away in rowsHaveGone(), the other one stays.
+    if (d->rowsLeave)
+        return;
+    if (selected.isEmpty()) {
+        d->markers.detachAll();
+        RequestReplot();
         return;
     }
-    if (!d->markersEnabled)
+    // The plot itself selects the sample of a marker.
+    if (!d->markersEnabled || d->plotting)
         return;
-    const int channel = indexes.first().column();
-    d->markers.lockToChannel(0, channel);
-    // The plot's own selection follows a marker that is there already.
-    if (d->plotting)
-        return;
-    if (d->mode == HistogramMode)
-        d->markers.item(0)->setValue(channel, 0.0);
-    d->markers.attach(0);
-    d->markers.attach(1);
-    RequestReplotRefresh();
+    d->followSelection(selected.first().top(), selected.first().left());
 }
 
 void RVXScopePlotView::doItemsLayout()
@@ -341,12 +346,7 @@ void RVXScopePlotView::RequestReplot()
 void RVXScopePlotView::RequestReplotRefresh()
 {
     Q_D(RVXScopePlotView);
-    if (d->mode == ScopeMode) {
-        if (d->replotPending)
-            d->refreshAsked = true;
-        else
-            d->sweep.rewind();
-    }
+    d->refreshAsked = true;
     RequestReplot();
 }
 
@@ -383,7 +383,8 @@ QwtPlotHistogram *RVXScopePlotView::histogram()
 QSharedPointer<QwtPlotMarker> RVXScopePlotView::plotMarker(int index)
 {
     Q_D(RVXScopePlotView);
-    return d->markers.item(index);
+    return index >= 0 && index < ScopeMarkers::count ? d->markers.item(index)
+                                                     : QSharedPointer<QwtPlotMarker>();
 }
 
 void RVXScopePlotView::keyPressEvent(QKeyEvent *event)
@@ -400,11 +401,25 @@ void RVXScopePlotView::keyPressEvent(QKeyEvent *event)
         d->markers.detach(marker);
         d->markers.selectOther();
     } else {
-        QAbstractItemView::keyPressEvent(event);
+        event->ignore(); // an item view would look for an item whose text begins with the key
         return;
     }
     event->accept();
     RequestReplotRefresh();
+}
+
+void RVXScopePlotView::focusInEvent(QFocusEvent *event)
+{
+    Q_D(RVXScopePlotView);
+    QAbstractItemView::focusInEvent(event);
+    d->showFocus(true);
+}
+
+void RVXScopePlotView::focusOutEvent(QFocusEvent *event)
+{
+    Q_D(RVXScopePlotView);
+    QAbstractItemView::focusOutEvent(event);
+    d->showFocus(false);
 }
 
 } // namespace Corvale_Qt

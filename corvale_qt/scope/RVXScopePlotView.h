@@ -35,8 +35,10 @@ class RVX_StatisticsHistogramItem;
     background brush there. Rows may come at any rate: the plot is made once for each repaint.
 
     While enablePlotMarker() is on, a left click places the first marker and a right click the second; their labels
-    read the sample they stand on and, between them, period, sum, mean, RMS and standard deviation. Left and Right
-    move the marker placed last by one sample, with Shift by ten; Delete takes it away.
+    read the sample they stand on and, between them, period, sum, mean, RMS and standard deviation of the samples
+    that are there, and how many are missing. Left and Right move the marker placed last by one sample, with Shift by
+    ten; Delete takes it away. A marker goes when its sample leaves the model. The sample of the first marker is
+    selected while the user moves it; a selection that is made elsewhere is followed and left as it is.
 
     \code
     RVXScopePlotView view;
@@ -136,6 +138,8 @@ public:
     //! A model that is no plot model, or null, gives an empty plot.
     void setModel(QAbstractItemModel *model) override;
     void reset() override;
+    //! Does nothing: samples have no text to search for.
+    void keyboardSearch(const QString &search) override;
     //! Room for the plot below the labels of the statistics.
     QSize minimumSizeHint() const override;
 
@@ -170,7 +174,7 @@ protected:
     QwtPlot *qwtPlot();
     QwtPlotGrid *grid();
     QwtPlotHistogram *histogram();
-    //! Marker 0 or 1.
+    //! Marker 0 or 1; null for any other index.
     QSharedPointer<QwtPlotMarker> plotMarker(int index);
 
     int horizontalOffset() const override;
@@ -182,6 +186,8 @@ protected:
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags flags) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 private:

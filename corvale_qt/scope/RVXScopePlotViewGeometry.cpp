@@ -85,6 +85,8 @@ int RVXScopePlotView::verticalOffset() const
     return 0;
 }
 
+void RVXScopePlotView::keyboardSearch(const QString &) { }
+
 bool RVXScopePlotView::isIndexHidden(const QModelIndex &) const
 {
     return false;

@@ -16,7 +16,27 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Corvale_Qt {
+
+namespace {
+
+//! Returns whether anything is connected to a selection model. A view that uses it always is.
+bool hasListeners(const QItemSelectionModel &selection)
+{
+    struct Access : QItemSelectionModel
+    {
+        static int count(const QItemSelectionModel &selection, const char *signal)
+        {
+            return (selection.*(&Access::receivers))(signal);
+        }
+    };
+    return Access::count(selection, SIGNAL(selectionChanged(QItemSelection, QItemSelection))) > 0
+        || Access::count(selection, SIGNAL(currentChanged(QModelIndex, QModelIndex))) > 0;
+}
+
+} // namespace
 
 RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
     : d(view)
@@ -174,19 +194,25 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     on(&Model::rowsAboutToBeRemoved, [this] {
         rowsLeave = true;
     });
-    on(&Model::rowsRemoved, [this] {
+    on(&Model::rowsRemoved, [this](const QModelIndex &parent, int start, int end) {
         rowsLeave = false;
+        if (!parent.isValid())
+            rowsHaveGone(start, end);
+    });
+    on(&Model::rowsMoved, [this] {
+        rowsHaveMoved();
+    });
+    on(&Model::layoutChanged, [this] {
+        rowsHaveMoved();
     });
     // The item view itself takes no notice of channels that come and go.
-    on(&Model::columnsInserted, [this] {
+    const auto channelsChange = [this] {
+        dropSweep();
         q_ptr->reset();
-    });
-    on(&Model::columnsRemoved, [this] {
-        q_ptr->reset();
-    });
-    on(&Model::columnsMoved, [this] {
-        q_ptr->reset();
-    });
+    };
+    on(&Model::columnsInserted, channelsChange);
+    on(&Model::columnsRemoved, channelsChange);
+    on(&Model::columnsMoved, channelsChange);
 }
 
 void RVXScopePlotViewPrivate::stopWatching()
@@ -204,13 +230,25 @@ void RVXScopePlotViewPrivate::modelIsGone()
     model.set(nullptr);
     baseModel = nullptr;
     curves.dropData();
+    sweepSamples.clear();
     showBufferSize();
     q_ptr->RequestReplot();
 }
 
 void RVXScopePlotViewPrivate::followBaseModel()
 {
-    baseModel = ScopeModel::innermost(q_ptr->model());
+    QAbstractItemModel *const base = ScopeModel::innermost(q_ptr->model());
+    if (base == baseModel)
+        return;
+    baseModel = base;
+    batches.clear();
+    dropSweep();
+}
+
+void RVXScopePlotViewPrivate::dropSweep()
+{
+    sweepSamples.clear();
+    curves.detach();
 }
 
 void RVXScopePlotViewPrivate::createCurves()
@@ -228,6 +266,91 @@ void RVXScopePlotViewPrivate::restartSweeps()
     if (model.plot())
         sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
     sweep.restart(model.lastRow());
+    stripStart.restart();
+}
+
+void RVXScopePlotViewPrivate::rowsHaveCome(int start, int end)
+{
+    if (!model.plot())
+        return;
+    batches.add(end - start + 1);
+    const int dropped =
+        sweep.rowsInserted(start, end, model.lastRow(), model.plot()->PlotWidthHintPoints());
+    if (dropped > 0) {
+        markers.rowsRemoved(1, dropped);
+        stripStart.rowsRemoved(1, dropped);
+    }
+    markers.rowsInserted(start, end);
+    stripStart.rowsInserted(start);
+}
+
+void RVXScopePlotViewPrivate::rowsHaveGone(int start, int end)
+{
+    sweep.rowsRemoved(start, end);
+    markers.rowsRemoved(start, end);
+    stripStart.rowsRemoved(start, end);
+    requestReplot();
+}
+
+void RVXScopePlotViewPrivate::rowsHaveMoved()
+{
+    sweep.forgetShown();
+    markers.forgetRows();
+    stripStart.restart();
+    requestReplot();
+}
+
+void RVXScopePlotViewPrivate::cellsHaveChanged(int top, int bottom)
+{
+    const RowRange shown = sweep.shown();
+    const bool all = top < 0 || bottom < 0;
+    if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
+        sweepChanged = true;
+    // Row 0 tells which channels are shown, and in which colours.
+    if (sweepChanged || top == 0 || shown.size() < 1)
+        refreshAsked = true;
+}
+
+int RVXScopePlotViewPrivate::stripLength() const
+{
+    const int hint = model.plot() ? model.plot()->PlotWidthHintPoints() : 0;
+    const int batch = batches.median();
+    return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
+}
+
+void RVXScopePlotViewPrivate::followSelection(int row, int channel)
+{
+    const bool isSample = isTimeMode(mode) && row >= 1 && row <= model.lastRow();
+    markers.followSelection(isSample ? row : 0, channel);
+    if (mode == RVXScopePlotView::HistogramMode)
+        markers.item(0)->setValue(channel, 0.0);
+    q_ptr->RequestReplotRefresh();
+    // Plotted at once: the item view calls scrollTo() next, which leaves a sample alone that is on the axis.
+    if (isSample && currentMode().showSample(markers.item(0)->xValue()))
+        q_ptr->Plot();
+}
+
+/*! Notes the selection model that the item view has made in setModel(), and deletes the one that it made before unless
+    another view uses that. The old one may be emitting the signal that led here, so it is deleted later. */
+void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
+{
+    delete oldSelection;
+    if (viewSelection && !hasListeners(*viewSelection)) {
+        oldSelection = viewSelection;
+        oldSelection->deleteLater();
+    }
+    viewSelection = selection;
+}
+
+//! Colours the frame of the canvas, which covers no sample.
+void RVXScopePlotViewPrivate::showFocus(bool focused)
+{
+    QPalette palette; // all other colours are still those of the view
+    palette.setBrush(QPalette::Window, canvas->palette().window());
+    palette.setColor(QPalette::WindowText, q_ptr->palette().color(QPalette::Highlight));
+    canvas->setPalette(palette);
+    canvas->setFrameStyle(QFrame::Panel | (focused ? QFrame::Plain : QFrame::Sunken));
+    canvas->replot();
 }
 
 void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)

@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/SampleRows_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -74,9 +75,8 @@ double sampleX(const PlotColumnReader &reader, int row)
     return x;
 }
 
-RowRange rowsAround(const PlotColumnReader &reader, int lastRow, double left, double right)
+RowRange rowsAround(const PlotColumnReader &reader, RowRange all, double left, double right)
 {
-    const RowRange all{1, lastRow};
     const auto isBelow = [left](double x) {
         return x < left;
     };
@@ -92,10 +92,10 @@ RowRange rowsAround(const PlotColumnReader &reader, int lastRow, double left, do
                                  })
             - 1
                         : scanBackward(reader, all, isBelow);
-    found.first = std::max(found.first, 1);
-    const RowRange after{found.first + 1, lastRow};
+    found.first = std::max(found.first, all.first);
+    const RowRange after{found.first + 1, all.last};
     found.last = rises ? bisect(reader, after, isBeyond) : scanForward(reader, after, isBeyond);
-    found.last = std::min(found.last, lastRow);
+    found.last = std::min(found.last, all.last);
     return found;
 }
 
@@ -107,6 +107,37 @@ int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x)
     const int row =
         reader.xRises() ? bisect(reader, rows, isReached) : scanForward(reader, rows, isReached);
     return row <= rows.last ? row : -1;
+}
+
+int rowAt(const PlotColumnReader &reader, RowRange rows, double x)
+{
+    if (reader.xRises()) {
+        const int row = firstRowFrom(reader, rows, x);
+        return row > 0 && sampleX(reader, row) == x ? row : -1;
+    }
+    const int row = scanForward(reader, rows, [x](double stamp) {
+        return stamp == x;
+    });
+    return row <= rows.last ? row : -1;
+}
+
+double typicalInterval(const PlotColumnReader &reader, int lastRow)
+{
+    constexpr int looked = 65;
+    double x[looked];
+    const int count = std::min(looked, lastRow);
+    reader.read(0, lastRow - count + 1, count, x);
+    int intervals = 0;
+    for (int i = 1; i < count; ++i) {
+        const double interval = std::abs(x[i] - x[i - 1]);
+        if (std::isfinite(interval))
+            x[intervals++] = interval;
+    }
+    if (intervals == 0)
+        return 0.0;
+    double *const middle = x + intervals / 2;
+    std::nth_element(x, middle, x + intervals);
+    return *middle;
 }
 
 } // namespace Corvale_Qt

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
@@ -22,10 +22,14 @@ constexpr double kLayerStep = 0.01;
 //! Divides the series by its own largest magnitude; a host's own kind of series stays as it is.
 void normalize(QwtSeriesData<QPointF> *series)
 {
-    if (auto *ours = dynamic_cast<RVXSeriesData *>(series)) {
-        const QRectF bounds = ours->boundingRect();
-        ours->setScale(std::max(std::abs(bounds.top()), std::abs(bounds.bottom())));
-    }
+    const auto largest = [series] {
+        const QRectF bounds = series->boundingRect();
+        return std::max(std::abs(bounds.top()), std::abs(bounds.bottom()));
+    };
+    if (auto *ofModel = dynamic_cast<RVXSeriesData *>(series))
+        ofModel->setScale(largest());
+    else if (auto *kept = dynamic_cast<ColumnSeries *>(series))
+        kept->setScale(largest());
 }
 
 } // namespace
@@ -78,25 +82,25 @@ void ScopeCurves::dropData()
     }
 }
 
-void ScopeCurves::plotCurves(int firstRow, int lastRow, int scaleMode)
+void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode)
 {
     for (int channel = 1; channel <= m_count; ++channel) {
         RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-        if (!m_model.isShown(channel)) {
+        QwtSeriesData<QPointF> *series = m_model.isShown(channel) ? makeSeries(channel) : nullptr;
+        if (!series) {
             curve.detach();
             continue;
         }
-        giveData(channel, firstRow, lastRow, scaleMode);
+        giveData(channel, series, scaleMode);
         givePen(channel);
         curve.attach(m_plot);
         m_markers.snap(channel, *curve.data(), firstRow);
     }
 }
 
-void ScopeCurves::giveData(int channel, int firstRow, int lastRow, int scaleMode)
+void ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode)
 {
     RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-    QwtSeriesData<QPointF> *series = m_model.plot()->seriesData(channel, firstRow, lastRow);
     if (scaleMode == RVXScopePlotView::Normalized)
         normalize(series);
     curve.setSamples(series);

@@ -14,6 +14,7 @@
 #include "corvale_qt/scope/ScopeModel_p.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QwtPlot;
@@ -37,11 +38,14 @@ public:
     //! Takes away what the curves read from the model.
     void dropData();
 
-    //! Draws the channels that are shown, and lets the markers snap to them.
-    void plotCurves(int firstRow, int lastRow, int scaleMode);
+    //! Makes the series of a channel, which the caller owns; null where there is nothing to draw.
+    using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
+    /*! Draws the channels that are shown, and lets the markers snap to them. The series begin with row \a firstRow of
+        what the markers read. */
+    void plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode);
 
 private:
-    void giveData(int channel, int firstRow, int lastRow, int scaleMode);
+    void giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode);
     void givePen(int channel);
 
     QwtPlot *m_plot;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
@@ -14,6 +13,16 @@
 #include <cmath>
 
 namespace Corvale_Qt {
+
+namespace {
+
+//! Times that are closer than this stand on one pixel, or nearly.
+double resolutionOf(const std::pair<double, double> &xRange)
+{
+    return (xRange.second - xRange.first) / 1000.0;
+}
+
+} // namespace
 
 ScopeMarkers::ScopeMarkers(RVXScopePlotView *view, QwtPlot *plot, const ScopeModel &model)
     : m_view(view)
@@ -40,18 +49,26 @@ void ScopeMarkers::place(int index, const QPointF &position)
     state.channel = -1;
     state.held = -1;
     state.onSample = false;
+    state.row = -1;
     state.sweepOffset = -1;
     m_selected = index;
+    if (index == 0)
+        m_selects = true;
 }
 
-void ScopeMarkers::lockToChannel(int index, int channel)
+void ScopeMarkers::followSelection(int row, int channel)
 {
-    m_states[size_t(index)].channel = channel;
-}
-
-void ScopeMarkers::attach(int index)
-{
-    item(index)->attach(m_plot);
+    State &state = m_states[0];
+    m_selects = false;
+    state.channel = channel > 0 ? channel : -1; // column 0 is no channel
+    if (row > 0) {
+        state.item->setXValue(sampleX(m_model.reader(), row));
+        state.onSample = true;
+        state.row = row;
+        state.sweepOffset = -1;
+    }
+    for (const State &each : m_states)
+        each.item->attach(m_plot);
 }
 
 void ScopeMarkers::detach(int index)
@@ -79,8 +96,50 @@ void ScopeMarkers::forgetSweep()
         state.sweepOffset = -1;
 }
 
-void ScopeMarkers::begin()
+void ScopeMarkers::forgetRows()
 {
+    for (State &state : m_states)
+        state.row = -1;
+}
+
+void ScopeMarkers::samplesHaveGone()
+{
+    for (int i = 0; i < count; ++i) {
+        if (m_states[size_t(i)].row > 0)
+            detach(i);
+    }
+    forgetRows();
+}
+
+void ScopeMarkers::rowsInserted(int start, int end)
+{
+    for (State &state : m_states) {
+        if (state.row >= start)
+            state.row += end - start + 1;
+    }
+}
+
+void ScopeMarkers::rowsRemoved(int start, int end)
+{
+    for (int i = 0; i < count; ++i) {
+        State &state = m_states[size_t(i)];
+        if (state.row < start)
+            continue;
+        if (state.row > end) {
+            state.row -= end - start + 1;
+            continue;
+        }
+        state.row = -1;
+        detach(i);
+        if (m_selected == i)
+            selectOther();
+    }
+}
+
+void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
+{
+    m_reader = reader;
+    m_modelRows = modelRows;
     for (int i = 0; i < count; ++i) {
         m_data[i] = Data();
         m_data[i].x = item(i)->xValue();
@@ -113,41 +172,51 @@ std::pair<int, double> ScopeMarkers::findStripMarkerTime(double x) const
 void ScopeMarkers::findInStrip()
 {
     for (int i = 0; i < count; ++i) {
-        if (!isAttached(i))
-            continue;
         State &state = m_states[size_t(i)];
         Data &data = m_data[i];
-        const auto [row, x] = findStripMarkerTime(data.x);
-        // The marker's own sample has left the buffer; the oldest one is another.
-        const bool gone = state.onSample && row == 1 && x > data.x;
-        if (row < 0 || gone)
+        if (!isAttached(i))
             continue;
-        data.row = row;
-        data.x = x;
+        if (state.row < 0) {
+            state.row = state.onSample ? rowAt(m_reader, m_modelRows, data.x)
+                                       : findStripMarkerTime(data.x).first;
+        }
+        if (state.row < 0 && state.onSample)
+            detach(i); // its sample is no longer there
+        if (state.row < 0)
+            continue;
+        data.row = state.row;
+        data.x = sampleX(m_reader, state.row);
         state.onSample = true;
     }
 }
 
-void ScopeMarkers::findInSweep(RowRange sweep)
+void ScopeMarkers::findInSweep(int size)
 {
-    const PlotColumnReader reader = m_model.reader();
     for (int i = 0; i < count; ++i) {
-        if (!isAttached(i))
-            continue;
         State &state = m_states[size_t(i)];
         Data &data = m_data[i];
-        int row = -1;
-        if (state.sweepOffset >= 0)
-            row = state.sweepOffset < sweep.size() ? sweep.first + state.sweepOffset : -1;
-        else if (!state.onSample || data.x >= sampleX(reader, sweep.first))
-            row = firstRowFrom(reader, sweep, data.x);
-        if (row < 0)
+        if (!isAttached(i))
             continue;
-        data.row = row;
-        data.x = sampleX(reader, row);
+        if (state.sweepOffset < 0)
+            state.sweepOffset = sweepOffset(state, data.x, size);
+        state.row = -1; // the place in the sweep counts from now on
+        if (state.sweepOffset < 0 || state.sweepOffset >= size)
+            continue;
+        data.row = 1 + state.sweepOffset;
+        data.x = sampleX(m_reader, data.row);
         state.onSample = true;
-        state.sweepOffset = row - sweep.first;
     }
+}
+
+//! The place of a marker that has none yet; -1 where its sample is not in the sweep.
+int ScopeMarkers::sweepOffset(const State &state, double x, int size) const
+{
+    if (state.row > 0)
+        return m_modelRows.contains(state.row) ? state.row - m_modelRows.first : -1;
+    if (state.onSample && x < sampleX(m_reader, 1))
+        return -1;
+    const int row = firstRowFrom(m_reader, {1, size}, x);
+    return row < 0 ? -1 : row - 1;
 }
 
 void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow)
@@ -160,9 +229,17 @@ void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int f
         if (!takes(i, channel, y, data))
             continue;
         data.y = y;
-        data.value = m_model.plot()->doubleData(data.row, channel);
+        data.value = value(data.row, channel);
         data.column = channel;
     }
+}
+
+//! As the model has, or had, it.
+double ScopeMarkers::value(int row, int channel) const
+{
+    double value = 0.0;
+    m_reader.read(channel, row, 1, &value);
+    return value;
 }
 
 bool ScopeMarkers::takes(int index, int channel, double y, const Data &data) const
@@ -191,20 +268,21 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     if (std::isfinite(data.y) && data.y < std::numeric_limits<double>::max())
         state.item->setYValue(data.y);
     const bool reads = data.row > 0 && data.column > 0;
+    const double resolution = resolutionOf(xRange);
     setMarkerLabel(*state.item,
-                   reads ? sampleText(m_model, data.x, data.column, data.value)
-                         : timeText(m_model, data.x),
+                   reads ? sampleText(m_model, data.x, data.column, data.value, resolution)
+                         : timeText(m_model, data.x, resolution),
                    index == m_selected);
-    // Outside the plot only a corner of the label would be seen.
-    if (data.x < xRange.first || data.x > xRange.second)
-        state.item->setLabel(QwtText());
     setMarkerLine(*state.item, reads ? m_model.brush(data.column) : QBrush(Qt::NoBrush));
     const double threeQuarters = xRange.first + 0.75 * (xRange.second - xRange.first);
     alignMarkerLabel(*state.item, data.x >= threeQuarters ? Qt::AlignLeft : Qt::AlignRight);
 
-    if (index == 0 && reads)
+    if (index == 0 && reads && m_selects)
         select(data);
-    if (index == 1)
+    // Outside the plot only a corner of the label would be seen.
+    if (data.x < xRange.first || data.x > xRange.second)
+        state.item->setLabel(QwtText());
+    else if (index == 1)
         describeSpan(xRange);
 }
 
@@ -216,15 +294,16 @@ void ScopeMarkers::readHeldChannel(int index)
     if (channel <= 0 || channel > m_model.channelCount() || !m_model.isShown(channel))
         return;
     m_data[index].column = channel;
-    m_data[index].value = m_model.plot()->doubleData(m_data[index].row, channel);
+    m_data[index].value = value(m_data[index].row, channel);
 }
 
 void ScopeMarkers::select(const Data &data) const
 {
     QItemSelectionModel *selection = m_view->selectionModel();
     const QAbstractItemModel *model = m_view->model();
-    if (selection && model)
-        selection->select(model->index(data.row, data.column), QItemSelectionModel::ClearAndSelect);
+    const int row = m_modelRows.first + data.row - 1;
+    if (selection && model && row >= 1 && m_modelRows.contains(row))
+        selection->select(model->index(row, data.column), QItemSelectionModel::ClearAndSelect);
 }
 
 void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
@@ -236,36 +315,31 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
     const double period = std::abs(a.x - b.x);
     const auto rows = std::minmax(a.row, b.row);
     const MarkerStatistics statistics =
-        statisticsOfRows(m_model.reader(), b.column, {rows.first, rows.second});
-    setMarkerLabel(*item(1),
-                   spanText(sampleText(m_model, b.x, b.column, b.value), period, statistics),
-                   m_selected == 1);
+        statisticsOfRows(m_reader, b.column, {rows.first, rows.second});
+    const QString sample = sampleText(m_model, b.x, b.column, b.value, resolutionOf(xRange));
+    setMarkerLabel(*item(1), spanText(sample, period, statistics), m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
 }
 
 void ScopeMarkers::moveInStrip(int index, int steps)
 {
-    Data &data = m_data[index];
-    if (!isAttached(index) || data.row < 1)
+    State &state = m_states[size_t(index)];
+    if (!isAttached(index) || state.row < 1)
         return;
-    const PlotColumnReader reader = m_model.reader();
-    const int last = m_model.lastRow();
-    int row = std::clamp(data.row + steps, 1, last);
-    // Samples of one time are one step: the marker is found again by its time.
-    const int direction = steps < 0 ? -1 : 1;
-    while (row + direction >= 1 && row + direction <= last && sampleX(reader, row) == data.x)
-        row += direction;
-    // Kept here as well: the next key may come before the next plot.
-    data.row = row;
-    data.x = sampleX(reader, row);
-    item(index)->setXValue(data.x);
+    state.row = std::clamp(state.row + steps, 1, m_model.lastRow());
+    item(index)->setXValue(sampleX(m_model.reader(), state.row));
+    if (index == 0)
+        m_selects = true;
 }
 
 void ScopeMarkers::moveInSweep(int index, int steps, int sweepLength)
 {
     State &state = m_states[size_t(index)];
-    if (isAttached(index) && state.sweepOffset >= 0)
-        state.sweepOffset = std::clamp(state.sweepOffset + steps, 0, sweepLength - 1);
+    if (!isAttached(index) || state.sweepOffset < 0 || sweepLength < 1)
+        return;
+    state.sweepOffset = std::clamp(state.sweepOffset + steps, 0, sweepLength - 1);
+    if (index == 0)
+        m_selects = true;
 }
 
 } // namespace Corvale_Qt

@@ -67,6 +67,12 @@ QString ScopeModel::unitName() const
     return unit ? unit->name() : QString();
 }
 
+double ScopeModel::unitScale() const
+{
+    const Units::MeasurementUnit *unit = plot() ? plot()->units() : nullptr;
+    return unit ? unit->scale(1.0) : 1.0;
+}
+
 QAbstractItemModel *ScopeModel::innermost(QAbstractItemModel *model)
 {
     // A proxy that merges several models has no one source: it is the innermost itself.

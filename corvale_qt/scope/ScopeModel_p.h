@@ -52,6 +52,8 @@ public:
     QString formatX(double x) const;
     //! Symbol of the values' unit; empty where there is none.
     QString unitName() const;
+    //! What becomes of 1 in that unit; 1 where there is none.
+    double unitScale() const;
 
     //! The model that is the source of all proxies over it.
     static QAbstractItemModel *innermost(QAbstractItemModel *model);

@@ -34,6 +34,8 @@ public:
     virtual void clear() = 0;
     //! Moves a marker by samples, or by bars.
     virtual void moveMarker(int index, int steps);
+    //! Scrolls to the sample at \a x, if the mode can and must; whether it did.
+    virtual bool showSample(double x);
 
 protected:
     RVXScopePlotViewPrivate &d;
@@ -61,6 +63,7 @@ public:
     void plot() override;
     void clear() override;
     void moveMarker(int index, int steps) override;
+    bool showSample(double x) override;
 
 private:
     double m_scrollUnits = kScrollUnits; //!< of the scroll bar's value
@@ -75,6 +78,10 @@ public:
     void plot() override;
     void clear() override;
     void moveMarker(int index, int steps) override;
+
+private:
+    void drawAgain(int lastRow);
+    void draw();
 };
 
 //! The newest sample, one bar a channel, with statistics.

@@ -10,29 +10,32 @@ namespace Corvale_Qt {
 
 namespace {
 
-bool hasWidth(const StripRequest &request)
+//! Returns the time that \a count samples take.
+double widthOfSamples(const PlotColumnReader &reader,
+                      const StripWindow &window,
+                      const StripRequest &request,
+                      int count)
 {
-    return request.width > 0.0 && std::isfinite(request.width);
-}
-
-//! Mean distance of samples times how many the chart shows.
-double widthOfSamples(const StripWindow &window, const StripRequest &request, int count)
-{
-    return (window.newest - window.oldest) / request.samples * count;
+    const int samples = request.samples - request.first + 1;
+    if (samples > 1)
+        return (window.newest - window.oldest) / samples * count;
+    return typicalInterval(reader, request.samples) * count; // of the rows before the chart's
 }
 
 double followingLeft(const PlotColumnReader &reader,
                      const StripWindow &window,
                      const StripRequest &request)
 {
-    if (hasWidth(request))
+    if (request.hasWidth())
         return window.newest - request.width;
-    const int missing = request.sweepLength - request.samples;
+    const int missing = request.sweepLength - (request.samples - request.first + 1);
     if (missing < 0)
-        return sampleX(reader, 1 - missing);
+        return sampleX(reader, request.first - missing);
     // The trace has not filled the chart yet and begins inside it.
-    return window.oldest - widthOfSamples(window, request, missing);
+    return window.oldest - widthOfSamples(reader, window, request, missing);
 }
+
+} // namespace
 
 int toScrollUnits(double value)
 {
@@ -40,7 +43,10 @@ int toScrollUnits(double value)
     return std::isfinite(value) ? int(std::lround(std::clamp(value, 0.0, largest))) : 0;
 }
 
-} // namespace
+bool StripRequest::hasWidth() const
+{
+    return width > 0.0 && std::isfinite(width);
+}
 
 bool StripWindow::isFinite() const
 {
@@ -50,18 +56,22 @@ bool StripWindow::isFinite() const
 StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &request)
 {
     StripWindow window;
-    window.oldest = sampleX(reader, 1);
+    window.oldest = sampleX(reader, request.first);
     window.newest = sampleX(reader, request.samples);
     if (request.following) {
         window.left = followingLeft(reader, window, request);
         window.right = window.newest;
+        // Disordered stamps must not turn the axis round.
+        if (window.left > window.right)
+            window.left =
+                window.right - typicalInterval(reader, request.samples) * request.sweepLength;
     } else {
         window.left = request.scrollValue / request.scrollUnits + window.oldest;
         window.right = window.left
-            + (hasWidth(request) ? request.width
-                                 : widthOfSamples(window, request, request.sweepLength));
+            + (request.hasWidth() ? request.width
+                                  : widthOfSamples(reader, window, request, request.sweepLength));
     }
-    window.rows = rowsAround(reader, request.samples, window.left, window.right);
+    window.rows = rowsAround(reader, {request.first, request.samples}, window.left, window.right);
     return window;
 }
 

@@ -17,21 +17,27 @@ class PlotColumnReader;
 //! Scroll bar units for each unit of x, as long as they fit into an int.
 constexpr double kScrollUnits = 100000.0;
 
+//! Rounded to what a scroll bar can take; 0 for a number that is not finite or below 0.
+int toScrollUnits(double value);
+
 //! What the window of a strip chart depends on, beside the time stamps.
 struct StripRequest
 {
-    int samples = 0; //!< rows 1 to samples; at least 2
+    int samples = 0; //!< the last row; at least 2
+    int first = 1; //!< rows before it are no part of the chart
     int sweepLength = 256; //!< samples across the chart, where there is no width
     double width = 0.0; //!< across the chart, in units of x; 0 or less is none
     bool following = true; //!< the newest sample stays at the right border
     //! While not following: distance from the oldest sample to the left border.
     int scrollValue = 0;
     double scrollUnits = kScrollUnits; //!< units of scrollValue for each unit of x
+
+    bool hasWidth() const;
 };
 
 struct StripWindow
 {
-    double oldest = 0.0; //!< x of row 1
+    double oldest = 0.0; //!< x of the first row of the chart
     double newest = 0.0; //!< x of the last row
     double left = 0.0;
     double right = 0.0;

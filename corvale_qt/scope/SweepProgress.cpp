@@ -22,28 +22,62 @@ void SweepProgress::restart(int lastRow)
 {
     m_nextRow = 1;
     m_lastRowSeen = std::max(lastRow, 0);
+    forgetShown();
 }
 
-void SweepProgress::rowsInserted(int start, int end, int lastRow, int pointsHint)
+int SweepProgress::rowsInserted(int start, int end, int lastRow, int pointsHint)
 {
     const int count = end - start + 1;
-    const int dropped = m_lastRowSeen + count - lastRow;
-    // Where rows were dropped that no sweep has shown, the next one begins with the oldest that is left.
-    if (dropped > 0)
-        m_nextRow = std::max(1, m_nextRow - dropped);
+    const int dropped = std::max(m_lastRowSeen + count - lastRow, 0);
+    moveBack(dropped);
     m_lastRowSeen = lastRow;
 
     if (pointsHint > 0)
         m_length = pointsHint;
     else
         m_length = count >= kSmallestBatchSweep ? count : defaultLength;
+    if (start <= m_shown.last)
+        forgetShown();
     if (start == 1) // the first after a clear
         m_nextRow = 1;
+    return dropped;
 }
 
-void SweepProgress::rewind()
+void SweepProgress::rowsRemoved(int start, int end)
 {
-    m_nextRow = std::max(1, m_nextRow - m_length);
+    const int count = end - start + 1;
+    m_lastRowSeen = std::max(m_lastRowSeen - count, 0);
+    if (start == 1) {
+        moveBack(count);
+        return;
+    }
+    if (start <= m_shown.last)
+        forgetShown();
+    if (m_nextRow > start)
+        m_nextRow = std::max(m_nextRow - count, start);
+}
+
+//! The oldest rows have gone. Where no sweep has shown them, the next one begins with the oldest row that is left.
+void SweepProgress::moveBack(int rows)
+{
+    m_nextRow = std::max(1, m_nextRow - rows);
+    m_shown.first -= rows;
+    m_shown.last -= rows;
+    if (m_shown.last < 1)
+        forgetShown();
+}
+
+void SweepProgress::advance()
+{
+    m_shown = next();
+    m_nextRow += m_length;
+}
+
+void SweepProgress::skipToNewest(int lastRow)
+{
+    const int sweeps = waiting(lastRow);
+    if (sweeps > mostWaiting)
+        m_nextRow += (sweeps - 1) * m_length;
 }
 
 } // namespace Corvale_Qt

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QVariant>
 #include <QVector>
@@ -35,7 +36,8 @@ public:
     {
         if (row == 0)
             return column;
-        return row > 0 && row <= m_rows.size() ? m_rows[row - 1].value(column) : 0.0;
+        const double value = row > 0 && row <= m_rows.size() ? m_rows[row - 1].value(column) : 0.0;
+        return isInBaseUnit && column > 0 ? units()->scale(value) : value;
     }
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override
     {
@@ -52,6 +54,11 @@ public:
         const bool isFit =
             role == DeviceFitRole && index.column() == 0 && index.row() == m_rows.size();
         return isFit ? QVariant(deviceFits) : RVXAbstractDeviceDataModel::data(index, role);
+    }
+    QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const override
+    {
+        ++seriesTaken;
+        return RVXAbstractDeviceDataModel::seriesData(column, startRow, endRow);
     }
     bool isOverrange(int, int) const override { return false; }
     bool SaveDataToFile(const QString &) const override { return false; }
@@ -76,6 +83,13 @@ public:
         beginInsertRows(QModelIndex(), m_rows.size() + 1, m_rows.size() + rows.size());
         m_rows += rows;
         endInsertRows();
+    }
+
+    void remove(int first, int last)
+    {
+        beginRemoveRows(QModelIndex(), first, last);
+        m_rows.remove(first - 1, last - first + 1);
+        endRemoveRows();
     }
 
     //! Rows \a interval apart, each channel with the value of its own function of time.
@@ -106,7 +120,9 @@ public:
 
     QStringList names;
     bool hasColours = true;
+    bool isInBaseUnit = false; //!< readings are given in the base unit and read in units()
     QVariantList deviceFits;
+    mutable int seriesTaken = 0; //!< how often a view took the data of a curve
     int pointsHint = 256;
     double widthHint = 0.0;
 

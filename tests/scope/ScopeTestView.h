@@ -83,3 +83,18 @@ public:
         settle();
     }
 };
+
+//! Channel 1 at 1, channel 2 at 2 ...
+inline double level(int channel, double)
+{
+    return channel;
+}
+
+//! Markers on, and y from -10 to 10.
+inline void useTens(ScopeTestView &view)
+{
+    view.SetRange(-10.0, 10.0);
+    view.SetYScaleMode(ScopeTestView::FullRange);
+    view.enablePlotMarker(true);
+    view.settle();
+}

@@ -16,7 +16,7 @@ private Q_SLOTS:
     void agreeWithSumsInWiderPrecision_data();
     void agreeWithSumsInWiderPrecision();
     void fewSamples();
-    void whatIsNoNumberIsShownAsSuch();
+    void missingValuesAreCountedAndLeftOut();
 };
 
 void tst_MarkerStatistics::agreeWithSumsInWiderPrecision_data()
@@ -76,13 +76,15 @@ void tst_MarkerStatistics::fewSamples()
     QCOMPARE(statistics.standardDeviation(), std::sqrt(2.0));
 }
 
-void tst_MarkerStatistics::whatIsNoNumberIsShownAsSuch()
+void tst_MarkerStatistics::missingValuesAreCountedAndLeftOut()
 {
     MarkerStatistics statistics;
-    for (double value : {1.0, qQNaN(), 2.0})
+    for (double value : {qQNaN(), 1.0, qInf(), 2.0, -qInf()})
         statistics.add(value);
-    QVERIFY(std::isnan(statistics.sum()));
-    QVERIFY(std::isnan(statistics.standardDeviation()));
+    QCOMPARE(statistics.missing(), 3);
+    QCOMPARE(statistics.count(), 2);
+    QCOMPARE(statistics.mean(), 1.5);
+    QCOMPARE(statistics.standardDeviation(), std::sqrt(0.5));
 }
 
 CORVALE_QT_TEST_MAIN(tst_MarkerStatistics)

@@ -20,40 +20,12 @@
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 
-namespace {
-
-double channelNumber(int channel, double)
-{
-    return channel;
-}
-
-//! Counts how often the view takes the data of its curves.
-class CountingModel : public ScopeTestModel
-{
-public:
-    using ScopeTestModel::ScopeTestModel;
-    QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const override
-    {
-        ++series;
-        return ScopeTestModel::seriesData(column, startRow, endRow);
-    }
-    mutable int series = 0;
-};
-
-} // namespace
-
 class tst_RVXScopePlotView : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void manyRowsMakeOnePlot();
-    void stripNeedsTwoSamples();
-    void stripFollowsUntilItIsScrolledBack();
-    void scrollToEndsAtTheCentreForEveryHint();
-    void sweepsAreDrawnWhenComplete();
-    void sweepsGoOnWhileTheBufferDropsRows();
-    void changesOfScaleDrawTheLastSweepAgain();
     void yScales_data();
     void yScales();
     void rangeIsTakenOnce();
@@ -66,175 +38,37 @@ private Q_SLOTS:
     void channelsComeAndGo();
     void atMost256Channels();
     void modelsGoAway();
+    void modelsLeaveNoSelectionModels();
+    void focusIsVisible();
+    void keysThatNobodyHandles_data();
+    void keysThatNobodyHandles();
     void modelsThatCannotBePlotted();
     void hostileNumbers_data();
     void hostileNumbers();
-    void longAfterTheStartTicksCanBeToldApart();
 };
 
 void tst_RVXScopePlotView::manyRowsMakeOnePlot()
 {
-    CountingModel model(3);
+    ScopeTestModel model(3);
     const ModelWatch watch(&model);
     ScopeTestView view(&model);
-    model.appendRows(500, 0.1, channelNumber);
+    model.appendRows(500, 0.1, level);
     view.settle();
-    model.series = 0;
+    model.seriesTaken = 0;
     for (int i = 0; i < 1000; ++i)
-        model.appendRows(1, 0.1, channelNumber);
-    QCOMPARE(model.series, 0);
+        model.appendRows(1, 0.1, level);
+    QCOMPARE(model.seriesTaken, 0);
     view.settle();
     // A second time, if labels that got longer moved the canvas.
-    QVERIFY2(model.series >= 3 && model.series <= 6, qPrintable(QString::number(model.series)));
+    QVERIFY2(model.seriesTaken >= 3 && model.seriesTaken <= 6,
+             qPrintable(QString::number(model.seriesTaken)));
     QCOMPARE(watch.complaints(), QString());
 
     view.hide();
-    model.series = 0;
-    model.appendRows(1, 0.1, channelNumber);
+    model.seriesTaken = 0;
+    model.appendRows(1, 0.1, level);
     view.settle();
-    QCOMPARE(model.series, 0);
-}
-
-void tst_RVXScopePlotView::stripNeedsTwoSamples()
-{
-    ScopeTestModel model(2);
-    ScopeTestView view(&model);
-    model.appendRows(1, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-    QVERIFY(!view.horizontalScrollBar()->isVisible());
-    model.appendRows(2, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.curves().size(), 2);
-    // Three of 256 samples: the trace begins close to the right border.
-    QCOMPARE(view.x().maxValue(), 2.0);
-    QCOMPARE(view.x().minValue(), -2.0 / 3.0 * 253.0);
-}
-
-void tst_RVXScopePlotView::stripFollowsUntilItIsScrolledBack()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    model.appendRows(400, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.xText(), QString("300..399"));
-    QScrollBar *bar = view.horizontalScrollBar();
-    QCOMPARE(bar->maximum(), 30000000);
-    QCOMPARE(bar->value(), bar->maximum());
-    QCOMPARE(view.horizontalOffset(), bar->value());
-
-    bar->setValue(10000000);
-    view.settle();
-    QCOMPARE(view.x().minValue(), 100.0);
-    model.appendRows(50, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.x().minValue(), 100.0);
-    QCOMPARE(bar->value(), 10000000);
-
-    bar->setValue(bar->maximum());
-    view.settle();
-    model.appendRows(1, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 450.0);
-
-    model.Clear();
-    model.appendRows(2, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 452.0);
-}
-
-void tst_RVXScopePlotView::scrollToEndsAtTheCentreForEveryHint()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    model.appendRows(400, 1.0, channelNumber);
-    view.settle();
-    QScrollBar *bar = view.horizontalScrollBar();
-    view.scrollTo(model.index(350, 1), View::EnsureVisible);
-    QCOMPARE(bar->value(), bar->maximum());
-    for (View::ScrollHint hint : {View::EnsureVisible,
-                                  View::PositionAtTop,
-                                  View::PositionAtBottom,
-                                  View::PositionAtCenter}) {
-        bar->setValue(bar->maximum());
-        view.settle();
-        const double half = view.x().width() / 2;
-        view.scrollTo(model.index(21, 1), hint);
-        QCOMPARE(bar->value(), int(half + 20.0));
-    }
-    bar->setValue(bar->maximum());
-    view.scrollTo(model.index(0, 1), View::PositionAtCenter); // the header is no sample
-    QCOMPARE(bar->value(), bar->maximum());
-}
-
-void tst_RVXScopePlotView::sweepsAreDrawnWhenComplete()
-{
-    ScopeTestModel model(1);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    model.appendRows(255, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-    model.appendRows(45, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.xText(), QString("0..255"));
-    QCOMPARE(int(view.curves().value(0)->dataSize()), 256);
-    model.appendRows(211, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.xText(), QString("0..255"));
-    model.appendRows(1, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.xText(), QString("256..511"));
-
-    model.Clear();
-    model.appendRows(1, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-}
-
-void tst_RVXScopePlotView::sweepsGoOnWhileTheBufferDropsRows()
-{
-    ScopeTestModel model(1, 300);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    QStringList shown;
-    for (int i = 0; i < 100; ++i) {
-        model.appendRows(10, 1.0, channelNumber);
-        view.settle();
-        if (!view.curves().isEmpty() && shown.value(shown.size() - 1) != view.xText())
-            shown << view.xText();
-    }
-    QCOMPARE(shown.join(' '),
-             QString("0..99 100..199 200..299 300..399 400..499 500..599 600..699 700..799 "
-                     "800..899 900..999"));
-}
-
-void tst_RVXScopePlotView::changesOfScaleDrawTheLastSweepAgain()
-{
-    CountingModel model(1);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    model.appendRows(300, 1.0, channelNumber);
-    view.settle();
-    model.series = 0;
-    view.SetYScaleMode(View::FullRange);
-    view.settle();
-    QVERIFY(model.series > 0);
-    QCOMPARE(view.xText(), QString("0..255"));
-    QCOMPARE(view.yText(), QString("-1..1"));
-
-    // The same while rows are coming in that make no sweep yet.
-    model.appendRows(1, 1.0, channelNumber);
-    view.SetYScaleMode(View::Percent50);
-    model.series = 0;
-    view.settle();
-    QVERIFY(model.series > 0);
-    model.appendRows(211, 1.0, channelNumber);
-    view.settle();
-    QCOMPARE(view.xText(), QString("256..511"));
+    QCOMPARE(model.seriesTaken, 0);
 }
 
 void tst_RVXScopePlotView::yScales_data()
@@ -311,7 +145,7 @@ void tst_RVXScopePlotView::hiddenChannelsAreNotDrawn()
 {
     ScopeTestModel model(3);
     ScopeTestView view(&model);
-    model.appendRows(10, 1.0, channelNumber);
+    model.appendRows(10, 1.0, level);
     model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
     view.settle();
     QCOMPARE(view.curves().size(), 2);
@@ -331,7 +165,7 @@ void tst_RVXScopePlotView::channelsWithoutAColourGetOne()
     ScopeTestModel model(2);
     model.hasColours = false;
     ScopeTestView view(&model);
-    model.appendRows(10, 1.0, channelNumber);
+    model.appendRows(10, 1.0, level);
     view.settle();
     for (int i = 0; i < 2; ++i)
         QCOMPARE(view.curves()[i]->pen().color(), RVXPlotColors::color(i));
@@ -363,7 +197,7 @@ void tst_RVXScopePlotView::curvesAreWhereTheSamplesAre()
 void tst_RVXScopePlotView::modesShowTheirWidgetAlone()
 {
     ScopeTestModel model(2);
-    model.appendRows(10, 1.0, channelNumber);
+    model.appendRows(10, 1.0, level);
     ScopeTestView view(&model);
     const auto shown = [&view] {
         QStringList names;
@@ -424,7 +258,7 @@ void tst_RVXScopePlotView::bufferSizeIsTold()
 void tst_RVXScopePlotView::channelsComeAndGo()
 {
     ScopeTestModel model(2);
-    model.appendRows(10, 1.0, channelNumber);
+    model.appendRows(10, 1.0, level);
     ScopeTestView view(&model);
     QCOMPARE(view.curves().size(), 2);
     model.setChannels(5);
@@ -436,12 +270,23 @@ void tst_RVXScopePlotView::channelsComeAndGo()
     model.setChannels(12);
     view.settle();
     QCOMPARE(view.xText(), QString("0.5..12.5"));
+
+    // A sweep of the channels that were is none of those that are.
+    view.SetPlotMode(View::ScopeMode);
+    model.appendRows(290, 1.0, level);
+    view.settle();
+    QCOMPARE(view.curves().size(), 12);
+    model.Clear();
+    model.setChannels(3);
+    model.appendRows(100, 1.0, level);
+    view.settle();
+    QCOMPARE(view.curves().size(), 0);
 }
 
 void tst_RVXScopePlotView::atMost256Channels()
 {
     ScopeTestModel model(257);
-    model.appendRows(4, 1.0, channelNumber);
+    model.appendRows(4, 1.0, level);
     QTest::ignoreMessage(QtDebugMsg, "RVXScopePlotView: the first 256 of 257 channels are shown");
     ScopeTestView view(&model);
     QCOMPARE(view.curves().size(), 256);
@@ -455,10 +300,10 @@ void tst_RVXScopePlotView::modelsGoAway()
     for (int mode = 0; mode <= 5; ++mode) {
         auto model = std::make_unique<ScopeTestModel>(2);
         ScopeTestModel other(1);
-        other.appendRows(10, 1.0, channelNumber);
+        other.appendRows(10, 1.0, level);
         ScopeTestView view(model.get());
         view.SetPlotMode(mode);
-        model->appendRows(300, 1.0, channelNumber);
+        model->appendRows(300, 1.0, level);
         view.settle();
         model.reset();
         view.grab();
@@ -474,10 +319,92 @@ void tst_RVXScopePlotView::modelsGoAway()
     }
 }
 
+void tst_RVXScopePlotView::modelsLeaveNoSelectionModels()
+{
+    ScopeTestModel models[2]{ScopeTestModel(1), ScopeTestModel(1)};
+    ScopeTestView view;
+    for (int i = 0; i < 20; ++i) {
+        view.setModel(&models[i % 2]);
+        QVERIFY(view.findChildren<QItemSelectionModel *>().size() <= 2);
+    }
+    // One that another view uses stays, and so does a host's own.
+    QItemSelectionModel *const shared = view.selectionModel();
+    RVXScopePlotView other;
+    other.setModel(&models[1]);
+    other.setSelectionModel(shared);
+    view.setModel(&models[0]);
+    auto *const own = new QItemSelectionModel(&models[0], &view);
+    const QPointer<QItemSelectionModel> kept(own);
+    view.setSelectionModel(own);
+    view.setModel(&models[0]);
+    view.setModel(&models[1]);
+    view.setModel(&models[0]);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(other.selectionModel(), shared);
+    QVERIFY(kept);
+}
+
+void tst_RVXScopePlotView::focusIsVisible()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, level);
+    ScopeTestView view(&model);
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    const QColor mark = view.palette().color(QPalette::Highlight);
+    const auto edge = [&view] {
+        view.settle();
+        return view.canvas().pixelColor(1, 40);
+    };
+    view.setFocus();
+    QTRY_VERIFY(view.hasFocus());
+    const QImage focused = view.canvas();
+    QCOMPARE(edge(), mark);
+    view.clearFocus();
+    QVERIFY(edge() != mark);
+    // Nothing of the plot is covered.
+    const QRect inside = view.qwtPlot()->canvas()->contentsRect();
+    const auto plot = [&](const QImage &canvas) {
+        const double ratio = canvas.devicePixelRatio();
+        return canvas.copy(QRect(inside.topLeft() * ratio, inside.size() * ratio));
+    };
+    QCOMPARE(plot(view.canvas()), plot(focused));
+}
+
+void tst_RVXScopePlotView::keysThatNobodyHandles_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a digit, with which times begin") << int(Qt::Key_1) << "1";
+    QTest::newRow("a letter") << int(Qt::Key_A) << "a";
+    QTest::newRow("space") << int(Qt::Key_Space) << " ";
+    QTest::newRow("left, without a marker") << int(Qt::Key_Left) << "";
+    QTest::newRow("delete, without a marker") << int(Qt::Key_Delete) << "";
+}
+
+//! They are left to the window, and change nothing.
+void tst_RVXScopePlotView::keysThatNobodyHandles()
+{
+    QFETCH(int, key);
+    QFETCH(QString, text);
+    ScopeTestModel model(1);
+    model.appendRows(1000, 1.0, level);
+    ScopeTestView view(&model);
+    view.enablePlotMarker(true);
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(&view, &event);
+    view.keyboardSearch(text);
+    view.settle();
+    QVERIFY(!event.isAccepted());
+    QVERIFY(!view.selectionModel()->hasSelection());
+    QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
+    QCOMPARE(view.x().maxValue(), 999.0);
+}
+
 void tst_RVXScopePlotView::modelsThatCannotBePlotted()
 {
     ScopeTestModel source(2);
-    source.appendRows(300, 1.0, channelNumber);
+    source.appendRows(300, 1.0, level);
     QIdentityProxyModel plain;
     plain.setSourceModel(&source);
     ScopeTestView view(&plain);
@@ -530,23 +457,6 @@ void tst_RVXScopePlotView::hostileNumbers()
     view.settle();
     QCOMPARE(view.xText(), QString("10..29"));
     QVERIFY(view.y().maxValue() <= 2.0);
-}
-
-void tst_RVXScopePlotView::longAfterTheStartTicksCanBeToldApart()
-{
-    ScopeTestModel model(1);
-    const double week = 604800.0;
-    QVector<ScopeTestModel::Row> rows;
-    for (int i = 0; i < 300; ++i)
-        rows.append({week + i * 0.01, 1.0});
-    model.append(rows);
-    ScopeTestView view(&model);
-    const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
-    QStringList labels;
-    for (double tick : view.qwtPlot()->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick))
-        labels << draw->label(tick).text();
-    QVERIFY(labels.size() > 2);
-    QCOMPARE(labels.removeDuplicates(), 0);
 }
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopePlotView)

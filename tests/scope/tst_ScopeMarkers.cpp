@@ -13,20 +13,6 @@ using View = RVXScopePlotView;
 
 namespace {
 
-//! Channel 1 at 1, channel 2 at 2 ...; y from 0 to 10.
-double level(int channel, double)
-{
-    return channel;
-}
-
-void useTens(ScopeTestView &view)
-{
-    view.SetRange(-10.0, 10.0);
-    view.SetYScaleMode(View::FullRange);
-    view.enablePlotMarker(true);
-    view.settle();
-}
-
 //! What stands behind a name in a marker's label.
 double numberIn(const QString &label, const QString &name)
 {
@@ -35,31 +21,6 @@ double numberIn(const QString &label, const QString &name)
             return line.section(':', 1).toDouble();
     }
     return qQNaN();
-}
-
-//! Around the two upright lines in the labels' colour that are longer than a letter; empty where there are not two.
-QRectF frameIn(const QImage &canvas)
-{
-    const QRgb color = RVXPlotColors::labelTextColor().rgb();
-    const double ratio = canvas.devicePixelRatio();
-    const double longerThanLetters = 40 * ratio;
-    QRect frame;
-    int lines = 0;
-    int lastColumn = -2;
-    for (int x = 0; x < canvas.width(); ++x) {
-        int top = 0;
-        for (int y = 0; y < canvas.height(); ++y) {
-            if (canvas.pixel(x, y) == color)
-                continue;
-            if (y - top > longerThanLetters) {
-                frame |= QRect(x, top, 1, y - top);
-                lines += x > lastColumn + 1;
-                lastColumn = x;
-            }
-            top = y + 1;
-        }
-    }
-    return lines == 2 ? QRectF(frame.topLeft() / ratio, frame.size() / ratio) : QRectF();
 }
 
 } // namespace
@@ -73,15 +34,14 @@ private Q_SLOTS:
     void snapToTheNearestChannel();
     void keepToTheirChannel();
     void numbersBetweenThem();
-    void labelsFaceAwayFromEachOther();
-    void labelsCanBeRead_data();
-    void labelsCanBeRead();
     void followASelectionFromOutside();
+    void selectNothingOfTheirOwnAccord();
     void selectingIsNoReasonToPlotAgain();
-    void stayWithoutARowWhenTheirSampleIsGone();
+    void goWithTheirSample_data();
+    void goWithTheirSample();
+    void keepTheirSampleAfterAReset();
     void readEachSweepAtTheirPlace();
     void moveByKeys();
-    void namesWithPlaceMarkersInThem();
     void readBars();
     void ofABeamCurrent_data();
     void ofABeamCurrent();
@@ -101,6 +61,7 @@ void tst_ScopeMarkers::startOff()
     QVERIFY(view.hasMarker(1));
     view.enablePlotMarker(false);
     QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
+    QVERIFY(!view.plotMarker(2) && !view.plotMarker(-1));
 }
 
 void tst_ScopeMarkers::snapToTheNearestChannel()
@@ -162,7 +123,7 @@ void tst_ScopeMarkers::numbersBetweenThem()
     ScopeTestView view(&model);
     useTens(view);
     view.click(Qt::RightButton, view.at(119.8, 5.0));
-    view.click(Qt::LeftButton, view.at(59.8, 5.0));
+    view.click(Qt::LeftButton, view.at(59.8, -5.0)); // on another channel than the numbers are of
     const QString label = view.markerText(1);
     long double sum = 0;
     long double squares = 0;
@@ -181,54 +142,24 @@ void tst_ScopeMarkers::numbersBetweenThem()
     const long double mean = sum / n;
     const double deviation = double(std::sqrt(n * (squares / n - mean * mean) / (n - 1)));
     QVERIFY(qAbs(numberIn(label, "Std. Dev") - deviation) < 1e-9);
-}
+    QVERIFY(!label.contains("Missing"));
 
-void tst_ScopeMarkers::labelsFaceAwayFromEachOther()
-{
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(120.0, 1.0));
-    view.click(Qt::RightButton, view.at(150.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
-    QCOMPARE(view.plotMarker(1)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-    view.click(Qt::LeftButton, view.at(180.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-    QCOMPARE(view.plotMarker(1)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
-    view.click(Qt::LeftButton, view.at(60.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-}
-
-void tst_ScopeMarkers::labelsCanBeRead_data()
-{
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("second");
-    QTest::addColumn<bool>("below");
-    QTest::newRow("room for both") << 100.0 << 200.0 << false;
-    QTest::newRow("the second at the right border") << 230.0 << 290.0 << false;
-    QTest::newRow("both at the right border") << 285.0 << 290.0 << true;
-    QTest::newRow("both at the left border") << 54.0 << 50.0 << true;
-}
-
-//! The frame of the selected label is whole, and not over the other label.
-void tst_ScopeMarkers::labelsCanBeRead()
-{
-    QFETCH(double, first);
-    QFETCH(double, second);
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.SelectPoint1(QPointF(first, 1.0));
-    view.SelectPoint2(QPointF(second, 1.0));
+    // Missing samples are counted; the numbers are those of the others.
+    model.Clear();
+    model.append({{0.0, 1.0, 0.0}, {1.0, qQNaN(), 0.0}, {2.0, 4.0, 0.0}, {3.0, qInf(), 0.0}});
     view.settle();
-    const QRectF frame = frameIn(view.canvas());
-    const QSizeF size = view.plotMarker(1)->label().textSize();
-    QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);
-    QVERIFY(qAbs(frame.height() - size.height()) <= 2.0);
-    const double otherBottom = view.plotMarker(0)->label().textSize().height();
-    QTEST(frame.top() >= otherBottom, "below");
+    view.SelectPoint1(QPointF(0.0, 1.0));
+    view.SelectPoint2(QPointF(3.0, 4.0));
+    model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
+    view.settle();
+    QTest::keyClick(&view, Qt::Key_Left);
+    view.settle();
+    QCOMPARE(numberIn(view.markerText(1), "Mean"), 2.5);
+    QCOMPARE(numberIn(view.markerText(1), "Missing"), 1.0);
+    // Both on one sample: there is no period, hence no frequency.
+    QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier);
+    view.settle();
+    QCOMPARE(view.markerText(1).section("Frequency: ", 1).section('\n', 0, 0), QString("N/A"));
 }
 
 void tst_ScopeMarkers::followASelectionFromOutside()
@@ -271,22 +202,104 @@ void tst_ScopeMarkers::selectingIsNoReasonToPlotAgain()
     QVERIFY(!view.hasMarker(1));
 }
 
-void tst_ScopeMarkers::stayWithoutARowWhenTheirSampleIsGone()
+void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
 {
+    ScopeTestModel model(2);
+    model.appendRows(1000, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    QVERIFY(!view.selectionModel()->hasSelection());
+    // Two cells that somebody has chosen in a table of the same model.
+    QItemSelection chosen(model.index(900, 2), model.index(900, 2));
+    chosen.select(model.index(950, 1), model.index(950, 1));
+    for (const int mode : {View::StripMode, View::ScopeMode}) {
+        view.SetPlotMode(mode);
+        view.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+        for (int i = 0; i < 3; ++i) {
+            model.appendRows(10, 1.0, level);
+            view.settle();
+        }
+        QCOMPARE(view.selectionModel()->selectedIndexes(), chosen.indexes());
+        QCOMPARE(view.plotMarker(0)->xValue(), 899.0);
+        QVERIFY(view.markerText(0).endsWith("Channel 2\n2"));
+        view.selectionModel()->clear();
+    }
+    // A whole channel, or a sample that is not on the canvas, which then scrolls there.
+    view.SetPlotMode(View::StripMode);
+    view.selectionModel()->select(model.index(0, 1), QItemSelectionModel::ClearAndSelect);
+    view.settle();
+    QCOMPARE(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(0, 1)});
+    view.selectionModel()->setCurrentIndex(model.index(301, 1),
+                                           QItemSelectionModel::ClearAndSelect);
+    view.settle();
+    QVERIFY2(qAbs(view.at(300.0, 0.0).x() - view.qwtPlot()->canvas()->width() / 2) < 3,
+             qPrintable(view.xText()));
+    QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
+    // The selected sample leaves the model: no other is selected instead.
+    model.remove(1, 400);
+    view.settle();
+    QVERIFY(!view.selectionModel()->hasSelection());
+    QVERIFY(!view.hasMarker(0));
+}
+
+void tst_ScopeMarkers::goWithTheirSample_data()
+{
+    QTest::addColumn<bool>("painted");
+    QTest::newRow("painted after each row") << true;
+    QTest::newRow("painted at the end") << false;
+}
+
+void tst_ScopeMarkers::goWithTheirSample()
+{
+    QFETCH(bool, painted);
     ScopeTestModel model(1, 300);
     ScopeTestView view(&model);
     useTens(view);
     model.appendRows(300, 1.0, level);
     view.settle();
+    view.click(Qt::RightButton, view.at(59.6, 1.0));
     view.click(Qt::LeftButton, view.at(49.6, 1.0));
-    QCOMPARE(view.markerText(0), QString("s: 5.000e+01\nChannel 1\n1"));
-    for (int i = 0; i < 60; ++i) {
-        model.appendRows(1, 1.0, level);
-        view.settle();
-    }
-    QVERIFY(view.hasMarker(0));
-    QCOMPARE(view.plotMarker(0)->xValue(), 50.0);
-    QVERIFY(!view.markerText(0).contains("Channel"));
+    const auto roll = [&](int rows) {
+        for (int i = 0; i < rows; ++i) {
+            model.appendRows(1, 1.0, level);
+            if (painted)
+                view.settle();
+        }
+    };
+    roll(40);
+    QTest::keyClick(&view, Qt::Key_Right);
+    view.settle();
+    QCOMPARE(view.plotMarker(0)->xValue(), 51.0);
+    QCOMPARE(view.selectionModel()->selectedIndexes(), QModelIndexList{model.index(12, 1)});
+    roll(15);
+    view.settle();
+    QVERIFY(!view.hasMarker(0));
+    QVERIFY(view.hasMarker(1));
+    // The keys are the other one's now.
+    QTest::keyClick(&view, Qt::Key_Right);
+    view.settle();
+    QCOMPARE(view.plotMarker(1)->xValue(), 61.0);
+}
+
+void tst_ScopeMarkers::keepTheirSampleAfterAReset()
+{
+    ScopeTestModel model(1);
+    model.appendRows(300, 1.0, level);
+    ScopeTestView view(&model);
+    useTens(view);
+    view.click(Qt::LeftButton, view.at(99.6, 1.0));
+    view.reset(); // as when a proxy averages otherwise
+    view.settle();
+    QCOMPARE(view.plotMarker(0)->xValue(), 100.0);
+    QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
+    // Another acquisition may have a sample of the same time: it is not the marker's.
+    model.Clear();
+    QVector<ScopeTestModel::Row> rows;
+    for (int i = 0; i < 300; ++i)
+        rows.append({i * 1.0, 1.0});
+    model.append(rows);
+    view.settle();
+    QVERIFY(!view.hasMarker(0));
 }
 
 void tst_ScopeMarkers::readEachSweepAtTheirPlace()
@@ -358,20 +371,23 @@ void tst_ScopeMarkers::moveByKeys()
     view.settle();
     QCOMPARE(view.plotMarker(0)->xValue(), left + 21.0);
     QCOMPARE(view.x().minValue(), left);
-}
 
-void tst_ScopeMarkers::namesWithPlaceMarkersInThem()
-{
-    ScopeTestModel model(1);
-    model.names = QStringList{"%2 <b>%4</b> %1"};
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(99.6, 1.0));
-    view.click(Qt::RightButton, view.at(199.6, 1.0));
-    QCOMPARE(view.markerText(0), QString("s: 1.000e+02\nChannel %2 <b>%4</b> %1\n1"));
-    QVERIFY(view.markerText(1).startsWith(
-        "s: 2.000e+02\nChannel %2 <b>%4</b> %1\n1\n   Period: 100\n"));
+    // Samples of one time are steps of their own.
+    view.SetPlotMode(View::StripMode);
+    model.Clear();
+    QVector<ScopeTestModel::Row> rows;
+    for (int i = 0; i < 300; ++i)
+        rows.append({double(i / 3), i * 0.01, 9.0});
+    model.append(rows);
+    view.settle();
+    view.click(Qt::LeftButton, view.at(89.9, 2.7));
+    QStringList values;
+    for (int i = 0; i < 5; ++i) {
+        values << view.markerText(0).section('\n', 2);
+        QTest::keyClick(&view, Qt::Key_Right);
+        view.settle();
+    }
+    QCOMPARE(values.join(' '), QString("2.7 2.71 2.72 2.73 2.74"));
 }
 
 void tst_ScopeMarkers::readBars()

@@ -156,12 +156,14 @@ void tst_StripWindow::rowsAreThoseOfTheDefinition()
         const double left = number(samples + 4) - 1.0;
         const double right = left + number(samples);
         const RowRange expected = literalRows(cells, samples, left, right);
-        QCOMPARE(text(rowsAround(PlotColumnReader(&cells), samples, left, right)), text(expected));
+        QCOMPARE(text(rowsAround(PlotColumnReader(&cells), {1, samples}, left, right)),
+                 text(expected));
         const int from = literalFirstFrom(cells, samples, left);
         QCOMPARE(firstRowFrom(PlotColumnReader(&cells), {1, samples}, left), from);
         if (stamps == "equal")
             continue;
-        QCOMPARE(text(rowsAround(PlotColumnReader(&bulk), samples, left, right)), text(expected));
+        QCOMPARE(text(rowsAround(PlotColumnReader(&bulk), {1, samples}, left, right)),
+                 text(expected));
         QCOMPARE(firstRowFrom(PlotColumnReader(&bulk), {1, samples}, left), from);
     }
 }

@@ -61,7 +61,9 @@ private Q_SLOTS:
     void samplesLostBeforeTheirSweepAreLeftOut();
     void lengthWithoutAWish();
     void anInsertionAtTheFrontBeginsAnew();
-    void rewindGoesBackOneSweep();
+    void theShownSweepIsKnownWhileItsRowsMove_data();
+    void theShownSweepIsKnownWhileItsRowsMove();
+    void manyWaitingSweepsAreLeftOut();
 };
 
 void tst_SweepProgress::noSampleIsSkippedOrDrawnTwice_data()
@@ -121,16 +123,65 @@ void tst_SweepProgress::anInsertionAtTheFrontBeginsAnew()
     QCOMPARE(ring.sweep.next().first, 1);
 }
 
-void tst_SweepProgress::rewindGoesBackOneSweep()
+void tst_SweepProgress::theShownSweepIsKnownWhileItsRowsMove_data()
 {
+    QTest::addColumn<QString>(
+        "changes"); // rows that are removed "-first-last" or inserted "+first-last"
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("next");
+    QTest::newRow("nothing") << ""
+                             << "11-20" << 21;
+    QTest::newRow("rows come at the end") << "+26-30"
+                                          << "11-20" << 21;
+    QTest::newRow("old rows go") << "-1-3 -1-1"
+                                 << "7-16" << 17;
+    QTest::newRow("some of the sweep go") << "-1-15"
+                                          << "-4-5" << 6;
+    QTest::newRow("the whole sweep goes") << "-1-20"
+                                          << "1-0" << 1;
+    QTest::newRow("a full buffer rolls over") << "-1-1 +25-25"
+                                              << "10-19" << 20;
+    QTest::newRow("rows inside it go") << "-12-13"
+                                       << "1-0" << 19;
+    QTest::newRow("rows after it go") << "-22-23"
+                                      << "11-20" << 21;
+    QTest::newRow("rows come in front of it") << "+5-6"
+                                              << "1-0" << 21;
+}
+
+void tst_SweepProgress::theShownSweepIsKnownWhileItsRowsMove()
+{
+    QFETCH(QString, changes);
     Ring ring(1000, 10);
     ring.append(25);
     ring.take();
-    ring.sweep.rewind();
-    QCOMPARE(ring.sweep.next().first, 11);
-    ring.sweep.rewind();
-    ring.sweep.rewind();
-    QCOMPARE(ring.sweep.next().first, 1);
+    int last = 25;
+    for (const QString &change : changes.split(' ', Qt::SkipEmptyParts)) {
+        const int first = change.section('-', -2, -2).remove('+').toInt();
+        const int end = change.section('-', -1).toInt();
+        const bool comes = change.startsWith('+');
+        last += comes ? end - first + 1 : first - end - 1;
+        if (comes)
+            ring.sweep.rowsInserted(first, end, last, 10);
+        else
+            ring.sweep.rowsRemoved(first, end);
+    }
+    const RowRange shown = ring.sweep.shown();
+    QTEST(QStringLiteral("%1-%2").arg(shown.first).arg(shown.last), "shown");
+    QTEST(ring.sweep.next().first, "next");
+}
+
+void tst_SweepProgress::manyWaitingSweepsAreLeftOut()
+{
+    for (const int waiting : {8, 9, 390}) {
+        SweepProgress sweep;
+        sweep.setLengthHint(10);
+        const int last = waiting * 10 + 7;
+        sweep.restart(last);
+        sweep.skipToNewest(last);
+        // In step with the sweeps before.
+        QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
+    }
 }
 
 CORVALE_QT_TEST_MAIN(tst_SweepProgress)

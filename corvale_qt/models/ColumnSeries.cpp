@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/ColumnSeries_p.h"
+#include "corvale_qt/models/SampleBounds_p.h"
+
+namespace Corvale_Qt {
+
+ColumnSeries::ColumnSeries(const PlotColumns &columns, int column, int rows)
+    : m_columns{&columns, column, 1, 1.0}
+    , m_rows(rows)
+{
+}
+
+size_t ColumnSeries::size() const
+{
+    return size_t(m_rows);
+}
+
+QPointF ColumnSeries::sample(size_t i) const
+{
+    QPointF point;
+    m_columns.readX(i, 1, &point.rx());
+    m_columns.readY(i, 1, &point.ry());
+    return point;
+}
+
+QRectF ColumnSeries::boundingRect() const
+{
+    if (d_boundingRect.isValid() || m_rows < 1)
+        return d_boundingRect;
+    SampleBounds bounds(sample(0));
+    if (!bounds.addSpans(m_columns, m_rows)) {
+        for (int i = 0; i < m_rows; ++i) {
+            const QPointF point = sample(size_t(i));
+            bounds.add(point.x(), point.y());
+        }
+    }
+    d_boundingRect = bounds.rectangle();
+    return d_boundingRect;
+}
+
+void ColumnSeries::setScale(double scale)
+{
+    if (!(scale > 0.0))
+        return;
+    m_columns.scale = scale;
+    d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
+}
+
+} // namespace Corvale_Qt

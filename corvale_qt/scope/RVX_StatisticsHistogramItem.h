@@ -48,7 +48,7 @@ public:
     FitStatus status() const;
     //! Why there is no result; empty where there is one.
     QString statusMessage() const;
-    //! On the plot's x axis: channel k is at k. The middle of the channels where there is no result.
+    //! On the plot's x axis: channel k is at k. The middle of the item's channels where there is no result.
     double position() const;
     //! Whether there is a ratio: only with full statistics, and where bars lie outside three sigma.
     bool hasSignalToNoise() const;
@@ -58,6 +58,14 @@ public:
     double noiseDeviation() const;
     //! Takes the result away, the item's marks included.
     void clear();
+
+    //! Symbol of the unit of the bars, which labels name; empty for none. For computations that come next.
+    void setValueUnit(const QString &name);
+    QString valueUnit() const;
+    /*! The plot shows the bars divided by this, and so the item's marks; 1 unless set. Results and label are not
+        divided. For computations that come next. */
+    void setPlotDivisor(double divisor);
+    double plotDivisor() const;
 
     //! What a status says to a person; empty for a result.
     static QString messageOf(FitStatus status);

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <numeric>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -36,6 +37,42 @@ makeItem(int type, const QVector<double> &parameters = {}, bool full = true)
     default:
         return std::make_unique<RVX_PrecalculatedFitHistogramItem>(nullptr, parameters, full);
     }
+}
+
+void setDeviceFit(RVX_StatisticsHistogramItem &item, const QVariantList &fit)
+{
+    if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(&item))
+        device->setDeviceFit(fit, 0);
+}
+
+double deviation(const QVector<double> &values)
+{
+    const double mean = std::accumulate(values.begin(), values.end(), 0.0) / values.size();
+    double squares = 0;
+    for (double value : values)
+        squares += (value - mean) * (value - mean);
+    return std::sqrt(squares / (values.size() - 1));
+}
+
+//! Sigma of the parabola through the logarithms of some bars, by Cramer's rule; weights are powers of the bars.
+double weightedSigma(const QVector<float> &bars, int power)
+{
+    long double x[5] = {};
+    long double y[3] = {};
+    const long double largest = *std::max_element(bars.begin(), bars.end());
+    for (int i = 0; i < bars.size(); ++i) {
+        const long double weight = std::pow(bars[i] / largest, power);
+        for (int k = 0; k < 5; ++k)
+            x[k] += weight * std::pow((long double)(i), k);
+        for (int k = 0; k < 3; ++k)
+            y[k] += weight * std::pow((long double)(i), k) * std::log((long double)(bars[i]));
+    }
+    const auto determinant = [&x](long double a, long double b, long double c) {
+        return x[0] * (x[2] * c - x[3] * b) - x[1] * (x[1] * c - x[2] * b)
+            + a * (x[1] * x[3] - x[2] * x[2]);
+    };
+    const long double curvature = determinant(y[0], y[1], y[2]) / determinant(x[2], x[3], x[4]);
+    return double(std::sqrt(-0.5L / curvature));
 }
 
 //! A beam on strips, as an electrometer reads it.
@@ -95,6 +132,12 @@ private Q_SLOTS:
     void deviceFits_data();
     void deviceFits();
     void labels();
+    void labelsOfFits_data();
+    void labelsOfFits();
+    void parametersDecide_data();
+    void parametersDecide();
+    void weightsArePowersOfTheBars();
+    void darkBarsHaveNoNumbers();
     void labelsKeepTheirHeight_data();
     void labelsKeepTheirHeight();
     void energyOfThePosition();
@@ -206,10 +249,12 @@ void tst_HistogramItems::failuresStandInTheMiddle()
     for (int type = 0; type < 4; ++type) {
         const auto item = makeItem(type);
         item->attach(&plot);
-        item->compute(20, QVector<float>(11, 0.0F), 40.5);
-        QCOMPARE(item->position(), 25.0);
+        item->compute(20, QVector<float>(11, 0.0F), 40.5); // bars at 21 to 31
+        QCOMPARE(item->position(), 26.0);
         const auto markers = plot.itemList(QwtPlotItem::Rtti_PlotMarker);
-        QCOMPARE(static_cast<QwtPlotMarker *>(markers.first())->value(), QPointF(25.0, 0.0));
+        QCOMPARE(static_cast<QwtPlotMarker *>(markers.first())->value(), QPointF(26.0, 0.0));
+        item->compute(0, QVector<float>(4, 0.0F), 40.5);
+        QCOMPARE(item->position(), 2.5);
     }
 }
 
@@ -308,20 +353,119 @@ void tst_HistogramItems::labels()
              QString("<pre>Position (strips): <b>5.00</b>\nStd. Dev (strips): 0.71\n</pre>"));
     brief->compute(0, QVector<float>(9, 0.0F), 9.5);
     QCOMPARE(brief->label(), QString("<pre>Error: Signal below threshold.\n\n</pre>"));
+}
 
-    for (int type : {View::GaussabolaItem, View::RegressionItem, View::PrecalculatedFitItem}) {
-        const auto fit = makeItem(type);
-        if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(fit.get()))
-            device->setDeviceFit({12.3, 2.5, 4e-9}, 0);
-        fit->compute(0, beam(), 32.5);
-        const QStringList lines = fit->label().split('\n');
-        QVERIFY(lines[0].startsWith("<pre>      Position (strips): <b>13.30</b>"));
-        QCOMPARE(lines[1], QString("      Std. Dev (strips): 2.50"));
-        const bool hasChi = fit->label().contains(QString(QChar(0x03A7)) + QChar(0x00B2) + ": ");
-        QVERIFY2(hasChi && fit->label().endsWith("%\n</pre>"), qPrintable(fit->label()));
-        for (const QString &line : lines.mid(1, lines.size() - 2))
-            QCOMPARE(line.indexOf(':'), lines[1].indexOf(':'));
+void tst_HistogramItems::labelsOfFits_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QVector<double>>("parameters");
+    QTest::newRow("Gaussabola") << int(View::GaussabolaItem) << QVector<double>();
+    QTest::newRow("regression") << int(View::RegressionItem)
+                                << QVector<double>{0.5, 10, 1e-15, 1e-14};
+    QTest::newRow("device") << int(View::PrecalculatedFitItem) << QVector<double>();
+}
+
+//! A Gaussian whose numbers are known, noise beside it, and a misfit at the edge of the window that Chi2 is taken over.
+void tst_HistogramItems::labelsOfFits()
+{
+    QFETCH(int, type);
+    QFETCH(QVector<double>, parameters);
+    QVector<float> bars = Profiles::gaussian<float>(32, 12.3, 2.5, 4.0);
+    QVector<double> noise;
+    for (int i = 0; i < bars.size(); ++i) {
+        if (std::abs(i - 12.3) > 3 * 2.5)
+            noise << (bars[i] = i % 3 == 0 ? 0.2F : -0.1F);
     }
+    bars[17] += 0.4F;
+    const auto item = makeItem(type, parameters);
+    setDeviceFit(*item, {12.3, 2.5, 4.0});
+    for (const QString &unit : {QString("nA"), QString()}) {
+        item->setValueUnit(unit);
+        item->setPlotDivisor(2.0); // says nothing of the numbers
+        QVERIFY(item->compute(0, bars, 32.5));
+        const double all = std::accumulate(bars.begin(), bars.end(), 0.0);
+        const double signal = all - std::accumulate(noise.begin(), noise.end(), 0.0);
+        const double snr = signal / (std::sqrt(32.0 - noise.size()) * deviation(noise));
+        QString expected = "      Position (strips): <b>13.30</b>\n      Std. Dev (strips): 2.50\n";
+        if (type != View::PrecalculatedFitItem) {
+            // 4 sigma sqrt(2 pi) is 25.0663.
+            expected += QString("                   Peak: 4%1\n               Integral: 25.07%1\n")
+                            .arg(unit.isEmpty() ? unit : ' ' + unit);
+        }
+        expected += QString("                    SNR: %1\n").arg(snr, 0, 'g', 4);
+        expected += QString(unit.isEmpty() ? "         " : "    ") + "Noise Std. Dev"
+            + QString(unit.isEmpty() ? "" : " (nA)")
+            + QString(": %1\n").arg(deviation(noise), 0, 'g', 4);
+        expected += QString("                     %1%2: %3%\n")
+                        .arg(QChar(0x03A7))
+                        .arg(QChar(0x00B2))
+                        .arg(100 * 0.4 / double(bars[12]), 0, 'g', 4);
+        QCOMPARE(item->label(), "<pre>" + expected + "</pre>");
+    }
+}
+
+void tst_HistogramItems::parametersDecide_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QVector<double>>("parameters");
+    QTest::addColumn<double>("sigma");
+    QTest::addColumn<double>("residual");
+    const int gaussabola = View::GaussabolaItem;
+    const int regression = View::RegressionItem;
+    const int device = View::PrecalculatedFitItem;
+    QTest::newRow("Gaussabola, noise within 5") << gaussabola << QVector<double>() << 2.0 << 0.0;
+    QTest::newRow("Gaussabola, noise within 6")
+        << gaussabola << QVector<double>{1e-15, 6} << 2.0 << 0.5;
+    QTest::newRow("device, noise within 5") << device << QVector<double>() << 2.0 << 0.0;
+    QTest::newRow("device, noise within 6") << device << QVector<double>{0, 6} << 2.0 << 0.5;
+    // The three bars around the peak, and for those the weights do not matter.
+    QTest::newRow("regression in a window of 1")
+        << regression << QVector<double>{0, 1, 1e-15, 1e-14} << 2.0 << 0.0;
+    QTest::newRow("regression, noise within 6")
+        << regression << QVector<double>{0, 1, 1e-15, 1e-14, 2, 6} << 2.0 << 0.5;
+}
+
+//! A Gaussian, and six bars from its peak a bar that belongs to nothing.
+void tst_HistogramItems::parametersDecide()
+{
+    QFETCH(int, type);
+    QFETCH(QVector<double>, parameters);
+    QFETCH(double, sigma);
+    QFETCH(double, residual);
+    QVector<float> bars = Profiles::gaussian<float>(33, 16.0, 2.0, 1.0);
+    bars[22] += 0.5F;
+    const auto item = makeItem(type, parameters);
+    setDeviceFit(*item, {16.0, 2.0, 1.0});
+    QVERIFY(item->compute(0, bars, 33.5));
+    QVERIFY(qAbs(item->fit().sigma - sigma) < 1e-3);
+    const double noise = static_cast<RVX_FitHistogramItem &>(*item).residualNoise();
+    QVERIFY2(qAbs(noise - residual) < 1e-3, qPrintable(QString::number(noise)));
+}
+
+//! Against the same sums in wider precision.
+void tst_HistogramItems::weightsArePowersOfTheBars()
+{
+    const QVector<float> bars = Profiles::withNoise(beam(), 0.2);
+    const auto sigma = [&bars](const QVector<double> &parameters) {
+        const auto item = makeItem(View::RegressionItem, parameters, false);
+        item->compute(0, bars, 32.5);
+        return double(item->fit().sigma);
+    };
+    const int peak = int(std::max_element(bars.begin(), bars.end()) - bars.begin());
+    for (int power : {0, 1, 2, 3}) {
+        const double expected = weightedSigma(bars.mid(peak - 4, 9), power);
+        QVERIFY(qAbs(sigma({0, 4, 1e-15, 1e-14, double(power)}) - expected) < 1e-4);
+    }
+    QCOMPARE(sigma({0, 4, 1e-15, 1e-14}), sigma({0, 4, 1e-15, 1e-14, 2}));
+}
+
+void tst_HistogramItems::darkBarsHaveNoNumbers()
+{
+    RVX_PrecalculatedFitHistogramItem item(nullptr, {}, true);
+    item.setDeviceFit({12.3, 2.5, 4e-9}, 0);
+    QVERIFY(item.compute(0, QVector<float>(32, 0.0F), 32.5));
+    QVERIFY2(item.label().contains("SNR: N/A\n") && item.label().endsWith(": N/A\n</pre>"),
+             qPrintable(item.label()));
 }
 
 void tst_HistogramItems::labelsKeepTheirHeight_data()
@@ -344,8 +488,7 @@ void tst_HistogramItems::labelsKeepTheirHeight()
         item->toggleMLFC(energy);
         item->upload_MLFC_calibration_table(&energies);
         const int empty = item->label().count('\n');
-        if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(item.get()))
-            device->setDeviceFit({12.3, 2.5, 4e-9}, 0);
+        setDeviceFit(*item, {12.3, 2.5, 4e-9});
         QVERIFY(item->compute(0, beam(), 32.5));
         QCOMPARE(item->label().count('\n'), empty);
         QVERIFY(!item->compute(0, {}, 32.5));

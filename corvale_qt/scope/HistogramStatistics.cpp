@@ -144,19 +144,22 @@ bool HistogramStatistics::needsDeviceFits() const
     return needed;
 }
 
-void HistogramStatistics::compute(const QVector<float> &values, const QVariantList &deviceFits)
+void HistogramStatistics::compute(const HistogramBars &bars)
 {
+    const int channels = bars.values.size();
     // The plot's axis ends half a channel behind the last one.
-    const double axisUpper = values.size() + 0.5;
+    const double axisUpper = channels + 0.5;
     for (const Family &family : m_families) {
         const int count = int(family.items.size());
         for (int i = 0; i < count; ++i) {
             RVX_StatisticsHistogramItem &item = *family.items[size_t(i)];
-            const ChannelGroup group = channelGroup(i, count, values.size());
+            const ChannelGroup group = channelGroup(i, count, channels);
             if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(&item))
-                device->setDeviceFit(deviceFits, i);
+                device->setDeviceFit(bars.deviceFits, i);
+            item.setValueUnit(bars.unit);
+            item.setPlotDivisor(bars.divisor);
             item.attach(m_plot);
-            item.compute(group.offset, values.mid(group.offset, group.size), axisUpper);
+            item.compute(group.offset, bars.values.mid(group.offset, group.size), axisUpper);
         }
     }
 }

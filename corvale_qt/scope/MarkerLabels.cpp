@@ -8,6 +8,7 @@
 #include <qwt_symbol.h>
 #include <qwt_text.h>
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QLocale>
 #include <QPen>
@@ -23,16 +24,20 @@ QString number(double value)
     return QString::number(value, 'g', 12);
 }
 
+QString readingText(double value)
+{
+    return std::isnan(value)
+        ? QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading")
+        : QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
 } // namespace
 
 // All texts are put in at once, here and below: a channel's name may hold place markers of its own.
 QString sampleText(const ScopeModel &model, double x, int channel, double value)
 {
     return QStringLiteral("%1: %2\nChannel %3\n%4")
-        .arg(model.xUnitName(),
-             model.formatX(x),
-             model.name(channel),
-             QString::number(value, 'g', QLocale::FloatingPointShortest));
+        .arg(model.xUnitName(), model.formatX(x), model.name(channel), readingText(value));
 }
 
 QString timeText(const ScopeModel &model, double x)
@@ -76,7 +81,8 @@ void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
     label.setColor(RVXPlotColors::labelTextColor());
     label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
     label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
-    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop);
+    // In every layout direction, numbers keep their sign in front.
+    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop | Qt::TextForceLeftToRight);
     marker.setLabel(label);
 }
 

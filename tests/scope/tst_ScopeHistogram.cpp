@@ -96,7 +96,10 @@ class tst_ScopeHistogram : public QObject
 
 private Q_SLOTS:
     void oneBarAChannel();
-    void whatIsNoNumberStandsAtZero();
+    void barsWithoutAReading();
+    void normalizedBars_data();
+    void normalizedBars();
+    void marksOfNormalizedBars();
     void channelsAreLabelled_data();
     void channelsAreLabelled();
     void ticksStandAboveTheBars_data();
@@ -141,16 +144,94 @@ void tst_ScopeHistogram::oneBarAChannel()
     QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::xBottom).text(), QString("s"));
 }
 
-void tst_ScopeHistogram::whatIsNoNumberStandsAtZero()
+void tst_ScopeHistogram::barsWithoutAReading()
 {
-    ScopeTestModel model(5);
+    ScopeTestModel model(6);
     ScopeTestView view(&model);
     view.SetPlotMode(View::HistogramMode);
+    view.enablePlotMarker(true);
     view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, true);
-    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300});
+    model.setData(model.index(0, 6), Qt::Unchecked, Qt::CheckStateRole);
+    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
     view.settle();
-    QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 0.0}));
+    QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 1e300, 0.0}));
+    // A statistic is in single precision, which does not hold 1e300.
     QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
+    QStringList readings;
+    for (int channel = 1; channel <= 6; ++channel) {
+        view.SelectPoint1(QPointF(channel, 0.0));
+        view.settle();
+        readings << view.markerText(0).section('\n', 2);
+    }
+    QCOMPARE(readings.join(", "), QString("no reading, 1, no reading, 1, 1e+300, no reading"));
+}
+
+void tst_ScopeHistogram::normalizedBars_data()
+{
+    QTest::addColumn<QVector<double>>("values");
+    QTest::addColumn<QVector<double>>("shown");
+    QTest::newRow("positive") << QVector<double>{1e-9, 4e-9, 2e-9}
+                              << QVector<double>{0.25, 1.0, 0.5};
+    QTest::newRow("the largest is negative")
+        << QVector<double>{1.0, -2.0, 0.5} << QVector<double>{0.5, -1.0, 0.25};
+    QTest::newRow("dark") << QVector<double>{0.0, 0.0, 0.0} << QVector<double>{0.0, 0.0, 0.0};
+    QTest::newRow("one without a reading")
+        << QVector<double>{qInf(), 5.0, qQNaN()} << QVector<double>{0.0, 1.0, 0.0};
+}
+
+void tst_ScopeHistogram::normalizedBars()
+{
+    QFETCH(QVector<double>, values);
+    ScopeTestModel model(4);
+    model.setData(model.index(0, 4), Qt::Unchecked, Qt::CheckStateRole);
+    model.show(values + QVector<double>{1e3}); // is not shown: does not count
+    ScopeTestView view(&model);
+    view.SetYScaleMode(View::Normalized);
+    view.SetPlotMode(View::HistogramMode);
+    view.settle();
+    QCOMPARE(view.yText(), QString("-1..1"));
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), QString("Relative Value"));
+    QTEST(bars(view).mid(0, 3), "shown");
+}
+
+//! What stands on a normalised histogram is divided as the bars are; what it says is not.
+void tst_ScopeHistogram::marksOfNormalizedBars()
+{
+    ScopeTestModel model(32);
+    const Units::nA nA;
+    model.SetUnits(&nA);
+    model.show(Profiles::gaussian<double>(32, 12.0, 2.5, 4.0));
+    model.deviceFits = QVariantList{12.0, 2.5, 4.0};
+    ScopeTestView view(&model);
+    view.enablePlotMarker(true);
+    for (int type = 0; type < 4; ++type)
+        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
+    view.SetPlotMode(View::HistogramMode);
+    view.SelectPoint1(QPointF(13.0, 0.0));
+    view.settle();
+    const auto heights = [&view] {
+        QString text;
+        for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
+            if (auto *marker = dynamic_cast<const QwtPlotMarker *>(item))
+                text += QStringLiteral("marker %1, ").arg(marker->yValue(), 0, 'g', 3);
+            else if (auto *curve = dynamic_cast<const QwtPlotCurve *>(item))
+                text += QStringLiteral("curve %1, ").arg(curve->maxYValue(), 0, 'g', 3);
+        }
+        return text;
+    };
+    const QString absolute = heights();
+    QCOMPARE(absolute.count(" 4, "), 8);
+    QCOMPARE(view.markerText(0).section('\n', 2), QString("4"));
+    view.SetYScaleMode(View::Normalized);
+    view.settle();
+    QCOMPARE(heights(), QString(absolute).replace(" 4, ", " 1, "));
+    QCOMPARE(view.markerText(0).section('\n', 2), QString("4 nA"));
+    const QString label = view.histogramItems(View::GaussabolaItem)[0]->label();
+    QVERIFY2(label.contains("Peak: 4 nA\n") && label.contains("Noise Std. Dev (nA): "),
+             qPrintable(label));
+    const QImage picture = view.canvas();
+    QCOMPARE(view.colourIn(picture, 12.2, 0.8), QColor(Qt::yellow));
+    QVERIFY(view.colourIn(picture, 16.2, 0.8) != QColor(Qt::yellow));
 }
 
 void tst_ScopeHistogram::channelsAreLabelled_data()
@@ -239,6 +320,9 @@ void tst_ScopeHistogram::ticksStandAboveTheBars()
     const double expected = bar + channelWidth * std::sqrt(2.0 / 4.0);
     QVERIFY2(qAbs(sigma[2] - expected) <= 1.0,
              qPrintable(QString("%1 %2").arg(sigma[2]).arg(expected)));
+    const QVector<double> all = ticksAt(view, widgets[0], 10);
+    QCOMPARE(all.size(), 5);
+    QVERIFY(qAbs(all[4] - bar - 3 * (expected - bar)) <= 1.5);
 }
 
 void tst_ScopeHistogram::labelsStandBesideEachOther_data()

@@ -7,6 +7,7 @@
 #include "corvale_qt/scope/RVX_PrecalculatedFitHistogramItem.h"
 #include "corvale_qt/scope/RVX_RegressionHistogramItem.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/StatisticsStrips_p.h"
 
 #include <qwt_plot.h>
 
@@ -62,12 +63,14 @@ HistogramStatistics::~HistogramStatistics() = default;
 
 void HistogramStatistics::insertInto(QVBoxLayout *layout)
 {
+    auto *strips = new StatisticsStrips(m_plot, layout->parentWidget());
     for (Family &family : m_families) {
-        family.axisWidget = new RVX_HistogramItemAxisWidget(layout->parentWidget());
+        family.axisWidget = new RVX_HistogramItemAxisWidget(strips->widget());
         family.axisWidget->alignTo(m_plot);
         family.axisWidget->hide();
-        layout->insertWidget(0, family.axisWidget);
+        strips->add(family.axisWidget);
     }
+    layout->insertWidget(0, strips);
 }
 
 void HistogramStatistics::enable(Type type,

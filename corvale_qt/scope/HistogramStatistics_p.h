@@ -53,7 +53,7 @@ public:
     explicit HistogramStatistics(QwtPlot *plot);
     ~HistogramStatistics();
 
-    //! Puts the axis widgets, hidden, on top of a layout.
+    //! Puts the axis widgets, hidden, on top of the layout of the view's viewport.
     void insertInto(QVBoxLayout *layout);
     //! Replaces the items of a type; \a shown where the histogram is on the screen.
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);

@@ -72,8 +72,10 @@ RVX_StatisticsHistogramItem::RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWi
     d->marker.setLinePen(color, 1.0, Qt::DashLine);
     d->marker.setSymbol(
         new QwtSymbol(QwtSymbol::Diamond, QBrush(color), QPen(Qt::black), QSize(9, 9)));
-    if (axisWidget)
-        axisWidget->add(this, color);
+    if (!axisWidget)
+        return;
+    axisWidget->setEstimator(title);
+    axisWidget->add(this, color);
 }
 
 RVX_StatisticsHistogramItem::~RVX_StatisticsHistogramItem()

@@ -106,6 +106,8 @@ private Q_SLOTS:
     void ticksStandAboveTheBars();
     void labelsStandBesideEachOther_data();
     void labelsStandBesideEachOther();
+    void canvasKeepsHalfOfTheHeight_data();
+    void canvasKeepsHalfOfTheHeight();
     void labelsAreReadableInDarkPalettes();
     void itemsShareTheChannels();
     void itemsComeAndGoWithTheMode();
@@ -357,10 +359,11 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
     const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
-    QCOMPARE(labels.size(), peaks);
+    QCOMPARE(labels.size(), 1 + peaks); // the first is the estimator's name
     QRegion taken;
     for (const QLabel *label : labels) {
-        QVERIFY2(label->text().contains("Position"), qPrintable(label->text()));
+        QVERIFY2(label == labels[0] || label->text().contains("Position"),
+                 qPrintable(label->text()));
         QVERIFY(label->width() >= label->sizeHint().width());
         QVERIFY(label->height() >= label->sizeHint().height());
         QVERIFY(widgets[0]->rect().contains(label->geometry()));
@@ -368,8 +371,61 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
         taken += label->geometry();
     }
     // The plot has its place below.
-    QVERIFY(view.qwtPlot()->y() >= widgets[0]->geometry().bottom());
-    QVERIFY(view.qwtPlot()->height() > 200);
+    const QPoint bottom = widgets[0]->mapTo(view.viewport(), widgets[0]->rect().bottomLeft());
+    QVERIFY(view.qwtPlot()->y() >= bottom.y());
+}
+
+void tst_ScopeHistogram::canvasKeepsHalfOfTheHeight_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("fits");
+    QTest::newRow("small") << QSize(400, 300) << false;
+    QTest::newRow("usual") << QSize(900, 700) << false;
+    QTest::newRow("large") << QSize(1400, 1100) << true;
+}
+
+void tst_ScopeHistogram::canvasKeepsHalfOfTheHeight()
+{
+    QFETCH(QSize, size);
+    QFETCH(bool, fits);
+    ScopeTestModel model(32);
+    ScopeTestView view(&model);
+    view.resize(size);
+    view.settle();
+    const int alone = view.qwtPlot()->canvas()->height();
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
+    for (int type = 0; type < 4; ++type)
+        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
+    view.SetPlotMode(View::HistogramMode);
+    view.settle();
+    QCOMPARE(view.size(), size);
+    QVERIFY(view.minimumSizeHint().height() <= 300);
+    QVERIFY(2 * view.qwtPlot()->canvas()->height() >= size.height());
+
+    const auto widgets = axisWidgets(view);
+    const double peak = view.qwtPlot()->transform(QwtPlot::xBottom, 13.3)
+        + view.qwtPlot()->canvas()->mapTo(view.viewport(), QPoint(0, 0)).x();
+    QStringList names;
+    for (auto *widget : widgets) {
+        names << widget->findChild<QLabel *>("estimator")->text();
+        QCOMPARE(widget->height(), widget->sizeHint().height()); // none is squeezed
+        const QVector<double> major = ticksAt(view, widget, 4);
+        QVERIFY(major.size() == 1 && qAbs(major[0] - peak) <= 1.5);
+    }
+    QCOMPARE(names.join(", "),
+             QString("Gaussian Fit (Device), Gaussian Fit, Center of Gravity, Gaussabola Fit"));
+    const auto isInSight = [&](const QWidget *strip) {
+        return strip->visibleRegion().boundingRect().bottom() == strip->rect().bottom();
+    };
+    QCOMPARE(isInSight(widgets.last()), fits);
+    for (int i = 0; i < 8; ++i)
+        QTest::keyClick(&view, Qt::Key_PageDown);
+    QVERIFY(isInSight(widgets.last()));
+
+    view.SetPlotMode(View::StripMode);
+    view.settle();
+    QCOMPARE(view.qwtPlot()->canvas()->height(), alone);
 }
 
 void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
@@ -382,19 +438,22 @@ void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
     view.enableHistogramItem(View::RegressionItem, 1, {}, true);
     model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
     view.settle();
-    const auto *label = axisWidgets(view)[0]->findChild<QLabel *>();
-    const QImage picture = const_cast<QLabel *>(label)->grab().toImage();
-    int dark = 0;
-    int background = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            dark += picture.pixelColor(x, y).lightness() < 40;
-            background += picture.pixelColor(x, y) == QColor(255, 171, 251);
-        }
-    }
+    const QList<QLabel *> labels = axisWidgets(view)[0]->findChildren<QLabel *>();
     QApplication::setPalette(before);
-    QVERIFY(dark > 300);
-    QVERIFY(background > picture.width() * picture.height() / 2);
+    QCOMPARE(labels.size(), 2);
+    for (QLabel *label : labels) {
+        const QImage picture = label->grab().toImage();
+        int dark = 0;
+        int background = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                dark += picture.pixelColor(x, y).lightness() < 40;
+                background += picture.pixelColor(x, y) == QColor(255, 171, 251);
+            }
+        }
+        QVERIFY(dark > (label == labels[0] ? 50 : 300));
+        QVERIFY(background > picture.width() * picture.height() / 2);
+    }
 }
 
 void tst_ScopeHistogram::itemsShareTheChannels()

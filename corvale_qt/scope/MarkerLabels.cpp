@@ -19,16 +19,16 @@ namespace Corvale_Qt {
 
 namespace {
 
-QString number(double value)
-{
-    return QString::number(value, 'g', 12);
-}
-
 QString readingText(double value)
 {
     return std::isnan(value)
         ? QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading")
         : QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 12);
 }
 
 } // namespace
@@ -81,8 +81,7 @@ void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
     label.setColor(RVXPlotColors::labelTextColor());
     label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
     label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
-    // In every layout direction, numbers keep their sign in front.
-    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop | Qt::TextForceLeftToRight);
+    label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop);
     marker.setLabel(label);
 }
 

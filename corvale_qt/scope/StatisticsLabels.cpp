@@ -46,7 +46,7 @@ QString percent(double share)
 
 QString length(double value)
 {
-    return QString::number(value, 'f', 2);
+    return std::isfinite(value) ? QString::number(value, 'f', 2) : notAvailable();
 }
 
 //! A unit comes from the model, which may be anybody's: none of it is markup.

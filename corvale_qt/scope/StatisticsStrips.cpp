@@ -76,14 +76,6 @@ bool StatisticsStrips::eventFilter(QObject *watched, QEvent *event)
     return filtered;
 }
 
-bool StatisticsStrips::viewportEvent(QEvent *event)
-{
-    const bool handled = QScrollArea::viewportEvent(event);
-    if (event->type() == QEvent::Move)
-        alignStrips();
-    return handled;
-}
-
 //! A scroll bar that comes or goes shifts the strips against the canvas, which they cannot see themselves.
 void StatisticsStrips::alignStrips()
 {

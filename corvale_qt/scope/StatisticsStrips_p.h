@@ -35,9 +35,6 @@ public:
     QSize minimumSizeHint() const override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-protected:
-    bool viewportEvent(QEvent *event) override;
-
 private:
     int wantedHeight() const;
     void alignStrips();

@@ -18,7 +18,7 @@ namespace Corvale_Qt {
 class MarkerStatistics;
 class ScopeModel;
 
-//! Time, channel and value of a sample; a value that is no number is no reading.
+//! Time, channel and value of a sample.
 QString sampleText(const ScopeModel &model, double x, int channel, double value);
 //! The time alone, of a marker that stands on no sample.
 QString timeText(const ScopeModel &model, double x);

@@ -39,7 +39,7 @@ public:
 
 namespace {
 
-//! What the fits can take: a channel without a reading, or with none in single precision, counts as 0.
+//! Returns the value that the fits get: 0 for a channel without a reading, or with one beyond single precision.
 float fitValue(double reading)
 {
     return std::isfinite(float(reading)) ? float(reading) : 0.0F;
@@ -102,7 +102,7 @@ void HistogramPlotMode::readChannels(int channels, int row)
     m_bars.unit = d.model.unitName();
 }
 
-//! The largest magnitude of all bars where these are relative values.
+//! Returns the largest magnitude of all bars in a normalised histogram, and 1 in others.
 double HistogramPlotMode::plotDivisor() const
 {
     double largest = 0.0;
@@ -164,7 +164,7 @@ void HistogramPlotMode::describeMarker(int index, int row)
     alignMarkerLabel(marker, channel > 0.75 * m_readings.size() ? Qt::AlignLeft : Qt::AlignRight);
 }
 
-//! What a marker says of a bar: the reading, with its unit where the axis does not name it.
+//! Returns the text of a marker on a bar. The reading has its unit where the axis does not name it.
 QString HistogramPlotMode::barText(int channel, int row) const
 {
     const double reading = m_readings[channel - 1];

@@ -65,7 +65,7 @@ public:
     QwtScaleDiv allTicks() const;
     void measureLabels();
     int rows(int width) const;
-    //! Where the labels begin: beside the name, or below it where they need its width.
+    //! Returns the corner where the labels begin: beside the name, or below it where they need all of the width.
     QPoint labelsCorner(int width) const;
     int height(int width) const;
     void placeLabels(int width);

@@ -156,7 +156,8 @@ QString RVX_StatisticsHistogramItem::valueUnit() const
 
 void RVX_StatisticsHistogramItem::setPlotDivisor(double divisor)
 {
-    d->plotDivisor = divisor;
+    if (divisor > 0.0)
+        d->plotDivisor = divisor;
 }
 
 double RVX_StatisticsHistogramItem::plotDivisor() const

@@ -59,11 +59,11 @@ public:
     //! Takes the result away, the item's marks included.
     void clear();
 
-    //! Symbol of the unit of the bars, which labels name; empty for none. For computations that come next.
+    //! The symbol of the bars' unit, which labels name; empty for none. It holds for computations that come next.
     void setValueUnit(const QString &name);
     QString valueUnit() const;
-    /*! The plot shows the bars divided by this, and so the item's marks; 1 unless set. Results and label are not
-        divided. For computations that come next. */
+    /*! The plot shows the bars divided by this, and the item's marks alike; 1 unless set. The results and the label are
+        not divided. It holds for computations that come next; a divisor that is not above 0 is ignored. */
     void setPlotDivisor(double divisor);
     double plotDivisor() const;
 

@@ -33,7 +33,7 @@ QString notAvailable()
     return translated("N/A");
 }
 
-//! With what stands behind it, which a number that is not available has no use for.
+//! Returns the number with its suffix, or "N/A" without one where the value is not finite.
 QString number(double value, const QString &suffix = QString())
 {
     return std::isfinite(value) ? QString::number(value, 'g', 4) + suffix : notAvailable();
@@ -49,7 +49,7 @@ QString length(double value)
     return std::isfinite(value) ? QString::number(value, 'f', 2) : notAvailable();
 }
 
-//! A unit comes from the model, which may be anybody's: none of it is markup.
+//! Returns the unit as plain text: it comes from the model, which may be a host's own, and must not act as markup.
 QString valueUnit(const RVX_StatisticsHistogramItem &item)
 {
     return item.valueUnit().toHtmlEscaped();

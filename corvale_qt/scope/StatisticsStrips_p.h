@@ -25,7 +25,7 @@ class RVX_HistogramItemAxisWidget;
 class StatisticsStrips : public QScrollArea
 {
 public:
-    //! The strips' view has \a viewport, in which the plot is shown, too.
+    //! Both the strips and the plot stand in the \a viewport of the same view.
     StatisticsStrips(QwtPlot *plot, QWidget *viewport);
 
     //! Puts a strip above those there are.

@@ -350,7 +350,9 @@ private Q_SLOTS:
         setDeviceFit(*item, {12.3, 2.5, 4.0});
         for (const QString &unit : {QString("nA"), QString()}) {
             item->setValueUnit(unit);
-            item->setPlotDivisor(2.0); // says nothing of the numbers
+            item->setPlotDivisor(2.0); // the label's numbers are not divided
+            item->setPlotDivisor(qQNaN());
+            QCOMPARE(item->plotDivisor(), 2.0);
             QVERIFY(item->compute(0, bars, 32.5));
             const QString behind = unit.isEmpty() ? unit : ' ' + unit;
             QStringList lines{"      Position (strips): <b>13.30</b>", "Std. Dev (strips): 2.50"};

@@ -39,19 +39,19 @@ public:
 
 namespace {
 
-//! What the fits can take: a bar that is no number, or none in single precision, stands at 0.
-double barValue(double value)
+//! Returns the value that the fits get: 0 for a channel without a reading, or with one beyond single precision.
+float fitValue(double reading)
 {
-    return std::isfinite(value) && std::isfinite(float(value)) ? value : 0.0;
+    return std::isfinite(float(reading)) ? float(reading) : 0.0F;
 }
 
 } // namespace
 
 HistogramPlotMode::HistogramPlotMode(RVXScopePlotViewPrivate &view)
     : ScopePlotMode(view)
-    , m_bars(new BarSeries)
+    , m_series(new BarSeries)
 {
-    d.histogram.setData(m_bars);
+    d.histogram.setData(m_series);
 }
 
 void HistogramPlotMode::enter()
@@ -71,7 +71,8 @@ void HistogramPlotMode::plot()
         clear();
         return;
     }
-    readBars(channels, last);
+    readChannels(channels, last);
+    drawBars();
     d.histogram.attach(d.plot);
     d.axes.setYTitle(d.yTitle());
     showStatistics(last);
@@ -87,27 +88,49 @@ void HistogramPlotMode::clear()
     d.plot->updateAxes();
 }
 
-void HistogramPlotMode::readBars(int channels, int row)
+void HistogramPlotMode::readChannels(int channels, int row)
 {
-    m_bars->resize(channels);
-    m_values.resize(channels);
+    m_readings.resize(channels);
+    m_bars.values.resize(channels);
     for (int i = 0; i < channels; ++i) {
-        const bool shown = d.model.isShown(i + 1);
-        const double value = shown ? barValue(d.model.plot()->doubleData(row, i + 1)) : 0.0;
-        m_bars->setValue(i, value);
-        m_values[i] = float(value);
+        const double value =
+            d.model.isShown(i + 1) ? d.model.plot()->doubleData(row, i + 1) : std::nan("");
+        m_readings[i] = std::isfinite(value) ? value : std::nan("");
+        m_bars.values[i] = fitValue(m_readings[i]);
+    }
+    m_bars.divisor = plotDivisor();
+    m_bars.unit = d.model.unitName();
+}
+
+//! Returns the largest magnitude of all bars in a normalised histogram, and 1 in others.
+double HistogramPlotMode::plotDivisor() const
+{
+    double largest = 0.0;
+    for (double reading : m_readings) {
+        if (std::abs(reading) > largest)
+            largest = std::abs(reading);
+    }
+    return d.yScale.mode == RVXScopePlotView::Normalized && largest > 0.0 ? largest : 1.0;
+}
+
+void HistogramPlotMode::drawBars()
+{
+    m_series->resize(m_readings.size());
+    for (int i = 0; i < m_readings.size(); ++i) {
+        const bool hasReading = !std::isnan(m_readings[i]);
+        m_series->setValue(i, hasReading ? m_readings[i] / m_bars.divisor : 0.0);
     }
 }
 
 void HistogramPlotMode::showStatistics(int row)
 {
-    QVariantList deviceFits;
+    m_bars.deviceFits.clear();
     if (d.statistics.needsDeviceFits()) {
         const QAbstractItemModel *items = d.q_ptr->model();
-        deviceFits =
+        m_bars.deviceFits =
             items->data(items->index(row, 0), RVXAbstractPlotDataModel::DeviceFitRole).toList();
     }
-    d.statistics.compute(m_values, deviceFits);
+    d.statistics.compute(m_bars);
 }
 
 void HistogramPlotMode::showMarkers(int row)
@@ -127,30 +150,39 @@ void HistogramPlotMode::describeMarker(int index, int row)
 {
     QwtPlotMarker &marker = *d.markers.item(index);
     const int channel = markerChannel(index);
-    const double value = m_bars->sample(size_t(channel - 1)).value;
-    QString text = sampleText(d.model, d.model.plot()->doubleData(row, 0), channel, value);
+    QString text = barText(channel, row);
     if (index == 1 && d.markers.isAttached(0)) {
         const auto ends = std::minmax({channel, markerChannel(0)});
         MarkerStatistics statistics;
         for (int bar = ends.first; bar <= ends.second; ++bar)
-            statistics.add(m_bars->sample(size_t(bar - 1)).value);
+            statistics.add(m_readings[bar - 1]);
         text = spanText(text, statistics);
     }
-    marker.setValue(channel, value);
+    marker.setValue(channel, m_series->sample(size_t(channel - 1)).value);
     setMarkerLabel(marker, text, index == d.markers.selected());
     setMarkerLine(marker, d.model.brush(channel));
-    alignMarkerLabel(marker, channel > 0.75 * m_values.size() ? Qt::AlignLeft : Qt::AlignRight);
+    alignMarkerLabel(marker, channel > 0.75 * m_readings.size() ? Qt::AlignLeft : Qt::AlignRight);
+}
+
+//! Returns the text of a marker on a bar. The reading has its unit where the axis does not name it.
+QString HistogramPlotMode::barText(int channel, int row) const
+{
+    const double reading = m_readings[channel - 1];
+    const QString text = sampleText(d.model, d.model.plot()->doubleData(row, 0), channel, reading);
+    const bool namesUnit = d.yScale.mode == RVXScopePlotView::Normalized && !std::isnan(reading)
+        && !m_bars.unit.isEmpty();
+    return namesUnit ? text + QLatin1Char(' ') + m_bars.unit : text;
 }
 
 int HistogramPlotMode::markerChannel(int index) const
 {
     const double x = d.markers.item(index)->xValue();
-    return int(std::lround(std::clamp(x, 1.0, double(m_values.size()))));
+    return int(std::lround(std::clamp(x, 1.0, double(m_readings.size()))));
 }
 
 void HistogramPlotMode::moveMarker(int index, int steps)
 {
-    if (!m_values.isEmpty())
+    if (!m_readings.isEmpty())
         d.markers.item(index)->setXValue(markerChannel(index) + steps);
 }
 

@@ -7,6 +7,7 @@
 #include "corvale_qt/scope/RVX_PrecalculatedFitHistogramItem.h"
 #include "corvale_qt/scope/RVX_RegressionHistogramItem.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/StatisticsStrips_p.h"
 
 #include <qwt_plot.h>
 
@@ -62,12 +63,14 @@ HistogramStatistics::~HistogramStatistics() = default;
 
 void HistogramStatistics::insertInto(QVBoxLayout *layout)
 {
+    auto *strips = new StatisticsStrips(m_plot, layout->parentWidget());
     for (Family &family : m_families) {
-        family.axisWidget = new RVX_HistogramItemAxisWidget(layout->parentWidget());
+        family.axisWidget = new RVX_HistogramItemAxisWidget(strips->widget());
         family.axisWidget->alignTo(m_plot);
         family.axisWidget->hide();
-        layout->insertWidget(0, family.axisWidget);
+        strips->add(family.axisWidget);
     }
+    layout->insertWidget(0, strips);
 }
 
 void HistogramStatistics::enable(Type type,
@@ -144,19 +147,22 @@ bool HistogramStatistics::needsDeviceFits() const
     return needed;
 }
 
-void HistogramStatistics::compute(const QVector<float> &values, const QVariantList &deviceFits)
+void HistogramStatistics::compute(const HistogramBars &bars)
 {
+    const int channels = bars.values.size();
     // The plot's axis ends half a channel behind the last one.
-    const double axisUpper = values.size() + 0.5;
+    const double axisUpper = channels + 0.5;
     for (const Family &family : m_families) {
         const int count = int(family.items.size());
         for (int i = 0; i < count; ++i) {
             RVX_StatisticsHistogramItem &item = *family.items[size_t(i)];
-            const ChannelGroup group = channelGroup(i, count, values.size());
+            const ChannelGroup group = channelGroup(i, count, channels);
             if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(&item))
-                device->setDeviceFit(deviceFits, i);
+                device->setDeviceFit(bars.deviceFits, i);
+            item.setValueUnit(bars.unit);
+            item.setPlotDivisor(bars.divisor);
             item.attach(m_plot);
-            item.compute(group.offset, values.mid(group.offset, group.size), axisUpper);
+            item.compute(group.offset, bars.values.mid(group.offset, group.size), axisUpper);
         }
     }
 }

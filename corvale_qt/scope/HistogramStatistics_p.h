@@ -35,6 +35,15 @@ struct ChannelGroup
 //! The share of item \a index of \a count in \a channels; with fewer channels than items, some get none.
 ChannelGroup channelGroup(int index, int count, int channels);
 
+//! What a histogram shows, as its items take it.
+struct HistogramBars
+{
+    QVector<float> values; //!< of all channels, not divided
+    double divisor = 1.0; //!< the plot shows the values divided by this
+    QString unit; //!< of the values; empty for none
+    QVariantList deviceFits;
+};
+
 //! The items of each type with the axis widget that they share.
 class HistogramStatistics
 {
@@ -44,7 +53,7 @@ public:
     explicit HistogramStatistics(QwtPlot *plot);
     ~HistogramStatistics();
 
-    //! Puts the axis widgets, hidden, on top of a layout.
+    //! Puts the axis widgets, hidden, on top of the layout of the view's viewport.
     void insertInto(QVBoxLayout *layout);
     //! Replaces the items of a type; \a shown where the histogram is on the screen.
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);
@@ -57,8 +66,8 @@ public:
     void clear();
 
     bool needsDeviceFits() const;
-    //! Computes all items from the values of all channels.
-    void compute(const QVector<float> &values, const QVariantList &deviceFits);
+    //! Computes all items, each from its share of the channels.
+    void compute(const HistogramBars &bars);
 
     // Both are kept for items that come later.
     void toggleMLFC(bool enable);

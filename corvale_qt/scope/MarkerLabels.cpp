@@ -8,6 +8,7 @@
 #include <qwt_symbol.h>
 #include <qwt_text.h>
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QLocale>
 #include <QPen>
@@ -18,6 +19,13 @@
 namespace Corvale_Qt {
 
 namespace {
+
+QString readingText(double value)
+{
+    return std::isnan(value)
+        ? QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading")
+        : QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
 
 QString number(double value)
 {
@@ -64,7 +72,7 @@ QString sampleText(const ScopeModel &model, double x, int channel, double value,
         .arg(model.xUnitName(),
              xText(model, x, resolution),
              model.name(channel),
-             QString::number(value, 'g', QLocale::FloatingPointShortest));
+             readingText(value));
 }
 
 QString timeText(const ScopeModel &model, double x, double resolution)

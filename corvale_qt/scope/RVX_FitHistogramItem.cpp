@@ -24,14 +24,14 @@ class FitSeries : public QwtArraySeriesData<QPointF>
 {
 public:
     //! At every quarter of a bin, from a quarter of the first channel's place on; zeros without a valid fit.
-    void sample(const ProfileFit &fit, int offset)
+    void sample(const ProfileFit &fit, int offset, double divisor)
     {
         const int first = offset + 1;
         const int last = 4 * (fit.count() + offset) - 1;
         d_samples.resize(std::max(last - first + 1, 0));
         for (int i = first; i <= last; ++i) {
             const double x = i / 4.0;
-            d_samples[i - first] = QPointF(x, double(fit.at(float(x - offset - 1))));
+            d_samples[i - first] = QPointF(x, double(fit.at(float(x - offset - 1))) / divisor);
         }
         d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
     }
@@ -111,7 +111,7 @@ void RVX_FitHistogramItem::setResidualNoise(double noise)
 
 void RVX_FitHistogramItem::showFit(int offset)
 {
-    d->samples->sample(fit(), offset);
+    d->samples->sample(fit(), offset, plotDivisor());
     d->curve.itemChanged();
 }
 

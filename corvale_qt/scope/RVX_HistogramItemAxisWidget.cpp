@@ -32,6 +32,22 @@ QString inLabelFont(const QString &richText)
     return text.replace(QLatin1String("</pre>"), QLatin1String("</div>"));
 }
 
+void prepareLabel(QLabel &label, const QColor &background)
+{
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label.setIndent(kIndent);
+    label.setStyleSheet(
+        QStringLiteral("background-color: rgb(%1,%2,%3);margin: 0px;padding: 0px;border: none;")
+            .arg(background.red())
+            .arg(background.green())
+            .arg(background.blue()));
+    // The colours are all light, whatever the palette is.
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, Qt::black);
+    palette.setColor(QPalette::Text, Qt::black);
+    label.setPalette(palette);
+}
+
 } // namespace
 
 class RVX_HistogramItemAxisWidgetPrivate
@@ -49,10 +65,13 @@ public:
     QwtScaleDiv allTicks() const;
     void measureLabels();
     int rows(int width) const;
-    int height(int width) const { return rows(width) * cell.height() + kTickHeight; }
+    //! Returns the corner where the labels begin: beside the name, or below it where they need all of the width.
+    QPoint labelsCorner(int width) const;
+    int height(int width) const;
     void placeLabels(int width);
 
     QPointer<QwtPlot> plot;
+    QLabel *estimator = nullptr;
     std::vector<Entry> entries;
     QSize cell; //!< of the largest label so far
     bool layingOut = false;
@@ -95,19 +114,41 @@ int RVX_HistogramItemAxisWidgetPrivate::rows(int width) const
     return (count + columns - 1) / columns;
 }
 
+QPoint RVX_HistogramItemAxisWidgetPrivate::labelsCorner(int width) const
+{
+    const QSize name = estimator->sizeHint();
+    const int left = name.width() + kIndent;
+    const int beside = width - left;
+    if (beside >= cell.width() && rows(beside) == rows(width))
+        return QPoint(left, 0);
+    return QPoint(0, name.height());
+}
+
+int RVX_HistogramItemAxisWidgetPrivate::height(int width) const
+{
+    return labelsCorner(width).y() + rows(width) * cell.height() + kTickHeight;
+}
+
 //! As many to each row, one above the other.
 void RVX_HistogramItemAxisWidgetPrivate::placeLabels(int width)
 {
     const int count = int(entries.size());
     const int lines = rows(width);
+    const QPoint corner = labelsCorner(width);
+    const bool isBeside = corner.x() > 0;
+    estimator->setGeometry(0,
+                           0,
+                           isBeside ? corner.x() : width,
+                           isBeside ? lines * cell.height() : corner.y());
     if (lines == 0)
         return;
     const int columns = (count + lines - 1) / lines;
+    const int room = width - corner.x();
     for (int i = 0; i < count; ++i) {
-        const int left = i % columns * width / columns;
-        const int right = (i % columns + 1) * width / columns;
+        const int left = corner.x() + i % columns * room / columns;
+        const int right = corner.x() + (i % columns + 1) * room / columns;
         entries[size_t(i)].label->setGeometry(left,
-                                              i / columns * cell.height(),
+                                              corner.y() + i / columns * cell.height(),
                                               right - left,
                                               cell.height());
     }
@@ -117,6 +158,11 @@ RVX_HistogramItemAxisWidget::RVX_HistogramItemAxisWidget(QWidget *parent)
     : QwtScaleWidget(QwtScaleDraw::BottomScale, parent)
     , d_ptr(new RVX_HistogramItemAxisWidgetPrivate)
 {
+    Q_D(RVX_HistogramItemAxisWidget);
+    d->estimator = new QLabel(this);
+    d->estimator->setObjectName(QStringLiteral("estimator"));
+    d->estimator->setTextFormat(Qt::PlainText);
+    d->estimator->setFont(QFont(font().family(), kLabelPoints, QFont::Bold));
     setScaleDraw(new RVX_StatisticsHistogramItem::ScaleDraw);
     setMargin(0);
     setSpacing(0);
@@ -134,25 +180,25 @@ void RVX_HistogramItemAxisWidget::alignTo(QwtPlot *plot)
     connect(plot->axisWidget(QwtPlot::xBottom), SIGNAL(scaleDivChanged()), SLOT(updateLayout()));
 }
 
+void RVX_HistogramItemAxisWidget::setEstimator(const QString &name)
+{
+    Q_D(RVX_HistogramItemAxisWidget);
+    if (d->estimator->text() == name)
+        return;
+    d->estimator->setText(name);
+    setAccessibleName(name);
+    updateLayout();
+}
+
 void RVX_HistogramItemAxisWidget::add(const RVX_StatisticsHistogramItem *item, const QColor &color)
 {
     Q_D(RVX_HistogramItemAxisWidget);
     auto *label = new QLabel(this);
     label->setTextFormat(Qt::RichText);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    label->setIndent(kIndent);
-    label->setStyleSheet(
-        QStringLiteral("background-color: rgb(%1,%2,%3);margin: 0px;padding: 0px;border: none;")
-            .arg(color.red())
-            .arg(color.green())
-            .arg(color.blue()));
-    // The colours are all light, whatever the palette is.
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Qt::black);
-    palette.setColor(QPalette::Text, Qt::black);
-    label->setPalette(palette);
-    label->show();
+    prepareLabel(*label, color);
+    prepareLabel(*d->estimator, color);
     label->setFont(QFont("Monospace", kLabelPoints));
+    label->show();
     d->entries.push_back({item, label, QString(), QwtScaleDiv()});
     d->cell = QSize();
 }

@@ -16,8 +16,8 @@ namespace Corvale_Qt {
 class RVX_HistogramItemAxisWidgetPrivate;
 class RVX_StatisticsHistogramItem;
 
-/*! A strip above a histogram: the labels of statistics items beside each other, in as many rows as it takes, and below
-    them the ticks of all items, in line with the bars. */
+/*! A strip above a histogram: the name of the estimator, the labels of its statistics items beside each other, in as
+    many rows as it takes, and below them the ticks of all items, in line with the bars. */
 class CORVALE_QT_EXPORT RVX_HistogramItemAxisWidget : public QwtScaleWidget
 {
     Q_OBJECT
@@ -29,6 +29,8 @@ public:
     //! Keeps the ticks in line with the plot's bottom axis. The plot is not owned.
     void alignTo(QwtPlot *plot);
 
+    //! Names the estimator whose results the labels tell.
+    void setEstimator(const QString &name);
     //! A new item, with a label in its colour.
     void add(const RVX_StatisticsHistogramItem *item, const QColor &color);
     void remove(const RVX_StatisticsHistogramItem *item);

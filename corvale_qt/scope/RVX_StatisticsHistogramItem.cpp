@@ -30,6 +30,8 @@ public:
     double position = 0.0;
     SignalToNoise signalToNoise;
     bool computed = false;
+    QString valueUnit;
+    double plotDivisor = 1.0;
 };
 
 QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
@@ -70,8 +72,10 @@ RVX_StatisticsHistogramItem::RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWi
     d->marker.setLinePen(color, 1.0, Qt::DashLine);
     d->marker.setSymbol(
         new QwtSymbol(QwtSymbol::Diamond, QBrush(color), QPen(Qt::black), QSize(9, 9)));
-    if (axisWidget)
-        axisWidget->add(this, color);
+    if (!axisWidget)
+        return;
+    axisWidget->setEstimator(title);
+    axisWidget->add(this, color);
 }
 
 RVX_StatisticsHistogramItem::~RVX_StatisticsHistogramItem()
@@ -140,6 +144,27 @@ bool RVX_StatisticsHistogramItem::hasFullStatistics() const
     return d->fullStatistics;
 }
 
+void RVX_StatisticsHistogramItem::setValueUnit(const QString &name)
+{
+    d->valueUnit = name;
+}
+
+QString RVX_StatisticsHistogramItem::valueUnit() const
+{
+    return d->valueUnit;
+}
+
+void RVX_StatisticsHistogramItem::setPlotDivisor(double divisor)
+{
+    if (divisor > 0.0)
+        d->plotDivisor = divisor;
+}
+
+double RVX_StatisticsHistogramItem::plotDivisor() const
+{
+    return d->plotDivisor;
+}
+
 void RVX_StatisticsHistogramItem::clear()
 {
     detach();
@@ -167,10 +192,10 @@ bool RVX_StatisticsHistogramItem::take(int offset,
     d->status = status;
     d->message = message.isEmpty() ? messageOf(status) : message;
     // Bar i is centred at offset + i + 1.
-    d->position = ok ? offset + double(fit.mean) + 1.0 : offset + fit.count() / 2;
+    d->position = offset + (ok ? double(fit.mean) + 1.0 : (fit.count() + 1) / 2.0);
     d->signalToNoise =
         ok && d->fullStatistics ? Corvale_Qt::signalToNoise(d->fit) : SignalToNoise();
-    d->marker.setValue(d->position, ok ? double(fit.at(fit.mean)) : 0.0);
+    d->marker.setValue(d->position, ok ? double(fit.at(fit.mean)) / d->plotDivisor : 0.0);
     if (d->axisWidget)
         d->axisWidget->setTicks(this, d->ticks(axisUpper));
     showFit(offset);

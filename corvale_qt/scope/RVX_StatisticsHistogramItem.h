@@ -48,7 +48,7 @@ public:
     FitStatus status() const;
     //! Why there is no result; empty where there is one.
     QString statusMessage() const;
-    //! On the plot's x axis: channel k is at k. The middle of the channels where there is no result.
+    //! On the plot's x axis: channel k is at k. The middle of the item's channels where there is no result.
     double position() const;
     //! Whether there is a ratio: only with full statistics, and where bars lie outside three sigma.
     bool hasSignalToNoise() const;
@@ -58,6 +58,14 @@ public:
     double noiseDeviation() const;
     //! Takes the result away, the item's marks included.
     void clear();
+
+    //! The symbol of the bars' unit, which labels name; empty for none. It holds for computations that come next.
+    void setValueUnit(const QString &name);
+    QString valueUnit() const;
+    /*! The plot shows the bars divided by this, and the item's marks alike; 1 unless set. The results and the label are
+        not divided. It holds for computations that come next; a divisor that is not above 0 is ignored. */
+    void setPlotDivisor(double divisor);
+    double plotDivisor() const;
 
     //! What a status says to a person; empty for a result.
     static QString messageOf(FitStatus status);

@@ -2,15 +2,14 @@
 #include "corvale_qt/numerics/ScaleFractions.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
+#include "corvale_qt/scope/NumberScaleDraw_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 
 #include <qwt_plot.h>
-#include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_widget.h>
 
 #include <QFont>
-#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -44,24 +43,6 @@ private:
     {
         constexpr double largest = 1e300;
         return std::isnan(x) ? 0.0 : std::clamp(x, -largest, largest);
-    }
-};
-
-//! As many digits as it takes to tell one tick from the next, long after the start of an acquisition.
-class TimeScaleDraw : public QwtScaleDraw
-{
-public:
-    QwtText label(double x) const override
-    {
-        constexpr int usual = 6;
-        const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
-        const double step = ticks.size() > 1 ? std::abs(ticks[1] - ticks[0]) : 0.0;
-        const double largest =
-            std::max(std::abs(scaleDiv().lowerBound()), std::abs(scaleDiv().upperBound()));
-        int digits = usual;
-        if (step > 0.0 && largest > step)
-            digits = std::clamp(int(std::ceil(std::log10(largest / step))) + 2, usual, 15);
-        return QwtText(QLocale().toString(x, 'g', digits));
     }
 };
 
@@ -102,6 +83,7 @@ ScopeAxes::ScopeAxes(QwtPlot *plot)
 {
     m_plot->setAxisScaleEngine(QwtPlot::yLeft, new FiniteScaleEngine);
     m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
+    m_plot->setAxisScaleDraw(QwtPlot::yLeft, new NumberScaleDraw);
 }
 
 void ScopeAxes::setYScale(const YScale &scale)
@@ -116,7 +98,7 @@ void ScopeAxes::setYScale(const YScale &scale)
 
 void ScopeAxes::prepareTimeAxis()
 {
-    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
+    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new NumberScaleDraw);
     m_plot->setAxisFont(QwtPlot::xBottom, m_timeFont);
     m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
     m_plot->setAxisMaxMinor(QwtPlot::xBottom, 10);

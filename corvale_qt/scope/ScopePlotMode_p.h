@@ -8,6 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 
 #include <QVector>
@@ -95,14 +96,18 @@ public:
     void moveMarker(int index, int steps) override;
 
 private:
-    void readBars(int channels, int row);
+    void readChannels(int channels, int row);
+    void drawBars();
+    double plotDivisor() const;
     void showStatistics(int row);
     void showMarkers(int row);
     void describeMarker(int index, int row);
+    QString barText(int channel, int row) const;
     int markerChannel(int index) const;
 
-    BarSeries *m_bars; //!< the histogram's
-    QVector<float> m_values;
+    BarSeries *m_series; //!< the histogram's
+    QVector<double> m_readings; //!< a NaN where a channel has none, or is not shown
+    HistogramBars m_bars;
 };
 
 //! A companion widget in place of the plot.

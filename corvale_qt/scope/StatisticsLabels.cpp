@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -27,19 +28,43 @@ QString unitName()
     return name;
 }
 
-QString number(double value)
+QString notAvailable()
 {
-    return QString::number(value, 'g', 4);
+    return translated("N/A");
+}
+
+//! Returns the number with its suffix, or "N/A" without one where the value is not finite.
+QString number(double value, const QString &suffix = QString())
+{
+    return std::isfinite(value) ? QString::number(value, 'g', 4) + suffix : notAvailable();
+}
+
+QString percent(double share)
+{
+    return number(share * 100.0, QStringLiteral("%"));
 }
 
 QString length(double value)
 {
-    return QString::number(value, 'f', 2);
+    return std::isfinite(value) ? QString::number(value, 'f', 2) : notAvailable();
 }
 
-QString notAvailable()
+//! Returns the unit as plain text: it comes from the model, which may be a host's own, and must not act as markup.
+QString valueUnit(const RVX_StatisticsHistogramItem &item)
 {
-    return translated("N/A");
+    return item.valueUnit().toHtmlEscaped();
+}
+
+QString quantity(double value, const RVX_StatisticsHistogramItem &item)
+{
+    const QString unit = valueUnit(item);
+    return number(value, unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
+}
+
+QString unitInBrackets(const RVX_StatisticsHistogramItem &item)
+{
+    const QString unit = valueUnit(item);
+    return unit.isEmpty() ? unit : QStringLiteral(" (%1)").arg(unit);
 }
 
 QString chi()
@@ -111,36 +136,38 @@ QString fit(const RVX_FitHistogramItem &item)
 {
     const ProfileFit &fit = item.fit();
     return withAlignedColons(
-        translated("<pre>      Position (%7): <b>%1</b>\n      Std. Dev (%8): %2\n"
-                   "              Peak: %3\n          Integral: %4\n               SNR: %5\n"
-                   "Noise Std. Dev (%8): %6\n                %9%10: %11%\n</pre>")
+        translated("<pre>      Position (%3): <b>%1</b>\n      Std. Dev (%4): %2\n"
+                   "              Peak: %10\n          Integral: %11\n               SNR: %5\n"
+                   "Noise Std. Dev%12: %6\n                %7%8: %9\n</pre>")
             .arg(length(item.position()),
                  length(double(fit.sigma)),
-                 number(double(fit.at(fit.mean))),
-                 number(double(fit.amplitude)),
+                 unitName(),
+                 unitName(),
                  signalToNoise(item),
                  noiseDeviation(item),
-                 unitName(),
-                 unitName(),
-                 chi())
-            .arg(squared(), number(item.residualNoise() * 100.0)));
+                 chi(),
+                 squared(),
+                 percent(item.residualNoise()))
+            // Last: a unit may hold place markers of its own.
+            .arg(quantity(double(fit.at(fit.mean)), item),
+                 quantity(double(fit.amplitude), item),
+                 unitInBrackets(item)));
 }
 
 QString deviceFit(const RVX_FitHistogramItem &item)
 {
     return withAlignedColons(
-        translated(
-            "<pre>      Position (%5): <b>%1</b>\n      Std. Dev (%6): %2\n"
-            "               SNR: %3\nNoise Std. Dev (%6): %4\n                %7%8: %9%\n</pre>")
+        translated("<pre>      Position (%5): <b>%1</b>\n      Std. Dev (%5): %2\n"
+                   "               SNR: %3\nNoise Std. Dev%9: %4\n                %6%7: %8\n</pre>")
             .arg(length(item.position()),
                  length(double(item.fit().sigma)),
                  signalToNoise(item),
                  noiseDeviation(item),
                  unitName(),
-                 unitName(),
                  chi(),
                  squared(),
-                 number(item.residualNoise() * 100.0)));
+                 percent(item.residualNoise()),
+                 unitInBrackets(item)));
 }
 
 QString withEnergy(const QString &label, const QString &energy)

@@ -96,13 +96,18 @@ class tst_ScopeHistogram : public QObject
 
 private Q_SLOTS:
     void oneBarAChannel();
-    void whatIsNoNumberStandsAtZero();
+    void barsWithoutAReading();
+    void normalizedBars_data();
+    void normalizedBars();
+    void marksOfNormalizedBars();
     void channelsAreLabelled_data();
     void channelsAreLabelled();
     void ticksStandAboveTheBars_data();
     void ticksStandAboveTheBars();
     void labelsStandBesideEachOther_data();
     void labelsStandBesideEachOther();
+    void canvasKeepsHalfOfTheHeight_data();
+    void canvasKeepsHalfOfTheHeight();
     void labelsAreReadableInDarkPalettes();
     void itemsShareTheChannels();
     void itemsComeAndGoWithTheMode();
@@ -141,16 +146,94 @@ void tst_ScopeHistogram::oneBarAChannel()
     QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::xBottom).text(), QString("s"));
 }
 
-void tst_ScopeHistogram::whatIsNoNumberStandsAtZero()
+void tst_ScopeHistogram::barsWithoutAReading()
 {
-    ScopeTestModel model(5);
+    ScopeTestModel model(6);
     ScopeTestView view(&model);
     view.SetPlotMode(View::HistogramMode);
+    view.enablePlotMarker(true);
     view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, true);
-    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300});
+    model.setData(model.index(0, 6), Qt::Unchecked, Qt::CheckStateRole);
+    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
     view.settle();
-    QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 0.0}));
+    QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 1e300, 0.0}));
+    // A statistic is in single precision, which does not hold 1e300.
     QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
+    QStringList readings;
+    for (int channel = 1; channel <= 6; ++channel) {
+        view.SelectPoint1(QPointF(channel, 0.0));
+        view.settle();
+        readings << view.markerText(0).section('\n', 2);
+    }
+    QCOMPARE(readings.join(", "), QString("no reading, 1, no reading, 1, 1e+300, no reading"));
+}
+
+void tst_ScopeHistogram::normalizedBars_data()
+{
+    QTest::addColumn<QVector<double>>("values");
+    QTest::addColumn<QVector<double>>("shown");
+    QTest::newRow("positive") << QVector<double>{1e-9, 4e-9, 2e-9}
+                              << QVector<double>{0.25, 1.0, 0.5};
+    QTest::newRow("the largest is negative")
+        << QVector<double>{1.0, -2.0, 0.5} << QVector<double>{0.5, -1.0, 0.25};
+    QTest::newRow("dark") << QVector<double>{0.0, 0.0, 0.0} << QVector<double>{0.0, 0.0, 0.0};
+    QTest::newRow("one without a reading")
+        << QVector<double>{qInf(), 5.0, qQNaN()} << QVector<double>{0.0, 1.0, 0.0};
+}
+
+void tst_ScopeHistogram::normalizedBars()
+{
+    QFETCH(QVector<double>, values);
+    ScopeTestModel model(4);
+    model.setData(model.index(0, 4), Qt::Unchecked, Qt::CheckStateRole);
+    model.show(values + QVector<double>{1e3}); // is not shown: does not count
+    ScopeTestView view(&model);
+    view.SetYScaleMode(View::Normalized);
+    view.SetPlotMode(View::HistogramMode);
+    view.settle();
+    QCOMPARE(view.yText(), QString("-1..1"));
+    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), QString("Relative Value"));
+    QTEST(bars(view).mid(0, 3), "shown");
+}
+
+//! What stands on a normalised histogram is divided as the bars are; what it says is not.
+void tst_ScopeHistogram::marksOfNormalizedBars()
+{
+    ScopeTestModel model(32);
+    const Units::nA nA;
+    model.SetUnits(&nA);
+    model.show(Profiles::gaussian<double>(32, 12.0, 2.5, 4.0));
+    model.deviceFits = QVariantList{12.0, 2.5, 4.0};
+    ScopeTestView view(&model);
+    view.enablePlotMarker(true);
+    for (int type = 0; type < 4; ++type)
+        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
+    view.SetPlotMode(View::HistogramMode);
+    view.SelectPoint1(QPointF(13.0, 0.0));
+    view.settle();
+    const auto heights = [&view] {
+        QString text;
+        for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
+            if (auto *marker = dynamic_cast<const QwtPlotMarker *>(item))
+                text += QStringLiteral("marker %1, ").arg(marker->yValue(), 0, 'g', 3);
+            else if (auto *curve = dynamic_cast<const QwtPlotCurve *>(item))
+                text += QStringLiteral("curve %1, ").arg(curve->maxYValue(), 0, 'g', 3);
+        }
+        return text;
+    };
+    const QString absolute = heights();
+    QCOMPARE(absolute.count(" 4, "), 8);
+    QCOMPARE(view.markerText(0).section('\n', 2), QString("4"));
+    view.SetYScaleMode(View::Normalized);
+    view.settle();
+    QCOMPARE(heights(), QString(absolute).replace(" 4, ", " 1, "));
+    QCOMPARE(view.markerText(0).section('\n', 2), QString("4 nA"));
+    const QString label = view.histogramItems(View::GaussabolaItem)[0]->label();
+    QVERIFY2(label.contains("Peak: 4 nA\n") && label.contains("Noise Std. Dev (nA): "),
+             qPrintable(label));
+    const QImage picture = view.canvas();
+    QCOMPARE(view.colourIn(picture, 12.2, 0.8), QColor(Qt::yellow));
+    QVERIFY(view.colourIn(picture, 16.2, 0.8) != QColor(Qt::yellow));
 }
 
 void tst_ScopeHistogram::channelsAreLabelled_data()
@@ -239,6 +322,9 @@ void tst_ScopeHistogram::ticksStandAboveTheBars()
     const double expected = bar + channelWidth * std::sqrt(2.0 / 4.0);
     QVERIFY2(qAbs(sigma[2] - expected) <= 1.0,
              qPrintable(QString("%1 %2").arg(sigma[2]).arg(expected)));
+    const QVector<double> all = ticksAt(view, widgets[0], 10);
+    QCOMPARE(all.size(), 5);
+    QVERIFY(qAbs(all[4] - bar - 3 * (expected - bar)) <= 1.5);
 }
 
 void tst_ScopeHistogram::labelsStandBesideEachOther_data()
@@ -273,10 +359,11 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
     const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
-    QCOMPARE(labels.size(), peaks);
+    QCOMPARE(labels.size(), 1 + peaks); // the first is the estimator's name
     QRegion taken;
     for (const QLabel *label : labels) {
-        QVERIFY2(label->text().contains("Position"), qPrintable(label->text()));
+        QVERIFY2(label == labels[0] || label->text().contains("Position"),
+                 qPrintable(label->text()));
         QVERIFY(label->width() >= label->sizeHint().width());
         QVERIFY(label->height() >= label->sizeHint().height());
         QVERIFY(widgets[0]->rect().contains(label->geometry()));
@@ -284,8 +371,61 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
         taken += label->geometry();
     }
     // The plot has its place below.
-    QVERIFY(view.qwtPlot()->y() >= widgets[0]->geometry().bottom());
-    QVERIFY(view.qwtPlot()->height() > 200);
+    const QPoint bottom = widgets[0]->mapTo(view.viewport(), widgets[0]->rect().bottomLeft());
+    QVERIFY(view.qwtPlot()->y() >= bottom.y());
+}
+
+void tst_ScopeHistogram::canvasKeepsHalfOfTheHeight_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("fits");
+    QTest::newRow("small") << QSize(400, 300) << false;
+    QTest::newRow("usual") << QSize(900, 700) << false;
+    QTest::newRow("large") << QSize(1400, 1100) << true;
+}
+
+void tst_ScopeHistogram::canvasKeepsHalfOfTheHeight()
+{
+    QFETCH(QSize, size);
+    QFETCH(bool, fits);
+    ScopeTestModel model(32);
+    ScopeTestView view(&model);
+    view.resize(size);
+    view.settle();
+    const int alone = view.qwtPlot()->canvas()->height();
+    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+    model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
+    for (int type = 0; type < 4; ++type)
+        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
+    view.SetPlotMode(View::HistogramMode);
+    view.settle();
+    QCOMPARE(view.size(), size);
+    QVERIFY(view.minimumSizeHint().height() <= 300);
+    QVERIFY(2 * view.qwtPlot()->canvas()->height() >= size.height());
+
+    const auto widgets = axisWidgets(view);
+    const double peak = view.qwtPlot()->transform(QwtPlot::xBottom, 13.3)
+        + view.qwtPlot()->canvas()->mapTo(view.viewport(), QPoint(0, 0)).x();
+    QStringList names;
+    for (auto *widget : widgets) {
+        names << widget->findChild<QLabel *>("estimator")->text();
+        QCOMPARE(widget->height(), widget->sizeHint().height()); // none is squeezed
+        const QVector<double> major = ticksAt(view, widget, 4);
+        QVERIFY(major.size() == 1 && qAbs(major[0] - peak) <= 1.5);
+    }
+    QCOMPARE(names.join(", "),
+             QString("Gaussian Fit (Device), Gaussian Fit, Center of Gravity, Gaussabola Fit"));
+    const auto isInSight = [&](const QWidget *strip) {
+        return strip->visibleRegion().boundingRect().bottom() == strip->rect().bottom();
+    };
+    QCOMPARE(isInSight(widgets.last()), fits);
+    for (int i = 0; i < 8; ++i)
+        QTest::keyClick(&view, Qt::Key_PageDown);
+    QVERIFY(isInSight(widgets.last()));
+
+    view.SetPlotMode(View::StripMode);
+    view.settle();
+    QCOMPARE(view.qwtPlot()->canvas()->height(), alone);
 }
 
 void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
@@ -298,19 +438,22 @@ void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
     view.enableHistogramItem(View::RegressionItem, 1, {}, true);
     model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
     view.settle();
-    const auto *label = axisWidgets(view)[0]->findChild<QLabel *>();
-    const QImage picture = const_cast<QLabel *>(label)->grab().toImage();
-    int dark = 0;
-    int background = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            dark += picture.pixelColor(x, y).lightness() < 40;
-            background += picture.pixelColor(x, y) == QColor(255, 171, 251);
-        }
-    }
+    const QList<QLabel *> labels = axisWidgets(view)[0]->findChildren<QLabel *>();
     QApplication::setPalette(before);
-    QVERIFY(dark > 300);
-    QVERIFY(background > picture.width() * picture.height() / 2);
+    QCOMPARE(labels.size(), 2);
+    for (QLabel *label : labels) {
+        const QImage picture = label->grab().toImage();
+        int dark = 0;
+        int background = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                dark += picture.pixelColor(x, y).lightness() < 40;
+                background += picture.pixelColor(x, y) == QColor(255, 171, 251);
+            }
+        }
+        QVERIFY(dark > (label == labels[0] ? 50 : 300));
+        QVERIFY(background > picture.width() * picture.height() / 2);
+    }
 }
 
 void tst_ScopeHistogram::itemsShareTheChannels()

@@ -16,6 +16,7 @@ namespace {
 constexpr float largestTolerance = 1000.0F;
 //! How far from a dot the mouse still finds it, and half the side of its rectangle, in pixels.
 constexpr int reach = 6;
+constexpr QSize largestHint(480, 480);
 
 bool isTolerance(float tolerance)
 {
@@ -82,7 +83,8 @@ QSize RVXPositionErrorPlot::minimumSizeHint() const
 QSize RVXPositionErrorPlot::sizeHint() const
 {
     const QMargins frame(frameWidth(), frameWidth(), frameWidth(), frameWidth());
-    return viewport()->sizeHint().grownBy(frame);
+    // Qwt would have room for the label of every millimetre.
+    return viewport()->sizeHint().boundedTo(largestHint).grownBy(frame);
 }
 
 void RVXPositionErrorPlot::setRootIndex(const QModelIndex &index)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/SpotMapViewColumnMapper.h"
+#include "tests/beam/PaintCounter.h"
 #include "tests/beam/SpotMapInTest.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
@@ -322,18 +323,6 @@ private Q_SLOTS:
     }
 
 private:
-    class PaintCounter : public QObject
-    {
-    public:
-        explicit PaintCounter(QObject *watched) { watched->installEventFilter(this); }
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            count += event->type() == QEvent::Paint;
-            return false;
-        }
-        int count = 0;
-    };
-
     static QString selectedRows(const SpotMapView &map)
     {
         QStringList rows;

@@ -57,7 +57,8 @@ void PlotItem::drawSeries(QPainter *painter,
     const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
     const double radius = shareOf(canvasRect, 0.025, 6);
     painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
-    if (canvasRect.contains(centre))
+    // A position on the very end of an axis is still in range, however it was rounded.
+    if (canvasRect.adjusted(-0.5, -0.5, 0.5, 0.5).contains(centre))
         drawMarker(painter, centre, radius);
     else
         drawArrow(painter, canvasRect, centre, radius);

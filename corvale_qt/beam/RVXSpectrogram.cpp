@@ -33,7 +33,13 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
     d->timer.start(100);
 }
 
-RVXSpectrogram::~RVXSpectrogram() = default;
+RVXSpectrogram::~RVXSpectrogram()
+{
+    Q_D(RVXSpectrogram);
+    // While the controls go, the focus moves on, and one of them takes the number that was being typed.
+    for (QWidget *control : d->ui.sidebar->findChildren<QWidget *>())
+        control->disconnect(this);
+}
 
 void RVXSpectrogram::setData(const QVector<double> &readings, double timestamp)
 {

@@ -60,17 +60,6 @@ private Q_SLOTS:
         QCOMPARE(PixelGrid::readingOfCell(144), -1);
     }
 
-    void aBeamIsWhereItIs()
-    {
-        const PixelMoments moments = computePixelMoments(beam(6.3, 4.8, 1.2, 0.9, 0), 0, 1);
-        QVERIFY(moments.valid);
-        QVERIFY(std::abs(moments.meanX - 6.8) < 0.01);
-        QVERIFY(std::abs(moments.meanY - 5.3) < 0.01);
-        QVERIFY(std::abs(moments.sigmaX - 1.2) < 0.01);
-        QVERIFY(std::abs(moments.sigmaY - 0.9) < 0.01);
-        QVERIFY(std::abs(moments.integral - 2 * M_PI * 1.2 * 0.9) < 0.01);
-    }
-
     void directions()
     {
         for (int degrees = -85; degrees <= 90; degrees += 5) {

@@ -16,7 +16,7 @@ namespace {
 constexpr float largestTolerance = 1000.0F;
 //! How far from a dot the mouse still finds it, and half the side of its rectangle, in pixels.
 constexpr int reach = 6;
-constexpr QSize largestHint(480, 480);
+constexpr QSize usualSize(480, 440);
 
 bool isTolerance(float tolerance)
 {
@@ -82,9 +82,8 @@ QSize RVXPositionErrorPlot::minimumSizeHint() const
 
 QSize RVXPositionErrorPlot::sizeHint() const
 {
-    const QMargins frame(frameWidth(), frameWidth(), frameWidth(), frameWidth());
-    // Qwt would have room for the label of every millimetre.
-    return viewport()->sizeHint().boundedTo(largestHint).grownBy(frame);
+    // Not Qwt's own, which has room for the label of every millimetre.
+    return minimumSizeHint().expandedTo(usualSize);
 }
 
 void RVXPositionErrorPlot::setRootIndex(const QModelIndex &index)

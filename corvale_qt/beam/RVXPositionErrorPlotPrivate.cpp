@@ -76,6 +76,7 @@ void RVXPositionErrorPlotPrivate::setUpPlot()
     dots->setZ(30.0);
     dots->setHighlightColor(q->palette().color(QPalette::Highlight));
     dots->attach(ui.qwtPlot);
+    ui.qwtPlot->replot(); // only this gives the axes their labels, for which there must be room
 }
 
 void RVXPositionErrorPlotPrivate::setUpFonts()

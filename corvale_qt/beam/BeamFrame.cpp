@@ -50,6 +50,7 @@ void buildStripRaster(const StripFits &fits, double integral, BeamFrame &frame)
     for (double &cell : frame.raster)
         cell *= scale;
     frame.calc.max = largest * scale;
+    frame.hasMaximum = true;
 }
 
 void takeStripEllipse(const StripFits &fits, BeamFrame &frame)
@@ -98,6 +99,12 @@ BeamFrame computeStripFrame(const FrameReadings &readings, const FrameOptions &o
     return frame;
 }
 
+//! An axis has no sense: -90 degrees, and what three decimals show as that, is 90.
+double axisRotation(double degrees)
+{
+    return degrees < -90 + 0.0005 ? degrees + 180 : degrees;
+}
+
 void takePixelNumbers(const PixelMoments &moments,
                       const FrameOptions &options,
                       SpectrogramCalc &calc)
@@ -127,8 +134,12 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     std::copy(moments.raster.begin(), moments.raster.end(), std::back_inserter(frame.raster));
     frame.calc.integral = moments.integral;
     frame.calc.max = moments.max;
+    frame.hasMaximum = true;
     if (moments.valid) {
         takePixelNumbers(moments, options, frame.calc);
+        const bool mirrored = options.invertX != options.invertY;
+        frame.axisRotation =
+            axisRotation((mirrored ? moments.axisAngle : 0 - moments.axisAngle) * 180 / M_PI);
         frame.rasterMeanX = moments.meanX;
         frame.rasterMeanY = moments.meanY;
         frame.ellipse = {moments.meanX,

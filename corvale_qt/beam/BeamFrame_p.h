@@ -64,6 +64,10 @@ struct BeamFrame
     SpectrogramCalc calc;
     QVector<double> raster; //!< row after row from the top; empty without a layout
     SigmaEllipse ellipse; //!< where the frame is valid
+    //! Direction of the major axis as the display is inverted: degrees from X towards Y, in (-90, 90].
+    double axisRotation = 0;
+    //! Whether calc.max was found. Two strip profiles have a maximum only where both are fitted.
+    bool hasMaximum = false;
     // In raster units; NaN where that axis has no mean.
     double rasterMeanX = std::numeric_limits<double>::quiet_NaN();
     double rasterMeanY = std::numeric_limits<double>::quiet_NaN();

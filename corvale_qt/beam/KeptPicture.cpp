@@ -14,6 +14,7 @@ KeptPicture::KeptPicture(std::unique_ptr<PictureStore> store, Draw draw)
 
 void KeptPicture::update(const SpotList &spots, const SpotScene &scene)
 {
+    m_valid = m_valid && !m_store->isLost();
     const bool stale = !m_valid || scene != m_scene || spots.rewrites() != m_rewrites;
     if (stale)
         begin(scene);

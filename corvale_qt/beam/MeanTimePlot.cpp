@@ -50,8 +50,7 @@ MeanTimePlot::MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *
     insertLegend(new QwtLegend, TopLegend);
     makeCurve(tr("Mean X"), 0, new MeanSeries(history, &MeanHistory::Entry::meanX))->attach(this);
     makeCurve(tr("Mean Y"), 5, new MeanSeries(history, &MeanHistory::Entry::meanY))->attach(this);
-    setAxisScale(yLeft, -1, 1);
-    setAxisAutoScale(yLeft, true); // from the first mean on
+    followData(this, yLeft);
     setEnd(MeanHistory::span);
 }
 

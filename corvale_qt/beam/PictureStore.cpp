@@ -61,6 +61,7 @@ public:
         // Without a current context the constructor would crash.
         m_widget->makeCurrent();
         m_frameBuffer = std::make_unique<QGLFramebufferObject>(pixels);
+        m_context = m_widget->context();
         return m_frameBuffer->isValid();
     }
 
@@ -85,8 +86,16 @@ public:
         return m_image;
     }
 
+    //! A frame buffer lives and dies with the context that it was made in; the widget may have got another one.
+    bool isLost() const override
+    {
+        return m_frameBuffer && m_widget
+            && (m_widget->context() != m_context || !m_frameBuffer->isValid());
+    }
+
 private:
     const QPointer<QGLWidget> m_widget;
+    const QGLContext *m_context = nullptr; // to be compared, not used
     std::unique_ptr<QGLFramebufferObject> m_frameBuffer;
     QImage m_image;
 };

@@ -31,6 +31,8 @@ public:
     virtual void paint(const Paint &paint) = 0;
     //! What was painted up to now; valid until the next call to this object.
     virtual const QImage &image() = 0;
+    //! Whether what was painted is gone, and room has to be made anew.
+    virtual bool isLost() const { return false; }
 
 protected:
     PictureStore() = default;

@@ -11,6 +11,47 @@
 
 namespace Corvale_Qt {
 
+namespace {
+
+//! Pixels between ticks that can still be told apart.
+constexpr double kTickDistance = 3;
+
+double distanceOfTicks(const QList<double> &ticks)
+{
+    return ticks.size() < 2 ? 0.0 : std::abs(ticks[1] - ticks[0]);
+}
+
+} // namespace
+
+QwtText ThinnedScaleDraw::label(double value) const
+{
+    const QwtScaleDiv &div = scaleDiv();
+    // Steps are summed up: what is left of 0 by rounding is 0.
+    if (std::abs(value) < 1e-9 * std::abs(div.range()))
+        return QStringLiteral("0");
+    const double step = distanceOfTicks(div.ticks(QwtScaleDiv::MajorTick));
+    const double largest = std::max(std::abs(div.lowerBound()), std::abs(div.upperBound()));
+    const double digits = step > 0 ? std::ceil(std::log10(largest / step)) + 2 : 0;
+    return QString::number(value, 'g', static_cast<int>(std::clamp(digits, 6.0, 15.0)));
+}
+
+void ThinnedScaleDraw::draw(QPainter *painter, const QPalette &palette) const
+{
+    m_labelStep = labelStep(painter->font());
+    m_lastLength = 0;
+    QwtScaleDraw::draw(painter, palette);
+}
+
+void ThinnedScaleDraw::drawTick(QPainter *painter, double value, double length) const
+{
+    const double place = scaleMap().transform(value);
+    if (length == m_lastLength && std::abs(place - m_lastTick) < kTickDistance)
+        return;
+    m_lastLength = length;
+    m_lastTick = place;
+    QwtScaleDraw::drawTick(painter, value, length);
+}
+
 //! Every how many ticks a label fits: 1, 2, 5, 10, 20 ...
 int ThinnedScaleDraw::labelStep(const QFont &font) const
 {
@@ -34,10 +75,11 @@ int ThinnedScaleDraw::labelStep(const QFont &font) const
 void ThinnedScaleDraw::drawLabel(QPainter *painter, double value) const
 {
     const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
-    const int step = labelStep(painter->font());
-    const int zero = ticks.indexOf(0.0);
-    const int index = ticks.indexOf(value);
-    if (step == 1 || (index - std::max(zero, 0)) % step == 0)
+    const double step = distanceOfTicks(ticks);
+    const bool hasZero = scaleDiv().contains(0.0);
+    // Ticks are evenly spaced.
+    const double index = step > 0 ? (value - (hasZero ? 0.0 : ticks.first())) / step : 0.0;
+    if (m_labelStep == 1 || std::fmod(std::round(index), m_labelStep) == 0)
         QwtScaleDraw::drawLabel(painter, value);
 }
 
@@ -48,6 +90,12 @@ void styleAxis(QwtPlot *plot, int axis, QwtScaleDraw *draw)
     QwtText title = plot->axisTitle(axis);
     title.setFont(plot->font());
     plot->setAxisTitle(axis, title);
+}
+
+void followData(QwtPlot *plot, int axis)
+{
+    plot->setAxisScale(axis, -1, 1);
+    plot->setAxisAutoScale(axis, true);
 }
 
 } // namespace Corvale_Qt

@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace Corvale_Qt {
@@ -55,15 +56,42 @@ void PlotItem::drawSeries(QPainter *painter,
         return;
     const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
     const double radius = shareOf(canvasRect, 0.025, 6);
-    if (!canvasRect.adjusted(-radius, -radius, radius, radius).contains(centre))
-        return;
+    painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
+    // A position on the very end of an axis is still in range, however it was rounded.
+    if (canvasRect.adjusted(-0.5, -0.5, 0.5, 0.5).contains(centre))
+        drawMarker(painter, centre, radius);
+    else
+        drawArrow(painter, canvasRect, centre, radius);
+}
+
+void PlotItem::drawMarker(QPainter *painter, const QPointF &centre, double radius)
+{
     const QPointF right(1.6 * radius, 0);
     const QPointF down(0, 1.6 * radius);
-    painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
     painter->setBrush(Qt::NoBrush);
     painter->drawEllipse(centre, radius, radius);
     painter->drawLine(centre - right, centre + right);
     painter->drawLine(centre - down, centre + down);
+}
+
+//! Straight out of the edge that the position lies beyond, or out of the corner.
+void PlotItem::drawArrow(QPainter *painter,
+                         const QRectF &canvas,
+                         const QPointF &centre,
+                         double radius) const
+{
+    const QPointF tip(std::clamp(centre.x(), canvas.left(), canvas.right()),
+                      std::clamp(centre.y(), canvas.top(), canvas.bottom()));
+    const auto direction = [](double from, double to) {
+        return to > from ? 1 : to < from ? -1 : 0;
+    };
+    const int x = direction(tip.x(), centre.x());
+    const int y = direction(tip.y(), centre.y());
+    const double length = 2.4 * radius / std::hypot(x, y);
+    const QPointF back(-length * x, -length * y);
+    const QPointF aside(0.4 * back.y(), -0.4 * back.x());
+    painter->setBrush(pen().color());
+    painter->drawPolygon(QPolygonF({tip, tip + back + aside, tip + back - aside}));
 }
 
 TrailCurve::TrailCurve()
@@ -131,8 +159,8 @@ PositionPlot::PositionPlot(QWidget *parent)
     setAxisTitle(xBottom, tr("X Position"));
     styleAxis(this, yLeft);
     styleAxis(this, xBottom);
-    setAxisAutoScale(yLeft, true);
-    setAxisAutoScale(xBottom, true);
+    followData(this, yLeft);
+    followData(this, xBottom);
 
     auto *grid = new QwtPlotGrid;
     grid->enableXMin(true);
@@ -143,6 +171,7 @@ PositionPlot::PositionPlot(QWidget *parent)
     grid->attach(this);
     m_trail->attach(this);
     m_marker->attach(this);
+    replot();
 }
 
 PositionPlot::~PositionPlot() = default;

@@ -14,7 +14,8 @@
 
 namespace Corvale_Qt {
 
-/*! The latest position: an open circle with a cross. Not drawn where there is none. */
+/*! The latest position: an open circle with a cross, or an arrow at the edge of the canvas that it lies beyond. Not
+    drawn where there is none. */
 class PlotItem : public QwtPlotCurve
 {
 public:
@@ -31,10 +32,14 @@ protected:
                     int to) const override;
 
 private:
+    static void drawMarker(QPainter *painter, const QPointF &centre, double radius);
+    void
+    drawArrow(QPainter *painter, const QRectF &canvas, const QPointF &centre, double radius) const;
+
     QPointF m_position;
 };
 
-/*! The positions before: dots that fade with age, the last sample being the newest. */
+/*! The last positions: dots that fade with age, the last sample being the newest. */
 class TrailCurve : public QwtPlotCurve
 {
 public:

@@ -16,6 +16,7 @@ namespace {
 constexpr float largestTolerance = 1000.0F;
 //! How far from a dot the mouse still finds it, and half the side of its rectangle, in pixels.
 constexpr int reach = 6;
+constexpr QSize usualSize(480, 440);
 
 bool isTolerance(float tolerance)
 {
@@ -81,8 +82,8 @@ QSize RVXPositionErrorPlot::minimumSizeHint() const
 
 QSize RVXPositionErrorPlot::sizeHint() const
 {
-    const QMargins frame(frameWidth(), frameWidth(), frameWidth(), frameWidth());
-    return viewport()->sizeHint().grownBy(frame);
+    // Not Qwt's own, which has room for the label of every millimetre.
+    return minimumSizeHint().expandedTo(usualSize);
 }
 
 void RVXPositionErrorPlot::setRootIndex(const QModelIndex &index)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/RVXPositionErrorPlot_p.h"
 
-#include <qwt_plot_grid.h>
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
 #include <qwt_text_label.h>
@@ -17,6 +17,10 @@ namespace {
 
 //! The columns of PositionErrorSpot's fields, in their order.
 constexpr int columns[] = {3, 4, 5, 6, 2, 1};
+//! With its axes, in pixels.
+constexpr QSize smallestPlot(200, 200);
+//! There is a line every millimetre: with more of them the canvas would be grey all over.
+constexpr int mostGridLines = 80;
 
 //! NaN for what is no number: a missing error is not an error of 0.
 double numberAt(const QModelIndex &index)
@@ -55,9 +59,14 @@ void RVXPositionErrorPlotPrivate::setUpPlot()
     ui.qwtPlot->setAxisTitle(QwtPlot::yLeft, RVXPositionErrorPlot::tr("Y Error (mm)"));
     // Light in every palette, since the tolerance is black.
     ui.qwtPlot->setCanvasBackground(Qt::white);
+    ui.qwtPlot->setMinimumSize(smallestPlot); // Qwt's own hint leaves room for every tick
+    for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+        ui.qwtPlot->setAxisScaleDraw(axis, new ThinnedScaleDraw);
+        followData(ui.qwtPlot, axis);
+    }
 
     // The plot deletes what is attached to it.
-    auto *grid = new QwtPlotGrid;
+    grid = new QwtPlotGrid;
     grid->setPen(QColor(215, 215, 215), 1.0);
     grid->attach(ui.qwtPlot);
     toleranceFrame = new QwtPlotShapeItem;
@@ -67,6 +76,7 @@ void RVXPositionErrorPlotPrivate::setUpPlot()
     dots->setZ(30.0);
     dots->setHighlightColor(q->palette().color(QPalette::Highlight));
     dots->attach(ui.qwtPlot);
+    ui.qwtPlot->replot(); // only this gives the axes their labels, for which there must be room
 }
 
 void RVXPositionErrorPlotPrivate::setUpFonts()
@@ -89,6 +99,8 @@ void RVXPositionErrorPlotPrivate::showTolerance()
     const int yEnd = static_cast<int>(std::ceil(1.2F * yTolerance));
     ui.qwtPlot->setAxisScale(QwtPlot::xBottom, -xEnd, xEnd, 1.0);
     ui.qwtPlot->setAxisScale(QwtPlot::yLeft, -yEnd, yEnd, 1.0);
+    grid->enableX(2 * xEnd <= mostGridLines);
+    grid->enableY(2 * yEnd <= mostGridLines);
     toleranceFrame->setPen(Qt::black, 1.0);
     toleranceFrame->setRect(QRectF(-xTolerance, -yTolerance, 2.0 * xTolerance, 2.0 * yTolerance));
     ui.qwtPlot->replot();

@@ -15,6 +15,7 @@
 
 #include "ui_RVXPositionErrorPlot.h"
 
+#include <qwt_plot_grid.h>
 #include <qwt_plot_shapeitem.h>
 
 namespace Corvale_Qt {
@@ -44,6 +45,7 @@ public:
     QPointF pixelOf(int row) const;
 
     Ui::RVXPositionErrorPlot ui;
+    QwtPlotGrid *grid;
     HighlightRecentDot *dots;
     QwtPlotShapeItem *toleranceFrame;
     PositionErrorList spots;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXPositionPlot.h"
 
+#include "corvale_qt/beam/PlotAxis_p.h"
 #include "corvale_qt/beam/PlotRange_p.h"
 #include "corvale_qt/beam/PositionPlot_p.h"
 #include "corvale_qt/numerics/ScaleFractions.h"
@@ -15,27 +16,37 @@ class RVXPositionPlotPrivate
 {
 public:
     void applyScale();
+    void redraw();
 
     Ui::RVXPositionPlot ui;
     PositionPlot *plot = nullptr;
     QTimer timer;
+    QTimer showNewest; // as soon as what waits in the event queue is done
     PlotRange xRange;
     PlotRange yRange;
     double fraction = 1.0;
     bool autoScale = true;
     bool redrawPending = false;
+    bool newestWaits = false; // for a redraw
 };
 
 void RVXPositionPlotPrivate::applyScale()
 {
     if (autoScale) {
-        plot->setAxisAutoScale(QwtPlot::xBottom, true);
-        plot->setAxisAutoScale(QwtPlot::yLeft, true);
+        followData(plot, QwtPlot::xBottom);
+        followData(plot, QwtPlot::yLeft);
     } else {
         xRange.apply(plot, QwtPlot::xBottom, fraction);
         yRange.apply(plot, QwtPlot::yLeft, fraction);
     }
     plot->replot();
+}
+
+void RVXPositionPlotPrivate::redraw()
+{
+    plot->replot();
+    redrawPending = false;
+    newestWaits = false;
 }
 
 RVXPositionPlot::RVXPositionPlot(QWidget *parent)
@@ -50,6 +61,11 @@ RVXPositionPlot::RVXPositionPlot(QWidget *parent)
     layout->addWidget(d->plot);
     connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
     d->timer.start(100);
+    d->showNewest.setSingleShot(true);
+    connect(&d->showNewest, &QTimer::timeout, this, [d] {
+        if (d->redrawPending && d->newestWaits)
+            d->redraw();
+    });
 }
 
 RVXPositionPlot::~RVXPositionPlot() = default;
@@ -58,10 +74,9 @@ void RVXPositionPlot::setData(double x, double y)
 {
     Q_D(RVXPositionPlot);
     d->plot->append(x, y);
-    if (d->redrawPending) {
-        d->plot->replot();
-        d->redrawPending = false;
-    }
+    d->newestWaits = true;
+    if (d->redrawPending)
+        d->redraw();
 }
 
 void RVXPositionPlot::setScale(int index)
@@ -97,6 +112,9 @@ void RVXPositionPlot::update()
 {
     Q_D(RVXPositionPlot);
     d->redrawPending = true;
+    // The next position is shown at once. Where none comes, the last one is.
+    if (d->newestWaits)
+        d->showNewest.start();
 }
 
 } // namespace Corvale_Qt

@@ -10,9 +10,10 @@ namespace Corvale_Qt {
 
 class RVXPositionPlotPrivate;
 
-/*! The beam's latest position on an X/Y plane, with a trail of the 20 positions before it.
+/*! The beam's latest position on an X/Y plane, with a trail of the last 20 positions, of which it is the newest.
 
-    Positions may come at any rate: the plot is painted at most ten times a second. A position that is not finite
+    Positions may come at any rate: the plot is painted at most ten times a second, and the newest position always
+    is, at the next tick at the latest. One beyond the axes is an arrow at their edge. A position that is not finite
     keeps its place in the trail but is not drawn, and the marker is gone until the next good one.
 
     \code

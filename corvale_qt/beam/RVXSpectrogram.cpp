@@ -33,7 +33,13 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
     d->timer.start(100);
 }
 
-RVXSpectrogram::~RVXSpectrogram() = default;
+RVXSpectrogram::~RVXSpectrogram()
+{
+    Q_D(RVXSpectrogram);
+    // While the controls go, the focus moves on, and one of them takes the number that was being typed.
+    for (QWidget *control : d->ui.sidebar->findChildren<QWidget *>())
+        control->disconnect(this);
+}
 
 void RVXSpectrogram::setData(const QVector<double> &readings, double timestamp)
 {
@@ -91,7 +97,7 @@ void RVXSpectrogram::setName(const char *name)
 void RVXSpectrogram::setRange(double current, double charge)
 {
     Q_D(RVXSpectrogram);
-    if (!isPlottable(current) || !isPlottable(charge) || !(current > 0) || !(charge > 0)) {
+    if (!isPlottable(current) || !isPlottable(charge) || current < 0 || charge < 0) {
         qDebug() << "RVXSpectrogram::setRange ignored: no full scale of" << current << "and"
                  << charge;
         return;
@@ -105,7 +111,7 @@ void RVXSpectrogram::setSampleRate(int rate)
 {
     Q_D(RVXSpectrogram);
     if (rate > 0)
-        d->sampleRate = rate;
+        d->setSampleRate(rate);
     else
         qDebug() << "RVXSpectrogram::setSampleRate ignored:" << rate;
 }
@@ -193,7 +199,7 @@ void RVXSpectrogram::setUnlimitedHistory(bool unlimited)
 void RVXSpectrogram::update()
 {
     Q_D(RVXSpectrogram);
-    d->redrawPending = true;
+    d->tick();
 }
 
 } // namespace Corvale_Qt

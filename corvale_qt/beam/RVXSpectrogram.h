@@ -20,8 +20,9 @@ class RVXSpectrogramPrivate;
     | setL408()     | X strips in values 0 to 31, Y strips in 64 to 95 | 32 x 32 cells of 2 mm  |
     | setPixelated()| 120 pixels among the 128 values                  | 12 x 12 cells of 3.8 mm|
 
-    Frames may come at any rate: a calculation is shown at most ten times a second. With the side bar, the numbers
-    are shown there; without it they are the owner's, who gets calcUpdate().
+    Frames may come at any rate: a calculation is shown at most ten times a second, and that of the newest frame
+    always is, at the next tick at the latest. With the side bar, the numbers are shown there; without it they are
+    the owner's, who gets calcUpdate().
 
     \code
     auto *profile = new Corvale_Qt::RVXSpectrogram(window);
@@ -66,9 +67,11 @@ public Q_SLOTS:
     void setPixelated(bool enabled);
     //! Names the display on the debug stream.
     void setName(const char *name);
-    //! Full scale in current mode (ampere) and in charge mode (coulomb); ignored unless above 0.
+    /*! Full scale in current mode (ampere) and in charge mode (coulomb). Where it is 0, a mode has none, and every
+        scale follows the frame. Ignored where either is negative or not finite. */
     void setRange(double current, double charge);
-    //! Frames per second: what turns a charge into a current. Ignored unless above 0.
+    /*! Frames per second: what turns a charge into a current. Ignored unless above 0. Threshold and discriminator
+        stay the charges that they are. */
     void setSampleRate(int rate);
     //! Chooses an entry of the scaling box, counted from 0; any other index stands for 100 %.
     void setScale(int index);

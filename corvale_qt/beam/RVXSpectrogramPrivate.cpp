@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! "NaN" where there is no number, or none that the box can hold.
+//! The box's special text where there is no number, or none that the box can hold.
 void showNumber(QDoubleSpinBox *box, double number)
 {
     const bool shown =
@@ -38,11 +38,21 @@ void RVXSpectrogramPrivate::build()
         box->setSingleStep(1e-12);
         box->setKeyboardTracking(false);
     }
+    threshold = std::make_unique<ChargeLimit>(ui.threshold_QScienceSpinBox);
+    discriminator = std::make_unique<ChargeLimit>(ui.discriminator_QScienceSpinBox);
+    // A decimal point whatever the locale, as on the axes.
+    ui.sidebar->setLocale(QLocale::c());
+    showNewest.setSingleShot(true);
+    QObject::connect(&showNewest, &QTimer::timeout, q, [this] {
+        if (redrawPending && newestWaits && layout != DetectorLayout::None)
+            present(frameOf(newestCharges));
+    });
     buildPlots();
     connectControls();
     connectDisplayOptions();
     plot->setEllipseOptions(ellipseOptions());
     applyUnit();
+    q->resize(q->sizeHint().expandedTo(q->size())); // a larger font needs more than the form has
 }
 
 void RVXSpectrogramPrivate::buildPlots()
@@ -133,7 +143,7 @@ FrameOptions RVXSpectrogramPrivate::frameOptions() const
     FrameOptions options;
     options.invertX = ui.checkBox_invertX->isChecked();
     options.invertY = ui.checkBox_invertY->isChecked();
-    options.discriminator = ui.discriminator_QScienceSpinBox->value();
+    options.discriminator = discriminator->value();
     options.regression = regression;
     return options;
 }
@@ -160,15 +170,19 @@ void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &t
         return;
     clearFrame(); // it was another detector's
     plot->setDetector(layout);
+    applyScale();
     plot->replot();
 }
 
 void RVXSpectrogramPrivate::clearFrame()
 {
     hasFrame = false;
+    newestWaits = false;
+    lastMaximum = 0;
     calc = {};
     for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>())
         box->setValue(box->minimum());
+    showNoNumbers(QStringLiteral("NaN"));
     ui.label_valid->setText(RVXSpectrogram::tr("[+ Data Validity]"));
     ui.label_valid->setStyleSheet(QString());
 }
@@ -176,18 +190,22 @@ void RVXSpectrogramPrivate::clearFrame()
 void RVXSpectrogramPrivate::setCurrent(bool enabled)
 {
     if (enabled != current) {
-        const double factor = enabled ? sampleRate : 1.0 / sampleRate;
+        lastMaximum *= enabled ? sampleRate : 1.0 / sampleRate;
         current = enabled;
-        for (QScienceSpinBox *box :
-             {ui.threshold_QScienceSpinBox, ui.discriminator_QScienceSpinBox}) {
-            const QSignalBlocker blocker(box);
-            box->setValue(box->value() * factor);
-        }
+        threshold->setFactor(readingFactor());
+        discriminator->setFactor(readingFactor());
         presentAgain(); // what is shown gets the new unit, and its numbers with it
     }
     applyUnit();
     applyScale();
     plot->replot();
+}
+
+void RVXSpectrogramPrivate::setSampleRate(int rate)
+{
+    sampleRate = rate;
+    threshold->setFactor(readingFactor());
+    discriminator->setFactor(readingFactor());
 }
 
 void RVXSpectrogramPrivate::applyUnit()
@@ -216,12 +234,19 @@ void RVXSpectrogramPrivate::chooseScale(int index)
 
 void RVXSpectrogramPrivate::applyScale()
 {
-    if (!autoScale) {
-        plot->setColorRange(fraction * fullScale());
-    } else if (lastMaximum > 0) {
+    if (autoScale && lastMaximum > 0 && fullScale() > 0)
         fraction = lastMaximum / fullScale();
-        plot->setColorRange(lastMaximum);
-    }
+    plot->setColorRange(colorRange());
+}
+
+double RVXSpectrogramPrivate::colorRange() const
+{
+    if (!autoScale && fullScale() > 0)
+        return fraction * fullScale();
+    if (lastMaximum > 0)
+        return lastMaximum;
+    // Nothing to follow yet.
+    return fullScale() > 0 ? fullScale() : 1.0;
 }
 
 void RVXSpectrogramPrivate::setInverted()
@@ -252,8 +277,25 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     }
     const BeamFrame frame = computeFrame(layout, readings, frameOptions());
     remember(frame.calc, timestamp);
-    if (redrawPending && drawing && layout != DetectorLayout::None)
-        present(charges, frame);
+    if (layout == DetectorLayout::None)
+        return;
+    newestCharges = charges;
+    newestWaits = true;
+    if (redrawPending)
+        present(frame);
+}
+
+void RVXSpectrogramPrivate::tick()
+{
+    redrawPending = true;
+    // The next frame is shown at once. Where none comes, the last one is.
+    if (newestWaits)
+        showNewest.start();
+}
+
+BeamFrame RVXSpectrogramPrivate::frameOf(const FrameReadings &charges) const
+{
+    return computeFrame(plot->detector(), scaled(charges, readingFactor()), frameOptions());
 }
 
 void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double timestamp)
@@ -271,21 +313,27 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
     lastTimestamp = timestamp;
 }
 
-bool RVXSpectrogramPrivate::isAboveThreshold(const SpectrogramCalc &newCalc) const
+//! A frame without a maximum is not: its failure is shown.
+bool RVXSpectrogramPrivate::isBelowThreshold(const BeamFrame &frame) const
 {
-    return !ui.checkBox_threshold->isChecked()
-        || newCalc.max >= ui.threshold_QScienceSpinBox->value();
+    return ui.checkBox_threshold->isChecked() && frame.hasMaximum
+        && frame.calc.max < threshold->value();
 }
 
-void RVXSpectrogramPrivate::present(const FrameReadings &charges, const BeamFrame &frame)
+void RVXSpectrogramPrivate::present(const BeamFrame &frame)
 {
     Q_Q(RVXSpectrogram);
-    if (!isAboveThreshold(frame.calc)) {
-        plot->setEllipseHidden(true);
-        plot->replot();
+    if (!drawing)
+        return;
+    newestWaits = false;
+    if (isBelowThreshold(frame)) {
+        if (plot->hideEllipse())
+            plot->replot();
         return; // the redraw stays pending: the next good frame is taken at once
     }
-    shownCharges = charges;
+    shownCharges = newestCharges;
+    if (!hasFrame)
+        showNoNumbers(RVXSpectrogram::tr("N/A"));
     hasFrame = true;
     showFrame(frame);
     redrawPending = false;
@@ -297,16 +345,17 @@ void RVXSpectrogramPrivate::present(const FrameReadings &charges, const BeamFram
 void RVXSpectrogramPrivate::presentAgain()
 {
     if (hasFrame)
-        showFrame(
-            computeFrame(plot->detector(), scaled(shownCharges, readingFactor()), frameOptions()));
+        showFrame(frameOf(shownCharges));
 }
 
 void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)
 {
     calc = frame.calc;
-    lastMaximum = calc.max;
+    axisRotation = frame.axisRotation;
+    if (calc.max > 0)
+        lastMaximum = calc.max;
     plot->setFrame(frame);
-    if (autoScale)
+    if (autoScale || !(fullScale() > 0))
         applyScale();
     showResults();
     if (sidebar)
@@ -314,21 +363,32 @@ void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)
     plot->replot();
 }
 
+//! What stands where a box has no number.
+void RVXSpectrogramPrivate::showNoNumbers(const QString &text)
+{
+    for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>()) {
+        if (box->specialValueText() != text)
+            box->setSpecialValueText(text);
+    }
+}
+
 void RVXSpectrogramPrivate::showResults()
 {
-    const double none = std::numeric_limits<double>::quiet_NaN();
+    const auto ifValid = [this](double number) {
+        return calc.valid ? number : std::numeric_limits<double>::quiet_NaN();
+    };
     showNumber(ui.doubleSpinBox_meanx, calc.meanX);
     showNumber(ui.doubleSpinBox_meany, calc.meanY);
-    showNumber(ui.doubleSpinBox_elongation, calc.valid ? calc.elongation : none);
+    showNumber(ui.doubleSpinBox_elongation, ifValid(calc.elongation));
     if (!sidebar)
         return;
     showNumber(ui.doubleSpinBox_dx, calc.sigmaX);
     showNumber(ui.doubleSpinBox_dy, calc.sigmaY);
     showNumber(ui.doubleSpinBox_major, calc.sigmaMajor);
     showNumber(ui.doubleSpinBox_minor, calc.sigmaMinor);
-    showNumber(ui.doubleSpinBox_rotation, calc.valid ? calc.rotation : none);
-    showNumber(ui.integral_QScienceSpinBox, calc.integral);
-    showNumber(ui.max_QScienceSpinBox, calc.max);
+    showNumber(ui.doubleSpinBox_rotation, ifValid(axisRotation));
+    showNumber(ui.integral_QScienceSpinBox, ifValid(calc.integral));
+    showNumber(ui.max_QScienceSpinBox, ifValid(calc.max));
     ui.label_valid->setText(calc.valid ? RVXSpectrogram::tr("DATA VALID")
                                        : RVXSpectrogram::tr("DATA NOT VALID"));
     // Both colours are its own, so that it reads in light and in dark.

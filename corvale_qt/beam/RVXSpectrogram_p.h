@@ -6,6 +6,7 @@
 // +------------------------------------------------------------------------------------+
 
 #include "corvale_qt/beam/BeamFrame_p.h"
+#include "corvale_qt/beam/ChargeLimit_p.h"
 #include "corvale_qt/beam/MeanHistory_p.h"
 #include "corvale_qt/beam/MeanTimePlot_p.h"
 #include "corvale_qt/beam/RVXSpectrogram.h"
@@ -31,6 +32,7 @@ public:
     // What a layout, the unit and the scale change.
     void setLayout(DetectorLayout layout, const QString &title);
     void setCurrent(bool current);
+    void setSampleRate(int rate);
     void applyUnit();
     void chooseScale(int index);
     void applyScale();
@@ -39,8 +41,9 @@ public:
     // The road of a frame.
     void takeFrame(const QVector<double> &data, double timestamp);
     void remember(const SpectrogramCalc &calc, double timestamp);
-    bool isAboveThreshold(const SpectrogramCalc &newCalc) const;
-    void present(const FrameReadings &charges, const BeamFrame &frame);
+    void tick();
+    bool isBelowThreshold(const BeamFrame &frame) const;
+    void present(const BeamFrame &frame);
     void presentAgain();
     void showFrame(const BeamFrame &frame);
     void showResults();
@@ -54,6 +57,7 @@ public:
     MeanTimePlot *timePlot = nullptr;
     std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();
     QTimer timer;
+    QTimer showNewest; //!< as soon as what waits in the event queue is done
 
     QString name;
     DetectorLayout layout = DetectorLayout::None;
@@ -70,18 +74,27 @@ public:
     double currentFullScale = 1.0;
     double chargeFullScale = 1.0;
     double fraction = 1.0; //!< of full scale, that the colours reach
-    double lastMaximum = 0.0;
+    double lastMaximum = 0.0; //!< of the frames shown since the layout was chosen; 0 without one
     double lastTimestamp = 0.0;
+    std::unique_ptr<ChargeLimit> threshold;
+    std::unique_ptr<ChargeLimit> discriminator;
 
     SpectrogramCalc calc;
+    double axisRotation = 0.0;
     FrameReadings shownCharges{}; //!< what the calculation was made from, before any rate
     bool hasFrame = false;
+    FrameReadings newestCharges{};
+    bool newestWaits = false; //!< for a redraw
 
 private:
     void buildPlots();
     void connectControls();
     void connectDisplayOptions();
+    void showNoNumbers(const QString &text);
+    BeamFrame frameOf(const FrameReadings &charges) const;
+    double colorRange() const;
     double readingFactor() const { return current ? sampleRate : 1.0; }
+    //! 0 where the host gave none.
     double fullScale() const { return current ? currentFullScale : chargeFullScale; }
 
     RVXSpectrogram *const q_ptr;

@@ -19,6 +19,7 @@ QSize SideBarArea::sizeHint() const
     if (widget()) {
         const int bar = verticalScrollBar()->sizeHint().width();
         hint.setWidth(widget()->minimumSizeHint().width() + bar + 2 * frameWidth());
+        hint.setHeight(widget()->sizeHint().height() + 2 * frameWidth());
     }
     return hint;
 }

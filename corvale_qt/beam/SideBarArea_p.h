@@ -9,7 +9,8 @@
 
 namespace Corvale_Qt {
 
-/*! Scrolls up and down only: always as wide as what it holds needs, with room for the scroll bar. */
+/*! Scrolls up and down only: always as wide as what it holds needs, with room for the scroll bar. It would like to be
+    so high that nothing needs scrolling. */
 class SideBarArea : public QScrollArea
 {
     Q_OBJECT

@@ -21,8 +21,9 @@ struct SpectrogramCalc
     double integral = 0; //!< of the frame, in its unit
     double sigmaMajor = invalid;
     double sigmaMinor = invalid;
-    double max = 0; //!< the raster's largest value
-    double rotation = 0; //!< of the major axis, degrees
+    double max = 0; //!< the raster's largest value; 0 of a strip pair without both fits
+    double rotation =
+        0; //!< of the major axis, degrees; up to half a turn more or less than the side bar shows
     double meanX = invalid;
     double meanY = invalid;
     bool valid = false;

@@ -110,9 +110,11 @@ void SpectrogramPlot::setFrame(const BeamFrame &frame)
     m_ellipse->setHidden(!frame.calc.valid);
 }
 
-void SpectrogramPlot::setEllipseHidden(bool hidden)
+bool SpectrogramPlot::hideEllipse()
 {
-    m_ellipse->setHidden(hidden);
+    const bool shown = !m_ellipse->isHidden();
+    m_ellipse->setHidden(true);
+    return shown;
 }
 
 void SpectrogramPlot::setSigmaCount(int count)

@@ -36,7 +36,8 @@ public:
 
     //! Raster, means and ellipse of a frame; painted at the next replot.
     void setFrame(const BeamFrame &frame);
-    void setEllipseHidden(bool hidden);
+    //! Takes the ellipse and the arrow away until the next frame; false where none is shown.
+    bool hideEllipse();
     void setSigmaCount(int count);
     //! Origins in mm, as the means are told.
     void setEllipseOptions(const EllipseOptions &options);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/SpotGeometry_p.h"
 #include "corvale_qt/beam/SpotList_p.h"
 
 #include <QtNumeric>
@@ -20,48 +19,14 @@ bool same(const SpotMapView::MapSpot &a, const SpotMapView::MapSpot &b)
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-double reachOf(const SpotMapView::MapSpot &spot)
-{
-    return spotReach * double(spot.sigma);
-}
-
 } // namespace
-
-bool isDrawable(const SpotMapView::MapSpot &spot)
-{
-    return qIsFinite(spot.x) && qIsFinite(spot.y) && qIsFinite(spot.dose) && qIsFinite(spot.sigma)
-        && spot.sigma > 0.0F;
-}
-
-void SpotList::Limits::add(const MapSpot &spot)
-{
-    if (!isDrawable(spot))
-        return;
-    const double reach = reachOf(spot);
-    if (!any) {
-        *this = {spot.x - reach, spot.x + reach, spot.y - reach, spot.y + reach, 0.0F, true};
-    } else {
-        left = std::min(left, spot.x - reach);
-        right = std::max(right, spot.x + reach);
-        bottom = std::min(bottom, spot.y - reach);
-        top = std::max(top, spot.y + reach);
-    }
-    dose = std::max(dose, spot.dose);
-}
-
-bool SpotList::Limits::restOn(const MapSpot &spot) const
-{
-    if (!isDrawable(spot))
-        return false;
-    const double reach = reachOf(spot);
-    return spot.dose >= dose || spot.x - reach <= left || spot.x + reach >= right
-        || spot.y - reach <= bottom || spot.y + reach >= top;
-}
 
 void SpotList::assign(const QVector<MapSpot> &spots)
 {
     m_spots = spots;
-    findLimits();
+    m_blocks.clear();
+    for (const MapSpot &spot : spots)
+        m_blocks.append(spot);
     rewritten();
 }
 
@@ -69,26 +34,25 @@ void SpotList::insert(int row, const QVector<MapSpot> &spots)
 {
     if (spots.isEmpty())
         return;
-    const bool appended = row == m_spots.size();
+    if (row == m_spots.size()) {
+        m_spots += spots;
+        for (const MapSpot &spot : spots)
+            m_blocks.append(spot);
+        ++m_version;
+        return;
+    }
     m_spots.insert(row, spots.size(), MapSpot());
     std::copy(spots.cbegin(), spots.cend(), m_spots.begin() + row);
-    for (const MapSpot &spot : spots)
-        m_limits.add(spot);
-    ++m_version;
-    if (!appended)
-        ++m_rewrites;
+    m_blocks.inserted(m_spots, row, spots.size());
+    rewritten();
 }
 
 bool SpotList::replace(int row, const MapSpot &spot)
 {
-    const MapSpot old = m_spots.at(row);
-    if (same(old, spot))
+    if (same(m_spots.at(row), spot))
         return false;
     m_spots[row] = spot;
-    if (m_limits.restOn(old))
-        findLimits();
-    else
-        m_limits.add(spot);
+    m_blocks.changed(m_spots, row);
     rewritten();
     return true;
 }
@@ -97,21 +61,17 @@ void SpotList::remove(int first, int count)
 {
     if (count <= 0)
         return;
-    const auto begin = m_spots.cbegin() + first;
-    const bool narrower = std::any_of(begin, begin + count, [this](const MapSpot &spot) {
-        return m_limits.restOn(spot);
-    });
     m_spots.remove(first, count);
-    if (narrower)
-        findLimits();
+    m_blocks.removed(m_spots, first, count);
     rewritten();
 }
 
 QRectF SpotList::extent() const
 {
-    if (!m_limits.any)
+    const SpotLimits &limits = m_blocks.limits();
+    if (limits.drawable == 0)
         return QRectF();
-    return QRectF(QPointF(m_limits.left, m_limits.bottom), QPointF(m_limits.right, m_limits.top));
+    return QRectF(QPointF(limits.left, limits.bottom), QPointF(limits.right, limits.top));
 }
 
 int SpotList::nearest(const QPointF &point) const
@@ -133,13 +93,6 @@ void SpotList::rewritten()
 {
     ++m_version;
     ++m_rewrites;
-}
-
-void SpotList::findLimits()
-{
-    m_limits = Limits();
-    for (const MapSpot &spot : qAsConst(m_spots))
-        m_limits.add(spot);
 }
 
 } // namespace Corvale_Qt

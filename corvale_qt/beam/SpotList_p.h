@@ -8,19 +8,15 @@
  * ---------------------------------------------------------------------------
  */
 
-#include "corvale_qt/beam/SpotMapView.h"
+#include "corvale_qt/beam/SpotLimits_p.h"
 
 #include <QRectF>
 #include <QVector>
 
 namespace Corvale_Qt {
 
-/*! Whether a spot can be drawn: all fields finite, sigma above 0. One that cannot keeps its row, nothing
-    more. */
-bool isDrawable(const SpotMapView::MapSpot &spot);
-
-/*! The spots of a map, one per row of its model, and what is known of all of them. Appending costs what is
-    appended; a change elsewhere looks at all spots only if it takes away the outermost or the highest. */
+/*! The spots of a map, one per row of its model, and what is known of all of them. Appending costs what is appended,
+    and any other change costs a look at a few of its neighbours. */
 class SpotList
 {
 public:
@@ -39,7 +35,8 @@ public:
     //! The smallest rectangle around all drawable spots, 2.6 sigma around each centre; empty without spots.
     QRectF extent() const;
     //! The largest dose of a drawable spot, never below 0.
-    float largestDose() const { return m_limits.dose; }
+    float largestDose() const { return m_blocks.limits().dose; }
+    int drawableCount() const { return m_blocks.limits().drawable; }
 
     /*! Row of the spot nearest to \a point among those that have it within their sigma, of equals the last;
         or -1. */
@@ -51,25 +48,10 @@ public:
     quint64 rewrites() const { return m_rewrites; }
 
 private:
-    struct Limits
-    {
-        double left = 0.0;
-        double right = 0.0;
-        double bottom = 0.0;
-        double top = 0.0;
-        float dose = 0.0F;
-        bool any = false;
-
-        void add(const MapSpot &spot);
-        //! Whether the limits could be narrower without \a spot.
-        bool restOn(const MapSpot &spot) const;
-    };
-
     void rewritten();
-    void findLimits();
 
     QVector<MapSpot> m_spots;
-    Limits m_limits;
+    SpotBlocks m_blocks;
     quint64 m_version = 0;
     quint64 m_rewrites = 0;
 };

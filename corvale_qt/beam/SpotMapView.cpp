@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/SpotMapView_p.h"
 
 #include <QPainter>
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -86,7 +87,9 @@ void SpotMapView::setDisplayMode(DisplayMode mode)
     if (!d->comparing())
         d->comparison.reset();
     viewport()->update();
-    if (changed)
+    const QPointer<SpotMapView> stillThere(this);
+    d->resetBounds();
+    if (stillThere && changed)
         Q_EMIT displayModeChanged(mode);
 }
 
@@ -191,6 +194,7 @@ void SpotMapView::paintEvent(QPaintEvent *)
     if (!path.isNull())
         painter.drawImage(rect, path, path.rect());
     d->drawSelection(painter);
+    d->drawRemarks(painter);
 }
 
 void SpotMapView::resizeEvent(QResizeEvent *event)
@@ -203,6 +207,9 @@ void SpotMapView::resizeEvent(QResizeEvent *event)
 bool SpotMapView::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(SpotMapView);
+    if (watched == d->targetViewport && d->comparing()
+        && event->type() == SpotMapViewPrivate::spotsChangedEvent())
+        d->followTargetBounds();
     // A target that repaints for another reason is no news: two views that compare with each other
     // would repaint for ever.
     if (watched == d->targetViewport && d->targetIsNews()

@@ -20,7 +20,8 @@ class SpotMapViewPrivate;
     One row is one spot; its position, dose and sigma are read with Qt::UserRole from the columns that
     MapColumn names, or that a column mapper gives. A spot whose fields are not all finite, or whose sigma
     is not above 0, keeps its row and is not drawn. The map is a square in the model's units (millimetres,
-    where nothing else is said) that holds each spot's centre with 2.6 sigma around it.
+    where nothing else is said) that holds each spot's centre with 2.6 sigma around it. What cannot be shown is told
+    in words in its upper left corner.
 
     A spot is the more opaque the higher its dose, up to 1.5 times the largest dose of the map; a negative
     dose is blue. The picture is kept: painting again costs a copy, a spot added at the end costs that spot,
@@ -72,7 +73,7 @@ public:
     ~SpotMapView() override;
 
     /*! The square that the map shows, in the model's units, top() being the smallest y; empty without
-        spots. */
+        spots. In a comparison it holds the spots of both maps. */
     QRectF bounds() const;
     //! The largest dose of the spots shown, never below 0.
     float maxDose() const;
@@ -88,7 +89,7 @@ public:
     //! Where the fields of a spot lie. Takes ownership; null stands for the logical columns themselves.
     void setColumnMapper(SpotMapViewColumnMapper *mapper);
     /*! The view to compare with, which is not owned and should outlive this one; null, and its deletion,
-        end the comparison and set the mode to Data. Both maps are compared in the bounds of this one and on
+        end the comparison and set the mode to Data. Both maps are compared in bounds that hold both, and on
         one dose scale, that of the larger largest dose. Colours play no part in it. */
     void setDiffTarget(const SpotMapView *target);
 

@@ -87,21 +87,41 @@ void SpotMapViewPrivate::spotsChanged()
     q->viewport()->update();
     QEvent event(spotsChangedEvent());
     QCoreApplication::sendEvent(q->viewport(), &event);
-    // Last, since a host may do anything when it hears of new bounds.
     resetBounds();
+}
+
+bool SpotMapViewPrivate::findBounds()
+{
+    QRectF extent = spots.extent();
+    if (comparing())
+        extent |= target->d_func()->spots.extent();
+    const QRectF square = makeSquare(extent);
+    if (square == bounds)
+        return false;
+    bounds = square;
+    qDebug() << "original bounds x" << extent.left() << extent.right();
+    qDebug() << "original bounds y" << extent.top() << extent.bottom();
+    return true;
 }
 
 void SpotMapViewPrivate::resetBounds()
 {
     Q_Q(SpotMapView);
-    const QRectF extent = spots.extent();
-    const QRectF square = makeSquare(extent);
-    if (square == bounds)
+    if (findBounds())
+        Q_EMIT q->boundsChanged(bounds);
+}
+
+void SpotMapViewPrivate::followTargetBounds()
+{
+    Q_Q(SpotMapView);
+    if (!findBounds())
         return;
-    bounds = square;
-    qDebug() << "original bounds x" << extent.left() << extent.right();
-    qDebug() << "original bounds y" << extent.top() << extent.bottom();
-    Q_EMIT q->boundsChanged(bounds);
+    QMetaObject::invokeMethod(
+        q,
+        [q] {
+            Q_EMIT q->boundsChanged(q->bounds());
+        },
+        Qt::QueuedConnection);
 }
 
 QRect SpotMapViewPrivate::pictureRect() const
@@ -187,9 +207,13 @@ void SpotMapViewPrivate::targetChanged()
     Q_Q(SpotMapView);
     comparison.reset();
     recreateFBO();
+    const QPointer<SpotMapView> stillThere(q);
     if (!target)
         q->setDisplayMode(SpotMapView::Data);
-    Q_EMIT q->diffTargetChanged(target != nullptr);
+    else
+        resetBounds();
+    if (stillThere)
+        Q_EMIT q->diffTargetChanged(target != nullptr);
 }
 
 } // namespace Corvale_Qt

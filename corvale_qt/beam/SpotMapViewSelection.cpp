@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How a spot map answers to the mouse and the keyboard.
+// What lies over the picture of a spot map, and how it answers to the mouse and the keyboard.
 #include "corvale_qt/beam/SpotGeometry_p.h"
 #include "corvale_qt/beam/SpotMapView_p.h"
 
@@ -83,6 +83,38 @@ void SpotMapViewPrivate::drawSelection(QPainter &painter) const
             }
         }
     }
+}
+
+QStringList SpotMapViewPrivate::remarks() const
+{
+    const SpotList *other = comparing() ? &target->d_func()->spots : nullptr;
+    QStringList lines;
+    if (spots.drawableCount() == 0)
+        lines << (other ? SpotMapView::tr("No spots in this map") : SpotMapView::tr("No spots"));
+    if (other && other->drawableCount() == 0)
+        lines << SpotMapView::tr("No spots in the map to compare with");
+    const auto addMissing = [&lines](const SpotList &list, const QString &text) {
+        if (list.size() > list.drawableCount())
+            lines << text.arg(list.size() - list.drawableCount());
+    };
+    addMissing(spots, SpotMapView::tr("Spots that cannot be drawn: %1"));
+    if (other)
+        addMissing(*other, SpotMapView::tr("Spots to compare with that cannot be drawn: %1"));
+    return lines;
+}
+
+void SpotMapViewPrivate::drawRemarks(QPainter &painter) const
+{
+    const QString text = remarks().join(QLatin1Char('\n'));
+    if (text.isEmpty())
+        return;
+    constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+    const QRect room = pictureRect().adjusted(4, 4, -4, -4);
+    const QRect place = painter.boundingRect(room, flags, text);
+    // Both colours are its own, since those of the map may be any.
+    painter.fillRect(place.adjusted(-2, -1, 2, 1), QColor(0, 0, 0, 160));
+    painter.setPen(Qt::white);
+    painter.drawText(place, flags, text);
 }
 
 QRect SpotMapView::visualRect(const QModelIndex &index) const

@@ -35,7 +35,10 @@ public:
     /*! What follows from any change of the spots: bounds, a repaint, word to the views that compare with
         this one. */
     void spotsChanged();
+    //! Tells of new bounds; last, since a host may do anything when it hears of them.
     void resetBounds();
+    //! Makes room for the spots of the target, which have changed, and tells of it later: the target is not done yet.
+    void followTargetBounds();
 
     // The picture.
     QRect pictureRect() const;
@@ -48,6 +51,8 @@ public:
     //! Lies over the spots; null where there is no path to show.
     QImage pathImage();
     void drawSelection(QPainter &painter) const;
+    //! Says in words what the picture does not show.
+    void drawRemarks(QPainter &painter) const;
     void recreateFBO();
 
     void follow(const SpotMapView *target);
@@ -83,6 +88,10 @@ public:
     std::unique_ptr<MapComparison> comparison;
 
 private:
+    //! False where they are what they were.
+    bool findBounds();
+    QStringList remarks() const;
+
     SpotMapView *const q_ptr;
     Q_DECLARE_PUBLIC(SpotMapView)
 };

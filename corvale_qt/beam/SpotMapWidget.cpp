@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/SpotMapWidget.h"
 
+#include "corvale_qt/beam/PlotAxis_p.h"
+
 #include "ui_SpotMapWidget.h"
 
 #include <qwt_scale_engine.h>
@@ -44,8 +46,10 @@ void SpotMapWidgetPrivate::setUpAxes()
     ui.xAxis->setTitle(SpotMapWidget::tr("X Position (mm)"));
     ui.yAxis->setAlignment(QwtScaleDraw::LeftScale);
     ui.yAxis->setTitle(SpotMapWidget::tr("Y Position (mm)"));
-    for (QwtScaleWidget *axis : {ui.xAxis, ui.yAxis})
+    for (QwtScaleWidget *axis : {ui.xAxis, ui.yAxis}) {
+        axis->setScaleDraw(new ThinnedScaleDraw);
         axis->setMargin(1);
+    }
 }
 
 void SpotMapWidgetPrivate::setUpButtons(SpotMapWidget *q)

@@ -46,6 +46,15 @@ private:
     }
 };
 
+//! An axis from a value to itself has no ticks: this one lies in the middle of it.
+std::pair<double, double> withWidth(const std::pair<double, double> &bounds)
+{
+    if (bounds.first != bounds.second)
+        return bounds;
+    const double room = bounds.first != 0.0 ? 0.1 * std::abs(bounds.first) : 1.0;
+    return {bounds.first - room, bounds.second + room};
+}
+
 QFont titleFont(int points)
 {
     QFont font("Arial", points);
@@ -74,7 +83,7 @@ std::pair<double, double> YScale::bounds() const
     if (mode == kNormalizeScaleIndex)
         return {-1.0 * below, 1.0};
     const double fraction = scaleFraction(mode);
-    return {below * range.first * fraction, range.second * fraction};
+    return withWidth({below * range.first * fraction, range.second * fraction});
 }
 
 ScopeAxes::ScopeAxes(QwtPlot *plot)

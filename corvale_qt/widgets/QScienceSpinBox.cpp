@@ -72,7 +72,7 @@ QString QScienceSpinBox::textFromValue(double value) const
     return text.replace(QLatin1Char('.'), locale().decimalPoint());
 }
 
-//! Without prefix, suffix and blanks, with a point for the locale's decimal sign.
+//! Without prefix, suffix and blanks, with a point for the decimal sign of the box's locale, or the application's.
 QString QScienceSpinBox::plainNumber(const QString &text) const
 {
     QString number = text;
@@ -80,7 +80,9 @@ QString QScienceSpinBox::plainNumber(const QString &text) const
         number.remove(0, prefix().size());
     if (!suffix().isEmpty() && number.endsWith(suffix()))
         number.chop(suffix().size());
-    return number.trimmed().replace(locale().decimalPoint(), QLatin1Char('.'));
+    return number.trimmed()
+        .replace(locale().decimalPoint(), QLatin1Char('.'))
+        .replace(QLocale().decimalPoint(), QLatin1Char('.'));
 }
 
 double QScienceSpinBox::valueFromText(const QString &text) const

@@ -52,13 +52,16 @@ int main(int argc, char **argv)
     displacement->setXScale(-30, 30);
 
     double seconds = 0;
+    SpectrogramCalc shown;
     QTimer detector;
     QObject::connect(&detector, &QTimer::timeout, profile, [&] {
         seconds += 0.02;
         profile->setData(frameAt(seconds), seconds);
         const SpectrogramCalc calc = profile->getCalc();
-        if (!calc.valid)
+        // The profile calculates ten times a second: each place goes into the trail once.
+        if (!calc.valid || (calc.meanX == shown.meanX && calc.meanY == shown.meanY))
             return;
+        shown = calc;
         position->setData(calc.meanX, calc.meanY);
         displacement->setData(calc.meanX, calc.meanY);
     });

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "corvale_qt/beam/RVXSpectrogram.h"
-#include "corvale_qt/numerics/PixelMoments.h"
+#include "tests/beam/PixelWiring.h"
 
 #include <QCheckBox>
 #include <QVector>
@@ -29,15 +29,13 @@ strips(double x, double sigmaX, double y, double sigmaY, double height = 1e-9, d
 inline QVector<double>
 pixels(double x, double y, double major, double minor, double degrees, double height = 1e-9)
 {
-    using namespace Corvale_Qt;
     QVector<double> frame(128, 0.0);
     const double turn = degrees * M_PI / 180;
-    for (int cell = 0; cell < PixelGrid::cells; ++cell) {
-        const int reading = PixelGrid::readingOfCell(cell);
-        if (reading == PixelGrid::unused)
+    for (int reading = 0; reading < 128; ++reading) {
+        if (!PixelWiring::isUsed(reading))
             continue;
-        const double right = (cell % 12 - 5.5) * 3.8 - x;
-        const double up = (5.5 - cell / 12) * 3.8 - y;
+        const double right = 3.8 * PixelWiring::placeOf(reading).x() - x;
+        const double up = 3.8 * PixelWiring::placeOf(reading).y() - y;
         const double along = right * std::cos(turn) + up * std::sin(turn);
         const double across = up * std::cos(turn) - right * std::sin(turn);
         frame[reading] = height

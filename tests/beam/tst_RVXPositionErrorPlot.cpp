@@ -6,6 +6,7 @@
 #include <qwt_plot.h>
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -81,6 +82,7 @@ private Q_SLOTS:
         QTest::newRow("2.4 and 0.6, rounded up") << 2.0F << 0.5F << "-3 3 step 1, -1 1 step 1";
         // 1.2F x 5.0F is 6.00000024 before it is rounded to single precision, and 6 after.
         QTest::newRow("in single precision") << 5.0F << 2.5F << "-6 6 step 1, -3 3 step 1";
+        QTest::newRow("a large one") << 1000.0F << 80.0F << "-1200 1200 step 1, -96 96 step 1";
         QTest::newRow("0 is none") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
         QTest::newRow("nor is less") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
         QTest::newRow("nor NaN") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
@@ -104,6 +106,43 @@ private Q_SLOTS:
                         .arg(ticks[1] - ticks[0]);
         }
         QTEST(axes.join(", "), "axes");
+    }
+
+    void axesFitWhateverTheTolerance()
+    {
+        RVXPositionErrorPlot plot;
+        plot.grab();
+        const auto *qwtPlot = plot.findChild<QwtPlot *>();
+        for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft})
+            QCOMPARE(qwtPlot->axisInterval(axis), QwtInterval(-1, 1)); // there is nothing to follow
+        plot.setSamples(QPolygonF(QVector<QPointF>{{-7, 3}, {8, 3.5}}));
+        QVERIFY(qwtPlot->axisInterval(QwtPlot::xBottom).contains(8));
+        QVERIFY(qwtPlot->axisInterval(QwtPlot::xBottom).width() < 40);
+        for (float tolerance : {1.0F, 12.0F, 100.0F, 1000.0F}) {
+            plot.setTolerance(tolerance, tolerance);
+            const QSize least = plot.minimumSizeHint();
+            QVERIFY2(least.width() <= 400 && least.height() <= 400,
+                     qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
+            QVERIFY(plot.sizeHint().width() <= 480 && plot.sizeHint().height() <= 480);
+            plot.resize(least);
+            // Labels of the lower axis are apart: some columns between the first and the last are empty.
+            const QImage image = plot.grab().toImage();
+            const double ratio = image.devicePixelRatioF();
+            const auto *axis = qwtPlot->axisWidget(QwtPlot::xBottom);
+            const QRect area(axis->mapTo(&plot, QPoint(0, 0)), axis->size());
+            const int top = int(ratio * (area.top() + 14)); // below the ticks
+            const int bottom = top + int(ratio * (QFontMetrics(axis->font()).ascent() - 4));
+            int gaps = 0;
+            bool inGap = true;
+            for (int x = int(ratio * area.left()); x < int(ratio * area.right()); ++x) {
+                bool empty = true;
+                for (int y = top; y < bottom; ++y)
+                    empty = empty && qGray(image.pixel(x, y)) > 200;
+                gaps += empty && !inGap;
+                inGap = empty;
+            }
+            QVERIFY2(gaps >= 4 && gaps < area.width() / 4, qPrintable(QString::number(gaps)));
+        }
     }
 
     void meansAndEnergyFollowTheModel()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/RVXPositionPlot.h"
+#include "tests/beam/PaintCounter.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -101,6 +102,83 @@ private Q_SLOTS:
         display.tick();
         display.widget.setData(std::nan(""), 1);
         QVERIFY(display.marker().isNull());
+    }
+
+    void theNewestPositionIsShownInTheEnd()
+    {
+        Display display;
+        display.widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+        display.tick();
+        display.widget.setData(0.5, 0.5);
+        QCoreApplication::processEvents();
+        PaintCounter paints(display.plot->canvas());
+        display.widget.setData(-0.5, -0.5); // between two ticks, and the last one
+        display.tick();
+        QTRY_VERIFY(paints.count > 0);
+    }
+
+    void aPositionOutOfRangeIsAnArrowAtTheEdge_data()
+    {
+        QTest::addColumn<QPointF>("position");
+        QTest::addColumn<QPointF>("edge"); // of axes from -1 to 1
+        QTest::newRow("right") << QPointF(7, 0.3) << QPointF(1, 0.3);
+        QTest::newRow("left, far away") << QPointF(-1e100, -0.5) << QPointF(-1, -0.5);
+        QTest::newRow("above") << QPointF(0.2, 1.5) << QPointF(0.2, 1);
+        QTest::newRow("below") << QPointF(-0.6, -3) << QPointF(-0.6, -1);
+        QTest::newRow("beyond a corner") << QPointF(4, -3) << QPointF(1, -1);
+    }
+    void aPositionOutOfRangeIsAnArrowAtTheEdge()
+    {
+        QFETCH(QPointF, position);
+        QFETCH(QPointF, edge);
+        Display display;
+        display.widget.setScale(1);
+        display.widget.grab();
+        display.tick();
+        display.widget.setData(position.x(), position.y());
+        const QPointF seen = display.marker();
+        QVERIFY(!seen.isNull());
+        const double inwards =
+            2.0 / 3 * 2.4 * 0.025 * 2; // two thirds of the arrow, in units of the axes
+        const double x = std::abs(edge.x()) < 1 ? edge.x() : edge.x() * (1 - inwards);
+        const double y = std::abs(edge.y()) < 1 ? edge.y() : edge.y() * (1 - inwards);
+        QVERIFY2(std::abs(seen.x() - x) < 0.04 && std::abs(seen.y() - y) < 0.04,
+                 qPrintable(QString("%1 %2").arg(seen.x()).arg(seen.y())));
+    }
+
+    void theTrailFades()
+    {
+        Display display;
+        display.widget.setScale(1);
+        display.widget.grab();
+        for (int i = 0; i < 5; ++i)
+            display.widget.setData(-0.78 + 0.2 * i, 0.34);
+        display.tick();
+        display.widget.setData(0.9, -0.9);
+        const QImage image = display.plot->canvas()->grab().toImage();
+        int before = 0;
+        for (int i = 0; i < 5; ++i) {
+            const QPointF point(
+                display.plot->canvasMap(QwtPlot::xBottom).transform(-0.78 + 0.2 * i),
+                display.plot->canvasMap(QwtPlot::yLeft).transform(0.34));
+            const int brightness =
+                image.pixelColor((point * image.devicePixelRatioF()).toPoint()).value();
+            QVERIFY2(brightness > before + 4, qPrintable(QString::number(brightness)));
+            before = brightness;
+        }
+    }
+
+    void withoutAPositionTheAxesAreSmall()
+    {
+        Display display;
+        for (int scale : {-1, 1, 0}) {
+            if (scale >= 0)
+                display.widget.setScale(scale);
+            display.widget.grab();
+            QCOMPARE(display.axis(QwtPlot::xBottom).section(' ', 0, 0), QString("-1..1"));
+            QCOMPARE(display.axis(QwtPlot::yLeft).section(' ', 0, 0), QString("-1..1"));
+        }
     }
 
     void scalesAreFractionsOfTheRanges()

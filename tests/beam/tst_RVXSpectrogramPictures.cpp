@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/RVXPositionErrorPlot.h"
+#include "corvale_qt/beam/RVXPositionPlot.h"
+#include "corvale_qt/beam/RVXSplitPlot.h"
 #include "corvale_qt/beam/SpectrogramPlot_p.h"
+#include "corvale_qt/beam/SpotMapWidget.h"
 #include "tests/beam/BeamDisplay.h"
+#include "tests/beam/PaintCounter.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_item.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -67,6 +74,19 @@ Blob difference(const QImage &one, const QImage &other)
     return measure(one.size(), [&](int x, int y) {
         return one.pixel(x, y) != other.pixel(x, y);
     });
+}
+
+//! The smallest rectangle around all pixels that differ.
+QRectF extent(const QImage &one, const QImage &other)
+{
+    QRect rect;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            if (one.pixel(x, y) != other.pixel(x, y))
+                rect |= QRect(x, y, 1, 1);
+        }
+    }
+    return rect;
 }
 
 //! How far two axes point apart, 0 to 90 degrees.
@@ -180,25 +200,183 @@ private Q_SLOTS:
         QCOMPARE(down, !invertY);
     }
 
+    void theEllipseGrowsWithItsSigmas_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::newRow("pixels") << false;
+        QTest::newRow("strips") << true;
+    }
     void theEllipseGrowsWithItsSigmas()
+    {
+        QFETCH(bool, strips);
+        PictureDisplay display;
+        display.widget.setL408(strips);
+        display.widget.setPixelated(!strips);
+        // 5 mm wide and 4 mm high, in the middle.
+        display.feed(strips ? Frames::strips(15.5, 2.5, 15.5, 2) : Frames::pixels(0, 0, 5, 4, 0));
+        const QImage bare = display.canvas();
+        display.check("checkBox_ellipse", true);
+        for (int sigmas : {1, 3}) {
+            display.control<QSpinBox>("spinBox_sigma")->setValue(sigmas);
+            const QRectF ellipse = extent(display.canvas(), bare);
+            const double millimetre = bare.width() / (strips ? 32 * 2.0 : 12 * 3.8);
+            const double line = 4 * bare.devicePixelRatio(); // the width of the outline
+            const QPointF off = ellipse.center() - QPointF(bare.width(), bare.height()) / 2;
+            QVERIFY(std::hypot(off.x(), off.y()) < line);
+            // The matrix sees a little less of a beam than there is: it is round, and has an edge.
+            QVERIFY(std::abs((ellipse.width() - line) / (2 * 5 * sigmas * millimetre) - 1) < 0.06);
+            QVERIFY(std::abs((ellipse.height() - line) / (2 * 4 * sigmas * millimetre) - 1) < 0.06);
+        }
+    }
+
+    void belowTheThresholdThereIsNoEllipse()
     {
         PictureDisplay display;
         display.widget.setPixelated(true);
-        display.feed(Frames::pixels(0, 0, 5, 4, 0));
+        display.check("checkBox_arrow", true);
+        display.control<QDoubleSpinBox>("threshold_QScienceSpinBox")->setValue(5e-10);
+        display.feed(Frames::pixels(6, 4, 4, 4, 0, 1e-9));
+        display.check("checkBox_arrow", false);
         const QImage bare = display.canvas();
+        display.check("checkBox_arrow", true);
         display.check("checkBox_ellipse", true);
-        const auto radius = [&] {
-            const QImage image = display.canvas();
-            int right = 0;
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, image.height() / 2) != bare.pixel(x, image.height() / 2))
-                    right = x;
-            }
-            return (right - image.width() / 2.0) * 12 * 3.8 / image.width(); // mm
+        QVERIFY(display.canvas() != bare);
+
+        display.check("checkBox_threshold", true);
+        display.widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+        display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
+        QCOMPARE(display.canvas(), bare);
+        QCoreApplication::processEvents();
+        // Nothing else changes: nothing is painted.
+        PaintCounter paints(display.plot->canvas());
+        for (int i = 0; i < 5; ++i) {
+            display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(paints.count, 0);
+        display.feed(Frames::pixels(6, 4, 4, 4, 0, 1e-9));
+        QVERIFY(display.canvas() != bare);
+        QTRY_VERIFY(paints.count > 0);
+    }
+
+    void coloursStandForReadings_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QStringList>(
+            "colours"); // of 0, 0.05, 0.1, 0.2, 0.3, 0.4 ... of full scale
+        QTest::newRow("colour") << 1
+                                << QStringList{"#000000",
+                                               "#000080",
+                                               "#0000ff",
+                                               "#0080ff",
+                                               "#00ffff",
+                                               "#00ff80",
+                                               "#00ff00",
+                                               "#80ff00",
+                                               "#ffff00",
+                                               "#ff8000",
+                                               "#ff0000",
+                                               "#ff0000"};
+        QTest::newRow("grey") << 0
+                              << QStringList{"#000000",
+                                             "#0d0d0d",
+                                             "#1a1a1a",
+                                             "#333333",
+                                             "#4d4d4d",
+                                             "#666666",
+                                             "#808080",
+                                             "#999999",
+                                             "#b3b3b3",
+                                             "#cccccc",
+                                             "#e6e6e6",
+                                             "#ffffff"};
+    }
+    void coloursStandForReadings()
+    {
+        QFETCH(int, mode);
+        QFETCH(QStringList, colours);
+        const double shares[] = {0, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
+        PictureDisplay display;
+        display.control<QComboBox>("comboBox_color")->setCurrentIndex(mode);
+        display.check("checkBox_smoothing", false);
+        display.widget.setPixelated(true);
+        display.widget.setRange(1e-6, 2e-9);
+        display.widget.setScale(2);
+        QVector<double> frame(128, 0.0);
+        for (int column = 0; column < 12; ++column)
+            frame[PixelWiring::readingAt(5, column)] = shares[column] * 2e-9;
+        display.feed(frame);
+        const QImage image = display.canvas();
+        for (int column = 0; column < 12; ++column) {
+            const QColor seen = image.pixelColor(display.pixelOf(column + 0.5, 5.5).toPoint());
+            const QColor expected(colours[column]);
+            // Halves may be rounded either way.
+            QVERIFY2(std::abs(seen.red() - expected.red()) <= 1
+                         && std::abs(seen.green() - expected.green()) <= 1
+                         && std::abs(seen.blue() - expected.blue()) <= 1,
+                     qPrintable(QString("%1: %2").arg(shares[column]).arg(seen.name())));
+        }
+    }
+
+    void axesCountCells_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::addColumn<QString>("bottom");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("strips") << true << "0 4 8 12 16 20 24 28 32"
+                                << "32 30 28 26 24 22 20 18 16 14 12 10 8 6 4 2 0";
+        QTest::newRow("pixels") << false << "0 2 4 6 8 10 12"
+                                << "12 10 8 6 4 2 0";
+    }
+    void axesCountCells()
+    {
+        QFETCH(bool, strips);
+        PictureDisplay display;
+        display.widget.setL408(strips);
+        display.widget.setPixelated(!strips);
+        const auto ticks = [&display](int axis) {
+            const QwtScaleDiv div = display.plot->axisScaleDiv(axis);
+            QStringList texts;
+            for (double tick : div.ticks(QwtScaleDiv::MajorTick))
+                texts << QString::number(tick);
+            if ((div.upperBound() < div.lowerBound()) != (texts.first() != "0"))
+                std::reverse(texts.begin(), texts.end());
+            return texts.join(' ');
         };
-        QVERIFY(std::abs(radius() - 5) < 0.5);
-        display.control<QSpinBox>("spinBox_sigma")->setValue(3);
-        QVERIFY(std::abs(radius() - 15) < 0.8);
+        QTEST(ticks(QwtPlot::xBottom), "bottom");
+        QTEST(ticks(QwtPlot::yLeft), "left");
+    }
+
+    void numbersHaveADecimalPointInEveryLocale()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        QWidget window;
+        auto *profile = new RVXSpectrogram(&window);
+        new RVXPositionPlot(&window);
+        (new RVXSplitPlot(&window))->setNumberPlots(1);
+        new RVXPositionErrorPlot(&window);
+        new SpotMapWidget(&window);
+        window.setLocale(QLocale());
+        const auto axes = window.findChildren<QwtScaleWidget *>();
+        const auto boxes = window.findChildren<QDoubleSpinBox *>();
+        QVERIFY(axes.size() == 5 * 4 + 2 && boxes.size() >= 14);
+        profile->setPixelated(true);
+        QMetaObject::invokeMethod(profile, "update");
+        profile->setData(Frames::pixels(3, 4, 5, 4, 30), 1);
+        for (const QwtScaleWidget *axis : axes) {
+            const QString text = axis->scaleDraw()->label(4328.5).text();
+            QVERIFY2(axis->isHidden() || !text.contains(','), qPrintable(text));
+        }
+        for (const QDoubleSpinBox *box : boxes) {
+            const QString text = box->text();
+            QVERIFY2(!text.contains(','), qPrintable(box->objectName() + ": " + text));
+        }
+        // What is typed may have the operator's own.
+        auto *threshold = window.findChild<QDoubleSpinBox *>("threshold_QScienceSpinBox");
+        QCOMPARE(threshold->valueFromText("1,5e-9 C"), 1.5e-9);
+        QLocale::setDefault(before);
     }
 
     void theBrightestSpotIsTheBeam()
@@ -254,21 +432,6 @@ private Q_SLOTS:
         QVERIFY(apart(arrow.angle, 90) < 2);
     }
 
-    void layersLieInTheirOrder()
-    {
-        BeamDisplay display;
-        QVector<double> layers;
-        for (QwtPlotItem *item : display.widget.findChild<SpectrogramPlot *>()->itemList())
-            layers << item->z();
-        QCOMPARE(layers.size(), 5);
-        QVERIFY(std::is_sorted(layers.begin(), layers.end()));
-        auto items = display.widget.findChild<SpectrogramPlot *>()->itemList();
-        QVERIFY(dynamic_cast<Background *>(items[0]));
-        QCOMPARE(items[1]->rtti(), int(QwtPlotItem::Rtti_PlotSpectrogram));
-        QVERIFY(dynamic_cast<MeanCurve *>(items[2]) && dynamic_cast<MeanCurve *>(items[3]));
-        QVERIFY(dynamic_cast<Ellipse *>(items[4]));
-    }
-
     void theCanvasStaysSquare()
     {
         PictureDisplay display;
@@ -319,7 +482,14 @@ private Q_SLOTS:
     void theSideBarShowsAllOfItself()
     {
         BeamDisplay display;
-        for (const QSize &size : {QSize(1060, 860), QSize(700, 500)}) {
+        const auto *timePlot = display.control<QWidget>("frame_timePlot");
+        for (const QSize &size : {display.widget.size(), display.widget.sizeHint()}) {
+            display.widget.resize(size);
+            display.widget.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+            QCOMPARE(timePlot->visibleRegion().boundingRect(), timePlot->rect());
+        }
+        for (const QSize &size : {display.widget.sizeHint(), QSize(700, 500)}) {
             display.widget.resize(size);
             display.widget.grab();
             auto *sidebar = display.control<QWidget>("sidebar");

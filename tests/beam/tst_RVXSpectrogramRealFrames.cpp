@@ -176,8 +176,8 @@ private Q_SLOTS:
             // The background is that of the 24 cells in the corners, where the detector has no
             // pixel.
             QVector<double> corners;
-            for (int cell = 0; cell < PixelGrid::cells; ++cell) {
-                if (PixelGrid::readingOfCell(cell) == PixelGrid::unused)
+            for (int cell = 0; cell < 144; ++cell) {
+                if (PixelWiring::readingAt(cell / 12, cell % 12) < 0)
                     corners << frames[i][2 + cell];
             }
             const double background = meanOf(corners);
@@ -185,8 +185,8 @@ private Q_SLOTS:
             for (int row = 0; row < 12; ++row) {
                 for (int column = 0; column < 12; ++column) {
                     // Row 1 of the file is the smallest y: the display's lowest.
-                    const int reading = PixelGrid::readingOfCell((11 - row) * 12 + column);
-                    if (reading != PixelGrid::unused)
+                    const int reading = PixelWiring::readingAt(11 - row, column);
+                    if (reading >= 0)
                         readings[reading] = frames[i][2 + row * 12 + column] - background;
                 }
             }

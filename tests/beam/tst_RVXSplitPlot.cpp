@@ -77,6 +77,18 @@ private Q_SLOTS:
         display.widget.setData(-0.8, 1);
         QVERIFY(std::abs(display.barEnd(0) - 0.5) < 0.02);
         QVERIFY(std::abs(display.barEnd(1) + 0.8) < 0.02);
+        // The line through 0 stands out from the bar, over the whole height.
+        QwtPlot *plot = display.plots()[0];
+        const QImage image = plot->canvas()->grab().toImage();
+        const double zero = plot->canvasMap(QwtPlot::xBottom).transform(0);
+        const int column = static_cast<int>(zero * image.devicePixelRatioF());
+        for (int y = 0; y < image.height(); ++y) {
+            const auto isLine = [&](int x) {
+                const QColor color = image.pixelColor(x, y);
+                return color.saturation() < 40 && color.value() > 150;
+            };
+            QVERIFY(isLine(column - 1) || isLine(column) || isLine(column + 1));
+        }
         display.widget.setData(7.0, 0); // beyond the axis: to its end
         QVERIFY(display.barEnd(0) > 0.97);
         for (int none : {-1, 2, 1000})

@@ -4,6 +4,8 @@
 #include "tests/support/TestMain.h"
 
 #include <QFile>
+#include <QGLWidget>
+#include <QSignalSpy>
 
 using namespace Corvale_Qt;
 
@@ -136,6 +138,143 @@ private Q_SLOTS:
         QVERIFY(overlaid.green() > 150 && qAbs(overlaid.blue() - above.blue() / 2) < 3);
         map.setDisplayMode(77);
         QCOMPARE(map.displayMode(), SpotMapView::DifferenceOverlay);
+    }
+
+    void aDifferenceShowsWhatOnlyOneMapHas()
+    {
+        const QRectF both = around(0, 0, 30 + 2.6 * 3);
+        SpotTable planned(cornerSpots);
+        SpotTable actual("-30 -30 10 3; 30 -30 10 3"); // without the upper row
+        MapInTest map(&actual);
+        MapInTest target(&planned);
+        map.setDiffTarget(&target);
+        QSignalSpy changes(&map, &SpotMapView::boundsChanged);
+        for (SpotMapView::DisplayMode mode :
+             {SpotMapView::Difference, SpotMapView::DifferenceOverlay}) {
+            map.setDisplayMode(SpotMapView::Data);
+            QVERIFY(!map.bounds().contains(0, 30));
+            changes.clear();
+            map.setDisplayMode(mode);
+            QCOMPARE(map.bounds(), both);
+            QCOMPARE(changes.count(), 1);
+            QVERIFY(map.colourAt(30, 30).red() > 50 && map.colourAt(30, 30).blue() == 0);
+        }
+        map.setDisplayMode(SpotMapView::Difference);
+        // And the other way round, the map having all and the target less, or nothing.
+        target.setDiffTarget(&map);
+        target.setDisplayMode(SpotMapView::Difference);
+        QVERIFY(target.colourAt(30, 30).blue() > 50 && target.colourAt(30, 30).red() == 0);
+        actual.removeRows(0, 2);
+        for (double x : {-30, 30})
+            QVERIFY(map.colourAt(x, -30).red() > 50 && target.colourAt(x, -30).blue() > 50);
+        // A target that grows is followed, and hosts hear of it.
+        changes.clear();
+        planned.append("60 0 10 3");
+        QVERIFY(map.bounds().contains(60, 0));
+        QTRY_COMPARE(changes.count(), 1);
+        QVERIFY(map.colourAt(60, 0).red() > 50);
+        map.setDiffTarget(nullptr);
+        QVERIFY(map.bounds().isEmpty());
+    }
+
+    //! Position and size count as much as the dose does.
+    void aDifferenceComparesAllOfASpot_data()
+    {
+        QTest::addColumn<QString>("planned");
+        QTest::addColumn<double>("x");
+        QTest::newRow("to the left") << "-4 0 10 3" << -6.0;
+        QTest::newRow("above") << "0 6 10 3" << 0.0;
+        QTest::newRow("wider") << "0 0 10 5" << -6.0;
+    }
+    void aDifferenceComparesAllOfASpot()
+    {
+        QFETCH(QString, planned);
+        QFETCH(double, x);
+        SpotTable actual(cornerSpots + "; 0 0 10 3");
+        SpotTable plan(cornerSpots + "; 0 0 10 3");
+        MapInTest map(&actual);
+        MapInTest target(&plan);
+        map.setDiffTarget(&target);
+        map.setDisplayMode(SpotMapView::Difference);
+        const double y = x == 0.0 ? 8.0 : 0.0;
+        QCOMPARE(map.colourAt(x, y), QColor(Qt::black));
+        // Changed cell by cell, as an editor would.
+        const SpotTable other(planned);
+        for (int column = 1; column < 5; ++column)
+            plan.item(4, column)->setData(other.item(0, column)->data(Qt::UserRole), Qt::UserRole);
+        QVERIFY2(map.colourAt(x, y).red() > 40, qPrintable(map.colourAt(x, y).name()));
+    }
+
+    void whatCannotBeShownIsToldInWords_data()
+    {
+        QTest::addColumn<QString>("spots");
+        QTest::addColumn<QString>("others"); // "-": no comparison
+        QTest::addColumn<bool>("told");
+        QTest::newRow("all is well") << cornerSpots << "-" << false;
+        QTest::newRow("all is well in both") << cornerSpots << cornerSpots << false;
+        QTest::newRow("nothing") << ""
+                                 << "-" << true;
+        QTest::newRow("a spot without a place") << cornerSpots + "; nan 0 1 1"
+                                                << "-" << true;
+        QTest::newRow("nothing to compare with") << cornerSpots << "" << true;
+        QTest::newRow("nothing to compare") << "" << cornerSpots << true;
+        QTest::newRow("one to compare with has no width")
+            << cornerSpots << cornerSpots + "; 0 0 1 0" << true;
+    }
+    void whatCannotBeShownIsToldInWords()
+    {
+        QFETCH(QString, spots);
+        QFETCH(QString, others);
+        QFETCH(bool, told);
+        SpotTable table(spots);
+        SpotTable otherTable(others == "-" ? QString() : others);
+        MapInTest map(&table);
+        MapInTest other(&otherTable);
+        if (others != "-") {
+            map.setDiffTarget(&other);
+            map.setDisplayMode(SpotMapView::Difference);
+        }
+        const QImage image = map.picture();
+        int white = 0; // on the ground between the upper spots and the edge
+        for (int y = 0; y < image.height() / 8; ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                white += qGray(image.pixel(x, y)) > 250;
+        }
+        QCOMPARE(white > 5, told);
+    }
+
+    //! A picture of fewer pixels than the screen has would show blocks.
+    void everyPixelOfTheScreenCounts()
+    {
+        SpotTable table("-30 -30 10 20; 30 30 10 20");
+        MapInTest map(&table);
+        const QImage image = map.picture();
+        int steps = 0; // from one pixel to the next in the same direction
+        for (int x = 1; x < image.width(); ++x)
+            steps += image.pixel(x, image.height() - x) != image.pixel(x - 1, image.height() - x);
+        const int ratio = qRound(image.devicePixelRatio());
+        QVERIFY(image.width() == mapSide * ratio);
+        QVERIFY2(steps > 0.6 * mapSide * ratio, qPrintable(QString::number(steps)));
+    }
+
+    void aRenewedContextPaintsAgain()
+    {
+        SpotTable table(cornerSpots);
+        MapInTest map(&table);
+        auto *widget = qobject_cast<QGLWidget *>(map.viewport());
+        if (!widget)
+            QSKIP("no OpenGL here");
+        const QImage before = map.picture();
+        // One that shares nothing with the one before, which is deleted.
+        auto *context = new QGLContext(widget->format(), widget);
+        QVERIFY(context->create());
+        widget->setContext(context);
+        widget->show(); // Qt hides it for this
+        QVERIFY(widget->isValid());
+        QCOMPARE(largestDifference(map.picture(), before), 0);
+        table.append("0 0 10 3");
+        MapInTest fresh(&table);
+        QCOMPARE(largestDifference(map.picture(), fresh.picture()), 0);
     }
 
     void aDifferenceComparesDosesNotPictures()

@@ -114,6 +114,18 @@ void tst_RVXScopePlotView::rangeIsTakenOnce()
     QVERIFY(!view.SetRange(-1.0, 2.0));
     QVERIFY(!view.SetRange(qQNaN(), 2.0));
     QVERIFY(!view.SetRange(0.0, qInf()));
+    // One without a width still has an axis with ticks.
+    ScopeTestModel model(1);
+    view.setModel(&model);
+    model.appendRows(10, 1.0, [](int, double time) {
+        return time;
+    });
+    for (double middle : {5.0, 0.0}) {
+        QVERIFY(view.SetRange(middle, middle));
+        view.SetYScaleMode(2);
+        view.settle();
+        QCOMPARE(view.yText(), QString(middle > 0 ? "4.5..5.5" : "-1..1"));
+    }
 }
 
 void tst_RVXScopePlotView::normalizedCurvesReachTheirOwnLargest()

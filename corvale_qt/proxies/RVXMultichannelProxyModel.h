@@ -13,8 +13,6 @@ class AbstractChannelModelFactory;
 class ChannelSource;
 class RowLedger;
 class RVXMultichannelProxyModelPrivate;
-template<typename Proxy>
-class SourceRelay;
 
 /*! Lays plot models side by side as the channels of one table: column c shows one column of the c-th source, column 0 the
     time of the first source that has the row. A source with fewer samples than the longest repeats its newest.
@@ -139,7 +137,6 @@ private:
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
     friend class ChannelSource;
     friend class RowLedger;
-    friend class SourceRelay<RVXMultichannelProxyModel>;
     const std::unique_ptr<RVXMultichannelProxyModelPrivate> d_ptr;
 };
 

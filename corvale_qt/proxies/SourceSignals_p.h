@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-class QObject;
+#include <QObject>
 
 namespace Corvale_Qt {
 
@@ -20,6 +20,9 @@ void disconnectSource(const QObject *source, const QObject *receiver);
 
 /*! Connects the source's unitsChanged() to \a method of \a receiver (a SIGNAL() or SLOT() text). Not every plot model
     has that signal; where it is missing nothing happens. */
-void connectUnitsChanged(const QObject *source, const QObject *receiver, const char *method);
+void connectUnitsChanged(const QObject *source,
+                         const QObject *receiver,
+                         const char *method,
+                         Qt::ConnectionType type = Qt::AutoConnection);
 
 } // namespace Corvale_Qt

@@ -33,6 +33,9 @@ public:
         /*! At the cell (last row, 0): fits that the device made, a QVariantList of mean, sigma and peak height
             for each group of channels; means are 0-based within the group. */
         DeviceFitRole = 34,
+        /*! At the cell (0, c): the unit of channel c, a const Units::MeasurementUnit *. Invalid where the channel is in
+            units(), as all channels of a device are. The model keeps the unit as it keeps units(). */
+        ChannelUnitRole = 35,
     };
 
     RVXAbstractPlotDataModel();

@@ -2,12 +2,14 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <QVector>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace Corvale_Qt {
@@ -27,7 +29,9 @@ public:
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     bool isZeroed(int row, int column) const;
+    const Units::MeasurementUnit *unitOf(int column) const;
     double shownZero(int column) const;
+    double newestReading(int column) const;
     void takeChannels(int channels);
     void columnsInserted(int first, int last);
     void columnsRemoved(int first, int last);
@@ -39,6 +43,8 @@ public:
     QVector<double> zeros;
     int channels = 0;
     bool active = false;
+    // Whether channels may have units of their own, which cost more to ask for.
+    bool unitsDiffer = false;
     RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
 
@@ -66,8 +72,12 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     if (!isZeroed(1, column))
         return;
     const double zero = shownZero(column);
-    for (int i = std::max(1 - firstRow, 0); i < count; ++i)
+    const int end = std::clamp(q->sourceModel()->rowCount() - firstRow, 0, count);
+    for (int i = std::max(1 - firstRow, 0); i < end; ++i)
         out[i] -= zero;
+    // A cell that holds no sample reads 0, and stays so.
+    for (int i = end; i < count; ++i)
+        out[i] -= out[i] == 0.0 ? 0.0 : zero;
 }
 
 bool RVXZeroingProxyModelPrivate::spans(int column,
@@ -91,10 +101,27 @@ bool RVXZeroingProxyModelPrivate::isZeroed(int row, int column) const
     return active && plot && row >= 1 && column >= 1 && column <= zeros.size();
 }
 
+const Units::MeasurementUnit *RVXZeroingProxyModelPrivate::unitOf(int column) const
+{
+    return unitsDiffer ? channelUnit(q->sourceModel(), column) : q->units();
+}
+
 double RVXZeroingProxyModelPrivate::shownZero(int column) const
 {
-    const Units::MeasurementUnit *unit = q->units();
+    const Units::MeasurementUnit *unit = unitOf(column);
     return unit ? unit->scale(zeros[column - 1]) : zeros[column - 1];
+}
+
+/*! The newest finite sample of a channel: what a gap shows would be subtracted from all samples to come. 0 where
+    there is none. */
+double RVXZeroingProxyModelPrivate::newestReading(int column) const
+{
+    const int newest = q->sourceModel()->rowCount() - 1;
+    // The header row is no sample: its numbers count the channels.
+    double reading = plot->doubleData(newest >= 1 ? newest : -1, column);
+    for (int row = newest - 1; row >= 1 && !std::isfinite(reading); --row)
+        reading = plot->doubleData(row, column);
+    return std::isfinite(reading) ? reading : 0.0;
 }
 
 void RVXZeroingProxyModelPrivate::takeChannels(int count)
@@ -183,13 +210,10 @@ void RVXZeroingProxyModel::zeroNow()
         return;
     beginSharedReset();
     d->channels = std::max(sourceModel()->columnCount() - 1, 0);
-    const int newest = sourceModel()->rowCount() - 1;
-    // The header row is no sample: its numbers count the channels.
-    const int row = newest >= 1 ? newest : -1;
-    const Units::MeasurementUnit *unit = units();
     d->zeros.resize(d->channels);
     for (int column = 1; column <= d->channels; ++column) {
-        const double shown = d->plot->doubleData(row, column);
+        const double shown = d->newestReading(column);
+        const Units::MeasurementUnit *unit = d->unitOf(column);
         d->zeros[column - 1] = unit ? unit->unscale(shown) : shown;
     }
     d->active = true;
@@ -216,14 +240,17 @@ QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
     if (!d->isZeroed(index.row(), index.column()))
         return RVXPlotProxyModel::data(index, role);
 
+    const int row = index.row();
+    const int column = index.column();
+    const bool isThere = row < rowCount();
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return shownText(units(), doubleData(index.row(), index.column()));
+        return isThere ? shownText(d->unitOf(column), doubleData(row, column)) : QVariant();
     case Qt::ToolTipRole:
-        return shownTextWithUnit(units(), doubleData(index.row(), index.column()));
+        return isThere ? shownTextWithUnit(d->unitOf(column), doubleData(row, column)) : QVariant();
     case NumericValueRole:
-        return doubleData(index.row(), index.column());
+        return isThere ? doubleData(row, column) : QVariant();
     default:
         return RVXPlotProxyModel::data(index, role);
     }
@@ -233,7 +260,12 @@ double RVXZeroingProxyModel::doubleData(int row, int column) const
 {
     Q_D(const RVXZeroingProxyModel);
     const double value = d->plot ? d->plot->doubleData(row, column) : 0.0;
-    return d->isZeroed(row, column) ? value - d->shownZero(column) : value;
+    if (!d->isZeroed(row, column))
+        return value;
+    // A cell that holds no sample reads 0, and stays so. Counting the rows costs a way down the whole stack.
+    if (value == 0.0 && row >= rowCount())
+        return value;
+    return value - d->shownZero(column);
 }
 
 void RVXZeroingProxyModel::sourceModelReset()
@@ -242,6 +274,7 @@ void RVXZeroingProxyModel::sourceModelReset()
     d->plot = sourcePlotModel();
     d->source = PlotColumnReader(d->plot);
     d->followColumnsOf(d->plot ? sourceModel() : nullptr);
+    d->unitsDiffer = d->plot && hasChannelUnits(sourceModel());
     const int columns = d->plot ? sourceModel()->columnCount() : 0;
     d->takeChannels(std::max(columns - 1, 0));
     if (columns < 1)

@@ -17,6 +17,16 @@ class RVXPlotProxyModelPrivate : public SourceRelay<RVXPlotProxyModel>
 public:
     using SourceRelay::SourceRelay;
 
+    // As the relay's; with what a hook says has changed too.
+    void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);
+    void _q_sourceRowsRemoved(const QModelIndex &parent, int first, int last);
+    void _q_sourceRowsMoved(const QModelIndex &from,
+                            int first,
+                            int last,
+                            const QModelIndex &to,
+                            int row);
+    void _q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
+
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
 
@@ -29,8 +39,13 @@ public:
     // A host's model may make indexes of cells that it does not have, and a host's proxy may have less than its
     // source; the library's own do not.
     bool checksIndexes = true;
+    // The first row of which a hook said that it changed too; 0 for none.
+    int changedFrom = 0;
 
 private:
+    int takeChangedFrom();
+    void announceChanged();
+
     QMetaObject::Connection destroyed;
 };
 
@@ -65,6 +80,55 @@ void RVXPlotProxyModelPrivate::sourceDestroyed()
     beginReset();
     q->QAbstractProxyModel::setSourceModel(nullptr);
     endAllResets();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int first, int last)
+{
+    SourceRelay::_q_sourceRowsInserted(parent, first, last);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsRemoved(const QModelIndex &parent, int first, int last)
+{
+    SourceRelay::_q_sourceRowsRemoved(parent, first, last);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsMoved(const QModelIndex &from,
+                                                  int first,
+                                                  int last,
+                                                  const QModelIndex &to,
+                                                  int row)
+{
+    SourceRelay::_q_sourceRowsMoved(from, first, last, to, row);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceDataChanged(const QModelIndex &topLeft,
+                                                    const QModelIndex &bottomRight)
+{
+    const QModelIndex from = q->mapFromSource(topLeft);
+    const QModelIndex to = q->mapFromSource(bottomRight);
+    q->sourceDataChanged(from, to);
+    const bool reachesFurther = takeChangedFrom() > 0 && to.row() < q->rowCount() - 1;
+    Q_EMIT q->dataChanged(from, reachesFurther ? q->index(q->rowCount() - 1, to.column()) : to);
+}
+
+int RVXPlotProxyModelPrivate::takeChangedFrom()
+{
+    const int row = changedFrom;
+    changedFrom = 0;
+    return row;
+}
+
+//! dataChanged() for the samples that a hook named, after rows came, went or moved.
+void RVXPlotProxyModelPrivate::announceChanged()
+{
+    const int first = takeChangedFrom();
+    const int last = q->rowCount() - 1;
+    const int lastColumn = q->columnCount() - 1;
+    if (first >= 1 && first <= last && lastColumn >= 1)
+        Q_EMIT q->dataChanged(q->index(first, 1), q->index(last, lastColumn));
 }
 
 RVXPlotProxyModel::RVXPlotProxyModel(QObject *parent)
@@ -259,6 +323,12 @@ void RVXPlotProxyModel::sourceRowsInserted(const QModelIndex &, int, int) { }
 void RVXPlotProxyModel::sourceRowsRemoved(const QModelIndex &, int, int) { }
 void RVXPlotProxyModel::sourceModelReset() { }
 void RVXPlotProxyModel::sourceDataChanged(const QModelIndex &, const QModelIndex &) { }
+
+void RVXPlotProxyModel::alsoChanged(int firstRow)
+{
+    Q_D(RVXPlotProxyModel);
+    d->changedFrom = firstRow;
+}
 
 void RVXPlotProxyModel::beginSharedReset()
 {

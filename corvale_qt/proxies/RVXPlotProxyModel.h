@@ -83,6 +83,11 @@ protected:
     //! Cells of the source changed; the corners are indexes of the proxy.
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
 
+    /*! For a hook: samples from row \a firstRow to the newest changed with what the source announced. dataChanged() says
+        so: in one range with the cells that the source announced as changed, in the same columns; for all channels
+        once views know which rows came, went or moved. */
+    void alsoChanged(int firstRow);
+
     //! As beginResetModel(), for a change in which the source resets as well: views hear of one reset.
     void beginSharedReset();
     void endSharedReset();

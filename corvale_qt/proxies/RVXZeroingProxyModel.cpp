@@ -2,11 +2,15 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <QVector>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -25,17 +29,31 @@ public:
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     bool isZeroed(int row, int column) const;
+    const Units::MeasurementUnit *unitOf(int column) const;
     double shownZero(int column) const;
-    void sourceChannels(int channels);
+    double newestReading(int column) const;
+    void takeChannels(int channels);
+    void columnsInserted(int first, int last);
+    void columnsRemoved(int first, int last);
+    void end();
+    void followColumnsOf(const QAbstractItemModel *model);
 
-    const RVXZeroingProxyModel *const q;
-    // For each channel, in the base unit.
+    RVXZeroingProxyModel *const q;
+    // For each channel, in the base unit; channels that were appended since have none.
     QVector<double> zeros;
+    int channels = 0;
     bool active = false;
+    // Whether channels may have units of their own, which cost more to ask for.
+    bool unitsDiffer = false;
     RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
 
 private:
+    void announceEnd();
+
+    bool endIsToBeAnnounced = false;
+    std::array<QMetaObject::Connection, 3> sourceColumns;
+
     static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
     static const bool known;
 };
@@ -54,8 +72,12 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     if (!isZeroed(1, column))
         return;
     const double zero = shownZero(column);
-    for (int i = std::max(1 - firstRow, 0); i < count; ++i)
+    const int end = std::clamp(q->sourceModel()->rowCount() - firstRow, 0, count);
+    for (int i = std::max(1 - firstRow, 0); i < end; ++i)
         out[i] -= zero;
+    // A cell that holds no sample reads 0, and stays so.
+    for (int i = end; i < count; ++i)
+        out[i] -= out[i] == 0.0 ? 0.0 : zero;
 }
 
 bool RVXZeroingProxyModelPrivate::spans(int column,
@@ -79,31 +101,104 @@ bool RVXZeroingProxyModelPrivate::isZeroed(int row, int column) const
     return active && plot && row >= 1 && column >= 1 && column <= zeros.size();
 }
 
+const Units::MeasurementUnit *RVXZeroingProxyModelPrivate::unitOf(int column) const
+{
+    return unitsDiffer ? channelUnit(q->sourceModel(), column) : q->units();
+}
+
 double RVXZeroingProxyModelPrivate::shownZero(int column) const
 {
-    const Units::MeasurementUnit *unit = q->units();
+    const Units::MeasurementUnit *unit = unitOf(column);
     return unit ? unit->scale(zeros[column - 1]) : zeros[column - 1];
 }
 
-void RVXZeroingProxyModelPrivate::sourceChannels(int channels)
+/*! The newest finite sample of a channel: what a gap shows would be subtracted from all samples to come. 0 where
+    there is none. */
+double RVXZeroingProxyModelPrivate::newestReading(int column) const
 {
-    if (channels == zeros.size())
-        return;
-    zeros.resize(channels);
+    const int newest = q->sourceModel()->rowCount() - 1;
+    // The header row is no sample: its numbers count the channels.
+    double reading = plot->doubleData(newest >= 1 ? newest : -1, column);
+    for (int row = newest - 1; row >= 1 && !std::isfinite(reading); --row)
+        reading = plot->doubleData(row, column);
+    return std::isfinite(reading) ? reading : 0.0;
+}
+
+void RVXZeroingProxyModelPrivate::takeChannels(int count)
+{
+    if (count != channels) {
+        zeros.resize(count);
+        active = false;
+    }
+    channels = count;
+}
+
+void RVXZeroingProxyModelPrivate::columnsInserted(int first, int last)
+{
+    if (first <= channels)
+        end();
+    channels += last - first + 1;
+}
+
+void RVXZeroingProxyModelPrivate::columnsRemoved(int first, int last)
+{
+    if (first <= zeros.size())
+        end();
+    channels -= last - first + 1;
+}
+
+//! A zero must not stay where another channel moves in.
+void RVXZeroingProxyModelPrivate::end()
+{
+    endIsToBeAnnounced = endIsToBeAnnounced || active;
     active = false;
+}
+
+void RVXZeroingProxyModelPrivate::announceEnd()
+{
+    if (!std::exchange(endIsToBeAnnounced, false))
+        return;
+    q->beginSharedReset();
+    q->endSharedReset();
+}
+
+/*! The end of a zero changes the numbers of all channels, of which views must hear. They hear of the columns first:
+    these connections come after the base's. */
+void RVXZeroingProxyModelPrivate::followColumnsOf(const QAbstractItemModel *model)
+{
+    for (const QMetaObject::Connection &connection : sourceColumns)
+        QObject::disconnect(connection);
+    if (!model)
+        return;
+    const auto announce = [this] {
+        announceEnd();
+    };
+    sourceColumns = {QObject::connect(model, &QAbstractItemModel::columnsInserted, q, announce),
+                     QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, announce),
+                     QObject::connect(model, &QAbstractItemModel::columnsMoved, q, announce)};
 }
 
 RVXZeroingProxyModel::RVXZeroingProxyModel(QObject *parent)
     : RVXPlotProxyModel(parent)
     , d_ptr(new RVXZeroingProxyModelPrivate(this))
 {
-    // A zero must not stay where another channel moves in. Connected first, this runs before any view asks.
-    const auto forget = [this] {
-        d_func()->active = false;
-    };
-    connect(this, &QAbstractItemModel::columnsInserted, this, forget);
-    connect(this, &QAbstractItemModel::columnsRemoved, this, forget);
-    connect(this, &QAbstractItemModel::columnsMoved, this, forget);
+    // Connected first, these run before any view asks for a number.
+    Q_D(RVXZeroingProxyModel);
+    connect(this,
+            &QAbstractItemModel::columnsInserted,
+            this,
+            [d](const QModelIndex &, int first, int last) {
+                d->columnsInserted(first, last);
+            });
+    connect(this,
+            &QAbstractItemModel::columnsRemoved,
+            this,
+            [d](const QModelIndex &, int first, int last) {
+                d->columnsRemoved(first, last);
+            });
+    connect(this, &QAbstractItemModel::columnsMoved, this, [d] {
+        d->end();
+    });
 }
 
 RVXZeroingProxyModel::~RVXZeroingProxyModel() = default;
@@ -114,14 +209,11 @@ void RVXZeroingProxyModel::zeroNow()
     if (!d->plot)
         return;
     beginSharedReset();
-    const int channels = std::max(sourceModel()->columnCount() - 1, 0);
-    const int newest = sourceModel()->rowCount() - 1;
-    // The header row is no sample: its numbers count the channels.
-    const int row = newest >= 1 ? newest : -1;
-    const Units::MeasurementUnit *unit = units();
-    d->zeros.resize(channels);
-    for (int column = 1; column <= channels; ++column) {
-        const double shown = d->plot->doubleData(row, column);
+    d->channels = std::max(sourceModel()->columnCount() - 1, 0);
+    d->zeros.resize(d->channels);
+    for (int column = 1; column <= d->channels; ++column) {
+        const double shown = d->newestReading(column);
+        const Units::MeasurementUnit *unit = d->unitOf(column);
         d->zeros[column - 1] = unit ? unit->unscale(shown) : shown;
     }
     d->active = true;
@@ -136,20 +228,29 @@ void RVXZeroingProxyModel::zeroClear()
     endSharedReset();
 }
 
+bool RVXZeroingProxyModel::isZeroed() const
+{
+    Q_D(const RVXZeroingProxyModel);
+    return d->active;
+}
+
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXZeroingProxyModel);
     if (!d->isZeroed(index.row(), index.column()))
         return RVXPlotProxyModel::data(index, role);
 
+    const int row = index.row();
+    const int column = index.column();
+    const bool isThere = row < rowCount();
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return shownText(units(), doubleData(index.row(), index.column()));
+        return isThere ? shownText(d->unitOf(column), doubleData(row, column)) : QVariant();
     case Qt::ToolTipRole:
-        return shownTextWithUnit(units(), doubleData(index.row(), index.column()));
+        return isThere ? shownTextWithUnit(d->unitOf(column), doubleData(row, column)) : QVariant();
     case NumericValueRole:
-        return doubleData(index.row(), index.column());
+        return isThere ? doubleData(row, column) : QVariant();
     default:
         return RVXPlotProxyModel::data(index, role);
     }
@@ -159,7 +260,12 @@ double RVXZeroingProxyModel::doubleData(int row, int column) const
 {
     Q_D(const RVXZeroingProxyModel);
     const double value = d->plot ? d->plot->doubleData(row, column) : 0.0;
-    return d->isZeroed(row, column) ? value - d->shownZero(column) : value;
+    if (!d->isZeroed(row, column))
+        return value;
+    // A cell that holds no sample reads 0, and stays so. Counting the rows costs a way down the whole stack.
+    if (value == 0.0 && row >= rowCount())
+        return value;
+    return value - d->shownZero(column);
 }
 
 void RVXZeroingProxyModel::sourceModelReset()
@@ -167,13 +273,12 @@ void RVXZeroingProxyModel::sourceModelReset()
     Q_D(RVXZeroingProxyModel);
     d->plot = sourcePlotModel();
     d->source = PlotColumnReader(d->plot);
+    d->followColumnsOf(d->plot ? sourceModel() : nullptr);
+    d->unitsDiffer = d->plot && hasChannelUnits(sourceModel());
     const int columns = d->plot ? sourceModel()->columnCount() : 0;
-    if (columns >= 1) {
-        d->sourceChannels(columns - 1);
-    } else {
-        d->zeros.clear();
+    d->takeChannels(std::max(columns - 1, 0));
+    if (columns < 1)
         d->active = false;
-    }
 }
 
 } // namespace Corvale_Qt

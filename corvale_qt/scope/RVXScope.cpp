@@ -202,14 +202,12 @@ void RVXScope::ZeroNow()
     if (!d->hasModel() || d->baseModel->rowCount() <= 1)
         return;
     d->zeroing->zeroNow();
-    d->showZeroed(true);
 }
 
 void RVXScope::ZeroClear()
 {
     Q_D(RVXScope);
     d->zeroing->zeroClear();
-    d->showZeroed(false);
 }
 
 void RVXScope::Clear()

@@ -110,7 +110,7 @@ void RVXScopePrivate::connectControls()
         showState();
     });
     QObject::connect(zeroing, &QAbstractItemModel::modelReset, q, [this] {
-        dropLostZero();
+        showZeroed();
     });
     setUpShortcut(ui.saveButton, QKeySequence(Qt::CTRL + Qt::Key_S));
     setUpShortcut(ui.clearButton, QKeySequence(Qt::CTRL + Qt::Key_L));
@@ -162,9 +162,13 @@ void RVXScopePrivate::applyPeriod()
         device->setPeriod(periodInMilliseconds(ui.comboBox_period->currentIndex()));
 }
 
-void RVXScopePrivate::showZeroed(bool zeroed)
+//! Says what the proxy does, whoever took or ended the zero.
+void RVXScopePrivate::showZeroed()
 {
-    zeroedChannels = zeroed ? zeroing->columnCount() - 1 : 0;
+    Q_Q(RVXScope);
+    const bool zeroed = zeroing->isZeroed();
+    if (zeroed == ui.clearZeroButton->isEnabledTo(q))
+        return;
     if (!zeroed && ui.clearZeroButton->hasFocus())
         ui.zeroButton->setFocus(); // a disabled button would hand it on to just anything
     ui.clearZeroButton->setEnabled(zeroed);
@@ -172,18 +176,11 @@ void RVXScopePrivate::showZeroed(bool zeroed)
     showState();
 }
 
-//! The proxy drops its zero with a reset that changes the number of channels.
-void RVXScopePrivate::dropLostZero()
-{
-    if (zeroedChannels > 0 && zeroing->columnCount() - 1 != zeroedChannels)
-        showZeroed(false);
-}
-
 //! What is done to the data stays readable while the controls that tell it are hidden.
 void RVXScopePrivate::showState()
 {
     QStringList states;
-    if (zeroedChannels > 0)
+    if (zeroing->isZeroed())
         states << RVXScope::tr("Zeroed");
     if (ui.averagingCombo->currentIndex() > 0)
         states << ui.averagingCombo->currentText();

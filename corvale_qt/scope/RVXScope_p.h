@@ -40,8 +40,7 @@ public:
     bool offerMode(int mode, bool offer);
     void announceYScale();
     void applyPeriod();
-    void showZeroed(bool zeroed);
-    void dropLostZero();
+    void showZeroed();
     void showState();
     void reserveBufferSizeWidth();
     bool save(const QString &fileName);
@@ -55,8 +54,6 @@ public:
     RVXZeroingProxyModel *const zeroing;
     int yScaleMode = PercentRanges;
     int plotMode = RVXScope::StripMode;
-    //! How many channels the zero was taken of; 0 while none is subtracted.
-    int zeroedChannels = 0;
     bool saving = false;
     QString lastSaveDirectory;
 };

@@ -470,7 +470,6 @@ void tst_MultichannelRows::anythingInAnyOrder()
         } else if (what < 86) {
             const QModelIndex box = model->index(0, 1);
             model->setData(box, box.data(Qt::CheckStateRole).toInt() == 0, Qt::CheckStateRole);
-            scene.changed(model, 1);
         } else if (what < 88) {
             model->rollOver = BufferModel::RollOver(below(2));
         } else if (what < 90 && rows > 1) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
@@ -8,7 +9,12 @@
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 
+#include <functional>
+#include <limits>
+
 using namespace Corvale_Qt;
+
+Q_DECLARE_METATYPE(std::function<void(BufferModel &)>)
 
 class tst_RVXZeroingProxyModel : public QObject
 {
@@ -17,7 +23,12 @@ class tst_RVXZeroingProxyModel : public QObject
 private Q_SLOTS:
     void zerosApplyToAllRows();
     void resetsOfTheSource();
+    void channelsComeAndGo_data();
+    void channelsComeAndGo();
     void anotherUnit();
+    void unitsOfTheirOwn();
+    void zerosAreTakenFromFiniteReadings();
+    void cellsThatHoldNothing();
     void nothingToTakeAZeroFrom();
     void rolesAndTexts();
     void filesHoldWhatWasMeasured();
@@ -66,9 +77,92 @@ void tst_RVXZeroingProxyModel::resetsOfTheSource()
     more.append(3, 5);
     proxy.setSourceModel(&more);
     QCOMPARE(rowsText(proxy), QString("3: 5 6"));
+}
+
+void tst_RVXZeroingProxyModel::channelsComeAndGo_data()
+{
+    using Change = std::function<void(BufferModel &)>;
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("rows");
+    const auto row = [](const char *name, const Change &change, const QString &rows) {
+        QTest::newRow(name) << change << rows;
+    };
+    row(
+        "one is appended, and has no zero of its own",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+        },
+        "1: 0 0 7");
+    row(
+        "the appended one goes again",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.appendChannel(8);
+            source.removeChannel(3);
+        },
+        "1: 0 0 8");
+    row(
+        "one is appended, and the samples are cleared",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.Clear();
+            source.append(2, 9);
+        },
+        "2: 5 5 11");
+    row(
+        "one moves in front",
+        [](BufferModel &source) {
+            source.insertChannelInFront(1);
+        },
+        "1: 1 4 5, ended");
+    row(
+        "the first goes",
+        [](BufferModel &source) {
+            source.removeFirstChannel();
+        },
+        "1: 5, ended");
+    row(
+        "they change places",
+        [](BufferModel &source) {
+            source.moveFirstChannelToEnd();
+        },
+        "1: 5 4, ended");
+    row(
+        "an appended one comes in front of them",
+        [](BufferModel &source) {
+            source.appendChannel(7);
+            source.insertChannelInFront(1);
+        },
+        "1: 1 4 5 7, ended");
+}
+
+//! What ends the zero changes every number on display, and is announced by a reset of its own, after the change.
+void tst_RVXZeroingProxyModel::channelsComeAndGo()
+{
+    QFETCH(std::function<void(BufferModel &)>, change);
+    QFETCH(QString, rows);
+    BufferModel other(2), source(2);
+    source.append(1, 4);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&other); // whose changes must not count any more
+    proxy.setSourceModel(&source);
+    const ModelWatch watch(&proxy);
     proxy.zeroNow();
-    more.insertChannelInFront(1);
-    QCOMPARE(rowsText(proxy), QString("3: 1 5 6"));
+    QString atLastReset;
+    connect(&proxy, &QAbstractItemModel::modelReset, this, [&] {
+        atLastReset = proxy.isZeroed() ? QString() : rowsText(proxy) + ", ended";
+    });
+    other.insertChannelInFront(1);
+    QVERIFY(proxy.isZeroed());
+    change(source);
+    QCOMPARE(rowsText(proxy) + (proxy.isZeroed() ? "" : ", ended"), rows);
+    QCOMPARE(atLastReset, proxy.isZeroed() ? QString() : rows);
+    QCOMPARE(watch.complaints(), QString());
+
+    proxy.zeroNow(); // all of them have one now
+    QVERIFY(proxy.isZeroed());
+    for (int column = 1; column < proxy.columnCount(); ++column)
+        QCOMPARE(proxy.doubleData(proxy.rowCount() - 1, column), 0.0);
 }
 
 void tst_RVXZeroingProxyModel::anotherUnit()
@@ -88,6 +182,62 @@ void tst_RVXZeroingProxyModel::anotherUnit()
     QVERIFY(qAbs(proxy.doubleData(1, 1)) < 1e-9);
     source.SetUnits(nullptr);
     QVERIFY(!proxy.units());
+}
+
+void tst_RVXZeroingProxyModel::unitsOfTheirOwn()
+{
+    const Units::nA nA;
+    const Units::pA pA;
+    const Units::mV mV;
+    BufferModel source(2);
+    source.channelUnits[2] = &mV;
+    source.SetUnits(&nA);
+    source.append({{1, {4e-9, 0.25}}});
+    source.append({{2, {5e-9, 0.75}}});
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&source);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&averaging);
+    proxy.zeroNow();
+    QCOMPARE(averaging.index(1, 2).data(Qt::ToolTipRole).toString(), QString("2.500e+02 mV"));
+    QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1.0000 nA"));
+    QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
+    // The zero of a channel follows its own unit, and no other.
+    source.SetUnits(&pA);
+    QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1000.0000 pA"));
+    QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
+}
+
+void tst_RVXZeroingProxyModel::zerosAreTakenFromFiniteReadings()
+{
+    const double gap = std::numeric_limits<double>::quiet_NaN();
+    BufferModel source(3);
+    source.append({{1, {1, 2, gap}}});
+    source.append({{2, {3, gap, gap}}});
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    proxy.zeroNow();
+    source.append({{3, {4, 5, 6}}});
+    QCOMPARE(rowsText(proxy), QString("1: -2 0 nan; 2: 0 nan nan; 3: 1 3 6"));
+}
+
+void tst_RVXZeroingProxyModel::cellsThatHoldNothing()
+{
+    BufferModel source(1);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    source.append(1, 4);
+    source.append(2, 4);
+    proxy.zeroNow();
+    const QModelIndex gone = proxy.index(2, 1);
+    QCOMPARE(gone.data().toString(), QString("0.000e+00"));
+    source.dropOldest(1);
+    for (int role : {int(Qt::DisplayRole),
+                     int(Qt::EditRole),
+                     int(Qt::ToolTipRole),
+                     int(RVXAbstractPlotDataModel::NumericValueRole)})
+        QVERIFY(!proxy.data(gone, role).isValid());
+    QCOMPARE(proxy.doubleData(2, 1), 0.0);
 }
 
 void tst_RVXZeroingProxyModel::nothingToTakeAZeroFrom()

@@ -5,6 +5,7 @@
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
+#include "tests/support/BufferModel.h"
 #include "tests/support/TestMain.h"
 
 #include <QCheckBox>
@@ -25,7 +26,7 @@ private Q_SLOTS:
 
     void averaging();
     void zeroing();
-    void zeroLostWithTheChannels();
+    void zeroFollowsTheProxy();
     void zeroOfAnotherModel();
     void stateWhileTheControlsAreHidden();
     void periods();
@@ -85,22 +86,34 @@ void tst_RVXScope::zeroing()
     QCOMPARE(undo->styleSheet(), QString());
 }
 
-//! The button must not say that a zero is subtracted when the proxy has dropped it.
-void tst_RVXScope::zeroLostWithTheChannels()
+//! The button must not say that a zero is subtracted when the proxy has dropped it, nor the other way round.
+void tst_RVXScope::zeroFollowsTheProxy()
 {
-    PanelDevice device(2);
-    device.fill({{1, {5, 7}}});
+    BufferModel device(2);
+    device.append(1, 5);
     Panel panel;
     panel.setModel(&device);
-    panel.control<QAbstractButton>("zeroButton")->click();
+    panel.show();
+    const auto state = [&] {
+        return panel.values() + (panel.control("clearZeroButton")->isEnabled() ? " zeroed" : "")
+            + (panel.control("clearZeroButton")->styleSheet().isEmpty() ? "" : " green");
+    };
+    panel.click("zeroButton");
     device.Clear(); // a reset with the same channels keeps the zero
-    device.fill({{1, {6, 8}}});
-    QCOMPARE(panel.values(), QString("1: 1 1"));
-    QVERIFY(panel.control("clearZeroButton")->isEnabled());
-    device.setChannels(3);
-    device.fill({{1, {6, 8, 9}}});
-    QCOMPARE(panel.values(), QString("1: 6 8 9"));
-    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
+    device.append(1, 6);
+    QCOMPARE(state(), QString("1: 1 1 zeroed green"));
+    device.appendChannel(9);
+    QCOMPARE(state(), QString("1: 1 1 9 zeroed green"));
+    device.removeFirstChannel();
+    QCOMPARE(state(), QString("1: 7 9"));
+
+    auto *proxy = qobject_cast<RVXZeroingProxyModel *>(panel.topLevelModel());
+    proxy->zeroNow(); // by the host
+    QCOMPARE(state(), QString("1: 0 0 zeroed green"));
+    panel.setEnabled(false); // by the host, too
+    device.insertChannelInFront(3);
+    panel.setEnabled(true);
+    QCOMPARE(state(), QString("1: 3 7 9"));
 }
 
 //! What one instrument read is no zero of the next.

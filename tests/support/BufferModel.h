@@ -4,6 +4,7 @@
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
+#include <QHash>
 #include <QVector>
 
 #include <algorithm>
@@ -115,13 +116,32 @@ public:
         endInsertColumns();
     }
 
-    void removeFirstChannel()
+    void appendChannel(double value)
     {
-        beginRemoveColumns(QModelIndex(), 1, 1);
+        beginInsertColumns(QModelIndex(), m_channels + 1, m_channels + 1);
+        ++m_channels;
+        for (Sample &sample : m_samples)
+            sample.values.append(value);
+        endInsertColumns();
+    }
+
+    void removeFirstChannel() { removeChannel(1); }
+
+    void removeChannel(int column)
+    {
+        beginRemoveColumns(QModelIndex(), column, column);
         --m_channels;
         for (Sample &sample : m_samples)
-            sample.values.removeFirst();
+            sample.values.removeAt(column - 1);
         endRemoveColumns();
+    }
+
+    void moveFirstChannelToEnd()
+    {
+        beginMoveColumns(QModelIndex(), 1, 1, QModelIndex(), m_channels + 1);
+        for (Sample &sample : m_samples)
+            sample.values.append(sample.values.takeFirst());
+        endMoveColumns();
     }
 
     void Clear() override
@@ -151,7 +171,14 @@ public:
         if (column == 0)
             return sample.time;
         const double value = sample.values[column - 1];
-        return units() ? units()->scale(value) : value;
+        const Corvale_Qt::Units::MeasurementUnit *unit = channelUnits.value(column, units());
+        return unit ? unit->scale(value) : value;
+    }
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override
+    {
+        if (role == ChannelUnitRole && index.row() == 0 && channelUnits.contains(index.column()))
+            return QVariant::fromValue(channelUnits.value(index.column()));
+        return RVXAbstractDeviceDataModel::data(index, role);
     }
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override
     {
@@ -165,6 +192,8 @@ public:
     bool SaveDataToFile(const QString &fileName) const override { return fileName == "accepted"; }
 
     RollOver rollOver = InsertAroundRemove;
+    //! Units of the channels that are not in units(), by column. To be filled before anyone attaches.
+    QHash<int, const Corvale_Qt::Units::MeasurementUnit *> channelUnits;
 
 private:
     int m_channels;

@@ -141,6 +141,8 @@ QVariant RVXMultichannelProxyModel::data(const QModelIndex &index, int role) con
     const Channel *const channel = index.isValid() ? d->channel(index.column()) : nullptr;
     if (channel && index.row() == 0 && role == Qt::BackgroundRole)
         return QBrush(RVXPlotColors::color(index.column() - 1));
+    if (channel && index.row() == 0 && role == ChannelUnitRole)
+        return d->unitOf(*channel);
     if (channel && index.row() >= 1 && channel->shownRow(index.row()) < 1)
         return d->withoutReading(role);
     return mapToSource(index).data(role);

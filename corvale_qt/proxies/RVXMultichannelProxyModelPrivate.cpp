@@ -186,6 +186,14 @@ void RVXMultichannelProxyModelPrivate::sourceTitlesChanged(const ChannelSource *
     }
 }
 
+QVariant RVXMultichannelProxyModelPrivate::unitOf(const Channel &channel)
+{
+    const QVariant own =
+        channel.source->index(0, channel.column).data(RVXAbstractPlotDataModel::ChannelUnitRole);
+    const RVXAbstractPlotDataModel *const plot = channel.source->plot();
+    return own.isValid() || !plot ? own : QVariant::fromValue(plot->units());
+}
+
 QVariant RVXMultichannelProxyModelPrivate::withoutReading(int role)
 {
     switch (role) {

@@ -45,6 +45,8 @@ public:
     void sourceTitlesChanged(const ChannelSource *source, int first, int last);
 
     double time(int row) const;
+    //! Its own, or that of its model, for RVXAbstractPlotDataModel::ChannelUnitRole.
+    static QVariant unitOf(const Channel &channel);
     //! What a cell answers for a role that would show a reading, where the channel has none.
     static QVariant withoutReading(int role);
 

@@ -152,10 +152,14 @@ public:
             append(trio, 1 + below(what < 30 ? 1 : std::min(6, trio.device->MaxBufferSize())));
         else if (trio.rows() == 0)
             return;
-        else if (what < 75)
+        else if (what < 72)
             drop(trio, 1 + below(trio.rows()));
-        else
+        else if (what < 83)
             change(trio, 1 + below(trio.rows()));
+        else if (what < 86)
+            toggle(trio);
+        else if (trio.rows() > 1)
+            removeBetween(trio, 2 + below(trio.rows() - 1));
     }
 
     QString difference() const
@@ -266,6 +270,19 @@ private:
     {
         trio.device->change(row, 1, below(1000) / 7.0);
         renewAll(trio, row);
+    }
+
+    void removeBetween(Trio &trio, int first)
+    {
+        trio.device->remove(first, first + below(trio.rows() - first + 1));
+        renewAll(trio, first);
+    }
+    // A check box changes no number.
+    void toggle(Trio &trio)
+    {
+        const QModelIndex box = trio.device->index(0, 1);
+        const bool isOn = box.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+        trio.device->setData(box, !isOn, Qt::CheckStateRole);
     }
 
     // All that resets: by the host, or by what a device does.

@@ -4,8 +4,11 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
+#include "corvale_qt/proxies/SourceChain_p.h"
 #include "corvale_qt/proxies/SourceRelay_p.h"
 #include "corvale_qt/proxies/SourceSignals_p.h"
+
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -27,9 +30,12 @@ public:
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
 
+    //! The source's plot side; null as soon as its deletion has begun, whoever hears of that first.
+    RVXAbstractPlotDataModel *plot() const { return items ? plotSide : nullptr; }
+
     // One object, found from both sides once.
-    QAbstractItemModel *items = nullptr;
-    RVXAbstractPlotDataModel *plot = nullptr;
+    QPointer<QAbstractItemModel> items;
+    RVXAbstractPlotDataModel *plotSide = nullptr;
     // A host's model may make indexes of cells that it does not have, and a host's proxy may have less than its
     // source; the library's own do not.
     bool checksIndexes = true;
@@ -46,6 +52,7 @@ private:
 void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
                                          RVXAbstractPlotDataModel *newPlot)
 {
+    endChanges();
     beginReset();
     if (items) {
         disconnectSource(items, q);
@@ -53,7 +60,7 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
     }
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
-    plot = newPlot;
+    plotSide = newPlot;
     checksIndexes = !PlotColumns::of(newPlot) || !PlotColumns::of(q);
     connectSource(items, q);
     destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
@@ -67,8 +74,9 @@ void RVXPlotProxyModelPrivate::sourceDestroyed()
 {
     // Little is left of it: nobody may reach it, whoever listens to the reset included. So the hook comes first.
     items = nullptr;
-    plot = nullptr;
+    plotSide = nullptr;
     q->sourceModelReset();
+    endChanges();
     beginReset();
     q->QAbstractProxyModel::setSourceModel(nullptr);
     endAllResets();
@@ -135,7 +143,7 @@ void RVXPlotProxyModel::setSourceModel(QAbstractItemModel *model)
 {
     Q_D(RVXPlotProxyModel);
     auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
-    if (!plot || model == d->items || model == this)
+    if (!plot || model == d->items || standsOn(model, this))
         return;
     d->setSource(model, plot);
 }
@@ -143,13 +151,13 @@ void RVXPlotProxyModel::setSourceModel(QAbstractItemModel *model)
 RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel()
 {
     Q_D(RVXPlotProxyModel);
-    return d->plot;
+    return d->plot();
 }
 
 const RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot;
+    return d->plot();
 }
 
 QModelIndex RVXPlotProxyModel::index(int row, int column, const QModelIndex &parent) const
@@ -266,38 +274,38 @@ QItemSelection RVXPlotProxyModel::mapSelectionFromSource(const QItemSelection &s
 bool RVXPlotProxyModel::SaveDataToFile(const QString &fileName) const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot && d->plot->SaveDataToFile(fileName);
+    return d->plot() && d->plot()->SaveDataToFile(fileName);
 }
 
 void RVXPlotProxyModel::Clear()
 {
     Q_D(RVXPlotProxyModel);
-    if (d->plot)
-        d->plot->Clear();
+    if (d->plot())
+        d->plot()->Clear();
 }
 
 int RVXPlotProxyModel::PlotWidthHintPoints() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->PlotWidthHintPoints() : 0;
+    return d->plot() ? d->plot()->PlotWidthHintPoints() : 0;
 }
 
 double RVXPlotProxyModel::PlotWidthHint() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->PlotWidthHint() : 0.0;
+    return d->plot() ? d->plot()->PlotWidthHint() : 0.0;
 }
 
 const Units::MeasurementUnit *RVXPlotProxyModel::units() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->units() : nullptr;
+    return d->plot() ? d->plot()->units() : nullptr;
 }
 
 const Units::MeasurementUnit *RVXPlotProxyModel::xUnits() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->xUnits() : nullptr;
+    return d->plot() ? d->plot()->xUnits() : nullptr;
 }
 
 QwtSeriesData<QPointF> *RVXPlotProxyModel::seriesData(int column, int startRow, int endRow) const
@@ -308,7 +316,7 @@ QwtSeriesData<QPointF> *RVXPlotProxyModel::seriesData(int column, int startRow, 
 int RVXPlotProxyModel::MaxBufferSize() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->MaxBufferSize() : 0;
+    return d->plot() ? d->plot()->MaxBufferSize() : 0;
 }
 
 void RVXPlotProxyModel::sourceRowsInserted(const QModelIndex &, int, int) { }

@@ -31,7 +31,7 @@ public:
     ~RVXPlotProxyModel() override;
 
     /*! Takes a model that is a RVXAbstractPlotDataModel as well, in one reset. Any other model, null, the present
-        source and the proxy itself are refused without a word. */
+        source, the proxy itself and a model that stands on it are refused without a word. */
     void setSourceModel(QAbstractItemModel *model) override;
     //! The source's plot side; null without a source.
     RVXAbstractPlotDataModel *sourcePlotModel();

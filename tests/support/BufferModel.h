@@ -10,14 +10,15 @@
 #include <algorithm>
 
 /*! A device model with a small buffer and any number of channels that does all that a host's model may do: grow, roll over
-    in either order of announcements, drop, change, move, sort, gain and lose channels. It knows no bulk
+    in any order of announcements, drop, change, move, sort, gain and lose channels. It knows no bulk
     reading, as no host's model does. */
 class BufferModel : public Corvale_Qt::RVXAbstractDeviceDataModel
 {
 public:
     enum RollOver {
         InsertAroundRemove,
-        RemoveThenInsert
+        RemoveThenInsert,
+        InsertThenRemove
     };
 
     //! One sample: its time and a value for each channel, in the base unit.
@@ -60,6 +61,8 @@ public:
             endRemoveRows();
         }
         endInsertRows();
+        if (surplus > 0 && rollOver == InsertThenRemove)
+            dropOldest(surplus);
     }
 
     void dropOldest(int count) { remove(1, count); }

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void readingsThatAreNotFinite_data();
     void readingsThatAreNotFinite();
     void aRowThatIsNotAnnouncedYet();
+    void aSourceOfWhichLittleIsLeft();
     void headerAndTimePassThrough();
     void textsAreInTheUnit();
     void chunksEqualTheRecurrence_data();
@@ -332,6 +333,32 @@ void tst_RVXAveragingProxyModel::aRowThatIsNotAnnouncedYet()
     const QModelIndex gone = proxy.index(1, 1);
     source.dropOldest(1);
     QVERIFY(!proxy.data(gone, Qt::ToolTipRole).isValid());
+}
+
+void tst_RVXAveragingProxyModel::aSourceOfWhichLittleIsLeft()
+{
+    RVXAveragingProxyModel proxy;
+    RVXZeroingProxyModel zeroing;
+    QVector<double> numbers;
+    QModelIndex cell, zeroed;
+    {
+        BufferModel source(1);
+        // Connected before the proxies, which have not heard that it goes.
+        connect(&source, &QObject::destroyed, this, [&] {
+            numbers << proxy.doubleData(0, 1) << zeroing.doubleData(0, 1);
+            QVERIFY(!proxy.data(cell).isValid() && !proxy.data(proxy.index(1, 1)).isValid());
+            QVERIFY(!zeroing.data(zeroed).isValid());
+            zeroing.zeroNow();
+        });
+        proxy.setSourceModel(&source);
+        zeroing.setSourceModel(&proxy);
+        source.append(1, 4);
+        zeroing.zeroNow();
+        cell = proxy.index(1, 1);
+        zeroed = zeroing.index(1, 1);
+    }
+    QCOMPARE(numbers, QVector<double>({0.0, 0.0}));
+    QCOMPARE(zeroing.rowCount(), 0);
 }
 
 void tst_RVXAveragingProxyModel::headerAndTimePassThrough()

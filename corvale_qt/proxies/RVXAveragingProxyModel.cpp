@@ -7,6 +7,7 @@
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -216,24 +217,17 @@ QVariant RVXAveragingProxyModel::data(const QModelIndex &index, int role) const
         return QVariant();
     const int row = index.row();
     const int column = index.column();
-    if (row < 1 || column < 1 || column > d->averages.channels())
+    const bool isSample = row >= 1 && column >= 1 && column <= d->averages.channels();
+    if (!isSample || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-
     // The source may have a row already that has not been announced here.
-    const bool hasAverage = d->averages.has(row, column);
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return hasAverage ? shownText(channelUnit(this, column), doubleData(row, column))
-                          : QVariant();
-    case Qt::ToolTipRole:
-        return hasAverage ? shownTextWithUnit(channelUnit(this, column), doubleData(row, column))
-                          : QVariant();
-    case NumericValueRole:
-        return hasAverage ? doubleData(row, column) : QVariant();
-    default:
+    if (!d->averages.has(row, column))
+        return QVariant();
+    const double average = d->averages.value(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(average))
         return RVXPlotProxyModel::data(index, role);
-    }
+    return readingFor(role, channelUnit(this, column), average);
 }
 
 void RVXAveragingProxyModel::Clear()

@@ -239,23 +239,17 @@ QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
     Q_D(const RVXZeroingProxyModel);
     if (!sourcePlotModel()) // which may be there in part
         return QVariant();
-    if (!d->isZeroed(index.row(), index.column()))
-        return RVXPlotProxyModel::data(index, role);
-
     const int row = index.row();
     const int column = index.column();
-    const bool isThere = row < rowCount();
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return isThere ? shownText(d->unitOf(column), doubleData(row, column)) : QVariant();
-    case Qt::ToolTipRole:
-        return isThere ? shownTextWithUnit(d->unitOf(column), doubleData(row, column)) : QVariant();
-    case NumericValueRole:
-        return isThere ? doubleData(row, column) : QVariant();
-    default:
+    if (!d->isZeroed(row, column) || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-    }
+    if (row >= rowCount())
+        return QVariant();
+    const double value = doubleData(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(value))
+        return RVXPlotProxyModel::data(index, role);
+    return readingFor(role, d->unitOf(column), value);
 }
 
 double RVXZeroingProxyModel::doubleData(int row, int column) const

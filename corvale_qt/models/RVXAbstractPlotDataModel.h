@@ -3,11 +3,9 @@
 
 #include "corvale_qt/corvale_qt_export.h"
 
-#include <QString>
+#include <qwt_series_data.h>
 
-class QPointF;
-template<typename T>
-class QwtSeriesData;
+#include <QString>
 
 namespace Corvale_Qt {
 

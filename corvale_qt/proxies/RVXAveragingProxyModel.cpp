@@ -7,6 +7,7 @@
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -25,7 +26,6 @@ public:
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     int sampleRows() const;
-    int capacity() const;
     void rebuild();
     void insertColumns(int first, int last);
     void removeColumns(int first, int last);
@@ -37,7 +37,6 @@ public:
 
     RVXAveragingProxyModel *const q;
     RunningAverages averages;
-    RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
 
 private:
@@ -85,20 +84,14 @@ bool RVXAveragingProxyModelPrivate::spans(int column,
 
 int RVXAveragingProxyModelPrivate::sampleRows() const
 {
-    return q->sourceModel()->rowCount() - 1;
-}
-
-int RVXAveragingProxyModelPrivate::capacity() const
-{
-    return plot ? plot->MaxBufferSize() : 0;
+    return q->rowCount() - 1;
 }
 
 void RVXAveragingProxyModelPrivate::rebuild()
 {
-    plot = q->sourcePlotModel();
-    source = PlotColumnReader(plot);
+    source = PlotColumnReader(q->sourcePlotModel());
     averages.reset(0, 0);
-    insertColumns(1, plot ? q->sourceModel()->columnCount() - 1 : 0);
+    insertColumns(1, q->columnCount() - 1);
 }
 
 //! Channels \a first to \a last are new; the others keep their averages.
@@ -108,7 +101,7 @@ void RVXAveragingProxyModelPrivate::insertColumns(int first, int last)
         rebuild();
         return;
     }
-    averages.insertChannels(first, std::max(last - first + 1, 0), capacity());
+    averages.insertChannels(first, std::max(last - first + 1, 0), q->MaxBufferSize());
     for (int column = first; column <= last; ++column)
         averages.startFollowing(column, source.droppedRows(column));
     update(first, last, 1);
@@ -132,7 +125,7 @@ void RVXAveragingProxyModelPrivate::moveColumns(int first, int last, int before)
 
 void RVXAveragingProxyModelPrivate::update(int firstColumn, int lastColumn, int from)
 {
-    if (!plot)
+    if (!q->sourcePlotModel())
         return;
     lastColumn = std::min(lastColumn, averages.channels());
     for (int column = firstColumn; column <= lastColumn; ++column)
@@ -220,27 +213,21 @@ void RVXAveragingProxyModel::setAveraging(int length)
 QVariant RVXAveragingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXAveragingProxyModel);
+    if (!sourcePlotModel()) // which may be there in part
+        return QVariant();
     const int row = index.row();
     const int column = index.column();
-    if (row < 1 || column < 1 || column > d->averages.channels())
+    const bool isSample = row >= 1 && column >= 1 && column <= d->averages.channels();
+    if (!isSample || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-
     // The source may have a row already that has not been announced here.
-    const bool hasAverage = d->averages.has(row, column);
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return hasAverage ? shownText(channelUnit(sourceModel(), column), doubleData(row, column))
-                          : QVariant();
-    case Qt::ToolTipRole:
-        return hasAverage
-            ? shownTextWithUnit(channelUnit(sourceModel(), column), doubleData(row, column))
-            : QVariant();
-    case NumericValueRole:
-        return hasAverage ? doubleData(row, column) : QVariant();
-    default:
+    if (!d->averages.has(row, column))
+        return QVariant();
+    const double average = d->averages.value(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(average))
         return RVXPlotProxyModel::data(index, role);
-    }
+    return readingFor(role, channelUnit(this, column), average);
 }
 
 void RVXAveragingProxyModel::Clear()
@@ -257,7 +244,8 @@ double RVXAveragingProxyModel::doubleData(int row, int column) const
     Q_D(const RVXAveragingProxyModel);
     if (d->averages.has(row, column))
         return d->averages.value(row, column);
-    return d->plot ? d->plot->doubleData(row, column) : 0.0;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    return plot ? plot->doubleData(row, column) : 0.0;
 }
 
 void RVXAveragingProxyModel::sourceRowsInserted(const QModelIndex &, int first, int last)
@@ -272,8 +260,6 @@ void RVXAveragingProxyModel::sourceRowsInserted(const QModelIndex &, int first, 
 void RVXAveragingProxyModel::sourceRowsRemoved(const QModelIndex &, int first, int last)
 {
     Q_D(RVXAveragingProxyModel);
-    if (!d->plot)
-        return;
     if (first <= 1) {
         d->dropOldest(last - std::max(first, 1) + 1);
         return;

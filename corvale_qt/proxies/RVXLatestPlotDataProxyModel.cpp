@@ -90,8 +90,11 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceDataChanged(const QModelIndex 
                  newest ? DataColumn : ChannelColumn);
     if (header) // the check state of all channels together
         Q_EMIT q->headerDataChanged(Qt::Horizontal, ChannelColumn, ChannelColumn);
-    // All samples change when a unit does, of which no signal need have come through the proxies below.
-    if (header || (newest && topLeft.row() <= 1))
+    // All samples change when a unit does, of which no signal need have come through the proxies below. What changes
+    // channel by channel, as merged channels that roll over do, is not worth asking all of them.
+    const bool everySample =
+        newest && topLeft.row() <= 1 && topLeft.column() <= 1 && bottomRight.column() >= channels();
+    if (header || everySample)
         retitle();
 }
 

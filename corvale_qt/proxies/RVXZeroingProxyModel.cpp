@@ -45,7 +45,6 @@ public:
     bool active = false;
     // Whether channels may have units of their own, which cost more to ask for.
     bool unitsDiffer = false;
-    RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
 
 private:
@@ -72,7 +71,7 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     if (!isZeroed(1, column))
         return;
     const double zero = shownZero(column);
-    const int end = std::clamp(q->sourceModel()->rowCount() - firstRow, 0, count);
+    const int end = std::clamp(q->rowCount() - firstRow, 0, count);
     for (int i = std::max(1 - firstRow, 0); i < end; ++i)
         out[i] -= zero;
     // A cell that holds no sample reads 0, and stays so.
@@ -98,12 +97,12 @@ bool RVXZeroingProxyModelPrivate::spans(int column,
 
 bool RVXZeroingProxyModelPrivate::isZeroed(int row, int column) const
 {
-    return active && plot && row >= 1 && column >= 1 && column <= zeros.size();
+    return active && row >= 1 && column >= 1 && column <= zeros.size();
 }
 
 const Units::MeasurementUnit *RVXZeroingProxyModelPrivate::unitOf(int column) const
 {
-    return unitsDiffer ? channelUnit(q->sourceModel(), column) : q->units();
+    return unitsDiffer ? channelUnit(q, column) : q->units();
 }
 
 double RVXZeroingProxyModelPrivate::shownZero(int column) const
@@ -116,7 +115,8 @@ double RVXZeroingProxyModelPrivate::shownZero(int column) const
     there is none. */
 double RVXZeroingProxyModelPrivate::newestReading(int column) const
 {
-    const int newest = q->sourceModel()->rowCount() - 1;
+    const RVXAbstractPlotDataModel *const plot = q->sourcePlotModel();
+    const int newest = q->rowCount() - 1;
     // The header row is no sample: its numbers count the channels.
     double reading = plot->doubleData(newest >= 1 ? newest : -1, column);
     for (int row = newest - 1; row >= 1 && !std::isfinite(reading); --row)
@@ -206,10 +206,10 @@ RVXZeroingProxyModel::~RVXZeroingProxyModel() = default;
 void RVXZeroingProxyModel::zeroNow()
 {
     Q_D(RVXZeroingProxyModel);
-    if (!d->plot)
+    if (!sourcePlotModel())
         return;
     beginSharedReset();
-    d->channels = std::max(sourceModel()->columnCount() - 1, 0);
+    d->channels = std::max(columnCount() - 1, 0);
     d->zeros.resize(d->channels);
     for (int column = 1; column <= d->channels; ++column) {
         const double shown = d->newestReading(column);
@@ -237,29 +237,26 @@ bool RVXZeroingProxyModel::isZeroed() const
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXZeroingProxyModel);
-    if (!d->isZeroed(index.row(), index.column()))
-        return RVXPlotProxyModel::data(index, role);
-
+    if (!sourcePlotModel()) // which may be there in part
+        return QVariant();
     const int row = index.row();
     const int column = index.column();
-    const bool isThere = row < rowCount();
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return isThere ? shownText(d->unitOf(column), doubleData(row, column)) : QVariant();
-    case Qt::ToolTipRole:
-        return isThere ? shownTextWithUnit(d->unitOf(column), doubleData(row, column)) : QVariant();
-    case NumericValueRole:
-        return isThere ? doubleData(row, column) : QVariant();
-    default:
+    if (!d->isZeroed(row, column) || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-    }
+    if (row >= rowCount())
+        return QVariant();
+    const double value = doubleData(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(value))
+        return RVXPlotProxyModel::data(index, role);
+    return readingFor(role, d->unitOf(column), value);
 }
 
 double RVXZeroingProxyModel::doubleData(int row, int column) const
 {
     Q_D(const RVXZeroingProxyModel);
-    const double value = d->plot ? d->plot->doubleData(row, column) : 0.0;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    const double value = plot ? plot->doubleData(row, column) : 0.0;
     if (!d->isZeroed(row, column))
         return value;
     // A cell that holds no sample reads 0, and stays so. Counting the rows costs a way down the whole stack.
@@ -271,11 +268,11 @@ double RVXZeroingProxyModel::doubleData(int row, int column) const
 void RVXZeroingProxyModel::sourceModelReset()
 {
     Q_D(RVXZeroingProxyModel);
-    d->plot = sourcePlotModel();
-    d->source = PlotColumnReader(d->plot);
-    d->followColumnsOf(d->plot ? sourceModel() : nullptr);
-    d->unitsDiffer = d->plot && hasChannelUnits(sourceModel());
-    const int columns = d->plot ? sourceModel()->columnCount() : 0;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    d->source = PlotColumnReader(plot);
+    d->followColumnsOf(plot ? sourceModel() : nullptr);
+    d->unitsDiffer = hasChannelUnits(this);
+    const int columns = columnCount();
     d->takeChannels(std::max(columns - 1, 0));
     if (columns < 1)
         d->active = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelLog.h"
@@ -80,10 +82,13 @@ private Q_SLOTS:
     void readingsThatAreNotFinite_data();
     void readingsThatAreNotFinite();
     void aRowThatIsNotAnnouncedYet();
+    void aSourceOfWhichLittleIsLeft();
     void headerAndTimePassThrough();
     void textsAreInTheUnit();
     void chunksEqualTheRecurrence_data();
     void chunksEqualTheRecurrence();
+    void memoryOfLibraryModels_data();
+    void memoryOfLibraryModels();
     void aHostsNumbersAreTheOnesAveraged();
     void aFullBufferThatRollsOver();
     void clearIsOneReset();
@@ -330,6 +335,32 @@ void tst_RVXAveragingProxyModel::aRowThatIsNotAnnouncedYet()
     QVERIFY(!proxy.data(gone, Qt::ToolTipRole).isValid());
 }
 
+void tst_RVXAveragingProxyModel::aSourceOfWhichLittleIsLeft()
+{
+    RVXAveragingProxyModel proxy;
+    RVXZeroingProxyModel zeroing;
+    QVector<double> numbers;
+    QModelIndex cell, zeroed;
+    {
+        BufferModel source(1);
+        // Connected before the proxies, which have not heard that it goes.
+        connect(&source, &QObject::destroyed, this, [&] {
+            numbers << proxy.doubleData(0, 1) << zeroing.doubleData(0, 1);
+            QVERIFY(!proxy.data(cell).isValid() && !proxy.data(proxy.index(1, 1)).isValid());
+            QVERIFY(!zeroing.data(zeroed).isValid());
+            zeroing.zeroNow();
+        });
+        proxy.setSourceModel(&source);
+        zeroing.setSourceModel(&proxy);
+        source.append(1, 4);
+        zeroing.zeroNow();
+        cell = proxy.index(1, 1);
+        zeroed = zeroing.index(1, 1);
+    }
+    QCOMPARE(numbers, QVector<double>({0.0, 0.0}));
+    QCOMPARE(zeroing.rowCount(), 0);
+}
+
 void tst_RVXAveragingProxyModel::headerAndTimePassThrough()
 {
     BufferModel source(2);
@@ -418,6 +449,56 @@ void tst_RVXAveragingProxyModel::chunksEqualTheRecurrence()
     // And continued from a row in between, over the channels of one change.
     Q_EMIT source.dataChanged(source.index(samples / 2, 1), source.index(samples / 2, channels));
     QCOMPARE(compare(), QString());
+}
+
+void tst_RVXAveragingProxyModel::memoryOfLibraryModels_data()
+{
+    QTest::addColumn<int>("zeros");
+    QTest::newRow("in a unit") << 0;
+    QTest::newRow("with a zero") << 1;
+    QTest::newRow("with a zero over a zero") << 2;
+}
+
+/*! Averages of what the models hold in memory, of which each ring has its edge elsewhere, against numbers that have
+    been through no model. */
+void tst_RVXAveragingProxyModel::memoryOfLibraryModels()
+{
+    QFETCH(int, zeros);
+    constexpr int capacity = 100000;
+    constexpr int length = 16;
+    const Units::mA mA;
+    const auto reading = [](int channel, int i) {
+        return channel + (i % 1000) * 1e-3;
+    };
+    RVXSingleChannelDataModel models[5];
+    RVXMultichannelProxyModel merged;
+    for (int c = 0; c < 5; ++c) {
+        models[c].SetUnits(&mA);
+        for (int i = 0; i < capacity + 700 + 37 * c; ++i)
+            models[c].AddData(i + 1, reading(c, i));
+        merged.addSourceModel(&models[c], 1);
+    }
+    RVXZeroingProxyModel zeroing[2];
+    zeroing[0].setSourceModel(&merged);
+    zeroing[1].setSourceModel(&zeroing[0]);
+    // The upper first, so that each of them takes the reading as it is.
+    for (int i = zeros - 1; i >= 0; --i)
+        zeroing[i].zeroNow();
+    RVXAveragingProxyModel proxy;
+    proxy.setAveraging(length);
+    proxy.setSourceModel(&zeroing[1]);
+
+    for (int c = 0; c < 5; ++c) {
+        const int first = 700 + 37 * c;
+        const double zero = zeros * 1e3 * reading(c, first + capacity - 1);
+        double average = 1e3 * reading(c, first) - zero;
+        for (int row = 1; row <= capacity; ++row) {
+            const double x = 1e3 * reading(c, first + row - 1) - zero;
+            average += (x - average) / length;
+            if (!(std::abs(proxy.doubleData(row, c + 1) - average) < 1e-6))
+                QFAIL(qPrintable(QStringLiteral("channel %1, row %2").arg(c + 1).arg(row)));
+        }
+    }
 }
 
 void tst_RVXAveragingProxyModel::aHostsNumbersAreTheOnesAveraged()

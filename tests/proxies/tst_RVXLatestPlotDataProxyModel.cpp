@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelLog.h"
@@ -75,6 +78,7 @@ private Q_SLOTS:
     void headers();
     void theUnitBelowAChainOfProxies();
     void channelsInDifferentUnits();
+    void aMergedChannelWithoutReadings();
     void checkStateOfAllChannels();
     void channelCells();
     void draggedNames();
@@ -275,6 +279,31 @@ void tst_RVXLatestPlotDataProxyModel::channelsInDifferentUnits()
     QCOMPARE(title(), QString("Data (mV)"));
     QCOMPARE(proxy.index(0, 1).data().toString(), QString("4.000e-06"));
     QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::aMergedChannelWithoutReadings()
+{
+    const Units::nA nA;
+    const Units::mV mV;
+    RVXSingleChannelDataModel current, voltage;
+    current.SetUnits(&nA);
+    voltage.SetUnits(&mV);
+    RVXMultichannelProxyModel merged;
+    merged.addSourceModel(&current, 1);
+    merged.addSourceModel(&voltage, 1);
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&merged);
+    averaging.setAveraging(2);
+    RVXZeroingProxyModel zeroing;
+    zeroing.setSourceModel(&averaging);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&zeroing);
+    current.AddData(1, 4e-9);
+    QCOMPARE(cells(proxy), QString("1=4.0000 nA 1=N/A"));
+    zeroing.zeroNow();
+    QCOMPARE(cells(proxy), QString("1=0.0000 nA 1=N/A"));
+    voltage.AddData(1, 0.5);
+    QCOMPARE(cells(proxy), QString("1=0.0000 nA 1=5.000e+02 mV"));
 }
 
 void tst_RVXLatestPlotDataProxyModel::checkStateOfAllChannels()

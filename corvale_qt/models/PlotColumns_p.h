@@ -104,8 +104,8 @@ struct SeriesColumns
     }
 };
 
-/*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy. There is nothing to read
-    any more as soon as the model's deletion has begun, whoever hears of that first. */
+/*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy. As soon as the
+    model's deletion has begun it reads nothing, also before anyone has heard of that. */
 class PlotColumnReader
 {
 public:

@@ -84,7 +84,7 @@ void ChannelSource::_q_sourceRowsMoved(const QModelIndex &, int, int, const QMod
     d->ledger.end(*this, SourceChange::RowMove);
 }
 
-// Which channel a column is, nobody knows any more once the source's columns are others.
+// Once the columns of the source have changed, their old numbers no longer say which channel is which.
 void ChannelSource::_q_sourceColumnsAboutToBeInserted(const QModelIndex &, int, int)
 {
     d->ledger.aboutToBeReset(*this, SourceChange::Columns);
@@ -133,7 +133,7 @@ void ChannelSource::_q_sourceDataChanged(const QModelIndex &topLeft, const QMode
     const int lastRow = std::min(last, d->ledger.rows());
     if (topLeft.row() > lastRow)
         return; // a row that is not announced yet
-    const QVector<int> shown = columns; // whoever listens may take this source out
+    const QVector<int> shown = columns; // a listener may take this source out
     const int firstChannel = shown.first();
     d->ledger.announceCells(topLeft.row(),
                             topLeft.column() == 0 ? 0 : firstChannel,

@@ -50,7 +50,7 @@ public:
     //! The proxy shows the model no more. Deleted later: one of its own signals may have led here.
     void retire();
 
-    //! The model's plot side; null as soon as its deletion has begun, whoever hears of that first.
+    //! The model's plot side; null as soon as the model's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? m_plot : nullptr; }
     int rowCount() const { return items ? items->rowCount() : 0; }
     QModelIndex index(int row, int column) const

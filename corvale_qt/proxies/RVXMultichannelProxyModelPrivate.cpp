@@ -164,7 +164,8 @@ void RVXMultichannelProxyModelPrivate::sourceDestroyed(ChannelSource *source)
     };
     channels.erase(std::remove_if(channels.begin(), channels.end(), isOfSource), channels.end());
     channelsChanged();
-    // Proxies of it may not have heard yet. They know better how many rows they have left than the account does.
+    // Proxies that stand on the model may not have announced their reset yet. They are asked how many rows they have;
+    // the account is out of date.
     for (const auto &other : sources)
         other->rows = 0;
     ledger.beginReset();

@@ -30,7 +30,7 @@ public:
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
 
-    //! The source's plot side; null as soon as its deletion has begun, whoever hears of that first.
+    //! The source's plot side; null as soon as the source's deletion has begun, also before this hears of it.
     RVXAbstractPlotDataModel *plot() const { return items ? plotSide : nullptr; }
 
     // One object, found from both sides once.

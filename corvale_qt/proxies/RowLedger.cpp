@@ -158,7 +158,7 @@ void RowLedger::endReset()
 {
     --m_open;
     finishReset();
-    // Who is in the middle of a change was counted in the middle of it.
+    // Sources in the middle of a change may have been counted wrongly: they are counted again at its end.
     m_needsReset = isBusy();
 }
 
@@ -182,7 +182,7 @@ void RowLedger::announceBegin(Change change, Announce announce)
     m_beginning = outer;
     if (!opened)
         m_change = Change::None;
-    // Nobody is left to end it where a listener took its source out.
+    // A listener may have taken out the source that would have ended it.
     settle();
 }
 
@@ -281,7 +281,7 @@ void RowLedger::announce(Change change, int first, int last)
 {
     if (first > last)
         return;
-    ++m_open; // who listens to the beginning must not end it
+    ++m_open; // a listener to the beginning must not end it
     open(change, first, last, m_shifted);
     --m_open;
     close();
@@ -304,7 +304,7 @@ bool RowLedger::isSettled() const
 //! Tells what there is to tell, once no source is in the middle of a change.
 void RowLedger::settle()
 {
-    // Whoever listens may bring more.
+    // Listeners may bring more.
     while (!isBusy() && !m_beginning && !isSettled()) {
         if (m_needsReset) {
             close();
@@ -346,7 +346,7 @@ void RowLedger::tell(ChannelSource &source, int knownRows, qint64 shift)
     } else if (news.dropped > 0 && news.dropped != shift && first > last && m_rows > 1) {
         first = last = m_rows; // a single row would begin its averages anew
     }
-    const QVector<int> columns = source.columns; // whoever listens may take the source out
+    const QVector<int> columns = source.columns; // a listener may take the source out
     for (int i = 0; news.header && i < columns.size(); ++i)
         announceCells(0, columns[i], 0, columns[i]);
     columnsChanged(source, first, last);
@@ -371,7 +371,7 @@ void RowLedger::announceCells(int firstRow, int firstColumn, int lastRow, int la
     const QModelIndex from = q->index(firstRow, firstColumn);
     const QModelIndex to = q->index(lastRow, lastColumn);
     if (!from.isValid() || !to.isValid())
-        return; // gone while others were told
+        return; // a listener has reset the table or made it shorter
     q->sourceDataChanged(from, to);
     Q_EMIT q->dataChanged(from, to);
 }

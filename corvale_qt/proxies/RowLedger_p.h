@@ -39,7 +39,7 @@ public:
 
     //! Sample rows of the proxy, as announced.
     int rows() const { return m_rows; }
-    //! Whether some source is in the middle of a change: what another one says meanwhile is told afterwards.
+    //! Whether some source is in the middle of a change. What other sources say meanwhile is told afterwards.
     bool isBusy() const { return m_open > 0; }
 
     void rowsAboutToBeInserted(ChannelSource &source, int last);
@@ -75,7 +75,7 @@ private:
         Reset
     };
 
-    //! \a source begins something; false where it is not the first to do so, and nothing can be announced now.
+    //! Notes that \a source begins a change; false if another change is announced, so that this one cannot be.
     bool begin(ChannelSource &source, SourceChange change);
     template<typename Announce>
     void announceBegin(Change change, Announce announce);
@@ -124,7 +124,7 @@ private:
     int m_first = 0;
     int m_last = 0;
     qint64 m_shift = 0;
-    // Views are being told of its beginning: it cannot be ended yet.
+    // Views are being told of its beginning; it must not be ended before all of them have heard.
     bool m_beginning = false;
     HeldIndexes m_held;
 };

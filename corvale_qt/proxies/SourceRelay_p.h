@@ -180,8 +180,8 @@ public:
         m_resets = qMin(m_resets, 1);
         endReset();
     }
-    /*! The same for all other changes, the last one first. Where somebody who hears of a beginning led here, they are
-        ended after that. */
+    /*! Ends all other open changes, the last one first. While the beginning of one is being announced this waits until
+        all listeners have heard of it. */
     void endChanges()
     {
         m_endsAll = m_beginning > 0;

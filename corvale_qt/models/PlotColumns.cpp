@@ -55,7 +55,8 @@ bool PlotColumns::add(std::type_index modelClass, Finder find)
 }
 
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
-    : m_model(model)
+    : m_object(dynamic_cast<const QObject *>(model))
+    , m_model(model)
     , m_columns(PlotColumns::of(model))
 {
 }
@@ -67,34 +68,34 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (m_columns) {
+    if (!m_object) {
+        std::fill_n(out, std::max(count, 0), 0.0);
+    } else if (m_columns) {
         m_columns->read(column, firstRow, count, out);
-    } else if (m_model) {
+    } else {
         for (int i = 0; i < count; ++i)
             out[i] = m_model->doubleData(firstRow + i, column);
-    } else {
-        std::fill_n(out, std::max(count, 0), 0.0);
     }
 }
 
 bool PlotColumnReader::xRises() const
 {
-    return m_columns && m_columns->xRises();
+    return columns() && m_columns->xRises();
 }
 
 bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    return m_columns && m_columns->spans(column, firstRow, count, spans);
+    return columns() && m_columns->spans(column, firstRow, count, spans);
 }
 
 quint64 PlotColumnReader::xVersion() const
 {
-    return m_columns ? m_columns->xVersion() : 0;
+    return columns() ? m_columns->xVersion() : 0;
 }
 
 qint64 PlotColumnReader::droppedRows(int column) const
 {
-    return m_columns ? m_columns->droppedRows(column) : -1;
+    return columns() ? m_columns->droppedRows(column) : -1;
 }
 
 } // namespace Corvale_Qt

@@ -9,6 +9,7 @@
  */
 
 #include <QByteArray>
+#include <QPointer>
 
 #include <typeindex>
 
@@ -103,8 +104,8 @@ struct SeriesColumns
     }
 };
 
-/*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy; must not outlive
-    the model. */
+/*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy. As soon as the
+    model's deletion has begun it reads nothing, also before anyone has heard of that. */
 class PlotColumnReader
 {
 public:
@@ -124,9 +125,10 @@ public:
     //! As PlotColumns::droppedRows(); -1 where nobody knows.
     qint64 droppedRows(int column) const;
     //! The model's bulk side, or null.
-    const PlotColumns *columns() const { return m_columns; }
+    const PlotColumns *columns() const { return m_object ? m_columns : nullptr; }
 
 private:
+    QPointer<const QObject> m_object; // the model
     const RVXAbstractPlotDataModel *m_model = nullptr;
     const PlotColumns *m_columns = nullptr;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QAbstractItemModel>
 #include <QFont>

@@ -3,11 +3,9 @@
 
 #include "corvale_qt/corvale_qt_export.h"
 
-#include <QString>
+#include <qwt_series_data.h>
 
-class QPointF;
-template<typename T>
-class QwtSeriesData;
+#include <QString>
 
 namespace Corvale_Qt {
 
@@ -33,6 +31,9 @@ public:
         /*! At the cell (last row, 0): fits that the device made, a QVariantList of mean, sigma and peak height
             for each group of channels; means are 0-based within the group. */
         DeviceFitRole = 34,
+        /*! At the cell (0, c): the unit of channel c, a const Units::MeasurementUnit *. Invalid where the channel is in
+            units(), as all channels of a device are. The model keeps the unit as it keeps units(). */
+        ChannelUnitRole = 35,
     };
 
     RVXAbstractPlotDataModel();

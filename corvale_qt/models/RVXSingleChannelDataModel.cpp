@@ -140,9 +140,9 @@ QVariant RVXSingleChannelDataModelPrivate::toolTip(int row, int column) const
 {
     if (column == 0)
         return displayText(row, column);
-    if (row == 0)
+    if (!has(row))
         return QVariant();
-    const double value = values.at(row - 1);
+    const double value = values[row - 1];
     const Units::MeasurementUnit *unit = q->units();
     return unit ? unit->formatSuffix(value) : QString::number(value);
 }
@@ -323,6 +323,8 @@ QVariant RVXSingleChannelDataModel::deviceSpecificData(const QModelIndex &index,
     case Qt::ToolTipRole:
         return d->toolTip(index.row(), index.column());
     case NumericValueRole:
+        if (index.row() != 0 && !d->has(index.row()))
+            return QVariant();
         return doubleData(index.row(), index.column());
     default:
         return QVariant();

@@ -13,6 +13,10 @@ class RVXSingleChannelDataModelPrivate;
     of each sample; with it off, they hear when the host calls UpdateView(). A table view costs more per sample
     than anything else here, so feed tables the second way, from a timer.
 
+    With autoUpdate() on, the rows are counted before a new one is announced, an order that hosts rely on. A proxy
+    that keeps a map of its source's rows, as QSortFilterProxyModel does, then counts the new row twice and shows one
+    that is not there. Under such a proxy keep autoUpdate() off and call UpdateView().
+
     While the buffer is full, a sample that arrives is announced as an insertion at the end with the removal of row
     1 inside it. An index on the last row therefore moves to the newest sample; the others keep theirs.
 
@@ -55,7 +59,6 @@ public:
     index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
     double doubleData(int row, int column) const override;
     bool isOverrange(int channel, int sample) const override;
-    //! The tool tip of a row that the buffer does not have throws std::out_of_range.
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override;
 
 private:

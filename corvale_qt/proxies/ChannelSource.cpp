@@ -11,13 +11,13 @@ ChannelSource::ChannelSource(RVXMultichannelProxyModel *proxy,
                              RVXMultichannelProxyModelPrivate *proxyPrivate,
                              QAbstractItemModel *model,
                              RVXAbstractPlotDataModel *plotModel)
-    : SourceRelay(proxy)
-    , items(model)
-    , plot(plotModel)
+    : items(model)
     , reader(plotModel)
+    , q(proxy)
     , d(proxyPrivate)
+    , m_plot(plotModel)
 {
-    connect(items, &QObject::destroyed, this, [this] {
+    connect(model, &QObject::destroyed, this, [this] {
         m_wired = false;
         d->sourceDestroyed(this);
     });
@@ -29,32 +29,25 @@ void ChannelSource::wire()
         return;
     m_wired = true;
     connectSource(items, this);
-    connectUnitsChanged(items, q, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
+    d->unitsRelay.relay(items);
 }
 
 void ChannelSource::unwire()
 {
-    if (m_wired)
+    if (m_wired && items)
         disconnectSource(items, this);
     m_wired = false;
-    endChanges();
+    d->ledger.abandon(*this);
 }
 
 void ChannelSource::retire()
 {
     unwire();
-    disconnect(items, nullptr, this, nullptr);
+    if (items)
+        disconnect(items, nullptr, this, nullptr);
     columns.clear();
     setParent(q);
     deleteLater();
-}
-
-//! What the model has announced and not ended never will be.
-void ChannelSource::endChanges()
-{
-    d->ledger.abandon(*this);
-    for (; m_openResets > 0; --m_openResets)
-        d->ledger.endReset();
 }
 
 void ChannelSource::_q_sourceRowsAboutToBeInserted(const QModelIndex &, int, int last)
@@ -77,40 +70,105 @@ void ChannelSource::_q_sourceRowsRemoved(const QModelIndex &, int first, int las
     d->ledger.rowsRemoved(*this, first, last);
 }
 
+void ChannelSource::_q_sourceRowsAboutToBeMoved(const QModelIndex &,
+                                                int first,
+                                                int last,
+                                                const QModelIndex &,
+                                                int row)
+{
+    d->ledger.rowsAboutToBeMoved(*this, first, last, row);
+}
+
+void ChannelSource::_q_sourceRowsMoved(const QModelIndex &, int, int, const QModelIndex &, int)
+{
+    d->ledger.end(*this, SourceChange::RowMove);
+}
+
+// Once the columns of the source have changed, their old numbers no longer say which channel is which.
+void ChannelSource::_q_sourceColumnsAboutToBeInserted(const QModelIndex &, int, int)
+{
+    d->ledger.aboutToBeReset(*this, SourceChange::Columns);
+}
+
+void ChannelSource::_q_sourceColumnsInserted(const QModelIndex &, int, int)
+{
+    d->ledger.end(*this, SourceChange::Columns);
+}
+
+void ChannelSource::_q_sourceColumnsAboutToBeRemoved(const QModelIndex &, int, int)
+{
+    d->ledger.aboutToBeReset(*this, SourceChange::Columns);
+}
+
+void ChannelSource::_q_sourceColumnsRemoved(const QModelIndex &, int, int)
+{
+    d->ledger.end(*this, SourceChange::Columns);
+}
+
+void ChannelSource::_q_sourceColumnsAboutToBeMoved(const QModelIndex &,
+                                                   int,
+                                                   int,
+                                                   const QModelIndex &,
+                                                   int)
+{
+    d->ledger.aboutToBeReset(*this, SourceChange::Columns);
+}
+
+void ChannelSource::_q_sourceColumnsMoved(const QModelIndex &, int, int, const QModelIndex &, int)
+{
+    d->ledger.end(*this, SourceChange::Columns);
+}
+
 void ChannelSource::_q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight)
 {
     if (!topLeft.isValid() || !bottomRight.isValid() || columns.isEmpty())
         return;
     // The newest sample is shown again on the rows that this source does not have.
-    const int announced = d->ledger.rows();
     const bool withNewest = bottomRight.row() >= 1 && bottomRight.row() >= rowCount() - 1;
-    const int lastRow = withNewest ? announced : std::min(bottomRight.row(), announced);
-    const auto relay = [&](int firstColumn, int lastColumn) {
-        const QModelIndex from = q->index(topLeft.row(), firstColumn);
-        const QModelIndex to = q->index(lastRow, lastColumn);
-        if (topLeft.row() > lastRow)
-            return; // a row that is not announced yet
-        q->sourceDataChanged(from, to);
-        Q_EMIT q->dataChanged(from, to);
-    };
-    const QVector<int> shown = columns; // whoever listens may take this source out
-    relay(topLeft.column() == 0 ? 0 : shown.first(), bottomRight.column() == 0 ? 0 : shown.first());
+    const int last = withNewest ? std::numeric_limits<int>::max() : bottomRight.row();
+    if (d->ledger.isBusy()) {
+        d->ledger.cellsChangedMeanwhile(*this, topLeft.row(), last);
+        return;
+    }
+    const int lastRow = std::min(last, d->ledger.rows());
+    if (topLeft.row() > lastRow)
+        return; // a row that is not announced yet
+    const QVector<int> shown = columns; // a listener may take this source out
+    const int firstChannel = shown.first();
+    d->ledger.announceCells(topLeft.row(),
+                            topLeft.column() == 0 ? 0 : firstChannel,
+                            lastRow,
+                            bottomRight.column() == 0 ? 0 : firstChannel);
     for (int i = 1; i < shown.size() && bottomRight.column() > 0; ++i)
-        relay(shown[i], shown[i]);
+        d->ledger.announceCells(topLeft.row(), shown[i], lastRow, shown[i]);
+}
+
+void ChannelSource::_q_sourceHeaderDataChanged(Qt::Orientation orientation, int first, int last)
+{
+    if (orientation == Qt::Horizontal)
+        d->sourceTitlesChanged(this, first, last);
+    else
+        Q_EMIT q->headerDataChanged(orientation, first, last);
+}
+
+void ChannelSource::_q_sourceLayoutAboutToBeChanged()
+{
+    d->ledger.layoutAboutToBeChanged(*this, SourceChange::Layout);
+}
+
+void ChannelSource::_q_sourceLayoutChanged()
+{
+    d->ledger.end(*this, SourceChange::Layout);
 }
 
 void ChannelSource::_q_sourceModelAboutToBeReset()
 {
-    ++m_openResets;
-    d->ledger.beginReset();
+    d->ledger.aboutToBeReset(*this, SourceChange::Reset);
 }
 
 void ChannelSource::_q_sourceModelReset()
 {
-    if (m_openResets == 0)
-        return;
-    --m_openResets;
-    d->ledger.endReset();
+    d->ledger.end(*this, SourceChange::Reset);
 }
 
 } // namespace Corvale_Qt

@@ -19,7 +19,7 @@ QByteArray titlePrefix(int position)
 
 void appendCell(QByteArray &text, const ChannelSource &source, int row, int column)
 {
-    const QModelIndex cell = source.items->index(row, column);
+    const QModelIndex cell = source.index(row, column);
     const PlotColumns *const columns = source.reader.columns();
     const bool written = cell.isValid() && columns && columns->appendText(text, row, column);
     if (!written)
@@ -47,7 +47,7 @@ struct WrittenTime
 void appendTime(QByteArray &text, const ChannelSource &source, int row, WrittenTime &last)
 {
     const PlotColumns *const columns = source.reader.columns();
-    const bool plain = columns && source.items->index(row, 0).isValid();
+    const bool plain = columns && source.index(row, 0).isValid();
     const int begin = text.size();
     if (plain && last.isOf(columns, row)) {
         text.resize(begin + last.length);

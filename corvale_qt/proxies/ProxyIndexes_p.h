@@ -9,6 +9,7 @@
  */
 
 #include <QItemSelection>
+#include <QPersistentModelIndex>
 
 namespace Corvale_Qt {
 
@@ -37,5 +38,45 @@ QModelIndexList mapIndexes(const QModelIndexList &indexes, Map map)
         mapped.append(map(index));
     return mapped;
 }
+
+/*! Cells of a proxy, held by the cells of its source while those change places. A cell that repeats another one's
+    sample is not held: it stays where it is. */
+class HeldIndexes
+{
+public:
+    //! Holds \a indexes, each by the cell of the source that \a toSource gives for it.
+    template<typename ToSource>
+    void hold(const QModelIndexList &indexes, ToSource toSource)
+    {
+        clear();
+        for (const QModelIndex &index : indexes) {
+            const QModelIndex source = toSource(index);
+            if (source.row() != index.row())
+                continue;
+            m_before.append(index);
+            m_sources.append(source);
+        }
+    }
+    //! The cells as they were held.
+    const QModelIndexList &before() const { return m_before; }
+    //! Where they are now, in the same order: as \a fromSource says of a cell of the source and the cell as it was.
+    template<typename FromSource>
+    QModelIndexList now(FromSource fromSource) const
+    {
+        QModelIndexList indexes;
+        for (int i = 0; i < m_before.size(); ++i)
+            indexes.append(fromSource(m_sources[i], m_before[i]));
+        return indexes;
+    }
+    void clear()
+    {
+        m_before.clear();
+        m_sources.clear();
+    }
+
+private:
+    QModelIndexList m_before;
+    QList<QPersistentModelIndex> m_sources;
+};
 
 } // namespace Corvale_Qt

@@ -2,10 +2,12 @@
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/RunningAverages_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -25,16 +27,17 @@ public:
 
     int sampleRows() const;
     void rebuild();
+    void insertColumns(int first, int last);
+    void removeColumns(int first, int last);
+    void moveColumns(int first, int last, int before);
     void update(int firstColumn, int lastColumn, int from);
+    void announceFrom(int row);
     bool dropWithSource(int column);
-    void dropAnnounced(int rows);
+    void dropOldest(int rows);
 
     RVXAveragingProxyModel *const q;
     RunningAverages averages;
-    RVXAbstractPlotDataModel *plot = nullptr;
     PlotColumnReader source;
-    // For each channel, how much of the source's droppedRows() its averages have followed.
-    QVector<qint64> followedDrops;
 
 private:
     static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
@@ -81,29 +84,60 @@ bool RVXAveragingProxyModelPrivate::spans(int column,
 
 int RVXAveragingProxyModelPrivate::sampleRows() const
 {
-    return q->sourceModel()->rowCount() - 1;
+    return q->rowCount() - 1;
 }
 
 void RVXAveragingProxyModelPrivate::rebuild()
 {
-    plot = q->sourcePlotModel();
-    source = PlotColumnReader(plot);
-    const int channels = plot ? std::max(q->sourceModel()->columnCount() - 1, 0) : 0;
-    averages.reset(channels, plot ? plot->MaxBufferSize() : 0);
-    followedDrops.resize(channels);
-    for (int column = 1; column <= channels; ++column)
-        followedDrops[column - 1] = source.droppedRows(column);
-    update(1, channels, 1);
+    source = PlotColumnReader(q->sourcePlotModel());
+    averages.reset(0, 0);
+    insertColumns(1, q->columnCount() - 1);
+}
+
+//! Channels \a first to \a last are new; the others keep their averages.
+void RVXAveragingProxyModelPrivate::insertColumns(int first, int last)
+{
+    if (first < 1 || first > averages.channels() + 1) {
+        rebuild();
+        return;
+    }
+    averages.insertChannels(first, std::max(last - first + 1, 0), q->MaxBufferSize());
+    for (int column = first; column <= last; ++column)
+        averages.startFollowing(column, source.droppedRows(column));
+    update(first, last, 1);
+}
+
+void RVXAveragingProxyModelPrivate::removeColumns(int first, int last)
+{
+    if (first < 1 || last > averages.channels())
+        rebuild();
+    else
+        averages.removeChannels(first, last - first + 1);
+}
+
+void RVXAveragingProxyModelPrivate::moveColumns(int first, int last, int before)
+{
+    if (first < 1 || before < 1 || std::max(last, before - 1) > averages.channels())
+        rebuild();
+    else
+        averages.moveChannels(first, last - first + 1, before);
 }
 
 void RVXAveragingProxyModelPrivate::update(int firstColumn, int lastColumn, int from)
 {
-    if (!plot)
+    if (!q->sourcePlotModel())
         return;
     lastColumn = std::min(lastColumn, averages.channels());
     for (int column = firstColumn; column <= lastColumn; ++column)
         dropWithSource(column);
     averages.update(source, firstColumn, lastColumn, std::max(from, 1), sampleRows());
+}
+
+//! Has views told that averages from \a row on are not what they were. Readings as they are never change that way.
+void RVXAveragingProxyModelPrivate::announceFrom(int row)
+{
+    if (averages.length() > 1)
+        q->alsoChanged(row);
 }
 
 //! Follows a column that drops rows on its own; false where the source announces what is dropped.
@@ -112,12 +146,11 @@ bool RVXAveragingProxyModelPrivate::dropWithSource(int column)
     const qint64 dropped = source.droppedRows(column);
     if (dropped < 0)
         return false;
-    averages.dropOldest(column, dropped - followedDrops[column - 1]);
-    followedDrops[column - 1] = dropped;
+    averages.followDrops(column, dropped);
     return true;
 }
 
-void RVXAveragingProxyModelPrivate::dropAnnounced(int rows)
+void RVXAveragingProxyModelPrivate::dropOldest(int rows)
 {
     const int left = sampleRows();
     for (int column = 1; column <= averages.channels(); ++column) {
@@ -136,17 +169,35 @@ RVXAveragingProxyModel::RVXAveragingProxyModel(QObject *parent)
 {
     // What the hooks do not tell of: the source has other channels, or its samples in another order. Connected
     // first, this runs before any view asks.
-    const auto rebuild = [this] {
+    using Model = QAbstractItemModel;
+    connect(this, &Model::columnsInserted, this, [this](const QModelIndex &, int first, int last) {
+        d_func()->insertColumns(first, last);
+    });
+    connect(this, &Model::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
+        d_func()->removeColumns(first, last);
+    });
+    connect(this,
+            &Model::columnsMoved,
+            this,
+            [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
+                d_func()->moveColumns(first, last, before);
+            });
+    connect(this, &Model::rowsMoved, this, [this] {
         d_func()->rebuild();
-    };
-    connect(this, &QAbstractItemModel::columnsInserted, this, rebuild);
-    connect(this, &QAbstractItemModel::columnsRemoved, this, rebuild);
-    connect(this, &QAbstractItemModel::columnsMoved, this, rebuild);
-    connect(this, &QAbstractItemModel::rowsMoved, this, rebuild);
-    connect(this, &QAbstractItemModel::layoutChanged, this, rebuild);
+        d_func()->announceFrom(1);
+    });
+    connect(this, &Model::layoutChanged, this, [this] {
+        d_func()->rebuild();
+    });
 }
 
 RVXAveragingProxyModel::~RVXAveragingProxyModel() = default;
+
+int RVXAveragingProxyModel::averaging() const
+{
+    Q_D(const RVXAveragingProxyModel);
+    return d->averages.length();
+}
 
 void RVXAveragingProxyModel::setAveraging(int length)
 {
@@ -162,22 +213,21 @@ void RVXAveragingProxyModel::setAveraging(int length)
 QVariant RVXAveragingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXAveragingProxyModel);
+    if (!sourcePlotModel()) // which may be there in part
+        return QVariant();
     const int row = index.row();
     const int column = index.column();
-    if (row < 1 || column < 1 || column > d->averages.channels())
+    const bool isSample = row >= 1 && column >= 1 && column <= d->averages.channels();
+    if (!isSample || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return shownText(units(), doubleData(row, column));
-    case Qt::ToolTipRole:
-        return shownTextWithUnit(units(), d->averages.column(column).at(row - 1));
-    case NumericValueRole:
-        return doubleData(row, column);
-    default:
+    // The source may have a row already that has not been announced here.
+    if (!d->averages.has(row, column))
+        return QVariant();
+    const double average = d->averages.value(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(average))
         return RVXPlotProxyModel::data(index, role);
-    }
+    return readingFor(role, channelUnit(this, column), average);
 }
 
 void RVXAveragingProxyModel::Clear()
@@ -194,20 +244,29 @@ double RVXAveragingProxyModel::doubleData(int row, int column) const
     Q_D(const RVXAveragingProxyModel);
     if (d->averages.has(row, column))
         return d->averages.value(row, column);
-    return d->plot ? d->plot->doubleData(row, column) : 0.0;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    return plot ? plot->doubleData(row, column) : 0.0;
 }
 
-void RVXAveragingProxyModel::sourceRowsInserted(const QModelIndex &, int first, int)
+void RVXAveragingProxyModel::sourceRowsInserted(const QModelIndex &, int first, int last)
 {
     Q_D(RVXAveragingProxyModel);
+    const bool isBetweenRows = d->averages.has(first, 1);
     d->update(1, d->averages.channels(), first);
+    if (isBetweenRows)
+        d->announceFrom(last + 1);
 }
 
 void RVXAveragingProxyModel::sourceRowsRemoved(const QModelIndex &, int first, int last)
 {
     Q_D(RVXAveragingProxyModel);
-    if (d->plot)
-        d->dropAnnounced(last - std::max(first, 1) + 1);
+    if (first <= 1) {
+        d->dropOldest(last - std::max(first, 1) + 1);
+        return;
+    }
+    // Other rows come before the next ones now.
+    d->update(1, d->averages.channels(), first);
+    d->announceFrom(first);
 }
 
 void RVXAveragingProxyModel::sourceModelReset()
@@ -220,10 +279,12 @@ void RVXAveragingProxyModel::sourceDataChanged(const QModelIndex &topLeft,
                                                const QModelIndex &bottomRight)
 {
     Q_D(RVXAveragingProxyModel);
-    if (!topLeft.isValid() || !bottomRight.isValid())
+    // No average depends on a cell of the header row.
+    if (!topLeft.isValid() || bottomRight.row() < 1 || bottomRight.column() < 1)
         return;
-    // Every later average depends on the changed one.
     d->update(std::max(topLeft.column(), 1), bottomRight.column(), topLeft.row());
+    // Every later average depends on the changed ones.
+    d->announceFrom(bottomRight.row() + 1);
 }
 
 } // namespace Corvale_Qt

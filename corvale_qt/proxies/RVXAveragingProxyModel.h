@@ -14,8 +14,12 @@ class RVXAveragingProxyModelPrivate;
     for sample row r, in the order written, without fused multiply-add. Header row and time column pass through.
 
     Averages are stored: reading costs no arithmetic, a new row one step per channel, and rows that the source
-    drops at its front leave the averages of the others as they are. A changed sample, and a changed cell of the
-    header row, renews the averages from there to the newest row. Files hold the raw samples.
+    drops at its front leave the averages of the others as they are. A sample that changes, comes or goes anywhere
+    else renews the averages from there to the newest row, and dataChanged() is emitted for all of them. Files hold
+    the raw samples.
+
+    A reading that is not finite is shown as it is in its own row. The average goes on from the last finite one,
+    even when that one's row has left the table; where there is none yet, the first finite reading starts it.
 
     \code
     RVXAveragingProxyModel averaging;
@@ -30,10 +34,11 @@ public:
     explicit RVXAveragingProxyModel(QObject *parent = nullptr);
     ~RVXAveragingProxyModel() override;
 
-    //! The length N, 1 at first, which does not average. Resets; what is not greater than 0 is ignored.
+    //! The length N, 1 at first, which does not average.
+    int averaging() const;
+    //! Resets; what is not greater than 0 is ignored.
     void setAveraging(int length);
 
-    //! The tool tip of a row that has no average throws std::out_of_range.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     void Clear() override;
     double doubleData(int row, int column) const override;

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
 
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/proxies/ChannelNameList_p.h"
+#include "corvale_qt/proxies/LatestCells_p.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
 #include "corvale_qt/proxies/SourceSignals_p.h"
-#include "corvale_qt/units/MeasurementUnit.h"
 
-#include <QBrush>
 #include <QMimeData>
+#include <QPointer>
+#include <QVector>
 
 #include <algorithm>
 #include <utility>
@@ -46,17 +46,28 @@ public:
     void newestChanged();
     void announce(int firstRow, int lastRow, int firstColumn, int lastColumn);
 
-    QVariant withoutSample(int role) const;
-    QVariant channelBackground(const QModelIndex &index) const;
-    QString dataTitle() const;
-    QVariant checkStateOfAll() const;
+    void followUnits();
+    bool readUnits();
+    void retitle();
 
     RVXLatestPlotDataProxyModel *const q;
-    QAbstractItemModel *source = nullptr;
+    QPointer<QAbstractItemModel> source;
     QModelIndex edited;
     // Whether a change was kept back because of it.
     bool editedChanged = false;
     bool resetting = false;
+    // Whether readings carry their units, since the title cannot.
+    bool showsUnits = false;
+
+private:
+    using Connections = QVector<QMetaObject::Connection>;
+    static void cut(Connections &connections);
+
+    Connections connections;
+    // To the models of which the source may take its unit: itself, and those below it.
+    Connections unitConnections;
+    // The title as views know it.
+    QString title;
 };
 
 void RVXLatestPlotDataProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int, int)
@@ -79,6 +90,12 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceDataChanged(const QModelIndex 
                  newest ? DataColumn : ChannelColumn);
     if (header) // the check state of all channels together
         Q_EMIT q->headerDataChanged(Qt::Horizontal, ChannelColumn, ChannelColumn);
+    // All samples change when a unit does, of which no signal need have come through the proxies below. What changes
+    // channel by channel, as merged channels that roll over do, is not worth asking all of them.
+    const bool everySample =
+        newest && topLeft.row() <= 1 && topLeft.column() <= 1 && bottomRight.column() >= channels();
+    if (header || everySample)
+        retitle();
 }
 
 void RVXLatestPlotDataProxyModelPrivate::_q_sourceModelAboutToBeReset()
@@ -96,6 +113,7 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceModelReset()
     if (!resetting)
         return;
     resetting = false;
+    followUnits();
     q->endResetModel();
 }
 
@@ -105,55 +123,98 @@ void RVXLatestPlotDataProxyModelPrivate::attach(QAbstractItemModel *model)
     source = model;
     if (!source)
         return;
-    QObject::connect(source,
-                     SIGNAL(rowsInserted(QModelIndex, int, int)),
-                     q,
-                     SLOT(_q_sourceRowsInserted(QModelIndex, int, int)));
-    QObject::connect(source,
-                     SIGNAL(dataChanged(QModelIndex, QModelIndex)),
-                     q,
-                     SLOT(_q_sourceDataChanged(QModelIndex, QModelIndex)));
-    QObject::connect(source,
-                     SIGNAL(modelAboutToBeReset()),
-                     q,
-                     SLOT(_q_sourceModelAboutToBeReset()));
-    QObject::connect(source, SIGNAL(modelReset()), q, SLOT(_q_sourceModelReset()));
-    connectUnitsChanged(source, q, SLOT(UpdateHeaders()));
+    const auto wire = [this](const char *signal, const char *slot) {
+        connections << QObject::connect(source, signal, q, slot);
+    };
+    wire(SIGNAL(rowsInserted(QModelIndex, int, int)),
+         SLOT(_q_sourceRowsInserted(QModelIndex, int, int)));
+    wire(SIGNAL(dataChanged(QModelIndex, QModelIndex)),
+         SLOT(_q_sourceDataChanged(QModelIndex, QModelIndex)));
+    wire(SIGNAL(modelAboutToBeReset()), SLOT(_q_sourceModelAboutToBeReset()));
+    wire(SIGNAL(modelReset()), SLOT(_q_sourceModelReset()));
+    followUnits();
 
-    // A source whose newest sample leaves, or whose channels come and go.
+    // A source whose newest sample leaves or moves, or whose channels come and go.
     using Model = QAbstractItemModel;
+    const auto on = [this](auto signal, auto act) {
+        connections << QObject::connect(source.data(), signal, q, act);
+    };
+    const auto newest = [this] {
+        newestChanged();
+    };
     const auto begin = [this] {
         _q_sourceModelAboutToBeReset();
     };
     const auto end = [this] {
         _q_sourceModelReset();
     };
-    QObject::connect(source, &Model::rowsRemoved, q, [this] {
-        newestChanged();
+    on(&Model::rowsRemoved, newest);
+    on(&Model::rowsMoved, newest);
+    on(&Model::layoutChanged, [this] {
+        announce(0, channels() - 1, ChannelColumn, DataColumn);
+        retitle();
     });
-    QObject::connect(source, &Model::columnsAboutToBeInserted, q, begin);
-    QObject::connect(source, &Model::columnsInserted, q, end);
-    QObject::connect(source, &Model::columnsAboutToBeRemoved, q, begin);
-    QObject::connect(source, &Model::columnsRemoved, q, end);
-    QObject::connect(source, &Model::columnsAboutToBeMoved, q, begin);
-    QObject::connect(source, &Model::columnsMoved, q, end);
-    QObject::connect(source, &QObject::destroyed, q, [this] {
+    on(&Model::columnsAboutToBeInserted, begin);
+    on(&Model::columnsInserted, end);
+    on(&Model::columnsAboutToBeRemoved, begin);
+    on(&Model::columnsRemoved, end);
+    on(&Model::columnsAboutToBeMoved, begin);
+    on(&Model::columnsMoved, end);
+    on(&QObject::destroyed, [this] {
         sourceDestroyed();
     });
 }
 
 void RVXLatestPlotDataProxyModelPrivate::detach()
 {
-    if (!source)
-        return;
-    source->disconnect(q);
+    cut(connections);
     source = nullptr;
+}
+
+//! Takes back the table's own connections, and none that a host has made.
+void RVXLatestPlotDataProxyModelPrivate::cut(Connections &connections)
+{
+    for (const QMetaObject::Connection &connection : connections)
+        QObject::disconnect(connection);
+    connections.clear();
+}
+
+/*! Proxies have their source's units, but no signal of their own that says when those change: the models below them are
+    listened to. */
+void RVXLatestPlotDataProxyModelPrivate::followUnits()
+{
+    cut(unitConnections);
+    const QAbstractItemModel *model = source;
+    while (model) {
+        unitConnections << connectUnitsChanged(model, q, SLOT(UpdateHeaders()));
+        const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
+        model = proxy ? proxy->sourceModel() : nullptr;
+    }
+    readUnits();
+}
+
+//! Finds out where units are shown; true where the title is another one now.
+bool RVXLatestPlotDataProxyModelPrivate::readUnits()
+{
+    const QString oldTitle = std::exchange(title, dataTitle(source));
+    const bool shownBefore = std::exchange(showsUnits, unitsDiffer(source));
+    if (showsUnits != shownBefore)
+        newestChanged();
+    return title != oldTitle;
+}
+
+//! Has views ask for the title again, where it is another one now.
+void RVXLatestPlotDataProxyModelPrivate::retitle()
+{
+    if (readUnits())
+        Q_EMIT q->headerDataChanged(Qt::Horizontal, DataColumn, DataColumn);
 }
 
 void RVXLatestPlotDataProxyModelPrivate::sourceDestroyed()
 {
     source = nullptr; // little is left of it
     _q_sourceModelAboutToBeReset();
+    detach();
     attach(nullptr);
     _q_sourceModelReset();
 }
@@ -184,55 +245,6 @@ void RVXLatestPlotDataProxyModelPrivate::announce(int firstRow,
     editedChanged = true;
     rows(firstRow, row - 1);
     rows(row + 1, lastRow);
-}
-
-QVariant RVXLatestPlotDataProxyModelPrivate::withoutSample(int role) const
-{
-    switch (role) {
-    case Qt::DisplayRole:
-        return QStringLiteral("N/A");
-    case Qt::EditRole:
-        return QStringLiteral("0");
-    case Qt::BackgroundRole:
-        return QBrush(Qt::black);
-    case Qt::ForegroundRole:
-        return QBrush(QColor(0, 255, 0));
-    case RVXAbstractPlotDataModel::NumericValueRole:
-        return 0;
-    default:
-        return QVariant();
-    }
-}
-
-QVariant RVXLatestPlotDataProxyModelPrivate::channelBackground(const QModelIndex &index) const
-{
-    const auto brush = q->mapToSource(index).data(Qt::BackgroundRole).value<QBrush>();
-    return QBrush(brush.color().lighter(140));
-}
-
-QString RVXLatestPlotDataProxyModelPrivate::dataTitle() const
-{
-    const auto *plot = dynamic_cast<const RVXAbstractPlotDataModel *>(source);
-    if (plot && plot->units())
-        return RVXLatestPlotDataProxyModel::tr("Data (%1)").arg(plot->units()->name());
-    return RVXLatestPlotDataProxyModel::tr("Data");
-}
-
-QVariant RVXLatestPlotDataProxyModelPrivate::checkStateOfAll() const
-{
-    const auto state = [this](int channel) {
-        return source->index(0, channel + 1).data(Qt::CheckStateRole).toInt();
-    };
-    const int count = channels();
-    if (count == 0)
-        return QVariant();
-    const int first = state(0);
-    for (int channel = 1; channel < count; ++channel) {
-        const bool differs = (state(channel) == Qt::Unchecked) != (first == Qt::Unchecked);
-        if (differs)
-            return Qt::PartiallyChecked;
-    }
-    return first;
 }
 
 RVXLatestPlotDataProxyModel::RVXLatestPlotDataProxyModel(QObject *parent)
@@ -273,10 +285,16 @@ QVariant RVXLatestPlotDataProxyModel::data(const QModelIndex &index, int role) c
 {
     Q_D(const RVXLatestPlotDataProxyModel);
     const QModelIndex source = mapToSource(index);
-    if (index.column() == DataColumn && d->source && d->newestRow() < 1)
-        return d->withoutSample(role);
-    if (index.column() == ChannelColumn && role == Qt::BackgroundRole && source.isValid())
-        return d->channelBackground(index);
+    if (index.column() == DataColumn) {
+        if (d->source && d->newestRow() < 1)
+            return cellWithoutSample(role);
+        const bool isText = role == Qt::DisplayRole && d->showsUnits && source.isValid();
+        return isText ? readingWithUnit(source) : source.data(role);
+    }
+    if (role == Qt::BackgroundRole && source.isValid())
+        return channelBackground(source);
+    if (role == Qt::ForegroundRole && source.isValid())
+        return channelForeground(source);
     return source.data(role);
 }
 
@@ -290,13 +308,13 @@ RVXLatestPlotDataProxyModel::headerData(int section, Qt::Orientation orientation
     case Qt::DisplayRole:
         if (section == ChannelColumn)
             return tr("Channel");
-        return section == DataColumn ? d->dataTitle() : QVariant();
+        return section == DataColumn ? dataTitle(d->source) : QVariant();
     case Qt::FontRole:
         return QAbstractItemModel::headerData(section, orientation, role);
     case Qt::TextAlignmentRole:
         return Qt::AlignHCenter;
     case Qt::CheckStateRole:
-        return section == ChannelColumn ? d->checkStateOfAll() : QVariant();
+        return section == ChannelColumn ? checkStateOfAll(d->source) : QVariant();
     default:
         return QVariant();
     }
@@ -407,6 +425,8 @@ void RVXLatestPlotDataProxyModel::editingFinished()
 
 void RVXLatestPlotDataProxyModel::UpdateHeaders()
 {
+    Q_D(RVXLatestPlotDataProxyModel);
+    d->readUnits();
     Q_EMIT headerDataChanged(Qt::Horizontal, ChannelColumn, DataColumn);
 }
 

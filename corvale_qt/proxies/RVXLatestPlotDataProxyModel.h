@@ -17,6 +17,10 @@ class RVXLatestPlotDataProxyModelPrivate;
     |---|---|
     | the channel's header cell: name, lightened colour, check box | its newest sample, "N/A" while there is none |
 
+    The unit in the title is that of all channels, and follows it through any stack of proxies. Where channels have
+    different units (RVXAbstractPlotDataModel::ChannelUnitRole), each reading carries its own. Names are black or
+    white, whichever is readable, where the source has no colours of its own for them.
+
     Channel cells can be checked, and dragged: what is dragged is a list of their texts, from which
     RVXMultichannelProxyModel makes channels. The source need not be a plot model; it is not owned. Without one,
     and after it was deleted, the table is empty. */

@@ -7,13 +7,15 @@
 #include "corvale_qt/proxies/MultichannelFile_p.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
-#include "corvale_qt/proxies/SourceSignals_p.h"
+#include "corvale_qt/proxies/SourceChain_p.h"
 #include "corvale_qt/units/Units.h"
 
 #include <QBrush>
 #include <QDebug>
 #include <QFile>
 #include <QMimeData>
+
+#include <limits>
 
 namespace Corvale_Qt {
 
@@ -44,7 +46,7 @@ void RVXMultichannelProxyModel::insertSourceModel(int position,
 {
     Q_D(RVXMultichannelProxyModel);
     auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
-    if (plot && model != this && d->hasRoom())
+    if (plot && !standsOn(model, this) && d->hasRoom())
         d->insert(position, model, plot, column);
 }
 
@@ -60,7 +62,8 @@ void RVXMultichannelProxyModel::addChannel(const QString &name)
     if (!d->factory || !d->hasRoom())
         return;
     int column = 1;
-    addSourceModel(d->factory->createModel(QStringList(name), &column, this), column);
+    QAbstractItemModel *const model = d->factory->createModel(QStringList(name), &column, this);
+    addSourceModel(model, column);
 }
 
 void RVXMultichannelProxyModel::removeSourceModel(QAbstractItemModel *model)
@@ -75,7 +78,8 @@ QStringList RVXMultichannelProxyModel::channelNames() const
     Q_D(const RVXMultichannelProxyModel);
     QStringList names;
     for (const Channel &channel : d->channels) {
-        const QString name = channel.source->items->property("channel").toString();
+        const QAbstractItemModel *const items = channel.source->items;
+        const QString name = items ? items->property("channel").toString() : QString();
         if (!name.isEmpty())
             names.append(name);
     }
@@ -133,9 +137,14 @@ bool RVXMultichannelProxyModel::hasChildren(const QModelIndex &parent) const
 
 QVariant RVXMultichannelProxyModel::data(const QModelIndex &index, int role) const
 {
-    const bool isChannelHeader = index.isValid() && index.row() == 0 && index.column() >= 1;
-    if (isChannelHeader && role == Qt::BackgroundRole)
+    Q_D(const RVXMultichannelProxyModel);
+    const Channel *const channel = index.isValid() ? d->channel(index.column()) : nullptr;
+    if (channel && index.row() == 0 && role == Qt::BackgroundRole)
         return QBrush(RVXPlotColors::color(index.column() - 1));
+    if (channel && index.row() == 0 && role == ChannelUnitRole)
+        return d->unitOf(*channel);
+    if (channel && index.row() >= 1 && channel->shownRow(index.row()) < 1)
+        return d->withoutReading(role);
     return mapToSource(index).data(role);
 }
 
@@ -143,19 +152,24 @@ bool RVXMultichannelProxyModel::setData(const QModelIndex &index, const QVariant
 {
     Q_D(RVXMultichannelProxyModel);
     const Channel *channel = index.isValid() ? d->channel(index.column()) : nullptr;
-    return channel && channel->source->items->setData(mapToSource(index), value, role);
+    return channel && channel->source->items
+        && channel->source->items->setData(mapToSource(index), value, role);
 }
 
 QVariant
 RVXMultichannelProxyModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     Q_D(const RVXMultichannelProxyModel);
+    const int sections = orientation == Qt::Horizontal ? columnCount() : rowCount();
+    if (section < 0 || section >= sections)
+        return QVariant();
     if (orientation != Qt::Horizontal || d->channels.isEmpty())
         return QAbstractItemModel::headerData(section, orientation, role);
-    const Channel *channel = d->channel(section);
-    if (channel)
-        return channel->source->items->headerData(channel->column, orientation, role);
-    return d->channels.first().source->items->headerData(0, orientation, role);
+    const Channel &channel = section == 0 ? d->channels.first() : *d->channel(section);
+    const QAbstractItemModel *const items = channel.source->items;
+    if (!items || !(section == 0 || channel.exists()))
+        return QVariant();
+    return items->headerData(section == 0 ? 0 : channel.column, orientation, role);
 }
 
 QModelIndex RVXMultichannelProxyModel::buddy(const QModelIndex &index) const
@@ -174,7 +188,7 @@ bool RVXMultichannelProxyModel::canDropMimeData(const QMimeData *data,
                                                 int,
                                                 const QModelIndex &) const
 {
-    return isTaken(action) && (data->hasFormat(channelNameListType()) || data->hasText());
+    return data && isTaken(action) && (data->hasFormat(channelNameListType()) || data->hasText());
 }
 
 bool RVXMultichannelProxyModel::dropMimeData(const QMimeData *data,
@@ -186,7 +200,7 @@ bool RVXMultichannelProxyModel::dropMimeData(const QMimeData *data,
     Q_D(RVXMultichannelProxyModel);
     if (action == Qt::IgnoreAction)
         return true;
-    if (!isTaken(action))
+    if (!data || !isTaken(action))
         return false;
 
     QStringList names;
@@ -250,9 +264,10 @@ QModelIndexList RVXMultichannelProxyModel::match(const QModelIndex &start,
     const QModelIndex source = mapToSource(start);
     if (!source.isValid())
         return QModelIndexList();
+    // The source searches one column, which another channel may show as well.
     return mapIndexes(source.model()->match(source, role, value, hits, flags),
-                      [this](const QModelIndex &index) {
-                          return mapFromSource(index);
+                      [&](const QModelIndex &hit) {
+                          return index(hit.row(), start.column());
                       });
 }
 
@@ -265,16 +280,15 @@ QModelIndex RVXMultichannelProxyModel::mapToSource(const QModelIndex &proxyIndex
         return QModelIndex();
     const int row = proxyIndex.row();
     if (const Channel *channel = d->channel(proxyIndex.column())) {
-        // A source without samples has none to repeat.
-        const bool hasSamples = channel->source->rowCount() >= 2;
-        return channel->source->items->index(hasSamples ? channel->source->shownRow(row) : row,
-                                             channel->column);
+        const int shown = row == 0 ? 0 : channel->shownRow(row);
+        return shown >= 1 || row == 0 ? channel->source->index(shown, channel->column)
+                                      : QModelIndex();
     }
     if (proxyIndex.column() != 0)
         return QModelIndex();
     for (const Channel &channel : d->channels) {
         if (row < channel.source->rowCount())
-            return channel.source->items->index(row, 0);
+            return channel.source->index(row, 0);
     }
     return QModelIndex();
 }
@@ -327,8 +341,8 @@ void RVXMultichannelProxyModel::Clear()
         sources.append(source.get());
     d->ledger.beginReset();
     for (const QPointer<ChannelSource> &source : qAsConst(sources)) {
-        if (source && !source->columns.isEmpty())
-            source->plot->Clear();
+        if (source && source->plot() && !source->columns.isEmpty())
+            source->plot()->Clear();
     }
     d->ledger.endReset();
 }
@@ -373,8 +387,9 @@ double RVXMultichannelProxyModel::doubleData(int row, int column) const
         return column;
     if (!channel || row < 0)
         return 0.0;
-    const int shown = channel->source->shownRow(row);
-    return shown >= 0 ? channel->source->plot->doubleData(shown, channel->column) : 0.0;
+    const int shown = channel->shownRow(row);
+    return shown >= 1 ? channel->source->plot()->doubleData(shown, channel->column)
+                      : std::numeric_limits<double>::quiet_NaN();
 }
 
 QwtSeriesData<QPointF> *

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QAbstractProxyModel>
 
@@ -13,11 +14,13 @@ class AbstractChannelModelFactory;
 class ChannelSource;
 class RowLedger;
 class RVXMultichannelProxyModelPrivate;
-template<typename Proxy>
-class SourceRelay;
 
 /*! Lays plot models side by side as the channels of one table: column c shows one column of the c-th source, column 0 the
-    time of the first source that has the row. A source with fewer samples than the longest repeats its newest.
+    time of the first source that has the row. A source with fewer samples than the longest repeats its newest. A
+    channel without a reading (its source has no sample, or not the column) is NaN, "N/A" in tables.
+
+    Sources may stand on each other: a device may be shown beside its own average. Each channel has the unit of its
+    source, which its header cell answers for ChannelUnitRole.
 
     Sources are given as models, as names for which a factory makes models, or by dropping names on a view of this
     proxy ("application/vnd.text.list", as RVXLatestPlotDataProxyModel drags them, or "text/plain"). At most 256
@@ -44,7 +47,7 @@ public:
     ~RVXMultichannelProxyModel() override;
 
     /*! Makes column \a column of \a model the channel at \a position, counted from 0; a position out of range is the
-        nearest one. What is not a RVXAbstractPlotDataModel is ignored. One reset. */
+        nearest one. What is not a RVXAbstractPlotDataModel, and what stands on this proxy, is ignored. One reset. */
     void insertSourceModel(int position, QAbstractItemModel *model, int column);
     //! The same at the end.
     void addSourceModel(QAbstractItemModel *model, int column);
@@ -52,7 +55,7 @@ public:
     void addChannel(const QString &name);
     /*! Takes out the channels that show \a model, in one reset, and deletes nothing. Kept for hosts already built: a
         model whose first channel is at position 0 stays in the table, though its signals are no longer heard,
-        and unitsChanged() of a removed model is still passed on, twice for one that was inserted once. */
+        and unitsChanged() of a removed model is still passed on, twice until it is inserted again. */
     void removeSourceModel(QAbstractItemModel *model);
 
     /*! The dynamic property "channel" of each source that has one, in order; a source without it adds nothing, so there
@@ -139,7 +142,6 @@ private:
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
     friend class ChannelSource;
     friend class RowLedger;
-    friend class SourceRelay<RVXMultichannelProxyModel>;
     const std::unique_ptr<RVXMultichannelProxyModelPrivate> d_ptr;
 };
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
-#include "corvale_qt/proxies/SourceSignals_p.h"
 
+#include <QBrush>
 #include <QDebug>
 
 #include <algorithm>
+#include <limits>
 
 namespace Corvale_Qt {
 
@@ -20,6 +21,7 @@ const bool RVXMultichannelProxyModelPrivate::known =
 RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
     : q(proxy)
     , ledger(proxy, sources, channels)
+    , unitsRelay(proxy)
     , factory(new SingleChannelModelFactory)
 {
 }
@@ -51,7 +53,8 @@ bool RVXMultichannelProxyModelPrivate::spans(int column,
 {
     const Channel *shown = column == 0 && timesAreOfFirst() ? &channels.first() : channel(column);
     // Rows beyond the source's own repeat its newest sample, which lies there once.
-    if (!shown || firstRow < 1 || firstRow + count > shown->source->rowCount())
+    if (!shown || !(column == 0 || shown->exists()) || firstRow < 1
+        || firstRow + count > shown->source->rowCount())
         return false;
     return shown->source->reader.spans(column == 0 ? 0 : shown->column, firstRow, count, spans);
 }
@@ -94,9 +97,18 @@ ChannelSource *RVXMultichannelProxyModelPrivate::sourceOf(const QAbstractItemMod
     return found == sources.end() ? nullptr : found->get();
 }
 
+QVector<const QAbstractItemModel *>
+RVXMultichannelProxyModelPrivate::models(const RVXMultichannelProxyModel &proxy)
+{
+    QVector<const QAbstractItemModel *> found;
+    for (const auto &source : proxy.d_func()->sources)
+        found.append(source->items);
+    return found;
+}
+
 RVXAbstractPlotDataModel *RVXMultichannelProxyModelPrivate::firstPlot() const
 {
-    return channels.isEmpty() ? nullptr : channels.first().source->plot;
+    return channels.isEmpty() ? nullptr : channels.first().source->plot();
 }
 
 bool RVXMultichannelProxyModelPrivate::hasRoom() const
@@ -129,9 +141,7 @@ void RVXMultichannelProxyModelPrivate::remove(ChannelSource *source)
     ledger.beginReset();
     source->unwire();
     // Kept on purpose, for hosts already built: the relay is doubled instead of cut ...
-    connectUnitsChanged(source->items,
-                        q,
-                        SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
+    unitsRelay.relayTwice(source->items);
     // ... and a model that is found at position 0 stays.
     while (!channels.isEmpty() && channels.first().source != source) {
         const auto found =
@@ -154,8 +164,55 @@ void RVXMultichannelProxyModelPrivate::sourceDestroyed(ChannelSource *source)
     };
     channels.erase(std::remove_if(channels.begin(), channels.end(), isOfSource), channels.end());
     channelsChanged();
+    // Proxies that stand on the model may not have announced their reset yet. They are asked how many rows they have;
+    // the account is out of date.
+    for (const auto &other : sources)
+        other->rows = 0;
     ledger.beginReset();
     ledger.endReset();
+}
+
+void RVXMultichannelProxyModelPrivate::sourceTitlesChanged(const ChannelSource *source,
+                                                           int first,
+                                                           int last)
+{
+    const auto isChanged = [&](int section) {
+        const Channel *const shown = section == 0 ? channels.constData() : channel(section);
+        const int own = section == 0 ? 0 : shown ? shown->column : -1;
+        return shown && shown->source == source && own >= first && own <= last;
+    };
+    for (int section = 0; section <= channels.size(); ++section) {
+        if (isChanged(section))
+            Q_EMIT q->headerDataChanged(Qt::Horizontal, section, section);
+    }
+}
+
+QVariant RVXMultichannelProxyModelPrivate::unitOf(const Channel &channel)
+{
+    const QVariant own =
+        channel.source->index(0, channel.column).data(RVXAbstractPlotDataModel::ChannelUnitRole);
+    const RVXAbstractPlotDataModel *const plot = channel.source->plot();
+    return own.isValid() || !plot ? own : QVariant::fromValue(plot->units());
+}
+
+QVariant RVXMultichannelProxyModelPrivate::withoutReading(int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+    case Qt::ToolTipRole:
+        return QStringLiteral("N/A");
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    case Qt::BackgroundRole:
+        return QBrush(Qt::black);
+    case Qt::ForegroundRole:
+        return QBrush(Qt::green);
+    case RVXAbstractPlotDataModel::NumericValueRole:
+        return std::numeric_limits<double>::quiet_NaN();
+    default:
+        return QVariant();
+    }
 }
 
 double RVXMultichannelProxyModelPrivate::time(int row) const
@@ -163,10 +220,10 @@ double RVXMultichannelProxyModelPrivate::time(int row) const
     double newest = 0.0;
     for (const Channel &channel : channels) {
         if (channel.source->has(row))
-            return channel.source->plot->doubleData(row, 0);
+            return channel.source->plot()->doubleData(row, 0);
         const int rows = channel.source->rowCount();
         if (rows > 1)
-            newest = channel.source->plot->doubleData(rows - 1, 0);
+            newest = channel.source->plot()->doubleData(rows - 1, 0);
     }
     return newest;
 }
@@ -191,15 +248,16 @@ void RVXMultichannelProxyModelPrivate::readChannel(const Channel &channel,
                                                    int count,
                                                    double *out) const
 {
-    const int before = std::clamp(-firstRow, 0, count);
+    // The header row is not the channel's.
+    const int before = std::clamp(1 - firstRow, 0, count);
     std::fill_n(out, before, 0.0);
-    const int rows = channel.source->rowCount();
+    const int rows = channel.exists() ? channel.source->rowCount() : 0;
     const int own = std::clamp(rows - (firstRow + before), 0, count - before);
     channel.source->reader.read(channel.column, firstRow + before, own, out + before);
     if (before + own == count)
         return;
-    double newest = 0.0;
-    if (rows > 0)
+    double newest = std::numeric_limits<double>::quiet_NaN();
+    if (rows > 1)
         channel.source->reader.read(channel.column, rows - 1, 1, &newest);
     std::fill(out + before + own, out + count, newest);
 }

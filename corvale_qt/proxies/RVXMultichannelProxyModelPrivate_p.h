@@ -10,6 +10,7 @@
 
 #include "corvale_qt/proxies/AbstractChannelModelFactory.h"
 #include "corvale_qt/proxies/RowLedger_p.h"
+#include "corvale_qt/proxies/UnitsRelay_p.h"
 
 #include <QPointer>
 
@@ -40,14 +41,24 @@ public:
     insert(int position, QAbstractItemModel *items, RVXAbstractPlotDataModel *plot, int column);
     void remove(ChannelSource *source);
     void sourceDestroyed(ChannelSource *source);
+    //! Header sections \a first to \a last of \a source changed.
+    void sourceTitlesChanged(const ChannelSource *source, int first, int last);
 
     double time(int row) const;
+    //! Its own, or that of its model, for RVXAbstractPlotDataModel::ChannelUnitRole.
+    static QVariant unitOf(const Channel &channel);
+    //! What a cell answers for a role that would show a reading, where the channel has none.
+    static QVariant withoutReading(int role);
+
+    //! The models that \a proxy reads.
+    static QVector<const QAbstractItemModel *> models(const RVXMultichannelProxyModel &proxy);
 
     RVXMultichannelProxyModel *const q;
     // One for each model, and one channel for each column of the proxy but the first.
     ChannelSources sources;
     QVector<Channel> channels;
     RowLedger ledger;
+    UnitsRelay unitsRelay;
     QPointer<AbstractChannelModelFactory> factory;
 
 private:

@@ -4,8 +4,11 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
+#include "corvale_qt/proxies/SourceChain_p.h"
 #include "corvale_qt/proxies/SourceRelay_p.h"
 #include "corvale_qt/proxies/SourceSignals_p.h"
+
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -14,23 +17,42 @@ class RVXPlotProxyModelPrivate : public SourceRelay<RVXPlotProxyModel>
 public:
     using SourceRelay::SourceRelay;
 
+    // As the relay's; with what a hook says has changed too.
+    void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);
+    void _q_sourceRowsRemoved(const QModelIndex &parent, int first, int last);
+    void _q_sourceRowsMoved(const QModelIndex &from,
+                            int first,
+                            int last,
+                            const QModelIndex &to,
+                            int row);
+    void _q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
+
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
 
+    //! The source's plot side; null as soon as the source's deletion has begun, also before this hears of it.
+    RVXAbstractPlotDataModel *plot() const { return items ? plotSide : nullptr; }
+
     // One object, found from both sides once.
-    QAbstractItemModel *items = nullptr;
-    RVXAbstractPlotDataModel *plot = nullptr;
+    QPointer<QAbstractItemModel> items;
+    RVXAbstractPlotDataModel *plotSide = nullptr;
     // A host's model may make indexes of cells that it does not have, and a host's proxy may have less than its
     // source; the library's own do not.
     bool checksIndexes = true;
+    // The first row of which a hook said that it changed too; 0 for none.
+    int changedFrom = 0;
 
 private:
+    int takeChangedFrom();
+    void announceChanged();
+
     QMetaObject::Connection destroyed;
 };
 
 void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
                                          RVXAbstractPlotDataModel *newPlot)
 {
+    endChanges();
     beginReset();
     if (items) {
         disconnectSource(items, q);
@@ -38,7 +60,7 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
     }
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
-    plot = newPlot;
+    plotSide = newPlot;
     checksIndexes = !PlotColumns::of(newPlot) || !PlotColumns::of(q);
     connectSource(items, q);
     destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
@@ -52,11 +74,61 @@ void RVXPlotProxyModelPrivate::sourceDestroyed()
 {
     // Little is left of it: nobody may reach it, whoever listens to the reset included. So the hook comes first.
     items = nullptr;
-    plot = nullptr;
+    plotSide = nullptr;
     q->sourceModelReset();
+    endChanges();
     beginReset();
     q->QAbstractProxyModel::setSourceModel(nullptr);
     endAllResets();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int first, int last)
+{
+    SourceRelay::_q_sourceRowsInserted(parent, first, last);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsRemoved(const QModelIndex &parent, int first, int last)
+{
+    SourceRelay::_q_sourceRowsRemoved(parent, first, last);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceRowsMoved(const QModelIndex &from,
+                                                  int first,
+                                                  int last,
+                                                  const QModelIndex &to,
+                                                  int row)
+{
+    SourceRelay::_q_sourceRowsMoved(from, first, last, to, row);
+    announceChanged();
+}
+
+void RVXPlotProxyModelPrivate::_q_sourceDataChanged(const QModelIndex &topLeft,
+                                                    const QModelIndex &bottomRight)
+{
+    const QModelIndex from = q->mapFromSource(topLeft);
+    const QModelIndex to = q->mapFromSource(bottomRight);
+    q->sourceDataChanged(from, to);
+    const bool reachesFurther = takeChangedFrom() > 0 && to.row() < q->rowCount() - 1;
+    Q_EMIT q->dataChanged(from, reachesFurther ? q->index(q->rowCount() - 1, to.column()) : to);
+}
+
+int RVXPlotProxyModelPrivate::takeChangedFrom()
+{
+    const int row = changedFrom;
+    changedFrom = 0;
+    return row;
+}
+
+//! dataChanged() for the samples that a hook named, after rows came, went or moved.
+void RVXPlotProxyModelPrivate::announceChanged()
+{
+    const int first = takeChangedFrom();
+    const int last = q->rowCount() - 1;
+    const int lastColumn = q->columnCount() - 1;
+    if (first >= 1 && first <= last && lastColumn >= 1)
+        Q_EMIT q->dataChanged(q->index(first, 1), q->index(last, lastColumn));
 }
 
 RVXPlotProxyModel::RVXPlotProxyModel(QObject *parent)
@@ -71,7 +143,7 @@ void RVXPlotProxyModel::setSourceModel(QAbstractItemModel *model)
 {
     Q_D(RVXPlotProxyModel);
     auto *plot = dynamic_cast<RVXAbstractPlotDataModel *>(model);
-    if (!plot || model == d->items || model == this)
+    if (!plot || model == d->items || standsOn(model, this))
         return;
     d->setSource(model, plot);
 }
@@ -79,13 +151,13 @@ void RVXPlotProxyModel::setSourceModel(QAbstractItemModel *model)
 RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel()
 {
     Q_D(RVXPlotProxyModel);
-    return d->plot;
+    return d->plot();
 }
 
 const RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot;
+    return d->plot();
 }
 
 QModelIndex RVXPlotProxyModel::index(int row, int column, const QModelIndex &parent) const
@@ -202,38 +274,38 @@ QItemSelection RVXPlotProxyModel::mapSelectionFromSource(const QItemSelection &s
 bool RVXPlotProxyModel::SaveDataToFile(const QString &fileName) const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot && d->plot->SaveDataToFile(fileName);
+    return d->plot() && d->plot()->SaveDataToFile(fileName);
 }
 
 void RVXPlotProxyModel::Clear()
 {
     Q_D(RVXPlotProxyModel);
-    if (d->plot)
-        d->plot->Clear();
+    if (d->plot())
+        d->plot()->Clear();
 }
 
 int RVXPlotProxyModel::PlotWidthHintPoints() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->PlotWidthHintPoints() : 0;
+    return d->plot() ? d->plot()->PlotWidthHintPoints() : 0;
 }
 
 double RVXPlotProxyModel::PlotWidthHint() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->PlotWidthHint() : 0.0;
+    return d->plot() ? d->plot()->PlotWidthHint() : 0.0;
 }
 
 const Units::MeasurementUnit *RVXPlotProxyModel::units() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->units() : nullptr;
+    return d->plot() ? d->plot()->units() : nullptr;
 }
 
 const Units::MeasurementUnit *RVXPlotProxyModel::xUnits() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->xUnits() : nullptr;
+    return d->plot() ? d->plot()->xUnits() : nullptr;
 }
 
 QwtSeriesData<QPointF> *RVXPlotProxyModel::seriesData(int column, int startRow, int endRow) const
@@ -244,13 +316,19 @@ QwtSeriesData<QPointF> *RVXPlotProxyModel::seriesData(int column, int startRow, 
 int RVXPlotProxyModel::MaxBufferSize() const
 {
     Q_D(const RVXPlotProxyModel);
-    return d->plot ? d->plot->MaxBufferSize() : 0;
+    return d->plot() ? d->plot()->MaxBufferSize() : 0;
 }
 
 void RVXPlotProxyModel::sourceRowsInserted(const QModelIndex &, int, int) { }
 void RVXPlotProxyModel::sourceRowsRemoved(const QModelIndex &, int, int) { }
 void RVXPlotProxyModel::sourceModelReset() { }
 void RVXPlotProxyModel::sourceDataChanged(const QModelIndex &, const QModelIndex &) { }
+
+void RVXPlotProxyModel::alsoChanged(int firstRow)
+{
+    Q_D(RVXPlotProxyModel);
+    d->changedFrom = firstRow;
+}
 
 void RVXPlotProxyModel::beginSharedReset()
 {

@@ -31,7 +31,7 @@ public:
     ~RVXPlotProxyModel() override;
 
     /*! Takes a model that is a RVXAbstractPlotDataModel as well, in one reset. Any other model, null, the present
-        source and the proxy itself are refused without a word. */
+        source, the proxy itself and a model that stands on it are refused without a word. */
     void setSourceModel(QAbstractItemModel *model) override;
     //! The source's plot side; null without a source.
     RVXAbstractPlotDataModel *sourcePlotModel();
@@ -82,6 +82,11 @@ protected:
     virtual void sourceModelReset();
     //! Cells of the source changed; the corners are indexes of the proxy.
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
+
+    /*! For a hook: samples from row \a firstRow to the newest changed with what the source announced. dataChanged() says
+        so: in one range with the cells that the source announced as changed, in the same columns; for all channels
+        once views know which rows came, went or moved. */
+    void alsoChanged(int firstRow);
 
     //! As beginResetModel(), for a change in which the source resets as well: views hear of one reset.
     void beginSharedReset();

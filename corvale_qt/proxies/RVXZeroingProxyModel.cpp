@@ -2,12 +2,14 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
 #include <QVector>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace Corvale_Qt {
@@ -27,7 +29,9 @@ public:
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     bool isZeroed(int row, int column) const;
+    const Units::MeasurementUnit *unitOf(int column) const;
     double shownZero(int column) const;
+    double newestReading(int column) const;
     void takeChannels(int channels);
     void columnsInserted(int first, int last);
     void columnsRemoved(int first, int last);
@@ -39,7 +43,8 @@ public:
     QVector<double> zeros;
     int channels = 0;
     bool active = false;
-    RVXAbstractPlotDataModel *plot = nullptr;
+    // Whether channels may have units of their own, which cost more to ask for.
+    bool unitsDiffer = false;
     PlotColumnReader source;
 
 private:
@@ -66,8 +71,12 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     if (!isZeroed(1, column))
         return;
     const double zero = shownZero(column);
-    for (int i = std::max(1 - firstRow, 0); i < count; ++i)
+    const int end = std::clamp(q->rowCount() - firstRow, 0, count);
+    for (int i = std::max(1 - firstRow, 0); i < end; ++i)
         out[i] -= zero;
+    // A cell that holds no sample reads 0, and stays so.
+    for (int i = end; i < count; ++i)
+        out[i] -= out[i] == 0.0 ? 0.0 : zero;
 }
 
 bool RVXZeroingProxyModelPrivate::spans(int column,
@@ -88,13 +97,31 @@ bool RVXZeroingProxyModelPrivate::spans(int column,
 
 bool RVXZeroingProxyModelPrivate::isZeroed(int row, int column) const
 {
-    return active && plot && row >= 1 && column >= 1 && column <= zeros.size();
+    return active && row >= 1 && column >= 1 && column <= zeros.size();
+}
+
+const Units::MeasurementUnit *RVXZeroingProxyModelPrivate::unitOf(int column) const
+{
+    return unitsDiffer ? channelUnit(q, column) : q->units();
 }
 
 double RVXZeroingProxyModelPrivate::shownZero(int column) const
 {
-    const Units::MeasurementUnit *unit = q->units();
+    const Units::MeasurementUnit *unit = unitOf(column);
     return unit ? unit->scale(zeros[column - 1]) : zeros[column - 1];
+}
+
+/*! The newest finite sample of a channel: what a gap shows would be subtracted from all samples to come. 0 where
+    there is none. */
+double RVXZeroingProxyModelPrivate::newestReading(int column) const
+{
+    const RVXAbstractPlotDataModel *const plot = q->sourcePlotModel();
+    const int newest = q->rowCount() - 1;
+    // The header row is no sample: its numbers count the channels.
+    double reading = plot->doubleData(newest >= 1 ? newest : -1, column);
+    for (int row = newest - 1; row >= 1 && !std::isfinite(reading); --row)
+        reading = plot->doubleData(row, column);
+    return std::isfinite(reading) ? reading : 0.0;
 }
 
 void RVXZeroingProxyModelPrivate::takeChannels(int count)
@@ -179,17 +206,14 @@ RVXZeroingProxyModel::~RVXZeroingProxyModel() = default;
 void RVXZeroingProxyModel::zeroNow()
 {
     Q_D(RVXZeroingProxyModel);
-    if (!d->plot)
+    if (!sourcePlotModel())
         return;
     beginSharedReset();
-    d->channels = std::max(sourceModel()->columnCount() - 1, 0);
-    const int newest = sourceModel()->rowCount() - 1;
-    // The header row is no sample: its numbers count the channels.
-    const int row = newest >= 1 ? newest : -1;
-    const Units::MeasurementUnit *unit = units();
+    d->channels = std::max(columnCount() - 1, 0);
     d->zeros.resize(d->channels);
     for (int column = 1; column <= d->channels; ++column) {
-        const double shown = d->plot->doubleData(row, column);
+        const double shown = d->newestReading(column);
+        const Units::MeasurementUnit *unit = d->unitOf(column);
         d->zeros[column - 1] = unit ? unit->unscale(shown) : shown;
     }
     d->active = true;
@@ -213,36 +237,42 @@ bool RVXZeroingProxyModel::isZeroed() const
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXZeroingProxyModel);
-    if (!d->isZeroed(index.row(), index.column()))
+    if (!sourcePlotModel()) // which may be there in part
+        return QVariant();
+    const int row = index.row();
+    const int column = index.column();
+    if (!d->isZeroed(row, column) || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return shownText(units(), doubleData(index.row(), index.column()));
-    case Qt::ToolTipRole:
-        return shownTextWithUnit(units(), doubleData(index.row(), index.column()));
-    case NumericValueRole:
-        return doubleData(index.row(), index.column());
-    default:
+    if (row >= rowCount())
+        return QVariant();
+    const double value = doubleData(row, column);
+    // What is no number is shown as the source shows it.
+    if (!std::isfinite(value))
         return RVXPlotProxyModel::data(index, role);
-    }
+    return readingFor(role, d->unitOf(column), value);
 }
 
 double RVXZeroingProxyModel::doubleData(int row, int column) const
 {
     Q_D(const RVXZeroingProxyModel);
-    const double value = d->plot ? d->plot->doubleData(row, column) : 0.0;
-    return d->isZeroed(row, column) ? value - d->shownZero(column) : value;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    const double value = plot ? plot->doubleData(row, column) : 0.0;
+    if (!d->isZeroed(row, column))
+        return value;
+    // A cell that holds no sample reads 0, and stays so. Counting the rows costs a way down the whole stack.
+    if (value == 0.0 && row >= rowCount())
+        return value;
+    return value - d->shownZero(column);
 }
 
 void RVXZeroingProxyModel::sourceModelReset()
 {
     Q_D(RVXZeroingProxyModel);
-    d->plot = sourcePlotModel();
-    d->source = PlotColumnReader(d->plot);
-    d->followColumnsOf(d->plot ? sourceModel() : nullptr);
-    const int columns = d->plot ? sourceModel()->columnCount() : 0;
+    const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
+    d->source = PlotColumnReader(plot);
+    d->followColumnsOf(plot ? sourceModel() : nullptr);
+    d->unitsDiffer = hasChannelUnits(this);
+    const int columns = columnCount();
     d->takeChannels(std::max(columns - 1, 0));
     if (columns < 1)
         d->active = false;

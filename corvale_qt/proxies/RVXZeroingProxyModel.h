@@ -23,8 +23,8 @@ public:
     explicit RVXZeroingProxyModel(QObject *parent = nullptr);
     ~RVXZeroingProxyModel() override;
 
-    /*! Takes the newest sample of each channel as its zero, in one reset; does nothing without a source. Where there
-        is no sample yet the zero is what the source answers for row -1, 0 for the models of this library. */
+    /*! Takes the newest finite sample of each channel as its zero, in one reset; does nothing without a source. Where
+        there is no sample yet the zero is what the source answers for row -1, 0 for the models of this library. */
     void zeroNow();
     //! Shows the source's numbers again, in one reset.
     void zeroClear();

@@ -2,10 +2,13 @@
 #include "corvale_qt/proxies/RowLedger_p.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Corvale_Qt {
 
 namespace {
+
+constexpr int toTheEnd = std::numeric_limits<int>::max();
 
 // The header row is not the ledger's.
 int sampleRowsIn(int first, int last)
@@ -16,6 +19,12 @@ int sampleRowsIn(int first, int last)
 bool isFront(int first)
 {
     return first <= 1;
+}
+
+void addRows(ChannelSource::News &news, int first, int last)
+{
+    news.firstRow = std::min(news.firstRow, std::max(first, 1));
+    news.lastRow = std::max(news.lastRow, last);
 }
 
 } // namespace
@@ -29,145 +38,252 @@ RowLedger::RowLedger(RVXMultichannelProxyModel *proxy,
 {
 }
 
+bool RowLedger::begin(ChannelSource &source, SourceChange change)
+{
+    // One that is begun again was never ended, and is not waited for twice.
+    if ((source.openChanges & int(change)) == 0) {
+        source.openChanges |= int(change);
+        ++m_open;
+    }
+    return m_change == Change::None;
+}
+
+void RowLedger::end(ChannelSource &source, SourceChange change)
+{
+    if ((source.openChanges & int(change)) == 0) {
+        // Begun before the proxy listened, or before a reset of its own.
+        m_needsReset = true;
+    } else {
+        source.openChanges &= ~int(change);
+        --m_open;
+    }
+    count(source);
+    settle();
+}
+
 void RowLedger::rowsAboutToBeInserted(ChannelSource &source, int last)
 {
-    ++source.openChanges;
-    if (!isBusy() && last > m_rows)
-        open(Change::Insertion, &source, m_rows + 1, last);
+    if (begin(source, SourceChange::RowInsertion) && last > m_rows)
+        open(Change::Insertion, m_rows + 1, last, m_shifted);
 }
 
 void RowLedger::rowsInserted(ChannelSource &source, int first)
 {
-    const int known = m_rows;
-    source.openChanges = std::max(source.openChanges - 1, 0);
-    closeFor(source, Change::Insertion);
-    count(source);
-    settle(source);
     // To the end: rows that the source does not have repeat its newest sample.
-    columnChanged(source, first, known);
+    addRows(newsOf(source), first, toTheEnd);
+    end(source, SourceChange::RowInsertion);
 }
 
 void RowLedger::rowsAboutToBeRemoved(ChannelSource &source, int first, int last)
 {
-    ++source.openChanges;
-    if (isBusy())
+    // It is the nested one of two if the source has begun something else.
+    const bool isNested = source.openChanges != 0;
+    if (!begin(source, SourceChange::RowRemoval))
         return;
     const int removed = sampleRowsIn(first, last);
     if (isFront(first)) {
-        // It is the nested one of the two if the source has opened another change.
-        const bool rowsRemain =
-            source.openChanges > 1 || source.rows > removed || longestBeside(source) > 0;
-        const int lead = announcedLead(source.dropped + removed, rowsRemain);
+        const bool rowsRemain = isNested || source.rows > removed || longestBeside(source) > 0;
+        const qint64 dropped = source.dropped + removed;
+        const int lead = announcedLead(dropped, rowsRemain);
         if (lead > 0)
-            open(Change::Removal, &source, 1, lead);
+            open(Change::Removal, 1, lead, dropped);
     } else if (source.rows == m_rows && longestBeside(source) <= source.rows - removed) {
-        open(Change::Removal, &source, first, std::min(last, m_rows));
+        open(Change::Removal, first, std::min(last, m_rows), m_shifted);
     }
 }
 
 void RowLedger::rowsRemoved(ChannelSource &source, int first, int last)
 {
-    source.openChanges = std::max(source.openChanges - 1, 0);
     const int removed = sampleRowsIn(first, last);
-    const bool front = isFront(first);
-    const qint64 shifted = m_shifted;
-    if (front) {
+    ChannelSource::News &news = newsOf(source);
+    if (isFront(first)) {
         source.dropped += removed;
         m_mostDropped = std::max(m_mostDropped, source.dropped);
-        if (isOpenFor(source, Change::Removal))
-            m_shifted = source.dropped;
+        news.dropped += removed;
+        if (news.lastRow > 0 && news.firstRow <= news.lastRow)
+            news.firstRow = std::max(news.firstRow - removed, 1);
+    } else {
+        addRows(news, first, toTheEnd);
     }
-    closeFor(source, Change::Removal);
-    count(source);
-    settle(source);
-    // An insertion around this removal will bring the change of the column.
-    const bool isNested = source.openChanges > 0;
-    if (!front)
-        columnChanged(source, first, m_rows);
-    else if (!isNested)
-        frontDropped(source, m_shifted - shifted == removed);
+    end(source, SourceChange::RowRemoval);
 }
 
-//! Tells of the column of \a source, of which the oldest rows left, where the shift of the table did not.
-void RowLedger::frontDropped(const ChannelSource &source, bool tableWentAlong)
+void RowLedger::rowsAboutToBeMoved(ChannelSource &source, int first, int last, int before)
 {
-    if (source.rows == 0)
-        columnChanged(source, 1, m_rows); // nothing is left to repeat
-    else if (!tableWentAlong && m_rows > 1) // a single row would begin its averages anew
-        columnChanged(source, m_rows, m_rows);
+    // Rows of the table move where one source is all of it. Otherwise the cells of one do.
+    if (m_sources.size() > 1) {
+        layoutAboutToBeChanged(source, SourceChange::RowMove);
+    } else if (!begin(source, SourceChange::RowMove)) {
+        m_needsReset = true;
+    } else {
+        announceBegin(Change::Move, [&] {
+            const bool moves = q->beginMoveRows(QModelIndex(), first, last, QModelIndex(), before);
+            m_needsReset = m_needsReset || !moves;
+            return moves;
+        });
+    }
+}
+
+void RowLedger::layoutAboutToBeChanged(ChannelSource &source, SourceChange change)
+{
+    if (begin(source, change))
+        openLayout();
+    else if (m_change != Change::Layout)
+        m_needsReset = true;
+}
+
+void RowLedger::aboutToBeReset(ChannelSource &source, SourceChange change)
+{
+    begin(source, change);
+    openReset();
+}
+
+void RowLedger::cellsChangedMeanwhile(ChannelSource &source, int firstRow, int lastRow)
+{
+    ChannelSource::News &news = newsOf(source);
+    news.header = news.header || firstRow <= 0;
+    if (lastRow >= 1)
+        addRows(news, firstRow, lastRow);
 }
 
 void RowLedger::beginReset()
 {
-    if (m_resets++ > 0)
-        return;
-    q->beginResetModel();
-    m_rows = 0;
+    ++m_open;
+    if (!m_beginning)
+        close();
+    openReset();
 }
 
 void RowLedger::endReset()
 {
-    countAll();
-    q->sourceModelReset();
-    if (--m_resets == 0)
-        q->endResetModel();
+    --m_open;
+    finishReset();
+    // Sources in the middle of a change may have been counted wrongly: they are counted again at its end.
+    m_needsReset = isBusy();
 }
 
 void RowLedger::abandon(ChannelSource &source)
 {
-    source.openChanges = 0;
-    if (m_opener != &source)
-        return;
-    m_change = Change::None;
-    m_opener = nullptr;
+    for (; source.openChanges != 0; source.openChanges &= source.openChanges - 1)
+        --m_open;
+    source.news = ChannelSource::News();
+    m_withNews.removeOne(&source);
 }
 
-void RowLedger::open(Change change, const ChannelSource *by, int first, int last)
+//! \a announce says whether there is an end to come.
+template<typename Announce>
+void RowLedger::announceBegin(Change change, Announce announce)
 {
     m_change = change;
-    m_opener = by;
-    m_first = first;
-    m_last = last;
-    if (change == Change::Insertion)
-        q->beginInsertRows(QModelIndex(), first, last);
-    else
-        q->beginRemoveRows(QModelIndex(), first, last);
+    const bool outer = std::exchange(m_beginning, true);
+    ++m_open;
+    const bool opened = announce();
+    --m_open;
+    m_beginning = outer;
+    if (!opened)
+        m_change = Change::None;
+    // A listener may have taken out the source that would have ended it.
+    settle();
 }
 
+void RowLedger::open(Change change, int first, int last, qint64 shift)
+{
+    m_first = first;
+    m_last = last;
+    m_shift = shift;
+    announceBegin(change, [&] {
+        if (change == Change::Insertion)
+            q->beginInsertRows(QModelIndex(), first, last);
+        else
+            q->beginRemoveRows(QModelIndex(), first, last);
+        return true;
+    });
+}
+
+void RowLedger::openLayout()
+{
+    announceBegin(Change::Layout, [this] {
+        // Views keep their selections in persistent indexes when they hear this, so it comes before the search.
+        Q_EMIT q->layoutAboutToBeChanged();
+        m_held.hold(q->persistentIndexList(), [this](const QModelIndex &index) {
+            return q->mapToSource(index);
+        });
+        return true;
+    });
+}
+
+void RowLedger::openReset()
+{
+    m_needsReset = true;
+    if (m_change != Change::None)
+        return;
+    m_change = Change::Reset;
+    ++m_open;
+    q->beginResetModel();
+    --m_open;
+    if (m_change == Change::Reset)
+        m_rows = 0;
+}
+
+//! Ends what is announced, as it was announced; but for a reset, which counts anew.
 void RowLedger::close()
 {
-    const Change change = m_change;
-    const int first = m_first;
-    const int last = m_last;
-    m_change = Change::None;
-    m_opener = nullptr;
-    if (change == Change::Insertion) {
-        m_rows += last - first + 1;
-        q->sourceRowsInserted(QModelIndex(), first, last);
+    if (m_change == Change::Reset)
+        return;
+    switch (std::exchange(m_change, Change::None)) {
+    case Change::Insertion:
+        m_rows += m_last - m_first + 1;
+        q->sourceRowsInserted(QModelIndex(), m_first, m_last);
         q->endInsertRows();
-    } else {
-        m_rows -= last - first + 1;
-        q->sourceRowsRemoved(QModelIndex(), first, last);
+        break;
+    case Change::Removal:
+        m_rows -= m_last - m_first + 1;
+        m_shifted = m_shift;
+        q->sourceRowsRemoved(QModelIndex(), m_first, m_last);
         q->endRemoveRows();
+        break;
+    case Change::Move:
+        q->endMoveRows();
+        break;
+    case Change::Layout:
+        closeLayout();
+        break;
+    default:
+        break;
     }
 }
 
-bool RowLedger::isOpenFor(const ChannelSource &source, Change change) const
+void RowLedger::closeLayout()
 {
-    return m_opener == &source && m_change == change;
+    // A channel's cell stays in its column, also where another channel shows the same one of the source.
+    const auto now = m_held.now([this](const QModelIndex &source, const QModelIndex &before) {
+        return source.isValid() ? q->index(source.row(), before.column()) : QModelIndex();
+    });
+    q->changePersistentIndexList(m_held.before(), now);
+    m_held.clear();
+    Q_EMIT q->layoutChanged();
 }
 
-void RowLedger::closeFor(const ChannelSource &source, Change change)
+//! Counts all rows anew and ends the reset; begins it as well where something else was announced until now.
+void RowLedger::finishReset()
 {
-    if (isOpenFor(source, change))
-        close();
+    if (m_change == Change::Reset)
+        m_change = Change::None;
+    else
+        q->beginResetModel();
+    m_needsReset = false;
+    countAll();
+    q->sourceModelReset();
+    q->endResetModel();
 }
 
 void RowLedger::announce(Change change, int first, int last)
 {
     if (first > last)
         return;
-    open(change, nullptr, first, last);
+    ++m_open; // a listener to the beginning must not end it
+    open(change, first, last, m_shifted);
+    --m_open;
     close();
 }
 
@@ -179,42 +295,92 @@ int RowLedger::announcedLead(qint64 dropped, bool rowsRemain) const
     return int(std::min<qint64>(dropped - m_shifted, most));
 }
 
-//! Announces what is left between the rows announced and the rows that there are.
-void RowLedger::settle(const ChannelSource &source)
+bool RowLedger::isSettled() const
 {
-    if (isBusy() || source.openChanges > 0)
-        return;
+    return m_change == Change::None && !m_needsReset && m_withNews.isEmpty() && m_rows == m_longest
+        && m_shifted >= m_mostDropped;
+}
+
+//! Tells what there is to tell, once no source is in the middle of a change.
+void RowLedger::settle()
+{
+    // Listeners may bring more.
+    while (!isBusy() && !m_beginning && !isSettled()) {
+        if (m_needsReset) {
+            close();
+            finishReset();
+        } else {
+            settleRows();
+        }
+    }
+}
+
+void RowLedger::settleRows()
+{
+    const qint64 shifted = m_shifted;
+    int known = m_rows;
+    close();
+    known = std::min(known, m_rows);
     if (m_shifted < m_mostDropped) {
         const int lead = announcedLead(m_mostDropped, m_longest > 0);
         m_shifted = m_mostDropped;
         announce(Change::Removal, 1, lead);
     }
     announce(Change::Removal, m_longest + 1, m_rows);
+    known = std::min(known, m_rows);
     announce(Change::Insertion, m_rows + 1, m_longest);
+    while (!isBusy() && !m_withNews.isEmpty())
+        tell(*m_withNews.takeFirst(), known, m_shifted - shifted);
+}
+
+/*! Tells of the cells of \a source that read otherwise now, among the \a knownRows that views knew before and know
+    still. \a shift is by how much the table was shifted. */
+void RowLedger::tell(ChannelSource &source, int knownRows, qint64 shift)
+{
+    const ChannelSource::News news = std::exchange(source.news, ChannelSource::News());
+    int first = news.firstRow;
+    int last = std::min(news.lastRow, knownRows);
+    if (news.dropped > 0 && source.rows == 0) {
+        first = 1; // nothing is left to repeat
+        last = m_rows;
+    } else if (news.dropped > 0 && news.dropped != shift && first > last && m_rows > 1) {
+        first = last = m_rows; // a single row would begin its averages anew
+    }
+    const QVector<int> columns = source.columns; // a listener may take the source out
+    for (int i = 0; news.header && i < columns.size(); ++i)
+        announceCells(0, columns[i], 0, columns[i]);
+    columnsChanged(source, first, last);
 }
 
 //! The samples of \a source changed on these rows, and the times where it is the source that gives them.
-void RowLedger::columnChanged(const ChannelSource &source, int first, int last)
+void RowLedger::columnsChanged(const ChannelSource &source, int first, int last)
 {
-    first = std::max(first, 1);
-    last = std::min(last, m_rows);
-    if (m_resets > 0 || first > last)
+    if (first > last)
         return;
+    const QVector<int> columns = source.columns;
     const int lastTime = std::min(last, source.rows);
     const int firstTime = std::max(first, longestBefore(source, lastTime) + 1);
     if (firstTime <= lastTime)
-        cellsChanged(0, firstTime, lastTime);
-    const QVector<int> columns = source.columns; // whoever listens may take the source out
+        announceCells(firstTime, 0, lastTime, 0);
     for (const int column : columns)
-        cellsChanged(column, first, last);
+        announceCells(first, column, last, column);
 }
 
-void RowLedger::cellsChanged(int column, int first, int last)
+void RowLedger::announceCells(int firstRow, int firstColumn, int lastRow, int lastColumn)
 {
-    const QModelIndex from = q->index(first, column);
-    const QModelIndex to = q->index(last, column);
+    const QModelIndex from = q->index(firstRow, firstColumn);
+    const QModelIndex to = q->index(lastRow, lastColumn);
+    if (!from.isValid() || !to.isValid())
+        return; // a listener has reset the table or made it shorter
     q->sourceDataChanged(from, to);
     Q_EMIT q->dataChanged(from, to);
+}
+
+ChannelSource::News &RowLedger::newsOf(ChannelSource &source)
+{
+    if (!m_withNews.contains(&source))
+        m_withNews.append(&source);
+    return source.news;
 }
 
 void RowLedger::count(ChannelSource &source)
@@ -251,8 +417,11 @@ void RowLedger::countAll()
 {
     for (const auto &source : m_sources) {
         source->rows = std::max(source->rowCount() - 1, 0);
+        source->ownColumns = source->items ? source->items->columnCount() : 0;
         source->dropped = 0;
+        source->news = ChannelSource::News();
     }
+    m_withNews.clear();
     m_shifted = 0;
     m_mostDropped = 0;
     countLongest();

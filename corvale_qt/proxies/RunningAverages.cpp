@@ -3,6 +3,8 @@
 #include "corvale_qt/proxies/RunningAverages_p.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 namespace Corvale_Qt {
 
@@ -48,8 +50,17 @@ struct Lane
     double zero;
 };
 
+//! Copies \a count averages from row \a row on to where they are kept.
+void store(SampleRing &ring, int row, int count, const double *averages)
+{
+    forPieces(ring, row - 1, count, [averages](double *memory, int offset, int n) {
+        std::copy_n(averages + offset, n, memory);
+    });
+}
+
+//! The recurrence, for readings that are finite; one that is not stays in \a running for ever.
 template<int Lanes>
-void averageStretch(const Lane (&lane)[Lanes], double (&running)[Lanes], int count, double alpha)
+void recur(const Lane (&lane)[Lanes], double (&running)[Lanes], int count, double alpha)
 {
     const double keep = 1.0 - alpha;
     double kept[Lanes];
@@ -74,48 +85,96 @@ void averageStretch(const Lane (&lane)[Lanes], double (&running)[Lanes], int cou
 
 void RunningAverages::reset(int channels, int capacity)
 {
-    m_rings.clear();
-    m_rings.resize(std::max(channels, 0));
-    m_starts.resize(m_rings.size());
-    m_ranges.assign(size_t(m_rings.size()), BlockRanges());
-    m_taken.assign(size_t(m_rings.size()), 0);
-    for (SampleRing &ring : m_rings)
-        ring.set_capacity(SampleRing::capacity_type(std::max(capacity, 0)));
+    m_channels.clear();
+    insertChannels(1, std::max(channels, 0), capacity);
 }
 
 void RunningAverages::clear()
 {
-    for (SampleRing &ring : m_rings)
-        ring.clear();
+    for (Channel &channel : m_channels)
+        channel.ring.clear();
+}
+
+void RunningAverages::insertChannels(int column, int count, int capacity)
+{
+    std::vector<Channel> added(static_cast<size_t>(count));
+    for (Channel &channel : added)
+        channel.ring.set_capacity(SampleRing::capacity_type(std::max(capacity, 0)));
+    m_channels.insert(m_channels.begin() + (column - 1),
+                      std::make_move_iterator(added.begin()),
+                      std::make_move_iterator(added.end()));
+}
+
+void RunningAverages::removeChannels(int column, int count)
+{
+    const auto first = m_channels.begin() + (column - 1);
+    m_channels.erase(first, first + count);
+}
+
+void RunningAverages::moveChannels(int column, int count, int before)
+{
+    const auto first = m_channels.begin() + (column - 1);
+    const auto last = first + count;
+    const auto to = m_channels.begin() + (before - 1);
+    if (to < first)
+        std::rotate(to, first, last);
+    else
+        std::rotate(first, last, to);
 }
 
 bool RunningAverages::has(int row, int column) const
 {
     return row >= 1 && column >= 1 && column <= channels()
-        && row <= int(m_rings[column - 1].size());
+        && row <= int(channel(column).ring.size());
 }
 
 bool RunningAverages::spans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    const SampleRing &ring = m_rings[column - 1];
-    if (!ringSpans(ring, firstRow - 1, count, spans))
+    const Channel &own = channel(column);
+    if (!ringSpans(own.ring, firstRow - 1, count, spans))
         return false;
-    spans.blocks = &m_ranges[size_t(column - 1)];
-    spans.number = m_taken[size_t(column - 1)] - qint64(ring.size()) + firstRow - 1;
+    spans.blocks = &own.ranges;
+    spans.number = own.taken - qint64(own.ring.size()) + firstRow - 1;
     return true;
 }
 
 void RunningAverages::dropOldest(int column, qint64 rows)
 {
-    SampleRing &ring = m_rings[column - 1];
-    ring.erase_begin(SampleRing::size_type(std::clamp<qint64>(rows, 0, qint64(ring.size()))));
+    Channel &own = channel(column);
+    const auto leaving =
+        SampleRing::size_type(std::clamp<qint64>(rows, 0, qint64(own.ring.size())));
+    own.dropped = own.before(int(leaving) + 1);
+    own.ring.erase_begin(leaving);
+}
+
+void RunningAverages::followDrops(int column, qint64 dropped)
+{
+    Channel &own = channel(column);
+    dropOldest(column, dropped - own.followedDrops);
+    own.followedDrops = dropped;
 }
 
 void RunningAverages::truncate(int column, int rows)
 {
-    SampleRing &ring = m_rings[column - 1];
-    if (int(ring.size()) > rows)
-        resize(column, std::max(rows, 0));
+    Channel &own = channel(column);
+    rows = std::max(rows, 0);
+    if (int(own.ring.size()) <= rows)
+        return;
+    own.newest = own.before(rows + 1);
+    resize(own, rows);
+}
+
+//! The average that row \a row goes on from: the last finite one before it, or NaN.
+double RunningAverages::Channel::before(int row) const
+{
+    // What is appended, which is the usual case, must not search through a long gap each time.
+    if (row == int(ring.size()) + 1)
+        return newest;
+    for (int i = row - 2; i >= 0; --i) {
+        if (std::isfinite(ring[SampleRing::size_type(i)]))
+            return ring[SampleRing::size_type(i)];
+    }
+    return dropped;
 }
 
 void RunningAverages::update(const PlotColumnReader &source,
@@ -127,10 +186,10 @@ void RunningAverages::update(const PlotColumnReader &source,
     lastColumn = std::min(lastColumn, channels());
     firstColumn = std::max(firstColumn, 1);
     for (int column = firstColumn; column <= lastColumn; ++column)
-        m_starts[column - 1] = prepare(column, from, rows);
+        prepare(channel(column), from, rows);
 
     for (int column = firstColumn; column <= lastColumn;) {
-        const int start = m_starts[column - 1];
+        const int start = channel(column).start;
         if (m_length == 1) {
             copy(source, column, start, rows);
             ++column;
@@ -149,46 +208,52 @@ bool RunningAverages::startsTogether(int column, int lastColumn) const
 {
     if (column + lanes - 1 > lastColumn)
         return false;
-    const auto first = m_starts.begin() + (column - 1);
-    return std::count(first, first + lanes, *first) == lanes;
+    const int start = channel(column).start;
+    for (int next = column + 1; next < column + lanes; ++next) {
+        if (channel(next).start != start)
+            return false;
+    }
+    return true;
 }
 
-//! Makes room up to row \a rows; the row from which on averages are to be computed.
-int RunningAverages::prepare(int column, int from, int rows)
+//! Makes room up to row \a rows, and finds where to start and what to go on from.
+void RunningAverages::prepare(Channel &channel, int from, int rows)
 {
-    SampleRing &ring = m_rings[column - 1];
+    SampleRing &ring = channel.ring;
     const auto size = SampleRing::size_type(std::max(rows, 0));
     const int firstWithout = int(ring.size()) + 1;
+    channel.start = std::max(std::min(from, firstWithout), 1);
+    // From the first row on, averages start afresh.
+    if (channel.start == 1)
+        channel.newest = channel.dropped = std::numeric_limits<double>::quiet_NaN();
+    channel.newest = channel.before(channel.start);
     // A source that grows past the buffer size that it named must not cost a move of all rows at each of them.
     if (size > ring.capacity())
         ring.set_capacity(std::max(size, 2 * ring.capacity()));
-    resize(column, int(size));
-    const int start = std::max(std::min(from, firstWithout), 1);
-    if (start < firstWithout)
-        m_ranges[size_t(column - 1)].forget();
-    return start;
+    resize(channel, int(size));
+    if (channel.start < firstWithout)
+        channel.ranges.forget();
 }
 
-void RunningAverages::resize(int column, int rows)
+void RunningAverages::resize(Channel &channel, int rows)
 {
-    SampleRing &ring = m_rings[column - 1];
-    const int added = rows - int(ring.size());
+    const int added = rows - int(channel.ring.size());
     // The usual case, one reading more, is worth its own call.
     if (added == 1)
-        ring.push_back(0.0);
+        channel.ring.push_back(0.0);
     else
-        ring.resize(SampleRing::size_type(rows));
-    m_taken[size_t(column - 1)] += added;
+        channel.ring.resize(SampleRing::size_type(rows));
+    channel.taken += added;
     // The next ones get the names of those that leave.
     if (added < 0)
-        m_ranges[size_t(column - 1)].forget();
+        channel.ranges.forget();
 }
 
 void RunningAverages::copy(const PlotColumnReader &source, int column, int from, int rows)
 {
     if (from > rows)
         return;
-    forPieces(m_rings[column - 1],
+    forPieces(channel(column).ring,
               from - 1,
               rows - from + 1,
               [&](double *memory, int offset, int count) {
@@ -207,13 +272,13 @@ bool RunningAverages::averageInPlace(const PlotColumnReader &source,
     Lane stretch[Lanes];
     for (int k = 0; k < Lanes; ++k) {
         ColumnSpans spans;
-        double *const out = straightPiece(m_rings[firstColumn + k - 1], row - 1, count);
+        double *const out = straightPiece(channel(firstColumn + k).ring, row - 1, count);
         if (!out || !source.spans(firstColumn + k, row, count, spans)
             || (spans.size[0] > 0 && spans.size[1] > 0))
             return false;
         stretch[k] = {spans.piece[spans.size[0] > 0 ? 0 : 1], out, spans.factor, spans.zero};
     }
-    averageStretch(stretch, running, count, 1.0 / m_length);
+    recur(stretch, running, count, 1.0 / m_length);
     return true;
 }
 
@@ -231,35 +296,62 @@ void RunningAverages::averageByCopy(const PlotColumnReader &source,
         source.read(firstColumn + k, row, count, x[k]);
         stretch[k] = {x[k], x[k], 1.0, 0.0};
     }
-    averageStretch(stretch, running, count, 1.0 / m_length);
+    recur(stretch, running, count, 1.0 / m_length);
     for (int k = 0; k < Lanes; ++k)
-        forPieces(m_rings[firstColumn + k - 1],
-                  row - 1,
-                  count,
-                  [&](double *memory, int offset, int n) {
-                      std::copy_n(x[k] + offset, n, memory);
-                  });
+        store(channel(firstColumn + k).ring, row, count, x[k]);
+}
+
+/*! The same for a channel whose readings are not all finite, or that has no average yet: a reading at a time. Returns
+    what the next row goes on from. */
+double RunningAverages::averageWithGaps(const PlotColumnReader &source,
+                                        int column,
+                                        int row,
+                                        int count,
+                                        double running)
+{
+    const double alpha = 1.0 / m_length;
+    double x[chunk];
+    source.read(column, row, count, x);
+    for (int i = 0; i < count; ++i) {
+        if (!std::isfinite(x[i]))
+            continue;
+        if (std::isfinite(running))
+            x[i] = (1.0 - alpha) * running + alpha * x[i];
+        running = x[i];
+    }
+    store(channel(column).ring, row, count, x);
+    return running;
+}
+
+template<int Lanes>
+void RunningAverages::averageStretch(const PlotColumnReader &source,
+                                     int firstColumn,
+                                     int row,
+                                     int count,
+                                     double (&running)[Lanes])
+{
+    double next[Lanes];
+    std::copy_n(running, Lanes, next);
+    if (!averageInPlace(source, firstColumn, row, count, next))
+        averageByCopy(source, firstColumn, row, count, next);
+    // Readings are not tested one by one: a gap shows at the end.
+    for (int k = 0; k < Lanes; ++k) {
+        if (!std::isfinite(next[k]))
+            next[k] = averageWithGaps(source, firstColumn + k, row, count, running[k]);
+    }
+    std::copy_n(next, Lanes, running);
 }
 
 template<int Lanes>
 void RunningAverages::average(const PlotColumnReader &source, int firstColumn, int from, int rows)
 {
-    if (from > rows)
-        return;
     double running[Lanes];
-    for (int k = 0; k < Lanes; ++k) {
-        if (from > 1) {
-            running[k] = value(from - 1, firstColumn + k);
-            continue;
-        }
-        source.read(firstColumn + k, 1, 1, &running[k]);
-        m_rings[firstColumn + k - 1][0] = running[k];
-    }
-    for (int row = std::max(from, 2); row <= rows; row += chunk) {
-        const int count = std::min(chunk, rows - row + 1);
-        if (!averageInPlace(source, firstColumn, row, count, running))
-            averageByCopy(source, firstColumn, row, count, running);
-    }
+    for (int k = 0; k < Lanes; ++k)
+        running[k] = channel(firstColumn + k).newest;
+    for (int row = from; row <= rows; row += chunk)
+        averageStretch(source, firstColumn, row, std::min(chunk, rows - row + 1), running);
+    for (int k = 0; k < Lanes; ++k)
+        channel(firstColumn + k).newest = running[k];
 }
 
 } // namespace Corvale_Qt

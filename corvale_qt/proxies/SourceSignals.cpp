@@ -62,12 +62,16 @@ void disconnectSource(const QObject *source, const QObject *receiver)
         QObject::disconnect(source, wire.signal, receiver, wire.slot);
 }
 
-void connectUnitsChanged(const QObject *source, const QObject *receiver, const char *method)
+QMetaObject::Connection connectUnitsChanged(const QObject *source,
+                                            const QObject *receiver,
+                                            const char *method,
+                                            Qt::ConnectionType type)
 {
     const char *const signal = SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *));
     const QByteArray signature = QMetaObject::normalizedSignature(signal + 1);
-    if (source->metaObject()->indexOfSignal(signature) >= 0)
-        QObject::connect(source, signal, receiver, method);
+    if (source->metaObject()->indexOfSignal(signature) < 0)
+        return QMetaObject::Connection();
+    return QObject::connect(source, signal, receiver, method, type);
 }
 
 } // namespace Corvale_Qt

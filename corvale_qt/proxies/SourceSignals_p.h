@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-class QObject;
+#include <QObject>
 
 namespace Corvale_Qt {
 
@@ -19,7 +19,10 @@ void connectSource(const QObject *source, const QObject *receiver);
 void disconnectSource(const QObject *source, const QObject *receiver);
 
 /*! Connects the source's unitsChanged() to \a method of \a receiver (a SIGNAL() or SLOT() text). Not every plot model
-    has that signal; where it is missing nothing happens. */
-void connectUnitsChanged(const QObject *source, const QObject *receiver, const char *method);
+    has that signal; where it is missing nothing happens, and the connection is invalid. */
+QMetaObject::Connection connectUnitsChanged(const QObject *source,
+                                            const QObject *receiver,
+                                            const char *method,
+                                            Qt::ConnectionType type = Qt::AutoConnection);
 
 } // namespace Corvale_Qt

@@ -8,20 +8,29 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/units/MeasurementUnit.h"
+
+#include <QVariant>
 
 namespace Corvale_Qt {
 
-//! Text of a number that is in \a unit already; as it is where there is no unit.
-inline QString shownText(const Units::MeasurementUnit *unit, double value)
+//! Whether a cell answers \a role with its reading, as a text or a number.
+inline bool asksForReading(int role)
 {
-    return unit ? unit->formatUnscaled(value) : QString::number(value);
+    return role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole
+        || role == RVXAbstractPlotDataModel::NumericValueRole;
 }
 
-//! The same with the unit's symbol.
-inline QString shownTextWithUnit(const Units::MeasurementUnit *unit, double value)
+//! A reading that is in \a unit already, for such a role: a tool tip has the unit's symbol. Without a unit it is as it is.
+inline QVariant readingFor(int role, const Units::MeasurementUnit *unit, double value)
 {
-    return unit ? unit->formatSuffixUnscaled(value) : QString::number(value);
+    if (role == RVXAbstractPlotDataModel::NumericValueRole)
+        return value;
+    if (!unit)
+        return QString::number(value);
+    return role == Qt::ToolTipRole ? unit->formatSuffixUnscaled(value)
+                                   : unit->formatUnscaled(value);
 }
 
 } // namespace Corvale_Qt

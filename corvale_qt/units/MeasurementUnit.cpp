@@ -25,6 +25,7 @@ MeasurementUnit::MeasurementUnit(double factor, const QString &name, double extr
 }
 
 MeasurementUnit::MeasurementUnit(const MeasurementUnit &other) = default;
+MeasurementUnit &MeasurementUnit::operator=(const MeasurementUnit &other) = default;
 MeasurementUnit::~MeasurementUnit() = default;
 
 QString MeasurementUnit::name() const

@@ -59,7 +59,7 @@ enum MeasurementUnitType {
     person, and those into text.
 
     Models hand out pointers to units that they keep; fromType() and fromString() make new ones that the caller
-    owns. A unit is a plain value: it may be copied, and it knows nothing of who shows it.
+    owns. A unit is a plain value: it may be copied and assigned, and it knows nothing of who shows it.
 
     \code
     const Units::mA unit;
@@ -74,7 +74,7 @@ public:
     MeasurementUnit(double factor, const QString &name, double extraScale);
     MeasurementUnit(const MeasurementUnit &other);
     virtual ~MeasurementUnit();
-    MeasurementUnit &operator=(const MeasurementUnit &) = delete;
+    MeasurementUnit &operator=(const MeasurementUnit &other);
 
     //! The symbol, for example "mA".
     virtual QString name() const;

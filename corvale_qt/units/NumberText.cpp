@@ -84,27 +84,29 @@ char *writeQuickly(char *to, double value, char format, int precision)
     return format == 'e' && value != 0.0 ? writeExponent(to, value, precision) : nullptr;
 }
 
+//! The end of Qt's text of a usual number, or null where Qt has to be asked for it.
+char *write(char *to, char *end, double value, char format, int precision)
+{
+    if (char *const written = writeQuickly(to, value, format, precision))
+        return written;
+    if (mayBeTie(value, format, precision))
+        return nullptr;
+    return std::to_chars(to, end, value, formatOf(format), precision).ptr;
+}
+
 } // namespace
 
 void appendNumber(QByteArray &text, double value, char format, int precision)
 {
-    if (!isUsual(value, format, precision)) {
-        text.append(QByteArray::number(value, format, precision));
-        return;
-    }
     char buffer[64];
     static_assert(sizeof buffer >= quickNumberRoom);
-    if (const char *const end = writeQuickly(buffer, value, format, precision)) {
+    const bool usual = isUsual(value, format, precision);
+    const char *const end =
+        usual ? write(buffer, buffer + sizeof buffer, value, format, precision) : nullptr;
+    if (end)
         text.append(buffer, int(end - buffer));
-        return;
-    }
-    // A hair beyond the tie is rounded the way Qt rounds the tie.
-    const double beyond = std::copysign(HUGE_VAL, value);
-    const double written =
-        mayBeTie(value, format, precision) ? std::nextafter(value, beyond) : value;
-    const auto end =
-        std::to_chars(buffer, buffer + sizeof buffer, written, formatOf(format), precision);
-    text.append(buffer, int(end.ptr - buffer));
+    else
+        text.append(QByteArray::number(value, format, precision));
 }
 
 } // namespace Units

@@ -53,7 +53,8 @@ public:
         channel->setChannelName(names.value(0));
         channel->setProperty("channel", names.value(0)); // for channelNames()
         channel->startTimer(200);
-        *column = 1;
+        if (column)
+            *column = 1;
         return channel;
     }
 };

@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+
+// With this header alone, a host can connect unitsChanged() by its address, and delete what seriesData() returns.
+static_assert(sizeof(Corvale_Qt::Units::MeasurementUnit) > 0);
+static_assert(sizeof(QwtSeriesData<QPointF>) > 0);
+
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/ModelLog.h"

@@ -28,6 +28,11 @@ double step(double before, double raw)
     return (1.0 - alpha) * before + alpha * raw;
 }
 
+bool same(double one, double other)
+{
+    return one == other || (qIsNaN(one) && qIsNaN(other));
+}
+
 // A channel as it ought to be: the averages of the samples that its source holds, in the channel's own history.
 class Expected
 {
@@ -39,8 +44,11 @@ public:
     }
 
     int rows() const { return model->rowCount() - 1; }
-    // A row that the source does not have repeats its newest; an empty source has its header row there.
-    double raw(int row) const { return model->doubleData(std::min(row, rows()), m_column); }
+    // A row that the source does not have repeats its newest; an empty source has none to repeat.
+    double raw(int row) const
+    {
+        return rows() == 0 ? qQNaN() : model->doubleData(std::min(row, rows()), m_column);
+    }
     double average(int row) const
     {
         double value = 0.0;
@@ -148,9 +156,9 @@ public:
             if (merged.doubleData(row, 0) != time(row) || averaging.doubleData(row, 0) != time(row))
                 return QStringLiteral("time of row %1").arg(row);
             for (int c = 1; c <= channels.size(); ++c) {
-                if (merged.doubleData(row, c) != channels[c - 1].raw(row))
+                if (!same(merged.doubleData(row, c), channels[c - 1].raw(row)))
                     return QStringLiteral("value of row %1, channel %2").arg(row).arg(c);
-                if (averaging.doubleData(row, c) != channels[c - 1].average(row))
+                if (!same(averaging.doubleData(row, c), channels[c - 1].average(row)))
                     return QStringLiteral("average of row %1, channel %2: %3 instead of %4")
                         .arg(row)
                         .arg(c)
@@ -462,7 +470,6 @@ void tst_MultichannelRows::anythingInAnyOrder()
         } else if (what < 86) {
             const QModelIndex box = model->index(0, 1);
             model->setData(box, box.data(Qt::CheckStateRole).toInt() == 0, Qt::CheckStateRole);
-            scene.changed(model, 1);
         } else if (what < 88) {
             model->rollOver = BufferModel::RollOver(below(2));
         } else if (what < 90 && rows > 1) {

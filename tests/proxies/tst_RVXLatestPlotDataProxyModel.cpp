@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelLog.h"
@@ -8,9 +11,11 @@
 #include "tests/support/TestMain.h"
 
 #include <QBrush>
+#include <QIdentityProxyModel>
 #include <QMimeData>
 #include <QStandardItemModel>
 
+#include <limits>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -71,13 +76,19 @@ private Q_SLOTS:
     void whatIsAnnounced();
     void aRowThatIsEdited();
     void headers();
+    void theUnitBelowAChainOfProxies();
+    void channelsInDifferentUnits();
+    void aMergedChannelWithoutReadings();
     void checkStateOfAllChannels();
     void channelCells();
     void draggedNames();
     void indexesOfTheSource();
     void anIndexThatCannotBe();
     void sourcesThatAreNoPlotModels();
+    void namesAreReadable_data();
+    void namesAreReadable();
     void aSourceThatGoes();
+    void connectionsOfAHostStay();
 };
 
 void tst_RVXLatestPlotDataProxyModel::noSourceAndNoSamples()
@@ -149,6 +160,12 @@ void tst_RVXLatestPlotDataProxyModel::whatIsAnnounced()
     QCOMPARE(log.take(), QString("changed (0,0)-(2,1), header 0-0"));
     source.remove(2, 2);
     QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+    source.append(3, 3);
+    log.take();
+    source.moveToEnd(1);
+    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+    source.reverse();
+    QCOMPARE(log.take(), QString("changed (0,0)-(2,1)"));
     source.insertChannelInFront(1);
     QCOMPARE(log.take(), QString("reset?, reset!"));
     QCOMPARE(proxy.rowCount(), 4);
@@ -196,6 +213,97 @@ void tst_RVXLatestPlotDataProxyModel::headers()
     QVERIFY(!proxy.headerData(0, Qt::Vertical).isValid());
     QCOMPARE(proxy.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
              int(Qt::AlignHCenter));
+}
+
+void tst_RVXLatestPlotDataProxyModel::theUnitBelowAChainOfProxies()
+{
+    const Units::nA nA;
+    const Units::mA mA;
+    BufferModel former(1), source(1);
+    RVXAveragingProxyModel averaging;
+    RVXAveragingProxyModel twice;
+    QIdentityProxyModel ofAHost;
+    RVXLatestPlotDataProxyModel proxy;
+    averaging.setSourceModel(&former);
+    twice.setSourceModel(&averaging);
+    ofAHost.setSourceModel(&twice);
+    proxy.setSourceModel(&ofAHost);
+    averaging.setSourceModel(&source);
+    ModelLog log(&proxy);
+    source.SetUnits(&nA);
+    QCOMPARE(log.take(), QString("header 0-1"));
+    QCOMPARE(proxy.headerData(1, Qt::Horizontal).toString(), QString("Data (nA)"));
+    former.SetUnits(&mA);
+    QCOMPARE(log.take(), QString());
+
+    // Where nobody tells of the unit, all samples still change with it.
+    source.append(1, 1);
+    source.append(2, 1);
+    source.blockSignals(true);
+    source.SetUnits(&mA);
+    source.blockSignals(false);
+    log.take();
+    Q_EMIT source.dataChanged(source.index(1, 1), source.index(2, 1));
+    QCOMPARE(log.take(), QString("changed (0,1)-(0,1), header 1-1"));
+}
+
+void tst_RVXLatestPlotDataProxyModel::channelsInDifferentUnits()
+{
+    const Units::nA nA;
+    const Units::mV mV;
+    const Units::mV another;
+    const double gap = std::numeric_limits<double>::quiet_NaN();
+    BufferModel source(3);
+    source.channelUnits = {{2, &mV}, {3, nullptr}};
+    source.SetUnits(&nA);
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&source);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&averaging);
+    const ModelWatch watch(&proxy);
+    const auto title = [&proxy] {
+        return proxy.headerData(1, Qt::Horizontal).toString();
+    };
+    QCOMPARE(title() + ": " + cells(proxy), QString("Data: ch1=N/A ch2=N/A ch3=N/A"));
+    source.append({{1, {4e-9, 0.25, 2}}});
+    QCOMPARE(cells(proxy), QString("ch1=4.0000 nA ch2=2.500e+02 mV ch3=2"));
+    QCOMPARE(proxy.index(1, 1).data(Qt::EditRole).toString(), QString("2.500e+02"));
+    source.append({{2, {4e-9, gap, 2}}});
+    QCOMPARE(cells(proxy), QString("ch1=4.0000 nA ch2=nan ch3=2"));
+
+    // The channels come to have one unit, if by different objects, and the title says it for all.
+    source.channelUnits = {{2, &mV}};
+    ModelLog log(&proxy);
+    source.SetUnits(&another);
+    QCOMPARE(log.take(), QString("changed (0,1)-(2,1), header 0-1, changed (0,1)-(2,1)"));
+    QCOMPARE(title(), QString("Data (mV)"));
+    QCOMPARE(proxy.index(0, 1).data().toString(), QString("4.000e-06"));
+    QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::aMergedChannelWithoutReadings()
+{
+    const Units::nA nA;
+    const Units::mV mV;
+    RVXSingleChannelDataModel current, voltage;
+    current.SetUnits(&nA);
+    voltage.SetUnits(&mV);
+    RVXMultichannelProxyModel merged;
+    merged.addSourceModel(&current, 1);
+    merged.addSourceModel(&voltage, 1);
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&merged);
+    averaging.setAveraging(2);
+    RVXZeroingProxyModel zeroing;
+    zeroing.setSourceModel(&averaging);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&zeroing);
+    current.AddData(1, 4e-9);
+    QCOMPARE(cells(proxy), QString("1=4.0000 nA 1=N/A"));
+    zeroing.zeroNow();
+    QCOMPARE(cells(proxy), QString("1=0.0000 nA 1=N/A"));
+    voltage.AddData(1, 0.5);
+    QCOMPARE(cells(proxy), QString("1=0.0000 nA 1=5.000e+02 mV"));
 }
 
 void tst_RVXLatestPlotDataProxyModel::checkStateOfAllChannels()
@@ -295,6 +403,56 @@ void tst_RVXLatestPlotDataProxyModel::sourcesThatAreNoPlotModels()
     proxy.setSourceModel(nullptr);
     QCOMPARE(proxy.rowCount(), 0);
     QCOMPARE(watch.complaints(), QString());
+}
+
+void tst_RVXLatestPlotDataProxyModel::namesAreReadable_data()
+{
+    QTest::addColumn<QVariant>("background");
+    QTest::addColumn<QVariant>("foreground");
+    QTest::addColumn<QColor>("expected");
+    const QVariant none;
+    const QColor white(Qt::white);
+    const QColor black(Qt::black);
+    const auto brush = [](Qt::GlobalColor colour) {
+        return QVariant(QBrush(colour));
+    };
+    QTest::newRow("no colours") << none << none << white;
+    QTest::newRow("written for paper") << none << brush(Qt::black) << white;
+    QTest::newRow("dark") << brush(Qt::darkBlue) << none << white;
+    QTest::newRow("bright") << brush(Qt::yellow) << none << black;
+    QTest::newRow("both are the source's")
+        << brush(Qt::yellow) << brush(Qt::darkRed) << QColor(Qt::darkRed);
+}
+
+void tst_RVXLatestPlotDataProxyModel::namesAreReadable()
+{
+    QFETCH(QVariant, background);
+    QFETCH(QVariant, foreground);
+    QFETCH(QColor, expected);
+    QStandardItemModel source(2, 2);
+    source.setData(source.index(0, 1), background, Qt::BackgroundRole);
+    source.setData(source.index(0, 1), foreground, Qt::ForegroundRole);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&source);
+    QCOMPARE(proxy.index(0, 0).data(Qt::ForegroundRole).value<QBrush>().color(), expected);
+}
+
+void tst_RVXLatestPlotDataProxyModel::connectionsOfAHostStay()
+{
+    BufferModel former(1), another(1);
+    RVXLatestPlotDataProxyModel proxy;
+    proxy.setSourceModel(&former);
+    int heard = 0;
+    // With the table as its receiver, as the library's own connections have it.
+    connect(&former, &QAbstractItemModel::rowsInserted, &proxy, [&heard] {
+        ++heard;
+    });
+    proxy.setSourceModel(&another);
+    ModelLog log(&proxy);
+    former.append(1, 1);
+    former.SetUnits(nullptr);
+    QCOMPARE(heard, 1);
+    QCOMPARE(log.take(), QString());
 }
 
 void tst_RVXLatestPlotDataProxyModel::aSourceThatGoes()

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelLog.h"
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
+#include "tests/support/RowAccount.h"
 #include "tests/support/TestMain.h"
 
 #include <QItemSelectionModel>
@@ -13,6 +16,7 @@
 #include <QStandardItemModel>
 
 #include <functional>
+#include <utility>
 
 using namespace Corvale_Qt;
 
@@ -57,6 +61,22 @@ private:
 
 } // namespace
 
+// Does something when it hears of it first.
+class Once : public QObject
+{
+    Q_OBJECT
+
+public:
+    std::function<void()> act;
+
+public Q_SLOTS:
+    void fire()
+    {
+        if (act)
+            std::exchange(act, nullptr)();
+    }
+};
+
 class tst_RVXPlotProxyModel : public QObject
 {
     Q_OBJECT
@@ -74,6 +94,9 @@ private Q_SLOTS:
     void deletedInAnyOrder_data();
     void deletedInAnyOrder();
     void aSourceThatGoesDuringItsReset();
+    void attachedInTheMiddle_data();
+    void attachedInTheMiddle();
+    void detachedInTheMiddle();
 };
 
 void tst_RVXPlotProxyModel::withoutASource()
@@ -152,6 +175,9 @@ void tst_RVXPlotProxyModel::everySignalIsPassedOn_data()
     });
     QTest::newRow("lose a channel") << Act([](BufferModel &m) {
         m.removeFirstChannel();
+    });
+    QTest::newRow("move a channel") << Act([](BufferModel &m) {
+        m.moveFirstChannelToEnd();
     });
     QTest::newRow("clear") << Act([](BufferModel &m) {
         m.Clear();
@@ -376,6 +402,129 @@ void tst_RVXPlotProxyModel::aSourceThatGoesDuringItsReset()
     other.append(2, 2);
     other.Clear();
     QCOMPARE(log.take(), QString("insert 2-2?, insert 2-2!, reset?, reset!"));
+}
+
+void tst_RVXPlotProxyModel::attachedInTheMiddle_data()
+{
+    // Whose signal attaches the proxies, and which.
+    QTest::addColumn<bool>("ofAverage");
+    QTest::addColumn<QByteArray>("signal");
+    for (const char *const signal : {SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)),
+                                     SIGNAL(rowsInserted(QModelIndex, int, int)),
+                                     SIGNAL(rowsAboutToBeRemoved(QModelIndex, int, int)),
+                                     SIGNAL(rowsRemoved(QModelIndex, int, int)),
+                                     SIGNAL(columnsAboutToBeInserted(QModelIndex, int, int)),
+                                     SIGNAL(columnsInserted(QModelIndex, int, int)),
+                                     SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)),
+                                     SIGNAL(layoutAboutToBeChanged()),
+                                     SIGNAL(layoutChanged()),
+                                     SIGNAL(modelAboutToBeReset()),
+                                     SIGNAL(modelReset())}) {
+        QTest::addRow("device %s", signal) << false << QByteArray(signal);
+        QTest::addRow("average %s", signal) << true << QByteArray(signal);
+    }
+}
+
+void tst_RVXPlotProxyModel::attachedInTheMiddle()
+{
+    QFETCH(bool, ofAverage);
+    QFETCH(QByteArray, signal);
+    const Act acts[] = {Act([](BufferModel &m) {
+                            m.append({{5, {50, 51}}, {6, {60, 61}}});
+                        }),
+                        Act([](BufferModel &m) {
+                            m.dropOldest(1);
+                        }),
+                        Act([](BufferModel &m) {
+                            m.insertChannelInFront(3.0);
+                        }),
+                        Act([](BufferModel &m) {
+                            m.moveToEnd(1);
+                        }),
+                        Act([](BufferModel &m) {
+                            m.reverse();
+                        }),
+                        Act([](BufferModel &m) {
+                            m.Clear();
+                        })};
+    for (int run = 0; run < 4 * int(std::size(acts)); ++run) {
+        BufferModel source(2, 4);
+        source.rollOver = BufferModel::RollOver(run % 3);
+        for (int i = 1; i <= 4; ++i)
+            source.append(i, 10.0 * i);
+        RVXAveragingProxyModel average;
+        average.setAveraging(3);
+        PlainProxy plain;
+        RVXAveragingProxyModel onAverage;
+        RVXMultichannelProxyModel merged;
+        Once once;
+        once.act = [&] {
+            plain.setSourceModel(&average);
+            onAverage.setSourceModel(&average);
+            merged.addSourceModel(&average, 2);
+            merged.addSourceModel(&source, 2);
+        };
+        // Before the average hears of it, and after.
+        const bool isFirst = run % 4 == 3;
+        if (isFirst && !ofAverage)
+            connect(&source, signal, &once, SLOT(fire()));
+        average.setSourceModel(&source);
+        if (ofAverage)
+            connect(&average, signal, &once, SLOT(fire()));
+        else if (!isFirst)
+            connect(&source, signal, &once, SLOT(fire()));
+
+        acts[run / 4](source);
+        once.fire();
+        const RowAccount accounts[] = {RowAccount(&plain),
+                                       RowAccount(&onAverage),
+                                       RowAccount(&merged)};
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(rowsText(plain), rowsText(average));
+            QCOMPARE(rowsText(onAverage), rowsText(average));
+            QCOMPARE(merged.rowCount(), source.rowCount());
+            for (int row = 1; row < source.rowCount(); ++row) {
+                QCOMPARE(merged.doubleData(row, 1), average.doubleData(row, 2));
+                QCOMPARE(merged.doubleData(row, 2), source.doubleData(row, 2));
+            }
+            for (const RowAccount &account : accounts)
+                QCOMPARE(account.error(), QString());
+            source.append(10 + i, 7.0 * i);
+        }
+    }
+}
+
+void tst_RVXPlotProxyModel::detachedInTheMiddle()
+{
+    BufferModel two(1);
+    two.append(1, 5);
+    two.append(2, 6);
+    for (const bool whileBeginning : {false, true}) {
+        BufferModel source(1);
+        PlainProxy proxy;
+        PlainProxy onTop;
+        proxy.setSourceModel(&source);
+        onTop.setSourceModel(&proxy);
+        Once once;
+        once.act = [&] {
+            proxy.setSourceModel(&two);
+        };
+        connect(whileBeginning ? static_cast<QAbstractItemModel *>(&proxy) : &source,
+                SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)),
+                &once,
+                SLOT(fire()));
+        ModelLog log(&onTop);
+        source.append(1, 1);
+        source.append(2, 2);
+        QCOMPARE(rowsText(onTop), QString("1: 5; 2: 6"));
+        // What was begun was ended, though not by the source.
+        const QString announced = log.take();
+        QVERIFY(announced.contains("insert 1-1?"));
+        QCOMPARE(announced.count('!'), announced.count('?'));
+        two.append(3, 7);
+        QCOMPARE(log.take(), QString("insert 3-3?, insert 3-3!"));
+        two.remove(3, 3);
+    }
 }
 
 CORVALE_QT_TEST_MAIN(tst_RVXPlotProxyModel)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
@@ -9,6 +10,7 @@
 #include "tests/support/TestMain.h"
 
 #include <functional>
+#include <limits>
 
 using namespace Corvale_Qt;
 
@@ -24,6 +26,9 @@ private Q_SLOTS:
     void channelsComeAndGo_data();
     void channelsComeAndGo();
     void anotherUnit();
+    void unitsOfTheirOwn();
+    void zerosAreTakenFromFiniteReadings();
+    void cellsThatHoldNothing();
     void nothingToTakeAZeroFrom();
     void rolesAndTexts();
     void filesHoldWhatWasMeasured();
@@ -177,6 +182,62 @@ void tst_RVXZeroingProxyModel::anotherUnit()
     QVERIFY(qAbs(proxy.doubleData(1, 1)) < 1e-9);
     source.SetUnits(nullptr);
     QVERIFY(!proxy.units());
+}
+
+void tst_RVXZeroingProxyModel::unitsOfTheirOwn()
+{
+    const Units::nA nA;
+    const Units::pA pA;
+    const Units::mV mV;
+    BufferModel source(2);
+    source.channelUnits[2] = &mV;
+    source.SetUnits(&nA);
+    source.append({{1, {4e-9, 0.25}}});
+    source.append({{2, {5e-9, 0.75}}});
+    RVXAveragingProxyModel averaging;
+    averaging.setSourceModel(&source);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&averaging);
+    proxy.zeroNow();
+    QCOMPARE(averaging.index(1, 2).data(Qt::ToolTipRole).toString(), QString("2.500e+02 mV"));
+    QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1.0000 nA"));
+    QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
+    // The zero of a channel follows its own unit, and no other.
+    source.SetUnits(&pA);
+    QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1000.0000 pA"));
+    QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
+}
+
+void tst_RVXZeroingProxyModel::zerosAreTakenFromFiniteReadings()
+{
+    const double gap = std::numeric_limits<double>::quiet_NaN();
+    BufferModel source(3);
+    source.append({{1, {1, 2, gap}}});
+    source.append({{2, {3, gap, gap}}});
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    proxy.zeroNow();
+    source.append({{3, {4, 5, 6}}});
+    QCOMPARE(rowsText(proxy), QString("1: -2 0 nan; 2: 0 nan nan; 3: 1 3 6"));
+}
+
+void tst_RVXZeroingProxyModel::cellsThatHoldNothing()
+{
+    BufferModel source(1);
+    RVXZeroingProxyModel proxy;
+    proxy.setSourceModel(&source);
+    source.append(1, 4);
+    source.append(2, 4);
+    proxy.zeroNow();
+    const QModelIndex gone = proxy.index(2, 1);
+    QCOMPARE(gone.data().toString(), QString("0.000e+00"));
+    source.dropOldest(1);
+    for (int role : {int(Qt::DisplayRole),
+                     int(Qt::EditRole),
+                     int(Qt::ToolTipRole),
+                     int(RVXAbstractPlotDataModel::NumericValueRole)})
+        QVERIFY(!proxy.data(gone, role).isValid());
+    QCOMPARE(proxy.doubleData(2, 1), 0.0);
 }
 
 void tst_RVXZeroingProxyModel::nothingToTakeAZeroFrom()

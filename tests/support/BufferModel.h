@@ -4,19 +4,21 @@
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
+#include <QHash>
 #include <QVector>
 
 #include <algorithm>
 
 /*! A device model with a small buffer and any number of channels that does all that a host's model may do: grow, roll over
-    in either order of announcements, drop, change, move, sort, gain and lose channels. It knows no bulk
+    in any order of announcements, drop, change, move, sort, gain and lose channels. It knows no bulk
     reading, as no host's model does. */
 class BufferModel : public Corvale_Qt::RVXAbstractDeviceDataModel
 {
 public:
     enum RollOver {
         InsertAroundRemove,
-        RemoveThenInsert
+        RemoveThenInsert,
+        InsertThenRemove
     };
 
     //! One sample: its time and a value for each channel, in the base unit.
@@ -59,6 +61,8 @@ public:
             endRemoveRows();
         }
         endInsertRows();
+        if (surplus > 0 && rollOver == InsertThenRemove)
+            dropOldest(surplus);
     }
 
     void dropOldest(int count) { remove(1, count); }
@@ -167,7 +171,14 @@ public:
         if (column == 0)
             return sample.time;
         const double value = sample.values[column - 1];
-        return units() ? units()->scale(value) : value;
+        const Corvale_Qt::Units::MeasurementUnit *unit = channelUnits.value(column, units());
+        return unit ? unit->scale(value) : value;
+    }
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override
+    {
+        if (role == ChannelUnitRole && index.row() == 0 && channelUnits.contains(index.column()))
+            return QVariant::fromValue(channelUnits.value(index.column()));
+        return RVXAbstractDeviceDataModel::data(index, role);
     }
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override
     {
@@ -181,6 +192,8 @@ public:
     bool SaveDataToFile(const QString &fileName) const override { return fileName == "accepted"; }
 
     RollOver rollOver = InsertAroundRemove;
+    //! Units of the channels that are not in units(), by column. To be filled before anyone attaches.
+    QHash<int, const Corvale_Qt::Units::MeasurementUnit *> channelUnits;
 
 private:
     int m_channels;

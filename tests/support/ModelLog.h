@@ -28,6 +28,8 @@ public:
         connect(model, &M::columnsInserted, this, rows("insert column", "!"));
         connect(model, &M::columnsAboutToBeRemoved, this, rows("remove column", "?"));
         connect(model, &M::columnsRemoved, this, rows("remove column", "!"));
+        connect(model, &M::columnsAboutToBeMoved, this, rows("move column", "?"));
+        connect(model, &M::columnsMoved, this, rows("move column", "!"));
         connect(model, &M::modelAboutToBeReset, this, [this] {
             add("reset?");
         });

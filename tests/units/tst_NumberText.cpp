@@ -74,6 +74,8 @@ void tst_NumberText::textsAreQts()
         compare(std::ldexp(double(random() % 2000000), -int(random() % 24)));
         // The same, a hair beside the tie.
         compare(std::nextafter(std::ldexp(double(random() % 2000000), -int(random() % 24)), 1e9));
+        // Times of a long run, halfway between two texts of nine decimals.
+        compare(std::ldexp(double((random() % (1ULL << 36)) | 1), -10));
         // Many bits and large.
         compare(std::ldexp(double(random() >> 11), -int(random() % 60)));
     }

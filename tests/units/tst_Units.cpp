@@ -2,6 +2,9 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
 
+#include <QHash>
+
+#include <cmath>
 #include <memory>
 
 using namespace Corvale_Qt::Units;
@@ -13,7 +16,10 @@ class tst_Units : public QObject
 private Q_SLOTS:
     void textsThatPeopleAndFilesGive_data();
     void textsThatPeopleAndFilesGive();
+    void symbolsAreUnderstood();
     void everyTypeMakesAUnitOfItsOwn();
+    void factorsAreThoseOfThePrefixes();
+    void unitsAreCopied();
     void numbersBecomeTexts();
     void scalingGoesBothWays();
     void aSubclassChangesWhatIsShown();
@@ -57,6 +63,18 @@ void tst_Units::textsThatPeopleAndFilesGive()
     QCOMPARE(unit ? int(unit->type()) : 0, type);
 }
 
+//! What a unit shows, a person may type; "u" stands for the micro sign.
+void tst_Units::symbolsAreUnderstood()
+{
+    for (int type = 1; type < Type_Strips; ++type) {
+        const std::unique_ptr<MeasurementUnit> unit(
+            MeasurementUnit::fromType(MeasurementUnitType(type)));
+        if (unit)
+            QCOMPARE(int(MeasurementUnit::typeFromString(unit->name().replace(QChar(0xb5), 'u'))),
+                     type);
+    }
+}
+
 void tst_Units::everyTypeMakesAUnitOfItsOwn()
 {
     int made = 0;
@@ -73,6 +91,52 @@ void tst_Units::everyTypeMakesAUnitOfItsOwn()
                  qPrintable(unit->description()));
     }
     QCOMPARE(made, 40);
+}
+
+/*! A prefix in front of the symbol of a quantity's base unit, the first of its block of types, says what the factor
+    is: 1 A is 1e9 nA. */
+void tst_Units::factorsAreThoseOfThePrefixes()
+{
+    const QHash<QString, int> powers = {{"f", -15},
+                                        {"p", -12},
+                                        {"n", -9},
+                                        {QString::fromUtf8("µ"), -6},
+                                        {"m", -3},
+                                        {"c", -2},
+                                        {"k", 3},
+                                        {"K", 3},
+                                        {"M", 6}};
+    int prefixed = 0;
+    QString base;
+    for (int type = Type_A; type < Type_Strips; ++type) {
+        const std::unique_ptr<MeasurementUnit> unit(
+            MeasurementUnit::fromType(MeasurementUnitType(type)));
+        if (!unit)
+            continue;
+        const QString name = unit->name();
+        if (type % 16 == 0)
+            base = name;
+        const QString prefix = name.left(name.size() - base.size());
+        const bool isPrefixed = name.endsWith(base) && powers.contains(prefix);
+        const double expected = isPrefixed ? std::pow(10.0, -powers.value(prefix))
+            : type == Type_minutes         ? 1.0 / 60.0
+                                           : 1.0;
+        QVERIFY2(std::abs(unit->scale(1.0) / expected - 1.0) < 1e-15, qPrintable(name));
+        prefixed += isPrefixed ? 1 : 0;
+    }
+    QCOMPARE(prefixed, 22);
+}
+
+void tst_Units::unitsAreCopied()
+{
+    mA original;
+    original.setPrecision(1);
+    original.setExtraScale(2.0);
+    const mA copy(original);
+    mA assigned;
+    assigned = original;
+    for (const mA &each : {copy, assigned})
+        QCOMPARE(each.formatSuffix(0.0012), QString("2.4e+00 mA"));
 }
 
 void tst_Units::numbersBecomeTexts()
@@ -103,6 +167,9 @@ void tst_Units::scalingGoesBothWays()
     // The factor is multiplied by the extra scale first; the other order gives another last digit.
     MeasurementUnit order(0.1, "m", 3.0);
     QVERIFY(order.scale(7.0) == (3.0 * 0.1) * 7.0 && order.scale(7.0) != 3.0 * (0.1 * 7.0));
+    // The division by the extra scale comes first; the factor first, or the product of both, gives others.
+    QVERIFY(order.unscale(2.0) == 2.0 / 3.0 / 0.1 && order.unscale(2.0) != 2.0 / 0.1 / 3.0);
+    QVERIFY(order.unscale(3.0) == 3.0 / 3.0 / 0.1 && order.unscale(3.0) != 3.0 / (3.0 * 0.1));
 }
 
 void tst_Units::aSubclassChangesWhatIsShown()

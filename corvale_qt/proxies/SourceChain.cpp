@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
+#include "corvale_qt/proxies/SourceChain_p.h"
+
+#include <QSet>
+
+namespace Corvale_Qt {
+
+bool standsOn(const QAbstractItemModel *model, const QAbstractItemModel *other)
+{
+    // Merged models may share sources: each model is looked at once, however many ways lead to it.
+    QSet<const QAbstractItemModel *> seen;
+    QVector<const QAbstractItemModel *> left{model};
+    while (!left.isEmpty()) {
+        const QAbstractItemModel *const next = left.takeLast();
+        if (next == other)
+            return true;
+        if (!next || seen.contains(next))
+            continue;
+        seen.insert(next);
+        if (const auto *merged = dynamic_cast<const RVXMultichannelProxyModel *>(next))
+            left += RVXMultichannelProxyModelPrivate::models(*merged);
+        else if (const auto *proxy = dynamic_cast<const QAbstractProxyModel *>(next))
+            left += proxy->sourceModel();
+    }
+    return false;
+}
+
+} // namespace Corvale_Qt

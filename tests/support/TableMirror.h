@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QVector>
+
+#include <cstring>
+
+/*! What a view that reads only the cells it is told of would show of a plot model's samples. Where that differs from
+    the model, a change was not announced. */
+template<typename Model>
+class TableMirror : public QObject
+{
+public:
+    explicit TableMirror(const Model *model)
+        : m_model(model)
+    {
+        using M = QAbstractItemModel;
+        const auto readAll = [this] {
+            m_rows.clear();
+            insert(1, m_model->rowCount() - 1);
+        };
+        connect(model, &M::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
+            insert(first, last);
+        });
+        connect(model, &M::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
+            m_rows.remove(first - 1, last - first + 1);
+        });
+        connect(model,
+                &M::dataChanged,
+                this,
+                [this](const QModelIndex &from, const QModelIndex &to) {
+                    for (int row = qMax(from.row(), 1); row <= to.row(); ++row) {
+                        for (int column = from.column(); column <= to.column(); ++column)
+                            m_rows[row - 1][column] = m_model->doubleData(row, column);
+                    }
+                });
+        connect(model, &M::columnsInserted, this, [this](const QModelIndex &, int first, int last) {
+            for (int row = 1; row <= m_rows.size(); ++row) {
+                for (int column = first; column <= last; ++column)
+                    m_rows[row - 1].insert(column, m_model->doubleData(row, column));
+            }
+        });
+        connect(model, &M::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
+            for (QVector<double> &row : m_rows)
+                row.remove(first, last - first + 1);
+        });
+        connect(model, &M::modelReset, this, readAll);
+        connect(model, &M::layoutChanged, this, readAll);
+        readAll();
+    }
+
+    //! The first cell that is not what the model has, or nothing.
+    QString error() const
+    {
+        for (int row = 1; row < m_model->rowCount(); ++row) {
+            const QVector<double> now = read(row);
+            const QVector<double> shown = m_rows.value(row - 1);
+            const size_t bytes = size_t(now.size()) * sizeof(double);
+            if (now.size() != shown.size() || std::memcmp(now.data(), shown.data(), bytes) != 0)
+                return QStringLiteral("row %1 is stale").arg(row);
+        }
+        return QString();
+    }
+
+private:
+    QVector<double> read(int row) const
+    {
+        QVector<double> cells;
+        for (int column = 0; column < m_model->columnCount(); ++column)
+            cells << m_model->doubleData(row, column);
+        return cells;
+    }
+
+    void insert(int first, int last)
+    {
+        for (int row = first; row <= last; ++row)
+            m_rows.insert(row - 1, read(row));
+    }
+
+    const Model *m_model;
+    QVector<QVector<double>> m_rows;
+};

@@ -210,6 +210,7 @@ void RVXZeroingProxyModel::zeroNow()
         return;
     beginSharedReset();
     d->channels = std::max(columnCount() - 1, 0);
+    d->unitsDiffer = hasChannelUnits(this);
     d->zeros.resize(d->channels);
     for (int column = 1; column <= d->channels; ++column) {
         const double shown = d->newestReading(column);

@@ -206,6 +206,14 @@ void tst_RVXZeroingProxyModel::unitsOfTheirOwn()
     source.SetUnits(&pA);
     QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1000.0000 pA"));
     QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
+
+    // So does that of a channel that came later.
+    source.channelUnits.clear();
+    proxy.setSourceModel(&source);
+    source.channelUnits[3] = &mV;
+    source.appendChannel(0.75);
+    proxy.zeroNow();
+    QCOMPARE(proxy.index(1, 3).data(Qt::ToolTipRole).toString(), QString("0.000e+00 mV"));
 }
 
 void tst_RVXZeroingProxyModel::zerosAreTakenFromFiniteReadings()

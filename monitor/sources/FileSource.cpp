@@ -3,6 +3,8 @@
 
 #include "monitor/sources/Clock.h"
 
+#include <QFileInfo>
+
 namespace Monitor {
 
 namespace {
@@ -58,6 +60,12 @@ QString FileSource::remedy() const
 LineCounts FileSource::counts() const
 {
     return m_reader.counts();
+}
+
+bool FileSource::readsFrom(const QString &path) const
+{
+    const QFileInfo file(path);
+    return file.exists() && file.canonicalFilePath() == QFileInfo(m_path).canonicalFilePath();
 }
 
 double FileSource::progress() const

@@ -34,6 +34,7 @@ public:
     QString description() const override;
     QString remedy() const override;
     LineCounts counts() const override;
+    bool readsFrom(const QString &path) const override;
     //! How far the file has been read, 0 to 1.
     double progress() const;
 

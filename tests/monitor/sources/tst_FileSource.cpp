@@ -215,6 +215,12 @@ void tst_FileSource::factoryKnowsItsSources_data()
     row("tcp-listen://example.org:5000", "!interfaces");
     row("serial:/dev/ttyUSB0", "serial:/dev/ttyUSB0?baud=115200");
     row("serial:/dev/ttyUSB0?baud=9600", "serial:/dev/ttyUSB0?baud=9600");
+    row("tcp://host:5000?silence=20s", "tcp://host:5000");
+    row("tcp://host:5000?silence=soon", "!silence=30s");
+    row("tcp-listen://127.0.0.1:5000?silence=0", "tcp-listen://127.0.0.1:5000");
+    row("tcp-listen://127.0.0.1:5000?ask=R", "!silence=30s");
+    row("serial:/dev/ttyUSB0?baud=9600&silence=1min", "serial:/dev/ttyUSB0?baud=9600");
+    row("serial:/dev/ttyUSB0?silence=", "!silence=30s");
     row("serial:/dev/ttyUSB0?baud=x", "!baud=NUMBER");
     row("serial:", "!serial:DEVICE");
     row("http://host/", "!no kind of source");

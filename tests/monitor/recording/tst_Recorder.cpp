@@ -387,37 +387,48 @@ void tst_Recorder::goesOnInAFileThatCanBeFound()
         QCOMPARE(readBack(path("kept.csv")), before);
 }
 
-//! The disk is full in the middle of a line, and then the file is taken away.
+//! The disk is full in the middle of a line, whichever, and then the file is taken away.
 void tst_Recorder::aLineThatWasCutIsWholeInTheNextFile()
 {
-    Recording r(path("a.csv"));
-    Recorder &recorder = r.recorder();
-    QVERIFY(recorder.start());
-    recorder.startStream(twoChannels());
+    StreamHeader oneChannel;
+    oneChannel.channels = {{"centre", "mm"}};
+    ReadingBlock one(1);
+    const double value = 0.25;
+    one.append(7.0, &value);
     FileSizeLimit limit;
-    for (rlim_t size = 20; size < 130;
-         size += 7) { // in each line of the header, and in the readings
+    for (rlim_t size = 3; size < 106; size += 3) {
+        Recording r(path("a.csv"));
+        Recorder &recorder = r.recorder();
+        QVERIFY(recorder.start());
         limit.set(size);
-        if (size == 20)
-            recorder.addReadings(block(0, 1));
-        r.clock.advance(1.0);
+        recorder.startStream(twoChannels());
+        recorder.addReadings(block(0, 2));
+        recorder.startStream(oneChannel); // on a full disk it goes on in the same file
+        recorder.addReadings(one);
+        for (const int more : {0, 20, 85}) { // into the other stream's header, in the end
+            limit.set(size + rlim_t(more));
+            r.clock.advance(1.0);
+        }
         QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
                  qPrintable(recorder.errorString()));
-        QVERIFY(QFile::remove(recorder.fileName()));
+        const QString written = readBack(path("a.csv"));
+        QVERIFY(QFile::remove(path("a.csv")));
+        limit.lift();
+        r.clock.advance(1.0);
+        QVERIFY(recorder.finish());
+        QStringList lines = readBack(path("a.csv")).split(QStringLiteral(" | "));
+        QVERIFY(lines.takeFirst().startsWith(QLatin1String("event recording: ")));
+        const QString rest = lines.join(QStringLiteral(" | "));
+        // No line twice, none in halves, each under its own header; what was whole went with the file.
+        const QString all = QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5 | "
+                                           "start channels centre:mm | 7: 0.25");
+        const int had = written.count(QStringLiteral("0.5"));
+        const QString expected = had == 0 ? all
+            : had == 1                    ? QString(all).remove(QStringLiteral("0: 0 0.5 | "))
+                                          : all.section(QStringLiteral(" | "), 3);
+        QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
+        QVERIFY(QFile::remove(path("a.csv")));
     }
-    limit.lift();
-    r.clock.advance(1.0);
-    recorder.addReadings(block(1, 1));
-    QVERIFY(recorder.finish());
-    QStringList lines = readBack(recorder.fileName()).split(QStringLiteral(" | "));
-    lines.erase(std::remove_if(lines.begin(),
-                               lines.end(),
-                               [](const QString &line) {
-                                   return line.startsWith(QLatin1String("event"));
-                               }),
-                lines.end());
-    QCOMPARE(lines.join(QStringLiteral(" | ")),
-             QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5"));
 }
 
 void tst_Recorder::aFileIsOneRecordersOnly()

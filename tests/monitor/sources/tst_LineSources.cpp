@@ -8,7 +8,6 @@
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/TestMain.h"
 
-#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -269,12 +268,14 @@ void tst_LineSources::aSilentPeerIsConnectedAnew()
     QCOMPARE(source.state(), Source::State::Retrying);
     QVERIFY2(source.stateText().contains(QStringLiteral("silent for %1 s").arg(silence)),
              qPrintable(source.stateText()));
-    // What the old connection says then is nobody's any more.
-    QPointer<QTcpSocket> old = instrument.peer;
-    instrument.say("3,3\n");
+    QTRY_COMPARE(instrument.peer->state(), QAbstractSocket::UnconnectedState);
+    const QTcpSocket *old = instrument.peer;
     clock.advance(0.6);
     QVERIFY(instrument.accept());
     QVERIFY(instrument.peer != old);
+    QTRY_COMPARE(source.state(), Source::State::Running);
+    clock.advance(100.0);
+    QCOMPARE(source.state(), Source::State::Running);
     instrument.say("4,4\n5,5\n");
     QTRY_COMPARE(log.times, QVector<double>({1, 2, 4, 5}));
 }

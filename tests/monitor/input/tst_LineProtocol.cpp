@@ -114,6 +114,10 @@ void tst_LineProtocol::linesBecomeReadings_data()
         "/4,1e-99999999999999999999/5,0.1e310/6,1",
         "start channels ch1 | 0: 0 | 1: 0 | refused 3 not readable | refused 4 not readable | 4: 0"
         " | refused 6 not readable | 6: 1");
+    const QByteArray zeros(400, '0'), ones(400, '1');
+    QTest::newRow("the same, written out")
+        << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
+        << QStringLiteral("refused 2 not readable | start channels ch1 | 0: 0 | 2: 1");
     row("a time too large for its unit",
         "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
         "refused 2 not readable | refused 3 not readable | start channels a | 6e+306: 2 | "

@@ -106,6 +106,8 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
         }
         Channel channel;
         splitUnitSuffix(fields[i], &channel.name, &channel.unit);
+        if (channel.name.isEmpty())
+            channel.name = QStringLiteral("column%1").arg(i + 1);
         plan.channels.append(channel);
         plan.valueColumns.append(i);
     }

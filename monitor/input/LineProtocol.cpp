@@ -46,9 +46,17 @@ LineProtocol::~LineProtocol() = default;
 
 void LineProtocol::beginStream()
 {
-    if (m_held)
-        releaseHeld();
-    m_fresh = true;
+    finish();
+    m_order.beginConnection();
+    m_mayBeHeader = true;
+}
+
+void LineProtocol::beginAcquisition()
+{
+    finish();
+    m_order.beginAcquisition();
+    m_mayBeHeader = true;
+    m_headerTold = false;
 }
 
 void LineProtocol::takeLine(std::string_view line, bool tooLong)
@@ -69,27 +77,29 @@ void LineProtocol::finish()
 {
     if (m_rows)
         m_rows->finish(m_rowHandler);
-    if (m_held)
-        releaseHeld();
+    follow(m_order.finish());
 }
 
+//! What was held back still belongs to what was said before.
 void LineProtocol::takeMetadata(std::string_view line)
 {
-    switch (m_metadata.take(line)) {
+    Metadata metadata = m_metadata;
+    switch (metadata.take(line)) {
     case Metadata::Line::Comment:
         break;
     case Metadata::Line::Stream:
-        beginStream();
+        beginAcquisition();
+        m_metadata = metadata;
         forgetShape();
         break;
     case Metadata::Line::Changed:
-        beginStream();
-        m_headerTold = false;
+        beginAcquisition();
+        m_metadata = metadata;
         if (!m_hasNamedColumns)
             forgetShape();
         break;
     case Metadata::Line::Event:
-        m_sink.eventNoted(m_metadata.event());
+        m_sink.eventNoted(metadata.event());
         break;
     case Metadata::Line::Unreadable:
         refuse(currentLine(Refusal::Unreadable));
@@ -100,7 +110,7 @@ void LineProtocol::takeMetadata(std::string_view line)
 void LineProtocol::takeFields(std::string_view line)
 {
     splitFields(line, &m_fields);
-    if ((!m_rows || m_fresh) && takeHeader())
+    if ((!m_rows || m_mayBeHeader) && takeHeader())
         return;
     if (!m_rows && !adoptShape())
         return;
@@ -122,7 +132,7 @@ bool LineProtocol::takeHeader()
 {
     QStringList names;
     for (const std::string_view field : m_fields)
-        names.append(cleanText(QString::fromUtf8(field.data(), int(field.size())), 64));
+        names.append(cleanText(QString::fromUtf8(field.data(), int(field.size())), maxNameLength));
     const bool ofARecording = names.first() == QLatin1String("time_s")
         && names.size() == m_metadata.channels().size() + 1;
     if (ofARecording)
@@ -183,26 +193,26 @@ void LineProtocol::shapeMismatch(std::string_view line)
     const int declared = m_hasNamedColumns ? 0 : m_metadata.channels().size();
     const int values = int(m_fields.size());
     const bool undeclared = declared > 0 && values != declared && values != declared + 1;
-    const bool firstWasWrong = m_held && !m_hasNamedColumns && !m_shapeProven;
+    const bool held = m_order.holdsFirst();
+    const bool firstWasWrong = held && !m_hasNamedColumns && !m_shapeProven;
     const bool headerWasWrong =
-        m_hasNamedColumns && !m_shapeProven && !m_held && m_otherCountRun >= linesAgainstAHeader;
+        m_hasNamedColumns && !m_shapeProven && !held && m_otherCountRun >= linesAgainstAHeader;
     const bool newTable = m_otherCountRun >= linesOfAnotherShape;
     if (tooMany || undeclared || !(firstWasWrong || headerWasWrong || newTable)) {
         refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));
-        const bool nothingYet = !m_shapeProven && !m_held && !m_hasNamedColumns;
+        const bool nothingYet = !m_shapeProven && !held && !m_hasNamedColumns;
         if (nothingYet)
             forgetShape();
         return;
     }
     if (headerWasWrong)
         refuse(m_headerLine);
-    if (m_held) {
-        m_held->line.refusal = Refusal::WrongCount;
-        refuse(m_held->line);
-        m_held.reset();
+    for (TimeOrder::Reading &reading : m_order.giveUpHeld()) {
+        reading.line.refusal = Refusal::WrongCount;
+        refuse(reading.line);
     }
     forgetShape();
-    m_fresh = true;
+    m_mayBeHeader = true;
     takeFields(line);
 }
 
@@ -216,62 +226,43 @@ void LineProtocol::forgetShape()
 
 void LineProtocol::takeReading(double time, const double *values)
 {
-    if (m_held && !vouchForHeld(time)) {
-        refuse(m_held->line);
-        m_held.reset();
-        m_fresh = true;
-    }
-    if (m_held)
-        releaseHeld();
-    if (m_fresh) {
-        m_fresh = false;
-        hold(time, values);
+    m_mayBeHeader = false;
+    if (m_order.follows(time)) {
+        deliver(time, values);
         return;
     }
-    deliver(time, values);
+    TimeOrder::Reading reading;
+    reading.time = time;
+    reading.values.assign(values, values + m_rows->channels().size());
+    reading.line = currentLine(Refusal::TimeBackwards);
+    const double lastTime = m_order.lastTime();
+    const TimeOrder::Verdict verdict = m_order.weigh(std::move(reading));
+    if (verdict.corrected)
+        m_sink.eventNoted(
+            QStringLiteral("the time went back from %1 s to %2 s and goes on from there: a "
+                           "new part begins")
+                .arg(QString::number(lastTime, 'g', 15),
+                     QString::number(verdict.believed.front().time, 'g', 15)));
+    follow(verdict);
 }
 
-//! Whether the reading at \a time makes the held one before it believable.
-bool LineProtocol::vouchForHeld(double time)
+void LineProtocol::follow(const TimeOrder::Verdict &verdict)
 {
-    const bool restart = m_anyReading && m_held->time < m_lastTime;
-    const bool goesOn = m_anyReading && time >= m_lastTime;
-    m_held->line.refusal = Refusal::TimeBackwards;
-    return m_held->time <= time && !(restart && goesOn);
-}
-
-void LineProtocol::hold(double time, const double *values)
-{
-    m_held = std::make_unique<Held>();
-    m_held->time = time;
-    m_held->values.assign(values, values + m_rows->channels().size());
-    m_held->line = currentLine(Refusal::TimeBackwards);
-}
-
-//! The held reading may begin a new acquisition: its time may be before the last one's.
-void LineProtocol::releaseHeld()
-{
-    const std::unique_ptr<Held> held = std::move(m_held);
-    if (m_anyReading && held->time < m_lastTime) {
+    for (const TimeOrder::Reading &reading : verdict.refused)
+        refuse(reading.line);
+    if (verdict.newPart)
         m_headerTold = false;
-        m_anyReading = false;
-    }
-    deliver(held->time, held->values.data());
+    for (const TimeOrder::Reading &reading : verdict.believed)
+        deliver(reading.time, reading.values.data());
 }
 
 void LineProtocol::deliver(double time, const double *values)
 {
-    if (m_anyReading && time < m_lastTime) {
-        refuse(currentLine(Refusal::TimeBackwards));
-        return;
-    }
     if (!m_headerTold) {
         m_headerTold = true;
         m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->layout()));
     }
-    m_anyReading = true;
     m_shapeProven = true;
-    m_lastTime = time;
     ++m_counts.readings;
     m_sink.reading(time, values);
 }

@@ -4,6 +4,7 @@
 #include "monitor/input/Metadata.h"
 #include "monitor/input/RowReader.h"
 #include "monitor/input/StreamSink.h"
+#include "monitor/input/TimeOrder.h"
 
 #include <array>
 #include <memory>
@@ -26,8 +27,8 @@ struct LineCounts
     before the first line of data is the header of a table. Nothing is fatal: a line that makes no sense is
     counted, reported and dropped. docs/line-protocol.md has the whole of it.
 
-    The first reading of a stream is held back until the second one is like it, since who joins a line that is
-    already talking sees the end of a line first. */
+    Readings whose times cannot be believed yet are held back for a few lines (see TimeOrder): a program that joins a
+    line which is already talking sees the end of a line first, and one wrong time must not end a stream. */
 class LineProtocol
 {
 public:
@@ -49,13 +50,7 @@ public:
     const LineCounts &counts() const { return m_counts; }
 
 private:
-    struct Held
-    {
-        double time = 0.0;
-        std::vector<double> values;
-        RefusedLine line;
-    };
-
+    void beginAcquisition();
     void takeMetadata(std::string_view line);
     void takeFields(std::string_view line);
     bool takeHeader();
@@ -63,9 +58,7 @@ private:
     void shapeMismatch(std::string_view line);
     void forgetShape();
     void takeReading(double time, const double *values);
-    bool vouchForHeld(double time);
-    void hold(double time, const double *values);
-    void releaseHeld();
+    void follow(const TimeOrder::Verdict &verdict);
     void deliver(double time, const double *values);
     RefusedLine currentLine(Refusal refusal) const;
     void refuse(const RefusedLine &line);
@@ -85,11 +78,10 @@ private:
     std::size_t m_otherCount = 0;
     int m_otherCountRun = 0;
 
-    bool m_fresh = true;
+    //! The next line may be one of names, since the stream or its shape began anew.
+    bool m_mayBeHeader = true;
     bool m_headerTold = false;
-    bool m_anyReading = false;
-    double m_lastTime = 0.0;
-    std::unique_ptr<Held> m_held;
+    TimeOrder m_order;
 };
 
 } // namespace Monitor

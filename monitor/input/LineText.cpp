@@ -35,6 +35,28 @@ void splitAtSpaces(std::string_view line, std::vector<std::string_view> *fields)
     }
 }
 
+/*! Of a number that is out of range: whether it is so because it is too small. The place of its first digit that is
+    not 0 and its exponent tell, whatever their size. */
+bool isTooSmall(std::string_view number)
+{
+    const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, mark);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t first = digits.find_first_of("123456789");
+    const long place = long(point) - long(first);
+
+    std::string_view exponentText = number.substr(std::min(mark + 1, number.size()));
+    if (!exponentText.empty() && exponentText.front() == '+')
+        exponentText.remove_prefix(1);
+    long exponent = 0;
+    const auto [end, error] =
+        std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+    Q_UNUSED(end)
+    if (error == std::errc::result_out_of_range)
+        return exponentText.front() == '-';
+    return exponent + place < 0;
+}
+
 } // namespace
 
 std::string_view trimmed(std::string_view text)
@@ -69,7 +91,11 @@ bool parseNumber(std::string_view text, double *number)
         text.remove_prefix(1);
     double value = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
+    if (end != text.data() + text.size())
+        return false;
+    if (error == std::errc::result_out_of_range && isTooSmall(text))
+        value = text.front() == '-' ? -0.0 : 0.0;
+    else if (error != std::errc())
         return false;
     *number = value;
     return true;

@@ -15,8 +15,9 @@ std::string_view trimmed(std::string_view text);
     field. \a fields is cleared first and keeps its memory. */
 void splitFields(std::string_view line, std::vector<std::string_view> *fields);
 
-/*! Reads a decimal number with a point, whatever the locale; "nan" and "inf" are numbers, an empty text is NaN.
-    False, and \a number as it was, where the text is anything else. */
+/*! Reads a decimal number with a point, whatever the locale; "nan" and "inf" are numbers, an empty text is NaN, a
+    number too small for a double is 0. False, and \a number as it was, where the text is anything else
+    or a number too large. */
 bool parseNumber(std::string_view text, double *number);
 
 //! How a text from outside begins, at most \a length characters, with all but printable ASCII as \xHH.

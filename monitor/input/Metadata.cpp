@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/Metadata.h"
 
+#include "monitor/input/LineText.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -9,9 +11,6 @@
 namespace Monitor {
 
 namespace {
-
-constexpr int maxNameLength = 64;
-constexpr int maxEventLength = 500;
 
 QStringList cleanList(const QString &value)
 {
@@ -26,10 +25,16 @@ QStringList cleanList(const QString &value)
 QString cleanText(const QString &text, int length)
 {
     QString clean;
-    for (const QChar c : text.simplified())
-        if (c.isPrint() || c.isSurrogate())
+    for (const QChar c : text) {
+        if (c.isSpace())
+            clean += QLatin1Char(' ');
+        else if (c.isPrint() || c.isSurrogate())
             clean += c;
-    return clean.left(length);
+    }
+    clean = clean.simplified();
+    // A character in two halves is kept or left out as a whole.
+    const bool cutsACharacter = clean.size() > length && clean.at(length - 1).isHighSurrogate();
+    return clean.left(cutsACharacter ? length - 1 : length).trimmed();
 }
 
 Metadata::Line Metadata::take(std::string_view line)
@@ -55,7 +60,7 @@ Metadata::Line Metadata::take(std::string_view line)
     if (word == QLatin1String("#t0"))
         return takeStartTime(value);
     if (word == QLatin1String("#event")) {
-        m_event = cleanText(value, maxEventLength);
+        m_event = cleanText(value, maxTextLength);
         return Line::Event;
     }
     return Line::Comment;
@@ -86,13 +91,13 @@ Metadata::Line Metadata::takeLayout(const QString &value)
 
 Metadata::Line Metadata::takeRange(const QString &value)
 {
-    const QStringList limits = value.split(QLatin1Char(','));
-    if (limits.size() != 2)
-        return Line::Unreadable;
-    bool lowOk = false, highOk = false;
-    const double low = limits[0].toDouble(&lowOk);
-    const double high = limits[1].toDouble(&highOk);
-    if (!lowOk || !highOk || !(low < high))
+    const QByteArray text = value.toUtf8();
+    std::vector<std::string_view> limits;
+    splitFields({text.constData(), std::size_t(text.size())}, &limits);
+    double low = 0.0, high = 0.0;
+    const bool readable =
+        limits.size() == 2 && parseNumber(limits[0], &low) && parseNumber(limits[1], &high);
+    if (!readable || !(low < high))
         return Line::Unreadable;
     m_rangeLow = low;
     m_rangeHigh = high;
@@ -101,8 +106,10 @@ Metadata::Line Metadata::takeRange(const QString &value)
 
 Metadata::Line Metadata::takeStartTime(const QString &value)
 {
-    const QDateTime time = QDateTime::fromString(value, Qt::ISODateWithMs);
-    if (!time.isValid())
+    const QDateTime time = QDateTime::fromString(value, Qt::ISODateWithMs).toUTC();
+    // ISO 8601 has four digits for the year.
+    constexpr int firstYear = 1, lastYear = 9999;
+    if (!time.isValid() || time.date().year() < firstYear || time.date().year() > lastYear)
         return Line::Unreadable;
     m_startTime = time;
     return Line::Changed;

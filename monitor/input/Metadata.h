@@ -7,6 +7,10 @@
 
 namespace Monitor {
 
+//! Of a name or a unit, and of an event or another text for people, in characters; the rest is cut off.
+constexpr int maxNameLength = 64;
+constexpr int maxTextLength = 500;
+
 //! What the "#" lines of a stream have said so far.
 class Metadata
 {
@@ -47,7 +51,7 @@ private:
     QString m_event;
 };
 
-//! A text from outside as one line without control characters, at most \a length characters.
+//! A text from outside as one line without control characters or blanks at its ends, at most \a length characters.
 QString cleanText(const QString &text, int length);
 
 } // namespace Monitor

@@ -10,14 +10,18 @@ namespace Monitor {
 
 namespace {
 
-//! An empty field stands for the time of arrival; a time must be finite.
-bool readTime(std::string_view field, double arrivalTime, double *time)
+//! An empty field stands for the time of arrival; a time must be finite, in seconds too.
+bool readTime(std::string_view field, double secondsEach, double arrivalTime, double *seconds)
 {
     if (field.empty()) {
-        *time = arrivalTime;
+        *seconds = arrivalTime;
         return true;
     }
-    return parseNumber(field, time) && std::isfinite(*time);
+    double time = 0.0;
+    if (!parseNumber(field, &time) || !std::isfinite(time * secondsEach))
+        return false;
+    *seconds = time * secondsEach;
+    return true;
 }
 
 } // namespace
@@ -46,7 +50,7 @@ TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler 
     if (fields.size() != m_values.size() + first)
         return Outcome::WrongCount;
     double time = arrivalTime;
-    if (m_timed && !readTime(fields[0], arrivalTime, &time))
+    if (m_timed && !readTime(fields[0], 1.0, arrivalTime, &time))
         return Outcome::Unreadable;
     for (std::size_t i = 0; i < m_values.size(); ++i)
         if (!parseNumber(fields[first + i], &m_values[i]))
@@ -73,11 +77,9 @@ PlannedRowReader::read(const Fields &fields, double arrivalTime, const RowHandle
     if (count != m_fieldCount && !emptyEnd)
         return Outcome::WrongCount;
     double time = arrivalTime;
-    if (m_timeColumn >= 0) {
-        if (!readTime(fields[std::size_t(m_timeColumn)], arrivalTime / m_timeFactor, &time))
-            return Outcome::Unreadable;
-        time *= m_timeFactor;
-    }
+    if (m_timeColumn >= 0
+        && !readTime(fields[std::size_t(m_timeColumn)], m_timeFactor, arrivalTime, &time))
+        return Outcome::Unreadable;
     for (int i = 0; i < m_valueColumns.size(); ++i)
         if (!parseNumber(fields[std::size_t(m_valueColumns[i])], &m_values[std::size_t(i)]))
             return Outcome::Unreadable;

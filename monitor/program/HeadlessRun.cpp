@@ -64,6 +64,12 @@ bool HeadlessRun::openOutput()
         options.path = m_commandLine.output;
     if (options.path.isEmpty())
         return true;
+    if (m_source->readsFrom(options.path)) {
+        complain(
+            tr("%1 exists already and is the source; write to another file").arg(options.path));
+        m_exitCode = ExitOutputFailed;
+        return false;
+    }
     options.source = m_source->description();
     m_recorder = std::make_unique<Recorder>(m_clock, options);
     connect(m_recorder.get(), &Recorder::failed, this, [this](const QString &text) {
@@ -71,6 +77,7 @@ bool HeadlessRun::openOutput()
         m_exitCode = ExitOutputFailed;
         leave();
     });
+    connect(m_recorder.get(), &Recorder::noted, this, &HeadlessRun::complain);
     return m_recorder->start();
 }
 

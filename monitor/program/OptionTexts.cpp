@@ -73,6 +73,9 @@ QVector<TopicText> topicTexts()
              {"tcp-listen://127.0.0.1:PORT", tr("Lines from whoever connects.")},
              {"serial:DEVICE?baud=N",
               tr("Lines from a serial port, 8N1; 115200 baud where none is said.")},
+             {"?silence=30s",
+              tr("After any of the last three: connect again where a source that used to talk is "
+                 "silent for so long. Off, but for one that is asked: 30s there.")},
          }},
         {tr("Exit status"),
          {
@@ -81,7 +84,7 @@ QVector<TopicText> topicTexts()
              {"2",
               tr("Without a window: there were no readings, or lines that could not be used.")},
              {"3", tr("The source could not be opened, or was lost.")},
-             {"4", tr("What was asked for could not be written.")},
+             {"4", tr("What was asked for could not be written, or not all of it.")},
          }},
         {tr("Examples"),
          {

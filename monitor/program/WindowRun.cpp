@@ -122,6 +122,10 @@ int WindowRun::run()
     m_session->start();
     QApplication::exec();
     m_session->stopRecording();
+    for (const QString &text : m_session->incompleteRecordings()) {
+        std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
+        m_exitCode = m_exitCode == ExitGood ? ExitOutputFailed : m_exitCode;
+    }
     return m_exitCode;
 }
 

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QIcon>
 
+#include <csignal>
 #include <cstdio>
 
 using namespace Monitor;
@@ -103,6 +104,8 @@ int main(int argc, char **argv)
     if (answerWithText(commandLine))
         return ExitGood;
     installQuietMessages();
+    // A file that may not grow any more is a failed write, which is reported, and not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (!commandLine.needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     } else if (!hasDisplay()) {

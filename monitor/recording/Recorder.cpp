@@ -7,20 +7,16 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace Monitor {
 
 namespace {
 
 constexpr double flushInterval = 0.5; // s; twice as often as promised, for ticks that come late
 constexpr int flushSize = 1024 * 1024;
-
-QString withNumber(const QString &path, int number)
-{
-    const QFileInfo info(path);
-    const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
-    return info.dir().filePath(
-        QStringLiteral("%1-%2%3").arg(info.completeBaseName()).arg(number).arg(suffix));
-}
+constexpr double shortestFile = 1.0; // s
+constexpr double retryInterval = 10.0; // s, for a next file that could not be opened
 
 } // namespace
 
@@ -28,6 +24,7 @@ Recorder::Recorder(Clock &clock, const Options &options, QObject *parent)
     : QObject(parent)
     , m_clock(clock)
     , m_options(options)
+    , m_names(options.path)
 {
     connect(&clock, &Clock::tick, this, &Recorder::tick);
 }
@@ -39,53 +36,48 @@ Recorder::~Recorder()
 
 bool Recorder::start()
 {
-    return openNext();
+    using Existing = RecordingFile::Existing;
+    QString error;
+    m_isRecording = open(m_names.first(m_clock.wallTime()),
+                         m_options.overwrite ? Existing::Replace : Existing::Refuse,
+                         &error);
+    setError(error);
+    return m_isRecording;
 }
 
-//! The file asked for, then the same with numbers; in a folder, a name made of date and time.
-QString Recorder::nextPath() const
+bool Recorder::open(const QString &path, RecordingFile::Existing existing, QString *error)
 {
-    const QFileInfo info(m_options.path);
-    QString path = m_options.path;
-    if (info.isDir())
-        path = QDir(m_options.path)
-                   .filePath(m_clock.wallTime().toString(
-                       QStringLiteral("'corvale-'yyyyMMdd-HHmmss'.csv'")));
-    else if (m_filesBegun == 0)
-        return path;
-    int number = m_filesBegun + 1;
-    QString candidate = info.isDir() ? path : withNumber(path, number);
-    while (QFileInfo::exists(candidate))
-        candidate = withNumber(path, ++number);
-    return candidate;
+    auto file = std::make_unique<RecordingFile>();
+    if (!file->open(path, existing)) {
+        const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
+        *error = exists
+            ? tr("%1 exists already; choose another name, or allow to overwrite it").arg(path)
+            : tr("%1 cannot be written: %2").arg(path, file->errorString());
+        return false;
+    }
+    m_file = std::move(file);
+    ++m_filesBegun;
+    m_fileStartedAt = m_clock.seconds();
+    Q_EMIT fileStarted(path);
+    return true;
 }
 
 //! Where the next file cannot be opened, the one before stays open.
 bool Recorder::openNext()
 {
-    const QString path = nextPath();
-    const bool replace = m_filesBegun == 0 && m_options.overwrite;
-    auto file = std::make_unique<QFile>(path);
-    // Unbuffered: a line is either in this program's memory or the system's, and every write is checked.
-    const QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered
-        | (replace ? QIODevice::Truncate : QIODevice::NewOnly);
-    if (!file->open(mode)) {
-        const bool exists = !replace && QFileInfo::exists(path);
-        setError(
-            exists
-                ? tr("%1 exists already; choose another name, or allow to overwrite it").arg(path)
-                : tr("%1 cannot be written: %2").arg(path, file->errorString()));
+    const double now = m_clock.seconds();
+    if (now < m_nextFileNotBefore)
         return false;
+    QString error;
+    if (open(m_names.next(m_clock.wallTime(), m_filesBegun),
+             RecordingFile::Existing::Refuse,
+             &error)) {
+        m_anyReading = false;
+        return true;
     }
-    m_file = std::move(file);
-    ++m_filesBegun;
-    m_written = 0;
-    m_anyReading = false;
-    m_fileStartedAt = m_clock.seconds();
-    m_flushedAt = m_fileStartedAt;
-    setError(QString());
-    Q_EMIT fileStarted(path);
-    return true;
+    m_nextFileNotBefore = now + retryInterval;
+    Q_EMIT noted(tr("WARNING recording: %1; it goes on in %2").arg(error, fileName()));
+    return false;
 }
 
 void Recorder::setError(const QString &text)
@@ -103,10 +95,25 @@ void Recorder::startStream(const StreamHeader &header)
     const bool another = m_hasHeader && m_anyReading;
     m_header = header;
     // On a full disk there is no other file to be had: the stream goes on in this one, under its own header.
-    if (another && flush())
-        openNext();
+    if (another && mayBeginFileForStream() && flush() && openNext()) {
+        ++m_streamFiles;
+        m_streamFileAt = m_clock.seconds();
+    }
     m_hasHeader = true;
-    append(recordingHeader(header, m_options.source), 0);
+    m_headerDue = true;
+    append({}, 0);
+}
+
+bool Recorder::mayBeginFileForStream()
+{
+    if (m_streamFiles < maxStreamFiles)
+        return m_streamFiles == 0 || m_clock.seconds() - m_streamFileAt >= shortestFile;
+    if (!std::exchange(m_streamLimitSaid, true))
+        Q_EMIT noted(
+            tr("WARNING recording: the source began anew %1 times; from now on all goes to %2")
+                .arg(maxStreamFiles)
+                .arg(fileName()));
+    return false;
 }
 
 void Recorder::addReadings(const ReadingBlock &readings)
@@ -118,7 +125,9 @@ void Recorder::addReadings(const ReadingBlock &readings)
         appendRecordingRow(&m_rows, readings.time(row), readings.values(row), readings.channels());
     append(m_rows, readings.size());
     m_anyReading = m_anyReading || !readings.isEmpty();
-    if (m_pending.size() >= flushSize && m_error.isEmpty())
+    // A flood keeps the clock from ticking: what is due is written all the same.
+    writeIfDue();
+    if (m_waiting.size() >= flushSize && m_error.isEmpty())
         flush();
 }
 
@@ -129,65 +138,105 @@ void Recorder::addEvent(const QString &text)
     append(line, 0);
 }
 
+//! Readings without the header of their stream would be another stream's: both fit, or both are lost.
 void Recorder::append(const QByteArray &text, int readings)
 {
-    if (m_pending.size() + text.size() > maxPending) {
+    const QByteArray header =
+        m_headerDue ? recordingHeader(m_header, m_options.source) : QByteArray();
+    if (!m_waiting.hasRoomFor(header.size() + text.size())) {
         m_lost += readings;
         m_allLost += readings;
         return;
     }
-    if (m_lost > 0) {
-        appendRecordingEvent(&m_pending,
-                             tr("%1 readings were lost here, the disk was full").arg(m_lost));
-        m_lost = 0;
-    }
-    m_pending += text;
+    appendLoss();
+    if (m_headerDue)
+        m_waiting.appendHeader(header);
+    m_headerDue = false;
+    m_waiting.append(text);
+}
+
+void Recorder::appendLoss()
+{
+    if (m_lost == 0)
+        return;
+    QByteArray line;
+    appendRecordingEvent(&line, tr("%1 readings were lost here, the disk was full").arg(m_lost));
+    m_waiting.append(line);
+    m_lost = 0;
 }
 
 void Recorder::tick()
 {
-    const double now = m_clock.seconds();
-    if (now - m_flushedAt < flushInterval)
-        return;
-    m_flushedAt = now;
-    if (flush())
+    writeIfDue();
+}
+
+void Recorder::writeIfDue()
+{
+    if (m_clock.seconds() - m_flushedAt >= flushInterval && flush())
         rotateIfDue();
 }
 
 //! False where the disk did not take all; what it did not take stays for the next time.
 bool Recorder::flush()
 {
-    if (!m_file || m_pending.isEmpty())
-        return m_error.isEmpty();
-    const qint64 taken = m_file->write(m_pending);
-    if (taken > 0) {
-        m_written += taken;
-        m_pending.remove(0, int(taken));
-    }
-    if (!m_pending.isEmpty()) {
-        setError(tr("%1: %2").arg(m_file->fileName(), m_file->errorString()));
+    if (!m_isRecording)
+        return false;
+    m_flushedAt = m_clock.seconds();
+    if (!keepFileInPlace())
+        return false;
+    m_waiting.take(m_file->append(m_waiting.data(), m_waiting.size()));
+    setError(m_waiting.isEmpty() ? QString()
+                                 : tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+    return m_waiting.isEmpty();
+}
+
+/*! False while there is no file that others would find. What waits goes to the file that takes over; of the one
+    before, nothing that was written is touched. */
+bool Recorder::keepFileInPlace()
+{
+    const QString displacement = m_file->displacement();
+    if (displacement.isEmpty())
+        return true;
+    const QString before = m_file->path();
+    const QString path =
+        QFileInfo::exists(before) ? m_names.next(m_clock.wallTime(), m_filesBegun) : before;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QString error;
+    if (!open(path, RecordingFile::Existing::Refuse, &error)) {
+        setError(tr("%1 %2, and %3").arg(before, displacement, error));
         return false;
     }
-    setError(QString());
+    const QString text = tr("recording: %1 %2; it goes on in %3").arg(before, displacement, path);
+    QByteArray event;
+    appendRecordingEvent(&event, text);
+    m_waiting.beginFile(event);
+    Q_EMIT noted(tr("WARNING %1").arg(text));
     return true;
 }
 
 void Recorder::rotateIfDue()
 {
-    const bool old = m_options.rotateSeconds > 0.0
-        && m_clock.seconds() - m_fileStartedAt >= m_options.rotateSeconds;
-    const bool large = m_options.rotateBytes > 0 && m_written >= m_options.rotateBytes;
-    if (m_anyReading && (old || large) && openNext())
-        append(recordingHeader(m_header, m_options.source), 0);
+    const double age = m_clock.seconds() - m_fileStartedAt;
+    const bool old = m_options.rotateSeconds > 0.0 && age >= m_options.rotateSeconds;
+    const bool large = m_options.rotateBytes > 0 && m_file->size() >= m_options.rotateBytes;
+    if (m_anyReading && age >= shortestFile && (old || large) && openNext()) {
+        m_headerDue = true;
+        append({}, 0);
+    }
 }
 
 bool Recorder::finish()
 {
-    if (!m_file)
-        return m_error.isEmpty();
-    const bool complete = flush() && m_allLost == 0;
-    m_file.reset();
-    return complete;
+    if (!m_isRecording)
+        return m_allLost == 0;
+    appendLoss();
+    flush();
+    m_isRecording = false;
+    m_allLost += m_waiting.readings();
+    const bool closed = m_file->close();
+    if (!closed)
+        setError(tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+    return closed && m_allLost == 0;
 }
 
 } // namespace Monitor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingWriter.h"
 
+#include "monitor/input/LineSplitter.h"
 #include "monitor/input/Metadata.h"
 
 #include <charconv>
@@ -20,32 +21,35 @@ void appendNumber(QByteArray *text, double value)
     text->append(number, int(end - number));
 }
 
-//! Fields are cut at commas: a name cannot hold one.
-QByteArray field(QString name)
+//! Fields are cut at commas, so a name cannot hold one; and no name is empty.
+QByteArray nameField(const Channel &channel, int index)
 {
-    return name.replace(QLatin1Char(','), QLatin1Char(';')).toUtf8();
+    const QString name = cleanText(channel.name, maxNameLength);
+    return name.isEmpty() ? "column" + QByteArray::number(index + 2)
+                          : QString(name).replace(QLatin1Char(','), QLatin1Char(';')).toUtf8();
 }
 
-QByteArray headerField(const Channel &channel)
+QByteArray unitField(const Channel &channel)
 {
-    return channel.unit.isEmpty() ? field(channel.name)
-                                  : field(channel.name) + '_' + field(channel.unit);
+    return cleanText(channel.unit, maxNameLength)
+        .replace(QLatin1Char(','), QLatin1Char(';'))
+        .toUtf8();
 }
 
 } // namespace
 
 QByteArray recordingHeader(const StreamHeader &header, const QString &source)
 {
-    QByteArray names, units, columns;
-    for (const Channel &channel : header.channels) {
-        names += (names.isEmpty() ? "" : ",") + field(channel.name);
-        units += (columns.isEmpty() ? "" : ",") + field(channel.unit);
-        columns += "," + headerField(channel);
+    QByteArrayList names, units, columns{"time_s"};
+    for (int i = 0; i < header.channels.size(); ++i) {
+        names += nameField(header.channels[i], i);
+        units += unitField(header.channels[i]);
+        columns += units.last().isEmpty() ? names.last() : names.last() + '_' + units.last();
     }
-    QByteArray text = "#corvale 1\n# source: " + cleanText(source, 500).toUtf8() + "\n";
+    QByteArray text = "#corvale 1\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
     text += "#layout " + layoutName(header.layout).toLatin1() + "\n";
-    text += "#channels " + names + "\n";
-    text += "#unit " + units + "\n";
+    text += "#channels " + names.join(',') + "\n";
+    text += "#unit " + units.join(',') + "\n";
     if (header.hasRange()) {
         text += "#range ";
         appendNumber(&text, header.rangeLow);
@@ -55,7 +59,10 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     }
     if (header.startTime.isValid())
         text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
-    return text + "time_s" + columns + "\n";
+    // The longest names and units do not fit into one line together; the units stand above as well.
+    const QByteArray line = columns.join(',');
+    const bool fits = line.size() <= LineSplitter::maxLength;
+    return text + (fits ? line : "time_s," + names.join(',')) + "\n";
 }
 
 void appendRecordingRow(QByteArray *text, double time, const double *values, int channels)
@@ -71,7 +78,7 @@ void appendRecordingRow(QByteArray *text, double time, const double *values, int
 
 void appendRecordingEvent(QByteArray *text, const QString &event)
 {
-    *text += "#event " + cleanText(event, 500).toUtf8() + "\n";
+    *text += "#event " + cleanText(event, maxTextLength).toUtf8() + "\n";
 }
 
 } // namespace Monitor

@@ -4,6 +4,7 @@
 #include "monitor/sources/Clock.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Monitor {
 
@@ -12,6 +13,10 @@ namespace {
 constexpr double shortestShowInterval = 0.04; // s
 //! More than the model holds need not wait.
 constexpr int mostToShow = 100000;
+constexpr int headersShownASecond = 5;
+constexpr int eventsShownASecond = 5;
+//! An instrument may have more to say to those who read its recording, but not without end.
+constexpr int eventsRecordedASecond = 100;
 
 } // namespace
 
@@ -19,16 +24,18 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
     : QObject(parent)
     , m_clock(clock)
     , m_source(std::move(source))
+    , m_shownHeaders(headersShownASecond)
     , m_showInterval(shortestShowInterval)
+    , m_shownEvents(eventsShownASecond)
+    , m_recordedEvents(eventsRecordedASecond)
 {
     connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
-    connect(m_source.get(), &Source::noted, this, [this](const QString &text) {
-        if (m_recorder)
-            m_recorder->addEvent(text);
-        Q_EMIT noted(text);
+    connect(m_source.get(), &Source::noted, this, &Session::takeEvent);
+    connect(m_source.get(), &Source::stateChanged, this, [this](Source::State state) {
+        if (state == Source::State::Finished || state == Source::State::Failed)
+            showWaiting();
     });
-    connect(m_source.get(), &Source::stateChanged, this, &Session::showWaiting);
     connect(&clock, &Clock::tick, this, &Session::tick);
 }
 
@@ -56,10 +63,41 @@ void Session::takeHeader(const StreamHeader &told)
     m_activity.reset();
     if (m_recorder)
         m_recorder->startStream(header);
-    showWaiting();
+    if (!m_headerWaits)
+        showWaiting();
     m_toShow.clear(header.channels.size());
+    m_headerWaits = true;
+    if (m_shownHeaders.admits(m_clock.seconds()))
+        showHeader();
+}
+
+//! Of streams that follow each other faster than the window could, only the last one is shown.
+void Session::showHeader()
+{
+    m_headerWaits = false;
+    const StreamHeader header = m_statistics.header();
     m_model.startStream(header);
     Q_EMIT streamStarted(header);
+}
+
+void Session::takeEvent(const QString &text)
+{
+    const double now = m_clock.seconds();
+    tellHeldBack(now);
+    if (m_recorder && m_recordedEvents.admits(now))
+        m_recorder->addEvent(text);
+    if (m_shownEvents.admits(now))
+        Q_EMIT noted(text);
+}
+
+//! How many events the log and the recording do not have.
+void Session::tellHeldBack(double now)
+{
+    if (const qint64 events = m_shownEvents.takeHeldBack(now))
+        Q_EMIT noted(tr("WARNING %1 more events are not listed").arg(events));
+    const qint64 events = m_recordedEvents.takeHeldBack(now);
+    if (m_recorder && events > 0)
+        m_recorder->addEvent(tr("%1 more events are not recorded").arg(events));
 }
 
 void Session::takeReadings(const ReadingBlock &arrived)
@@ -72,7 +110,7 @@ void Session::takeReadings(const ReadingBlock &arrived)
     if (m_recorder)
         m_recorder->addReadings(readings);
     m_toShow.append(readings);
-    if (isShowDue() || m_limit.isReached() || m_toShow.size() >= mostToShow)
+    if ((isShowDue() && !m_headerWaits) || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();
     if (m_limit.isReached())
         Q_EMIT limitReached();
@@ -90,6 +128,8 @@ bool Session::isShowDue() const
 
 void Session::showWaiting()
 {
+    if (m_headerWaits)
+        showHeader();
     if (m_toShow.isEmpty())
         return;
     m_shownAt = m_clock.seconds();
@@ -109,7 +149,9 @@ double Session::rate() const
 
 void Session::tick()
 {
-    if (isShowDue())
+    const double now = m_clock.seconds();
+    tellHeldBack(now);
+    if (isShowDue() && (!m_headerWaits || m_shownHeaders.admits(now)))
         showWaiting();
     const bool stale = isStale();
     if (stale == m_stale)
@@ -129,24 +171,30 @@ void Session::setPaused(bool paused)
 
 bool Session::startRecording(Recorder::Options options, QString *error)
 {
+    if (m_source->readsFrom(options.path)) {
+        *error = tr("%1 is the source; record to another file").arg(options.path);
+        return false;
+    }
     options.source = m_source->description();
     auto recorder = std::make_unique<Recorder>(m_clock, options);
     if (!recorder->start()) {
         *error = recorder->errorString();
         return false;
     }
+    stopRecording();
     connect(recorder.get(), &Recorder::fileStarted, this, [this](const QString &name) {
         Q_EMIT noted(tr("recording to %1").arg(name));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::failed, this, [this](const QString &text) {
-        Q_EMIT noted(tr("ERROR recording stands still: %1; trying again").arg(text));
+        Q_EMIT noted(tr("ERROR recording stalled: %1; trying again").arg(text));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::recovered, this, [this] {
         Q_EMIT noted(tr("recording goes on"));
         Q_EMIT recordingChanged();
     });
+    connect(recorder.get(), &Recorder::noted, this, &Session::noted);
     m_recorder = std::move(recorder);
     if (!m_statistics.header().channels.isEmpty())
         m_recorder->startStream(m_statistics.header());
@@ -155,17 +203,27 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     return true;
 }
 
-void Session::stopRecording()
+bool Session::stopRecording()
 {
     if (!m_recorder)
-        return;
-    const QString name = m_recorder->fileName();
+        return true;
+    tellHeldBack(std::numeric_limits<double>::infinity());
     const bool complete = m_recorder->finish();
-    Q_EMIT noted(complete ? tr("recording to %1 ended").arg(name)
-                          : tr("ERROR the recording %1 is not complete: %2")
-                                .arg(name, m_recorder->errorString()));
+    const QString name = m_recorder->fileName();
+    if (complete) {
+        Q_EMIT noted(tr("recording to %1 ended").arg(name));
+    } else {
+        const QString why = m_recorder->errorString();
+        m_incompleteRecordings.append(
+            tr("the recording %1 is not complete, %2 readings are missing%3")
+                .arg(name)
+                .arg(m_recorder->lostReadings())
+                .arg(why.isEmpty() ? why : tr(": %1").arg(why)));
+        Q_EMIT noted(tr("ERROR %1").arg(m_incompleteRecordings.last()));
+    }
     m_recorder.reset();
     Q_EMIT recordingChanged();
+    return complete;
 }
 
 } // namespace Monitor

@@ -4,19 +4,21 @@
 #include "monitor/model/MultichannelDeviceModel.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/session/ActivityWatch.h"
+#include "monitor/session/FloodGate.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
 namespace Monitor {
 
 /*! One source and what becomes of its readings: the model that the window shows, the recording, the counts. It
-    knows nothing of the window, but that nobody sees more than 25 pictures a second: the model gets readings as
-    often as that, recording and counts at once. */
+    knows nothing of the window, but that nobody sees more than 25 pictures and 5 new streams a second, nor reads more
+    than 5 events: the model and the log get no more than that, recording and counts all of it at once. */
 class Session : public QObject
 {
     Q_OBJECT
@@ -50,9 +52,12 @@ public:
 
     //! False, with a text, where the file cannot be opened.
     bool startRecording(Recorder::Options options, QString *error);
-    void stopRecording();
+    //! False where readings could not be written.
+    bool stopRecording();
     //! Null while nothing is recorded.
     const Recorder *recorder() const { return m_recorder.get(); }
+    //! What to say of the recordings that are not complete, one line each; empty where all are.
+    QStringList incompleteRecordings() const { return m_incompleteRecordings; }
 
 Q_SIGNALS:
     //! The model has the channels of another acquisition.
@@ -68,13 +73,19 @@ Q_SIGNALS:
 private:
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
+    void takeEvent(const QString &text);
+    void tellHeldBack(double now);
     void showWaiting();
+    void showHeader();
     bool isShowDue() const;
     void tick();
 
     Clock &m_clock;
     std::unique_ptr<Source> m_source;
     MultichannelDeviceModel m_model;
+    //! The model has another stream's channels, and gets this one's before its readings.
+    bool m_headerWaits = false;
+    FloodGate m_shownHeaders;
     ReadingBlock m_toShow;
     double m_showInterval;
     double m_shownAt = 0.0;
@@ -82,6 +93,9 @@ private:
     ActivityWatch m_activity;
     ReadingLimit m_limit;
     std::unique_ptr<Recorder> m_recorder;
+    QStringList m_incompleteRecordings;
+    FloodGate m_shownEvents;
+    FloodGate m_recordedEvents;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     bool m_stale = false;

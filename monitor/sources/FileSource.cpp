@@ -3,6 +3,10 @@
 
 #include "monitor/sources/Clock.h"
 
+#include <QFileInfo>
+
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -60,6 +64,12 @@ LineCounts FileSource::counts() const
     return m_reader.counts();
 }
 
+bool FileSource::readsFrom(const QString &path) const
+{
+    const QFileInfo file(path);
+    return file.exists() && file.canonicalFilePath() == QFileInfo(m_path).canonicalFilePath();
+}
+
 double FileSource::progress() const
 {
     return m_reader.progress();
@@ -80,14 +90,11 @@ void FileSource::play()
 {
     if (state() != State::Running)
         return;
-    if (m_options.speed == 0.0) {
+    if (m_options.speed == 0.0)
         readOn();
-        emitUntil(std::numeric_limits<double>::infinity());
-    } else {
+    else
         readAhead();
-        if (m_anyReading)
-            emitUntil(m_playFrom + (clock().seconds() - m_startedAt) * m_options.speed);
-    }
+    playDue();
     finishWhenPlayed();
 }
 
@@ -95,7 +102,7 @@ void FileSource::play()
 void FileSource::readAhead()
 {
     constexpr int enough = 5000;
-    while (m_ahead.size() - m_nextAhead < enough && readOn()) { }
+    while (m_waiting < enough && readOn()) { }
 }
 
 //! False where nothing more can be read.
@@ -108,16 +115,44 @@ bool FileSource::readOn()
     return !m_atEnd;
 }
 
-void FileSource::emitUntil(double time)
+//! What is due of the first part, and of the next ones where all of it is played.
+void FileSource::playDue()
 {
-    m_out.clear(m_ahead.channels());
-    while (m_nextAhead < m_ahead.size() && m_ahead.time(m_nextAhead) <= time) {
-        m_out.append(m_ahead.time(m_nextAhead), m_ahead.values(m_nextAhead));
-        ++m_nextAhead;
+    while (!m_parts.empty()) {
+        Part &part = m_parts.front();
+        // A later part, of which no reading is wanted, must not clear what is shown.
+        if (!part.begun && part.readings.isEmpty() && m_partsRead > 1)
+            return;
+        if (!part.begun)
+            beginPart(&part);
+        emitDue(&part);
+        if (!part.readings.isEmpty() || m_parts.size() == 1)
+            return;
+        m_parts.pop_front();
     }
-    if (m_nextAhead == m_ahead.size()) {
-        m_ahead.clear(m_ahead.channels());
-        m_nextAhead = 0;
+}
+
+void FileSource::beginPart(Part *part)
+{
+    part->begun = true;
+    m_startedAt = clock().seconds();
+    m_playFrom = part->readings.isEmpty() ? 0.0 : part->readings.time(0);
+    Q_EMIT streamStarted(part->header);
+}
+
+void FileSource::emitDue(Part *part)
+{
+    const double due = m_options.speed == 0.0
+        ? std::numeric_limits<double>::infinity()
+        : m_playFrom + (clock().seconds() - m_startedAt) * m_options.speed;
+    ReadingBlock &readings = part->readings;
+    m_out.clear(readings.channels());
+    for (; part->next < readings.size() && readings.time(part->next) <= due; ++part->next)
+        m_out.append(readings.time(part->next), readings.values(part->next));
+    m_waiting -= m_out.size();
+    if (part->next == readings.size()) {
+        readings.clear(readings.channels());
+        part->next = 0;
     }
     if (!m_out.isEmpty())
         Q_EMIT readingsArrived(m_out);
@@ -125,7 +160,7 @@ void FileSource::emitUntil(double time)
 
 void FileSource::finishWhenPlayed()
 {
-    if (!m_atEnd || m_nextAhead < m_ahead.size())
+    if (!m_atEnd || m_waiting > 0)
         return;
     m_unpaced.stop();
     if (m_reader.hasFailed())
@@ -134,15 +169,18 @@ void FileSource::finishWhenPlayed()
         setState(State::Finished, tr("%1 came to its end").arg(m_path));
 }
 
-//! The next round's times follow on this one's.
+/*! The next round's times follow on this one's; where the file has several parts, each is a stream of its own again. It
+    ends where times would become too large for a number. */
 bool FileSource::startLoop()
 {
     if (!m_options.loop || !m_anyReading || !m_reader.rewind())
         return false;
+    if (m_partsRead > 1)
+        return true;
     constexpr double stepOfASingleReading = 1.0;
     const double length = m_lastTime - m_firstTime + m_lastStep;
     m_offset += length > 0.0 ? length : stepOfASingleReading;
-    return true;
+    return std::isfinite(m_lastTime + m_offset);
 }
 
 void FileSource::takeHeader(const StreamHeader &header)
@@ -150,26 +188,27 @@ void FileSource::takeHeader(const StreamHeader &header)
     const bool nextRound = m_offset > 0.0;
     if (nextRound)
         return;
-    emitUntil(std::numeric_limits<double>::infinity());
-    m_anyReading = false;
-    m_ahead.clear(header.channels.size());
-    Q_EMIT streamStarted(header);
+    ++m_partsRead;
+    m_firstInPart = true;
+    // Of a part without a reading that is wanted, nothing is to be seen.
+    if (!m_parts.empty() && m_parts.back().readings.isEmpty() && !m_parts.back().begun)
+        m_parts.pop_back();
+    m_parts.push_back({header, ReadingBlock(header.channels.size())});
 }
 
 void FileSource::takeReading(double time, const double *values)
 {
     if (time < m_options.from || time > m_options.to)
         return;
-    if (!m_anyReading) {
-        m_anyReading = true;
+    if (m_firstInPart)
         m_firstTime = time;
-        m_playFrom = time;
-        m_startedAt = clock().seconds();
-    } else if (time > m_lastTime) {
+    else if (time > m_lastTime)
         m_lastStep = time - m_lastTime;
-    }
+    m_firstInPart = false;
+    m_anyReading = true;
     m_lastTime = time;
-    m_ahead.append(time + m_offset, values);
+    m_parts.back().readings.append(time + m_offset, values);
+    ++m_waiting;
 }
 
 } // namespace Monitor

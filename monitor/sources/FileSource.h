@@ -6,12 +6,14 @@
 
 #include <QTimer>
 
+#include <deque>
 #include <limits>
 #include <memory>
 
 namespace Monitor {
 
-//! Plays a table from a file back, with the time steps that it was taken with.
+/*! Plays a table from a file back, with the time steps that it was taken with. Where the file has several streams, one
+    is played after the other. */
 class FileSource : public Source
 {
     Q_OBJECT
@@ -34,6 +36,7 @@ public:
     QString description() const override;
     QString remedy() const override;
     LineCounts counts() const override;
+    bool readsFrom(const QString &path) const override;
     //! How far the file has been read, 0 to 1.
     double progress() const;
 
@@ -42,10 +45,21 @@ private:
     void takeHeader(const StreamHeader &header);
     void takeReading(double time, const double *values);
 
+    //! A stream, as far as it has been read and not played.
+    struct Part
+    {
+        StreamHeader header;
+        ReadingBlock readings;
+        int next = 0;
+        bool begun = false;
+    };
+
     void play();
     void readAhead();
     bool readOn();
-    void emitUntil(double time);
+    void playDue();
+    void beginPart(Part *part);
+    void emitDue(Part *part);
     void finishWhenPlayed();
     bool startLoop();
 
@@ -56,13 +70,16 @@ private:
     QTimer m_unpaced;
     bool m_atEnd = false;
 
-    ReadingBlock m_ahead;
-    int m_nextAhead = 0;
+    std::deque<Part> m_parts; //!< the first one plays, the last one may still grow
+    int m_partsRead = 0;
+    qint64 m_waiting = 0; //!< readings in the parts
     ReadingBlock m_out;
-
-    bool m_anyReading = false;
     double m_playFrom = 0.0;
     double m_startedAt = 0.0;
+
+    // Of the part that is being read, for the next round of a file that has no other.
+    bool m_firstInPart = true;
+    bool m_anyReading = false;
     double m_offset = 0.0;
     double m_firstTime = 0.0;
     double m_lastTime = 0.0;

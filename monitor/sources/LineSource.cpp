@@ -32,14 +32,24 @@ void LineSource::tick()
     if (m_retryAt && clock().seconds() >= *m_retryAt) {
         m_retryAt.reset();
         open();
+    } else if (isSilentTooLong()) {
+        close();
+        lost(tr("%1: silent for %2 s").arg(description()).arg(m_longestSilence));
     } else if (state() == State::Running) {
         poll();
     }
 }
 
+bool LineSource::isSilentTooLong() const
+{
+    return m_longestSilence > 0.0 && state() == State::Running && m_heardAt
+        && clock().seconds() - *m_heardAt >= m_longestSilence;
+}
+
 void LineSource::connected()
 {
     m_retryAt.reset();
+    m_heardAt.reset();
     m_splitter.clear();
     m_protocol.beginStream();
     setState(State::Running, description());
@@ -49,6 +59,7 @@ void LineSource::takeBytes(std::string_view bytes)
 {
     // A connection that answers is a good one; one that closes at once again is not.
     m_backoff.reset();
+    m_heardAt = clock().seconds();
     m_protocol.setArrivalTime(clock().seconds() - m_startedAt);
     m_splitter.feed(bytes, [this](std::string_view line, bool tooLong) {
         m_protocol.takeLine(line, tooLong);

@@ -20,12 +20,18 @@ public:
     LineCounts counts() const override;
     //! Where a lost connection is the end instead of something to mend: for runs without a window.
     void setReconnecting(bool on) { m_reconnecting = on; }
+    /*! Seconds after which a connection that has brought bytes and brings none any more is taken for lost; 0 for
+        never, as for instruments that only talk while there is beam. */
+    void setLongestSilence(double seconds) { m_longestSilence = seconds; }
+    double longestSilence() const { return m_longestSilence; }
 
 protected:
     LineSource(Clock &clock, QObject *parent);
 
     //! Begins to connect. connected() or lost() follows, now or later.
     virtual void open() = 0;
+    //! Gives the connection up, without a word from connected() or lost().
+    virtual void close() = 0;
     //! As often as the clock ticks, while connected.
     virtual void poll();
 
@@ -39,6 +45,7 @@ protected:
 
 private:
     void tick();
+    bool isSilentTooLong() const;
     void endStream();
 
     SourceSink m_sink;
@@ -47,6 +54,9 @@ private:
     Backoff m_backoff;
     std::optional<double> m_retryAt;
     double m_startedAt = 0.0;
+    double m_longestSilence = 0.0;
+    //! When the last bytes of this connection came.
+    std::optional<double> m_heardAt;
     bool m_reconnecting = true;
 };
 

@@ -36,7 +36,7 @@ QString SerialSource::remedy() const
 
 void SerialSource::open()
 {
-    m_port.close();
+    close();
     m_port.clearError();
     m_port.setPortName(m_device);
     m_port.setBaudRate(m_baudRate);
@@ -44,6 +44,11 @@ void SerialSource::open()
         connected();
     else
         lost(QStringLiteral("%1: %2").arg(description(), m_port.errorString()));
+}
+
+void SerialSource::close()
+{
+    m_port.close();
 }
 
 //! A device that was pulled out does not always report an error: its file is gone.

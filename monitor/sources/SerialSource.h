@@ -25,6 +25,7 @@ public:
 
 protected:
     void open() override;
+    void close() override;
     void poll() override;
 
 private:

@@ -22,6 +22,11 @@ LineCounts Source::counts() const
     return {};
 }
 
+bool Source::readsFrom(const QString &) const
+{
+    return false;
+}
+
 QString Source::remedy() const
 {
     return {};

@@ -39,6 +39,8 @@ public:
     //! Whether its readings are made up.
     virtual bool isSimulated() const { return false; }
     virtual LineCounts counts() const;
+    //! Whether it reads from the file of that path, which nothing may write to then.
+    virtual bool readsFrom(const QString &path) const;
     //! What a person can do where it fails or is silent; empty where nothing general can be said.
     virtual QString remedy() const;
 

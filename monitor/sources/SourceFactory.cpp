@@ -12,6 +12,9 @@
 #include <QUrl>
 #include <QUrlQuery>
 
+#include <algorithm>
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -38,6 +41,17 @@ QUrlQuery splitQuery(const QString &text, QString *rest)
     return mark < 0 ? QUrlQuery() : QUrlQuery(text.mid(mark + 1));
 }
 
+/*! The longest silence that the query names, 0 for none at all; \a usual where it names none, and nothing where it
+    makes no sense. */
+std::optional<double> silenceOf(const QUrlQuery &query, double usual)
+{
+    const QString key = QStringLiteral("silence");
+    if (!query.hasQueryItem(key))
+        return usual;
+    const QString text = query.queryItemValue(key);
+    return text == QLatin1String("0") ? std::optional<double>(0.0) : secondsFromText(text);
+}
+
 } // namespace
 
 std::optional<double> secondsFromText(const QString &text)
@@ -46,7 +60,7 @@ std::optional<double> secondsFromText(const QString &text)
     const QRegularExpressionMatch match = form.match(text);
     bool ok = false;
     const double number = match.captured(1).toDouble(&ok);
-    if (!ok || !(number > 0.0))
+    if (!ok || !(number > 0.0) || !std::isfinite(number))
         return std::nullopt;
     const QString unit = match.captured(2);
     const double factor = unit == QLatin1String("ms") ? 1e-3
@@ -119,11 +133,17 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
         query.queryItemValue(QStringLiteral("ask"), QUrl::FullyDecoded).toUtf8().left(1000);
     const QString every = query.queryItemValue(QStringLiteral("every"));
     const std::optional<double> seconds = secondsFromText(every);
-    const bool known = hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every")});
-    if (!known || (!every.isEmpty() && !seconds) || (seconds && question.text.isEmpty()))
-        return failed(tr("\"%1\": what may follow is ?ask=TEXT&every=100ms").arg(text));
     question.every = seconds.value_or(question.every);
-    return std::make_unique<TcpClientSource>(m_clock, url.host(), quint16(url.port()), question);
+    auto source =
+        std::make_unique<TcpClientSource>(m_clock, url.host(), quint16(url.port()), question);
+    const std::optional<double> silence = silenceOf(query, source->longestSilence());
+    const bool known =
+        hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every"), QStringLiteral("silence")});
+    if (!known || !silence || (!every.isEmpty() && !seconds)
+        || (seconds && question.text.isEmpty()))
+        return failed(tr("\"%1\": what may follow is ?ask=TEXT&every=100ms&silence=30s").arg(text));
+    source->setLongestSilence(*silence);
+    return source;
 }
 
 std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
@@ -131,13 +151,17 @@ std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
     const QUrl url(text);
     const QHostAddress address(
         url.host() == QLatin1String("localhost") ? QStringLiteral("127.0.0.1") : url.host());
-    if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty()
-        || url.hasQuery())
+    const QUrlQuery query(url);
+    const std::optional<double> silence = silenceOf(query, 0.0);
+    const bool known = silence && hasOnly(query, {QStringLiteral("silence")});
+    if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty() || !known)
         return failed(
             tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
-               "machine's interfaces (0.0.0.0 for all of them)")
+               "machine's interfaces (0.0.0.0 for all of them); what may follow is ?silence=30s")
                 .arg(text));
-    return std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
+    auto source = std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
+    source->setLongestSilence(*silence);
+    return source;
 }
 
 std::unique_ptr<Source> SourceFactory::serial(const QString &text)
@@ -148,10 +172,16 @@ std::unique_ptr<Source> SourceFactory::serial(const QString &text)
     const int baud = query.hasQueryItem(QStringLiteral("baud"))
         ? query.queryItemValue(QStringLiteral("baud")).toInt(&ok)
         : SerialSource::defaultBaudRate;
-    if (device.isEmpty() || !ok || baud <= 0 || !hasOnly(query, {QStringLiteral("baud")}))
-        return failed(
-            tr("\"serial:%1\" should be serial:DEVICE or serial:DEVICE?baud=NUMBER").arg(text));
-    return std::make_unique<SerialSource>(m_clock, device, baud);
+    const std::optional<double> silence = silenceOf(query, 0.0);
+    const bool known =
+        silence && hasOnly(query, {QStringLiteral("baud"), QStringLiteral("silence")});
+    if (device.isEmpty() || !ok || baud <= 0 || !known)
+        return failed(tr("\"serial:%1\" should be serial:DEVICE or "
+                         "serial:DEVICE?baud=NUMBER&silence=30s")
+                          .arg(text));
+    auto source = std::make_unique<SerialSource>(m_clock, device, baud);
+    source->setLongestSilence(*silence);
+    return source;
 }
 
 } // namespace Monitor

@@ -11,7 +11,8 @@ namespace Monitor {
 /*! Makes the source that a text on the command line names:
 
     sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path, - for standard input,
-    tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). */
+    tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N); the last
+    three also with ?silence=30s. */
 class SourceFactory
 {
 public:

@@ -29,6 +29,11 @@ void StandardInputSource::open()
     m_notifier.setEnabled(true);
 }
 
+void StandardInputSource::close()
+{
+    m_notifier.setEnabled(false);
+}
+
 //! One read a turn of the event loop, so that a flood of lines leaves room for the window.
 void StandardInputSource::readSome()
 {

@@ -21,6 +21,7 @@ public:
 
 protected:
     void open() override;
+    void close() override;
 
 private:
     void readSome();

@@ -2,10 +2,18 @@
 #include "monitor/sources/TcpClientSource.h"
 
 #include "monitor/sources/Clock.h"
+#include "monitor/sources/SocketSetup.h"
 
 #include <algorithm>
 
 namespace Monitor {
+
+namespace {
+
+//! So long an answer may take.
+constexpr double intervalsOfPatience = 3.0;
+
+} // namespace
 
 TcpClientSource::TcpClientSource(Clock &clock,
                                  const QString &host,
@@ -23,6 +31,8 @@ TcpClientSource::TcpClientSource(Clock &clock,
             QOverload<QAbstractSocket::SocketError>::of(&QAbstractSocket::errorOccurred),
             this,
             &TcpClientSource::socketFailed);
+    if (!question.text.isEmpty())
+        setLongestSilence(std::max(usualSilence, intervalsOfPatience * question.every));
 }
 
 TcpClientSource::~TcpClientSource()
@@ -44,19 +54,20 @@ QString TcpClientSource::remedy() const
 
 void TcpClientSource::open()
 {
+    close();
+    m_socket.connectToHost(m_host, m_port);
+}
+
+//! The system's own disconnection is no news then.
+void TcpClientSource::close()
+{
     m_up = false;
     m_socket.abort();
-    m_socket.connectToHost(m_host, m_port);
 }
 
 void TcpClientSource::socketConnected()
 {
-    // A peer that vanishes without a word is found out by the system in the end.
-    m_socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-    m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    // What the window cannot take stays with the sender, not in this program's memory.
-    constexpr qint64 readBufferSize = 1024 * 1024;
-    m_socket.setReadBufferSize(readBufferSize);
+    setUpSocket(&m_socket);
     m_up = true;
     m_answered = true;
     connected();
@@ -96,7 +107,7 @@ void TcpClientSource::ask()
         return;
     // An answer that never comes must not end the conversation.
     const double now = clock().seconds();
-    const double patience = std::max(1.0, 3.0 * m_question.every);
+    const double patience = std::max(1.0, intervalsOfPatience * m_question.every);
     const bool due = now - m_askedAt >= (m_answered ? m_question.every : patience);
     if (!due && m_askedAt > 0.0)
         return;

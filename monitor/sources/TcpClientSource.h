@@ -8,13 +8,16 @@
 namespace Monitor {
 
 /*! Lines from an instrument that listens. With a question, it is asked again and again: the next time when its
-    answer has come and the interval is over. */
+    answer has come and the interval is over. One that used to answer and does not for usualSilence, or three
+    intervals if they are longer, is connected anew. */
 class TcpClientSource : public LineSource
 {
     Q_OBJECT
 
 public:
     static constexpr double usualInterval = 0.1;
+    //! An instrument that is asked, and used to answer, may take so long at least.
+    static constexpr double usualSilence = 30.0;
     struct Question
     {
         QByteArray text; //!< without the end of line; empty where the instrument talks by itself
@@ -32,6 +35,7 @@ public:
 
 protected:
     void open() override;
+    void close() override;
     void poll() override;
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/TcpServerSource.h"
 
+#include "monitor/sources/SocketSetup.h"
+
 namespace Monitor {
 
 TcpServerSource::TcpServerSource(Clock &clock,
@@ -44,6 +46,12 @@ void TcpServerSource::open()
         lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
 }
 
+//! The port stays open for the next peer.
+void TcpServerSource::close()
+{
+    dropPeer();
+}
+
 void TcpServerSource::peerArrived()
 {
     while (QTcpSocket *peer = m_server.nextPendingConnection()) {
@@ -52,9 +60,7 @@ void TcpServerSource::peerArrived()
             Q_EMIT noted(tr("%1: a new peer takes the place of the old one").arg(description()));
         dropPeer();
         m_peer = peer;
-        constexpr qint64 readBufferSize = 1024 * 1024;
-        peer->setReadBufferSize(readBufferSize);
-        peer->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+        setUpSocket(peer);
         connect(peer, &QTcpSocket::readyRead, this, [this, peer] {
             readPeer(peer);
         });

@@ -28,6 +28,7 @@ public:
 
 protected:
     void open() override;
+    void close() override;
 
 private:
     void peerArrived();

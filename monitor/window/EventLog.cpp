@@ -14,13 +14,15 @@ namespace Monitor {
 namespace {
 
 constexpr int mostLines = 5000;
-constexpr int refusedLinesASecond = 5;
+constexpr int mostASecond = 5; // of each kind
 
 } // namespace
 
 EventLog::EventLog(Session &session, QWidget *parent)
     : RVXLogBrowser(parent)
     , m_session(session)
+    , m_refused(mostASecond)
+    , m_states(mostASecond)
 {
     titleLabel()->hide(); // the dock has it
     setMaximumBlockCount(mostLines);
@@ -30,14 +32,8 @@ EventLog::EventLog(Session &session, QWidget *parent)
     connect(&session, &Session::noted, this, &EventLog::write);
     connect(&session, &Session::streamStarted, this, &EventLog::noteStart);
     connect(&session.source(), &Source::lineRefused, this, &EventLog::noteRefused);
-    connect(&session.source(),
-            &Source::stateChanged,
-            this,
-            [this](Source::State state, const QString &text) {
-                const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
-                if (!text.isEmpty())
-                    write((bad ? QStringLiteral("ERROR ") : QString()) + text);
-            });
+    connect(&session.source(), &Source::stateChanged, this, &EventLog::noteState);
+    connect(&session.clock(), &Clock::tick, this, &EventLog::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
         write(stale ? tr("WARNING the source is silent") : tr("readings come again"));
     });
@@ -93,20 +89,26 @@ void EventLog::write(const QString &text)
 
 void EventLog::noteRefused(const RefusedLine &line)
 {
-    const double now = m_session.clock().seconds();
-    if (now - m_floodBegan >= 1.0) {
-        if (m_notShown > 0)
-            write(tr("WARNING %1 more bad lines are not listed").arg(m_notShown));
-        m_floodBegan = now;
-        m_shownInFlood = 0;
-        m_notShown = 0;
-    }
-    if (m_shownInFlood < refusedLinesASecond) {
-        ++m_shownInFlood;
+    tellHeldBack();
+    if (m_refused.admits(m_session.clock().seconds()))
         write(QStringLiteral("WARNING ") + line.text());
-    } else {
-        ++m_notShown;
-    }
+}
+
+void EventLog::noteState(Source::State state, const QString &text)
+{
+    tellHeldBack();
+    const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
+    if (!text.isEmpty() && m_states.admits(m_session.clock().seconds()))
+        write((bad ? QStringLiteral("ERROR ") : QString()) + text);
+}
+
+void EventLog::tellHeldBack()
+{
+    const double now = m_session.clock().seconds();
+    if (const qint64 lines = m_refused.takeHeldBack(now))
+        write(tr("WARNING %1 more bad lines are not listed").arg(lines));
+    if (const qint64 states = m_states.takeHeldBack(now))
+        write(tr("WARNING %1 more changes of the connection are not listed").arg(states));
 }
 
 } // namespace Monitor

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/session/FloodGate.h"
+#include "monitor/sources/Source.h"
 #include <corvale_qt/widgets/RVXLogBrowser.h>
 
 namespace Monitor {
 
 class Session;
-struct RefusedLine;
-struct StreamHeader;
 
-//! What happened, with the time; of bad lines that come in floods, a few a second.
+//! What happened, with the time; of bad lines and changes of state that come in floods, a few a second.
 class EventLog : public Corvale_Qt::RVXLogBrowser
 {
     Q_OBJECT
@@ -26,11 +26,12 @@ private:
     void noteAssumptions(const StreamHeader &header);
     void write(const QString &text);
     void noteRefused(const RefusedLine &line);
+    void noteState(Source::State state, const QString &text);
+    void tellHeldBack();
 
     Session &m_session;
-    double m_floodBegan = -1e9;
-    int m_shownInFlood = 0;
-    qint64 m_notShown = 0;
+    FloodGate m_refused;
+    FloodGate m_states;
 };
 
 } // namespace Monitor

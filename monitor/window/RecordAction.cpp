@@ -42,12 +42,13 @@ void RecordAction::toggle()
         m_session.stopRecording();
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(m_window,
-                                                      tr("Record"),
-                                                      suggestedPath(),
-                                                      tr("Recordings (*.csv)"));
+    QFileDialog dialog(m_window, tr("Record"), m_folder, tr("Recordings (*.csv)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // It asks before it replaces a file, under the name that the file will have.
+    dialog.setDefaultSuffix(QStringLiteral("csv"));
+    dialog.selectFile(suggestedPath());
     QString error;
-    if (!path.isEmpty() && !recordTo(path, &error))
+    if (dialog.exec() == QDialog::Accepted && !recordTo(dialog.selectedFiles().value(0), &error))
         QMessageBox::warning(m_window, tr("Record"), error);
 }
 

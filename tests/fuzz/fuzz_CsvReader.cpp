@@ -14,6 +14,12 @@ std::vector<std::string> fuzzSeeds()
         "timestamp(s),channel_1,\n12.500000000,0.000123,\n",
         "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,5,1,7,\n2,6,1.5,8,\n,,3,9,\n",
         "#corvale 1\n#layout pixels\n#channels a,b\n#unit nA,\ntime_s,a_nA,b\n0,1,2\n1,,4\n",
+        "time_s,, \x01,a \x01,\xc2\xa0 b \n0,1,2,3,4\n1,5,6,7,8\n",
+        "time_s," + std::string(63, 'n') + "\xf0\x9f\x92\xa5,m" + std::string(63, ' ')
+            + "m\n0,1,2\n",
+        "#corvale 1\n#channels a\n#t0 9999-12-31T23:00:00-05:00\n#range -inf,1e-400\n9,1\n#corvale "
+        "1\n0,1e-400\n",
+        "0,1\n1e6,1\n1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n",
         "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
         "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};
 }
@@ -27,6 +33,7 @@ public:
     void streamStarted(const StreamHeader &header) override
     {
         m_channels = header.channels.size();
+        channels += header.channels;
         text += recordingHeader(header, QStringLiteral("fuzz"));
     }
     void reading(double time, const double *values) override
@@ -37,6 +44,7 @@ public:
     void lineRefused(const RefusedLine &) override { ++refused; }
 
     QByteArray text;
+    QVector<Channel> channels; //!< of all streams, one after the other
     int refused = 0;
 
 private:
@@ -66,6 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     readInto(QByteArray(reinterpret_cast<const char *>(data), int(size)), &first);
     readInto(first.text, &second);
     FUZZ_REQUIRE(second.refused == 0);
+    FUZZ_REQUIRE(second.channels == first.channels);
     FUZZ_REQUIRE(second.text == first.text);
     return 0;
 }

@@ -2,19 +2,25 @@
 /*! \file
     Runs a fuzz target. As an ordinary test it feeds the target a fixed row of inputs (FuzzMutator):
         fuzz_Subject [rounds] [-v]
-    where -v prints each input before it is tried, so that the last one printed is the one that
-   failed. With CORVALE_QT_FUZZ libFuzzer has main() and its own options, and gets the seeds as one
-   more corpus. */
+    where -v prints each input before it is tried. An input that fails is kept in a file, which
+        fuzz_Subject FILE
+    tries alone, for a debugger. With CORVALE_QT_FUZZ libFuzzer has main() and its own options, among them a file to be
+    tried alone, and gets the seeds as one more corpus. */
 #include "tests/support/FuzzMutator.h"
 #include "tests/support/FuzzTarget.h"
 
 #include <QApplication>
 #include <QByteArray>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 void fuzzFailure(const char *condition, const char *file, int line)
 {
@@ -48,17 +54,70 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 #else
 
-int main(int argc, char **argv)
+namespace {
+
+//! What is being tried, and where to keep it: all that a signal handler can get at.
+std::string currentInput;
+char currentFile[4096];
+const char *program = "";
+
+/*! Keeps the input and says how to try it again. A handler of a signal may do no more than write(). */
+void keepInput()
 {
-    QApplication application(argc, argv);
-    long rounds = 3000;
-    bool verbose = false;
-    for (const QString &argument : application.arguments().mid(1)) {
-        if (argument == "-v")
-            verbose = true;
-        else
-            rounds = argument.toLong();
+    const auto say = [](const char *text) {
+        const ssize_t written = ::write(STDERR_FILENO, text, std::strlen(text));
+        static_cast<void>(written);
+    };
+    if (currentFile[0] == '\0')
+        return; // it came from a file
+    const int file = ::open(currentFile, O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (file < 0 || ::write(file, currentInput.data(), currentInput.size()) < 0)
+        return;
+    ::close(file);
+    say("This input fails; try it alone with: ");
+    say(program);
+    say(" ");
+    say(currentFile);
+    say("\n");
+}
+
+void handleCrash(int number)
+{
+    keepInput();
+    std::signal(number, SIG_DFL);
+    std::raise(number);
+}
+
+void tryInput(const std::string &input)
+{
+    currentInput = input;
+    LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(currentInput.data()),
+                           currentInput.size());
+}
+
+int tryFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly)) {
+        std::fprintf(stderr,
+                     "%s: %s\nUsage: %s [rounds] [-v], or %s FILE for one input\n",
+                     qPrintable(path),
+                     qPrintable(file.errorString()),
+                     program,
+                     program);
+        return 2;
     }
+    const std::string input = file.readAll().toStdString();
+    tryInput(input);
+    std::printf("%s holds, %zu bytes\n", qPrintable(path), input.size());
+    return 0;
+}
+
+void tryRounds(long rounds, bool verbose)
+{
+    const QString name = QFileInfo(QString::fromLocal8Bit(program)).fileName();
+    const QString path = QFileInfo(name + QStringLiteral("-failure")).absoluteFilePath();
+    std::snprintf(currentFile, sizeof(currentFile), "%s", QFile::encodeName(path).constData());
     FuzzMutator mutator(fuzzSeeds());
     for (long round = 0; round < rounds; ++round) {
         const std::string input = mutator.next();
@@ -66,10 +125,41 @@ int main(int argc, char **argv)
             const QByteArray bytes = QByteArray::fromStdString(input);
             std::fprintf(stderr, "%ld: %s\n", round, bytes.toPercentEncoding(" ").constData());
         }
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
+        tryInput(input);
     }
     std::printf("%ld inputs\n", rounds);
-    return rounds > 0 ? 0 : 1;
+}
+
+} // namespace
+
+//! Of the sanitizers' run-time library, where the program is built with it.
+extern "C" void __sanitizer_set_death_callback(void (*)()) __attribute__((weak));
+
+int main(int argc, char **argv)
+{
+    // An input may be tried again where there is no display.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    program = argv[0];
+    long rounds = 3000;
+    bool verbose = false;
+    for (const QString &argument : application.arguments().mid(1)) {
+        bool isNumber = false;
+        const long number = argument.toLong(&isNumber);
+        if (argument == "-v")
+            verbose = true;
+        else if (isNumber && number > 0)
+            rounds = number;
+        else
+            return tryFile(argument);
+    }
+    for (const int number : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL})
+        std::signal(number, handleCrash);
+    if (__sanitizer_set_death_callback)
+        __sanitizer_set_death_callback(keepInput);
+    tryRounds(rounds, verbose);
+    return 0;
 }
 
 #endif

@@ -97,6 +97,12 @@ void tst_CsvReader::tablesBecomeReadings_data()
     row("a recorded channel called frame",
         "#corvale 1\n#layout channels\n#channels frame,a_b_A\n#unit ,\ntime_s,frame,a_b_A\n0,1,2\n",
         "start channels frame a_b_A | 0: 1 2");
+    row("columns without a name",
+        "time_s,, \x01,b\n0,1,2,3\n1,4,5,6\n",
+        "start channels column2 column3 b | 0: 1 2 3 | 1: 4 5 6");
+    row("names with blanks and what cannot be seen at their ends",
+        "time_s,a \x01,\xc2\xa0 b\x02 \x03 c\t\n0,1,2\n1,3,4\n",
+        "start channels a b c | 0: 1 2 | 1: 3 4");
     row("a damaged line",
         "time_s,a\n0,1\n1,oops\n2,3\n",
         "refused 3 not readable | start channels a | 0: 1 | 2: 3");

@@ -74,6 +74,54 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("time goes backwards",
         "5,1/6,2/5.5,3/7,4",
         "start channels ch1 | 5: 1 | 6: 2 | refused 3 its time goes backwards | 7: 4");
+    row("one time far ahead costs no reading that follows",
+        "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
+        "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1"
+        " | refused 12 another number of values than the lines before"
+        " | event the time went back from 1000000 s to 2 s and goes on from there: a new part "
+        "begins"
+        " | start channels ch1 | 2: 2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10"
+        " | 11: 11");
+    row("some times behind, and then the stream goes on",
+        "8,1/9,1/2,2/3,3/10,1/4,4",
+        "start channels ch1 | 8: 1 | 9: 1 | refused 3 its time goes backwards"
+        " | refused 4 its time goes backwards | 10: 1 | refused 6 its time goes backwards");
+    row("times behind that do not agree",
+        "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
+        "start channels ch1 | 50: 1 | 51: 1 | refused 3 its time goes backwards"
+        " | refused 4 its time goes backwards | refused 5 its time goes backwards"
+        " | refused 6 its time goes backwards | refused 7 its time goes backwards"
+        " | refused 8 its time goes backwards | refused 9 its time goes backwards"
+        " | refused 10 its time goes backwards | refused 11 its time goes backwards"
+        " | refused 12 its time goes backwards | refused 13 its time goes backwards | 52: 1");
+    row("times behind, and then the instrument is set up anew",
+        "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
+        "start channels ch1 | 50: 1 | 51: 1"
+        " | refused 5 another number of values than the lines before"
+        " | refused 6 another number of values than the lines before"
+        " | refused 7 another number of values than the lines before"
+        " | refused 8 another number of values than the lines before"
+        " | refused 9 another number of values than the lines before"
+        " | refused 10 another number of values than the lines before"
+        " | refused 11 another number of values than the lines before"
+        " | refused 12 another number of values than the lines before"
+        " | refused 13 another number of values than the lines before"
+        " | refused 3 another number of values than the lines before"
+        " | refused 4 another number of values than the lines before"
+        " | start channels ch1 | 9: 61 | 9: 62");
+    row("numbers too small are 0, those too large are none",
+        "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999"
+        "/4,1e-99999999999999999999/5,0.1e310/6,1",
+        "start channels ch1 | 0: 0 | 1: 0 | refused 3 not readable | refused 4 not readable | 4: 0"
+        " | refused 6 not readable | 6: 1");
+    const QByteArray zeros(400, '0'), ones(400, '1');
+    QTest::newRow("the same, written out")
+        << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
+        << QStringLiteral("refused 2 not readable | start channels ch1 | 0: 0 | 2: 1");
+    row("a time too large for its unit",
+        "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
+        "refused 2 not readable | refused 3 not readable | start channels a | 6e+306: 2 | "
+        "1.2e+307: 3");
     row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
     row("a time that is none",
         "nan,1/1,2/inf,3/2,4",
@@ -105,6 +153,12 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("the stream starts over",
         "5,1/6,2/#corvale 1/0,3/1,4",
         "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 1: 4");
+    row("a stream that starts over and is slow",
+        "5,1/6,2/#corvale 1/0,3/7,4",
+        "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 7: 4");
+    row("ranges and start times that cannot be written down again",
+        "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
+        "refused 2 not readable | refused 3 not readable | start channels ch1 | 0: 1");
     row("an unknown layout",
         "#layout rings/0,1",
         "refused 1 not readable | start channels ch1 | 0: 1");
@@ -199,7 +253,7 @@ void tst_LineProtocol::metadataReachesTheHeader()
     TextSink sink;
     LineProtocol protocol(sink);
     for (const char *line :
-         {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "1,1"})
+         {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "#corvale 1"})
         protocol.takeLine(line, false);
     QCOMPARE(sink.header().startTime, QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
     QCOMPARE(sink.header().rangeLow, -2.0);

@@ -124,6 +124,11 @@ void tst_Program::exitCodes_data()
     QTest::newRow("no folder for output") << "--convert no/o.csv good.csv" << 4 << "no/o.csv";
     QTest::newRow("no folder for the picture")
         << "--screenshot no/v.png good.csv" << 4 << "no/v.png";
+    QTest::newRow("output that is the source")
+        << "--convert good.csv --overwrite ./good.csv" << 4 << "is the source";
+    QTest::newRow("full disk below a window")
+        << "sim:ic4 --settings full.xui --record /dev/full --overwrite --after 5frames" << 4
+        << "5 readings are missing: /dev/full: No space left";
     QTest::newRow("full disk") << "--convert /dev/full --overwrite good.csv" << 4 << "/dev/full";
 }
 

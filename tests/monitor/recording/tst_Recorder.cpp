@@ -9,8 +9,10 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cmath>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <sys/resource.h>
@@ -30,12 +32,69 @@ private Q_SLOTS:
     void rotates_data();
     void rotates();
     void anotherAcquisitionIsAnotherFile();
+    void goesOnInAFileThatCanBeFound_data();
+    void goesOnInAFileThatCanBeFound();
+    void aLineThatWasCutIsWholeInTheNextFile();
+    void aFileIsOneRecordersOnly();
+    void aStreamThatStartsOverMakesFewFiles();
+    void aFloodWithoutTicksIsWritten();
     void aFullDeviceIsReported();
     void aFullDiskLosesNothingOnceThereIsRoom();
 
 private:
     QString path(const char *name) { return m_dir->filePath(QLatin1String(name)); }
     std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+//! A recorder with what belongs to it, that writes to a file or a folder.
+struct Recording
+{
+    explicit Recording(const QString &path, bool overwrite = false)
+    {
+        options.path = path;
+        options.overwrite = overwrite;
+    }
+    Recorder &recorder()
+    {
+        if (!m_recorder) {
+            m_recorder = std::make_unique<Recorder>(clock, options);
+            QObject::connect(m_recorder.get(),
+                             &Recorder::noted,
+                             &clock,
+                             [this](const QString &text) {
+                                 notes.append(text);
+                             });
+        }
+        return *m_recorder;
+    }
+
+    ManualClock clock;
+    Recorder::Options options;
+    QStringList notes;
+
+private:
+    std::unique_ptr<Recorder> m_recorder;
+};
+
+//! Files may not grow beyond a limit, which stands for a disk that is full in the middle of a line.
+class FileSizeLimit
+{
+public:
+    FileSizeLimit()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+    }
+    ~FileSizeLimit() { lift(); }
+    void set(rlim_t size)
+    {
+        const rlimit small{size, m_before.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    void lift() { QCOMPARE(setrlimit(RLIMIT_FSIZE, &m_before), 0); }
+
+private:
+    rlimit m_before{};
 };
 
 static StreamHeader twoChannels()
@@ -253,6 +312,192 @@ void tst_Recorder::anotherAcquisitionIsAnotherFile()
     QCOMPARE(readBack(path("a-2.csv")), QStringLiteral("start channels left:nA right | 0: 0 0.5"));
 }
 
+void tst_Recorder::goesOnInAFileThatCanBeFound_data()
+{
+    QTest::addColumn<bool>("toFolder");
+    QTest::addColumn<QString>("command"); // in the folder above run/, which holds the recording
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<QString>("before"); // what became of the first file, in TextSink's words
+    const QString one = QStringLiteral("start channels left:nA right | 0: 0 0.5");
+    const auto row = [](const char *name,
+                        bool toFolder,
+                        const char *command,
+                        const char *said,
+                        const QString &before = {}) {
+        QTest::newRow(name) << toFolder << QString(command) << QString(said) << before;
+    };
+    row("the file is removed", false, "rm run/a.csv", "was removed or renamed");
+    row("the file is renamed", false, "mv run/a.csv kept.csv", "was removed or renamed", one);
+    row("the folder is removed", false, "rm -r run", "was removed or renamed");
+    row("the folder is renamed",
+        false,
+        "mv run older; cp older/a.csv kept.csv",
+        "was removed or renamed",
+        one);
+    row("a file takes its place",
+        false,
+        "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
+        "was replaced by another file",
+        QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
+    row("another program writes into it",
+        false,
+        "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
+        "was changed by another program",
+        QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
+    row("the folder of many files is renamed",
+        true,
+        "mv run older; cp older/*.csv kept.csv",
+        "was removed or renamed",
+        one);
+}
+
+void tst_Recorder::goesOnInAFileThatCanBeFound()
+{
+    QFETCH(bool, toFolder);
+    QFETCH(QString, command);
+    QFETCH(QString, said);
+    QFETCH(QString, before);
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("run")));
+    Recording r(path(toFolder ? "run" : "run/a.csv"));
+    r.options.rotateSeconds = 3600.0;
+    Recorder &recorder = r.recorder();
+    QVERIFY(recorder.start());
+    recorder.startStream(twoChannels());
+    recorder.addReadings(block(0, 1));
+    r.clock.advance(0.6);
+    const QString shell = QStringLiteral("cd '%1' && { %2; }").arg(m_dir->path(), command);
+    QCOMPARE(std::system(qPrintable(shell)), 0);
+    recorder.addReadings(block(1, 2));
+    r.clock.advance(1.0); // twice as early as promised
+    QCOMPARE(r.notes.size(), 1);
+    QVERIFY2(r.notes.first().contains(said), qPrintable(r.notes.first()));
+    QVERIFY(recorder.errorString().isEmpty());
+    recorder.addReadings(block(3, 1));
+    QVERIFY(recorder.finish());
+
+    const QFileInfo now(recorder.fileName());
+    QCOMPARE(now.path(), path("run"));
+    QCOMPARE(now.suffix(), QStringLiteral("csv"));
+    const QString text = readBack(now.filePath());
+    QVERIFY2(text.startsWith(QStringLiteral("event recording: ")), qPrintable(text));
+    QVERIFY2(text.endsWith(
+                 QStringLiteral("start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
+             qPrintable(text));
+    if (!before.isEmpty())
+        QCOMPARE(readBack(path("kept.csv")), before);
+}
+
+//! The disk is full in the middle of a line, whichever, and then the file is taken away.
+void tst_Recorder::aLineThatWasCutIsWholeInTheNextFile()
+{
+    StreamHeader oneChannel;
+    oneChannel.channels = {{"centre", "mm"}};
+    ReadingBlock one(1);
+    const double value = 0.25;
+    one.append(7.0, &value);
+    FileSizeLimit limit;
+    for (rlim_t size = 3; size < 106; size += 3) {
+        Recording r(path("a.csv"));
+        Recorder &recorder = r.recorder();
+        QVERIFY(recorder.start());
+        limit.set(size);
+        recorder.startStream(twoChannels());
+        recorder.addReadings(block(0, 2));
+        recorder.startStream(oneChannel); // on a full disk it goes on in the same file
+        recorder.addReadings(one);
+        for (const int more : {0, 20, 85}) { // into the other stream's header, in the end
+            limit.set(size + rlim_t(more));
+            r.clock.advance(1.0);
+        }
+        QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
+                 qPrintable(recorder.errorString()));
+        const QString written = readBack(path("a.csv"));
+        QVERIFY(QFile::remove(path("a.csv")));
+        limit.lift();
+        r.clock.advance(1.0);
+        QVERIFY(recorder.finish());
+        QStringList lines = readBack(path("a.csv")).split(QStringLiteral(" | "));
+        QVERIFY(lines.takeFirst().startsWith(QLatin1String("event recording: ")));
+        const QString rest = lines.join(QStringLiteral(" | "));
+        // No line twice, none in halves, each under its own header; what was whole went with the file.
+        const QString all = QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5 | "
+                                           "start channels centre:mm | 7: 0.25");
+        const int had = written.count(QStringLiteral("0.5"));
+        const QString expected = had == 0 ? all
+            : had == 1                    ? QString(all).remove(QStringLiteral("0: 0 0.5 | "))
+                                          : all.section(QStringLiteral(" | "), 3);
+        QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
+        QVERIFY(QFile::remove(path("a.csv")));
+    }
+}
+
+void tst_Recorder::aFileIsOneRecordersOnly()
+{
+    Recording first(path("a.csv"), true), second(path("a.csv"), true);
+    QVERIFY(first.recorder().start());
+    first.recorder().startStream(twoChannels());
+    first.recorder().addReadings(block(0, 1));
+    first.clock.advance(1.0);
+    QVERIFY(!second.recorder().start());
+    QVERIFY2(second.recorder().errorString().contains(QLatin1String("another recorder")),
+             qPrintable(second.recorder().errorString()));
+    QVERIFY(first.recorder().finish());
+    QCOMPARE(readBack(path("a.csv")), QStringLiteral("start channels left:nA right | 0: 0 0.5"));
+    QVERIFY(second.recorder().start());
+}
+
+void tst_Recorder::aStreamThatStartsOverMakesFewFiles()
+{
+    Recording r(path("a.csv"));
+    Recorder &recorder = r.recorder();
+    QVERIFY(recorder.start());
+    const auto files = [this] {
+        return QDir(m_dir->path()).entryList(QDir::Files).size();
+    };
+    const auto startOver = [&] {
+        recorder.startStream(twoChannels());
+        recorder.addReadings(block(0, 2));
+    };
+    for (int i = 0; i < 500; ++i) { // 5 s
+        startOver();
+        r.clock.advance(0.01);
+    }
+    QVERIFY2(files() >= 5 && files() <= 6, qPrintable(QString::number(files())));
+    for (int i = 0; i < 500; ++i) {
+        startOver();
+        r.clock.advance(1.5);
+    }
+    QCOMPARE(files(), 1 + Recorder::maxStreamFiles);
+    QCOMPARE(r.notes.size(), 1);
+    QVERIFY(r.notes.first().contains(QLatin1String("a-101.csv")));
+    QVERIFY(recorder.finish());
+    QCOMPARE(recorder.fileName(), path("a-101.csv"));
+    // Every stream is there, under a header of its own.
+    int streams = 0, readings = 0;
+    for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
+        const QString text = readBack(file.filePath());
+        streams += text.count(QStringLiteral("start channels"));
+        readings += text.count(QStringLiteral(" 0.5"));
+    }
+    QCOMPARE(streams, 1000);
+    QCOMPARE(readings, 2000);
+}
+
+//! An event loop that is busy reading does not come to the clock's ticks.
+void tst_Recorder::aFloodWithoutTicksIsWritten()
+{
+    Recording r(path("a.csv"));
+    Recorder &recorder = r.recorder();
+    QVERIFY(recorder.start());
+    recorder.startStream(twoChannels());
+    for (int i = 0; i < 30; ++i) {
+        recorder.addReadings(block(i, 1));
+        const int written = readBack(path("a.csv")).count(QStringLiteral(" 0.5"));
+        QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
+        r.clock.advanceSilently(0.1);
+    }
+}
+
 void tst_Recorder::aFullDeviceIsReported()
 {
     ManualClock clock;
@@ -272,7 +517,6 @@ void tst_Recorder::aFullDeviceIsReported()
     QVERIFY(!recorder.finish());
 }
 
-//! The limit of a file's size stands for a disk that is full in the middle of a line and has room later.
 void tst_Recorder::aFullDiskLosesNothingOnceThereIsRoom()
 {
     ManualClock clock;
@@ -284,16 +528,13 @@ void tst_Recorder::aFullDiskLosesNothingOnceThereIsRoom()
     QVERIFY(recorder.start());
     recorder.startStream(twoChannels());
 
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit small{301, before.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    FileSizeLimit limit;
+    limit.set(301);
     for (int i = 0; i < 50; ++i) {
         recorder.addReadings(block(i, 1));
         clock.advance(0.1);
     }
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+    limit.lift();
     QCOMPARE(failed.count(), 1);
     QCOMPARE(QFileInfo(options.path).size(), qint64(301));
     clock.advance(1.0);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/FileSource.h"
 #include "tests/monitor/support/ScriptedSession.h"
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -24,6 +27,9 @@ private Q_SLOTS:
     void aPauseDoesNotStopTheRecording();
     void aFullDiskIsNotedWithinTwoSeconds();
     void aRangeHoldsForEveryStream();
+    void floodsOfEventsAreCounted();
+    void streamsThatFollowFastAreShownFewTimes();
+    void noRecordingWritesToItsSource();
     void aFloodIsShownInFewInsertions();
     void readingsAreShownOnceAnInterval();
 
@@ -200,8 +206,9 @@ void tst_Session::aFullDiskIsNotedWithinTwoSeconds()
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().contains(QLatin1String("/dev/full")), qPrintable(errors.first()));
     QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
-    s.session.stopRecording();
-    QVERIFY(log.last().contains(QLatin1String("not complete")));
+    QVERIFY(!s.session.stopRecording());
+    QVERIFY(log.last().contains(QLatin1String("not complete, 20 readings are missing: ")));
+    QCOMPARE(s.session.incompleteRecordings().size(), 1);
 }
 
 void tst_Session::aRangeHoldsForEveryStream()
@@ -213,6 +220,85 @@ void tst_Session::aRangeHoldsForEveryStream()
     s.run(5);
     QVERIFY(!s.session.model().isOverrange(0, 2));
     QVERIFY(s.session.model().isOverrange(0, 3));
+}
+
+//! An instrument that says 120000 things in 2 s.
+void tst_Session::floodsOfEventsAreCounted()
+{
+    QTemporaryDir folder;
+    ScriptedSession s;
+    QStringList log;
+    connect(&s.session, &Session::noted, this, [&log](const QString &text) {
+        log.append(text);
+    });
+    s.session.start();
+    s.source->begin(Layout::Channels, 1);
+    Recorder::Options options;
+    options.path = folder.filePath(QStringLiteral("r.csv"));
+    QString error;
+    QVERIFY(s.session.startRecording(options, &error));
+    log.clear();
+    for (int i = 0; i < 100; ++i) {
+        for (int j = 0; j < 1200; ++j)
+            Q_EMIT s.source->noted(QStringLiteral("door"));
+        s.clock.advance(0.02);
+    }
+    s.session.stopRecording(); // amid the flood
+    s.clock.advance(1.5);
+    // All of them are in the log and in the recording, as lines or in their counts.
+    const auto account = [](const QStringList &lines, qint64 *listed) {
+        qint64 all = *listed = lines.filter(QRegularExpression(QStringLiteral("door$"))).size();
+        for (const QString &line : lines.filter(QStringLiteral(" more events are not ")))
+            all += line.mid(line.indexOf(QRegularExpression(QStringLiteral("\\d"))))
+                       .section(' ', 0, 0)
+                       .toLongLong();
+        return all;
+    };
+    qint64 listed = 0;
+    QCOMPARE(account(log, &listed), qint64(120000));
+    QVERIFY(listed > 0 && listed <= 15);
+    QFile file(options.path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(account(QString::fromUtf8(file.readAll()).split(QLatin1Char('\n')), &listed),
+             qint64(120000));
+    QVERIFY(listed > 0 && listed <= 300);
+}
+
+void tst_Session::streamsThatFollowFastAreShownFewTimes()
+{
+    ScriptedSession s;
+    QSignalSpy started(&s.session, &Session::streamStarted);
+    s.session.start();
+    for (int i = 0; i < 1000; ++i) { // 2 s
+        s.source->begin(Layout::Channels, 1 + i % 3);
+        s.source->give(2);
+        s.clock.advance(0.002);
+    }
+    QVERIFY2(started.count() >= 2 && started.count() <= 15,
+             qPrintable(QString::number(started.count())));
+    // The last one is shown in the end, with its channels and its readings.
+    s.clock.advance(1.1);
+    QCOMPARE(s.session.model().NumberOfChannels(), 1);
+    QCOMPARE(s.session.model().rowCount(), 3);
+    QCOMPARE(s.session.model().doubleData(1, 1), 1998.0);
+}
+
+void tst_Session::noRecordingWritesToItsSource()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.csv"));
+    const QByteArray table = "time_s,a\n0,1\n";
+    putFile(path, table);
+    QVERIFY(QFile::link(path, folder.filePath(QStringLiteral("link.csv"))));
+    ManualClock clock;
+    Session session(clock, std::make_unique<FileSource>(clock, path, FileSource::Options()));
+    Recorder::Options options;
+    options.path = folder.filePath(QStringLiteral("link.csv"));
+    options.overwrite = true;
+    QString error;
+    QVERIFY(!session.startRecording(options, &error));
+    QVERIFY2(error.contains(QLatin1String("is the source")), qPrintable(error));
+    QCOMPARE(fileContents(path), table);
 }
 
 void tst_Session::aFloodIsShownInFewInsertions()

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void playsFaster();
     void playsAWindowOfTheFile();
     void loopsWithTimesThatGoOn();
+    void playsOneStreamAfterTheOther_data();
+    void playsOneStreamAfterTheOther();
     void playsAsFastAsPossible();
     void failsWithAReason();
     void simulatorsShowTheBeam_data();
@@ -106,6 +108,49 @@ void tst_FileSource::loopsWithTimesThatGoOn()
              QVector<double>({100.0, 100.5, 101.0, 101.5, 102.0, 102.5, 103.0}));
     QCOMPARE(log.sink.lines.filter(QStringLiteral("start")).size(), 1);
     QCOMPARE(source.state(), Source::State::Running);
+}
+
+void tst_FileSource::playsOneStreamAfterTheOther_data()
+{
+    QTest::addColumn<double>("speed");
+    QTest::addColumn<bool>("loop");
+    QTest::newRow("once") << 1.0 << false;
+    QTest::newRow("again and again") << 1.0 << true;
+    QTest::newRow("as fast as possible") << 0.0 << false;
+}
+
+//! A recording that went on under another header: neither runs ahead, nor does its time go back within a stream.
+void tst_FileSource::playsOneStreamAfterTheOther()
+{
+    QFETCH(double, speed);
+    QFETCH(bool, loop);
+    const QString path = m_dir.filePath(QStringLiteral("parts.csv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("#corvale 1\n#channels a\n5,1\n6,2\n#corvale 1\n#channels b,c\n1,3,4\n2,5,6\n");
+    file.close();
+    ManualClock clock;
+    FileSource::Options options;
+    options.speed = speed;
+    options.loop = loop;
+    FileSource source(clock, path, options);
+    SourceLog log(source);
+    source.start();
+    clock.advance(0.5);
+    const QString once =
+        QStringLiteral("start channels a | 5: 1 | 6: 2 | start channels b c | 1: 3 4 | 2: 5 6");
+    if (speed > 0.0)
+        QCOMPARE(log.text(), QStringLiteral("start channels a | 5: 1"));
+    else
+        QTRY_COMPARE(source.state(), Source::State::Finished);
+    clock.advance(speed > 0.0 ? 0.6 : 0.0);
+    QVERIFY2(log.text().startsWith(once.left(log.text().size())), qPrintable(log.text()));
+    clock.advance(2.0);
+    QCOMPARE(log.text().left(once.size()), once);
+    QCOMPARE(log.text().size() > once.size(), loop);
+    QVERIFY2(
+        log.text().startsWith(loop ? once + QStringLiteral(" | start channels a | 5: 1") : once),
+        qPrintable(log.text()));
 }
 
 void tst_FileSource::playsAsFastAsPossible()
@@ -215,6 +260,12 @@ void tst_FileSource::factoryKnowsItsSources_data()
     row("tcp-listen://example.org:5000", "!interfaces");
     row("serial:/dev/ttyUSB0", "serial:/dev/ttyUSB0?baud=115200");
     row("serial:/dev/ttyUSB0?baud=9600", "serial:/dev/ttyUSB0?baud=9600");
+    row("tcp://host:5000?silence=20s", "tcp://host:5000");
+    row("tcp://host:5000?silence=soon", "!silence=30s");
+    row("tcp-listen://127.0.0.1:5000?silence=0", "tcp-listen://127.0.0.1:5000");
+    row("tcp-listen://127.0.0.1:5000?ask=R", "!silence=30s");
+    row("serial:/dev/ttyUSB0?baud=9600&silence=1min", "serial:/dev/ttyUSB0?baud=9600");
+    row("serial:/dev/ttyUSB0?silence=", "!silence=30s");
     row("serial:/dev/ttyUSB0?baud=x", "!baud=NUMBER");
     row("serial:", "!serial:DEVICE");
     row("http://host/", "!no kind of source");

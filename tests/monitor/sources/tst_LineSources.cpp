@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/SerialSource.h"
+#include "monitor/sources/SocketSetup.h"
 #include "monitor/sources/StandardInputSource.h"
 #include "monitor/sources/TcpClientSource.h"
 #include "monitor/sources/TcpServerSource.h"
@@ -12,7 +13,10 @@
 
 #include <fcntl.h>
 #include <memory>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <stdlib.h>
+#include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -30,6 +34,9 @@ private Q_SLOTS:
     void tcpClientReconnectsWithBackoff();
     void tcpClientWithoutReconnecting();
     void tcpClientAsks();
+    void aSilentPeerIsConnectedAnew_data();
+    void aSilentPeerIsConnectedAnew();
+    void aVanishedPeerIsFoundBySystem();
     void tcpServer();
     void tcpServerTakesTheNewest();
     void aBusyPortIsTriedAgain();
@@ -218,6 +225,86 @@ void tst_LineSources::tcpClientAsks()
     QTRY_COMPARE(heard(), 3);
     clock.advance(1.1);
     QTRY_COMPARE(heard(), 4);
+}
+
+void tst_LineSources::aSilentPeerIsConnectedAnew_data()
+{
+    QTest::addColumn<bool>("asked");
+    QTest::addColumn<double>("set"); // negative: as it is
+    QTest::addColumn<double>("silence"); // 0: never
+    QTest::newRow("one that talks, as usual") << false << -1.0 << 0.0;
+    QTest::newRow("one that talks, as told") << false << 20.0 << 20.0;
+    QTest::newRow("one that is asked, as usual") << true << -1.0 << 30.0;
+    QTest::newRow("one that is asked, as told") << true << 0.0 << 0.0;
+}
+
+void tst_LineSources::aSilentPeerIsConnectedAnew()
+{
+    QFETCH(bool, asked);
+    QFETCH(double, set);
+    QFETCH(double, silence);
+    Instrument instrument;
+    ManualClock clock;
+    TcpClientSource source(clock,
+                           QStringLiteral("127.0.0.1"),
+                           instrument.serverPort(),
+                           TcpClientSource::Question{asked ? "READ?" : "", 0.1});
+    if (set >= 0.0)
+        source.setLongestSilence(set);
+    SourceLog log(source);
+    source.start();
+    QVERIFY(instrument.accept());
+    QTRY_COMPARE(source.state(), Source::State::Running);
+    // Before it has said anything, nothing is known of how often it talks.
+    clock.advance(100.0);
+    QCOMPARE(source.state(), Source::State::Running);
+    instrument.say("1,1\n2,2\n");
+    QTRY_COMPARE(log.times.size(), 2);
+    clock.advance(silence > 0.0 ? silence - 0.1 : 1000.0);
+    QCOMPARE(source.state(), Source::State::Running);
+    if (silence == 0.0)
+        return;
+    clock.advance(0.2);
+    QCOMPARE(source.state(), Source::State::Retrying);
+    QVERIFY2(source.stateText().contains(QStringLiteral("silent for %1 s").arg(silence)),
+             qPrintable(source.stateText()));
+    QTRY_COMPARE(instrument.peer->state(), QAbstractSocket::UnconnectedState);
+    const QTcpSocket *old = instrument.peer;
+    clock.advance(0.6);
+    QVERIFY(instrument.accept());
+    QVERIFY(instrument.peer != old);
+    QTRY_COMPARE(source.state(), Source::State::Running);
+    clock.advance(100.0);
+    QCOMPARE(source.state(), Source::State::Running);
+    instrument.say("4,4\n5,5\n");
+    QTRY_COMPARE(log.times, QVector<double>({1, 2, 4, 5}));
+}
+
+//! The system asks a silent peer soon enough, and often enough, to give it up within 30 s.
+void tst_LineSources::aVanishedPeerIsFoundBySystem()
+{
+#ifdef Q_OS_LINUX
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, server.serverPort());
+    QVERIFY(socket.waitForConnected());
+    setUpSocket(&socket);
+    const auto option = [&socket](int level, int name) {
+        int value = 0;
+        socklen_t size = sizeof(value);
+        ::getsockopt(int(socket.socketDescriptor()), level, name, &value, &size);
+        return value;
+    };
+    QVERIFY(option(SOL_SOCKET, SO_KEEPALIVE) != 0);
+    const int seconds = option(IPPROTO_TCP, TCP_KEEPIDLE)
+        + option(IPPROTO_TCP, TCP_KEEPINTVL) * option(IPPROTO_TCP, TCP_KEEPCNT);
+    QVERIFY2(seconds > 0 && seconds <= 30, qPrintable(QString::number(seconds)));
+    const int milliseconds = option(IPPROTO_TCP, TCP_USER_TIMEOUT);
+    QVERIFY2(milliseconds > 0 && milliseconds <= 30000, qPrintable(QString::number(milliseconds)));
+#else
+    QSKIP("the system's settings are Linux's");
+#endif
 }
 
 void tst_LineSources::tcpServer()

@@ -11,11 +11,14 @@
 #include <QAction>
 #include <QClipboard>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Monitor;
@@ -323,6 +326,17 @@ void tst_MonitorWindow::recordingShowsWhereAndHowMuch()
     QVERIFY(QFileInfo(path).size() > 100);
     QVERIFY(!action->recordTo(settings("no/such/folder.csv"), &error));
     QVERIFY(error.contains(QLatin1String("cannot be written")));
+
+    // A name that is typed without a suffix gets one.
+    QTimer::singleShot(0, &w.window, [this] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(settings("typed"));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    action->trigger();
+    QVERIFY(w.session.recorder());
+    QCOMPARE(w.session.recorder()->fileName(), settings("typed.csv"));
 }
 
 void tst_MonitorWindow::picturesOfTheView()

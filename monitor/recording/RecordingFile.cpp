@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/recording/RecordingFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor::RecordingFile", text);
+}
+
+} // namespace
+
+RecordingFile::~RecordingFile()
+{
+    close();
+}
+
+bool RecordingFile::fail(int errorNumber)
+{
+    m_error = QString::fromLocal8Bit(std::strerror(errorNumber));
+    return false;
+}
+
+bool RecordingFile::open(const QString &path, Existing existing)
+{
+    close();
+    m_path = path;
+    m_size = 0;
+    m_error.clear();
+    // A pipe that nobody reads must not stop the program.
+    const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK
+        | (existing == Existing::Refuse ? O_EXCL : 0);
+    constexpr mode_t permissions = 0666; // less what the user's mask takes away
+    m_descriptor = ::open(QFile::encodeName(path).constData(), flags, permissions);
+    if (m_descriptor < 0)
+        return fail(errno);
+    // Emptied only under the lock: until then it may be another recorder's.
+    const bool emptied = lock() && (::ftruncate(m_descriptor, 0) == 0 || errno == EINVAL);
+    if (emptied)
+        return true;
+    if (m_error.isEmpty())
+        fail(errno);
+    ::close(m_descriptor);
+    m_descriptor = -1;
+    return false;
+}
+
+bool RecordingFile::lock()
+{
+    // Where the file system has no locks, recording without one is better than not recording.
+    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+        return true;
+    m_error = tr("another recorder is writing to it");
+    return false;
+}
+
+qint64 RecordingFile::append(const char *data, qint64 size)
+{
+    qint64 taken = 0;
+    while (taken < size) {
+        const ssize_t written = ::write(m_descriptor, data + taken, std::size_t(size - taken));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0) {
+            fail(written < 0 ? errno : ENOSPC);
+            break;
+        }
+        taken += written;
+    }
+    m_size += taken;
+    return taken;
+}
+
+bool RecordingFile::close()
+{
+    if (m_descriptor < 0)
+        return true;
+    const bool closed = ::close(m_descriptor) == 0 || errno == EINTR;
+    m_descriptor = -1;
+    return closed || fail(errno);
+}
+
+QString RecordingFile::displacement() const
+{
+    struct stat named = {};
+    struct stat own = {};
+    if (::fstat(m_descriptor, &own) != 0)
+        return {};
+    if (::stat(QFile::encodeName(m_path).constData(), &named) != 0) {
+        const bool isGone = errno == ENOENT || errno == ENOTDIR || errno == ESTALE;
+        return isGone ? tr("was removed or renamed") : QString();
+    }
+    if (named.st_dev != own.st_dev || named.st_ino != own.st_ino)
+        return tr("was replaced by another file");
+    const bool changed = S_ISREG(own.st_mode) && own.st_size != m_size;
+    return changed ? tr("was changed by another program") : QString();
+}
+
+} // namespace Monitor

@@ -3,7 +3,7 @@
 // flood, memory. Prints one line for each figure; the window is shown, offscreen where there is no display.
 #include "LineFlood.h"
 #include "monitor/session/Session.h"
-#include "monitor/sources/Clock.h"
+#include "monitor/core/Clock.h"
 #include "monitor/sources/SimulatorSource.h"
 #include "monitor/sources/StandardInputSource.h"
 #include "monitor/window/MonitorWindow.h"

@@ -3,8 +3,8 @@
 #include "Goal.h"
 #include "Goals.h"
 #include "SpotChart.h"
-#include "corvale_qt/beam/KeptPicture_p.h"
-#include "corvale_qt/beam/SpotList_p.h"
+#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotList_p.h"
 
 #include <QCoreApplication>
 #include <QPainter>

@@ -13,21 +13,31 @@ endfunction()
 # corvale_qt_public_header(File.h [Class ...]): a header of the calling folder that hosts include; one
 # forwarding header for each class named.
 function(corvale_qt_public_header header)
-  get_filename_component(folder "${CMAKE_CURRENT_SOURCE_DIR}" NAME)
+  file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
   install(FILES ${header}
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt/${folder}" COMPONENT development)
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${folder}" COMPONENT development)
   foreach(class IN LISTS ARGN)
-    corvale_qt_forwarding_header(${class} "\"corvale_qt/${folder}/${header}\"")
+    corvale_qt_forwarding_header(${class} "\"${folder}/${header}\"")
   endforeach()
 endfunction()
 
-# corvale_qt_forwarding_header(Class included): a header <corvale_qt/Class> that includes what is given, with
+# corvale_qt_former_headers(folder File.h ...): headers of the calling folder that used to lie in another folder
+# of the library. A header that forwards stays there, so that hosts which include the old path still build.
+function(corvale_qt_former_headers former_folder)
+  file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+  foreach(header IN LISTS ARGN)
+    corvale_qt_forwarding_header(${former_folder}/${header} "\"${folder}/${header}\"")
+  endforeach()
+endfunction()
+
+# corvale_qt_forwarding_header(name included): a header <corvale_qt/name> that includes what is given, with
 # its quotes or angle brackets.
-function(corvale_qt_forwarding_header class included)
-  set(forward "${PROJECT_BINARY_DIR}/include/corvale_qt/${class}")
+function(corvale_qt_forwarding_header name included)
+  set(forward "${PROJECT_BINARY_DIR}/include/corvale_qt/${name}")
   file(CONFIGURE OUTPUT "${forward}" CONTENT "#include ${included}\n")
+  get_filename_component(folder "corvale_qt/${name}" DIRECTORY)
   install(FILES "${forward}"
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/corvale_qt" COMPONENT development)
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${folder}" COMPONENT development)
 endfunction()
 
 # corvale_qt_private(File ...): sources and private headers of the calling folder.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/LogParabolaRegression.h"
-
-#include "corvale_qt/numerics/GaussianConstants.h"
+#include "corvale_qt/numerics/GaussianConstants_p.h"
+#include "corvale_qt/numerics/LogParabolaRegression_p.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/NormalDensity.h"
+#include "corvale_qt/numerics/NormalDensity_p.h"
 
 #include <boost/math/distributions/normal.hpp>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ProfileFit.h"
 
-#include "corvale_qt/numerics/GaussianConstants.h"
+#include "corvale_qt/numerics/GaussianConstants_p.h"
 
 #include <cmath>
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/ProfileRoutines.h"
-
-#include "corvale_qt/numerics/GaussianConstants.h"
-#include "corvale_qt/numerics/NormalDensity.h"
+#include "corvale_qt/numerics/GaussianConstants_p.h"
+#include "corvale_qt/numerics/NormalDensity_p.h"
 #include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/numerics/ProfileRoutines_p.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/HistogramStatistics_p.h"
-#include "corvale_qt/scope/RVX_CoGHistogramItem.h"
-#include "corvale_qt/scope/RVX_FitHistogramItem.h"
-#include "corvale_qt/scope/RVX_GaussabolaHistogramItem.h"
-#include "corvale_qt/scope/RVX_HistogramItemAxisWidget.h"
-#include "corvale_qt/scope/RVX_PrecalculatedFitHistogramItem.h"
-#include "corvale_qt/scope/RVX_RegressionHistogramItem.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
-#include "corvale_qt/scope/StatisticsStrips_p.h"
+#include "corvale_qt/scope/statistics/RVX_CoGHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_GaussabolaHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_HistogramItemAxisWidget.h"
+#include "corvale_qt/scope/statistics/RVX_PrecalculatedFitHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_RegressionHistogramItem.h"
+#include "corvale_qt/scope/statistics/StatisticsStrips_p.h"
 
 #include <qwt_plot.h>
 

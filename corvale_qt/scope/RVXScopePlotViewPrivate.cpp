@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/RVXPositionPlot.h"
-#include "corvale_qt/beam/RVXSpectrogram.h"
-#include "corvale_qt/beam/RVXSplitPlot.h"
+#include "corvale_qt/beam/profile/RVXPositionPlot.h"
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
+#include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/scope/RVXApplicationSettings.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXStatisticsSetupPage_p.h"
+#include "corvale_qt/settings/RVXApplicationSettings.h"
 
 #include <QDebug>
 #include <QSettings>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "corvale_qt/scope/RVXStatisticsSetupPage.h"
-#include "corvale_qt/scope/StoredControls_p.h"
+#include "corvale_qt/settings/StoredControls_p.h"
 
 #include "ui_RVXStatisticsSetupPage.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/ScaleFractions.h"
+#include "corvale_qt/plot/NumberScaleDraw_p.h"
+#include "corvale_qt/plot/ScaleFractions_p.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
-#include "corvale_qt/scope/NumberScaleDraw_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 
 #include <qwt_plot.h>

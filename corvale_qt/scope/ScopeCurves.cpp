@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
 #include <qwt_plot.h>

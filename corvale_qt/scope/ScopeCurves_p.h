@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-#include "corvale_qt/beam/CurveLayer_p.h"
+#include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"

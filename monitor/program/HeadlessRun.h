@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
 #include "monitor/session/ReadingLimit.h"
-#include "monitor/sources/Clock.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/PictureTaker.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
-#include "monitor/sources/Clock.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/PictureExport.h"
 #include "monitor/window/ViewTabs.h"

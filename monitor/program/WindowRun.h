@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
-#include "monitor/sources/Clock.h"
 
 #include <QTemporaryDir>
 

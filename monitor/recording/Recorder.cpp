@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/Recorder.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/recording/RecordingWriter.h"
-#include "monitor/sources/Clock.h"
 
 #include <QDir>
 #include <QFileInfo>

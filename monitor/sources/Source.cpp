@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/Source.h"
 
-#include "monitor/sources/Clock.h"
+#include "monitor/core/Clock.h"
 
 namespace Monitor {
 

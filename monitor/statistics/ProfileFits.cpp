@@ -3,7 +3,7 @@
 
 #include "monitor/statistics/StreamStatistics.h"
 #include <corvale_qt/numerics/ProfileFit.h>
-#include <corvale_qt/scope/RVX_RegressionHistogramItem.h>
+#include <corvale_qt/scope/statistics/RVX_RegressionHistogramItem.h>
 
 #include <cmath>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/EventLog.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/readings/DetectorFrames.h"
 #include "monitor/readings/UnitSymbols.h"
 #include "monitor/session/Session.h"
-#include "monitor/sources/Clock.h"
 
 #include <QEvent>
 #include <QLabel>

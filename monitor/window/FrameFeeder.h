@@ -2,8 +2,8 @@
 #pragma once
 
 #include "monitor/readings/DetectorFrames.h"
-#include <corvale_qt/beam/RVXPositionPlot.h>
-#include <corvale_qt/beam/RVXSpectrogram.h>
+#include <corvale_qt/beam/profile/RVXPositionPlot.h>
+#include <corvale_qt/beam/profile/RVXSpectrogram.h>
 
 #include <QObject>
 #include <QTimer>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/MonitorStatusBar.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
-#include "monitor/sources/Clock.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ProfilePage.h"
 
-#include <corvale_qt/beam/RVXSpectrogram.h>
+#include <corvale_qt/beam/profile/RVXSpectrogram.h>
 
 #include <QLabel>
 #include <QVBoxLayout>

@@ -2,8 +2,8 @@
 #include "monitor/window/SpotLayers.h"
 
 #include "monitor/model/MultichannelDeviceModel.h"
-#include <corvale_qt/beam/SpotMapView.h>
-#include <corvale_qt/beam/SpotMapViewColumnMapper.h>
+#include <corvale_qt/beam/spots/SpotMapView.h>
+#include <corvale_qt/beam/spots/SpotMapViewColumnMapper.h>
 
 #include <cmath>
 

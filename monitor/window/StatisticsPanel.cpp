@@ -4,7 +4,7 @@
 #include "monitor/session/Session.h"
 #include "monitor/window/ViewTabs.h"
 #include "monitor/window/WindowSettings.h"
-#include <corvale_qt/beam/RVXSpectrogram.h>
+#include <corvale_qt/beam/profile/RVXSpectrogram.h>
 #include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
 #include <corvale_qt/scope/RVXStatisticsSetupPage.h>

@@ -2,8 +2,8 @@
 #include "monitor/window/ViewTabs.h"
 
 #include "monitor/session/Session.h"
-#include <corvale_qt/beam/SpotMapView.h>
-#include <corvale_qt/beam/SpotMapWidget.h>
+#include <corvale_qt/beam/spots/SpotMapView.h>
+#include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
 
 #include <qwt_plot_canvas.h>

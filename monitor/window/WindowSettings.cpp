@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/WindowSettings.h"
 
-#include <corvale_qt/scope/RVXApplicationSettings.h>
+#include <corvale_qt/settings/RVXApplicationSettings.h>
 
 #include <QDir>
 #include <QFileInfo>

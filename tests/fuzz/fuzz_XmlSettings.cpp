@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/scope/XmlSettingsFormat_p.h"
+#include "corvale_qt/settings/XmlSettingsFormat_p.h"
 #include "tests/support/FuzzTarget.h"
 
 #include <QBuffer>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/PixelMoments.h"
-#include "tests/beam/PixelWiring.h"
+#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "tests/beam/profile/PixelWiring.h"
 #include "tests/support/TestMain.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/RVXPositionErrorPlot.h"
-#include "corvale_qt/beam/RVXSpectrogram.h"
-#include "corvale_qt/beam/SpotMapWidget.h"
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
+#include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
+#include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "corvale_qt/scope/RVXScope.h"
 #include "corvale_qt/scope/RVXStatisticsSetupPage.h"
 #include "corvale_qt/widgets/RVXLogBrowser.h"

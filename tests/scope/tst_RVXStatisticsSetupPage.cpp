@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/scope/RVX_StatisticsHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/scope/StatisticsPage.h"

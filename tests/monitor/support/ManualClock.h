@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/sources/Clock.h"
+#include "monitor/core/Clock.h"
 
 //! A clock that only a test moves.
 class ManualClock : public Monitor::Clock

@@ -4,7 +4,7 @@
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
-#include <corvale_qt/beam/SpotMapView.h>
+#include <corvale_qt/beam/spots/SpotMapView.h>
 
 #include <cmath>
 

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/ColorTable_p.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+ColorTable::Contents::Contents(const QwtLinearColorMap &map)
+    : mode(map.mode())
+    , stops(map.colorStops())
+{
+    for (const double stop : stops)
+        colours.append(map.rgb(QwtInterval(0.0, 1.0), stop));
+}
+
+bool ColorTable::Contents::operator==(const Contents &other) const
+{
+    return mode == other.mode && stops == other.stops && colours == other.colours;
+}
+
+void ColorTable::setMap(const QwtLinearColorMap &map)
+{
+    const bool isKept = m_map != nullptr;
+    m_map = &map;
+    const Contents contents(map);
+    if (isKept && contents == m_contents)
+        return;
+    m_contents = contents;
+    m_opaque = std::all_of(contents.colours.begin(), contents.colours.end(), [](QRgb colour) {
+        return qAlpha(colour) == 255;
+    });
+    fill();
+}
+
+void ColorTable::fill()
+{
+    m_colours.fill(toBeAsked, intervals + 1);
+    if (m_contents.mode != QwtLinearColorMap::ScaledColors)
+        return; // ask always
+    const QwtInterval unit(0.0, 1.0);
+    QRgb before = m_map->rgb(unit, 0.0);
+    for (int i = 0; i < intervals; ++i) {
+        const QRgb after = m_map->rgb(unit, double(i + 1) / intervals);
+        if (before == after)
+            m_colours[i] = before;
+        before = after;
+    }
+    // A component may turn at a stop, and the map may jump there, by rounding: a stop between two intervals spoils both.
+    for (const double stop : m_contents.stops) {
+        for (const double place : {std::ceil(stop * intervals) - 1.0, std::floor(stop * intervals)})
+            m_colours[qBound(0, int(place), intervals - 1)] = toBeAsked;
+    }
+}
+
+void ColorTable::look(const QwtInterval &range,
+                      const double *values,
+                      int count,
+                      QRgb *colours) const
+{
+    const double least = range.minValue();
+    // Without a width the map has its own answer, and this finds no place for anything.
+    const double width = range.width() > 0.0 ? range.width() : std::nan("");
+    const QRgb *const table = m_colours.constData();
+    for (int i = 0; i < count; ++i) {
+        // The map's own division, to the last bit: by a reciprocal a value may land beside its interval.
+        const double place = (values[i] - least) / width * intervals;
+        const bool inside = place >= 0.0 && place < intervals; // not so for a NaN
+        const QRgb colour = table[inside ? int(place) : intervals];
+        colours[i] = colour != toBeAsked ? colour : m_map->rgb(range, values[i]);
+    }
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/MeanTimePlot_p.h"
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/PlotAxis_p.h"
+#include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
+
+#include <qwt_legend.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_scale_engine.h>
+#include <qwt_text.h>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr double kMargin = 0.1; // mm, so that no line runs along the edge
+
+//! Plain seconds: time stamps may count from 1970, and their last digits are the ones that move.
+class SecondsDraw : public ThinnedScaleDraw
+{
+public:
+    QwtText label(double value) const override { return QwtText(QString::number(value, 'f', 1)); }
+};
+
+RVXDiscontinuousPlotCurve *makeCurve(const QString &title, int color, MeanSeries *series)
+{
+    auto *curve = new RVXDiscontinuousPlotCurve(title);
+    curve->setPen(RVXPlotColors::color(color));
+    curve->setData(series);
+    curve->setLegendAttribute(QwtPlotCurve::LegendShowLine);
+    return curve;
+}
+
+} // namespace
+
+MeanTimePlot::MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *parent)
+    : QwtPlot(parent)
+{
+    auto *plotCanvas = new QwtPlotCanvas(this);
+    plotCanvas->setFrameStyle(QFrame::NoFrame);
+    setCanvas(plotCanvas);
+    setCanvasBackground(Qt::black);
+    setMinimumSize(200, 120);
+    setAxisTitle(xBottom, tr("Time (s)"));
+    setAxisTitle(yLeft, tr("Position (mm)"));
+    styleAxis(this, xBottom, new SecondsDraw);
+    styleAxis(this, yLeft);
+    setAxisMaxMajor(yLeft, 5);
+    axisScaleEngine(yLeft)->setMargins(kMargin, kMargin);
+    insertLegend(new QwtLegend, TopLegend);
+    makeCurve(tr("Mean X"), 0, new MeanSeries(history, &MeanHistory::Entry::meanX))->attach(this);
+    makeCurve(tr("Mean Y"), 5, new MeanSeries(history, &MeanHistory::Entry::meanY))->attach(this);
+    followData(this, yLeft);
+    setEnd(MeanHistory::span);
+}
+
+MeanTimePlot::~MeanTimePlot() = default;
+
+void MeanTimePlot::setEnd(double time)
+{
+    const double half = MeanHistory::span / 2;
+    // Far from zero a double has no room for five seconds: no axis then.
+    if (time - half < time && time - 2 * half < time - half)
+        setAxisScale(xBottom, time - 2 * half, time, half);
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// +------------------------------------------------------------------------------------+
+// | This file is not part of the interface: it may change, or go, without notice.      |
+// +------------------------------------------------------------------------------------+
+
+#include "corvale_qt/beam/profile/MeanHistory_p.h"
+
+#include <qwt_plot.h>
+
+namespace Corvale_Qt {
+
+/*! Mean X and mean Y over the newest five seconds. */
+class MeanTimePlot : public QwtPlot
+{
+    Q_OBJECT
+
+public:
+    explicit MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *parent = nullptr);
+    ~MeanTimePlot() override;
+
+    //! Moves the time axis so that it ends at \a time, seconds.
+    void setEnd(double time);
+};
+
+} // namespace Corvale_Qt

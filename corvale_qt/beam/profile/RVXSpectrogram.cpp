@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
+
+#include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
+#include "corvale_qt/plot/PlotRange_p.h"
+#include "corvale_qt/plot/ScaleFractions_p.h"
+
+#include <QDebug>
+#include <QEvent>
+
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! Towards zero, whatever the number; a NaN is 0.
+int truncated(double number)
+{
+    constexpr double most = 1e9;
+    return std::isnan(number) ? 0 : static_cast<int>(qBound(-most, number, most));
+}
+
+} // namespace
+
+RVXSpectrogram::RVXSpectrogram(QWidget *parent)
+    : QWidget(parent)
+    , d_ptr(new RVXSpectrogramPrivate(this))
+{
+    Q_D(RVXSpectrogram);
+    d->build();
+    connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
+    d->timer.start(100);
+}
+
+RVXSpectrogram::~RVXSpectrogram()
+{
+    Q_D(RVXSpectrogram);
+    // While the controls go, the focus moves on, and one of them takes the number that was being typed.
+    for (QWidget *control : d->ui.sidebar->findChildren<QWidget *>())
+        control->disconnect(this);
+}
+
+void RVXSpectrogram::setData(const QVector<double> &readings, double timestamp)
+{
+    Q_D(RVXSpectrogram);
+    d->takeFrame(readings, timestamp);
+}
+
+SpectrogramCalc RVXSpectrogram::getCalc() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->calc;
+}
+
+void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
+                                          const QVector<double> &options,
+                                          int /*peaks*/)
+{
+    Q_D(RVXSpectrogram);
+    d->regression = {};
+    if (options.size() >= 4) {
+        d->regression.thresholdFraction = options[0];
+        d->regression.halfWidth = truncated(options[1]);
+        d->regression.minimumPeak = options[2];
+        d->unusedRegressionOption = options[3];
+    }
+    if (options.size() >= 5)
+        d->regression.weightPower = truncated(std::floor(options[4] + 0.5));
+}
+
+void RVXSpectrogram::setL408(bool enabled)
+{
+    Q_D(RVXSpectrogram);
+    if (enabled)
+        d->setLayout(DetectorLayout::StripPair, tr("LR40-8 Plot"));
+    else if (d->layout == DetectorLayout::StripPair)
+        d->layout = DetectorLayout::None;
+}
+
+void RVXSpectrogram::setPixelated(bool enabled)
+{
+    Q_D(RVXSpectrogram);
+    if (enabled)
+        d->setLayout(DetectorLayout::PixelMatrix, tr("DW7/DW9 Plot"));
+    else if (d->layout == DetectorLayout::PixelMatrix)
+        d->layout = DetectorLayout::None;
+}
+
+void RVXSpectrogram::setName(const char *name)
+{
+    Q_D(RVXSpectrogram);
+    d->name = QString::fromUtf8(name);
+    qDebug().noquote().nospace() << "Spectrogram created for " << d->name;
+}
+
+void RVXSpectrogram::setRange(double current, double charge)
+{
+    Q_D(RVXSpectrogram);
+    if (!isPlottable(current) || !isPlottable(charge) || current < 0 || charge < 0) {
+        qDebug() << "RVXSpectrogram::setRange ignored: no full scale of" << current << "and"
+                 << charge;
+        return;
+    }
+    d->currentFullScale = current;
+    d->chargeFullScale = charge;
+    currentEnabled(d->current);
+}
+
+void RVXSpectrogram::setSampleRate(int rate)
+{
+    Q_D(RVXSpectrogram);
+    if (rate > 0)
+        d->setSampleRate(rate);
+    else
+        qDebug() << "RVXSpectrogram::setSampleRate ignored:" << rate;
+}
+
+void RVXSpectrogram::setScale(int index)
+{
+    Q_D(RVXSpectrogram);
+    const bool known = index >= 0 && index < d->ui.comboBox_scaling->count();
+    d->settingScale = true;
+    d->ui.comboBox_scaling->setCurrentIndex(known ? index : 2); // 100 %
+    d->settingScale = false;
+}
+
+void RVXSpectrogram::currentEnabled(bool enabled)
+{
+    Q_D(RVXSpectrogram);
+    d->setCurrent(enabled);
+}
+
+void RVXSpectrogram::scaleEnabled(bool enabled)
+{
+    Q_D(RVXSpectrogram);
+    d->plot->setColorBarVisible(enabled);
+}
+
+void RVXSpectrogram::sidebarEnabled(bool enabled)
+{
+    Q_D(RVXSpectrogram);
+    d->sidebar = enabled;
+    d->ui.scrollArea_sidebar->setVisible(enabled);
+    if (enabled && d->hasFrame)
+        d->showResults(); // most of them were not kept up without it
+}
+
+void RVXSpectrogram::setEnabled(bool enabled)
+{
+    QWidget::setEnabled(enabled);
+}
+
+void RVXSpectrogram::changeEvent(QEvent *event)
+{
+    Q_D(RVXSpectrogram);
+    QWidget::changeEvent(event);
+    // Here rather than in setEnabled(): a parent may disable it too.
+    if (event->type() == QEvent::EnabledChange)
+        d->drawing = isEnabled();
+}
+
+bool RVXSpectrogram::getCurrentEnabled() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->current;
+}
+
+double RVXSpectrogram::getDiscriminator() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->ui.discriminator_QScienceSpinBox->value();
+}
+
+bool RVXSpectrogram::getXinverted() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->ui.checkBox_invertX->isChecked();
+}
+
+bool RVXSpectrogram::getYinverted() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->ui.checkBox_invertY->isChecked();
+}
+
+bool RVXSpectrogram::unlimitedHistory() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->history->isUnlimited();
+}
+
+void RVXSpectrogram::setUnlimitedHistory(bool unlimited)
+{
+    Q_D(RVXSpectrogram);
+    d->history->setUnlimited(unlimited);
+}
+
+void RVXSpectrogram::update()
+{
+    Q_D(RVXSpectrogram);
+    d->tick();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// +------------------------------------------------------------------------------------+
+// | This file is not part of the interface: it may change, or go, without notice.      |
+// +------------------------------------------------------------------------------------+
+
+#include "corvale_qt/beam/profile/BeamFrame_p.h"
+#include "corvale_qt/beam/profile/ChargeLimit_p.h"
+#include "corvale_qt/beam/profile/MeanHistory_p.h"
+#include "corvale_qt/beam/profile/MeanTimePlot_p.h"
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
+#include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+
+#include "ui_RVXSpectrogram.h"
+
+#include <QTimer>
+
+#include <memory>
+
+namespace Corvale_Qt {
+
+class RVXSpectrogramPrivate
+{
+    Q_DECLARE_PUBLIC(RVXSpectrogram)
+
+public:
+    explicit RVXSpectrogramPrivate(RVXSpectrogram *q);
+
+    void build();
+
+    // What a layout, the unit and the scale change.
+    void setLayout(DetectorLayout layout, const QString &title);
+    void setCurrent(bool current);
+    void setSampleRate(int rate);
+    void applyUnit();
+    void chooseScale(int index);
+    void applyScale();
+    void setInverted();
+
+    // The road of a frame.
+    void takeFrame(const QVector<double> &data, double timestamp);
+    void remember(const SpectrogramCalc &calc, double timestamp);
+    void tick();
+    bool isBelowThreshold(const BeamFrame &frame) const;
+    void present(const BeamFrame &frame);
+    void presentAgain();
+    void showFrame(const BeamFrame &frame);
+    void showResults();
+    void clearFrame();
+
+    FrameOptions frameOptions() const;
+    EllipseOptions ellipseOptions() const;
+
+    Ui::RVXSpectrogram ui;
+    SpectrogramPlot *plot = nullptr;
+    MeanTimePlot *timePlot = nullptr;
+    std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();
+    QTimer timer;
+    QTimer showNewest; //!< as soon as what waits in the event queue is done
+
+    QString name;
+    DetectorLayout layout = DetectorLayout::None;
+    RegressionOptions<double> regression;
+    double unusedRegressionOption = 1e-14F; // comes with the others and is kept with them
+
+    bool redrawPending = false;
+    bool drawing = true; //!< the widget is enabled
+    bool sidebar = true;
+    bool current = false;
+    bool settingScale = false; //!< the host, not the user, chooses the scale
+    bool autoScale = true;
+    int sampleRate = 1;
+    double currentFullScale = 1.0;
+    double chargeFullScale = 1.0;
+    double fraction = 1.0; //!< of full scale, that the colours reach
+    double lastMaximum = 0.0; //!< of the frames shown since the layout was chosen; 0 without one
+    double lastTimestamp = 0.0;
+    std::unique_ptr<ChargeLimit> threshold;
+    std::unique_ptr<ChargeLimit> discriminator;
+
+    SpectrogramCalc calc;
+    double axisRotation = 0.0;
+    FrameReadings shownCharges{}; //!< what the calculation was made from, before any rate
+    bool hasFrame = false;
+    FrameReadings newestCharges{};
+    bool newestWaits = false; //!< for a redraw
+
+private:
+    void buildPlots();
+    void connectControls();
+    void connectDisplayOptions();
+    void showNoNumbers(const QString &text);
+    BeamFrame frameOf(const FrameReadings &charges) const;
+    double colorRange() const;
+    double readingFactor() const { return current ? sampleRate : 1.0; }
+    //! 0 where the host gave none.
+    double fullScale() const { return current ? currentFullScale : chargeFullScale; }
+
+    RVXSpectrogram *const q_ptr;
+};
+
+} // namespace Corvale_Qt

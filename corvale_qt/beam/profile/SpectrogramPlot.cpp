@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/BeamRaster_p.h"
+#include "corvale_qt/beam/profile/ChannelHover_p.h"
+#include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+#include "corvale_qt/beam/profile/SpectrogramScaleDraw_p.h"
+#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/plot/PlotAxis_p.h"
+#include "corvale_qt/plot/PlotRange_p.h"
+
+#include <qwt_color_map.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_scale_widget.h>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int kLeftStep = 2;
+constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is still a normal number
+
+//! A new one at each call: raster and colour bar delete theirs.
+QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
+{
+    if (mode == SpectrogramPlot::Greyscale)
+        return new QwtLinearColorMap(Qt::black, Qt::white);
+    auto *map = new QwtLinearColorMap(Qt::black, Qt::red);
+    map->addColorStop(0.1, Qt::blue);
+    map->addColorStop(0.3, Qt::cyan);
+    map->addColorStop(0.5, Qt::green);
+    map->addColorStop(0.7, Qt::yellow);
+    map->addColorStop(0.9, Qt::red);
+    return map;
+}
+
+} // namespace
+
+SpectrogramPlot::SpectrogramPlot(QWidget *parent)
+    : SquarePlot(parent)
+    , m_background(new Background)
+    , m_raster(new BeamRaster)
+    , m_meanX(new MeanCurve(tr("Mean X"), Qt::Vertical))
+    , m_meanY(new MeanCurve(tr("Mean Y"), Qt::Horizontal))
+    , m_ellipse(new Ellipse)
+{
+    auto *plotCanvas = new QwtPlotCanvas(this);
+    plotCanvas->setFrameStyle(QFrame::NoFrame);
+    setCanvas(plotCanvas);
+    m_raster->setZ(RasterLayer);
+    for (QwtPlotItem *item :
+         std::initializer_list<QwtPlotItem *>{m_background, m_raster, m_meanX, m_meanY, m_ellipse})
+        item->attach(this);
+    m_background->setText(tr("No Data"));
+    new ChannelHover(this);
+
+    styleAxis(this, xBottom);
+    styleAxis(this, yLeft);
+    styleAxis(this, yRight, new SpectrogramScaleDraw);
+    axisWidget(yRight)->setColorBarEnabled(true);
+    axisWidget(yRight)->setColorBarWidth(16);
+    setColorBarVisible(true);
+    applyColors();
+    applyAxes();
+}
+
+SpectrogramPlot::~SpectrogramPlot() = default;
+
+void SpectrogramPlot::setDetector(DetectorLayout layout)
+{
+    m_layout = layout;
+    m_grid = DetectorGrid::of(layout);
+    m_raster->setGrid(m_grid.size);
+    m_meanX->setMean(qQNaN(), 0);
+    m_meanY->setMean(qQNaN(), 0);
+    m_ellipse->setHidden(true);
+    m_background->setText(tr("No Data"));
+    applyAxes();
+    applyEllipseOptions();
+}
+
+void SpectrogramPlot::setInverted(bool x, bool y)
+{
+    m_invertX = x;
+    m_invertY = y;
+    applyAxes();
+    applyEllipseOptions();
+}
+
+void SpectrogramPlot::applyAxes()
+{
+    if (m_grid.size == 0) {
+        setAxisScale(xBottom, 0, 1);
+        setAxisScale(yLeft, 1, 0);
+        return;
+    }
+    const double size = m_grid.size;
+    // Row 0 is at the top: the left axis runs downwards unless inverted.
+    setAxisScale(xBottom, m_invertX ? size : 0, m_invertX ? 0 : size, m_grid.bottomStep);
+    setAxisScale(yLeft, m_invertY ? 0 : size, m_invertY ? size : 0, kLeftStep);
+}
+
+void SpectrogramPlot::setFrame(const BeamFrame &frame)
+{
+    m_background->setText(QString());
+    m_raster->setValues(frame.raster);
+    m_meanX->setMean(frame.rasterMeanX, m_grid.size);
+    m_meanY->setMean(frame.rasterMeanY, m_grid.size);
+    m_ellipse->setShape(frame.ellipse);
+    m_ellipse->setHidden(!frame.calc.valid);
+}
+
+bool SpectrogramPlot::hideEllipse()
+{
+    const bool shown = !m_ellipse->isHidden();
+    m_ellipse->setHidden(true);
+    return shown;
+}
+
+void SpectrogramPlot::setSigmaCount(int count)
+{
+    m_ellipse->setSigmaCount(count);
+}
+
+void SpectrogramPlot::setEllipseOptions(const EllipseOptions &options)
+{
+    m_options = options;
+    applyEllipseOptions();
+}
+
+void SpectrogramPlot::applyEllipseOptions()
+{
+    EllipseOptions inRaster = m_options;
+    if (m_grid.size > 0) {
+        const double middle = m_grid.size / 2.0;
+        const double right = m_options.xOrigin / m_grid.pitch;
+        const double up = m_options.yOrigin / m_grid.pitch;
+        inRaster.xOrigin = middle + (m_invertX ? -right : right);
+        inRaster.yOrigin = middle - (m_invertY ? -up : up);
+    }
+    m_ellipse->setOptions(inRaster);
+}
+
+void SpectrogramPlot::setMeansVisible(bool x, bool y)
+{
+    m_meanX->setVisible(x);
+    m_meanY->setVisible(y);
+}
+
+void SpectrogramPlot::setColorRange(double max)
+{
+    if (!isPlottable(max) || !(max > kSmallestColorRange))
+        return;
+    m_colorRange = max;
+    applyColors();
+}
+
+void SpectrogramPlot::setColorMode(ColorMode mode)
+{
+    m_colorMode = mode;
+    applyColors();
+}
+
+void SpectrogramPlot::applyColors()
+{
+    m_raster->setColorMap(makeColorMap(m_colorMode));
+    m_raster->setColorRange(m_colorRange);
+    axisWidget(yRight)->setColorMap(QwtInterval(0, m_colorRange), makeColorMap(m_colorMode));
+    setAxisScale(yRight, 0, m_colorRange);
+}
+
+void SpectrogramPlot::setSmoothing(bool smoothing)
+{
+    m_raster->setSmoothing(smoothing);
+}
+
+void SpectrogramPlot::setColorBarTitle(const QString &title)
+{
+    setAxisTitle(yRight, title);
+}
+
+void SpectrogramPlot::setColorBarVisible(bool visible)
+{
+    enableAxis(yRight, visible);
+}
+
+QString SpectrogramPlot::hoverText(const QPointF &position) const
+{
+    const int last = m_grid.size - 1;
+    const int column = std::max(0, std::min(last, static_cast<int>(position.x())));
+    const int row = std::max(0, std::min(last, static_cast<int>(position.y())));
+    const int cell = row * m_grid.size + column;
+    const QVector<double> values = m_raster->values();
+    if (cell >= values.size())
+        return QStringLiteral("NULL");
+    const QString value = QString::number(values[cell], 'g', 6);
+    if (m_layout != DetectorLayout::PixelMatrix)
+        return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
+    const int reading = PixelGrid::readingOfCell(cell);
+    if (reading == PixelGrid::unused)
+        return tr("Out of bounds");
+    return tr("Channel %1: %2").arg(reading + 1).arg(value);
+}
+
+} // namespace Corvale_Qt

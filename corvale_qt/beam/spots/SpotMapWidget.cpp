@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotMapWidget.h"
+
+#include "corvale_qt/plot/PlotAxis_p.h"
+
+#include "ui_SpotMapWidget.h"
+
+#include <qwt_scale_engine.h>
+
+#include <QDebug>
+#include <QKeyEvent>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! Pixels that a scale has for each of its major ticks.
+constexpr int pixelsPerTick = 55;
+constexpr int minorTicks = 5;
+
+QwtScaleDiv scaleDiv(double from, double to, int maxMajorTicks)
+{
+    // A map without spots lies nowhere: no number there.
+    if (!(from < to))
+        return QwtScaleDiv(0.0, 1.0);
+    return QwtLinearScaleEngine().divideScale(from, to, maxMajorTicks, minorTicks);
+}
+
+} // namespace
+
+class SpotMapWidgetPrivate
+{
+public:
+    void setUpAxes();
+    void setUpButtons(SpotMapWidget *q);
+    void showMode(SpotMapView::DisplayMode mode);
+    void setScales();
+    void placeMap();
+
+    Ui::SpotMapWidget ui;
+};
+
+void SpotMapWidgetPrivate::setUpAxes()
+{
+    ui.xAxis->setAlignment(QwtScaleDraw::BottomScale);
+    ui.xAxis->setTitle(SpotMapWidget::tr("X Position (mm)"));
+    ui.yAxis->setAlignment(QwtScaleDraw::LeftScale);
+    ui.yAxis->setTitle(SpotMapWidget::tr("Y Position (mm)"));
+    for (QwtScaleWidget *axis : {ui.xAxis, ui.yAxis}) {
+        axis->setScaleDraw(new ThinnedScaleDraw);
+        axis->setMargin(1);
+    }
+}
+
+void SpotMapWidgetPrivate::setUpButtons(SpotMapWidget *q)
+{
+    const auto shows = [this, q](QPushButton *button, SpotMapView::DisplayMode mode) {
+        QObject::connect(button, &QPushButton::toggled, q, [this, mode](bool checked) {
+            if (checked)
+                ui.spotMapView->setDisplayMode(mode);
+        });
+    };
+    shows(ui.DataButton, SpotMapView::Data);
+    shows(ui.DifferenceButton, SpotMapView::Difference);
+    shows(ui.DiffOverlayButton, SpotMapView::DifferenceOverlay);
+
+    QObject::connect(ui.spotMapView,
+                     &SpotMapView::displayModeChanged,
+                     q,
+                     [this](SpotMapView::DisplayMode mode) {
+                         showMode(mode);
+                     });
+    // Without a map to compare with there is nothing to choose.
+    QObject::connect(ui.spotMapView, &SpotMapView::diffTargetChanged, q, [this](bool present) {
+        ui.buttonStack->setCurrentWidget(present ? ui.buttons : ui.nobuttons);
+    });
+}
+
+void SpotMapWidgetPrivate::showMode(SpotMapView::DisplayMode mode)
+{
+    QPushButton *const buttons[] = {ui.DataButton, ui.DifferenceButton, ui.DiffOverlayButton};
+    buttons[mode]->setChecked(true);
+}
+
+void SpotMapWidgetPrivate::setScales()
+{
+    const QRectF bounds = ui.spotMapView->bounds();
+    const QSize size = ui.mapArea->size();
+    const int ticks = qMax(2, qMin(size.width(), size.height()) / pixelsPerTick);
+    ui.xAxis->setScaleDiv(scaleDiv(bounds.left(), bounds.right(), ticks));
+    ui.yAxis->setScaleDiv(scaleDiv(bounds.top(), bounds.bottom(), ticks));
+}
+
+/*! Places the largest square map that leaves room for both scales, in the middle. A scale reaches over the
+    map's ends by half a label; where it does, its border distances keep the ends of the scale on those of
+    the map. */
+void SpotMapWidgetPrivate::placeMap()
+{
+    int left = 0;
+    int right = 0;
+    ui.xAxis->getBorderDistHint(left, right);
+    int top = 0;
+    int bottom = 0;
+    ui.yAxis->getBorderDistHint(top, bottom);
+    const int xAxisHeight = ui.xAxis->sizeHint().height();
+    const int yAxisWidth = ui.yAxis->sizeHint().width();
+
+    // Half a label may reach further than the other scale is wide.
+    const int before = qMax(yAxisWidth, left);
+    const int below = qMax(xAxisHeight, bottom);
+    const QSize area = ui.mapArea->size();
+    const int side = qMax(0, qMin(area.width() - before - right, area.height() - top - below));
+    // In the middle, under the title, as far as the scales leave it free.
+    const int x = qBound(before, (area.width() - side) / 2, area.width() - right - side);
+    const int y = qBound(top, (area.height() - side) / 2, area.height() - below - side);
+
+    ui.spotMapView->setGeometry(x, y, side, side);
+    ui.xAxis->setBorderDist(left, right);
+    ui.xAxis->setGeometry(x - left, y + side, left + side + right, xAxisHeight);
+    ui.yAxis->setBorderDist(top, bottom);
+    ui.yAxis->setGeometry(x - yAxisWidth, y - top, yAxisWidth, top + side + bottom);
+}
+
+SpotMapWidget::SpotMapWidget(QWidget *parent)
+    : QWidget(parent)
+    , d_ptr(std::make_unique<SpotMapWidgetPrivate>())
+{
+    Q_D(SpotMapWidget);
+    d->ui.setupUi(this);
+    d->setUpAxes();
+    d->setUpButtons(this);
+    d->ui.spotMapView->setFrameShape(QFrame::NoFrame);
+    setFocusProxy(d->ui.spotMapView);
+    d->ui.mapArea->installEventFilter(this);
+    connect(d->ui.spotMapView, &SpotMapView::boundsChanged, this, &SpotMapWidget::updateScale);
+    d->setScales();
+}
+
+SpotMapWidget::~SpotMapWidget() = default;
+
+SpotMapView *SpotMapWidget::spotMapView() const
+{
+    Q_D(const SpotMapWidget);
+    return d->ui.spotMapView;
+}
+
+void SpotMapWidget::setTitle(const QString &title)
+{
+    Q_D(SpotMapWidget);
+    d->ui.titleLabel->setText(title);
+}
+
+void SpotMapWidget::setXvalue(const QString &value)
+{
+    Q_D(SpotMapWidget);
+    d->ui.x_value->setText(value);
+}
+
+void SpotMapWidget::setYvalue(const QString &value)
+{
+    Q_D(SpotMapWidget);
+    d->ui.y_value->setText(value);
+}
+
+void SpotMapWidget::setDoseValue(const QString &value)
+{
+    Q_D(SpotMapWidget);
+    d->ui.dose_value->setText(value);
+}
+
+void SpotMapWidget::setDiffTarget(SpotMapWidget *target)
+{
+    Q_D(SpotMapWidget);
+    d->ui.spotMapView->setDiffTarget(target ? target->spotMapView() : nullptr);
+}
+
+void SpotMapWidget::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_PageUp:
+        Q_EMIT layerChange(1);
+        break;
+    case Qt::Key_PageDown:
+        Q_EMIT layerChange(-1);
+        break;
+    default:
+        event->ignore();
+        break;
+    }
+}
+
+bool SpotMapWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    Q_D(SpotMapWidget);
+    if (watched == d->ui.mapArea && event->type() == QEvent::Resize)
+        d->setScales();
+    // The scales ask for another layout when their labels or fonts change.
+    if (watched == d->ui.mapArea
+        && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
+        d->placeMap();
+    return QWidget::eventFilter(watched, event);
+}
+
+void SpotMapWidget::updateScale(QRectF)
+{
+    Q_D(SpotMapWidget);
+    qDebug() << "update scale";
+    d->setScales();
+    d->placeMap();
+}
+
+} // namespace Corvale_Qt

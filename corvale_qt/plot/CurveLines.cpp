@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/plot/CurveLayer_p.h"
+#include "corvale_qt/plot/CurveLines_p.h"
+#include "corvale_qt/plot/PixelColumns_p.h"
+#include "corvale_qt/plot/PixelRuns_p.h"
+#include "corvale_qt/plot/SampleXCache_p.h"
+
+#include <qwt_clipper.h>
+#include <qwt_painter.h>
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace Corvale_Qt {
+
+namespace {
+
+// Everything is painted on one thread, a curve after the other: what one leaves behind serves the next.
+struct Scratch
+{
+    PixelRuns runs;
+    PixelColumns edges;
+    SampleXCache positions;
+    QVector<QPointF> points;
+};
+
+Scratch &scratch()
+{
+    static Scratch shared;
+    return shared;
+}
+
+//! Samples of a series as they lie in memory.
+class SeriesSpans
+{
+public:
+    SeriesSpans(const SeriesColumns &columns, int from, int to)
+        : m_row(columns.startRow + from)
+        , m_count(to - from + 1)
+        , m_scale(columns.scale)
+        , m_found(columns.columns && columns.columns->spans(0, m_row, m_count, m_x)
+                  && columns.columns->spans(columns.column, m_row, m_count, m_y))
+    {
+    }
+
+    //! False where there is no such memory.
+    bool areFound() const { return m_found; }
+    int count() const { return m_count; }
+    double x(int i) const { return m_x.value(i); }
+    double y(int i) const { return shown(m_y.stored(i)); }
+    //! What is shown of \a count samples from \a first on.
+    void values(int first, int count, double *out) const
+    {
+        const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
+        for (int i = 0; i < inFirst; ++i)
+            out[i] = shown(m_y.piece[0][first + i]);
+        const int skipped = first - m_y.size[0];
+        for (int i = inFirst; i < count; ++i)
+            out[i] = shown(m_y.piece[1][skipped + i]);
+    }
+    //! What becomes of a number in memory.
+    double shown(double stored) const
+    {
+        const double value = m_y.factor * stored - m_y.zero;
+        // A division takes as long as all the rest.
+        return m_scale == 1.0 ? value : value / m_scale;
+    }
+    const ColumnSpans &storedX() const { return m_x; }
+    const ColumnSpans &storedY() const { return m_y; }
+
+private:
+    int m_row;
+    int m_count;
+    double m_scale;
+    ColumnSpans m_x;
+    ColumnSpans m_y;
+    bool m_found;
+};
+
+/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
+template<typename Use>
+void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
+{
+    const SeriesColumns columns = SeriesColumns::of(&series);
+    if (!columns.columns) {
+        for (int i = from; i <= to; ++i) {
+            const QPointF point = series.sample(size_t(i));
+            use(point.x(), point.y());
+        }
+        return;
+    }
+    constexpr int chunk = 512;
+    double x[chunk];
+    double y[chunk];
+    for (int first = from; first <= to; first += chunk) {
+        const int count = std::min(chunk, to - first + 1);
+        columns.readX(size_t(first), count, x);
+        columns.readY(size_t(first), count, y);
+        for (int i = 0; i < count; ++i)
+            use(x[i], y[i]);
+    }
+}
+
+//! Whether a line to one of the points is, on the canvas, straight up or sideways but for rounding.
+bool reachesFar(const QPointF *points, int count)
+{
+    constexpr double far = 1e8;
+    return std::any_of(points, points + count, [](const QPointF &point) {
+        return std::abs(point.x()) > far || std::abs(point.y()) > far;
+    });
+}
+
+void toWholePixels(QPolygonF &points)
+{
+    for (QPointF &point : points)
+        point = QPointF(pixelOf(point.x()), pixelOf(point.y()));
+}
+
+bool areFinite(const double *values, int count)
+{
+    double nothing = 0.0;
+    for (int i = 0; i < count; ++i)
+        nothing += values[i] - values[i];
+    return nothing == 0.0;
+}
+
+bool isFinite(double x, double y)
+{
+    return std::isfinite(x) && std::isfinite(y);
+}
+
+//! A curve's numbers in memory, with the steps from there to a pixel row.
+class DenseColumns
+{
+public:
+    DenseColumns(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
+        : m_columns(SeriesColumns::of(&series))
+        , m_spans(m_columns, from, to)
+        , m_yMap(yMap)
+    {
+    }
+
+    //! False where the memory cannot be had, or x does not only rise.
+    bool areFound() const
+    {
+        return m_spans.areFound() && m_columns.columns->xRises() && std::isfinite(m_spans.x(0))
+            && std::isfinite(m_spans.x(m_spans.count() - 1));
+    }
+
+    void
+    addTo(PixelRuns &runs, PixelColumns &edges, const QwtScaleMap &xMap, const QRect &clip) const
+    {
+        edges.find(m_spans.storedX(),
+                   m_columns.columns->xVersion(),
+                   0,
+                   m_spans.count() - 1,
+                   xMap,
+                   clip.left(),
+                   clip.right());
+        const auto &found = edges.edges();
+        for (int i = 0; i < found.size(); ++i) {
+            const int last = i + 1 < found.size() ? found[i + 1].first : edges.end();
+            addColumn(runs, found[i].column, found[i].first, last);
+        }
+    }
+
+private:
+    void addColumn(PixelRuns &runs, int column, int first, int last) const
+    {
+        const ValueRange range = storedRange(m_spans.storedY(), first, last);
+        const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
+        // Between the memory and the pixel each step keeps the order or turns it, while all is finite.
+        if (!range.allFinite || !isFinite(ends[0], ends[1])) {
+            addOneByOne(runs, column, first, last);
+            return;
+        }
+        const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
+        runs.addColumn(column,
+                       pixelOf(m_yMap, m_spans.y(first)),
+                       pixels.first,
+                       pixels.second,
+                       pixelOf(m_yMap, m_spans.y(last - 1)));
+    }
+
+    void addOneByOne(PixelRuns &runs, int column, int first, int last) const
+    {
+        for (int i = first; i < last; ++i) {
+            const double y = m_spans.y(i);
+            if (std::isfinite(y))
+                runs.addPoint(column, pixelOf(m_yMap, y));
+            else
+                runs.gap();
+        }
+    }
+
+    SeriesColumns m_columns;
+    SeriesSpans m_spans;
+    const QwtScaleMap &m_yMap;
+};
+
+} // namespace
+
+CurveLines::CurveLines(QPainter *painter,
+                       const QwtScaleMap &xMap,
+                       const QwtScaleMap &yMap,
+                       const QRectF &canvasRect)
+    : m_painter(painter)
+    , m_xMap(xMap)
+    , m_yMap(yMap)
+    , m_canvasRect(canvasRect)
+    , m_aligned(QwtPainter::roundingAlignment(painter))
+{
+}
+
+void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    if (isDense(to - from + 1) && drawsWholePixels())
+        drawRuns(series, from, to);
+    else
+        drawPolylines(series, from, to);
+}
+
+bool CurveLines::isDense(int samples) const
+{
+    const bool finer = m_painter->device()->devicePixelRatioF() > 1.0;
+    const double columns = std::max(m_canvasRect.width(), 1.0);
+    return samples > (finer ? denseSamplesOnFinerPixels : denseSamples) * columns;
+}
+
+bool CurveLines::drawsWholePixels() const
+{
+    const QPen &pen = m_painter->pen();
+    return m_aligned && !m_painter->testRenderHint(QPainter::Antialiasing)
+        && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
+        && m_painter->opacity() == 1.0 && pen.style() == Qt::SolidLine && pen.widthF() <= 1.0
+        && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255
+        && !m_xMap.transformation() && !m_yMap.transformation();
+}
+
+void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    Scratch &reused = scratch();
+    PixelRuns &runs = reused.runs;
+    const QRect clip = m_canvasRect.toAlignedRect();
+    runs.begin(clip);
+    const DenseColumns dense(series, from, to, m_yMap);
+    if (dense.areFound()) {
+        dense.addTo(runs, reused.edges, m_xMap, clip);
+    } else {
+        forEachSample(series, from, to, [&](double x, double y) {
+            if (isFinite(x, y))
+                runs.addPoint(pixelOf(m_xMap, x), pixelOf(m_yMap, y));
+            else
+                runs.gap();
+        });
+    }
+    runs.end();
+
+    if (m_layer)
+        m_layer->add(m_painter, clip, runs, m_painter->pen().color());
+    else
+        m_painter->drawLines(runs.lines());
+}
+
+void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to)
+{
+    if (m_layer)
+        m_layer->flush(m_painter);
+    QVector<QPointF> &points = scratch().points;
+    points.resize(std::max(points.size(), to - from + 1));
+    QPointF *const begin = points.data();
+    QPointF *end = begin;
+    const auto add = [&](double position, double y) {
+        if (!isFinite(position, y)) {
+            drawPolyline(begin, int(end - begin));
+            end = begin;
+            return;
+        }
+        const double height = m_yMap.transform(y);
+        *end++ = QPointF(position, m_aligned ? pixelOf(height) : height);
+    };
+
+    const SeriesColumns columns = SeriesColumns::of(&series);
+    const SeriesSpans spans(columns, from, to);
+    if (spans.areFound()) {
+        SampleXCache &found = scratch().positions;
+        const double *positions =
+            found.find(spans.storedX(), columns.columns->xVersion(), m_xMap, m_aligned);
+        constexpr int chunk = 256;
+        double y[chunk];
+        for (int first = 0; first < spans.count(); first += chunk) {
+            const int count = std::min(chunk, spans.count() - first);
+            spans.values(first, count, y);
+            if (found.areFinite() && areFinite(y, count)) {
+                place(positions + first, y, count, end);
+                end += count;
+                continue;
+            }
+            for (int i = 0; i < count; ++i)
+                add(positions[first + i], y[i]);
+        }
+    } else {
+        forEachSample(series, from, to, [&](double x, double y) {
+            const double position = m_xMap.transform(x);
+            const bool whole = m_aligned && std::isfinite(x);
+            add(whole ? pixelOf(position) : position, y);
+        });
+    }
+    drawPolyline(begin, int(end - begin));
+}
+
+//! Where samples are, all of them finite.
+void CurveLines::place(const double *positions, const double *y, int count, QPointF *points) const
+{
+    if (m_aligned) {
+        for (int i = 0; i < count; ++i)
+            points[i] = QPointF(positions[i], pixelOf(m_yMap, y[i]));
+    } else {
+        for (int i = 0; i < count; ++i)
+            points[i] = QPointF(positions[i], m_yMap.transform(y[i]));
+    }
+}
+
+void CurveLines::drawPolyline(const QPointF *points, int count) const
+{
+    if (count == 1) {
+        if (m_canvasRect.contains(*points))
+            QwtPainter::drawPoint(m_painter, *points);
+    } else if (count > 1 && m_clipping) {
+        const qreal width = std::max(1.0, m_painter->pen().widthF());
+        const QRectF clip = m_canvasRect.adjusted(-width, -width, width, width);
+        QPolygonF polyline;
+        polyline.reserve(count);
+        std::copy_n(points, count, std::back_inserter(polyline));
+        QPolygonF clipped = QwtClipper::clipPolygonF(clip, polyline, false);
+        if (m_aligned && reachesFar(points, count))
+            toWholePixels(clipped);
+        QwtPainter::drawPolyline(m_painter, clipped);
+    } else if (count > 1) {
+        QwtPainter::drawPolyline(m_painter, points, count);
+    }
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
+
+#include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/scope/statistics/RVX_HistogramItemAxisWidget.h"
+
+#include <qwt_plot_marker.h>
+#include <qwt_scale_div.h>
+#include <qwt_symbol.h>
+
+#include <QCoreApplication>
+#include <QPen>
+#include <QPointer>
+
+namespace Corvale_Qt {
+
+class RVX_StatisticsHistogramItemPrivate
+{
+public:
+    QwtScaleDiv ticks(double axisUpper) const;
+
+    QPointer<RVX_HistogramItemAxisWidget> axisWidget;
+    QColor color;
+    bool fullStatistics = false;
+    QwtPlotMarker marker;
+    ProfileFit fit;
+    FitStatus status = FitStatus::Ok;
+    QString message;
+    double position = 0.0;
+    SignalToNoise signalToNoise;
+    bool computed = false;
+    QString valueUnit;
+    double plotDivisor = 1.0;
+};
+
+QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
+{
+    QList<double> ticks[QwtScaleDiv::NTickTypes];
+    ticks[QwtScaleDiv::MajorTick] << position;
+    if (status == FitStatus::Ok) {
+        const double sigma = double(fit.sigma);
+        ticks[QwtScaleDiv::MediumTick] << position - sigma << position + sigma;
+        ticks[QwtScaleDiv::MinorTick] << position - 3 * sigma << position + 3 * sigma;
+    }
+    return QwtScaleDiv(0.0, axisUpper, ticks);
+}
+
+RVX_StatisticsHistogramItem::ScaleDraw::ScaleDraw()
+{
+    setTickLength(QwtScaleDiv::MajorTick, 12.0);
+    setTickLength(QwtScaleDiv::MediumTick, 8.0);
+    setTickLength(QwtScaleDiv::MinorTick, 5.0);
+}
+
+QwtText RVX_StatisticsHistogramItem::ScaleDraw::label(double) const
+{
+    return QwtText();
+}
+
+RVX_StatisticsHistogramItem::RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
+                                                         const QString &title,
+                                                         const QColor &color,
+                                                         bool fullStatistics)
+    : d(new RVX_StatisticsHistogramItemPrivate)
+{
+    d->axisWidget = axisWidget;
+    d->color = color;
+    d->fullStatistics = fullStatistics;
+    d->marker.setTitle(title);
+    d->marker.setLineStyle(QwtPlotMarker::VLine);
+    d->marker.setLinePen(color, 1.0, Qt::DashLine);
+    d->marker.setSymbol(
+        new QwtSymbol(QwtSymbol::Diamond, QBrush(color), QPen(Qt::black), QSize(9, 9)));
+    if (!axisWidget)
+        return;
+    axisWidget->setEstimator(title);
+    axisWidget->add(this, color);
+}
+
+RVX_StatisticsHistogramItem::~RVX_StatisticsHistogramItem()
+{
+    if (d->axisWidget)
+        d->axisWidget->remove(this);
+}
+
+void RVX_StatisticsHistogramItem::attach(QwtPlot *plot)
+{
+    d->marker.attach(plot);
+}
+
+void RVX_StatisticsHistogramItem::detach()
+{
+    d->marker.detach();
+}
+
+bool RVX_StatisticsHistogramItem::isComputed() const
+{
+    return d->computed;
+}
+
+const ProfileFit &RVX_StatisticsHistogramItem::fit() const
+{
+    return d->fit;
+}
+
+FitStatus RVX_StatisticsHistogramItem::status() const
+{
+    return d->status;
+}
+
+QString RVX_StatisticsHistogramItem::statusMessage() const
+{
+    return d->message;
+}
+
+double RVX_StatisticsHistogramItem::position() const
+{
+    return d->position;
+}
+
+bool RVX_StatisticsHistogramItem::hasSignalToNoise() const
+{
+    return d->signalToNoise.computed;
+}
+
+double RVX_StatisticsHistogramItem::signalToNoise() const
+{
+    return double(d->signalToNoise.ratio);
+}
+
+double RVX_StatisticsHistogramItem::noiseDeviation() const
+{
+    return double(d->signalToNoise.noiseSigma);
+}
+
+QColor RVX_StatisticsHistogramItem::color() const
+{
+    return d->color;
+}
+
+bool RVX_StatisticsHistogramItem::hasFullStatistics() const
+{
+    return d->fullStatistics;
+}
+
+void RVX_StatisticsHistogramItem::setValueUnit(const QString &name)
+{
+    d->valueUnit = name;
+}
+
+QString RVX_StatisticsHistogramItem::valueUnit() const
+{
+    return d->valueUnit;
+}
+
+void RVX_StatisticsHistogramItem::setPlotDivisor(double divisor)
+{
+    if (divisor > 0.0)
+        d->plotDivisor = divisor;
+}
+
+double RVX_StatisticsHistogramItem::plotDivisor() const
+{
+    return d->plotDivisor;
+}
+
+void RVX_StatisticsHistogramItem::clear()
+{
+    detach();
+    d->computed = false;
+    d->fit = ProfileFit();
+    d->status = FitStatus::Ok;
+    d->message.clear();
+    d->position = 0.0;
+    d->signalToNoise = SignalToNoise();
+    if (d->axisWidget)
+        d->axisWidget->setTicks(this, QwtScaleDiv());
+    showLabel();
+}
+
+bool RVX_StatisticsHistogramItem::take(int offset,
+                                       const ProfileFit &fit,
+                                       FitStatus status,
+                                       double axisUpper,
+                                       const QString &message)
+{
+    const bool ok = status == FitStatus::Ok;
+    d->computed = true;
+    d->fit = fit;
+    d->fit.valid = ok;
+    d->status = status;
+    d->message = message.isEmpty() ? messageOf(status) : message;
+    // Bar i is centred at offset + i + 1.
+    d->position = offset + (ok ? double(fit.mean) + 1.0 : (fit.count() + 1) / 2.0);
+    d->signalToNoise =
+        ok && d->fullStatistics ? Corvale_Qt::signalToNoise(d->fit) : SignalToNoise();
+    d->marker.setValue(d->position, ok ? double(fit.at(fit.mean)) / d->plotDivisor : 0.0);
+    if (d->axisWidget)
+        d->axisWidget->setTicks(this, d->ticks(axisUpper));
+    showFit(offset);
+    showLabel();
+    return ok;
+}
+
+void RVX_StatisticsHistogramItem::showFit(int) { }
+
+void RVX_StatisticsHistogramItem::showLabel()
+{
+    if (d->axisWidget)
+        d->axisWidget->setLabel(this, label());
+}
+
+QString RVX_StatisticsHistogramItem::messageOf(FitStatus status)
+{
+    const auto text = [](const char *message) {
+        return QCoreApplication::translate("Corvale_Qt::RVX_StatisticsHistogramItem", message);
+    };
+    switch (status) {
+    case FitStatus::Ok:
+        return QString();
+    case FitStatus::NotEnoughChannels:
+        return text(
+            QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem", "Not enough channels."));
+    case FitStatus::PeakBelowThreshold:
+        return text(
+            QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem", "Peak below threshold."));
+    case FitStatus::PeakOnEdge:
+        return text(QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem", "Peak on edge."));
+    case FitStatus::SignalBelowThreshold:
+        return text(QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem",
+                                      "Signal below threshold."));
+    case FitStatus::NotEnoughPeakChannels:
+        return text(QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem",
+                                      "Not enough peak channels."));
+    case FitStatus::NoiseAboveThreshold:
+        return text(
+            QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem", "Noise above threshold."));
+    case FitStatus::SingularEquations:
+    case FitStatus::NoRealWidth:
+        return text(
+            QT_TRANSLATE_NOOP("Corvale_Qt::RVX_StatisticsHistogramItem", "Regression failed."));
+    }
+    return QString();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
+#include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
+#include "corvale_qt/units/Units.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+const QLatin1String kOpen("<pre>");
+const QLatin1String kClose("\n</pre>");
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("Corvale_Qt::StatisticsLabels", text);
+}
+
+QString unitName()
+{
+    static const QString name = Units::Strips().name();
+    return name;
+}
+
+QString notAvailable()
+{
+    return translated("N/A");
+}
+
+//! Returns the number with its suffix, or "N/A" without one where the value is not finite.
+QString number(double value, const QString &suffix = QString())
+{
+    return std::isfinite(value) ? QString::number(value, 'g', 4) + suffix : notAvailable();
+}
+
+QString percent(double share)
+{
+    return number(share * 100.0, QStringLiteral("%"));
+}
+
+QString length(double value)
+{
+    return std::isfinite(value) ? QString::number(value, 'f', 2) : notAvailable();
+}
+
+//! Returns the unit as plain text: it comes from the model, which may be a host's own, and must not act as markup.
+QString valueUnit(const RVX_StatisticsHistogramItem &item)
+{
+    return item.valueUnit().toHtmlEscaped();
+}
+
+QString quantity(double value, const RVX_StatisticsHistogramItem &item)
+{
+    const QString unit = valueUnit(item);
+    return number(value, unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
+}
+
+QString unitInBrackets(const RVX_StatisticsHistogramItem &item)
+{
+    const QString unit = valueUnit(item);
+    return unit.isEmpty() ? unit : QStringLiteral(" (%1)").arg(unit);
+}
+
+QString chi()
+{
+    return QString(QChar(0x03A7));
+}
+
+QString squared()
+{
+    return QString(QChar(0x00B2));
+}
+
+QString signalToNoise(const RVX_StatisticsHistogramItem &item)
+{
+    return item.hasSignalToNoise() ? number(item.signalToNoise()) : notAvailable();
+}
+
+QString noiseDeviation(const RVX_StatisticsHistogramItem &item)
+{
+    return item.hasSignalToNoise() ? number(item.noiseDeviation()) : notAvailable();
+}
+
+QString padding(int lines)
+{
+    return QString(std::max(lines - 1, 0), QLatin1Char('\n'));
+}
+
+} // namespace
+
+namespace StatisticsLabels {
+
+QString empty(int lines)
+{
+    return QStringLiteral("<pre>N/A\n%1</pre>").arg(padding(lines));
+}
+
+QString error(const QString &message, int lines)
+{
+    return translated("<pre>Error: %1\n%2</pre>").arg(message, padding(lines));
+}
+
+QString fitError(const QString &message, int lines)
+{
+    return translated("<pre>Fit error: %1\n%2</pre>").arg(message, padding(lines));
+}
+
+QString shortForm(const RVX_StatisticsHistogramItem &item)
+{
+    return withAlignedColons(translated("<pre>Position (%3): <b>%1</b>\nStd. Dev (%4): %2\n</pre>")
+                                 .arg(length(item.position()),
+                                      length(double(item.fit().sigma)),
+                                      unitName(),
+                                      unitName()));
+}
+
+QString moments(const RVX_StatisticsHistogramItem &item)
+{
+    return withAlignedColons(translated("<pre>Position (%5): <b>%1</b>\nStd. Dev (%6): %2\n"
+                                        "    Skewness: %3\n    Kurtosis: %4\n</pre>")
+                                 .arg(length(item.position()),
+                                      length(double(item.fit().sigma)),
+                                      number(double(item.fit().skewness)),
+                                      number(double(item.fit().kurtosis)),
+                                      unitName(),
+                                      unitName()));
+}
+
+QString fit(const RVX_FitHistogramItem &item)
+{
+    const ProfileFit &fit = item.fit();
+    return withAlignedColons(
+        translated("<pre>      Position (%3): <b>%1</b>\n      Std. Dev (%4): %2\n"
+                   "              Peak: %10\n          Integral: %11\n               SNR: %5\n"
+                   "Noise Std. Dev%12: %6\n                %7%8: %9\n</pre>")
+            .arg(length(item.position()),
+                 length(double(fit.sigma)),
+                 unitName(),
+                 unitName(),
+                 signalToNoise(item),
+                 noiseDeviation(item),
+                 chi(),
+                 squared(),
+                 percent(item.residualNoise()))
+            // Last: a unit may hold place markers of its own.
+            .arg(quantity(double(fit.at(fit.mean)), item),
+                 quantity(double(fit.amplitude), item),
+                 unitInBrackets(item)));
+}
+
+QString deviceFit(const RVX_FitHistogramItem &item)
+{
+    return withAlignedColons(
+        translated("<pre>      Position (%5): <b>%1</b>\n      Std. Dev (%5): %2\n"
+                   "               SNR: %3\nNoise Std. Dev%9: %4\n                %6%7: %8\n</pre>")
+            .arg(length(item.position()),
+                 length(double(item.fit().sigma)),
+                 signalToNoise(item),
+                 noiseDeviation(item),
+                 unitName(),
+                 chi(),
+                 squared(),
+                 percent(item.residualNoise()),
+                 unitInBrackets(item)));
+}
+
+QString withEnergy(const QString &label, const QString &energy)
+{
+    const QString line = translated("\nEnergy (MeV):") + QLatin1Char(' ') + energy;
+    return withAlignedColons(label.left(label.size() - kClose.size()) + line + kClose);
+}
+
+QString withAlignedColons(const QString &label)
+{
+    QStringList lines = label.mid(kOpen.size(), label.size() - kOpen.size() - kClose.size())
+                            .split(QLatin1Char('\n'));
+    int column = 0;
+    for (const QString &line : qAsConst(lines))
+        column = std::max(column, line.indexOf(QLatin1Char(':')));
+    for (QString &line : lines) {
+        const int colon = line.indexOf(QLatin1Char(':'));
+        if (colon >= 0)
+            line.prepend(QString(column - colon, QLatin1Char(' ')));
+    }
+    return kOpen + lines.join(QLatin1Char('\n')) + kClose;
+}
+
+} // namespace StatisticsLabels
+} // namespace Corvale_Qt

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/settings/RVXApplicationSettings.h"
+
+#include "corvale_qt/settings/WriteTurn_p.h"
+#include "corvale_qt/settings/XmlSettingsFormat_p.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDebug>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
+#include <QTemporaryFile>
+
+namespace Corvale_Qt {
+
+namespace {
+
+QSettings::Format xmlFormat()
+{
+    // Registering the same functions again would use up another of the sixteen formats that Qt has.
+    static QSettings::Format format = QSettings::InvalidFormat;
+    if (format == QSettings::InvalidFormat)
+        format =
+            QSettings::registerFormat("xui", readXmlSettings, writeXmlSettings, Qt::CaseSensitive);
+    return format;
+}
+
+bool isReadableIni(const QByteArray &contents)
+{
+    // From a copy: an object on the file itself would answer from what the process has read of it before.
+    QTemporaryFile copy;
+    if (!copy.open() || copy.write(contents) != contents.size() || !copy.flush())
+        return true;
+    QSettings probe(copy.fileName(), QSettings::IniFormat);
+    probe.allKeys(); // groups are parsed when they are asked for
+    return probe.status() != QSettings::FormatError;
+}
+
+bool isReadable(QFile &file, QSettings::Format format)
+{
+    if (format == QSettings::IniFormat)
+        return isReadableIni(file.readAll());
+    QSettings::SettingsMap ignored;
+    return readXmlSettings(file, ignored);
+}
+
+/*! A process killed while it took the lock leaves an empty lock file, for which QSettings would stand still for
+    half a minute. A lock that a living process holds is not touched. */
+void removeForgottenLock(const QString &fileName)
+{
+    const QFileInfo info(fileName + ".lock");
+    if (!info.exists() || info.size() > 0)
+        return;
+    QLockFile lock(info.filePath());
+    lock.setStaleLockTime(300);
+    lock.tryLock(1000);
+}
+
+//! Whether there is something in the file, and it cannot be parsed.
+bool isDamaged(const QString &fileName, QSettings::Format format)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) && file.size() > 0 && !isReadable(file, format);
+}
+
+} // namespace
+
+class RVXApplicationSettingsPrivate
+{
+public:
+    void open();
+    //! Sees to it that the next read and write find a sound file and a free lock.
+    void mend();
+
+    QString fileName;
+    bool useApplicationIdentity = true;
+    QSettings::Format format = QSettings::IniFormat;
+    QSharedPointer<QSettings> settings;
+
+private:
+    void openFile(const QString &file);
+    bool hasChanged();
+    bool setAside(const QString &file) const;
+
+    // Of the file when it was last looked at.
+    qint64 lastSize = -1;
+    QDateTime lastTime;
+};
+
+void RVXApplicationSettingsPrivate::open()
+{
+    if (!useApplicationIdentity) {
+        openFile(fileName);
+        return;
+    }
+    settings.reset(new QSettings(format,
+                                 QSettings::UserScope,
+                                 QCoreApplication::organizationName(),
+                                 QCoreApplication::applicationName()));
+    settings->setFallbacksEnabled(false);
+    if (!QCoreApplication::organizationName().isEmpty())
+        return;
+    // QSettings reads and writes that file, but reports an error for ever.
+    openFile(settings->fileName());
+    qWarning() << "The application has no organisation name; its settings are kept in"
+               << settings->fileName();
+}
+
+void RVXApplicationSettingsPrivate::openFile(const QString &file)
+{
+    settings.reset(new QSettings(file, format));
+    settings->setFallbacksEnabled(false);
+}
+
+bool RVXApplicationSettingsPrivate::hasChanged()
+{
+    const QFileInfo info(settings->fileName());
+    const bool changed = info.size() != lastSize || info.lastModified() != lastTime;
+    lastSize = info.size();
+    lastTime = info.lastModified();
+    return changed;
+}
+
+bool RVXApplicationSettingsPrivate::setAside(const QString &file) const
+{
+    // QSettings takes the same lock to write: no other process replaces the file between look and rename.
+    QLockFile lock(file + ".lock");
+    const bool locked = lock.tryLock(1000);
+    if (locked && !isDamaged(file, format))
+        return true;
+    const QString aside = file + ".damaged";
+    QFile::remove(aside);
+    if (!locked || !QFile::rename(file, aside)) {
+        qWarning() << "The settings file" << file << "is damaged and cannot be renamed to" << aside;
+        return false;
+    }
+    qWarning() << "The settings file" << file << "was damaged and is kept as" << aside;
+    return true;
+}
+
+void RVXApplicationSettingsPrivate::mend()
+{
+    const QString file = settings->fileName();
+    removeForgottenLock(file);
+    if (hasChanged() && isDamaged(file, format) && setAside(file))
+        openFile(file);
+}
+
+RVXApplicationSettings::RVXApplicationSettings(QObject *parent,
+                                               const QString &fileName,
+                                               bool useApplicationIdentity,
+                                               bool useXmlFormat)
+    : QObject(parent)
+    , d_ptr(new RVXApplicationSettingsPrivate)
+{
+    Q_D(RVXApplicationSettings);
+    d->fileName = fileName;
+    d->useApplicationIdentity = useApplicationIdentity;
+    d->format = useXmlFormat ? xmlFormat() : QSettings::IniFormat;
+    if (useApplicationIdentity)
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, fileName);
+    d->open();
+    d->mend();
+}
+
+RVXApplicationSettings::~RVXApplicationSettings() = default;
+
+QSharedPointer<QSettings> RVXApplicationSettings::getSettings()
+{
+    Q_D(RVXApplicationSettings);
+    d->mend();
+    return d->settings;
+}
+
+bool RVXApplicationSettings::sync()
+{
+    Q_D(RVXApplicationSettings);
+    const WriteTurn turn(QFileInfo(d->settings->fileName()).path());
+    d->settings->sync();
+    return d->settings->status() == QSettings::NoError;
+}
+
+} // namespace Corvale_Qt

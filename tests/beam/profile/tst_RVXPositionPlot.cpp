@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/RVXPositionPlot.h"
+#include "tests/support/PaintCounter.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot.h>
+#include <qwt_plot_curve.h>
+#include <qwt_scale_map.h>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+struct Display
+{
+    Display()
+        : plot(widget.findChild<QwtPlot *>())
+    {
+        widget.resize(420, 420);
+    }
+
+    void tick() { QMetaObject::invokeMethod(&widget, "update"); }
+    const QwtPlotCurve *trail() const
+    {
+        for (QwtPlotItem *item : plot->itemList(QwtPlotItem::Rtti_PlotCurve)) {
+            auto *curve = static_cast<QwtPlotCurve *>(item);
+            if (curve->style() == QwtPlotCurve::Dots)
+                return curve;
+        }
+        return nullptr;
+    }
+    QString axis(int axis) const
+    {
+        const QwtInterval interval = plot->axisInterval(axis);
+        return QString("%1..%2 step %3")
+            .arg(interval.minValue())
+            .arg(interval.maxValue())
+            .arg(plot->axisScaleDiv(axis).ticks(QwtScaleDiv::MajorTick).value(1)
+                 - plot->axisScaleDiv(axis).ticks(QwtScaleDiv::MajorTick).value(0));
+    }
+    //! Middle of all that has the marker's colour, in the units of the axes; null where there is none.
+    QPointF marker()
+    {
+        const QImage image = plot->canvas()->grab().toImage();
+        QPointF sum;
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor color = image.pixelColor(x, y);
+                if (color.red() > 180 && color.green() > 180 && color.blue() < 60) {
+                    sum += QPointF(x, y);
+                    ++count;
+                }
+            }
+        }
+        if (count == 0)
+            return {};
+        const QPointF middle = sum / count / image.devicePixelRatioF();
+        return {plot->canvasMap(QwtPlot::xBottom).invTransform(middle.x()),
+                plot->canvasMap(QwtPlot::yLeft).invTransform(middle.y())};
+    }
+
+    RVXPositionPlot widget;
+    QwtPlot *plot;
+};
+
+} // namespace
+
+class tst_RVXPositionPlot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theTrailHoldsTwenty()
+    {
+        Display display;
+        for (int i = 1; i <= 20; ++i)
+            display.widget.setData(i, -i);
+        QCOMPARE(display.trail()->dataSize(), std::size_t(20));
+        QCOMPARE(display.trail()->sample(0), QPointF(1, -1));
+        display.widget.setData(21, -21);
+        QCOMPARE(display.trail()->dataSize(), std::size_t(20));
+        QCOMPARE(display.trail()->sample(0), QPointF(2, -2));
+        QCOMPARE(display.trail()->sample(19), QPointF(21, -21));
+    }
+
+    void theMarkerIsWhereTheBeamIs()
+    {
+        Display display;
+        display.widget.setXScale(-20, 20);
+        display.widget.setYScale(-10, 10);
+        display.widget.setScale(1);
+        display.widget.grab(); // lays it out
+        for (const QPointF &place : {QPointF(5, 3), QPointF(-12, 3), QPointF(0, -6)}) {
+            display.tick();
+            display.widget.setData(place.x(), place.y());
+            const QPointF seen = display.marker();
+            QVERIFY(std::abs(seen.x() - place.x()) < 0.3);
+            QVERIFY(std::abs(seen.y() - place.y()) < 0.15);
+        }
+        // A position that is none: the marker is gone.
+        display.tick();
+        display.widget.setData(std::nan(""), 1);
+        QVERIFY(display.marker().isNull());
+    }
+
+    void theNewestPositionIsShownInTheEnd()
+    {
+        Display display;
+        display.widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+        display.tick();
+        display.widget.setData(0.5, 0.5);
+        QCoreApplication::processEvents();
+        PaintCounter paints(display.plot->canvas());
+        display.widget.setData(-0.5, -0.5); // between two ticks, and the last one
+        display.tick();
+        QTRY_VERIFY(paints.count > 0);
+    }
+
+    void aPositionOutOfRangeIsAnArrowAtTheEdge_data()
+    {
+        QTest::addColumn<QPointF>("position");
+        QTest::addColumn<QPointF>("edge"); // of axes from -1 to 1
+        QTest::newRow("right") << QPointF(7, 0.3) << QPointF(1, 0.3);
+        QTest::newRow("left, far away") << QPointF(-1e100, -0.5) << QPointF(-1, -0.5);
+        QTest::newRow("above") << QPointF(0.2, 1.5) << QPointF(0.2, 1);
+        QTest::newRow("below") << QPointF(-0.6, -3) << QPointF(-0.6, -1);
+        QTest::newRow("beyond a corner") << QPointF(4, -3) << QPointF(1, -1);
+    }
+    void aPositionOutOfRangeIsAnArrowAtTheEdge()
+    {
+        QFETCH(QPointF, position);
+        QFETCH(QPointF, edge);
+        Display display;
+        display.widget.setScale(1);
+        display.widget.grab();
+        display.tick();
+        display.widget.setData(position.x(), position.y());
+        const QPointF seen = display.marker();
+        QVERIFY(!seen.isNull());
+        const double inwards =
+            2.0 / 3 * 2.4 * 0.025 * 2; // two thirds of the arrow, in units of the axes
+        const double x = std::abs(edge.x()) < 1 ? edge.x() : edge.x() * (1 - inwards);
+        const double y = std::abs(edge.y()) < 1 ? edge.y() : edge.y() * (1 - inwards);
+        QVERIFY2(std::abs(seen.x() - x) < 0.04 && std::abs(seen.y() - y) < 0.04,
+                 qPrintable(QString("%1 %2").arg(seen.x()).arg(seen.y())));
+    }
+
+    void theTrailFades()
+    {
+        Display display;
+        display.widget.setScale(1);
+        display.widget.grab();
+        for (int i = 0; i < 5; ++i)
+            display.widget.setData(-0.78 + 0.2 * i, 0.34);
+        display.tick();
+        display.widget.setData(0.9, -0.9);
+        const QImage image = display.plot->canvas()->grab().toImage();
+        int before = 0;
+        for (int i = 0; i < 5; ++i) {
+            const QPointF point(
+                display.plot->canvasMap(QwtPlot::xBottom).transform(-0.78 + 0.2 * i),
+                display.plot->canvasMap(QwtPlot::yLeft).transform(0.34));
+            const int brightness =
+                image.pixelColor((point * image.devicePixelRatioF()).toPoint()).value();
+            QVERIFY2(brightness > before + 4, qPrintable(QString::number(brightness)));
+            before = brightness;
+        }
+    }
+
+    void withoutAPositionTheAxesAreSmall()
+    {
+        Display display;
+        for (int scale : {-1, 1, 0}) {
+            if (scale >= 0)
+                display.widget.setScale(scale);
+            display.widget.grab();
+            QCOMPARE(display.axis(QwtPlot::xBottom).section(' ', 0, 0), QString("-1..1"));
+            QCOMPARE(display.axis(QwtPlot::yLeft).section(' ', 0, 0), QString("-1..1"));
+        }
+    }
+
+    void scalesAreFractionsOfTheRanges()
+    {
+        Display display;
+        display.widget.setXScale(-20, 20);
+        display.widget.setYScale(0, 8);
+        QVERIFY(display.plot->axisAutoScale(QwtPlot::xBottom));
+        display.widget.setScale(1);
+        QVERIFY(!display.plot->axisAutoScale(QwtPlot::xBottom));
+        QCOMPARE(display.axis(QwtPlot::xBottom), QString("-20..20 step 4"));
+        QCOMPARE(display.axis(QwtPlot::yLeft), QString("0..8 step 0.8"));
+        display.widget.setScale(9);
+        QCOMPARE(display.axis(QwtPlot::xBottom), QString("-0.1..0.1 step 0.02"));
+        display.widget.setXScale(-40, 40);
+        QCOMPARE(display.axis(QwtPlot::xBottom), QString("-0.2..0.2 step 0.04"));
+        display.widget.setXScale(4, 4);
+        display.widget.setXScale(5, 4);
+        display.widget.setXScale(0, std::numeric_limits<double>::infinity());
+        display.widget.setYScale(std::nan(""), 4);
+        QCOMPARE(display.axis(QwtPlot::xBottom), QString("-0.2..0.2 step 0.04"));
+        QCOMPARE(display.axis(QwtPlot::yLeft), QString("0..0.04 step 0.004"));
+        display.widget.setScale(77);
+        QCOMPARE(display.axis(QwtPlot::xBottom), QString("-40..40 step 8"));
+        display.widget.setScale(0);
+        QVERIFY(display.plot->axisAutoScale(QwtPlot::yLeft));
+    }
+
+    void anyNumberCanBePainted()
+    {
+        Display display;
+        for (double bad :
+             {1e308, -1e308, std::numeric_limits<double>::infinity(), std::nan(""), 0.0}) {
+            display.tick();
+            display.widget.setData(bad, bad);
+            QVERIFY(!display.widget.grab().isNull());
+        }
+        QVERIFY(display.plot->axisInterval(QwtPlot::xBottom).width() < 10); // around the 0
+    }
+
+    void theCanvasIsSquare()
+    {
+        Display display;
+        for (const QSize &size :
+             {QSize(500, 300), QSize(230, 600), QSize(200, 200), QSize(3840, 2160)}) {
+            display.widget.resize(size);
+            display.widget.grab();
+            const QSize canvas = display.plot->canvas()->contentsRect().size();
+            QVERIFY2(std::abs(canvas.width() - canvas.height()) <= 1,
+                     qPrintable(QString("%1 x %2").arg(canvas.width()).arg(canvas.height())));
+            QVERIFY(canvas.width() > std::min(size.width(), size.height()) * 0.5);
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXPositionPlot)
+#include "tst_RVXPositionPlot.moc"

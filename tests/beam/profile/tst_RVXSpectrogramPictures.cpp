@@ -1,0 +1,504 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/RVXPositionPlot.h"
+#include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+#include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
+#include "corvale_qt/beam/spots/SpotMapWidget.h"
+#include "tests/beam/profile/BeamDisplay.h"
+#include "tests/support/PaintCounter.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot_item.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QScrollArea>
+#include <QSpinBox>
+
+#include <functional>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+/*! Where something lies in a picture, and which way it points. */
+struct Blob
+{
+    double weight = 0;
+    QPointF centre; //!< pixels
+    double angle =
+        0; //!< of the longer axis, degrees, on the screen: counter-clockwise from the right
+};
+
+Blob measure(const QSize &size, const std::function<double(int, int)> &weightAt)
+{
+    double sum = 0;
+    double x = 0;
+    double y = 0;
+    double xx = 0;
+    double yy = 0;
+    double xy = 0;
+    for (int row = 0; row < size.height(); ++row) {
+        for (int column = 0; column < size.width(); ++column) {
+            const double weight = weightAt(column, row);
+            sum += weight;
+            x += weight * column;
+            y += weight * row;
+            xx += weight * column * column;
+            yy += weight * row * row;
+            xy += weight * column * row;
+        }
+    }
+    Blob blob;
+    blob.weight = sum;
+    blob.centre = QPointF(x, y) / sum;
+    const double cxx = xx / sum - blob.centre.x() * blob.centre.x();
+    const double cyy = yy / sum - blob.centre.y() * blob.centre.y();
+    const double cxy = xy / sum - blob.centre.x() * blob.centre.y();
+    blob.angle = -std::atan2(2 * cxy, cxx - cyy) / 2 * 180 / M_PI;
+    return blob;
+}
+
+Blob brightness(const QImage &image)
+{
+    return measure(image.size(), [&image](int x, int y) {
+        return qGray(image.pixel(x, y));
+    });
+}
+
+Blob difference(const QImage &one, const QImage &other)
+{
+    return measure(one.size(), [&](int x, int y) {
+        return one.pixel(x, y) != other.pixel(x, y);
+    });
+}
+
+//! The smallest rectangle around all pixels that differ.
+QRectF extent(const QImage &one, const QImage &other)
+{
+    QRect rect;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            if (one.pixel(x, y) != other.pixel(x, y))
+                rect |= QRect(x, y, 1, 1);
+        }
+    }
+    return rect;
+}
+
+//! How far two axes point apart, 0 to 90 degrees.
+double apart(double a, double b)
+{
+    return std::abs(std::remainder(a - b, 180));
+}
+
+/*! A display in grey, with the raster alone: what is switched on shows as a difference. */
+struct PictureDisplay : BeamDisplay
+{
+    PictureDisplay()
+    {
+        widget.sidebarEnabled(false);
+        widget.resize(420, 420);
+        control<QComboBox>("comboBox_color")->setCurrentIndex(0);
+        check("checkBox_smoothing", true);
+        check("checkBox_ellipse", false);
+        check("checkBox_meanX", false);
+        check("checkBox_meanY", false);
+        plot = widget.findChild<SpectrogramPlot *>();
+    }
+
+    QImage canvas()
+    {
+        widget.grab(); // lays it out
+        return plot->canvas()->grab().toImage();
+    }
+    //! In the pixels of the picture.
+    QPointF pixelOf(double rasterX, double rasterY) const
+    {
+        return widget.devicePixelRatioF()
+            * QPointF(plot->canvasMap(QwtPlot::xBottom).transform(rasterX),
+                      plot->canvasMap(QwtPlot::yLeft).transform(rasterY));
+    }
+
+    SpectrogramPlot *plot;
+};
+
+} // namespace
+
+class tst_RVXSpectrogramPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theEllipseLiesAlongTheBeam_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<bool>("invertX");
+        QTest::addColumn<bool>("invertY");
+        for (int inversion = 0; inversion < 4; ++inversion) {
+            for (double degrees : {0, 30, 45, 90, 135}) {
+                for (bool strips : {false, true}) {
+                    QTest::addRow("%s, %g degrees, inverted %d",
+                                  strips ? "strips" : "pixels",
+                                  degrees,
+                                  inversion)
+                        << strips << degrees << bool(inversion & 1) << bool(inversion & 2);
+                }
+            }
+        }
+    }
+    void theEllipseLiesAlongTheBeam()
+    {
+        QFETCH(bool, strips);
+        QFETCH(double, degrees);
+        QFETCH(bool, invertX);
+        QFETCH(bool, invertY);
+        PictureDisplay display;
+        display.check("checkBox_invertX", invertX);
+        display.check("checkBox_invertY", invertY);
+        if (strips) {
+            display.widget.setL408(true);
+            // Strips see the beam's projections.
+            const double turn = degrees * M_PI / 180;
+            const double sigmaX = std::hypot(4 * std::cos(turn), 1.6 * std::sin(turn));
+            const double sigmaY = std::hypot(4 * std::sin(turn), 1.6 * std::cos(turn));
+            QVERIFY(display.feed(Frames::strips(17, sigmaX, 14, sigmaY)).valid);
+        } else {
+            display.widget.setPixelated(true);
+            QVERIFY(display.feed(Frames::pixels(1.9, -1.9, 6.5, 2.8, degrees)).valid);
+        }
+        const QImage bare = display.canvas();
+        display.check("checkBox_ellipse", true);
+        const QImage withEllipse = display.canvas();
+        const Blob beam = brightness(bare);
+        const Blob ellipse = difference(withEllipse, bare);
+        QVERIFY(ellipse.weight > 100);
+
+        // The strips' raster is drawn half a cell off its
+        // centre.
+        const double cell = bare.width() / (strips ? 32.0 : 12.0);
+        const QPointF off = ellipse.centre - beam.centre;
+        QVERIFY2(std::hypot(off.x(), off.y()) < (strips ? 0.85 : 0.4) * cell,
+                 qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
+        // A beam of 45 degrees has two equal projections: the strips' ellipse is a circle.
+        const bool round = strips && (degrees == 45 || degrees == 135);
+        if (!round)
+            QVERIFY2(apart(ellipse.angle, beam.angle) < 5,
+                     qPrintable(QString("ellipse %1, beam %2").arg(ellipse.angle).arg(beam.angle)));
+        // The picture is mirrored as often as an axis is.
+        const double expected = invertX != invertY ? -degrees : degrees;
+        if (!strips)
+            QVERIFY2(apart(ellipse.angle, expected) < 5,
+                     qPrintable(QString::number(ellipse.angle)));
+        const bool right = beam.centre.x() > bare.width() / 2.0;
+        const bool down = beam.centre.y() > bare.height() / 2.0;
+        QCOMPARE(right, !invertX);
+        QCOMPARE(down, !invertY);
+    }
+
+    void theEllipseGrowsWithItsSigmas_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::newRow("pixels") << false;
+        QTest::newRow("strips") << true;
+    }
+    void theEllipseGrowsWithItsSigmas()
+    {
+        QFETCH(bool, strips);
+        PictureDisplay display;
+        display.widget.setL408(strips);
+        display.widget.setPixelated(!strips);
+        // 5 mm wide and 4 mm high, in the middle.
+        display.feed(strips ? Frames::strips(15.5, 2.5, 15.5, 2) : Frames::pixels(0, 0, 5, 4, 0));
+        const QImage bare = display.canvas();
+        display.check("checkBox_ellipse", true);
+        for (int sigmas : {1, 3}) {
+            display.control<QSpinBox>("spinBox_sigma")->setValue(sigmas);
+            const QRectF ellipse = extent(display.canvas(), bare);
+            const double millimetre = bare.width() / (strips ? 32 * 2.0 : 12 * 3.8);
+            const double line = 4 * bare.devicePixelRatio(); // the width of the outline
+            const QPointF off = ellipse.center() - QPointF(bare.width(), bare.height()) / 2;
+            QVERIFY(std::hypot(off.x(), off.y()) < line);
+            // The matrix sees a little less of a beam than there is: it is round, and has an edge.
+            QVERIFY(std::abs((ellipse.width() - line) / (2 * 5 * sigmas * millimetre) - 1) < 0.06);
+            QVERIFY(std::abs((ellipse.height() - line) / (2 * 4 * sigmas * millimetre) - 1) < 0.06);
+        }
+    }
+
+    void belowTheThresholdThereIsNoEllipse()
+    {
+        PictureDisplay display;
+        display.widget.setPixelated(true);
+        display.check("checkBox_arrow", true);
+        display.control<QDoubleSpinBox>("threshold_QScienceSpinBox")->setValue(5e-10);
+        display.feed(Frames::pixels(6, 4, 4, 4, 0, 1e-9));
+        display.check("checkBox_arrow", false);
+        const QImage bare = display.canvas();
+        display.check("checkBox_arrow", true);
+        display.check("checkBox_ellipse", true);
+        QVERIFY(display.canvas() != bare);
+
+        display.check("checkBox_threshold", true);
+        display.widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+        display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
+        QCOMPARE(display.canvas(), bare);
+        QCoreApplication::processEvents();
+        // Nothing else changes: nothing is painted.
+        PaintCounter paints(display.plot->canvas());
+        for (int i = 0; i < 5; ++i) {
+            display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(paints.count, 0);
+        display.feed(Frames::pixels(6, 4, 4, 4, 0, 1e-9));
+        QVERIFY(display.canvas() != bare);
+        QTRY_VERIFY(paints.count > 0);
+    }
+
+    void coloursStandForReadings_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QStringList>(
+            "colours"); // of 0, 0.05, 0.1, 0.2, 0.3, 0.4 ... of full scale
+        QTest::newRow("colour") << 1
+                                << QStringList{"#000000",
+                                               "#000080",
+                                               "#0000ff",
+                                               "#0080ff",
+                                               "#00ffff",
+                                               "#00ff80",
+                                               "#00ff00",
+                                               "#80ff00",
+                                               "#ffff00",
+                                               "#ff8000",
+                                               "#ff0000",
+                                               "#ff0000"};
+        QTest::newRow("grey") << 0
+                              << QStringList{"#000000",
+                                             "#0d0d0d",
+                                             "#1a1a1a",
+                                             "#333333",
+                                             "#4d4d4d",
+                                             "#666666",
+                                             "#808080",
+                                             "#999999",
+                                             "#b3b3b3",
+                                             "#cccccc",
+                                             "#e6e6e6",
+                                             "#ffffff"};
+    }
+    void coloursStandForReadings()
+    {
+        QFETCH(int, mode);
+        QFETCH(QStringList, colours);
+        const double shares[] = {0, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
+        PictureDisplay display;
+        display.control<QComboBox>("comboBox_color")->setCurrentIndex(mode);
+        display.check("checkBox_smoothing", false);
+        display.widget.setPixelated(true);
+        display.widget.setRange(1e-6, 2e-9);
+        display.widget.setScale(2);
+        QVector<double> frame(128, 0.0);
+        for (int column = 0; column < 12; ++column)
+            frame[PixelWiring::readingAt(5, column)] = shares[column] * 2e-9;
+        display.feed(frame);
+        const QImage image = display.canvas();
+        for (int column = 0; column < 12; ++column) {
+            const QColor seen = image.pixelColor(display.pixelOf(column + 0.5, 5.5).toPoint());
+            const QColor expected(colours[column]);
+            // Halves may be rounded either way.
+            QVERIFY2(std::abs(seen.red() - expected.red()) <= 1
+                         && std::abs(seen.green() - expected.green()) <= 1
+                         && std::abs(seen.blue() - expected.blue()) <= 1,
+                     qPrintable(QString("%1: %2").arg(shares[column]).arg(seen.name())));
+        }
+    }
+
+    void axesCountCells_data()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::addColumn<QString>("bottom");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("strips") << true << "0 4 8 12 16 20 24 28 32"
+                                << "32 30 28 26 24 22 20 18 16 14 12 10 8 6 4 2 0";
+        QTest::newRow("pixels") << false << "0 2 4 6 8 10 12"
+                                << "12 10 8 6 4 2 0";
+    }
+    void axesCountCells()
+    {
+        QFETCH(bool, strips);
+        PictureDisplay display;
+        display.widget.setL408(strips);
+        display.widget.setPixelated(!strips);
+        const auto ticks = [&display](int axis) {
+            const QwtScaleDiv div = display.plot->axisScaleDiv(axis);
+            QStringList texts;
+            for (double tick : div.ticks(QwtScaleDiv::MajorTick))
+                texts << QString::number(tick);
+            if ((div.upperBound() < div.lowerBound()) != (texts.first() != "0"))
+                std::reverse(texts.begin(), texts.end());
+            return texts.join(' ');
+        };
+        QTEST(ticks(QwtPlot::xBottom), "bottom");
+        QTEST(ticks(QwtPlot::yLeft), "left");
+    }
+
+    void numbersHaveADecimalPointInEveryLocale()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        QWidget window;
+        auto *profile = new RVXSpectrogram(&window);
+        new RVXPositionPlot(&window);
+        (new RVXSplitPlot(&window))->setNumberPlots(1);
+        new RVXPositionErrorPlot(&window);
+        new SpotMapWidget(&window);
+        window.setLocale(QLocale());
+        const auto axes = window.findChildren<QwtScaleWidget *>();
+        const auto boxes = window.findChildren<QDoubleSpinBox *>();
+        QVERIFY(axes.size() == 5 * 4 + 2 && boxes.size() >= 14);
+        profile->setPixelated(true);
+        QMetaObject::invokeMethod(profile, "update");
+        profile->setData(Frames::pixels(3, 4, 5, 4, 30), 1);
+        for (const QwtScaleWidget *axis : axes) {
+            const QString text = axis->scaleDraw()->label(4328.5).text();
+            QVERIFY2(axis->isHidden() || !text.contains(','), qPrintable(text));
+        }
+        for (const QDoubleSpinBox *box : boxes) {
+            const QString text = box->text();
+            QVERIFY2(!text.contains(','), qPrintable(box->objectName() + ": " + text));
+        }
+        // What is typed may have the operator's own.
+        auto *threshold = window.findChild<QDoubleSpinBox *>("threshold_QScienceSpinBox");
+        QCOMPARE(threshold->valueFromText("1,5e-9 C"), 1.5e-9);
+        QLocale::setDefault(before);
+    }
+
+    void theBrightestSpotIsTheBeam()
+    {
+        PictureDisplay display;
+        display.check("checkBox_smoothing", false);
+        display.widget.setPixelated(true);
+        display.feed(Frames::pixels(9.5, 5.7, 3, 3, 0)); // the middle of column 8, row 4
+        const QImage image = display.canvas();
+        const QPoint spot = display.pixelOf(8.5, 4.5).toPoint();
+        QCOMPARE(qGray(image.pixel(spot)), 255);
+        int white = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                white += qGray(image.pixel(x, y)) == 255;
+        }
+        const double cell = image.width() / 12.0;
+        QVERIFY(std::abs(white - cell * cell) < 0.2 * cell * cell); // that cell and no other
+    }
+
+    void meansAndArrowAreWhereTheyBelong()
+    {
+        PictureDisplay display;
+        display.widget.setPixelated(true);
+        display.feed(Frames::pixels(7.6, 3.8, 3, 3, 0)); // two cells right of the middle, one up
+        const QImage bare = display.canvas();
+        display.check("checkBox_meanX", true);
+        const Blob meanX = difference(display.canvas(), bare);
+        QVERIFY(std::abs(meanX.centre.x() - display.pixelOf(8, 0).x()) < 4);
+        QVERIFY(apart(meanX.angle, 90) < 1);
+        display.check("checkBox_meanX", false);
+        display.check("checkBox_meanY", true);
+        const Blob meanY = difference(display.canvas(), bare);
+        QVERIFY(std::abs(meanY.centre.y() - display.pixelOf(0, 5).y()) < 4);
+        display.check("checkBox_meanY", false);
+
+        display.check("checkBox_arrow", true);
+        Blob arrow = difference(display.canvas(), bare);
+        // From the middle to the beam: two to the right and one up.
+        QVERIFY(apart(arrow.angle, std::atan(0.5) * 180 / M_PI) < 4);
+        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(7.6);
+        display.control<QDoubleSpinBox>("yorigin_doubleSpinBox")->setValue(-11.4);
+        arrow = difference(display.canvas(), bare);
+        QVERIFY(apart(arrow.angle, 90) < 2);
+        QVERIFY(std::abs(arrow.centre.x() - display.pixelOf(8, 0).x()) < 6);
+        // Mirrored, the origin's numbers mean the mirrored side, as the means do.
+        display.check("checkBox_arrow", false);
+        display.check("checkBox_invertX", true);
+        const QImage mirrored = display.canvas();
+        display.check("checkBox_arrow", true);
+        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(-7.6);
+        arrow = difference(display.canvas(), mirrored);
+        QVERIFY(apart(arrow.angle, 90) < 2);
+    }
+
+    void theCanvasStaysSquare()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        for (const QSize &size : {QSize(900, 400), QSize(350, 800), QSize(1600, 1600)}) {
+            display.widget.resize(size);
+            display.feed(Frames::strips(15,
+                                        3,
+                                        15,
+                                        3,
+                                        1e-9 * display.time)); // other labels on the colour bar
+            const QSize canvas = display.canvas().size();
+            QVERIFY(std::abs(canvas.width() - canvas.height()) <= 2);
+        }
+        display.widget.scaleEnabled(false);
+        const QSize canvas = display.canvas().size();
+        QVERIFY(std::abs(canvas.width() - canvas.height()) <= 2);
+    }
+
+    //! Down to where nothing is left between the colour bar and the labels.
+    void aCanvasWithoutRoomPaintsNothing()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        display.widget.sidebarEnabled(false);
+        display.feed(Frames::strips(15, 3, 15, 3));
+        int narrowest = 1000;
+        // A host may allow what the form does not.
+        display.widget.findChild<QWidget *>("frame_plot")->setMinimumSize(0, 0);
+        for (int width = 400; width >= 20; --width) {
+            display.widget.resize(width, 400);
+            display.canvas(); // paints it
+            narrowest = std::min(narrowest, display.plot->canvas()->width());
+        }
+        QVERIFY(narrowest < 10);
+    }
+
+    void theNarrowestDisplayShowsItsRaster()
+    {
+        PictureDisplay display;
+        display.widget.setL408(true);
+        display.feed(Frames::strips(15, 3, 15, 3));
+        display.widget.resize(1, 400);
+        display.canvas();
+        QVERIFY(display.plot->canvas()->width() > 60);
+    }
+
+    void theSideBarShowsAllOfItself()
+    {
+        BeamDisplay display;
+        const auto *timePlot = display.control<QWidget>("frame_timePlot");
+        for (const QSize &size : {display.widget.size(), display.widget.sizeHint()}) {
+            display.widget.resize(size);
+            display.widget.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&display.widget));
+            QCOMPARE(timePlot->visibleRegion().boundingRect(), timePlot->rect());
+        }
+        for (const QSize &size : {display.widget.sizeHint(), QSize(700, 500)}) {
+            display.widget.resize(size);
+            display.widget.grab();
+            auto *sidebar = display.control<QWidget>("sidebar");
+            auto *area = display.control<QScrollArea>("scrollArea_sidebar");
+            QVERIFY(sidebar->width() >= sidebar->minimumSizeHint().width());
+            QVERIFY(sidebar->width() <= area->viewport()->width());
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXSpectrogramPictures)
+#include "tst_RVXSpectrogramPictures.moc"

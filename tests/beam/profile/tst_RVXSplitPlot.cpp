@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot.h>
+#include <qwt_scale_map.h>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+struct Display
+{
+    Display() { widget.resize(600, 400); }
+
+    void tick() { QMetaObject::invokeMethod(&widget, "update"); }
+    QList<QwtPlot *> plots() { return widget.findChildren<QwtPlot *>(); }
+    QString axis(int i)
+    {
+        const QwtInterval interval = plots()[i]->axisInterval(QwtPlot::xBottom);
+        return QString("%1..%2").arg(interval.minValue()).arg(interval.maxValue());
+    }
+    //! Where the bar ends, in the units of the axis: the coloured pixel farthest from 0.
+    double barEnd(int i)
+    {
+        QwtPlot *plot = plots()[i];
+        const QImage image = plot->canvas()->grab().toImage();
+        const double ratio = image.devicePixelRatioF();
+        const int y = static_cast<int>(ratio * plot->canvasMap(QwtPlot::yLeft).transform(0.09));
+        const QwtScaleMap map = plot->canvasMap(QwtPlot::xBottom);
+        double end = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            const double place = map.invTransform(x / ratio);
+            if (color.saturation() > 128 && color.value() > 128 && std::abs(place) > std::abs(end))
+                end = place;
+        }
+        return end;
+    }
+
+    RVXSplitPlot widget;
+};
+
+} // namespace
+
+class tst_RVXSplitPlot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void plotsAreReplaced()
+    {
+        Display display;
+        display.widget.setNumberPlots(3);
+        QCOMPARE(display.plots().size(), 3);
+        QVERIFY(display.plots()[0]->axisEnabled(QwtPlot::xBottom));
+        QVERIFY(!display.plots()[0]->axisEnabled(QwtPlot::yLeft));
+        display.widget.setNumberPlots(2);
+        QCOMPARE(display.plots().size(), 2);
+        display.widget.setAxisLabel("A - B", 1);
+        QCOMPARE(display.plots()[1]->axisTitle(QwtPlot::xBottom).text(), QString("A - B"));
+        for (int none : {0, -5}) {
+            display.widget.setNumberPlots(2);
+            display.widget.setNumberPlots(none);
+            QCOMPARE(display.plots().size(), 0);
+        }
+        display.widget.setNumberPlots(std::numeric_limits<int>::max());
+        QCOMPARE(display.plots().size(), 256);
+    }
+
+    void oneValueIsShownAtOnce()
+    {
+        Display display;
+        display.widget.setNumberPlots(2);
+        display.widget.grab();
+        display.widget.setData(0.5, 0);
+        display.widget.setData(-0.8, 1);
+        QVERIFY(std::abs(display.barEnd(0) - 0.5) < 0.02);
+        QVERIFY(std::abs(display.barEnd(1) + 0.8) < 0.02);
+        // The line through 0 stands out from the bar, over the whole height.
+        QwtPlot *plot = display.plots()[0];
+        const QImage image = plot->canvas()->grab().toImage();
+        const double zero = plot->canvasMap(QwtPlot::xBottom).transform(0);
+        const int column = static_cast<int>(zero * image.devicePixelRatioF());
+        for (int y = 0; y < image.height(); ++y) {
+            const auto isLine = [&](int x) {
+                const QColor color = image.pixelColor(x, y);
+                return color.saturation() < 40 && color.value() > 150;
+            };
+            QVERIFY(isLine(column - 1) || isLine(column) || isLine(column + 1));
+        }
+        display.widget.setData(7.0, 0); // beyond the axis: to its end
+        QVERIFY(display.barEnd(0) > 0.97);
+        for (int none : {-1, 2, 1000})
+            display.widget.setData(0.1, none);
+        for (double bad : {std::nan(""), 1e308, -std::numeric_limits<double>::infinity()}) {
+            display.widget.setData(bad, 0);
+            QCOMPARE(display.barEnd(0), 0.0);
+        }
+    }
+
+    void twoValuesWaitForTheTick()
+    {
+        Display display;
+        display.widget.setNumberPlots(2);
+        display.widget.grab();
+        display.tick();
+        display.widget.setData(0.3, -0.3);
+        QVERIFY(std::abs(display.barEnd(0) - 0.3) < 0.02);
+        display.widget.setData(0.9, -0.9); // between two ticks: dropped
+        QVERIFY(std::abs(display.barEnd(0) - 0.3) < 0.02);
+        display.tick(); // nor shown later
+        QVERIFY(std::abs(display.barEnd(1) + 0.3) < 0.02);
+        display.widget.setData(0.9, -0.9);
+        QVERIFY(std::abs(display.barEnd(1) + 0.9) < 0.02);
+        // With one plot, or none, the second value has no place.
+        display.widget.setNumberPlots(1);
+        display.tick();
+        display.widget.setData(0.1, 0.2);
+    }
+
+    void scales()
+    {
+        Display display;
+        display.widget.setXScale(-20, 20);
+        display.widget.setScale(3);
+        display.widget.setNumberPlots(2);
+        QCOMPARE(display.axis(1), QString("-1..1")); // until the next one
+        display.widget.setScale(3);
+        QCOMPARE(display.axis(0), QString("-10..10"));
+        QCOMPARE(display.axis(1), QString("-10..10"));
+        display.widget.setXScale(-2, 4);
+        QCOMPARE(display.axis(0), QString("-1..2"));
+        display.widget.setXScale(4, -2);
+        QCOMPARE(display.axis(0), QString("-1..2"));
+        display.widget.setScale(0);
+        display.widget.setData(30.0, 0);
+        QVERIFY(display.plots()[0]->axisInterval(QwtPlot::xBottom).contains(30));
+        QVERIFY(display.plots()[0]
+                    ->axisInterval(QwtPlot::xBottom)
+                    .contains(-30)); // 0 stays in the middle
+        display.widget.setData(1e308, 0);
+        QVERIFY(!display.widget.grab().isNull());
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXSplitPlot)
+#include "tst_RVXSplitPlot.moc"

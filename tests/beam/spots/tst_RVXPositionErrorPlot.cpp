@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot.h>
+#include <qwt_scale_div.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPolygonF>
+#include <QRandomGenerator>
+#include <QStandardItemModel>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+QList<QStandardItem *> errorRow(double x, double y, double energy)
+{
+    QList<QStandardItem *> items;
+    for (const double value : {0.0, energy, 1.0, x, y, 10.0, 20.0}) {
+        items << new QStandardItem;
+        items.last()->setData(value, Qt::UserRole);
+    }
+    return items;
+}
+
+QString fields(const QWidget &plot)
+{
+    QStringList texts;
+    for (const char *name : {"doubleSpinBox_xmean", "doubleSpinBox_ymean", "doubleSpinBox_Energy"})
+        texts << plot.findChild<QLineEdit *>(name)->text();
+    return texts.join(' ');
+}
+
+//! The plot's picture, and the pixels of a point on it.
+class Picture
+{
+public:
+    explicit Picture(RVXPositionErrorPlot &plot)
+        : m_plot(plot.findChild<QwtPlot *>())
+        , m_image(plot.grab().toImage())
+        , m_origin(m_plot->canvas()->mapTo(&plot, QPoint()))
+        , m_ratio(plot.devicePixelRatioF())
+    {
+    }
+
+    QColor at(double x, double y, QPointF offset = QPointF()) const
+    {
+        const QPointF point(m_plot->canvasMap(QwtPlot::xBottom).transform(x),
+                            m_plot->canvasMap(QwtPlot::yLeft).transform(y));
+        return m_image.pixelColor(((m_origin + point + offset) * m_ratio).toPoint());
+    }
+
+private:
+    QwtPlot *m_plot;
+    QImage m_image;
+    QPointF m_origin;
+    double m_ratio;
+};
+
+QColor highlight(const QWidget &widget)
+{
+    return widget.palette().color(QPalette::Highlight);
+}
+
+} // namespace
+
+class tst_RVXPositionErrorPlot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void toleranceSetsTheAxes_data()
+    {
+        QTest::addColumn<float>("tx");
+        QTest::addColumn<float>("ty");
+        QTest::addColumn<QString>("axes");
+        QTest::newRow("2.4 and 0.6, rounded up") << 2.0F << 0.5F << "-3 3 step 1, -1 1 step 1";
+        // 1.2F x 5.0F is 6.00000024 before it is rounded to single precision, and 6 after.
+        QTest::newRow("in single precision") << 5.0F << 2.5F << "-6 6 step 1, -3 3 step 1";
+        QTest::newRow("a large one") << 1000.0F << 80.0F << "-1200 1200 step 1, -96 96 step 1";
+        QTest::newRow("0 is none") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("nor is less") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("nor NaN") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("nor one of metres") << 1.0F << 1e30F << "-4 4 step 1, -4 4 step 1";
+    }
+
+    void toleranceSetsTheAxes()
+    {
+        QFETCH(float, tx);
+        QFETCH(float, ty);
+        RVXPositionErrorPlot plot;
+        plot.setTolerance(3.0F, 3.0F);
+        plot.setTolerance(tx, ty);
+        QStringList axes;
+        for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+            const QwtScaleDiv div = plot.findChild<QwtPlot *>()->axisScaleDiv(axis);
+            const QList<double> ticks = div.ticks(QwtScaleDiv::MajorTick);
+            axes << QString("%1 %2 step %3")
+                        .arg(div.lowerBound())
+                        .arg(div.upperBound())
+                        .arg(ticks[1] - ticks[0]);
+        }
+        QTEST(axes.join(", "), "axes");
+    }
+
+    void axesFitWhateverTheTolerance()
+    {
+        RVXPositionErrorPlot plot;
+        plot.grab();
+        const auto *qwtPlot = plot.findChild<QwtPlot *>();
+        for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft})
+            QCOMPARE(qwtPlot->axisInterval(axis), QwtInterval(-1, 1)); // there is nothing to follow
+        plot.setSamples(QPolygonF(QVector<QPointF>{{-7, 3}, {8, 3.5}}));
+        QVERIFY(qwtPlot->axisInterval(QwtPlot::xBottom).contains(8));
+        QVERIFY(qwtPlot->axisInterval(QwtPlot::xBottom).width() < 40);
+        for (float tolerance : {1.0F, 12.0F, 100.0F, 1000.0F}) {
+            plot.setTolerance(tolerance, tolerance);
+            const QSize least = plot.minimumSizeHint();
+            QVERIFY2(least.width() <= 400 && least.height() <= 400,
+                     qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
+            QVERIFY(plot.sizeHint().width() <= 480 && plot.sizeHint().height() <= 480);
+            plot.resize(least);
+            // Labels of the lower axis are apart: some columns between the first and the last are empty.
+            const QImage image = plot.grab().toImage();
+            const double ratio = image.devicePixelRatioF();
+            const auto *axis = qwtPlot->axisWidget(QwtPlot::xBottom);
+            const QRect area(axis->mapTo(&plot, QPoint(0, 0)), axis->size());
+            const int top = int(ratio * (area.top() + 14)); // below the ticks
+            const int bottom = top + int(ratio * (QFontMetrics(axis->font()).ascent() - 4));
+            int gaps = 0;
+            bool inGap = true;
+            for (int x = int(ratio * area.left()); x < int(ratio * area.right()); ++x) {
+                bool empty = true;
+                for (int y = top; y < bottom; ++y)
+                    empty = empty && qGray(image.pixel(x, y)) > 200;
+                gaps += empty && !inGap;
+                inGap = empty;
+            }
+            QVERIFY2(gaps >= 4 && gaps < area.width() / 4, qPrintable(QString::number(gaps)));
+        }
+    }
+
+    void meansAndEnergyFollowTheModel()
+    {
+        QStandardItemModel model(0, 7);
+        ModelWatch watch(&model);
+        RVXPositionErrorPlot plot;
+        QCOMPARE(fields(plot), QString("N/A N/A N/A"));
+        plot.setModel(&model);
+        model.appendRow(errorRow(1.0, -0.5, 120.04));
+        model.appendRow(errorRow(0.0, 0.25, 119.96));
+        QCOMPARE(fields(plot), QString("0.500 -0.125 120.0"));
+        model.insertRow(0, errorRow(qQNaN(), 0.25, 70.0));
+        QCOMPARE(fields(plot), QString("0.500 0.000 120.0"));
+        model.item(2, 3)->setData("no number", Qt::UserRole);
+        model.item(2, 1)->setData(qInf(), Qt::UserRole);
+        QCOMPARE(fields(plot), QString("1.000 0.000 N/A"));
+        model.removeRow(2);
+        QCOMPARE(fields(plot), QString("1.000 -0.125 120.0"));
+        // What rounds to nothing has no sign.
+        model.item(1, 4)->setData(-0.2501, Qt::UserRole);
+        QCOMPARE(fields(plot), QString("1.000 0.000 120.0"));
+        model.clear();
+        QCOMPARE(fields(plot), QString("N/A N/A N/A"));
+        QCOMPARE(watch.complaints(), QString());
+    }
+
+    void rowsAndDotsStayAligned()
+    {
+        QStandardItemModel model(0, 7);
+        RVXPositionErrorPlot plot;
+        plot.resize(500, 500);
+        plot.setTolerance(10, 10);
+        plot.setModel(&model);
+        plot.show();
+        QRandomGenerator random(5);
+        for (int step = 0; step < 200; ++step) {
+            const int rows = model.rowCount();
+            const auto value = [&random] {
+                return random.bounded(20.0) - 10.0;
+            };
+            if (rows < 3 || random.bounded(3) == 0)
+                model.insertRow(random.bounded(rows + 1), errorRow(value(), value(), 100));
+            else if (random.bounded(2) == 0)
+                model.removeRows(random.bounded(rows - 1), 2);
+            else
+                model.item(random.bounded(rows), 3)->setData(value(), Qt::UserRole);
+        }
+        plot.grab();
+        double sum = 0.0;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            sum += model.item(row, 3)->data(Qt::UserRole).toDouble();
+            const auto *qwtPlot = plot.findChild<QwtPlot *>();
+            const double x = model.item(row, 3)->data(Qt::UserRole).toDouble();
+            const int pixel = qRound(qwtPlot->canvasMap(QwtPlot::xBottom).transform(x))
+                + qwtPlot->canvas()->mapTo(&plot, QPoint()).x();
+            const QRect rect = plot.visualRect(model.index(row, 0));
+            QVERIFY(qAbs(rect.center().x() - pixel) <= 1);
+            QVERIFY(plot.indexAt(rect.center()).isValid());
+        }
+        QVERIFY(model.rowCount() > 5);
+        QCOMPARE(fields(plot).section(' ', 0, 0), QString::number(sum / model.rowCount(), 'f', 3));
+    }
+
+    void aModelMayBeDeletedFirst()
+    {
+        auto *model = new QStandardItemModel(0, 7);
+        RVXPositionErrorPlot plot;
+        plot.setModel(model);
+        model->appendRow(errorRow(1, 1, 100));
+        delete model;
+        QCOMPARE(fields(plot), QString("N/A N/A N/A"));
+        plot.grab();
+    }
+
+    //! As a child it is deleted after the rest of the plot.
+    void aModelMayBeThePlotsOwn()
+    {
+        auto *plot = new RVXPositionErrorPlot;
+        auto *model = new QStandardItemModel(0, 7, plot);
+        const QPointer<QAbstractItemModel> watched = model;
+        model->appendRow(errorRow(1, 1, 100));
+        plot->setModel(model);
+        delete plot;
+        QVERIFY(!watched);
+    }
+
+    void nothingIsCutOffInAnyFont()
+    {
+        QStandardItemModel model(0, 7);
+        model.appendRow(errorRow(-12.3456, 12.3456, 249.96));
+        RVXPositionErrorPlot plot;
+        plot.setModel(&model);
+        plot.setFont(QFont("DejaVu Sans", 16));
+        plot.show();
+        plot.resize(plot.minimumSizeHint());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        plot.resize(plot.minimumSizeHint());
+        for (const auto *label : plot.findChildren<QLabel *>())
+            QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+        for (const auto *field : plot.findChildren<QLineEdit *>())
+            QVERIFY(field->fontMetrics().horizontalAdvance(field->text()) + 8 <= field->width());
+    }
+
+    void theNewestDotStandsOut()
+    {
+        QStandardItemModel model(0, 7);
+        RVXPositionErrorPlot plot;
+        plot.resize(500, 500);
+        plot.setTolerance(2, 2);
+        plot.setModel(&model);
+        model.appendRow(errorRow(-0.5, 0.5, 100));
+        model.appendRow(errorRow(0.5, -0.5, 100));
+        const Picture picture(plot);
+        QCOMPARE(picture.at(0.5, -0.5), highlight(plot));
+        QCOMPARE(picture.at(0.5, -0.5, QPointF(3.5, 0)), highlight(plot));
+        const QColor older = picture.at(-0.5, 0.5);
+        QVERIFY(older != highlight(plot) && older.red() == older.blue() && older.red() < 220);
+        QVERIFY(picture.at(-0.5, 0.5, QPointF(3.5, 0)).red() > 240);
+        // Another dot is the newest one now.
+        model.appendRow(errorRow(-0.5, 0.5, 100));
+        QCOMPARE(Picture(plot).at(-0.5, 0.5), highlight(plot));
+        QVERIFY(Picture(plot).at(0.5, -0.5) != highlight(plot));
+        // One without a place is not: and no other dot takes its part.
+        model.appendRow(errorRow(qQNaN(), 0.5, 100));
+        QVERIFY(Picture(plot).at(-0.5, 0.5) != highlight(plot));
+    }
+
+    void theToleranceIsABlackFrame()
+    {
+        RVXPositionErrorPlot plot;
+        plot.resize(500, 500);
+        plot.setTolerance(2, 0.5);
+        plot.setSamples(QPolygonF(QVector<QPointF>{QPointF(0, 0)}));
+        const Picture picture(plot);
+        for (const QPointF &point :
+             {QPointF(-2, 0.1), QPointF(2, 0.1), QPointF(0.3, -0.5), QPointF(0.3, 0.5)}) {
+            // The line lies on the pixel, or on its neighbour, depending on the rounding.
+            int darkest = 255;
+            for (int dx = -1; dx <= 1; ++dx) {
+                for (int dy = -1; dy <= 1; ++dy)
+                    darkest =
+                        qMin(darkest, picture.at(point.x(), point.y(), QPointF(dx, dy)).red());
+            }
+            QVERIFY(darkest < 20);
+        }
+        QCOMPARE(picture.at(1.5, 0.2), QColor(Qt::white));
+        QCOMPARE(picture.at(0, 0), highlight(plot));
+    }
+
+    void anErrorBeyondTheAxesIsStillSeen()
+    {
+        RVXPositionErrorPlot plot;
+        plot.resize(500, 500);
+        plot.setTolerance(2, 2);
+        plot.setSamples(QPolygonF(QVector<QPointF>{QPointF(1e6, 0.25)}));
+        const Picture picture(plot);
+        int coloured = 0;
+        for (int dx = 5; dx > -16; --dx)
+            coloured += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
+        QVERIFY(coloured >= 2);
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXPositionErrorPlot)
+#include "tst_RVXPositionErrorPlot.moc"

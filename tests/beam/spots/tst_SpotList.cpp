@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotGeometry_p.h"
+#include "corvale_qt/beam/spots/SpotList_p.h"
+#include "tests/support/TestMain.h"
+
+#include <QRandomGenerator>
+
+#include <cstring>
+
+using namespace Corvale_Qt;
+using Spot = SpotMapView::MapSpot;
+
+namespace {
+
+//! Extent and largest dose of \a spots, from nothing but them.
+QString limitsOf(const QVector<Spot> &spots)
+{
+    double left = qInf();
+    double right = -qInf();
+    double bottom = qInf();
+    double top = -qInf();
+    float dose = 0;
+    for (const Spot &spot : spots) {
+        const double reach = 2.6 * double(spot.sigma);
+        if (!(spot.sigma > 0) || !qIsFinite(spot.x + spot.y + spot.dose + spot.sigma))
+            continue;
+        left = qMin(left, spot.x - reach);
+        right = qMax(right, spot.x + reach);
+        bottom = qMin(bottom, spot.y - reach);
+        top = qMax(top, spot.y + reach);
+        dose = qMax(dose, spot.dose);
+    }
+    if (left > right)
+        return "none";
+    return QString("%1 %2 %3 %4 dose %5").arg(left).arg(right).arg(bottom).arg(top).arg(dose);
+}
+
+QString limitsOf(const SpotList &list)
+{
+    const QRectF rect = list.extent();
+    if (rect.isEmpty())
+        return "none";
+    return QString("%1 %2 %3 %4 dose %5")
+        .arg(rect.left())
+        .arg(rect.right())
+        .arg(rect.top())
+        .arg(rect.bottom())
+        .arg(list.largestDose());
+}
+
+//! Every field of every row, where both are numbers.
+bool areAlike(const SpotList &list, const QVector<Spot> &plain)
+{
+    bool alike = list.size() == plain.size();
+    for (int row = 0; alike && row < plain.size(); ++row) {
+        const Spot &a = list.at(row);
+        const Spot &b = plain.at(row);
+        alike = std::memcmp(&a, &b, sizeof a) == 0;
+    }
+    return alike;
+}
+
+} // namespace
+
+class tst_SpotList : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void staysAlignedWithAPlainList()
+    {
+        QRandomGenerator random(3);
+        const auto newSpot = [&random]() -> Spot {
+            const float broken[] = {float(qQNaN()), float(qInf())};
+            Spot spot{float(random.bounded(20)),
+                      float(random.bounded(20)),
+                      float(random.bounded(9)),
+                      1};
+            if (random.bounded(6) == 0)
+                spot.x = broken[random.bounded(2)];
+            if (random.bounded(6) == 0)
+                spot.sigma = -float(random.bounded(2));
+            return spot;
+        };
+        SpotList list;
+        QVector<Spot> plain;
+        // First with few rows, then with enough for several blocks.
+        for (int step = 0; step < 3000; ++step) {
+            if (step == 2000) {
+                QVector<Spot> many;
+                for (int i = 0; i < 500; ++i)
+                    many << newSpot();
+                list.insert(qMin(1, plain.size()), many);
+                plain = plain.mid(0, 1) + many + plain.mid(1);
+            } else if (step == 2100) {
+                list.remove(100, 270);
+                plain.remove(100, 270);
+            }
+            const int row = random.bounded(plain.size() + 1);
+            const quint64 rewrites = list.rewrites();
+            switch (random.bounded(plain.size() % 250 > 12 ? 4 : 3)) {
+            case 0: {
+                const QVector<Spot> added{newSpot(), newSpot()};
+                list.insert(row, added);
+                QCOMPARE(list.rewrites() == rewrites, row == plain.size());
+                plain.insert(row, added[1]);
+                plain.insert(row, added[0]);
+                break;
+            }
+            case 1:
+                if (row < plain.size()) {
+                    const Spot spot = newSpot();
+                    list.replace(row, spot);
+                    plain[row] = spot;
+                    QVERIFY(!list.replace(row, spot));
+                }
+                break;
+            default: {
+                const int count = qMin(2, plain.size() - row);
+                list.remove(row, count);
+                plain.remove(row, count);
+                break;
+            }
+            }
+            QVERIFY(areAlike(list, plain));
+            QCOMPARE(limitsOf(list), limitsOf(plain));
+        }
+    }
+
+    void eachFieldCounts()
+    {
+        SpotList list;
+        list.assign({{1, 2, 3, 4}});
+        for (const Spot &spot :
+             {Spot{0, 2, 3, 4}, Spot{0, 0, 3, 4}, Spot{0, 0, 0, 4}, Spot{0, 0, 0, 1}}) {
+            const quint64 rewrites = list.rewrites();
+            QVERIFY(list.replace(0, spot));
+            QVERIFY(list.rewrites() > rewrites);
+            QVERIFY(!list.replace(0, spot));
+        }
+    }
+
+    void squaresKeepTheirCentre()
+    {
+        QCOMPARE(makeSquare(QRectF(0, 0, 4, 10)), QRectF(-3, 0, 10, 10));
+        QCOMPARE(makeSquare(QRect(0, 0, 4, 10)), QRect(-3, 0, 10, 10));
+        QCOMPARE(makeSquare(QRectF(1, 2, 10, 4)).center(), QPointF(6, 4));
+        QCOMPARE(makeSquare(QRectF()), QRectF());
+    }
+
+    void picturesFitTheViewport_data()
+    {
+        QTest::addColumn<QRect>("viewport");
+        QTest::addColumn<QRectF>("bounds");
+        QTest::addColumn<QRect>("picture");
+        const QRectF square(-5, -5, 10, 10);
+        QTest::newRow("square") << QRect(0, 0, 200, 200) << square << QRect(0, 0, 200, 200);
+        QTest::newRow("wide") << QRect(0, 0, 300, 160) << square << QRect(70, 0, 160, 160);
+        QTest::newRow("high") << QRect(0, 0, 160, 300) << square << QRect(0, 70, 160, 160);
+        QTest::newRow("half a pixel is rounded up")
+            << QRect(0, 0, 301, 200) << square << QRect(51, 0, 199, 200);
+        QTest::newRow("another ratio")
+            << QRect(0, 0, 100, 100) << QRectF(0, 0, 2, 1) << QRect(0, 25, 100, 50);
+        QTest::newRow("no bounds") << QRect(0, 0, 300, 160) << QRectF() << QRect(70, 0, 160, 160);
+        QTest::newRow("no viewport") << QRect(0, 0, 0, 160) << square << QRect();
+    }
+
+    void picturesFitTheViewport()
+    {
+        QFETCH(QRect, viewport);
+        QFETCH(QRectF, bounds);
+        QTEST(pictureRect(viewport, bounds), "picture");
+    }
+
+    void nearestIsWithinItsOwnSigma()
+    {
+        SpotList list;
+        const float nan = float(qQNaN());
+        list.assign({{0, 0, 1, 5}, {6, 0, 1, 0.5F}, {nan, 0, 1, 1}, {0, 0, 2, 5}});
+        QCOMPARE(list.nearest(QPointF(1, 0)), 3);
+        QCOMPARE(list.nearest(QPointF(4.9, 0)), 3);
+        QCOMPARE(list.nearest(QPointF(5.6, 0)), 1);
+        QCOMPARE(list.nearest(QPointF(5.4, 0)), -1);
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_SpotList)
+#include "tst_SpotList.moc"

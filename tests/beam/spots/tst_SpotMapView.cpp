@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotMapViewColumnMapper.h"
+#include "tests/beam/spots/SpotMapInTest.h"
+#include "tests/support/ModelWatch.h"
+#include "tests/support/PaintCounter.h"
+#include "tests/support/TestMain.h"
+
+#include <QHelpEvent>
+#include <QSignalSpy>
+#include <QSortFilterProxyModel>
+#include <QToolTip>
+
+using namespace Corvale_Qt;
+
+class tst_SpotMapView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(paintsAsItShould()); }
+
+    void boundsHoldEverySpot()
+    {
+        SpotTable table("0 0 1 1; 10 0 1 1; nan 0 1 1; 99 0 1 0; 99 99 inf 1; 99 99 1 -1");
+        MapInTest map;
+        QSignalSpy changes(&map, &SpotMapView::boundsChanged);
+        map.setModel(&table);
+        // 10 wide and two reaches of 2.6 sigma; the height follows, around the same centre.
+        const QRectF first = around(5, 0, 7.6);
+        QCOMPARE(map.bounds(), first);
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(changes.last().first().toRectF(), first);
+        table.append("5 0 1 1");
+        QCOMPARE(changes.count(), 1);
+        table.removeRow(1);
+        QCOMPARE(changes.count(), 2);
+        table.clear();
+        QCOMPARE(map.bounds(), QRectF());
+        QCOMPARE(map.maxDose(), 0.0F);
+        QCOMPARE(map.picture().pixelColor(mapSide / 2, mapSide / 2), QColor(Qt::black));
+    }
+
+    void liveInsertionEqualsAFullRedraw()
+    {
+        SpotTable table(cornerSpots);
+        MapInTest live(&table);
+        live.setPathColor(QColor(255, 200, 0, 120));
+        SpotTable more;
+        addRandomSpots(more, 60);
+        while (more.rowCount() > 0) {
+            table.appendRow(more.takeRow(0));
+            if (more.rowCount() % 7 == 0)
+                live.picture();
+        }
+        MapInTest whole(&table);
+        whole.setPathColor(QColor(255, 200, 0, 120));
+        QCOMPARE(largestDifference(live.picture(), whole.picture()), 0);
+        // Growing bounds, and a new largest dose, are a new picture.
+        table.append("60 0 10 3; 0 0 99 3");
+        MapInTest grown(&table);
+        grown.setPathColor(QColor(255, 200, 0, 120));
+        QCOMPARE(largestDifference(live.picture(), grown.picture()), 0);
+    }
+
+    void rowsAndSpotsStayAligned()
+    {
+        SpotTable table;
+        ModelWatch watch(&table);
+        MapInTest map(&table);
+        QRandomGenerator random(11);
+        const auto newRow = [&random] {
+            return SpotTable::row(random.bounded(80.0) - 40,
+                                  random.bounded(80.0) - 40,
+                                  random.bounded(9.0),
+                                  1.5);
+        };
+        for (int step = 0; step < 300; ++step) {
+            const int rows = table.rowCount();
+            const int action = rows == 0 ? 0 : random.bounded(3);
+            if (action == 0) {
+                table.insertRow(random.bounded(rows + 1), newRow());
+            } else if (action == 1) {
+                const int first = random.bounded(rows);
+                table.removeRows(first, 1 + random.bounded(qMin(3, rows - first)));
+            } else {
+                table.item(random.bounded(rows), 2)
+                    ->setData(random.bounded(80.0) - 40, Qt::UserRole);
+            }
+            if (step % 50 == 49) {
+                MapInTest fresh(&table);
+                QCOMPARE(map.bounds(), fresh.bounds());
+                QCOMPARE(map.maxDose(), fresh.maxDose());
+                QCOMPARE(largestDifference(map.picture(), fresh.picture()), 0);
+            }
+        }
+        QCOMPARE(watch.complaints(), QString());
+    }
+
+    void everyStructuralChangeIsFollowed()
+    {
+        SpotTable table("0 0 1 1; 20 0 2 1; 40 0 3 1");
+        QSortFilterProxyModel sorted;
+        sorted.setSourceModel(&table);
+        sorted.setSortRole(Qt::UserRole);
+        MapInTest map(&sorted);
+        const QPoint left = map.visualRect(sorted.index(0, 0)).center();
+        sorted.sort(4, Qt::DescendingOrder);
+        QCOMPARE(map.visualRect(sorted.index(2, 0)).center(), left);
+        sorted.setFilterKeyColumn(2);
+        sorted.setFilterFixedString("20");
+        QCOMPARE(map.bounds(), around(20, 0, 2.6));
+
+        auto *shortLived = new SpotTable("0 0 1 1");
+        map.setModel(shortLived);
+        QCOMPARE(map.bounds(), around(0, 0, 2.6));
+        delete shortLived;
+        QCOMPARE(map.bounds(), QRectF());
+        map.setModel(nullptr);
+        map.picture();
+        QTest::keyClick(&map, Qt::Key_Down);
+        QTest::mouseClick(map.viewport(), Qt::LeftButton);
+    }
+
+    //! As a child it is deleted after the rest of the map.
+    void aModelMayBeTheMapsOwn()
+    {
+        auto *map = new SpotMapView;
+        auto *table = new SpotTable("0 0 1 1");
+        const QPointer<QAbstractItemModel> watched = table;
+        table->setParent(map);
+        map->setModel(table);
+        delete map;
+        QVERIFY(!watched);
+    }
+
+    void fieldsThatAreMissingAreNotTakenForZero()
+    {
+        QStandardItemModel table(1, 5);
+        table.setData(table.index(0, 1), 1.0, Qt::UserRole);
+        table.setData(table.index(0, 2), 1e300, Qt::UserRole);
+        table.setData(table.index(0, 3), 4.0, Qt::UserRole);
+        MapInTest map(&table);
+        QVERIFY(map.bounds().isEmpty());
+        table.setData(table.index(0, 2), 3.0, Qt::UserRole);
+        QVERIFY(map.bounds().isEmpty());
+        table.setData(table.index(0, 4), 2.0, Qt::UserRole);
+        QCOMPARE(map.bounds(), around(3, 4, 2.6));
+        QVERIFY(!map.visualRect(table.index(0, 0)).isNull());
+    }
+
+    void aMapperSaysWhereTheFieldsLie()
+    {
+        class Shifted : public SpotMapViewColumnMapper
+        {
+        public:
+            explicit Shifted(bool *deleted)
+                : m_deleted(deleted)
+            {
+            }
+            ~Shifted() override { *m_deleted = true; }
+            int mapColumnToSource(SpotMapView::MapColumn column) const override
+            {
+                return column == SpotMapView::XColumn ? 3
+                    : column == SpotMapView::YColumn  ? 2
+                                                      : column;
+            }
+
+        private:
+            bool *m_deleted;
+        };
+        SpotTable table("5 -3 1 1");
+        MapInTest map(&table);
+        bool deleted = false;
+        map.setColumnMapper(new Shifted(&deleted));
+        QCOMPARE(map.bounds(), around(-3, 5, 2.6));
+        map.setColumnMapper(nullptr);
+        QVERIFY(deleted);
+        QCOMPARE(map.bounds(), around(5, -3, 2.6));
+    }
+
+    void aHiddenTargetIsFollowed()
+    {
+        SpotTable actual("0 0 10 3");
+        SpotTable planned("0 0 5 3");
+        MapInTest map(&actual);
+        MapInTest target(&planned);
+        target.hide();
+        map.setDiffTarget(&target);
+        map.setDisplayMode(SpotMapView::Difference);
+        QVERIFY(QTest::qWaitForWindowExposed(&map));
+        map.picture();
+        PaintCounter paints(map.viewport());
+        QCoreApplication::processEvents();
+        paints.count = 0;
+        planned.setDose(0, 10);
+        QTRY_VERIFY(paints.count > 0);
+    }
+
+    void mapsThatCompareWithEachOtherComeToRest()
+    {
+        SpotTable one("0 0 10 3");
+        SpotTable other("0 0 5 3");
+        MapInTest first(&one);
+        MapInTest second(&other);
+        for (MapInTest *map : {&first, &second}) {
+            map->setDiffTarget(map == &first ? &second : &first);
+            map->setDisplayMode(SpotMapView::Difference);
+            QVERIFY(QTest::qWaitForWindowExposed(map));
+        }
+        one.setDose(0, 7);
+        PaintCounter paints(first.viewport());
+        for (int round = 0; round < 50; ++round)
+            QCoreApplication::processEvents();
+        QVERIFY(paints.count > 0);
+        QVERIFY(paints.count < 10);
+    }
+
+    void aTargetMayBeDeletedFirst()
+    {
+        SpotTable table("0 0 10 3");
+        MapInTest map(&table);
+        auto *target = new MapInTest(&table);
+        map.setDiffTarget(target);
+        map.setDisplayMode(SpotMapView::DifferenceOverlay);
+        map.picture();
+        QSignalSpy modes(&map, &SpotMapView::displayModeChanged);
+        QSignalSpy targets(&map, &SpotMapView::diffTargetChanged);
+        delete target;
+        QCOMPARE(map.displayMode(), SpotMapView::Data);
+        QCOMPARE(modes.count(), 1);
+        QCOMPARE(targets.count(), 1);
+        QCOMPARE(map.colourAt(0, 0).red(), map.colourAt(0, 0).blue());
+        map.setDiffTarget(&map);
+        map.setDisplayMode(SpotMapView::Difference);
+        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+    }
+
+    void aRepaintWithoutChangePaintsNoSpot()
+    {
+        SpotTable table(cornerSpots);
+        MapInTest map(&table);
+        const QImage before = map.picture();
+        // If the rows were read, or the spots drawn, again, this would show.
+        QSignalBlocker silence(&table);
+        table.setDose(0, 1);
+        QCOMPARE(largestDifference(map.picture(), before), 0);
+    }
+
+    void aResizeGivesTheSameMap()
+    {
+        SpotTable table(cornerSpots);
+        addRandomSpots(table, 30);
+        MapInTest map(&table);
+        map.picture();
+        map.resize(300, 160);
+        QTRY_COMPARE(map.viewport()->size(), QSize(300, 160));
+        MapInTest fresh(&table);
+        fresh.resize(300, 160);
+        QTRY_COMPARE(fresh.viewport()->size(), QSize(300, 160));
+        const QImage image = map.picture();
+        QCOMPARE(largestDifference(image, fresh.picture()), 0);
+        // The square in the middle, and nothing of it in the margins.
+        const int ratio = qRound(map.devicePixelRatioF());
+        QCOMPARE(image.pixelColor(71 * ratio, 80 * ratio), QColor(Qt::black));
+        QCOMPARE(image.pixelColor(69 * ratio, 80 * ratio), map.palette().color(QPalette::Window));
+        map.resize(0, 0);
+        map.picture();
+    }
+
+    void aPointOfTheMapFindsItsSpot()
+    {
+        SpotTable table("0 0 1 3; 20 0 1 3; 20 0 2 3; 23 0 1 3; nan 0 1 3");
+        MapInTest map(&table);
+        for (const int row : {0, 2, 3}) {
+            const QRect rect = map.visualRect(table.index(row, 0));
+            QCOMPARE(map.indexAt(rect.center()).row(), row);
+            QCOMPARE(rect.width(), rect.height());
+            QVERIFY(qAbs(rect.width() - 5.2 * 3 * mapSide / map.bounds().width()) < 2.5);
+        }
+        QVERIFY(!map.indexAt(QPoint(2, 2)).isValid());
+        QVERIFY(map.visualRect(table.index(4, 0)).isNull());
+        QVERIFY(map.visualRect(QModelIndex()).isNull());
+        QVERIFY(!map.isIndexHidden(table.index(0, 0)));
+    }
+
+    void mouseAndKeyboardSelectRows()
+    {
+        SpotTable table("0 0 1 3; 20 0 1 3; 20 0 2 3; 40 0 1 3");
+        MapInTest map(&table);
+        const QImage before = map.picture();
+        const QPoint first = map.visualRect(table.index(0, 0)).center();
+        QTest::mouseClick(map.viewport(), Qt::LeftButton, {}, first);
+        QCOMPARE(selectedRows(map), QString("0"));
+        // Around the spot, and nowhere else.
+        const QImage after = map.picture();
+        QRect ring;
+        for (int y = 0; y < after.height(); ++y) {
+            for (int x = 0; x < after.width(); ++x) {
+                if (after.pixel(x, y) != before.pixel(x, y))
+                    ring |= QRect(x, y, 1, 1);
+            }
+        }
+        const double ratio = map.devicePixelRatioF();
+        const double radius = 3 * mapSide * ratio / map.bounds().width();
+        QVERIFY((QRectF(ring).center() - ratio * QPointF(first)).manhattanLength() < 3 * ratio);
+        QVERIFY(qAbs(ring.width() - 2 * radius) < 6 * ratio);
+        // Rows 1 and 2 lie at the same place: the keyboard tells them apart.
+        QTest::keyClick(&map, Qt::Key_Down);
+        QCOMPARE(selectedRows(map), QString("1"));
+        QTest::keyClick(&map, Qt::Key_Right);
+        QCOMPARE(selectedRows(map), QString("2"));
+        QTest::keyClick(&map, Qt::Key_End);
+        QCOMPARE(selectedRows(map), QString("3"));
+        QTest::keyClick(&map, Qt::Key_Down);
+        QCOMPARE(selectedRows(map), QString("3"));
+        QTest::keyClick(&map, Qt::Key_Home);
+        QCOMPARE(selectedRows(map), QString("0"));
+        // Pages are the holder's.
+        QKeyEvent page(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+        page.accept();
+        QCoreApplication::sendEvent(&map, &page);
+        QVERIFY(!page.isAccepted());
+        table.removeRows(0, 4);
+        map.picture();
+    }
+
+    void hoveringTellsTheSpot()
+    {
+        SpotTable table("0 0 1 3; 20.5 -4 7.25 3");
+        MapInTest map(&table);
+        const QPoint point = map.visualRect(table.index(1, 0)).center();
+        QHelpEvent event(QEvent::ToolTip, point, map.viewport()->mapToGlobal(point));
+        QCoreApplication::sendEvent(map.viewport(), &event);
+        QCOMPARE(QToolTip::text(), QString("Row 2\nX 20.5\nY -4\nDose 7.25\nSigma 3"));
+    }
+
+private:
+    static QString selectedRows(const SpotMapView &map)
+    {
+        QStringList rows;
+        for (const QModelIndex &index : map.selectionModel()->selectedRows())
+            rows << QString::number(index.row());
+        return rows.join(' ');
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_SpotMapView)
+#include "tst_SpotMapView.moc"

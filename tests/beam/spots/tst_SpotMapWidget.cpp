@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotMapView.h"
+#include "corvale_qt/beam/spots/SpotMapWidget.h"
+#include "tests/beam/spots/SpotTable.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_scale_draw.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStackedWidget>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! Where a scale draws the end of its line that stands for value, in the widget that holds it.
+double endOnScale(const QwtScaleWidget *axis, double value)
+{
+    const double along = axis->scaleDraw()->scaleMap().transform(value);
+    const bool horizontal = axis->scaleDraw()->orientation() == Qt::Horizontal;
+    return along + (horizontal ? axis->x() : axis->y());
+}
+
+} // namespace
+
+class tst_SpotMapWidget : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void scalesLineUpWithThePicture_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("as it comes") << QSize(420, 480);
+        QTest::newRow("wide") << QSize(900, 400);
+        QTest::newRow("high") << QSize(333, 801);
+        QTest::newRow("small") << QSize(10, 10);
+    }
+
+    void scalesLineUpWithThePicture()
+    {
+        QFETCH(QSize, size);
+        SpotTable table("-30 -1234 10 3; 30 1234 10 3");
+        SpotMapWidget widget;
+        widget.spotMapView()->setModel(&table);
+        widget.resize(size);
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        const QRectF bounds = widget.spotMapView()->bounds();
+        const QRect map = widget.spotMapView()->geometry();
+        const auto *x = widget.findChild<QwtScaleWidget *>("xAxis");
+        const auto *y = widget.findChild<QwtScaleWidget *>("yAxis");
+
+        QCOMPARE(widget.spotMapView()->viewport()->size(), map.size());
+        QVERIFY(map.width() == map.height() && map.width() > 50);
+        QVERIFY(qAbs(endOnScale(x, bounds.left()) - map.left()) <= 1.0);
+        QVERIFY(qAbs(endOnScale(x, bounds.right()) - (map.left() + map.width())) <= 1.0);
+        QVERIFY(qAbs(endOnScale(y, bounds.top()) - (map.top() + map.height())) <= 1.0);
+        QVERIFY(qAbs(endOnScale(y, bounds.bottom()) - map.top()) <= 1.0);
+        // Nothing is cut off, and the scales touch the map.
+        const QRect area = widget.findChild<QWidget *>("mapArea")->rect();
+        for (const QwtScaleWidget *axis : {x, y})
+            QVERIFY(area.contains(axis->geometry()));
+        QCOMPARE(x->y(), map.top() + map.height());
+        QCOMPARE(y->x() + y->width(), map.left());
+
+        // Wider labels make room for themselves.
+        table.append("-123456 0 1 3");
+        const QRectF wider = widget.spotMapView()->bounds();
+        const QRect after = widget.spotMapView()->geometry();
+        QVERIFY(qAbs(endOnScale(x, wider.left()) - after.left()) <= 1.0);
+        QVERIFY(qAbs(endOnScale(y, wider.bottom()) - after.top()) <= 1.0);
+        QVERIFY(area.contains(y->geometry()));
+    }
+
+    void aMapWithoutSpotsHasNoNumbers()
+    {
+        SpotMapWidget widget;
+        widget.resize(400, 400);
+        widget.show();
+        const auto *x = widget.findChild<QwtScaleWidget *>("xAxis");
+        QVERIFY(x->scaleDraw()->scaleDiv().ticks(QwtScaleDiv::MajorTick).isEmpty());
+    }
+
+    void buttonsChooseTheMode()
+    {
+        SpotMapWidget widget;
+        SpotMapWidget target;
+        widget.resize(500, 500);
+        widget.show();
+        auto *stack = widget.findChild<QStackedWidget *>("buttonStack");
+        QCOMPARE(stack->currentWidget()->objectName(), QString("nobuttons"));
+        widget.setDiffTarget(&target);
+        QCOMPARE(stack->currentWidget()->objectName(), QString("buttons"));
+
+        const QStringList names{"DataButton", "DifferenceButton", "DiffOverlayButton"};
+        for (const int mode : {2, 1, 0}) {
+            auto *button = widget.findChild<QPushButton *>(names[mode]);
+            QTest::mouseClick(button, Qt::LeftButton);
+            QCOMPARE(int(widget.spotMapView()->displayMode()), mode);
+        }
+        // And the other way round.
+        widget.spotMapView()->setDisplayMode(SpotMapView::DifferenceOverlay);
+        QVERIFY(widget.findChild<QPushButton *>("DiffOverlayButton")->isChecked());
+        widget.setDiffTarget(nullptr);
+        QCOMPARE(stack->currentWidget()->objectName(), QString("nobuttons"));
+        QVERIFY(widget.findChild<QPushButton *>("DataButton")->isChecked());
+    }
+
+    void pagesAreLayersAndOtherKeysPassOn()
+    {
+        SpotTable table("0 0 1 1; 5 0 1 1");
+        QWidget host;
+        SpotMapWidget widget(&host);
+        widget.spotMapView()->setModel(&table);
+        QSignalSpy layers(&widget, &SpotMapWidget::layerChange);
+        // Also from inside, where the focus is.
+        for (QWidget *receiver :
+             {static_cast<QWidget *>(&widget),
+              static_cast<QWidget *>(widget.spotMapView()),
+              static_cast<QWidget *>(widget.findChild<QPushButton *>("DataButton"))}) {
+            layers.clear();
+            QTest::keyClick(receiver, Qt::Key_PageUp);
+            QTest::keyClick(receiver, Qt::Key_PageDown);
+            QTest::keyClick(receiver, Qt::Key_F5);
+            QCOMPARE(layers, (QList<QVariantList>{{1}, {-1}}));
+        }
+        QKeyEvent other(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+        other.accept();
+        QCoreApplication::sendEvent(&widget, &other);
+        QVERIFY(!other.isAccepted());
+    }
+
+    void textsAreShownAsTheyAre()
+    {
+        SpotMapWidget widget;
+        widget.setTitle("<b>Field 1</b>");
+        widget.setXvalue("1.5");
+        widget.setYvalue("-2.5");
+        widget.setDoseValue("<i>7</i>");
+        QStringList texts;
+        for (const char *name : {"titleLabel", "x_value", "y_value", "dose_label", "dose_value"}) {
+            const auto *label = widget.findChild<QLabel *>(name);
+            texts << label->text();
+            if (qstrcmp(name, "dose_label") != 0)
+                QCOMPARE(label->textFormat(), Qt::PlainText);
+        }
+        QCOMPARE(texts.join('|'), QString("<b>Field 1</b>|1.5|-2.5|dose(Gp):|<i>7</i>"));
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_SpotMapWidget)
+#include "tst_SpotMapWidget.moc"

@@ -1,0 +1,514 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/plot/CurveLayer_p.h"
+#include "corvale_qt/plot/CurveLines_p.h"
+#include "corvale_qt/plot/PixelRuns_p.h"
+#include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot.h>
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+#include <QSet>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <random>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+constexpr double inf = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr QSize canvas(1000, 600);
+
+QwtScaleMap scaleMap(double s1, double s2, double p1, double p2)
+{
+    QwtScaleMap map;
+    map.setScaleInterval(s1, s2);
+    map.setPaintInterval(p1, p2);
+    return map;
+}
+
+QImage emptyCanvas()
+{
+    QImage image(canvas, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+QPen yellowPen()
+{
+    return QPen(Qt::yellow, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+}
+
+// The promise itself: each pair of neighbouring samples is a line of its own, a lonely sample a point.
+QImage
+everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const QwtScaleMap &y)
+{
+    QImage image = emptyCanvas();
+    QPainter painter(&image);
+    painter.setPen(yellowPen());
+    const int count = int(series.size());
+    const auto isMissing = [&](int i) {
+        if (i < 0 || i >= count)
+            return true;
+        const QPointF point = series.sample(size_t(i));
+        return !std::isfinite(point.x()) || !std::isfinite(point.y());
+    };
+    const auto pixel = [&](int i) {
+        const QPointF point = series.sample(size_t(i));
+        return QPoint(pixelOf(x, point.x()), pixelOf(y, point.y()));
+    };
+    for (int i = 0; i < count; ++i) {
+        if (isMissing(i))
+            continue;
+        if (!isMissing(i + 1))
+            painter.drawLine(pixel(i), pixel(i + 1));
+        else if (isMissing(i - 1))
+            painter.drawPoint(pixel(i));
+    }
+    return image;
+}
+
+class Curve : public RVXDiscontinuousPlotCurve
+{
+public:
+    Curve() { setPen(yellowPen()); }
+    explicit Curve(const RVXSeriesData &series)
+        : Curve()
+    {
+        setSamples(new RVXSeriesData(series));
+    }
+
+    QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
+    {
+        QImage image = emptyCanvas();
+        QPainter painter(&image);
+        painter.setPen(pen());
+        drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
+        if (m_layer)
+            m_layer->flush(&painter);
+        return image;
+    }
+
+    void setLayer(CurveLayer *layer)
+    {
+        m_layer = layer;
+        RVXDiscontinuousPlotCurve::setLayer(layer);
+    }
+
+private:
+    CurveLayer *m_layer = nullptr;
+};
+
+// Qwt's own way to draw the same samples.
+struct Stock : QwtPlotCurve
+{
+    Stock()
+    {
+        setPen(yellowPen());
+        setPaintAttribute(FilterPoints, false);
+    }
+
+    QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
+    {
+        QImage image = emptyCanvas();
+        QPainter painter(&image);
+        painter.setPen(pen());
+        drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
+        return image;
+    }
+};
+
+int differingPixels(const QImage &a, const QImage &b)
+{
+    int count = 0;
+    for (int row = 0; row < a.height(); ++row) {
+        for (int column = 0; column < a.width(); ++column)
+            count += a.pixel(column, row) != b.pixel(column, row) ? 1 : 0;
+    }
+    return count;
+}
+
+int litPixels(const QImage &image)
+{
+    return differingPixels(image, emptyCanvas());
+}
+
+// Readings with everything that a day brings, chosen by the case.
+struct Signal
+{
+    int samples = 20000;
+    double amplitude = 1.0;
+    int gapEvery = 0;
+    double gap = notANumber;
+    double jitter = 0.0; // of the time step; above 1 time runs backwards now and then
+    int skipped = 0; // readings that came and went before
+    int jumpEvery = 0; // a pause of 50 steps
+};
+
+void feed(RVXSingleChannelDataModel &model, const Signal &signal)
+{
+    std::mt19937 random(5);
+    std::normal_distribution<double> noise(0.0, 0.2);
+    model.setAutoUpdate(false);
+    double time = 1000.0;
+    for (int i = 0; i < signal.skipped + signal.samples; ++i) {
+        time += signal.jumpEvery > 0 && i % signal.jumpEvery == 0 ? 50.0 : 1.0;
+        const double stamp = time + signal.jitter * noise(random);
+        const bool missing = signal.gapEvery > 0 && i % signal.gapEvery < 2;
+        const double value = std::sin(i * 0.0013) + noise(random);
+        model.AddData(stamp, missing ? signal.gap : signal.amplitude * value);
+    }
+    model.UpdateView();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Signal)
+
+class tst_CurveLines : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void denseIsEverySegment_data();
+    void denseIsEverySegment();
+    void anAxisTurnedRound();
+    void partOfTheBuffer();
+    void newDataUnderTheSameColumns();
+    void hostsNumbers();
+    void sparseIsQwtsOwn();
+    void newDataUnderTheSamePositions();
+    void lonelySamplesAreSeen();
+    void penThatBlends();
+    void orderOfCurvesInALayer();
+    void moreColoursThanALayerHolds();
+    void onFinerPixels_data();
+    void onFinerPixels();
+};
+
+void tst_CurveLines::denseIsEverySegment_data()
+{
+    QTest::addColumn<Signal>("signal");
+    const auto row = [](const char *name, auto change) {
+        Signal signal;
+        change(signal);
+        QTest::newRow(name) << signal;
+    };
+    row("plain", [](Signal &) {});
+    row("just dense", [](Signal &s) {
+        s.samples = 2200;
+    });
+    row("gaps", [](Signal &s) {
+        s.gapEvery = 37;
+    });
+    row("single samples between gaps", [](Signal &s) {
+        s.gapEvery = 3;
+    });
+    row("infinities", [](Signal &s) {
+        s.gapEvery = 41;
+        s.gap = -inf;
+    });
+    row("enormous values", [](Signal &s) {
+        s.gapEvery = 41;
+        s.gap = 1e300;
+    });
+    row("all of it enormous", [](Signal &s) {
+        s.amplitude = 1e300;
+    });
+    row("clipped", [](Signal &s) {
+        s.amplitude = 8.0;
+    });
+    row("mostly outside", [](Signal &s) {
+        s.amplitude = 1e5;
+    });
+    row("wrapped ring", [](Signal &s) {
+        s.skipped = 100000 - 7777;
+    });
+    row("pauses", [](Signal &s) {
+        s.jumpEvery = 500;
+    });
+    row("time backwards", [](Signal &s) {
+        s.jitter = 4.0;
+    });
+    row("time far backwards, gaps", [](Signal &s) {
+        s.jitter = 300.0;
+        s.gapEvery = 50;
+    });
+}
+
+void tst_CurveLines::denseIsEverySegment()
+{
+    QFETCH(Signal, signal);
+    RVXSingleChannelDataModel model;
+    feed(model, signal);
+    const int last = model.rowCount() - 1;
+    const RVXSeriesData series(model, 1, 1, -1);
+    Curve curve(series);
+    const double from = model.doubleData(1, 0);
+    const double to = model.doubleData(last, 0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    // The whole of it, and a window that begins and ends among the samples.
+    const double inset = (to - from) * 0.02;
+    for (double shift : {0.0, inset}) {
+        const QwtScaleMap x = scaleMap(from + shift, to - shift, 0.0, 999.0);
+        const QImage picture = curve.draw(x, y);
+        QVERIFY(litPixels(picture) > 0);
+        QCOMPARE(differingPixels(picture, everySegment(series, x, y)), 0);
+        CurveLayer layer;
+        curve.setLayer(&layer);
+        QCOMPARE(differingPixels(picture, curve.draw(x, y)), 0);
+        curve.setLayer(nullptr);
+    }
+}
+
+void tst_CurveLines::anAxisTurnedRound()
+{
+    RVXSingleChannelDataModel model;
+    feed(model, Signal());
+    const RVXSeriesData series(model, 1, 1, -1);
+    Curve curve(series);
+    const QwtScaleMap x = scaleMap(21001.0, 1001.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 0.0, 599.0);
+    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+}
+
+void tst_CurveLines::partOfTheBuffer()
+{
+    RVXSingleChannelDataModel model;
+    Signal signal;
+    signal.samples = 50000;
+    feed(model, signal);
+    const Units::mA mA;
+    model.SetUnits(&mA);
+    RVXSeriesData series(model, 1, 20000, 26000);
+    series.setScale(700.0);
+    Curve curve(series);
+    const QwtScaleMap x = scaleMap(21010.0, 26990.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+}
+
+void tst_CurveLines::newDataUnderTheSameColumns()
+{
+    // Two channels share a chart's columns; what is kept for the second must not outlive the data.
+    RVXSingleChannelDataModel model;
+    Curve curve;
+    const QwtScaleMap x = scaleMap(0.0, 9999.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    for (double bend : {1.0, 2.0, 3.0}) {
+        model.Clear();
+        for (int i = 0; i < 10000; ++i)
+            model.AddData(9999.0 * std::pow(i / 9999.0, bend), std::sin(i * 0.01));
+        const RVXSeriesData series(model, 1, 1, -1);
+        curve.setSamples(new RVXSeriesData(series));
+        QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+    }
+}
+
+void tst_CurveLines::hostsNumbers()
+{
+    struct Halved : RVXSingleChannelDataModel
+    {
+        double doubleData(int row, int column) const override
+        {
+            const double value = RVXSingleChannelDataModel::doubleData(row, column);
+            return column == 1 ? 0.5 * value : value;
+        }
+    };
+    Halved model;
+    feed(model, Signal());
+    const RVXSeriesData series(model, 1, 1, -1);
+    Curve curve(series);
+    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+}
+
+void tst_CurveLines::sparseIsQwtsOwn()
+{
+    RVXSingleChannelDataModel model;
+    Signal signal;
+    signal.samples = 300;
+    signal.amplitude = 4.0;
+    feed(model, signal);
+    const QwtScaleMap x = scaleMap(1001.0, 1300.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    for (bool clipped : {false, true}) {
+        Curve curve;
+        Stock stock;
+        for (QwtPlotCurve *each :
+             {static_cast<QwtPlotCurve *>(&curve), static_cast<QwtPlotCurve *>(&stock)}) {
+            each->setPaintAttribute(QwtPlotCurve::ClipPolygons, clipped);
+            each->setSamples(new RVXSeriesData(model, 1, 1, -1));
+        }
+        QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+    }
+}
+
+void tst_CurveLines::newDataUnderTheSamePositions()
+{
+    RVXSingleChannelDataModel model;
+    Curve curve;
+    Stock stock;
+    curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
+    stock.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    for (double bend : {1.0, 2.0, 3.0}) {
+        model.Clear();
+        for (int i = 0; i < 300; ++i)
+            model.AddData(299.0 * std::pow(i / 299.0, bend), std::sin(i * 0.1));
+        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        stock.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        // The same samples under another map, too.
+        for (double right : {299.0, 150.0}) {
+            const QwtScaleMap x = scaleMap(0.0, right, 0.0, 999.0);
+            QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+        }
+    }
+}
+
+void tst_CurveLines::lonelySamplesAreSeen()
+{
+    RVXSingleChannelDataModel model;
+    for (int i = 1; i <= 30; ++i)
+        model.AddData(i, i % 2 == 0 ? 0.5 : notANumber);
+    Curve curve(RVXSeriesData(model, 1, 1, -1));
+    const QwtScaleMap x = scaleMap(1.0, 30.0, 10.0, 990.0);
+    const QwtScaleMap y = scaleMap(0.0, 1.0, 599.0, 0.0);
+    const QImage picture = curve.draw(x, y);
+    QCOMPARE(litPixels(picture), 15);
+    QCOMPARE(picture.pixelColor(pixelOf(x, 16.0), pixelOf(y, 0.5)), QColor(Qt::yellow));
+}
+
+void tst_CurveLines::penThatBlends()
+{
+    // Runs would lie over each other's ends and blend twice; such a pen takes the plain way.
+    RVXSingleChannelDataModel model;
+    feed(model, Signal());
+    Curve curve;
+    curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    curve.setPen(QPen(QColor(255, 255, 0, 100), 1.0));
+    QVERIFY(litPixels(curve.draw(x, y)) > 10000);
+    curve.setPen(QPen(Qt::yellow, 3.0));
+    QVERIFY(litPixels(curve.draw(x, y)) > 10000);
+}
+
+void tst_CurveLines::orderOfCurvesInALayer()
+{
+    // Dense, sparse, dense: what is drawn later lies above, as without the layer.
+    RVXSingleChannelDataModel dense;
+    RVXSingleChannelDataModel sparse;
+    feed(dense, Signal());
+    for (int i = 0; i < 400; ++i)
+        sparse.AddData(1000.0 + 50.0 * i, i % 2 == 0 ? -1.0 : 1.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QwtPlot plot;
+        plot.setAxisScale(QwtPlot::yLeft, -1.5, 1.5);
+        plot.setAxisScale(QwtPlot::xBottom, 1000.0, 21000.0);
+        const struct
+        {
+            const RVXAbstractPlotDataModel &model;
+            QColor colour;
+        } shown[] = {{dense, Qt::red}, {sparse, Qt::green}, {dense, Qt::blue}};
+        for (const auto &each : shown) {
+            auto *curve = new RVXDiscontinuousPlotCurve;
+            curve->setPen(QPen(each.colour, 1.0));
+            curve->setSamples(
+                new RVXSeriesData(each.model, 1, 1, each.colour == Qt::blue ? 9000 : -1));
+            curve->setLayer(layer);
+            curve->attach(&plot);
+        }
+        if (layer)
+            layer->attach(&plot);
+        plot.resize(800, 500);
+        plot.replot();
+        return plot.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage without = picture(nullptr);
+    QCOMPARE(differingPixels(picture(new CurveLayer), without), 0);
+}
+
+void tst_CurveLines::moreColoursThanALayerHolds()
+{
+    // They lie over each other, each a little lower: of every one a strip is seen.
+    RVXSingleChannelDataModel model;
+    for (int i = 0; i < 60; ++i)
+        model.AddData(i, i % 2 == 0 ? -1.0 : 1.0);
+    const QRectF narrow(0.0, 0.0, 20.0, canvas.height());
+    const QwtScaleMap x = scaleMap(0.0, 59.0, 0.0, 19.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QImage image = emptyCanvas();
+        QPainter painter(&image);
+        for (int i = 0; i < 300; ++i) {
+            RVXDiscontinuousPlotCurve curve;
+            curve.setPen(QPen(QColor(i % 256, 255 - i / 2, i / 2), 1.0));
+            curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+            curve.setLayer(layer);
+            const QwtScaleMap y = scaleMap(-1.5, 1.5, 500.0 + i / 4.0, i + 1.0);
+            curve.draw(&painter, x, y, narrow);
+        }
+        if (layer)
+            layer->flush(&painter);
+        return image;
+    };
+    CurveLayer layer;
+    const QImage gathered = picture(&layer);
+    QCOMPARE(differingPixels(gathered, picture(nullptr)), 0);
+    QSet<QRgb> colours;
+    for (int row = 0; row < canvas.height(); ++row)
+        colours.insert(gathered.pixel(10, row));
+    QVERIFY2(colours.size() > 256, qPrintable(QString::number(colours.size())));
+}
+
+void tst_CurveLines::onFinerPixels_data()
+{
+    QTest::addColumn<double>("ratio");
+    QTest::newRow("two device pixels") << 2.0;
+    QTest::newRow("three") << 3.0;
+    QTest::newRow("one and a half") << 1.5;
+}
+
+void tst_CurveLines::onFinerPixels()
+{
+    // A painter has its own corners there; but a layer must lie where it would, and have no seams.
+    QFETCH(double, ratio);
+    RVXSingleChannelDataModel model;
+    feed(model, Signal());
+    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
+    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    const auto picture = [&](CurveLayer *layer) {
+        QImage image(ratio * canvas, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        RVXDiscontinuousPlotCurve curve;
+        curve.setPen(yellowPen());
+        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        curve.setLayer(layer);
+        curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+        if (layer)
+            layer->flush(&painter);
+        return image;
+    };
+    CurveLayer layer;
+    const QImage plain = picture(nullptr);
+    QImage empty(plain.size(), plain.format());
+    empty.fill(Qt::black);
+    const int lit = differingPixels(plain, empty);
+    const int different = differingPixels(picture(&layer), plain);
+    QVERIFY(lit > 100000);
+    QVERIFY2(different < lit / 100, qPrintable(QStringLiteral("%1 of %2").arg(different).arg(lit)));
+}
+
+CORVALE_QT_TEST_MAIN(tst_CurveLines)
+#include "tst_CurveLines.moc"

@@ -346,9 +346,11 @@ void RowLedger::tell(ChannelSource &source, int knownRows, qint64 shift)
     } else if (news.dropped > 0 && news.dropped != shift && first > last && m_rows > 1) {
         first = last = m_rows; // a single row would begin its averages anew
     }
-    const QVector<int> columns = source.columns; // a listener may take the source out
-    for (int i = 0; news.header && i < columns.size(); ++i)
-        announceCells(0, columns[i], 0, columns[i]);
+    if (news.header) {
+        const QVector<int> columns = source.columns; // a listener may take the source out
+        for (const int column : columns)
+            announceCells(0, column, 0, column);
+    }
     columnsChanged(source, first, last);
 }
 

@@ -4,6 +4,7 @@
 #include "corvale_qt/widgets/IntStepValidator.h"
 
 #include <QLineEdit>
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -127,7 +128,10 @@ QValidator::State IntStepSpinBox::validate(QString &text, int &pos) const
 
 void IntStepSpinBox::stepBy(int steps)
 {
+    const QPointer<IntStepSpinBox> alive = this;
     interpretText();
+    if (!alive)
+        return;
     const qint64 step = qMax(1, singleStep());
     const qint64 lowest = multipleAbove(minimum(), step);
     const qint64 highest = multipleBelow(maximum(), step);
@@ -140,7 +144,8 @@ void IntStepSpinBox::stepBy(int steps)
     const bool goesOn = wrapping() || (isUp ? next > value() : next < value());
     if (steps != 0 && singleStep() != 0 && lowest <= highest && goesOn)
         setValue(int(next));
-    selectAll();
+    if (alive)
+        selectAll();
 }
 
 QAbstractSpinBox::StepEnabled IntStepSpinBox::stepEnabled() const

@@ -65,16 +65,16 @@ bool holdsMultiple(qint64 low, qint64 high, qint64 step)
     return low <= high && multipleBelow(high, step) >= low;
 }
 
-/*! Whether digits put behind \a number, not 0, can make a multiple of \a step between 0 and \a limit in
-    magnitude, and at least \a least. */
-bool canGrow(qint64 number, qint64 least, qint64 limit, qint64 step, qint64 base)
+/*! Whether digits put behind \a number, not 0, can make a multiple of \a step of at most \a limit, all of them
+    magnitudes. */
+bool canGrow(qint64 number, qint64 limit, qint64 step, qint64 base)
 {
     qint64 low = number;
     qint64 high = number;
     while (low <= limit / base) {
         low *= base;
         high = high * base + base - 1;
-        if (holdsMultiple(qMax(low, least), qMin(high, limit), step))
+        if (holdsMultiple(low, qMin(high, limit), step))
             return true;
     }
     return false;
@@ -120,9 +120,8 @@ QValidator::State IntStepSpinBox::validate(QString &text, int &pos) const
         return QValidator::Intermediate;
 
     const qint64 step = qMax(1, singleStep());
-    const bool hope = value > 0
-        ? canGrow(value, minimum(), maximum(), step, displayIntegerBase())
-        : canGrow(-value, -qint64(maximum()), -qint64(minimum()), step, displayIntegerBase());
+    const bool hope = value > 0 ? canGrow(value, maximum(), step, displayIntegerBase())
+                                : canGrow(-value, -qint64(minimum()), step, displayIntegerBase());
     return hope ? QValidator::Intermediate : QValidator::Invalid;
 }
 

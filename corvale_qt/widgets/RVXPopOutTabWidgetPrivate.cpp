@@ -83,7 +83,7 @@ void RVXPopOutTabWidgetPrivate::popIn(QWidget *page)
     window->disconnect(q);
     window->takePage();
     const TabLook look = window->look();
-    const int index = q->insertTab(placeFor(page), page, look.icon, look.text);
+    const int index = q->insertTab(placeFor(page), page, QString());
     look.apply(*q, index);
     q->setCurrentIndex(index);
     // It may be handling its close event.

@@ -106,8 +106,11 @@ bool TreeComboBox::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
-        if (watched == d->tree && d->popupKey(event->type(), *static_cast<QKeyEvent *>(event)))
+        if (watched == d->tree && d->popupKey(event->type(), *static_cast<QKeyEvent *>(event))) {
+            // Else a shortcut of the host would take the key.
+            event->accept();
             return true;
+        }
         break;
     default:
         break;

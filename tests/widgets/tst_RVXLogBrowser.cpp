@@ -152,7 +152,7 @@ private Q_SLOTS:
         const QString wide = QString::fromUtf8("\xf0\x9f\x92\xa5");
         QTest::newRow("pattern across stretches")
             << QStringList{"E\\d+"} << none << false
-            << QString(490, '.') + "E" + QString(40, '1') + wide.repeated(1001) + "E2"
+            << QString(980, '.') + "E" + QString(40, '1') + wide.repeated(1001) + "E2"
             << "E" + QString(40, '1') + kError + " | E2" + kError << "E";
         QTest::newRow("half a character in the line")
             << error << none << false << QString(QChar(0xd800)) + " ERROR" << word << "E";

@@ -177,6 +177,7 @@ private Q_SLOTS:
         tabs.setTabEnabled(1, false);
         const QString before = look(tabs, 1);
         QVERIFY2(before.contains("QCheckBox+"), qPrintable(before));
+        const int parts = tabs.tabBar()->findChildren<QWidget *>().size();
         for (int i = 0; i < 2; ++i) {
             QWidget *page = tabs.widget(1);
             tabs.popOut(1);
@@ -184,6 +185,7 @@ private Q_SLOTS:
             page->window()->close();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QCOMPARE(look(tabs, 1), before);
+            QCOMPARE(tabs.tabBar()->findChildren<QWidget *>().size(), parts);
         }
     }
 

@@ -86,8 +86,11 @@ void PopOutWindow::follow(const QWidget &mainWindow)
 {
     if (windowHandle() && mainWindow.windowHandle())
         windowHandle()->setTransientParent(mainWindow.windowHandle());
-    Qt::WindowStates state = windowState();
-    setWindowState(state.setFlag(Qt::WindowMinimized, mainWindow.isMinimized()));
+    if (mainWindow.isMinimized() != m_isMainMinimized) {
+        m_isMainMinimized = mainWindow.isMinimized();
+        Qt::WindowStates state = windowState();
+        setWindowState(state.setFlag(Qt::WindowMinimized, m_isMainMinimized));
+    }
     // The main window, or what the user works in, stays active.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setVisible(mainWindow.isVisible());

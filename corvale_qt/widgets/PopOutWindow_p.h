@@ -60,6 +60,7 @@ private:
     QWidget *m_page;
     const TabLook m_look;
     const QString m_name;
+    bool m_isMainMinimized = false;
 };
 
 } // namespace Corvale_Qt

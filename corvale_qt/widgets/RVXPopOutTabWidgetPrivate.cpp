@@ -195,7 +195,7 @@ void RVXPopOutTabWidgetPrivate::followMainWindow(QEvent::Type type)
 void RVXPopOutTabWidgetPrivate::followAll()
 {
     for (PopOutWindow *window : qAsConst(windows))
-        if (window)
+        if (window && mainWindow)
             window->follow(*mainWindow);
 }
 

@@ -209,6 +209,11 @@ private Q_SLOTS:
             QVERIFY(window->isMinimized());
             in->showNormal();
             QVERIFY(!window->isMinimized());
+            window->showMinimized();
+            in->showMaximized();
+            QVERIFY2(window->isMinimized(), "as the user left it");
+            window->showNormal();
+            in->showNormal();
             in->close();
             QVERIFY(!window->isVisible());
             QVERIFY(tabs->isPoppedOut(page));

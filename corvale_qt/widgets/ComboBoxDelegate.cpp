@@ -2,6 +2,7 @@
 #include "corvale_qt/widgets/ComboBoxDelegate.h"
 
 #include <QComboBox>
+#include <QPointer>
 #include <QTimer>
 #include <QVector>
 
@@ -100,10 +101,13 @@ QWidget *ComboBoxDelegate::createEditor(QWidget *parent,
     for (const Choice &choice : d->choicesFor(index))
         combo->addItem(choice.text, choice.value);
 
-    auto *self = const_cast<ComboBoxDelegate *>(this);
-    connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, combo] {
-        Q_EMIT self->commitData(combo);
-        Q_EMIT self->closeEditor(combo);
+    const QPointer<ComboBoxDelegate> self = const_cast<ComboBoxDelegate *>(this);
+    const QPointer<QComboBox> editor = combo;
+    connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, editor] {
+        Q_EMIT self->commitData(editor);
+        // The model may have taken the choice as the end of all this.
+        if (self && editor)
+            Q_EMIT self->closeEditor(editor);
     });
     // An editor that a person opened has the focus when it is in its place; persistent ones have not.
     QTimer::singleShot(0, combo, [combo] {

@@ -4,6 +4,7 @@
 #include "corvale_qt/widgets/IntStepValidator.h"
 
 #include <QLineEdit>
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -46,22 +47,34 @@ private:
     IntStepSpinBox *m_box;
 };
 
+//! The multiple of \a step at \a number or next below it.
+qint64 multipleBelow(qint64 number, qint64 step)
+{
+    const qint64 rest = number % step;
+    return number - (rest < 0 ? rest + step : rest);
+}
+
+qint64 multipleAbove(qint64 number, qint64 step)
+{
+    return -multipleBelow(-number, step);
+}
+
 //! Whether [low, high], neither negative, holds a multiple of \a step.
 bool holdsMultiple(qint64 low, qint64 high, qint64 step)
 {
-    return low <= high && high / step * step >= low;
+    return low <= high && multipleBelow(high, step) >= low;
 }
 
-/*! Whether digits put behind \a number, not 0, can make a multiple of \a step between 0 and \a limit in
-    magnitude, and at least \a least. */
-bool canGrow(qint64 number, qint64 least, qint64 limit, qint64 step, qint64 base)
+/*! Whether digits put behind \a number, not 0, can make a multiple of \a step of at most \a limit, all of them
+    magnitudes. */
+bool canGrow(qint64 number, qint64 limit, qint64 step, qint64 base)
 {
     qint64 low = number;
     qint64 high = number;
     while (low <= limit / base) {
         low *= base;
         high = high * base + base - 1;
-        if (holdsMultiple(qMax(low, least), qMin(high, limit), step))
+        if (holdsMultiple(low, qMin(high, limit), step))
             return true;
     }
     return false;
@@ -102,11 +115,49 @@ QValidator::State IntStepSpinBox::validate(QString &text, int &pos) const
     if (d->validator->validateNumber(int(value)) == QValidator::Acceptable)
         return QValidator::Acceptable;
 
+    // A value set by code may stand there. Were it invalid, the line edit would let through whatever is typed next.
+    if (value == this->value())
+        return QValidator::Intermediate;
+
     const qint64 step = qMax(1, singleStep());
-    const bool hope = value > 0
-        ? canGrow(value, minimum(), maximum(), step, displayIntegerBase())
-        : canGrow(-value, -qint64(maximum()), -qint64(minimum()), step, displayIntegerBase());
+    const bool hope = value > 0 ? canGrow(value, maximum(), step, displayIntegerBase())
+                                : canGrow(-value, -qint64(minimum()), step, displayIntegerBase());
     return hope ? QValidator::Intermediate : QValidator::Invalid;
+}
+
+void IntStepSpinBox::stepBy(int steps)
+{
+    const QPointer<IntStepSpinBox> alive = this;
+    interpretText();
+    if (!alive)
+        return;
+    const qint64 step = qMax(1, singleStep());
+    const qint64 lowest = multipleAbove(minimum(), step);
+    const qint64 highest = multipleBelow(maximum(), step);
+    const bool isUp = steps > 0;
+    qint64 next = isUp ? multipleBelow(value(), step) : multipleAbove(value(), step);
+    next = isUp ? qMin(next + steps * step, highest) : qMax(next + steps * step, lowest);
+    if (wrapping() && (isUp ? next <= value() : next >= value()))
+        next = isUp ? lowest : highest;
+    // No further multiple that way, or none in the range at all.
+    const bool goesOn = wrapping() || (isUp ? next > value() : next < value());
+    if (steps != 0 && singleStep() != 0 && lowest <= highest && goesOn)
+        setValue(int(next));
+    if (alive)
+        selectAll();
+}
+
+QAbstractSpinBox::StepEnabled IntStepSpinBox::stepEnabled() const
+{
+    StepEnabled enabled = QSpinBox::stepEnabled();
+    if (wrapping())
+        return enabled;
+    const qint64 step = qMax(1, singleStep());
+    enabled.setFlag(StepUpEnabled,
+                    (enabled & StepUpEnabled) && multipleBelow(maximum(), step) > value());
+    enabled.setFlag(StepDownEnabled,
+                    (enabled & StepDownEnabled) && multipleAbove(minimum(), step) < value());
+    return enabled;
 }
 
 } // namespace Corvale_Qt

@@ -12,7 +12,8 @@ class IntStepSpinBoxPrivate;
 /*! A spin box whose user can enter only multiples of its single step.
 
     A number that is no multiple yet, but can become one within the range by further digits, may stand in the
-    field while it is typed; it never becomes the value. A value set by code is not changed, multiple or not.
+    field while it is typed; it never becomes the value. Arrows, page keys and wheel lead from multiple to multiple
+    within the range. A value set by code is not changed, multiple or not; the next step leads to its neighbour.
     Range, step, prefix, suffix, special value text and number base are those of the moment.
 
     \code
@@ -28,8 +29,13 @@ public:
     explicit IntStepSpinBox(QWidget *parent = nullptr);
     ~IntStepSpinBox() override;
 
-    //! The weaker of what QSpinBox and IntStepValidator say, but Intermediate where digits can make a multiple.
+    /*! The weaker of what QSpinBox and IntStepValidator say, but Intermediate where digits can make a multiple, and
+        for the value itself. */
     QValidator::State validate(QString &text, int &pos) const override;
+    void stepBy(int steps) override;
+
+protected:
+    StepEnabled stepEnabled() const override;
 
 private:
     Q_DECLARE_PRIVATE(IntStepSpinBox)

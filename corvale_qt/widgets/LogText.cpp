@@ -22,6 +22,8 @@ constexpr bool isIn(ushort c, ushort first, ushort last)
 QChar visible(QChar character)
 {
     const ushort c = character.unicode();
+    if (c == '\t')
+        return character;
     if (c < 0x20)
         return QChar(kFirstControlSymbol + c);
     if (c == 0x7f)
@@ -45,11 +47,35 @@ QString withWholeCharacters(const QString &text)
     return QString::fromUcs4(characters.constData(), characters.size());
 }
 
-QString literalText(const QString &text)
+QStringList logLines(const QString &text)
 {
-    QString line = withWholeCharacters(text);
-    std::transform(line.begin(), line.end(), line.begin(), visible);
-    return line;
+    QString whole = withWholeCharacters(text);
+    whole.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (whole.endsWith(QLatin1Char('\n')))
+        whole.chop(1);
+    QStringList lines = whole.split(QLatin1Char('\n'));
+    for (QString &line : lines)
+        std::transform(line.begin(), line.end(), line.begin(), visible);
+    return lines;
+}
+
+QStringList partsOfLine(const QString &line)
+{
+    constexpr int mostCharacters = 4096;
+    QStringList parts;
+    int begin = 0;
+    while (line.size() - begin > mostCharacters) {
+        int end = begin + mostCharacters;
+        const int blank = line.lastIndexOf(QLatin1Char(' '), end - 1);
+        if (blank >= begin + mostCharacters / 2)
+            end = blank + 1;
+        else if (line.at(end).isLowSurrogate())
+            --end;
+        parts << line.mid(begin, end - begin);
+        begin = end;
+    }
+    parts << line.mid(begin);
+    return parts;
 }
 
 } // namespace Corvale_Qt

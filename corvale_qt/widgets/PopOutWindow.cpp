@@ -4,7 +4,9 @@
 #include <QChildEvent>
 #include <QCloseEvent>
 #include <QHash>
+#include <QKeyEvent>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace Corvale_Qt {
 
@@ -28,6 +30,16 @@ QHash<QString, QByteArray> &rememberedGeometries()
 
 } // namespace
 
+QKeySequence popOutKey()
+{
+    return Qt::CTRL + Qt::SHIFT + Qt::Key_O;
+}
+
+bool isPopOutKey(const QKeyEvent &event)
+{
+    return QKeySequence(int(event.modifiers()) | event.key()) == popOutKey();
+}
+
 PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
     : QWidget(owner, Qt::Window)
     , m_page(page)
@@ -36,10 +48,14 @@ PopOutWindow::PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner)
 {
     setWindowTitle(withoutMnemonic(look.text));
     setWindowIcon(look.icon);
+}
+
+void PopOutWindow::holdPage()
+{
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(page);
-    page->show();
+    layout->addWidget(m_page);
+    m_page->show();
 }
 
 PopOutWindow::~PopOutWindow()
@@ -66,6 +82,21 @@ QWidget *PopOutWindow::takePage()
     return page;
 }
 
+void PopOutWindow::follow(const QWidget &mainWindow)
+{
+    if (windowHandle() && mainWindow.windowHandle())
+        windowHandle()->setTransientParent(mainWindow.windowHandle());
+    if (mainWindow.isMinimized() != m_isMainMinimized) {
+        m_isMainMinimized = mainWindow.isMinimized();
+        Qt::WindowStates state = windowState();
+        setWindowState(state.setFlag(Qt::WindowMinimized, m_isMainMinimized));
+    }
+    // The main window, or what the user works in, stays active.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setVisible(mainWindow.isVisible());
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void PopOutWindow::childEvent(QChildEvent *event)
 {
     QWidget::childEvent(event);
@@ -79,6 +110,25 @@ void PopOutWindow::closeEvent(QCloseEvent *event)
 {
     event->accept();
     Q_EMIT backRequested();
+}
+
+//! Before a shortcut of the host, or of tabs in the page: two of them for the same key would cancel each other.
+bool PopOutWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride
+        && isPopOutKey(*static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void PopOutWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (isPopOutKey(*event))
+        close();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void PopOutWindow::hideEvent(QHideEvent *event)

@@ -18,6 +18,7 @@ PopupTree::PopupTree(QComboBox *combo, std::function<void()> modelChanged)
     setExpandsOnDoubleClick(false);
     // As wide as the popup, which is made wide enough.
     header()->setMinimumSectionSize(1);
+    connect(this, &QTreeView::expanded, this, &PopupTree::growPopup);
 }
 
 void PopupTree::setModel(QAbstractItemModel *model)
@@ -45,7 +46,6 @@ void PopupTree::toggle(const QModelIndex &item)
     setCurrentIndex(item);
     const QModelIndex branch = item.sibling(item.row(), 0);
     setExpanded(branch, !isExpanded(branch));
-    growPopup();
 }
 
 int PopupTree::heightOfItems(int mostItems) const

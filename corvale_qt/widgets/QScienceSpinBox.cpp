@@ -2,6 +2,7 @@
 #include "corvale_qt/widgets/QScienceSpinBox.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QRegularExpression>
 
 #include <cmath>
@@ -117,19 +118,38 @@ void QScienceSpinBox::fixup(QString & /*input*/) const
     // locales.
 }
 
+//! The page keys, and Ctrl with an arrow or the wheel, ask for ten steps.
+int QScienceSpinBox::stepsWithinADecade(int steps) const
+{
+    constexpr int many = 10;
+    if (qAbs(steps) < many)
+        return steps;
+    constexpr double rounding = 1e-9;
+    const double inADecade = 1 / std::log10(m_stepFactor) + rounding;
+    const int most = int(qBound(1.0, inADecade, double(many)));
+    return steps > 0 ? most : -most;
+}
+
 void QScienceSpinBox::stepBy(int steps)
 {
     const double now = value();
     double next = now + steps * singleStep();
-    if (m_steppingMode == MultiplicativeSteps && now != 0)
-        next = now * std::pow(m_stepFactor, now > 0 ? steps : -steps);
+    if (m_steppingMode == MultiplicativeSteps && now != 0) {
+        const int taken = stepsWithinADecade(steps);
+        next = now * std::pow(m_stepFactor, now > 0 ? taken : -taken);
+    }
+    const QPointer<QScienceSpinBox> alive = this;
     setValue(qBound(minimum(), next, maximum()));
-    selectAll();
+    if (alive)
+        selectAll();
 }
 
 void QScienceSpinBox::keyPressEvent(QKeyEvent *event)
 {
+    const QPointer<QScienceSpinBox> alive = this;
     QDoubleSpinBox::keyPressEvent(event);
+    if (!alive)
+        return;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Q_EMIT returnKeyPressed();
 }

@@ -21,7 +21,8 @@ class CORVALE_QT_EXPORT QScienceSpinBox : public QDoubleSpinBox
 public:
     enum SteppingMode {
         AdditiveSteps = 0, //!< a step adds singleStep
-        MultiplicativeSteps = 1, //!< a step multiplies by stepFactor; from 0 it adds singleStep
+        //! A step multiplies by stepFactor, ten at once by a decade at most; from 0 it adds singleStep.
+        MultiplicativeSteps = 1,
     };
     Q_ENUM(SteppingMode)
 
@@ -52,6 +53,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    int stepsWithinADecade(int steps) const;
     QString plainNumber(const QString &text) const;
 
     int m_decimals = 4;

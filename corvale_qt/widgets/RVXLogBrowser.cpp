@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/widgets/LogText_p.h"
 #include "corvale_qt/widgets/RVXLogBrowser_p.h"
 
 #include <QPainter>
-#include <QScrollBar>
 #include <QStyleOption>
-#include <QTextCursor>
 
 namespace Corvale_Qt {
 
@@ -19,8 +16,7 @@ RVXLogBrowser::RVXLogBrowser(QWidget *parent, Qt::WindowFlags flags)
 RVXLogBrowser::~RVXLogBrowser()
 {
     Q_D(RVXLogBrowser);
-    // The parts outlive the private data, and may change their size while they go.
-    d->scrollBar()->disconnect(this);
+    // It outlives the private data.
     d->highlighter->disconnect(this);
 }
 
@@ -32,17 +28,20 @@ QString RVXLogBrowser::title() const
 void RVXLogBrowser::setTitle(const QString &title)
 {
     titleLabel()->setText(title);
+    textBrowser()->setAccessibleName(title);
 }
 
 void RVXLogBrowser::appendLine(const QString &line)
 {
     Q_D(RVXLogBrowser);
-    d->append(literalText(line));
+    d->append(line);
 }
 
 void RVXLogBrowser::clear()
 {
+    Q_D(RVXLogBrowser);
     textBrowser()->clear();
+    d->scroll.follow();
 }
 
 void RVXLogBrowser::setTextCursor(const QTextCursor &cursor)
@@ -74,7 +73,7 @@ int RVXLogBrowser::maximumBlockCount() const
 void RVXLogBrowser::setMaximumBlockCount(int maximum)
 {
     Q_D(RVXLogBrowser);
-    d->document()->setMaximumBlockCount(maximum);
+    d->setMaximumBlockCount(maximum);
 }
 
 void RVXLogBrowser::addErrorKeywords(const QStringList &keywords)

@@ -21,7 +21,9 @@ class RVXLogBrowserPrivate;
 /*! A titled pane of log lines, with a clear button and a frame for controls of the host. Lines that hold an error
     or a warning keyword are coloured and announced, so that a host can raise an indicator.
 
-    The view follows the newest line unless the user has scrolled up; then what is read stays in its place.
+    The view follows the newest line unless the user has scrolled up; then what is read stays in its place, until
+    the end comes into sight again. Of a long text the end and what is in sight are coloured first, the rest while the
+    program has nothing else to do.
 
     There is no limit to the lines at first, and a program that runs for days fills its memory with them: set
     maximumBlockCount, to 10000 for example, and the oldest lines drop off.
@@ -55,8 +57,10 @@ public:
     QString title() const;
     void setTitle(const QString &title);
 
-    /*! Appends one paragraph that shows \a line as it is: no markup in it takes effect, and control characters,
-        ends of lines among them, are shown as their symbols. A keyword in it is announced once. */
+    /*! Appends a paragraph that shows \a line as it is: no markup in it takes effect, and control characters other
+        than tabs are shown as their symbols. Where there are line feeds in it, each of its lines becomes a
+        paragraph; a line of more than 4096 characters goes on in further ones. A keyword in a line is announced
+        once, after all are there. */
     void appendLine(const QString &line);
     void clear();
     void setTextCursor(const QTextCursor &cursor);
@@ -65,7 +69,7 @@ public:
     void setReadOnly(bool readOnly);
     //! Whether typed characters replace those under the cursor, when the text is not read-only.
     void setOverwriteMode(bool overwrite);
-    /*! The most lines that are kept; 0, as at first, for no limit. From a limit of 200 on, the oldest drop off
+    /*! The most paragraphs that are kept; 0, as at first, for no limit. From a limit of 200 on, the oldest drop off
         by the hundredth of it, so that a little less than the limit may be there. */
     int maximumBlockCount() const;
     void setMaximumBlockCount(int maximum);

@@ -1,103 +1,100 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/LogText_p.h"
 #include "corvale_qt/widgets/RVXLogBrowser_p.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QPointer>
-#include <QScrollBar>
-#include <QTextBlock>
 #include <QTextCursor>
 
 namespace Corvale_Qt {
 
 RVXLogBrowserPrivate::RVXLogBrowserPrivate(RVXLogBrowser *browser)
     : q(browser)
+    , highlighter(makeHighlighter())
+    , scroll(ui.textBrowser)
+    , colouring(highlighter, ui.textBrowser)
 {
-    ui.setupUi(browser);
-    highlighter = new RVXLogBrowserSyntaxHighlighter(document());
-    connectHighlighter();
-    followTheEnd();
-}
-
-void RVXLogBrowserPrivate::connectHighlighter()
-{
-    QObject::connect(highlighter, &RVXLogBrowserSyntaxHighlighter::syntaxError, q, [this] {
-        errorSeen = errorSeen || relay == Relay::Remember;
-        if (relay == Relay::AtOnce)
-            Q_EMIT q->syntaxError();
-    });
-    QObject::connect(highlighter, &RVXLogBrowserSyntaxHighlighter::syntaxWarning, q, [this] {
-        warningSeen = warningSeen || relay == Relay::Remember;
-        if (relay == Relay::AtOnce)
-            Q_EMIT q->syntaxWarning();
+    using Highlighter = RVXLogBrowserSyntaxHighlighter;
+    QObject::connect(highlighter, &Highlighter::syntaxError, q, &RVXLogBrowser::syntaxError);
+    QObject::connect(highlighter, &Highlighter::syntaxWarning, q, &RVXLogBrowser::syntaxWarning);
+    idle.setSingleShot(true);
+    QObject::connect(&idle, &QTimer::timeout, q, [this] {
+        colourWhenIdle();
     });
 }
 
-//! Keeps the newest line in sight, whatever changes the height of text or view, until the user scrolls up.
-void RVXLogBrowserPrivate::followTheEnd()
+RVXLogBrowserSyntaxHighlighter *RVXLogBrowserPrivate::makeHighlighter()
 {
-    QObject::connect(scrollBar(), &QScrollBar::rangeChanged, q, [this](int, int maximum) {
-        if (following)
-            scrollBar()->setValue(maximum);
-    });
-    QObject::connect(scrollBar(), &QScrollBar::valueChanged, q, [this](int value) {
-        following = value >= scrollBar()->maximum();
-    });
-}
-
-qreal RVXLogBrowserPrivate::topOf(const QTextCursor &cursor) const
-{
-    return document()->documentLayout()->blockBoundingRect(cursor.block()).top();
+    ui.setupUi(q);
+    return new RVXLogBrowserSyntaxHighlighter(document());
 }
 
 /*! Each time lines drop off the document lays out anew all that are left: 15 ms with 10000 of them. So they go
-    by the hundredth of the limit, which makes this 0.2 ms for a line; small limits are left to the document. */
-void RVXLogBrowserPrivate::dropOldLines()
+    by the hundredth of the limit, which makes this 0.2 ms for a line. */
+void RVXLogBrowserPrivate::makeRoomFor(int blocks)
 {
     const int limit = document()->maximumBlockCount();
-    const int portion = limit / 100;
-    if (portion < 2 || document()->blockCount() < limit)
+    const int excess = document()->blockCount() + blocks - limit;
+    if (limit <= 0 || excess <= 0 || document()->isEmpty())
         return;
     QTextCursor old(document());
-    old.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, portion);
+    const int dropped = qMax(excess, limit / 100);
+    if (dropped < document()->blockCount())
+        old.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, dropped);
+    else
+        old.select(QTextCursor::Document);
     old.removeSelectedText();
 }
 
-/*! Adding a block makes the highlighter go over the line before it, and over the first line when the oldest
-    ones drop off. These have been announced when they came, so only the new line's own text is listened to. */
-void RVXLogBrowserPrivate::insertLine(const QString &line)
+void RVXLogBrowserPrivate::insert(const QStringList &lines)
 {
+    QStringList parts;
+    for (const QString &line : lines)
+        parts << partsOfLine(line);
+    const int limit = document()->maximumBlockCount();
+    if (limit > 0 && parts.size() > limit)
+        parts = parts.mid(parts.size() - limit);
+
+    // Dropping lines changes the first one left, and a new block the one before it.
+    const LogColouring::Quiet quiet(colouring);
+    makeRoomFor(parts.size());
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
-    relay = Relay::Ignore;
-    dropOldLines();
     if (!document()->isEmpty())
         cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
-    relay = Relay::Remember;
-    cursor.insertText(line, QTextCharFormat());
-    relay = Relay::AtOnce;
+    colouring.insert(cursor, parts.join(QLatin1Char('\n')));
 }
 
-void RVXLogBrowserPrivate::append(const QString &line)
+void RVXLogBrowserPrivate::append(const QString &text)
 {
-    const bool stay = !following;
-    const QTextCursor inSight = stay ? ui.textBrowser->cursorForPosition(QPoint()) : QTextCursor();
-    const qreal before = stay ? topOf(inSight) : 0;
-
-    errorSeen = false;
-    warningSeen = false;
-    insertLine(line);
-    if (stay)
-        scrollBar()->setValue(scrollBar()->value() + qRound(topOf(inSight) - before));
-    else
-        scrollBar()->setValue(scrollBar()->maximum());
-
+    const QStringList lines = logLines(text);
+    scroll.keepDuring([&] {
+        insert(lines);
+    });
+    if (colouring.isPending())
+        idle.start();
     // Not before the edit is over: the host may answer with a line of its own, or clear them all.
-    const bool isWarning = warningSeen;
     const QPointer<RVXLogBrowser> alive = q;
-    if (errorSeen)
-        Q_EMIT q->syntaxError();
-    if (isWarning && alive)
-        Q_EMIT q->syntaxWarning();
+    for (auto line = lines.begin(); alive && line != lines.end(); ++line)
+        colouring.announce(*line);
+}
+
+void RVXLogBrowserPrivate::setMaximumBlockCount(int maximum)
+{
+    scroll.keepDuring([&] {
+        const LogColouring::Quiet quiet(colouring);
+        document()->setMaximumBlockCount(maximum);
+    });
+}
+
+void RVXLogBrowserPrivate::colourWhenIdle()
+{
+    scroll.keepDuring([this] {
+        colouring.colourInSight();
+        if (colouring.isPending())
+            colouring.colourPortion();
+    });
+    if (colouring.isPending())
+        idle.start();
 }
 
 } // namespace Corvale_Qt

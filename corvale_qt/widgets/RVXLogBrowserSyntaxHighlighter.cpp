@@ -1,102 +1,47 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
-
 #include "corvale_qt/widgets/LogText_p.h"
+#include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter_p.h"
 
-#include <QDebug>
-#include <QRegularExpression>
-#include <QVector>
+#include <QPointer>
 
 namespace Corvale_Qt {
 
-namespace {
-
-//! Keywords and the patterns made of them.
-class Keywords
-{
-public:
-    void set(const QStringList &words)
-    {
-        if (m_words.isSharedWith(words))
-            return;
-        m_words = words;
-        m_patterns.clear();
-        for (const QString &word : words) {
-            // Without the property option "\b" would see a border inside a word with an umlaut.
-            const QRegularExpression pattern("\\b" + word + "\\b",
-                                             QRegularExpression::UseUnicodePropertiesOption);
-            if (pattern.isValid())
-                m_patterns.append(pattern);
-            else
-                qDebug() << "log browser: no pattern:" << word.left(80) << pattern.errorString();
-        }
-    }
-    const QVector<QRegularExpression> &patterns() const { return m_patterns; }
-
-private:
-    QStringList m_words;
-    QVector<QRegularExpression> m_patterns;
-};
-
-//! Where to search next: behind the match, or one character on when it was empty.
-int behind(const QRegularExpressionMatch &match, const QString &text)
-{
-    const int end = match.capturedEnd();
-    if (match.capturedLength() > 0)
-        return end;
-    const bool isWide = end < text.size() && text.at(end).isHighSurrogate();
-    return end + (isWide ? 2 : 1);
-}
-
-} // namespace
-
-class RVXLogBrowserSyntaxHighlighterPrivate
-{
-public:
-    explicit RVXLogBrowserSyntaxHighlighterPrivate(RVXLogBrowserSyntaxHighlighter *highlighter)
-        : q(highlighter)
-    {
-    }
-
-    //! Colours the \a keywords in \a text, and says whether there was one.
-    bool highlight(const QString &text, const Keywords &keywords, const QColor &color);
-
-    RVXLogBrowserSyntaxHighlighter *const q;
-    Keywords errorKeywords;
-    Keywords warningKeywords;
-    QColor errorColor;
-    QColor warningColor;
-    bool wholeBlock = false;
-    bool enabled = true;
-};
-
-bool RVXLogBrowserSyntaxHighlighterPrivate::highlight(const QString &text,
-                                                      const Keywords &keywords,
-                                                      const QColor &color)
+void RVXLogBrowserSyntaxHighlighterPrivate::colour(const QString &line,
+                                                   const KeywordPatterns &keywords,
+                                                   const QColor &color)
 {
     QTextCharFormat format;
     format.setFontWeight(QFont::Bold);
     format.setForeground(color);
-    bool found = false;
-    for (const QRegularExpression &pattern : keywords.patterns()) {
-        QRegularExpressionMatch match = pattern.match(text);
-        found = found || match.hasMatch();
+    for (const KeywordPattern &keyword : keywords.patterns()) {
+        KeywordSearch search(keyword, line);
+        QRegularExpressionMatch match = search.next();
         // Not for a match at 0: kept on purpose, for hosts whose lines begin with the word.
         if (wholeBlock && match.hasMatch() && match.capturedStart() > 0) {
-            q->setFormat(0, text.size(), format);
+            q->setFormat(0, line.size(), format);
             continue;
         }
-        while (match.hasMatch()) {
+        for (; match.hasMatch(); match = search.next())
             q->setFormat(match.capturedStart(), match.capturedLength(), format);
-            // The text was checked by the first search; a check for each match would make this
-            // quadratic.
-            match = pattern.match(text,
-                                  behind(match, text),
-                                  QRegularExpression::NormalMatch,
-                                  QRegularExpression::DontCheckSubjectStringMatchOption);
-        }
     }
-    return found;
+}
+
+RVXLogBrowserSyntaxHighlighterPrivate::Found
+RVXLogBrowserSyntaxHighlighterPrivate::find(const QString &line) const
+{
+    if (!enabled)
+        return {};
+    return {errorKeywords.areIn(line), warningKeywords.areIn(line)};
+}
+
+//! The host may delete the highlighter in answer to the first signal.
+void RVXLogBrowserSyntaxHighlighterPrivate::announce(const Found &found)
+{
+    const QPointer<RVXLogBrowserSyntaxHighlighter> alive = q;
+    if (found.error)
+        Q_EMIT alive->syntaxError();
+    if (found.warning && alive)
+        Q_EMIT alive->syntaxWarning();
 }
 
 RVXLogBrowserSyntaxHighlighter::RVXLogBrowserSyntaxHighlighter(QTextDocument *document)
@@ -183,15 +128,16 @@ void RVXLogBrowserSyntaxHighlighter::setWholeBlockSyntaxHighlighting(bool on)
 void RVXLogBrowserSyntaxHighlighter::highlightBlock(const QString &text)
 {
     Q_D(RVXLogBrowserSyntaxHighlighter);
-    if (!d->enabled)
+    if (currentBlock().position() >= d->plainFrom)
         return;
     const QString line = withWholeCharacters(text);
-    const bool isError = d->highlight(line, d->errorKeywords, d->errorColor);
-    const bool isWarning = d->highlight(line, d->warningKeywords, d->warningColor);
-    if (isError)
-        Q_EMIT syntaxError();
-    if (isWarning)
-        Q_EMIT syntaxWarning();
+    const auto found = d->find(line);
+    if (found.error)
+        d->colour(line, d->errorKeywords, d->errorColor);
+    if (found.warning)
+        d->colour(line, d->warningKeywords, d->warningColor);
+    if (!d->isQuiet)
+        d->announce(found);
 }
 
 } // namespace Corvale_Qt

@@ -8,47 +8,41 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/widgets/LogColouring_p.h"
+#include "corvale_qt/widgets/LogScroll_p.h"
 #include "corvale_qt/widgets/RVXLogBrowser.h"
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
 
 #include "ui_RVXLogBrowser.h"
 
+#include <QTimer>
+
 namespace Corvale_Qt {
 
-//! Adds the lines: each is announced once, and the view follows or stays.
+//! Adds the lines, and drops the oldest.
 class RVXLogBrowserPrivate
 {
 public:
     explicit RVXLogBrowserPrivate(RVXLogBrowser *browser);
 
     QTextDocument *document() const { return ui.textBrowser->document(); }
-    QScrollBar *scrollBar() const { return ui.textBrowser->verticalScrollBar(); }
-    //! Appends a paragraph; \a line has no ends of lines in it.
-    void append(const QString &line);
+    void append(const QString &text);
+    void setMaximumBlockCount(int maximum);
 
     RVXLogBrowser *const q;
     Ui::RVXLogBrowser ui;
-    RVXLogBrowserSyntaxHighlighter *highlighter = nullptr;
+    RVXLogBrowserSyntaxHighlighter *const highlighter;
+    LogScroll scroll;
     bool syntaxHighlighting = true;
 
 private:
-    //! What becomes of the highlighter's signals.
-    enum class Relay {
-        AtOnce,
-        Ignore,
-        Remember
-    };
+    RVXLogBrowserSyntaxHighlighter *makeHighlighter();
+    void insert(const QStringList &lines);
+    void makeRoomFor(int blocks);
+    void colourWhenIdle();
 
-    void connectHighlighter();
-    void followTheEnd();
-    void insertLine(const QString &line);
-    void dropOldLines();
-    qreal topOf(const QTextCursor &cursor) const;
-
-    Relay relay = Relay::AtOnce;
-    bool errorSeen = false;
-    bool warningSeen = false;
-    bool following = true;
+    LogColouring colouring;
+    QTimer idle;
 };
 
 } // namespace Corvale_Qt

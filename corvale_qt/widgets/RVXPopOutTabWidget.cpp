@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/RVXPopOutTabWidget_p.h"
 
-#include <QAction>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -19,14 +19,6 @@ RVXPopOutTabWidget::RVXPopOutTabWidget(QWidget *parent)
     connect(tabBar(), &QTabBar::tabMoved, this, [this, d](int, int to) {
         d->insert(widget(to), to);
     });
-
-    auto *out = new QAction(tr("Open this tab in a window"), this);
-    out->setShortcut(popOutShortcut());
-    out->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(out, &QAction::triggered, this, [this] {
-        popOut(currentIndex());
-    });
-    addAction(out);
 }
 
 RVXPopOutTabWidget::~RVXPopOutTabWidget()
@@ -34,6 +26,8 @@ RVXPopOutTabWidget::~RVXPopOutTabWidget()
     Q_D(RVXPopOutTabWidget);
     // The rest of this widget goes after the private data, and would still report to it.
     tabBar()->removeEventFilter(this);
+    if (d->mainWindow)
+        d->mainWindow->removeEventFilter(this);
     d->deleteWindows();
 }
 
@@ -67,9 +61,11 @@ void RVXPopOutTabWidget::popIn(QWidget *page)
 
 void RVXPopOutTabWidget::popInAll()
 {
+    const QPointer<RVXPopOutTabWidget> alive = this;
     const QList<QWidget *> pages = poppedOutPages();
     for (QWidget *page : pages)
-        popIn(page);
+        if (alive)
+            popIn(page);
 }
 
 bool RVXPopOutTabWidget::eventFilter(QObject *watched, QEvent *event)
@@ -84,10 +80,47 @@ bool RVXPopOutTabWidget::eventFilter(QObject *watched, QEvent *event)
             && d->handleMouse(event->type(), *static_cast<QMouseEvent *>(event)))
             return true;
         break;
+    case QEvent::Hide:
+    case QEvent::Show:
+        // Spontaneous ones belong to a change of the window state.
+        if (watched == d->mainWindow && !event->spontaneous())
+            d->followMainWindow(event->type());
+        break;
+    case QEvent::WindowStateChange:
+        if (watched == d->mainWindow)
+            d->followMainWindow(event->type());
+        break;
     default:
         break;
     }
     return QTabWidget::eventFilter(watched, event);
+}
+
+//! Tabs within tabs, or a shortcut of the host, may have the same key: the innermost with the focus takes it.
+bool RVXPopOutTabWidget::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isTabEnabled(currentIndex())
+        && isPopOutKey(*static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QTabWidget::event(event);
+}
+
+void RVXPopOutTabWidget::keyPressEvent(QKeyEvent *event)
+{
+    if (isPopOutKey(*event) && isTabEnabled(currentIndex()))
+        popOut(currentIndex());
+    else
+        QTabWidget::keyPressEvent(event);
+}
+
+//! It may have come into another window.
+void RVXPopOutTabWidget::showEvent(QShowEvent *event)
+{
+    Q_D(RVXPopOutTabWidget);
+    QTabWidget::showEvent(event);
+    d->watchMainWindow();
 }
 
 void RVXPopOutTabWidget::contextMenuEvent(QContextMenuEvent *event)

@@ -12,11 +12,12 @@ class RVXPopOutTabWidgetPrivate;
 /*! A tab widget whose pages can be taken out into windows of their own, to be watched side by side or on
     another screen.
 
-    A page goes out by a double click on its tab, by dragging the tab off the bar, by the tab's context menu, or
-    by Ctrl+Shift+O; it comes back to its old place when its window is closed, by the context menu, or by
-    Ctrl+Shift+O in the window. A window shows the text and the icon that the tab had, stays above the window of
-    the tab widget, and goes with it. Its place and size are remembered, by the page's object name (else its
-    tab's text), while the program runs.
+    A page goes out by a double click on its tab, by dragging the tab off the bar (clear of it by twice its height
+    where tabs are movable), by the tab's context menu, or by Ctrl+Shift+O with the focus in it; it comes back to its
+    old place when its window is closed, by the context menu, or by Ctrl+Shift+O in the window. A window shows the
+    text and the icon that the tab had; the rest of the tab's look comes back with it. The window stays above the
+    window of the tab widget, and is hidden, shown and minimised with that one. Its place and size are remembered, by
+    the page's object name (else its tab's text), while the program runs.
 
     A page that is out belongs to this widget still and is deleted with it, but it is not among the tabs:
     count(), indexOf() and clear() do not know it. */
@@ -44,7 +45,10 @@ Q_SIGNALS:
     void tabPoppedIn(QWidget *page);
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void tabInserted(int index) override;

@@ -11,15 +11,6 @@
 
 namespace Corvale_Qt {
 
-TabLook RVXPopOutTabWidgetPrivate::lookOf(int index) const
-{
-    return {q->tabText(index),
-            q->tabIcon(index),
-            q->tabToolTip(index),
-            q->tabWhatsThis(index),
-            q->isTabEnabled(index)};
-}
-
 void RVXPopOutTabWidgetPrivate::insert(QWidget *page, int index)
 {
     order.removeAll(page);
@@ -49,11 +40,13 @@ void RVXPopOutTabWidgetPrivate::popOut(int index, const QPoint *at)
     QWidget *page = q->widget(index);
     if (!page)
         return;
-    const TabLook look = lookOf(index);
+    watchMainWindow();
     const QSize size = page->isVisible() ? page->size() : q->currentWidget()->size();
+    auto *window = new PopOutWindow(page, tabLook(*q, index), q);
+    window->look().takeButtons(*q, index, window);
     windows.insert(page, nullptr);
     q->removeTab(index);
-    auto *window = new PopOutWindow(page, look, q);
+    window->holdPage();
     windows.insert(page, window);
     connectWindow(window, page);
     window->place(size, at);
@@ -72,8 +65,10 @@ void RVXPopOutTabWidgetPrivate::connectWindow(PopOutWindow *window, QWidget *pag
         forget(page);
     });
 
-    auto *back = new QAction(RVXPopOutTabWidget::tr("Put back into its tab"), window);
-    back->setShortcut(popOutShortcut());
+    // The key is only shown: the window takes it itself.
+    auto *back = new QAction(RVXPopOutTabWidget::tr("Put back into its tab") + QLatin1Char('\t')
+                                 + popOutKey().toString(QKeySequence::NativeText),
+                             window);
     QObject::connect(back, &QAction::triggered, window, &QWidget::close);
     window->addAction(back);
     window->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -88,10 +83,8 @@ void RVXPopOutTabWidgetPrivate::popIn(QWidget *page)
     window->disconnect(q);
     window->takePage();
     const TabLook look = window->look();
-    const int index = q->insertTab(placeFor(page), page, look.icon, look.text);
-    q->setTabToolTip(index, look.toolTip);
-    q->setTabWhatsThis(index, look.whatsThis);
-    q->setTabEnabled(index, look.isEnabled);
+    const int index = q->insertTab(placeFor(page), page, QString());
+    look.apply(*q, index);
     q->setCurrentIndex(index);
     // It may be handling its close event.
     window->hide();
@@ -144,10 +137,19 @@ bool RVXPopOutTabWidgetPrivate::handleMouse(QEvent::Type type, const QMouseEvent
     }
 }
 
+//! Where a drag leaves the tab on its bar. One that can be moved along the bar has to be dragged clear of it.
+QRect RVXPopOutTabWidgetPrivate::areaOfDrags() const
+{
+    const bool isUpright =
+        q->tabPosition() == QTabWidget::West || q->tabPosition() == QTabWidget::East;
+    const int height = isUpright ? bar()->width() : bar()->height();
+    const int margin = q->isMovable() ? 2 * height : 2 * QApplication::startDragDistance();
+    return bar()->rect().adjusted(-margin, -margin, margin, margin);
+}
+
 bool RVXPopOutTabWidgetPrivate::handleDrag(const QMouseEvent &event)
 {
-    const int margin = 2 * QApplication::startDragDistance();
-    if (bar()->rect().adjusted(-margin, -margin, margin, margin).contains(event.pos()))
+    if (areaOfDrags().contains(event.pos()))
         return false;
     const QPointer<QWidget> page = pressedPage;
     pressedPage.clear();
@@ -163,6 +165,38 @@ bool RVXPopOutTabWidgetPrivate::handleDrag(const QMouseEvent &event)
     if (page && q->isTabEnabled(q->indexOf(page)))
         popOut(q->indexOf(page), &at);
     return true;
+}
+
+void RVXPopOutTabWidgetPrivate::watchMainWindow()
+{
+    if (mainWindow == q->window())
+        return;
+    if (mainWindow)
+        mainWindow->removeEventFilter(q);
+    mainWindow = q->window();
+    mainWindow->installEventFilter(q);
+    followAll();
+}
+
+void RVXPopOutTabWidgetPrivate::followMainWindow(QEvent::Type type)
+{
+    if (type == QEvent::Hide || type == QEvent::WindowStateChange)
+        followAll();
+    // Not before it is there itself, for them to be above it.
+    if (type == QEvent::Show)
+        QMetaObject::invokeMethod(
+            q,
+            [this] {
+                followAll();
+            },
+            Qt::QueuedConnection);
+}
+
+void RVXPopOutTabWidgetPrivate::followAll()
+{
+    for (PopOutWindow *window : qAsConst(windows))
+        if (window && mainWindow)
+            window->follow(*mainWindow);
 }
 
 void RVXPopOutTabWidgetPrivate::fillMenu(QMenu *menu, int index)

@@ -12,7 +12,6 @@
 #include "corvale_qt/widgets/RVXPopOutTabWidget.h"
 
 #include <QEvent>
-#include <QKeySequence>
 #include <QMap>
 #include <QPointer>
 #include <QVector>
@@ -21,12 +20,6 @@ class QMenu;
 class QMouseEvent;
 
 namespace Corvale_Qt {
-
-//! Takes the current page out of its tab and, in its window, back.
-inline QKeySequence popOutShortcut()
-{
-    return Qt::CTRL + Qt::SHIFT + Qt::Key_O;
-}
 
 //! Knows all pages in the order of their tabs, and the windows of those that are out.
 class RVXPopOutTabWidgetPrivate
@@ -51,18 +44,25 @@ public:
     bool handleMouse(QEvent::Type type, const QMouseEvent &event);
     void fillMenu(QMenu *menu, int index);
 
+    //! Watches the window that the tabs are in now.
+    void watchMainWindow();
+    //! What \a type of event of the main window means for the windows of pages.
+    void followMainWindow(QEvent::Type type);
+
     RVXPopOutTabWidget *const q;
     //! All pages in the order of their tabs, those that are out in the places where they come back to.
     QVector<QWidget *> order;
     //! Null for a page on its way.
     QMap<QWidget *, PopOutWindow *> windows;
+    QPointer<QWidget> mainWindow;
 
 private:
     QTabBar *bar() const { return q->tabBar(); }
-    TabLook lookOf(int index) const;
     int placeFor(QWidget *page) const;
     void connectWindow(PopOutWindow *window, QWidget *page);
     void forget(QWidget *page);
+    QRect areaOfDrags() const;
+    void followAll();
     bool handleDrag(const QMouseEvent &event);
 
     QPointer<QWidget> pressedPage;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 
 namespace Corvale_Qt {
@@ -33,7 +34,10 @@ void TreeComboBox::setModel(QAbstractItemModel *model)
 {
     Q_D(TreeComboBox);
     d->modelIsChanging = true;
-    QComboBox::setModel(model);
+    d->isSetting = true;
+    // As its child it is deleted with this or with the next call.
+    QComboBox::setModel(model ? model : new QStandardItemModel(0, 1, this));
+    d->isSetting = false;
     d->isChosen = false;
     d->afterChange();
 }
@@ -53,10 +57,15 @@ QModelIndex TreeComboBox::currentModelIndex() const
 void TreeComboBox::setCurrentModelIndex(const QModelIndex &index)
 {
     Q_D(TreeComboBox);
-    if (index.isValid() && index.model() != model())
+    if (index.isValid() && (index.model() != model() || isBranch(index)))
         return;
     d->isChosen = true;
     d->setCurrent(index.sibling(index.row(), modelColumn()));
+}
+
+void TreeComboBox::setCurrentIndex(int row)
+{
+    setCurrentModelIndex(model()->index(row, modelColumn(), rootModelIndex()));
 }
 
 void TreeComboBox::showPopup()
@@ -97,8 +106,11 @@ bool TreeComboBox::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
-        if (watched == d->tree && d->popupKey(event->type(), *static_cast<QKeyEvent *>(event)))
+        if (watched == d->tree && d->popupKey(event->type(), *static_cast<QKeyEvent *>(event))) {
+            // Else a shortcut of the host would take the key.
+            event->accept();
             return true;
+        }
         break;
     default:
         break;
@@ -109,26 +121,22 @@ bool TreeComboBox::eventFilter(QObject *watched, QEvent *event)
 void TreeComboBox::keyPressEvent(QKeyEvent *event)
 {
     Q_D(TreeComboBox);
-    const bool isPlain =
-        !(event->modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
+    const auto otherThanShift = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const QString text = event->text();
-    if (isPlain && event->key() == Qt::Key_Up)
-        d->walk(-1);
-    else if (isPlain && event->key() == Qt::Key_Down)
-        d->walk(1);
-    else if (isPlain && event->key() == Qt::Key_PageUp)
-        d->walk(-maxVisibleItems());
-    else if (isPlain && event->key() == Qt::Key_PageDown)
-        d->walk(maxVisibleItems());
-    else if (isPlain && !isEditable() && event->key() == Qt::Key_Home)
-        d->walkToEnd(-1);
-    else if (isPlain && !isEditable() && event->key() == Qt::Key_End)
-        d->walkToEnd(1);
-    else if (isPlain && !isEditable() && !text.isEmpty() && text.at(0).isPrint()
-             && !text.at(0).isSpace())
-        d->walkToText(text);
-    else
-        QComboBox::keyPressEvent(event);
+    const bool isTyped = !isEditable() && !text.isEmpty() && text.at(0).isPrint()
+        && !(event->modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
+    if (d->walkByKey(event->key(), otherThanShift == Qt::NoModifier))
+        return;
+    if (isTyped && d->typed(text))
+        return;
+    QComboBox::keyPressEvent(event);
+}
+
+void TreeComboBox::mousePressEvent(QMouseEvent *event)
+{
+    Q_D(TreeComboBox);
+    d->noteClick(event->globalPos());
+    QComboBox::mousePressEvent(event);
 }
 
 void TreeComboBox::wheelEvent(QWheelEvent *event)

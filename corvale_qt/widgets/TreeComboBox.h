@@ -14,9 +14,10 @@ class TreeComboBoxPrivate;
 
 /*! A combo box whose popup is a tree, for any tree model.
 
-    A person chooses leaves: a click on one, or Return, closes the popup; on a branch it opens or closes the
-    branch. Wheel and arrow keys go through the leaves that the tree shows, that is, those in open branches; the
-    branches above the current item are opened when it is set.
+    Only leaves can be current. A click on one, or Return, closes the popup; on a branch it opens or closes the
+    branch. Wheel and arrow keys go through the leaves that the tree shows, that is, those in open branches; typing
+    the beginning of a text goes to a leaf that is shown, else to one in a closed branch. The branches above the
+    current item are opened when it is set.
 
     After setModel() the first leaf is current. When the current item is removed, there is none; a reset of the
     model keeps it where the texts on the way to it are there still.
@@ -36,7 +37,8 @@ public:
     explicit TreeComboBox(QWidget *parent = nullptr);
     ~TreeComboBox() override;
 
-    //! As QComboBox::setModel(), with the first leaf for the current item. To be called on this class.
+    /*! As QComboBox::setModel(), with the first leaf for the current item; null empties the combo box. To be called on
+        this class. */
     void setModel(QAbstractItemModel *model);
     //! What the popup shows; for the host to open and close branches.
     QTreeView *treeView() const;
@@ -48,15 +50,19 @@ public:
     QSize sizeHint() const override;
 
 public Q_SLOTS:
-    //! Any item of the model, also a branch; an invalid index for none; another model's index is ignored.
+    //! An invalid index for none; a branch is ignored, and so is an index of another model.
     void setCurrentModelIndex(const QModelIndex &index);
+    //! The item in \a row of the root, unless it is a branch. To be called on this class.
+    void setCurrentIndex(int row);
 
 Q_SIGNALS:
+    //! The combo box may be deleted in answer.
     void currentModelIndexChanged(const QModelIndex &index);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:

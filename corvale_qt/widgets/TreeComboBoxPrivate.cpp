@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/TreeComboBox_p.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 namespace Corvale_Qt {
 
@@ -70,7 +72,7 @@ void TreeComboBoxPrivate::setCurrent(QModelIndex index)
     isSetting = true;
     const QPersistentModelIndex root = q->rootModelIndex();
     q->setRootModelIndex(index.parent());
-    q->setCurrentIndex(index.row());
+    q->QComboBox::setCurrentIndex(index.row());
     q->setRootModelIndex(root);
     isSetting = false;
     q->update();
@@ -78,17 +80,14 @@ void TreeComboBoxPrivate::setCurrent(QModelIndex index)
         Q_EMIT q->currentModelIndexChanged(current);
 }
 
-//! QComboBox has another current row: taken from the popup, or set by the host.
+//! QComboBox has another current row: set by the host on the base class, or by an editor's completion.
 void TreeComboBoxPrivate::baseChanged(int row)
 {
     if (isSetting || modelIsChanging)
         return;
-    const QModelIndex taken = isPicking
-        ? QModelIndex(tree->currentIndex())
-        : q->model()->index(row, q->modelColumn(), q->rootModelIndex());
-    isPicking = false;
+    const QModelIndex taken = q->model()->index(row, q->modelColumn(), q->rootModelIndex());
     isChosen = true;
-    setCurrent(taken.sibling(taken.row(), q->modelColumn()));
+    setCurrent(isBranch(taken) ? QModelIndex(current) : taken);
 }
 
 void TreeComboBoxPrivate::afterChange()
@@ -125,59 +124,75 @@ void TreeComboBoxPrivate::modelGone()
     Q_EMIT q->currentModelIndexChanged(QModelIndex());
 }
 
+void TreeComboBoxPrivate::noteClick(const QPoint &globalPosition)
+{
+    clickedAt = globalPosition;
+    sinceClick.start();
+}
+
+//! The popup may have opened under the pointer: a click there is over before the item below it is meant.
+bool TreeComboBoxPrivate::isEndOfOpeningClick(const QPoint &globalPosition) const
+{
+    return sinceClick.isValid() && sinceClick.elapsed() < QApplication::doubleClickInterval()
+        && (globalPosition - clickedAt).manhattanLength() < QApplication::startDragDistance();
+}
+
 bool TreeComboBoxPrivate::popupMouse(QEvent::Type type, const QMouseEvent &event)
 {
     const QModelIndex index = tree->indexAt(event.pos());
-    const bool isBranch =
-        index.isValid() && tree->model()->hasChildren(index.sibling(index.row(), 0));
-    if (type == QEvent::MouseButtonPress && isBranch)
+    const bool isOnBranch = isBranch(index);
+    if (type == QEvent::MouseButtonPress && isOnBranch)
         tree->toggle(index);
-    if (type == QEvent::MouseButtonRelease) {
-        // Not on a branch, which QComboBox would take for a choice, nor beside the items.
-        if (!isLeaf(index) || index != tree->currentIndex())
-            return true;
-        letQComboBoxPick();
-    }
-    return isBranch;
+    if (type != QEvent::MouseButtonRelease)
+        return isOnBranch;
+    // Not on a branch, which QComboBox would take for a choice, nor beside the items.
+    if (isLeaf(index) && index == tree->currentIndex() && !isEndOfOpeningClick(event.globalPos()))
+        pickFromPopup(index);
+    return true;
 }
 
-//! QComboBox chooses by the override of a shortcut already, and by the key.
+/*! QComboBox takes what is current in its popup on these keys, at the override of a shortcut and again at the key
+    press, and takes branches as well. */
 bool TreeComboBoxPrivate::popupKey(QEvent::Type type, const QKeyEvent &event)
 {
-    if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter
-        && event.key() != Qt::Key_Select)
+    const bool isAltUpOrDown = (event.modifiers() & Qt::AltModifier)
+        && (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down);
+    const bool closes = isAltUpOrDown || event.key() == Qt::Key_F4;
+    const bool chooses = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter
+        || event.key() == Qt::Key_Select;
+    if (!closes && !chooses)
         return false;
+    if (type != QEvent::KeyPress)
+        return true;
     const QModelIndex index = tree->currentIndex();
-    if (isLeaf(index)) {
-        letQComboBoxPick();
-        return false;
-    }
-    if (type == QEvent::KeyPress && index.isValid())
+    if (isLeaf(index))
+        pickFromPopup(index);
+    else if (closes)
+        q->hidePopup();
+    else if (index.isValid())
         tree->toggle(index);
     return true;
 }
 
-//! What QComboBox does with the event at hand is a choice in the popup.
-void TreeComboBoxPrivate::letQComboBoxPick()
+void TreeComboBoxPrivate::pickFromPopup(const QModelIndex &leaf)
 {
-    isPicking = true;
-    QMetaObject::invokeMethod(
-        q,
-        [this] {
-            isPicking = false;
-        },
-        Qt::QueuedConnection);
+    const QPersistentModelIndex picked = leaf;
+    q->hidePopup();
+    pick(picked);
 }
 
-//! A person's choice.
+//! A person's choice. The host may delete the combo box in answer to any of the signals.
 void TreeComboBoxPrivate::pick(const QModelIndex &leaf)
 {
     if (!leaf.isValid())
         return;
+    const QPointer<TreeComboBox> alive = q;
     isChosen = true;
     setCurrent(leaf.sibling(leaf.row(), q->modelColumn()));
-    Q_EMIT q->activated(q->currentIndex());
-    Q_EMIT q->textActivated(q->currentText());
+    if (alive)
+        Q_EMIT alive->activated(alive->currentIndex());
+    if (alive)
+        Q_EMIT alive->textActivated(alive->currentText());
 }
 
 void TreeComboBoxPrivate::walk(int steps)
@@ -200,21 +215,60 @@ void TreeComboBoxPrivate::walkToEnd(int step)
     pick(nextShownLeaf(*tree, QModelIndex(), -step));
 }
 
-void TreeComboBoxPrivate::walkToText(const QString &text)
+bool TreeComboBoxPrivate::walkByKey(int key, bool isPlain)
+{
+    const bool isEndKey = key == Qt::Key_Home || key == Qt::Key_End;
+    const bool isPageKey = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    const bool isArrow = key == Qt::Key_Up || key == Qt::Key_Down;
+    if (q->isEditable() ? !isPageKey && !isArrow : !isPageKey && !isArrow && !isEndKey)
+        return false;
+    if (!isPlain)
+        return !isArrow;
+    const int step = key == Qt::Key_Up || key == Qt::Key_PageUp || key == Qt::Key_Home ? -1 : 1;
+    if (isEndKey)
+        walkToEnd(step);
+    else
+        walk(isPageKey ? step * q->maxVisibleItems() : step);
+    return true;
+}
+
+bool TreeComboBoxPrivate::typed(const QString &text)
+{
+    const bool goesOn =
+        sinceTyped.isValid() && sinceTyped.elapsed() < QApplication::keyboardInputInterval();
+    if (!goesOn)
+        typedText.clear();
+    // At the beginning it opens the popup.
+    if (typedText.isEmpty() && text.at(0).isSpace())
+        return false;
+    sinceTyped.start();
+    typedText += text;
+    // The same letter again and again goes from one to the next.
+    const bool isOneLetter = typedText.count(text) * text.size() == typedText.size();
+    const QModelIndex leaf = leafBeginningWith(isOneLetter ? text : typedText, isOneLetter);
+    if (leaf.isValid() && leaf != inFirstColumn(current))
+        pick(leaf);
+    return true;
+}
+
+/*! The current leaf, unless the next is wanted, or the next shown leaf, beginning again at the top, whose text begins
+    with \a text; else the first such leaf in a closed branch. */
+QModelIndex TreeComboBoxPrivate::leafBeginningWith(const QString &text, bool isNext) const
 {
     const auto begins = [this, &text](const QModelIndex &leaf) {
         const QString name = leaf.sibling(leaf.row(), q->modelColumn()).data().toString();
         return name.startsWith(text, Qt::CaseInsensitive);
     };
+    if (!isNext && current.isValid() && begins(current))
+        return inFirstColumn(current);
     for (const QModelIndex &from : {QModelIndex(current), QModelIndex()}) {
         QModelIndex leaf = nextShownLeaf(*tree, from, 1);
         while (leaf.isValid() && !begins(leaf))
             leaf = nextShownLeaf(*tree, leaf, 1);
-        if (leaf.isValid()) {
-            pick(leaf);
-            return;
-        }
+        if (leaf.isValid())
+            return leaf;
     }
+    return firstLeaf(*q->model(), q->rootModelIndex(), begins);
 }
 
 } // namespace Corvale_Qt

@@ -12,8 +12,10 @@
 #include "corvale_qt/widgets/TreeComboBox.h"
 #include "corvale_qt/widgets/TreeWalk_p.h"
 
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QPersistentModelIndex>
+#include <QPoint>
 #include <QVector>
 
 namespace Corvale_Qt {
@@ -36,14 +38,17 @@ public:
     void baseChanged(int row);
     void afterChange();
 
+    //! The press of a click, at \a globalPosition, that opens the popup.
+    void noteClick(const QPoint &globalPosition);
     bool popupMouse(QEvent::Type type, const QMouseEvent &event);
     bool popupKey(QEvent::Type type, const QKeyEvent &event);
 
-    //! Over so many shown leaves, downwards for a positive number, but not beyond the last.
+    //! Moves by \a steps visible leaves, downwards for a positive number, but not beyond the last.
     void walk(int steps);
-    void walkToEnd(int step);
-    //! The next shown leaf, beginning again at the top, whose text begins so.
-    void walkToText(const QString &text);
+    //! Whether \a key is one that walks. With other modifiers it does nothing, where QComboBox would go to a branch.
+    bool walkByKey(int key, bool isPlain);
+    //! Goes to the leaf whose text begins as what was typed; false where \a text is a blank that begins nothing.
+    bool typed(const QString &text);
 
     TreeComboBox *const q;
     PopupTree *const tree;
@@ -52,6 +57,8 @@ public:
     bool isChosen = false;
     //! The model is changing, and QComboBox follows it in its own way, which is set right afterwards.
     bool modelIsChanging = false;
+    //! QComboBox is told what is current, or what its model is.
+    bool isSetting = false;
     int wheelAngle = 0;
 
 private:
@@ -60,15 +67,19 @@ private:
     void stopWatching();
     void afterReset();
     void modelGone();
-    void letQComboBoxPick();
+    bool isEndOfOpeningClick(const QPoint &globalPosition) const;
+    void pickFromPopup(const QModelIndex &leaf);
     void pick(const QModelIndex &leaf);
+    void walkToEnd(int step);
+    QModelIndex leafBeginningWith(const QString &text, bool isNext) const;
 
     //! The last index announced; the current one may have gone without a word.
     bool hadCurrent = false;
-    //! QComboBox is told what is current.
-    bool isSetting = false;
-    //! QComboBox is about to take the popup's current item.
-    bool isPicking = false;
+    QPoint clickedAt;
+    QElapsedTimer sinceClick;
+    //! What was typed without a pause.
+    QString typedText;
+    QElapsedTimer sinceTyped;
     TreePath pathBeforeReset;
     QVector<QMetaObject::Connection> watches;
 };

@@ -5,18 +5,17 @@
 
 namespace Corvale_Qt {
 
-namespace {
-
-//! The item of \a index that has the children.
-QModelIndex first(const QModelIndex &index)
+QModelIndex inFirstColumn(const QModelIndex &index)
 {
     return index.sibling(index.row(), 0);
 }
 
+namespace {
+
 //! \a index, or the closed branch that hides it.
 QModelIndex shownFor(const QTreeView &tree, const QModelIndex &index)
 {
-    QModelIndex shown = first(index);
+    QModelIndex shown = inFirstColumn(index);
     for (QModelIndex branch = shown.parent(); branch.isValid() && branch != tree.rootIndex();
          branch = branch.parent())
         if (!tree.isExpanded(branch))
@@ -39,18 +38,25 @@ QModelIndex end(const QTreeView &tree, int step)
 
 } // namespace
 
+bool isBranch(const QModelIndex &index)
+{
+    return index.isValid() && index.model()->hasChildren(inFirstColumn(index));
+}
+
 bool isLeaf(const QModelIndex &index)
 {
     constexpr Qt::ItemFlags needed = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    return index.isValid() && !index.model()->hasChildren(first(index))
-        && (index.flags() & needed) == needed;
+    return index.isValid() && !isBranch(index) && (index.flags() & needed) == needed;
 }
 
-QModelIndex firstLeaf(const QAbstractItemModel &model, const QModelIndex &root)
+QModelIndex firstLeaf(const QAbstractItemModel &model,
+                      const QModelIndex &root,
+                      const std::function<bool(const QModelIndex &)> &isWanted)
 {
     for (int row = 0; row < model.rowCount(root); ++row) {
         const QModelIndex item = model.index(row, 0, root);
-        const QModelIndex leaf = isLeaf(item) ? item : firstLeaf(model, item);
+        const bool isFound = isLeaf(item) && isWanted(item);
+        const QModelIndex leaf = isFound ? item : firstLeaf(model, item, isWanted);
         if (leaf.isValid())
             return leaf;
     }

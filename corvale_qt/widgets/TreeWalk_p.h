@@ -11,15 +11,28 @@
 #include <QModelIndex>
 #include <QStringList>
 
+#include <functional>
+
 class QTreeView;
 
 namespace Corvale_Qt {
 
+//! The item of \a index that has the children.
+QModelIndex inFirstColumn(const QModelIndex &index);
+
+bool isBranch(const QModelIndex &index);
+
 //! Whether \a index is an item without children that a person may choose.
 bool isLeaf(const QModelIndex &index);
 
-//! The first leaf below \a root, depth first, without fetching what the model has not loaded; may be invalid.
-QModelIndex firstLeaf(const QAbstractItemModel &model, const QModelIndex &root);
+/*! The first leaf below \a root, depth first, of which \a isWanted is true, without fetching what the model has not
+    loaded; may be invalid. */
+QModelIndex firstLeaf(
+    const QAbstractItemModel &model,
+    const QModelIndex &root,
+    const std::function<bool(const QModelIndex &)> &isWanted = [](const QModelIndex &) {
+        return true;
+    });
 
 //! The next leaf after \a from that \a tree shows, upwards with \a step -1; from an end when \a from is invalid.
 QModelIndex nextShownLeaf(const QTreeView &tree, const QModelIndex &from, int step);

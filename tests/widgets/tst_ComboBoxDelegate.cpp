@@ -67,6 +67,17 @@ private Q_SLOTS:
         QTRY_VERIFY(!combo);
     }
 
+    void delegateMayBeDeletedInAnswer()
+    {
+        QWidget parent;
+        auto *combo = qobject_cast<QComboBox *>(m_delegate->createEditor(&parent, {}, value()));
+        connect(m_delegate.get(), &QAbstractItemDelegate::commitData, this, [this] {
+            m_delegate.reset();
+        });
+        Q_EMIT combo->activated(1);
+        QVERIFY(!m_delegate);
+    }
+
     void escapeKeepsTheValue()
     {
         QTableView view;

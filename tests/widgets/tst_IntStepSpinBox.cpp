@@ -96,6 +96,14 @@ private Q_SLOTS:
                                   << "- -1 -15" << -15;
         QTest::newRow("negative, no multiple") << -100 << 100 << 5 << "-12"
                                                << "- -1 -1" << -100;
+        QTest::newRow("negative, no multiple in reach") << -40 << 1000 << 25 << "-32"
+                                                        << "- - -2" << -40;
+        QTest::newRow("negative, above the maximum at first") << -800 << -200 << 100 << "-300"
+                                                              << "- -3 -30 -300" << -300;
+        QTest::newRow("letters") << 0 << 100 << 5 << "a1x5e"
+                                 << "0 1 1 15 15" << 15;
+        QTest::newRow("letters over a value set by code") << 3 << 100 << 5 << "x1x5e"
+                                                          << "3 1 1 15 15" << 15;
         QTest::newRow("only the maximum fits") << 0 << 100 << 50 << "100"
                                                << "1 10 100" << 100;
         QTest::newRow("no multiple in reach") << 0 << 40 << 25 << "32"
@@ -167,6 +175,16 @@ private Q_SLOTS:
         QCOMPARE(box.edit()->text(), QString("automatic"));
     }
 
+    void stepsLeadOnFromWhatIsTyped()
+    {
+        Box box(0, 100, 5);
+        box.setKeyboardTracking(false);
+        typed(box, "25");
+        QCOMPARE(box.value(), 0);
+        QTest::keyClick(box.edit(), Qt::Key_Up);
+        QCOMPARE(box.value(), 30);
+    }
+
     void stepOfTheMomentCounts()
     {
         Box box(0, 100, 5);
@@ -183,11 +201,63 @@ private Q_SLOTS:
     {
         Box box(0, 100, 5);
         box.setValue(12);
+        QTest::keyClick(box.edit(), Qt::Key_Return);
         box.clearFocus();
         QCOMPARE(box.value(), 12);
-        box.setFocus();
-        QTest::keyClick(box.edit(), Qt::Key_Up);
-        QCOMPARE(box.value(), 17);
+    }
+
+    void steps_data()
+    {
+        QTest::addColumn<QVector<int>>("rangeAndStep");
+        QTest::addColumn<int>("from");
+        QTest::addColumn<bool>("wraps");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("values");
+        using Range = QVector<int>;
+        QTest::newRow("up to the highest multiple") << Range{0, 98, 5} << 85 << false << "uuu"
+                                                    << "90 95 95";
+        QTest::newRow("down to the lowest multiple") << Range{3, 50, 5} << 15 << false << "ddd"
+                                                     << "10 5 5";
+        QTest::newRow("pages") << Range{3, 98, 5} << 25 << false << "UUDD"
+                               << "75 95 45 5";
+        QTest::newRow("from a value set by code up") << Range{0, 100, 5} << 12 << false << "u"
+                                                     << "15";
+        QTest::newRow("from a value set by code down") << Range{0, 100, 5} << 12 << false << "d"
+                                                       << "10";
+        QTest::newRow("from beyond the multiples") << Range{3, 98, 5} << 97 << false << "uUd"
+                                                   << "97 97 95";
+        QTest::newRow("below zero") << Range{-98, 98, 5} << -12 << false << "uddU"
+                                    << "-10 -15 -20 30";
+        QTest::newRow("no multiple in the range") << Range{11, 14, 5} << 12 << false << "ud"
+                                                  << "12 12";
+        QTest::newRow("around") << Range{3, 98, 5} << 90 << true << "uuud"
+                                << "95 5 10 5";
+        QTest::newRow("around downwards") << Range{3, 98, 5} << 5 << true << "d"
+                                          << "95";
+        constexpr int most = std::numeric_limits<int>::max();
+        QTest::newRow("widest range") << Range{-most - 1, most, most} << -most << false << "uuud"
+                                      << "0 2147483647 2147483647 0";
+    }
+    void steps()
+    {
+        QFETCH(QVector<int>, rangeAndStep);
+        QFETCH(int, from);
+        QFETCH(bool, wraps);
+        QFETCH(QString, keys);
+        const QMap<QChar, Qt::Key> names{{'u', Qt::Key_Up},
+                                         {'d', Qt::Key_Down},
+                                         {'U', Qt::Key_PageUp},
+                                         {'D', Qt::Key_PageDown}};
+        Box box(rangeAndStep.at(0), rangeAndStep.at(1), rangeAndStep.at(2));
+        box.setWrapping(wraps);
+        box.setValue(from);
+        box.selectAll();
+        QStringList values;
+        for (const QChar key : keys) {
+            QTest::keyClick(box.edit(), names.value(key));
+            values << QString::number(box.value());
+        }
+        QTEST(values.join(' '), "values");
     }
 
     void installedValidatorIsItsOwn()

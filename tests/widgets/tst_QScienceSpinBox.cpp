@@ -5,6 +5,9 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 
+#include <cmath>
+#include <memory>
+
 using namespace Corvale_Qt;
 
 namespace {
@@ -146,6 +149,68 @@ private Q_SLOTS:
         QCOMPARE(box.value(), box.maximum());
         box.setStepFactor(0.5);
         QCOMPARE(box.stepFactor(), 10.0);
+    }
+
+    void manyStepsStayWithinADecade_data()
+    {
+        QTest::addColumn<double>("factor");
+        QTest::addColumn<double>("reached");
+        QTest::newRow("decades") << 10.0 << 10.0;
+        QTest::newRow("octaves") << 2.0 << 8.0;
+        QTest::newRow("tenths of a decade") << std::pow(10, 0.1) << 10.0;
+        QTest::newRow("fine steps") << 1.01 << std::pow(1.01, 10);
+        QTest::newRow("steps of two decades") << 100.0 << 100.0;
+    }
+    void manyStepsStayWithinADecade()
+    {
+        QFETCH(double, factor);
+        QFETCH(double, reached);
+        Box box;
+        box.setSteppingMode(QScienceSpinBox::MultiplicativeSteps);
+        box.setStepFactor(factor);
+        box.setValue(1);
+        QTest::keyClick(&box, Qt::Key_PageUp);
+        QVERIFY2(std::abs(box.value() / reached - 1) < 1e-12, qPrintable(box.text()));
+        QTest::keyClick(&box, Qt::Key_Down, Qt::ControlModifier);
+        QTest::keyClick(&box, Qt::Key_PageDown);
+        QVERIFY2(std::abs(box.value() * reached - 1) < 1e-12, qPrintable(box.text()));
+    }
+
+    void rangeHolds()
+    {
+        Box box;
+        box.setRange(1e-9, 1e-6);
+        box.setSteppingMode(QScienceSpinBox::MultiplicativeSteps);
+        box.setValue(5e-7);
+        for (const char *outside : {"2e-6", "-1", "1e-10"}) {
+            box.type(outside);
+            QVERIFY2(!box.hasAcceptableInput(), outside);
+            QTest::keyClick(&box, Qt::Key_Return);
+            QVERIFY2(box.value() >= 1e-9 && box.value() <= 1e-6, outside);
+        }
+        box.setValue(5e-7);
+        QTest::keyClick(&box, Qt::Key_Up);
+        QCOMPARE(box.value(), 1e-6);
+        box.setValue(2e-9);
+        QTest::keyClick(&box, Qt::Key_Down);
+        QCOMPARE(box.value(), 1e-9);
+    }
+
+    void mayBeDeletedInAnswer()
+    {
+        auto box = std::make_unique<Box>();
+        connect(box.get(), &QScienceSpinBox::returnKeyPressed, this, [&box] {
+            box.reset();
+        });
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {});
+        QCoreApplication::sendEvent(box.get(), &press);
+        QVERIFY(!box);
+        box = std::make_unique<Box>();
+        connect(box.get(), QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [&box] {
+            box.reset();
+        });
+        box->stepBy(1);
+        QVERIFY(!box);
     }
 
     void decimalsAndReturn()

@@ -3,6 +3,7 @@
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
 #include "tests/support/TestMain.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QLabel>
 #include <QLayout>
@@ -30,7 +31,19 @@ QString coloured(const QTextBlock &block)
     return stretches.join(" | ");
 }
 
-//! A document with its highlighter, and the order of what it announces: "E" and "W".
+//! Adds what \a source announces to \a announced: "E" and "W".
+template<typename Source>
+void listen(const Source &source, QString &announced)
+{
+    QObject::connect(&source, &Source::syntaxError, &source, [&announced] {
+        announced += 'E';
+    });
+    QObject::connect(&source, &Source::syntaxWarning, &source, [&announced] {
+        announced += 'W';
+    });
+}
+
+//! A document with its highlighter, and the order of what it announces.
 struct Highlighted
 {
     QTextDocument document;
@@ -41,18 +54,7 @@ struct Highlighted
     {
         // Without a layout a document tells nobody of its changes.
         document.documentLayout();
-        QObject::connect(&highlighter,
-                         &RVXLogBrowserSyntaxHighlighter::syntaxError,
-                         &document,
-                         [this] {
-                             announced += 'E';
-                         });
-        QObject::connect(&highlighter,
-                         &RVXLogBrowserSyntaxHighlighter::syntaxWarning,
-                         &document,
-                         [this] {
-                             announced += 'W';
-                         });
+        listen(highlighter, announced);
     }
     QString colours(const QString &line)
     {
@@ -60,6 +62,23 @@ struct Highlighted
         return coloured(document.begin());
     }
 };
+
+QString joined(const QTextDocument &document)
+{
+    QString text;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        text += block.text();
+    return text;
+}
+
+//! How many blocks have colours.
+int countColoured(const QTextDocument &document)
+{
+    int count = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        count += block.layout()->formats().isEmpty() ? 0 : 1;
+    return count;
+}
 
 const QString kError = "#ffff20";
 const QString kWarning = "#fadc50";
@@ -124,6 +143,17 @@ private Q_SLOTS:
             << QStringList{"|\xf0\x9f\x92\xa5"} << none << false
             << QString::fromUtf8("a\xf0\x9f\x92\xa5") << ""
             << "E";
+        const QString dear = "(?:(?:a|aa)+b|a+)";
+        QTest::newRow("pattern of many steps") << QStringList{dear} << none << false << "aaaa"
+                                               << "aaaa" + kError << "E";
+        QTest::newRow("pattern of too many steps") << QStringList{dear, "ERROR"} << none << false
+                                                   << QString(25, 'a') + " ERROR" << word << "E";
+        // From 1000 characters on a pattern is searched in stretches.
+        const QString wide = QString::fromUtf8("\xf0\x9f\x92\xa5");
+        QTest::newRow("pattern across stretches")
+            << QStringList{"E\\d+"} << none << false
+            << QString(980, '.') + "E" + QString(40, '1') + wide.repeated(1001) + "E2"
+            << "E" + QString(40, '1') + kError + " | E2" + kError << "E";
         QTest::newRow("half a character in the line")
             << error << none << false << QString(QChar(0xd800)) + " ERROR" << word << "E";
     }
@@ -188,27 +218,34 @@ private Q_SLOTS:
     }
 
     //! Neither the next line nor the dropping of old ones announces a line again.
+    void eachLineIsAnnouncedOnce_data()
+    {
+        QTest::addColumn<int>("limit");
+        QTest::newRow("no limit") << 0;
+        QTest::newRow("old lines drop off one by one") << 2;
+        QTest::newRow("old lines drop off by the hundredth") << 200;
+    }
     void eachLineIsAnnouncedOnce()
     {
+        QFETCH(int, limit);
         RVXLogBrowser browser;
-        browser.setMaximumBlockCount(2);
+        browser.setMaximumBlockCount(limit);
         browser.addErrorKeywords({"ERROR"});
         browser.addWarningKeywords({"WARNING"});
         QString announced;
-        connect(&browser, &RVXLogBrowser::syntaxError, this, [&] {
-            announced += 'E';
-        });
-        connect(&browser, &RVXLogBrowser::syntaxWarning, this, [&] {
-            announced += 'W';
-        });
-        for (const char *line :
-             {"ERROR 1", "calm", "WARNING: ERROR 2", "calm", "calm", "ERROR 3"}) {
-            announced += '.';
-            browser.appendLine(line);
-        }
-        QCOMPARE(announced, QString(".E..EW...E"));
-        QCOMPARE(browser.textBrowser()->toPlainText(), QString("calm\nERROR 3"));
-        QCOMPARE(coloured(browser.textBrowser()->document()->lastBlock()), "ERROR" + kError);
+        listen(browser, announced);
+        for (int i = 0; i < 80; ++i)
+            for (const char *line : {"ERROR 1", "calm", "WARNING: ERROR 2", "calm", "calm"})
+                browser.appendLine(line);
+        QCOMPARE(announced, QString("EEW").repeated(80));
+        announced.clear();
+        browser.appendLine("ERROR\ncalm\nWARNING ERROR ERROR\nWARNING");
+        QCOMPARE(announced, QString("EEWW"));
+        QCOMPARE(coloured(browser.textBrowser()->document()->lastBlock()), "WARNING" + kWarning);
+        for (int lower : {5, 2, 1})
+            browser.setMaximumBlockCount(lower);
+        QCOMPARE(browser.textBrowser()->toPlainText(), QString("WARNING"));
+        QCOMPARE(announced, QString("EEWW"));
     }
 
     void hostMayAnswerAnAnnouncement()
@@ -238,13 +275,17 @@ private Q_SLOTS:
         };
         QTest::newRow("markup") << "<b>bold</b> <img src='file:///etc/passwd'> &amp;"
                                 << "<b>bold</b> <img src='file:///etc/passwd'> &amp;";
-        QTest::newRow("ends of lines") << "a\r\nERROR forged"
-                                       << utf8("a\xe2\x90\x8d\xe2\x90\x8a"
-                                               "ERROR forged");
+        QTest::newRow("ends of lines") << "a\r\nb\n\nc\n"
+                                       << "a\nb\n\nc";
+        QTest::newRow("carriage return alone") << "a\rb"
+                                               << utf8("a\xe2\x90\x8d"
+                                                       "b");
+        QTest::newRow("tab") << "a\tb"
+                             << "a\tb";
         QTest::newRow("separators") << QString("a") + QChar(0x2028) + QChar(0x2029) + QChar(0x85)
                                     << utf8("a\xe2\x90\xa4\xe2\x90\xa4\xe2\x90\xa4");
-        QTest::newRow("control characters") << QString("a\t\x1b[0m") + QChar(0)
-                + QChar(0x7f) << utf8("a\xe2\x90\x89\xe2\x90\x9b[0m\xe2\x90\x80\xe2\x90\xa1");
+        QTest::newRow("control characters") << QString("a\x1b[0m") + QChar(0) + QChar(0x7f)
+                                            << utf8("a\xe2\x90\x9b[0m\xe2\x90\x80\xe2\x90\xa1");
         QTest::newRow("turned text") << QString("a") + QChar(0x202e) + "b"
                                      << utf8("a\xef\xbf\xbd"
                                              "b");
@@ -260,8 +301,8 @@ private Q_SLOTS:
         RVXLogBrowser browser;
         browser.appendLine("before");
         browser.appendLine(line);
-        QCOMPARE(browser.textBrowser()->document()->blockCount(), 2);
-        QTEST(browser.textBrowser()->document()->lastBlock().text(), "shown");
+        QFETCH(QString, shown);
+        QCOMPARE(browser.textBrowser()->toPlainText(), "before\n" + shown);
     }
 
     void followsTheEndUnlessScrolledUp()
@@ -291,6 +332,58 @@ private Q_SLOTS:
         bar->setValue(bar->maximum());
         browser.appendLine("newest");
         QCOMPARE(bar->value(), bar->maximum());
+    }
+
+    void followsAgain_data()
+    {
+        QTest::addColumn<bool>("byClearing");
+        QTest::newRow("after clear") << true;
+        QTest::newRow("when all fits into the view") << false;
+    }
+    void followsAgain()
+    {
+        QFETCH(bool, byClearing);
+        RVXLogBrowser browser;
+        browser.resize(300, 120);
+        browser.show();
+        browser.appendLine(QString("line\n").repeated(20));
+        QScrollBar *bar = browser.textBrowser()->verticalScrollBar();
+        bar->setValue(0);
+        QVERIFY(bar->maximum() > 0);
+        if (byClearing)
+            browser.clear();
+        else
+            browser.resize(300, 800);
+        browser.resize(300, 120);
+        browser.appendLine(QString("line\n").repeated(20));
+        QVERIFY(bar->maximum() > 0);
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+
+    void textIsEditedWhereTheCursorWasSet()
+    {
+        RVXLogBrowser browser;
+        browser.appendLine("abc");
+        QVERIFY(browser.readOnly());
+        browser.setReadOnly(false);
+        browser.setOverwriteMode(true);
+        QTextCursor cursor(browser.textBrowser()->document());
+        cursor.setPosition(1);
+        browser.setTextCursor(cursor);
+        QTest::keyClicks(browser.textBrowser(), "XYZ");
+        QCOMPARE(browser.textBrowser()->toPlainText(), QString("aXYZ"));
+    }
+
+    void readersHearWhatTheTextIs()
+    {
+        RVXLogBrowser browser;
+        const auto name = [&] {
+            return QAccessible::queryAccessibleInterface(browser.textBrowser())
+                ->text(QAccessible::Name);
+        };
+        QCOMPARE(name(), QString("log"));
+        browser.setTitle("Events");
+        QCOMPARE(name(), QString("Events"));
     }
 
     void clearButton()
@@ -350,15 +443,57 @@ private Q_SLOTS:
         QCOMPARE(lines.first(), QString::number(1234 - lines.size()));
     }
 
-    //! A million letters without a space are laid out in one go, not letter by letter.
-    void longLineWithoutASpace()
+    //! A paragraph of a million characters would be laid out anew for each line behind it.
+    void longLinesGoOnInFurtherParagraphs()
     {
         RVXLogBrowser browser;
+        browser.addErrorKeywords({"KEY"});
+        QString announced;
+        listen(browser, announced);
+        const QString wide = "x" + QString::fromUtf8("\xf0\x9f\x92\xa5").repeated(30000);
+        const QString words = QString("a KEY ").repeated(10000);
+        for (const QString &line : {wide, words}) {
+            browser.clear();
+            browser.appendLine(line);
+            const QTextDocument &document = *browser.textBrowser()->document();
+            QCOMPARE(joined(document), line);
+            QVERIFY(document.blockCount() <= 2 + line.size() / 2048);
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                QVERIFY(block.length() <= 4097);
+                QVERIFY(block.text().isValidUtf16());
+                QVERIFY2(line == wide || !block.next().isValid() || block.text().endsWith(' '),
+                         "cut between words");
+            }
+        }
+        QCOMPARE(announced, QString("E"));
+    }
+
+    //! Of a long text the end comes first, then what the user scrolls to, then the rest.
+    void longTextsAreColouredInPortions()
+    {
+        RVXLogBrowser browser;
+        browser.resize(600, 300);
         browser.show();
-        browser.addErrorKeywords({"(a+)+b"});
-        browser.appendLine(QString(1000000, 'a'));
-        browser.grab();
-        QCOMPARE(browser.textBrowser()->document()->lastBlock().length(), 1000001);
+        browser.addErrorKeywords({"ERROR"});
+        QString announced;
+        listen(browser, announced);
+        constexpr int lines = 20000;
+        browser.appendLine(QString("one more ERROR\n").repeated(lines));
+        const QTextDocument &document = *browser.textBrowser()->document();
+        QCOMPARE(document.blockCount(), lines);
+        QCOMPARE(announced.size(), lines);
+        QCOMPARE(coloured(document.lastBlock()), "ERROR" + kError);
+        const int atOnce = countColoured(document);
+        QVERIFY2(atOnce < lines / 10, qPrintable(QString::number(atOnce)));
+        browser.appendLine("ERROR behind");
+        QCOMPARE(countColoured(document), atOnce + 1);
+
+        browser.textBrowser()->verticalScrollBar()->setValue(0);
+        QTRY_COMPARE(coloured(document.firstBlock()), "ERROR" + kError);
+        QVERIFY(countColoured(document) < lines / 2);
+        QTRY_COMPARE(countColoured(document), lines + 1);
+        QCOMPARE(announced.size(), lines + 1);
+        QCOMPARE(browser.textBrowser()->verticalScrollBar()->value(), 0);
     }
 
     //! A search that goes over the whole line for each match would not end within the test's time.

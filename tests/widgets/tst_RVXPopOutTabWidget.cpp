@@ -2,12 +2,19 @@
 #include "corvale_qt/widgets/RVXPopOutTabWidget.h"
 #include "tests/support/TestMain.h"
 
+#include <QAccessible>
 #include <QAction>
+#include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
 #include <QTabBar>
+#include <QWindow>
+
+#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -35,10 +42,13 @@ public:
     QPoint middleOf(int index) const { return tabBar()->tabRect(index).center(); }
 };
 
-void dragOffTheBar(QTabBar *bar, const QPoint &from)
+//! Drags from \a from to so many heights of the bar below it.
+void dragOffTheBar(QTabBar *bar, const QPoint &from, double heights)
 {
+    const QPointer<QTabBar> alive = bar;
     QTest::mousePress(bar, Qt::LeftButton, {}, from);
-    for (const QPoint &to : {from + QPoint(0, 15), from + QPoint(5, 80), from + QPoint(9, 120)}) {
+    const int end = int(bar->height() * (1 + heights));
+    for (const QPoint &to : {from + QPoint(0, 15), QPoint(from.x() + 9, end)}) {
         QMouseEvent move(QEvent::MouseMove,
                          to,
                          bar->mapToGlobal(to),
@@ -47,7 +57,41 @@ void dragOffTheBar(QTabBar *bar, const QPoint &from)
                          {});
         QCoreApplication::sendEvent(bar, &move);
     }
-    QTest::mouseRelease(bar, Qt::LeftButton, {}, from + QPoint(9, 120));
+    if (alive)
+        QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(from.x() + 9, end));
+}
+
+//! All that a tab has beside its page, as one string.
+QString look(const QTabWidget &tabs, int index)
+{
+    const QTabBar &bar = *tabs.tabBar();
+    const auto button = [&](QTabBar::ButtonPosition side) {
+        const QWidget *widget = bar.tabButton(index, side);
+        return widget
+            ? QString(widget->metaObject()->className()) + (widget->isVisible() ? "+" : "-")
+            : QString("none");
+    };
+    return QStringList{tabs.tabText(index),
+                       tabs.tabIcon(index).isNull() ? "" : "icon",
+                       tabs.tabToolTip(index),
+                       tabs.tabWhatsThis(index),
+                       bar.accessibleTabName(index),
+                       bar.tabTextColor(index).name(),
+                       bar.tabData(index).toString(),
+                       button(QTabBar::LeftSide),
+                       button(QTabBar::RightSide),
+                       tabs.isTabEnabled(index) ? "enabled" : "disabled"}
+        .join(' ');
+}
+
+QString accessibleName(QObject *object)
+{
+    return QAccessible::queryAccessibleInterface(object)->text(QAccessible::Name);
+}
+
+void pressPopOutKey(QWidget *widget)
+{
+    QTest::keyClick(widget, Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
 void triggerContextMenu(QWidget *widget, const QPoint &at, const QString &text)
@@ -79,7 +123,6 @@ private Q_SLOTS:
     void doubleClickAndClose()
     {
         Tabs tabs({"A", "&B", "C"});
-        tabs.setTabToolTip(1, "tip");
         QPixmap pixmap(16, 16);
         pixmap.fill(Qt::red);
         tabs.setTabIcon(1, QIcon(pixmap));
@@ -94,6 +137,7 @@ private Q_SLOTS:
         QVERIFY(page->isVisible());
         QVERIFY(page->window() != tabs.window());
         QCOMPARE(page->window()->windowTitle(), QString("B"));
+        QCOMPARE(accessibleName(page->window()), QString("B"));
         QCOMPARE(page->window()->windowIcon().pixmap(16).toImage().pixelColor(8, 8),
                  QColor(Qt::red));
 
@@ -102,7 +146,82 @@ private Q_SLOTS:
         QCOMPARE(tabs.tabs(), QString("A&BC"));
         QCOMPARE(tabs.currentWidget(), page);
         QVERIFY(page->isVisible());
-        QCOMPARE(tabs.tabToolTip(1), QString("tip"));
+        QCOMPARE(accessibleName(tabs.tabBar()), QString("B"));
+        QCOMPARE(
+            QAccessible::queryAccessibleInterface(tabs.tabBar())->child(1)->text(QAccessible::Name),
+            QString("B"));
+    }
+
+    void tabComesBackAsItWas_data()
+    {
+        QTest::addColumn<bool>("closable");
+        QTest::newRow("buttons of the host") << false;
+        QTest::newRow("close button") << true;
+    }
+    void tabComesBackAsItWas()
+    {
+        QFETCH(bool, closable);
+        Tabs tabs({"A", "B"});
+        tabs.setTabsClosable(closable);
+        QPixmap pixmap(16, 16);
+        pixmap.fill(Qt::red);
+        tabs.setTabIcon(1, QIcon(pixmap));
+        tabs.setTabToolTip(1, "tip");
+        tabs.setTabWhatsThis(1, "what");
+        tabs.tabBar()->setAccessibleTabName(1, "second");
+        tabs.tabBar()->setTabTextColor(1, Qt::darkGreen);
+        tabs.tabBar()->setTabData(1, 17);
+        tabs.tabBar()->setTabButton(1, QTabBar::LeftSide, new QCheckBox);
+        if (!closable)
+            tabs.tabBar()->setTabButton(1, QTabBar::RightSide, new QLabel("R"));
+        tabs.setTabEnabled(1, false);
+        const QString before = look(tabs, 1);
+        QVERIFY2(before.contains("QCheckBox+"), qPrintable(before));
+        const int parts = tabs.tabBar()->findChildren<QWidget *>().size();
+        for (int i = 0; i < 2; ++i) {
+            QWidget *page = tabs.widget(1);
+            tabs.popOut(1);
+            QVERIFY2(!page->isEnabled(), "as in a disabled tab");
+            page->window()->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(look(tabs, 1), before);
+            QCOMPARE(tabs.tabBar()->findChildren<QWidget *>().size(), parts);
+        }
+    }
+
+    void windowsFollowTheMainWindow()
+    {
+        QMainWindow main;
+        QMainWindow other;
+        auto *tabs = new Tabs({"A", "B"});
+        QWidget *page = tabs->widget(0);
+        main.setCentralWidget(tabs);
+        tabs->popOut(0); // before there is anything to be above
+        QWidget *window = page->window();
+        main.show();
+        other.show();
+        for (QMainWindow *in : {&main, &other}) {
+            in->setCentralWidget(tabs);
+            tabs->show();
+            QTRY_VERIFY(window->isVisible());
+            QTRY_COMPARE(window->windowHandle()->transientParent(), in->windowHandle());
+            in->showMinimized();
+            QVERIFY(window->isMinimized());
+            in->showNormal();
+            QVERIFY(!window->isMinimized());
+            window->showMinimized();
+            in->showMaximized();
+            QVERIFY2(window->isMinimized(), "as the user left it");
+            window->showNormal();
+            in->showNormal();
+            in->close();
+            QVERIFY(!window->isVisible());
+            QVERIFY(tabs->isPoppedOut(page));
+            in->show();
+            QTRY_VERIFY(window->isVisible());
+            in->hide();
+            QVERIFY(!window->isVisible());
+        }
     }
 
     void pagesComeBackToTheirPlaces()
@@ -133,20 +252,24 @@ private Q_SLOTS:
     void dragging_data()
     {
         QTest::addColumn<bool>("movable");
-        QTest::newRow("fixed tabs") << false;
-        QTest::newRow("movable tabs") << true;
+        QTest::addColumn<double>("heights");
+        QTest::addColumn<bool>("isOut");
+        QTest::newRow("fixed tabs, off the bar") << false << 1.5 << true;
+        QTest::newRow("movable tabs, off the bar") << true << 1.9 << false;
+        QTest::newRow("movable tabs, clear of the bar") << true << 2.1 << true;
     }
     void dragging()
     {
         QFETCH(bool, movable);
+        QFETCH(double, heights);
         Tabs tabs({"A", "B", "C"});
         tabs.setMovable(movable);
         QWidget *page = tabs.widget(1);
-        dragOffTheBar(tabs.tabBar(), tabs.middleOf(1));
-        QVERIFY(tabs.isPoppedOut(page));
-        QCOMPARE(tabs.tabs(), QString("AC"));
+        dragOffTheBar(tabs.tabBar(), tabs.middleOf(1), heights);
+        QTEST(tabs.isPoppedOut(page), "isOut");
         QCoreApplication::processEvents();
-        page->window()->close();
+        if (tabs.isPoppedOut(page))
+            page->window()->close();
         QCOMPARE(tabs.tabs(), QString("ABC"));
     }
 
@@ -167,10 +290,10 @@ private Q_SLOTS:
         tabs.activateWindow();
         tabs.tabBar()->setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&tabs));
-        QTest::keyClick(tabs.tabBar(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+        pressPopOutKey(tabs.tabBar());
         QVERIFY(tabs.isPoppedOut(a));
         QTRY_COMPARE(QApplication::activeWindow(), a->window());
-        QTest::keyClick(a->window(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+        pressPopOutKey(a->window());
         QCOMPARE(tabs.tabs(), QString("AB"));
 
         const QPoint onTab = tabs.tabBar()->mapTo(&tabs, tabs.middleOf(1));
@@ -178,6 +301,75 @@ private Q_SLOTS:
         QCOMPARE(tabs.tabs(), QString("A"));
         triggerContextMenu(&tabs, tabs.tabBar()->mapTo(&tabs, tabs.middleOf(0)), "Put \"B\" back");
         QCOMPARE(tabs.tabs(), QString("AB"));
+    }
+
+    //! Of tabs within tabs and a host that uses the same key, the innermost with the focus takes it.
+    void keyBelongsToTheFocus()
+    {
+        QMainWindow main;
+        auto *hosts = new QAction(&main);
+        hosts->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_O);
+        main.addAction(hosts);
+        QSignalSpy hostsAction(hosts, &QAction::triggered);
+        auto *outside = new QLineEdit(&main);
+        auto *outer = new Tabs({"A"});
+        auto *inner = new Tabs({"X", "Y"});
+        outer->insertTab(0, inner, "inner");
+        outer->setCurrentIndex(0);
+        main.setCentralWidget(outer);
+        main.show();
+        QVERIFY(QTest::qWaitForWindowActive(&main));
+        const auto press = [](QWidget *widget) {
+            widget->activateWindow();
+            widget->setFocus();
+            QTRY_COMPARE(QApplication::focusWidget(), widget);
+            pressPopOutKey(widget);
+        };
+        press(inner->tabBar());
+        QCOMPARE(inner->tabs() + outer->tabs(), QString("YinnerA"));
+        press(outer->tabBar());
+        QCOMPARE(outer->tabs(), QString("A"));
+        press(inner->tabBar()); // in its window now
+        QCOMPARE(inner->count(), 0);
+        QVERIFY(outer->isPoppedOut(inner));
+        QCOMPARE(hostsAction.size(), 0);
+        press(outside);
+        QCOMPARE(hostsAction.size(), 1);
+        QCOMPARE(outer->tabs(), QString("A"));
+    }
+
+    void mayBeDeletedInAnswer_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *way : {"double click", "key", "drag", "closed window", "all back"})
+            QTest::newRow(way) << QString(way);
+    }
+    void mayBeDeletedInAnswer()
+    {
+        QFETCH(QString, way);
+        auto tabs = std::make_unique<Tabs>(QStringList{"A", "B", "C"});
+        QPointer<QWidget> page = tabs->widget(1);
+        const bool isBack = way == "closed window" || way == "all back";
+        for (int i = 0; i < 2 && isBack; ++i)
+            tabs->popOut(1);
+        const auto kill = [&] {
+            tabs.reset();
+        };
+        connect(tabs.get(), &RVXPopOutTabWidget::tabPoppedOut, this, kill);
+        connect(tabs.get(), &RVXPopOutTabWidget::tabPoppedIn, this, kill);
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+        if (way == "double click")
+            QTest::mouseDClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->middleOf(1));
+        else if (way == "key")
+            QCoreApplication::sendEvent(tabs->tabBar(), &key);
+        else if (way == "drag")
+            dragOffTheBar(tabs->tabBar(), tabs->middleOf(1), 3);
+        else if (way == "closed window")
+            page->window()->close();
+        else
+            tabs->popInAll();
+        QVERIFY(!tabs);
+        QVERIFY(!page);
     }
 
     void emptyWidgetLeadsBack()

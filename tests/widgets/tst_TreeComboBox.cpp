@@ -54,11 +54,7 @@ class tst_TreeComboBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        // So long a release is taken for the end of the click that opened the popup.
-        QApplication::setDoubleClickInterval(0);
-    }
+    void initTestCase() { QApplication::setKeyboardInputInterval(60000); }
     void init()
     {
         m_model = std::make_unique<ResetModel>();
@@ -101,10 +97,98 @@ private Q_SLOTS:
         QCOMPARE(m_announced.join(' '), QString("B/b1 C (none)"));
     }
 
+    void branchesAreNeverCurrent()
+    {
+        m_combo->setCurrentModelIndex(item("B"));
+        m_combo->setCurrentIndex(1);
+        m_combo->QComboBox::setCurrentIndex(1);
+        for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier})
+            for (const auto key : {Qt::Key_Home, Qt::Key_End, Qt::Key_PageDown, Qt::Key_PageUp})
+                QTest::keyClick(m_combo.get(), key, modifier);
+        for (const auto key : {Qt::Key_F4, Qt::Key_Return}) {
+            openPopup();
+            tree()->setCurrentIndex(item("B"));
+            QTest::keyClick(tree(), key);
+        }
+        QTest::keyClick(tree(), Qt::Key_Escape);
+        QCOMPARE(path(m_combo->currentModelIndex()), QString("A/a1"));
+        QCOMPARE(m_combo->currentText(), QString("a1"));
+        QCOMPARE(m_announced.join(' '), QString());
+    }
+
+    void noModelEmpties()
+    {
+        m_combo->setModel(nullptr);
+        QCOMPARE(m_combo->count(), 0);
+        QCOMPARE(m_combo->currentText(), QString());
+        QCOMPARE(m_announced.join(' '), QString("(none)"));
+        for (const auto key : {Qt::Key_Down, Qt::Key_End, Qt::Key_C})
+            QTest::keyClick(m_combo.get(), key);
+        m_combo->setModel(nullptr);
+        m_combo->setModel(m_model.get());
+        QCOMPARE(m_announced.join(' '), QString("(none) A/a1"));
+    }
+
+    void mayBeDeletedInAnswer_data()
+    {
+        QTest::addColumn<QString>("signal");
+        QTest::addColumn<QString>("choice");
+        for (const char *signal : {SIGNAL(currentModelIndexChanged(QModelIndex)),
+                                   SIGNAL(activated(int)),
+                                   SIGNAL(textActivated(QString))})
+            for (const char *choice : {"key", "letter", "wheel", "Return", "click"})
+                QTest::addRow("%s in %s", choice, signal) << QString(signal) << QString(choice);
+        for (const char *choice : {"set", "row set", "model", "removal", "reset"})
+            QTest::newRow(choice) << QString(SIGNAL(currentModelIndexChanged(QModelIndex)))
+                                  << QString(choice);
+    }
+    void mayBeDeletedInAnswer()
+    {
+        QFETCH(QString, signal);
+        QFETCH(QString, choice);
+        if (choice == "Return" || choice == "click")
+            openPopup();
+        connect(m_combo.get(), signal.toLatin1(), this, SLOT(deleteCombo()));
+        const QModelIndex a2 = item("A/a2");
+        if (choice == "key")
+            sendKey(m_combo.get(), Qt::Key_Down);
+        else if (choice == "letter")
+            sendKey(m_combo.get(), Qt::Key_C, "c");
+        else if (choice == "wheel")
+            turn(-120);
+        else if (choice == "Return") {
+            tree()->setCurrentIndex(a2);
+            sendKey(tree(), Qt::Key_Return);
+        } else if (choice == "click") {
+            tree()->setCurrentIndex(a2);
+            const QPoint at = tree()->visualRect(a2).center();
+            QMouseEvent release(QEvent::MouseButtonRelease, at, Qt::LeftButton, {}, {});
+            QCoreApplication::sendEvent(tree()->viewport(), &release);
+        } else if (choice == "set")
+            m_combo->setCurrentModelIndex(a2);
+        else if (choice == "row set")
+            m_combo->setCurrentIndex(2);
+        else if (choice == "model")
+            m_combo->setModel(nullptr);
+        else if (choice == "removal")
+            m_model->removeRow(0);
+        else if (choice == "reset")
+            m_model->refill("X: x");
+        QVERIFY(!m_combo);
+    }
+
     void mouseInThePopup()
     {
         QSignalSpy activated(m_combo.get(), &QComboBox::textActivated);
-        openPopup();
+        // A click opens it, and is over before the item that comes under the pointer is chosen.
+        const QPoint pointer = m_combo->mapToGlobal(m_combo->rect().center());
+        QTest::mousePress(m_combo.get(), Qt::LeftButton, {}, m_combo->rect().center());
+        QVERIFY(QTest::qWaitForWindowExposed(tree()->window()));
+        const QPoint current = tree()->visualRect(tree()->currentIndex()).center();
+        QWidget *popup = tree()->window();
+        popup->move(popup->pos() + pointer - tree()->viewport()->mapToGlobal(current));
+        QTest::mouseRelease(tree()->viewport(), Qt::LeftButton, {}, current);
+        QVERIFY(tree()->isVisible());
         QVERIFY(!tree()->isExpanded(item("B")));
         click("B");
         QVERIFY(tree()->isExpanded(item("B")));
@@ -129,6 +213,7 @@ private Q_SLOTS:
 
     void keysInThePopup()
     {
+        QSignalSpy activated(m_combo.get(), &QComboBox::textActivated);
         openPopup();
         for (int i = 0; i < 2; ++i)
             QTest::keyClick(tree(), Qt::Key_Down);
@@ -140,6 +225,18 @@ private Q_SLOTS:
         QTest::keyClick(tree(), Qt::Key_Return);
         QTRY_VERIFY(!tree()->isVisible());
         QCOMPARE(m_announced.join(' '), QString("B/b1"));
+        QCOMPARE(activated.size(), 1);
+    }
+
+    void popupGrowsByKey()
+    {
+        openPopup();
+        tree()->setCurrentIndex(item("B"));
+        const int height = tree()->height();
+        QTest::keyClick(tree(), Qt::Key_Right);
+        QVERIFY(tree()->isExpanded(item("B")));
+        QVERIFY(tree()->height() > height);
+        QVERIFY(tree()->visualRect(item("C")).bottom() < tree()->viewport()->height());
     }
 
     void keysWalkShownLeaves()
@@ -156,8 +253,43 @@ private Q_SLOTS:
             QTest::keyClick(m_combo.get(), key);
         QCOMPARE(m_announced.join(' '), QString("A/a2 B/b1 A/a2 C A/a1 C"));
         m_announced.clear();
-        QTest::keyClicks(m_combo.get(), "bba");
-        QCOMPARE(m_announced.join(' '), QString("B/b1 B/b2 A/a1"));
+        m_combo->setMaxVisibleItems(3);
+        for (int i = 0; i < 2; ++i)
+            QTest::keyClick(m_combo.get(), Qt::Key_PageUp);
+        QCOMPARE(m_announced.join(' '), QString("A/a2 A/a1"));
+    }
+
+    void typing_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<bool>("inOneGo");
+        QTest::addColumn<QString>("announced");
+        QTest::newRow("the whole name") << "ch2.3" << true << "One/ch1.1 Two/ch2.1 Two/ch2.3";
+        QTest::newRow("a name with a blank") << "in 2" << true << "in 1 in 2";
+        QTest::newRow("the same letter again") << "ccc" << true << "One/ch1.1 Two/ch2.1 Two/ch2.2";
+        QTest::newRow("after a pause") << "ci" << false << "One/ch1.1 in 1";
+        QTest::newRow("no such name") << "cx" << true << "One/ch1.1";
+        QTest::newRow("in a closed branch") << "DEEP" << true << "Three/deep";
+        QTest::newRow("a branch") << "T" << true << "";
+    }
+    void typing()
+    {
+        QFETCH(QString, keys);
+        QFETCH(bool, inOneGo);
+        m_model->refill("0; One: ch1.1; Two: ch2.1 ch2.2 ch2.3; Three: deep");
+        m_model->appendRow(new QStandardItem("in 1"));
+        m_model->appendRow(new QStandardItem("in 2"));
+        for (const char *open : {"One", "Two"})
+            tree()->expand(item(open));
+        m_combo->setCurrentModelIndex(item("0"));
+        m_announced.clear();
+        QSignalSpy activated(m_combo.get(), &QComboBox::textActivated);
+        if (!inOneGo)
+            QApplication::setKeyboardInputInterval(0);
+        QTest::keyClicks(m_combo.get(), keys);
+        QApplication::setKeyboardInputInterval(60000);
+        QTEST(m_announced.join(' '), "announced");
+        QCOMPARE(activated.size(), m_announced.size());
     }
 
     void closedBranchesAreSkipped()
@@ -175,18 +307,6 @@ private Q_SLOTS:
 
     void wheelWalksByNotches()
     {
-        const auto turn = [this](int angle) {
-            const QPointF at = m_combo->rect().center();
-            QWheelEvent event(at,
-                              m_combo->mapToGlobal(at.toPoint()),
-                              {},
-                              {0, angle},
-                              {},
-                              {},
-                              Qt::NoScrollPhase,
-                              false);
-            QCoreApplication::sendEvent(m_combo.get(), &event);
-        };
         turn(-120);
         turn(-60);
         turn(-60);
@@ -263,7 +383,29 @@ private Q_SLOTS:
                 > m_combo->fontMetrics().horizontalAdvance("a leaf with a long name"));
     }
 
+public Q_SLOTS:
+    void deleteCombo() { m_combo.reset(); }
+
 private:
+    void turn(int angle)
+    {
+        const QPointF at = m_combo->rect().center();
+        QWheelEvent event(at,
+                          m_combo->mapToGlobal(at.toPoint()),
+                          {},
+                          {0, angle},
+                          {},
+                          {},
+                          Qt::NoScrollPhase,
+                          false);
+        QCoreApplication::sendEvent(m_combo.get(), &event);
+    }
+    //! Without a release, which a deleted widget could not take.
+    static void sendKey(QWidget *to, Qt::Key key, const QString &text = {})
+    {
+        QKeyEvent press(QEvent::KeyPress, key, {}, text);
+        QCoreApplication::sendEvent(to, &press);
+    }
     QTreeView *tree() const { return m_combo->treeView(); }
     //! "Branch" or "Branch/leaf".
     QModelIndex item(const QString &wanted) const

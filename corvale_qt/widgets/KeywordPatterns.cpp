@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/KeywordPatterns_p.h"
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int kStretch = 1000;
+/*! A line may be searched twice, once to announce it and once to colour it; together this stays below 10 ms. It is
+    processor time: on a busy machine no keyword is missed for that. */
+constexpr std::clock_t kMostTime = CLOCKS_PER_SEC * 4 / 1000;
+//! Counted from each position where a match may begin. Reasonable patterns take tens.
+const QString kMostSteps = QStringLiteral("(*LIMIT_MATCH=10000)");
+
+//! Without the property option "\b" would see a border inside a word with an umlaut.
+constexpr auto kOptions = QRegularExpression::UseUnicodePropertiesOption;
+
+bool isPlain(const QString &keyword)
+{
+    static const QString syntax = QStringLiteral("\\^$.[]|()?*+{}");
+    return std::none_of(keyword.begin(), keyword.end(), [](QChar character) {
+        return syntax.contains(character);
+    });
+}
+
+QString asWholeWord(const QString &keyword)
+{
+    return "\\b" + keyword + "\\b";
+}
+
+} // namespace
+
+KeywordSearch::KeywordSearch(const KeywordPattern &pattern, const QString &line)
+    : m_pattern(pattern)
+    , m_line(line)
+    , m_isInStretches(!pattern.isPlain && line.size() > kStretch)
+    , m_begin(m_isInStretches ? std::clock() : 0)
+{
+}
+
+QRegularExpressionMatch KeywordSearch::next()
+{
+    while (m_at <= m_line.size() && !isTimeUp()) {
+        const int end = endOfStretch();
+        const bool isLast = end == m_line.size();
+        const QRegularExpressionMatch match = matchUpTo(end);
+        if (!match.isValid() || (isLast && !match.hasMatch()))
+            break;
+        // A match in the second half is found again, with more of the line behind it.
+        if (isLast || (match.hasMatch() && match.capturedStart() < m_at + kStretch / 2)) {
+            goBehind(match);
+            return match;
+        }
+        skipHalfAStretch();
+    }
+    m_at = m_line.size() + 1;
+    return {};
+}
+
+int KeywordSearch::endOfStretch() const
+{
+    const int size = m_line.size();
+    if (!m_isInStretches || size - m_at <= kStretch)
+        return size;
+    const int end = m_at + kStretch;
+    return m_line.at(end).isLowSurrogate() ? end + 1 : end;
+}
+
+QRegularExpressionMatch KeywordSearch::matchUpTo(int end) const
+{
+    const QString part =
+        end == m_line.size() ? m_line : QString::fromRawData(m_line.constData(), end);
+    // The line is known to be valid; a check for each match would make the search quadratic.
+    return m_pattern.expression.match(part,
+                                      m_at,
+                                      QRegularExpression::NormalMatch,
+                                      QRegularExpression::DontCheckSubjectStringMatchOption);
+}
+
+//! Behind the match, or one character on when it was empty.
+void KeywordSearch::goBehind(const QRegularExpressionMatch &match)
+{
+    m_at = match.capturedEnd();
+    if (match.capturedLength() > 0)
+        return;
+    const bool isWide = m_at < m_line.size() && m_line.at(m_at).isHighSurrogate();
+    m_at += isWide ? 2 : 1;
+}
+
+void KeywordSearch::skipHalfAStretch()
+{
+    m_at += kStretch / 2;
+    if (m_line.at(m_at).isLowSurrogate())
+        ++m_at;
+}
+
+bool KeywordSearch::isTimeUp() const
+{
+    return m_isInStretches && std::clock() - m_begin > kMostTime;
+}
+
+void KeywordPatterns::set(const QStringList &keywords)
+{
+    if (m_keywords.isSharedWith(keywords))
+        return;
+    m_keywords = keywords;
+    m_patterns.clear();
+    QStringList plain;
+    for (const QString &keyword : keywords) {
+        const QString limit = isPlain(keyword) ? QString() : kMostSteps;
+        const QRegularExpression expression(limit + asWholeWord(keyword), kOptions);
+        if (!expression.isValid()) {
+            qDebug() << "log browser: no pattern:" << keyword.left(80) << expression.errorString();
+            continue;
+        }
+        m_patterns.append({expression, isPlain(keyword)});
+        if (isPlain(keyword))
+            plain << keyword;
+    }
+    m_anyPlain = QRegularExpression(asWholeWord("(?:" + plain.join('|') + ")"), kOptions);
+    if (plain.isEmpty() || !m_anyPlain.isValid())
+        m_anyPlain = QRegularExpression();
+}
+
+bool KeywordPatterns::areIn(const QString &line) const
+{
+    const bool haveAnyPlain = !m_anyPlain.pattern().isEmpty();
+    if (haveAnyPlain && KeywordSearch({m_anyPlain, true}, line).next().hasMatch())
+        return true;
+    return std::any_of(m_patterns.begin(), m_patterns.end(), [&](const KeywordPattern &pattern) {
+        return !(pattern.isPlain && haveAnyPlain) && KeywordSearch(pattern, line).next().hasMatch();
+    });
+}
+
+} // namespace Corvale_Qt

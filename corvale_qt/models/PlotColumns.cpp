@@ -56,6 +56,7 @@ bool PlotColumns::add(std::type_index modelClass, Finder find)
 
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
     : m_object(dynamic_cast<const QObject *>(model))
+    , m_isGuarded(!m_object.isNull())
     , m_model(model)
     , m_columns(PlotColumns::of(model))
 {
@@ -68,10 +69,10 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (!m_object) {
+    if (const PlotColumns *bulk = columns()) {
+        bulk->read(column, firstRow, count, out);
+    } else if (!m_model || isGone()) {
         std::fill_n(out, std::max(count, 0), 0.0);
-    } else if (m_columns) {
-        m_columns->read(column, firstRow, count, out);
     } else {
         for (int i = 0; i < count; ++i)
             out[i] = m_model->doubleData(firstRow + i, column);

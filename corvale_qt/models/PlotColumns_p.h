@@ -125,10 +125,13 @@ public:
     //! As PlotColumns::droppedRows(); -1 where nobody knows.
     qint64 droppedRows(int column) const;
     //! The model's bulk side, or null.
-    const PlotColumns *columns() const { return m_object ? m_columns : nullptr; }
+    const PlotColumns *columns() const { return isGone() ? nullptr : m_columns; }
 
 private:
-    QPointer<const QObject> m_object; // the model
+    bool isGone() const { return m_isGuarded && m_object.isNull(); }
+
+    QPointer<const QObject> m_object; // the model, if it is one
+    bool m_isGuarded = false;
     const RVXAbstractPlotDataModel *m_model = nullptr;
     const PlotColumns *m_columns = nullptr;
 };

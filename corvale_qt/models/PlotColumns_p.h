@@ -114,7 +114,7 @@ class PlotColumnReader
 public:
     PlotColumnReader() = default;
     explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
-    //! Reads columns that belong to no model.
+    //! Reads columns that belong to no model; they must live as long as the reader.
     explicit PlotColumnReader(const PlotColumns *columns);
 
     //! Writes doubleData(row, column) of \a count rows, starting at \a firstRow, to \a out; zeros without a model.
@@ -123,8 +123,8 @@ public:
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
     quint64 xVersion() const;
     qint64 droppedRows(int column) const;
-    //! Returns the model's bulk interface, or null.
-    const PlotColumns *columns() const { return m_object ? m_columns : nullptr; }
+    //! Returns the bulk interface, or null if there is none or the model is gone.
+    const PlotColumns *columns() const { return m_model && !m_object ? nullptr : m_columns; }
 
 private:
     QPointer<const QObject> m_object; // the model

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void memoryEqualsCells();
     void boundsFromMemory_data();
     void boundsFromMemory();
+    void readersOfColumnsWithoutAModel();
     void whetherTimeRises();
 };
 
@@ -265,6 +266,29 @@ void tst_RVXSeriesData::boundsFromMemory()
         series.setScale(3.0);
         QCOMPARE(series.boundingRect(), boundsByHand(series));
     }
+}
+
+void tst_RVXSeriesData::readersOfColumnsWithoutAModel()
+{
+    RVXSingleChannelDataModel model;
+    model.AddData(1.0, 5.0);
+    model.AddData(2.0, 6.0);
+    const PlotColumnReader reader(PlotColumns::of(&model));
+    double read[2];
+    reader.read(1, 1, 2, read);
+    QCOMPARE(read[1], 6.0);
+    ColumnSpans spans;
+    QVERIFY(reader.xRises() && reader.spans(0, 1, 2, spans));
+    QCOMPARE(reader.xVersion(), PlotColumnReader(&model).xVersion());
+
+    // A reader of a model reads nothing as soon as the model's deletion has begun.
+    auto mortal = std::make_unique<RVXSingleChannelDataModel>();
+    mortal->AddData(1.0, 5.0);
+    const PlotColumnReader orphan(mortal.get());
+    mortal.reset();
+    orphan.read(1, 1, 1, read);
+    QCOMPARE(read[0], 0.0);
+    QVERIFY(!orphan.columns() && !orphan.xRises());
 }
 
 void tst_RVXSeriesData::whetherTimeRises()

@@ -2,6 +2,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <typeinfo>
 #include <unordered_map>
@@ -18,6 +20,14 @@ std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 }
 
 } // namespace
+
+QDebug operator<<(QDebug debug, const ColumnSpans &spans)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "ColumnSpans(" << spans.size[0] << " + " << spans.size[1] << " of "
+                           << spans.ringSize << " numbers, value = " << spans.factor
+                           << " * number - " << spans.zero << ')';
+}
 
 PlotColumns::~PlotColumns() = default;
 

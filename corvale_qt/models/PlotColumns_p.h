@@ -8,6 +8,7 @@
 
 #include <typeindex>
 
+class QDebug;
 class QPointF;
 template<typename T>
 class QwtSeriesData;
@@ -37,6 +38,9 @@ struct ColumnSpans
     //! Returns the number of rows.
     int count() const { return size[0] + size[1]; }
 };
+
+//! Writes the sizes and the conversion, not the numbers.
+QDebug operator<<(QDebug debug, const ColumnSpans &spans);
 
 /*! Reads a plot model in chunks instead of cell by cell.
 

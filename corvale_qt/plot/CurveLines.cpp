@@ -21,7 +21,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Everything is painted on one thread, a curve after the other: what one leaves behind serves the next.
+// Buffers that all curves share. Curves are painted one after the other on one thread.
 struct Scratch
 {
     PixelRuns runs;
@@ -36,7 +36,7 @@ Scratch &scratch()
     return shared;
 }
 
-//! Samples of a series as they lie in memory.
+//! The samples of a series, read directly from the memory that holds them.
 class SeriesSpans
 {
 public:
@@ -49,12 +49,12 @@ public:
     {
     }
 
-    //! False where there is no such memory.
+    //! Returns false if the samples do not lie in memory.
     bool areFound() const { return m_found; }
     int count() const { return m_count; }
     double x(int i) const { return m_x.value(i); }
     double y(int i) const { return shown(m_y.stored(i)); }
-    //! What is shown of \a count samples from \a first on.
+    //! Writes the y that is shown of \a count samples, starting with sample \a first.
     void values(int first, int count, double *out) const
     {
         const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
@@ -64,11 +64,11 @@ public:
         for (int i = inFirst; i < count; ++i)
             out[i] = shown(m_y.piece[1][skipped + i]);
     }
-    //! What becomes of a number in memory.
+    //! Converts a stored number to the y that is shown.
     double shown(double stored) const
     {
         const double value = m_y.factor * stored - m_y.zero;
-        // A division takes as long as all the rest.
+        // The division would take as long as the rest of the conversion.
         return m_scale == 1.0 ? value : value / m_scale;
     }
     const ColumnSpans &storedX() const { return m_x; }
@@ -83,7 +83,7 @@ private:
     bool m_found;
 };
 
-/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
+//! Calls use(x, y) for each sample, including missing ones. Reads in chunks if the model can.
 template<typename Use>
 void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
 {
@@ -107,7 +107,7 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
     }
 }
 
-//! Whether a line to one of the points is, on the canvas, straight up or sideways but for rounding.
+//! Returns true if one of the points is so far away that, on the canvas, lines to it are vertical or horizontal.
 bool reachesFar(const QPointF *points, int count)
 {
     constexpr double far = 1e8;
@@ -135,7 +135,7 @@ bool isFinite(double x, double y)
     return std::isfinite(x) && std::isfinite(y);
 }
 
-//! A curve's numbers in memory, with the steps from there to a pixel row.
+//! A curve with many samples for each pixel column, read directly from the memory that holds its samples.
 class DenseCurve
 {
 public:
@@ -146,7 +146,7 @@ public:
     {
     }
 
-    //! False where the memory cannot be had, or x does not only rise.
+    //! Returns false if the samples do not lie in memory, or if x does not rise throughout.
     bool areFound() const
     {
         return m_spans.areFound() && m_source.columns->xRises() && std::isfinite(m_spans.x(0))
@@ -174,7 +174,7 @@ private:
     {
         const ValueRange range = storedRange(m_spans.storedY(), first, end);
         const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
-        // Between the memory and the pixel each step keeps the order or turns it, while all is finite.
+        // As long as all is finite, each step from the stored number to the pixel keeps the order or reverses it.
         if (!range.allFinite || !isFinite(ends[0], ends[1])) {
             addOneByOne(runs, column, first, end);
             return;
@@ -314,7 +314,7 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     drawPolyline(begin, int(end - begin));
 }
 
-//! Where samples are, all of them finite.
+//! Writes the points of samples that are all finite.
 void CurveLines::place(const double *positions, const double *y, int count, QPointF *points) const
 {
     if (m_aligned) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What an item view is asked about places: scrolling and the little there is of indexes.
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
 #include <qwt_plot.h>
@@ -12,19 +13,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace Corvale_Qt {
-
-namespace {
-
-int toScrollValue(double value)
-{
-    constexpr double largest = std::numeric_limits<int>::max();
-    return std::isnan(value) ? 0 : int(std::clamp(value, -largest, largest));
-}
-
-} // namespace
 
 QModelIndex RVXScopePlotView::indexAt(const QPoint &) const
 {
@@ -49,7 +39,7 @@ void RVXScopePlotView::scrollTo(const QModelIndex &index, ScrollHint hint)
         return;
     // In units of x, not of the scroll bar, and for every hint where the centre would be: kept on purpose, for the
     // hosts that rely on where this ends.
-    horizontalScrollBar()->setValue(toScrollValue(shown.width() * 0.5 + t));
+    horizontalScrollBar()->setValue(clampedToInt(shown.width() * 0.5 + t));
 }
 
 QSize RVXScopePlotView::minimumSizeHint() const

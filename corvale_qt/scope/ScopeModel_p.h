@@ -8,6 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 
 #include <QAbstractItemModel>
@@ -28,7 +29,7 @@ class MeasurementUnit;
 class ScopeModel
 {
 public:
-    static constexpr int maximumChannels = 256;
+    static constexpr int maximumChannels = maxChannels;
 
     void set(QAbstractItemModel *items);
     //! The numbers' side, or null.

@@ -118,6 +118,12 @@ void tst_MultichannelRows::announcements_data()
         "append 1 1 3; append 4 4 | append 1 1 3; roll-over 1",
         " | append 4 4",
         "changed (3,2)-(3,2), changed (3,2)-(3,2)");
+    row("a whole buffer replaced, nested",
+        3,
+        "append 1 1 3",
+        "append 4 4 3",
+        "remove 1-2?, remove 1-2!, insert 2-3?, insert 2-3!, "
+        "changed (1,0)-(1,0), changed (1,1)-(1,1)");
     row("a drop of the longest", 9, "append 1 1 4", "drop 2", "remove 1-2?, remove 1-2!");
     row("a drop of one of two",
         9,

@@ -179,6 +179,8 @@ public:
                 Clear();
             else if (what == "check")
                 setData(index(0, one), two, Qt::CheckStateRole);
+            else if (what == "layout-changed")
+                Q_EMIT layoutChanged();
             else if (what == "signal")
                 Q_EMIT dataChanged(index(one, two), index(int(number(3)), int(number(4))));
             else if (what == "header")

@@ -77,14 +77,14 @@ public:
 
     //! Pixels outside of the cells stay as they are.
     void
-    renderLine(QRgb *line, const Blend &row, const ColorTable &colours, const QwtInterval &range)
+    renderLine(QRgb *line, const Blend &row, const ColorTable &colors, const QwtInterval &range)
     {
         if (!row.inside)
             return;
         choose(row);
         for (size_t i = 0; i < m_line.size(); ++i)
             m_line[i] = row.weight * m_above[i] + (1.0 - row.weight) * m_below[i];
-        colours.look(range, m_line.data() + m_left, m_right - m_left, line + m_left);
+        colors.lookUp(range, m_line.data() + m_left, m_right - m_left, line + m_left);
     }
 
 private:

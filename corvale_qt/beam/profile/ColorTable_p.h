@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <qwt_color_map.h>
 #include <qwt_interval.h>
@@ -28,7 +26,7 @@ public:
 
     /*! The colours of \a count values, where the map's ends stand for those of \a range. The map that was given
         last must still be there. */
-    void look(const QwtInterval &range, const double *values, int count, QRgb *colours) const;
+    void lookUp(const QwtInterval &range, const double *values, int count, QRgb *colors) const;
 
 private:
     //! All that makes a map.
@@ -36,7 +34,7 @@ private:
     {
         QwtLinearColorMap::Mode mode = QwtLinearColorMap::ScaledColors;
         QVector<double> stops;
-        QVector<QRgb> colours;
+        QVector<QRgb> colors;
 
         explicit Contents(const QwtLinearColorMap &map);
         Contents() = default;
@@ -46,15 +44,15 @@ private:
     void fill();
 
     // Small enough for a near cache, large enough that one look-up in forty has to ask.
-    static constexpr int intervals = 1 << 16;
+    static constexpr int kIntervals = 1 << 16;
     // A colour that is not seen at all.
-    static constexpr QRgb toBeAsked = 0;
+    static constexpr QRgb kUnresolved = 0;
 
     const QwtLinearColorMap *m_map = nullptr;
     Contents m_contents;
     bool m_opaque = false;
     // One more than there are intervals, for what lies in none of them.
-    QVector<QRgb> m_colours;
+    QVector<QRgb> m_colors;
 };
 
 } // namespace Corvale_Qt

@@ -61,11 +61,11 @@ private Q_SLOTS:
         }
         const double infinity = std::numeric_limits<double>::infinity();
         values << infinity << -infinity << std::nan("") << 1e308 << -1e308 << -0.0;
-        QVector<QRgb> colours(values.size());
-        table.look(range, values.constData(), values.size(), colours.data());
+        QVector<QRgb> colors(values.size());
+        table.lookUp(range, values.constData(), values.size(), colors.data());
         int different = 0;
         for (int i = 0; i < values.size(); ++i)
-            different += colours[i] != map.rgb(range, values[i]);
+            different += colors[i] != map.rgb(range, values[i]);
         QCOMPARE(different, 0);
     }
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 namespace Corvale_Qt {
 
 template<typename T>
@@ -28,7 +30,6 @@ struct IndexRange
     int first = 0;
     int last = -1;
 
-    bool contains(int i) const { return i >= first && i <= last; }
     int size() const { return last - first + 1; }
 };
 

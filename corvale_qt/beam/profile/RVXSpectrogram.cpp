@@ -63,7 +63,6 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
         d->regression.thresholdFraction = options[0];
         d->regression.halfWidth = truncated(options[1]);
         d->regression.minimumPeak = options[2];
-        d->unusedRegressionOption = options[3];
     }
     if (options.size() >= 5)
         d->regression.weightPower = truncated(std::floor(options[4] + 0.5));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 #include "corvale_qt/numerics/FitStatus.h"
 #include "corvale_qt/numerics/LogParabolaRegression_p.h"
 #include "corvale_qt/numerics/PeakSearch_p.h"

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
 #include "corvale_qt/beam/profile/ChargeLimit_p.h"
@@ -62,7 +60,6 @@ public:
     QString name;
     DetectorLayout layout = DetectorLayout::None;
     RegressionOptions<double> regression;
-    double unusedRegressionOption = 1e-14F; // comes with the others and is kept with them
 
     bool redrawPending = false;
     bool drawing = true; //!< the widget is enabled

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
-#include "corvale_qt/beam/profile/ChannelHover_p.h"
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
-#include "corvale_qt/beam/profile/SpectrogramScaleDraw_p.h"
 #include "corvale_qt/numerics/PixelMoments_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <qwt_color_map.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_plot_picker.h>
 #include <qwt_scale_widget.h>
+#include <qwt_text.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -32,6 +33,51 @@ QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
     map->addColorStop(0.7, Qt::yellow);
     map->addColorStop(0.9, Qt::red);
     return map;
+}
+
+/*! Tells beside the mouse which channel it is on, and what that reads. */
+class ChannelHover : public QwtPlotPicker
+{
+public:
+    //! Belongs to the plot's canvas.
+    explicit ChannelHover(SpectrogramPlot *plot);
+
+protected:
+    QwtText trackerTextF(const QPointF &position) const override;
+
+private:
+    const SpectrogramPlot *m_plot;
+};
+
+ChannelHover::ChannelHover(SpectrogramPlot *plot)
+    : QwtPlotPicker(plot->canvas())
+    , m_plot(plot)
+{
+    setTrackerMode(AlwaysOn);
+    setTrackerPen(QPen(Qt::white));
+}
+
+QwtText ChannelHover::trackerTextF(const QPointF &position) const
+{
+    QwtText text(m_plot->hoverText(position), QwtText::PlainText);
+    text.setColor(Qt::white);
+    text.setBackgroundBrush(QColor(0, 0, 0, 200));
+    return text;
+}
+
+/*! Labels of the colour bar: short in every order of magnitude, without a locale's group signs. */
+class SpectrogramScaleDraw : public ThinnedScaleDraw
+{
+public:
+    QwtText label(double value) const override;
+};
+
+QwtText SpectrogramScaleDraw::label(double value) const
+{
+    // Steps are summed up: what is left of 0 by rounding is 0.
+    const double span = scaleDiv().range();
+    const bool zero = std::abs(value) < 1e-9 * std::abs(span);
+    return QwtText(QString::number(zero ? 0.0 : value, 'g', 4));
 }
 
 } // namespace

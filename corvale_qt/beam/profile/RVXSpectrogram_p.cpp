@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
+
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
 #include <QDebug>

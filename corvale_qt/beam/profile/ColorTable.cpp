@@ -37,7 +37,7 @@ void ColorTable::fill()
 {
     m_colors.fill(kUnresolved, kIntervals + 1);
     if (m_contents.mode != QwtLinearColorMap::ScaledColors)
-        return; // ask always
+        return; // the map is always asked
     const QwtInterval unit(0.0, 1.0);
     QRgb before = m_map->rgb(unit, 0.0);
     for (int i = 0; i < kIntervals; ++i) {
@@ -46,7 +46,8 @@ void ColorTable::fill()
             m_colors[i] = before;
         before = after;
     }
-    // A component may turn at a stop, and the map may jump there, by rounding: a stop between two intervals spoils both.
+    // A component may change direction at a stop, and rounding may make the map jump there. A stop on the border of
+    // two intervals affects both.
     for (const double stop : m_contents.stops) {
         for (const double place :
              {std::ceil(stop * kIntervals) - 1.0, std::floor(stop * kIntervals)})
@@ -60,13 +61,13 @@ void ColorTable::lookUp(const QwtInterval &range,
                         QRgb *colors) const
 {
     const double least = range.minValue();
-    // Without a width the map has its own answer, and this finds no place for anything.
+    // For a range without width, a NaN sends every value to the map, which has its own rule.
     const double width = range.width() > 0.0 ? range.width() : std::nan("");
     const QRgb *const table = m_colors.constData();
     for (int i = 0; i < count; ++i) {
-        // The map's own division, to the last bit: by a reciprocal a value may land beside its interval.
+        // Divided as the map divides: multiplying by a reciprocal might give the next interval.
         const double place = (values[i] - least) / width * kIntervals;
-        const bool inside = place >= 0.0 && place < kIntervals; // not so for a NaN
+        const bool inside = place >= 0.0 && place < kIntervals; // false for a NaN
         const QRgb color = table[inside ? int(place) : kIntervals];
         colors[i] = color != kUnresolved ? color : m_map->rgb(range, values[i]);
     }

@@ -9,16 +9,17 @@
 
 namespace Corvale_Qt {
 
-/*! Mean X and mean Y over the newest five seconds. */
+/*! Shows mean X and mean Y over the newest five seconds. */
 class MeanTimePlot : public QwtPlot
 {
     Q_OBJECT
 
 public:
+    //! Shares \a history with its owner, who appends to it and calls replot().
     explicit MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *parent = nullptr);
     ~MeanTimePlot() override;
 
-    //! Moves the time axis so that it ends at \a time, seconds.
+    //! Moves the time axis so that it ends at \a time, in seconds.
     void setEnd(double time);
 };
 

@@ -27,7 +27,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Sizes follow the canvas, so that the marker is seen in a corner and on a wall.
+//! Returns a length that follows the canvas, so that the marker is visible on small and on large displays.
 double shareOf(const QRectF &canvas, double share, double atLeast)
 {
     return std::max(atLeast, share * std::min(canvas.width(), canvas.height()));
@@ -38,8 +38,8 @@ bool isPlottable(const QPointF &point)
     return Corvale_Qt::isPlottable(point.x()) && Corvale_Qt::isPlottable(point.y());
 }
 
-/*! The latest position: an open circle with a cross, or an arrow at the edge of the canvas that it lies beyond. Not
-    drawn where there is none. */
+/*! Draws the latest position as an open circle with a cross, or as an arrow if it lies beyond the edge of the
+    canvas. Draws nothing without a position. */
 class PlotItem : public QwtPlotCurve
 {
 public:
@@ -63,7 +63,7 @@ private:
     QPointF m_position;
 };
 
-/*! The last positions: dots that fade with age, the last sample being the newest. */
+/*! Draws the last positions as dots that fade with age. The last sample is the newest. */
 class TrailCurve : public QwtPlotCurve
 {
 public:
@@ -80,7 +80,7 @@ protected:
                   int to) const override;
 };
 
-/*! The plane that both lie on. */
+/*! The X/Y plane with the marker and the trail. */
 class PositionPlot : public SquarePlot
 {
 public:
@@ -88,7 +88,7 @@ public:
 
     explicit PositionPlot(QWidget *parent = nullptr);
 
-    //! Takes the newest position; shown at the next replot.
+    //! Takes the newest position, which the next replot shows.
     void append(double x, double y);
 
 private:
@@ -124,7 +124,7 @@ void PlotItem::drawSeries(QPainter *painter,
     const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
     const double radius = shareOf(canvasRect, 0.025, 6);
     painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
-    // A position on the very end of an axis is still in range, however it was rounded.
+    // Half a pixel of tolerance keeps a position at the very end of an axis in range after rounding.
     if (canvasRect.adjusted(-0.5, -0.5, 0.5, 0.5).contains(centre))
         drawMarker(painter, centre, radius);
     else
@@ -141,7 +141,7 @@ void PlotItem::drawMarker(QPainter *painter, const QPointF &centre, double radiu
     painter->drawLine(centre - down, centre + down);
 }
 
-//! Straight out of the edge that the position lies beyond, or out of the corner.
+//! Draws an arrow that points straight out of the edge, or the corner, that the position lies beyond.
 void PlotItem::drawArrow(QPainter *painter,
                          const QRectF &canvas,
                          const QPointF &centre,
@@ -183,7 +183,7 @@ QRectF TrailCurve::boundingRect() const
                          std::max(bounds.right(), point.x()),
                          std::max(bounds.bottom(), point.y()));
     }
-    // Room around the outermost, so that dots and marker are seen whole.
+    // Leaves room for whole dots and the whole marker at the edges.
     const double x = 0.05 * bounds.width();
     const double y = 0.05 * bounds.height();
     return bounds.width() < 0 ? bounds : bounds.adjusted(-x, -y, x, y);
@@ -206,7 +206,8 @@ void TrailCurve::drawDots(QPainter *painter,
         const QPointF centre = QwtScaleMap::transform(xMap, yMap, point);
         if (!canvasRect.contains(centre))
             continue;
-        const int age = to - i; // the oldest still shows
+        const int age = to - i;
+        // The oldest dot keeps some of its colour.
         color.setAlphaF(1.0 - 0.85 * age / PositionPlot::trailLength);
         painter->setBrush(color);
         painter->drawEllipse(centre, radius, radius);
@@ -264,13 +265,13 @@ public:
     Ui::RVXPositionPlot ui;
     PositionPlot *plot = nullptr;
     QTimer timer;
-    QTimer showNewest; // as soon as what waits in the event queue is done
+    QTimer showNewest; // fires once the events that are queued already are handled
     PlotRange xRange;
     PlotRange yRange;
     double fraction = 1.0;
     bool autoScale = true;
     bool redrawPending = false;
-    bool newestWaits = false; // for a redraw
+    bool newestWaits = false; // the newest position is not painted yet
 };
 
 void RVXPositionPlotPrivate::applyScale()
@@ -355,7 +356,7 @@ void RVXPositionPlot::update()
 {
     Q_D(RVXPositionPlot);
     d->redrawPending = true;
-    // The next position is shown at once. Where none comes, the last one is.
+    // From now on the next position is shown at once. If none comes, the timer shows the last one.
     if (d->newestWaits)
         d->showNewest.start();
 }

@@ -14,7 +14,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Towards zero, whatever the number; a NaN is 0.
+//! Rounds towards zero, within +-1e9. Returns 0 for a NaN.
 int truncated(double number)
 {
     constexpr double most = 1e9;
@@ -36,7 +36,7 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
 RVXSpectrogram::~RVXSpectrogram()
 {
     Q_D(RVXSpectrogram);
-    // While the controls go, the focus moves on, and one of them takes the number that was being typed.
+    // Deleting the controls moves the focus, and a box that loses it may still commit a typed number.
     for (QWidget *control : d->ui.sidebar->findChildren<QWidget *>())
         control->disconnect(this);
 }
@@ -142,7 +142,7 @@ void RVXSpectrogram::sidebarEnabled(bool enabled)
     d->sidebar = enabled;
     d->ui.scrollArea_sidebar->setVisible(enabled);
     if (enabled && d->hasFrame)
-        d->showResults(); // most of them were not kept up without it
+        d->showResults(); // most numbers are not updated while it is hidden
 }
 
 void RVXSpectrogram::setEnabled(bool enabled)
@@ -154,7 +154,7 @@ void RVXSpectrogram::changeEvent(QEvent *event)
 {
     Q_D(RVXSpectrogram);
     QWidget::changeEvent(event);
-    // Here rather than in setEnabled(): a parent may disable it too.
+    // Not in setEnabled(), because a parent may also disable the display.
     if (event->type() == QEvent::EnabledChange)
         d->drawing = isEnabled();
 }

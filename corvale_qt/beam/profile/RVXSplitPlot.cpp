@@ -27,11 +27,11 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int kMostPlots = 256;
-//! Half of the bar's height, in the units of the left axis.
+//! Half of the bar's height and of the axis's, in units of the left axis.
 constexpr double kHalfBar = 0.12;
 constexpr double kHalfHeight = 0.2;
 
-/*! One value as a bar from 0, with the value's text at its end and a line through 0. */
+/*! Draws one value as a bar from 0, with its text at the end of the bar and a line through 0. */
 class SplitItem : public QwtPlotItem
 {
 public:
@@ -40,7 +40,7 @@ public:
     void setValue(double value) { m_value = value; }
 
     int rtti() const override;
-    //! As far on either side of 0, so that an automatic axis keeps 0 in the middle.
+    //! Returns a rectangle centred on 0, so that an automatic axis keeps 0 in the middle.
     QRectF boundingRect() const override;
     void draw(QPainter *painter,
               const QwtScaleMap &xMap,
@@ -62,10 +62,10 @@ private:
 class SplitPlot : public QwtPlot
 {
 public:
-    //! \a index, counted from 0, chooses the colour.
+    //! \a index is the plot's number, counted from 0, and chooses its colour.
     explicit SplitPlot(int index, QWidget *parent = nullptr);
 
-    //! Stores the value and paints it.
+    //! Stores \a value and paints it.
     void showValue(double value);
 
 private:
@@ -97,7 +97,7 @@ void SplitItem::draw(QPainter *painter,
                      const QRectF &canvasRect) const
 {
     const double zero = xMap.transform(0);
-    // Clamped: a bar beyond the axis ends at the edge. Without a number there is none.
+    // A bar beyond the axis ends at its edge; a value that cannot be plotted has no bar.
     const double end = isPlottable(m_value)
         ? std::clamp(xMap.transform(m_value), canvasRect.left(), canvasRect.right())
         : zero;
@@ -125,8 +125,8 @@ void SplitItem::drawText(QPainter *painter,
     const QSizeF size(metrics.horizontalAdvance(text), metrics.height());
     const double gap = metrics.averageCharWidth();
 
-    // Beyond the bar's end; where there is no room, on the bar; on a bar too small for it, across
-    // the zero line.
+    // The text is beyond the bar's end. Without room there it is on the bar, or, if the bar is too small, on the
+    // other side of the zero line.
     const bool leftwards = end < zero;
     const double beyond = leftwards ? end - gap - size.width() : end + gap;
     const double onBar = leftwards ? end + gap : end - gap - size.width();

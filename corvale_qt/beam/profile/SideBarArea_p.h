@@ -7,8 +7,8 @@
 
 namespace Corvale_Qt {
 
-/*! Scrolls up and down only: always as wide as what it holds needs, with room for the scroll bar. It would like to be
-    so high that nothing needs scrolling. */
+/*! A scroll area that scrolls vertically only. It is always as wide as its contents need, plus the scroll bar. Its
+    size hint is high enough to show everything without scrolling. */
 class SideBarArea : public QScrollArea
 {
     Q_OBJECT

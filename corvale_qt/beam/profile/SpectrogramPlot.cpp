@@ -21,7 +21,7 @@ namespace {
 constexpr int kLeftStep = 2;
 constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is still a normal number
 
-//! A new one at each call: raster and colour bar delete theirs.
+//! Returns a new map at each call, because the raster and the colour bar each delete theirs.
 QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
 {
     if (mode == SpectrogramPlot::Greyscale)
@@ -35,11 +35,11 @@ QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
     return map;
 }
 
-/*! Tells beside the mouse which channel it is on, and what that reads. */
+/*! Shows beside the mouse which channel it is on and the value of that channel. */
 class ChannelHover : public QwtPlotPicker
 {
 public:
-    //! Belongs to the plot's canvas.
+    //! Becomes a child of the plot's canvas.
     explicit ChannelHover(SpectrogramPlot *plot);
 
 protected:
@@ -65,7 +65,7 @@ QwtText ChannelHover::trackerTextF(const QPointF &position) const
     return text;
 }
 
-/*! Labels of the colour bar: short in every order of magnitude, without a locale's group signs. */
+/*! Labels the colour bar: short in every order of magnitude, without the group signs of a locale. */
 class SpectrogramScaleDraw : public ThinnedScaleDraw
 {
 public:
@@ -74,7 +74,7 @@ public:
 
 QwtText SpectrogramScaleDraw::label(double value) const
 {
-    // Steps are summed up: what is left of 0 by rounding is 0.
+    // Tick positions are sums of steps, so 0 may be off by a rounding error.
     const double span = scaleDiv().range();
     const bool zero = std::abs(value) < 1e-9 * std::abs(span);
     return QwtText(QString::number(zero ? 0.0 : value, 'g', 4));
@@ -141,7 +141,7 @@ void SpectrogramPlot::applyAxes()
         return;
     }
     const double size = m_grid.size;
-    // Row 0 is at the top: the left axis runs downwards unless inverted.
+    // Row 0 is at the top, so the left axis runs downwards unless it is inverted.
     setAxisScale(xBottom, m_invertX ? size : 0, m_invertX ? 0 : size, m_grid.bottomStep);
     setAxisScale(yLeft, m_invertY ? 0 : size, m_invertY ? size : 0, kLeftStep);
 }

@@ -9,13 +9,13 @@ using namespace Corvale_Qt;
 
 namespace {
 
-using Readings = std::array<double, PixelGrid::readings>;
+using Readings = std::array<double, RoundPixelDetector::kReadings>;
 
 //! An elongated beam; centre from the middle of the first cell, direction from the columns towards higher rows.
 Readings beam(double column, double row, double major, double minor, double direction)
 {
     Readings readings{};
-    for (int reading = 0; reading < PixelGrid::readings; ++reading) {
+    for (int reading = 0; reading < RoundPixelDetector::kReadings; ++reading) {
         if (!PixelWiring::isUsed(reading))
             continue;
         const QPointF place = PixelWiring::placeOf(reading);
@@ -45,9 +45,12 @@ class tst_PixelMoments : public QObject
 private Q_SLOTS:
     void everyPixelIsWhereItIsWired()
     {
-        for (int cell = 0; cell < PixelGrid::cells; ++cell)
-            QCOMPARE(PixelGrid::readingOfCell(cell), PixelWiring::readingAt(cell / 12, cell % 12));
-        for (int reading = 0; reading < PixelGrid::readings; ++reading) {
+        for (int row = -1; row <= 12; ++row) {
+            for (int column = -1; column <= 12; ++column)
+                QCOMPARE(RoundPixelDetector::readingAt(row, column),
+                         PixelWiring::readingAt(row, column));
+        }
+        for (int reading = 0; reading < RoundPixelDetector::kReadings; ++reading) {
             Readings readings{};
             readings[reading] = 2;
             const PixelMoments moments = computePixelMoments(readings, 0, 1);
@@ -56,8 +59,6 @@ private Q_SLOTS:
                 QCOMPARE(QPointF(moments.meanX - 6, 6 - moments.meanY),
                          PixelWiring::placeOf(reading));
         }
-        QCOMPARE(PixelGrid::readingOfCell(-1), -1);
-        QCOMPARE(PixelGrid::readingOfCell(144), -1);
     }
 
     void directions()

@@ -18,7 +18,7 @@ constexpr double kMiddleStrip = (kStrips - 1) / 2.0;
 
 // Rounded to single precision, so that results equal those of earlier versions.
 constexpr double kPixelPitch = 3.8F;
-constexpr double kMiddlePixel = PixelGrid::size / 2.0;
+constexpr double kMiddlePixel = RoundPixelDetector::kSide / 2.0;
 constexpr int kPixelLayoutCode = 1;
 constexpr double kDegreesPerRadian = 57.2958;
 
@@ -131,7 +131,7 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     const PixelMoments moments =
         computePixelMoments(readings, options.discriminator, kPixelLayoutCode);
     BeamFrame frame;
-    frame.raster.reserve(PixelGrid::cells);
+    frame.raster.reserve(RoundPixelDetector::kCells);
     std::copy(moments.raster.begin(), moments.raster.end(), std::back_inserter(frame.raster));
     frame.calc.integral = moments.integral;
     frame.calc.max = moments.max;
@@ -178,7 +178,7 @@ DetectorGrid DetectorGrid::of(DetectorLayout layout)
     case DetectorLayout::StripPair:
         return {kStrips, kStripPitch, 4};
     case DetectorLayout::PixelMatrix:
-        return {PixelGrid::size, kPixelPitch, 2};
+        return {RoundPixelDetector::kSide, kPixelPitch, 2};
     case DetectorLayout::None:
         break;
     }

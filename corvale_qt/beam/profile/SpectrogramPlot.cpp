@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/RoundPixelDetector.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
@@ -242,8 +242,8 @@ QString SpectrogramPlot::hoverText(const QPointF &position) const
     const QString value = QString::number(values[cell], 'g', 6);
     if (m_layout != DetectorLayout::PixelMatrix)
         return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
-    const int reading = PixelGrid::readingOfCell(cell);
-    if (reading == PixelGrid::unused)
+    const int reading = RoundPixelDetector::readingAt(row, column);
+    if (reading == RoundPixelDetector::kNotWired)
         return tr("Out of bounds");
     return tr("Channel %1: %2").arg(reading + 1).arg(value);
 }

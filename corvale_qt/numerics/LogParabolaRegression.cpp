@@ -21,10 +21,11 @@ struct NormalEquations
         if (weight > 0)
             ++weighted;
         double power = weight;
-        for (int i = 0; i < 5; ++i, power *= k) {
+        for (int i = 0; i < 5; ++i) {
             s[i] += power;
             if (i < 3)
                 t[i] += power * logarithm;
+            power *= k;
         }
     }
 };

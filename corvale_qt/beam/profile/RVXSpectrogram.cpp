@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 
+#include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
-#include <QDebug>
 #include <QEvent>
 
 #include <cmath>
@@ -90,15 +90,15 @@ void RVXSpectrogram::setName(const char *name)
 {
     Q_D(RVXSpectrogram);
     d->name = QString::fromUtf8(name);
-    qDebug().noquote().nospace() << "Spectrogram created for " << d->name;
+    qCDebug(lcProfile).noquote().nospace() << "Spectrogram created for " << d->name;
 }
 
 void RVXSpectrogram::setRange(double current, double charge)
 {
     Q_D(RVXSpectrogram);
     if (!isPlottable(current) || !isPlottable(charge) || current < 0 || charge < 0) {
-        qDebug() << "RVXSpectrogram::setRange ignored: no full scale of" << current << "and"
-                 << charge;
+        qCDebug(lcProfile) << "RVXSpectrogram::setRange ignored: no full scale of" << current
+                           << "and" << charge;
         return;
     }
     d->currentFullScale = current;
@@ -112,7 +112,7 @@ void RVXSpectrogram::setSampleRate(int rate)
     if (rate > 0)
         d->setSampleRate(rate);
     else
-        qDebug() << "RVXSpectrogram::setSampleRate ignored:" << rate;
+        qCDebug(lcProfile) << "RVXSpectrogram::setSampleRate ignored:" << rate;
 }
 
 void RVXSpectrogram::setScale(int index)

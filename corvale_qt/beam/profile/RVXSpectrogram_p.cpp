@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
 
+#include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
-
-#include <QDebug>
 
 #include <cmath>
 #include <limits>
@@ -266,7 +265,7 @@ void RVXSpectrogramPrivate::setInverted()
 void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timestamp)
 {
     if (!std::isfinite(timestamp)) {
-        qDebug() << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
+        qCDebug(lcProfile) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
         return;
     }
     if (timestamp == lastTimestamp)
@@ -274,7 +273,7 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     const FrameReadings charges = frameReadings(data);
     const FrameReadings readings = scaled(charges, readingFactor());
     if (layout == DetectorLayout::StripPair && stripFrameIsEmpty(readings)) {
-        qDebug() << "2D incoming data is all 0";
+        qCDebug(lcProfile) << "2D incoming data is all 0";
         return;
     }
     const BeamFrame frame = computeFrame(layout, readings, frameOptions());
@@ -304,9 +303,9 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
 {
     if (sidebar && layout != DetectorLayout::None) {
         if (timestamp < lastTimestamp) {
-            qDebug().nospace() << "Incoming timestamp " << timestamp
-                               << " is less than old timestamp " << lastTimestamp
-                               << " so the Pixelated X/Y plot has been cleared.";
+            qCDebug(lcProfile).nospace()
+                << "Incoming timestamp " << timestamp << " is less than old timestamp "
+                << lastTimestamp << " so the Pixelated X/Y plot has been cleared.";
             history->clear();
         }
         history->append({timestamp, newCalc.meanX, newCalc.meanY});

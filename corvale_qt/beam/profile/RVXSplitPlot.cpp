@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 
+#include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
@@ -14,7 +15,6 @@
 #include <qwt_scale_map.h>
 
 #include <QColor>
-#include <QDebug>
 #include <QPainter>
 #include <QTimer>
 #include <QVector>
@@ -198,7 +198,8 @@ void RVXSplitPlot::setNumberPlots(int n)
 {
     Q_D(RVXSplitPlot);
     if (n > kMostPlots)
-        qDebug() << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots << "made";
+        qCDebug(lcProfile) << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots
+                           << "made";
     qDeleteAll(d->plots);
     d->plots.clear();
     for (int i = 0; i < qMin(n, kMostPlots); ++i) {

@@ -47,7 +47,7 @@ private Q_SLOTS:
             map.setMode(QwtLinearColorMap::FixedColors);
         const QwtInterval range(low, high);
         ColorTable table;
-        // It does not keep the colours of another map, of which this one's differ by little.
+        // The table does not keep the colours of another map that differs little.
         QwtLinearColorMap other(Qt::black, Qt::red);
         other.addColorStop(0.5, Qt::darkGreen);
         table.setMap(other);

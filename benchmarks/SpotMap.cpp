@@ -3,7 +3,7 @@
 #include "Goal.h"
 #include "Goals.h"
 #include "SpotChart.h"
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 
 #include <QCoreApplication>

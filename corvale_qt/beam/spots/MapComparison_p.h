@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 
 namespace Corvale_Qt {
 

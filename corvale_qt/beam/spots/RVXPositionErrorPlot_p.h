@@ -9,7 +9,7 @@
  */
 
 #include "corvale_qt/beam/spots/HighlightRecentDot_p.h"
-#include "corvale_qt/beam/spots/ModelRearrangements_p.h"
+#include "corvale_qt/models/StructureWatcher_p.h"
 #include "corvale_qt/beam/spots/PositionErrorList_p.h"
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 

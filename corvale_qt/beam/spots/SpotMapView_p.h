@@ -8,9 +8,9 @@
  * ---------------------------------------------------------------------------
  */
 
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/beam/spots/MapComparison_p.h"
-#include "corvale_qt/beam/spots/ModelRearrangements_p.h"
+#include "corvale_qt/models/StructureWatcher_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "corvale_qt/beam/spots/SpotMapViewColumnMapper.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/PictureStore_p.h"
+#include "corvale_qt/beam/spots/PictureBuffer_p.h"
 
 #include <QGLFramebufferObject>
 #include <QGLWidget>

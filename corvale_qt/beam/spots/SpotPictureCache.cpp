@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 
 #include <QPainter>

@@ -8,7 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
-#include "corvale_qt/beam/spots/PictureStore_p.h"
+#include "corvale_qt/beam/spots/PictureBuffer_p.h"
 #include "corvale_qt/beam/spots/SpotPainting_p.h"
 
 namespace Corvale_Qt {

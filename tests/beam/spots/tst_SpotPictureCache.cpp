@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/GaussianRadialGradientBrush.h"
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/SpotDifference_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
@@ -48,7 +48,7 @@ QImage row(const QVector<QColor> &colours)
 
 } // namespace
 
-class tst_KeptPicture : public QObject
+class tst_SpotPictureCache : public QObject
 {
     Q_OBJECT
 
@@ -160,5 +160,5 @@ private Q_SLOTS:
     }
 };
 
-CORVALE_QT_TEST_MAIN(tst_KeptPicture)
-#include "tst_KeptPicture.moc"
+CORVALE_QT_TEST_MAIN(tst_SpotPictureCache)
+#include "tst_SpotPictureCache.moc"

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QImage>
 
@@ -18,41 +13,43 @@ class QWidget;
 
 namespace Corvale_Qt {
 
-/*! Where a picture is kept between two paints, so that it can be painted on and read. */
-class PictureStore
+/*! Holds a picture between two paints. It can be painted on and read. */
+class PictureBuffer
 {
 public:
     using Paint = std::function<void(QPainter &)>;
 
-    virtual ~PictureStore();
+    virtual ~PictureBuffer();
 
-    //! Room for a picture of that many pixels; false where there is none. The last picture is lost.
+    /*! Makes room for a picture of \a pixels; the last picture is lost. Returns false if there is not enough
+        memory. */
     virtual bool resize(const QSize &pixels) = 0;
+    //! Calls \a paint with a painter on the picture.
     virtual void paint(const Paint &paint) = 0;
-    //! What was painted up to now; valid until the next call to this object.
+    //! Returns what was painted so far. The reference is valid until the next call to this object.
     virtual const QImage &image() = 0;
-    //! Whether what was painted is gone, and room has to be made anew.
+    //! Returns whether the picture is gone, so that resize() must be called again.
     virtual bool isLost() const { return false; }
 
 protected:
-    PictureStore() = default;
+    PictureBuffer() = default;
 
 private:
-    Q_DISABLE_COPY(PictureStore)
+    Q_DISABLE_COPY(PictureBuffer)
 };
 
-//! An image in memory, painted by the raster engine; opaque or with an alpha channel.
-std::unique_ptr<PictureStore> makeImageStore(QImage::Format format = QImage::Format_RGB32);
+//! Returns an image in memory, which the raster engine paints. \a format may have an alpha channel.
+std::unique_ptr<PictureBuffer> makeImageBuffer(QImage::Format format = QImage::Format_RGB32);
 
-/*! Where a view with that \a viewport keeps its picture: in a frame-buffer object of its OpenGL context if
-    it has one, else in an image. The store may outlive the viewport. */
-std::unique_ptr<PictureStore> makePictureStore(QWidget *viewport);
+/*! Returns a frame-buffer object of the OpenGL context of \a viewport if it has one, otherwise an image. The
+    buffer may outlive the viewport. */
+std::unique_ptr<PictureBuffer> makePictureBuffer(QWidget *viewport);
 
-/*! A viewport on OpenGL; null where no context can be had, or where the environment variable
-    CORVALE_QT_NO_OPENGL asks to do without (any number but 0). */
+/*! Returns a new viewport that paints with OpenGL, or null if no context can be created or the environment
+    variable CORVALE_QT_NO_OPENGL is a number other than 0. */
 QWidget *makeOpenGlViewport();
 
-//! Whether Qt can paint on \a viewport: on an OpenGL widget without a context it would crash.
+//! Returns whether Qt can paint on \a viewport. On an OpenGL widget without a context it would crash.
 bool canPaintOn(const QWidget *viewport);
 
 } // namespace Corvale_Qt

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 
 #include <QPainter>
 
 namespace Corvale_Qt {
 
-KeptPicture::KeptPicture(std::unique_ptr<PictureStore> store, Draw draw)
-    : m_store(std::move(store))
+SpotPictureCache::SpotPictureCache(std::unique_ptr<PictureBuffer> store, Draw draw)
+    : m_buffer(std::move(store))
     , m_draw(draw)
 {
 }
 
-void KeptPicture::update(const SpotList &spots, const SpotScene &scene)
+void SpotPictureCache::update(const SpotList &spots, const SpotStyle &style)
 {
-    m_valid = m_valid && !m_store->isLost();
-    const bool stale = !m_valid || scene != m_scene || spots.rewrites() != m_rewrites;
+    m_valid = m_valid && !m_buffer->isLost();
+    const bool stale = !m_valid || style != m_style || spots.rewrites() != m_rewrites;
     if (stale)
-        begin(scene);
+        begin(style);
     if (stale || spots.size() > m_painted) {
         paintFrom(m_painted, spots);
         m_painted = spots.size();
@@ -26,38 +26,38 @@ void KeptPicture::update(const SpotList &spots, const SpotScene &scene)
     }
 }
 
-void KeptPicture::reset()
+void SpotPictureCache::reset()
 {
     m_valid = false;
 }
 
-void KeptPicture::setStore(std::unique_ptr<PictureStore> store)
+void SpotPictureCache::setBuffer(std::unique_ptr<PictureBuffer> store)
 {
-    m_store = std::move(store);
+    m_buffer = std::move(store);
     reset();
 }
 
-void KeptPicture::begin(const SpotScene &scene)
+void SpotPictureCache::begin(const SpotStyle &style)
 {
-    const bool sameSize = m_valid && scene.pixels == m_scene.pixels;
-    if (!sameSize && !m_store->resize(scene.pixels)) {
-        // More than the driver gives: memory is the larger place.
-        m_store = makeImageStore();
-        m_store->resize(scene.pixels);
+    const bool sameSize = m_valid && style.pixels == m_style.pixels;
+    if (!sameSize && !m_buffer->resize(style.pixels)) {
+        // The driver has no buffer of this size; memory has room for it.
+        m_buffer = makeImageBuffer();
+        m_buffer->resize(style.pixels);
     }
-    m_store->paint([&scene](QPainter &painter) {
+    m_buffer->paint([&style](QPainter &painter) {
         painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.fillRect(QRect(QPoint(), scene.pixels), scene.background);
+        painter.fillRect(QRect(QPoint(), style.pixels), style.background);
     });
-    m_scene = scene;
+    m_style = style;
     m_painted = 0;
     m_valid = true;
 }
 
-void KeptPicture::paintFrom(int first, const SpotList &spots)
+void SpotPictureCache::paintFrom(int first, const SpotList &spots)
 {
-    m_store->paint([&](QPainter &painter) {
-        m_draw(painter, spots, first, m_scene);
+    m_buffer->paint([&](QPainter &painter) {
+        m_draw(painter, spots, first, m_style);
     });
 }
 

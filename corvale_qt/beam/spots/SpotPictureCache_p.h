@@ -1,47 +1,42 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/PictureBuffer_p.h"
 #include "corvale_qt/beam/spots/SpotPainting_p.h"
 
 namespace Corvale_Qt {
 
-/*! A picture of spots that is kept: painted anew when its scene or a spot in it has changed, painted on
-    where spots were only added at the end, else as it was. Both ways give the same picture, since spots are
-    drawn in the order of their rows. */
-class KeptPicture
+/*! Keeps a picture of spots between two paints. It is painted anew when its style or one of its spots has
+    changed, and spots that were added at the end are painted over what is there. Both ways give the same
+    picture, since spots are drawn in the order of their rows. */
+class SpotPictureCache
 {
 public:
-    //! drawSpots() or drawPath().
-    using Draw = void (*)(QPainter &, const SpotList &, int first, const SpotScene &);
+    //! How spots are drawn: drawSpots() or drawPath().
+    using Draw = void (*)(QPainter &, const SpotList &, int first, const SpotStyle &);
 
-    KeptPicture(std::unique_ptr<PictureStore> store, Draw draw);
+    SpotPictureCache(std::unique_ptr<PictureBuffer> store, Draw draw);
 
     //! Brings the picture up to date with \a spots.
-    void update(const SpotList &spots, const SpotScene &scene);
-    //! As of the last update().
-    const QImage &image() const { return m_store->image(); }
-    //! Grows whenever an update() paints.
+    void update(const SpotList &spots, const SpotStyle &style);
+    //! Returns the picture as of the last update().
+    const QImage &image() const { return m_buffer->image(); }
+    //! Returns a number that grows whenever update() paints.
     quint64 version() const { return m_version; }
-    //! Forgets the picture; for other spots, which may count their changes alike.
+    //! Discards the picture. Call it before update() gets another list, whose version may be the same.
     void reset();
-    //! Another place to keep it; forgets the picture.
-    void setStore(std::unique_ptr<PictureStore> store);
+    //! Replaces the buffer that holds the picture, and discards the picture.
+    void setBuffer(std::unique_ptr<PictureBuffer> store);
 
 private:
-    void begin(const SpotScene &scene);
+    void begin(const SpotStyle &style);
     void paintFrom(int first, const SpotList &spots);
 
-    std::unique_ptr<PictureStore> m_store;
+    std::unique_ptr<PictureBuffer> m_buffer;
     const Draw m_draw;
-    SpotScene m_scene;
+    SpotStyle m_style;
     int m_painted = 0;
     quint64 m_rewrites = 0;
     quint64 m_version = 0;

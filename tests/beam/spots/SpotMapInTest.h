@@ -27,7 +27,7 @@ public:
     QImage picture() { return grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
     //! Of the pixel at a point of the map.
-    QColor colourAt(double x, double y)
+    QColor colorAt(double x, double y)
     {
         const QImage image = picture();
         const double column = (x - bounds().left()) / bounds().width() * image.width();

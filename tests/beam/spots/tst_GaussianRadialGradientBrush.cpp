@@ -21,7 +21,7 @@ private Q_SLOTS:
         QTest::addColumn<double>("amplitude");
         QTest::addColumn<double>("sigma");
         // Steps of 1/56 below 2.6 sigma, then one that is transparent.
-        QTest::addColumn<int>("coloured");
+        QTest::addColumn<int>("colored");
         QTest::addColumn<bool>("closed");
         QTest::newRow("narrower than a step") << 1.0 << 0.001 << 1 << true;
         QTest::newRow("some steps") << 0.7 << 0.1 << 15 << true;
@@ -34,12 +34,12 @@ private Q_SLOTS:
     {
         QFETCH(double, amplitude);
         QFETCH(double, sigma);
-        QFETCH(int, coloured);
+        QFETCH(int, colored);
         QFETCH(bool, closed);
         const Brush brush(
             GaussianRadialGradientBrush::create({0.25, 0.5}, QColor(10, 20, 30), amplitude, sigma));
         const QGradientStops stops = brush->gradient()->stops();
-        for (int i = 0; i < coloured; ++i) {
+        for (int i = 0; i < colored; ++i) {
             const double r = i / 56.0;
             QCOMPARE(stops[i].first, r);
             QCOMPARE(QColor(stops[i].second.rgb()), QColor(10, 20, 30));
@@ -47,8 +47,8 @@ private Q_SLOTS:
             QVERIFY(qAbs(stops[i].second.alphaF() - expected) < 1e-4);
         }
         if (closed) {
-            QCOMPARE(stops[coloured].first, coloured / 56.0);
-            QCOMPARE(stops[coloured].second.alpha(), 0);
+            QCOMPARE(stops[colored].first, colored / 56.0);
+            QCOMPARE(stops[colored].second.alpha(), 0);
         }
         QCOMPARE(stops.last().first, 1.0);
         QCOMPARE(stops.last().second.alpha() == 0, closed);

@@ -300,10 +300,10 @@ private Q_SLOTS:
         plot.setTolerance(2, 2);
         plot.setSamples(QPolygonF(QVector<QPointF>{QPointF(1e6, 0.25)}));
         const Picture picture(plot);
-        int coloured = 0;
+        int colored = 0;
         for (int dx = 5; dx > -16; --dx)
-            coloured += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
-        QVERIFY(coloured >= 2);
+            colored += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
+        QVERIFY(colored >= 2);
     }
 };
 

@@ -77,39 +77,39 @@ private Q_SLOTS:
         QVERIFY(qAbs(centre.y() - (bounds.bottom() - y) * pixels) < 0.6);
         // The largest dose is at 1 / 1.5 of the scale: opacity 0.7.
         QVERIFY(qAbs(brightest - 0.7 * 255) < 4);
-        QVERIFY(qAbs(qGray(map.colourAt(x, y).rgb()) - brightest) < 4);
+        QVERIFY(qAbs(qGray(map.colorAt(x, y).rgb()) - brightest) < 4);
         // One sigma away it has fallen to exp(-1/2).
-        QVERIFY(qAbs(qGray(map.colourAt(x - 3 * (x > 0 ? 1 : -1), y).rgb())
-                     - 0.7 * 255 * std::exp(-0.5))
-                < 8);
+        QVERIFY(
+            qAbs(qGray(map.colorAt(x - 3 * (x > 0 ? 1 : -1), y).rgb()) - 0.7 * 255 * std::exp(-0.5))
+            < 8);
     }
 
     void twoSpotsAddUp()
     {
         SpotTable table(cornerSpots + "; 0 0 10 3; 10 0 10 3; 10 0 10 3");
         MapInTest map(&table);
-        const double one = map.colourAt(0, 0).redF();
-        const double two = map.colourAt(10, 0).redF();
+        const double one = map.colorAt(0, 0).redF();
+        const double two = map.colorAt(10, 0).redF();
         // Each covers what the other leaves.
         QVERIFY(qAbs(two - (1 - (1 - one) * (1 - one))) < 0.03);
     }
 
-    void coloursFollowTheDose()
+    void colorsFollowTheDose()
     {
         SpotTable table(cornerSpots + "; 0 0 0 3; 15 0 -5 3; -15 0 2 3");
         MapInTest map(&table);
         map.setSpotColor(Qt::green);
         map.setBackgroundColor(QColor(40, 0, 0));
-        QCOMPARE(map.colourAt(0, 0), QColor(40, 0, 0));
-        const QColor negative = map.colourAt(15, 0);
+        QCOMPARE(map.colorAt(0, 0), QColor(40, 0, 0));
+        const QColor negative = map.colorAt(15, 0);
         QVERIFY(negative.blue() > 230 && negative.green() == 0);
-        const QColor positive = map.colourAt(-15, 0);
+        const QColor positive = map.colorAt(-15, 0);
         // 2 of 15, of which 0.9, and 0.1 in any case.
         QVERIFY(qAbs(positive.greenF() - 0.22) < 0.02);
         QCOMPARE(positive.blue(), 0);
         map.setSpotColor(QColor());
         map.setBackgroundColor(QColor());
-        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, 0), QColor(Qt::black));
     }
 
     void aDifferenceIsBlueAboveAndRedBelow()
@@ -119,22 +119,22 @@ private Q_SLOTS:
         SpotTable planned(cornerSpots + "; -15 0 4 3; 0 0 10 3; 15 0 10 3");
         MapInTest map(&actual);
         MapInTest target(&planned);
-        // Neither map's colours shall turn the answer around.
+        // Neither map's colors shall turn the answer around.
         map.setSpotColor(Qt::red);
         target.setBackgroundColor(Qt::white);
         map.setDiffTarget(&target);
         map.setDisplayMode(SpotMapView::Difference);
-        const QColor above = map.colourAt(-15, 0);
+        const QColor above = map.colorAt(-15, 0);
         QVERIFY2(above.blue() > 60 && above.red() == 0 && above.green() == 0,
                  qPrintable(above.name()));
-        const QColor below = map.colourAt(15, 0);
+        const QColor below = map.colorAt(15, 0);
         QVERIFY2(below.red() > 60 && below.blue() == 0 && below.green() == 0,
                  qPrintable(below.name()));
-        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, 0), QColor(Qt::black));
 
         map.setSpotColor(Qt::green);
         map.setDisplayMode(2);
-        const QColor overlaid = map.colourAt(-15, 0);
+        const QColor overlaid = map.colorAt(-15, 0);
         QVERIFY(overlaid.green() > 150 && qAbs(overlaid.blue() - above.blue() / 2) < 3);
         map.setDisplayMode(77);
         QCOMPARE(map.displayMode(), SpotMapView::DifferenceOverlay);
@@ -157,22 +157,22 @@ private Q_SLOTS:
             map.setDisplayMode(mode);
             QCOMPARE(map.bounds(), both);
             QCOMPARE(changes.count(), 1);
-            QVERIFY(map.colourAt(30, 30).red() > 50 && map.colourAt(30, 30).blue() == 0);
+            QVERIFY(map.colorAt(30, 30).red() > 50 && map.colorAt(30, 30).blue() == 0);
         }
         map.setDisplayMode(SpotMapView::Difference);
         // And the other way round, the map having all and the target less, or nothing.
         target.setDiffTarget(&map);
         target.setDisplayMode(SpotMapView::Difference);
-        QVERIFY(target.colourAt(30, 30).blue() > 50 && target.colourAt(30, 30).red() == 0);
+        QVERIFY(target.colorAt(30, 30).blue() > 50 && target.colorAt(30, 30).red() == 0);
         actual.removeRows(0, 2);
         for (double x : {-30, 30})
-            QVERIFY(map.colourAt(x, -30).red() > 50 && target.colourAt(x, -30).blue() > 50);
+            QVERIFY(map.colorAt(x, -30).red() > 50 && target.colorAt(x, -30).blue() > 50);
         // A target that grows is followed, and hosts hear of it.
         changes.clear();
         planned.append("60 0 10 3");
         QVERIFY(map.bounds().contains(60, 0));
         QTRY_COMPARE(changes.count(), 1);
-        QVERIFY(map.colourAt(60, 0).red() > 50);
+        QVERIFY(map.colorAt(60, 0).red() > 50);
         map.setDiffTarget(nullptr);
         QVERIFY(map.bounds().isEmpty());
     }
@@ -197,12 +197,12 @@ private Q_SLOTS:
         map.setDiffTarget(&target);
         map.setDisplayMode(SpotMapView::Difference);
         const double y = x == 0.0 ? 8.0 : 0.0;
-        QCOMPARE(map.colourAt(x, y), QColor(Qt::black));
+        QCOMPARE(map.colorAt(x, y), QColor(Qt::black));
         // Changed cell by cell, as an editor would.
         const SpotTable other(planned);
         for (int column = 1; column < 5; ++column)
             plan.item(4, column)->setData(other.item(0, column)->data(Qt::UserRole), Qt::UserRole);
-        QVERIFY2(map.colourAt(x, y).red() > 40, qPrintable(map.colourAt(x, y).name()));
+        QVERIFY2(map.colorAt(x, y).red() > 40, qPrintable(map.colorAt(x, y).name()));
     }
 
     void whatCannotBeShownIsToldInWords_data()
@@ -286,25 +286,25 @@ private Q_SLOTS:
         MapInTest target(&planned);
         map.setDiffTarget(&target);
         map.setDisplayMode(SpotMapView::Difference);
-        QVERIFY(map.colourAt(0, 0).blue() > 100);
-        QCOMPARE(map.colourAt(0, 0).red(), 0);
+        QVERIFY(map.colorAt(0, 0).blue() > 100);
+        QCOMPARE(map.colorAt(0, 0).red(), 0);
         planned.setDose(0, 10);
-        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, 0), QColor(Qt::black));
         planned.setDose(0, 20);
-        QVERIFY(map.colourAt(0, 0).red() > 100);
+        QVERIFY(map.colorAt(0, 0).red() > 100);
     }
 
     void aPathJoinsTheSpotsInTheirOrder()
     {
         SpotTable table("-30 -30 0 3; 30 -30 0 3; nan 5 1 1; 30 30 0 3");
         MapInTest map(&table);
-        QCOMPARE(map.colourAt(0, -30), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, -30), QColor(Qt::black));
         map.setPathColor(Qt::yellow);
-        QVERIFY(map.colourAt(0, -29.9).red() > 100);
-        QVERIFY(map.colourAt(29.9, 0).red() > 100);
-        QCOMPARE(map.colourAt(-29.9, 0), QColor(Qt::black));
+        QVERIFY(map.colorAt(0, -29.9).red() > 100);
+        QVERIFY(map.colorAt(29.9, 0).red() > 100);
+        QCOMPARE(map.colorAt(-29.9, 0), QColor(Qt::black));
         map.setPathColor(QColor());
-        QCOMPARE(map.colourAt(0, -29.9), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, -29.9), QColor(Qt::black));
     }
 
     void aRealPatternIsWhereItWasPlanned()

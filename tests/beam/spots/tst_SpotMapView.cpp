@@ -229,10 +229,10 @@ private Q_SLOTS:
         QCOMPARE(map.displayMode(), SpotMapView::Data);
         QCOMPARE(modes.count(), 1);
         QCOMPARE(targets.count(), 1);
-        QCOMPARE(map.colourAt(0, 0).red(), map.colourAt(0, 0).blue());
+        QCOMPARE(map.colorAt(0, 0).red(), map.colorAt(0, 0).blue());
         map.setDiffTarget(&map);
         map.setDisplayMode(SpotMapView::Difference);
-        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, 0), QColor(Qt::black));
     }
 
     void aRepaintWithoutChangePaintsNoSpot()

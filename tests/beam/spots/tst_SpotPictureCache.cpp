@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/GaussianRadialGradientBrush.h"
-#include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "tests/support/TestMain.h"
@@ -10,7 +8,7 @@ using Spot = SpotMapView::MapSpot;
 
 namespace {
 
-//! What was drawn: "from 3 of 5".
+//! Each call of the drawing function, such as "from 3 of 5".
 QStringList drawn;
 
 void drawNothing(QPainter &, const SpotList &spots, int first, const SpotStyle &)
@@ -64,68 +62,6 @@ private Q_SLOTS:
         QCOMPARE(update(), QString("from 0 of 5"));
         picture.reset();
         QCOMPARE(update(), QString("from 0 of 5"));
-    }
-
-    void opacityFollowsTheDose_data()
-    {
-        QTest::addColumn<float>("dose");
-        QTest::addColumn<float>("largest");
-        QTest::addColumn<double>("opacity");
-        QTest::addColumn<QColor>("color");
-        QTest::newRow("none") << 0.0F << 10.0F << 0.0 << QColor(Qt::green);
-        QTest::newRow("none at all") << 0.0F << 0.0F << 0.0 << QColor(Qt::green);
-        QTest::newRow("smallest") << 1e-6F << 10.0F << 0.1 << QColor(Qt::green);
-        QTest::newRow("half of the scale") << 7.5F << 10.0F << 0.55 << QColor(Qt::green);
-        QTest::newRow("largest") << 10.0F << 10.0F << 0.7 << QColor(Qt::green);
-        QTest::newRow("the cap") << 15.0F << 10.0F << 1.0 << QColor(Qt::green);
-        QTest::newRow("above it") << 99.0F << 10.0F << 1.0 << QColor(Qt::green);
-        QTest::newRow("negative") << -3.0F << 10.0F << 0.95 << QColor(Qt::blue);
-        QTest::newRow("negative only") << -3.0F << 0.0F << 0.95 << QColor(Qt::blue);
-    }
-
-    void opacityFollowsTheDose()
-    {
-        QFETCH(float, dose);
-        QFETCH(float, largest);
-        QFETCH(double, opacity);
-        QFETCH(QColor, color);
-        SpotStyle style{QSize(10, 10),
-                        1.0,
-                        QRectF(-50, -20, 100, 100),
-                        largest,
-                        Qt::green,
-                        Qt::black};
-        const auto brush = createBrush({-25, 55, dose, 2}, style);
-        const QColor centre = brush->gradient()->stops().first().second;
-        QVERIFY(qAbs(centre.alphaF() - opacity) < 1e-4);
-        QCOMPARE(brush->center(), QPointF(0.25, 0.25));
-        if (opacity > 0) {
-            QCOMPARE(QColor(centre.rgb()), color);
-            QVERIFY(qAbs(brush->boundingRect().width() - 5.2 * 0.02) < 1e-9);
-        } else {
-            QVERIFY(brush->boundingRect().isEmpty());
-        }
-    }
-
-    void aComparisonFollowsBothMaps()
-    {
-        SpotList map;
-        SpotList target;
-        map.assign({spotAt(10, 5), spotAt(50, 5)});
-        target.assign({spotAt(10, 5)});
-        MapComparison comparison;
-        const auto colorAt = [&](int x) {
-            return comparison.difference(map, target, styleOf(map)).pixelColor(x, 30).name();
-        };
-        QCOMPARE(colorAt(10), QString("#000000"));
-        QCOMPARE(colorAt(50).left(5), QString("#0000"));
-        QVERIFY(colorAt(50) != "#000000");
-        target.insert(1, {spotAt(50, 5)});
-        QCOMPARE(colorAt(50), QString("#000000"));
-        QCOMPARE(comparison.targetVersion(), target.version());
-        map.remove(0, 1);
-        QVERIFY(colorAt(10) != "#000000");
-        QCOMPARE(colorAt(10).right(4), QString("0000"));
     }
 };
 

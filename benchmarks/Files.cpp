@@ -32,7 +32,7 @@ void writeTable(MergedChannels &merged, const QString &fileName)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        qFatal("No place for files");
+        qFatal("Cannot create a file");
     QTextStream stream(&file);
     for (int i = 0; i < merged.channels(); ++i) {
         const QString title = QStringLiteral("channel_").mid(i + 1);
@@ -54,7 +54,7 @@ void writeChannel(const RVXSingleChannelDataModel &model,
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        qFatal("No place for files");
+        qFatal("Cannot create a file");
     QTextStream stream(&file);
     stream << "timestamp(s),channel_1,\n";
     for (int row = 1; row <= samples; ++row) {

@@ -59,7 +59,7 @@ void copyRaster(const QwtPlotSpectrogram &raster, QwtPlotSpectrogram &stock)
     const auto *data = dynamic_cast<const QwtMatrixRasterData *>(raster.data());
     const auto *colors = dynamic_cast<const QwtLinearColorMap *>(raster.colorMap());
     if (!data || !colors)
-        qFatal("The display's raster is no matrix");
+        qFatal("The display's raster is not a matrix");
     auto *copy = new QwtMatrixRasterData;
     for (Qt::Axis axis : {Qt::XAxis, Qt::YAxis, Qt::ZAxis})
         copy->setInterval(axis, data->interval(axis));

@@ -1,31 +1,26 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QAbstractItemModel>
 #include <QVector>
 
 namespace Corvale_Qt {
 
-/*! Listens to the signals after which any row may hold other values, and which a QAbstractItemView does not
-    pass on to its subclasses, and to the model's deletion.
+/*! Calls a function when a model was rearranged, that is when any row may hold other values, and when the
+    model was deleted. QAbstractItemView does not pass these signals on to its subclasses.
 
-    It ends with this object, which is a member of a view's private part: a model that is a child of its view
-    is deleted after that part. */
-class ModelRearrangements
+    The destructor disconnects. So a view may keep this object in its private part: a model that is a child
+    of the view is deleted after that part. */
+class StructureWatcher
 {
 public:
-    ModelRearrangements() = default;
-    ~ModelRearrangements() { stop(); }
-    Q_DISABLE_COPY(ModelRearrangements)
+    StructureWatcher() = default;
+    ~StructureWatcher() { stop(); }
+    Q_DISABLE_COPY(StructureWatcher)
 
-    //! Has them call \a reload, and no longer those of the former model. \a model may be null.
+    //! Replaces the watched model, which may be null. \a reload is called as long as \a context exists.
     template<typename Reload>
     void watch(const QAbstractItemModel *model, const QObject *context, const Reload &reload)
     {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
+#include "corvale_qt/beam/spots/Logging_p.h"
+#include "corvale_qt/beam/spots/SpotGeometry_p.h"
+
 #include <QCoreApplication>
-#include <QDebug>
+#include <QPainter>
 
 #include <cmath>
 #include <limits>
@@ -12,7 +14,10 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! NaN for what is no number, or none of single precision: nothing shall be shown as if it were 0.
+//! The smallest radius of a ring around a spot, in pixels.
+constexpr double smallestRing = 3.0;
+
+//! Returns NaN if the cell holds no number in the range of a float: a missing field must not be shown as 0.
 float numberAt(const QModelIndex &index)
 {
     bool isNumber = false;
@@ -25,8 +30,8 @@ float numberAt(const QModelIndex &index)
 
 SpotMapViewPrivate::SpotMapViewPrivate(SpotMapView *view)
     : columnMapper(std::make_unique<SpotMapViewColumnMapper>())
-    , picture(makeImageStore(), drawSpots)
-    , path(makeImageStore(QImage::Format_ARGB32_Premultiplied), drawPath)
+    , picture(makeImageBuffer(), drawSpots)
+    , path(makeImageBuffer(QImage::Format_ARGB32_Premultiplied), drawPath)
     , q_ptr(view)
 {
 }
@@ -40,7 +45,7 @@ QEvent::Type SpotMapViewPrivate::spotsChangedEvent()
 void SpotMapViewPrivate::connectModel()
 {
     Q_Q(SpotMapView);
-    rearrangements.watch(q->model(), q, [this] {
+    structureWatcher.watch(q->model(), q, [this] {
         loadModel();
     });
 }
@@ -99,8 +104,8 @@ bool SpotMapViewPrivate::findBounds()
     if (square == bounds)
         return false;
     bounds = square;
-    qDebug() << "original bounds x" << extent.left() << extent.right();
-    qDebug() << "original bounds y" << extent.top() << extent.bottom();
+    qCDebug(lcSpots) << "original bounds x" << extent.left() << extent.right();
+    qCDebug(lcSpots) << "original bounds y" << extent.top() << extent.bottom();
     return true;
 }
 
@@ -130,7 +135,12 @@ QRect SpotMapViewPrivate::pictureRect() const
     return Corvale_Qt::pictureRect(q->viewport()->rect(), bounds);
 }
 
-SpotScene SpotMapViewPrivate::scene() const
+SpotHitTest SpotMapViewPrivate::hitTest() const
+{
+    return SpotHitTest(spots, bounds, pictureRect());
+}
+
+SpotStyle SpotMapViewPrivate::spotStyle() const
 {
     Q_Q(const SpotMapView);
     const double ratio = q->viewport()->devicePixelRatioF();
@@ -151,18 +161,18 @@ bool SpotMapViewPrivate::targetIsNews() const
 
 const QImage &SpotMapViewPrivate::spotsImage()
 {
-    const SpotScene dataScene = scene();
+    const SpotStyle dataStyle = spotStyle();
     if (comparing() && !comparison)
         comparison = std::make_unique<MapComparison>();
     if (comparing() && displayMode == SpotMapView::Difference)
-        return comparison->difference(spots, target->d_func()->spots, dataScene);
+        return comparison->difference(spots, target->d_func()->spots, dataStyle);
 
-    picture.update(spots, dataScene);
+    picture.update(spots, dataStyle);
     if (!comparing())
         return picture.image();
     return comparison->overlay(spots,
                                target->d_func()->spots,
-                               dataScene,
+                               dataStyle,
                                picture.image(),
                                picture.version());
 }
@@ -172,13 +182,67 @@ QImage SpotMapViewPrivate::pathImage()
     const bool onlyDifference = comparing() && displayMode == SpotMapView::Difference;
     if (pathColor.alpha() == 0 || onlyDifference)
         return QImage();
-    SpotScene pathScene = scene();
-    pathScene.colour = pathColor;
-    pathScene.background = Qt::transparent;
-    // The dose has no part in it.
-    pathScene.fullScaleDose = 0.0F;
-    path.update(spots, pathScene);
+    SpotStyle pathStyle = spotStyle();
+    pathStyle.color = pathColor;
+    pathStyle.background = Qt::transparent;
+    // A path does not depend on the dose.
+    pathStyle.fullScaleDose = 0.0F;
+    path.update(spots, pathStyle);
     return path.image();
+}
+
+void SpotMapViewPrivate::drawSelection(QPainter &painter) const
+{
+    Q_Q(const SpotMapView);
+    if (!q->selectionModel() || !q->selectionModel()->hasSelection())
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    const SpotHitTest places = hitTest();
+    const QPen edge(Qt::black, 4.0);
+    const QPen ring(q->palette().color(QPalette::Highlight).lighter(140), 2.0);
+    for (const QItemSelectionRange &range : q->selectionModel()->selection()) {
+        for (int row = range.top(); row <= qMin(range.bottom(), spots.size() - 1); ++row) {
+            if (!isDrawable(spots.at(row)))
+                continue;
+            const double radius = qMax(spots.at(row).sigma * places.pixelsPerUnit(), smallestRing);
+            for (const QPen &pen : {edge, ring}) {
+                painter.setPen(pen);
+                painter.drawEllipse(places.pixelOf(row), radius, radius);
+            }
+        }
+    }
+}
+
+QStringList SpotMapViewPrivate::remarks() const
+{
+    const SpotList *other = comparing() ? &target->d_func()->spots : nullptr;
+    QStringList lines;
+    if (spots.drawableCount() == 0)
+        lines << (other ? SpotMapView::tr("No spots in this map") : SpotMapView::tr("No spots"));
+    if (other && other->drawableCount() == 0)
+        lines << SpotMapView::tr("No spots in the map to compare with");
+    const auto addMissing = [&lines](const SpotList &list, const QString &text) {
+        if (list.size() > list.drawableCount())
+            lines << text.arg(list.size() - list.drawableCount());
+    };
+    addMissing(spots, SpotMapView::tr("Spots that cannot be drawn: %1"));
+    if (other)
+        addMissing(*other, SpotMapView::tr("Spots to compare with that cannot be drawn: %1"));
+    return lines;
+}
+
+void SpotMapViewPrivate::drawRemarks(QPainter &painter) const
+{
+    const QString text = remarks().join(QLatin1Char('\n'));
+    if (text.isEmpty())
+        return;
+    constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+    const QRect room = pictureRect().adjusted(4, 4, -4, -4);
+    const QRect place = painter.boundingRect(room, flags, text);
+    // White on dark is readable on a map of any colours.
+    painter.fillRect(place.adjusted(-2, -1, 2, 1), QColor(0, 0, 0, 160));
+    painter.setPen(Qt::white);
+    painter.drawText(place, flags, text);
 }
 
 void SpotMapViewPrivate::recreateFBO()

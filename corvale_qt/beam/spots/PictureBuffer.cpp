@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/PictureStore_p.h"
+#include "corvale_qt/beam/spots/PictureBuffer_p.h"
 
 #include <QGLFramebufferObject>
 #include <QGLWidget>
@@ -10,10 +10,10 @@ namespace Corvale_Qt {
 
 namespace {
 
-class ImageStore : public PictureStore
+class ImageBuffer : public PictureBuffer
 {
 public:
-    explicit ImageStore(QImage::Format format)
+    explicit ImageBuffer(QImage::Format format)
         : m_format(format)
     {
     }
@@ -37,17 +37,17 @@ private:
     QImage m_image;
 };
 
-/*! Painted by the graphics driver, and read back once after each change: QPainter cannot draw the texture
-    of one context into a picture, a printer or another context. */
-class FrameBufferStore : public PictureStore
+/*! A frame-buffer object that the graphics driver paints. It is read back once after each change, since QPainter
+    cannot draw the texture of one context into a picture, on a printer or in another context. */
+class OpenGlBuffer : public PictureBuffer
 {
 public:
-    explicit FrameBufferStore(QGLWidget *widget)
+    explicit OpenGlBuffer(QGLWidget *widget)
         : m_widget(widget)
     {
     }
 
-    ~FrameBufferStore() override
+    ~OpenGlBuffer() override
     {
         if (m_widget)
             m_widget->makeCurrent();
@@ -58,7 +58,7 @@ public:
         m_image = QImage();
         if (!m_widget)
             return false;
-        // Without a current context the constructor would crash.
+        // The constructor would crash without a current context.
         m_widget->makeCurrent();
         m_frameBuffer = std::make_unique<QGLFramebufferObject>(pixels);
         m_context = m_widget->context();
@@ -80,13 +80,13 @@ public:
         if (m_image.isNull() && m_widget && m_frameBuffer) {
             m_widget->makeCurrent();
             m_image = m_frameBuffer->toImage();
-            // All that is painted here lies on an opaque ground.
+            // The picture has an opaque background.
             m_image.reinterpretAsFormat(QImage::Format_RGB32);
         }
         return m_image;
     }
 
-    //! A frame buffer lives and dies with the context that it was made in; the widget may have got another one.
+    //! A frame buffer is gone together with its context, which the widget may have replaced.
     bool isLost() const override
     {
         return m_frameBuffer && m_widget
@@ -95,38 +95,38 @@ public:
 
 private:
     const QPointer<QGLWidget> m_widget;
-    const QGLContext *m_context = nullptr; // to be compared, not used
+    const QGLContext *m_context = nullptr; // only compared, never used
     std::unique_ptr<QGLFramebufferObject> m_frameBuffer;
     QImage m_image;
 };
 
 } // namespace
 
-PictureStore::~PictureStore() = default;
+PictureBuffer::~PictureBuffer() = default;
 
-std::unique_ptr<PictureStore> makeImageStore(QImage::Format format)
+std::unique_ptr<PictureBuffer> makeImageBuffer(QImage::Format format)
 {
-    return std::make_unique<ImageStore>(format);
+    return std::make_unique<ImageBuffer>(format);
 }
 
-std::unique_ptr<PictureStore> makePictureStore(QWidget *viewport)
+std::unique_ptr<PictureBuffer> makePictureBuffer(QWidget *viewport)
 {
     auto *widget = qobject_cast<QGLWidget *>(viewport);
     if (!widget || !widget->isValid())
-        return makeImageStore();
-    // Asked without a current context, this too would crash.
+        return makeImageBuffer();
+    // This would crash too without a current context.
     widget->makeCurrent();
     if (!QGLFramebufferObject::hasOpenGLFramebufferObjects())
-        return makeImageStore();
-    return std::make_unique<FrameBufferStore>(widget);
+        return makeImageBuffer();
+    return std::make_unique<OpenGlBuffer>(widget);
 }
 
 QWidget *makeOpenGlViewport()
 {
     if (qEnvironmentVariableIntValue("CORVALE_QT_NO_OPENGL") != 0)
         return nullptr;
-    // Only the widget itself knows whether there is a context: QGLFormat::hasOpenGL() also says yes
-    // where there is no display.
+    // Only a widget can tell whether there is a context: QGLFormat::hasOpenGL() returns true even without a
+    // display.
     auto widget = std::make_unique<QGLWidget>();
     return widget->isValid() ? widget.release() : nullptr;
 }

@@ -68,13 +68,13 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (!m_object) {
-        std::fill_n(out, std::max(count, 0), 0.0);
-    } else if (m_columns) {
-        m_columns->read(column, firstRow, count, out);
-    } else {
+    if (const PlotColumns *bulk = columns()) {
+        bulk->read(column, firstRow, count, out);
+    } else if (m_object) {
         for (int i = 0; i < count; ++i)
             out[i] = m_model->doubleData(firstRow + i, column);
+    } else {
+        std::fill_n(out, std::max(count, 0), 0.0);
     }
 }
 

@@ -124,8 +124,8 @@ public:
     quint64 xVersion() const;
     //! As PlotColumns::droppedRows(); -1 where nobody knows.
     qint64 droppedRows(int column) const;
-    //! The model's bulk side, or null.
-    const PlotColumns *columns() const { return m_object ? m_columns : nullptr; }
+    //! Returns the bulk interface to read from: that of a model that is alive, or columns without a model. May be null.
+    const PlotColumns *columns() const { return m_object || !m_model ? m_columns : nullptr; }
 
 private:
     QPointer<const QObject> m_object; // the model

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
 #include <qwt_plot.h>

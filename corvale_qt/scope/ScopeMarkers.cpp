@@ -58,7 +58,7 @@ void ScopeMarkers::followSelection(int row, int channel)
 {
     State &state = m_states[0];
     m_selects = false;
-    state.channel = channel > 0 ? channel : -1; // column 0 is no channel
+    state.channel = channel > 0 ? channel : -1; // column 0 is the time
     if (row > 0) {
         state.item->setXValue(sampleX(m_model.reader(), row));
         state.onSample = true;
@@ -172,7 +172,7 @@ void ScopeMarkers::findInStrip()
                                        : firstRowFrom(m_reader, m_modelRows, data.x);
         }
         if (state.row < 0 && state.onSample)
-            detach(i); // its sample is no longer there
+            detach(i); // its sample has left the model
         if (state.row < 0)
             continue;
         data.row = state.row;

@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Filled while the library is loaded; a function's static, since the order of loading is not ours.
+// Static objects fill this map while the library is loaded, in an undefined order; it is created by the first of them.
 std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 {
     static std::unordered_map<std::type_index, PlotColumns::Finder> known;

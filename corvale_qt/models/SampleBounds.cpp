@@ -14,7 +14,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// Two doubles that the processor takes at once. A comparison with a NaN is false, lane by lane as for one alone.
+// Two doubles that the processor handles with one instruction. A comparison with a NaN is false in its lane alone.
 using Pair = double __attribute__((vector_size(16)));
 
 Pair lesser(Pair a, Pair b)
@@ -27,13 +27,13 @@ Pair greater(Pair a, Pair b)
     return a > b ? a : b;
 }
 
-//! Some pairs side by side, so that the processor need not wait for one comparison before it begins the next.
+//! Ranges of several pairs side by side, so that the processor does not wait for one comparison to start the next.
 template<int pairs>
 struct Lanes
 {
     Pair least[pairs];
     Pair greatest[pairs];
-    // Not finite where a number among them is not; nor where they are enormous, which costs only time.
+    // Not finite if one of the numbers is not. A sum of enormous numbers may overflow as well, which only costs time.
     Pair sum[pairs];
 
     Lanes()
@@ -69,7 +69,7 @@ struct Lanes
 template<int pairs>
 ValueRange rangeByLanes(const double *values, int count)
 {
-    // A page ahead: the processor looks ahead by itself, but not into the next page.
+    // One page ahead: the processor prefetches by itself, but not across the end of a page.
     constexpr int prefetched = 512;
     Lanes<pairs> lanes;
     int i = 0;
@@ -89,7 +89,7 @@ ValueRange rangeByLanes(const double *values, int count)
 
 ValueRange rangeOfPiece(const double *values, int count)
 {
-    // A few numbers are read before many lanes are set up and put together.
+    // Reading fewer numbers than this takes less time than combining four lanes.
     constexpr int few = 24;
     return count < few ? rangeByLanes<1>(values, count) : rangeByLanes<4>(values, count);
 }
@@ -156,7 +156,7 @@ bool SampleBounds::addSpans(const SeriesColumns &columns, int count)
         return (y.factor * stored - y.zero) / columns.scale;
     };
     const double ends[] = {shown(range.least), shown(range.greatest)};
-    // Each step from the stored number to the shown one keeps the order or turns it, while nothing overflows.
+    // As long as nothing overflows, each step of the conversion keeps the order of the numbers or reverses it.
     if (!range.allFinite || !std::isfinite(ends[0]) || !std::isfinite(ends[1])
         || !std::isfinite(x.value(0)) || !std::isfinite(x.value(count - 1)))
         return false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 namespace Corvale_Qt {
 
 //! The index that asks for an automatic scale.

@@ -8,6 +8,7 @@
  * ---------------------------------------------------------------------------
  */
 
+#include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/proxies/AbstractChannelModelFactory.h"
 #include "corvale_qt/proxies/RowLedger_p.h"
 #include "corvale_qt/proxies/UnitsRelay_p.h"
@@ -34,7 +35,7 @@ public:
     ChannelSource *sourceOf(const QAbstractItemModel *model) const;
     RVXAbstractPlotDataModel *firstPlot() const;
 
-    static constexpr int mostChannels = 256;
+    static constexpr int mostChannels = maxChannels;
     //! Whether one more channel may be added; says so on the debug stream if not.
     bool hasRoom() const;
     void

@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
 #include <qwt_plot.h>
@@ -17,20 +18,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace Corvale_Qt {
-
-namespace {
-
-int toScrollValue(double value)
-{
-    constexpr double largest = std::numeric_limits<int>::max();
-    return std::isnan(value) ? 0 : int(std::clamp(value, -largest, largest));
-}
-
-} // namespace
 
 RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     : QAbstractItemView(parent)
@@ -423,7 +413,7 @@ void RVXScopePlotView::scrollTo(const QModelIndex &index, ScrollHint hint)
         return;
     // The value is in units of x, not of the scroll bar, and is that of the centre for every hint. This is kept on
     // purpose: hosts rely on it.
-    horizontalScrollBar()->setValue(toScrollValue(shown.width() * 0.5 + t));
+    horizontalScrollBar()->setValue(clampedToInt(shown.width() * 0.5 + t));
 }
 
 QSize RVXScopePlotView::minimumSizeHint() const

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
@@ -8,7 +9,6 @@
 #include <QGuiApplication>
 
 #include <cmath>
-#include <limits>
 
 namespace Corvale_Qt {
 
@@ -41,11 +41,7 @@ public:
 
 int roundedToInt(double value)
 {
-    if (std::isnan(value))
-        return 0;
-    const double limited =
-        qBound<double>(std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max());
-    return int(std::lround(limited));
+    return clampedToInt(std::round(value));
 }
 
 int periodInMilliseconds(int index)

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 
 #include <QAbstractItemModel>
@@ -20,7 +21,7 @@ class RVXAbstractPlotDataModel;
 class ScopeModel
 {
 public:
-    static constexpr int maximumChannels = 256;
+    static constexpr int maximumChannels = maxChannels;
 
     //! The model is not owned; it may be null.
     void set(QAbstractItemModel *items);

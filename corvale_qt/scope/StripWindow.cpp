@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 
 #include <algorithm>
@@ -40,8 +41,7 @@ double followingLeft(const PlotColumnReader &reader,
 
 int toScrollUnits(double value)
 {
-    constexpr double largest = std::numeric_limits<int>::max();
-    return std::isfinite(value) ? int(std::lround(std::clamp(value, 0.0, largest))) : 0;
+    return std::isfinite(value) ? clampedToInt(std::round(value), 0) : 0;
 }
 
 bool StripRequest::hasWidth() const

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
@@ -14,11 +15,11 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Towards zero, whatever the number; a NaN is 0.
+//! Limits a parameter to a range in which sums and differences of two cannot overflow.
 int truncated(double number)
 {
-    constexpr double most = 1e9;
-    return std::isnan(number) ? 0 : static_cast<int>(qBound(-most, number, most));
+    constexpr int most = 1000000000;
+    return clampedToInt(number, -most, most);
 }
 
 } // namespace

@@ -8,7 +8,8 @@
  * ---------------------------------------------------------------------------
  */
 
-#include <algorithm>
+#include "corvale_qt/numerics/ClampedInt_p.h"
+
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -16,8 +17,8 @@ namespace Corvale_Qt {
 //! An int that no profile's length exceeds, whatever the parameter is.
 inline int toTruncated(double value)
 {
-    constexpr double largest = 1.0e6;
-    return std::isnan(value) ? 0 : int(std::clamp(value, -largest, largest));
+    constexpr int largest = 1000000;
+    return clampedToInt(value, -largest, largest);
 }
 
 //! The same, half away from zero.

@@ -54,8 +54,8 @@ private:
 class FitSeries : public QwtArraySeriesData<QPointF>
 {
 public:
-    /*! Samples the fit four times per channel, from x = (offset + 1) / 4 to a quarter below the last channel. The heights are
-        0 if the fit is not valid. */
+    /*! Samples the fit four times per channel, from x = (offset + 1) / 4 to a quarter below the last channel. The
+        heights are 0 if the fit is not valid. */
     void sample(const ProfileFit &fit, int offset, double divisor)
     {
         const int first = offset + 1;

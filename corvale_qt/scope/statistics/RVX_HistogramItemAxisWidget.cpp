@@ -23,8 +23,9 @@ constexpr int kTickHeight = 14;
 constexpr int kIndent = 4; // from the left and upper edge of a label to its text
 constexpr int kLabelPoints = 8; // four full labels fit beside each other into 1000 pixels
 
-/*! Returns the text with its white space kept by a style instead of <pre>, so that it appears in the label's own fixed-width
-    font. For <pre>, Qt looks up a system font for each text, which takes longer than the rest of a plot and fails. */
+/*! Returns the text with its white space kept by a style instead of <pre>, so that it appears in the label's own
+    fixed-width font. For <pre>, Qt looks up a system font for each text, which takes longer than the rest of a plot and
+    fails. */
 QString inLabelFont(const QString &richText)
 {
     QString text = richText;

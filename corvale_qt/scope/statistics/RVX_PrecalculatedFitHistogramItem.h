@@ -13,8 +13,8 @@ namespace Corvale_Qt {
 class CORVALE_QT_EXPORT RVX_PrecalculatedFitHistogramItem : public RVX_FitHistogramItem
 {
 public:
-    /*! Takes up to two parameters, of which the first is ignored. The second is the half width in channels of the window
-        around the peak in which residualNoise() is taken; default 5.
+    /*! Takes up to two parameters, of which the first is ignored. The second is the half width in channels of the
+        window around the peak in which residualNoise() is taken; default 5.
 
         \a axisWidget shows the ticks and the label. It is not owned and may be null. */
     RVX_PrecalculatedFitHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,

@@ -50,8 +50,8 @@ public:
     FitStatus status() const;
     //! Returns the reason why there is no result as a translated text; empty for a result.
     QString statusMessage() const;
-    /*! Returns the position on the x axis of the plot, where channel k is at k. Without a result it is the middle of the
-        item's channels. */
+    /*! Returns the position on the x axis of the plot, where channel k is at k. Without a result it is the middle of
+        the item's channels. */
     double position() const;
     /*! Returns whether signalToNoise() and noiseDeviation() were computed. They need a result, full statistics, a bar
         within three sigma and at least two bars beyond. */
@@ -86,8 +86,8 @@ protected:
                                 const QColor &color,
                                 bool fullStatistics);
 
-    /*! Stores the outcome of a computation, shows it and returns whether \a status is FitStatus::Ok. A \a message that is
-        not empty replaces the text of the status. */
+    /*! Stores the outcome of a computation, shows it and returns whether \a status is FitStatus::Ok. A \a message that
+        is not empty replaces the text of the status. */
     bool take(int offset,
               const ProfileFit &fit,
               FitStatus status,

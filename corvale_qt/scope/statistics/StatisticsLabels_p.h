@@ -10,9 +10,9 @@ namespace Corvale_Qt {
 class RVX_FitHistogramItem;
 class RVX_StatisticsHistogramItem;
 
-/*! Rich texts of the statistics items, in a fixed-width font, with one number per line and the colons aligned. \a lines is
-    the number of lines of the item's result; texts without a result are padded to the same height, so that the plot below
-    does not move. */
+/*! Rich texts of the statistics items, in a fixed-width font, with one number per line and the colons aligned. \a lines
+    is the number of lines of the item's result; texts without a result are padded to the same height, so that the plot
+    below does not move. */
 namespace StatisticsLabels {
 
 //! Returns the text of an item that has not computed anything.

@@ -14,9 +14,9 @@ namespace Corvale_Qt {
 
 class RVX_HistogramItemAxisWidget;
 
-/*! The area above the histogram that stacks the strips of the statistics items. It is as high as the strips need, but leaves
-    half of the view's height to the canvas of the plot below; strips that do not fit are reached by the wheel or by
-    Page Up and Page Down. */
+/*! The area above the histogram that stacks the strips of the statistics items. It is as high as the strips need, but
+    leaves half of the view's height to the canvas of the plot below; strips that do not fit are reached by the wheel or
+    by Page Up and Page Down. */
 class StatisticsStrips : public QScrollArea
 {
 public:

@@ -33,7 +33,7 @@ QString notAvailable()
     return translated("N/A");
 }
 
-//! Returns the number with its suffix, or "N/A" without one where the value is not finite.
+//! Returns the number with its suffix, or "N/A" if the value is not finite.
 QString number(double value, const QString &suffix = QString())
 {
     return std::isfinite(value) ? QString::number(value, 'g', 4) + suffix : notAvailable();

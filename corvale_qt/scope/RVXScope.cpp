@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScope.h"
 
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 
-#include <QDebug>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -86,7 +86,7 @@ void RVXScope::setModel(QAbstractItemModel *model)
     d->baseModel = model;
     d->averaging->setSourceModel(model);
     if (model && !d->hasModel())
-        qWarning() << "RVXScope::setModel:" << model << "is not a plot data model";
+        qCWarning(scopeLog) << "RVXScope::setModel:" << model << "is not a plot data model";
     d->ui.plotView->setModel(d->hasModel() ? d->zeroing : nullptr);
     // The view accepts a mode only while it has a model.
     d->ui.plotView->SetPlotMode(d->plotMode);
@@ -269,14 +269,14 @@ void RVXScope::setSpectrogramEnabled(bool enable)
 void RVXScope::setPositionEnabled(bool enable)
 {
     Q_D(RVXScope);
-    qDebug() << "setPositionEnabled";
+    qCDebug(scopeLog) << "setPositionEnabled";
     d->offerMode(PositionMode, enable);
 }
 
 void RVXScope::setSplitEnabled(bool enable)
 {
     Q_D(RVXScope);
-    qDebug() << "setSplitEnabled";
+    qCDebug(scopeLog) << "setSplitEnabled";
     d->offerMode(SplitMode, enable);
 }
 

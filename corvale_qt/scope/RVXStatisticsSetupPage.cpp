@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXStatisticsSetupPage.h"
 
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 #include "corvale_qt/settings/StoredControls_p.h"
 
 #include "ui_RVXStatisticsSetupPage.h"
 
-#include <QDebug>
 #include <QEvent>
 #include <QFileInfo>
 #include <QSettings>
@@ -199,8 +199,8 @@ void RVXStatisticsSetupPagePrivate::load(const QVariantList &values)
 void RVXStatisticsSetupPagePrivate::sync()
 {
     if (!settings->sync())
-        qWarning() << "The statistics settings could not be saved to"
-                   << settings->getSettings()->fileName();
+        qCWarning(scopeLog) << "The statistics settings could not be saved to"
+                            << settings->getSettings()->fileName();
 }
 
 void RVXStatisticsSetupPagePrivate::store(const QVector<QWidget *> &controls)

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 
+#include "corvale_qt/settings/Logging_p.h"
 #include "corvale_qt/settings/WriteTurn_p.h"
 #include "corvale_qt/settings/XmlSettingsFormat_p.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDebug>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
@@ -103,8 +103,8 @@ void RVXApplicationSettingsPrivate::open()
         return;
     // QSettings reads and writes this file, but its status stays at an error unless the file is named.
     openFile(settings->fileName());
-    qWarning() << "The application has no organisation name; its settings are kept in"
-               << settings->fileName();
+    qCWarning(settingsLog) << "The application has no organisation name; its settings are kept in"
+                           << settings->fileName();
 }
 
 void RVXApplicationSettingsPrivate::openFile(const QString &file)
@@ -132,10 +132,11 @@ bool RVXApplicationSettingsPrivate::setAside(const QString &file) const
     const QString aside = file + ".damaged";
     QFile::remove(aside);
     if (!locked || !QFile::rename(file, aside)) {
-        qWarning() << "The settings file" << file << "is damaged and cannot be renamed to" << aside;
+        qCWarning(settingsLog) << "The settings file" << file
+                               << "is damaged and cannot be renamed to" << aside;
         return false;
     }
-    qWarning() << "The settings file" << file << "was damaged and is kept as" << aside;
+    qCWarning(settingsLog) << "The settings file" << file << "was damaged and is kept as" << aside;
     return true;
 }
 

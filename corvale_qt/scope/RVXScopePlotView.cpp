@@ -5,12 +5,12 @@
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/numerics/ClampedInt_p.h"
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 
-#include <QDebug>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -474,7 +474,7 @@ QRegion RVXScopePlotView::visualRegionForSelection(const QItemSelection &selecti
 
 void RVXScopePlotView::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags)
 {
-    qDebug() << "RVXScopePlotView::setSelection rect:" << rect;
+    qCDebug(scopeLog) << "RVXScopePlotView::setSelection rect:" << rect;
 }
 
 } // namespace Corvale_Qt

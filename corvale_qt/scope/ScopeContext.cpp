@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
-
-#include <QDebug>
 
 #include <algorithm>
 
@@ -37,9 +36,10 @@ int ScopeContext::stripLength() const
 void ScopeContext::createCurves()
 {
     if (model.allChannels() > ScopeModel::maximumChannels) {
-        qDebug("RVXScopePlotView: the first %d of %d channels are shown",
-               ScopeModel::maximumChannels,
-               model.allChannels());
+        qCDebug(scopeLog,
+                "RVXScopePlotView: the first %d of %d channels are shown",
+                ScopeModel::maximumChannels,
+                model.allChannels());
     }
     curves.createCurves(model.channelCount());
 }

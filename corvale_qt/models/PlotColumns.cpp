@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Static objects fill this map while the library is loaded, in an undefined order; it is created by the first of them.
+// Filled while the library is loaded; a function's static, since the order of loading is not ours.
 std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 {
     static std::unordered_map<std::type_index, PlotColumns::Finder> known;
@@ -56,6 +56,7 @@ bool PlotColumns::add(std::type_index modelClass, Finder find)
 
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
     : m_object(dynamic_cast<const QObject *>(model))
+    , m_isGuarded(!m_object.isNull())
     , m_model(model)
     , m_columns(PlotColumns::of(model))
 {
@@ -70,11 +71,11 @@ void PlotColumnReader::read(int column, int firstRow, int count, double *out) co
 {
     if (const PlotColumns *bulk = columns()) {
         bulk->read(column, firstRow, count, out);
-    } else if (m_object) {
+    } else if (!m_model || isGone()) {
+        std::fill_n(out, std::max(count, 0), 0.0);
+    } else {
         for (int i = 0; i < count; ++i)
             out[i] = m_model->doubleData(firstRow + i, column);
-    } else {
-        std::fill_n(out, std::max(count, 0), 0.0);
     }
 }
 

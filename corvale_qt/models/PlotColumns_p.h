@@ -124,10 +124,13 @@ public:
     quint64 xVersion() const;
     qint64 droppedRows(int column) const;
     //! Returns the bulk interface to read from: that of a model that is alive, or columns without a model. May be null.
-    const PlotColumns *columns() const { return m_object || !m_model ? m_columns : nullptr; }
+    const PlotColumns *columns() const { return isGone() ? nullptr : m_columns; }
 
 private:
-    QPointer<const QObject> m_object; // the model
+    bool isGone() const { return m_isGuarded && m_object.isNull(); }
+
+    QPointer<const QObject> m_object; // the model, if it is one
+    bool m_isGuarded = false;
     const RVXAbstractPlotDataModel *m_model = nullptr;
     const PlotColumns *m_columns = nullptr;
 };

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/scope/HistogramPlotMode_p.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
@@ -8,7 +7,6 @@
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
-#include <qwt_plot_curve.h>
 
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -50,7 +48,8 @@ public:
     int curves() const { return plot.itemList(QwtPlotItem::Rtti_PlotCurve).size(); }
 
     QWidget window;
-    QVBoxLayout layout{&window};
+    QWidget viewport{&window};
+    QVBoxLayout layout{&viewport};
     QwtPlot plot;
     mutable QScrollBar bar;
     QWidget *shown = nullptr;
@@ -75,9 +74,7 @@ class tst_PlotModes : public QObject
 private Q_SLOTS:
     void stripFollowsOrStays();
     void stripSelectsTheSampleOfAMarker();
-    void stripScrollsToASample();
     void sweepAsksForTheNextOne();
-    void histogramTakesTheNewestSample();
 };
 
 void tst_PlotModes::stripFollowsOrStays()
@@ -119,22 +116,6 @@ void tst_PlotModes::stripSelectsTheSampleOfAMarker()
     QCOMPARE(bench.selected.value(1), QPoint(2, 41));
 }
 
-void tst_PlotModes::stripScrollsToASample()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    model.appendRows(1000, 1.0, rising);
-    Bench bench(model);
-    StripPlotMode mode(bench.context);
-    mode.enter();
-    mode.plot();
-    QVERIFY(!mode.showSample(950.0));
-    QVERIFY(mode.showSample(500.0));
-    mode.plot();
-    const QwtInterval x = bench.plot.axisInterval(QwtPlot::xBottom);
-    QVERIFY2(qAbs(0.5 * (x.minValue() + x.maxValue()) - 500.0) < 1.0, qPrintable(bench.xText()));
-}
-
 void tst_PlotModes::sweepAsksForTheNextOne()
 {
     ScopeTestModel model(1);
@@ -150,30 +131,12 @@ void tst_PlotModes::sweepAsksForTheNextOne()
     QCOMPARE(bench.xText(), QString("100..199"));
     QCOMPARE(bench.replots, 1);
     // The copy stays on the plot after its rows have left the model.
-    bench.context.rowsRemoved(1, 250);
     model.remove(1, 200);
+    bench.context.rowsRemoved(1, 200);
     bench.context.refreshAsked = true;
     mode.plot();
     QCOMPARE(bench.xText(), QString("100..199"));
     QCOMPARE(bench.curves(), 1);
-}
-
-void tst_PlotModes::histogramTakesTheNewestSample()
-{
-    ScopeTestModel model(3);
-    model.show({1.0, 2.0, 3.0});
-    model.show({4.0, -8.0, 6.0});
-    Bench bench(model);
-    HistogramPlotMode mode(bench.context);
-    mode.enter();
-    QCOMPARE(bench.xText(), QString("0.5..3.5"));
-    mode.plot();
-    QCOMPARE(bench.context.histogram.plot(), &bench.plot);
-    QCOMPARE(bench.context.histogram.sample(1).value, -8.0);
-    bench.context.yScale.mode = RVXScopePlotView::Normalized;
-    mode.plot();
-    QCOMPARE(bench.context.histogram.sample(0).value, 0.5);
-    QCOMPARE(bench.context.histogram.sample(1).value, -1.0);
 }
 
 CORVALE_QT_TEST_MAIN(tst_PlotModes)

@@ -2,8 +2,8 @@
 // What the monitor's window costs, on lines from a pipe: start, rows a second, delay of the event loop under a
 // flood, memory. Prints one line for each figure; the window is shown, offscreen where there is no display.
 #include "LineFlood.h"
-#include "monitor/session/Session.h"
 #include "monitor/core/Clock.h"
+#include "monitor/session/Session.h"
 #include "monitor/sources/SimulatorSource.h"
 #include "monitor/sources/StandardInputSource.h"
 #include "monitor/window/MonitorWindow.h"

@@ -7,6 +7,8 @@
 
 #include <QVector>
 
+#include <array>
+
 namespace Corvale_Qt {
 
 struct ColumnSpans;
@@ -45,7 +47,7 @@ private:
     ValueRange rangeAt(int level, const ColumnSpans &spans, const Numbers &numbers);
     const ValueRange &block(int level, const ColumnSpans &spans, qint64 index);
 
-    QVector<Block> m_blocks[levels];
+    std::array<QVector<Block>, levels> m_blocks;
 };
 
 } // namespace Corvale_Qt

@@ -2,6 +2,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <typeinfo>
 #include <unordered_map>
@@ -18,6 +20,14 @@ std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 }
 
 } // namespace
+
+QDebug operator<<(QDebug debug, const ColumnSpans &spans)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "ColumnSpans(" << spans.size[0] << " + " << spans.size[1] << " of "
+                           << spans.ringSize << " numbers, value = " << spans.factor
+                           << " * number - " << spans.zero << ')';
+}
 
 PlotColumns::~PlotColumns() = default;
 
@@ -69,7 +79,7 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (const PlotColumns *bulk = columns()) {
+    if (const PlotColumns *const bulk = columns()) {
         bulk->read(column, firstRow, count, out);
     } else if (!m_model || isGone()) {
         std::fill_n(out, std::max(count, 0), 0.0);

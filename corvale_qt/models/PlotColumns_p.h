@@ -8,6 +8,7 @@
 
 #include <typeindex>
 
+class QDebug;
 class QPointF;
 template<typename T>
 class QwtSeriesData;
@@ -37,6 +38,9 @@ struct ColumnSpans
     //! Returns the number of rows.
     int count() const { return size[0] + size[1]; }
 };
+
+//! Writes the sizes and the conversion, not the numbers.
+QDebug operator<<(QDebug debug, const ColumnSpans &spans);
 
 /*! Reads a plot model in chunks instead of cell by cell.
 
@@ -114,7 +118,7 @@ class PlotColumnReader
 public:
     PlotColumnReader() = default;
     explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
-    //! Reads columns that belong to no model.
+    //! Reads columns that belong to no model; they must live as long as the reader.
     explicit PlotColumnReader(const PlotColumns *columns);
 
     //! Writes doubleData(row, column) of \a count rows, starting at \a firstRow, to \a out; zeros without a model.
@@ -123,7 +127,7 @@ public:
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
     quint64 xVersion() const;
     qint64 droppedRows(int column) const;
-    //! Returns the bulk interface to read from: that of a model that is alive, or columns without a model. May be null.
+    //! Returns the bulk interface, or null if there is none or the model is gone.
     const PlotColumns *columns() const { return isGone() ? nullptr : m_columns; }
 
 private:

@@ -2,13 +2,13 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 
 #include "corvale_qt/models/BlockRanges_p.h"
+#include "corvale_qt/models/Logging_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 #include "corvale_qt/units/NumberText_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 
-#include <QDebug>
 #include <QFile>
 
 namespace Corvale_Qt {
@@ -252,7 +252,7 @@ bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
     const QString reason = file.errorString();
     file.close();
     if (!complete || file.error() != QFileDevice::NoError)
-        qWarning().noquote() << "Data file" << fileName << "is not complete:" << reason;
+        qCWarning(lcModels).noquote() << "Data file" << fileName << "is not complete:" << reason;
     return true;
 }
 

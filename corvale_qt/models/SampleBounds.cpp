@@ -3,6 +3,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -37,6 +39,9 @@ struct Lanes
     Pair sum[pairs];
 
     Lanes()
+        : least{}
+        , greatest{}
+        , sum{}
     {
         std::fill_n(least, pairs, Pair{infinity, infinity});
         std::fill_n(greatest, pairs, Pair{-infinity, -infinity});
@@ -78,7 +83,7 @@ ValueRange rangeByLanes(const double *values, int count)
             __builtin_prefetch(values + i + prefetched);
         for (int lane = 0; lane < pairs; ++lane) {
             Pair pair;
-            std::memcpy(&pair, values + i + 2 * lane, sizeof pair);
+            std::memcpy(&pair, values + i + std::ptrdiff_t(2) * lane, sizeof pair);
             lanes.add(lane, pair);
         }
     }
@@ -108,6 +113,13 @@ ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
 }
 
 } // namespace
+
+QDebug operator<<(QDebug debug, const ValueRange &range)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "ValueRange(" << range.least << " to " << range.greatest
+                           << (range.allFinite ? ")" : ", some not finite)");
+}
 
 ValueRange storedRange(const ColumnSpans &spans, int first, int last)
 {

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+class QDebug;
+
 namespace Corvale_Qt {
 
 struct ColumnSpans;
@@ -28,6 +30,8 @@ struct ValueRange
         allFinite = allFinite && other.allFinite;
     }
 };
+
+QDebug operator<<(QDebug debug, const ValueRange &range);
 
 /*! Returns the range of the stored numbers of rows \a first to \a last - 1, counted from the first row of the spans;
     factor and zero are not applied. If no number is finite, least is greater than greatest. */

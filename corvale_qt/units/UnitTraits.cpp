@@ -3,6 +3,8 @@
 #include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <iterator>
 #include <typeinfo>
@@ -112,6 +114,15 @@ void UnitTraits::appendFormatted(QByteArray &text, const MeasurementUnit &unit, 
         appendNumber(text, unit.scale(value), unit.m_format, unit.m_precision);
     else
         text.append(unit.format(value).toUtf8());
+}
+
+QDebug operator<<(QDebug debug, const MeasurementUnit *unit)
+{
+    const QDebugStateSaver saver(debug);
+    if (!unit)
+        return debug.nospace() << "MeasurementUnit(none)";
+    return debug.nospace() << "MeasurementUnit(" << unit->name() << ", type " << int(unit->type())
+                           << ')';
 }
 
 } // namespace Units

@@ -6,6 +6,7 @@
 #include "corvale_qt/units/MeasurementUnit.h"
 
 class QByteArray;
+class QDebug;
 
 namespace Corvale_Qt {
 namespace Units {
@@ -21,6 +22,9 @@ struct UnitTraits
     //! Appends unit.format(value) in UTF-8, calling an overridden format() if the unit has one.
     static void appendFormatted(QByteArray &text, const MeasurementUnit &unit, double value);
 };
+
+//! Writes the symbol and the type of a unit, or that there is none.
+QDebug operator<<(QDebug debug, const MeasurementUnit *unit);
 
 } // namespace Units
 } // namespace Corvale_Qt

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/proxies/SourceSignals_p.h"
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -50,13 +50,13 @@ const Wire wires[] = {
 
 } // namespace
 
-void connectSource(const QObject *source, const QObject *receiver)
+void connectUpstream(const QObject *source, const QObject *receiver)
 {
     for (const Wire &wire : wires)
         QObject::connect(source, wire.signal, receiver, wire.slot);
 }
 
-void disconnectSource(const QObject *source, const QObject *receiver)
+void disconnectUpstream(const QObject *source, const QObject *receiver)
 {
     for (const Wire &wire : wires)
         QObject::disconnect(source, wire.signal, receiver, wire.slot);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
-#include "corvale_qt/plot/ScaleFractions_p.h"
 
-#include <QDebug>
+#include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/plot/ScaleFractions_p.h"
 
 #include <cmath>
 #include <limits>
@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! The box's special text where there is no number, or none that the box can hold.
+//! Shows \a number, or the box's special text if it is not finite or beyond the box's range.
 void showNumber(QDoubleSpinBox *box, double number)
 {
     const bool shown =
@@ -40,7 +40,7 @@ void RVXSpectrogramPrivate::build()
     }
     threshold = std::make_unique<ChargeLimit>(ui.threshold_QScienceSpinBox);
     discriminator = std::make_unique<ChargeLimit>(ui.discriminator_QScienceSpinBox);
-    // A decimal point whatever the locale, as on the axes.
+    // Numbers have a decimal point in every locale, as on the axes.
     ui.sidebar->setLocale(QLocale::c());
     showNewest.setSingleShot(true);
     QObject::connect(&showNewest, &QTimer::timeout, q, [this] {
@@ -52,7 +52,8 @@ void RVXSpectrogramPrivate::build()
     connectDisplayOptions();
     plot->setEllipseOptions(ellipseOptions());
     applyUnit();
-    q->resize(q->sizeHint().expandedTo(q->size())); // a larger font needs more than the form has
+    // A large font needs more room than the form gives.
+    q->resize(q->sizeHint().expandedTo(q->size()));
 }
 
 void RVXSpectrogramPrivate::buildPlots()
@@ -168,7 +169,7 @@ void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &t
     timePlot->replot();
     if (layout == plot->detector())
         return;
-    clearFrame(); // it was another detector's
+    clearFrame(); // the frame belongs to another detector
     plot->setDetector(layout);
     applyScale();
     plot->replot();
@@ -194,7 +195,7 @@ void RVXSpectrogramPrivate::setCurrent(bool enabled)
         current = enabled;
         threshold->setFactor(readingFactor());
         discriminator->setFactor(readingFactor());
-        presentAgain(); // what is shown gets the new unit, and its numbers with it
+        presentAgain(); // converts the frame on the screen to the new unit
     }
     applyUnit();
     applyScale();
@@ -245,7 +246,7 @@ double RVXSpectrogramPrivate::colorRange() const
         return fraction * fullScale();
     if (lastMaximum > 0)
         return lastMaximum;
-    // Nothing to follow yet.
+    // No frame to follow yet.
     return fullScale() > 0 ? fullScale() : 1.0;
 }
 
@@ -264,7 +265,7 @@ void RVXSpectrogramPrivate::setInverted()
 void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timestamp)
 {
     if (!std::isfinite(timestamp)) {
-        qDebug() << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
+        qCDebug(lcProfile) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
         return;
     }
     if (timestamp == lastTimestamp)
@@ -272,7 +273,7 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     const FrameReadings charges = frameReadings(data);
     const FrameReadings readings = scaled(charges, readingFactor());
     if (layout == DetectorLayout::StripPair && stripFrameIsEmpty(readings)) {
-        qDebug() << "2D incoming data is all 0";
+        qCDebug(lcProfile) << "2D incoming data is all 0";
         return;
     }
     const BeamFrame frame = computeFrame(layout, readings, frameOptions());
@@ -288,7 +289,7 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
 void RVXSpectrogramPrivate::tick()
 {
     redrawPending = true;
-    // The next frame is shown at once. Where none comes, the last one is.
+    // From now on the next frame is shown at once. If none comes, the timer shows the last one.
     if (newestWaits)
         showNewest.start();
 }
@@ -302,9 +303,9 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
 {
     if (sidebar && layout != DetectorLayout::None) {
         if (timestamp < lastTimestamp) {
-            qDebug().nospace() << "Incoming timestamp " << timestamp
-                               << " is less than old timestamp " << lastTimestamp
-                               << " so the Pixelated X/Y plot has been cleared.";
+            qCDebug(lcProfile).nospace()
+                << "Incoming timestamp " << timestamp << " is less than old timestamp "
+                << lastTimestamp << " so the Pixelated X/Y plot has been cleared.";
             history->clear();
         }
         history->append({timestamp, newCalc.meanX, newCalc.meanY});
@@ -313,7 +314,7 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
     lastTimestamp = timestamp;
 }
 
-//! A frame without a maximum is not: its failure is shown.
+//! Returns whether the threshold hides the frame. A frame without a maximum is shown, so that its failure is seen.
 bool RVXSpectrogramPrivate::isBelowThreshold(const BeamFrame &frame) const
 {
     return ui.checkBox_threshold->isChecked() && frame.hasMaximum
@@ -329,7 +330,7 @@ void RVXSpectrogramPrivate::present(const BeamFrame &frame)
     if (isBelowThreshold(frame)) {
         if (plot->hideEllipse())
             plot->replot();
-        return; // the redraw stays pending: the next good frame is taken at once
+        return; // the redraw stays pending, so that the next good frame is shown at once
     }
     shownCharges = newestCharges;
     if (!hasFrame)
@@ -341,7 +342,7 @@ void RVXSpectrogramPrivate::present(const BeamFrame &frame)
         Q_EMIT q->calcUpdate();
 }
 
-//! The frame that is shown, after something changed how it is read.
+//! Computes and shows the frame on the screen again, after a setting changed.
 void RVXSpectrogramPrivate::presentAgain()
 {
     if (hasFrame)
@@ -363,7 +364,7 @@ void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)
     plot->replot();
 }
 
-//! What stands where a box has no number.
+//! Sets the text that boxes without a number show.
 void RVXSpectrogramPrivate::showNoNumbers(const QString &text)
 {
     for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>()) {
@@ -391,7 +392,7 @@ void RVXSpectrogramPrivate::showResults()
     showNumber(ui.max_QScienceSpinBox, ifValid(calc.max));
     ui.label_valid->setText(calc.valid ? RVXSpectrogram::tr("DATA VALID")
                                        : RVXSpectrogram::tr("DATA NOT VALID"));
-    // Both colours are its own, so that it reads in light and in dark.
+    // Text and background are both fixed, so that the label is readable in light and dark themes.
     ui.label_valid->setStyleSheet(
         calc.valid ? QStringLiteral("background: #1b5e20; color: white; padding: 3px;")
                    : QStringLiteral("background: #b71c1c; color: white; padding: 3px;"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
-#include "corvale_qt/proxies/SourceChain_p.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 
 #include <QSet>
 
@@ -8,7 +8,7 @@ namespace Corvale_Qt {
 
 bool standsOn(const QAbstractItemModel *model, const QAbstractItemModel *other)
 {
-    // Merged models may share sources: each model is looked at once, however many ways lead to it.
+    // Merged models may share sources, so each model is visited once, however many paths lead to it.
     QSet<const QAbstractItemModel *> seen;
     QVector<const QAbstractItemModel *> left{model};
     while (!left.isEmpty()) {

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/proxies/AbstractChannelModelFactory.h"
@@ -17,6 +11,7 @@
 
 namespace Corvale_Qt {
 
+//! Keeps the inputs and channels of the proxy, and reads their columns in bulk.
 class RVXMultichannelProxyModelPrivate : public PlotColumns
 {
 public:
@@ -29,34 +24,37 @@ public:
     quint64 xVersion() const override;
     qint64 droppedRows(int column) const override;
 
-    //! The channel of a column; null where there is none.
+    //! Returns the channel shown in \a column, or null.
     const Channel *channel(int column) const;
-    //! The source that is \a model; null where none is.
-    ChannelSource *sourceOf(const QAbstractItemModel *model) const;
+    //! Returns the input that reads \a model, or null.
+    MergedInput *inputOf(const QAbstractItemModel *model) const;
+    //! Returns the model of the first channel, or null.
     RVXAbstractPlotDataModel *firstPlot() const;
 
     static constexpr int mostChannels = maxChannels;
-    //! Whether one more channel may be added; says so on the debug stream if not.
+    //! Returns whether one more channel may be added; if not, says so on the debug stream.
     bool hasRoom() const;
     void
     insert(int position, QAbstractItemModel *items, RVXAbstractPlotDataModel *plot, int column);
-    void remove(ChannelSource *source);
-    void sourceDestroyed(ChannelSource *source);
-    //! Header sections \a first to \a last of \a source changed.
-    void sourceTitlesChanged(const ChannelSource *source, int first, int last);
+    void remove(MergedInput *input);
+    void inputDestroyed(MergedInput *input);
+    //! Header sections \a first to \a last of \a input changed.
+    void inputTitlesChanged(const MergedInput *input, int first, int last);
 
+    /*! Returns the time of \a row in the first channel that has the row. If none has it, returns the newest time of the
+        last channel with samples, or 0. */
     double time(int row) const;
-    //! Its own, or that of its model, for RVXAbstractPlotDataModel::ChannelUnitRole.
+    //! Returns the answer of a header cell to RVXAbstractPlotDataModel::ChannelUnitRole: the channel's unit or its model's.
     static QVariant unitOf(const Channel &channel);
-    //! What a cell answers for a role that would show a reading, where the channel has none.
+    //! Returns the data of a cell whose channel has no reading.
     static QVariant withoutReading(int role);
 
-    //! The models that \a proxy reads.
+    //! Returns the models that \a proxy reads.
     static QVector<const QAbstractItemModel *> models(const RVXMultichannelProxyModel &proxy);
 
     RVXMultichannelProxyModel *const q;
-    // One for each model, and one channel for each column of the proxy but the first.
-    ChannelSources sources;
+    // One input for each model; one channel for each column of the proxy except the first.
+    MergedInputs inputs;
     QVector<Channel> channels;
     RowLedger ledger;
     UnitsRelay unitsRelay;

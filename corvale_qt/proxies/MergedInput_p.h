@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
@@ -20,8 +14,8 @@
 
 namespace Corvale_Qt {
 
-//! What a source announces before it does it, and again when it is done.
-enum class SourceChange {
+//! The changes that a model announces twice: before and after they happen. Values are bits of openChanges.
+enum class InputChange {
     RowInsertion = 1,
     RowRemoval = 2,
     RowMove = 4,
@@ -30,73 +24,74 @@ enum class SourceChange {
     Reset = 32
 };
 
-/*! One source model of a RVXMultichannelProxyModel: hears its signals, so that nobody needs to ask who sent them (which
-    costs more the more sources there are), and keeps what the proxy knows of it. A model that serves several
-    channels has one ChannelSource. */
-class ChannelSource : public QObject
+/*! One source model of a RVXMultichannelProxyModel. It receives the model's signals, so that the sender is known without
+    a search, and keeps what the proxy knows about the model. A model that serves several channels has one
+    MergedInput. */
+class MergedInput : public QObject
 {
     Q_OBJECT
 
 public:
-    ChannelSource(RVXMultichannelProxyModel *proxy,
-                  RVXMultichannelProxyModelPrivate *proxyPrivate,
-                  QAbstractItemModel *model,
-                  RVXAbstractPlotDataModel *plotModel);
+    MergedInput(RVXMultichannelProxyModel *proxy,
+                RVXMultichannelProxyModelPrivate *proxyPrivate,
+                QAbstractItemModel *model,
+                RVXAbstractPlotDataModel *plotModel);
 
-    //! Listens, to unitsChanged() too; does nothing while it listens.
+    //! Connects to the signals of the model, unitsChanged() included. Does nothing if it is connected already.
     void wire();
-    //! Listens no longer, but for the end of the model.
+    //! Disconnects from the signals of the model, except from destroyed().
     void unwire();
-    //! The proxy shows the model no more. Deleted later: one of its own signals may have led here.
+    //! Leaves the proxy. Deleted later, since a signal of the model may have led here.
     void retire();
 
-    //! The model's plot side; null as soon as the model's deletion has begun.
+    //! Returns the plot interface of the model, or null as soon as the model's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? m_plot : nullptr; }
     int rowCount() const { return items ? items->rowCount() : 0; }
     QModelIndex index(int row, int column) const
     {
         return items ? items->index(row, column) : QModelIndex();
     }
-    //! Whether the model has a row. While nothing is under way it has what it announced: it is not asked for each point.
+    //! Returns whether the model has \a row. Between changes the announced rows are trusted, so as not to ask for each point.
     bool has(int row) const
     {
         return items && ((isSteady() && row <= rows) || row < items->rowCount());
     }
-    //! \a row or, where this model is shorter than the proxy, the row of its newest sample; below 1 without samples.
+    //! Returns \a row or, if the model is shorter than that, the row of its newest sample; below 1 without samples.
     int shownRow(int row) const { return has(row) ? row : rowCount() - 1; }
 
-    //! Null as soon as the model's deletion has begun.
+    //! The model; null as soon as its deletion has begun.
     const QPointer<QAbstractItemModel> items;
     const PlotColumnReader reader;
 
-    //! Columns of the proxy that show this model, ascending.
+    //! The columns of the proxy that show this model, ascending.
     QVector<int> columns;
 
-    // The rest is the account that RowLedger keeps of this source.
+    // The members below belong to RowLedger and InputRows.
 
-    //! Sample rows when it last ended a change, and columns when it was last reset.
+    //! Sample rows when the model last ended a change, and columns when it was last reset.
     int rows = 0;
     int ownColumns = 0;
-    //! Rows dropped at the front since the proxy's last reset.
+    //! Rows that the model has dropped at its front since the last reset of the proxy.
     qint64 dropped = 0;
-    //! SourceChanges that it announced and did not end yet.
+    //! InputChange bits that the model has begun and not ended.
     int openChanges = 0;
 
-    //! What has happened since the proxy last told its views.
+    //! Changes that the proxy has not announced yet.
     struct News
     {
-        //! Sample rows that read otherwise now.
+        //! Sample rows whose cells have changed.
         int firstRow = std::numeric_limits<int>::max();
         int lastRow = 0;
-        //! Rows that left at the front.
+        //! Rows dropped at the front.
         int dropped = 0;
+        //! Whether the header row has changed.
         bool header = false;
     };
     News news;
 
 private:
-    ChannelSource *self() { return this; }
-    //! Heard, and between two changes.
+    MergedInput *self() { return this; }
+    //! Returns whether the model is connected and between two changes.
     bool isSteady() const { return m_wired && openChanges == 0; }
 
     void _q_sourceRowsAboutToBeInserted(const QModelIndex &parent, int first, int last);
@@ -149,18 +144,18 @@ private:
     // clang-format on
 };
 
-//! A channel of the proxy: a column of one of its sources.
+//! A channel of the proxy: a column of one of its inputs.
 struct Channel
 {
-    ChannelSource *source;
+    MergedInput *input;
     int column;
 
-    //! Whether the source has the column.
-    bool exists() const { return column >= 0 && column < source->ownColumns; }
-    //! The source's row that is shown in \a row of the proxy; below 1 where the channel has no reading to show.
-    int shownRow(int row) const { return exists() ? source->shownRow(row) : 0; }
+    //! Returns whether the input has the column.
+    bool exists() const { return column >= 0 && column < input->ownColumns; }
+    //! Returns the row of the input that is shown in \a row of the proxy; below 1 if the channel has no reading to show.
+    int shownRow(int row) const { return exists() ? input->shownRow(row) : 0; }
 };
 
-using ChannelSources = std::vector<std::unique_ptr<ChannelSource>>;
+using MergedInputs = std::vector<std::unique_ptr<MergedInput>>;
 
 } // namespace Corvale_Qt

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
 
@@ -14,21 +8,20 @@
 
 namespace Corvale_Qt {
 
-/*! What a proxy says when its source says something: the same, with the indexes mapped. One function for each of the
-    signals that connectSource() wires; private classes of proxies derive from it and hide those in which they
-    differ. \a Proxy makes its relay a friend, since a model's announcements are protected.
+/*! Makes a proxy announce what its source announces, with the indexes mapped. It has one function for each signal that
+    connectUpstream() connects; the private class of a proxy derives from it and hides the functions that differ.
+    \a Proxy makes its relay a friend, since a model's announcements are protected.
 
-    The hooks of the proxy (sourceRowsInserted() and its like) run after the source has changed and before the
-    proxy's own end signal, so that its state is up to date when views react.
+    The hooks of the proxy, such as sourceRowsInserted(), run after the source has changed and before the proxy's
+    end signal, so that the proxy is up to date when views react.
 
-    Announcements come in pairs, and so do those of the proxy. A proxy that was given its source in the middle of a
-    change hears an end without its beginning: it starts anew from what is there then. A change whose source goes away
-    in the middle of it is ended by the proxy itself. */
+    Announcements of the proxy always come in pairs. If it got its source in the middle of a change, and so hears an
+    end without a beginning, it resets. If it loses its source in the middle of a change, it ends the change itself. */
 template<typename Proxy>
-class SourceRelay
+class UpstreamRelay
 {
 public:
-    explicit SourceRelay(Proxy *proxy)
+    explicit UpstreamRelay(Proxy *proxy)
         : q(proxy)
     {
     }
@@ -136,7 +129,7 @@ public:
 
     void _q_sourceLayoutAboutToBeChanged()
     {
-        // Views keep their selections in persistent indexes when they hear this, so it comes before the search.
+        // Views store their selections in persistent indexes when they receive this signal, so it comes first.
         Q_EMIT q->layoutAboutToBeChanged();
         m_held.hold(q->persistentIndexList(), [this](const QModelIndex &index) {
             return q->mapToSource(index);
@@ -156,14 +149,14 @@ public:
     void _q_sourceModelReset()
     {
         if (m_resets == 0) {
-            startAnew();
+            reset();
             return;
         }
         q->sourceModelReset();
         endReset();
     }
 
-    //! Resets may stand within each other; views hear of the outermost.
+    //! Begins a reset. Resets may be nested; views hear of the outermost only.
     void beginReset()
     {
         if (m_resets++ == 0)
@@ -174,14 +167,14 @@ public:
         if (m_resets > 0 && --m_resets == 0)
             q->endResetModel();
     }
-    //! Ends all resets, those too whose end the source will never announce.
+    //! Ends all resets, including those whose end the source will never announce.
     void endAllResets()
     {
         m_resets = qMin(m_resets, 1);
         endReset();
     }
-    /*! Ends all other open changes, the last one first. While the beginning of one is being announced this waits until
-        all listeners have heard of it. */
+    /*! Ends all open changes other than resets, the last one first. If the beginning of a change is being emitted, this
+        happens once all listeners have heard it. */
     void endChanges()
     {
         m_endsAll = m_beginning > 0;
@@ -191,7 +184,6 @@ public:
             end(change);
         }
     }
-    bool isResetting() const { return m_resets > 0; }
 
 protected:
     Proxy *const q;
@@ -206,7 +198,7 @@ private:
         ColumnMove
     };
 
-    //! \a announce says whether there is an end to come.
+    //! Opens \a change. \a announce tells the views and returns whether an end will follow.
     template<typename Announce>
     void begin(Change change, Announce announce)
     {
@@ -216,18 +208,18 @@ private:
         --m_beginning;
         if (m_endsAll && m_beginning == 0) {
             endChanges();
-            startAnew();
+            reset();
         }
     }
 
-    //! Whether \a change is open, which it is no longer then. If it is not, the proxy starts anew.
+    //! Removes \a change from the open ones and returns true. Resets and returns false if it is not among them.
     bool take(Change change)
     {
         const int position = m_open.lastIndexOf(change);
         if (position >= 0)
             m_open.remove(position);
         else
-            startAnew();
+            reset();
         return position >= 0;
     }
 
@@ -261,7 +253,7 @@ private:
         }
     }
 
-    void startAnew()
+    void reset()
     {
         beginReset();
         q->sourceModelReset();
@@ -269,9 +261,9 @@ private:
     }
 
     int m_resets = 0;
-    // Announced by the source, and not ended.
+    // Changes that the source has begun and not ended.
     QVarLengthArray<Change, 4> m_open;
-    // How many beginnings are being announced right now, and whether all is to be ended after them.
+    // How many beginnings are being emitted right now, and whether all changes end after them.
     int m_beginning = 0;
     bool m_endsAll = false;
     HeldIndexes m_held;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
+
+#include "corvale_qt/proxies/Logging_p.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
 
 #include <QBrush>
-#include <QDebug>
 
 #include <algorithm>
 #include <limits>
@@ -20,7 +21,7 @@ const bool RVXMultichannelProxyModelPrivate::known =
 
 RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
     : q(proxy)
-    , ledger(proxy, sources, channels)
+    , ledger(proxy, inputs, channels)
     , unitsRelay(proxy)
     , factory(new SingleChannelModelFactory)
 {
@@ -52,27 +53,27 @@ bool RVXMultichannelProxyModelPrivate::spans(int column,
                                              ColumnSpans &spans) const
 {
     const Channel *shown = column == 0 && timesAreOfFirst() ? &channels.first() : channel(column);
-    // Rows beyond the source's own repeat its newest sample, which lies there once.
+    // Rows beyond those of the input repeat its newest sample, which is stored only once.
     if (!shown || !(column == 0 || shown->exists()) || firstRow < 1
-        || firstRow + count > shown->source->rowCount())
+        || firstRow + count > shown->input->rowCount())
         return false;
-    return shown->source->reader.spans(column == 0 ? 0 : shown->column, firstRow, count, spans);
+    return shown->input->reader.spans(column == 0 ? 0 : shown->column, firstRow, count, spans);
 }
 
 bool RVXMultichannelProxyModelPrivate::xRises() const
 {
-    return timesAreOfFirst() && channels.first().source->reader.xRises();
+    return timesAreOfFirst() && channels.first().input->reader.xRises();
 }
 
 quint64 RVXMultichannelProxyModelPrivate::xVersion() const
 {
-    return timesAreOfFirst() ? channels.first().source->reader.xVersion() : 0;
+    return timesAreOfFirst() ? channels.first().input->reader.xVersion() : 0;
 }
 
-//! Whether the first source is long enough for all rows.
+//! Returns whether the first input provides the times of all rows.
 bool RVXMultichannelProxyModelPrivate::timesAreOfFirst() const
 {
-    return !channels.isEmpty() && channels.first().source->rowCount() > ledger.rows();
+    return !channels.isEmpty() && channels.first().input->rowCount() > ledger.rows();
 }
 
 qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
@@ -80,8 +81,8 @@ qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
     const Channel *shown = channel(column);
     if (!shown)
         return -1;
-    const qint64 ownWay = shown->source->reader.droppedRows(shown->column);
-    return ownWay >= 0 ? ownWay : shown->source->dropped;
+    const qint64 ownWay = shown->input->reader.droppedRows(shown->column);
+    return ownWay >= 0 ? ownWay : shown->input->dropped;
 }
 
 const Channel *RVXMultichannelProxyModelPrivate::channel(int column) const
@@ -89,33 +90,33 @@ const Channel *RVXMultichannelProxyModelPrivate::channel(int column) const
     return column >= 1 && column <= channels.size() ? &channels.at(column - 1) : nullptr;
 }
 
-ChannelSource *RVXMultichannelProxyModelPrivate::sourceOf(const QAbstractItemModel *model) const
+MergedInput *RVXMultichannelProxyModelPrivate::inputOf(const QAbstractItemModel *model) const
 {
-    const auto found = std::find_if(sources.begin(), sources.end(), [model](const auto &source) {
-        return source->items == model;
+    const auto found = std::find_if(inputs.begin(), inputs.end(), [model](const auto &input) {
+        return input->items == model;
     });
-    return found == sources.end() ? nullptr : found->get();
+    return found == inputs.end() ? nullptr : found->get();
 }
 
 QVector<const QAbstractItemModel *>
 RVXMultichannelProxyModelPrivate::models(const RVXMultichannelProxyModel &proxy)
 {
     QVector<const QAbstractItemModel *> found;
-    for (const auto &source : proxy.d_func()->sources)
-        found.append(source->items);
+    for (const auto &input : proxy.d_func()->inputs)
+        found.append(input->items);
     return found;
 }
 
 RVXAbstractPlotDataModel *RVXMultichannelProxyModelPrivate::firstPlot() const
 {
-    return channels.isEmpty() ? nullptr : channels.first().source->plot();
+    return channels.isEmpty() ? nullptr : channels.first().input->plot();
 }
 
 bool RVXMultichannelProxyModelPrivate::hasRoom() const
 {
     if (channels.size() < mostChannels)
         return true;
-    qDebug() << "No more than" << mostChannels << "channels: the rest is refused";
+    qCDebug(proxiesLog) << "No more than" << mostChannels << "channels: the rest is refused";
     return false;
 }
 
@@ -125,28 +126,28 @@ void RVXMultichannelProxyModelPrivate::insert(int position,
                                               int column)
 {
     ledger.beginReset();
-    ChannelSource *source = sourceOf(items);
-    if (!source) {
-        sources.push_back(std::make_unique<ChannelSource>(q, this, items, plot));
-        source = sources.back().get();
+    MergedInput *input = inputOf(items);
+    if (!input) {
+        inputs.push_back(std::make_unique<MergedInput>(q, this, items, plot));
+        input = inputs.back().get();
     }
-    channels.insert(qBound(0, position, channels.size()), Channel{source, column});
+    channels.insert(qBound(0, position, channels.size()), Channel{input, column});
     channelsChanged();
-    source->wire();
+    input->wire();
     ledger.endReset();
 }
 
-void RVXMultichannelProxyModelPrivate::remove(ChannelSource *source)
+void RVXMultichannelProxyModelPrivate::remove(MergedInput *input)
 {
     ledger.beginReset();
-    source->unwire();
-    // Kept on purpose, for hosts already built: the relay is doubled instead of cut ...
-    unitsRelay.relayTwice(source->items);
-    // ... and a model that is found at position 0 stays.
-    while (!channels.isEmpty() && channels.first().source != source) {
+    input->unwire();
+    // Existing hosts rely on this: unitsChanged() is passed on twice instead of no longer ...
+    unitsRelay.relayTwice(input->items);
+    // ... and a model whose channel is at position 0 stays.
+    while (!channels.isEmpty() && channels.first().input != input) {
         const auto found =
-            std::find_if(channels.begin(), channels.end(), [source](const Channel &c) {
-                return c.source == source;
+            std::find_if(channels.begin(), channels.end(), [input](const Channel &c) {
+                return c.input == input;
             });
         if (found == channels.end())
             break;
@@ -156,30 +157,30 @@ void RVXMultichannelProxyModelPrivate::remove(ChannelSource *source)
     ledger.endReset();
 }
 
-void RVXMultichannelProxyModelPrivate::sourceDestroyed(ChannelSource *source)
+void RVXMultichannelProxyModelPrivate::inputDestroyed(MergedInput *input)
 {
-    // Little is left of the model: nobody may reach it, whoever listens to the reset included.
-    const auto isOfSource = [source](const Channel &channel) {
-        return channel.source == source;
+    // Little is left of the model, so listeners to the reset must not reach it.
+    const auto isOfSource = [input](const Channel &channel) {
+        return channel.input == input;
     };
     channels.erase(std::remove_if(channels.begin(), channels.end(), isOfSource), channels.end());
     channelsChanged();
-    // Proxies that stand on the model may not have announced their reset yet. They are asked how many rows they have;
-    // the account is out of date.
-    for (const auto &other : sources)
+    // Proxies that stand on the model may not have announced their reset yet, so their counts may be too high. With a
+    // count of 0 they are asked for their rows.
+    for (const auto &other : inputs)
         other->rows = 0;
     ledger.beginReset();
     ledger.endReset();
 }
 
-void RVXMultichannelProxyModelPrivate::sourceTitlesChanged(const ChannelSource *source,
-                                                           int first,
-                                                           int last)
+void RVXMultichannelProxyModelPrivate::inputTitlesChanged(const MergedInput *input,
+                                                          int first,
+                                                          int last)
 {
     const auto isChanged = [&](int section) {
         const Channel *const shown = section == 0 ? channels.constData() : channel(section);
         const int own = section == 0 ? 0 : shown ? shown->column : -1;
-        return shown && shown->source == source && own >= first && own <= last;
+        return shown && shown->input == input && own >= first && own <= last;
     };
     for (int section = 0; section <= channels.size(); ++section) {
         if (isChanged(section))
@@ -190,8 +191,8 @@ void RVXMultichannelProxyModelPrivate::sourceTitlesChanged(const ChannelSource *
 QVariant RVXMultichannelProxyModelPrivate::unitOf(const Channel &channel)
 {
     const QVariant own =
-        channel.source->index(0, channel.column).data(RVXAbstractPlotDataModel::ChannelUnitRole);
-    const RVXAbstractPlotDataModel *const plot = channel.source->plot();
+        channel.input->index(0, channel.column).data(RVXAbstractPlotDataModel::ChannelUnitRole);
+    const RVXAbstractPlotDataModel *const plot = channel.input->plot();
     return own.isValid() || !plot ? own : QVariant::fromValue(plot->units());
 }
 
@@ -219,11 +220,11 @@ double RVXMultichannelProxyModelPrivate::time(int row) const
 {
     double newest = 0.0;
     for (const Channel &channel : channels) {
-        if (channel.source->has(row))
-            return channel.source->plot()->doubleData(row, 0);
-        const int rows = channel.source->rowCount();
+        if (channel.input->has(row))
+            return channel.input->plot()->doubleData(row, 0);
+        const int rows = channel.input->rowCount();
         if (rows > 1)
-            newest = channel.source->plot()->doubleData(rows - 1, 0);
+            newest = channel.input->plot()->doubleData(rows - 1, 0);
     }
     return newest;
 }
@@ -232,11 +233,10 @@ void RVXMultichannelProxyModelPrivate::readTimes(int firstRow, int count, double
 {
     int done = 0;
     for (const Channel &channel : channels) {
-        const int available =
-            std::min(channel.source->rowCount() - (firstRow + done), count - done);
+        const int available = std::min(channel.input->rowCount() - (firstRow + done), count - done);
         if (available <= 0)
             continue;
-        channel.source->reader.read(0, firstRow + done, available, out + done);
+        channel.input->reader.read(0, firstRow + done, available, out + done);
         done += available;
     }
     if (done < count)
@@ -248,36 +248,36 @@ void RVXMultichannelProxyModelPrivate::readChannel(const Channel &channel,
                                                    int count,
                                                    double *out) const
 {
-    // The header row is not the channel's.
+    // The header row is not read from the channel.
     const int before = std::clamp(1 - firstRow, 0, count);
     std::fill_n(out, before, 0.0);
-    const int rows = channel.exists() ? channel.source->rowCount() : 0;
+    const int rows = channel.exists() ? channel.input->rowCount() : 0;
     const int own = std::clamp(rows - (firstRow + before), 0, count - before);
-    channel.source->reader.read(channel.column, firstRow + before, own, out + before);
+    channel.input->reader.read(channel.column, firstRow + before, own, out + before);
     if (before + own == count)
         return;
     double newest = std::numeric_limits<double>::quiet_NaN();
     if (rows > 1)
-        channel.source->reader.read(channel.column, rows - 1, 1, &newest);
+        channel.input->reader.read(channel.column, rows - 1, 1, &newest);
     std::fill(out + before + own, out + count, newest);
 }
 
-//! Numbers the columns of the sources, and lets go of those that no channel shows.
+//! Updates the columns of each input and removes the inputs that no channel shows.
 void RVXMultichannelProxyModelPrivate::channelsChanged()
 {
-    for (const auto &source : sources)
-        source->columns.clear();
+    for (const auto &input : inputs)
+        input->columns.clear();
     for (int i = 0; i < channels.size(); ++i)
-        channels[i].source->columns.append(i + 1);
+        channels[i].input->columns.append(i + 1);
     const auto firstUnused =
-        std::stable_partition(sources.begin(), sources.end(), [](const auto &source) {
-            return !source->columns.isEmpty();
+        std::stable_partition(inputs.begin(), inputs.end(), [](const auto &input) {
+            return !input->columns.isEmpty();
         });
-    ChannelSources unused(std::make_move_iterator(firstUnused),
-                          std::make_move_iterator(sources.end()));
-    sources.erase(firstUnused, sources.end());
-    for (auto &source : unused)
-        source.release()->retire();
+    MergedInputs unused(std::make_move_iterator(firstUnused),
+                        std::make_move_iterator(inputs.end()));
+    inputs.erase(firstUnused, inputs.end());
+    for (auto &input : unused)
+        input.release()->retire();
 }
 
 } // namespace Corvale_Qt

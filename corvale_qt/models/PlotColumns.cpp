@@ -12,7 +12,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Static objects fill this map while the library is loaded, in an undefined order; it is created by the first of them.
+// Filled while the library is loaded; a function's static, since the order of loading is not ours.
 std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 {
     static std::unordered_map<std::type_index, PlotColumns::Finder> known;

@@ -21,7 +21,7 @@ namespace {
 constexpr int kLargestScaleMode = 14;
 constexpr int kFewestNumberedChannels = 9;
 
-//! An axis from a value to itself has no ticks: this one lies in the middle of it.
+//! Widens bounds that are equal, because such an axis has no ticks. The value ends up in the middle.
 std::pair<double, double> withWidth(const std::pair<double, double> &bounds)
 {
     if (bounds.first != bounds.second)

@@ -346,7 +346,7 @@ void tst_RVXScope::modelsComeAndGo()
     QCOMPARE(device->rowCount(), 2);
 
     QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("QStandardItemModel.*is no plot data model"));
+                         QRegularExpression("QStandardItemModel.*is not a plot data model"));
     panel.setModel(&table);
     QCOMPARE(panel.plotView()->model(), nullptr);
     panel.click("clearButton");

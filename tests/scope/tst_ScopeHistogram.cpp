@@ -31,7 +31,7 @@ QVector<double> bars(const ScopeTestView &view)
     return values;
 }
 
-//! The axis widgets on the screen, from the top.
+//! Returns the visible axis widgets from top to bottom.
 QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
 {
     QList<RVX_HistogramItemAxisWidget *> shown;
@@ -45,14 +45,14 @@ QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
     return shown;
 }
 
-//! Middle of some columns of a picture of a widget, in pixels of the view's viewport.
+//! Converts the middle of pixel columns in a picture of a widget into pixels of the view's viewport.
 double middle(const ScopeTestView &view, const QWidget *widget, int first, int last)
 {
     const double inWidget = (first + last + 1) / 2.0 / widget->devicePixelRatioF() - 0.5;
     return widget->mapTo(view.viewport(), QPoint(0, 0)).x() + inWidget;
 }
 
-//! Where a widget has a tick that reaches down to a line.
+//! Returns where ticks of a widget reach down to a line, in pixels of the viewport.
 QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
 {
     const QImage picture = widget->grab().toImage();
@@ -71,7 +71,7 @@ QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFro
     return ticks;
 }
 
-//! Middle of one bar, its outline included, at a height that no other bar has.
+//! Returns the middle of the only bar that reaches \a value, including its outline.
 double middleOfBar(ScopeTestView &view, double value)
 {
     const QImage picture = view.canvas();
@@ -157,7 +157,7 @@ void tst_ScopeHistogram::barsWithoutAReading()
     model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
     view.settle();
     QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 1e300, 0.0}));
-    // A statistic is in single precision, which does not hold 1e300.
+    // Statistics use single precision, which cannot hold 1e300.
     QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
     QStringList readings;
     for (int channel = 1; channel <= 6; ++channel) {
@@ -186,7 +186,7 @@ void tst_ScopeHistogram::normalizedBars()
     QFETCH(QVector<double>, values);
     ScopeTestModel model(4);
     model.setData(model.index(0, 4), Qt::Unchecked, Qt::CheckStateRole);
-    model.show(values + QVector<double>{1e3}); // is not shown: does not count
+    model.show(values + QVector<double>{1e3}); // the hidden channel does not count
     ScopeTestView view(&model);
     view.SetYScaleMode(View::Normalized);
     view.SetPlotMode(View::HistogramMode);
@@ -196,7 +196,7 @@ void tst_ScopeHistogram::normalizedBars()
     QTEST(bars(view).mid(0, 3), "shown");
 }
 
-//! What stands on a normalised histogram is divided as the bars are; what it says is not.
+//! Normalising divides the heights of markers and fits as well, but not the values in their labels.
 void tst_ScopeHistogram::marksOfNormalizedBars()
 {
     ScopeTestModel model(32);
@@ -267,7 +267,7 @@ void tst_ScopeHistogram::channelsAreLabelled()
             labels << label;
     }
     QTEST(labels.join(' '), "labels");
-    // Too few samples for a sweep; x is time all the same.
+    // In scope mode x is time, even before the first sweep.
     view.SetPlotMode(View::ScopeMode);
     view.settle();
     QCOMPARE(view.qwtPlot()->axisFont(QwtPlot::xBottom), fontOfTime);
@@ -359,7 +359,7 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
     const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
-    QCOMPARE(labels.size(), 1 + peaks); // the first is the estimator's name
+    QCOMPARE(labels.size(), 1 + peaks); // the first names the estimator
     QRegion taken;
     for (const QLabel *label : labels) {
         QVERIFY2(label == labels[0] || label->text().contains("Position"),
@@ -370,7 +370,7 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
         QVERIFY(!taken.intersects(label->geometry()));
         taken += label->geometry();
     }
-    // The plot has its place below.
+    // The plot lies below.
     const QPoint bottom = widgets[0]->mapTo(view.viewport(), widgets[0]->rect().bottomLeft());
     QVERIFY(view.qwtPlot()->y() >= bottom.y());
 }
@@ -479,7 +479,7 @@ void tst_ScopeHistogram::itemsShareTheChannels()
     QVERIFY(view.histogramItems(View::CenterOfGravityItem).isEmpty());
     QCOMPARE(axisWidgets(view).size(), 2);
 
-    // With fewer channels than items, nobody has enough, and says so.
+    // With fewer channels than items, no item has enough channels.
     model.setChannels(1);
     model.show({1.0});
     view.settle();
@@ -509,7 +509,7 @@ void tst_ScopeHistogram::itemsComeAndGoWithTheMode()
         QVERIFY(axisWidgets(view).isEmpty());
         QCOMPARE(onPlot(), 0);
     }
-    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // there is no such type
+    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // not a type
     view.enableHistogramItem(View::RegressionItem, -3, {}, true);
     QVERIFY(view.histogramItems(View::RegressionItem).isEmpty());
 }
@@ -551,7 +551,7 @@ void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
     QCOMPARE(withEnergy(), QString());
     view.toggleMLFC(true);
     QCOMPARE(withEnergy(), QString("023"));
-    // New parameters make new items; what is shown stays.
+    // New parameters make new items, which still show the energy.
     view.enableHistogramItem(View::GaussabolaItem, 1, {1e-12}, true);
     view.settle();
     QCOMPARE(withEnergy(), QString("023"));

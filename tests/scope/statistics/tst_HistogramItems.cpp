@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ProfileFit.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
-#include "corvale_qt/scope/statistics/EnergyTable_p.h"
 #include "corvale_qt/scope/statistics/RVX_CoGHistogramItem.h"
 #include "corvale_qt/scope/statistics/RVX_GaussabolaHistogramItem.h"
 #include "corvale_qt/scope/statistics/RVX_PrecalculatedFitHistogramItem.h"
@@ -446,33 +445,33 @@ private Q_SLOTS:
         }
     }
 
+    void energyOfThePosition_data()
+    {
+        QTest::addColumn<double>("position");
+        QTest::addColumn<QString>("energy");
+        QTest::newRow("before the first channel") << 0.99 << "N/A";
+        QTest::newRow("on the first channel") << 1.0 << "70";
+        QTest::newRow("half way to the next") << 1.5 << "75";
+        QTest::newRow("a quarter of the way") << 2.25 << "85";
+        QTest::newRow("on the last channel") << 3.0 << "100";
+        QTest::newRow("beyond the last channel") << 3.01 << "N/A";
+    }
     void energyOfThePosition()
     {
-        const EnergyTable table({70.0, 80.0, 100.0});
-        QCOMPARE(table.at(1.0), 70.0);
-        QCOMPARE(table.at(1.5), 75.0);
-        QCOMPARE(table.at(2.25), 85.0);
-        QCOMPARE(table.at(3.0), 100.0);
-        for (double outside : {0.99, 3.01, -5.0, qQNaN(), qInf()})
-            QVERIFY(std::isnan(table.at(outside)));
-        QVERIFY(std::isnan(EnergyTable().at(1.0)));
-
-        std::vector<double> energies;
-        for (int i = 0; i < 20; ++i)
-            energies.push_back(70.0 + i);
-        const Item item = makeItem(View::GaussabolaItem, {}, false);
-        item->upload_MLFC_calibration_table(&energies);
-        item->compute(0, beam(), 32.5);
-        QVERIFY(!item->label().contains("Energy"));
-        item->toggleMLFC(true);
-        energies.clear(); // it was copied
-        // At 13.30, between 82 MeV of channel 13 and 83 of channel 14.
-        QVERIFY2(item->label().endsWith("\n     Energy (MeV): 82.3\n</pre>"),
-                 qPrintable(item->label()));
-        item->compute(16, beam(), 48.5);
-        QVERIFY(item->label().endsWith("Energy (MeV): N/A\n</pre>"));
-        item->upload_MLFC_calibration_table(nullptr);
-        QVERIFY(!item->label().contains("Energy"));
+        QFETCH(double, position);
+        QFETCH(QString, energy);
+        std::vector<double> energies{70.0, 80.0, 100.0};
+        RVX_PrecalculatedFitHistogramItem item(nullptr, {}, false);
+        item.setDeviceFit({position + 1.0, 2.5, 4e-9}, 0);
+        item.upload_MLFC_calibration_table(&energies);
+        energies.clear(); // the item has a copy
+        QVERIFY(item.compute(-2, beam(), 30.5));
+        QVERIFY(!item.label().contains("Energy"));
+        item.toggleMLFC(true);
+        QVERIFY2(item.label().endsWith("\n     Energy (MeV): " + energy + "\n</pre>"),
+                 qPrintable(item.label()));
+        item.upload_MLFC_calibration_table(nullptr);
+        QVERIFY(!item.label().contains("Energy"));
     }
 
     void groups()

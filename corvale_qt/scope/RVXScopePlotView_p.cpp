@@ -1,22 +1,28 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
-#include "corvale_qt/scope/RVXScopePlotView_p.h"
+#include "corvale_qt/scope/CompanionPlotMode_p.h"
+#include "corvale_qt/scope/HistogramPlotMode_p.h"
+#include "corvale_qt/scope/StripPlotMode_p.h"
+#include "corvale_qt/scope/SweepPlotMode_p.h"
 
 #include <qwt_picker_machine.h>
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_layout.h>
 #include <qwt_plot_picker.h>
+#include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
 #include <QEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <cmath>
+#include <initializer_list>
 
 namespace Corvale_Qt {
 
@@ -56,13 +62,10 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     , layout(new QVBoxLayout(view->viewport()))
     , plot(new QwtPlot(view->viewport()))
     , canvas(new QwtPlotCanvas(plot))
-    , statistics(plot)
     , spectrogram(new RVXSpectrogram(view))
     , positionPlot(new RVXPositionPlot(view))
     , splitPlot(new RVXSplitPlot(view))
-    , axes(plot)
-    , markers(view, plot, model)
-    , curves(plot, model, markers)
+    , context(plot, *this)
 {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -72,7 +75,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     canvas->installEventFilter(eventFilter.get());
     prepareItems();
     preparePickers();
-    statistics.insertInto(layout);
+    context.statistics.insertInto(layout);
     for (QWidget *companion :
          std::initializer_list<QWidget *>{spectrogram, positionPlot, splitPlot})
         layout->insertWidget(0, companion);
@@ -85,7 +88,7 @@ RVXScopePlotViewPrivate::~RVXScopePlotViewPrivate() = default;
 void RVXScopePlotViewPrivate::prepareCanvas()
 {
     plot->setCanvas(canvas);
-    plot->setAutoDelete(false); // the items are ours
+    plot->setAutoDelete(false); // the items belong to this class
     plot->setCanvasBackground(Qt::black);
     canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
     canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
@@ -110,9 +113,9 @@ void RVXScopePlotViewPrivate::prepareItems()
     grid.setMinorPen(pen(48));
     grid.attach(plot);
 
-    histogram.setBrush(QBrush(Qt::yellow));
-    histogram.setPen(QColor(Qt::yellow).darker(130));
-    histogram.setStyle(QwtPlotHistogram::Columns);
+    context.histogram.setBrush(QBrush(Qt::yellow));
+    context.histogram.setPen(QColor(Qt::yellow).darker(130));
+    context.histogram.setStyle(QwtPlotHistogram::Columns);
 }
 
 void RVXScopePlotViewPrivate::preparePickers()
@@ -131,12 +134,12 @@ void RVXScopePlotViewPrivate::preparePickers()
 
 void RVXScopePlotViewPrivate::createModes()
 {
-    modes = {std::make_unique<StripPlotMode>(*this),
-             std::make_unique<SweepPlotMode>(*this),
-             std::make_unique<HistogramPlotMode>(*this),
-             std::make_unique<CompanionPlotMode>(*this, spectrogram),
-             std::make_unique<CompanionPlotMode>(*this, positionPlot),
-             std::make_unique<CompanionPlotMode>(*this, splitPlot)};
+    modes = {std::make_unique<StripPlotMode>(context),
+             std::make_unique<SweepPlotMode>(context),
+             std::make_unique<HistogramPlotMode>(context),
+             std::make_unique<CompanionPlotMode>(context, spectrogram),
+             std::make_unique<CompanionPlotMode>(context, positionPlot),
+             std::make_unique<CompanionPlotMode>(context, splitPlot)};
 }
 
 void RVXScopePlotViewPrivate::showOnly(QWidget *shown)
@@ -152,6 +155,24 @@ void RVXScopePlotViewPrivate::showScrollBar(bool shown)
     q_ptr->setHorizontalScrollBarPolicy(shown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }
 
+QScrollBar *RVXScopePlotViewPrivate::scrollBar() const
+{
+    return q_ptr->horizontalScrollBar();
+}
+
+void RVXScopePlotViewPrivate::requestReplot()
+{
+    q_ptr->RequestReplot();
+}
+
+void RVXScopePlotViewPrivate::selectCell(int row, int column)
+{
+    QItemSelectionModel *selection = q_ptr->selectionModel();
+    const QAbstractItemModel *items = q_ptr->model();
+    if (selection && items)
+        selection->select(items->index(row, column), QItemSelectionModel::ClearAndSelect);
+}
+
 void RVXScopePlotViewPrivate::showBufferSize()
 {
     if (!bufferSizeLabel)
@@ -162,15 +183,6 @@ void RVXScopePlotViewPrivate::showBufferSize()
         return;
     samplesShown = samples;
     bufferSizeLabel->setText(RVXScopePlotView::tr("%1 Samples").arg(samples));
-}
-
-QString RVXScopePlotViewPrivate::yTitle() const
-{
-    if (yScale.mode == RVXScopePlotView::Normalized)
-        return RVXScopePlotView::tr("Relative Value");
-    const QString unit = model.unitName();
-    const bool hasUnit = model.plot() && model.plot()->units();
-    return hasUnit ? unit : RVXScopePlotView::tr("Number");
 }
 
 void RVXScopePlotViewPrivate::canvasIsPainted()
@@ -196,18 +208,20 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     });
     on(&Model::rowsRemoved, [this](const QModelIndex &parent, int start, int end) {
         rowsLeave = false;
-        if (!parent.isValid())
-            rowsHaveGone(start, end);
+        if (parent.isValid())
+            return;
+        context.rowsRemoved(start, end);
+        requestReplot();
     });
-    on(&Model::rowsMoved, [this] {
-        rowsHaveMoved();
-    });
-    on(&Model::layoutChanged, [this] {
-        rowsHaveMoved();
-    });
-    // The item view itself takes no notice of channels that come and go.
+    const auto rowsMove = [this] {
+        context.rowsMoved();
+        requestReplot();
+    };
+    on(&Model::rowsMoved, rowsMove);
+    on(&Model::layoutChanged, rowsMove);
+    // The item view itself ignores channels that are inserted, removed or moved.
     const auto channelsChange = [this] {
-        dropSweep();
+        context.dropSweep();
         q_ptr->reset();
     };
     on(&Model::columnsInserted, channelsChange);
@@ -223,14 +237,12 @@ void RVXScopePlotViewPrivate::stopWatching()
     rowsLeave = false;
 }
 
-//! The series of the curves read from it: none may be left when the canvas is painted next. The rest is cleared by the
-//! reset that follows; the item view still asks the model when the scroll bar moves.
+//! Removes the series of the curves, which read from the model, before the canvas is painted next. The reset that
+//! follows clears the rest.
 void RVXScopePlotViewPrivate::modelIsGone()
 {
-    model.set(nullptr);
+    context.removeModel();
     baseModel = nullptr;
-    curves.dropData();
-    sweepSamples.clear();
     showBufferSize();
     q_ptr->RequestReplot();
 }
@@ -241,97 +253,24 @@ void RVXScopePlotViewPrivate::followBaseModel()
     if (base == baseModel)
         return;
     baseModel = base;
-    batches.clear();
-    dropSweep();
-}
-
-void RVXScopePlotViewPrivate::dropSweep()
-{
-    sweepSamples.clear();
-    curves.detach();
-}
-
-void RVXScopePlotViewPrivate::createCurves()
-{
-    if (model.allChannels() > ScopeModel::maximumChannels) {
-        qDebug("RVXScopePlotView: the first %d of %d channels are shown",
-               ScopeModel::maximumChannels,
-               model.allChannels());
-    }
-    curves.createCurves(model.channelCount());
-}
-
-void RVXScopePlotViewPrivate::restartSweeps()
-{
-    if (model.plot())
-        sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
-    sweep.restart(model.lastRow());
-    stripStart.restart();
-}
-
-void RVXScopePlotViewPrivate::rowsHaveCome(int start, int end)
-{
-    if (!model.plot())
-        return;
-    batches.add(end - start + 1);
-    const int dropped =
-        sweep.rowsInserted(start, end, model.lastRow(), model.plot()->PlotWidthHintPoints());
-    if (dropped > 0) {
-        markers.rowsRemoved(1, dropped);
-        stripStart.rowsRemoved(1, dropped);
-    }
-    markers.rowsInserted(start, end);
-    stripStart.rowsInserted(start);
-}
-
-void RVXScopePlotViewPrivate::rowsHaveGone(int start, int end)
-{
-    sweep.rowsRemoved(start, end);
-    markers.rowsRemoved(start, end);
-    stripStart.rowsRemoved(start, end);
-    requestReplot();
-}
-
-void RVXScopePlotViewPrivate::rowsHaveMoved()
-{
-    sweep.forgetShown();
-    markers.forgetRows();
-    stripStart.restart();
-    requestReplot();
-}
-
-void RVXScopePlotViewPrivate::cellsHaveChanged(int top, int bottom)
-{
-    const RowRange shown = sweep.shown();
-    const bool all = top < 0 || bottom < 0;
-    if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
-        sweepChanged = true;
-    // Row 0 tells which channels are shown, and in which colours.
-    if (sweepChanged || top == 0 || shown.size() < 1)
-        refreshAsked = true;
-}
-
-int RVXScopePlotViewPrivate::stripLength() const
-{
-    const int hint = model.plot() ? model.plot()->PlotWidthHintPoints() : 0;
-    const int batch = batches.median();
-    return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
+    context.batches.clear();
+    context.dropSweep();
 }
 
 void RVXScopePlotViewPrivate::followSelection(int row, int channel)
 {
-    const bool isSample = isTimeMode(mode) && row >= 1 && row <= model.lastRow();
-    markers.followSelection(isSample ? row : 0, channel);
+    const bool isSample = isTimeMode(mode) && row >= 1 && row <= context.model.lastRow();
+    context.markers.followSelection(isSample ? row : 0, channel);
     if (mode == RVXScopePlotView::HistogramMode)
-        markers.item(0)->setValue(channel, 0.0);
+        context.markers.item(0)->setValue(channel, 0.0);
     q_ptr->RequestReplotRefresh();
-    // Plotted at once: the item view calls scrollTo() next, which leaves a sample alone that is on the axis.
-    if (isSample && currentMode().showSample(markers.item(0)->xValue()))
+    // The plot is made at once: the item view calls scrollTo() next, which does nothing for a sample on the axis.
+    if (isSample && currentMode().showSample(context.markers.item(0)->xValue()))
         q_ptr->Plot();
 }
 
-/*! Notes the selection model that the item view has made in setModel(), and deletes the one that it made before unless
-    another view uses that. The old one may be emitting the signal that led here, so it is deleted later. */
+/*! Remembers the selection model that the item view has made in setModel(), and deletes the one that it made before
+    unless another view uses that. The deletion is deferred: the old one may be emitting the signal that led here. */
 void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
 {
     delete oldSelection;
@@ -342,7 +281,7 @@ void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
     viewSelection = selection;
 }
 
-//! Colours the frame of the canvas, which covers no sample.
+//! Colours the frame of the canvas; it lies outside the samples.
 void RVXScopePlotViewPrivate::showFocus(bool focused)
 {
     QPalette palette; // all other colours are still those of the view
@@ -357,8 +296,45 @@ void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)
 {
     if (!markersEnabled)
         return;
-    markers.place(marker, position);
+    context.markers.place(marker, position);
     q_ptr->RequestReplotRefresh();
+}
+
+bool RVXScopePlotViewPrivate::markerKeyPressed(int key, int steps)
+{
+    ScopeMarkers &markers = context.markers;
+    const int marker = markers.selected();
+    if (!markersEnabled || !markers.isAttached(marker))
+        return false;
+    if (key == Qt::Key_Left) {
+        currentMode().moveMarker(marker, -steps);
+    } else if (key == Qt::Key_Right) {
+        currentMode().moveMarker(marker, steps);
+    } else if (key == Qt::Key_Delete) {
+        markers.detach(marker);
+        markers.selectOther();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+QRegion RVXScopePlotViewPrivate::selectionRegion(const QItemSelection &selection) const
+{
+    const QPoint corner = canvas->mapTo(q_ptr->viewport(), QPoint(0, 0));
+    const QRect whole(corner, canvas->size());
+    const QwtScaleMap map = plot->canvasMap(QwtPlot::xBottom);
+    QRegion region;
+    for (const QItemSelectionRange &range : selection) {
+        if (mode != RVXScopePlotView::HistogramMode) {
+            region += whole;
+            continue;
+        }
+        const int left = int(std::floor(map.transform(range.left() - 0.5)));
+        const int right = int(std::ceil(map.transform(range.right() + 0.5)));
+        region += QRect(corner.x() + left, corner.y(), right - left, whole.height());
+    }
+    return region & whole;
 }
 
 } // namespace Corvale_Qt

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScope_p.h"
+
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 #include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
-#include "corvale_qt/scope/RVXScope_p.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -18,14 +19,14 @@ const QLatin1String activeStyle("background-color:#88ff8a;");
 
 QIcon themeIcon(const QString &name)
 {
-    // Asked by its full name: for one that a theme lacks fromTheme() takes what begins alike, and undoing the zero
-    // would look like clearing the data.
+    // If the theme lacks a name, fromTheme() takes an icon whose name begins alike: the button that undoes the zero
+    // would look like the one that clears the data. hasThemeIcon() checks the full name.
     if (QIcon::hasThemeIcon(name))
         return QIcon::fromTheme(name);
     return QIcon(":/resources/icons/" + name + ".svg");
 }
 
-//! A turn of the wheel over the period would drop all samples that were collected.
+//! Ignores the wheel over the period, because a change of the period drops all samples.
 class WheelFilter : public QObject
 {
 public:
@@ -67,7 +68,7 @@ void RVXScopePrivate::setUpButtons()
     ui.confButton->setIcon(themeIcon("configure"));
     ui.zeroButton->setIcon(themeIcon("align-vertical-bottom-out"));
     ui.clearZeroButton->setIcon(themeIcon("edit-clear-locationbar-rtl"));
-    // The colour behind is the same in every palette, so the text on it must be too.
+    // The background is the same in every palette, so the text must be too.
     ui.stateLabel->setStyleSheet(QString(activeStyle) + "color:black;");
     ui.stateLabel->setMargin(3);
     QPalette palette = ui.clearZeroButton->palette();
@@ -96,7 +97,7 @@ void RVXScopePrivate::connectControls()
     QObject::connect(ui.positiveOnlyButton, &QAbstractButton::toggled, q, [this] {
         announceYScale();
     });
-    // A mode without a tab may be shown: the current tab is then the way back to its own.
+    // While a mode without a tab is shown, a click on the current tab returns to the mode of that tab.
     QObject::connect(ui.modeSelect, &QTabBar::tabBarClicked, q, [this](int index) {
         if (index >= 0 && index == ui.modeSelect->currentIndex())
             showMode(tabs().modeAt(index));
@@ -120,7 +121,7 @@ void RVXScopePrivate::showMode(int mode)
     ui.plotView->SetPlotMode(mode);
 }
 
-//! Adds or removes the tab of a mode; whether anything changed.
+//! Adds or removes the tab of a mode. Returns whether this changed the tabs.
 bool RVXScopePrivate::offerMode(int mode, bool offer)
 {
     if (offer == (tabs().indexOf(mode) >= 0))
@@ -147,7 +148,7 @@ void RVXScopePrivate::applyPeriod()
         device->setPeriod(periodInMilliseconds(ui.comboBox_period->currentIndex()));
 }
 
-//! Says what the proxy does, whoever took or ended the zero.
+//! Shows whether the proxy subtracts a zero; the host may have changed that too.
 void RVXScopePrivate::showZeroed()
 {
     Q_Q(RVXScope);
@@ -155,13 +156,13 @@ void RVXScopePrivate::showZeroed()
     if (zeroed == ui.clearZeroButton->isEnabledTo(q))
         return;
     if (!zeroed && ui.clearZeroButton->hasFocus())
-        ui.zeroButton->setFocus(); // a disabled button would hand it on to just anything
+        ui.zeroButton->setFocus(); // disabling a button moves its focus to an arbitrary control
     ui.clearZeroButton->setEnabled(zeroed);
     ui.clearZeroButton->setStyleSheet(zeroed ? activeStyle : QString());
     showState();
 }
 
-//! What is done to the data stays readable while the controls that tell it are hidden.
+//! Shows how the data is processed while the controls that show it are hidden.
 void RVXScopePrivate::showState()
 {
     QStringList states;
@@ -173,7 +174,7 @@ void RVXScopePrivate::showState()
     ui.stateLabel->setVisible(!states.isEmpty() && ui.configFrame->isHidden());
 }
 
-//! Keeps the row still while the number grows.
+//! Makes the label wide enough for the largest number, so that the row does not move while the number grows.
 void RVXScopePrivate::reserveBufferSizeWidth()
 {
     const QString widest =
@@ -191,7 +192,7 @@ bool RVXScopePrivate::save(const QString &fileName)
 void RVXScopePrivate::retranslate()
 {
     Q_Q(RVXScope);
-    // The form would set the title, and the number of samples, back to what they were at the start.
+    // retranslateUi() resets the title and the number of samples to those of the form.
     const QString title = q->windowTitle();
     ui.retranslateUi(q);
     q->setWindowTitle(title);

@@ -44,7 +44,7 @@ public:
 
     RVXScope *const q_ptr;
     Q_DECLARE_PUBLIC(RVXScope)
-    Ui::RVXScope ui;
+    Ui::RVXScope ui{};
     QPointer<QAbstractItemModel> baseModel;
     RVXAveragingProxyModel *const averaging;
     RVXZeroingProxyModel *const zeroing;

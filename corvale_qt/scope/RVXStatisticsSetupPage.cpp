@@ -62,7 +62,7 @@ public:
 
     RVXStatisticsSetupPage *const q_ptr;
     Q_DECLARE_PUBLIC(RVXStatisticsSetupPage)
-    Ui::RVXStatisticsSetupPage ui;
+    Ui::RVXStatisticsSetupPage ui{};
     StoredControls stored;
     QVariantList defaults;
     //! The title set by the form, in the current language; any other title was set by the host.

@@ -1,10 +1,136 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/widgets/RVXLogBrowser_p.h"
+#include "corvale_qt/widgets/RVXLogBrowser.h"
+
+#include "corvale_qt/widgets/LogColoring_p.h"
+#include "corvale_qt/widgets/LogScroll_p.h"
+#include "corvale_qt/widgets/LogText_p.h"
+#include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
+
+#include "ui_RVXLogBrowser.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
+#include <QTextCursor>
+#include <QTimer>
 
 namespace Corvale_Qt {
+
+//! Adds the lines, and drops the oldest.
+class RVXLogBrowserPrivate
+{
+public:
+    explicit RVXLogBrowserPrivate(RVXLogBrowser *browser);
+
+    QTextDocument *document() const { return ui.textBrowser->document(); }
+    void append(const QString &text);
+    void setMaximumBlockCount(int maximum);
+
+    RVXLogBrowser *const q;
+    Ui::RVXLogBrowser ui;
+    RVXLogBrowserSyntaxHighlighter *const highlighter;
+    LogScroll scroll;
+    bool syntaxHighlighting = true;
+
+private:
+    RVXLogBrowserSyntaxHighlighter *makeHighlighter();
+    void insert(const QStringList &lines);
+    void makeRoomFor(int blocks);
+    void colorWhenIdle();
+
+    LogColoring coloring;
+    QTimer idle;
+};
+
+RVXLogBrowserPrivate::RVXLogBrowserPrivate(RVXLogBrowser *browser)
+    : q(browser)
+    , highlighter(makeHighlighter())
+    , scroll(ui.textBrowser)
+    , coloring(highlighter, ui.textBrowser)
+{
+    using Highlighter = RVXLogBrowserSyntaxHighlighter;
+    QObject::connect(highlighter, &Highlighter::syntaxError, q, &RVXLogBrowser::syntaxError);
+    QObject::connect(highlighter, &Highlighter::syntaxWarning, q, &RVXLogBrowser::syntaxWarning);
+    idle.setSingleShot(true);
+    QObject::connect(&idle, &QTimer::timeout, q, [this] {
+        colorWhenIdle();
+    });
+}
+
+RVXLogBrowserSyntaxHighlighter *RVXLogBrowserPrivate::makeHighlighter()
+{
+    ui.setupUi(q);
+    return new RVXLogBrowserSyntaxHighlighter(document());
+}
+
+/*! Each time lines drop off the document lays out anew all that are left: 15 ms with 10000 of them. So they go
+    by the hundredth of the limit, which makes this 0.2 ms for a line. */
+void RVXLogBrowserPrivate::makeRoomFor(int blocks)
+{
+    const int limit = document()->maximumBlockCount();
+    const int excess = document()->blockCount() + blocks - limit;
+    if (limit <= 0 || excess <= 0 || document()->isEmpty())
+        return;
+    QTextCursor old(document());
+    const int dropped = qMax(excess, limit / 100);
+    if (dropped < document()->blockCount())
+        old.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, dropped);
+    else
+        old.select(QTextCursor::Document);
+    old.removeSelectedText();
+}
+
+void RVXLogBrowserPrivate::insert(const QStringList &lines)
+{
+    QStringList parts;
+    for (const QString &line : lines)
+        parts << partsOfLine(line);
+    const int limit = document()->maximumBlockCount();
+    if (limit > 0 && parts.size() > limit)
+        parts = parts.mid(parts.size() - limit);
+
+    // Dropping lines changes the first one left, and a new block the one before it.
+    const LogColoring::Quiet quiet(coloring);
+    makeRoomFor(parts.size());
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    if (!document()->isEmpty())
+        cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    coloring.insert(cursor, parts.join(QLatin1Char('\n')));
+}
+
+void RVXLogBrowserPrivate::append(const QString &text)
+{
+    const QStringList lines = logLines(text);
+    scroll.keepDuring([&] {
+        insert(lines);
+    });
+    if (coloring.isPending())
+        idle.start();
+    // Not before the edit is over: the host may answer with a line of its own, or clear them all.
+    const QPointer<RVXLogBrowser> alive = q;
+    for (auto line = lines.begin(); alive && line != lines.end(); ++line)
+        coloring.announce(*line);
+}
+
+void RVXLogBrowserPrivate::setMaximumBlockCount(int maximum)
+{
+    scroll.keepDuring([&] {
+        const LogColoring::Quiet quiet(coloring);
+        document()->setMaximumBlockCount(maximum);
+    });
+}
+
+void RVXLogBrowserPrivate::colorWhenIdle()
+{
+    scroll.keepDuring([this] {
+        coloring.colorInSight();
+        if (coloring.isPending())
+            coloring.colorPortion();
+    });
+    if (coloring.isPending())
+        idle.start();
+}
 
 RVXLogBrowser::RVXLogBrowser(QWidget *parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)

@@ -6,9 +6,9 @@
 
 namespace Corvale_Qt {
 
-void RVXLogBrowserSyntaxHighlighterPrivate::colour(const QString &line,
-                                                   const KeywordPatterns &keywords,
-                                                   const QColor &color)
+void RVXLogBrowserSyntaxHighlighterPrivate::color(const QString &line,
+                                                  const KeywordPatterns &keywords,
+                                                  const QColor &color)
 {
     QTextCharFormat format;
     format.setFontWeight(QFont::Bold);
@@ -133,9 +133,9 @@ void RVXLogBrowserSyntaxHighlighter::highlightBlock(const QString &text)
     const QString line = withWholeCharacters(text);
     const auto found = d->find(line);
     if (found.error)
-        d->colour(line, d->errorKeywords, d->errorColor);
+        d->color(line, d->errorKeywords, d->errorColor);
     if (found.warning)
-        d->colour(line, d->warningKeywords, d->warningColor);
+        d->color(line, d->warningKeywords, d->warningColor);
     if (!d->isQuiet)
         d->announce(found);
 }

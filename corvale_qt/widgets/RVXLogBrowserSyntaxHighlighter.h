@@ -63,7 +63,7 @@ protected:
     void highlightBlock(const QString &text) override;
 
 private:
-    friend class LogColouring;
+    friend class LogColoring;
     Q_DECLARE_PRIVATE(RVXLogBrowserSyntaxHighlighter)
     const QScopedPointer<RVXLogBrowserSyntaxHighlighterPrivate> d_ptr;
 };

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the log browser's classes alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/widgets/KeywordPatterns_p.h"
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
@@ -31,7 +26,7 @@ public:
     }
 
     //! Colours the \a keywords in \a line, the text of the current block.
-    void colour(const QString &line, const KeywordPatterns &keywords, const QColor &color);
+    void color(const QString &line, const KeywordPatterns &keywords, const QColor &color);
     //! Nothing while the highlighter is not enabled.
     Found find(const QString &line) const;
     void announce(const Found &found);

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXLogBrowser alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -21,16 +16,16 @@ class RVXLogBrowserSyntaxHighlighterPrivate;
 /*! Has the lines of a log coloured and announced, each in its time. A line is announced once, when it comes. Short
     texts are coloured when they are inserted, as is the end of a long one; the rest of it follows in portions, the
     newest lines first. */
-class LogColouring
+class LogColoring
 {
 public:
-    LogColouring(RVXLogBrowserSyntaxHighlighter *highlighter, QTextEdit *view);
+    LogColoring(RVXLogBrowserSyntaxHighlighter *highlighter, QTextEdit *view);
 
     //! For what rewrites old lines: while one is alive, the highlighter announces nothing.
     class Quiet
     {
     public:
-        explicit Quiet(LogColouring &colouring);
+        explicit Quiet(LogColoring &coloring);
         ~Quiet();
         Q_DISABLE_COPY(Quiet)
 
@@ -46,13 +41,13 @@ public:
 
     //! Whether there are lines without their colours.
     bool isPending() const { return m_plain.hasSelection(); }
-    void colourInSight();
+    void colorInSight();
     //! The newest of them.
-    void colourPortion();
+    void colorPortion();
 
 private:
     void addPlain(int from);
-    void colour(const QTextBlock &first, const QTextBlock &last);
+    void color(const QTextBlock &first, const QTextBlock &last);
 
     RVXLogBrowserSyntaxHighlighterPrivate &m_highlighter;
     QTextEdit *const m_view;

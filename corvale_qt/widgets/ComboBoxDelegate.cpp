@@ -42,7 +42,7 @@ public:
         return result;
     }
 
-    //! Which of \a among is stored in \a index; -1 for none.
+    //! Returns the position in \a among of the value that \a index stores, or -1.
     static int indexOf(const QVector<Choice> &among, const QModelIndex &index)
     {
         const QVariant stored = index.data(Qt::EditRole);
@@ -105,11 +105,11 @@ QWidget *ComboBoxDelegate::createEditor(QWidget *parent,
     const QPointer<QComboBox> editor = combo;
     connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, editor] {
         Q_EMIT self->commitData(editor);
-        // The model may have taken the choice as the end of all this.
+        // In answer to the choice the host may have deleted the delegate or the editor.
         if (self && editor)
             Q_EMIT self->closeEditor(editor);
     });
-    // An editor that a person opened has the focus when it is in its place; persistent ones have not.
+    // An editor that the user opened has the focus once it is in place; a persistent one does not.
     QTimer::singleShot(0, combo, [combo] {
         if (combo->hasFocus())
             combo->showPopup();

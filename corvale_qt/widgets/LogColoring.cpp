@@ -9,8 +9,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! Characters that are coloured in one go: with 50 keywords that all occur, their search and the layout of what has
-    become bold take about 20 ms. */
+/*! The number of characters that are coloured at once. With 50 keywords that all occur, searching these characters and
+    laying out the bold text takes about 20 ms. */
 constexpr int kPortion = 20000;
 
 } // namespace
@@ -88,8 +88,8 @@ void LogColoring::colorPortion()
         m_plain.setPosition(first.position() - 1, QTextCursor::KeepAnchor);
 }
 
-/*! Says that all from \a first to \a last has changed, and has it coloured and laid out in one go. Block by block
-    each of them would make the document move all that follow. */
+/*! Has the blocks from \a first to \a last coloured and laid out together, by marking them as changed. If they
+    changed one by one, the document would move all following blocks for each of them. */
 void LogColoring::color(const QTextBlock &first, const QTextBlock &last)
 {
     const Quiet quiet(*this);

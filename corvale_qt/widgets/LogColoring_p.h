@@ -13,15 +13,15 @@ namespace Corvale_Qt {
 class RVXLogBrowserSyntaxHighlighter;
 class RVXLogBrowserSyntaxHighlighterPrivate;
 
-/*! Has the lines of a log coloured and announced, each in its time. A line is announced once, when it comes. Short
-    texts are coloured when they are inserted, as is the end of a long one; the rest of it follows in portions, the
-    newest lines first. */
+/*! Decides when the lines of a log are coloured and announced. A line is announced once, when it is appended. A
+    short text, and the end of a long one, is coloured when it is inserted. The rest of a long text is coloured
+    later in portions, the newest lines first. */
 class LogColoring
 {
 public:
     LogColoring(RVXLogBrowserSyntaxHighlighter *highlighter, QTextEdit *view);
 
-    //! For what rewrites old lines: while one is alive, the highlighter announces nothing.
+    //! While an object of this class exists, the highlighter colours lines without announcing them.
     class Quiet
     {
     public:
@@ -34,15 +34,16 @@ public:
         const bool m_before;
     };
 
-    //! Inserts \a text at \a cursor, the end of the document, as its last block or blocks; announces nothing.
+    //! Inserts \a text at \a cursor, which must be at the end of the document, without announcing it.
     void insert(QTextCursor &cursor, const QString &text);
-    //! Emits what belongs to \a line; the host may delete all this in answer.
+    //! Emits the highlighter's signals for \a line; the host may delete the log browser in answer.
     void announce(const QString &line);
 
-    //! Whether there are lines without their colours.
+    //! Returns whether some lines are not coloured yet.
     bool isPending() const { return m_plain.hasSelection(); }
+    //! Colours the visible lines, if some of them are not coloured yet.
     void colorInSight();
-    //! The newest of them.
+    //! Colours the newest portion of the lines that are not coloured yet.
     void colorPortion();
 
 private:
@@ -51,7 +52,7 @@ private:
 
     RVXLogBrowserSyntaxHighlighterPrivate &m_highlighter;
     QTextEdit *const m_view;
-    //! From the first to the last block without colours.
+    //! Selects the blocks that are not coloured yet.
     QTextCursor m_plain;
 };
 

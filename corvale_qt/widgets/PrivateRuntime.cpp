@@ -24,7 +24,7 @@ enum LinkPolicy {
     RefuseLinks
 };
 
-//! Whether \a path is a folder of this user, of which others have none of the rights in \a refused.
+//! Returns whether \a path is a folder that this user owns and that has none of the permissions in \a refused.
 bool isOwnFolder(const QString &path, mode_t refused, LinkPolicy links)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -41,7 +41,7 @@ QString privateRuntimeFolder()
     const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(session) && isOwnFolder(session, S_IWGRP | S_IWOTH, FollowLinks))
         return session;
-    // Not QStandardPaths' own fallback, which follows a link that anybody may have put there.
+    // QStandardPaths has a fallback too, but follows a link that any user may have created.
     const QString own = QString("%1/corvale_qt-%2").arg(QDir::tempPath()).arg(::geteuid());
     ::mkdir(QFile::encodeName(own), S_IRWXU);
     return isOwnFolder(own, S_IRWXG | S_IRWXO, RefuseLinks) ? own : QString();
@@ -71,7 +71,7 @@ QString privateRuntimeFolder()
 
 bool isOfThisUser(const QLocalSocket &)
 {
-    return true; // the pipe itself admits nobody else
+    return true; // The pipe accepts only processes of this user.
 }
 
 #endif

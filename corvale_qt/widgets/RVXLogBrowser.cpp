@@ -16,7 +16,7 @@
 
 namespace Corvale_Qt {
 
-//! Adds the lines, and drops the oldest.
+//! Appends lines to the document, drops the oldest lines beyond the limit, and has keywords coloured.
 class RVXLogBrowserPrivate
 {
 public:
@@ -63,8 +63,9 @@ RVXLogBrowserSyntaxHighlighter *RVXLogBrowserPrivate::makeHighlighter()
     return new RVXLogBrowserSyntaxHighlighter(document());
 }
 
-/*! Each time lines drop off the document lays out anew all that are left: 15 ms with 10000 of them. So they go
-    by the hundredth of the limit, which makes this 0.2 ms for a line. */
+/*! Drops old blocks to make room for \a blocks new ones. When lines are dropped, the document lays out all remaining
+    lines again, which takes 15 ms for 10000 lines. Dropping a hundredth of the limit at a time reduces this to 0.2 ms
+    per line. */
 void RVXLogBrowserPrivate::makeRoomFor(int blocks)
 {
     const int limit = document()->maximumBlockCount();
@@ -89,7 +90,7 @@ void RVXLogBrowserPrivate::insert(const QStringList &lines)
     if (limit > 0 && parts.size() > limit)
         parts = parts.mid(parts.size() - limit);
 
-    // Dropping lines changes the first one left, and a new block the one before it.
+    // Dropping lines highlights the first remaining block again, and a new block the one before it.
     const LogColoring::Quiet quiet(coloring);
     makeRoomFor(parts.size());
     QTextCursor cursor(document());
@@ -107,7 +108,7 @@ void RVXLogBrowserPrivate::append(const QString &text)
     });
     if (coloring.isPending())
         idle.start();
-    // Not before the edit is over: the host may answer with a line of its own, or clear them all.
+    // After the edit, since the host may append another line or clear the log in answer.
     const QPointer<RVXLogBrowser> alive = q;
     for (auto line = lines.begin(); alive && line != lines.end(); ++line)
         coloring.announce(*line);
@@ -142,7 +143,7 @@ RVXLogBrowser::RVXLogBrowser(QWidget *parent, Qt::WindowFlags flags)
 RVXLogBrowser::~RVXLogBrowser()
 {
     Q_D(RVXLogBrowser);
-    // It outlives the private data.
+    // The highlighter is deleted after the private data.
     d->highlighter->disconnect(this);
 }
 
@@ -272,7 +273,7 @@ void RVXLogBrowser::setSyntaxHighlighting(bool on)
 {
     Q_D(RVXLogBrowser);
     d->syntaxHighlighting = on;
-    // Only on: kept on purpose, for hosts already built.
+    // False does not switch the highlighter off: kept on purpose for hosts that are already built.
     if (on)
         d->highlighter->setEnabled(true);
 }
@@ -317,7 +318,7 @@ QVBoxLayout *RVXLogBrowser::buttonLayout() const
     return d->ui.buttonsVerticalLayout;
 }
 
-//! A style sheet's background needs this in a class derived from QWidget.
+//! Paints the background of a style sheet, which a class derived from QWidget has to do itself.
 void RVXLogBrowser::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)

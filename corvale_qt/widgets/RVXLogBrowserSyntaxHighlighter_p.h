@@ -10,10 +10,11 @@
 
 namespace Corvale_Qt {
 
+//! The keywords and their colours; LogColoring uses it to colour lines without announcing them, or later.
 class RVXLogBrowserSyntaxHighlighterPrivate
 {
 public:
-    //! What a line holds.
+    //! Whether a line contains error or warning keywords.
     struct Found
     {
         bool error = false;
@@ -27,7 +28,7 @@ public:
 
     //! Colours the \a keywords in \a line, the text of the current block.
     void color(const QString &line, const KeywordPatterns &keywords, const QColor &color);
-    //! Nothing while the highlighter is not enabled.
+    //! Searches \a line for keywords; finds nothing while the highlighter is disabled.
     Found find(const QString &line) const;
     void announce(const Found &found);
 
@@ -38,9 +39,9 @@ public:
     QColor warningColor;
     bool wholeBlock = false;
     bool enabled = true;
-    //! Blocks are coloured without being announced.
+    //! Blocks are coloured, but no signals are emitted.
     bool isQuiet = false;
-    //! Blocks that begin at this position of the document or behind it are left without colours for now.
+    //! Blocks that begin at or after this position of the document are not coloured yet.
     int plainFrom = std::numeric_limits<int>::max();
 };
 

@@ -20,7 +20,7 @@
 
 namespace Corvale_Qt {
 
-//! Knows all pages in the order of their tabs, and the windows of those that are out.
+//! Keeps the order of all pages and the windows of the pages that are out.
 class RVXPopOutTabWidgetPrivate
 {
 public:
@@ -29,29 +29,29 @@ public:
     {
     }
 
-    //! Notes \a page, now tab \a index, before the tab that follows it.
+    //! Records that \a page is now tab \a index.
     void insert(QWidget *page, int index);
-    //! Forgets the pages that are neither a tab nor out. They may be deleted already: they are only compared.
+    //! Forgets pages that are neither in a tab nor out. They may already be deleted; pointers are only compared.
     void prune();
 
-    //! With the window under \a at, where that is given.
+    //! Moves the page of tab \a index into a window, with its title bar under \a at unless that is null.
     void popOut(int index, const QPoint *at = nullptr);
     void popIn(QWidget *page);
     void deleteWindows();
 
-    //! Whether \a event, on the tab bar, was for this widget alone.
+    //! Handles \a event of the tab bar; returns whether the tab bar must not see it.
     bool handleMouse(QEvent::Type type, const QMouseEvent &event);
     void fillMenu(QMenu *menu, int index);
 
-    //! Watches the window that the tabs are in now.
+    //! Watches the window that contains the tabs now.
     void watchMainWindow();
-    //! What \a type of event of the main window means for the windows of pages.
+    //! Hides, shows or minimises the windows of pages after an event of \a type in the main window.
     void followMainWindow(QEvent::Type type);
 
     RVXPopOutTabWidget *const q;
-    //! All pages in the order of their tabs, those that are out in the places where they come back to.
+    //! All pages in the order of their tabs; a page that is out keeps the place to which it returns.
     QVector<QWidget *> order;
-    //! Null for a page on its way.
+    //! The window of each page that is out; null while the page is being moved.
     QMap<QWidget *, PopOutWindow *> windows;
     QPointer<QWidget> mainWindow;
 
@@ -82,7 +82,7 @@ void RVXPopOutTabWidgetPrivate::prune()
     order.erase(std::remove_if(order.begin(), order.end(), isGone), order.end());
 }
 
-//! Which tab \a page becomes: behind those that stood before it.
+//! Returns the index of the tab that \a page gets when it returns.
 int RVXPopOutTabWidgetPrivate::placeFor(QWidget *page) const
 {
     const auto end = std::find(order.begin(), order.end(), page);
@@ -121,7 +121,7 @@ void RVXPopOutTabWidgetPrivate::connectWindow(PopOutWindow *window, QWidget *pag
         forget(page);
     });
 
-    // The key is only shown: the window takes it itself.
+    // The menu only shows the key; the window handles it.
     auto *back = new QAction(RVXPopOutTabWidget::tr("Put back into its tab") + QLatin1Char('\t')
                                  + popOutKey().toString(QKeySequence::NativeText),
                              window);
@@ -142,7 +142,7 @@ void RVXPopOutTabWidgetPrivate::popIn(QWidget *page)
     const int index = q->insertTab(placeFor(page), page, QString());
     look.apply(*q, index);
     q->setCurrentIndex(index);
-    // It may be handling its close event.
+    // The window may be handling its close event.
     window->hide();
     window->deleteLater();
     Q_EMIT q->tabPoppedIn(page);
@@ -150,7 +150,7 @@ void RVXPopOutTabWidgetPrivate::popIn(QWidget *page)
 
 void RVXPopOutTabWidgetPrivate::deleteWindows()
 {
-    // One by one: a page may take others with it.
+    // One at a time, since deleting a page may delete others.
     while (!windows.isEmpty()) {
         PopOutWindow *window = windows.take(windows.firstKey());
         window->disconnect(q);
@@ -159,7 +159,7 @@ void RVXPopOutTabWidgetPrivate::deleteWindows()
     }
 }
 
-//! The page was deleted, with its window or alone, or someone else has it now.
+//! Removes \a page, which was deleted or now belongs to another widget.
 void RVXPopOutTabWidgetPrivate::forget(QWidget *page)
 {
     PopOutWindow *window = windows.take(page);
@@ -193,7 +193,7 @@ bool RVXPopOutTabWidgetPrivate::handleMouse(QEvent::Type type, const QMouseEvent
     }
 }
 
-//! Where a drag leaves the tab on its bar. One that can be moved along the bar has to be dragged clear of it.
+//! Returns the area, around the tab bar, within which a drag leaves the tab in place. It is larger for movable tabs.
 QRect RVXPopOutTabWidgetPrivate::areaOfDrags() const
 {
     const bool isUpright =
@@ -209,7 +209,7 @@ bool RVXPopOutTabWidgetPrivate::handleDrag(const QMouseEvent &event)
         return false;
     const QPointer<QWidget> page = pressedPage;
     pressedPage.clear();
-    // The bar may be moving the tab; its part of the drag ends here.
+    // The bar may be moving the tab along; a release ends that.
     QMouseEvent release(QEvent::MouseButtonRelease,
                         event.localPos(),
                         event.screenPos(),
@@ -238,7 +238,7 @@ void RVXPopOutTabWidgetPrivate::followMainWindow(QEvent::Type type)
 {
     if (type == QEvent::Hide || type == QEvent::WindowStateChange)
         followAll();
-    // Not before it is there itself, for them to be above it.
+    // Later, since the main window must be shown first for the others to be above it.
     if (type == QEvent::Show)
         QMetaObject::invokeMethod(
             q,
@@ -293,7 +293,7 @@ RVXPopOutTabWidget::RVXPopOutTabWidget(QWidget *parent)
 RVXPopOutTabWidget::~RVXPopOutTabWidget()
 {
     Q_D(RVXPopOutTabWidget);
-    // The rest of this widget goes after the private data, and would still report to it.
+    // The base classes are destroyed after the private data and would still send it events.
     tabBar()->removeEventFilter(this);
     if (d->mainWindow)
         d->mainWindow->removeEventFilter(this);
@@ -351,7 +351,7 @@ bool RVXPopOutTabWidget::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::Hide:
     case QEvent::Show:
-        // Spontaneous ones belong to a change of the window state.
+        // Spontaneous events belong to a change of the window state.
         if (watched == d->mainWindow && !event->spontaneous())
             d->followMainWindow(event->type());
         break;
@@ -365,7 +365,7 @@ bool RVXPopOutTabWidget::eventFilter(QObject *watched, QEvent *event)
     return QTabWidget::eventFilter(watched, event);
 }
 
-//! Tabs within tabs, or a shortcut of the host, may have the same key: the innermost with the focus takes it.
+//! Nested tab widgets and shortcuts of the host may use the same key: the innermost widget with the focus takes it.
 bool RVXPopOutTabWidget::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && isTabEnabled(currentIndex())
@@ -384,7 +384,7 @@ void RVXPopOutTabWidget::keyPressEvent(QKeyEvent *event)
         QTabWidget::keyPressEvent(event);
 }
 
-//! It may have come into another window.
+//! The tabs may be in another window than before.
 void RVXPopOutTabWidget::showEvent(QShowEvent *event)
 {
     Q_D(RVXPopOutTabWidget);
@@ -411,7 +411,7 @@ void RVXPopOutTabWidget::contextMenuEvent(QContextMenuEvent *event)
         menu->popup(event->globalPos());
 }
 
-//! A tab widget whose pages are all out says so.
+//! Shows a hint if all pages are out.
 void RVXPopOutTabWidget::paintEvent(QPaintEvent *event)
 {
     Q_D(RVXPopOutTabWidget);
@@ -423,7 +423,7 @@ void RVXPopOutTabWidget::paintEvent(QPaintEvent *event)
     painter.drawText(
         rect().adjusted(8, 8, -8, -8),
         Qt::AlignCenter | Qt::TextWordWrap,
-        tr("All pages are in windows of their own.\nClose a window to put its page back."));
+        tr("All pages are in separate windows.\nClose a window to put its page back."));
 }
 
 void RVXPopOutTabWidget::tabInserted(int index)

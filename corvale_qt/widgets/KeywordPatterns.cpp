@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/KeywordPatterns_p.h"
-
-#include <QDebug>
+#include "corvale_qt/widgets/Logging_p.h"
 
 #include <algorithm>
 
@@ -114,8 +113,8 @@ void KeywordPatterns::set(const QStringList &keywords)
         const QString limit = isPlain(keyword) ? QString() : kMostSteps;
         const QRegularExpression expression(limit + asWholeWord(keyword), kOptions);
         if (!expression.isValid()) {
-            qDebug() << "log browser: not a valid pattern:" << keyword.left(80)
-                     << expression.errorString();
+            qCDebug(widgetsLog) << "log browser: not a valid pattern:" << keyword.left(80)
+                                << expression.errorString();
             continue;
         }
         m_patterns.append({expression, isPlain(keyword)});

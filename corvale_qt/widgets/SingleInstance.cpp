@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/Logging_p.h"
 #include "corvale_qt/widgets/PrivateRuntime_p.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QDebug>
 #include <QDir>
 #include <QLocalSocket>
 #include <QSysInfo>
@@ -107,7 +107,8 @@ bool SingleInstance::takeFirstPlace()
     }
     QLocalServer::removeServer(m_serverName);
     if (!m_server.listen(m_serverName))
-        qWarning().noquote() << "QtSingleApplication: cannot listen:" << m_server.errorString();
+        qCWarning(widgetsLog).noquote()
+            << "QtSingleApplication: cannot listen:" << m_server.errorString();
     return true;
 }
 
@@ -115,8 +116,8 @@ bool SingleInstance::takeFirstPlace()
 void SingleInstance::stayAlone(const QString &reason)
 {
     m_isAlone = true;
-    qWarning().noquote() << "QtSingleApplication: this program may run several times, since"
-                         << reason;
+    qCWarning(widgetsLog).noquote()
+        << "QtSingleApplication: this program may run several times, since" << reason;
 }
 
 bool SingleInstance::send(const QString &message, int timeout)
@@ -125,8 +126,8 @@ bool SingleInstance::send(const QString &message, int timeout)
         return false;
     const QByteArray utf8 = message.toUtf8();
     if (utf8.size() > kMaximumMessage) {
-        qDebug() << "QtSingleApplication: a message of" << utf8.size()
-                 << "bytes is too long to send";
+        qCDebug(widgetsLog) << "QtSingleApplication: a message of" << utf8.size()
+                            << "bytes is too long to send";
         return false;
     }
     const QDeadlineTimer deadline(timeout);
@@ -134,7 +135,7 @@ bool SingleInstance::send(const QString &message, int timeout)
     if (!connectBefore(socket, m_serverName, deadline))
         return false;
     if (!isOfThisUser(socket)) {
-        qWarning() << "QtSingleApplication: another user listens at" << m_serverName;
+        qCWarning(widgetsLog) << "QtSingleApplication: another user listens at" << m_serverName;
         return false;
     }
     socket.write(frame(utf8));

@@ -28,7 +28,7 @@ enum LinkPolicy {
 bool isOwnFolder(const QString &path, mode_t refused, LinkPolicy links)
 {
     const QByteArray name = QFile::encodeName(path);
-    struct stat info;
+    struct stat info = {};
     const int result = links == FollowLinks ? ::stat(name, &info) : ::lstat(name, &info);
     return result == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::geteuid()
         && (info.st_mode & refused) == 0;
@@ -38,7 +38,7 @@ bool isOwnFolder(const QString &path, mode_t refused, LinkPolicy links)
 
 QString privateRuntimeFolder()
 {
-    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(session) && isOwnFolder(session, S_IWGRP | S_IWOTH, FollowLinks))
         return session;
     // QStandardPaths has a fallback too, but follows a link that any user may have created.
@@ -51,7 +51,7 @@ bool isOfThisUser(const QLocalSocket &socket)
 {
     const int descriptor = int(socket.socketDescriptor());
 #ifdef SO_PEERCRED
-    struct ucred peer;
+    struct ucred peer = {};
     socklen_t size = sizeof peer;
     return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0
         && peer.uid == ::geteuid();

@@ -26,7 +26,7 @@ bool canBecomeNumber(const QString &text)
 }
 
 //! "1.500e-09" -> "1.5e-9", "2.000e+00" -> "2"
-QString shortened(QString text)
+QString shortened(const QString &text)
 {
     const int e = text.indexOf(QLatin1Char('e'));
     QString mantissa = text.left(e);

@@ -27,7 +27,7 @@ public:
     void setMaximumBlockCount(int maximum);
 
     RVXLogBrowser *const q;
-    Ui::RVXLogBrowser ui;
+    Ui::RVXLogBrowser ui{};
     RVXLogBrowserSyntaxHighlighter *const highlighter;
     LogScroll scroll;
     bool syntaxHighlighting = true;

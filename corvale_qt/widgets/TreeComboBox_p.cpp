@@ -211,7 +211,7 @@ void TreeComboBoxPrivate::walk(int steps)
 
 void TreeComboBoxPrivate::walkToEnd(int step)
 {
-    // The search from an invalid index starts at an end: going up, at the last item.
+    // A search from an invalid index starts at the end that it moves away from.
     pick(nextShownLeaf(*tree, QModelIndex(), -step));
 }
 

@@ -29,8 +29,8 @@ class Box : public IntStepSpinBox
 public:
     explicit Box(const Range &rangeAndStep)
     {
-        setRange(rangeAndStep.at(0), rangeAndStep.at(1));
         setSingleStep(rangeAndStep.at(2));
+        setRange(rangeAndStep.at(0), rangeAndStep.at(1));
         setValue(minimum());
         show();
         setFocus();

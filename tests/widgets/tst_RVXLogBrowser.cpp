@@ -3,6 +3,7 @@
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/widgets/LogColors.h"
 
 #include <QAccessible>
 #include <QFrame>
@@ -17,51 +18,6 @@
 using namespace Corvale_Qt;
 
 namespace {
-
-//! Returns the coloured stretches of a block as "text#color", with a "!" before those that are not bold.
-QString coloured(const QTextBlock &block)
-{
-    QStringList stretches;
-    const QString text = block.text();
-    for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
-        const bool bold = range.format.fontWeight() == QFont::Bold;
-        stretches << (bold ? "" : "!") + text.mid(range.start, range.length)
-                + range.format.foreground().color().name();
-    }
-    return stretches.join(" | ");
-}
-
-//! Appends "E" or "W" to \a announced for each error or warning that \a source announces.
-template<typename Source>
-void listen(const Source &source, QString &announced)
-{
-    QObject::connect(&source, &Source::syntaxError, &source, [&announced] {
-        announced += 'E';
-    });
-    QObject::connect(&source, &Source::syntaxWarning, &source, [&announced] {
-        announced += 'W';
-    });
-}
-
-//! A document with its highlighter and a record of what that announces.
-struct Highlighted
-{
-    QTextDocument document;
-    RVXLogBrowserSyntaxHighlighter highlighter{&document};
-    QString announced;
-
-    Highlighted()
-    {
-        // A document without a layout does not report its changes.
-        document.documentLayout();
-        listen(highlighter, announced);
-    }
-    QString colours(const QString &line)
-    {
-        document.setPlainText(line);
-        return coloured(document.begin());
-    }
-};
 
 QString joined(const QTextDocument &document)
 {
@@ -96,10 +52,6 @@ struct Log : RVXLogBrowser
     QScrollBar &bar() const { return *textBrowser()->verticalScrollBar(); }
 };
 
-const QString kError = "#ffff20";
-const QString kWarning = "#fadc50";
-const QString kWide = QString::fromUtf8("\xf0\x9f\x92\xa5"); // two UTF-16 units
-
 } // namespace
 
 class tst_RVXLogBrowser : public QObject
@@ -107,98 +59,6 @@ class tst_RVXLogBrowser : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void keywords_data()
-    {
-        QTest::addColumn<QStringList>("errors");
-        QTest::addColumn<QStringList>("warnings");
-        QTest::addColumn<bool>("wholeBlock");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("colours");
-        QTest::addColumn<QString>("announced");
-        const auto add = [](const char *name,
-                            const QStringList &errors,
-                            const QString &line,
-                            const QString &colours,
-                            const QString &announced,
-                            const QStringList &warnings = {},
-                            bool wholeBlock = false) {
-            QTest::newRow(name) << errors << warnings << wholeBlock << line << colours << announced;
-        };
-        const QStringList error{"ERROR"};
-        const QString word = "ERROR" + kError;
-        add("word", error, "an ERROR here", word, "E");
-        add("part of a word", error, "ERRORS", "", "");
-        add("other case", error, "error", "", "");
-        add("twice", error, "ERROR ERROR", word + " | " + word, "E");
-        add("whole line", error, "an ERROR here", "an ERROR here" + kError, "E", {}, true);
-        add("at the start of a whole line", error, "ERROR here", word, "E", {}, true);
-        const QString both = "late" + kWarning + " | " + word;
-        add("error and warning", error, "late ERROR", both, "EW", {"late"});
-        add("warning over error", error, "ERROR", "ERROR" + kWarning, "EW", error);
-        const QString umlaut = QString::fromUtf8("\xc3\x9c") + "berlauf";
-        add("umlauts are letters", {umlaut, "berlauf"}, "ein " + umlaut, umlaut + kError, "E");
-        add("pattern", {"E\\d+"}, "code E17", "E17" + kError, "E");
-        add("invalid patterns are ignored", {"(", "[", "*", "ERROR"}, "( ERROR", word, "E");
-        add("empty keyword", {""}, "a b", "", "E");
-        add("empty keyword, no word", {""}, "...", "", "");
-        add("empty matches among others", {"x*"}, "a xx", "xx" + kError, "E");
-        add("empty match before a wide character", {"|" + kWide}, "a" + kWide, "", "E");
-        const QString slow = "(?:(?:a|aa)+b|a+)";
-        add("pattern of many steps", {slow}, "aaaa", "aaaa" + kError, "E");
-        add("pattern of too many steps", {slow, "ERROR"}, QString(25, 'a') + " ERROR", word, "E");
-        // A line of more than 1000 characters is searched in stretches.
-        const QString digits = "E" + QString(40, '1');
-        add("pattern across stretches",
-            {"E\\d+"},
-            QString(980, '.') + digits + kWide.repeated(1001) + "E2",
-            digits + kError + " | E2" + kError,
-            "E");
-        add("lone surrogate in the line", error, QString(QChar(0xd800)) + " ERROR", word, "E");
-    }
-    void keywords()
-    {
-        QFETCH(QStringList, errors);
-        QFETCH(QStringList, warnings);
-        QFETCH(bool, wholeBlock);
-        QFETCH(QString, line);
-        Highlighted text;
-        text.highlighter.addErrorKeywords(errors);
-        text.highlighter.addWarningKeywords(warnings);
-        text.highlighter.setWholeBlockSyntaxHighlighting(wholeBlock);
-        QTEST(text.colours(line), "colours");
-        QTEST(text.announced, "announced");
-    }
-
-    void invalidPatternIsReportedOnce()
-    {
-        static QStringList reported;
-        reported.clear();
-        const auto before = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext &context, const QString &text) {
-                reported << QString(context.category) + '|' + text.section(' ', 0, 6);
-            });
-        Highlighted text;
-        text.highlighter.addErrorKeywords({"("});
-        text.colours("one line\nand another");
-        qInstallMessageHandler(before);
-        QCOMPARE(reported.join('\n'),
-                 QString("corvale.widgets|log browser: not a valid pattern: \"(\""));
-    }
-
-    void coloursAndSwitches()
-    {
-        Highlighted text;
-        text.highlighter.addErrorKeywords({"FATAL"});
-        text.highlighter.addErrorKeywords({"ERROR"}); // replaces the first list
-        text.highlighter.setErrorWarningColorsForWhiteBackground();
-        QCOMPARE(text.colours("ERROR FATAL"), QString("ERROR#ff7d28"));
-        QCOMPARE(text.highlighter.warningColor(), QColor(245, 200, 5));
-        text.highlighter.setEnabled(false);
-        text.announced.clear();
-        QCOMPARE(text.colours("ERROR"), QString());
-        QCOMPARE(text.announced, QString());
-    }
-
     void switchingOffLeavesTheHighlighterOn()
     {
         Log log({"ERROR"});
@@ -466,20 +326,6 @@ private Q_SLOTS:
         QTRY_COMPARE(countColoured(document), lines + 1);
         QCOMPARE(log.announced.size(), lines + 1);
         QCOMPARE(log.bar().value(), 0);
-    }
-
-    //! A search that reads the whole line for each match would exceed the time limit of the test.
-    void longLineManyKeywords()
-    {
-        QStringList keywords;
-        for (int i = 0; i < 50; ++i)
-            keywords << QString("KEY%1").arg(i);
-        QString line;
-        while (line.size() < 1000000)
-            line += QString("value KEY%1 ").arg(line.size() % 100);
-        Highlighted text;
-        text.highlighter.addErrorKeywords(keywords);
-        QVERIFY(text.colours(line).count(kError) > 30000);
     }
 };
 

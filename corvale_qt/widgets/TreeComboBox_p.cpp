@@ -8,8 +8,8 @@
 
 namespace Corvale_Qt {
 
-/*! QComboBox has connected itself to the model before the tree gets it, so what is done here comes after what
-    QComboBox does on the same signal. */
+/*! Connects to the tree's model. QComboBox has already connected to it, so the slots of this class run after those of
+    QComboBox. */
 void TreeComboBoxPrivate::watchModel()
 {
     stopWatching();
@@ -59,8 +59,8 @@ void TreeComboBoxPrivate::stopWatching()
     watches.clear();
 }
 
-/*! Makes \a index current here and in QComboBox, which knows rows below its root only. By value: a reference
-    into the persistent index would not live as long. */
+/*! Makes \a index current here and in QComboBox, which only knows the rows below its root. The index is passed by value
+    because a reference into the persistent index could become invalid meanwhile. */
 void TreeComboBoxPrivate::setCurrent(QModelIndex index)
 {
     const bool isOther = current != index || hadCurrent != index.isValid();
@@ -80,7 +80,7 @@ void TreeComboBoxPrivate::setCurrent(QModelIndex index)
         Q_EMIT q->currentModelIndexChanged(current);
 }
 
-//! QComboBox has another current row: set by the host on the base class, or by an editor's completion.
+//! Follows QComboBox after the host or the completion of an editor has set another current \a row on the base class.
 void TreeComboBoxPrivate::baseChanged(int row)
 {
     if (isSetting || modelIsChanging)
@@ -104,7 +104,7 @@ void TreeComboBoxPrivate::afterChange()
 void TreeComboBoxPrivate::afterReset()
 {
     const QModelIndex found = itemAt(*q->model(), pathBeforeReset, q->modelColumn());
-    // Announced even when it looks the same: it is another item.
+    // Announced even if the texts are the same, since it is another item.
     current = QPersistentModelIndex();
     hadCurrent = hadCurrent && !found.isValid();
     modelIsChanging = false;
@@ -114,7 +114,7 @@ void TreeComboBoxPrivate::afterReset()
         afterChange();
 }
 
-//! Without a look at QComboBox, whose model may be the one that goes while it gets another.
+//! Clears the current item without calling QComboBox, which may still be replacing the model that is being deleted.
 void TreeComboBoxPrivate::modelGone()
 {
     current = QPersistentModelIndex();
@@ -130,7 +130,7 @@ void TreeComboBoxPrivate::noteClick(const QPoint &globalPosition)
     sinceClick.start();
 }
 
-//! The popup may have opened under the pointer: a click there is over before the item below it is meant.
+//! Returns whether a release at \a globalPosition ends the click that opened the popup, perhaps under the pointer.
 bool TreeComboBoxPrivate::isEndOfOpeningClick(const QPoint &globalPosition) const
 {
     return sinceClick.isValid() && sinceClick.elapsed() < QApplication::doubleClickInterval()
@@ -145,14 +145,14 @@ bool TreeComboBoxPrivate::popupMouse(QEvent::Type type, const QMouseEvent &event
         tree->toggle(index);
     if (type != QEvent::MouseButtonRelease)
         return isOnBranch;
-    // Not on a branch, which QComboBox would take for a choice, nor beside the items.
+    // A release on a branch, which QComboBox would choose, or beside the items does nothing.
     if (isLeaf(index) && index == tree->currentIndex() && !isEndOfOpeningClick(event.globalPos()))
         pickFromPopup(index);
     return true;
 }
 
-/*! QComboBox takes what is current in its popup on these keys, at the override of a shortcut and again at the key
-    press, and takes branches as well. */
+/*! Handles the keys on which QComboBox would choose the current item of the popup, even a branch. QComboBox does so at
+    the shortcut override and again at the key press. */
 bool TreeComboBoxPrivate::popupKey(QEvent::Type type, const QKeyEvent &event)
 {
     const bool isAltUpOrDown = (event.modifiers() & Qt::AltModifier)
@@ -181,7 +181,7 @@ void TreeComboBoxPrivate::pickFromPopup(const QModelIndex &leaf)
     pick(picked);
 }
 
-//! A person's choice. The host may delete the combo box in answer to any of the signals.
+//! Makes \a leaf current as the user's choice. The host may delete the combo box in answer to any of the signals.
 void TreeComboBoxPrivate::pick(const QModelIndex &leaf)
 {
     if (!leaf.isValid())
@@ -204,14 +204,14 @@ void TreeComboBoxPrivate::walk(int steps)
         reached = leaf;
         leaf = nextShownLeaf(*tree, leaf, step);
     }
-    // All branches closed and nothing chosen: there has to be a way in.
+    // If all branches are closed and no item is current, go to the first leaf.
     pick(reached.isValid() || current.isValid() ? reached
                                                 : firstLeaf(*q->model(), q->rootModelIndex()));
 }
 
 void TreeComboBoxPrivate::walkToEnd(int step)
 {
-    // The other way from nowhere begins at the end.
+    // A search from an invalid index starts at the end that it moves away from.
     pick(nextShownLeaf(*tree, QModelIndex(), -step));
 }
 
@@ -238,12 +238,12 @@ bool TreeComboBoxPrivate::typed(const QString &text)
         sinceTyped.isValid() && sinceTyped.elapsed() < QApplication::keyboardInputInterval();
     if (!goesOn)
         typedText.clear();
-    // At the beginning it opens the popup.
+    // A blank typed first opens the popup.
     if (typedText.isEmpty() && text.at(0).isSpace())
         return false;
     sinceTyped.start();
     typedText += text;
-    // The same letter again and again goes from one to the next.
+    // Typing the same letter repeatedly goes from one match to the next.
     const bool isOneLetter = typedText.count(text) * text.size() == typedText.size();
     const QModelIndex leaf = leafBeginningWith(isOneLetter ? text : typedText, isOneLetter);
     if (leaf.isValid() && leaf != inFirstColumn(current))
@@ -251,8 +251,8 @@ bool TreeComboBoxPrivate::typed(const QString &text)
     return true;
 }
 
-/*! The current leaf, unless the next is wanted, or the next shown leaf, beginning again at the top, whose text begins
-    with \a text; else the first such leaf in a closed branch. */
+/*! Returns a leaf whose text begins with \a text: the current leaf, unless \a isNext; else the next shown leaf,
+    continuing at the top; else the first leaf in a closed branch. */
 QModelIndex TreeComboBoxPrivate::leafBeginningWith(const QString &text, bool isNext) const
 {
     const auto begins = [this, &text](const QModelIndex &leaf) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/widgets/LogColouring_p.h"
+#include "corvale_qt/widgets/LogColoring_p.h"
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter_p.h"
 
 #include <QTextEdit>
@@ -9,31 +9,31 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! Characters that are coloured in one go: with 50 keywords that all occur, their search and the layout of what has
-    become bold take about 20 ms. */
+/*! The number of characters that are coloured at once. With 50 keywords that all occur, searching these characters and
+    laying out the bold text takes about 20 ms. */
 constexpr int kPortion = 20000;
 
 } // namespace
 
-LogColouring::LogColouring(RVXLogBrowserSyntaxHighlighter *highlighter, QTextEdit *view)
+LogColoring::LogColoring(RVXLogBrowserSyntaxHighlighter *highlighter, QTextEdit *view)
     : m_highlighter(*highlighter->d_func())
     , m_view(view)
 {
 }
 
-LogColouring::Quiet::Quiet(LogColouring &colouring)
-    : m_highlighter(colouring.m_highlighter)
+LogColoring::Quiet::Quiet(LogColoring &coloring)
+    : m_highlighter(coloring.m_highlighter)
     , m_before(m_highlighter.isQuiet)
 {
     m_highlighter.isQuiet = true;
 }
 
-LogColouring::Quiet::~Quiet()
+LogColoring::Quiet::~Quiet()
 {
     m_highlighter.isQuiet = m_before;
 }
 
-void LogColouring::insert(QTextCursor &cursor, const QString &text)
+void LogColoring::insert(QTextCursor &cursor, const QString &text)
 {
     const Quiet quiet(*this);
     const int from = cursor.position();
@@ -45,11 +45,11 @@ void LogColouring::insert(QTextCursor &cursor, const QString &text)
     m_highlighter.plainFrom = before;
     if (isLong) {
         addPlain(from);
-        colourPortion();
+        colorPortion();
     }
 }
 
-void LogColouring::addPlain(int from)
+void LogColoring::addPlain(int from)
 {
     const int begin = isPending() ? m_plain.selectionStart() : from;
     m_plain = QTextCursor(m_view->document());
@@ -57,12 +57,12 @@ void LogColouring::addPlain(int from)
     m_plain.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
 }
 
-void LogColouring::announce(const QString &line)
+void LogColoring::announce(const QString &line)
 {
     m_highlighter.announce(m_highlighter.find(line));
 }
 
-void LogColouring::colourInSight()
+void LogColoring::colorInSight()
 {
     if (!isPending())
         return;
@@ -70,10 +70,10 @@ void LogColouring::colourInSight()
     const QTextBlock first = m_view->cursorForPosition(QPoint()).block();
     const QTextBlock last = m_view->cursorForPosition(bottom).block();
     if (last.position() >= m_plain.selectionStart() && first.position() <= m_plain.selectionEnd())
-        colour(first, last);
+        color(first, last);
 }
 
-void LogColouring::colourPortion()
+void LogColoring::colorPortion()
 {
     const int begin = m_plain.selectionStart();
     const QTextBlock last = m_view->document()->findBlock(m_plain.selectionEnd());
@@ -82,15 +82,15 @@ void LogColouring::colourPortion()
         first = first.previous();
         length += first.length();
     }
-    colour(first, last);
+    color(first, last);
     m_plain.setPosition(begin);
     if (first.position() > begin)
         m_plain.setPosition(first.position() - 1, QTextCursor::KeepAnchor);
 }
 
-/*! Says that all from \a first to \a last has changed, and has it coloured and laid out in one go. Block by block
-    each of them would make the document move all that follow. */
-void LogColouring::colour(const QTextBlock &first, const QTextBlock &last)
+/*! Has the blocks from \a first to \a last coloured and laid out together, by marking them as changed. If they
+    changed one by one, the document would move all following blocks for each of them. */
+void LogColoring::color(const QTextBlock &first, const QTextBlock &last)
 {
     const Quiet quiet(*this);
     QTextCursor edit(m_view->document());

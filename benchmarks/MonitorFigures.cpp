@@ -2,12 +2,12 @@
 // What the monitor's window costs, on lines from a pipe: start, rows a second, delay of the event loop under a
 // flood, memory. Prints one line for each figure; the window is shown, offscreen where there is no display.
 #include "LineFlood.h"
-#include "monitor/session/Session.h"
 #include "monitor/core/Clock.h"
+#include "monitor/session/Session.h"
 #include "monitor/sources/SimulatorSource.h"
 #include "monitor/sources/StandardInputSource.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -80,7 +80,7 @@ void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
     MonitorWindow window(session, settings);
     window.show();
     session.start();
-    while (!window.views().hasDrawn())
+    while (!window.displays().hasDrawn())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     window.grab();
     std::printf("start to first painted frame   %8.0f ms\n", double(sinceStart.elapsed()));

@@ -38,7 +38,7 @@ bool looksLikeNames(const QStringList &fields)
 }
 
 //! The column that holds the time: one with such a name, else the first; none where spots have no time.
-int findTimeColumn(const QStringList &fields, Layout layout, double *factor)
+int findTimeColumn(const QStringList &fields, StreamKind kind, double *factor)
 {
     for (int i = 0; i < fields.size(); ++i) {
         if (!isTimeName(fields[i]))
@@ -49,7 +49,7 @@ int findTimeColumn(const QStringList &fields, Layout layout, double *factor)
         *factor = unit ? unit->unscale(1.0) : 1.0;
         return i;
     }
-    return layout == Layout::Spots ? -1 : 0;
+    return kind == StreamKind::Spots ? -1 : 0;
 }
 
 bool isFrameNumber(const QString &name)
@@ -72,14 +72,14 @@ bool allMatch(const QVector<Channel> &channels, const QString &pattern)
            });
 }
 
-Layout layoutOf(const QVector<Channel> &channels)
+StreamKind kindOf(const QVector<Channel> &channels)
 {
     if (allMatch(channels, QStringLiteral("r\\d+c\\d+")))
-        return Layout::Pixels;
+        return StreamKind::Pixels;
     const bool both = channels.size() >= 2 && channels.first().name.startsWith(QLatin1Char('x'))
         && channels.last().name.startsWith(QLatin1Char('y'));
-    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? Layout::Strips
-                                                                  : Layout::Channels;
+    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? StreamKind::Strips
+                                                                  : StreamKind::Channels;
 }
 
 } // namespace
@@ -95,8 +95,8 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     ColumnPlan plan;
     plan.fieldCount = fields.size();
     if (areSpots(fields))
-        plan.layout = Layout::Spots;
-    plan.timeColumn = findTimeColumn(fields, plan.layout, &plan.timeFactor);
+        plan.kind = StreamKind::Spots;
+    plan.timeColumn = findTimeColumn(fields, plan.kind, &plan.timeFactor);
     for (int i = 0; i < fields.size(); ++i) {
         if (i == plan.timeColumn || isFrameNumber(fields[i]))
             continue;
@@ -113,8 +113,8 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     }
     if (plan.channels.isEmpty())
         return std::nullopt;
-    if (plan.layout != Layout::Spots)
-        plan.layout = layoutOf(plan.channels);
+    if (plan.kind != StreamKind::Spots)
+        plan.kind = kindOf(plan.channels);
     return plan;
 }
 

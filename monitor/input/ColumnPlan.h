@@ -17,7 +17,7 @@ struct ColumnPlan
     double timeFactor = 1.0;
     QVector<int> valueColumns;
     QVector<Channel> channels;
-    Layout layout = Layout::Channels;
+    StreamKind kind = StreamKind::Channels;
     int leftOut = 0; //!< channels beyond the 256 that are read
 
     //! Nothing where the fields are no names of columns.

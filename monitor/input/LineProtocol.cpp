@@ -172,10 +172,10 @@ bool LineProtocol::adoptShape()
             refuse(currentLine(Refusal::TooManyValues));
             return false;
         }
-        channels = StreamHeader::defaultChannels(m_metadata.layout(), values);
+        channels = StreamHeader::defaultChannels(m_metadata.kind(), values);
     }
     const bool timed = fields != channels.size();
-    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.layout(), timed);
+    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.kind(), timed);
     m_hasNamedColumns = false;
     m_shapeProven = false;
     m_headerTold = false;
@@ -260,7 +260,7 @@ void LineProtocol::deliver(double time, const double *values)
 {
     if (!m_headerTold) {
         m_headerTold = true;
-        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->layout()));
+        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->kind()));
     }
     m_shapeProven = true;
     ++m_counts.readings;

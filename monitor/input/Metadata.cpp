@@ -81,11 +81,11 @@ Metadata::Line Metadata::takeChannels(const QString &value)
 Metadata::Line Metadata::takeLayout(const QString &value)
 {
     bool known = false;
-    const Layout layout = layoutFromName(value, &known);
+    const StreamKind kind = kindFromName(value, &known);
     if (!known)
         return Line::Unreadable;
-    m_layout = layout;
-    m_layoutKnown = true;
+    m_kind = kind;
+    m_kindKnown = true;
     return Line::Changed;
 }
 
@@ -133,10 +133,10 @@ QVector<Channel> Metadata::channels() const
     return channels;
 }
 
-StreamHeader Metadata::headerFor(const QVector<Channel> &columns, Layout layout) const
+StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kind) const
 {
     StreamHeader header;
-    header.layout = m_layoutKnown ? m_layout : layout;
+    header.kind = m_kindKnown ? m_kind : kind;
     header.channels = columns;
     for (int i = 0; m_names.size() == columns.size() && i < columns.size(); ++i)
         header.channels[i].name = m_names[i];

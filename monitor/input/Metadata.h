@@ -28,11 +28,11 @@ public:
 
     const QString &event() const { return m_event; }
     //! The header for a table of these channels, with what was said of them.
-    StreamHeader headerFor(const QVector<Channel> &channels, Layout layout) const;
+    StreamHeader headerFor(const QVector<Channel> &channels, StreamKind kind) const;
     //! The declared channels with the declared units; empty where none were declared.
     QVector<Channel> channels() const;
     //! The declared layout, else channels.
-    Layout layout() const { return m_layout; }
+    StreamKind kind() const { return m_kind; }
 
 private:
     Line takeChannels(const QString &value);
@@ -43,8 +43,8 @@ private:
 
     QStringList m_names;
     QStringList m_units;
-    bool m_layoutKnown = false;
-    Layout m_layout = Layout::Channels;
+    bool m_kindKnown = false;
+    StreamKind m_kind = StreamKind::Channels;
     QDateTime m_startTime;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;

@@ -40,7 +40,7 @@ std::unique_ptr<MultichannelRowReader> MultichannelRowReader::fromHeader(const Q
 }
 
 MultichannelRowReader::MultichannelRowReader(int channels)
-    : RowReader(numberedChannels(channels), Layout::Channels)
+    : RowReader(numberedChannels(channels), StreamKind::Channels)
     , m_columns(std::size_t(channels))
     , m_line(std::size_t(channels))
     , m_values(std::size_t(channels))

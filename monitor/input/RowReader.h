@@ -25,27 +25,27 @@ public:
     virtual ~RowReader();
 
     const QVector<Channel> &channels() const { return m_channels; }
-    Layout layout() const { return m_layout; }
+    StreamKind kind() const { return m_kind; }
     //! A line that brings no time of its own gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
     //! Hands over what was waiting for further lines.
     virtual void finish(const RowHandler &handler);
 
 protected:
-    RowReader(const QVector<Channel> &channels, Layout layout);
+    RowReader(const QVector<Channel> &channels, StreamKind kind);
     RowReader(const RowReader &) = delete;
     RowReader &operator=(const RowReader &) = delete;
 
 private:
     QVector<Channel> m_channels;
-    Layout m_layout;
+    StreamKind m_kind;
 };
 
 //! "t,v1,v2,..." or, where the lines bring no time, "v1,v2,...".
 class TimedRowReader : public RowReader
 {
 public:
-    TimedRowReader(const QVector<Channel> &channels, Layout layout, bool timed);
+    TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
 
 private:

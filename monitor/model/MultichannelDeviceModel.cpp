@@ -88,14 +88,14 @@ void MultichannelDeviceModel::addReadings(const ReadingBlock &readings)
         m_arrivedWaiting += qint64(due.size());
         return;
     }
-    show(int(due.size()), [&](int i) {
+    appendVisible(int(due.size()), [&](int i) {
         const int row = due[std::size_t(i)];
         m_visible.append(readings.time(row), readings.values(row));
     });
 }
 
 //! Makes room for \a count readings, of which at most a bufferful is kept, and announces them as one insertion.
-void MultichannelDeviceModel::show(int count, const std::function<void(int i)> &append)
+void MultichannelDeviceModel::appendVisible(int count, const std::function<void(int i)> &append)
 {
     if (count == 0)
         return;
@@ -122,7 +122,7 @@ void MultichannelDeviceModel::setPaused(bool paused)
 void MultichannelDeviceModel::UpdateView()
 {
     std::vector<double> values(std::size_t(m_waiting.channels()));
-    show(m_waiting.size(), [&](int i) {
+    appendVisible(m_waiting.size(), [&](int i) {
         m_waiting.copyValues(i, values.data());
         m_visible.append(m_waiting.time(i), values.data());
     });

@@ -68,7 +68,7 @@ public Q_SLOTS:
 private:
     using Unit = Corvale_Qt::Units::MeasurementUnit;
 
-    void show(int count, const std::function<void(int i)> &append);
+    void appendVisible(int count, const std::function<void(int i)> &append);
     bool has(int row, int column) const;
     double shown(double value, int channel) const;
     QVariant text(int row, int column) const;

@@ -82,12 +82,12 @@ public:
         else if (isSet("rotate"))
             fail("rotate", tr("a time or a size, like 1h or 100M"));
     }
-    void view(QString *view)
+    void display(QString *display)
     {
         static const QStringList names =
             {"strip", "scope", "histogram", "profile", "position", "spots"};
-        *view = text("view");
-        if (isSet("view") && !names.contains(*view))
+        *display = text("view");
+        if (isSet("view") && !names.contains(*display))
             fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
     }
 
@@ -181,7 +181,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
-    values.view(&view);
+    values.display(&display);
     if (task == Task::Screenshot && !values.isSet("speed"))
         file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));

@@ -41,7 +41,7 @@ struct CommandLine
     QString output; //!< of Screenshot and Convert
     bool json = false;
     QSize size;
-    QString view;
+    QString display; //!< of --view; empty for the one that fits the data
     //! End after so many readings or seconds; 0 for none.
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;

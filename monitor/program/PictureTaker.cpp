@@ -3,9 +3,9 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/PictureExport.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <algorithm>
 
@@ -63,7 +63,7 @@ void PictureTaker::check()
     const bool failed = m_session.statistics().readings() == 0;
     if (waited < settlingTime)
         return;
-    if (m_window.views().hasDrawn())
+    if (m_window.displays().hasDrawn())
         take();
     else if (failed || waited > drawingPatience)
         giveUp();

@@ -37,7 +37,7 @@ private:
     void openWindow();
     QString settingsFile() const;
     QString hint() const;
-    void showView();
+    void showDisplay();
     void leave(ExitCode code, const QString &text = QString());
 
     const CommandLine m_commandLine;

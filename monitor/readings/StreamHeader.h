@@ -9,7 +9,7 @@
 namespace Monitor {
 
 //! What the values of one reading are.
-enum class Layout {
+enum class StreamKind {
     Channels, //!< independent channels over time
     Strips, //!< two profiles: the strips of x, then those of y
     Pixels, //!< a matrix, row after row, row 1 at the smallest y
@@ -17,9 +17,9 @@ enum class Layout {
 };
 
 //! "channels", "strips", "pixels" or "spots".
-QString layoutName(Layout layout);
+QString kindName(StreamKind kind);
 //! The layout of that name; \a ok tells whether there is one.
-Layout layoutFromName(const QString &name, bool *ok);
+StreamKind kindFromName(const QString &name, bool *ok);
 
 struct Channel
 {
@@ -35,7 +35,7 @@ struct StreamHeader
 {
     static constexpr int maxChannels = 256;
 
-    Layout layout = Layout::Channels;
+    StreamKind kind = StreamKind::Channels;
     QVector<Channel> channels;
     QDateTime startTime; //!< when t was 0; invalid where nobody said
     //! Readings outside are over range; no limits where both are equal.
@@ -48,10 +48,10 @@ struct StreamHeader
     //! The unit that all channels share; empty where they differ.
     QString commonUnit() const;
     //! Names as strips, pixels and spots have them, or "ch1", "ch2" and so on.
-    static QVector<Channel> defaultChannels(Layout layout, int count);
+    static QVector<Channel> defaultChannels(StreamKind kind, int count);
 };
 
 } // namespace Monitor
 
-Q_DECLARE_METATYPE(Monitor::Layout)
+Q_DECLARE_METATYPE(Monitor::StreamKind)
 Q_DECLARE_METATYPE(Monitor::StreamHeader)

@@ -47,7 +47,7 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
         columns += units.last().isEmpty() ? names.last() : names.last() + '_' + units.last();
     }
     QByteArray text = "#corvale 1\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
-    text += "#layout " + layoutName(header.layout).toLatin1() + "\n";
+    text += "#layout " + kindName(header.kind).toLatin1() + "\n";
     text += "#channels " + names.join(',') + "\n";
     text += "#unit " + units.join(',') + "\n";
     if (header.hasRange()) {

@@ -56,8 +56,8 @@ public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Strips;
-        header.channels = StreamHeader::defaultChannels(Layout::Strips, 2 * strips);
+        header.kind = StreamKind::Strips;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 2 * strips);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
         return header;
@@ -88,8 +88,8 @@ public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Pixels;
-        header.channels = StreamHeader::defaultChannels(Layout::Pixels, side * side);
+        header.kind = StreamKind::Pixels;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Pixels, side * side);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
         return header;
@@ -121,7 +121,7 @@ public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Spots;
+        header.kind = StreamKind::Spots;
         header.channels = {{QStringLiteral("layer"), {}},
                            {QStringLiteral("energy"), QStringLiteral("MeV")},
                            {QStringLiteral("x"), QStringLiteral("mm")},

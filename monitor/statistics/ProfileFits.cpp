@@ -36,16 +36,16 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
 
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics)
 {
-    const Layout layout = statistics.header().layout;
+    const StreamKind kind = statistics.header().kind;
     QVector<float> values;
     for (const double value : statistics.lastValues())
         values.append(std::isfinite(value) ? float(value) : 0.0F);
-    if (layout == Layout::Strips && values.size() >= 2) {
+    if (kind == StreamKind::Strips && values.size() >= 2) {
         const int half = (values.size() + 1) / 2;
         return {fitOf(QStringLiteral("x"), values.mid(0, half)),
                 fitOf(QStringLiteral("y"), values.mid(half))};
     }
-    if (layout == Layout::Channels && values.size() >= fewestOfAProfile)
+    if (kind == StreamKind::Channels && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};
     return {};
 }

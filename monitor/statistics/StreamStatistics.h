@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/readings/PixelGrid.h"
+#include "monitor/readings/PixelShape.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/statistics/FrameMoments.h"
@@ -42,7 +42,7 @@ private:
     void noteStep(double step);
 
     StreamHeader m_header;
-    PixelGrid m_grid;
+    PixelShape m_shape;
     std::vector<RunningStatistics> m_channels;
     std::deque<Frame> m_frames;
     std::vector<double> m_lastValues;

@@ -58,10 +58,9 @@ void EventLog::adoptPalette()
 void EventLog::noteStart(const StreamHeader &header)
 {
     const QString unit = header.commonUnit();
-    write(
-        tr("readings begin: %1 channels, layout %2%3")
-            .arg(header.channels.size())
-            .arg(layoutName(header.layout), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
+    write(tr("readings begin: %1 channels, layout %2%3")
+              .arg(header.channels.size())
+              .arg(kindName(header.kind), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
     noteAssumptions(header);
 }
 
@@ -70,7 +69,7 @@ void EventLog::noteAssumptions(const StreamHeader &header)
 {
     if (!DetectorFrames(header).isUsable())
         return;
-    const bool strips = header.layout == Layout::Strips;
+    const bool strips = header.kind == StreamKind::Strips;
     write(tr("2D profile: its millimetres hold for %1")
               .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
     const auto unit = unitFromSymbol(header.commonUnit());

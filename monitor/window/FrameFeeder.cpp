@@ -68,9 +68,9 @@ void FrameFeeder::beginStream()
     m_values.resize(std::size_t(header.channels.size()));
     m_lastFrame.clear();
     m_lastShown = {};
-    if (header.layout == Layout::Strips)
+    if (header.kind == StreamKind::Strips)
         m_profile->setL408(true);
-    else if (header.layout == Layout::Pixels)
+    else if (header.kind == StreamKind::Pixels)
         m_profile->setPixelated(true);
     const double reach = hasProfile() ? 20.0 : 1.0; // mm, or the asymmetry of two halves
     m_position->setXScale(-reach, reach);

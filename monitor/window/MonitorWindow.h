@@ -10,7 +10,7 @@ class QVBoxLayout;
 namespace Monitor {
 
 class Session;
-class ViewTabs;
+class DisplayTabs;
 
 /*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It puts
     the parts in their places and gives them their keys; what they do is theirs. */
@@ -26,7 +26,7 @@ public:
     MonitorWindow(Session &session, const QString &settingsFile, QWidget *parent = nullptr);
     ~MonitorWindow() override;
 
-    ViewTabs &views() const { return *m_views; }
+    DisplayTabs &displays() const { return *m_displays; }
     //! One line about what runs and how to see something else, until it is dismissed for good.
     void showHint(const QString &text);
 
@@ -40,16 +40,16 @@ private:
     void addMenus();
     void addPauseAction(QMenu *menu);
     void restoreLayout();
-    void restoreView(const StreamHeader &header);
+    void restoreDisplay(const StreamHeader &header);
     void saveLayout();
 
     Session &m_session;
     WindowSettings m_settings;
-    ViewTabs *m_views;
+    DisplayTabs *m_displays;
     QVBoxLayout *m_centre = nullptr;
     QMenu *m_viewMenu = nullptr;
     //! The layouts whose displays were put where they stood.
-    QVector<Layout> m_arranged;
+    QVector<StreamKind> m_arranged;
 };
 
 } // namespace Monitor

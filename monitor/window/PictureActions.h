@@ -8,7 +8,7 @@ class QWidget;
 
 namespace Monitor {
 
-class ViewTabs;
+class DisplayTabs;
 
 //! Menu entries that copy or save a picture of the view that an operator looks at.
 class PictureActions : public QObject
@@ -16,12 +16,12 @@ class PictureActions : public QObject
     Q_OBJECT
 
 public:
-    PictureActions(ViewTabs &views, QMenu *menu, QWidget *window);
+    PictureActions(DisplayTabs &displays, QMenu *menu, QWidget *window);
 
 private:
     void save();
 
-    ViewTabs &m_views;
+    DisplayTabs &m_displays;
     QWidget *m_window;
     QString m_folder;
 };

@@ -53,7 +53,7 @@ int SpotLayers::channel(const char *name) const
 
 bool SpotLayers::hasSpots() const
 {
-    return m_model->header().layout == Layout::Spots && channel("x") >= 0 && channel("y") >= 0
+    return m_model->header().kind == StreamKind::Spots && channel("x") >= 0 && channel("y") >= 0
         && channel("mu") >= 0 && channel("sigma_x") >= 0;
 }
 

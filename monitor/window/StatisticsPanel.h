@@ -12,7 +12,7 @@ class RVXStatisticsSetupPage;
 namespace Monitor {
 
 class Session;
-class ViewTabs;
+class DisplayTabs;
 class WindowSettings;
 
 //! The library's statistics page beside the displays that it steers, kept in the window's settings.
@@ -22,7 +22,7 @@ class StatisticsPanel : public QScrollArea
 
 public:
     StatisticsPanel(Session &session,
-                    ViewTabs &views,
+                    DisplayTabs &displays,
                     const WindowSettings &settings,
                     QWidget *parent = nullptr);
 

@@ -35,12 +35,12 @@ public:
     void setLayout(const QByteArray &geometry, const QByteArray &docks);
 
     //! The view that was last shown of readings of that layout; empty for none.
-    QString view(Layout layout) const;
-    void setView(Layout layout, const QString &view);
+    QString display(StreamKind kind) const;
+    void setDisplay(StreamKind kind, const QString &display);
 
     //! The displays that stood in windows of their own, by name, each with the place and size of its window.
-    QMap<QString, QByteArray> windows(Layout layout) const;
-    void setWindows(Layout layout, const QMap<QString, QByteArray> &windows);
+    QMap<QString, QByteArray> windows(StreamKind kind) const;
+    void setWindows(StreamKind kind, const QMap<QString, QByteArray> &windows);
 
 private:
     QVariant value(const QString &key) const;

@@ -36,7 +36,7 @@ private Q_SLOTS:
 static StreamHeader headerOf(int channels, const QString &unit = QString())
 {
     StreamHeader header;
-    header.channels = StreamHeader::defaultChannels(Layout::Channels, channels);
+    header.channels = StreamHeader::defaultChannels(StreamKind::Channels, channels);
     for (Channel &channel : header.channels)
         channel.unit = unit;
     return header;

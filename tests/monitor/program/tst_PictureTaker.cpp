@@ -52,7 +52,7 @@ void tst_PictureTaker::itWaitsForDataNotForTime()
 {
     Run run(m_folder->path());
     run.session.setLimit(ReadingLimit(30, 0.0));
-    run.source->begin(Layout::Channels, 3);
+    run.source->begin(StreamKind::Channels, 3);
     // Half an hour, one reading each ten seconds, does not end its patience.
     for (int i = 0; i < 29; ++i) {
         run.clock.advance(10.0);

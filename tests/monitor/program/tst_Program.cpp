@@ -109,8 +109,8 @@ void tst_Program::exitCodes_data()
     QTest::newRow("good conversion") << "--convert out.csv good.csv" << 0 << "";
     QTest::newRow("option") << "--nonsense" << 1 << "Try corvale-monitor --help";
     QTest::newRow("source") << "--stats gopher://x" << 1 << "no kind of source";
-    QTest::newRow("view that there is not")
-        << "--screenshot v.png --view spots good.csv" << 1 << "nothing for the view";
+    QTest::newRow("display that the data lack")
+        << "--screenshot v.png --view spots good.csv" << 1 << "nothing for the display";
     QTest::newRow("bad line") << "--stats bad.csv" << 2 << "--check shows them";
     QTest::newRow("bad line found") << "--check bad.csv" << 2 << "what is this";
     QTest::newRow("empty") << "--stats empty.csv" << 2 << "no readings";

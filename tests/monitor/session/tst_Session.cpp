@@ -53,7 +53,7 @@ void tst_Session::aPauseLosesNothing()
     ScriptedSession paused, straight;
     for (ScriptedSession *one : {&paused, &straight}) {
         one->session.start();
-        one->source->begin(Layout::Channels, 2, QStringLiteral("nA"));
+        one->source->begin(StreamKind::Channels, 2, QStringLiteral("nA"));
         one->run(5);
     }
     QSignalSpy changed(&paused.session, &Session::pausedChanged);
@@ -75,7 +75,7 @@ void tst_Session::silenceIsStaleAfterThreePeriods()
     ScriptedSession s;
     QSignalSpy stale(&s.session, &Session::staleChanged);
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     s.run(20);
     s.clock.advance(0.28);
     QVERIFY(!s.session.isStale());
@@ -95,7 +95,7 @@ void tst_Session::aSlowSourceIsNotStale()
 {
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     for (int i = 0; i < 5; ++i) {
         s.source->give();
         s.clock.advance(60.0);
@@ -109,7 +109,7 @@ void tst_Session::aSourceThatEndedIsNotStale()
 {
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     s.run(5);
     s.source->setState(Source::State::Finished, QStringLiteral("the end"));
     s.clock.advance(10.0);
@@ -120,7 +120,7 @@ void tst_Session::theRateFollows()
 {
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     for (int i = 0; i < 50; ++i) {
         s.clock.advance(0.1);
         s.source->give(20);
@@ -149,7 +149,7 @@ void tst_Session::aLimitCutsToTheReading()
     QSignalSpy reached(&s.session, &Session::limitReached);
     s.session.setLimit(ReadingLimit(readings, seconds));
     s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     for (int i = 0; i < 4; ++i)
         s.source->give(10);
     QCOMPARE(s.session.statistics().readings(), qint64(expected));
@@ -163,7 +163,7 @@ void tst_Session::aPauseDoesNotStopTheRecording()
     QTemporaryDir folder;
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     QString error;
     Recorder::Options options;
     options.path = folder.filePath(QStringLiteral("r.csv"));
@@ -195,7 +195,7 @@ void tst_Session::aFullDiskIsNotedWithinTwoSeconds()
         log.append(text);
     });
     s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     Recorder::Options options;
     options.path = QStringLiteral("/dev/full");
     options.overwrite = true;
@@ -216,7 +216,7 @@ void tst_Session::aRangeHoldsForEveryStream()
     ScriptedSession s;
     s.session.setRange(-1.0, 2.0);
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     s.run(5);
     QVERIFY(!s.session.model().isOverrange(0, 2));
     QVERIFY(s.session.model().isOverrange(0, 3));
@@ -232,7 +232,7 @@ void tst_Session::floodsOfEventsAreCounted()
         log.append(text);
     });
     s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.source->begin(StreamKind::Channels, 1);
     Recorder::Options options;
     options.path = folder.filePath(QStringLiteral("r.csv"));
     QString error;
@@ -270,7 +270,7 @@ void tst_Session::streamsThatFollowFastAreShownFewTimes()
     QSignalSpy started(&s.session, &Session::streamStarted);
     s.session.start();
     for (int i = 0; i < 1000; ++i) { // 2 s
-        s.source->begin(Layout::Channels, 1 + i % 3);
+        s.source->begin(StreamKind::Channels, 1 + i % 3);
         s.source->give(2);
         s.clock.advance(0.002);
     }
@@ -305,7 +305,7 @@ void tst_Session::aFloodIsShownInFewInsertions()
 {
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 3);
+    s.source->begin(StreamKind::Channels, 3);
     QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
     for (int i = 0; i < 1000; ++i) { // a second
         s.clock.advance(0.001);
@@ -325,7 +325,7 @@ void tst_Session::readingsAreShownOnceAnInterval()
 {
     ScriptedSession s;
     s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     s.run(1);
     s.session.setShowInterval(1.0);
     QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);

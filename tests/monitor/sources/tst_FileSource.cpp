@@ -177,19 +177,19 @@ void tst_FileSource::failsWithAReason()
 void tst_FileSource::simulatorsShowTheBeam_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<Layout>("layout");
+    QTest::addColumn<StreamKind>("kind");
     QTest::addColumn<int>("channels");
     QTest::addColumn<int>("inTenSeconds");
-    QTest::newRow("split chamber") << "ic4" << Layout::Channels << 4 << 1000;
-    QTest::newRow("strips") << "strips" << Layout::Strips << 64 << 200;
-    QTest::newRow("pixels") << "pixels" << Layout::Pixels << 144 << 200;
-    QTest::newRow("spots") << "spots" << Layout::Spots << 7 << 500;
+    QTest::newRow("split chamber") << "ic4" << StreamKind::Channels << 4 << 1000;
+    QTest::newRow("strips") << "strips" << StreamKind::Strips << 64 << 200;
+    QTest::newRow("pixels") << "pixels" << StreamKind::Pixels << 144 << 200;
+    QTest::newRow("spots") << "spots" << StreamKind::Spots << 7 << 500;
 }
 
 void tst_FileSource::simulatorsShowTheBeam()
 {
     QFETCH(QString, name);
-    QFETCH(Layout, layout);
+    QFETCH(StreamKind, kind);
     QFETCH(int, channels);
     QFETCH(int, inTenSeconds);
     ManualClock clock;
@@ -214,7 +214,7 @@ void tst_FileSource::simulatorsShowTheBeam()
     });
     source.start();
     clock.advance(10.0);
-    QCOMPARE(header.layout, layout);
+    QCOMPARE(header.kind, kind);
     QCOMPARE(header.channels.size(), channels);
     QVERIFY(std::abs(readings - inTenSeconds) <= 1);
     QVERIFY(largest > smallest); // spills and pauses

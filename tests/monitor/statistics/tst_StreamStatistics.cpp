@@ -142,7 +142,7 @@ void tst_StreamStatistics::gapsAreCounted()
 {
     StreamStatistics statistics;
     StreamHeader header;
-    header.channels = StreamHeader::defaultChannels(Layout::Channels, 1);
+    header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
     statistics.startStream(header);
     ReadingBlock block(1);
     const double value = 1.0;

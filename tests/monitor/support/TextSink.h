@@ -16,7 +16,7 @@ public:
     {
         m_channels = header.channels.size();
         m_header = header;
-        QString text = QStringLiteral("start ") + Monitor::layoutName(header.layout);
+        QString text = QStringLiteral("start ") + Monitor::kindName(header.kind);
         for (const Monitor::Channel &channel : header.channels)
             text += QLatin1Char(' ') + channel.name
                 + (channel.unit.isEmpty() ? QString() : QLatin1Char(':') + channel.unit);

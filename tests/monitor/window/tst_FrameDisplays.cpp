@@ -77,7 +77,7 @@ void tst_FrameDisplays::aMovedBeamReadsItsPosition()
     Corvale_Qt::RVXSpectrogram profile;
     Corvale_Qt::RVXPositionPlot position;
     FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(pixels ? Layout::Pixels : Layout::Strips,
+    s.source->begin(pixels ? StreamKind::Pixels : StreamKind::Strips,
                     pixels ? 144 : 64,
                     QStringLiteral("pC"));
     QVERIFY(feeder.hasProfile());
@@ -97,7 +97,7 @@ void tst_FrameDisplays::theLastFrameOfABurstStays()
     Corvale_Qt::RVXSpectrogram profile;
     Corvale_Qt::RVXPositionPlot position;
     FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(Layout::Strips, 64);
+    s.source->begin(StreamKind::Strips, 64);
     for (int i = 0; i <= 50; ++i)
         s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
     s.settle();
@@ -110,7 +110,7 @@ void tst_FrameDisplays::framesWaitWhilePaused()
     Corvale_Qt::RVXSpectrogram profile;
     Corvale_Qt::RVXPositionPlot position;
     FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(Layout::Strips, 64);
+    s.source->begin(StreamKind::Strips, 64);
     s.source->give(0.0, stripBeam(1.0, 0.0));
     QTRY_VERIFY(feeder.hasShownProfile());
     s.session.setPaused(true);
@@ -124,8 +124,8 @@ void tst_FrameDisplays::framesWaitWhilePaused()
 void tst_FrameDisplays::missingCellsCountAsNothing()
 {
     StreamHeader header;
-    header.layout = Layout::Strips;
-    header.channels = StreamHeader::defaultChannels(Layout::Strips, 64);
+    header.kind = StreamKind::Strips;
+    header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 64);
     const DetectorFrames frames(header);
     std::vector<double> values(64, 2.0);
     values[3] = std::nan("");
@@ -140,7 +140,7 @@ void tst_FrameDisplays::missingCellsCountAsNothing()
 static StreamHeader spotHeader()
 {
     StreamHeader header;
-    header.layout = Layout::Spots;
+    header.kind = StreamKind::Spots;
     for (const char *name : {"layer", "x", "y", "mu", "sigma_x", "sigma_y"})
         header.channels.append({QLatin1String(name), {}});
     return header;
@@ -172,7 +172,7 @@ void tst_FrameDisplays::spotLayers()
     QCOMPARE(layers.rowCount(), 11);
     layers.step(-1);
     QCOMPARE(layers.description(), QStringLiteral("Layer 4 of 4"));
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     QCOMPARE(layers.rowCount(), 0);
     QCOMPARE(watch.complaints(), QString());
 }

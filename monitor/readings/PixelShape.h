@@ -6,13 +6,13 @@
 namespace Monitor {
 
 //! The shape of a pixel stream's frames.
-struct PixelGrid
+struct PixelShape
 {
     int rows = 0;
     int columns = 0;
 
     //! From the names of the last cell (r12c12); a square where the names say nothing. No rows for other layouts.
-    static PixelGrid of(const StreamHeader &header);
+    static PixelShape of(const StreamHeader &header);
     bool isEmpty() const { return rows == 0; }
 };
 

@@ -18,22 +18,22 @@ namespace Monitor {
 class Session;
 
 /*! The displays as tabs: the scope always, the others while the stream has what they show. */
-class ViewTabs : public Corvale_Qt::RVXPopOutTabWidget
+class DisplayTabs : public Corvale_Qt::RVXPopOutTabWidget
 {
     Q_OBJECT
 
 public:
-    explicit ViewTabs(Session &session, QWidget *parent = nullptr);
+    explicit DisplayTabs(Session &session, QWidget *parent = nullptr);
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
     //! The display that the operator works with: the one in the active window, else the tab in front.
-    QWidget *viewInUse() const;
-    //! The name that showView() knows the tab in front by.
-    QString currentView() const;
+    QWidget *displayInUse() const;
+    //! The name that showDisplay() knows the tab in front by.
+    QString currentDisplay() const;
     /*! Turns to strip, scope, histogram, profile, position or spots, and fetches it back from a window of its own;
         false where there is no such view now. */
-    bool showView(const QString &name);
+    bool showDisplay(const QString &name);
     //! The displays that stand in windows of their own, by name, each with the place and size of its window.
     QMap<QString, QByteArray> windows() const;
     //! Takes them out again, as far as they are there.
@@ -43,7 +43,7 @@ public:
 
 private:
     void beginStream();
-    QList<QWidget *> displays() const;
+    QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
     void showLatestSpot();
 

@@ -7,8 +7,6 @@
 
 #include <QStringList>
 
-#include <numeric>
-
 namespace Monitor {
 
 namespace {
@@ -19,20 +17,6 @@ constexpr int linesOfAnotherShape = 10;
 constexpr int linesAgainstAHeader = 2;
 
 } // namespace
-
-qint64 LineCounts::bad() const
-{
-    return std::accumulate(refused.begin(), refused.end(), qint64(0));
-}
-
-LineCounts &LineCounts::operator+=(const LineCounts &other)
-{
-    lines += other.lines;
-    readings += other.readings;
-    for (std::size_t i = 0; i < refused.size(); ++i)
-        refused[i] += other.refused[i];
-    return *this;
-}
 
 LineProtocol::LineProtocol(StreamSink &sink)
     : m_sink(sink)

@@ -1,25 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LineCounts.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/input/RowReader.h"
 #include "monitor/input/StreamSink.h"
 #include "monitor/input/TimeOrder.h"
 
-#include <array>
 #include <memory>
 
 namespace Monitor {
-
-struct LineCounts
-{
-    qint64 lines = 0;
-    qint64 readings = 0;
-    std::array<qint64, refusalKinds> refused{};
-
-    qint64 bad() const;
-    LineCounts &operator+=(const LineCounts &other);
-};
 
 /*! Reads the lines of an instrument or of a table, one after the other, and tells the sink what they say.
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/input/LineProtocol.h"
+#include "monitor/core/LineCounts.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StreamStatistics.h"
 

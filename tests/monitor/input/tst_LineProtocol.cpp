@@ -77,7 +77,7 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("one time far ahead costs no reading that follows",
         "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
         "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1"
-        " | refused 12 another number of values than the lines before"
+        " | refused 12 a different number of values than the lines before"
         " | event the time went back from 1000000 s to 2 s and goes on from there: a new part "
         "begins"
         " | start channels ch1 | 2: 2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10"
@@ -97,17 +97,17 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("times behind, and then the instrument is set up anew",
         "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
         "start channels ch1 | 50: 1 | 51: 1"
-        " | refused 5 another number of values than the lines before"
-        " | refused 6 another number of values than the lines before"
-        " | refused 7 another number of values than the lines before"
-        " | refused 8 another number of values than the lines before"
-        " | refused 9 another number of values than the lines before"
-        " | refused 10 another number of values than the lines before"
-        " | refused 11 another number of values than the lines before"
-        " | refused 12 another number of values than the lines before"
-        " | refused 13 another number of values than the lines before"
-        " | refused 3 another number of values than the lines before"
-        " | refused 4 another number of values than the lines before"
+        " | refused 5 a different number of values than the lines before"
+        " | refused 6 a different number of values than the lines before"
+        " | refused 7 a different number of values than the lines before"
+        " | refused 8 a different number of values than the lines before"
+        " | refused 9 a different number of values than the lines before"
+        " | refused 10 a different number of values than the lines before"
+        " | refused 11 a different number of values than the lines before"
+        " | refused 12 a different number of values than the lines before"
+        " | refused 13 a different number of values than the lines before"
+        " | refused 3 a different number of values than the lines before"
+        " | refused 4 a different number of values than the lines before"
         " | start channels ch1 | 9: 61 | 9: 62");
     row("numbers too small are 0, those too large are none",
         "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999"
@@ -128,24 +128,29 @@ void tst_LineProtocol::linesBecomeReadings_data()
         "refused 1 not readable | refused 3 not readable | start channels ch1 | 1: 2 | 2: 4");
     row("one value too few",
         "0,1,2/1,3,4/2,5/3,6,7",
-        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 another number of values than the "
+        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 a different number of values than "
+        "the "
         "lines "
         "before | 3: 6 7");
     row("joined in the middle of a line",
         "7,8/1,3,4/2,5,6",
-        "refused 1 another number of values than the lines before | start channels ch1 ch2 | 1: 3 "
+        "refused 1 a different number of values than the lines before | start channels ch1 ch2 | "
+        "1: 3 "
         "4 | "
         "2: 5 6");
     row("declared, joined in the middle of a line",
         "#channels a,b/7,8/1,3,4/2,5,6",
-        "refused 2 another number of values than the lines before | start channels a b | 1: 3 4 | "
+        "refused 2 a different number of values than the lines before | start channels a b | 1: 3 "
+        "4 | "
         "2: 5 6");
     row("declared otherwise",
         "#channels a,b/0,1,2,3/0,1,2",
-        "refused 2 another number of values than the lines before | start channels a b | 0: 1 2");
+        "refused 2 a different number of values than the lines before | start channels a b | 0: 1 "
+        "2");
     row("a greeting",
         "Welcome to electrometer/0,1/1,2/2,3",
-        "refused 2 another number of values than the lines before | refused 1 not readable | start "
+        "refused 2 a different number of values than the lines before | refused 1 not readable | "
+        "start "
         "channels ch1 | 1: 2 | 2: 3");
     row("new metadata is a new stream",
         "0,1/1,2/#unit nA/2,3",
@@ -174,15 +179,15 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("the instrument is set up anew",
         "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
         "start channels ch1 | 0: 1 | 1: 1"
-        " | refused 3 another number of values than the lines before"
-        " | refused 4 another number of values than the lines before"
-        " | refused 5 another number of values than the lines before"
-        " | refused 6 another number of values than the lines before"
-        " | refused 7 another number of values than the lines before"
-        " | refused 8 another number of values than the lines before"
-        " | refused 9 another number of values than the lines before"
-        " | refused 10 another number of values than the lines before"
-        " | refused 11 another number of values than the lines before"
+        " | refused 3 a different number of values than the lines before"
+        " | refused 4 a different number of values than the lines before"
+        " | refused 5 a different number of values than the lines before"
+        " | refused 6 a different number of values than the lines before"
+        " | refused 7 a different number of values than the lines before"
+        " | refused 8 a different number of values than the lines before"
+        " | refused 9 a different number of values than the lines before"
+        " | refused 10 a different number of values than the lines before"
+        " | refused 11 a different number of values than the lines before"
         " | start channels ch1 ch2 | 11: 1 1 | 12: 1 1");
 }
 

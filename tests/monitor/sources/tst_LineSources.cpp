@@ -60,9 +60,9 @@ void tst_LineSources::pipe()
     QTRY_COMPARE(source.counts().lines, qint64(2));
     say(",4\n\xff\x01garbage\n2,5,6\n3,7");
     QTRY_COMPARE(log.times.size(), 3);
-    QVERIFY(log.text().contains(QLatin1String("refused 4 another number of values")));
+    QVERIFY(log.text().contains(QLatin1String("refused 4 a different number of values")));
     log.sink.lines.removeAll(
-        QStringLiteral("refused 4 another number of values than the lines before"));
+        QStringLiteral("refused 4 a different number of values than the lines before"));
     QCOMPARE(log.text(), QStringLiteral("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
     ::close(ends[1]);
     QTRY_COMPARE(log.stateNames(), QStringLiteral("Connecting Running Finished"));

@@ -29,7 +29,7 @@ bool isNumber(const QString &field)
     return !text.isEmpty() && parseNumber({text.constData(), std::size_t(text.size())}, &number);
 }
 
-//! Numbers may be names, but then the first one must say that it is the time's.
+//! Returns whether the fields are names of columns. Names may be numbers if the first one is a name for the time.
 bool looksLikeNames(const QStringList &fields)
 {
     if (fields.isEmpty() || fields.first().isEmpty() || isNumber(fields.first()))
@@ -37,7 +37,8 @@ bool looksLikeNames(const QStringList &fields)
     return isTimeName(fields.first()) || std::none_of(fields.begin(), fields.end(), isNumber);
 }
 
-//! The column that holds the time: one with such a name, else the first; none where spots have no time.
+/*! Returns the column that holds the time: the one with such a name, else the first. Spots may have no time (-1).
+    \a factor converts the column to seconds. */
 int findTimeColumn(const QStringList &fields, StreamKind kind, double *factor)
 {
     for (int i = 0; i < fields.size(); ++i) {

@@ -32,7 +32,7 @@ QString cleanText(const QString &text, int length)
             clean += c;
     }
     clean = clean.simplified();
-    // A character in two halves is kept or left out as a whole.
+    // A surrogate pair is kept or left out as a whole.
     const bool cutsACharacter = clean.size() > length && clean.at(length - 1).isHighSurrogate();
     return clean.left(cutsACharacter ? length - 1 : length).trimmed();
 }
@@ -115,7 +115,7 @@ Metadata::Line Metadata::takeStartTime(const QString &value)
     return Line::Changed;
 }
 
-//! One unit stands for all channels, a list for one each.
+//! Sets the units of the channels; a single unit holds for all of them.
 void Metadata::applyUnits(QVector<Channel> *channels) const
 {
     if (m_units.isEmpty())

@@ -10,7 +10,8 @@ namespace Monitor {
 
 namespace {
 
-//! An empty field stands for the time of arrival; a time must be finite, in seconds too.
+/*! Reads a time in units of \a secondsEach; an empty field means the time of arrival. Returns false if the time is not
+    a finite number of seconds. */
 bool readTime(std::string_view field, double secondsEach, double arrivalTime, double *seconds)
 {
     if (field.empty()) {

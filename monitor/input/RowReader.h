@@ -9,26 +9,27 @@
 
 namespace Monitor {
 
-//! Turns the fields of a line into readings: one for each kind of table that a stream may carry.
+//! Turns the fields of lines into readings. Each kind of table that a stream may carry has a subclass.
 class RowReader
 {
 public:
     using Fields = std::vector<std::string_view>;
-    //! Takes a time and one value for each channel.
+    //! Takes a time in seconds and one value per channel.
     using RowHandler = std::function<void(double time, const double *values)>;
+    //! What became of a line.
     enum class Outcome {
         Taken,
-        WrongCount,
-        Unreadable,
+        WrongCount, //!< it has a different number of fields
+        Unreadable, //!< a field is not a number
     };
 
     virtual ~RowReader();
 
     const QVector<Channel> &channels() const { return m_channels; }
     StreamKind kind() const { return m_kind; }
-    //! A line that brings no time of its own gets \a arrivalTime.
+    //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
-    //! Hands over what was waiting for further lines.
+    //! Calls \a handler for the readings that were waiting for further lines.
     virtual void finish(const RowHandler &handler);
 
 protected:
@@ -41,7 +42,7 @@ private:
     StreamKind m_kind;
 };
 
-//! "t,v1,v2,..." or, where the lines bring no time, "v1,v2,...".
+//! Reads lines of the form "t,v1,v2,...", or "v1,v2,..." if lines have no time.
 class TimedRowReader : public RowReader
 {
 public:
@@ -55,7 +56,7 @@ private:
 
 struct ColumnPlan;
 
-//! The columns that a header line named.
+//! Reads lines whose columns a header line named.
 class PlannedRowReader : public RowReader
 {
 public:

@@ -18,7 +18,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("CommandLine", text);
 }
 
-//! Reads the values of options into their places; the first that makes no sense is kept.
+//! Reads the values of options and keeps the first error.
 class ValueReader
 {
 public:
@@ -126,7 +126,7 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption(manPage);
 }
 
-//! The tasks that an option of that name stands for.
+//! Returns the options that stand for a task.
 const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
 {
     using Task = CommandLine::Task;
@@ -161,17 +161,17 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     if (onlyText)
         return true;
     if (asked.size() > 1)
-        *error = tr("%1 cannot be done at once").arg(asked.join(tr(" and ")));
+        *error = tr("%1 cannot be combined").arg(asked.join(tr(" and ")));
 
     const QStringList sources = parser.positionalArguments();
     if (sources.size() > 1)
-        *error = tr("only one source at a time can be shown: %1")
+        *error = tr("only one source can be shown at a time: %1")
                      .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
     source = sources.value(0, source);
     json = parser.isSet(QStringLiteral("json"));
     if (json && task != Task::Statistics)
-        *error = tr("--json goes with --stats");
+        *error = tr("--json needs --stats");
 
     ValueReader values(parser);
     values.number("speed", &file.speed, 0.0);
@@ -224,7 +224,7 @@ QString CommandLine::helpText()
 
 namespace {
 
-//! Roff takes a backslash for its own, and a hyphen for a typographer's.
+//! Returns the text with what roff would interpret, backslashes and hyphens, escaped.
 QString roff(QString text)
 {
     return text.replace(QLatin1Char('\\'), QLatin1String("\\\\"))

@@ -30,7 +30,7 @@ QString WindowRun::defaultSettingsFile()
         .filePath(QStringLiteral("Corvale/corvale-monitor.xui"));
 }
 
-//! A picture looks the same whoever takes it, unless it is told whose settings it has.
+//! Returns the settings file. A picture gets an empty one by default, so that it looks the same for every user.
 QString WindowRun::settingsFile() const
 {
     if (!m_commandLine.settings.isEmpty())
@@ -78,7 +78,7 @@ void WindowRun::openWindow()
     if (m_commandLine.size.isValid())
         m_window->resize(m_commandLine.size);
     else if (isPicture())
-        m_window->resize(MonitorWindow::usualSize); // there is no screen to be too small
+        m_window->resize(MonitorWindow::usualSize); // no screen limits its size
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
     if (!isPicture()) {
         m_window->showHint(hint());
@@ -95,7 +95,7 @@ void WindowRun::showDisplay()
     if (display.isEmpty() || m_window->displays().showDisplay(display))
         return;
     const QString text =
-        tr("%1 has nothing for the display \"%2\"").arg(m_session->source().description(), display);
+        tr("%1 has no data for the display \"%2\"").arg(m_session->source().description(), display);
     if (isPicture())
         leave(ExitUsage, text);
     else

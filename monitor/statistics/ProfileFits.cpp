@@ -11,10 +11,10 @@ namespace Monitor {
 
 namespace {
 
-//! Fewer channels than this are separate things, and no profile of one.
+//! A stream with fewer channels than this is not a profile.
 constexpr int fewestOfAProfile = 16;
 
-//! As the statistics page starts, but for the lowest peak and sum, which depend on the unit.
+//! The initial parameters of the statistics page, but without a lowest peak and sum, which depend on the unit.
 const QVector<double> fitParameters = {0.1, 10.0, 0.0, 0.0, 2.0, 5.0};
 
 ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)

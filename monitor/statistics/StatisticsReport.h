@@ -9,7 +9,7 @@
 
 namespace Monitor {
 
-//! Everything that --stats tells.
+//! The report of --stats.
 struct StatisticsReport
 {
     QString source;
@@ -17,9 +17,9 @@ struct StatisticsReport
     const StreamStatistics *statistics = nullptr;
     std::vector<ProfileFitResult> fits; //!< of the last reading
 
-    //! A table for people, with 10 significant digits.
+    //! Returns a table for people, with 10 significant digits.
     QByteArray text() const;
-    //! For programs; numbers that there are not are null.
+    //! Returns the same as JSON; numbers that do not exist are null.
     QByteArray json() const;
 };
 

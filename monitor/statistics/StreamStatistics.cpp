@@ -35,7 +35,7 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
     m_lastValues.assign(last, last + m_channels.size());
 }
 
-//! The usual step follows the stream slowly; a gap does not count as one.
+//! Counts gaps. The usual step follows the steps of the stream slowly, without the gaps.
 void StreamStatistics::noteStep(double step)
 {
     constexpr double gapFactor = 3.0, follow = 0.1;

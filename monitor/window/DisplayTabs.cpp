@@ -51,7 +51,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &DisplayTabs::showLatestSpot);
 }
 
-//! Those that stand there only while the stream has what they show.
+//! Returns the displays that have a tab only while the stream has data for them.
 QList<QWidget *> DisplayTabs::optionalDisplays() const
 {
     return {m_profile, m_position, m_spotMap};
@@ -101,7 +101,7 @@ void DisplayTabs::showLatestSpot()
 
 namespace {
 
-//! Curves and bars have colours; ground and grid of the plot have none.
+//! Returns whether the canvas shows curves or bars: they have colours, the background and the grid have none.
 bool hasCurves(QWidget *plot)
 {
     constexpr int leastSaturation = 60;

@@ -17,7 +17,7 @@ namespace Monitor {
 
 class Session;
 
-/*! The displays as tabs: the scope always, the others while the stream has what they show. */
+//! The displays as tabs: the scope always, the others while the stream has data for them.
 class DisplayTabs : public Corvale_Qt::RVXPopOutTabWidget
 {
     Q_OBJECT
@@ -27,18 +27,18 @@ public:
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
-    //! The display that the operator works with: the one in the active window, else the tab in front.
+    //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.
     QWidget *displayInUse() const;
-    //! The name that showDisplay() knows the tab in front by.
+    //! Returns the name by which showDisplay() knows the front tab.
     QString currentDisplay() const;
-    /*! Turns to strip, scope, histogram, profile, position or spots, and fetches it back from a window of its own;
-        false where there is no such view now. */
+    /*! Brings strip, scope, histogram, profile, position or spots to the front, also from a separate window. Returns
+        false if there is no such display now. */
     bool showDisplay(const QString &name);
-    //! The displays that stand in windows of their own, by name, each with the place and size of its window.
+    //! Returns the displays in separate windows by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows() const;
-    //! Takes them out again, as far as they are there.
+    //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
-    //! Whether the view that is shown has shown data of this stream.
+    //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;
 
 private:

@@ -97,7 +97,7 @@ void MonitorWindow::addPauseAction(QMenu *menu)
     QAction *pause = menu->addAction(tr("&Pause"));
     pause->setObjectName(QStringLiteral("pause"));
     pause->setCheckable(true);
-    // Also where a display was taken out into a window of its own.
+    // The keys also work in the separate windows of displays.
     pause->setShortcuts({QKeySequence(Qt::Key_Space), QKeySequence(Qt::Key_Pause)});
     pause->setShortcutContext(Qt::ApplicationShortcut);
     connect(pause, &QAction::toggled, &m_session, &Session::setPaused);
@@ -129,7 +129,7 @@ void MonitorWindow::restoreLayout()
 void MonitorWindow::restoreDisplay(const StreamHeader &header)
 {
     m_displays->showDisplay(m_settings.display(header.kind));
-    // Once: what the operator puts back stays there when the source begins anew.
+    // Windows are restored once: a display that the operator puts back stays there when the source starts over.
     if (m_arranged.contains(header.kind))
         return;
     m_arranged.append(header.kind);

@@ -12,22 +12,22 @@ namespace Monitor {
 class Session;
 class DisplayTabs;
 
-/*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It puts
-    the parts in their places and gives them their keys; what they do is theirs. */
+/*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It arranges
+    its parts and assigns their keys; what they do is up to them. */
 class MonitorWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    //! Where the screen is large enough for it.
+    //! The initial size, if the screen is large enough.
     static constexpr QSize usualSize{1600, 1000};
 
-    //! The settings file is where layout and statistics are kept.
+    //! Keeps layout and statistics settings in \a settingsFile; the session must outlive the window.
     MonitorWindow(Session &session, const QString &settingsFile, QWidget *parent = nullptr);
     ~MonitorWindow() override;
 
     DisplayTabs &displays() const { return *m_displays; }
-    //! One line about what runs and how to see something else, until it is dismissed for good.
+    //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
     void showHint(const QString &text);
 
 protected:
@@ -48,7 +48,7 @@ private:
     DisplayTabs *m_displays;
     QVBoxLayout *m_centre = nullptr;
     QMenu *m_viewMenu = nullptr;
-    //! The layouts whose displays were put where they stood.
+    //! The kinds of streams whose separate windows were restored.
     QVector<StreamKind> m_arranged;
 };
 

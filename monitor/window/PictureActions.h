@@ -10,12 +10,13 @@ namespace Monitor {
 
 class DisplayTabs;
 
-//! Menu entries that copy or save a picture of the view that an operator looks at.
+//! Menu entries that copy or save a picture of the display that the operator works with.
 class PictureActions : public QObject
 {
     Q_OBJECT
 
 public:
+    //! Adds the entries to \a menu; \a window is the parent of the dialogs.
     PictureActions(DisplayTabs &displays, QMenu *menu, QWidget *window);
 
 private:

@@ -39,7 +39,7 @@ StatisticsPanel::StatisticsPanel(Session &session,
     setMinimumWidth(m_page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
 }
 
-//! An operator who has chosen nothing yet sees the fits of both profiles of a pair, which lie in one histogram.
+//! Enables a fit for each of the two profiles of strips, which lie in one histogram, until the operator chooses.
 void StatisticsPanel::suggestFor(const StreamHeader &header)
 {
     if (header.kind != StreamKind::Strips)

@@ -15,7 +15,7 @@ class Session;
 class DisplayTabs;
 class WindowSettings;
 
-//! The library's statistics page beside the displays that it steers, kept in the window's settings.
+//! The library's statistics page, connected to the displays; its choices are kept in the window's settings.
 class StatisticsPanel : public QScrollArea
 {
     Q_OBJECT

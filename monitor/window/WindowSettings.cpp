@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-//! Text in either format, whatever the bytes are.
+//! Encodes bytes as text that both formats can hold.
 QString toText(const QByteArray &bytes)
 {
     return QString::fromLatin1(bytes.toBase64());
@@ -51,7 +51,7 @@ bool WindowSettings::isXml() const
 
 bool WindowSettings::hasStatistics() const
 {
-    // The group's name is the statistics page's own.
+    // The statistics page writes this group.
     return m_settings->getSettings()->childGroups().contains(QStringLiteral("StatisticsSetupPage"));
 }
 

@@ -37,9 +37,17 @@ std::vector<double> stripBeam(double x, double y, double sigma = 6.0)
     return values;
 }
 
+//! The displays of frames on a session that the test moves.
+struct FedDisplays : ScriptedSession
+{
+    Corvale_Qt::RVXSpectrogram profile;
+    Corvale_Qt::RVXPositionPlot position;
+    FrameFeeder feeder{&session.model(), &profile, &position};
+};
+
 } // namespace
 
-//! A beam moved by so many millimetres reads so many millimetres, whatever road its frames take.
+//! A beam moved by some millimetres reads the same millimetres, whatever way its frames take.
 class tst_FrameDisplays : public QObject
 {
     Q_OBJECT
@@ -73,17 +81,14 @@ void tst_FrameDisplays::aMovedBeamReadsItsPosition()
     QFETCH(bool, pixels);
     QFETCH(double, x);
     QFETCH(double, y);
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    FedDisplays s;
     s.source->begin(pixels ? StreamKind::Pixels : StreamKind::Strips,
                     pixels ? 144 : 64,
                     QStringLiteral("pC"));
-    QVERIFY(feeder.hasProfile());
+    QVERIFY(s.feeder.hasProfile());
     s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
-    QTRY_VERIFY(feeder.hasShownProfile());
-    const Corvale_Qt::SpectrogramCalc calc = profile.getCalc();
+    QTRY_VERIFY(s.feeder.hasShownProfile());
+    const Corvale_Qt::SpectrogramCalc calc = s.profile.getCalc();
     const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
     QVERIFY(std::abs(calc.meanX - x) < tolerance);
     QVERIFY(std::abs(calc.meanY - y) < tolerance);
@@ -93,32 +98,26 @@ void tst_FrameDisplays::aMovedBeamReadsItsPosition()
 
 void tst_FrameDisplays::theLastFrameOfABurstStays()
 {
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    FedDisplays s;
     s.source->begin(StreamKind::Strips, 64);
     for (int i = 0; i <= 50; ++i)
         s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
     s.settle();
-    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 5.0) < 1e-6);
+    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
 }
 
 void tst_FrameDisplays::framesWaitWhilePaused()
 {
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
+    FedDisplays s;
     s.source->begin(StreamKind::Strips, 64);
     s.source->give(0.0, stripBeam(1.0, 0.0));
-    QTRY_VERIFY(feeder.hasShownProfile());
+    QTRY_VERIFY(s.feeder.hasShownProfile());
     s.session.setPaused(true);
     for (int i = 1; i < 1000; ++i)
         s.source->give(0.01 * i, stripBeam(2.0, 0.0));
-    QVERIFY(std::abs(profile.getCalc().meanX - 1.0) < 1e-6);
+    QVERIFY(std::abs(s.profile.getCalc().meanX - 1.0) < 1e-6);
     s.session.setPaused(false);
-    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 2.0) < 1e-6);
+    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 2.0) < 1e-6);
 }
 
 void tst_FrameDisplays::missingCellsCountAsNothing()

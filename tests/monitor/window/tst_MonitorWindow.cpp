@@ -163,7 +163,7 @@ void tst_MonitorWindow::silenceMarksValuesAndStatus()
     w.clock.advance(0.1);
     QCOMPARE(w.value(1), QStringLiteral("1010"));
     QVERIFY(!w.status("notices").contains(QLatin1String("STALE")));
-    QVERIFY(w.log().contains(QLatin1String("readings come again")));
+    QVERIFY(w.log().contains(QLatin1String("readings arrive again")));
 }
 
 void tst_MonitorWindow::enterTogglesAChannel()
@@ -221,7 +221,7 @@ void tst_MonitorWindow::troubleSaysWhatToDo()
     w.source->setState(Source::State::Running, QStringLiteral("script"));
     QCOMPARE(w.notice(), QString());
     w.clock.advance(5.0);
-    QCOMPARE(w.notice(), QStringLiteral("script: no reading has come yet. Ask the author."));
+    QCOMPARE(w.notice(), QStringLiteral("script: no reading has arrived yet. Ask the author."));
     w.source->begin(StreamKind::Channels, 1);
     w.run(3);
     w.clock.advance(0.3);
@@ -299,7 +299,7 @@ void tst_MonitorWindow::windowsOfTheirOwnComeBack()
     QCOMPARE(displays.poppedOutPages().first()->objectName(), QStringLiteral("profile"));
     QCOMPARE(displays.poppedOutPages().first()->window()->size(), place.size());
 
-    // To ask for it fetches it back; and there it stays when the source begins anew.
+    // Asking for it brings it back, and it stays there when the source starts over.
     QVERIFY(displays.showDisplay(QStringLiteral("profile")));
     QCOMPARE(displays.currentDisplay(), QStringLiteral("profile"));
     w.source->begin(StreamKind::Strips, 64);

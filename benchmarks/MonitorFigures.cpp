@@ -6,8 +6,8 @@
 #include "monitor/session/Session.h"
 #include "monitor/sources/SimulatorSource.h"
 #include "monitor/sources/StandardInputSource.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -80,7 +80,7 @@ void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
     MonitorWindow window(session, settings);
     window.show();
     session.start();
-    while (!window.views().hasDrawn())
+    while (!window.displays().hasDrawn())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     window.grab();
     std::printf("start to first painted frame   %8.0f ms\n", double(sinceStart.elapsed()));

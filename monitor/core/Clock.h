@@ -8,18 +8,19 @@
 
 namespace Monitor {
 
-//! The one notion of time: everything that waits for time does so by this clock, and tests move it.
+//! The only source of time in the program. Whatever waits uses it, so that a test can move time by hand.
 class Clock : public QObject
 {
     Q_OBJECT
 
 public:
-    //! Seconds since some moment; never goes back.
+    //! Returns the seconds since an arbitrary moment; never decreases.
     virtual double seconds() const = 0;
+    //! Returns the date and time of day in UTC.
     virtual QDateTime wallTime() const = 0;
 
 Q_SIGNALS:
-    //! Time has passed.
+    //! Emitted regularly while time passes.
     void tick();
 
 protected:

@@ -29,7 +29,7 @@ bool isNumber(const QString &field)
     return !text.isEmpty() && parseNumber({text.constData(), std::size_t(text.size())}, &number);
 }
 
-//! Numbers may be names, but then the first one must say that it is the time's.
+//! Returns whether the fields are names of columns. Names may be numbers if the first one is a name for the time.
 bool looksLikeNames(const QStringList &fields)
 {
     if (fields.isEmpty() || fields.first().isEmpty() || isNumber(fields.first()))
@@ -37,8 +37,9 @@ bool looksLikeNames(const QStringList &fields)
     return isTimeName(fields.first()) || std::none_of(fields.begin(), fields.end(), isNumber);
 }
 
-//! The column that holds the time: one with such a name, else the first; none where spots have no time.
-int findTimeColumn(const QStringList &fields, Layout layout, double *factor)
+/*! Returns the column that holds the time: the one with such a name, else the first. Spots may have no time (-1).
+    \a factor converts the column to seconds. */
+int findTimeColumn(const QStringList &fields, StreamKind kind, double *factor)
 {
     for (int i = 0; i < fields.size(); ++i) {
         if (!isTimeName(fields[i]))
@@ -49,7 +50,7 @@ int findTimeColumn(const QStringList &fields, Layout layout, double *factor)
         *factor = unit ? unit->unscale(1.0) : 1.0;
         return i;
     }
-    return layout == Layout::Spots ? -1 : 0;
+    return kind == StreamKind::Spots ? -1 : 0;
 }
 
 bool isFrameNumber(const QString &name)
@@ -72,14 +73,14 @@ bool allMatch(const QVector<Channel> &channels, const QString &pattern)
            });
 }
 
-Layout layoutOf(const QVector<Channel> &channels)
+StreamKind kindOf(const QVector<Channel> &channels)
 {
     if (allMatch(channels, QStringLiteral("r\\d+c\\d+")))
-        return Layout::Pixels;
+        return StreamKind::Pixels;
     const bool both = channels.size() >= 2 && channels.first().name.startsWith(QLatin1Char('x'))
         && channels.last().name.startsWith(QLatin1Char('y'));
-    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? Layout::Strips
-                                                                  : Layout::Channels;
+    return both && allMatch(channels, QStringLiteral("[xy]\\d+")) ? StreamKind::Strips
+                                                                  : StreamKind::Channels;
 }
 
 } // namespace
@@ -95,8 +96,8 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     ColumnPlan plan;
     plan.fieldCount = fields.size();
     if (areSpots(fields))
-        plan.layout = Layout::Spots;
-    plan.timeColumn = findTimeColumn(fields, plan.layout, &plan.timeFactor);
+        plan.kind = StreamKind::Spots;
+    plan.timeColumn = findTimeColumn(fields, plan.kind, &plan.timeFactor);
     for (int i = 0; i < fields.size(); ++i) {
         if (i == plan.timeColumn || isFrameNumber(fields[i]))
             continue;
@@ -113,8 +114,8 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     }
     if (plan.channels.isEmpty())
         return std::nullopt;
-    if (plan.layout != Layout::Spots)
-        plan.layout = layoutOf(plan.channels);
+    if (plan.kind != StreamKind::Spots)
+        plan.kind = kindOf(plan.channels);
     return plan;
 }
 

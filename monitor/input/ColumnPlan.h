@@ -7,20 +7,20 @@
 
 namespace Monitor {
 
-/*! What the columns of a table mean, found from its header line: where the time stands, which columns are
-    channels, their names and units, and whether they are frames or spots. */
+/*! The meaning of a table's columns, found from its header line: which column is the time, which ones are channels,
+    their names and units, and whether the table holds frames or spots. */
 struct ColumnPlan
 {
-    int fieldCount = 0; //!< of a data line; one more, if empty, is let pass
-    int timeColumn = -1; //!< -1 where there is none: lines get a time from elsewhere
-    //! Multiplies the time column into seconds.
+    int fieldCount = 0; //!< fields of a data line; one more is accepted if it is empty
+    int timeColumn = -1; //!< -1 if the table has no times and the caller supplies them
+    //! Converts the time column to seconds.
     double timeFactor = 1.0;
     QVector<int> valueColumns;
     QVector<Channel> channels;
-    Layout layout = Layout::Channels;
+    StreamKind kind = StreamKind::Channels;
     int leftOut = 0; //!< channels beyond the 256 that are read
 
-    //! Nothing where the fields are no names of columns.
+    //! Returns the plan of a header line; nothing if the fields are not names of columns.
     static std::optional<ColumnPlan> fromHeader(const QStringList &fields);
 };
 

@@ -17,7 +17,7 @@ bool CsvReader::open(const QString &path)
     const QFileInfo info(path);
     m_failed = true;
     if (info.exists() && !info.isFile()) {
-        m_error = QStringLiteral("it is no regular file");
+        m_error = QStringLiteral("it is not a regular file");
         return false;
     }
     m_failed = !m_file.open(QIODevice::ReadOnly);
@@ -68,7 +68,7 @@ double CsvReader::progress() const
 
 void CsvReader::takeLine(std::string_view line, bool tooLong)
 {
-    // A byte order mark is no part of the first name.
+    // A byte order mark is not part of the first name.
     if (m_protocol->counts().lines == 0 && line.substr(0, 3) == "\xef\xbb\xbf")
         line.remove_prefix(3);
     if (line.substr(0, 8) == "#corvale")
@@ -82,11 +82,11 @@ void CsvReader::takeLine(std::string_view line, bool tooLong)
 
 void CsvReader::finish()
 {
-    // A recording ends its lines: one without an end was cut off while it was written, and a number in it may
-    // have lost digits.
+    // Every line of a recording has a line end. A last line without one was cut off while it was written, and a
+    // number in it may have lost digits.
     if (m_isRecording && m_splitter.hasRest()) {
         m_sink.eventNoted(
-            QStringLiteral("the recording's last line is not complete, it is left out"));
+            QStringLiteral("the recording's last line is incomplete and was left out"));
         m_splitter.clear();
     }
     m_splitter.finish([this](std::string_view line, bool tooLong) {

@@ -7,32 +7,16 @@
 
 #include <QStringList>
 
-#include <numeric>
-
 namespace Monitor {
 
 namespace {
 
-//! So many lines that agree with each other, but not with those before, are a new table.
+//! This many lines that agree with each other, but not with the lines before, begin a new table.
 constexpr int linesOfAnotherShape = 10;
-//! A header that the first lines of data belie was no header.
+//! If this many first lines of data do not fit the header, it was not a header.
 constexpr int linesAgainstAHeader = 2;
 
 } // namespace
-
-qint64 LineCounts::bad() const
-{
-    return std::accumulate(refused.begin(), refused.end(), qint64(0));
-}
-
-LineCounts &LineCounts::operator+=(const LineCounts &other)
-{
-    lines += other.lines;
-    readings += other.readings;
-    for (std::size_t i = 0; i < refused.size(); ++i)
-        refused[i] += other.refused[i];
-    return *this;
-}
 
 LineProtocol::LineProtocol(StreamSink &sink)
     : m_sink(sink)
@@ -80,7 +64,7 @@ void LineProtocol::finish()
     follow(m_order.finish());
 }
 
-//! What was held back still belongs to what was said before.
+//! A change of the metadata begins a new acquisition; readings that were held back belong to the former one.
 void LineProtocol::takeMetadata(std::string_view line)
 {
     Metadata metadata = m_metadata;
@@ -127,7 +111,8 @@ void LineProtocol::takeFields(std::string_view line)
     }
 }
 
-//! A line of names before any data; on a line made anew, one for as many channels as before.
+/*! Takes a line of names before any data. After a reconnection it must name as many channels as before. Returns false
+    if the line is not a header. */
 bool LineProtocol::takeHeader()
 {
     QStringList names;
@@ -136,7 +121,7 @@ bool LineProtocol::takeHeader()
     const bool ofARecording = names.first() == QLatin1String("time_s")
         && names.size() == m_metadata.channels().size() + 1;
     if (ofARecording)
-        return true; // "#channels" has said the same, more exactly
+        return true; // "#channels" gave the same names, more exactly
     std::unique_ptr<RowReader> rows = MultichannelRowReader::fromHeader(names);
     int leftOut = 0;
     if (!rows) {
@@ -160,8 +145,9 @@ bool LineProtocol::takeHeader()
     return true;
 }
 
-/*! Takes the number of channels from "#channels", else from this first line of data, which also tells whether the
-    lines bring a time: later, a line without one is a line with a value missing. */
+/*! Takes the number of channels from "#channels", else from this first line of data. This line also decides whether
+    lines have a time: later, a line with one field less lacks a value. Returns false if the line has too many values.
+    */
 bool LineProtocol::adoptShape()
 {
     QVector<Channel> channels = m_metadata.channels();
@@ -172,18 +158,19 @@ bool LineProtocol::adoptShape()
             refuse(currentLine(Refusal::TooManyValues));
             return false;
         }
-        channels = StreamHeader::defaultChannels(m_metadata.layout(), values);
+        channels = StreamHeader::defaultChannels(m_metadata.kind(), values);
     }
     const bool timed = fields != channels.size();
-    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.layout(), timed);
+    m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.kind(), timed);
     m_hasNamedColumns = false;
     m_shapeProven = false;
     m_headerTold = false;
     return true;
 }
 
-/*! One line of another length is damaged. Where the lines that follow are like it, it was the one before that was:
-    the end of a line that was joined midway, a greeting taken for a header, an instrument set up anew. */
+/*! Handles a line with a different number of fields. A single such line is damaged. If the lines that follow have the
+    same length, the lines before it were wrong: the end of a line that was joined midway, a greeting taken for a
+    header, or an instrument that was set up again. */
 void LineProtocol::shapeMismatch(std::string_view line)
 {
     const bool tooMany = m_fields.size() > std::size_t(StreamHeader::maxChannels) + 1;
@@ -260,7 +247,7 @@ void LineProtocol::deliver(double time, const double *values)
 {
     if (!m_headerTold) {
         m_headerTold = true;
-        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->layout()));
+        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->kind()));
     }
     m_shapeProven = true;
     ++m_counts.readings;

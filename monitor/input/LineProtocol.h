@@ -1,52 +1,43 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LineCounts.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/input/RowReader.h"
 #include "monitor/input/StreamSink.h"
 #include "monitor/input/TimeOrder.h"
 
-#include <array>
 #include <memory>
 
 namespace Monitor {
 
-struct LineCounts
-{
-    qint64 lines = 0;
-    qint64 readings = 0;
-    std::array<qint64, refusalKinds> refused{};
+/*! Reads the lines of an instrument or of a table one after the other and reports their contents to a sink.
 
-    qint64 bad() const;
-    LineCounts &operator+=(const LineCounts &other);
-};
+    A line of data is "t,v1,v2,...", or the same with white space instead of commas. Lines that begin with "#" describe
+    the data. A line of names before the first line of data is the header of a table. Nothing is fatal: a line that
+    makes no sense is counted, reported and dropped. docs/line-protocol.md describes the whole protocol.
 
-/*! Reads the lines of an instrument or of a table, one after the other, and tells the sink what they say.
-
-    Lines of data are "t,v1,v2,..." or white space instead of commas; "#" lines describe them; a line of names
-    before the first line of data is the header of a table. Nothing is fatal: a line that makes no sense is
-    counted, reported and dropped. docs/line-protocol.md has the whole of it.
-
-    Readings whose times cannot be believed yet are held back for a few lines (see TimeOrder): a program that joins a
-    line which is already talking sees the end of a line first, and one wrong time must not end a stream. */
+    Readings with doubtful times are held back for a few lines (see TimeOrder): a client that connects mid-stream sees
+    a partial first line, and one wrong time must not end a stream. */
 class LineProtocol
 {
 public:
+    //! \a sink must outlive the protocol.
     explicit LineProtocol(StreamSink &sink);
     ~LineProtocol();
 
-    /*! The line was cut and made again (or is the first). What was said of the channels still holds; times may
-        start over. */
+    //! Call this when a connection was made or made again. Earlier metadata still holds; times may start over.
     void beginStream();
-    //! The time of lines that bring none of their own, for all that follow.
+    //! Sets the time in seconds of all following lines that have no time.
     void setArrivalTime(double seconds) { m_arrivalTime = seconds; }
-    //! A line without its end; \a tooLong where it is only the beginning of one.
+    //! Takes a line without its line end; \a tooLong if it is only the beginning of a longer line.
     void takeLine(std::string_view line, bool tooLong);
-    //! The stream is over: hands on what was held back.
+    //! Ends the stream: hands on the readings that were held back.
     void finish();
 
-    //! Whether the columns are known, from a header line or from a line of data.
+    //! Returns whether the columns are known, from a header line or from a line of data.
     bool hasColumns() const { return m_rows != nullptr; }
+    //! Returns the counts since construction.
     const LineCounts &counts() const { return m_counts; }
 
 private:
@@ -78,7 +69,7 @@ private:
     std::size_t m_otherCount = 0;
     int m_otherCountRun = 0;
 
-    //! The next line may be one of names, since the stream or its shape began anew.
+    //! Whether the next line may be a header, because the stream or its shape has just begun.
     bool m_mayBeHeader = true;
     bool m_headerTold = false;
     TimeOrder m_order;

@@ -7,9 +7,9 @@ namespace Monitor {
 
 void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
 {
-    // The LF of a CR LF whose halves came in two pieces.
     if (bytes.empty())
         return;
+    // The former piece ended between the CR and the LF of a line end.
     if (m_afterReturn && bytes.front() == '\n')
         bytes.remove_prefix(1);
     m_afterReturn = false;

@@ -8,22 +8,24 @@
 
 namespace Monitor {
 
-/*! Cuts what arrives into lines, whatever pieces it arrives in. A line ends with LF, CR LF or a lone CR. No more
-    than one line's length is ever kept: of a longer line the rest is skipped. */
+/*! Cuts incoming bytes into lines, whatever pieces they arrive in. A line ends with LF, CR LF or a lone CR. At most
+    maxLength bytes are kept; the rest of a longer line is skipped. */
 class LineSplitter
 {
 public:
+    //! Length of the longest line in bytes.
     static constexpr int maxLength = 64 * 1024;
 
-    //! A line without its end; \a tooLong where it is only the beginning of one.
+    //! Takes a line without its line end; \a tooLong if it is only the beginning of a longer line.
     using LineHandler = std::function<void(std::string_view line, bool tooLong)>;
 
+    //! Calls \a handler for each line that these bytes complete.
     void feed(std::string_view bytes, const LineHandler &handler);
-    //! What came after the last end of line, if anything, as a line.
+    //! Hands the bytes after the last line end, if there are any, to \a handler as a line.
     void finish(const LineHandler &handler);
-    //! Whether there is such a rest.
+    //! Returns whether there are bytes after the last line end.
     bool hasRest() const { return !m_rest.isEmpty(); }
-    //! Forgets the rest.
+    //! Forgets the bytes after the last line end.
     void clear();
 
 private:

@@ -35,8 +35,8 @@ void splitAtSpaces(std::string_view line, std::vector<std::string_view> *fields)
     }
 }
 
-/*! Of a number that is out of range: whether it is so because it is too small. The place of its first digit that is
-    not 0 and its exponent tell, whatever their size. */
+/*! Returns whether a number that is out of range is too small rather than too large. The place of its first digit other
+    than 0 and its exponent decide, whatever their size. */
 bool isTooSmall(std::string_view number)
 {
     const std::size_t mark = std::min(number.find_first_of("eE"), number.size());

@@ -32,7 +32,7 @@ QString cleanText(const QString &text, int length)
             clean += c;
     }
     clean = clean.simplified();
-    // A character in two halves is kept or left out as a whole.
+    // A surrogate pair is kept or left out as a whole.
     const bool cutsACharacter = clean.size() > length && clean.at(length - 1).isHighSurrogate();
     return clean.left(cutsACharacter ? length - 1 : length).trimmed();
 }
@@ -81,11 +81,11 @@ Metadata::Line Metadata::takeChannels(const QString &value)
 Metadata::Line Metadata::takeLayout(const QString &value)
 {
     bool known = false;
-    const Layout layout = layoutFromName(value, &known);
+    const StreamKind kind = kindFromName(value, &known);
     if (!known)
         return Line::Unreadable;
-    m_layout = layout;
-    m_layoutKnown = true;
+    m_kind = kind;
+    m_kindKnown = true;
     return Line::Changed;
 }
 
@@ -115,7 +115,7 @@ Metadata::Line Metadata::takeStartTime(const QString &value)
     return Line::Changed;
 }
 
-//! One unit stands for all channels, a list for one each.
+//! Sets the units of the channels; a single unit holds for all of them.
 void Metadata::applyUnits(QVector<Channel> *channels) const
 {
     if (m_units.isEmpty())
@@ -133,10 +133,10 @@ QVector<Channel> Metadata::channels() const
     return channels;
 }
 
-StreamHeader Metadata::headerFor(const QVector<Channel> &columns, Layout layout) const
+StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kind) const
 {
     StreamHeader header;
-    header.layout = m_layoutKnown ? m_layout : layout;
+    header.kind = m_kindKnown ? m_kind : kind;
     header.channels = columns;
     for (int i = 0; m_names.size() == columns.size() && i < columns.size(); ++i)
         header.channels[i].name = m_names[i];

@@ -7,32 +7,36 @@
 
 namespace Monitor {
 
-//! Of a name or a unit, and of an event or another text for people, in characters; the rest is cut off.
+//! Length of the longest name or unit in characters; the rest is cut off.
 constexpr int maxNameLength = 64;
+//! Length of the longest event or other text for people in characters; the rest is cut off.
 constexpr int maxTextLength = 500;
 
-//! What the "#" lines of a stream have said so far.
+//! Collects the contents of the "#" lines of a stream.
 class Metadata
 {
 public:
+    //! What a line turned out to be.
     enum class Line {
-        Comment, //!< nothing for a program
-        Changed, //!< something about the readings that follow
-        Stream, //!< "#corvale 1": a stream begins, what was said before is forgotten
+        Comment, //!< a line for people
+        Changed, //!< a description of the readings that follow
+        Stream, //!< "#corvale 1": a stream begins, and all earlier lines are forgotten
         Event, //!< "#event text"
-        Unreadable, //!< a known word with something that it cannot have
+        Unreadable, //!< a known word with an invalid value
     };
 
-    //! Takes a line that begins with "#". For Line::Event the text is event().
+    //! Takes a line that begins with "#".
     Line take(std::string_view line);
 
+    //! Returns the text of the last Line::Event.
     const QString &event() const { return m_event; }
-    //! The header for a table of these channels, with what was said of them.
-    StreamHeader headerFor(const QVector<Channel> &channels, Layout layout) const;
-    //! The declared channels with the declared units; empty where none were declared.
+    /*! Returns the header for a table of these channels, completed by what was declared: names, units, kind, start
+        time and range. \a kind holds if none was declared. */
+    StreamHeader headerFor(const QVector<Channel> &channels, StreamKind kind) const;
+    //! Returns the declared channels with the declared units; empty if no channels were declared.
     QVector<Channel> channels() const;
-    //! The declared layout, else channels.
-    Layout layout() const { return m_layout; }
+    //! Returns the declared kind, StreamKind::Channels if none was declared.
+    StreamKind kind() const { return m_kind; }
 
 private:
     Line takeChannels(const QString &value);
@@ -43,15 +47,16 @@ private:
 
     QStringList m_names;
     QStringList m_units;
-    bool m_layoutKnown = false;
-    Layout m_layout = Layout::Channels;
+    bool m_kindKnown = false;
+    StreamKind m_kind = StreamKind::Channels;
     QDateTime m_startTime;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     QString m_event;
 };
 
-//! A text from outside as one line without control characters or blanks at its ends, at most \a length characters.
+/*! Returns a text from outside as one line of at most \a length characters, without control characters and without
+    blanks at its ends. */
 QString cleanText(const QString &text, int length);
 
 } // namespace Monitor

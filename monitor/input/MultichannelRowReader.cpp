@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-//! A channel whose times ran this many readings ahead of the others' waits no longer for them.
+//! A channel that is this many values ahead of the others no longer waits for them.
 constexpr std::size_t maxWaiting = 200000;
 
 QVector<Channel> numberedChannels(int count)
@@ -26,7 +26,7 @@ QVector<Channel> numberedChannels(int count)
 
 std::unique_ptr<MultichannelRowReader> MultichannelRowReader::fromHeader(const QStringList &fields)
 {
-    // The proxy cuts one more letter off "channel_" for each channel: hosts' files have these names.
+    // The proxy cuts one more letter off "channel_" for each channel, and files of hosts have these names.
     const bool known = fields.size() >= 2 && fields[0] == QLatin1String("hannel__timestamp(s)")
         && fields[1] == QLatin1String("hannel_");
     if (!known)
@@ -40,7 +40,7 @@ std::unique_ptr<MultichannelRowReader> MultichannelRowReader::fromHeader(const Q
 }
 
 MultichannelRowReader::MultichannelRowReader(int channels)
-    : RowReader(numberedChannels(channels), Layout::Channels)
+    : RowReader(numberedChannels(channels), StreamKind::Channels)
     , m_columns(std::size_t(channels))
     , m_line(std::size_t(channels))
     , m_values(std::size_t(channels))
@@ -78,7 +78,7 @@ void MultichannelRowReader::finish(const RowHandler &handler)
         mergeOldest(handler);
 }
 
-//! Whether the oldest waiting time is known to be the oldest: no channel may still bring an older one.
+//! Returns whether the oldest waiting values can be merged, because no channel can still bring an older one.
 bool MultichannelRowReader::isComplete() const
 {
     bool any = false;

@@ -10,13 +10,13 @@
 
 namespace Monitor {
 
-/*! The table that the library's multichannel proxy saves: a time and a value for each channel, each channel with
-    its own times, shorter channels with empty fields at their end. Readings of the same time become one; a
-    channel that has none at a time is NaN there. */
+/*! Reads the table that the library's multichannel proxy saves. It has a column of times and a column of values for
+    each channel; shorter channels have empty fields at their end. Values with the same time become one reading, in
+    which a channel without a value is NaN. */
 class MultichannelRowReader : public RowReader
 {
 public:
-    //! Null where the header is not that table's.
+    //! Returns a reader for a table with this header line; null if it is not such a table.
     static std::unique_ptr<MultichannelRowReader> fromHeader(const QStringList &fields);
 
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;

@@ -10,7 +10,8 @@ namespace Monitor {
 
 namespace {
 
-//! An empty field stands for the time of arrival; a time must be finite, in seconds too.
+/*! Reads a time in units of \a secondsEach; an empty field means the time of arrival. Returns false if the time is not
+    a finite number of seconds. */
 bool readTime(std::string_view field, double secondsEach, double arrivalTime, double *seconds)
 {
     if (field.empty()) {
@@ -26,9 +27,9 @@ bool readTime(std::string_view field, double secondsEach, double arrivalTime, do
 
 } // namespace
 
-RowReader::RowReader(const QVector<Channel> &channels, Layout layout)
+RowReader::RowReader(const QVector<Channel> &channels, StreamKind kind)
     : m_channels(channels)
-    , m_layout(layout)
+    , m_kind(kind)
 {
 }
 
@@ -36,8 +37,8 @@ RowReader::~RowReader() = default;
 
 void RowReader::finish(const RowHandler &) { }
 
-TimedRowReader::TimedRowReader(const QVector<Channel> &channels, Layout layout, bool timed)
-    : RowReader(channels, layout)
+TimedRowReader::TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed)
+    : RowReader(channels, kind)
     , m_timed(timed)
     , m_values(std::size_t(channels.size()))
 {
@@ -60,7 +61,7 @@ TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler 
 }
 
 PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
-    : RowReader(plan.channels, plan.layout)
+    : RowReader(plan.channels, plan.kind)
     , m_fieldCount(plan.fieldCount)
     , m_timeColumn(plan.timeColumn)
     , m_timeFactor(plan.timeFactor)

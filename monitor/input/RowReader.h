@@ -9,43 +9,44 @@
 
 namespace Monitor {
 
-//! Turns the fields of a line into readings: one for each kind of table that a stream may carry.
+//! Turns the fields of lines into readings. Each kind of table that a stream may carry has a subclass.
 class RowReader
 {
 public:
     using Fields = std::vector<std::string_view>;
-    //! Takes a time and one value for each channel.
+    //! Takes a time in seconds and one value per channel.
     using RowHandler = std::function<void(double time, const double *values)>;
+    //! What became of a line.
     enum class Outcome {
         Taken,
-        WrongCount,
-        Unreadable,
+        WrongCount, //!< it has a different number of fields
+        Unreadable, //!< a field is not a number
     };
 
     virtual ~RowReader();
 
     const QVector<Channel> &channels() const { return m_channels; }
-    Layout layout() const { return m_layout; }
-    //! A line that brings no time of its own gets \a arrivalTime.
+    StreamKind kind() const { return m_kind; }
+    //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
-    //! Hands over what was waiting for further lines.
+    //! Calls \a handler for the readings that were waiting for further lines.
     virtual void finish(const RowHandler &handler);
 
 protected:
-    RowReader(const QVector<Channel> &channels, Layout layout);
+    RowReader(const QVector<Channel> &channels, StreamKind kind);
     RowReader(const RowReader &) = delete;
     RowReader &operator=(const RowReader &) = delete;
 
 private:
     QVector<Channel> m_channels;
-    Layout m_layout;
+    StreamKind m_kind;
 };
 
-//! "t,v1,v2,..." or, where the lines bring no time, "v1,v2,...".
+//! Reads lines of the form "t,v1,v2,...", or "v1,v2,..." if lines have no time.
 class TimedRowReader : public RowReader
 {
 public:
-    TimedRowReader(const QVector<Channel> &channels, Layout layout, bool timed);
+    TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
 
 private:
@@ -55,7 +56,7 @@ private:
 
 struct ColumnPlan;
 
-//! The columns that a header line named.
+//! Reads lines whose columns a header line named.
 class PlannedRowReader : public RowReader
 {
 public:

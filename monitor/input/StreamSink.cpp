@@ -1,35 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/StreamSink.h"
 
-#include <QCoreApplication>
-
 namespace Monitor {
 
 StreamSink::~StreamSink() = default;
-
-QString refusalText(Refusal refusal)
-{
-    switch (refusal) {
-    case Refusal::TooLong:
-        return QCoreApplication::translate("Monitor", "longer than 64 KiB");
-    case Refusal::TooManyValues:
-        return QCoreApplication::translate("Monitor", "more than 256 values");
-    case Refusal::WrongCount:
-        return QCoreApplication::translate("Monitor",
-                                           "another number of values than the lines before");
-    case Refusal::TimeBackwards:
-        return QCoreApplication::translate("Monitor", "its time goes backwards");
-    case Refusal::Unreadable:
-        break;
-    }
-    return QCoreApplication::translate("Monitor", "not readable");
-}
-
-QString RefusedLine::text() const
-{
-    return QCoreApplication::translate("Monitor", "line %1 dropped, %2: \"%3\"")
-        .arg(number)
-        .arg(refusalText(refusal), QString::fromLatin1(excerpt));
-}
 
 } // namespace Monitor

@@ -32,7 +32,7 @@ TimeOrder::Verdict TimeOrder::weigh(Reading reading)
     return verdict;
 }
 
-//! The first reading is believed where the second one goes on from it.
+//! Believes the first reading of a connection if the second one agrees with it.
 void TimeOrder::weighSecond(Reading reading, Verdict *verdict)
 {
     if (!m_held.empty()) {

@@ -10,9 +10,9 @@ namespace Monitor {
 /*! Decides by their times which readings of a stream to believe.
 
     A reading that is not earlier than the one before it is believed at once. Two kinds of readings are held back until
-    others agree with them, that is, have times that do not go back: the first reading of a connection needs one more,
-    and readings that go back in time need linesOfAnotherTime in all. The latter then begin a new part, since it was
-    the time before them that was wrong. No more readings than that are ever held. */
+    others agree with them, that is, until further readings come whose times do not go back. The first reading of a
+    connection needs one more. Readings that go back in time are believed once there are linesOfAnotherTime of them;
+    they then begin a new part, because the time before them was wrong. No more readings than that are ever held. */
 class TimeOrder
 {
 public:
@@ -22,31 +22,32 @@ public:
     {
         double time = 0.0;
         std::vector<double> values;
-        RefusedLine line; //!< what to report where the reading is refused
+        RefusedLine line; //!< what to report if the reading is refused
     };
+    //! What to do with the readings that were held back, in this order.
     struct Verdict
     {
         std::vector<Reading> refused;
-        //! The believed readings begin a part of their own, whose times say nothing about the earlier ones.
+        //! Whether the believed readings begin a new part, whose times are independent of the earlier ones.
         bool newPart = false;
-        //! Whether it begins because the times before it turned out to be wrong.
+        //! Whether that part begins because the times before it turned out to be wrong.
         bool corrected = false;
         std::vector<Reading> believed;
     };
 
-    /*! A connection was made or made again: its first reading may be the end of a line, and its times may start over.
-        finish() comes first. */
+    /*! Call this, after finish(), when a connection was made or made again: its first reading may be the end of a
+        line, and its times may start over. */
     void beginConnection() { m_fresh = true; }
-    //! Another acquisition begins: no time of the one before says anything about it. finish() comes first.
+    //! Call this, after finish(), when another acquisition begins: its times are independent of the earlier ones.
     void beginAcquisition()
     {
         m_fresh = true;
         m_any = false;
     }
-    //! The stream is over: decides on what is held.
+    //! Ends the stream: decides about the readings that are held.
     Verdict finish();
 
-    //! Believes a reading of that time at once; false where it must be weighed.
+    //! Believes a reading of that time if that is possible at once; returns false if weigh() must decide.
     bool follows(double time)
     {
         if (m_fresh || !m_held.empty() || (m_any && time < m_lastTime))
@@ -54,13 +55,14 @@ public:
         note(time);
         return true;
     }
+    //! Holds the reading back, or decides about it and those held before.
     Verdict weigh(Reading reading);
 
-    //! Whether the first reading of a connection waits for the second one.
+    //! Returns whether the first reading of a connection waits for the second one.
     bool holdsFirst() const { return m_fresh && !m_held.empty(); }
-    //! Hands out what is held and starts over with the next reading.
+    //! Returns the readings that are held and starts over with the next one.
     std::vector<Reading> giveUpHeld();
-    //! The time of the last reading that was believed.
+    //! Returns the time of the last reading that was believed, in seconds.
     double lastTime() const { return m_lastTime; }
 
 private:

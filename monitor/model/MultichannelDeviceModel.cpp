@@ -14,14 +14,14 @@ namespace Monitor {
 
 namespace {
 
-constexpr int capacity = 100000; // as the library's own models
+constexpr int capacity = 100000; // the same as in the library's models
 
 QString timeText(double time)
 {
     return QString::number(time, 'f', 3);
 }
 
-//! Names come from outside: they are shown as they are written, not as markup.
+//! Returns a tool tip that shows the text as it is: names come from outside and must not act as markup.
 QString plainToolTip(const QString &text)
 {
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
@@ -50,10 +50,10 @@ void MultichannelDeviceModel::startStream(const StreamHeader &header)
     SetUnits(m_units.empty() ? nullptr : m_units.front().get());
 }
 
-//! One unit where all channels share it; otherwise no unit for all, and the names carry them.
+//! Adopts the units of the channels if all are the same; otherwise there is no common unit, and the names show them.
 void MultichannelDeviceModel::adoptUnits()
 {
-    // Views may still hold the former ones until they hear of the new.
+    // Views may use the former units until they hear of the new ones.
     m_formerUnits = std::move(m_units);
     m_units.clear();
     for (const Channel &channel : m_header.channels)
@@ -88,14 +88,14 @@ void MultichannelDeviceModel::addReadings(const ReadingBlock &readings)
         m_arrivedWaiting += qint64(due.size());
         return;
     }
-    show(int(due.size()), [&](int i) {
+    appendVisible(int(due.size()), [&](int i) {
         const int row = due[std::size_t(i)];
         m_visible.append(readings.time(row), readings.values(row));
     });
 }
 
-//! Makes room for \a count readings, of which at most a bufferful is kept, and announces them as one insertion.
-void MultichannelDeviceModel::show(int count, const std::function<void(int i)> &append)
+//! Makes room for \a count readings, keeps the latest up to the capacity, and announces them as one insertion.
+void MultichannelDeviceModel::appendVisible(int count, const std::function<void(int i)> &append)
 {
     if (count == 0)
         return;
@@ -122,7 +122,7 @@ void MultichannelDeviceModel::setPaused(bool paused)
 void MultichannelDeviceModel::UpdateView()
 {
     std::vector<double> values(std::size_t(m_waiting.channels()));
-    show(m_waiting.size(), [&](int i) {
+    appendVisible(m_waiting.size(), [&](int i) {
         m_waiting.copyValues(i, values.data());
         m_visible.append(m_waiting.time(i), values.data());
     });
@@ -177,7 +177,7 @@ bool MultichannelDeviceModel::has(int row, int column) const
     return row >= 1 && row <= m_visible.size() && column >= 1 && column <= m_visible.channels();
 }
 
-//! In the unit of display, where that is another unit of the same quantity; exactly as received otherwise.
+//! Converts a received value to units() if that is another unit of the same quantity; else returns it unchanged.
 double MultichannelDeviceModel::shown(double value, int channel) const
 {
     const Unit *unit = units();
@@ -213,7 +213,7 @@ QVariant MultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, i
         return toolTip(index.row(), index.column());
     case NumericValueRole:
         return doubleData(index.row(), index.column());
-    case Qt::UserRole: // what spot maps read; the header is no spot
+    case Qt::UserRole: // spot maps read this role; the header is not a spot
         return has(index.row(), index.column())
             ? QVariant(m_visible.value(index.row() - 1, index.column() - 1))
             : QVariant();

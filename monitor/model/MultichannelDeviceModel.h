@@ -12,16 +12,16 @@
 
 namespace Monitor {
 
-/*! All channels of one instrument: one time column, one column for each channel.
+/*! All channels of one instrument: one column of times and one column for each channel.
 
     | | column 0 | column c |
     |---|---|---|
-    | row 0 | "Time (s)" | name of channel c, with its unit where the channels' units differ |
-    | row r | time of reading r | value of channel c; NaN where it gave none |
+    | row 0 | "Time (s)" | name of channel c, with its unit if the channels have different units |
+    | row r | time of reading r | value of channel c; NaN for a missing value |
 
-    A block of readings is one row insertion, whatever the number of channels. It keeps the latest 100000. While
-    the model is paused (auto update off), readings wait unseen and nothing that is shown changes; UpdateView()
-    or setPaused(false) shows all of them at once, as if there had been no pause. */
+    A block of readings is one row insertion, whatever the number of channels. The model keeps the latest 100000
+    readings. While it is paused (auto update off), new readings wait and the rows do not change; UpdateView() or
+    setPaused(false) then shows all of them at once, as if there had been no pause. */
 class MultichannelDeviceModel : public Corvale_Qt::RVXAbstractDeviceDataModel
 {
     Q_OBJECT
@@ -30,21 +30,24 @@ public:
     explicit MultichannelDeviceModel(QObject *parent = nullptr);
     ~MultichannelDeviceModel() override;
 
-    //! A new acquisition: empties the model and gives it that header's channels, units and limits.
+    //! Begins a new acquisition: empties the model and adopts the channels, units and limits of the header.
     void startStream(const StreamHeader &header);
-    //! Readings of the header's channels, all of them or, with a sampling period, those that are due.
+    /*! Adds readings, or only those that are due if there is a sampling period. Readings with another number of
+        channels than the header are ignored. */
     void addReadings(const ReadingBlock &readings);
+    //! Adds one reading; \a values points to one value per channel.
     void addReading(double time, const double *values);
 
+    //! Pauses the model, or shows the readings that waited and goes on.
     void setPaused(bool paused);
     bool isPaused() const { return !autoUpdate(); }
-    //! Readings that arrived since the model was paused.
+    //! Returns how many readings arrived since the model was paused.
     qint64 waitingReadings() const { return m_arrivedWaiting; }
 
-    //! How many samples, and how many seconds, a plot should show at once; 0 for no wish.
+    //! Sets how many samples and how many seconds a plot should show at once; 0 for the default.
     void setPlotWidth(int points, double seconds);
     const StreamHeader &header() const { return m_header; }
-    //! The value in sample row \a row of channel \a channel, counted from 0, as it was received.
+    //! Returns the value in row \a row (from 1) of channel \a channel (from 0), in the unit in which it was received.
     double receivedValue(int row, int channel) const { return m_visible.value(row - 1, channel); }
 
     int NumberOfChannels() const override;
@@ -57,18 +60,18 @@ public:
     QModelIndex
     index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
 
-    //! Saves what is shown as a recording that the monitor and any reader of CSV can open.
+    //! Saves the rows as a recording, which the monitor and any reader of CSV can open.
     bool SaveDataToFile(const QString &fileName) const override;
     void Clear() override;
 
 public Q_SLOTS:
-    //! Shows the readings that wait.
+    //! Shows the readings that waited while the model was paused.
     void UpdateView();
 
 private:
     using Unit = Corvale_Qt::Units::MeasurementUnit;
 
-    void show(int count, const std::function<void(int i)> &append);
+    void appendVisible(int count, const std::function<void(int i)> &append);
     bool has(int row, int column) const;
     double shown(double value, int channel) const;
     QVariant text(int row, int column) const;

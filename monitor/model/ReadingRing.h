@@ -8,8 +8,8 @@
 
 namespace Monitor {
 
-/*! The latest readings, column by column: times and one column for each channel. Memory grows with what it holds,
-    up to the capacity; then the oldest reading makes room for the newest. */
+/*! The latest readings, stored column by column: times, and one column for each channel. Memory grows with the number
+    of readings up to the capacity; then the newest reading replaces the oldest. */
 class ReadingRing
 {
 public:
@@ -20,12 +20,13 @@ public:
     {
     }
 
-    //! Empty, for that many channels.
+    //! Removes all readings and sets the number of channels.
     void reset(int channels)
     {
         m_times = Column();
         m_channels.assign(std::size_t(channels), Column());
     }
+    //! Appends a reading; \a values points to one value per channel.
     void append(double time, const double *values)
     {
         if (m_times.full() && m_times.size() < m_capacity)
@@ -40,7 +41,7 @@ public:
         for (Column &channel : m_channels)
             channel.erase_begin(std::size_t(count));
     }
-    //! The values of reading \a i in a row.
+    //! Copies the values of reading \a i, counted from the oldest, to \a values, which has room for all channels.
     void copyValues(int i, double *values) const
     {
         for (const Column &channel : m_channels)
@@ -50,7 +51,7 @@ public:
     int size() const { return int(m_times.size()); }
     int capacity() const { return int(m_capacity); }
     int channels() const { return int(m_channels.size()); }
-    //! Reading \a i, counted from the oldest.
+    //! Returns the time of reading \a i, counted from the oldest.
     double time(int i) const { return m_times[std::size_t(i)]; }
     double value(int i, int channel) const
     {

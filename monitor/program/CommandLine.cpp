@@ -18,7 +18,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("CommandLine", text);
 }
 
-//! Reads the values of options into their places; the first that makes no sense is kept.
+//! Reads the values of options and keeps the first error.
 class ValueReader
 {
 public:
@@ -82,12 +82,12 @@ public:
         else if (isSet("rotate"))
             fail("rotate", tr("a time or a size, like 1h or 100M"));
     }
-    void view(QString *view)
+    void display(QString *display)
     {
         static const QStringList names =
             {"strip", "scope", "histogram", "profile", "position", "spots"};
-        *view = text("view");
-        if (isSet("view") && !names.contains(*view))
+        *display = text("view");
+        if (isSet("view") && !names.contains(*display))
             fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
     }
 
@@ -126,7 +126,7 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption(manPage);
 }
 
-//! The tasks that an option of that name stands for.
+//! Returns the options that stand for a task.
 const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
 {
     using Task = CommandLine::Task;
@@ -161,17 +161,17 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     if (onlyText)
         return true;
     if (asked.size() > 1)
-        *error = tr("%1 cannot be done at once").arg(asked.join(tr(" and ")));
+        *error = tr("%1 cannot be combined").arg(asked.join(tr(" and ")));
 
     const QStringList sources = parser.positionalArguments();
     if (sources.size() > 1)
-        *error = tr("only one source at a time can be shown: %1")
+        *error = tr("only one source can be shown at a time: %1")
                      .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
     source = sources.value(0, source);
     json = parser.isSet(QStringLiteral("json"));
     if (json && task != Task::Statistics)
-        *error = tr("--json goes with --stats");
+        *error = tr("--json needs --stats");
 
     ValueReader values(parser);
     values.number("speed", &file.speed, 0.0);
@@ -181,7 +181,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
-    values.view(&view);
+    values.display(&display);
     if (task == Task::Screenshot && !values.isSet("speed"))
         file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));
@@ -224,7 +224,7 @@ QString CommandLine::helpText()
 
 namespace {
 
-//! Roff takes a backslash for its own, and a hyphen for a typographer's.
+//! Returns the text with what roff would interpret, backslashes and hyphens, escaped.
 QString roff(QString text)
 {
     return text.replace(QLatin1Char('\\'), QLatin1String("\\\\"))

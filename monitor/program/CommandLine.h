@@ -10,7 +10,7 @@
 
 namespace Monitor {
 
-//! What the program ends with.
+//! The exit codes of the program; the manual page describes them.
 enum ExitCode {
     ExitGood = 0,
     ExitUsage = 1,
@@ -19,7 +19,7 @@ enum ExitCode {
     ExitOutputFailed = 4,
 };
 
-//! What the arguments ask for.
+//! The meaning of the arguments.
 struct CommandLine
 {
     enum class Task {
@@ -37,25 +37,29 @@ struct CommandLine
     QString source = QStringLiteral("sim:strips");
     bool sourceGiven = false;
     FileSource::Options file;
-    Recorder::Options record; //!< no path: not asked for
-    QString output; //!< of Screenshot and Convert
+    Recorder::Options record; //!< the path is empty if nothing is to be recorded
+    QString output; //!< the file that Screenshot or Convert writes
     bool json = false;
     QSize size;
-    QString view;
-    //! End after so many readings or seconds; 0 for none.
+    QString display; //!< of --view; empty for the one that fits the data
+    //! The readings and the seconds of data after which the run ends; 0 for no limit.
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;
     QString settings;
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
 
-    //! False, with a text of what is wrong and what would be right, where the arguments make no sense.
+    /*! Reads the arguments, the program's name first. Returns false if they make no sense; \a error says what is wrong
+        and what would be right. */
     bool parse(const QStringList &arguments, QString *error);
+    //! Returns whether the task opens a window on a screen.
     bool needsDisplay() const { return task == Task::Window; }
 
+    //! Returns the text of --help.
     static QString helpText();
+    //! Returns the text of --version.
     static QString versionText();
-    //! The same text as a manual page, in roff.
+    //! Returns the text of --help as a manual page in roff.
     static QByteArray manPage();
 };
 

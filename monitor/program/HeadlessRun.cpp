@@ -36,7 +36,7 @@ HeadlessRun::~HeadlessRun() = default;
 bool HeadlessRun::openSource()
 {
     FileSource::Options options = m_commandLine.file;
-    options.speed = 0.0; // nobody watches
+    options.speed = 0.0; // there is no window that a person watches
     SourceFactory factory(m_clock, options);
     m_source = factory.make(m_commandLine.source);
     if (!m_source) {
@@ -101,7 +101,7 @@ int HeadlessRun::run()
 void HeadlessRun::takeHeader(const StreamHeader &header)
 {
     if (m_statistics.readings() > 0)
-        complain(tr("another acquisition begins: the statistics are those of the last one"));
+        complain(tr("another acquisition begins; the statistics cover the last one only"));
     m_statistics.startStream(header);
     if (m_recorder)
         m_recorder->startStream(header);
@@ -158,7 +158,7 @@ int HeadlessRun::report()
     if (m_exitCode != ExitGood)
         return m_exitCode;
     if (m_readings == 0)
-        complain(tr("%1: there are no readings in it").arg(m_source->description()));
+        complain(tr("%1 contains no readings").arg(m_source->description()));
     else if (bad > 0)
         complain(tr("%1: %2 lines could not be used; --check shows them")
                      .arg(m_source->description())

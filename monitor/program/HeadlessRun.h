@@ -13,7 +13,7 @@
 
 namespace Monitor {
 
-//! --stats, --convert and --check: reads a source to its end, says what it found and with which code to leave.
+//! The run of --stats, --convert and --check: reads a source to its end and reports what it found.
 class HeadlessRun : public QObject
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ public:
     explicit HeadlessRun(const CommandLine &commandLine, QObject *parent = nullptr);
     ~HeadlessRun() override;
 
-    /*! Runs an event loop until the source has ended, enough was read or the program was told to end, prints the
-        result and returns the exit code. */
+    /*! Runs an event loop until the source has ended, the limit is reached or a signal ends the program; then prints
+        the result and returns the exit code. */
     int run();
 
 private:

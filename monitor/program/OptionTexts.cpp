@@ -17,8 +17,7 @@ QString tr(const char *text)
 QString summaryText()
 {
     return tr("Shows the readings of beam diagnostic instruments: channels over time, profiles, "
-              "positions and "
-              "spots. Without a source it shows a simulated beam.");
+              "positions and spots. Without a source it shows a simulated beam.");
 }
 
 QVector<OptionText> optionTexts()
@@ -26,27 +25,31 @@ QVector<OptionText> optionTexts()
     return {
         {"speed",
          "N",
-         tr("Play a file N times as fast as it was taken; 0 for as fast as possible.")},
+         tr("Play a file N times as fast as it was recorded; 0 for as fast as possible.")},
         {"loop", "", tr("Play a file again and again.")},
         {"from", "SECONDS", tr("Begin at this time of the file.")},
         {"to", "SECONDS", tr("End at this time of the file.")},
-        {"range", "LOW,HIGH", tr("Readings outside are over range, whatever the source says.")},
-        {"record", "PATH", tr("Record all that arrives to a new file, or to files in a folder.")},
+        {"range",
+         "LOW,HIGH",
+         tr("Mark readings outside these limits as over range, whatever the source says.")},
+        {"record",
+         "PATH",
+         tr("Record everything that arrives to a new file, or to files in a folder.")},
         {"rotate", "LIMIT", tr("Begin a new file after a time (1h, 30min) or a size (100M, 2G).")},
         {"overwrite", "", tr("Let --record and --convert replace an existing file.")},
         {"settings",
          "FILE",
-         tr("Keep settings and window layout in this file; one window runs for each.")},
+         tr("Keep settings and window layout in this file; each file has one window.")},
         {"screenshot",
          "FILE.png",
          tr("Draw the window into a picture, without a display, and end.")},
         {"size", "WxH", tr("Size of the window or of the picture, in pixels.")},
         {"view",
          "NAME",
-         tr("Show this view: strip, scope, histogram, profile, position or spots.")},
+         tr("Show this display: strip, scope, histogram, profile, position or spots.")},
         {"after",
          "AMOUNT",
-         tr("End, or take the picture, after so much data: 200frames, or 2s of its time.")},
+         tr("End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
         {"stats", "", tr("Read to the end and print statistics of each channel.")},
         {"json", "", tr("Print the statistics as JSON.")},
         {"convert", "OUT.csv", tr("Read to the end and write a recording.")},
@@ -62,29 +65,28 @@ QVector<TopicText> topicTexts()
         {tr("Sources"),
          {
              {"sim:ic4, sim:strips, sim:pixels, sim:spots",
-              tr("A simulated beam; ?seed=N for another one.")},
+              tr("A simulated beam; ?seed=N gives another one.")},
              {"PATH, file:PATH",
-              tr("A table: a recording, what the library saves, or CSV with a line of names.")},
+              tr("A table: a recording, a file saved by the library, or CSV with a header line.")},
              {"-", tr("Lines on standard input.")},
              {"tcp://HOST:PORT",
-              tr("Lines from an instrument on the network. ?ask=READ?&every=100ms for one that "
-                 "answers only "
-                 "when asked.")},
-             {"tcp-listen://127.0.0.1:PORT", tr("Lines from whoever connects.")},
+              tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "
+                 "answers only when asked.")},
+             {"tcp-listen://127.0.0.1:PORT", tr("Lines from a program that connects.")},
              {"serial:DEVICE?baud=N",
-              tr("Lines from a serial port, 8N1; 115200 baud where none is said.")},
+              tr("Lines from a serial port, 8N1; the default is 115200 baud.")},
              {"?silence=30s",
-              tr("After any of the last three: connect again where a source that used to talk is "
-                 "silent for so long. Off, but for one that is asked: 30s there.")},
+              tr("After any of the last three: connect again if a source that used to talk is "
+                 "silent for this long. The default is 30s with ?ask, otherwise off.")},
          }},
         {tr("Exit status"),
          {
-             {"0", tr("All went well.")},
+             {"0", tr("Everything went well.")},
              {"1", tr("The arguments make no sense.")},
              {"2",
-              tr("Without a window: there were no readings, or lines that could not be used.")},
-             {"3", tr("The source could not be opened, or was lost.")},
-             {"4", tr("What was asked for could not be written, or not all of it.")},
+              tr("Without a window: there were no readings, or some lines could not be used.")},
+             {"3", tr("The source could not be opened, or it was lost.")},
+             {"4", tr("The output could not be written, or not all of it.")},
          }},
         {tr("Examples"),
          {

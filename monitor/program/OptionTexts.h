@@ -6,24 +6,26 @@
 
 namespace Monitor {
 
-//! One option, as the command line takes it and as help and manual page show it.
+//! One option, as the command line takes it and as the help and the manual page show it.
 struct OptionText
 {
-    QString name;
-    QString value; //!< empty where it takes none
+    QString name; //!< without the dashes
+    QString value; //!< placeholder of its value; empty if it takes none
     QString text;
 };
 
-//! One paragraph with its headings: a word and what it means.
+//! One section of the help: words and what they mean.
 struct TopicText
 {
     QString title;
     QVector<QPair<QString, QString>> items;
 };
 
-//! All that is said about the program in words, once.
+//! Returns the options in the order in which the help lists them.
 QVector<OptionText> optionTexts();
+//! Returns the sections that follow the options: sources, exit status, examples.
 QVector<TopicText> topicTexts();
+//! Returns what the program does, in two sentences.
 QString summaryText();
 
 } // namespace Monitor

@@ -3,9 +3,9 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/PictureExport.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <algorithm>
 
@@ -13,11 +13,11 @@ namespace Monitor {
 
 namespace {
 
-//! For a display to show what it was handed: it paints ten times a second.
+//! A display paints ten times a second, and needs this long to show the last data.
 constexpr double settlingTime = 0.5; // s
-//! What brings nothing for so long will bring nothing.
+//! A source that is silent for this long is given up.
 constexpr double patience = 20.0; // s
-//! A display that shows nothing of the data for so long has nothing to show of it.
+//! A display that does not show the data within this time has nothing to show.
 constexpr double drawingPatience = 3.0; // s
 
 } // namespace
@@ -51,7 +51,7 @@ void PictureTaker::check()
         const double silentSince = std::max(m_session.lastArrival(), m_startedAt);
         if (now - silentSince > patience)
             finish(ExitSourceLost,
-                   tr("%1: nothing has come for %2 s. %3")
+                   tr("%1: no data for %2 s. %3")
                        .arg(m_session.source().description())
                        .arg(patience)
                        .arg(m_session.source().remedy()));
@@ -63,7 +63,7 @@ void PictureTaker::check()
     const bool failed = m_session.statistics().readings() == 0;
     if (waited < settlingTime)
         return;
-    if (m_window.views().hasDrawn())
+    if (m_window.displays().hasDrawn())
         take();
     else if (failed || waited > drawingPatience)
         giveUp();

@@ -10,23 +10,24 @@ namespace Monitor {
 class MonitorWindow;
 class Session;
 
-/*! Waits until a window shows the data that a picture was asked of, and takes it. It waits for data, not for time; only
-    for a source that stays silent there is an end to its patience. */
+/*! Waits until a window shows the requested data, and takes a picture of it. It waits for data, not for time, and
+    times out only if the source stays silent. */
 class PictureTaker : public QObject
 {
     Q_OBJECT
 
 public:
-    //! What a picture of a source without an end waits for where nothing else was said.
-    static constexpr double usualDataTime = 2.0; // s
+    //! Seconds of data after which a source without an end is drawn by default.
+    static constexpr double usualDataTime = 2.0;
 
+    //! \a file gets the picture; the end of its name decides the format.
     PictureTaker(Session &session,
                  MonitorWindow &window,
                  const QString &file,
                  QObject *parent = nullptr);
 
 Q_SIGNALS:
-    //! With what the program is to end; \a text says what went wrong.
+    //! Emitted once, with the exit code of the program; \a text says what went wrong, if anything.
     void done(Monitor::ExitCode code, const QString &text);
 
 private:

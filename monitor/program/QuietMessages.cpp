@@ -11,9 +11,10 @@ QtMessageHandler formerHandler = nullptr;
 
 void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    const bool aboutNobody =
+    // The warning has the default category, so that a filter rule cannot tell it from others.
+    const bool isAboutSizeHints =
         text == QLatin1String("This plugin does not support propagateSizeHints()");
-    if (!aboutNobody)
+    if (!isAboutSizeHints)
         formerHandler(type, context, text);
 }
 
@@ -21,7 +22,7 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 
 void installQuietMessages()
 {
-    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+    QLoggingCategory::setFilterRules(QStringLiteral("corvale.beam.debug=false"));
     formerHandler = qInstallMessageHandler(handleMessage);
 }
 

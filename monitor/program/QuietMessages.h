@@ -3,8 +3,9 @@
 
 namespace Monitor {
 
-/*! Leaves the library's debug lines out of the program's own messages, unless QT_LOGGING_RULES asks for them, and a
-    remark of the platform that pictures are made on. */
+/*! Mutes two messages that tell a user nothing: the spot map's debug lines about its bounds, one for each change
+    (category corvale.beam, unless QT_LOGGING_RULES enables it), and a warning of the offscreen platform about size
+    hints. */
 void installQuietMessages();
 
 } // namespace Monitor

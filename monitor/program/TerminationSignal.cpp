@@ -11,7 +11,7 @@ namespace {
 
 int pipeEnds[2] = {-1, -1};
 
-//! All that a signal handler may do: a byte into a pipe, and back to the default for the next signal.
+//! Writes a byte to a pipe, since a signal handler may do little else, and restores the default for the next signal.
 void handleSignal(int number)
 {
     const char byte = 0;

@@ -8,7 +8,7 @@
 
 namespace Monitor {
 
-//! Turns SIGINT and SIGTERM into a Qt signal for as long as it lives; a second one ends the program at once.
+//! Turns SIGINT and SIGTERM into a Qt signal while it exists; a second one ends the program at once.
 class TerminationSignal : public QObject
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ public:
     ~TerminationSignal() override;
 
 Q_SIGNALS:
+    //! Emitted when the program is asked to end.
     void raised();
 
 private:

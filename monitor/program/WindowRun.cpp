@@ -5,8 +5,8 @@
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <QApplication>
 #include <QDir>
@@ -30,7 +30,7 @@ QString WindowRun::defaultSettingsFile()
         .filePath(QStringLiteral("Corvale/corvale-monitor.xui"));
 }
 
-//! A picture looks the same whoever takes it, unless it is told whose settings it has.
+//! Returns the settings file. A picture gets an empty one by default, so that it looks the same for every user.
 QString WindowRun::settingsFile() const
 {
     if (!m_commandLine.settings.isEmpty())
@@ -78,8 +78,8 @@ void WindowRun::openWindow()
     if (m_commandLine.size.isValid())
         m_window->resize(m_commandLine.size);
     else if (isPicture())
-        m_window->resize(MonitorWindow::usualSize); // there is no screen to be too small
-    connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showView);
+        m_window->resize(MonitorWindow::usualSize); // no screen limits its size
+    connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
     if (!isPicture()) {
         m_window->showHint(hint());
         connect(m_session.get(), &Session::limitReached, m_window.get(), &QWidget::close);
@@ -89,13 +89,13 @@ void WindowRun::openWindow()
     connect(picture, &PictureTaker::done, this, &WindowRun::leave);
 }
 
-void WindowRun::showView()
+void WindowRun::showDisplay()
 {
-    const QString view = m_commandLine.view;
-    if (view.isEmpty() || m_window->views().showView(view))
+    const QString display = m_commandLine.display;
+    if (display.isEmpty() || m_window->displays().showDisplay(display))
         return;
     const QString text =
-        tr("%1 has nothing for the view \"%2\"").arg(m_session->source().description(), view);
+        tr("%1 has no data for the display \"%2\"").arg(m_session->source().description(), display);
     if (isPicture())
         leave(ExitUsage, text);
     else

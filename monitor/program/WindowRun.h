@@ -13,7 +13,7 @@ namespace Monitor {
 class MonitorWindow;
 class Session;
 
-//! The window, on a screen or into a picture: puts source, session and window together and runs them.
+//! The run with a window, on a screen or for a picture: puts source, session and window together and runs them.
 class WindowRun : public QObject
 {
     Q_OBJECT
@@ -22,11 +22,13 @@ public:
     explicit WindowRun(const CommandLine &commandLine, QObject *parent = nullptr);
     ~WindowRun() override;
 
-    //! Where settings lie when --settings does not say.
+    //! Returns the path of the settings file without --settings.
     static QString defaultSettingsFile();
 
-    //! False, with a line on stderr, where the source or the recording cannot be had; run() then returns at once.
+    /*! Opens the source, the recording and the window. Returns false, with a line on stderr, if that fails; run() then
+        returns at once. */
     bool prepare();
+    //! Returns the window; null if prepare() failed.
     MonitorWindow *window() const { return m_window.get(); }
     //! Runs the event loop and returns the exit code.
     int run();
@@ -37,7 +39,7 @@ private:
     void openWindow();
     QString settingsFile() const;
     QString hint() const;
-    void showView();
+    void showDisplay();
     void leave(ExitCode code, const QString &text = QString());
 
     const CommandLine m_commandLine;

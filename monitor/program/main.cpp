@@ -17,7 +17,7 @@ using namespace Monitor;
 
 namespace {
 
-//! Texts need no application, and must not need a display.
+//! Prints help, version or manual page if that is the task; this needs neither an application nor a display.
 bool answerWithText(const CommandLine &commandLine)
 {
     using Task = CommandLine::Task;
@@ -47,7 +47,7 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
 }
 
-//! What a desktop shows beside the name.
+//! Sets the icon that a desktop shows.
 void dressApplication()
 {
     QGuiApplication::setDesktopFileName(QStringLiteral("corvale-monitor"));
@@ -55,7 +55,7 @@ void dressApplication()
                                                  QIcon(":/monitor/corvale-monitor.svg")));
 }
 
-//! Without one, the toolkit would end the program with a core dump.
+//! Returns whether a window can be opened; without a display, Qt would abort the program.
 bool hasDisplay()
 {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
@@ -66,7 +66,7 @@ bool hasDisplay()
 #endif
 }
 
-//! One window for each settings file: another start brings the window that there is to the front.
+//! Each settings file has one window: a second start brings the existing window to the front.
 int runOnScreen(const CommandLine &commandLine, char **argv)
 {
     const QString settings = commandLine.settings.isEmpty()
@@ -104,7 +104,7 @@ int main(int argc, char **argv)
     if (answerWithText(commandLine))
         return ExitGood;
     installQuietMessages();
-    // A file that may not grow any more is a failed write, which is reported, and not the end of the program.
+    // A write beyond the limit of a file's size is to fail and be reported; it must not end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     if (!commandLine.needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -117,7 +117,7 @@ int main(int argc, char **argv)
     }
     if (commandLine.task == CommandLine::Task::Window)
         return runOnScreen(commandLine, argv);
-    int qtArguments = 1; // the others are the program's own
+    int qtArguments = 1; // Qt does not get the program's options
     QApplication application(qtArguments, argv);
     nameApplication();
     if (commandLine.task == CommandLine::Task::Screenshot) {

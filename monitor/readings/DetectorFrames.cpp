@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/DetectorFrames.h"
 
-#include "monitor/readings/PixelGrid.h"
+#include "monitor/readings/PixelShape.h"
 #include "monitor/readings/UnitSymbols.h"
 #include <corvale_qt/numerics/RoundPixelDetector.h>
 
@@ -19,10 +19,12 @@ constexpr int firstStripOfY = 64;
 
 DetectorFrames::DetectorFrames(const StreamHeader &header)
 {
-    const PixelGrid grid = PixelGrid::of(header);
+    const PixelShape grid = PixelShape::of(header);
     const bool pixels = grid.rows == side && grid.columns == side;
-    const bool stripPair = header.layout == Layout::Strips && header.channels.size() == 2 * strips;
-    const bool wiredAlready = header.layout == Layout::Pixels && header.channels.size() == readings;
+    const bool stripPair =
+        header.kind == StreamKind::Strips && header.channels.size() == 2 * strips;
+    const bool wiredAlready =
+        header.kind == StreamKind::Pixels && header.channels.size() == readings;
     if (!pixels && !stripPair && !wiredAlready)
         return;
     m_cells.fill(-1, readings);

@@ -7,22 +7,24 @@
 
 namespace Monitor {
 
-/*! Puts frames in the order in which the profile display takes a detector's 128 readings, in coulomb (or in the
-    frames' own unit, where that is no charge). */
+/*! Converts frames to the 128 readings of a detector, in the order that the profile display expects. The readings are
+    in the base unit of the frames' quantity (coulomb for charges), or unchanged if the unit is unknown. */
 class DetectorFrames
 {
 public:
-    //! For frames that the display has no layout for, isUsable() is false.
+    //! Finds which channel of the header feeds which reading.
     explicit DetectorFrames(const StreamHeader &header = StreamHeader());
 
+    //! Returns whether the profile display knows a detector with such frames.
     bool isUsable() const { return !m_cells.isEmpty(); }
-    //! \a values has one value for each channel of the header.
+    /*! Returns the 128 readings of a frame. \a values points to one value per channel of the header; values that are
+        not finite become 0. */
     QVector<double> readingsOf(const double *values) const;
 
 private:
     static constexpr int readings = 128;
 
-    //! For each reading the channel that holds it, -1 for none; empty where not usable.
+    //! The channel that holds each reading, -1 if none does; empty if the frames are not usable.
     QVector<int> m_cells;
     double m_factor = 1.0;
 };

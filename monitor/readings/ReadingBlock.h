@@ -7,8 +7,8 @@
 
 namespace Monitor {
 
-/*! Readings that arrived together: a time and one value for each channel in every row. A missing value is NaN.
-    The values stand row after row. */
+/*! Readings that arrived together. Each row has a time in seconds and one value per channel; a missing value is NaN.
+    The values are stored row after row. */
 class ReadingBlock
 {
 public:
@@ -18,27 +18,29 @@ public:
     }
 
     int channels() const { return m_channels; }
+    //! Returns the number of rows.
     int size() const { return int(m_times.size()); }
     bool isEmpty() const { return m_times.empty(); }
     double time(int row) const { return m_times[std::size_t(row)]; }
-    //! The channels() values of a row.
+    //! Returns a pointer to the channels() values of a row.
     const double *values(int row) const
     {
         return m_values.data() + std::size_t(row) * std::size_t(m_channels);
     }
 
+    //! Appends a row; \a values points to channels() values.
     void append(double time, const double *values)
     {
         m_times.push_back(time);
         m_values.insert(m_values.end(), values, values + m_channels);
     }
-    //! All of \a other, which has as many channels.
+    //! Appends all rows of \a other, which must have the same number of channels.
     void append(const ReadingBlock &other)
     {
         m_times.insert(m_times.end(), other.m_times.begin(), other.m_times.end());
         m_values.insert(m_values.end(), other.m_values.begin(), other.m_values.end());
     }
-    //! Empty again, for readings of that many channels; keeps its memory.
+    //! Removes all rows and sets the number of channels; keeps the memory.
     void clear(int channels)
     {
         m_channels = channels;

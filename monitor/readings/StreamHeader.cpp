@@ -7,7 +7,7 @@ namespace Monitor {
 
 namespace {
 
-const char *const layoutNames[] = {"channels", "strips", "pixels", "spots"};
+const char *const kindNames[] = {"channels", "strips", "pixels", "spots"};
 
 QString twoDigits(int number)
 {
@@ -43,16 +43,16 @@ Channel spotChannel(int index)
 
 } // namespace
 
-QString layoutName(Layout layout)
+QString kindName(StreamKind kind)
 {
-    return QLatin1String(layoutNames[int(layout)]);
+    return QLatin1String(kindNames[int(kind)]);
 }
 
-Layout layoutFromName(const QString &name, bool *ok)
+StreamKind kindFromName(const QString &name, bool *ok)
 {
-    const auto found = std::find(std::begin(layoutNames), std::end(layoutNames), name);
-    *ok = found != std::end(layoutNames);
-    return *ok ? Layout(found - std::begin(layoutNames)) : Layout::Channels;
+    const auto found = std::find(std::begin(kindNames), std::end(kindNames), name);
+    *ok = found != std::end(kindNames);
+    return *ok ? StreamKind(found - std::begin(kindNames)) : StreamKind::Channels;
 }
 
 int StreamHeader::indexOf(const QString &name) const
@@ -74,16 +74,16 @@ QString StreamHeader::commonUnit() const
     return same ? first : QString();
 }
 
-QVector<Channel> StreamHeader::defaultChannels(Layout layout, int count)
+QVector<Channel> StreamHeader::defaultChannels(StreamKind kind, int count)
 {
     QVector<Channel> channels;
     channels.reserve(count);
     for (int i = 0; i < count; ++i) {
-        if (layout == Layout::Strips)
+        if (kind == StreamKind::Strips)
             channels.append({stripName(i, count), {}});
-        else if (layout == Layout::Pixels)
+        else if (kind == StreamKind::Pixels)
             channels.append({pixelName(i, count), {}});
-        else if (layout == Layout::Spots)
+        else if (kind == StreamKind::Spots)
             channels.append(spotChannel(i));
         else
             channels.append({QStringLiteral("ch%1").arg(i + 1), {}});

@@ -8,50 +8,53 @@
 
 namespace Monitor {
 
-//! What the values of one reading are.
-enum class Layout {
+//! What the values of a reading represent.
+enum class StreamKind {
     Channels, //!< independent channels over time
-    Strips, //!< two profiles: the strips of x, then those of y
+    Strips, //!< two profiles: the strips of x, then the strips of y
     Pixels, //!< a matrix, row after row, row 1 at the smallest y
-    Spots, //!< one beam spot a reading
+    Spots, //!< one beam spot per reading
 };
 
-//! "channels", "strips", "pixels" or "spots".
-QString layoutName(Layout layout);
-//! The layout of that name; \a ok tells whether there is one.
-Layout layoutFromName(const QString &name, bool *ok);
+//! Returns "channels", "strips", "pixels" or "spots".
+QString kindName(StreamKind kind);
+//! Returns the kind of that name, StreamKind::Channels if there is none; \a ok tells whether there is one.
+StreamKind kindFromName(const QString &name, bool *ok);
 
+//! The name and the unit of one channel.
 struct Channel
 {
     QString name;
-    QString
-        unit; //!< a unit's symbol as instruments write it (nA, uA, mm); empty where there is none
+    //! The symbol of the unit as instruments write it (nA, uA, mm); empty if the channel has no unit.
+    QString unit;
 
     bool operator==(const Channel &other) const { return name == other.name && unit == other.unit; }
 };
 
-//! What is known of a stream of readings before the first of them.
+//! What is known about a stream of readings before the first of them.
 struct StreamHeader
 {
     static constexpr int maxChannels = 256;
 
-    Layout layout = Layout::Channels;
+    StreamKind kind = StreamKind::Channels;
     QVector<Channel> channels;
-    QDateTime startTime; //!< when t was 0; invalid where nobody said
-    //! Readings outside are over range; no limits where both are equal.
+    QDateTime startTime; //!< the moment at which t was 0; invalid if it is unknown
+    //! Readings outside these limits are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
 
+    //! Returns whether the stream has limits.
     bool hasRange() const { return rangeLow < rangeHigh; }
-    //! The channel of that name, any case; -1 where there is none.
+    //! Returns the index of the channel with that name, ignoring case; -1 if there is none.
     int indexOf(const QString &name) const;
-    //! The unit that all channels share; empty where they differ.
+    //! Returns the unit that all channels share; empty if they differ.
     QString commonUnit() const;
-    //! Names as strips, pixels and spots have them, or "ch1", "ch2" and so on.
-    static QVector<Channel> defaultChannels(Layout layout, int count);
+    /*! Returns \a count channels with the usual names of that kind: x01 and y01, r01c01, the fields of a spot, or ch1.
+        Only the fields of a spot have units. */
+    static QVector<Channel> defaultChannels(StreamKind kind, int count);
 };
 
 } // namespace Monitor
 
-Q_DECLARE_METATYPE(Monitor::Layout)
+Q_DECLARE_METATYPE(Monitor::StreamKind)
 Q_DECLARE_METATYPE(Monitor::StreamHeader)

@@ -28,13 +28,13 @@ QHash<QString, MeasurementUnitType> allSymbols()
     return symbols;
 }
 
-//! Codes are grouped by quantity in blocks of 16.
+//! Returns the block of 16 codes that a unit's code lies in; codes are grouped by quantity.
 int block(MeasurementUnitType type)
 {
     return type / 16;
 }
 
-//! Units of these blocks stand beside each other without a factor between them (degrees, MU and gray).
+//! Returns whether two units of the same block cannot be converted into each other (degrees; MU and gray).
 bool onlyShareABlock(const MeasurementUnit &one, const MeasurementUnit &other)
 {
     const auto isGray = [](const MeasurementUnit &unit) {

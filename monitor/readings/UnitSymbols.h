@@ -9,15 +9,16 @@
 
 namespace Monitor {
 
-/*! The unit that a symbol means in a file or on a line: the units' own names, u for the micro sign, and "counts".
-    Unlike a typed text it must be exact: "fc" is a channel, no charge. Null for any other text. */
+/*! Returns the unit that a symbol in a file or on a line stands for: the name of a unit, also with u for the micro
+    sign, or "counts". The symbol must match exactly, also in case: "fc" is the name of a channel and not a charge.
+    Returns null for any other text. */
 std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> unitFromSymbol(const QString &symbol);
 
-/*! Splits "left_nA" into the name "left" and the symbol "nA"; a text whose end is no unit's symbol is all
-    name. */
+/*! Splits "left_nA" into the name "left" and the symbol "nA". If the text does not end in the symbol of a unit, all of
+    it is the name and the symbol is empty. */
 void splitUnitSuffix(const QString &text, QString *name, QString *symbol);
 
-//! Whether values in the one unit can be shown in the other: both measure the same quantity.
+//! Returns whether both units measure the same quantity, so that values in one can be shown in the other.
 bool sameQuantity(const Corvale_Qt::Units::MeasurementUnit &one,
                   const Corvale_Qt::Units::MeasurementUnit &other);
 

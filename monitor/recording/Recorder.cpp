@@ -13,10 +13,10 @@ namespace Monitor {
 
 namespace {
 
-constexpr double flushInterval = 0.5; // s; twice as often as promised, for ticks that come late
+constexpr double flushInterval = 0.5; // s; twice as often as promised, because ticks may come late
 constexpr int flushSize = 1024 * 1024;
 constexpr double shortestFile = 1.0; // s
-constexpr double retryInterval = 10.0; // s, for a next file that could not be opened
+constexpr double retryInterval = 10.0; // s, after a next file could not be opened
 
 } // namespace
 
@@ -51,7 +51,7 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
     if (!file->open(path, existing)) {
         const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
         *error = exists
-            ? tr("%1 exists already; choose another name, or allow to overwrite it").arg(path)
+            ? tr("%1 exists already; choose another name or allow overwriting").arg(path)
             : tr("%1 cannot be written: %2").arg(path, file->errorString());
         return false;
     }
@@ -62,7 +62,7 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
     return true;
 }
 
-//! Where the next file cannot be opened, the one before stays open.
+//! Opens the next file. If that fails, the present file stays open.
 bool Recorder::openNext()
 {
     const double now = m_clock.seconds();
@@ -94,7 +94,7 @@ void Recorder::startStream(const StreamHeader &header)
 {
     const bool another = m_hasHeader && m_anyReading;
     m_header = header;
-    // On a full disk there is no other file to be had: the stream goes on in this one, under its own header.
+    // On a full disk no other file can be opened: the stream goes on in this one, under a header of its own.
     if (another && mayBeginFileForStream() && flush() && openNext()) {
         ++m_streamFiles;
         m_streamFileAt = m_clock.seconds();
@@ -110,7 +110,8 @@ bool Recorder::mayBeginFileForStream()
         return m_streamFiles == 0 || m_clock.seconds() - m_streamFileAt >= shortestFile;
     if (!std::exchange(m_streamLimitSaid, true))
         Q_EMIT noted(
-            tr("WARNING recording: the source began anew %1 times; from now on all goes to %2")
+            tr("WARNING recording: the source started over %1 times; from now on everything goes "
+               "to %2")
                 .arg(maxStreamFiles)
                 .arg(fileName()));
     return false;
@@ -125,7 +126,7 @@ void Recorder::addReadings(const ReadingBlock &readings)
         appendRecordingRow(&m_rows, readings.time(row), readings.values(row), readings.channels());
     append(m_rows, readings.size());
     m_anyReading = m_anyReading || !readings.isEmpty();
-    // A flood keeps the clock from ticking: what is due is written all the same.
+    // A flood of readings keeps the clock from ticking; what is due is written nevertheless.
     writeIfDue();
     if (m_waiting.size() >= flushSize && m_error.isEmpty())
         flush();
@@ -138,7 +139,8 @@ void Recorder::addEvent(const QString &text)
     append(line, 0);
 }
 
-//! Readings without the header of their stream would be another stream's: both fit, or both are lost.
+/*! Appends readings with their header, if it is due. Readings without their header would seem to belong to another
+    stream, so that both are kept or both are lost. */
 void Recorder::append(const QByteArray &text, int readings)
 {
     const QByteArray header =
@@ -160,7 +162,8 @@ void Recorder::appendLoss()
     if (m_lost == 0)
         return;
     QByteArray line;
-    appendRecordingEvent(&line, tr("%1 readings were lost here, the disk was full").arg(m_lost));
+    appendRecordingEvent(&line,
+                         tr("%1 readings were lost here because the disk was full").arg(m_lost));
     m_waiting.append(line);
     m_lost = 0;
 }
@@ -176,7 +179,7 @@ void Recorder::writeIfDue()
         rotateIfDue();
 }
 
-//! False where the disk did not take all; what it did not take stays for the next time.
+//! Returns false if the disk did not take everything; the rest stays for the next time.
 bool Recorder::flush()
 {
     if (!m_isRecording)
@@ -190,8 +193,8 @@ bool Recorder::flush()
     return m_waiting.isEmpty();
 }
 
-/*! False while there is no file that others would find. What waits goes to the file that takes over; of the one
-    before, nothing that was written is touched. */
+/*! Makes sure that the file can still be found under its path, and opens another one if not. What waits goes to the new
+    file; what was written to the former one stays as it is. Returns false while no file can be opened. */
 bool Recorder::keepFileInPlace()
 {
     const QString displacement = m_file->displacement();

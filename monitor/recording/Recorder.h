@@ -15,13 +15,13 @@ namespace Monitor {
 
 class Clock;
 
-/*! Writes what arrives to files, whole lines at a time, at least once a second: a kill at any moment loses no more
-    than that, and the file opens. A file is only ever appended to, and by one recorder.
+/*! Writes what arrives to files, in whole lines and at least once a second, so that a kill at any moment loses no more
+    than a second and leaves a readable file. A file is only ever appended to, by one recorder.
 
-    Where the disk is full, it says so and keeps up to WaitingText::maxSize bytes until there is room again; only what
-    does not fit there is lost, and the file says how much. A file that is removed, renamed, replaced or changed by
-    others is noticed before the next write, and recording goes on in another one. A new acquisition begins a new
-    file, but at most one a second and maxStreamFiles in all: then it goes on in the last one. */
+    If the disk is full, the recorder reports it and keeps up to WaitingText::maxSize bytes until there is room again.
+    Only what does not fit there is lost, and the file says how much. The recorder notices before each write whether
+    others removed, renamed, replaced or changed the file, and then goes on in another one. A new acquisition begins a
+    new file, but at most one per second and maxStreamFiles in all; after that it goes on in the last file. */
 class Recorder : public QObject
 {
     Q_OBJECT
@@ -29,46 +29,52 @@ class Recorder : public QObject
 public:
     struct Options
     {
-        //! A file; or a folder, where each recording gets a name from the date and time.
+        //! A file, or a folder in which each file gets a name from the date and time.
         QString path;
         //! Whether an existing file may be replaced.
         bool overwrite = false;
-        //! Seconds, or bytes, after which a new file is begun; 0 for never.
+        //! The seconds and the bytes after which a new file is begun; 0 for never.
         double rotateSeconds = 0.0;
         qint64 rotateBytes = 0;
-        //! A line for people: where the readings come from.
+        //! Where the readings come from, as a line for people.
         QString source;
     };
+    //! How many files new acquisitions begin at most.
     static constexpr int maxStreamFiles = 100;
 
+    //! \a clock must outlive the recorder.
     Recorder(Clock &clock, const Options &options, QObject *parent = nullptr);
     ~Recorder() override;
 
-    //! Opens the first file; false, with errorString(), where that fails.
+    //! Opens the first file. Returns false, with errorString(), if that fails.
     bool start();
+    //! Begins another acquisition; the readings that follow have the channels of this header.
     void startStream(const StreamHeader &header);
+    //! Records readings; those with another number of channels than the header are ignored.
     void addReadings(const ReadingBlock &readings);
+    //! Records an "#event" line.
     void addEvent(const QString &text);
-    /*! Writes what is left and closes the file; false where readings could not be written, which lostReadings()
-        then counts. */
+    /*! Writes what is left and closes the file. Returns false if readings could not be written; lostReadings() is
+        their number. */
     bool finish();
 
-    //! The file that is being written, or that could not be made again.
+    //! Returns the path of the file that is being written, or that could not be opened again.
     QString fileName() const { return m_file ? m_file->path() : QString(); }
-    //! Bytes of the file that is being written, with those that wait.
+    //! Returns the bytes of the file that is being written, with those that wait.
     qint64 size() const { return (m_file ? m_file->size() : 0) + m_waiting.size(); }
+    //! Returns how many readings could not be recorded.
     qint64 lostReadings() const { return m_allLost; }
-    //! What keeps it from writing; empty while all is well.
+    //! Returns what keeps the recorder from writing; empty while nothing does.
     QString errorString() const { return m_error; }
 
 Q_SIGNALS:
-    //! A file was begun.
+    //! Emitted when a file was begun.
     void fileStarted(const QString &fileName);
-    //! Writing failed; it goes on trying.
+    //! Emitted when writing failed; the recorder goes on trying.
     void failed(const QString &text);
-    //! Writing works again.
+    //! Emitted when writing works again.
     void recovered();
-    //! Something that changes where the recording is found; a line for the log.
+    //! Emitted with a line for the log when the recording goes on elsewhere than expected.
     void noted(const QString &text);
 
 private:

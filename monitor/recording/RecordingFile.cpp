@@ -39,14 +39,14 @@ bool RecordingFile::open(const QString &path, Existing existing)
     m_path = path;
     m_size = 0;
     m_error.clear();
-    // A pipe that nobody reads must not stop the program.
+    // Without O_NONBLOCK, a pipe without a reader would block the program.
     const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK
         | (existing == Existing::Refuse ? O_EXCL : 0);
     constexpr mode_t permissions = 0666; // less what the user's mask takes away
     m_descriptor = ::open(QFile::encodeName(path).constData(), flags, permissions);
     if (m_descriptor < 0)
         return fail(errno);
-    // Emptied only under the lock: until then it may be another recorder's.
+    // The file is emptied only under the lock: until then another recorder may be writing to it.
     const bool emptied = lock() && (::ftruncate(m_descriptor, 0) == 0 || errno == EINVAL);
     if (emptied)
         return true;
@@ -59,7 +59,7 @@ bool RecordingFile::open(const QString &path, Existing existing)
 
 bool RecordingFile::lock()
 {
-    // Where the file system has no locks, recording without one is better than not recording.
+    // On a file system without locks, recording without one is better than not recording.
     if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
         return true;
     m_error = tr("another recorder is writing to it");

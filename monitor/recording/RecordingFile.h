@@ -5,14 +5,15 @@
 
 namespace Monitor {
 
-/*! A file that is only ever appended to, under a lock that keeps every other recorder from it. What is appended goes
-    to the system at once, and every failure keeps the system's own reason. */
+/*! A file that is only ever appended to, under a lock that keeps other recorders away from it. What is appended goes to
+    the system at once, and after a failure errorString() has the system's reason. */
 class RecordingFile
 {
 public:
+    //! What to do with an existing file.
     enum class Existing {
-        Refuse, //!< a file of that name is an error
-        Replace, //!< it is emptied
+        Refuse, //!< report an error
+        Replace, //!< empty the file
     };
 
     RecordingFile() = default;
@@ -20,19 +21,19 @@ public:
     RecordingFile(const RecordingFile &) = delete;
     RecordingFile &operator=(const RecordingFile &) = delete;
 
-    //! False, with errorString(), where the file cannot be had or is another recorder's.
+    //! Opens a file. Returns false, with errorString(), if it cannot be opened or another recorder writes to it.
     bool open(const QString &path, Existing existing);
-    //! Appends and returns how many bytes the system took; fewer than \a size with errorString().
+    //! Appends bytes and returns how many the system took; if they are fewer than \a size, errorString() says why.
     qint64 append(const char *data, qint64 size);
-    //! False, with errorString(), where the system could not keep what it had taken.
+    //! Closes the file. Returns false, with errorString(), if the system could not keep what it had taken.
     bool close();
 
-    /*! What has become of the file behind this program's back, as in "was removed or renamed"; empty while its path
-        leads to it and nobody else has changed its size. */
+    /*! Returns what other programs did to the file, for example "was removed or renamed"; empty while its path leads
+        to it and its size is that of the bytes that were appended. */
     QString displacement() const;
 
     QString path() const { return m_path; }
-    //! Bytes that were appended.
+    //! Returns the number of bytes that were appended.
     qint64 size() const { return m_size; }
     QString errorString() const { return m_error; }
 

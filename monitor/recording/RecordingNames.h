@@ -6,16 +6,17 @@
 
 namespace Monitor {
 
-/*! The names of a recording's files: the file that was asked for and the same with numbers ("a.csv", "a-2.csv"); or, in
-    a folder, names made of date and time. */
+/*! The names of a recording's files: the requested file, then the same name with numbers ("a.csv", "a-2.csv"); or, in a
+    folder, names made of date and time. */
 class RecordingNames
 {
 public:
-    //! What is a folder now stays one, whatever becomes of it.
+    //! A path that is a folder now counts as a folder even after it was removed.
     explicit RecordingNames(const QString &path);
 
+    //! Returns the path of the first file.
     QString first(const QDateTime &now) const;
-    //! A name that no file has, for the file after \a filesBegun others.
+    //! Returns a path that no file has, for the file after \a filesBegun others.
     QString next(const QDateTime &now, int filesBegun) const;
 
 private:

@@ -21,7 +21,7 @@ void appendNumber(QByteArray *text, double value)
     text->append(number, int(end - number));
 }
 
-//! Fields are cut at commas, so a name cannot hold one; and no name is empty.
+//! Returns the name without commas, which separate fields; an empty name is replaced.
 QByteArray nameField(const Channel &channel, int index)
 {
     const QString name = cleanText(channel.name, maxNameLength);
@@ -47,7 +47,7 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
         columns += units.last().isEmpty() ? names.last() : names.last() + '_' + units.last();
     }
     QByteArray text = "#corvale 1\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
-    text += "#layout " + layoutName(header.layout).toLatin1() + "\n";
+    text += "#layout " + kindName(header.kind).toLatin1() + "\n";
     text += "#channels " + names.join(',') + "\n";
     text += "#unit " + units.join(',') + "\n";
     if (header.hasRange()) {
@@ -59,7 +59,7 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     }
     if (header.startTime.isValid())
         text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
-    // The longest names and units do not fit into one line together; the units stand above as well.
+    // The longest names and units do not fit into one line; the units are in the "#unit" line in any case.
     const QByteArray line = columns.join(',');
     const bool fits = line.size() <= LineSplitter::maxLength;
     return text + (fits ? line : "time_s," + names.join(',')) + "\n";

@@ -7,12 +7,13 @@
 
 namespace Monitor {
 
-/*! The text of a recording: "#" lines that say what it is, one line of names with units as suffixes, then
-    "time,value,value,..." with 17 significant digits, which give back every number bit for bit. */
+/*! \file
+    The text of a recording: "#" lines that describe it, one line of names with units as suffixes, then lines
+    "time,value,value,..." with 17 significant digits, which restore every number bit for bit. */
 
-//! All that comes before the first reading. \a source is a line for people.
+//! Returns everything that comes before the first reading. \a source is a line for people.
 QByteArray recordingHeader(const StreamHeader &header, const QString &source);
-//! Appends the line of one reading; NaN becomes an empty field.
+//! Appends the line of one reading with \a channels values; NaN becomes an empty field.
 void appendRecordingRow(QByteArray *text, double time, const double *values, int channels);
 //! Appends an "#event" line.
 void appendRecordingEvent(QByteArray *text, const QString &event);

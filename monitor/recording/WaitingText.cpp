@@ -16,7 +16,7 @@ void WaitingText::take(qint64 size)
     if (end == 0)
         return;
     while (!m_headers.empty() && m_headers.front().begin < end) {
-        // Of a header that was written in part, a new file needs all.
+        // If a header was written in part, a new file still needs all of it.
         m_headerBefore = m_text.mid(m_headers.front().begin, m_headers.front().size);
         m_headers.pop_front();
     }
@@ -36,7 +36,7 @@ void WaitingText::beginFile(const QByteArray &lines)
     m_written = 0;
 }
 
-//! The lines of readings are those that begin with a number.
+//! Counts the lines that begin with a number; these are the readings.
 qint64 WaitingText::readings() const
 {
     qint64 count = 0;

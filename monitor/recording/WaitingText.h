@@ -8,30 +8,30 @@
 namespace Monitor {
 
 /*! The lines of a recording that have not been written yet. A line that was written in part is kept whole, and so is
-    the header that the first line belongs to, so that another file can take over at any moment. */
+    the header that the first line belongs to, so that recording can go on in another file at any moment. */
 class WaitingText
 {
 public:
-    //! More than that is not kept.
+    //! The largest number of bytes that are kept.
     static constexpr int maxSize = 64 * 1024 * 1024;
 
-    //! Whether there is room for so much more.
+    //! Returns whether there is room for \a size more bytes.
     bool hasRoomFor(int size) const { return m_text.size() + size <= maxSize; }
-    //! Whole lines, of readings and events.
+    //! Appends whole lines of readings and events.
     void append(const QByteArray &lines) { m_text += lines; }
-    //! The lines with which a stream begins.
+    //! Appends the lines with which a stream begins.
     void appendHeader(const QByteArray &lines);
 
-    //! What has not been written to the present file.
+    //! Returns the bytes that have not been written to the present file; there are size() of them.
     const char *data() const { return m_text.constData() + m_written; }
     qint64 size() const { return m_text.size() - m_written; }
     bool isEmpty() const { return size() == 0; }
-    //! The present file took so many bytes.
+    //! Call this after \a size bytes were written to the present file.
     void take(qint64 size);
-    //! Another file takes over: it begins with the header in force, if it has one, and \a lines.
+    //! Begins another file with \a lines and the header of the stream that goes on there.
     void beginFile(const QByteArray &lines);
 
-    //! How many readings wait.
+    //! Returns how many readings wait.
     qint64 readings() const;
 
 private:
@@ -42,9 +42,9 @@ private:
     };
 
     QByteArray m_text;
-    //! Of the first line, how much the present file has.
+    //! The number of bytes of the first line that are in the present file.
     qint64 m_written = 0;
-    //! Headers in the text, in its order.
+    //! The headers in the text, in its order.
     std::deque<Header> m_headers;
     //! The last header before the text.
     QByteArray m_headerBefore;

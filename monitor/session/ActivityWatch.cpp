@@ -18,7 +18,7 @@ void ActivityWatch::noteArrival(double now, int readings)
     if (m_arrivals == 0) {
         m_readingsEach = readings;
     } else {
-        // A pause says nothing about the usual interval.
+        // A pause does not count as an interval.
         const double interval = now - m_lastArrival;
         if (m_interval == 0.0)
             m_interval = interval;

@@ -5,18 +5,19 @@
 
 namespace Monitor {
 
-//! Follows how often readings come, and tells when they should have come and did not.
+//! Follows how often readings come, and tells when they are overdue.
 class ActivityWatch
 {
 public:
-    //! Nothing is known of what came before.
+    //! Forgets all arrivals.
     void reset() { *this = ActivityWatch(); }
+    //! Call this when \a readings readings arrived at \a now seconds.
     void noteArrival(double now, int readings);
-    //! Silent for more than three of the usual intervals (and for 0.2 s at least, which jitter may take).
+    //! Returns whether nothing came for more than three of the usual intervals, and for 0.2 s at least.
     bool isStale(double now) const;
-    //! Readings a second over the last second or so; 0 while stale.
+    //! Returns the readings per second, averaged over about ten arrivals; 0 while stale.
     double rate(double now) const;
-    //! When the last readings came; 0 before the first.
+    //! Returns the time of the last arrival in seconds; 0 before the first.
     double lastArrival() const { return m_lastArrival; }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace Monitor {
 
-//! Lets so many things a second through and counts the others, so that a flood costs no more than its counting.
+//! Admits a limited number of things per second and counts the others, so that a flood costs no more than counting.
 class FloodGate
 {
 public:
@@ -17,6 +17,7 @@ public:
     {
     }
 
+    //! Returns whether something that happens at \a now seconds is admitted.
     bool admits(double now)
     {
         if (isOver(now)) {
@@ -27,7 +28,7 @@ public:
         ++(admitted ? m_admitted : m_heldBack);
         return admitted;
     }
-    //! How many were held back in a second that is over, told once; 0 while it lasts.
+    //! Returns, once, how many were held back in a second that is over; 0 while the second lasts.
     qint64 takeHeldBack(double now) { return isOver(now) ? std::exchange(m_heldBack, 0) : 0; }
 
 private:

@@ -5,23 +5,25 @@
 
 namespace Monitor {
 
-/*! How much of a stream a run takes: so many readings, or so many seconds of the readings' own time, or all. It cuts
-    to the reading, whatever the blocks are that they come in. */
+/*! How much of a stream a run takes: a number of readings, a number of seconds of the readings' times, or everything.
+    It cuts exactly after the last reading, whatever the blocks are. */
 class ReadingLimit
 {
 public:
-    //! No limit.
+    //! Takes everything.
     ReadingLimit() = default;
-    //! 0 for no limit of that kind.
+    //! Takes at most \a readings readings and \a seconds seconds; 0 means that there is no such limit.
     ReadingLimit(qint64 readings, double seconds)
         : m_readings(readings)
         , m_seconds(seconds)
     {
     }
 
+    //! Returns whether there is a limit.
     bool exists() const { return m_readings > 0 || m_seconds > 0.0; }
+    //! Returns whether the last reading of the run has been taken.
     bool isReached() const { return m_reached; }
-    //! The first of these readings that still belong to the run; all of \a readings where the limit is far.
+    //! Returns the readings of this block that still belong to the run; valid until the next call.
     const ReadingBlock &take(const ReadingBlock &readings);
 
 private:

@@ -11,11 +11,11 @@ namespace Monitor {
 namespace {
 
 constexpr double shortestShowInterval = 0.04; // s
-//! More than the model holds need not wait.
+//! The model does not hold more readings than this, so that more need not wait.
 constexpr int mostToShow = 100000;
 constexpr int headersShownASecond = 5;
 constexpr int eventsShownASecond = 5;
-//! An instrument may have more to say to those who read its recording, but not without end.
+//! A recording keeps more events than the log, but not any number of them.
 constexpr int eventsRecordedASecond = 100;
 
 } // namespace
@@ -71,7 +71,7 @@ void Session::takeHeader(const StreamHeader &told)
         showHeader();
 }
 
-//! Of streams that follow each other faster than the window could, only the last one is shown.
+//! Shows the present stream. If streams follow each other too fast, only the last one is shown.
 void Session::showHeader()
 {
     m_headerWaits = false;
@@ -90,7 +90,7 @@ void Session::takeEvent(const QString &text)
         Q_EMIT noted(text);
 }
 
-//! How many events the log and the recording do not have.
+//! Reports how many events are missing in the log and in the recording.
 void Session::tellHeldBack(double now)
 {
     if (const qint64 events = m_shownEvents.takeHeldBack(now))
@@ -191,7 +191,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::recovered, this, [this] {
-        Q_EMIT noted(tr("recording goes on"));
+        Q_EMIT noted(tr("recording resumed"));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::noted, this, &Session::noted);
@@ -215,7 +215,7 @@ bool Session::stopRecording()
     } else {
         const QString why = m_recorder->errorString();
         m_incompleteRecordings.append(
-            tr("the recording %1 is not complete, %2 readings are missing%3")
+            tr("the recording %1 is incomplete, %2 readings are missing%3")
                 .arg(name)
                 .arg(m_recorder->lostReadings())
                 .arg(why.isEmpty() ? why : tr(": %1").arg(why)));

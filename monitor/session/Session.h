@@ -16,58 +16,64 @@
 
 namespace Monitor {
 
-/*! One source and what becomes of its readings: the model that the window shows, the recording, the counts. It
-    knows nothing of the window, but that nobody sees more than 25 pictures and 5 new streams a second, nor reads more
-    than 5 events: the model and the log get no more than that, recording and counts all of it at once. */
+/*! One source and its readings: the model that the window shows, the recording and the statistics. Recording and
+    statistics get everything at once. The model and the log get no more than a person can follow: 25 insertions, 5 new
+    streams and 5 events per second. */
 class Session : public QObject
 {
     Q_OBJECT
 
 public:
-    //! The clock must outlive the session; the source is the session's own.
+    //! \a clock must outlive the session.
     Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent = nullptr);
     ~Session() override;
+    //! Starts the source.
     void start();
 
-    //! Limits that hold for every stream, whatever its source says of them.
+    //! Sets limits that replace those of every stream; none if \a low is not below \a high.
     void setRange(double low, double high);
-    /*! Has the model get readings every so many seconds, as from an instrument that collects before it reports; 0 for
-        as often as anybody can see. */
+    /*! Sets how many seconds readings are collected before the model gets them, as from an instrument that reports
+        rarely; 0 for the shortest interval. */
     void setShowInterval(double seconds);
-    //! What comes after so much is let pass by.
+    //! Sets how much of the source is used; readings beyond the limit are ignored.
     void setLimit(const ReadingLimit &limit) { m_limit = limit; }
 
     Source &source() const { return *m_source; }
     MultichannelDeviceModel &model() { return m_model; }
     const StreamStatistics &statistics() const { return m_statistics; }
     Clock &clock() const { return m_clock; }
+    //! Returns whether readings are overdue.
     bool isStale() const;
-    //! Readings a second.
+    //! Returns the readings per second; 0 while stale.
     double rate() const;
-    //! By the clock; 0 before the first reading.
+    //! Returns the clock's seconds at the last arrival; 0 before the first.
     double lastArrival() const { return m_activity.lastArrival(); }
 
     bool isPaused() const { return m_model.isPaused(); }
+    //! Pauses what the model shows, or shows what waited and goes on; the recording does not pause.
     void setPaused(bool paused);
 
-    //! False, with a text, where the file cannot be opened.
+    //! Begins to record. Returns false, with a text in \a error, if the file cannot be opened.
     bool startRecording(Recorder::Options options, QString *error);
-    //! False where readings could not be written.
+    //! Ends the recording. Returns false if readings could not be written.
     bool stopRecording();
-    //! Null while nothing is recorded.
+    //! Returns the recorder; null while nothing is recorded.
     const Recorder *recorder() const { return m_recorder.get(); }
-    //! What to say of the recordings that are not complete, one line each; empty where all are.
+    //! Returns a line for each recording that is incomplete.
     QStringList incompleteRecordings() const { return m_incompleteRecordings; }
 
 Q_SIGNALS:
-    //! The model has the channels of another acquisition.
+    //! Emitted when the model has the channels of another acquisition.
     void streamStarted(const Monitor::StreamHeader &header);
+    //! Emitted when the session was paused or goes on.
     void pausedChanged(bool paused);
+    //! Emitted when a recording or a file of it began or ended, or when its errors changed.
     void recordingChanged();
+    //! Emitted when isStale() changed.
     void staleChanged(bool stale);
-    //! The last reading that the run wants is there; the model shows it.
+    //! Emitted when the model shows the last reading within the limit.
     void limitReached();
-    //! A line for the log.
+    //! Emitted with a line for the log.
     void noted(const QString &text);
 
 private:
@@ -83,7 +89,7 @@ private:
     Clock &m_clock;
     std::unique_ptr<Source> m_source;
     MultichannelDeviceModel m_model;
-    //! The model has another stream's channels, and gets this one's before its readings.
+    //! Whether the model still has the channels of a former stream.
     bool m_headerWaits = false;
     FloodGate m_shownHeaders;
     ReadingBlock m_toShow;

@@ -15,7 +15,7 @@ constexpr int pieceSize = 256 * 1024;
 
 } // namespace
 
-//! What the reader reads goes to the source.
+//! Hands what the reader reads to the source.
 class FileSource::Intake : public StreamSink
 {
 public:
@@ -54,9 +54,8 @@ QString FileSource::description() const
 
 QString FileSource::remedy() const
 {
-    return tr("Check the path and whether this user may read it; a table has one line of names and "
-              "one line "
-              "for each time.");
+    return tr("Check the path and whether this user may read the file; a table has one line of "
+              "names and one line for each time.");
 }
 
 LineCounts FileSource::counts() const
@@ -98,14 +97,14 @@ void FileSource::play()
     finishWhenPlayed();
 }
 
-//! Keeps more in hand than a tick can play.
+//! Reads until more readings wait than one tick can play.
 void FileSource::readAhead()
 {
     constexpr int enough = 5000;
     while (m_waiting < enough && readOn()) { }
 }
 
-//! False where nothing more can be read.
+//! Reads one piece of the file, and of its next round at the end. Returns false if nothing more can be read.
 bool FileSource::readOn()
 {
     if (m_atEnd)
@@ -115,12 +114,12 @@ bool FileSource::readOn()
     return !m_atEnd;
 }
 
-//! What is due of the first part, and of the next ones where all of it is played.
+//! Plays the readings of the first part that are due, and of the next parts once the first one is over.
 void FileSource::playDue()
 {
     while (!m_parts.empty()) {
         Part &part = m_parts.front();
-        // A later part, of which no reading is wanted, must not clear what is shown.
+        // A later part without a reading in the wanted range must not clear what is shown.
         if (!part.begun && part.readings.isEmpty() && m_partsRead > 1)
             return;
         if (!part.begun)
@@ -166,11 +165,11 @@ void FileSource::finishWhenPlayed()
     if (m_reader.hasFailed())
         setState(State::Failed, tr("reading %1: %2").arg(m_path, m_reader.errorString()));
     else
-        setState(State::Finished, tr("%1 came to its end").arg(m_path));
+        setState(State::Finished, tr("reached the end of %1").arg(m_path));
 }
 
-/*! The next round's times follow on this one's; where the file has several parts, each is a stream of its own again. It
-    ends where times would become too large for a number. */
+/*! Begins the next round. Its times continue those of this round; if the file has several parts, each of them begins a
+    new stream instead. Returns false if there is no next round, also because its times would be too large. */
 bool FileSource::startLoop()
 {
     if (!m_options.loop || !m_anyReading || !m_reader.rewind())
@@ -190,7 +189,7 @@ void FileSource::takeHeader(const StreamHeader &header)
         return;
     ++m_partsRead;
     m_firstInPart = true;
-    // Of a part without a reading that is wanted, nothing is to be seen.
+    // A part without a reading in the wanted range is not played.
     if (!m_parts.empty() && m_parts.back().readings.isEmpty() && !m_parts.back().begun)
         m_parts.pop_back();
     m_parts.push_back({header, ReadingBlock(header.channels.size())});

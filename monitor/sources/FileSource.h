@@ -12,8 +12,7 @@
 
 namespace Monitor {
 
-/*! Plays a table from a file back, with the time steps that it was taken with. Where the file has several streams, one
-    is played after the other. */
+//! Plays a table from a file at the pace of its times. If the file has several streams, it plays one after the other.
 class FileSource : public Source
 {
     Q_OBJECT
@@ -21,9 +20,10 @@ class FileSource : public Source
 public:
     struct Options
     {
-        double speed = 1.0; //!< 0 for as fast as possible
+        double speed = 1.0; //!< how many times as fast as it was taken; 0 for as fast as possible
         bool loop = false;
-        double from = -std::numeric_limits<double>::infinity(); //!< seconds of the file's time
+        //! The first and the last time to play, in seconds of the file's time.
+        double from = -std::numeric_limits<double>::infinity();
         double to = std::numeric_limits<double>::infinity();
     };
 
@@ -37,7 +37,7 @@ public:
     QString remedy() const override;
     LineCounts counts() const override;
     bool readsFrom(const QString &path) const override;
-    //! How far the file has been read, 0 to 1.
+    //! Returns how much of the file has been read, from 0 to 1.
     double progress() const;
 
 private:
@@ -45,7 +45,7 @@ private:
     void takeHeader(const StreamHeader &header);
     void takeReading(double time, const double *values);
 
-    //! A stream, as far as it has been read and not played.
+    //! The readings of one stream that have been read and not played.
     struct Part
     {
         StreamHeader header;
@@ -72,12 +72,12 @@ private:
 
     std::deque<Part> m_parts; //!< the first one plays, the last one may still grow
     int m_partsRead = 0;
-    qint64 m_waiting = 0; //!< readings in the parts
+    qint64 m_waiting = 0; //!< number of readings in the parts
     ReadingBlock m_out;
     double m_playFrom = 0.0;
     double m_startedAt = 0.0;
 
-    // Of the part that is being read, for the next round of a file that has no other.
+    // About the part that is being read; a file with a single part needs it for the next round.
     bool m_firstInPart = true;
     bool m_anyReading = false;
     double m_offset = 0.0;

@@ -57,7 +57,7 @@ void LineSource::connected()
 
 void LineSource::takeBytes(std::string_view bytes)
 {
-    // A connection that answers is a good one; one that closes at once again is not.
+    // Only a connection that brings bytes is a good one; another may be closed again at once.
     m_backoff.reset();
     m_heardAt = clock().seconds();
     m_protocol.setArrivalTime(clock().seconds() - m_startedAt);
@@ -83,7 +83,7 @@ void LineSource::lost(const QString &text, bool inOrder)
         setState(inOrder ? State::Finished : State::Failed, text);
         return;
     }
-    // What a lost line leaves unfinished is no reading: its number may have lost digits.
+    // An unfinished line of a lost connection is dropped: a number in it may have lost digits.
     m_splitter.clear();
     m_protocol.finish();
     m_sink.flush();
@@ -95,7 +95,7 @@ void LineSource::lost(const QString &text, bool inOrder)
 void LineSource::ended()
 {
     endStream();
-    setState(State::Finished, tr("%1 came to its end").arg(description()));
+    setState(State::Finished, tr("reached the end of %1").arg(description()));
 }
 
 } // namespace Monitor

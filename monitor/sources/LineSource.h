@@ -9,8 +9,8 @@
 
 namespace Monitor {
 
-/*! A source of lines. It reads them, stamps those without a time with the seconds since start(), and tries again
-    where a connection was lost; a subclass makes the connection. */
+/*! A source of lines. It reads the lines, gives those without a time the seconds since start(), and connects again
+    after a lost connection; a subclass makes the connection. */
 class LineSource : public Source
 {
     Q_OBJECT
@@ -18,29 +18,32 @@ class LineSource : public Source
 public:
     void start() final;
     LineCounts counts() const override;
-    //! Where a lost connection is the end instead of something to mend: for runs without a window.
+    //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
     void setReconnecting(bool on) { m_reconnecting = on; }
-    /*! Seconds after which a connection that has brought bytes and brings none any more is taken for lost; 0 for
-        never, as for instruments that only talk while there is beam. */
+    /*! Sets after how many seconds of silence a connection that has brought bytes counts as lost; 0 for never, which
+        suits instruments that only talk while there is beam. */
     void setLongestSilence(double seconds) { m_longestSilence = seconds; }
     double longestSilence() const { return m_longestSilence; }
 
 protected:
     LineSource(Clock &clock, QObject *parent);
 
-    //! Begins to connect. connected() or lost() follows, now or later.
+    //! Begins to connect; calls connected() or lost(), now or later.
     virtual void open() = 0;
-    //! Gives the connection up, without a word from connected() or lost().
+    //! Closes the connection without calling lost().
     virtual void close() = 0;
-    //! As often as the clock ticks, while connected.
+    //! Called at every tick of the clock while connected.
     virtual void poll();
 
+    //! To be called when the connection is made.
     void connected();
+    //! To be called with the bytes that arrive.
     void takeBytes(std::string_view bytes);
-    /*! The connection is gone, or could not be made: \a text says what was tried and what came back. After a
-        connection that was closed in order, a run that does not reconnect is finished, otherwise failed. */
+    /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.
+        \a inOrder means that the peer closed it properly: a source that does not reconnect has then finished, and has
+        failed otherwise. */
     void lost(const QString &text, bool inOrder = false);
-    //! Nothing more will come: the end of the source.
+    //! To be called when nothing more will come.
     void ended();
 
 private:
@@ -55,7 +58,7 @@ private:
     std::optional<double> m_retryAt;
     double m_startedAt = 0.0;
     double m_longestSilence = 0.0;
-    //! When the last bytes of this connection came.
+    //! The time at which the last bytes of this connection came.
     std::optional<double> m_heardAt;
     bool m_reconnecting = true;
 };

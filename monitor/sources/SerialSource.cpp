@@ -51,7 +51,7 @@ void SerialSource::close()
     m_port.close();
 }
 
-//! A device that was pulled out does not always report an error: its file is gone.
+//! Detects a device that was pulled out: the port does not always report an error, but its device file is gone.
 void SerialSource::poll()
 {
     if (m_port.isOpen() && !QFileInfo::exists(m_device))
@@ -66,7 +66,7 @@ void SerialSource::readSome()
 
 void SerialSource::failed(QSerialPort::SerialPortError error)
 {
-    // Other errors are about a setting that the device does not have, as a virtual one has no baud rate.
+    // Other errors concern settings that the device does not have; a virtual port, for example, has no baud rate.
     const bool isGone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
     if (!isGone || !m_port.isOpen())
         return;

@@ -15,6 +15,8 @@ class SerialSource : public LineSource
 public:
     static constexpr int defaultBaudRate = 115200;
 
+    //! \a device is the path of the port, for example /dev/ttyUSB0.
+
     SerialSource(Clock &clock,
                  const QString &device,
                  int baudRate = defaultBaudRate,

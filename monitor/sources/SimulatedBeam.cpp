@@ -30,7 +30,7 @@ SimulatedBeam::Drift::Drift(double mean, double sigma, double correlationTime)
 {
 }
 
-//! An Ornstein-Uhlenbeck step: exact for any length of step.
+//! Takes an Ornstein-Uhlenbeck step, which is exact for a step of any length, and returns the new value.
 double SimulatedBeam::Drift::advance(double step, std::mt19937_64 &dice)
 {
     const double kept = std::exp(-step / m_correlationTime);

@@ -5,27 +5,28 @@
 
 namespace Monitor {
 
-/*! A beam as an accelerator delivers it: spills with a pause between them, a position and a width that drift, an
+/*! A beam as an accelerator delivers it: spills with pauses between them, a position and a width that drift, and an
     intensity that ripples. The same seed gives the same beam. */
 class SimulatedBeam
 {
 public:
     explicit SimulatedBeam(unsigned seed);
 
-    //! Goes on to \a time seconds; times must not go back.
+    //! Advances the beam to \a time seconds; times must not decrease.
     void advanceTo(double time);
 
     double x() const { return m_x; } //!< mm
     double y() const { return m_y; } //!< mm
     double sigmaX() const { return m_sigmaX; } //!< mm
     double sigmaY() const { return m_sigmaY; } //!< mm
-    //! 1 is the nominal intensity, 0 is between the spills.
+    //! Returns the intensity: 1 is nominal, 0 is the pause between spills.
     double intensity() const { return m_intensity; }
 
-    //! A normal deviate of that standard deviation, from the beam's own dice.
+    //! Returns a normally distributed random number with that standard deviation, from the beam's generator.
     double noise(double sigma);
 
 private:
+    //! A value that drifts about its mean with a given standard deviation and correlation time.
     class Drift
     {
     public:

@@ -9,14 +9,14 @@ namespace Monitor {
 
 namespace {
 
-//! Part of a Gaussian of that mean and sigma between two edges.
+//! Returns the fraction of a Gaussian that lies between two edges.
 double fractionBetween(double lower, double upper, double mean, double sigma)
 {
     const double scale = 1.0 / (std::sqrt(2.0) * sigma);
     return 0.5 * (std::erf((upper - mean) * scale) - std::erf((lower - mean) * scale));
 }
 
-//! Part of a beam that falls on cell \a index of \a count cells around the axis.
+//! Returns the fraction of a beam that falls on cell \a index of \a count cells, whose middle is the axis.
 double onCell(int index, int count, double pitch, double mean, double sigma)
 {
     const double lower = (index - 0.5 * count) * pitch;
@@ -49,15 +49,15 @@ public:
     }
 };
 
-//! 32 strips for x and 32 for y, 2 mm apart; the charge that each collected since the reading before.
+//! 32 strips for x and 32 for y, 2 mm apart. A reading is the charge that each strip collected since the one before.
 class StripPair : public SimulatedInstrument
 {
 public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Strips;
-        header.channels = StreamHeader::defaultChannels(Layout::Strips, 2 * strips);
+        header.kind = StreamKind::Strips;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 2 * strips);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
         return header;
@@ -88,8 +88,8 @@ public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Pixels;
-        header.channels = StreamHeader::defaultChannels(Layout::Pixels, side * side);
+        header.kind = StreamKind::Pixels;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Pixels, side * side);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
         return header;
@@ -114,14 +114,14 @@ private:
     static constexpr double pitch = 3.8; // mm
 };
 
-//! A scanned field: layers of a square grid of spots, one spot a reading, with the scanner's errors.
+//! A scanned field: layers of a square grid of spots, one spot per reading, with the errors of the scanner.
 class SpotScanner : public SimulatedInstrument
 {
 public:
     StreamHeader header() const override
     {
         StreamHeader header;
-        header.layout = Layout::Spots;
+        header.kind = StreamKind::Spots;
         header.channels = {{QStringLiteral("layer"), {}},
                            {QStringLiteral("energy"), QStringLiteral("MeV")},
                            {QStringLiteral("x"), QStringLiteral("mm")},

@@ -9,18 +9,19 @@
 
 namespace Monitor {
 
-//! An instrument in a simulated beam: says what it reads, and reads it.
+//! An instrument in a simulated beam.
 class SimulatedInstrument
 {
 public:
     virtual ~SimulatedInstrument();
+    //! Returns the header of the instrument's stream.
     virtual StreamHeader header() const = 0;
-    //! Seconds between two readings.
+    //! Returns the seconds between two readings.
     virtual double period() const = 0;
-    //! Reading \a number, counted from 0, in \a beam: one value a channel.
+    //! Takes reading \a number, counted from 0, of \a beam; \a values gets one value per channel.
     virtual void read(qint64 number, SimulatedBeam &beam, std::vector<double> *values) = 0;
 
-    //! "ic4", "strips", "pixels" or "spots"; null for any other name.
+    //! Returns the instrument "ic4", "strips", "pixels" or "spots"; null for any other name.
     static std::unique_ptr<SimulatedInstrument> make(const QString &name);
 
 protected:

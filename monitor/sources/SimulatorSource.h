@@ -6,7 +6,7 @@
 
 namespace Monitor {
 
-//! Readings of an instrument that is not there, for a first look and for tests.
+//! Readings of a simulated instrument, for a first look and for tests.
 class SimulatorSource : public Source
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class SimulatorSource : public Source
 public:
     static constexpr unsigned defaultSeed = 1;
 
-    //! \a name as SimulatedInstrument::make() knows it; any other is a programming error.
+    //! \a name must be one that SimulatedInstrument::make() knows.
     SimulatorSource(Clock &clock,
                     const QString &name,
                     unsigned seed = defaultSeed,

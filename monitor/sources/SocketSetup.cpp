@@ -16,12 +16,12 @@ void setTcpOption(const QTcpSocket &socket, int option, int value)
     ::setsockopt(int(socket.socketDescriptor()), IPPROTO_TCP, option, &value, sizeof(value));
 }
 
-//! The system's own settings let two hours pass before it asks a silent peer.
+//! Has the system probe a silent peer early; by default it waits for two hours.
 void findLostPeer(const QTcpSocket &socket)
 {
 #ifdef Q_OS_LINUX
     constexpr int silence = 10, interval = 5, attempts = 3; // s
-    constexpr int unacknowledged = 25000; // ms, for a question that nobody takes
+    constexpr int unacknowledged = 25000; // ms, for sent bytes that are not acknowledged
     setTcpOption(socket, TCP_KEEPIDLE, silence);
     setTcpOption(socket, TCP_KEEPINTVL, interval);
     setTcpOption(socket, TCP_KEEPCNT, attempts);
@@ -35,7 +35,7 @@ void findLostPeer(const QTcpSocket &socket)
 
 void setUpSocket(QTcpSocket *socket)
 {
-    // What the window cannot take stays with the sender, not in this program's memory.
+    // Bytes that the program cannot process yet stay with the sender and do not fill the program's memory.
     constexpr qint64 readBufferSize = 1024 * 1024;
     socket->setReadBufferSize(readBufferSize);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);

@@ -5,9 +5,8 @@ class QTcpSocket;
 
 namespace Monitor {
 
-/*! Readies a connected socket for lines of readings: it reads no further ahead than the window can take, waits for no
-    further bytes before it sends, and fails within 25 s where the other side has vanished without a word (its power is
-    cut, a cable is pulled). */
+/*! Prepares a connected socket for lines of readings. It reads a limited number of bytes ahead, sends without delay,
+    and fails within 25 s if the peer vanished without closing the connection (a power cut, an unplugged cable). */
 void setUpSocket(QTcpSocket *socket);
 
 } // namespace Monitor

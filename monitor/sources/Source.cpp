@@ -2,6 +2,7 @@
 #include "monitor/sources/Source.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Logging.h"
 
 namespace Monitor {
 
@@ -38,6 +39,7 @@ void Source::setState(State state, const QString &text)
         return;
     m_state = state;
     m_stateText = text;
+    qCDebug(monitorLog) << description() << state << text;
     Q_EMIT stateChanged(state, text);
 }
 

@@ -11,10 +11,10 @@ namespace Monitor {
 
 class Clock;
 
-/*! Where readings come from. A source is made idle and begins with start(); from then on it only emits. All of it
-    runs on the GUI's thread and never waits.
+/*! Where readings come from. A source is idle until start(); from then on it reports by its signals. It runs on the
+    thread of the GUI and never blocks it.
 
-    Readings come in blocks, in the order of their times; streamStarted() comes before the first of them and
+    Readings come in blocks, in the order of their times. streamStarted() is emitted before the first of them and
     whenever another acquisition begins. */
 class Source : public QObject
 {
@@ -23,41 +23,49 @@ class Source : public QObject
 public:
     enum class State {
         Idle,
-        Connecting, //!< not there yet, for the first time
+        Connecting, //!< the first connection is being made
         Running,
-        Retrying, //!< lost, will be tried again
-        Finished, //!< came to its end
-        Failed, //!< there is nothing to wait for
+        Retrying, //!< the connection was lost and will be made again
+        Finished, //!< the source has delivered everything
+        Failed, //!< the source cannot be read, or not to its end
     };
     Q_ENUM(State)
 
     ~Source() override;
 
+    //! Begins to deliver readings.
     virtual void start() = 0;
-    //! The source as a person would name it.
+    //! Returns the source as a person would name it.
     virtual QString description() const = 0;
-    //! Whether its readings are made up.
+    //! Returns whether the readings are simulated.
     virtual bool isSimulated() const { return false; }
+    //! Returns how many lines were read and refused since start().
     virtual LineCounts counts() const;
-    //! Whether it reads from the file of that path, which nothing may write to then.
+    //! Returns whether the source reads from the file of that path, to which nothing may write then.
     virtual bool readsFrom(const QString &path) const;
-    //! What a person can do where it fails or is silent; empty where nothing general can be said.
+    //! Returns what a person can do if the source fails or is silent; empty if there is no general advice.
     virtual QString remedy() const;
 
     State state() const { return m_state; }
-    //! What goes with the state: what was tried, what came back, what to do about it.
+    //! Returns what was tried and what came back, for the present state.
     QString stateText() const { return m_stateText; }
 
 Q_SIGNALS:
+    //! Emitted when another acquisition begins, before its first readings.
     void streamStarted(const Monitor::StreamHeader &header);
+    //! Emitted with further readings of the stream.
     void readingsArrived(const Monitor::ReadingBlock &readings);
-    //! A line for the log.
+    //! Emitted with a line for the log.
     void noted(const QString &text);
+    //! Emitted for each line that was dropped.
     void lineRefused(const Monitor::RefusedLine &line);
+    //! Emitted when the state or its text changed.
     void stateChanged(Monitor::Source::State state, const QString &text);
 
 protected:
+    //! \a clock must outlive the source.
     Source(Clock &clock, QObject *parent);
+    //! Sets the state, and the text that stateText() returns.
     void setState(State state, const QString &text = QString());
     Clock &clock() const { return m_clock; }
 
@@ -67,15 +75,13 @@ private:
     QString m_stateText;
 };
 
-//! Collects what is read from lines and emits it through a source, readings in one block.
+//! Reports what is read from lines by the signals of a source, and collects readings into blocks.
 class SourceSink : public StreamSink
 {
 public:
     explicit SourceSink(Source &source);
-    //! Emits the readings that were collected since the last time.
+    //! Emits the readings that were collected since the last call.
     void flush();
-    //! Readings collected and not emitted yet.
-    int waiting() const { return m_block.size(); }
 
     void streamStarted(const StreamHeader &header) override;
     void reading(double time, const double *values) override;

@@ -24,7 +24,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("Monitor", text);
 }
 
-//! Whether the query has no other keys than these.
+//! Returns whether the query has only keys from the list.
 bool hasOnly(const QUrlQuery &query, const QStringList &keys)
 {
     const auto items = query.queryItems();
@@ -33,7 +33,7 @@ bool hasOnly(const QUrlQuery &query, const QStringList &keys)
     });
 }
 
-//! Cuts "rest?query" in two.
+//! Splits "rest?query" at the question mark.
 QUrlQuery splitQuery(const QString &text, QString *rest)
 {
     const int mark = text.indexOf(QLatin1Char('?'));
@@ -41,8 +41,8 @@ QUrlQuery splitQuery(const QString &text, QString *rest)
     return mark < 0 ? QUrlQuery() : QUrlQuery(text.mid(mark + 1));
 }
 
-/*! The longest silence that the query names, 0 for none at all; \a usual where it names none, and nothing where it
-    makes no sense. */
+/*! Returns the longest silence that the query names (0 for no limit), \a usual if it names none, and nothing if the
+    value makes no sense. */
 std::optional<double> silenceOf(const QUrlQuery &query, double usual)
 {
     const QString key = QStringLiteral("silence");
@@ -97,10 +97,9 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return serial(text.mid(7));
     const QString path = text.startsWith(QLatin1String("file:")) ? text.mid(5) : text;
     if (path.contains(QLatin1String("://")) || path.isEmpty())
-        return failed(
-            tr("\"%1\" is no kind of source; these are: sim:, file:, -, tcp://, tcp-listen://, "
-               "serial:")
-                .arg(text));
+        return failed(tr("\"%1\" is not a known kind of source; there are sim:, file:, -, tcp://, "
+                         "tcp-listen:// and serial:")
+                          .arg(text));
     return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
 }
 
@@ -116,7 +115,7 @@ std::unique_ptr<Source> SourceFactory::simulator(const QString &text)
         return failed(tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
     if (!SimulatedInstrument::make(name))
         return failed(
-            tr("there is no simulator \"%1\"; these are: sim:ic4, sim:strips, sim:pixels, "
+            tr("there is no simulator \"%1\"; there are sim:ic4, sim:strips, sim:pixels and "
                "sim:spots")
                 .arg(name));
     return std::make_unique<SimulatorSource>(m_clock, name, seed);
@@ -141,7 +140,8 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
         hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every"), QStringLiteral("silence")});
     if (!known || !silence || (!every.isEmpty() && !seconds)
         || (seconds && question.text.isEmpty()))
-        return failed(tr("\"%1\": what may follow is ?ask=TEXT&every=100ms&silence=30s").arg(text));
+        return failed(
+            tr("\"%1\": only ?ask=TEXT&every=100ms&silence=30s may follow the port").arg(text));
     source->setLongestSilence(*silence);
     return source;
 }
@@ -157,7 +157,8 @@ std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
     if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty() || !known)
         return failed(
             tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
-               "machine's interfaces (0.0.0.0 for all of them); what may follow is ?silence=30s")
+               "machine's interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the "
+               "port")
                 .arg(text));
     auto source = std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
     source->setLongestSilence(*silence);

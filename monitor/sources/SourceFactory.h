@@ -8,19 +8,20 @@
 
 namespace Monitor {
 
-/*! Makes the source that a text on the command line names:
+/*! Makes sources from texts on the command line:
 
     sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path, - for standard input,
-    tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N); the last
-    three also with ?silence=30s. */
+    tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). The last
+    three also take ?silence=30s. */
 class SourceFactory
 {
 public:
+    //! \a clock must outlive the sources; files are played with \a fileOptions.
     SourceFactory(Clock &clock, const FileSource::Options &fileOptions);
 
-    //! Null, with errorString(), where the text names no source.
+    //! Returns the source; null, with errorString(), if the text does not name one.
     std::unique_ptr<Source> make(const QString &text);
-    //! What is wrong with the text and what would be right.
+    //! Returns what is wrong with the text and what would be right.
     QString errorString() const { return m_error; }
 
 private:
@@ -35,8 +36,8 @@ private:
     QString m_error;
 };
 
-/*! Reads "100ms", "2s", "5min", "1h" or a plain number of seconds; nothing where it is no such text or not
-    above 0. */
+/*! Reads "100ms", "2s", "5min", "1h" or a plain number of seconds. Returns nothing for any other text and for a time
+    that is not above 0. */
 std::optional<double> secondsFromText(const QString &text);
 
 } // namespace Monitor

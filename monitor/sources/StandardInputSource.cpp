@@ -14,7 +14,7 @@ StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *
 {
     m_notifier.setEnabled(false);
     connect(&m_notifier, &QSocketNotifier::activated, this, &StandardInputSource::readSome);
-    // Who reads it knows best that nothing can be made anew here.
+    // Standard input cannot be opened again.
     setReconnecting(false);
 }
 
@@ -34,7 +34,7 @@ void StandardInputSource::close()
     m_notifier.setEnabled(false);
 }
 
-//! One read a turn of the event loop, so that a flood of lines leaves room for the window.
+//! Reads once per turn of the event loop, so that a flood of lines leaves time for the window.
 void StandardInputSource::readSome()
 {
     constexpr int pieceSize = 256 * 1024;

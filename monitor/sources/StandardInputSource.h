@@ -9,13 +9,13 @@
 
 namespace Monitor {
 
-//! Lines from an open file descriptor, in general standard input: a pipe, a terminal or a file.
+//! Lines from an open file descriptor, usually standard input: a pipe, a terminal or a file.
 class StandardInputSource : public LineSource
 {
     Q_OBJECT
 
 public:
-    //! The descriptor is not closed.
+    //! Reads from \a descriptor, which it does not close.
     explicit StandardInputSource(Clock &clock, int descriptor = 0, QObject *parent = nullptr);
     QString description() const override;
 

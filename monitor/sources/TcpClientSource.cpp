@@ -10,7 +10,7 @@ namespace Monitor {
 
 namespace {
 
-//! So long an answer may take.
+//! An answer may take this many intervals.
 constexpr double intervalsOfPatience = 3.0;
 
 } // namespace
@@ -47,9 +47,8 @@ QString TcpClientSource::description() const
 
 QString TcpClientSource::remedy() const
 {
-    return tr("Check that the instrument is switched on and reachable, that its port is right, and "
-              "whether it "
-              "wants to be asked (?ask=TEXT).");
+    return tr("Check that the instrument is switched on and reachable, that the port is right, and "
+              "whether the instrument must be asked (?ask=TEXT).");
 }
 
 void TcpClientSource::open()
@@ -58,7 +57,7 @@ void TcpClientSource::open()
     m_socket.connectToHost(m_host, m_port);
 }
 
-//! The system's own disconnection is no news then.
+//! Aborting the socket reports no error, so that lost() is not called.
 void TcpClientSource::close()
 {
     m_up = false;
@@ -105,7 +104,7 @@ void TcpClientSource::ask()
 {
     if (m_question.text.isEmpty() || !m_up)
         return;
-    // An answer that never comes must not end the conversation.
+    // If an answer never comes, the next question is asked all the same.
     const double now = clock().seconds();
     const double patience = std::max(1.0, intervalsOfPatience * m_question.every);
     const bool due = now - m_askedAt >= (m_answered ? m_question.every : patience);

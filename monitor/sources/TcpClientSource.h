@@ -7,21 +7,23 @@
 
 namespace Monitor {
 
-/*! Lines from an instrument that listens. With a question, it is asked again and again: the next time when its
-    answer has come and the interval is over. One that used to answer and does not for usualSilence, or three
-    intervals if they are longer, is connected anew. */
+/*! Lines from an instrument that listens on the network. An instrument with a question is asked repeatedly: again once
+    its answer has come and the interval is over. If an instrument that used to answer is silent for usualSilence, or
+    for three intervals if they are longer, the source connects again. */
 class TcpClientSource : public LineSource
 {
     Q_OBJECT
 
 public:
+    //! Seconds between two questions.
     static constexpr double usualInterval = 0.1;
-    //! An instrument that is asked, and used to answer, may take so long at least.
+    //! Seconds that an instrument which used to answer may be silent at least.
     static constexpr double usualSilence = 30.0;
+    //! What to ask the instrument, and how often.
     struct Question
     {
-        QByteArray text; //!< without the end of line; empty where the instrument talks by itself
-        double every; //!< seconds
+        QByteArray text; //!< without the line end; empty if the instrument talks by itself
+        double every; //!< interval in seconds
     };
 
     TcpClientSource(Clock &clock,

@@ -28,9 +28,8 @@ QString TcpServerSource::description() const
 
 QString TcpServerSource::remedy() const
 {
-    return tr("Check that no other program listens on this port, that the address is this "
-              "machine's, and that "
-              "the sender has the same port.");
+    return tr("Check that no other program listens on this port, that the address belongs to this "
+              "machine, and that the sender uses the same port.");
 }
 
 quint16 TcpServerSource::port() const
@@ -41,7 +40,7 @@ quint16 TcpServerSource::port() const
 void TcpServerSource::open()
 {
     if (m_server.isListening())
-        return; // the peer has gone; the next one is welcome at any time
+        return; // a peer has gone, but the next one can still connect
     if (!m_server.listen(m_address, m_port))
         lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
 }
@@ -55,9 +54,9 @@ void TcpServerSource::close()
 void TcpServerSource::peerArrived()
 {
     while (QTcpSocket *peer = m_server.nextPendingConnection()) {
-        // An instrument that starts anew is the newest; its old connection may linger half open.
+        // When an instrument restarts, its old connection may linger half open.
         if (m_peer)
-            Q_EMIT noted(tr("%1: a new peer takes the place of the old one").arg(description()));
+            Q_EMIT noted(tr("%1: a new peer replaces the old one").arg(description()));
         dropPeer();
         m_peer = peer;
         setUpSocket(peer);
@@ -67,7 +66,7 @@ void TcpServerSource::peerArrived()
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
             readPeer(peer);
             dropPeer();
-            lost(tr("%1: the peer has closed").arg(description()), true);
+            lost(tr("%1: the peer closed the connection").arg(description()), true);
         });
         connected();
         readPeer(peer);

@@ -10,7 +10,7 @@
 
 namespace Monitor {
 
-//! Lines from whoever connects to a port of this machine: one peer at a time, the newest.
+//! Lines from a peer that connects to a port of this machine. A newer peer replaces the one before.
 class TcpServerSource : public LineSource
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     ~TcpServerSource() override;
     QString description() const override;
     QString remedy() const override;
-    //! The port listened at, also where 0 was asked for; 0 while it does not listen.
+    //! Returns the port on which it listens, also if port 0 was requested; 0 while it does not listen.
     quint16 port() const;
 
 protected:

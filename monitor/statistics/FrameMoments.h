@@ -3,19 +3,20 @@
 
 namespace Monitor {
 
-//! Moments of a matrix of intensities. Positions count cells from 1, the centre of the first cell.
+//! Moments of a matrix of intensities. Positions are in cells; 1 is the centre of the first cell.
 struct FrameMoments
 {
     double total = 0.0;
     double maximum = 0.0;
     int maximumRow = 0;
     int maximumColumn = 0;
-    double centroidColumn = 0.0; //!< NaN, as those below, where the total is not positive
+    //! Centroids and root mean square widths; NaN if the total is not positive.
+    double centroidColumn = 0.0;
     double centroidRow = 0.0;
     double rmsColumn = 0.0;
     double rmsRow = 0.0;
 
-    //! Of \a rows times \a columns cells, row after row; cells that are not finite count as nothing.
+    //! Computes the moments of \a rows times \a columns cells, row after row; cells that are not finite are ignored.
     static FrameMoments of(const double *cells, int rows, int columns);
 };
 

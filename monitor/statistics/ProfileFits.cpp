@@ -11,10 +11,10 @@ namespace Monitor {
 
 namespace {
 
-//! Fewer channels than this are separate things, and no profile of one.
+//! A stream with fewer channels than this is not a profile.
 constexpr int fewestOfAProfile = 16;
 
-//! As the statistics page starts, but for the lowest peak and sum, which depend on the unit.
+//! The initial parameters of the statistics page, but without a lowest peak and sum, which depend on the unit.
 const QVector<double> fitParameters = {0.1, 10.0, 0.0, 0.0, 2.0, 5.0};
 
 ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
@@ -36,16 +36,16 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
 
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics)
 {
-    const Layout layout = statistics.header().layout;
+    const StreamKind kind = statistics.header().kind;
     QVector<float> values;
     for (const double value : statistics.lastValues())
         values.append(std::isfinite(value) ? float(value) : 0.0F);
-    if (layout == Layout::Strips && values.size() >= 2) {
+    if (kind == StreamKind::Strips && values.size() >= 2) {
         const int half = (values.size() + 1) / 2;
         return {fitOf(QStringLiteral("x"), values.mid(0, half)),
                 fitOf(QStringLiteral("y"), values.mid(half))};
     }
-    if (layout == Layout::Channels && values.size() >= fewestOfAProfile)
+    if (kind == StreamKind::Channels && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};
     return {};
 }

@@ -9,7 +9,7 @@ namespace Monitor {
 
 class StreamStatistics;
 
-//! A Gaussian fit of one profile, positions in channels of the profile from 1.
+//! A Gaussian fit of one profile. Positions are in channels; 1 is the centre of the profile's first channel.
 struct ProfileFitResult
 {
     QString profile; //!< "x", "y", or "all" for a stream that is one profile
@@ -17,12 +17,12 @@ struct ProfileFitResult
     double position = 0.0;
     double sigma = 0.0;
     double peak = 0.0;
-    double integral = 0.0; //!< of the fitted Gaussian over the channels
+    double integral = 0.0; //!< integral of the fitted Gaussian over the channels
     QString message; //!< why there is no fit
 };
 
-/*! What the window's histogram would show of the latest reading: a Gaussian for each profile of strips, one for all
-    channels of a stream that has enough of them to be a profile, none for pixels and spots. */
+/*! Returns the fits that the window's histogram would show of the latest reading: one for each of the two profiles of
+    strips, one for all channels of a stream with enough channels to be a profile, none for pixels and spots. */
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics);
 
 } // namespace Monitor

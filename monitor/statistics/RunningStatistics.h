@@ -7,23 +7,27 @@
 
 namespace Monitor {
 
-/*! Count, mean, standard deviation, extremes and integral over time of one channel, in one pass and constant
-    memory (Welford's update of mean and sum of squares). Readings that are not finite are not counted. */
+/*! Count, mean, standard deviation, extremes and integral over time of one channel, in one pass and constant memory
+    (Welford's update of the mean and the sum of squares). Readings that are not finite are ignored. */
 class RunningStatistics
 {
 public:
+    //! Adds a reading; \a time is in seconds and must not decrease.
     void add(double time, double value);
 
     qint64 count() const { return m_count; }
-    //! NaN without readings, as the others below.
+    //! Returns the mean; NaN without readings.
     double mean() const;
-    //! Standard deviation of the sample, with n - 1; NaN below two readings.
+    //! Returns the standard deviation of the sample (divided by n - 1); NaN with fewer than two readings.
     double sigma() const;
-    //! Standard deviation with n.
+    //! Returns the standard deviation of the population (divided by n); NaN without readings.
     double populationSigma() const;
+    //! Returns the smallest value; NaN without readings.
     double minimum() const;
+    //! Returns the largest value; NaN without readings.
     double maximum() const;
-    //! By the trapezoidal rule, in the channel's unit times seconds; 0 below two readings.
+    /*! Returns the integral by the trapezoidal rule, in the channel's unit times seconds; 0 with fewer than two
+        readings. */
     double integral() const { return m_integral; }
 
 private:

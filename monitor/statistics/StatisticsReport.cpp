@@ -184,7 +184,7 @@ QByteArray StatisticsReport::text() const
     out.setCodec("UTF-8");
     const StreamStatistics &stream = *statistics;
     out << "source    " << source << "\n";
-    out << "layout    " << layoutName(stream.header().layout) << "\n";
+    out << "layout    " << kindName(stream.header().kind) << "\n";
     out << "readings  " << stream.readings() << " from " << number(stream.firstTime()) << " s to "
         << number(stream.lastTime()) << " s\n";
     out << "gaps      " << stream.gaps() << "\n";
@@ -201,7 +201,7 @@ QByteArray StatisticsReport::json() const
     const StreamStatistics &stream = *statistics;
     const QJsonObject report{
         {"source", source},
-        {"layout", layoutName(stream.header().layout)},
+        {"layout", kindName(stream.header().kind)},
         {"readings", double(stream.readings())},
         {"first_time", jsonNumber(stream.firstTime())},
         {"last_time", jsonNumber(stream.lastTime())},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/input/LineProtocol.h"
+#include "monitor/core/LineCounts.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StreamStatistics.h"
 
@@ -9,7 +9,7 @@
 
 namespace Monitor {
 
-//! Everything that --stats tells.
+//! The report of --stats.
 struct StatisticsReport
 {
     QString source;
@@ -17,9 +17,9 @@ struct StatisticsReport
     const StreamStatistics *statistics = nullptr;
     std::vector<ProfileFitResult> fits; //!< of the last reading
 
-    //! A table for people, with 10 significant digits.
+    //! Returns a table for people, with 10 significant digits.
     QByteArray text() const;
-    //! For programs; numbers that there are not are null.
+    //! Returns the same as JSON; numbers that do not exist are null.
     QByteArray json() const;
 };
 

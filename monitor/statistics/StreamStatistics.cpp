@@ -7,7 +7,7 @@ void StreamStatistics::startStream(const StreamHeader &header)
 {
     *this = StreamStatistics();
     m_header = header;
-    m_grid = PixelGrid::of(header);
+    m_shape = PixelShape::of(header);
     m_channels.resize(std::size_t(header.channels.size()));
 }
 
@@ -25,9 +25,9 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
         const double *values = readings.values(row);
         for (std::size_t i = 0; i < m_channels.size(); ++i)
             m_channels[i].add(time, values[i]);
-        if (m_grid.isEmpty())
+        if (m_shape.isEmpty())
             continue;
-        m_frames.push_back({time, FrameMoments::of(values, m_grid.rows, m_grid.columns)});
+        m_frames.push_back({time, FrameMoments::of(values, m_shape.rows, m_shape.columns)});
         if (m_frames.size() > maxFrames)
             m_frames.pop_front();
     }
@@ -35,7 +35,7 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
     m_lastValues.assign(last, last + m_channels.size());
 }
 
-//! The usual step follows the stream slowly; a gap does not count as one.
+//! Counts gaps. The usual step follows the steps of the stream slowly, without the gaps.
 void StreamStatistics::noteStep(double step)
 {
     constexpr double gapFactor = 3.0, follow = 0.1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/readings/PixelGrid.h"
+#include "monitor/readings/PixelShape.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/statistics/FrameMoments.h"
@@ -11,38 +11,45 @@
 
 namespace Monitor {
 
-//! Statistics of a whole stream, in memory that does not grow with it.
+//! Statistics of a whole stream, in memory that does not grow with the stream.
 class StreamStatistics
 {
 public:
+    //! The moments of one pixel frame, and its time in seconds.
     struct Frame
     {
         double time;
         FrameMoments moments;
     };
-    //! Of the pixel frames' moments, the latest so many are kept.
+    //! How many pixel frames are kept at most; the oldest go first.
     static constexpr std::size_t maxFrames = 10000;
 
-    //! A new acquisition: forgets the one before.
+    //! Begins a new acquisition and forgets the one before.
     void startStream(const StreamHeader &header);
+    //! Adds readings; those with another number of channels than the header are ignored.
     void addReadings(const ReadingBlock &readings);
 
     const StreamHeader &header() const { return m_header; }
+    //! Returns the number of readings.
     qint64 readings() const { return m_readings; }
+    //! Returns the time of the first reading in seconds; 0 before it.
     double firstTime() const { return m_firstTime; }
+    //! Returns the time of the latest reading in seconds; 0 before the first.
     double lastTime() const { return m_lastTime; }
-    //! Pauses longer than three of the usual steps.
+    //! Returns the number of pauses longer than three of the usual steps.
     qint64 gaps() const { return m_gaps; }
+    //! Returns the statistics of a channel, counted from 0.
     const RunningStatistics &channel(int i) const { return m_channels[std::size_t(i)]; }
+    //! Returns the moments of the latest frames, oldest first; empty for other streams than pixels.
     const std::deque<Frame> &frames() const { return m_frames; }
-    //! The latest reading's values; empty before the first.
+    //! Returns the values of the latest reading; empty before the first.
     const std::vector<double> &lastValues() const { return m_lastValues; }
 
 private:
     void noteStep(double step);
 
     StreamHeader m_header;
-    PixelGrid m_grid;
+    PixelShape m_shape;
     std::vector<RunningStatistics> m_channels;
     std::deque<Frame> m_frames;
     std::vector<double> m_lastValues;

@@ -14,7 +14,7 @@ namespace Monitor {
 namespace {
 
 constexpr int mostLines = 5000;
-constexpr int mostASecond = 5; // of each kind
+constexpr int mostASecond = 5; // lines of each kind
 
 } // namespace
 
@@ -35,7 +35,7 @@ EventLog::EventLog(Session &session, QWidget *parent)
     connect(&session.source(), &Source::stateChanged, this, &EventLog::noteState);
     connect(&session.clock(), &Clock::tick, this, &EventLog::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
-        write(stale ? tr("WARNING the source is silent") : tr("readings come again"));
+        write(stale ? tr("WARNING the source is silent") : tr("readings arrive again"));
     });
 }
 
@@ -58,26 +58,25 @@ void EventLog::adoptPalette()
 void EventLog::noteStart(const StreamHeader &header)
 {
     const QString unit = header.commonUnit();
-    write(
-        tr("readings begin: %1 channels, layout %2%3")
-            .arg(header.channels.size())
-            .arg(layoutName(header.layout), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
+    write(tr("readings begin: %1 channels, layout %2%3")
+              .arg(header.channels.size())
+              .arg(kindName(header.kind), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
     noteAssumptions(header);
 }
 
-//! The profile display knows its detectors' pitches, and no other: a file's frames may come from anything.
+//! Reports the pitch that the profile display assumes: it knows the pitches of its own detectors only.
 void EventLog::noteAssumptions(const StreamHeader &header)
 {
     if (!DetectorFrames(header).isUsable())
         return;
-    const bool strips = header.layout == Layout::Strips;
-    write(tr("2D profile: its millimetres hold for %1")
+    const bool strips = header.kind == StreamKind::Strips;
+    write(tr("2D profile: positions in mm assume %1")
               .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
     const auto unit = unitFromSymbol(header.commonUnit());
     const std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> coulomb =
         unitFromSymbol(QStringLiteral("C"));
     if (!unit || !sameQuantity(*unit, *coulomb))
-        write(tr("2D profile: these are no charges; its \"C\" stands for the readings' own unit"));
+        write(tr("2D profile: the readings are not charges; \"C\" stands for their own unit"));
 }
 
 void EventLog::write(const QString &text)

@@ -9,7 +9,7 @@ namespace Monitor {
 
 class Session;
 
-//! What happened, with the time; of bad lines and changes of state that come in floods, a few a second.
+//! The events of a session with their times. It lists only a few bad lines and changes of state per second.
 class EventLog : public Corvale_Qt::RVXLogBrowser
 {
     Q_OBJECT

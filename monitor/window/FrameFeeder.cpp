@@ -11,11 +11,11 @@ namespace Monitor {
 
 namespace {
 
-//! Of rows that come together, so many are handed on: enough for the lines over time, little enough for a flood.
+//! How many rows of a block are handed on: enough for the lines over time, few enough in a flood.
 constexpr int mostRowsAtOnce = 100;
-//! What the lines over time show of the past.
+//! How much of the past the lines over time show.
 constexpr double shownPast = 5.0; // s
-//! The displays take a picture every 100 ms.
+//! The displays redraw every 100 ms; after this time they have done so.
 constexpr int afterTheNextPicture = 130; // ms
 
 double finiteOrZero(double value)
@@ -68,11 +68,11 @@ void FrameFeeder::beginStream()
     m_values.resize(std::size_t(header.channels.size()));
     m_lastFrame.clear();
     m_lastShown = {};
-    if (header.layout == Layout::Strips)
+    if (header.kind == StreamKind::Strips)
         m_profile->setL408(true);
-    else if (header.layout == Layout::Pixels)
+    else if (header.kind == StreamKind::Pixels)
         m_profile->setPixelated(true);
-    const double reach = hasProfile() ? 20.0 : 1.0; // mm, or the asymmetry of two halves
+    const double reach = hasProfile() ? 20.0 : 1.0; // in mm, or as the asymmetry of two halves
     m_position->setXScale(-reach, reach);
     m_position->setYScale(-reach, reach);
     m_position->setScale(1);
@@ -89,7 +89,7 @@ void FrameFeeder::feedRows(int first, int last)
     m_again.start();
 }
 
-//! After a pause many rows come at once; of these, what is long past would be out of sight at once.
+//! Returns the first row worth handing on: after a pause many rows come at once, and the oldest would not be seen.
 int FrameFeeder::firstRowToFeed(int first, int last) const
 {
     if (last - first < mostRowsAtOnce)
@@ -115,13 +115,13 @@ void FrameFeeder::feed(int row)
 
 void FrameFeeder::showFrame(double time)
 {
-    // The display's own start, which it takes for a frame that it has seen.
+    // The display starts with time 0 and would take a frame at 0 for one that it has seen.
     m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
     m_profile->setData(m_lastFrame, m_lastTime);
     followProfile();
 }
 
-//! The profile display shows the latest frame when a picture is due; the position is that frame's.
+//! Hands the position of the frame that the profile display shows to the position plot.
 void FrameFeeder::followProfile()
 {
     const Corvale_Qt::SpectrogramCalc shown = m_profile->getCalc();
@@ -132,8 +132,8 @@ void FrameFeeder::followProfile()
         m_position->setData(shown.meanX, shown.meanY);
 }
 
-/*! The displays take a frame when a picture is due, and keep no other: the last frame of a burst comes once more,
-    by the smallest step later, so that it is the one that stays. */
+/*! Hands the last frame on once more, with the smallest possible later time. The displays draw the frame that comes
+    when they are due to redraw and skip others, so that the last frame of a burst would be missed. */
 void FrameFeeder::feedLastAgain()
 {
     if (!hasProfile())
@@ -142,7 +142,7 @@ void FrameFeeder::feedLastAgain()
         showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
 }
 
-//! The asymmetry of two halves, from -1 to 1; nothing to show while there is no beam.
+//! Shows the asymmetries of the two pairs of halves, from -1 to 1; shows nothing without beam.
 void FrameFeeder::feedPosition(const double *values)
 {
     const double left = finiteOrZero(values[m_left]), right = finiteOrZero(values[m_right]);

@@ -12,23 +12,24 @@ namespace Monitor {
 
 class MultichannelDeviceModel;
 
-/*! Hands what the model shows to the displays that take frames: profiles, and the position that comes from them or
-    from four halves of a split chamber. It follows the model, and so its pauses. */
+/*! Hands the rows of the model to the displays that take frames: profiles, and positions, which come from the profiles
+    or from the four halves of a split chamber. It follows the model, and therefore its pauses. */
 class FrameFeeder : public QObject
 {
     Q_OBJECT
 
 public:
-    //! None of them is owned.
+    //! The feeder does not own the model and the displays; they must outlive it.
     FrameFeeder(MultichannelDeviceModel *model,
                 Corvale_Qt::RVXSpectrogram *profile,
                 Corvale_Qt::RVXPositionPlot *position,
                 QObject *parent = nullptr);
 
-    //! Whether the model's stream has profiles, or a position, to show.
+    //! Returns whether the model's stream has profiles.
     bool hasProfile() const { return m_frames.isUsable(); }
+    //! Returns whether the model's stream has positions.
     bool hasPosition() const;
-    //! Whether the profile display has shown a calculation of this stream.
+    //! Returns whether the profile display has shown a result of this stream.
     bool hasShownProfile() const;
 
 private:

@@ -19,8 +19,8 @@ namespace Monitor {
 
 namespace {
 
-/*! The names stand in black on the channels' light colours, whatever the palette; so do the marks in their boxes,
-    which need a light ground then. */
+/*! Draws check boxes with a light background in any palette. The names are black on the light colours of the channels,
+    and so are the check marks. */
 class LightCheckBoxes : public QStyledItemDelegate
 {
 public:

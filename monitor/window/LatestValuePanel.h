@@ -14,8 +14,8 @@ namespace Monitor {
 class Session;
 class StaleMarks;
 
-/*! The newest value of each channel, with a check box that shows the channel in the plots. Enter does what a click
-    on the box does, since Space pauses. */
+/*! The newest value of each channel, with a check box that shows the channel in the plots. Enter toggles the box,
+    because Space pauses. */
 class LatestValuePanel : public QWidget
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double refreshInterval = 0.25; // s
 
-//! Grounds of what is not as usual.
+//! Background colours of abnormal states.
 const char yellow[] = "#ffd75e";
 const char amber[] = "#ffc27a";
 const char blue[] = "#9fd0ff";
@@ -25,7 +25,7 @@ QString sizeText(qint64 bytes)
     return QStringLiteral("%1 MB").arg(double(bytes) / mega, 0, 'f', 1);
 }
 
-//! Dark text on a light ground of its own, so that it reads in dark and light palettes.
+//! Returns the text in black on a light background, so that it is readable in dark and light palettes.
 QString noticeOf(const QString &text, const char *ground)
 {
     return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>&nbsp;")
@@ -38,8 +38,8 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     : QStatusBar(parent)
     , m_session(session)
     , m_source(add("source", tr("Where the readings come from"), 1))
-    , m_notices(add("notices", tr("What is not as usual")))
-    , m_rate(add("rate", tr("Readings a second")))
+    , m_notices(add("notices", tr("Abnormal states")))
+    , m_rate(add("rate", tr("Readings per second")))
     , m_bad(add("bad", tr("Lines that could not be used; the log lists them")))
     , m_gaps(add("gaps", tr("Pauses longer than three of the usual steps")))
     , m_recording(add("recording", tr("The file that is being recorded (Ctrl+R)")))
@@ -47,7 +47,7 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
 {
     m_source->setTextFormat(Qt::PlainText);
     m_recording->setTextFormat(Qt::PlainText);
-    // Numbers that grow must not push their neighbours about.
+    // Numbers that grow must not move their neighbours.
     keepRoomFor(m_rate, rateText(99999.9));
     keepRoomFor(m_bad, badText(9999));
     keepRoomFor(m_gaps, gapsText(999));

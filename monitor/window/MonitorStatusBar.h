@@ -8,14 +8,14 @@ namespace Monitor {
 
 class Session;
 
-//! What runs, in one line: source, rate, bad lines, gaps, recording, clock, and what is not as usual.
+//! The state of the session in one line: source, abnormal states, rate, bad lines, gaps, recording and clock.
 class MonitorStatusBar : public QStatusBar
 {
     Q_OBJECT
 
 public:
     explicit MonitorStatusBar(Session &session, QWidget *parent = nullptr);
-    //! Writes what is true now.
+    //! Updates all fields.
     void refresh();
 
 private:

@@ -2,6 +2,7 @@
 #include "monitor/window/MonitorWindow.h"
 
 #include "monitor/session/Session.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/MonitorStatusBar.h"
@@ -9,7 +10,6 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -30,7 +30,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     : QMainWindow(parent)
     , m_session(session)
     , m_settings(settingsFile)
-    , m_views(new ViewTabs(session))
+    , m_displays(new DisplayTabs(session))
 {
     setWindowTitle(tr("%1 - Corvale Monitor").arg(session.source().description()));
     addCentre();
@@ -38,7 +38,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     addMenus();
     addDocks();
     restoreLayout();
-    connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreView);
+    connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
 }
 
 MonitorWindow::~MonitorWindow() = default;
@@ -50,14 +50,14 @@ void MonitorWindow::addCentre()
     m_centre->setContentsMargins(0, 0, 0, 0);
     m_centre->setSpacing(2);
     m_centre->addWidget(new SourceNotice(m_session, centre));
-    m_centre->addWidget(m_views, 1);
+    m_centre->addWidget(m_displays, 1);
     setCentralWidget(centre);
 }
 
 void MonitorWindow::addDocks()
 {
     addDock(new LatestValuePanel(m_session), "values", tr("Latest values"), Qt::LeftDockWidgetArea);
-    addDock(new StatisticsPanel(m_session, *m_views, m_settings),
+    addDock(new StatisticsPanel(m_session, *m_displays, m_settings),
             "statistics",
             tr("Statistics"),
             Qt::RightDockWidgetArea);
@@ -82,7 +82,7 @@ void MonitorWindow::addMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
     file->addAction(new RecordAction(m_session, this));
-    new PictureActions(*m_views, file, this);
+    new PictureActions(*m_displays, file, this);
     file->addSeparator();
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
@@ -97,7 +97,7 @@ void MonitorWindow::addPauseAction(QMenu *menu)
     QAction *pause = menu->addAction(tr("&Pause"));
     pause->setObjectName(QStringLiteral("pause"));
     pause->setCheckable(true);
-    // Also where a display was taken out into a window of its own.
+    // The keys also work in the separate windows of displays.
     pause->setShortcuts({QKeySequence(Qt::Key_Space), QKeySequence(Qt::Key_Pause)});
     pause->setShortcutContext(Qt::ApplicationShortcut);
     connect(pause, &QAction::toggled, &m_session, &Session::setPaused);
@@ -126,14 +126,14 @@ void MonitorWindow::restoreLayout()
     restoreState(m_settings.docks());
 }
 
-void MonitorWindow::restoreView(const StreamHeader &header)
+void MonitorWindow::restoreDisplay(const StreamHeader &header)
 {
-    m_views->showView(m_settings.view(header.layout));
-    // Once: what the operator puts back stays there when the source begins anew.
-    if (m_arranged.contains(header.layout))
+    m_displays->showDisplay(m_settings.display(header.kind));
+    // Windows are restored once: a display that the operator puts back stays there when the source starts over.
+    if (m_arranged.contains(header.kind))
         return;
-    m_arranged.append(header.layout);
-    m_views->restoreWindows(m_settings.windows(header.layout));
+    m_arranged.append(header.kind);
+    m_displays->restoreWindows(m_settings.windows(header.kind));
 }
 
 void MonitorWindow::saveLayout()
@@ -142,8 +142,8 @@ void MonitorWindow::saveLayout()
     const StreamHeader &header = m_session.model().header();
     if (header.channels.isEmpty())
         return;
-    m_settings.setView(header.layout, m_views->currentView());
-    m_settings.setWindows(header.layout, m_views->windows());
+    m_settings.setDisplay(header.kind, m_displays->currentDisplay());
+    m_settings.setWindows(header.kind, m_displays->windows());
 }
 
 void MonitorWindow::closeEvent(QCloseEvent *event)

@@ -10,24 +10,24 @@ class QVBoxLayout;
 namespace Monitor {
 
 class Session;
-class ViewTabs;
+class DisplayTabs;
 
-/*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It puts
-    the parts in their places and gives them their keys; what they do is theirs. */
+/*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It arranges
+    its parts and assigns their keys; what they do is up to them. */
 class MonitorWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    //! Where the screen is large enough for it.
+    //! The initial size, if the screen is large enough.
     static constexpr QSize usualSize{1600, 1000};
 
-    //! The settings file is where layout and statistics are kept.
+    //! Keeps layout and statistics settings in \a settingsFile; the session must outlive the window.
     MonitorWindow(Session &session, const QString &settingsFile, QWidget *parent = nullptr);
     ~MonitorWindow() override;
 
-    ViewTabs &views() const { return *m_views; }
-    //! One line about what runs and how to see something else, until it is dismissed for good.
+    DisplayTabs &displays() const { return *m_displays; }
+    //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
     void showHint(const QString &text);
 
 protected:
@@ -40,16 +40,16 @@ private:
     void addMenus();
     void addPauseAction(QMenu *menu);
     void restoreLayout();
-    void restoreView(const StreamHeader &header);
+    void restoreDisplay(const StreamHeader &header);
     void saveLayout();
 
     Session &m_session;
     WindowSettings m_settings;
-    ViewTabs *m_views;
+    DisplayTabs *m_displays;
     QVBoxLayout *m_centre = nullptr;
     QMenu *m_viewMenu = nullptr;
-    //! The layouts whose displays were put where they stood.
-    QVector<Layout> m_arranged;
+    //! The kinds of streams whose separate windows were restored.
+    QVector<StreamKind> m_arranged;
 };
 
 } // namespace Monitor

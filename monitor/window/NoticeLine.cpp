@@ -65,7 +65,7 @@ void NoticeLine::setDismissible(const QString &buttonText)
     m_button->show();
 }
 
-//! The same in light and dark: what it says must not be missed.
+//! Sets the background of that kind, which is the same in light and dark palettes so that nobody misses the notice.
 void NoticeLine::setGround(Kind kind)
 {
     QPalette colours = palette();

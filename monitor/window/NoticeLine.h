@@ -8,28 +8,31 @@ class QToolButton;
 
 namespace Monitor {
 
-//! One line across the window that tells a person something, in dark text on a ground of its own.
+//! A notice across the window, in dark text on a coloured background.
 class NoticeLine : public QFrame
 {
     Q_OBJECT
 
 public:
+    //! What a notice is about; each kind has its background colour.
     enum class Kind {
         Hint,
         Waiting,
         Trouble,
     };
 
-    //! Hidden until there is something to tell.
+    //! The line is hidden until tell() gets a text.
     explicit NoticeLine(QWidget *parent = nullptr);
 
-    //! Texts are shown as they are, never as markup; an empty one hides the line.
+    //! Shows a text as it is, never as markup; an empty text hides the line.
     void tell(const QString &text, Kind kind);
+    //! Returns the text that is shown; empty while the line is hidden.
     QString text() const;
-    //! Offers a button that takes the line away, for good as far as the host sees to it.
+    //! Adds a button that hides the line and emits dismissed(); the host decides whether the line comes back.
     void setDismissible(const QString &buttonText);
 
 Q_SIGNALS:
+    //! Emitted when the button was clicked.
     void dismissed();
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/PictureActions.h"
 
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/PictureExport.h"
-#include "monitor/window/ViewTabs.h"
 
 #include <QAction>
 #include <QDir>
@@ -12,9 +12,9 @@
 
 namespace Monitor {
 
-PictureActions::PictureActions(ViewTabs &views, QMenu *menu, QWidget *window)
+PictureActions::PictureActions(DisplayTabs &displays, QMenu *menu, QWidget *window)
     : QObject(window)
-    , m_views(views)
+    , m_displays(displays)
     , m_window(window)
     , m_folder(QDir::homePath())
 {
@@ -22,7 +22,7 @@ PictureActions::PictureActions(ViewTabs &views, QMenu *menu, QWidget *window)
     save->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_P));
     save->setShortcutContext(Qt::ApplicationShortcut);
     QAction *copy = menu->addAction(tr("&Copy picture"), this, [this] {
-        PictureExport::copy(m_views.viewInUse());
+        PictureExport::copy(m_displays.displayInUse());
     });
     copy->setObjectName(QStringLiteral("copyPicture"));
     copy->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C));
@@ -31,9 +31,10 @@ PictureActions::PictureActions(ViewTabs &views, QMenu *menu, QWidget *window)
 
 void PictureActions::save()
 {
-    QWidget *view = m_views.viewInUse(); // the dialog will be the active window in a moment
+    QWidget *display =
+        m_displays.displayInUse(); // the dialog will be the active window in a moment
     const QString suggested =
-        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(view->objectName()));
+        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(display->objectName()));
     const QString path = QFileDialog::getSaveFileName(m_window,
                                                       tr("Save picture"),
                                                       suggested,
@@ -42,7 +43,7 @@ void PictureActions::save()
         return;
     m_folder = QFileInfo(path).absolutePath();
     QString error;
-    if (!PictureExport::save(view, path, &error))
+    if (!PictureExport::save(display, path, &error))
         QMessageBox::warning(m_window, tr("Save picture"), error);
 }
 

@@ -8,20 +8,21 @@ class QWidget;
 
 namespace Monitor {
 
-class ViewTabs;
+class DisplayTabs;
 
-//! Menu entries that copy or save a picture of the view that an operator looks at.
+//! Menu entries that copy or save a picture of the display that the operator works with.
 class PictureActions : public QObject
 {
     Q_OBJECT
 
 public:
-    PictureActions(ViewTabs &views, QMenu *menu, QWidget *window);
+    //! Adds the entries to \a menu; \a window is the parent of the dialogs.
+    PictureActions(DisplayTabs &displays, QMenu *menu, QWidget *window);
 
 private:
     void save();
 
-    ViewTabs &m_views;
+    DisplayTabs &m_displays;
     QWidget *m_window;
     QString m_folder;
 };

@@ -36,7 +36,7 @@ bool drawSvg(QWidget *widget, QIODevice *device)
 
 bool drawPdf(QWidget *widget, QIODevice *device)
 {
-    constexpr int screenResolution = 96; // one unit of the page is then one pixel of the widget
+    constexpr int screenResolution = 96; // makes one unit of the page one pixel of the widget
     constexpr double pointsPerPixel = 72.0 / screenResolution;
     QPdfWriter writer(device);
     writer.setResolution(screenResolution);
@@ -73,7 +73,8 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
         drawn = drawPdf(widget, &file);
     else
         *error = QCoreApplication::translate("PictureExport",
-                                             "%1: a picture's name ends in .png, .svg or .pdf")
+                                             "%1: the name of a picture must end in .png, .svg or "
+                                             ".pdf")
                      .arg(path);
     if (drawn && file.commit())
         return true;

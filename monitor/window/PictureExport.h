@@ -7,15 +7,16 @@ class QWidget;
 
 namespace Monitor {
 
-//! Pictures of a widget as it is seen.
+//! Pictures of a widget as it is shown.
 class PictureExport
 {
 public:
-    //! Filters for a file dialog.
+    //! Returns the name filters for a file dialog.
     static QString fileFilter();
-    /*! Draws into a PNG, SVG or PDF file, by the name's suffix. False, with a text, where the file cannot be written or
-        has another suffix. */
+    /*! Draws the widget into a PNG, SVG or PDF file; the suffix of the name decides. Returns false, with a text in
+        \a error, if the file cannot be written or has another suffix. */
     static bool save(QWidget *widget, const QString &path, QString *error);
+    //! Copies the widget as a pixmap to the clipboard.
     static void copy(QWidget *widget);
 };
 

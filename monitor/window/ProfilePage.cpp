@@ -13,7 +13,7 @@ using Corvale_Qt::SpectrogramCalc;
 
 namespace {
 
-//! Of the page, from which on the side bar leaves enough for the picture.
+//! The width of the page, in characters, from which the side bar leaves enough room for the picture.
 constexpr int charactersForSideBar = 120;
 
 QString length(double value)
@@ -39,7 +39,7 @@ ProfilePage::ProfilePage(QWidget *parent)
     layout->setSpacing(0);
     layout->addWidget(m_display, 1);
     layout->addWidget(m_numbers);
-    // The display tells of its numbers while it does not show them itself.
+    // The display emits its numbers while it does not show them itself.
     connect(m_display, &RVXSpectrogram::calcUpdate, this, &ProfilePage::showNumbers);
 }
 
@@ -67,7 +67,7 @@ void ProfilePage::showNumbers()
                                  tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
                                  tr("integral %1").arg(calc.integral, 0, 'g', 4),
                                  tr("max %1").arg(calc.max, 0, 'g', 4)};
-    // A line may end between two numbers only.
+    // A line may only break between two numbers.
     QString text = numbers.join(QLatin1Char('\n'));
     text.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
     m_numbers->setText(text.replace(QLatin1Char('\n'), QStringLiteral("   ")));

@@ -11,8 +11,8 @@ class RVXSpectrogram;
 
 namespace Monitor {
 
-/*! The beam profile with its numbers: beside it while there is room for the display's side bar and a picture, in one
-    line below it otherwise. */
+/*! The beam profile with its numbers: in the display's side bar if there is room for it beside the picture, otherwise
+    in one line below. */
 class ProfilePage : public QWidget
 {
     Q_OBJECT

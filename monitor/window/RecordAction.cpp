@@ -44,7 +44,7 @@ void RecordAction::toggle()
     }
     QFileDialog dialog(m_window, tr("Record"), m_folder, tr("Recordings (*.csv)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // It asks before it replaces a file, under the name that the file will have.
+    // With the suffix set here, the dialog checks the final name for an existing file.
     dialog.setDefaultSuffix(QStringLiteral("csv"));
     dialog.selectFile(suggestedPath());
     QString error;

@@ -7,16 +7,16 @@ namespace Monitor {
 
 class Session;
 
-//! "Record" and "Stop recording" in one entry: it asks for a file, and says what goes wrong.
+//! The menu entry "Record" or "Stop recording". It asks for a file and reports errors.
 class RecordAction : public QAction
 {
     Q_OBJECT
 
 public:
-    //! The window is the parent of what it asks with.
+    //! \a window is the parent of the dialogs.
     RecordAction(Session &session, QWidget *window);
 
-    //! Records into that file, which is replaced where it exists; false, with a text, where it cannot be had.
+    //! Records to a file and replaces an existing one. Returns false, with a text in \a error, if it cannot be opened.
     bool recordTo(const QString &path, QString *error);
 
 private:

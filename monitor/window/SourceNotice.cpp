@@ -9,7 +9,7 @@ namespace Monitor {
 namespace {
 
 constexpr double refreshInterval = 0.25; // s
-//! An instrument may take so long to say something without being in trouble.
+//! An instrument may be silent for this long before the notice appears.
 constexpr double usualSilence = 2.0; // s
 
 QString joined(const QString &text, const QString &remedy)
@@ -62,7 +62,7 @@ void SourceNotice::refresh()
     }
 }
 
-//! Of a source that is there and has given no reading yet; empty while all is well.
+//! Returns a text about a source that is open and has not delivered a reading; empty if there is nothing to say.
 QString SourceNotice::silenceText() const
 {
     const Source &source = m_session.source();
@@ -73,14 +73,14 @@ QString SourceNotice::silenceText() const
         return {};
     const qint64 bad = source.counts().bad();
     if (bad > 0)
-        return tr("%1: none of %2 lines could be read; the first was %3. A line is t,v1,v2,... "
-                  "with a decimal point.")
+        return tr("%1: none of %2 lines could be read; the first was %3. A line must be "
+                  "t,v1,v2,... with decimal points.")
             .arg(source.description())
             .arg(bad)
             .arg(m_firstRefused);
     if (source.state() == Source::State::Finished)
-        return tr("%1: there are no readings in it.").arg(source.description());
-    return joined(tr("%1: no reading has come yet").arg(source.description()), source.remedy());
+        return tr("%1 contains no readings.").arg(source.description());
+    return joined(tr("%1: no reading has arrived yet").arg(source.description()), source.remedy());
 }
 
 } // namespace Monitor

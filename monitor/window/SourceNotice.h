@@ -8,7 +8,7 @@ namespace Monitor {
 class Session;
 struct RefusedLine;
 
-//! While the source gives nothing: what was tried, what came back, and what a person can do.
+//! A notice while the source delivers nothing: what was tried, what came back, and what a person can do.
 class SourceNotice : public NoticeLine
 {
     Q_OBJECT

@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-//! Columns as a stream's header names them.
+//! Maps the fields of a spot to the columns that have their names.
 class StreamColumns : public Corvale_Qt::SpotMapViewColumnMapper
 {
 public:
@@ -34,7 +34,7 @@ SpotLayers::SpotLayers(MultichannelDeviceModel *model, QObject *parent)
     : QSortFilterProxyModel(parent)
     , m_model(model)
 {
-    // Before the base hears of rows: what they say about layers is known when it asks for them.
+    // These connections come before those of the base class, so that it filters rows whose layers are known.
     connect(model, &QAbstractItemModel::modelReset, this, &SpotLayers::beginStream);
     connect(model,
             &QAbstractItemModel::rowsInserted,
@@ -53,7 +53,7 @@ int SpotLayers::channel(const char *name) const
 
 bool SpotLayers::hasSpots() const
 {
-    return m_model->header().layout == Layout::Spots && channel("x") >= 0 && channel("y") >= 0
+    return m_model->header().kind == StreamKind::Spots && channel("x") >= 0 && channel("y") >= 0
         && channel("mu") >= 0 && channel("sigma_x") >= 0;
 }
 
@@ -76,7 +76,7 @@ void SpotLayers::beginStream()
 
 SpotLayers::Layer SpotLayers::layerOf(int row) const
 {
-    // NaN would have no place in an order.
+    // A set cannot order NaN.
     const auto number = [&](int channel) {
         const double value = channel < 0 ? 0.0 : m_model->receivedValue(row, channel);
         return std::isnan(value) ? -1.0 : value;
@@ -99,7 +99,7 @@ void SpotLayers::step(int by)
 {
     if (m_layers.size() < 2)
         return;
-    // Place 0 stands for all of them.
+    // Place 0 means all layers.
     const int places = int(m_layers.size()) + 1;
     int place = m_layer ? 1 + int(std::distance(m_layers.begin(), m_layers.find(*m_layer))) : 0;
     place = ((place + by) % places + places) % places;

@@ -16,7 +16,7 @@ namespace Monitor {
 
 class MultichannelDeviceModel;
 
-//! The spots of a stream, all of them or those of one layer.
+//! The spots of a stream: all of them, or those of one layer.
 class SpotLayers : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -24,18 +24,19 @@ class SpotLayers : public QSortFilterProxyModel
 public:
     explicit SpotLayers(MultichannelDeviceModel *model, QObject *parent = nullptr);
 
-    //! Whether the stream has spots: positions and doses.
+    //! Returns whether the stream has spots with positions, doses and widths.
     bool hasSpots() const;
-    //! Goes from all layers to the first, from there on to the last, and back.
+    //! Moves the selection by \a by places. The places are: all layers, the first to the last layer, and around again.
     void step(int by);
-    //! For a title, for example "Layer 3 of 21" or "All 21 layers".
+    //! Returns a title, for example "Layer 3 of 21" or "All 21 layers".
     QString description() const;
-    //! Where the spots' fields lie; the caller, in general the view, owns it.
+    //! Returns a new mapper to the columns of the spots' fields; the caller, usually a view, owns it.
     Corvale_Qt::SpotMapViewColumnMapper *newColumnMapper() const;
-    //! Channel of a field, -1 where there is none.
+    //! Returns the channel of a field, counted from 0; -1 if there is none.
     int channel(const char *name) const;
 
 Q_SIGNALS:
+    //! Emitted when description() may have changed.
     void changed();
 
 protected:
@@ -46,7 +47,7 @@ private:
     void noteLayers(int first, int last);
 
     MultichannelDeviceModel *const m_model;
-    //! Of a beam or energy, and within it: plans count their layers anew in each beam.
+    //! The numbers of a beam and of a layer in it: plans count their layers from 1 in each beam.
     using Layer = std::pair<double, double>;
     Layer layerOf(int row) const;
 

@@ -30,12 +30,11 @@ QVariant StaleMarks::data(const QModelIndex &index, int role) const
         return value;
     switch (role) {
     case Qt::ForegroundRole:
-        return QBrush(
-            QColor(160, 160, 160)); // grey on the table's black, where live values are green
+        return QBrush(QColor(160, 160, 160)); // the table is black, and current values are green
     case Qt::DisplayRole:
         return tr("old: %1").arg(value.toString());
     case Qt::ToolTipRole:
-        return tr("This is old: nothing has come since.");
+        return tr("This value is old: no reading has arrived since.");
     default:
         return value;
     }

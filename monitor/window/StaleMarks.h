@@ -5,13 +5,14 @@
 
 namespace Monitor {
 
-//! Marks the values of a latest-value table as old, where the numbers stand.
+//! Marks the values of a latest-value table as old.
 class StaleMarks : public QIdentityProxyModel
 {
     Q_OBJECT
 
 public:
     explicit StaleMarks(QObject *parent = nullptr);
+    //! Sets whether the values are marked.
     void setStale(bool stale);
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 

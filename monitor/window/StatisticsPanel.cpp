@@ -2,7 +2,7 @@
 #include "monitor/window/StatisticsPanel.h"
 
 #include "monitor/session/Session.h"
-#include "monitor/window/ViewTabs.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/WindowSettings.h"
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 #include <corvale_qt/scope/RVXScope.h>
@@ -17,16 +17,16 @@ namespace Monitor {
 using namespace Corvale_Qt;
 
 StatisticsPanel::StatisticsPanel(Session &session,
-                                 ViewTabs &views,
+                                 DisplayTabs &displays,
                                  const WindowSettings &settings,
                                  QWidget *parent)
     : QScrollArea(parent)
     , m_page(new RVXStatisticsSetupPage)
 {
-    m_page->addPlotView(views.scope()->plotView());
+    m_page->addPlotView(displays.scope()->plotView());
     connect(m_page,
             &RVXStatisticsSetupPage::RegressionOptions,
-            views.profile(),
+            displays.profile(),
             &RVXSpectrogram::SetRegressionOptions);
     if (!settings.hasStatistics())
         connect(&session, &Session::streamStarted, this, &StatisticsPanel::suggestFor);
@@ -39,10 +39,10 @@ StatisticsPanel::StatisticsPanel(Session &session,
     setMinimumWidth(m_page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
 }
 
-//! An operator who has chosen nothing yet sees the fits of both profiles of a pair, which lie in one histogram.
+//! Enables a fit for each of the two profiles of strips, which lie in one histogram, until the operator chooses.
 void StatisticsPanel::suggestFor(const StreamHeader &header)
 {
-    if (header.layout != Layout::Strips)
+    if (header.kind != StreamKind::Strips)
         return;
     m_page->set_peaks(2);
     m_page->enable_regression();

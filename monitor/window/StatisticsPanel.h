@@ -12,17 +12,17 @@ class RVXStatisticsSetupPage;
 namespace Monitor {
 
 class Session;
-class ViewTabs;
+class DisplayTabs;
 class WindowSettings;
 
-//! The library's statistics page beside the displays that it steers, kept in the window's settings.
+//! The library's statistics page, connected to the displays; its choices are kept in the window's settings.
 class StatisticsPanel : public QScrollArea
 {
     Q_OBJECT
 
 public:
     StatisticsPanel(Session &session,
-                    ViewTabs &views,
+                    DisplayTabs &displays,
                     const WindowSettings &settings,
                     QWidget *parent = nullptr);
 

@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-//! Text in either format, whatever the bytes are.
+//! Encodes bytes as text that both formats can hold.
 QString toText(const QByteArray &bytes)
 {
     return QString::fromLatin1(bytes.toBase64());
@@ -22,14 +22,14 @@ QByteArray fromText(const QVariant &text)
     return QByteArray::fromBase64(text.toString().toLatin1());
 }
 
-QString viewKey(Layout layout)
+QString displayKey(StreamKind kind)
 {
-    return QStringLiteral("Monitor/view-") + layoutName(layout);
+    return QStringLiteral("Monitor/view-") + kindName(kind);
 }
 
-QString windowsKey(Layout layout)
+QString windowsKey(StreamKind kind)
 {
-    return QStringLiteral("Monitor/windows-") + layoutName(layout);
+    return QStringLiteral("Monitor/windows-") + kindName(kind);
 }
 
 } // namespace
@@ -51,7 +51,7 @@ bool WindowSettings::isXml() const
 
 bool WindowSettings::hasStatistics() const
 {
-    // The group's name is the statistics page's own.
+    // The statistics page writes this group.
     return m_settings->getSettings()->childGroups().contains(QStringLiteral("StatisticsSetupPage"));
 }
 
@@ -81,33 +81,33 @@ void WindowSettings::setLayout(const QByteArray &geometry, const QByteArray &doc
     setValue(QStringLiteral("Monitor/docks"), toText(docks));
 }
 
-QString WindowSettings::view(Layout layout) const
+QString WindowSettings::display(StreamKind kind) const
 {
-    return value(viewKey(layout)).toString();
+    return value(displayKey(kind)).toString();
 }
 
-void WindowSettings::setView(Layout layout, const QString &view)
+void WindowSettings::setDisplay(StreamKind kind, const QString &display)
 {
-    setValue(viewKey(layout), view);
+    setValue(displayKey(kind), display);
 }
 
-QMap<QString, QByteArray> WindowSettings::windows(Layout layout) const
+QMap<QString, QByteArray> WindowSettings::windows(StreamKind kind) const
 {
     QMap<QString, QByteArray> windows;
     const QStringList entries =
-        value(windowsKey(layout)).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        value(windowsKey(kind)).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &entry : entries)
         windows.insert(entry.section(QLatin1Char(':'), 0, 0),
                        fromText(entry.section(QLatin1Char(':'), 1)));
     return windows;
 }
 
-void WindowSettings::setWindows(Layout layout, const QMap<QString, QByteArray> &windows)
+void WindowSettings::setWindows(StreamKind kind, const QMap<QString, QByteArray> &windows)
 {
     QStringList entries;
     for (auto window = windows.begin(); window != windows.end(); ++window)
         entries.append(window.key() + QLatin1Char(':') + toText(window.value()));
-    setValue(windowsKey(layout), entries.join(QLatin1Char(' ')));
+    setValue(windowsKey(kind), entries.join(QLatin1Char(' ')));
 }
 
 QVariant WindowSettings::value(const QString &key) const

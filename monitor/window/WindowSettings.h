@@ -14,33 +14,36 @@ class RVXApplicationSettings;
 
 namespace Monitor {
 
-//! What the window keeps from one start to the next, in a settings file: XML where its suffix is .xui, INI otherwise.
+//! What the window keeps from one start to the next in a settings file: XML if its suffix is .xui, otherwise INI.
 class WindowSettings
 {
 public:
     explicit WindowSettings(const QString &file);
     ~WindowSettings();
 
+    //! Returns the absolute path of the file.
     QString fileName() const { return m_file; }
     bool isXml() const;
-    //! Whether an operator has chosen statistics before.
+    //! Returns whether the file has choices of an operator on the statistics page.
     bool hasStatistics() const;
 
+    //! Returns whether the operator does not want to see the hint again.
     bool isHintDismissed() const;
     void dismissHint();
 
-    //! Place and size, and how the docks lie; empty before the first setLayout().
+    //! Returns the saved geometry of the window; empty before the first setLayout().
     QByteArray geometry() const;
+    //! Returns the saved state of the docks; empty before the first setLayout().
     QByteArray docks() const;
     void setLayout(const QByteArray &geometry, const QByteArray &docks);
 
-    //! The view that was last shown of readings of that layout; empty for none.
-    QString view(Layout layout) const;
-    void setView(Layout layout, const QString &view);
+    //! Returns the display that was last shown for streams of that kind; empty if there is none.
+    QString display(StreamKind kind) const;
+    void setDisplay(StreamKind kind, const QString &display);
 
-    //! The displays that stood in windows of their own, by name, each with the place and size of its window.
-    QMap<QString, QByteArray> windows(Layout layout) const;
-    void setWindows(Layout layout, const QMap<QString, QByteArray> &windows);
+    //! Returns the displays that were in separate windows, by name, each with the saved geometry of its window.
+    QMap<QString, QByteArray> windows(StreamKind kind) const;
+    void setWindows(StreamKind kind, const QMap<QString, QByteArray> &windows);
 
 private:
     QVariant value(const QString &key) const;

@@ -67,86 +67,59 @@ void tst_LineProtocol::linesBecomeReadings_data()
     row("comments and empty lines", "# hello//#whatever/0,1", "start channels ch1 | 0: 1");
     row("garbage between",
         "0,1/\x01\xff\x02,x/1,2",
-        "refused 2 not readable | start channels ch1 | 0: 1 | 1: 2");
+        "refused 2 unreadable | start channels ch1 | 0: 1 | 1: 2");
     row("a number with a tail",
         "0,1/1,2x/2,3",
-        "refused 2 not readable | start channels ch1 | 0: 1 | 2: 3");
+        "refused 2 unreadable | start channels ch1 | 0: 1 | 2: 3");
     row("time goes backwards",
         "5,1/6,2/5.5,3/7,4",
-        "start channels ch1 | 5: 1 | 6: 2 | refused 3 its time goes backwards | 7: 4");
+        "start channels ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
     row("one time far ahead costs no reading that follows",
         "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
-        "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1"
-        " | refused 12 another number of values than the lines before"
-        " | event the time went back from 1000000 s to 2 s and goes on from there: a new part "
-        "begins"
-        " | start channels ch1 | 2: 2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10"
-        " | 11: 11");
+        "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back "
+        "from 1000000 s to 2 s and goes on from there: a new part begins | start channels ch1 | 2: "
+        "2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
     row("some times behind, and then the stream goes on",
         "8,1/9,1/2,2/3,3/10,1/4,4",
-        "start channels ch1 | 8: 1 | 9: 1 | refused 3 its time goes backwards"
-        " | refused 4 its time goes backwards | 10: 1 | refused 6 its time goes backwards");
+        "start channels ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
     row("times behind that do not agree",
         "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
-        "start channels ch1 | 50: 1 | 51: 1 | refused 3 its time goes backwards"
-        " | refused 4 its time goes backwards | refused 5 its time goes backwards"
-        " | refused 6 its time goes backwards | refused 7 its time goes backwards"
-        " | refused 8 its time goes backwards | refused 9 its time goes backwards"
-        " | refused 10 its time goes backwards | refused 11 its time goes backwards"
-        " | refused 12 its time goes backwards | refused 13 its time goes backwards | 52: 1");
+        "start channels ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
     row("times behind, and then the instrument is set up anew",
         "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
-        "start channels ch1 | 50: 1 | 51: 1"
-        " | refused 5 another number of values than the lines before"
-        " | refused 6 another number of values than the lines before"
-        " | refused 7 another number of values than the lines before"
-        " | refused 8 another number of values than the lines before"
-        " | refused 9 another number of values than the lines before"
-        " | refused 10 another number of values than the lines before"
-        " | refused 11 another number of values than the lines before"
-        " | refused 12 another number of values than the lines before"
-        " | refused 13 another number of values than the lines before"
-        " | refused 3 another number of values than the lines before"
-        " | refused 4 another number of values than the lines before"
-        " | start channels ch1 | 9: 61 | 9: 62");
+        "start channels ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | start "
+        "channels ch1 | 9: 61 | 9: 62");
     row("numbers too small are 0, those too large are none",
-        "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999"
-        "/4,1e-99999999999999999999/5,0.1e310/6,1",
-        "start channels ch1 | 0: 0 | 1: 0 | refused 3 not readable | refused 4 not readable | 4: 0"
-        " | refused 6 not readable | 6: 1");
+        "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999/"
+        "4,1e-99999999999999999999/5,0.1e310/6,1",
+        "start channels ch1 | 0: 0 | 1: 0 | refused 3-4 unreadable | 4: 0 | refused 6 unreadable | "
+        "6: 1");
     const QByteArray zeros(400, '0'), ones(400, '1');
     QTest::newRow("the same, written out")
         << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
-        << QStringLiteral("refused 2 not readable | start channels ch1 | 0: 0 | 2: 1");
+        << QStringLiteral("refused 2 unreadable | start channels ch1 | 0: 0 | 2: 1");
     row("a time too large for its unit",
         "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
-        "refused 2 not readable | refused 3 not readable | start channels a | 6e+306: 2 | "
-        "1.2e+307: 3");
+        "refused 2-3 unreadable | start channels a | 6e+306: 2 | 1.2e+307: 3");
     row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
     row("a time that is none",
         "nan,1/1,2/inf,3/2,4",
-        "refused 1 not readable | refused 3 not readable | start channels ch1 | 1: 2 | 2: 4");
+        "refused 1 unreadable | refused 3 unreadable | start channels ch1 | 1: 2 | 2: 4");
     row("one value too few",
         "0,1,2/1,3,4/2,5/3,6,7",
-        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 another number of values than the "
-        "lines "
-        "before | 3: 6 7");
+        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
     row("joined in the middle of a line",
         "7,8/1,3,4/2,5,6",
-        "refused 1 another number of values than the lines before | start channels ch1 ch2 | 1: 3 "
-        "4 | "
-        "2: 5 6");
+        "refused 1 count | start channels ch1 ch2 | 1: 3 4 | 2: 5 6");
     row("declared, joined in the middle of a line",
         "#channels a,b/7,8/1,3,4/2,5,6",
-        "refused 2 another number of values than the lines before | start channels a b | 1: 3 4 | "
-        "2: 5 6");
+        "refused 2 count | start channels a b | 1: 3 4 | 2: 5 6");
     row("declared otherwise",
         "#channels a,b/0,1,2,3/0,1,2",
-        "refused 2 another number of values than the lines before | start channels a b | 0: 1 2");
+        "refused 2 count | start channels a b | 0: 1 2");
     row("a greeting",
         "Welcome to electrometer/0,1/1,2/2,3",
-        "refused 2 another number of values than the lines before | refused 1 not readable | start "
-        "channels ch1 | 1: 2 | 2: 3");
+        "refused 2 count | refused 1 unreadable | start channels ch1 | 1: 2 | 2: 3");
     row("new metadata is a new stream",
         "0,1/1,2/#unit nA/2,3",
         "start channels ch1 | 0: 1 | 1: 2 | start channels ch1:nA | 2: 3");
@@ -158,13 +131,13 @@ void tst_LineProtocol::linesBecomeReadings_data()
         "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 7: 4");
     row("ranges and start times that cannot be written down again",
         "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
-        "refused 2 not readable | refused 3 not readable | start channels ch1 | 0: 1");
+        "refused 2-3 unreadable | start channels ch1 | 0: 1");
     row("an unknown layout",
         "#layout rings/0,1",
-        "refused 1 not readable | start channels ch1 | 0: 1");
+        "refused 1 unreadable | start channels ch1 | 0: 1");
     row("a range that is none",
         "#range 5,1/#range a/0,1",
-        "refused 1 not readable | refused 2 not readable | start channels ch1 | 0: 1");
+        "refused 1-2 unreadable | start channels ch1 | 0: 1");
     row("the header of a table",
         "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
         "start channels left:nA x:mm | 0: 1 2 | 1: 3 4");
@@ -173,17 +146,8 @@ void tst_LineProtocol::linesBecomeReadings_data()
         "start channels a | 0.5: 2 | 1.5: 3");
     row("the instrument is set up anew",
         "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
-        "start channels ch1 | 0: 1 | 1: 1"
-        " | refused 3 another number of values than the lines before"
-        " | refused 4 another number of values than the lines before"
-        " | refused 5 another number of values than the lines before"
-        " | refused 6 another number of values than the lines before"
-        " | refused 7 another number of values than the lines before"
-        " | refused 8 another number of values than the lines before"
-        " | refused 9 another number of values than the lines before"
-        " | refused 10 another number of values than the lines before"
-        " | refused 11 another number of values than the lines before"
-        " | start channels ch1 ch2 | 11: 1 1 | 12: 1 1");
+        "start channels ch1 | 0: 1 | 1: 1 | refused 3-11 count | start channels ch1 ch2 | 11: 1 1 "
+        "| 12: 1 1");
 }
 
 void tst_LineProtocol::linesBecomeReadings()
@@ -198,12 +162,11 @@ void tst_LineProtocol::tooMuchIsDropped()
     const QByteArray most = "0" + QByteArray(",1").repeated(256);
     QCOMPARE(readAll(most).count(QStringLiteral(" 1")), 256);
     QCOMPARE(readAll(most + ",1/0,1"),
-             QStringLiteral("refused 1 more than 256 values | start channels ch1 | 0: 1"));
-    QCOMPARE(
-        readAll("0,1/1,2/" + most + ",1/2,3"),
-        QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 more than 256 values | 2: 3"));
+             QStringLiteral("refused 1 many | start channels ch1 | 0: 1"));
+    QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
+             QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 many | 2: 3"));
     const QByteArray commas(LineSplitter::maxLength, ',');
-    QCOMPARE(readAll(commas), QStringLiteral("refused 1 more than 256 values"));
+    QCOMPARE(readAll(commas), QStringLiteral("refused 1 many"));
 }
 
 void tst_LineProtocol::aCutAndMadeConnection_data()
@@ -213,7 +176,7 @@ void tst_LineProtocol::aCutAndMadeConnection_data()
     QTest::newRow("time goes on") << QByteArray("11,3/12,4") << "11: 3 | 12: 4";
     QTest::newRow("time starts over") << QByteArray("0,3/1,4") << "start channels a | 0: 3 | 1: 4";
     QTest::newRow("the end of a line, then time goes on")
-        << QByteArray("1,3/12,4/13,5") << "refused 3 its time goes backwards | 12: 4 | 13: 5";
+        << QByteArray("1,3/12,4/13,5") << "refused 4 back | 12: 4 | 13: 5";
     QTest::newRow("the header again") << QByteArray("time_s,a/11,3/12,4") << "11: 3 | 12: 4";
 }
 
@@ -232,9 +195,7 @@ void tst_LineProtocol::aCutAndMadeConnection()
     protocol.beginStream();
     take(after);
     protocol.finish();
-    QString text = sink.text();
-    text.replace(QStringLiteral("refused 4"), QStringLiteral("refused 3"));
-    QCOMPARE(text, expected);
+    QCOMPARE(sink.text(), expected);
 }
 
 void tst_LineProtocol::arrivalTimeStandsIn()

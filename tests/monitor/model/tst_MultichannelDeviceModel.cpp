@@ -2,6 +2,7 @@
 #include "monitor/input/CsvReader.h"
 #include "monitor/model/MultichannelDeviceModel.h"
 #include "tests/monitor/support/TextSink.h"
+#include "tests/support/Files.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/proxies/RVXAveragingProxyModel.h>
@@ -24,7 +25,7 @@ private Q_SLOTS:
     void aReadingIsOneInsertion();
     void keepsWhatADequeWouldKeep_data();
     void keepsWhatADequeWouldKeep();
-    void aPauseLosesNothing();
+    void aPauseIsOneInsertion();
     void headerShowsNamesAndUnits();
     void showsAnotherUnitOfTheSameQuantity();
     void marksWhatIsOverRange();
@@ -36,7 +37,7 @@ private Q_SLOTS:
 static StreamHeader headerOf(int channels, const QString &unit = QString())
 {
     StreamHeader header;
-    header.channels = StreamHeader::defaultChannels(Layout::Channels, channels);
+    header.channels = StreamHeader::defaultChannels(StreamKind::Channels, channels);
     for (Channel &channel : header.channels)
         channel.unit = unit;
     return header;
@@ -131,21 +132,17 @@ void tst_MultichannelDeviceModel::keepsWhatADequeWouldKeep()
     QCOMPARE(watch.complaints(), QString());
 }
 
-//! After a pause all is as if there had been none, and during it nothing that is shown moves.
-void tst_MultichannelDeviceModel::aPauseLosesNothing()
+//! During a pause nothing that is shown moves; after it, all readings come in one insertion.
+void tst_MultichannelDeviceModel::aPauseIsOneInsertion()
 {
-    MultichannelDeviceModel paused, running;
-    for (MultichannelDeviceModel *model : {&paused, &running}) {
-        model->startStream(headerOf(1));
-        model->addReadings(numbered(1, 0, 99000));
-    }
+    MultichannelDeviceModel paused;
+    paused.startStream(headerOf(1));
+    paused.addReadings(numbered(1, 0, 99000));
     paused.setPaused(true);
     QSignalSpy inserted(&paused, &QAbstractItemModel::rowsInserted);
     QSignalSpy removed(&paused, &QAbstractItemModel::rowsRemoved);
-    for (int i = 0; i < 30; ++i) {
+    for (int i = 0; i < 30; ++i)
         paused.addReadings(numbered(1, 99000 + 100 * i, 100));
-        running.addReadings(numbered(1, 99000 + 100 * i, 100));
-    }
     QCOMPARE(paused.waitingReadings(), qint64(3000));
     QCOMPARE(inserted.count() + removed.count(), 0);
     QCOMPARE(rowText(paused, paused.rowCount() - 1), QStringLiteral("49499.5 98999"));
@@ -154,9 +151,8 @@ void tst_MultichannelDeviceModel::aPauseLosesNothing()
     QCOMPARE(paused.waitingReadings(), qint64(0));
     QCOMPARE(inserted.count(), 1);
     QCOMPARE(removed.count(), 1);
-    QCOMPARE(paused.rowCount(), running.rowCount());
-    for (int row = 1; row < running.rowCount(); row += 7)
-        QCOMPARE(rowText(paused, row), rowText(running, row));
+    QCOMPARE(rowText(paused, 1), QStringLiteral("1000 2000"));
+    QCOMPARE(rowText(paused, 100000), QStringLiteral("50999.5 101999"));
 }
 
 void tst_MultichannelDeviceModel::headerShowsNamesAndUnits()
@@ -169,7 +165,7 @@ void tst_MultichannelDeviceModel::headerShowsNamesAndUnits()
     QCOMPARE(model.units()->name(), QStringLiteral("nA"));
     QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("right"));
 
-    // Mixed units belong to the names, and there is none for all.
+    // Mixed units are shown with the names, and there is no common unit.
     header.channels = {{"left", "nA"}, {"<b>x</b>", "mm"}, {"plain", ""}};
     QSignalSpy unitsChanged(&model, &MultichannelDeviceModel::unitsChanged);
     model.startStream(header);
@@ -247,7 +243,8 @@ void tst_MultichannelDeviceModel::savesWhatReadsBackTheSame()
     QVERIFY(model.SaveDataToFile(path));
     QVERIFY(!model.SaveDataToFile(QString()));
     QVERIFY(!model.SaveDataToFile(dir.filePath(QStringLiteral("no/such/folder.csv"))));
-    QVERIFY(!model.SaveDataToFile(QStringLiteral("/dev/full")));
+    if (hasFullDevice())
+        QVERIFY(!model.SaveDataToFile(QStringLiteral("/dev/full")));
 
     TextSink sink;
     CsvReader reader(sink);

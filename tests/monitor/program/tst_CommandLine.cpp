@@ -5,7 +5,7 @@
 
 using namespace Monitor;
 
-//! What arguments mean, and what is said of those that mean nothing.
+//! What arguments mean, and the messages about arguments that mean nothing.
 class tst_CommandLine : public QObject
 {
     Q_OBJECT
@@ -68,35 +68,24 @@ void tst_CommandLine::whatIsUnderstood()
 void tst_CommandLine::whatIsRefused_data()
 {
     QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("named"); // in what is said
-    QTest::newRow("unknown option") << "--frobnicate"
-                                    << "frobnicate";
-    QTest::newRow("no number") << "--speed fast a.csv"
-                               << "--speed fast";
-    QTest::newRow("negative speed") << "--speed -1 a.csv"
-                                    << "--speed -1";
-    QTest::newRow("range the wrong way") << "--range 2,1"
-                                         << "--range 2,1";
-    QTest::newRow("one limit") << "--range 2"
-                               << "--range 2";
-    QTest::newRow("size") << "--size big"
-                          << "--size big";
-    QTest::newRow("view") << "--view sideways"
-                          << "strip, scope, histogram";
-    QTest::newRow("amount") << "--after soon"
-                            << "200frames";
-    QTest::newRow("no frames") << "--after 0frames"
-                               << "200frames";
-    QTest::newRow("rotation") << "--rotate often"
-                              << "100M";
-    QTest::newRow("two tasks") << "--stats --check a.csv"
-                               << "--stats and --check";
-    QTest::newRow("two sources") << "a.csv b.csv"
-                                 << "a.csv, b.csv";
-    QTest::newRow("json alone") << "--json a.csv"
-                                << "--stats";
-    QTest::newRow("picture without a name") << "--screenshot"
-                                            << "screenshot";
+    QTest::addColumn<QString>("named"); // part of the message
+    const auto row = [](const char *name, const char *arguments, const char *named) {
+        QTest::newRow(name) << QString(arguments) << QString(named);
+    };
+    row("unknown option", "--frobnicate", "frobnicate");
+    row("no number", "--speed fast a.csv", "--speed fast");
+    row("negative speed", "--speed -1 a.csv", "--speed -1");
+    row("range the wrong way", "--range 2,1", "--range 2,1");
+    row("one limit", "--range 2", "--range 2");
+    row("size", "--size big", "--size big");
+    row("view", "--view sideways", "strip, scope, histogram");
+    row("amount", "--after soon", "200frames");
+    row("no frames", "--after 0frames", "200frames");
+    row("rotation", "--rotate often", "100M");
+    row("two tasks", "--stats --check a.csv", "--stats and --check");
+    row("two sources", "a.csv b.csv", "a.csv, b.csv");
+    row("json alone", "--json a.csv", "--stats");
+    row("picture without a name", "--screenshot", "screenshot");
 }
 
 void tst_CommandLine::whatIsRefused()

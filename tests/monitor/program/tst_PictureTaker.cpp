@@ -52,7 +52,7 @@ void tst_PictureTaker::itWaitsForDataNotForTime()
 {
     Run run(m_folder->path());
     run.session.setLimit(ReadingLimit(30, 0.0));
-    run.source->begin(Layout::Channels, 3);
+    run.source->begin(StreamKind::Channels, 3);
     // Half an hour, one reading each ten seconds, does not end its patience.
     for (int i = 0; i < 29; ++i) {
         run.clock.advance(10.0);
@@ -73,7 +73,7 @@ void tst_PictureTaker::silenceHasAnEnd()
     QCOMPARE(run.code, -1);
     run.clock.advance(2.0);
     QCOMPARE(run.code, int(ExitSourceLost));
-    QVERIFY2(run.text.contains("script: nothing has come"), qPrintable(run.text));
+    QVERIFY2(run.text.contains("script: no data for"), qPrintable(run.text));
     QVERIFY2(run.text.contains("Ask the author."), qPrintable(run.text));
 }
 

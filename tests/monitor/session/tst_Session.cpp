@@ -52,8 +52,7 @@ void tst_Session::aPauseLosesNothing()
 {
     ScriptedSession paused, straight;
     for (ScriptedSession *one : {&paused, &straight}) {
-        one->session.start();
-        one->source->begin(Layout::Channels, 2, QStringLiteral("nA"));
+        one->begin(2, QStringLiteral("nA"));
         one->run(5);
     }
     QSignalSpy changed(&paused.session, &Session::pausedChanged);
@@ -74,8 +73,7 @@ void tst_Session::silenceIsStaleAfterThreePeriods()
 {
     ScriptedSession s;
     QSignalSpy stale(&s.session, &Session::staleChanged);
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.begin(1);
     s.run(20);
     s.clock.advance(0.28);
     QVERIFY(!s.session.isStale());
@@ -94,8 +92,7 @@ void tst_Session::silenceIsStaleAfterThreePeriods()
 void tst_Session::aSlowSourceIsNotStale()
 {
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.begin(1);
     for (int i = 0; i < 5; ++i) {
         s.source->give();
         s.clock.advance(60.0);
@@ -108,8 +105,7 @@ void tst_Session::aSlowSourceIsNotStale()
 void tst_Session::aSourceThatEndedIsNotStale()
 {
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.begin(1);
     s.run(5);
     s.source->setState(Source::State::Finished, QStringLiteral("the end"));
     s.clock.advance(10.0);
@@ -119,8 +115,7 @@ void tst_Session::aSourceThatEndedIsNotStale()
 void tst_Session::theRateFollows()
 {
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.begin(1);
     for (int i = 0; i < 50; ++i) {
         s.clock.advance(0.1);
         s.source->give(20);
@@ -148,8 +143,7 @@ void tst_Session::aLimitCutsToTheReading()
     ScriptedSession s;
     QSignalSpy reached(&s.session, &Session::limitReached);
     s.session.setLimit(ReadingLimit(readings, seconds));
-    s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.begin(2);
     for (int i = 0; i < 4; ++i)
         s.source->give(10);
     QCOMPARE(s.session.statistics().readings(), qint64(expected));
@@ -162,52 +156,40 @@ void tst_Session::aPauseDoesNotStopTheRecording()
 {
     QTemporaryDir folder;
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 2);
-    QString error;
-    Recorder::Options options;
-    options.path = folder.filePath(QStringLiteral("r.csv"));
-    QVERIFY2(s.session.startRecording(options, &error), qPrintable(error));
+    s.begin(2);
+    const QString path = folder.filePath(QStringLiteral("r.csv"));
+    QCOMPARE(s.record(path), QString());
     s.run(3);
     s.session.setPaused(true);
     s.run(4);
     s.session.stopRecording();
     QVERIFY(!s.session.recorder());
-    QFile file(options.path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QByteArrayList rows;
-    for (const QByteArray &line : file.readAll().split('\n'))
-        if (!line.isEmpty() && !line.startsWith('#') && !line.startsWith("time_s"))
-            rows.append(line);
-    QCOMPARE(rows.size(), 7);
-    // It exists now: the next one must not write over it.
-    QVERIFY(!s.session.startRecording(options, &error));
-    QVERIFY(error.contains(QLatin1String("exists already")));
+    const QString text = QString::fromUtf8(fileContents(path));
+    const QRegularExpression reading(QStringLiteral("^\\d.*$"),
+                                     QRegularExpression::MultilineOption);
+    QCOMPARE(text.count(reading), 7);
+    // The file exists now, and the next recording must not overwrite it.
+    QVERIFY(s.record(path).contains(QLatin1String("exists already")));
 }
 
 void tst_Session::aFullDiskIsNotedWithinTwoSeconds()
 {
-    if (!QFile::exists(QStringLiteral("/dev/full")))
-        QSKIP("there is no /dev/full here");
+    if (!hasFullDevice())
+        QSKIP("there is no full device here");
     ScriptedSession s;
     QStringList log;
     connect(&s.session, &Session::noted, this, [&log](const QString &text) {
         log.append(text);
     });
-    s.session.start();
-    s.source->begin(Layout::Channels, 2);
-    Recorder::Options options;
-    options.path = QStringLiteral("/dev/full");
-    options.overwrite = true;
-    QString error;
-    QVERIFY(s.session.startRecording(options, &error));
+    s.begin(2);
+    QCOMPARE(s.record(QStringLiteral("/dev/full"), true), QString());
     s.run(20);
     const QStringList errors = log.filter(QStringLiteral("ERROR"));
     QCOMPARE(errors.size(), 1);
     QVERIFY2(errors.first().contains(QLatin1String("/dev/full")), qPrintable(errors.first()));
     QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
     QVERIFY(!s.session.stopRecording());
-    QVERIFY(log.last().contains(QLatin1String("not complete, 20 readings are missing: ")));
+    QVERIFY(log.last().contains(QLatin1String("incomplete, 20 readings are missing: ")));
     QCOMPARE(s.session.incompleteRecordings().size(), 1);
 }
 
@@ -215,8 +197,7 @@ void tst_Session::aRangeHoldsForEveryStream()
 {
     ScriptedSession s;
     s.session.setRange(-1.0, 2.0);
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
+    s.begin(1);
     s.run(5);
     QVERIFY(!s.session.model().isOverrange(0, 2));
     QVERIFY(s.session.model().isOverrange(0, 3));
@@ -231,12 +212,9 @@ void tst_Session::floodsOfEventsAreCounted()
     connect(&s.session, &Session::noted, this, [&log](const QString &text) {
         log.append(text);
     });
-    s.session.start();
-    s.source->begin(Layout::Channels, 1);
-    Recorder::Options options;
-    options.path = folder.filePath(QStringLiteral("r.csv"));
-    QString error;
-    QVERIFY(s.session.startRecording(options, &error));
+    s.begin(1);
+    const QString path = folder.filePath(QStringLiteral("r.csv"));
+    QCOMPARE(s.record(path), QString());
     log.clear();
     for (int i = 0; i < 100; ++i) {
         for (int j = 0; j < 1200; ++j)
@@ -257,9 +235,7 @@ void tst_Session::floodsOfEventsAreCounted()
     qint64 listed = 0;
     QCOMPARE(account(log, &listed), qint64(120000));
     QVERIFY(listed > 0 && listed <= 15);
-    QFile file(options.path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(account(QString::fromUtf8(file.readAll()).split(QLatin1Char('\n')), &listed),
+    QCOMPARE(account(QString::fromUtf8(fileContents(path)).split(QLatin1Char('\n')), &listed),
              qint64(120000));
     QVERIFY(listed > 0 && listed <= 300);
 }
@@ -270,7 +246,7 @@ void tst_Session::streamsThatFollowFastAreShownFewTimes()
     QSignalSpy started(&s.session, &Session::streamStarted);
     s.session.start();
     for (int i = 0; i < 1000; ++i) { // 2 s
-        s.source->begin(Layout::Channels, 1 + i % 3);
+        s.source->begin(StreamKind::Channels, 1 + i % 3);
         s.source->give(2);
         s.clock.advance(0.002);
     }
@@ -304,8 +280,7 @@ void tst_Session::noRecordingWritesToItsSource()
 void tst_Session::aFloodIsShownInFewInsertions()
 {
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 3);
+    s.begin(3);
     QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
     for (int i = 0; i < 1000; ++i) { // a second
         s.clock.advance(0.001);
@@ -313,7 +288,7 @@ void tst_Session::aFloodIsShownInFewInsertions()
     }
     QVERIFY2(inserted.count() <= 26, qPrintable(QString::number(inserted.count())));
     QCOMPARE(s.session.statistics().readings(), qint64(5000));
-    // What still waits is there with the next picture, and at once where the source ends.
+    // What still waits is shown at once when the source ends.
     s.source->give(5);
     s.source->setState(Source::State::Finished, QString());
     QCOMPARE(s.session.model().rowCount(), 5006);
@@ -324,8 +299,7 @@ void tst_Session::aFloodIsShownInFewInsertions()
 void tst_Session::readingsAreShownOnceAnInterval()
 {
     ScriptedSession s;
-    s.session.start();
-    s.source->begin(Layout::Channels, 2);
+    s.begin(2);
     s.run(1);
     s.session.setShowInterval(1.0);
     QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);

@@ -4,11 +4,14 @@
 #include "monitor/sources/SourceFactory.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <QTemporaryDir>
 
 #include <cmath>
+
+Q_DECLARE_METATYPE(Monitor::FileSource::Options)
 
 using namespace Monitor;
 
@@ -19,10 +22,8 @@ class tst_FileSource : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void playsInRealTime();
-    void playsFaster();
-    void playsAWindowOfTheFile();
-    void loopsWithTimesThatGoOn();
+    void playsByTheClock_data();
+    void playsByTheClock();
     void playsOneStreamAfterTheOther_data();
     void playsOneStreamAfterTheOther();
     void playsAsFastAsPossible();
@@ -41,73 +42,58 @@ private:
 void tst_FileSource::initTestCase()
 {
     m_path = m_dir.filePath(QStringLiteral("table.csv"));
-    QFile file(m_path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("time_s,a\n100,1\n100.5,2\n101,3\n104,4\n");
+    putFile(m_path, "time_s,a\n100,1\n100.5,2\n101,3\n104,4\n");
 }
 
-void tst_FileSource::playsInRealTime()
+void tst_FileSource::playsByTheClock_data()
 {
-    ManualClock clock;
-    FileSource source(clock, m_path, {});
-    SourceLog log(source);
-    source.start();
-    clock.advance(0.4);
-    QCOMPARE(log.times, QVector<double>({100.0}));
-    clock.advance(0.2);
-    QCOMPARE(log.times, QVector<double>({100.0, 100.5}));
-    clock.advance(3.3);
-    QCOMPARE(log.times.size(), 3);
-    QCOMPARE(source.state(), Source::State::Running);
-    clock.advance(0.3);
-    QCOMPARE(log.text(), QStringLiteral("start channels a | 100: 1 | 100.5: 2 | 101: 3 | 104: 4"));
-    QCOMPARE(log.stateNames(), QStringLiteral("Running Finished"));
+    QTest::addColumn<FileSource::Options>("options");
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<bool>("ended");
+    const double last = std::numeric_limits<double>::infinity();
+    const QString start = QStringLiteral("start channels a | ");
+    using Options = FileSource::Options;
+    const auto row = [&](const char *name,
+                         const Options &options,
+                         double seconds,
+                         const char *readings,
+                         bool ended) {
+        QTest::newRow(name) << options << seconds << start + QLatin1String(readings) << ended;
+    };
+    row("the first reading at once", {}, 0.4, "100: 1", false);
+    row("the second one when it is due", {}, 0.6, "100: 1 | 100.5: 2", false);
+    row("a pause in the file", {}, 3.9, "100: 1 | 100.5: 2 | 101: 3", false);
+    row("to the end", {}, 4.2, "100: 1 | 100.5: 2 | 101: 3 | 104: 4", true);
+    row("ten times as fast", {10.0, false, -last, last}, 0.2, "100: 1 | 100.5: 2 | 101: 3", false);
+    row("ten times as fast, to the end",
+        {10.0, false, -last, last},
+        0.5,
+        "100: 1 | 100.5: 2 | 101: 3 | 104: 4",
+        true);
+    row("a part of the file begins at once", {1.0, false, 100.2, 101.5}, 0.1, "100.5: 2", false);
+    row("a part of the file", {1.0, false, 100.2, 101.5}, 1.1, "100.5: 2 | 101: 3", true);
+    row("in a loop, with times that go on",
+        {1.0, true, -last, 101.0},
+        3.1,
+        "100: 1 | 100.5: 2 | 101: 3 | 101.5: 1 | 102: 2 | 102.5: 3 | 103: 1",
+        false);
 }
 
-void tst_FileSource::playsFaster()
+void tst_FileSource::playsByTheClock()
 {
+    QFETCH(FileSource::Options, options);
+    QFETCH(double, seconds);
+    QFETCH(QString, expected);
+    QFETCH(bool, ended);
     ManualClock clock;
-    FileSource::Options options;
-    options.speed = 10.0;
     FileSource source(clock, m_path, options);
     SourceLog log(source);
     source.start();
-    clock.advance(0.2);
-    QCOMPARE(log.times.size(), 3);
-    clock.advance(0.3);
-    QCOMPARE(source.state(), Source::State::Finished);
-}
-
-void tst_FileSource::playsAWindowOfTheFile()
-{
-    ManualClock clock;
-    FileSource::Options options;
-    options.from = 100.2;
-    options.to = 101.5;
-    FileSource source(clock, m_path, options);
-    SourceLog log(source);
-    source.start();
-    clock.advance(0.1);
-    QCOMPARE(log.times, QVector<double>({100.5})); // at once: what was left out is not waited for
-    clock.advance(1.0);
-    QCOMPARE(log.times, QVector<double>({100.5, 101.0}));
-    QCOMPARE(source.state(), Source::State::Finished);
-}
-
-void tst_FileSource::loopsWithTimesThatGoOn()
-{
-    ManualClock clock;
-    FileSource::Options options;
-    options.loop = true;
-    options.to = 101.0;
-    FileSource source(clock, m_path, options);
-    SourceLog log(source);
-    source.start();
-    clock.advance(3.1);
-    QCOMPARE(log.times.mid(0, 7),
-             QVector<double>({100.0, 100.5, 101.0, 101.5, 102.0, 102.5, 103.0}));
-    QCOMPARE(log.sink.lines.filter(QStringLiteral("start")).size(), 1);
-    QCOMPARE(source.state(), Source::State::Running);
+    clock.advance(seconds);
+    QCOMPARE(log.text(), expected);
+    QCOMPARE(log.stateNames(),
+             ended ? QStringLiteral("Running Finished") : QStringLiteral("Running"));
 }
 
 void tst_FileSource::playsOneStreamAfterTheOther_data()
@@ -125,10 +111,7 @@ void tst_FileSource::playsOneStreamAfterTheOther()
     QFETCH(double, speed);
     QFETCH(bool, loop);
     const QString path = m_dir.filePath(QStringLiteral("parts.csv"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("#corvale 1\n#channels a\n5,1\n6,2\n#corvale 1\n#channels b,c\n1,3,4\n2,5,6\n");
-    file.close();
+    putFile(path, "#corvale 1\n#channels a\n5,1\n6,2\n#corvale 1\n#channels b,c\n1,3,4\n2,5,6\n");
     ManualClock clock;
     FileSource::Options options;
     options.speed = speed;
@@ -177,19 +160,19 @@ void tst_FileSource::failsWithAReason()
 void tst_FileSource::simulatorsShowTheBeam_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<Layout>("layout");
+    QTest::addColumn<StreamKind>("kind");
     QTest::addColumn<int>("channels");
     QTest::addColumn<int>("inTenSeconds");
-    QTest::newRow("split chamber") << "ic4" << Layout::Channels << 4 << 1000;
-    QTest::newRow("strips") << "strips" << Layout::Strips << 64 << 200;
-    QTest::newRow("pixels") << "pixels" << Layout::Pixels << 144 << 200;
-    QTest::newRow("spots") << "spots" << Layout::Spots << 7 << 500;
+    QTest::newRow("split chamber") << "ic4" << StreamKind::Channels << 4 << 1000;
+    QTest::newRow("strips") << "strips" << StreamKind::Strips << 64 << 200;
+    QTest::newRow("pixels") << "pixels" << StreamKind::Pixels << 144 << 200;
+    QTest::newRow("spots") << "spots" << StreamKind::Spots << 7 << 500;
 }
 
 void tst_FileSource::simulatorsShowTheBeam()
 {
     QFETCH(QString, name);
-    QFETCH(Layout, layout);
+    QFETCH(StreamKind, kind);
     QFETCH(int, channels);
     QFETCH(int, inTenSeconds);
     ManualClock clock;
@@ -214,7 +197,7 @@ void tst_FileSource::simulatorsShowTheBeam()
     });
     source.start();
     clock.advance(10.0);
-    QCOMPARE(header.layout, layout);
+    QCOMPARE(header.kind, kind);
     QCOMPARE(header.channels.size(), channels);
     QVERIFY(std::abs(readings - inTenSeconds) <= 1);
     QVERIFY(largest > smallest); // spills and pauses
@@ -268,8 +251,8 @@ void tst_FileSource::factoryKnowsItsSources_data()
     row("serial:/dev/ttyUSB0?silence=", "!silence=30s");
     row("serial:/dev/ttyUSB0?baud=x", "!baud=NUMBER");
     row("serial:", "!serial:DEVICE");
-    row("http://host/", "!no kind of source");
-    row("", "!no kind of source");
+    row("http://host/", "!not a known kind of source");
+    row("", "!not a known kind of source");
 }
 
 void tst_FileSource::factoryKnowsItsSources()

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 #include "monitor/statistics/StreamStatistics.h"
+#include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
-
-#include <QFile>
 
 #include <cmath>
 
@@ -62,19 +61,6 @@ QString dataPath(const char *name)
     return QStringLiteral(CORVALE_QT_DATA_DIR "/") + QLatin1String(name);
 }
 
-//! Rows of a reference table, without its header.
-QVector<QStringList> tableOf(const QString &path)
-{
-    QFile file(path);
-    QVector<QStringList> rows;
-    if (!file.open(QIODevice::ReadOnly))
-        return rows;
-    file.readLine();
-    while (!file.atEnd())
-        rows.append(QString::fromLatin1(file.readLine()).trimmed().split(QLatin1Char(',')));
-    return rows;
-}
-
 StreamStatistics statisticsOf(const QString &path, double from, double to)
 {
     StatisticsSink sink(from, to);
@@ -84,7 +70,7 @@ StreamStatistics statisticsOf(const QString &path, double from, double to)
     return sink.statistics;
 }
 
-//! As the reference table writes its numbers: ten digits.
+//! Writes a number with ten digits, as the reference table does.
 QString tenDigits(double value)
 {
     return QString::number(value, 'e', 9);
@@ -142,7 +128,7 @@ void tst_StreamStatistics::gapsAreCounted()
 {
     StreamStatistics statistics;
     StreamHeader header;
-    header.channels = StreamHeader::defaultChannels(Layout::Channels, 1);
+    header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
     statistics.startStream(header);
     ReadingBlock block(1);
     const double value = 1.0;
@@ -152,10 +138,10 @@ void tst_StreamStatistics::gapsAreCounted()
     QCOMPARE(statistics.gaps(), qint64(2));
 }
 
-//! To all digits that the reference, made with another tool, has.
+//! Compares all digits of a reference that was made with another tool.
 void tst_StreamStatistics::equalsTheReferenceOfTheCurrents()
 {
-    const QVector<QStringList> table = tableOf(dataPath("bonn-proton-sem/reference_stats.csv"));
+    const QVector<QStringList> table = realReadings("bonn-proton-sem/reference_stats.csv").mid(1);
     if (table.isEmpty())
         QSKIP("the folder of real readings is not there");
     QCOMPARE(table.size(), 21);
@@ -179,7 +165,7 @@ void tst_StreamStatistics::equalsTheReferenceOfTheCurrents()
 
 void tst_StreamStatistics::equalsTheReferenceOfThePixels()
 {
-    const QVector<QStringList> table = tableOf(dataPath("lcls-otr-frames/pixels_reference.csv"));
+    const QVector<QStringList> table = realReadings("lcls-otr-frames/pixels_reference.csv").mid(1);
     if (table.isEmpty())
         QSKIP("the folder of real readings is not there");
     const StreamStatistics statistics =

@@ -25,7 +25,7 @@ public:
         m_seconds = end;
         Q_EMIT tick();
     }
-    //! Lets time pass while nobody comes to hear the ticks.
+    //! Lets \a seconds pass without ticks, as in a busy event loop.
     void advanceSilently(double seconds) { m_seconds += seconds; }
 
 private:

@@ -17,11 +17,11 @@ public:
     QString remedy() const override { return QStringLiteral("Ask the author."); }
     Monitor::LineCounts counts() const override { return lineCounts; }
 
-    void begin(Monitor::Layout layout, int channels, const QString &unit = {})
+    void begin(Monitor::StreamKind kind, int channels, const QString &unit = {})
     {
         m_header = {};
-        m_header.layout = layout;
-        m_header.channels = Monitor::StreamHeader::defaultChannels(layout, channels);
+        m_header.kind = kind;
+        m_header.channels = Monitor::StreamHeader::defaultChannels(kind, channels);
         for (Monitor::Channel &channel : m_header.channels)
             channel.unit = unit.isEmpty() ? channel.unit : unit;
         Q_EMIT streamStarted(m_header);

@@ -7,8 +7,8 @@
 
 #include <cmath>
 
-/*! Writes down what is read, one short text for each thing: "start channels a:nA b", "1.5: 2 -" ("-" for no
-    reading), "event text", "refused 3 not readable". */
+/*! Writes down what is read, a short text for each item: "start channels a:nA b", "1.5: 2 -" ("-" for a missing value),
+    "event text", "refused 3 unreadable", and "refused 3-5 count" for lines that were refused for the same reason. */
 class TextSink : public Monitor::StreamSink
 {
 public:
@@ -16,7 +16,7 @@ public:
     {
         m_channels = header.channels.size();
         m_header = header;
-        QString text = QStringLiteral("start ") + Monitor::layoutName(header.layout);
+        QString text = QStringLiteral("start ") + Monitor::kindName(header.kind);
         for (const Monitor::Channel &channel : header.channels)
             text += QLatin1Char(' ') + channel.name
                 + (channel.unit.isEmpty() ? QString() : QLatin1Char(':') + channel.unit);
@@ -29,9 +29,15 @@ public:
     void eventNoted(const QString &text) override { lines.append(QStringLiteral("event ") + text); }
     void lineRefused(const Monitor::RefusedLine &line) override
     {
-        lines.append(QStringLiteral("refused %1 %2")
-                         .arg(line.number)
-                         .arg(Monitor::refusalText(line.refusal)));
+        const char *const reasons[] = {"long", "many", "count", "back", "unreadable"};
+        const QLatin1String why(reasons[int(line.refusal)]);
+        const bool goesOn =
+            !lines.isEmpty() && lines.last() == refusedText(m_firstRefused, line.number - 1, why);
+        if (goesOn)
+            lines.removeLast();
+        else
+            m_firstRefused = line.number;
+        lines.append(refusedText(m_firstRefused, line.number, why));
     }
 
     static QString readingText(double time, const double *values, int channels)
@@ -48,6 +54,14 @@ public:
     QStringList lines;
 
 private:
+    static QString refusedText(qint64 first, qint64 last, QLatin1String why)
+    {
+        const QString numbers =
+            first == last ? QString::number(first) : QStringLiteral("%1-%2").arg(first).arg(last);
+        return QStringLiteral("refused %1 %2").arg(numbers, why);
+    }
+
     int m_channels = 0;
+    qint64 m_firstRefused = 0;
     Monitor::StreamHeader m_header;
 };

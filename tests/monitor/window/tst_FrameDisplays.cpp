@@ -37,9 +37,17 @@ std::vector<double> stripBeam(double x, double y, double sigma = 6.0)
     return values;
 }
 
+//! The displays of frames on a session that the test moves.
+struct FedDisplays : ScriptedSession
+{
+    Corvale_Qt::RVXSpectrogram profile;
+    Corvale_Qt::RVXPositionPlot position;
+    FrameFeeder feeder{&session.model(), &profile, &position};
+};
+
 } // namespace
 
-//! A beam moved by so many millimetres reads so many millimetres, whatever road its frames take.
+//! A beam moved by some millimetres reads the same millimetres, whatever way its frames take.
 class tst_FrameDisplays : public QObject
 {
     Q_OBJECT
@@ -73,17 +81,14 @@ void tst_FrameDisplays::aMovedBeamReadsItsPosition()
     QFETCH(bool, pixels);
     QFETCH(double, x);
     QFETCH(double, y);
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(pixels ? Layout::Pixels : Layout::Strips,
+    FedDisplays s;
+    s.source->begin(pixels ? StreamKind::Pixels : StreamKind::Strips,
                     pixels ? 144 : 64,
                     QStringLiteral("pC"));
-    QVERIFY(feeder.hasProfile());
+    QVERIFY(s.feeder.hasProfile());
     s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
-    QTRY_VERIFY(feeder.hasShownProfile());
-    const Corvale_Qt::SpectrogramCalc calc = profile.getCalc();
+    QTRY_VERIFY(s.feeder.hasShownProfile());
+    const Corvale_Qt::SpectrogramCalc calc = s.profile.getCalc();
     const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
     QVERIFY(std::abs(calc.meanX - x) < tolerance);
     QVERIFY(std::abs(calc.meanY - y) < tolerance);
@@ -93,39 +98,33 @@ void tst_FrameDisplays::aMovedBeamReadsItsPosition()
 
 void tst_FrameDisplays::theLastFrameOfABurstStays()
 {
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(Layout::Strips, 64);
+    FedDisplays s;
+    s.source->begin(StreamKind::Strips, 64);
     for (int i = 0; i <= 50; ++i)
         s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
     s.settle();
-    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 5.0) < 1e-6);
+    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
 }
 
 void tst_FrameDisplays::framesWaitWhilePaused()
 {
-    ScriptedSession s;
-    Corvale_Qt::RVXSpectrogram profile;
-    Corvale_Qt::RVXPositionPlot position;
-    FrameFeeder feeder(&s.session.model(), &profile, &position);
-    s.source->begin(Layout::Strips, 64);
+    FedDisplays s;
+    s.source->begin(StreamKind::Strips, 64);
     s.source->give(0.0, stripBeam(1.0, 0.0));
-    QTRY_VERIFY(feeder.hasShownProfile());
+    QTRY_VERIFY(s.feeder.hasShownProfile());
     s.session.setPaused(true);
     for (int i = 1; i < 1000; ++i)
         s.source->give(0.01 * i, stripBeam(2.0, 0.0));
-    QVERIFY(std::abs(profile.getCalc().meanX - 1.0) < 1e-6);
+    QVERIFY(std::abs(s.profile.getCalc().meanX - 1.0) < 1e-6);
     s.session.setPaused(false);
-    QTRY_VERIFY(std::abs(profile.getCalc().meanX - 2.0) < 1e-6);
+    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 2.0) < 1e-6);
 }
 
 void tst_FrameDisplays::missingCellsCountAsNothing()
 {
     StreamHeader header;
-    header.layout = Layout::Strips;
-    header.channels = StreamHeader::defaultChannels(Layout::Strips, 64);
+    header.kind = StreamKind::Strips;
+    header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 64);
     const DetectorFrames frames(header);
     std::vector<double> values(64, 2.0);
     values[3] = std::nan("");
@@ -140,7 +139,7 @@ void tst_FrameDisplays::missingCellsCountAsNothing()
 static StreamHeader spotHeader()
 {
     StreamHeader header;
-    header.layout = Layout::Spots;
+    header.kind = StreamKind::Spots;
     for (const char *name : {"layer", "x", "y", "mu", "sigma_x", "sigma_y"})
         header.channels.append({QLatin1String(name), {}});
     return header;
@@ -172,7 +171,7 @@ void tst_FrameDisplays::spotLayers()
     QCOMPARE(layers.rowCount(), 11);
     layers.step(-1);
     QCOMPARE(layers.description(), QStringLiteral("Layer 4 of 4"));
-    s.source->begin(Layout::Channels, 2);
+    s.source->begin(StreamKind::Channels, 2);
     QCOMPARE(layers.rowCount(), 0);
     QCOMPARE(watch.complaints(), QString());
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/PictureExport.h"
 #include "monitor/window/RecordAction.h"
-#include "monitor/window/ViewTabs.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/TestMain.h"
 
@@ -49,8 +49,8 @@ struct WindowInTest : ScriptedSession
     QStringList tabs() const
     {
         QStringList titles;
-        for (int i = 0; i < window.views().count(); ++i)
-            titles.append(window.views().tabText(i));
+        for (int i = 0; i < window.displays().count(); ++i)
+            titles.append(window.displays().tabText(i));
         return titles;
     }
     QString notice() const
@@ -96,40 +96,40 @@ void tst_MonitorWindow::aTabStandsWhileTheDataHasItsLayout()
 {
     WindowInTest w(settings("tabs.xui"));
     QCOMPARE(w.tabs(), QStringList({"Scope"}));
-    w.source->begin(Layout::Strips, 64, QStringLiteral("pC"));
+    w.source->begin(StreamKind::Strips, 64, QStringLiteral("pC"));
     QCOMPARE(w.tabs(), QStringList({"Scope", "2D profile", "Position"}));
-    QCOMPARE(w.window.views().currentView(), QStringLiteral("profile"));
-    w.source->begin(Layout::Spots, 5);
+    QCOMPARE(w.window.displays().currentDisplay(), QStringLiteral("profile"));
+    w.source->begin(StreamKind::Spots, 5);
     QCOMPARE(w.tabs(), QStringList({"Scope", "Spot map"}));
-    w.source->begin(Layout::Pixels, 144);
+    w.source->begin(StreamKind::Pixels, 144);
     QCOMPARE(w.tabs(), QStringList({"Scope", "2D profile", "Position"}));
-    w.source->begin(Layout::Pixels, 9); // no detector that the display knows
+    w.source->begin(StreamKind::Pixels, 9); // no detector that the display knows
     QCOMPARE(w.tabs(), QStringList({"Scope"}));
-    QCOMPARE(w.window.views().currentView(), QStringLiteral("histogram"));
-    w.source->begin(Layout::Channels, 4);
+    QCOMPARE(w.window.displays().currentDisplay(), QStringLiteral("histogram"));
+    w.source->begin(StreamKind::Channels, 4);
     QCOMPARE(w.tabs(), QStringList({"Scope"}));
-    QCOMPARE(w.window.views().currentView(), QStringLiteral("strip"));
-    QVERIFY(!w.window.views().showView(QStringLiteral("spots")));
-    QVERIFY(w.window.views().showView(QStringLiteral("scope")));
+    QCOMPARE(w.window.displays().currentDisplay(), QStringLiteral("strip"));
+    QVERIFY(!w.window.displays().showDisplay(QStringLiteral("spots")));
+    QVERIFY(w.window.displays().showDisplay(QStringLiteral("scope")));
 }
 
 void tst_MonitorWindow::aDisplayThatIsOutComesBackWhenItsDataGo()
 {
     WindowInTest w(settings("out.xui"));
-    w.source->begin(Layout::Strips, 64);
-    w.window.views().popOut(1);
+    w.source->begin(StreamKind::Strips, 64);
+    w.window.displays().popOut(1);
     QCOMPARE(w.tabs(), QStringList({"Scope", "Position"}));
-    w.source->begin(Layout::Strips, 64);
-    QCOMPARE(w.window.views().poppedOutPages().size(), 1);
-    w.source->begin(Layout::Channels, 4);
-    QCOMPARE(w.window.views().poppedOutPages().size(), 0);
+    w.source->begin(StreamKind::Strips, 64);
+    QCOMPARE(w.window.displays().poppedOutPages().size(), 1);
+    w.source->begin(StreamKind::Channels, 4);
+    QCOMPARE(w.window.displays().poppedOutPages().size(), 0);
     QCOMPARE(w.tabs(), QStringList({"Scope"}));
 }
 
 void tst_MonitorWindow::spacePausesWhereverTheFocusIs()
 {
     WindowInTest w(settings("pause.xui"));
-    w.source->begin(Layout::Channels, 3);
+    w.source->begin(StreamKind::Channels, 3);
     w.run(4);
     QVERIFY(QTest::qWaitForWindowActive(&w.window));
     w.values()->setFocus();
@@ -152,7 +152,7 @@ void tst_MonitorWindow::spacePausesWhereverTheFocusIs()
 void tst_MonitorWindow::silenceMarksValuesAndStatus()
 {
     WindowInTest w(settings("stale.xui"));
-    w.source->begin(Layout::Channels, 2);
+    w.source->begin(StreamKind::Channels, 2);
     w.run(10);
     QCOMPARE(w.value(1), QStringLiteral("1009"));
     w.clock.advance(1.0);
@@ -163,13 +163,13 @@ void tst_MonitorWindow::silenceMarksValuesAndStatus()
     w.clock.advance(0.1);
     QCOMPARE(w.value(1), QStringLiteral("1010"));
     QVERIFY(!w.status("notices").contains(QLatin1String("STALE")));
-    QVERIFY(w.log().contains(QLatin1String("readings come again")));
+    QVERIFY(w.log().contains(QLatin1String("readings arrive again")));
 }
 
 void tst_MonitorWindow::enterTogglesAChannel()
 {
     WindowInTest w(settings("enter.xui"));
-    w.source->begin(Layout::Channels, 3);
+    w.source->begin(StreamKind::Channels, 3);
     w.run(2);
     QVERIFY(QTest::qWaitForWindowActive(&w.window));
     w.values()->setFocus();
@@ -186,7 +186,7 @@ void tst_MonitorWindow::enterTogglesAChannel()
 void tst_MonitorWindow::theStatusTellsBadLinesAndGaps()
 {
     WindowInTest w(settings("status.xui"));
-    w.source->begin(Layout::Channels, 1);
+    w.source->begin(StreamKind::Channels, 1);
     w.run(10);
     w.source->refuse(2);
     w.source->give(100.0, {1.0});
@@ -201,7 +201,7 @@ void tst_MonitorWindow::theStatusTellsBadLinesAndGaps()
 void tst_MonitorWindow::aFloodOfBadLinesDoesNotFloodTheLog()
 {
     WindowInTest w(settings("flood.xui"));
-    w.source->begin(Layout::Channels, 1);
+    w.source->begin(StreamKind::Channels, 1);
     const int before = w.log().count(QLatin1Char('\n'));
     w.source->refuse(10000);
     w.clock.advance(1.5);
@@ -221,8 +221,8 @@ void tst_MonitorWindow::troubleSaysWhatToDo()
     w.source->setState(Source::State::Running, QStringLiteral("script"));
     QCOMPARE(w.notice(), QString());
     w.clock.advance(5.0);
-    QCOMPARE(w.notice(), QStringLiteral("script: no reading has come yet. Ask the author."));
-    w.source->begin(Layout::Channels, 1);
+    QCOMPARE(w.notice(), QStringLiteral("script: no reading has arrived yet. Ask the author."));
+    w.source->begin(StreamKind::Channels, 1);
     w.run(3);
     w.clock.advance(0.3);
     QCOMPARE(w.notice(), QString());
@@ -260,21 +260,21 @@ void tst_MonitorWindow::theLayoutIsKept()
         const QString file = settings(name);
         {
             WindowInTest w(file);
-            w.source->begin(Layout::Strips, 64);
+            w.source->begin(StreamKind::Strips, 64);
             w.window.resize(1111, 777);
             w.window.findChild<QDockWidget *>(QStringLiteral("statistics"))->hide();
-            w.window.views().showView(QStringLiteral("position"));
+            w.window.displays().showDisplay(QStringLiteral("position"));
             w.window.close();
         }
         ScriptedSession s;
         MonitorWindow window(s.session, file);
         window.show();
         s.session.start();
-        s.source->begin(Layout::Strips, 64);
+        s.source->begin(StreamKind::Strips, 64);
         QCOMPARE(window.size(), QSize(1111, 777));
         QVERIFY(!window.findChild<QDockWidget *>(QStringLiteral("statistics"))->isVisible());
         QVERIFY(window.findChild<QDockWidget *>(QStringLiteral("log"))->isVisible());
-        QCOMPARE(window.views().currentView(), QStringLiteral("position"));
+        QCOMPARE(window.displays().currentDisplay(), QStringLiteral("position"));
     }
 }
 
@@ -284,32 +284,32 @@ void tst_MonitorWindow::windowsOfTheirOwnComeBack()
     const QRect place(60, 70, 620, 510);
     {
         WindowInTest w(file);
-        w.source->begin(Layout::Strips, 64);
-        w.window.views().popOut(1);
-        w.window.views().poppedOutPages().first()->window()->setGeometry(place);
+        w.source->begin(StreamKind::Strips, 64);
+        w.window.displays().popOut(1);
+        w.window.displays().poppedOutPages().first()->window()->setGeometry(place);
         w.window.close();
     }
     WindowInTest w(file);
-    ViewTabs &views = w.window.views();
-    w.source->begin(Layout::Channels, 4); // which has no such display
-    QCOMPARE(views.poppedOutPages().size(), 0);
-    w.source->begin(Layout::Strips, 64);
+    DisplayTabs &displays = w.window.displays();
+    w.source->begin(StreamKind::Channels, 4); // which has no such display
+    QCOMPARE(displays.poppedOutPages().size(), 0);
+    w.source->begin(StreamKind::Strips, 64);
     QCOMPARE(w.tabs(), QStringList({"Scope", "Position"}));
-    QCOMPARE(views.poppedOutPages().size(), 1);
-    QCOMPARE(views.poppedOutPages().first()->objectName(), QStringLiteral("profile"));
-    QCOMPARE(views.poppedOutPages().first()->window()->size(), place.size());
+    QCOMPARE(displays.poppedOutPages().size(), 1);
+    QCOMPARE(displays.poppedOutPages().first()->objectName(), QStringLiteral("profile"));
+    QCOMPARE(displays.poppedOutPages().first()->window()->size(), place.size());
 
-    // To ask for it fetches it back; and there it stays when the source begins anew.
-    QVERIFY(views.showView(QStringLiteral("profile")));
-    QCOMPARE(views.currentView(), QStringLiteral("profile"));
-    w.source->begin(Layout::Strips, 64);
-    QCOMPARE(views.poppedOutPages().size(), 0);
+    // Asking for it brings it back, and it stays there when the source starts over.
+    QVERIFY(displays.showDisplay(QStringLiteral("profile")));
+    QCOMPARE(displays.currentDisplay(), QStringLiteral("profile"));
+    w.source->begin(StreamKind::Strips, 64);
+    QCOMPARE(displays.poppedOutPages().size(), 0);
 }
 
 void tst_MonitorWindow::recordingShowsWhereAndHowMuch()
 {
     WindowInTest w(settings("record.xui"));
-    w.source->begin(Layout::Channels, 2);
+    w.source->begin(StreamKind::Channels, 2);
     auto *action = w.window.findChild<RecordAction *>();
     QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_R));
     QString error;
@@ -342,7 +342,7 @@ void tst_MonitorWindow::recordingShowsWhereAndHowMuch()
 void tst_MonitorWindow::picturesOfTheView()
 {
     WindowInTest w(settings("picture.xui"));
-    w.source->begin(Layout::Channels, 2);
+    w.source->begin(StreamKind::Channels, 2);
     w.run(20);
     const QHash<QString, QByteArray> beginnings = {{QStringLiteral("v.png"), "\x89PNG"},
                                                    {QStringLiteral("v.svg"), "<?xml"},
@@ -350,7 +350,7 @@ void tst_MonitorWindow::picturesOfTheView()
     QString error;
     for (auto it = beginnings.begin(); it != beginnings.end(); ++it) {
         const QString path = m_folder.filePath(it.key());
-        QVERIFY2(PictureExport::save(w.window.views().viewInUse(), path, &error),
+        QVERIFY2(PictureExport::save(w.window.displays().displayInUse(), path, &error),
                  qPrintable(error));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -361,7 +361,8 @@ void tst_MonitorWindow::picturesOfTheView()
 
     w.window.findChild<QAction *>(QStringLiteral("copyPicture"))->trigger();
     const QImage copied = QGuiApplication::clipboard()->image();
-    QCOMPARE(copied.size(), w.window.views().viewInUse()->size() * w.window.devicePixelRatioF());
+    QCOMPARE(copied.size(),
+             w.window.displays().displayInUse()->size() * w.window.devicePixelRatioF());
 }
 
 void tst_MonitorWindow::textsFromOutsideAreNoMarkup()

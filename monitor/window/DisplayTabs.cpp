@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/window/ViewTabs.h"
+#include "monitor/window/DisplayTabs.h"
 
 #include "monitor/session/Session.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
@@ -17,7 +17,7 @@ namespace Monitor {
 
 using namespace Corvale_Qt;
 
-ViewTabs::ViewTabs(Session &session, QWidget *parent)
+DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     : RVXPopOutTabWidget(parent)
     , m_session(session)
     , m_scope(new RVXScope(this))
@@ -34,10 +34,10 @@ ViewTabs::ViewTabs(Session &session, QWidget *parent)
     m_scope->setModel(&session.model());
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));
-    for (QWidget *page : displays())
+    for (QWidget *page : optionalDisplays())
         page->hide();
 
-    connect(&session, &Session::streamStarted, this, &ViewTabs::beginStream);
+    connect(&session, &Session::streamStarted, this, &DisplayTabs::beginStream);
     connect(m_scope,
             &RVXScope::bufferedIntervalChanged,
             &session,
@@ -48,16 +48,16 @@ ViewTabs::ViewTabs(Session &session, QWidget *parent)
     connect(&m_spots, &SpotLayers::changed, this, [this] {
         m_spotMap->setTitle(m_spots.description());
     });
-    connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &ViewTabs::showLatestSpot);
+    connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &DisplayTabs::showLatestSpot);
 }
 
-//! Those that stand there only while the stream has what they show.
-QList<QWidget *> ViewTabs::displays() const
+//! Returns the displays that have a tab only while the stream has data for them.
+QList<QWidget *> DisplayTabs::optionalDisplays() const
 {
     return {m_profile, m_position, m_spotMap};
 }
 
-void ViewTabs::beginStream()
+void DisplayTabs::beginStream()
 {
     const StreamHeader &header = m_session.model().header();
     if (m_spots.hasSpots())
@@ -67,7 +67,7 @@ void ViewTabs::beginStream()
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     if (header.hasRange())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
-    const bool profiles = header.layout == Layout::Strips || header.layout == Layout::Pixels;
+    const bool profiles = header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels;
     m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);
     if (m_frames.hasProfile())
         setCurrentWidget(m_profile);
@@ -75,7 +75,7 @@ void ViewTabs::beginStream()
         setCurrentWidget(m_spotMap);
 }
 
-void ViewTabs::setTab(QWidget *page, const QString &title, bool present)
+void DisplayTabs::setTab(QWidget *page, const QString &title, bool present)
 {
     if (!present && isPoppedOut(page))
         popIn(page);
@@ -86,7 +86,7 @@ void ViewTabs::setTab(QWidget *page, const QString &title, bool present)
         removeTab(index);
 }
 
-void ViewTabs::showLatestSpot()
+void DisplayTabs::showLatestSpot()
 {
     const MultichannelDeviceModel &model = m_session.model();
     const int row = model.rowCount() - 1;
@@ -101,7 +101,7 @@ void ViewTabs::showLatestSpot()
 
 namespace {
 
-//! Curves and bars have colours; ground and grid of the plot have none.
+//! Returns whether the canvas shows curves or bars: they have colours, the background and the grid have none.
 bool hasCurves(QWidget *plot)
 {
     constexpr int leastSaturation = 60;
@@ -119,7 +119,7 @@ bool hasCurves(QWidget *plot)
     return false;
 }
 
-const QVector<QPair<QString, RVXScope::PlotMode>> scopeViews = {
+const QVector<QPair<QString, RVXScope::PlotMode>> scopeDisplays = {
     {QStringLiteral("strip"), RVXScope::StripMode},
     {QStringLiteral("scope"), RVXScope::ScopeMode},
     {QStringLiteral("histogram"), RVXScope::HistogramMode},
@@ -127,17 +127,17 @@ const QVector<QPair<QString, RVXScope::PlotMode>> scopeViews = {
 
 } // namespace
 
-bool ViewTabs::showView(const QString &name)
+bool DisplayTabs::showDisplay(const QString &name)
 {
-    for (const auto &[scopeView, mode] : scopeViews) {
-        if (scopeView == name) {
+    for (const auto &[scopeDisplay, mode] : scopeDisplays) {
+        if (scopeDisplay == name) {
             popIn(m_scope);
             setCurrentWidget(m_scope);
             m_scope->SetPlotMode(mode);
             return true;
         }
     }
-    for (QWidget *page : displays()) {
+    for (QWidget *page : optionalDisplays()) {
         const bool isThere = indexOf(page) >= 0 || isPoppedOut(page);
         if (page->objectName() == name && isThere) {
             popIn(page);
@@ -148,7 +148,7 @@ bool ViewTabs::showView(const QString &name)
     return false;
 }
 
-QMap<QString, QByteArray> ViewTabs::windows() const
+QMap<QString, QByteArray> DisplayTabs::windows() const
 {
     QMap<QString, QByteArray> windows;
     for (const QWidget *page : poppedOutPages())
@@ -156,7 +156,7 @@ QMap<QString, QByteArray> ViewTabs::windows() const
     return windows;
 }
 
-void ViewTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
+void DisplayTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
 {
     for (auto window = windows.begin(); window != windows.end(); ++window) {
         QWidget *page = findChild<QWidget *>(window.key());
@@ -167,15 +167,15 @@ void ViewTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
     }
 }
 
-QString ViewTabs::currentView() const
+QString DisplayTabs::currentDisplay() const
 {
     if (currentWidget() != m_scope)
         return currentWidget() ? currentWidget()->objectName() : QString();
     const auto *modes = m_scope->findChild<QTabBar *>(QStringLiteral("modeSelect"));
-    return modes ? scopeViews.value(modes->currentIndex()).first : QString();
+    return modes ? scopeDisplays.value(modes->currentIndex()).first : QString();
 }
 
-QWidget *ViewTabs::viewInUse() const
+QWidget *DisplayTabs::displayInUse() const
 {
     for (QWidget *page : poppedOutPages())
         if (page->isActiveWindow())
@@ -183,7 +183,7 @@ QWidget *ViewTabs::viewInUse() const
     return currentWidget() ? currentWidget() : m_scope;
 }
 
-bool ViewTabs::hasDrawn() const
+bool DisplayTabs::hasDrawn() const
 {
     const bool needsProfile =
         currentWidget() == m_profile || (currentWidget() == m_position && m_frames.hasProfile());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/readings/PixelGrid.h"
+#include "monitor/readings/PixelShape.h"
 
 #include <QRegularExpression>
 
@@ -7,10 +7,10 @@
 
 namespace Monitor {
 
-PixelGrid PixelGrid::of(const StreamHeader &header)
+PixelShape PixelShape::of(const StreamHeader &header)
 {
-    PixelGrid grid;
-    if (header.layout != Layout::Pixels || header.channels.isEmpty())
+    PixelShape grid;
+    if (header.kind != StreamKind::Pixels || header.channels.isEmpty())
         return grid;
     const int cells = header.channels.size();
     static const QRegularExpression name(QStringLiteral("^r(\\d+)c(\\d+)$"));
@@ -23,7 +23,7 @@ PixelGrid PixelGrid::of(const StreamHeader &header)
     if (!fits) {
         const int side = int(std::lround(std::sqrt(double(cells))));
         const bool square = side * side == cells;
-        grid = square ? PixelGrid{side, side} : PixelGrid{1, cells};
+        grid = square ? PixelShape{side, side} : PixelShape{1, cells};
     }
     return grid;
 }

@@ -17,33 +17,33 @@ namespace Monitor {
 
 class Session;
 
-/*! The displays as tabs: the scope always, the others while the stream has what they show. */
-class ViewTabs : public Corvale_Qt::RVXPopOutTabWidget
+//! The displays as tabs: the scope always, the others while the stream has data for them.
+class DisplayTabs : public Corvale_Qt::RVXPopOutTabWidget
 {
     Q_OBJECT
 
 public:
-    explicit ViewTabs(Session &session, QWidget *parent = nullptr);
+    explicit DisplayTabs(Session &session, QWidget *parent = nullptr);
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
-    //! The display that the operator works with: the one in the active window, else the tab in front.
-    QWidget *viewInUse() const;
-    //! The name that showView() knows the tab in front by.
-    QString currentView() const;
-    /*! Turns to strip, scope, histogram, profile, position or spots, and fetches it back from a window of its own;
-        false where there is no such view now. */
-    bool showView(const QString &name);
-    //! The displays that stand in windows of their own, by name, each with the place and size of its window.
+    //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.
+    QWidget *displayInUse() const;
+    //! Returns the name by which showDisplay() knows the front tab.
+    QString currentDisplay() const;
+    /*! Brings strip, scope, histogram, profile, position or spots to the front, also from a separate window. Returns
+        false if there is no such display now. */
+    bool showDisplay(const QString &name);
+    //! Returns the displays in separate windows by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows() const;
-    //! Takes them out again, as far as they are there.
+    //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
-    //! Whether the view that is shown has shown data of this stream.
+    //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;
 
 private:
     void beginStream();
-    QList<QWidget *> displays() const;
+    QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
     void showLatestSpot();
 

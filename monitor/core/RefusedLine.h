@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QMetaType>
+#include <QString>
+
+namespace Monitor {
+
+//! Why a line was dropped.
+enum class Refusal {
+    TooLong, //!< longer than a line may be
+    TooManyValues, //!< more values than a reading may have
+    WrongCount, //!< a different number of values than the lines before
+    TimeBackwards, //!< its time goes backwards
+    Unreadable, //!< a field is not a number, or a known word has an invalid value
+};
+//! Number of values of Refusal.
+constexpr int refusalKinds = 5;
+
+//! Returns a few words for a person, for example "longer than 64 KiB".
+QString refusalText(Refusal refusal);
+
+//! A line that was dropped, and why.
+struct RefusedLine
+{
+    Refusal refusal = Refusal::Unreadable;
+    qint64 number = 0; //!< number of the line in its stream, from 1
+    QByteArray excerpt; //!< the beginning of the line, escaped
+
+    //! Returns one line for a log.
+    QString text() const;
+};
+
+} // namespace Monitor
+
+Q_DECLARE_METATYPE(Monitor::RefusedLine)

@@ -82,8 +82,8 @@ everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const Q
 void prepare(QwtPlotCurve &curve, const RVXSeriesData &series)
 {
     curve.setPen(yellowPen());
-    curve.setPaintAttribute(QwtPlotCurve::FilterPoints,
-                            false); // Qwt's own curve leaves samples out with it
+    // With FilterPoints, Qwt's curve leaves samples out.
+    curve.setPaintAttribute(QwtPlotCurve::FilterPoints, false);
     curve.setSamples(new RVXSeriesData(series));
 }
 

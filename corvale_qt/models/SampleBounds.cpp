@@ -33,15 +33,12 @@ Pair greater(Pair a, Pair b)
 template<int pairs>
 struct Lanes
 {
-    Pair least[pairs];
-    Pair greatest[pairs];
+    Pair least[pairs]{};
+    Pair greatest[pairs]{};
     // Not finite if one of the numbers is not. A sum of enormous numbers may overflow as well, which only costs time.
-    Pair sum[pairs];
+    Pair sum[pairs]{};
 
     Lanes()
-        : least{}
-        , greatest{}
-        , sum{}
     {
         std::fill_n(least, pairs, Pair{infinity, infinity});
         std::fill_n(greatest, pairs, Pair{-infinity, -infinity});

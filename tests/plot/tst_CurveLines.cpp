@@ -82,8 +82,8 @@ everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const Q
 void prepare(QwtPlotCurve &curve, const RVXSeriesData &series)
 {
     curve.setPen(yellowPen());
-    curve.setPaintAttribute(QwtPlotCurve::FilterPoints,
-                            false); // Qwt's own curve leaves samples out with it
+    // With FilterPoints, Qwt's curve leaves samples out.
+    curve.setPaintAttribute(QwtPlotCurve::FilterPoints, false);
     curve.setSamples(new RVXSeriesData(series));
 }
 
@@ -126,7 +126,7 @@ struct Signal
     double gap = notANumber;
     double jitter = 0.0; // of the time step; above 1 time runs backwards now and then
     int skipped = 0; // readings that came and went before
-    int jumpEvery = 0; // a pause of 50 steps
+    int jumpEvery = 0; // a pause of 500 steps; the canvas begins and ends in one
 };
 
 template<typename T>
@@ -143,7 +143,7 @@ void feed(RVXSingleChannelDataModel &model, const Signal &signal)
     model.setAutoUpdate(false);
     double time = 1000.0;
     for (int i = 0; i < signal.skipped + signal.samples; ++i) {
-        time += signal.jumpEvery > 0 && i % signal.jumpEvery == 0 ? 50.0 : 1.0;
+        time += signal.jumpEvery > 0 && i % signal.jumpEvery == 0 ? 500.0 : 1.0;
         const double stamp = time + signal.jitter * noise(random);
         const bool missing = signal.gapEvery > 0 && i % signal.gapEvery < 2;
         const double value = std::sin(i * 0.0013) + noise(random);
@@ -253,8 +253,9 @@ void tst_CurveLines::newDataUnderTheSameColumns()
     RVXSingleChannelDataModel model;
     for (double bend : {1.0, 2.0, 3.0}) {
         model.Clear();
-        for (int i = 0; i < 10000; ++i)
-            model.AddData(9999.0 * std::pow(i / 9999.0, bend), std::sin(i * 0.01));
+        // A whole buffer each time, so that the samples lie in the same memory.
+        for (int i = 0; i < 100000; ++i)
+            model.AddData(9999.0 * std::pow(i / 99999.0, bend), std::sin(i * 0.001));
         const RVXSeriesData series(model, 1, 1, -1);
         QCOMPARE(wrongPixels(series, scaleMap(0.0, 9999.0, 0.0, 999.0), upwards), 0);
     }

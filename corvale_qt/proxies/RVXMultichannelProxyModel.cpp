@@ -142,9 +142,9 @@ QVariant RVXMultichannelProxyModel::data(const QModelIndex &index, int role) con
     if (channel && index.row() == 0 && role == Qt::BackgroundRole)
         return QBrush(RVXPlotColors::color(index.column() - 1));
     if (channel && index.row() == 0 && role == ChannelUnitRole)
-        return d->unitOf(*channel);
+        return RVXMultichannelProxyModelPrivate::unitOf(*channel);
     if (channel && index.row() >= 1 && channel->shownRow(index.row()) < 1)
-        return d->withoutReading(role);
+        return RVXMultichannelProxyModelPrivate::withoutReading(role);
     return mapToSource(index).data(role);
 }
 

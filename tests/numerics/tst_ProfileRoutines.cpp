@@ -189,7 +189,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(noise.ratio - 700 / (std::sqrt(7) * sigma)) < 1e-3);
 
         // One bin outside the signal is not enough to compute noise.
-        ProfileFit covering(values, 10, 3.2F, 100);
+        ProfileFit covering(values, 10.5F, 3.2F, 100); // all but bin 0
         QCOMPARE(int(adoptDeviceFit(covering)), 0);
         QVERIFY(!signalToNoise(covering, 3.2F).computed);
     }

@@ -100,7 +100,7 @@ private:
 
     const QVector<Blend> &m_columns;
     const QVector<double> &m_values;
-    const int m_cells;
+    const std::ptrdiff_t m_cells;
     //! First column inside the cells, and the first one past them; a scale map is monotonic.
     int m_left = 0;
     int m_right = 0;

@@ -33,7 +33,7 @@ RVXDiscontinuousPlotCurve *makeCurve(const QString &title, int color, MeanSeries
 
 } // namespace
 
-MeanTimePlot::MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *parent)
+MeanTimePlot::MeanTimePlot(const std::shared_ptr<const MeanHistory> &history, QWidget *parent)
     : QwtPlot(parent)
 {
     auto *plotCanvas = new QwtPlotCanvas(this);

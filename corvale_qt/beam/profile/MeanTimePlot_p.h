@@ -16,7 +16,8 @@ class MeanTimePlot : public QwtPlot
 
 public:
     //! Shares \a history with its owner, who appends to it and calls replot().
-    explicit MeanTimePlot(std::shared_ptr<const MeanHistory> history, QWidget *parent = nullptr);
+    explicit MeanTimePlot(const std::shared_ptr<const MeanHistory> &history,
+                          QWidget *parent = nullptr);
     ~MeanTimePlot() override;
 
     //! Moves the time axis so that it ends at \a time, in seconds.

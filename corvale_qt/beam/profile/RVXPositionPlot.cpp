@@ -262,7 +262,7 @@ public:
     void applyScale();
     void redraw();
 
-    Ui::RVXPositionPlot ui;
+    Ui::RVXPositionPlot ui{};
     PositionPlot *plot = nullptr;
     QTimer timer;
     QTimer showNewest; // fires once the events that are queued already are handled

@@ -51,7 +51,7 @@ public:
     FrameOptions frameOptions() const;
     EllipseOptions ellipseOptions() const;
 
-    Ui::RVXSpectrogram ui;
+    Ui::RVXSpectrogram ui{};
     SpectrogramPlot *plot = nullptr;
     MeanTimePlot *timePlot = nullptr;
     std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();

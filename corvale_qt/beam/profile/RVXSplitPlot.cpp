@@ -173,7 +173,7 @@ class RVXSplitPlotPrivate
 public:
     SplitPlot *plotAt(int i) const { return i >= 0 && i < plots.size() ? plots[i] : nullptr; }
 
-    Ui::RVXSplitPlot ui;
+    Ui::RVXSplitPlot ui{};
     QVector<SplitPlot *> plots; // children of the widget
     QTimer timer;
     PlotRange range;

@@ -37,7 +37,7 @@ private Q_SLOTS:
         QFETCH(double, high);
         QFETCH(bool, fixedColours);
         QwtLinearColorMap map(Qt::black, Qt::red);
-        // A narrow peak between two of the table's marks, and stops on and beside them.
+        // The map has a narrow peak within one interval of the table, and stops on and beside the borders.
         map.addColorStop(0.3, Qt::cyan);
         map.addColorStop(0.30003, Qt::white);
         map.addColorStop(0.30006, Qt::cyan);

@@ -70,7 +70,7 @@ Blob difference(const QImage &one, const QImage &other)
     });
 }
 
-//! The smallest rectangle around all pixels that differ.
+//! Returns the smallest rectangle around all pixels that differ.
 QRectF extent(const QImage &one, const QImage &other)
 {
     QRect rect;
@@ -104,7 +104,7 @@ struct PictureDisplay : BeamDisplay
         widget.grab(); // lays it out
         return plot->canvas()->grab().toImage();
     }
-    //! In the pixels of the picture.
+    //! Returns the pixel of the picture at a position in raster units.
     QPointF pixelOf(double rasterX, double rasterY) const
     {
         return widget.devicePixelRatioF()

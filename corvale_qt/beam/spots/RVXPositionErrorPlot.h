@@ -39,8 +39,8 @@ public:
     //! One row of the model.
     struct PositionErrorSpot
     {
-        double xError = 0.0; //!< measured minus planned X in millimetres; NaN if unknown
-        double yError = 0.0; //!< measured minus planned Y in millimetres; NaN if unknown
+        double xError = 0.0; //!< error in X in millimetres; NaN if unknown
+        double yError = 0.0; //!< error in Y in millimetres; NaN if unknown
         double plannedX = 0.0; //!< planned X in millimetres
         double plannedY = 0.0; //!< planned Y in millimetres
         double spotNumber = 0.0; //!< number of the spot in its plan

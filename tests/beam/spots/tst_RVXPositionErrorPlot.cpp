@@ -210,18 +210,6 @@ private Q_SLOTS:
         plot.grab();
     }
 
-    //! A child of the plot is deleted after the plot's private part.
-    void aModelMayBeThePlotsOwn()
-    {
-        auto *plot = new RVXPositionErrorPlot;
-        auto *model = new QStandardItemModel(0, 7, plot);
-        const QPointer<QAbstractItemModel> watched = model;
-        model->appendRow(errorRow(1, 1, 100));
-        plot->setModel(model);
-        delete plot;
-        QVERIFY(!watched);
-    }
-
     void nothingIsCutOffInAnyFont()
     {
         QStandardItemModel model(0, 7);

@@ -54,7 +54,7 @@ private Q_SLOTS:
         QVERIFY(picture.version() > version);
         // Several changes are one redraw.
         spots.insert(0, {spotAt(3, 1)});
-        spots.remove(1, 1);
+        spots.remove(2, 1);
         spots.replace(0, spotAt(8, 1));
         QCOMPARE(update(), QString("from 0 of 4"));
         // A new largest dose is another style.

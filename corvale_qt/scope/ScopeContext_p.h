@@ -67,8 +67,7 @@ struct ScopeContext
     SweepProgress sweep;
     SweepSamples sweepSamples; //!< a copy of the sweep that is shown
     bool refreshAsked = false; //!< the last sweep is drawn again if there is no new one
-    bool sweepChanged =
-        false; //!< the model's values of the sweep shown differ from the copied ones
+    bool sweepChanged = false; //!< values of the sweep in the model differ from the copy
 };
 
 } // namespace Corvale_Qt

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Draws the PNG files of this folder again: those that have an SVG of the same name from it, and
-// the noise of the login background from a fixed seed. Run by the target "draw-images"; the results
-// are committed.
+// Draws the PNG files of this folder: most of them from the SVG of the same name, and the noise of the login background
+// from a fixed seed. The target "draw-images" runs this program; its results are committed.
 #include <QDebug>
 #include <QGuiApplication>
 #include <QImage>
@@ -21,8 +20,8 @@ QImage drawn(const QString &svgFile, int scale)
     return image;
 }
 
-/*! Half-transparent grey grain that tiles without a seam: each pixel is on its own, and shows on a light
-    ground as well as on a dark one. */
+/*! Returns a half-transparent grey grain. It tiles without a seam, because each pixel is independent, and is visible on
+    light and on dark backgrounds. */
 QImage noise()
 {
     QRandomGenerator random(20u);

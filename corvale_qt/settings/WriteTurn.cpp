@@ -30,9 +30,9 @@ QElapsedTimer &sinceLastTurn()
 //! Pauses if the last turn of this process has just ended, so that a process that waits can take the next one.
 void letOthersGoFirst()
 {
-    constexpr int kPauses = 4;
-    if (sinceLastTurn().isValid() && !sinceLastTurn().hasExpired(kPauses * kPause))
-        QThread::msleep(kPauses * kPause);
+    constexpr int kBreak = 4 * kPause;
+    if (sinceLastTurn().isValid() && !sinceLastTurn().hasExpired(kBreak))
+        QThread::msleep(kBreak);
 }
 
 } // namespace

@@ -18,9 +18,9 @@ const QLatin1String rootName("Settings");
 // Limits far above what any application stores. A few bytes of a hostile file can repeat a long key, and megabytes of
 // it can hold no setting at all; the limits bound the time and the memory that such a file takes.
 const int maximumParts = 32;
-const qint64 maximumCharacters = 4 * 1024 * 1024;
+const qint64 maximumCharacters = qint64(4) * 1024 * 1024;
 const int maximumNodes = 256 * 1024;
-const qint64 maximumBytes = 16 * 1024 * 1024;
+const qint64 maximumBytes = qint64(16) * 1024 * 1024;
 const int maximumAttributes = 64;
 
 QTextCodec *codecOf(const QByteArray &document)
@@ -93,7 +93,7 @@ QString decodedDocument(const QByteArray &document)
     if (!codec)
         return QString();
     QTextCodec::ConverterState state;
-    const QString text = codec->toUnicode(document.constData(), document.size(), &state);
+    QString text = codec->toUnicode(document.constData(), document.size(), &state);
     if (state.invalidChars > 0 || state.remainingChars > 0 || !isQuicklyRead(text))
         return QString();
     return text;

@@ -25,7 +25,7 @@ QWidget *make()
     return new Widget;
 }
 
-//! The controls of a form that take the focus.
+//! Returns the controls of a form that accept the focus.
 QVector<QWidget *> controlsOf(const QWidget &form)
 {
     QVector<QWidget *> controls;
@@ -37,8 +37,8 @@ QVector<QWidget *> controlsOf(const QWidget &form)
     return controls;
 }
 
-/*! The name by which a screen reader announces a control. Qt gives a combo box's current text as its name, and
-    leaves it to its label to say what is chosen by it. */
+/*! Returns the name by which a screen reader announces a control. For a combo box Qt returns the current text, so this
+    returns the name of its label. */
 QString nameOf(const QAccessibleInterface &accessible)
 {
     if (accessible.role() != QAccessible::ComboBox)
@@ -51,7 +51,7 @@ QString nameOf(const QAccessibleInterface &accessible)
 
 Q_DECLARE_METATYPE(MakeWidget)
 
-//! The library's forms inside of what hosts put around them.
+//! The library's forms in a dialog and as seen by a screen reader.
 class tst_Forms : public QObject
 {
     Q_OBJECT
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void initTestCase() { QAccessible::setActive(true); } // as while a screen reader runs
 
     void enterInADialog_data() { addForms(); }
-    //! Enter in a field presses the dialog's default button, if it has one, and none of the form's.
+    //! Enter in a field must not press a button of the form.
     void enterInADialog()
     {
         QFETCH(MakeWidget, makeForm);
@@ -70,7 +70,7 @@ private Q_SLOTS:
         layout->addWidget(form);
         QStringList pressed;
         for (auto *button : form->findChildren<QAbstractButton *>()) {
-            button->show(); // the factory reset, too
+            button->show(); // including the factory reset
             connect(button, &QAbstractButton::clicked, this, [&pressed, button] {
                 pressed << button->objectName();
             });
@@ -82,7 +82,7 @@ private Q_SLOTS:
     }
 
     void namesOfControls_data() { addForms(); }
-    //! As a screen reader hears them, which is not what the property says: none is missing, no two are the same.
+    //! Every control has a name for screen readers, and no two names of one form are the same.
     void namesOfControls()
     {
         QFETCH(MakeWidget, makeForm);

@@ -10,7 +10,7 @@
 
 namespace {
 
-//! Relative luminance, 0 to 1, as the Web Content Accessibility Guidelines define it.
+//! Returns the relative luminance, 0 to 1, as the Web Content Accessibility Guidelines define it.
 double luminance(QRgb rgb)
 {
     const auto linear = [](int channel) {
@@ -27,7 +27,7 @@ double contrast(QRgb a, QRgb b)
     return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
 }
 
-//! How many pixels of \a icon stand out from \a ground by the ratio 3 that graphics need.
+//! Returns the number of pixels of \a icon whose contrast to \a ground is at least 3, as graphics need.
 int readablePixels(const QIcon &icon, int size, QRgb ground)
 {
     QImage image(size, size, QImage::Format_RGB32);
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVERIFY(!QImage(":/resources/images/loginText.png").isNull());
     }
 
-    //! A drawing that was changed without drawing its picture again shows here.
+    //! Fails if a drawing was changed without making its picture again.
     void picturesMatchTheirDrawings_data()
     {
         QTest::addColumn<QString>("name");

@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <QtTest>
 
-//! Works the next dialog that asks where to save data: gives it a name and accepts, or cancels where there is none.
+//! Accepts the next dialog for saving data with \a fileName, or cancels it if that is empty.
 inline void answerFileDialog(const QString &fileName, QString *folderSeen = nullptr)
 {
     QTimer::singleShot(0, [=] {
@@ -17,7 +17,7 @@ inline void answerFileDialog(const QString &fileName, QString *folderSeen = null
             + (dialog->acceptMode() == QFileDialog::AcceptSave ? ", to save" : ", to open");
         const QString expected = "Save Data File, CSV File (*.csv), to save";
         if (kind != expected)
-            dialog->reject(); // nobody else would
+            dialog->reject(); // or the test would hang
         QCOMPARE(kind, expected);
         if (folderSeen)
             *folderSeen = dialog->directory().path();

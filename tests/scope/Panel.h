@@ -14,7 +14,7 @@
 #include <QTabBar>
 #include <QtTest>
 
-//! A panel with the means to work it as an operator does, and to read what it shows.
+//! A panel with functions to operate it by mouse and keyboard and to read what it shows.
 class Panel : public Corvale_Qt::RVXScope
 {
 public:
@@ -43,7 +43,7 @@ public:
                 QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(i).center());
         }
     }
-    //! "Strip [Scope] Histogram", the current one in brackets.
+    //! Returns the titles of the tabs with the current one in brackets: "Strip [Scope] Histogram".
     QString tabs() const
     {
         auto *bar = control<QTabBar>("modeSelect");
@@ -52,7 +52,7 @@ public:
             titles << (i == bar->currentIndex() ? "[" + bar->tabText(i) + "]" : bar->tabText(i));
         return titles.join(' ');
     }
-    //! Which of the view's widgets is shown.
+    //! Returns the names of the view's visible widgets.
     QString shown() const
     {
         const std::pair<QString, QWidget *> widgets[] = {
@@ -71,10 +71,10 @@ public:
     {
         return plotView()->viewport()->findChild<QwtPlot *>(QString(), Qt::FindDirectChildrenOnly);
     }
-    //! "[-1, 1]" or "auto", and the button for positive values: on, off, disabled or hidden.
+    //! Returns the y scale, "[-1, 1]" or "auto", and the state of the button for positive values.
     QString yScale() const
     {
-        plot()->updateAxes(); // as the next plot would
+        plot()->updateAxes(); // as the next plot does
         const QwtScaleDiv &division = plot()->axisScaleDiv(QwtPlot::yLeft);
         const QString scale = plot()->axisAutoScale(QwtPlot::yLeft)
             ? QString("auto")

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-//! A device whose acquisition period and saving a test can watch.
+//! A device whose acquisition period and saving can be watched by a test.
 class PanelDevice : public BufferModel
 {
 public:
@@ -31,7 +31,7 @@ public:
     };
 };
 
-//! A panel on the screen that shows a device of its own.
+//! A visible panel that shows a device.
 class DevicePanel : public Panel
 {
 public:

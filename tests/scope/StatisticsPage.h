@@ -64,7 +64,7 @@ inline void type(QWidget &page, const char *name, const QString &text)
     QTest::keyClick(spinBox, Qt::Key_Return);
 }
 
-//! All that the page keeps: "stats cog fit" for what is on, then the mode, peaks and numbers.
+//! Returns all stored values of a page: "stats cog fit" for the groups that are on, then mode, peaks and numbers.
 inline QString stateOf(QWidget &page)
 {
     const auto on = [&](const char *name, const char *word) {
@@ -85,5 +85,5 @@ inline QString stateOf(QWidget &page)
     return words.join(' ');
 }
 
-//! The state of a page that nobody has touched.
+//! The state of a new page.
 inline const char *const defaultState = "- - - threshold 1 10 10 10 10 5";

@@ -18,6 +18,42 @@
 
 using namespace Corvale_Qt;
 
+namespace {
+
+//! A window with two panels and a line edit. Its own actions have the same keys as the panels.
+class TwoPanels : public QWidget
+{
+public:
+    TwoPanels()
+    {
+        auto *layout = new QVBoxLayout(this);
+        for (QWidget *widget : std::initializer_list<QWidget *>{first, second, edit}) {
+            layout->addWidget(widget);
+            widget->show();
+        }
+        for (const char *keys : {"Ctrl+S", "Ctrl+L", "Ctrl+0"}) {
+            auto *action = new QAction(keys, this);
+            action->setShortcut(QKeySequence(keys));
+            addAction(action);
+            connect(action, &QAction::triggered, this, [this, keys] {
+                hosts << keys;
+            });
+        }
+        show();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
+    {
+        QTest::keyClick(focusWidget(), key, modifiers);
+    }
+
+    DevicePanel *first = new DevicePanel(1, {{1, {5}}});
+    DevicePanel *second = new DevicePanel(1, {{1, {5}}});
+    QLineEdit *edit = new QLineEdit;
+    QStringList hosts; //!< keys of the actions that were triggered
+};
+
+} // namespace
+
 class tst_RVXScope : public QObject
 {
     Q_OBJECT
@@ -43,7 +79,9 @@ private Q_SLOTS:
 
     void modelsComeAndGo();
     void hiddenParts();
-    void shortcuts();
+    void shortcutsWorkWhereTheFocusIs();
+    void shortcutsInControls();
+    void shortcutsOfHiddenAndDisabledButtons();
     void tabOrder();
 };
 
@@ -63,7 +101,7 @@ void tst_RVXScope::zeroing()
 {
     DevicePanel panel(2);
     auto *undo = panel.control<QAbstractButton>("clearZeroButton");
-    panel.click("zeroButton"); // nothing to take a zero of yet
+    panel.click("zeroButton"); // there is no sample yet
     QVERIFY(!undo->isEnabled());
     QCOMPARE(undo->styleSheet(), QString());
 
@@ -79,7 +117,7 @@ void tst_RVXScope::zeroing()
     QCOMPARE(undo->styleSheet(), QString());
 }
 
-//! The button must not say that a zero is subtracted when the proxy has dropped it, nor the other way round.
+//! The button shows whether the proxy subtracts a zero, also after the proxy has dropped it by itself.
 void tst_RVXScope::zeroFollowsTheProxy()
 {
     BufferModel device(2);
@@ -109,7 +147,7 @@ void tst_RVXScope::zeroFollowsTheProxy()
     QCOMPARE(state(), QString("1: 3 7 9"));
 }
 
-//! What one instrument read is no zero of the next.
+//! A zero taken from one instrument does not apply to the next.
 void tst_RVXScope::zeroOfAnotherModel()
 {
     PanelDevice device, next;
@@ -156,13 +194,13 @@ void tst_RVXScope::periods()
     }
     QCOMPARE(intervals.join(' '), QString("100 1000 10000 none"));
 
-    // A model that is shown later runs at the period that the panel says.
+    // A model that is set later runs at the chosen period.
     panel.choose("comboBox_period", "1 s");
     PanelDevice later;
     panel.setModel(&later);
     QCOMPARE(later.period(), QString("1000"));
 
-    // A plot model that is no device has no period; its samples go all the same.
+    // A plot model that is not a device has no period, but its samples are dropped too.
     RVXZeroingProxyModel proxy;
     proxy.setSourceModel(&panel.device);
     panel.device.append({{1, {5}}});
@@ -172,7 +210,7 @@ void tst_RVXScope::periods()
     QCOMPARE(panel.device.period(), QString("1000"));
 }
 
-//! It would drop the samples of a whole night.
+//! A change of the period drops all samples, so the wheel must not cause one.
 void tst_RVXScope::periodIsNotChangedByTheWheel()
 {
     DevicePanel panel(1, {{1, {5}}});
@@ -223,7 +261,7 @@ void tst_RVXScope::modes()
     QCOMPARE(panel.plot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
     QTest::keyClick(panel.control("modeSelect"), Qt::Key_Left);
     QCOMPARE(panel.tabs(), QString("Strip [Scope] Histogram"));
-    panel.SetPlotMode(RVXScope::HistogramMode); // by the host: the tabs say so
+    panel.SetPlotMode(RVXScope::HistogramMode); // called by the host, and shown by the tabs
     QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
 }
 
@@ -243,7 +281,7 @@ void tst_RVXScope::optionalTabs()
     DevicePanel panel;
     const auto *profileTitle = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
     QVERIFY(profileTitle->text() != "DW7/DW9 Plot");
-    panel.setSplitEnabled(false); // was never there
+    panel.setSplitEnabled(false); // there is no such tab
     for (int round = 0; round < 2; ++round) {
         QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
         QTest::ignoreMessage(QtDebugMsg, "setSplitEnabled");
@@ -256,7 +294,7 @@ void tst_RVXScope::optionalTabs()
         QCOMPARE(panel.shown(), QString("2D"));
         QCOMPARE(profileTitle->text(), QString("DW7/DW9 Plot")); // the pixel matrix
 
-        panel.setPositionEnabled(false); // those behind it move up, and mean the same
+        panel.setPositionEnabled(false); // the tabs after it move up and keep their modes
         QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Split [2D]"));
         QCOMPARE(panel.shown(), QString("2D"));
         panel.chooseTab("Split");
@@ -276,7 +314,7 @@ void tst_RVXScope::modeWithoutATab()
     DevicePanel panel;
     panel.SetPlotMode(RVXScope::SplitMode);
     QCOMPARE(panel.shown(), QString("split"));
-    panel.chooseTab("Strip"); // is the current tab already, and still the way back
+    panel.chooseTab("Strip"); // the current tab still leads back to its mode
     QCOMPARE(panel.shown(), QString("plot"));
 }
 
@@ -293,7 +331,7 @@ void tst_RVXScope::clearing()
     QCOMPARE(device.rowCount(), 1);
     QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
 
-    // A model that merges others is counted itself: it has no one source.
+    // The samples of a merging model are counted in the model itself.
     RVXMultichannelProxyModel merged;
     merged.addSourceModel(&device, 1);
     device.append({{1, {5}}, {2, {6}}, {3, {7}}});
@@ -314,7 +352,7 @@ void tst_RVXScope::modelsComeAndGo()
     panel.setModel(nullptr);
     QCOMPARE(panel.baseModel(), nullptr);
     QCOMPARE(panel.plotView()->model(), nullptr);
-    panel.click("clearButton"); // the samples are the host's again
+    panel.click("clearButton"); // the panel no longer shows the samples
     panel.click("zeroButton");
     QCOMPARE(device->rowCount(), 2);
 
@@ -380,80 +418,68 @@ void tst_RVXScope::hiddenParts()
     QVERIFY(!panel.control("position_frame")->isVisible());
 }
 
-//! In a window whose own actions have the same keys.
-void tst_RVXScope::shortcuts()
+void tst_RVXScope::shortcutsWorkWhereTheFocusIs()
 {
-    QWidget window;
-    auto *layout = new QVBoxLayout(&window);
-    auto *first = new Panel, *second = new Panel;
-    auto *edit = new QLineEdit;
-    for (QWidget *widget : std::initializer_list<QWidget *>{first, second, edit})
-        layout->addWidget(widget);
-    QStringList hosts;
-    for (const char *keys : {"Ctrl+S", "Ctrl+L", "Ctrl+0"}) {
-        auto *action = new QAction(keys, &window);
-        action->setShortcut(QKeySequence(keys));
-        window.addAction(action);
-        connect(action, &QAction::triggered, this, [&hosts, keys] {
-            hosts << keys;
-        });
-    }
-    PanelDevice firstDevice, secondDevice;
-    firstDevice.append({{1, {5}}});
-    secondDevice.append({{1, {5}}});
-    first->setModel(&firstDevice);
-    second->setModel(&secondDevice);
-    window.show();
+    TwoPanels window;
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
-        QTest::keyClick(window.focusWidget(), key, modifiers);
-    };
-
-    edit->setFocus();
+    window.edit->setFocus();
     for (const Qt::Key key : {Qt::Key_S, Qt::Key_L, Qt::Key_0})
-        press(key);
-    QCOMPARE(hosts.join(' '), QString("Ctrl+S Ctrl+L Ctrl+0"));
-    hosts.clear();
+        window.press(key);
+    QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L Ctrl+0"));
+    window.hosts.clear();
 
-    QTest::mouseClick(second->plot()->canvas(), Qt::LeftButton); // takes the focus there
-    press(Qt::Key_0);
-    QVERIFY(!first->control("clearZeroButton")->isEnabled());
-    QVERIFY(second->control("clearZeroButton")->isEnabled());
-    press(Qt::Key_L);
-    QCOMPARE(firstDevice.rowCount(), 2);
-    QCOMPARE(secondDevice.rowCount(), 1);
+    QTest::mouseClick(window.second->plot()->canvas(), Qt::LeftButton); // takes the focus there
+    window.press(Qt::Key_0);
+    QVERIFY(!window.first->control("clearZeroButton")->isEnabled());
+    QVERIFY(window.second->control("clearZeroButton")->isEnabled());
+    window.press(Qt::Key_L);
+    QCOMPARE(window.first->device.rowCount(), 2);
+    QCOMPARE(window.second->device.rowCount(), 1);
+    QCOMPARE(window.hosts.join(' '), QString());
+}
 
-    // A control would look for an item that begins with 0; on some keyboards that digit takes Shift.
+//! The controls would take the digit as input. On some keyboards it needs Shift.
+void tst_RVXScope::shortcutsInControls()
+{
+    TwoPanels window;
+    QVERIFY(QTest::qWaitForWindowActive(&window));
     for (const char *name : {"scaleYCombo", "buffered_interval_doubleSpinBox", "modeSelect"}) {
-        secondDevice.append({{2, {6}}});
-        second->control<QAbstractButton>("clearZeroButton")->click();
-        second->control(name)->setFocus();
-        press(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
-        QVERIFY2(second->control("clearZeroButton")->isEnabled(), name);
+        window.first->control<QAbstractButton>("clearZeroButton")->click();
+        window.first->control(name)->setFocus();
+        window.press(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY2(window.first->control("clearZeroButton")->isEnabled(), name);
     }
-    QCOMPARE(second->control<QComboBox>("scaleYCombo")->currentText(), QString("Auto"));
-    QCOMPARE(second->control<QDoubleSpinBox>("buffered_interval_doubleSpinBox")->value(), 1.0);
+    QCOMPARE(window.first->control<QComboBox>("scaleYCombo")->currentText(), QString("Auto"));
+    QCOMPARE(window.first->control<QDoubleSpinBox>("buffered_interval_doubleSpinBox")->value(),
+             1.0);
+    QCOMPARE(window.hosts.join(' '), QString());
+}
 
+void tst_RVXScope::shortcutsOfHiddenAndDisabledButtons()
+{
+    TwoPanels window;
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    DevicePanel &panel = *window.first;
     int saves = 0;
-    secondDevice.onSave = [&](const QString &) {
+    panel.device.onSave = [&](const QString &) {
         return ++saves > 0;
     };
+    panel.setFocus();
     QTemporaryDir folder;
     answerFileDialog(folder.filePath("data.csv"));
-    press(Qt::Key_S);
+    window.press(Qt::Key_S);
     QCOMPARE(saves, 1);
     QCoreApplication::processEvents();
-    QCOMPARE(hosts.join(' '), QString());
-    window.activateWindow(); // not the dialog's any more
+    window.activateWindow(); // the dialog had the focus
     QVERIFY(QTest::qWaitForWindowActive(&window));
 
-    second->hideConfig(true); // a host that hides a button, or disables it, does not want it used
-    second->control("clearButton")->setEnabled(false);
-    press(Qt::Key_S);
-    press(Qt::Key_L);
+    panel.hideConfig(true);
+    panel.control("clearButton")->setEnabled(false);
+    window.press(Qt::Key_S);
+    window.press(Qt::Key_L);
     QCOMPARE(saves, 1);
-    QCOMPARE(secondDevice.rowCount(), 4);
-    QCOMPARE(hosts.join(' '), QString("Ctrl+S Ctrl+L"));
+    QCOMPARE(panel.device.rowCount(), 2);
+    QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L"));
 }
 
 void tst_RVXScope::tabOrder()

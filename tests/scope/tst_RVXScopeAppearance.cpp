@@ -26,7 +26,7 @@ QImage iconOf(const Panel &panel, const char *button)
     return panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage();
 }
 
-//! Names of the visible controls that are smaller than they need.
+//! Returns the names of the visible controls that are too small for their contents.
 QString clippedControls(const Panel &panel)
 {
     QStringList names;
@@ -56,7 +56,7 @@ QPalette darkPalette()
                     dark);
 }
 
-//! Makes the application use an icon theme that has nothing but a red edit-clear, as long as this lives.
+//! Makes the application use an icon theme that has only a red edit-clear icon, until it is destroyed.
 class PoorTheme
 {
 public:
@@ -86,7 +86,7 @@ private:
 
 } // namespace
 
-//! What the scope panel looks like: in every palette, in another language, at one and two device pixels to a pixel.
+//! The appearance of the scope panel in several palettes, in another language and at scale factors of 1 and 2.
 class tst_RVXScopeAppearance : public QObject
 {
     Q_OBJECT
@@ -104,7 +104,7 @@ void tst_RVXScopeAppearance::icons_data()
 {
     QTest::addColumn<bool>("poorTheme");
     QTest::newRow("without a theme") << false;
-    QTest::newRow("a theme that lacks most") << true;
+    QTest::newRow("a theme that lacks most icons") << true;
 }
 
 void tst_RVXScopeAppearance::icons()
@@ -125,7 +125,7 @@ void tst_RVXScopeAppearance::icons()
         return c == QColor(Qt::red);
     };
     QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
-    // Its name begins alike, but what it does is another thing.
+    // Its name begins alike, but it has another function.
     QCOMPARE(pixelsOf(iconOf(panel, "clearZeroButton"), isRed), 0);
 }
 
@@ -151,7 +151,7 @@ void tst_RVXScopeAppearance::translation()
     QCOMPARE(panel.windowTitle(), QString("the host's"));
 }
 
-//! At its smallest, with all that it can offer.
+//! The panel at its smallest, with all optional controls.
 void tst_RVXScopeAppearance::nothingIsClipped()
 {
     DevicePanel panel(1, {{1, {5}}, {2, {6}}});

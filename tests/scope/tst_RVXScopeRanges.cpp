@@ -69,10 +69,10 @@ void tst_RVXScopeRanges::yRangeLists()
     QCOMPARE(combo->count(), 15);
     panel.SetYScaleMode(2);
     QCOMPARE(combo->count(), 23);
-    panel.SetYScaleMode(0); // no way back, for the hosts that count on it
+    panel.SetYScaleMode(0); // ignored, because hosts rely on it
     QCOMPARE(combo->count(), 23);
 
-    // Between the lists the button keeps what the operator pressed, and the view follows it.
+    // The button keeps its state while another list is used, and the view follows it.
     panel.choose("scaleYCombo", "10000");
     panel.control<QAbstractButton>("positiveOnlyButton")->click();
     panel.SetYScaleMode(3);
@@ -97,7 +97,7 @@ void tst_RVXScopeRanges::hostsRange()
     panel.SetYScaleMode(2);
     panel.SetRange(-3, 3);
     QCOMPARE(panel.yScale(), QString("auto disabled"));
-    panel.choose("scaleYCombo", "500"); // whose index is no scale mode
+    panel.choose("scaleYCombo", "500"); // its index is not a scale mode
     panel.SetRange(-4, 4);
     QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
 }
@@ -138,7 +138,7 @@ void tst_RVXScopeRanges::yScaleAnnouncements()
 
 void tst_RVXScopeRanges::positiveOnlyFromTheHost()
 {
-    Panel panel; // not shown yet: a host sets its panel up first
+    Panel panel; // a host sets up the panel before it is shown
     panel.choose("scaleYCombo", "100%");
     panel.SetPositiveOnly(true);
     QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));

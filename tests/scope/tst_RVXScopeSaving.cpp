@@ -11,7 +11,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! Presses Ok on the next message box; its title and text.
+//! Presses Ok on the next message box and stores its title and text.
 void acknowledgeMessage(QString *message)
 {
     QTimer::singleShot(0, [message] {
@@ -24,7 +24,7 @@ void acknowledgeMessage(QString *message)
 
 } // namespace
 
-//! The scope panel's way from its samples to a file.
+//! How the scope panel saves its samples to a file.
 class tst_RVXScopeSaving : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ void tst_RVXScopeSaving::saving()
     model.AddData(1, 2.5e-9);
     model.AddData(2, 3.5e-9);
     Panel panel;
-    panel.click("saveButton"); // without a model nothing is asked
+    panel.click("saveButton"); // without a model no dialog opens
     panel.setModel(&model);
     panel.choose("averagingCombo", "10x Avg");
     panel.control<QAbstractButton>("zeroButton")->click();
@@ -58,13 +58,13 @@ void tst_RVXScopeSaving::saving()
         QCoreApplication::processEvents();
         return folderSeen;
     };
-    save(folder.filePath("data")); // completed by the dialog
+    save(folder.filePath("data")); // the dialog adds the suffix
     QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
     QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
     QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
     QCOMPARE(saved.readAll(), expected.readAll()); // as measured
 
-    QCOMPARE(save(QString()), folder.path()); // cancelled; begins where the last one was
+    QCOMPARE(save(QString()), folder.path()); // cancelled; opens in the folder of the last file
     QCOMPARE(save(QString()), folder.path());
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
              QString("data.csv expected.csv"));
@@ -110,7 +110,7 @@ void tst_RVXScopeSaving::savingIsNotStartedTwice()
     QCOMPARE(saves, 2);
 }
 
-//! What was asked for and cannot be done is said.
+//! The operator is told that nothing was saved.
 void tst_RVXScopeSaving::modelIsGoneWhenTheFileIsNamed()
 {
     QTemporaryDir folder;
@@ -136,7 +136,7 @@ void tst_RVXScopeSaving::panelIsClosedMeanwhile_data()
     QTest::newRow("while the error is read") << false;
 }
 
-//! A host may close a panel at any time, when its instrument leaves for instance.
+//! A host may delete a panel at any time, for instance when its instrument disconnects.
 void tst_RVXScopeSaving::panelIsClosedMeanwhile()
 {
     QFETCH(bool, inFileDialog);

@@ -11,7 +11,7 @@
 
 using namespace Corvale_Qt;
 
-//! The statistics page's controls, and what they do to views and to those who listen.
+//! The controls of the statistics page and their effect on views and listeners.
 class tst_RVXStatisticsSetupPage : public QObject
 {
     Q_OBJECT
@@ -84,7 +84,7 @@ void tst_RVXStatisticsSetupPage::controlsToParameters()
     QCOMPARE(announced.takeFit(), QString("1x off, 2 peaks"));
 }
 
-//! The full statistics, too, make the threshold and the window of either group editable, whatever is done around them.
+//! The full statistics also enable the threshold and the window of either group, whatever happens around the page.
 void tst_RVXStatisticsSetupPage::editorsFollowTheirGroups()
 {
     QWidget host;
@@ -159,16 +159,16 @@ void tst_RVXStatisticsSetupPage::viewsFollow()
     page.set_peaks(4);
     toggleGroup(page, "CoGCBox");
     QCOMPARE(items(*first), QString("4 cog, 0 fit"));
-    page.addPlotView(&second); // follows at once
+    page.addPlotView(&second); // follows immediately
     QCOMPARE(items(second), QString("4 cog, 0 fit"));
-    first.reset(); // and is not spoken to any more
+    first.reset(); // the page must not use it any more
     page.enable_regression();
     page.set_peaks(8);
     QCOMPARE(items(second), QString("8 cog, 8 fit"));
     toggleGroup(page, "CoGCBox");
     QCOMPARE(items(second), QString("0 cog, 8 fit"));
 
-    // A view that lives on the page itself goes after the page's own parts.
+    // A view that is a child of the page is deleted after the page's private part.
     auto *host = new RVXStatisticsSetupPage;
     host->addPlotView(new RVXScopePlotView(host));
     delete host;
@@ -207,7 +207,7 @@ void tst_RVXStatisticsSetupPage::throughToTheHistogram()
             + view.histogramItems(RVXScopePlotView::RegressionItem).first()->label();
     };
     const int brief = labels().count('\n');
-    toggleGroup(page, "fullStatsCBox"); // two more lines of the one, five of the other
+    toggleGroup(page, "fullStatsCBox"); // two more lines in the first label, five in the second
     QCOMPARE(labels().count('\n'), brief + 2 + 5);
 }
 
@@ -224,7 +224,7 @@ void tst_RVXStatisticsSetupPage::keyboard()
         visited << page.focusWidget()->objectName();
         QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
     }
-    // Of two radio buttons Tab goes to the one that is on; the arrow keys go from there.
+    // Tab moves to the radio button that is on; the arrow keys reach the other one.
     QCOMPARE(
         visited.join(' '),
         QString(

@@ -31,7 +31,7 @@ QVector<double> bars(const ScopeTestView &view)
     return values;
 }
 
-//! Returns the visible axis widgets from top to bottom.
+//! Returns the visible axis widgets, from top to bottom.
 QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
 {
     QList<RVX_HistogramItemAxisWidget *> shown;
@@ -61,7 +61,7 @@ public:
         for (int type = 0; type < 4; ++type)
             enableHistogramItem(HistogramItemTypes(type), 1, {}, fullStatistics);
     }
-    //! Shows a beam at 12.3 and the fit that the device made of it.
+    //! Shows a beam at bin 12.3, with a fit by the device.
     void showBeam()
     {
         model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
@@ -72,14 +72,14 @@ public:
     ScopeTestModel model;
 };
 
-//! Converts the middle of pixel columns in a picture of a widget into pixels of the view's viewport.
+//! Returns the middle of columns first to last of a widget's picture, in pixels of the view's viewport.
 double middle(const ScopeTestView &view, const QWidget *widget, int first, int last)
 {
     const double inWidget = (first + last + 1) / 2.0 / widget->devicePixelRatioF() - 0.5;
     return widget->mapTo(view.viewport(), QPoint(0, 0)).x() + inWidget;
 }
 
-//! Returns where ticks of a widget reach down to a line, in pixels of the viewport.
+//! Returns the positions of a widget's ticks that cross a line above its lower edge.
 QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
 {
     const QImage picture = widget->grab().toImage();
@@ -98,7 +98,7 @@ QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFro
     return ticks;
 }
 
-//! Returns the middle of the only bar that reaches \a value, including its outline.
+//! Returns the middle of the bar, including its outline, that is the only one as high as \a value.
 double middleOfBar(ScopeTestView &view, double value)
 {
     const QImage picture = view.canvas();
@@ -182,7 +182,7 @@ void tst_ScopeHistogram::barsWithoutAReading()
     view.model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
     view.settle();
     QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 1e300, 0.0}));
-    // Statistics use single precision, which cannot hold 1e300.
+    // A statistic is in single precision, which does not hold 1e300.
     QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
     QStringList readings;
     for (int channel = 1; channel <= 6; ++channel) {
@@ -202,7 +202,7 @@ void tst_ScopeHistogram::normalizedBars_data()
     QTest::newRow("the largest is negative")
         << QVector<double>{1.0, -2.0, 0.5} << QVector<double>{0.5, -1.0, 0.25};
     QTest::newRow("dark") << QVector<double>{0.0, 0.0, 0.0} << QVector<double>{0.0, 0.0, 0.0};
-    QTest::newRow("one without a reading")
+    QTest::newRow("one channel without a reading")
         << QVector<double>{qInf(), 5.0, qQNaN()} << QVector<double>{0.0, 1.0, 0.0};
 }
 
@@ -211,7 +211,7 @@ void tst_ScopeHistogram::normalizedBars()
     QFETCH(QVector<double>, values);
     ScopeTestModel model(4);
     model.setData(model.index(0, 4), Qt::Unchecked, Qt::CheckStateRole);
-    model.show(values + QVector<double>{1e3}); // the hidden channel does not count
+    model.show(values + QVector<double>{1e3}); // hidden, so it does not count
     ScopeTestView view(&model);
     view.SetYScaleMode(View::Normalized);
     view.SetPlotMode(View::HistogramMode);
@@ -221,7 +221,7 @@ void tst_ScopeHistogram::normalizedBars()
     QTEST(bars(view).mid(0, 3), "shown");
 }
 
-//! Normalising divides the heights of markers and fits as well, but not the values in their labels.
+//! Marks on a normalised histogram are divided like the bars; the numbers in labels are not.
 void tst_ScopeHistogram::marksOfNormalizedBars()
 {
     const Units::nA nA;
@@ -289,7 +289,7 @@ void tst_ScopeHistogram::channelsAreLabelled()
             labels << label;
     }
     QTEST(labels.join(' '), "labels");
-    // In scope mode x is time, even before the first sweep.
+    // There are too few samples for a sweep, but the x axis shows time.
     view.SetPlotMode(View::ScopeMode);
     view.settle();
     QCOMPARE(view.qwtPlot()->axisFont(QwtPlot::xBottom), fontOfTime);
@@ -321,7 +321,7 @@ void tst_ScopeHistogram::ticksStandAboveTheBars()
     Histogram view(channels);
     view.resize(width, 500);
     view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, false);
-    // The centre of gravity lies in the middle of the bar.
+    // The centre of gravity lies in the middle of the highest bar.
     QVector<double> values(channels, 0.0);
     values[peak - 2] = 1.0;
     values[peak - 1] = 2.0;
@@ -377,7 +377,7 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
     const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
-    QCOMPARE(labels.size(), 1 + peaks); // the first names the estimator
+    QCOMPARE(labels.size(), 1 + peaks); // the first is the estimator's name
     QRegion taken;
     for (const QLabel *label : labels) {
         QVERIFY2(label == labels[0] || label->text().contains("Position"),
@@ -388,7 +388,7 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
         QVERIFY(!taken.intersects(label->geometry()));
         taken += label->geometry();
     }
-    // The plot lies below.
+    // The plot lies below the labels.
     const QPoint bottom = widgets[0]->mapTo(view.viewport(), widgets[0]->rect().bottomLeft());
     QVERIFY(view.qwtPlot()->y() >= bottom.y());
 }
@@ -499,7 +499,7 @@ void tst_ScopeHistogram::groupsOfChannels_data()
     QTest::newRow("fewer channels than groups") << 2 << 4 << "0+1 1+1 2+0 2+0";
 }
 
-//! Dark items stand in the middle of their groups, so offset and size of each group can be read from them.
+//! Without a beam, an item is placed in the middle of its group, which shows the offset of the group.
 void tst_ScopeHistogram::groupsOfChannels()
 {
     QFETCH(int, channels);
@@ -542,7 +542,7 @@ void tst_ScopeHistogram::itemsComeAndGoWithTheMode()
         QVERIFY(axisWidgets(view).isEmpty());
         QCOMPARE(onPlot(), 0);
     }
-    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // not a type
+    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // there is no such type
     view.enableHistogramItem(View::RegressionItem, -3, {}, true);
     QVERIFY(view.histogramItems(View::RegressionItem).isEmpty());
 }
@@ -578,7 +578,7 @@ void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
     QCOMPARE(withEnergy(), QString());
     view.toggleMLFC(true);
     QCOMPARE(withEnergy(), QString("023"));
-    // New parameters make new items, which still show the energy.
+    // New parameters create new items, which still show the energy.
     view.enableHistogramItem(View::GaussabolaItem, 1, {1e-12}, true);
     view.settle();
     QCOMPARE(withEnergy(), QString("023"));

@@ -37,7 +37,7 @@ const QByteArray fullFile = R"(<?xml version="1.0" encoding="UTF-8"?>
 </Settings>
 )";
 
-//! Of a page that loads the file anew.
+//! Returns the state of a new page that loads the file.
 QString stateOfNextPage(const QFileInfo &file, bool useXmlFormat = true)
 {
     RVXStatisticsSetupPage page;
@@ -47,7 +47,7 @@ QString stateOfNextPage(const QFileInfo &file, bool useXmlFormat = true)
 
 } // namespace
 
-//! What the statistics page keeps in its settings file, and what it makes of one.
+//! How the statistics page writes and reads its settings file.
 class tst_StatisticsSettings : public QObject
 {
     Q_OBJECT
@@ -90,7 +90,7 @@ void tst_StatisticsSettings::loading_data()
     };
     QTest::newRow("a full file") << fullFile << "stats cog fit threshold 4 25 12 30 14 9";
     QTest::newRow("no file") << QByteArray() << defaultState;
-    QTest::newRow("a file of others")
+    QTest::newRow("a file with other settings")
         << QByteArray("<Settings><Window><x>1</x></Window></Settings>") << defaultState;
     QTest::newRow("what is missing reads as false or 0")
         << group("<center-of-gravity>true</center-of-gravity>") << "- cog - threshold 1 0 1 0 1 1";
@@ -116,7 +116,7 @@ void tst_StatisticsSettings::loading()
     if (!file.isEmpty())
         putFile(path("page.xui"), file);
     RVXStatisticsSetupPage page;
-    page.set_peaks(8); // of which nothing must remain
+    page.set_peaks(8); // must not remain
     child<QAbstractButton>(page, "CoGWindowRadio")->setChecked(true);
     Announcements announced(page);
     page.setApplicationSettings(QFileInfo(path("page.xui")), false, true);
@@ -153,7 +153,7 @@ void tst_StatisticsSettings::everyChoiceIsKept()
     const QFileInfo file(path("page.settings"));
     RVXStatisticsSetupPage page;
     page.setApplicationSettings(file, false, useXmlFormat);
-    // What is typed into a spin box, or a space for a button, or "down" for the combo box.
+    // The input is text for a spin box, a space for a button or "down" for the combo box.
     const std::pair<const char *, QString> steps[] = {{"fullStatsCBox", " "},
                                                       {"CoGCBox", " "},
                                                       {"regressionCBox", " "},
@@ -177,13 +177,13 @@ void tst_StatisticsSettings::everyChoiceIsKept()
         QVERIFY2(stateOf(page) != before, control);
         QCOMPARE(stateOfNextPage(file, useXmlFormat), stateOf(page));
     }
-    page.set_peaks(8); // by the host: kept like the operator's
+    page.set_peaks(8); // a choice by the host is kept too
     QCOMPARE(stateOfNextPage(file, useXmlFormat), stateOf(page));
     QCOMPARE(stateOf(page), QString("- cog fit threshold 8 77 88 99 111 222"));
     QVERIFY(fileContents(file.filePath()).contains("gaussian-fit-regression-threhold"));
 }
 
-//! A file with one key would read as false or 0 for all others the next time.
+//! If the file had only the changed key, all others would be read as false or 0 the next time.
 void tst_StatisticsSettings::firstChangeKeepsTheDefaults()
 {
     const QFileInfo file(path("page.xui"));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 /*! \file
-    A process of its own for tests of the settings file: what a process wrote it sees through its own cache, and
-    only another one sees what stands in the file; and it can be killed.
+    A process that tests of the settings file can kill, and that reads the file without the cache of the process that
+    wrote it.
         settings_process read FOLDER xml|ini KEY     prints the type and the text of the value
-        settings_process write FOLDER xml|ini        writes generations of 60 keys for ever, a line for each */
+        settings_process write FOLDER xml|ini        writes generations of 60 keys until killed, with a line for each */
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 
 #include <QCoreApplication>

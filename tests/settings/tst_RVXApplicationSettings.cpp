@@ -81,8 +81,8 @@ void tst_RVXApplicationSettings::placeOfTheFile_data()
         << "" << true << true << "Beam Group/panel.xui";
     QTest::newRow("INI named after the application")
         << "" << true << false << "Beam Group/panel.ini";
-    QTest::newRow("XML in a file of its own") << "my.settings" << false << true << "my.settings";
-    QTest::newRow("INI in a file of its own") << "my.settings" << false << false << "my.settings";
+    QTest::newRow("XML in a named file") << "my.settings" << false << true << "my.settings";
+    QTest::newRow("INI in a named file") << "my.settings" << false << false << "my.settings";
 }
 
 void tst_RVXApplicationSettings::placeOfTheFile()
@@ -101,7 +101,7 @@ void tst_RVXApplicationSettings::placeOfTheFile()
     QCOMPARE(fileContents(path(file)).contains("key=7"), !useXmlFormat);
 }
 
-//! It is said once, and the settings are kept all the same.
+//! A missing organisation name is reported once, and the settings are kept anyway.
 void tst_RVXApplicationSettings::noOrganisation()
 {
     QCoreApplication::setOrganizationName(QString());
@@ -149,9 +149,9 @@ void tst_RVXApplicationSettings::damagedFile_data()
     QTest::addColumn<bool>("useXmlFormat");
     QTest::addColumn<QByteArray>("damaged");
     QTest::newRow("XML cut short") << true << QByteArray("<Settings>\n  <group><key>1</k");
-    QTest::newRow("XML of nothing but zeros") << true << QByteArray(4096, 0);
+    QTest::newRow("XML overwritten with zeros") << true << QByteArray(4096, 0);
     QTest::newRow("INI in the XML file") << true << QByteArray("[group]\nkey=1\n");
-    QTest::newRow("INI with a line that is none")
+    QTest::newRow("INI with a line of nonsense")
         << false << QByteArray("[group]\nkey=1\n\x01\x02nonsense\n");
 }
 
@@ -191,7 +191,7 @@ void tst_RVXApplicationSettings::damagedWhileRunning()
     QVERIFY(fileContents(file).contains("<c>3</c>"));
 }
 
-//! It is said, and the file is as it was until somebody writes.
+//! If the damaged file cannot be renamed, that is reported, and the file stays until the next write.
 void tst_RVXApplicationSettings::damagedAndInTheWay()
 {
     const QString file = path("my.settings");
@@ -230,7 +230,7 @@ void tst_RVXApplicationSettings::killedWhileWriting_data()
     QTest::newRow("INI") << "ini";
 }
 
-//! Whenever the process dies, the file holds one generation whole.
+//! Whenever the process is killed, the file contains one complete generation.
 void tst_RVXApplicationSettings::killedWhileWriting()
 {
     QFETCH(QString, format);
@@ -260,7 +260,7 @@ void tst_RVXApplicationSettings::killedWhileWriting()
     QVERIFY(!QFile::exists(path("Beam Group/panel." + suffix + ".damaged")));
 }
 
-//! Each of them comes to its turn, however often the others write.
+//! Each process gets its turn, however often the others write.
 void tst_RVXApplicationSettings::severalWriters()
 {
     constexpr int kEnough = 100;

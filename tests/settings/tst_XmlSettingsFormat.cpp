@@ -17,7 +17,7 @@ QByteArray written(const SettingsMap &settings)
     return writeXmlSettings(buffer, settings) ? buffer.data() : QByteArray("refused");
 }
 
-//! "a=1; a/b=2", or "refused".
+//! Returns the settings in a document as "a=1; a/b=2", or "refused".
 QString readBack(const QByteArray &document)
 {
     QBuffer buffer;
@@ -151,7 +151,7 @@ void tst_XmlSettingsFormat::keys()
     QCOMPARE(readBack(document), entries.join("; "));
 }
 
-//! Two keys that come to the same: one value stays whole.
+//! Two keys that differ only in empty parts: one value is kept whole.
 void tst_XmlSettingsFormat::emptyParts()
 {
     QCOMPARE(readBack(written({{"//", "0"}, {"/a//b/", "1"}, {"a/b", "2"}})), QString("a/b=2"));
@@ -218,7 +218,7 @@ void tst_XmlSettingsFormat::limitsOfDocuments_data()
         return tag + "/>";
     };
     const int mega = 1024 * 1024;
-    QTest::newRow("as deep as it may be")
+    QTest::newRow("as deep as allowed")
         << nested(32) << QStringList(QVector<QString>(32, "a").toList()).join('/') + "=x";
     QTest::newRow("too deep") << nested(33) << "refused";
     QTest::newRow("entities that multiply")
@@ -229,19 +229,20 @@ void tst_XmlSettingsFormat::limitsOfDocuments_data()
                       "\"&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;\">]>"
                       "<Settings><k>&e;</k></Settings>")
         << "refused";
-    // Half a megabyte of document that stands for a hundred gigabytes of keys.
+    // Half a megabyte of document that expands to a hundred gigabytes of keys.
     QTest::newRow("one long key over and over") << QByteArray(
         "<Settings><" + QByteArray(300000, 'a') + ">" + QByteArray("<b>1</b>").repeated(30000)
         + "</" + QByteArray(300000, 'a') + "></Settings>")
                                                 << "refused";
     QTest::newRow("elements with nothing in them") << within("<a/>") << "z=1";
-    QTest::newRow("too many of these") << within(QByteArray("<a/>").repeated(mega)) << "refused";
+    QTest::newRow("too many empty elements")
+        << within(QByteArray("<a/>").repeated(mega)) << "refused";
     QTest::newRow("too many comments") << within(QByteArray("<!---->").repeated(mega)) << "refused";
     QTest::newRow("too many attributes in all")
         << within(attributes(60).repeated(5000)) << "refused";
     QTest::newRow("a few attributes") << within(attributes(60)) << "z=1";
     QTest::newRow("too many attributes for one tag") << within(attributes(1000)) << "refused";
-    // What looks like the beginning of something else must not hide it.
+    // Something that looks like the beginning of a tag must not hide the attributes.
     QTest::newRow("too many behind a comment")
         << within("<!-- <a ' -->" + attributes(1000)) << "refused";
     QTest::newRow("too many behind a section")
@@ -263,7 +264,7 @@ void tst_XmlSettingsFormat::limitsOfDocuments()
     documents();
 }
 
-//! What would not be read back is not written either.
+//! Settings that could not be read back are not written.
 void tst_XmlSettingsFormat::limitsOfWriting()
 {
     const QString deep = QString("a/").repeated(32);

@@ -95,7 +95,7 @@ protected:
               const QString &message = QString());
     //! Writes the label into the axis widget.
     void showLabel();
-    //! Updates further marks of the item after take() stored a result. The default implementation does nothing.
+    //! Updates further marks of the item after take() stored an outcome. The default implementation does nothing.
     virtual void showFit(int offset);
     //! Returns the colour of the marker and of the label's background.
     QColor color() const;

@@ -61,7 +61,7 @@ double deviation(const QVector<double> &values)
     return std::sqrt(squares / (values.size() - 1));
 }
 
-//! A beam on strips, as an electrometer reads it.
+//! Returns a beam on 32 strips, in amperes.
 Bars beam()
 {
     return Profiles::gaussian<float>(32, 12.3, 2.5, 4e-9);
@@ -81,7 +81,8 @@ double median(QVector<double> values)
     return values[values.size() / 2];
 }
 
-//! Column or row sums of a camera's frame, less the line through their medians at 4 to 8 sigma to each side of the beam.
+/*! Returns column or row sums of a camera's frame minus a linear background, which goes through the medians of the sums
+    at 4 to 8 sigma on either side of the beam. */
 Bars cameraProfile(const QStringList &cells, int first, int count, double mean, double sigma)
 {
     QVector<double> sides[2];
@@ -152,7 +153,7 @@ private Q_SLOTS:
         const Bars dark(32, 0.0F);
         const Bars beside = Profiles::gaussian<float>(32, -1.0, 2.0, 1e-9);
         QTest::newRow("no channels at all") << cog << Parameters() << Bars() << -1;
-        QTest::newRow("two channels are no fit") << gaussabola << Parameters() << Bars{1, 2} << -1;
+        QTest::newRow("two channels are too few") << gaussabola << Parameters() << Bars{1, 2} << -1;
         QTest::newRow("dark") << gaussabola << Parameters() << dark << -2;
         QTest::newRow("weaker than the smallest peak")
             << regression << Parameters{0, 10, 1e-8, 0} << beam() << -2;
@@ -231,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(curve->maxYValue(), 0.0);
     }
 
-    //! A beam at 10 and a halo far off: what counts is chosen by threshold, or by window.
+    //! A beam at bar 10 and a halo far away, which a threshold or a window excludes.
     void centreOfGravityParameters()
     {
         const Bars bars = withBars(64, {{9, 1.0F}, {10, 2.0F}, {11, 1.0F}, {50, 0.4F}});
@@ -261,7 +262,7 @@ private Q_SLOTS:
         QTest::newRow("the second group") << QVariantList{1, 1, 1, 12.3, 2.5, 4e-9} << 1 << true;
         QTest::newRow("nothing") << QVariantList() << 0 << false;
         QTest::newRow("too short") << QVariantList{12.3, 2.5} << 0 << false;
-        QTest::newRow("not this group's") << QVariantList{12.3, 2.5, 4e-9} << 1 << false;
+        QTest::newRow("the fit of another group") << QVariantList{12.3, 2.5, 4e-9} << 1 << false;
         QTest::newRow("words") << QVariantList{"no", "fit", "here"} << 0 << false;
         QTest::newRow("beyond single precision") << QVariantList{12.3, 1e300, 4e-9} << 0 << false;
     }
@@ -272,7 +273,7 @@ private Q_SLOTS:
         QFETCH(bool, works);
         RVX_PrecalculatedFitHistogramItem item(nullptr, {}, true);
         QVERIFY(item.usesDeviceFit());
-        item.setDeviceFit({5.0, 1.0, 1.0, 5.0, 1.0, 1.0}, group); // must not be left from before
+        item.setDeviceFit({5.0, 1.0, 1.0, 5.0, 1.0, 1.0}, group); // must not remain
         item.setDeviceFit(fits, group);
         QCOMPARE(item.compute(0, beam(), 32.5), works);
         QCOMPARE(item.statusMessage(), works ? QString() : QString("Fit failed."));
@@ -283,7 +284,7 @@ private Q_SLOTS:
         }
     }
 
-    //! Bars whose numbers come out even: no noise anywhere.
+    //! Bars without noise whose results are round numbers.
     void labelsOfCentresOfGravity()
     {
         const Bars bars = withBars(9, {{3, 1.0F}, {4, 2.0F}, {5, 1.0F}});
@@ -308,8 +309,7 @@ private Q_SLOTS:
             << int(View::RegressionItem) << Parameters{0.5, 10, 1e-15, 1e-14};
         QTest::newRow("device") << int(View::PrecalculatedFitItem) << Parameters();
     }
-    /*! A Gaussian whose numbers are known, noise beside it, and a misfit at the edge of the window that Chi2 is
-        taken over. */
+    //! A known Gaussian with noise beside it and a misfit at the edge of the window of the residual noise.
     void labelsOfFits()
     {
         QFETCH(int, type);
@@ -340,7 +340,7 @@ private Q_SLOTS:
                   << (unit.isEmpty() ? "Noise Std. Dev: " : "Noise Std. Dev (nA): ")
                     + QString::number(deviation(noise), 'g', 4)
                   << QStringLiteral("\u03a7\u00b2: %1%").arg(40 / double(bars[12]), 0, 'g', 4);
-            for (QString &line : lines) // colons below each other
+            for (QString &line : lines) // the colons are aligned
                 line = line.rightJustified(line.size() + 23 - line.indexOf(':'));
             QCOMPARE(item->label(), "<pre>" + lines.join('\n') + "\n</pre>");
         }
@@ -363,7 +363,7 @@ private Q_SLOTS:
         QTest::newRow("regression, noise within 6")
             << regression << Parameters{0, 1, 1e-15, 1e-14, 2, 6} << 0.5;
     }
-    //! A Gaussian, and six bars from its peak a bar that belongs to nothing.
+    //! A Gaussian with a stray bar six bars from its peak.
     void parametersDecide()
     {
         QFETCH(int, type);
@@ -379,7 +379,7 @@ private Q_SLOTS:
         QVERIFY2(qAbs(noise - residual) < 1e-3, qPrintable(QString::number(noise)));
     }
 
-    //! Against the closed form for five bars that are symmetric about their peak of 1.
+    //! Compares with the closed form for five bars that are symmetric about their peak of 1.
     void weightsArePowersOfTheBars()
     {
         const Bars bars{0.5F, 0.9F, 1.0F, 0.9F, 0.5F};
@@ -474,7 +474,7 @@ private Q_SLOTS:
         }
     }
 
-    //! Projections of a real electron beam on a screen, against another fitter's Gaussian with a linear background.
+    //! Compares fits of a real electron beam on a screen with another program's Gaussian on a linear background.
     void realBeamProfiles()
     {
         const QVector<QStringList> frames = realReadings("lcls-otr-frames/projections_350x262.csv");

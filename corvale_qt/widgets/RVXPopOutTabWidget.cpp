@@ -207,8 +207,8 @@ bool RVXPopOutTabWidgetPrivate::handleDrag(const QMouseEvent &event)
 {
     if (areaOfDrags().contains(event.pos()))
         return false;
-    const QPointer<QWidget> page = pressedPage;
-    pressedPage.clear();
+    QPointer<QWidget> page;
+    page.swap(pressedPage);
     // The bar may be moving the tab along; a release ends that.
     QMouseEvent release(QEvent::MouseButtonRelease,
                         event.localPos(),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 9: averages computed anew, against the recurrence cell by cell.
+// Goal 9 compares computing all averages with evaluating the recurrence cell by cell.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -15,7 +15,7 @@ namespace {
 
 using Ring = boost::circular_buffer<double>;
 
-//! A(1) = x(1), A(r) = (1 - 1/N) A(r - 1) + (1/N) x(r).
+//! Computes the averages of a column: A(1) = x(1), A(r) = (1 - 1/N) A(r - 1) + (1/N) x(r).
 void averageCellByCell(const RVXAbstractPlotDataModel &model, int rows, int length, Ring &averages)
 {
     const double alpha = 1.0 / length;
@@ -47,7 +47,7 @@ void measureAveraging()
             averaging.setAveraging(length);
         },
         [&] {
-            // The models themselves: not even the table's call is held against it.
+            // It reads the models directly, which saves it the table's call.
             for (int i = 0; i < channels; ++i)
                 averageCellByCell(merged.model(i), samples, length, literal[size_t(i)]);
         });

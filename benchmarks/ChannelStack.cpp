@@ -11,10 +11,10 @@ void feedWave(RVXSingleChannelDataModel &model, int channel, int samples)
     std::mt19937 random(unsigned(channel) + 1);
     std::normal_distribution<double> noise(0.0, 0.05);
     model.setAutoUpdate(false);
-    double coloured = 0.0;
+    double colored = 0.0;
     for (int i = 1; i <= samples; ++i) {
-        coloured = 0.9 * coloured + noise(random);
-        model.AddData(i, 0.7 * std::sin(6.0 * i / samples + channel) + coloured);
+        colored = 0.9 * colored + noise(random);
+        model.AddData(i, 0.7 * std::sin(6.0 * i / samples + channel) + colored);
     }
     model.UpdateView();
     model.setAutoUpdate(true);

@@ -9,10 +9,10 @@
 #include <memory>
 #include <vector>
 
-//! A slow wave of its own for each channel, with coloured noise; \a samples readings, 1 s apart from 1 s on.
+//! Adds \a samples readings at 1 s, 2 s, ... to \a model: a slow wave that differs by channel, with coloured noise.
 void feedWave(Corvale_Qt::RVXSingleChannelDataModel &model, int channel, int samples);
 
-/*! Channels as an operator has them: a model each, merged in one table. */
+//! A model for each channel, merged in one table.
 class MergedChannels
 {
 public:
@@ -21,7 +21,7 @@ public:
     int channels() const { return int(m_models.size()); }
     Corvale_Qt::RVXSingleChannelDataModel &model(int channel) { return *m_models[size_t(channel)]; }
     Corvale_Qt::RVXMultichannelProxyModel &table() { return m_merged; }
-    //! One more reading for each channel.
+    //! Adds one reading to each channel.
     void tick();
 
 private:
@@ -30,11 +30,11 @@ private:
     double m_now;
 };
 
-/*! The same, averaged over 4 samples and zeroed, all of the samples to be shown at once. */
+//! Merged channels that are averaged over 4 samples and zeroed. A plot shows all of the samples at once.
 class ChannelStack
 {
 public:
-    //! \a shown of the \a samples across a strip chart.
+    //! \a shown is how many of the \a samples a strip chart shows.
     ChannelStack(int channels, int samples, int shown);
     ChannelStack(int channels, int samples)
         : ChannelStack(channels, samples, samples)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Its header speaks Qt's short keywords.
+// The header of QCustomPlot uses Qt's short keywords.
 #undef QT_NO_KEYWORDS
 #undef QT_NO_FOREACH
 #include "PeerCharts.h"

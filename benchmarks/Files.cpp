@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 12: CSV files against QTextStream over the texts that the models display.
+// Goal 12 compares writing CSV files with QTextStream and the texts that the models display.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int samples = 100000;
 
-//! In memory where there is such a place: the disk is not what is measured.
+//! Returns a template for a folder, in memory if possible, since the disk is not to be measured.
 QString temporaryPlace()
 {
     const QString memory = QStringLiteral("/dev/shm");
@@ -27,12 +27,12 @@ QByteArray contentOf(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-//! The titles' first letters are cut as the files' readers know them.
+//! Writes the file cell by cell. Titles lose their first letters, as readers of these files expect.
 void writeTable(MergedChannels &merged, const QString &fileName)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        qFatal("No place for files");
+        qFatal("Cannot create a file");
     QTextStream stream(&file);
     for (int i = 0; i < merged.channels(); ++i) {
         const QString title = QStringLiteral("channel_").mid(i + 1);
@@ -54,7 +54,7 @@ void writeChannel(const RVXSingleChannelDataModel &model,
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        qFatal("No place for files");
+        qFatal("Cannot create a file");
     QTextStream stream(&file);
     stream << "timestamp(s),channel_1,\n";
     for (int row = 1; row <= samples; ++row) {

@@ -10,7 +10,7 @@ namespace {
 
 bool allMet = true;
 
-//! Of the processor, for this process: what others do meanwhile does not count. All of the work is one thread's.
+//! Returns the processor time of this process, so that other processes do not count. All work runs in one thread.
 double now()
 {
     timespec time{};

@@ -5,8 +5,8 @@
 
 #include <functional>
 
-/*! One thing that is promised of the library's speed: a number that must not be below, or above, a limit. Times
-    are never compared with a clock, only with each other: what is measured is a ratio inside one process. */
+/*! A promise about the library's speed: a number that must not be below, or above, a limit. A number is a ratio of
+    times that were measured in the same process, never a time. */
 struct Goal
 {
     enum Bound {
@@ -24,22 +24,22 @@ struct Goal
 
 using Work = std::function<void()>;
 
-//! How many rounds a ratio is the median of.
+//! The number of rounds whose median a ratio is.
 constexpr int usualRounds = 7;
 
-/*! Median of the ratios time of \a b / time of \a a, over rounds in which one runs right after the other, so that
-    what else the machine does falls on both. Each runs once before. */
+/*! Returns the median of the ratios (time of \a b) / (time of \a a) over several rounds. In each round one runs right
+    after the other, so that other load of the machine slows both. Each runs once before the first round. */
 double timesFaster(const Work &a, const Work &b, int rounds = usualRounds);
-/*! The same for work that takes too short a time to be timed alone: each round runs \a a and \a b as many times as
-    are given. The ratio is that of one time each. */
+/*! Returns the median ratio of work that is too short to be timed alone. Each round runs \a a and \a b the given
+    numbers of times; the ratio is that of single runs. */
 double timesFaster(const Work &a, int timesOfA, const Work &b, int timesOfB);
-//! Median time of \a work in seconds, for the growth of times; it runs once before.
+//! Returns the median time of \a work in seconds, to measure how it grows. It runs once before the first round.
 double medianSeconds(const Work &work, int rounds = usualRounds);
 
-//! Prints "goal, measured, limit" and remembers whether it was met.
+//! Prints the goal, the measured number and the limit, and remembers whether the goal was met.
 void report(const Goal &goal);
-//! Prints why a goal could not be measured here; that is no failure.
+//! Prints why a goal could not be measured. This does not count as a failure.
 void reportSkipped(const QString &name, const QString &reason);
-//! What makes a comparison honest: both sides gave the same. Prints \a what, as missed, where they did not.
+//! Prints \a what as missed unless \a holds. A comparison is fair only if both sides give the same result.
 void require(bool same, const QString &what);
 bool allGoalsMet();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 13: nothing grows faster than what it works on: slopes of time over size, both as logarithms.
+// Goal 13 checks that no time grows faster than the size of the data: the slope of log(time) over log(size).
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -18,7 +18,7 @@ struct Measured
     double seconds;
 };
 
-//! Of the line through the points that has the least sum of squares.
+//! Returns the slope of the least-squares line through the points.
 double slope(const std::vector<Measured> &points)
 {
     double meanX = 0.0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 7: what a reading costs, with proxies and a view that hear of it.
+// Goal 7 measures the cost of a reading with proxies and a view above the model.
 #include "Goal.h"
 #include "Goals.h"
 #include "ScopeChart.h"
@@ -24,7 +24,7 @@ void fill(RVXSingleChannelDataModel &model)
     model.setAutoUpdate(true);
 }
 
-//! Averaged and zeroed.
+//! An averaging and a zeroing proxy above a model.
 struct Proxies
 {
     explicit Proxies(RVXSingleChannelDataModel &model)

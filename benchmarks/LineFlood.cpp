@@ -31,7 +31,7 @@ LineFlood::LineFlood(int channels, long long lines, double rate)
 LineFlood::~LineFlood()
 {
     m_stop = true;
-    ::close(m_ends[0]); // a write that waits for room ends with that
+    ::close(m_ends[0]); // ends a write that waits for room
     m_writer.join();
 }
 
@@ -57,7 +57,7 @@ void LineFlood::write()
     ::close(m_ends[1]);
 }
 
-//! Ten microseconds apart.
+//! Appends the line with a \a number. The times of two lines are 10 microseconds apart.
 void LineFlood::appendLine(std::string *text, long long number) const
 {
     char time[32];

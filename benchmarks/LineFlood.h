@@ -5,14 +5,14 @@
 #include <string>
 #include <thread>
 
-//! An instrument of its own thread that writes lines of the monitor's protocol into a pipe.
+//! Writes lines of the monitor's protocol into a pipe, from a thread.
 class LineFlood
 {
 public:
-    //! So many lines of so many channels, at \a rate lines a second; 0 for as fast as they are read.
+    //! Writes at \a rate lines a second, or as fast as they are read if it is 0.
     LineFlood(int channels, long long lines, double rate);
     ~LineFlood();
-    //! The end to read from.
+    //! Returns the end of the pipe to read from.
     int descriptor() const { return m_ends[0]; }
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 8: what a sample, and a point, cost in a merged table.
+// Goal 8 measures the cost of a sample, and of a point, in a merged table.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the monitor's window costs, on lines from a pipe: start, rows a second, delay of the event loop under a
-// flood, memory. Prints one line for each figure; the window is shown, offscreen where there is no display.
+// Measures the monitor's window on lines from a pipe: time to start, rows per second, delay of the event loop under a
+// flood, memory. Prints one line for each figure. The window is shown, offscreen if there is no display.
 #include "LineFlood.h"
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
@@ -24,7 +24,7 @@ using namespace Monitor;
 
 namespace {
 
-//! A window on lines from a flood, run until all of them were read.
+//! A window that shows lines from a flood until all of them were read.
 class Run
 {
 public:
@@ -38,7 +38,7 @@ public:
         QApplication::processEvents();
     }
 
-    //! Seconds that it took.
+    //! Returns the seconds that reading took.
     double untilTheEnd()
     {
         QObject::connect(&m_session.source(), &Source::stateChanged, [](Source::State state) {
@@ -72,7 +72,7 @@ double residentMegabytes()
     return file.readAll().split(' ').value(1).toDouble() * pageSize / mega;
 }
 
-//! From the moment that main() began until the display has painted its first readings.
+//! Measures the time from the start of main() until the display has painted its first readings.
 void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
 {
     SystemClock clock;
@@ -96,7 +96,7 @@ void rowsASecond(int channels, long long lines, const QString &settings)
                 run.lost(lines));
 }
 
-//! How late a timer of 5 ms comes while 50000 readings a second arrive.
+//! Measures how late a timer of 5 ms is while 50000 readings per second arrive.
 void eventLoopDelay(int channels, const QString &settings)
 {
     constexpr double rate = 50000.0, seconds = 10.0;

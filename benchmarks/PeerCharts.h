@@ -10,7 +10,7 @@ namespace QtCharts {
 class QChartView;
 } // namespace QtCharts
 
-/*! The same curves by QCustomPlot: adaptive sampling on, nothing antialiased, a canvas of 1000 x 600. */
+//! Draws curves with QCustomPlot: with adaptive sampling, without antialiasing, on a canvas of 1000 x 600 pixels.
 class CustomPlotChart
 {
 public:
@@ -22,7 +22,7 @@ private:
     const std::unique_ptr<QCustomPlot> m_plot;
 };
 
-/*! The same curves by Qt Charts, without OpenGL. */
+//! Draws curves with Qt Charts, without OpenGL.
 class QtChartsChart
 {
 public:

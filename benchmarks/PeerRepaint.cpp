@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 2: a frame of the strip chart against the other plotting libraries, where they were found.
+// Goal 2 compares a frame of the strip chart with the other plotting libraries that were found.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-//! How many times faster ours draws a frame than a peer that shows the same.
+//! Returns how many times faster the library draws a frame than a peer that shows the same curves.
 template<typename Peer>
 void measurePeer(ScopeChart &ours, const QString &name, int rounds, double limit)
 {
@@ -60,6 +60,6 @@ void measurePeerRepaint()
     ChannelStack stack(64, 10000);
     ScopeChart ours(stack.top(), ScopeChart::FullRange);
     measureCustomPlot(ours, "2b strip 64 x 10k", 1.4);
-    // Repaint alone; to be given new samples costs it several times as much.
+    // Only its repaint is measured. Setting its samples takes several times as long.
     measureQtCharts(ours, "2c strip 64 x 10k", 4.5);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 5: the scope's picture of many samples, against each pair of them drawn as a line of its own.
+// Goal 5 compares the scope's picture of many samples with a picture that has a line for each pair of them.
 #include "Goal.h"
 #include "Goals.h"
 #include "Points.h"
@@ -28,10 +28,10 @@ struct Readings
 {
     const char *name;
     double amplitude = 1.0;
-    int specialEvery = 0; // two neighbouring readings
+    int specialEvery = 0; // distance between pairs of special readings
     double special = notANumber;
-    double jitter = 0.0; // of the time, in steps
-    int gone = 0; // readings that the full ring has dropped
+    double jitter = 0.0; // of the times, in steps
+    int gone = 0; // readings that the full ring buffer has dropped
 };
 
 const Readings cases[] = {
@@ -64,7 +64,7 @@ void feed(RVXSingleChannelDataModel &model, const Readings &readings)
     model.setPlotWidthHintPoints(samples);
 }
 
-//! As Qwt rounds: half away from zero, with what is far outside far outside still.
+//! Rounds like Qwt, half away from zero. A point that is far outside stays far outside.
 int pixelOf(const QwtScaleMap &map, double value)
 {
     constexpr double far = 2147483646.0;
@@ -76,7 +76,7 @@ bool isFinite(const QPointF &point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
-//! Draws on the empty chart what the samples are: a line for each two neighbours, a point for a lonely one.
+//! Draws the samples on the empty chart: a line for two neighbours, a point for a sample without neighbours.
 void drawEverySegment(QImage &canvas, QwtPlot &plot, const QwtPlotCurve &curve)
 {
     const QwtScaleMap x = plot.canvasMap(QwtPlot::xBottom);

@@ -8,9 +8,9 @@ class QImage;
 class QwtPlot;
 class QwtPlotCurve;
 
-//! The curves that a plot shows, lowest first.
+//! Returns the visible curves of a plot, the lowest one first.
 QVector<const QwtPlotCurve *> shownCurves(const QwtPlot &plot);
 QVector<QPointF> pointsOf(const QwtPlotCurve &curve);
-//! The canvas without a frame that it may have.
+//! Returns a picture of the canvas without its frame.
 QImage pictureOf(QwtPlot &plot);
 int differingPixels(const QImage &a, const QImage &b);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 6: which rows a strip chart shows, against going through all of them. A part of the library that is not
-// exported: in a frame its share is too small to be seen.
+// Goal 6 compares finding the rows that a strip chart shows with a scan of all rows. It calls a part of the library
+// that is not exported, since its share of a frame is too small to be measured there.
 #include "Goal.h"
 #include "Goals.h"
 #include "corvale_qt/models/PlotColumns_p.h"
@@ -37,7 +37,7 @@ struct Stack
     RVXZeroingProxyModel zeroing;
 };
 
-//! From the last row below \a left to the first row after it beyond \a right, as it stands.
+//! Returns the rows from the last one below \a left to the first one after it beyond \a right, by a literal scan.
 RowRange literalRows(const RVXAbstractPlotDataModel &model, double left, double right)
 {
     RowRange rows{1, samples};

@@ -19,7 +19,7 @@ ScopeChart::ScopeChart(QAbstractItemModel &model, PlotScales scale, double fullS
     fitCanvas();
 }
 
-// The axes have their say about the canvas, so its size is only known after a frame.
+// The axes take part of the plot, so the size of the canvas is only known after a frame.
 void ScopeChart::fitCanvas()
 {
     const QSize wanted(canvasWidth, canvasHeight);
@@ -37,7 +37,7 @@ void ScopeChart::fitCanvas()
 void ScopeChart::drawFrame()
 {
     plot()->replot();
-    // The view makes its plot when its canvas is painted.
+    // The view computes its plot when its canvas is painted.
     plot()->canvas()->repaint();
 }
 

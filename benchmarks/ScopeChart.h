@@ -7,22 +7,22 @@
 
 class QwtPlot;
 
-//! The canvas of everything that is compared.
+//! The size of the canvas of all charts that are compared.
 constexpr int canvasWidth = 1000;
 constexpr int canvasHeight = 600;
 
-/*! The scope view itself as a strip chart, with a canvas of exactly 1000 x 600 pixels. */
+//! The scope view as a strip chart, with a canvas of exactly 1000 x 600 pixels.
 class ScopeChart : public Corvale_Qt::RVXScopePlotView
 {
 public:
     //! In full-scale mode y runs from -\a fullScale to \a fullScale.
     ScopeChart(QAbstractItemModel &model, PlotScales scale, double fullScale = 2.0);
 
-    //! One frame: everything from the rows to the pixels.
+    //! Draws one frame, from the rows to the pixels.
     void drawFrame();
     QImage picture();
     QwtPlot *plot() { return qwtPlot(); }
-    //! Pens and lines of the grid below the curves.
+    //! Returns the grid below the curves.
     const QwtPlotGrid *shownGrid() { return grid(); }
 
 private:

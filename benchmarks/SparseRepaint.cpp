@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 3: few samples across the chart, where there is nothing to gain and nothing may be lost.
+// Goal 3 checks charts with few samples, which cannot be drawn faster and must not be drawn more slowly.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -9,7 +9,7 @@
 
 void measureSparseRepaint()
 {
-    constexpr int rounds = 31; // frames of a millisecond; the limit is close
+    constexpr int rounds = 31; // many, since a frame takes a millisecond and the limit is close
     for (int channels : {8, 64, 256}) {
         ChannelStack stack(channels, 1000, 256);
         ScopeChart ours(stack.top(), ScopeChart::FullRange);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 10: the smoothed beam profile against Qwt's own spectrogram on one thread.
+// Goal 10 compares the smoothed beam profile with Qwt's spectrogram on one thread.
 #include "Goal.h"
 #include "Goals.h"
 #include "Points.h"
@@ -23,7 +23,7 @@ namespace {
 
 constexpr int canvasSide = 600;
 
-//! A beam spot on the strip pair: X strips in values 0 to 31, Y strips in 64 to 95.
+//! Returns a frame of the strip pair with a beam spot: X strips in values 0 to 31, Y strips in 64 to 95.
 QVector<double> strips()
 {
     QVector<double> readings(128, 0.0);
@@ -53,20 +53,20 @@ QwtLinearColorMap *copyOf(const QwtLinearColorMap &map)
     return copy;
 }
 
-//! The same values, colours and way of looking between them.
+//! Gives \a stock the values, colours and interpolation of \a raster.
 void copyRaster(const QwtPlotSpectrogram &raster, QwtPlotSpectrogram &stock)
 {
     const auto *data = dynamic_cast<const QwtMatrixRasterData *>(raster.data());
-    const auto *colours = dynamic_cast<const QwtLinearColorMap *>(raster.colorMap());
-    if (!data || !colours)
-        qFatal("The display's raster is no matrix");
+    const auto *colors = dynamic_cast<const QwtLinearColorMap *>(raster.colorMap());
+    if (!data || !colors)
+        qFatal("The display's raster is not a matrix");
     auto *copy = new QwtMatrixRasterData;
     for (Qt::Axis axis : {Qt::XAxis, Qt::YAxis, Qt::ZAxis})
         copy->setInterval(axis, data->interval(axis));
     copy->setValueMatrix(data->valueMatrix(), data->numColumns());
     copy->setResampleMode(data->resampleMode());
     stock.setData(copy);
-    stock.setColorMap(copyOf(*colours));
+    stock.setColorMap(copyOf(*colors));
     stock.setRenderThreadCount(1);
 }
 
@@ -116,7 +116,7 @@ void measureSpectrogram()
     auto *smoothing = display.findChild<QCheckBox *>("checkBox_smoothing");
     if (!smoothing)
         qFatal("The display has no check box for smoothing");
-    // Frames are shown ten times a second at most.
+    // At most ten frames per second are shown.
     for (double now = 1.0; !rasterOf(display)->isVisible(); now += 1.0) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         display.setData(strips(), now);

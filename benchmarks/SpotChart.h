@@ -6,21 +6,21 @@
 #include <QImage>
 #include <QStandardItemModel>
 
-//! Spots over 100 mm by steps that do not repeat, the corners and the highest dose first.
+//! Returns a spot within 100 mm. Spots do not repeat; the first ones lie in the corners and have the highest dose.
 Corvale_Qt::SpotMapView::MapSpot mapSpot(int number);
 QVector<Corvale_Qt::SpotMapView::MapSpot> mapSpots(int count);
 
-/*! A spot map of 600 x 600 pixels over a model of its own. */
+//! A spot map of 600 x 600 pixels and its model.
 class SpotChart : public Corvale_Qt::SpotMapView
 {
 public:
     explicit SpotChart(int spots);
 
-    //! One more row, inside of the bounds and below the largest dose.
+    //! Appends a row inside the bounds and below the largest dose.
     void addSpot();
-    //! Everything again, as after another colour.
+    //! Makes the next frame draw all spots again.
     void drawAnew();
-    //! Whether drawing anew changes no pixel.
+    //! Returns whether drawing all spots again changes no pixel.
     bool isAsDrawnAnew();
 
 private:

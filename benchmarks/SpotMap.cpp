@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 11: a spot map that grows, against one drawn anew.
+// Goal 11 compares painting a growing spot map with drawing it anew.
 #include "Goal.h"
 #include "Goals.h"
 #include "SpotChart.h"
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -13,7 +13,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! The floor of a repaint: a ready picture onto the same widget.
+//! The fastest possible repaint: it draws a ready picture on a widget of the same size.
 class Picture : public QWidget
 {
 public:
@@ -69,32 +69,32 @@ void measureFrames()
     require(map.isAsDrawnAnew(), "11b the picture of a map that grew");
 }
 
-//! What is painted for it, without the copy to the window that any frame costs.
+//! Measures painting the kept picture alone, without the copy to the window that every frame needs.
 void measurePainting()
 {
     SpotList spots;
     spots.assign(mapSpots(10000));
-    SpotScene scene{QSize(600, 600),
+    SpotStyle style{QSize(600, 600),
                     1.0,
                     spots.extent(),
                     spots.largestDose(),
                     Qt::white,
                     Qt::black};
-    KeptPicture picture(makeImageStore(), drawSpots);
-    picture.update(spots, scene);
+    SpotPictureCache picture(makeImageBuffer(), drawSpots);
+    picture.update(spots, style);
     int next = spots.size();
     const double cheaper = timesFaster(
         [&] {
             spots.insert(spots.size(), {mapSpot(next++)});
-            picture.update(spots, scene);
+            picture.update(spots, style);
         },
         200,
         [&] {
             picture.reset();
-            picture.update(spots, scene);
+            picture.update(spots, style);
         },
         1);
-    require(scene.bounds == spots.extent() && scene.fullScaleDose == spots.largestDose(),
+    require(style.bounds == spots.extent() && style.fullScaleDose == spots.largestDose(),
             "11c the scene of a map that grew");
     report({"11c painting one more of 10000 spots, times cheaper than all",
             cheaper,

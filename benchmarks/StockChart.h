@@ -7,12 +7,12 @@
 
 class ScopeChart;
 
-/*! What one gets from Qwt without this library: a plot with the same canvas, axes and grid as a scope chart, and
-    its curves as stock QwtPlotCurve over QVector<QPointF>. */
+/*! A plot of Qwt without this library. It has the canvas, axes and grid of a scope chart, and its curves as
+    QwtPlotCurve over QVector<QPointF>. */
 class StockChart : public QwtPlot
 {
 public:
-    //! Copies scales, points and colours of what \a chart shows now.
+    //! Copies the scales, points and colours that \a chart shows now.
     explicit StockChart(ScopeChart &chart);
 
     void drawFrame();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 1: a frame of the strip chart, y fixed, against stock curves over copied points.
+// Goal 1 compares a frame of the strip chart with fixed y with stock curves over copied points.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Goal 4: y that follows the samples, automatic or normalised, against y that is fixed.
+// Goal 4 compares y scales that follow the samples, automatic or normalised, with a fixed one.
 #include "ChannelStack.h"
 #include "Goal.h"
 #include "Goals.h"
@@ -18,7 +18,7 @@ void measureYScales()
         {"4b normalised y 64 x 100k, share of fixed y's time", ScopeChart::Normalized},
     };
     for (const auto &each : cases) {
-        // A frame makes each curve a new series, so nothing is known of it from the frame before.
+        // Each frame gives the curves new series, so it cannot reuse what the frame before found.
         ScopeChart following(stack.top(), each.scale);
         const double share = timesFaster(
             [&] {

@@ -6,11 +6,11 @@
 
 #include <cstdio>
 
-/*  What the library costs, side by side with its peers and with the floor:
+/*  Measures what the library costs, compared with its peers and with the fastest possible way:
 
         corvale_qt_benchmarks [subject ...]
 
-    Each goal is a ratio inside this process. Exits with 1 where one is missed, with 2 where there is no such
+    Each goal is a ratio of times in this process. The exit code is 1 if a goal was missed and 2 if there is no such
     subject. */
 
 namespace {
@@ -21,7 +21,7 @@ struct Subject
     void (*measure)();
 };
 
-// In the order of the goals' numbers.
+// The subjects in the order of the goals' numbers.
 const Subject subjects[] = {
     {"strip", measureStripRepaint},
     {"peers", measurePeerRepaint},
@@ -60,7 +60,7 @@ int refuse(const QString &name)
 
 int main(int argc, char **argv)
 {
-    // Without a display, on one device pixel for each pixel, whatever the one who runs it has.
+    // The figures do not depend on the display: there is none, and a pixel is a device pixel.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("CORVALE_QT_NO_OPENGL", "1");
     qunsetenv("QT_SCALE_FACTOR");

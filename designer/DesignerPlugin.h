@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-//! The library's widgets for Qt Designer, and for whatever loads forms while a program runs.
+//! Provides the library's widgets to Qt Designer, and to programs that load forms at run time.
 class DesignerPlugin : public QObject, public QDesignerCustomWidgetCollectionInterface
 {
     Q_OBJECT

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
-//! One widget of the library, as Qt Designer asks for it.
+//! Describes one widget of the library to Qt Designer, and creates it.
 class DesignerWidget : public QObject, public QDesignerCustomWidgetInterface
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     bool isContainer() const override;
     QString domXml() const override;
     bool isInitialized() const override;
-    //! Called by Designer, but not by what loads forms in programs: those get no preview data.
+    //! Called by Designer but not by programs that load forms, so only Designer shows preview data.
     void initialize(QDesignerFormEditorInterface *core) override;
     QWidget *createWidget(QWidget *parent) override;
 

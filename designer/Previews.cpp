@@ -25,7 +25,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! Ten seconds of one channel.
+//! Returns a model with ten seconds of one channel, in ampere.
 RVXSingleChannelDataModel *wave(QObject *parent)
 {
     static const Units::nA nA;
@@ -36,7 +36,7 @@ RVXSingleChannelDataModel *wave(QObject *parent)
     return model;
 }
 
-//! A model of numbers, each row as the views read it: in Qt::UserRole, from column 1 on.
+//! Returns a model that holds \a rows in Qt::UserRole from column 1 on, where the views read them.
 QStandardItemModel *numbers(const QVector<QVector<double>> &rows, QObject *parent)
 {
     auto *model = new QStandardItemModel(rows.size(), rows.value(0).size() + 1, parent);
@@ -46,7 +46,7 @@ QStandardItemModel *numbers(const QVector<QVector<double>> &rows, QObject *paren
     return model;
 }
 
-//! Spots of a round field: sigma, X and Y in millimetres, dose.
+//! Returns a model of the spots of a round field: sigma, x and y in millimetres, and dose.
 QStandardItemModel *spots(QObject *parent)
 {
     QVector<QVector<double>> rows;
@@ -57,10 +57,10 @@ QStandardItemModel *spots(QObject *parent)
     return numbers(rows, parent);
 }
 
-//! A Gaussian of \a peak over strips.
-double gaussian(double strip, double centre, double sigma, double peak)
+//! Returns a Gaussian with the height \a peak; its centre and sigma are in strips.
+double gaussian(double strip, double center, double sigma, double peak)
 {
-    const double distance = (strip - centre) / sigma;
+    const double distance = (strip - center) / sigma;
     return peak * std::exp(-0.5 * distance * distance);
 }
 
@@ -89,7 +89,7 @@ void previewSpectrogram(QWidget *widget)
     profile->setL408(true);
     profile->setRange(1e-6, 1e-9);
     profile->setData(charges, 0.1);
-    // A profile draws at its clock's ticks only, the first of which comes later.
+    // The profile shows a frame at the next tick of its timer after the frame came.
     constexpr int kAfterTick = 150;
     QTimer::singleShot(kAfterTick, profile, [profile, charges] {
         profile->setData(charges, 0.2);

@@ -4,8 +4,8 @@
 class QWidget;
 
 /*! \file
-    What the widgets show on a form in Designer: plausible data, the same each time. Each takes a widget of the
-    class it is named after, which owns whatever model it is given. */
+    Functions that fill the widgets with plausible data on a form in Designer, the same each time. Each takes a widget
+    of the class in its name, which owns the model that it gets. */
 
 void previewScope(QWidget *widget);
 void previewScopePlotView(QWidget *widget);

@@ -7,26 +7,27 @@
 
 class QWidget;
 
-//! What Designer has to know of a widget.
+//! What Designer needs to know about a widget.
 struct WidgetDescription
 {
-    //! Without its namespace; also the name of its header and of its icon.
+    //! The class name without its namespace, which is also the name of its header and icon.
     const char *className;
-    //! In Designer's widget box.
+    //! The name in Designer's widget box.
     const char *displayName;
-    //! Of a new one on a form.
+    //! The object name of a new widget on a form.
     const char *objectName;
     const char *toolTip;
-    //! Of a new one on a form.
+    //! The size of a new widget on a form, in pixels.
     QSize size;
+    //! Creates a widget of this class.
     QWidget *(*create)(QWidget *parent);
-    //! Fills a widget on a form in Designer, where there is no data; null where it shows enough by itself.
+    //! Fills a widget with data on a form in Designer; null if it shows enough without.
     void (*preview)(QWidget *widget) = nullptr;
     bool isContainer = false;
-    //! Children of a new one, as XML of forms.
+    //! The children of a new widget, as XML of a form.
     const char *contents = "";
 };
 
-/*! All widgets of the library that lie on forms. A new one is one entry, and an icon of its name in icons/ and
-    designer.qrc. */
+/*! Returns the widgets of the library that can be put on forms. To add one, add an entry here, and an icon of the
+    same name to icons/ and designer.qrc. */
 const std::vector<WidgetDescription> &widgetTable();

@@ -8,9 +8,9 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! How many numbers a block holds.
+// How many numbers a block of each level holds.
 constexpr int widths[] = {32, 1024};
-//! From how many blocks on they are worth their while: a few numbers are read faster than blocks are put together.
+// Fewer blocks of a level than this are read directly: reading a few numbers is faster than combining blocks.
 constexpr int fewest[] = {16, 1};
 
 } // namespace
@@ -20,7 +20,7 @@ ValueRange BlockRanges::range(const ColumnSpans &spans, int first, int last)
     if (last - first < widths[0] * fewest[0])
         return readRange(spans, first, last);
     for (int level = 0; level < levels; ++level) {
-        // Room for all that can be asked for at once; more only means that blocks are found again.
+        // Room for every block of a full ring; two blocks that share a place are found again in turn.
         const int room = spans.ringSize / widths[level] + 2;
         if (m_blocks[level].size() != room)
             m_blocks[level] = QVector<Block>(room);
@@ -34,7 +34,6 @@ void BlockRanges::forget()
         blocks.clear();
 }
 
-//! With the blocks of \a level where whole ones are among the numbers, and smaller ones for what is left.
 ValueRange BlockRanges::rangeAt(int level, const ColumnSpans &spans, const Numbers &numbers)
 {
     if (level < 0)
@@ -46,18 +45,18 @@ ValueRange BlockRanges::rangeAt(int level, const ColumnSpans &spans, const Numbe
         return rangeAt(level - 1, spans, numbers);
 
     ValueRange range = rangeAt(level - 1, spans, {numbers.begin, first * width});
-    for (qint64 name = first; name < end; ++name)
-        range.unite(block(level, spans, name));
+    for (qint64 index = first; index < end; ++index)
+        range.unite(block(level, spans, index));
     range.unite(rangeAt(level - 1, spans, {end * width, numbers.end}));
     return range;
 }
 
-const ValueRange &BlockRanges::block(int level, const ColumnSpans &spans, qint64 name)
+const ValueRange &BlockRanges::block(int level, const ColumnSpans &spans, qint64 index)
 {
-    Block &block = m_blocks[level][int(name % m_blocks[level].size())];
-    if (block.name != name) {
+    Block &block = m_blocks[level][int(index % m_blocks[level].size())];
+    if (block.index != index) {
         const int width = widths[level];
-        block = {name, rangeAt(level - 1, spans, {name * width, (name + 1) * width})};
+        block = {index, rangeAt(level - 1, spans, {index * width, (index + 1) * width})};
     }
     return block.range;
 }

@@ -1,41 +1,40 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/SampleBounds_p.h"
 
 #include <QVector>
 
+#include <array>
+
 namespace Corvale_Qt {
 
 struct ColumnSpans;
 
-/*! The ranges of blocks of numbers in a ring, and of blocks of such blocks, each found when it is first asked for: a
-    chart that is drawn again, or that needs the range of what it then draws, need not read all of its samples again.
+/*! Keeps the ranges of blocks of numbers in a ring, and of blocks of such blocks. Each is found when it is first needed,
+    so that a chart that is drawn again, or that needs the range of what it draws, does not read all samples again.
 
-    Numbers count from the first that the ring ever took, so that a block keeps its name while the ring rolls on.
-    Who changes a number that is there already, or takes back the newest, must call forget(). */
+    Numbers are counted from the first one that the ring ever took, so that a block keeps its index while the ring drops
+    its oldest numbers. The owner must call forget() after it has changed a stored number or removed the newest. */
 class BlockRanges
 {
 public:
-    //! Of numbers \a first to \a last - 1 of spans that have this as their blocks.
+    /*! Returns the range of rows \a first to \a last - 1 of \a spans, counted from the first row of the spans;
+        spans.blocks must be this object. */
     ValueRange range(const ColumnSpans &spans, int first, int last);
+    //! Drops all ranges.
     void forget();
 
 private:
     struct Block
     {
-        qint64 name = -1;
+        qint64 index = -1; //!< of the block among all blocks of its width; -1 while unused
         ValueRange range{};
     };
 
-    //! Neighbouring numbers, counted as the ring counts.
+    //! Consecutive numbers, counted from the first one that the ring ever took; \a end is one past the last.
     struct Numbers
     {
         qint64 begin;
@@ -44,10 +43,11 @@ private:
 
     static constexpr int levels = 2;
 
+    //! Returns the range of numbers, read from blocks of a level and of the levels below it.
     ValueRange rangeAt(int level, const ColumnSpans &spans, const Numbers &numbers);
-    const ValueRange &block(int level, const ColumnSpans &spans, qint64 name);
+    const ValueRange &block(int level, const ColumnSpans &spans, qint64 index);
 
-    QVector<Block> m_blocks[levels];
+    std::array<QVector<Block>, levels> m_blocks;
 };
 
 } // namespace Corvale_Qt

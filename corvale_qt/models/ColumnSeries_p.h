@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/PlotColumns_p.h"
 
@@ -14,21 +9,22 @@
 
 namespace Corvale_Qt {
 
-/*! A series over columns that belong to no model, for views that keep samples themselves. It is drawn as fast as the
-    series of a model. The columns are not owned and must not change while the series is in use. */
+/*! A series over columns that belong to no model, for views that store samples themselves. It is drawn as fast as the
+    series of a model. It does not own the columns, which must not change while the series is in use. */
 class ColumnSeries : public QwtSeriesData<QPointF>
 {
 public:
-    //! Rows 1 to \a rows of a column.
+    //! Constructs a series of rows 1 to \a rows of a \a column; x is column 0.
     ColumnSeries(const PlotColumns &columns, int column, int rows);
 
     size_t size() const override;
     QPointF sample(size_t i) const override;
-    //! The rectangle around the samples whose x and y are finite.
+    //! Returns the rectangle around the samples whose x and y are finite.
     QRectF boundingRect() const override;
 
     //! Sets the divisor of y; a scale that is not greater than 0 is ignored.
     void setScale(double scale);
+    //! Returns the columns that the series reads.
     SeriesColumns columns() const { return m_columns; }
 
 private:

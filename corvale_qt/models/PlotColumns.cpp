@@ -2,6 +2,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <typeinfo>
 #include <unordered_map>
@@ -18,6 +20,14 @@ std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
 }
 
 } // namespace
+
+QDebug operator<<(QDebug debug, const ColumnSpans &spans)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "ColumnSpans(" << spans.size[0] << " + " << spans.size[1] << " of "
+                           << spans.ringSize << " numbers, value = " << spans.factor
+                           << " * number - " << spans.zero << ')';
+}
 
 PlotColumns::~PlotColumns() = default;
 
@@ -56,6 +66,7 @@ bool PlotColumns::add(std::type_index modelClass, Finder find)
 
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
     : m_object(dynamic_cast<const QObject *>(model))
+    , m_isGuarded(!m_object.isNull())
     , m_model(model)
     , m_columns(PlotColumns::of(model))
 {
@@ -68,10 +79,10 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (!m_object) {
+    if (const PlotColumns *const bulk = columns()) {
+        bulk->read(column, firstRow, count, out);
+    } else if (!m_model || isGone()) {
         std::fill_n(out, std::max(count, 0), 0.0);
-    } else if (m_columns) {
-        m_columns->read(column, firstRow, count, out);
     } else {
         for (int i = 0; i < count; ++i)
             out[i] = m_model->doubleData(firstRow + i, column);

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QByteArray>
 #include <QPointer>
 
 #include <typeindex>
 
+class QDebug;
 class QPointF;
 template<typename T>
 class QwtSeriesData;
@@ -22,57 +18,64 @@ namespace Corvale_Qt {
 class BlockRanges;
 class RVXAbstractPlotDataModel;
 
-/*! The memory behind some rows of a column, in up to two pieces, and how a number there becomes the one that
-    doubleData() gives: factor * number - zero, in this order. */
+/*! The memory that holds the rows of a column, in up to two pieces, and the conversion from a stored number to the one that
+    doubleData() returns: factor * number - zero, in this order. */
 struct ColumnSpans
 {
-    //! Ranges of the stored numbers, where their owner keeps them; null for none.
+    //! Cached ranges of the stored numbers; null if their owner caches none.
     BlockRanges *blocks = nullptr;
-    qint64 number = 0; //!< of the first one, counted as BlockRanges counts
-    int ringSize = 0; //!< how many numbers the owner has room for
+    qint64 number = 0; //!< index of the first row's number among all that the ring ever took
+    int ringSize = 0; //!< capacity of the ring, in numbers
     const double *piece[2] = {nullptr, nullptr};
     int size[2] = {0, 0};
     double factor = 1.0;
     double zero = 0.0;
 
-    //! The stored number of row \a i, counted from the first row asked for.
+    //! Returns the stored number of row \a i, counted from the first row of the spans.
     double stored(int i) const { return i < size[0] ? piece[0][i] : piece[1][i - size[0]]; }
+    //! Returns what doubleData() returns for row \a i, counted from the first row of the spans.
     double value(int i) const { return factor * stored(i) - zero; }
+    //! Returns the number of rows.
     int count() const { return size[0] + size[1]; }
 };
 
-/*! Reads a plot model by the chunk instead of by the cell.
+//! Writes the sizes and the conversion, not the numbers.
+QDebug operator<<(QDebug debug, const ColumnSpans &spans);
 
-    The interface of the models asks for one number at a time through a virtual call; that is what hosts implement
-    and override. Models and proxies of the library offer this beside it, from their private classes. Who reads
-    many numbers asks for it once, with of(), and uses a PlotColumnReader. */
+/*! Reads a plot model in chunks instead of cell by cell.
+
+    The public interface of the models returns one number for each virtual call; hosts implement and override that one.
+    The private classes of the library's models and proxies implement this interface as well. Code that reads many numbers
+    uses a PlotColumnReader, which finds it once with of(). Rows and columns are counted as in doubleData(). */
 class PlotColumns
 {
 public:
     virtual ~PlotColumns();
 
-    //! Writes doubleData(row, column) of \a count rows from \a firstRow on to \a out, equal bit for bit.
+    //! Writes doubleData(row, column) of \a count rows, starting at \a firstRow, to \a out, equal bit for bit.
     virtual void read(int column, int firstRow, int count, double *out) const = 0;
-    //! Whether the x of each sample row is greater than that of the one before (a NaN is not).
+    //! Returns true if the x of each sample row is greater than that of the row before; a NaN is not.
     virtual bool xRises() const = 0;
-    /*! Where the numbers of \a count rows from \a firstRow on lie; false where they lie nowhere as they are, or
-        not all of them do. Good until the model changes. */
+    /*! Sets \a spans to the memory that holds \a count rows, starting at \a firstRow; it is valid until the model changes.
+        Returns false if any of the rows is not stored in this form. The default returns false. */
     virtual bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
-    /*! Appends the display text of a sample's cell, in UTF-8; false, and nothing appended, where only the item
-        model's side has it. */
+    /*! Appends the display text of a sample's cell in UTF-8. Returns false and appends nothing if only the item model has
+        the text. The default returns false. */
     virtual bool appendText(QByteArray &text, int row, int column) const;
-    //! Another number each time that column 0 has changed, never used twice by any model; 0 where nobody counts.
+    /*! Returns the version of column 0: another number after each change, which no model uses twice. The default returns
+        0: changes are not counted. */
     virtual quint64 xVersion() const;
-    /*! How many of its oldest rows a column has dropped since the last reset, where columns drop theirs one after the
-        other; -1 where all drop together, as the model announces it. */
+    /*! Returns how many of its oldest rows a column has dropped since the last reset, for models whose columns drop rows
+        one after the other. The default returns -1: all columns drop a row together, when the model announces it. */
     virtual qint64 droppedRows(int column) const;
 
-    /*! The bulk side of \a model; null for a model that is not, exactly, a class of the library: a host's
-        subclass may have another doubleData(), and what it says holds. */
+    /*! Returns the bulk interface of \a model. Null if the model's class is not exactly a class of the library: a host's
+        subclass may override doubleData(), and then only that function has the right numbers. */
     static const PlotColumns *of(const RVXAbstractPlotDataModel *model);
 
+    //! Returns the bulk interface of a model whose class is known.
     using Finder = const PlotColumns *(*)(const RVXAbstractPlotDataModel &);
-    //! Makes of() know a class, once per class: \a find gives an object's bulk side.
+    //! Registers a class for of(); \a find is called for its objects. Returns false if the class is known already.
     static bool add(std::type_index modelClass, Finder find);
 
 protected:
@@ -81,21 +84,24 @@ protected:
     PlotColumns &operator=(const PlotColumns &) = default;
 };
 
-/*! What a series reads, for who wants more of it than one point. */
+//! The columns that a series reads, so that many of its points can be read at once.
 struct SeriesColumns
 {
-    const PlotColumns *columns = nullptr; //!< null: ask the series point by point
-    int column = 0;
-    int startRow = 0;
+    const PlotColumns *columns = nullptr; //!< null: the series can only be read point by point
+    int column = 0; //!< of y; x is column 0
+    int startRow = 0; //!< row of the first point
     double scale = 1.0; //!< divisor of y
 
-    //! What a ColumnSeries reads, or exactly an RVXSeriesData over a class of the library; otherwise nothing is known.
+    /*! Returns the columns of a ColumnSeries, or of an RVXSeriesData over a model of the library; null columns for any other
+        series, and for subclasses of these two. */
     static SeriesColumns of(const QwtSeriesData<QPointF> *series);
 
+    //! Writes the x of \a count points to \a x, starting with point \a first.
     void readX(size_t first, int count, double *x) const
     {
         columns->read(0, startRow + int(first), count, x);
     }
+    //! Writes the y of \a count points to \a y, starting with point \a first.
     void readY(size_t first, int count, double *y) const
     {
         columns->read(column, startRow + int(first), count, y);
@@ -104,31 +110,31 @@ struct SeriesColumns
     }
 };
 
-/*! Chunks of any plot model: in bulk where it can, cell by cell where it must. Cheap to copy. As soon as the
-    model's deletion has begun it reads nothing, also before anyone has heard of that. */
+/*! Reads chunks of any plot model: through PlotColumns if the model has it, otherwise cell by cell. It is cheap to copy.
+    It reads zeros from the moment that the model's deletion begins. The functions return what those of PlotColumns return;
+    without a model, or for one that has no PlotColumns, they return what the defaults there return. */
 class PlotColumnReader
 {
 public:
     PlotColumnReader() = default;
     explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
-    //! Reads columns that belong to no model.
+    //! Reads columns that belong to no model; they must live as long as the reader.
     explicit PlotColumnReader(const PlotColumns *columns);
 
-    //! As PlotColumns::read(); zeros where there is no model.
+    //! Writes doubleData(row, column) of \a count rows, starting at \a firstRow, to \a out; zeros without a model.
     void read(int column, int firstRow, int count, double *out) const;
-    //! As PlotColumns::xRises(); false where nobody knows.
     bool xRises() const;
-    //! As PlotColumns::spans(); false where nobody knows.
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
-    //! As PlotColumns::xVersion(); 0 where nobody counts.
     quint64 xVersion() const;
-    //! As PlotColumns::droppedRows(); -1 where nobody knows.
     qint64 droppedRows(int column) const;
-    //! The model's bulk side, or null.
-    const PlotColumns *columns() const { return m_object ? m_columns : nullptr; }
+    //! Returns the bulk interface, or null if there is none or the model is gone.
+    const PlotColumns *columns() const { return isGone() ? nullptr : m_columns; }
 
 private:
-    QPointer<const QObject> m_object; // the model
+    bool isGone() const { return m_isGuarded && m_object.isNull(); }
+
+    QPointer<const QObject> m_object; // the model, if it is one
+    bool m_isGuarded = false;
     const RVXAbstractPlotDataModel *m_model = nullptr;
     const PlotColumns *m_columns = nullptr;
 };

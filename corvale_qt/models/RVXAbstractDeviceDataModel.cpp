@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 
+#include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/units/Units.h"
@@ -16,7 +17,6 @@ namespace Corvale_Qt {
 class RVXAbstractDeviceDataModelPrivate
 {
 public:
-    static const unsigned int MODEL_MAX_CHANNELS = 256;
     static const Units::MeasurementUnit defaultUnits;
     static const Units::S defaultXUnits;
 
@@ -24,7 +24,7 @@ public:
 
     bool isEnabled(int channel) const
     {
-        return channel >= 1 && channel <= int(MODEL_MAX_CHANNELS) && enabled.test(channel - 1);
+        return channel >= 1 && channel <= maxChannels && enabled.test(channel - 1);
     }
 
     const Units::MeasurementUnit *units = &defaultUnits;
@@ -32,7 +32,7 @@ public:
     int period = 0;
     bool sampleDue = true;
     QTimer *timer = nullptr;
-    std::bitset<MODEL_MAX_CHANNELS> enabled;
+    std::bitset<maxChannels> enabled;
     bool autoUpdate = true;
     QIcon editIcon;
 };
@@ -136,7 +136,7 @@ bool RVXAbstractDeviceDataModel::setData(const QModelIndex &index, const QVarian
     Q_D(RVXAbstractDeviceDataModel);
     const bool isCheckBox = role == Qt::CheckStateRole && index.isValid() && isHeader(index)
         && isChannel(index) && index.column() < columnCount() && index.row() < rowCount()
-        && index.column() <= int(d->MODEL_MAX_CHANNELS);
+        && index.column() <= maxChannels;
     if (!isCheckBox)
         return false;
 

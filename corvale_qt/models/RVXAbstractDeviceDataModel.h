@@ -20,18 +20,20 @@ class RVXAbstractDeviceDataModelPrivate;
     | row 0 | "Time (s)" | the channel: its name, colour and check box |
     | row r | time of sample r | reading of channel c |
 
-    It keeps the unit of the readings, which channels are switched on (at most 256), the sampling timer and the
-    looks of the table. A subclass adds the samples: index(), rowCount(), doubleData(), deviceSpecificData(),
-    isOverrange(), Clear() and SaveDataToFile(), and NumberOfChannels() where it has more than one channel. */
+    It keeps the unit of the readings, the check states of the channels (at most 256), the sampling timer and the
+    appearance of the table. A subclass adds the samples: it implements index(), rowCount(), doubleData(),
+    deviceSpecificData(), isOverrange(), Clear() and SaveDataToFile(), and NumberOfChannels() if it has more than one
+    channel. */
 class CORVALE_QT_EXPORT RVXAbstractDeviceDataModel : public QAbstractItemModel,
                                                      public RVXAbstractPlotDataModel
 {
     Q_OBJECT
 
 public:
-    //! Capacity of a model's buffer, in samples.
+    //! Capacity of the buffer of the library's models, in samples: 100000.
     static const unsigned int maxBufferSize;
 
+    //! Constructs a model whose unit is the ampere, with all channels checked, autoUpdate() on and no sampling period.
     explicit RVXAbstractDeviceDataModel(QObject *parent = nullptr);
     ~RVXAbstractDeviceDataModel() override;
 
@@ -40,22 +42,23 @@ public:
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    //! Takes Qt::CheckStateRole on a channel's cell of row 0, nothing else.
+    /*! Sets the check state of a channel: Qt::CheckStateRole of its cell in row 0. Returns false for any other cell and role.
+        Emits dataChanged() if the state has changed. */
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     QVariant
     headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    /*! What the device knows of a cell: asked for Qt::DisplayRole, Qt::EditRole, Qt::ToolTipRole,
+    /*! Returns the device's data of a cell. data() calls it for Qt::DisplayRole, Qt::EditRole, Qt::ToolTipRole,
         NumericValueRole and Qt::UserRole. */
     virtual QVariant deviceSpecificData(const QModelIndex &index, int role) const = 0;
-    //! Font of the samples.
+    //! Returns the font of the samples' cells.
     virtual QFont dataFont() const;
-    //! Whether a reading lies outside the instrument's range; channel and sample count from 0.
+    //! Returns true if a reading lies outside the instrument's range; \a channel and \a sample are counted from 0.
     virtual bool isOverrange(int channel, int sample) const = 0;
-    /*! The unit of the readings from now on. It is not owned and must live as long as the model uses it; null is
-        taken, numbers are then shown as they are. Emits unitsChanged() and, where there are samples, dataChanged()
-        over all of them. */
+    /*! Sets the unit of the readings. The model does not own it, so it must live as long as the model uses it. With null,
+        numbers are shown as they are stored. Emits unitsChanged() and, if there are samples, dataChanged() for all of
+        them. */
     virtual void SetUnits(const Units::MeasurementUnit *units);
 
     int MaxBufferSize() const override;
@@ -65,21 +68,23 @@ public:
     const Units::MeasurementUnit *xUnits() const override;
     QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const override;
 
-    /*! Sampling period in milliseconds. At 1 or more, sampleDue() becomes true once a period; at 0 or less it is
-        always true: every reading counts. */
+    /*! Sets the sampling period in milliseconds. If it is 1 or more, sampleDue() becomes true once a period; if it is 0 or
+        less, sampleDue() is always true and every reading is taken. */
     void setPeriod(int milliseconds);
 
-    //! Whether each reading is shown at once; otherwise the host says when.
+    //! Returns true, the default, if views hear of each reading at once; otherwise they hear when the host decides.
     bool autoUpdate() const;
+    //! Sets whether views hear of each reading at once.
     void setAutoUpdate(bool on);
 
 Q_SIGNALS:
+    //! Emitted by SetUnits() with the new unit of the readings, which may be null.
     void unitsChanged(const Corvale_Qt::Units::MeasurementUnit *units);
 
 protected:
-    //! Whether the next reading is to be taken, for subclasses that thin their readings by time.
+    //! Returns true if the next reading is to be stored, for subclasses that store readings once a period.
     bool sampleDue() const;
-    //! For a subclass that has taken a reading: the next one is due when the period is over.
+    //! Records that a reading was stored: the next one is due when the period is over.
     void sampleTaken();
 
 private Q_SLOTS:

@@ -7,18 +7,21 @@
 
 namespace Corvale_Qt {
 
-/*! The colours that curves and marker labels share in every display, so that a channel looks the same in all
-    of them. */
+/*! The colours of curves and of marker labels. All displays share them, so that a channel has the same colour
+    everywhere. */
 class CORVALE_QT_EXPORT RVXPlotColors
 {
 public:
+    //! Number of different curve colours: 8.
     static const unsigned int NUM_SCOPE_COLORS;
+    //! Colours of the first eight curves, in their order.
     static const QColor colors[8];
 
-    //! Colour of curve \a i, counted from 0; any integer is taken modulo 8 by its low three bits.
+    //! Returns the colour of curve \a i, counted from 0. Colours repeat after 8 curves; negative numbers are valid.
     static QColor color(int i);
-    //! Behind the text of a marker: dark and half transparent.
+    //! Returns the background of a marker's label, which is dark and half transparent.
     static QColor labelBackgroundColor();
+    //! Returns the text colour of a marker's label.
     static QColor labelTextColor();
 
 private:

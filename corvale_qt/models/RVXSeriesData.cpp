@@ -115,7 +115,7 @@ void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) co
 
 SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
 {
-    // A subclass may have another sample(); then that is what is drawn.
+    // A subclass may override sample(), so only the exact classes are known.
     if (!series)
         return SeriesColumns();
     if (typeid(*series) == typeid(ColumnSeries))

@@ -2,13 +2,13 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 
 #include "corvale_qt/models/BlockRanges_p.h"
+#include "corvale_qt/models/Logging_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 #include "corvale_qt/units/NumberText_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 
-#include <QDebug>
 #include <QFile>
 
 namespace Corvale_Qt {
@@ -38,8 +38,8 @@ public:
     const RVXSingleChannelDataModel *const q;
     TimeRing times;
     SampleRing values;
-    mutable BlockRanges ranges; // of the values
-    qint64 taken = 0; // values, ever
+    mutable BlockRanges ranges; // of the stored values
+    qint64 taken = 0; // how many values were ever stored
     int visibleRows = 0;
     int plotWidthHintPoints = 0;
     QString channelName;
@@ -188,19 +188,19 @@ void RVXSingleChannelDataModel::AddData(double timestamp, double value)
         d->store(timestamp, value);
 }
 
-//! Adds a reading where somebody has to hear of it, or of the one that leaves.
+//! Adds a reading and announces its row, the removal of the oldest row, or both.
 void RVXSingleChannelDataModel::addVisibly(double timestamp, double value)
 {
     Q_D(RVXSingleChannelDataModel);
     const bool full = d->values.full();
     const bool announced = autoUpdate();
     const int stored = int(d->values.size());
-    // What is dropped must have been seen; nothing to do unless auto update was off.
+    // A row must have been announced before it can be removed; all rows have been unless auto update was off.
     if (full && announced)
         UpdateView();
     const bool dropsVisible = full && d->visibleRows > 0;
 
-    // The insertion is opened around the removal: the order that hosts already built rely on.
+    // Existing hosts rely on the insertion being opened around the removal.
     if (full) {
         if (announced)
             beginInsertRows(QModelIndex(), stored, stored);
@@ -252,7 +252,7 @@ bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
     const QString reason = file.errorString();
     file.close();
     if (!complete || file.error() != QFileDevice::NoError)
-        qWarning().noquote() << "Data file" << fileName << "is not complete:" << reason;
+        qCWarning(lcModels).noquote() << "Data file" << fileName << "is not complete:" << reason;
     return true;
 }
 

@@ -9,16 +9,16 @@ class RVXSingleChannelDataModelPrivate;
 
 /*! The readings of one channel: the newest 100000 samples, each with its time stamp.
 
-    Values are given in the base unit and shown in units(). With autoUpdate() on, which it is at first, views hear
-    of each sample; with it off, they hear when the host calls UpdateView(). A table view costs more per sample
-    than anything else here, so feed tables the second way, from a timer.
+    Values are passed in the base unit and shown in units(). If autoUpdate() is on, as it is at first, views hear of each
+    sample; otherwise they hear of new samples when the host calls UpdateView(). Table views are expensive, so switch
+    autoUpdate() off for them and call UpdateView() from a timer.
 
-    With autoUpdate() on, the rows are counted before a new one is announced, an order that hosts rely on. A proxy
-    that keeps a map of its source's rows, as QSortFilterProxyModel does, then counts the new row twice and shows one
-    that is not there. Under such a proxy keep autoUpdate() off and call UpdateView().
+    If autoUpdate() is on, rowCount() counts a new row already while the row is announced; hosts rely on this order. A proxy
+    that maps its source's rows, as QSortFilterProxyModel does, then counts the new row twice and shows a row that does not
+    exist. Under such a proxy keep autoUpdate() off and call UpdateView().
 
-    While the buffer is full, a sample that arrives is announced as an insertion at the end with the removal of row
-    1 inside it. An index on the last row therefore moves to the newest sample; the others keep theirs.
+    When the buffer is full, a new sample is announced as an insertion at the end with the removal of row 1 inside it. An
+    index of the last row therefore moves to the newest sample; other indexes keep their samples.
 
     \code
     RVXSingleChannelDataModel model;
@@ -30,28 +30,31 @@ class CORVALE_QT_EXPORT RVXSingleChannelDataModel : public RVXAbstractDeviceData
     Q_OBJECT
 
 public:
+    //! Constructs an empty model of one channel, with autoUpdate() on.
     explicit RVXSingleChannelDataModel(QObject *parent = nullptr);
     ~RVXSingleChannelDataModel() override;
 
-    /*! Appends a reading. \a timestamp is in seconds: exactly 0.0 clears the model first, the newest one again is
-        a repeated reading and is dropped, anything else is stored, NaN and steps back included. */
+    /*! Appends a reading. \a timestamp is in seconds, \a value in the base unit. A time of exactly 0.0 clears the model
+        first. A reading with the time of the newest sample is a repetition and is ignored. Any other is stored, also with a
+        NaN or an earlier time. A full buffer drops its oldest sample. */
     void AddData(double timestamp, double value);
-    //! Announces what was stored since the last time, in one insertion.
+    //! Announces the samples that were stored since the last announcement as one insertion of rows.
     void UpdateView();
 
     void Clear() override;
-    /*! Writes the visible samples as CSV: time with nine decimals and the value in the base unit with six digits,
-        whatever units() is. A file that cannot be opened gives false; one that cannot be written to the end leaves
-        a warning on the debug stream and gives true, which hosts rely on. */
+    /*! Writes the visible samples as CSV: the time with nine decimals and the value in the base unit with six significant
+        digits, whatever units() is. Returns false if the file cannot be opened. If it cannot be written to the end, logs a
+        warning and returns true, which hosts rely on. */
     bool SaveDataToFile(const QString &fileName) const override;
 
-    //! The number set here, or 256 while it is 0.
+    //! Returns the number of setPlotWidthHintPoints(), or 256 if that is 0.
     int PlotWidthHintPoints() const override;
-    //! Not checked.
+    //! Sets how many samples a plot should show at once; 0 means the default. The number is not checked.
     void setPlotWidthHintPoints(int points);
 
-    //! A name for whoever wants to know it; neither the table nor the file shows it.
+    //! Returns the name that the host has set, which is empty at first. Neither the table nor the file shows it.
     QString channelName() const;
+    //! Sets the name that channelName() returns.
     void setChannelName(const QString &name);
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

@@ -3,6 +3,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
+#include <QDebug>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -14,7 +16,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// Two doubles that the processor takes at once. A comparison with a NaN is false, lane by lane as for one alone.
+// Two doubles that the processor handles with one instruction. A comparison with a NaN is false in its lane alone.
 using Pair = double __attribute__((vector_size(16)));
 
 Pair lesser(Pair a, Pair b)
@@ -27,16 +29,19 @@ Pair greater(Pair a, Pair b)
     return a > b ? a : b;
 }
 
-//! Some pairs side by side, so that the processor need not wait for one comparison before it begins the next.
+//! Ranges of several pairs side by side, so that the processor does not wait for one comparison to start the next.
 template<int pairs>
 struct Lanes
 {
     Pair least[pairs];
     Pair greatest[pairs];
-    // Not finite where a number among them is not; nor where they are enormous, which costs only time.
+    // Not finite if one of the numbers is not. A sum of enormous numbers may overflow as well, which only costs time.
     Pair sum[pairs];
 
     Lanes()
+        : least{}
+        , greatest{}
+        , sum{}
     {
         std::fill_n(least, pairs, Pair{infinity, infinity});
         std::fill_n(greatest, pairs, Pair{-infinity, -infinity});
@@ -69,7 +74,7 @@ struct Lanes
 template<int pairs>
 ValueRange rangeByLanes(const double *values, int count)
 {
-    // A page ahead: the processor looks ahead by itself, but not into the next page.
+    // One page ahead: the processor prefetches by itself, but not across the end of a page.
     constexpr int prefetched = 512;
     Lanes<pairs> lanes;
     int i = 0;
@@ -78,7 +83,7 @@ ValueRange rangeByLanes(const double *values, int count)
             __builtin_prefetch(values + i + prefetched);
         for (int lane = 0; lane < pairs; ++lane) {
             Pair pair;
-            std::memcpy(&pair, values + i + 2 * lane, sizeof pair);
+            std::memcpy(&pair, values + i + std::ptrdiff_t(2) * lane, sizeof pair);
             lanes.add(lane, pair);
         }
     }
@@ -89,7 +94,7 @@ ValueRange rangeByLanes(const double *values, int count)
 
 ValueRange rangeOfPiece(const double *values, int count)
 {
-    // A few numbers are read before many lanes are set up and put together.
+    // Reading fewer numbers than this takes less time than combining four lanes.
     constexpr int few = 24;
     return count < few ? rangeByLanes<1>(values, count) : rangeByLanes<4>(values, count);
 }
@@ -108,6 +113,13 @@ ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
 }
 
 } // namespace
+
+QDebug operator<<(QDebug debug, const ValueRange &range)
+{
+    const QDebugStateSaver saver(debug);
+    return debug.nospace() << "ValueRange(" << range.least << " to " << range.greatest
+                           << (range.allFinite ? ")" : ", some not finite)");
+}
 
 ValueRange storedRange(const ColumnSpans &spans, int first, int last)
 {
@@ -156,7 +168,7 @@ bool SampleBounds::addSpans(const SeriesColumns &columns, int count)
         return (y.factor * stored - y.zero) / columns.scale;
     };
     const double ends[] = {shown(range.least), shown(range.greatest)};
-    // Each step from the stored number to the shown one keeps the order or turns it, while nothing overflows.
+    // As long as nothing overflows, each step of the conversion keeps the order of the numbers or reverses it.
     if (!range.allFinite || !std::isfinite(ends[0]) || !std::isfinite(ends[1])
         || !std::isfinite(x.value(0)) || !std::isfinite(x.value(count - 1)))
         return false;

@@ -1,30 +1,28 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QPointF>
 #include <QRectF>
 
 #include <algorithm>
 
+class QDebug;
+
 namespace Corvale_Qt {
 
 struct ColumnSpans;
 struct SeriesColumns;
 
-//! Smallest and largest of some numbers; what is not finite is known, and left out of the two.
+//! The smallest and the largest of the finite numbers among some numbers, and whether all of them are finite.
 struct ValueRange
 {
     double least;
     double greatest;
     bool allFinite;
 
+    //! Extends the range by another one.
     void unite(const ValueRange &other)
     {
         least = std::min(least, other.least);
@@ -33,23 +31,27 @@ struct ValueRange
     }
 };
 
-/*! Of rows \a first to \a last - 1 of the spans, counted from their first row: as they are stored, neither
-    multiplied nor subtracted from. Where none is finite, least is above greatest. */
+QDebug operator<<(QDebug debug, const ValueRange &range);
+
+/*! Returns the range of the stored numbers of rows \a first to \a last - 1, counted from the first row of the spans;
+    factor and zero are not applied. If no number is finite, least is greater than greatest. */
 ValueRange storedRange(const ColumnSpans &spans, int first, int last);
-//! The same, whoever keeps ranges: reads all of them.
+//! Returns what storedRange() returns, but always reads every number instead of cached ranges.
 ValueRange readRange(const ColumnSpans &spans, int first, int last);
 
-/*! The rectangle around samples: of those that are finite, and of the first one, whose coordinates count as 0
-    where they are not. */
+/*! Finds the rectangle around samples. Samples with a coordinate that is not finite are left out, except that the first
+    one always counts, with 0 for such a coordinate. */
 class SampleBounds
 {
 public:
     explicit SampleBounds(const QPointF &first);
 
+    //! Adds a sample; ignores it unless both coordinates are finite.
     void add(double x, double y);
-    /*! All samples of a series at once, at the cost of reading their memory; false, and nothing added, where
-        that cannot be done with the same result. */
+    /*! Adds the first \a count samples of a series from the ranges of its memory. Returns false and adds nothing if the
+        result could differ from that of add() for each sample. */
     bool addSpans(const SeriesColumns &columns, int count);
+    //! Returns the rectangle; top is the smallest y.
     QRectF rectangle() const;
 
 private:

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/PlotColumns_p.h"
 
@@ -18,8 +13,8 @@ namespace Corvale_Qt {
 
 using SampleRing = boost::circular_buffer<double>;
 
-/*! Writes elements first to first + count - 1 of \a ring to \a out, each through \a transform. An element that
-    the ring does not have becomes 0.0, what doubleData() answers there. */
+/*! Writes transform(element) of elements \a first to first + count - 1 of \a ring to \a out, counted from the oldest.
+    Elements that the ring does not have become 0.0, which doubleData() returns for them. */
 template<typename Transform>
 void readRing(const SampleRing &ring, int first, int count, double *out, Transform transform)
 {
@@ -28,7 +23,7 @@ void readRing(const SampleRing &ring, int first, int count, double *out, Transfo
     for (; i < count && first + i < 0; ++i)
         out[i] = 0.0;
 
-    // Two straight pieces of memory instead of an iterator that looks for the edge at every step.
+    // Loops over the two pieces of memory, because the ring's iterator checks for the edge at every step.
     const auto one = ring.array_one();
     const auto two = ring.array_two();
     const int inOne = int(one.second);
@@ -40,7 +35,8 @@ void readRing(const SampleRing &ring, int first, int count, double *out, Transfo
         out[i] = 0.0;
 }
 
-//! Where elements first to first + count - 1 of \a ring lie; false where it does not have them all.
+/*! Sets \a spans to the memory of elements \a first to first + count - 1 of \a ring, counted from the oldest. Returns false
+    if the ring does not have all of them. */
 inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans &spans)
 {
     if (first < 0 || count < 0 || first > int(ring.size()) - count)
@@ -57,7 +53,7 @@ inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans 
     return true;
 }
 
-/*! Time stamps that know whether they only rise, so that a row can be searched for instead of scanned for. */
+//! A ring of time stamps that keeps track of whether they rise, so that a row can be found by binary search.
 class TimeRing
 {
 public:
@@ -67,26 +63,27 @@ public:
     }
 
     const SampleRing &times() const { return m_times; }
-    //! Whether the newest stamp is \a time.
+    //! Returns true if the newest stamp is \a time.
     bool endsWith(double time) const { return !m_times.empty() && m_newest == time; }
+    //! Returns true if each stamp is greater than the one before; a NaN is not.
     bool rises() const { return m_steps == 0; }
-    //! Another number after each change, shared with no other ring.
+    //! Returns another number after each change, which no other ring returns.
     quint64 version() const
     {
-        // Counted when somebody asks: much comes between two questions.
+        // Counted here rather than at each change, since there are many changes between two calls.
         if (m_changed)
             m_version = newVersion();
         m_changed = false;
         return m_version;
     }
-    //! A version for time stamps that are kept elsewhere.
+    //! Returns a new version for time stamps that are stored elsewhere.
     static quint64 newVersion() { return ++s_lastVersion; }
 
-    //! Appends; a full ring drops its oldest.
+    //! Appends a stamp; a full ring drops its oldest.
     void push_back(double time)
     {
         if (m_times.full())
-            leaveOldest();
+            releaseOldest();
         if (!m_times.empty() && !(m_newest < time))
             ++m_steps;
         m_times.push_back(time);
@@ -102,10 +99,10 @@ public:
     }
 
 private:
-    //! Of a full ring, before it takes one more.
-    void leaveOldest()
+    //! Prepares a full ring for one more stamp: the step that leaves it with the oldest stamp no longer counts.
+    void releaseOldest()
     {
-        // A ring for one never has a step.
+        // Between two stamps of a ring of capacity 1 no step is counted.
         if (m_times.size() <= 1)
             m_times.clear();
         else if (!(m_times[0] < m_times[1]))
@@ -113,9 +110,9 @@ private:
     }
 
     SampleRing m_times;
-    // Valid while there are any.
+    // Valid unless the ring is empty.
     double m_newest = 0.0;
-    // How many stamps are not greater than the one before; a NaN is not.
+    // Counts stamps that are not greater than the one before; a NaN is not.
     int m_steps = 0;
     mutable bool m_changed = true;
     mutable quint64 m_version = 0;

@@ -7,12 +7,12 @@
 
 class QColor;
 
-//! Colours as fragments of Qt style sheets.
+//! Converts colours to fragments of Qt style sheets.
 namespace resource {
 
-//! "rgb( 255,128,0)": the space after the parenthesis and none after the commas, as style sheets of hosts have it.
+//! Returns "rgb( 255,128,0)". The space after the parenthesis stays as it is in existing style sheets of hosts.
 CORVALE_QT_EXPORT QString rgbStyleSheetFromColor(const QColor &color);
-//! "color: rgb( 255,128,0);"
+//! Returns "color: rgb( 255,128,0);".
 CORVALE_QT_EXPORT QString colorRgbStyleSheetFromColor(const QColor &color);
 
 } // namespace resource

@@ -3,8 +3,8 @@
 
 namespace Corvale_Qt {
 
-/*! How a computation on a profile ended. The values are what hosts log and compare; they are negative where
-    there is no result. */
+/*! How a computation on a profile ended. Hosts log and compare these values: 0 is success, every failure is
+    negative. */
 enum class FitStatus : int {
     Ok = 0,
     NotEnoughChannels = -1,
@@ -13,9 +13,9 @@ enum class FitStatus : int {
     SignalBelowThreshold = -4,
     NotEnoughPeakChannels = -5,
     NoiseAboveThreshold = -6,
-    //! The normal equations have no solution that the arithmetic can tell from noise.
+    //! The normal equations are singular to working precision.
     SingularEquations = -7,
-    //! There is a solution, but no Gaussian: its width is not a positive number.
+    //! The equations have a solution, but its width is not a positive, finite number.
     NoRealWidth = -8,
 };
 

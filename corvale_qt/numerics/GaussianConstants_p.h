@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 namespace Corvale_Qt {
 
-/*! The Gaussian's constants to the digits that each precision has always been computed with; the float ones
-    are not the double ones rounded. */
+/*! Constants of the Gaussian. Each precision keeps the digits that its results have always been computed with:
+    the float constants are not the double ones rounded. */
 template<typename T>
 struct GaussianConstants;
 

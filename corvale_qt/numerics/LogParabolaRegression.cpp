@@ -21,10 +21,11 @@ struct NormalEquations
         if (weight > 0)
             ++weighted;
         double power = weight;
-        for (int i = 0; i < 5; ++i, power *= k) {
+        for (int i = 0; i < 5; ++i) {
             s[i] += power;
             if (i < 3)
                 t[i] += power * logarithm;
+            power *= k;
         }
     }
 };
@@ -36,11 +37,10 @@ struct Parabola
     double c = 0;
 };
 
-//! By the inverse of cofactors. False where the determinant, or its reciprocal, is not a normal number.
+//! Solves by cofactors. Returns false if the determinant or its reciprocal is not a normal number.
 bool solve(const NormalEquations &equations, Parabola &parabola)
 {
-    // A parabola through fewer than three points: the determinant is zero, but rounding may hide
-    // it.
+    // With fewer than three points the determinant is zero, but rounding may hide that.
     if (equations.weighted < 3)
         return false;
     const auto &s = equations.s;
@@ -71,7 +71,7 @@ std::vector<T> withoutPedestals(const T *values, int count, const std::array<T, 
     return corrected;
 }
 
-//! The run of bins around the peak that reach the limit, inside the window.
+//! Returns the unbroken run of bins around the peak that reach the limit, at most \a halfWidth to each side.
 template<typename T>
 IndexRange runAroundPeak(const std::vector<T> &values, int peak, int halfWidth, T limit)
 {
@@ -96,7 +96,7 @@ T weightOf(T relative, int power)
     return std::pow(relative, static_cast<T>(power));
 }
 
-//! Counted from the peak, where the weights are: from a far end of the run the sums would cancel.
+//! Sums up the equations. Bins are counted from the peak, because sums from a far end of the run would cancel.
 template<typename T>
 NormalEquations
 accumulate(const std::vector<T> &values, IndexRange run, const Peak<T> &peak, int power)
@@ -110,7 +110,7 @@ accumulate(const std::vector<T> &values, IndexRange run, const Peak<T> &peak, in
     return equations;
 }
 
-//! The Gaussian whose logarithm the parabola is. False where it has no finite width or height.
+//! Takes the Gaussian whose logarithm is the parabola. Returns false unless all its numbers are finite.
 template<typename T>
 bool takeGaussian(const Parabola &parabola, RegressionResult<T> &result)
 {

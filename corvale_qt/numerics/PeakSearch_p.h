@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 namespace Corvale_Qt {
 
+/*! The largest of some values and its index. */
 template<typename T>
 struct Peak
 {
-    int index = -1; //!< counted from 0; -1 where no value is above the floor
-    T value = T(0); //!< the floor where there is no peak
+    int index = -1; //!< counted from 0; -1 if no value is above the floor
+    T value = T(0); //!< the floor if no value is above it
 };
 
-/*! The first of the largest values that lie above \a floor. A NaN is never a peak. */
+/*! Returns the largest value above \a floor; of several equal ones, the first. A NaN is never a peak. */
 template<typename T>
 Peak<T> findPeak(const T *values, int count, T floor)
 {
@@ -22,13 +25,12 @@ Peak<T> findPeak(const T *values, int count, T floor)
     return peak;
 }
 
-/*! First and last index, both included. */
+/*! A range of indexes, from the first to the last included. */
 struct IndexRange
 {
     int first = 0;
     int last = -1;
 
-    bool contains(int i) const { return i >= first && i <= last; }
     int size() const { return last - first + 1; }
 };
 

@@ -8,30 +8,13 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr int no = PixelGrid::unused;
+using RoundPixelDetector::kSide;
 
-// clang-format off
-constexpr int kReadingOfCell[PixelGrid::cells] = {
-    no, no, no, 49, 43, 37,  27,  28,  29,  no,  no,  no,
-    no, no, 54, 48, 42, 36,  23,  24,  25,  26,  no,  no,
-    no, 58, 53, 47, 41, 35,  18,  19,  20,  21,  22,  no,
-    61, 57, 52, 46, 40, 34,  12,  13,  14,  15,  16,  17,
-    60, 56, 51, 45, 39, 33,   6,   7,   8,   9,  10,  11,
-    59, 55, 50, 44, 38, 32,   0,   1,   2,   3,   4,   5,
-    69, 68, 67, 66, 65, 64,  96, 102, 108, 114, 119, 123,
-    75, 74, 73, 72, 71, 70,  97, 103, 109, 115, 120, 124,
-    81, 80, 79, 78, 77, 76,  98, 104, 110, 116, 121, 125,
-    no, 86, 85, 84, 83, 82,  99, 105, 111, 117, 122,  no,
-    no, no, 90, 89, 88, 87, 100, 106, 112, 118,  no,  no,
-    no, no, no, 93, 92, 91, 101, 107, 113,  no,  no,  no,
-};
-// clang-format on
-
-constexpr double kCentre = PixelGrid::size / 2.0;
+constexpr double kCentre = kSide / 2.0;
 constexpr double kSmallestSigma = 0.25;
 constexpr double kHalfPi = 1.5707963267948966;
 
-//! Sums over the cells about the centroid, weighted with the cells' values.
+//! Second moments about a point, summed over the cells and weighted with the cells' values.
 struct SecondMoments
 {
     double xx = 0;
@@ -39,37 +22,42 @@ struct SecondMoments
     double xy = 0;
 };
 
-void placeReadings(const std::array<double, PixelGrid::readings> &readings,
+void placeReadings(const std::array<double, RoundPixelDetector::kReadings> &readings,
                    double discriminator,
                    PixelMoments &moments)
 {
-    for (int cell = 0; cell < PixelGrid::cells; ++cell) {
-        const int reading = kReadingOfCell[cell];
-        if (reading == no || !(readings[reading] >= discriminator)) // nor a NaN
-            continue;
-        moments.raster[cell] = readings[reading];
-        moments.max = std::max(moments.max, readings[reading]);
-        moments.integral += readings[reading];
+    for (int row = 0; row < kSide; ++row) {
+        for (int column = 0; column < kSide; ++column) {
+            const int reading = RoundPixelDetector::readingAt(row, column);
+            // Written so that a NaN counts as 0, too.
+            if (reading == RoundPixelDetector::kNotWired || !(readings[reading] >= discriminator))
+                continue;
+            moments.raster[row * kSide + column] = readings[reading];
+            moments.max = std::max(moments.max, readings[reading]);
+            moments.integral += readings[reading];
+        }
     }
 }
 
-//! \a x and \a y: the centroid, in columns and rows.
+//! Returns the sums about the point (\a x, \a y), in columns and rows.
 SecondMoments secondMoments(const PixelMoments &moments, double x, double y)
 {
     SecondMoments sums;
-    for (int cell = 0; cell < PixelGrid::cells; ++cell) {
-        const double dx = cell % PixelGrid::size - x;
-        const double dy = cell / PixelGrid::size - y;
-        const double value = moments.raster[cell];
-        sums.xx += dx * dx * value;
-        sums.yy += dy * dy * value;
-        sums.xy += dy * dx * value;
+    for (int row = 0; row < kSide; ++row) {
+        for (int column = 0; column < kSide; ++column) {
+            const double dx = column - x;
+            const double dy = row - y;
+            const double value = moments.raster[row * kSide + column];
+            sums.xx += dx * dx * value;
+            sums.yy += dy * dy * value;
+            sums.xy += dy * dx * value;
+        }
     }
     return sums;
 }
 
-/*! In a step of its own: a beam exactly along a column, or exactly on a diagonal, reads 0 here. Kept for hosts
-    that compare with readings taken before; pictures use the axis angle. */
+/*! Returns the direction of the major axis, but 0 for a beam exactly along a column or on a diagonal. Hosts compare
+    this number with earlier results, so it stays; pictures use the axis angle. */
 double reportedRotation(const SecondMoments &s)
 {
     const double d = s.xx - s.yy;
@@ -107,12 +95,7 @@ void takeWidths(const SecondMoments &s, PixelMoments &moments)
 
 } // namespace
 
-int PixelGrid::readingOfCell(int cell)
-{
-    return cell >= 0 && cell < cells ? kReadingOfCell[cell] : unused;
-}
-
-PixelMoments computePixelMoments(const std::array<double, PixelGrid::readings> &readings,
+PixelMoments computePixelMoments(const std::array<double, RoundPixelDetector::kReadings> &readings,
                                  double discriminator,
                                  int layout)
 {
@@ -127,14 +110,16 @@ PixelMoments computePixelMoments(const std::array<double, PixelGrid::readings> &
 
     double columns = 0;
     double rows = 0;
-    for (int cell = 0; cell < PixelGrid::cells; ++cell) {
-        columns += cell % PixelGrid::size * moments.raster[cell];
-        rows += cell / PixelGrid::size * moments.raster[cell];
+    for (int row = 0; row < kSide; ++row) {
+        for (int column = 0; column < kSide; ++column) {
+            columns += column * moments.raster[row * kSide + column];
+            rows += row * moments.raster[row * kSide + column];
+        }
     }
     const double x = columns / moments.integral;
     const double y = rows / moments.integral;
     const SecondMoments sums = secondMoments(moments, x, y);
-    // Readings so large that their squares overflow have no moments.
+    // The moments of very large readings may overflow; such a frame is not valid.
     if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(sums.xx + sums.yy + sums.xy))
         return moments;
     takeWidths(sums, moments);

@@ -19,7 +19,7 @@ void searchPeak(ProfileFit &fit)
         fit.maxIndex = peak.index;
 }
 
-//! A Gaussian that has the peak's height in the peak's bin.
+//! Takes the Gaussian that has the peak's height in the peak's bin.
 FitStatus takeShapeThroughPeak(ProfileFit &fit, double mean, double variance)
 {
     const auto centre = static_cast<float>(mean);
@@ -36,7 +36,7 @@ FitStatus takeShapeThroughPeak(ProfileFit &fit, double mean, double variance)
     return FitStatus::Ok;
 }
 
-//! Sums over a range of bins; a value not above the limit counts as 0 where a limit is given.
+//! Sums over a range of bins. If a limit is given, values that are not above it count as 0.
 class Moments
 {
 public:
@@ -47,7 +47,7 @@ public:
     {
     }
 
-    //! Sum of value x (bin - centre)^order.
+    //! Returns the sum of value x (bin - centre)^order.
     double about(double centre, int order) const
     {
         double sum = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+// Private: this header is not installed.
+
 #include "corvale_qt/numerics/FitStatus.h"
 #include "corvale_qt/numerics/LogParabolaRegression_p.h"
 #include "corvale_qt/numerics/PeakSearch_p.h"
@@ -10,23 +12,23 @@ namespace Corvale_Qt {
 struct ProfileFit;
 
 /*! \file
-    The computations on a histogram's bins. Each takes the values from the record, fills it, and sets its
-    `valid` where the status is Ok; on failure the record keeps the peak and the sum that were found. None throws,
-    whatever the values are. */
+    The computations on a histogram's bins. Each reads the values of the record, fills in the results, and sets
+    `valid` if the status is Ok. On failure the record keeps the peak and the sum that were found. None of them
+    throws, whatever the values are. */
 
-/*! The window of 2 \a halfWidth + 1 bins around \a peak, pushed inside the profile; all of the profile where
-    it does not fit. */
+/*! Returns a window of 2 \a halfWidth + 1 bins around \a peak. Near an end of the profile the window is moved
+    inside; if it is longer than the profile, it is the whole profile. */
 IndexRange windowAround(int peak, int halfWidth, int count);
 
-//! Moments of the bins whose value is above \a fraction of the largest; the others count as 0.
+//! Computes the moments of the bins whose value is above \a fraction of the largest; other bins count as 0.
 FitStatus computeCentreOfGravityAbove(ProfileFit &fit, float fraction);
-//! Moments of the bins in the window around the peak.
+//! Computes the moments of the bins in windowAround() the peak.
 FitStatus computeCentreOfGravityInWindow(ProfileFit &fit, int halfWidth);
-//! The Gaussian through the peak and its two neighbours.
+//! Fits the Gaussian through the peak and its two neighbours.
 FitStatus computeGaussabola(ProfileFit &fit, float minimumPeak);
-//! Weighted log parabola; takes the pedestals of the record, not those of \a options.
+//! Fits a Gaussian by fitLogParabola(), with the pedestals of the record instead of those of \a options.
 FitStatus computeRegression(ProfileFit &fit, const RegressionOptions<float> &options);
-//! Takes mean, sigma and peak height from the record, as the device gave them.
+//! Makes the record valid from the mean, sigma and peak height that the device gave.
 FitStatus adoptDeviceFit(ProfileFit &fit);
 
 } // namespace Corvale_Qt

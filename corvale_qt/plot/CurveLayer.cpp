@@ -21,14 +21,14 @@ CurveLayer::CurveLayer()
 void CurveLayer::add(QPainter *painter,
                      const QRect &clip,
                      const PixelRuns &runs,
-                     const QColor &colour)
+                     const QColor &color)
 {
     if (m_painter != painter || m_clip != clip)
         begin(painter, clip);
-    int number = m_image.numberOf(colour.rgba());
+    int number = m_image.numberOf(color.rgba());
     if (number == 0) {
         begin(painter, clip);
-        number = m_image.numberOf(colour.rgba());
+        number = m_image.numberOf(color.rgba());
     }
     for (const PixelRuns::Run &run : runs.runs())
         m_image.addRun(run.column - clip.left(),
@@ -48,7 +48,7 @@ void CurveLayer::begin(QPainter *painter, const QRect &clip)
 
 void CurveLayer::flush(QPainter *painter) const
 {
-    // What was meant for another painter has nowhere to go any more.
+    // Runs that were added for a painter that has finished are dropped.
     if (m_painter && m_painter == painter)
         m_image.draw(painter, m_clip.topLeft());
     m_painter = nullptr;

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/plot/RunImage_p.h"
 
@@ -16,20 +11,21 @@ namespace Corvale_Qt {
 
 class PixelRuns;
 
-/*! One picture for all dense curves of a plot: their runs are written into it as bare pixels, and it is blended
-    onto the canvas once, right above the curves. A painter spends some 40 instructions on each pixel of a
-    vertical line; this spends two.
+/*! One picture for all dense curves of a plot. Their runs are written into it as plain pixels, and the picture is drawn onto
+    the canvas once, directly above the curves. A painter spends some 40 instructions on each pixel of a vertical line; the
+    picture needs two.
 
-    Attach it above the curves of a plot that have it (RVXDiscontinuousPlotCurve::setLayer()). A curve that draws
-    for itself flushes it first, so that what lies above what does not change. */
+    Attach it to the plot above the curves that use it (RVXDiscontinuousPlotCurve::setLayer()). A curve that is painted
+    directly flushes it first, so that the curves keep their order. */
 class CurveLayer : public QwtPlotItem
 {
 public:
     CurveLayer();
 
-    //! What was gathered with \a clip, on the pixels of \a painter's device; \a colour is opaque.
-    void add(QPainter *painter, const QRect &clip, const PixelRuns &runs, const QColor &colour);
-    //! Puts what was added onto the canvas.
+    /*! Adds runs that lie inside \a clip, in pixels of \a painter's coordinates. \a color must be opaque. Runs that were added
+        for another clip are drawn first. */
+    void add(QPainter *painter, const QRect &clip, const PixelRuns &runs, const QColor &color);
+    //! Draws the picture onto the canvas and empties it. Does nothing if \a painter is not the one of add().
     void flush(QPainter *painter) const;
 
     void draw(QPainter *painter,
@@ -38,11 +34,12 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
+    //! Draws the picture and starts an empty one.
     void begin(QPainter *painter, const QRect &clip);
 
     mutable RunImage m_image;
     QRect m_clip;
-    // Whose paint the picture belongs to; null while it is empty.
+    // The painter that the runs were added for; null while the picture is empty.
     mutable QPainter *m_painter = nullptr;
 };
 

@@ -21,12 +21,12 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Everything is painted on one thread, a curve after the other: what one leaves behind serves the next.
+// Buffers that all curves share. Curves are painted one after the other on one thread.
 struct Scratch
 {
     PixelRuns runs;
-    PixelColumns edges;
-    SampleXCache positions;
+    PixelColumns columns;
+    SampleXCache sampleX;
     QVector<QPointF> points;
 };
 
@@ -36,25 +36,25 @@ Scratch &scratch()
     return shared;
 }
 
-//! Samples of a series as they lie in memory.
+//! The samples of a series, read directly from the memory that holds them.
 class SeriesSpans
 {
 public:
-    SeriesSpans(const SeriesColumns &columns, int from, int to)
-        : m_row(columns.startRow + from)
+    SeriesSpans(const SeriesColumns &source, int from, int to)
+        : m_row(source.startRow + from)
         , m_count(to - from + 1)
-        , m_scale(columns.scale)
-        , m_found(columns.columns && columns.columns->spans(0, m_row, m_count, m_x)
-                  && columns.columns->spans(columns.column, m_row, m_count, m_y))
+        , m_scale(source.scale)
+        , m_found(source.columns && source.columns->spans(0, m_row, m_count, m_x)
+                  && source.columns->spans(source.column, m_row, m_count, m_y))
     {
     }
 
-    //! False where there is no such memory.
+    //! Returns false if the samples do not lie in memory.
     bool areFound() const { return m_found; }
     int count() const { return m_count; }
     double x(int i) const { return m_x.value(i); }
     double y(int i) const { return shown(m_y.stored(i)); }
-    //! What is shown of \a count samples from \a first on.
+    //! Writes the y that is shown of \a count samples, starting with sample \a first.
     void values(int first, int count, double *out) const
     {
         const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
@@ -64,11 +64,11 @@ public:
         for (int i = inFirst; i < count; ++i)
             out[i] = shown(m_y.piece[1][skipped + i]);
     }
-    //! What becomes of a number in memory.
+    //! Converts a stored number to the y that is shown.
     double shown(double stored) const
     {
         const double value = m_y.factor * stored - m_y.zero;
-        // A division takes as long as all the rest.
+        // The division would take as long as the rest of the conversion.
         return m_scale == 1.0 ? value : value / m_scale;
     }
     const ColumnSpans &storedX() const { return m_x; }
@@ -83,12 +83,12 @@ private:
     bool m_found;
 };
 
-/*! Calls use(x, y) for each sample, missing ones included, reading by the chunk where the model can. */
+//! Calls use(x, y) for each sample, including missing ones. Reads in chunks if the model can.
 template<typename Use>
 void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
 {
-    const SeriesColumns columns = SeriesColumns::of(&series);
-    if (!columns.columns) {
+    const SeriesColumns source = SeriesColumns::of(&series);
+    if (!source.columns) {
         for (int i = from; i <= to; ++i) {
             const QPointF point = series.sample(size_t(i));
             use(point.x(), point.y());
@@ -100,14 +100,14 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
     double y[chunk];
     for (int first = from; first <= to; first += chunk) {
         const int count = std::min(chunk, to - first + 1);
-        columns.readX(size_t(first), count, x);
-        columns.readY(size_t(first), count, y);
+        source.readX(size_t(first), count, x);
+        source.readY(size_t(first), count, y);
         for (int i = 0; i < count; ++i)
             use(x[i], y[i]);
     }
 }
 
-//! Whether a line to one of the points is, on the canvas, straight up or sideways but for rounding.
+//! Returns true if one of the points is so far away that, on the canvas, lines to it are vertical or horizontal.
 bool reachesFar(const QPointF *points, int count)
 {
     constexpr double far = 1e8;
@@ -135,49 +135,48 @@ bool isFinite(double x, double y)
     return std::isfinite(x) && std::isfinite(y);
 }
 
-//! A curve's numbers in memory, with the steps from there to a pixel row.
-class DenseColumns
+//! A curve with many samples for each pixel column, read directly from the memory that holds its samples.
+class DenseCurve
 {
 public:
-    DenseColumns(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
-        : m_columns(SeriesColumns::of(&series))
-        , m_spans(m_columns, from, to)
+    DenseCurve(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
+        : m_source(SeriesColumns::of(&series))
+        , m_spans(m_source, from, to)
         , m_yMap(yMap)
     {
     }
 
-    //! False where the memory cannot be had, or x does not only rise.
+    //! Returns false if the samples do not lie in memory, or if x does not rise throughout.
     bool areFound() const
     {
-        return m_spans.areFound() && m_columns.columns->xRises() && std::isfinite(m_spans.x(0))
+        return m_spans.areFound() && m_source.columns->xRises() && std::isfinite(m_spans.x(0))
             && std::isfinite(m_spans.x(m_spans.count() - 1));
     }
 
+    //! Adds one run for each pixel column of \a clip; \a columns may hold those of the curve before.
     void
-    addTo(PixelRuns &runs, PixelColumns &edges, const QwtScaleMap &xMap, const QRect &clip) const
+    addTo(PixelRuns &runs, PixelColumns &columns, const QwtScaleMap &xMap, const QRect &clip) const
     {
-        edges.find(m_spans.storedX(),
-                   m_columns.columns->xVersion(),
-                   0,
-                   m_spans.count() - 1,
-                   xMap,
-                   clip.left(),
-                   clip.right());
-        const auto &found = edges.edges();
-        for (int i = 0; i < found.size(); ++i) {
-            const int last = i + 1 < found.size() ? found[i + 1].first : edges.end();
-            addColumn(runs, found[i].column, found[i].first, last);
+        columns.find(m_spans.storedX(),
+                     m_source.columns->xVersion(),
+                     xMap,
+                     clip.left(),
+                     clip.right());
+        const auto &edges = columns.edges();
+        for (int i = 0; i < edges.size(); ++i) {
+            const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end();
+            addColumn(runs, edges[i].column, edges[i].first, end);
         }
     }
 
 private:
-    void addColumn(PixelRuns &runs, int column, int first, int last) const
+    void addColumn(PixelRuns &runs, int column, int first, int end) const
     {
-        const ValueRange range = storedRange(m_spans.storedY(), first, last);
+        const ValueRange range = storedRange(m_spans.storedY(), first, end);
         const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
-        // Between the memory and the pixel each step keeps the order or turns it, while all is finite.
+        // As long as all is finite, each step from the stored number to the pixel keeps the order or reverses it.
         if (!range.allFinite || !isFinite(ends[0], ends[1])) {
-            addOneByOne(runs, column, first, last);
+            addOneByOne(runs, column, first, end);
             return;
         }
         const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
@@ -185,12 +184,12 @@ private:
                        pixelOf(m_yMap, m_spans.y(first)),
                        pixels.first,
                        pixels.second,
-                       pixelOf(m_yMap, m_spans.y(last - 1)));
+                       pixelOf(m_yMap, m_spans.y(end - 1)));
     }
 
-    void addOneByOne(PixelRuns &runs, int column, int first, int last) const
+    void addOneByOne(PixelRuns &runs, int column, int first, int end) const
     {
-        for (int i = first; i < last; ++i) {
+        for (int i = first; i < end; ++i) {
             const double y = m_spans.y(i);
             if (std::isfinite(y))
                 runs.addPoint(column, pixelOf(m_yMap, y));
@@ -199,7 +198,7 @@ private:
         }
     }
 
-    SeriesColumns m_columns;
+    SeriesColumns m_source;
     SeriesSpans m_spans;
     const QwtScaleMap &m_yMap;
 };
@@ -249,9 +248,9 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     PixelRuns &runs = reused.runs;
     const QRect clip = m_canvasRect.toAlignedRect();
     runs.begin(clip);
-    const DenseColumns dense(series, from, to, m_yMap);
+    const DenseCurve dense(series, from, to, m_yMap);
     if (dense.areFound()) {
-        dense.addTo(runs, reused.edges, m_xMap, clip);
+        dense.addTo(runs, reused.columns, m_xMap, clip);
     } else {
         forEachSample(series, from, to, [&](double x, double y) {
             if (isFinite(x, y))
@@ -286,12 +285,12 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
         *end++ = QPointF(position, m_aligned ? pixelOf(height) : height);
     };
 
-    const SeriesColumns columns = SeriesColumns::of(&series);
-    const SeriesSpans spans(columns, from, to);
+    const SeriesColumns source = SeriesColumns::of(&series);
+    const SeriesSpans spans(source, from, to);
     if (spans.areFound()) {
-        SampleXCache &found = scratch().positions;
+        SampleXCache &found = scratch().sampleX;
         const double *positions =
-            found.find(spans.storedX(), columns.columns->xVersion(), m_xMap, m_aligned);
+            found.find(spans.storedX(), source.columns->xVersion(), m_xMap, m_aligned);
         constexpr int chunk = 256;
         double y[chunk];
         for (int first = 0; first < spans.count(); first += chunk) {
@@ -315,7 +314,7 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     drawPolyline(begin, int(end - begin));
 }
 
-//! Where samples are, all of them finite.
+//! Writes the points of samples that are all finite.
 void CurveLines::place(const double *positions, const double *y, int count, QPointF *points) const
 {
     if (m_aligned) {

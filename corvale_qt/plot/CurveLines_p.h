@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_series_data.h>
 
@@ -19,30 +14,31 @@ namespace Corvale_Qt {
 
 class CurveLayer;
 
-/*! Draws the lines of a curve that breaks at missing samples. Two ways, the same picture but for a pixel at a
-    corner here and there:
+/*! Draws the lines of a curve that breaks at missing samples. There are two methods, whose pictures differ at most in single
+    pixels at corners:
 
-    - few samples for each pixel column: a polyline for each run of finite samples, as Qwt draws it;
-    - many: a run of pixels for each column (PixelRuns), where the painter draws whole pixels of one opaque
-      colour, and nothing is blended. */
+    - With few samples for each pixel column, each sequence of finite samples is drawn as a polyline, as Qwt draws it.
+    - With many samples, each pixel column becomes one run of pixels (PixelRuns). This is done only if the painter draws
+      whole pixels of one opaque colour, without blending. */
 class CurveLines
 {
 public:
-    //! From how many samples a pixel column on they are drawn as runs.
+    //! With more samples than this for each pixel column, the curve is drawn as runs.
     static constexpr double denseSamples = 2.0;
-    //! The same with more device pixels than one to a pixel, where a line is a polygon to the painter.
+    //! The limit for device pixel ratios above 1, where a painter draws each line as a polygon, which takes longer.
     static constexpr double denseSamplesOnFinerPixels = 1.0;
 
+    //! The maps convert to the painter's coordinates; \a canvasRect is the canvas in them. The maps must live as long.
     CurveLines(QPainter *painter,
                const QwtScaleMap &xMap,
                const QwtScaleMap &yMap,
                const QRectF &canvasRect);
 
-    //! Cuts polylines at the canvas, as QwtPlotCurve::ClipPolygons asks.
+    //! Sets whether polylines are clipped to the canvas (QwtPlotCurve::ClipPolygons); off at first.
     void setClipping(bool on) { m_clipping = on; }
-    //! Where runs go instead of onto the painter; null, as it is at first, for none.
+    //! Sets the layer that receives runs; with null, the default, they are painted directly.
     void setLayer(CurveLayer *layer) { m_layer = layer; }
-    //! Samples \a from to \a to, both included.
+    //! Draws the lines between samples \a from to \a to, both included.
     void draw(const QwtSeriesData<QPointF> &series, int from, int to);
 
 private:

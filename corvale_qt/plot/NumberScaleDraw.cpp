@@ -13,15 +13,15 @@ namespace Corvale_Qt {
 
 int axisDigits(const QwtScaleDiv &scaleDiv)
 {
-    constexpr int fewest = 6;
-    constexpr int most = 15; // what a double holds
+    constexpr double fewest = 6;
+    constexpr double most = 15; // a double holds no more
     const QList<double> ticks = scaleDiv.ticks(QwtScaleDiv::MajorTick);
     const double step = ticks.size() > 1 ? std::abs(ticks[1] - ticks[0]) : 0.0;
     const double largest =
         std::max(std::abs(scaleDiv.lowerBound()), std::abs(scaleDiv.upperBound()));
     if (!(step > 0.0 && largest > step))
-        return fewest;
-    return std::clamp(int(std::ceil(std::log10(largest / step))) + 2, fewest, most);
+        return int(fewest);
+    return int(std::clamp(std::ceil(std::log10(largest / step)) + 2, fewest, most));
 }
 
 QwtText NumberScaleDraw::label(double value) const
@@ -31,7 +31,7 @@ QwtText NumberScaleDraw::label(double value) const
 
 void NumberScaleDraw::drawLabel(QPainter *painter, double value) const
 {
-    // A painter takes the application's direction; from right to left the sign would stand behind the number.
+    // A painter has the application's layout direction; from right to left, it would put the sign behind the number.
     const Qt::LayoutDirection before = painter->layoutDirection();
     painter->setLayoutDirection(Qt::LeftToRight);
     QwtScaleDraw::drawLabel(painter, value);

@@ -1,23 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the numbers on the axes of the scope plot view.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_scale_draw.h>
 
 namespace Corvale_Qt {
 
-//! Significant digits that it takes to tell one major tick of an axis from the next; at least 6.
+//! Returns how many significant digits distinguish neighbouring major ticks of an axis: 6 to 15.
 int axisDigits(const QwtScaleDiv &scaleDiv);
 
-/*! Labels ticks with as many digits as the axis needs, be it long after the start of an acquisition or for a small
-    ripple on a large value. Numbers have a decimal point and no separators in every locale, as all labels have, and
-    their sign in front in every layout direction. */
+/*! Labels ticks with as many digits as distinguish them, for example long after the start of an acquisition or for a small
+    ripple on a large value. In every locale, numbers have a decimal point and no group separators; in every layout
+    direction, the sign comes first. */
 class NumberScaleDraw : public QwtScaleDraw
 {
 public:

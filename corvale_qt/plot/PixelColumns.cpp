@@ -9,7 +9,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// The first row in [low, high) for which isPast holds, or high; isPast turns from false to true once.
+//! Returns the first row in [low, high) for which isPast is true, or high; isPast turns from false to true once.
 template<typename Predicate>
 int firstPast(int low, int high, Predicate isPast)
 {
@@ -23,7 +23,7 @@ int firstPast(int low, int high, Predicate isPast)
     return low;
 }
 
-// The same, where the answer is expected about \a guess rows after low.
+//! Returns what firstPast() returns, but faster if the row is about \a guess rows after low.
 template<typename Predicate>
 int firstPastNear(int low, int high, int guess, Predicate isPast)
 {
@@ -37,26 +37,18 @@ int firstPastNear(int low, int high, int guess, Predicate isPast)
 
 } // namespace
 
-bool PixelColumns::Request::operator==(const Request &other) const
-{
-    return version == other.version && memory == other.memory && from == other.from
-        && to == other.to && s1 == other.s1 && s2 == other.s2 && p1 == other.p1 && p2 == other.p2
-        && left == other.left && right == other.right;
-}
-
 void PixelColumns::find(const ColumnSpans &x,
                         quint64 version,
-                        int from,
-                        int to,
                         const QwtScaleMap &map,
                         int left,
                         int right)
 {
-    const Request
-        request{version, x.piece[0], from, to, map.s1(), map.s2(), map.p1(), map.p2(), left, right};
-    if (version != 0 && request == m_request)
+    const SampleXKey key(x, version, map);
+    if (key.matches(m_key) && left == m_left && right == m_right)
         return;
-    m_request = request;
+    m_key = key;
+    m_left = left;
+    m_right = right;
     m_edges.resize(0);
 
     const bool rightwards = (map.p2() >= map.p1()) == (map.s2() >= map.s1());
@@ -69,12 +61,12 @@ void PixelColumns::find(const ColumnSpans &x,
     const auto isBeyond = [&](int row) {
         return rightwards ? column(row) > right : column(row) < left;
     };
-    const int inside = firstPast(from, to + 1, isInside);
-    const int beyond = firstPast(inside, to + 1, isBeyond);
-    m_end = std::min(beyond + 1, to + 1);
+    const int inside = firstPast(0, x.count(), isInside);
+    const int beyond = firstPast(inside, x.count(), isBeyond);
+    m_end = std::min(beyond + 1, x.count());
 
     int rows = 0;
-    for (int row = std::max(inside - 1, from); row < m_end;) {
+    for (int row = std::max(inside - 1, 0); row < m_end;) {
         const int here = column(row);
         m_edges.append({here, row});
         const int next = firstPastNear(row + 1, m_end, rows, [&](int r) {

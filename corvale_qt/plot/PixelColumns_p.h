@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
-#include <qwt_scale_map.h>
+#include "corvale_qt/plot/SampleXKey_p.h"
 
 #include <QVector>
 
@@ -16,48 +11,33 @@ namespace Corvale_Qt {
 
 struct ColumnSpans;
 
-//! Which rows fall on which pixel columns, for x that only rises.
+//! Finds which rows fall on which pixel column, for x that only rises.
 class PixelColumns
 {
 public:
+    //! The rows of a pixel column, up to those of the next one.
     struct Edge
     {
-        int column; //!< pixel
-        int first; //!< the first row on it, counted from the first row of the spans
+        int column; //!< x of the pixel column
+        int first; //!< its first row, counted from the first row of the spans
     };
 
-    /*! Finds the columns from \a left to \a right of the rows \a from to \a to, with one row beyond either edge,
-        so that lines run to the border. It searches rather than reads: the work is one search for a column.
+    /*! Finds the pixel columns \a left to \a right of the rows of \a x, and one row beyond either edge so that lines reach the
+        border. It searches for each column's first row instead of reading all rows.
 
-        \a version tells when x has changed (0: always); the columns of the last call are kept, since all
-        channels of a chart ask for the same ones. */
-    void find(const ColumnSpans &x,
-              quint64 version,
-              int from,
-              int to,
-              const QwtScaleMap &map,
-              int left,
-              int right);
+        \a version is that of x in PlotColumns::xVersion(). The result of the last call is kept for equal arguments, since
+        all channels of a chart need the same columns. */
+    void find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, int left, int right);
 
+    //! Returns the columns that have rows, in the order of the rows.
     const QVector<Edge> &edges() const { return m_edges; }
-    //! One past the last row of the last column.
+    //! Returns one past the last row of the last column.
     int end() const { return m_end; }
 
 private:
-    struct Request
-    {
-        quint64 version = 0;
-        const double *memory = nullptr;
-        int from = 0;
-        int to = 0;
-        double s1 = 0, s2 = 0, p1 = 0, p2 = 0;
-        int left = 0;
-        int right = 0;
-
-        bool operator==(const Request &other) const;
-    };
-
-    Request m_request;
+    SampleXKey m_key;
+    int m_left = 0;
+    int m_right = 0;
     QVector<Edge> m_edges;
     int m_end = 0;
 };

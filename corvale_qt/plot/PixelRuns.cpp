@@ -49,8 +49,8 @@ QVector<QLine> PixelRuns::lines() const
 
 void PixelRuns::joinTo(int column, int y)
 {
-    // Qt's slopes are 16 bits of fraction: on a long way down they may fall short of the right column, and the
-    // line ends with a pixel more in the left one. From which length on depends on the length itself.
+    // Qt calculates slopes with 16 bits of fraction. A long line downwards may therefore reach the right column one pixel
+    // late. The length from which this happens depends on the line; below this limit it never does.
     constexpr int surelyExact = 128;
     if (column == m_column + 1 && qint64(y) - m_last < surelyExact) {
         m_least = std::min(m_least, y + 1);

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_scale_map.h>
 
@@ -18,30 +13,31 @@
 
 namespace Corvale_Qt {
 
-//! The pixel that Qwt puts a coordinate on, for any finite coordinate: far outside stays far outside.
+//! Rounds a finite coordinate as Qwt does; a coordinate beyond the range of int is limited to it.
 inline int pixelOf(double coordinate)
 {
-    // Far beyond any canvas, and one short of where a neighbour overflows.
+    // One less than the largest int, so that a neighbouring pixel does not overflow.
     constexpr double limit = 2147483646.0;
     return qRound(std::min(std::max(coordinate, -limit), limit));
 }
 
+//! Returns the pixel of a value on an axis.
 inline int pixelOf(const QwtScaleMap &map, double value)
 {
     return pixelOf(map.transform(value));
 }
 
-/*! Turns a curve's samples, on whole pixels and in their order, into one vertical run of pixels for each pixel
-    column, however many samples lie in it.
+/*! Turns a curve's samples, given in whole pixels and in their order, into one vertical run of pixels for each pixel column,
+    however many samples lie in the column.
 
-    The picture is that of a line of its own for every two neighbouring samples, each with its end pixels, to
-    the last pixel. Qt draws such a line between neighbouring columns as a run in the left one that ends short
-    of the right one's pixel; so a column's run reaches from its lowest to its highest sample and on towards
-    the next column's first. Samples further apart than one column are joined by lines. */
+    The picture is equal, pixel for pixel, to one in which every two neighbouring samples are joined by a line with both end
+    pixels. Qt draws such a line between neighbouring columns as a run in the left column that ends one pixel before the
+    right one. A column's run therefore reaches from its lowest to its highest sample and on towards the next column's first
+    sample. Samples that are more than one column apart are joined by lines. */
 class PixelRuns
 {
 public:
-    //! Pixels \a top to \a bottom of a column.
+    //! The pixels \a top to \a bottom of a column, both included.
     struct Run
     {
         int column;
@@ -49,20 +45,23 @@ public:
         int bottom;
     };
 
-    //! Forgets what it has; what lies outside of \a clip is left out from now on.
+    //! Removes all runs and lines, and leaves out what lies outside of \a clip from now on.
     void begin(const QRect &clip);
-    //! A missing sample: nothing joins what comes to what was.
+    //! Ends the line at a missing sample; the next sample starts a new one.
     void gap();
+    //! Adds the next sample.
     void addPoint(int column, int y) { addColumn(column, y, y, y, y); }
-    //! Samples that lie in one column and are joined to each other, the first and the last of them named.
+    //! Adds consecutive samples of one column: the y of the first and of the last of them, and their range.
     void addColumn(int column, int first, int least, int greatest, int last);
+    //! Completes the last run.
     void end() { gap(); }
 
-    //! All of them inside the clip.
+    //! Returns the runs, which all lie inside the clip.
     const QVector<Run> &runs() const { return m_runs; }
-    //! Between columns that a run does not join: not neighbours, or far apart in height. With their end pixels.
+    /*! Returns the lines, with both end pixels, between columns that no run joins because they are not neighbours or their
+        samples are far apart in y. */
     const QVector<QLine> &joints() const { return m_joints; }
-    //! The two together.
+    //! Returns the joints and the runs as lines.
     QVector<QLine> lines() const;
 
 private:

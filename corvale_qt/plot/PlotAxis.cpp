@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/NumberScaleDraw_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 
 #include <qwt_plot.h>
@@ -13,7 +14,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Pixels between ticks that can still be told apart.
+// Ticks that are closer than this, in pixels, merge into one.
 constexpr double kTickDistance = 3;
 
 double distanceOfTicks(const QList<double> &ticks)
@@ -26,13 +27,10 @@ double distanceOfTicks(const QList<double> &ticks)
 QwtText ThinnedScaleDraw::label(double value) const
 {
     const QwtScaleDiv &div = scaleDiv();
-    // Steps are summed up: what is left of 0 by rounding is 0.
+    // Qwt adds up steps, so the tick at 0 may differ from it by rounding errors.
     if (std::abs(value) < 1e-9 * std::abs(div.range()))
         return QStringLiteral("0");
-    const double step = distanceOfTicks(div.ticks(QwtScaleDiv::MajorTick));
-    const double largest = std::max(std::abs(div.lowerBound()), std::abs(div.upperBound()));
-    const double digits = step > 0 ? std::ceil(std::log10(largest / step)) + 2 : 0;
-    return QString::number(value, 'g', static_cast<int>(std::clamp(digits, 6.0, 15.0)));
+    return QString::number(value, 'g', axisDigits(div));
 }
 
 void ThinnedScaleDraw::draw(QPainter *painter, const QPalette &palette) const
@@ -52,7 +50,7 @@ void ThinnedScaleDraw::drawTick(QPainter *painter, double value, double length) 
     QwtScaleDraw::drawTick(painter, value, length);
 }
 
-//! Every how many ticks a label fits: 1, 2, 5, 10, 20 ...
+//! Returns n such that every nth label fits: 1, 2, 5, 10, 20 ...
 int ThinnedScaleDraw::labelStep(const QFont &font) const
 {
     const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);

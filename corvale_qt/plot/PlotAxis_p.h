@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <qwt_scale_draw.h>
 
@@ -11,11 +9,11 @@ class QwtPlot;
 
 namespace Corvale_Qt {
 
-/*! An axis whose ticks may stand closer than their labels, or than pixels: it leaves out labels, evenly, until the
-    others fit, and ticks that would run into one. A label at 0 stays.
+/*! Draws an axis whose ticks may be closer together than their labels or than pixels. It leaves out labels at even distances
+    until the others fit, and ticks that would merge. The label at 0 is always drawn.
 
-    Labels have a decimal point and no group signs whatever the locale, as the numbers beside the plots have, and
-    as many digits as tell neighbouring ticks apart. */
+    In every locale, labels have a decimal point and no group separators, like the numbers beside the plots. They have as
+    many digits as distinguish neighbouring ticks. */
 class ThinnedScaleDraw : public QwtScaleDraw
 {
 public:
@@ -29,17 +27,16 @@ protected:
 private:
     int labelStep(const QFont &font) const;
 
-    // Of the drawing that goes on.
+    // State of the drawing in progress.
     mutable int m_labelStep = 1;
     mutable double m_lastTick = 0;
     mutable double m_lastLength = 0;
 };
 
-/*! Title and labels in the plot's own font, labels thinned; \a draw, which the plot takes, is the axis's own
-    kind of label where it has one. */
+/*! Sets the title and the labels of an axis in the plot's font. \a draw draws the labels; the plot takes ownership of it. */
 void styleAxis(QwtPlot *plot, int axis, QwtScaleDraw *draw = new ThinnedScaleDraw);
 
-/*! Has \a axis follow the data, and show [-1, 1] until there are any; Qwt's own choice would be [0, 1000]. */
+//! Makes \a axis follow the data and show [-1, 1] while there are none; Qwt would show [0, 1000].
 void followData(QwtPlot *plot, int axis);
 
 } // namespace Corvale_Qt

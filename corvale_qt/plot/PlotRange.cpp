@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/Logging_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <qwt_plot.h>
-
-#include <QDebug>
 
 #include <cmath>
 
@@ -12,7 +11,7 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr double kLargestPlottable = 1e200;
-//! A ten-thousandth of a tenth of it is still a normal number.
+// The smallest fraction of the range, 0.0001, has ten steps; even these are normal numbers.
 constexpr double kSmallestSpan = 1e-290;
 
 } // namespace
@@ -25,7 +24,7 @@ bool isPlottable(double value)
 bool PlotRange::set(double newMin, double newMax, const char *setter)
 {
     if (!isPlottable(newMin) || !isPlottable(newMax) || !(newMax - newMin > kSmallestSpan)) {
-        qDebug() << setter << "ignored: no range from" << newMin << "to" << newMax;
+        qCDebug(lcPlot) << setter << "ignored: no range from" << newMin << "to" << newMax;
         return false;
     }
     min = newMin;

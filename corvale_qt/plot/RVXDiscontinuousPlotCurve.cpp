@@ -23,7 +23,7 @@ bool isFinite(const QRectF &rect)
     return isFinite(rect.topLeft()) && std::isfinite(rect.width()) && std::isfinite(rect.height());
 }
 
-//! Invalid, as Qwt wants it for "nothing to show", where no sample is finite.
+//! Returns the rectangle around the finite samples. It is invalid if there are none, which Qwt takes as nothing to show.
 QRectF finiteBounds(const QwtSeriesData<QPointF> &series)
 {
     QRectF bounds(1.0, 1.0, -2.0, -2.0);
@@ -53,7 +53,7 @@ RVXDiscontinuousPlotCurve::RVXDiscontinuousPlotCurve(const QString &title)
 RVXDiscontinuousPlotCurve::RVXDiscontinuousPlotCurve(const QwtText &title)
     : QwtPlotCurve(title)
 {
-    // Values far outside of the canvas are legal; clipped in floating point they stay harmless.
+    // Samples may lie far outside of the canvas; clipped in floating point, they do not overflow a painter's integers.
     setPaintAttribute(ClipPolygons, true);
 }
 
@@ -62,7 +62,7 @@ RVXDiscontinuousPlotCurve::~RVXDiscontinuousPlotCurve() = default;
 QRectF RVXDiscontinuousPlotCurve::boundingRect() const
 {
     const QRectF bounds = QwtPlotCurve::boundingRect();
-    // A missing sample in the first place, or an infinite one anywhere, spoils the plain search.
+    // Qwt's search fails if the first sample is a NaN or any sample is infinite.
     return isFinite(bounds) || !data() ? bounds : finiteBounds(*data());
 }
 
@@ -71,7 +71,7 @@ void RVXDiscontinuousPlotCurve::setLayer(CurveLayer *layer)
     m_layer = layer;
 }
 
-//! Calls drawRun(first, last) for each longest run of finite samples in from ... to.
+//! Calls drawRun(first, last) for each uninterrupted sequence of finite samples in from ... to.
 template<typename DrawRun>
 void RVXDiscontinuousPlotCurve::forEachFiniteRun(int from, int to, DrawRun drawRun) const
 {
@@ -111,7 +111,7 @@ void RVXDiscontinuousPlotCurve::drawLines(QPainter *painter,
                                           int from,
                                           int to) const
 {
-    // FilterPoints and MinimizeMemory, which Qwt offers to save time and memory, cost both here.
+    // Qwt's FilterPoints and MinimizeMemory are ignored, because CurveLines is faster and smaller without them.
     const bool plain = !(testCurveAttribute(Fitted) && curveFitter())
         && (brush().style() == Qt::NoBrush || brush().color().alpha() == 0);
     if (plain) {

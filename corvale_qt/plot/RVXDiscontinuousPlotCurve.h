@@ -9,24 +9,27 @@ namespace Corvale_Qt {
 
 class CurveLayer;
 
-/*! A curve that breaks where samples are missing: a sample whose x or y is not finite is not drawn, and no line
-    leads to or from it. A sample between two missing ones is drawn as a point of the pen's width.
+/*! A curve that breaks at missing samples. A sample whose x or y is not finite is not drawn, and no line leads to or from it.
+    A sample between two missing ones is drawn as a point of the pen's width.
 
-    Its bounding rectangle holds finite samples only, so that an automatic axis never meets the others. */
+    The bounding rectangle contains finite samples only, so that automatic axes ignore the others. */
 class CORVALE_QT_EXPORT RVXDiscontinuousPlotCurve : public QwtPlotCurve
 {
 public:
+    //! Constructs a curve with a \a title that clips its lines to the canvas.
     explicit RVXDiscontinuousPlotCurve(const QString &title = QString());
+    //! Constructs a curve with a formatted \a title.
     explicit RVXDiscontinuousPlotCurve(const QwtText &title);
     ~RVXDiscontinuousPlotCurve() override;
 
     QRectF boundingRect() const override;
 
-    /*! For views of this library that draw many channels: dense curves are gathered in \a layer, an item of the
-        same plot, which must outlive the curve or be taken away with null. */
+    /*! Makes dense curves draw into \a layer, an item of the same plot, together with other curves. Views of the library use
+        it to draw many channels. The curve does not own the layer, which must outlive it; null removes the layer. */
     void setLayer(CurveLayer *layer);
 
 protected:
+    //! Draws each sequence of finite samples from \a from to \a to, both included, in the given style.
     void drawCurve(QPainter *painter,
                    int style,
                    const QwtScaleMap &xMap,
@@ -34,12 +37,14 @@ protected:
                    const QRectF &canvasRect,
                    int from,
                    int to) const override;
+    //! Draws the lines between finite samples.
     void drawLines(QPainter *painter,
                    const QwtScaleMap &xMap,
                    const QwtScaleMap &yMap,
                    const QRectF &canvasRect,
                    int from,
                    int to) const override;
+    //! Draws the symbols of finite samples.
     void drawSymbols(QPainter *painter,
                      const QwtSymbol &symbol,
                      const QwtScaleMap &xMap,

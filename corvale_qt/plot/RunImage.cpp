@@ -8,10 +8,10 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Colours of four bytes on a line of the cache: rows and columns are exchanged by squares of this side.
+// Rows and columns are exchanged in squares of this side: as many pixels of four bytes as a cache line holds.
 constexpr int side = 16;
 
-QRgb *pixelsOf(QImage &image)
+QRgb *bitsOf(QImage &image)
 {
     return reinterpret_cast<QRgb *>(image.bits());
 }
@@ -34,23 +34,23 @@ void RunImage::reset(const QSize &size)
         m_pixels.fill(0, size.width() * size.height());
     }
     m_used = none;
-    m_colours.resize(0);
-    m_colours.append(0);
+    m_colors.resize(0);
+    m_colors.append(0);
 }
 
-int RunImage::numberOf(QRgb colour)
+int RunImage::numberOf(QRgb color)
 {
-    const int known = m_colours.lastIndexOf(colour);
+    const int known = m_colors.lastIndexOf(color);
     if (known > 0)
         return known;
-    constexpr int mostColours = 256;
-    if (m_colours.size() >= mostColours)
+    constexpr int mostColors = 256;
+    if (m_colors.size() >= mostColors)
         return 0;
-    m_colours.append(colour);
-    return m_colours.size() - 1;
+    m_colors.append(color);
+    return m_colors.size() - 1;
 }
 
-void RunImage::addLines(const QVector<QLine> &lines, const QPoint &offset, int colour)
+void RunImage::addLines(const QVector<QLine> &lines, const QPoint &offset, int color)
 {
     if (lines.isEmpty())
         return;
@@ -64,14 +64,14 @@ void RunImage::addLines(const QVector<QLine> &lines, const QPoint &offset, int c
     painter.drawLines(lines);
     painter.end();
     findReach(lines, offset);
-    carryOver(colour);
+    carryOver(color);
 }
 
-// By the column, so that many lines cost no more than what they cover, however often they cover it.
+// Rows are collected for each column, so that moving the pixels costs no more than the area that the lines cover.
 void RunImage::findReach(const QVector<QLine> &lines, const QPoint &offset)
 {
     m_reach.fill(none, m_size.width());
-    // Cut before they are moved, since lines may end where nothing can be added to a coordinate.
+    // Clipped before they are moved, since adding the offset to an end far outside could overflow.
     const QRect inside(-offset, m_size);
     for (const QLine &line : lines) {
         const auto x = std::minmax({line.x1(), line.x2()});
@@ -86,17 +86,17 @@ void RunImage::findReach(const QVector<QLine> &lines, const QPoint &offset)
     }
 }
 
-void RunImage::carryOver(int colour)
+void RunImage::carryOver(int color)
 {
-    QRgb *const lines = pixelsOf(m_lines);
+    QRgb *const lines = bitsOf(m_lines);
     const int stride = strideOf(m_lines);
     for (int column = 0; column < m_size.width(); ++column) {
         const Rows rows = m_reach[column];
-        uchar *const to = m_pixels.data() + column * m_size.height();
+        uchar *const to = pixelsOf(column);
         for (int row = rows.top; row <= rows.bottom; ++row) {
             QRgb &pixel = lines[row * stride + column];
             if (pixel != 0)
-                to[row] = uchar(colour);
+                to[row] = uchar(color);
             pixel = 0;
         }
         m_used.unite(rows);
@@ -105,11 +105,11 @@ void RunImage::carryOver(int colour)
 
 void RunImage::draw(QPainter *painter, const QPoint &at)
 {
-    // A painter centres lines on their coordinates: where pixels are finer, half of a line lies before.
+    // A painter centres lines on their coordinates. On a finer device, half of a line's width lies before them.
     const bool finer = painter->device()->devicePixelRatioF() > 1.0;
     const QPointF corner = finer ? at - QPointF(0.5, 0.5) : QPointF(at);
-    // A band at a time: this form is four times as large, and is still near the processor when it is drawn. Where the
-    // edges of bands may fall between pixels, all of it at once.
+    // Drawn in bands, since ARGB32 is four times as large and a band is still in the cache when it is drawn. If the edges of
+    // bands may fall between device pixels, the whole picture is one band.
     const int height = finer ? m_used.count() : side;
     if (m_band.width() != m_size.width() || m_band.height() < height)
         m_band = QImage(m_size.width(), height, QImage::Format_ARGB32_Premultiplied);
@@ -124,9 +124,9 @@ void RunImage::draw(QPainter *painter, const QPoint &at)
 
 void RunImage::fillBand(const Rows &rows)
 {
-    QRgb *const band = pixelsOf(m_band);
+    QRgb *const band = bitsOf(m_band);
     const int stride = strideOf(m_band);
-    const QRgb *const colours = m_colours.constData();
+    const QRgb *const colors = m_colors.constData();
     const uchar *const pixels = m_pixels.constData() + rows.top;
     for (int top = 0; top < rows.count(); top += side) {
         const int bottom = std::min(top + side, rows.count());
@@ -134,7 +134,7 @@ void RunImage::fillBand(const Rows &rows)
             const int right = std::min(left + side, m_size.width());
             for (int row = top; row < bottom; ++row) {
                 for (int column = left; column < right; ++column)
-                    band[row * stride + column] = colours[pixels[column * m_size.height() + row]];
+                    band[row * stride + column] = colors[pixels[column * m_size.height() + row]];
             }
         }
     }

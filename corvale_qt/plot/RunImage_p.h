@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QImage>
 #include <QVector>
@@ -18,33 +13,33 @@ class QPainter;
 
 namespace Corvale_Qt {
 
-/*! A transparent picture for vertical runs of opaque pixels. It is kept small, so that it stays near the processor:
-    a byte a pixel, the number of its colour; and column by column, so that a run lies together. */
+/*! A transparent picture for vertical runs of opaque pixels. To stay in the processor's cache it is small: one byte for each
+    pixel, the number of its colour. It is stored column by column, so that the pixels of a run are neighbours. */
 class RunImage
 {
 public:
-    //! Makes it empty, without pixels and without colours.
+    //! Sets the size and removes all pixels and colours.
     void reset(const QSize &size);
 
-    //! The number of an opaque colour, to add with; 0 where there are too many colours already.
-    int numberOf(QRgb colour);
+    //! Returns the number of an opaque colour for addRun() and addLines(), or 0 if there are 255 others already.
+    int numberOf(QRgb color);
 
-    //! Pixels \a top to \a bottom of a column, all of them inside.
-    void addRun(int column, int top, int bottom, int colour)
+    //! Fills the pixels \a top to \a bottom of a column, which must lie inside the picture.
+    void addRun(int column, int top, int bottom, int color)
     {
-        uchar *const pixels = m_pixels.data() + column * m_size.height();
-        std::fill(pixels + top, pixels + bottom + 1, uchar(colour));
+        uchar *const pixels = pixelsOf(column);
+        std::fill(pixels + top, pixels + bottom + 1, uchar(color));
         m_used.unite({top, bottom});
     }
 
-    //! Lines, moved by \a offset, as a painter draws them, each with its end pixels; they may leave the picture.
-    void addLines(const QVector<QLine> &lines, const QPoint &offset, int colour);
+    //! Draws lines with their end pixels, moved by \a offset. They may leave the picture.
+    void addLines(const QVector<QLine> &lines, const QPoint &offset, int color);
 
-    //! Puts it onto pixels of the painter's device, its corner \a at.
+    //! Draws the picture with its top left corner \a at a pixel of the painter's coordinates.
     void draw(QPainter *painter, const QPoint &at);
 
 private:
-    //! Neighbouring rows, both ends included.
+    //! Consecutive rows, both ends included.
     struct Rows
     {
         int top;
@@ -59,21 +54,25 @@ private:
     };
     static constexpr Rows none{1 << 30, -1};
 
+    uchar *pixelsOf(int column) { return m_pixels.data() + qptrdiff(column) * m_size.height(); }
+    //! Finds which rows of each column the lines may touch.
     void findReach(const QVector<QLine> &lines, const QPoint &offset);
-    void carryOver(int colour);
+    //! Moves the pixels of the lines into the picture.
+    void carryOver(int color);
+    //! Converts some rows to the form that painters draw.
     void fillBand(const Rows &rows);
 
     QSize m_size;
     QVector<uchar> m_pixels;
-    //! By number; the first is no colour.
-    QVector<QRgb> m_colours;
-    //! All that was added lies in them.
+    //! Colours by their number; number 0 is transparent.
+    QVector<QRgb> m_colors;
+    //! The rows that contain all pixels.
     Rows m_used = none;
-    //! Some rows as a painter takes them.
+    //! Scratch: a band of rows as ARGB32.
     QImage m_band;
-    //! Lines on their way in, row by row; transparent but for that.
+    //! Scratch: lines as a painter draws them, before they are moved into the picture; transparent otherwise.
     QImage m_lines;
-    //! Which rows of a column the lines may have touched.
+    //! Scratch: the rows of each column that the lines may touch.
     QVector<Rows> m_reach;
 };
 

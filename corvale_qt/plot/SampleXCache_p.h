@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
+
+#include "corvale_qt/plot/SampleXKey_p.h"
 
 #include <QVector>
 
@@ -16,30 +13,19 @@ namespace Corvale_Qt {
 
 struct ColumnSpans;
 
-/*! Where samples lie across the canvas. All channels of a chart have the same time stamps, so what was found for
-    one is kept for the next. */
+//! Finds the pixels of samples along the x axis, and keeps them for the other channels of the chart.
 class SampleXCache
 {
 public:
-    /*! Of all samples of \a x, in pixels, rounded as Qwt rounds if \a whole; a NaN for what is not finite.
-        \a version tells when x has changed (0: always). Good until the next call. */
+    /*! Returns the x of all samples of \a x in pixels, rounded as Qwt rounds if \a whole is true; a NaN for samples that are
+        not finite. \a version is that of x in PlotColumns::xVersion(). The array is valid until the next call. */
     const double *find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, bool whole);
-    //! Whether all of those found last are finite.
+    //! Returns true if all positions that were found last are finite.
     bool areFinite() const { return m_finite; }
 
 private:
-    struct Request
-    {
-        quint64 version = 0;
-        const double *memory = nullptr;
-        int count = 0;
-        double s1 = 0, s2 = 0, p1 = 0, p2 = 0;
-        bool whole = false;
-
-        bool operator==(const Request &other) const;
-    };
-
-    Request m_request;
+    SampleXKey m_key;
+    bool m_whole = false;
     QVector<double> m_positions;
     bool m_finite = false;
 };

@@ -7,7 +7,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! In the layout rather than at a resize alone: wider axis labels change the canvas as well.
+//! Makes the canvas square in the layout, since it changes with the width of axis labels, not only with the widget's size.
 class SquareCanvasLayout : public QwtPlotLayout
 {
 public:
@@ -33,7 +33,7 @@ SquarePlot::SquarePlot(QWidget *parent)
 {
     setPlotLayout(new SquareCanvasLayout);
     plotLayout()->setAlignCanvasToScales(true);
-    setMinimumSize(100, 100); // Qwt's own hint leaves room for every label
+    setMinimumSize(100, 100); // Qwt's hint is large enough for every label
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

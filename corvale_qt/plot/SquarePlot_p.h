@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <qwt_plot.h>
 
 namespace Corvale_Qt {
 
-/*! A plot whose canvas is square whatever the widget's shape, so that a round beam looks round. What the
-    widget has over is left empty around the plot. */
+/*! A plot whose canvas is square in a widget of any shape, so that a round beam looks round. The rest of the widget is left
+    empty around the plot. */
 class SquarePlot : public QwtPlot
 {
     Q_OBJECT

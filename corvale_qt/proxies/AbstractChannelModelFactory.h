@@ -10,11 +10,10 @@ class QAbstractItemModel;
 
 namespace Corvale_Qt {
 
-/*! Makes the model of a channel that is known by name only. A host that can be asked for a channel of that name (a
-    signal of a control system, a device in a list) gives RVXMultichannelProxyModel a factory of its own.
+/*! Creates the model of a channel from the channel's name. A host whose channels have names (signals of a control
+    system, devices in a list) subclasses it and hands the factory to RVXMultichannelProxyModel.
 
-    The proxy's channelNames() reads a model's dynamic property "channel"; a factory whose channels should be
-    found there sets it:
+    The proxy's channelNames() reads the dynamic property "channel" of each model, so a factory should set it:
 
     \code
     QAbstractItemModel *HostFactory::createModel(const QStringList &names, int *column, QObject *parent)
@@ -22,7 +21,7 @@ namespace Corvale_Qt {
         auto *model = new HostModel(names.value(0), parent);
         model->setProperty("channel", names.value(0));
         if (column)
-            *column = 1; // the column of the model that holds the channel
+            *column = 1;
         return model;
     }
     \endcode */
@@ -33,15 +32,16 @@ class CORVALE_QT_EXPORT AbstractChannelModelFactory : public QObject
 public:
     ~AbstractChannelModelFactory() override;
 
-    /*! A new model, child of \a parent, for the channels \a names; null where there is none. \a column, where it is not
-        null, receives the model's column that holds the channel. The model has to be a
-        RVXAbstractPlotDataModel for a proxy to take it. */
+    /*! Returns a new model for the channels \a names, with \a parent as its parent, or null if there are no such channels.
+        Unless \a column is null, it receives the model's column that holds the channel, counted from 0 (the time).
+        The proxy refuses a model that is not a RVXAbstractPlotDataModel. */
     virtual QAbstractItemModel *
     createModel(const QStringList &names, int *column, QObject *parent) = 0;
-    //! The same for one name.
+    //! Calls the other createModel() with \a name as the only name.
     QAbstractItemModel *createModel(const QString &name, int *column, QObject *parent);
 
 protected:
+    //! Creates a factory; \a parent may be null.
     explicit AbstractChannelModelFactory(QObject *parent = nullptr);
 };
 

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QVariant>
 
@@ -15,23 +9,23 @@ class QModelIndex;
 
 namespace Corvale_Qt {
 
-/*  What the cells and titles of the table of latest values show, from the model below it. Indexes are that model's: a
-    channel's cell in the header row, or its newest sample. */
+// What the cells and titles of RVXLatestPlotDataProxyModel show. Models and indexes are those of its source: \a header is a
+// channel's cell in the header row, \a sample the channel's newest sample.
 
-//! The reading of a channel while the model has no samples.
+//! Returns the data of a reading while the model has no samples.
 QVariant cellWithoutSample(int role);
-//! The colour of a channel, lightened; black where the model gives none.
+//! Returns the channel's colour, lightened; black if the model gives none.
 QVariant channelBackground(const QModelIndex &header);
-//! The model's own, where that goes with a background of the model; otherwise what is readable on channelBackground().
+//! Returns the model's text colour if the model has a background too, else black or white to suit channelBackground().
 QVariant channelForeground(const QModelIndex &header);
-//! A reading's text with the symbol of its channel's unit. What is no number stays as it is.
+//! Returns the text of a reading with the symbol of its channel's unit. A reading that is not finite gets no symbol.
 QVariant readingWithUnit(const QModelIndex &sample);
 
-//! Whether channels have units with different symbols.
+//! Returns whether channels have units with different symbols.
 bool unitsDiffer(const QAbstractItemModel *model);
-//! "Data (unit)", or "Data" where channels have no unit or different ones; also without a model.
+//! Returns "Data (unit)", or "Data" if channels have no unit or different ones. \a model may be null.
 QString dataTitle(const QAbstractItemModel *model);
-//! Of all channels together; invalid where there are none.
+//! Returns the check state of all channels together, partially checked if they differ; invalid without channels.
 QVariant checkStateOfAll(const QAbstractItemModel *model);
 
 } // namespace Corvale_Qt

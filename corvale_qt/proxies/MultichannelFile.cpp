@@ -11,43 +11,52 @@ namespace {
 
 constexpr int bytesAtOnce = 1 << 16;
 
-//! "hannel_" for the first channel, "annel_" for the second: kept on purpose, for files already written.
+//! Returns "hannel_" for the first channel, "annel_" for the second: readers of existing files expect these titles.
 QByteArray titlePrefix(int position)
 {
     return QByteArray("channel_").mid(position + 1);
 }
 
-void appendCell(QByteArray &text, const ChannelSource &source, int row, int column)
+void appendCell(QByteArray &text, const MergedInput &input, int row, int column)
 {
-    const QModelIndex cell = source.index(row, column);
-    const PlotColumns *const columns = source.reader.columns();
+    const QModelIndex cell = input.index(row, column);
+    const PlotColumns *const columns = input.reader.columns();
     const bool written = cell.isValid() && columns && columns->appendText(text, row, column);
     if (!written)
         text += cell.data(Qt::DisplayRole).toString().toUtf8();
     text += ',';
 }
 
-//! The time of a row as it was written last. Channels that are read together share it, and its text.
+quint64 bitsOf(double value)
+{
+    quint64 bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+//! The last time written in a row, and where its text lies. Channels that are read together share it.
 struct WrittenTime
 {
     double time = 0.0;
     int begin = 0;
     int length = 0;
 
+    //! Returns whether \a row of \a columns has this time, so that its text can be copied.
     bool isOf(const PlotColumns *columns, int row) const
     {
-        // Compared by the bits; models that write their own texts all write the time alike.
+        if (length == 0)
+            return false;
         double other = 0.0;
-        if (length > 0)
-            columns->read(0, row, 1, &other);
-        return length > 0 && std::memcmp(&other, &time, sizeof time) == 0;
+        columns->read(0, row, 1, &other);
+        // Equal bits give equal texts, since all models of the library write times alike. NaN and -0 count too.
+        return bitsOf(other) == bitsOf(time);
     }
 };
 
-void appendTime(QByteArray &text, const ChannelSource &source, int row, WrittenTime &last)
+void appendTime(QByteArray &text, const MergedInput &input, int row, WrittenTime &last)
 {
-    const PlotColumns *const columns = source.reader.columns();
-    const bool plain = columns && source.index(row, 0).isValid();
+    const PlotColumns *const columns = input.reader.columns();
+    const bool plain = columns && input.index(row, 0).isValid();
     const int begin = text.size();
     if (plain && last.isOf(columns, row)) {
         text.resize(begin + last.length);
@@ -55,7 +64,7 @@ void appendTime(QByteArray &text, const ChannelSource &source, int row, WrittenT
         return;
     }
     if (!plain || !columns->appendText(text, row, 0)) {
-        appendCell(text, source, row, 0);
+        appendCell(text, input, row, 0);
         return;
     }
     text += ',';
@@ -68,9 +77,9 @@ void appendRow(QByteArray &text, const QVector<Channel> &channels, int row)
 {
     WrittenTime time;
     for (const Channel &channel : channels) {
-        if (row < channel.source->rowCount()) {
-            appendTime(text, *channel.source, row, time);
-            appendCell(text, *channel.source, row, channel.column);
+        if (row < channel.input->rowCount()) {
+            appendTime(text, *channel.input, row, time);
+            appendCell(text, *channel.input, row, channel.column);
         } else {
             text += ",,";
         }

@@ -1,21 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
+// Private: this header is not installed.
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
-
-#include "corvale_qt/proxies/ChannelSource_p.h"
+#include "corvale_qt/proxies/MergedInput_p.h"
 
 class QIODevice;
 
 namespace Corvale_Qt {
 
-/*! Writes \a channels side by side as CSV: a line of titles, and a line for each of \a rows sample rows, with time and
-    value of each channel as its model displays them. False when \a file does not take it all. */
+/*! Writes \a channels side by side as CSV: a line of titles, then a line for each of \a rows sample rows with the time
+    and the value of each channel as its model displays them. Returns false if \a file does not accept everything. */
 bool writeChannels(QIODevice &file, const QVector<Channel> &channels, int rows);
 
 } // namespace Corvale_Qt

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QItemSelection>
 #include <QPersistentModelIndex>
 
 namespace Corvale_Qt {
 
-/*! Each range of \a selection between its corners as \a map gives them; a range that loses a corner is left out. Flat
-    tables need no more, and a column of 100000 rows is not mapped cell by cell. */
+/*! Returns \a selection with the two corners of each range passed through \a map; a range with an invalid corner is left
+    out. This is enough for flat tables, and a column of 100000 rows is not mapped cell by cell. */
 template<typename Map>
 QItemSelection mapRanges(const QItemSelection &selection, Map map)
 {
@@ -28,7 +22,7 @@ QItemSelection mapRanges(const QItemSelection &selection, Map map)
     return mapped;
 }
 
-//! Each of \a indexes as \a map gives it.
+//! Returns \a indexes, each passed through \a map.
 template<typename Map>
 QModelIndexList mapIndexes(const QModelIndexList &indexes, Map map)
 {
@@ -39,12 +33,12 @@ QModelIndexList mapIndexes(const QModelIndexList &indexes, Map map)
     return mapped;
 }
 
-/*! Cells of a proxy, held by the cells of its source while those change places. A cell that repeats another one's
-    sample is not held: it stays where it is. */
+/*! Follows persistent indexes of a proxy through a layout change of its source, by persistent indexes of the source. A
+    cell that repeats an older sample is left out: it stays where it is. */
 class HeldIndexes
 {
 public:
-    //! Holds \a indexes, each by the cell of the source that \a toSource gives for it.
+    //! Stores \a indexes with the cells of the source that \a toSource(index) returns for them.
     template<typename ToSource>
     void hold(const QModelIndexList &indexes, ToSource toSource)
     {
@@ -57,9 +51,9 @@ public:
             m_sources.append(source);
         }
     }
-    //! The cells as they were held.
+    //! Returns the stored indexes of the proxy as they were before the change.
     const QModelIndexList &before() const { return m_before; }
-    //! Where they are now, in the same order: as \a fromSource says of a cell of the source and the cell as it was.
+    //! Returns where they are now, in the same order: \a fromSource(source index now, proxy index before) for each.
     template<typename FromSource>
     QModelIndexList now(FromSource fromSource) const
     {

@@ -56,7 +56,7 @@ void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, do
 {
     const bool averaged = column >= 1 && column <= averages.channels();
     const int rows = averaged ? int(averages.column(column).size()) : 0;
-    // Before, within and after the averages.
+    // The rows before, within and after the averages.
     const int before = std::clamp(1 - firstRow, 0, count);
     const int within = std::clamp(rows - (firstRow + before) + 1, 0, count - before);
     source.read(column, firstRow, before, out);
@@ -94,7 +94,7 @@ void RVXAveragingProxyModelPrivate::rebuild()
     insertColumns(1, q->columnCount() - 1);
 }
 
-//! Channels \a first to \a last are new; the others keep their averages.
+//! Computes the new channels \a first to \a last; the others keep their averages.
 void RVXAveragingProxyModelPrivate::insertColumns(int first, int last)
 {
     if (first < 1 || first > averages.channels() + 1) {
@@ -133,14 +133,14 @@ void RVXAveragingProxyModelPrivate::update(int firstColumn, int lastColumn, int 
     averages.update(source, firstColumn, lastColumn, std::max(from, 1), sampleRows());
 }
 
-//! Has views told that averages from \a row on are not what they were. Readings as they are never change that way.
+//! Announces that averages from \a row on have changed. At length 1 readings are shown as they are and have not.
 void RVXAveragingProxyModelPrivate::announceFrom(int row)
 {
     if (averages.length() > 1)
         q->alsoChanged(row);
 }
 
-//! Follows a column that drops rows on its own; false where the source announces what is dropped.
+//! Follows a column that drops rows by itself. Returns false if the source announces the rows that it drops.
 bool RVXAveragingProxyModelPrivate::dropWithSource(int column)
 {
     const qint64 dropped = source.droppedRows(column);
@@ -158,7 +158,7 @@ void RVXAveragingProxyModelPrivate::dropOldest(int rows)
         if (!onItsOwn)
             averages.dropOldest(column, rows);
         averages.truncate(column, left);
-        if (onItsOwn) // it may have dropped more than was announced, and repeat a sample at its end
+        if (onItsOwn) // the column may have dropped more rows than announced, and repeat a sample at its end
             averages.update(source, column, column, left + 1, left);
     }
 }
@@ -167,8 +167,8 @@ RVXAveragingProxyModel::RVXAveragingProxyModel(QObject *parent)
     : RVXPlotProxyModel(parent)
     , d_ptr(new RVXAveragingProxyModelPrivate(this))
 {
-    // What the hooks do not tell of: the source has other channels, or its samples in another order. Connected
-    // first, this runs before any view asks.
+    // Hooks do not report new, removed or moved channels, nor samples in another order. These connections are the
+    // first, so they run before any view asks for a number.
     using Model = QAbstractItemModel;
     connect(this, &Model::columnsInserted, this, [this](const QModelIndex &, int first, int last) {
         d_func()->insertColumns(first, last);
@@ -213,18 +213,18 @@ void RVXAveragingProxyModel::setAveraging(int length)
 QVariant RVXAveragingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXAveragingProxyModel);
-    if (!sourcePlotModel()) // which may be there in part
+    if (!sourcePlotModel()) // its deletion may have begun while its item model is still there
         return QVariant();
     const int row = index.row();
     const int column = index.column();
     const bool isSample = row >= 1 && column >= 1 && column <= d->averages.channels();
     if (!isSample || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-    // The source may have a row already that has not been announced here.
+    // The source may already have a row that it has not announced.
     if (!d->averages.has(row, column))
         return QVariant();
     const double average = d->averages.value(row, column);
-    // What is no number is shown as the source shows it.
+    // A value that is not finite is shown as the source shows it.
     if (!std::isfinite(average))
         return RVXPlotProxyModel::data(index, role);
     return readingFor(role, channelUnit(this, column), average);
@@ -264,7 +264,7 @@ void RVXAveragingProxyModel::sourceRowsRemoved(const QModelIndex &, int first, i
         d->dropOldest(last - std::max(first, 1) + 1);
         return;
     }
-    // Other rows come before the next ones now.
+    // The rows that follow now continue from another average.
     d->update(1, d->averages.channels(), first);
     d->announceFrom(first);
 }

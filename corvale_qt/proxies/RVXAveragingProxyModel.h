@@ -7,19 +7,19 @@ namespace Corvale_Qt {
 
 class RVXAveragingProxyModelPrivate;
 
-/*! Smooths every channel of a plot model by an exponential moving average of length N:
+/*! Smooths every channel of a plot model with an exponential moving average of length N:
 
         A(1) = x(1),   A(r) = (1 - 1/N) A(r - 1) + (1/N) x(r)
 
     for sample row r, in the order written, without fused multiply-add. Header row and time column pass through.
 
-    Averages are stored: reading costs no arithmetic, a new row one step per channel, and rows that the source
-    drops at its front leave the averages of the others as they are. A sample that changes, comes or goes anywhere
-    else renews the averages from there to the newest row, and dataChanged() is emitted for all of them. Files hold
-    the raw samples.
+    Averages are stored: reading one costs no arithmetic, a new row costs one step for each channel, and rows that the
+    source drops at its front do not change the averages of the others. A sample that is changed, inserted or
+    removed elsewhere renews the averages from there to the newest row, and dataChanged() is emitted for all of
+    them. Files contain the samples of the source.
 
-    A reading that is not finite is shown as it is in its own row. The average goes on from the last finite one,
-    even when that one's row has left the table; where there is none yet, the first finite reading starts it.
+    A reading that is not finite is shown as it is. The average continues from the last finite one, even if the
+    row of that one has been dropped. The first finite reading of a channel starts its average.
 
     \code
     RVXAveragingProxyModel averaging;
@@ -31,12 +31,13 @@ class CORVALE_QT_EXPORT RVXAveragingProxyModel : public RVXPlotProxyModel
     Q_OBJECT
 
 public:
+    //! Creates a proxy of length 1 without a source.
     explicit RVXAveragingProxyModel(QObject *parent = nullptr);
     ~RVXAveragingProxyModel() override;
 
-    //! The length N, 1 at first, which does not average.
+    //! Returns the length N in rows. It is 1 by default: no averaging.
     int averaging() const;
-    //! Resets; what is not greater than 0 is ignored.
+    //! Sets the length N, at least 1, and recomputes all averages in one reset. Values below 1 are ignored.
     void setAveraging(int length);
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;

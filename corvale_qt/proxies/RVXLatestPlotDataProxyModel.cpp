@@ -4,7 +4,7 @@
 #include "corvale_qt/proxies/ChannelNameList_p.h"
 #include "corvale_qt/proxies/LatestCells_p.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
-#include "corvale_qt/proxies/SourceSignals_p.h"
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
 
 #include <QMimeData>
 #include <QPointer>
@@ -52,11 +52,11 @@ public:
 
     RVXLatestPlotDataProxyModel *const q;
     QPointer<QAbstractItemModel> source;
+    // The cell that is being edited, and whether a change in its row was held back.
     QModelIndex edited;
-    // Whether a change was kept back because of it.
     bool editedChanged = false;
     bool resetting = false;
-    // Whether readings carry their units, since the title cannot.
+    // Whether each reading shows its unit, since the title cannot.
     bool showsUnits = false;
 
 private:
@@ -64,9 +64,9 @@ private:
     static void cut(Connections &connections);
 
     Connections connections;
-    // To the models of which the source may take its unit: itself, and those below it.
+    // To the source and the models below it, from which units may come.
     Connections unitConnections;
-    // The title as views know it.
+    // The title that views show.
     QString title;
 };
 
@@ -88,10 +88,10 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceDataChanged(const QModelIndex 
                  bottomRight.column() - 1,
                  header ? ChannelColumn : DataColumn,
                  newest ? DataColumn : ChannelColumn);
-    if (header) // the check state of all channels together
+    if (header) // the title shows the check state of all channels together
         Q_EMIT q->headerDataChanged(Qt::Horizontal, ChannelColumn, ChannelColumn);
-    // All samples change when a unit does, of which no signal need have come through the proxies below. What changes
-    // channel by channel, as merged channels that roll over do, is not worth asking all of them.
+    // A change of unit arrives as a change of all samples; the proxies below may not pass on any other signal. Changes of
+    // single channels, such as merged channels that roll over, are too frequent to look up all units.
     const bool everySample =
         newest && topLeft.row() <= 1 && topLeft.column() <= 1 && bottomRight.column() >= channels();
     if (header || everySample)
@@ -134,7 +134,7 @@ void RVXLatestPlotDataProxyModelPrivate::attach(QAbstractItemModel *model)
     wire(SIGNAL(modelReset()), SLOT(_q_sourceModelReset()));
     followUnits();
 
-    // A source whose newest sample leaves or moves, or whose channels come and go.
+    // The newest sample may be removed or moved, and channels may change.
     using Model = QAbstractItemModel;
     const auto on = [this](auto signal, auto act) {
         connections << QObject::connect(source.data(), signal, q, act);
@@ -171,7 +171,7 @@ void RVXLatestPlotDataProxyModelPrivate::detach()
     source = nullptr;
 }
 
-//! Takes back the table's own connections, and none that a host has made.
+//! Disconnects \a connections only, so that connections made by a host stay.
 void RVXLatestPlotDataProxyModelPrivate::cut(Connections &connections)
 {
     for (const QMetaObject::Connection &connection : connections)
@@ -179,8 +179,8 @@ void RVXLatestPlotDataProxyModelPrivate::cut(Connections &connections)
     connections.clear();
 }
 
-/*! Proxies have their source's units, but no signal of their own that says when those change: the models below them are
-    listened to. */
+/*! Listens to unitsChanged() of all models below, since a proxy shows its source's units without a signal that says when
+    they change. */
 void RVXLatestPlotDataProxyModelPrivate::followUnits()
 {
     cut(unitConnections);
@@ -193,7 +193,7 @@ void RVXLatestPlotDataProxyModelPrivate::followUnits()
     readUnits();
 }
 
-//! Finds out where units are shown; true where the title is another one now.
+//! Decides whether the title or each reading shows the unit. Returns whether the title has changed.
 bool RVXLatestPlotDataProxyModelPrivate::readUnits()
 {
     const QString oldTitle = std::exchange(title, dataTitle(source));
@@ -203,7 +203,7 @@ bool RVXLatestPlotDataProxyModelPrivate::readUnits()
     return title != oldTitle;
 }
 
-//! Has views ask for the title again, where it is another one now.
+//! Announces the title if it has changed.
 void RVXLatestPlotDataProxyModelPrivate::retitle()
 {
     if (readUnits())
@@ -212,7 +212,7 @@ void RVXLatestPlotDataProxyModelPrivate::retitle()
 
 void RVXLatestPlotDataProxyModelPrivate::sourceDestroyed()
 {
-    source = nullptr; // little is left of it
+    source = nullptr; // too little of it is left to be asked
     _q_sourceModelAboutToBeReset();
     detach();
     attach(nullptr);
@@ -224,7 +224,7 @@ void RVXLatestPlotDataProxyModelPrivate::newestChanged()
     announce(0, channels() - 1, DataColumn, DataColumn);
 }
 
-//! dataChanged() for these cells but those of the row that is being edited.
+//! Emits dataChanged() for these cells, except those of the row that is being edited.
 void RVXLatestPlotDataProxyModelPrivate::announce(int firstRow,
                                                   int lastRow,
                                                   int firstColumn,
@@ -309,8 +309,6 @@ RVXLatestPlotDataProxyModel::headerData(int section, Qt::Orientation orientation
         if (section == ChannelColumn)
             return tr("Channel");
         return section == DataColumn ? dataTitle(d->source) : QVariant();
-    case Qt::FontRole:
-        return QAbstractItemModel::headerData(section, orientation, role);
     case Qt::TextAlignmentRole:
         return Qt::AlignHCenter;
     case Qt::CheckStateRole:

@@ -11,24 +11,25 @@ namespace Corvale_Qt {
 
 class RVXLatestPlotDataProxyModelPrivate;
 
-/*! A plot model as a table of current readings, one row for each channel:
+/*! Shows a plot model as a table of current readings, one row for each channel:
 
     | Channel | Data (unit) |
     |---|---|
-    | the channel's header cell: name, lightened colour, check box | its newest sample, "N/A" while there is none |
+    | the channel's header cell: name, lightened colour, check box | its newest sample, "N/A" without samples |
 
-    The unit in the title is that of all channels, and follows it through any stack of proxies. Where channels have
-    different units (RVXAbstractPlotDataModel::ChannelUnitRole), each reading carries its own. Names are black or
-    white, whichever is readable, where the source has no colours of its own for them.
+    The title shows the unit of the channels and follows its changes through any stack of proxies. If channels have
+    different units (RVXAbstractPlotDataModel::ChannelUnitRole), each reading shows its unit instead. Names are
+    black or white, whichever is readable, unless the source gives both colours.
 
-    Channel cells can be checked, and dragged: what is dragged is a list of their texts, from which
-    RVXMultichannelProxyModel makes channels. The source need not be a plot model; it is not owned. Without one,
-    and after it was deleted, the table is empty. */
+    Channel cells can be checked and dragged. A drag carries a list of their texts, from which
+    RVXMultichannelProxyModel creates channels. The source need not be a plot model; it is not owned. Without a
+    source, and after its deletion, the table is empty. */
 class CORVALE_QT_EXPORT RVXLatestPlotDataProxyModel : public QAbstractProxyModel
 {
     Q_OBJECT
 
 public:
+    //! Creates a table without a source.
     explicit RVXLatestPlotDataProxyModel(QObject *parent = nullptr);
     ~RVXLatestPlotDataProxyModel() override;
 
@@ -40,7 +41,7 @@ public:
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    //! Qt::CheckStateRole of section 0 is that of all channels together.
+    //! Qt::CheckStateRole of section 0 is the check state of all channels, partially checked if they differ.
     QVariant
     headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     QModelIndex buddy(const QModelIndex &index) const override;
@@ -48,17 +49,18 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    //! Takes any model, or null for none, in one reset.
+    //! Sets the source in one reset: any model, or null.
     void setSourceModel(QAbstractItemModel *model) override;
-    //! Column 0 or 1 only; any other is a fatal error.
+    //! \a proxyIndex must be in column 0 or 1; any other column is a fatal error.
     QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;
     QModelIndex mapFromSource(const QModelIndex &sourceIndex) const override;
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;
     QItemSelection mapSelectionFromSource(const QItemSelection &selection) const override;
 
 public Q_SLOTS:
-    //! The row of \a index is being edited: changes there are announced when editingFinished() is called.
+    //! Holds back changes in the row of \a index, which is being edited, until editingFinished().
     void edit(const QModelIndex &index);
+    //! Ends what edit() began and announces the changes that were held back.
     void editingFinished();
 
 private:

@@ -4,14 +4,14 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ChannelNameList_p.h"
+#include "corvale_qt/proxies/Logging_p.h"
 #include "corvale_qt/proxies/MultichannelFile_p.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModelPrivate_p.h"
-#include "corvale_qt/proxies/SourceChain_p.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 #include "corvale_qt/units/Units.h"
 
 #include <QBrush>
-#include <QDebug>
 #include <QFile>
 #include <QMimeData>
 
@@ -69,8 +69,8 @@ void RVXMultichannelProxyModel::addChannel(const QString &name)
 void RVXMultichannelProxyModel::removeSourceModel(QAbstractItemModel *model)
 {
     Q_D(RVXMultichannelProxyModel);
-    if (ChannelSource *source = d->sourceOf(model))
-        d->remove(source);
+    if (MergedInput *input = d->inputOf(model))
+        d->remove(input);
 }
 
 QStringList RVXMultichannelProxyModel::channelNames() const
@@ -78,7 +78,7 @@ QStringList RVXMultichannelProxyModel::channelNames() const
     Q_D(const RVXMultichannelProxyModel);
     QStringList names;
     for (const Channel &channel : d->channels) {
-        const QAbstractItemModel *const items = channel.source->items;
+        const QAbstractItemModel *const items = channel.input->items;
         const QString name = items ? items->property("channel").toString() : QString();
         if (!name.isEmpty())
             names.append(name);
@@ -152,8 +152,8 @@ bool RVXMultichannelProxyModel::setData(const QModelIndex &index, const QVariant
 {
     Q_D(RVXMultichannelProxyModel);
     const Channel *channel = index.isValid() ? d->channel(index.column()) : nullptr;
-    return channel && channel->source->items
-        && channel->source->items->setData(mapToSource(index), value, role);
+    return channel && channel->input->items
+        && channel->input->items->setData(mapToSource(index), value, role);
 }
 
 QVariant
@@ -164,9 +164,9 @@ RVXMultichannelProxyModel::headerData(int section, Qt::Orientation orientation, 
     if (section < 0 || section >= sections)
         return QVariant();
     if (orientation != Qt::Horizontal || d->channels.isEmpty())
-        return QAbstractItemModel::headerData(section, orientation, role);
+        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     const Channel &channel = section == 0 ? d->channels.first() : *d->channel(section);
-    const QAbstractItemModel *const items = channel.source->items;
+    const QAbstractItemModel *const items = channel.input->items;
     if (!items || !(section == 0 || channel.exists()))
         return QVariant();
     return items->headerData(section == 0 ? 0 : channel.column, orientation, role);
@@ -205,8 +205,9 @@ bool RVXMultichannelProxyModel::dropMimeData(const QMimeData *data,
 
     QStringList names;
     if (data->hasFormat(channelNameListType()))
-        // One more than there may be, so that the refusal is told.
-        names = readChannelNames(data->data(channelNameListType()), d->mostChannels + 1);
+        // One name too many is read, so that the refusal is reported.
+        names = readChannelNames(data->data(channelNameListType()),
+                                 RVXMultichannelProxyModelPrivate::mostChannels + 1);
     else if (data->hasText())
         names.append(data->text());
     else
@@ -215,7 +216,7 @@ bool RVXMultichannelProxyModel::dropMimeData(const QMimeData *data,
     for (const QString &name : qAsConst(names)) {
         if (!d->hasRoom())
             break;
-        qDebug() << "Drop channel" << name;
+        qCDebug(proxiesLog) << "Drop channel" << name;
         addChannel(name);
     }
     return true;
@@ -248,11 +249,11 @@ bool RVXMultichannelProxyModel::removeColumns(int, int, const QModelIndex &)
 
 Qt::ItemFlags RVXMultichannelProxyModel::flags(const QModelIndex &index) const
 {
-    // Names are dropped where no channel is: on the empty area of a view.
+    // Views ask with an invalid index whether names can be dropped on their empty area.
     if (!index.isValid())
-        return QAbstractItemModel::flags(index) | Qt::ItemIsDropEnabled;
+        return Qt::ItemIsDropEnabled;
     const QModelIndex source = mapToSource(index);
-    return source.isValid() ? source.flags() : QAbstractItemModel::flags(index);
+    return source.isValid() ? source.flags() : Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 }
 
 QModelIndexList RVXMultichannelProxyModel::match(const QModelIndex &start,
@@ -264,7 +265,7 @@ QModelIndexList RVXMultichannelProxyModel::match(const QModelIndex &start,
     const QModelIndex source = mapToSource(start);
     if (!source.isValid())
         return QModelIndexList();
-    // The source searches one column, which another channel may show as well.
+    // The source searches one of its columns, which several channels may show: hits belong to the column asked for.
     return mapIndexes(source.model()->match(source, role, value, hits, flags),
                       [&](const QModelIndex &hit) {
                           return index(hit.row(), start.column());
@@ -281,14 +282,14 @@ QModelIndex RVXMultichannelProxyModel::mapToSource(const QModelIndex &proxyIndex
     const int row = proxyIndex.row();
     if (const Channel *channel = d->channel(proxyIndex.column())) {
         const int shown = row == 0 ? 0 : channel->shownRow(row);
-        return shown >= 1 || row == 0 ? channel->source->index(shown, channel->column)
+        return shown >= 1 || row == 0 ? channel->input->index(shown, channel->column)
                                       : QModelIndex();
     }
     if (proxyIndex.column() != 0)
         return QModelIndex();
     for (const Channel &channel : d->channels) {
-        if (row < channel.source->rowCount())
-            return channel.source->index(row, 0);
+        if (row < channel.input->rowCount())
+            return channel.input->index(row, 0);
     }
     return QModelIndex();
 }
@@ -296,11 +297,10 @@ QModelIndex RVXMultichannelProxyModel::mapToSource(const QModelIndex &proxyIndex
 QModelIndex RVXMultichannelProxyModel::mapFromSource(const QModelIndex &sourceIndex) const
 {
     Q_D(const RVXMultichannelProxyModel);
-    const ChannelSource *source =
-        sourceIndex.isValid() ? d->sourceOf(sourceIndex.model()) : nullptr;
-    if (!source)
+    const MergedInput *input = sourceIndex.isValid() ? d->inputOf(sourceIndex.model()) : nullptr;
+    if (!input)
         return QModelIndex();
-    const int column = sourceIndex.column() == 0 ? 0 : source->columns.first();
+    const int column = sourceIndex.column() == 0 ? 0 : input->columns.first();
     return createIndex(sourceIndex.row(), column, sourceIndex.internalPointer());
 }
 
@@ -336,13 +336,13 @@ bool RVXMultichannelProxyModel::SaveDataToFile(const QString &fileName) const
 void RVXMultichannelProxyModel::Clear()
 {
     Q_D(RVXMultichannelProxyModel);
-    QList<QPointer<ChannelSource>> sources;
-    for (const auto &source : d->sources)
-        sources.append(source.get());
+    QList<QPointer<MergedInput>> inputs;
+    for (const auto &input : d->inputs)
+        inputs.append(input.get());
     d->ledger.beginReset();
-    for (const QPointer<ChannelSource> &source : qAsConst(sources)) {
-        if (source && source->plot() && !source->columns.isEmpty())
-            source->plot()->Clear();
+    for (const QPointer<MergedInput> &input : qAsConst(inputs)) {
+        if (input && input->plot() && !input->columns.isEmpty())
+            input->plot()->Clear();
     }
     d->ledger.endReset();
 }
@@ -388,7 +388,7 @@ double RVXMultichannelProxyModel::doubleData(int row, int column) const
     if (!channel || row < 0)
         return 0.0;
     const int shown = channel->shownRow(row);
-    return shown >= 1 ? channel->source->plot()->doubleData(shown, channel->column)
+    return shown >= 1 ? channel->input->plot()->doubleData(shown, channel->column)
                       : std::numeric_limits<double>::quiet_NaN();
 }
 

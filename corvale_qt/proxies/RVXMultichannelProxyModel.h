@@ -11,31 +11,32 @@
 namespace Corvale_Qt {
 
 class AbstractChannelModelFactory;
-class ChannelSource;
+class MergedInput;
 class RowLedger;
 class RVXMultichannelProxyModelPrivate;
 
-/*! Lays plot models side by side as the channels of one table: column c shows one column of the c-th source, column 0 the
-    time of the first source that has the row. A source with fewer samples than the longest repeats its newest. A
-    channel without a reading (its source has no sample, or not the column) is NaN, "N/A" in tables.
+/*! Shows plot models side by side as the channels of one table. Column c, from 1, shows one column of the c-th source;
+    column 0 shows the time from the first source that has the row. A source with fewer samples than the longest
+    one repeats its newest sample. A channel without a reading, because its source has no sample or lacks the
+    column, is NaN, or "N/A" in tables.
 
-    Sources may stand on each other: a device may be shown beside its own average. Each channel has the unit of its
-    source, which its header cell answers for ChannelUnitRole.
+    Sources may stand on each other: a device can be shown beside its own average. Each channel has the unit of its
+    source; its header cell returns it for ChannelUnitRole.
 
-    Sources are given as models, as names for which a factory makes models, or by dropping names on a view of this
-    proxy ("application/vnd.text.list", as RVXLatestPlotDataProxyModel drags them, or "text/plain"). At most 256
-    channels are taken; more are refused with a line on the debug stream. Models that are given are not owned;
-    those that the factory makes are children of the proxy. A source that is deleted takes its channels with
-    it, in one reset.
+    Sources are added as models, as names for which a factory creates models, or by dropping names on a view of this
+    proxy ("application/vnd.text.list", as RVXLatestPlotDataProxyModel drags them, or "text/plain"). Beyond 256
+    channels, further ones are refused with a line on the debug stream (category "corvale.proxies"). Models that
+    are added are not owned; those that the factory creates are children of the proxy. The channels of a source that
+    is deleted are removed in one reset.
 
-    When sources with full buffers roll over together, the first of a round is announced as a removal at the front
-    and an insertion at the end, the others as changes of their columns. Proxies of this library on top follow each
-    channel's own history, whatever the order.
+    When sources with full buffers roll over together, the first one is announced as a removal at the front and an
+    insertion at the end, the others as changes of their columns. Proxies of this library on top follow the history
+    of each channel, whatever the order.
 
     \code
     RVXMultichannelProxyModel merged;
     merged.addSourceModel(&electrometer, 1);
-    merged.addChannel("ionisation chamber 2"); // the factory's model, to be fed by whoever made the factory
+    merged.addChannel("ionisation chamber 2"); // a model that the factory creates and its author feeds
     \endcode */
 class CORVALE_QT_EXPORT RVXMultichannelProxyModel : public QAbstractProxyModel,
                                                     public RVXAbstractPlotDataModel
@@ -43,29 +44,30 @@ class CORVALE_QT_EXPORT RVXMultichannelProxyModel : public QAbstractProxyModel,
     Q_OBJECT
 
 public:
+    //! Creates a proxy without channels, with a SingleChannelModelFactory.
     explicit RVXMultichannelProxyModel(QObject *parent = nullptr);
     ~RVXMultichannelProxyModel() override;
 
-    /*! Makes column \a column of \a model the channel at \a position, counted from 0; a position out of range is the
-        nearest one. What is not a RVXAbstractPlotDataModel, and what stands on this proxy, is ignored. One reset. */
+    /*! Inserts column \a column of \a model as the channel at \a position, counted from 0 and clamped to the range, in one
+        reset. A model that is not a RVXAbstractPlotDataModel, or that stands on this proxy, is ignored. */
     void insertSourceModel(int position, QAbstractItemModel *model, int column);
-    //! The same at the end.
+    //! Appends column \a column of \a model as a channel; see insertSourceModel().
     void addSourceModel(QAbstractItemModel *model, int column);
-    //! Appends a channel with a model that the factory makes for \a name, a child of this proxy.
+    //! Appends a channel with a model that the factory creates for \a name, as a child of this proxy.
     void addChannel(const QString &name);
-    /*! Takes out the channels that show \a model, in one reset, and deletes nothing. Kept for hosts already built: a
-        model whose first channel is at position 0 stays in the table, though its signals are no longer heard,
-        and unitsChanged() of a removed model is still passed on, twice until it is inserted again. */
+    /*! Removes the channels that show \a model, in one reset, and deletes nothing. Existing hosts rely on two exceptions:
+        if the first channel of the table shows \a model, all of its channels stay, though its signals are no longer
+        heard; and unitsChanged() of a removed model is still passed on, twice, until it is inserted again. */
     void removeSourceModel(QAbstractItemModel *model);
 
-    /*! The dynamic property "channel" of each source that has one, in order; a source without it adds nothing, so there
-        may be fewer names than channels. */
+    /*! Returns the dynamic property "channel" of the source of each channel, in order. A source without it is left out, so
+        there may be fewer names than channels. */
     QStringList channelNames() const;
-    //! addChannel() for each name. The channels that there are stay.
+    //! Calls addChannel() for each name. The channels that exist stay.
     void setChannelNames(const QStringList &names);
 
-    /*! Who makes models from now on; SingleChannelModelFactory at first. The factory before it is deleted at once. This
-        one is deleted with the proxy, unless it has a parent. */
+    /*! Sets the factory that creates models from now on; null for none. The previous factory is deleted at once. The proxy
+        deletes \a factory in its destructor unless it has a parent. */
     void setChannelModelFactory(AbstractChannelModelFactory *factory);
 
     QModelIndex
@@ -81,12 +83,13 @@ public:
     headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     QModelIndex buddy(const QModelIndex &index) const override;
     QStringList mimeTypes() const override;
+    //! Accepts copies and links of channel names or of a text, anywhere.
     bool canDropMimeData(const QMimeData *data,
                          Qt::DropAction action,
                          int row,
                          int column,
                          const QModelIndex &parent) const override;
-    //! Appends the names as channels, wherever they were dropped; for a copy or a link only.
+    //! Appends the names as channels, wherever they are dropped. Accepts copies and links only.
     bool dropMimeData(const QMimeData *data,
                       Qt::DropAction action,
                       int row,
@@ -98,49 +101,57 @@ public:
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
     bool removeColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    //! Searches the source of the channel at \a start and returns hits in the column of \a start.
     QModelIndexList match(const QModelIndex &start,
                           int role,
                           const QVariant &value,
                           int hits = 1,
                           Qt::MatchFlags flags = Qt::MatchFlags(Qt::MatchStartsWith
                                                                 | Qt::MatchWrap)) const override;
-    //! Does nothing: sources are inserted and removed.
+    //! Does nothing: use insertSourceModel() and removeSourceModel().
     void setSourceModel(QAbstractItemModel *model) override;
     QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;
-    //! A model that serves several channels is found in the first of them.
+    //! Maps to the first of the channels if a model serves several.
     QModelIndex mapFromSource(const QModelIndex &sourceIndex) const override;
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;
     QItemSelection mapSelectionFromSource(const QItemSelection &selection) const override;
 
-    /*! Writes all channels as CSV, for each a time and a value as its model displays them; where a channel has no sample
-        in a row both fields are empty. The titles are cut in a way that readers of these files know, and are kept
-        so for them. False without channels, and when the file cannot be written. */
+    /*! Writes all channels as CSV: for each row and channel the time and the value as the model displays them, or two empty
+        fields if the channel has no sample there. Titles lack their first letters, as readers of these files expect.
+        Returns false without channels, and if the file cannot be written. */
     bool SaveDataToFile(const QString &fileName) const override;
-    //! Clears every source, in one reset.
+    //! Clears every source in one reset.
     void Clear() override;
-    //! These five ask the first source; without one they are 256, 0, ampere, seconds and 0.
+    //! Returns the hint of the first source; 256 without a source.
     int PlotWidthHintPoints() const override;
+    //! Returns the hint of the first source; 0 without a source.
     double PlotWidthHint() const override;
+    //! Returns the unit of the first source; ampere without a source.
     const Units::MeasurementUnit *units() const override;
+    //! Returns the unit of the times of the first source; seconds without a source.
     const Units::MeasurementUnit *xUnits() const override;
+    //! Returns the buffer size of the first source; 0 without a source.
     int MaxBufferSize() const override;
     double doubleData(int row, int column) const override;
     QwtSeriesData<QPointF> *seriesData(int column, int startRow, int endRow) const override;
 
 Q_SIGNALS:
-    //! Passed on from every source.
+    //! Emitted when any source emits it, with the unit of that source.
     void unitsChanged(const Corvale_Qt::Units::MeasurementUnit *unit);
 
 protected:
-    //! As in RVXPlotProxyModel; rows and indexes are those of this proxy.
+    //! Called after rows \a first to \a last of this proxy were inserted, before views hear of it.
     virtual void sourceRowsInserted(const QModelIndex &parent, int first, int last);
+    //! Called after rows \a first to \a last of this proxy were removed, before views hear of it.
     virtual void sourceRowsRemoved(const QModelIndex &parent, int first, int last);
+    //! Called before the end of a reset of this proxy.
     virtual void sourceModelReset();
+    //! Called after cells of this proxy changed, before views hear of it.
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
 
 private:
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
-    friend class ChannelSource;
+    friend class MergedInput;
     friend class RowLedger;
     const std::unique_ptr<RVXMultichannelProxyModelPrivate> d_ptr;
 };

@@ -4,20 +4,20 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
-#include "corvale_qt/proxies/SourceChain_p.h"
-#include "corvale_qt/proxies/SourceRelay_p.h"
-#include "corvale_qt/proxies/SourceSignals_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
+#include "corvale_qt/proxies/UpstreamRelay_p.h"
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
 
 #include <QPointer>
 
 namespace Corvale_Qt {
 
-class RVXPlotProxyModelPrivate : public SourceRelay<RVXPlotProxyModel>
+class RVXPlotProxyModelPrivate : public UpstreamRelay<RVXPlotProxyModel>
 {
 public:
-    using SourceRelay::SourceRelay;
+    using UpstreamRelay::UpstreamRelay;
 
-    // As the relay's; with what a hook says has changed too.
+    // These also announce the rows that a hook passes to alsoChanged().
     void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);
     void _q_sourceRowsRemoved(const QModelIndex &parent, int first, int last);
     void _q_sourceRowsMoved(const QModelIndex &from,
@@ -30,16 +30,16 @@ public:
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
 
-    //! The source's plot side; null as soon as the source's deletion has begun, also before this hears of it.
+    //! Returns the plot interface of the source, or null as soon as the source's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? plotSide : nullptr; }
 
-    // One object, found from both sides once.
+    // The two interfaces of the source, which is one object.
     QPointer<QAbstractItemModel> items;
     RVXAbstractPlotDataModel *plotSide = nullptr;
-    // A host's model may make indexes of cells that it does not have, and a host's proxy may have less than its
-    // source; the library's own do not.
+    // A host's model may return indexes of cells that it does not have, and a host's proxy may have fewer cells than
+    // its source. The library's classes need no check.
     bool checksIndexes = true;
-    // The first row of which a hook said that it changed too; 0 for none.
+    // The row that a hook passed to alsoChanged(); 0 for none.
     int changedFrom = 0;
 
 private:
@@ -55,14 +55,14 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
     endChanges();
     beginReset();
     if (items) {
-        disconnectSource(items, q);
+        disconnectUpstream(items, q);
         QObject::disconnect(destroyed);
     }
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
     plotSide = newPlot;
     checksIndexes = !PlotColumns::of(newPlot) || !PlotColumns::of(q);
-    connectSource(items, q);
+    connectUpstream(items, q);
     destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
         sourceDestroyed();
     });
@@ -72,7 +72,7 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
 
 void RVXPlotProxyModelPrivate::sourceDestroyed()
 {
-    // Little is left of it: nobody may reach it, whoever listens to the reset included. So the hook comes first.
+    // Little is left of the source, so listeners to the reset must not reach it: the hook comes first.
     items = nullptr;
     plotSide = nullptr;
     q->sourceModelReset();
@@ -84,13 +84,13 @@ void RVXPlotProxyModelPrivate::sourceDestroyed()
 
 void RVXPlotProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int first, int last)
 {
-    SourceRelay::_q_sourceRowsInserted(parent, first, last);
+    UpstreamRelay::_q_sourceRowsInserted(parent, first, last);
     announceChanged();
 }
 
 void RVXPlotProxyModelPrivate::_q_sourceRowsRemoved(const QModelIndex &parent, int first, int last)
 {
-    SourceRelay::_q_sourceRowsRemoved(parent, first, last);
+    UpstreamRelay::_q_sourceRowsRemoved(parent, first, last);
     announceChanged();
 }
 
@@ -100,7 +100,7 @@ void RVXPlotProxyModelPrivate::_q_sourceRowsMoved(const QModelIndex &from,
                                                   const QModelIndex &to,
                                                   int row)
 {
-    SourceRelay::_q_sourceRowsMoved(from, first, last, to, row);
+    UpstreamRelay::_q_sourceRowsMoved(from, first, last, to, row);
     announceChanged();
 }
 
@@ -121,7 +121,7 @@ int RVXPlotProxyModelPrivate::takeChangedFrom()
     return row;
 }
 
-//! dataChanged() for the samples that a hook named, after rows came, went or moved.
+//! Emits dataChanged() from the row that a hook passed to alsoChanged() to the newest.
 void RVXPlotProxyModelPrivate::announceChanged()
 {
     const int first = takeChangedFrom();
@@ -163,7 +163,7 @@ const RVXAbstractPlotDataModel *RVXPlotProxyModel::sourcePlotModel() const
 QModelIndex RVXPlotProxyModel::index(int row, int column, const QModelIndex &parent) const
 {
     Q_D(const RVXPlotProxyModel);
-    // To check costs more with each proxy below.
+    // The check asks the whole stack of proxies below.
     if (!d->items || (d->checksIndexes && !hasIndex(row, column, parent)))
         return QModelIndex();
     return mapFromSource(d->items->index(row, column, mapToSource(parent)));
@@ -179,7 +179,7 @@ int RVXPlotProxyModel::rowCount(const QModelIndex &parent) const
     Q_D(const RVXPlotProxyModel);
     if (!d->items)
         return 0;
-    // Asked for each reading, and hardly ever of a cell.
+    // Called for each reading, nearly always with an invalid parent.
     return d->items->rowCount(parent.isValid() ? mapToSource(parent) : QModelIndex());
 }
 
@@ -188,7 +188,7 @@ int RVXPlotProxyModel::columnCount(const QModelIndex &parent) const
     Q_D(const RVXPlotProxyModel);
     if (!d->items)
         return 0;
-    // Asked for each reading, and hardly ever of a cell.
+    // Called for each reading, nearly always with an invalid parent.
     return d->items->columnCount(parent.isValid() ? mapToSource(parent) : QModelIndex());
 }
 

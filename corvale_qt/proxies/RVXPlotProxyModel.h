@@ -10,31 +10,33 @@
 namespace Corvale_Qt {
 
 template<typename Proxy>
-class SourceRelay;
+class UpstreamRelay;
 class RVXPlotProxyModelPrivate;
 
 /*! Base of the proxies that stand on one plot model and show other values in the same table.
 
-    Rows and columns map one to one, every announcement of the source is passed on, and the plot model's side is
-    the source's but for doubleData(), which a subclass supplies. A subclass that keeps something per row or
-    per channel brings it up to date in the four hooks at the end; they run before views hear of the change.
+    Rows and columns map one to one, every announcement of the source is passed on, and the plot interface answers as
+    the source does, except for doubleData(), which a subclass implements. A subclass that keeps state for rows or
+    channels updates it in the four protected hooks, which run before views hear of the change.
 
-    A proxy is a plot model itself, so proxies stack. The source is not owned. Without one, and after it was
-    deleted, the table is empty, numbers are 0, units null, and SaveDataToFile() is false. */
+    A proxy is a plot model itself, so proxies stack. The source is not owned. Without a source, and after its deletion,
+    the table is empty, numbers are 0, units are null, and SaveDataToFile() returns false. */
 class CORVALE_QT_EXPORT RVXPlotProxyModel : public QAbstractProxyModel,
                                             public RVXAbstractPlotDataModel
 {
     Q_OBJECT
 
 public:
+    //! Creates a proxy without a source.
     explicit RVXPlotProxyModel(QObject *parent = nullptr);
     ~RVXPlotProxyModel() override;
 
-    /*! Takes a model that is a RVXAbstractPlotDataModel as well, in one reset. Any other model, null, the present
-        source, the proxy itself and a model that stands on it are refused without a word. */
+    /*! Sets the source in one reset. \a model must be a RVXAbstractPlotDataModel as well. Any other model, null, the
+        current source, the proxy itself and a model that stands on it are silently ignored. */
     void setSourceModel(QAbstractItemModel *model) override;
-    //! The source's plot side; null without a source.
+    //! Returns the plot interface of the source; null without a source.
     RVXAbstractPlotDataModel *sourcePlotModel();
+    //! Returns the plot interface of the source; null without a source.
     const RVXAbstractPlotDataModel *sourcePlotModel() const;
 
     QModelIndex
@@ -43,6 +45,7 @@ public:
     using QObject::parent;
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    //! Passes the drop on to the source; returns false without one.
     bool dropMimeData(const QMimeData *data,
                       Qt::DropAction action,
                       int row,
@@ -52,6 +55,7 @@ public:
     bool insertColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
     bool removeColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
+    //! Searches the source and returns the hits as indexes of the proxy.
     QModelIndexList match(const QModelIndex &start,
                           int role,
                           const QVariant &value,
@@ -63,7 +67,7 @@ public:
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;
     QItemSelection mapSelectionFromSource(const QItemSelection &selection) const override;
 
-    //! The source's samples, as the source writes them: what a proxy makes of them is not in the file.
+    //! Has the source write its samples: the file does not contain the values of the proxy.
     bool SaveDataToFile(const QString &fileName) const override;
     void Clear() override;
     int PlotWidthHintPoints() const override;
@@ -74,27 +78,29 @@ public:
     int MaxBufferSize() const override;
 
 protected:
-    //! Rows \a first to \a last of the source are new; numbers are the source's, and the proxy's.
+    //! Called after rows \a first to \a last were inserted into the source. The proxy has the same rows.
     virtual void sourceRowsInserted(const QModelIndex &parent, int first, int last);
-    //! Rows \a first to \a last of the source are gone.
+    //! Called after rows \a first to \a last were removed from the source.
     virtual void sourceRowsRemoved(const QModelIndex &parent, int first, int last);
-    //! The source was reset, is another one, or is gone.
+    //! Called after the source was reset, exchanged or deleted.
     virtual void sourceModelReset();
-    //! Cells of the source changed; the corners are indexes of the proxy.
+    //! Called after cells of the source changed; the corners are indexes of the proxy.
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
 
-    /*! For a hook: samples from row \a firstRow to the newest changed with what the source announced. dataChanged() says
-        so: in one range with the cells that the source announced as changed, in the same columns; for all channels
-        once views know which rows came, went or moved. */
+    /*! Called by a hook whose subclass shows other values from row \a firstRow to the newest as well. For changed cells
+        the range of dataChanged() is extended to the newest row, in the same columns. For inserted, removed or moved
+        rows dataChanged() follows for all channels, after the end signal. */
     void alsoChanged(int firstRow);
 
-    //! As beginResetModel(), for a change in which the source resets as well: views hear of one reset.
+    /*! Begins a reset that may enclose resets of the source: views hear of a single reset. Each call needs a call of
+        endSharedReset(). */
     void beginSharedReset();
+    //! Ends what beginSharedReset() began. Views hear modelReset() at the outermost end.
     void endSharedReset();
 
 private:
     Q_DECLARE_PRIVATE(RVXPlotProxyModel)
-    friend class SourceRelay<RVXPlotProxyModel>;
+    friend class UpstreamRelay<RVXPlotProxyModel>;
     const std::unique_ptr<RVXPlotProxyModelPrivate> d_ptr;
 
     // clang-format off

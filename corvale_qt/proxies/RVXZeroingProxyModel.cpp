@@ -39,11 +39,11 @@ public:
     void followColumnsOf(const QAbstractItemModel *model);
 
     RVXZeroingProxyModel *const q;
-    // For each channel, in the base unit; channels that were appended since have none.
+    // The zero of each channel in the base unit. Channels appended after zeroNow() have none.
     QVector<double> zeros;
     int channels = 0;
     bool active = false;
-    // Whether channels may have units of their own, which cost more to ask for.
+    // Whether channels may have different units, which take longer to look up.
     bool unitsDiffer = false;
     PlotColumnReader source;
 
@@ -74,7 +74,7 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
     const int end = std::clamp(q->rowCount() - firstRow, 0, count);
     for (int i = std::max(1 - firstRow, 0); i < end; ++i)
         out[i] -= zero;
-    // A cell that holds no sample reads 0, and stays so.
+    // A cell without a sample reads 0 and stays 0.
     for (int i = end; i < count; ++i)
         out[i] -= out[i] == 0.0 ? 0.0 : zero;
 }
@@ -88,7 +88,7 @@ bool RVXZeroingProxyModelPrivate::spans(int column,
         return false;
     if (!isZeroed(1, column))
         return true;
-    // One subtraction has a place there; with a second one below this, the numbers are read instead.
+    // Spans have room for one subtraction. If the source needs it, the numbers are read instead.
     if (spans.zero != 0.0 || firstRow < 1)
         return false;
     spans.zero = shownZero(column);
@@ -111,13 +111,13 @@ double RVXZeroingProxyModelPrivate::shownZero(int column) const
     return unit ? unit->scale(zeros[column - 1]) : zeros[column - 1];
 }
 
-/*! The newest finite sample of a channel: what a gap shows would be subtracted from all samples to come. 0 where
-    there is none. */
+/*! Returns the newest finite sample of a channel, or 0 without one. A gap is not a zero: it would make every later
+    sample a gap. */
 double RVXZeroingProxyModelPrivate::newestReading(int column) const
 {
     const RVXAbstractPlotDataModel *const plot = q->sourcePlotModel();
     const int newest = q->rowCount() - 1;
-    // The header row is no sample: its numbers count the channels.
+    // The header row does not hold samples: its numbers are those of the columns.
     double reading = plot->doubleData(newest >= 1 ? newest : -1, column);
     for (int row = newest - 1; row >= 1 && !std::isfinite(reading); --row)
         reading = plot->doubleData(row, column);
@@ -147,7 +147,7 @@ void RVXZeroingProxyModelPrivate::columnsRemoved(int first, int last)
     channels -= last - first + 1;
 }
 
-//! A zero must not stay where another channel moves in.
+//! Stops subtracting, since a zero must not apply to another channel that moves into its column.
 void RVXZeroingProxyModelPrivate::end()
 {
     endIsToBeAnnounced = endIsToBeAnnounced || active;
@@ -162,8 +162,8 @@ void RVXZeroingProxyModelPrivate::announceEnd()
     q->endSharedReset();
 }
 
-/*! The end of a zero changes the numbers of all channels, of which views must hear. They hear of the columns first:
-    these connections come after the base's. */
+/*! Resets the proxy when a change of the source's columns has ended the zeros, since the numbers of all channels change.
+    These connections come after those of the base class, so that views hear of the columns first. */
 void RVXZeroingProxyModelPrivate::followColumnsOf(const QAbstractItemModel *model)
 {
     for (const QMetaObject::Connection &connection : sourceColumns)
@@ -182,7 +182,7 @@ RVXZeroingProxyModel::RVXZeroingProxyModel(QObject *parent)
     : RVXPlotProxyModel(parent)
     , d_ptr(new RVXZeroingProxyModelPrivate(this))
 {
-    // Connected first, these run before any view asks for a number.
+    // These connections are the first, so they run before any view asks for a number.
     Q_D(RVXZeroingProxyModel);
     connect(this,
             &QAbstractItemModel::columnsInserted,
@@ -238,7 +238,7 @@ bool RVXZeroingProxyModel::isZeroed() const
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
 {
     Q_D(const RVXZeroingProxyModel);
-    if (!sourcePlotModel()) // which may be there in part
+    if (!sourcePlotModel()) // its deletion may have begun while its item model is still there
         return QVariant();
     const int row = index.row();
     const int column = index.column();
@@ -247,7 +247,7 @@ QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const
     if (row >= rowCount())
         return QVariant();
     const double value = doubleData(row, column);
-    // What is no number is shown as the source shows it.
+    // A value that is not finite is shown as the source shows it.
     if (!std::isfinite(value))
         return RVXPlotProxyModel::data(index, role);
     return readingFor(role, d->unitOf(column), value);
@@ -260,7 +260,7 @@ double RVXZeroingProxyModel::doubleData(int row, int column) const
     const double value = plot ? plot->doubleData(row, column) : 0.0;
     if (!d->isZeroed(row, column))
         return value;
-    // A cell that holds no sample reads 0, and stays so. Counting the rows costs a way down the whole stack.
+    // A cell without a sample reads 0 and stays 0. Rows are counted only then, since that asks the whole stack.
     if (value == 0.0 && row >= rowCount())
         return value;
     return value - d->shownZero(column);

@@ -7,28 +7,29 @@ namespace Corvale_Qt {
 
 class RVXZeroingProxyModelPrivate;
 
-/*! Subtracts from every sample of a channel the channel's zero, which is captured on demand.
+/*! Subtracts from every sample of a channel the zero of that channel, which zeroNow() captures.
 
-    Zeros are kept in the base unit, so that they stay right when the source's unit changes. They apply to all
-    rows, older ones too. Header row and time column pass through. Files hold the samples as they came.
+    Zeros are kept in the base unit, so that they stay correct when the unit of the source changes. They apply to all
+    rows, including older ones. Header row and time column pass through. Files contain the samples of the source.
 
     A reset of the source keeps the zeros unless the number of channels changes. A channel that is appended has no
-    zero of its own until the next zeroNow(); any other change of the channels ends the zero of all of them. Every
-    reset of this model, and nothing else, may change isZeroed(). */
+    zero until the next zeroNow(); any other change of the channels ends the zeros of all of them. isZeroed()
+    changes only together with a reset of this model. */
 class CORVALE_QT_EXPORT RVXZeroingProxyModel : public RVXPlotProxyModel
 {
     Q_OBJECT
 
 public:
+    //! Creates a proxy without a source, which subtracts nothing.
     explicit RVXZeroingProxyModel(QObject *parent = nullptr);
     ~RVXZeroingProxyModel() override;
 
-    /*! Takes the newest finite sample of each channel as its zero, in one reset; does nothing without a source. Where
-        there is no sample yet the zero is what the source answers for row -1, 0 for the models of this library. */
+    /*! Takes the newest finite sample of each channel as its zero, in one reset. Does nothing without a source. For a
+        channel without samples the zero is what the source returns for row -1: 0 with the models of this library. */
     void zeroNow();
-    //! Shows the source's numbers again, in one reset.
+    //! Stops subtracting, in one reset.
     void zeroClear();
-    //! Whether zeros are being subtracted.
+    //! Returns whether zeros are being subtracted.
     bool isZeroed() const;
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;

@@ -10,18 +10,19 @@ namespace {
 
 constexpr int toTheEnd = std::numeric_limits<int>::max();
 
-// The header row is not the ledger's.
+//! Returns how many of the rows \a first to \a last hold samples: the header row does not.
 int sampleRowsIn(int first, int last)
 {
     return std::max(last - std::max(first, 1) + 1, 0);
 }
 
+//! Returns whether rows from \a first on include the oldest sample.
 bool isFront(int first)
 {
     return first <= 1;
 }
 
-void addRows(ChannelSource::News &news, int first, int last)
+void addRows(MergedInput::News &news, int first, int last)
 {
     news.firstRow = std::min(news.firstRow, std::max(first, 1));
     news.lastRow = std::max(news.lastRow, last);
@@ -30,90 +31,91 @@ void addRows(ChannelSource::News &news, int first, int last)
 } // namespace
 
 RowLedger::RowLedger(RVXMultichannelProxyModel *proxy,
-                     const ChannelSources &sources,
+                     const MergedInputs &inputs,
                      const QVector<Channel> &channels)
     : q(proxy)
-    , m_sources(sources)
-    , m_channels(channels)
+    , m_inputs(inputs)
+    , m_counts(inputs, channels)
 {
 }
 
-bool RowLedger::begin(ChannelSource &source, SourceChange change)
+bool RowLedger::begin(MergedInput &input, InputChange change)
 {
-    // One that is begun again was never ended, and is not waited for twice.
-    if ((source.openChanges & int(change)) == 0) {
-        source.openChanges |= int(change);
+    // A change that begins again without having ended is counted, and waited for, once.
+    if ((input.openChanges & int(change)) == 0) {
+        input.openChanges |= int(change);
         ++m_open;
     }
     return m_change == Change::None;
 }
 
-void RowLedger::end(ChannelSource &source, SourceChange change)
+void RowLedger::end(MergedInput &input, InputChange change)
 {
-    if ((source.openChanges & int(change)) == 0) {
-        // Begun before the proxy listened, or before a reset of its own.
+    if ((input.openChanges & int(change)) == 0) {
+        // The change began before the proxy listened, or before the proxy was reset.
         m_needsReset = true;
     } else {
-        source.openChanges &= ~int(change);
+        input.openChanges &= ~int(change);
         --m_open;
     }
-    count(source);
+    m_counts.count(input);
     settle();
 }
 
-void RowLedger::rowsAboutToBeInserted(ChannelSource &source, int last)
+void RowLedger::rowsAboutToBeInserted(MergedInput &input, int last)
 {
-    if (begin(source, SourceChange::RowInsertion) && last > m_rows)
+    if (begin(input, InputChange::RowInsertion) && last > m_rows)
         open(Change::Insertion, m_rows + 1, last, m_shifted);
 }
 
-void RowLedger::rowsInserted(ChannelSource &source, int first)
+void RowLedger::rowsInserted(MergedInput &input, int first)
 {
-    // To the end: rows that the source does not have repeat its newest sample.
-    addRows(newsOf(source), first, toTheEnd);
-    end(source, SourceChange::RowInsertion);
+    // The news reaches to the end, since rows beyond those of the input repeat its newest sample.
+    addRows(newsOf(input), first, toTheEnd);
+    end(input, InputChange::RowInsertion);
 }
 
-void RowLedger::rowsAboutToBeRemoved(ChannelSource &source, int first, int last)
+void RowLedger::rowsAboutToBeRemoved(MergedInput &input, int first, int last)
 {
-    // It is the nested one of two if the source has begun something else.
-    const bool isNested = source.openChanges != 0;
-    if (!begin(source, SourceChange::RowRemoval))
+    // An input that has begun another change removes these rows within it.
+    const bool isNested = input.openChanges != 0;
+    if (!begin(input, InputChange::RowRemoval))
         return;
     const int removed = sampleRowsIn(first, last);
     if (isFront(first)) {
-        const bool rowsRemain = isNested || source.rows > removed || longestBeside(source) > 0;
-        const qint64 dropped = source.dropped + removed;
+        const bool rowsRemain =
+            isNested || input.rows > removed || m_counts.longestBeside(input) > 0;
+        const qint64 dropped = input.dropped + removed;
         const int lead = announcedLead(dropped, rowsRemain);
         if (lead > 0)
             open(Change::Removal, 1, lead, dropped);
-    } else if (source.rows == m_rows && longestBeside(source) <= source.rows - removed) {
+    } else if (input.rows == m_rows && m_counts.longestBeside(input) <= input.rows - removed) {
         open(Change::Removal, first, std::min(last, m_rows), m_shifted);
     }
 }
 
-void RowLedger::rowsRemoved(ChannelSource &source, int first, int last)
+void RowLedger::rowsRemoved(MergedInput &input, int first, int last)
 {
     const int removed = sampleRowsIn(first, last);
-    ChannelSource::News &news = newsOf(source);
+    MergedInput::News &news = newsOf(input);
     if (isFront(first)) {
-        source.dropped += removed;
-        m_mostDropped = std::max(m_mostDropped, source.dropped);
+        input.dropped += removed;
+        m_mostDropped = std::max(m_mostDropped, input.dropped);
         news.dropped += removed;
         if (news.lastRow > 0 && news.firstRow <= news.lastRow)
             news.firstRow = std::max(news.firstRow - removed, 1);
     } else {
         addRows(news, first, toTheEnd);
     }
-    end(source, SourceChange::RowRemoval);
+    end(input, InputChange::RowRemoval);
 }
 
-void RowLedger::rowsAboutToBeMoved(ChannelSource &source, int first, int last, int before)
+void RowLedger::rowsAboutToBeMoved(MergedInput &input, int first, int last, int before)
 {
-    // Rows of the table move where one source is all of it. Otherwise the cells of one do.
-    if (m_sources.size() > 1) {
-        layoutAboutToBeChanged(source, SourceChange::RowMove);
-    } else if (!begin(source, SourceChange::RowMove)) {
+    // With a single input rows of the table move. With more of them only the cells of one input do.
+    if (m_inputs.size() > 1) {
+        layoutAboutToBeChanged(input, InputChange::RowMove);
+    } else if (!begin(input, InputChange::RowMove)) {
         m_needsReset = true;
     } else {
         announceBegin(Change::Move, [&] {
@@ -124,23 +126,23 @@ void RowLedger::rowsAboutToBeMoved(ChannelSource &source, int first, int last, i
     }
 }
 
-void RowLedger::layoutAboutToBeChanged(ChannelSource &source, SourceChange change)
+void RowLedger::layoutAboutToBeChanged(MergedInput &input, InputChange change)
 {
-    if (begin(source, change))
+    if (begin(input, change))
         openLayout();
     else if (m_change != Change::Layout)
         m_needsReset = true;
 }
 
-void RowLedger::aboutToBeReset(ChannelSource &source, SourceChange change)
+void RowLedger::aboutToBeReset(MergedInput &input, InputChange change)
 {
-    begin(source, change);
+    begin(input, change);
     openReset();
 }
 
-void RowLedger::cellsChangedMeanwhile(ChannelSource &source, int firstRow, int lastRow)
+void RowLedger::cellsChangedMeanwhile(MergedInput &input, int firstRow, int lastRow)
 {
-    ChannelSource::News &news = newsOf(source);
+    MergedInput::News &news = newsOf(input);
     news.header = news.header || firstRow <= 0;
     if (lastRow >= 1)
         addRows(news, firstRow, lastRow);
@@ -158,19 +160,19 @@ void RowLedger::endReset()
 {
     --m_open;
     finishReset();
-    // Sources in the middle of a change may have been counted wrongly: they are counted again at its end.
+    // An input in the middle of a change may have been counted wrongly; it is counted again when the change ends.
     m_needsReset = isBusy();
 }
 
-void RowLedger::abandon(ChannelSource &source)
+void RowLedger::abandon(MergedInput &input)
 {
-    for (; source.openChanges != 0; source.openChanges &= source.openChanges - 1)
+    for (; input.openChanges != 0; input.openChanges &= input.openChanges - 1)
         --m_open;
-    source.news = ChannelSource::News();
-    m_withNews.removeOne(&source);
+    input.news = MergedInput::News();
+    m_withNews.removeOne(&input);
 }
 
-//! \a announce says whether there is an end to come.
+//! Opens \a change. \a announce tells the views and returns whether an end will follow.
 template<typename Announce>
 void RowLedger::announceBegin(Change change, Announce announce)
 {
@@ -182,7 +184,7 @@ void RowLedger::announceBegin(Change change, Announce announce)
     m_beginning = outer;
     if (!opened)
         m_change = Change::None;
-    // A listener may have taken out the source that would have ended it.
+    // A listener may have removed the input that would have ended the change.
     settle();
 }
 
@@ -203,7 +205,7 @@ void RowLedger::open(Change change, int first, int last, qint64 shift)
 void RowLedger::openLayout()
 {
     announceBegin(Change::Layout, [this] {
-        // Views keep their selections in persistent indexes when they hear this, so it comes before the search.
+        // Views store their selections in persistent indexes when they receive this signal, so it comes first.
         Q_EMIT q->layoutAboutToBeChanged();
         m_held.hold(q->persistentIndexList(), [this](const QModelIndex &index) {
             return q->mapToSource(index);
@@ -225,7 +227,7 @@ void RowLedger::openReset()
         m_rows = 0;
 }
 
-//! Ends what is announced, as it was announced; but for a reset, which counts anew.
+//! Ends the change that is announced, with the rows it was announced with. A reset is ended by finishReset().
 void RowLedger::close()
 {
     if (m_change == Change::Reset)
@@ -255,7 +257,7 @@ void RowLedger::close()
 
 void RowLedger::closeLayout()
 {
-    // A channel's cell stays in its column, also where another channel shows the same one of the source.
+    // A cell stays in the column of its channel, even if another channel shows the same column of the source.
     const auto now = m_held.now([this](const QModelIndex &source, const QModelIndex &before) {
         return source.isValid() ? q->index(source.row(), before.column()) : QModelIndex();
     });
@@ -264,7 +266,7 @@ void RowLedger::closeLayout()
     Q_EMIT q->layoutChanged();
 }
 
-//! Counts all rows anew and ends the reset; begins it as well where something else was announced until now.
+//! Counts all rows again and ends the reset. Begins the reset first unless it is already announced.
 void RowLedger::finishReset()
 {
     if (m_change == Change::Reset)
@@ -272,7 +274,11 @@ void RowLedger::finishReset()
     else
         q->beginResetModel();
     m_needsReset = false;
-    countAll();
+    m_counts.countAll();
+    m_withNews.clear();
+    m_shifted = 0;
+    m_mostDropped = 0;
+    m_rows = m_counts.longest();
     q->sourceModelReset();
     q->endResetModel();
 }
@@ -281,14 +287,14 @@ void RowLedger::announce(Change change, int first, int last)
 {
     if (first > last)
         return;
-    ++m_open; // a listener to the beginning must not end it
+    ++m_open; // a listener to the beginning must not end the change
     open(change, first, last, m_shifted);
     --m_open;
     close();
 }
 
-/*! By how many rows the table shifts when \a dropped are to be gone. While any rows remain one stays announced: were all
-    of them to leave and come back, averages of the other channels would begin anew. */
+/*! Returns by how many rows the table shifts when an input has dropped \a dropped rows in all. As long as rows remain,
+    at least one stays announced: if all rows left and came back, averages of the other channels would start afresh. */
 int RowLedger::announcedLead(qint64 dropped, bool rowsRemain) const
 {
     const int most = rowsRemain ? m_rows - 1 : m_rows;
@@ -297,14 +303,14 @@ int RowLedger::announcedLead(qint64 dropped, bool rowsRemain) const
 
 bool RowLedger::isSettled() const
 {
-    return m_change == Change::None && !m_needsReset && m_withNews.isEmpty() && m_rows == m_longest
-        && m_shifted >= m_mostDropped;
+    return m_change == Change::None && !m_needsReset && m_withNews.isEmpty()
+        && m_rows == m_counts.longest() && m_shifted >= m_mostDropped;
 }
 
-//! Tells what there is to tell, once no source is in the middle of a change.
+//! Announces what is left to announce, once no input is in the middle of a change.
 void RowLedger::settle()
 {
-    // Listeners may bring more.
+    // Listeners may cause further changes.
     while (!isBusy() && !m_beginning && !isSettled()) {
         if (m_needsReset) {
             close();
@@ -322,46 +328,46 @@ void RowLedger::settleRows()
     close();
     known = std::min(known, m_rows);
     if (m_shifted < m_mostDropped) {
-        const int lead = announcedLead(m_mostDropped, m_longest > 0);
+        const int lead = announcedLead(m_mostDropped, m_counts.longest() > 0);
         m_shifted = m_mostDropped;
         announce(Change::Removal, 1, lead);
     }
-    announce(Change::Removal, m_longest + 1, m_rows);
+    announce(Change::Removal, m_counts.longest() + 1, m_rows);
     known = std::min(known, m_rows);
-    announce(Change::Insertion, m_rows + 1, m_longest);
+    announce(Change::Insertion, m_rows + 1, m_counts.longest());
     while (!isBusy() && !m_withNews.isEmpty())
         tell(*m_withNews.takeFirst(), known, m_shifted - shifted);
 }
 
-/*! Tells of the cells of \a source that read otherwise now, among the \a knownRows that views knew before and know
-    still. \a shift is by how much the table was shifted. */
-void RowLedger::tell(ChannelSource &source, int knownRows, qint64 shift)
+/*! Announces the changed cells of \a input among the first \a knownRows rows: those that views knew before this round
+    of changes and still know. \a shift is the number of rows by which the round shifted the table. */
+void RowLedger::tell(MergedInput &input, int knownRows, qint64 shift)
 {
-    const ChannelSource::News news = std::exchange(source.news, ChannelSource::News());
+    const MergedInput::News news = std::exchange(input.news, MergedInput::News());
     int first = news.firstRow;
     int last = std::min(news.lastRow, knownRows);
-    if (news.dropped > 0 && source.rows == 0) {
-        first = 1; // nothing is left to repeat
+    if (news.dropped > 0 && input.rows == 0) {
+        first = 1; // no sample is left to repeat
         last = m_rows;
     } else if (news.dropped > 0 && news.dropped != shift && first > last && m_rows > 1) {
-        first = last = m_rows; // a single row would begin its averages anew
+        first = last = m_rows; // with a single row, averages would start afresh
     }
     if (news.header) {
-        const QVector<int> columns = source.columns; // a listener may take the source out
+        const QVector<int> columns = input.columns; // a listener may remove the input
         for (const int column : columns)
             announceCells(0, column, 0, column);
     }
-    columnsChanged(source, first, last);
+    columnsChanged(input, first, last);
 }
 
-//! The samples of \a source changed on these rows, and the times where it is the source that gives them.
-void RowLedger::columnsChanged(const ChannelSource &source, int first, int last)
+//! Announces the samples of \a input on these rows, and the times of those rows whose time it provides.
+void RowLedger::columnsChanged(const MergedInput &input, int first, int last)
 {
     if (first > last)
         return;
-    const QVector<int> columns = source.columns;
-    const int lastTime = std::min(last, source.rows);
-    const int firstTime = std::max(first, longestBefore(source, lastTime) + 1);
+    const QVector<int> columns = input.columns;
+    const int lastTime = std::min(last, input.rows);
+    const int firstTime = std::max(first, m_counts.longestBefore(input, lastTime) + 1);
     if (firstTime <= lastTime)
         announceCells(firstTime, 0, lastTime, 0);
     for (const int column : columns)
@@ -373,83 +379,16 @@ void RowLedger::announceCells(int firstRow, int firstColumn, int lastRow, int la
     const QModelIndex from = q->index(firstRow, firstColumn);
     const QModelIndex to = q->index(lastRow, lastColumn);
     if (!from.isValid() || !to.isValid())
-        return; // a listener has reset the table or made it shorter
+        return; // a listener has reset or shortened the table
     q->sourceDataChanged(from, to);
     Q_EMIT q->dataChanged(from, to);
 }
 
-ChannelSource::News &RowLedger::newsOf(ChannelSource &source)
+MergedInput::News &RowLedger::newsOf(MergedInput &input)
 {
-    if (!m_withNews.contains(&source))
-        m_withNews.append(&source);
-    return source.news;
-}
-
-void RowLedger::count(ChannelSource &source)
-{
-    const int rows = std::max(source.rowCount() - 1, 0);
-    if (rows == source.rows)
-        return;
-    const bool heldLongest = source.rows == m_longest;
-    source.rows = rows;
-    if (rows > m_longest) {
-        m_longest = rows;
-        m_holders = 1;
-    } else if (rows == m_longest) {
-        ++m_holders;
-    } else if (heldLongest && --m_holders == 0) {
-        countLongest();
-    }
-}
-
-void RowLedger::countLongest()
-{
-    m_longest = 0;
-    m_holders = 0;
-    for (const auto &source : m_sources) {
-        if (source->rows > m_longest) {
-            m_longest = source->rows;
-            m_holders = 0;
-        }
-        m_holders += source->rows == m_longest ? 1 : 0;
-    }
-}
-
-void RowLedger::countAll()
-{
-    for (const auto &source : m_sources) {
-        source->rows = std::max(source->rowCount() - 1, 0);
-        source->ownColumns = source->items ? source->items->columnCount() : 0;
-        source->dropped = 0;
-        source->news = ChannelSource::News();
-    }
-    m_withNews.clear();
-    m_shifted = 0;
-    m_mostDropped = 0;
-    countLongest();
-    m_rows = m_longest;
-}
-
-//! Sample rows of the longest source that comes before \a source, or any number from \a enough on.
-int RowLedger::longestBefore(const ChannelSource &source, int enough) const
-{
-    int rows = 0;
-    for (const Channel &channel : m_channels) {
-        if (channel.source == &source || rows >= enough)
-            break;
-        rows = std::max(rows, channel.source->rows);
-    }
-    return rows;
-}
-
-int RowLedger::longestBeside(const ChannelSource &source) const
-{
-    int rows = 0;
-    for (const auto &other : m_sources) {
-        if (other.get() != &source)
-            rows = std::max(rows, other->rows);
-    }
-    return rows;
+    if (!m_withNews.contains(&input))
+        m_withNews.append(&input);
+    return input.news;
 }
 
 } // namespace Corvale_Qt

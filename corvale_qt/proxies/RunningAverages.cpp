@@ -10,15 +10,15 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Rows taken at once.
+// How many rows are computed at a time.
 constexpr int chunk = 256;
-// A step waits for the one before it; steps of other channels fill the time. More of them than this would not find
-// room for their addresses in registers.
+// How many channels are computed side by side. Each step waits for the one before it, and steps of other channels fill
+// that time. The addresses of more channels do not fit into the registers.
 constexpr int lanes = 4;
-// A page ahead: the processor looks ahead by itself, but not into the next page.
+// Prefetch a page ahead: the hardware prefetcher does not cross into the next page.
 constexpr int prefetched = 512;
 
-/*! Calls use(memory, offset, rows) for the one or two straight pieces that hold \a count elements from \a first on. */
+//! Calls use(memory, offset, count) for each of the one or two arrays that hold \a count elements from \a first on.
 template<typename Use>
 void forPieces(SampleRing &ring, int first, int count, Use use)
 {
@@ -31,7 +31,7 @@ void forPieces(SampleRing &ring, int first, int count, Use use)
         use(two.first + (first + inOne - int(one.second)), inOne, count - inOne);
 }
 
-//! Where \a count elements from \a first on lie, or null where they are not in one piece.
+//! Returns the address of \a count elements from \a first on, or null if the ring wraps within them.
 double *straightPiece(SampleRing &ring, int first, int count)
 {
     const auto one = ring.array_one();
@@ -41,16 +41,16 @@ double *straightPiece(SampleRing &ring, int first, int count)
     return first >= inOne ? ring.array_two().first + (first - inOne) : nullptr;
 }
 
-//! A stretch of one channel: numbers in, averages out.
+//! A stretch of rows of one channel: readings in, averages out.
 struct Lane
 {
     const double *in;
     double *out;
-    double factor; //!< with zero, as in ColumnSpans
+    double factor; //!< a reading is factor * in[i] - zero, as in ColumnSpans
     double zero;
 };
 
-//! Copies \a count averages from row \a row on to where they are kept.
+//! Copies \a count averages into \a ring, from row \a row on.
 void store(SampleRing &ring, int row, int count, const double *averages)
 {
     forPieces(ring, row - 1, count, [averages](double *memory, int offset, int n) {
@@ -58,7 +58,7 @@ void store(SampleRing &ring, int row, int count, const double *averages)
     });
 }
 
-//! The recurrence, for readings that are finite; one that is not stays in \a running for ever.
+//! Computes the recurrence for finite readings. A reading that is not finite makes \a running NaN or infinite for good.
 template<int Lanes>
 void recur(const Lane (&lane)[Lanes], double (&running)[Lanes], int count, double alpha)
 {
@@ -164,10 +164,10 @@ void RunningAverages::truncate(int column, int rows)
     resize(own, rows);
 }
 
-//! The average that row \a row goes on from: the last finite one before it, or NaN.
+//! Returns the average from which row \a row continues: the last finite one before it, or NaN.
 double RunningAverages::Channel::before(int row) const
 {
-    // What is appended, which is the usual case, must not search through a long gap each time.
+    // Appending is the usual case and must not search through a long gap each time.
     if (row == int(ring.size()) + 1)
         return newest;
     for (int i = row - 2; i >= 0; --i) {
@@ -203,7 +203,7 @@ void RunningAverages::update(const PlotColumnReader &source,
     }
 }
 
-//! Whether as many channels as are computed side by side start at the same row.
+//! Returns whether the next \c lanes channels exist and start at the same row.
 bool RunningAverages::startsTogether(int column, int lastColumn) const
 {
     if (column + lanes - 1 > lastColumn)
@@ -216,18 +216,18 @@ bool RunningAverages::startsTogether(int column, int lastColumn) const
     return true;
 }
 
-//! Makes room up to row \a rows, and finds where to start and what to go on from.
+//! Resizes the ring to \a rows rows, and finds the row to start at and the average to continue from.
 void RunningAverages::prepare(Channel &channel, int from, int rows)
 {
     SampleRing &ring = channel.ring;
     const auto size = SampleRing::size_type(std::max(rows, 0));
     const int firstWithout = int(ring.size()) + 1;
     channel.start = std::max(std::min(from, firstWithout), 1);
-    // From the first row on, averages start afresh.
+    // An average that is computed from the first row on starts afresh.
     if (channel.start == 1)
         channel.newest = channel.dropped = std::numeric_limits<double>::quiet_NaN();
     channel.newest = channel.before(channel.start);
-    // A source that grows past the buffer size that it named must not cost a move of all rows at each of them.
+    // A source may exceed its buffer size. Capacity grows by doubling, so that not every new row moves all others.
     if (size > ring.capacity())
         ring.set_capacity(std::max(size, 2 * ring.capacity()));
     resize(channel, int(size));
@@ -238,13 +238,13 @@ void RunningAverages::prepare(Channel &channel, int from, int rows)
 void RunningAverages::resize(Channel &channel, int rows)
 {
     const int added = rows - int(channel.ring.size());
-    // The usual case, one reading more, is worth its own call.
+    // One reading more is the usual case and worth a separate call.
     if (added == 1)
         channel.ring.push_back(0.0);
     else
         channel.ring.resize(SampleRing::size_type(rows));
     channel.taken += added;
-    // The next ones get the names of those that leave.
+    // The next averages get the numbers of those that are removed, whose ranges no longer hold.
     if (added < 0)
         channel.ranges.forget();
 }
@@ -261,7 +261,7 @@ void RunningAverages::copy(const PlotColumnReader &source, int column, int from,
               });
 }
 
-//! One stretch from the source's memory into the ring's; false where either is not in one piece.
+//! Computes a stretch from the source's memory into the ring. Returns false if either of them is not contiguous there.
 template<int Lanes>
 bool RunningAverages::averageInPlace(const PlotColumnReader &source,
                                      int firstColumn,
@@ -282,7 +282,7 @@ bool RunningAverages::averageInPlace(const PlotColumnReader &source,
     return true;
 }
 
-//! The same by way of a buffer.
+//! Computes a stretch like averageInPlace(), by way of a buffer.
 template<int Lanes>
 void RunningAverages::averageByCopy(const PlotColumnReader &source,
                                     int firstColumn,
@@ -301,8 +301,8 @@ void RunningAverages::averageByCopy(const PlotColumnReader &source,
         store(channel(firstColumn + k).ring, row, count, x[k]);
 }
 
-/*! The same for a channel whose readings are not all finite, or that has no average yet: a reading at a time. Returns
-    what the next row goes on from. */
+/*! Computes a stretch of one channel reading by reading: for readings that are not all finite, and for a channel that
+    has no average yet. Returns the average from which the next row continues. */
 double RunningAverages::averageWithGaps(const PlotColumnReader &source,
                                         int column,
                                         int row,
@@ -334,7 +334,7 @@ void RunningAverages::averageStretch(const PlotColumnReader &source,
     std::copy_n(running, Lanes, next);
     if (!averageInPlace(source, firstColumn, row, count, next))
         averageByCopy(source, firstColumn, row, count, next);
-    // Readings are not tested one by one: a gap shows at the end.
+    // A reading that is not finite shows in the last average, so readings need no test each.
     for (int k = 0; k < Lanes; ++k) {
         if (!std::isfinite(next[k]))
             next[k] = averageWithGaps(source, firstColumn + k, row, count, running[k]);

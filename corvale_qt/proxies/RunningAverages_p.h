@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
@@ -18,50 +12,53 @@ namespace Corvale_Qt {
 
 class PlotColumnReader;
 
-/*! Exponential moving averages of the channels of a plot model, one for each sample row:
+/*! Exponential moving averages of the channels of a plot model, one average for each sample row:
 
         A(1) = x(1),   A(r) = (1 - 1/N) A(r - 1) + (1/N) x(r)
 
-    A reading that is not finite is shown as it is in its own row, and the average goes on from the last finite one,
-    which is remembered when its row leaves at the front. The first finite reading of a channel starts its average.
+    A reading that is not finite stands in its row as it is, and the average continues from the last finite one, which
+    is remembered when its row is dropped at the front. The first finite reading of a channel starts its average.
 
-    Rows count from 1, columns too. The running values stay in registers and go from the source's memory straight to
-    their own where both lie in one piece; the numbers are those of the recurrence, computed cell by cell, to the last bit. */
+    Rows and columns count from 1. If the source's memory and the ring are both contiguous, running values go straight
+    from one to the other; every number equals that of the recurrence computed cell by cell, to the last bit. */
 class RunningAverages
 {
 public:
-    //! N, at least 1. Takes effect on rows that are computed from now on.
+    //! Sets N, at least 1, for rows that are computed from now on.
     void setLength(int length) { m_length = length; }
     int length() const { return m_length; }
-    //! Empty averages of \a channels channels, with room for \a capacity rows.
+    //! Starts with empty averages of \a channels channels, with room for \a capacity rows.
     void reset(int channels, int capacity);
-    //! Drops all rows, keeps channels and room.
+    //! Removes all rows; channels and room stay.
     void clear();
 
-    /*! Empty averages of \a count more channels, the first of them at \a column; the others keep theirs. \a count and
-        \a capacity as in reset(). */
+    /*! Inserts \a count channels without rows before the one at \a column, with room for \a capacity rows. The other
+        channels keep their averages. */
     void insertChannels(int column, int count, int capacity);
+    //! Removes \a count channels from \a column on.
     void removeChannels(int column, int count);
-    //! The \a count channels from \a column on move to before the one that is at \a before now.
+    //! Moves the \a count channels from \a column on to before the channel that is now at \a before.
     void moveChannels(int column, int count, int before);
 
     int channels() const { return int(m_channels.size()); }
+    //! Returns whether \a row of \a column has an average.
     bool has(int row, int column) const;
-    //! The average of a row that there is.
+    //! Returns the average of a row for which has() is true.
     double value(int row, int column) const { return channel(column).ring[row - 1]; }
+    //! Returns all averages of \a column, oldest first.
     const SampleRing &column(int column) const { return channel(column).ring; }
-    //! As PlotColumns::spans().
+    //! Finds averages in memory; see PlotColumns::spans().
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
 
-    //! The oldest rows leave; the others keep their averages.
+    //! Drops the oldest \a rows rows; the others keep their averages.
     void dropOldest(int column, qint64 rows);
-    /*! The same up to a total of \a dropped rows, counted as PlotColumns::droppedRows() counts. */
+    //! Drops oldest rows until \a dropped rows are dropped in all, counted as PlotColumns::droppedRows() counts.
     void followDrops(int column, qint64 dropped);
-    //! The source has dropped \a dropped rows so far, and the averages know of all of them.
+    //! Makes followDrops() count from \a dropped: the averages have no row that the source has dropped before.
     void startFollowing(int column, qint64 dropped) { channel(column).followedDrops = dropped; }
-    //! Rows after \a rows leave.
+    //! Removes the rows after row \a rows.
     void truncate(int column, int rows);
-    //! Computes \a firstColumn to \a lastColumn from row \a from on, up to row \a rows, the source's last.
+    //! Computes columns \a firstColumn to \a lastColumn from row \a from to row \a rows, the source's last.
     void
     update(const PlotColumnReader &source, int firstColumn, int lastColumn, int from, int rows);
 
@@ -72,20 +69,20 @@ private:
 
         SampleRing ring;
         mutable BlockRanges ranges;
-        // How many averages there ever were, less those that were taken back.
+        // The number of averages ever computed, without those that were removed at the end.
         qint64 taken = 0;
         qint64 followedDrops = 0;
-        // The last finite average of all rows, and of those that left at the front; NaN where there is none.
+        // The last finite average of all rows, and of the rows dropped at the front; NaN if there is none.
         double newest = std::numeric_limits<double>::quiet_NaN();
         double dropped = std::numeric_limits<double>::quiet_NaN();
-        // The row from which on the present update computes.
+        // The first row that the current update computes.
         int start = 1;
     };
 
     Channel &channel(int column) { return m_channels[size_t(column - 1)]; }
     const Channel &channel(int column) const { return m_channels[size_t(column - 1)]; }
     void prepare(Channel &channel, int from, int rows);
-    //! Rows come, or leave, at the end.
+    //! Adds or removes rows at the end, so that \a rows remain.
     static void resize(Channel &channel, int rows);
     bool startsTogether(int column, int lastColumn) const;
     void copy(const PlotColumnReader &source, int column, int from, int rows);

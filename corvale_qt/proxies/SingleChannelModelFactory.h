@@ -5,13 +5,14 @@
 
 namespace Corvale_Qt {
 
-/*! Makes an empty RVXSingleChannelDataModel with the first of the names as its channelName(). It sets no dynamic
-    property; hosts find the new model among the proxy's children and feed it. */
+/*! Creates empty RVXSingleChannelDataModels. The first of the names becomes the channelName(); no dynamic property is
+    set. Hosts find the new model among the children of the proxy and feed it. */
 class CORVALE_QT_EXPORT SingleChannelModelFactory : public AbstractChannelModelFactory
 {
     Q_OBJECT
 
 public:
+    //! Creates a factory; \a parent may be null.
     explicit SingleChannelModelFactory(QObject *parent = nullptr);
     ~SingleChannelModelFactory() override;
 

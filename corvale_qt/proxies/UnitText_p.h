@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/units/MeasurementUnit.h"
@@ -15,14 +9,14 @@
 
 namespace Corvale_Qt {
 
-//! Whether a cell answers \a role with its reading, as a text or a number.
+//! Returns whether \a role asks a cell for its reading, as a text or a number.
 inline bool asksForReading(int role)
 {
     return role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole
         || role == RVXAbstractPlotDataModel::NumericValueRole;
 }
 
-//! A reading that is in \a unit already, for such a role: a tool tip has the unit's symbol. Without a unit it is as it is.
+//! Returns \a value, which is in \a unit already, for such a role. Only a tool tip shows the symbol; \a unit may be null.
 inline QVariant readingFor(int role, const Units::MeasurementUnit *unit, double value)
 {
     if (role == RVXAbstractPlotDataModel::NumericValueRole)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/proxies/SourceSignals_p.h"
 #include "corvale_qt/proxies/UnitsRelay_p.h"
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
 
 namespace Corvale_Qt {
 

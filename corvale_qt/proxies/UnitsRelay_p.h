@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
-
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/units/MeasurementUnit.h"
 
@@ -14,8 +8,8 @@
 
 namespace Corvale_Qt {
 
-/*! Passes unitsChanged() of the sources of a RVXMultichannelProxyModel on to its own: once for a model that is heard,
-    twice for one that was removed. However often a model comes and goes, it does not become more. */
+/*! Passes unitsChanged() of source models on as unitsChanged() of a RVXMultichannelProxyModel: once for a model of the
+    proxy, twice for a model that was removed, however often a model is inserted and removed. */
 class UnitsRelay : public QObject
 {
     Q_OBJECT
@@ -24,11 +18,13 @@ public:
     //! \a proxy has the signal unitsChanged().
     explicit UnitsRelay(QObject *proxy);
 
+    //! Passes each signal of \a model on once.
     void relay(const QObject *model);
+    //! Passes each signal of \a model on twice.
     void relayTwice(const QObject *model);
 
 Q_SIGNALS:
-    //! The second way to the proxy.
+    //! Leads to the proxy as well, for the second signal.
     void unitsChanged(const Corvale_Qt::Units::MeasurementUnit *unit);
 
 private:

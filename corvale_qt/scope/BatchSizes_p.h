@@ -1,28 +1,23 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: how many samples come at once.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <array>
 
 namespace Corvale_Qt {
 
-/*! The sizes of the last batches of rows that a model has appended. Their median is how many samples a strip chart
-    shows of a model without a wish of its own: one odd batch does not change it. */
+/*! The sizes of the last 16 batches of rows that a model has appended. A strip chart shows the median of them if the
+    model does not say how many samples to show: a single odd batch does not change it. */
 class BatchSizes
 {
 public:
-    //! Fewer rows at once are no batch.
+    //! Fewer rows at once do not count as a batch.
     static constexpr int smallest = 6;
 
     void add(int rows);
     void clear() { m_count = 0; }
-    //! The median, rounded down; 0 where there was no batch.
+    //! Returns the median, rounded down; 0 before the first batch.
     int median() const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace Corvale_Qt {
 
-/*! Labels channels with letters: 1 is "A", 26 is "Z"; others have no label. For axes of few channels. */
+//! Labels channels 1 to 26 with the letters "A" to "Z"; other values get no label. Suits axes of few channels.
 class CORVALE_QT_EXPORT ChannelNameDraw : public QwtScaleDraw
 {
 public:

@@ -7,10 +7,11 @@
 
 namespace Corvale_Qt {
 
-//! Labels channels with their numbers, so many that about 32 stand on the axis: all, or every second, third ...
+//! Labels every n-th channel with its number, where n is chosen such that the axis has about 32 labels.
 class CORVALE_QT_EXPORT ChannelNumberDraw : public QwtScaleDraw
 {
 public:
+    //! Prepares labels for an axis of \a channelCount channels; n is channelCount / 32, at least 1.
     explicit ChannelNumberDraw(int channelCount);
 
     QwtText label(double channel) const override;

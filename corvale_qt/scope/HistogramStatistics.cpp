@@ -37,7 +37,7 @@ std::unique_ptr<RVX_StatisticsHistogramItem> createItem(RVXScopePlotView::Histog
     return nullptr;
 }
 
-//! A centre of gravity has no calibration.
+//! Returns whether an item can show an energy; a centre of gravity cannot.
 bool hasEnergy(const RVX_StatisticsHistogramItem &item)
 {
     return dynamic_cast<const RVX_FitHistogramItem *>(&item) != nullptr;
@@ -150,7 +150,7 @@ bool HistogramStatistics::needsDeviceFits() const
 void HistogramStatistics::compute(const HistogramBars &bars)
 {
     const int channels = bars.values.size();
-    // The plot's axis ends half a channel behind the last one.
+    // The axis of the plot ends half a channel behind the last channel.
     const double axisUpper = channels + 0.5;
     for (const Family &family : m_families) {
         const int count = int(family.items.size());

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: all statistics items of a scope plot view.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/scope/RVXScopePlotView.h"
 
@@ -25,26 +20,26 @@ namespace Corvale_Qt {
 class RVX_HistogramItemAxisWidget;
 class RVX_StatisticsHistogramItem;
 
-//! Some channels that follow each other.
+//! A group of consecutive channels.
 struct ChannelGroup
 {
-    int offset = 0; //!< the first channel's number less one
+    int offset = 0; //!< index of the first channel, counted from 0
     int size = 0;
 };
 
-//! The share of item \a index of \a count in \a channels; with fewer channels than items, some get none.
+//! Returns the channels of item \a index of \a count. If there are fewer channels than items, some groups are empty.
 ChannelGroup channelGroup(int index, int count, int channels);
 
-//! What a histogram shows, as its items take it.
+//! What a histogram shows, in the form that the statistics items need.
 struct HistogramBars
 {
-    QVector<float> values; //!< of all channels, not divided
-    double divisor = 1.0; //!< the plot shows the values divided by this
+    QVector<float> values; //!< of all channels, not divided by divisor
+    double divisor = 1.0; //!< the plot shows each value divided by this
     QString unit; //!< of the values; empty for none
     QVariantList deviceFits;
 };
 
-//! The items of each type with the axis widget that they share.
+//! All statistics items of a view. The items of one type share an axis widget.
 class HistogramStatistics
 {
 public:
@@ -53,23 +48,26 @@ public:
     explicit HistogramStatistics(QwtPlot *plot);
     ~HistogramStatistics();
 
-    //! Puts the axis widgets, hidden, on top of the layout of the view's viewport.
+    //! Creates the axis widgets, hidden, at the top of a layout. Must be called before the other functions.
     void insertInto(QVBoxLayout *layout);
-    //! Replaces the items of a type; \a shown where the histogram is on the screen.
+    //! Replaces the items of a type. \a shown says whether the view shows the histogram.
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);
+    //! Returns the items of a type in channel order; they are not given away.
     QVector<RVX_StatisticsHistogramItem *> items(Type type) const;
 
-    //! The histogram is shown: the axis widgets of the types that have items are, too.
+    //! Shows the axis widgets of the types that have items.
     void show();
+    //! Hides the axis widgets and takes the items off the plot.
     void hide();
-    //! There is nothing to compute from.
+    //! Clears the results of all items, because there is no sample to compute from.
     void clear();
 
+    //! Returns whether an item shows fits that the device computes.
     bool needsDeviceFits() const;
     //! Computes all items, each from its share of the channels.
     void compute(const HistogramBars &bars);
 
-    // Both are kept for items that come later.
+    // Items that are enabled later get both settings, too.
     void toggleMLFC(bool enable);
     void upload_MLFC_calibration_table(const std::vector<double> *table);
 

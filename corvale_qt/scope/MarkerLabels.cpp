@@ -37,7 +37,7 @@ QString notAvailable()
     return QStringLiteral("N/A");
 }
 
-//! Returns "N/A" where all samples between the markers are missing.
+//! Returns the text of a statistic, or "N/A" if all samples between the markers are missing.
 QString number(const MarkerStatistics &statistics, double value)
 {
     return statistics.count() > 0 ? number(value) : notAvailable();
@@ -49,7 +49,7 @@ QString missingText(const MarkerStatistics &statistics)
                                     : QString();
 }
 
-//! Returns the unit's own text if that differs for x and x + resolution, otherwise as many digits as that takes.
+//! Returns the text that the unit gives if it differs for x and x + resolution, else x with enough digits to differ.
 QString xText(const ScopeModel &model, double x, double resolution)
 {
     const QString ofUnit = model.formatX(x);
@@ -65,7 +65,7 @@ QString xText(const ScopeModel &model, double x, double resolution)
 
 } // namespace
 
-// All texts are put in at once, here and below: a channel's name may hold place markers of its own.
+// Here and below, one call of arg() inserts all texts: the name of a channel may contain place markers like %1.
 QString sampleText(const ScopeModel &model, double x, int channel, double value, double resolution)
 {
     return QStringLiteral("%1: %2\nChannel %3\n%4")
@@ -118,7 +118,7 @@ void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
     label.setColor(RVXPlotColors::labelTextColor());
     label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
     label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
-    // In a language written from right to left the sign of a number would stand behind it.
+    // In a language that is written from right to left, the sign would appear behind the number.
     label.setRenderFlags(Qt::AlignLeft | Qt::AlignTop | Qt::TextForceLeftToRight);
     marker.setLabel(label);
 }

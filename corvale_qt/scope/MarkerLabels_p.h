@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: what markers say, and how they look.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QBrush>
 #include <QString>
@@ -18,25 +13,26 @@ namespace Corvale_Qt {
 class MarkerStatistics;
 class ScopeModel;
 
-/*! Time, channel and value of a sample. The time has as many digits as it takes to tell it from one that differs by
-    \a resolution; with 0, as many as its unit gives. */
+/*! Returns time, channel and value of a sample, a line each. The time has enough digits to tell it from a time that
+    differs by \a resolution; if that is 0, it has the digits that its unit gives. */
 QString
 sampleText(const ScopeModel &model, double x, int channel, double value, double resolution = 0.0);
-//! The time alone, of a marker that stands on no sample.
+//! Returns only the time, for a marker that does not stand on a sample.
 QString timeText(const ScopeModel &model, double x, double resolution);
-//! A sample's text with the numbers over the time between two markers.
+//! Returns the text of a sample, followed by period and statistics of the samples between two markers.
 QString spanText(const QString &sample, double period, const MarkerStatistics &statistics);
-//! A bar's text with the numbers over the bars between two markers.
+//! Returns the text of a bar, followed by the statistics of the bars between two markers.
 QString spanText(const QString &bar, const MarkerStatistics &statistics);
 
-//! The looks that do not depend on what it stands on.
+//! Sets up the line of a new marker.
 void prepareMarker(QwtPlotMarker &marker);
+//! Sets the text of a label; the selected marker, which keys move, has a border.
 void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected);
-//! In the channel's colour; no brush gives that of the label's text.
+//! Colours line and symbol with the brush of a channel. Qt::NoBrush means the colour of the label's text.
 void setMarkerLine(QwtPlotMarker &marker, const QBrush &brush);
-//! Puts the label to the left or the right of the line, at the top.
+//! Puts the label at the top of the line, on its left or right side.
 void alignMarkerLabel(QwtPlotMarker &marker, Qt::AlignmentFlag side);
-//! Turns the labels of two markers away from each other where these are less than a quarter of \a width apart.
+//! Turns the labels of two markers away from each other if the markers are less than a quarter of \a width apart.
 void keepLabelsApart(QwtPlotMarker &a, QwtPlotMarker &b, double width);
 
 } // namespace Corvale_Qt

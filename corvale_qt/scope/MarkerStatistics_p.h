@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: numbers between two markers.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/scope/SampleRows_p.h"
 
@@ -14,21 +9,21 @@ namespace Corvale_Qt {
 
 class PlotColumnReader;
 
-/*! Sums values as they come. A value that is not finite is a missing one: it is counted, and the results are those of the
-    others. */
+/*! Statistics of values that are added one by one. A value that is not finite counts as missing and does not enter the
+    results. */
 class MarkerStatistics
 {
 public:
     void add(double value);
 
-    //! Finite values.
+    //! Returns the number of finite values.
     int count() const { return m_count; }
     int missing() const { return m_missing; }
     double sum() const { return m_sum; }
     double mean() const;
-    //! Root of the mean of the squares.
+    //! Returns the root of the mean of the squares; 0 without values.
     double rms() const;
-    //! Of the sample, with count - 1 degrees of freedom; 0 for fewer than two values.
+    //! Returns the sample standard deviation, with count - 1 degrees of freedom; 0 for fewer than two values.
     double standardDeviation() const;
 
 private:
@@ -36,12 +31,13 @@ private:
     int m_missing = 0;
     double m_sum = 0.0;
     double m_squares = 0.0;
-    // About the first value: the squares of a small ripple on a large value would be lost otherwise.
+    // Sums about the first value: otherwise rounding would swallow a small ripple on a large value.
     double m_origin = 0.0;
     double m_offsets = 0.0;
     double m_offsetSquares = 0.0;
 };
 
+//! Returns the statistics of one column over a range of rows.
 MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows);
 
 } // namespace Corvale_Qt

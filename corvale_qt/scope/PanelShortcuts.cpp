@@ -13,7 +13,7 @@ namespace {
 
 bool isWithControl(const QKeyEvent &event)
 {
-    // On some keyboards a digit takes Shift; with Shift on others the key would be another one.
+    // Some keyboards need Shift for a digit; on the others, Shift and the digit's key make another key.
     const bool isDigit = event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9;
     const Qt::KeyboardModifiers ignored =
         isDigit ? Qt::KeypadModifier | Qt::ShiftModifier : Qt::KeypadModifier;
@@ -36,7 +36,7 @@ void PanelShortcuts::add(Qt::Key key, QAbstractButton *button)
 
 bool PanelShortcuts::eventFilter(QObject *, QEvent *event)
 {
-    // Both come to the control that has the focus, and from there up to the panel.
+    // Both events are sent to the control that has the focus first, and then to its parents up to the panel.
     if (event->type() == QEvent::ShortcutOverride)
         return claim(static_cast<QKeyEvent &>(*event));
     if (event->type() == QEvent::KeyPress)
@@ -77,7 +77,7 @@ bool PanelShortcuts::press(const QKeyEvent &event)
     if (!button)
         return false;
     if (!event.isAutoRepeat())
-        button->click(); // may be the end of the panel
+        button->click(); // may delete the panel
     return true;
 }
 

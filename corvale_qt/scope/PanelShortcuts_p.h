@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QObject>
 #include <QPointer>
@@ -16,15 +15,16 @@ namespace Corvale_Qt {
 
 /*! Keys that press buttons of a panel while the focus is in it.
 
-    They are no QShortcuts: a host's action with the same keys would be ambiguous then, and neither would work. Instead
-    the panel claims the key before shortcuts are looked up, and only while the button is neither hidden nor disabled;
-    at all other times the key is the host's. A control in the panel that wants the key itself comes first. */
+    These are not QShortcuts, because a host's action with the same keys would make both ambiguous, and neither would
+    work. Instead the panel claims the key before shortcuts are looked up, and only while the button is visible and
+    enabled; otherwise the host gets the key. A control in the panel that uses the key itself takes precedence. */
 class PanelShortcuts : public QObject
 {
 public:
+    //! Watches the keys of \a panel, which becomes the parent.
     explicit PanelShortcuts(QWidget *panel);
 
-    //! Has Ctrl and \a key press \a button.
+    //! Makes Ctrl+\a key press \a button, a child of the panel.
     void add(Qt::Key key, QAbstractButton *button);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,7 +42,7 @@ private:
 
     QWidget *const m_panel;
     QVector<Shortcut> m_shortcuts;
-    //! The control that a claimed key press goes to first; it might do something of its own with it.
+    //! The control that receives a claimed key press first; the filter keeps it from handling the key itself.
     QPointer<QWidget> m_receiver;
 };
 

@@ -32,7 +32,8 @@ int PlotModeTabs::add(int mode)
     return index;
 }
 
-//! A screen reader knows the bar by its current tab only, so each tab says what it is a choice of.
+/*! Sets the text and the accessible name of a tab. A screen reader reads only the tab, so its name includes "Plot
+    mode". */
 void PlotModeTabs::setTitle(int index)
 {
     const QString title = titleOf(modeAt(index));

@@ -1,31 +1,32 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 class QTabBar;
 
 namespace Corvale_Qt {
 
-/*! The tabs of the panel, one for each plot mode on offer. A tab carries its mode with it, so that it stays the
-    right one when tabs in front of it come and go. */
+/*! The tabs of the panel, one for each available plot mode. Each tab stores its mode as tab data, so that adding and
+    removing other tabs does not change what it stands for. */
 class PlotModeTabs
 {
 public:
+    //! Works on \a bar, which is not owned.
     explicit PlotModeTabs(QTabBar *bar)
         : m_bar(bar)
     {
     }
 
-    //! Adds a tab for the mode, at the end; its index.
+    //! Adds a tab for the mode at the end and returns its index.
     int add(int mode);
     //! Removes the tab of the mode, if there is one.
     void remove(int mode);
-    //! The index of the mode's tab; -1 while it has none.
+    //! Returns the index of the mode's tab, or -1 if it has none.
     int indexOf(int mode) const;
-    //! The mode of a tab. An index that has none stands for itself.
+    //! Returns the mode of a tab, or \a index itself if there is no such tab.
     int modeAt(int index) const;
+    //! Sets the titles again, in the current language.
     void retranslate();
 
 private:

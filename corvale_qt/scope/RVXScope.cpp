@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScope.h"
 
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 
-#include <QDebug>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -19,10 +19,10 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Both dialogs are made on the heap: they go with the panel when the host closes that while they are open. The
-// static functions of their classes have them on the stack, where nobody may delete them.
+// Both dialogs are created on the heap, because the host may delete the panel, their parent, while they are open. The
+// static functions of their classes create them on the stack, where the panel must not delete them.
 
-//! Empty where the operator cancels.
+//! Returns the name that the operator chooses; empty if the dialog is cancelled.
 QString askForFileName(RVXScope *panel, const QString &folder)
 {
     const QPointer<QFileDialog> dialog = new QFileDialog(panel,
@@ -73,7 +73,8 @@ RVXScope::RVXScope(QWidget *parent)
 RVXScope::~RVXScope()
 {
     Q_D(RVXScope);
-    // The proxies go with the other children, after the private part, and the first takes its leave by a reset.
+    // The proxies are deleted with the other children, after the private part, and the first emits a reset when
+    // deleted.
     d->zeroing->disconnect(this);
 }
 
@@ -81,13 +82,13 @@ void RVXScope::setModel(QAbstractItemModel *model)
 {
     Q_D(RVXScope);
     if (model && model != d->averaging->sourceModel())
-        ZeroClear(); // it was taken of another instrument's samples
+        ZeroClear(); // the zero belongs to the samples of another instrument
     d->baseModel = model;
     d->averaging->setSourceModel(model);
     if (model && !d->hasModel())
-        qWarning() << "RVXScope::setModel:" << model << "is no plot data model";
+        qCWarning(scopeLog) << "RVXScope::setModel:" << model << "is not a plot data model";
     d->ui.plotView->setModel(d->hasModel() ? d->zeroing : nullptr);
-    // The view takes a mode only while it has a model.
+    // The view accepts a mode only while it has a model.
     d->ui.plotView->SetPlotMode(d->plotMode);
     if (d->ui.comboBox_period->currentIndex() > 0)
         d->applyPeriod();
@@ -150,7 +151,7 @@ void RVXScope::SetRange(double min, double max)
     Q_D(RVXScope);
     if (!d->ui.plotView->SetRange(min, max))
         return;
-    // The index of an absolute range is no scale mode.
+    // In the lists of absolute ranges, the index is not a scale mode.
     const bool indexIsMode = d->yScaleMode == PercentRanges || d->yScaleMode == AutomaticRange;
     d->ui.plotView->SetYScaleMode(indexIsMode ? d->ui.scaleYCombo->currentIndex()
                                               : int(d->ui.plotView->yScaleMode()));
@@ -214,7 +215,7 @@ void RVXScope::ZeroClear()
 void RVXScope::Clear()
 {
     Q_D(RVXScope);
-    // The proxy keeps a model that the host has taken back; its samples are no longer this panel's to drop.
+    // The proxy keeps the model that the host has replaced; the panel must not drop the samples of that one.
     if (d->hasModel())
         d->averaging->Clear();
 }
@@ -231,13 +232,13 @@ void RVXScope::SaveDataToFile()
         return;
     if (!fileName.trimmed().isEmpty()) {
         d->lastSaveDirectory = QFileInfo(fileName).path();
-        // The model may be gone by now, and what was to be saved with it.
+        // The model may have been deleted while the dialog was open.
         if (!d->hasModel() || !d->save(fileName))
             showSaveError(this);
     }
     if (!panel)
         return;
-    // Clicks of an impatient hand are still queued here; they come before this.
+    // Further clicks on the button may be queued; they are handled before this.
     QTimer::singleShot(0, this, [d] {
         d->saving = false;
     });
@@ -268,14 +269,14 @@ void RVXScope::setSpectrogramEnabled(bool enable)
 void RVXScope::setPositionEnabled(bool enable)
 {
     Q_D(RVXScope);
-    qDebug() << "setPositionEnabled";
+    qCDebug(scopeLog) << "setPositionEnabled";
     d->offerMode(PositionMode, enable);
 }
 
 void RVXScope::setSplitEnabled(bool enable)
 {
     Q_D(RVXScope);
-    qDebug() << "setSplitEnabled";
+    qCDebug(scopeLog) << "setSplitEnabled";
     d->offerMode(SplitMode, enable);
 }
 

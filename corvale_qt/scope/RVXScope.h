@@ -16,10 +16,10 @@ namespace Corvale_Qt {
 class RVXScopePlotView;
 class RVXScopePrivate;
 
-/*! The panel of a scope: a plot of the model's channels with the controls an operator needs.
+/*! A scope panel: a plot of the model's channels with the controls that an operator needs.
 
-    Between the host's model and the plot stand a running average and a zero that can be subtracted; both are
-    the panel's own. What is saved is the model's data as it was measured.
+    The panel averages the model's data and can subtract a zero before the plot shows it. Files are saved from the model
+    itself, with the values as measured.
 
     \code
     RVXScope scope;
@@ -27,15 +27,16 @@ class RVXScopePrivate;
     scope.show();
     \endcode
 
-    While the focus is in the panel, Ctrl+S saves, Ctrl+L clears and Ctrl+0 zeroes, even where an action of the host
-    has the same keys. They are the host's everywhere else, and while the button in question is hidden or disabled. */
+    While the focus is in the panel, Ctrl+S saves, Ctrl+L clears and Ctrl+0 zeroes, even if an action of the host has
+    the same keys. The host gets a key if the focus is elsewhere, or if the button for it is hidden or disabled. */
 class CORVALE_QT_EXPORT RVXScope : public QWidget
 {
     Q_OBJECT
+    //! Whether the button "d/dx" is visible; false at first.
     Q_PROPERTY(bool derivativeVisible READ isDerivativeVisible WRITE setDerivativeVisible)
 
 public:
-    //! As in RVXScopePlotView.
+    //! What the plot shows; the values are those of RVXScopePlotView::PlotMode.
     enum PlotMode {
         StripMode = 0,
         ScopeMode = 1,
@@ -46,54 +47,57 @@ public:
     };
     Q_ENUM(PlotMode)
 
+    //! Creates a panel without a model, in strip mode.
     explicit RVXScope(QWidget *parent = nullptr);
     ~RVXScope() override;
 
-    /*! The model to show: one that derives from RVXAbstractPlotDataModel too. It is not owned. Null, or a model of
-        another kind (a line on the debug stream), gives an empty plot. A zero that was taken of another model is
-        dropped. */
+    /*! Sets the model to show, which is not owned. It must also derive from RVXAbstractPlotDataModel; any other model
+        leaves the plot empty and writes a line to the debug stream. Null leaves the plot empty. A zero taken from
+        another model is dropped. */
     void setModel(QAbstractItemModel *model);
-    //! Passed on to the plot view. It must be a selection of topLevelModel().
+    //! Sets the selection model of the plot view. It must belong to topLevelModel() and is not owned.
     void setSelectionModel(QItemSelectionModel *selectionModel);
-    //! What was given to setModel(); null once it has been deleted.
+    //! Returns the model that was passed to setModel(); null after it was deleted.
     QAbstractItemModel *baseModel() const;
-    //! What the plot shows: the host's model, averaged and zeroed.
+    //! Returns the model that the plot shows: the host's model, averaged and zeroed. The panel owns it.
     QAbstractItemModel *topLevelModel() const;
+    //! Returns the plot view, which the panel owns.
     RVXScopePlotView *plotView() const;
-    //! The place for a host's own widgets beside the plot, see set2DEnabled().
+    //! Returns the layout beside the plot in which a host can place widgets, see set2DEnabled().
     QVBoxLayout *getPositionLayout() const;
 
+    //! Sets what the plot shows, and selects the tab of the mode if there is one.
     void SetPlotMode(PlotMode mode);
-    //! Presses or releases the button for positive values; without effect while that button is hidden.
+    //! Presses or releases the button for positive values; has no effect while that button is hidden.
     void SetPositiveOnly(bool positiveOnly);
-    //! The full-scale range of the y axis that percentages are of, in the unit of the data.
+    //! Sets the full-scale range of the y axis, of which the percentages are taken, in the unit of the data.
     void SetRange(double min, double max);
-    /*! Which y ranges are on offer: 1 automatic only, 2 plus and minus a value, 3 from 0 to a value, in the unit of
-        the data. At first it is percentages of SetRange(); there is no way back to these, on purpose: hosts count
-        on anything but 1, 2 and 3 being ignored. */
+    /*! Sets the list of y ranges: 1 for automatic only, 2 for plus and minus a value, 3 for 0 to a value, in the unit
+        of the data. At first the list has percentages of SetRange(). It cannot be set back to these, on purpose: hosts
+        rely on other values than 1, 2 and 3 being ignored. */
     void SetYScaleMode(int mode);
 
-    //! Hides, or shows, the tabs, the number of samples and the button to save.
+    //! Hides or shows the tabs, the number of samples and the button "Save".
     void hideConfig(bool hide);
-    //! Shows the frame of getPositionLayout(), which is hidden at first.
+    //! Shows or hides the frame around getPositionLayout(), which is hidden at first.
     void set2DEnabled(bool enable);
-    //! Offers the tab "2D" and turns to it. The plot view's spectrogram is set to a pixel matrix by the same switch.
+    //! Adds the tab "2D" and selects it, or removes it. Also sets whether the spectrogram shows a pixel matrix.
     void setSpectrogramEnabled(bool enable);
-    //! Offers the tab "Position".
+    //! Adds or removes the tab "Position".
     void setPositionEnabled(bool enable);
-    //! Offers the tab "Split".
+    //! Adds or removes the tab "Split".
     void setSplitEnabled(bool enable);
 
-    /*! Whether the button "d/dx" (object name "derivativeButton") is shown; false at first. It does nothing of its
-        own: show it where a host has connected it. */
+    //! Returns whether the button "d/dx" is visible; false at first.
     bool isDerivativeVisible() const;
+    //! Shows or hides the button "d/dx" (object name "derivativeButton"). It has no function unless a host connects it.
     void setDerivativeVisible(bool visible);
 
 Q_SIGNALS:
-    //! The operator has the instrument collect for \a interval seconds before it reports, or not.
+    //! The operator chose whether the instrument collects for \a interval seconds before it reports a reading.
     void bufferedIntervalChanged(bool enabled, double interval);
-    /*! The operator chose another y range. It is not \a enabled while the scale is automatic or normalised;
-        \a min and \a max are the full-scale range, rounded to integers. */
+    /*! The operator chose another y range. \a enabled is false if the scale is automatic or normalised. \a min and \a
+        max are the full-scale range in the unit of the data, rounded to integers. */
     void yScaleChanged(bool enabled, int min, int max);
 
 protected:

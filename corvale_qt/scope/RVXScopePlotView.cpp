@@ -4,7 +4,8 @@
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
+#include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
 #include <qwt_plot.h>
@@ -13,14 +14,13 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace Corvale_Qt {
-
-const double RVXScopePlotView::SCROLLBAR_FACTOR = kScrollUnits;
 
 RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     : QAbstractItemView(parent)
@@ -31,13 +31,13 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     setContentsMargins(0, 0, 0, 0);
     horizontalScrollBar()->setRange(0, 0);
     verticalScrollBar()->setRange(0, 0);
-    // The viewport of an item view is white otherwise, and the axes stand on it.
+    // The axes lie on the viewport, which is white by default in an item view.
     viewport()->setBackgroundRole(backgroundRole());
     viewport()->setForegroundRole(foregroundRole());
     setAccessibleName(tr("Scope plot"));
     // The chart runs from left to right in every language.
     horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight);
-    // The keys are the view's; a canvas would be one more stop of Tab, and a silent one.
+    // The view handles the keys. A canvas with focus would be one more stop of Tab that does nothing.
     for (QwtPlotCanvas *canvas : findChildren<QwtPlotCanvas *>())
         canvas->setFocusPolicy(Qt::NoFocus);
     connect(horizontalScrollBar(), SIGNAL(valueChanged(int)), this, SLOT(scrollTo(int)));
@@ -59,11 +59,11 @@ void RVXScopePlotView::SetPlotMode(int plotMode)
     Q_D(RVXScopePlotView);
     if (plotMode < StripMode || plotMode > SplitMode || !model())
         return;
-    // A marker's x means another thing then.
+    // The x of a marker has another meaning then.
     if (d->isTimeMode(d->mode) != d->isTimeMode(plotMode))
-        d->markers.detachAll();
-    d->markers.forgetSweep();
-    d->markers.forgetRows();
+        d->context.markers.detachAll();
+    d->context.markers.forgetSweep();
+    d->context.markers.forgetRows();
     d->mode = plotMode;
     d->currentMode().enter();
     RequestReplot();
@@ -73,29 +73,29 @@ bool RVXScopePlotView::SetRange(double min, double max)
 {
     Q_D(RVXScopePlotView);
     const std::pair<double, double> range(min, max);
-    if (range == d->yScale.range || !std::isfinite(min) || !std::isfinite(max))
+    if (range == d->context.yScale.range || !std::isfinite(min) || !std::isfinite(max))
         return false;
-    d->yScale.range = range;
+    d->context.yScale.range = range;
     return true;
 }
 
 std::pair<double, double> RVXScopePlotView::range() const
 {
     Q_D(const RVXScopePlotView);
-    return d->yScale.range;
+    return d->context.yScale.range;
 }
 
 RVXScopePlotView::PlotScales RVXScopePlotView::yScaleMode()
 {
     Q_D(RVXScopePlotView);
-    return PlotScales(d->yScale.mode);
+    return PlotScales(d->context.yScale.mode);
 }
 
 void RVXScopePlotView::SetYScaleMode(int scaleMode)
 {
     Q_D(RVXScopePlotView);
-    d->yScale.mode = scaleMode;
-    d->axes.setYScale(d->yScale);
+    d->context.yScale.mode = scaleMode;
+    d->context.axes.setYScale(d->context.yScale);
     d->spectrogram->setScale(scaleMode);
     d->positionPlot->setScale(scaleMode);
     d->splitPlot->setScale(scaleMode);
@@ -105,8 +105,8 @@ void RVXScopePlotView::SetYScaleMode(int scaleMode)
 void RVXScopePlotView::SetPositiveOnly(bool positiveOnly)
 {
     Q_D(RVXScopePlotView);
-    d->yScale.positiveOnly = positiveOnly;
-    SetYScaleMode(d->yScale.mode);
+    d->context.yScale.positiveOnly = positiveOnly;
+    SetYScaleMode(d->context.yScale.mode);
 }
 
 void RVXScopePlotView::SetBufferSizeLabel(QLabel *label)
@@ -123,7 +123,7 @@ void RVXScopePlotView::enablePlotMarker(bool enable)
     d->markersEnabled = enable;
     if (enable)
         return;
-    d->markers.detachAll();
+    d->context.markers.detachAll();
     RequestReplot();
 }
 
@@ -134,7 +134,7 @@ void RVXScopePlotView::enableHistogramItem(HistogramItemTypes type,
 {
     Q_D(RVXScopePlotView);
     const bool shown = d->mode == HistogramMode;
-    d->statistics.enable(type, count, parameters, fullStatistics, shown);
+    d->context.statistics.enable(type, count, parameters, fullStatistics, shown);
     if (shown)
         RequestReplot();
 }
@@ -143,13 +143,13 @@ QVector<RVX_StatisticsHistogramItem *>
 RVXScopePlotView::histogramItems(HistogramItemTypes type) const
 {
     Q_D(const RVXScopePlotView);
-    return d->statistics.items(type);
+    return d->context.statistics.items(type);
 }
 
 void RVXScopePlotView::toggleMLFC(bool enable)
 {
     Q_D(RVXScopePlotView);
-    d->statistics.toggleMLFC(enable);
+    d->context.statistics.toggleMLFC(enable);
     if (d->mode == HistogramMode)
         RequestReplot();
 }
@@ -157,7 +157,7 @@ void RVXScopePlotView::toggleMLFC(bool enable)
 void RVXScopePlotView::upload_MLFC_calibration_table(std::vector<double> *table)
 {
     Q_D(RVXScopePlotView);
-    d->statistics.upload_MLFC_calibration_table(table);
+    d->context.statistics.upload_MLFC_calibration_table(table);
     if (d->mode == HistogramMode)
         RequestReplot();
 }
@@ -166,7 +166,6 @@ void RVXScopePlotView::setPixelated(bool pixelated)
 {
     Q_D(RVXScopePlotView);
     d->spectrogram->setPixelated(pixelated);
-    d->pixelated = pixelated;
 }
 
 RVXPositionPlot *RVXScopePlotView::positionPlot()
@@ -191,22 +190,23 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
 {
     Q_D(RVXScopePlotView);
     d->stopWatching();
-    d->curves.clearCurves();
-    d->markers.detachAll();
-    d->markers.forgetChannels();
-    d->model.set(model);
-    d->createCurves();
-    d->dropSweep();
-    d->batches.clear();
+    d->context.curves.clearCurves();
+    d->context.markers.detachAll();
+    d->context.markers.forgetChannels();
+    d->context.model.set(model);
+    d->context.createCurves();
+    d->context.dropSweep();
+    d->context.batches.clear();
     d->watch(model);
-    const bool isOther = !model || model != this->model(); // null is set again each time
-    // Calls reset(), which finds as many curves as there are channels.
+    const bool isOther =
+        !model || model != this->model(); // the item view sets null again each time
+    // This calls reset(), which expects one curve for each channel.
     QAbstractItemView::setModel(model);
     if (isOther)
         d->takeNewSelection(selectionModel());
     d->followBaseModel();
-    d->restartSweeps();
-    horizontalScrollBar()->setRange(0, 0); // follows the newest sample again
+    d->context.restart();
+    horizontalScrollBar()->setRange(0, 0); // follow the newest sample again
     SetPlotMode(d->mode);
     RequestReplot();
 }
@@ -218,20 +218,20 @@ void RVXScopePlotView::reset()
     d->followBaseModel();
     d->showBufferSize();
     if (!model()) {
-        d->curves.clearCurves();
+        d->context.curves.clearCurves();
         d->currentMode().clear();
         return;
     }
-    if (d->model.channelCount() != d->curves.count()) {
-        d->dropSweep();
-        d->markers.forgetChannels();
-        d->createCurves();
+    if (d->context.model.channelCount() != d->context.curves.count()) {
+        d->context.dropSweep();
+        d->context.markers.forgetChannels();
+        d->context.createCurves();
         d->currentMode().enter();
     }
-    d->restartSweeps();
-    if (d->model.lastRow() < 1)
-        d->markers.samplesHaveGone();
-    d->markers.forgetRows();
+    d->context.restart();
+    if (d->context.model.lastRow() < 1)
+        d->context.markers.samplesHaveGone();
+    d->context.markers.forgetRows();
     RequestReplot();
 }
 
@@ -241,7 +241,7 @@ void RVXScopePlotView::dataChanged(const QModelIndex &topLeft,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
-    d->cellsHaveChanged(topLeft.row(), bottomRight.row());
+    d->context.cellsChanged(topLeft.row(), bottomRight.row());
     RequestReplot();
 }
 
@@ -250,15 +250,15 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
     Q_D(RVXScopePlotView);
     if (parent.isValid())
         return;
-    d->rowsHaveCome(start, end);
+    d->context.rowsInserted(start, end);
     QAbstractItemView::rowsInserted(parent, start, end);
     RequestReplot();
 }
 
 void RVXScopePlotView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
-    // In single selection the item view selects the next row when the current one is removed. In a full buffer it would
-    // do so with each new sample, for every view that shares the selection.
+    // In single selection the item view selects the next row when the current one is removed. With a full buffer that
+    // would happen for each new sample, in every view that shares the selection.
     const SelectionMode mode = selectionMode();
     setSelectionMode(NoSelection);
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
@@ -270,15 +270,15 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::selectionChanged(selected, deselected);
-    // A removed row takes its selection along. Its marker is taken away in rowsHaveGone(), the other one stays.
+    // A removed row loses its selection. ScopeContext::rowsRemoved() removes the marker on it, and the other one stays.
     if (d->rowsLeave)
         return;
     if (selected.isEmpty()) {
-        d->markers.detachAll();
+        d->context.markers.detachAll();
         RequestReplot();
         return;
     }
-    // The plot itself selects the sample of a marker.
+    // While plotting, the view itself selects the sample of a marker.
     if (!d->markersEnabled || d->plotting)
         return;
     d->followSelection(selected.first().top(), selected.first().left());
@@ -302,32 +302,9 @@ void RVXScopePlotView::Plot()
         if (std::exchange(d->pictureStale, false))
             d->canvas->invalidateBackingStore();
         const QScopedValueRollback<bool> guard(d->plotting, true);
-        if (d->mode == StripMode)
-            PlotStripMode();
-        else if (d->mode == ScopeMode)
-            PlotScopeMode();
-        else
-            PlotHistogramMode();
+        d->currentMode().plot();
     }
     d->showBufferSize();
-}
-
-void RVXScopePlotView::PlotStripMode()
-{
-    Q_D(RVXScopePlotView);
-    d->modes[StripMode]->plot();
-}
-
-void RVXScopePlotView::PlotScopeMode()
-{
-    Q_D(RVXScopePlotView);
-    d->modes[ScopeMode]->plot();
-}
-
-void RVXScopePlotView::PlotHistogramMode()
-{
-    Q_D(RVXScopePlotView);
-    d->modes[HistogramMode]->plot();
 }
 
 void RVXScopePlotView::RequestReplot()
@@ -346,7 +323,7 @@ void RVXScopePlotView::RequestReplot()
 void RVXScopePlotView::RequestReplotRefresh()
 {
     Q_D(RVXScopePlotView);
-    d->refreshAsked = true;
+    d->context.refreshAsked = true;
     RequestReplot();
 }
 
@@ -377,30 +354,21 @@ QwtPlotGrid *RVXScopePlotView::grid()
 QwtPlotHistogram *RVXScopePlotView::histogram()
 {
     Q_D(RVXScopePlotView);
-    return &d->histogram;
+    return &d->context.histogram;
 }
 
 QSharedPointer<QwtPlotMarker> RVXScopePlotView::plotMarker(int index)
 {
     Q_D(RVXScopePlotView);
-    return index >= 0 && index < ScopeMarkers::count ? d->markers.item(index)
+    return index >= 0 && index < ScopeMarkers::count ? d->context.markers.item(index)
                                                      : QSharedPointer<QwtPlotMarker>();
 }
 
 void RVXScopePlotView::keyPressEvent(QKeyEvent *event)
 {
     Q_D(RVXScopePlotView);
-    const int marker = d->markers.selected();
-    const bool hasMarker = d->markersEnabled && d->markers.isAttached(marker);
     const int steps = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    if (hasMarker && event->key() == Qt::Key_Left) {
-        d->currentMode().moveMarker(marker, -steps);
-    } else if (hasMarker && event->key() == Qt::Key_Right) {
-        d->currentMode().moveMarker(marker, steps);
-    } else if (hasMarker && event->key() == Qt::Key_Delete) {
-        d->markers.detach(marker);
-        d->markers.selectOther();
-    } else {
+    if (!d->markerKeyPressed(event->key(), steps)) {
         event->ignore(); // an item view would look for an item whose text begins with the key
         return;
     }
@@ -420,6 +388,93 @@ void RVXScopePlotView::focusOutEvent(QFocusEvent *event)
     Q_D(RVXScopePlotView);
     QAbstractItemView::focusOutEvent(event);
     d->showFocus(false);
+}
+
+QModelIndex RVXScopePlotView::indexAt(const QPoint &) const
+{
+    return QModelIndex();
+}
+
+QRect RVXScopePlotView::visualRect(const QModelIndex &) const
+{
+    return QRect();
+}
+
+void RVXScopePlotView::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    Q_D(RVXScopePlotView);
+    const bool isSample = index.isValid() && index.model() == model() && index.row() >= 1
+        && index.row() <= d->context.model.lastRow();
+    if (d->mode != StripMode || !isSample)
+        return;
+    const double t = model()->data(model()->index(index.row(), 0), Qt::DisplayRole).toDouble();
+    const QwtInterval shown = d->plot->axisInterval(QwtPlot::xBottom);
+    if (hint == EnsureVisible && t >= shown.minValue() && t <= shown.maxValue())
+        return;
+    // The value is in units of x, not of the scroll bar, and is that of the centre for every hint. This is kept on
+    // purpose: hosts rely on it.
+    horizontalScrollBar()->setValue(clampedToInt(shown.width() * 0.5 + t));
+}
+
+QSize RVXScopePlotView::minimumSizeHint() const
+{
+    Q_D(const RVXScopePlotView);
+    const QSize base = QAbstractItemView::minimumSizeHint();
+    if (!d) // the constructor is still running
+        return base;
+    const int around = height() - viewport()->height();
+    return QSize(base.width(), std::max(base.height(), d->layout->minimumSize().height() + around));
+}
+
+void RVXScopePlotView::scrollTo(int)
+{
+    Q_D(RVXScopePlotView);
+    if (!d->plotting)
+        RequestReplot();
+}
+
+void RVXScopePlotView::scrollContentsBy(int, int)
+{
+    // scrollTo() asks for a plot at the new value; no pixels are moved.
+}
+
+int RVXScopePlotView::horizontalOffset() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->mode == StripMode ? horizontalScrollBar()->value() : 0;
+}
+
+int RVXScopePlotView::verticalOffset() const
+{
+    return 0;
+}
+
+void RVXScopePlotView::keyboardSearch(const QString &) { }
+
+bool RVXScopePlotView::isIndexHidden(const QModelIndex &) const
+{
+    return false;
+}
+
+QModelIndex RVXScopePlotView::moveCursor(CursorAction, Qt::KeyboardModifiers)
+{
+    return QModelIndex();
+}
+
+bool RVXScopePlotView::edit(const QModelIndex &, EditTrigger, QEvent *)
+{
+    return false;
+}
+
+QRegion RVXScopePlotView::visualRegionForSelection(const QItemSelection &selection) const
+{
+    Q_D(const RVXScopePlotView);
+    return d->selectionRegion(selection);
+}
+
+void RVXScopePlotView::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags)
+{
+    qCDebug(scopeLog) << "RVXScopePlotView::setSelection rect:" << rect;
 }
 
 } // namespace Corvale_Qt

@@ -27,18 +27,19 @@ class RVXSplitPlot;
 class RVX_StatisticsHistogramItem;
 
 /*! Draws the channels of a plot model: as a scrolling strip chart, as sweeps like an oscilloscope, or as a histogram
-    of the newest sample with one bar a channel and beam statistics on it. Three further modes show a companion
-    widget instead of the plot; the host feeds those itself.
+    of the newest sample with one bar for each channel and beam statistics on it. Three further modes show a
+    companion widget instead of the plot; the host gives those widgets their data.
 
-    Any model that derives from QAbstractItemModel and RVXAbstractPlotDataModel will do; the first 256 channels are
-    drawn. The model is not owned. A channel is shown while its check state in row 0 is not 0, in the colour of its
-    background brush there. Rows may come at any rate: the plot is made once for each repaint.
+    The model must derive from QAbstractItemModel and RVXAbstractPlotDataModel; its first 256 channels are drawn. The
+    model is not owned. A channel is shown while its check state in row 0 is not 0, in the colour of its background
+    brush there. Rows may come at any rate: the view plots once for each repaint.
 
-    While enablePlotMarker() is on, a left click places the first marker and a right click the second; their labels
-    read the sample they stand on and, between them, period, sum, mean, RMS and standard deviation of the samples
-    that are there, and how many are missing. Left and Right move the marker placed last by one sample, with Shift by
-    ten; Delete takes it away. A marker goes when its sample leaves the model. The sample of the first marker is
-    selected while the user moves it; a selection that is made elsewhere is followed and left as it is.
+    While enablePlotMarker() is on, a left click places the first marker and a right click the second. Each label shows
+    the sample that its marker stands on. The label of the second also shows the period between both and the sum,
+    mean, RMS and standard deviation of the readings between them, and how many readings are missing. Left and Right
+    move the marker placed last by one sample, with Shift by ten; Delete removes it. A marker disappears when its
+    sample leaves the model. The sample of the first marker is selected while the user moves the marker; when another
+    view changes the selection, the marker follows it and does not change it.
 
     \code
     RVXScopePlotView view;
@@ -51,7 +52,7 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     Q_OBJECT
 
 public:
-    //! What is shown. Until a model is set it is StripMode.
+    //! What the view shows. The mode is StripMode until a model is set.
     enum PlotMode {
         StripMode = 0,
         ScopeMode = 1,
@@ -92,63 +93,71 @@ public:
     };
     Q_ENUM(HistogramItemTypes)
 
+    //! Creates an empty view in strip mode.
     explicit RVXScopePlotView(QWidget *parent = nullptr);
     ~RVXScopePlotView() override;
 
+    //! Switches to another mode. Does nothing while there is no model.
     void SetPlotMode(PlotMode mode);
-    /*! The full-scale range, [-1, 1] at the start, in the model's unit. False where nothing changed: both are as
-        before, or one is not finite. The y axis follows with the next SetYScaleMode(). */
+    /*! Sets the full-scale range, initially [-1, 1], in the unit of the model. Returns false and changes nothing if both
+        limits are as before or one is not finite. The next SetYScaleMode() applies the range to the y axis. */
     bool SetRange(double min, double max);
-    //! What SetRange() has set, minimum and maximum.
+    //! Returns minimum and maximum of the full-scale range.
     std::pair<double, double> range() const;
+    //! Returns the scale mode that was set last; AutoScale at the start.
     PlotScales yScaleMode();
-    //! A label that is told the number of buffered samples, "<n> Samples". Not owned; null for none.
+    //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
-    //! Whether clicks place markers; off at the start. Switching it off takes both markers away.
+    //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
     void enablePlotMarker(bool enable);
 
-    /*! Replaces the statistics of one type by \a count new ones, each on its share of the channels: item g begins at
-        channel g * floor(channels / count) + 1, the last one takes what is left. A count of 0 or less removes
-        them. \a parameters are those of the type's class; \a fullStatistics adds what it has beyond position and
-        width. */
+    /*! Replaces the statistics of one type by \a count new ones, each on its share of the channels: item g, counted from
+        0, begins at channel g * floor(channels / count) + 1, and the last one takes the remaining channels. A count of
+        0 or less removes them; at most 256 are made. \a parameters are those of the item's class; \a fullStatistics
+        adds the results beyond position and width. */
     void enableHistogramItem(HistogramItemTypes type,
                              int count,
                              const QVector<double> &parameters,
                              bool fullStatistics);
-    //! The items of a type, first channels first. They are the view's, and gone after enableHistogramItem().
+    //! Returns the items of a type in channel order. The view owns them; enableHistogramItem() deletes them.
     QVector<RVX_StatisticsHistogramItem *> histogramItems(HistogramItemTypes type) const;
-    //! Whether the items show the energy that the calibration table gives for their position.
+    //! Sets whether the items show the energy that the calibration table gives for their position.
     void toggleMLFC(bool enable);
-    /*! Energy in MeV of each channel, channel 1 first. It is copied; null takes it away. Centre-of-gravity items have
-        no use for it. */
+    /*! Sets the energy in MeV of each channel, beginning with channel 1. The table is copied; null removes it.
+        Centre-of-gravity items do not use it. */
     void upload_MLFC_calibration_table(std::vector<double> *table);
 
-    //! Passed on to the spectrogram: the layout of a pixel matrix.
+    //! Sets whether the spectrogram shows a pixel matrix instead of strips.
     void setPixelated(bool pixelated);
+    //! Returns the companion widget of PositionMode, which the view owns.
     RVXPositionPlot *positionPlot();
+    //! Returns the companion widget of SpectrogramMode, which the view owns.
     RVXSpectrogram *spectrogram();
+    //! Returns the companion widget of SplitMode, which the view owns.
     RVXSplitPlot *splitPlot();
 
-    //! Always invalid: samples have no place of their own on the screen.
+    //! Returns an invalid index: a sample has no area on the screen.
     QModelIndex indexAt(const QPoint &point) const override;
+    //! Returns an empty rectangle: a sample has no area on the screen.
     QRect visualRect(const QModelIndex &index) const override;
-    /*! In strip mode, scrolls towards the sample. Every hint ends at the value for the centre, in units of x: kept for
-        the hosts that are used to it. */
+    /*! In strip mode, sets the scroll bar to half of the axis plus the x of the sample, for every hint. The value is in
+        units of x instead of those of the scroll bar; hosts rely on it. */
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
-    //! A model that is no plot model, or null, gives an empty plot.
+    //! Shows another model, which is not owned. The plot is empty for null and for a model that is not a plot model.
     void setModel(QAbstractItemModel *model) override;
+    //! Shows the model anew after its rows or channels were replaced.
     void reset() override;
-    //! Does nothing: samples have no text to search for.
+    //! Does nothing: samples have no text that could be searched for.
     void keyboardSearch(const QString &search) override;
-    //! Room for the plot below the labels of the statistics.
+    //! Returns a size that leaves room for the plot below the labels of the statistics.
     QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    //! Ignored above 5, and while there is no model.
+    //! Switches to the mode of a number. Does nothing for a number that is not a PlotMode, or without a model.
     void SetPlotMode(int plotMode);
-    //! Passed on to the companion widgets; any value but those of PlotScales scales automatically.
+    //! Scales the y axis, and the companion widgets, by a PlotScales value. Any other value scales automatically.
     void SetYScaleMode(int scaleMode);
-    //! Shows a tenth of the negative range instead of all of it.
+    //! Sets whether the y axis shows only a tenth of the negative range.
     void SetPositiveOnly(bool positiveOnly);
 
 protected Q_SLOTS:
@@ -160,21 +169,27 @@ protected Q_SLOTS:
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
     void doItemsLayout() override;
-    //! Makes the plot if one is asked for. Called when the canvas is painted.
+    //! Makes the plot if one is pending. Called before the canvas is painted.
     void Plot();
     //! Asks for a plot at the next repaint.
     void RequestReplot();
-    //! The same; in scope mode the last sweep is drawn again if there is no new one.
+    //! Asks for a plot at the next repaint that, in scope mode, draws the last sweep again if there is no new one.
     void RequestReplotRefresh();
+    //! Places the first marker at \a pos, in plot coordinates, if markers are enabled.
     void SelectPoint1(QPointF pos);
+    //! Places the second marker at \a pos, in plot coordinates, if markers are enabled.
     void SelectPoint2(QPointF pos);
+    //! Asks for a plot after the scroll bar has moved. \a value is not used.
     void scrollTo(int value);
 
 protected:
+    //! Returns the plot, which the view owns.
     QwtPlot *qwtPlot();
+    //! Returns the grid of the plot, which the view owns.
     QwtPlotGrid *grid();
+    //! Returns the bars of the histogram, which the view owns.
     QwtPlotHistogram *histogram();
-    //! Marker 0 or 1; null for any other index.
+    //! Returns marker 0 or 1; null for any other index.
     QSharedPointer<QwtPlotMarker> plotMarker(int index);
 
     int horizontalOffset() const override;
@@ -183,6 +198,7 @@ protected:
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     using QAbstractItemView::edit;
+    //! Returns the bars of the selected channels, or the whole canvas in modes without bars.
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags flags) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -191,16 +207,6 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    struct MarkerData;
-    //! Units of the horizontal scroll bar for each unit of x.
-    static const double SCROLLBAR_FACTOR;
-
-    void PlotStripMode();
-    void PlotScopeMode();
-    void PlotHistogramMode();
-
-    friend class ScopeCurves;
-    friend class ScopeMarkers;
     Q_DECLARE_PRIVATE(RVXScopePlotView)
     const std::unique_ptr<RVXScopePlotViewPrivate> d_ptr;
 };

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
@@ -27,7 +26,7 @@ public:
     }
 
     PlotModeTabs tabs() const { return PlotModeTabs(ui.modeSelect); }
-    //! Whether the proxies stand on the host's model, rather than on none or on one from before.
+    //! Returns whether the proxies show the host's model, rather than none or a previous one.
     bool hasModel() const { return baseModel && averaging->sourceModel() == baseModel; }
 
     void setUpButtons();
@@ -45,7 +44,7 @@ public:
 
     RVXScope *const q_ptr;
     Q_DECLARE_PUBLIC(RVXScope)
-    Ui::RVXScope ui;
+    Ui::RVXScope ui{};
     QPointer<QAbstractItemModel> baseModel;
     RVXAveragingProxyModel *const averaging;
     RVXZeroingProxyModel *const zeroing;

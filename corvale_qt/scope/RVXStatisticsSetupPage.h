@@ -17,54 +17,56 @@ namespace Corvale_Qt {
 class RVXScopePlotView;
 class RVXStatisticsSetupPagePrivate;
 
-/*! The page on which the operator chooses the beam statistics of the histograms.
+/*! A page on which the operator chooses the beam statistics of the histograms.
 
-    Every registered plot view follows it at once, the signals tell everybody else, and with
-    setApplicationSettings() the choice outlives the application.
+    Every registered plot view follows the page immediately, other listeners are told by the signals, and with
+    setApplicationSettings() the choice is kept in a file.
 
     \code
     RVXStatisticsSetupPage page;
     page.addPlotView(scope.plotView());
     page.setApplicationSettings(QFileInfo(folder), true, true);
-    \endcode
-
-    Parameters of the centre of gravity: 0 for threshold or 1 for window, the threshold as a fraction of the highest
-    channel, the half-width of the window in channels. Those of the regression: threshold as a fraction,
-    half-width of the window, lowest peak, lowest sum (both in the base unit), weight power, half-width of the
-    Chi-square window. While a group is off there are none. */
+    \endcode */
 class CORVALE_QT_EXPORT RVXStatisticsSetupPage : public QWidget
 {
     Q_OBJECT
 
 public:
+    //! Creates a page with the default parameters and with all groups switched off.
     explicit RVXStatisticsSetupPage(QWidget *parent = nullptr);
     ~RVXStatisticsSetupPage() override;
 
-    //! Has a view follow the page from now on. It is not owned, and leaves the page when it is deleted.
+    //! Makes a view follow the page until the view is deleted. The view is not owned; null is ignored.
     void addPlotView(RVXScopePlotView *view);
 
-    /*! Loads the page from a settings file, and keeps every later choice in it. A file that does not hold the page's
-        group yet gives the page's defaults; in a group that is there, a missing value counts as false or 0. Loading
-        writes nothing.
+    /*! Loads the page from a settings file and stores every later choice in it. If the file does not contain the page's
+        group, the page takes its defaults; a value missing from the group counts as false or 0. Loading writes nothing.
 
-        With \a useApplicationIdentity the settings lie in a folder, in the file named after the application;
-        the folder is \a file where that is one, or has no suffix, and the folder of \a file otherwise. Without it,
-        \a file is the settings file. See RVXApplicationSettings. */
+        With \a useApplicationIdentity the settings are kept in a folder, in a file named after the application. The
+        folder is \a file if that is a folder or has no suffix, otherwise the folder that contains \a file. Without
+        \a useApplicationIdentity, \a file is the settings file. See RVXApplicationSettings. */
     void
     setApplicationSettings(const QFileInfo &file, bool useApplicationIdentity, bool useXmlFormat);
 
-    //! 1, 2, 4 or 8 peaks; any other number is taken for 1.
+    //! Chooses the number of peaks: 1, 2, 4 or 8; any other number counts as 1.
     void set_peaks(int n);
     //! Switches the regression on.
     void enable_regression();
 
-    //! Where a host adds rows of its own to the fit.
+    //! Returns the form layout of the Gaussian fit, to which a host can add rows.
     QFormLayout *gaussianLayout() const;
-    //! The layout of the whole page.
+    //! Returns the layout of the whole page.
     QVBoxLayout *layout() const;
 
 Q_SIGNALS:
+    /*! Reports a choice for the centre of gravity. \a parameters has three elements: 0 for threshold or 1 for window,
+        the threshold as a fraction of the largest bar, and the half width of the window in channels. It is empty if not
+        \a enabled. \a peaks is 1, 2, 4 or 8. */
     void CoGOptions(bool enabled, QVector<double> parameters, int peaks);
+    /*! Reports a choice for the Gaussian fit. \a parameters has six elements: the threshold as a fraction of the peak,
+        the half width of the window in channels, the smallest peak and the smallest sum in the base unit, the power of
+        the weights, and the half width of the Chi-square window in channels. It is empty if not \a enabled. \a peaks is
+        1, 2, 4 or 8. */
     void RegressionOptions(bool enabled, QVector<double> parameters, int peaks);
 
 protected:

@@ -11,11 +11,11 @@ namespace {
 
 constexpr int kChunk = 1024;
 
-//! The first row whose x meets a condition that no row meets before it and every row after it.
+//! Returns the first row whose x meets a condition, if all rows after it meet the condition, too.
 template<typename Condition>
 int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
 {
-    // A read through proxies costs as much as a few steps in memory.
+    // One read through proxies costs as much as several steps in memory.
     ColumnSpans memory;
     const bool isInMemory = reader.spans(0, rows.first, rows.size(), memory);
     const auto x = [&](int row) {
@@ -35,7 +35,7 @@ int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
     return first;
 }
 
-//! The first row whose x meets a condition; one past the last where none does.
+//! Returns the first row whose x meets a condition, or one past the last row.
 template<typename Condition>
 int scanForward(const PlotColumnReader &reader, RowRange rows, Condition condition)
 {
@@ -50,7 +50,7 @@ int scanForward(const PlotColumnReader &reader, RowRange rows, Condition conditi
     return rows.last + 1;
 }
 
-//! The last row whose x meets a condition; one before the first where none does.
+//! Returns the last row whose x meets a condition, or one before the first row.
 template<typename Condition>
 int scanBackward(const PlotColumnReader &reader, RowRange rows, Condition condition)
 {

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: finding samples by their time stamps.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 namespace Corvale_Qt {
 
 class PlotColumnReader;
 
-//! Sample rows, both included; row 1 is the oldest sample.
+//! A range of sample rows that includes both ends; row 1 is the oldest sample.
 struct RowRange
 {
     int first = 1;
@@ -22,20 +17,20 @@ struct RowRange
     bool contains(int row) const { return row >= first && row <= last; }
 };
 
-//! x of one row.
+//! Returns x of one row.
 double sampleX(const PlotColumnReader &reader, int row);
 
-/*! The rows that a window from \a left to \a right needs: from the last of \a rows whose x is below \a left (the
-    first if none is) to the first one after it whose x exceeds \a right (the last if none does). Holds for time
-    stamps in any order; looks at the rows it gives and not at those before. */
+/*! Returns the rows that a window from \a left to \a right needs: from the last of \a rows whose x is below \a left (or
+    else the first) to the first one after it whose x exceeds \a right (or else the last). Time stamps may be in any
+    order; rows before the result are not read. */
 RowRange rowsAround(const PlotColumnReader &reader, RowRange rows, double left, double right);
 
-//! The first of \a rows whose x is not below \a x; -1 if there is none.
+//! Returns the first of \a rows whose x is not below \a x; -1 if all are below.
 int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x);
-//! The first of \a rows whose x is exactly \a x; -1 if there is none.
+//! Returns the first of \a rows whose x is exactly \a x; -1 if no row has that x.
 int rowAt(const PlotColumnReader &reader, RowRange rows, double x);
 
-//! Median time between neighbours among the last few rows up to \a lastRow; 0 where there are fewer than two.
+//! Returns the median time between neighbours of the last 65 rows up to \a lastRow; 0 for fewer than two rows.
 double typicalInterval(const PlotColumnReader &reader, int lastRow);
 
 } // namespace Corvale_Qt

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/FiniteScaleEngine_p.h"
 #include "corvale_qt/plot/NumberScaleDraw_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
@@ -6,7 +7,6 @@
 #include "corvale_qt/scope/ScopeAxes_p.h"
 
 #include <qwt_plot.h>
-#include <qwt_scale_engine.h>
 #include <qwt_scale_widget.h>
 
 #include <QFont>
@@ -21,32 +21,7 @@ namespace {
 constexpr int kLargestScaleMode = 14;
 constexpr int kFewestNumberedChannels = 9;
 
-//! Qwt's tick builder does not come back from infinite bounds, and its steps overflow near the largest numbers.
-class FiniteScaleEngine : public QwtLinearScaleEngine
-{
-public:
-    void autoScale(int maxSteps, double &x1, double &x2, double &stepSize) const override
-    {
-        x1 = tamed(x1);
-        x2 = tamed(x2);
-        QwtLinearScaleEngine::autoScale(maxSteps, x1, x2, stepSize);
-    }
-
-    QwtScaleDiv
-    divideScale(double x1, double x2, int maxMajor, int maxMinor, double step) const override
-    {
-        return QwtLinearScaleEngine::divideScale(tamed(x1), tamed(x2), maxMajor, maxMinor, step);
-    }
-
-private:
-    static double tamed(double x)
-    {
-        constexpr double largest = 1e300;
-        return std::isnan(x) ? 0.0 : std::clamp(x, -largest, largest);
-    }
-};
-
-//! An axis from a value to itself has no ticks: this one lies in the middle of it.
+//! Widens bounds that are equal, because such an axis has no ticks. The value ends up in the middle.
 std::pair<double, double> withWidth(const std::pair<double, double> &bounds)
 {
     if (bounds.first != bounds.second)

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the axes of the scope plot view.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QFont>
 #include <QString>
@@ -17,32 +12,32 @@ class QwtPlot;
 
 namespace Corvale_Qt {
 
-//! What is asked of the y axis.
+//! The scale that was chosen for the y axis.
 struct YScale
 {
     int mode = 0; //!< a value of RVXScopePlotView::PlotScales
     std::pair<double, double> range{-1.0, 1.0}; //!< full scale
     bool positiveOnly = false;
 
-    //! The axis follows the data.
+    //! Returns whether the axis follows the data.
     bool isAutomatic() const;
-    //! Bounds of the axis while it does not.
+    //! Returns lower and upper bound of the axis while it does not follow the data.
     std::pair<double, double> bounds() const;
 };
 
-/*! Sets up the axes of the plot for its modes. Axes survive any number: what is not finite, or too large to be
-    divided, never reaches the tick marks. */
+/*! Sets up the axes of the plot for its modes. No number disturbs an axis: a bound that is not finite, or too large to
+    be divided into steps, never reaches the tick marks. */
 class ScopeAxes
 {
 public:
     explicit ScopeAxes(QwtPlot *plot);
 
     void setYScale(const YScale &scale);
-    //! x is time.
+    //! Sets up the x axis for time.
     void prepareTimeAxis();
-    //! x is the channel, 1 to \a channels.
+    //! Sets up the x axis for channels 1 to \a channels.
     void prepareChannelAxis(int channels);
-    //! A range that is not finite leaves the axis as it is.
+    //! Sets the range of the x axis. A range that is not finite changes nothing.
     void setTimeRange(double left, double right);
 
     void setYTitle(const QString &title);
@@ -50,8 +45,8 @@ public:
 
 private:
     QwtPlot *m_plot;
-    QFont m_timeFont; //!< the channel axis has another
-    // Setting a title lays out the plot, also where it is the same.
+    QFont m_timeFont; //!< of the x axis while x is time
+    // Setting a title lays out the plot even if the title is the same.
     QString m_xTitle;
     QString m_yTitle;
 };

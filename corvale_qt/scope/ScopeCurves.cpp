@@ -2,6 +2,7 @@
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
 #include <qwt_plot.h>
@@ -15,11 +16,11 @@ namespace Corvale_Qt {
 
 namespace {
 
-// Between the grid and the markers. Steps keep the order of the channels when one is hidden and shown again.
+// The curves lie between the grid and the markers. The steps keep channels in order when one is hidden and shown again.
 constexpr double kLowestLayer = 20.0;
 constexpr double kLayerStep = 0.01;
 
-//! Divides the series by its own largest magnitude; a host's own kind of series stays as it is.
+//! Divides a series by its own largest magnitude. A series of a class that the host defines stays as it is.
 void normalize(QwtSeriesData<QPointF> *series)
 {
     const auto largest = [series] {
@@ -39,7 +40,7 @@ ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &m
     , m_model(model)
     , m_markers(markers)
 {
-    // Right above the last curve.
+    // The layer lies directly above the last curve.
     m_layer.setZ(kLowestLayer + kLayerStep * ScopeModel::maximumChannels);
     m_layer.attach(plot);
 }
@@ -104,7 +105,7 @@ void ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scal
     if (scaleMode == RVXScopePlotView::Normalized)
         normalize(series);
     curve.setSamples(series);
-    // Where the axis spans the values there is nothing to clip.
+    // An axis that spans all values leaves nothing to clip.
     const bool clips =
         scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange;
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);

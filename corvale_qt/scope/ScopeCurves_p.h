@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the curves of the scope plot view.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
@@ -23,7 +18,7 @@ namespace Corvale_Qt {
 
 class RVXDiscontinuousPlotCurve;
 
-//! One curve a channel, each with the model's own series of the rows that are shown.
+//! The curves of the plot, one for each channel, each with the series that the model makes of the rows shown.
 class ScopeCurves
 {
 public:
@@ -31,17 +26,18 @@ public:
     ~ScopeCurves();
 
     int count() const { return m_count; }
-    //! Makes \a count curves in place of those there are.
+    //! Replaces all curves by \a count new ones.
     void createCurves(int count);
     void clearCurves();
+    //! Takes all curves off the plot; they keep their data.
     void detach();
-    //! Takes away what the curves read from the model.
+    //! Takes all curves off the plot and deletes their series, which read from the model.
     void dropData();
 
-    //! Makes the series of a channel, which the caller owns; null where there is nothing to draw.
+    //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
-    /*! Draws the channels that are shown, and lets the markers snap to them. The series begin with row \a firstRow of
-        what the markers read. */
+    /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample
+        of each series, counted as the markers count rows; \a scaleMode is a PlotScales value. */
     void plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode);
 
 private:
@@ -52,7 +48,7 @@ private:
     const ScopeModel &m_model;
     ScopeMarkers &m_markers;
     int m_count = 0;
-    // Before the curves, which use it to the end.
+    // Declared before the curves, which use it until they are destroyed.
     CurveLayer m_layer;
     std::array<std::unique_ptr<RVXDiscontinuousPlotCurve>, ScopeModel::maximumChannels> m_curves;
 };

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: a marker whose label can be read wherever it stands.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_plot_marker.h>
 
@@ -15,11 +10,12 @@
 
 namespace Corvale_Qt {
 
-/*! A vertical line with a label at its top, on the side that the label's alignment says. The label stays inside the
-    canvas, if it fits, and goes below that of another marker where it would cover it. */
+/*! A vertical line with a label at its top, on the side that the alignment of the label gives. The label stays inside
+    the canvas if it fits, and moves below the label of another marker if it would cover that. */
 class ScopeMarkerItem : public QwtPlotMarker
 {
 public:
+    //! Makes the label give way to that of \a other.
     void keepBelow(const QSharedPointer<const ScopeMarkerItem> &other) { m_other = other; }
 
     void draw(QPainter *painter,
@@ -28,12 +24,12 @@ public:
               const QRectF &canvas) const override;
 
 protected:
-    //! Nothing: draw() has to know where the other marker is.
+    //! Draws nothing: draw() draws the label, because it knows the place of the other one.
     void drawLabel(QPainter *painter, const QRectF &canvas, const QPointF &position) const override;
 
 private:
     bool hasLabel() const;
-    //! Where the label would be if there were no other.
+    //! Returns the place of the label without regard to the other marker.
     QRectF labelPlace(const QwtScaleMap &xMap, const QRectF &canvas) const;
 
     QSharedPointer<const ScopeMarkerItem> m_other;

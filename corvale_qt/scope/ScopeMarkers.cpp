@@ -3,11 +3,10 @@
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
+#include "corvale_qt/scope/ScopeSurface_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_series_data.h>
-
-#include <QItemSelectionModel>
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +15,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Times that are closer than this stand on one pixel, or nearly.
+//! Returns a difference of time that is about one pixel wide.
 double resolutionOf(const std::pair<double, double> &xRange)
 {
     return (xRange.second - xRange.first) / 1000.0;
@@ -24,11 +23,10 @@ double resolutionOf(const std::pair<double, double> &xRange)
 
 } // namespace
 
-ScopeMarkers::ScopeMarkers(RVXScopePlotView *view, QwtPlot *plot, const ScopeModel &model)
-    : m_view(view)
+ScopeMarkers::ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model)
+    : m_surface(surface)
     , m_plot(plot)
     , m_model(model)
-    , m_data(count)
 {
     QSharedPointer<const ScopeMarkerItem> before;
     for (State &state : m_states) {
@@ -60,7 +58,7 @@ void ScopeMarkers::followSelection(int row, int channel)
 {
     State &state = m_states[0];
     m_selects = false;
-    state.channel = channel > 0 ? channel : -1; // column 0 is no channel
+    state.channel = channel > 0 ? channel : -1; // column 0 is the time
     if (row > 0) {
         state.item->setXValue(sampleX(m_model.reader(), row));
         state.onSample = true;
@@ -141,8 +139,8 @@ void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
     m_reader = reader;
     m_modelRows = modelRows;
     for (int i = 0; i < count; ++i) {
-        m_data[i] = Data();
-        m_data[i].x = item(i)->xValue();
+        m_data[size_t(i)] = Data();
+        m_data[size_t(i)].x = item(i)->xValue();
         State &state = m_states[size_t(i)];
         if (isAttached(i) && state.held > 0 && !m_model.isShown(state.held))
             state.held = -1;
@@ -162,26 +160,19 @@ void ScopeMarkers::clearLabels()
         state.item->setLabel(QwtText());
 }
 
-std::pair<int, double> ScopeMarkers::findStripMarkerTime(double x) const
-{
-    const PlotColumnReader reader = m_model.reader();
-    const int row = firstRowFrom(reader, {1, m_model.lastRow()}, x);
-    return {row, row < 0 ? x : sampleX(reader, row)};
-}
-
 void ScopeMarkers::findInStrip()
 {
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
-        Data &data = m_data[i];
+        Data &data = m_data[size_t(i)];
         if (!isAttached(i))
             continue;
         if (state.row < 0) {
             state.row = state.onSample ? rowAt(m_reader, m_modelRows, data.x)
-                                       : findStripMarkerTime(data.x).first;
+                                       : firstRowFrom(m_reader, m_modelRows, data.x);
         }
         if (state.row < 0 && state.onSample)
-            detach(i); // its sample is no longer there
+            detach(i); // its sample has left the model
         if (state.row < 0)
             continue;
         data.row = state.row;
@@ -194,12 +185,12 @@ void ScopeMarkers::findInSweep(int size)
 {
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
-        Data &data = m_data[i];
+        Data &data = m_data[size_t(i)];
         if (!isAttached(i))
             continue;
         if (state.sweepOffset < 0)
             state.sweepOffset = sweepOffset(state, data.x, size);
-        state.row = -1; // the place in the sweep counts from now on
+        state.row = -1; // from now on the marker keeps to its offset in the sweep
         if (state.sweepOffset < 0 || state.sweepOffset >= size)
             continue;
         data.row = 1 + state.sweepOffset;
@@ -208,7 +199,7 @@ void ScopeMarkers::findInSweep(int size)
     }
 }
 
-//! The place of a marker that has none yet; -1 where its sample is not in the sweep.
+//! Finds the offset in the sweep of a marker that has none yet. Returns -1 if its sample is not in the sweep.
 int ScopeMarkers::sweepOffset(const State &state, double x, int size) const
 {
     if (state.row > 0)
@@ -222,7 +213,7 @@ int ScopeMarkers::sweepOffset(const State &state, double x, int size) const
 void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow)
 {
     for (int i = 0; i < count; ++i) {
-        Data &data = m_data[i];
+        Data &data = m_data[size_t(i)];
         if (data.row < firstRow || data.row - firstRow >= int(series.size()))
             continue;
         const double y = series.sample(size_t(data.row - firstRow)).y();
@@ -234,7 +225,7 @@ void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int f
     }
 }
 
-//! As the model has, or had, it.
+//! Returns a value as the model has it, or had it when the sweep was copied.
 double ScopeMarkers::value(int row, int channel) const
 {
     double value = 0.0;
@@ -257,13 +248,13 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     if (!isAttached(index))
         return;
     State &state = m_states[size_t(index)];
-    Data &data = m_data[index];
+    Data &data = m_data[size_t(index)];
     if (data.column > 0)
         state.held = data.column;
     else if (data.row > 0)
         readHeldChannel(index);
 
-    // A marker without a sample to stand on stays where it is.
+    // A marker that found no sample stays where it is.
     state.item->setXValue(data.x);
     if (std::isfinite(data.y) && data.y < std::numeric_limits<double>::max())
         state.item->setYValue(data.y);
@@ -279,31 +270,29 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
 
     if (index == 0 && reads && m_selects)
         select(data);
-    // Outside the plot only a corner of the label would be seen.
+    // Outside the plot, only a corner of the label would be visible.
     if (data.x < xRange.first || data.x > xRange.second)
         state.item->setLabel(QwtText());
     else if (index == 1)
         describeSpan(xRange);
 }
 
-//! The sample of a marker that is outside the rows drawn.
+//! Reads the value of a marker whose sample is outside the rows that are drawn.
 void ScopeMarkers::readHeldChannel(int index)
 {
     const State &state = m_states[size_t(index)];
     const int channel = state.channel > 0 ? state.channel : state.held;
     if (channel <= 0 || channel > m_model.channelCount() || !m_model.isShown(channel))
         return;
-    m_data[index].column = channel;
-    m_data[index].value = value(m_data[index].row, channel);
+    m_data[size_t(index)].column = channel;
+    m_data[size_t(index)].value = value(m_data[size_t(index)].row, channel);
 }
 
 void ScopeMarkers::select(const Data &data) const
 {
-    QItemSelectionModel *selection = m_view->selectionModel();
-    const QAbstractItemModel *model = m_view->model();
     const int row = m_modelRows.first + data.row - 1;
-    if (selection && model && row >= 1 && m_modelRows.contains(row))
-        selection->select(model->index(row, data.column), QItemSelectionModel::ClearAndSelect);
+    if (row >= 1 && m_modelRows.contains(row))
+        m_surface.selectCell(row, data.column);
 }
 
 void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)

@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the two markers of the scope plot view.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
-#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 
@@ -16,79 +10,72 @@
 
 #include <QPointF>
 #include <QSharedPointer>
-#include <QVector>
 
 #include <array>
 #include <limits>
 #include <utility>
+
+class QwtPlot;
 
 template<typename T>
 class QwtSeriesData;
 
 namespace Corvale_Qt {
 
-//! What a marker stands on in one plot.
-struct RVXScopePlotView::MarkerData
-{
-    int column = 0; //!< the channel it snapped to; 0 for none
-    double x = 0.0;
-    int row = -1; //!< the sample at x, among the rows that are plotted; -1 for none
-    double y = std::numeric_limits<double>::max(); //!< as plotted
-    double value = 0.0; //!< as the model has it
-};
+class ScopeSurface;
 
 /*! Places the markers, finds the samples they stand on, and writes their labels.
 
-    A marker is put where the user clicked; the next plot moves it onto the sample there, of the channel whose curve is
-    nearest, and from then on it keeps to that channel. In strip mode it keeps to its sample, and goes when that
-    leaves the model; in scope mode it keeps to its place in the sweep, so that it reads each sweep there.
+    A marker is put where the user clicked. The next plot moves it onto the sample there, of the channel whose curve is
+    nearest, and from then on the marker keeps to that channel. In strip mode it keeps to its sample, and is removed
+    when that sample leaves the model. In scope mode it keeps to its place in the sweep and reads each sweep there.
 
-    The sample of marker 0 is selected while the user moves that marker. After a selection that came from elsewhere it
-    follows, and selects nothing. */
+    The sample of marker 0 is selected while the user moves that marker. After a selection that came from elsewhere the
+    marker follows the selection and does not change it. */
 class ScopeMarkers
 {
 public:
-    using Data = RVXScopePlotView::MarkerData;
     static constexpr int count = 2;
 
-    ScopeMarkers(RVXScopePlotView *view, QwtPlot *plot, const ScopeModel &model);
+    ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model);
 
     QSharedPointer<QwtPlotMarker> item(int index) const { return m_states[size_t(index)].item; }
     bool isAttached(int index) const { return item(index)->plot() != nullptr; }
-    //! The marker that keys move: the one placed last.
+    //! Returns the marker that keys move: the one placed last.
     int selected() const { return m_selected; }
 
+    //! Puts a marker where the user clicked, in plot coordinates.
     void place(int index, const QPointF &position);
-    //! Attaches both markers; the first one goes to a selected cell, row 0 for the whole channel.
+    //! Attaches both markers. Marker 0 moves to the selected cell; \a row is 0 for a whole channel.
     void followSelection(int row, int channel);
     void detach(int index);
     void detachAll();
-    //! Another model: channels and rows mean nothing any more.
+    //! Forgets the channels and rows of the markers, because the model is another one.
     void forgetChannels();
-    //! Another mode: places in a sweep mean nothing any more.
+    //! Forgets the markers' places in the sweep, because the plot mode is another one.
     void forgetSweep();
-    //! Rows of the model mean nothing any more: samples are found again by their time.
+    //! Forgets the markers' rows: their samples are found again by time.
     void forgetRows();
-    //! All samples have gone, and their markers with them.
+    //! Removes the markers that stood on a sample, because all samples have gone.
     void samplesHaveGone();
+    //! Moves the markers' rows along with rows \a start to \a end, which the model has inserted.
     void rowsInserted(int start, int end);
+    //! Removes the markers on rows \a start to \a end, which the model has removed, and moves the rows of the others.
     void rowsRemoved(int start, int end);
 
-    /*! Fresh data for a plot, with the markers' x. \a reader gives the plotted samples, its row 1 is the first of
-        \a modelRows, as far as these are still known. */
+    /*! Begins a plot. \a reader gives the plotted samples; its row 1 is the first of \a modelRows, as far as these are
+        still known. */
     void begin(const PlotColumnReader &reader, RowRange modelRows);
-    //! The marker that keys move is the other one, where that is there.
+    //! Lets keys move the other marker, if that is attached.
     void selectOther();
     void clearLabels();
-    //! The first sample whose x is not below \a x, with its own x; row -1 and \a x if there is none.
-    std::pair<int, double> findStripMarkerTime(double x) const;
     //! Finds the markers' rows among all samples.
     void findInStrip();
     //! Finds the markers' rows among the \a size samples of a sweep.
     void findInSweep(int size);
-    //! Takes the sample of \a channel for the markers that are nearer to it than to any channel so far.
+    //! Gives the sample of \a channel to the markers that are nearer to it than to any channel so far.
     void snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow);
-    //! Moves a marker onto its sample and writes its label; marker 1 gets the numbers between both.
+    //! Moves a marker onto its sample and writes its label; marker 1 also shows the statistics between both.
     void setStripMarker(int index, const std::pair<double, double> &xRange);
 
     //! Moves a marker of the strip chart by samples.
@@ -100,11 +87,21 @@ private:
     struct State
     {
         QSharedPointer<QwtPlotMarker> item;
-        int channel = -1; //!< locked to this one; -1 for the nearest
-        int held = -1; //!< the nearest one, once it is known
-        bool onSample = false; //!< x is a sample's, no longer a click's
-        int row = -1; //!< its sample in the model, in strip mode; -1 for not found yet
-        int sweepOffset = -1; //!< sample of the sweep, counted from 0
+        int channel = -1; //!< the selected channel, which the marker keeps to; -1 for the nearest
+        int held = -1; //!< the channel it snapped to; -1 before the first plot
+        bool onSample = false; //!< x is that of a sample, no longer that of a click
+        int row = -1; //!< row of its sample in the model, in strip mode; -1 if not found yet
+        int sweepOffset = -1; //!< sample of the sweep, counted from 0; -1 if not found yet
+    };
+
+    //! The sample of a marker in the current plot.
+    struct Data
+    {
+        int column = 0; //!< the channel it snapped to; 0 for none
+        double x = 0.0;
+        int row = -1; //!< row of the sample among those that are plotted; -1 for none
+        double y = std::numeric_limits<double>::max(); //!< as plotted
+        double value = 0.0; //!< as the model has it
     };
 
     bool takes(int index, int channel, double y, const Data &data) const;
@@ -114,16 +111,15 @@ private:
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
 
-    RVXScopePlotView *m_view;
+    ScopeSurface &m_surface;
     QwtPlot *m_plot;
     const ScopeModel &m_model;
     std::array<State, count> m_states;
-    QVector<Data> m_data;
-    // Of the plot that is being made.
-    PlotColumnReader m_reader;
-    RowRange m_modelRows;
+    std::array<Data, count> m_data;
+    PlotColumnReader m_reader; //!< of the current plot
+    RowRange m_modelRows; //!< of the current plot
     int m_selected = 0;
-    bool m_selects = false; //!< the selection goes with marker 0
+    bool m_selects = false; //!< the selection follows marker 0
 };
 
 } // namespace Corvale_Qt

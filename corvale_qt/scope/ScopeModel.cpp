@@ -73,9 +73,16 @@ double ScopeModel::unitScale() const
     return unit ? unit->scale(1.0) : 1.0;
 }
 
+QVariantList ScopeModel::deviceFits(int row) const
+{
+    if (!m_items)
+        return QVariantList();
+    return m_items->data(m_items->index(row, 0), RVXAbstractPlotDataModel::DeviceFitRole).toList();
+}
+
 QAbstractItemModel *ScopeModel::innermost(QAbstractItemModel *model)
 {
-    // A proxy that merges several models has no one source: it is the innermost itself.
+    // A proxy that merges several models has no single source: it is the innermost model itself.
     auto *proxy = qobject_cast<QAbstractProxyModel *>(model);
     while (proxy && proxy->sourceModel()) {
         model = proxy->sourceModel();

@@ -1,61 +1,57 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: what the scope plot view asks of its model.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
+#include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 
 #include <QAbstractItemModel>
 #include <QBrush>
 #include <QPointer>
 #include <QString>
+#include <QVariantList>
 
 namespace Corvale_Qt {
 
 class RVXAbstractPlotDataModel;
 
-namespace Units {
-class MeasurementUnit;
-} // namespace Units
-
-/*! Both sides of the model that a view shows. Without a model, after the model was deleted, and for a model that is no
-    plot model, it has no channels and no rows. */
+/*! The model that a view shows, as an item model and as a plot model. Without a model, after the model was deleted, and
+    for a model that is not a plot model, it has no channels and no rows. */
 class ScopeModel
 {
 public:
-    static constexpr int maximumChannels = 256;
+    static constexpr int maximumChannels = maxChannels;
 
+    //! The model is not owned; it may be null.
     void set(QAbstractItemModel *items);
-    //! The numbers' side, or null.
+    //! Returns the numeric interface of the model, or null.
     RVXAbstractPlotDataModel *plot() const { return m_items ? m_plot : nullptr; }
     PlotColumnReader reader() const { return PlotColumnReader(plot()); }
 
-    //! Channels that the model has.
+    //! Returns the number of channels that the model has.
     int allChannels() const;
-    //! Channels that are drawn: columns 1 to this.
+    //! Returns the number of channels that are drawn, at most maximumChannels. Their columns begin at 1.
     int channelCount() const;
-    //! The newest sample's row; less than 1 where there is none.
+    //! Returns the row of the newest sample; less than 1 without samples.
     int lastRow() const;
 
     bool isShown(int channel) const;
     QString name(int channel) const;
-    //! The channel's brush; one of the palette where the model gives none, since the canvas is black.
+    //! Returns the brush that the model gives for a channel, or else a colour of the palette.
     QBrush brush(int channel) const;
-    //! Symbol of the unit of x; empty where there is none.
+    //! Returns the symbol of the unit of x; empty if x has no unit.
     QString xUnitName() const;
-    //! Text of a value that is in the unit of x already.
+    //! Formats a value that is already in the unit of x.
     QString formatX(double x) const;
-    //! Symbol of the values' unit; empty where there is none.
+    //! Returns the symbol of the unit of the values; empty if they have no unit.
     QString unitName() const;
-    //! What becomes of 1 in that unit; 1 where there is none.
+    //! Returns what 1 in the base unit is in the unit of the values; 1 if they have no unit.
     double unitScale() const;
+    //! Returns the fits that the device computed for the sample in \a row; empty if it computed none.
+    QVariantList deviceFits(int row) const;
 
-    //! The model that is the source of all proxies over it.
+    //! Follows the sources of proxies down to a model that is not a proxy of a single source.
     static QAbstractItemModel *innermost(QAbstractItemModel *model);
 
 private:

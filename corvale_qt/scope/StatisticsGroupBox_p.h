@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QEvent>
 #include <QGroupBox>
 
 namespace Corvale_Qt {
 
-/*! A checkable group box of the statistics page, some of whose editors are used while it is switched off.
+/*! A checkable group box of the statistics page. Some of its editors have an effect even while it is switched off.
 
-    A box that is off disables its children again whenever it is enabled, and each of them when it is shown for the first
-    time. The page hears of that, and enables the editors that it needs. */
+    A box that is off disables its children again whenever it is enabled, and each child when it is shown for the first
+    time. The signal lets the page enable the editors that it needs. */
 class StatisticsGroupBox : public QGroupBox
 {
     Q_OBJECT
@@ -21,6 +20,7 @@ public:
     using QGroupBox::QGroupBox;
 
 Q_SIGNALS:
+    //! The box, which is off, may have disabled its children.
     void childrenDisabled();
 
 protected:

@@ -63,7 +63,7 @@ void StripStart::look(int row,
     if (!std::isfinite(x))
         return;
     const bool stepsBack = m_stampRow > 0 && x < m_stamp;
-    // What the chart showed before the last stamp: that one may be the odd one.
+    // The width before the last stamp counts, because that stamp may be the outlier.
     const int last = m_stampRow - m_row >= 2 ? m_stampRow - 1 : m_stampRow;
     if (stepsBack && m_stamp - x > shownWidth(reader, request, last))
         m_row = row;

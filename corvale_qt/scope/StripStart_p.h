@@ -1,32 +1,28 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: where the samples of a strip chart begin.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 namespace Corvale_Qt {
 
 class PlotColumnReader;
 struct StripRequest;
 
-/*! The first row that belongs to a strip chart. Where time steps back by more than the chart shows, a new acquisition
-    has begun: the rows before the step are of another time, and would look live beside those after it. Each row
-    is looked at once. */
+/*! Finds the first row that belongs to a strip chart. A step of time backwards by more than the chart shows means that a
+    new acquisition has begun: the rows before the step are old and would look live beside those after it. Each row is
+    read once. */
 class StripStart
 {
 public:
+    //! Returns the first row of the chart, 1 or more.
     int row() const { return m_row; }
-    //! Forgets what was found; all rows are looked at again.
+    //! Forgets what was found; the next update reads all rows again.
     void restart();
-    //! Rows \a start to \a end have gone.
+    //! Follows the removal of rows \a start to \a end.
     void rowsRemoved(int start, int end);
-    //! Rows have come, the first of them at \a start.
+    //! Follows an insertion of rows that begins at \a start.
     void rowsInserted(int start);
-    //! Looks at the rows that have come since the last call. \a request gives the width of the chart.
+    //! Reads the rows that were added since the last call. \a request gives the width of the chart.
     void update(const PlotColumnReader &reader, const StripRequest &request);
 
 private:
@@ -35,8 +31,8 @@ private:
     shownWidth(const PlotColumnReader &reader, const StripRequest &request, int lastRow) const;
 
     int m_row = 1;
-    int m_checked = 0; //!< the last row that was looked at
-    // The stamp before, of those that are finite; row 0 for none.
+    int m_checked = 0; //!< the last row that was read
+    // The previous finite time stamp; row 0 for none.
     int m_stampRow = 0;
     double m_stamp = 0.0;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 
 #include <algorithm>
@@ -19,7 +20,8 @@ double widthOfSamples(const PlotColumnReader &reader,
     const int samples = request.samples - request.first + 1;
     if (samples > 1)
         return (window.newest - window.oldest) / samples * count;
-    return typicalInterval(reader, request.samples) * count; // of the rows before the chart's
+    return typicalInterval(reader, request.samples)
+        * count; // measured on the rows before the chart
 }
 
 double followingLeft(const PlotColumnReader &reader,
@@ -31,7 +33,7 @@ double followingLeft(const PlotColumnReader &reader,
     const int missing = request.sweepLength - (request.samples - request.first + 1);
     if (missing < 0)
         return sampleX(reader, request.first - missing);
-    // The trace has not filled the chart yet and begins inside it.
+    // The trace does not fill the chart yet, so it begins inside.
     return window.oldest - widthOfSamples(reader, window, request, missing);
 }
 
@@ -39,18 +41,12 @@ double followingLeft(const PlotColumnReader &reader,
 
 int toScrollUnits(double value)
 {
-    constexpr double largest = std::numeric_limits<int>::max();
-    return std::isfinite(value) ? int(std::lround(std::clamp(value, 0.0, largest))) : 0;
+    return std::isfinite(value) ? clampedToInt(std::round(value), 0) : 0;
 }
 
 bool StripRequest::hasWidth() const
 {
     return width > 0.0 && std::isfinite(width);
-}
-
-bool StripWindow::isFinite() const
-{
-    return std::isfinite(left) && std::isfinite(right) && std::isfinite(right - left);
 }
 
 StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &request)
@@ -61,7 +57,7 @@ StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &requ
     if (request.following) {
         window.left = followingLeft(reader, window, request);
         window.right = window.newest;
-        // Disordered stamps must not turn the axis round.
+        // Disordered time stamps must not reverse the axis.
         if (window.left > window.right)
             window.left =
                 window.right - typicalInterval(reader, request.samples) * request.sweepLength;

@@ -7,7 +7,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! So many rows at once are taken for a sweep of the instrument's own.
+//! This many rows at once are taken for a sweep that the instrument sends.
 constexpr int kSmallestBatchSweep = 6;
 
 } // namespace
@@ -38,7 +38,7 @@ int SweepProgress::rowsInserted(int start, int end, int lastRow, int pointsHint)
         m_length = count >= kSmallestBatchSweep ? count : defaultLength;
     if (start <= m_shown.last)
         forgetShown();
-    if (start == 1) // the first after a clear
+    if (start == 1) // the first rows after a clear
         m_nextRow = 1;
     return dropped;
 }
@@ -57,7 +57,7 @@ void SweepProgress::rowsRemoved(int start, int end)
         m_nextRow = std::max(m_nextRow - count, start);
 }
 
-//! The oldest rows have gone. Where no sweep has shown them, the next one begins with the oldest row that is left.
+//! Follows the removal of the oldest rows. If the next sweep has lost rows, it begins with the oldest row left.
 void SweepProgress::moveBack(int rows)
 {
     m_nextRow = std::max(1, m_nextRow - rows);

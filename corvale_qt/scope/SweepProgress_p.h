@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: which samples make the next sweep, and which are shown.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/scope/SampleRows_p.h"
 
@@ -18,35 +13,36 @@ class SweepProgress
 {
 public:
     static constexpr int defaultLength = 256;
-    //! With more complete sweeps than this waiting, all but the newest are left out.
+    //! If more complete sweeps than this are waiting, only the newest is shown.
     static constexpr int mostWaiting = 8;
 
     int length() const { return m_length; }
-    //! Takes the model's wish, if it is above 0.
+    //! Sets the length that the model asks for, if it is above 0.
     void setLengthHint(int points);
-    //! The next sweep begins with row 1 of a model that has \a lastRow rows.
+    //! Begins again with row 1 of a model that has \a lastRow rows.
     void restart(int lastRow);
 
-    /*! Rows \a start to \a end have come; there are \a lastRow now, and the model would show \a pointsHint at once.
-        Returns how many of the oldest rows went with no announcement. */
+    /*! Follows the insertion of rows \a start to \a end. \a lastRow is the last row after it, \a pointsHint the sweep
+        length that the model asks for. Returns how many of the oldest rows left the model unannounced. */
     int rowsInserted(int start, int end, int lastRow, int pointsHint);
-    //! Rows \a start to \a end have gone, as the model announced.
+    //! Follows the removal of rows \a start to \a end, which the model has announced.
     void rowsRemoved(int start, int end);
 
+    //! Returns whether all rows of the next sweep are there.
     bool isComplete(int lastRow) const { return waiting(lastRow) > 0; }
-    //! Rows of the next sweep.
+    //! Returns the rows of the next sweep.
     RowRange next() const { return {m_nextRow, m_nextRow + m_length - 1}; }
-    //! The next sweep becomes the one that is shown.
+    //! Makes the next sweep the one that is shown.
     void advance();
-    //! Goes to the newest complete sweep where too many are waiting.
+    //! Skips to the newest complete sweep if too many are waiting.
     void skipToNewest(int lastRow);
 
-    /*! Where the sweep that is shown is now. Its first row is below 1 when samples of it have left the model; the range
-        is empty when nobody knows where its samples are. */
+    /*! Returns the present rows of the sweep that is shown. The first is below 1 if samples of it have left the model;
+        the range is empty if its rows are not known any more. */
     RowRange shown() const { return m_shown; }
-    //! Only these rows of it are shown from now on.
+    //! Shows only \a rows of the sweep from now on.
     void narrowShown(RowRange rows) { m_shown = rows; }
-    //! The rows of the model are no longer those that were shown.
+    //! Forgets the rows of the sweep that is shown.
     void forgetShown() { m_shown = RowRange(); }
 
 private:

@@ -51,7 +51,7 @@ void SweepSamples::takeChannel(const ScopeModel &model, RowRange rows, int chann
         model.plot()->seriesData(channel, rows.first, rows.last));
     if (!series || typeid(*series) == typeid(RVXSeriesData))
         return;
-    // A host's own kind of series may give other points than the model's cells.
+    // A series of a class that the host defines may give other points than the cells of the model.
     points.reserve(int(series->size()));
     for (size_t i = 0; i < series->size(); ++i)
         points.append(series->sample(i));

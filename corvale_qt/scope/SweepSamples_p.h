@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the samples of the sweep that stands on the canvas.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
@@ -19,22 +14,22 @@ namespace Corvale_Qt {
 
 class ScopeModel;
 
-/*! A copy of one sweep, taken when it is drawn first: a full buffer drops its samples while they still stand on the
-    canvas. Only channels that are shown are copied. Row 1 is the first sample of the sweep. */
+/*! A copy of the sweep on the canvas, taken when the sweep is drawn first, because a full buffer drops its samples while
+    they are still shown. Only channels that are shown are copied. Row 1 is the first sample of the sweep. */
 class SweepSamples : public PlotColumns
 {
 public:
     void clear();
-    //! Copies \a rows of a model, in place of what was there.
+    //! Replaces the copy by \a rows of a model.
     void take(const ScopeModel &model, RowRange rows);
 
     int size() const { return m_columns.value(0).size(); }
-    //! Whether the model still shows its values in the unit that they had when they were copied.
+    //! Returns whether the values of the model still have the unit that they had when they were copied.
     bool hasUnitOf(const ScopeModel &model) const;
-    //! A series of one channel, which the caller owns; null for a channel that was not copied.
+    //! Returns a series of one channel, which the caller owns; null for a channel that was not copied.
     QwtSeriesData<QPointF> *series(int channel) const;
 
-    //! NaN for what was not copied.
+    //! Gives NaN for cells that were not copied.
     void read(int column, int firstRow, int count, double *out) const override;
     bool xRises() const override { return m_xRises; }
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
@@ -46,7 +41,7 @@ private:
 
     QVector<QVector<double>> m_columns; //!< as doubleData() gives them; empty for a hidden channel
     QVector<QVector<QPointF>>
-        m_points; //!< of channels for which the model has a series of its own kind
+        m_points; //!< of channels whose series is of a class that the host defines
     bool m_xRises = false;
     quint64 m_xVersion = 0;
     QString m_unitName;

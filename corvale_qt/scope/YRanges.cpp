@@ -8,7 +8,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-// 250000 between 1000000 and 100000 is meant: instruments have that range.
+// The step of 250000 is kept on purpose: instruments have that range.
 const char *const absoluteRanges[] = {
     "100000000", "10000000", "1000000", "250000", "100000", "50000", "20000", "10000",
     "5000",      "2000",     "1000",    "500",    "100",    "50",    "20",    "5",

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QStringList>
 
@@ -10,33 +9,36 @@
 
 namespace Corvale_Qt {
 
-//! The lists of y ranges that the panel offers, by its y scale mode.
+//! The lists of y ranges that the panel offers; the values are those of RVXScope::SetYScaleMode().
 enum YRangeList {
-    PercentRanges =
-        0, //!< of the range that the host gave; the index is the view's PlotScales value
+    //! Percentages of the host's range; the index of an entry is its RVXScopePlotView::PlotScales value.
+    PercentRanges = 0,
     AutomaticRange = 1,
-    AbsoluteRanges = 2, //!< plus and minus a value in the unit of the data
-    AbsolutePositiveRanges = 3, //!< from 0 to a value in the unit of the data
+    //! From minus a value to plus that value, in the unit of the data.
+    AbsoluteRanges = 2,
+    //! From 0 to a value, in the unit of the data.
+    AbsolutePositiveRanges = 3,
 };
 
-//! Texts of a list, in the language of the application.
+//! Returns the entries of a list, in the language of the application.
 QStringList yRangeTexts(int list);
 
-//! What choosing an entry means to the view.
+//! The effect of an entry on the view.
 struct YRangeChoice
 {
-    int scaleMode = 0;
-    //! Full scale, where the entry says it: from \a minimum to \a maximum.
+    int scaleMode = 0; //!< an RVXScopePlotView::PlotScales value
+    //! Full scale in the unit of the data.
     struct Range
     {
         double minimum;
         double maximum;
     };
-    std::optional<Range> range;
-    //! Whether it makes a difference to show positive values only.
+    std::optional<Range> range; //!< set if the entry names a range
+    //! Whether the button for positive values has an effect.
     bool canBePositiveOnly = false;
 };
 
+//! Returns the effect of the entry \a text at \a index of a list.
 YRangeChoice yRangeChoice(int list, int index, const QString &text);
 
 } // namespace Corvale_Qt

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 
+#include "corvale_qt/settings/Logging_p.h"
 #include "corvale_qt/settings/WriteTurn_p.h"
 #include "corvale_qt/settings/XmlSettingsFormat_p.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDebug>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
@@ -18,7 +18,7 @@ namespace {
 
 QSettings::Format xmlFormat()
 {
-    // Registering the same functions again would use up another of the sixteen formats that Qt has.
+    // Registering the same functions again would use up another of the sixteen formats that Qt supports.
     static QSettings::Format format = QSettings::InvalidFormat;
     if (format == QSettings::InvalidFormat)
         format =
@@ -28,12 +28,12 @@ QSettings::Format xmlFormat()
 
 bool isReadableIni(const QByteArray &contents)
 {
-    // From a copy: an object on the file itself would answer from what the process has read of it before.
+    // This parses a copy, because a QSettings on the file itself would answer from the cache of the process.
     QTemporaryFile copy;
     if (!copy.open() || copy.write(contents) != contents.size() || !copy.flush())
         return true;
     QSettings probe(copy.fileName(), QSettings::IniFormat);
-    probe.allKeys(); // groups are parsed when they are asked for
+    probe.allKeys(); // QSettings parses groups only on demand
     return probe.status() != QSettings::FormatError;
 }
 
@@ -45,8 +45,8 @@ bool isReadable(QFile &file, QSettings::Format format)
     return readXmlSettings(file, ignored);
 }
 
-/*! A process killed while it took the lock leaves an empty lock file, for which QSettings would stand still for
-    half a minute. A lock that a living process holds is not touched. */
+/*! Removes the empty lock file of a process that was killed while it took the lock; QSettings would wait for it for
+    half a minute. The lock of a running process stays. */
 void removeForgottenLock(const QString &fileName)
 {
     const QFileInfo info(fileName + ".lock");
@@ -57,7 +57,7 @@ void removeForgottenLock(const QString &fileName)
     lock.tryLock(1000);
 }
 
-//! Whether there is something in the file, and it cannot be parsed.
+//! Returns whether the file is not empty and cannot be parsed.
 bool isDamaged(const QString &fileName, QSettings::Format format)
 {
     QFile file(fileName);
@@ -70,7 +70,7 @@ class RVXApplicationSettingsPrivate
 {
 public:
     void open();
-    //! Sees to it that the next read and write find a sound file and a free lock.
+    //! Removes a stale lock, and renames a damaged file and starts with an empty one.
     void mend();
 
     QString fileName;
@@ -83,7 +83,7 @@ private:
     bool hasChanged();
     bool setAside(const QString &file) const;
 
-    // Of the file when it was last looked at.
+    // State of the file at the last call of hasChanged().
     qint64 lastSize = -1;
     QDateTime lastTime;
 };
@@ -101,10 +101,10 @@ void RVXApplicationSettingsPrivate::open()
     settings->setFallbacksEnabled(false);
     if (!QCoreApplication::organizationName().isEmpty())
         return;
-    // QSettings reads and writes that file, but reports an error for ever.
+    // QSettings reads and writes this file, but its status stays at an error unless the file is named.
     openFile(settings->fileName());
-    qWarning() << "The application has no organisation name; its settings are kept in"
-               << settings->fileName();
+    qCWarning(settingsLog) << "The application has no organisation name; its settings are kept in"
+                           << settings->fileName();
 }
 
 void RVXApplicationSettingsPrivate::openFile(const QString &file)
@@ -124,7 +124,7 @@ bool RVXApplicationSettingsPrivate::hasChanged()
 
 bool RVXApplicationSettingsPrivate::setAside(const QString &file) const
 {
-    // QSettings takes the same lock to write: no other process replaces the file between look and rename.
+    // QSettings writes under the same lock, so no other process replaces the file between the check and the renaming.
     QLockFile lock(file + ".lock");
     const bool locked = lock.tryLock(1000);
     if (locked && !isDamaged(file, format))
@@ -132,10 +132,11 @@ bool RVXApplicationSettingsPrivate::setAside(const QString &file) const
     const QString aside = file + ".damaged";
     QFile::remove(aside);
     if (!locked || !QFile::rename(file, aside)) {
-        qWarning() << "The settings file" << file << "is damaged and cannot be renamed to" << aside;
+        qCWarning(settingsLog) << "The settings file" << file
+                               << "is damaged and cannot be renamed to" << aside;
         return false;
     }
-    qWarning() << "The settings file" << file << "was damaged and is kept as" << aside;
+    qCWarning(settingsLog) << "The settings file" << file << "was damaged and is kept as" << aside;
     return true;
 }
 

@@ -16,35 +16,37 @@ class RVXApplicationSettingsPrivate;
 
 /*! The settings file of an application, as INI or as XML (suffix ".xui").
 
-    A write replaces the file as a whole or not at all, and several processes may share it: QSettings sees to both.
-    A file that cannot be parsed is renamed to FILE.damaged, with a line on the debug stream, before QSettings could
-    write over it; the settings then start empty. Files of the whole system, which QSettings would mix in, are left
-    out.
+    Several processes may share the file, and a write replaces it as a whole or not at all. A file that cannot be parsed
+    is renamed to FILE.damaged, with a line on the debug stream, before anything is written; the settings then start
+    empty. System-wide settings files, which QSettings merges in by default, are not read.
 
-    In the XML format every value comes back as a string in the next process, while the process that wrote it still
-    sees the type that it wrote: read with QVariant::toInt(), toBool() and their kin only. */
+    In the XML format every value is stored as text. The process that wrote a value still sees the type that it wrote,
+    the next one sees a string, so read values with QVariant::toInt(), toBool() and the like. */
 class CORVALE_QT_EXPORT RVXApplicationSettings : public QObject
 {
     Q_OBJECT
 
 public:
-    /*! With \a useApplicationIdentity, \a fileName is a folder: the file in it is named after the application's
-        organisation and name (ORGANISATION/APPLICATION.ini or .xui). An application without an organisation's name
-        shares the folder "Unknown Organization" with all others of that kind, which a line on the debug stream says.
-        The given folder is then the place of all of the process's user settings in INI format, of those too that the
-        host opens for itself later. Without \a useApplicationIdentity, \a fileName is the settings file itself. */
+    /*! Opens the settings, in XML format with \a useXmlFormat, otherwise in INI format.
+
+        With \a useApplicationIdentity, \a fileName is a folder, and the file in it is named after the organisation and
+        the application (ORGANISATION/APPLICATION.ini or .xui). Applications without an organisation name share the
+        folder "Unknown Organization"; a line on the debug stream says so. From then on the process keeps all its user
+        settings in INI format in \a fileName, including those that the host opens itself.
+
+        Without \a useApplicationIdentity, \a fileName is the settings file. */
     RVXApplicationSettings(QObject *parent,
                            const QString &fileName,
                            bool useApplicationIdentity,
                            bool useXmlFormat);
     ~RVXApplicationSettings() override;
 
-    /*! The settings, never null. Each call looks first whether the file has been damaged since, by hand for
-        instance, so ask again rather than keep the answer. */
+    /*! Returns the settings, never null. Each call first checks whether the file has been damaged, for instance by an
+        editor, and may then return another object, so call this again instead of keeping the pointer. */
     QSharedPointer<QSettings> getSettings();
 
-    /*! Writes what was set and reads what others wrote, as QSettings::sync(), but in turn with other processes that do
-        the same: however many there are, each comes to write. False where the file could not be written. */
+    /*! Writes changed values and reads those of other processes, as QSettings::sync() does, but takes turns with other
+        processes that call this, so that each of them gets to write. Returns false if the file could not be written. */
     bool sync();
 
 private:

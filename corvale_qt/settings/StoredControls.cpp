@@ -65,7 +65,7 @@ QVariantList StoredControls::read(QSettings &settings, const QString &group) con
     settings.beginGroup(group);
     for (const Entry &entry : m_entries) {
         QVariant value = settings.value(entry.key);
-        // A file that was laid out by hand has line ends and blanks around its texts.
+        // A file that was edited by hand may have line breaks and blanks around its texts.
         values << (value.type() == QVariant::String ? value.toString().trimmed() : value);
     }
     settings.endGroup();

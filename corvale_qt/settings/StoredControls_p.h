@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QList>
 #include <QString>
@@ -13,22 +12,25 @@ class QWidget;
 
 namespace Corvale_Qt {
 
-/*! Controls whose values are kept in settings, each under a key: check boxes, checkable groups and radio buttons
-    as bool, spin boxes as int, combo boxes as the int of the current index. */
+/*! A list of controls whose values are kept in settings, each under its key. Check boxes, checkable groups and radio
+    buttons are kept as bool, spin boxes as int and combo boxes as the int of the current index. */
 class StoredControls
 {
 public:
+    //! Appends a control, which is not owned.
     void add(const QString &key, QWidget *control);
 
-    //! The values of all controls, in the order in which they were added.
+    //! Returns the values of all controls, in the order in which they were added.
     QVariantList values() const;
-    /*! Sets all controls, without a signal from any of them. Values that are texts count for what they say; those
-        that are out of a control's range become its nearest. */
+    /*! Sets all controls without emitting their signals. Texts are converted to the type of the control, and values out
+        of range become the nearest allowed one. */
     void setValues(const QVariantList &values);
 
-    //! The values that a group of the settings has; what is missing reads as false or 0.
+    //! Reads the values from a group of the settings. A missing value counts as false or 0 in setValues().
     QVariantList read(QSettings &settings, const QString &group) const;
+    //! Writes the values of all controls into a group of the settings.
     void writeAll(QSettings &settings, const QString &group) const;
+    //! Writes the value of \a control into a group of the settings.
     void write(QSettings &settings, const QString &group, const QWidget *control) const;
 
 private:

@@ -17,17 +17,17 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr int kPatience = 10000;
-constexpr int kPause = 2;
+constexpr int kPatience = 10000; // in milliseconds
+constexpr int kPause = 2; // in milliseconds
 
-//! Since the end of this process's last turn.
+//! Returns the timer that runs since the end of the last turn of this process.
 QElapsedTimer &sinceLastTurn()
 {
     static QElapsedTimer timer;
     return timer;
 }
 
-//! One that goes on writing lets those go first that look for their turn every few milliseconds.
+//! Pauses if the last turn of this process has just ended, so that a process that waits can take the next one.
 void letOthersGoFirst()
 {
     constexpr int kPauses = 4;
@@ -44,7 +44,7 @@ WriteTurn::WriteTurn(const QString &folder)
         return;
     letOthersGoFirst();
     const QDeadlineTimer deadline(kPatience);
-    // Not a wait in the kernel: that would last as long as another process stands still in its turn.
+    // A blocking call would wait without limit for a process that hangs in its turn.
     while (::flock(m_folder, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK
            && !deadline.hasExpired())
         QThread::msleep(kPause);

@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QString>
 
 namespace Corvale_Qt {
 
-/*! The turn of a process to write files of a folder, for as long as this lives; other processes wait for theirs.
+/*! The turn of this process to write files in a folder; it ends with the object. Other processes wait for their turn.
 
-    QSettings locks its file, but waits longer after each try, up to five seconds: of three processes that keep writing
-    one came to its turn every nine seconds, its window standing still. Those that take turns find that lock free.
+    QSettings locks its file, but after each failed try it waits longer, up to five seconds. Of three processes that
+    wrote all the time, one got the lock every nine seconds, and its window froze meanwhile. Processes that take turns
+    find the lock free.
 
-    It is a courtesy and no lock: after ten seconds, or where the system has no such thing, one writes all the same. */
+    A turn does not exclude others: after ten seconds, or on a system without such locks, the process writes anyway. */
 class WriteTurn
 {
 public:
+    //! Waits for the turn of this process, at most ten seconds.
     explicit WriteTurn(const QString &folder);
     ~WriteTurn();
     Q_DISABLE_COPY(WriteTurn)

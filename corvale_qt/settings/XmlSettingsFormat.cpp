@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/settings/XmlDocumentText_p.h"
 #include "corvale_qt/settings/XmlSettingsFormat_p.h"
 
 #include <QIODevice>
 #include <QRegularExpression>
 #include <QStringList>
+#include <QTextCodec>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -15,12 +15,89 @@ namespace Corvale_Qt {
 namespace {
 
 const QLatin1String rootName("Settings");
-// What no application has as settings. A few bytes of a hostile file can stand for a long key, over and over, and
-// megabytes of it for nothing at all; these bound what that may cost.
+// Limits far above what any application stores. A few bytes of a hostile file can repeat a long key, and megabytes of
+// it can hold no setting at all; the limits bound the time and the memory that such a file takes.
 const int maximumParts = 32;
 const qint64 maximumCharacters = 4 * 1024 * 1024;
 const int maximumNodes = 256 * 1024;
 const qint64 maximumBytes = 16 * 1024 * 1024;
+const int maximumAttributes = 64;
+
+QTextCodec *codecOf(const QByteArray &document)
+{
+    if (QTextCodec *codec = QTextCodec::codecForUtfText(document, nullptr))
+        return codec;
+    static const QRegularExpression declaration(
+        R"(^<\?xml\s[^>]*encoding\s*=\s*["']([\w.:-]+)["'])");
+    constexpr int kLongestDeclaration = 200;
+    const QRegularExpressionMatch match =
+        declaration.match(QString::fromLatin1(document.left(kLongestDeclaration)));
+    return QTextCodec::codecForName(match.hasMatch() ? match.captured(1).toLatin1() : "UTF-8");
+}
+
+//! Returns the index after the next \a mark; the size of the text if there is no other.
+int endOf(const QString &text, const QString &mark, int from)
+{
+    const int found = text.indexOf(mark, from);
+    return found < 0 ? text.size() : found + mark.size();
+}
+
+//! Returns the index after the tag that begins at \a start; -1 for a tag that takes too long to read.
+int endOfTag(const QString &text, int start)
+{
+    QChar quote;
+    int attributes = 0;
+    for (int i = start; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (!quote.isNull()) {
+            if (c == quote)
+                quote = QChar();
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+            if (++attributes > maximumAttributes)
+                return -1;
+        } else if (c == '>') {
+            return i + 1;
+        } else if (c == '[') {
+            return -1; // begins the declarations of a document type, and is an error in any other tag
+        }
+    }
+    return text.size();
+}
+
+bool isQuicklyRead(const QString &text)
+{
+    for (int i = text.indexOf('<'); i >= 0; i = text.indexOf('<', i)) {
+        if (text.midRef(i, 4) == "<!--")
+            i = endOf(text, "-->", i + 4);
+        else if (text.midRef(i, 9) == "<![CDATA[")
+            i = endOf(text, "]]>", i + 9);
+        else if (text.midRef(i, 2) == "<?")
+            i = endOf(text, "?>", i + 2);
+        else
+            i = endOfTag(text, i);
+        if (i < 0)
+            return false;
+    }
+    return true;
+}
+
+/*! Returns the text of a document, decoded as its byte order mark or its declaration says, otherwise as UTF-8; null if
+    the bytes are not text in that encoding.
+
+    Also returns null for a document on which a reader could spend hours before it reports an error: one with a tag of
+    more than 64 attributes, each of which is compared with all others, or with declarations in its document type. */
+QString decodedDocument(const QByteArray &document)
+{
+    const QTextCodec *codec = codecOf(document);
+    if (!codec)
+        return QString();
+    QTextCodec::ConverterState state;
+    const QString text = codec->toUnicode(document.constData(), document.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0 || !isQuicklyRead(text))
+        return QString();
+    return text;
+}
 
 const QRegularExpression &escapePattern()
 {
@@ -28,7 +105,7 @@ const QRegularExpression &escapePattern()
     return pattern;
 }
 
-//! Whether the reader will give this name back; asked of the reader, which knows best.
+//! Returns whether an XML reader accepts the name of an element as it is.
 bool isElementName(const QString &name)
 {
     QXmlStreamReader reader("<" + name + "/>");
@@ -57,7 +134,7 @@ QString elementName(const QString &part)
         return part;
     QString name;
     for (int i = 0; i < part.size(); ++i) {
-        // "_x" could become an escape together with what is written after it.
+        // "_x" could form an escape with the characters after it.
         const bool plain = isPlainNameCharacter(part.at(i), i == 0) && part.midRef(i, 2) != "_x";
         name += plain ? QString(part.at(i)) : escaped(part.at(i));
     }
@@ -73,14 +150,14 @@ QString keyPart(const QString &elementName)
         const QRegularExpressionMatch match = matches.next();
         const QChar character(match.capturedRef(1).toUShort(nullptr, 16));
         part += elementName.midRef(end, match.capturedStart() - end);
-        // A slash would make two parts of one.
+        // A slash would split the part in two.
         part += character == '/' ? match.captured() : QString(character);
         end = match.capturedEnd();
     }
     return part + elementName.midRef(end);
 }
 
-//! Whether the UTF-16 unit at \a i is, or is half of, a character that a document may hold.
+//! Returns whether the UTF-16 unit at \a i is, or is half of, a character that is allowed in XML.
 bool isXmlCharacter(const QString &text, int i)
 {
     const QChar c = text.at(i);
@@ -91,7 +168,8 @@ bool isXmlCharacter(const QString &text, int i)
     return (c >= ' ' && c.unicode() < 0xfffe) || c == '\t' || c == '\n' || c == '\r';
 }
 
-//! The reader's own answer is another one for a CDATA section, which would be lost when it is written as plain text.
+/*! Returns whether the text is white space. QXmlStreamReader::isWhitespace() is false for a CDATA section of white
+    space, which would be lost when it is written as plain text. */
 bool isWhitespace(const QStringRef &text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) {
@@ -105,7 +183,7 @@ void writeText(QXmlStreamWriter &writer, QString text)
         if (!isXmlCharacter(text, i))
             text[i] = QChar::ReplacementCharacter;
     }
-    // Readers turn a plain carriage return into a line feed.
+    // Readers convert a plain carriage return to a line feed.
     const QStringList lines = text.split('\r');
     for (int i = 0; i < lines.size(); ++i) {
         if (i > 0)
@@ -120,7 +198,7 @@ int commonParts(const QStringList &a, const QStringList &b)
     return int(end - a.begin());
 }
 
-//! The settings that a document holds; an error of the reader where they are beyond a limit.
+//! Returns the settings in a document. Raises an error of the reader if they exceed a limit.
 QSettings::SettingsMap settingsIn(QXmlStreamReader &reader)
 {
     QSettings::SettingsMap settings;
@@ -154,7 +232,7 @@ bool readDocument(const QByteArray &document, QSettings::SettingsMap &settings)
 {
     if (document.size() > maximumBytes)
         return false;
-    QXmlStreamReader reader(xmlDocumentText(document));
+    QXmlStreamReader reader(decodedDocument(document));
     const QSettings::SettingsMap read = settingsIn(reader);
     if (reader.hasError())
         return false;
@@ -174,7 +252,8 @@ QByteArray documentOf(const QSettings::SettingsMap &settings)
         const QStringList parts = it.key().split('/', Qt::SkipEmptyParts);
         if (parts.isEmpty())
             continue;
-        // A key that differs in empty parts only gets an element of its own, or its text would be appended.
+        // Keys that differ only in empty parts get separate elements, or the second text would be appended to the
+        // first.
         const int kept = parts == open ? parts.size() - 1 : commonParts(open, parts);
         for (int i = open.size(); i > kept; --i)
             writer.writeEndElement();
@@ -183,7 +262,7 @@ QByteArray documentOf(const QSettings::SettingsMap &settings)
         writeText(writer, it.value().toString());
         open = parts;
     }
-    // Closes what is still open, the root too.
+    // This closes all open elements, including the root.
     writer.writeEndDocument();
     return document;
 }
@@ -198,7 +277,7 @@ bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings)
 bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings)
 {
     const QByteArray document = documentOf(settings);
-    // What would not be read back must not take the place of what is there.
+    // A document that could not be read back must not replace the file.
     QSettings::SettingsMap ignored;
     return readDocument(document, ignored) && device.write(document) == document.size();
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-/* +------------------------------------------------------------------+
-   | Not part of the interface: this header may change in any version. |
-   +------------------------------------------------------------------+ */
 #pragma once
+
+// Private: this header is not installed.
 
 #include <QSettings>
 
@@ -10,7 +9,8 @@ class QIODevice;
 
 namespace Corvale_Qt {
 
-/*! Settings as an XML document: one element for each part of a key, inside the root element "Settings".
+/*! \file
+    Settings as an XML document: one element for each part of a key, inside the root element "Settings".
 
         <Settings>
             <StatisticsSetupPage>
@@ -18,18 +18,19 @@ namespace Corvale_Qt {
             </StatisticsSetupPage>
         </Settings>
 
-    stands for StatisticsSetupPage/peaks = "2". Every value is text and comes back as a string; an empty one, or one
-    of white space alone, comes back as missing. The functions have the shapes that QSettings::registerFormat()
-    wants.
+    stands for StatisticsSetupPage/peaks = "2". Every value is stored as text and read as a string; a value that is
+    empty or only white space is read as missing.
 
-    A part of a key that cannot be the name of an element ("Beam Line", "1st", "Settings") has the characters in
-    question written as _xHHHH_, their UTF-16 code in upper-case hexadecimal digits. Characters that XML cannot hold,
-    control characters for one, become U+FFFD in a value.
+    Some parts of keys cannot be names of elements ("Beam Line", "1st", "Settings"). Their forbidden characters are
+    written as _xHHHH_, with the UTF-16 code in upper-case hexadecimal digits. In values, characters that XML does not
+    allow, such as control characters, become U+FFFD.
 
-    Both directions refuse, with false, what no application has as settings: keys of more than 32 parts, more than
-    4 Mi characters of keys and values, more than 256 Ki nodes (elements, their ends, attributes, texts, comments),
-    more than 16 MiB of document. \a settings is changed only by a read that succeeds. */
+    Both functions return false for settings beyond these limits: 32 parts in a key, 4 Mi characters in all keys and
+    values, 256 Ki nodes (elements, their ends, attributes, texts, comments), 16 MiB of document. */
+
+//! Reads settings; signature as required by QSettings::registerFormat(). Changes \a settings only if it returns true.
 bool readXmlSettings(QIODevice &device, QSettings::SettingsMap &settings);
+//! Writes settings; signature as required by QSettings::registerFormat(). Returns false if \a device cannot be written.
 bool writeXmlSettings(QIODevice &device, const QSettings::SettingsMap &settings);
 
 } // namespace Corvale_Qt

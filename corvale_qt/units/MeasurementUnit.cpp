@@ -1,8 +1,86 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/MeasurementUnit.h"
 
+#include "corvale_qt/units/UnitTraits_p.h"
+
 namespace Corvale_Qt {
 namespace Units {
+
+namespace {
+
+enum Match {
+    Exact,
+    AnyCase,
+    EndsWith,
+};
+
+struct Spelling
+{
+    Match match;
+    const char *text;
+    MeasurementUnitType type;
+};
+
+// The first match decides: 'C' is coulomb because its row comes before the temperatures.
+constexpr Spelling spellings[] = {
+    {Exact, "A", Type_A},
+    {Exact, "mA", Type_mA},
+    {Exact, "uA", Type_uA},
+    {Exact, "nA", Type_nA},
+    {Exact, "pA", Type_pA},
+    {AnyCase, "c", Type_C},
+    {Exact, "mC", Type_mC},
+    {Exact, "uC", Type_uC},
+    {Exact, "nC", Type_nC},
+    {Exact, "pC", Type_pC},
+    {Exact, "fC", Type_fC},
+    {Exact, "V", Type_V},
+    {Exact, "mV", Type_mV},
+    {Exact, "uV", Type_uV},
+    {AnyCase, "kV", Type_kV},
+    {Exact, "Pulses", Type_Pulses},
+    {Exact, "Counts", Type_Pulses},
+    {Exact, "Hz", Type_Hz},
+    {AnyCase, "kHz", Type_KHz},
+    {Exact, "s", Type_S},
+    {Exact, "ms", Type_ms},
+    {Exact, "us", Type_us},
+    {Exact, "ns", Type_ns},
+    {Exact, "min", Type_minutes},
+    {Exact, "minutes", Type_minutes},
+    {Exact, "m", Type_m},
+    {Exact, "mm", Type_mm},
+    {Exact, "cm", Type_cm},
+    {AnyCase, "eV", Type_eV},
+    {AnyCase, "KeV", Type_KeV},
+    {AnyCase, "MeV", Type_MeV},
+    {Exact, "Gy", Type_Gy},
+    {Exact, "cGy", Type_cGy},
+    {AnyCase, "Gp", Type_Gp},
+    {Exact, "MU", Type_MU},
+    {AnyCase, "Gp/s", Type_Gp_per_s},
+    {Exact, "MU/s", Type_MU_per_s},
+    {Exact, "G", Type_G},
+    {Exact, "kG", Type_kG},
+    {EndsWith, "C", Type_Celcius},
+    {EndsWith, "F", Type_Fahrenheit},
+};
+
+bool matches(const Spelling &spelling, const QString &text)
+{
+    const QLatin1String known(spelling.text);
+    switch (spelling.match) {
+    case Exact:
+        return text == known;
+    case AnyCase:
+        return text.compare(known, Qt::CaseInsensitive) == 0;
+    case EndsWith:
+        return text.endsWith(known);
+    }
+    return false;
+}
+
+} // namespace
 
 MeasurementUnit::MeasurementUnit(double factor,
                                  const QString &name,
@@ -83,6 +161,25 @@ void MeasurementUnit::setExtraScale(double extraScale)
 void MeasurementUnit::setPrecision(int precision)
 {
     m_precision = precision;
+}
+
+MeasurementUnit *MeasurementUnit::fromType(MeasurementUnitType type)
+{
+    return UnitTraits::make(type);
+}
+
+MeasurementUnitType MeasurementUnit::typeFromString(const QString &text)
+{
+    for (const Spelling &spelling : spellings) {
+        if (matches(spelling, text))
+            return spelling.type;
+    }
+    return Type_Unknown;
+}
+
+MeasurementUnit *MeasurementUnit::fromString(const QString &text)
+{
+    return fromType(typeFromString(text));
 }
 
 } // namespace Units

@@ -9,8 +9,8 @@
 namespace Corvale_Qt {
 namespace Units {
 
-/*! What a unit is, as stored in files and passed between programs: blocks of 16 for each quantity.
-    The gaps are part of the numbering. */
+/*! Codes of the units, as stored in files and passed between programs. Each quantity has a block of 16 codes; the gaps
+    are part of the numbering. */
 enum MeasurementUnitType {
     Type_Unknown = 0,
     Type_A = 16,
@@ -55,11 +55,11 @@ enum MeasurementUnitType {
     Type_Strips = 192,
 };
 
-/*! A physical unit of display: turns numbers held in the base unit of their quantity into numbers shown to a
-    person, and those into text.
+/*! A physical unit of display. It converts numbers from the base unit of their quantity to the numbers that a person sees,
+    and formats those as text.
 
-    Models hand out pointers to units that they keep; fromType() and fromString() make new ones that the caller
-    owns. A unit is a plain value: it may be copied and assigned, and it knows nothing of who shows it.
+    Models return pointers to units that the models own; fromType() and fromString() return new units that the caller
+    owns. A unit is a plain value that may be copied and assigned.
 
     \code
     const Units::mA unit;
@@ -68,47 +68,51 @@ enum MeasurementUnitType {
 class CORVALE_QT_EXPORT MeasurementUnit
 {
 public:
-    /*! A unit of the host's own: type Type_Unknown, exponent format with three digits. \a factor turns a value in
-        the base unit into one in this unit, \a name is the symbol put after numbers, \a extraScale is multiplied
-        in as well. */
+    /*! Constructs a unit that the library does not know, of type Type_Unknown, shown in exponent form with three digits
+        after the point. Numbers in the base unit are multiplied by \a factor and by \a extraScale; \a name is the
+        symbol behind numbers. */
     MeasurementUnit(double factor, const QString &name, double extraScale);
+    //! Copies the factor, the symbol, the extra scale, the type and the number format.
     MeasurementUnit(const MeasurementUnit &other);
     virtual ~MeasurementUnit();
+    //! Copies what the copy constructor copies; overridden functions stay those of this object's class.
     MeasurementUnit &operator=(const MeasurementUnit &other);
 
-    //! The symbol, for example "mA".
+    //! Returns the symbol, for example "mA".
     virtual QString name() const;
-    //! A caption for an axis, for example "Current (mA)".
+    //! Returns a caption for an axis, for example "Current (mA)".
     virtual QString description() const;
-    //! From the base unit to this one: (extra scale x factor) x value.
+    //! Converts from the base unit to this one: (extra scale x factor) x value.
     virtual double scale(double value) const;
-    //! From this unit to the base unit: value / extra scale / factor; not finite when either is 0.
+    //! Converts from this unit to the base unit: value / extra scale / factor. Not finite if either divisor is 0.
     virtual double unscale(double value) const;
-    //! Text of a \a value given in the base unit.
+    //! Converts a \a value in the base unit with scale() and returns its text, without the symbol.
     virtual QString format(double value) const;
-    //! Text of a \a value given in this unit.
+    //! Returns the text of a \a value that is in this unit already, without the symbol.
     virtual QString formatUnscaled(double value) const;
-    //! format() followed by a space and the symbol.
+    //! Returns format() followed by a space and the symbol.
     virtual QString formatSuffix(double value) const;
-    //! formatUnscaled() followed by a space and the symbol.
+    //! Returns formatUnscaled() followed by a space and the symbol.
     virtual QString formatSuffixUnscaled(double value) const;
 
+    //! Returns the code of the unit; Type_Unknown for units that the library does not know.
     MeasurementUnitType type() const;
-    //! A further multiplier of scale(), 1.0 at first. Not checked.
+    //! Sets the further multiplier of scale(), which is 1.0 for the units of the library. It is not checked.
     void setExtraScale(double extraScale);
-    //! Digits after the point in format() and its kin. Not checked.
+    //! Sets how many digits after the point the texts have. It is not checked.
     void setPrecision(int precision);
 
-    //! A new unit, owned by the caller; null where \a type names none.
+    //! Returns a new unit, owned by the caller, or null if no unit has the \a type.
     static MeasurementUnit *fromType(MeasurementUnitType type);
-    /*! The type that a text from a person or a file means; Type_Unknown where it means none. The symbols with a
-        micro sign are not understood (write "uA"), and any other text that ends with a capital C or F is a
-        temperature: both kept for files already written. */
+    /*! Returns the type that a text from a person or a file means, or Type_Unknown. A micro sign is not understood (write
+        "uA"), and a text that means nothing else but ends with a capital C or F is a temperature; both stay so for
+        files that exist already. */
     static MeasurementUnitType typeFromString(const QString &text);
-    //! A new unit for \a text, owned by the caller; null where typeFromString() does not know it.
+    //! Returns a new unit for \a text, owned by the caller, or null if typeFromString() does not know the text.
     static MeasurementUnit *fromString(const QString &text);
 
 protected:
+    //! Constructs a unit of the library; \a format is 'e' or 'f', \a precision the number of digits after the point.
     MeasurementUnit(double factor,
                     const QString &name,
                     MeasurementUnitType type,

@@ -14,13 +14,14 @@ namespace {
 
 constexpr int largestPrecision = 9;
 
-//! Up to here a number with many bits has more decimals than a text of 9 and its 5.
+/*! Returns the magnitude below which a number with many bits has more decimals than a text of nine decimals and the 5 of
+    a tie, so that it cannot be a tie. */
 double largestOf(char format)
 {
     return format == 'f' ? 6e7 : 1e11;
 }
 
-//! Whether any of the lowest 16 bits of the mantissa is set.
+//! Returns true if any of the lowest 16 bits of the mantissa is set.
 bool hasManyBits(double value)
 {
     quint64 bits = 0;
@@ -28,7 +29,7 @@ bool hasManyBits(double value)
     return (bits & 0xffff) != 0;
 }
 
-//! Whether the shortest text that reads as \a value has \a digits digits, of which the last is a 5.
+//! Returns true if the shortest text that reads as \a value has \a digits digits and the last of them is a 5.
 bool endsWithFive(double value, int digits)
 {
     char buffer[64];
@@ -42,9 +43,11 @@ bool endsWithFive(double value, int digits)
     return (length == 1 ? 1 : length - 1) == digits && exponent[-1] == '5';
 }
 
-/*  Qt rounds a number that lies halfway between two texts away from zero, the standard library to the even digit.
-    Halfway means one digit more than the text has, a 5, and no more. A number with so few digits is what its
-    shortest text says; and where it has n decimals, it has n places after the point in binary too. */
+/*! Returns true if the number may lie halfway between two texts. Qt rounds such a number away from zero, the standard
+    library rounds it to the even digit.
+
+    A number lies halfway if it has exactly one digit more than the text and that digit is a 5. A number with so few
+    digits equals its shortest text; and a number with n decimals has n binary places after the point as well. */
 bool mayBeTie(double value, char format, int precision)
 {
     if (hasManyBits(value))
@@ -59,7 +62,7 @@ bool mayBeTie(double value, char format, int precision)
 
 bool isUsual(double value, char format, int precision)
 {
-    // Not a number, and a zero with a sign, have texts of their own.
+    // Qt writes a NaN and a negative zero in its own way.
     return std::abs(value) < largestOf(format) && !(value == 0.0 && std::signbit(value))
         && precision >= 0 && precision <= largestPrecision;
 }
@@ -76,7 +79,7 @@ std::chars_format formatOf(char format)
     }
 }
 
-//! The end of a text that is certain, or null.
+//! Writes the number if its digits are certain; returns the end of the text, or null.
 char *writeQuickly(char *to, double value, char format, int precision)
 {
     if (format == 'f')
@@ -84,7 +87,7 @@ char *writeQuickly(char *to, double value, char format, int precision)
     return format == 'e' && value != 0.0 ? writeExponent(to, value, precision) : nullptr;
 }
 
-//! The end of Qt's text of a usual number, or null where Qt has to be asked for it.
+//! Writes a usual number as Qt does; returns the end of the text, or null if only Qt knows the text.
 char *write(char *to, char *end, double value, char format, int precision)
 {
     if (char *const written = writeQuickly(to, value, format, precision))

@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QByteArray>
 
 namespace Corvale_Qt {
 namespace Units {
 
-/*! Appends exactly what QByteArray::number() gives, several times as fast for the numbers that readings are.
-    \a format is 'e', 'f' or 'g'. */
+/*! Appends exactly the text that QByteArray::number() returns, but several times as fast for the magnitudes of usual
+    readings. \a format is 'e', 'f' or 'g'. */
 void appendNumber(QByteArray &text, double value, char format, int precision);
 
 } // namespace Units

@@ -1,28 +1,24 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 namespace Corvale_Qt {
 namespace Units {
 
-/*  Texts of numbers by way of one product with a power of ten, whose digits are then those of a whole number. That
-    takes a fraction of the time of a conversion that is right for each number; so each of these answers null, having
-    written nothing of use, where the product's rounding might show, and somebody else has to be asked.
+/*  These functions multiply the value by a power of ten and write the digits of the whole number nearest to the product.
+    That takes a fraction of the time of an exact conversion, but rounding of the product may change the last digit. If it
+    might, they return null and the caller must fall back to std::to_chars; the buffer's content is then undefined.
 
-    \a value is finite; \a precision is 0 to 9, digits after the point. Both return the end of what they wrote. */
+    \a value is finite; \a precision, the number of digits after the point, is 0 to 9. On success the functions return
+    the end of the text. */
 
-//! How much room the texts take at most.
+//! The largest number of characters that the functions write.
 constexpr int quickNumberRoom = 40;
 
-//! As printf's %f.
+//! Writes \a value as printf() does with %f.
 char *writeFixed(char *to, double value, int precision);
-//! As printf's %e; \a value is not 0.
+//! Writes \a value, which must not be 0, as printf() does with %e.
 char *writeExponent(char *to, double value, int precision);
 
 } // namespace Units

@@ -1,29 +1,30 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the library's own models, proxies and views.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
+
+#include "corvale_qt/units/MeasurementUnit.h"
 
 class QByteArray;
+class QDebug;
 
 namespace Corvale_Qt {
 namespace Units {
 
-class MeasurementUnit;
-
-//! What is known of a unit beyond its interface.
+//! What the library knows of a unit beyond the unit's public interface.
 struct UnitTraits
 {
-    /*! Whether scale() is surely the product with scale(1.0), and format() the plain text of that: true for
-        exactly the classes of the library, since a host's unit may do what it likes. */
+    //! Returns a new unit of the library's class for \a type, owned by the caller; null if no class has it.
+    static MeasurementUnit *make(MeasurementUnitType type);
+    /*! Returns true if scale(value) is certain to be scale(1.0) * value, and format() the plain text of that number.
+        This holds for exactly the classes of the library; a host's subclass may override either. */
     static bool isPlain(const MeasurementUnit &unit);
-    //! Appends unit.format(value), an own format() of a host's unit honoured.
+    //! Appends unit.format(value) in UTF-8, calling an overridden format() if the unit has one.
     static void appendFormatted(QByteArray &text, const MeasurementUnit &unit, double value);
 };
+
+//! Writes the symbol and the type of a unit, or that there is none.
+QDebug operator<<(QDebug debug, const MeasurementUnit *unit);
 
 } // namespace Units
 } // namespace Corvale_Qt

@@ -4,14 +4,15 @@
 #include "corvale_qt/units/MeasurementUnit.h"
 
 /*! \file
-    One class for each unit that the library knows. The base unit of a quantity has factor 1; the numbers
-    that a model holds are in the base unit, except temperatures, which are never converted. */
+    Declares one class for each unit that the library knows. Models hold numbers in the base unit of their quantity, whose
+    class has the factor 1. Temperatures are never converted: models hold them in the unit that is shown. */
 
 namespace Corvale_Qt {
 namespace Units {
 
 // Current
 
+//! Ampere, shown as "A"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT A : public MeasurementUnit
 {
 public:
@@ -19,6 +20,7 @@ public:
     QString description() const override;
 };
 
+//! Milliampere, shown as "mA"; amperes x 1e3; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT mA : public MeasurementUnit
 {
 public:
@@ -26,6 +28,7 @@ public:
     QString description() const override;
 };
 
+//! Microampere, shown as "µA"; amperes x 1e6; 4 digits after the point.
 class CORVALE_QT_EXPORT uA : public MeasurementUnit
 {
 public:
@@ -33,6 +36,7 @@ public:
     QString description() const override;
 };
 
+//! Nanoampere, shown as "nA"; amperes x 1e9; 4 digits after the point.
 class CORVALE_QT_EXPORT nA : public MeasurementUnit
 {
 public:
@@ -40,6 +44,7 @@ public:
     QString description() const override;
 };
 
+//! Picoampere, shown as "pA"; amperes x 1e12; 4 digits after the point.
 class CORVALE_QT_EXPORT pA : public MeasurementUnit
 {
 public:
@@ -49,6 +54,7 @@ public:
 
 // Charge
 
+//! Coulomb, shown as "C"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT C : public MeasurementUnit
 {
 public:
@@ -56,6 +62,7 @@ public:
     QString description() const override;
 };
 
+//! Millicoulomb, shown as "mC"; coulombs x 1e3; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT mC : public MeasurementUnit
 {
 public:
@@ -63,6 +70,7 @@ public:
     QString description() const override;
 };
 
+//! Microcoulomb, shown as "µC"; coulombs x 1e6; 4 digits after the point.
 class CORVALE_QT_EXPORT uC : public MeasurementUnit
 {
 public:
@@ -70,6 +78,7 @@ public:
     QString description() const override;
 };
 
+//! Nanocoulomb, shown as "nC"; coulombs x 1e9; 4 digits after the point.
 class CORVALE_QT_EXPORT nC : public MeasurementUnit
 {
 public:
@@ -77,6 +86,7 @@ public:
     QString description() const override;
 };
 
+//! Picocoulomb, shown as "pC"; coulombs x 1e12; 4 digits after the point.
 class CORVALE_QT_EXPORT pC : public MeasurementUnit
 {
 public:
@@ -84,6 +94,7 @@ public:
     QString description() const override;
 };
 
+//! Femtocoulomb, shown as "fC"; coulombs x 1e15; 4 digits after the point.
 class CORVALE_QT_EXPORT fC : public MeasurementUnit
 {
 public:
@@ -93,6 +104,7 @@ public:
 
 // Voltage
 
+//! Volt, shown as "V"; 3 digits after the point.
 class CORVALE_QT_EXPORT V : public MeasurementUnit
 {
 public:
@@ -100,6 +112,7 @@ public:
     QString description() const override;
 };
 
+//! Millivolt, shown as "mV"; volts x 1e3; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT mV : public MeasurementUnit
 {
 public:
@@ -107,6 +120,7 @@ public:
     QString description() const override;
 };
 
+//! Microvolt, shown as "µV"; volts x 1e6; 4 digits after the point.
 class CORVALE_QT_EXPORT uV : public MeasurementUnit
 {
 public:
@@ -114,6 +128,7 @@ public:
     QString description() const override;
 };
 
+//! Kilovolt, shown as "kV"; volts x 0.001; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT kV : public MeasurementUnit
 {
 public:
@@ -123,6 +138,7 @@ public:
 
 // Counts
 
+//! Counted pulses, shown as "Counts"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Pulses : public MeasurementUnit
 {
 public:
@@ -131,6 +147,7 @@ public:
 
 // Rate
 
+//! Hertz, shown as "Hz"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Hz : public MeasurementUnit
 {
 public:
@@ -138,6 +155,7 @@ public:
     QString description() const override;
 };
 
+//! Kilohertz, shown as "kHz"; hertz x 0.001; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT KHz : public MeasurementUnit
 {
 public:
@@ -147,6 +165,7 @@ public:
 
 // Time
 
+//! Second, shown as "s"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT S : public MeasurementUnit
 {
 public:
@@ -154,6 +173,7 @@ public:
     QString description() const override;
 };
 
+//! Millisecond, shown as "ms"; seconds x 1e3; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT ms : public MeasurementUnit
 {
 public:
@@ -161,6 +181,7 @@ public:
     QString description() const override;
 };
 
+//! Microsecond, shown as "µs"; seconds x 1e6; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT us : public MeasurementUnit
 {
 public:
@@ -168,6 +189,7 @@ public:
     QString description() const override;
 };
 
+//! Nanosecond, shown as "ns"; seconds x 1e9; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT ns : public MeasurementUnit
 {
 public:
@@ -175,6 +197,7 @@ public:
     QString description() const override;
 };
 
+//! Minute, shown as "min"; seconds / 60; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT minutes : public MeasurementUnit
 {
 public:
@@ -184,6 +207,7 @@ public:
 
 // Position
 
+//! Metre, shown as "m"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT m : public MeasurementUnit
 {
 public:
@@ -191,6 +215,7 @@ public:
     QString description() const override;
 };
 
+//! Millimetre, shown as "mm"; metres x 1e3; 3 digits after the point.
 class CORVALE_QT_EXPORT mm : public MeasurementUnit
 {
 public:
@@ -198,6 +223,7 @@ public:
     QString description() const override;
 };
 
+//! Centimetre, shown as "cm"; metres x 100; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT cm : public MeasurementUnit
 {
 public:
@@ -207,6 +233,7 @@ public:
 
 // Energy
 
+//! Electronvolt, shown as "eV"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT eV : public MeasurementUnit
 {
 public:
@@ -214,6 +241,7 @@ public:
     QString description() const override;
 };
 
+//! Kiloelectronvolt, shown as "KeV"; electronvolts x 0.001; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT KeV : public MeasurementUnit
 {
 public:
@@ -221,6 +249,7 @@ public:
     QString description() const override;
 };
 
+//! Megaelectronvolt, shown as "MeV"; electronvolts x 1e-6; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT MeV : public MeasurementUnit
 {
 public:
@@ -230,6 +259,7 @@ public:
 
 // Dose
 
+//! Gray, shown as "Gy"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Gy : public MeasurementUnit
 {
 public:
@@ -237,6 +267,7 @@ public:
     QString description() const override;
 };
 
+//! Centigray, shown as "cGy"; grays x 100; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT cGy : public MeasurementUnit
 {
 public:
@@ -244,12 +275,14 @@ public:
     QString description() const override;
 };
 
+//! Gigaproton, shown as "Gp"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Gp : public MeasurementUnit
 {
 public:
     Gp();
 };
 
+//! Monitor unit, shown as "MU"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT MU : public MeasurementUnit
 {
 public:
@@ -257,6 +290,7 @@ public:
     QString description() const override;
 };
 
+//! Gigaprotons per second, shown as "Gp/s"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Gp_per_s : public MeasurementUnit
 {
 public:
@@ -264,6 +298,7 @@ public:
     QString description() const override;
 };
 
+//! Monitor units per second, shown as "MU/s"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT MU_per_s : public MeasurementUnit
 {
 public:
@@ -273,6 +308,7 @@ public:
 
 // Field
 
+//! Gauss, shown as "G"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT G : public MeasurementUnit
 {
 public:
@@ -280,6 +316,7 @@ public:
     QString description() const override;
 };
 
+//! Kilogauss, shown as "kG"; gauss x 0.001; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT kG : public MeasurementUnit
 {
 public:
@@ -289,6 +326,7 @@ public:
 
 // Temperature
 
+//! Degree Celsius (the spelling of the name is kept for hosts), shown as "°C"; 3 digits after the point.
 class CORVALE_QT_EXPORT Celcius : public MeasurementUnit
 {
 public:
@@ -296,17 +334,19 @@ public:
     QString description() const override;
 };
 
+//! Degree Fahrenheit, shown as "°F"; 3 digits after the point.
 class CORVALE_QT_EXPORT Fahrenheit : public MeasurementUnit
 {
 public:
     Fahrenheit();
     QString description() const override;
-    //! 177, whatever type() says. Not used by the library; hosts built against it have the slot.
+    //! Always returns 177. The library does not call it; it stays for hosts that were built against it.
     virtual int fixedType() const;
 };
 
 // Strips of a detector
 
+//! Strips of a detector, shown as "strips"; exponent form, 3 digits after the point.
 class CORVALE_QT_EXPORT Strips : public MeasurementUnit
 {
 public:

@@ -26,6 +26,17 @@ Choice choiceFrom(const QVariant &entry)
     return {entry.toString(), entry};
 }
 
+//! Returns the position in \a among of the value that \a index stores, or -1.
+int indexOf(const QVector<Choice> &among, const QModelIndex &index)
+{
+    const QVariant stored = index.data(Qt::EditRole);
+    const auto isStored = [&stored](const Choice &choice) {
+        return choice.value == stored;
+    };
+    const auto found = std::find_if(among.begin(), among.end(), isStored);
+    return found == among.end() ? -1 : int(found - among.begin());
+}
+
 } // namespace
 
 class ComboBoxDelegatePrivate
@@ -40,17 +51,6 @@ public:
         for (const QVariant &entry : own)
             result.append(choiceFrom(entry));
         return result;
-    }
-
-    //! Which of \a among is stored in \a index; -1 for none.
-    static int indexOf(const QVector<Choice> &among, const QModelIndex &index)
-    {
-        const QVariant stored = index.data(Qt::EditRole);
-        const auto isStored = [&stored](const Choice &choice) {
-            return choice.value == stored;
-        };
-        const auto found = std::find_if(among.begin(), among.end(), isStored);
-        return found == among.end() ? -1 : int(found - among.begin());
     }
 
     QVector<Choice> choices;
@@ -105,11 +105,11 @@ QWidget *ComboBoxDelegate::createEditor(QWidget *parent,
     const QPointer<QComboBox> editor = combo;
     connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, editor] {
         Q_EMIT self->commitData(editor);
-        // The model may have taken the choice as the end of all this.
+        // In answer to the choice the host may have deleted the delegate or the editor.
         if (self && editor)
             Q_EMIT self->closeEditor(editor);
     });
-    // An editor that a person opened has the focus when it is in its place; persistent ones have not.
+    // An editor that the user opened has the focus once it is in place; a persistent one does not.
     QTimer::singleShot(0, combo, [combo] {
         if (combo->hasFocus())
             combo->showPopup();
@@ -122,7 +122,7 @@ void ComboBoxDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
     Q_D(const ComboBoxDelegate);
     auto *combo = qobject_cast<QComboBox *>(editor);
     if (combo)
-        combo->setCurrentIndex(d->indexOf(d->choicesFor(index), index));
+        combo->setCurrentIndex(indexOf(d->choicesFor(index), index));
 }
 
 void ComboBoxDelegate::setModelData(QWidget *editor,
@@ -139,7 +139,7 @@ void ComboBoxDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
     Q_D(const ComboBoxDelegate);
     QStyledItemDelegate::initStyleOption(option, index);
     const QVector<Choice> choices = d->choicesFor(index);
-    const int stored = d->indexOf(choices, index);
+    const int stored = indexOf(choices, index);
     if (stored >= 0) {
         option->text = choices.at(stored).text;
         option->features |= QStyleOptionViewItem::HasDisplay;

@@ -10,11 +10,11 @@ namespace Corvale_Qt {
 
 class ComboBoxDelegatePrivate;
 
-/*! Edits a cell by a combo box, and shows the text that belongs to the stored value.
+/*! Edits a cell with a combo box, and shows the text that belongs to the stored value.
 
-    The choices are those of the cell, where the model has a list in the role of setItemsRole(), otherwise those
-    of setItems() or addItem(). A choice is stored at once, and ends the edit. A value that is none of the
-    choices is shown as it is, and stays until something is chosen.
+    If the model returns a list in the role of setItemsRole(), that list holds the choices of the cell; otherwise the
+    choices are those of setItems() or addItem(). A choice is stored at once and ends the edit. A value that is not
+    among the choices is shown as it is, and stays until the user chooses something.
 
     \code
     auto *delegate = new ComboBoxDelegate(table);
@@ -27,17 +27,19 @@ class CORVALE_QT_EXPORT ComboBoxDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    //! Creates a delegate without choices.
     explicit ComboBoxDelegate(QObject *parent = nullptr);
     ~ComboBoxDelegate() override;
 
-    //! Choices whose texts are the values stored; replaces all.
+    //! Replaces all choices by \a texts; each text is also the value that is stored.
     void setItems(const QStringList &texts);
-    //! One more choice: \a text is shown, \a value stored in Qt::EditRole.
+    //! Adds a choice: \a text is shown, \a value is stored in Qt::EditRole.
     void addItem(const QString &text, const QVariant &value);
 
-    /*! The role in which cells have choices of their own: a QStringList, or a QVariantList whose entries are
-        texts or lists of a text and a value. -1, as at first, for none. */
+    /*! Sets the role in which the model returns the choices of a single cell: a QStringList, or a QVariantList whose
+        entries are texts or lists of a text and a value. With -1, the default, all cells have the same choices. */
     void setItemsRole(int role);
+    //! Returns the role of the choices of a single cell, or -1.
     int itemsRole() const;
 
     QWidget *createEditor(QWidget *parent,

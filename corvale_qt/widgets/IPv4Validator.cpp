@@ -26,7 +26,7 @@ QValidator::State IPv4Validator::validate(QString &input, int &pos) const
             continue;
         }
         bool isNumber = false;
-        // Only the upper bound: kept on purpose, for addresses that are stored already.
+        // There is no lower bound: kept on purpose for addresses that are already stored.
         if (part.toInt(&isNumber, 10) > 255 || !isNumber)
             return Invalid;
     }

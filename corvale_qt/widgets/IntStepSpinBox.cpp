@@ -10,8 +10,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! What stands on the spin box's line edit: a line edit asks its validator, and the answer has to be the spin
-    box's, on the text with prefix and suffix. */
+/*! The validator of the spin box's line edit. It passes the text on, with prefix and suffix, since the spin box decides
+    whether a text is valid. */
 class LineEditValidator final : public IntStepValidator
 {
 public:
@@ -19,7 +19,7 @@ public:
         : IntStepValidator(box->minimum(), box->maximum(), box->singleStep(), box)
         , m_box(box)
     {
-        // Of numbers it sees only those that the spin box has read, written the C way.
+        // The base class checks only numbers that validateNumber() has written in the C locale.
         setLocale(QLocale::c());
     }
 
@@ -47,7 +47,7 @@ private:
     IntStepSpinBox *m_box;
 };
 
-//! The multiple of \a step at \a number or next below it.
+//! Returns the largest multiple of \a step that is not above \a number.
 qint64 multipleBelow(qint64 number, qint64 step)
 {
     const qint64 rest = number % step;
@@ -59,14 +59,14 @@ qint64 multipleAbove(qint64 number, qint64 step)
     return -multipleBelow(-number, step);
 }
 
-//! Whether [low, high], neither negative, holds a multiple of \a step.
+//! Returns whether [low, high] contains a multiple of \a step. Neither limit may be negative.
 bool holdsMultiple(qint64 low, qint64 high, qint64 step)
 {
     return low <= high && multipleBelow(high, step) >= low;
 }
 
-/*! Whether digits put behind \a number, not 0, can make a multiple of \a step of at most \a limit, all of them
-    magnitudes. */
+/*! Returns whether digits appended to \a number can make a multiple of \a step of at most \a limit. All numbers are
+    magnitudes, and \a number is not 0. */
 bool canGrow(qint64 number, qint64 limit, qint64 step, qint64 base)
 {
     qint64 low = number;
@@ -115,7 +115,7 @@ QValidator::State IntStepSpinBox::validate(QString &text, int &pos) const
     if (d->validator->validateNumber(int(value)) == QValidator::Acceptable)
         return QValidator::Acceptable;
 
-    // A value set by code may stand there. Were it invalid, the line edit would let through whatever is typed next.
+    // Code may have set a value that is not a multiple. If it were Invalid, the line edit would accept any next key.
     if (value == this->value())
         return QValidator::Intermediate;
 
@@ -139,7 +139,7 @@ void IntStepSpinBox::stepBy(int steps)
     next = isUp ? qMin(next + steps * step, highest) : qMax(next + steps * step, lowest);
     if (wrapping() && (isUp ? next <= value() : next >= value()))
         next = isUp ? lowest : highest;
-    // No further multiple that way, or none in the range at all.
+    // False if there is no further multiple in that direction.
     const bool goesOn = wrapping() || (isUp ? next > value() : next < value());
     if (steps != 0 && singleStep() != 0 && lowest <= highest && goesOn)
         setValue(int(next));

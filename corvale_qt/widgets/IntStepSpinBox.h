@@ -9,12 +9,12 @@ namespace Corvale_Qt {
 
 class IntStepSpinBoxPrivate;
 
-/*! A spin box whose user can enter only multiples of its single step.
+/*! A spin box that lets the user enter only multiples of its single step.
 
-    A number that is no multiple yet, but can become one within the range by further digits, may stand in the
-    field while it is typed; it never becomes the value. Arrows, page keys and wheel lead from multiple to multiple
-    within the range. A value set by code is not changed, multiple or not; the next step leads to its neighbour.
-    Range, step, prefix, suffix, special value text and number base are those of the moment.
+    While the user types, the field accepts a number that further digits can turn into a multiple within the range;
+    such a number never becomes the value. Arrow keys, page keys and wheel step from multiple to multiple within the
+    range. A value set by code is kept even if it is not a multiple; the next step goes to the nearest multiple in its
+    direction. Range, step, prefix, suffix, special value text and number base may change at any time.
 
     \code
     auto *gain = new IntStepSpinBox(panel);
@@ -26,11 +26,12 @@ class CORVALE_QT_EXPORT IntStepSpinBox : public QSpinBox
     Q_OBJECT
 
 public:
+    //! Creates a spin box with QSpinBox's range, 0 to 99, and a step of 1.
     explicit IntStepSpinBox(QWidget *parent = nullptr);
     ~IntStepSpinBox() override;
 
-    /*! The weaker of what QSpinBox and IntStepValidator say, but Intermediate where digits can make a multiple, and
-        for the value itself. */
+    /*! Returns the stricter of the answers of QSpinBox and IntStepValidator, except that the current value and a number
+        that further digits can turn into a multiple are Intermediate. */
     QValidator::State validate(QString &text, int &pos) const override;
     void stepBy(int steps) override;
 

@@ -20,7 +20,7 @@ QValidator::State IntStepValidator::validate(QString &input, int &pos) const
     if (inRange != Acceptable)
         return inRange;
     bool isNumber = false;
-    // Wider than int: the remainder of the lowest int by -1 does not exist in int.
+    // qint64, since the lowest int % -1 overflows int.
     const qint64 value = input.toInt(&isNumber, 10);
     if (!isNumber)
         return Invalid;

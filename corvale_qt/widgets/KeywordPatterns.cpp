@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/KeywordPatterns_p.h"
-
-#include <QDebug>
+#include "corvale_qt/widgets/Logging_p.h"
 
 #include <algorithm>
 
@@ -10,13 +9,13 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int kStretch = 1000;
-/*! A line may be searched twice, once to announce it and once to colour it; together this stays below 10 ms. It is
-    processor time: on a busy machine no keyword is missed for that. */
+/*! A line may be searched twice, once to announce it and once to colour it; together this takes less than 10 ms.
+    The limit is processor time, so that no keyword is missed because the machine is busy. */
 constexpr std::clock_t kMostTime = CLOCKS_PER_SEC * 4 / 1000;
-//! Counted from each position where a match may begin. Reasonable patterns take tens.
+//! PCRE's limit of steps for each position at which a match may begin. Reasonable patterns take tens of steps.
 const QString kMostSteps = QStringLiteral("(*LIMIT_MATCH=10000)");
 
-//! Without the property option "\b" would see a border inside a word with an umlaut.
+//! Without this option "\b" would match inside a word with an umlaut.
 constexpr auto kOptions = QRegularExpression::UseUnicodePropertiesOption;
 
 bool isPlain(const QString &keyword)
@@ -50,7 +49,7 @@ QRegularExpressionMatch KeywordSearch::next()
         const QRegularExpressionMatch match = matchUpTo(end);
         if (!match.isValid() || (isLast && !match.hasMatch()))
             break;
-        // A match in the second half is found again, with more of the line behind it.
+        // A match in the second half is searched again, with more of the line after it.
         if (isLast || (match.hasMatch() && match.capturedStart() < m_at + kStretch / 2)) {
             goBehind(match);
             return match;
@@ -74,14 +73,14 @@ QRegularExpressionMatch KeywordSearch::matchUpTo(int end) const
 {
     const QString part =
         end == m_line.size() ? m_line : QString::fromRawData(m_line.constData(), end);
-    // The line is known to be valid; a check for each match would make the search quadratic.
+    // The line is known to be valid UTF-16; checking it for each match would take quadratic time.
     return m_pattern.expression.match(part,
                                       m_at,
                                       QRegularExpression::NormalMatch,
                                       QRegularExpression::DontCheckSubjectStringMatchOption);
 }
 
-//! Behind the match, or one character on when it was empty.
+//! Continues after \a match, or one character further if the match is empty.
 void KeywordSearch::goBehind(const QRegularExpressionMatch &match)
 {
     m_at = match.capturedEnd();
@@ -114,7 +113,8 @@ void KeywordPatterns::set(const QStringList &keywords)
         const QString limit = isPlain(keyword) ? QString() : kMostSteps;
         const QRegularExpression expression(limit + asWholeWord(keyword), kOptions);
         if (!expression.isValid()) {
-            qDebug() << "log browser: no pattern:" << keyword.left(80) << expression.errorString();
+            qCDebug(widgetsLog) << "log browser: not a valid pattern:" << keyword.left(80)
+                                << expression.errorString();
             continue;
         }
         m_patterns.append({expression, isPlain(keyword)});

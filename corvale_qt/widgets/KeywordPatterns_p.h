@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXLogBrowserSyntaxHighlighter alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -16,27 +11,27 @@
 
 namespace Corvale_Qt {
 
-/*! The pattern of one keyword: the keyword as a whole word. A keyword without pattern syntax is plain; its search
-    takes time in proportion to the line. Any other may be as slow as its author made it, so its search is
-    bounded, see KeywordSearch. */
+/*! The pattern that finds one keyword as a whole word. A keyword without pattern syntax is plain; searching a line
+    for it takes time proportional to the length of the line. Any other pattern may be arbitrarily slow, so
+    KeywordSearch limits its time. */
 struct KeywordPattern
 {
     QRegularExpression expression;
     bool isPlain = true;
 };
 
-/*! Goes over the matches of a keyword in a line, from left to right, in at most some milliseconds.
+/*! Finds the matches of a keyword in a line, from left to right, within a few milliseconds.
 
-    A bounded search gives up the rest of the line where one position takes too many steps. A line of more than
-    1000 characters is searched in stretches of that length, each overlapping half of the next, until the time of
-    a search is used up; a match longer than half a stretch may be missed there. */
+    The search for a pattern that is not plain stops where the match at one position takes too many steps. It searches a
+    line of more than 1000 characters in stretches of that length, which overlap by half, until its time is used up; it
+    may miss a match that is longer than half a stretch. */
 class KeywordSearch
 {
 public:
-    //! \a line has to be valid UTF-16, and to outlive the search.
+    //! \a line must be valid UTF-16. \a pattern and \a line must outlive the search.
     KeywordSearch(const KeywordPattern &pattern, const QString &line);
 
-    //! The next match; without a match at the end, or where the search gives up.
+    //! Returns the next match, or one without a match at the end or when the search stops early.
     QRegularExpressionMatch next();
 
 private:
@@ -53,19 +48,20 @@ private:
     int m_at = 0;
 };
 
-//! A list of keywords, of which those that make no valid pattern are left out.
+//! The patterns of a list of keywords.
 class KeywordPatterns
 {
 public:
+    //! Replaces all keywords. Ignores those that are not valid patterns, with one line each on the debug stream.
     void set(const QStringList &keywords);
     const QVector<KeywordPattern> &patterns() const { return m_patterns; }
-    //! Whether one of the keywords is in \a line, which has to be valid UTF-16.
+    //! Returns whether \a line, which must be valid UTF-16, contains one of the keywords.
     bool areIn(const QString &line) const;
 
 private:
     QStringList m_keywords;
     QVector<KeywordPattern> m_patterns;
-    //! All plain keywords at once; without a pattern where there is none, or where they are too many for one.
+    //! Finds any of the plain keywords. Its pattern is empty if there are none, or too many for one pattern.
     QRegularExpression m_anyPlain;
 };
 

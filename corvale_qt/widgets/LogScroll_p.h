@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXLogBrowser alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QObject>
 
@@ -18,15 +13,16 @@ class QTextEdit;
 
 namespace Corvale_Qt {
 
-/*! Keeps the newest line of a log in sight, whatever changes the height of text or view, until the user scrolls up;
-    then what is read stays in its place, until the end is in sight again. */
+/*! Keeps the newest line of a log visible when the height of the text or of the view changes. After the user has
+    scrolled up, it keeps the visible lines in place instead, until the end is visible again. */
 class LogScroll
 {
 public:
     explicit LogScroll(QTextEdit *view);
 
-    //! Runs \a change, which may add text, drop text or lay it out anew.
+    //! Runs \a change, which may add, drop or lay out text, and restores the scroll position afterwards.
     void keepDuring(const std::function<void()> &change);
+    //! Scrolls to the newest line and follows it from now on.
     void follow();
 
 private:
@@ -34,7 +30,7 @@ private:
 
     QTextEdit *const m_view;
     QScrollBar *const m_bar;
-    //! Ends the connections to the scroll bar, which outlives this and may change its range while it goes.
+    //! Receives the scroll bar's signals. The connections end with this object, before the scroll bar is deleted.
     QObject m_context;
     bool m_isFollowing = true;
     bool m_isChanging = false;

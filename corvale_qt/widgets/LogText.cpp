@@ -32,7 +32,7 @@ QChar visible(QChar character)
         return QChar(kSymbolForNewLine);
     const bool isControl = isIn(c, 0x80, 0x9f);
     const bool turnsDirection = isIn(c, 0x202a, 0x202e) || isIn(c, 0x2066, 0x2069);
-    // The ends of frames and the place of an object in a text document.
+    // A text document marks the ends of frames and the places of objects with these.
     const bool isInternal = isIn(c, 0xfdd0, 0xfdef) || c == 0xfffc || isIn(c, 0xfffe, 0xffff);
     return isControl || turnsDirection || isInternal ? QChar(kReplacement) : character;
 }

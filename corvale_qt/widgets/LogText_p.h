@@ -1,28 +1,25 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXLogBrowser and its highlighter alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QStringList>
 
 namespace Corvale_Qt {
 
-//! \a text with U+FFFD for each half of a character (lone surrogate); its length stays.
+//! Returns \a text, of the same length, with each lone surrogate replaced by U+FFFD.
 QString withWholeCharacters(const QString &text);
 
-/*! The lines of \a text, at least one; they end at line feeds, with or without a carriage return before, and a
-    last line feed begins no further line. Every character but the tab is to be seen: control characters as their
-    symbols, other separators of lines and paragraphs as the symbol of a new line; U+FFFD for those that would
-    turn the direction of the text around them or that a text document uses for itself. */
+/*! Returns the lines of \a text, at least one. Lines end with a line feed or with carriage return and line feed; a line
+    feed at the very end does not begin another line.
+
+    Every character except the tab is made visible: a control character becomes its symbol, and any other separator of
+    lines or paragraphs becomes the symbol for a new line. A character that would change the direction of the text, or
+    that a text document uses internally, becomes U+FFFD. */
 QStringList logLines(const QString &text);
 
-/*! \a line in parts of at most 4096 characters, as a text document lays them out and paints them fast; cut behind a
-    blank where there is one in the second half. */
+/*! Splits \a line into parts of at most 4096 characters, which a text document lays out and paints fast. A part
+    ends after a blank if there is one in its second half. */
 QStringList partsOfLine(const QString &line);
 
 } // namespace Corvale_Qt

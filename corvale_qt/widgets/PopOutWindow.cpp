@@ -12,7 +12,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! The text of a tab without the marks of its mnemonic.
+//! Returns the \a text of a tab without the "&" of its mnemonic.
 QString withoutMnemonic(QString text)
 {
     for (int i = 0; i < text.size(); ++i)
@@ -21,7 +21,7 @@ QString withoutMnemonic(QString text)
     return text;
 }
 
-//! Where the windows of pages were last, by the pages' names, while the program runs.
+//! Returns the last geometry of each page's window by the page's name. It is kept while the program runs.
 QHash<QString, QByteArray> &rememberedGeometries()
 {
     static QHash<QString, QByteArray> geometries;
@@ -60,7 +60,7 @@ void PopOutWindow::holdPage()
 
 PopOutWindow::~PopOutWindow()
 {
-    // While this is a whole window still.
+    // Here, since the base class, which deletes the page, can no longer emit the signal.
     if (m_page)
         Q_EMIT pageLeft();
 }
@@ -91,7 +91,7 @@ void PopOutWindow::follow(const QWidget &mainWindow)
         Qt::WindowStates state = windowState();
         setWindowState(state.setFlag(Qt::WindowMinimized, m_isMainMinimized));
     }
-    // The main window, or what the user works in, stays active.
+    // The main window, or the window in which the user works, stays active.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setVisible(mainWindow.isVisible());
     setAttribute(Qt::WA_ShowWithoutActivating, false);
@@ -112,7 +112,7 @@ void PopOutWindow::closeEvent(QCloseEvent *event)
     Q_EMIT backRequested();
 }
 
-//! Before a shortcut of the host, or of tabs in the page: two of them for the same key would cancel each other.
+//! Takes the key before a shortcut of the host or of tabs in the page, since Qt runs none of two ambiguous shortcuts.
 bool PopOutWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride

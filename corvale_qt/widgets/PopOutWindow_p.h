@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXPopOutTabWidget alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/widgets/TabLook_p.h"
 
@@ -17,36 +12,38 @@ class QKeyEvent;
 
 namespace Corvale_Qt {
 
-//! The key that takes the current page out of its tab and, in its window, back.
+//! Returns the key that moves the current page into a window and, in that window, back into its tab.
 QKeySequence popOutKey();
 bool isPopOutKey(const QKeyEvent &event);
 
-/*! The window of one page that is out of its tab widget. It holds the page as its child, and so deletes it
-    with itself; when the page is taken away or deleted, it says so and is of no more use. */
+/*! The window of a page that is out of its tab widget. The page is a child of the window and is deleted with it.
+    When the page is deleted or moved elsewhere, the window emits pageLeft() and should be deleted. */
 class PopOutWindow : public QWidget
 {
     Q_OBJECT
 
 public:
-    //! For \a page, of the tab that looks so; \a owner keeps it above its own window.
+    /*! Creates a window for \a page, whose tab has the given \a look; it stays above the window of \a owner, its
+        parent. */
     PopOutWindow(QWidget *page, const TabLook &look, QWidget *owner);
     ~PopOutWindow() override;
 
     const TabLook &look() const { return m_look; }
-    /*! Puts the window where the last one of a page of this name was, the first time beside the owner's corner
-        in \a size; its title under \a at, where that is given. */
+    /*! Gives the window the position and size that the last window of a page with this name had, or else \a size
+        and a place near the owner's corner. Moves its title bar under \a at, in global coordinates, unless that is
+        null. */
     void place(const QSize &size, const QPoint *at);
-    //! Takes the page, which is in no tab any more, as its child.
+    //! Makes the page, which must no longer be in a tab, a child of the window.
     void holdPage();
-    //! Gives the page away, without pageLeft().
+    //! Returns the page and forgets it; pageLeft() will not be emitted for it. The caller gives it another parent.
     QWidget *takePage();
-    //! Hides, shows or minimises the window as \a mainWindow is, and keeps it above that one.
+    //! Hides, shows or minimises the window like \a mainWindow, and keeps it above that window.
     void follow(const QWidget &mainWindow);
 
 Q_SIGNALS:
-    //! The user wants the page back in its place: the window was closed.
+    //! Emitted when the window is closed, which means that the user wants the page back in its tab.
     void backRequested();
-    //! The page was deleted, alone or with the window, or was put elsewhere.
+    //! Emitted when the page has been deleted, alone or with the window, or has been moved elsewhere.
     void pageLeft();
 
 protected:

@@ -16,7 +16,7 @@ PopupTree::PopupTree(QComboBox *combo, std::function<void()> modelChanged)
     setEditTriggers(NoEditTriggers);
     setAllColumnsShowFocus(true);
     setExpandsOnDoubleClick(false);
-    // As wide as the popup, which is made wide enough.
+    // The column takes the width of the popup, which is wide enough for all items.
     header()->setMinimumSectionSize(1);
     connect(this, &QTreeView::expanded, this, &PopupTree::growPopup);
 }
@@ -57,7 +57,7 @@ int PopupTree::heightOfItems(int mostItems) const
     return height;
 }
 
-//! A popup that opened with a few closed branches makes room for what they hold.
+//! Enlarges the open popup, up to the edge of the screen, to show the items of a branch that was opened.
 void PopupTree::growPopup()
 {
     QWidget *popup = window();

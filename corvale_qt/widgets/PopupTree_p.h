@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for TreeComboBox alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QTreeView>
 
@@ -16,19 +11,21 @@ class QComboBox;
 
 namespace Corvale_Qt {
 
-//! The tree in the popup of a combo box; tells of a new model, since QComboBox::setModel() is not virtual.
+//! The tree in the popup of a combo box. It reports a new model, since QComboBox::setModel() is not virtual.
 class PopupTree final : public QTreeView
 {
     Q_OBJECT
 
 public:
+    //! Calls \a modelChanged after each change of the model.
     PopupTree(QComboBox *combo, std::function<void()> modelChanged);
 
     void setModel(QAbstractItemModel *model) override;
+    //! Hides all columns except \a column.
     void showOnly(int column);
-    //! What the widest item needs, scroll bar and frame included.
+    //! Returns the width that the widest item needs, in pixels, including scroll bar and frame.
     int neededWidth();
-    //! Opens or closes the branch of \a item, which becomes current.
+    //! Makes \a item current, and opens or closes its branch.
     void toggle(const QModelIndex &item);
 
 private:

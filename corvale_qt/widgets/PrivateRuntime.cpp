@@ -24,11 +24,11 @@ enum LinkPolicy {
     RefuseLinks
 };
 
-//! Whether \a path is a folder of this user, of which others have none of the rights in \a refused.
+//! Returns whether \a path is a folder that this user owns and that has none of the permissions in \a refused.
 bool isOwnFolder(const QString &path, mode_t refused, LinkPolicy links)
 {
     const QByteArray name = QFile::encodeName(path);
-    struct stat info;
+    struct stat info = {};
     const int result = links == FollowLinks ? ::stat(name, &info) : ::lstat(name, &info);
     return result == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::geteuid()
         && (info.st_mode & refused) == 0;
@@ -38,10 +38,10 @@ bool isOwnFolder(const QString &path, mode_t refused, LinkPolicy links)
 
 QString privateRuntimeFolder()
 {
-    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(session) && isOwnFolder(session, S_IWGRP | S_IWOTH, FollowLinks))
         return session;
-    // Not QStandardPaths' own fallback, which follows a link that anybody may have put there.
+    // QStandardPaths has a fallback too, but follows a link that any user may have created.
     const QString own = QString("%1/corvale_qt-%2").arg(QDir::tempPath()).arg(::geteuid());
     ::mkdir(QFile::encodeName(own), S_IRWXU);
     return isOwnFolder(own, S_IRWXG | S_IRWXO, RefuseLinks) ? own : QString();
@@ -51,7 +51,7 @@ bool isOfThisUser(const QLocalSocket &socket)
 {
     const int descriptor = int(socket.socketDescriptor());
 #ifdef SO_PEERCRED
-    struct ucred peer;
+    struct ucred peer = {};
     socklen_t size = sizeof peer;
     return ::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0
         && peer.uid == ::geteuid();
@@ -71,7 +71,7 @@ QString privateRuntimeFolder()
 
 bool isOfThisUser(const QLocalSocket &)
 {
-    return true; // the pipe itself admits nobody else
+    return true; // The pipe accepts only processes of this user.
 }
 
 #endif

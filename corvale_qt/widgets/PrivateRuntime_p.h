@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for SingleInstance alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QString>
 
@@ -14,12 +9,12 @@ class QLocalSocket;
 
 namespace Corvale_Qt {
 
-/*! A folder for locks and sockets that no other user can write to: the session's (XDG_RUNTIME_DIR), otherwise one of
-    this user's own in the temporary folder, made where it is missing. Empty where neither is safe: somebody else may
-    have made a folder of that name first. */
+/*! Returns a folder for locks and sockets that no other user can write to: the folder of the session
+    (XDG_RUNTIME_DIR), or else a private folder in the temporary folder, which is created if necessary. Returns an
+    empty string if neither is safe, for example because another user created a folder of that name first. */
 QString privateRuntimeFolder();
 
-//! Whether the process at the other end of a connected socket is this user's.
+//! Returns whether the process at the other end of a connected \a socket runs as this user.
 bool isOfThisUser(const QLocalSocket &socket);
 
 } // namespace Corvale_Qt

@@ -13,11 +13,11 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
-//! The base class rounds each value to its decimals; with all that a double can have it rounds nothing off.
+//! The base class rounds each value to its decimals. With as many decimals as a double can have, it does not round.
 constexpr int kAllDecimals =
     std::numeric_limits<double>::max_exponent10 + std::numeric_limits<double>::digits10;
 
-//! What can still become a number by typing on.
+//! Returns whether more typing can turn \a text into a number.
 bool canBecomeNumber(const QString &text)
 {
     static const QRegularExpression beginning(
@@ -26,7 +26,7 @@ bool canBecomeNumber(const QString &text)
 }
 
 //! "1.500e-09" -> "1.5e-9", "2.000e+00" -> "2"
-QString shortened(QString text)
+QString shortened(const QString &text)
 {
     const int e = text.indexOf(QLatin1Char('e'));
     QString mantissa = text.left(e);
@@ -54,7 +54,7 @@ QScienceSpinBox::~QScienceSpinBox() = default;
 void QScienceSpinBox::setDecimals(int decimals)
 {
     m_decimals = qBound(0, decimals, 16);
-    // The text is made anew where the base class takes a suffix, even the same one.
+    // Setting a suffix, even the same one, makes the base class update the text.
     const QString same = suffix();
     setSuffix(same);
 }
@@ -73,7 +73,8 @@ QString QScienceSpinBox::textFromValue(double value) const
     return text.replace(QLatin1Char('.'), locale().decimalPoint());
 }
 
-//! Without prefix, suffix and blanks, with a point for the decimal sign of the box's locale, or the application's.
+/*! Returns \a text without prefix, suffix and blanks, and with a point in place of the decimal sign of the spin
+    box's or the application's locale. */
 QString QScienceSpinBox::plainNumber(const QString &text) const
 {
     QString number = text;
@@ -89,7 +90,7 @@ QString QScienceSpinBox::plainNumber(const QString &text) const
 double QScienceSpinBox::valueFromText(const QString &text) const
 {
     const QString number = plainNumber(text);
-    // What was only shown has not been typed: the digits behind the shown ones stay.
+    // If the user has not changed the text, the digits that are not shown are kept.
     if (number == plainNumber(textFromValue(value())))
         return value();
     bool ok = false;
@@ -114,11 +115,10 @@ QValidator::State QScienceSpinBox::validate(QString &input, int & /*pos*/) const
 
 void QScienceSpinBox::fixup(QString & /*input*/) const
 {
-    // Not the base class's, which takes out group separators: "1.5" would become 15 in some
-    // locales.
+    // The base class would remove group separators: in some locales "1.5" would become 15.
 }
 
-//! The page keys, and Ctrl with an arrow or the wheel, ask for ten steps.
+//! Limits the ten steps of a page key, or of Ctrl with arrow key or wheel, to at most one decade.
 int QScienceSpinBox::stepsWithinADecade(int steps) const
 {
     constexpr int many = 10;

@@ -7,17 +7,18 @@
 
 class QtSingleApplicationPrivate;
 
-/*! An application of which one instance runs for each user and id; a further one hands its request over to the
-    first, and ends.
+/*! An application that runs once for each user and id. A second instance can send its request to the first one and
+    quit.
 
-    It is not in this library's namespace: hosts know the class by this name.
+    The class is outside this library's namespace because hosts know it by this name.
 
-    The first instance is the one that asked first, by isRunning() or sendMessage(), while no other lived. One
-    that crashed does not stand in the way of the next start. Only processes of the same user are heard and spoken
-    to; messages have at most 1 MiB of UTF-8, and incomplete ones are dropped.
+    The first instance is the one that called isRunning() or sendMessage() first while no other instance was running.
+    An instance that crashed does not block the next start. Instances exchange messages only with processes of the same
+    user. A message has at most 1 MiB of UTF-8; incomplete messages are dropped.
 
-    Instances meet in the folder XDG_RUNTIME_DIR, or in one of the user's own in the temporary folder. Where no folder
-    is safe from other users, a line on the debug stream says so, and every instance is a first one.
+    Lock and socket are in the folder XDG_RUNTIME_DIR, or else in a private folder of the user in the temporary folder.
+    If neither folder is safe from other users, every instance is a first instance, and a line on the debug stream says
+    so.
 
     \code
     QtSingleApplication application("beam-monitor", argc, argv);
@@ -33,32 +34,35 @@ class CORVALE_QT_EXPORT QtSingleApplication : public QApplication
     Q_OBJECT
 
 public:
-    //! The id is made of the program's path. \a guiEnabled is not looked at: hosts built for Qt 4 pass it.
+    //! Uses the program's path as the id. \a guiEnabled is ignored; hosts built for Qt 4 pass it.
     QtSingleApplication(int &argc, char **argv, bool guiEnabled = true);
+    //! Uses \a id, any text. Programs with different ids do not see each other.
     QtSingleApplication(const QString &id, int &argc, char **argv);
     ~QtSingleApplication() override;
 
-    //! Whether another instance is the first; otherwise this one is, from now on.
+    //! Returns whether another instance is the first one. If there is none, this instance becomes the first.
     bool isRunning();
+    //! Returns the id that was given to the constructor, or the program's path.
     QString id() const;
 
-    /*! The window that activateWindow() shows, not owned; null for none. With \a activateOnMessage every
-        message does so, too. */
+    /*! Sets the window that activateWindow() brings to the front, or null. The application does not own it. With
+        \a activateOnMessage, every message that arrives calls activateWindow(). */
     void setActivationWindow(QWidget *window, bool activateOnMessage = true);
+    //! Returns the window that activateWindow() brings to the front, or null, also after the window was deleted.
     QWidget *activationWindow() const;
 
-    //! As isRunning(), without the answer; \a dummy is not looked at. For hosts already built.
+    //! Calls isRunning() and ignores \a dummy; for hosts that are already built.
     void initialize(bool dummy = true);
 
 public Q_SLOTS:
-    /*! Brings \a message to the first instance, and waits for it at most \a timeout milliseconds. False when
-        this is the first instance, when nobody answered in time, or when the message is too long.
-     */
+    /*! Sends \a message to the first instance and waits at most \a timeout milliseconds for its answer. Returns
+        false if this is the first instance, if no answer came in time, or if the message is too long. */
     bool sendMessage(const QString &message, int timeout = 5000);
-    //! Brings the activation window to the front, out of an icon as well.
+    //! Brings the activation window to the front, and restores it if it is minimised. Does nothing without a window.
     void activateWindow();
 
 Q_SIGNALS:
+    //! Emitted in the first instance when \a message of another instance has arrived and has been answered.
     void messageReceived(const QString &message);
 
 private:

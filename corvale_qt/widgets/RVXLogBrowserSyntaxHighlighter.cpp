@@ -6,9 +6,9 @@
 
 namespace Corvale_Qt {
 
-void RVXLogBrowserSyntaxHighlighterPrivate::colour(const QString &line,
-                                                   const KeywordPatterns &keywords,
-                                                   const QColor &color)
+void RVXLogBrowserSyntaxHighlighterPrivate::color(const QString &line,
+                                                  const KeywordPatterns &keywords,
+                                                  const QColor &color)
 {
     QTextCharFormat format;
     format.setFontWeight(QFont::Bold);
@@ -16,7 +16,7 @@ void RVXLogBrowserSyntaxHighlighterPrivate::colour(const QString &line,
     for (const KeywordPattern &keyword : keywords.patterns()) {
         KeywordSearch search(keyword, line);
         QRegularExpressionMatch match = search.next();
-        // Not for a match at 0: kept on purpose, for hosts whose lines begin with the word.
+        // A match at 0 colours only itself: kept on purpose for hosts whose lines begin with the keyword.
         if (wholeBlock && match.hasMatch() && match.capturedStart() > 0) {
             q->setFormat(0, line.size(), format);
             continue;
@@ -34,7 +34,7 @@ RVXLogBrowserSyntaxHighlighterPrivate::find(const QString &line) const
     return {errorKeywords.areIn(line), warningKeywords.areIn(line)};
 }
 
-//! The host may delete the highlighter in answer to the first signal.
+//! Emits the signals for \a found. The host may delete the highlighter in answer to the first one.
 void RVXLogBrowserSyntaxHighlighterPrivate::announce(const Found &found)
 {
     const QPointer<RVXLogBrowserSyntaxHighlighter> alive = q;
@@ -133,9 +133,9 @@ void RVXLogBrowserSyntaxHighlighter::highlightBlock(const QString &text)
     const QString line = withWholeCharacters(text);
     const auto found = d->find(line);
     if (found.error)
-        d->colour(line, d->errorKeywords, d->errorColor);
+        d->color(line, d->errorKeywords, d->errorColor);
     if (found.warning)
-        d->colour(line, d->warningKeywords, d->warningColor);
+        d->color(line, d->warningKeywords, d->warningColor);
     if (!d->isQuiet)
         d->announce(found);
 }

@@ -11,59 +11,68 @@ namespace Corvale_Qt {
 
 class RVXLogBrowserSyntaxHighlighterPrivate;
 
-/*! Colours error and warning keywords in the lines of a document, and says when a line holds one.
+/*! Colours error and warning keywords in the lines of a document, and emits a signal for each line that contains
+    one.
 
-    A keyword is found as a whole word ("\b" before and behind it), in its own case; it is put into the pattern
-    as it is, so that regular-expression characters in it act as such. A keyword that makes no valid pattern is
-    left out, with one line on the debug stream. An empty keyword is found at every border of a word, and
+    A keyword matches as a whole word (with "\b" before and after it) and is case-sensitive. It is used as a
+    regular expression, so special characters in it have their special meaning. A keyword that is not a valid
+    pattern is ignored, with one line on the debug stream. An empty keyword matches at every word boundary and
     colours nothing.
 
-    A keyword with pattern syntax in it costs at most 10 ms for a line: where the pattern takes longer, the rest of
-    the line goes without it.
+    A keyword with pattern syntax takes at most 10 ms per line; if the pattern needs longer, the rest of the line
+    is not searched for it.
 
-    Keywords, colours and switches count for lines that are highlighted from then on; rehighlight() goes over
-    the whole document again, and announces again what it finds. */
+    Changed keywords, colours and switches apply to lines that are highlighted afterwards. rehighlight() colours
+    the whole document again, and emits the signals of all its lines again. */
 class CORVALE_QT_EXPORT RVXLogBrowserSyntaxHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT
 
 public:
+    //! Installs the highlighter on \a document, which becomes its parent; without keywords it colours nothing.
     explicit RVXLogBrowserSyntaxHighlighter(QTextDocument *document);
     ~RVXLogBrowserSyntaxHighlighter() override;
 
-    //! Replaces the whole list, in spite of the name: kept for hosts already built.
+    //! Replaces all error keywords. The name says "add", but is kept for hosts that are already built.
     void addErrorKeywords(const QStringList &keywords);
-    //! Replaces the whole list, in spite of the name: kept for hosts already built.
+    //! Replaces all warning keywords. The name says "add", but is kept for hosts that are already built.
     void addWarningKeywords(const QStringList &keywords);
 
+    //! Returns the colour of error keywords.
     QColor errorColor() const;
+    //! Sets the colour of error keywords.
     void setErrorColor(const QColor &color);
+    //! Returns the colour of warning keywords.
     QColor warningColor() const;
+    //! Sets the colour of warning keywords, which covers that of an error keyword at the same place.
     void setWarningColor(const QColor &color);
-    //! The colours at first: bright ones, for a dark or coloured ground.
+    //! Sets bright colours for a dark or coloured background; these are the default.
     void setErrorWarningColorsForNonWhiteBackground();
+    //! Sets darker colours for a white background.
     void setErrorWarningColorsForWhiteBackground();
 
-    //! True at first.
+    //! Returns whether lines are coloured and signals are emitted; true by default.
     bool isEnabled() const;
+    //! Sets whether lines are coloured and signals are emitted.
     void setEnabled(bool enabled);
 
-    /*! Whether a keyword colours its whole line; false at first. A keyword at the very beginning of a line
-        colours only itself all the same: kept for hosts whose lines begin with the word. */
+    //! Returns whether a keyword colours its whole line; false by default.
     bool wholeBlockSyntaxHighlighting() const;
+    /*! Sets whether a keyword colours its whole line. A keyword at the very beginning of a line still colours only
+        itself: this is kept for hosts whose lines begin with the keyword. */
     void setWholeBlockSyntaxHighlighting(bool on);
 
 Q_SIGNALS:
-    //! A line that was just highlighted holds an error keyword; comes before syntaxWarning() of the same line.
+    //! Emitted when a line with an error keyword has been highlighted, before syntaxWarning() of the same line.
     void syntaxError();
-    //! A line that was just highlighted holds a warning keyword.
+    //! Emitted when a line with a warning keyword has been highlighted.
     void syntaxWarning();
 
 protected:
     void highlightBlock(const QString &text) override;
 
 private:
-    friend class LogColouring;
+    friend class LogColoring;
     Q_DECLARE_PRIVATE(RVXLogBrowserSyntaxHighlighter)
     const QScopedPointer<RVXLogBrowserSyntaxHighlighterPrivate> d_ptr;
 };

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the log browser's classes alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/widgets/KeywordPatterns_p.h"
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
@@ -15,10 +10,11 @@
 
 namespace Corvale_Qt {
 
+//! The keywords and their colours; LogColoring uses it to colour lines without announcing them, or later.
 class RVXLogBrowserSyntaxHighlighterPrivate
 {
 public:
-    //! What a line holds.
+    //! Whether a line contains error or warning keywords.
     struct Found
     {
         bool error = false;
@@ -31,8 +27,8 @@ public:
     }
 
     //! Colours the \a keywords in \a line, the text of the current block.
-    void colour(const QString &line, const KeywordPatterns &keywords, const QColor &color);
-    //! Nothing while the highlighter is not enabled.
+    void color(const QString &line, const KeywordPatterns &keywords, const QColor &color);
+    //! Searches \a line for keywords; finds nothing while the highlighter is disabled.
     Found find(const QString &line) const;
     void announce(const Found &found);
 
@@ -43,9 +39,9 @@ public:
     QColor warningColor;
     bool wholeBlock = false;
     bool enabled = true;
-    //! Blocks are coloured without being announced.
+    //! Blocks are coloured, but no signals are emitted.
     bool isQuiet = false;
-    //! Blocks that begin at this position of the document or behind it are left without colours for now.
+    //! Blocks that begin at or after this position of the document are not coloured yet.
     int plainFrom = std::numeric_limits<int>::max();
 };
 

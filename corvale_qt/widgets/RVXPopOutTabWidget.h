@@ -9,39 +9,47 @@ namespace Corvale_Qt {
 
 class RVXPopOutTabWidgetPrivate;
 
-/*! A tab widget whose pages can be taken out into windows of their own, to be watched side by side or on
-    another screen.
+/*! A tab widget whose pages the user can move into separate windows, to watch them side by side or on another
+    screen.
 
-    A page goes out by a double click on its tab, by dragging the tab off the bar (clear of it by twice its height
-    where tabs are movable), by the tab's context menu, or by Ctrl+Shift+O with the focus in it; it comes back to its
-    old place when its window is closed, by the context menu, or by Ctrl+Shift+O in the window. A window shows the
-    text and the icon that the tab had; the rest of the tab's look comes back with it. The window stays above the
-    window of the tab widget, and is hidden, shown and minimised with that one. Its place and size are remembered, by
-    the page's object name (else its tab's text), while the program runs.
+    A page pops out when the user double-clicks its tab, drags the tab off the bar (by twice the height of the bar
+    if the tabs are movable), chooses it in the tab's context menu, or presses Ctrl+Shift+O while the focus is in
+    the page. It returns to its old place when the user closes the window, chooses it in the context menu, or
+    presses Ctrl+Shift+O in the window. The window shows the text and the icon of the tab; when the page returns,
+    its tab looks as before.
 
-    A page that is out belongs to this widget still and is deleted with it, but it is not among the tabs:
-    count(), indexOf() and clear() do not know it. */
+    The window stays above the main window, that is, the window of the tab widget, and is hidden, shown and
+    minimised with it. While the program runs, its position and size are remembered under the page's object name,
+    or under the tab's text if the page has none.
+
+    A page that is out still belongs to this widget and is deleted with it, but it is not among the tabs: count(),
+    indexOf() and clear() do not include it. */
 class CORVALE_QT_EXPORT RVXPopOutTabWidget : public QTabWidget
 {
     Q_OBJECT
 
 public:
+    //! Creates a tab widget without pages.
     explicit RVXPopOutTabWidget(QWidget *parent = nullptr);
     ~RVXPopOutTabWidget() override;
 
+    //! Returns whether \a page of this widget is in a window now.
     bool isPoppedOut(QWidget *page) const;
-    //! In the order of their tabs.
+    //! Returns the pages that are in windows, in the order of their tabs.
     QList<QWidget *> poppedOutPages() const;
 
 public Q_SLOTS:
-    //! Shows the page of tab \a index in a window of its own. Nothing happens when there is no such tab.
+    //! Moves the page of tab \a index, counted from 0, into a window. Does nothing if there is no such tab.
     void popOut(int index);
-    //! Puts \a page back and shows it. Nothing happens when it is not out.
+    //! Puts \a page back into its tab and makes it current. Does nothing if the page is not out.
     void popIn(QWidget *page);
+    //! Puts all pages back that are out.
     void popInAll();
 
 Q_SIGNALS:
+    //! Emitted when \a page has been moved into a window. The host may delete the tab widget in answer.
     void tabPoppedOut(QWidget *page);
+    //! Emitted when \a page is back in its tab. The host may delete the tab widget in answer.
     void tabPoppedIn(QWidget *page);
 
 protected:

@@ -15,7 +15,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! A cell as spreadsheets write it.
+//! Returns \a text as spreadsheets write it, in quotes if necessary.
 QString quoted(QString text)
 {
     static const QString special = "\t\n\r\"";
@@ -37,7 +37,7 @@ public:
     QPointer<QAbstractButton> cornerButton;
 };
 
-//! A button that its host hid stays hidden; Qt marks what was hidden on purpose.
+//! Shows the button if \a isCorner, but leaves a button hidden that the host hid. Qt marks explicitly hidden widgets.
 void RVXTableViewPrivate::showButton(bool isCorner)
 {
     const bool hiddenByHost =
@@ -76,7 +76,7 @@ void RVXTableView::setCornerButton(QAbstractButton *button)
     updateGeometries();
 }
 
-//! The host's button lies over the built-in one, which need not know of it.
+//! Places the host's button over Qt's own, which stays below it.
 void RVXTableView::updateGeometries()
 {
     Q_D(RVXTableView);
@@ -111,7 +111,7 @@ void RVXTableView::copySelection() const
         cells[row][column] = quoted(index.data().toString());
         columns.insert(column);
     }
-    // An empty selection leaves what is on the clipboard.
+    // Without a selection the clipboard keeps its content.
     if (cells.empty())
         return;
 

@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 
 class RVXTableViewPrivate;
 
-/*! A table view that takes a button of the host into the corner between its headers, and copies the selected
+/*! A table view that can show a button of the host in the corner between its headers, and that copies the selected
     cells as text.
 
     \code
@@ -23,24 +23,26 @@ class CORVALE_QT_EXPORT RVXTableView : public QTableView
     Q_OBJECT
 
 public:
+    //! Creates a table view with Qt's own corner button, which selects all cells.
     explicit RVXTableView(QWidget *parent = nullptr);
     ~RVXTableView() override;
 
-    //! The host's button, null where the built-in corner, which selects all, stands.
+    //! Returns the host's button, or null if the corner shows Qt's own.
     QAbstractButton *cornerButton() const;
-    /*! Puts \a button into the corner, where it takes the size that the headers leave, and is seen while both
-        of them are, unless the host hides it. The view owns it from then on; a former one is deleted. Null brings the built-in corner
-        back, and so does the button's deletion. */
+    /*! Puts \a button into the corner and deletes the previous one. The view takes ownership of the button, gives
+        it the size of the corner, and shows it while both headers are shown, unless the host hides it. Null, or
+        deleting the button, brings Qt's own corner button back. */
     void setCornerButton(QAbstractButton *button);
 
 public Q_SLOTS:
-    /*! Puts the selected cells on the clipboard, row by row as they are shown: tabs between cells, an end of
-        line behind each row, nothing for cells in between that are not selected. A text with a tab, an end of
-        line or a quote in it stands in quotes, as spreadsheets write and read it. */
+    /*! Copies the selected cells to the clipboard in the order in which they are shown. Cells are separated by
+        tabs, and each row ends with a line feed; cells in between that are not selected are left empty. A text
+        that contains a tab, an end of line or a quote is quoted as in spreadsheets. Without a selection the
+        clipboard does not change. */
     void copySelection() const;
 
 Q_SIGNALS:
-    //! The host's button was clicked.
+    //! Emitted when the user clicks the host's button.
     void cornerButtonClicked();
 
 protected:

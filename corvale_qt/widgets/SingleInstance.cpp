@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/Logging_p.h"
 #include "corvale_qt/widgets/PrivateRuntime_p.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QDebug>
 #include <QDir>
 #include <QLocalSocket>
 #include <QSysInfo>
@@ -16,8 +16,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! Short, since the path of a socket may have some hundred bytes, and without anything of the id that a file
-    name could not have. */
+/*! Returns a short file name, since the path of a socket is limited to about a hundred bytes. The id is hashed
+    because it may contain characters that a file name must not. */
 QString nameFor(const QString &id)
 {
     const QByteArray user = QDir::homePath().toUtf8();
@@ -67,7 +67,7 @@ SingleInstance::SingleInstance(const QString &id, QObject *parent)
     , m_serverName(serverNameFor(m_folder, id))
     , m_lock(m_folder + '/' + nameFor(id) + ".lock")
 {
-    // Held as long as the program runs: no age makes it stale, only its owner's end.
+    // The lock is held as long as the program runs; it is stale only if its owner has ended, at whatever age.
     m_lock.setStaleLockTime(0);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::acceptConnections);
@@ -86,7 +86,7 @@ bool SingleInstance::lock()
     const bool isReadable = m_lock.getLockInfo(&pid, &host, &program);
     if (isReadable && host == QSysInfo::machineHostName())
         return false;
-    // Damaged, or left from before the machine was renamed; one whose owner lives cannot be
+    // The file is damaged, or was written before the machine was renamed. A file whose owner is running cannot be
     // removed.
     return m_lock.removeStaleLockFile() && m_lock.tryLock(0);
 }
@@ -107,16 +107,17 @@ bool SingleInstance::takeFirstPlace()
     }
     QLocalServer::removeServer(m_serverName);
     if (!m_server.listen(m_serverName))
-        qWarning().noquote() << "QtSingleApplication: cannot listen:" << m_server.errorString();
+        qCWarning(widgetsLog).noquote()
+            << "QtSingleApplication: cannot listen:" << m_server.errorString();
     return true;
 }
 
-//! Better run twice than not at all.
+//! Lets this process run as a first one without a lock, since running twice is better than not running at all.
 void SingleInstance::stayAlone(const QString &reason)
 {
     m_isAlone = true;
-    qWarning().noquote() << "QtSingleApplication: this program may run several times, since"
-                         << reason;
+    qCWarning(widgetsLog).noquote()
+        << "QtSingleApplication: this program may run several times, since" << reason;
 }
 
 bool SingleInstance::send(const QString &message, int timeout)
@@ -125,8 +126,8 @@ bool SingleInstance::send(const QString &message, int timeout)
         return false;
     const QByteArray utf8 = message.toUtf8();
     if (utf8.size() > kMaximumMessage) {
-        qDebug() << "QtSingleApplication: a message of" << utf8.size()
-                 << "bytes is too long to send";
+        qCDebug(widgetsLog) << "QtSingleApplication: a message of" << utf8.size()
+                            << "bytes is too long to send";
         return false;
     }
     const QDeadlineTimer deadline(timeout);
@@ -134,7 +135,7 @@ bool SingleInstance::send(const QString &message, int timeout)
     if (!connectBefore(socket, m_serverName, deadline))
         return false;
     if (!isOfThisUser(socket)) {
-        qWarning() << "QtSingleApplication: another user listens at" << m_serverName;
+        qCWarning(widgetsLog) << "QtSingleApplication: another user listens at" << m_serverName;
         return false;
     }
     socket.write(frame(utf8));
@@ -169,7 +170,7 @@ void SingleInstance::acceptConnections()
     }
 }
 
-//! Waits until the whole message is there, answers it, and only then announces it: a slot may take its time.
+//! Answers a message when it is complete, and announces it afterwards, since a slot may take long.
 void SingleInstance::readFrom(QLocalSocket *socket)
 {
     const QByteArray head = socket->peek(4);
@@ -184,7 +185,7 @@ void SingleInstance::readFrom(QLocalSocket *socket)
         return;
     socket->skip(4);
     const QString message = QString::fromUtf8(socket->read(size));
-    // One message for each connection.
+    // A connection carries one message.
     socket->disconnect(this);
     connect(socket, &QObject::destroyed, this, [this] {
         --m_connections;

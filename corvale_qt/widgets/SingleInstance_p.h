@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for QtSingleApplication alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QLocalServer>
 #include <QLockFile>
@@ -16,16 +11,16 @@ class QLocalSocket;
 
 namespace Corvale_Qt {
 
-/*! Decides which process of this user is the first with a given id, and carries texts to it.
+/*! Decides which process of this user is the first one with a given id, and sends messages to it.
 
-    Who holds the lock file is first, and listens on the socket. A process that dies leaves both behind: the
-    lock is then seen to be stale, and the socket is made anew.
+    The process that holds the lock file is the first, and listens on the socket. A process that crashes leaves
+    both behind; the next process recognises the lock as stale and replaces the socket.
 
-    Lock and socket lie in a folder that no other user can write to, and both sides look whose process the other
-    one is. Where there is no such folder, every process is the first, with a line on the debug stream.
+    Lock and socket are in a folder that no other user can write to, and each side checks the user of the other
+    process. If there is no such folder, every process is the first, and a line on the debug stream says so.
 
-    A message is a 32-bit length, big endian, and that many bytes of UTF-8, at most kMaximumMessage; it is
-    answered by kAnswer. A connection that brings something else, too much, or half a message is dropped. */
+    A message is a 32-bit big-endian length, followed by that many bytes of UTF-8, at most kMaximumMessage. The
+    answer is kAnswer. A connection that sends anything else, too much, or an incomplete message is dropped. */
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -33,16 +28,17 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(const QString &id, QObject *parent = nullptr);
 
-    //! Takes the first place when it is free or cannot be shared; false when another process has it.
+    /*! Makes this process the first one unless another process is. Returns whether this process is first, which is also
+        true if there is no safe place for a lock. */
     bool takeFirstPlace();
-    //! Brings \a message to the first instance within \a timeout milliseconds; true when it was answered.
+    //! Sends \a message to the first process; returns whether it answered within \a timeout milliseconds.
     bool send(const QString &message, int timeout);
-    //! Path of the socket (on Windows the name of the pipe), the same for all processes of this user and id.
+    //! Returns the path of the socket (on Windows the name of the pipe), which depends on the user and the id only.
     QString serverName() const { return m_serverName; }
 
     static constexpr int kMaximumMessage = 1024 * 1024;
     static constexpr int kMaximumConnections = 32;
-    //! A sender that is silent for so long in the middle of a message, in milliseconds, is dropped.
+    //! A connection that has not sent its message after this time, in milliseconds, is dropped.
     static constexpr int kPatience = 10000;
     static const QByteArray kAnswer;
 
@@ -55,7 +51,7 @@ private:
     bool lock();
     void stayAlone(const QString &reason);
 
-    //! Of the lock and the socket; empty where none is safe.
+    //! The folder of the lock and the socket; empty if no folder is safe.
     const QString m_folder;
     const QString m_serverName;
     QLockFile m_lock;

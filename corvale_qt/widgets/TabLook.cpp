@@ -20,7 +20,7 @@ void putButton(QTabBar &bar, int index, QTabBar::ButtonPosition side, QWidget *b
 {
     if (!button)
         return;
-    // Closable tabs come with a new button.
+    // A closable tab is created with a new close button.
     QWidget *other = bar.tabButton(index, side);
     bar.setTabButton(index, side, button);
     if (other)

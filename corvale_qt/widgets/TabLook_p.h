@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for RVXPopOutTabWidget alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QColor>
 #include <QIcon>
@@ -19,7 +14,7 @@ class QTabWidget;
 
 namespace Corvale_Qt {
 
-//! What a tab has beside its page.
+//! The properties of a tab, without its page.
 struct TabLook
 {
     QString text;
@@ -31,16 +26,17 @@ struct TabLook
     QVariant data;
     bool isEnabled = true;
     bool isVisible = true;
-    //! Owned by the tab bar, or by the widget they were taken to.
+    //! Buttons of the tab, owned by the tab bar or by the owner given to takeButtons().
     QPointer<QWidget> leftButton;
     QPointer<QWidget> rightButton;
 
-    //! Gives the buttons, hidden, to \a owner: with the tab they would be deleted.
+    //! Moves the buttons, hidden, to \a owner, since they would be deleted with the tab.
     void takeButtons(QTabWidget &tabs, int index, QWidget *owner) const;
-    //! Makes tab \a index look so, with the buttons.
+    //! Gives tab \a index these properties and the buttons.
     void apply(QTabWidget &tabs, int index) const;
 };
 
+//! Returns the properties of tab \a index.
 TabLook tabLook(const QTabWidget &tabs, int index);
 
 } // namespace Corvale_Qt

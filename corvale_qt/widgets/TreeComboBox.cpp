@@ -15,7 +15,7 @@ TreeComboBox::TreeComboBox(QWidget *parent)
 {
     Q_D(TreeComboBox);
     setView(d->tree);
-    // After QComboBox has put its own there: the last filter is asked first.
+    // After QComboBox has installed its filters, since the last filter is called first.
     d->tree->installEventFilter(this);
     d->tree->viewport()->installEventFilter(this);
     connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [d](int row) {
@@ -35,7 +35,7 @@ void TreeComboBox::setModel(QAbstractItemModel *model)
     Q_D(TreeComboBox);
     d->modelIsChanging = true;
     d->isSetting = true;
-    // As its child it is deleted with this or with the next call.
+    // As a child, the empty model is deleted with the combo box or by the next call.
     QComboBox::setModel(model ? model : new QStandardItemModel(0, 1, this));
     d->isSetting = false;
     d->isChosen = false;
@@ -76,7 +76,7 @@ void TreeComboBox::showPopup()
     QComboBox::showPopup();
 }
 
-//! Wide enough for the leaves in open branches, too: QComboBox looks at the top level only.
+//! Adds the width that the leaves in open branches need, since QComboBox considers only the top level.
 QSize TreeComboBox::sizeHint() const
 {
     Q_D(const TreeComboBox);
@@ -107,7 +107,7 @@ bool TreeComboBox::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         if (watched == d->tree && d->popupKey(event->type(), *static_cast<QKeyEvent *>(event))) {
-            // Else a shortcut of the host would take the key.
+            // Otherwise a shortcut of the host would take the key.
             event->accept();
             return true;
         }
@@ -146,7 +146,7 @@ void TreeComboBox::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
-    // Wheels of fine resolution turn by parts of a notch.
+    // High-resolution wheels report fractions of a notch.
     d->wheelAngle += event->angleDelta().y();
     const int notches = d->wheelAngle / QWheelEvent::DefaultDeltasPerStep;
     d->wheelAngle -= notches * QWheelEvent::DefaultDeltasPerStep;

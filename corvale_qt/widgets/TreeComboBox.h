@@ -14,16 +14,16 @@ class TreeComboBoxPrivate;
 
 /*! A combo box whose popup is a tree, for any tree model.
 
-    Only leaves can be current. A click on one, or Return, closes the popup; on a branch it opens or closes the
-    branch. Wheel and arrow keys go through the leaves that the tree shows, that is, those in open branches; typing
-    the beginning of a text goes to a leaf that is shown, else to one in a closed branch. The branches above the
-    current item are opened when it is set.
+    Only leaves can be current. A click or Return on a leaf chooses it and closes the popup; on a branch it opens or
+    closes the branch. The wheel and the arrow keys step through the leaves in open branches. Typing the beginning of
+    a text selects a leaf in an open branch, or else one in a closed branch. Setting the current item opens the
+    branches above it.
 
-    After setModel() the first leaf is current. When the current item is removed, there is none; a reset of the
-    model keeps it where the texts on the way to it are there still.
+    After setModel() the first leaf is current. If the current item is removed, no item is current. A reset of the
+    model keeps the current item if the texts on the path to it still exist.
 
-    currentIndex() and currentIndexChanged(int) of QComboBox give the row within the branch; who needs to tell
-    the branches apart asks for currentModelIndex().
+    currentIndex() and currentIndexChanged(int) of QComboBox give the row within the branch; use currentModelIndex()
+    to tell the branches apart.
 
     \code
     channel->setModel(devices);
@@ -34,29 +34,31 @@ class CORVALE_QT_EXPORT TreeComboBox : public QComboBox
     Q_OBJECT
 
 public:
+    //! Creates a combo box with an empty model.
     explicit TreeComboBox(QWidget *parent = nullptr);
     ~TreeComboBox() override;
 
-    /*! As QComboBox::setModel(), with the first leaf for the current item; null empties the combo box. To be called on
-        this class. */
+    /*! Shows \a model, which the combo box does not own, and makes its first leaf current. Null empties the combo
+        box. Call this function on TreeComboBox, since QComboBox::setModel() is not virtual. */
     void setModel(QAbstractItemModel *model);
-    //! What the popup shows; for the host to open and close branches.
+    //! Returns the tree of the popup, in which the host may open and close branches. The combo box owns it.
     QTreeView *treeView() const;
 
-    //! In the model column; invalid where there is none.
+    //! Returns the current leaf in the model column, or an invalid index.
     QModelIndex currentModelIndex() const;
 
     void showPopup() override;
     QSize sizeHint() const override;
 
 public Q_SLOTS:
-    //! An invalid index for none; a branch is ignored, and so is an index of another model.
+    //! Makes \a index current; an invalid index means no item. Ignores a branch and an index of another model.
     void setCurrentModelIndex(const QModelIndex &index);
-    //! The item in \a row of the root, unless it is a branch. To be called on this class.
+    /*! Makes the top-level item in \a row, counted from 0, current unless it is a branch. Call this function on
+        TreeComboBox, since QComboBox::setCurrentIndex() is not virtual. */
     void setCurrentIndex(int row);
 
 Q_SIGNALS:
-    //! The combo box may be deleted in answer.
+    //! Emitted when another item, or none, has become current. The host may delete the combo box in answer.
     void currentModelIndexChanged(const QModelIndex &index);
 
 protected:

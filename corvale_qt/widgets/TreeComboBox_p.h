@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for TreeComboBox alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/widgets/PopupTree_p.h"
 #include "corvale_qt/widgets/TreeComboBox.h"
@@ -20,7 +15,7 @@
 
 namespace Corvale_Qt {
 
-//! Keeps the current item through whatever the model and QComboBox do, and takes the popup's events.
+//! Keeps the current item while the model and QComboBox change, and handles the events of the popup.
 class TreeComboBoxPrivate
 {
 public:
@@ -31,33 +26,34 @@ public:
         }))
     {
     }
-    //! A model that is a child of the combo box is deleted after this.
+    //! Disconnects from the model: one that is a child of the combo box is deleted later.
     ~TreeComboBoxPrivate() { stopWatching(); }
 
     void setCurrent(QModelIndex index);
     void baseChanged(int row);
     void afterChange();
 
-    //! The press of a click, at \a globalPosition, that opens the popup.
+    //! Records the mouse press, at \a globalPosition, that opens the popup.
     void noteClick(const QPoint &globalPosition);
     bool popupMouse(QEvent::Type type, const QMouseEvent &event);
     bool popupKey(QEvent::Type type, const QKeyEvent &event);
 
-    //! Moves by \a steps visible leaves, downwards for a positive number, but not beyond the last.
+    //! Moves by \a steps shown leaves, downwards if positive, but not beyond the last.
     void walk(int steps);
-    //! Whether \a key is one that walks. With other modifiers it does nothing, where QComboBox would go to a branch.
+    /*! Handles a key that moves to another leaf; returns false for any other key. With modifiers (not \a isPlain)
+        such a key does nothing, because QComboBox would go to a branch. */
     bool walkByKey(int key, bool isPlain);
-    //! Goes to the leaf whose text begins as what was typed; false where \a text is a blank that begins nothing.
+    //! Goes to the leaf whose text begins with what was typed. Returns false if a blank \a text is typed first.
     bool typed(const QString &text);
 
     TreeComboBox *const q;
     PopupTree *const tree;
     QPersistentModelIndex current;
-    //! Somebody chose the current item; otherwise it is the first leaf, whatever comes into the model.
+    //! The user or the host chose the current item. If false, it is the first leaf, also after changes of the model.
     bool isChosen = false;
-    //! The model is changing, and QComboBox follows it in its own way, which is set right afterwards.
+    //! The model is changing. Until it has changed, the choices that QComboBox makes are ignored.
     bool modelIsChanging = false;
-    //! QComboBox is told what is current, or what its model is.
+    //! This class is setting the current row or the model of QComboBox.
     bool isSetting = false;
     int wheelAngle = 0;
 
@@ -73,11 +69,11 @@ private:
     void walkToEnd(int step);
     QModelIndex leafBeginningWith(const QString &text, bool isNext) const;
 
-    //! The last index announced; the current one may have gone without a word.
+    //! Whether the index announced last was valid; the current one may have become invalid without a signal.
     bool hadCurrent = false;
     QPoint clickedAt;
     QElapsedTimer sinceClick;
-    //! What was typed without a pause.
+    //! The letters that were typed without a pause.
     QString typedText;
     QElapsedTimer sinceTyped;
     TreePath pathBeforeReset;

@@ -12,7 +12,7 @@ QModelIndex inFirstColumn(const QModelIndex &index)
 
 namespace {
 
-//! \a index, or the closed branch that hides it.
+//! Returns \a index in the first column, or the topmost closed branch that hides it.
 QModelIndex shownFor(const QTreeView &tree, const QModelIndex &index)
 {
     QModelIndex shown = inFirstColumn(index);
@@ -23,7 +23,7 @@ QModelIndex shownFor(const QTreeView &tree, const QModelIndex &index)
     return shown;
 }
 
-//! The first or the last item that \a tree shows.
+//! Returns the first item that \a tree shows if \a step is positive, else the last one.
 QModelIndex end(const QTreeView &tree, int step)
 {
     const QAbstractItemModel &model = *tree.model();

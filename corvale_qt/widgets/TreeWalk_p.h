@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for TreeComboBox alone.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QModelIndex>
 #include <QStringList>
@@ -17,16 +12,17 @@ class QTreeView;
 
 namespace Corvale_Qt {
 
-//! The item of \a index that has the children.
+//! Returns the index in the first column of the row of \a index, which is the one that has the children.
 QModelIndex inFirstColumn(const QModelIndex &index);
 
+//! Returns whether the row of \a index has children.
 bool isBranch(const QModelIndex &index);
 
-//! Whether \a index is an item without children that a person may choose.
+//! Returns whether \a index has no children and is enabled and selectable.
 bool isLeaf(const QModelIndex &index);
 
-/*! The first leaf below \a root, depth first, of which \a isWanted is true, without fetching what the model has not
-    loaded; may be invalid. */
+/*! Returns the first leaf below \a root, depth first, for which \a isWanted returns true, or an invalid index.
+    Does not fetch items that the model has not loaded. */
 QModelIndex firstLeaf(
     const QAbstractItemModel &model,
     const QModelIndex &root,
@@ -34,17 +30,19 @@ QModelIndex firstLeaf(
         return true;
     });
 
-//! The next leaf after \a from that \a tree shows, upwards with \a step -1; from an end when \a from is invalid.
+/*! Returns the next leaf after \a from that \a tree shows: below it if \a step is positive, else above it. If \a
+    from is invalid, the search starts at the first or the last item. */
 QModelIndex nextShownLeaf(const QTreeView &tree, const QModelIndex &from, int step);
 
-//! The texts from the root down to an index, and its row for items that share a text.
+//! The texts on the path from the root to an item, and the row of the item, which tells items with the same text apart.
 struct TreePath
 {
     QStringList texts;
     int row = -1;
 };
+//! Returns the path to \a index.
 TreePath pathTo(const QModelIndex &index);
-//! The item of \a path in \a column, invalid where a text on the way is missing.
+//! Returns the item at \a path in \a column, or an invalid index if a text on the path does not exist.
 QModelIndex itemAt(const QAbstractItemModel &model, const TreePath &path, int column);
 
 } // namespace Corvale_Qt

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A beam that wanders over a pair of strip detectors: its profile, its place, and its displacement
-// as two bars.
+// Shows a beam that wanders over a pair of strip detectors: its profile, its position, and its displacement as two
+// bars.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXPositionPlot>
@@ -17,7 +17,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// Charges of the 32 + 32 strips of a strip pair, in coulomb: X in values 0 to 31, Y in 64 to 95.
+// Returns the charges of the 32 + 32 strips of a strip pair, in coulomb: X in values 0 to 31, Y in 64 to 95.
 QVector<double> frameAt(double seconds)
 {
     const double x = 15.5 + 4 * std::sin(0.7 * seconds);
@@ -58,7 +58,7 @@ int main(int argc, char **argv)
         seconds += 0.02;
         profile->setData(frameAt(seconds), seconds);
         const SpectrogramCalc calc = profile->getCalc();
-        // The profile calculates ten times a second: each place goes into the trail once.
+        // The profile is calculated ten times per second, and each position goes into the trail once.
         if (!calc.valid || (calc.meanX == shown.meanX && calc.meanY == shown.meanY))
             return;
         shown = calc;

@@ -5,8 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
-/*! Shows an example's window and runs until it is closed, or as the command line asks:
-    --quit-after MILLISECONDS ends by itself, --screenshot FILE.png leaves a picture of the window then. */
+/*! Shows the window of an example and runs until it is closed. With --quit-after MILLISECONDS on the command line it
+    ends by itself; with --screenshot FILE.png it then saves a picture of the window. */
 inline int runExample(QWidget &window)
 {
     const QStringList arguments = QApplication::arguments();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Channels dragged from a table of current readings into a table of their samples, which is saved as one file.
+// Channels are dragged from a table of current readings into a table of their samples, which is saved as one file.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/AbstractChannelModelFactory>
@@ -22,7 +22,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// A channel that shows its name, and reads what its device would send.
+// A channel with its name and the readings that its device would send.
 class NamedChannel : public RVXSingleChannelDataModel
 {
 public:
@@ -43,7 +43,7 @@ private:
     double m_now = 0.2; // 0 would start a new acquisition
 };
 
-// What a proxy asks for the model of a name that was dropped on it.
+// The factory that a proxy asks for the models of dropped names.
 class ChannelFactory : public AbstractChannelModelFactory
 {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A scope over a live current: strip chart or sweeps, with markers to measure by.
+// Shows a live current on a scope, as a strip chart or sweeps, with markers for measuring.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXScopePlotView>
@@ -19,7 +19,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// What an electrometer might read: a beam current with the mains on it, in ampere.
+// Returns a reading of an electrometer in ampere: a beam current with mains hum.
 double reading(double seconds)
 {
     return 5e-9 + 1e-9 * std::sin(6.28 * seconds) + 2e-10 * std::sin(314.0 * seconds);

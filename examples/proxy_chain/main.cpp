@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A noisy beam current, averaged and zeroed by two proxies: device model -> averaging -> zeroing -> plot.
+// Shows a noisy beam current that two proxies average and zero: device model -> averaging -> zeroing -> plot.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXAveragingProxyModel>
@@ -26,10 +26,10 @@ using namespace Corvale_Qt;
 
 namespace {
 
-QwtPlotCurve *addCurve(QwtPlot *plot, const QString &title, const QColor &colour, double width)
+QwtPlotCurve *addCurve(QwtPlot *plot, const QString &title, const QColor &color, double width)
 {
     auto *curve = new QwtPlotCurve(title);
-    curve->setPen(QPen(colour, width));
+    curve->setPen(QPen(color, width));
     curve->attach(plot);
     return curve;
 }

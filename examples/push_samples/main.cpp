@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Samples into a model, ten times a second; a table and a plot show what the model holds.
+// Adds samples to a model ten times per second. A table and a plot show what the model holds.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXSeriesData>
@@ -21,7 +21,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// What an electrometer might read: a beam current that breathes, in ampere.
+// Returns a reading of an electrometer in ampere: a beam current that rises and falls slowly.
 double reading(double seconds)
 {
     return 5e-9 + 2e-9 * std::sin(seconds);
@@ -35,7 +35,7 @@ int main(int argc, char **argv)
     const Units::nA nA;
     RVXSingleChannelDataModel model;
     model.SetUnits(&nA);
-    model.setAutoUpdate(false); // tables are told in batches, below
+    model.setAutoUpdate(false); // views are notified in batches, below
 
     QSplitter window;
     auto *table = new QTableView(&window);

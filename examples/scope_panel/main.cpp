@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The scope panel on a strip detector of 32 channels, beside the page that chooses the beam statistics of its
-// histogram. What is chosen there is found again at the next start.
+// Shows a strip detector of 32 channels on the scope panel, beside the page for the beam statistics of its histogram.
+// The settings of that page are restored at the next start.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXMultichannelProxyModel>
@@ -26,7 +26,7 @@ namespace {
 
 constexpr int stripCount = 32;
 
-// A Gaussian beam that wanders across the strips, with some noise, in ampere.
+// Returns the current of a strip in ampere: a Gaussian beam that wanders across the strips, with some noise.
 double reading(int strip, double seconds)
 {
     const double centre = 16.0 + 5.0 * std::sin(0.5 * seconds);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A treatment plan played layer by layer, spot by spot, beside the plan itself; Page Up and Down change the layer.
+// Plays a treatment plan spot by spot and layer by layer, beside the plan. Page Up and Page Down change the layer.
 //     spot_map [plan.csv]      columns: beam,layer,energy_MeV,spot,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm
 
 #include "../common/RunExample.h"
@@ -16,7 +16,7 @@
 
 using namespace Corvale_Qt;
 using Spot = SpotMapView::MapSpot;
-using Plan = QVector<QVector<Spot>>; // layer by layer
+using Plan = QVector<QVector<Spot>>; // the spots of each layer
 
 namespace {
 
@@ -25,7 +25,7 @@ Plan readPlan(const QString &fileName)
     Plan plan;
     QFile file(fileName);
     if (!fileName.isEmpty() && file.open(QIODevice::ReadOnly))
-        file.readLine(); // the columns' names
+        file.readLine(); // the names of the columns
     QByteArrayList previous;
     while (file.isOpen() && !file.atEnd()) {
         const QByteArrayList fields = file.readLine().split(',');

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A strip detector through a model of the host's own: the newest reading of each strip as a bar, with the beam's
-// position and width by centre of gravity and by a Gaussian fit.
+// Shows a strip detector through a model that the host implements: a bar for the newest reading of each strip, and the
+// position and width of the beam from the centre of gravity and from a Gaussian fit.
 
 #include "../common/RunExample.h"
 #include <corvale_qt/RVXAbstractDeviceDataModel>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kStrips = 32;
 
-//! The newest frame of the detector; a histogram needs no more.
+//! Holds the newest frame of the detector, which is all that a histogram needs.
 class StripModel : public RVXAbstractDeviceDataModel
 {
 public:

@@ -3,6 +3,7 @@
 
 #include "monitor/readings/PixelShape.h"
 #include "monitor/readings/UnitSymbols.h"
+#include <corvale_qt/numerics/RoundPixelDetector.h>
 
 #include <cmath>
 
@@ -10,25 +11,9 @@ namespace Monitor {
 
 namespace {
 
-constexpr int side = 12;
+constexpr int side = Corvale_Qt::RoundPixelDetector::kSide;
 constexpr int strips = 32;
 constexpr int firstStripOfY = 64;
-
-//! The reading that each pixel is wired to, the row of the largest y first; -1 where the round matrix has none.
-constexpr int wiring[side][side] = {
-    {-1, -1, -1, 49, 43, 37, 27, 28, 29, -1, -1, -1},
-    {-1, -1, 54, 48, 42, 36, 23, 24, 25, 26, -1, -1},
-    {-1, 58, 53, 47, 41, 35, 18, 19, 20, 21, 22, -1},
-    {61, 57, 52, 46, 40, 34, 12, 13, 14, 15, 16, 17},
-    {60, 56, 51, 45, 39, 33, 6, 7, 8, 9, 10, 11},
-    {59, 55, 50, 44, 38, 32, 0, 1, 2, 3, 4, 5},
-    {69, 68, 67, 66, 65, 64, 96, 102, 108, 114, 119, 123},
-    {75, 74, 73, 72, 71, 70, 97, 103, 109, 115, 120, 124},
-    {81, 80, 79, 78, 77, 76, 98, 104, 110, 116, 121, 125},
-    {-1, 86, 85, 84, 83, 82, 99, 105, 111, 117, 122, -1},
-    {-1, -1, 90, 89, 88, 87, 100, 106, 112, 118, -1, -1},
-    {-1, -1, -1, 93, 92, 91, 101, 107, 113, -1, -1, -1},
-};
 
 } // namespace
 
@@ -51,7 +36,10 @@ DetectorFrames::DetectorFrames(const StreamHeader &header)
         m_cells[i] = i;
     for (int row = 0; pixels && row < side; ++row)
         for (int column = 0; column < side; ++column)
-            if (const int reading = wiring[side - 1 - row][column]; reading >= 0)
+            // The stream counts rows from below.
+            if (const int reading =
+                    Corvale_Qt::RoundPixelDetector::readingAt(side - 1 - row, column);
+                reading >= 0)
                 m_cells[reading] = row * side + column;
     if (const auto unit = unitFromSymbol(header.commonUnit()))
         m_factor = unit->unscale(1.0);

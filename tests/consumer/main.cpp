@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a host does on its first day: a model, samples, a table, a curve, a file.
+// Does what a new host does first: it fills a model and shows it as a table, as a curve and as a file.
 
 #include <corvale_qt/RVXSeriesData>
 #include <corvale_qt/RVXSingleChannelDataModel>

@@ -18,13 +18,13 @@
 
 namespace {
 
-//! The plugin of the build, or the installed one where the environment names it.
+//! Returns the installed plugin if the environment names it, otherwise that of the build.
 QString pluginFile()
 {
     return qEnvironmentVariable("CORVALE_QT_INSTALLED_PLUGIN", DESIGNER_PLUGIN);
 }
 
-//! A form with one widget of each of \a classes, named after its class.
+//! Returns a form with a widget of each class, named after it.
 QByteArray formWith(const QStringList &classes)
 {
     QString form =
@@ -36,14 +36,33 @@ QByteArray formWith(const QStringList &classes)
     return (form + "</widget></ui>").toUtf8();
 }
 
-int coloursOf(QWidget *widget)
+int colorsOf(const QPixmap &picture)
 {
-    const QImage image = widget->grab().toImage();
-    QSet<QRgb> colours;
+    const QImage image = picture.toImage();
+    QSet<QRgb> colors;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            colours.insert(image.pixel(x, y));
-    return colours.size();
+            colors.insert(image.pixel(x, y));
+    return colors.size();
+}
+
+std::unique_ptr<QWidget> loadByUiLoader(QByteArray form)
+{
+    QBuffer buffer(&form);
+    buffer.open(QIODevice::ReadOnly);
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QFileInfo(pluginFile()).path());
+    return std::unique_ptr<QWidget>(loader.load(&buffer));
+}
+
+std::unique_ptr<QWidget> loadByFormBuilder(QByteArray form)
+{
+    QBuffer buffer(&form);
+    buffer.open(QIODevice::ReadOnly);
+    QFormBuilder builder;
+    builder.setPluginPath({QFileInfo(pluginFile()).path()});
+    return std::unique_ptr<QWidget>(builder.load(&buffer));
 }
 
 } // namespace
@@ -77,15 +96,12 @@ private Q_SLOTS:
         QTest::newRow("QUiLoader") << true;
         QTest::newRow("QFormBuilder") << false;
     }
-    //! Both loaders put a plain QWidget where they cannot make a class, and say nothing.
+    //! For a class that they cannot create, both loaders silently create a plain QWidget.
     void formsGetTheRealClasses()
     {
         QFETCH(bool, byUiLoader);
-        QByteArray form = formWith(kClasses);
-        QBuffer buffer(&form);
-        buffer.open(QIODevice::ReadOnly);
-        const std::unique_ptr<QWidget> window(byUiLoader ? loadByUiLoader(buffer)
-                                                         : loadByFormBuilder(buffer));
+        const QByteArray form = formWith(kClasses);
+        const auto window = byUiLoader ? loadByUiLoader(form) : loadByFormBuilder(form);
         QVERIFY(window);
         for (const QString &name : kClasses) {
             const auto *widget = window->findChild<QWidget *>(name);
@@ -98,25 +114,21 @@ private Q_SLOTS:
     }
 
     void newWidget_data() { addWidgets(); }
-    //! What Designer drops on a form: it loads, has the size meant, and pages where it is a container.
+    //! A widget that Designer drops on a form can be loaded, fits into its size, and has pages if it is a container.
     void newWidget()
     {
         auto *widget = fetchWidget();
         QVERIFY(!widget->toolTip().isEmpty());
         QCOMPARE(widget->group(), QString("Corvale"));
-        QVERIFY(!widget->icon().pixmap(24).isNull());
-        QVERIFY(coloursOfIcon(widget->icon()) >= 2);
-        // uic puts this into the code of the form.
+        QVERIFY(colorsOf(widget->icon().pixmap(24)) >= 2);
+        // The code that uic writes for a form includes this file.
         const QByteArray header = fileContents(INCLUDE_FOLDER "/" + widget->includeFile());
         QVERIFY2(header.contains("/" + widget->name().section("::", -1).toLatin1() + ".h\""),
                  qPrintable(widget->includeFile()));
 
         QString form = widget->domXml();
         form.replace(QRegularExpression("<ui [^>]*>"), "<ui version=\"4.0\"><class>Form</class>");
-        QByteArray bytes = form.toUtf8();
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::ReadOnly);
-        const std::unique_ptr<QWidget> made(loadByUiLoader(buffer));
+        const auto made = loadByUiLoader(form.toUtf8());
         QVERIFY2(made, qPrintable(form));
         QCOMPARE(QString(made->metaObject()->className()), widget->name());
         QCOMPARE(made->size().expandedTo(made->minimumSizeHint()), made->size());
@@ -126,65 +138,45 @@ private Q_SLOTS:
     }
 
     void preview_data() { addWidgets(); }
-    //! On a form in Designer a widget shows something; in a program it is as empty as its class makes it.
+    //! A widget shows data on a form in Designer but not in a program.
     void preview()
     {
         auto *widget = fetchWidget();
         const std::unique_ptr<QWidget> plain(widget->createWidget(nullptr));
-        QDesignerFormEditorInterface core;
-        widget->initialize(&core);
-        const std::unique_ptr<QWidget> filled(widget->createWidget(nullptr));
-        widget->initialize(nullptr);
+        const auto filled = createInDesigner(widget);
         for (QWidget *each : {plain.get(), filled.get()}) {
             each->resize(each->sizeHint().expandedTo(QSize(300, 300)));
             each->show();
         }
-        QTRY_VERIFY(coloursOf(filled.get()) > 2);
+        QTRY_VERIFY(colorsOf(filled->grab()) > 2);
         const bool showsEnoughByItself = qobject_cast<QAbstractSpinBox *>(plain.get())
             || qobject_cast<QTabWidget *>(plain.get()) || widget->name().endsWith("SetupPage");
         if (!showsEnoughByItself)
             QTRY_VERIFY(filled->grab().toImage() != plain->grab().toImage());
     }
 
-    //! It takes numbers at once, and shows them with a delay.
+    //! A profile shows the results of a frame only after a delay.
     void previewOfAProfileHasResults()
     {
-        QDesignerFormEditorInterface core;
         for (auto *widget : qAsConst(m_widgets)) {
             if (!widget->name().endsWith("Spectrogram"))
                 continue;
-            widget->initialize(&core);
-            const std::unique_ptr<QWidget> profile(widget->createWidget(nullptr));
-            widget->initialize(nullptr);
+            const auto profile = createInDesigner(widget);
             const auto *mean = profile->findChild<QDoubleSpinBox *>("doubleSpinBox_meanx");
             QVERIFY(mean);
-            // A beam at the 18th of 32 strips that are 2 mm wide.
+            // The beam is on the 18th of 32 strips, which are 2 mm wide.
             QTRY_VERIFY(qAbs(mean->value() - 3.0) < 0.1);
         }
     }
 
 private:
-    QWidget *loadByUiLoader(QIODevice &form)
+    static std::unique_ptr<QWidget> createInDesigner(QDesignerCustomWidgetInterface *widget)
     {
-        QUiLoader loader;
-        loader.clearPluginPaths();
-        loader.addPluginPath(QFileInfo(pluginFile()).path());
-        return loader.load(&form);
-    }
-    QWidget *loadByFormBuilder(QIODevice &form)
-    {
-        QFormBuilder builder;
-        builder.setPluginPath({QFileInfo(pluginFile()).path()});
-        return builder.load(&form);
-    }
-    static int coloursOfIcon(const QIcon &icon)
-    {
-        QSet<QRgb> colours;
-        const QImage image = icon.pixmap(24).toImage();
-        for (int i = 0; i < image.width(); ++i)
-            for (int j = 0; j < image.height(); ++j)
-                colours.insert(image.pixel(i, j));
-        return colours.size();
+        QDesignerFormEditorInterface core;
+        widget->initialize(&core);
+        std::unique_ptr<QWidget> created(widget->createWidget(nullptr));
+        widget->initialize(nullptr);
+        return created;
     }
     void addWidgets()
     {
@@ -198,23 +190,11 @@ private:
         return m_widgets.at(number);
     }
 
-    const QStringList kClasses{
-        "RVXScope",
-        "RVXScopePlotView",
-        "RVXStatisticsSetupPage",
-        "RVXSpectrogram",
-        "RVXPositionPlot",
-        "RVXSplitPlot",
-        "RVXPositionErrorPlot",
-        "SpotMapView",
-        "SpotMapWidget",
-        "RVXLogBrowser",
-        "IntStepSpinBox",
-        "QScienceSpinBox",
-        "TreeComboBox",
-        "RVXPopOutTabWidget",
-        "RVXTableView",
-    };
+    const QStringList kClasses =
+        QString("RVXScope RVXScopePlotView RVXStatisticsSetupPage RVXSpectrogram RVXPositionPlot "
+                "RVXSplitPlot RVXPositionErrorPlot SpotMapView SpotMapWidget RVXLogBrowser "
+                "IntStepSpinBox QScienceSpinBox TreeComboBox RVXPopOutTabWidget RVXTableView")
+            .split(' ');
     QList<QDesignerCustomWidgetInterface *> m_widgets;
 };
 

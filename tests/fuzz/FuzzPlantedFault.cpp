@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-//! A target that fails at one of its seeds, as the driver's own test needs it.
+//! A target that fails for one of its seeds, for the test of the driver.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const std::string_view input(reinterpret_cast<const char *>(data), size);

@@ -12,7 +12,7 @@ namespace {
 
 const QString listType = QStringLiteral("application/vnd.text.list");
 
-// Makes nothing, and keeps the names that it was asked for: a payload may name a thousand channels.
+//! Creates no model and records the names it is asked for, since a payload may name a thousand channels.
 class NameKeeper : public AbstractChannelModelFactory
 {
 public:
@@ -50,7 +50,7 @@ std::vector<std::string> fuzzSeeds()
             std::string(64, '\0')};
 }
 
-//! The names taken are the beginning of the payload, in its own writing, and of those there are no more than channels.
+//! The names that the proxy asked for, written again, are the beginning of the payload, and there are at most 257.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     qInstallMessageHandler(beSilent);

@@ -26,7 +26,7 @@ std::vector<std::string> fuzzSeeds()
 
 namespace {
 
-//! Writes what it is told as a recording.
+//! Writes the streams and readings it receives as a recording.
 class RecordingSink : public StreamSink
 {
 public:
@@ -44,7 +44,7 @@ public:
     void lineRefused(const RefusedLine &) override { ++refused; }
 
     QByteArray text;
-    QVector<Channel> channels; //!< of all streams, one after the other
+    QVector<Channel> channels; //!< of all streams, in their order
     int refused = 0;
 
 private:
@@ -67,7 +67,7 @@ void readInto(const QByteArray &content, RecordingSink *sink)
 
 } // namespace
 
-//! Whatever table was read, its recording reads back the same, and loses no line.
+//! The recording of any table reads back as the same recording, without a refused line.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     RecordingSink first, second;

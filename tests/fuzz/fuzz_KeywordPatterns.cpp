@@ -10,7 +10,7 @@
 
 using Corvale_Qt::RVXLogBrowser;
 
-//! Up to the first empty line there is one keyword on each line; the rest is what a host appends to the log.
+//! Each line before the first empty line is a keyword; the rest is the text that a host appends to the log.
 std::vector<std::string> fuzzSeeds()
 {
     return {"ERROR\nFATAL\n\nan ERROR of E17",
@@ -21,7 +21,7 @@ std::vector<std::string> fuzzSeeds()
             "(*UTF)x\n(?i)warn\n\\p{L}\n\n\xf0\x9f\x92\xa5 warn \xe2\x80\xa8 x"};
 }
 
-//! Whatever is matched lies inside its line, and no line grows.
+//! Every match lies within its line, and no line becomes longer.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));

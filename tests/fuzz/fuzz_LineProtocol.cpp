@@ -23,7 +23,7 @@ std::vector<std::string> fuzzSeeds()
 
 namespace {
 
-//! Requires of every stream what the rest of the program relies on.
+//! Checks for every stream what the rest of the program relies on.
 class PromiseSink : public StreamSink
 {
 public:
@@ -44,7 +44,7 @@ public:
         FUZZ_REQUIRE(!m_any || time >= m_last);
         double sum = 0.0;
         for (int i = 0; i < m_channels; ++i)
-            sum += values[i]; // all of them can be read
+            sum += values[i]; // reads every value
         m_sum = sum;
         m_any = true;
         m_last = time;
@@ -70,7 +70,7 @@ private:
 
 } // namespace
 
-//! The first byte says in what pieces the rest arrives, and whether the connection is cut on the way.
+//! The first byte determines the size of the pieces in which the rest arrives, and whether the connection breaks.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     if (size == 0)

@@ -21,7 +21,7 @@ std::vector<std::string> fuzzSeeds()
             "strips"};
 }
 
-//! A text is known to both look-ups or to neither, and a unit that came from one has the type asked for.
+//! Both look-ups know a text or neither does, and the unit from the one has the type from the other.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), int(size));

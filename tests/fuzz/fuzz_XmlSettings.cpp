@@ -42,7 +42,7 @@ std::vector<std::string> fuzzSeeds()
             "<Settings><a>text<![CDATA[]]></a></Settings>"};
 }
 
-//! What could be read can be written, and from then on stays as it is, byte for byte.
+//! Settings that can be read can be written; the document that is written reads back and is written the same again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     SettingsMap first;

@@ -5,7 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-//! The driver keeps an input that fails, says how to try it alone, and does so.
+//! The driver keeps an input that fails, says how to try it alone, and can try it alone.
 class tst_FuzzDriver : public QObject
 {
     Q_OBJECT
@@ -49,9 +49,9 @@ void tst_FuzzDriver::triesOneFile_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("holds");
     QTest::addColumn<QByteArray>("says");
-    QTest::newRow("a good one") << "good" << true << QByteArray("good holds, 3 bytes");
-    QTest::newRow("a bad one") << "bad" << false << QByteArray("does not hold");
-    QTest::newRow("none") << "missing" << false << QByteArray("FILE for one input");
+    QTest::newRow("input that holds") << "good" << true << QByteArray("good holds, 3 bytes");
+    QTest::newRow("input that fails") << "bad" << false << QByteArray("does not hold");
+    QTest::newRow("missing file") << "missing" << false << QByteArray("FILE for one input");
 }
 
 void tst_FuzzDriver::triesOneFile()

@@ -2,6 +2,8 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
 
@@ -72,6 +74,8 @@ private Q_SLOTS:
     void memoryEqualsCells();
     void boundsFromMemory_data();
     void boundsFromMemory();
+    void readersOfColumnsWithoutAModel();
+    void valuesInADebugger();
     void whetherTimeRises();
 };
 
@@ -265,6 +269,49 @@ void tst_RVXSeriesData::boundsFromMemory()
         series.setScale(3.0);
         QCOMPARE(series.boundingRect(), boundsByHand(series));
     }
+}
+
+void tst_RVXSeriesData::readersOfColumnsWithoutAModel()
+{
+    RVXSingleChannelDataModel model;
+    model.AddData(1.0, 5.0);
+    model.AddData(2.0, 6.0);
+    const PlotColumnReader reader(PlotColumns::of(&model));
+    double read[2];
+    reader.read(1, 1, 2, read);
+    QCOMPARE(read[1], 6.0);
+    ColumnSpans spans;
+    QVERIFY(reader.xRises() && reader.spans(0, 1, 2, spans));
+    QCOMPARE(reader.xVersion(), PlotColumnReader(&model).xVersion());
+
+    // A reader of a model reads nothing as soon as the model's deletion has begun.
+    auto mortal = std::make_unique<RVXSingleChannelDataModel>();
+    mortal->AddData(1.0, 5.0);
+    const PlotColumnReader orphan(mortal.get());
+    mortal.reset();
+    orphan.read(1, 1, 1, read);
+    QCOMPARE(read[0], 0.0);
+    QVERIFY(!orphan.columns() && !orphan.xRises());
+}
+
+void tst_RVXSeriesData::valuesInADebugger()
+{
+    const auto text = [](const auto &value) {
+        QString string;
+        QDebug(&string) << value << 1;
+        return string;
+    };
+    RVXSingleChannelDataModel model;
+    model.AddData(1.0, -5.0);
+    model.AddData(2.0, inf);
+    ColumnSpans spans;
+    QVERIFY(PlotColumns::of(&model)->spans(1, 1, 2, spans));
+    QCOMPARE(text(spans), "ColumnSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
+    QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
+    QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");
+    QCOMPARE(text(model.xUnits()), "MeasurementUnit(\"s\", type 96) 1 ");
+    model.SetUnits(nullptr);
+    QCOMPARE(text(model.units()), "MeasurementUnit(none) 1 ");
 }
 
 void tst_RVXSeriesData::whetherTimeRises()

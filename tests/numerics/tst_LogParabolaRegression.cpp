@@ -40,21 +40,21 @@ private Q_SLOTS:
     void exactGaussiansAreFound_data()
     {
         QTest::addColumn<int>("count");
-        QTest::addColumn<double>("mean");
-        QTest::addColumn<double>("sigma");
+        QTest::addColumn<QPointF>("shape"); // mean and sigma
         QTest::addColumn<double>("height");
-        QTest::newRow("strip detector, pA") << 32 << 15.5 << 3.0 << 4e-12;
-        QTest::newRow("strip detector, narrow") << 32 << 20.3 << 0.6 << 1.0;
-        QTest::newRow("wide") << 32 << 14.2 << 9.0 << 12000.0;
-        QTest::newRow("narrow at the far end of 256 channels") << 256 << 249.7 << 1.0 << 1e-9;
-        QTest::newRow("wide on 256 channels") << 256 << 77.25 << 40.0 << 5e-9;
+        QTest::newRow("strip detector, pA") << 32 << QPointF(15.5, 3) << 4e-12;
+        QTest::newRow("strip detector, narrow") << 32 << QPointF(20.3, 0.6) << 1.0;
+        QTest::newRow("wide") << 32 << QPointF(14.2, 9) << 12000.0;
+        QTest::newRow("narrow at the far end of 256 channels") << 256 << QPointF(249.7, 1) << 1e-9;
+        QTest::newRow("wide on 256 channels") << 256 << QPointF(77.25, 40) << 5e-9;
     }
     void exactGaussiansAreFound()
     {
         QFETCH(int, count);
-        QFETCH(double, mean);
-        QFETCH(double, sigma);
+        QFETCH(QPointF, shape);
         QFETCH(double, height);
+        const double mean = shape.x();
+        const double sigma = shape.y();
         const double area = height * sigma * std::sqrt(2 * M_PI);
 
         for (int power : {1, 2, 3}) {
@@ -63,19 +63,17 @@ private Q_SLOTS:
             options.thresholdFraction = 1e-6;
             const auto wide = fit(Profiles::gaussian<double>(count, mean, sigma, height), options);
             QCOMPARE(int(wide.status), 0);
-            QVERIFY2(std::abs(wide.mean - mean) < 1e-9 * count,
-                     qPrintable(QString::number(wide.mean)));
+            QVERIFY(std::abs(wide.mean - mean) < 1e-9 * count);
             QVERIFY(std::abs(wide.sigma / sigma - 1) < 1e-9);
             QVERIFY(std::abs(wide.height / height - 1) < 1e-9);
             QVERIFY(std::abs(wide.area / area - 1) < 1e-9);
 
-            // Single precision readings, and a run that takes all of the profile.
+            // Readings in single precision, and a run over the whole profile.
             RegressionOptions<float> single;
             single.weightPower = power;
             const auto narrow = fit(Profiles::gaussian<float>(count, mean, sigma, height), single);
             QCOMPARE(int(narrow.status), 0);
-            QVERIFY2(std::abs(narrow.mean - mean) < 2e-5,
-                     qPrintable(QString::number(narrow.mean, 'g', 9)));
+            QVERIFY(std::abs(narrow.mean - mean) < 2e-5);
             QVERIFY(std::abs(narrow.sigma / sigma - 1) < 1e-5);
             QVERIFY(std::abs(narrow.area / area - 1) < 1e-5);
         }
@@ -83,8 +81,8 @@ private Q_SLOTS:
 
     void noiseMovesTheAnswerALittle()
     {
-        // 1 % of noise on each reading. With weights y^2 the fit's own spread is below
-        // sigma x noise for the mean and twice that for the width, at 8 or more bins.
+        // Each reading has 1 % of noise. With weights y^2 and 8 or more bins, the fit spreads by less than sigma x
+        // noise in the mean and twice that in the width.
         const auto values =
             Profiles::withNoise(Profiles::gaussian<double>(32, 17.3, 3.2, 2e-9), 0.01);
         const auto result = fit(values);
@@ -106,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(statusOf(beam, options), -2);
         QCOMPARE(statusOf(Profiles::gaussian<double>(32, -3, 3, 1e-9)), -3);
         QCOMPARE(statusOf(Profiles::gaussian<double>(32, 31, 3, 1e-9)), -3);
-        // The edge is asked first.
+        // The edge is checked before the minimum.
         QCOMPARE(statusOf(Profiles::gaussian<double>(32, 31, 3, 1e-9), options), -3);
         QCOMPARE(statusOf(QVector<double>(32, 0.0)), -3);
 
@@ -117,15 +115,14 @@ private Q_SLOTS:
         options.halfWidth = 0;
         QCOMPARE(statusOf(beam, options), -5);
 
-        // Two strips lit and nothing else: no parabola.
+        // Two strips alone define no parabola.
         for (double neighbour : {0.5, 0.37, 0.123456789}) {
             QVector<double> two(32, 0.0);
             two[15] = 1e-9;
             two[16] = neighbour * 1e-9;
             QCOMPARE(statusOf(two), -7);
         }
-        // A beam's shadow: the brightest bin in the middle of three, but brighter again beside
-        // them.
+        // The brightest bin lies in a dip between other bright bins.
         QCOMPARE(statusOf({5, 9, 10, 9, 9.9, 9.99, 9.999, 5, 9.999, 9.99}), 0);
         QCOMPARE(statusOf({9.9, 1, 1, 1, 10, 1, 1, 1, 9.9, 9.9, 9.9}), -8);
     }
@@ -145,7 +142,7 @@ private Q_SLOTS:
         RegressionOptions<double> options;
         options.pedestals = {1, 2, 3, 4};
         const QVector<double> seven{1, 2, 3, 4, 7, 8, 9};
-        // Quarters of one bin; the last three keep their values.
+        // Each quarter has one bin; the last three bins keep their values.
         QCOMPARE(fit(seven, options).correctedSum, 24.0);
 
         auto values = Profiles::gaussian<double>(32, 12.4, 2.5, 10);

@@ -3,7 +3,6 @@
 #include "corvale_qt/numerics/ProfileFit.h"
 #include "corvale_qt/numerics/ProfileNoise_p.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
-#include "corvale_qt/plot/ScaleFractions_p.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
 
@@ -16,11 +15,6 @@ namespace {
 const float kInf = std::numeric_limits<float>::infinity();
 const float kNan = std::numeric_limits<float>::quiet_NaN();
 
-QString text(IndexRange range)
-{
-    return QString("%1..%2").arg(range.first).arg(range.last);
-}
-
 } // namespace
 
 class tst_ProfileRoutines : public QObject
@@ -30,12 +24,16 @@ class tst_ProfileRoutines : public QObject
 private Q_SLOTS:
     void windowsStayTheirLength()
     {
-        QCOMPARE(text(windowAround(10, 3, 32)), QString("7..13"));
-        QCOMPARE(text(windowAround(1, 3, 32)), QString("0..6"));
-        QCOMPARE(text(windowAround(30, 3, 32)), QString("25..31"));
-        QCOMPARE(text(windowAround(5, 16, 32)), QString("0..31"));
-        QCOMPARE(text(windowAround(-1, 2, 32)), QString("0..4"));
-        QCOMPARE(text(windowAround(3, std::numeric_limits<int>::max(), 32)), QString("0..31"));
+        const auto window = [](int peak, int halfWidth) {
+            const IndexRange range = windowAround(peak, halfWidth, 32);
+            return QString("%1..%2").arg(range.first).arg(range.last);
+        };
+        QCOMPARE(window(10, 3), QString("7..13"));
+        QCOMPARE(window(1, 3), QString("0..6"));
+        QCOMPARE(window(30, 3), QString("25..31"));
+        QCOMPARE(window(5, 16), QString("0..31"));
+        QCOMPARE(window(-1, 2), QString("0..4"));
+        QCOMPARE(window(3, std::numeric_limits<int>::max()), QString("0..31"));
     }
 
     void momentsOfAGaussian()
@@ -74,23 +72,15 @@ private Q_SLOTS:
         QCOMPARE(above.sum, 7.0F);
     }
 
-    void threePointsGiveTheGaussian_data()
-    {
-        QTest::addColumn<double>("mean");
-        QTest::addColumn<double>("sigma");
-        QTest::newRow("narrow") << 20.3 << 0.7;
-        QTest::newRow("wide") << 100.4 << 8.0;
-        QTest::newRow("on a bin") << 3.0 << 1.0;
-    }
     void threePointsGiveTheGaussian()
     {
-        QFETCH(double, mean);
-        QFETCH(double, sigma);
-        ProfileFit fit(Profiles::gaussian<float>(128, mean, sigma, 3e-9));
-        QCOMPARE(int(computeGaussabola(fit, 1e-15F)), 0);
-        QVERIFY(std::abs(fit.mean - mean) < 1e-3);
-        QVERIFY(std::abs(fit.sigma / sigma - 1) < 1e-4);
-        QVERIFY(std::abs(fit.at(static_cast<float>(mean)) / 3e-9 - 1) < 1e-4);
+        for (const auto &[mean, sigma] : {std::pair(20.3, 0.7), {100.4, 8.0}, {3.0, 1.0}}) {
+            ProfileFit fit(Profiles::gaussian<float>(128, mean, sigma, 3e-9));
+            QCOMPARE(int(computeGaussabola(fit, 1e-15F)), 0);
+            QVERIFY(std::abs(fit.mean - mean) < 1e-3);
+            QVERIFY(std::abs(fit.sigma / sigma - 1) < 1e-4);
+            QVERIFY(std::abs(fit.at(static_cast<float>(mean)) / 3e-9 - 1) < 1e-4);
+        }
     }
 
     void reasonsForFailure()
@@ -121,29 +111,21 @@ private Q_SLOTS:
         QCOMPARE(gaussabola({1, 2, 2, 1}), 0);
         QCOMPARE(gaussabola({1, kInf, 1}), -8);
 
-        // No peak at all is told before a minimum is asked.
+        // A missing peak is reported before a peak that is too low.
         ProfileFit regression({0, 0, 0, 0});
         QCOMPARE(int(computeRegression(regression, {})), -3);
     }
 
     void failuresLeaveNoHalfFit()
     {
-        for (const auto &compute : std::vector<std::function<FitStatus(ProfileFit &)>>{
-                 [](ProfileFit &fit) {
-                     return computeCentreOfGravityAbove(fit, 0);
-                 },
-                 [](ProfileFit &fit) {
-                     return computeCentreOfGravityInWindow(fit, 5);
-                 },
-                 [](ProfileFit &fit) {
-                     return computeGaussabola(fit, 0);
-                 },
-                 [](ProfileFit &fit) {
-                     return computeRegression(fit, {});
-                 },
-                 [](ProfileFit &fit) {
-                     return adoptDeviceFit(fit);
-                 }}) {
+        using Compute = std::function<FitStatus(ProfileFit &)>;
+        for (const Compute &compute :
+             {Compute(std::bind(computeCentreOfGravityAbove, std::placeholders::_1, 0)),
+              Compute(std::bind(computeCentreOfGravityInWindow, std::placeholders::_1, 5)),
+              Compute(std::bind(computeGaussabola, std::placeholders::_1, 0)),
+              Compute(
+                  std::bind(computeRegression, std::placeholders::_1, RegressionOptions<float>())),
+              Compute(adoptDeviceFit)}) {
             for (const QVector<float> &values : {QVector<float>{},
                                                  {kNan, kNan, kNan, kNan},
                                                  {0, 1, kInf, 2, 0},
@@ -182,9 +164,8 @@ private Q_SLOTS:
         QCOMPARE(int(adoptDeviceFit(fit)), 0);
         QVERIFY(std::abs(fit.at(2) - 2) < 1e-6);
         QVERIFY(std::abs(fit.at(3.5F) - 2 * std::exp(-0.5)) < 1e-6);
-        for (const auto &shape :
-             {qMakePair(-1.0F, 1.0F), qMakePair(2.0F, 0.0F), qMakePair(2.0F, kNan)}) {
-            ProfileFit bad(values, shape.first, shape.second, 2);
+        for (const auto &[mean, sigma] : {std::pair(-1.0F, 1.0F), {2.0F, 0.0F}, {2.0F, kNan}}) {
+            ProfileFit bad(values, mean, sigma, 2);
             QCOMPARE(int(adoptDeviceFit(bad)), -8);
             QVERIFY(!bad.valid);
         }
@@ -192,24 +173,22 @@ private Q_SLOTS:
 
     void noiseBesideTheBeam()
     {
-        // Beam in bins 8 to 12 (mean 10, sigma 1: 7..13 are signal), 1 and 3 by turns elsewhere.
+        // The beam has mean 10 and sigma 1, so bins 7 to 13 are signal. The other bins alternate between 3 and 1.
         QVector<float> values(21);
         for (int i = 0; i < 21; ++i)
-            values[i] = i % 2 ? 1 : 3;
-        for (int i = 7; i <= 13; ++i)
-            values[i] = 100;
+            values[i] = i >= 7 && i <= 13 ? 100 : i % 2 ? 1 : 3;
         ProfileFit fit(values, 10, 1, 100);
         QCOMPARE(signalToNoise(fit).ratio, 1.0F);
         QCOMPARE(int(adoptDeviceFit(fit)), 0);
         const SignalToNoise noise = signalToNoise(fit);
         QVERIFY(noise.computed);
         QCOMPARE(noise.signalCount, 7);
-        // Eight 3s and six 1s: mean 15/7, sum of squares 8 (6/7)^2 + 6 (8/7)^2.
+        // Eight threes and six ones have the mean 15/7 and the sum of squares 8 (6/7)^2 + 6 (8/7)^2.
         const double sigma = std::sqrt((8 * 36.0 + 6 * 64.0) / 49 / 13);
         QVERIFY(std::abs(noise.noiseSigma - sigma) < 1e-6);
         QVERIFY(std::abs(noise.ratio - 700 / (std::sqrt(7) * sigma)) < 1e-3);
 
-        // Only one bin outside: nothing to tell noise from.
+        // One bin outside the signal is not enough to compute noise.
         ProfileFit covering(values, 10, 3.2F, 100);
         QCOMPARE(int(adoptDeviceFit(covering)), 0);
         QVERIFY(!signalToNoise(covering, 3.2F).computed);
@@ -238,15 +217,6 @@ private Q_SLOTS:
         QCOMPARE(int(areaFromHeight(2, kNan, 0, 1, area)), -8);
         QCOMPARE(int(areaFromHeight(2, 1000, 0, 1, area)), -8); // the density there is 0
         QCOMPARE(area, 7.0F);
-    }
-
-    void scaleFractionsGoByIndex()
-    {
-        QCOMPARE(scaleFraction(8), 0.01);
-        QCOMPARE(scaleFraction(9), 0.005);
-        QCOMPARE(scaleFraction(14), 0.0001);
-        for (int whole : {-1, 0, 1, 2, 15})
-            QCOMPARE(scaleFraction(whole), 1.0);
     }
 };
 

@@ -35,6 +35,9 @@ QwtScaleMap scaleMap(double s1, double s2, double p1, double p2)
     return map;
 }
 
+const QwtScaleMap upwards = scaleMap(-1.5, 1.5, 599.0, 0.0); // y
+const QwtScaleMap wholeSignal = scaleMap(1001.0, 21000.0, 0.0, 999.0); // x of a plain Signal
+
 QImage emptyCanvas()
 {
     QImage image(canvas, QImage::Format_RGB32);
@@ -76,55 +79,21 @@ everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const Q
     return image;
 }
 
-class Curve : public RVXDiscontinuousPlotCurve
+void prepare(QwtPlotCurve &curve, const RVXSeriesData &series)
 {
-public:
-    Curve() { setPen(yellowPen()); }
-    explicit Curve(const RVXSeriesData &series)
-        : Curve()
-    {
-        setSamples(new RVXSeriesData(series));
-    }
+    curve.setPen(yellowPen());
+    curve.setPaintAttribute(QwtPlotCurve::FilterPoints,
+                            false); // Qwt's own curve leaves samples out with it
+    curve.setSamples(new RVXSeriesData(series));
+}
 
-    QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
-    {
-        QImage image = emptyCanvas();
-        QPainter painter(&image);
-        painter.setPen(pen());
-        drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
-        if (m_layer)
-            m_layer->flush(&painter);
-        return image;
-    }
-
-    void setLayer(CurveLayer *layer)
-    {
-        m_layer = layer;
-        RVXDiscontinuousPlotCurve::setLayer(layer);
-    }
-
-private:
-    CurveLayer *m_layer = nullptr;
-};
-
-// Qwt's own way to draw the same samples.
-struct Stock : QwtPlotCurve
+QImage drawn(const QwtPlotCurve &curve, const QwtScaleMap &x, const QwtScaleMap &y)
 {
-    Stock()
-    {
-        setPen(yellowPen());
-        setPaintAttribute(FilterPoints, false);
-    }
-
-    QImage draw(const QwtScaleMap &x, const QwtScaleMap &y) const
-    {
-        QImage image = emptyCanvas();
-        QPainter painter(&image);
-        painter.setPen(pen());
-        drawCurve(&painter, Lines, x, y, QRectF(QPointF(0, 0), canvas), 0, int(dataSize()) - 1);
-        return image;
-    }
-};
+    QImage image = emptyCanvas();
+    QPainter painter(&image);
+    curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+    return image;
+}
 
 int differingPixels(const QImage &a, const QImage &b)
 {
@@ -141,6 +110,13 @@ int litPixels(const QImage &image)
     return differingPixels(image, emptyCanvas());
 }
 
+int wrongPixels(const RVXSeriesData &series, const QwtScaleMap &x, const QwtScaleMap &y)
+{
+    RVXDiscontinuousPlotCurve curve;
+    prepare(curve, series);
+    return differingPixels(drawn(curve, x, y), everySegment(series, x, y));
+}
+
 // Readings with everything that a day brings, chosen by the case.
 struct Signal
 {
@@ -152,6 +128,13 @@ struct Signal
     int skipped = 0; // readings that came and went before
     int jumpEvery = 0; // a pause of 50 steps
 };
+
+template<typename T>
+Signal with(T Signal::*member, T value, Signal signal = Signal())
+{
+    signal.*member = value;
+    return signal;
+}
 
 void feed(RVXSingleChannelDataModel &model, const Signal &signal)
 {
@@ -180,7 +163,7 @@ class tst_CurveLines : public QObject
 private Q_SLOTS:
     void denseIsEverySegment_data();
     void denseIsEverySegment();
-    void anAxisTurnedRound();
+    void axesTurnedRound();
     void partOfTheBuffer();
     void newDataUnderTheSameColumns();
     void hostsNumbers();
@@ -197,51 +180,21 @@ private Q_SLOTS:
 void tst_CurveLines::denseIsEverySegment_data()
 {
     QTest::addColumn<Signal>("signal");
-    const auto row = [](const char *name, auto change) {
-        Signal signal;
-        change(signal);
-        QTest::newRow(name) << signal;
-    };
-    row("plain", [](Signal &) {});
-    row("just dense", [](Signal &s) {
-        s.samples = 2200;
-    });
-    row("gaps", [](Signal &s) {
-        s.gapEvery = 37;
-    });
-    row("single samples between gaps", [](Signal &s) {
-        s.gapEvery = 3;
-    });
-    row("infinities", [](Signal &s) {
-        s.gapEvery = 41;
-        s.gap = -inf;
-    });
-    row("enormous values", [](Signal &s) {
-        s.gapEvery = 41;
-        s.gap = 1e300;
-    });
-    row("all of it enormous", [](Signal &s) {
-        s.amplitude = 1e300;
-    });
-    row("clipped", [](Signal &s) {
-        s.amplitude = 8.0;
-    });
-    row("mostly outside", [](Signal &s) {
-        s.amplitude = 1e5;
-    });
-    row("wrapped ring", [](Signal &s) {
-        s.skipped = 100000 - 7777;
-    });
-    row("pauses", [](Signal &s) {
-        s.jumpEvery = 500;
-    });
-    row("time backwards", [](Signal &s) {
-        s.jitter = 4.0;
-    });
-    row("time far backwards, gaps", [](Signal &s) {
-        s.jitter = 300.0;
-        s.gapEvery = 50;
-    });
+    const Signal gaps = with(&Signal::gapEvery, 41);
+    QTest::newRow("plain") << Signal();
+    QTest::newRow("just dense") << with(&Signal::samples, 2200);
+    QTest::newRow("gaps") << with(&Signal::gapEvery, 37);
+    QTest::newRow("single samples between gaps") << with(&Signal::gapEvery, 3);
+    QTest::newRow("infinities") << with(&Signal::gap, -inf, gaps);
+    QTest::newRow("enormous values") << with(&Signal::gap, 1e300, gaps);
+    QTest::newRow("all of it enormous") << with(&Signal::amplitude, 1e300);
+    QTest::newRow("clipped") << with(&Signal::amplitude, 8.0);
+    QTest::newRow("mostly outside") << with(&Signal::amplitude, 1e5);
+    QTest::newRow("wrapped ring") << with(&Signal::skipped, 100000 - 7777);
+    QTest::newRow("pauses") << with(&Signal::jumpEvery, 500);
+    QTest::newRow("time backwards") << with(&Signal::jitter, 4.0);
+    QTest::newRow("time far backwards, gaps")
+        << with(&Signal::jitter, 300.0, with(&Signal::gapEvery, 50));
 }
 
 void tst_CurveLines::denseIsEverySegment()
@@ -251,65 +204,59 @@ void tst_CurveLines::denseIsEverySegment()
     feed(model, signal);
     const int last = model.rowCount() - 1;
     const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve(series);
+    RVXDiscontinuousPlotCurve curve;
+    prepare(curve, series);
     const double from = model.doubleData(1, 0);
     const double to = model.doubleData(last, 0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     // The whole of it, and a window that begins and ends among the samples.
     const double inset = (to - from) * 0.02;
     for (double shift : {0.0, inset}) {
         const QwtScaleMap x = scaleMap(from + shift, to - shift, 0.0, 999.0);
-        const QImage picture = curve.draw(x, y);
+        const QImage picture = drawn(curve, x, upwards);
         QVERIFY(litPixels(picture) > 0);
-        QCOMPARE(differingPixels(picture, everySegment(series, x, y)), 0);
+        QCOMPARE(differingPixels(picture, everySegment(series, x, upwards)), 0);
         CurveLayer layer;
         curve.setLayer(&layer);
-        QCOMPARE(differingPixels(picture, curve.draw(x, y)), 0);
+        QImage layered = emptyCanvas();
+        QPainter painter(&layered);
+        curve.draw(&painter, x, upwards, QRectF(QPointF(0, 0), canvas));
+        layer.flush(&painter);
+        QCOMPARE(differingPixels(picture, layered), 0);
         curve.setLayer(nullptr);
     }
 }
 
-void tst_CurveLines::anAxisTurnedRound()
+void tst_CurveLines::axesTurnedRound()
 {
     RVXSingleChannelDataModel model;
     feed(model, Signal());
-    const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve(series);
-    const QwtScaleMap x = scaleMap(21001.0, 1001.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 0.0, 599.0);
-    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+    QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1),
+                         scaleMap(21001.0, 1001.0, 0.0, 999.0),
+                         scaleMap(-1.5, 1.5, 0.0, 599.0)),
+             0);
 }
 
 void tst_CurveLines::partOfTheBuffer()
 {
     RVXSingleChannelDataModel model;
-    Signal signal;
-    signal.samples = 50000;
-    feed(model, signal);
+    feed(model, with(&Signal::samples, 50000));
     const Units::mA mA;
     model.SetUnits(&mA);
     RVXSeriesData series(model, 1, 20000, 26000);
     series.setScale(700.0);
-    Curve curve(series);
-    const QwtScaleMap x = scaleMap(21010.0, 26990.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
-    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+    QCOMPARE(wrongPixels(series, scaleMap(21010.0, 26990.0, 0.0, 999.0), upwards), 0);
 }
 
 void tst_CurveLines::newDataUnderTheSameColumns()
 {
     // Two channels share a chart's columns; what is kept for the second must not outlive the data.
     RVXSingleChannelDataModel model;
-    Curve curve;
-    const QwtScaleMap x = scaleMap(0.0, 9999.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     for (double bend : {1.0, 2.0, 3.0}) {
         model.Clear();
         for (int i = 0; i < 10000; ++i)
             model.AddData(9999.0 * std::pow(i / 9999.0, bend), std::sin(i * 0.01));
         const RVXSeriesData series(model, 1, 1, -1);
-        curve.setSamples(new RVXSeriesData(series));
-        QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+        QCOMPARE(wrongPixels(series, scaleMap(0.0, 9999.0, 0.0, 999.0), upwards), 0);
     }
 }
 
@@ -325,52 +272,42 @@ void tst_CurveLines::hostsNumbers()
     };
     Halved model;
     feed(model, Signal());
-    const RVXSeriesData series(model, 1, 1, -1);
-    Curve curve(series);
-    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
-    QCOMPARE(differingPixels(curve.draw(x, y), everySegment(series, x, y)), 0);
+    QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1), wholeSignal, upwards), 0);
 }
 
 void tst_CurveLines::sparseIsQwtsOwn()
 {
     RVXSingleChannelDataModel model;
-    Signal signal;
-    signal.samples = 300;
-    signal.amplitude = 4.0;
-    feed(model, signal);
+    feed(model, with(&Signal::samples, 300, with(&Signal::amplitude, 4.0)));
     const QwtScaleMap x = scaleMap(1001.0, 1300.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    RVXDiscontinuousPlotCurve curve;
+    QwtPlotCurve stock;
     for (bool clipped : {false, true}) {
-        Curve curve;
-        Stock stock;
-        for (QwtPlotCurve *each :
-             {static_cast<QwtPlotCurve *>(&curve), static_cast<QwtPlotCurve *>(&stock)}) {
+        for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &stock}) {
+            prepare(*each, RVXSeriesData(model, 1, 1, -1));
             each->setPaintAttribute(QwtPlotCurve::ClipPolygons, clipped);
-            each->setSamples(new RVXSeriesData(model, 1, 1, -1));
         }
-        QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+        QCOMPARE(differingPixels(drawn(curve, x, upwards), drawn(stock, x, upwards)), 0);
     }
 }
 
 void tst_CurveLines::newDataUnderTheSamePositions()
 {
     RVXSingleChannelDataModel model;
-    Curve curve;
-    Stock stock;
-    curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
-    stock.setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
+    RVXDiscontinuousPlotCurve curve;
+    QwtPlotCurve stock;
     for (double bend : {1.0, 2.0, 3.0}) {
         model.Clear();
         for (int i = 0; i < 300; ++i)
             model.AddData(299.0 * std::pow(i / 299.0, bend), std::sin(i * 0.1));
-        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
-        stock.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &stock}) {
+            prepare(*each, RVXSeriesData(model, 1, 1, -1));
+            each->setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
+        }
         // The same samples under another map, too.
         for (double right : {299.0, 150.0}) {
             const QwtScaleMap x = scaleMap(0.0, right, 0.0, 999.0);
-            QCOMPARE(differingPixels(curve.draw(x, y), stock.draw(x, y)), 0);
+            QCOMPARE(differingPixels(drawn(curve, x, upwards), drawn(stock, x, upwards)), 0);
         }
     }
 }
@@ -380,10 +317,11 @@ void tst_CurveLines::lonelySamplesAreSeen()
     RVXSingleChannelDataModel model;
     for (int i = 1; i <= 30; ++i)
         model.AddData(i, i % 2 == 0 ? 0.5 : notANumber);
-    Curve curve(RVXSeriesData(model, 1, 1, -1));
+    RVXDiscontinuousPlotCurve curve;
+    prepare(curve, RVXSeriesData(model, 1, 1, -1));
     const QwtScaleMap x = scaleMap(1.0, 30.0, 10.0, 990.0);
     const QwtScaleMap y = scaleMap(0.0, 1.0, 599.0, 0.0);
-    const QImage picture = curve.draw(x, y);
+    const QImage picture = drawn(curve, x, y);
     QCOMPARE(litPixels(picture), 15);
     QCOMPARE(picture.pixelColor(pixelOf(x, 16.0), pixelOf(y, 0.5)), QColor(Qt::yellow));
 }
@@ -393,14 +331,12 @@ void tst_CurveLines::penThatBlends()
     // Runs would lie over each other's ends and blend twice; such a pen takes the plain way.
     RVXSingleChannelDataModel model;
     feed(model, Signal());
-    Curve curve;
-    curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
-    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
-    curve.setPen(QPen(QColor(255, 255, 0, 100), 1.0));
-    QVERIFY(litPixels(curve.draw(x, y)) > 10000);
-    curve.setPen(QPen(Qt::yellow, 3.0));
-    QVERIFY(litPixels(curve.draw(x, y)) > 10000);
+    RVXDiscontinuousPlotCurve curve;
+    prepare(curve, RVXSeriesData(model, 1, 1, -1));
+    for (const QPen &pen : {QPen(QColor(255, 255, 0, 100), 1.0), QPen(Qt::yellow, 3.0)}) {
+        curve.setPen(pen);
+        QVERIFY(litPixels(drawn(curve, wholeSignal, upwards)) > 10000);
+    }
 }
 
 void tst_CurveLines::orderOfCurvesInALayer()
@@ -484,18 +420,15 @@ void tst_CurveLines::onFinerPixels()
     QFETCH(double, ratio);
     RVXSingleChannelDataModel model;
     feed(model, Signal());
-    const QwtScaleMap x = scaleMap(1001.0, 21000.0, 0.0, 999.0);
-    const QwtScaleMap y = scaleMap(-1.5, 1.5, 599.0, 0.0);
     const auto picture = [&](CurveLayer *layer) {
         QImage image(ratio * canvas, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
         image.fill(Qt::black);
         QPainter painter(&image);
         RVXDiscontinuousPlotCurve curve;
-        curve.setPen(yellowPen());
-        curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+        prepare(curve, RVXSeriesData(model, 1, 1, -1));
         curve.setLayer(layer);
-        curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+        curve.draw(&painter, wholeSignal, upwards, QRectF(QPointF(0, 0), canvas));
         if (layer)
             layer->flush(&painter);
         return image;

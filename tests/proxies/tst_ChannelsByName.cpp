@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Channels of RVXMultichannelProxyModel that are known by name: given, dropped, and made by factories.
+// Channels that RVXMultichannelProxyModel creates by name, through factories and drops.
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
@@ -41,7 +41,7 @@ bool drop(RVXMultichannelProxyModel &proxy,
     return proxy.dropMimeData(&mime, action, 0, 0, QModelIndex());
 }
 
-//! Names of the models that the default factory made, in the order of their making.
+//! Returns the names of the models that the default factory created, in order.
 QStringList namesOfChildren(const RVXMultichannelProxyModel &proxy)
 {
     QStringList names;
@@ -51,7 +51,7 @@ QStringList namesOfChildren(const RVXMultichannelProxyModel &proxy)
     return names;
 }
 
-// Makes models whose third column is the channel.
+// Creates models whose third column is the channel.
 class ThirdColumnFactory : public SingleChannelModelFactory
 {
 public:
@@ -64,7 +64,7 @@ public:
     }
 };
 
-// Sets the property by which channelNames() knows a channel; names that start with '-' make nothing.
+// Sets the property that channelNames() reads; creates no models for names that start with '-'.
 class NamingFactory : public SingleChannelModelFactory
 {
 public:
@@ -177,7 +177,7 @@ void tst_ChannelsByName::droppedNames()
     QVERIFY(!proxy.canDropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
     QVERIFY(!proxy.dropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
     QVERIFY(proxy.dropMimeData(nullptr, Qt::IgnoreAction, 0, 0, QModelIndex()));
-    // A table of readings drags both; the list has the names one by one.
+    // A table of readings drags both; the list keeps the names apart.
     QMimeData both;
     both.setData(listType, payloadOf({"e", "f"}));
     both.setText("e f");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Devices merged side by side with their own averages and zeros, an average on top of it all: every number after every
-// step of a long random history. CORVALE_QT_TEST_STEPS in the environment says how long, for runs under a sanitizer.
+// Devices merged with their own averages and zeros, and an average of it all: every number after every step of a long
+// random history. CORVALE_QT_TEST_STEPS in the environment sets the number of steps, for runs under a sanitizer.
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
@@ -18,7 +18,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// The averages of a channel in its own history, as they are defined.
+// The averages of a channel over the history of its source, computed from their definition.
 struct Averages
 {
     template<typename Value>
@@ -35,7 +35,7 @@ struct Averages
     QVector<double> numbers;
 };
 
-// A device, its average, and the average's zero. Any of them may be gone; without a device the others are empty.
+// A device, its average, and the zeroed average, of which channel 2 is shown. Without a device the others are empty.
 struct Trio
 {
     enum Part {
@@ -66,17 +66,18 @@ struct Trio
     int rows() const { return device ? device->rowCount() - 1 + ahead : 0; }
     double value(Part part, int row) const
     {
-        return part == Device ? device->doubleData(row - ahead, 1)
+        return part == Device ? device->doubleData(row - ahead, channel)
             : part == Average ? own.numbers[row - 1]
                               : own.numbers[row - 1] - offset;
     }
 
+    static constexpr int channel = 2;
     std::unique_ptr<BufferModel> device;
     std::unique_ptr<RVXAveragingProxyModel> average;
     std::unique_ptr<RVXZeroingProxyModel> zero;
     Averages own{1, {}};
     double offset = 0.0;
-    // Rows that the device has dropped already, while the numbers here are those of before that.
+    // Rows that the device has dropped, while the numbers here are still those of before.
     int ahead = 0;
 };
 
@@ -86,7 +87,7 @@ struct Column
     Trio::Part part;
     Averages top{5, {}};
 
-    // Beyond its own rows a channel repeats its newest.
+    // Beyond the rows of its source a channel repeats the newest.
     double raw(int row) const
     {
         const int rows = trio->rows();
@@ -122,9 +123,9 @@ public:
         });
         account = std::make_unique<RowAccount>(top.get());
         for (Trio &trio : trios) {
-            // Whether the merged model or the average hears of the device first.
+            // Decides whether the merged model or the average hears of the device first.
             const bool mergedFirst = below(2);
-            trio.device = std::make_unique<BufferModel>(1, 2 + below(8));
+            trio.device = std::make_unique<BufferModel>(2, 2 + below(8));
             if (mergedFirst)
                 add(&trio, Trio::Device);
             trio.average->setSourceModel(trio.device.get());
@@ -154,10 +155,14 @@ public:
             return;
         else if (what < 72)
             drop(trio, 1 + below(trio.rows()));
-        else if (what < 83)
+        else if (what < 80)
             change(trio, 1 + below(trio.rows()));
-        else if (what < 86)
+        else if (what < 82)
+            announceAll(trio);
+        else if (what < 84)
             toggle(trio);
+        else if (what < 86)
+            insertBetween(trio, 1 + below(trio.rows()));
         else if (trio.rows() > 1)
             removeBetween(trio, 2 + below(trio.rows() - 1));
     }
@@ -174,6 +179,8 @@ public:
         if (top->columnCount() != columns.size() + 1)
             return QStringLiteral("%1 columns").arg(top->columnCount());
         for (int row = 1; row <= rows; ++row) {
+            if (merged->doubleData(row, 0) != time(row) || top->doubleData(row, 0) != time(row))
+                return QStringLiteral("time of row %1").arg(row);
             for (int c = 1; c <= columns.size(); ++c) {
                 if (!same(merged->doubleData(row, c), columns[c - 1].raw(row)))
                     return QStringLiteral("row %1, channel %2").arg(row).arg(c);
@@ -184,7 +191,7 @@ public:
         return account->error();
     }
 
-    //! Deletes all of the models one after the other, while others read what they can reach.
+    //! Deletes all models one after the other, while listeners read from those that are left.
     void deleteInAnyOrder()
     {
         account.reset();
@@ -211,7 +218,7 @@ public:
 private:
     void add(Trio *trio, Trio::Part part)
     {
-        merged->addSourceModel(trio->model(part), 1);
+        merged->addSourceModel(trio->model(part), Trio::channel);
         columns.append(Column{trio, part});
         reset();
     }
@@ -226,9 +233,21 @@ private:
             return column.raw(row);
         });
     }
+    double time(int row) const
+    {
+        for (const Column &column : columns) {
+            if (row <= column.trio->rows())
+                return column.trio->device->doubleData(row, 0);
+        }
+        return qQNaN();
+    }
     void renewAll(Trio &trio, int from)
     {
         trio.renew(from);
+        renewColumns(trio, from);
+    }
+    void renewColumns(Trio &trio, int from)
+    {
         for (Column &column : columns) {
             if (column.trio == &trio)
                 renew(column, from);
@@ -243,12 +262,13 @@ private:
         }
     }
 
+    BufferModel::Sample sample() { return {now += 0.25, {now / 3.0, below(1000) / 7.0}}; }
     void append(Trio &trio, int count)
     {
         trio.device->rollOver = BufferModel::RollOver(below(3));
         QVector<BufferModel::Sample> samples;
         while (samples.size() < count)
-            samples << BufferModel::Sample{now += 0.25, {below(1000) / 7.0}};
+            samples << sample();
         const int before = trio.rows();
         trio.device->append(samples);
         const int surplus = before + count - trio.rows();
@@ -268,10 +288,26 @@ private:
     }
     void change(Trio &trio, int row)
     {
-        trio.device->change(row, 1, below(1000) / 7.0);
+        // All channels of a model are announced with any of its columns; averages start again from there.
+        const int channel = 1 + below(2);
+        trio.device->change(row, channel, below(1000) / 7.0);
+        if (channel == Trio::channel)
+            trio.renew(row);
+        renewColumns(trio, row);
+    }
+    void announceAll(Trio &trio)
+    {
+        const QModelIndex first = trio.device->index(below(2), 1);
+        Q_EMIT trio.device->dataChanged(first, trio.device->index(trio.rows(), 2));
+        renewAll(trio, 1);
+    }
+    void insertBetween(Trio &trio, int row)
+    {
+        if (trio.rows() == trio.device->MaxBufferSize())
+            return;
+        trio.device->insert(row, sample());
         renewAll(trio, row);
     }
-
     void removeBetween(Trio &trio, int first)
     {
         trio.device->remove(first, first + below(trio.rows() - first + 1));
@@ -285,7 +321,7 @@ private:
         trio.device->setData(box, !isOn, Qt::CheckStateRole);
     }
 
-    // All that resets: by the host, or by what a device does.
+    // Does what resets the table: acts of the host, and of a device.
     void changeModels(Trio &trio, int what)
     {
         if (what == 0 && trio.device) {
@@ -307,7 +343,7 @@ private:
             trio.own.numbers.clear();
             trio.offset = 0.0;
         } else if (what == 4 && !trio.device) {
-            trio.device = std::make_unique<BufferModel>(1, 2 + below(8));
+            trio.device = std::make_unique<BufferModel>(2, 2 + below(8));
             trio.average->setSourceModel(trio.device.get());
             trio.renew(1);
             add(&trio, Trio::Device);
@@ -319,16 +355,32 @@ private:
                 add(&trio, part);
         } else if (what == 7) {
             takeOut(columns.value(below(columns.size() + 1)));
+        } else if (trio.rows() > 1) {
+            rearrange(trio);
         }
-        // Averages begin anew where the table does.
+        // Averages start afresh after a reset of the table.
         if (resets > 0)
+            reset();
+    }
+    // Averages of all channels start afresh with the rows in another order.
+    void rearrange(Trio &trio)
+    {
+        if (below(2))
+            trio.device->reverse();
+        else
+            trio.device->moveToEnd(1 + below(trio.rows() - 1));
+        trio.renew(1);
+        const auto shows = [&trio](const Column &column) {
+            return column.trio == &trio;
+        };
+        if (std::any_of(columns.begin(), columns.end(), shows))
             reset();
     }
     void swapDevices()
     {
         if (!trios[0].device || !trios[1].device)
             return;
-        // The averages change their sources; the channels that show a device still show it.
+        // The averages exchange their sources. Channels that show a device keep showing it.
         for (Column &column : columns) {
             if (column.part == Trio::Device)
                 column.trio = column.trio == &trios[0] ? &trios[1] : &trios[0];
@@ -341,7 +393,7 @@ private:
     }
     void takeOut(const Column &gone)
     {
-        // The model at position 0 would stay, and not be heard any more.
+        // The model at position 0 would stay without being heard.
         const auto isGone = [&gone](const Column &column) {
             return column.trio == gone.trio && column.part == gone.part;
         };
@@ -367,6 +419,7 @@ class tst_MergedDiamonds : public QObject
 private Q_SLOTS:
     void anythingInAnyOrder_data();
     void anythingInAnyOrder();
+    void deletedInAnyOrder();
 };
 
 void tst_MergedDiamonds::anythingInAnyOrder_data()
@@ -388,6 +441,16 @@ void tst_MergedDiamonds::anythingInAnyOrder()
             QFAIL(qPrintable(QString("step %1, %2: %3").arg(i).arg(scene.act, difference)));
     }
     scene.deleteInAnyOrder();
+}
+
+void tst_MergedDiamonds::deletedInAnyOrder()
+{
+    for (int seed = 1; seed <= 100; ++seed) {
+        Scene scene(seed);
+        for (int i = 0; i < 5; ++i)
+            scene.step();
+        scene.deleteInAnyOrder();
+    }
 }
 
 CORVALE_QT_TEST_MAIN(tst_MergedDiamonds)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What proxies give by the chunk is, to the last bit, what they give cell by cell.
+// Proxies return the same numbers by the chunk as cell by cell, to the last bit.
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
@@ -39,7 +39,7 @@ QString difference(const RVXAbstractPlotDataModel &model, int column, int firstR
     return QString();
 }
 
-//! The first difference over all starts and lengths around the rows that there are.
+//! Returns the first difference over all starts and lengths within and around the rows of \a model.
 QString difference(const RVXAbstractPlotDataModel &model)
 {
     const auto *items = dynamic_cast<const QAbstractItemModel *>(&model);
@@ -138,7 +138,7 @@ void tst_PlotColumnsOfProxies::risingTimes()
     const PlotColumns *const columns = PlotColumns::of(&top);
     one.AddData(1, 1);
     QVERIFY(columns->xRises());
-    // Times of two sources in one column.
+    // The column has the times of two sources.
     two.AddData(1, 1);
     two.AddData(0.5, 1);
     QVERIFY(!columns->xRises());

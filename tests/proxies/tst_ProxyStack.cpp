@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Device model, averaging, zeroing: every number of the stack after every step of a long random history.
+// Device model, averaging and zeroing: every number of the stack after every step of a long random history.
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/BufferModel.h"
-#include "tests/support/ModelWatch.h"
 #include "tests/support/RowAccount.h"
 #include "tests/support/TableMirror.h"
 #include "tests/support/TestMain.h"
@@ -24,7 +23,7 @@ bool same(double a, double b)
     return a == b || (std::isnan(a) && std::isnan(b));
 }
 
-// The three models computed anew, as they are defined, from what happens to the source.
+// What the stack shows, computed from the definitions for everything that happens to the source.
 struct Expected
 {
     static double lastFinite(const QVector<double> &values, int before, double otherwise)
@@ -97,7 +96,7 @@ struct Expected
 
     int length = 1;
     QVector<QVector<double>> averages;
-    // The last finite average of each channel that has left the table.
+    // The last finite average of each channel among the dropped rows.
     QVector<double> gone;
     QVector<double> zeros;
     bool zeroed = false;
@@ -131,7 +130,6 @@ class tst_ProxyStack : public QObject
 private Q_SLOTS:
     void anyHistory_data();
     void anyHistory();
-    void theTesterWatchesTheStack();
 };
 
 void tst_ProxyStack::anyHistory_data()
@@ -236,28 +234,6 @@ void tst_ProxyStack::anyHistory()
         if (!error.isEmpty())
             QFAIL(qPrintable(QString("after act %1 (%2): %3").arg(act).arg(what).arg(error)));
     }
-}
-
-void tst_ProxyStack::theTesterWatchesTheStack()
-{
-    BufferModel source(2, 5);
-    source.rollOver = BufferModel::RemoveThenInsert;
-    RVXAveragingProxyModel averaging;
-    RVXZeroingProxyModel top;
-    averaging.setSourceModel(&source);
-    top.setSourceModel(&averaging);
-    const ModelWatch watchTop(&top);
-    const ModelWatch watchBelow(&averaging);
-    for (int i = 1; i <= 12; ++i) {
-        source.append(i, i);
-        if (i % 4 == 0)
-            averaging.setAveraging(i);
-        if (i % 5 == 0)
-            top.zeroNow();
-    }
-    source.change(2, 1, 7);
-    top.Clear();
-    QCOMPARE(watchTop.complaints() + watchBelow.complaints(), QString());
 }
 
 CORVALE_QT_TEST_MAIN(tst_ProxyStack)

@@ -31,14 +31,14 @@ QString cells(const RVXLatestPlotDataProxyModel &proxy)
     return rows.join(' ');
 }
 
-// Gives indexes that index() would not.
+// Makes indexes that index() would not return.
 class Loose : public RVXLatestPlotDataProxyModel
 {
 public:
     using RVXLatestPlotDataProxyModel::createIndex;
 };
 
-//! What a process leaves on its error stream when it runs \a act and ends.
+//! Returns what a process that runs \a act writes on its error stream before it is killed.
 template<typename Act>
 QByteArray lastWords(Act act)
 {
@@ -143,34 +143,27 @@ void tst_RVXLatestPlotDataProxyModel::whatIsAnnounced()
     proxy.setSourceModel(&source);
     proxy.setSourceModel(&source);
     QCOMPARE(log.take(), QString("reset?, reset!"));
-    source.append(1, 1);
-    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
+    const auto announced = [&](const char *script) {
+        source.act(script);
+        return log.take();
+    };
+    QCOMPARE(announced("append 1 1"), QString("changed (0,1)-(2,1)"));
     source.append(2, 2);
     log.take();
-    source.change(1, 2, 5);
-    QCOMPARE(log.take(), QString());
-    source.change(2, 2, 5);
-    QCOMPARE(log.take(), QString("changed (1,1)-(1,1)"));
-    source.setData(source.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
-    QCOMPARE(log.take(), QString("changed (2,0)-(2,0), header 0-0"));
-    // From an older row, which is not shown, to the newest.
+    QCOMPARE(announced("change 1 2 5"), QString());
+    QCOMPARE(announced("change 2 2 5"), QString("changed (1,1)-(1,1)"));
+    QCOMPARE(announced("check 3 0"), QString("changed (2,0)-(2,0), header 0-0"));
+    // The range begins with older rows, which are not shown.
     source.SetUnits(&nA);
     QCOMPARE(log.take(), QString("header 0-1, changed (0,1)-(2,1)"));
-    Q_EMIT source.dataChanged(source.index(0, 0), source.index(2, 3));
-    QCOMPARE(log.take(), QString("changed (0,0)-(2,1), header 0-0"));
-    source.remove(2, 2);
-    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
-    source.append(3, 3);
-    log.take();
-    source.moveToEnd(1);
-    QCOMPARE(log.take(), QString("changed (0,1)-(2,1)"));
-    source.reverse();
-    QCOMPARE(log.take(), QString("changed (0,0)-(2,1)"));
-    source.insertChannelInFront(1);
-    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(announced("signal 0 0 2 3"), QString("changed (0,0)-(2,1), header 0-0"));
+    QCOMPARE(announced("remove 2 2"), QString("changed (0,1)-(2,1)"));
+    QCOMPARE(announced("append 3 3"), QString("changed (0,1)-(2,1)"));
+    QCOMPARE(announced("move 1"), QString("changed (0,1)-(2,1)"));
+    QCOMPARE(announced("reverse"), QString("changed (0,0)-(2,1)"));
+    QCOMPARE(announced("prepend-channel 1"), QString("reset?, reset!"));
     QCOMPARE(proxy.rowCount(), 4);
-    source.Clear();
-    QCOMPARE(log.take(), QString("reset?, reset!"));
+    QCOMPARE(announced("clear"), QString("reset?, reset!"));
 }
 
 void tst_RVXLatestPlotDataProxyModel::aRowThatIsEdited()
@@ -236,7 +229,7 @@ void tst_RVXLatestPlotDataProxyModel::theUnitBelowAChainOfProxies()
     former.SetUnits(&mA);
     QCOMPARE(log.take(), QString());
 
-    // Where nobody tells of the unit, all samples still change with it.
+    // Without a signal for the unit, all samples still change with it.
     source.append(1, 1);
     source.append(2, 1);
     source.blockSignals(true);
@@ -271,7 +264,7 @@ void tst_RVXLatestPlotDataProxyModel::channelsInDifferentUnits()
     source.append({{2, {4e-9, gap, 2}}});
     QCOMPARE(cells(proxy), QString("ch1=4.0000 nA ch2=nan ch3=2"));
 
-    // The channels come to have one unit, if by different objects, and the title says it for all.
+    // With one unit for all channels, even by different objects, the title shows it.
     source.channelUnits = {{2, &mV}};
     ModelLog log(&proxy);
     source.SetUnits(&another);
@@ -338,7 +331,7 @@ void tst_RVXLatestPlotDataProxyModel::channelCells()
     source.append(1, 1);
     QCOMPARE(proxy.flags(proxy.index(0, 1)), source.flags(source.index(1, 1)));
     QCOMPARE(proxy.flags(QModelIndex()), Qt::ItemIsEnabled);
-    // A click on a reading must not reach for the check box of the channel.
+    // A click on a reading must not toggle the check box of the channel.
     QCOMPARE(proxy.buddy(proxy.index(0, 1)), proxy.index(0, 1));
 }
 
@@ -443,7 +436,7 @@ void tst_RVXLatestPlotDataProxyModel::connectionsOfAHostStay()
     RVXLatestPlotDataProxyModel proxy;
     proxy.setSourceModel(&former);
     int heard = 0;
-    // With the table as its receiver, as the library's own connections have it.
+    // The table is the receiver, as in the library's connections.
     connect(&former, &QAbstractItemModel::rowsInserted, &proxy, [&heard] {
         ++heard;
     });

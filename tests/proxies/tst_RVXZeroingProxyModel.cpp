@@ -9,12 +9,9 @@
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 
-#include <functional>
 #include <limits>
 
 using namespace Corvale_Qt;
-
-Q_DECLARE_METATYPE(std::function<void(BufferModel &)>)
 
 class tst_RVXZeroingProxyModel : public QObject
 {
@@ -81,70 +78,35 @@ void tst_RVXZeroingProxyModel::resetsOfTheSource()
 
 void tst_RVXZeroingProxyModel::channelsComeAndGo_data()
 {
-    using Change = std::function<void(BufferModel &)>;
-    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("script");
     QTest::addColumn<QString>("rows");
-    const auto row = [](const char *name, const Change &change, const QString &rows) {
-        QTest::newRow(name) << change << rows;
+    const auto row = [](const char *name, const char *script, const char *rows) {
+        QTest::newRow(name) << QString(script) << QString(rows);
     };
-    row(
-        "one is appended, and has no zero of its own",
-        [](BufferModel &source) {
-            source.appendChannel(7);
-        },
-        "1: 0 0 7");
-    row(
-        "the appended one goes again",
-        [](BufferModel &source) {
-            source.appendChannel(7);
-            source.appendChannel(8);
-            source.removeChannel(3);
-        },
+    row("one is appended, without a zero", "append-channel 7", "1: 0 0 7");
+    row("the appended one is removed",
+        "append-channel 7; append-channel 8; remove-channel 3",
         "1: 0 0 8");
-    row(
-        "one is appended, and the samples are cleared",
-        [](BufferModel &source) {
-            source.appendChannel(7);
-            source.Clear();
-            source.append(2, 9);
-        },
+    row("one is appended, and samples are cleared",
+        "append-channel 7; clear; append 2 9",
         "2: 5 5 11");
-    row(
-        "one moves in front",
-        [](BufferModel &source) {
-            source.insertChannelInFront(1);
-        },
-        "1: 1 4 5, ended");
-    row(
-        "the first goes",
-        [](BufferModel &source) {
-            source.removeFirstChannel();
-        },
-        "1: 5, ended");
-    row(
-        "they change places",
-        [](BufferModel &source) {
-            source.moveFirstChannelToEnd();
-        },
-        "1: 5 4, ended");
-    row(
-        "an appended one comes in front of them",
-        [](BufferModel &source) {
-            source.appendChannel(7);
-            source.insertChannelInFront(1);
-        },
+    row("one is inserted in front", "prepend-channel 1", "1: 1 4 5, ended");
+    row("the first is removed", "remove-channel 1", "1: 5, ended");
+    row("they change places", "move-channel", "1: 5 4, ended");
+    row("one is appended and one is inserted in front",
+        "append-channel 7; prepend-channel 1",
         "1: 1 4 5 7, ended");
 }
 
-//! What ends the zero changes every number on display, and is announced by a reset of its own, after the change.
+//! A change that ends the zeros changes every number, so a reset follows the change.
 void tst_RVXZeroingProxyModel::channelsComeAndGo()
 {
-    QFETCH(std::function<void(BufferModel &)>, change);
+    QFETCH(QString, script);
     QFETCH(QString, rows);
     BufferModel other(2), source(2);
     source.append(1, 4);
     RVXZeroingProxyModel proxy;
-    proxy.setSourceModel(&other); // whose changes must not count any more
+    proxy.setSourceModel(&other); // whose later changes must not count
     proxy.setSourceModel(&source);
     const ModelWatch watch(&proxy);
     proxy.zeroNow();
@@ -154,12 +116,12 @@ void tst_RVXZeroingProxyModel::channelsComeAndGo()
     });
     other.insertChannelInFront(1);
     QVERIFY(proxy.isZeroed());
-    change(source);
+    source.act(script);
     QCOMPARE(rowsText(proxy) + (proxy.isZeroed() ? "" : ", ended"), rows);
     QCOMPARE(atLastReset, proxy.isZeroed() ? QString() : rows);
     QCOMPARE(watch.complaints(), QString());
 
-    proxy.zeroNow(); // all of them have one now
+    proxy.zeroNow(); // now all of them have a zero
     QVERIFY(proxy.isZeroed());
     for (int column = 1; column < proxy.columnCount(); ++column)
         QCOMPARE(proxy.doubleData(proxy.rowCount() - 1, column), 0.0);
@@ -202,12 +164,12 @@ void tst_RVXZeroingProxyModel::unitsOfTheirOwn()
     QCOMPARE(averaging.index(1, 2).data(Qt::ToolTipRole).toString(), QString("2.500e+02 mV"));
     QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1.0000 nA"));
     QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
-    // The zero of a channel follows its own unit, and no other.
+    // The zero of a channel follows the unit of the channel only.
     source.SetUnits(&pA);
     QCOMPARE(proxy.index(1, 1).data(Qt::ToolTipRole).toString(), QString("-1000.0000 pA"));
     QCOMPARE(proxy.index(1, 2).data(Qt::ToolTipRole).toString(), QString("-5.000e+02 mV"));
 
-    // So does that of a channel that came later.
+    // So does the zero of a channel that was appended.
     source.channelUnits.clear();
     proxy.setSourceModel(&source);
     source.channelUnits[3] = &mV;

@@ -1,89 +1,48 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
+#include "tests/scope/Panel.h"
+#include "tests/support/BufferModel.h"
 
 #include <QTimer>
 
 #include <functional>
-#include <vector>
 
-//! A device of any number of channels, for tests of what is done to it.
-class PanelDevice : public Corvale_Qt::RVXAbstractDeviceDataModel
+//! A device whose acquisition period and saving a test can watch.
+class PanelDevice : public BufferModel
 {
-    Q_OBJECT
-
 public:
-    struct Sample
-    {
-        double time;
-        std::vector<double> values;
-    };
-
     explicit PanelDevice(int channels = 1)
-        : m_channels(channels)
+        : BufferModel(channels)
     {
     }
 
-    void fill(const std::vector<Sample> &samples)
-    {
-        const int first = rowCount();
-        beginInsertRows({}, first, first + int(samples.size()) - 1);
-        m_samples.insert(m_samples.end(), samples.begin(), samples.end());
-        endInsertRows();
-    }
-    void setChannels(int channels)
-    {
-        beginResetModel();
-        m_samples.clear();
-        m_channels = channels;
-        endResetModel();
-    }
-    //! In milliseconds, or "none" while every reading counts.
+    //! Returns the period in milliseconds, or "none" while every reading counts.
     QString period() const
     {
         const auto *timer = findChild<QTimer *>();
         return timer->isActive() ? QString::number(timer->interval()) : QString("none");
     }
+    bool SaveDataToFile(const QString &fileName) const override { return onSave(fileName); }
 
-    //! What happens when the samples are saved.
+    //! Called when the samples are saved; returns whether that succeeds.
     std::function<bool(const QString &)> onSave = [](const QString &) {
         return true;
     };
+};
 
-    bool SaveDataToFile(const QString &fileName) const override
+//! A panel on the screen that shows a device of its own.
+class DevicePanel : public Panel
+{
+public:
+    explicit DevicePanel(int channels = 1, const QVector<PanelDevice::Sample> &samples = {})
+        : device(channels)
     {
-        const bool success = onSave(fileName);
-        Q_EMIT const_cast<PanelDevice *>(this)->saved();
-        return success;
-    }
-    void Clear() override { setChannels(m_channels); }
-    int NumberOfChannels() const override { return m_channels; }
-    double doubleData(int row, int column) const override
-    {
-        if (row < 1 || row >= rowCount())
-            return row == 0 ? column : 0.0;
-        const Sample &sample = m_samples[size_t(row) - 1];
-        return column == 0 ? sample.time : sample.values[size_t(column) - 1];
-    }
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.isValid() ? 0 : int(m_samples.size()) + 1;
-    }
-    QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override
-    {
-        return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
-    }
-    bool isOverrange(int, int) const override { return false; }
-    QVariant deviceSpecificData(const QModelIndex &index, int) const override
-    {
-        return doubleData(index.row(), index.column());
+        if (!samples.isEmpty())
+            device.append(samples);
+        setModel(&device);
+        show();
     }
 
-Q_SIGNALS:
-    void saved();
-
-private:
-    int m_channels;
-    std::vector<Sample> m_samples;
+    PanelDevice device;
 };

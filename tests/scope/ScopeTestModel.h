@@ -92,7 +92,7 @@ public:
         endRemoveRows();
     }
 
-    //! Rows \a interval apart, each channel with the value of its own function of time.
+    //! Appends rows \a interval apart; \a value gives the reading of a channel at a time.
     template<typename Value>
     void appendRows(int count, double interval, Value value)
     {
@@ -108,7 +108,7 @@ public:
         append(rows);
     }
 
-    //! The newest sample alone, one value a channel.
+    //! Appends one sample with a value for each channel.
     void show(const QVector<double> &values) { append({Row{m_total++ * 1.0} + values}); }
 
     void setChannels(int channels)

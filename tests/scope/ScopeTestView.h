@@ -15,7 +15,7 @@
 #include <QImage>
 #include <QtTest>
 
-//! The view with what subclasses may use, shown, and a few looks at what is on the screen.
+//! A visible view that gives tests what subclasses may use, and that looks at what is on the screen.
 class ScopeTestView : public Corvale_Qt::RVXScopePlotView
 {
 public:
@@ -37,7 +37,7 @@ public:
         settle();
     }
 
-    //! Until what was asked for has been painted, and laid out, and painted again.
+    //! Waits until the view has been painted, laid out and painted again.
     void settle()
     {
         QVERIFY(QTest::qWaitForWindowExposed(this));
@@ -60,15 +60,15 @@ public:
         return found;
     }
 
-    //! Where a point of the plot is on the canvas.
+    //! Returns where a point of the plot is on the canvas.
     QPoint at(double xValue, double yValue)
     {
         return QPoint(qRound(qwtPlot()->transform(QwtPlot::xBottom, xValue)),
                       qRound(qwtPlot()->transform(QwtPlot::yLeft, yValue)));
     }
-    //! In device pixels, as many to each of the widget's as the image's ratio says.
+    //! Returns a picture of the canvas in device pixels.
     QImage canvas() { return qwtPlot()->canvas()->grab().toImage(); }
-    //! Colour of a picture of the canvas at a point of the plot, or some of the widget's pixels beside it.
+    //! Returns the colour of a picture of the canvas at a point of the plot, moved by \a beside widget pixels.
     QColor colourIn(const QImage &picture, double x, double y, const QPoint &beside = QPoint())
     {
         const QPoint place = at(x, y) + beside;
@@ -84,13 +84,13 @@ public:
     }
 };
 
-//! Channel 1 at 1, channel 2 at 2 ...
+//! A constant signal: channel 1 is at 1, channel 2 at 2, and so on.
 inline double level(int channel, double)
 {
     return channel;
 }
 
-//! Markers on, and y from -10 to 10.
+//! Enables markers and lets y run from -10 to 10.
 inline void useTens(ScopeTestView &view)
 {
     view.SetRange(-10.0, 10.0);

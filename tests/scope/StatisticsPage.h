@@ -9,44 +9,37 @@
 #include <QGroupBox>
 #include <QtTest>
 
-//! What was announced last, and how often: "2x on 1 0.1 10, 4 peaks".
-class Announcements : public QObject
+//! The last values of the page's signals and how often they were emitted: "2x on 1 0.1 10, 4 peaks".
+class Announcements
 {
 public:
-    explicit Announcements(Corvale_Qt::RVXStatisticsSetupPage &page)
+    using Page = Corvale_Qt::RVXStatisticsSetupPage;
+
+    explicit Announcements(Page &page)
+        : m_cog(&page, &Page::CoGOptions)
+        , m_fit(&page, &Page::RegressionOptions)
     {
-        const auto note = [](QString &text, int &count) {
-            return [&text, &count](bool on, const QVector<double> &parameters, int peaks) {
-                QStringList words{on ? "on" : "off"};
-                for (const double parameter : parameters)
-                    words << QString::number(parameter);
-                text = words.join(' ') + QString(", %1 peaks").arg(peaks);
-                ++count;
-            };
-        };
-        connect(&page,
-                &Corvale_Qt::RVXStatisticsSetupPage::CoGOptions,
-                this,
-                note(m_cog, m_cogCount));
-        connect(&page,
-                &Corvale_Qt::RVXStatisticsSetupPage::RegressionOptions,
-                this,
-                note(m_fit, m_fitCount));
     }
 
-    QString takeCoG() { return take(m_cog, m_cogCount); }
-    QString takeFit() { return take(m_fit, m_fitCount); }
+    QString takeCoG() { return take(m_cog); }
+    QString takeFit() { return take(m_fit); }
 
 private:
-    static QString take(QString &text, int &count)
+    static QString take(QSignalSpy &spy)
     {
-        const QString taken = count ? QString("%1x %2").arg(count).arg(text) : QString();
-        count = 0;
-        return taken;
+        if (spy.isEmpty())
+            return QString();
+        const QVariantList last = spy.last();
+        QStringList words{last[0].toBool() ? "on" : "off"};
+        for (const double parameter : last[1].value<QVector<double>>())
+            words << QString::number(parameter);
+        const QString text = QString("%1x %2, %3 peaks");
+        const int count = spy.size();
+        spy.clear();
+        return text.arg(count).arg(words.join(' ')).arg(last[2].toInt());
     }
 
-    QString m_cog, m_fit;
-    int m_cogCount = 0, m_fitCount = 0;
+    QSignalSpy m_cog, m_fit;
 };
 
 template<typename Widget>

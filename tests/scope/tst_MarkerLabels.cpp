@@ -12,7 +12,7 @@ using View = RVXScopePlotView;
 
 namespace {
 
-//! Around the two upright lines in the labels' colour that are longer than a letter; empty where there are not two.
+//! Returns the rectangle around the two vertical lines of a label's frame; empty unless exactly two are found.
 QRectF frameIn(const QImage &canvas)
 {
     const QRgb color = RVXPlotColors::labelTextColor().rgb();
@@ -82,7 +82,7 @@ void tst_MarkerLabels::labelsCanBeRead_data()
     QTest::newRow("both at the left border") << 54.0 << 50.0 << true;
 }
 
-//! The frame of the selected label is whole, and not over the other label.
+//! The frame of the selected label must be complete and must not cover the other label.
 void tst_MarkerLabels::labelsCanBeRead()
 {
     QFETCH(double, first);
@@ -102,7 +102,7 @@ void tst_MarkerLabels::labelsCanBeRead()
     QTEST(frame.top() >= otherBottom, "below");
 }
 
-//! A label whose line has left the axis is not drawn at the border.
+//! A label must disappear with its line instead of staying at the border of the canvas.
 void tst_MarkerLabels::labelsStayWithTheirLines()
 {
     ScopeTestModel model(1);

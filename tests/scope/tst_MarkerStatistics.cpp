@@ -58,7 +58,7 @@ void tst_MarkerStatistics::agreeWithSumsInWiderPrecision()
     QCOMPARE(statistics.sum(), double(sum));
     QCOMPARE(statistics.mean(), double(mean));
     QCOMPARE(statistics.rms(), double(std::sqrt(squares / n)));
-    // Relative, and far finer than the six digits that the formula with squares would leave of the last row.
+    // In the last row, the formula with squares would leave about six digits.
     const double deviation = double(std::sqrt(deviations / (n - 1)));
     QVERIFY(qAbs(statistics.standardDeviation() - deviation) < 1e-8 * deviation);
 }

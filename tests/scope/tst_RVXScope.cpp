@@ -4,9 +4,7 @@
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "tests/scope/FileDialogAnswer.h"
-#include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
-#include "tests/support/BufferModel.h"
 #include "tests/support/TestMain.h"
 
 #include <QAction>
@@ -51,10 +49,7 @@ private Q_SLOTS:
 
 void tst_RVXScope::averaging()
 {
-    PanelDevice device;
-    device.fill({{0.5, {0}}, {1, {10}}, {1.5, {10}}});
-    Panel panel;
-    panel.setModel(&device);
+    DevicePanel panel(1, {{0.5, {0}}, {1, {10}}, {1.5, {10}}});
     QCOMPARE(panel.values(), QString("0.5: 0; 1: 10; 1.5: 10"));
     panel.choose("averagingCombo", "10x Avg");
     QCOMPARE(panel.values(), QString("0.5: 0; 1: 1; 1.5: 1.9"));
@@ -66,18 +61,15 @@ void tst_RVXScope::averaging()
 
 void tst_RVXScope::zeroing()
 {
-    PanelDevice device(2);
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel(2);
     auto *undo = panel.control<QAbstractButton>("clearZeroButton");
     panel.click("zeroButton"); // nothing to take a zero of yet
     QVERIFY(!undo->isEnabled());
     QCOMPARE(undo->styleSheet(), QString());
 
-    device.fill({{1, {5, 7}}});
+    panel.device.append({{1, {5, 7}}});
     panel.click("zeroButton");
-    device.fill({{2, {6, 7}}});
+    panel.device.append({{2, {6, 7}}});
     QCOMPARE(panel.values(), QString("1: 0 0; 2: 1 0"));
     QCOMPARE(undo->styleSheet(), QString("background-color:#88ff8a;"));
     undo->setFocus();
@@ -121,8 +113,8 @@ void tst_RVXScope::zeroFollowsTheProxy()
 void tst_RVXScope::zeroOfAnotherModel()
 {
     PanelDevice device, next;
-    device.fill({{1, {5}}});
-    next.fill({{1, {8}}});
+    device.append({{1, {5}}});
+    next.append({{1, {8}}});
     Panel panel;
     panel.setModel(&device);
     panel.control<QAbstractButton>("zeroButton")->click();
@@ -136,11 +128,7 @@ void tst_RVXScope::zeroOfAnotherModel()
 
 void tst_RVXScope::stateWhileTheControlsAreHidden()
 {
-    PanelDevice device;
-    device.fill({{1, {5}}});
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel(1, {{1, {5}}});
     auto *state = panel.control<QLabel>("stateLabel");
     panel.click("zeroButton");
     panel.choose("averagingCombo", "100x Avg");
@@ -158,15 +146,13 @@ void tst_RVXScope::stateWhileTheControlsAreHidden()
 
 void tst_RVXScope::periods()
 {
-    PanelDevice device;
-    Panel panel;
-    panel.setModel(&device);
+    DevicePanel panel;
     QStringList intervals;
     for (const char *text : {"100 ms", "1 s", "10 s", "Fast"}) {
-        device.fill({{1, {5}}});
+        panel.device.append({{1, {5}}});
         panel.choose("comboBox_period", text);
-        QCOMPARE(device.rowCount(), 1);
-        intervals << device.period();
+        QCOMPARE(panel.device.rowCount(), 1);
+        intervals << panel.device.period();
     }
     QCOMPARE(intervals.join(' '), QString("100 1000 10000 none"));
 
@@ -178,22 +164,18 @@ void tst_RVXScope::periods()
 
     // A plot model that is no device has no period; its samples go all the same.
     RVXZeroingProxyModel proxy;
-    proxy.setSourceModel(&device);
-    device.fill({{1, {5}}});
+    proxy.setSourceModel(&panel.device);
+    panel.device.append({{1, {5}}});
     panel.setModel(&proxy);
     panel.choose("comboBox_period", "10 s");
-    QCOMPARE(device.rowCount(), 1);
-    QCOMPARE(device.period(), QString("1000"));
+    QCOMPARE(panel.device.rowCount(), 1);
+    QCOMPARE(panel.device.period(), QString("1000"));
 }
 
 //! It would drop the samples of a whole night.
 void tst_RVXScope::periodIsNotChangedByTheWheel()
 {
-    PanelDevice device;
-    device.fill({{1, {5}}});
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel(1, {{1, {5}}});
     const auto turnWheelOver = [&](const char *name) {
         auto *box = panel.control<QComboBox>(name);
         const QPointF middle = box->rect().center();
@@ -210,7 +192,7 @@ void tst_RVXScope::periodIsNotChangedByTheWheel()
     };
     panel.control("comboBox_period")->setFocus();
     QCOMPARE(turnWheelOver("comboBox_period"), QString("Fast"));
-    QCOMPARE(device.rowCount(), 2);
+    QCOMPARE(panel.device.rowCount(), 2);
     QCOMPARE(turnWheelOver("averagingCombo"), QString("10x Avg"));
 }
 
@@ -235,11 +217,7 @@ void tst_RVXScope::bufferedInterval()
 
 void tst_RVXScope::modes()
 {
-    PanelDevice device(3);
-    device.fill({{1, {1, 2, 3}}, {2, {1, 2, 3}}});
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel(3, {{1, {1, 2, 3}}, {2, {1, 2, 3}}});
     QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
     panel.chooseTab("Histogram");
     QCOMPARE(panel.plot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
@@ -262,9 +240,7 @@ void tst_RVXScope::modeBeforeTheModel()
 
 void tst_RVXScope::optionalTabs()
 {
-    PanelDevice device;
-    Panel panel;
-    panel.setModel(&device);
+    DevicePanel panel;
     const auto *profileTitle = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
     QVERIFY(profileTitle->text() != "DW7/DW9 Plot");
     panel.setSplitEnabled(false); // was never there
@@ -297,10 +273,7 @@ void tst_RVXScope::optionalTabs()
 
 void tst_RVXScope::modeWithoutATab()
 {
-    PanelDevice device;
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel;
     panel.SetPlotMode(RVXScope::SplitMode);
     QCOMPARE(panel.shown(), QString("split"));
     panel.chooseTab("Strip"); // is the current tab already, and still the way back
@@ -310,7 +283,7 @@ void tst_RVXScope::modeWithoutATab()
 void tst_RVXScope::clearing()
 {
     PanelDevice device;
-    device.fill({{1, {5}}, {2, {6}}});
+    device.append({{1, {5}}, {2, {6}}});
     Panel panel;
     panel.click("clearButton");
     panel.setModel(&device);
@@ -323,7 +296,7 @@ void tst_RVXScope::clearing()
     // A model that merges others is counted itself: it has no one source.
     RVXMultichannelProxyModel merged;
     merged.addSourceModel(&device, 1);
-    device.fill({{1, {5}}, {2, {6}}, {3, {7}}});
+    device.append({{1, {5}}, {2, {6}}, {3, {7}}});
     panel.setModel(&merged);
     QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("3 Samples"));
 }
@@ -331,7 +304,7 @@ void tst_RVXScope::clearing()
 void tst_RVXScope::modelsComeAndGo()
 {
     auto device = std::make_unique<PanelDevice>();
-    device->fill({{1, {5}}});
+    device->append({{1, {5}}});
     QStandardItemModel table;
     Panel panel;
     panel.setModel(device.get());
@@ -346,7 +319,7 @@ void tst_RVXScope::modelsComeAndGo()
     QCOMPARE(device->rowCount(), 2);
 
     QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("QStandardItemModel.*is no plot data model"));
+                         QRegularExpression("QStandardItemModel.*is not a plot data model"));
     panel.setModel(&table);
     QCOMPARE(panel.plotView()->model(), nullptr);
     panel.click("clearButton");
@@ -365,7 +338,7 @@ void tst_RVXScope::modelsComeAndGo()
     QVERIFY(!panel.control("clearZeroButton")->isEnabled());
 
     PanelDevice next;
-    next.fill({{1, {8}}});
+    next.append({{1, {8}}});
     panel.setModel(&next);
     QItemSelectionModel selection(panel.topLevelModel());
     panel.setSelectionModel(&selection);
@@ -426,8 +399,8 @@ void tst_RVXScope::shortcuts()
         });
     }
     PanelDevice firstDevice, secondDevice;
-    firstDevice.fill({{1, {5}}});
-    secondDevice.fill({{1, {5}}});
+    firstDevice.append({{1, {5}}});
+    secondDevice.append({{1, {5}}});
     first->setModel(&firstDevice);
     second->setModel(&secondDevice);
     window.show();
@@ -452,7 +425,7 @@ void tst_RVXScope::shortcuts()
 
     // A control would look for an item that begins with 0; on some keyboards that digit takes Shift.
     for (const char *name : {"scaleYCombo", "buffered_interval_doubleSpinBox", "modeSelect"}) {
-        secondDevice.fill({{2, {6}}});
+        secondDevice.append({{2, {6}}});
         second->control<QAbstractButton>("clearZeroButton")->click();
         second->control(name)->setFocus();
         press(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
@@ -485,12 +458,8 @@ void tst_RVXScope::shortcuts()
 
 void tst_RVXScope::tabOrder()
 {
-    PanelDevice device;
-    device.fill({{1, {5}}});
-    Panel panel;
-    panel.setModel(&device);
+    DevicePanel panel(1, {{1, {5}}});
     panel.choose("scaleYCombo", "100%");
-    panel.show();
     QVERIFY(QTest::qWaitForWindowActive(&panel));
     panel.click("zeroButton");
     panel.setFocus();

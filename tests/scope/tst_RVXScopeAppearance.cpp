@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
@@ -133,7 +132,7 @@ void tst_RVXScopeAppearance::icons()
 void tst_RVXScopeAppearance::translation()
 {
     PanelDevice device;
-    device.fill({{1, {5}}});
+    device.append({{1, {5}}});
     Panel panel;
     panel.setWindowTitle("the host's");
     panel.setModel(&device);
@@ -155,10 +154,7 @@ void tst_RVXScopeAppearance::translation()
 //! At its smallest, with all that it can offer.
 void tst_RVXScopeAppearance::nothingIsClipped()
 {
-    PanelDevice device;
-    device.fill({{1, {5}}, {2, {6}}});
-    Panel panel;
-    panel.setModel(&device);
+    DevicePanel panel(1, {{1, {5}}, {2, {6}}});
     panel.setPositionEnabled(true);
     panel.setSplitEnabled(true);
     panel.setSpectrogramEnabled(true);
@@ -166,7 +162,6 @@ void tst_RVXScopeAppearance::nothingIsClipped()
     panel.SetPlotMode(RVXScope::StripMode);
     panel.control<QAbstractButton>("zeroButton")->click();
     panel.resize(1, 1);
-    panel.show();
     QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
     QCOMPARE(clippedControls(panel), QString());
     panel.choose("averagingCombo", "1000x Avg");
@@ -188,7 +183,7 @@ void tst_RVXScopeAppearance::zeroedStateIsReadable()
 {
     QFETCH(bool, dark);
     PanelDevice device;
-    device.fill({{1, {5}}, {2, {6}}});
+    device.append({{1, {5}}, {2, {6}}});
     Panel panel;
     if (dark)
         panel.setPalette(darkPalette());

@@ -40,8 +40,8 @@ private Q_SLOTS:
     void modelsGoAway();
     void modelsLeaveNoSelectionModels();
     void focusIsVisible();
-    void keysThatNobodyHandles_data();
-    void keysThatNobodyHandles();
+    void unusedKeysAreLeftToTheWindow_data();
+    void unusedKeysAreLeftToTheWindow();
     void modelsThatCannotBePlotted();
     void hostileNumbers_data();
     void hostileNumbers();
@@ -59,7 +59,7 @@ void tst_RVXScopePlotView::manyRowsMakeOnePlot()
         model.appendRows(1, 0.1, level);
     QCOMPARE(model.seriesTaken, 0);
     view.settle();
-    // A second time, if labels that got longer moved the canvas.
+    // The view plots twice if longer labels have moved the canvas.
     QVERIFY2(model.seriesTaken >= 3 && model.seriesTaken <= 6,
              qPrintable(QString::number(model.seriesTaken)));
     QCOMPARE(watch.complaints(), QString());
@@ -114,7 +114,7 @@ void tst_RVXScopePlotView::rangeIsTakenOnce()
     QVERIFY(!view.SetRange(-1.0, 2.0));
     QVERIFY(!view.SetRange(qQNaN(), 2.0));
     QVERIFY(!view.SetRange(0.0, qInf()));
-    // One without a width still has an axis with ticks.
+    // A range of no width still gives an axis with ticks.
     ScopeTestModel model(1);
     view.setModel(&model);
     model.appendRows(10, 1.0, [](int, double time) {
@@ -164,7 +164,7 @@ void tst_RVXScopePlotView::hiddenChannelsAreNotDrawn()
     model.setData(model.index(0, 2), Qt::Checked, Qt::CheckStateRole);
     view.settle();
     QCOMPARE(view.curves().size(), 3);
-    // In the order of the channels again, each in its colour.
+    // The curves are in channel order again, each in its colour.
     for (int i = 0; i < 3; ++i) {
         QCOMPARE(view.curves()[i]->sample(0).y(), i + 1.0);
         const QBrush colour = model.index(0, i + 1).data(Qt::BackgroundRole).value<QBrush>();
@@ -197,11 +197,11 @@ void tst_RVXScopePlotView::curvesAreWhereTheSamplesAre()
     const QImage picture = view.canvas();
     QCOMPARE(view.colourIn(picture, 150.5, 5.0), QColor(Qt::cyan));
     QCOMPARE(view.colourIn(picture, 150.5, -7.0), QColor(Qt::green));
-    // To the very borders of the axis.
+    // The curve reaches both ends of the axis.
     QCOMPARE(view.colourIn(picture, view.x().minValue(), 5.0, {1, 0}), QColor(Qt::cyan));
     QCOMPARE(view.colourIn(picture, view.x().maxValue(), 5.0, {-1, 0}), QColor(Qt::cyan));
     QCOMPARE(view.colourIn(picture, 150.5, 5.0, {0, 2}), QColor(Qt::black));
-    // Around the canvas lies the window's colour, not that of a list.
+    // The colour around the canvas is that of a window, not that of a list.
     const QColor corner = view.viewport()->grab().toImage().pixelColor(2, 2);
     QCOMPARE(corner, view.palette().color(view.backgroundRole()));
 }
@@ -243,7 +243,7 @@ void tst_RVXScopePlotView::modesShowTheirWidgetAlone()
     QCOMPARE(view.curves().size(), 2);
 
     ScopeTestView empty;
-    empty.SetPlotMode(View::SplitMode); // no model, no modes
+    empty.SetPlotMode(View::SplitMode); // ignored without a model
     QVERIFY(empty.qwtPlot()->isVisible());
 }
 
@@ -253,7 +253,7 @@ void tst_RVXScopePlotView::bufferSizeIsTold()
     RVXSingleChannelDataModel model;
     QIdentityProxyModel proxy;
     proxy.setSourceModel(&model);
-    ScopeTestView view(&proxy); // no plot model, but the label tells of what is below it
+    ScopeTestView view(&proxy); // not a plot model, but the label counts the rows below it
     view.SetBufferSizeLabel(&label);
     QCOMPARE(label.text(), QString("0 Samples"));
     for (int i = 1; i <= 12; ++i)
@@ -283,7 +283,7 @@ void tst_RVXScopePlotView::channelsComeAndGo()
     view.settle();
     QCOMPARE(view.xText(), QString("0.5..12.5"));
 
-    // A sweep of the channels that were is none of those that are.
+    // A sweep of the former channels is not shown with the new ones.
     view.SetPlotMode(View::ScopeMode);
     model.appendRows(290, 1.0, level);
     view.settle();
@@ -339,7 +339,7 @@ void tst_RVXScopePlotView::modelsLeaveNoSelectionModels()
         view.setModel(&models[i % 2]);
         QVERIFY(view.findChildren<QItemSelectionModel *>().size() <= 2);
     }
-    // One that another view uses stays, and so does a host's own.
+    // A selection model that another view uses stays, and so does one that the host has made.
     QItemSelectionModel *const shared = view.selectionModel();
     RVXScopePlotView other;
     other.setModel(&models[1]);
@@ -374,7 +374,7 @@ void tst_RVXScopePlotView::focusIsVisible()
     QCOMPARE(edge(), mark);
     view.clearFocus();
     QVERIFY(edge() != mark);
-    // Nothing of the plot is covered.
+    // The frame covers nothing of the plot.
     const QRect inside = view.qwtPlot()->canvas()->contentsRect();
     const auto plot = [&](const QImage &canvas) {
         const double ratio = canvas.devicePixelRatio();
@@ -383,7 +383,7 @@ void tst_RVXScopePlotView::focusIsVisible()
     QCOMPARE(plot(view.canvas()), plot(focused));
 }
 
-void tst_RVXScopePlotView::keysThatNobodyHandles_data()
+void tst_RVXScopePlotView::unusedKeysAreLeftToTheWindow_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("text");
@@ -394,8 +394,7 @@ void tst_RVXScopePlotView::keysThatNobodyHandles_data()
     QTest::newRow("delete, without a marker") << int(Qt::Key_Delete) << "";
 }
 
-//! They are left to the window, and change nothing.
-void tst_RVXScopePlotView::keysThatNobodyHandles()
+void tst_RVXScopePlotView::unusedKeysAreLeftToTheWindow()
 {
     QFETCH(int, key);
     QFETCH(QString, text);
@@ -438,7 +437,7 @@ void tst_RVXScopePlotView::hostileNumbers_data()
     QTest::newRow("the smallest") << std::numeric_limits<double>::denorm_min();
 }
 
-//! The test is that it comes to an end, and that the good samples are still there.
+//! The plot must return, and must show finite samples afterwards.
 void tst_RVXScopePlotView::hostileNumbers()
 {
     QFETCH(double, number);

@@ -22,34 +22,24 @@ void tst_RVXScopeRanges::yRanges_data()
     QTest::addColumn<QString>("choice");
     QTest::addColumn<QString>("scale");
     QTest::addColumn<QString>("positiveScale");
-    const QString same;
-    QTest::newRow("percent: auto") << 0 << "Auto"
-                                   << "auto disabled" << same;
-    QTest::newRow("percent: normalised") << 0 << "Normalize"
-                                         << "[-1, 1] disabled" << same;
-    QTest::newRow("percent: all") << 0 << "100%"
-                                  << "[-1, 1] off"
-                                  << "[-0.1, 1] on";
-    QTest::newRow("percent: a hundredth") << 0 << "1%"
-                                          << "[-0.01, 0.01] off"
-                                          << "[-0.001, 0.01] on";
-    QTest::newRow("percent: least") << 0 << "0.01%"
-                                    << "[-0.0001, 0.0001] off"
-                                    << "[-1e-05, 0.0001] on";
-    QTest::newRow("automatic: auto") << 1 << "Auto"
-                                     << "auto hidden" << same;
-    QTest::newRow("absolute: auto") << 2 << "Auto"
-                                    << "auto disabled" << same;
-    QTest::newRow("absolute: the odd step") << 2 << "250000"
-                                            << "[-250000, 250000] off"
-                                            << "[-25000, 250000] on";
-    QTest::newRow("absolute: below 1") << 2 << ".05"
-                                       << "[-0.05, 0.05] off"
-                                       << "[-0.005, 0.05] on";
-    QTest::newRow("from 0: auto") << 3 << "Auto"
-                                  << "auto hidden" << same;
-    QTest::newRow("from 0: 20") << 3 << "20"
-                                << "[0, 20] hidden" << same;
+    const auto row = [](const char *name,
+                        int list,
+                        const char *choice,
+                        const char *scale,
+                        const char *positiveScale = nullptr) {
+        QTest::newRow(name) << list << choice << scale << (positiveScale ? positiveScale : scale);
+    };
+    row("percent: auto", 0, "Auto", "auto disabled");
+    row("percent: normalised", 0, "Normalize", "[-1, 1] disabled");
+    row("percent: all", 0, "100%", "[-1, 1] off", "[-0.1, 1] on");
+    row("percent: a hundredth", 0, "1%", "[-0.01, 0.01] off", "[-0.001, 0.01] on");
+    row("percent: least", 0, "0.01%", "[-0.0001, 0.0001] off", "[-1e-05, 0.0001] on");
+    row("automatic: auto", 1, "Auto", "auto hidden");
+    row("absolute: auto", 2, "Auto", "auto disabled");
+    row("absolute: the odd step", 2, "250000", "[-250000, 250000] off", "[-25000, 250000] on");
+    row("absolute: below 1", 2, ".05", "[-0.05, 0.05] off", "[-0.005, 0.05] on");
+    row("from 0: auto", 3, "Auto", "auto hidden");
+    row("from 0: 20", 3, "20", "[0, 20] hidden");
 }
 
 void tst_RVXScopeRanges::yRanges()
@@ -64,7 +54,7 @@ void tst_RVXScopeRanges::yRanges()
     panel.choose("scaleYCombo", choice);
     QCOMPARE(panel.yScale(), scale);
     panel.click("positiveOnlyButton");
-    QCOMPARE(panel.yScale(), positiveScale.isEmpty() ? scale : positiveScale);
+    QCOMPARE(panel.yScale(), positiveScale);
     panel.choose("scaleYCombo", "Auto");
     QVERIFY(panel.yScale().startsWith("auto"));
 }

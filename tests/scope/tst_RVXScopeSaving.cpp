@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "tests/scope/FileDialogAnswer.h"
-#include "tests/scope/Panel.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/TestMain.h"
 
@@ -74,16 +73,12 @@ void tst_RVXScopeSaving::saving()
 void tst_RVXScopeSaving::savingFails()
 {
     QTemporaryDir folder;
-    PanelDevice device;
-    device.onSave = [](const QString &) {
+    DevicePanel panel;
+    QString message;
+    panel.device.onSave = [&](const QString &) {
+        acknowledgeMessage(&message);
         return false;
     };
-    Panel panel;
-    panel.setModel(&device);
-    QString message;
-    connect(&device, &PanelDevice::saved, this, [&] {
-        acknowledgeMessage(&message);
-    });
     answerFileDialog(folder.filePath("data.csv"));
     panel.click("saveButton");
     QCOMPARE(message, QString("Save Data: Error saving data file."));
@@ -93,13 +88,10 @@ void tst_RVXScopeSaving::savingFails()
 void tst_RVXScopeSaving::savingIsNotStartedTwice()
 {
     QTemporaryDir folder;
-    PanelDevice device;
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
+    DevicePanel panel;
     int saves = 0;
     Qt::CursorShape cursor = Qt::ArrowCursor;
-    device.onSave = [&](const QString &) {
+    panel.device.onSave = [&](const QString &) {
         ++saves;
         cursor =
             QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape() : cursor;
@@ -152,22 +144,21 @@ void tst_RVXScopeSaving::panelIsClosedMeanwhile()
     PanelDevice device;
     auto *panel = new Panel;
     const QPointer<Panel> alive(panel);
-    device.onSave = [](const QString &) {
-        return false;
-    };
-    panel->setModel(&device);
     const auto closePanel = [&] {
         QTimer::singleShot(0, this, [&] {
             QVERIFY(QApplication::activeModalWidget());
             delete panel;
         });
     };
-    if (inFileDialog) {
+    device.onSave = [&](const QString &) {
         closePanel();
-    } else {
-        connect(&device, &PanelDevice::saved, this, closePanel);
+        return false;
+    };
+    panel->setModel(&device);
+    if (inFileDialog)
+        closePanel();
+    else
         answerFileDialog(folder.filePath("data.csv"));
-    }
     panel->control<QAbstractButton>("saveButton")->click();
     QVERIFY(!alive);
     QVERIFY(!QApplication::activeModalWidget());

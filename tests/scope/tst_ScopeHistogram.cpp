@@ -31,7 +31,7 @@ QVector<double> bars(const ScopeTestView &view)
     return values;
 }
 
-//! The axis widgets on the screen, from the top.
+//! Returns the visible axis widgets from top to bottom.
 QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
 {
     QList<RVX_HistogramItemAxisWidget *> shown;
@@ -45,14 +45,41 @@ QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
     return shown;
 }
 
-//! Middle of some columns of a picture of a widget, in pixels of the view's viewport.
+//! A view in histogram mode with a model of its own.
+class Histogram : public ScopeTestView
+{
+public:
+    explicit Histogram(int channels)
+        : model(channels)
+    {
+        setModel(&model);
+        SetPlotMode(HistogramMode);
+    }
+    //! Switches on one item of each type.
+    void enableAll(bool fullStatistics)
+    {
+        for (int type = 0; type < 4; ++type)
+            enableHistogramItem(HistogramItemTypes(type), 1, {}, fullStatistics);
+    }
+    //! Shows a beam at 12.3 and the fit that the device made of it.
+    void showBeam()
+    {
+        model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
+        model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
+        settle();
+    }
+
+    ScopeTestModel model;
+};
+
+//! Converts the middle of pixel columns in a picture of a widget into pixels of the view's viewport.
 double middle(const ScopeTestView &view, const QWidget *widget, int first, int last)
 {
     const double inWidget = (first + last + 1) / 2.0 / widget->devicePixelRatioF() - 0.5;
     return widget->mapTo(view.viewport(), QPoint(0, 0)).x() + inWidget;
 }
 
-//! Where a widget has a tick that reaches down to a line.
+//! Returns where ticks of a widget reach down to a line, in pixels of the viewport.
 QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFromBottom)
 {
     const QImage picture = widget->grab().toImage();
@@ -71,7 +98,7 @@ QVector<double> ticksAt(const ScopeTestView &view, QWidget *widget, int linesFro
     return ticks;
 }
 
-//! Middle of one bar, its outline included, at a height that no other bar has.
+//! Returns the middle of the only bar that reaches \a value, including its outline.
 double middleOfBar(ScopeTestView &view, double value)
 {
     const QImage picture = view.canvas();
@@ -110,6 +137,8 @@ private Q_SLOTS:
     void canvasKeepsHalfOfTheHeight();
     void labelsAreReadableInDarkPalettes();
     void itemsShareTheChannels();
+    void groupsOfChannels_data();
+    void groupsOfChannels();
     void itemsComeAndGoWithTheMode();
     void deviceFitsComeFromTheModel();
     void energyNeverReachesCentresOfGravity();
@@ -118,13 +147,11 @@ private Q_SLOTS:
 
 void tst_ScopeHistogram::oneBarAChannel()
 {
-    ScopeTestModel model(3);
     const Units::nA nA;
-    model.SetUnits(&nA);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
-    model.show({1.0, 2.0, 3.0});
-    model.show({5.0, -6.0, 7.0});
+    Histogram view(3);
+    view.model.SetUnits(&nA);
+    view.model.show({1.0, 2.0, 3.0});
+    view.model.show({5.0, -6.0, 7.0});
     view.settle();
     QCOMPARE(bars(view), QVector<double>({5.0, -6.0, 7.0}));
     QCOMPARE(view.xText(), QString("0.5..3.5"));
@@ -137,7 +164,7 @@ void tst_ScopeHistogram::oneBarAChannel()
     QVERIFY(view.colourIn(picture, 2.2, 3.0) != QColor(Qt::yellow));
     QCOMPARE(view.curves().size(), 0);
 
-    model.setData(model.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
+    view.model.setData(view.model.index(0, 3), Qt::Unchecked, Qt::CheckStateRole);
     view.settle();
     QCOMPARE(bars(view), QVector<double>({5.0, -6.0, 0.0}));
     view.SetPlotMode(View::StripMode);
@@ -148,16 +175,14 @@ void tst_ScopeHistogram::oneBarAChannel()
 
 void tst_ScopeHistogram::barsWithoutAReading()
 {
-    ScopeTestModel model(6);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
+    Histogram view(6);
     view.enablePlotMarker(true);
     view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, true);
-    model.setData(model.index(0, 6), Qt::Unchecked, Qt::CheckStateRole);
-    model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
+    view.model.setData(view.model.index(0, 6), Qt::Unchecked, Qt::CheckStateRole);
+    view.model.show({qQNaN(), 1.0, qInf(), 1.0, 1e300, 7.0});
     view.settle();
     QCOMPARE(bars(view), QVector<double>({0.0, 1.0, 0.0, 1.0, 1e300, 0.0}));
-    // A statistic is in single precision, which does not hold 1e300.
+    // Statistics use single precision, which cannot hold 1e300.
     QCOMPARE(view.histogramItems(View::CenterOfGravityItem).value(0)->position(), 3.0);
     QStringList readings;
     for (int channel = 1; channel <= 6; ++channel) {
@@ -186,7 +211,7 @@ void tst_ScopeHistogram::normalizedBars()
     QFETCH(QVector<double>, values);
     ScopeTestModel model(4);
     model.setData(model.index(0, 4), Qt::Unchecked, Qt::CheckStateRole);
-    model.show(values + QVector<double>{1e3}); // is not shown: does not count
+    model.show(values + QVector<double>{1e3}); // the hidden channel does not count
     ScopeTestView view(&model);
     view.SetYScaleMode(View::Normalized);
     view.SetPlotMode(View::HistogramMode);
@@ -196,19 +221,16 @@ void tst_ScopeHistogram::normalizedBars()
     QTEST(bars(view).mid(0, 3), "shown");
 }
 
-//! What stands on a normalised histogram is divided as the bars are; what it says is not.
+//! Normalising divides the heights of markers and fits as well, but not the values in their labels.
 void tst_ScopeHistogram::marksOfNormalizedBars()
 {
-    ScopeTestModel model(32);
     const Units::nA nA;
-    model.SetUnits(&nA);
-    model.show(Profiles::gaussian<double>(32, 12.0, 2.5, 4.0));
-    model.deviceFits = QVariantList{12.0, 2.5, 4.0};
-    ScopeTestView view(&model);
+    Histogram view(32);
+    view.model.SetUnits(&nA);
+    view.model.deviceFits = QVariantList{12.0, 2.5, 4.0};
+    view.model.show(Profiles::gaussian<double>(32, 12.0, 2.5, 4.0));
     view.enablePlotMarker(true);
-    for (int type = 0; type < 4; ++type)
-        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
-    view.SetPlotMode(View::HistogramMode);
+    view.enableAll(true);
     view.SelectPoint1(QPointF(13.0, 0.0));
     view.settle();
     const auto heights = [&view] {
@@ -267,7 +289,7 @@ void tst_ScopeHistogram::channelsAreLabelled()
             labels << label;
     }
     QTEST(labels.join(' '), "labels");
-    // Too few samples for a sweep; x is time all the same.
+    // In scope mode x is time, even before the first sweep.
     view.SetPlotMode(View::ScopeMode);
     view.settle();
     QCOMPARE(view.qwtPlot()->axisFont(QwtPlot::xBottom), fontOfTime);
@@ -296,17 +318,15 @@ void tst_ScopeHistogram::ticksStandAboveTheBars()
     QFETCH(int, width);
     QFETCH(int, channels);
     QFETCH(int, peak);
-    ScopeTestModel model(channels);
-    ScopeTestView view(&model);
+    Histogram view(channels);
     view.resize(width, 500);
-    view.SetPlotMode(View::HistogramMode);
     view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, false);
     // The centre of gravity lies in the middle of the bar.
     QVector<double> values(channels, 0.0);
     values[peak - 2] = 1.0;
     values[peak - 1] = 2.0;
     values[peak] = 1.0;
-    model.show(values);
+    view.model.show(values);
     view.settle();
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
@@ -341,25 +361,23 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
 {
     QFETCH(int, type);
     QFETCH(int, peaks);
-    ScopeTestModel model(128);
+    Histogram view(128);
     QVector<double> values;
     for (int i = 0; i < peaks; ++i) {
         values += Profiles::gaussian<double>(128 / peaks, 64.0 / peaks, 1.7, 1e-5 * (i + 1));
-        model.deviceFits << 64.0 / peaks << 1.7 << 1e-5 * (i + 1);
+        view.model.deviceFits << 64.0 / peaks << 1.7 << 1e-5 * (i + 1);
     }
-    ScopeTestView view(&model);
     view.resize(1000, 700);
-    view.SetPlotMode(View::HistogramMode);
     std::vector<double> energies(128, 228.57);
     view.toggleMLFC(true);
     view.upload_MLFC_calibration_table(&energies);
     view.enableHistogramItem(View::HistogramItemTypes(type), peaks, {}, true);
-    model.show(values);
+    view.model.show(values);
     view.settle();
     const auto widgets = axisWidgets(view);
     QCOMPARE(widgets.size(), 1);
     const QList<QLabel *> labels = widgets[0]->findChildren<QLabel *>();
-    QCOMPARE(labels.size(), 1 + peaks); // the first is the estimator's name
+    QCOMPARE(labels.size(), 1 + peaks); // the first names the estimator
     QRegion taken;
     for (const QLabel *label : labels) {
         QVERIFY2(label == labels[0] || label->text().contains("Position"),
@@ -370,7 +388,7 @@ void tst_ScopeHistogram::labelsStandBesideEachOther()
         QVERIFY(!taken.intersects(label->geometry()));
         taken += label->geometry();
     }
-    // The plot has its place below.
+    // The plot lies below.
     const QPoint bottom = widgets[0]->mapTo(view.viewport(), widgets[0]->rect().bottomLeft());
     QVERIFY(view.qwtPlot()->y() >= bottom.y());
 }
@@ -388,17 +406,14 @@ void tst_ScopeHistogram::canvasKeepsHalfOfTheHeight()
 {
     QFETCH(QSize, size);
     QFETCH(bool, fits);
-    ScopeTestModel model(32);
-    ScopeTestView view(&model);
+    Histogram view(32);
     view.resize(size);
+    view.SetPlotMode(View::StripMode);
     view.settle();
     const int alone = view.qwtPlot()->canvas()->height();
-    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
-    model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
-    for (int type = 0; type < 4; ++type)
-        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, true);
+    view.enableAll(true);
     view.SetPlotMode(View::HistogramMode);
-    view.settle();
+    view.showBeam();
     QCOMPARE(view.size(), size);
     QVERIFY(view.minimumSizeHint().height() <= 300);
     QVERIFY(2 * view.qwtPlot()->canvas()->height() >= size.height());
@@ -432,12 +447,9 @@ void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
 {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(QColor(45, 45, 48), QColor(45, 45, 48)));
-    ScopeTestModel model(32);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
+    Histogram view(32);
     view.enableHistogramItem(View::RegressionItem, 1, {}, true);
-    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
-    view.settle();
+    view.showBeam();
     const QList<QLabel *> labels = axisWidgets(view)[0]->findChildren<QLabel *>();
     QApplication::setPalette(before);
     QCOMPARE(labels.size(), 2);
@@ -458,13 +470,11 @@ void tst_ScopeHistogram::labelsAreReadableInDarkPalettes()
 
 void tst_ScopeHistogram::itemsShareTheChannels()
 {
-    ScopeTestModel model(40);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
+    Histogram view(40);
     for (int type : {View::GaussabolaItem, View::CenterOfGravityItem, View::RegressionItem})
         view.enableHistogramItem(View::HistogramItemTypes(type), 2, {0.0, 0.0, 10.0}, false);
-    model.show(Profiles::gaussian<double>(18, 6.0, 1.5, 1.0)
-               + Profiles::gaussian<double>(22, 14.0, 1.5, 2.0));
+    view.model.show(Profiles::gaussian<double>(18, 6.0, 1.5, 1.0)
+                    + Profiles::gaussian<double>(22, 14.0, 1.5, 2.0));
     view.settle();
     for (int type : {View::GaussabolaItem, View::RegressionItem}) {
         const auto items = view.histogramItems(View::HistogramItemTypes(type));
@@ -474,17 +484,40 @@ void tst_ScopeHistogram::itemsShareTheChannels()
         QCOMPARE(items[1]->fit().count(), 20);
     }
     QCOMPARE(axisWidgets(view).size(), 3);
-
     view.enableHistogramItem(View::CenterOfGravityItem, 0, {}, false);
     QVERIFY(view.histogramItems(View::CenterOfGravityItem).isEmpty());
     QCOMPARE(axisWidgets(view).size(), 2);
+}
 
-    // With fewer channels than items, nobody has enough, and says so.
-    model.setChannels(1);
-    model.show({1.0});
+void tst_ScopeHistogram::groupsOfChannels_data()
+{
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<int>("peaks");
+    QTest::addColumn<QString>("groups");
+    QTest::newRow("equal groups") << 32 << 2 << "0+16 16+16";
+    QTest::newRow("the last group takes the rest") << 14 << 4 << "0+3 3+3 6+3 9+5";
+    QTest::newRow("fewer channels than groups") << 2 << 4 << "0+1 1+1 2+0 2+0";
+}
+
+//! Dark items stand in the middle of their groups, so offset and size of each group can be read from them.
+void tst_ScopeHistogram::groupsOfChannels()
+{
+    QFETCH(int, channels);
+    QFETCH(int, peaks);
+    ScopeTestModel model(channels);
+    model.show(QVector<double>(channels, 0.0));
+    ScopeTestView view(&model);
+    view.enableHistogramItem(View::GaussabolaItem, peaks, {}, false);
+    view.SetPlotMode(View::HistogramMode);
     view.settle();
-    for (const auto *item : view.histogramItems(View::GaussabolaItem))
-        QCOMPARE(item->statusMessage(), QString("Not enough channels."));
+    QStringList groups;
+    for (const auto *item : view.histogramItems(View::GaussabolaItem)) {
+        const int size = item->fit().count();
+        groups << QString("%1+%2").arg(item->position() - (size + 1) / 2.0).arg(size);
+        QCOMPARE(item->statusMessage(),
+                 QString(size < 3 ? "Not enough channels." : "Peak below threshold."));
+    }
+    QTEST(groups.join(' '), "groups");
 }
 
 void tst_ScopeHistogram::itemsComeAndGoWithTheMode()
@@ -509,19 +542,17 @@ void tst_ScopeHistogram::itemsComeAndGoWithTheMode()
         QVERIFY(axisWidgets(view).isEmpty());
         QCOMPARE(onPlot(), 0);
     }
-    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // there is no such type
+    view.enableHistogramItem(View::HistogramItemTypes(4), 1, {}, true); // not a type
     view.enableHistogramItem(View::RegressionItem, -3, {}, true);
     QVERIFY(view.histogramItems(View::RegressionItem).isEmpty());
 }
 
 void tst_ScopeHistogram::deviceFitsComeFromTheModel()
 {
-    ScopeTestModel model(40);
-    model.deviceFits = QVariantList{6.0, 1.5, 1.0, 14.0, 1.5, 2.0};
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
+    Histogram view(40);
+    view.model.deviceFits = QVariantList{6.0, 1.5, 1.0, 14.0, 1.5, 2.0};
     view.enableHistogramItem(View::PrecalculatedFitItem, 3, {}, true);
-    model.show(QVector<double>(40, 0.5));
+    view.model.show(QVector<double>(40, 0.5));
     view.settle();
     const auto items = view.histogramItems(View::PrecalculatedFitItem);
     QCOMPARE(items[0]->position(), 7.0);
@@ -531,11 +562,8 @@ void tst_ScopeHistogram::deviceFitsComeFromTheModel()
 
 void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
 {
-    ScopeTestModel model(32);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
-    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
-    model.deviceFits = QVariantList{12.3, 2.5, 4e-9};
+    Histogram view(32);
+    view.showBeam();
     const auto withEnergy = [&view] {
         QString types;
         for (int type = 0; type < 4; ++type) {
@@ -544,14 +572,13 @@ void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
         }
         return types;
     };
-    for (int type = 0; type < 4; ++type)
-        view.enableHistogramItem(View::HistogramItemTypes(type), 1, {}, false);
+    view.enableAll(false);
     std::vector<double> energies(32, 70.0);
     view.upload_MLFC_calibration_table(&energies);
     QCOMPARE(withEnergy(), QString());
     view.toggleMLFC(true);
     QCOMPARE(withEnergy(), QString("023"));
-    // New parameters make new items; what is shown stays.
+    // New parameters make new items, which still show the energy.
     view.enableHistogramItem(View::GaussabolaItem, 1, {1e-12}, true);
     view.settle();
     QCOMPARE(withEnergy(), QString("023"));
@@ -561,19 +588,16 @@ void tst_ScopeHistogram::energyNeverReachesCentresOfGravity()
 
 void tst_ScopeHistogram::emptyModelsHaveNoStatistics()
 {
-    ScopeTestModel model(32);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::HistogramMode);
+    Histogram view(32);
     view.enableHistogramItem(View::GaussabolaItem, 1, {}, true);
     view.settle();
     const auto *item = view.histogramItems(View::GaussabolaItem)[0];
     QVERIFY(!view.histogram()->plot());
     QVERIFY(item->label().contains("N/A"));
-    model.show(Profiles::gaussian<double>(32, 12.3, 2.5, 4e-9));
-    view.settle();
+    view.showBeam();
     QVERIFY(view.histogram()->plot());
     QVERIFY(item->label().contains("13.30"));
-    model.Clear();
+    view.model.Clear();
     view.settle();
     QVERIFY(!view.histogram()->plot());
     QVERIFY(item->label().contains("N/A"));

@@ -13,7 +13,7 @@ using View = RVXScopePlotView;
 
 namespace {
 
-//! What stands behind a name in a marker's label.
+//! Returns the number after a name in a marker's label.
 double numberIn(const QString &label, const QString &name)
 {
     for (const QString &line : label.split('\n')) {
@@ -35,8 +35,8 @@ private Q_SLOTS:
     void keepToTheirChannel();
     void numbersBetweenThem();
     void followASelectionFromOutside();
-    void selectNothingOfTheirOwnAccord();
-    void selectingIsNoReasonToPlotAgain();
+    void leaveTheSelectionAlone();
+    void selectingDoesNotPlotAgain();
     void goWithTheirSample_data();
     void goWithTheirSample();
     void keepTheirSampleAfterAReset();
@@ -81,7 +81,7 @@ void tst_ScopeMarkers::snapToTheNearestChannel()
     QCOMPARE(view.markerText(0), QString("s: 2.500e+02\nChannel sum\n3"));
     QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
 
-    // Where a click lies before the first sample, that one is meant.
+    // A click before the first sample selects the first sample.
     model.Clear();
     model.append({{0.0, 1.0, 2.0, 3.0}, {1.0, 1.0, 2.0, 3.0}});
     view.settle();
@@ -103,12 +103,12 @@ void tst_ScopeMarkers::keepToTheirChannel()
     view.settle();
     view.click(Qt::RightButton, view.at(200.0, 900.0));
     QVERIFY(view.markerText(1).contains("Channel 2\n1000"));
-    // On the normalised scale both are at 1; the label still tells of the same channel, in its own unit.
+    // On the normalised scale both channels are at 1; the label keeps channel and value.
     view.SetYScaleMode(View::Normalized);
     view.settle();
     QVERIFY(view.markerText(1).contains("Channel 2\n1000"));
     QCOMPARE(view.plotMarker(1)->yValue(), 1.0);
-    // When that is hidden, it is the other one's turn.
+    // After the channel is hidden, the marker moves to the other one.
     model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
     view.settle();
     QVERIFY(view.markerText(1).contains("Channel 1\n0.1"));
@@ -123,7 +123,7 @@ void tst_ScopeMarkers::numbersBetweenThem()
     ScopeTestView view(&model);
     useTens(view);
     view.click(Qt::RightButton, view.at(119.8, 5.0));
-    view.click(Qt::LeftButton, view.at(59.8, -5.0)); // on another channel than the numbers are of
+    view.click(Qt::LeftButton, view.at(59.8, -5.0)); // on another channel than marker 1
     const QString label = view.markerText(1);
     long double sum = 0;
     long double squares = 0;
@@ -144,7 +144,7 @@ void tst_ScopeMarkers::numbersBetweenThem()
     QVERIFY(qAbs(numberIn(label, "Std. Dev") - deviation) < 1e-9);
     QVERIFY(!label.contains("Missing"));
 
-    // Missing samples are counted; the numbers are those of the others.
+    // Missing samples are counted and do not enter the statistics.
     model.Clear();
     model.append({{0.0, 1.0, 0.0}, {1.0, qQNaN(), 0.0}, {2.0, 4.0, 0.0}, {3.0, qInf(), 0.0}});
     view.settle();
@@ -156,7 +156,7 @@ void tst_ScopeMarkers::numbersBetweenThem()
     view.settle();
     QCOMPARE(numberIn(view.markerText(1), "Mean"), 2.5);
     QCOMPARE(numberIn(view.markerText(1), "Missing"), 1.0);
-    // Both on one sample: there is no period, hence no frequency.
+    // With both markers on one sample, the period is 0 and the frequency undefined.
     QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier);
     view.settle();
     QCOMPARE(view.markerText(1).section("Frequency: ", 1).section('\n', 0, 0), QString("N/A"));
@@ -180,7 +180,7 @@ void tst_ScopeMarkers::followASelectionFromOutside()
     QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
 }
 
-void tst_ScopeMarkers::selectingIsNoReasonToPlotAgain()
+void tst_ScopeMarkers::selectingDoesNotPlotAgain()
 {
     ScopeTestModel model(1, 1000);
     model.pointsHint = 100;
@@ -191,25 +191,25 @@ void tst_ScopeMarkers::selectingIsNoReasonToPlotAgain()
     view.settle();
     view.click(Qt::LeftButton, view.at(50.0, 1.0));
     QCOMPARE(view.xText(), QString("0..99"));
-    // Each sweep selects another row; a plot asked for by that would begin the sweep again and again.
+    // Each sweep selects another row. If that asked for a plot, the sweep would begin again and again.
     model.appendRows(50, 1.0, level);
     view.settle();
     QCOMPARE(view.xText(), QString("100..199"));
     model.appendRows(100, 1.0, level);
     view.settle();
     QCOMPARE(view.xText(), QString("200..299"));
-    // The one that was not placed has not come along.
+    // Marker 1, which was not placed, is not shown.
     QVERIFY(!view.hasMarker(1));
 }
 
-void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
+void tst_ScopeMarkers::leaveTheSelectionAlone()
 {
     ScopeTestModel model(2);
     model.appendRows(1000, 1.0, level);
     ScopeTestView view(&model);
     useTens(view);
     QVERIFY(!view.selectionModel()->hasSelection());
-    // Two cells that somebody has chosen in a table of the same model.
+    // A table of the same model selects two cells.
     QItemSelection chosen(model.index(900, 2), model.index(900, 2));
     chosen.select(model.index(950, 1), model.index(950, 1));
     for (const int mode : {View::StripMode, View::ScopeMode}) {
@@ -224,7 +224,7 @@ void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
         QVERIFY(view.markerText(0).endsWith("Channel 2\n2"));
         view.selectionModel()->clear();
     }
-    // A whole channel, or a sample that is not on the canvas, which then scrolls there.
+    // A whole channel is selected, and then a sample that is not on the canvas, which scrolls there.
     view.SetPlotMode(View::StripMode);
     view.selectionModel()->select(model.index(0, 1), QItemSelectionModel::ClearAndSelect);
     view.settle();
@@ -235,7 +235,7 @@ void tst_ScopeMarkers::selectNothingOfTheirOwnAccord()
     QVERIFY2(qAbs(view.at(300.0, 0.0).x() - view.qwtPlot()->canvas()->width() / 2) < 3,
              qPrintable(view.xText()));
     QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
-    // The selected sample leaves the model: no other is selected instead.
+    // When the selected sample leaves the model, no other is selected instead.
     model.remove(1, 400);
     view.settle();
     QVERIFY(!view.selectionModel()->hasSelection());
@@ -275,7 +275,7 @@ void tst_ScopeMarkers::goWithTheirSample()
     view.settle();
     QVERIFY(!view.hasMarker(0));
     QVERIFY(view.hasMarker(1));
-    // The keys are the other one's now.
+    // The keys move the other marker now.
     QTest::keyClick(&view, Qt::Key_Right);
     view.settle();
     QCOMPARE(view.plotMarker(1)->xValue(), 61.0);
@@ -288,11 +288,11 @@ void tst_ScopeMarkers::keepTheirSampleAfterAReset()
     ScopeTestView view(&model);
     useTens(view);
     view.click(Qt::LeftButton, view.at(99.6, 1.0));
-    view.reset(); // as when a proxy averages otherwise
+    view.reset(); // as after a change of the averaging length
     view.settle();
     QCOMPARE(view.plotMarker(0)->xValue(), 100.0);
     QVERIFY(view.markerText(0).endsWith("Channel 1\n1"));
-    // Another acquisition may have a sample of the same time: it is not the marker's.
+    // A sample of the same time in another acquisition is not the marker's sample.
     model.Clear();
     QVector<ScopeTestModel::Row> rows;
     for (int i = 0; i < 300; ++i)
@@ -372,7 +372,7 @@ void tst_ScopeMarkers::moveByKeys()
     QCOMPARE(view.plotMarker(0)->xValue(), left + 21.0);
     QCOMPARE(view.x().minValue(), left);
 
-    // Samples of one time are steps of their own.
+    // Each of several samples with one time takes a step.
     view.SetPlotMode(View::StripMode);
     model.Clear();
     QVector<ScopeTestModel::Row> rows;
@@ -418,7 +418,7 @@ void tst_ScopeMarkers::readBars()
     const QPoint canvas = view.qwtPlot()->canvas()->mapTo(view.viewport(), QPoint(0, 0));
     QVERIFY(bars.contains(canvas + view.at(4.0, 1.0)));
     QVERIFY(!bars.contains(canvas + view.at(3.0, 1.0)));
-    // x is time there.
+    // In strip mode x is time, so the marker goes.
     view.SetPlotMode(View::StripMode);
     QVERIFY(!view.hasMarker(0));
 }
@@ -431,7 +431,7 @@ void tst_ScopeMarkers::ofABeamCurrent_data()
     QTest::newRow("beam") << "beam";
 }
 
-//! Real currents, with the numbers that another tool has found in the same windows.
+//! Real currents, compared with the results of another tool for the same windows.
 void tst_ScopeMarkers::ofABeamCurrent()
 {
     QFETCH(QString, window);

@@ -11,7 +11,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! The definition, word for word, over all rows.
+//! Finds the rows of a window by the definition, reading all rows.
 RowRange literalRows(const RVXAbstractPlotDataModel &model, int lastRow, double left, double right)
 {
     RowRange found{1, lastRow};
@@ -128,7 +128,7 @@ void tst_StripWindow::rowsAreThoseOfTheDefinition()
     const auto number = [&random](int below) {
         return int(random() % unsigned(below));
     };
-    // The library's own model answers in bulk, the host's cell by cell.
+    // The library's model is read in bulk, the host's cell by cell.
     RVXSingleChannelDataModel bulk;
     bulk.setAutoUpdate(false);
     ScopeTestModel cells(1);
@@ -168,7 +168,7 @@ void tst_StripWindow::rowsAreThoseOfTheDefinition()
     }
 }
 
-//! Cells that are read, counted: a buffer of any length must not be walked through.
+//! The number of cells read must not grow with the buffer.
 void tst_StripWindow::costsWhatIsVisible()
 {
     class CountingModel : public ScopeTestModel
@@ -222,7 +222,7 @@ void tst_StripWindow::scrollBar()
     QCOMPARE(bar.value, value);
 }
 
-//! 100000 samples a second apart are a day and more: beyond what an int counts in steps of 10 microseconds.
+//! 100000 samples one second apart last more than a day: too long for an int that counts 10 microseconds.
 void tst_StripWindow::daysOfSamplesKeepTheWindow()
 {
     ScopeTestModel model(1);
@@ -244,7 +244,7 @@ void tst_StripWindow::daysOfSamplesKeepTheWindow()
     QVERIFY(qAbs(middle.left - (99999.0 - 255.0) / 2) < 1e-3);
     QCOMPARE(stripScrollBar(middle, request).value, request.scrollValue);
 
-    // Ten times as long, and the steps get coarser: what is looked at stays where it is.
+    // In a buffer ten times as long the steps become coarser, but the window stays in place.
     StripWindow longer = middle;
     longer.newest = 1e6;
     const StripScrollBar coarser = stripScrollBar(longer, request);

@@ -8,8 +8,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-/*! A buffer of limited size whose samples are numbered from 1 for ever; sweeps are taken as soon as they are complete,
-    as often as somebody looks. */
+//! A buffer of limited size that numbers its samples from 1. take() takes all sweeps that are complete.
 class Ring
 {
 public:
@@ -28,7 +27,7 @@ public:
         sweep.rowsInserted(qMax(start, 2), m_last, m_last, m_length);
     }
 
-    //! Numbers of the first and last sample of each sweep that is complete.
+    //! Takes the complete sweeps and returns the numbers of their first and last samples.
     QString take()
     {
         QStringList taken;
@@ -96,7 +95,7 @@ void tst_SweepProgress::samplesLostBeforeTheirSweepAreLeftOut()
     ring.append(20);
     QCOMPARE(ring.take(), QString("1-10 11-20"));
     ring.append(30);
-    ring.append(35); // nobody looked: 21-45 are gone
+    ring.append(35); // 21-45 left the buffer before take()
     QCOMPARE(ring.take(), QString("46-55 56-65 66-75 76-85"));
 }
 
@@ -105,7 +104,7 @@ void tst_SweepProgress::lengthWithoutAWish()
     SweepProgress sweep;
     QCOMPARE(sweep.length(), 256);
     sweep.rowsInserted(2, 6, 6, 0);
-    QCOMPARE(sweep.length(), 256); // five rows are no sweep of the instrument's own
+    QCOMPARE(sweep.length(), 256); // five rows at once are not a sweep
     sweep.rowsInserted(7, 12, 12, 0);
     QCOMPARE(sweep.length(), 6);
     sweep.rowsInserted(13, 13, 13, -4);
@@ -179,7 +178,7 @@ void tst_SweepProgress::manyWaitingSweepsAreLeftOut()
         const int last = waiting * 10 + 7;
         sweep.restart(last);
         sweep.skipToNewest(last);
-        // In step with the sweeps before.
+        // The sweep borders are the same as without skipping.
         QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
     }
 }

@@ -46,7 +46,7 @@ void tst_TimePlotModes::stripNeedsTwoSamples()
     model.appendRows(2, 1.0, level);
     view.settle();
     QCOMPARE(view.curves().size(), 2);
-    // Three of 256 samples: the trace begins close to the right border.
+    // With three of 256 samples, the trace begins close to the right border.
     QCOMPARE(view.x().maxValue(), 2.0);
     QCOMPARE(view.x().minValue(), -2.0 / 3.0 * 253.0);
 }
@@ -98,7 +98,7 @@ void tst_TimePlotModes::scrollingBeginsAnewWithTheModel()
     view.settle();
     QCOMPARE(view.x().maxValue(), 999.0);
 
-    // An empty model takes the place that was scrolled to along.
+    // When the model is emptied, the view follows the newest sample again.
     bar->setValue(0);
     view.settle();
     second.remove(1, 1000);
@@ -114,14 +114,14 @@ void tst_TimePlotModes::stripKeepsItsLengthWhileBatchesVary()
     ScopeTestModel model(1);
     model.pointsHint = 0;
     ScopeTestView view(&model);
-    model.appendRows(5, 0.01, level); // no batch
+    model.appendRows(5, 0.01, level); // too few for a batch
     model.appendRows(300, 0.01, level);
     for (const int rows : {300, 11, 300, 1, 300}) {
         model.appendRows(rows, 0.01, level);
         view.settle();
         QVERIFY2(qAbs(view.x().width() - 2.99) < 1e-6, qPrintable(view.xText()));
     }
-    // Most of the last batches are short ones.
+    // Now most of the last batches are short.
     for (int i = 0; i < 9; ++i)
         model.appendRows(i < 8 ? 20 : 40, 0.01, level);
     for (int i = 0; i < 4; ++i)
@@ -132,14 +132,14 @@ void tst_TimePlotModes::stripKeepsItsLengthWhileBatchesVary()
     ScopeTestModel single(1);
     single.pointsHint = 0;
     single.appendRows(600, 1.0, level);
-    view.setModel(&single); // knows nothing of the batches of another
+    view.setModel(&single); // the batches of the former model do not count
     view.settle();
     QCOMPARE(view.x().width(), 255.0);
 }
 
 void tst_TimePlotModes::stripBeginsAnewWhereTimeStepsBack_data()
 {
-    QTest::addColumn<double>("width"); // wished by the model
+    QTest::addColumn<double>("width"); // that the model asks for
     QTest::addColumn<QVector<double>>("stamps"); // after 1000 rows from 0 to 999
     QTest::addColumn<double>("oldest");
     QTest::addColumn<double>("right");
@@ -172,13 +172,13 @@ void tst_TimePlotModes::stripBeginsAnewWhereTimeStepsBack()
     for (const double stamp : stamps) {
         model.append({{stamp, 1.0}});
         view.settle();
-        QVERIFY2(view.x().width() > 0.0, qPrintable(view.xText())); // never runs backwards
+        QVERIFY2(view.x().width() > 0.0, qPrintable(view.xText())); // the axis never runs backwards
     }
     QTEST(view.x().maxValue(), "right");
     const QRectF drawn = view.curves().value(0)->boundingRect();
     QCOMPARE(drawn.left(), oldest);
     QTEST(int(view.curves().value(0)->dataSize()), "drawn");
-    // The same for somebody who looks now for the first time.
+    // A view that is opened now shows the same.
     ScopeTestView late(&model);
     QCOMPARE(late.curves().value(0)->boundingRect(), drawn);
 }
@@ -195,7 +195,7 @@ void tst_TimePlotModes::changesWithoutNewRowsArePlotted()
     for (const int mode : {View::StripMode, View::ScopeMode}) {
         view.SetPlotMode(mode);
         view.settle();
-        model.pointsHint = 50; // acts when something is painted
+        model.pointsHint = 50; // takes effect at the next repaint
         view.qwtPlot()->canvas()->update();
         view.settle();
         QCOMPARE(view.x().width(), 49.0);
@@ -224,7 +224,7 @@ void tst_TimePlotModes::scrollToEndsAtTheCentreForEveryHint()
         QCOMPARE(bar->value(), int(half + 20.0));
     }
     bar->setValue(bar->maximum());
-    view.scrollTo(model.index(0, 1), View::PositionAtCenter); // the header is no sample
+    view.scrollTo(model.index(0, 1), View::PositionAtCenter); // row 0 is not a sample
     QCOMPARE(bar->value(), bar->maximum());
 }
 
@@ -282,7 +282,7 @@ void tst_TimePlotModes::theSweepStaysUntilTheNext_data()
     QTest::newRow("a look at the strip chart") << "strip";
 }
 
-//! Sweeps of 100 in a buffer of 150: what is drawn is the same to the last pixel.
+//! Sweeps of 100 in a buffer of 150: the picture must stay the same to the pixel.
 void tst_TimePlotModes::theSweepStaysUntilTheNext()
 {
     QFETCH(QString, change);
@@ -316,7 +316,7 @@ void tst_TimePlotModes::theSweepStaysUntilTheNext()
     }
     view.settle();
     QCOMPARE(view.canvas(), before);
-    // A larger canvas shows the same samples, and so does another scale.
+    // A larger canvas and another scale show the same samples.
     view.resize(1000, 600);
     view.SetYScaleMode(View::Normalized);
     view.settle();
@@ -360,7 +360,7 @@ void tst_TimePlotModes::theSweepIsDrawnAgainWhenItsDataChange()
     model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
     view.settle();
     QCOMPARE(view.curves().size(), 1);
-    QCOMPARE(view.xText(), QString("0..99")); // all of the sweep is still right
+    QCOMPARE(view.xText(), QString("0..99")); // all samples of the sweep are still valid
     model.SetUnits(&uA);
     view.settle();
     QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), uA.name());
@@ -370,7 +370,7 @@ void tst_TimePlotModes::theSweepIsDrawnAgainWhenItsDataChange()
     view.settle();
     QCOMPARE(view.curves().size(), 2);
 
-    // Of a sweep that is gone altogether nothing can be said in another unit.
+    // A sweep whose samples have all gone cannot be shown in another unit.
     model.Clear();
     model.appendRows(40, 1.0, level);
     view.settle();
@@ -392,7 +392,7 @@ void tst_TimePlotModes::manyWaitingSweepsGiveWayToTheNewest()
     view.settle();
     QCOMPARE(view.xText(), QString("38900..38999"));
     QVERIFY2(model.seriesTaken <= 2, qPrintable(QString::number(model.seriesTaken)));
-    // A few are shown one after the other.
+    // A few sweeps are shown one after the other.
     model.appendRows(300, 1.0, level);
     model.seriesTaken = 0;
     view.settle();
@@ -414,7 +414,7 @@ void tst_TimePlotModes::changesOfScaleDrawTheLastSweepAgain()
     QCOMPARE(view.xText(), QString("0..255"));
     QCOMPARE(view.yText(), QString("-1..1"));
 
-    // The same while rows are coming in that make no sweep yet.
+    // The last sweep is also drawn again while the next one is incomplete.
     model.appendRows(1, 1.0, level);
     view.SetYScaleMode(View::Percent50);
     model.seriesTaken = 0;

@@ -161,43 +161,40 @@ void tst_XmlSettingsFormat::documents_data()
 {
     QTest::addColumn<QByteArray>("document");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("laid out by hand")
-        << QByteArray("<Settings><a>\n 1\n</a><!-- 2 --><g><b>3</b>\n</g></Settings>")
-        << "a=\n 1\n; g/b=3";
-    QTest::newRow("the later value counts")
-        << QByteArray("<Settings><a>1</a><b>2</b><a>3</a></Settings>") << "a=3; b=2";
-    QTest::newRow("value and group in one")
-        << QByteArray("<Settings><a>1<b>2</b></a></Settings>") << "a=1; a/b=2";
-    QTest::newRow("another root is one more group")
-        << QByteArray("<Other><a>1</a></Other>") << "Other/a=1";
-    QTest::newRow("sections of white space are no value")
-        << QByteArray("<Settings><a>1<![CDATA[]]></a><b>2<![CDATA[ \n]]></b></Settings>")
-        << "a=1; b=2";
-    QTest::newRow("a section is a value")
-        << QByteArray("<Settings><a>1<![CDATA[<2>]]></a></Settings>") << "a=<2>";
-    QTest::newRow("text outside of elements")
-        << QByteArray("<Settings>x<a>1</a>y</Settings>") << "a=1";
-    QTest::newRow(
-        "the root's name within") // its end takes away one name too many, as it always has
-        << QByteArray("<Settings><a><Settings><b>1</b></Settings><c>2</c></a></Settings>")
-        << "a/b=1; c=2";
-    QTest::newRow("empty") << QByteArray() << "refused";
-    QTest::newRow("cut short") << QByteArray("<Settings><a>1</a>") << "refused";
-    QTest::newRow("two roots") << QByteArray("<Settings/><Settings/>") << "refused";
-    QTest::newRow("not this format") << QByteArray("[General]\na=1\n") << "refused";
-    QTest::newRow("not text") << QByteArray::fromHex("89504e470d0a1a0a0000000d49484452")
-                              << "refused";
-    QTest::newRow("another encoding, declared") << QByteArray(
-        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><Settings><a>\xb5</a></Settings>")
-                                                << QString::fromUtf8("a=\xc2\xb5");
-    QTest::newRow("another encoding, marked")
-        << QTextCodec::codecForName("UTF-16")->fromUnicode("<Settings><a>1</a></Settings>")
-        << "a=1";
-    QTest::newRow("an encoding that nobody knows")
-        << QByteArray("<?xml version=\"1.0\" encoding=\"none\"?><Settings><a>1</a></Settings>")
-        << "refused";
-    QTest::newRow("bytes that are no UTF-8")
-        << QByteArray("<Settings><a>\xb5</a></Settings>") << "refused";
+    const auto row = [](const char *name, const QByteArray &document, const QString &expected) {
+        QTest::newRow(name) << document << expected;
+    };
+    row("laid out by hand",
+        "<Settings><a>\n 1\n</a><!-- 2 --><g><b>3</b>\n</g></Settings>",
+        "a=\n 1\n; g/b=3");
+    row("the later value counts", "<Settings><a>1</a><b>2</b><a>3</a></Settings>", "a=3; b=2");
+    row("value and group in one", "<Settings><a>1<b>2</b></a></Settings>", "a=1; a/b=2");
+    row("another root is one more group", "<Other><a>1</a></Other>", "Other/a=1");
+    row("a section of white space is not a value",
+        "<Settings><a>1<![CDATA[]]></a><b>2<![CDATA[ \n]]></b></Settings>",
+        "a=1; b=2");
+    row("a section is a value", "<Settings><a>1<![CDATA[<2>]]></a></Settings>", "a=<2>");
+    row("text outside of elements", "<Settings>x<a>1</a>y</Settings>", "a=1");
+    // The end of the inner element removes one name too many. Existing files are read this way.
+    row("the name of the root within",
+        "<Settings><a><Settings><b>1</b></Settings><c>2</c></a></Settings>",
+        "a/b=1; c=2");
+    row("empty", "", "refused");
+    row("cut short", "<Settings><a>1</a>", "refused");
+    row("two roots", "<Settings/><Settings/>", "refused");
+    row("not this format", "[General]\na=1\n", "refused");
+    row("not text", QByteArray::fromHex("89504e470d0a1a0a0000000d49484452"), "refused");
+    const QByteArray micro = "<Settings><a>\xb5</a></Settings>";
+    row("another encoding, declared",
+        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + micro,
+        QString::fromUtf8("a=\xc2\xb5"));
+    row("another encoding, marked",
+        QTextCodec::codecForName("UTF-16")->fromUnicode("<Settings><a>1</a></Settings>"),
+        "a=1");
+    row("an unknown encoding",
+        "<?xml version=\"1.0\" encoding=\"none\"?><Settings><a>1</a></Settings>",
+        "refused");
+    row("bytes that are not UTF-8", micro, "refused");
 }
 
 void tst_XmlSettingsFormat::documents()

@@ -9,9 +9,9 @@
 
 #include <algorithm>
 
-/*! A device model with a small buffer and any number of channels that does all that a host's model may do: grow, roll over
-    in any order of announcements, drop, change, move, sort, gain and lose channels. It knows no bulk
-    reading, as no host's model does. */
+/*! A device model with a small buffer and any number of channels. It does all that a host's model may do: grow, roll over
+    with announcements in any order, drop, change, move and sort samples, gain and lose channels. It offers no bulk
+    reading, as the models of hosts do not. */
 class BufferModel : public Corvale_Qt::RVXAbstractDeviceDataModel
 {
 public:
@@ -35,16 +35,10 @@ public:
     {
     }
 
-    //! A sample whose channel c reads \a value + c - 1.
-    void append(double time, double value)
-    {
-        Sample sample{time, {}};
-        for (int channel = 0; channel < m_channels; ++channel)
-            sample.values.append(value + channel);
-        append({sample});
-    }
+    //! Appends a sample whose channel c reads \a value + c - 1.
+    void append(double time, double value) { append(samples(time, value, 1)); }
 
-    //! At most as many as there is room for in an empty buffer.
+    //! Appends \a samples, at most as many as fit into an empty buffer.
     void append(const QVector<Sample> &samples)
     {
         const int surplus = std::max(m_samples.size() + samples.size() - m_capacity, 0);
@@ -94,7 +88,7 @@ public:
         endMoveRows();
     }
 
-    //! Newest first, with the persistent indexes following their samples.
+    //! Reverses the order of samples; persistent indexes follow their samples.
     void reverse()
     {
         Q_EMIT layoutAboutToBeChanged();
@@ -142,6 +136,58 @@ public:
         for (Sample &sample : m_samples)
             sample.values.append(sample.values.takeFirst());
         endMoveColumns();
+    }
+
+    /*! Does what \a script says, step by step: "append 9 9; drop 1" calls append(9, 9) and dropOldest(1). Numbers are the
+        arguments of the functions above. "append 1 5 3" appends the samples 1 5, 2 6 and 3 7 together; "insert" takes
+        a row, a time and a value; "signal" and "header" emit dataChanged() and headerDataChanged(). */
+    void act(const QString &script)
+    {
+        for (const QString &step : script.split("; ")) {
+            const QStringList words = step.split(' ');
+            const QString what = words.first();
+            const auto number = [&words](int i) {
+                return words.value(i).toDouble();
+            };
+            const int one = int(number(1));
+            const int two = int(number(2));
+            if (what == "append")
+                append(samples(number(1), number(2), std::max(int(number(3)), 1)));
+            else if (what == "drop")
+                dropOldest(one);
+            else if (what == "remove")
+                remove(one, two);
+            else if (what == "insert")
+                insert(one, samples(number(2), number(3), 1).first());
+            else if (what == "change")
+                change(one, two, number(3));
+            else if (what == "move")
+                moveToEnd(one);
+            else if (what == "reverse")
+                reverse();
+            else if (what == "prepend-channel")
+                insertChannelInFront(number(1));
+            else if (what == "append-channel")
+                appendChannel(number(1));
+            else if (what == "remove-channel")
+                removeChannel(one);
+            else if (what == "move-channel")
+                moveFirstChannelToEnd();
+            else if (what == "roll-over")
+                rollOver = RollOver(one);
+            else if (what == "clear")
+                Clear();
+            else if (what == "check")
+                setData(index(0, one), two, Qt::CheckStateRole);
+            else if (what == "layout-changed")
+                Q_EMIT layoutChanged();
+            else if (what == "signal")
+                Q_EMIT dataChanged(index(one, two), index(int(number(3)), int(number(4))));
+            else if (what == "header")
+                Q_EMIT headerDataChanged(Qt::Horizontal, one, two);
+            else
+                qFatal("BufferModel cannot %s", qPrintable(step));
+        }
     }
 
     void Clear() override
@@ -192,10 +238,21 @@ public:
     bool SaveDataToFile(const QString &fileName) const override { return fileName == "accepted"; }
 
     RollOver rollOver = InsertAroundRemove;
-    //! Units of the channels that are not in units(), by column. To be filled before anyone attaches.
+    //! The units of channels that are not in units(), by column. Filled before proxies are attached.
     QHash<int, const Corvale_Qt::Units::MeasurementUnit *> channelUnits;
 
 private:
+    QVector<Sample> samples(double time, double value, int count) const
+    {
+        QVector<Sample> samples(count);
+        for (int i = 0; i < count; ++i) {
+            samples[i].time = time + i;
+            for (int channel = 0; channel < m_channels; ++channel)
+                samples[i].values.append(value + i + channel);
+        }
+        return samples;
+    }
+
     int m_channels;
     int m_capacity;
     QVector<Sample> m_samples;

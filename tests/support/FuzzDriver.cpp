@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 /*! \file
-    Runs a fuzz target. As an ordinary test it feeds the target a fixed row of inputs (FuzzMutator):
+    Runs a fuzz target. As an ordinary test it feeds the target a fixed sequence of inputs (FuzzMutator):
         fuzz_Subject [rounds] [-v]
-    where -v prints each input before it is tried. An input that fails is kept in a file, which
+    With -v it prints each input before trying it. It writes an input that fails to a file. To debug that input, run
         fuzz_Subject FILE
-    tries alone, for a debugger. With CORVALE_QT_FUZZ libFuzzer has main() and its own options, among them a file to be
-    tried alone, and gets the seeds as one more corpus. */
+    With CORVALE_QT_FUZZ, libFuzzer provides main() and its own options; it also takes a file to try alone, and reads
+    the seeds as an additional corpus. */
 #include "tests/support/FuzzMutator.h"
 #include "tests/support/FuzzTarget.h"
 
@@ -56,12 +56,12 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 namespace {
 
-//! What is being tried, and where to keep it: all that a signal handler can get at.
+//! The input that is being tried and the file for it, in variables that a signal handler can reach.
 std::string currentInput;
 char currentFile[4096];
 const char *program = "";
 
-/*! Keeps the input and says how to try it again. A handler of a signal may do no more than write(). */
+//! Writes the input to the file and says how to try it again. A signal handler may only call functions such as write().
 void keepInput()
 {
     const auto say = [](const char *text) {
@@ -69,7 +69,7 @@ void keepInput()
         static_cast<void>(written);
     };
     if (currentFile[0] == '\0')
-        return; // it came from a file
+        return; // The input came from a file.
     const int file = ::open(currentFile, O_WRONLY | O_CREAT | O_TRUNC, 0644);
     if (file < 0 || ::write(file, currentInput.data(), currentInput.size()) < 0)
         return;
@@ -132,12 +132,12 @@ void tryRounds(long rounds, bool verbose)
 
 } // namespace
 
-//! Of the sanitizers' run-time library, where the program is built with it.
+//! Function of the sanitizers' run-time library; null in a program without sanitizers.
 extern "C" void __sanitizer_set_death_callback(void (*)()) __attribute__((weak));
 
 int main(int argc, char **argv)
 {
-    // An input may be tried again where there is no display.
+    // So that an input can be tried on a machine without a display.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);

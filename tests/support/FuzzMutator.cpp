@@ -6,7 +6,7 @@
 
 namespace {
 
-//! Pieces on which parsers trip: ends of number ranges, quotes, separators, broken and wide UTF-8.
+//! Texts that parsers often get wrong: limits of number ranges, quotes, separators, broken and wide UTF-8.
 const std::string kPieces[] = {
     std::string(1, '\0'),
     "-1",
@@ -95,7 +95,7 @@ void FuzzMutator::mutate(std::string &input)
     }
 }
 
-//! The beginning of \a input and the end of another seed.
+//! Replaces the end of \a input by the end of a seed.
 void FuzzMutator::splice(std::string &input)
 {
     const std::string &other = m_seeds[below(m_seeds.size())];

@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-/*! Makes inputs out of seeds, always the same ones in the same order: std::mt19937 from a fixed seed, and no
-    distribution of the standard library, whose results differ between implementations. */
+/*! Makes inputs from seeds, always the same inputs in the same order. It uses std::mt19937 with a fixed seed and no
+    distribution of the standard library, since their results differ between implementations. */
 class FuzzMutator
 {
 public:
     explicit FuzzMutator(std::vector<std::string> seeds);
 
-    //! First each seed as it is, then mutations of them, of at most kMaximumSize bytes.
+    //! Returns each seed unchanged at first, then mutations of the seeds, of at most kMaximumSize bytes.
     std::string next();
 
     static constexpr size_t kMaximumSize = 4096;

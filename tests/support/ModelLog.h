@@ -4,8 +4,8 @@
 #include <QAbstractItemModel>
 #include <QStringList>
 
-/*! Writes down what a model announces, in order, so that one comparison shows a behaviour:
-    "insert 3-3? 3-3!" is an insertion of row 3 announced ("?") and done ("!"). */
+/*! Records what a model announces, in order, so that one comparison shows a behaviour: "insert 3-3?, insert 3-3!" is an
+    insertion of row 3, announced ("?") and done ("!"). */
 class ModelLog : public QObject
 {
 public:
@@ -58,7 +58,7 @@ public:
                 });
     }
 
-    //! What was announced since the last time, separated by commas.
+    //! Returns what was announced since the last call, separated by commas.
     QString take()
     {
         const QString text = m_lines.join(", ");

@@ -6,8 +6,8 @@
 #include <QAbstractItemModel>
 #include <QStringList>
 
-/*! The sample rows of a plot model, as its doubleData() gives them: "0: 1 2; 0.5: 3 4" is two samples of two
-    channels at times 0 and 0.5. */
+/*! Returns the sample rows of a plot model from its doubleData(): "0: 1 2; 0.5: 3 4" is two samples of two channels, at
+    the times 0 and 0.5. */
 template<typename Model>
 QString rowsText(const Model &model)
 {

@@ -4,11 +4,11 @@
 #include <QAbstractItemModelTester>
 #include <QStringList>
 
-/*! QAbstractItemModelTester over a model for as long as this lives; what it complains of is collected, for a
-    test to compare with nothing at the end.
+/*! Runs a QAbstractItemModelTester over a model during its lifetime and collects the complaints, which a test compares
+    with nothing at its end.
 
-    One complaint is left out: the tester wants no flag at all on the invalid index, where the
-   models of this library say Qt::ItemIsEnabled. */
+    One complaint is left out: the tester expects no flags for the invalid index, and the models of this library
+    return Qt::ItemIsEnabled. */
 class ModelWatch
 {
 public:
@@ -41,7 +41,7 @@ private:
         return handler;
     }
 
-    // Before the tester is made, since its constructor examines the model at once.
+    // Called before the tester is constructed, since its constructor examines the model at once.
     static QAbstractItemModel *startListening(ModelWatch *watch, QAbstractItemModel *model)
     {
         watch->m_outer = current();

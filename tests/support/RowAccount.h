@@ -3,8 +3,8 @@
 
 #include <QAbstractItemModel>
 
-/*! Counts the rows of a model by what it announces, and compares with what it has at every end signal, unless an
-    insertion is open around that. */
+/*! Counts the rows of a model by its announcements, and compares the count with rowCount() at every end signal that is
+    not within an insertion. */
 class RowAccount : public QObject
 {
 public:
@@ -30,7 +30,7 @@ public:
         });
     }
 
-    //! What did not add up first; empty if all did.
+    //! Returns the first difference, or an empty text.
     QString error() const { return m_error; }
 
 private:

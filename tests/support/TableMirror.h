@@ -4,10 +4,11 @@
 #include <QAbstractItemModel>
 #include <QVector>
 
+#include <algorithm>
 #include <cstring>
 
-/*! What a view that reads only the cells it is told of would show of a plot model's samples. Where that differs from
-    the model, a change was not announced. */
+/*! Keeps the samples of a plot model as a view shows them that reads announced cells only. A difference from the model
+    means that a change was not announced. */
 template<typename Model>
 class TableMirror : public QObject
 {
@@ -26,6 +27,16 @@ public:
         connect(model, &M::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
             m_rows.remove(first - 1, last - first + 1);
         });
+        connect(model,
+                &M::rowsMoved,
+                this,
+                [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
+                    const auto row = m_rows.begin() - 1;
+                    if (before > last)
+                        std::rotate(row + first, row + last + 1, row + before);
+                    else
+                        std::rotate(row + before, row + first, row + last + 1);
+                });
         connect(model,
                 &M::dataChanged,
                 this,
@@ -50,7 +61,7 @@ public:
         readAll();
     }
 
-    //! The first cell that is not what the model has, or nothing.
+    //! Returns the first row that differs from the model, or an empty text.
     QString error() const
     {
         for (int row = 1; row < m_model->rowCount(); ++row) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 /*! \file
-    A program of which only one instance shall run, for tst_QtSingleApplication.
+    A program that should run only once, for tst_QtSingleApplication.
         single_application_peer ID serve           prints "first" or "second", then each message, until killed
         single_application_peer ID window ON...    the same with an icon for a window, which is made the activation
                                                    window once for each ON ("on" or "off": at a message or not); with

@@ -51,14 +51,7 @@ private Q_SLOTS:
     void choiceIsStoredAndEndsTheEdit()
     {
         QTableView view;
-        view.setModel(&m_model);
-        view.setItemDelegate(m_delegate.get());
-        view.show();
-        QVERIFY(QTest::qWaitForWindowActive(&view));
-        view.setCurrentIndex(value());
-        view.edit(value());
-        QPointer<QComboBox> combo = view.findChild<QComboBox *>();
-        QVERIFY(combo);
+        const QPointer<QComboBox> combo = editorIn(view);
         QCOMPARE(combo->currentText(), QString("20 nA"));
         QTRY_VERIFY(combo->view()->isVisible());
         QTest::keyClick(combo->view(), Qt::Key_Down);
@@ -80,15 +73,9 @@ private Q_SLOTS:
 
     void escapeKeepsTheValue()
     {
-        QTableView view;
-        view.setModel(&m_model);
-        view.setItemDelegate(m_delegate.get());
-        view.show();
-        QVERIFY(QTest::qWaitForWindowActive(&view));
         m_model.setData(value(), 7);
-        view.setCurrentIndex(value());
-        view.edit(value());
-        QPointer<QComboBox> combo = view.findChild<QComboBox *>();
+        QTableView view;
+        QComboBox *combo = editorIn(view);
         QCOMPARE(combo->currentIndex(), -1);
         QTRY_VERIFY(combo->view()->isVisible());
         QTest::keyClick(combo->view(), Qt::Key_Escape);
@@ -119,6 +106,17 @@ private Q_SLOTS:
 
 private:
     QModelIndex value() const { return m_model.index(0, 0); }
+    QComboBox *editorIn(QTableView &view)
+    {
+        view.setModel(&m_model);
+        view.setItemDelegate(m_delegate.get());
+        view.show();
+        if (!QTest::qWaitForWindowActive(&view))
+            qFatal("the view does not become active");
+        view.setCurrentIndex(value());
+        view.edit(value());
+        return view.findChild<QComboBox *>();
+    }
 
     QStandardItemModel m_model;
     std::unique_ptr<Delegate> m_delegate;

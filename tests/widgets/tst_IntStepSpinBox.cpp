@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/IntStepSpinBox.h"
 #include "corvale_qt/widgets/IntStepValidator.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QLineEdit>
@@ -9,21 +10,28 @@ using namespace Corvale_Qt;
 
 namespace {
 
-QString stateOf(const QValidator &validator, QString text)
+using Range = QVector<int>; // minimum, maximum, step
+
+//! Returns a letter for each of \a texts: "A" if it is acceptable, "i" if intermediate, "-" if invalid.
+QString judged(const QValidator &validator, const QStringList &texts)
 {
-    int pos = text.size();
-    return QStringList({"Invalid", "Intermediate", "Acceptable"}).at(validator.validate(text, pos));
+    QString letters;
+    for (QString text : texts) {
+        int pos = text.size();
+        letters += QString("-iA").at(validator.validate(text, pos));
+    }
+    return letters;
 }
 
-//! A spin box whose field is seen without arrows, prefix and suffix in the way of typing.
+//! A shown spin box whose text is selected, as it is when the user tabs into it.
 class Box : public IntStepSpinBox
 {
 public:
-    Box(int minimum, int maximum, int step)
+    explicit Box(const Range &rangeAndStep)
     {
-        setRange(minimum, maximum);
-        setSingleStep(step);
-        setValue(minimum);
+        setSingleStep(rangeAndStep.at(2));
+        setRange(rangeAndStep.at(0), rangeAndStep.at(1));
+        setValue(minimum());
         show();
         setFocus();
         selectAll();
@@ -31,7 +39,7 @@ public:
     QLineEdit *edit() const { return lineEdit(); }
 };
 
-//! What stands in the field after each key.
+//! Returns the text in the field after each of \a keys, of which "<" is the backspace key.
 QString typed(Box &box, const QString &keys)
 {
     QStringList seen;
@@ -55,78 +63,48 @@ private Q_SLOTS:
     void validatorAlone()
     {
         IntStepValidator validator(-100, 100, 5);
-        QCOMPARE(stateOf(validator, "15"), QString("Acceptable"));
-        QCOMPARE(stateOf(validator, "-15"), QString("Acceptable"));
-        QCOMPARE(stateOf(validator, "12"), QString("Invalid"));
-        QCOMPARE(stateOf(validator, "1"), QString("Invalid"));
-        QCOMPARE(stateOf(validator, ""), QString("Intermediate"));
-        QCOMPARE(stateOf(validator, "105"), QString("Intermediate"));
-        QCOMPARE(stateOf(validator, "x"), QString("Invalid"));
+        QCOMPARE(judged(validator, {"15", "-15", "12", "1", "", "105", "x"}), QString("AA--ii-"));
         validator.setSingleStep(0);
-        QCOMPARE(stateOf(validator, "7"), QString("Acceptable"));
+        QCOMPARE(judged(validator, {"7"}), QString("A"));
         validator.setSingleStep(-4);
-        QCOMPARE(stateOf(validator, "8"), QString("Acceptable"));
-    }
-
-    void lowestNumberByMinusOne()
-    {
-        const IntStepValidator validator(std::numeric_limits<int>::min(), 0, -1);
-        QCOMPARE(stateOf(validator, "-2147483648"), QString("Acceptable"));
+        QCOMPARE(judged(validator, {"8", "6"}), QString("A-"));
+        const IntStepValidator widest(std::numeric_limits<int>::min(), 0, -1);
+        QCOMPARE(judged(widest, {"-2147483648"}), QString("A"));
     }
 
     void typing_data()
     {
-        QTest::addColumn<int>("minimum");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<int>("step");
+        QTest::addColumn<Range>("rangeAndStep");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("seen");
         QTest::addColumn<int>("value");
-        QTest::newRow("a multiple key by key") << 0 << 100 << 5 << "15"
-                                               << "1 15" << 15;
-        QTest::newRow("no multiple") << 0 << 100 << 5 << "12"
-                                     << "1 1" << 0;
-        QTest::newRow("three digits") << 0 << 1000 << 5 << "125"
-                                      << "1 12 125" << 125;
-        QTest::newRow("back and forth") << 0 << 100 << 5 << "15<0"
-                                        << "1 15 1 10" << 10;
-        QTest::newRow("emptied") << 0 << 100 << 5 << "15<<5"
-                                 << "1 15 1  5" << 5;
-        QTest::newRow("negative") << -100 << 100 << 5 << "-15"
-                                  << "- -1 -15" << -15;
-        QTest::newRow("negative, no multiple") << -100 << 100 << 5 << "-12"
-                                               << "- -1 -1" << -100;
-        QTest::newRow("negative, no multiple in reach") << -40 << 1000 << 25 << "-32"
-                                                        << "- - -2" << -40;
-        QTest::newRow("negative, above the maximum at first") << -800 << -200 << 100 << "-300"
-                                                              << "- -3 -30 -300" << -300;
-        QTest::newRow("letters") << 0 << 100 << 5 << "a1x5e"
-                                 << "0 1 1 15 15" << 15;
-        QTest::newRow("letters over a value set by code") << 3 << 100 << 5 << "x1x5e"
-                                                          << "3 1 1 15 15" << 15;
-        QTest::newRow("only the maximum fits") << 0 << 100 << 50 << "100"
-                                               << "1 10 100" << 100;
-        QTest::newRow("no multiple in reach") << 0 << 40 << 25 << "32"
-                                              << "0 2" << 0;
-        QTest::newRow("below the minimum") << 200 << 800 << 100 << "300"
-                                           << "3 30 300" << 300;
-        QTest::newRow("above the maximum") << 0 << 100 << 5 << "105"
-                                           << "1 10 10" << 10;
-        QTest::newRow("step 0 takes any number") << 0 << 100 << 0 << "17"
-                                                 << "1 17" << 17;
-        QTest::newRow("widest range")
-            << std::numeric_limits<int>::min() << std::numeric_limits<int>::max() << 1000000007
-            << "1000000007"
-            << "1 10 100 1000 10000 100000 1000000 10000000 100000000 1000000007" << 1000000007;
+        row("a multiple key by key", Range{0, 100, 5}, "15", "1 15", 15);
+        row("not a multiple", Range{0, 100, 5}, "12", "1 1", 0);
+        row("three digits", Range{0, 1000, 5}, "125", "1 12 125", 125);
+        row("back and forth", Range{0, 100, 5}, "15<0", "1 15 1 10", 10);
+        row("emptied", Range{0, 100, 5}, "15<<5", "1 15 1  5", 5);
+        row("negative", Range{-100, 100, 5}, "-15", "- -1 -15", -15);
+        row("negative, not a multiple", Range{-100, 100, 5}, "-12", "- -1 -1", -100);
+        row("negative, no multiple in reach", Range{-40, 1000, 25}, "-32", "- - -2", -40);
+        row("negative, above the maximum", Range{-800, -200, 100}, "-300", "- -3 -30 -300", -300);
+        row("letters", Range{0, 100, 5}, "a1x5e", "0 1 1 15 15", 15);
+        row("letters over a value set by code", Range{3, 100, 5}, "x1x5e", "3 1 1 15 15", 15);
+        row("letters over a value that cannot grow", Range{7, 60, 25}, "x2", "7 2", 7);
+        row("only the maximum fits", Range{0, 100, 50}, "100", "1 10 100", 100);
+        row("no multiple in reach", Range{0, 40, 25}, "32", "0 2", 0);
+        row("below the minimum", Range{200, 800, 100}, "300", "3 30 300", 300);
+        row("above the maximum", Range{0, 100, 5}, "105", "1 10 10", 10);
+        row("step 0 takes any number", Range{0, 100, 0}, "17", "1 17", 17);
+        constexpr int most = std::numeric_limits<int>::max();
+        const QString grown = "1 10 100 1000 10000 100000 1000000 10000000 100000000 1000000007";
+        row("widest range", Range{-most - 1, most, 1000000007}, "1000000007", grown, 1000000007);
     }
     void typing()
     {
-        QFETCH(int, minimum);
-        QFETCH(int, maximum);
-        QFETCH(int, step);
+        QFETCH(Range, rangeAndStep);
         QFETCH(QString, keys);
         QFETCH(int, value);
-        Box box(minimum, maximum, step);
+        Box box(rangeAndStep);
         QTEST(typed(box, keys), "seen");
         QTest::keyClick(box.edit(), Qt::Key_Return);
         QCOMPARE(box.value(), value);
@@ -135,7 +113,7 @@ private Q_SLOTS:
 
     void halfANumberIsNeverTheValue()
     {
-        Box box(0, 100, 5);
+        Box box({0, 100, 5});
         QSignalSpy changed(&box, QOverload<int>::of(&QSpinBox::valueChanged));
         typed(box, "15");
         QCOMPARE(changed.size(), 1);
@@ -144,7 +122,7 @@ private Q_SLOTS:
 
     void prefixSuffixAndGroups()
     {
-        Box box(0, 100000, 250);
+        Box box({0, 100000, 250});
         box.setPrefix("N = ");
         box.setSuffix(" samples");
         box.setGroupSeparatorShown(true);
@@ -159,7 +137,7 @@ private Q_SLOTS:
 
     void hexadecimalGrowsByHexadecimalDigits()
     {
-        Box box(0, 255, 16);
+        Box box({0, 255, 16});
         box.setDisplayIntegerBase(16);
         box.selectAll();
         QCOMPARE(typed(box, "f0"), QString("f f0"));
@@ -168,7 +146,7 @@ private Q_SLOTS:
 
     void specialValueTextStands()
     {
-        Box box(0, 100, 5);
+        Box box({0, 100, 5});
         box.setSpecialValueText("automatic");
         box.setValue(0);
         QVERIFY(box.hasAcceptableInput());
@@ -177,7 +155,7 @@ private Q_SLOTS:
 
     void stepsLeadOnFromWhatIsTyped()
     {
-        Box box(0, 100, 5);
+        Box box({0, 100, 5});
         box.setKeyboardTracking(false);
         typed(box, "25");
         QCOMPARE(box.value(), 0);
@@ -187,7 +165,7 @@ private Q_SLOTS:
 
     void stepOfTheMomentCounts()
     {
-        Box box(0, 100, 5);
+        Box box({0, 100, 5});
         QString text = "12";
         int pos = 2;
         QCOMPARE(box.validate(text, pos), QValidator::Invalid);
@@ -199,7 +177,7 @@ private Q_SLOTS:
 
     void valueSetByCodeStays()
     {
-        Box box(0, 100, 5);
+        Box box({0, 100, 5});
         box.setValue(12);
         QTest::keyClick(box.edit(), Qt::Key_Return);
         box.clearFocus();
@@ -208,39 +186,32 @@ private Q_SLOTS:
 
     void steps_data()
     {
-        QTest::addColumn<QVector<int>>("rangeAndStep");
+        QTest::addColumn<Range>("rangeAndStep");
         QTest::addColumn<int>("from");
         QTest::addColumn<bool>("wraps");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("values");
-        using Range = QVector<int>;
-        QTest::newRow("up to the highest multiple") << Range{0, 98, 5} << 85 << false << "uuu"
-                                                    << "90 95 95";
-        QTest::newRow("down to the lowest multiple") << Range{3, 50, 5} << 15 << false << "ddd"
-                                                     << "10 5 5";
-        QTest::newRow("pages") << Range{3, 98, 5} << 25 << false << "UUDD"
-                               << "75 95 45 5";
-        QTest::newRow("from a value set by code up") << Range{0, 100, 5} << 12 << false << "u"
-                                                     << "15";
-        QTest::newRow("from a value set by code down") << Range{0, 100, 5} << 12 << false << "d"
-                                                       << "10";
-        QTest::newRow("from beyond the multiples") << Range{3, 98, 5} << 97 << false << "uUd"
-                                                   << "97 97 95";
-        QTest::newRow("below zero") << Range{-98, 98, 5} << -12 << false << "uddU"
-                                    << "-10 -15 -20 30";
-        QTest::newRow("no multiple in the range") << Range{11, 14, 5} << 12 << false << "ud"
-                                                  << "12 12";
-        QTest::newRow("around") << Range{3, 98, 5} << 90 << true << "uuud"
-                                << "95 5 10 5";
-        QTest::newRow("around downwards") << Range{3, 98, 5} << 5 << true << "d"
-                                          << "95";
+        row("up to the highest multiple", Range{0, 98, 5}, 85, false, "uuu", "90 95 95");
+        row("down to the lowest multiple", Range{3, 50, 5}, 15, false, "ddd", "10 5 5");
+        row("pages", Range{3, 98, 5}, 25, false, "UUDD", "75 95 45 5");
+        row("from a value set by code up", Range{0, 100, 5}, 12, false, "u", "15");
+        row("from a value set by code down", Range{0, 100, 5}, 12, false, "d", "10");
+        row("from beyond the multiples", Range{3, 98, 5}, 97, false, "uUd", "97 97 95");
+        row("below zero", Range{-98, 98, 5}, -12, false, "uddU", "-10 -15 -20 30");
+        row("no multiple in the range", Range{11, 14, 5}, 12, false, "ud", "12 12");
+        row("wrapping", Range{3, 98, 5}, 90, true, "uuud", "95 5 10 5");
+        row("wrapping downwards", Range{3, 98, 5}, 5, true, "d", "95");
         constexpr int most = std::numeric_limits<int>::max();
-        QTest::newRow("widest range") << Range{-most - 1, most, most} << -most << false << "uuud"
-                                      << "0 2147483647 2147483647 0";
+        row("widest range",
+            Range{-most - 1, most, most},
+            -most,
+            false,
+            "uuud",
+            "0 2147483647 2147483647 0");
     }
     void steps()
     {
-        QFETCH(QVector<int>, rangeAndStep);
+        QFETCH(Range, rangeAndStep);
         QFETCH(int, from);
         QFETCH(bool, wraps);
         QFETCH(QString, keys);
@@ -248,7 +219,7 @@ private Q_SLOTS:
                                          {'d', Qt::Key_Down},
                                          {'U', Qt::Key_PageUp},
                                          {'D', Qt::Key_PageDown}};
-        Box box(rangeAndStep.at(0), rangeAndStep.at(1), rangeAndStep.at(2));
+        Box box(rangeAndStep);
         box.setWrapping(wraps);
         box.setValue(from);
         box.selectAll();
@@ -258,13 +229,6 @@ private Q_SLOTS:
             values << QString::number(box.value());
         }
         QTEST(values.join(' '), "values");
-    }
-
-    void installedValidatorIsItsOwn()
-    {
-        Box box(0, 100, 5);
-        QVERIFY(box.edit()->validator());
-        QCOMPARE(box.edit()->validator(), box.findChild<IntStepValidator *>());
     }
 };
 

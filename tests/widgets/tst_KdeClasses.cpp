@@ -7,34 +7,33 @@
 #include <QSortFilterProxyModel>
 #include <QStringListModel>
 
-//! A host reaches the three classes, and what they link to, by way of this library alone.
+//! A host gets the three classes, and the libraries they need, through this library alone.
 class tst_KdeClasses : public QObject
 {
     Q_OBJECT
 
+    QStringListModel m_source{{"b", "c", "a"}};
+    QSortFilterProxyModel m_sorted;
+
 private Q_SLOTS:
+    void init()
+    {
+        m_sorted.setSourceModel(&m_source);
+        m_sorted.sort(0);
+    }
+
     void selectionIsSharedThroughAProxy()
     {
-        QStringListModel source({"b", "c", "a"});
-        QSortFilterProxyModel sorted;
-        sorted.setSourceModel(&source);
-        sorted.sort(0);
-        QItemSelectionModel selection(&source);
-        KLinkItemSelectionModel linked(&sorted, &selection);
-
-        linked.select(sorted.index(0, 0), QItemSelectionModel::Select);
-
-        QCOMPARE(selection.selectedIndexes(), QModelIndexList({source.index(2, 0)}));
+        QItemSelectionModel selection(&m_source);
+        KLinkItemSelectionModel linked(&m_sorted, &selection);
+        linked.select(m_sorted.index(0, 0), QItemSelectionModel::Select);
+        QCOMPARE(selection.selectedIndexes(), QModelIndexList({m_source.index(2, 0)}));
     }
 
     void indexesMapThroughAProxy()
     {
-        QStringListModel source({"b", "a"});
-        QSortFilterProxyModel sorted;
-        sorted.setSourceModel(&source);
-        sorted.sort(0);
-        const KModelIndexProxyMapper mapper(&source, &sorted);
-        QCOMPARE(mapper.mapLeftToRight(source.index(1, 0)), sorted.index(0, 0));
+        const KModelIndexProxyMapper mapper(&m_source, &m_sorted);
+        QCOMPARE(mapper.mapLeftToRight(m_source.index(2, 0)), m_sorted.index(0, 0));
     }
 
     void textIsWrapped()

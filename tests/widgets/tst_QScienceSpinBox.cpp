@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/QScienceSpinBox.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 
 using namespace Corvale_Qt;
@@ -40,13 +42,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<double>("value");
         QTest::addColumn<QString>("text");
-        QTest::newRow("small") << 1.5e-9 << "1.5e-9 C";
-        QTest::newRow("very small") << 2.25e-300 << "2.25e-300 C";
-        QTest::newRow("big") << -2.5e300 << "-2.5e300 C";
-        QTest::newRow("nothing") << 0.0 << "0 C";
-        QTest::newRow("one digit before the point") << 7.25 << "7.25 C";
-        QTest::newRow("rounded in the picture only") << 1.23456789e-7 << "1.2346e-7 C";
-        QTest::newRow("tens") << 1200.0 << "1.2e3 C";
+        row("small", 1.5e-9, "1.5e-9 C");
+        row("very small", 2.25e-300, "2.25e-300 C");
+        row("big", -2.5e300, "-2.5e300 C");
+        row("nothing", 0.0, "0 C");
+        row("one digit before the point", 7.25, "7.25 C");
+        row("rounded in the picture only", 1.23456789e-7, "1.2346e-7 C");
+        row("tens", 1200.0, "1.2e3 C");
     }
     void numbersAreShownShort()
     {
@@ -56,7 +58,7 @@ private Q_SLOTS:
         box.setValue(value);
         QCOMPARE(box.text(), text);
         QCOMPARE(box.value(), value);
-        // Coming by with the keyboard changes nothing.
+        // Return without typing keeps the value.
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), value);
     }
@@ -65,12 +67,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("keys");
         QTest::addColumn<double>("value");
-        QTest::newRow("exponent") << "1.5e-9" << 1.5e-9;
-        QTest::newRow("capital") << "-2E+3" << -2000.0;
-        QTest::newRow("plain") << "0.00025" << 2.5e-4;
-        QTest::newRow("more digits than shown") << "1.23456789012e-5" << 1.23456789012e-5;
-        QTest::newRow("letters do not arrive") << "1x.5zz" << 1.5;
-        QTest::newRow("point first") << ".5" << 0.5;
+        row("exponent", "1.5e-9", 1.5e-9);
+        row("capital", "-2E+3", -2000.0);
+        row("plain", "0.00025", 2.5e-4);
+        row("more digits than shown", "1.23456789012e-5", 1.23456789012e-5);
+        row("letters do not arrive", "1x.5zz", 1.5);
+        row("point first", ".5", 0.5);
     }
     void numbersAreTyped()
     {
@@ -80,7 +82,7 @@ private Q_SLOTS:
         box.type(qPrintable(keys));
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), value);
-        // And once more: the digits that are not shown were not lost.
+        // A second Return keeps the digits that are not shown.
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), value);
     }
@@ -100,8 +102,8 @@ private Q_SLOTS:
         QTest::keyClicks(&box, "-6");
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), 1e-6);
-        // Left unfinished, the number before comes back.
-        box.setKeyboardTracking(false); // else the "1" was taken on the way
+        // If the number is left unfinished, the previous one comes back.
+        box.setKeyboardTracking(false); // otherwise the "1" would become the value
         box.type("1e");
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), 1e-6);
@@ -124,56 +126,49 @@ private Q_SLOTS:
         }
     }
 
-    void stepsAddOrMultiply()
-    {
-        Box box;
-        box.setSingleStep(1e-9);
-        box.setValue(1e-8);
-        QTest::keyClick(&box, Qt::Key_Up);
-        QCOMPARE(box.value(), 1e-8 + 1e-9);
-        box.setProperty("steppingMode", QScienceSpinBox::MultiplicativeSteps);
-        box.setValue(1e-8);
-        QTest::keyClick(&box, Qt::Key_Up);
-        QVERIFY(std::abs(box.value() / 1e-7 - 1) < 1e-12);
-        QTest::keyClick(&box, Qt::Key_Down);
-        QTest::keyClick(&box, Qt::Key_Down);
-        QVERIFY(std::abs(box.value() / 1e-9 - 1) < 1e-12);
-        box.setValue(0);
-        QTest::keyClick(&box, Qt::Key_Up);
-        QCOMPARE(box.value(), 1e-9);
-        box.setValue(-1);
-        QTest::keyClick(&box, Qt::Key_Up); // up is up
-        QCOMPARE(box.value(), -0.1);
-        box.setValue(1e308);
-        QTest::keyClick(&box, Qt::Key_Up);
-        QCOMPARE(box.value(), box.maximum());
-        box.setStepFactor(0.5);
-        QCOMPARE(box.stepFactor(), 10.0);
-    }
-
-    void manyStepsStayWithinADecade_data()
+    void steps_data()
     {
         QTest::addColumn<double>("factor");
+        QTest::addColumn<double>("from");
+        QTest::addColumn<QString>("keys");
         QTest::addColumn<double>("reached");
-        QTest::newRow("decades") << 10.0 << 10.0;
-        QTest::newRow("octaves") << 2.0 << 8.0;
-        QTest::newRow("tenths of a decade") << std::pow(10, 0.1) << 10.0;
-        QTest::newRow("fine steps") << 1.01 << std::pow(1.01, 10);
-        QTest::newRow("steps of two decades") << 100.0 << 100.0;
+        row("adding", 0.0, 1e-8, "u", 1.1e-8);
+        row("adding ten steps", 0.0, 1e-8, "U", 2e-8);
+        row("multiplying", 10.0, 1e-8, "u", 1e-7);
+        row("dividing", 10.0, 1e-8, "dd", 1e-10);
+        row("from zero", 10.0, 0.0, "u", 1e-9);
+        row("upwards below zero", 10.0, -1.0, "u", -0.1);
+        row("up to the maximum", 10.0, 1e308, "u", std::numeric_limits<double>::max());
+        row("ten steps of a decade", 10.0, 1.0, "U", 10.0);
+        row("ten steps of an octave", 2.0, 1.0, "U", 8.0);
+        row("ten steps of a tenth of a decade", std::pow(10, 0.1), 1.0, "U", 10.0);
+        row("ten fine steps", 1.01, 1.0, "U", std::pow(1.01, 10));
+        row("ten steps of two decades", 100.0, 1.0, "U", 100.0);
+        row("ten steps of an octave down", 2.0, 1.0, "D", 0.125);
+        row("ten steps with Ctrl", 2.0, 1.0, "C", 0.125);
     }
-    void manyStepsStayWithinADecade()
+    void steps()
     {
         QFETCH(double, factor);
+        QFETCH(double, from);
+        QFETCH(QString, keys);
         QFETCH(double, reached);
         Box box;
-        box.setSteppingMode(QScienceSpinBox::MultiplicativeSteps);
-        box.setStepFactor(factor);
-        box.setValue(1);
-        QTest::keyClick(&box, Qt::Key_PageUp);
+        box.setSingleStep(1e-9);
+        if (factor > 0)
+            box.setProperty("steppingMode", QScienceSpinBox::MultiplicativeSteps);
+        box.setStepFactor(factor > 0 ? factor : 0.5);
+        QCOMPARE(box.stepFactor(), factor > 0 ? factor : 10.0);
+        box.setValue(from);
+        const QMap<QChar, Qt::Key> names{{'u', Qt::Key_Up},
+                                         {'d', Qt::Key_Down},
+                                         {'U', Qt::Key_PageUp},
+                                         {'D', Qt::Key_PageDown}};
+        for (const QChar key : keys)
+            QTest::keyClick(&box,
+                            names.value(key, Qt::Key_Down),
+                            key == 'C' ? Qt::ControlModifier : Qt::NoModifier);
         QVERIFY2(std::abs(box.value() / reached - 1) < 1e-12, qPrintable(box.text()));
-        QTest::keyClick(&box, Qt::Key_Down, Qt::ControlModifier);
-        QTest::keyClick(&box, Qt::Key_PageDown);
-        QVERIFY2(std::abs(box.value() * reached - 1) < 1e-12, qPrintable(box.text()));
     }
 
     void rangeHolds()
@@ -213,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(!box);
     }
 
-    void decimalsAndReturn()
+    void decimalsLimitWhatIsShown()
     {
         Box box;
         box.setValue(1.23456789e-9);
@@ -224,15 +219,19 @@ private Q_SLOTS:
         box.setSpecialValueText("NaN");
         box.setValue(box.minimum());
         QCOMPARE(box.text(), QString("NaN"));
+    }
 
-        QSignalSpy returns(&box, SIGNAL(returnKeyPressed()));
+    void returnIsReportedAfterTheValue()
+    {
+        Box box;
         QSignalSpy finished(&box, SIGNAL(editingFinished()));
-        box.type("4e-3");
-        connect(&box, &QScienceSpinBox::returnKeyPressed, &box, [&box] {
-            QCOMPARE(box.value(), 4e-3);
+        QVector<double> values;
+        connect(&box, &QScienceSpinBox::returnKeyPressed, &box, [&] {
+            values << box.value();
         });
+        box.type("4e-3");
         QTest::keyClick(&box, Qt::Key_Enter);
-        QCOMPARE(returns.size(), 1);
+        QCOMPARE(values, QVector<double>{4e-3});
         QCOMPARE(finished.size(), 1);
     }
 };

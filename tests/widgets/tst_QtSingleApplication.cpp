@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/QtSingleApplication.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QFileInfo>
@@ -22,7 +23,7 @@ using Corvale_Qt::SingleInstance;
 
 namespace {
 
-//! Another process that runs, or wants to run, as the first instance.
+//! Another process that tries to become the first instance.
 class Peer : public QProcess
 {
 public:
@@ -37,7 +38,7 @@ public:
         kill();
         waitForFinished();
     }
-    //! The next line it prints.
+    //! Returns the next line that the process prints.
     QString line()
     {
         while (!canReadLine())
@@ -52,7 +53,30 @@ public:
     }
 };
 
-//! No session's folder, and \a folder for temporary files.
+//! The first instance, in this process, and what it receives.
+struct First : SingleInstance
+{
+    QStringList received;
+
+    explicit First(const QString &id)
+        : SingleInstance(id)
+    {
+        if (!takeFirstPlace())
+            qFatal("another instance is the first");
+        connect(this, &SingleInstance::messageReceived, this, [this](const QString &message) {
+            received << message;
+        });
+    }
+    std::unique_ptr<QLocalSocket> connection() const
+    {
+        auto socket = std::make_unique<QLocalSocket>();
+        socket->connectToServer(serverName());
+        socket->waitForConnected();
+        return socket;
+    }
+};
+
+//! Returns an environment without a session's folder, and with \a folder for temporary files.
 QProcessEnvironment withoutSession(const QString &folder)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -66,7 +90,7 @@ constexpr QFile::Permissions kOfOthers(QFile::ReadGroup | QFile::WriteGroup | QF
 
 constexpr uid_t kAnotherUser = 65534;
 
-//! Runs \a body, of system calls only, in a process of another user; its result.
+//! Runs \a body, which may only make system calls, in a process of another user, and returns its result.
 template<typename Body>
 int asAnotherUser(const Body &body)
 {
@@ -79,7 +103,7 @@ int asAnotherUser(const Body &body)
     return WEXITSTATUS(status);
 }
 
-//! Makes something at a path where a folder is to be.
+//! Creates something at the path where the folder is expected.
 using PrepareFolder = void (*)(const QByteArray &path);
 
 sockaddr_un addressOf(const QString &socketFile)
@@ -108,14 +132,9 @@ private Q_SLOTS:
         Peer second({m_id, "serve"});
         QCOMPARE(second.line(), QString("second"));
 
-        Peer sender({m_id,
-                     "send",
-                     QString::fromUtf8("\xc2\xb5"
-                                       "A open run.csv")});
-        QCOMPARE(sender.result(), 0);
-        QCOMPARE(first.line(),
-                 QString::fromUtf8("\xc2\xb5"
-                                   "A open run.csv"));
+        const QString request = QChar(0xb5) + QString("A open run.csv");
+        QCOMPARE(Peer({m_id, "send", request}).result(), 0);
+        QCOMPARE(first.line(), request);
     }
 
     void anotherIdIsAnotherApplication()
@@ -166,16 +185,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("settings");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("none") << ""
-                              << "hello: an icon";
-        QTest::newRow("at a message") << "on"
-                                      << "hello: open";
-        QTest::newRow("not at a message") << "off"
-                                          << "hello: an icon";
-        QTest::newRow("not any more") << "on off"
-                                      << "hello: an icon";
-        QTest::newRow("in the end") << "off on on"
-                                    << "hello: open";
+        row("no window", "", "hello: an icon");
+        row("at a message", "on", "hello: open");
+        row("not at a message", "off", "hello: an icon");
+        row("no longer at a message", "on off", "hello: an icon");
+        row("at a message in the end", "off on on", "hello: open");
     }
     void activationWindow()
     {
@@ -191,8 +205,7 @@ private Q_SLOTS:
 
     void onlyThisUserMayConnect()
     {
-        SingleInstance first(m_id);
-        QVERIFY(first.takeFirstPlace());
+        const First first(m_id);
         QVERIFY(!(QFile::permissions(first.serverName()) & kOfOthers));
     }
 
@@ -232,7 +245,7 @@ private Q_SLOTS:
                 QSKIP("only root can give a folder away");
         });
     }
-    //! Made by somebody else, with a lock and a socket in it for all one knows.
+    //! Another user may have created the folder, with a lock and a socket in it.
     void folderThatIsNotSafe()
     {
         QFETCH(PrepareFolder, prepare);
@@ -249,7 +262,7 @@ private Q_SLOTS:
         QCOMPARE(Peer({m_id, "send", "x"}, withoutSession(temporary.path())).result(), 1);
     }
 
-    //! Should another user get at the socket all the same.
+    //! Another user who can reach the socket can neither send a message nor receive one.
     void anotherUsersProcess()
     {
         if (::geteuid() != 0)
@@ -278,7 +291,7 @@ private Q_SLOTS:
         QCOMPARE(answered, 0);
         QVERIFY(received.isEmpty());
 
-        // One that listens gets nothing to read.
+        // If another user listens at the socket, nothing is sent.
         QFile::remove(first.serverName());
         const int listener = ::socket(AF_UNIX, SOCK_STREAM, 0);
         QCOMPARE(::bind(listener, name, sizeof address), 0);
@@ -297,72 +310,58 @@ private Q_SLOTS:
         QVERIFY(!sent);
     }
 
-    //! What a sender that is none of ours may bring; the next message comes through all the same.
+    //! Invalid input is dropped, and the next message arrives.
     void foreignBytesAreDropped_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("half a length") << QByteArray("\0\0", 2);
-        QTest::newRow("half a message") << QByteArray("\0\0\0\x09half", 8);
-        QTest::newRow("length beyond the limit") << QByteArray("\x7f\xff\xff\xffxxxx", 8);
-        QTest::newRow("another protocol") << QByteArray("GET / HTTP/1.1\r\n\r\n");
+        row("nothing", QByteArray());
+        row("half a length", QByteArray("\0\0", 2));
+        row("half a message", QByteArray("\0\0\0\x09half", 8));
+        row("length beyond the limit", QByteArray("\x7f\xff\xff\xffxxxx", 8));
+        row("another protocol", QByteArray("GET / HTTP/1.1\r\n\r\n"));
     }
     void foreignBytesAreDropped()
     {
         QFETCH(QByteArray, bytes);
-        SingleInstance first(m_id);
-        QVERIFY(first.takeFirstPlace());
-        QSignalSpy received(&first, &SingleInstance::messageReceived);
+        First first(m_id);
         {
-            QLocalSocket stranger;
-            stranger.connectToServer(first.serverName());
-            QVERIFY(stranger.waitForConnected());
-            stranger.write(bytes);
-            stranger.flush();
-            stranger.disconnectFromServer();
+            const auto stranger = first.connection();
+            stranger->write(bytes);
+            stranger->flush();
+            stranger->disconnectFromServer();
         }
         Peer sender({m_id, "send", "genuine"});
-        QTRY_COMPARE(received.size(), 1);
-        QCOMPARE(received.at(0).at(0).toString(), QString("genuine"));
+        QTRY_COMPARE(first.received.join('|'), QString("genuine"));
     }
 
     void longestMessage()
     {
-        SingleInstance first(m_id);
-        QVERIFY(first.takeFirstPlace());
-        QSignalSpy received(&first, &SingleInstance::messageReceived);
-        QLocalSocket sender;
-        sender.connectToServer(first.serverName());
-        QVERIFY(sender.waitForConnected());
+        First first(m_id);
+        const auto sender = first.connection();
+        const QByteArray longest(SingleInstance::kMaximumMessage, 'x');
         QByteArray head(4, '\0');
-        qToBigEndian(quint32(SingleInstance::kMaximumMessage), head.data());
-        sender.write(head + QByteArray(SingleInstance::kMaximumMessage, 'x'));
-        QTRY_COMPARE(received.size(), 1);
-        QCOMPARE(received.at(0).at(0).toString().size(), int(SingleInstance::kMaximumMessage));
-        QTRY_COMPARE(sender.bytesAvailable(), qint64(SingleInstance::kAnswer.size()));
-        QCOMPARE(sender.readAll(), SingleInstance::kAnswer);
+        qToBigEndian(quint32(longest.size()), head.data());
+        sender->write(head + longest);
+        QTRY_COMPARE(first.received.value(0).size(), longest.size());
+        QTRY_COMPARE(sender->bytesAvailable(), qint64(SingleInstance::kAnswer.size()));
+        QCOMPARE(sender->readAll(), SingleInstance::kAnswer);
 
-        QVERIFY(!first.send(QString(SingleInstance::kMaximumMessage + 1, 'x'), 1000));
+        QVERIFY(!first.send(QString(longest + 'x'), 1000));
     }
 
     void idleConnectionsAreBounded()
     {
-        SingleInstance first(m_id);
-        QVERIFY(first.takeFirstPlace());
+        First first(m_id);
         std::vector<std::unique_ptr<QLocalSocket>> idle;
         for (int i = 0; i < SingleInstance::kMaximumConnections; ++i) {
-            idle.push_back(std::make_unique<QLocalSocket>());
-            idle.back()->connectToServer(first.serverName());
-            QVERIFY(idle.back()->waitForConnected());
+            idle.push_back(first.connection());
             QCoreApplication::processEvents();
         }
-        QLocalSocket oneMore;
-        oneMore.connectToServer(first.serverName());
-        QTRY_COMPARE(oneMore.state(), QLocalSocket::UnconnectedState);
+        const auto oneMore = first.connection();
+        QTRY_COMPARE(oneMore->state(), QLocalSocket::UnconnectedState);
         idle.clear();
         Peer sender({m_id, "send", "room again"});
-        QSignalSpy received(&first, &SingleInstance::messageReceived);
-        QTRY_COMPARE(received.size(), 1);
+        QTRY_COMPARE(first.received.join('|'), QString("room again"));
     }
 
 private:

@@ -16,8 +16,9 @@ constexpr int kFirstYStrip = 64;
 constexpr double kStripPitch = 2.0;
 constexpr double kMiddleStrip = (kStrips - 1) / 2.0;
 
-constexpr double kPixelPitch = 3.8F; // single precision, as the numbers have always been
-constexpr double kMiddlePixel = PixelGrid::size / 2.0;
+// Rounded to single precision, so that results equal those of earlier versions.
+constexpr double kPixelPitch = 3.8F;
+constexpr double kMiddlePixel = RoundPixelDetector::kSide / 2.0;
 constexpr int kPixelLayoutCode = 1;
 constexpr double kDegreesPerRadian = 57.2958;
 
@@ -27,9 +28,9 @@ struct StripFits
     RegressionResult<double> y;
 };
 
-/*! The integral, spread over the cells as a Gaussian. Distances run from the centre in raster units to the cells'
-    indices, not to their middles: the spot lies half a cell to the right of the ellipse and below it. Kept for
-    hosts that compare rasters. */
+/*! Spreads the integral over the cells as a Gaussian. Distances are measured from the centre in raster units to a
+    cell's index instead of its middle, so the spot lies half a cell to the right of and below the ellipse. Hosts that
+    compare rasters rely on this. */
 void buildStripRaster(const StripFits &fits, double integral, BeamFrame &frame)
 {
     const double cx = frame.ellipse.x;
@@ -45,7 +46,7 @@ void buildStripRaster(const StripFits &fits, double integral, BeamFrame &frame)
             largest = std::max(largest, g);
         }
     }
-    // A beam far thinner than a strip falls between the cells.
+    // A beam far thinner than a strip may fall between the cells and leave no sum.
     const double scale = sum > 0 ? integral / sum : 0.0;
     for (double &cell : frame.raster)
         cell *= scale;
@@ -63,7 +64,7 @@ void takeStripEllipse(const StripFits &fits, BeamFrame &frame)
     frame.ellipse.y = frame.rasterMeanY;
     frame.ellipse.semiMajor = larger;
     frame.ellipse.semiMinor = smaller;
-    // The rotation that is told is 0; the picture stands upright where the beam does.
+    // calc.rotation stays 0 for strips; only the picture turns for an upright beam.
     frame.ellipse.rotation = fits.y.sigma > fits.x.sigma ? 90 : 0;
 }
 
@@ -99,7 +100,7 @@ BeamFrame computeStripFrame(const FrameReadings &readings, const FrameOptions &o
     return frame;
 }
 
-//! An axis has no sense: -90 degrees, and what three decimals show as that, is 90.
+//! Returns the same axis in (-90, 90] degrees, where angles that three decimals show as -90 count as 90.
 double axisRotation(double degrees)
 {
     return degrees < -90 + 0.0005 ? degrees + 180 : degrees;
@@ -111,7 +112,7 @@ void takePixelNumbers(const PixelMoments &moments,
 {
     const double rotation = moments.rotation * kDegreesPerRadian;
     const bool mirrored = options.invertX != options.invertY;
-    // Rows run downwards; 0 - x keeps a zero without a sign.
+    // Rows run downwards, so the angle changes its sign; 0 - x avoids a negative zero.
     calc.rotation = mirrored ? rotation : 0 - rotation;
     const double right = (moments.meanX - kMiddlePixel) * kPixelPitch;
     const double up = (kMiddlePixel - moments.meanY) * kPixelPitch;
@@ -130,7 +131,7 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     const PixelMoments moments =
         computePixelMoments(readings, options.discriminator, kPixelLayoutCode);
     BeamFrame frame;
-    frame.raster.reserve(PixelGrid::cells);
+    frame.raster.reserve(RoundPixelDetector::kCells);
     std::copy(moments.raster.begin(), moments.raster.end(), std::back_inserter(frame.raster));
     frame.calc.integral = moments.integral;
     frame.calc.max = moments.max;
@@ -151,7 +152,7 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     return frame;
 }
 
-//! Readings near the largest double make sums that no plot can take: such a frame is shown as not valid.
+//! Returns false if sums of huge readings gave numbers that no plot can take; such a frame is shown as not valid.
 bool isPresentable(const BeamFrame &frame)
 {
     const SpectrogramCalc &calc = frame.calc;
@@ -177,7 +178,7 @@ DetectorGrid DetectorGrid::of(DetectorLayout layout)
     case DetectorLayout::StripPair:
         return {kStrips, kStripPitch, 4};
     case DetectorLayout::PixelMatrix:
-        return {PixelGrid::size, kPixelPitch, 2};
+        return {RoundPixelDetector::kSide, kPixelPitch, 2};
     case DetectorLayout::None:
         break;
     }

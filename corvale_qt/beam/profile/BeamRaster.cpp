@@ -15,16 +15,16 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Where one pixel row or column lies between the centres of two cells.
+//! Position of a pixel row or column between the centres of two cells.
 struct Blend
 {
     bool inside = false;
     int low = 0;
     int high = 0;
-    double weight = 0; //!< of the lower cell
+    double weight = 0; //!< weight of the lower cell
 };
 
-//! The operations, and their order, are those of QwtMatrixRasterData::value.
+//! Returns the blend of each pixel. The operations and their order are those of QwtMatrixRasterData::value().
 QVector<Blend> blends(const QwtScaleMap &map, int pixels, const QwtInterval &interval, int cells)
 {
     const double width = interval.width() / cells;
@@ -45,7 +45,7 @@ QVector<Blend> blends(const QwtScaleMap &map, int pixels, const QwtInterval &int
     return result;
 }
 
-//! One row of cells as the columns of pixels blend it.
+//! Blends one row of cells into one value for each column of pixels.
 void blendCells(std::vector<double> &line, const QVector<Blend> &columns, const double *cells)
 {
     for (int i = 0; i < columns.size(); ++i) {
@@ -55,7 +55,7 @@ void blendCells(std::vector<double> &line, const QVector<Blend> &columns, const 
     }
 }
 
-/*! The picture, line by line. Lines between the same two rows of cells share what the columns make of them. */
+/*! Renders the smoothed picture line by line. Lines between the same two rows of cells share the blended rows. */
 class SmoothPicture
 {
 public:
@@ -75,16 +75,16 @@ public:
                       - columns.begin());
     }
 
-    //! Pixels outside of the cells stay as they are.
+    //! Renders one line of pixels. Pixels outside the cells stay as they are.
     void
-    renderLine(QRgb *line, const Blend &row, const ColorTable &colours, const QwtInterval &range)
+    renderLine(QRgb *line, const Blend &row, const ColorTable &colors, const QwtInterval &range)
     {
         if (!row.inside)
             return;
         choose(row);
         for (size_t i = 0; i < m_line.size(); ++i)
             m_line[i] = row.weight * m_above[i] + (1.0 - row.weight) * m_below[i];
-        colours.look(range, m_line.data() + m_left, m_right - m_left, line + m_left);
+        colors.lookUp(range, m_line.data() + m_left, m_right - m_left, line + m_left);
     }
 
 private:
@@ -101,7 +101,7 @@ private:
     const QVector<Blend> &m_columns;
     const QVector<double> &m_values;
     const int m_cells;
-    //! The columns inside: a map does not turn back.
+    //! First column inside the cells, and the first one past them; a scale map is monotonic.
     int m_left = 0;
     int m_right = 0;
     int m_low = -1;
@@ -134,7 +134,7 @@ BeamRaster::BeamRaster()
 
 void BeamRaster::setGrid(int size)
 {
-    // Without values the matrix must not be painted: Qwt would divide by its size.
+    // A matrix without values must not be painted: Qwt would divide by its size.
     setVisible(false);
     m_size = size;
     m_data = new QwtMatrixRasterData;
@@ -186,7 +186,7 @@ void BeamRaster::draw(QPainter *painter,
                       const QwtScaleMap &yMap,
                       const QRectF &canvasRect) const
 {
-    // On a canvas of one pixel every position is NaN, with which Qwt would look up a cell.
+    // On a canvas of one pixel every position is NaN, and Qwt would use it as a cell index.
     if (xMap.pDist() > 0 && yMap.pDist() > 0)
         QwtPlotSpectrogram::draw(painter, xMap, yMap, canvasRect);
 }
@@ -204,7 +204,7 @@ QImage BeamRaster::renderImage(const QwtScaleMap &xMap,
     const auto rows = blends(yMap, imageSize.height(), m_data->interval(Qt::YAxis), m_size);
     const QwtInterval range = m_data->interval(Qt::ZAxis);
     m_table.setMap(*colors);
-    // A picture that hides all below it reaches the canvas as it is, without blending.
+    // An opaque picture is copied to the canvas without blending.
     const bool hidesAll = m_table.isOpaque() && range.width() > 0.0 && areAllInside(columns)
         && areAllInside(rows) && areAllFinite(values);
     QImage image(imageSize, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/ColorTable_p.h"
 
@@ -13,24 +11,26 @@ class QwtMatrixRasterData;
 
 namespace Corvale_Qt {
 
-/*! The intensity raster. Paints nothing until it was given values.
+/*! The intensity raster. It is hidden until it is given values.
 
-    Smoothed, its picture equals the base class's to the pixel; what depends on a row or a column alone is worked
-    out once for it instead of once a pixel. */
+    When smoothed, its picture equals the base class's to the pixel, but is faster: what depends only on a row or a
+    column is computed once for each of them instead of once for each pixel. */
 class BeamRaster : public QwtPlotSpectrogram
 {
 public:
     BeamRaster();
 
-    //! A square of \a size cells without values.
+    //! Makes a raster of \a size x \a size cells without values.
     void setGrid(int size);
-    //! Row after row from the top; as many as the grid has cells.
+    //! Shows \a values, row after row from the top. Ignored unless there is one for each cell.
     void setValues(const QVector<double> &values);
+    //! Returns the values that are shown, row after row from the top.
     QVector<double> values() const;
+    //! Returns the number of cells on each side.
     int size() const { return m_size; }
 
     void setSmoothing(bool smoothing);
-    //! Colours run from 0 to \a max, which is above 0.
+    //! Makes the colours run from 0 to \a max, which must be above 0.
     void setColorRange(double max);
 
     void draw(QPainter *painter,
@@ -49,7 +49,7 @@ private:
     int m_size = 0;
     double m_max = 1;
     bool m_smoothing = false;
-    // What is left of the last picture, for the next one.
+    // Kept from one picture to the next.
     mutable ColorTable m_table;
 };
 

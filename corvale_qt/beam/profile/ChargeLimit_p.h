@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <QObject>
 
@@ -11,18 +9,18 @@ namespace Corvale_Qt {
 
 class QScienceSpinBox;
 
-/*! A limit that an operator sets in the unit in force and that is kept as a charge, so that it is the same one
-    after the unit, or the rate, was switched forth and back. */
+/*! A limit that the operator edits in the current unit (coulomb or ampere). It is stored as a charge, so that
+    switching the unit or the rate back and forth does not change it. */
 class ChargeLimit
 {
 public:
-    //! \a box must outlive this object.
+    //! Starts with the value of \a box, which must outlive this object.
     explicit ChargeLimit(QScienceSpinBox *box);
     ~ChargeLimit();
 
-    //! In the unit in force.
+    //! Returns the limit in the current unit.
     double value() const;
-    //! What turns the charge into the unit in force, above 0; the box shows the product, without a signal.
+    //! Sets the factor from coulomb to the current unit, above 0. The box shows the new value without a signal.
     void setFactor(double factor);
 
 private:

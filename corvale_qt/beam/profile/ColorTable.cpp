@@ -11,12 +11,12 @@ ColorTable::Contents::Contents(const QwtLinearColorMap &map)
     , stops(map.colorStops())
 {
     for (const double stop : stops)
-        colours.append(map.rgb(QwtInterval(0.0, 1.0), stop));
+        colors.append(map.rgb(QwtInterval(0.0, 1.0), stop));
 }
 
 bool ColorTable::Contents::operator==(const Contents &other) const
 {
-    return mode == other.mode && stops == other.stops && colours == other.colours;
+    return mode == other.mode && stops == other.stops && colors == other.colors;
 }
 
 void ColorTable::setMap(const QwtLinearColorMap &map)
@@ -27,47 +27,49 @@ void ColorTable::setMap(const QwtLinearColorMap &map)
     if (isKept && contents == m_contents)
         return;
     m_contents = contents;
-    m_opaque = std::all_of(contents.colours.begin(), contents.colours.end(), [](QRgb colour) {
-        return qAlpha(colour) == 255;
+    m_opaque = std::all_of(contents.colors.begin(), contents.colors.end(), [](QRgb color) {
+        return qAlpha(color) == 255;
     });
     fill();
 }
 
 void ColorTable::fill()
 {
-    m_colours.fill(toBeAsked, intervals + 1);
+    m_colors.fill(kUnresolved, kIntervals + 1);
     if (m_contents.mode != QwtLinearColorMap::ScaledColors)
-        return; // ask always
+        return; // the map is always asked
     const QwtInterval unit(0.0, 1.0);
     QRgb before = m_map->rgb(unit, 0.0);
-    for (int i = 0; i < intervals; ++i) {
-        const QRgb after = m_map->rgb(unit, double(i + 1) / intervals);
+    for (int i = 0; i < kIntervals; ++i) {
+        const QRgb after = m_map->rgb(unit, double(i + 1) / kIntervals);
         if (before == after)
-            m_colours[i] = before;
+            m_colors[i] = before;
         before = after;
     }
-    // A component may turn at a stop, and the map may jump there, by rounding: a stop between two intervals spoils both.
+    // A component may change direction at a stop, and rounding may make the map jump there. A stop on the border of
+    // two intervals affects both.
     for (const double stop : m_contents.stops) {
-        for (const double place : {std::ceil(stop * intervals) - 1.0, std::floor(stop * intervals)})
-            m_colours[qBound(0, int(place), intervals - 1)] = toBeAsked;
+        for (const double place :
+             {std::ceil(stop * kIntervals) - 1.0, std::floor(stop * kIntervals)})
+            m_colors[qBound(0, int(place), kIntervals - 1)] = kUnresolved;
     }
 }
 
-void ColorTable::look(const QwtInterval &range,
-                      const double *values,
-                      int count,
-                      QRgb *colours) const
+void ColorTable::lookUp(const QwtInterval &range,
+                        const double *values,
+                        int count,
+                        QRgb *colors) const
 {
     const double least = range.minValue();
-    // Without a width the map has its own answer, and this finds no place for anything.
+    // For a range without width, a NaN sends every value to the map, which has its own rule.
     const double width = range.width() > 0.0 ? range.width() : std::nan("");
-    const QRgb *const table = m_colours.constData();
+    const QRgb *const table = m_colors.constData();
     for (int i = 0; i < count; ++i) {
-        // The map's own division, to the last bit: by a reciprocal a value may land beside its interval.
-        const double place = (values[i] - least) / width * intervals;
-        const bool inside = place >= 0.0 && place < intervals; // not so for a NaN
-        const QRgb colour = table[inside ? int(place) : intervals];
-        colours[i] = colour != toBeAsked ? colour : m_map->rgb(range, values[i]);
+        // Divided as the map divides: multiplying by a reciprocal might give the next interval.
+        const double place = (values[i] - least) / width * kIntervals;
+        const bool inside = place >= 0.0 && place < kIntervals; // false for a NaN
+        const QRgb color = table[inside ? int(place) : kIntervals];
+        colors[i] = color != kUnresolved ? color : m_map->rgb(range, values[i]);
     }
 }
 

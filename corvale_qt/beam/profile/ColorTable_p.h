@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <qwt_color_map.h>
 #include <qwt_interval.h>
@@ -13,30 +11,30 @@
 
 namespace Corvale_Qt {
 
-/*! A colour map for pictures' worth of look-ups: the same colours as the map's own, faster.
+/*! A table that returns the colours of a linear colour map faster than the map does, for whole pictures.
 
-    Between two stops each component rises or falls, so where both ends of a small interval have the same colour, all of it
-    has. The intervals with that property are remembered; for the others, the map is asked. */
+    Each colour component is monotonic between two stops. So if both ends of a small interval have the same colour,
+    the whole interval has it, and the table stores that colour. For other intervals the table asks the map. */
 class ColorTable
 {
 public:
-    //! The colours of \a map from now on. Those of the last map are kept where the two are the same.
+    //! Uses the colours of \a map from now on. The table is rebuilt only if they differ from the last map's.
     void setMap(const QwtLinearColorMap &map);
 
-    //! Whether every number has a colour that hides what lies below; what is not a number has none.
+    //! Returns whether the colour of every number is opaque. A NaN is transparent whatever the map.
     bool isOpaque() const { return m_opaque; }
 
-    /*! The colours of \a count values, where the map's ends stand for those of \a range. The map that was given
-        last must still be there. */
-    void look(const QwtInterval &range, const double *values, int count, QRgb *colours) const;
+    /*! Writes the colours of \a count values to \a colors. The map spans \a range. The map given to setMap() must
+        still exist. */
+    void lookUp(const QwtInterval &range, const double *values, int count, QRgb *colors) const;
 
 private:
-    //! All that makes a map.
+    //! The properties that decide a map's colours.
     struct Contents
     {
         QwtLinearColorMap::Mode mode = QwtLinearColorMap::ScaledColors;
         QVector<double> stops;
-        QVector<QRgb> colours;
+        QVector<QRgb> colors;
 
         explicit Contents(const QwtLinearColorMap &map);
         Contents() = default;
@@ -45,16 +43,16 @@ private:
 
     void fill();
 
-    // Small enough for a near cache, large enough that one look-up in forty has to ask.
-    static constexpr int intervals = 1 << 16;
-    // A colour that is not seen at all.
-    static constexpr QRgb toBeAsked = 0;
+    // Small enough to stay in the processor's cache; about one look-up in forty still asks the map.
+    static constexpr int kIntervals = 1 << 16;
+    // Marks an interval whose colour the map is asked for. So is a colour that equals it, which is transparent.
+    static constexpr QRgb kUnresolved = 0;
 
     const QwtLinearColorMap *m_map = nullptr;
     Contents m_contents;
     bool m_opaque = false;
-    // One more than there are intervals, for what lies in none of them.
-    QVector<QRgb> m_colours;
+    // One entry for each interval, and a last one for values outside all of them.
+    QVector<QRgb> m_colors;
 };
 
 } // namespace Corvale_Qt

@@ -8,17 +8,16 @@ namespace Corvale_Qt {
 
 void MeanHistory::append(const Entry &entry)
 {
-    // Time may have run back while nobody kept a history.
+    // Time may have run back while the side bar, and with it the history, was off.
     if (!m_entries.empty() && entry.time < m_entries.back().time)
         clear();
-    // One out for one in; what an unlimited time left beyond the limit stays until it is cleared.
+    // Drops one entry for each new one. Entries beyond the limit from an unlimited time stay until clear().
     if (!m_unlimited && m_entries.size() >= limit) {
         m_entries.pop_front();
         m_firstShown -= m_firstShown > 0;
     }
     m_entries.push_back(entry);
-    // Time rises, so the window only moves on; the entry before it leads the line in from the left
-    // edge.
+    // Time rises, so the window only moves forward. The entry before it is needed to draw the line from the left edge.
     while (m_firstShown + 1 < m_entries.size()
            && m_entries[m_firstShown + 1].time < entry.time - span)
         ++m_firstShown;
@@ -61,7 +60,7 @@ QPointF MeanSeries::sample(std::size_t i) const
 
 QRectF MeanSeries::boundingRect() const
 {
-    return qwtBoundingRect(*this); // the curve sees to the missing ones
+    return qwtBoundingRect(*this); // the curve skips what is not finite
 }
 
 } // namespace Corvale_Qt

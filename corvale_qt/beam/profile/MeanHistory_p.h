@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <qwt_series_data.h>
 
@@ -12,31 +10,31 @@
 
 namespace Corvale_Qt {
 
-/*! Mean X and mean Y of the frames so far, oldest first, with rising time stamps; one from before the newest
-    starts anew. Holds 3000 frames; one more
-    pushes out the oldest. */
+/*! Mean X and mean Y of the frames so far, oldest first. Time stamps rise: an entry older than the newest one
+    clears the history first. The history holds 3000 frames and then drops the oldest for each new one, unless it is
+    unlimited. */
 class MeanHistory
 {
 public:
     struct Entry
     {
-        double time;
-        double meanX;
+        double time; //!< seconds
+        double meanX; //!< mm; SpectrogramCalc::invalid for a frame without a mean
         double meanY;
     };
     static constexpr std::size_t limit = 3000;
-    //! Seconds that are shown.
+    //! Length of the time that a plot shows, seconds.
     static constexpr double span = 5.0;
 
     void append(const Entry &entry);
     void clear();
-    //! Mean X of every frame changes its sign, where it has one; likewise mean Y.
+    //! Changes the sign of every valid mean X if \a x is true, and of every valid mean Y if \a y is true.
     void mirror(bool x, bool y);
     void setUnlimited(bool unlimited) { m_unlimited = unlimited; }
     bool isUnlimited() const { return m_unlimited; }
 
     const std::deque<Entry> &entries() const { return m_entries; }
-    //! Index of the first entry that a plot of the newest \a span seconds needs.
+    //! Returns the index of the first entry that a plot of the newest `span` seconds needs.
     std::size_t firstShown() const { return m_firstShown; }
 
 private:
@@ -45,7 +43,7 @@ private:
     bool m_unlimited = false;
 };
 
-/*! The part of a history that is shown, as a curve reads it: a frame without a mean has no finite value. */
+/*! Offers one mean of the shown part of a history to a curve. A frame without a mean gives NaN. */
 class MeanSeries : public QwtSeriesData<QPointF>
 {
 public:

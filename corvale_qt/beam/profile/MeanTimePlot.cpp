@@ -13,9 +13,9 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr double kMargin = 0.1; // mm, so that no line runs along the edge
+constexpr double kMargin = 0.1; // mm, so that a constant mean is not drawn on the edge
 
-//! Plain seconds: time stamps may count from 1970, and their last digits are the ones that move.
+//! Labels seconds in full: time stamps may count from 1970, and only their last digits change.
 class SecondsDraw : public ThinnedScaleDraw
 {
 public:
@@ -59,7 +59,7 @@ MeanTimePlot::~MeanTimePlot() = default;
 void MeanTimePlot::setEnd(double time)
 {
     const double half = MeanHistory::span / 2;
-    // Far from zero a double has no room for five seconds: no axis then.
+    // Keeps the axis as it is if \a time is so large that a double cannot resolve five seconds.
     if (time - half < time && time - 2 * half < time - half)
         setAxisScale(xBottom, time - 2 * half, time, half);
 }

@@ -1,16 +1,260 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 
-#include "corvale_qt/beam/profile/PositionPlot_p.h"
+#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
+#include "corvale_qt/plot/SquarePlot_p.h"
 
 #include "ui_RVXPositionPlot.h"
 
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_curve.h>
+#include <qwt_plot_grid.h>
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+#include <QPointF>
 #include <QTimer>
+#include <QVector>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace Corvale_Qt {
+
+namespace {
+
+//! Returns a length that follows the canvas, so that the marker is visible on small and on large displays.
+double shareOf(const QRectF &canvas, double share, double atLeast)
+{
+    return std::max(atLeast, share * std::min(canvas.width(), canvas.height()));
+}
+
+bool isPlottable(const QPointF &point)
+{
+    return Corvale_Qt::isPlottable(point.x()) && Corvale_Qt::isPlottable(point.y());
+}
+
+/*! Draws the latest position as an open circle with a cross, or as an arrow if it lies beyond the edge of the
+    canvas. Draws nothing without a position. */
+class PlotItem : public QwtPlotCurve
+{
+public:
+    PlotItem();
+
+    void setPosition(double x, double y);
+
+protected:
+    void drawSeries(QPainter *painter,
+                    const QwtScaleMap &xMap,
+                    const QwtScaleMap &yMap,
+                    const QRectF &canvasRect,
+                    int from,
+                    int to) const override;
+
+private:
+    static void drawMarker(QPainter *painter, const QPointF &centre, double radius);
+    void
+    drawArrow(QPainter *painter, const QRectF &canvas, const QPointF &centre, double radius) const;
+
+    QPointF m_position;
+};
+
+/*! Draws the last positions as dots that fade with age. The last sample is the newest. */
+class TrailCurve : public QwtPlotCurve
+{
+public:
+    TrailCurve();
+
+    QRectF boundingRect() const override;
+
+protected:
+    void drawDots(QPainter *painter,
+                  const QwtScaleMap &xMap,
+                  const QwtScaleMap &yMap,
+                  const QRectF &canvasRect,
+                  int from,
+                  int to) const override;
+};
+
+/*! The X/Y plane with the marker and the trail. */
+class PositionPlot : public SquarePlot
+{
+public:
+    static constexpr int trailLength = 20;
+
+    explicit PositionPlot(QWidget *parent = nullptr);
+
+    //! Takes the newest position, which the next replot shows.
+    void append(double x, double y);
+
+private:
+    TrailCurve *m_trail; // the items belong to the plot
+    PlotItem *m_marker;
+    QVector<double> m_trailX;
+    QVector<double> m_trailY;
+};
+
+PlotItem::PlotItem()
+    : m_position(std::numeric_limits<double>::quiet_NaN(), 0)
+{
+    setRenderHint(RenderAntialiased, true);
+    setItemAttribute(AutoScale, false);
+    setPen(Qt::yellow);
+    setZ(20);
+}
+
+void PlotItem::setPosition(double x, double y)
+{
+    m_position = {x, y};
+}
+
+void PlotItem::drawSeries(QPainter *painter,
+                          const QwtScaleMap &xMap,
+                          const QwtScaleMap &yMap,
+                          const QRectF &canvasRect,
+                          int /*from*/,
+                          int /*to*/) const
+{
+    if (!isPlottable(m_position))
+        return;
+    const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
+    const double radius = shareOf(canvasRect, 0.025, 6);
+    painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
+    // Half a pixel of tolerance keeps a position at the very end of an axis in range after rounding.
+    if (canvasRect.adjusted(-0.5, -0.5, 0.5, 0.5).contains(centre))
+        drawMarker(painter, centre, radius);
+    else
+        drawArrow(painter, canvasRect, centre, radius);
+}
+
+void PlotItem::drawMarker(QPainter *painter, const QPointF &centre, double radius)
+{
+    const QPointF right(1.6 * radius, 0);
+    const QPointF down(0, 1.6 * radius);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawEllipse(centre, radius, radius);
+    painter->drawLine(centre - right, centre + right);
+    painter->drawLine(centre - down, centre + down);
+}
+
+//! Draws an arrow that points straight out of the edge, or the corner, that the position lies beyond.
+void PlotItem::drawArrow(QPainter *painter,
+                         const QRectF &canvas,
+                         const QPointF &centre,
+                         double radius) const
+{
+    const QPointF tip(std::clamp(centre.x(), canvas.left(), canvas.right()),
+                      std::clamp(centre.y(), canvas.top(), canvas.bottom()));
+    const auto direction = [](double from, double to) {
+        return to > from ? 1 : to < from ? -1 : 0;
+    };
+    const int x = direction(tip.x(), centre.x());
+    const int y = direction(tip.y(), centre.y());
+    const double length = 2.4 * radius / std::hypot(x, y);
+    const QPointF back(-length * x, -length * y);
+    const QPointF aside(0.4 * back.y(), -0.4 * back.x());
+    painter->setBrush(pen().color());
+    painter->drawPolygon(QPolygonF({tip, tip + back + aside, tip + back - aside}));
+}
+
+TrailCurve::TrailCurve()
+{
+    setStyle(Dots);
+    setRenderHint(RenderAntialiased, true);
+    setPen(RVXPlotColors::color(0));
+    setZ(10);
+}
+
+QRectF TrailCurve::boundingRect() const
+{
+    QRectF bounds(1.0, 1.0, -2.0, -2.0); // Qwt's "nothing to show"
+    for (size_t i = 0; i < dataSize(); ++i) {
+        const QPointF point = sample(static_cast<int>(i));
+        if (!isPlottable(point))
+            continue;
+        if (bounds.width() < 0)
+            bounds = QRectF(point, QSizeF(0, 0));
+        bounds.setCoords(std::min(bounds.left(), point.x()),
+                         std::min(bounds.top(), point.y()),
+                         std::max(bounds.right(), point.x()),
+                         std::max(bounds.bottom(), point.y()));
+    }
+    // Leaves room for whole dots and the whole marker at the edges.
+    const double x = 0.05 * bounds.width();
+    const double y = 0.05 * bounds.height();
+    return bounds.width() < 0 ? bounds : bounds.adjusted(-x, -y, x, y);
+}
+
+void TrailCurve::drawDots(QPainter *painter,
+                          const QwtScaleMap &xMap,
+                          const QwtScaleMap &yMap,
+                          const QRectF &canvasRect,
+                          int from,
+                          int to) const
+{
+    QColor color = pen().color();
+    const double radius = shareOf(canvasRect, 0.008, 2);
+    painter->setPen(Qt::NoPen);
+    for (int i = from; i <= to; ++i) {
+        const QPointF point = sample(i);
+        if (!isPlottable(point))
+            continue;
+        const QPointF centre = QwtScaleMap::transform(xMap, yMap, point);
+        if (!canvasRect.contains(centre))
+            continue;
+        const int age = to - i;
+        // The oldest dot keeps some of its colour.
+        color.setAlphaF(1.0 - 0.85 * age / PositionPlot::trailLength);
+        painter->setBrush(color);
+        painter->drawEllipse(centre, radius, radius);
+    }
+}
+
+PositionPlot::PositionPlot(QWidget *parent)
+    : SquarePlot(parent)
+    , m_trail(new TrailCurve)
+    , m_marker(new PlotItem)
+{
+    auto *canvas = new QwtPlotCanvas(this);
+    canvas->setFrameStyle(QFrame::NoFrame);
+    setCanvas(canvas);
+    setCanvasBackground(Qt::black);
+    setAxisTitle(yLeft, RVXPositionPlot::tr("Y Position"));
+    setAxisTitle(xBottom, RVXPositionPlot::tr("X Position"));
+    styleAxis(this, yLeft);
+    styleAxis(this, xBottom);
+    followData(this, yLeft);
+    followData(this, xBottom);
+
+    auto *grid = new QwtPlotGrid;
+    grid->enableXMin(true);
+    grid->enableYMin(true);
+    grid->setMajorPen(QColor(88, 88, 88));
+    grid->setMinorPen(QColor(48, 48, 48));
+    grid->setZ(0);
+    grid->attach(this);
+    m_trail->attach(this);
+    m_marker->attach(this);
+    replot();
+}
+
+void PositionPlot::append(double x, double y)
+{
+    if (m_trailX.size() >= trailLength) {
+        m_trailX.removeFirst();
+        m_trailY.removeFirst();
+    }
+    m_trailX << x;
+    m_trailY << y;
+    m_trail->setSamples(m_trailX, m_trailY);
+    m_marker->setPosition(x, y);
+}
+
+} // namespace
 
 class RVXPositionPlotPrivate
 {
@@ -21,13 +265,13 @@ public:
     Ui::RVXPositionPlot ui;
     PositionPlot *plot = nullptr;
     QTimer timer;
-    QTimer showNewest; // as soon as what waits in the event queue is done
+    QTimer showNewest; // fires once the events that are queued already are handled
     PlotRange xRange;
     PlotRange yRange;
     double fraction = 1.0;
     bool autoScale = true;
     bool redrawPending = false;
-    bool newestWaits = false; // for a redraw
+    bool newestWaits = false; // the newest position is not painted yet
 };
 
 void RVXPositionPlotPrivate::applyScale()
@@ -112,7 +356,7 @@ void RVXPositionPlot::update()
 {
     Q_D(RVXPositionPlot);
     d->redrawPending = true;
-    // The next position is shown at once. Where none comes, the last one is.
+    // From now on the next position is shown at once. If none comes, the timer shows the last one.
     if (d->newestWaits)
         d->showNewest.start();
 }

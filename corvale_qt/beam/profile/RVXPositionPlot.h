@@ -10,17 +10,18 @@ namespace Corvale_Qt {
 
 class RVXPositionPlotPrivate;
 
-/*! The beam's latest position on an X/Y plane, with a trail of the last 20 positions, of which it is the newest.
+/*! Shows the latest position of the beam on an X/Y plane, with a trail of the last 20 positions (the latest
+    included).
 
-    Positions may come at any rate: the plot is painted at most ten times a second, and the newest position always
-    is, at the next tick at the latest. One beyond the axes is an arrow at their edge. A position that is not finite
-    keeps its place in the trail but is not drawn, and the marker is gone until the next good one.
+    Positions may come at any rate: the plot is painted at most ten times a second, and the newest position is shown
+    at the next tick at the latest. A position beyond the axes is shown as an arrow at their edge. A position that is
+    not finite counts among the 20 but is not drawn, and the marker is hidden until the next finite one.
 
     \code
     auto *plot = new Corvale_Qt::RVXPositionPlot(window);
     plot->setXScale(-20, 20); // mm
     plot->setYScale(-20, 20);
-    plot->setScale(1);        // all of it; 0 follows the data
+    plot->setScale(1);        // the whole range; 0 follows the data
     plot->setData(1.5, -0.3);
     \endcode */
 class CORVALE_QT_EXPORT RVXPositionPlot : public QWidget
@@ -28,20 +29,21 @@ class CORVALE_QT_EXPORT RVXPositionPlot : public QWidget
     Q_OBJECT
 
 public:
+    //! Makes a plot without positions that follows the data.
     explicit RVXPositionPlot(QWidget *parent = nullptr);
     ~RVXPositionPlot() override;
 
 public Q_SLOTS:
-    //! The newest position, in the unit of the axes.
+    //! Appends the newest position, in the unit of the axes.
     void setData(double x, double y);
-    /*! Part of the ranges that is shown: 0 follows the data, 1 and 2 all, then 0.5, 0.2, 0.1 ... down to
-        0.0001 for 14; any other index all. */
+    /*! Sets the part of the ranges that is shown. Index 0 follows the data; 1 and 2 show the whole ranges; 3 to 14
+        show 0.5, 0.2, 0.1 ... down to 0.0001 of them; any other index shows the whole ranges. */
     void setScale(int index);
-    //! Range of the bottom axis; ignored unless \a min < \a max. [-1, 1] at the start.
+    //! Sets the range of the bottom axis, [-1, 1] at the start. Ignored unless \a min < \a max.
     void setXScale(double min, double max);
-    //! Range of the left axis; ignored unless \a min < \a max. [-1, 1] at the start.
+    //! Sets the range of the left axis, [-1, 1] at the start. Ignored unless \a min < \a max.
     void setYScale(double min, double max);
-    //! Applies scale and ranges once more.
+    //! Applies the scale and the ranges again.
     void updateScale();
 
 private Q_SLOTS:

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 
+#include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
+#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
-#include <QDebug>
 #include <QEvent>
 
 #include <cmath>
@@ -14,11 +15,11 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Towards zero, whatever the number; a NaN is 0.
+//! Rounds towards zero, within a range in which sums and differences of two cannot overflow. Returns 0 for a NaN.
 int truncated(double number)
 {
-    constexpr double most = 1e9;
-    return std::isnan(number) ? 0 : static_cast<int>(qBound(-most, number, most));
+    constexpr int most = 1000000000;
+    return clampedToInt(number, -most, most);
 }
 
 } // namespace
@@ -36,7 +37,7 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
 RVXSpectrogram::~RVXSpectrogram()
 {
     Q_D(RVXSpectrogram);
-    // While the controls go, the focus moves on, and one of them takes the number that was being typed.
+    // Deleting the controls moves the focus, and a box that loses it may still commit a typed number.
     for (QWidget *control : d->ui.sidebar->findChildren<QWidget *>())
         control->disconnect(this);
 }
@@ -63,7 +64,6 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
         d->regression.thresholdFraction = options[0];
         d->regression.halfWidth = truncated(options[1]);
         d->regression.minimumPeak = options[2];
-        d->unusedRegressionOption = options[3];
     }
     if (options.size() >= 5)
         d->regression.weightPower = truncated(std::floor(options[4] + 0.5));
@@ -91,15 +91,15 @@ void RVXSpectrogram::setName(const char *name)
 {
     Q_D(RVXSpectrogram);
     d->name = QString::fromUtf8(name);
-    qDebug().noquote().nospace() << "Spectrogram created for " << d->name;
+    qCDebug(lcProfile).noquote().nospace() << "Spectrogram created for " << d->name;
 }
 
 void RVXSpectrogram::setRange(double current, double charge)
 {
     Q_D(RVXSpectrogram);
     if (!isPlottable(current) || !isPlottable(charge) || current < 0 || charge < 0) {
-        qDebug() << "RVXSpectrogram::setRange ignored: no full scale of" << current << "and"
-                 << charge;
+        qCDebug(lcProfile) << "RVXSpectrogram::setRange ignored: no full scale of" << current
+                           << "and" << charge;
         return;
     }
     d->currentFullScale = current;
@@ -113,7 +113,7 @@ void RVXSpectrogram::setSampleRate(int rate)
     if (rate > 0)
         d->setSampleRate(rate);
     else
-        qDebug() << "RVXSpectrogram::setSampleRate ignored:" << rate;
+        qCDebug(lcProfile) << "RVXSpectrogram::setSampleRate ignored:" << rate;
 }
 
 void RVXSpectrogram::setScale(int index)
@@ -143,7 +143,7 @@ void RVXSpectrogram::sidebarEnabled(bool enabled)
     d->sidebar = enabled;
     d->ui.scrollArea_sidebar->setVisible(enabled);
     if (enabled && d->hasFrame)
-        d->showResults(); // most of them were not kept up without it
+        d->showResults(); // most numbers are not updated while it is hidden
 }
 
 void RVXSpectrogram::setEnabled(bool enabled)
@@ -155,7 +155,7 @@ void RVXSpectrogram::changeEvent(QEvent *event)
 {
     Q_D(RVXSpectrogram);
     QWidget::changeEvent(event);
-    // Here rather than in setEnabled(): a parent may disable it too.
+    // Not in setEnabled(), because a parent may also disable the display.
     if (event->type() == QEvent::EnabledChange)
         d->drawing = isEnabled();
 }

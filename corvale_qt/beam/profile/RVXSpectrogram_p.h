@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
 #include "corvale_qt/beam/profile/ChargeLimit_p.h"
@@ -20,6 +18,7 @@
 
 namespace Corvale_Qt {
 
+/*! Connects the controls of the side bar with the plots, decides when a frame is shown, and shows its numbers. */
 class RVXSpectrogramPrivate
 {
     Q_DECLARE_PUBLIC(RVXSpectrogram)
@@ -29,7 +28,7 @@ public:
 
     void build();
 
-    // What a layout, the unit and the scale change.
+    // Layout, unit and scale.
     void setLayout(DetectorLayout layout, const QString &title);
     void setCurrent(bool current);
     void setSampleRate(int rate);
@@ -38,7 +37,7 @@ public:
     void applyScale();
     void setInverted();
 
-    // The road of a frame.
+    // From a new frame to the screen.
     void takeFrame(const QVector<double> &data, double timestamp);
     void remember(const SpectrogramCalc &calc, double timestamp);
     void tick();
@@ -57,34 +56,33 @@ public:
     MeanTimePlot *timePlot = nullptr;
     std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();
     QTimer timer;
-    QTimer showNewest; //!< as soon as what waits in the event queue is done
+    QTimer showNewest; //!< fires once the events that are queued already are handled
 
     QString name;
     DetectorLayout layout = DetectorLayout::None;
     RegressionOptions<double> regression;
-    double unusedRegressionOption = 1e-14F; // comes with the others and is kept with them
 
     bool redrawPending = false;
-    bool drawing = true; //!< the widget is enabled
+    bool drawing = true; //!< whether the widget is enabled
     bool sidebar = true;
     bool current = false;
-    bool settingScale = false; //!< the host, not the user, chooses the scale
+    bool settingScale = false; //!< true while the host, not the user, chooses the scale
     bool autoScale = true;
     int sampleRate = 1;
     double currentFullScale = 1.0;
     double chargeFullScale = 1.0;
-    double fraction = 1.0; //!< of full scale, that the colours reach
-    double lastMaximum = 0.0; //!< of the frames shown since the layout was chosen; 0 without one
+    double fraction = 1.0; //!< fraction of full scale that the colours reach
+    double lastMaximum = 0.0; //!< last maximum above 0 since the layout was chosen; 0 before
     double lastTimestamp = 0.0;
     std::unique_ptr<ChargeLimit> threshold;
     std::unique_ptr<ChargeLimit> discriminator;
 
     SpectrogramCalc calc;
     double axisRotation = 0.0;
-    FrameReadings shownCharges{}; //!< what the calculation was made from, before any rate
+    FrameReadings shownCharges{}; //!< the charges that the calculation was made from
     bool hasFrame = false;
     FrameReadings newestCharges{};
-    bool newestWaits = false; //!< for a redraw
+    bool newestWaits = false; //!< whether the newest frame is still to be painted
 
 private:
     void buildPlots();
@@ -94,7 +92,7 @@ private:
     BeamFrame frameOf(const FrameReadings &charges) const;
     double colorRange() const;
     double readingFactor() const { return current ? sampleRate : 1.0; }
-    //! 0 where the host gave none.
+    //! Returns the full scale of the current mode, or 0 if it has none.
     double fullScale() const { return current ? currentFullScale : chargeFullScale; }
 
     RVXSpectrogram *const q_ptr;

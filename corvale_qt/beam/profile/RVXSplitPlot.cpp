@@ -1,21 +1,170 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 
-#include "corvale_qt/beam/profile/SplitPlot_p.h"
+#include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
 #include "ui_RVXSplitPlot.h"
 
-#include <QDebug>
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_item.h>
+#include <qwt_scale_map.h>
+
+#include <QColor>
+#include <QPainter>
 #include <QTimer>
 #include <QVector>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
 namespace {
 
 constexpr int kMostPlots = 256;
+//! Half of the bar's height and of the axis's, in units of the left axis.
+constexpr double kHalfBar = 0.12;
+constexpr double kHalfHeight = 0.2;
+
+/*! Draws one value as a bar from 0, with its text at the end of the bar and a line through 0. */
+class SplitItem : public QwtPlotItem
+{
+public:
+    explicit SplitItem(const QColor &color);
+
+    void setValue(double value) { m_value = value; }
+
+    int rtti() const override;
+    //! Returns a rectangle centred on 0, so that an automatic axis keeps 0 in the middle.
+    QRectF boundingRect() const override;
+    void draw(QPainter *painter,
+              const QwtScaleMap &xMap,
+              const QwtScaleMap &yMap,
+              const QRectF &canvasRect) const override;
+
+private:
+    void drawText(QPainter *painter,
+                  const QRectF &canvasRect,
+                  const QRectF &bar,
+                  double zero,
+                  double end) const;
+
+    QColor m_color;
+    double m_value = 0;
+};
+
+/*! A small plot of one split indicator. */
+class SplitPlot : public QwtPlot
+{
+public:
+    //! \a index is the plot's number, counted from 0, and chooses its colour.
+    explicit SplitPlot(int index, QWidget *parent = nullptr);
+
+    //! Stores \a value and paints it.
+    void showValue(double value);
+
+private:
+    SplitItem *m_item; // belongs to the plot
+};
+
+SplitItem::SplitItem(const QColor &color)
+    : m_color(color)
+{
+    setItemAttribute(AutoScale, true);
+}
+
+int SplitItem::rtti() const
+{
+    return QwtPlotItem::Rtti_PlotUserItem;
+}
+
+QRectF SplitItem::boundingRect() const
+{
+    if (!isPlottable(m_value))
+        return QRectF(1.0, 1.0, -2.0, -2.0); // Qwt's "nothing to show"
+    const double reach = std::abs(m_value);
+    return QRectF(-reach, -kHalfHeight, 2 * reach, 2 * kHalfHeight);
+}
+
+void SplitItem::draw(QPainter *painter,
+                     const QwtScaleMap &xMap,
+                     const QwtScaleMap &yMap,
+                     const QRectF &canvasRect) const
+{
+    const double zero = xMap.transform(0);
+    // A bar beyond the axis ends at its edge; a value that cannot be plotted has no bar.
+    const double end = isPlottable(m_value)
+        ? std::clamp(xMap.transform(m_value), canvasRect.left(), canvasRect.right())
+        : zero;
+    const QRectF bar =
+        QRectF(QPointF(zero, yMap.transform(kHalfBar)), QPointF(end, yMap.transform(-kHalfBar)))
+            .normalized();
+    painter->fillRect(bar, m_color);
+    painter->setPen(QPen(QColor(200, 200, 200), 0));
+    painter->drawLine(QPointF(zero, canvasRect.top()), QPointF(zero, canvasRect.bottom()));
+    drawText(painter, canvasRect, bar, zero, end);
+}
+
+void SplitItem::drawText(QPainter *painter,
+                         const QRectF &canvasRect,
+                         const QRectF &bar,
+                         double zero,
+                         double end) const
+{
+    const QString text =
+        std::isnan(m_value) ? QStringLiteral("NaN") : QString::number(m_value, 'g', 4);
+    QFont font = painter->font();
+    font.setPixelSize(std::clamp(static_cast<int>(canvasRect.height() * 0.22), 9, 48));
+    painter->setFont(font);
+    const QFontMetricsF metrics(font);
+    const QSizeF size(metrics.horizontalAdvance(text), metrics.height());
+    const double gap = metrics.averageCharWidth();
+
+    // The text is beyond the bar's end. Without room there it is on the bar, or, if the bar is too small, on the
+    // other side of the zero line.
+    const bool leftwards = end < zero;
+    const double beyond = leftwards ? end - gap - size.width() : end + gap;
+    const double onBar = leftwards ? end + gap : end - gap - size.width();
+    const double across = leftwards ? zero + gap : zero - gap - size.width();
+    const bool hasRoom = beyond >= canvasRect.left() && beyond + size.width() <= canvasRect.right();
+    const bool barHolds = bar.height() >= metrics.ascent() && bar.width() >= size.width() + 2 * gap;
+    const QPointF topLeft(hasRoom        ? beyond
+                              : barHolds ? onBar
+                                         : across,
+                          canvasRect.center().y() - size.height() / 2);
+    const bool darkText = !hasRoom && barHolds && qGray(m_color.rgb()) > 100;
+    painter->setPen(darkText ? Qt::black : Qt::white);
+    painter->drawText(QRectF(topLeft, size), Qt::AlignCenter | Qt::TextDontClip, text);
+}
+
+SplitPlot::SplitPlot(int index, QWidget *parent)
+    : QwtPlot(parent)
+    , m_item(new SplitItem(RVXPlotColors::color(index)))
+{
+    auto *canvas = new QwtPlotCanvas(this);
+    canvas->setFrameStyle(QFrame::NoFrame);
+    setCanvas(canvas);
+    setCanvasBackground(Qt::black);
+    setMinimumSize(120, 40); // Qwt's own hint leaves room for every label
+    enableAxis(xBottom, true);
+    enableAxis(yLeft, false);
+    styleAxis(this, xBottom);
+    setAxisScale(yLeft, -kHalfHeight, kHalfHeight, 0.1);
+    setAxisScale(xBottom, -1.0, 1.0, 0.1);
+    m_item->attach(this);
+    replot();
+}
+
+void SplitPlot::showValue(double value)
+{
+    m_item->setValue(value);
+    replot();
+}
 
 } // namespace
 
@@ -49,7 +198,8 @@ void RVXSplitPlot::setNumberPlots(int n)
 {
     Q_D(RVXSplitPlot);
     if (n > kMostPlots)
-        qDebug() << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots << "made";
+        qCDebug(lcProfile) << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots
+                           << "made";
     qDeleteAll(d->plots);
     d->plots.clear();
     for (int i = 0; i < qMin(n, kMostPlots); ++i) {
@@ -62,7 +212,7 @@ void RVXSplitPlot::setData(double value, int i)
 {
     Q_D(RVXSplitPlot);
     if (SplitPlot *plot = d->plotAt(i))
-        plot->show(value);
+        plot->showValue(value);
 }
 
 void RVXSplitPlot::setData(double a, double b)

@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 class RVXSplitPlotPrivate;
 
-/*! One or more split indicators, one above the other: each a bar from 0 to its value, with the number.
+/*! Shows one or more split indicators, one above the other. Each is a bar from 0 to its value, with the number.
 
     \code
     auto *plot = new Corvale_Qt::RVXSplitPlot(window);
@@ -23,25 +23,26 @@ class CORVALE_QT_EXPORT RVXSplitPlot : public QWidget
     Q_OBJECT
 
 public:
+    //! Makes a widget without plots; see setNumberPlots().
     explicit RVXSplitPlot(QWidget *parent = nullptr);
     ~RVXSplitPlot() override;
 
 public Q_SLOTS:
-    /*! Replaces the plots by \a n new ones that show [-1, 1] until the next setScale or setXScale; none where
-        \a n < 1, and never more than 256. */
+    /*! Replaces the plots by \a n new ones, at most 256, none if \a n < 1. They show [-1, 1] until the next
+        setScale() or setXScale(). */
     void setNumberPlots(int n);
-    //! Shows \a value in plot \a i, counted from 0, at once. Ignored where there is no such plot.
+    //! Shows \a value in plot \a i (counted from 0) at once. Ignored if that plot does not exist.
     void setData(double value, int i);
-    /*! Shows \a a in the first plot and \a b in the second. Not more often than every 100 ms: values between
-        two ticks are dropped. */
+    /*! Shows \a a in the first plot and \a b in the second, at most once every 100 ms: further values before the
+        next tick are dropped. */
     void setData(double a, double b);
-    //! Title of the bottom axis of plot \a i.
+    //! Sets the title of the bottom axis of plot \a i (counted from 0). Ignored if that plot does not exist.
     void setAxisLabel(const QString &text, int i);
-    //! Part of the range that the bottom axes show, by the same index as RVXPositionPlot::setScale.
+    //! Sets the part of the range that the bottom axes show, by the indexes of RVXPositionPlot::setScale().
     void setScale(int index);
-    //! Range of the bottom axes; ignored unless \a min < \a max. [-1, 1] at the start.
+    //! Sets the range of the bottom axes, [-1, 1] at the start. Ignored unless \a min < \a max.
     void setXScale(double min, double max);
-    //! Applies scale and range once more.
+    //! Applies the scale and the range again.
     void updateScale();
 
 private Q_SLOTS:

@@ -31,7 +31,7 @@ QSize SideBarArea::minimumSizeHint() const
 
 bool SideBarArea::eventFilter(QObject *watched, QEvent *event)
 {
-    // The base class watches what it holds; what that needs has changed.
+    // The base class installs this filter on its contents, whose size hint has changed.
     if (watched == widget() && event->type() == QEvent::LayoutRequest)
         updateGeometry();
     return QScrollArea::eventFilter(watched, event);

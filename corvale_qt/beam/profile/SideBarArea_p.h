@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include <QScrollArea>
 
 namespace Corvale_Qt {
 
-/*! Scrolls up and down only: always as wide as what it holds needs, with room for the scroll bar. It would like to be
-    so high that nothing needs scrolling. */
+/*! A scroll area that scrolls vertically only. It is always as wide as its contents need, plus the scroll bar. Its
+    size hint is high enough to show everything without scrolling. */
 class SideBarArea : public QScrollArea
 {
     Q_OBJECT

@@ -5,28 +5,28 @@
 
 namespace Corvale_Qt {
 
-/*! Beam calculations of one frame. Lengths are in millimetres, positions from the detector's centre, X to the
-    right and Y upwards, each mirrored where the display is told to invert that axis.
+/*! The beam numbers of one frame. Lengths are in millimetres. Positions are measured from the centre of the
+    detector, X to the right and Y upwards; an axis that the display inverts is mirrored.
 
-    What could not be computed is `invalid`: means and sigmas of an axis without a fit, both principal sigmas of a
-    frame that is not valid. */
+    Numbers that could not be computed are `invalid`: mean and sigma of an axis without a fit, and both principal
+    sigmas of a frame that is not valid. */
 struct SpectrogramCalc
 {
-    //! Stands for "no value"; a number that no detector can give, and that hosts compare with.
+    //! Means "no value". No detector can give this number; hosts compare with it.
     static constexpr double invalid = -10000.0;
 
-    double sigmaX = invalid;
-    double sigmaY = invalid;
+    double sigmaX = invalid; //!< standard deviation along X, mm
+    double sigmaY = invalid; //!< standard deviation along Y, mm
     double elongation = 0; //!< sigma Y / sigma X of a strip pair, major / minor of a pixel matrix
-    double integral = 0; //!< of the frame, in its unit
-    double sigmaMajor = invalid;
-    double sigmaMinor = invalid;
-    double max = 0; //!< the raster's largest value; 0 of a strip pair without both fits
-    double rotation =
-        0; //!< of the major axis, degrees; up to half a turn more or less than the side bar shows
-    double meanX = invalid;
-    double meanY = invalid;
-    bool valid = false;
+    double integral = 0; //!< sum of the frame's readings, in coulomb or ampere
+    double sigmaMajor = invalid; //!< standard deviation along the major axis, mm
+    double sigmaMinor = invalid; //!< standard deviation along the minor axis, mm
+    double max = 0; //!< largest value of the raster; 0 for a strip pair without both fits
+    //! Direction of the major axis in degrees. It may differ by half a turn from the one in the side bar.
+    double rotation = 0;
+    double meanX = invalid; //!< position of the beam along X, mm
+    double meanY = invalid; //!< position of the beam along Y, mm
+    bool valid = false; //!< whether every number of the frame could be computed
 };
 
 // Hosts read the fields by their place.

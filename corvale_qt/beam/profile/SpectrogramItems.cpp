@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Twice, the first time darker and wider: seen on every colour of the raster.
+//! Draws twice, first darker and wider, so that the lines are visible on every colour of the raster.
 template<typename Draw>
 void drawOutlined(QPainter *painter, Qt::PenStyle style, Draw draw)
 {

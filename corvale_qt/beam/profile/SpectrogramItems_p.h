@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
 
@@ -12,20 +10,21 @@
 
 namespace Corvale_Qt {
 
-//! Bottom to top.
+//! Z values of the items, from bottom to top.
 enum SpectrogramLayer {
     BackgroundLayer = 0,
     RasterLayer = 10,
     MeanLayer = 20,
-    EllipseLayer = 30, // and the arrow on it
+    EllipseLayer = 30, // the ellipse and the arrow
 };
 
-/*! Fills the canvas behind the raster, and says so where there is nothing to show. */
+/*! Fills the canvas behind the raster and shows a text while there is no frame. */
 class Background : public QwtPlotItem
 {
 public:
     Background();
 
+    //! Shows \a text in the middle of the canvas; an empty text shows nothing.
     void setText(const QString &text);
     void draw(QPainter *painter,
               const QwtScaleMap &xMap,
@@ -36,14 +35,14 @@ private:
     QString m_text;
 };
 
-/*! A line across the raster at the beam's mean X or mean Y. */
+/*! Draws a line across the raster at the beam's mean X or mean Y. */
 class MeanCurve : public QwtPlotCurve
 {
 public:
-    //! \a across is Qt::Vertical for a line at a mean X.
+    //! \a across is the direction of the line: Qt::Vertical for mean X, Qt::Horizontal for mean Y.
     MeanCurve(const QString &title, Qt::Orientation across);
 
-    //! In raster units; no line where it is not finite.
+    //! Moves the line to \a mean, in raster units, on a raster of \a size cells. Hides it if \a mean is not finite.
     void setMean(double mean, int size);
 
 protected:
@@ -59,27 +58,29 @@ private:
     Qt::Orientation m_across;
 };
 
-/*! What the side bar says about ellipse and arrow. */
+/*! Settings of the ellipse and the arrow. */
 struct EllipseOptions
 {
-    bool ellipse = true;
-    bool arrow = false;
+    bool ellipse = true; //!< whether the ellipse is drawn
+    bool arrow = false; //!< whether the arrow is drawn
     int arrowSize = 12; //!< length of the head, pixels
-    double xOrigin = 0; //!< where the arrow starts
+    double xOrigin = 0; //!< start of the arrow
     double yOrigin = 0;
 };
 
-/*! The sigma ellipse, and the displacement arrow from the origin to its centre. Both follow the scale maps, so
-    they lie on the beam however the axes run. */
+/*! Draws the sigma ellipse and the displacement arrow from the origin to its centre. Both follow the scale maps,
+    so they lie on the beam in whatever direction the axes run. */
 class Ellipse : public QwtPlotItem
 {
 public:
     Ellipse();
 
-    //! Origins in raster units.
+    //! Sets the options; the origin is in raster units.
     void setOptions(const EllipseOptions &options);
     void setShape(const SigmaEllipse &oneSigma);
+    //! Sets the number of sigmas at which the ellipse is drawn.
     void setSigmaCount(int count);
+    //! Hides the ellipse and the arrow, whatever the options.
     void setHidden(bool hidden);
     bool isHidden() const { return m_hidden; }
 

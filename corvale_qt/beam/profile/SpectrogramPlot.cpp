@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
-#include "corvale_qt/beam/profile/ChannelHover_p.h"
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
-#include "corvale_qt/beam/profile/SpectrogramScaleDraw_p.h"
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/RoundPixelDetector.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <qwt_color_map.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_plot_picker.h>
 #include <qwt_scale_widget.h>
+#include <qwt_text.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -20,7 +21,7 @@ namespace {
 constexpr int kLeftStep = 2;
 constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is still a normal number
 
-//! A new one at each call: raster and colour bar delete theirs.
+//! Returns a new map at each call, because the raster and the colour bar each delete theirs.
 QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
 {
     if (mode == SpectrogramPlot::Greyscale)
@@ -32,6 +33,51 @@ QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
     map->addColorStop(0.7, Qt::yellow);
     map->addColorStop(0.9, Qt::red);
     return map;
+}
+
+/*! Shows beside the mouse which channel it is on and the value of that channel. */
+class ChannelHover : public QwtPlotPicker
+{
+public:
+    //! Becomes a child of the plot's canvas.
+    explicit ChannelHover(SpectrogramPlot *plot);
+
+protected:
+    QwtText trackerTextF(const QPointF &position) const override;
+
+private:
+    const SpectrogramPlot *m_plot;
+};
+
+ChannelHover::ChannelHover(SpectrogramPlot *plot)
+    : QwtPlotPicker(plot->canvas())
+    , m_plot(plot)
+{
+    setTrackerMode(AlwaysOn);
+    setTrackerPen(QPen(Qt::white));
+}
+
+QwtText ChannelHover::trackerTextF(const QPointF &position) const
+{
+    QwtText text(m_plot->hoverText(position), QwtText::PlainText);
+    text.setColor(Qt::white);
+    text.setBackgroundBrush(QColor(0, 0, 0, 200));
+    return text;
+}
+
+/*! Labels the colour bar: short in every order of magnitude, without the group signs of a locale. */
+class SpectrogramScaleDraw : public ThinnedScaleDraw
+{
+public:
+    QwtText label(double value) const override;
+};
+
+QwtText SpectrogramScaleDraw::label(double value) const
+{
+    // Tick positions are sums of steps, so 0 may be off by a rounding error.
+    const double span = scaleDiv().range();
+    const bool zero = std::abs(value) < 1e-9 * std::abs(span);
+    return QwtText(QString::number(zero ? 0.0 : value, 'g', 4));
 }
 
 } // namespace
@@ -95,7 +141,7 @@ void SpectrogramPlot::applyAxes()
         return;
     }
     const double size = m_grid.size;
-    // Row 0 is at the top: the left axis runs downwards unless inverted.
+    // Row 0 is at the top, so the left axis runs downwards unless it is inverted.
     setAxisScale(xBottom, m_invertX ? size : 0, m_invertX ? 0 : size, m_grid.bottomStep);
     setAxisScale(yLeft, m_invertY ? 0 : size, m_invertY ? size : 0, kLeftStep);
 }
@@ -196,8 +242,8 @@ QString SpectrogramPlot::hoverText(const QPointF &position) const
     const QString value = QString::number(values[cell], 'g', 6);
     if (m_layout != DetectorLayout::PixelMatrix)
         return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
-    const int reading = PixelGrid::readingOfCell(cell);
-    if (reading == PixelGrid::unused)
+    const int reading = RoundPixelDetector::readingAt(row, column);
+    if (reading == RoundPixelDetector::kNotWired)
         return tr("Out of bounds");
     return tr("Channel %1: %2").arg(reading + 1).arg(value);
 }

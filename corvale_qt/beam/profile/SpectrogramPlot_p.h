@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// +------------------------------------------------------------------------------------+
-// | This file is not part of the interface: it may change, or go, without notice.      |
-// +------------------------------------------------------------------------------------+
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
@@ -13,7 +11,7 @@ namespace Corvale_Qt {
 
 class BeamRaster;
 
-/*! The raster with all that lies on it, its axes and its colour bar. */
+/*! The raster with the items on it, its axes and its colour bar. */
 class SpectrogramPlot : public SquarePlot
 {
     Q_OBJECT
@@ -27,30 +25,31 @@ public:
     explicit SpectrogramPlot(QWidget *parent = nullptr);
     ~SpectrogramPlot() override;
 
-    //! An empty raster for a detector.
+    //! Shows an empty raster for a detector.
     void setDetector(DetectorLayout layout);
     DetectorLayout detector() const { return m_layout; }
+    //! Inverts the axes.
     void setInverted(bool x, bool y);
     bool isInvertedX() const { return m_invertX; }
     bool isInvertedY() const { return m_invertY; }
 
-    //! Raster, means and ellipse of a frame; painted at the next replot.
+    //! Takes raster, means and ellipse of a frame, which the next replot paints.
     void setFrame(const BeamFrame &frame);
-    //! Takes the ellipse and the arrow away until the next frame; false where none is shown.
+    //! Hides the ellipse and the arrow until the next frame. Returns false if they are hidden already.
     bool hideEllipse();
     void setSigmaCount(int count);
-    //! Origins in mm, as the means are told.
+    //! Sets the options; the origin is in mm, in the same coordinates as the means.
     void setEllipseOptions(const EllipseOptions &options);
     void setMeansVisible(bool x, bool y);
 
-    //! Colours run from 0 to \a max; ignored unless above 0.
+    //! Makes the colours run from 0 to \a max. Ignored unless \a max is above 0.
     void setColorRange(double max);
     void setColorMode(ColorMode mode);
     void setSmoothing(bool smoothing);
     void setColorBarTitle(const QString &title);
     void setColorBarVisible(bool visible);
 
-    /*! What the mouse tells at a place in raster units: channel or cell, and value. */
+    //! Returns the text beside the mouse at a position in raster units: the channel or the cell, and its value.
     QString hoverText(const QPointF &position) const;
 
 private:

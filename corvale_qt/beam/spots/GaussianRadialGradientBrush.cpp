@@ -10,13 +10,17 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Steps of the gradient along its radius of 1.
+//! The number of steps of the gradient along its radius of 1.
 constexpr int gradientSteps = 56;
 constexpr double smallestAmplitude = 1e-12;
 
-} // namespace
+//! Returns the Gaussian with a given \a amplitude and variance at the square of a distance.
+double gaussianAt(double amplitude, double variance, double squaredDistance)
+{
+    return amplitude * qExp(-0.5 * squaredDistance / variance);
+}
 
-const double GaussianRadialGradientBrush::_sigmaConst = -0.5;
+} // namespace
 
 GaussianRadialGradientBrush::GaussianRadialGradientBrush(const QGradient &gradient, double sigma)
     : QBrush(gradient)
@@ -26,12 +30,12 @@ GaussianRadialGradientBrush::GaussianRadialGradientBrush(const QGradient &gradie
     m_boundingRect.moveCenter(center());
 }
 
-GaussianRadialGradientBrush *GaussianRadialGradientBrush::create(const QPointF &centre,
-                                                                 const QColor &colour,
+GaussianRadialGradientBrush *GaussianRadialGradientBrush::create(const QPointF &center,
+                                                                 const QColor &color,
                                                                  double amplitude,
                                                                  double sigma)
 {
-    QRadialGradient gradient(centre, 1.0);
+    QRadialGradient gradient(center, 1.0);
     gradient.setCoordinateMode(QGradient::ObjectBoundingMode);
     gradient.setColorAt(1.0, Qt::transparent);
 
@@ -42,14 +46,14 @@ GaussianRadialGradientBrush *GaussianRadialGradientBrush::create(const QPointF &
 
     const double end = spotReach * sigma;
     const double variance = sigma * sigma;
-    QColor stop = colour;
+    QColor stop = color;
     for (int i = 0; i <= gradientSteps; ++i) {
         const double r = double(i) / gradientSteps;
         if (!(r < end)) {
             gradient.setColorAt(r, Qt::transparent);
             break;
         }
-        stop.setAlphaF(qBound(0.0, optGaussAt(amplitude, variance, r * r), 1.0));
+        stop.setAlphaF(qBound(0.0, gaussianAt(amplitude, variance, r * r), 1.0));
         gradient.setColorAt(r, stop);
     }
     return new GaussianRadialGradientBrush(gradient, sigma);
@@ -63,26 +67,6 @@ QRectF GaussianRadialGradientBrush::boundingRect() const
 QPointF GaussianRadialGradientBrush::center() const
 {
     return static_cast<const QRadialGradient *>(gradient())->center();
-}
-
-double GaussianRadialGradientBrush::gaussAt(double a, double s2, double x)
-{
-    return optGaussAt(a, s2, x * x);
-}
-
-double GaussianRadialGradientBrush::gaussAt(double a, double s2, double x, double y)
-{
-    return optGaussAt(a, s2, x * x, y * y);
-}
-
-double GaussianRadialGradientBrush::optGaussAt(double a, double s2, double x2)
-{
-    return a * qExp(_sigmaConst * x2 / s2);
-}
-
-double GaussianRadialGradientBrush::optGaussAt(double a, double s2, double x2, double y2)
-{
-    return optGaussAt(a, s2, x2 + y2);
 }
 
 } // namespace Corvale_Qt

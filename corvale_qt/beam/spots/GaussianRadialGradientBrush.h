@@ -13,11 +13,11 @@ namespace Corvale_Qt {
     and ends at 2.6 sigma, with the rectangle it covers.
 
     Centre and sigma are fractions of the unit square. The gradient is in object-bounding mode, so Qt
-    stretches it over whatever is filled: the unit square has to be filled, and boundingRect() is where to
-    clip.
+    stretches it over the rectangle that is filled: fill the whole unit square, and clip to boundingRect().
 
-    The opacity is exact every 1/56 of the unit square and a straight line between: a sigma below 1/50 or so looks
-    coarse, and shows the edges of its rectangle. Kept on purpose, for pictures that are compared with older ones.
+    The opacity is exact at multiples of 1/56 of the unit square and linear between them. So a sigma below about
+    1/50 looks coarse and shows the edges of its rectangle. This is kept on purpose, for pictures that are compared
+    with older ones.
 
     \code
     std::unique_ptr<GaussianRadialGradientBrush> brush(
@@ -29,26 +29,19 @@ namespace Corvale_Qt {
 class CORVALE_QT_EXPORT GaussianRadialGradientBrush : public QBrush
 {
 public:
-    /*! A new brush, owned by the caller. \a amplitude is the opacity at the centre, 0 to 1, and replaces
-        that of \a colour; within 1e-12 of 0, or not finite, it gives a transparent brush of no extent. */
+    /*! Returns a new brush, which the caller owns. \a center and \a sigma are fractions of the unit square.
+        \a amplitude is the opacity at the centre, from 0 to 1, and replaces that of \a color. If it is within
+        1e-12 of 0 or not finite, the brush is transparent and its boundingRect() empty. */
     static GaussianRadialGradientBrush *
-    create(const QPointF &centre, const QColor &colour, double amplitude, double sigma);
+    create(const QPointF &center, const QColor &color, double amplitude, double sigma);
 
-    //! What the spot covers: 5.2 sigma wide and high around the centre.
+    //! Returns the square that the spot covers, 5.2 sigma wide around the centre, in fractions of the unit square.
     QRectF boundingRect() const;
-    //! Centre of the gradient.
+    //! Returns the centre of the spot, in fractions of the unit square.
     QPointF center() const;
 
 private:
     GaussianRadialGradientBrush(const QGradient &gradient, double sigma);
-
-    //! Amplitude \a a and variance \a s2, at distance x, or at (x, y); the "opt" forms take squares.
-    static double gaussAt(double a, double s2, double x);
-    static double gaussAt(double a, double s2, double x, double y);
-    static double optGaussAt(double a, double s2, double x2);
-    static double optGaussAt(double a, double s2, double x2, double y2);
-
-    static const double _sigmaConst;
 
     QRectF m_boundingRect;
 };

@@ -20,7 +20,7 @@ void drawInside(QPainter *painter, const QPointF &point, double radius, const QC
     painter->drawEllipse(point, radius, radius);
 }
 
-//! For a point outside: at the nearest place where the circle is seen whole.
+//! Draws a circle for a point outside the canvas, at the nearest place where the whole circle is visible.
 void drawAtEdge(QPainter *painter, const QRectF &canvas, const QPointF &point, const QColor &color)
 {
     constexpr double lineWidth = 1.5;

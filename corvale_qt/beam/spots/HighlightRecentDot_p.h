@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the position error plot.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_plot_curve.h>
 
@@ -14,9 +9,11 @@
 
 namespace Corvale_Qt {
 
-/*! Dots without a line, the last one larger, filled and in a colour of its own; the others small and
-    translucent, so that many at one place show as darker. A dot outside the canvas is drawn as an empty
-    circle at its edge, and one that is not finite not at all: then nothing is highlighted either. */
+/*! A curve of dots without a line. The newest dot is larger and has the highlight colour; the others are
+    small and translucent, so that several dots at one place look darker.
+
+    A dot outside the canvas is drawn as an empty circle at its edge. A dot that is not finite is not drawn;
+    if it is the newest one, no dot is highlighted. */
 class HighlightRecentDot : public QwtPlotCurve
 {
 public:

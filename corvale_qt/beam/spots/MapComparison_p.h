@@ -1,45 +1,41 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 
 namespace Corvale_Qt {
 
-/*! The pictures that compare a map with a target. Both are drawn alike, in the map's bounds and on one dose
-    scale, that of the larger largest dose: otherwise a map of twice its target's dose would look the same.
-    All is kept as long as neither changes. */
+/*! Composes the pictures that compare a map with a target. Both maps are drawn in the same bounds and on the
+    same dose scale, which ends at the larger of their largest doses: on a scale for each, a map with twice
+    the dose of its target would look like it. The pictures are kept until one of the maps changes. */
 class MapComparison
 {
 public:
     MapComparison();
 
-    /*! Blue where the map is above its target, red where it is below. \a scene is that of the map by
-        itself. */
-    const QImage &difference(const SpotList &map, const SpotList &target, const SpotScene &scene);
+    /*! Returns the difference: blue where the map is above its target, red where it is below. \a style is
+        the style in which the map is drawn when it is not compared; its colours and its dose scale are not used. */
+    const QImage &difference(const SpotList &map, const SpotList &target, const SpotStyle &style);
 
-    //! The difference added at half opacity over \a data, the map's own picture of that version.
+    /*! Returns \a data, a picture of the map, with the difference added to it at half opacity. \a dataVersion
+        tells one picture of the map from the next. */
     const QImage &overlay(const SpotList &map,
                           const SpotList &target,
-                          const SpotScene &scene,
+                          const SpotStyle &style,
                           const QImage &data,
                           quint64 dataVersion);
 
-    //! The target's SpotList::version() that was drawn last.
+    //! Returns the SpotList::version() of the target that was drawn last.
     quint64 targetVersion() const { return m_targetVersion; }
 
 private:
-    //! Tells whether one of the two pictures is another than the one composed last.
-    bool update(const SpotList &map, const SpotList &target, const SpotScene &scene);
+    //! Brings the pictures of both maps up to date, and returns whether one of them was painted.
+    bool update(const SpotList &map, const SpotList &target, const SpotStyle &style);
 
-    KeptPicture m_map;
-    KeptPicture m_target;
+    SpotPictureCache m_map;
+    SpotPictureCache m_target;
     quint64 m_targetVersion = 0;
     QImage m_difference;
     QImage m_overlay;

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the position error plot.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 
@@ -15,8 +10,8 @@
 
 namespace Corvale_Qt {
 
-/*! The spots of a position error plot, one per row of its model, and the mean of their errors. A spot added
-    at the end costs that spot, anything else costs all of them. */
+/*! The spots of a position error plot, one for each row of its model, and the mean of their errors. Appending a
+    spot takes constant time; any other change sums all errors again. */
 class PositionErrorList
 {
 public:
@@ -25,17 +20,17 @@ public:
     int size() const { return m_spots.size(); }
     const Spot &at(int row) const { return m_spots.at(row); }
 
-    //! False, and nothing done, where \a spots is the very vector that is held already.
+    //! Replaces all spots. Returns false and does nothing if \a spots shares its data with the vector held.
     bool setErrorMap(const QVector<Spot> &spots);
-    //! Puts \a spots before \a row, which may be size().
+    //! Inserts \a spots before \a row, from 0 to size().
     void insert(int row, const QVector<Spot> &spots);
-    //! Writes \a spots over those from row \a first on.
+    //! Overwrites the rows from \a first on with \a spots.
     void updateErrorSpots(int first, const QVector<Spot> &spots);
     void remove(int first, int count);
 
-    //! The arithmetic mean of the finite errors, each axis by itself; NaN where there are none.
+    //! Returns the arithmetic mean of the finite errors of each axis, in millimetres; NaN if there are none.
     QPointF meanError() const;
-    //! Of the newest spot; NaN where there is none.
+    //! Returns the energy of the newest spot in MeV; NaN if there are no spots.
     double energy() const;
 
 private:

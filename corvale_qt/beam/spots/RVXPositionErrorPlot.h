@@ -13,17 +13,18 @@ namespace Corvale_Qt {
 
 class RVXPositionErrorPlotPrivate;
 
-/*! Shows how far the spots of a model lie from where they were planned: one dot per row, the newest highlighted,
-    against a frame of tolerance, with the mean error of all spots and the beam energy of the newest one.
+/*! Shows how far the spots of a model lie from their planned positions. There is one dot for each row, the newest
+    one highlighted, and a frame that shows the tolerance. Fields below the plot show the mean error of all spots and
+    the beam energy of the newest one.
 
-    A row is read with Qt::UserRole:
+    The fields of a row are read with Qt::UserRole:
 
     | column | 1 | 2 | 3 | 4 | 5 | 6 |
     |---|---|---|---|---|---|---|
     | holds | energy, MeV | spot number | X error, mm | Y error, mm | planned X, mm | planned Y, mm |
 
-    A dot beyond the axes is an empty circle at their edge. What is no number, or not finite, is neither drawn
-    nor part of a mean; "N/A" stands where there is nothing to show.
+    A dot beyond the axes is drawn as an empty circle at the edge of the plot. An error that is not a finite number
+    is neither drawn nor included in the mean. A field without a value shows "N/A".
 
     \code
     auto *plot = new RVXPositionErrorPlot(parent);
@@ -35,33 +36,33 @@ class CORVALE_QT_EXPORT RVXPositionErrorPlot : public QAbstractItemView
     Q_OBJECT
 
 public:
-    //! One row of the model, its fields in the order in which they are read; lengths in millimetres.
+    //! One row of the model.
     struct PositionErrorSpot
     {
-        double xError = 0.0;
-        double yError = 0.0;
-        double plannedX = 0.0;
-        double plannedY = 0.0;
-        double spotNumber = 0.0;
-        //! MeV
-        double energy = 0.0;
+        double xError = 0.0; //!< measured minus planned X in millimetres; NaN if unknown
+        double yError = 0.0; //!< measured minus planned Y in millimetres; NaN if unknown
+        double plannedX = 0.0; //!< planned X in millimetres
+        double plannedY = 0.0; //!< planned Y in millimetres
+        double spotNumber = 0.0; //!< number of the spot in its plan
+        double energy = 0.0; //!< beam energy in MeV
     };
 
+    //! Creates a plot without a model, a tolerance or dots.
     explicit RVXPositionErrorPlot(QWidget *parent = nullptr);
     ~RVXPositionErrorPlot() override;
 
-    //! Shows these points, x and y errors in millimetres, until the model changes.
+    //! Shows dots at \a samples, the X and Y errors in millimetres, until the model changes.
     void setSamples(const QPolygonF &samples);
-    /*! Half the sides of the tolerance frame in millimetres; the axes reach 1.2 times as far, to the next
-        whole millimetre. Both must be above 0 and not above 1000, otherwise nothing changes. Without a
-        tolerance the axes follow the dots. */
+    /*! Sets half the width \a tx and half the height \a ty of the tolerance frame, in millimetres. Both must be
+        above 0 and at most 1000, otherwise nothing changes. The axes extend to 1.2 times the tolerance, rounded up
+        to a whole millimetre. Without a tolerance they follow the dots. */
     void setTolerance(float tx, float ty);
 
     void setModel(QAbstractItemModel *model) override;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 
-    // The views' own interface.
+    // The interface of item views.
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint &point) const override;
@@ -78,7 +79,7 @@ public Q_SLOTS:
                      const QVector<int> &roles = QVector<int>()) override;
 
 protected:
-    //! Drops all spots, until the model changes.
+    //! Removes all dots until the model changes.
     void clearSpotData();
 
     bool isIndexHidden(const QModelIndex &index) const override;

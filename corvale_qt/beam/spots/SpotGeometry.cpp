@@ -17,7 +17,7 @@ Rect squareAround(const Rect &rect)
     return square;
 }
 
-//! Pixels that a side loses at each end, so that its length shrinks by \a ratio.
+//! Returns the pixels that a side loses at each end when its length is multiplied by \a ratio.
 int margin(int side, double ratio)
 {
     return qFloor(side * (1.0 - ratio) / 2.0 + 0.5);

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QPointF>
 #include <QRect>
@@ -14,21 +9,21 @@
 
 namespace Corvale_Qt {
 
-//! How far a spot is drawn from its centre, in sigmas.
+//! The radius at which a spot ends, in sigmas.
 constexpr double spotReach = 2.6;
 
-//! The square around \a rect: its longer side, its centre.
+//! Returns the square with the centre of \a rect and its longer side.
 QRect makeSquare(const QRect &rect);
 QRectF makeSquare(const QRectF &rect);
 
-/*! The part of \a viewport that a map of \a bounds fills: the longer side loses the same margin, in whole
-    pixels, at both ends. Bounds without extent are taken for a square. */
+/*! Returns the part of \a viewport that a map of \a bounds fills. The side that is too long loses the same
+    number of pixels at both ends. Empty bounds count as a square. */
 QRect pictureRect(const QRect &viewport, const QRectF &bounds);
 
-/*! Where a point of the map lies in its picture's unit square, whose y grows downwards, while that of the
-    map grows upwards. \a bounds must have an extent. */
+/*! Returns where \a point of the map lies in the unit square of the picture. The y of the picture grows
+    downwards, that of the map upwards. \a bounds must not be empty. */
 QPointF toUnitSquare(const QRectF &bounds, const QPointF &point);
-//! The reverse of toUnitSquare().
+//! The inverse of toUnitSquare().
 QPointF fromUnitSquare(const QRectF &bounds, const QPointF &fraction);
 
 } // namespace Corvale_Qt

@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Rows; about as many as there are blocks in a map of many thousand spots.
+//! The usual number of rows in a block, about the number of blocks in a map of 16 000 spots.
 constexpr int blockSize = 128;
 
 } // namespace
@@ -68,12 +68,12 @@ void SpotBlocks::inserted(const Spots &spots, int first, int count)
     const int blocks = m_blocks.size();
     m_blocks[place.block].rows += count;
     split(place.block);
-    look(spots, place, 1 + m_blocks.size() - blocks);
+    rescan(spots, place, 1 + m_blocks.size() - blocks);
 }
 
 void SpotBlocks::changed(const Spots &spots, int row)
 {
-    look(spots, placeOf(row), 1);
+    rescan(spots, placeOf(row), 1);
 }
 
 void SpotBlocks::removed(const Spots &spots, int first, int count)
@@ -95,7 +95,7 @@ void SpotBlocks::removed(const Spots &spots, int first, int count)
     const auto kept = std::remove_if(begin, end, isEmpty);
     const int touched = int(kept - begin);
     m_blocks.erase(kept, end);
-    look(spots, place, touched);
+    rescan(spots, place, touched);
 }
 
 SpotBlocks::Place SpotBlocks::placeOf(int row) const
@@ -108,7 +108,6 @@ SpotBlocks::Place SpotBlocks::placeOf(int row) const
     return place;
 }
 
-//! Into blocks of the usual size, where it is more than twice as large.
 void SpotBlocks::split(int block)
 {
     const int rows = m_blocks[block].rows;
@@ -121,7 +120,7 @@ void SpotBlocks::split(int block)
     m_blocks[block].rows += rows % blockSize;
 }
 
-void SpotBlocks::look(const Spots &spots, Place from, int count)
+void SpotBlocks::rescan(const Spots &spots, Place from, int count)
 {
     int row = from.firstRow;
     for (int block = from.block; block < from.block + count; ++block) {

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
@@ -14,26 +9,29 @@
 
 namespace Corvale_Qt {
 
-/*! Whether a spot can be drawn: all fields finite, sigma above 0. One that cannot keeps its row, nothing
-    more. */
+/*! Returns whether all fields of \a spot are finite and its sigma is above 0. A spot that cannot be drawn only
+    keeps its row. */
 bool isDrawable(const SpotMapView::MapSpot &spot);
 
-//! What is known of some spots; only those that can be drawn count.
+//! The limits of a set of spots, of which only those that can be drawn count.
 struct SpotLimits
 {
     double left = 0.0;
     double right = 0.0;
     double bottom = 0.0;
     double top = 0.0;
-    float dose = 0.0F; //!< the largest, never below 0
-    int drawable = 0;
+    float dose = 0.0F; //!< the largest dose, at least 0
+    int drawable = 0; //!< the number of spots that can be drawn
 
+    //! Returns the limits of a single spot.
     static SpotLimits of(const SpotMapView::MapSpot &spot);
+    //! Widens these limits so that they also hold \a other.
     void add(const SpotLimits &other);
 };
 
-/*! The limits of a list of spots, kept block by block. A change looks at one block of rows and at what is known of
-    the others, whatever the spots are: also where each change takes away the outermost spot, or all have one dose. */
+/*! The limits of a list of spots, stored for blocks of rows. A change reads the rows of one block again and
+    combines the limits of all blocks. So its cost does not depend on the spots, not even if each change removes
+    the outermost one. */
 class SpotBlocks
 {
 public:
@@ -43,7 +41,7 @@ public:
 
     void clear();
     void append(const SpotMapView::MapSpot &spot);
-    // After the list was changed.
+    //! Call these after \a spots has changed.
     void inserted(const Spots &spots, int first, int count);
     void changed(const Spots &spots, int row);
     void removed(const Spots &spots, int first, int count);
@@ -60,10 +58,12 @@ private:
         int firstRow;
     };
 
+    //! Returns the block that holds \a row.
     Place placeOf(int row) const;
+    //! Splits a block with more than twice the usual number of rows into blocks of the usual size.
     void split(int block);
-    //! Looks at the rows of \a count blocks once more, and adds all blocks up.
-    void look(const Spots &spots, Place from, int count);
+    //! Reads the rows of \a count blocks again, and combines the limits of all blocks.
+    void rescan(const Spots &spots, Place from, int count);
 
     QVector<Block> m_blocks;
     SpotLimits m_limits;

@@ -4,6 +4,7 @@
 #include <QtNumeric>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -12,11 +13,15 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Bit for bit, so that a NaN equals itself and is no change for ever.
-bool same(const SpotMapView::MapSpot &a, const SpotMapView::MapSpot &b)
+using Bits = std::array<quint32, 4>;
+
+//! Returns the bits of a spot. Unlike a NaN, they are equal to themselves.
+Bits bitsOf(const SpotMapView::MapSpot &spot)
 {
-    static_assert(sizeof(SpotMapView::MapSpot) == 4 * sizeof(float), "no padding to compare");
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    static_assert(sizeof(Bits) == sizeof spot, "there is no padding to compare");
+    Bits bits{};
+    std::memcpy(bits.data(), &spot, sizeof spot);
+    return bits;
 }
 
 } // namespace
@@ -49,7 +54,7 @@ void SpotList::insert(int row, const QVector<MapSpot> &spots)
 
 bool SpotList::replace(int row, const MapSpot &spot)
 {
-    if (same(m_spots.at(row), spot))
+    if (bitsOf(m_spots.at(row)) == bitsOf(spot))
         return false;
     m_spots[row] = spot;
     m_blocks.changed(m_spots, row);

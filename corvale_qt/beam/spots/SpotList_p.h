@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/SpotLimits_p.h"
 
@@ -15,8 +10,8 @@
 
 namespace Corvale_Qt {
 
-/*! The spots of a map, one per row of its model, and what is known of all of them. Appending costs what is appended,
-    and any other change costs a look at a few of its neighbours. */
+/*! The spots of a map, one for each row of its model, with their extent and largest dose. The cost of appending
+    grows with what is appended; any other change also reads a block of neighbouring rows. */
 class SpotList
 {
 public:
@@ -25,26 +20,27 @@ public:
     int size() const { return m_spots.size(); }
     const MapSpot &at(int row) const { return m_spots.at(row); }
 
+    //! Replaces all spots.
     void assign(const QVector<MapSpot> &spots);
-    //! Puts \a spots before \a row, which may be size().
+    //! Inserts \a spots before \a row, from 0 to size().
     void insert(int row, const QVector<MapSpot> &spots);
-    //! Nothing where the row holds just that already; tells whether it did change.
+    //! Overwrites one row, and returns whether it has changed.
     bool replace(int row, const MapSpot &spot);
     void remove(int first, int count);
 
-    //! The smallest rectangle around all drawable spots, 2.6 sigma around each centre; empty without spots.
+    //! Returns the smallest rectangle that holds all drawable spots with 2.6 sigma around each; empty without any.
     QRectF extent() const;
-    //! The largest dose of a drawable spot, never below 0.
+    //! Returns the largest dose of the drawable spots, at least 0.
     float largestDose() const { return m_blocks.limits().dose; }
     int drawableCount() const { return m_blocks.limits().drawable; }
 
-    /*! Row of the spot nearest to \a point among those that have it within their sigma, of equals the last;
-        or -1. */
+    /*! Returns the row of the spot nearest to \a point among those whose sigma reaches it; of spots at the same
+        distance the last one; -1 if there is none. */
     int nearest(const QPointF &point) const;
 
-    //! Grows with every change.
+    //! Returns a number that grows with each change.
     quint64 version() const { return m_version; }
-    //! Grows with every change that is more than spots added after the last one.
+    //! Returns a number that grows with each change other than appending.
     quint64 rewrites() const { return m_rewrites; }
 
 private:

@@ -1,12 +1,23 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
+#include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QToolTip>
 
 namespace Corvale_Qt {
+
+namespace {
+
+//! Half of a ring's dark edge and one pixel for antialiasing.
+constexpr int ringMargin = 3;
+
+} // namespace
 
 SpotMapView::SpotMapView(QWidget *parent)
     : QAbstractItemView(parent)
@@ -17,15 +28,15 @@ SpotMapView::SpotMapView(QWidget *parent)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Comes back through setupViewport().
+    // This calls setupViewport().
     if (QWidget *viewport = makeOpenGlViewport())
         setViewport(viewport);
 }
 
 SpotMapView::~SpotMapView()
 {
-    // By the time of QObject::destroyed() a view that compares with this one could have asked for spots
-    // that are no more.
+    // QObject::destroyed() would be too late: until then, a view that compares with this one could ask for its
+    // spots.
     Q_EMIT aboutToBeDeleted(QPrivateSignal());
 }
 
@@ -112,7 +123,7 @@ void SpotMapView::setDiffTarget(const SpotMapView *target)
 void SpotMapView::setModel(QAbstractItemModel *model)
 {
     Q_D(SpotMapView);
-    // Comes back through reset(), which reads the rows.
+    // This calls reset(), which reads the rows.
     QAbstractItemView::setModel(model);
     d->connectModel();
 }
@@ -171,11 +182,149 @@ void SpotMapView::dataChanged(const QModelIndex &topLeft,
         d->spotsChanged();
 }
 
+QRect SpotMapView::visualRect(const QModelIndex &index) const
+{
+    Q_D(const SpotMapView);
+    if (!index.isValid() || index.model() != model() || index.parent() != rootIndex())
+        return QRect();
+    return d->hitTest().spotRect(index.row(), spotReach);
+}
+
+void SpotMapView::scrollTo(const QModelIndex &, ScrollHint)
+{
+    // The whole map is always in view.
+}
+
+QModelIndex SpotMapView::indexAt(const QPoint &point) const
+{
+    Q_D(const SpotMapView);
+    const int row = d->hitTest().rowAt(point);
+    return row < 0 ? QModelIndex() : model()->index(row, 0, rootIndex());
+}
+
+bool SpotMapView::isIndexHidden(const QModelIndex &) const
+{
+    return false;
+}
+
+QRegion SpotMapView::visualRegionForSelection(const QItemSelection &selection) const
+{
+    QRegion region;
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            const QRect rect = visualRect(range.model()->index(row, 0, range.parent()));
+            if (!rect.isNull())
+                region += rect.adjusted(-ringMargin, -ringMargin, ringMargin, ringMargin);
+        }
+    }
+    return region;
+}
+
+int SpotMapView::horizontalOffset() const
+{
+    return 0;
+}
+
+int SpotMapView::verticalOffset() const
+{
+    return 0;
+}
+
+QModelIndex SpotMapView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
+{
+    if (!model())
+        return QModelIndex();
+    const int last = model()->rowCount(rootIndex()) - 1;
+    int row = currentIndex().row();
+    switch (action) {
+    case MoveUp:
+    case MoveLeft:
+    case MovePrevious:
+        row = qMax(0, row - 1);
+        break;
+    case MoveDown:
+    case MoveRight:
+    case MoveNext:
+        row = qMin(row + 1, last);
+        break;
+    case MoveHome:
+        row = 0;
+        break;
+    case MoveEnd:
+        row = last;
+        break;
+    default:
+        break;
+    }
+    return model()->index(row, 0, rootIndex());
+}
+
+void SpotMapView::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command)
+{
+    Q_D(SpotMapView);
+    QItemSelection selection;
+    const auto select = [&](const QModelIndex &index) {
+        selection.select(index, index);
+    };
+    if (rect.width() == 1 && rect.height() == 1) {
+        // A click or a step of the keyboard, which must not end on another spot at the same place.
+        const bool onCurrent = visualRect(currentIndex()).center() == rect.topLeft();
+        select(onCurrent ? currentIndex() : indexAt(rect.topLeft()));
+    } else {
+        const SpotHitTest places = d->hitTest();
+        for (int row = 0; row < d->spots.size(); ++row) {
+            const QPoint centre = places.spotRect(row, spotReach).center();
+            if (isDrawable(d->spots.at(row)) && rect.normalized().contains(centre))
+                select(model()->index(row, 0, rootIndex()));
+        }
+    }
+    selectionModel()->select(selection, command);
+}
+
+void SpotMapView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QAbstractItemView::selectionChanged(selected, deselected);
+    viewport()->update();
+}
+
+void SpotMapView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QAbstractItemView::currentChanged(current, previous);
+    viewport()->update();
+}
+
+void SpotMapView::keyPressEvent(QKeyEvent *event)
+{
+    // Pages are the layers of a plan, which the parent widget steps through.
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
+        event->ignore();
+    else
+        QAbstractItemView::keyPressEvent(event);
+}
+
+bool SpotMapView::viewportEvent(QEvent *event)
+{
+    Q_D(SpotMapView);
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractItemView::viewportEvent(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const SpotHitTest places = d->hitTest();
+    const int row = places.rowAt(help->pos());
+    if (row < 0)
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help->globalPos(),
+                           places.toolTip(row),
+                           viewport(),
+                           places.spotRect(row, 1.0));
+    return true;
+}
+
 void SpotMapView::setupViewport(QWidget *viewport)
 {
     Q_D(SpotMapView);
     QAbstractItemView::setupViewport(viewport);
-    d->picture.setStore(makePictureStore(viewport));
+    d->picture.setBuffer(makePictureBuffer(viewport));
 }
 
 void SpotMapView::paintEvent(QPaintEvent *)
@@ -210,7 +359,7 @@ bool SpotMapView::eventFilter(QObject *watched, QEvent *event)
     if (watched == d->targetViewport && d->comparing()
         && event->type() == SpotMapViewPrivate::spotsChangedEvent())
         d->followTargetBounds();
-    // A target that repaints for another reason is no news: two views that compare with each other
+    // A repaint of the target without new spots is ignored: otherwise two views that compare with each other
     // would repaint for ever.
     if (watched == d->targetViewport && d->targetIsNews()
         && (event->type() == QEvent::Paint

@@ -17,18 +17,17 @@ class SpotMapViewPrivate;
 /*! Shows the spots of a model as Gaussian blobs on a square map, x to the right and y upwards, and how they
     differ from the spots of another view.
 
-    One row is one spot; its position, dose and sigma are read with Qt::UserRole from the columns that
-    MapColumn names, or that a column mapper gives. A spot whose fields are not all finite, or whose sigma
-    is not above 0, keeps its row and is not drawn. The map is a square in the model's units (millimetres,
-    where nothing else is said) that holds each spot's centre with 2.6 sigma around it. What cannot be shown is told
-    in words in its upper left corner.
+    Each row is one spot. Its position, dose and sigma are read with Qt::UserRole from the columns of MapColumn,
+    or from those that a column mapper returns. A spot is not drawn if one of its fields is not finite or its sigma
+    is not above 0. The map is a square in the units of the model, usually millimetres, that holds each spot with
+    2.6 sigma around its centre. A text in its upper left corner tells what cannot be shown.
 
-    A spot is the more opaque the higher its dose, up to 1.5 times the largest dose of the map; a negative
-    dose is blue. The picture is kept: painting again costs a copy, a spot added at the end costs that spot,
-    and anything else costs one redraw at the next paint.
+    The opacity of a spot grows with its dose up to 1.5 times the largest dose of the map; a spot with a negative
+    dose is blue. The picture is kept between two paints: a paint without changes copies it, spots added at the end
+    are drawn over it, and after any other change it is drawn again once.
 
-    The picture is painted with OpenGL where that is to be had, else in memory; the environment variable
-    CORVALE_QT_NO_OPENGL=1 asks for the latter.
+    The picture is painted with OpenGL if available, otherwise in memory. The environment variable
+    CORVALE_QT_NO_OPENGL=1 turns OpenGL off.
 
     \code
     auto *view = new SpotMapView(parent);
@@ -41,16 +40,16 @@ class CORVALE_QT_EXPORT SpotMapView : public QAbstractItemView
     Q_OBJECT
 
 public:
-    //! One spot; position and sigma in the map's units.
+    //! One spot. It is not drawn unless all fields are finite and sigma is above 0.
     struct MapSpot
     {
-        float x = 0.0F;
-        float y = 0.0F;
-        float dose = 0.0F;
-        float sigma = 0.0F;
+        float x = 0.0F; //!< position to the right, in the units of the map
+        float y = 0.0F; //!< position upwards, in the units of the map
+        float dose = 0.0F; //!< dose, in any unit
+        float sigma = 0.0F; //!< standard deviation of the spot, in the units of the map
     };
 
-    //! The logical columns that a spot is read from.
+    //! The logical columns from which a spot is read.
     enum MapColumn {
         SigmaColumn = 1,
         XColumn = 2,
@@ -59,43 +58,48 @@ public:
     };
     Q_ENUM(MapColumn)
 
+    //! What the map shows.
     enum DisplayMode {
         //! The spots.
         Data = 0,
-        //! Blue where the dose is above that of the target, red where it is below.
+        //! The difference: blue where the dose is above that of the target, red where it is below.
         Difference = 1,
-        //! The spots with the difference over them at half opacity.
+        //! The spots, and over them the difference at half opacity.
         DifferenceOverlay = 2,
     };
     Q_ENUM(DisplayMode)
 
+    //! Creates a map without spots that shows Data.
     explicit SpotMapView(QWidget *parent = nullptr);
     ~SpotMapView() override;
 
-    /*! The square that the map shows, in the model's units, top() being the smallest y; empty without
-        spots. In a comparison it holds the spots of both maps. */
+    /*! Returns the square that the map shows, in the units of the model; its top() is the smallest y. It is empty
+        without spots. In a comparison it holds the spots of both maps. */
     QRectF bounds() const;
-    //! The largest dose of the spots shown, never below 0.
+    //! Returns the largest dose of the spots that are drawn, at least 0.
     float maxDose() const;
+    //! Returns the mode set with setDisplayMode(), at first Data.
     DisplayMode displayMode() const;
 
-    //! The ground of the picture, black at first. Its opacity does not count.
+    //! Sets the background of the picture, at first black. The alpha of \a color is ignored; an invalid one is black.
     void setBackgroundColor(const QColor &color);
-    //! White at first.
+    //! Sets the colour of spots with a positive dose, at first white. An invalid \a color is white.
     void setSpotColor(const QColor &color);
-    /*! Of a thin line that joins the spots in the order of their rows; transparent at first, as is an
-        invalid colour: no line. */
+    /*! Sets the colour of a thin line that joins the spots in the order of their rows. It is transparent at first,
+        and with an invalid \a color: then there is no line. */
     void setPathColor(const QColor &color);
-    //! Where the fields of a spot lie. Takes ownership; null stands for the logical columns themselves.
+    /*! Sets the mapper that gives the model's columns, and takes ownership of it. With null, the columns of the
+        model are the logical ones. */
     void setColumnMapper(SpotMapViewColumnMapper *mapper);
-    /*! The view to compare with, which is not owned and should outlive this one; null, and its deletion,
-        end the comparison and set the mode to Data. Both maps are compared in bounds that hold both, and on
-        one dose scale, that of the larger largest dose. Colours play no part in it. */
+    /*! Sets the view to compare with. It is not owned; a call with null or its deletion ends the comparison and
+        sets the mode to Data. Both maps are drawn in bounds that hold the spots of both, and on one dose scale,
+        which depends on the larger of their largest doses. Their colours are not used. Emits
+        diffTargetChanged(). */
     void setDiffTarget(const SpotMapView *target);
 
     void setModel(QAbstractItemModel *model) override;
 
-    // The views' own interface.
+    // The interface of item views.
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint &point) const override;
@@ -107,9 +111,9 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    //! Without a target, the spots are shown in every mode.
+    //! Sets what is shown, and emits displayModeChanged() if it changed. Without a target every mode shows the spots.
     void setDisplayMode(Corvale_Qt::SpotMapView::DisplayMode mode);
-    //! The same by number; one that is no mode changes nothing.
+    //! Sets the display mode by its number. A number that is not a mode is ignored.
     void setDisplayMode(int mode);
 
     void reset() override;
@@ -121,12 +125,13 @@ public Q_SLOTS:
                      const QVector<int> &roles = QVector<int>()) override;
 
 Q_SIGNALS:
-    //! Only when they did change.
+    //! Emitted when bounds() has changed to \a bounds.
     void boundsChanged(QRectF bounds);
+    //! Emitted when displayMode() has changed to \a mode.
     void displayModeChanged(Corvale_Qt::SpotMapView::DisplayMode mode);
-    //! Whether there is a view to compare with now.
+    //! Emitted after setDiffTarget() and after the deletion of the target. \a present tells whether there is a target.
     void diffTargetChanged(bool present);
-    //! For the views that compare with this one: its spots are about to go.
+    //! Emitted by the destructor while the spots still exist, for the views that compare with this one.
     void aboutToBeDeleted(QPrivateSignal);
 
 protected:

@@ -5,8 +5,8 @@
 
 namespace Corvale_Qt {
 
-/*! Tells a spot map in which column of its model a field of a spot lies. This one takes the logical
-    column's own number; derive from it for a model with another order.
+/*! Tells a spot map which column of its model holds a field of a spot. This class returns the number of the
+    logical column. Derive from it for a model with other columns.
 
     \code
     class PlanColumns : public SpotMapViewColumnMapper
@@ -20,11 +20,13 @@ class CORVALE_QT_EXPORT SpotMapViewColumnMapper
 {
 public:
     SpotMapViewColumnMapper();
+    //! Copies a mapper; this class has no state.
     SpotMapViewColumnMapper(const SpotMapViewColumnMapper &other);
+    //! Assigns a mapper; this class has no state.
     SpotMapViewColumnMapper &operator=(const SpotMapViewColumnMapper &other);
     virtual ~SpotMapViewColumnMapper();
 
-    //! The model's column for a logical one.
+    //! Returns the column of the model, counted from 0, that holds the field of the logical \a column.
     virtual int mapColumnToSource(SpotMapView::MapColumn column) const;
 };
 

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
-#include "corvale_qt/beam/spots/KeptPicture_p.h"
 #include "corvale_qt/beam/spots/MapComparison_p.h"
-#include "corvale_qt/beam/spots/ModelRearrangements_p.h"
+#include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "corvale_qt/beam/spots/SpotMapViewColumnMapper.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
+#include "corvale_qt/models/StructureWatcher_p.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -30,66 +26,62 @@ public:
     void loadModel();
     SpotMapView::MapSpot dataForRow(const QModelIndex &parent, int row) const;
     QVector<SpotMapView::MapSpot> dataForRows(const QModelIndex &parent, int first, int last) const;
-    //! Whether there is one spot for each row; a model that announces something else is read anew.
+    //! Returns whether there is one spot for each row. If not, the model has announced something else than it did.
     bool inStep() const;
-    /*! What follows from any change of the spots: bounds, a repaint, word to the views that compare with
-        this one. */
+    //! Call this after each change of the spots. It repaints, tells the views that compare with this one, and finds
+    //! the bounds.
     void spotsChanged();
-    //! Tells of new bounds; last, since a host may do anything when it hears of them.
+    //! Finds the bounds, and emits boundsChanged() if they changed. Call it last: a host may delete the view then.
     void resetBounds();
-    //! Makes room for the spots of the target, which have changed, and tells of it later: the target is not done yet.
+    //! Finds the bounds after a change of the target, and announces them later, when the target has settled.
     void followTargetBounds();
 
     // The picture.
     QRect pictureRect() const;
-    SpotScene scene() const;
+    SpotHitTest hitTest() const;
+    SpotStyle spotStyle() const;
     bool comparing() const;
+    //! Returns whether the target's spots have changed since they were drawn in a comparison.
     bool targetIsNews() const;
-    /*! Brings up to date, and gives, what the display mode shows; before anything is painted on the
-        viewport. */
+    /*! Returns the up-to-date picture of the display mode. Call it before painting on the viewport begins, since
+        it may make the OpenGL context current. */
     const QImage &spotsImage();
-    //! Lies over the spots; null where there is no path to show.
+    //! Returns the picture of the path, which lies over the spots; null if no path is shown.
     QImage pathImage();
     void drawSelection(QPainter &painter) const;
-    //! Says in words what the picture does not show.
+    //! Writes on the picture what it cannot show.
     void drawRemarks(QPainter &painter) const;
     void recreateFBO();
 
     void follow(const SpotMapView *target);
     void targetChanged();
 
-    // Between the map and the viewport.
-    QPointF pixelOf(const SpotMapView::MapSpot &spot) const;
-    double pixelsPerUnit() const;
-    QRect spotRect(int row, double sigmas) const;
-    int rowAt(const QPoint &point) const;
-    QString toolTip(int row) const;
-
-    //! Sent to a view's own viewport, where the event filters of the views that compare with it see it even
-    //! while the view is hidden and paints nothing.
+    //! Returns the type of the event that a view sends to its own viewport when its spots have changed. The event
+    //! filters of the views that compare with it see it there even while the view is hidden and does not paint.
     static QEvent::Type spotsChangedEvent();
 
     SpotList spots;
     std::unique_ptr<SpotMapViewColumnMapper> columnMapper;
-    ModelRearrangements rearrangements;
+    StructureWatcher structureWatcher;
     QRectF bounds;
 
     SpotMapView::DisplayMode displayMode = SpotMapView::Data;
     QColor spotColor = Qt::white;
     QColor pathColor = Qt::transparent;
     QColor backgroundColor = Qt::black;
-    KeptPicture picture;
-    KeptPicture path;
+    SpotPictureCache picture;
+    SpotPictureCache path;
 
     const SpotMapView *target = nullptr;
     QPointer<QWidget> targetViewport;
     QMetaObject::Connection targetDeletion;
-    //! While comparing.
+    //! Null while no map is compared.
     std::unique_ptr<MapComparison> comparison;
 
 private:
-    //! False where they are what they were.
+    //! Computes the bounds, and returns whether they changed.
     bool findBounds();
+    //! Returns the lines that drawRemarks() writes.
     QStringList remarks() const;
 
     SpotMapView *const q_ptr;

@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 
+#include "corvale_qt/beam/spots/Logging_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 
 #include "ui_SpotMapWidget.h"
 
 #include <qwt_scale_engine.h>
 
-#include <QDebug>
 #include <QKeyEvent>
 
 namespace Corvale_Qt {
 
 namespace {
 
-//! Pixels that a scale has for each of its major ticks.
+//! The length of a scale in pixels for each of its major ticks.
 constexpr int pixelsPerTick = 55;
 constexpr int minorTicks = 5;
 
 QwtScaleDiv scaleDiv(double from, double to, int maxMajorTicks)
 {
-    // A map without spots lies nowhere: no number there.
+    // A map without spots has no position, so its scales show no numbers.
     if (!(from < to))
         return QwtScaleDiv(0.0, 1.0);
     return QwtLinearScaleEngine().divideScale(from, to, maxMajorTicks, minorTicks);
@@ -70,7 +70,7 @@ void SpotMapWidgetPrivate::setUpButtons(SpotMapWidget *q)
                      [this](SpotMapView::DisplayMode mode) {
                          showMode(mode);
                      });
-    // Without a map to compare with there is nothing to choose.
+    // Without a map to compare with, there is no mode to choose.
     QObject::connect(ui.spotMapView, &SpotMapView::diffTargetChanged, q, [this](bool present) {
         ui.buttonStack->setCurrentWidget(present ? ui.buttons : ui.nobuttons);
     });
@@ -91,9 +91,9 @@ void SpotMapWidgetPrivate::setScales()
     ui.yAxis->setScaleDiv(scaleDiv(bounds.top(), bounds.bottom(), ticks));
 }
 
-/*! Places the largest square map that leaves room for both scales, in the middle. A scale reaches over the
-    map's ends by half a label; where it does, its border distances keep the ends of the scale on those of
-    the map. */
+/*! Places the largest square map that leaves room for both scales, near the middle of the area. A scale is
+    longer than the map by half a label at each end; its border distances keep the ends of its line on the edges
+    of the map. */
 void SpotMapWidgetPrivate::placeMap()
 {
     int left = 0;
@@ -105,12 +105,12 @@ void SpotMapWidgetPrivate::placeMap()
     const int xAxisHeight = ui.xAxis->sizeHint().height();
     const int yAxisWidth = ui.yAxis->sizeHint().width();
 
-    // Half a label may reach further than the other scale is wide.
+    // Half a label may be longer than the other scale is wide.
     const int before = qMax(yAxisWidth, left);
     const int below = qMax(xAxisHeight, bottom);
     const QSize area = ui.mapArea->size();
     const int side = qMax(0, qMin(area.width() - before - right, area.height() - top - below));
-    // In the middle, under the title, as far as the scales leave it free.
+    // The middle of the map lies under the title if the scales leave it room there.
     const int x = qBound(before, (area.width() - side) / 2, area.width() - right - side);
     const int y = qBound(top, (area.height() - side) / 2, area.height() - below - side);
 
@@ -194,7 +194,7 @@ bool SpotMapWidget::eventFilter(QObject *watched, QEvent *event)
     Q_D(SpotMapWidget);
     if (watched == d->ui.mapArea && event->type() == QEvent::Resize)
         d->setScales();
-    // The scales ask for another layout when their labels or fonts change.
+    // The scales post a layout request when their labels or fonts change.
     if (watched == d->ui.mapArea
         && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
         d->placeMap();
@@ -204,7 +204,7 @@ bool SpotMapWidget::eventFilter(QObject *watched, QEvent *event)
 void SpotMapWidget::updateScale(QRectF)
 {
     Q_D(SpotMapWidget);
-    qDebug() << "update scale";
+    qCDebug(lcSpots) << "update scale";
     d->setScales();
     d->placeMap();
 }

@@ -13,10 +13,10 @@ namespace Corvale_Qt {
 class SpotMapView;
 class SpotMapWidgetPrivate;
 
-/*! A spot map with a title, scales in millimetres along its edges, a pane for what the host wants to tell
-    of the beam, and, while there is a map to compare with, buttons for what is shown.
+/*! A spot map with a title, scales in millimetres along its edges, and fields for the position and dose of the
+    beam, which the host fills. While the map is compared with another one, buttons choose the display mode.
 
-    Page Up and Page Down ask the host for another layer.
+    The keys Page Up and Page Down ask the host for another layer of the plan.
 
     \code
     SpotMapWidget delivered;
@@ -30,22 +30,26 @@ class CORVALE_QT_EXPORT SpotMapWidget : public QWidget
     Q_OBJECT
 
 public:
+    //! Creates a widget whose map has no spots.
     explicit SpotMapWidget(QWidget *parent = nullptr);
     ~SpotMapWidget() override;
 
-    //! The map itself, for its model and its colours.
+    //! Returns the map, whose model and colours the host sets. The widget owns it.
     SpotMapView *spotMapView() const;
 
-    //! Texts are shown as they are, never as markup.
+    //! Sets the title above the map. As in all fields, the text is shown as plain text.
     void setTitle(const QString &title);
+    //! Sets the text of the field for the x position of the beam.
     void setXvalue(const QString &value);
+    //! Sets the text of the field for the y position of the beam.
     void setYvalue(const QString &value);
+    //! Sets the text of the field for the dose.
     void setDoseValue(const QString &value);
-    //! The widget whose map this one is compared with; it is not owned. Null ends the comparison.
+    //! Sets the widget to whose map this one is compared. It is not owned. Null ends the comparison.
     void setDiffTarget(SpotMapWidget *target);
 
 Q_SIGNALS:
-    //! +1 for Page Up, -1 for Page Down.
+    //! Emitted when the user asks for another layer: \a step is +1 for Page Up and -1 for Page Down.
     void layerChange(int step);
 
 protected:

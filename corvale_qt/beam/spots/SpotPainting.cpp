@@ -10,6 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
+//! Returns the opacity at the centre of a spot; the values are those of the documentation of createBrush().
 double amplitudeOf(float dose, float fullScaleDose)
 {
     const float cap = 1.5F * fullScaleDose;
@@ -22,7 +23,7 @@ double amplitudeOf(float dose, float fullScaleDose)
     return double(dose / cap) * 0.9 + 0.1;
 }
 
-//! The last drawable spot before \a row, or -1.
+//! Returns the row of the last drawable spot before \a row, or -1.
 int drawableBefore(const SpotList &spots, int row)
 {
     do
@@ -33,54 +34,54 @@ int drawableBefore(const SpotList &spots, int row)
 
 } // namespace
 
-bool SpotScene::operator==(const SpotScene &other) const
+bool SpotStyle::operator==(const SpotStyle &other) const
 {
     return pixels == other.pixels && pixelRatio == other.pixelRatio && bounds == other.bounds
-        && fullScaleDose == other.fullScaleDose && colour == other.colour
+        && fullScaleDose == other.fullScaleDose && color == other.color
         && background == other.background;
 }
 
 std::unique_ptr<GaussianRadialGradientBrush> createBrush(const SpotMapView::MapSpot &spot,
-                                                         const SpotScene &scene)
+                                                         const SpotStyle &style)
 {
-    const QPointF centre = toUnitSquare(scene.bounds, QPointF(spot.x, spot.y));
-    const QColor colour = spot.dose < 0.0F ? QColor(Qt::blue) : scene.colour;
+    const QPointF centre = toUnitSquare(style.bounds, QPointF(spot.x, spot.y));
+    const QColor color = spot.dose < 0.0F ? QColor(Qt::blue) : style.color;
     return std::unique_ptr<GaussianRadialGradientBrush>(
         GaussianRadialGradientBrush::create(centre,
-                                            colour,
-                                            amplitudeOf(spot.dose, scene.fullScaleDose),
-                                            spot.sigma / scene.bounds.width()));
+                                            color,
+                                            amplitudeOf(spot.dose, style.fullScaleDose),
+                                            spot.sigma / style.bounds.width()));
 }
 
-void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotScene &scene)
+void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotStyle &style)
 {
-    if (scene.bounds.isEmpty())
+    if (style.bounds.isEmpty())
         return;
     painter.save();
-    painter.scale(scene.pixels.width(), scene.pixels.height());
+    painter.scale(style.pixels.width(), style.pixels.height());
     for (int row = first; row < spots.size(); ++row) {
         if (!isDrawable(spots.at(row)) || spots.at(row).dose == 0.0F)
             continue;
-        const auto brush = createBrush(spots.at(row), scene);
-        // The gradient stretches over what is filled. Filling the whole square, and clipping, puts
-        // the spot where it belongs; filling its rectangle would shrink the spot into that.
+        const auto brush = createBrush(spots.at(row), style);
+        // Qt stretches the gradient over the filled rectangle. So the whole unit square is filled, and clipped to
+        // the spot; filling only the spot's rectangle would shrink the spot.
         painter.setClipRect(brush->boundingRect());
         painter.fillRect(QRectF(0.0, 0.0, 1.0, 1.0), *brush);
     }
     painter.restore();
 }
 
-void drawPath(QPainter &painter, const SpotList &spots, int first, const SpotScene &scene)
+void drawPath(QPainter &painter, const SpotList &spots, int first, const SpotStyle &style)
 {
-    if (scene.bounds.isEmpty())
+    if (style.bounds.isEmpty())
         return;
-    const auto pixelOf = [&scene](const SpotMapView::MapSpot &spot) {
-        const QPointF unit = toUnitSquare(scene.bounds, QPointF(spot.x, spot.y));
-        return QPointF(unit.x() * scene.pixels.width(), unit.y() * scene.pixels.height());
+    const auto pixelOf = [&style](const SpotMapView::MapSpot &spot) {
+        const QPointF unit = toUnitSquare(style.bounds, QPointF(spot.x, spot.y));
+        return QPointF(unit.x() * style.pixels.width(), unit.y() * style.pixels.height());
     };
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(scene.colour, scene.pixelRatio));
+    painter.setPen(QPen(style.color, style.pixelRatio));
     int from = drawableBefore(spots, first);
     for (int row = first; row < spots.size(); ++row) {
         if (!isDrawable(spots.at(row)))

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: for the spot map's own classes.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
@@ -23,32 +18,34 @@ namespace Corvale_Qt {
 class GaussianRadialGradientBrush;
 class SpotList;
 
-//! All that a picture of spots depends on, besides the spots.
-struct SpotScene
+//! Everything that a picture of spots depends on except the spots.
+struct SpotStyle
 {
+    //! The size of the picture in device pixels.
     QSize pixels;
+    //! Device pixels for each pixel of the widget.
     double pixelRatio = 1.0;
-    //! The part of the map that fills the picture, in its units.
+    //! The part of the map that fills the picture, in the map's units.
     QRectF bounds;
-    //! Doses of 1.5 times this one and above have full opacity.
+    //! Spots with 1.5 times this dose or more are opaque.
     float fullScaleDose = 0.0F;
-    //! Of the spots, or of the path.
-    QColor colour;
+    //! The colour of the spots or of the path.
+    QColor color;
     QColor background;
 
-    bool operator==(const SpotScene &other) const;
-    bool operator!=(const SpotScene &other) const { return !(*this == other); }
+    bool operator==(const SpotStyle &other) const;
+    bool operator!=(const SpotStyle &other) const { return !(*this == other); }
 };
 
-/*! The brush of one drawable spot in the unit square of the scene's bounds, which must have an extent.
-    Opacity runs from 0.1 for the smallest dose to 1.0; no dose is transparent, a negative one blue. */
+/*! Returns the brush of a drawable spot in the unit square of the bounds, which must not be empty. The opacity
+    runs from 0.1 for the smallest dose to 1.0; a dose of 0 is transparent and a negative dose blue. */
 std::unique_ptr<GaussianRadialGradientBrush> createBrush(const SpotMapView::MapSpot &spot,
-                                                         const SpotScene &scene);
+                                                         const SpotStyle &style);
 
-//! Draws the spots from row \a first on over the picture that \a painter paints on.
-void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotScene &scene);
+//! Draws the spots from row \a first on.
+void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotStyle &style);
 
-//! Draws the lines that end at the spots from row \a first on; spots that cannot be drawn are passed over.
-void drawPath(QPainter &painter, const SpotList &spots, int first, const SpotScene &scene);
+//! Draws the lines that end at the spots from row \a first on. It skips spots that cannot be drawn.
+void drawPath(QPainter &painter, const SpotList &spots, int first, const SpotStyle &style);
 
 } // namespace Corvale_Qt

@@ -2,7 +2,6 @@
 #include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/scope/statistics/EnergyTable_p.h"
 #include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
 
 #include <qwt_plot_curve.h>
@@ -14,16 +13,49 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 namespace Corvale_Qt {
 
 namespace {
 
-//! Samples of the fitted curve, made again in place.
+//! Beam energy in MeV by the channel in which the beam stops; the first entry belongs to channel 1.
+class EnergyTable
+{
+public:
+    EnergyTable() = default;
+    explicit EnergyTable(std::vector<double> energies)
+        : m_energies(std::move(energies))
+    {
+    }
+
+    bool isEmpty() const { return m_energies.empty(); }
+
+    //! Returns the energy at a position in channels, interpolated linearly; NaN outside the table.
+    double at(double channel) const
+    {
+        const double index = channel - 1.0;
+        const double last = double(m_energies.size()) - 1.0;
+        if (!(index >= 0.0 && index <= last))
+            return std::numeric_limits<double>::quiet_NaN();
+        const double below = std::floor(index);
+        const double left = m_energies[size_t(below)];
+        if (index == below)
+            return left;
+        return left + (index - below) * (m_energies[size_t(below) + 1] - left);
+    }
+
+private:
+    std::vector<double> m_energies;
+};
+
+//! Samples of the fitted curve. Their memory is reused from one fit to the next.
 class FitSeries : public QwtArraySeriesData<QPointF>
 {
 public:
-    //! At every quarter of a bin, from a quarter of the first channel's place on; zeros without a valid fit.
+    /*! Samples the fit four times per channel, from x = (offset + 1) / 4 to a quarter below the last channel. The
+        heights are 0 if the fit is not valid. */
     void sample(const ProfileFit &fit, int offset, double divisor)
     {
         const int first = offset + 1;
@@ -52,7 +84,7 @@ class RVX_FitHistogramItemPrivate
 {
 public:
     QwtPlotCurve curve;
-    FitSeries *samples = nullptr; //!< the curve's
+    FitSeries *samples = nullptr; //!< owned by the curve
     double residualNoise = 0.0;
     EnergyTable energies;
     bool showsEnergy = false;
@@ -63,60 +95,69 @@ RVX_FitHistogramItem::RVX_FitHistogramItem(RVX_HistogramItemAxisWidget *axisWidg
                                            const QColor &color,
                                            bool fullStatistics)
     : RVX_StatisticsHistogramItem(axisWidget, title, color, fullStatistics)
-    , d(new RVX_FitHistogramItemPrivate)
+    , d_ptr(new RVX_FitHistogramItemPrivate)
 {
+    Q_D(RVX_FitHistogramItem);
     d->samples = new FitSeries;
     d->curve.setData(d->samples);
     d->curve.setTitle(
         QCoreApplication::translate("Corvale_Qt::RVX_FitHistogramItem", "Gaussian Fit"));
     d->curve.setPen(color, 1.0);
-    d->curve.setZ(25.0); // over the bars, under the markers
+    d->curve.setZ(25.0); // above the bars, below the markers
 }
 
 RVX_FitHistogramItem::~RVX_FitHistogramItem() = default;
 
 void RVX_FitHistogramItem::attach(QwtPlot *plot)
 {
+    Q_D(RVX_FitHistogramItem);
     RVX_StatisticsHistogramItem::attach(plot);
     d->curve.attach(plot);
 }
 
 void RVX_FitHistogramItem::detach()
 {
+    Q_D(RVX_FitHistogramItem);
     RVX_StatisticsHistogramItem::detach();
     d->curve.detach();
 }
 
 void RVX_FitHistogramItem::toggleMLFC(bool enable)
 {
+    Q_D(RVX_FitHistogramItem);
     d->showsEnergy = enable;
     showLabel();
 }
 
 void RVX_FitHistogramItem::upload_MLFC_calibration_table(std::vector<double> *table)
 {
+    Q_D(RVX_FitHistogramItem);
     d->energies = table ? EnergyTable(*table) : EnergyTable();
     showLabel();
 }
 
 double RVX_FitHistogramItem::residualNoise() const
 {
+    Q_D(const RVX_FitHistogramItem);
     return d->residualNoise;
 }
 
 void RVX_FitHistogramItem::setResidualNoise(double noise)
 {
+    Q_D(RVX_FitHistogramItem);
     d->residualNoise = noise;
 }
 
 void RVX_FitHistogramItem::showFit(int offset)
 {
+    Q_D(RVX_FitHistogramItem);
     d->samples->sample(fit(), offset, plotDivisor());
     d->curve.itemChanged();
 }
 
 QString RVX_FitHistogramItem::label() const
 {
+    Q_D(const RVX_FitHistogramItem);
     const bool full = hasFullStatistics();
     const int lines = full ? fullLabelLines() : 2;
     QString label;
@@ -142,6 +183,7 @@ int RVX_FitHistogramItem::fullLabelLines() const
 
 QString RVX_FitHistogramItem::energyText() const
 {
+    Q_D(const RVX_FitHistogramItem);
     const bool hasPosition = isComputed() && status() == FitStatus::Ok;
     const double energy = hasPosition ? d->energies.at(position()) : std::nan("");
     return std::isfinite(energy)

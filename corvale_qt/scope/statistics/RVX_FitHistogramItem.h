@@ -9,7 +9,7 @@ namespace Corvale_Qt {
 
 class RVX_FitHistogramItemPrivate;
 
-//! What the Gaussian fits have in common: the fitted curve over the bars, and the beam energy at the position.
+//! Base class of the Gaussian fits: draws the fitted curve over the bars and can show the beam energy at the position.
 class CORVALE_QT_EXPORT RVX_FitHistogramItem : public RVX_StatisticsHistogramItem
 {
 public:
@@ -21,27 +21,30 @@ public:
     void upload_MLFC_calibration_table(std::vector<double> *table) override;
     QString label() const override;
 
-    //! Root of the summed squares of what the fit leaves over, relative to the largest bar; 0 without full statistics.
+    /*! Returns the root of the summed squared residuals of the fit, divided by the largest bar; NaN if all bars are 0.
+        Returns 0 without full statistics and if the last compute() found no Gaussian. */
     double residualNoise() const;
 
 protected:
+    //! Creates the item as RVX_StatisticsHistogramItem does, with a curve in the same colour.
     RVX_FitHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
                          const QString &title,
                          const QColor &color,
                          bool fullStatistics);
 
-    //! For takes that come next.
+    //! Sets residualNoise(). Call it before take(), which writes the label.
     void setResidualNoise(double noise);
     void showFit(int offset) override;
-    //! The label of a result with full statistics.
+    //! Returns the label of a result with full statistics.
     virtual QString fullLabel() const;
-    //! How many lines that has.
+    //! Returns the number of lines of fullLabel().
     virtual int fullLabelLines() const;
 
 private:
     QString energyText() const;
 
-    const std::unique_ptr<RVX_FitHistogramItemPrivate> d;
+    Q_DECLARE_PRIVATE(RVX_FitHistogramItem)
+    const std::unique_ptr<RVX_FitHistogramItemPrivate> d_ptr;
 };
 
 } // namespace Corvale_Qt

@@ -5,13 +5,15 @@
 
 namespace Corvale_Qt {
 
-/*! The Gaussian through the largest bar and its two neighbours.
-
-    Parameters: smallest peak that is fitted (default 1e-15), half width in channels of the window over which the
-    residual noise is taken (default 5). */
+//! Shows the Gaussian through the largest bar and its two neighbours.
 class CORVALE_QT_EXPORT RVX_GaussabolaHistogramItem : public RVX_FitHistogramItem
 {
 public:
+    /*! Takes up to two parameters:
+        0. the smallest peak that is fitted, in the unit of the bars; default 1e-15;
+        1. the half width in channels of the window around the peak in which residualNoise() is taken; default 5.
+
+        \a axisWidget shows the ticks and the label. It is not owned and may be null. */
     RVX_GaussabolaHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
                                 const QVector<double> &parameters,
                                 bool fullStatistics);

@@ -20,11 +20,12 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int kTickHeight = 14;
-constexpr int kIndent = 4; // of a label's text from its left and upper edge
+constexpr int kIndent = 4; // from the left and upper edge of a label to its text
 constexpr int kLabelPoints = 8; // four full labels fit beside each other into 1000 pixels
 
-/*! The same text in the label's own font, which has a fixed width. For preformatted text Qt would ask the system for
-    its font each time, which costs more than the rest of a plot, and then not find it. */
+/*! Returns the text with its white space kept by a style instead of <pre>, so that it appears in the label's own
+    fixed-width font. For <pre>, Qt looks up a system font for each text, which takes longer than the rest of a plot and
+    fails. */
 QString inLabelFont(const QString &richText)
 {
     QString text = richText;
@@ -41,7 +42,7 @@ void prepareLabel(QLabel &label, const QColor &background)
             .arg(background.red())
             .arg(background.green())
             .arg(background.blue()));
-    // The colours are all light, whatever the palette is.
+    // All backgrounds are light, so the text must be dark in every palette.
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, Qt::black);
     palette.setColor(QPalette::Text, Qt::black);
@@ -65,7 +66,8 @@ public:
     QwtScaleDiv allTicks() const;
     void measureLabels();
     int rows(int width) const;
-    //! Returns the corner where the labels begin: beside the name, or below it where they need all of the width.
+    /*! Returns the upper left corner of the labels: beside the name, or below it if the labels would need another row
+        beside it. */
     QPoint labelsCorner(int width) const;
     int height(int width) const;
     void placeLabels(int width);
@@ -73,7 +75,7 @@ public:
     QPointer<QwtPlot> plot;
     QLabel *estimator = nullptr;
     std::vector<Entry> entries;
-    QSize cell; //!< of the largest label so far
+    QSize cell; //!< size of the largest label so far
     bool layingOut = false;
 };
 
@@ -100,7 +102,7 @@ QwtScaleDiv RVX_HistogramItemAxisWidgetPrivate::allTicks() const
 
 void RVX_HistogramItemAxisWidgetPrivate::measureLabels()
 {
-    // Only ever larger: rows must not come and go with the digits of a number.
+    // The cell never shrinks: rows must not come and go with the digits of a number.
     for (const Entry &entry : entries)
         cell = cell.expandedTo(entry.label->sizeHint());
 }
@@ -129,7 +131,7 @@ int RVX_HistogramItemAxisWidgetPrivate::height(int width) const
     return labelsCorner(width).y() + rows(width) * cell.height() + kTickHeight;
 }
 
-//! As many to each row, one above the other.
+//! Gives every row the same number of labels, so that the labels of all rows form columns.
 void RVX_HistogramItemAxisWidgetPrivate::placeLabels(int width)
 {
     const int count = int(entries.size());
@@ -280,7 +282,7 @@ void RVX_HistogramItemAxisWidget::updateLayout()
     if (wanted != minimumHeight() || wanted != maximumHeight())
         setFixedHeight(wanted);
 
-    // The base class would fit the scale into this widget; it belongs above the plot's axis.
+    // The base class fits the scale into this widget, but it must be in line with the plot's axis.
     if (d->plot) {
         const QwtScaleMap map = d->plot->canvasMap(QwtPlot::xBottom);
         const QPoint canvas = mapFromGlobal(d->plot->canvas()->mapToGlobal(QPoint(0, 0)));

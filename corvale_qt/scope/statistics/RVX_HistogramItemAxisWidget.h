@@ -16,25 +16,29 @@ namespace Corvale_Qt {
 class RVX_HistogramItemAxisWidgetPrivate;
 class RVX_StatisticsHistogramItem;
 
-/*! A strip above a histogram: the name of the estimator, the labels of its statistics items beside each other, in as
-    many rows as it takes, and below them the ticks of all items, in line with the bars. */
+/*! A strip above a histogram: the name of the estimator, the labels of its statistics items in one or more rows, and
+    below them the ticks of all items, in line with the bars. */
 class CORVALE_QT_EXPORT RVX_HistogramItemAxisWidget : public QwtScaleWidget
 {
     Q_OBJECT
 
 public:
+    //! Creates a strip without items.
     explicit RVX_HistogramItemAxisWidget(QWidget *parent = nullptr);
     ~RVX_HistogramItemAxisWidget() override;
 
-    //! Keeps the ticks in line with the plot's bottom axis. The plot is not owned.
+    //! Keeps the ticks in line with the bottom axis of \a plot, which is not owned.
     void alignTo(QwtPlot *plot);
 
-    //! Names the estimator whose results the labels tell.
+    //! Sets the name of the estimator, which is also the accessible name of the strip.
     void setEstimator(const QString &name);
-    //! A new item, with a label in its colour.
+    //! Adds an item, which is not owned, with an empty label on a background of \a color.
     void add(const RVX_StatisticsHistogramItem *item, const QColor &color);
+    //! Removes an item and its label. An item must be removed before it is deleted.
     void remove(const RVX_StatisticsHistogramItem *item);
+    //! Sets the ticks of an item, in channels. An item that was not added is ignored.
     void setTicks(const RVX_StatisticsHistogramItem *item, const QwtScaleDiv &ticks);
+    //! Sets the label of an item. An item that was not added is ignored.
     void setLabel(const RVX_StatisticsHistogramItem *item, const QString &richText);
 
     QSize sizeHint() const override;
@@ -42,7 +46,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    //! Puts labels and ticks where they belong.
+    //! Places the labels and the ticks, and adapts the height of the strip.
     void updateLayout();
 
 protected:

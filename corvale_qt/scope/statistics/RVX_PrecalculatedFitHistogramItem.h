@@ -9,20 +9,21 @@
 
 namespace Corvale_Qt {
 
-/*! A Gaussian that the device has fitted, shown over the bars.
-
-    Parameters: none that matter, but the second, half width in channels of the window over which the residual noise is
-    taken (default 5). */
+//! Shows a Gaussian that was fitted by the device.
 class CORVALE_QT_EXPORT RVX_PrecalculatedFitHistogramItem : public RVX_FitHistogramItem
 {
 public:
+    /*! Takes up to two parameters, of which the first is ignored. The second is the half width in channels of the
+        window around the peak in which residualNoise() is taken; default 5.
+
+        \a axisWidget shows the ticks and the label. It is not owned and may be null. */
     RVX_PrecalculatedFitHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
                                       const QVector<double> &parameters,
                                       bool fullStatistics);
 
-    /*! What the device says of its groups of channels, mean, sigma and peak height of each (see
-        RVXAbstractPlotDataModel::DeviceFitRole), and which one is the item's, from 0. A group that is missing, or
-        whose entries are no numbers, makes the next compute() fail. */
+    /*! Sets the fits of the device: mean, sigma and peak height of each group of channels (see
+        RVXAbstractPlotDataModel::DeviceFitRole). \a group is the index of the item's group, counted from 0. If the
+        group is missing or one of its entries is not a number, the next compute() fails with "Fit failed.". */
     void setDeviceFit(const QVariantList &fits, int group);
     bool usesDeviceFit() const override;
     bool compute(int offset, const QVector<float> &values, double axisUpper) override;
@@ -32,7 +33,7 @@ protected:
     int fullLabelLines() const override;
 
 private:
-    //! Mean, sigma, peak height; -1 for none.
+    //! Mean, sigma and peak height; each is -1 if there is no fit.
     std::array<float, 3> m_deviceFit{-1.0F, -1.0F, -1.0F};
     int m_noiseHalfWidth;
 };

@@ -38,7 +38,7 @@ RVX_RegressionHistogramItem::RVX_RegressionHistogramItem(RVX_HistogramItemAxisWi
         QCoreApplication::translate("Corvale_Qt::RVX_RegressionHistogramItem", "Gaussian Fit"),
         QColor(255, 171, 251),
         fullStatistics)
-    , d(new RVX_RegressionHistogramItemPrivate(parameters))
+    , d_ptr(new RVX_RegressionHistogramItemPrivate(parameters))
 {
 }
 
@@ -48,7 +48,8 @@ bool RVX_RegressionHistogramItem::compute(int offset,
                                           const QVector<float> &values,
                                           double axisUpper)
 {
-    // Relative to the largest bar: at this, the misfit outweighs the peak.
+    Q_D(RVX_RegressionHistogramItem);
+    // Relative to the largest bar: beyond this, the misfit outweighs the peak.
     constexpr double largestNoise = 1.0;
 
     ProfileFit fit(values);

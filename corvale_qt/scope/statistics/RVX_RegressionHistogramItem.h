@@ -9,15 +9,22 @@ namespace Corvale_Qt {
 
 class RVX_RegressionHistogramItemPrivate;
 
-/*! A Gaussian by weighted regression on the logarithms of the bars around the peak.
-
-    Parameters: fraction of the peak that a bar must reach (default 0), half width of the window in channels (1024),
-    smallest peak (1e-15), smallest sum of all bars (1e-14), power of the weights (2), half width in channels of the
-    window over which the residual noise is taken (5). The first four are taken together or not at all. With full
-    statistics, a fit whose residual noise exceeds 1 is none. */
+//! Shows a Gaussian found by weighted linear regression on the logarithms of the bars around the peak.
 class CORVALE_QT_EXPORT RVX_RegressionHistogramItem : public RVX_FitHistogramItem
 {
 public:
+    /*! Takes up to six parameters:
+        0. the fraction of the peak that a bar must reach; default 0;
+        1. the half width of the window around the peak in channels; default 1024;
+        2. the smallest peak that is fitted, in the unit of the bars; default 1e-15;
+        3. the smallest sum of all bars, in the unit of the bars; default 1e-14;
+        4. the weight of a bar as a power of its height; default 2;
+        5. the half width in channels of the window around the peak in which residualNoise() is taken; default 5.
+
+        Parameters 0 to 3 keep their defaults unless all four are given. With \a fullStatistics, a fit whose residual
+        noise exceeds 1 is refused with FitStatus::NoiseAboveThreshold.
+
+        \a axisWidget shows the ticks and the label. It is not owned and may be null. */
     RVX_RegressionHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
                                 const QVector<double> &parameters,
                                 bool fullStatistics);
@@ -26,7 +33,8 @@ public:
     bool compute(int offset, const QVector<float> &values, double axisUpper) override;
 
 private:
-    const std::unique_ptr<RVX_RegressionHistogramItemPrivate> d;
+    Q_DECLARE_PRIVATE(RVX_RegressionHistogramItem)
+    const std::unique_ptr<RVX_RegressionHistogramItemPrivate> d_ptr;
 };
 
 } // namespace Corvale_Qt

@@ -62,8 +62,9 @@ RVX_StatisticsHistogramItem::RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWi
                                                          const QString &title,
                                                          const QColor &color,
                                                          bool fullStatistics)
-    : d(new RVX_StatisticsHistogramItemPrivate)
+    : d_ptr(new RVX_StatisticsHistogramItemPrivate)
 {
+    Q_D(RVX_StatisticsHistogramItem);
     d->axisWidget = axisWidget;
     d->color = color;
     d->fullStatistics = fullStatistics;
@@ -80,93 +81,111 @@ RVX_StatisticsHistogramItem::RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWi
 
 RVX_StatisticsHistogramItem::~RVX_StatisticsHistogramItem()
 {
+    Q_D(RVX_StatisticsHistogramItem);
     if (d->axisWidget)
         d->axisWidget->remove(this);
 }
 
 void RVX_StatisticsHistogramItem::attach(QwtPlot *plot)
 {
+    Q_D(RVX_StatisticsHistogramItem);
     d->marker.attach(plot);
 }
 
 void RVX_StatisticsHistogramItem::detach()
 {
+    Q_D(RVX_StatisticsHistogramItem);
     d->marker.detach();
 }
 
 bool RVX_StatisticsHistogramItem::isComputed() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->computed;
 }
 
 const ProfileFit &RVX_StatisticsHistogramItem::fit() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->fit;
 }
 
 FitStatus RVX_StatisticsHistogramItem::status() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->status;
 }
 
 QString RVX_StatisticsHistogramItem::statusMessage() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->message;
 }
 
 double RVX_StatisticsHistogramItem::position() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->position;
 }
 
 bool RVX_StatisticsHistogramItem::hasSignalToNoise() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->signalToNoise.computed;
 }
 
 double RVX_StatisticsHistogramItem::signalToNoise() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return double(d->signalToNoise.ratio);
 }
 
 double RVX_StatisticsHistogramItem::noiseDeviation() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return double(d->signalToNoise.noiseSigma);
 }
 
 QColor RVX_StatisticsHistogramItem::color() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->color;
 }
 
 bool RVX_StatisticsHistogramItem::hasFullStatistics() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->fullStatistics;
 }
 
 void RVX_StatisticsHistogramItem::setValueUnit(const QString &name)
 {
+    Q_D(RVX_StatisticsHistogramItem);
     d->valueUnit = name;
 }
 
 QString RVX_StatisticsHistogramItem::valueUnit() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->valueUnit;
 }
 
 void RVX_StatisticsHistogramItem::setPlotDivisor(double divisor)
 {
+    Q_D(RVX_StatisticsHistogramItem);
     if (divisor > 0.0)
         d->plotDivisor = divisor;
 }
 
 double RVX_StatisticsHistogramItem::plotDivisor() const
 {
+    Q_D(const RVX_StatisticsHistogramItem);
     return d->plotDivisor;
 }
 
 void RVX_StatisticsHistogramItem::clear()
 {
+    Q_D(RVX_StatisticsHistogramItem);
     detach();
     d->computed = false;
     d->fit = ProfileFit();
@@ -185,6 +204,7 @@ bool RVX_StatisticsHistogramItem::take(int offset,
                                        double axisUpper,
                                        const QString &message)
 {
+    Q_D(RVX_StatisticsHistogramItem);
     const bool ok = status == FitStatus::Ok;
     d->computed = true;
     d->fit = fit;
@@ -207,6 +227,7 @@ void RVX_StatisticsHistogramItem::showFit(int) { }
 
 void RVX_StatisticsHistogramItem::showLabel()
 {
+    Q_D(RVX_StatisticsHistogramItem);
     if (d->axisWidget)
         d->axisWidget->setLabel(this, label());
 }

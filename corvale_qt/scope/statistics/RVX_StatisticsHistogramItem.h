@@ -17,17 +17,18 @@ class RVX_HistogramItemAxisWidget;
 class RVX_StatisticsHistogramItemPrivate;
 struct ProfileFit;
 
-/*! Beam statistics of a histogram: a marker at the position, ticks on an axis widget (position, one sigma and three
-    sigma to each side) and a label with the numbers, or with the reason why there are none.
+/*! Base class of the beam statistics of a histogram: a marker at the position, ticks on an axis widget (at the position
+    and one and three sigma to each side of it) and a label with the numbers, or with the reason for their absence.
 
-    What the last compute() found is here for hosts to log. */
+    The getters return the result of the last compute(), for instance for a host's log. */
 class CORVALE_QT_EXPORT RVX_StatisticsHistogramItem : public RVX_HistogramItem
 {
 public:
-    //! Draws the ticks of the axis widget; what they mean stands in the label.
+    //! Draws the ticks of the axis widget, without labels: the label of the item explains them.
     class CORVALE_QT_EXPORT ScaleDraw : public QwtScaleDraw
     {
     public:
+        //! Sets the lengths of the ticks: 12 pixels for the position, 8 for one sigma and 5 for three sigma.
         ScaleDraw();
         QwtText label(double value) const override;
     };
@@ -38,46 +39,55 @@ public:
 
     void attach(QwtPlot *plot) override;
     void detach() override;
-    //! The rich text that stands beside the histogram.
+    //! Returns the rich text of the label.
     virtual QString label() const = 0;
 
-    //! False before the first compute() and after clear(): then there is no data to speak of.
+    //! Returns false before the first compute() and after clear().
     bool isComputed() const;
-    //! Positions and widths in bins of the item's share of the channels, the first one at 0.
+    //! Returns the fit. Its positions and widths are in bins of the item's group of channels; the first bin is at 0.
     const ProfileFit &fit() const;
+    //! Returns FitStatus::Ok for a result and before the first compute(), otherwise the reason why there is no result.
     FitStatus status() const;
-    //! Why there is no result; empty where there is one.
+    //! Returns the reason why there is no result as a translated text; empty for a result.
     QString statusMessage() const;
-    //! On the plot's x axis: channel k is at k. The middle of the item's channels where there is no result.
+    /*! Returns the position on the x axis of the plot, where channel k is at k. Without a result it is the middle of
+        the item's channels. */
     double position() const;
-    //! Whether there is a ratio: only with full statistics, and where bars lie outside three sigma.
+    /*! Returns whether signalToNoise() and noiseDeviation() were computed. They need a result, full statistics, a bar
+        within three sigma and at least two bars beyond. */
     bool hasSignalToNoise() const;
-    //! Sum of the bars within three sigma to the noise beside them; 1 where there is none.
+    /*! Returns the sum of the n bars within three sigma, divided by the noise of such a sum, sqrt(n) noiseDeviation().
+        Returns 1 if it was not computed, and infinity if the bars beyond three sigma are all alike. */
     double signalToNoise() const;
-    //! Standard deviation of the bars outside three sigma.
+    //! Returns the standard deviation of the bars beyond three sigma, in the unit of the bars.
     double noiseDeviation() const;
-    //! Takes the result away, the item's marks included.
+    //! Removes the result, and the marker, the ticks and the numbers that show it.
     void clear();
 
-    //! The symbol of the bars' unit, which labels name; empty for none. It holds for computations that come next.
+    /*! Sets the symbol of the bars' unit as plain text, for the label; empty for no unit. The label shows it from the
+        next compute() on. */
     void setValueUnit(const QString &name);
+    //! Returns the symbol of the bars' unit; empty unless set.
     QString valueUnit() const;
-    /*! The plot shows the bars divided by this, and the item's marks alike; 1 unless set. The results and the label are
-        not divided. It holds for computations that come next; a divisor that is not above 0 is ignored. */
+    /*! Sets the number by which the plot divides the bars; the item's marker and curve are divided by it too, from the
+        next compute() on. The results and the label are not divided. A divisor that is not above 0 is ignored. */
     void setPlotDivisor(double divisor);
+    //! Returns the divisor of the marker and the curve; 1 unless set.
     double plotDivisor() const;
 
-    //! What a status says to a person; empty for a result.
+    //! Returns the translated text of a status; empty for FitStatus::Ok.
     static QString messageOf(FitStatus status);
 
 protected:
-    //! \a axisWidget shows ticks and label; not owned, may be null.
+    /*! Creates an item with a marker in \a color. \a title names the estimator. \a axisWidget shows the ticks and the
+        label; it is not owned and may be null. */
     RVX_StatisticsHistogramItem(RVX_HistogramItemAxisWidget *axisWidget,
                                 const QString &title,
                                 const QColor &color,
                                 bool fullStatistics);
 
-    //! Keeps a result, or its absence, and shows it. \a message goes before that of the status.
+    /*! Stores the outcome of a computation, shows it and returns whether \a status is FitStatus::Ok. A \a message that
+        is not empty replaces the text of the status. */
     bool take(int offset,
               const ProfileFit &fit,
               FitStatus status,
@@ -85,13 +95,16 @@ protected:
               const QString &message = QString());
     //! Writes the label into the axis widget.
     void showLabel();
-    //! Puts the marks of a fit that take() has kept onto the plot, beyond marker and ticks.
+    //! Updates further marks of the item after take() stored a result. The default implementation does nothing.
     virtual void showFit(int offset);
+    //! Returns the colour of the marker and of the label's background.
     QColor color() const;
+    //! Returns whether the item measures noise too and has the long form of the label.
     bool hasFullStatistics() const;
 
 private:
-    const std::unique_ptr<RVX_StatisticsHistogramItemPrivate> d;
+    Q_DECLARE_PRIVATE(RVX_StatisticsHistogramItem)
+    const std::unique_ptr<RVX_StatisticsHistogramItemPrivate> d_ptr;
 };
 
 } // namespace Corvale_Qt

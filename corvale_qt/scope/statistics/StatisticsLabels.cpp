@@ -33,7 +33,7 @@ QString notAvailable()
     return translated("N/A");
 }
 
-//! Returns the number with its suffix, or "N/A" without one where the value is not finite.
+//! Returns the number with its suffix, or "N/A" if the value is not finite.
 QString number(double value, const QString &suffix = QString())
 {
     return std::isfinite(value) ? QString::number(value, 'g', 4) + suffix : notAvailable();
@@ -49,7 +49,7 @@ QString length(double value)
     return std::isfinite(value) ? QString::number(value, 'f', 2) : notAvailable();
 }
 
-//! Returns the unit as plain text: it comes from the model, which may be a host's own, and must not act as markup.
+//! Returns the unit escaped: it comes from the model, which may belong to the host, and must not act as markup.
 QString valueUnit(const RVX_StatisticsHistogramItem &item)
 {
     return item.valueUnit().toHtmlEscaped();
@@ -148,7 +148,7 @@ QString fit(const RVX_FitHistogramItem &item)
                  chi(),
                  squared(),
                  percent(item.residualNoise()))
-            // Last: a unit may hold place markers of its own.
+            // These come last because a unit may contain place markers.
             .arg(quantity(double(fit.at(fit.mean)), item),
                  quantity(double(fit.amplitude), item),
                  unitInBrackets(item)));

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: rich texts of the statistics items.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <QString>
 
@@ -15,28 +10,31 @@ namespace Corvale_Qt {
 class RVX_FitHistogramItem;
 class RVX_StatisticsHistogramItem;
 
-/*! Texts in a fixed-width font, one number a line, the colons below each other. \a lines is how many lines the item's
-    text has when there is a result: the others are as tall, so that nothing jumps. */
+/*! Rich texts of the statistics items, in a fixed-width font, with one number per line and the colons aligned. \a lines
+    is the number of lines of the item's result; texts without a result are padded to the same height, so that the plot
+    below does not move. */
 namespace StatisticsLabels {
 
+//! Returns the text of an item that has not computed anything.
 QString empty(int lines);
+//! Returns "Error: " and the message.
 QString error(const QString &message, int lines);
-//! As error(), for what is fitted.
+//! Returns "Fit error: " and the message.
 QString fitError(const QString &message, int lines);
 
-//! Position and width alone.
+//! Returns position and width.
 QString shortForm(const RVX_StatisticsHistogramItem &item);
-//! With skewness and kurtosis.
+//! Returns position, width, skewness and kurtosis.
 QString moments(const RVX_StatisticsHistogramItem &item);
-//! With height, integral and how well the fit stands.
+//! Returns position, width, height, integral, signal to noise and residual noise of a fit.
 QString fit(const RVX_FitHistogramItem &item);
-//! The same of a fit made elsewhere, whose height and integral are not ours to tell.
+//! Returns the text of a fit made by the device: as fit(), but without height and integral.
 QString deviceFit(const RVX_FitHistogramItem &item);
 
-//! One more line at the end of a label.
+//! Returns \a label with a line for the energy added at the end.
 QString withEnergy(const QString &label, const QString &energy);
 
-//! Shifts lines to the right until their first colons stand below each other.
+//! Returns \a label with its lines shifted to the right until their first colons are aligned.
 QString withAlignedColons(const QString &label);
 
 } // namespace StatisticsLabels

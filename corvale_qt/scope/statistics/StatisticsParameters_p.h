@@ -1,26 +1,25 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: parameters of statistics items come as doubles.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
-#include <algorithm>
+#include "corvale_qt/numerics/ClampedInt_p.h"
+
 #include <cmath>
 
 namespace Corvale_Qt {
 
-//! An int that no profile's length exceeds, whatever the parameter is.
+/*! \file
+    Conversion of the parameters of statistics items, which are passed as doubles, into counts of channels. */
+
+//! Returns \a value truncated towards 0 and limited to +-1e6, more than any profile has channels; 0 for NaN.
 inline int toTruncated(double value)
 {
-    constexpr double largest = 1.0e6;
-    return std::isnan(value) ? 0 : int(std::clamp(value, -largest, largest));
+    constexpr int largest = 1000000;
+    return clampedToInt(value, -largest, largest);
 }
 
-//! The same, half away from zero.
+//! Returns \a value rounded half away from 0 and limited to +-1e6; 0 for NaN.
 inline int toRounded(double value)
 {
     return toTruncated(std::round(value));

@@ -21,14 +21,14 @@ StatisticsStrips::StatisticsStrips(QwtPlot *plot, QWidget *viewport)
     setWidget(strips);
     setWidgetResizable(true);
     setFrameStyle(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus); // the keys are the view's
+    setFocusPolicy(Qt::NoFocus); // the view handles the keys
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Maximum);
-    // The scroll bar stands over the y axis, on the left; on the right it would cover ticks.
+    // This puts the scroll bar on the left, above the y axis; on the right it would cover ticks.
     setLayoutDirection(Qt::RightToLeft);
     strips->setLayoutDirection(Qt::LeftToRight);
 
-    // What the plot would like to have is not held against the strips; they leave it its half.
+    // The layout ignores the size hint of the plot: the strips themselves leave half of the height to it.
     plot->setMinimumHeight(plot->minimumSizeHint().height());
     plot->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     plot->canvas()->installEventFilter(this);
@@ -76,7 +76,7 @@ bool StatisticsStrips::eventFilter(QObject *watched, QEvent *event)
     return filtered;
 }
 
-//! A scroll bar that comes or goes shifts the strips against the canvas, which they cannot see themselves.
+//! Aligns the strips again after a scroll bar has shifted them: they do not notice a move of their parent.
 void StatisticsStrips::alignStrips()
 {
     for (auto *strip : widget()->findChildren<RVX_HistogramItemAxisWidget *>())

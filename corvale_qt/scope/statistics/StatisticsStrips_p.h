@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-/*
- * ---------------------------------------------------------------------------
- *  Not part of the interface: the place of the statistics above a histogram.
- *  It may change or go without notice.
- * ---------------------------------------------------------------------------
- */
+// Private: this header is not installed.
 
 #include <qwt_plot.h>
 
@@ -19,16 +14,16 @@ namespace Corvale_Qt {
 
 class RVX_HistogramItemAxisWidget;
 
-/*! The strips of the statistics items, one above the other. They are as high as they need to be while the canvas
-    of the plot below has half of the view's height; where there is less room, they can be scrolled, by wheel or by
-    Page Up and Page Down. */
+/*! The area above the histogram that stacks the strips of the statistics items. It is as high as the strips need, but
+    leaves half of the view's height to the canvas of the plot below; strips that do not fit are reached by the wheel or
+    by Page Up and Page Down. */
 class StatisticsStrips : public QScrollArea
 {
 public:
-    //! Both the strips and the plot stand in the \a viewport of the same view.
+    //! Creates an empty area. It and \a plot lie in the \a viewport of a view.
     StatisticsStrips(QwtPlot *plot, QWidget *viewport);
 
-    //! Puts a strip above those there are.
+    //! Adds a strip at the top.
     void add(RVX_HistogramItemAxisWidget *strip);
 
     QSize sizeHint() const override;
@@ -40,7 +35,7 @@ private:
     void alignStrips();
     bool scrollByPage(int key);
 
-    QPointer<QwtPlot> m_plot; // as much the viewport's as the strips are
+    QPointer<QwtPlot> m_plot; // the viewport may delete it first
     QVBoxLayout *m_layout;
 };
 

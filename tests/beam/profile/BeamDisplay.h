@@ -2,55 +2,48 @@
 #pragma once
 
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
-#include "tests/beam/profile/PixelWiring.h"
+#include "tests/beam/profile/Frames.h"
 
 #include <QCheckBox>
-#include <QVector>
 
-#include <cmath>
-
-/*! Frames as the two detectors would give them. */
-namespace Frames {
-
-//! Two Gaussian profiles; places and widths in strips, the first strip's centre at 0.
-inline QVector<double>
-strips(double x, double sigmaX, double y, double sigmaY, double height = 1e-9, double offset = 0)
+//! Returns whether two numbers agree within a tolerance, and prints them if they do not.
+inline bool near(double actual, double expected, double tolerance)
 {
-    QVector<double> frame(128, 0.0);
-    for (int i = 0; i < 32; ++i) {
-        frame[i] = offset + height * std::exp(-0.5 * std::pow((i - x) / sigmaX, 2));
-        frame[64 + i] = offset + height * std::exp(-0.5 * std::pow((i - y) / sigmaY, 2));
-    }
-    return frame;
+    if (std::abs(actual - expected) <= tolerance)
+        return true;
+    qWarning("%.9g, not %.9g", actual, expected);
+    return false;
 }
 
-//! A beam on the pixel matrix: place in mm from the centre, X to the right and Y upwards, widths in mm, the
-//! major axis turned by so many degrees from X towards Y.
-inline QVector<double>
-pixels(double x, double y, double major, double minor, double degrees, double height = 1e-9)
+//! Returns the angle between two axes, 0 to 90 degrees.
+inline double apart(double degrees, double otherDegrees)
 {
-    QVector<double> frame(128, 0.0);
-    const double turn = degrees * M_PI / 180;
-    for (int reading = 0; reading < 128; ++reading) {
-        if (!PixelWiring::isUsed(reading))
-            continue;
-        const double right = 3.8 * PixelWiring::placeOf(reading).x() - x;
-        const double up = 3.8 * PixelWiring::placeOf(reading).y() - y;
-        const double along = right * std::cos(turn) + up * std::sin(turn);
-        const double across = up * std::cos(turn) - right * std::sin(turn);
-        frame[reading] = height
-            * std::exp(-0.5 * (along * along / major / major + across * across / minor / minor));
-    }
-    return frame;
+    return std::abs(std::remainder(degrees - otherDegrees, 180));
 }
 
-} // namespace Frames
+enum class Detector {
+    None,
+    Strips,
+    Pixels
+};
 
 /*! A display whose clock the test moves: each frame comes one second and one tick after the one before. */
 struct BeamDisplay
 {
+    explicit BeamDisplay(Detector detector = Detector::None)
+    {
+        if (detector != Detector::None)
+            choose(detector);
+    }
+
     Corvale_Qt::RVXSpectrogram widget;
     double time = 0;
+
+    void choose(Detector detector)
+    {
+        widget.setL408(detector == Detector::Strips);
+        widget.setPixelated(detector == Detector::Pixels);
+    }
 
     void tick() { QMetaObject::invokeMethod(&widget, "update"); }
 

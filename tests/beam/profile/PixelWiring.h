@@ -3,21 +3,21 @@
 
 #include <QPointF>
 
-/*! Where the pixels of the matrix detector lie, from how it is wired and not from any table of the library.
+/*! Positions of the matrix detector's pixels, from the rule of its connectors and independent of the library's table.
 
     Each quarter of the round area has a connector of 32 pins, of which 30 are used. They count along lines of 6, 6,
-    6, 5, 4 and 3 pixels, beginning at the middle of the detector. The first connector's quarter is the upper right
-    one, with lines to the right, one above the other; the next quarters are the same, each turned by 90 degrees
-    against the clock. */
+    6, 5, 4 and 3 pixels, beginning at the middle of the detector. The first connector belongs to the upper right
+    quarter, whose lines run to the right, one above the other. Each further quarter is the one before it, turned by
+    90 degrees counter-clockwise. */
 namespace PixelWiring {
 
-//! Whether a pixel is wired to that place of a frame, 0 to 127.
+//! Returns whether reading 0 to 127 of a frame is wired to a pixel.
 inline bool isUsed(int reading)
 {
     return reading % 32 < 30;
 }
 
-//! Its middle, in pixels from the middle of the detector, X to the right and Y upwards.
+//! Returns the middle of a reading's pixel, in pixels from the middle of the detector, X to the right and Y upwards.
 inline QPointF placeOf(int reading)
 {
     int place = reading % 32;
@@ -34,7 +34,7 @@ inline QPointF placeOf(int reading)
     return middle;
 }
 
-//! The reading of the pixel in a row and a column, counted from 0 at the top left; -1 where there is none.
+//! Returns the reading of a cell, counted from 0 at the top left; -1 for a cell without a pixel.
 inline int readingAt(int row, int column)
 {
     for (int reading = 0; reading < 128; ++reading) {

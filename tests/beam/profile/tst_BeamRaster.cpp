@@ -12,7 +12,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! Opens the protected painting of either item.
+//! Makes the protected renderImage() of an item public.
 template<typename Item>
 class Open : public Item
 {
@@ -98,7 +98,7 @@ private Q_SLOTS:
                 different += actual.pixel(x, y) != expected.pixel(x, y);
         }
         QCOMPARE(different, 0);
-        // The comparison is about something: there are many colours.
+        // The pictures are not of one colour.
         QVERIFY(expected.pixel(pixels.width() / 2, pixels.height() / 2)
                 != expected.pixel(pixels.width() / 3, pixels.height() / 3));
     }
@@ -106,17 +106,16 @@ private Q_SLOTS:
     void itIsNotPaintedWithoutValues()
     {
         BeamRaster raster;
-        raster.setValues({1, 2, 3, 4});
-        QVERIFY(!raster.isVisible());
+        const auto isVisible = [&raster](const QVector<double> &values) {
+            raster.setValues(values);
+            return raster.isVisible();
+        };
+        QVERIFY(!isVisible({1, 2, 3, 4}));
         raster.setGrid(2);
-        QVERIFY(!raster.isVisible());
-        raster.setValues({1, 2, 3});
-        QVERIFY(!raster.isVisible());
-        raster.setValues({1, 2, 3, 4});
-        QVERIFY(raster.isVisible());
+        QVERIFY(!isVisible({1, 2, 3}));
+        QVERIFY(isVisible({1, 2, 3, 4}));
         raster.setGrid(3);
-        QVERIFY(!raster.isVisible());
-        QVERIFY(raster.values().isEmpty());
+        QVERIFY(!raster.isVisible() && raster.values().isEmpty());
     }
 };
 

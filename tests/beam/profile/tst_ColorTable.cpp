@@ -47,7 +47,7 @@ private Q_SLOTS:
             map.setMode(QwtLinearColorMap::FixedColors);
         const QwtInterval range(low, high);
         ColorTable table;
-        // It does not keep the colours of another map, of which this one's differ by little.
+        // The table does not keep the colours of another map that differs little.
         QwtLinearColorMap other(Qt::black, Qt::red);
         other.addColorStop(0.5, Qt::darkGreen);
         table.setMap(other);
@@ -61,11 +61,11 @@ private Q_SLOTS:
         }
         const double infinity = std::numeric_limits<double>::infinity();
         values << infinity << -infinity << std::nan("") << 1e308 << -1e308 << -0.0;
-        QVector<QRgb> colours(values.size());
-        table.look(range, values.constData(), values.size(), colours.data());
+        QVector<QRgb> colors(values.size());
+        table.lookUp(range, values.constData(), values.size(), colors.data());
         int different = 0;
         for (int i = 0; i < values.size(); ++i)
-            different += colours[i] != map.rgb(range, values[i]);
+            different += colors[i] != map.rgb(range, values[i]);
         QCOMPARE(different, 0);
     }
 };

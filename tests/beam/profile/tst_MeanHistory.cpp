@@ -38,7 +38,8 @@ private Q_SLOTS:
         QCOMPARE(series.size(), std::size_t(0));
         for (int i = 0; i < 5000; ++i) {
             history->append({i * 0.1, double(i), 0});
-            const std::size_t expected = std::min(i + 1, 52); // 5 s, both ends, and one to lead in
+            const std::size_t expected =
+                std::min(i + 1, 52); // 5 s with both ends, and the entry before
             if (series.size() != expected && series.size() != expected - 1)
                 QCOMPARE(series.size(), expected);
             QCOMPARE(series.sample(series.size() - 1).y(), double(i));
@@ -67,8 +68,7 @@ private Q_SLOTS:
 
     void theDisplayKeepsItWhileItsSideBarShows()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         auto *plot = display.widget.findChild<MeanTimePlot *>();
         const auto samples = [plot] {
             auto *curve =
@@ -88,7 +88,7 @@ private Q_SLOTS:
         display.widget.sidebarEnabled(true);
         display.time = 10;
         display.feed(Frames::strips(15, 3, 15, 3));
-        QCOMPARE(samples(), std::size_t(1)); // time ran back
+        QCOMPARE(samples(), std::size_t(1)); // time stepped back
         display.widget.setPixelated(true);
         QCOMPARE(samples(), std::size_t(0));
         QVERIFY(!display.widget.property("unlimitedHistory").toBool());

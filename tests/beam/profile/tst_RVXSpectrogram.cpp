@@ -11,19 +11,23 @@
 #include <QLabel>
 #include <QSignalSpy>
 
+#include <map>
+#include <numeric>
+
 using namespace Corvale_Qt;
 
-namespace {
-
-bool near(double actual, double expected, double tolerance)
+/*! A beam on the strip pair, in strips. */
+struct StripBeam
 {
-    if (std::abs(actual - expected) <= tolerance)
-        return true;
-    qWarning("%.9g, not %.9g", actual, expected);
-    return false;
-}
-
-} // namespace
+    double x;
+    double sigmaX;
+    double y;
+    double sigmaY;
+    double height;
+    double offset = 0; //!< share of the height
+    double noise = 0; //!< share of each reading
+};
+Q_DECLARE_METATYPE(StripBeam)
 
 class tst_RVXSpectrogram : public QObject
 {
@@ -44,33 +48,21 @@ private:
 private Q_SLOTS:
     void stripProfiles_data()
     {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("sigmaX");
-        QTest::addColumn<double>("y");
-        QTest::addColumn<double>("sigmaY");
-        QTest::addColumn<double>("height");
-        QTest::addColumn<double>("offset"); // share of the height
-        QTest::addColumn<double>("noise");
-        QTest::newRow("middle") << 15.5 << 3.0 << 15.5 << 2.0 << 1e-9 << 0.0 << 0.0;
-        QTest::newRow("right and up") << 22.3 << 2.5 << 20.9 << 3.5 << 4e-12 << 0.0 << 0.0;
-        QTest::newRow("left and down, counts") << 8.1 << 1.2 << 9.4 << 5.0 << 30000.0 << 0.0 << 0.0;
-        QTest::newRow("narrow") << 10.2 << 0.6 << 21.7 << 0.7 << 1e-9 << 0.0 << 0.0;
-        QTest::newRow("on an offset of 1 %") << 18.0 << 2.0 << 12.0 << 4.0 << 1e-9 << 0.01 << 0.0;
-        QTest::newRow("with 1 % noise") << 18.4 << 3.0 << 12.6 << 4.0 << 1e-9 << 0.0 << 0.01;
-        QTest::newRow("with both") << 13.4 << 2.2 << 19.6 << 3.0 << 1e-10 << 0.01 << 0.01;
+        QTest::addColumn<StripBeam>("beam");
+        QTest::newRow("middle") << StripBeam{15.5, 3, 15.5, 2, 1e-9};
+        QTest::newRow("right and up") << StripBeam{22.3, 2.5, 20.9, 3.5, 4e-12};
+        QTest::newRow("left and down, counts") << StripBeam{8.1, 1.2, 9.4, 5, 30000};
+        QTest::newRow("narrow") << StripBeam{10.2, 0.6, 21.7, 0.7, 1e-9};
+        QTest::newRow("on an offset of 1 %") << StripBeam{18, 2, 12, 4, 1e-9, 0.01};
+        QTest::newRow("with 1 % noise") << StripBeam{18.4, 3, 12.6, 4, 1e-9, 0, 0.01};
+        QTest::newRow("with both") << StripBeam{13.4, 2.2, 19.6, 3, 1e-10, 0.01, 0.01};
     }
     void stripProfiles()
     {
-        QFETCH(double, x);
-        QFETCH(double, sigmaX);
-        QFETCH(double, y);
-        QFETCH(double, sigmaY);
-        QFETCH(double, height);
-        QFETCH(double, offset);
-        QFETCH(double, noise);
-        BeamDisplay display;
-        display.widget.setL408(true);
-        // The fit is of a Gaussian without an offset: with one, it has to stay away from the tails.
+        QFETCH(StripBeam, beam);
+        const auto [x, sigmaX, y, sigmaY, height, offset, noise] = beam;
+        BeamDisplay display(Detector::Strips);
+        // The fit has no offset: a profile with one must be fitted without its tails.
         const double threshold = offset > 0 ? 0.2 : 0.0;
         display.widget.SetRegressionOptions(true, {threshold, 1024, 1e-15, 0, 2}, 1);
         const QVector<double> frame = Frames::strips(x, sigmaX, y, sigmaY, height, offset * height);
@@ -89,12 +81,10 @@ private Q_SLOTS:
         QCOMPARE(calc.sigmaMajor, std::max(calc.sigmaX, calc.sigmaY));
         QCOMPARE(calc.sigmaMinor, std::min(calc.sigmaX, calc.sigmaY));
         QCOMPARE(calc.rotation, 0.0);
-        double sum = 0;
-        for (int i = 0; i < 32; ++i)
-            sum += frame[i] + frame[64 + i];
+        const double sum = std::accumulate(frame.begin(), frame.end(), 0.0);
         QVERIFY(near(calc.integral / sum, 1, 1e-9 + noise));
-        // The raster spreads the integral over the picture: its peak is that of a Gaussian of this
-        // area, less what falls beside the nearest cell's centre.
+        // The raster spreads the integral over the picture. Its peak is that of a Gaussian of this area, or a little
+        // lower because the nearest cell's centre lies beside it.
         const double peak = calc.integral / (2 * M_PI * sigmaX * sigmaY);
         QVERIFY(calc.max < 1.02 * (1 + 3 * tolerance) * peak);
         QVERIFY(calc.max > peak * (1 - 3 * tolerance)
@@ -103,14 +93,13 @@ private Q_SLOTS:
 
     void eachStripHasItsPlace()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         for (int i = 1; i < 31; ++i) {
             const SpectrogramCalc calc = display.feed(Frames::strips(i, 0.8, 31 - i, 0.8));
             QVERIFY(near(calc.meanX, 2 * (i - 15.5), 1e-6));
             QVERIFY(near(calc.meanY, 2 * (15.5 - i), 1e-6));
         }
-        // The halves that no strip is wired to change nothing.
+        // Readings without a strip change nothing.
         QVector<double> frame = Frames::strips(15, 3, 15, 3);
         const SpectrogramCalc clean = display.feed(frame);
         for (int i = 32; i < 64; ++i)
@@ -122,8 +111,7 @@ private Q_SLOTS:
 
     void pixelBeamsMoveTheRightWay()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         for (const QPointF &place :
              {QPointF(0, 0), QPointF(6, 0), QPointF(0, 6), QPointF(-5, 4), QPointF(3, -7)}) {
             const SpectrogramCalc calc =
@@ -144,8 +132,7 @@ private Q_SLOTS:
 
     void failedFitsSayWhichAxis()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.feed(Frames::strips(15, 3, 15, 3));
         QCOMPARE(display.control<QLabel>("label_valid")->text(), QString("DATA VALID"));
 
@@ -154,12 +141,9 @@ private Q_SLOTS:
         QVERIFY(!calc.valid);
         QVERIFY(near(calc.meanX, 9, 1e-6));
         QVERIFY(near(calc.sigmaX, 6, 1e-6));
-        QCOMPARE(calc.meanY, -10000.0);
-        QCOMPARE(calc.sigmaY, -10000.0);
-        QCOMPARE(calc.sigmaMajor, -10000.0);
-        QCOMPARE(calc.sigmaMinor, -10000.0);
-        QCOMPARE(calc.elongation, 0.0);
-        QCOMPARE(calc.rotation, 0.0);
+        for (double number : {calc.meanY, calc.sigmaY, calc.sigmaMajor, calc.sigmaMinor})
+            QCOMPARE(number, -10000.0);
+        QVERIFY(calc.elongation == 0 && calc.rotation == 0);
         QVERIFY(calc.integral > 0);
         QCOMPARE(calc.max, 0.0);
         QCOMPARE(display.control<QLabel>("label_valid")->text(), QString("DATA NOT VALID"));
@@ -177,12 +161,11 @@ private Q_SLOTS:
 
     void aFailedFitIsNotValidWhateverTheThreshold()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.control<QDoubleSpinBox>("threshold_QScienceSpinBox")->setValue(1e-12);
         display.check("checkBox_threshold", true);
         QVERIFY(display.feed(Frames::strips(15, 3, 15, 3)).valid);
-        // Weak, it is the old frame that stays.
+        // A weak frame is hidden, and the old one stays.
         QVERIFY(near(display.feed(Frames::strips(20, 3, 15, 3, 1e-13)).meanX, -1, 1e-6));
         QVERIFY(!display.feed(Frames::strips(-4, 3, -4, 3)).valid);
         QCOMPARE(display.control<QLabel>("label_valid")->text(), QString("DATA NOT VALID"));
@@ -191,14 +174,14 @@ private Q_SLOTS:
 
     void otherReasonsForFailure()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
-        QVERIFY(
-            !display.feed(Frames::strips(15, 3, 15, 3, 1e-16)).valid); // below the smallest peak
+        BeamDisplay display(Detector::Strips);
+        QVERIFY(!display.feed(Frames::strips(15, 3, 15, 3, 1e-16)).valid); // the peak is too low
         QVERIFY(!display.feed(Frames::strips(15, 3, 15, 3, -1e-9)).valid);
         display.widget.SetRegressionOptions(true, {0.99, 10, 0, 0}, 0);
         QVERIFY(!display.feed(Frames::strips(15, 3, 15, 3)).valid); // a run of one strip
-        display.widget.SetRegressionOptions(true, {0.99, 10, 0}, 0); // too few: the defaults again
+        display.widget.SetRegressionOptions(true,
+                                            {0.99, 10, 0},
+                                            0); // too few options: the defaults
         QVERIFY(display.feed(Frames::strips(15, 3, 15, 3)).valid);
 
         display.widget.setPixelated(true);
@@ -211,38 +194,35 @@ private Q_SLOTS:
         QVERIFY(!display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9)).valid);
     }
 
-    //! A Gaussian core on a wide halo: what the fit says depends on how much of the halo it is given.
+    //! The width that is fitted to a Gaussian core on a wide halo depends on the weight of the halo.
     void fitsFollowTheirOptions_data()
     {
         QTest::addColumn<double>("halfWidth");
         QTest::addColumn<double>("power");
-        QTest::addColumn<double>("leastSigma"); // in strips; the core's is 1.5
-        QTest::addColumn<double>("mostSigma");
-        QTest::newRow("all alike") << 1024.0 << 0.0 << 4.0 << 9.0;
-        QTest::newRow("the brighter the heavier") << 1024.0 << 2.0 << 2.5 << 3.8;
-        QTest::newRow("heavier still") << 1024.0 << 8.0 << 1.5 << 1.6;
-        QTest::newRow("half up to the next power") << 1024.0 << 7.5 << 1.5 << 1.6;
-        QTest::newRow("less than half, down to none") << 1024.0 << 0.4 << 4.0 << 9.0;
-        QTest::newRow("three strips on each side") << 3.0 << 0.0 << 1.5 << 1.8;
-        QTest::newRow("as many, and a bit") << 3.9 << 0.0 << 1.5 << 1.8;
+        QTest::addColumn<QPointF>("sigmas"); // least and most, in strips; the core's is 1.5
+        QTest::newRow("equal weights") << 1024.0 << 0.0 << QPointF(4, 9);
+        QTest::newRow("weights by square") << 1024.0 << 2.0 << QPointF(2.5, 3.8);
+        QTest::newRow("heavy peak") << 1024.0 << 8.0 << QPointF(1.5, 1.6);
+        QTest::newRow("half rounds up to the next power") << 1024.0 << 7.5 << QPointF(1.5, 1.6);
+        QTest::newRow("less than half rounds down to none") << 1024.0 << 0.4 << QPointF(4, 9);
+        QTest::newRow("three strips on each side") << 3.0 << 0.0 << QPointF(1.5, 1.8);
+        QTest::newRow("parts of a strip do not count") << 3.9 << 0.0 << QPointF(1.5, 1.8);
     }
     void fitsFollowTheirOptions()
     {
         QFETCH(double, halfWidth);
         QFETCH(double, power);
-        QFETCH(double, leastSigma);
-        QFETCH(double, mostSigma);
+        QFETCH(QPointF, sigmas);
         QVector<double> frame = Frames::strips(15.2, 1.5, 16.1, 1.5);
         const QVector<double> halo = Frames::strips(15.2, 9, 16.1, 9, 4e-11);
         for (int i = 0; i < frame.size(); ++i)
             frame[i] += halo[i];
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.widget.SetRegressionOptions(true, {0, halfWidth, 1e-15, 0, power}, 1);
         const SpectrogramCalc calc = display.feed(frame);
         QVERIFY(calc.valid);
         for (double sigma : {calc.sigmaX / 2, calc.sigmaY / 2})
-            QVERIFY2(sigma > leastSigma && sigma < mostSigma, qPrintable(QString::number(sigma)));
+            QVERIFY2(sigma > sigmas.x() && sigma < sigmas.y(), qPrintable(QString::number(sigma)));
     }
 
     void theRotationBoxTellsAnAxis_data()
@@ -269,13 +249,12 @@ private Q_SLOTS:
         QFETCH(bool, invertX);
         QFETCH(bool, invertY);
         QFETCH(double, shown);
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.check("checkBox_invertX", invertX);
         display.check("checkBox_invertY", invertY);
         QVector<double> frame = Frames::pixels(0, 0, 6, 3, degrees);
         if (std::fmod(degrees, 45) == 0) {
-            // Exactly along a row, a column or a diagonal: one pixel and its mirror image.
+            // A beam exactly along a row, a column or a diagonal: one pixel and its mirror image.
             frame.fill(0);
             const double turn = degrees * M_PI / 180;
             const QPointF step(std::round(1.2 * std::cos(turn)), std::round(1.2 * std::sin(turn)));
@@ -289,7 +268,7 @@ private Q_SLOTS:
         const QString box = text(display, "doubleSpinBox_rotation");
         QVERIFY2(box.endsWith(" °"), qPrintable(box));
         QVERIFY(near(box.chopped(2).toDouble(), shown, std::fmod(degrees, 45) == 0 ? 0 : 0.1));
-        // The host's number takes the long way round, and stays 0 along a row, a column or a diagonal.
+        // calc.rotation is half a turn off, and 0 along a row, a column or a diagonal.
         if (std::fmod(degrees, 45) == 0)
             QCOMPARE(calc.rotation, 0.0);
         else
@@ -298,8 +277,7 @@ private Q_SLOTS:
 
     void allZeroStripsAreDropped()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         const SpectrogramCalc before = display.feed(Frames::strips(15, 3, 15, 3));
         QTest::ignoreMessage(QtDebugMsg, "2D incoming data is all 0");
         QCOMPARE(display.feed(QVector<double>(128, 0.0)).meanX, before.meanX);
@@ -359,14 +337,13 @@ private Q_SLOTS:
 
     void aFrameWithAHoleCountsItAsZero()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         QVector<double> frame = Frames::pixels(2, 2, 4, 4, 0);
         frame[40] = 0;
         const SpectrogramCalc zero = display.feed(frame);
         frame[40] = std::nan("");
         QCOMPARE(display.feed(frame).meanX, zero.meanX);
-        // The last readings are not used: a frame may end before them.
+        // The last two readings are not wired, so a frame may lack them.
         frame.resize(126);
         QCOMPARE(display.feed(frame).meanX, zero.meanX);
     }
@@ -377,13 +354,13 @@ private Q_SLOTS:
         QVERIFY(!display.feed(Frames::strips(15, 3, 15, 3)).valid);
         QCOMPARE(text(display, "doubleSpinBox_meanx"), QString("NaN"));
         display.widget.setL408(true);
-        display.widget.setPixelated(false); // not that one: nothing changes
+        display.widget.setPixelated(false); // changes nothing, because another layout is chosen
         QVERIFY(display.feed(Frames::strips(15, 3, 15, 3)).valid);
         display.widget.setL408(false);
         display.widget.setPixelated(true);
         QCOMPARE(display.control<QLabel>("label_title")->text(), QString("DW7/DW9 Plot"));
         QVERIFY(display.control<QWidget>("discriminator_QScienceSpinBox")->isEnabled());
-        QVERIFY(!display.widget.getCalc().valid); // another detector's numbers are gone
+        QVERIFY(!display.widget.getCalc().valid); // the other detector's numbers are cleared
         display.widget.setL408(true);
         QCOMPARE(display.control<QLabel>("label_title")->text(), QString("LR40-8 Plot"));
         QVERIFY(!display.control<QWidget>("discriminator_QScienceSpinBox")->isEnabled());
@@ -391,8 +368,7 @@ private Q_SLOTS:
 
     void invertingMirrorsTheNumbersAtOnce()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         const QVector<double> frame = Frames::pixels(4, 3, 6, 3, 30);
         const SpectrogramCalc plain = display.feed(frame);
         display.check("checkBox_invertX", true);
@@ -418,8 +394,7 @@ private Q_SLOTS:
 
     void currentsAreChargesTimesTheRate()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setSampleRate(50);
         display.widget.setRange(1e-6, 1e-8);
         auto *threshold = display.control<QDoubleSpinBox>("threshold_QScienceSpinBox");
@@ -432,7 +407,7 @@ private Q_SLOTS:
 
         display.widget.currentEnabled(true);
         QVERIFY(display.widget.getCurrentEnabled());
-        // What is shown has the new unit at once, and so do the limits.
+        // The numbers on the screen and the limits have the new unit at once.
         QVERIFY(near(display.widget.getCalc().integral / charge.integral, 50, 1e-9));
         QVERIFY(text(display, "integral_QScienceSpinBox").endsWith(" A"));
         QVERIFY(text(display, "max_QScienceSpinBox").endsWith(" A"));
@@ -443,7 +418,7 @@ private Q_SLOTS:
         QVERIFY(near(current.max / charge.max, 50, 1e-9));
         QVERIFY(near(current.meanX, charge.meanX, 1e-9));
 
-        // Neither a repetition nor a new range changes them again.
+        // Repeating the call, or a new range, does not change them again.
         display.widget.currentEnabled(true);
         display.widget.setRange(2e-6, 2e-8);
         QVERIFY(near(threshold->value(), 1.5e-9, 1e-20));
@@ -452,7 +427,7 @@ private Q_SLOTS:
         QVERIFY(near(discriminator->value(), 2e-12, 1e-23));
         QVERIFY(near(display.feed(frame).max / charge.max, 1, 1e-9));
 
-        // A frame that was taken at another rate is told as the charge it was, and limits are the charges they were.
+        // Frames and limits keep their charges through changes of the rate.
         for (int round = 0; round < 20; ++round) {
             display.widget.currentEnabled(true);
             display.feed(frame);
@@ -462,7 +437,7 @@ private Q_SLOTS:
             QVERIFY(threshold->value() == 3e-11 && discriminator->value() == 2e-12);
         }
         QVERIFY(near(display.widget.getCalc().max / charge.max, 1, 1e-9));
-        // One that was typed as a current is a charge as well.
+        // A limit that is typed as a current is a charge as well.
         display.widget.currentEnabled(true);
         threshold->setValue(1.4e-9);
         display.widget.currentEnabled(false);
@@ -471,14 +446,13 @@ private Q_SLOTS:
 
     void theNewestFrameIsShownInTheEnd()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.feed(Frames::strips(15, 3, 15, 3));
         display.feedBetweenTicks(Frames::strips(18, 3, 15, 3));
         QVERIFY(near(display.feedBetweenTicks(Frames::strips(20, 3, 15, 3)).meanX, -1, 1e-6));
         display.tick();
         QTRY_COMPARE(text(display, "doubleSpinBox_meanx"), QString("9.000 mm"));
-        // Nor is it shown in a layout that it is not from.
+        // A frame is not shown in another layout than its own.
         display.feedBetweenTicks(Frames::strips(22, 3, 15, 3));
         display.widget.setPixelated(true);
         display.tick();
@@ -503,8 +477,7 @@ private Q_SLOTS:
 
     void timeThatRunsBackwardsIsTold()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.time = 100;
         display.feed(Frames::strips(15, 3, 15, 3));
         QTest::ignoreMessage(
@@ -518,8 +491,7 @@ private Q_SLOTS:
 
     void theThresholdKeepsTheOldResults()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         const SpectrogramCalc strong = display.feed(Frames::pixels(4, 0, 4, 4, 0, 1e-9));
         display.control<QDoubleSpinBox>("threshold_QScienceSpinBox")->setValue(5e-10);
         QVERIFY(!display.control<QWidget>("threshold_QScienceSpinBox")->isEnabled());
@@ -532,15 +504,14 @@ private Q_SLOTS:
         // The redraw is still pending: the next good frame needs no tick.
         const SpectrogramCalc good = display.feedBetweenTicks(Frames::pixels(-4, 0, 4, 4, 0, 1e-9));
         QVERIFY(near(good.meanX, -4, 0.05));
-        // And that one took the tick.
-        QVERIFY(
-            near(display.feedBetweenTicks(Frames::pixels(0, 0, 4, 4, 0, 1e-9)).meanX, -4, 0.05));
+        // That frame used up the tick.
+        const SpectrogramCalc same = display.feedBetweenTicks(Frames::pixels(0, 0, 4, 4, 0, 1e-9));
+        QVERIFY(near(same.meanX, -4, 0.05));
     }
 
     void theOwnerIsToldWithoutASideBar()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         QSignalSpy updates(&display.widget, SIGNAL(calcUpdate()));
         display.feed(Frames::strips(15, 3, 15, 3));
         QCOMPARE(updates.size(), 0);
@@ -551,7 +522,7 @@ private Q_SLOTS:
         QCOMPARE(updates.size(), 1);
         QVERIFY(near(display.widget.getCalc().meanX, 9, 1e-6));
         QCOMPARE(text(display, "doubleSpinBox_meanx"), QString("9.000 mm"));
-        // Shown again, it is up to date.
+        // The side bar is up to date as soon as it is shown.
         QCOMPARE(text(display, "doubleSpinBox_dx"), QString("6.000 mm"));
         display.feed(Frames::strips(20, 2, 15, 3));
         display.widget.sidebarEnabled(true);
@@ -560,8 +531,7 @@ private Q_SLOTS:
 
     void disabledItStopsDrawing()
     {
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.feed(Frames::strips(15, 3, 15, 3));
         display.widget.setEnabled(false);
         QVERIFY(!display.control<QWidget>("sidebar")->isEnabled());
@@ -570,33 +540,26 @@ private Q_SLOTS:
         QVERIFY(near(display.feedBetweenTicks(Frames::strips(20, 3, 15, 3)).meanX, 9, 1e-6));
     }
 
-    void scalesGoByIndex_data()
-    {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<double>("fraction");
-        QTest::newRow("all") << "100%" << 1.0;
-        QTest::newRow("half") << "50%" << 0.5;
-        QTest::newRow("one") << "1%" << 0.01;
-        QTest::newRow("its neighbour") << "0.5%" << 0.005;
-        QTest::newRow("last") << ".01%" << 0.0001;
-    }
     void scalesGoByIndex()
     {
-        QFETCH(QString, entry);
-        QFETCH(double, fraction);
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setRange(1e-6, 4e-9);
-        display.control<QComboBox>("comboBox_scaling")->setCurrentText(entry);
-        QVERIFY(near(colorRange(display) / (fraction * 4e-9), 1, 1e-9));
-        display.widget.currentEnabled(true);
-        QVERIFY(near(colorRange(display) / (fraction * 1e-6), 1, 1e-9));
+        for (const auto &[entry, fraction] : std::map<QString, double>{{"100%", 1},
+                                                                       {"50%", 0.5},
+                                                                       {"1%", 0.01},
+                                                                       {"0.5%", 0.005},
+                                                                       {".01%", 0.0001}}) {
+            display.control<QComboBox>("comboBox_scaling")->setCurrentText(entry);
+            display.widget.currentEnabled(false);
+            QVERIFY2(near(colorRange(display) / (fraction * 4e-9), 1, 1e-9), qPrintable(entry));
+            display.widget.currentEnabled(true);
+            QVERIFY2(near(colorRange(display) / (fraction * 1e-6), 1, 1e-9), qPrintable(entry));
+        }
     }
 
     void autoFollowsTheFrameAndNormalizeKeepsIt()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setRange(1e-6, 4e-9);
         const double first = display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9)).max;
         QVERIFY(near(colorRange(display) / first, 1, 1e-9));
@@ -617,8 +580,7 @@ private Q_SLOTS:
 
     void aModeWithoutAFullScaleFollowsTheFrame()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setRange(0, 4e-9);
         display.widget.setScale(3);
         QVERIFY(near(colorRange(display) / 2e-9, 1, 1e-9));
@@ -633,18 +595,17 @@ private Q_SLOTS:
 
     void theColourBarNeverMixesUnits()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setRange(1e-6, 4e-9);
         display.widget.setSampleRate(50);
         const double max = display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9)).max;
-        // What was shown of another layout tells nothing of this one.
+        // A frame of another layout has no influence.
         display.widget.setL408(true);
         display.widget.currentEnabled(true);
         QVERIFY(near(colorRange(display) / 1e-6, 1, 1e-9));
         for (const char *box : {"threshold_QScienceSpinBox", "discriminator_QScienceSpinBox"})
             QVERIFY(text(display, box).endsWith(" A"));
-        // Nor does a frame without a maximum.
+        // A frame without a maximum has none either.
         display.widget.currentEnabled(false);
         display.widget.setPixelated(true);
         display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9));
@@ -666,8 +627,7 @@ private Q_SLOTS:
 
     void badSettingsAreRefused()
     {
-        BeamDisplay display;
-        display.widget.setPixelated(true);
+        BeamDisplay display(Detector::Pixels);
         display.widget.setScale(2);
         display.widget.setRange(1e-6, 4e-9);
         display.widget.setRange(-1, 1);
@@ -676,8 +636,8 @@ private Q_SLOTS:
         display.widget.setSampleRate(0);
         display.widget.setSampleRate(-3);
         display.widget.currentEnabled(true);
-        QVERIFY(
-            near(display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9)).max / 1e-9, 1, 0.3)); // rate 1
+        const SpectrogramCalc atRate1 = display.feed(Frames::pixels(0, 0, 4, 4, 0, 1e-9));
+        QVERIFY(near(atRate1.max / 1e-9, 1, 0.3));
         QTest::ignoreMessage(QtDebugMsg, "Spectrogram created for head 3");
         display.widget.setName("head 3");
         display.widget.setName(nullptr);
@@ -695,8 +655,7 @@ private Q_SLOTS:
         frame[93] = 2e-10;
         display.feed(frame);
         QCOMPARE(plot->hoverText(QPointF(6.99, 5.01)), QString("Channel 1: 1.23457e-09"));
-        QCOMPARE(plot->hoverText(QPointF(3.5, 12.0)),
-                 QString("Channel 94: 2e-10")); // the edge itself
+        QCOMPARE(plot->hoverText(QPointF(3.5, 12.0)), QString("Channel 94: 2e-10")); // on the edge
         QCOMPARE(plot->hoverText(QPointF(0.5, 0.5)), QString("Out of bounds"));
 
         display.widget.setL408(true);

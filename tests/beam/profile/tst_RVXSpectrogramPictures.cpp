@@ -24,23 +24,17 @@ using namespace Corvale_Qt;
 
 namespace {
 
-/*! Where something lies in a picture, and which way it points. */
+/*! Position and direction of a shape in a picture. */
 struct Blob
 {
     double weight = 0;
     QPointF centre; //!< pixels
-    double angle =
-        0; //!< of the longer axis, degrees, on the screen: counter-clockwise from the right
+    double angle = 0; //!< direction of the longer axis, degrees counter-clockwise from the right
 };
 
 Blob measure(const QSize &size, const std::function<double(int, int)> &weightAt)
 {
-    double sum = 0;
-    double x = 0;
-    double y = 0;
-    double xx = 0;
-    double yy = 0;
-    double xy = 0;
+    double sum = 0, x = 0, y = 0, xx = 0, yy = 0, xy = 0;
     for (int row = 0; row < size.height(); ++row) {
         for (int column = 0; column < size.width(); ++column) {
             const double weight = weightAt(column, row);
@@ -89,16 +83,11 @@ QRectF extent(const QImage &one, const QImage &other)
     return rect;
 }
 
-//! How far two axes point apart, 0 to 90 degrees.
-double apart(double a, double b)
-{
-    return std::abs(std::remainder(a - b, 180));
-}
-
-/*! A display in grey, with the raster alone: what is switched on shows as a difference. */
+/*! A grey display of the raster alone. Items that a test switches on show as a difference between two pictures. */
 struct PictureDisplay : BeamDisplay
 {
-    PictureDisplay()
+    explicit PictureDisplay(Detector detector)
+        : BeamDisplay(detector)
     {
         widget.sidebarEnabled(false);
         widget.resize(420, 420);
@@ -132,6 +121,14 @@ class tst_RVXSpectrogramPictures : public QObject
 {
     Q_OBJECT
 
+private:
+    static void bothDetectors()
+    {
+        QTest::addColumn<bool>("strips");
+        QTest::newRow("pixels") << false;
+        QTest::newRow("strips") << true;
+    }
+
 private Q_SLOTS:
     void theEllipseLiesAlongTheBeam_data()
     {
@@ -157,18 +154,16 @@ private Q_SLOTS:
         QFETCH(double, degrees);
         QFETCH(bool, invertX);
         QFETCH(bool, invertY);
-        PictureDisplay display;
+        PictureDisplay display(strips ? Detector::Strips : Detector::Pixels);
         display.check("checkBox_invertX", invertX);
         display.check("checkBox_invertY", invertY);
         if (strips) {
-            display.widget.setL408(true);
             // Strips see the beam's projections.
             const double turn = degrees * M_PI / 180;
             const double sigmaX = std::hypot(4 * std::cos(turn), 1.6 * std::sin(turn));
             const double sigmaY = std::hypot(4 * std::sin(turn), 1.6 * std::cos(turn));
             QVERIFY(display.feed(Frames::strips(17, sigmaX, 14, sigmaY)).valid);
         } else {
-            display.widget.setPixelated(true);
             QVERIFY(display.feed(Frames::pixels(1.9, -1.9, 6.5, 2.8, degrees)).valid);
         }
         const QImage bare = display.canvas();
@@ -178,8 +173,7 @@ private Q_SLOTS:
         const Blob ellipse = difference(withEllipse, bare);
         QVERIFY(ellipse.weight > 100);
 
-        // The strips' raster is drawn half a cell off its
-        // centre.
+        // The strips' raster is drawn half a cell off its centre.
         const double cell = bare.width() / (strips ? 32.0 : 12.0);
         const QPointF off = ellipse.centre - beam.centre;
         QVERIFY2(std::hypot(off.x(), off.y()) < (strips ? 0.85 : 0.4) * cell,
@@ -200,18 +194,11 @@ private Q_SLOTS:
         QCOMPARE(down, !invertY);
     }
 
-    void theEllipseGrowsWithItsSigmas_data()
-    {
-        QTest::addColumn<bool>("strips");
-        QTest::newRow("pixels") << false;
-        QTest::newRow("strips") << true;
-    }
+    void theEllipseGrowsWithItsSigmas_data() { bothDetectors(); }
     void theEllipseGrowsWithItsSigmas()
     {
         QFETCH(bool, strips);
-        PictureDisplay display;
-        display.widget.setL408(strips);
-        display.widget.setPixelated(!strips);
+        PictureDisplay display(strips ? Detector::Strips : Detector::Pixels);
         // 5 mm wide and 4 mm high, in the middle.
         display.feed(strips ? Frames::strips(15.5, 2.5, 15.5, 2) : Frames::pixels(0, 0, 5, 4, 0));
         const QImage bare = display.canvas();
@@ -231,8 +218,7 @@ private Q_SLOTS:
 
     void belowTheThresholdThereIsNoEllipse()
     {
-        PictureDisplay display;
-        display.widget.setPixelated(true);
+        PictureDisplay display(Detector::Pixels);
         display.check("checkBox_arrow", true);
         display.control<QDoubleSpinBox>("threshold_QScienceSpinBox")->setValue(5e-10);
         display.feed(Frames::pixels(6, 4, 4, 4, 0, 1e-9));
@@ -248,7 +234,7 @@ private Q_SLOTS:
         display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
         QCOMPARE(display.canvas(), bare);
         QCoreApplication::processEvents();
-        // Nothing else changes: nothing is painted.
+        // Nothing else changes, so nothing is painted.
         PaintCounter paints(display.plot->canvas());
         for (int i = 0; i < 5; ++i) {
             display.feed(Frames::pixels(-6, 0, 4, 4, 0, 1e-10));
@@ -263,44 +249,22 @@ private Q_SLOTS:
     void coloursStandForReadings_data()
     {
         QTest::addColumn<int>("mode");
-        QTest::addColumn<QStringList>(
-            "colours"); // of 0, 0.05, 0.1, 0.2, 0.3, 0.4 ... of full scale
+        QTest::addColumn<QString>("colours"); // at 0, 0.05, 0.1, 0.2, 0.3 ... 1 of full scale
         QTest::newRow("colour") << 1
-                                << QStringList{"#000000",
-                                               "#000080",
-                                               "#0000ff",
-                                               "#0080ff",
-                                               "#00ffff",
-                                               "#00ff80",
-                                               "#00ff00",
-                                               "#80ff00",
-                                               "#ffff00",
-                                               "#ff8000",
-                                               "#ff0000",
-                                               "#ff0000"};
+                                << "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
+                                   "ff8000 ff0000 ff0000";
         QTest::newRow("grey") << 0
-                              << QStringList{"#000000",
-                                             "#0d0d0d",
-                                             "#1a1a1a",
-                                             "#333333",
-                                             "#4d4d4d",
-                                             "#666666",
-                                             "#808080",
-                                             "#999999",
-                                             "#b3b3b3",
-                                             "#cccccc",
-                                             "#e6e6e6",
-                                             "#ffffff"};
+                              << "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
+                                 "cccccc e6e6e6 ffffff";
     }
     void coloursStandForReadings()
     {
         QFETCH(int, mode);
-        QFETCH(QStringList, colours);
+        QFETCH(QString, colours);
         const double shares[] = {0, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
-        PictureDisplay display;
+        PictureDisplay display(Detector::Pixels);
         display.control<QComboBox>("comboBox_color")->setCurrentIndex(mode);
         display.check("checkBox_smoothing", false);
-        display.widget.setPixelated(true);
         display.widget.setRange(1e-6, 2e-9);
         display.widget.setScale(2);
         QVector<double> frame(128, 0.0);
@@ -310,31 +274,19 @@ private Q_SLOTS:
         const QImage image = display.canvas();
         for (int column = 0; column < 12; ++column) {
             const QColor seen = image.pixelColor(display.pixelOf(column + 0.5, 5.5).toPoint());
-            const QColor expected(colours[column]);
+            const QColor expected("#" + colours.section(' ', column, column));
             // Halves may be rounded either way.
-            QVERIFY2(std::abs(seen.red() - expected.red()) <= 1
-                         && std::abs(seen.green() - expected.green()) <= 1
-                         && std::abs(seen.blue() - expected.blue()) <= 1,
-                     qPrintable(QString("%1: %2").arg(shares[column]).arg(seen.name())));
+            for (const auto part : {&QColor::red, &QColor::green, &QColor::blue})
+                QVERIFY2(std::abs((seen.*part)() - (expected.*part)()) <= 1,
+                         qPrintable(QString("%1: %2").arg(shares[column]).arg(seen.name())));
         }
     }
 
-    void axesCountCells_data()
-    {
-        QTest::addColumn<bool>("strips");
-        QTest::addColumn<QString>("bottom");
-        QTest::addColumn<QString>("left");
-        QTest::newRow("strips") << true << "0 4 8 12 16 20 24 28 32"
-                                << "32 30 28 26 24 22 20 18 16 14 12 10 8 6 4 2 0";
-        QTest::newRow("pixels") << false << "0 2 4 6 8 10 12"
-                                << "12 10 8 6 4 2 0";
-    }
+    void axesCountCells_data() { bothDetectors(); }
     void axesCountCells()
     {
         QFETCH(bool, strips);
-        PictureDisplay display;
-        display.widget.setL408(strips);
-        display.widget.setPixelated(!strips);
+        PictureDisplay display(strips ? Detector::Strips : Detector::Pixels);
         const auto ticks = [&display](int axis) {
             const QwtScaleDiv div = display.plot->axisScaleDiv(axis);
             QStringList texts;
@@ -344,8 +296,11 @@ private Q_SLOTS:
                 std::reverse(texts.begin(), texts.end());
             return texts.join(' ');
         };
-        QTEST(ticks(QwtPlot::xBottom), "bottom");
-        QTEST(ticks(QwtPlot::yLeft), "left");
+        QCOMPARE(ticks(QwtPlot::xBottom),
+                 QString(strips ? "0 4 8 12 16 20 24 28 32" : "0 2 4 6 8 10 12"));
+        QCOMPARE(
+            ticks(QwtPlot::yLeft),
+            QString(strips ? "32 30 28 26 24 22 20 18 16 14 12 10 8 6 4 2 0" : "12 10 8 6 4 2 0"));
     }
 
     void numbersHaveADecimalPointInEveryLocale()
@@ -373,7 +328,7 @@ private Q_SLOTS:
             const QString text = box->text();
             QVERIFY2(!text.contains(','), qPrintable(box->objectName() + ": " + text));
         }
-        // What is typed may have the operator's own.
+        // The operator may type the decimal sign of the locale.
         auto *threshold = window.findChild<QDoubleSpinBox *>("threshold_QScienceSpinBox");
         QCOMPARE(threshold->valueFromText("1,5e-9 C"), 1.5e-9);
         QLocale::setDefault(before);
@@ -381,9 +336,8 @@ private Q_SLOTS:
 
     void theBrightestSpotIsTheBeam()
     {
-        PictureDisplay display;
+        PictureDisplay display(Detector::Pixels);
         display.check("checkBox_smoothing", false);
-        display.widget.setPixelated(true);
         display.feed(Frames::pixels(9.5, 5.7, 3, 3, 0)); // the middle of column 8, row 4
         const QImage image = display.canvas();
         const QPoint spot = display.pixelOf(8.5, 4.5).toPoint();
@@ -399,8 +353,7 @@ private Q_SLOTS:
 
     void meansAndArrowAreWhereTheyBelong()
     {
-        PictureDisplay display;
-        display.widget.setPixelated(true);
+        PictureDisplay display(Detector::Pixels);
         display.feed(Frames::pixels(7.6, 3.8, 3, 3, 0)); // two cells right of the middle, one up
         const QImage bare = display.canvas();
         display.check("checkBox_meanX", true);
@@ -422,7 +375,7 @@ private Q_SLOTS:
         arrow = difference(display.canvas(), bare);
         QVERIFY(apart(arrow.angle, 90) < 2);
         QVERIFY(std::abs(arrow.centre.x() - display.pixelOf(8, 0).x()) < 6);
-        // Mirrored, the origin's numbers mean the mirrored side, as the means do.
+        // The coordinates of the origin are mirrored as the means are.
         display.check("checkBox_arrow", false);
         display.check("checkBox_invertX", true);
         const QImage mirrored = display.canvas();
@@ -434,15 +387,11 @@ private Q_SLOTS:
 
     void theCanvasStaysSquare()
     {
-        PictureDisplay display;
-        display.widget.setL408(true);
+        PictureDisplay display(Detector::Strips);
         for (const QSize &size : {QSize(900, 400), QSize(350, 800), QSize(1600, 1600)}) {
             display.widget.resize(size);
-            display.feed(Frames::strips(15,
-                                        3,
-                                        15,
-                                        3,
-                                        1e-9 * display.time)); // other labels on the colour bar
+            // Each frame changes the labels of the colour bar.
+            display.feed(Frames::strips(15, 3, 15, 3, 1e-9 * display.time));
             const QSize canvas = display.canvas().size();
             QVERIFY(std::abs(canvas.width() - canvas.height()) <= 2);
         }
@@ -451,32 +400,22 @@ private Q_SLOTS:
         QVERIFY(std::abs(canvas.width() - canvas.height()) <= 2);
     }
 
-    //! Down to where nothing is left between the colour bar and the labels.
-    void aCanvasWithoutRoomPaintsNothing()
+    void narrowCanvasesCanBePainted()
     {
-        PictureDisplay display;
-        display.widget.setL408(true);
-        display.widget.sidebarEnabled(false);
-        display.feed(Frames::strips(15, 3, 15, 3));
-        int narrowest = 1000;
-        // A host may allow what the form does not.
-        display.widget.findChild<QWidget *>("frame_plot")->setMinimumSize(0, 0);
-        for (int width = 400; width >= 20; --width) {
-            display.widget.resize(width, 400);
-            display.canvas(); // paints it
-            narrowest = std::min(narrowest, display.plot->canvas()->width());
-        }
-        QVERIFY(narrowest < 10);
-    }
-
-    void theNarrowestDisplayShowsItsRaster()
-    {
-        PictureDisplay display;
-        display.widget.setL408(true);
+        PictureDisplay display(Detector::Strips);
         display.feed(Frames::strips(15, 3, 15, 3));
         display.widget.resize(1, 400);
         display.canvas();
-        QVERIFY(display.plot->canvas()->width() > 60);
+        QVERIFY(display.plot->canvas()->width() > 60); // the narrowest that the form allows
+        // A host may allow less, down to where nothing is left between the colour bar and the labels.
+        display.control<QWidget>("frame_plot")->setMinimumSize(0, 0);
+        int narrowest = 1000;
+        for (int width = 400; width >= 20; --width) {
+            display.widget.resize(width, 400);
+            display.canvas();
+            narrowest = std::min(narrowest, display.plot->canvas()->width());
+        }
+        QVERIFY(narrowest < 10);
     }
 
     void theSideBarShowsAllOfItself()

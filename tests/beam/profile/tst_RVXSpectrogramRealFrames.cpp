@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Frames of a real beam screen, through the display, against what other programs made of them.
+// Feeds frames of a real beam screen to the display and compares its numbers with those of other programs.
 #include "corvale_qt/widgets/QScienceSpinBox.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/TestMain.h"
@@ -14,7 +14,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! The rows below the header line of a comma separated file.
+//! Reads the rows below the header line of a comma-separated file.
 QVector<QVector<double>> readNumbers(const QString &name)
 {
     QFile file(QDir(QStringLiteral(CORVALE_QT_DATA_DIR)).filePath("lcls-otr-frames/" + name));
@@ -36,7 +36,7 @@ double meanOf(const QVector<double> &values)
     return std::accumulate(values.begin(), values.end(), 0.0) / values.size();
 }
 
-//! 32 strips less the mean of the four outermost on either side, where there is no beam.
+//! Subtracts from 32 strips the mean of the four outermost ones on either side, which the beam does not reach.
 QVector<double> withoutBackground(const QVector<double> &strips)
 {
     const double background = meanOf(strips.mid(0, 4) + strips.mid(28, 4));
@@ -46,7 +46,7 @@ QVector<double> withoutBackground(const QVector<double> &strips)
     return corrected;
 }
 
-//! Centroid and root mean square in cells, 1 being the centre of the first.
+//! Centroid and root mean square, in cells. The centre of the first cell is at 1.
 struct Reference
 {
     double column = 0;
@@ -56,8 +56,8 @@ struct Reference
 
     Reference() = default;
 
-    /*! From a line of the reference file, whose background was left on, with a level one taken off: the sums
-        over the cells are linear in the readings. */
+    /*! Takes a line of the reference file, which includes a background, and subtracts a level one. This is exact,
+        because the sums over the cells are linear in the readings. */
     Reference(const QVector<double> &numbers, double background)
     {
         constexpr double cells = 144;
@@ -79,10 +79,10 @@ struct Reference
         sigmaRow = width(numbers[6], numbers[8], row);
     }
 
-    //! From the cells themselves, where the detector has a pixel; row 1 of the file is the display's lowest.
+    //! Sums up the cells that have a pixel. Row 1 of the file is the lowest of the display.
     static Reference ofCells(const QVector<double> &cells, double background)
     {
-        double s[5] = {}; // of 1, column, row, column^2, row^2
+        double s[5] = {}; // weighted sums of 1, column, row, column^2, row^2
         for (int cell = 0; cell < 144; ++cell) {
             const int row = cell / 12 + 1;
             const int column = cell % 12 + 1;
@@ -90,11 +90,7 @@ struct Reference
             if (fromMiddle > 6.2) // the round area: 120 of the cells
                 continue;
             const double reading = cells[cell] - background;
-            const double terms[] = {1,
-                                    double(column),
-                                    double(row),
-                                    double(column * column),
-                                    double(row * row)};
+            const int terms[] = {1, column, row, column * column, row * row};
             for (int k = 0; k < 5; ++k)
                 s[k] += reading * terms[k];
         }
@@ -106,14 +102,6 @@ struct Reference
         return sums;
     }
 };
-
-bool near(const char *what, double actual, double expected, double tolerance)
-{
-    if (std::abs(actual - expected) <= tolerance)
-        return true;
-    qWarning("%s: %g, not %g", what, actual, expected);
-    return false;
-}
 
 } // namespace
 
@@ -138,8 +126,7 @@ private Q_SLOTS:
         // these ten frames.
         constexpr double xOrigin = 121 + 1.5;
         constexpr double yOrigin = 82 + 1.5;
-        BeamDisplay display;
-        display.widget.setL408(true);
+        BeamDisplay display(Detector::Strips);
         display.widget.SetRegressionOptions(true, {0.2, 1024, 1e-15, 0, 2}, 1);
         for (int i = 0; i < frames.size(); ++i) {
             QVector<double> readings(128, 0.0);
@@ -152,10 +139,10 @@ private Q_SLOTS:
             const auto pixels = [](double millimetres) {
                 return 4 * (millimetres / 2 + 15.5);
             };
-            QVERIFY(near("x", xOrigin + pixels(calc.meanX), references[i][6], 0.6));
-            QVERIFY(near("sigma x / reference", 2 * calc.sigmaX / references[i][7], 1, 0.15));
-            QVERIFY(near("y", yOrigin + pixels(calc.meanY), references[i][8], 0.6));
-            QVERIFY(near("sigma y / reference", 2 * calc.sigmaY / references[i][9], 1, 0.15));
+            QVERIFY(near(xOrigin + pixels(calc.meanX), references[i][6], 0.6));
+            QVERIFY(near(2 * calc.sigmaX / references[i][7], 1, 0.15));
+            QVERIFY(near(yOrigin + pixels(calc.meanY), references[i][8], 0.6));
+            QVERIFY(near(2 * calc.sigmaY / references[i][9], 1, 0.15));
             QVERIFY(calc.integral > 0);
         }
     }
@@ -168,9 +155,8 @@ private Q_SLOTS:
             QSKIP("the real frames are not there");
         QCOMPARE(frames.size(), references.size());
 
-        BeamDisplay display;
-        display.widget.setPixelated(true);
-        // Noise below zero is kept: cutting it off would leave that above zero, far from the beam.
+        BeamDisplay display(Detector::Pixels);
+        // Keeps noise below zero: without it, the noise above zero far from the beam would widen the beam.
         display.control<QScienceSpinBox>("discriminator_QScienceSpinBox")->setValue(-1e9);
         for (int i = 0; i < frames.size(); ++i) {
             // The background is that of the 24 cells in the corners, where the detector has no
@@ -184,7 +170,7 @@ private Q_SLOTS:
             QVector<double> readings(128, 0.0);
             for (int row = 0; row < 12; ++row) {
                 for (int column = 0; column < 12; ++column) {
-                    // Row 1 of the file is the smallest y: the display's lowest.
+                    // Row 1 of the file is the lowest of the display.
                     const int reading = PixelWiring::readingAt(11 - row, column);
                     if (reading >= 0)
                         readings[reading] = frames[i][2 + row * 12 + column] - background;
@@ -192,21 +178,21 @@ private Q_SLOTS:
             }
             const SpectrogramCalc calc = display.feed(readings);
             QVERIFY2(calc.valid, qPrintable(QString::number(i)));
-            // The same cells by another road: straight sums over the file's rows and columns.
+            // Sums over the rows and columns of the file give the same numbers.
             const Reference sums = Reference::ofCells(frames[i].mid(2), background);
-            QVERIFY(near("column sum", 6.5 + calc.meanX / 3.8, sums.column, 1e-6));
-            QVERIFY(near("row sum", 6.5 + calc.meanY / 3.8, sums.row, 1e-6));
-            QVERIFY(near("column width", calc.sigmaX / 3.8, sums.sigmaColumn, 1e-6));
-            QVERIFY(near("row width", calc.sigmaY / 3.8, sums.sigmaRow, 1e-6));
+            QVERIFY(near(6.5 + calc.meanX / 3.8, sums.column, 1e-6));
+            QVERIFY(near(6.5 + calc.meanY / 3.8, sums.row, 1e-6));
+            QVERIFY(near(calc.sigmaX / 3.8, sums.sigmaColumn, 1e-6));
+            QVERIFY(near(calc.sigmaY / 3.8, sums.sigmaRow, 1e-6));
             // The reference has the corners as well, where the background is not quite level: the
             // right ones read more than the left ones. That is worth 0.12 cells in place and 0.15
             // in width at most; the beam moves by 1.3 cells in these frames, and its width doubles.
             const Reference reference(references[i], background);
-            QVERIFY(near("column", 6.5 + calc.meanX / 3.8, reference.column, 0.12));
-            QVERIFY(near("row", 6.5 + calc.meanY / 3.8, reference.row, 0.12));
-            QVERIFY(near("sigma column", calc.sigmaX / 3.8, reference.sigmaColumn, 0.15));
-            QVERIFY(near("sigma row", calc.sigmaY / 3.8, reference.sigmaRow, 0.15));
-            QVERIFY(near("max", calc.max, references[i][2] - background, 1e-6));
+            QVERIFY(near(6.5 + calc.meanX / 3.8, reference.column, 0.12));
+            QVERIFY(near(6.5 + calc.meanY / 3.8, reference.row, 0.12));
+            QVERIFY(near(calc.sigmaX / 3.8, reference.sigmaColumn, 0.15));
+            QVERIFY(near(calc.sigmaY / 3.8, reference.sigmaRow, 0.15));
+            QVERIFY(near(calc.max, references[i][2] - background, 1e-6));
         }
     }
 };

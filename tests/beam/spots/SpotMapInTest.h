@@ -7,11 +7,10 @@
 #include <QApplication>
 #include <QDebug>
 #include <QImage>
-#include <QRandomGenerator>
 
 constexpr int mapSide = 200;
 
-//! A shown map of 200 x 200 pixels.
+//! A map of 200 x 200 pixels that is shown at once.
 class MapInTest : public Corvale_Qt::SpotMapView
 {
 public:
@@ -26,8 +25,8 @@ public:
 
     QImage picture() { return grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-    //! Of the pixel at a point of the map.
-    QColor colourAt(double x, double y)
+    //! Returns the colour of the pixel at a point of the map.
+    QColor colorAt(double x, double y)
     {
         const QImage image = picture();
         const double column = (x - bounds().left()) / bounds().width() * image.width();
@@ -42,8 +41,8 @@ inline bool onOpenGl(const Corvale_Qt::SpotMapView &view)
     return view.viewport()->inherits("QGLWidget");
 }
 
-/*! Says how maps are painted here. False where there is a display and they are painted without OpenGL: a fallback
-    that hides a broken OpenGL path would make their tests worthless. */
+/*! Prints how maps are painted, and returns false if they are painted without OpenGL on a display: a fallback that
+    hides a broken OpenGL path would make the tests worthless. */
 inline bool paintsAsItShould()
 {
     const bool isOnOpenGl = onOpenGl(MapInTest());
@@ -56,7 +55,7 @@ inline QRectF around(double x, double y, double reach)
     return QRectF(x - reach, y - reach, 2 * reach, 2 * reach);
 }
 
-//! Largest difference of any channel of any pixel.
+//! Returns the largest difference of a colour channel of all pixels, or 256 if the sizes differ.
 inline int largestDifference(const QImage &a, const QImage &b)
 {
     if (a.size() != b.size())
@@ -74,7 +73,7 @@ inline int largestDifference(const QImage &a, const QImage &b)
     return largest;
 }
 
-//! Spots at random places of a map whose corners and largest dose are fixed.
+//! Adds spots inside the bounds of the cornerSpots, with smaller doses.
 inline void addRandomSpots(SpotTable &table, int count)
 {
     QRandomGenerator random(7);
@@ -85,5 +84,24 @@ inline void addRandomSpots(SpotTable &table, int count)
                                        2.0));
 }
 
-//! Spots at the corners of a map, as SpotTable reads them.
+//! Two tables of spots, and a map that shows the difference of the first from the second.
+struct Comparison
+{
+    Comparison(const QString &actualSpots, const QString &plannedSpots)
+        : actual(actualSpots)
+        , planned(plannedSpots)
+        , target(&planned)
+        , map(&actual)
+    {
+        map.setDiffTarget(&target);
+        map.setDisplayMode(Corvale_Qt::SpotMapView::Difference);
+    }
+
+    SpotTable actual;
+    SpotTable planned;
+    MapInTest target;
+    MapInTest map;
+};
+
+//! Spots at the corners of a map, in the format of SpotTable.
 const QString cornerSpots = "-30 -30 10 3; 30 -30 10 3; -30 30 10 3; 30 30 10 3";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
+#include "tests/beam/spots/SpotTable.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
 
@@ -11,8 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPolygonF>
-#include <QRandomGenerator>
-#include <QStandardItemModel>
 
 using namespace Corvale_Qt;
 
@@ -36,7 +35,7 @@ QString fields(const QWidget &plot)
     return texts.join(' ');
 }
 
-//! The plot's picture, and the pixels of a point on it.
+//! A picture of the plot, with the colours of its points.
 class Picture
 {
 public:
@@ -83,10 +82,10 @@ private Q_SLOTS:
         // 1.2F x 5.0F is 6.00000024 before it is rounded to single precision, and 6 after.
         QTest::newRow("in single precision") << 5.0F << 2.5F << "-6 6 step 1, -3 3 step 1";
         QTest::newRow("a large one") << 1000.0F << 80.0F << "-1200 1200 step 1, -96 96 step 1";
-        QTest::newRow("0 is none") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("nor is less") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("nor NaN") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("nor one of metres") << 1.0F << 1e30F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("0 is ignored") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("a negative one is ignored") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("NaN is ignored") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
+        QTest::newRow("one of metres is ignored") << 1.0F << 1e30F << "-4 4 step 1, -4 4 step 1";
     }
 
     void toleranceSetsTheAxes()
@@ -125,7 +124,7 @@ private Q_SLOTS:
                      qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
             QVERIFY(plot.sizeHint().width() <= 480 && plot.sizeHint().height() <= 480);
             plot.resize(least);
-            // Labels of the lower axis are apart: some columns between the first and the last are empty.
+            // There are gaps between the labels of the lower axis.
             const QImage image = plot.grab().toImage();
             const double ratio = image.devicePixelRatioF();
             const auto *axis = qwtPlot->axisWidget(QwtPlot::xBottom);
@@ -162,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(fields(plot), QString("1.000 0.000 N/A"));
         model.removeRow(2);
         QCOMPARE(fields(plot), QString("1.000 -0.125 120.0"));
-        // What rounds to nothing has no sign.
+        // A mean that is rounded to 0 has no sign.
         model.item(1, 4)->setData(-0.2501, Qt::UserRole);
         QCOMPARE(fields(plot), QString("1.000 0.000 120.0"));
         model.clear();
@@ -175,21 +174,14 @@ private Q_SLOTS:
         QStandardItemModel model(0, 7);
         RVXPositionErrorPlot plot;
         plot.resize(500, 500);
-        plot.setTolerance(10, 10);
+        plot.setTolerance(20, 20);
         plot.setModel(&model);
         plot.show();
         QRandomGenerator random(5);
         for (int step = 0; step < 200; ++step) {
-            const int rows = model.rowCount();
-            const auto value = [&random] {
-                return random.bounded(20.0) - 10.0;
-            };
-            if (rows < 3 || random.bounded(3) == 0)
-                model.insertRow(random.bounded(rows + 1), errorRow(value(), value(), 100));
-            else if (random.bounded(2) == 0)
-                model.removeRows(random.bounded(rows - 1), 2);
-            else
-                model.item(random.bounded(rows), 3)->setData(value(), Qt::UserRole);
+            editAtRandom(model, random, 3, [&random] {
+                return errorRow(random.bounded(20.0), -random.bounded(20.0), 100);
+            });
         }
         plot.grab();
         double sum = 0.0;
@@ -218,7 +210,7 @@ private Q_SLOTS:
         plot.grab();
     }
 
-    //! As a child it is deleted after the rest of the plot.
+    //! A child of the plot is deleted after the plot's private part.
     void aModelMayBeThePlotsOwn()
     {
         auto *plot = new RVXPositionErrorPlot;
@@ -262,11 +254,11 @@ private Q_SLOTS:
         const QColor older = picture.at(-0.5, 0.5);
         QVERIFY(older != highlight(plot) && older.red() == older.blue() && older.red() < 220);
         QVERIFY(picture.at(-0.5, 0.5, QPointF(3.5, 0)).red() > 240);
-        // Another dot is the newest one now.
+        // The highlight moves to the newest dot.
         model.appendRow(errorRow(-0.5, 0.5, 100));
         QCOMPARE(Picture(plot).at(-0.5, 0.5), highlight(plot));
         QVERIFY(Picture(plot).at(0.5, -0.5) != highlight(plot));
-        // One without a place is not: and no other dot takes its part.
+        // A newest dot without a position leaves no dot highlighted.
         model.appendRow(errorRow(qQNaN(), 0.5, 100));
         QVERIFY(Picture(plot).at(-0.5, 0.5) != highlight(plot));
     }
@@ -280,7 +272,7 @@ private Q_SLOTS:
         const Picture picture(plot);
         for (const QPointF &point :
              {QPointF(-2, 0.1), QPointF(2, 0.1), QPointF(0.3, -0.5), QPointF(0.3, 0.5)}) {
-            // The line lies on the pixel, or on its neighbour, depending on the rounding.
+            // Rounding may put the line on a neighbouring pixel.
             int darkest = 255;
             for (int dx = -1; dx <= 1; ++dx) {
                 for (int dy = -1; dy <= 1; ++dy)
@@ -300,10 +292,10 @@ private Q_SLOTS:
         plot.setTolerance(2, 2);
         plot.setSamples(QPolygonF(QVector<QPointF>{QPointF(1e6, 0.25)}));
         const Picture picture(plot);
-        int coloured = 0;
+        int colored = 0;
         for (int dx = 5; dx > -16; --dx)
-            coloured += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
-        QVERIFY(coloured >= 2);
+            colored += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
+        QVERIFY(colored >= 2);
     }
 };
 

@@ -68,24 +68,11 @@ private Q_SLOTS:
         ModelWatch watch(&table);
         MapInTest map(&table);
         QRandomGenerator random(11);
-        const auto newRow = [&random] {
-            return SpotTable::row(random.bounded(80.0) - 40,
-                                  random.bounded(80.0) - 40,
-                                  random.bounded(9.0),
-                                  1.5);
-        };
         for (int step = 0; step < 300; ++step) {
-            const int rows = table.rowCount();
-            const int action = rows == 0 ? 0 : random.bounded(3);
-            if (action == 0) {
-                table.insertRow(random.bounded(rows + 1), newRow());
-            } else if (action == 1) {
-                const int first = random.bounded(rows);
-                table.removeRows(first, 1 + random.bounded(qMin(3, rows - first)));
-            } else {
-                table.item(random.bounded(rows), 2)
-                    ->setData(random.bounded(80.0) - 40, Qt::UserRole);
-            }
+            editAtRandom(table, random, 2, [&random] {
+                const double y = random.bounded(80.0) - 40;
+                return SpotTable::row(random.bounded(80.0) - 40, y, random.bounded(9.0), 1.5);
+            });
             if (step % 50 == 49) {
                 MapInTest fresh(&table);
                 QCOMPARE(map.bounds(), fresh.bounds());
@@ -121,7 +108,7 @@ private Q_SLOTS:
         QTest::mouseClick(map.viewport(), Qt::LeftButton);
     }
 
-    //! As a child it is deleted after the rest of the map.
+    //! A child of the map is deleted after the map's private part.
     void aModelMayBeTheMapsOwn()
     {
         auto *map = new SpotMapView;
@@ -180,35 +167,26 @@ private Q_SLOTS:
 
     void aHiddenTargetIsFollowed()
     {
-        SpotTable actual("0 0 10 3");
-        SpotTable planned("0 0 5 3");
-        MapInTest map(&actual);
-        MapInTest target(&planned);
-        target.hide();
-        map.setDiffTarget(&target);
-        map.setDisplayMode(SpotMapView::Difference);
-        QVERIFY(QTest::qWaitForWindowExposed(&map));
-        map.picture();
-        PaintCounter paints(map.viewport());
+        Comparison pair("0 0 10 3", "0 0 5 3");
+        pair.target.hide();
+        QVERIFY(QTest::qWaitForWindowExposed(&pair.map));
+        pair.map.picture();
+        PaintCounter paints(pair.map.viewport());
         QCoreApplication::processEvents();
         paints.count = 0;
-        planned.setDose(0, 10);
+        pair.planned.setDose(0, 10);
         QTRY_VERIFY(paints.count > 0);
     }
 
     void mapsThatCompareWithEachOtherComeToRest()
     {
-        SpotTable one("0 0 10 3");
-        SpotTable other("0 0 5 3");
-        MapInTest first(&one);
-        MapInTest second(&other);
-        for (MapInTest *map : {&first, &second}) {
-            map->setDiffTarget(map == &first ? &second : &first);
-            map->setDisplayMode(SpotMapView::Difference);
+        Comparison pair("0 0 10 3", "0 0 5 3");
+        pair.target.setDiffTarget(&pair.map);
+        pair.target.setDisplayMode(SpotMapView::Difference);
+        for (MapInTest *map : {&pair.map, &pair.target})
             QVERIFY(QTest::qWaitForWindowExposed(map));
-        }
-        one.setDose(0, 7);
-        PaintCounter paints(first.viewport());
+        pair.actual.setDose(0, 7);
+        PaintCounter paints(pair.map.viewport());
         for (int round = 0; round < 50; ++round)
             QCoreApplication::processEvents();
         QVERIFY(paints.count > 0);
@@ -229,10 +207,10 @@ private Q_SLOTS:
         QCOMPARE(map.displayMode(), SpotMapView::Data);
         QCOMPARE(modes.count(), 1);
         QCOMPARE(targets.count(), 1);
-        QCOMPARE(map.colourAt(0, 0).red(), map.colourAt(0, 0).blue());
+        QCOMPARE(map.colorAt(0, 0).red(), map.colorAt(0, 0).blue());
         map.setDiffTarget(&map);
         map.setDisplayMode(SpotMapView::Difference);
-        QCOMPARE(map.colourAt(0, 0), QColor(Qt::black));
+        QCOMPARE(map.colorAt(0, 0), QColor(Qt::black));
     }
 
     void aRepaintWithoutChangePaintsNoSpot()
@@ -240,7 +218,7 @@ private Q_SLOTS:
         SpotTable table(cornerSpots);
         MapInTest map(&table);
         const QImage before = map.picture();
-        // If the rows were read, or the spots drawn, again, this would show.
+        // This change would show if the rows were read again.
         QSignalBlocker silence(&table);
         table.setDose(0, 1);
         QCOMPARE(largestDifference(map.picture(), before), 0);
@@ -259,7 +237,7 @@ private Q_SLOTS:
         QTRY_COMPARE(fresh.viewport()->size(), QSize(300, 160));
         const QImage image = map.picture();
         QCOMPARE(largestDifference(image, fresh.picture()), 0);
-        // The square in the middle, and nothing of it in the margins.
+        // The map is the square in the middle, with margins beside it.
         const int ratio = qRound(map.devicePixelRatioF());
         QCOMPARE(image.pixelColor(71 * ratio, 80 * ratio), QColor(Qt::black));
         QCOMPARE(image.pixelColor(69 * ratio, 80 * ratio), map.palette().color(QPalette::Window));
@@ -291,7 +269,7 @@ private Q_SLOTS:
         const QPoint first = map.visualRect(table.index(0, 0)).center();
         QTest::mouseClick(map.viewport(), Qt::LeftButton, {}, first);
         QCOMPARE(selectedRows(map), QString("0"));
-        // Around the spot, and nowhere else.
+        // A ring around the spot is all that changes.
         const QImage after = map.picture();
         QRect ring;
         for (int y = 0; y < after.height(); ++y) {
@@ -315,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(selectedRows(map), QString("3"));
         QTest::keyClick(&map, Qt::Key_Home);
         QCOMPARE(selectedRows(map), QString("0"));
-        // Pages are the holder's.
+        // The parent handles the page keys.
         QKeyEvent page(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
         page.accept();
         QCoreApplication::sendEvent(&map, &page);

@@ -17,7 +17,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! Where a scale draws the end of its line that stands for value, in the widget that holds it.
+//! Returns where a scale shows a value, in the coordinates of the scale's parent.
 double endOnScale(const QwtScaleWidget *axis, double value)
 {
     const double along = axis->scaleDraw()->scaleMap().transform(value);
@@ -61,14 +61,14 @@ private Q_SLOTS:
         QVERIFY(qAbs(endOnScale(x, bounds.right()) - (map.left() + map.width())) <= 1.0);
         QVERIFY(qAbs(endOnScale(y, bounds.top()) - (map.top() + map.height())) <= 1.0);
         QVERIFY(qAbs(endOnScale(y, bounds.bottom()) - map.top()) <= 1.0);
-        // Nothing is cut off, and the scales touch the map.
+        // The scales fit into the area and touch the map.
         const QRect area = widget.findChild<QWidget *>("mapArea")->rect();
         for (const QwtScaleWidget *axis : {x, y})
             QVERIFY(area.contains(axis->geometry()));
         QCOMPARE(x->y(), map.top() + map.height());
         QCOMPARE(y->x() + y->width(), map.left());
 
-        // Wider labels make room for themselves.
+        // Wider labels get more room.
         table.append("-123456 0 1 3");
         const QRectF wider = widget.spotMapView()->bounds();
         const QRect after = widget.spotMapView()->geometry();
@@ -103,7 +103,7 @@ private Q_SLOTS:
             QTest::mouseClick(button, Qt::LeftButton);
             QCOMPARE(int(widget.spotMapView()->displayMode()), mode);
         }
-        // And the other way round.
+        // The buttons follow the mode.
         widget.spotMapView()->setDisplayMode(SpotMapView::DifferenceOverlay);
         QVERIFY(widget.findChild<QPushButton *>("DiffOverlayButton")->isChecked());
         widget.setDiffTarget(nullptr);
@@ -118,7 +118,7 @@ private Q_SLOTS:
         SpotMapWidget widget(&host);
         widget.spotMapView()->setModel(&table);
         QSignalSpy layers(&widget, &SpotMapWidget::layerChange);
-        // Also from inside, where the focus is.
+        // The keys also work in child widgets, which have the focus.
         for (QWidget *receiver :
              {static_cast<QWidget *>(&widget),
               static_cast<QWidget *>(widget.spotMapView()),

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/scope/HistogramStatistics_p.h"
-#include "corvale_qt/scope/statistics/EnergyTable_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/statistics/RVX_CoGHistogramItem.h"
 #include "corvale_qt/scope/statistics/RVX_GaussabolaHistogramItem.h"
 #include "corvale_qt/scope/statistics/RVX_PrecalculatedFitHistogramItem.h"
@@ -60,27 +59,6 @@ double deviation(const QVector<double> &values)
     for (double value : values)
         squares += (value - mean) * (value - mean);
     return std::sqrt(squares / (values.size() - 1));
-}
-
-//! Sigma of the parabola through the logarithms of some bars, by Cramer's rule; weights are powers of the bars.
-double weightedSigma(const Bars &bars, int power)
-{
-    long double x[5] = {};
-    long double y[3] = {};
-    const long double largest = *std::max_element(bars.begin(), bars.end());
-    for (int i = 0; i < bars.size(); ++i) {
-        const long double weight = std::pow(bars[i] / largest, power);
-        for (int k = 0; k < 5; ++k)
-            x[k] += weight * std::pow((long double)(i), k);
-        for (int k = 0; k < 3; ++k)
-            y[k] += weight * std::pow((long double)(i), k) * std::log((long double)(bars[i]));
-    }
-    const auto determinant = [&x](long double a, long double b, long double c) {
-        return x[0] * (x[2] * c - x[3] * b) - x[1] * (x[1] * c - x[2] * b)
-            + a * (x[1] * x[3] - x[2] * x[2]);
-    };
-    const long double curvature = determinant(y[0], y[1], y[2]) / determinant(x[2], x[3], x[4]);
-    return double(std::sqrt(-0.5L / curvature));
 }
 
 //! A beam on strips, as an electrometer reads it.
@@ -401,21 +379,26 @@ private Q_SLOTS:
         QVERIFY2(qAbs(noise - residual) < 1e-3, qPrintable(QString::number(noise)));
     }
 
-    //! Against the same sums in wider precision.
+    //! Against the closed form for five bars that are symmetric about their peak of 1.
     void weightsArePowersOfTheBars()
     {
-        const Bars bars = Profiles::withNoise(beam(), 0.2);
+        const Bars bars{0.5F, 0.9F, 1.0F, 0.9F, 0.5F};
         const auto sigma = [&bars](const Parameters &parameters) {
             const Item item = makeItem(View::RegressionItem, parameters, false);
-            item->compute(0, bars, 32.5);
+            item->compute(0, bars, 5.5);
             return double(item->fit().sigma);
         };
-        const int peak = int(std::max_element(bars.begin(), bars.end()) - bars.begin());
         for (int power : {0, 1, 2, 3}) {
-            const double expected = weightedSigma(bars.mid(peak - 4, 9), power);
-            QVERIFY(qAbs(sigma({0, 4, 1e-15, 1e-14, double(power)}) - expected) < 1e-4);
+            // The regression of y = ln(bar) on the squared distance s: covariance over variance.
+            const double w1 = 2 * std::pow(0.9, power), w2 = 2 * std::pow(0.5, power);
+            const double s = (w1 + 4 * w2) / (1 + w1 + w2);
+            const double y1 = std::log(0.9), y2 = std::log(0.5);
+            const double covariance = w1 * (1 - s) * y1 + w2 * (4 - s) * y2;
+            const double variance = s * s + w1 * (1 - s) * (1 - s) + w2 * (4 - s) * (4 - s);
+            const double expected = std::sqrt(-variance / (2 * covariance));
+            QVERIFY(qAbs(sigma({0, 2, 1e-15, 1e-14, double(power)}) - expected) < 1e-4);
         }
-        QCOMPARE(sigma({0, 4, 1e-15, 1e-14}), sigma({0, 4, 1e-15, 1e-14, 2}));
+        QCOMPARE(sigma({0, 2, 1e-15, 1e-14}), sigma({0, 2, 1e-15, 1e-14, 2}));
     }
 
     void darkBarsHaveNoNumbers()
@@ -446,49 +429,33 @@ private Q_SLOTS:
         }
     }
 
+    void energyOfThePosition_data()
+    {
+        QTest::addColumn<double>("position");
+        QTest::addColumn<QString>("energy");
+        QTest::newRow("before the first channel") << 0.99 << "N/A";
+        QTest::newRow("on the first channel") << 1.0 << "70";
+        QTest::newRow("half way to the next") << 1.5 << "75";
+        QTest::newRow("a quarter of the way") << 2.25 << "85";
+        QTest::newRow("on the last channel") << 3.0 << "100";
+        QTest::newRow("beyond the last channel") << 3.01 << "N/A";
+    }
     void energyOfThePosition()
     {
-        const EnergyTable table({70.0, 80.0, 100.0});
-        QCOMPARE(table.at(1.0), 70.0);
-        QCOMPARE(table.at(1.5), 75.0);
-        QCOMPARE(table.at(2.25), 85.0);
-        QCOMPARE(table.at(3.0), 100.0);
-        for (double outside : {0.99, 3.01, -5.0, qQNaN(), qInf()})
-            QVERIFY(std::isnan(table.at(outside)));
-        QVERIFY(std::isnan(EnergyTable().at(1.0)));
-
-        std::vector<double> energies;
-        for (int i = 0; i < 20; ++i)
-            energies.push_back(70.0 + i);
-        const Item item = makeItem(View::GaussabolaItem, {}, false);
-        item->upload_MLFC_calibration_table(&energies);
-        item->compute(0, beam(), 32.5);
-        QVERIFY(!item->label().contains("Energy"));
-        item->toggleMLFC(true);
-        energies.clear(); // it was copied
-        // At 13.30, between 82 MeV of channel 13 and 83 of channel 14.
-        QVERIFY2(item->label().endsWith("\n     Energy (MeV): 82.3\n</pre>"),
-                 qPrintable(item->label()));
-        item->compute(16, beam(), 48.5);
-        QVERIFY(item->label().endsWith("Energy (MeV): N/A\n</pre>"));
-        item->upload_MLFC_calibration_table(nullptr);
-        QVERIFY(!item->label().contains("Energy"));
-    }
-
-    void groups()
-    {
-        const auto shares = [](int count, int channels) {
-            QStringList texts;
-            for (int i = 0; i < count; ++i) {
-                const ChannelGroup group = channelGroup(i, count, channels);
-                texts << QStringLiteral("%1+%2").arg(group.offset).arg(group.size);
-            }
-            return texts.join(' ');
-        };
-        QCOMPARE(shares(2, 32), QString("0+16 16+16"));
-        QCOMPARE(shares(4, 14), QString("0+3 3+3 6+3 9+5")); // the last takes the rest
-        QCOMPARE(shares(4, 2), QString("0+1 1+1 2+0 2+0"));
-        QCOMPARE(shares(2, 0), QString("0+0 0+0"));
+        QFETCH(double, position);
+        QFETCH(QString, energy);
+        std::vector<double> energies{70.0, 80.0, 100.0};
+        RVX_PrecalculatedFitHistogramItem item(nullptr, {}, false);
+        item.setDeviceFit({position + 1.0, 2.5, 4e-9}, 0);
+        item.upload_MLFC_calibration_table(&energies);
+        energies.clear(); // the item has a copy
+        QVERIFY(item.compute(-2, beam(), 30.5));
+        QVERIFY(!item.label().contains("Energy"));
+        item.toggleMLFC(true);
+        QVERIFY2(item.label().endsWith("\n     Energy (MeV): " + energy + "\n</pre>"),
+                 qPrintable(item.label()));
+        item.upload_MLFC_calibration_table(nullptr);
+        QVERIFY(!item.label().contains("Energy"));
     }
 
     void hostileParameters()

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotGeometry_p.h"
+#include "corvale_qt/beam/spots/SpotHitTest_p.h"
+
+namespace Corvale_Qt {
+
+SpotHitTest::SpotHitTest(const SpotList &spots, const QRectF &bounds, const QRect &picture)
+    : m_spots(spots)
+    , m_bounds(bounds)
+    , m_picture(picture)
+{
+}
+
+QPointF SpotHitTest::pixelOf(int row) const
+{
+    const SpotMapView::MapSpot &spot = m_spots.at(row);
+    const QPointF unit = toUnitSquare(m_bounds, QPointF(spot.x, spot.y));
+    return m_picture.topLeft()
+        + QPointF(unit.x() * m_picture.width(), unit.y() * m_picture.height());
+}
+
+double SpotHitTest::pixelsPerUnit() const
+{
+    return m_picture.width() / m_bounds.width();
+}
+
+QRect SpotHitTest::spotRect(int row, double sigmas) const
+{
+    if (row < 0 || row >= m_spots.size() || !isDrawable(m_spots.at(row)) || m_bounds.isEmpty())
+        return QRect();
+    const double side = 2.0 * sigmas * m_spots.at(row).sigma * pixelsPerUnit();
+    QRectF rect(0.0, 0.0, side, side);
+    rect.moveCenter(pixelOf(row));
+    return makeSquare(rect.toAlignedRect());
+}
+
+int SpotHitTest::rowAt(const QPoint &point) const
+{
+    if (m_bounds.isEmpty() || !m_picture.contains(point))
+        return -1;
+    // The point of the map under the middle of the pixel.
+    const QPointF inPicture = QPointF(point) + QPointF(0.5, 0.5) - m_picture.topLeft();
+    const QPointF unit(inPicture.x() / m_picture.width(), inPicture.y() / m_picture.height());
+    return m_spots.nearest(fromUnitSquare(m_bounds, unit));
+}
+
+QString SpotHitTest::toolTip(int row) const
+{
+    const SpotMapView::MapSpot &spot = m_spots.at(row);
+    // Rows are counted from 1, as table views show them.
+    return SpotMapView::tr("Row %1\nX %2\nY %3\nDose %4\nSigma %5")
+        .arg(QString::number(row + 1),
+             QString::number(double(spot.x)),
+             QString::number(double(spot.y)),
+             QString::number(double(spot.dose)),
+             QString::number(double(spot.sigma)));
+}
+
+} // namespace Corvale_Qt

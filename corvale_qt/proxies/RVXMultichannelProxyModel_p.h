@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+// Private: this header is not installed.
+
+#include "corvale_qt/models/ChannelLimit_p.h"
+#include "corvale_qt/proxies/AbstractChannelModelFactory.h"
+#include "corvale_qt/proxies/RowLedger_p.h"
+#include "corvale_qt/proxies/UnitsRelay_p.h"
+
+#include <QPointer>
+
+namespace Corvale_Qt {
+
+//! Keeps the inputs and channels of the proxy, and reads their columns in bulk.
+class RVXMultichannelProxyModelPrivate : public PlotColumns
+{
+public:
+    explicit RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy);
+    ~RVXMultichannelProxyModelPrivate() override;
+
+    void read(int column, int firstRow, int count, double *out) const override;
+    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool xRises() const override;
+    quint64 xVersion() const override;
+    qint64 droppedRows(int column) const override;
+
+    //! Returns the channel shown in \a column, or null.
+    const Channel *channel(int column) const;
+    //! Returns the input that reads \a model, or null.
+    MergedInput *inputOf(const QAbstractItemModel *model) const;
+    //! Returns the model of the first channel, or null.
+    RVXAbstractPlotDataModel *firstPlot() const;
+
+    static constexpr int mostChannels = maxChannels;
+    //! Returns whether one more channel may be added; if not, says so on the debug stream.
+    bool hasRoom() const;
+    void
+    insert(int position, QAbstractItemModel *items, RVXAbstractPlotDataModel *plot, int column);
+    void remove(MergedInput *input);
+    void inputDestroyed(MergedInput *input);
+    //! Header sections \a first to \a last of \a input changed.
+    void inputTitlesChanged(const MergedInput *input, int first, int last);
+
+    /*! Returns the time of \a row in the first channel that has the row. If none has it, returns the newest time of the
+        last channel with samples, or 0. */
+    double time(int row) const;
+    //! Returns the answer of a header cell to RVXAbstractPlotDataModel::ChannelUnitRole: the channel's unit or its model's.
+    static QVariant unitOf(const Channel &channel);
+    //! Returns the data of a cell whose channel has no reading.
+    static QVariant withoutReading(int role);
+
+    //! Returns the models that \a proxy reads.
+    static QVector<const QAbstractItemModel *> models(const RVXMultichannelProxyModel &proxy);
+
+    RVXMultichannelProxyModel *const q;
+    // One input for each model; one channel for each column of the proxy except the first.
+    MergedInputs inputs;
+    QVector<Channel> channels;
+    RowLedger ledger;
+    UnitsRelay unitsRelay;
+    QPointer<AbstractChannelModelFactory> factory;
+
+private:
+    bool timesAreOfFirst() const;
+    void readTimes(int firstRow, int count, double *out) const;
+    void readChannel(const Channel &channel, int firstRow, int count, double *out) const;
+    void channelsChanged();
+
+    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
+    static const bool known;
+};
+
+} // namespace Corvale_Qt

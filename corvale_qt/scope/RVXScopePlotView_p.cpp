@@ -1,0 +1,340 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+
+#include "corvale_qt/beam/profile/RVXPositionPlot.h"
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
+#include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "corvale_qt/scope/CompanionPlotMode_p.h"
+#include "corvale_qt/scope/HistogramPlotMode_p.h"
+#include "corvale_qt/scope/StripPlotMode_p.h"
+#include "corvale_qt/scope/SweepPlotMode_p.h"
+
+#include <qwt_picker_machine.h>
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_layout.h>
+#include <qwt_plot_picker.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+
+#include <QEvent>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <initializer_list>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! Returns whether anything is connected to a selection model. A view that uses it always is.
+bool hasListeners(const QItemSelectionModel &selection)
+{
+    struct Access : QItemSelectionModel
+    {
+        static int count(const QItemSelectionModel &selection, const char *signal)
+        {
+            return (selection.*(&Access::receivers))(signal);
+        }
+    };
+    return Access::count(selection, SIGNAL(selectionChanged(QItemSelection, QItemSelection))) > 0
+        || Access::count(selection, SIGNAL(currentChanged(QModelIndex, QModelIndex))) > 0;
+}
+
+} // namespace
+
+RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
+    : d(view)
+{
+    setObjectName(QStringLiteral("RVXScopePlotViewEventFilter"));
+}
+
+bool RVXScopePlotViewEventFilter::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Paint)
+        d->canvasIsPainted();
+    return false;
+}
+
+RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
+    : q_ptr(view)
+    , layout(new QVBoxLayout(view->viewport()))
+    , plot(new QwtPlot(view->viewport()))
+    , canvas(new QwtPlotCanvas(plot))
+    , spectrogram(new RVXSpectrogram(view))
+    , positionPlot(new RVXPositionPlot(view))
+    , splitPlot(new RVXSplitPlot(view))
+    , context(plot, *this)
+{
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(plot);
+    prepareCanvas();
+    eventFilter = std::make_unique<RVXScopePlotViewEventFilter>(this);
+    canvas->installEventFilter(eventFilter.get());
+    prepareItems();
+    preparePickers();
+    context.statistics.insertInto(layout);
+    for (QWidget *companion :
+         std::initializer_list<QWidget *>{spectrogram, positionPlot, splitPlot})
+        layout->insertWidget(0, companion);
+    createModes();
+    showOnly(plot);
+}
+
+RVXScopePlotViewPrivate::~RVXScopePlotViewPrivate() = default;
+
+void RVXScopePlotViewPrivate::prepareCanvas()
+{
+    plot->setCanvas(canvas);
+    plot->setAutoDelete(false); // the items belong to this class
+    plot->setCanvasBackground(Qt::black);
+    canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
+    canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
+    canvas->setPaintAttribute(QwtPlotCanvas::ImmediatePaint, false);
+    canvas->setBorderRadius(0);
+    plot->setFrameStyle(QFrame::NoFrame);
+    plot->axisWidget(QwtPlot::yLeft)->setMargin(0);
+    plot->axisWidget(QwtPlot::xBottom)->setMargin(0);
+    plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 20);
+    plot->plotLayout()->setAlignCanvasToScales(true);
+    plot->plotLayout()->setSpacing(0);
+}
+
+void RVXScopePlotViewPrivate::prepareItems()
+{
+    const auto pen = [](int grey) {
+        return QPen(QColor(grey, grey, grey), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+    };
+    grid.enableXMin(false);
+    grid.enableYMin(true);
+    grid.setMajorPen(pen(88));
+    grid.setMinorPen(pen(48));
+    grid.attach(plot);
+
+    context.histogram.setBrush(QBrush(Qt::yellow));
+    context.histogram.setPen(QColor(Qt::yellow).darker(130));
+    context.histogram.setStyle(QwtPlotHistogram::Columns);
+}
+
+void RVXScopePlotViewPrivate::preparePickers()
+{
+    const auto add = [this](Qt::MouseButton button, const char *slot) {
+        auto *picker = new QwtPlotPicker(canvas);
+        picker->setStateMachine(new QwtPickerClickPointMachine);
+        picker->setTrackerMode(QwtPicker::ActiveOnly);
+        picker->setTrackerPen(QPen(Qt::white));
+        picker->setMousePattern(QwtEventPattern::MouseSelect1, button);
+        QObject::connect(picker, SIGNAL(selected(QPointF)), q_ptr, slot);
+    };
+    add(Qt::LeftButton, SLOT(SelectPoint1(QPointF)));
+    add(Qt::RightButton, SLOT(SelectPoint2(QPointF)));
+}
+
+void RVXScopePlotViewPrivate::createModes()
+{
+    modes = {std::make_unique<StripPlotMode>(context),
+             std::make_unique<SweepPlotMode>(context),
+             std::make_unique<HistogramPlotMode>(context),
+             std::make_unique<CompanionPlotMode>(context, spectrogram),
+             std::make_unique<CompanionPlotMode>(context, positionPlot),
+             std::make_unique<CompanionPlotMode>(context, splitPlot)};
+}
+
+void RVXScopePlotViewPrivate::showOnly(QWidget *shown)
+{
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{plot, spectrogram, positionPlot, splitPlot}) {
+        widget->setVisible(widget == shown);
+    }
+}
+
+void RVXScopePlotViewPrivate::showScrollBar(bool shown)
+{
+    q_ptr->setHorizontalScrollBarPolicy(shown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+}
+
+QScrollBar *RVXScopePlotViewPrivate::scrollBar() const
+{
+    return q_ptr->horizontalScrollBar();
+}
+
+void RVXScopePlotViewPrivate::requestReplot()
+{
+    q_ptr->RequestReplot();
+}
+
+void RVXScopePlotViewPrivate::selectCell(int row, int column)
+{
+    QItemSelectionModel *selection = q_ptr->selectionModel();
+    const QAbstractItemModel *items = q_ptr->model();
+    if (selection && items)
+        selection->select(items->index(row, column), QItemSelectionModel::ClearAndSelect);
+}
+
+void RVXScopePlotViewPrivate::showBufferSize()
+{
+    if (!bufferSizeLabel)
+        return;
+    const bool isEmpty = !baseModel || baseModel->columnCount() < 1;
+    const int samples = isEmpty ? 0 : baseModel->rowCount() - 1;
+    if (samples == samplesShown)
+        return;
+    samplesShown = samples;
+    bufferSizeLabel->setText(RVXScopePlotView::tr("%1 Samples").arg(samples));
+}
+
+void RVXScopePlotViewPrivate::canvasIsPainted()
+{
+    repaintAsked = false;
+    replotPending = true;
+    q_ptr->Plot();
+}
+
+void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
+{
+    if (!items)
+        return;
+    using Model = QAbstractItemModel;
+    const auto on = [&](auto signal, auto action) {
+        watches.append(QObject::connect(items, signal, q_ptr, action));
+    };
+    on(&QObject::destroyed, [this] {
+        modelIsGone();
+    });
+    on(&Model::rowsAboutToBeRemoved, [this] {
+        rowsLeave = true;
+    });
+    on(&Model::rowsRemoved, [this](const QModelIndex &parent, int start, int end) {
+        rowsLeave = false;
+        if (parent.isValid())
+            return;
+        context.rowsRemoved(start, end);
+        requestReplot();
+    });
+    const auto rowsMove = [this] {
+        context.rowsMoved();
+        requestReplot();
+    };
+    on(&Model::rowsMoved, rowsMove);
+    on(&Model::layoutChanged, rowsMove);
+    // The item view itself ignores channels that are inserted, removed or moved.
+    const auto channelsChange = [this] {
+        context.dropSweep();
+        q_ptr->reset();
+    };
+    on(&Model::columnsInserted, channelsChange);
+    on(&Model::columnsRemoved, channelsChange);
+    on(&Model::columnsMoved, channelsChange);
+}
+
+void RVXScopePlotViewPrivate::stopWatching()
+{
+    for (const QMetaObject::Connection &watch : qAsConst(watches))
+        QObject::disconnect(watch);
+    watches.clear();
+    rowsLeave = false;
+}
+
+//! Removes the series of the curves, which read from the model, before the canvas is painted next. The reset that
+//! follows clears the rest.
+void RVXScopePlotViewPrivate::modelIsGone()
+{
+    context.removeModel();
+    baseModel = nullptr;
+    showBufferSize();
+    q_ptr->RequestReplot();
+}
+
+void RVXScopePlotViewPrivate::followBaseModel()
+{
+    QAbstractItemModel *const base = ScopeModel::innermost(q_ptr->model());
+    if (base == baseModel)
+        return;
+    baseModel = base;
+    context.batches.clear();
+    context.dropSweep();
+}
+
+void RVXScopePlotViewPrivate::followSelection(int row, int channel)
+{
+    const bool isSample = isTimeMode(mode) && row >= 1 && row <= context.model.lastRow();
+    context.markers.followSelection(isSample ? row : 0, channel);
+    if (mode == RVXScopePlotView::HistogramMode)
+        context.markers.item(0)->setValue(channel, 0.0);
+    q_ptr->RequestReplotRefresh();
+    // The plot is made at once: the item view calls scrollTo() next, which does nothing for a sample on the axis.
+    if (isSample && currentMode().showSample(context.markers.item(0)->xValue()))
+        q_ptr->Plot();
+}
+
+/*! Remembers the selection model that the item view has made in setModel(), and deletes the one that it made before
+    unless another view uses that. The deletion is deferred: the old one may be emitting the signal that led here. */
+void RVXScopePlotViewPrivate::takeNewSelection(QItemSelectionModel *selection)
+{
+    delete oldSelection;
+    if (viewSelection && !hasListeners(*viewSelection)) {
+        oldSelection = viewSelection;
+        oldSelection->deleteLater();
+    }
+    viewSelection = selection;
+}
+
+//! Colours the frame of the canvas; it lies outside the samples.
+void RVXScopePlotViewPrivate::showFocus(bool focused)
+{
+    QPalette palette; // all other colours are still those of the view
+    palette.setBrush(QPalette::Window, canvas->palette().window());
+    palette.setColor(QPalette::WindowText, q_ptr->palette().color(QPalette::Highlight));
+    canvas->setPalette(palette);
+    canvas->setFrameStyle(QFrame::Panel | (focused ? QFrame::Plain : QFrame::Sunken));
+    canvas->replot();
+}
+
+void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)
+{
+    if (!markersEnabled)
+        return;
+    context.markers.place(marker, position);
+    q_ptr->RequestReplotRefresh();
+}
+
+bool RVXScopePlotViewPrivate::markerKeyPressed(int key, int steps)
+{
+    ScopeMarkers &markers = context.markers;
+    const int marker = markers.selected();
+    if (!markersEnabled || !markers.isAttached(marker))
+        return false;
+    if (key == Qt::Key_Left) {
+        currentMode().moveMarker(marker, -steps);
+    } else if (key == Qt::Key_Right) {
+        currentMode().moveMarker(marker, steps);
+    } else if (key == Qt::Key_Delete) {
+        markers.detach(marker);
+        markers.selectOther();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+QRegion RVXScopePlotViewPrivate::selectionRegion(const QItemSelection &selection) const
+{
+    const QPoint corner = canvas->mapTo(q_ptr->viewport(), QPoint(0, 0));
+    const QRect whole(corner, canvas->size());
+    const QwtScaleMap map = plot->canvasMap(QwtPlot::xBottom);
+    QRegion region;
+    for (const QItemSelectionRange &range : selection) {
+        if (mode != RVXScopePlotView::HistogramMode) {
+            region += whole;
+            continue;
+        }
+        const int left = int(std::floor(map.transform(range.left() - 0.5)));
+        const int right = int(std::ceil(map.transform(range.right() + 0.5)));
+        region += QRect(corner.x() + left, corner.y(), right - left, whole.height());
+    }
+    return region & whole;
+}
+
+} // namespace Corvale_Qt

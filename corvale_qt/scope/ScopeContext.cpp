@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/Logging_p.h"
+#include "corvale_qt/scope/ScopeContext_p.h"
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
+    : plot(thePlot)
+    , surface(theSurface)
+    , axes(thePlot)
+    , markers(theSurface, thePlot, model)
+    , curves(thePlot, model, markers)
+    , statistics(thePlot)
+{
+}
+
+QString ScopeContext::yTitle() const
+{
+    if (yScale.mode == RVXScopePlotView::Normalized)
+        return RVXScopePlotView::tr("Relative Value");
+    const QString unit = model.unitName();
+    const bool hasUnit = model.plot() && model.plot()->units();
+    return hasUnit ? unit : RVXScopePlotView::tr("Number");
+}
+
+int ScopeContext::stripLength() const
+{
+    const int hint = model.plot() ? model.plot()->PlotWidthHintPoints() : 0;
+    const int batch = batches.median();
+    return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
+}
+
+void ScopeContext::createCurves()
+{
+    if (model.allChannels() > ScopeModel::maximumChannels) {
+        qCDebug(scopeLog,
+                "RVXScopePlotView: the first %d of %d channels are shown",
+                ScopeModel::maximumChannels,
+                model.allChannels());
+    }
+    curves.createCurves(model.channelCount());
+}
+
+void ScopeContext::removeModel()
+{
+    model.set(nullptr);
+    curves.dropData();
+    sweepSamples.clear();
+}
+
+void ScopeContext::dropSweep()
+{
+    sweepSamples.clear();
+    curves.detach();
+}
+
+void ScopeContext::restart()
+{
+    if (model.plot())
+        sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
+    sweep.restart(model.lastRow());
+    stripStart.restart();
+}
+
+void ScopeContext::rowsInserted(int start, int end)
+{
+    if (!model.plot())
+        return;
+    batches.add(end - start + 1);
+    const int dropped =
+        sweep.rowsInserted(start, end, model.lastRow(), model.plot()->PlotWidthHintPoints());
+    if (dropped > 0) {
+        markers.rowsRemoved(1, dropped);
+        stripStart.rowsRemoved(1, dropped);
+    }
+    markers.rowsInserted(start, end);
+    stripStart.rowsInserted(start);
+}
+
+void ScopeContext::rowsRemoved(int start, int end)
+{
+    sweep.rowsRemoved(start, end);
+    markers.rowsRemoved(start, end);
+    stripStart.rowsRemoved(start, end);
+}
+
+void ScopeContext::rowsMoved()
+{
+    sweep.forgetShown();
+    markers.forgetRows();
+    stripStart.restart();
+}
+
+void ScopeContext::cellsChanged(int top, int bottom)
+{
+    const RowRange shown = sweep.shown();
+    const bool all = top < 0 || bottom < 0;
+    if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
+        sweepChanged = true;
+    // Row 0 says which channels are shown, and in which colours.
+    if (sweepChanged || top == 0 || shown.size() < 1)
+        refreshAsked = true;
+}
+
+} // namespace Corvale_Qt

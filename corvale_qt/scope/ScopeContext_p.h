@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/scope/BatchSizes_p.h"
+#include "corvale_qt/scope/HistogramStatistics_p.h"
+#include "corvale_qt/scope/ScopeAxes_p.h"
+#include "corvale_qt/scope/ScopeCurves_p.h"
+#include "corvale_qt/scope/ScopeMarkers_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/StripStart_p.h"
+#include "corvale_qt/scope/SweepProgress_p.h"
+#include "corvale_qt/scope/SweepSamples_p.h"
+
+#include <qwt_plot_histogram.h>
+
+#include <QString>
+
+class QwtPlot;
+
+namespace Corvale_Qt {
+
+class ScopeSurface;
+
+//! The model, and the parts that all plot modes draw it with. Plot and surface are not owned.
+struct ScopeContext
+{
+    ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface);
+
+    //! Makes a curve for each channel of the model, in place of those there are.
+    void createCurves();
+    //! Forgets a model that is being deleted, and everything that reads from it.
+    void removeModel();
+    //! Forgets the sweep that was drawn, because the channels or the instrument have changed.
+    void dropSweep();
+    //! Begins again with row 1 of the model.
+    void restart();
+
+    // The model announces rows and cells; the markers, the sweep and the start of the strip chart follow.
+    void rowsInserted(int start, int end);
+    void rowsRemoved(int start, int end);
+    void rowsMoved();
+    //! Rows \a top to \a bottom have new values; -1 means all rows.
+    void cellsChanged(int top, int bottom);
+
+    //! Returns the title of the y axis: the unit's name, or what stands for it.
+    QString yTitle() const;
+    //! Returns how many samples a strip chart shows while the model gives no width in units of x.
+    int stripLength() const;
+
+    QwtPlot *const plot;
+    ScopeSurface &surface;
+    ScopeModel model;
+    YScale yScale;
+    ScopeAxes axes;
+    ScopeMarkers markers;
+    ScopeCurves curves;
+    QwtPlotHistogram histogram;
+    HistogramStatistics statistics;
+
+    // Strip chart.
+    BatchSizes batches;
+    StripStart stripStart;
+
+    // Sweeps.
+    SweepProgress sweep;
+    SweepSamples sweepSamples; //!< a copy of the sweep that is shown
+    bool refreshAsked = false; //!< the last sweep is drawn again if there is no new one
+    bool sweepChanged =
+        false; //!< the model's values of the sweep shown differ from the copied ones
+};
+
+} // namespace Corvale_Qt

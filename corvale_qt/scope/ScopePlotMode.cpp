@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/ScopePlotMode_p.h"
+
+namespace Corvale_Qt {
+
+ScopePlotMode::ScopePlotMode(ScopeContext &context)
+    : m_context(context)
+{
+}
+
+ScopePlotMode::~ScopePlotMode() = default;
+
+void ScopePlotMode::moveMarker(int, int) { }
+
+bool ScopePlotMode::showSample(double)
+{
+    return false;
+}
+
+} // namespace Corvale_Qt

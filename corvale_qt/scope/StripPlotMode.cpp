@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeSurface_p.h"
+#include "corvale_qt/scope/StripPlotMode_p.h"
+
+#include <qwt_plot.h>
+
+#include <QScrollBar>
+
+namespace Corvale_Qt {
+
+void StripPlotMode::enter()
+{
+    TimePlotMode::enter();
+    m_context.surface.showScrollBar(true);
+}
+
+void StripPlotMode::plot()
+{
+    StripRequest request = currentRequest();
+    if (request.samples < 2) {
+        clear();
+        return;
+    }
+    const PlotColumnReader reader = m_context.model.reader();
+    m_context.stripStart.update(reader, request);
+    request.first = m_context.stripStart.row();
+    const StripWindow window = stripWindow(reader, request);
+
+    m_context.markers.begin(reader, {1, request.samples});
+    m_context.markers.findInStrip();
+    const auto ofModel = [model = m_context.model.plot(), rows = window.rows](int channel) {
+        return model->seriesData(channel, rows.first, rows.last);
+    };
+    m_context.curves.plotCurves(ofModel, window.rows.first, m_context.yScale.mode);
+    if (window.left > window.oldest || !request.following)
+        m_context.surface.showScrollBar(true);
+    finish(window.left, window.right);
+    setScrollBar(stripScrollBar(window, request));
+}
+
+//! Returns what the window depends on, except its first row. Without samples only their number is set.
+StripRequest StripPlotMode::currentRequest() const
+{
+    StripRequest request;
+    request.samples = m_context.model.lastRow();
+    if (request.samples < 1)
+        return request;
+    const QScrollBar *bar = m_context.surface.scrollBar();
+    request.sweepLength = m_context.stripLength();
+    request.width = m_context.model.plot()->PlotWidthHint();
+    request.following = bar->value() == bar->maximum();
+    request.scrollValue = bar->value();
+    request.scrollUnits = m_scrollUnits;
+    return request;
+}
+
+void StripPlotMode::setScrollBar(const StripScrollBar &scrolling)
+{
+    QScrollBar *bar = m_context.surface.scrollBar();
+    m_scrollUnits = scrolling.units;
+    bar->setRange(0, scrolling.maximum);
+    bar->setPageStep(scrolling.pageStep);
+    bar->setSingleStep(scrolling.singleStep);
+    bar->setValue(scrolling.value);
+}
+
+void StripPlotMode::clear()
+{
+    m_context.curves.detach();
+    m_context.markers.detachAll();
+    setAxisTitles();
+    m_context.surface.showScrollBar(false);
+    m_context.surface.scrollBar()->setRange(0, 0); // the chart follows the next samples
+    m_context.plot->updateAxes();
+}
+
+void StripPlotMode::moveMarker(int index, int steps)
+{
+    m_context.markers.moveInStrip(index, steps);
+}
+
+bool StripPlotMode::showSample(double x)
+{
+    const QwtInterval shown = m_context.plot->axisInterval(QwtPlot::xBottom);
+    if (shown.contains(x))
+        return false;
+    const double oldest = sampleX(m_context.model.reader(), m_context.stripStart.row());
+    const double left = x - 0.5 * shown.width();
+    m_context.surface.scrollBar()->setValue(toScrollUnits((left - oldest) * m_scrollUnits));
+    return true;
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/scope/StripWindow_p.h"
+#include "corvale_qt/scope/TimePlotMode_p.h"
+
+namespace Corvale_Qt {
+
+//! A chart that scrolls with the newest sample, or stays where the user has scrolled back to.
+class StripPlotMode : public TimePlotMode
+{
+public:
+    using TimePlotMode::TimePlotMode;
+    void enter() override;
+    void plot() override;
+    void clear() override;
+    void moveMarker(int index, int steps) override;
+    bool showSample(double x) override;
+
+private:
+    StripRequest currentRequest() const;
+    void setScrollBar(const StripScrollBar &scrolling);
+
+    double m_scrollUnits = kScrollUnits; //!< scroll bar units for each unit of x
+};
+
+} // namespace Corvale_Qt

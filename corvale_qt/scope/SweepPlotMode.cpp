@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeSurface_p.h"
+#include "corvale_qt/scope/SweepPlotMode_p.h"
+
+#include <qwt_plot.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Corvale_Qt {
+
+void SweepPlotMode::enter()
+{
+    TimePlotMode::enter();
+    m_context.surface.showScrollBar(false);
+    // The curves of the strip chart are not a sweep. The last sweep is shown until the next one is complete.
+    m_context.curves.detach();
+    m_context.refreshAsked = true;
+}
+
+void SweepPlotMode::plot()
+{
+    const int last = m_context.model.lastRow();
+    const bool refresh = std::exchange(m_context.refreshAsked, false);
+    if (m_context.model.plot())
+        m_context.sweep.setLengthHint(m_context.model.plot()->PlotWidthHintPoints());
+    m_context.sweep.skipToNewest(last);
+    if (m_context.sweep.isComplete(last)) {
+        m_context.sweep.advance();
+        m_context.sweepSamples.take(m_context.model, m_context.sweep.shown());
+        draw();
+        if (m_context.sweep.isComplete(last))
+            m_context.surface.requestReplot();
+    } else if (last < 2) {
+        clear();
+    } else if (refresh && m_context.sweepSamples.size() > 0) {
+        drawAgain(last);
+    }
+}
+
+//! Draws the sweep from the model, or from the copy if samples have left the model.
+void SweepPlotMode::drawAgain(int lastRow)
+{
+    const RowRange shown = m_context.sweep.shown();
+    const RowRange left{std::max(shown.first, 1), std::min(shown.last, lastRow)};
+    if (left.size() == m_context.sweepSamples.size()) {
+        m_context.sweepSamples.take(m_context.model, left);
+    } else if (m_context.sweepChanged || !m_context.sweepSamples.hasUnitOf(m_context.model)) {
+        // The copy is outdated, and the model has only a part of the sweep or none of it.
+        if (left.size() < 2) {
+            clear();
+            return;
+        }
+        m_context.sweepSamples.take(m_context.model, left);
+        m_context.sweep.narrowShown(left);
+    }
+    draw();
+}
+
+void SweepPlotMode::draw()
+{
+    m_context.sweepChanged = false;
+    const int size = m_context.sweepSamples.size();
+    const PlotColumnReader reader(&m_context.sweepSamples);
+    m_context.markers.begin(reader, m_context.sweep.shown());
+    m_context.markers.findInSweep(size);
+    const auto kept = [this](int channel) {
+        return m_context.sweepSamples.series(channel);
+    };
+    m_context.curves.plotCurves(kept, 1, m_context.yScale.mode);
+    finish(sampleX(reader, 1), sampleX(reader, size));
+}
+
+void SweepPlotMode::clear()
+{
+    m_context.curves.detach();
+    m_context.sweepSamples.clear();
+    m_context.markers.clearLabels();
+    setAxisTitles();
+    m_context.plot->updateAxes();
+}
+
+void SweepPlotMode::moveMarker(int index, int steps)
+{
+    m_context.markers.moveInSweep(index, steps, m_context.sweepSamples.size());
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeSurface_p.h"
+#include "corvale_qt/scope/TimePlotMode_p.h"
+
+#include <qwt_plot.h>
+
+namespace Corvale_Qt {
+
+void TimePlotMode::enter()
+{
+    m_context.histogram.detach();
+    m_context.statistics.hide();
+    m_context.surface.showOnly(m_context.plot);
+    m_context.axes.prepareTimeAxis();
+    setAxisTitles(); // the first sweep may take long to complete
+}
+
+void TimePlotMode::finish(double left, double right)
+{
+    m_context.axes.setTimeRange(left, right);
+    for (int i = 0; i < ScopeMarkers::count; ++i)
+        m_context.markers.setStripMarker(i, {left, right});
+    setAxisTitles();
+    m_context.plot->updateAxes();
+}
+
+void TimePlotMode::setAxisTitles()
+{
+    m_context.axes.setYTitle(m_context.yTitle());
+    m_context.axes.setXTitle(m_context.model.xUnitName());
+}
+
+} // namespace Corvale_Qt

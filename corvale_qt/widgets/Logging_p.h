@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include <QLoggingCategory>
+
+namespace Corvale_Qt {
+
+//! Category "corvale.widgets": what the widgets write to the debug stream.
+Q_DECLARE_LOGGING_CATEGORY(widgetsLog)
+
+} // namespace Corvale_Qt

@@ -23,6 +23,8 @@ public:
         Unreadable, //!< a field is not a number
     };
 
+    RowReader(const RowReader &) = delete;
+    RowReader &operator=(const RowReader &) = delete;
     virtual ~RowReader();
 
     const QVector<Channel> &channels() const { return m_channels; }
@@ -34,8 +36,6 @@ public:
 
 protected:
     RowReader(const QVector<Channel> &channels, StreamKind kind);
-    RowReader(const RowReader &) = delete;
-    RowReader &operator=(const RowReader &) = delete;
 
 private:
     QVector<Channel> m_channels;

@@ -13,6 +13,8 @@ namespace Monitor {
 class SimulatedInstrument
 {
 public:
+    SimulatedInstrument(const SimulatedInstrument &) = delete;
+    SimulatedInstrument &operator=(const SimulatedInstrument &) = delete;
     virtual ~SimulatedInstrument();
     //! Returns the header of the instrument's stream.
     virtual StreamHeader header() const = 0;
@@ -26,8 +28,6 @@ public:
 
 protected:
     SimulatedInstrument() = default;
-    SimulatedInstrument(const SimulatedInstrument &) = delete;
-    SimulatedInstrument &operator=(const SimulatedInstrument &) = delete;
 };
 
 } // namespace Monitor

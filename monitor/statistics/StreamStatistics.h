@@ -18,7 +18,7 @@ public:
     //! The moments of one pixel frame, and its time in seconds.
     struct Frame
     {
-        double time;
+        double time = 0.0;
         FrameMoments moments;
     };
     //! How many pixel frames are kept at most; the oldest go first.

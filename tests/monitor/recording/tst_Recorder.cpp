@@ -249,6 +249,8 @@ void tst_Recorder::rotates()
     QStringList all;
     for (int i = 1; i <= names.size(); ++i) {
         const QString name = i == 1 ? QStringLiteral("a.csv") : QStringLiteral("a-%1.csv").arg(i);
+        const qint64 size = QFileInfo(m_dir->filePath(name)).size();
+        QVERIFY2(i == names.size() || size >= bytes, qPrintable(QString::number(size)));
         QStringList lines = readBack(m_dir->filePath(name)).split(QStringLiteral(" | "));
         if (lines.first().isEmpty())
             continue; // begun with the last tick, and no reading came

@@ -114,14 +114,14 @@ void tst_RVXScopeAppearance::icons()
     if (poorTheme)
         theme = std::make_unique<PoorTheme>();
     const Panel panel;
-    const auto isDrawn = [](QColor c) {
+    const auto isDrawn = [](const QColor &c) {
         return c.alpha() > 0;
     };
     for (const char *name :
          {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
         QVERIFY2(pixelsOf(iconOf(panel, name), isDrawn) > 20, name);
 
-    const auto isRed = [](QColor c) {
+    const auto isRed = [](const QColor &c) {
         return c == QColor(Qt::red);
     };
     QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
@@ -189,10 +189,10 @@ void tst_RVXScopeAppearance::zeroedStateIsReadable()
         panel.setPalette(darkPalette());
     panel.setModel(&device);
     panel.show();
-    const auto isGreen = [](QColor c) {
+    const auto isGreen = [](const QColor &c) {
         return c.green() > 220 && c.red() < 200 && c.blue() < 200;
     };
-    const auto isBlack = [](QColor c) {
+    const auto isBlack = [](const QColor &c) {
         return c.lightness() < 40;
     };
     const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {

@@ -5,6 +5,8 @@
 
 #include <QTemporaryDir>
 
+#include <memory>
+
 using namespace Corvale_Qt;
 
 namespace {
@@ -54,7 +56,7 @@ class tst_StatisticsSettings : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void init() { m_folder.reset(new QTemporaryDir); }
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
     void loading_data();
     void loading();

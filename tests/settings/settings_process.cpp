@@ -15,7 +15,7 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     QCoreApplication::setOrganizationName("Beam Group");
     QCoreApplication::setApplicationName("panel");
-    const QStringList arguments = application.arguments();
+    const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 4)
         return 2;
     Corvale_Qt::RVXApplicationSettings owner(nullptr,

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 using Corvale_Qt::RVXApplicationSettings;
 
@@ -63,7 +64,7 @@ void tst_RVXApplicationSettings::initTestCase()
 
 void tst_RVXApplicationSettings::init()
 {
-    m_folder.reset(new QTemporaryDir);
+    m_folder = std::make_unique<QTemporaryDir>();
 }
 
 void tst_RVXApplicationSettings::cleanup()

@@ -24,7 +24,7 @@ public:
     //! One sample: its time and a value for each channel, in the base unit.
     struct Sample
     {
-        double time;
+        double time = 0.0;
         QVector<double> values;
     };
 

@@ -5,7 +5,6 @@
 
 #include <QDebug>
 
-#include <algorithm>
 #include <iterator>
 #include <typeinfo>
 
@@ -82,14 +81,14 @@ constexpr UnitClass classes[] = {
     unitClass<Strips>(Type_Strips),
 };
 
-//! Returns the class of the library that has a type, or null.
+//! Returns the class of the library that has a type, or null for any other number that was made a type.
 const UnitClass *classOf(MeasurementUnitType type)
 {
-    const auto *const found =
-        std::find_if(std::begin(classes), std::end(classes), [&](const UnitClass &each) {
-            return each.type == type;
-        });
-    return found == std::end(classes) ? nullptr : found;
+    for (const UnitClass &each : classes) {
+        if (each.type == type)
+            return &each;
+    }
+    return nullptr;
 }
 
 } // namespace

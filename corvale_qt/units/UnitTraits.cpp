@@ -5,7 +5,6 @@
 
 #include <QDebug>
 
-#include <iterator>
 #include <typeinfo>
 
 namespace Corvale_Qt {

@@ -94,7 +94,7 @@ void Recorder::startStream(const StreamHeader &header)
 {
     const bool another = m_hasHeader && m_anyReading;
     m_header = header;
-    // On a full disk no other file can be opened: the stream goes on in this one, under a header of its own.
+    // On a full disk no other file can be opened: the stream continues in this one under its own header.
     if (another && mayBeginFileForStream() && flush() && openNext()) {
         ++m_streamFiles;
         m_streamFileAt = m_clock.seconds();

@@ -45,7 +45,7 @@ QList<RVX_HistogramItemAxisWidget *> axisWidgets(const ScopeTestView &view)
     return shown;
 }
 
-//! A view in histogram mode with a model of its own.
+//! Owns a model and shows it in histogram mode.
 class Histogram : public ScopeTestView
 {
 public:

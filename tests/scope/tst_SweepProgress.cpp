@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/BatchSizes_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "tests/support/TestMain.h"
 
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void noSampleIsSkippedOrDrawnTwice();
     void samplesLostBeforeTheirSweepAreLeftOut();
     void lengthWithoutAWish();
+    void sixRowsAreABatch();
     void anInsertionAtTheFrontBeginsAnew();
     void theShownSweepIsKnownWhileItsRowsMove_data();
     void theShownSweepIsKnownWhileItsRowsMove();
@@ -181,6 +183,15 @@ void tst_SweepProgress::manyWaitingSweepsAreLeftOut()
         // The sweep borders are the same as without skipping.
         QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
     }
+}
+
+void tst_SweepProgress::sixRowsAreABatch()
+{
+    BatchSizes sizes;
+    sizes.add(5);
+    QCOMPARE(sizes.median(), 0);
+    sizes.add(6);
+    QCOMPARE(sizes.median(), 6);
 }
 
 CORVALE_QT_TEST_MAIN(tst_SweepProgress)

@@ -47,7 +47,7 @@ QVariant channelBackground(const QModelIndex &header)
 
 QVariant channelForeground(const QModelIndex &header)
 {
-    const QVariant own = header.data(Qt::ForegroundRole);
+    QVariant own = header.data(Qt::ForegroundRole);
     if (own.isValid() && header.data(Qt::BackgroundRole).isValid())
         return own;
     const QColor background = channelBackground(header).value<QBrush>().color();
@@ -56,7 +56,7 @@ QVariant channelForeground(const QModelIndex &header)
 
 QVariant readingWithUnit(const QModelIndex &sample)
 {
-    const QVariant text = sample.data(Qt::DisplayRole);
+    QVariant text = sample.data(Qt::DisplayRole);
     const QVariant number = sample.data(RVXAbstractPlotDataModel::NumericValueRole);
     const QString symbol = symbolOf(sample.model(), sample.column());
     const bool isReading = number.isValid() && std::isfinite(number.toDouble());

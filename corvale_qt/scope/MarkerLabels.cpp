@@ -52,7 +52,7 @@ QString missingText(const MarkerStatistics &statistics)
 //! Returns the text that the unit gives if it differs for x and x + resolution, else x with enough digits to differ.
 QString xText(const ScopeModel &model, double x, double resolution)
 {
-    const QString ofUnit = model.formatX(x);
+    QString ofUnit = model.formatX(x);
     bool isNumber = false;
     ofUnit.toDouble(&isNumber);
     if (!isNumber || !(resolution > 0.0) || ofUnit != model.formatX(x + resolution))

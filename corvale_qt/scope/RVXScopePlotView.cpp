@@ -60,7 +60,8 @@ void RVXScopePlotView::SetPlotMode(int plotMode)
     if (plotMode < StripMode || plotMode > SplitMode || !model())
         return;
     // The x of a marker has another meaning then.
-    if (d->isTimeMode(d->mode) != d->isTimeMode(plotMode))
+    if (RVXScopePlotViewPrivate::isTimeMode(d->mode)
+        != RVXScopePlotViewPrivate::isTimeMode(plotMode))
         d->context.markers.detachAll();
     d->context.markers.forgetSweep();
     d->context.markers.forgetRows();

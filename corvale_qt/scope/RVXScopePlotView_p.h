@@ -36,7 +36,7 @@ private:
 };
 
 //! The state of a scope plot view: its widgets, its plot modes and the pending requests.
-class RVXScopePlotViewPrivate : public ScopeSurface
+class RVXScopePlotViewPrivate final : public ScopeSurface
 {
 public:
     explicit RVXScopePlotViewPrivate(RVXScopePlotView *view);

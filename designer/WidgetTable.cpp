@@ -37,10 +37,9 @@ const char kTwoPages[] =
 
 #define TIP(text) QT_TRANSLATE_NOOP("DesignerWidget", text)
 
-std::vector<WidgetDescription> describe()
+std::vector<WidgetDescription> displays()
 {
     const QSize plot(480, 440);
-    const QSize field(120, 26);
     return {
         {"RVXScope",
          "Scope",
@@ -104,6 +103,13 @@ std::vector<WidgetDescription> describe()
          {400, 460},
          make<SpotMapWidget>,
          previewSpotMapWidget},
+    };
+}
+
+std::vector<WidgetDescription> generalWidgets()
+{
+    const QSize field(120, 26);
+    return {
         {"RVXLogBrowser",
          "Log Browser",
          "logBrowser",
@@ -153,6 +159,11 @@ std::vector<WidgetDescription> describe()
 
 const std::vector<WidgetDescription> &widgetTable()
 {
-    static const std::vector<WidgetDescription> table = describe();
+    static const std::vector<WidgetDescription> table = [] {
+        std::vector<WidgetDescription> widgets = displays();
+        const std::vector<WidgetDescription> general = generalWidgets();
+        widgets.insert(widgets.end(), general.begin(), general.end());
+        return widgets;
+    }();
     return table;
 }

@@ -11,16 +11,16 @@ class QWidget;
 struct WidgetDescription
 {
     //! The class name without its namespace, which is also the name of its header and icon.
-    const char *className;
+    const char *className = "";
     //! The name in Designer's widget box.
-    const char *displayName;
+    const char *displayName = "";
     //! The object name of a new widget on a form.
-    const char *objectName;
-    const char *toolTip;
+    const char *objectName = "";
+    const char *toolTip = "";
     //! The size of a new widget on a form, in pixels.
     QSize size;
     //! Creates a widget of this class.
-    QWidget *(*create)(QWidget *parent);
+    QWidget *(*create)(QWidget *parent) = nullptr;
     //! Fills a widget with data on a form in Designer; null if it shows enough without.
     void (*preview)(QWidget *widget) = nullptr;
     bool isContainer = false;

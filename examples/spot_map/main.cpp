@@ -40,8 +40,10 @@ Plan readPlan(const QString &fileName)
     if (plan.isEmpty()) {
         qInfo("No plan, so here is a square field.");
         plan.resize(1);
-        for (int i = 0; i < 121; ++i)
-            plan[0] << Spot{i % 11 * 6.0F - 30.0F, i / 11 * 6.0F - 30.0F, 20.0F, 4.0F};
+        for (int row = 0; row < 11; ++row) {
+            for (int column = 0; column < 11; ++column)
+                plan[0] << Spot{column * 6.0F - 30.0F, row * 6.0F - 30.0F, 20.0F, 4.0F};
+        }
     }
     return plan;
 }

@@ -16,10 +16,10 @@ double fractionBetween(double lower, double upper, double mean, double sigma)
     return 0.5 * (std::erf((upper - mean) * scale) - std::erf((lower - mean) * scale));
 }
 
-//! Returns the fraction of a beam that falls on cell \a index of \a count cells, whose middle is the axis.
-double onCell(int index, int count, double pitch, double mean, double sigma)
+//! Returns the fraction of a beam that falls on \a cell, counted from 0, of \a cells cells, whose middle is the axis.
+double onCell(int cell, int cells, double pitch, double mean, double sigma)
 {
-    const double lower = (index - 0.5 * count) * pitch;
+    const double lower = (cell - 0.5 * cells) * pitch;
     return fractionBetween(lower, lower + pitch, mean, sigma);
 }
 
@@ -67,12 +67,12 @@ public:
     {
         constexpr double nominal = 400.0, dark = 0.02, noise = 0.15; // pC
         const double charge = nominal * beam.intensity();
-        values->resize(2 * strips);
+        values->resize(2 * std::size_t(strips));
         for (int i = 0; i < strips; ++i) {
             const double x = charge * onCell(i, strips, pitch, beam.x(), beam.sigmaX());
             const double y = charge * onCell(i, strips, pitch, beam.y(), beam.sigmaY());
             (*values)[std::size_t(i)] = x + dark + beam.noise(noise);
-            (*values)[std::size_t(strips + i)] = y + dark + beam.noise(noise);
+            (*values)[std::size_t(strips) + std::size_t(i)] = y + dark + beam.noise(noise);
         }
     }
 
@@ -135,8 +135,9 @@ public:
     void read(qint64 number, SimulatedBeam &beam, std::vector<double> *values) override
     {
         constexpr double positionError = 0.25, doseError = 0.04; // mm, MU
-        const int inLayer = int(number % (side * side));
-        const qint64 layer = number / (side * side);
+        constexpr int spots = side * side;
+        const int inLayer = int(number % spots);
+        const qint64 layer = number / spots;
         const int row = inLayer / side;
         const bool backwards = row % 2 == 1;
         const int column = backwards ? side - 1 - inLayer % side : inLayer % side;

@@ -36,7 +36,7 @@ void findLostPeer(const QTcpSocket &socket)
 void setUpSocket(QTcpSocket *socket)
 {
     // Bytes that the program cannot process yet stay with the sender and do not fill the program's memory.
-    constexpr qint64 readBufferSize = 1024 * 1024;
+    constexpr qint64 readBufferSize = qint64(1024) * 1024;
     socket->setReadBufferSize(readBufferSize);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     socket->setSocketOption(QAbstractSocket::KeepAliveOption, 1);

@@ -25,7 +25,7 @@ void StaleMarks::setStale(bool stale)
 
 QVariant StaleMarks::data(const QModelIndex &index, int role) const
 {
-    const QVariant value = QIdentityProxyModel::data(index, role);
+    QVariant value = QIdentityProxyModel::data(index, role);
     if (!m_stale || index.column() != valueColumn)
         return value;
     switch (role) {

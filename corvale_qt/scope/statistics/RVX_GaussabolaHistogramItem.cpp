@@ -28,7 +28,7 @@ bool RVX_GaussabolaHistogramItem::compute(int offset,
                                           double axisUpper)
 {
     ProfileFit fit(values);
-    const FitStatus status = computeGaussabola(fit, float(m_minimumPeak));
+    const FitStatus status = computeGaussabola(fit, float(m_minimumPeak * limitFactor()));
     const bool measured = status == FitStatus::Ok && hasFullStatistics();
     setResidualNoise(measured ? double(Corvale_Qt::residualNoise(fit, m_noiseHalfWidth)) : 0.0);
     return take(offset, fit, status, axisUpper);

@@ -13,6 +13,8 @@
 #include <QPen>
 #include <QPointer>
 
+#include <cmath>
+
 namespace Corvale_Qt {
 
 class RVX_StatisticsHistogramItemPrivate
@@ -32,6 +34,7 @@ public:
     bool computed = false;
     QString valueUnit;
     double plotDivisor = 1.0;
+    double limitFactor = 1.0;
 };
 
 QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
@@ -181,6 +184,19 @@ double RVX_StatisticsHistogramItem::plotDivisor() const
 {
     Q_D(const RVX_StatisticsHistogramItem);
     return d->plotDivisor;
+}
+
+void RVX_StatisticsHistogramItem::setLimitFactor(double factor)
+{
+    Q_D(RVX_StatisticsHistogramItem);
+    if (factor > 0.0 && std::isfinite(factor))
+        d->limitFactor = factor;
+}
+
+double RVX_StatisticsHistogramItem::limitFactor() const
+{
+    Q_D(const RVX_StatisticsHistogramItem);
+    return d->limitFactor;
 }
 
 void RVX_StatisticsHistogramItem::clear()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/PixelMoments.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/SpectrogramCalc.h"
-#include "corvale_qt/numerics/LogParabolaRegression_p.h"
+#include "corvale_qt/numerics/LogParabolaRegression.h"
 
 #include <QVector>
 

@@ -2,7 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/scope/statistics/RVX_HistogramItemAxisWidget.h"
 
 #include <qwt_plot_marker.h>
@@ -255,6 +255,7 @@ QString RVX_StatisticsHistogramItem::messageOf(FitStatus status)
     };
     switch (status) {
     case FitStatus::Ok:
+    case FitStatus::NotComputed:
         return QString();
     case FitStatus::NotEnoughChannels:
         return text(

@@ -26,12 +26,13 @@ struct RegressionOptions
 template<typename T>
 struct RegressionResult
 {
-    FitStatus status = FitStatus::NotEnoughChannels;
-    Peak<T> peak;
+    //! Ok, NotEnoughChannels, PeakOnEdge, PeakBelowThreshold, NotEnoughPeakChannels, SingularEquations or NoRealWidth.
+    FitStatus status = FitStatus::NotComputed;
+    Peak<T> peak; //!< the largest reading, which the fit starts from
     T correctedSum = T(0); //!< sum of all bins less the pedestals; filled whatever the status
-    T mean = T(-1);
-    T sigma = T(-1);
-    T variance = T(-1);
+    T mean = T(-1); //!< centre of the Gaussian
+    T sigma = T(-1); //!< standard deviation
+    T variance = T(-1); //!< sigma^2
     T height = T(-1); //!< height of the Gaussian at its mean
     T area = T(-1); //!< integral of the Gaussian over the bins
 };

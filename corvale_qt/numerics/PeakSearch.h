@@ -29,7 +29,7 @@ Peak<T> findPeak(const T *values, int count, T floor)
 struct IndexRange
 {
     int first = 0; //!< counted from 0
-    int last = -1;
+    int last = -1; //!< included; before first in an empty range
 
     //! Returns how many indexes the range has; 0 for the range that is made without arguments.
     int size() const { return last - first + 1; }

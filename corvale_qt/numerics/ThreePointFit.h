@@ -17,7 +17,7 @@ struct ThreePointFit
     FitStatus status = FitStatus::NotComputed;
     Peak<double> peak; //!< the largest value above 0
     double sum = 0; //!< of all values
-    double mean = std::numeric_limits<double>::quiet_NaN();
+    double mean = std::numeric_limits<double>::quiet_NaN(); //!< centre of the Gaussian
     double variance = std::numeric_limits<double>::quiet_NaN(); //!< sigma^2
     double sigma = std::numeric_limits<double>::quiet_NaN(); //!< standard deviation
     double height =

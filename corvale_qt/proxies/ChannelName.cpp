@@ -23,12 +23,12 @@ QString channelName(const QAbstractItemModel *model, int column)
     if (!model)
         return QString();
     // A property belongs to a whole model, so it cannot tell several channels apart.
-    const QString property =
+    QString property =
         model->columnCount() <= 2 ? model->property("channel").toString() : QString();
     if (!property.isEmpty())
         return property;
     const QModelIndex header = innermost(model->index(0, column));
-    const QString text = header.data().toString();
+    QString text = header.data().toString();
     if (!text.isEmpty() && text != QString::number(header.column()))
         return text;
     const auto *single = qobject_cast<const RVXSingleChannelDataModel *>(header.model());

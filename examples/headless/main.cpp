@@ -82,7 +82,7 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout);
-    QFile file(application.arguments().value(1));
+    QFile file(QCoreApplication::arguments().value(1));
     if (argc > 1 && !file.open(QIODevice::ReadOnly)) {
         QTextStream(stderr) << file.fileName() << ": " << file.errorString() << '\n';
         return 1;

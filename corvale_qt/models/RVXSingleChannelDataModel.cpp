@@ -278,7 +278,11 @@ QString RVXSingleChannelDataModel::channelName() const
 void RVXSingleChannelDataModel::setChannelName(const QString &name)
 {
     Q_D(RVXSingleChannelDataModel);
+    if (name == d->channelName)
+        return;
     d->channelName = name;
+    // A proxy above may show the name as its title.
+    Q_EMIT headerDataChanged(Qt::Horizontal, 1, 1);
 }
 
 int RVXSingleChannelDataModel::rowCount(const QModelIndex &parent) const

@@ -52,9 +52,10 @@ public:
     //! Sets how many samples a plot should show at once; 0 means the default. The number is not checked.
     void setPlotWidthHintPoints(int points);
 
-    //! Returns the name that the host has set, which is empty at first. Neither the table nor the file shows it.
+    /*! Returns the name that the host has set, which is empty at first. Neither the table nor the file shows it;
+        RVXMultichannelProxyModel::setShowNames() does. */
     QString channelName() const;
-    //! Sets the name that channelName() returns.
+    //! Sets the name that channelName() returns, and announces the header as changed.
     void setChannelName(const QString &name);
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

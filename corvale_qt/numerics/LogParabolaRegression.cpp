@@ -1,14 +1,40 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/LogParabolaRegression.h"
+
 #include "corvale_qt/numerics/GaussianConstants_p.h"
-#include "corvale_qt/numerics/LogParabolaRegression_p.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace Corvale_Qt {
 
 namespace {
+
+/*! The choices in which the histogram items (float) and the beam-profile display (double) differ, although they
+    share the fit. */
+template<typename T>
+struct RegressionRules;
+
+template<>
+struct RegressionRules<float>
+{
+    //! The peak is searched in the raw readings, and only above zero.
+    static constexpr bool peakBeforePedestals = true;
+    static constexpr float peakFloor = 0.0F;
+    //! False: a negative weight power weights all bins alike.
+    static constexpr bool negativePowers = false;
+};
+
+template<>
+struct RegressionRules<double>
+{
+    //! The peak is the largest reading after the pedestals are subtracted, whatever its sign.
+    static constexpr bool peakBeforePedestals = false;
+    static constexpr double peakFloor = -std::numeric_limits<double>::infinity();
+    static constexpr bool negativePowers = true;
+};
 
 struct NormalEquations
 {

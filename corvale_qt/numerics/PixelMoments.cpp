@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/PixelMoments.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,15 +22,14 @@ struct SecondMoments
     double xy = 0;
 };
 
-void placeReadings(const std::array<double, RoundPixelDetector::kReadings> &readings,
-                   double discriminator,
-                   PixelMoments &moments)
+void placeReadings(const double *readings, int count, double discriminator, PixelMoments &moments)
 {
     for (int row = 0; row < kSide; ++row) {
         for (int column = 0; column < kSide; ++column) {
             const int reading = RoundPixelDetector::readingAt(row, column);
             // Written so that a NaN counts as 0, too.
-            if (reading == RoundPixelDetector::kNotWired || !(readings[reading] >= discriminator))
+            if (reading == RoundPixelDetector::kNotWired || reading >= count
+                || !(readings[reading] >= discriminator))
                 continue;
             moments.raster[row * kSide + column] = readings[reading];
             moments.max = std::max(moments.max, readings[reading]);
@@ -95,14 +94,14 @@ void takeWidths(const SecondMoments &s, PixelMoments &moments)
 
 } // namespace
 
-PixelMoments computePixelMoments(const std::array<double, RoundPixelDetector::kReadings> &readings,
-                                 double discriminator,
-                                 int layout)
+PixelMoments
+computePixelMoments(const double *readings, int count, double discriminator, int layout)
 {
     PixelMoments moments;
     if (layout != 1 && layout != 2)
         return moments;
-    placeReadings(readings, discriminator, moments);
+    placeReadings(readings, count, discriminator, moments);
+    moments.status = FitStatus::SignalBelowThreshold;
     moments.meanX = kCentre;
     moments.meanY = kCentre;
     if (!(moments.integral > 0))
@@ -119,6 +118,7 @@ PixelMoments computePixelMoments(const std::array<double, RoundPixelDetector::kR
     const double x = columns / moments.integral;
     const double y = rows / moments.integral;
     const SecondMoments sums = secondMoments(moments, x, y);
+    moments.status = FitStatus::NoRealWidth;
     // The moments of very large readings may overflow; such a frame is not valid.
     if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(sums.xx + sums.yy + sums.xy))
         return moments;
@@ -126,6 +126,7 @@ PixelMoments computePixelMoments(const std::array<double, RoundPixelDetector::kR
     moments.meanX = x + 0.5;
     moments.meanY = y + 0.5;
     moments.valid = true;
+    moments.status = FitStatus::Ok;
     return moments;
 }
 

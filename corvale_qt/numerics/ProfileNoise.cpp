@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/ProfileNoise.h"
+
+#include "corvale_qt/numerics/PeakSearch.h"
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
-#include "corvale_qt/numerics/ProfileRoutines_p.h"
 
 #include <cmath>
 
@@ -18,31 +19,30 @@ struct Sums
 
 } // namespace
 
-SignalToNoise signalToNoise(const ProfileFit &fit, float band)
+template<typename T>
+SignalToNoise signalToNoise(const T *values, int count, double mean, double sigma, double band)
 {
     SignalToNoise result;
-    if (!fit.valid)
-        return result;
-    const double lower = std::ceil(fit.mean - double(band) * fit.sigma);
-    const double upper = std::floor(fit.mean + double(band) * fit.sigma);
+    const double lower = std::ceil(mean - band * sigma);
+    const double upper = std::floor(mean + band * sigma);
     const auto isSignal = [lower, upper](int bin) {
         return bin >= lower && bin <= upper;
     };
 
     Sums sums;
-    for (int i = 0; i < fit.count(); ++i) {
-        (isSignal(i) ? sums.signal : sums.noise) += fit.values[i];
+    for (int i = 0; i < count; ++i) {
+        (isSignal(i) ? sums.signal : sums.noise) += values[i];
         sums.signalCount += isSignal(i);
     }
-    const int outside = fit.count() - sums.signalCount;
+    const int outside = count - sums.signalCount;
     if (outside <= 1 || sums.signalCount == 0)
         return result;
 
     const double noiseMean = sums.noise / outside;
     double squares = 0;
-    for (int i = 0; i < fit.count(); ++i) {
+    for (int i = 0; i < count; ++i) {
         if (!isSignal(i))
-            squares += (fit.values[i] - noiseMean) * (fit.values[i] - noiseMean);
+            squares += (values[i] - noiseMean) * (values[i] - noiseMean);
     }
     const double noiseSigma = std::sqrt(squares / (outside - 1));
     result.computed = true;
@@ -53,6 +53,20 @@ SignalToNoise signalToNoise(const ProfileFit &fit, float band)
     result.noiseMean = static_cast<float>(noiseMean);
     result.noiseSigma = static_cast<float>(noiseSigma);
     return result;
+}
+
+template SignalToNoise signalToNoise(const float *, int, double, double, double);
+template SignalToNoise signalToNoise(const double *, int, double, double, double);
+
+SignalToNoise signalToNoise(const ProfileFit &fit, float band)
+{
+    if (!fit.valid)
+        return SignalToNoise();
+    return signalToNoise(fit.values.constData(),
+                         fit.count(),
+                         double(fit.mean),
+                         double(fit.sigma),
+                         double(band));
 }
 
 float residualNoise(const ProfileFit &fit, int halfWidth)

@@ -4,8 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/numerics/FitStatus.h"
-#include "corvale_qt/numerics/LogParabolaRegression_p.h"
-#include "corvale_qt/numerics/PeakSearch_p.h"
+#include "corvale_qt/numerics/LogParabolaRegression.h"
 
 namespace Corvale_Qt {
 
@@ -15,10 +14,6 @@ struct ProfileFit;
     The computations on a histogram's bins. Each reads the values of the record, fills in the results, and sets
     `valid` if the status is Ok. On failure the record keeps the peak and the sum that were found. None of them
     throws, whatever the values are. */
-
-/*! Returns a window of 2 \a halfWidth + 1 bins around \a peak. Near an end of the profile the window is moved
-    inside; if it is longer than the profile, it is the whole profile. */
-IndexRange windowAround(int peak, int halfWidth, int count);
 
 //! Computes the moments of the bins whose value is above \a fraction of the largest; other bins count as 0.
 FitStatus computeCentreOfGravityAbove(ProfileFit &fit, float fraction);

@@ -96,6 +96,23 @@ void RVXMultichannelProxyModel::setChannelNames(const QStringList &names)
     }
 }
 
+bool RVXMultichannelProxyModel::showNames() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d->showNames;
+}
+
+void RVXMultichannelProxyModel::setShowNames(bool show)
+{
+    Q_D(RVXMultichannelProxyModel);
+    if (show == d->showNames)
+        return;
+    d->showNames = show;
+    if (!d->channels.isEmpty())
+        d->titlesChanged(1, d->channels.size());
+    Q_EMIT showNamesChanged(show);
+}
+
 void RVXMultichannelProxyModel::setChannelModelFactory(AbstractChannelModelFactory *factory)
 {
     Q_D(RVXMultichannelProxyModel);
@@ -143,6 +160,11 @@ QVariant RVXMultichannelProxyModel::data(const QModelIndex &index, int role) con
         return QBrush(RVXPlotColors::color(index.column() - 1));
     if (channel && index.row() == 0 && role == ChannelUnitRole)
         return RVXMultichannelProxyModelPrivate::unitOf(*channel);
+    if (channel && index.row() == 0 && (role == Qt::DisplayRole || role == Qt::EditRole)) {
+        const QString name = d->shownName(*channel);
+        if (!name.isEmpty())
+            return name;
+    }
     if (channel && index.row() >= 1 && channel->shownRow(index.row()) < 1)
         return RVXMultichannelProxyModelPrivate::withoutReading(role);
     return mapToSource(index).data(role);
@@ -169,6 +191,11 @@ RVXMultichannelProxyModel::headerData(int section, Qt::Orientation orientation, 
     const QAbstractItemModel *const items = channel.input->items;
     if (!items || !(section == 0 || channel.exists()))
         return QVariant();
+    if (section > 0 && role == Qt::DisplayRole) {
+        const QString name = d->shownName(channel);
+        if (!name.isEmpty())
+            return name;
+    }
     return items->headerData(section == 0 ? 0 : channel.column, orientation, role);
 }
 

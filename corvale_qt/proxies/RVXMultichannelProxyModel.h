@@ -42,6 +42,8 @@ class CORVALE_QT_EXPORT RVXMultichannelProxyModel : public QAbstractProxyModel,
                                                     public RVXAbstractPlotDataModel
 {
     Q_OBJECT
+    //! Whether the header row and the header show the channels' own names. Off at the start.
+    Q_PROPERTY(bool showNames READ showNames WRITE setShowNames NOTIFY showNamesChanged)
 
 public:
     //! Creates a proxy without channels, with a SingleChannelModelFactory.
@@ -65,6 +67,17 @@ public:
     QStringList channelNames() const;
     //! Calls addChannel() for each name. The channels that exist stay.
     void setChannelNames(const QStringList &names);
+
+    //! Returns whether channels with a name of their own show it; see setShowNames().
+    bool showNames() const;
+    /*! Shows the name of each channel in the header row and the header, or with false what its model shows there, which for
+        a RVXSingleChannelDataModel is its column's number. The name is the dynamic property "channel" of a model with a
+        single channel, else the title that the model gives the column, else RVXSingleChannelDataModel::channelName(),
+        also through the proxies that the model stands on. A channel without a name keeps the number. Emits
+        showNamesChanged(), and announces the titles as changed.
+
+        Set the property "channel" before the model is added: a later change is not announced. */
+    void setShowNames(bool show);
 
     /*! Sets the factory that creates models from now on; null for none. The previous factory is deleted at once. The proxy
         deletes \a factory in its destructor unless it has a parent. */
@@ -138,6 +151,8 @@ public:
 Q_SIGNALS:
     //! Emitted when any source emits it, with the unit of that source.
     void unitsChanged(const Corvale_Qt::Units::MeasurementUnit *unit);
+    //! Emitted when showNames() has changed to \a show.
+    void showNamesChanged(bool show);
 
 protected:
     //! Called after rows \a first to \a last of this proxy were inserted, before views hear of it.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
 
+#include "corvale_qt/proxies/ChannelName_p.h"
 #include "corvale_qt/proxies/Logging_p.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
 
@@ -183,9 +184,25 @@ void RVXMultichannelProxyModelPrivate::inputTitlesChanged(const MergedInput *inp
         return shown && shown->input == input && own >= first && own <= last;
     };
     for (int section = 0; section <= channels.size(); ++section) {
-        if (isChanged(section))
+        if (!isChanged(section))
+            continue;
+        if (showNames && section > 0)
+            titlesChanged(section, section);
+        else
             Q_EMIT q->headerDataChanged(Qt::Horizontal, section, section);
     }
+}
+
+void RVXMultichannelProxyModelPrivate::titlesChanged(int first, int last)
+{
+    Q_EMIT q->headerDataChanged(Qt::Horizontal, first, last);
+    // Views of plots read the header row.
+    Q_EMIT q->dataChanged(q->index(0, first), q->index(0, last), {Qt::DisplayRole, Qt::EditRole});
+}
+
+QString RVXMultichannelProxyModelPrivate::shownName(const Channel &channel) const
+{
+    return showNames ? channelName(channel.input->items, channel.column) : QString();
 }
 
 QVariant RVXMultichannelProxyModelPrivate::unitOf(const Channel &channel)

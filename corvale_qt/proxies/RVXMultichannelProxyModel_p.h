@@ -40,6 +40,10 @@ public:
     void inputDestroyed(MergedInput *input);
     //! Header sections \a first to \a last of \a input changed.
     void inputTitlesChanged(const MergedInput *input, int first, int last);
+    //! Announces the titles of columns \a first to \a last as changed, in the header and in the header row.
+    void titlesChanged(int first, int last);
+    //! Returns the name that the header shows for a channel; empty if it shows what the model shows.
+    QString shownName(const Channel &channel) const;
 
     /*! Returns the time of \a row in the first channel that has the row. If none has it, returns the newest time of the
         last channel with samples, or 0. */
@@ -59,6 +63,7 @@ public:
     RowLedger ledger;
     UnitsRelay unitsRelay;
     QPointer<AbstractChannelModelFactory> factory;
+    bool showNames = false;
 
 private:
     bool timesAreOfFirst() const;

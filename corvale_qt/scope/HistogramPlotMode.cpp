@@ -103,6 +103,7 @@ void HistogramPlotMode::readChannels(int channels, int row)
     }
     m_bars.divisor = plotDivisor();
     m_bars.unit = m_context.model.unitName();
+    m_bars.unitScale = m_context.model.unitScale();
 }
 
 //! Returns the largest magnitude of all bars in a normalised histogram, and 1 in others.

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -161,6 +162,8 @@ void HistogramStatistics::compute(const HistogramBars &bars)
                 device->setDeviceFit(bars.deviceFits, i);
             item.setValueUnit(bars.unit);
             item.setPlotDivisor(bars.divisor);
+            // A unit may turn the sign of its readings; the limits are for magnitudes.
+            item.setLimitFactor(std::abs(bars.unitScale));
             item.attach(m_plot);
             item.compute(group.offset, bars.values.mid(group.offset, group.size), axisUpper);
         }

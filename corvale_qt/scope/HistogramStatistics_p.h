@@ -36,6 +36,7 @@ struct HistogramBars
     QVector<float> values; //!< of all channels, not divided by divisor
     double divisor = 1.0; //!< the plot shows each value divided by this
     QString unit; //!< of the values; empty for none
+    double unitScale = 1.0; //!< what 1 in the base unit is in that unit
     QVariantList deviceFits;
 };
 

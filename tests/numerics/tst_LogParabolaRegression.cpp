@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/LogParabolaRegression_p.h"
+#include "corvale_qt/numerics/LogParabolaRegression.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/PixelMoments.h"
 #include "tests/beam/profile/Frames.h"
 #include "tests/support/TestMain.h"
 

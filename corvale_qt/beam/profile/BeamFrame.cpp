@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
-#include "corvale_qt/numerics/PixelMoments_p.h"
+#include "corvale_qt/numerics/PixelMoments.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <algorithm>
@@ -91,7 +91,8 @@ BeamFrame computeStripFrame(const FrameReadings &readings, const FrameOptions &o
         calc.sigmaY = kStripPitch * fits.y.sigma;
         frame.rasterMeanY = row + 0.5;
     }
-    calc.valid = fits.x.status == FitStatus::Ok && fits.y.status == FitStatus::Ok;
+    frame.status = fits.x.status != FitStatus::Ok ? fits.x.status : fits.y.status;
+    calc.valid = frame.status == FitStatus::Ok;
     if (calc.valid) {
         calc.elongation = calc.sigmaY / calc.sigmaX;
         takeStripEllipse(fits, frame);
@@ -136,6 +137,7 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     frame.calc.integral = moments.integral;
     frame.calc.max = moments.max;
     frame.hasMaximum = true;
+    frame.status = moments.status;
     if (moments.valid) {
         takePixelNumbers(moments, options, frame.calc);
         const bool mirrored = options.invertX != options.invertY;
@@ -172,23 +174,23 @@ bool isPresentable(const BeamFrame &frame)
 
 } // namespace
 
-DetectorGrid DetectorGrid::of(DetectorLayout layout)
+DetectorGrid DetectorGrid::of(ProfileLayout layout)
 {
     switch (layout) {
-    case DetectorLayout::StripPair:
+    case ProfileLayout::StripPair:
         return {kStrips, kStripPitch, 4};
-    case DetectorLayout::PixelMatrix:
+    case ProfileLayout::PixelMatrix:
         return {RoundPixelDetector::kSide, kPixelPitch, 2};
-    case DetectorLayout::None:
+    case ProfileLayout::None:
         break;
     }
     return {};
 }
 
-FrameReadings frameReadings(const QVector<double> &data)
+FrameReadings frameReadings(const double *values, int count)
 {
     FrameReadings readings{};
-    std::copy_n(data.begin(), std::min(data.size(), kFrameReadings), readings.begin());
+    std::copy_n(values, std::clamp(count, 0, kFrameReadings), readings.begin());
     return scaled(readings, 1);
 }
 
@@ -212,17 +214,24 @@ bool stripFrameIsEmpty(const FrameReadings &readings)
 }
 
 BeamFrame
-computeFrame(DetectorLayout layout, const FrameReadings &readings, const FrameOptions &options)
+computeFrame(ProfileLayout layout, const FrameReadings &readings, const FrameOptions &options)
 {
-    if (layout == DetectorLayout::None)
+    if (layout == ProfileLayout::None)
         return {};
-    BeamFrame frame = layout == DetectorLayout::StripPair ? computeStripFrame(readings, options)
-                                                          : computePixelFrame(readings, options);
+    BeamFrame frame = layout == ProfileLayout::StripPair ? computeStripFrame(readings, options)
+                                                         : computePixelFrame(readings, options);
     if (isPresentable(frame))
         return frame;
     BeamFrame nothing;
+    nothing.status = FitStatus::NoRealWidth;
     nothing.raster.fill(0, frame.raster.size());
     return nothing;
+}
+
+BeamFrame
+computeFrame(ProfileLayout layout, const double *readings, int count, const FrameOptions &options)
+{
+    return computeFrame(layout, frameReadings(readings, count), options);
 }
 
 } // namespace Corvale_Qt

@@ -29,6 +29,7 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
     , d_ptr(new RVXSpectrogramPrivate(this))
 {
     Q_D(RVXSpectrogram);
+    qRegisterMetaType<SpectrogramResult>("Corvale_Qt::SpectrogramResult");
     d->build();
     connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
     d->timer.start(100);
@@ -60,6 +61,7 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
 {
     Q_D(RVXSpectrogram);
     d->regression = {};
+    d->newestNumbers.reset();
     if (options.size() >= 4) {
         d->regression.thresholdFraction = options[0];
         d->regression.halfWidth = truncated(options[1]);
@@ -73,18 +75,18 @@ void RVXSpectrogram::setL408(bool enabled)
 {
     Q_D(RVXSpectrogram);
     if (enabled)
-        d->setLayout(DetectorLayout::StripPair, tr("LR40-8 Plot"));
-    else if (d->layout == DetectorLayout::StripPair)
-        d->layout = DetectorLayout::None;
+        d->setLayout(ProfileLayout::StripPair, tr("LR40-8 Plot"));
+    else if (d->layout == ProfileLayout::StripPair)
+        d->layout = ProfileLayout::None;
 }
 
 void RVXSpectrogram::setPixelated(bool enabled)
 {
     Q_D(RVXSpectrogram);
     if (enabled)
-        d->setLayout(DetectorLayout::PixelMatrix, tr("DW7/DW9 Plot"));
-    else if (d->layout == DetectorLayout::PixelMatrix)
-        d->layout = DetectorLayout::None;
+        d->setLayout(ProfileLayout::PixelMatrix, tr("DW7/DW9 Plot"));
+    else if (d->layout == ProfileLayout::PixelMatrix)
+        d->layout = ProfileLayout::None;
 }
 
 void RVXSpectrogram::setName(const char *name)
@@ -142,7 +144,7 @@ void RVXSpectrogram::sidebarEnabled(bool enabled)
     Q_D(RVXSpectrogram);
     d->sidebar = enabled;
     d->ui.scrollArea_sidebar->setVisible(enabled);
-    if (enabled && d->hasFrame)
+    if (enabled && d->shown.exists())
         d->showResults(); // most numbers are not updated while it is hidden
 }
 
@@ -158,6 +160,18 @@ void RVXSpectrogram::changeEvent(QEvent *event)
     // Not in setEnabled(), because a parent may also disable the display.
     if (event->type() == QEvent::EnabledChange)
         d->drawing = isEnabled();
+}
+
+SpectrogramResult RVXSpectrogram::result() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->newestResult();
+}
+
+SpectrogramResult RVXSpectrogram::shownResult() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->shownResult();
 }
 
 bool RVXSpectrogram::getCurrentEnabled() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/beam/profile/SpectrogramCalc.h"
+#include "corvale_qt/beam/profile/SpectrogramResult.h"
 #include "corvale_qt/corvale_qt_export.h"
 
 #include <QScopedPointer>
@@ -22,7 +23,8 @@ class RVXSpectrogramPrivate;
 
     Frames may come at any rate: a calculation is shown at most ten times a second, and the newest frame is shown at
     the next tick at the latest. The side bar shows the numbers; if it is hidden, the widget emits calcUpdate()
-    instead and the owner reads them with getCalc().
+    instead and the owner reads them with getCalc(). The numbers of every frame, shown or not, come with
+    frameCalculated(), whether the display is visible or not.
 
     \code
     auto *profile = new Corvale_Qt::RVXSpectrogram(window);
@@ -45,6 +47,11 @@ public:
 
     //! Returns the calculation of the frame that was shown last; it is not valid before the first frame.
     SpectrogramCalc getCalc() const;
+    /*! Returns the numbers of the newest frame, whether it is shown already or not. They are computed when they are asked
+        for, with the settings of now. */
+    SpectrogramResult result() const;
+    //! Returns the numbers of the frame that was shown last, as getCalc() does, and which frame it is.
+    SpectrogramResult shownResult() const;
     //! Returns whether the display shows currents instead of charges.
     bool getCurrentEnabled() const;
     //! Returns the limit below which a pixel counts as 0, in the current unit (coulomb or ampere).
@@ -63,9 +70,10 @@ public Q_SLOTS:
         the display starts from 0, so a first frame at 0 is ignored too. A step back in time clears the time plot. A
         time that is not finite is refused with a debug line. */
     void setData(const QVector<double> &readings, double timestamp);
-    /*! Sets the options of the strip pair's Gaussian fits: threshold fraction, half width in strips, minimum peak, a
-        number that is ignored, and weight power. With fewer than four entries all options are the defaults: 0, 1024,
-        1e-15 and 2. The other two arguments are ignored; they match the signature of the histograms' slot. */
+    /*! Sets the options of the strip pair's Gaussian fits: threshold fraction, half width in strips, minimum peak in
+        coulomb, a number that is ignored, and weight power. With fewer than four entries all options are the defaults:
+        0, 1024, 1e-15 and 2. The minimum peak stays a charge when currents are shown, so the same frames are fitted.
+        The other two arguments are ignored; they match the signature of the histograms' slot. */
     void SetRegressionOptions(bool enabled, const QVector<double> &options, int peaks);
     /*! Chooses the strip pair, and clears the time plot and any frame of another layout. False only leaves the
         strip pair: the display then has no layout. */
@@ -95,6 +103,10 @@ public Q_SLOTS:
 Q_SIGNALS:
     //! Emitted when getCalc() has a new calculation, but only while the side bar is hidden.
     void calcUpdate();
+    /*! Emitted by setData() with the numbers of every frame that it takes; it ignores a repeated time stamp, a strip frame that
+        is all 0, and all frames without a layout. While nobody is connected, frames that are not shown are not
+        computed. */
+    void frameCalculated(const Corvale_Qt::SpectrogramResult &result);
     //! Emitted when the user chooses another entry of the scaling box; \a index is counted from 0.
     void changedYScale(int index);
 

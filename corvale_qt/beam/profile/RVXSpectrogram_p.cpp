@@ -4,6 +4,9 @@
 #include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
+#include <QMetaMethod>
+#include <QPointer>
+
 #include <cmath>
 #include <limits>
 
@@ -44,8 +47,8 @@ void RVXSpectrogramPrivate::build()
     ui.sidebar->setLocale(QLocale::c());
     showNewest.setSingleShot(true);
     QObject::connect(&showNewest, &QTimer::timeout, q, [this] {
-        if (redrawPending && newestWaits && layout != DetectorLayout::None)
-            present(frameOf(newestCharges));
+        if (redrawPending && newestWaits && layout != ProfileLayout::None)
+            present(frameOf(newest.charges));
     });
     buildPlots();
     connectControls();
@@ -146,6 +149,7 @@ FrameOptions RVXSpectrogramPrivate::frameOptions() const
     options.invertY = ui.checkBox_invertY->isChecked();
     options.discriminator = discriminator->value();
     options.regression = regression;
+    options.regression.minimumPeak *= readingFactor();
     return options;
 }
 
@@ -160,11 +164,11 @@ EllipseOptions RVXSpectrogramPrivate::ellipseOptions() const
     return options;
 }
 
-void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &title)
+void RVXSpectrogramPrivate::setLayout(ProfileLayout newLayout, const QString &title)
 {
     layout = newLayout;
     ui.label_title->setText(title);
-    ui.discriminator_QScienceSpinBox->setEnabled(layout == DetectorLayout::PixelMatrix);
+    ui.discriminator_QScienceSpinBox->setEnabled(layout == ProfileLayout::PixelMatrix);
     history->clear();
     timePlot->replot();
     if (layout == plot->detector())
@@ -177,10 +181,12 @@ void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &t
 
 void RVXSpectrogramPrivate::clearFrame()
 {
-    hasFrame = false;
+    shown = {};
+    newest = {};
     newestWaits = false;
     lastMaximum = 0;
     calc = {};
+    shownStatus = FitStatus::NotComputed;
     for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>())
         box->setValue(box->minimum());
     showNoNumbers(QStringLiteral("NaN"));
@@ -205,6 +211,7 @@ void RVXSpectrogramPrivate::setCurrent(bool enabled)
 void RVXSpectrogramPrivate::setSampleRate(int rate)
 {
     sampleRate = rate;
+    newestNumbers.reset();
     threshold->setFactor(readingFactor());
     discriminator->setFactor(readingFactor());
 }
@@ -264,26 +271,68 @@ void RVXSpectrogramPrivate::setInverted()
 
 void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timestamp)
 {
+    Q_Q(RVXSpectrogram);
+    ++framesHandedOver;
     if (!std::isfinite(timestamp)) {
         qCDebug(lcProfile) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
         return;
     }
     if (timestamp == lastTimestamp)
         return;
-    const FrameReadings charges = frameReadings(data);
+    const FrameReadings charges = frameReadings(data.constData(), data.size());
     const FrameReadings readings = scaled(charges, readingFactor());
-    if (layout == DetectorLayout::StripPair && stripFrameIsEmpty(readings)) {
+    if (layout == ProfileLayout::StripPair && stripFrameIsEmpty(readings)) {
         qCDebug(lcProfile) << "2D incoming data is all 0";
         return;
     }
-    const BeamFrame frame = computeFrame(layout, readings, frameOptions());
-    remember(frame.calc, timestamp);
-    if (layout == DetectorLayout::None)
+    if (layout == ProfileLayout::None) {
+        lastTimestamp = timestamp;
         return;
-    newestCharges = charges;
+    }
+    newest = {charges, framesHandedOver, timestamp};
     newestWaits = true;
+    newestNumbers.reset();
+    const bool announced = isEveryFrameAskedFor();
+    BeamFrame frame;
+    if (sidebar || redrawPending || announced) {
+        frame = computeFrame(layout, readings, frameOptions());
+        newestNumbers = resultOf(newest, frame);
+    }
+    remember(frame.calc, timestamp);
+    const SpectrogramResult result = newestNumbers.value_or(SpectrogramResult());
+    // A slot may delete the display.
+    const QPointer<RVXSpectrogram> stillThere(q);
     if (redrawPending)
         present(frame);
+    if (stillThere && announced)
+        Q_EMIT q->frameCalculated(result);
+}
+
+bool RVXSpectrogramPrivate::isEveryFrameAskedFor() const
+{
+    Q_Q(const RVXSpectrogram);
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&RVXSpectrogram::frameCalculated);
+    return q->isSignalConnected(signal);
+}
+
+SpectrogramResult RVXSpectrogramPrivate::resultOf(const TakenFrame &taken,
+                                                  const BeamFrame &frame) const
+{
+    return {frame.status, frame.calc, taken.number, taken.time, current};
+}
+
+SpectrogramResult RVXSpectrogramPrivate::newestResult() const
+{
+    if (!newest.exists())
+        return SpectrogramResult();
+    if (!newestNumbers)
+        newestNumbers = resultOf(newest, frameOf(newest.charges));
+    return *newestNumbers;
+}
+
+SpectrogramResult RVXSpectrogramPrivate::shownResult() const
+{
+    return {shownStatus, calc, shown.number, shown.time, current};
 }
 
 void RVXSpectrogramPrivate::tick()
@@ -301,7 +350,7 @@ BeamFrame RVXSpectrogramPrivate::frameOf(const FrameReadings &charges) const
 
 void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double timestamp)
 {
-    if (sidebar && layout != DetectorLayout::None) {
+    if (sidebar) {
         if (timestamp < lastTimestamp) {
             qCDebug(lcProfile).nospace()
                 << "Incoming timestamp " << timestamp << " is less than old timestamp "
@@ -332,10 +381,9 @@ void RVXSpectrogramPrivate::present(const BeamFrame &frame)
             plot->replot();
         return; // the redraw stays pending, so that the next good frame is shown at once
     }
-    shownCharges = newestCharges;
-    if (!hasFrame)
+    if (!shown.exists())
         showNoNumbers(RVXSpectrogram::tr("N/A"));
-    hasFrame = true;
+    shown = newest;
     showFrame(frame);
     redrawPending = false;
     if (!sidebar)
@@ -345,13 +393,15 @@ void RVXSpectrogramPrivate::present(const BeamFrame &frame)
 //! Computes and shows the frame on the screen again, after a setting changed.
 void RVXSpectrogramPrivate::presentAgain()
 {
-    if (hasFrame)
-        showFrame(frameOf(shownCharges));
+    newestNumbers.reset();
+    if (shown.exists())
+        showFrame(frameOf(shown.charges));
 }
 
 void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)
 {
     calc = frame.calc;
+    shownStatus = frame.status;
     axisRotation = frame.axisRotation;
     if (calc.max > 0)
         lastMaximum = calc.max;

@@ -14,9 +14,21 @@
 
 #include <QTimer>
 
+#include <limits>
 #include <memory>
+#include <optional>
 
 namespace Corvale_Qt {
+
+//! A frame as it was handed over.
+struct TakenFrame
+{
+    FrameReadings charges{};
+    qint64 number = 0; //!< which call of setData() brought it, from 1; 0 for no frame
+    double time = std::numeric_limits<double>::quiet_NaN(); //!< seconds
+
+    bool exists() const { return number > 0; }
+};
 
 /*! Connects the controls of the side bar with the plots, decides when a frame is shown, and shows its numbers. */
 class RVXSpectrogramPrivate
@@ -29,7 +41,7 @@ public:
     void build();
 
     // Layout, unit and scale.
-    void setLayout(DetectorLayout layout, const QString &title);
+    void setLayout(ProfileLayout layout, const QString &title);
     void setCurrent(bool current);
     void setSampleRate(int rate);
     void applyUnit();
@@ -40,6 +52,8 @@ public:
     // From a new frame to the screen.
     void takeFrame(const QVector<double> &data, double timestamp);
     void remember(const SpectrogramCalc &calc, double timestamp);
+    SpectrogramResult newestResult() const;
+    SpectrogramResult shownResult() const;
     void tick();
     bool isBelowThreshold(const BeamFrame &frame) const;
     void present(const BeamFrame &frame);
@@ -59,8 +73,8 @@ public:
     QTimer showNewest; //!< fires once the events that are queued already are handled
 
     QString name;
-    DetectorLayout layout = DetectorLayout::None;
-    RegressionOptions<double> regression;
+    ProfileLayout layout = ProfileLayout::None;
+    RegressionOptions<double> regression; //!< with the smallest peak as a charge
 
     bool redrawPending = false;
     bool drawing = true; //!< whether the widget is enabled
@@ -78,10 +92,13 @@ public:
     std::unique_ptr<ChargeLimit> discriminator;
 
     SpectrogramCalc calc;
+    FitStatus shownStatus = FitStatus::NotComputed;
     double axisRotation = 0.0;
-    FrameReadings shownCharges{}; //!< the charges that the calculation was made from
-    bool hasFrame = false;
-    FrameReadings newestCharges{};
+    qint64 framesHandedOver = 0;
+    TakenFrame shown; //!< the frame that the calculation was made from
+    TakenFrame newest;
+    mutable std::optional<SpectrogramResult>
+        newestNumbers; //!< empty until they are computed with the settings of now
     bool newestWaits = false; //!< whether the newest frame is still to be painted
 
 private:
@@ -90,6 +107,8 @@ private:
     void connectDisplayOptions();
     void showNoNumbers(const QString &text);
     BeamFrame frameOf(const FrameReadings &charges) const;
+    SpectrogramResult resultOf(const TakenFrame &taken, const BeamFrame &frame) const;
+    bool isEveryFrameAskedFor() const;
     double colorRange() const;
     double readingFactor() const { return current ? sampleRate : 1.0; }
     //! Returns the full scale of the current mode, or 0 if it has none.

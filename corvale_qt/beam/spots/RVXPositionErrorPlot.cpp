@@ -3,6 +3,7 @@
 
 #include "corvale_qt/beam/spots/HighlightRecentDot_p.h"
 #include "corvale_qt/beam/spots/PositionErrorList_p.h"
+#include "corvale_qt/beam/spots/QueuedNotice_p.h"
 #include "corvale_qt/models/StructureWatcher_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 
@@ -15,10 +16,12 @@
 #include <qwt_text_label.h>
 
 #include <QEvent>
+#include <QMetaMethod>
 #include <QPolygonF>
 
 #include <cmath>
 #include <iterator>
+#include <optional>
 
 namespace Corvale_Qt {
 
@@ -79,6 +82,9 @@ public:
     QVector<PositionErrorSpot> dataForRows(const QModelIndex &parent, int first, int last) const;
     void loadModel();
     void spotsChanged();
+    PositionErrorStatistics statistics() const;
+    //! Forgets the statistics, and has statisticsChanged() emitted later if anybody listens.
+    void statisticsAreOld();
     //! Hands the spots to the curve if they have changed since the last call.
     void plot();
     QPointF pixelOf(int row) const;
@@ -89,6 +95,8 @@ public:
     float xTolerance = 0.0F;
     float yTolerance = 0.0F;
     bool plotPending = false;
+    mutable std::optional<PositionErrorStatistics> knownStatistics;
+    QueuedNotice statisticsNotice;
     StructureWatcher structureWatcher;
 
 private:
@@ -219,6 +227,35 @@ void RVXPositionErrorPlotPrivate::spotsChanged()
     ui.doubleSpinBox_Energy->setText(textOf(spots.energy(), 1));
     plotPending = true;
     q->viewport()->update();
+    statisticsAreOld();
+}
+
+PositionErrorStatistics RVXPositionErrorPlotPrivate::statistics() const
+{
+    if (!knownStatistics) {
+        QVector<double> x;
+        QVector<double> y;
+        for (int row = 0; row < spots.size(); ++row) {
+            x.append(spots.at(row).xError);
+            y.append(spots.at(row).yError);
+        }
+        knownStatistics = positionErrorStatistics(x.constData(),
+                                                  y.constData(),
+                                                  spots.size(),
+                                                  double(xTolerance),
+                                                  double(yTolerance));
+    }
+    return *knownStatistics;
+}
+
+void RVXPositionErrorPlotPrivate::statisticsAreOld()
+{
+    Q_Q(RVXPositionErrorPlot);
+    static const QMetaMethod signal =
+        QMetaMethod::fromSignal(&RVXPositionErrorPlot::statisticsChanged);
+    knownStatistics.reset();
+    if (q->isSignalConnected(signal))
+        statisticsNotice.post(q, &RVXPositionErrorPlot::statisticsChanged);
 }
 
 void RVXPositionErrorPlotPrivate::plot()
@@ -272,7 +309,14 @@ void RVXPositionErrorPlot::setTolerance(float tx, float ty)
         return;
     d->xTolerance = tx;
     d->yTolerance = ty;
+    d->statisticsAreOld();
     d->showTolerance();
+}
+
+PositionErrorStatistics RVXPositionErrorPlot::statistics() const
+{
+    Q_D(const RVXPositionErrorPlot);
+    return d->statistics();
 }
 
 void RVXPositionErrorPlot::clearSpotData()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "corvale_qt/beam/spots/PositionErrorStatistics.h"
 #include "corvale_qt/corvale_qt_export.h"
 
 #include <QAbstractItemView>
@@ -58,6 +59,11 @@ public:
         to a whole millimetre. Without a tolerance they follow the dots. */
     void setTolerance(float tx, float ty);
 
+    /*! Returns means, spreads, the worst error and how many spots are outside of the tolerance, in millimetres, of all rows of
+        the model. They are computed when they are asked for, whether the plot is visible or not, and kept until a row
+        or the tolerance changes. Spots are counted from the first row. */
+    PositionErrorStatistics statistics() const;
+
     void setModel(QAbstractItemModel *model) override;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
@@ -77,6 +83,10 @@ public Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,
                      const QModelIndex &bottomRight,
                      const QVector<int> &roles = QVector<int>()) override;
+
+Q_SIGNALS:
+    //! Emitted once when control returns to the event loop after rows or the tolerance, and with them statistics(), changed.
+    void statisticsChanged();
 
 protected:
     //! Removes all dots until the model changes.

@@ -120,6 +120,12 @@ void SpotMapView::setDiffTarget(const SpotMapView *target)
     d->targetChanged();
 }
 
+SpotDifferences SpotMapView::differences() const
+{
+    Q_D(const SpotMapView);
+    return d->differences();
+}
+
 void SpotMapView::setModel(QAbstractItemModel *model)
 {
     Q_D(SpotMapView);
@@ -356,9 +362,11 @@ void SpotMapView::resizeEvent(QResizeEvent *event)
 bool SpotMapView::eventFilter(QObject *watched, QEvent *event)
 {
     Q_D(SpotMapView);
-    if (watched == d->targetViewport && d->comparing()
-        && event->type() == SpotMapViewPrivate::spotsChangedEvent())
-        d->followTargetBounds();
+    if (watched == d->targetViewport && event->type() == SpotMapViewPrivate::spotsChangedEvent()) {
+        d->announceDifferences();
+        if (d->comparing())
+            d->followTargetBounds();
+    }
     // A repaint of the target without new spots is ignored: otherwise two views that compare with each other
     // would repaint for ever.
     if (watched == d->targetViewport && d->targetIsNews()

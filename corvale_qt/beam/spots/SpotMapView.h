@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "corvale_qt/beam/spots/SpotDifferences.h"
 #include "corvale_qt/corvale_qt_export.h"
 
 #include <QAbstractItemView>
@@ -96,6 +97,10 @@ public:
         which depends on the larger of their largest doses. Their colours are not used. Emits
         diffTargetChanged(). */
     void setDiffTarget(const SpotMapView *target);
+    /*! Returns how the spots differ from those of the target, in numbers; SpotDifferences says which spots belong together.
+        Without a target nothing is computed. The numbers do not depend on the display mode nor on what is visible, are
+        computed when they are asked for, and kept until one of the maps changes. */
+    SpotDifferences differences() const;
 
     void setModel(QAbstractItemModel *model) override;
 
@@ -131,6 +136,9 @@ Q_SIGNALS:
     void displayModeChanged(Corvale_Qt::SpotMapView::DisplayMode mode);
     //! Emitted after setDiffTarget() and after the deletion of the target. \a present tells whether there is a target.
     void diffTargetChanged(bool present);
+    /*! Emitted once when control returns to the event loop after differences() may have changed: after changes of the spots
+        of either map and of the target. */
+    void differencesChanged();
     //! Emitted by the destructor while the spots still exist, for the views that compare with this one.
     void aboutToBeDeleted(QPrivateSignal);
 

@@ -5,6 +5,7 @@
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 
 #include <QCoreApplication>
+#include <QMetaMethod>
 #include <QPainter>
 
 #include <cmath>
@@ -13,6 +14,20 @@
 namespace Corvale_Qt {
 
 namespace {
+
+//! Returns the spots that can be compared: those that can be drawn.
+QVector<ComparedSpot> comparable(const SpotList &spots)
+{
+    QVector<ComparedSpot> result;
+    result.reserve(spots.drawableCount());
+    for (int row = 0; row < spots.size(); ++row) {
+        const SpotMapView::MapSpot &spot = spots.at(row);
+        if (isDrawable(spot))
+            result.append(
+                {row, double(spot.x), double(spot.y), double(spot.dose), double(spot.sigma)});
+    }
+    return result;
+}
 
 //! The smallest radius of a ring around a spot, in pixels.
 constexpr double smallestRing = 3.0;
@@ -92,6 +107,7 @@ void SpotMapViewPrivate::spotsChanged()
     q->viewport()->update();
     QEvent event(spotsChangedEvent());
     QCoreApplication::sendEvent(q->viewport(), &event);
+    announceDifferences();
     resetBounds();
 }
 
@@ -252,10 +268,35 @@ void SpotMapViewPrivate::recreateFBO()
     q->viewport()->update();
 }
 
+SpotDifferences SpotMapViewPrivate::differences() const
+{
+    if (!target)
+        return SpotDifferences();
+    const SpotList &other = target->d_func()->spots;
+    if (!known.differences.computed || known.mapVersion != spots.version()
+        || known.targetVersion != other.version()) {
+        known = {spots.version(),
+                 other.version(),
+                 compareSpots(comparable(spots), comparable(other))};
+        known.differences.notComparable = spots.size() - spots.drawableCount();
+        known.differences.targetNotComparable = other.size() - other.drawableCount();
+    }
+    return known.differences;
+}
+
+void SpotMapViewPrivate::announceDifferences()
+{
+    Q_Q(SpotMapView);
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&SpotMapView::differencesChanged);
+    if (q->isSignalConnected(signal))
+        differencesNotice.post(q, &SpotMapView::differencesChanged);
+}
+
 void SpotMapViewPrivate::follow(const SpotMapView *newTarget)
 {
     Q_Q(SpotMapView);
     target = newTarget;
+    known = {};
     targetViewport = target ? target->viewport() : nullptr;
     if (!target)
         return;
@@ -270,6 +311,7 @@ void SpotMapViewPrivate::targetChanged()
 {
     Q_Q(SpotMapView);
     comparison.reset();
+    announceDifferences();
     recreateFBO();
     const QPointer<SpotMapView> stillThere(q);
     if (!target)

@@ -4,6 +4,8 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/beam/spots/MapComparison_p.h"
+#include "corvale_qt/beam/spots/QueuedNotice_p.h"
+#include "corvale_qt/beam/spots/SpotDifferences.h"
 #include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotMapView.h"
@@ -53,6 +55,10 @@ public:
     void drawRemarks(QPainter &painter) const;
     void recreateFBO();
 
+    SpotDifferences differences() const;
+    //! Has differencesChanged() emitted later if anybody listens.
+    void announceDifferences();
+
     void follow(const SpotMapView *target);
     void targetChanged();
 
@@ -75,10 +81,20 @@ public:
     const SpotMapView *target = nullptr;
     QPointer<QWidget> targetViewport;
     QMetaObject::Connection targetDeletion;
+    QueuedNotice differencesNotice;
     //! Null while no map is compared.
     std::unique_ptr<MapComparison> comparison;
 
 private:
+    //! The differences between two versions of the maps.
+    struct KnownDifferences
+    {
+        quint64 mapVersion = 0;
+        quint64 targetVersion = 0;
+        SpotDifferences differences; //!< not computed before the first use
+    };
+    mutable KnownDifferences known;
+
     //! Computes the bounds, and returns whether they changed.
     bool findBounds();
     //! Returns the lines that drawRemarks() writes.

@@ -2,7 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_GaussabolaHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
 #include "corvale_qt/scope/statistics/StatisticsParameters_p.h"
 
@@ -28,7 +28,7 @@ bool RVX_GaussabolaHistogramItem::compute(int offset,
                                           double axisUpper)
 {
     ProfileFit fit(values);
-    const FitStatus status = computeGaussabola(fit, float(m_minimumPeak));
+    const FitStatus status = computeGaussabola(fit, float(m_minimumPeak * limitFactor()));
     const bool measured = status == FitStatus::Ok && hasFullStatistics();
     setResidualNoise(measured ? double(Corvale_Qt::residualNoise(fit, m_noiseHalfWidth)) : 0.0);
     return take(offset, fit, status, axisUpper);

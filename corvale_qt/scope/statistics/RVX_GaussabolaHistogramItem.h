@@ -10,7 +10,7 @@ class CORVALE_QT_EXPORT RVX_GaussabolaHistogramItem : public RVX_FitHistogramIte
 {
 public:
     /*! Takes up to two parameters:
-        0. the smallest peak that is fitted, in the unit of the bars; default 1e-15;
+        0. the smallest peak that is fitted, in the base unit (see setLimitFactor()); default 1e-15;
         1. the half width in channels of the window around the peak in which residualNoise() is taken; default 5.
 
         \a axisWidget shows the ticks and the label. It is not owned and may be null. */

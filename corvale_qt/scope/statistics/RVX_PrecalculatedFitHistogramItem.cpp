@@ -2,7 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_PrecalculatedFitHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
 #include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
 #include "corvale_qt/scope/statistics/StatisticsParameters_p.h"

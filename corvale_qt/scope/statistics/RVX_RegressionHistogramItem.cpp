@@ -2,7 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_RegressionHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
 #include "corvale_qt/scope/statistics/StatisticsParameters_p.h"
 
@@ -18,15 +18,17 @@ public:
         if (parameters.size() >= 4) {
             options.thresholdFraction = float(parameters[0]);
             options.halfWidth = toTruncated(parameters[1]);
-            options.minimumPeak = float(parameters[2]);
-            minimumSum = float(parameters[3]);
+            minimumPeak = parameters[2];
+            minimumSum = parameters[3];
         }
         options.weightPower = toRounded(parameters.value(4, 2.0));
         chiSquareHalfWidth = toRounded(parameters.value(5, 5.0));
     }
 
-    RegressionOptions<float> options;
-    float minimumSum = 1.0e-14F;
+    RegressionOptions<float>
+        options; //!< but for the smallest peak, which depends on the unit of the bars
+    double minimumPeak = 1.0e-15; //!< in the base unit
+    double minimumSum = 1.0e-14; //!< in the base unit
     int chiSquareHalfWidth = 5;
 };
 
@@ -53,8 +55,10 @@ bool RVX_RegressionHistogramItem::compute(int offset,
     constexpr double largestNoise = 1.0;
 
     ProfileFit fit(values);
-    FitStatus status = computeRegression(fit, d->options);
-    if (status == FitStatus::Ok && fit.sum < d->minimumSum)
+    RegressionOptions<float> options = d->options;
+    options.minimumPeak = float(d->minimumPeak * limitFactor());
+    FitStatus status = computeRegression(fit, options);
+    if (status == FitStatus::Ok && fit.sum < float(d->minimumSum * limitFactor()))
         status = FitStatus::SignalBelowThreshold;
     double noise = 0.0;
     if (status == FitStatus::Ok && hasFullStatistics()) {

@@ -16,8 +16,8 @@ public:
     /*! Takes up to six parameters:
         0. the fraction of the peak that a bar must reach; default 0;
         1. the half width of the window around the peak in channels; default 1024;
-        2. the smallest peak that is fitted, in the unit of the bars; default 1e-15;
-        3. the smallest sum of all bars, in the unit of the bars; default 1e-14;
+        2. the smallest peak that is fitted, in the base unit (see setLimitFactor()); default 1e-15;
+        3. the smallest sum of all bars, in the base unit; default 1e-14;
         4. the weight of a bar as a power of its height; default 2;
         5. the half width in channels of the window around the peak in which residualNoise() is taken; default 5.
 

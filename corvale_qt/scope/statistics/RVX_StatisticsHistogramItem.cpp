@@ -2,7 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise_p.h"
+#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/scope/statistics/RVX_HistogramItemAxisWidget.h"
 
 #include <qwt_plot_marker.h>
@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QPen>
 #include <QPointer>
+
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -32,6 +34,7 @@ public:
     bool computed = false;
     QString valueUnit;
     double plotDivisor = 1.0;
+    double limitFactor = 1.0;
 };
 
 QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
@@ -183,6 +186,19 @@ double RVX_StatisticsHistogramItem::plotDivisor() const
     return d->plotDivisor;
 }
 
+void RVX_StatisticsHistogramItem::setLimitFactor(double factor)
+{
+    Q_D(RVX_StatisticsHistogramItem);
+    if (factor > 0.0 && std::isfinite(factor))
+        d->limitFactor = factor;
+}
+
+double RVX_StatisticsHistogramItem::limitFactor() const
+{
+    Q_D(const RVX_StatisticsHistogramItem);
+    return d->limitFactor;
+}
+
 void RVX_StatisticsHistogramItem::clear()
 {
     Q_D(RVX_StatisticsHistogramItem);
@@ -239,6 +255,7 @@ QString RVX_StatisticsHistogramItem::messageOf(FitStatus status)
     };
     switch (status) {
     case FitStatus::Ok:
+    case FitStatus::NotComputed:
         return QString();
     case FitStatus::NotEnoughChannels:
         return text(

@@ -74,6 +74,12 @@ public:
     void setPlotDivisor(double divisor);
     //! Returns the divisor of the marker and the curve; 1 unless set.
     double plotDivisor() const;
+    /*! Sets what 1 in the unit of the limits is in the unit of the bars: the lowest peak and the lowest sum are multiplied
+        by it, from the next compute() on. A view whose bars are in nanoampere sets 1e9, so that limits in ampere select
+        the same beams whatever the unit of display. A factor that is not above 0 and finite is ignored. */
+    void setLimitFactor(double factor);
+    //! Returns the factor of the limits; 1 unless set.
+    double limitFactor() const;
 
     //! Returns the translated text of a status; empty for FitStatus::Ok.
     static QString messageOf(FitStatus status);

@@ -1,39 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// Private: this header is not installed.
-
+#include "corvale_qt/corvale_qt_export.h"
 #include "corvale_qt/numerics/FitStatus.h"
-#include "corvale_qt/numerics/PeakSearch_p.h"
+#include "corvale_qt/numerics/PeakSearch.h"
 
 #include <array>
-#include <limits>
 
 namespace Corvale_Qt {
-
-/*! The choices in which the histogram items (float) and the beam-profile display (double) differ, although they
-    share the fit. */
-template<typename T>
-struct RegressionRules;
-
-template<>
-struct RegressionRules<float>
-{
-    //! The peak is searched in the raw readings, and only above zero.
-    static constexpr bool peakBeforePedestals = true;
-    static constexpr float peakFloor = 0.0F;
-    //! False: a negative weight power weights all bins alike.
-    static constexpr bool negativePowers = false;
-};
-
-template<>
-struct RegressionRules<double>
-{
-    //! The peak is the largest reading after the pedestals are subtracted, whatever its sign.
-    static constexpr bool peakBeforePedestals = false;
-    static constexpr double peakFloor = -std::numeric_limits<double>::infinity();
-    static constexpr bool negativePowers = true;
-};
 
 /*! Settings of fitLogParabola(). */
 template<typename T>
@@ -52,24 +26,31 @@ struct RegressionOptions
 template<typename T>
 struct RegressionResult
 {
-    FitStatus status = FitStatus::NotEnoughChannels;
-    Peak<T> peak;
+    //! Ok, NotEnoughChannels, PeakOnEdge, PeakBelowThreshold, NotEnoughPeakChannels, SingularEquations or NoRealWidth.
+    FitStatus status = FitStatus::NotComputed;
+    Peak<T> peak; //!< the largest reading, which the fit starts from
     T correctedSum = T(0); //!< sum of all bins less the pedestals; filled whatever the status
-    T mean = T(-1);
-    T sigma = T(-1);
-    T variance = T(-1);
+    T mean = T(-1); //!< centre of the Gaussian
+    T sigma = T(-1); //!< standard deviation
+    T variance = T(-1); //!< sigma^2
     T height = T(-1); //!< height of the Gaussian at its mean
     T area = T(-1); //!< integral of the Gaussian over the bins
 };
 
-/*! Fits a Gaussian to \a count readings by weighted least squares on their logarithms (a parabola: Caruana's
-    method, with the readings' powers as weights as Guo proposed, IEEE Signal Processing Magazine 28(5), 2011).
+/*! Fits a Gaussian to \a count readings of equidistant bins by weighted least squares on their logarithms (a parabola:
+    R. A. Caruana et al., Analytical Chemistry 58, 1162, 1986; with powers of the readings as weights as proposed by
+    H. Guo, IEEE Signal Processing Magazine 28(5), 134, 2011). Readings that follow a Gaussian exactly give it exactly.
 
     Pedestals are subtracted from four quarters of count / 4 bins; up to three bins at the end keep their value.
     Readings that are not positive carry no weight. Sums and equations are double whatever T is, because in single
-    precision the determinant of a wide run is noise. */
+    precision the determinant of a wide run is noise.
+
+    T is float or double. The two differ in three choices. In single precision the peak is searched in the readings as they
+    are, above zero, and a negative weight power weights all bins alike; in double precision the peak is searched after
+    the pedestals are subtracted, whatever its sign, and a negative power is applied. */
 template<typename T>
-RegressionResult<T> fitLogParabola(const T *values, int count, const RegressionOptions<T> &options);
+CORVALE_QT_EXPORT RegressionResult<T>
+fitLogParabola(const T *values, int count, const RegressionOptions<T> &options = {});
 
 extern template RegressionResult<float>
 fitLogParabola(const float *, int, const RegressionOptions<float> &);

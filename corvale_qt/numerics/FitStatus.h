@@ -17,6 +17,8 @@ enum class FitStatus : int {
     SingularEquations = -7,
     //! The equations have a solution, but its width is not a positive, finite number.
     NoRealWidth = -8,
+    //! Nothing was computed: there is no sample yet, or no longer. No computation returns this.
+    NotComputed = -9,
 };
 
 } // namespace Corvale_Qt

@@ -145,6 +145,7 @@ void RVXScope::SetPlotMode(int plotMode)
 void RVXScope::SetPositiveOnly(bool positiveOnly)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     if (!d->ui.positiveOnlyButton->isHidden())
         d->ui.positiveOnlyButton->setChecked(positiveOnly);
 }
@@ -152,6 +153,7 @@ void RVXScope::SetPositiveOnly(bool positiveOnly)
 void RVXScope::SetRange(double min, double max)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     if (!d->ui.plotView->SetRange(min, max))
         return;
     // In the lists of absolute ranges, the index is not a scale mode.
@@ -170,6 +172,7 @@ void RVXScope::SetYScaleMode(int mode)
 void RVXScope::SetYScale(int scaleMode)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     const YRangeChoice choice =
         yRangeChoice(d->yScaleMode, scaleMode, d->ui.scaleYCombo->itemText(scaleMode));
     d->ui.positiveOnlyButton->setEnabled(choice.canBePositiveOnly);
@@ -180,12 +183,12 @@ void RVXScope::SetYScale(int scaleMode)
     }
     d->ui.plotView->SetYScaleMode(choice.scaleMode);
     d->announceYScale();
-    d->announceChanges();
 }
 
 void RVXScope::SetAveragingMode(int averagingMode)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->averaging->setAveraging(qRound(std::pow(10.0, averagingMode)));
     d->showState();
 }
@@ -195,12 +198,14 @@ void RVXScope::ZeroNow()
     Q_D(RVXScope);
     if (!d->hasModel() || d->baseModel->rowCount() <= 1)
         return;
+    const PanelChange change(*d);
     d->zeroing->zeroNow();
 }
 
 void RVXScope::ZeroClear()
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->zeroing->zeroClear();
 }
 
@@ -288,9 +293,9 @@ void RVXScope::on_checkBox_bufferedInterval_toggled(bool checked)
 void RVXScope::on_comboBox_period_currentIndexChanged(int)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     Clear();
     d->applyPeriod();
-    d->announceChanges();
 }
 
 void RVXScope::changeEvent(QEvent *event)

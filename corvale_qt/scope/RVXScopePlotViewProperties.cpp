@@ -32,14 +32,14 @@ double RVXScopePlotView::yMaximum() const
 
 void RVXScopePlotView::setYMinimum(double minimum)
 {
-    if (SetRange(minimum, yMaximum()))
-        setYScaleMode(yScaleMode());
+    Q_D(RVXScopePlotView);
+    d->setRange({minimum, yMaximum()});
 }
 
 void RVXScopePlotView::setYMaximum(double maximum)
 {
-    if (SetRange(yMinimum(), maximum))
-        setYScaleMode(yScaleMode());
+    Q_D(RVXScopePlotView);
+    d->setRange({yMinimum(), maximum});
 }
 
 void RVXScopePlotView::setYScaleMode(PlotScales mode)

@@ -22,6 +22,7 @@
 #include <QMetaMethod>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -163,6 +164,17 @@ void RVXScopePlotViewPrivate::setMode(int newMode)
         Q_EMIT q_ptr->plotModeChanged(RVXScopePlotView::PlotMode(newMode));
 }
 
+void RVXScopePlotViewPrivate::setRange(const std::pair<double, double> &range)
+{
+    {
+        const QSignalBlocker blocker(q_ptr); // a slot may delete the view
+        if (!q_ptr->SetRange(range.first, range.second))
+            return;
+        q_ptr->SetYScaleMode(context.yScale.mode);
+    }
+    Q_EMIT q_ptr->rangeChanged(range.first, range.second);
+}
+
 void RVXScopePlotViewPrivate::spanChanged()
 {
     context.stripStart.restart();
@@ -192,8 +204,8 @@ void RVXScopePlotViewPrivate::announceLater()
 {
     if (announcementAsked)
         return;
-    const bool hasMarkers = context.markers.isAttached(0) || context.markers.isAttached(1)
-        || announcedMarkers.first.isSet || announcedMarkers.second.isSet;
+    const bool hasMarkers =
+        markersEnabled || announcedMarkers.first.isSet || announcedMarkers.second.isSet;
     // The cheap questions come first: this is asked for each row that comes.
     bool hasNews = context.statistics.hasNews();
     if (hasNews && !isHeard(&RVXScopePlotView::statisticsChanged)) {

@@ -56,6 +56,8 @@ public:
 
     //! Switches to a mode, also without a model. Does nothing for a number that is not a mode.
     void setMode(int newMode);
+    //! Sets the full-scale range and applies it to the y axis.
+    void setRange(const std::pair<double, double> &range);
     //! Plots anew after timeSpan or sampleSpan has changed.
     void spanChanged();
 

@@ -13,6 +13,7 @@ namespace Corvale_Qt {
 void RVXScope::setPlotMode(PlotMode mode)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->ui.plotView->setPlotMode(RVXScopePlotView::PlotMode(mode));
     d->followMode();
 }
@@ -32,6 +33,7 @@ RVXScope::PlotTabs RVXScope::plotTabs() const
 void RVXScope::setPlotTabs(PlotTabs tabs)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     PlotModeTabs present = d->tabs();
     {
         // The first tab of an empty bar is selected, but the mode stays.
@@ -46,7 +48,6 @@ void RVXScope::setPlotTabs(PlotTabs tabs)
         if (!tabs.testFlag(PlotTab(1 << mode)))
             present.remove(mode);
     }
-    d->announceChanges();
 }
 
 void RVXScope::setYScaleMode(YScaleMode mode)
@@ -71,6 +72,7 @@ int RVXScope::yScaleIndex() const
 void RVXScope::setYScaleIndex(int index)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     if (index >= 0 && index < d->ui.scaleYCombo->count())
         d->ui.scaleYCombo->setCurrentIndex(index);
 }
@@ -112,6 +114,7 @@ int RVXScope::averaging() const
 void RVXScope::setAveraging(int length)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     const int entry = averagingEntry(length);
     if (entry >= 0)
         d->ui.averagingCombo->setCurrentIndex(entry);
@@ -135,12 +138,10 @@ void RVXScope::setPeriod(int milliseconds)
     const int entry = periodEntry(milliseconds);
     if (entry < 0 || entry == d->ui.comboBox_period->currentIndex())
         return;
-    {
-        const QSignalBlocker blocker(d->ui.comboBox_period); // its signal clears the samples
-        d->ui.comboBox_period->setCurrentIndex(entry);
-    }
+    const PanelChange change(*d);
+    const QSignalBlocker blocker(d->ui.comboBox_period); // its signal clears the samples
+    d->ui.comboBox_period->setCurrentIndex(entry);
     d->applyPeriod();
-    d->announceChanges();
 }
 
 double RVXScope::timeSpan() const
@@ -152,6 +153,7 @@ double RVXScope::timeSpan() const
 void RVXScope::setTimeSpan(double span)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->ui.plotView->setTimeSpan(span);
 }
 
@@ -164,6 +166,7 @@ int RVXScope::sampleSpan() const
 void RVXScope::setSampleSpan(int samples)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->ui.plotView->setSampleSpan(samples);
 }
 
@@ -176,6 +179,7 @@ bool RVXScope::areMarkersEnabled() const
 void RVXScope::setMarkersEnabled(bool enable)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->ui.plotView->enablePlotMarker(enable);
 }
 
@@ -188,6 +192,7 @@ bool RVXScope::areControlsVisible() const
 void RVXScope::setControlsVisible(bool visible)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->ui.confButton->setChecked(visible);
 }
 
@@ -216,7 +221,6 @@ bool RVXScope::restoreState(const QByteArray &state, int version)
     if (!wanted)
         return false;
     d->apply(*wanted);
-    d->announceChanges();
     return true;
 }
 

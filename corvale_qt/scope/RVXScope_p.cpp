@@ -9,7 +9,6 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <cmath>
@@ -161,7 +160,7 @@ PanelState RVXScopePrivate::state() const
 void RVXScopePrivate::apply(const PanelState &wanted)
 {
     Q_Q(RVXScope);
-    const QScopedValueRollback<bool> guard(isApplying, true);
+    const PanelChange change(*this);
     q->setPlotTabs(RVXScope::PlotTabs(wanted.tabs));
     q->setPlotMode(RVXScope::PlotMode(wanted.plotMode));
     if (wanted.yScaleMode != yScaleMode)
@@ -191,7 +190,7 @@ void RVXScopePrivate::announceChange(Value PanelState::*field, void (RVXScope::*
 
 void RVXScopePrivate::announceChanges()
 {
-    if (isApplying)
+    if (changesUnderway > 0)
         return;
     const QPointer<RVXScope> panel(q_ptr); // a slot may delete it
     const auto tell = [&](auto field, auto changed) {
@@ -266,6 +265,7 @@ bool RVXScopePrivate::offerMode(int mode, bool offer)
 
 void RVXScopePrivate::setYScaleList(int list)
 {
+    const PanelChange change(*this);
     yScaleMode = list;
     {
         const QSignalBlocker blocker(ui.scaleYCombo);

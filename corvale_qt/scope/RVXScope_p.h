@@ -64,9 +64,32 @@ public:
     RVXZeroingProxyModel *const zeroing;
     int yScaleMode = RVXScope::PercentRanges;
     PanelState announced;
-    bool isApplying = false; //!< changes are announced when all of them are made
+    int changesUnderway = 0; //!< they are announced when all of them are made
     bool saving = false;
     QString lastSaveDirectory;
+};
+
+/*! A change of several settings of a panel. The signals come when the outermost change is complete, because a slot may
+    delete the panel. */
+class PanelChange
+{
+public:
+    explicit PanelChange(RVXScopePrivate &d)
+        : m_panel(d.q_ptr)
+        , m_d(d)
+    {
+        ++m_d.changesUnderway;
+    }
+    ~PanelChange()
+    {
+        if (m_panel && --m_d.changesUnderway == 0)
+            m_d.announceChanges();
+    }
+    Q_DISABLE_COPY(PanelChange)
+
+private:
+    const QPointer<RVXScope> m_panel;
+    RVXScopePrivate &m_d;
 };
 
 } // namespace Corvale_Qt

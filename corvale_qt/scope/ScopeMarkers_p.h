@@ -42,7 +42,7 @@ public:
     ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model);
 
     QSharedPointer<QwtPlotMarker> item(int index) const { return m_states[size_t(index)].item; }
-    bool isAttached(int index) const { return item(index)->plot() != nullptr; }
+    bool isAttached(int index) const { return m_states[size_t(index)].item->plot() != nullptr; }
     //! Returns the marker that keys move: the one placed last.
     int selected() const { return m_selected; }
 

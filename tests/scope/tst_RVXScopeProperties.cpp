@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QSignalSpy>
 
 #include <memory>
@@ -109,6 +110,7 @@ private Q_SLOTS:
     void tabs();
     void whatAHostSetsOnTheView();
     void aSlotMaySetAPropertyAgain();
+    void aSlotMayDeleteThePanel();
     void periodKeepsTheSamples();
     void slotsOfTheHost();
     void spansOverrideTheModel_data();
@@ -281,14 +283,39 @@ void tst_RVXScopeProperties::aSlotMaySetAPropertyAgain()
     panel.chooseTab("Histogram");
     QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
     QCOMPARE(heard.join(' '), QString("2 0"));
+}
 
-    auto *gone = new RVXScope;
-    connect(gone, &RVXScope::plotModeChanged, gone, [gone] {
-        delete gone;
-    });
+//! Whatever is set, a host may delete the panel when it hears of the change.
+void tst_RVXScopeProperties::aSlotMayDeleteThePanel()
+{
     RVXScope other;
     disarrange(other);
-    gone->restoreState(other.saveState());
+    const std::pair<const char *, QVariant> settings[] = {{"plotMode", 2},
+                                                          {"yScaleMode", 2},
+                                                          {"yMinimum", -3.0},
+                                                          {"averaging", 10},
+                                                          {"period", 100},
+                                                          {"timeSpan", 1.0},
+                                                          {"markersEnabled", true},
+                                                          {"state", other.saveState()}};
+    for (const auto &[name, value] : settings) {
+        QPointer<RVXScope> panel = new RVXScope;
+        const auto deleted = [&] {
+            delete panel;
+        };
+        connect(panel, &RVXScope::plotModeChanged, deleted);
+        connect(panel, &RVXScope::yScaleModeChanged, deleted);
+        connect(panel, &RVXScope::rangeChanged, deleted);
+        connect(panel, &RVXScope::averagingChanged, deleted);
+        connect(panel, &RVXScope::periodChanged, deleted);
+        connect(panel, &RVXScope::timeSpanChanged, deleted);
+        connect(panel, &RVXScope::markersEnabledChanged, deleted);
+        if (qstrcmp(name, "state") == 0)
+            panel->restoreState(value.toByteArray());
+        else
+            panel->setProperty(name, value);
+        QVERIFY2(!panel, name);
+    }
 }
 
 //! Only the operator's choice of a period clears the samples.

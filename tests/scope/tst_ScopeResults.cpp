@@ -332,6 +332,8 @@ void tst_ScopeResults::onlyWhatCountsIsAnnounced()
     QVERIFY(heard());
     v.view.enableHistogramItem(View::RegressionItem, 2, {}, true);
     QVERIFY(heard());
+    v.model.remove(2, 2);
+    QVERIFY(heard());
 }
 
 void tst_ScopeResults::hostsMayDeleteTheViewOnHearing()

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
 #include <qwt_plot.h>
@@ -39,16 +39,6 @@ public:
     }
 };
 
-namespace {
-
-//! Returns the value for the fits: 0 for a channel without a reading and for a reading beyond single precision.
-float fitValue(double reading)
-{
-    return std::isfinite(float(reading)) ? float(reading) : 0.0F;
-}
-
-} // namespace
-
 HistogramPlotMode::HistogramPlotMode(ScopeContext &context)
     : ScopePlotMode(context)
     , m_series(new BarSeries)
@@ -73,12 +63,13 @@ void HistogramPlotMode::plot()
         clear();
         return;
     }
-    readChannels(channels, last);
-    drawBars();
+    m_context.statistics.read(last);
+    const double divisor = plotDivisor();
+    drawBars(divisor);
     m_context.histogram.attach(m_context.plot);
     m_context.axes.setYTitle(m_context.yTitle());
-    showStatistics(last);
-    showMarkers(last);
+    m_context.statistics.showResults(divisor);
+    showMarkers();
     m_context.plot->updateAxes();
 }
 
@@ -90,55 +81,30 @@ void HistogramPlotMode::clear()
     m_context.plot->updateAxes();
 }
 
-void HistogramPlotMode::readChannels(int channels, int row)
-{
-    m_readings.resize(channels);
-    m_bars.values.resize(channels);
-    for (int i = 0; i < channels; ++i) {
-        const double value = m_context.model.isShown(i + 1)
-            ? m_context.model.plot()->doubleData(row, i + 1)
-            : std::nan("");
-        m_readings[i] = std::isfinite(value) ? value : std::nan("");
-        m_bars.values[i] = fitValue(m_readings[i]);
-    }
-    m_bars.divisor = plotDivisor();
-    m_bars.unit = m_context.model.unitName();
-    m_bars.unitScale = m_context.model.unitScale();
-}
-
 //! Returns the largest magnitude of all bars in a normalised histogram, and 1 in others.
 double HistogramPlotMode::plotDivisor() const
 {
     double largest = 0.0;
-    for (double reading : m_readings) {
+    for (double reading : m_context.statistics.bars().readings) {
         if (std::abs(reading) > largest)
             largest = std::abs(reading);
     }
     return m_context.yScale.mode == RVXScopePlotView::Normalized && largest > 0.0 ? largest : 1.0;
 }
 
-void HistogramPlotMode::drawBars()
+void HistogramPlotMode::drawBars(double divisor)
 {
-    m_series->resize(m_readings.size());
-    for (int i = 0; i < m_readings.size(); ++i) {
-        const bool hasReading = !std::isnan(m_readings[i]);
-        m_series->setValue(i, hasReading ? m_readings[i] / m_bars.divisor : 0.0);
-    }
+    const QVector<double> &readings = m_context.statistics.bars().readings;
+    m_series->resize(readings.size());
+    for (int i = 0; i < readings.size(); ++i)
+        m_series->setValue(i, std::isnan(readings[i]) ? 0.0 : readings[i] / divisor);
 }
 
-void HistogramPlotMode::showStatistics(int row)
-{
-    m_bars.deviceFits.clear();
-    if (m_context.statistics.needsDeviceFits())
-        m_bars.deviceFits = m_context.model.deviceFits(row);
-    m_context.statistics.compute(m_bars);
-}
-
-void HistogramPlotMode::showMarkers(int row)
+void HistogramPlotMode::showMarkers()
 {
     for (int i = 0; i < ScopeMarkers::count; ++i) {
         if (m_context.markers.isAttached(i))
-            describeMarker(i, row);
+            describeMarker(i);
     }
     if (m_context.markers.isAttached(0) && m_context.markers.isAttached(1)) {
         keepLabelsApart(*m_context.markers.item(0),
@@ -147,44 +113,80 @@ void HistogramPlotMode::showMarkers(int row)
     }
 }
 
-void HistogramPlotMode::describeMarker(int index, int row)
+void HistogramPlotMode::describeMarker(int index)
 {
+    const QVector<double> &readings = m_context.statistics.bars().readings;
     QwtPlotMarker &marker = *m_context.markers.item(index);
     const int channel = markerChannel(index);
-    QString text = barText(channel, row);
-    if (index == 1 && m_context.markers.isAttached(0)) {
-        const auto ends = std::minmax({channel, markerChannel(0)});
-        MarkerStatistics statistics;
-        for (int bar = ends.first; bar <= ends.second; ++bar)
-            statistics.add(m_readings[bar - 1]);
-        text = spanText(text, statistics);
-    }
+    QString text = barText(channel);
+    if (index == 1 && m_context.markers.isAttached(0))
+        text = spanText(text, span());
     marker.setValue(channel, m_series->sample(size_t(channel - 1)).value);
     setMarkerLabel(marker, text, index == m_context.markers.selected());
     setMarkerLine(marker, m_context.model.brush(channel));
-    alignMarkerLabel(marker, channel > 0.75 * m_readings.size() ? Qt::AlignLeft : Qt::AlignRight);
+    alignMarkerLabel(marker, channel > 0.75 * readings.size() ? Qt::AlignLeft : Qt::AlignRight);
 }
 
 //! Returns the label of a marker on a bar. In a normalised histogram, whose axis has no unit, it names the unit.
-QString HistogramPlotMode::barText(int channel, int row) const
+QString HistogramPlotMode::barText(int channel) const
 {
-    const double reading = m_readings[channel - 1];
-    const QString text =
-        sampleText(m_context.model, m_context.model.plot()->doubleData(row, 0), channel, reading);
+    const HistogramBars &bars = m_context.statistics.bars();
+    const double reading = bars.readings[channel - 1];
+    const QString text = sampleText(m_context.model, bars.time, channel, reading);
     const bool namesUnit = m_context.yScale.mode == RVXScopePlotView::Normalized
-        && !std::isnan(reading) && !m_bars.unit.isEmpty();
-    return namesUnit ? text + QLatin1Char(' ') + m_bars.unit : text;
+        && !std::isnan(reading) && !bars.unit.isEmpty();
+    return namesUnit ? text + QLatin1Char(' ') + bars.unit : text;
 }
 
 int HistogramPlotMode::markerChannel(int index) const
 {
     const double x = m_context.markers.item(index)->xValue();
-    return int(std::lround(std::clamp(x, 1.0, double(m_readings.size()))));
+    const int channels = m_context.statistics.bars().readings.size();
+    return int(std::lround(std::clamp(x, 1.0, double(channels))));
+}
+
+//! Returns the statistics of the bars from one marker to the other.
+MarkerStatistics HistogramPlotMode::span() const
+{
+    const auto ends = std::minmax({markerChannel(0), markerChannel(1)});
+    MarkerStatistics statistics;
+    for (int bar = ends.first; bar <= ends.second; ++bar)
+        statistics.add(m_context.statistics.bars().readings[bar - 1]);
+    return statistics;
+}
+
+ScopeMarkerStatistics HistogramPlotMode::markerStatistics() const
+{
+    ScopeMarkerStatistics result;
+    const HistogramBars &bars = m_context.statistics.bars();
+    if (bars.readings.isEmpty())
+        return result;
+    ScopeMarkerStatistics::Marker *const markers[ScopeMarkers::count] = {&result.first,
+                                                                         &result.second};
+    for (int i = 0; i < ScopeMarkers::count; ++i) {
+        const int channel = markerChannel(i);
+        if (m_context.markers.isAttached(i))
+            *markers[i] = {true, bars.row, channel, bars.time, bars.readings[channel - 1]};
+    }
+    if (result.hasSpan()) {
+        result.difference = result.second.reading - result.first.reading;
+        span().writeTo(result);
+    }
+    return result;
+}
+
+bool HistogramPlotMode::showsReadings() const
+{
+    const QVector<double> &readings = m_context.statistics.bars().readings;
+    return m_context.histogram.plot()
+        && std::any_of(readings.begin(), readings.end(), [](double reading) {
+               return !std::isnan(reading);
+           });
 }
 
 void HistogramPlotMode::moveMarker(int index, int steps)
 {
-    if (!m_readings.isEmpty())
+    if (!m_context.statistics.bars().readings.isEmpty())
         m_context.markers.item(index)->setXValue(markerChannel(index) + steps);
 }
 

@@ -3,14 +3,14 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
-#include <QVector>
+#include <QString>
 
 namespace Corvale_Qt {
 
 class BarSeries;
+class MarkerStatistics;
 
 //! The newest sample as one bar for each channel, with statistics.
 class HistogramPlotMode : public ScopePlotMode
@@ -21,21 +21,19 @@ public:
     void plot() override;
     void clear() override;
     void moveMarker(int index, int steps) override;
+    ScopeMarkerStatistics markerStatistics() const override;
+    bool showsReadings() const override;
 
 private:
-    void readChannels(int channels, int row);
-    void drawBars();
     double plotDivisor() const;
-    void showStatistics(int row);
-    void showMarkers(int row);
-    void describeMarker(int index, int row);
-    QString barText(int channel, int row) const;
+    void drawBars(double divisor);
+    void showMarkers();
+    void describeMarker(int index);
+    QString barText(int channel) const;
     int markerChannel(int index) const;
+    MarkerStatistics span() const;
 
     BarSeries *m_series; //!< owned by the histogram
-    QVector<double>
-        m_readings; //!< one for each channel; NaN without a reading and for a hidden channel
-    HistogramBars m_bars;
 };
 
 } // namespace Corvale_Qt

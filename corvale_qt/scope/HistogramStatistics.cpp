@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/statistics/RVX_CoGHistogramItem.h"
@@ -11,6 +12,7 @@
 
 #include <qwt_plot.h>
 
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -38,6 +40,12 @@ std::unique_ptr<RVX_StatisticsHistogramItem> createItem(RVXScopePlotView::Histog
     return nullptr;
 }
 
+//! Returns the value for the fits: 0 for a channel without a reading and for a reading beyond single precision.
+float fitValue(double reading)
+{
+    return std::isfinite(float(reading)) ? float(reading) : 0.0F;
+}
+
 //! Returns whether an item can show an energy; a centre of gravity cannot.
 bool hasEnergy(const RVX_StatisticsHistogramItem &item)
 {
@@ -55,8 +63,9 @@ ChannelGroup channelGroup(int index, int count, int channels)
     return {offset, index == count - 1 ? channels - offset : size};
 }
 
-HistogramStatistics::HistogramStatistics(QwtPlot *plot)
+HistogramStatistics::HistogramStatistics(QwtPlot *plot, const ScopeModel &model)
     : m_plot(plot)
+    , m_model(model)
 {
 }
 
@@ -82,6 +91,8 @@ void HistogramStatistics::enable(Type type,
 {
     if (type < 0 || size_t(type) >= m_families.size())
         return;
+    const QScopedValueRollback<bool> guard(m_isBusy, true);
+    outdate();
     Family &family = m_families[size_t(type)];
     family.items.clear();
     family.axisWidget->hide();
@@ -89,6 +100,7 @@ void HistogramStatistics::enable(Type type,
         family.items.push_back(createItem(type, family.axisWidget, parameters, full));
         RVX_StatisticsHistogramItem &item = *family.items.back();
         item.clear();
+        RVX_StatisticsHistogramItemPrivate::of(item).source = this;
         if (!hasEnergy(item))
             continue;
         item.toggleMLFC(m_showsEnergy);
@@ -106,6 +118,18 @@ QVector<RVX_StatisticsHistogramItem *> HistogramStatistics::items(Type type) con
             result.append(item.get());
     }
     return result;
+}
+
+bool HistogramStatistics::hasItems() const
+{
+    return std::any_of(m_families.begin(), m_families.end(), [](const Family &family) {
+        return !family.items.empty();
+    });
+}
+
+bool HistogramStatistics::hasItems(Type type) const
+{
+    return !m_families[size_t(type)].items.empty();
 }
 
 template<typename Action>
@@ -134,9 +158,55 @@ void HistogramStatistics::hide()
 
 void HistogramStatistics::clear()
 {
+    const QScopedValueRollback<bool> guard(m_isBusy, true);
+    m_bars = HistogramBars();
+    m_isOutdated = false;
     forEachItem([](RVX_StatisticsHistogramItem &item) {
         item.clear();
     });
+}
+
+void HistogramStatistics::bringUpToDate()
+{
+    if (m_isBusy)
+        return;
+    const int row = m_model.channelCount() > 0 ? std::max(m_model.lastRow(), 0) : 0;
+    if (isCurrent(row))
+        return;
+    if (row < 1) {
+        clear();
+        return;
+    }
+    read(row);
+    compute(false);
+}
+
+/*! Returns whether the results are those of the sample in \a row. A host that hears of a sample before the view does may
+    ask for its results already. */
+bool HistogramStatistics::isCurrent(int row) const
+{
+    if (m_isOutdated || row != m_bars.row)
+        return false;
+    const double time = row > 0 ? m_model.plot()->doubleData(row, 0) : m_bars.time;
+    return time == m_bars.time || (std::isnan(time) && std::isnan(m_bars.time));
+}
+
+void HistogramStatistics::read(int row)
+{
+    const int channels = m_model.channelCount();
+    const RVXAbstractPlotDataModel *const plot = m_model.plot();
+    m_bars.row = row;
+    m_bars.time = plot->doubleData(row, 0);
+    m_bars.readings.resize(channels);
+    m_bars.values.resize(channels);
+    for (int i = 0; i < channels; ++i) {
+        const double value = m_model.isShown(i + 1) ? plot->doubleData(row, i + 1) : std::nan("");
+        m_bars.readings[i] = std::isfinite(value) ? value : std::nan("");
+        m_bars.values[i] = fitValue(m_bars.readings[i]);
+    }
+    m_bars.unit = m_model.unitName();
+    m_bars.unitScale = m_model.unitScale();
+    m_bars.deviceFits = needsDeviceFits() ? m_model.deviceFits(row) : QVariantList();
 }
 
 bool HistogramStatistics::needsDeviceFits() const
@@ -148,9 +218,21 @@ bool HistogramStatistics::needsDeviceFits() const
     return needed;
 }
 
-void HistogramStatistics::compute(const HistogramBars &bars)
+void HistogramStatistics::showResults(double divisor)
 {
-    const int channels = bars.values.size();
+    forEachItem([this, divisor](RVX_StatisticsHistogramItem &item) {
+        item.setPlotDivisor(divisor);
+        item.attach(m_plot);
+    });
+    compute(true);
+}
+
+//! Computes all items, each from its share of the channels.
+void HistogramStatistics::compute(bool shown)
+{
+    const QScopedValueRollback<bool> guard(m_isBusy, true);
+    m_isOutdated = false;
+    const int channels = m_bars.values.size();
     // The axis of the plot ends half a channel behind the last channel.
     const double axisUpper = channels + 0.5;
     for (const Family &family : m_families) {
@@ -159,19 +241,24 @@ void HistogramStatistics::compute(const HistogramBars &bars)
             RVX_StatisticsHistogramItem &item = *family.items[size_t(i)];
             const ChannelGroup group = channelGroup(i, count, channels);
             if (auto *device = dynamic_cast<RVX_PrecalculatedFitHistogramItem *>(&item))
-                device->setDeviceFit(bars.deviceFits, i);
-            item.setValueUnit(bars.unit);
-            item.setPlotDivisor(bars.divisor);
+                device->setDeviceFit(m_bars.deviceFits, i);
+            auto &result = RVX_StatisticsHistogramItemPrivate::of(item);
+            result.row = m_bars.row;
+            result.time = m_bars.time;
+            result.showsResults = shown;
+            item.setValueUnit(m_bars.unit);
             // A unit may turn the sign of its readings; the limits are for magnitudes.
-            item.setLimitFactor(std::abs(bars.unitScale));
-            item.attach(m_plot);
-            item.compute(group.offset, bars.values.mid(group.offset, group.size), axisUpper);
+            item.setLimitFactor(std::abs(m_bars.unitScale));
+            item.compute(group.offset, m_bars.values.mid(group.offset, group.size), axisUpper);
+            result.showsResults = true;
         }
     }
 }
 
 void HistogramStatistics::toggleMLFC(bool enable)
 {
+    const QScopedValueRollback<bool> guard(m_isBusy,
+                                           true); // the labels show what was computed last
     m_showsEnergy = enable;
     forEachItem([enable](RVX_StatisticsHistogramItem &item) {
         if (hasEnergy(item))
@@ -181,6 +268,7 @@ void HistogramStatistics::toggleMLFC(bool enable)
 
 void HistogramStatistics::upload_MLFC_calibration_table(const std::vector<double> *table)
 {
+    const QScopedValueRollback<bool> guard(m_isBusy, true);
     m_hasEnergies = table != nullptr;
     m_energies = table ? *table : std::vector<double>();
     std::vector<double> *energies = m_hasEnergies ? &m_energies : nullptr;

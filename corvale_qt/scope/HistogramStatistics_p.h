@@ -4,11 +4,13 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
 
 #include <QVariantList>
 #include <QVector>
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -18,7 +20,7 @@ class QwtPlot;
 namespace Corvale_Qt {
 
 class RVX_HistogramItemAxisWidget;
-class RVX_StatisticsHistogramItem;
+class ScopeModel;
 
 //! A group of consecutive channels.
 struct ChannelGroup
@@ -30,24 +32,32 @@ struct ChannelGroup
 //! Returns the channels of item \a index of \a count. If there are fewer channels than items, some groups are empty.
 ChannelGroup channelGroup(int index, int count, int channels);
 
-//! What a histogram shows, in the form that the statistics items need.
+//! One sample of a model, in the forms that the histogram and the statistics items need.
 struct HistogramBars
 {
-    QVector<float> values; //!< of all channels, not divided by divisor
-    double divisor = 1.0; //!< the plot shows each value divided by this
+    int row = 0; //!< of the sample in the model; 0 for none
+    double time = std::numeric_limits<double>::quiet_NaN(); //!< x of the sample
+    //! One for each channel; NaN without a reading and for a hidden channel.
+    QVector<double> readings;
+    //! The readings for the fits: 0 without a reading and for one beyond single precision.
+    QVector<float> values;
     QString unit; //!< of the values; empty for none
     double unitScale = 1.0; //!< what 1 in the base unit is in that unit
     QVariantList deviceFits;
 };
 
-//! All statistics items of a view. The items of one type share an axis widget.
-class HistogramStatistics
+/*! All statistics items of a view. The items of one type share an axis widget.
+
+    The results belong to the newest sample of the model. A plot of the histogram computes and shows them; without one, in
+    another mode or while the view is hidden, they are computed when an item is asked for its result. */
+class HistogramStatistics : public StatisticsSource
 {
 public:
     using Type = RVXScopePlotView::HistogramItemTypes;
 
-    explicit HistogramStatistics(QwtPlot *plot);
-    ~HistogramStatistics();
+    //! \a plot and \a model are not owned.
+    HistogramStatistics(QwtPlot *plot, const ScopeModel &model);
+    ~HistogramStatistics() override;
 
     //! Creates the axis widgets, hidden, at the top of a layout. Must be called before the other functions.
     void insertInto(QVBoxLayout *layout);
@@ -55,6 +65,8 @@ public:
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);
     //! Returns the items of a type in channel order; they are not given away.
     QVector<RVX_StatisticsHistogramItem *> items(Type type) const;
+    bool hasItems() const;
+    bool hasItems(Type type) const;
 
     //! Shows the axis widgets of the types that have items.
     void show();
@@ -63,10 +75,23 @@ public:
     //! Clears the results of all items, because there is no sample to compute from.
     void clear();
 
-    //! Returns whether an item shows fits that the device computes.
-    bool needsDeviceFits() const;
-    //! Computes all items, each from its share of the channels.
-    void compute(const HistogramBars &bars);
+    //! Notes that the newest sample, or something else that the results depend on, has changed.
+    void outdate()
+    {
+        m_isOutdated = true;
+        m_isAnnounced = false;
+    }
+    //! Returns whether there are items whose change has not been announced.
+    bool hasNews() const { return !m_isAnnounced && hasItems(); }
+    void setAnnounced() { m_isAnnounced = true; }
+    //! Computes all items from the newest sample if that has not been done yet. Shows nothing.
+    void bringUpToDate() override;
+    //! Reads the sample in \a row, which a plot is about to draw.
+    void read(int row);
+    //! Returns the sample that was read last.
+    const HistogramBars &bars() const { return m_bars; }
+    //! Computes all items from bars() and shows the results on the plot, which divides the bars by \a divisor.
+    void showResults(double divisor);
 
     // Items that are enabled later get both settings, too.
     void toggleMLFC(bool enable);
@@ -81,8 +106,16 @@ private:
 
     template<typename Action>
     void forEachItem(Action action) const;
+    bool needsDeviceFits() const;
+    bool isCurrent(int row) const;
+    void compute(bool shown);
 
     QwtPlot *m_plot;
+    const ScopeModel &m_model;
+    HistogramBars m_bars;
+    bool m_isOutdated = true;
+    bool m_isAnnounced = true;
+    bool m_isBusy = false; //!< the items ask for the results that are just being computed
     std::array<Family, 4> m_families;
     bool m_showsEnergy = false;
     std::vector<double> m_energies;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,6 +40,18 @@ double MarkerStatistics::standardDeviation() const
         return 0.0;
     const double variance = (m_offsetSquares - m_offsets * m_offsets / m_count) / (m_count - 1);
     return variance < 0.0 ? 0.0 : std::sqrt(variance); // below 0 by rounding only
+}
+
+void MarkerStatistics::writeTo(ScopeMarkerStatistics &result) const
+{
+    result.count = m_count;
+    result.missing = m_missing;
+    if (m_count == 0)
+        return;
+    result.sum = m_sum;
+    result.mean = mean();
+    result.rms = rms();
+    result.standardDeviation = standardDeviation();
 }
 
 MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows)

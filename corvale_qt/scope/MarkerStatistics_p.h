@@ -8,6 +8,7 @@
 namespace Corvale_Qt {
 
 class PlotColumnReader;
+struct ScopeMarkerStatistics;
 
 /*! Statistics of values that are added one by one. A value that is not finite counts as missing and does not enter the
     results. */
@@ -25,6 +26,8 @@ public:
     double rms() const;
     //! Returns the sample standard deviation, with count - 1 degrees of freedom; 0 for fewer than two values.
     double standardDeviation() const;
+    //! Writes the numbers into the form that hosts read; they are NaN without values.
+    void writeTo(ScopeMarkerStatistics &result) const;
 
 private:
     int m_count = 0;

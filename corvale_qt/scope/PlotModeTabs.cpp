@@ -26,10 +26,24 @@ QString titleOf(int mode)
 
 int PlotModeTabs::add(int mode)
 {
-    const int index = m_bar->addTab(QString());
+    const int index = m_bar->count();
+    place(index, mode);
+    return index;
+}
+
+void PlotModeTabs::insert(int mode)
+{
+    int index = 0;
+    while (index < m_bar->count() && modeAt(index) < mode)
+        ++index;
+    place(index, mode);
+}
+
+void PlotModeTabs::place(int index, int mode)
+{
+    m_bar->insertTab(index, QString());
     m_bar->setTabData(index, mode);
     setTitle(index);
-    return index;
 }
 
 /*! Sets the text and the accessible name of a tab. A screen reader reads only the tab, so its name includes "Plot
@@ -63,6 +77,14 @@ int PlotModeTabs::modeAt(int index) const
 {
     const QVariant mode = m_bar->tabData(index);
     return mode.isValid() ? mode.toInt() : index;
+}
+
+int PlotModeTabs::flags() const
+{
+    int flags = 0;
+    for (int index = 0; index < m_bar->count(); ++index)
+        flags |= 1 << modeAt(index);
+    return flags;
 }
 
 void PlotModeTabs::retranslate()

@@ -20,16 +20,21 @@ public:
 
     //! Adds a tab for the mode at the end and returns its index.
     int add(int mode);
+    //! Adds a tab for the mode in front of the first tab of a later mode.
+    void insert(int mode);
     //! Removes the tab of the mode, if there is one.
     void remove(int mode);
     //! Returns the index of the mode's tab, or -1 if it has none.
     int indexOf(int mode) const;
     //! Returns the mode of a tab, or \a index itself if there is no such tab.
     int modeAt(int index) const;
+    //! Returns the modes that have a tab as RVXScope::PlotTab flags.
+    int flags() const;
     //! Sets the titles again, in the current language.
     void retranslate();
 
 private:
+    void place(int index, int mode);
     void setTitle(int index);
 
     QTabBar *const m_bar;

@@ -4,6 +4,7 @@
 #include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
+#include "corvale_qt/scope/YRanges_p.h"
 
 #include <QEvent>
 #include <QFileDialog>
@@ -56,6 +57,9 @@ RVXScope::RVXScope(QWidget *parent)
     , d_ptr(new RVXScopePrivate(this))
 {
     Q_D(RVXScope);
+    qRegisterMetaType<PlotMode>("Corvale_Qt::RVXScope::PlotMode");
+    qRegisterMetaType<PlotTabs>("Corvale_Qt::RVXScope::PlotTabs");
+    qRegisterMetaType<YScaleMode>("Corvale_Qt::RVXScope::YScaleMode");
     d->ui.setupUi(this);
     setFocusProxy(d->ui.plotView);
     d->setUpButtons();
@@ -65,17 +69,20 @@ RVXScope::RVXScope(QWidget *parent)
     d->ui.plotView->SetBufferSizeLabel(d->ui.bufferSizeLabel);
     d->zeroing->setSourceModel(d->averaging);
     d->connectControls();
+    d->connectView();
     SetYScale(0);
     SetAveragingMode(0);
     ZeroClear();
+    d->announced = d->state();
 }
 
 RVXScope::~RVXScope()
 {
     Q_D(RVXScope);
-    // The proxies are deleted with the other children, after the private part, and the first emits a reset when
+    // Proxies and view are deleted with the other children, after the private part, and the first emits a reset when
     // deleted.
     d->zeroing->disconnect(this);
+    d->ui.plotView->disconnect(this);
 }
 
 void RVXScope::setModel(QAbstractItemModel *model)
@@ -88,8 +95,6 @@ void RVXScope::setModel(QAbstractItemModel *model)
     if (model && !d->hasModel())
         qCWarning(scopeLog) << "RVXScope::setModel:" << model << "is not a plot data model";
     d->ui.plotView->setModel(d->hasModel() ? d->zeroing : nullptr);
-    // The view accepts a mode only while it has a model.
-    d->ui.plotView->SetPlotMode(d->plotMode);
     if (d->ui.comboBox_period->currentIndex() > 0)
         d->applyPeriod();
 }
@@ -126,22 +131,21 @@ QVBoxLayout *RVXScope::getPositionLayout() const
 
 void RVXScope::SetPlotMode(PlotMode mode)
 {
-    Q_D(RVXScope);
-    const int tab = d->tabs().indexOf(mode);
-    if (tab >= 0)
-        d->ui.modeSelect->setCurrentIndex(tab);
-    d->showMode(mode);
+    setPlotMode(mode);
 }
 
 void RVXScope::SetPlotMode(int plotMode)
 {
     Q_D(RVXScope);
-    d->showMode(d->tabs().modeAt(plotMode));
+    const int mode = d->tabs().modeAt(plotMode);
+    if (mode >= StripMode && mode <= SplitMode)
+        setPlotMode(PlotMode(mode));
 }
 
 void RVXScope::SetPositiveOnly(bool positiveOnly)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     if (!d->ui.positiveOnlyButton->isHidden())
         d->ui.positiveOnlyButton->setChecked(positiveOnly);
 }
@@ -149,6 +153,7 @@ void RVXScope::SetPositiveOnly(bool positiveOnly)
 void RVXScope::SetRange(double min, double max)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     if (!d->ui.plotView->SetRange(min, max))
         return;
     // In the lists of absolute ranges, the index is not a scale mode.
@@ -160,25 +165,14 @@ void RVXScope::SetRange(double min, double max)
 void RVXScope::SetYScaleMode(int mode)
 {
     Q_D(RVXScope);
-    if (mode != AutomaticRange && mode != AbsoluteRanges && mode != AbsolutePositiveRanges)
-        return;
-    d->yScaleMode = mode;
-    {
-        const QSignalBlocker blocker(d->ui.scaleYCombo);
-        d->ui.scaleYCombo->clear();
-        d->ui.scaleYCombo->addItems(yRangeTexts(mode));
-    }
-    d->ui.positiveOnlyButton->setVisible(mode == AbsoluteRanges);
-    if (mode == AbsoluteRanges)
-        d->ui.plotView->SetPositiveOnly(d->ui.positiveOnlyButton->isChecked());
-    else if (mode == AbsolutePositiveRanges)
-        d->ui.plotView->SetPositiveOnly(true);
-    SetYScale(0);
+    if (mode == AutomaticRange || mode == AbsoluteRanges || mode == AbsolutePositiveRanges)
+        d->setYScaleList(mode);
 }
 
 void RVXScope::SetYScale(int scaleMode)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     const YRangeChoice choice =
         yRangeChoice(d->yScaleMode, scaleMode, d->ui.scaleYCombo->itemText(scaleMode));
     d->ui.positiveOnlyButton->setEnabled(choice.canBePositiveOnly);
@@ -194,6 +188,7 @@ void RVXScope::SetYScale(int scaleMode)
 void RVXScope::SetAveragingMode(int averagingMode)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->averaging->setAveraging(qRound(std::pow(10.0, averagingMode)));
     d->showState();
 }
@@ -203,12 +198,14 @@ void RVXScope::ZeroNow()
     Q_D(RVXScope);
     if (!d->hasModel() || d->baseModel->rowCount() <= 1)
         return;
+    const PanelChange change(*d);
     d->zeroing->zeroNow();
 }
 
 void RVXScope::ZeroClear()
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     d->zeroing->zeroClear();
 }
 
@@ -280,18 +277,6 @@ void RVXScope::setSplitEnabled(bool enable)
     d->offerMode(SplitMode, enable);
 }
 
-bool RVXScope::isDerivativeVisible() const
-{
-    Q_D(const RVXScope);
-    return !d->ui.derivativeButton->isHidden();
-}
-
-void RVXScope::setDerivativeVisible(bool visible)
-{
-    Q_D(RVXScope);
-    d->ui.derivativeButton->setVisible(visible);
-}
-
 void RVXScope::on_buffered_interval_doubleSpinBox_valueChanged(double arg1)
 {
     Q_D(RVXScope);
@@ -308,6 +293,7 @@ void RVXScope::on_checkBox_bufferedInterval_toggled(bool checked)
 void RVXScope::on_comboBox_period_currentIndexChanged(int)
 {
     Q_D(RVXScope);
+    const PanelChange change(*d);
     Clear();
     d->applyPeriod();
 }

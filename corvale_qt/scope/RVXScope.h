@@ -27,6 +27,9 @@ class RVXScopePrivate;
     scope.show();
     \endcode
 
+    What the controls say is also a property of the panel: setting the property moves the control, and a click on the control
+    emits the property's signal. saveState() keeps all of it.
+
     While the focus is in the panel, Ctrl+S saves, Ctrl+L clears and Ctrl+0 zeroes, even if an action of the host has
     the same keys. The host gets a key if the focus is elsewhere, or if the button for it is hidden or disabled. */
 class CORVALE_QT_EXPORT RVXScope : public QWidget
@@ -34,6 +37,37 @@ class CORVALE_QT_EXPORT RVXScope : public QWidget
     Q_OBJECT
     //! Whether the button "d/dx" is visible; false at first.
     Q_PROPERTY(bool derivativeVisible READ isDerivativeVisible WRITE setDerivativeVisible)
+    //! What the plot shows; StripMode at first.
+    Q_PROPERTY(PlotMode plotMode READ plotMode WRITE setPlotMode NOTIFY plotModeChanged)
+    //! The modes that have a tab; strip, scope and histogram at first.
+    Q_PROPERTY(PlotTabs plotTabs READ plotTabs WRITE setPlotTabs NOTIFY plotTabsChanged)
+    //! The list of y ranges that the operator chooses from; PercentRanges at first.
+    Q_PROPERTY(YScaleMode yScaleMode READ yScaleMode WRITE setYScaleMode NOTIFY yScaleModeChanged)
+    //! The chosen entry of that list, counted from 0, which is always "Auto".
+    Q_PROPERTY(int yScaleIndex READ yScaleIndex WRITE setYScaleIndex NOTIFY yScaleIndexChanged)
+    //! Lower end of the full-scale range in the unit of the data; -1 at first.
+    Q_PROPERTY(double yMinimum READ yMinimum WRITE setYMinimum NOTIFY rangeChanged)
+    //! Upper end of the full-scale range in the unit of the data; 1 at first.
+    Q_PROPERTY(double yMaximum READ yMaximum WRITE setYMaximum NOTIFY rangeChanged)
+    //! Whether the y axis shows only a tenth of the negative range; false at first.
+    Q_PROPERTY(
+        bool positiveOnly READ isPositiveOnly WRITE SetPositiveOnly NOTIFY positiveOnlyChanged)
+    //! Length of the running average in samples: 1 (no averaging), 10, 100 or 1000; 1 at first.
+    Q_PROPERTY(int averaging READ averaging WRITE setAveraging NOTIFY averagingChanged)
+    //! Whether a zero is subtracted from the data.
+    Q_PROPERTY(bool zeroed READ isZeroed NOTIFY zeroedChanged STORED false)
+    //! Acquisition period in milliseconds: 0 (as fast as readings come), 100, 1000 or 10000; 0 at first.
+    Q_PROPERTY(int period READ period WRITE setPeriod NOTIFY periodChanged)
+    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for.
+    Q_PROPERTY(double timeSpan READ timeSpan WRITE setTimeSpan NOTIFY timeSpanChanged)
+    //! Number of samples in a sweep and across the strip chart; 0, as at first, for the number that the model asks for.
+    Q_PROPERTY(int sampleSpan READ sampleSpan WRITE setSampleSpan NOTIFY sampleSpanChanged)
+    //! Whether clicks on the plot place markers; false at first.
+    Q_PROPERTY(bool markersEnabled READ areMarkersEnabled WRITE setMarkersEnabled NOTIFY
+                   markersEnabledChanged)
+    //! Whether the controls below the tabs are visible, which the button at the right end of the tabs switches; true at first.
+    Q_PROPERTY(bool controlsVisible READ areControlsVisible WRITE setControlsVisible NOTIFY
+                   controlsVisibleChanged)
 
 public:
     //! What the plot shows; the values are those of RVXScopePlotView::PlotMode.
@@ -46,6 +80,31 @@ public:
         SplitMode = 5,
     };
     Q_ENUM(PlotMode)
+
+    //! The tabs that a panel can have, one for each PlotMode.
+    enum PlotTab {
+        StripTab = 0x01,
+        ScopeTab = 0x02,
+        HistogramTab = 0x04,
+        SpectrogramTab = 0x08,
+        PositionTab = 0x10,
+        SplitTab = 0x20,
+    };
+    Q_DECLARE_FLAGS(PlotTabs, PlotTab)
+    Q_FLAG(PlotTabs)
+
+    //! The lists of y ranges that the panel can offer.
+    enum YScaleMode {
+        //! Percentages of SetRange(); the index of an entry is its RVXScopePlotView::PlotScales value.
+        PercentRanges = 0,
+        //! The scale follows the data.
+        AutomaticRange = 1,
+        //! From minus a value to plus that value, in the unit of the data.
+        AbsoluteRanges = 2,
+        //! From 0 to a value, in the unit of the data.
+        AbsolutePositiveRanges = 3,
+    };
+    Q_ENUM(YScaleMode)
 
     //! Creates a panel without a model, in strip mode.
     explicit RVXScope(QWidget *parent = nullptr);
@@ -68,6 +127,15 @@ public:
 
     //! Sets what the plot shows, and selects the tab of the mode if there is one.
     void SetPlotMode(PlotMode mode);
+    //! Does what SetPlotMode(PlotMode) does.
+    void setPlotMode(PlotMode mode);
+    //! Returns what the plot shows.
+    PlotMode plotMode() const;
+    //! Returns the modes that have a tab.
+    PlotTabs plotTabs() const;
+    /*! Sets the modes that have a tab. New tabs are inserted in the order of the modes. If the tab of the current mode goes,
+        the mode of a tab beside it is shown. */
+    void setPlotTabs(PlotTabs tabs);
     //! Presses or releases the button for positive values; has no effect while that button is hidden.
     void SetPositiveOnly(bool positiveOnly);
     //! Sets the full-scale range of the y axis, of which the percentages are taken, in the unit of the data.
@@ -76,6 +144,60 @@ public:
         of the data. At first the list has percentages of SetRange(). It cannot be set back to these, on purpose: hosts
         rely on other values than 1, 2 and 3 being ignored. */
     void SetYScaleMode(int mode);
+    //! Sets the list of y ranges, which may also be PercentRanges, and selects its first entry.
+    void setYScaleMode(YScaleMode mode);
+    //! Returns the list of y ranges.
+    YScaleMode yScaleMode() const;
+    //! Returns the chosen entry of the list of y ranges, counted from 0.
+    int yScaleIndex() const;
+    //! Chooses an entry of the list of y ranges. Ignores an index that the list does not have.
+    void setYScaleIndex(int index);
+    //! Returns the minimum of the full-scale range, in the unit of the data.
+    double yMinimum() const;
+    //! Returns the maximum of the full-scale range, in the unit of the data.
+    double yMaximum() const;
+    //! Sets the minimum of the full-scale range. Ignores a number that is not finite.
+    void setYMinimum(double minimum);
+    //! Sets the maximum of the full-scale range. Ignores a number that is not finite.
+    void setYMaximum(double maximum);
+    //! Returns whether the y axis shows only a tenth of the negative range.
+    bool isPositiveOnly() const;
+
+    //! Returns the length of the running average in samples; 1 without averaging.
+    int averaging() const;
+    //! Sets the length of the running average in samples. Ignores lengths other than 1, 10, 100 and 1000.
+    void setAveraging(int length);
+    //! Returns whether a zero is subtracted from the data.
+    bool isZeroed() const;
+    //! Returns the acquisition period in milliseconds; 0 for as fast as readings come.
+    int period() const;
+    /*! Sets the acquisition period in milliseconds. Ignores periods other than 0, 100, 1000 and 10000. The samples are
+        kept; they are cleared only when the operator chooses another period. */
+    void setPeriod(int milliseconds);
+
+    //! Returns the width of the strip chart in the unit of x; 0 if the model decides.
+    double timeSpan() const;
+    //! Sets the width of the strip chart in the unit of x, see RVXScopePlotView::setTimeSpan().
+    void setTimeSpan(double span);
+    //! Returns the number of samples in a sweep and across the strip chart; 0 if the model decides.
+    int sampleSpan() const;
+    //! Sets the number of samples in a sweep and across the strip chart, see RVXScopePlotView::setSampleSpan().
+    void setSampleSpan(int samples);
+    //! Returns whether clicks on the plot place markers.
+    bool areMarkersEnabled() const;
+    //! Sets whether clicks on the plot place markers. Switching this off removes both markers.
+    void setMarkersEnabled(bool enable);
+    //! Returns whether the controls below the tabs are visible.
+    bool areControlsVisible() const;
+    //! Shows or hides the controls below the tabs.
+    void setControlsVisible(bool visible);
+
+    /*! Returns the properties above, except zeroed and derivativeVisible, as bytes that restoreState() reads. \a version is a
+        number of the host, for when the meaning of its states changes. */
+    QByteArray saveState(int version = 0) const;
+    /*! Sets the properties to those that saveState() returned for the same \a version. Returns false and changes nothing if
+        the bytes are not such a state. The samples are kept. */
+    bool restoreState(const QByteArray &state, int version = 0);
 
     //! Hides or shows the tabs, the number of samples and the button "Save".
     void hideConfig(bool hide);
@@ -100,6 +222,46 @@ Q_SIGNALS:
         max are the full-scale range in the unit of the data, rounded to integers. */
     void yScaleChanged(bool enabled, int min, int max);
 
+    //! The plot shows another mode.
+    void plotModeChanged(Corvale_Qt::RVXScope::PlotMode mode);
+    //! Other modes have a tab.
+    void plotTabsChanged(Corvale_Qt::RVXScope::PlotTabs tabs);
+    //! The operator chooses from another list of y ranges.
+    void yScaleModeChanged(Corvale_Qt::RVXScope::YScaleMode mode);
+    //! Another entry of the list of y ranges is chosen.
+    void yScaleIndexChanged(int index);
+    //! The full-scale range is another one, in the unit of the data.
+    void rangeChanged(double minimum, double maximum);
+    //! The y axis shows only a tenth of the negative range, or all of it again.
+    void positiveOnlyChanged(bool positiveOnly);
+    //! The running average has another length in samples.
+    void averagingChanged(int length);
+    //! A zero is subtracted from the data, or is subtracted no more.
+    void zeroedChanged(bool zeroed);
+    //! The acquisition period is another one, in milliseconds.
+    void periodChanged(int milliseconds);
+    //! The strip chart has another width, in the unit of x; 0 if the model decides.
+    void timeSpanChanged(double span);
+    //! Sweeps and strip chart have another number of samples; 0 if the model decides.
+    void sampleSpanChanged(int samples);
+    //! Clicks on the plot place markers, or do so no more.
+    void markersEnabledChanged(bool enabled);
+    //! The controls below the tabs were shown or hidden.
+    void controlsVisibleChanged(bool visible);
+
+public Q_SLOTS:
+    //! Sets what the plot shows to the mode of a tab, counted from 0; a number that is not a tab's is a PlotMode.
+    void SetPlotMode(int plotMode);
+    //! Takes the newest sample of each channel as its zero, as the button "Zero" does. Does nothing without samples.
+    void zeroNow();
+    //! Subtracts no zero any more.
+    void zeroClear();
+    //! Removes all samples from the model.
+    void clear();
+    /*! Saves the samples of the model to a file, as they were measured. Returns false if there is no model or the file cannot
+        be written; shows no message. */
+    bool saveDataToFile(const QString &path);
+
 protected:
     void changeEvent(QEvent *event) override;
 
@@ -108,7 +270,6 @@ private Q_SLOTS:
     void SaveDataToFile();
     void Clear();
     void SetAveragingMode(int averagingMode);
-    void SetPlotMode(int plotMode);
     void ZeroNow();
     void ZeroClear();
     void on_buffered_interval_doubleSpinBox_valueChanged(double arg1);
@@ -119,5 +280,7 @@ private:
     Q_DECLARE_PRIVATE(RVXScope)
     const std::unique_ptr<RVXScopePrivate> d_ptr;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(RVXScope::PlotTabs)
 
 } // namespace Corvale_Qt

@@ -26,6 +26,9 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     : QAbstractItemView(parent)
     , d_ptr(new RVXScopePlotViewPrivate(this))
 {
+    qRegisterMetaType<PlotMode>("Corvale_Qt::RVXScopePlotView::PlotMode");
+    qRegisterMetaType<PlotScales>("Corvale_Qt::RVXScopePlotView::PlotScales");
+    qRegisterMetaType<HistogramItemTypes>("Corvale_Qt::RVXScopePlotView::HistogramItemTypes");
     setSelectionBehavior(SelectColumns);
     setSelectionMode(SingleSelection);
     setContentsMargins(0, 0, 0, 0);
@@ -57,17 +60,8 @@ void RVXScopePlotView::SetPlotMode(PlotMode mode)
 void RVXScopePlotView::SetPlotMode(int plotMode)
 {
     Q_D(RVXScopePlotView);
-    if (plotMode < StripMode || plotMode > SplitMode || !model())
-        return;
-    // The x of a marker has another meaning then.
-    if (RVXScopePlotViewPrivate::isTimeMode(d->mode)
-        != RVXScopePlotViewPrivate::isTimeMode(plotMode))
-        d->context.markers.detachAll();
-    d->context.markers.forgetSweep();
-    d->context.markers.forgetRows();
-    d->mode = plotMode;
-    d->currentMode().enter();
-    RequestReplot();
+    if (model())
+        d->setMode(plotMode);
 }
 
 bool RVXScopePlotView::SetRange(double min, double max)
@@ -77,6 +71,7 @@ bool RVXScopePlotView::SetRange(double min, double max)
     if (range == d->context.yScale.range || !std::isfinite(min) || !std::isfinite(max))
         return false;
     d->context.yScale.range = range;
+    Q_EMIT rangeChanged(min, max);
     return true;
 }
 
@@ -95,19 +90,24 @@ RVXScopePlotView::PlotScales RVXScopePlotView::yScaleMode()
 void RVXScopePlotView::SetYScaleMode(int scaleMode)
 {
     Q_D(RVXScopePlotView);
-    d->context.yScale.mode = scaleMode;
+    const bool isOther = std::exchange(d->context.yScale.mode, scaleMode) != scaleMode;
     d->context.axes.setYScale(d->context.yScale);
     d->spectrogram->setScale(scaleMode);
     d->positionPlot->setScale(scaleMode);
     d->splitPlot->setScale(scaleMode);
     RequestReplotRefresh();
+    if (isOther)
+        Q_EMIT yScaleModeChanged(PlotScales(scaleMode));
 }
 
 void RVXScopePlotView::SetPositiveOnly(bool positiveOnly)
 {
     Q_D(RVXScopePlotView);
-    d->context.yScale.positiveOnly = positiveOnly;
+    const bool isOther =
+        std::exchange(d->context.yScale.positiveOnly, positiveOnly) != positiveOnly;
     SetYScaleMode(d->context.yScale.mode);
+    if (isOther)
+        Q_EMIT positiveOnlyChanged(positiveOnly);
 }
 
 void RVXScopePlotView::SetBufferSizeLabel(QLabel *label)
@@ -121,11 +121,13 @@ void RVXScopePlotView::SetBufferSizeLabel(QLabel *label)
 void RVXScopePlotView::enablePlotMarker(bool enable)
 {
     Q_D(RVXScopePlotView);
-    d->markersEnabled = enable;
-    if (enable)
-        return;
-    d->context.markers.detachAll();
-    RequestReplot();
+    const bool isOther = std::exchange(d->markersEnabled, enable) != enable;
+    if (!enable) {
+        d->context.markers.detachAll();
+        RequestReplot();
+    }
+    if (isOther)
+        Q_EMIT markersEnabledChanged(enable);
 }
 
 void RVXScopePlotView::enableHistogramItem(HistogramItemTypes type,
@@ -138,6 +140,7 @@ void RVXScopePlotView::enableHistogramItem(HistogramItemTypes type,
     d->context.statistics.enable(type, count, parameters, fullStatistics, shown);
     if (shown)
         RequestReplot();
+    d->announceLater();
 }
 
 QVector<RVX_StatisticsHistogramItem *>
@@ -304,6 +307,7 @@ void RVXScopePlotView::Plot()
             d->canvas->invalidateBackingStore();
         const QScopedValueRollback<bool> guard(d->plotting, true);
         d->currentMode().plot();
+        d->announceLater();
     }
     d->showBufferSize();
 }
@@ -317,6 +321,7 @@ void RVXScopePlotView::RequestReplot()
         viewport()->update();
         d->canvas->replot();
     }
+    d->announceLater();
     if (d->mode > HistogramMode)
         Plot();
 }

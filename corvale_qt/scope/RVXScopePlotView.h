@@ -25,6 +25,7 @@ class RVXScopePlotViewPrivate;
 class RVXSpectrogram;
 class RVXSplitPlot;
 class RVX_StatisticsHistogramItem;
+struct ScopeMarkerStatistics;
 
 /*! Draws the channels of a plot model: as a scrolling strip chart, as sweeps like an oscilloscope, or as a histogram
     of the newest sample with one bar for each channel and beam statistics on it. Three further modes show a
@@ -41,6 +42,11 @@ class RVX_StatisticsHistogramItem;
     sample leaves the model. The sample of the first marker is selected while the user moves the marker; when another
     view changes the selection, the marker follows it and does not change it.
 
+    The statistics and what the markers read belong to the newest samples at any time, also while the view is hidden,
+    shows another mode or was never shown: they are computed when they are asked for. statisticsChanged() and
+    markerStatisticsChanged() say when to ask again; while nothing is connected to them and nobody asks, nothing is
+    computed that the view does not show.
+
     \code
     RVXScopePlotView view;
     view.setModel(&model);
@@ -50,6 +56,24 @@ class RVX_StatisticsHistogramItem;
 class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
 {
     Q_OBJECT
+    //! What the view shows; StripMode at first. It may be set before there is a model.
+    Q_PROPERTY(PlotMode plotMode READ plotMode WRITE setPlotMode NOTIFY plotModeChanged)
+    //! Scale of the y axis; AutoScale at first.
+    Q_PROPERTY(PlotScales yScaleMode READ yScaleMode WRITE setYScaleMode NOTIFY yScaleModeChanged)
+    //! Lower end of the full-scale range in the unit of the model; -1 at first.
+    Q_PROPERTY(double yMinimum READ yMinimum WRITE setYMinimum NOTIFY rangeChanged)
+    //! Upper end of the full-scale range in the unit of the model; 1 at first.
+    Q_PROPERTY(double yMaximum READ yMaximum WRITE setYMaximum NOTIFY rangeChanged)
+    //! Whether the y axis shows only a tenth of the negative range; false at first.
+    Q_PROPERTY(
+        bool positiveOnly READ isPositiveOnly WRITE SetPositiveOnly NOTIFY positiveOnlyChanged)
+    //! Whether clicks place markers; false at first.
+    Q_PROPERTY(bool markersEnabled READ areMarkersEnabled WRITE enablePlotMarker NOTIFY
+                   markersEnabledChanged)
+    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for.
+    Q_PROPERTY(double timeSpan READ timeSpan WRITE setTimeSpan NOTIFY timeSpanChanged)
+    //! Number of samples in a sweep and across the strip chart; 0, as at first, for the number that the model asks for.
+    Q_PROPERTY(int sampleSpan READ sampleSpan WRITE setSampleSpan NOTIFY sampleSpanChanged)
 
 public:
     //! What the view shows. The mode is StripMode until a model is set.
@@ -99,17 +123,53 @@ public:
 
     //! Switches to another mode. Does nothing while there is no model.
     void SetPlotMode(PlotMode mode);
+    //! Switches to another mode, also while there is no model. Emits plotModeChanged() if it is another one.
+    void setPlotMode(PlotMode mode);
+    //! Returns the mode that was set last.
+    PlotMode plotMode() const;
     /*! Sets the full-scale range, initially [-1, 1], in the unit of the model. Returns false and changes nothing if both
         limits are as before or one is not finite. The next SetYScaleMode() applies the range to the y axis. */
     bool SetRange(double min, double max);
     //! Returns minimum and maximum of the full-scale range.
     std::pair<double, double> range() const;
+    //! Returns the minimum of the full-scale range.
+    double yMinimum() const;
+    //! Returns the maximum of the full-scale range.
+    double yMaximum() const;
+    //! Sets the minimum of the full-scale range and applies it to the y axis. Ignores a number that is not finite.
+    void setYMinimum(double minimum);
+    //! Sets the maximum of the full-scale range and applies it to the y axis. Ignores a number that is not finite.
+    void setYMaximum(double maximum);
     //! Returns the scale mode that was set last; AutoScale at the start.
     PlotScales yScaleMode();
+    //! Scales the y axis, and the companion widgets. Emits yScaleModeChanged() if the mode is another one.
+    void setYScaleMode(PlotScales mode);
+    //! Returns whether the y axis shows only a tenth of the negative range.
+    bool isPositiveOnly() const;
+
+    //! Returns the width of the strip chart in the unit of x; 0 if the model decides.
+    double timeSpan() const;
+    /*! Sets the width of the strip chart in the unit of x. It takes precedence over sampleSpan() and over what the model
+        asks for; 0 leaves the decision to these. Ignores a negative number and one that is not finite. */
+    void setTimeSpan(double span);
+    //! Returns the number of samples in a sweep and across the strip chart; 0 if the model decides.
+    int sampleSpan() const;
+    /*! Sets the number of samples in a sweep and, unless timeSpan() is set, across the strip chart. It takes precedence over
+        what the model asks for, both as a number and as a width; 0 leaves the decision to the model. 1 counts as 2,
+        because one sample has no width. Ignores a negative number. */
+    void setSampleSpan(int samples);
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
     //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
     void enablePlotMarker(bool enable);
+    //! Returns whether clicks place markers.
+    bool areMarkersEnabled() const;
+    /*! Returns what the markers read. A view that is hidden reads the newest samples too. In scope mode a visible view reads
+        the sweep that is on the screen. */
+    ScopeMarkerStatistics markerStatistics() const;
+    /*! Returns whether the last plot drew a reading: a finite sample of a curve, or the bar of one. Returns false in the modes
+        that show a companion widget. */
+    bool showsReadings() const;
 
     /*! Replaces the statistics of one type by \a count new ones, each on its share of the channels: item g, counted from
         0, begins at channel g * floor(channels / count) + 1, and the last one takes the remaining channels. A count of
@@ -119,7 +179,8 @@ public:
                              int count,
                              const QVector<double> &parameters,
                              bool fullStatistics);
-    //! Returns the items of a type in channel order. The view owns them; enableHistogramItem() deletes them.
+    /*! Returns the items of a type in channel order. The view owns them; enableHistogramItem() deletes them. Their getters
+        return the results for the newest sample of the model, whatever the view shows. */
     QVector<RVX_StatisticsHistogramItem *> histogramItems(HistogramItemTypes type) const;
     //! Sets whether the items show the energy that the calibration table gives for their position.
     void toggleMLFC(bool enable);
@@ -159,6 +220,32 @@ public Q_SLOTS:
     void SetYScaleMode(int scaleMode);
     //! Sets whether the y axis shows only a tenth of the negative range.
     void SetPositiveOnly(bool positiveOnly);
+
+Q_SIGNALS:
+    /*! The results of the items of a type are those of another sample, or of the same sample with other readings, channels or
+        parameters. Emitted for each type that has items once in each turn of the event loop in which this happened: several
+        rows that come at once are announced together, as they are painted together. \a row is the newest row of the view's
+        model and \a time its x; without a sample they are 0 and NaN. histogramItems() computes the results when it is asked
+        for them. */
+    void
+    statisticsChanged(Corvale_Qt::RVXScopePlotView::HistogramItemTypes type, int row, double time);
+    //! markerStatistics() has changed. Emitted at most once in each turn of the event loop.
+    void markerStatisticsChanged();
+
+    //! The view shows another mode.
+    void plotModeChanged(Corvale_Qt::RVXScopePlotView::PlotMode mode);
+    //! The y axis has another scale mode.
+    void yScaleModeChanged(Corvale_Qt::RVXScopePlotView::PlotScales mode);
+    //! The full-scale range has changed. The y axis shows it from the next SetYScaleMode() on.
+    void rangeChanged(double minimum, double maximum);
+    //! The y axis shows only a tenth of the negative range, or all of it again.
+    void positiveOnlyChanged(bool positiveOnly);
+    //! Clicks place markers, or do so no more.
+    void markersEnabledChanged(bool enabled);
+    //! The strip chart has another width, in the unit of x; 0 if the model decides.
+    void timeSpanChanged(double span);
+    //! Sweeps and strip chart have another number of samples; 0 if the model decides.
+    void sampleSpanChanged(int samples);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
@@ -18,11 +19,16 @@
 #include <qwt_scale_widget.h>
 
 #include <QEvent>
+#include <QMetaMethod>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -140,6 +146,115 @@ void RVXScopePlotViewPrivate::createModes()
              std::make_unique<CompanionPlotMode>(context, spectrogram),
              std::make_unique<CompanionPlotMode>(context, positionPlot),
              std::make_unique<CompanionPlotMode>(context, splitPlot)};
+}
+
+void RVXScopePlotViewPrivate::setMode(int newMode)
+{
+    if (newMode < RVXScopePlotView::StripMode || newMode > RVXScopePlotView::SplitMode)
+        return;
+    // The x of a marker has another meaning then.
+    if (isTimeMode(mode) != isTimeMode(newMode))
+        context.markers.detachAll();
+    context.markers.forgetSweep();
+    context.markers.forgetRows();
+    const bool isOther = std::exchange(mode, newMode) != newMode;
+    currentMode().enter();
+    q_ptr->RequestReplot();
+    if (isOther)
+        Q_EMIT q_ptr->plotModeChanged(RVXScopePlotView::PlotMode(newMode));
+}
+
+void RVXScopePlotViewPrivate::setRange(const std::pair<double, double> &range)
+{
+    {
+        const QSignalBlocker blocker(q_ptr); // a slot may delete the view
+        if (!q_ptr->SetRange(range.first, range.second))
+            return;
+        q_ptr->SetYScaleMode(context.yScale.mode);
+    }
+    Q_EMIT q_ptr->rangeChanged(range.first, range.second);
+}
+
+void RVXScopePlotViewPrivate::spanChanged()
+{
+    context.stripStart.restart();
+    q_ptr->RequestReplotRefresh();
+}
+
+void RVXScopePlotViewPrivate::plotForMarkers()
+{
+    const bool isSweepOnScreen = mode == RVXScopePlotView::ScopeMode && q_ptr->isVisible();
+    const bool hasMarkers = context.markers.isAttached(0) || context.markers.isAttached(1);
+    if (!replotPending || plotting || !hasMarkers || isSweepOnScreen || !q_ptr->model()
+        || mode > RVXScopePlotView::HistogramMode)
+        return;
+    replotPending = false;
+    const QScopedValueRollback<bool> guard(plotting, true);
+    currentMode().plot();
+}
+
+//! Returns whether anything is connected to a signal of the view.
+template<typename Signal>
+bool RVXScopePlotViewPrivate::isHeard(Signal signal) const
+{
+    return q_ptr->isSignalConnected(QMetaMethod::fromSignal(signal));
+}
+
+void RVXScopePlotViewPrivate::announceLater()
+{
+    if (announcementAsked)
+        return;
+    const bool hasMarkers =
+        markersEnabled || announcedMarkers.first.isSet || announcedMarkers.second.isSet;
+    // The cheap questions come first: this is asked for each row that comes.
+    bool hasNews = context.statistics.hasNews();
+    if (hasNews && !isHeard(&RVXScopePlotView::statisticsChanged)) {
+        context.statistics.setAnnounced(); // a host that listens later hears of later changes
+        hasNews = false;
+    }
+    if (!hasNews && !(hasMarkers && isHeard(&RVXScopePlotView::markerStatisticsChanged)))
+        return;
+    announcementAsked = true;
+    QMetaObject::invokeMethod(
+        q_ptr,
+        [this] {
+            announce();
+        },
+        Qt::QueuedConnection);
+}
+
+void RVXScopePlotViewPrivate::announce()
+{
+    announcementAsked = false;
+    const QPointer<RVXScopePlotView> view(q_ptr); // a host may delete it when it hears of a change
+    if (context.statistics.hasNews())
+        announceStatistics();
+    if (view && isHeard(&RVXScopePlotView::markerStatisticsChanged))
+        announceMarkers();
+}
+
+void RVXScopePlotViewPrivate::announceStatistics()
+{
+    const QPointer<RVXScopePlotView> view(q_ptr);
+    context.statistics.setAnnounced();
+    const int row = context.model.channelCount() > 0 ? std::max(context.model.lastRow(), 0) : 0;
+    const double time = row > 0 ? context.model.plot()->doubleData(row, 0) : std::nan("");
+    for (const auto type : {RVXScopePlotView::GaussabolaItem,
+                            RVXScopePlotView::CenterOfGravityItem,
+                            RVXScopePlotView::RegressionItem,
+                            RVXScopePlotView::PrecalculatedFitItem}) {
+        if (view && context.statistics.hasItems(type))
+            Q_EMIT q_ptr->statisticsChanged(type, row, time);
+    }
+}
+
+void RVXScopePlotViewPrivate::announceMarkers()
+{
+    const ScopeMarkerStatistics now = q_ptr->markerStatistics();
+    if (now == announcedMarkers)
+        return;
+    announcedMarkers = now;
+    Q_EMIT q_ptr->markerStatisticsChanged();
 }
 
 void RVXScopePlotViewPrivate::showOnly(QWidget *shown)

@@ -5,6 +5,7 @@
 
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
@@ -53,6 +54,24 @@ public:
     void requestReplot() override;
     void selectCell(int row, int column) override;
 
+    //! Switches to a mode, also without a model. Does nothing for a number that is not a mode.
+    void setMode(int newMode);
+    //! Sets the full-scale range and applies it to the y axis.
+    void setRange(const std::pair<double, double> &range);
+    //! Plots anew after timeSpan or sampleSpan has changed.
+    void spanChanged();
+
+    //! Makes the plot that is pending, so that the markers read the newest samples, even if nothing is painted.
+    void plotForMarkers();
+    //! Has announce() called by the event loop if a host listens and there may be something to tell.
+    void announceLater();
+    //! Tells hosts that the statistics, or what the markers read, have changed.
+    void announce();
+    template<typename Signal>
+    bool isHeard(Signal signal) const;
+    void announceStatistics();
+    void announceMarkers();
+
     void showBufferSize();
     //! Plots what was asked for, before the canvas is painted.
     void canvasIsPainted();
@@ -98,6 +117,8 @@ public:
     bool rowsLeave = false; //!< the model is removing rows right now
     QPointer<QItemSelectionModel> viewSelection; //!< made by setModel()
     QPointer<QItemSelectionModel> oldSelection; //!< waits to be deleted
+    bool announcementAsked = false;
+    ScopeMarkerStatistics announcedMarkers;
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label
 };

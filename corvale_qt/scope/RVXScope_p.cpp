@@ -5,11 +5,14 @@
 #include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/YRanges_p.h"
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QSignalBlocker>
 
 #include <cmath>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -43,12 +46,6 @@ public:
 int roundedToInt(double value)
 {
     return clampedToInt(std::round(value));
-}
-
-int periodInMilliseconds(int index)
-{
-    static const int periods[] = {0, 100, 1000, 10000};
-    return index >= 0 && index < 4 ? periods[index] : 0;
 }
 
 class BusyCursor
@@ -100,14 +97,17 @@ void RVXScopePrivate::connectControls()
     // While a mode without a tab is shown, a click on the current tab returns to the mode of that tab.
     QObject::connect(ui.modeSelect, &QTabBar::tabBarClicked, q, [this](int index) {
         if (index >= 0 && index == ui.modeSelect->currentIndex())
-            showMode(tabs().modeAt(index));
+            q_func()->SetPlotMode(index);
     });
     QObject::connect(ui.confButton, &QAbstractButton::toggled, q, [this](bool shown) {
         ui.configFrame->setVisible(shown);
         showState();
+        announceChanges();
     });
     QObject::connect(zeroing, &QAbstractItemModel::modelReset, q, [this] {
         showZeroed();
+        followAveraging();
+        announceChanges();
     });
     auto *shortcuts = new PanelShortcuts(q);
     shortcuts->add(Qt::Key_S, ui.saveButton);
@@ -115,10 +115,139 @@ void RVXScopePrivate::connectControls()
     shortcuts->add(Qt::Key_0, ui.zeroButton);
 }
 
-void RVXScopePrivate::showMode(int mode)
+//! Hears of what a host changes on the view itself, and of what the controls have changed there.
+void RVXScopePrivate::connectView()
 {
-    plotMode = mode;
-    ui.plotView->SetPlotMode(mode);
+    Q_Q(RVXScope);
+    RVXScopePlotView *const view = ui.plotView;
+    const auto on = [&](auto signal, void (RVXScopePrivate::*follow)()) {
+        QObject::connect(view, signal, q, [this, follow] {
+            (this->*follow)();
+            announceChanges();
+        });
+    };
+    on(&RVXScopePlotView::plotModeChanged, &RVXScopePrivate::followMode);
+    on(&RVXScopePlotView::yScaleModeChanged, &RVXScopePrivate::followYScale);
+    on(&RVXScopePlotView::positiveOnlyChanged, &RVXScopePrivate::followPositiveOnly);
+    const auto announce = [this] {
+        announceChanges();
+    };
+    QObject::connect(view, &RVXScopePlotView::rangeChanged, q, announce);
+    QObject::connect(view, &RVXScopePlotView::timeSpanChanged, q, announce);
+    QObject::connect(view, &RVXScopePlotView::sampleSpanChanged, q, announce);
+    QObject::connect(view, &RVXScopePlotView::markersEnabledChanged, q, announce);
+}
+
+PanelState RVXScopePrivate::state() const
+{
+    PanelState state;
+    state.plotMode = ui.plotView->plotMode();
+    state.tabs = tabs().flags();
+    state.yScaleMode = yScaleMode;
+    state.yScaleIndex = ui.scaleYCombo->currentIndex();
+    state.range = ui.plotView->range();
+    state.positiveOnly = ui.plotView->isPositiveOnly();
+    state.averaging = averaging->averaging();
+    state.zeroed = zeroing->isZeroed();
+    state.period = periodInMilliseconds(ui.comboBox_period->currentIndex());
+    state.timeSpan = ui.plotView->timeSpan();
+    state.sampleSpan = ui.plotView->sampleSpan();
+    state.markersEnabled = ui.plotView->areMarkersEnabled();
+    state.controlsVisible = ui.confButton->isChecked();
+    return state;
+}
+
+void RVXScopePrivate::apply(const PanelState &wanted)
+{
+    Q_Q(RVXScope);
+    const PanelChange change(*this);
+    q->setPlotTabs(RVXScope::PlotTabs(wanted.tabs));
+    q->setPlotMode(RVXScope::PlotMode(wanted.plotMode));
+    if (wanted.yScaleMode != yScaleMode)
+        setYScaleList(wanted.yScaleMode);
+    // In the list from 0 the button is hidden, and keeps its state for the other lists.
+    if (wanted.yScaleMode != RVXScope::AbsolutePositiveRanges)
+        ui.positiveOnlyButton->setChecked(wanted.positiveOnly);
+    ui.plotView->SetPositiveOnly(wanted.positiveOnly);
+    q->setYScaleIndex(wanted.yScaleIndex);
+    q->SetRange(wanted.range.first, wanted.range.second);
+    q->setAveraging(wanted.averaging);
+    q->setPeriod(wanted.period);
+    q->setTimeSpan(wanted.timeSpan);
+    q->setSampleSpan(wanted.sampleSpan);
+    q->setMarkersEnabled(wanted.markersEnabled);
+    q->setControlsVisible(wanted.controlsVisible);
+}
+
+template<typename Value, typename Argument>
+void RVXScopePrivate::announceChange(Value PanelState::*field, void (RVXScope::*changed)(Argument))
+{
+    // The value is read anew for each signal: a slot may have changed it again.
+    const Value value = state().*field;
+    if (std::exchange(announced.*field, value) != value)
+        (q_ptr->*changed)(Argument(value));
+}
+
+void RVXScopePrivate::announceChanges()
+{
+    if (changesUnderway > 0)
+        return;
+    const QPointer<RVXScope> panel(q_ptr); // a slot may delete it
+    const auto tell = [&](auto field, auto changed) {
+        if (panel)
+            announceChange(field, changed);
+    };
+    tell(&PanelState::plotMode, &RVXScope::plotModeChanged);
+    tell(&PanelState::tabs, &RVXScope::plotTabsChanged);
+    tell(&PanelState::yScaleMode, &RVXScope::yScaleModeChanged);
+    tell(&PanelState::yScaleIndex, &RVXScope::yScaleIndexChanged);
+    tell(&PanelState::positiveOnly, &RVXScope::positiveOnlyChanged);
+    tell(&PanelState::averaging, &RVXScope::averagingChanged);
+    tell(&PanelState::zeroed, &RVXScope::zeroedChanged);
+    tell(&PanelState::period, &RVXScope::periodChanged);
+    tell(&PanelState::timeSpan, &RVXScope::timeSpanChanged);
+    tell(&PanelState::sampleSpan, &RVXScope::sampleSpanChanged);
+    tell(&PanelState::markersEnabled, &RVXScope::markersEnabledChanged);
+    tell(&PanelState::controlsVisible, &RVXScope::controlsVisibleChanged);
+    if (!panel)
+        return;
+    const auto range = ui.plotView->range();
+    if (std::exchange(announced.range, range) != range)
+        Q_EMIT q_ptr->rangeChanged(range.first, range.second);
+}
+
+//! Selects the tab of the mode that the view shows, if there is one.
+void RVXScopePrivate::followMode()
+{
+    const int tab = tabs().indexOf(ui.plotView->plotMode());
+    if (tab >= 0)
+        ui.modeSelect->setCurrentIndex(tab);
+}
+
+//! Selects the percentage that the view shows. The other lists have no entry for a scale that a host sets on the view.
+void RVXScopePrivate::followYScale()
+{
+    const int mode = ui.plotView->yScaleMode();
+    if (yScaleMode != RVXScope::PercentRanges || mode < 0 || mode >= ui.scaleYCombo->count())
+        return;
+    const QSignalBlocker blocker(ui.scaleYCombo);
+    ui.scaleYCombo->setCurrentIndex(mode);
+    ui.positiveOnlyButton->setEnabled(
+        yRangeChoice(yScaleMode, mode, ui.scaleYCombo->currentText()).canBePositiveOnly);
+}
+
+void RVXScopePrivate::followPositiveOnly()
+{
+    if (!ui.positiveOnlyButton->isHidden())
+        ui.positiveOnlyButton->setChecked(ui.plotView->isPositiveOnly());
+}
+
+//! Selects the length of the proxy, which a host may have set; no entry for a length that the list lacks.
+void RVXScopePrivate::followAveraging()
+{
+    const QSignalBlocker blocker(ui.averagingCombo);
+    ui.averagingCombo->setCurrentIndex(averagingEntry(averaging->averaging()));
+    showState();
 }
 
 //! Adds or removes the tab of a mode. Returns whether this changed the tabs.
@@ -130,7 +259,26 @@ bool RVXScopePrivate::offerMode(int mode, bool offer)
         tabs().add(mode);
     else
         tabs().remove(mode);
+    announceChanges();
     return true;
+}
+
+void RVXScopePrivate::setYScaleList(int list)
+{
+    const PanelChange change(*this);
+    yScaleMode = list;
+    {
+        const QSignalBlocker blocker(ui.scaleYCombo);
+        ui.scaleYCombo->clear();
+        ui.scaleYCombo->addItems(yRangeTexts(list));
+    }
+    const bool hasButton = list == RVXScope::PercentRanges || list == RVXScope::AbsoluteRanges;
+    ui.positiveOnlyButton->setVisible(hasButton);
+    if (hasButton)
+        ui.plotView->SetPositiveOnly(ui.positiveOnlyButton->isChecked());
+    else if (list == RVXScope::AbsolutePositiveRanges)
+        ui.plotView->SetPositiveOnly(true);
+    q_ptr->SetYScale(0);
 }
 
 void RVXScopePrivate::announceYScale()
@@ -162,14 +310,22 @@ void RVXScopePrivate::showZeroed()
     showState();
 }
 
+//! Returns the entry of the average, or a text like it for a length that the list lacks.
+QString RVXScopePrivate::averagingText() const
+{
+    return ui.averagingCombo->currentIndex() >= 0
+        ? ui.averagingCombo->currentText()
+        : RVXScope::tr("%1x Avg").arg(averaging->averaging());
+}
+
 //! Shows how the data is processed while the controls that show it are hidden.
 void RVXScopePrivate::showState()
 {
     QStringList states;
     if (zeroing->isZeroed())
         states << RVXScope::tr("Zeroed");
-    if (ui.averagingCombo->currentIndex() > 0)
-        states << ui.averagingCombo->currentText();
+    if (averaging->averaging() > 1)
+        states << averagingText();
     ui.stateLabel->setText(states.join(", "));
     ui.stateLabel->setVisible(!states.isEmpty() && ui.configFrame->isHidden());
 }

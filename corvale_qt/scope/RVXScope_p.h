@@ -5,9 +5,9 @@
 
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/PanelState_p.h"
 #include "corvale_qt/scope/PlotModeTabs_p.h"
 #include "corvale_qt/scope/RVXScope.h"
-#include "corvale_qt/scope/YRanges_p.h"
 
 #include "ui_RVXScope.h"
 
@@ -31,12 +31,26 @@ public:
 
     void setUpButtons();
     void connectControls();
+    void connectView();
 
-    void showMode(int mode);
+    //! Returns what the controls, the view and the proxies are set to.
+    PanelState state() const;
+    void apply(const PanelState &wanted);
+    //! Emits the signals of the properties that have changed since they were announced last.
+    void announceChanges();
+    template<typename Value, typename Argument>
+    void announceChange(Value PanelState::*field, void (RVXScope::*changed)(Argument));
+
+    void followMode();
+    void followYScale();
+    void followPositiveOnly();
+    void followAveraging();
     bool offerMode(int mode, bool offer);
+    void setYScaleList(int list);
     void announceYScale();
     void applyPeriod();
     void showZeroed();
+    QString averagingText() const;
     void showState();
     void reserveBufferSizeWidth();
     bool save(const QString &fileName);
@@ -48,10 +62,34 @@ public:
     QPointer<QAbstractItemModel> baseModel;
     RVXAveragingProxyModel *const averaging;
     RVXZeroingProxyModel *const zeroing;
-    int yScaleMode = PercentRanges;
-    int plotMode = RVXScope::StripMode;
+    int yScaleMode = RVXScope::PercentRanges;
+    PanelState announced;
+    int changesUnderway = 0; //!< they are announced when all of them are made
     bool saving = false;
     QString lastSaveDirectory;
+};
+
+/*! A change of several settings of a panel. The signals come when the outermost change is complete, because a slot may
+    delete the panel. */
+class PanelChange
+{
+public:
+    explicit PanelChange(RVXScopePrivate &d)
+        : m_panel(d.q_ptr)
+        , m_d(d)
+    {
+        ++m_d.changesUnderway;
+    }
+    ~PanelChange()
+    {
+        if (m_panel && --m_d.changesUnderway == 0)
+            m_d.announceChanges();
+    }
+    Q_DISABLE_COPY(PanelChange)
+
+private:
+    const QPointer<RVXScope> m_panel;
+    RVXScopePrivate &m_d;
 };
 
 } // namespace Corvale_Qt

@@ -13,7 +13,7 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     , axes(thePlot)
     , markers(theSurface, thePlot, model)
     , curves(thePlot, model, markers)
-    , statistics(thePlot)
+    , statistics(thePlot, model)
 {
 }
 
@@ -26,9 +26,25 @@ QString ScopeContext::yTitle() const
     return hasUnit ? unit : RVXScopePlotView::tr("Number");
 }
 
+double ScopeContext::stripWidth() const
+{
+    if (span.time > 0.0 || span.samples > 0 || !model.plot())
+        return span.time;
+    return model.plot()->PlotWidthHint();
+}
+
+int ScopeContext::sweepHint() const
+{
+    if (span.samples > 0)
+        return std::max(span.samples, 2); // one sample has no width
+    if (!model.plot())
+        return 0;
+    return model.plot()->PlotWidthHintPoints();
+}
+
 int ScopeContext::stripLength() const
 {
-    const int hint = model.plot() ? model.plot()->PlotWidthHintPoints() : 0;
+    const int hint = sweepHint();
     const int batch = batches.median();
     return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
 }
@@ -42,6 +58,7 @@ void ScopeContext::createCurves()
                 model.allChannels());
     }
     curves.createCurves(model.channelCount());
+    statistics.outdate();
 }
 
 void ScopeContext::removeModel()
@@ -49,20 +66,24 @@ void ScopeContext::removeModel()
     model.set(nullptr);
     curves.dropData();
     sweepSamples.clear();
+    markers.forgetReadings();
+    statistics.outdate();
 }
 
 void ScopeContext::dropSweep()
 {
     sweepSamples.clear();
     curves.detach();
+    markers.forgetReadings();
 }
 
 void ScopeContext::restart()
 {
     if (model.plot())
-        sweep.setLengthHint(model.plot()->PlotWidthHintPoints());
+        sweep.setLengthHint(sweepHint());
     sweep.restart(model.lastRow());
     stripStart.restart();
+    statistics.outdate();
 }
 
 void ScopeContext::rowsInserted(int start, int end)
@@ -70,14 +91,14 @@ void ScopeContext::rowsInserted(int start, int end)
     if (!model.plot())
         return;
     batches.add(end - start + 1);
-    const int dropped =
-        sweep.rowsInserted(start, end, model.lastRow(), model.plot()->PlotWidthHintPoints());
+    const int dropped = sweep.rowsInserted(start, end, model.lastRow(), sweepHint());
     if (dropped > 0) {
         markers.rowsRemoved(1, dropped);
         stripStart.rowsRemoved(1, dropped);
     }
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);
+    statistics.outdate();
 }
 
 void ScopeContext::rowsRemoved(int start, int end)
@@ -85,6 +106,7 @@ void ScopeContext::rowsRemoved(int start, int end)
     sweep.rowsRemoved(start, end);
     markers.rowsRemoved(start, end);
     stripStart.rowsRemoved(start, end);
+    statistics.outdate();
 }
 
 void ScopeContext::rowsMoved()
@@ -92,6 +114,7 @@ void ScopeContext::rowsMoved()
     sweep.forgetShown();
     markers.forgetRows();
     stripStart.restart();
+    statistics.outdate();
 }
 
 void ScopeContext::cellsChanged(int top, int bottom)
@@ -101,6 +124,8 @@ void ScopeContext::cellsChanged(int top, int bottom)
     if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
         sweepChanged = true;
     // Row 0 says which channels are shown, and in which colours.
+    if (all || top == 0 || bottom >= model.lastRow())
+        statistics.outdate();
     if (sweepChanged || top == 0 || shown.size() < 1)
         refreshAsked = true;
 }

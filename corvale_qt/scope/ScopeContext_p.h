@@ -23,6 +23,13 @@ namespace Corvale_Qt {
 
 class ScopeSurface;
 
+//! How much a host wants to see at once; 0 leaves the decision to the model.
+struct ScopeSpan
+{
+    double time = 0.0; //!< width of the strip chart in units of x
+    int samples = 0; //!< in a sweep and across the strip chart
+};
+
 //! The model, and the parts that all plot modes draw it with. Plot and surface are not owned.
 struct ScopeContext
 {
@@ -46,12 +53,17 @@ struct ScopeContext
 
     //! Returns the title of the y axis: the unit's name, or what stands for it.
     QString yTitle() const;
-    //! Returns how many samples a strip chart shows while the model gives no width in units of x.
+    //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples.
+    double stripWidth() const;
+    //! Returns how many samples a strip chart shows while stripWidth() is 0.
     int stripLength() const;
+    //! Returns how many samples the host or else the model wants in a sweep; 0 or less if neither does.
+    int sweepHint() const;
 
     QwtPlot *const plot;
     ScopeSurface &surface;
     ScopeModel model;
+    ScopeSpan span;
     YScale yScale;
     ScopeAxes axes;
     ScopeMarkers markers;

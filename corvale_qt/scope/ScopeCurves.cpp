@@ -83,6 +83,18 @@ void ScopeCurves::dropData()
     }
 }
 
+bool ScopeCurves::showReadings() const
+{
+    for (int i = 0; i < m_count; ++i) {
+        const RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(i)];
+        for (size_t k = 0; curve.plot() && k < curve.dataSize(); ++k) {
+            if (std::isfinite(curve.sample(int(k)).y()))
+                return true;
+        }
+    }
+    return false;
+}
+
 void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode)
 {
     for (int channel = 1; channel <= m_count; ++channel) {

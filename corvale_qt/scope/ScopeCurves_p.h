@@ -34,6 +34,9 @@ public:
     //! Takes all curves off the plot and deletes their series, which read from the model.
     void dropData();
 
+    //! Returns whether a curve on the plot has a finite sample.
+    bool showReadings() const;
+
     //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
     /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample

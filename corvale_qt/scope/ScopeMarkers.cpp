@@ -2,6 +2,7 @@
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
@@ -92,6 +93,7 @@ void ScopeMarkers::forgetSweep()
 {
     for (State &state : m_states)
         state.sweepOffset = -1;
+    forgetReadings();
 }
 
 void ScopeMarkers::forgetRows()
@@ -288,11 +290,51 @@ void ScopeMarkers::readHeldChannel(int index)
     m_data[size_t(index)].value = value(m_data[size_t(index)].row, channel);
 }
 
-void ScopeMarkers::select(const Data &data) const
+//! Returns the row of a sample in the model; 0 if it has left the model.
+int ScopeMarkers::modelRow(const Data &data) const
 {
     const int row = m_modelRows.first + data.row - 1;
-    if (row >= 1 && m_modelRows.contains(row))
+    return row >= 1 && m_modelRows.contains(row) ? row : 0;
+}
+
+void ScopeMarkers::select(const Data &data) const
+{
+    if (const int row = modelRow(data))
         m_surface.selectCell(row, data.column);
+}
+
+//! Returns whether a marker stands on a sample that is still where the last plot found it.
+bool ScopeMarkers::reads(int index) const
+{
+    const Data &data = m_data[size_t(index)];
+    return isAttached(index) && data.row > 0 && data.column > 0
+        && sampleX(m_reader, data.row) == data.x;
+}
+
+//! Returns the statistics of the second marker's channel from one marker to the other.
+MarkerStatistics ScopeMarkers::span() const
+{
+    const auto rows = std::minmax(m_data[0].row, m_data[1].row);
+    return statisticsOfRows(m_reader, m_data[1].column, {rows.first, rows.second});
+}
+
+ScopeMarkerStatistics ScopeMarkers::statistics() const
+{
+    ScopeMarkerStatistics result;
+    ScopeMarkerStatistics::Marker *const markers[count] = {&result.first, &result.second};
+    for (int i = 0; i < count; ++i) {
+        const Data &data = m_data[size_t(i)];
+        if (reads(i))
+            *markers[i] = {true, modelRow(data), data.column, data.x, data.value};
+    }
+    if (!result.hasSpan())
+        return result;
+    result.period = std::abs(result.second.time - result.first.time);
+    if (result.period > 0.0)
+        result.frequency = 1.0 / result.period;
+    result.difference = result.second.reading - result.first.reading;
+    span().writeTo(result);
+    return result;
 }
 
 void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
@@ -302,11 +344,8 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
     if (!isAttached(0) || !isAttached(1) || a.row < 1 || b.row < 1 || b.column < 1)
         return;
     const double period = std::abs(a.x - b.x);
-    const auto rows = std::minmax(a.row, b.row);
-    const MarkerStatistics statistics =
-        statisticsOfRows(m_reader, b.column, {rows.first, rows.second});
     const QString sample = sampleText(m_model, b.x, b.column, b.value, resolutionOf(xRange));
-    setMarkerLabel(*item(1), spanText(sample, period, statistics), m_selected == 1);
+    setMarkerLabel(*item(1), spanText(sample, period, span()), m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
 }
 

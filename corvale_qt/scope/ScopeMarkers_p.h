@@ -22,7 +22,9 @@ class QwtSeriesData;
 
 namespace Corvale_Qt {
 
+class MarkerStatistics;
 class ScopeSurface;
+struct ScopeMarkerStatistics;
 
 /*! Places the markers, finds the samples they stand on, and writes their labels.
 
@@ -40,7 +42,7 @@ public:
     ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model);
 
     QSharedPointer<QwtPlotMarker> item(int index) const { return m_states[size_t(index)].item; }
-    bool isAttached(int index) const { return item(index)->plot() != nullptr; }
+    bool isAttached(int index) const { return m_states[size_t(index)].item->plot() != nullptr; }
     //! Returns the marker that keys move: the one placed last.
     int selected() const { return m_selected; }
 
@@ -52,7 +54,7 @@ public:
     void detachAll();
     //! Forgets the channels and rows of the markers, because the model is another one.
     void forgetChannels();
-    //! Forgets the markers' places in the sweep, because the plot mode is another one.
+    //! Forgets the markers' places in the sweep and what they read, because the plot mode is another one.
     void forgetSweep();
     //! Forgets the markers' rows: their samples are found again by time.
     void forgetRows();
@@ -77,6 +79,11 @@ public:
     void snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow);
     //! Moves a marker onto its sample and writes its label; marker 1 also shows the statistics between both.
     void setStripMarker(int index, const std::pair<double, double> &xRange);
+
+    //! Returns what the markers read in the last plot of samples.
+    ScopeMarkerStatistics statistics() const;
+    //! Forgets what the markers read, because those samples are not plotted any more.
+    void forgetReadings() { m_data.fill(Data()); }
 
     //! Moves a marker of the strip chart by samples.
     void moveInStrip(int index, int steps);
@@ -108,6 +115,9 @@ private:
     void readHeldChannel(int index);
     double value(int row, int channel) const;
     int sweepOffset(const State &state, double x, int size) const;
+    int modelRow(const Data &data) const;
+    bool reads(int index) const;
+    MarkerStatistics span() const;
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
 

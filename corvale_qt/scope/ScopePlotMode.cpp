@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
 namespace Corvale_Qt {
@@ -11,6 +12,16 @@ ScopePlotMode::ScopePlotMode(ScopeContext &context)
 ScopePlotMode::~ScopePlotMode() = default;
 
 void ScopePlotMode::moveMarker(int, int) { }
+
+ScopeMarkerStatistics ScopePlotMode::markerStatistics() const
+{
+    return ScopeMarkerStatistics();
+}
+
+bool ScopePlotMode::showsReadings() const
+{
+    return false;
+}
 
 bool ScopePlotMode::showSample(double)
 {

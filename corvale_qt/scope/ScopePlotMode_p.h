@@ -6,6 +6,7 @@
 namespace Corvale_Qt {
 
 struct ScopeContext;
+struct ScopeMarkerStatistics;
 
 //! One way of showing the model. The view makes each mode once and calls enter() when the mode becomes the current one.
 class ScopePlotMode
@@ -23,6 +24,10 @@ public:
     virtual void clear() = 0;
     //! Moves a marker by a number of samples, or of bars. Does nothing by default.
     virtual void moveMarker(int index, int steps);
+    //! Returns what the markers read in the last plot. By default no marker is set.
+    virtual ScopeMarkerStatistics markerStatistics() const;
+    //! Returns whether the last plot drew a reading. The default returns false.
+    virtual bool showsReadings() const;
     //! Scrolls until the sample at \a x is visible. Returns whether the mode had to scroll.
     virtual bool showSample(double x);
 

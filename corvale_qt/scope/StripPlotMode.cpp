@@ -49,7 +49,7 @@ StripRequest StripPlotMode::currentRequest() const
         return request;
     const QScrollBar *bar = m_context.surface.scrollBar();
     request.sweepLength = m_context.stripLength();
-    request.width = m_context.model.plot()->PlotWidthHint();
+    request.width = m_context.stripWidth();
     request.following = bar->value() == bar->maximum();
     request.scrollValue = bar->value();
     request.scrollUnits = m_scrollUnits;

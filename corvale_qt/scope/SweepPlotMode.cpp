@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
@@ -24,8 +23,7 @@ void SweepPlotMode::plot()
 {
     const int last = m_context.model.lastRow();
     const bool refresh = std::exchange(m_context.refreshAsked, false);
-    if (m_context.model.plot())
-        m_context.sweep.setLengthHint(m_context.model.plot()->PlotWidthHintPoints());
+    m_context.sweep.setLengthHint(m_context.sweepHint());
     m_context.sweep.skipToNewest(last);
     if (m_context.sweep.isComplete(last)) {
         m_context.sweep.advance();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/TimePlotMode_p.h"
 
@@ -14,6 +15,16 @@ void TimePlotMode::enter()
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareTimeAxis();
     setAxisTitles(); // the first sweep may take long to complete
+}
+
+ScopeMarkerStatistics TimePlotMode::markerStatistics() const
+{
+    return m_context.markers.statistics();
+}
+
+bool TimePlotMode::showsReadings() const
+{
+    return m_context.curves.showReadings();
 }
 
 void TimePlotMode::finish(double left, double right)

@@ -13,6 +13,8 @@ class TimePlotMode : public ScopePlotMode
 public:
     using ScopePlotMode::ScopePlotMode;
     void enter() override;
+    ScopeMarkerStatistics markerStatistics() const override;
+    bool showsReadings() const override;
 
 protected:
     //! Sets the x axis, markers and axis titles once the curves are drawn.

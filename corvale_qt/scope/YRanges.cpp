@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScope.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/YRanges_p.h"
 
@@ -40,11 +41,11 @@ QString translated(const char *text)
 QStringList yRangeTexts(int list)
 {
     QStringList texts{translated(QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Auto"))};
-    if (list == PercentRanges) {
+    if (list == RVXScope::PercentRanges) {
         texts << translated(QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Normalize"));
         for (const char *text : percentRanges)
             texts << text;
-    } else if (list != AutomaticRange) {
+    } else if (list != RVXScope::AutomaticRange) {
         for (const char *text : absoluteRanges)
             texts << text;
     }
@@ -54,9 +55,10 @@ QStringList yRangeTexts(int list)
 YRangeChoice yRangeChoice(int list, int index, const QString &text)
 {
     YRangeChoice choice;
-    if (list == PercentRanges || list == AutomaticRange) {
+    if (list == RVXScope::PercentRanges || list == RVXScope::AutomaticRange) {
         choice.scaleMode = index;
-        choice.canBePositiveOnly = list == PercentRanges && index >= RVXScopePlotView::FullRange;
+        choice.canBePositiveOnly =
+            list == RVXScope::PercentRanges && index >= RVXScopePlotView::FullRange;
         return choice;
     }
     bool isNumber = false;
@@ -64,8 +66,8 @@ YRangeChoice yRangeChoice(int list, int index, const QString &text)
     if (!isNumber)
         return choice;
     choice.scaleMode = RVXScopePlotView::FullRange;
-    choice.canBePositiveOnly = list == AbsoluteRanges;
-    choice.range = YRangeChoice::Range{list == AbsoluteRanges ? -value : 0.0, value};
+    choice.canBePositiveOnly = list == RVXScope::AbsoluteRanges;
+    choice.range = YRangeChoice::Range{list == RVXScope::AbsoluteRanges ? -value : 0.0, value};
     return choice;
 }
 

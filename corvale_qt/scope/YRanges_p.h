@@ -9,18 +9,7 @@
 
 namespace Corvale_Qt {
 
-//! The lists of y ranges that the panel offers; the values are those of RVXScope::SetYScaleMode().
-enum YRangeList {
-    //! Percentages of the host's range; the index of an entry is its RVXScopePlotView::PlotScales value.
-    PercentRanges = 0,
-    AutomaticRange = 1,
-    //! From minus a value to plus that value, in the unit of the data.
-    AbsoluteRanges = 2,
-    //! From 0 to a value, in the unit of the data.
-    AbsolutePositiveRanges = 3,
-};
-
-//! Returns the entries of a list, in the language of the application.
+//! Returns the entries of a list, an RVXScope::YScaleMode, in the language of the application.
 QStringList yRangeTexts(int list);
 
 //! The effect of an entry on the view.

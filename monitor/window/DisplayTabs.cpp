@@ -5,11 +5,7 @@
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
-
-#include <qwt_plot_canvas.h>
-
-#include <QImage>
-#include <QTabBar>
+#include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <algorithm>
 
@@ -101,24 +97,6 @@ void DisplayTabs::showLatestSpot()
 
 namespace {
 
-//! Returns whether the canvas shows curves or bars: they have colours, the background and the grid have none.
-bool hasCurves(QWidget *plot)
-{
-    constexpr int leastSaturation = 60;
-    auto *canvas = plot->findChild<QwtPlotCanvas *>();
-    if (!canvas)
-        return false;
-    const QImage image = canvas->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        if (std::any_of(line, line + image.width(), [](QRgb pixel) {
-                return QColor(pixel).saturation() >= leastSaturation;
-            }))
-            return true;
-    }
-    return false;
-}
-
 const QVector<QPair<QString, RVXScope::PlotMode>> scopeDisplays = {
     {QStringLiteral("strip"), RVXScope::StripMode},
     {QStringLiteral("scope"), RVXScope::ScopeMode},
@@ -158,12 +136,13 @@ QMap<QString, QByteArray> DisplayTabs::windows() const
 
 void DisplayTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
 {
-    for (auto window = windows.begin(); window != windows.end(); ++window) {
-        QWidget *page = findChild<QWidget *>(window.key());
-        if (indexOf(page) < 0)
+    QList<QWidget *> pages = optionalDisplays();
+    pages.prepend(m_scope);
+    for (QWidget *page : qAsConst(pages)) {
+        if (indexOf(page) < 0 || !windows.contains(page->objectName()))
             continue;
         popOut(indexOf(page));
-        page->window()->restoreGeometry(window.value());
+        page->window()->restoreGeometry(windows.value(page->objectName()));
     }
 }
 
@@ -171,8 +150,11 @@ QString DisplayTabs::currentDisplay() const
 {
     if (currentWidget() != m_scope)
         return currentWidget() ? currentWidget()->objectName() : QString();
-    const auto *modes = m_scope->findChild<QTabBar *>(QStringLiteral("modeSelect"));
-    return modes ? scopeDisplays.value(modes->currentIndex()).first : QString();
+    const auto shown =
+        std::find_if(scopeDisplays.begin(), scopeDisplays.end(), [this](const auto &display) {
+            return display.second == m_scope->plotMode();
+        });
+    return shown != scopeDisplays.end() ? shown->first : QString();
 }
 
 QWidget *DisplayTabs::displayInUse() const
@@ -185,13 +167,13 @@ QWidget *DisplayTabs::displayInUse() const
 
 bool DisplayTabs::hasDrawn() const
 {
-    const bool needsProfile =
-        currentWidget() == m_profile || (currentWidget() == m_position && m_frames.hasProfile());
-    if (needsProfile)
+    if (currentWidget() == m_profile)
         return m_frames.hasShownProfile();
+    if (currentWidget() == m_position)
+        return m_frames.hasShownPosition();
     if (currentWidget() == m_spotMap)
         return m_spots.rowCount() > 0;
-    return hasCurves(currentWidget());
+    return m_scope->plotView()->showsReadings();
 }
 
 } // namespace Monitor

@@ -57,6 +57,11 @@ bool FrameFeeder::hasShownProfile() const
     return hasProfile() && m_profile->getCalc().valid;
 }
 
+bool FrameFeeder::hasShownPosition() const
+{
+    return hasProfile() ? hasShownProfile() : m_hasPosition;
+}
+
 void FrameFeeder::beginStream()
 {
     const StreamHeader &header = m_model->header();
@@ -68,6 +73,7 @@ void FrameFeeder::beginStream()
     m_values.resize(std::size_t(header.channels.size()));
     m_lastFrame.clear();
     m_lastShown = {};
+    m_hasPosition = false;
     if (header.kind == StreamKind::Strips)
         m_profile->setL408(true);
     else if (header.kind == StreamKind::Pixels)
@@ -150,6 +156,7 @@ void FrameFeeder::feedPosition(const double *values)
     const double x = left + right > 0.0 ? (right - left) / (right + left) : std::nan("");
     const double y = up + down > 0.0 ? (up - down) / (up + down) : std::nan("");
     const bool plausible = std::abs(x) <= 1.0 && std::abs(y) <= 1.0;
+    m_hasPosition = m_hasPosition || plausible;
     if (plausible)
         m_position->setData(x, y);
 }

@@ -31,6 +31,8 @@ public:
     bool hasPosition() const;
     //! Returns whether the profile display has shown a result of this stream.
     bool hasShownProfile() const;
+    //! Returns whether the position display has got a position of this stream.
+    bool hasShownPosition() const;
 
 private:
     void beginStream();
@@ -52,6 +54,7 @@ private:
     double m_lastTime = 0.0;
     QTimer m_again;
     Corvale_Qt::SpectrogramCalc m_lastShown;
+    bool m_hasPosition = false; //!< of halves; those of profiles are m_lastShown
 };
 
 } // namespace Monitor

@@ -7,13 +7,17 @@
 #include <QFileInfo>
 #include <QFormBuilder>
 #include <QIcon>
+#include <QLabel>
+#include <QMetaProperty>
 #include <QPluginLoader>
 #include <QSet>
 #include <QSpinBox>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -111,6 +115,51 @@ private Q_SLOTS:
         }
         window->resize(600, 400);
         window->grab();
+    }
+
+    //! A form sets the properties of a scope, and a preview keeps its samples while they are edited.
+    void propertiesOfAScope()
+    {
+        const QByteArray form =
+            R"(<ui version="4.0"><class>Form</class><widget class="Corvale_Qt::RVXScope" name="Form">
+            <property name="plotTabs"><set>Corvale_Qt::RVXScope::ScopeTab|Corvale_Qt::RVXScope::SplitTab</set></property>
+            <property name="plotMode"><enum>Corvale_Qt::RVXScope::SplitMode</enum></property>
+            <property name="yScaleMode"><enum>Corvale_Qt::RVXScope::AbsoluteRanges</enum></property>
+            <property name="averaging"><number>100</number></property>
+            <property name="period"><number>1000</number></property>
+            <property name="timeSpan"><double>2.5</double></property>
+            <property name="markersEnabled"><bool>true</bool></property>
+            </widget></ui>)";
+        const auto text = [](const QWidget &widget) {
+            return QString("mode %1 of %2, list %3, average %4, period %5, %6 s")
+                .arg(widget.property("plotMode").toInt())
+                .arg(widget.findChild<QTabBar *>("modeSelect")->count())
+                .arg(widget.property("yScaleMode").toInt())
+                .arg(widget.property("averaging").toInt())
+                .arg(widget.property("period").toInt())
+                .arg(widget.property("timeSpan").toDouble());
+        };
+        for (const auto &load : {loadByUiLoader, loadByFormBuilder}) {
+            const auto scope = load(form);
+            QVERIFY(scope);
+            QCOMPARE(text(*scope), QString("mode 5 of 2, list 2, average 100, period 1000, 2.5 s"));
+        }
+
+        const auto widget = std::find_if(m_widgets.begin(), m_widgets.end(), [](const auto *each) {
+            return each->name().endsWith("RVXScope");
+        });
+        const auto preview = createInDesigner(*widget);
+        const QMetaObject *type = preview->metaObject();
+        for (int i = type->propertyOffset(); i < type->propertyCount(); ++i) {
+            const QMetaProperty property = type->property(i);
+            QVERIFY2(property.isDesignable(), property.name());
+            if (property.isWritable())
+                QVERIFY2(property.write(preview.get(), property.read(preview.get())),
+                         property.name());
+        }
+        QVERIFY(preview->setProperty("period", 100));
+        QTRY_COMPARE((preview->show(), preview->findChild<QLabel *>("bufferSizeLabel")->text()),
+                     QString("200 Samples"));
     }
 
     void newWidget_data() { addWidgets(); }

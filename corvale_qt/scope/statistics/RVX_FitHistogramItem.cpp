@@ -139,7 +139,7 @@ void RVX_FitHistogramItem::upload_MLFC_calibration_table(std::vector<double> *ta
 double RVX_FitHistogramItem::residualNoise() const
 {
     Q_D(const RVX_FitHistogramItem);
-    return d->residualNoise;
+    return isComputed() ? d->residualNoise : 0.0;
 }
 
 void RVX_FitHistogramItem::setResidualNoise(double noise)

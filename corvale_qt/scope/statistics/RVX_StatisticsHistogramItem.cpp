@@ -1,41 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 
-#include "corvale_qt/numerics/ProfileFit.h"
-#include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/scope/statistics/RVX_HistogramItemAxisWidget.h"
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
 
-#include <qwt_plot_marker.h>
-#include <qwt_scale_div.h>
 #include <qwt_symbol.h>
 
 #include <QCoreApplication>
 #include <QPen>
-#include <QPointer>
 
 #include <cmath>
+#include <limits>
 
 namespace Corvale_Qt {
-
-class RVX_StatisticsHistogramItemPrivate
-{
-public:
-    QwtScaleDiv ticks(double axisUpper) const;
-
-    QPointer<RVX_HistogramItemAxisWidget> axisWidget;
-    QColor color;
-    bool fullStatistics = false;
-    QwtPlotMarker marker;
-    ProfileFit fit;
-    FitStatus status = FitStatus::Ok;
-    QString message;
-    double position = 0.0;
-    SignalToNoise signalToNoise;
-    bool computed = false;
-    QString valueUnit;
-    double plotDivisor = 1.0;
-    double limitFactor = 1.0;
-};
 
 QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
 {
@@ -103,50 +80,65 @@ void RVX_StatisticsHistogramItem::detach()
 
 bool RVX_StatisticsHistogramItem::isComputed() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->computed;
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).computed;
 }
 
 const ProfileFit &RVX_StatisticsHistogramItem::fit() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->fit;
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).fit;
 }
 
 FitStatus RVX_StatisticsHistogramItem::status() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->status;
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).status;
 }
 
 QString RVX_StatisticsHistogramItem::statusMessage() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->message;
+    const auto &d = RVX_StatisticsHistogramItemPrivate::upToDate(*this);
+    return d.computed
+        ? d.message
+        : QCoreApplication::translate("Corvale_Qt::RVX_StatisticsHistogramItem", "Not computed.");
+}
+
+int RVX_StatisticsHistogramItem::row() const
+{
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).row;
+}
+
+double RVX_StatisticsHistogramItem::time() const
+{
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).time;
+}
+
+int RVX_StatisticsHistogramItem::firstChannel() const
+{
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).firstChannel;
+}
+
+int RVX_StatisticsHistogramItem::channelCount() const
+{
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).fit.count();
 }
 
 double RVX_StatisticsHistogramItem::position() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->position;
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).position;
 }
 
 bool RVX_StatisticsHistogramItem::hasSignalToNoise() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return d->signalToNoise.computed;
+    return RVX_StatisticsHistogramItemPrivate::upToDate(*this).signalToNoise.computed;
 }
 
 double RVX_StatisticsHistogramItem::signalToNoise() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return double(d->signalToNoise.ratio);
+    return double(RVX_StatisticsHistogramItemPrivate::upToDate(*this).signalToNoise.ratio);
 }
 
 double RVX_StatisticsHistogramItem::noiseDeviation() const
 {
-    Q_D(const RVX_StatisticsHistogramItem);
-    return double(d->signalToNoise.noiseSigma);
+    return double(RVX_StatisticsHistogramItemPrivate::upToDate(*this).signalToNoise.noiseSigma);
 }
 
 QColor RVX_StatisticsHistogramItem::color() const
@@ -205,10 +197,13 @@ void RVX_StatisticsHistogramItem::clear()
     detach();
     d->computed = false;
     d->fit = ProfileFit();
-    d->status = FitStatus::Ok;
+    d->status = FitStatus::NotComputed;
     d->message.clear();
     d->position = 0.0;
     d->signalToNoise = SignalToNoise();
+    d->row = 0;
+    d->time = std::numeric_limits<double>::quiet_NaN();
+    d->firstChannel = 0;
     if (d->axisWidget)
         d->axisWidget->setTicks(this, QwtScaleDiv());
     showLabel();
@@ -231,6 +226,9 @@ bool RVX_StatisticsHistogramItem::take(int offset,
     d->position = offset + (ok ? double(fit.mean) + 1.0 : (fit.count() + 1) / 2.0);
     d->signalToNoise =
         ok && d->fullStatistics ? Corvale_Qt::signalToNoise(d->fit) : SignalToNoise();
+    d->firstChannel = offset + 1;
+    if (!d->showsResults)
+        return ok;
     d->marker.setValue(d->position, ok ? double(fit.at(fit.mean)) / d->plotDivisor : 0.0);
     if (d->axisWidget)
         d->axisWidget->setTicks(this, d->ticks(axisUpper));

@@ -20,7 +20,9 @@ struct ProfileFit;
 /*! Base class of the beam statistics of a histogram: a marker at the position, ticks on an axis widget (at the position
     and one and three sigma to each side of it) and a label with the numbers, or with the reason for their absence.
 
-    The getters return the result of the last compute(), for instance for a host's log. */
+    The getters of an item that belongs to an RVXScopePlotView return the result for the newest sample of the view's model.
+    They compute it if that has not been done yet, whether or not the view shows it. Those of an item that a host has created
+    return the result of the last compute(). */
 class CORVALE_QT_EXPORT RVX_StatisticsHistogramItem : public RVX_HistogramItem
 {
 public:
@@ -42,14 +44,24 @@ public:
     //! Returns the rich text of the label.
     virtual QString label() const = 0;
 
-    //! Returns false before the first compute() and after clear().
+    //! Returns whether there is an outcome; false without a sample, before the first compute() and after clear().
     bool isComputed() const;
     //! Returns the fit. Its positions and widths are in bins of the item's group of channels; the first bin is at 0.
     const ProfileFit &fit() const;
-    //! Returns FitStatus::Ok for a result and before the first compute(), otherwise the reason why there is no result.
+    /*! Returns FitStatus::Ok for a result, FitStatus::NotComputed while isComputed() is false, and otherwise the reason why
+        there is no result. */
     FitStatus status() const;
     //! Returns the reason why there is no result as a translated text; empty for a result.
     QString statusMessage() const;
+    /*! Returns the row of the sample that the result belongs to, in the view's model. It is 0 while isComputed() is false
+        and for an item that belongs to no view. */
+    int row() const;
+    //! Returns x of that sample in the unit of x, usually its time in seconds; NaN where row() is 0.
+    double time() const;
+    //! Returns the first channel of the item's group, counted from 1; 0 while isComputed() is false.
+    int firstChannel() const;
+    //! Returns how many channels the group has, those that are not shown included; they count as 0.
+    int channelCount() const;
     /*! Returns the position on the x axis of the plot, where channel k is at k. Without a result it is the middle of
         the item's channels. */
     double position() const;
@@ -81,7 +93,7 @@ public:
     //! Returns the factor of the limits; 1 unless set.
     double limitFactor() const;
 
-    //! Returns the translated text of a status; empty for FitStatus::Ok.
+    //! Returns the translated text of a failure; empty for FitStatus::Ok and FitStatus::NotComputed.
     static QString messageOf(FitStatus status);
 
 protected:

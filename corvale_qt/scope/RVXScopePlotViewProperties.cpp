@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What a host reads and sets on a scope plot view as properties, and what it reads of the markers.
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
+
+#include <cmath>
+
+namespace Corvale_Qt {
+
+void RVXScopePlotView::setPlotMode(PlotMode mode)
+{
+    Q_D(RVXScopePlotView);
+    d->setMode(mode);
+}
+
+RVXScopePlotView::PlotMode RVXScopePlotView::plotMode() const
+{
+    Q_D(const RVXScopePlotView);
+    return PlotMode(d->mode);
+}
+
+double RVXScopePlotView::yMinimum() const
+{
+    return range().first;
+}
+
+double RVXScopePlotView::yMaximum() const
+{
+    return range().second;
+}
+
+void RVXScopePlotView::setYMinimum(double minimum)
+{
+    Q_D(RVXScopePlotView);
+    d->setRange({minimum, yMaximum()});
+}
+
+void RVXScopePlotView::setYMaximum(double maximum)
+{
+    Q_D(RVXScopePlotView);
+    d->setRange({yMinimum(), maximum});
+}
+
+void RVXScopePlotView::setYScaleMode(PlotScales mode)
+{
+    SetYScaleMode(int(mode));
+}
+
+bool RVXScopePlotView::isPositiveOnly() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.yScale.positiveOnly;
+}
+
+double RVXScopePlotView::timeSpan() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.span.time;
+}
+
+void RVXScopePlotView::setTimeSpan(double span)
+{
+    Q_D(RVXScopePlotView);
+    if (!std::isfinite(span) || span < 0.0 || span == d->context.span.time)
+        return;
+    d->context.span.time = span;
+    d->spanChanged();
+    Q_EMIT timeSpanChanged(span);
+}
+
+int RVXScopePlotView::sampleSpan() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.span.samples;
+}
+
+void RVXScopePlotView::setSampleSpan(int samples)
+{
+    Q_D(RVXScopePlotView);
+    if (samples < 0 || samples == d->context.span.samples)
+        return;
+    d->context.span.samples = samples;
+    d->spanChanged();
+    Q_EMIT sampleSpanChanged(samples);
+}
+
+bool RVXScopePlotView::areMarkersEnabled() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->markersEnabled;
+}
+
+ScopeMarkerStatistics RVXScopePlotView::markerStatistics() const
+{
+    // The plot that is pending is made now, as a repaint would.
+    RVXScopePlotViewPrivate *const d = d_ptr.get();
+    d->plotForMarkers();
+    return d->currentMode().markerStatistics();
+}
+
+bool RVXScopePlotView::showsReadings() const
+{
+    Q_D(const RVXScopePlotView);
+    return model() && d->currentMode().showsReadings();
+}
+
+} // namespace Corvale_Qt

@@ -25,7 +25,7 @@
 using namespace Corvale_Qt;
 
 static_assert(CORVALE_QT_VERSION >= CORVALE_QT_VERSION_CHECK(2, 0, 0)
-              && CORVALE_QT_VERSION < CORVALE_QT_VERSION_CHECK(CORVALE_QT_VERSION_MAJOR, 255, 255));
+              && CORVALE_QT_VERSION < CORVALE_QT_VERSION_CHECK(3, 0, 0));
 
 //! Whether the program runs with the library whose headers it was built with.
 static bool isOfOneVersion()

@@ -44,3 +44,17 @@ endfunction()
 function(corvale_qt_private)
   target_sources(corvale_qt_objects PRIVATE ${ARGN})
 endfunction()
+
+# corvale_qt_resources(File.qrc): resources that are compiled into the library.
+# Of a static library a linker takes only what is called, and nobody calls resources. Where the function that
+# registers them is named, they are taken, and registered before main().
+function(corvale_qt_resources file)
+  corvale_qt_private("${file}")
+  get_target_property(type corvale_qt TYPE)
+  if(type STREQUAL "STATIC_LIBRARY")
+    get_filename_component(name "${file}" NAME_WE)
+    set(function "qInitResources_${name}")
+    string(LENGTH "${function}" length)
+    target_link_options(corvale_qt INTERFACE "-Wl,-u,_Z${length}${function}v")
+  endif()
+endfunction()

@@ -10,6 +10,7 @@
 
 namespace Corvale_Qt {
 
+class RVXBulkPlotData;
 class AbstractChannelModelFactory;
 class MergedInput;
 class RowLedger;
@@ -42,6 +43,9 @@ class CORVALE_QT_EXPORT RVXMultichannelProxyModel : public QAbstractProxyModel,
                                                     public RVXAbstractPlotDataModel
 {
     Q_OBJECT
+    //! What RVXBulkPlotData::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
 
 public:
     //! Creates a proxy without channels, with a SingleChannelModelFactory.
@@ -150,6 +154,8 @@ protected:
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
 
 private:
+    const RVXBulkPlotData *bulkPlotData() const;
+
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
     friend class MergedInput;
     friend class RowLedger;

@@ -182,8 +182,8 @@ void RVXMultichannelDeviceModelPrivate::handOver(const Block &block,
 {
     if (!toldOfOtherThread.exchange(true))
         qCWarning(lcModels)
-            << "Rows come from another thread than that of the model, which is slower:"
-            << "append them in a slot that a queued connection calls";
+            << "Rows come from another thread than the model's and are handed over to it:"
+            << "call appendRows() by a queued connection";
     Q_ASSERT_X(false, "RVXMultichannelDeviceModel", "rows come from another thread");
     const auto copy = [rows](const double *numbers, int width) {
         return std::vector<double>(numbers, numbers + std::ptrdiff_t(rows) * width);

@@ -8,7 +8,6 @@
 #include <cmath>
 
 using namespace Corvale_Qt;
-
 constexpr int channels = 64;
 constexpr int samples = 50000;
 
@@ -21,7 +20,7 @@ public:
         for (int i = 0; i < samples; ++i) {
             m_columns[0][i] = i * 1e-6; // seconds
             for (int c = 1; c <= channels; ++c)
-                m_columns[c][i] = 0.02 * c + 0.01 * std::sin(2e-3 * i + c); // volt
+                m_columns[c][i] = 0.02 * c + 0.01 * std::sin(2e-3 * i + c); // ampere
         }
         m_xVersion = newXVersion();
         endResetModel();
@@ -75,5 +74,6 @@ int main(int argc, char **argv)
     model.acquire();
     RVXScopePlotView view;
     view.setModel(&model);
+    view.resize(1000, 600);
     return runExample(view);
 }

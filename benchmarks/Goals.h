@@ -16,3 +16,5 @@ void measureSpectrogram();
 void measureSpotMap();
 void measureFiles();
 void measureGrowth();
+void measureMonitorChart();
+void measureOwnModel();

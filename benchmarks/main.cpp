@@ -36,6 +36,10 @@ const Subject subjects[] = {
     {"spots", measureSpotMap},
     {"files", measureFiles},
     {"growth", measureGrowth},
+#ifdef HAVE_MONITOR
+    {"monitor", measureMonitorChart},
+#endif
+    {"own", measureOwnModel},
 };
 
 bool isKnown(const QString &name)

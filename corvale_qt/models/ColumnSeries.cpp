@@ -5,7 +5,7 @@
 namespace Corvale_Qt {
 
 ColumnSeries::ColumnSeries(const PlotColumns &columns, int column, int rows)
-    : m_columns{&columns, column, 1, 1.0}
+    : m_columns{BulkColumns(&columns), column, 1, 1.0}
     , m_rows(rows)
 {
 }

@@ -5,21 +5,8 @@
 #include <QDebug>
 
 #include <algorithm>
-#include <typeinfo>
-#include <unordered_map>
 
 namespace Corvale_Qt {
-
-namespace {
-
-// Filled while the library is loaded; a function's static, since the order of loading is not ours.
-std::unordered_map<std::type_index, PlotColumns::Finder> &finders()
-{
-    static std::unordered_map<std::type_index, PlotColumns::Finder> known;
-    return known;
-}
-
-} // namespace
 
 QDebug operator<<(QDebug debug, const ColumnSpans &spans)
 {
@@ -29,21 +16,30 @@ QDebug operator<<(QDebug debug, const ColumnSpans &spans)
                            << " * number - " << spans.zero << ')';
 }
 
+PlotColumns::PlotColumns()
+{
+    m_columns = this;
+}
+
 PlotColumns::~PlotColumns() = default;
 
-bool PlotColumns::spans(int, int, int, ColumnSpans &) const
+bool PlotColumns::columnSpans(int, int, int, ColumnSpans &) const
 {
     return false;
+}
+
+bool PlotColumns::spans(int column, int firstRow, int count, Spans &spans) const
+{
+    ColumnSpans own;
+    if (!columnSpans(column, firstRow, count, own))
+        return false;
+    spans = own;
+    return true;
 }
 
 bool PlotColumns::appendText(QByteArray &, int, int) const
 {
     return false;
-}
-
-quint64 PlotColumns::xVersion() const
-{
-    return 0;
 }
 
 qint64 PlotColumns::droppedRows(int) const
@@ -53,22 +49,27 @@ qint64 PlotColumns::droppedRows(int) const
 
 const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
 {
-    if (!model)
-        return nullptr;
-    const auto found = finders().find(typeid(*model));
-    return found == finders().end() ? nullptr : found->second(*model);
+    const RVXBulkPlotData *const bulk = RVXBulkPlotData::of(model);
+    const PlotColumns *const own = bulk ? bulk->m_columns : nullptr;
+    return own && own->vouchedType() == typeid(*model) ? own : nullptr;
 }
 
-bool PlotColumns::add(std::type_index modelClass, Finder find)
+//! Asks a host's model. Spans that do not fit what was asked for are not used, since they would be read beyond their end.
+bool BulkColumns::hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    return finders().emplace(modelClass, find).second;
+    spans = ColumnSpans();
+    const auto isWhole = [&spans](int i) {
+        return spans.size[i] == 0 || (spans.size[i] > 0 && spans.piece[i]);
+    };
+    return m_bulk->spans(column, firstRow, count, spans) && spans.count() == count && isWhole(0)
+        && isWhole(1);
 }
 
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
     : m_object(dynamic_cast<const QObject *>(model))
     , m_isGuarded(!m_object.isNull())
     , m_model(model)
-    , m_columns(PlotColumns::of(model))
+    , m_columns(RVXBulkPlotData::of(model))
 {
 }
 
@@ -79,8 +80,8 @@ PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
-    if (const PlotColumns *const bulk = columns()) {
-        bulk->read(column, firstRow, count, out);
+    if (isBulk()) {
+        m_columns.read(column, firstRow, count, out);
     } else if (!m_model || isGone()) {
         std::fill_n(out, std::max(count, 0), 0.0);
     } else {
@@ -91,22 +92,22 @@ void PlotColumnReader::read(int column, int firstRow, int count, double *out) co
 
 bool PlotColumnReader::xRises() const
 {
-    return columns() && m_columns->xRises();
+    return isBulk() && m_columns.xRises();
 }
 
 bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    return columns() && m_columns->spans(column, firstRow, count, spans);
+    return isBulk() && m_columns.spans(column, firstRow, count, spans);
 }
 
 quint64 PlotColumnReader::xVersion() const
 {
-    return columns() ? m_columns->xVersion() : 0;
+    return isBulk() ? m_columns.xVersion() : 0;
 }
 
 qint64 PlotColumnReader::droppedRows(int column) const
 {
-    return columns() ? m_columns->droppedRows(column) : -1;
+    return isBulk() ? m_columns.droppedRows(column) : -1;
 }
 
 } // namespace Corvale_Qt

@@ -178,7 +178,7 @@ void RVXAbstractDeviceDataModel::SetUnits(const Units::MeasurementUnit *units)
     Q_D(RVXAbstractDeviceDataModel);
     d->units = units;
     Q_EMIT unitsChanged(units);
-    if (rowCount() > 1)
+    if (rowCount() > 1 && columnCount() > 1)
         Q_EMIT dataChanged(index(1, 1), index(rowCount() - 1, columnCount() - 1));
 }
 

@@ -22,7 +22,7 @@ RVXSeriesData::RVXSeriesData(const RVXAbstractPlotDataModel &model,
     , m_startRow(startRow)
     , m_endRow(endRow)
     , m_items(dynamic_cast<const QAbstractItemModel *>(&model))
-    , m_columns(PlotColumns::of(&model))
+    , m_bulk(RVXBulkPlotData::of(&model))
 {
 }
 
@@ -123,7 +123,7 @@ SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
     if (typeid(*series) != typeid(RVXSeriesData))
         return SeriesColumns();
     const auto &known = static_cast<const RVXSeriesData &>(*series);
-    return {known.m_columns, known.m_column, known.m_startRow, known.m_scale};
+    return {BulkColumns(known.m_bulk), known.m_column, known.m_startRow, known.m_scale};
 }
 
 } // namespace Corvale_Qt

@@ -11,8 +11,8 @@ class QAbstractItemModel;
 
 namespace Corvale_Qt {
 
-class PlotColumns;
 class RVXAbstractPlotDataModel;
+class RVXBulkPlotData;
 struct SeriesColumns;
 
 /*! One column of a plot model as a series of points for a QwtPlotCurve. x is column 0, y is the column divided by
@@ -62,7 +62,7 @@ private:
     double m_scale = 1.0;
     // Found once, because finding them for each point costs more than reading the point.
     const QAbstractItemModel *m_items;
-    const PlotColumns *m_columns;
+    const RVXBulkPlotData *m_bulk;
 };
 
 } // namespace Corvale_Qt

@@ -23,8 +23,9 @@ public:
     {
     }
 
+    const std::type_info &vouchedType() const override { return typeid(RVXSingleChannelDataModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return times.rises(); }
     bool appendText(QByteArray &text, int row, int column) const override;
     quint64 xVersion() const override { return times.version(); }
@@ -43,19 +44,7 @@ public:
     int visibleRows = 0;
     int plotWidthHintPoints = 0;
     QString channelName;
-
-private:
-    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
-    static const bool known;
 };
-
-const PlotColumns *RVXSingleChannelDataModelPrivate::find(const RVXAbstractPlotDataModel &model)
-{
-    return static_cast<const RVXSingleChannelDataModel &>(model).d_func();
-}
-
-const bool RVXSingleChannelDataModelPrivate::known =
-    PlotColumns::add(typeid(RVXSingleChannelDataModel), find);
 
 namespace {
 
@@ -88,10 +77,10 @@ void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count,
         out[-firstRow] = column;
 }
 
-bool RVXSingleChannelDataModelPrivate::spans(int column,
-                                             int firstRow,
-                                             int count,
-                                             ColumnSpans &spans) const
+bool RVXSingleChannelDataModelPrivate::columnSpans(int column,
+                                                   int firstRow,
+                                                   int count,
+                                                   ColumnSpans &spans) const
 {
     if (column == 0)
         return ringSpans(times.times(), firstRow - 1, count, spans);
@@ -173,6 +162,12 @@ RVXSingleChannelDataModel::RVXSingleChannelDataModel(QObject *parent)
 }
 
 RVXSingleChannelDataModel::~RVXSingleChannelDataModel() = default;
+
+const RVXBulkPlotData *RVXSingleChannelDataModel::bulkPlotData() const
+{
+    Q_D(const RVXSingleChannelDataModel);
+    return d;
+}
 
 void RVXSingleChannelDataModel::AddData(double timestamp, double value)
 {

@@ -5,6 +5,7 @@
 
 namespace Corvale_Qt {
 
+class RVXBulkPlotData;
 class RVXSingleChannelDataModelPrivate;
 
 /*! The readings of one channel: the newest 100000 samples, each with its time stamp.
@@ -28,6 +29,9 @@ class RVXSingleChannelDataModelPrivate;
 class CORVALE_QT_EXPORT RVXSingleChannelDataModel : public RVXAbstractDeviceDataModel
 {
     Q_OBJECT
+    //! What RVXBulkPlotData::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
 
 public:
     //! Constructs an empty model of one channel, with autoUpdate() on.
@@ -67,6 +71,8 @@ public:
 
 private:
     void addVisibly(double timestamp, double value);
+
+    const RVXBulkPlotData *bulkPlotData() const;
 
     Q_DECLARE_PRIVATE(RVXSingleChannelDataModel)
     const std::unique_ptr<RVXSingleChannelDataModelPrivate> d_ptr;

@@ -157,8 +157,8 @@ bool SampleBounds::addSpans(const SeriesColumns &columns, int count)
 {
     ColumnSpans x;
     ColumnSpans y;
-    if (!columns.columns->xRises() || !columns.columns->spans(0, columns.startRow, count, x)
-        || !columns.columns->spans(columns.column, columns.startRow, count, y))
+    if (!columns.columns.xRises() || !columns.columns.spans(0, columns.startRow, count, x)
+        || !columns.columns.spans(columns.column, columns.startRow, count, y))
         return false;
     const ValueRange range = storedRange(y, 0, count);
     const auto shown = [&](double stored) {

@@ -72,12 +72,10 @@ public:
     {
         // Counted here rather than at each change, since there are many changes between two calls.
         if (m_changed)
-            m_version = newVersion();
+            m_version = RVXBulkPlotData::newXVersion();
         m_changed = false;
         return m_version;
     }
-    //! Returns a new version for time stamps that are stored elsewhere.
-    static quint64 newVersion() { return ++s_lastVersion; }
 
     //! Appends a stamp; a full ring drops its oldest.
     void push_back(double time)
@@ -95,6 +93,23 @@ public:
     {
         m_times.clear();
         m_steps = 0;
+        m_changed = true;
+    }
+
+    //! Removes the oldest \a count stamps, of which there are that many.
+    void dropOldest(int count)
+    {
+        const int inside = std::min(count, int(m_times.size()) - 1);
+        for (int i = 0; i < inside && m_steps > 0; ++i)
+            m_steps -=
+                m_times[SampleRing::size_type(i)] < m_times[SampleRing::size_type(i) + 1] ? 0 : 1;
+        m_times.erase_begin(SampleRing::size_type(count));
+        m_changed = true;
+    }
+    //! Sets the capacity, which must not be less than the number of stamps.
+    void setCapacity(int capacity)
+    {
+        m_times.set_capacity(SampleRing::capacity_type(capacity));
         m_changed = true;
     }
 
@@ -116,7 +131,6 @@ private:
     int m_steps = 0;
     mutable bool m_changed = true;
     mutable quint64 m_version = 0;
-    inline static quint64 s_lastVersion = 0;
 };
 
 } // namespace Corvale_Qt

@@ -44,8 +44,8 @@ public:
         : m_row(source.startRow + from)
         , m_count(to - from + 1)
         , m_scale(source.scale)
-        , m_found(source.columns && source.columns->spans(0, m_row, m_count, m_x)
-                  && source.columns->spans(source.column, m_row, m_count, m_y))
+        , m_found(source.columns && source.columns.spans(0, m_row, m_count, m_x)
+                  && source.columns.spans(source.column, m_row, m_count, m_y))
     {
     }
 
@@ -149,7 +149,7 @@ public:
     //! Returns false if the samples do not lie in memory, or if x does not rise throughout.
     bool areFound() const
     {
-        return m_spans.areFound() && m_source.columns->xRises() && std::isfinite(m_spans.x(0))
+        return m_spans.areFound() && m_source.columns.xRises() && std::isfinite(m_spans.x(0))
             && std::isfinite(m_spans.x(m_spans.count() - 1));
     }
 
@@ -158,7 +158,7 @@ public:
     addTo(PixelRuns &runs, PixelColumns &columns, const QwtScaleMap &xMap, const QRect &clip) const
     {
         columns.find(m_spans.storedX(),
-                     m_source.columns->xVersion(),
+                     m_source.columns.xVersion(),
                      xMap,
                      clip.left(),
                      clip.right());
@@ -290,7 +290,7 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     if (spans.areFound()) {
         SampleXCache &found = scratch().sampleX;
         const double *positions =
-            found.find(spans.storedX(), source.columns->xVersion(), m_xMap, m_aligned);
+            found.find(spans.storedX(), source.columns.xVersion(), m_xMap, m_aligned);
         constexpr int chunk = 256;
         double y[chunk];
         for (int first = 0; first < spans.count(); first += chunk) {

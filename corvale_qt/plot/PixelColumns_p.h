@@ -25,7 +25,7 @@ public:
     /*! Finds the pixel columns \a left to \a right of the rows of \a x, and one row beyond either edge so that lines reach the
         border. It searches for each column's first row instead of reading all rows.
 
-        \a version is that of x in PlotColumns::xVersion(). The result of the last call is kept for equal arguments, since
+        \a version is that of x in RVXBulkPlotData::xVersion(). The result of the last call is kept for equal arguments, since
         all channels of a chart need the same columns. */
     void find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, int left, int right);
 

@@ -18,7 +18,7 @@ class SampleXCache
 {
 public:
     /*! Returns the x of all samples of \a x in pixels, rounded as Qwt rounds if \a whole is true; a NaN for samples that are
-        not finite. \a version is that of x in PlotColumns::xVersion(). The array is valid until the next call. */
+        not finite. \a version is that of x in RVXBulkPlotData::xVersion(). The array is valid until the next call. */
     const double *find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, bool whole);
     //! Returns true if all positions that were found last are finite.
     bool areFinite() const { return m_finite; }

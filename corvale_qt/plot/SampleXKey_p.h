@@ -17,7 +17,7 @@ class SampleXKey
 {
 public:
     SampleXKey() = default;
-    //! \a version is that of x in PlotColumns::xVersion(); 0 means that changes of x are not counted.
+    //! \a version is that of x in RVXBulkPlotData::xVersion(); 0 means that changes of x are not counted.
     SampleXKey(const ColumnSpans &x, quint64 version, const QwtScaleMap &map);
 
     /*! Returns true if both keys are certain to mean the same pixels. Keys without a version match none, and neither do those

@@ -16,6 +16,7 @@ MergedInput::MergedInput(RVXMultichannelProxyModel *proxy,
     , q(proxy)
     , d(proxyPrivate)
     , m_plot(plotModel)
+    , m_texts(PlotColumns::of(plotModel))
 {
     connect(model, &QObject::destroyed, this, [this] {
         m_wired = false;

@@ -46,6 +46,8 @@ public:
 
     //! Returns the plot interface of the model, or null as soon as the model's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? m_plot : nullptr; }
+    //! Returns what writes the texts of cells without the item model; null unless the class is exactly a library's.
+    const PlotColumns *texts() const { return items ? m_texts : nullptr; }
     int rowCount() const { return items ? items->rowCount() : 0; }
     QModelIndex index(int row, int column) const
     {
@@ -120,6 +122,7 @@ private:
     RVXMultichannelProxyModel *const q;
     RVXMultichannelProxyModelPrivate *const d;
     RVXAbstractPlotDataModel *const m_plot;
+    const PlotColumns *const m_texts;
     bool m_wired = false;
 
     // clang-format off

@@ -20,7 +20,7 @@ QByteArray titlePrefix(int position)
 void appendCell(QByteArray &text, const MergedInput &input, int row, int column)
 {
     const QModelIndex cell = input.index(row, column);
-    const PlotColumns *const columns = input.reader.columns();
+    const PlotColumns *const columns = input.texts();
     const bool written = cell.isValid() && columns && columns->appendText(text, row, column);
     if (!written)
         text += cell.data(Qt::DisplayRole).toString().toUtf8();
@@ -55,7 +55,7 @@ struct WrittenTime
 
 void appendTime(QByteArray &text, const MergedInput &input, int row, WrittenTime &last)
 {
-    const PlotColumns *const columns = input.reader.columns();
+    const PlotColumns *const columns = input.texts();
     const bool plain = columns && input.index(row, 0).isValid();
     const int begin = text.size();
     if (plain && last.isOf(columns, row)) {

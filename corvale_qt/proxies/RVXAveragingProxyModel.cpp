@@ -19,8 +19,9 @@ public:
     {
     }
 
+    const std::type_info &vouchedType() const override { return typeid(RVXAveragingProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
     quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
@@ -38,19 +39,7 @@ public:
     RVXAveragingProxyModel *const q;
     RunningAverages averages;
     PlotColumnReader source;
-
-private:
-    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
-    static const bool known;
 };
-
-const PlotColumns *RVXAveragingProxyModelPrivate::find(const RVXAbstractPlotDataModel &model)
-{
-    return static_cast<const RVXAveragingProxyModel &>(model).d_func();
-}
-
-const bool RVXAveragingProxyModelPrivate::known =
-    PlotColumns::add(typeid(RVXAveragingProxyModel), find);
 
 void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
 {
@@ -72,10 +61,10 @@ void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, do
     source.read(column, firstRow + done, count - done, out + done);
 }
 
-bool RVXAveragingProxyModelPrivate::spans(int column,
-                                          int firstRow,
-                                          int count,
-                                          ColumnSpans &spans) const
+bool RVXAveragingProxyModelPrivate::columnSpans(int column,
+                                                int firstRow,
+                                                int count,
+                                                ColumnSpans &spans) const
 {
     if (column < 1 || column > averages.channels())
         return source.spans(column, firstRow, count, spans);
@@ -192,6 +181,12 @@ RVXAveragingProxyModel::RVXAveragingProxyModel(QObject *parent)
 }
 
 RVXAveragingProxyModel::~RVXAveragingProxyModel() = default;
+
+const RVXBulkPlotData *RVXAveragingProxyModel::bulkPlotData() const
+{
+    Q_D(const RVXAveragingProxyModel);
+    return d;
+}
 
 int RVXAveragingProxyModel::averaging() const
 {

@@ -5,6 +5,7 @@
 
 namespace Corvale_Qt {
 
+class RVXBulkPlotData;
 class RVXAveragingProxyModelPrivate;
 
 /*! Smooths every channel of a plot model with an exponential moving average of length N:
@@ -29,6 +30,9 @@ class RVXAveragingProxyModelPrivate;
 class CORVALE_QT_EXPORT RVXAveragingProxyModel : public RVXPlotProxyModel
 {
     Q_OBJECT
+    //! What RVXBulkPlotData::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
 
 public:
     //! Creates a proxy of length 1 without a source.
@@ -51,6 +55,8 @@ protected:
     void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight) override;
 
 private:
+    const RVXBulkPlotData *bulkPlotData() const;
+
     Q_DECLARE_PRIVATE(RVXAveragingProxyModel)
     const std::unique_ptr<RVXAveragingProxyModelPrivate> d_ptr;
 };

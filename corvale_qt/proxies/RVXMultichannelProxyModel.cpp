@@ -40,6 +40,12 @@ RVXMultichannelProxyModel::RVXMultichannelProxyModel(QObject *parent)
 
 RVXMultichannelProxyModel::~RVXMultichannelProxyModel() = default;
 
+const RVXBulkPlotData *RVXMultichannelProxyModel::bulkPlotData() const
+{
+    Q_D(const RVXMultichannelProxyModel);
+    return d;
+}
+
 void RVXMultichannelProxyModel::insertSourceModel(int position,
                                                   QAbstractItemModel *model,
                                                   int column)

@@ -10,6 +10,7 @@
 
 namespace Corvale_Qt {
 
+class RVXBulkPlotData;
 class AbstractChannelModelFactory;
 class MergedInput;
 class RowLedger;
@@ -44,6 +45,9 @@ class CORVALE_QT_EXPORT RVXMultichannelProxyModel : public QAbstractProxyModel,
     Q_OBJECT
     //! Whether the header row and the header show the channels' own names. Off at the start.
     Q_PROPERTY(bool showNames READ showNames WRITE setShowNames NOTIFY showNamesChanged)
+    //! What RVXBulkPlotData::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
 
 public:
     //! Creates a proxy without channels, with a SingleChannelModelFactory.
@@ -165,6 +169,8 @@ protected:
     virtual void sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
 
 private:
+    const RVXBulkPlotData *bulkPlotData() const;
+
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
     friend class MergedInput;
     friend class RowLedger;

@@ -12,14 +12,6 @@
 
 namespace Corvale_Qt {
 
-const PlotColumns *RVXMultichannelProxyModelPrivate::find(const RVXAbstractPlotDataModel &model)
-{
-    return static_cast<const RVXMultichannelProxyModel &>(model).d_func();
-}
-
-const bool RVXMultichannelProxyModelPrivate::known =
-    PlotColumns::add(typeid(RVXMultichannelProxyModel), find);
-
 RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
     : q(proxy)
     , ledger(proxy, inputs, channels)
@@ -48,10 +40,10 @@ void RVXMultichannelProxyModelPrivate::read(int column, int firstRow, int count,
         out[-firstRow] = column;
 }
 
-bool RVXMultichannelProxyModelPrivate::spans(int column,
-                                             int firstRow,
-                                             int count,
-                                             ColumnSpans &spans) const
+bool RVXMultichannelProxyModelPrivate::columnSpans(int column,
+                                                   int firstRow,
+                                                   int count,
+                                                   ColumnSpans &spans) const
 {
     const Channel *shown = column == 0 && timesAreOfFirst() ? &channels.first() : channel(column);
     // Rows beyond those of the input repeat its newest sample, which is stored only once.

@@ -18,8 +18,9 @@ public:
     explicit RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy);
     ~RVXMultichannelProxyModelPrivate() override;
 
+    const std::type_info &vouchedType() const override { return typeid(RVXMultichannelProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override;
     quint64 xVersion() const override;
     qint64 droppedRows(int column) const override;
@@ -70,9 +71,6 @@ private:
     void readTimes(int firstRow, int count, double *out) const;
     void readChannel(const Channel &channel, int firstRow, int count, double *out) const;
     void channelsChanged();
-
-    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
-    static const bool known;
 };
 
 } // namespace Corvale_Qt

@@ -22,8 +22,9 @@ public:
     {
     }
 
+    const std::type_info &vouchedType() const override { return typeid(RVXZeroingProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
     quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
@@ -52,18 +53,7 @@ private:
 
     bool endIsToBeAnnounced = false;
     std::array<QMetaObject::Connection, 3> sourceColumns;
-
-    static const PlotColumns *find(const RVXAbstractPlotDataModel &model);
-    static const bool known;
 };
-
-const PlotColumns *RVXZeroingProxyModelPrivate::find(const RVXAbstractPlotDataModel &model)
-{
-    return static_cast<const RVXZeroingProxyModel &>(model).d_func();
-}
-
-const bool RVXZeroingProxyModelPrivate::known =
-    PlotColumns::add(typeid(RVXZeroingProxyModel), find);
 
 void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
 {
@@ -79,10 +69,10 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
         out[i] -= out[i] == 0.0 ? 0.0 : zero;
 }
 
-bool RVXZeroingProxyModelPrivate::spans(int column,
-                                        int firstRow,
-                                        int count,
-                                        ColumnSpans &spans) const
+bool RVXZeroingProxyModelPrivate::columnSpans(int column,
+                                              int firstRow,
+                                              int count,
+                                              ColumnSpans &spans) const
 {
     if (!source.spans(column, firstRow, count, spans))
         return false;
@@ -202,6 +192,12 @@ RVXZeroingProxyModel::RVXZeroingProxyModel(QObject *parent)
 }
 
 RVXZeroingProxyModel::~RVXZeroingProxyModel() = default;
+
+const RVXBulkPlotData *RVXZeroingProxyModel::bulkPlotData() const
+{
+    Q_D(const RVXZeroingProxyModel);
+    return d;
+}
 
 void RVXZeroingProxyModel::zeroNow()
 {

@@ -5,6 +5,7 @@
 
 namespace Corvale_Qt {
 
+class RVXBulkPlotData;
 class RVXZeroingProxyModelPrivate;
 
 /*! Subtracts from every sample of a channel the zero of that channel, which zeroNow() captures.
@@ -18,6 +19,9 @@ class RVXZeroingProxyModelPrivate;
 class CORVALE_QT_EXPORT RVXZeroingProxyModel : public RVXPlotProxyModel
 {
     Q_OBJECT
+    //! What RVXBulkPlotData::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
 
 public:
     //! Creates a proxy without a source, which subtracts nothing.
@@ -39,6 +43,8 @@ protected:
     void sourceModelReset() override;
 
 private:
+    const RVXBulkPlotData *bulkPlotData() const;
+
     Q_DECLARE_PRIVATE(RVXZeroingProxyModel)
     const std::unique_ptr<RVXZeroingProxyModelPrivate> d_ptr;
 };

@@ -47,7 +47,7 @@ public:
     double value(int row, int column) const { return channel(column).ring[row - 1]; }
     //! Returns all averages of \a column, oldest first.
     const SampleRing &column(int column) const { return channel(column).ring; }
-    //! Finds averages in memory; see PlotColumns::spans().
+    //! Finds averages in memory; see PlotColumns::columnSpans().
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
 
     //! Drops the oldest \a rows rows; the others keep their averages.

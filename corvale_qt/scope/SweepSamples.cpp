@@ -2,7 +2,6 @@
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXSeriesData.h"
-#include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/SweepSamples_p.h"
 
@@ -27,7 +26,7 @@ void SweepSamples::take(const ScopeModel &model, RowRange rows)
     QVector<double> &x = m_columns[0];
     x.resize(rows.size());
     model.reader().read(0, rows.first, rows.size(), x.data());
-    m_xVersion = TimeRing::newVersion();
+    m_xVersion = newXVersion();
     m_xRises = true;
     for (int i = 1; i < x.size(); ++i)
         m_xRises = m_xRises && x[i - 1] < x[i];
@@ -85,7 +84,7 @@ void SweepSamples::read(int column, int firstRow, int count, double *out) const
         std::fill_n(out, std::max(count, 0), std::numeric_limits<double>::quiet_NaN());
 }
 
-bool SweepSamples::spans(int column, int firstRow, int count, ColumnSpans &spans) const
+bool SweepSamples::columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
     if (!has(column, firstRow, count))
         return false;

@@ -29,10 +29,11 @@ public:
     //! Returns a series of one channel, which the caller owns; null for a channel that was not copied.
     QwtSeriesData<QPointF> *series(int channel) const;
 
+    const std::type_info &vouchedType() const override { return typeid(SweepSamples); }
     //! Gives NaN for cells that were not copied.
     void read(int column, int firstRow, int count, double *out) const override;
     bool xRises() const override { return m_xRises; }
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
     quint64 xVersion() const override { return m_xVersion; }
 
 private:

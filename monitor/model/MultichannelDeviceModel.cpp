@@ -7,19 +7,11 @@
 #include <QFile>
 #include <QTextDocument>
 
-#include <algorithm>
 #include <cmath>
 
 namespace Monitor {
 
 namespace {
-
-constexpr int capacity = 100000; // the same as in the library's models
-
-QString timeText(double time)
-{
-    return QString::number(time, 'f', 3);
-}
 
 //! Returns a tool tip that shows the text as it is: names come from outside and must not act as markup.
 QString plainToolTip(const QString &text)
@@ -30,9 +22,7 @@ QString plainToolTip(const QString &text)
 } // namespace
 
 MultichannelDeviceModel::MultichannelDeviceModel(QObject *parent)
-    : RVXAbstractDeviceDataModel(parent)
-    , m_visible(capacity)
-    , m_waiting(capacity)
+    : RVXMultichannelDeviceModel(0, parent)
 {
 }
 
@@ -40,166 +30,78 @@ MultichannelDeviceModel::~MultichannelDeviceModel() = default;
 
 void MultichannelDeviceModel::startStream(const StreamHeader &header)
 {
-    beginResetModel();
+    // Views may use the former unit until they hear of the new one.
+    const auto formerUnit = std::move(m_unit);
+    m_unit = unitFromSymbol(header.commonUnit());
     m_header = header;
-    m_visible.reset(header.channels.size());
-    m_waiting.reset(header.channels.size());
-    m_arrivedWaiting = 0;
-    adoptUnits();
-    endResetModel();
-    SetUnits(m_units.empty() ? nullptr : m_units.front().get());
-}
-
-//! Adopts the units of the channels if all are the same; otherwise there is no common unit, and the names show them.
-void MultichannelDeviceModel::adoptUnits()
-{
-    // Views may use the former units until they hear of the new ones.
-    m_formerUnits = std::move(m_units);
-    m_units.clear();
-    for (const Channel &channel : m_header.channels)
-        m_units.push_back(unitFromSymbol(channel.unit));
-    const bool mixed = m_header.commonUnit().isEmpty();
-    if (mixed)
-        m_units.clear();
+    forgetWaiting();
+    QVector<Channel> channels;
+    for (const Monitor::Channel &channel : header.channels)
+        channels.append({channel.name, nullptr, m_unit.get()});
+    setChannels(channels);
+    SetUnits(m_unit.get());
 }
 
 void MultichannelDeviceModel::addReading(double time, const double *values)
 {
-    ReadingBlock block(m_header.channels.size());
+    ReadingBlock block(NumberOfChannels());
     block.append(time, values);
     addReadings(block);
 }
 
 void MultichannelDeviceModel::addReadings(const ReadingBlock &readings)
 {
-    if (readings.channels() != m_header.channels.size())
+    if (readings.channels() != NumberOfChannels())
         return;
-    std::vector<int> due;
-    due.reserve(std::size_t(readings.size()));
+    m_due.clear(readings.channels());
     for (int i = 0; i < readings.size(); ++i) {
         if (!sampleDue())
             continue;
-        due.push_back(i);
+        m_due.append(readings.time(i), readings.values(i));
         sampleTaken();
     }
-    if (isPaused()) {
-        for (const int i : due)
-            m_waiting.append(readings.time(i), readings.values(i));
-        m_arrivedWaiting += qint64(due.size());
+    if (!m_isPaused) {
+        storeRows(m_due.times(), m_due.values(0), m_due.size());
         return;
     }
-    appendVisible(int(due.size()), [&](int i) {
-        const int row = due[std::size_t(i)];
-        m_visible.append(readings.time(row), readings.values(row));
-    });
-}
-
-//! Makes room for \a count readings, keeps the latest up to the capacity, and announces them as one insertion.
-void MultichannelDeviceModel::appendVisible(int count, const std::function<void(int i)> &append)
-{
-    if (count == 0)
-        return;
-    const int kept = std::min(count, capacity);
-    const int tooMany = m_visible.size() + kept - capacity;
-    if (tooMany > 0) {
-        beginRemoveRows(QModelIndex(), 1, tooMany);
-        m_visible.dropOldest(tooMany);
-        endRemoveRows();
-    }
-    beginInsertRows(QModelIndex(), m_visible.size() + 1, m_visible.size() + kept);
-    for (int i = count - kept; i < count; ++i)
-        append(i);
-    endInsertRows();
+    m_waiting.append(m_due);
+    m_arrivedWaiting += m_due.size();
+    // Seldom, since all that stay are moved.
+    if (m_waiting.size() >= 2 * capacity())
+        m_waiting.removeFirst(m_waiting.size() - capacity());
 }
 
 void MultichannelDeviceModel::setPaused(bool paused)
 {
-    setAutoUpdate(!paused);
-    if (!paused)
-        UpdateView();
-}
-
-void MultichannelDeviceModel::UpdateView()
-{
-    std::vector<double> values(std::size_t(m_waiting.channels()));
-    appendVisible(m_waiting.size(), [&](int i) {
-        m_waiting.copyValues(i, values.data());
-        m_visible.append(m_waiting.time(i), values.data());
-    });
-    m_waiting.reset(m_waiting.channels());
-    m_arrivedWaiting = 0;
+    m_isPaused = paused;
+    if (paused)
+        return;
+    storeRows(m_waiting.times(), m_waiting.values(0), m_waiting.size());
+    forgetWaiting();
 }
 
 void MultichannelDeviceModel::Clear()
 {
-    beginResetModel();
-    m_visible.reset(m_visible.channels());
-    m_waiting.reset(m_waiting.channels());
+    forgetWaiting();
+    RVXMultichannelDeviceModel::Clear();
+}
+
+void MultichannelDeviceModel::forgetWaiting()
+{
+    m_waiting = ReadingBlock(m_header.channels.size());
     m_arrivedWaiting = 0;
-    endResetModel();
-}
-
-void MultichannelDeviceModel::setPlotWidth(int points, double seconds)
-{
-    m_widthPoints = points;
-    m_widthSeconds = seconds;
-}
-
-int MultichannelDeviceModel::NumberOfChannels() const
-{
-    return m_header.channels.size();
-}
-
-int MultichannelDeviceModel::PlotWidthHintPoints() const
-{
-    return m_widthPoints > 0 ? m_widthPoints : RVXAbstractDeviceDataModel::PlotWidthHintPoints();
-}
-
-double MultichannelDeviceModel::PlotWidthHint() const
-{
-    return m_widthSeconds;
-}
-
-int MultichannelDeviceModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_visible.size() + 1;
-}
-
-QModelIndex MultichannelDeviceModel::index(int row, int column, const QModelIndex &parent) const
-{
-    const bool exists =
-        !parent.isValid() && row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
-    return exists ? createIndex(row, column) : QModelIndex();
 }
 
 bool MultichannelDeviceModel::has(int row, int column) const
 {
-    return row >= 1 && row <= m_visible.size() && column >= 1 && column <= m_visible.channels();
-}
-
-//! Converts a received value to units() if that is another unit of the same quantity; else returns it unchanged.
-double MultichannelDeviceModel::shown(double value, int channel) const
-{
-    const Unit *unit = units();
-    const Unit *received = m_units.empty() ? nullptr : m_units[std::size_t(channel)].get();
-    const bool convert = unit && received && unit != received && sameQuantity(*unit, *received);
-    return convert ? unit->scale(received->unscale(value)) : value;
-}
-
-double MultichannelDeviceModel::doubleData(int row, int column) const
-{
-    if (row == 0)
-        return column;
-    if (column == 0)
-        return row >= 1 && row <= m_visible.size() ? m_visible.time(row - 1) : 0.0;
-    return has(row, column) ? shown(m_visible.value(row - 1, column - 1), column - 1) : 0.0;
+    return row >= 1 && row < rowCount() && column >= 1 && column <= NumberOfChannels();
 }
 
 bool MultichannelDeviceModel::isOverrange(int channel, int sample) const
 {
-    if (!m_header.hasRange() || !has(sample + 1, channel + 1))
+    if (!m_header.hasRange())
         return false;
-    const double value = m_visible.value(sample, channel);
+    const double value = receivedValue(sample + 1, channel);
     return value < m_header.rangeLow || value > m_header.rangeHigh;
 }
 
@@ -208,48 +110,41 @@ QVariant MultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, i
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return text(index.row(), index.column());
+        return text(index);
     case Qt::ToolTipRole:
         return toolTip(index.row(), index.column());
-    case NumericValueRole:
-        return doubleData(index.row(), index.column());
     case Qt::UserRole: // spot maps read this role; the header is not a spot
         return has(index.row(), index.column())
-            ? QVariant(m_visible.value(index.row() - 1, index.column() - 1))
+            ? QVariant(receivedValue(index.row(), index.column() - 1))
             : QVariant();
     default:
-        return QVariant();
+        return RVXMultichannelDeviceModel::deviceSpecificData(index, role);
     }
 }
 
-QVariant MultichannelDeviceModel::text(int row, int column) const
+//! Returns the text of a cell. If the channels have different units, their names show them.
+QVariant MultichannelDeviceModel::text(const QModelIndex &index) const
 {
-    if (row == 0 && column >= 1) {
-        const Channel &channel = m_header.channels[column - 1];
-        const bool named = m_units.empty() && !channel.unit.isEmpty();
-        return named ? QStringLiteral("%1 (%2)").arg(channel.name, channel.unit) : channel.name;
-    }
-    if (column == 0)
-        return row <= m_visible.size() ? timeText(m_visible.time(row - 1)) : QVariant();
-    if (!has(row, column))
-        return QVariant();
-    const double value = doubleData(row, column);
-    if (std::isnan(value))
-        return QString();
-    return units() ? units()->formatUnscaled(value) : QString::number(value);
+    if (index.column() == 0)
+        return QString::number(doubleData(index.row(), 0), 'f', 3);
+    if (index.row() > 0)
+        return RVXMultichannelDeviceModel::deviceSpecificData(index, Qt::DisplayRole);
+    const Monitor::Channel &channel = m_header.channels[index.column() - 1];
+    const bool withUnit = m_header.commonUnit().isEmpty() && !channel.unit.isEmpty();
+    return withUnit ? QStringLiteral("%1 (%2)").arg(channel.name, channel.unit) : channel.name;
 }
 
 QVariant MultichannelDeviceModel::toolTip(int row, int column) const
 {
     if (column == 0)
-        return text(row, column);
-    const Channel &channel = m_header.channels[column - 1];
+        return text(index(row, column));
+    const Monitor::Channel &channel = m_header.channels[column - 1];
     const QString unit = channel.unit.isEmpty() ? tr("no unit") : channel.unit;
     if (row == 0)
         return plainToolTip(tr("%1, channel %2, %3").arg(channel.name).arg(column).arg(unit));
     if (!has(row, column))
         return QVariant();
-    const double value = m_visible.value(row - 1, column - 1);
+    const double value = receivedValue(row, column - 1);
     if (std::isnan(value))
         return tr("no reading");
     const QString number = QString::number(value, 'g', 10);
@@ -263,11 +158,12 @@ bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
     if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
         return false;
     QByteArray text = recordingHeader(m_header, tr("saved from the monitor's buffer"));
-    std::vector<double> values(std::size_t(m_visible.channels()));
+    std::vector<double> values(static_cast<std::size_t>(NumberOfChannels()));
     constexpr int pieceSize = 1024 * 1024;
-    for (int i = 0; i < m_visible.size(); ++i) {
-        m_visible.copyValues(i, values.data());
-        appendRecordingRow(&text, m_visible.time(i), values.data(), m_visible.channels());
+    for (int row = 1; row < rowCount(); ++row) {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = receivedValue(row, int(i));
+        appendRecordingRow(&text, doubleData(row, 0), values.data(), NumberOfChannels());
         if (text.size() < pieceSize)
             continue;
         if (file.write(text) != text.size())

@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/model/ReadingRing.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
-#include <corvale_qt/models/RVXAbstractDeviceDataModel.h>
+#include <corvale_qt/models/RVXBulkPlotData.h>
+#include <corvale_qt/models/RVXMultichannelDeviceModel.h>
 
-#include <functional>
 #include <memory>
-#include <vector>
 
 namespace Monitor {
 
-/*! All channels of one instrument: one column of times and one column for each channel.
+/*! The readings of one stream: the library's model of several channels, with the names, units and limits of a stream's
+    header. Values are kept in the unit in which they were received.
 
-    | | column 0 | column c |
-    |---|---|---|
-    | row 0 | "Time (s)" | name of channel c, with its unit if the channels have different units |
-    | row r | time of reading r | value of channel c; NaN for a missing value |
-
-    A block of readings is one row insertion, whatever the number of channels. The model keeps the latest 100000
-    readings. While it is paused (auto update off), new readings wait and the rows do not change; UpdateView() or
-    setPaused(false) then shows all of them at once, as if there had been no pause. */
-class MultichannelDeviceModel : public Corvale_Qt::RVXAbstractDeviceDataModel
+    While it is paused, new readings wait and the rows do not change; setPaused(false) then shows all of them at once, as if
+    there had been no pause. */
+class MultichannelDeviceModel : public Corvale_Qt::RVXMultichannelDeviceModel,
+                                public Corvale_Qt::RVXBulkPlotVoucher
 {
     Q_OBJECT
 
@@ -40,52 +34,34 @@ public:
 
     //! Pauses the model, or shows the readings that waited and goes on.
     void setPaused(bool paused);
-    bool isPaused() const { return !autoUpdate(); }
+    bool isPaused() const { return m_isPaused; }
     //! Returns how many readings arrived since the model was paused.
     qint64 waitingReadings() const { return m_arrivedWaiting; }
 
-    //! Sets how many samples and how many seconds a plot should show at once; 0 for the default.
-    void setPlotWidth(int points, double seconds);
     const StreamHeader &header() const { return m_header; }
     //! Returns the value in row \a row (from 1) of channel \a channel (from 0), in the unit in which it was received.
-    double receivedValue(int row, int channel) const { return m_visible.value(row - 1, channel); }
+    double receivedValue(int row, int channel) const { return givenValue(row, channel + 1); }
 
-    int NumberOfChannels() const override;
-    int PlotWidthHintPoints() const override;
-    double PlotWidthHint() const override;
-    double doubleData(int row, int column) const override;
     bool isOverrange(int channel, int sample) const override;
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override;
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
-    QModelIndex
-    index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
+    const std::type_info &vouchedType() const override { return typeid(MultichannelDeviceModel); }
 
     //! Saves the rows as a recording, which the monitor and any reader of CSV can open.
     bool SaveDataToFile(const QString &fileName) const override;
     void Clear() override;
 
-public Q_SLOTS:
-    //! Shows the readings that waited while the model was paused.
-    void UpdateView();
-
 private:
-    using Unit = Corvale_Qt::Units::MeasurementUnit;
-
-    void appendVisible(int count, const std::function<void(int i)> &append);
     bool has(int row, int column) const;
-    double shown(double value, int channel) const;
-    QVariant text(int row, int column) const;
+    QVariant text(const QModelIndex &index) const;
     QVariant toolTip(int row, int column) const;
-    void adoptUnits();
+    void forgetWaiting();
 
     StreamHeader m_header;
-    std::vector<std::unique_ptr<Unit>> m_units;
-    std::vector<std::unique_ptr<Unit>> m_formerUnits;
-    ReadingRing m_visible;
-    ReadingRing m_waiting;
+    std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> m_unit;
+    ReadingBlock m_due;
+    ReadingBlock m_waiting;
+    bool m_isPaused = false;
     qint64 m_arrivedWaiting = 0;
-    int m_widthPoints = 0;
-    double m_widthSeconds = 0.0;
 };
 
 } // namespace Monitor

@@ -22,6 +22,8 @@ public:
     int size() const { return int(m_times.size()); }
     bool isEmpty() const { return m_times.empty(); }
     double time(int row) const { return m_times[std::size_t(row)]; }
+    //! Returns a pointer to the times of all rows.
+    const double *times() const { return m_times.data(); }
     //! Returns a pointer to the channels() values of a row.
     const double *values(int row) const
     {
@@ -39,6 +41,12 @@ public:
     {
         m_times.insert(m_times.end(), other.m_times.begin(), other.m_times.end());
         m_values.insert(m_values.end(), other.m_values.begin(), other.m_values.end());
+    }
+    //! Removes the oldest rows.
+    void removeFirst(int rows)
+    {
+        m_times.erase(m_times.begin(), m_times.begin() + rows);
+        m_values.erase(m_values.begin(), m_values.begin() + std::ptrdiff_t(rows) * m_channels);
     }
     //! Removes all rows and sets the number of channels; keeps the memory.
     void clear(int channels)

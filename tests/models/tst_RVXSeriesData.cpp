@@ -291,7 +291,7 @@ void tst_RVXSeriesData::readersOfColumnsWithoutAModel()
     mortal.reset();
     orphan.read(1, 1, 1, read);
     QCOMPARE(read[0], 0.0);
-    QVERIFY(!orphan.columns() && !orphan.xRises());
+    QVERIFY(!orphan.spans(1, 1, 1, spans) && !orphan.xRises());
 }
 
 void tst_RVXSeriesData::valuesInADebugger()
@@ -305,7 +305,7 @@ void tst_RVXSeriesData::valuesInADebugger()
     model.AddData(1.0, -5.0);
     model.AddData(2.0, inf);
     ColumnSpans spans;
-    QVERIFY(PlotColumns::of(&model)->spans(1, 1, 2, spans));
+    QVERIFY(PlotColumns::of(&model)->columnSpans(1, 1, 2, spans));
     QCOMPARE(text(spans), "ColumnSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
     QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
     QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");

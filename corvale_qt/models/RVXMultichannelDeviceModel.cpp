@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+
+#include "corvale_qt/models/ChannelLimit_p.h"
+#include "corvale_qt/models/Logging_p.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel_p.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <limits>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! Returns how many of \a count channels there may be; says so on the debug stream if not all of them.
+int allowedChannels(int count)
+{
+    if (count > maxChannels)
+        qCWarning(lcModels) << "No more than" << maxChannels << "channels:" << count
+                            << "are too many";
+    return std::clamp(count, 0, maxChannels);
+}
+
+} // namespace
+
+RVXMultichannelDeviceModel::RVXMultichannelDeviceModel(int channels, QObject *parent)
+    : RVXAbstractDeviceDataModel(parent)
+    , d_ptr(new RVXMultichannelDeviceModelPrivate(this, allowedChannels(channels)))
+{
+    // A worker's signal with a block is queued, which needs the name of its arguments' type.
+    qRegisterMetaType<QVector<double>>();
+}
+
+RVXMultichannelDeviceModel::~RVXMultichannelDeviceModel() = default;
+
+const RVXBulkPlotData *RVXMultichannelDeviceModel::bulkPlotData() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d;
+}
+
+void RVXMultichannelDeviceModel::setChannels(const QVector<Channel> &channels)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    const int count = allowedChannels(channels.size());
+    beginResetModel();
+    d->channels = channels.mid(0, count);
+    d->removeRows(count);
+    endResetModel();
+}
+
+void RVXMultichannelDeviceModel::setChannelCount(int count)
+{
+    setChannels(QVector<Channel>(std::max(count, 0)));
+}
+
+RVXMultichannelDeviceModel::Channel RVXMultichannelDeviceModel::channel(int column) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->channels.value(column - 1);
+}
+
+void RVXMultichannelDeviceModel::setChannelName(int column, const QString &name)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (!d->isChannel(column) || d->channels[column - 1].name == name)
+        return;
+    d->channels[column - 1].name = name;
+    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+    Q_EMIT dataChanged(index(0, column), index(0, column));
+}
+
+void RVXMultichannelDeviceModel::setChannelUnit(int column, const Units::MeasurementUnit *unit)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (!d->isChannel(column) || d->channels[column - 1].unit == unit)
+        return;
+    // A reset, since proxies look only then whether channels have units of their own.
+    beginResetModel();
+    d->channels[column - 1].unit = unit;
+    endResetModel();
+}
+
+void RVXMultichannelDeviceModel::appendRow(double time,
+                                           const double *values,
+                                           const QVariantList &deviceFits)
+{
+    appendRows(&time, values, 1, deviceFits);
+}
+
+void RVXMultichannelDeviceModel::appendRows(const double *times,
+                                            const double *values,
+                                            int rows,
+                                            const QVariantList &deviceFits)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (rows < 1)
+        return;
+    if (!d->isOwnThread()) {
+        d->handOver({times, values}, rows, deviceFits, false);
+        return;
+    }
+    const auto taken = d->select(times, rows);
+    const bool withLast = !taken.isEmpty() && taken.last().first + taken.last().count == rows;
+    d->store({times, values}, taken, withLast ? deviceFits : QVariantList());
+}
+
+void RVXMultichannelDeviceModel::appendRows(const QVector<double> &times,
+                                            const QVector<double> &values)
+{
+    if (values.size() != qint64(times.size()) * NumberOfChannels())
+        qCWarning(lcModels) << values.size() << "values are not" << times.size() << "rows of"
+                            << NumberOfChannels() << "channels";
+    else
+        appendRows(times.constData(), values.constData(), times.size());
+}
+
+void RVXMultichannelDeviceModel::storeRows(const double *times, const double *values, int rows)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (rows < 1)
+        return;
+    if (!d->isOwnThread()) {
+        d->handOver({times, values}, rows, QVariantList(), true);
+        return;
+    }
+    RVXMultichannelDeviceModelPrivate::Stretches all;
+    all.append({0, rows});
+    d->store({times, values}, all, QVariantList());
+}
+
+void RVXMultichannelDeviceModel::UpdateView()
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (d->rings.rows() <= d->visibleRows)
+        return;
+    beginInsertRows(QModelIndex(), d->visibleRows + 1, d->rings.rows());
+    d->visibleRows = d->rings.rows();
+    endInsertRows();
+}
+
+int RVXMultichannelDeviceModel::capacity() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->rings.capacity();
+}
+
+void RVXMultichannelDeviceModel::setCapacity(int rows)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (rows < 1 || rows == capacity())
+        return;
+    beginResetModel();
+    const int lost = std::max(d->rings.rows() - rows, 0);
+    d->rings.setCapacity(rows);
+    d->visibleRows = std::max(d->visibleRows - lost, 0);
+    endResetModel();
+}
+
+double RVXMultichannelDeviceModel::givenValue(int row, int column) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->has(row) && d->isChannel(column) ? d->rings.value(row - 1, column - 1)
+                                               : std::numeric_limits<double>::quiet_NaN();
+}
+
+void RVXMultichannelDeviceModel::setPlotWidthHintPoints(int points)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    d->plotWidthHintPoints = points;
+}
+
+void RVXMultichannelDeviceModel::setPlotWidthHint(double seconds)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    d->plotWidthHint = seconds;
+}
+
+void RVXMultichannelDeviceModel::Clear()
+{
+    Q_D(RVXMultichannelDeviceModel);
+    beginResetModel();
+    d->removeRows(d->rings.channels());
+    endResetModel();
+}
+
+bool RVXMultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    QFile file(fileName);
+    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    return d->write(file) && file.flush();
+}
+
+int RVXMultichannelDeviceModel::NumberOfChannels() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->rings.channels();
+}
+
+int RVXMultichannelDeviceModel::MaxBufferSize() const
+{
+    return capacity();
+}
+
+int RVXMultichannelDeviceModel::PlotWidthHintPoints() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->plotWidthHintPoints != 0 ? d->plotWidthHintPoints
+                                       : RVXAbstractDeviceDataModel::PlotWidthHintPoints();
+}
+
+double RVXMultichannelDeviceModel::PlotWidthHint() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->plotWidthHint;
+}
+
+int RVXMultichannelDeviceModel::rowCount(const QModelIndex &parent) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return parent.isValid() ? 0 : d->visibleRows + 1;
+}
+
+QModelIndex RVXMultichannelDeviceModel::index(int row, int column, const QModelIndex &parent) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    // Asked for each cell that a view or a proxy looks at, so without the virtual calls of hasIndex().
+    const bool exists = !parent.isValid() && row >= 0 && row <= d->visibleRows && column >= 0
+        && column <= d->rings.channels();
+    return exists ? createIndex(row, column) : QModelIndex();
+}
+
+QVariant RVXMultichannelDeviceModel::data(const QModelIndex &index, int role) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    if (role == DeviceFitRole && index.isValid() && index.column() == 0) {
+        const QVariantList fits = d->fitsOf(index.row());
+        return fits.isEmpty() ? QVariant() : fits;
+    }
+    if (role == ChannelUnitRole && index.row() == 0 && d->isChannel(index.column())) {
+        const Units::MeasurementUnit *const own = channel(index.column()).unit;
+        return own ? QVariant::fromValue(own) : QVariant();
+    }
+    return RVXAbstractDeviceDataModel::data(index, role);
+}
+
+double RVXMultichannelDeviceModel::doubleData(int row, int column) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    if (row == 0)
+        return column;
+    if (!d->has(row) || !(column == 0 || d->isChannel(column)))
+        return 0.0;
+    return column == 0 ? d->rings.time(row - 1)
+                       : d->shown(column)(d->rings.value(row - 1, column - 1));
+}
+
+bool RVXMultichannelDeviceModel::isOverrange(int, int) const
+{
+    return false;
+}
+
+QVariant RVXMultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, int role) const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return d->text(index.row(), index.column());
+    case Qt::ToolTipRole:
+        return d->toolTip(index.row(), index.column());
+    case NumericValueRole:
+        return doubleData(index.row(), index.column());
+    default:
+        return QVariant();
+    }
+}
+
+} // namespace Corvale_Qt

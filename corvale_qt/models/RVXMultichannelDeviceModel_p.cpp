@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel_p.h"
+
+#include "corvale_qt/models/Logging_p.h"
+#include "corvale_qt/units/NumberText_p.h"
+
+#include <QIODevice>
+#include <QLocale>
+#include <QThread>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+RVXMultichannelDeviceModelPrivate::RVXMultichannelDeviceModelPrivate(
+    RVXMultichannelDeviceModel *model,
+    int channelCount)
+    : q(model)
+    , channels(channelCount)
+    , rings(channelCount, int(RVXAbstractDeviceDataModel::maxBufferSize))
+{
+}
+
+void RVXMultichannelDeviceModelPrivate::read(int column, int firstRow, int count, double *out) const
+{
+    const auto asStored = [](double number) {
+        return number;
+    };
+    if (column == 0) {
+        readRing(rings.times().times(), firstRow - 1, count, out, asStored);
+    } else if (isChannel(column)) {
+        const ShownNumbers numbers = shown(column);
+        const SampleRing &ring = rings.ring(column - 1);
+        if (const auto factor = numbers.factor())
+            readRing(ring, firstRow - 1, count, out, [product = *factor](double number) {
+                return product * number;
+            });
+        else
+            readRing(ring, firstRow - 1, count, out, numbers);
+    } else {
+        std::fill_n(out, std::max(count, 0), 0.0);
+    }
+    const bool withHeader = firstRow <= 0 && firstRow + count > 0;
+    if (withHeader)
+        out[-firstRow] = column;
+}
+
+bool RVXMultichannelDeviceModelPrivate::columnSpans(int column,
+                                                    int firstRow,
+                                                    int count,
+                                                    ColumnSpans &spans) const
+{
+    if (column == 0)
+        return ringSpans(rings.times().times(), firstRow - 1, count, spans);
+    const auto factor = isChannel(column) ? shown(column).factor() : std::nullopt;
+    if (!factor || !rings.spans(column - 1, firstRow - 1, count, spans))
+        return false;
+    spans.factor = *factor;
+    return true;
+}
+
+bool RVXMultichannelDeviceModelPrivate::appendText(QByteArray &text, int row, int column) const
+{
+    if (!has(row) || !(column == 0 || isChannel(column)))
+        return false;
+    if (column == 0) {
+        Units::appendNumber(text, rings.time(row - 1), 'e', 3);
+        return true;
+    }
+    const double stored = rings.value(row - 1, column - 1);
+    const Units::MeasurementUnit *const unit = unitOf(column);
+    if (std::isnan(stored))
+        return true;
+    if (!unit)
+        Units::appendNumber(text, stored, 'g', 6);
+    else if (!channels[column - 1].givenIn)
+        Units::UnitTraits::appendFormatted(text, *unit, stored);
+    else
+        text += unit->formatUnscaled(shown(column)(stored)).toUtf8();
+    return true;
+}
+
+const Units::MeasurementUnit *RVXMultichannelDeviceModelPrivate::unitOf(int column) const
+{
+    const Units::MeasurementUnit *const own = channels[column - 1].unit;
+    return own ? own : q->units();
+}
+
+ShownNumbers RVXMultichannelDeviceModelPrivate::shown(int column) const
+{
+    return ShownNumbers(channels[column - 1].givenIn, unitOf(column));
+}
+
+RVXMultichannelDeviceModelPrivate::Stretches
+RVXMultichannelDeviceModelPrivate::select(const double *times, int rows)
+{
+    Stretches taken;
+    const double *newest = nullptr;
+    for (int row = 0; row < rows; ++row) {
+        if (times[row] == 0.0) {
+            q->Clear();
+            taken.clear();
+            newest = nullptr;
+        }
+        const bool isRepeated = newest ? *newest == times[row] : rings.times().endsWith(times[row]);
+        if (isRepeated || !q->sampleDue())
+            continue;
+        q->sampleTaken();
+        newest = times + row;
+        if (!taken.isEmpty() && taken.last().first + taken.last().count == row)
+            ++taken.last().count;
+        else
+            taken.append({row, 1});
+    }
+    return taken;
+}
+
+void RVXMultichannelDeviceModelPrivate::store(const Block &block,
+                                              const Stretches &stretches,
+                                              const QVariantList &fits)
+{
+    int count = 0;
+    for (const Stretch &stretch : stretches)
+        count += stretch.count;
+    if (count == 0)
+        return;
+    int surplus = std::max(count - rings.capacity(), 0);
+    count -= surplus;
+    dropOldest(rings.rows() + count - rings.capacity());
+
+    const bool announced = q->autoUpdate();
+    if (announced)
+        q->beginInsertRows(QModelIndex(), visibleRows + 1, rings.rows() + count);
+    for (const Stretch &stretch : stretches) {
+        const int skipped = std::min(surplus, stretch.count);
+        const int first = stretch.first + skipped;
+        surplus -= skipped;
+        rings.append(block.times + first,
+                     block.values + std::ptrdiff_t(first) * rings.channels(),
+                     stretch.count - skipped);
+    }
+    if (!fits.isEmpty()) {
+        deviceFits = fits;
+        fittedRow = rings.taken();
+    }
+    if (announced) {
+        visibleRows = rings.rows();
+        q->endInsertRows();
+    }
+}
+
+//! Drops rows, and announces the removal of those among them that have been announced.
+void RVXMultichannelDeviceModelPrivate::dropOldest(int rows)
+{
+    const int shownRows = std::min(rows, visibleRows);
+    if (shownRows > 0)
+        q->beginRemoveRows(QModelIndex(), 1, shownRows);
+    rings.dropOldest(rows);
+    if (shownRows > 0) {
+        visibleRows -= shownRows;
+        q->endRemoveRows();
+    }
+}
+
+void RVXMultichannelDeviceModelPrivate::removeRows(int channelCount)
+{
+    rings.reset(channelCount);
+    visibleRows = 0;
+    deviceFits.clear();
+}
+
+bool RVXMultichannelDeviceModelPrivate::isOwnThread() const
+{
+    return QThread::currentThread() == q->thread();
+}
+
+void RVXMultichannelDeviceModelPrivate::handOver(const Block &block,
+                                                 int rows,
+                                                 const QVariantList &fits,
+                                                 bool all)
+{
+    if (!toldOfOtherThread.exchange(true))
+        qCWarning(lcModels)
+            << "Rows come from another thread than the model's and are handed over to it:"
+            << "call appendRows() by a queued connection";
+    Q_ASSERT_X(false, "RVXMultichannelDeviceModel", "rows come from another thread");
+    const auto copy = [rows](const double *numbers, int width) {
+        return std::vector<double>(numbers, numbers + std::ptrdiff_t(rows) * width);
+    };
+    const auto append = [this,
+                         times = copy(block.times, 1),
+                         values = copy(block.values, rings.channels()),
+                         fits,
+                         all] {
+        const int size = int(times.size());
+        if (values.size() != times.size() * std::size_t(rings.channels()))
+            return; // the channels have changed meanwhile
+        if (all)
+            q->storeRows(times.data(), values.data(), size);
+        else
+            q->appendRows(times.data(), values.data(), size, fits);
+    };
+    QMetaObject::invokeMethod(q, append, Qt::QueuedConnection);
+}
+
+QVariantList RVXMultichannelDeviceModelPrivate::fitsOf(int row) const
+{
+    const bool isFitted = has(row) && rings.taken() - rings.rows() + row == fittedRow;
+    return isFitted ? deviceFits : QVariantList();
+}
+
+QString RVXMultichannelDeviceModelPrivate::title(int column) const
+{
+    const RVXMultichannelDeviceModel::Channel &channel = channels[column - 1];
+    const QString name = channel.name.isEmpty() ? QString::number(column) : channel.name;
+    return channel.unit ? QStringLiteral("%1 (%2)").arg(name, channel.unit->name()) : name;
+}
+
+QVariant RVXMultichannelDeviceModelPrivate::text(int row, int column) const
+{
+    if (row == 0 && isChannel(column))
+        return title(column);
+    QByteArray text;
+    return appendText(text, row, column) ? QString::fromUtf8(text) : QVariant();
+}
+
+QVariant RVXMultichannelDeviceModelPrivate::toolTip(int row, int column) const
+{
+    if (!has(row) || !isChannel(column))
+        return column == 0 ? text(row, column) : QVariant();
+    const double value = q->doubleData(row, column);
+    if (std::isnan(value))
+        return RVXMultichannelDeviceModel::tr("no reading");
+    const Units::MeasurementUnit *const unit = unitOf(column);
+    return unit ? unit->formatSuffixUnscaled(value) : QString::number(value);
+}
+
+bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file) const
+{
+    constexpr int piece = 1 << 16;
+    QByteArray text = titles();
+    for (int row = 0; row < visibleRows; ++row) {
+        appendLine(text, row);
+        if (text.size() < piece)
+            continue;
+        if (file.write(text) != text.size())
+            return false;
+        text.resize(0);
+    }
+    return file.write(text) == text.size();
+}
+
+//! Returns the line of titles. A name that would not be one field is quoted.
+QByteArray RVXMultichannelDeviceModelPrivate::titles() const
+{
+    QByteArray line = "timestamp(s)";
+    for (int i = 0; i < channels.size(); ++i) {
+        const auto &[name, unit, givenIn] = channels[i];
+        Q_UNUSED(unit)
+        QString field = name.isEmpty() ? QStringLiteral("channel_%1").arg(i + 1) : name;
+        if (givenIn)
+            field += QLatin1Char('(') + givenIn->name() + QLatin1Char(')');
+        const bool isPlain = std::none_of(field.begin(), field.end(), [](QChar c) {
+            return c == QLatin1Char(',') || c == QLatin1Char('"') || c < QLatin1Char(' ');
+        });
+        if (!isPlain)
+            field = QLatin1Char('"') + field.replace(QLatin1Char('"'), QLatin1String("\"\""))
+                + QLatin1Char('"');
+        line += ',' + field.toUtf8();
+    }
+    return line + '\n';
+}
+
+void RVXMultichannelDeviceModelPrivate::appendLine(QByteArray &text, int row) const
+{
+    Units::appendNumber(text, rings.time(row), 'f', 9);
+    for (int channel = 0; channel < rings.channels(); ++channel) {
+        text += ',';
+        const double value = rings.value(row, channel);
+        if (!std::isnan(value))
+            text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
+    }
+    text += '\n';
+}
+
+} // namespace Corvale_Qt

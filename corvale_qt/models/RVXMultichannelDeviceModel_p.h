@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/models/ChannelRings_p.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+#include "corvale_qt/models/ShownNumbers_p.h"
+
+#include <QVarLengthArray>
+
+#include <atomic>
+
+class QIODevice;
+
+namespace Corvale_Qt {
+
+//! Keeps the rows and channels of the model, announces rows, and reads columns in bulk.
+class RVXMultichannelDeviceModelPrivate : public PlotColumns
+{
+public:
+    //! Consecutive rows of a block.
+    struct Stretch
+    {
+        int first;
+        int count;
+    };
+    //! The rows of a block that are to be stored; nearly always one stretch.
+    using Stretches = QVarLengthArray<Stretch, 8>;
+    //! The memory of a block: a time for each row, and the values of all channels, row after row.
+    struct Block
+    {
+        const double *times;
+        const double *values;
+    };
+
+    RVXMultichannelDeviceModelPrivate(RVXMultichannelDeviceModel *model, int channelCount);
+
+    const std::type_info &vouchedType() const override
+    {
+        return typeid(RVXMultichannelDeviceModel);
+    }
+    void read(int column, int firstRow, int count, double *out) const override;
+    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool xRises() const override { return rings.times().rises(); }
+    quint64 xVersion() const override { return rings.times().version(); }
+    bool appendText(QByteArray &text, int row, int column) const override;
+
+    bool isChannel(int column) const { return column >= 1 && column <= rings.channels(); }
+    bool has(int row) const { return row >= 1 && row <= rings.rows(); }
+    //! Returns the unit of display of a channel; null if it has none.
+    const Units::MeasurementUnit *unitOf(int column) const;
+    ShownNumbers shown(int column) const;
+
+    //! Returns which rows of a block the rules of appendRow() take; clears the model where a time of 0 says so.
+    Stretches select(const double *times, int rows);
+    //! Stores and announces rows of a block, the last of which has \a fits, if there are any.
+    void store(const Block &block, const Stretches &stretches, const QVariantList &fits);
+    void dropOldest(int rows);
+    //! Removes all rows, without an announcement.
+    void removeRows(int channelCount);
+    bool isOwnThread() const;
+    //! Makes the model's thread append a copy of a block: all rows, or by the rules of appendRow(). Says so the first time.
+    void handOver(const Block &block, int rows, const QVariantList &fits, bool all);
+    QVariantList fitsOf(int row) const;
+
+    QString title(int column) const;
+    QVariant text(int row, int column) const;
+    QVariant toolTip(int row, int column) const;
+    bool write(QIODevice &file) const;
+
+    RVXMultichannelDeviceModel *const q;
+    QVector<RVXMultichannelDeviceModel::Channel> channels;
+    ChannelRings rings;
+    int visibleRows = 0;
+    QVariantList deviceFits;
+    qint64 fittedRow = 0; // the row of the fits, counted as ChannelRings::taken() counts
+    int plotWidthHintPoints = 0;
+    double plotWidthHint = 0.0;
+
+private:
+    QByteArray titles() const;
+    void appendLine(QByteArray &text, int row) const;
+
+    std::atomic<bool> toldOfOtherThread{false};
+};
+
+} // namespace Corvale_Qt

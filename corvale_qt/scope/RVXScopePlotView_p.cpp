@@ -86,7 +86,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
          std::initializer_list<QWidget *>{spectrogram, positionPlot, splitPlot})
         layout->insertWidget(0, companion);
     createModes();
-    showOnly(plot);
+    RVXScopePlotViewPrivate::showOnly(plot); // not virtual during construction
 }
 
 RVXScopePlotViewPrivate::~RVXScopePlotViewPrivate() = default;

@@ -248,12 +248,14 @@ void tst_ScopeResults::hiddenEqualsPainted()
         view->enableHistogramItem(View::GaussabolaItem, 1, {}, true);
         view->enableHistogramItem(View::RegressionItem, 2, {0.1, 10, 0.01, 0.1, 2, 5}, true);
         view->enableHistogramItem(View::CenterOfGravityItem, 1, {0, 0.1}, true);
+        view->enableHistogramItem(View::PrecalculatedFitItem, 1, {}, true);
     }
+    model.deviceFits = {5.0, 2.0, 4.0};
     painted.SetPlotMode(View::HistogramMode);
     painted.SetYScaleMode(View::Normalized); // divides what is shown, not what is read
     const auto numbers = [](const View &view) {
         QStringList texts;
-        for (int type = 0; type < 3; ++type) {
+        for (int type = 0; type < 4; ++type) {
             for (const auto *item : view.histogramItems(View::HistogramItemTypes(type))) {
                 texts << QString("%1 %2 %3 %4 %5 %6 %7")
                              .arg(int(item->status()))

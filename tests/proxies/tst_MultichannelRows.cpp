@@ -3,8 +3,7 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
+#include "tests/proxies/Merged.h"
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/RowAccount.h"
@@ -19,16 +18,6 @@ using namespace Corvale_Qt;
 namespace {
 
 constexpr int length = 5;
-
-//! Has each model do its script: the first part of \a scripts, up to '/', is for the first model.
-void act(BufferModel (&models)[2], const QString &scripts)
-{
-    const QStringList each = scripts.split('/');
-    for (int i = 0; i < each.size(); ++i) {
-        if (!each[i].trimmed().isEmpty())
-            models[i].act(each[i].trimmed());
-    }
-}
 
 // Counts the questions that it is asked.
 class CountingModel : public RVXSingleChannelDataModel
@@ -104,19 +93,14 @@ private Q_SLOTS:
         QFETCH(int, capacity);
         QFETCH(QString, before);
         QFETCH(QString, change);
-        BufferModel models[] = {BufferModel(1, capacity), BufferModel(1, capacity)};
-        RVXMultichannelProxyModel merged;
+        Merged m(1, 1, capacity);
         RVXAveragingProxyModel averaging;
-        averaging.setSourceModel(&merged);
+        averaging.setSourceModel(&m.proxy);
         averaging.setAveraging(length);
-        merged.addSourceModel(&models[0], 1);
-        merged.addSourceModel(&models[1], 1);
         const RowAccount account(&averaging);
-        const ModelWatch watch(&merged);
-        act(models, before);
-        ModelLog log(&merged);
-        act(models, change);
-        QTEST(log.take(), "announced");
+        const ModelWatch watch(&m.proxy);
+        m.announced(before);
+        QTEST(m.announced(change), "announced");
         QCOMPARE(account.error(), QString());
         // One row stays announced while all samples leave; the tester expects its number to stay too.
         if (QByteArray(QTest::currentDataTag()) != "a whole buffer replaced, nested")
@@ -182,34 +166,30 @@ private Q_SLOTS:
     void changesWithinAChange()
     {
         QFETCH(QString, script);
-        BufferModel models[] = {BufferModel(1), BufferModel(1)};
-        act(models, "append 1 1 4 / append 1 1 4");
-        RVXMultichannelProxyModel merged;
-        merged.addSourceModel(&models[0], 1);
-        merged.addSourceModel(&models[1], 1);
-        ModelLog log(&merged);
-        connect(&models[1], &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
-            models[0].act(script);
+        Merged m;
+        m.announced("append 1 1 4 / append 1 1 4");
+        connect(&m.two, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
+            m.one.act(script);
         });
-        models[1].append(5, 5);
-        QTEST(log.take(), "announced");
+        QTEST(m.announced("/ append 5 5"), "announced");
     }
 
     //! The host adds a channel when a model has dropped a sample and the proxy has not heard of it yet.
     void aChannelAddedWithinAChange()
     {
-        BufferModel models[] = {BufferModel(1), BufferModel(1)};
-        act(models, "append 1 10 4 / append 1 50");
+        BufferModel one(1), two(1);
+        one.act("append 1 10 4");
+        two.act("append 1 50");
         RVXMultichannelProxyModel merged;
-        connect(&models[0], &QAbstractItemModel::rowsRemoved, this, [&] {
-            merged.addSourceModel(&models[1], 1);
+        connect(&one, &QAbstractItemModel::rowsRemoved, this, [&] {
+            merged.addSourceModel(&two, 1);
         });
-        merged.addSourceModel(&models[0], 1);
+        merged.addSourceModel(&one, 1);
         RVXAveragingProxyModel averaging;
         averaging.setSourceModel(&merged);
         averaging.setAveraging(2);
         const RowAccount account(&averaging);
-        models[0].dropOldest(1);
+        one.dropOldest(1);
         QCOMPARE(rowsText(averaging), QString("2: 11 50; 3: 11.5 50; 4: 12.25 50"));
         QCOMPARE(account.error(), QString());
     }
@@ -217,27 +197,23 @@ private Q_SLOTS:
     void sourcesThatMoveEachOther()
     {
         // In the middle of its announcements, each sample of the first model makes the other one append a sample or reset.
-        BufferModel one(1, 4);
-        BufferModel two(1, 4);
-        RVXMultichannelProxyModel proxy;
-        proxy.addSourceModel(&one, 1);
-        proxy.addSourceModel(&two, 1);
+        Merged m(1, 1, 4);
         RVXAveragingProxyModel onTop;
-        onTop.setSourceModel(&proxy);
-        const RowAccount account(&proxy);
+        onTop.setSourceModel(&m.proxy);
+        const RowAccount account(&m.proxy);
         int ticks = 0;
         const auto join = [&] {
             if (++ticks == 9)
-                two.Clear();
-            two.append(ticks, 10.0 * ticks);
+                m.two.Clear();
+            m.two.append(ticks, 10.0 * ticks);
         };
-        connect(&one, &QAbstractItemModel::rowsAboutToBeInserted, &two, join);
-        connect(&one, &QAbstractItemModel::rowsRemoved, &two, join);
+        connect(&m.one, &QAbstractItemModel::rowsAboutToBeInserted, this, join);
+        connect(&m.one, &QAbstractItemModel::rowsRemoved, this, join);
         for (int i = 1; i <= 12; ++i) {
-            one.append(i, i);
+            m.one.append(i, i);
             QCOMPARE(account.error(), QString());
-            QCOMPARE(rowsText(onTop), rowsText(proxy));
-            QCOMPARE(proxy.rowCount(), std::max(one.rowCount(), two.rowCount()));
+            QCOMPARE(rowsText(onTop), rowsText(m.proxy));
+            QCOMPARE(m.proxy.rowCount(), std::max(m.one.rowCount(), m.two.rowCount()));
         }
     }
 

@@ -6,9 +6,8 @@
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
-#include "tests/support/BufferModel.h"
+#include "tests/proxies/Merged.h"
 #include "tests/support/Files.h"
-#include "tests/support/ModelLog.h"
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
@@ -21,26 +20,6 @@
 #include <utility>
 
 using namespace Corvale_Qt;
-
-namespace {
-
-// Two models side by side, each with the last of its columns.
-struct Merged
-{
-    explicit Merged(int firstChannels = 1, int secondChannels = 1)
-        : one(firstChannels)
-        , two(secondChannels)
-    {
-        proxy.addSourceModel(&one, firstChannels);
-        proxy.addSourceModel(&two, secondChannels);
-    }
-
-    BufferModel one;
-    BufferModel two;
-    RVXMultichannelProxyModel proxy;
-};
-
-} // namespace
 
 class tst_RVXMultichannelProxyModel : public QObject
 {
@@ -107,15 +86,12 @@ private Q_SLOTS:
 
     void oneModelForTwoChannels()
     {
-        BufferModel source(2);
-        RVXMultichannelProxyModel proxy;
-        proxy.addSourceModel(&source, 2);
-        proxy.addSourceModel(&source, 1);
-        ModelLog log(&proxy);
-        source.act("append 1 10; change 1 1 20");
-        QCOMPARE(log.take(),
-                 QString("insert 1-1?, insert 1-1!, changed (1,1)-(1,1), changed (1,2)-(1,2)"));
-        QCOMPARE(proxy.mapFromSource(source.index(1, 1)), proxy.index(1, 1));
+        Merged m(2, 1);
+        m.proxy.addSourceModel(&m.one, 1);
+        m.log.take();
+        QCOMPARE(m.announced("append 1 10; change 1 1 20"),
+                 QString("insert 1-1?, insert 1-1!, changed (1,1)-(1,1), changed (1,3)-(1,3)"));
+        QCOMPARE(m.proxy.mapFromSource(m.one.index(1, 1)), m.proxy.index(1, 1));
     }
 
     void channelsWithoutReadings()
@@ -146,14 +122,13 @@ private Q_SLOTS:
     void sourcesWhoseColumnsChange()
     {
         Merged m(2, 1);
-        m.one.append(1, 10);
-        m.two.append(1, 50);
+        m.announced("append 1 10 / append 1 50");
         m.proxy.insertSourceModel(0, &m.one, 1);
+        m.log.take();
         const ModelWatch watch(&m.proxy);
-        ModelLog log(&m.proxy);
         const auto shownAfter = [&](const char *script) {
-            m.one.act(script);
-            return log.take() + ": " + rowsText(m.proxy);
+            const QString announced = m.announced(script);
+            return announced + ": " + rowsText(m.proxy);
         };
         QCOMPARE(shownAfter("move-channel"), QString("reset?, reset!: 1: 11 10 50"));
         QCOMPARE(shownAfter("remove-channel 1"), QString("reset?, reset!: 1: 10 nan 50"));
@@ -170,14 +145,13 @@ private Q_SLOTS:
         QCOMPARE(header.data(Qt::BackgroundRole).value<QBrush>(), QBrush(RVXPlotColors::color(1)));
         QCOMPARE(m.proxy.flags(m.proxy.index(0, 0)), Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         QVERIFY(header.flags() & Qt::ItemIsUserCheckable);
-        ModelLog log(&m.proxy);
         QVERIFY(m.proxy.setData(header, Qt::Unchecked, Qt::CheckStateRole));
-        QCOMPARE(log.take(), QString("changed (0,2)-(0,2)"));
+        QCOMPARE(m.log.take(), QString("changed (0,2)-(0,2)"));
         QCOMPARE(m.two.index(0, 3).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
         QCOMPARE(m.proxy.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
 
         m.proxy.addSourceModel(&m.two, 2);
-        log.take();
+        m.log.take();
         QCOMPARE(header.data().toString(), QString("ch3"));
         QCOMPARE(m.proxy.headerData(0, Qt::Horizontal).toString(), QString("Time (s)"));
         QCOMPARE(m.proxy.headerData(2, Qt::Horizontal).toString(), QString("ch3"));
@@ -185,46 +159,35 @@ private Q_SLOTS:
             QVERIFY(!m.proxy.headerData(section, Qt::Horizontal).isValid());
             QVERIFY(!m.proxy.headerData(section, Qt::Vertical).isValid());
         }
-        m.two.act("header 2 2");
-        QCOMPARE(log.take(), QString("header 3-3"));
-        m.two.act("header 0 3");
-        QCOMPARE(log.take(), QString("header 2-2, header 3-3"));
-        m.one.act("header 0 1");
-        QCOMPARE(log.take(), QString("header 0-0, header 1-1"));
-        m.two.act("header 1 1");
-        QCOMPARE(log.take(), QString());
+        QCOMPARE(m.announced("/ header 2 2"), QString("header 3-3"));
+        QCOMPARE(m.announced("/ header 0 3"), QString("header 2-2, header 3-3"));
+        QCOMPARE(m.announced("header 0 1"), QString("header 0-0, header 1-1"));
+        QCOMPARE(m.announced("/ header 1 1"), QString());
     }
 
     void insertionAndRemoval()
     {
-        BufferModel one(1);
-        BufferModel three(1);
-        auto two = std::make_unique<BufferModel>(1);
-        one.append(1, 1);
-        two->act("append 1 2 3");
-        RVXMultichannelProxyModel proxy;
-        ModelLog log(&proxy);
-        proxy.addSourceModel(&one, 1);
-        proxy.insertSourceModel(-5, two.get(), 1);
-        proxy.insertSourceModel(99, &three, 1);
-        QCOMPARE(log.take(), QString("reset?, reset!, reset?, reset!, reset?, reset!"));
-        QCOMPARE(rowsText(proxy), QString("1: 2 1 nan; 2: 3 1 nan; 3: 4 1 nan"));
-
-        proxy.removeSourceModel(&one);
-        QCOMPARE(log.take(), QString("reset?, reset!"));
-        QCOMPARE(proxy.columnCount(), 3);
-        one.append(2, 1);
-        QCOMPARE(log.take(), QString());
-        proxy.addSourceModel(&one, 1);
-        log.take();
-        one.append(3, 7);
-        QCOMPARE(log.take(), QString("changed (3,3)-(3,3)"));
-        two.reset();
-        QCOMPARE(log.take(), QString("reset?, reset!"));
-        QCOMPARE(rowsText(proxy), QString("1: nan 1; 2: nan 1; 3: nan 7"));
-        proxy.Clear();
-        QCOMPARE(log.take(), QString("reset?, reset!"));
-        QCOMPARE(one.rowCount() + three.rowCount() + proxy.rowCount(), 3);
+        Merged m;
+        m.announced("append 1 1");
+        auto front = std::make_unique<BufferModel>(1);
+        front->act("append 1 2 3");
+        m.proxy.insertSourceModel(-5, front.get(), 1);
+        m.proxy.insertSourceModel(99, &m.two, 1);
+        QCOMPARE(m.log.take(), QString("reset?, reset!, reset?, reset!"));
+        QCOMPARE(rowsText(m.proxy), QString("1: 2 1 nan nan; 2: 3 1 nan nan; 3: 4 1 nan nan"));
+        m.proxy.removeSourceModel(&m.one);
+        QCOMPARE(m.log.take(), QString("reset?, reset!"));
+        QCOMPARE(m.proxy.columnCount(), 4);
+        QCOMPARE(m.announced("append 2 1"), QString());
+        m.proxy.addSourceModel(&m.one, 1);
+        m.log.take();
+        QCOMPARE(m.announced("append 3 7"), QString("changed (3,4)-(3,4)"));
+        front.reset();
+        QCOMPARE(m.log.take(), QString("reset?, reset!"));
+        QCOMPARE(rowsText(m.proxy), QString("1: nan nan 1; 2: nan nan 1; 3: nan nan 7"));
+        m.proxy.Clear();
+        QCOMPARE(m.log.take(), QString("reset?, reset!"));
+        QCOMPARE(m.one.rowCount() + m.two.rowCount() + m.proxy.rowCount(), 3);
     }
 
     void removalKeepsTheFirst()
@@ -232,20 +195,18 @@ private Q_SLOTS:
         Merged m;
         m.one.append(1, 1);
         m.proxy.addSourceModel(&m.one, 1);
-        ModelLog log(&m.proxy);
+        m.log.take();
         m.proxy.removeSourceModel(&m.one);
-        QCOMPARE(log.take(), QString("reset?, reset!"));
+        QCOMPARE(m.log.take(), QString("reset?, reset!"));
         QCOMPARE(m.proxy.columnCount(), 4);
-        m.one.append(2, 2);
-        QCOMPARE(log.take(), QString());
+        QCOMPARE(m.announced("append 2 2"), QString());
         // The model is shown without being heard; the next reset counts it.
         QCOMPARE(m.proxy.rowCount(), 2);
         m.two.Clear();
         QCOMPARE(m.proxy.rowCount(), 3);
         m.proxy.addSourceModel(&m.one, 1);
-        log.take();
-        m.one.append(3, 3);
-        QCOMPARE(log.take(), QString("insert 3-3?, insert 3-3!"));
+        m.log.take();
+        QCOMPARE(m.announced("append 3 3"), QString("insert 3-3?, insert 3-3!"));
     }
 
     void unitsAreRelayed()
@@ -355,23 +316,20 @@ private Q_SLOTS:
 
     void filesThatCannotBeWritten()
     {
-        BufferModel source(1);
-        RVXMultichannelProxyModel proxy;
-        proxy.addSourceModel(&source, 1);
+        const Merged m;
         const QTemporaryDir folder;
-        QVERIFY(!proxy.SaveDataToFile(QString()));
-        QVERIFY(!proxy.SaveDataToFile(folder.path()));
+        QVERIFY(!m.proxy.SaveDataToFile(QString()));
+        QVERIFY(!m.proxy.SaveDataToFile(folder.path()));
         if (!hasFullDevice())
             QSKIP("no device here that is always full");
-        QVERIFY(!proxy.SaveDataToFile("/dev/full"));
+        QVERIFY(!m.proxy.SaveDataToFile("/dev/full"));
     }
 
     void indexesOverALayoutChange()
     {
         Merged m;
         RVXMultichannelProxyModel &proxy = m.proxy;
-        m.one.act("append 1 1 4");
-        m.two.act("append 1 1 3");
+        m.announced("append 1 1 4 / append 1 1 3");
         using Indexes = QVector<QPersistentModelIndex>;
         const auto places = [](const Indexes &indexes) {
             QStringList texts;
@@ -392,9 +350,8 @@ private Q_SLOTS:
                             proxy.index(1, 1)};
         QCOMPARE(proxy.match(proxy.index(1, 3), Qt::DisplayRole, 1.0, 1, Qt::MatchExactly),
                  QModelIndexList{proxy.index(3, 3)});
-        ModelLog log(&proxy);
-        m.two.moveToEnd(1);
-        QCOMPARE(log.take(), QString("layout?, layout!"));
+        m.log.take();
+        QCOMPARE(m.announced("/ move 1"), QString("layout?, layout!"));
         QCOMPARE(places(twice), QString("1,2 3,3 1,0 1,1"));
         // With a single source rows of the table move.
         RVXMultichannelProxyModel single;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
+#include "tests/proxies/ProxyTest.h"
 
 //! Two models side by side, each with the last of its columns, and what the merged model announces.
 struct Merged

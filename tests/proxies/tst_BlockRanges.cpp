@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The ranges kept for blocks of samples, while samples are added, dropped and changed.
 #include "corvale_qt/models/RVXSeriesData.h"
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <cmath>
-#include <random>
 
 using namespace Corvale_Qt;
 

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Channels that RVXMultichannelProxyModel creates by name, through factories and drops.
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <QDataStream>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QPointer>
 #include <QTableView>
-
-#include <memory>
 
 using namespace Corvale_Qt;
 

@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Devices merged with their own averages and zeros, and an average of it all: every number after every step of a long
 // random history. CORVALE_QT_TEST_STEPS in the environment sets the number of steps, for runs under a sanitizer.
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "tests/proxies/Averages.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/RowAccount.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <QPointer>
-
-#include <memory>
-#include <random>
 
 using namespace Corvale_Qt;
 

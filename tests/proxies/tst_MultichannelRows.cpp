@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What RVXMultichannelProxyModel announces while its sources grow, drop and roll over independently of each other.
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "tests/proxies/Merged.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/RowAccount.h"
-#include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
+#include "tests/proxies/ProxyTest.h"
 
-#include <memory>
 #include <vector>
 
 using namespace Corvale_Qt;

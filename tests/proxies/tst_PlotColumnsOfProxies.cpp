@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Proxies return the same numbers by the chunk as cell by cell, to the last bit.
 #include "corvale_qt/models/PlotColumns_p.h"
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <cstring>
 

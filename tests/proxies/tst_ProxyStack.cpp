@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Device model, averaging and zeroing: every number of the stack after every step of a long random history.
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
 #include "tests/proxies/Averages.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/RowAccount.h"
-#include "tests/support/TableMirror.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <limits>
-#include <random>
 
 using namespace Corvale_Qt;
 

@@ -1,18 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // tst_ProxyStack compares averages with their definition through long histories, with gaps and changes of all kinds.
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
 #include "tests/proxies/Averages.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/TableMirror.h"
-#include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
+#include "tests/proxies/ProxyTest.h"
 
 using namespace Corvale_Qt;
 

@@ -1,16 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <QBrush>
 #include <QIdentityProxyModel>
@@ -254,6 +243,7 @@ private Q_SLOTS:
         current.AddData(1, 4e-9);
         QCOMPARE(proxy.text(), QString("Data: 1=4.0000 nA 1=N/A"));
         zeroing.zeroNow();
+        QCOMPARE(proxy.text(), QString("Data: 1=0.0000 nA 1=N/A"));
         voltage.AddData(1, 0.5);
         QCOMPARE(proxy.text(), QString("Data: 1=0.0000 nA 1=5.000e+02 mV"));
     }

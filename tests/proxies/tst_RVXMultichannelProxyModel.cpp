@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
 #include "tests/proxies/Merged.h"
+#include "tests/proxies/ProxyTest.h"
 #include "tests/support/Files.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/TestMain.h"
 
 #include <QBrush>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 
-#include <memory>
 #include <utility>
 
 using namespace Corvale_Qt;

@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/RowAccount.h"
-#include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <QItemSelectionModel>
 #include <QMimeData>
 #include <QStandardItemModel>
 
 #include <functional>
-#include <memory>
 #include <utility>
 
 using namespace Corvale_Qt;

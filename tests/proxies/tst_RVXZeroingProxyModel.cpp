@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // tst_ProxyStack follows zeros through long histories: samples, gaps, other units, other sources and resets.
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelLog.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/ModelWatch.h"
-#include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
+#include "tests/proxies/ProxyTest.h"
 
 using namespace Corvale_Qt;
 

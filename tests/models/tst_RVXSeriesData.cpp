@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
-#include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
+#include "tests/support/SeriesBounds.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -30,26 +30,6 @@ public:
         return row >= 1 && column >= 1 ? value + 1000.0 : value;
     }
 };
-
-// The rectangle as the definition has it, through the cell's own numbers.
-QRectF boundsByHand(const RVXSeriesData &series)
-{
-    double left = inf, right = -inf, top = inf, bottom = -inf;
-    for (size_t i = 0; i < series.size(); ++i) {
-        const QPointF point = series.sample(i);
-        if (i == 0) {
-            left = right = std::isfinite(point.x()) ? point.x() : 0.0;
-            top = bottom = std::isfinite(point.y()) ? point.y() : 0.0;
-        }
-        if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
-            continue;
-        left = std::min(left, point.x());
-        right = std::max(right, point.x());
-        top = std::min(top, point.y());
-        bottom = std::max(bottom, point.y());
-    }
-    return QRectF(left, top, right - left, bottom - top);
-}
 
 bool sameBits(double a, double b)
 {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The ranges kept for blocks of samples, while samples are added, dropped and changed.
-#include "corvale_qt/models/RVXSeriesData.h"
 #include "tests/proxies/ProxyTest.h"
-
-#include <cmath>
+#include "tests/support/SeriesBounds.h"
 
 using namespace Corvale_Qt;
 
@@ -38,22 +36,6 @@ struct Stack
     std::cauchy_distribution<double> value{0.0, 1.0};
     double now = 0.0;
 };
-
-QPair<double, double> rangeCellByCell(const RVXAbstractPlotDataModel &model, int first, int last)
-{
-    // A first sample that is not finite counts as 0.
-    const double start = model.doubleData(first, 1);
-    QPair<double, double> range(std::isfinite(start) ? start : 0.0, 0.0);
-    range.second = range.first;
-    for (int row = first; row <= last; ++row) {
-        const double y = model.doubleData(row, 1);
-        if (!std::isfinite(y))
-            continue;
-        range.first = std::min(range.first, y);
-        range.second = std::max(range.second, y);
-    }
-    return range;
-}
 
 } // namespace
 
@@ -99,10 +81,7 @@ private:
                 const int length = std::min(rows, i == 0 ? rows : 1 + stack.below(3000));
                 const int first = 1 + stack.below(rows - length + 1);
                 const RVXSeriesData series(*model, 1, first, first + length - 1);
-                const QRectF bounds = series.boundingRect();
-                const auto expected = rangeCellByCell(*model, first, first + length - 1);
-                QCOMPARE(bounds.top(), expected.first);
-                QCOMPARE(bounds.height(), expected.second - expected.first);
+                QCOMPARE(series.boundingRect(), boundsByHand(series));
             }
         }
     }

@@ -272,31 +272,6 @@ private Q_SLOTS:
         }
     }
 
-    void aFullBufferThatRollsOver()
-    {
-        const int capacity = int(RVXAbstractDeviceDataModel::maxBufferSize);
-        RVXSingleChannelDataModel source;
-        RVXAveragingProxyModel proxy;
-        proxy.setSourceModel(&source);
-        proxy.setAveraging(50);
-        QVector<double> raw;
-        QVector<double> expected;
-        const auto add = [&](int count) {
-            for (const int end = raw.size() + count; raw.size() < end;) {
-                raw.append(awkward(raw.size()));
-                source.AddData(raw.size(), raw.last());
-            }
-            average(raw, 50, expected.size(), expected);
-        };
-        add(capacity + 700);
-        QCOMPARE(columnOf(proxy, 1), expected.mid(700));
-        source.setAutoUpdate(false);
-        add(200);
-        QCOMPARE(columnOf(proxy, 1), expected.mid(900, capacity - 200));
-        source.UpdateView();
-        QCOMPARE(columnOf(proxy, 1), expected.mid(900));
-    }
-
     void onlyATimeColumn()
     {
         BufferModel source(0);

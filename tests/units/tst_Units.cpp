@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QHash>
 
@@ -9,6 +10,15 @@
 
 using namespace Corvale_Qt::Units;
 
+namespace {
+
+std::unique_ptr<MeasurementUnit> unitOf(int type)
+{
+    return std::unique_ptr<MeasurementUnit>(MeasurementUnit::fromType(MeasurementUnitType(type)));
+}
+
+} // namespace
+
 class tst_Units : public QObject
 {
     Q_OBJECT
@@ -16,31 +26,31 @@ class tst_Units : public QObject
 private Q_SLOTS:
     void textsThatPeopleAndFilesGive_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("type");
-
-        QTest::newRow("ampere is a capital letter") << "A" << 16;
-        QTest::newRow("a small a is nothing") << "a" << 0;
-        QTest::newRow("coulomb in either case") << "c" << 32;
-        QTest::newRow("capital C is coulomb, not a temperature") << "C" << 32;
-        QTest::newRow("picofarad does not exist: a temperature") << "pF" << 177;
-        QTest::newRow("any other text that ends with C") << "degC" << 176;
-        QTest::newRow("kilocoulomb does not exist: a temperature") << "kC" << 176;
-        QTest::newRow("a small c at the end is nothing") << "kc" << 0;
-        QTest::newRow("degree sign") << QString::fromUtf8("°F") << 177;
-        QTest::newRow("micro sign is not understood") << QString::fromUtf8("µA") << 0;
-        QTest::newRow("but microcoulomb ends with C") << QString::fromUtf8("µC") << 176;
-        QTest::newRow("u stands for micro") << "uC" << 34;
-        QTest::newRow("milli and mega volt are not mixed up") << "mv" << 0;
-        QTest::newRow("kilovolt in any case") << "KV" << 53;
-        QTest::newRow("MeV in any case") << "mev" << 134;
-        QTest::newRow("two names for counts") << "Pulses" << 64;
-        QTest::newRow("counts") << "Counts" << 64;
-        QTest::newRow("minutes by either name") << "minutes" << 100;
-        QTest::newRow("dose rate before dose") << "gp/S" << 148;
-        QTest::newRow("strips cannot be asked for by text") << "strips" << 0;
+        tableFrom(R"(
+            | text | int type
+            ampere is a capital letter | A | 16
+            a small a is nothing | a | 0
+            coulomb in either case | c | 32
+            capital C is coulomb, not a temperature | C | 32
+            picofarad does not exist: a temperature | pF | 177
+            any other text that ends with C | degC | 176
+            kilocoulomb does not exist: a temperature | kC | 176
+            a small c at the end is nothing | kc | 0
+            degree sign | °F | 177
+            micro sign is not understood | µA | 0
+            but microcoulomb ends with C | µC | 176
+            u stands for micro | uC | 34
+            milli and mega volt are not mixed up | mv | 0
+            kilovolt in any case | KV | 53
+            MeV in any case | mev | 134
+            two names for counts | Pulses | 64
+            counts | Counts | 64
+            minutes by either name | minutes | 100
+            dose rate before dose | gp/S | 148
+            strips cannot be asked for by text | strips | 0
+            no text | | 0
+        )");
         QTest::newRow("white space is not trimmed") << " mA" << 0;
-        QTest::newRow("no text") << QString() << 0;
     }
     void textsThatPeopleAndFilesGive()
     {
@@ -55,12 +65,9 @@ private Q_SLOTS:
     void symbolsAreUnderstood()
     {
         for (int type = 1; type < Type_Strips; ++type) {
-            const std::unique_ptr<MeasurementUnit> unit(
-                MeasurementUnit::fromType(MeasurementUnitType(type)));
-            if (unit)
-                QCOMPARE(
-                    int(MeasurementUnit::typeFromString(unit->name().replace(QChar(0xb5), 'u'))),
-                    type);
+            const auto unit = unitOf(type);
+            const QString symbol = unit ? unit->name().replace(QChar(0xb5), 'u') : QString();
+            QCOMPARE(int(MeasurementUnit::typeFromString(symbol)), unit ? type : 0);
         }
     }
 
@@ -68,8 +75,7 @@ private Q_SLOTS:
     {
         int made = 0;
         for (int type = -300; type <= 300; ++type) {
-            const std::unique_ptr<MeasurementUnit> unit(
-                MeasurementUnit::fromType(MeasurementUnitType(type)));
+            const auto unit = unitOf(type);
             if (!unit)
                 continue;
             ++made;
@@ -98,8 +104,7 @@ private Q_SLOTS:
         int prefixed = 0;
         QString base;
         for (int type = Type_A; type < Type_Strips; ++type) {
-            const std::unique_ptr<MeasurementUnit> unit(
-                MeasurementUnit::fromType(MeasurementUnitType(type)));
+            const auto unit = unitOf(type);
             if (!unit)
                 continue;
             const QString name = unit->name();

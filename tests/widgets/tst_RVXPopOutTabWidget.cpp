@@ -15,6 +15,7 @@
 #include <QTabBar>
 #include <QWindow>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Corvale_Qt;
@@ -108,17 +109,13 @@ void triggerContextMenu(QWidget *widget, const QPoint &at, const QString &text)
     QCoreApplication::sendEvent(widget, &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY2(menu, qPrintable(text));
-    QStringList seen;
-    for (QAction *action : menu->actions()) {
-        seen << action->text();
-        if (action->text() == text) {
-            menu->close();
-            action->trigger();
-            return;
-        }
-    }
+    const QList<QAction *> actions = menu->actions();
+    const auto found = std::find_if(actions.begin(), actions.end(), [&](const QAction *action) {
+        return action->text() == text;
+    });
     menu->close();
-    QFAIL(qPrintable(text + " is not among " + seen.join(", ")));
+    QVERIFY2(found != actions.end(), qPrintable(text));
+    (*found)->trigger();
 }
 
 } // namespace

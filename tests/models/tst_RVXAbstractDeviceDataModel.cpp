@@ -17,7 +17,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// A fixed table of readings; what is above 100 is out of the instrument's range.
+// A fixed table of readings; what is above 101 is out of the instrument's range.
 class TableModel : public RVXAbstractDeviceDataModel
 {
 public:
@@ -44,7 +44,7 @@ public:
     bool isOverrange(int channel, int sample) const override
     {
         Q_ASSERT(channel >= 0);
-        return doubleData(sample + 1, channel + 1) > 100.0;
+        return doubleData(sample + 1, channel + 1) > 101.0;
     }
     bool SaveDataToFile(const QString &) const override { return false; }
     void Clear() override { }
@@ -92,9 +92,9 @@ private Q_SLOTS:
                 | 0=own, 2=own, 3=own, 6=Arial 10 63, 7=130, 8=#ff00ff, 9=#000000, 10=2, 33=own, 256=own
             time | 1 | 0
                 | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
-            good reading | 1 | 1
+            good reading beside one over range | 2 | 1
                 | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
-            over range | 2 | 1
+            over range | 2 | 2
                 | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#ff0000, 9=#ffffff, 33=own, 256=own
             time of a reading over range | 2 | 0
                 | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
@@ -116,7 +116,8 @@ private Q_SLOTS:
                     .arg(font.pointSize())
                     .arg(font.weight());
             const QString own = QString("cell %1 %2 role %3").arg(row).arg(column).arg(role);
-            return value.toString() == own ? "own" : value.toString();
+            const QString shown = value.canConvert<QString>() ? value.toString() : value.typeName();
+            return shown == own ? QString("own") : shown;
         };
         QStringList looks;
         for (int role = 0; role <= Qt::UserRole; ++role) {

@@ -4,8 +4,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/*! Fills a test's table from \a text, of which each line is a row and '|' separates the cells. The first line names the
-    columns, with the type in front of the name unless cells are texts: "| int capacity | script". Each other line
+/*! Fills a test's table from \a text, of which each line is a row and '|' separates the cells, blanks around which do not
+    count. The first line names the columns, with the type in front of the name unless cells are texts: "| int capacity | script". Each other line
     begins with the name of its row. A row continues in the next line if that begins with '|', or after a comma. */
 inline void tableFrom(const char *text)
 {

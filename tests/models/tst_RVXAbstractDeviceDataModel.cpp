@@ -68,7 +68,6 @@ private Q_SLOTS:
     {
         TableModel model(3, 2);
         const ModelWatch watch(&model);
-        QCOMPARE(watch.complaints(), QString());
         QCOMPARE(model.units()->name() + ", " + model.xUnits()->description(),
                  QString("A, Time (seconds)"));
         QCOMPARE(int(model.units()->type()), 0);

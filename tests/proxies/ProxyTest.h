@@ -18,4 +18,5 @@
 #include "tests/support/TextTable.h"
 
 #include <memory>
+#include <optional>
 #include <random>

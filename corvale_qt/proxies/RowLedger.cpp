@@ -168,8 +168,6 @@ void RowLedger::abandon(MergedInput &input)
 {
     for (; input.openChanges != 0; input.openChanges &= input.openChanges - 1)
         --m_open;
-    input.news = MergedInput::News();
-    m_withNews.removeOne(&input);
 }
 
 //! Opens \a change. \a announce tells the views and returns whether an end will follow.

@@ -5,11 +5,11 @@
 static_assert(sizeof(Corvale_Qt::Units::MeasurementUnit) > 0);
 static_assert(sizeof(QwtSeriesData<QPointF>) > 0);
 
-#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/ModelLog.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QBrush>
 
@@ -17,7 +17,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-// A fixed table of readings; what is above 100 is out of the instrument's range.
+// A fixed table of readings; what is above 101 is out of the instrument's range.
 class TableModel : public RVXAbstractDeviceDataModel
 {
 public:
@@ -44,7 +44,7 @@ public:
     bool isOverrange(int channel, int sample) const override
     {
         Q_ASSERT(channel >= 0);
-        return doubleData(sample + 1, channel + 1) > 100.0;
+        return doubleData(sample + 1, channel + 1) > 101.0;
     }
     bool SaveDataToFile(const QString &) const override { return false; }
     void Clear() override { }
@@ -64,175 +64,157 @@ class tst_RVXAbstractDeviceDataModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNewModel();
-    void looksOfTheTable_data();
-    void looksOfTheTable();
-    void checkBoxesSwitchChannels();
-    void setDataRefuses_data();
-    void setDataRefuses();
-    void moreChannelsThanFlags();
-    void unitsAreAnnounced();
-    void headers();
-    void samplingPeriod();
-};
-
-void tst_RVXAbstractDeviceDataModel::aNewModel()
-{
-    TableModel model(3, 2);
-    const ModelWatch watch(&model);
-    QCOMPARE(watch.complaints(), QString());
-    QCOMPARE(model.units()->name(), QString("A"));
-    QCOMPARE(model.units()->description(), QString("A"));
-    QCOMPARE(int(model.units()->type()), 0);
-    QCOMPARE(model.xUnits()->description(), QString("Time (seconds)"));
-    QCOMPARE(model.MaxBufferSize(), 100000);
-    QCOMPARE(model.PlotWidthHintPoints(), 256);
-    QCOMPARE(model.PlotWidthHint(), 0.0);
-    QVERIFY(model.autoUpdate());
-    QCOMPARE(int(model.flags(QModelIndex())), 32);
-    QCOMPARE(int(model.flags(model.index(0, 0))), 33);
-    QCOMPARE(int(model.flags(model.index(1, 1))), 33);
-    QCOMPARE(int(model.flags(model.index(0, 1))), 49);
-    QVERIFY(model.hasChildren());
-    QVERIFY(!model.hasChildren(model.index(1, 1)));
-}
-
-void tst_RVXAbstractDeviceDataModel::looksOfTheTable_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QVariant>("expected");
-
-    const QVariant none;
-    const auto brush = [](const QColor &colour) {
-        return QVariant(QBrush(colour));
-    };
-    QTest::newRow("corner's text") << 0 << 0 << int(Qt::DisplayRole) << QVariant("Time (s)");
-    QTest::newRow("corner has no other looks") << 0 << 0 << int(Qt::BackgroundRole) << none;
-    QTest::newRow("subclass: text") << 1 << 2 << 0 << QVariant("cell 1 2 role 0");
-    QTest::newRow("subclass: edit") << 1 << 2 << 2 << QVariant("cell 1 2 role 2");
-    QTest::newRow("subclass: tool tip") << 0 << 2 << 3 << QVariant("cell 0 2 role 3");
-    QTest::newRow("subclass: number") << 1 << 0 << 33 << QVariant("cell 1 0 role 33");
-    QTest::newRow("subclass: user's") << 1 << 2 << 256 << QVariant("cell 1 2 role 256");
-    QTest::newRow("no icon where nothing is edited") << 1 << 1 << int(Qt::DecorationRole) << none;
-    QTest::newRow("header's font")
-        << 0 << 1 << int(Qt::FontRole) << QVariant(QFont("Arial", 10, QFont::DemiBold));
-    QTest::newRow("samples' font") << 1 << 0 << int(Qt::FontRole) << QVariant(QFont("Arial", 13));
-    QTest::newRow("alignment") << 1 << 1 << int(Qt::TextAlignmentRole) << QVariant(130);
-    QTest::newRow("channel's colour")
-        << 0 << 3 << int(Qt::BackgroundRole) << brush(RVXPlotColors::color(2));
-    QTest::newRow("good reading") << 1 << 1 << int(Qt::BackgroundRole) << brush(Qt::black);
-    QTest::newRow("good reading's text") << 1 << 1 << int(Qt::ForegroundRole) << brush(Qt::green);
-    QTest::newRow("over range") << 2 << 1 << int(Qt::BackgroundRole) << brush(Qt::red);
-    QTest::newRow("over range's text") << 2 << 1 << int(Qt::ForegroundRole) << brush(Qt::white);
-    QTest::newRow("time is never over range")
-        << 2 << 0 << int(Qt::BackgroundRole) << brush(Qt::black);
-    QTest::newRow("time's text") << 2 << 0 << int(Qt::ForegroundRole) << brush(Qt::green);
-    QTest::newRow("samples have no box") << 1 << 1 << int(Qt::CheckStateRole) << none;
-    QTest::newRow("channels are on at first") << 0 << 2 << int(Qt::CheckStateRole) << QVariant(2);
-    QTest::newRow("a role of nobody's") << 1 << 1 << 35 << none;
-}
-
-void tst_RVXAbstractDeviceDataModel::looksOfTheTable()
-{
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, role);
-    QFETCH(QVariant, expected);
-    const TableModel model(3, 2);
-    QCOMPARE(model.data(model.index(row, column), role), expected);
-}
-
-void tst_RVXAbstractDeviceDataModel::checkBoxesSwitchChannels()
-{
-    TableModel model(3, 2);
-    ModelLog log(&model);
-    const QModelIndex box = model.index(0, 3);
-    QVERIFY(model.setData(box, Qt::Unchecked, Qt::CheckStateRole));
-    QCOMPARE(log.take(), QString("changed (0,3)-(0,3)"));
-    QCOMPARE(model.data(box, Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-    QCOMPARE(model.data(model.index(0, 2), Qt::CheckStateRole).toInt(), int(Qt::Checked));
-    QVERIFY(model.setData(box, Qt::Unchecked, Qt::CheckStateRole));
-    QCOMPARE(log.take(), QString());
-    QVERIFY(model.setData(box, Qt::PartiallyChecked, Qt::CheckStateRole));
-    QCOMPARE(model.data(box, Qt::CheckStateRole).toInt(), int(Qt::Checked));
-}
-
-void tst_RVXAbstractDeviceDataModel::setDataRefuses_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("role");
-    QTest::newRow("no index") << -1 << -1 << int(Qt::CheckStateRole);
-    QTest::newRow("the corner") << 0 << 0 << int(Qt::CheckStateRole);
-    QTest::newRow("a sample") << 1 << 1 << int(Qt::CheckStateRole);
-    QTest::newRow("another role") << 0 << 1 << int(Qt::EditRole);
-}
-
-void tst_RVXAbstractDeviceDataModel::setDataRefuses()
-{
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, role);
-    TableModel model(3, 2);
-    ModelLog log(&model);
-    QVERIFY(!model.setData(model.index(row, column), Qt::Unchecked, role));
-    QCOMPARE(log.take(), QString());
-}
-
-void tst_RVXAbstractDeviceDataModel::moreChannelsThanFlags()
-{
-    TableModel model(300, 1);
-    QVERIFY(model.setData(model.index(0, 256), Qt::Unchecked, Qt::CheckStateRole));
-    QVERIFY(!model.setData(model.index(0, 257), Qt::Unchecked, Qt::CheckStateRole));
-    QCOMPARE(model.data(model.index(0, 257), Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-}
-
-void tst_RVXAbstractDeviceDataModel::unitsAreAnnounced()
-{
-    TableModel empty(3, 0);
-    TableModel model(3, 2);
-    const Units::nA nA;
-    for (TableModel *each : {&empty, &model}) {
-        ModelLog log(each);
-        QSignalSpy spy(each, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
-        each->SetUnits(&nA);
-        QCOMPARE(spy.size(), 1);
-        QCOMPARE(spy.at(0).at(0).value<const Units::MeasurementUnit *>(), &nA);
-        QCOMPARE(log.take(), each == &empty ? QString() : QString("changed (1,1)-(2,3)"));
-        QCOMPARE(each->units(), &nA);
+    void aNewModel()
+    {
+        TableModel model(3, 2);
+        const ModelWatch watch(&model);
+        QCOMPARE(model.units()->name() + ", " + model.xUnits()->description(),
+                 QString("A, Time (seconds)"));
+        QCOMPARE(int(model.units()->type()), 0);
+        QCOMPARE(model.PlotWidthHint(), 0.0);
+        QVERIFY(model.autoUpdate());
+        QVector<int> flags{int(model.flags(QModelIndex()))};
+        for (const QPoint &cell : {QPoint(0, 0), QPoint(1, 1), QPoint(0, 1)})
+            flags << int(model.flags(model.index(cell.x(), cell.y())));
+        QCOMPARE(flags, QVector<int>({32, 33, 33, 49}));
+        QVERIFY(model.hasChildren());
+        QVERIFY(!model.hasChildren(model.index(1, 1)));
     }
-}
 
-void tst_RVXAbstractDeviceDataModel::headers()
-{
-    const TableModel model(3, 2);
-    QCOMPARE(model.headerData(0, Qt::Horizontal), QVariant("Time (s)"));
-    QCOMPARE(model.headerData(2, Qt::Horizontal), QVariant("cell 0 2 role 0"));
-    QCOMPARE(model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), 4);
-    QVERIFY(!model.headerData(2, Qt::Horizontal, Qt::BackgroundRole).isValid());
-    QVERIFY(!model.headerData(2, Qt::Vertical).isValid());
-    QVERIFY(!model.headerData(9, Qt::Horizontal).isValid());
-}
+    void looksOfTheTable_data()
+    {
+        // All roles that a cell answers: fonts with size and weight, "own" for what the subclass answers.
+        tableFrom(R"(
+            | int row | int column | looks
+            corner | 0 | 0 | 0=Time (s)
+            header | 0 | 3
+                | 0=own, 2=own, 3=own, 6=Arial 10 63, 7=130, 8=#ff00ff, 9=#000000, 10=2, 33=own, 256=own
+            time | 1 | 0
+                | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
+            good reading beside one over range | 2 | 1
+                | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
+            over range | 2 | 2
+                | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#ff0000, 9=#ffffff, 33=own, 256=own
+            time of a reading over range | 2 | 0
+                | 0=own, 2=own, 3=own, 6=Arial 13 50, 7=130, 8=#000000, 9=#00ff00, 33=own, 256=own
+        )");
+    }
+    void looksOfTheTable()
+    {
+        QFETCH(int, row);
+        QFETCH(int, column);
+        const TableModel model(3, 2);
+        const auto text = [&](int role) {
+            const QVariant value = model.data(model.index(row, column), role);
+            if (value.canConvert<QBrush>())
+                return value.value<QBrush>().color().name();
+            const auto font = value.value<QFont>();
+            if (value.type() == QVariant::Font)
+                return QString("%1 %2 %3")
+                    .arg(font.family())
+                    .arg(font.pointSize())
+                    .arg(font.weight());
+            const QString own = QString("cell %1 %2 role %3").arg(row).arg(column).arg(role);
+            const QString shown = value.canConvert<QString>() ? value.toString() : value.typeName();
+            return shown == own ? QString("own") : shown;
+        };
+        QStringList looks;
+        for (int role = 0; role <= Qt::UserRole; ++role) {
+            if (!text(role).isEmpty())
+                looks << QString("%1=%2").arg(role).arg(text(role));
+        }
+        QTEST(looks.join(", "), "looks");
+    }
 
-void tst_RVXAbstractDeviceDataModel::samplingPeriod()
-{
-    TableModel model(1, 0);
-    QVERIFY(model.sampleDue());
-    model.sampleTaken();
-    QVERIFY2(model.sampleDue(), "running free, every reading counts");
-    model.setPeriod(1);
-    QVERIFY(!model.sampleDue());
-    QTRY_VERIFY(model.sampleDue());
-    model.sampleTaken();
-    QVERIFY(!model.sampleDue());
-    QTRY_VERIFY(model.sampleDue());
-    model.setPeriod(100000);
-    QVERIFY(!model.sampleDue());
-    model.setPeriod(-3);
-    QVERIFY(model.sampleDue());
-}
+    void checkBoxesSwitchChannels()
+    {
+        TableModel model(3, 2);
+        ModelLog log(&model);
+        const QModelIndex box = model.index(0, 3);
+        QVERIFY(model.setData(box, Qt::Unchecked, Qt::CheckStateRole));
+        QCOMPARE(log.take(), QString("changed (0,3)-(0,3)"));
+        QCOMPARE(model.data(box, Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        QCOMPARE(model.data(model.index(0, 2), Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        QVERIFY(model.setData(box, Qt::Unchecked, Qt::CheckStateRole));
+        QCOMPARE(log.take(), QString());
+        QVERIFY(model.setData(box, Qt::PartiallyChecked, Qt::CheckStateRole));
+        QCOMPARE(model.data(box, Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    }
+
+    void setDataRefuses_data()
+    {
+        tableFrom(R"(
+            | int row | int column | int role
+            no index | -1 | -1 | 10
+            the corner | 0 | 0 | 10
+            a sample | 1 | 1 | 10
+            another role | 0 | 1 | 2
+        )");
+    }
+    void setDataRefuses()
+    {
+        QFETCH(int, row);
+        QFETCH(int, column);
+        QFETCH(int, role);
+        TableModel model(3, 2);
+        ModelLog log(&model);
+        QVERIFY(!model.setData(model.index(row, column), Qt::Unchecked, role));
+        QCOMPARE(log.take(), QString());
+    }
+
+    void moreChannelsThanFlags()
+    {
+        TableModel model(300, 1);
+        QVERIFY(model.setData(model.index(0, 256), Qt::Unchecked, Qt::CheckStateRole));
+        QVERIFY(!model.setData(model.index(0, 257), Qt::Unchecked, Qt::CheckStateRole));
+        QCOMPARE(model.data(model.index(0, 257), Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    }
+
+    void unitsAreAnnounced()
+    {
+        TableModel empty(3, 0);
+        TableModel model(3, 2);
+        const Units::nA nA;
+        for (TableModel *each : {&empty, &model}) {
+            ModelLog log(each);
+            QSignalSpy spy(each, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
+            each->SetUnits(&nA);
+            QCOMPARE(spy.size(), 1);
+            QCOMPARE(spy.at(0).at(0).value<const Units::MeasurementUnit *>(), &nA);
+            QCOMPARE(log.take(), each == &empty ? QString() : QString("changed (1,1)-(2,3)"));
+            QCOMPARE(each->units(), &nA);
+        }
+    }
+
+    void headers()
+    {
+        const TableModel model(3, 2);
+        QCOMPARE(model.headerData(0, Qt::Horizontal), QVariant("Time (s)"));
+        QCOMPARE(model.headerData(2, Qt::Horizontal), QVariant("cell 0 2 role 0"));
+        QCOMPARE(model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), 4);
+        QVERIFY(!model.headerData(2, Qt::Horizontal, Qt::BackgroundRole).isValid());
+        QVERIFY(!model.headerData(2, Qt::Vertical).isValid());
+        QVERIFY(!model.headerData(9, Qt::Horizontal).isValid());
+    }
+
+    void samplingPeriod()
+    {
+        TableModel model(1, 0);
+        QVERIFY(model.sampleDue());
+        model.sampleTaken();
+        QVERIFY2(model.sampleDue(), "running free, every reading counts");
+        model.setPeriod(1);
+        QVERIFY(!model.sampleDue());
+        QTRY_VERIFY(model.sampleDue());
+        model.sampleTaken();
+        QVERIFY(!model.sampleDue());
+        QTRY_VERIFY(model.sampleDue());
+        model.setPeriod(100000);
+        QVERIFY(!model.sampleDue());
+        model.setPeriod(-3);
+        QVERIFY(model.sampleDue());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXAbstractDeviceDataModel)
 #include "tst_RVXAbstractDeviceDataModel.moc"

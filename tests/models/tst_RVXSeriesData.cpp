@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
-#include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
+#include "tests/support/SeriesBounds.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <cmath>
 #include <cstring>
 #include <limits>
 #include <memory>
-#include <random>
 
 using namespace Corvale_Qt;
 
@@ -31,26 +31,6 @@ public:
     }
 };
 
-// The rectangle as the definition has it, through the cell's own numbers.
-QRectF boundsByHand(const RVXSeriesData &series)
-{
-    double left = inf, right = -inf, top = inf, bottom = -inf;
-    for (size_t i = 0; i < series.size(); ++i) {
-        const QPointF point = series.sample(i);
-        if (i == 0) {
-            left = right = std::isfinite(point.x()) ? point.x() : 0.0;
-            top = bottom = std::isfinite(point.y()) ? point.y() : 0.0;
-        }
-        if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
-            continue;
-        left = std::min(left, point.x());
-        right = std::max(right, point.x());
-        top = std::min(top, point.y());
-        bottom = std::max(bottom, point.y());
-    }
-    return QRectF(left, top, right - left, bottom - top);
-}
-
 bool sameBits(double a, double b)
 {
     return std::memcmp(&a, &b, sizeof a) == 0;
@@ -63,282 +43,261 @@ class tst_RVXSeriesData : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void rangesOfRows_data();
-    void rangesOfRows();
-    void pointsAndTheirScale();
-    void boundsSkipWhatIsNotFinite();
-    void boundsAreKept();
-    void aHostsOwnNumbersAreDrawn();
-    void chunksEqualCells_data();
-    void chunksEqualCells();
-    void memoryEqualsCells();
-    void boundsFromMemory_data();
-    void boundsFromMemory();
-    void readersOfColumnsWithoutAModel();
-    void valuesInADebugger();
-    void whetherTimeRises();
-};
-
-void tst_RVXSeriesData::rangesOfRows_data()
-{
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<int>("size");
-    QTest::newRow("the whole buffer") << 1 << -1 << 10;
-    QTest::newRow("part of it") << 3 << 5 << 3;
-    QTest::newRow("to the last row by its number") << 1 << 10 << 10;
-    QTest::newRow("past the last row") << 1 << 11 << 10;
-    QTest::newRow("end before start") << 6 << 5 << 5;
-    QTest::newRow("starts where nothing is") << 12 << -1 << 0;
-}
-
-void tst_RVXSeriesData::rangesOfRows()
-{
-    QFETCH(int, start);
-    QFETCH(int, end);
-    QFETCH(int, size);
-    RVXSingleChannelDataModel model;
-    for (int i = 1; i <= 10; ++i)
-        model.AddData(i, i);
-    const std::unique_ptr<QwtSeriesData<QPointF>> series(model.seriesData(1, start, end));
-    QCOMPARE(int(series->size()), size);
-}
-
-void tst_RVXSeriesData::pointsAndTheirScale()
-{
-    RVXSingleChannelDataModel model;
-    const Units::mA mA;
-    model.SetUnits(&mA);
-    model.AddData(0.5, 0.002);
-    model.AddData(1.5, 0.004);
-    RVXSeriesData series(model, 1, 2, -1);
-    QCOMPARE(series.sample(0), QPointF(1.5, 4.0));
-    for (double refused : {0.0, -2.0, notANumber}) {
-        series.setScale(refused);
-        QCOMPARE(series.sample(0).y(), 4.0);
+    void rangesOfRows_data()
+    {
+        tableFrom(R"(
+            | int start | int end | int size
+            the whole buffer | 1 | -1 | 10
+            part of it | 3 | 5 | 3
+            to the last row by its number | 1 | 10 | 10
+            past the last row | 1 | 11 | 10
+            end before start | 6 | 5 | 5
+            starts where nothing is | 12 | -1 | 0
+        )");
     }
-    series.setScale(1000.0);
-    QCOMPARE(series.sample(0), QPointF(1.5, 0.004));
-    QCOMPARE(RVXSeriesData(series).sample(0), QPointF(1.5, 0.004));
-}
-
-void tst_RVXSeriesData::boundsSkipWhatIsNotFinite()
-{
-    RVXSingleChannelDataModel model;
-    std::mt19937 random(7);
-    std::uniform_real_distribution<double> value(-50.0, 80.0);
-    for (int i = 1; i <= 2000; ++i)
-        model.AddData(i % 97 == 0 ? notANumber : i,
-                      i % 5 == 0       ? notANumber
-                          : i % 7 == 0 ? -inf
-                                       : value(random));
-    for (int start : {1, 35, 1999}) {
-        const RVXSeriesData series(model, 1, start, -1);
-        QCOMPARE(series.boundingRect(), boundsByHand(series));
+    void rangesOfRows()
+    {
+        QFETCH(int, start);
+        QFETCH(int, end);
+        QFETCH(int, size);
+        RVXSingleChannelDataModel model;
+        for (int i = 1; i <= 10; ++i)
+            model.AddData(i, i);
+        const std::unique_ptr<QwtSeriesData<QPointF>> series(model.seriesData(1, start, end));
+        QCOMPARE(int(series->size()), size);
     }
-    RVXSingleChannelDataModel nothing;
-    QVERIFY(!RVXSeriesData(nothing, 1, 1, -1).boundingRect().isValid());
-    nothing.AddData(notANumber, inf);
-    QCOMPARE(RVXSeriesData(nothing, 1, 1, -1).boundingRect(), QRectF(0.0, 0.0, 0.0, 0.0));
-}
 
-void tst_RVXSeriesData::boundsAreKept()
-{
-    RVXSingleChannelDataModel model;
-    model.AddData(1.0, 5.0);
-    model.AddData(2.0, 5.0);
-    RVXSeriesData series(model, 1, 1, -1);
-    // No height: looked at again each time, and right once it has one.
-    QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 1.0, 0.0));
-    model.AddData(3.0, 7.0);
-    QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 2.0, 2.0));
-    model.AddData(4.0, 100.0);
-    QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 2.0, 2.0));
-    series.setScale(10.0);
-    QCOMPARE(series.boundingRect(), QRectF(1.0, 0.5, 3.0, 9.5));
-}
+    void pointsAndTheirScale()
+    {
+        RVXSingleChannelDataModel model;
+        const Units::mA mA;
+        model.SetUnits(&mA);
+        model.AddData(0.5, 0.002);
+        model.AddData(1.5, 0.004);
+        RVXSeriesData series(model, 1, 2, -1);
+        QCOMPARE(series.sample(0), QPointF(1.5, 4.0));
+        for (double refused : {0.0, -2.0, notANumber}) {
+            series.setScale(refused);
+            QCOMPARE(series.sample(0).y(), 4.0);
+        }
+        series.setScale(1000.0);
+        QCOMPARE(series.sample(0), QPointF(1.5, 0.004));
+        QCOMPARE(RVXSeriesData(series).sample(0), QPointF(1.5, 0.004));
+    }
 
-void tst_RVXSeriesData::aHostsOwnNumbersAreDrawn()
-{
-    Calibrated model;
-    model.AddData(1.0, 5.0);
-    model.AddData(2.0, 6.0);
-    QVERIFY(!PlotColumns::of(&model));
-    const RVXSeriesData series(model, 1, 1, -1);
-    QCOMPARE(series.boundingRect(), QRectF(1.0, 1005.0, 1.0, 1.0));
-    double read[2];
-    PlotColumnReader(&model).read(1, 1, 2, read);
-    QCOMPARE(read[1], 1006.0);
-}
+    void boundsSkipWhatIsNotFinite()
+    {
+        RVXSingleChannelDataModel model;
+        for (int i = 1; i <= 2000; ++i) {
+            const double value = std::sin(1.7 * i) * i;
+            model.AddData(i % 97 == 0 ? notANumber : i,
+                          i % 5 == 0       ? notANumber
+                              : i % 7 == 0 ? -inf
+                                           : value);
+        }
+        for (int start : {1, 35, 1999}) {
+            const RVXSeriesData series(model, 1, start, -1);
+            QCOMPARE(series.boundingRect(), boundsByHand(series));
+        }
+        RVXSingleChannelDataModel nothing;
+        QVERIFY(!RVXSeriesData(nothing, 1, 1, -1).boundingRect().isValid());
+        nothing.AddData(notANumber, inf);
+        QCOMPARE(RVXSeriesData(nothing, 1, 1, -1).boundingRect(), QRectF(0.0, 0.0, 0.0, 0.0));
+    }
 
-void tst_RVXSeriesData::chunksEqualCells_data()
-{
-    QTest::addColumn<int>("samples");
-    QTest::newRow("none") << 0;
-    QTest::newRow("few") << 5;
-    QTest::newRow("over the ring's edge") << 100000 + 1234;
-}
+    void boundsAreKept()
+    {
+        RVXSingleChannelDataModel model;
+        model.AddData(1.0, 5.0);
+        model.AddData(2.0, 5.0);
+        RVXSeriesData series(model, 1, 1, -1);
+        // No height: looked at again each time, and right once it has one.
+        QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 1.0, 0.0));
+        model.AddData(3.0, 7.0);
+        QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 2.0, 2.0));
+        model.AddData(4.0, 100.0);
+        QCOMPARE(series.boundingRect(), QRectF(1.0, 5.0, 2.0, 2.0));
+        series.setScale(10.0);
+        QCOMPARE(series.boundingRect(), QRectF(1.0, 0.5, 3.0, 9.5));
+    }
 
-void tst_RVXSeriesData::chunksEqualCells()
-{
-    QFETCH(int, samples);
-    const int capacity = 100000;
-    RVXSingleChannelDataModel model;
-    const Units::nA nA;
-    Units::MeasurementUnit odd(1.0 / 3.0, "odd", 7.7);
-    const Units::MeasurementUnit *units[] = {&nA, &odd, nullptr};
-    for (int i = 1; i <= samples; ++i)
-        model.AddData(0.1 * i, i % 1000 == 0 ? notANumber : 1e-9 / i);
-    const int stored = std::min(samples, capacity);
-    const PlotColumns *columns = PlotColumns::of(&model);
-    QVERIFY(columns);
-    for (const auto *unit : units) {
-        model.SetUnits(unit);
-        for (int first : {-3, 0, 1, stored - 2, capacity - 1234 - 3, stored + 5}) {
-            for (int column : {0, 1}) {
-                double chunk[9];
-                columns->read(column, first, 9, chunk);
-                for (int i = 0; i < 9; ++i)
-                    QVERIFY2(sameBits(chunk[i], model.doubleData(first + i, column)),
-                             qPrintable(QString("row %1").arg(first + i)));
+    void aHostsOwnNumbersAreDrawn()
+    {
+        Calibrated model;
+        model.AddData(1.0, 5.0);
+        model.AddData(2.0, 6.0);
+        QVERIFY(!PlotColumns::of(&model));
+        const RVXSeriesData series(model, 1, 1, -1);
+        QCOMPARE(series.boundingRect(), QRectF(1.0, 1005.0, 1.0, 1.0));
+        double read[2];
+        PlotColumnReader(&model).read(1, 1, 2, read);
+        QCOMPARE(read[1], 1006.0);
+    }
+
+    void chunksEqualCells()
+    {
+        const int capacity = 100000;
+        RVXSingleChannelDataModel model;
+        const Units::nA nA;
+        Units::MeasurementUnit odd(1.0 / 3.0, "odd", 7.7);
+        const Units::MeasurementUnit *const units[] = {&nA, &odd, nullptr};
+        const PlotColumns *columns = PlotColumns::of(&model);
+        // None, a few, and more than the ring holds.
+        for (const int samples : {0, 5, capacity + 1234}) {
+            for (int i = model.rowCount(); i <= samples; ++i)
+                model.AddData(0.1 * i, i % 1000 == 0 ? notANumber : 1e-9 / i);
+            const int stored = std::min(samples, capacity);
+            for (const auto *unit : units) {
+                model.SetUnits(unit);
+                for (int first : {-3, 0, 1, stored - 2, capacity - 1234 - 3, stored + 5}) {
+                    for (int column : {0, 1}) {
+                        double chunk[9];
+                        columns->read(column, first, 9, chunk);
+                        for (int i = 0; i < 9; ++i)
+                            QVERIFY2(sameBits(chunk[i], model.doubleData(first + i, column)),
+                                     qPrintable(QString("row %1").arg(first + i)));
+                    }
+                }
             }
         }
     }
-}
 
-void tst_RVXSeriesData::memoryEqualsCells()
-{
-    struct Fahrenheit : Units::MeasurementUnit
+    void memoryEqualsCells()
     {
-        Fahrenheit()
-            : MeasurementUnit(1.8, "degF", 1.0)
+        struct Fahrenheit : Units::MeasurementUnit
         {
+            Fahrenheit()
+                : MeasurementUnit(1.8, "degF", 1.0)
+            {
+            }
+            double scale(double value) const override
+            {
+                return MeasurementUnit::scale(value) + 32.0;
+            }
+        };
+        RVXSingleChannelDataModel model;
+        for (int i = 1; i <= 100000 + 321; ++i)
+            model.AddData(0.1 * i, i % 7 == 0 ? notANumber : 1.0 / i);
+        const PlotColumns *columns = PlotColumns::of(&model);
+        Units::MeasurementUnit odd(1.0 / 3.0, "odd", -7.7);
+        model.SetUnits(&odd);
+        ColumnSpans spans;
+        for (int column : {0, 1}) {
+            QVERIFY(columns->spans(column, 99000, 1001, spans));
+            QCOMPARE(spans.count(), 1001);
+            QVERIFY2(spans.size[0] > 0 && spans.size[1] > 0, "the rows lie around the ring's edge");
+            for (int i = 0; i < 1001; ++i)
+                QVERIFY(sameBits(spans.value(i), model.doubleData(99000 + i, column)));
         }
-        double scale(double value) const override { return MeasurementUnit::scale(value) + 32.0; }
-    };
-    RVXSingleChannelDataModel model;
-    for (int i = 1; i <= 100000 + 321; ++i)
-        model.AddData(0.1 * i, i % 7 == 0 ? notANumber : 1.0 / i);
-    const PlotColumns *columns = PlotColumns::of(&model);
-    Units::MeasurementUnit odd(1.0 / 3.0, "odd", -7.7);
-    model.SetUnits(&odd);
-    ColumnSpans spans;
-    for (int column : {0, 1}) {
-        QVERIFY(columns->spans(column, 99000, 1001, spans));
-        QCOMPARE(spans.count(), 1001);
-        QVERIFY2(spans.size[0] > 0 && spans.size[1] > 0, "the rows lie around the ring's edge");
-        for (int i = 0; i < 1001; ++i)
-            QVERIFY(sameBits(spans.value(i), model.doubleData(99000 + i, column)));
+        QVERIFY(!columns->spans(1, 0, 10, spans));
+        QVERIFY(!columns->spans(1, 99991, 11, spans));
+        const Fahrenheit hosts;
+        model.SetUnits(&hosts);
+        QVERIFY2(!columns->spans(1, 1, 10, spans), "who knows what a host's unit does");
+        const quint64 version = columns->xVersion();
+        model.AddData(1e9, 0.0);
+        QVERIFY(columns->xVersion() != version);
     }
-    QVERIFY(!columns->spans(1, 0, 10, spans));
-    QVERIFY(!columns->spans(1, 99991, 11, spans));
-    const Fahrenheit hosts;
-    model.SetUnits(&hosts);
-    QVERIFY2(!columns->spans(1, 1, 10, spans), "who knows what a host's unit does");
-    const quint64 version = columns->xVersion();
-    model.AddData(1e9, 0.0);
-    QVERIFY(columns->xVersion() != version);
-}
 
-void tst_RVXSeriesData::boundsFromMemory_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("missing");
-    QTest::newRow("plain") << 1e9 << 0;
-    QTest::newRow("turned over") << -2.5 << 0;
-    QTest::newRow("nothing is left") << 0.0 << 0;
-    QTest::newRow("too large to show") << 1e308 << 0;
-    QTest::newRow("a unit that is no number") << notANumber << 0;
-    QTest::newRow("the first is missing") << 1e9 << 1;
-    QTest::newRow("the last is missing") << 1e9 << 2000;
-}
-
-void tst_RVXSeriesData::boundsFromMemory()
-{
-    QFETCH(double, factor);
-    QFETCH(int, missing);
-    RVXSingleChannelDataModel model;
-    const Units::MeasurementUnit unit(factor, "unit", 1.0);
-    model.SetUnits(&unit);
-    std::mt19937 random(11);
-    std::normal_distribution<double> value(3.0, 20.0);
-    for (int i = 1; i <= 2000; ++i)
-        model.AddData(i, i == missing ? -inf : value(random));
-    for (int start : {1, 2, 1000}) {
-        RVXSeriesData series(model, 1, start, -1);
-        series.setScale(3.0);
-        QCOMPARE(series.boundingRect(), boundsByHand(series));
+    void boundsFromMemory_data()
+    {
+        // Of 2000 readings in a unit with the factor, one is missing, or none.
+        tableFrom(R"(
+            | double factor | int missing
+            plain | 1e9 | 0
+            turned over | -2.5 | 0
+            nothing is left | 0 | 0
+            too large to show | 1e308 | 0
+            a unit that is no number | nan | 0
+            the first is missing | 1e9 | 1
+            the last is missing | 1e9 | 2000
+        )");
     }
-}
+    void boundsFromMemory()
+    {
+        QFETCH(double, factor);
+        QFETCH(int, missing);
+        RVXSingleChannelDataModel model;
+        const Units::MeasurementUnit unit(factor, "unit", 1.0);
+        model.SetUnits(&unit);
+        for (int i = 1; i <= 2000; ++i)
+            model.AddData(i, i == missing ? -inf : 3.0 + 20.0 * std::sin(1.7 * i));
+        for (int start : {1, 2, 1000}) {
+            RVXSeriesData series(model, 1, start, -1);
+            series.setScale(3.0);
+            QCOMPARE(series.boundingRect(), boundsByHand(series));
+        }
+    }
 
-void tst_RVXSeriesData::readersOfColumnsWithoutAModel()
-{
-    RVXSingleChannelDataModel model;
-    model.AddData(1.0, 5.0);
-    model.AddData(2.0, 6.0);
-    const PlotColumnReader reader(PlotColumns::of(&model));
-    double read[2];
-    reader.read(1, 1, 2, read);
-    QCOMPARE(read[1], 6.0);
-    ColumnSpans spans;
-    QVERIFY(reader.xRises() && reader.spans(0, 1, 2, spans));
-    QCOMPARE(reader.xVersion(), PlotColumnReader(&model).xVersion());
+    void readersOfColumnsWithoutAModel()
+    {
+        RVXSingleChannelDataModel model;
+        model.AddData(1.0, 5.0);
+        model.AddData(2.0, 6.0);
+        const PlotColumnReader reader(PlotColumns::of(&model));
+        double read[2];
+        reader.read(1, 1, 2, read);
+        QCOMPARE(read[1], 6.0);
+        ColumnSpans spans;
+        QVERIFY(reader.xRises() && reader.spans(0, 1, 2, spans));
+        QCOMPARE(reader.xVersion(), PlotColumnReader(&model).xVersion());
 
-    // A reader of a model reads nothing as soon as the model's deletion has begun.
-    auto mortal = std::make_unique<RVXSingleChannelDataModel>();
-    mortal->AddData(1.0, 5.0);
-    const PlotColumnReader orphan(mortal.get());
-    mortal.reset();
-    orphan.read(1, 1, 1, read);
-    QCOMPARE(read[0], 0.0);
-    QVERIFY(!orphan.spans(1, 1, 1, spans) && !orphan.xRises());
-}
+        // A reader of a model reads nothing as soon as the model's deletion has begun.
+        auto mortal = std::make_unique<RVXSingleChannelDataModel>();
+        mortal->AddData(1.0, 5.0);
+        const PlotColumnReader orphan(mortal.get());
+        mortal.reset();
+        orphan.read(1, 1, 1, read);
+        QCOMPARE(read[0], 0.0);
+        QVERIFY(!orphan.spans(1, 1, 1, spans) && !orphan.xRises());
+    }
 
-void tst_RVXSeriesData::valuesInADebugger()
-{
-    const auto text = [](const auto &value) {
-        QString string;
-        QDebug(&string) << value << 1;
-        return string;
-    };
-    RVXSingleChannelDataModel model;
-    model.AddData(1.0, -5.0);
-    model.AddData(2.0, inf);
-    ColumnSpans spans;
-    QVERIFY(PlotColumns::of(&model)->columnSpans(1, 1, 2, spans));
-    QCOMPARE(text(spans), "ColumnSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
-    QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
-    QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");
-    QCOMPARE(text(model.xUnits()), "MeasurementUnit(\"s\", type 96) 1 ");
-    model.SetUnits(nullptr);
-    QCOMPARE(text(model.units()), "MeasurementUnit(none) 1 ");
-}
+    void valuesInADebugger()
+    {
+        const auto text = [](const auto &value) {
+            QString string;
+            QDebug(&string) << value << 1;
+            return string;
+        };
+        RVXSingleChannelDataModel model;
+        model.AddData(1.0, -5.0);
+        model.AddData(2.0, inf);
+        ColumnSpans spans;
+        QVERIFY(PlotColumns::of(&model)->columnSpans(1, 1, 2, spans));
+        QCOMPARE(text(spans), "ColumnSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
+        QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
+        QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");
+        QCOMPARE(text(model.xUnits()), "MeasurementUnit(\"s\", type 96) 1 ");
+        model.SetUnits(nullptr);
+        QCOMPARE(text(model.units()), "MeasurementUnit(none) 1 ");
+    }
 
-void tst_RVXSeriesData::whetherTimeRises()
-{
-    RVXSingleChannelDataModel model;
-    const PlotColumnReader reader(&model);
-    model.AddData(5.0, 0.0);
-    model.AddData(6.0, 0.0);
-    QVERIFY(reader.xRises());
-    model.AddData(5.5, 0.0);
-    QVERIFY(!reader.xRises());
-    model.AddData(notANumber, 0.0);
-    model.AddData(7.0, 0.0);
-    for (int i = 0; i < 99997; ++i)
-        model.AddData(8.0 + i, 0.0);
-    // 5.5, NaN, 7, 8, ...: it rises again when the last bad step has left the buffer.
-    QVERIFY(!reader.xRises());
-    model.AddData(2e6, 0.0);
-    QVERIFY(!reader.xRises());
-    model.AddData(2e6 + 1, 0.0);
-    QVERIFY(reader.xRises());
-    model.AddData(1.0, 0.0);
-    QVERIFY(!reader.xRises());
-    model.Clear();
-    QVERIFY(reader.xRises());
-    QVERIFY(!PlotColumnReader().xRises());
-}
+    void whetherTimeRises()
+    {
+        RVXSingleChannelDataModel model;
+        const PlotColumnReader reader(&model);
+        model.AddData(5.0, 0.0);
+        model.AddData(6.0, 0.0);
+        QVERIFY(reader.xRises());
+        model.AddData(5.5, 0.0);
+        QVERIFY(!reader.xRises());
+        model.AddData(notANumber, 0.0);
+        model.AddData(7.0, 0.0);
+        for (int i = 0; i < 99997; ++i)
+            model.AddData(8.0 + i, 0.0);
+        // 5.5, NaN, 7, 8, ...: it rises again when the last bad step has left the buffer.
+        QVERIFY(!reader.xRises());
+        model.AddData(2e6, 0.0);
+        QVERIFY(!reader.xRises());
+        model.AddData(2e6 + 1, 0.0);
+        QVERIFY(reader.xRises());
+        model.AddData(1.0, 0.0);
+        QVERIFY(!reader.xRises());
+        model.Clear();
+        QVERIFY(reader.xRises());
+        QVERIFY(!PlotColumnReader().xRises());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXSeriesData)
 #include "tst_RVXSeriesData.moc"

@@ -6,6 +6,7 @@
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QTemporaryDir>
 
@@ -32,262 +33,218 @@ class tst_RVXSingleChannelDataModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void samplesAreAnnouncedOneByOne();
-    void repeatedAndZeroTimes();
-    void aFullBufferRollsOver();
-    void aFullBufferOfWhichNothingWasSeen();
-    void aFullBufferOfWhichOneRowWasSeen();
-    void autoUpdateComesBackOnAFullBuffer();
-    void viewsCatchUp();
-    void cellsThatHoldNothing();
-    void textsOfCells();
-    void noUnit();
-    void fileBytes();
-    void filesThatCannotBeWritten();
-    void widthHint();
-    void theTesterWatchesTheDeferredRoad();
-};
-
-void tst_RVXSingleChannelDataModel::samplesAreAnnouncedOneByOne()
-{
-    RVXSingleChannelDataModel model;
-    ModelLog log(&model);
-    fill(model, 1, 2);
-    QCOMPARE(log.take(), QString("insert 1-1?, insert 1-1!, insert 2-2?, insert 2-2!"));
-    QCOMPARE(rowsText(model), QString("1: 10; 2: 20"));
-}
-
-void tst_RVXSingleChannelDataModel::repeatedAndZeroTimes()
-{
-    RVXSingleChannelDataModel model;
-    fill(model, 1, 2);
-    ModelLog log(&model);
-    model.AddData(2.0, 7.0);
-    QCOMPARE(log.take(), QString());
-    model.AddData(1.5, 8.0);
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    model.AddData(nan, 9.0);
-    model.AddData(nan, 10.0);
-    QCOMPARE(rowsText(model), QString("1: 10; 2: 20; 1.5: 8; nan: 9; nan: 10"));
-    log.take();
-    model.AddData(-0.0, 3.0);
-    QCOMPARE(log.take(), QString("reset?, reset!, insert 1-1?, insert 1-1!"));
-    QCOMPARE(rowsText(model), QString("0: 3"));
-    model.AddData(0.0, 4.0);
-    QCOMPARE(rowsText(model), QString("0: 4"));
-}
-
-void tst_RVXSingleChannelDataModel::aFullBufferRollsOver()
-{
-    RVXSingleChannelDataModel model;
-    fill(model, 1, capacity);
-    const QPersistentModelIndex oldest = model.index(1, 1);
-    const QPersistentModelIndex second = model.index(2, 1);
-    const QPersistentModelIndex newest = model.index(capacity, 1);
-    ModelLog log(&model);
-    fill(model, capacity + 1, capacity + 1);
-    QCOMPARE(log.take(),
-             QString("insert 100000-100000?, remove 1-1?, remove 1-1!, insert 100000-100000!"));
-    QCOMPARE(model.rowCount(), capacity + 1);
-    QCOMPARE(model.doubleData(1, 1), 20.0);
-    QCOMPARE(model.doubleData(capacity, 0), capacity + 1.0);
-    QVERIFY(!oldest.isValid());
-    QCOMPARE(second.row(), 1);
-    QCOMPARE(newest.row(), capacity);
-}
-
-void tst_RVXSingleChannelDataModel::aFullBufferOfWhichNothingWasSeen()
-{
-    RVXSingleChannelDataModel model;
-    model.setAutoUpdate(false);
-    ModelLog log(&model);
-    fill(model, 1, capacity + 3);
-    QCOMPARE(log.take(), QString());
-    QCOMPARE(model.rowCount(), 1);
-    model.UpdateView();
-    QCOMPARE(log.take(), QString("insert 1-100000?, insert 1-100000!"));
-    QCOMPARE(model.doubleData(1, 0), 4.0);
-    fill(model, capacity + 4, capacity + 4);
-    QCOMPARE(log.take(), QString("remove 1-1?, remove 1-1!"));
-    QCOMPARE(model.rowCount(), capacity);
-    model.UpdateView();
-    QCOMPARE(log.take(), QString("insert 100000-100000?, insert 100000-100000!"));
-}
-
-void tst_RVXSingleChannelDataModel::aFullBufferOfWhichOneRowWasSeen()
-{
-    RVXSingleChannelDataModel model;
-    fill(model, 1, 1);
-    model.setAutoUpdate(false);
-    fill(model, 2, capacity);
-    ModelLog log(&model);
-    fill(model, capacity + 1, capacity + 3);
-    QCOMPARE(log.take(), QString("remove 1-1?, remove 1-1!"));
-    QCOMPARE(model.rowCount(), 1);
-    model.UpdateView();
-    QCOMPARE(log.take(), QString("insert 1-100000?, insert 1-100000!"));
-    QCOMPARE(model.doubleData(1, 0), 4.0);
-}
-
-void tst_RVXSingleChannelDataModel::autoUpdateComesBackOnAFullBuffer()
-{
-    RVXSingleChannelDataModel model;
-    model.setAutoUpdate(false);
-    fill(model, 1, capacity);
-    model.setAutoUpdate(true);
-    ModelLog log(&model);
-    fill(model, capacity + 1, capacity + 1);
-    QCOMPARE(log.take(),
-             QString("insert 1-100000?, insert 1-100000!, "
-                     "insert 100000-100000?, remove 1-1?, remove 1-1!, insert 100000-100000!"));
-    QCOMPARE(model.rowCount(), capacity + 1);
-}
-
-void tst_RVXSingleChannelDataModel::viewsCatchUp()
-{
-    RVXSingleChannelDataModel model;
-    fill(model, 1, 2);
-    model.setAutoUpdate(false);
-    ModelLog log(&model);
-    fill(model, 3, 5);
-    QCOMPARE(model.rowCount(), 3);
-    model.UpdateView();
-    model.UpdateView();
-    QCOMPARE(log.take(), QString("insert 3-5?, insert 3-5!"));
-    model.Clear();
-    QCOMPARE(log.take(), QString("reset?, reset!"));
-    QCOMPARE(rowsText(model), QString());
-}
-
-void tst_RVXSingleChannelDataModel::cellsThatHoldNothing()
-{
-    RVXSingleChannelDataModel model;
-    model.setAutoUpdate(false);
-    fill(model, 1, 1);
-    QCOMPARE(model.doubleData(0, 0), 0.0);
-    QCOMPARE(model.doubleData(0, 1), 1.0);
-    for (int row : {-1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        QCOMPARE(model.doubleData(row, 0), 0.0);
-        QCOMPARE(model.doubleData(row, 1), 0.0);
+    void repeatedAndZeroTimes()
+    {
+        RVXSingleChannelDataModel model;
+        fill(model, 1, 2);
+        ModelLog log(&model);
+        model.AddData(2.0, 7.0);
+        QCOMPARE(log.take(), QString());
+        model.AddData(1.5, 8.0);
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        model.AddData(nan, 9.0);
+        model.AddData(nan, 10.0);
+        QCOMPARE(rowsText(model), QString("1: 10; 2: 20; 1.5: 8; nan: 9; nan: 10"));
+        log.take();
+        model.AddData(-0.0, 3.0);
+        QCOMPARE(log.take(), QString("reset?, reset!, insert 1-1?, insert 1-1!"));
+        QCOMPARE(rowsText(model), QString("0: 3"));
+        model.AddData(0.0, 4.0);
+        QCOMPARE(rowsText(model), QString("0: 4"));
     }
-    // Asked for while the row is announced and not yet stored.
-    model.setAutoUpdate(true);
-    QVector<double> seen;
-    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
-        seen << model.doubleData(2, 0) << model.data(model.index(2, 1), 33).toDouble();
-    });
-    model.UpdateView();
-    fill(model, 2, 2);
-    QCOMPARE(seen, QVector<double>({0.0, 0.0, 0.0, 0.0}));
 
-    QVERIFY(!model.index(0, 2).isValid());
-    QVERIFY(!model.index(3, 0).isValid());
-    QVERIFY(!model.index(0, 0, model.index(0, 0)).isValid());
-}
+    void announcements_data()
+    {
+        // "view" calls UpdateView(), "auto" and "defer" switch automatic updates on and off, a number is how many
+        // samples are added.
+        tableFrom(R"(
+            | before | steps | announced | rows
+            one by one | | 2 | insert 1-1?, insert 1-1!, insert 2-2?, insert 2-2! | 1-2
+            deferred | 2 defer | 3 | | 1-2
+            deferred, then seen | 2 defer | 3 view view | insert 3-5?, insert 3-5! | 1-5
+            cleared while deferred | 2 defer 3 | clear | reset?, reset! | none
+            full, nothing was seen | defer | 100003 | | none
+            full, then seen | defer 100003 | view | insert 1-100000?, insert 1-100000! | 4-100003
+            full and seen, one more | defer 100003 view | 1 | remove 1-1?, remove 1-1! | 5-100003
+            full and seen, one more seen | defer 100003 view 1 | view
+                | insert 100000-100000?, insert 100000-100000! | 5-100004
+            full, one row was seen | 1 defer 99999 | 3 | remove 1-1?, remove 1-1! | none
+            full, then seen after one row | 1 defer 99999 3 | view
+                | insert 1-100000?, insert 1-100000! | 4-100003
+            full, no longer deferred | defer 100000 auto | 1
+                | insert 1-100000?, insert 1-100000!, insert 100000-100000?, remove 1-1?, remove 1-1!,
+                  insert 100000-100000! | 2-100001
+        )");
+    }
+    void announcements()
+    {
+        RVXSingleChannelDataModel model;
+        int time = 0;
+        const auto act = [&](const QString &steps) {
+            for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
+                if (step == "auto" || step == "defer")
+                    model.setAutoUpdate(step == "auto");
+                else if (step == "view")
+                    model.UpdateView();
+                else if (step == "clear")
+                    model.Clear();
+                else
+                    fill(model, time + 1, time + step.toInt());
+                time += step.toInt();
+            }
+        };
+        QFETCH(QString, before);
+        QFETCH(QString, steps);
+        act(before);
+        ModelLog log(&model);
+        act(steps);
+        QTEST(log.take(), "announced");
+        const int last = model.rowCount() - 1;
+        const QString rows =
+            QString("%1-%2").arg(model.doubleData(1, 0)).arg(int(model.doubleData(last, 0)));
+        QTEST(last > 0 ? rows : "none", "rows");
+    }
 
-void tst_RVXSingleChannelDataModel::textsOfCells()
-{
-    RVXSingleChannelDataModel model;
-    const Units::mA mA;
-    model.SetUnits(&mA);
-    model.setChannelName("Faraday cup");
-    model.AddData(12.5, 0.002);
-    const auto text = [&](int row, int column, int role) {
-        return model.data(model.index(row, column), role).toString();
-    };
-    QCOMPARE(text(1, 0, Qt::DisplayRole), QString("1.250e+01"));
-    QCOMPARE(text(1, 0, Qt::ToolTipRole), QString("1.250e+01"));
-    QCOMPARE(text(1, 1, Qt::EditRole), QString("2.000e+00"));
-    QCOMPARE(text(1, 1, Qt::ToolTipRole), QString("2.000e+00 mA"));
-    QCOMPARE(text(0, 1, Qt::DisplayRole), QString("1"));
-    QVERIFY(!model.data(model.index(0, 1), Qt::ToolTipRole).isValid());
-    QVERIFY(!model.data(model.index(1, 1), Qt::UserRole).isValid());
-    QCOMPARE(model.data(model.index(1, 1), 33), QVariant(2.0));
-    const QModelIndex last = model.index(1, 1);
-    model.Clear();
-    for (int role : {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::ToolTipRole), 33})
-        QVERIFY(!model.deviceSpecificData(last, role).isValid());
-}
+    void aFullBufferRollsOver()
+    {
+        RVXSingleChannelDataModel model;
+        fill(model, 1, capacity);
+        const QPersistentModelIndex oldest = model.index(1, 1);
+        const QPersistentModelIndex second = model.index(2, 1);
+        const QPersistentModelIndex newest = model.index(capacity, 1);
+        ModelLog log(&model);
+        fill(model, capacity + 1, capacity + 1);
+        QCOMPARE(log.take(),
+                 QString("insert 100000-100000?, remove 1-1?, remove 1-1!, insert 100000-100000!"));
+        QCOMPARE(model.rowCount(), capacity + 1);
+        QCOMPARE(model.doubleData(1, 1), 20.0);
+        QCOMPARE(model.doubleData(capacity, 0), capacity + 1.0);
+        QVERIFY(!oldest.isValid());
+        QCOMPARE(second.row(), 1);
+        QCOMPARE(newest.row(), capacity);
+    }
 
-void tst_RVXSingleChannelDataModel::noUnit()
-{
-    RVXSingleChannelDataModel model;
-    model.AddData(1.0, 0.25);
-    ModelLog log(&model);
-    QSignalSpy units(&model, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
-    model.SetUnits(nullptr);
-    QCOMPARE(units.size(), 1);
-    QCOMPARE(log.take(), QString("changed (1,1)-(1,1)"));
-    QCOMPARE(model.doubleData(1, 1), 0.25);
-    QCOMPARE(model.data(model.index(1, 1)).toString(), QString("0.25"));
-    QCOMPARE(model.data(model.index(1, 1), Qt::ToolTipRole).toString(), QString("0.25"));
-}
+    void cellsThatHoldNothing()
+    {
+        RVXSingleChannelDataModel model;
+        model.setAutoUpdate(false);
+        fill(model, 1, 1);
+        QCOMPARE(model.doubleData(0, 0), 0.0);
+        QCOMPARE(model.doubleData(0, 1), 1.0);
+        for (int row : {-1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+            QCOMPARE(model.doubleData(row, 0), 0.0);
+            QCOMPARE(model.doubleData(row, 1), 0.0);
+        }
+        // Asked for while the row is announced and not yet stored.
+        model.setAutoUpdate(true);
+        QVector<double> seen;
+        connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
+            seen << model.doubleData(2, 0) << model.data(model.index(2, 1), 33).toDouble();
+        });
+        model.UpdateView();
+        fill(model, 2, 2);
+        QCOMPARE(seen, QVector<double>({0.0, 0.0, 0.0, 0.0}));
 
-void tst_RVXSingleChannelDataModel::fileBytes()
-{
-    QTemporaryDir folder;
-    const QString name = folder.filePath("samples.csv");
-    RVXSingleChannelDataModel model;
-    const Units::nA nA;
-    model.SetUnits(&nA);
-    model.AddData(12.5, 0.000123);
-    model.AddData(1e9 + 0.125, -1.23456789e-9);
-    model.AddData(1e9 + 0.25, std::numeric_limits<double>::infinity());
-    model.AddData(1e9 + 0.5, 1234567.0);
-    model.setAutoUpdate(false);
-    model.AddData(1e9 + 1.0, 99.0);
-    QVERIFY(model.SaveDataToFile(name));
-    QCOMPARE(fileContents(name),
-             QByteArray("timestamp(s),channel_1,\n"
-                        "12.500000000,0.000123,\n"
-                        "1000000000.125000000,-1.23457e-09,\n"
-                        "1000000000.250000000,inf,\n"
-                        "1000000000.500000000,1.23457e+06,\n"));
-    model.Clear();
-    QVERIFY(model.SaveDataToFile(name));
-    QCOMPARE(fileContents(name), QByteArray("timestamp(s),channel_1,\n"));
-}
+        QVERIFY(!model.index(0, 2).isValid());
+        QVERIFY(!model.index(3, 0).isValid());
+        QVERIFY(!model.index(0, 0, model.index(0, 0)).isValid());
+    }
 
-void tst_RVXSingleChannelDataModel::filesThatCannotBeWritten()
-{
-    QTemporaryDir folder;
-    RVXSingleChannelDataModel model;
-    fill(model, 1, 1000);
-    QVERIFY(!model.SaveDataToFile(QString()));
-    QVERIFY(!model.SaveDataToFile(folder.path()));
-    if (!hasFullDevice())
-        QSKIP("no device here that is always full");
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("Data file /dev/full is not complete: .*space.*"));
-    QVERIFY(model.SaveDataToFile("/dev/full"));
-}
+    void textsOfCells()
+    {
+        RVXSingleChannelDataModel model;
+        const Units::mA mA;
+        model.SetUnits(&mA);
+        model.setChannelName("Faraday cup");
+        model.AddData(12.5, 0.002);
+        const QModelIndex time = model.index(1, 0);
+        const QModelIndex value = model.index(1, 1);
+        QCOMPARE(readingText(time), QString("1.250e+01 / 1.250e+01 / 1.250e+01 / 12.5"));
+        QCOMPARE(readingText(value), QString("2.000e+00 / 2.000e+00 / 2.000e+00 mA / 2"));
+        QCOMPARE(readingText(model.index(0, 1)), QString("1 / 1 /  / 1"));
+        QVERIFY(!value.data(Qt::UserRole).isValid());
+        model.Clear();
+        for (int role : {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::ToolTipRole), 33})
+            QVERIFY(!model.deviceSpecificData(value, role).isValid());
+    }
 
-void tst_RVXSingleChannelDataModel::widthHint()
-{
-    RVXSingleChannelDataModel model;
-    QCOMPARE(model.PlotWidthHintPoints(), 256);
-    model.setPlotWidthHintPoints(-500);
-    QCOMPARE(model.PlotWidthHintPoints(), -500);
-    model.setPlotWidthHintPoints(0);
-    QCOMPARE(model.PlotWidthHintPoints(), 256);
-}
+    void noUnit()
+    {
+        RVXSingleChannelDataModel model;
+        model.AddData(1.0, 0.25);
+        ModelLog log(&model);
+        QSignalSpy units(&model, SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *)));
+        model.SetUnits(nullptr);
+        QCOMPARE(units.size(), 1);
+        QCOMPARE(log.take(), QString("changed (1,1)-(1,1)"));
+        QCOMPARE(readingText(model.index(1, 1)), QString("0.25 / 0.25 / 0.25 / 0.25"));
+    }
 
-void tst_RVXSingleChannelDataModel::theTesterWatchesTheDeferredRoad()
-{
-    // Auto update raises the row count before it announces, which the tester cannot accept.
-    RVXSingleChannelDataModel model;
-    model.setAutoUpdate(false);
-    ModelWatch watch(&model);
-    fill(model, 1, 5);
-    model.UpdateView();
-    model.setData(model.index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
-    fill(model, 6, capacity + 2);
-    model.UpdateView();
-    fill(model, capacity + 3, capacity + 5);
-    model.UpdateView();
-    model.Clear();
-    QCOMPARE(watch.complaints(), QString());
-}
+    void fileBytes()
+    {
+        QTemporaryDir folder;
+        const QString name = folder.filePath("samples.csv");
+        RVXSingleChannelDataModel model;
+        const Units::nA nA;
+        model.SetUnits(&nA);
+        model.AddData(12.5, 0.000123);
+        model.AddData(1e9 + 0.125, -1.23456789e-9);
+        model.AddData(1e9 + 0.25, std::numeric_limits<double>::infinity());
+        model.AddData(1e9 + 0.5, 1234567.0);
+        model.setAutoUpdate(false);
+        model.AddData(1e9 + 1.0, 99.0);
+        QVERIFY(model.SaveDataToFile(name));
+        QCOMPARE(fileContents(name),
+                 QByteArray("timestamp(s),channel_1,\n"
+                            "12.500000000,0.000123,\n"
+                            "1000000000.125000000,-1.23457e-09,\n"
+                            "1000000000.250000000,inf,\n"
+                            "1000000000.500000000,1.23457e+06,\n"));
+        model.Clear();
+        QVERIFY(model.SaveDataToFile(name));
+        QCOMPARE(fileContents(name), QByteArray("timestamp(s),channel_1,\n"));
+    }
+
+    void filesThatCannotBeWritten()
+    {
+        QTemporaryDir folder;
+        RVXSingleChannelDataModel model;
+        fill(model, 1, 1000);
+        QVERIFY(!model.SaveDataToFile(QString()));
+        QVERIFY(!model.SaveDataToFile(folder.path()));
+        if (!hasFullDevice())
+            QSKIP("no device here that is always full");
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression("Data file /dev/full is not complete: .*space.*"));
+        QVERIFY(model.SaveDataToFile("/dev/full"));
+    }
+
+    void widthHint()
+    {
+        RVXSingleChannelDataModel model;
+        QCOMPARE(model.PlotWidthHintPoints(), 256);
+        model.setPlotWidthHintPoints(-500);
+        QCOMPARE(model.PlotWidthHintPoints(), -500);
+        model.setPlotWidthHintPoints(0);
+        QCOMPARE(model.PlotWidthHintPoints(), 256);
+    }
+
+    void theTesterWatchesTheDeferredRoad()
+    {
+        // Auto update raises the row count before it announces, which the tester cannot accept.
+        RVXSingleChannelDataModel model;
+        model.setAutoUpdate(false);
+        ModelWatch watch(&model);
+        fill(model, 1, 5);
+        model.UpdateView();
+        model.setData(model.index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
+        fill(model, 6, capacity + 2);
+        model.UpdateView();
+        fill(model, capacity + 3, capacity + 5);
+        model.UpdateView();
+        model.Clear();
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXSingleChannelDataModel)
 #include "tst_RVXSingleChannelDataModel.moc"

@@ -2,6 +2,7 @@
 #include "corvale_qt/numerics/LogParabolaRegression.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -39,22 +40,21 @@ private:
 private Q_SLOTS:
     void exactGaussiansAreFound_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QPointF>("shape"); // mean and sigma
-        QTest::addColumn<double>("height");
-        QTest::newRow("strip detector, pA") << 32 << QPointF(15.5, 3) << 4e-12;
-        QTest::newRow("strip detector, narrow") << 32 << QPointF(20.3, 0.6) << 1.0;
-        QTest::newRow("wide") << 32 << QPointF(14.2, 9) << 12000.0;
-        QTest::newRow("narrow at the far end of 256 channels") << 256 << QPointF(249.7, 1) << 1e-9;
-        QTest::newRow("wide on 256 channels") << 256 << QPointF(77.25, 40) << 5e-9;
+        tableFrom(R"(
+            | int count | double mean | double sigma | double height
+            strip detector, pA                     | 32  | 15.5  | 3   | 4e-12
+            strip detector, narrow                 | 32  | 20.3  | 0.6 | 1
+            wide                                   | 32  | 14.2  | 9   | 12000
+            narrow at the far end of 256 channels  | 256 | 249.7 | 1   | 1e-9
+            wide on 256 channels                   | 256 | 77.25 | 40  | 5e-9
+        )");
     }
     void exactGaussiansAreFound()
     {
         QFETCH(int, count);
-        QFETCH(QPointF, shape);
+        QFETCH(double, mean);
+        QFETCH(double, sigma);
         QFETCH(double, height);
-        const double mean = shape.x();
-        const double sigma = shape.y();
         const double area = height * sigma * std::sqrt(2 * M_PI);
 
         for (int power : {1, 2, 3}) {
@@ -102,8 +102,8 @@ private Q_SLOTS:
         RegressionOptions<double> options;
         options.minimumPeak = 2e-9;
         QCOMPARE(statusOf(beam, options), -2);
-        QCOMPARE(statusOf(Profiles::gaussian<double>(32, -3, 3, 1e-9)), -3);
-        QCOMPARE(statusOf(Profiles::gaussian<double>(32, 31, 3, 1e-9)), -3);
+        for (const double outside : {-3.0, 31.0})
+            QCOMPARE(statusOf(Profiles::gaussian<double>(32, outside, 3, 1e-9)), -3);
         // The edge is checked before the minimum.
         QCOMPARE(statusOf(Profiles::gaussian<double>(32, 31, 3, 1e-9), options), -3);
         QCOMPARE(statusOf(QVector<double>(32, 0.0)), -3);

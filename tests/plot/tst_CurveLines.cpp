@@ -7,6 +7,7 @@
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
@@ -23,7 +24,6 @@ using namespace Corvale_Qt;
 
 namespace {
 
-constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr QSize canvas(1000, 600);
 
@@ -87,11 +87,28 @@ void prepare(QwtPlotCurve &curve, const RVXSeriesData &series)
     curve.setSamples(new RVXSeriesData(series));
 }
 
-QImage drawn(const QwtPlotCurve &curve, const QwtScaleMap &x, const QwtScaleMap &y)
+QImage drawn(const QwtPlotCurve &curve,
+             const QwtScaleMap &x,
+             const QwtScaleMap &y,
+             QImage image = emptyCanvas())
 {
-    QImage image = emptyCanvas();
     QPainter painter(&image);
     curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+    return image;
+}
+
+//! Draws the curve into a layer, and the layer at once.
+QImage drawnInLayer(RVXDiscontinuousPlotCurve &curve,
+                    const QwtScaleMap &x,
+                    const QwtScaleMap &y,
+                    QImage image = emptyCanvas())
+{
+    CurveLayer layer;
+    curve.setLayer(&layer);
+    QPainter painter(&image);
+    curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+    layer.flush(&painter);
+    curve.setLayer(nullptr);
     return image;
 }
 
@@ -129,13 +146,6 @@ struct Signal
     int jumpEvery = 0; // a pause of 500 steps; the canvas begins and ends in one
 };
 
-template<typename T>
-Signal with(T Signal::*member, T value, Signal signal = Signal())
-{
-    signal.*member = value;
-    return signal;
-}
-
 void feed(RVXSingleChannelDataModel &model, const Signal &signal)
 {
     std::mt19937 random(5);
@@ -154,295 +164,247 @@ void feed(RVXSingleChannelDataModel &model, const Signal &signal)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Signal)
-
 class tst_CurveLines : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void denseIsEverySegment_data();
-    void denseIsEverySegment();
-    void axesTurnedRound();
-    void partOfTheBuffer();
-    void newDataUnderTheSameColumns();
-    void hostsNumbers();
-    void sparseIsQwtsOwn();
-    void newDataUnderTheSamePositions();
-    void lonelySamplesAreSeen();
-    void penThatBlends();
-    void orderOfCurvesInALayer();
-    void moreColoursThanALayerHolds();
-    void onFinerPixels_data();
-    void onFinerPixels();
-};
-
-void tst_CurveLines::denseIsEverySegment_data()
-{
-    QTest::addColumn<Signal>("signal");
-    const Signal gaps = with(&Signal::gapEvery, 41);
-    QTest::newRow("plain") << Signal();
-    QTest::newRow("just dense") << with(&Signal::samples, 2200);
-    QTest::newRow("gaps") << with(&Signal::gapEvery, 37);
-    QTest::newRow("single samples between gaps") << with(&Signal::gapEvery, 3);
-    QTest::newRow("infinities") << with(&Signal::gap, -inf, gaps);
-    QTest::newRow("enormous values") << with(&Signal::gap, 1e300, gaps);
-    QTest::newRow("all of it enormous") << with(&Signal::amplitude, 1e300);
-    QTest::newRow("clipped") << with(&Signal::amplitude, 8.0);
-    QTest::newRow("mostly outside") << with(&Signal::amplitude, 1e5);
-    QTest::newRow("wrapped ring") << with(&Signal::skipped, 100000 - 7777);
-    QTest::newRow("pauses") << with(&Signal::jumpEvery, 500);
-    QTest::newRow("time backwards") << with(&Signal::jitter, 4.0);
-    QTest::newRow("time far backwards, gaps")
-        << with(&Signal::jitter, 300.0, with(&Signal::gapEvery, 50));
-}
-
-void tst_CurveLines::denseIsEverySegment()
-{
-    QFETCH(Signal, signal);
-    RVXSingleChannelDataModel model;
-    feed(model, signal);
-    const int last = model.rowCount() - 1;
-    const RVXSeriesData series(model, 1, 1, -1);
-    RVXDiscontinuousPlotCurve curve;
-    prepare(curve, series);
-    const double from = model.doubleData(1, 0);
-    const double to = model.doubleData(last, 0);
-    // The whole of it, and a window that begins and ends among the samples.
-    const double inset = (to - from) * 0.02;
-    for (double shift : {0.0, inset}) {
-        const QwtScaleMap x = scaleMap(from + shift, to - shift, 0.0, 999.0);
-        const QImage picture = drawn(curve, x, upwards);
-        QVERIFY(litPixels(picture) > 0);
-        QCOMPARE(differingPixels(picture, everySegment(series, x, upwards)), 0);
-        CurveLayer layer;
-        curve.setLayer(&layer);
-        QImage layered = emptyCanvas();
-        QPainter painter(&layered);
-        curve.draw(&painter, x, upwards, QRectF(QPointF(0, 0), canvas));
-        layer.flush(&painter);
-        QCOMPARE(differingPixels(picture, layered), 0);
-        curve.setLayer(nullptr);
-    }
-}
-
-void tst_CurveLines::axesTurnedRound()
-{
-    RVXSingleChannelDataModel model;
-    feed(model, Signal());
-    QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1),
-                         scaleMap(21001.0, 1001.0, 0.0, 999.0),
-                         scaleMap(-1.5, 1.5, 0.0, 599.0)),
-             0);
-}
-
-void tst_CurveLines::partOfTheBuffer()
-{
-    RVXSingleChannelDataModel model;
-    feed(model, with(&Signal::samples, 50000));
-    const Units::mA mA;
-    model.SetUnits(&mA);
-    RVXSeriesData series(model, 1, 20000, 26000);
-    series.setScale(700.0);
-    QCOMPARE(wrongPixels(series, scaleMap(21010.0, 26990.0, 0.0, 999.0), upwards), 0);
-}
-
-void tst_CurveLines::newDataUnderTheSameColumns()
-{
-    // Two channels share a chart's columns; what is kept for the second must not outlive the data.
-    RVXSingleChannelDataModel model;
-    for (double bend : {1.0, 2.0, 3.0}) {
-        model.Clear();
-        // A whole buffer each time, so that the samples lie in the same memory.
-        for (int i = 0; i < 100000; ++i)
-            model.AddData(9999.0 * std::pow(i / 99999.0, bend), std::sin(i * 0.001));
-        const RVXSeriesData series(model, 1, 1, -1);
-        QCOMPARE(wrongPixels(series, scaleMap(0.0, 9999.0, 0.0, 999.0), upwards), 0);
-    }
-}
-
-void tst_CurveLines::hostsNumbers()
-{
-    struct Halved : RVXSingleChannelDataModel
+    void denseIsEverySegment_data()
     {
-        double doubleData(int row, int column) const override
+        tableFrom(R"(
+            | int samples | double amplitude | int gapEvery | double gap | double jitter | int skipped | int jumpEvery
+            plain                       | 20000 | 1     | 0  | nan   | 0   | 0     | 0
+            just dense                  | 2200  | 1     | 0  | nan   | 0   | 0     | 0
+            gaps                        | 20000 | 1     | 37 | nan   | 0   | 0     | 0
+            single samples between gaps | 20000 | 1     | 3  | nan   | 0   | 0     | 0
+            infinities                  | 20000 | 1     | 41 | -inf  | 0   | 0     | 0
+            enormous values             | 20000 | 1     | 41 | 1e300 | 0   | 0     | 0
+            all of it enormous          | 20000 | 1e300 | 0  | nan   | 0   | 0     | 0
+            clipped                     | 20000 | 8     | 0  | nan   | 0   | 0     | 0
+            mostly outside              | 20000 | 1e5   | 0  | nan   | 0   | 0     | 0
+            wrapped ring                | 20000 | 1     | 0  | nan   | 0   | 92223 | 0
+            pauses                      | 20000 | 1     | 0  | nan   | 0   | 0     | 500
+            time backwards              | 20000 | 1     | 0  | nan   | 4   | 0     | 0
+            time far backwards, gaps    | 20000 | 1     | 50 | nan   | 300 | 0     | 0
+        )");
+    }
+    void denseIsEverySegment()
+    {
+        QFETCH(int, samples);
+        QFETCH(double, amplitude);
+        QFETCH(int, gapEvery);
+        QFETCH(double, gap);
+        QFETCH(double, jitter);
+        QFETCH(int, skipped);
+        QFETCH(int, jumpEvery);
+        RVXSingleChannelDataModel model;
+        feed(model, {samples, amplitude, gapEvery, gap, jitter, skipped, jumpEvery});
+        const int last = model.rowCount() - 1;
+        const RVXSeriesData series(model, 1, 1, -1);
+        RVXDiscontinuousPlotCurve curve;
+        prepare(curve, series);
+        const double from = model.doubleData(1, 0);
+        const double to = model.doubleData(last, 0);
+        // The whole of it, and a window that begins and ends among the samples.
+        const double inset = (to - from) * 0.02;
+        for (double shift : {0.0, inset}) {
+            const QwtScaleMap x = scaleMap(from + shift, to - shift, 0.0, 999.0);
+            const QImage picture = drawn(curve, x, upwards);
+            QVERIFY(litPixels(picture) > 0);
+            QCOMPARE(differingPixels(picture, everySegment(series, x, upwards)), 0);
+            QCOMPARE(differingPixels(picture, drawnInLayer(curve, x, upwards)), 0);
+        }
+    }
+
+    void axesTurnedRound()
+    {
+        RVXSingleChannelDataModel model;
+        feed(model, Signal());
+        QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1),
+                             scaleMap(21001.0, 1001.0, 0.0, 999.0),
+                             scaleMap(-1.5, 1.5, 0.0, 599.0)),
+                 0);
+    }
+
+    void partOfTheBuffer()
+    {
+        RVXSingleChannelDataModel model;
+        feed(model, {50000});
+        const Units::mA mA;
+        model.SetUnits(&mA);
+        RVXSeriesData series(model, 1, 20000, 26000);
+        series.setScale(700.0);
+        QCOMPARE(wrongPixels(series, scaleMap(21010.0, 26990.0, 0.0, 999.0), upwards), 0);
+    }
+
+    void newDataUnderTheSameColumns()
+    {
+        // Two channels share a chart's columns; what is kept for the second must not outlive the data.
+        RVXSingleChannelDataModel model;
+        for (double bend : {1.0, 2.0, 3.0}) {
+            model.Clear();
+            // A whole buffer each time, so that the samples lie in the same memory.
+            for (int i = 0; i < 100000; ++i)
+                model.AddData(9999.0 * std::pow(i / 99999.0, bend), std::sin(i * 0.001));
+            const RVXSeriesData series(model, 1, 1, -1);
+            QCOMPARE(wrongPixels(series, scaleMap(0.0, 9999.0, 0.0, 999.0), upwards), 0);
+        }
+    }
+
+    void hostsNumbers()
+    {
+        struct Halved : RVXSingleChannelDataModel
         {
-            const double value = RVXSingleChannelDataModel::doubleData(row, column);
-            return column == 1 ? 0.5 * value : value;
-        }
-    };
-    Halved model;
-    feed(model, Signal());
-    QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1), wholeSignal, upwards), 0);
-}
-
-void tst_CurveLines::sparseIsQwtsOwn()
-{
-    RVXSingleChannelDataModel model;
-    feed(model, with(&Signal::samples, 300, with(&Signal::amplitude, 4.0)));
-    const QwtScaleMap x = scaleMap(1001.0, 1300.0, 0.0, 999.0);
-    RVXDiscontinuousPlotCurve curve;
-    QwtPlotCurve stock;
-    for (bool clipped : {false, true}) {
-        for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &stock}) {
-            prepare(*each, RVXSeriesData(model, 1, 1, -1));
-            each->setPaintAttribute(QwtPlotCurve::ClipPolygons, clipped);
-        }
-        QCOMPARE(differingPixels(drawn(curve, x, upwards), drawn(stock, x, upwards)), 0);
+            double doubleData(int row, int column) const override
+            {
+                const double value = RVXSingleChannelDataModel::doubleData(row, column);
+                return column == 1 ? 0.5 * value : value;
+            }
+        };
+        Halved model;
+        feed(model, Signal());
+        QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1), wholeSignal, upwards), 0);
     }
-}
 
-void tst_CurveLines::newDataUnderTheSamePositions()
-{
-    RVXSingleChannelDataModel model;
-    RVXDiscontinuousPlotCurve curve;
-    QwtPlotCurve stock;
-    for (double bend : {1.0, 2.0, 3.0}) {
-        model.Clear();
-        for (int i = 0; i < 300; ++i)
-            model.AddData(299.0 * std::pow(i / 299.0, bend), std::sin(i * 0.1));
-        for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &stock}) {
-            prepare(*each, RVXSeriesData(model, 1, 1, -1));
-            each->setPaintAttribute(QwtPlotCurve::ClipPolygons, false);
-        }
-        // The same samples under another map, too.
-        for (double right : {299.0, 150.0}) {
-            const QwtScaleMap x = scaleMap(0.0, right, 0.0, 999.0);
-            QCOMPARE(differingPixels(drawn(curve, x, upwards), drawn(stock, x, upwards)), 0);
+    void sparseIsQwtsOwn()
+    {
+        RVXSingleChannelDataModel model;
+        RVXDiscontinuousPlotCurve curve;
+        QwtPlotCurve stock;
+        for (double bend : {1.0, 2.0, 3.0}) {
+            // New data under the same positions, some of it beyond the canvas.
+            model.Clear();
+            for (int i = 0; i < 300; ++i)
+                model.AddData(299.0 * std::pow(i / 299.0, bend), 4.0 * std::sin(i * 0.1));
+            for (bool clipped : {false, true}) {
+                for (QwtPlotCurve *each : {static_cast<QwtPlotCurve *>(&curve), &stock}) {
+                    prepare(*each, RVXSeriesData(model, 1, 1, -1));
+                    each->setPaintAttribute(QwtPlotCurve::ClipPolygons, clipped);
+                }
+                // The same samples under another map, too.
+                for (double right : {299.0, 150.0}) {
+                    const QwtScaleMap x = scaleMap(0.0, right, 0.0, 999.0);
+                    QCOMPARE(differingPixels(drawn(curve, x, upwards), drawn(stock, x, upwards)),
+                             0);
+                }
+            }
         }
     }
-}
 
-void tst_CurveLines::lonelySamplesAreSeen()
-{
-    RVXSingleChannelDataModel model;
-    for (int i = 1; i <= 30; ++i)
-        model.AddData(i, i % 2 == 0 ? 0.5 : notANumber);
-    RVXDiscontinuousPlotCurve curve;
-    prepare(curve, RVXSeriesData(model, 1, 1, -1));
-    const QwtScaleMap x = scaleMap(1.0, 30.0, 10.0, 990.0);
-    const QwtScaleMap y = scaleMap(0.0, 1.0, 599.0, 0.0);
-    const QImage picture = drawn(curve, x, y);
-    QCOMPARE(litPixels(picture), 15);
-    QCOMPARE(picture.pixelColor(pixelOf(x, 16.0), pixelOf(y, 0.5)), QColor(Qt::yellow));
-}
-
-void tst_CurveLines::penThatBlends()
-{
-    // Runs would lie over each other's ends and blend twice; such a pen takes the plain way.
-    RVXSingleChannelDataModel model;
-    feed(model, Signal());
-    RVXDiscontinuousPlotCurve curve;
-    prepare(curve, RVXSeriesData(model, 1, 1, -1));
-    for (const QPen &pen : {QPen(QColor(255, 255, 0, 100), 1.0), QPen(Qt::yellow, 3.0)}) {
-        curve.setPen(pen);
-        QVERIFY(litPixels(drawn(curve, wholeSignal, upwards)) > 10000);
-    }
-}
-
-void tst_CurveLines::orderOfCurvesInALayer()
-{
-    // Dense, sparse, dense: what is drawn later lies above, as without the layer.
-    RVXSingleChannelDataModel dense;
-    RVXSingleChannelDataModel sparse;
-    feed(dense, Signal());
-    for (int i = 0; i < 400; ++i)
-        sparse.AddData(1000.0 + 50.0 * i, i % 2 == 0 ? -1.0 : 1.0);
-    const auto picture = [&](CurveLayer *layer) {
-        QwtPlot plot;
-        plot.setAxisScale(QwtPlot::yLeft, -1.5, 1.5);
-        plot.setAxisScale(QwtPlot::xBottom, 1000.0, 21000.0);
-        const struct
-        {
-            const RVXAbstractPlotDataModel &model;
-            QColor colour;
-        } shown[] = {{dense, Qt::red}, {sparse, Qt::green}, {dense, Qt::blue}};
-        for (const auto &each : shown) {
-            auto *curve = new RVXDiscontinuousPlotCurve;
-            curve->setPen(QPen(each.colour, 1.0));
-            curve->setSamples(
-                new RVXSeriesData(each.model, 1, 1, each.colour == Qt::blue ? 9000 : -1));
-            curve->setLayer(layer);
-            curve->attach(&plot);
-        }
-        if (layer)
-            layer->attach(&plot);
-        plot.resize(800, 500);
-        plot.replot();
-        return plot.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    };
-    const QImage without = picture(nullptr);
-    QCOMPARE(differingPixels(picture(new CurveLayer), without), 0);
-}
-
-void tst_CurveLines::moreColoursThanALayerHolds()
-{
-    // They lie over each other, each a little lower: of every one a strip is seen.
-    RVXSingleChannelDataModel model;
-    for (int i = 0; i < 60; ++i)
-        model.AddData(i, i % 2 == 0 ? -1.0 : 1.0);
-    const QRectF narrow(0.0, 0.0, 20.0, canvas.height());
-    const QwtScaleMap x = scaleMap(0.0, 59.0, 0.0, 19.0);
-    const auto picture = [&](CurveLayer *layer) {
-        QImage image = emptyCanvas();
-        QPainter painter(&image);
-        for (int i = 0; i < 300; ++i) {
-            RVXDiscontinuousPlotCurve curve;
-            curve.setPen(QPen(QColor(i % 256, 255 - i / 2, i / 2), 1.0));
-            curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
-            curve.setLayer(layer);
-            const QwtScaleMap y = scaleMap(-1.5, 1.5, 500.0 + i / 4.0, i + 1.0);
-            curve.draw(&painter, x, y, narrow);
-        }
-        if (layer)
-            layer->flush(&painter);
-        return image;
-    };
-    CurveLayer layer;
-    const QImage gathered = picture(&layer);
-    QCOMPARE(differingPixels(gathered, picture(nullptr)), 0);
-    QSet<QRgb> colours;
-    for (int row = 0; row < canvas.height(); ++row)
-        colours.insert(gathered.pixel(10, row));
-    QVERIFY2(colours.size() > 256, qPrintable(QString::number(colours.size())));
-}
-
-void tst_CurveLines::onFinerPixels_data()
-{
-    QTest::addColumn<double>("ratio");
-    QTest::newRow("two device pixels") << 2.0;
-    QTest::newRow("three") << 3.0;
-    QTest::newRow("one and a half") << 1.5;
-}
-
-void tst_CurveLines::onFinerPixels()
-{
-    // A painter has its own corners there; but a layer must lie where it would, and have no seams.
-    QFETCH(double, ratio);
-    RVXSingleChannelDataModel model;
-    feed(model, Signal());
-    const auto picture = [&](CurveLayer *layer) {
-        QImage image(ratio * canvas, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::black);
-        QPainter painter(&image);
+    void lonelySamplesAreSeen()
+    {
+        RVXSingleChannelDataModel model;
+        for (int i = 1; i <= 30; ++i)
+            model.AddData(i, i % 2 == 0 ? 0.5 : notANumber);
         RVXDiscontinuousPlotCurve curve;
         prepare(curve, RVXSeriesData(model, 1, 1, -1));
-        curve.setLayer(layer);
-        curve.draw(&painter, wholeSignal, upwards, QRectF(QPointF(0, 0), canvas));
-        if (layer)
-            layer->flush(&painter);
-        return image;
-    };
-    CurveLayer layer;
-    const QImage plain = picture(nullptr);
-    QImage empty(plain.size(), plain.format());
-    empty.fill(Qt::black);
-    const int lit = differingPixels(plain, empty);
-    const int different = differingPixels(picture(&layer), plain);
-    QVERIFY(lit > 100000);
-    QVERIFY2(different < lit / 100, qPrintable(QStringLiteral("%1 of %2").arg(different).arg(lit)));
-}
+        const QwtScaleMap x = scaleMap(1.0, 30.0, 10.0, 990.0);
+        const QwtScaleMap y = scaleMap(0.0, 1.0, 599.0, 0.0);
+        const QImage picture = drawn(curve, x, y);
+        QCOMPARE(litPixels(picture), 15);
+        QCOMPARE(picture.pixelColor(pixelOf(x, 16.0), pixelOf(y, 0.5)), QColor(Qt::yellow));
+    }
+
+    void penThatBlends()
+    {
+        // Runs would lie over each other's ends and blend twice; such a pen takes the plain way.
+        RVXSingleChannelDataModel model;
+        feed(model, Signal());
+        RVXDiscontinuousPlotCurve curve;
+        prepare(curve, RVXSeriesData(model, 1, 1, -1));
+        for (const QPen &pen : {QPen(QColor(255, 255, 0, 100), 1.0), QPen(Qt::yellow, 3.0)}) {
+            curve.setPen(pen);
+            QVERIFY(litPixels(drawn(curve, wholeSignal, upwards)) > 10000);
+        }
+    }
+
+    void orderOfCurvesInALayer()
+    {
+        // Dense, sparse, dense: what is drawn later lies above, as without the layer.
+        RVXSingleChannelDataModel dense;
+        RVXSingleChannelDataModel sparse;
+        feed(dense, Signal());
+        for (int i = 0; i < 400; ++i)
+            sparse.AddData(1000.0 + 50.0 * i, i % 2 == 0 ? -1.0 : 1.0);
+        const auto picture = [&](CurveLayer *layer) {
+            QwtPlot plot;
+            plot.setAxisScale(QwtPlot::yLeft, -1.5, 1.5);
+            plot.setAxisScale(QwtPlot::xBottom, 1000.0, 21000.0);
+            const struct
+            {
+                const RVXAbstractPlotDataModel &model;
+                QColor colour;
+            } shown[] = {{dense, Qt::red}, {sparse, Qt::green}, {dense, Qt::blue}};
+            for (const auto &each : shown) {
+                auto *curve = new RVXDiscontinuousPlotCurve;
+                curve->setPen(QPen(each.colour, 1.0));
+                curve->setSamples(
+                    new RVXSeriesData(each.model, 1, 1, each.colour == Qt::blue ? 9000 : -1));
+                curve->setLayer(layer);
+                curve->attach(&plot);
+            }
+            if (layer)
+                layer->attach(&plot);
+            plot.resize(800, 500);
+            plot.replot();
+            return plot.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        };
+        const QImage without = picture(nullptr);
+        QCOMPARE(differingPixels(picture(new CurveLayer), without), 0);
+    }
+
+    void moreColoursThanALayerHolds()
+    {
+        // They lie over each other, each a little lower: of every one a strip is seen.
+        RVXSingleChannelDataModel model;
+        for (int i = 0; i < 60; ++i)
+            model.AddData(i, i % 2 == 0 ? -1.0 : 1.0);
+        const QRectF narrow(0.0, 0.0, 20.0, canvas.height());
+        const QwtScaleMap x = scaleMap(0.0, 59.0, 0.0, 19.0);
+        const auto picture = [&](CurveLayer *layer) {
+            QImage image = emptyCanvas();
+            QPainter painter(&image);
+            for (int i = 0; i < 300; ++i) {
+                RVXDiscontinuousPlotCurve curve;
+                curve.setPen(QPen(QColor(i % 256, 255 - i / 2, i / 2), 1.0));
+                curve.setSamples(new RVXSeriesData(model, 1, 1, -1));
+                curve.setLayer(layer);
+                const QwtScaleMap y = scaleMap(-1.5, 1.5, 500.0 + i / 4.0, i + 1.0);
+                curve.draw(&painter, x, y, narrow);
+            }
+            if (layer)
+                layer->flush(&painter);
+            return image;
+        };
+        CurveLayer layer;
+        const QImage gathered = picture(&layer);
+        QCOMPARE(differingPixels(gathered, picture(nullptr)), 0);
+        QSet<QRgb> colours;
+        for (int row = 0; row < canvas.height(); ++row)
+            colours.insert(gathered.pixel(10, row));
+        QVERIFY2(colours.size() > 256, qPrintable(QString::number(colours.size())));
+    }
+
+    //! A painter has its own corners there; but a layer must lie where it would, and have no seams.
+    void onFinerPixels()
+    {
+        RVXSingleChannelDataModel model;
+        feed(model, Signal());
+        RVXDiscontinuousPlotCurve curve;
+        prepare(curve, RVXSeriesData(model, 1, 1, -1));
+        for (const double ratio : {1.5, 2.0, 3.0}) {
+            QImage empty(ratio * canvas, QImage::Format_RGB32);
+            empty.setDevicePixelRatio(ratio);
+            empty.fill(Qt::black);
+            const QImage plain = drawn(curve, wholeSignal, upwards, empty);
+            const QImage layered = drawnInLayer(curve, wholeSignal, upwards, empty);
+            const int lit = differingPixels(plain, empty);
+            QVERIFY(lit > 100000);
+            QVERIFY2(differingPixels(layered, plain) < lit / 100,
+                     qPrintable(QString::number(ratio)));
+        }
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_CurveLines)
 #include "tst_CurveLines.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -83,30 +84,27 @@ class tst_RVXDiscontinuousPlotCurve : public QObject
 private Q_SLOTS:
     void linesBreakAtMissingSamples_data()
     {
-        QTest::addColumn<QVector<QPointF>>("samples");
-        QTest::addColumn<QString>("inked");
-        const auto row = [](const char *name, const QVector<QPointF> &samples, const char *inked) {
-            QTest::newRow(name) << samples << QString(inked);
-        };
-        row("none missing", {{10, 50}, {40, 50}, {90, 20}}, "10-90");
-        row("one missing", {{10, 50}, {30, 50}, {50, kNan}, {70, 50}, {90, 50}}, "10-30 70-90");
-        row("infinite",
-            {{10, 50}, {30, 50}, {50, kInf}, {60, -kInf}, {70, 50}, {90, 50}},
-            "10-30 70-90");
-        row("time missing", {{10, 50}, {30, 50}, {kNan, 50}, {70, 50}, {90, 50}}, "10-30 70-90");
-        row("point between gaps",
-            {{10, kNan}, {30, 50}, {50, kNan}, {70, 50}, {90, kInf}},
-            "30 70");
-        row("gaps at both ends", {{10, kNan}, {30, 50}, {50, 60}, {90, kNan}}, "30-50");
-        row("all missing", {{10, kNan}, {kInf, 3}}, "");
-        row("none at all", {}, "");
-        row("one", {{42, 42}}, "42");
+        tableFrom(R"(
+            | samples | inked
+            none missing          | 10,50 40,50 90,20                | 10-90
+            one missing           | 10,50 30,50 50,nan 70,50 90,50   | 10-30 70-90
+            infinite              | 10,50 30,50 50,inf 60,-inf 70,50 90,50 | 10-30 70-90
+            time missing          | 10,50 30,50 nan,50 70,50 90,50   | 10-30 70-90
+            point between gaps    | 10,nan 30,50 50,nan 70,50 90,inf | 30 70
+            gaps at both ends     | 10,nan 30,50 50,60 90,nan        | 30-50
+            all missing           | 10,nan inf,3                     |
+            none at all           |                                  |
+            one                   | 42,42                            | 42
+        )");
     }
     void linesBreakAtMissingSamples()
     {
-        QFETCH(QVector<QPointF>, samples);
-        QFETCH(QString, inked);
-        QCOMPARE(Canvas(samples).inked(), inked);
+        QFETCH(QString, samples);
+        QVector<QPointF> points;
+        for (const QString &sample : samples.split(' ', Qt::SkipEmptyParts))
+            points << QPointF(sample.section(',', 0, 0).toDouble(),
+                              sample.section(',', 1).toDouble());
+        QTEST(Canvas(points).inked(), "inked");
     }
 
     void otherStylesSkipThemToo()

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Channels that RVXMultichannelProxyModel creates by name, through factories and drops.
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/ModelText.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <QDataStream>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QPointer>
 #include <QTableView>
-
-#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -86,174 +79,161 @@ class tst_ChannelsByName : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void namesAndFactories();
-    void theColumnThatAFactoryNames();
-    void noMoreThan256();
-    void droppedNames();
-    void hostilePayloads_data();
-    void hostilePayloads();
-    void aDropOnAView();
-};
-
-void tst_ChannelsByName::namesAndFactories()
-{
-    RVXMultichannelProxyModel proxy;
-    BufferModel given(1);
-    proxy.addSourceModel(&given, 1);
-    proxy.setChannelNames({"a", "b"});
-    QCOMPARE(proxy.columnCount(), 4);
-    QCOMPARE(namesOfChildren(proxy), QStringList({"a", "b"}));
-    QCOMPARE(proxy.channelNames(), QStringList());
-
-    const QPointer<NamingFactory> naming = new NamingFactory(this);
-    proxy.setChannelModelFactory(naming);
-    proxy.setChannelModelFactory(naming);
-    QVERIFY(naming);
-    proxy.setChannelNames({"c", "-", "", "d"});
-    QCOMPARE(proxy.columnCount(), 7);
-    QCOMPARE(proxy.channelNames(), QStringList({"c", "d"}));
-    int column = 0;
-    AbstractChannelModelFactory *const factory = naming;
-    const std::unique_ptr<QAbstractItemModel> made(
-        factory->createModel(QStringLiteral("e"), &column, nullptr));
-    QCOMPARE(column, 1);
-    QCOMPARE(made->property("channel").toString(), QString("e"));
-
-    proxy.setChannelModelFactory(nullptr);
-    QVERIFY(!naming);
-    proxy.addChannel("nobody makes it");
-    QCOMPARE(proxy.columnCount(), 7);
-
-    QPointer<NamingFactory> owned = new NamingFactory;
-    const QPointer<NamingFactory> parented = new NamingFactory(this);
+    void namesAndFactories()
     {
-        RVXMultichannelProxyModel shortLived;
-        shortLived.setChannelModelFactory(owned);
-        RVXMultichannelProxyModel another;
-        another.setChannelModelFactory(parented);
+        RVXMultichannelProxyModel proxy;
+        BufferModel given(1);
+        proxy.addSourceModel(&given, 1);
+        proxy.setChannelNames({"a", "b"});
+        QCOMPARE(proxy.columnCount(), 4);
+        QCOMPARE(namesOfChildren(proxy), QStringList({"a", "b"}));
+        QCOMPARE(proxy.channelNames(), QStringList());
+
+        const QPointer<NamingFactory> naming = new NamingFactory(this);
+        proxy.setChannelModelFactory(naming);
+        proxy.setChannelModelFactory(naming);
+        QVERIFY(naming);
+        proxy.setChannelNames({"c", "-", "", "d"});
+        QCOMPARE(proxy.columnCount(), 7);
+        QCOMPARE(proxy.channelNames(), QStringList({"c", "d"}));
+        AbstractChannelModelFactory *const factory = naming;
+        const std::unique_ptr<QAbstractItemModel> made(
+            factory->createModel(QStringLiteral("e"), nullptr, nullptr));
+        QCOMPARE(made->property("channel").toString(), QString("e"));
+
+        proxy.setChannelModelFactory(nullptr);
+        QVERIFY(!naming);
+        proxy.addChannel("nobody makes it");
+        QCOMPARE(proxy.columnCount(), 7);
+
+        QPointer<NamingFactory> owned = new NamingFactory;
+        const QPointer<NamingFactory> parented = new NamingFactory(this);
+        {
+            RVXMultichannelProxyModel shortLived;
+            shortLived.setChannelModelFactory(owned);
+            RVXMultichannelProxyModel another;
+            another.setChannelModelFactory(parented);
+        }
+        QVERIFY(!owned);
+        QVERIFY(parented);
     }
-    QVERIFY(!owned);
-    QVERIFY(parented);
-}
 
-void tst_ChannelsByName::theColumnThatAFactoryNames()
-{
-    RVXMultichannelProxyModel proxy;
-    proxy.setChannelModelFactory(new ThirdColumnFactory);
-    proxy.addChannel("by name");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"dropped\"");
-    QVERIFY(drop(proxy, "text/plain", "dropped"));
-    QCOMPARE(rowsText(proxy), QString("1: 12 12"));
-}
+    void theColumnThatAFactoryNames()
+    {
+        RVXMultichannelProxyModel proxy;
+        proxy.setChannelModelFactory(new ThirdColumnFactory);
+        proxy.addChannel("by name");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"dropped\"");
+        QVERIFY(drop(proxy, "text/plain", "dropped"));
+        QCOMPARE(rowsText(proxy), QString("1: 12 12"));
+    }
 
-void tst_ChannelsByName::noMoreThan256()
-{
-    RVXMultichannelProxyModel proxy;
-    BufferModel one(1);
-    for (int i = 0; i < 255; ++i)
+    void noMoreThan256()
+    {
+        RVXMultichannelProxyModel proxy;
+        BufferModel one(1);
+        for (int i = 0; i < 255; ++i)
+            proxy.addSourceModel(&one, 1);
+        QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
+        proxy.setChannelNames({"a", "b", "c"});
+        QCOMPARE(proxy.columnCount(), 257);
+        QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
         proxy.addSourceModel(&one, 1);
-    QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
-    proxy.setChannelNames({"a", "b", "c"});
-    QCOMPARE(proxy.columnCount(), 257);
-    QTest::ignoreMessage(QtDebugMsg, "No more than 256 channels: the rest is refused");
-    proxy.addSourceModel(&one, 1);
-    QCOMPARE(proxy.columnCount(), 257);
-}
+        QCOMPARE(proxy.columnCount(), 257);
+    }
 
-void tst_ChannelsByName::droppedNames()
-{
-    RVXMultichannelProxyModel proxy;
-    QCOMPARE(proxy.mimeTypes(), QStringList({listType, "text/plain"}));
-    QCOMPARE(proxy.supportedDropActions(), Qt::CopyAction | Qt::LinkAction);
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"QV1/current\"");
-    QVERIFY(drop(proxy, "text/plain", "QV1/current"));
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"a\"");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"\"");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"b c\"");
-    QVERIFY(drop(proxy, listType, payloadOf({"a", "", "b c"}), Qt::LinkAction));
-    QVERIFY(!drop(proxy, listType, payloadOf({"d"}), Qt::MoveAction));
-    QVERIFY(!drop(proxy, "image/png", "d"));
-    QVERIFY(drop(proxy, "image/png", "d", Qt::IgnoreAction));
-    QVERIFY(!proxy.canDropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
-    QVERIFY(!proxy.dropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
-    QVERIFY(proxy.dropMimeData(nullptr, Qt::IgnoreAction, 0, 0, QModelIndex()));
-    // A table of readings drags both; the list keeps the names apart.
-    QMimeData both;
-    both.setData(listType, payloadOf({"e", "f"}));
-    both.setText("e f");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"e\"");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"f\"");
-    QVERIFY(proxy.dropMimeData(&both, Qt::CopyAction, 0, 0, QModelIndex()));
-    QCOMPARE(namesOfChildren(proxy), QStringList({"QV1/current", "a", "", "b c", "e", "f"}));
-    QCOMPARE(proxy.columnCount(), 7);
-}
+    void droppedNames()
+    {
+        RVXMultichannelProxyModel proxy;
+        QCOMPARE(proxy.mimeTypes(), QStringList({listType, "text/plain"}));
+        QCOMPARE(proxy.supportedDropActions(), Qt::CopyAction | Qt::LinkAction);
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"QV1/current\"");
+        QVERIFY(drop(proxy, "text/plain", "QV1/current"));
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"a\"");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"\"");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"b c\"");
+        QVERIFY(drop(proxy, listType, payloadOf({"a", "", "b c"}), Qt::LinkAction));
+        QVERIFY(!drop(proxy, listType, payloadOf({"d"}), Qt::MoveAction));
+        QVERIFY(!drop(proxy, "image/png", "d"));
+        QVERIFY(drop(proxy, "image/png", "d", Qt::IgnoreAction));
+        QVERIFY(!proxy.canDropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
+        QVERIFY(!proxy.dropMimeData(nullptr, Qt::CopyAction, 0, 0, QModelIndex()));
+        QVERIFY(proxy.dropMimeData(nullptr, Qt::IgnoreAction, 0, 0, QModelIndex()));
+        // A table of readings drags both; the list keeps the names apart.
+        QMimeData both;
+        both.setData(listType, payloadOf({"e", "f"}));
+        both.setText("e f");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"e\"");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"f\"");
+        QVERIFY(proxy.dropMimeData(&both, Qt::CopyAction, 0, 0, QModelIndex()));
+        QCOMPARE(namesOfChildren(proxy), QStringList({"QV1/current", "a", "", "b c", "e", "f"}));
+        QCOMPARE(proxy.columnCount(), 7);
+    }
 
-void tst_ChannelsByName::hostilePayloads_data()
-{
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<int>("channels");
-    const QByteArray good = payloadOf({"a", "b"});
-    QTest::newRow("empty") << QByteArray() << 0;
-    QTest::newRow("cut in a length") << good + QByteArray(3, '\0') << 2;
-    QTest::newRow("cut in a string") << good.left(good.size() - 1) << 1;
-    QTest::newRow("absurd length") << good + QByteArray("\x7f\xff\xff\xfezz", 6) << 2;
-    QTest::newRow("half a character") << good + QByteArray("\0\0\0\3abc", 7) << 2;
-    QTest::newRow("null string") << good + QByteArray(4, '\xff') << 3;
-    QTest::newRow("a megabyte of zeros") << QByteArray(1 << 20, '\0') << 256;
-}
+    void hostilePayloads_data()
+    {
+        QTest::addColumn<QByteArray>("payload");
+        QTest::addColumn<int>("channels");
+        const QByteArray good = payloadOf({"a", "b"});
+        QTest::newRow("empty") << QByteArray() << 0;
+        QTest::newRow("cut in a length") << good + QByteArray(3, '\0') << 2;
+        QTest::newRow("cut in a string") << good.left(good.size() - 1) << 1;
+        QTest::newRow("absurd length") << good + QByteArray("\x7f\xff\xff\xfezz", 6) << 2;
+        QTest::newRow("half a character") << good + QByteArray("\0\0\0\3abc", 7) << 2;
+        QTest::newRow("null string") << good + QByteArray(4, '\xff') << 3;
+        QTest::newRow("a megabyte of zeros") << QByteArray(1 << 20, '\0') << 256;
+    }
+    void hostilePayloads()
+    {
+        QFETCH(QByteArray, payload);
+        RVXMultichannelProxyModel proxy;
+        static int lines = 0;
+        lines = 0;
+        const auto previous =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
+                ++lines;
+            });
+        const bool taken = drop(proxy, listType, payload);
+        qInstallMessageHandler(previous);
+        QVERIFY(taken);
+        QTEST(proxy.columnCount() - 1, "channels");
+        QVERIFY(lines <= 257);
+    }
 
-void tst_ChannelsByName::hostilePayloads()
-{
-    QFETCH(QByteArray, payload);
-    RVXMultichannelProxyModel proxy;
-    static int lines = 0;
-    lines = 0;
-    const auto previous =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
-            ++lines;
-        });
-    const bool taken = drop(proxy, listType, payload);
-    qInstallMessageHandler(previous);
-    QVERIFY(taken);
-    QTEST(proxy.columnCount() - 1, "channels");
-    QVERIFY(lines <= 257);
-}
+    void aDropOnAView()
+    {
+        BufferModel device(3);
+        RVXLatestPlotDataProxyModel latest;
+        latest.setSourceModel(&device);
+        const std::unique_ptr<QMimeData> dragged(
+            latest.mimeData({latest.index(0, 0), latest.index(2, 0)}));
+        QMimeData picture;
+        picture.setData("image/png", "x");
 
-void tst_ChannelsByName::aDropOnAView()
-{
-    BufferModel device(3);
-    device.append(1, 1);
-    RVXLatestPlotDataProxyModel latest;
-    latest.setSourceModel(&device);
-    const std::unique_ptr<QMimeData> dragged(
-        latest.mimeData({latest.index(0, 0), latest.index(2, 0)}));
-
-    RVXMultichannelProxyModel merged;
-    QTableView view;
-    view.setModel(&merged);
-    view.setAcceptDrops(true);
-    view.setDragDropMode(QAbstractItemView::DropOnly);
-    view.resize(400, 300);
-    view.show();
-    const QPoint empty(300, 200);
-    QDragEnterEvent enter(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDragMoveEvent move(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &move);
-    QVERIFY(move.isAccepted());
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch1\"");
-    QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch3\"");
-    QDropEvent dropped(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &dropped);
-    QCOMPARE(namesOfChildren(merged), QStringList({"ch1", "ch3"}));
-
-    QMimeData picture;
-    picture.setData("image/png", "x");
-    QDragMoveEvent useless(empty, Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view.viewport(), &useless);
-    QVERIFY(!useless.isAccepted());
-}
+        RVXMultichannelProxyModel merged;
+        QTableView view;
+        view.setModel(&merged);
+        view.setAcceptDrops(true);
+        view.setDragDropMode(QAbstractItemView::DropOnly);
+        view.resize(400, 300);
+        view.show();
+        const QPoint empty(300, 200);
+        const auto isTaken = [&](auto event) {
+            QApplication::sendEvent(view.viewport(), &event);
+            return event.isAccepted();
+        };
+        QVERIFY(isTaken(
+            QDragEnterEvent(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier)));
+        QVERIFY(isTaken(
+            QDragMoveEvent(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier)));
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch1\"");
+        QTest::ignoreMessage(QtDebugMsg, "Drop channel \"ch3\"");
+        isTaken(QDropEvent(empty, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier));
+        QCOMPARE(namesOfChildren(merged), QStringList({"ch1", "ch3"}));
+        QVERIFY(!isTaken(
+            QDragMoveEvent(empty, Qt::CopyAction, &picture, Qt::LeftButton, Qt::NoModifier)));
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_ChannelsByName)
 #include "tst_ChannelsByName.moc"

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Proxies return the same numbers by the chunk as cell by cell, to the last bit.
 #include "corvale_qt/models/PlotColumns_p.h"
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
-#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
-#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/units/Units.h"
-#include "tests/support/BufferModel.h"
-#include "tests/support/TestMain.h"
+#include "tests/proxies/ProxyTest.h"
 
 #include <cstring>
 
@@ -63,110 +57,101 @@ class tst_PlotColumnsOfProxies : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void averagingAndZeroing();
-    void multichannel();
-    void withoutSources();
-    void risingTimes();
-    void subclassesSpeakForThemselves();
-};
-
-void tst_PlotColumnsOfProxies::averagingAndZeroing()
-{
-    const Units::nA nA;
-    BufferModel source(3, 6);
-    source.SetUnits(&nA);
-    RVXAveragingProxyModel averaging;
-    RVXZeroingProxyModel zeroing;
-    averaging.setSourceModel(&source);
-    averaging.setAveraging(3);
-    zeroing.setSourceModel(&averaging);
-    for (int i = 1; i <= 10; ++i) {
-        source.append(i * 0.1, i / 7.0);
-        if (i == 5)
-            zeroing.zeroNow();
-        QCOMPARE(difference(averaging), QString());
+    void averagingAndZeroing()
+    {
+        const Units::nA nA;
+        BufferModel source(3, 6);
+        source.SetUnits(&nA);
+        RVXAveragingProxyModel averaging;
+        RVXZeroingProxyModel zeroing;
+        averaging.setAveraging(3);
+        averaging.setSourceModel(&source);
+        zeroing.setSourceModel(&averaging);
+        for (int i = 1; i <= 10; ++i) {
+            source.append(i * 0.1, i / 7.0);
+            if (i == 5)
+                zeroing.zeroNow();
+            QCOMPARE(difference(averaging) + difference(zeroing), QString());
+        }
+        zeroing.zeroClear();
+        source.SetUnits(nullptr);
         QCOMPARE(difference(zeroing), QString());
     }
-    zeroing.zeroClear();
-    source.SetUnits(nullptr);
-    QCOMPARE(difference(zeroing), QString());
-}
 
-void tst_PlotColumnsOfProxies::multichannel()
-{
-    BufferModel host(2, 5);
-    RVXSingleChannelDataModel shorter;
-    RVXSingleChannelDataModel empty;
-    RVXSingleChannelDataModel longer;
-    RVXMultichannelProxyModel merged;
-    merged.addSourceModel(&host, 2);
-    merged.addSourceModel(&shorter, 1);
-    merged.addSourceModel(&empty, 1);
-    QCOMPARE(difference(merged), QString());
-    for (int i = 1; i <= 7; ++i) {
-        host.append(i, i / 3.0);
-        if (i % 2 == 0)
-            shorter.AddData(i + 0.5, i / 9.0);
+    void multichannel()
+    {
+        BufferModel host(2, 5);
+        RVXSingleChannelDataModel shorter;
+        RVXSingleChannelDataModel empty;
+        RVXSingleChannelDataModel longer;
+        RVXMultichannelProxyModel merged;
+        merged.addSourceModel(&host, 2);
+        merged.addSourceModel(&shorter, 1);
+        merged.addSourceModel(&empty, 1);
+        QCOMPARE(difference(merged), QString());
+        for (int i = 1; i <= 7; ++i) {
+            host.append(i, i / 3.0);
+            if (i % 2 == 0)
+                shorter.AddData(i + 0.5, i / 9.0);
+            QCOMPARE(difference(merged), QString());
+        }
+        merged.addSourceModel(&longer, 1);
+        for (int i = 1; i <= 8; ++i)
+            longer.AddData(i + 0.7, i / 11.0);
         QCOMPARE(difference(merged), QString());
     }
-    merged.addSourceModel(&longer, 1);
-    for (int i = 1; i <= 8; ++i)
-        longer.AddData(i + 0.7, i / 11.0);
-    QCOMPARE(difference(merged), QString());
-}
 
-void tst_PlotColumnsOfProxies::withoutSources()
-{
-    const RVXAveragingProxyModel averaging;
-    const RVXZeroingProxyModel zeroing;
-    const RVXMultichannelProxyModel merged;
-    QCOMPARE(difference(averaging) + difference(zeroing) + difference(merged), QString());
-    QVERIFY(!PlotColumns::of(&merged)->xRises());
-}
-
-void tst_PlotColumnsOfProxies::risingTimes()
-{
-    RVXSingleChannelDataModel one;
-    RVXSingleChannelDataModel two;
-    RVXMultichannelProxyModel merged;
-    RVXAveragingProxyModel averaging;
-    RVXZeroingProxyModel top;
-    merged.addSourceModel(&one, 1);
-    merged.addSourceModel(&two, 1);
-    averaging.setSourceModel(&merged);
-    top.setSourceModel(&averaging);
-    const PlotColumns *const columns = PlotColumns::of(&top);
-    one.AddData(1, 1);
-    QVERIFY(columns->xRises());
-    // The column has the times of two sources.
-    two.AddData(1, 1);
-    two.AddData(0.5, 1);
-    QVERIFY(!columns->xRises());
-    one.AddData(2, 2);
-    QVERIFY(columns->xRises());
-    one.AddData(1.5, 2);
-    QVERIFY(!columns->xRises());
-}
-
-void tst_PlotColumnsOfProxies::subclassesSpeakForThemselves()
-{
-    class Shifted : public RVXZeroingProxyModel
+    void withoutSources()
     {
-        double doubleData(int row, int column) const override
+        const RVXAveragingProxyModel averaging;
+        const RVXZeroingProxyModel zeroing;
+        const RVXMultichannelProxyModel merged;
+        QCOMPARE(difference(averaging) + difference(zeroing) + difference(merged), QString());
+        QVERIFY(!PlotColumns::of(&merged)->xRises());
+    }
+
+    void risingTimes()
+    {
+        RVXSingleChannelDataModel one;
+        RVXSingleChannelDataModel two;
+        RVXMultichannelProxyModel merged;
+        RVXAveragingProxyModel averaging;
+        RVXZeroingProxyModel top;
+        merged.addSourceModel(&one, 1);
+        merged.addSourceModel(&two, 1);
+        averaging.setSourceModel(&merged);
+        top.setSourceModel(&averaging);
+        const auto risesAfter = [&](RVXSingleChannelDataModel &model, double time) {
+            model.AddData(time, 1);
+            return PlotColumns::of(&top)->xRises();
+        };
+        QVERIFY(risesAfter(one, 1));
+        QVERIFY(risesAfter(two, 1));
+        QVERIFY2(!risesAfter(two, 0.5), "the column has the times of two sources");
+        QVERIFY(risesAfter(one, 2));
+        QVERIFY(!risesAfter(one, 1.5));
+    }
+
+    void subclassesSpeakForThemselves()
+    {
+        class Shifted : public RVXZeroingProxyModel
         {
-            return RVXZeroingProxyModel::doubleData(row, column) + 1.0;
-        }
-    };
-    BufferModel source(1);
-    Shifted shifted;
-    RVXAveragingProxyModel averaging;
-    shifted.setSourceModel(&source);
-    averaging.setSourceModel(&shifted);
-    source.append(1, 5);
-    QVERIFY(!PlotColumns::of(&shifted));
-    QCOMPARE(averaging.doubleData(1, 1), 6.0);
-    QCOMPARE(difference(averaging), QString());
-}
+            double doubleData(int row, int column) const override
+            {
+                return RVXZeroingProxyModel::doubleData(row, column) + 1.0;
+            }
+        };
+        BufferModel source(1);
+        Shifted shifted;
+        RVXAveragingProxyModel averaging;
+        shifted.setSourceModel(&source);
+        averaging.setSourceModel(&shifted);
+        source.append(1, 5);
+        QVERIFY(!PlotColumns::of(&shifted));
+        QCOMPARE(averaging.doubleData(1, 1), 6.0);
+        QCOMPARE(difference(averaging), QString());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_PlotColumnsOfProxies)
 #include "tst_PlotColumnsOfProxies.moc"

@@ -20,3 +20,16 @@ QString rowsText(const Model &model)
     }
     return rows.join("; ");
 }
+
+/*! Returns how a reading reads in a table: its texts for display, for editing and as a tool tip, then the number;
+    "6.0 / 6.0 / 6.0 nA / 6". A cell that answers nothing is "/ / /". */
+inline QString readingText(const QModelIndex &cell)
+{
+    QStringList texts;
+    for (const int role : {int(Qt::DisplayRole),
+                           int(Qt::EditRole),
+                           int(Qt::ToolTipRole),
+                           int(Corvale_Qt::RVXAbstractPlotDataModel::NumericValueRole)})
+        texts << cell.data(role).toString();
+    return texts.join(" / ").trimmed();
+}

@@ -3,9 +3,10 @@
 
 #include <QAbstractItemModelTester>
 #include <QStringList>
+#include <QTest>
 
-/*! Runs a QAbstractItemModelTester over a model during its lifetime and collects the complaints, which a test compares
-    with nothing at its end.
+/*! Runs a QAbstractItemModelTester over a model during its lifetime, and fails the test at its end if there were
+    complaints.
 
     One complaint is left out: the tester expects no flags for the invalid index, and the models of this library
     return Qt::ItemIsEnabled. */
@@ -22,6 +23,8 @@ public:
         current() = m_outer;
         if (!m_outer)
             qInstallMessageHandler(previousHandler());
+        if (!m_complaints.isEmpty())
+            QTest::qFail(qPrintable(complaints()), __FILE__, __LINE__);
     }
     ModelWatch(const ModelWatch &) = delete;
     ModelWatch &operator=(const ModelWatch &) = delete;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QHash>
 
@@ -9,183 +10,177 @@
 
 using namespace Corvale_Qt::Units;
 
+namespace {
+
+std::unique_ptr<MeasurementUnit> unitOf(int type)
+{
+    return std::unique_ptr<MeasurementUnit>(MeasurementUnit::fromType(MeasurementUnitType(type)));
+}
+
+} // namespace
+
 class tst_Units : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void textsThatPeopleAndFilesGive_data();
-    void textsThatPeopleAndFilesGive();
-    void symbolsAreUnderstood();
-    void everyTypeMakesAUnitOfItsOwn();
-    void factorsAreThoseOfThePrefixes();
-    void unitsAreCopied();
-    void numbersBecomeTexts();
-    void scalingGoesBothWays();
-    void aSubclassChangesWhatIsShown();
-};
-
-void tst_Units::textsThatPeopleAndFilesGive_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("type");
-
-    QTest::newRow("ampere is a capital letter") << "A" << 16;
-    QTest::newRow("a small a is nothing") << "a" << 0;
-    QTest::newRow("coulomb in either case") << "c" << 32;
-    QTest::newRow("capital C is coulomb, not a temperature") << "C" << 32;
-    QTest::newRow("picofarad does not exist: a temperature") << "pF" << 177;
-    QTest::newRow("any other text that ends with C") << "degC" << 176;
-    QTest::newRow("kilocoulomb does not exist: a temperature") << "kC" << 176;
-    QTest::newRow("a small c at the end is nothing") << "kc" << 0;
-    QTest::newRow("degree sign") << QString::fromUtf8("°F") << 177;
-    QTest::newRow("micro sign is not understood") << QString::fromUtf8("µA") << 0;
-    QTest::newRow("but microcoulomb ends with C") << QString::fromUtf8("µC") << 176;
-    QTest::newRow("u stands for micro") << "uC" << 34;
-    QTest::newRow("milli and mega volt are not mixed up") << "mv" << 0;
-    QTest::newRow("kilovolt in any case") << "KV" << 53;
-    QTest::newRow("MeV in any case") << "mev" << 134;
-    QTest::newRow("two names for counts") << "Pulses" << 64;
-    QTest::newRow("counts") << "Counts" << 64;
-    QTest::newRow("minutes by either name") << "minutes" << 100;
-    QTest::newRow("dose rate before dose") << "gp/S" << 148;
-    QTest::newRow("strips cannot be asked for by text") << "strips" << 0;
-    QTest::newRow("white space is not trimmed") << " mA" << 0;
-    QTest::newRow("no text") << QString() << 0;
-}
-
-void tst_Units::textsThatPeopleAndFilesGive()
-{
-    QFETCH(QString, text);
-    QFETCH(int, type);
-    QCOMPARE(int(MeasurementUnit::typeFromString(text)), type);
-    const std::unique_ptr<MeasurementUnit> unit(MeasurementUnit::fromString(text));
-    QCOMPARE(unit ? int(unit->type()) : 0, type);
-}
-
-//! What a unit shows, a person may type; "u" stands for the micro sign.
-void tst_Units::symbolsAreUnderstood()
-{
-    for (int type = 1; type < Type_Strips; ++type) {
-        const std::unique_ptr<MeasurementUnit> unit(
-            MeasurementUnit::fromType(MeasurementUnitType(type)));
-        if (unit)
-            QCOMPARE(int(MeasurementUnit::typeFromString(unit->name().replace(QChar(0xb5), 'u'))),
-                     type);
-    }
-}
-
-void tst_Units::everyTypeMakesAUnitOfItsOwn()
-{
-    int made = 0;
-    for (int type = -300; type <= 300; ++type) {
-        const std::unique_ptr<MeasurementUnit> unit(
-            MeasurementUnit::fromType(MeasurementUnitType(type)));
-        if (!unit)
-            continue;
-        ++made;
-        QCOMPARE(int(unit->type()), type);
-        QVERIFY(!unit->name().isEmpty() && !unit->description().isEmpty());
-        // A quantity and its unit: only counts and gigaprotons have one word for both.
-        QVERIFY2(unit->description().contains('(') || type == 64 || type == 146 || type == 147,
-                 qPrintable(unit->description()));
-    }
-    QCOMPARE(made, 40);
-}
-
-/*! A prefix in front of the symbol of a quantity's base unit, the first of its block of types, says what the factor
-    is: 1 A is 1e9 nA. */
-void tst_Units::factorsAreThoseOfThePrefixes()
-{
-    const QHash<QString, int> powers = {{"f", -15},
-                                        {"p", -12},
-                                        {"n", -9},
-                                        {QString::fromUtf8("µ"), -6},
-                                        {"m", -3},
-                                        {"c", -2},
-                                        {"k", 3},
-                                        {"K", 3},
-                                        {"M", 6}};
-    int prefixed = 0;
-    QString base;
-    for (int type = Type_A; type < Type_Strips; ++type) {
-        const std::unique_ptr<MeasurementUnit> unit(
-            MeasurementUnit::fromType(MeasurementUnitType(type)));
-        if (!unit)
-            continue;
-        const QString name = unit->name();
-        if (type % 16 == 0)
-            base = name;
-        const QString prefix = name.left(name.size() - base.size());
-        const bool isPrefixed = name.endsWith(base) && powers.contains(prefix);
-        const double expected = isPrefixed ? std::pow(10.0, -powers.value(prefix))
-            : type == Type_minutes         ? 1.0 / 60.0
-                                           : 1.0;
-        QVERIFY2(std::abs(unit->scale(1.0) / expected - 1.0) < 1e-15, qPrintable(name));
-        prefixed += isPrefixed ? 1 : 0;
-    }
-    QCOMPARE(prefixed, 22);
-}
-
-void tst_Units::unitsAreCopied()
-{
-    mA original;
-    original.setPrecision(1);
-    original.setExtraScale(2.0);
-    const mA copy(original);
-    mA assigned;
-    assigned = original;
-    for (const mA &each : {copy, assigned})
-        QCOMPARE(each.formatSuffix(0.0012), QString("2.4e+00 mA"));
-}
-
-void tst_Units::numbersBecomeTexts()
-{
-    QCOMPARE(mA().format(0.0012), QString("1.200e+00"));
-    QCOMPARE(mA().formatSuffix(0.0012), QString("1.200e+00 mA"));
-    QCOMPARE(uA().formatSuffix(1.5e-6), QString::fromUtf8("1.5000 µA"));
-    QCOMPARE(us().formatSuffix(1.5e-6), QString::fromUtf8("1.500e+00 µs"));
-    QCOMPARE(V().format(0.25), QString("0.250"));
-    QCOMPARE(mm().formatSuffixUnscaled(2.5), QString("2.500 mm"));
-    QCOMPARE(Celcius().description(), QString::fromUtf8("Temperature (°C)"));
-    QCOMPARE(Pulses().description(), QString("Counts"));
-    QCOMPARE(Fahrenheit().fixedType(), 177);
-
-    MeasurementUnit percent(100.0, "%1", 1.0);
-    percent.setPrecision(1);
-    QCOMPARE(percent.formatSuffix(0.5), QString("5.0e+01 %1"));
-}
-
-void tst_Units::scalingGoesBothWays()
-{
-    MeasurementUnit unit(1000.0, "m", 2.0);
-    QCOMPARE(unit.scale(1.0), 2000.0);
-    QCOMPARE(unit.unscale(2000.0), 1.0);
-    unit.setExtraScale(0.0);
-    QVERIFY(!std::isfinite(unit.unscale(1.0)));
-    QCOMPARE(minutes().scale(120.0), 2.0);
-    // The factor is multiplied by the extra scale first; the other order gives another last digit.
-    MeasurementUnit order(0.1, "m", 3.0);
-    QVERIFY(order.scale(7.0) == (3.0 * 0.1) * 7.0 && order.scale(7.0) != 3.0 * (0.1 * 7.0));
-    // The division by the extra scale comes first; the factor first, or the product of both, gives others.
-    QVERIFY(order.unscale(2.0) == 2.0 / 3.0 / 0.1 && order.unscale(2.0) != 2.0 / 0.1 / 3.0);
-    QVERIFY(order.unscale(3.0) == 3.0 / 3.0 / 0.1 && order.unscale(3.0) != 3.0 / (3.0 * 0.1));
-}
-
-void tst_Units::aSubclassChangesWhatIsShown()
-{
-    struct Offset : MeasurementUnit
+    void textsThatPeopleAndFilesGive_data()
     {
-        Offset()
-            : MeasurementUnit(1.0, "K", 1.0)
-        {
+        tableFrom(R"(
+            | text | int type
+            ampere is a capital letter | A | 16
+            a small a is nothing | a | 0
+            coulomb in either case | c | 32
+            capital C is coulomb, not a temperature | C | 32
+            picofarad does not exist: a temperature | pF | 177
+            any other text that ends with C | degC | 176
+            kilocoulomb does not exist: a temperature | kC | 176
+            a small c at the end is nothing | kc | 0
+            degree sign | °F | 177
+            micro sign is not understood | µA | 0
+            but microcoulomb ends with C | µC | 176
+            u stands for micro | uC | 34
+            milli and mega volt are not mixed up | mv | 0
+            kilovolt in any case | KV | 53
+            MeV in any case | mev | 134
+            two names for counts | Pulses | 64
+            counts | Counts | 64
+            minutes by either name | minutes | 100
+            dose rate before dose | gp/S | 148
+            strips cannot be asked for by text | strips | 0
+            no text | | 0
+        )");
+        QTest::newRow("white space is not trimmed") << " mA" << 0;
+    }
+    void textsThatPeopleAndFilesGive()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, type);
+        QCOMPARE(int(MeasurementUnit::typeFromString(text)), type);
+        const std::unique_ptr<MeasurementUnit> unit(MeasurementUnit::fromString(text));
+        QCOMPARE(unit ? int(unit->type()) : 0, type);
+    }
+
+    //! What a unit shows, a person may type; "u" stands for the micro sign.
+    void symbolsAreUnderstood()
+    {
+        for (int type = 1; type < Type_Strips; ++type) {
+            const auto unit = unitOf(type);
+            const QString symbol = unit ? unit->name().replace(QChar(0xb5), 'u') : QString();
+            QCOMPARE(int(MeasurementUnit::typeFromString(symbol)), unit ? type : 0);
         }
-        QString name() const override { return "shown elsewhere"; }
-        double scale(double value) const override { return value + 273.2; }
-    };
-    // format() follows an overridden scale(); the symbol is the stored one.
-    QCOMPARE(Offset().formatSuffix(0.0), QString("2.732e+02 K"));
-}
+    }
+
+    void everyTypeMakesAUnitOfItsOwn()
+    {
+        int made = 0;
+        for (int type = -300; type <= 300; ++type) {
+            const auto unit = unitOf(type);
+            if (!unit)
+                continue;
+            ++made;
+            QCOMPARE(int(unit->type()), type);
+            QVERIFY(!unit->name().isEmpty() && !unit->description().isEmpty());
+            // A quantity and its unit: only counts and gigaprotons have one word for both.
+            QVERIFY2(unit->description().contains('(') || type == 64 || type == 146 || type == 147,
+                     qPrintable(unit->description()));
+        }
+        QCOMPARE(made, 40);
+    }
+
+    /*! A prefix in front of the symbol of a quantity's base unit, the first of its block of types, says what the factor
+        is: 1 A is 1e9 nA. */
+    void factorsAreThoseOfThePrefixes()
+    {
+        const QHash<QString, int> powers = {{"f", -15},
+                                            {"p", -12},
+                                            {"n", -9},
+                                            {QString::fromUtf8("µ"), -6},
+                                            {"m", -3},
+                                            {"c", -2},
+                                            {"k", 3},
+                                            {"K", 3},
+                                            {"M", 6}};
+        int prefixed = 0;
+        QString base;
+        for (int type = Type_A; type < Type_Strips; ++type) {
+            const auto unit = unitOf(type);
+            if (!unit)
+                continue;
+            const QString name = unit->name();
+            if (type % 16 == 0)
+                base = name;
+            const QString prefix = name.left(name.size() - base.size());
+            const bool isPrefixed = name.endsWith(base) && powers.contains(prefix);
+            const double expected = isPrefixed ? std::pow(10.0, -powers.value(prefix))
+                : type == Type_minutes         ? 1.0 / 60.0
+                                               : 1.0;
+            QVERIFY2(std::abs(unit->scale(1.0) / expected - 1.0) < 1e-15, qPrintable(name));
+            prefixed += isPrefixed ? 1 : 0;
+        }
+        QCOMPARE(prefixed, 22);
+    }
+
+    void unitsAreCopied()
+    {
+        mA original;
+        original.setPrecision(1);
+        original.setExtraScale(2.0);
+        const mA copy(original);
+        mA assigned;
+        assigned = original;
+        for (const mA &each : {copy, assigned})
+            QCOMPARE(each.formatSuffix(0.0012), QString("2.4e+00 mA"));
+    }
+
+    void numbersBecomeTexts()
+    {
+        QCOMPARE(mA().format(0.0012), QString("1.200e+00"));
+        QCOMPARE(mA().formatSuffix(0.0012), QString("1.200e+00 mA"));
+        QCOMPARE(uA().formatSuffix(1.5e-6), QString::fromUtf8("1.5000 µA"));
+        QCOMPARE(us().formatSuffix(1.5e-6), QString::fromUtf8("1.500e+00 µs"));
+        QCOMPARE(V().format(0.25), QString("0.250"));
+        QCOMPARE(mm().formatSuffixUnscaled(2.5), QString("2.500 mm"));
+        QCOMPARE(Celcius().description(), QString::fromUtf8("Temperature (°C)"));
+        QCOMPARE(Pulses().description(), QString("Counts"));
+        QCOMPARE(Fahrenheit().fixedType(), 177);
+
+        MeasurementUnit percent(100.0, "%1", 1.0);
+        percent.setPrecision(1);
+        QCOMPARE(percent.formatSuffix(0.5), QString("5.0e+01 %1"));
+    }
+
+    void scalingGoesBothWays()
+    {
+        MeasurementUnit unit(1000.0, "m", 2.0);
+        QCOMPARE(unit.scale(1.0), 2000.0);
+        QCOMPARE(unit.unscale(2000.0), 1.0);
+        unit.setExtraScale(0.0);
+        QVERIFY(!std::isfinite(unit.unscale(1.0)));
+        QCOMPARE(minutes().scale(120.0), 2.0);
+        // The factor is multiplied by the extra scale first; the other order gives another last digit.
+        MeasurementUnit order(0.1, "m", 3.0);
+        QVERIFY(order.scale(7.0) == (3.0 * 0.1) * 7.0 && order.scale(7.0) != 3.0 * (0.1 * 7.0));
+        // The division by the extra scale comes first; the factor first, or the product of both, gives others.
+        QVERIFY(order.unscale(2.0) == 2.0 / 3.0 / 0.1 && order.unscale(2.0) != 2.0 / 0.1 / 3.0);
+        QVERIFY(order.unscale(3.0) == 3.0 / 3.0 / 0.1 && order.unscale(3.0) != 3.0 / (3.0 * 0.1));
+    }
+
+    void aSubclassChangesWhatIsShown()
+    {
+        struct Offset : MeasurementUnit
+        {
+            Offset()
+                : MeasurementUnit(1.0, "K", 1.0)
+            {
+            }
+            QString name() const override { return "shown elsewhere"; }
+            double scale(double value) const override { return value + 273.2; }
+        };
+        // format() follows an overridden scale(); the symbol is the stored one.
+        QCOMPARE(Offset().formatSuffix(0.0), QString("2.732e+02 K"));
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_Units)
 #include "tst_Units.moc"

@@ -202,12 +202,8 @@ private Q_SLOTS:
         row("wrapping", Range{3, 98, 5}, 90, true, "uuud", "95 5 10 5");
         row("wrapping downwards", Range{3, 98, 5}, 5, true, "d", "95");
         constexpr int most = std::numeric_limits<int>::max();
-        row("widest range",
-            Range{-most - 1, most, most},
-            -most,
-            false,
-            "uuud",
-            "0 2147483647 2147483647 0");
+        const QString ends = "0 2147483647 2147483647 0";
+        row("widest range", Range{-most - 1, most, most}, -most, false, "uuud", ends);
     }
     void steps()
     {

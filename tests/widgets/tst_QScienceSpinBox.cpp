@@ -183,12 +183,12 @@ private Q_SLOTS:
             QTest::keyClick(&box, Qt::Key_Return);
             QVERIFY2(box.value() >= 1e-9 && box.value() <= 1e-6, outside);
         }
-        box.setValue(5e-7);
-        QTest::keyClick(&box, Qt::Key_Up);
-        QCOMPARE(box.value(), 1e-6);
-        box.setValue(2e-9);
-        QTest::keyClick(&box, Qt::Key_Down);
-        QCOMPARE(box.value(), 1e-9);
+        for (const auto &[from, key, limit] :
+             {std::tuple(5e-7, Qt::Key_Up, 1e-6), {2e-9, Qt::Key_Down, 1e-9}}) {
+            box.setValue(from);
+            QTest::keyClick(&box, key);
+            QCOMPARE(box.value(), limit);
+        }
     }
 
     void mayBeDeletedInAnswer()

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/QtSingleApplication.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
+#include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QFileInfo>
 #include <QLocalSocket>
@@ -103,9 +105,6 @@ int asAnotherUser(const Body &body)
     return WEXITSTATUS(status);
 }
 
-//! Creates something at the path where the folder is expected.
-using PrepareFolder = void (*)(const QByteArray &path);
-
 sockaddr_un addressOf(const QString &socketFile)
 {
     sockaddr_un address{};
@@ -116,8 +115,6 @@ sockaddr_un addressOf(const QString &socketFile)
 
 } // namespace
 
-Q_DECLARE_METATYPE(PrepareFolder)
-
 class tst_QtSingleApplication : public QObject
 {
     Q_OBJECT
@@ -125,24 +122,17 @@ class tst_QtSingleApplication : public QObject
 private Q_SLOTS:
     void init() { m_id = QString("test %1 %2").arg(qApp->applicationPid()).arg(++m_number); }
 
-    void secondProcessHandsItsRequestOver()
+    void aSecondProcessHandsItsRequestOver()
     {
         Peer first({m_id, "serve"});
         QCOMPARE(first.line(), QString("first"));
-        Peer second({m_id, "serve"});
-        QCOMPARE(second.line(), QString("second"));
+        QCOMPARE(Peer({m_id, "serve"}).line(), QString("second"));
+        QCOMPARE(Peer({m_id + " other", "serve"}).line(), QString("first"));
 
+        QCOMPARE(Peer({m_id + " other", "send", "hello"}).result(), 1);
         const QString request = QChar(0xb5) + QString("A open run.csv");
         QCOMPARE(Peer({m_id, "send", request}).result(), 0);
         QCOMPARE(first.line(), request);
-    }
-
-    void anotherIdIsAnotherApplication()
-    {
-        Peer first({m_id, "serve"});
-        QCOMPARE(first.line(), QString("first"));
-        Peer other({m_id + " other", "serve"});
-        QCOMPARE(other.line(), QString("first"));
     }
 
     void crashedFirstInstanceDoesNotBlock()
@@ -162,11 +152,8 @@ private Q_SLOTS:
 
     void damagedLockFileDoesNotBlock()
     {
-        QFile lock(SingleInstance(m_id).serverName() + ".lock");
-        QVERIFY(lock.open(QFile::WriteOnly));
-        lock.close();
-        Peer first({m_id, "serve"});
-        QCOMPARE(first.line(), QString("first"));
+        putFile(SingleInstance(m_id).serverName() + ".lock", "");
+        QCOMPARE(Peer({m_id, "serve"}).line(), QString("first"));
     }
 
     void severalAtOnceHaveOneFirst()
@@ -183,30 +170,22 @@ private Q_SLOTS:
 
     void activationWindow_data()
     {
-        QTest::addColumn<QString>("settings");
-        QTest::addColumn<QString>("expected");
-        row("no window", "", "hello: an icon");
-        row("at a message", "on", "hello: open");
-        row("not at a message", "off", "hello: an icon");
-        row("no longer at a message", "on off", "hello: an icon");
-        row("at a message in the end", "off on on", "hello: open");
+        tableFrom(R"(
+            | settings | answer
+            no window | | hello: an icon
+            at a message | on | hello: open
+            not at a message | off | hello: an icon
+            no longer at a message | on off | hello: an icon
+            at a message in the end | off on on | hello: open
+        )");
     }
     void activationWindow()
     {
         QFETCH(QString, settings);
-        QFETCH(QString, expected);
         Peer first(QStringList{m_id, "window"} + settings.split(' ', Qt::SkipEmptyParts));
         QCOMPARE(first.line(), QString("first"));
         QCOMPARE(Peer({m_id, "send", "hello"}).result(), 0);
-        QCOMPARE(first.line(), expected);
-    }
-
-    void nobodyToSendTo() { QCOMPARE(Peer({m_id, "send", "hello"}).result(), 1); }
-
-    void onlyThisUserMayConnect()
-    {
-        const First first(m_id);
-        QVERIFY(!(QFile::permissions(first.serverName()) & kOfOthers));
+        QTEST(first.line(), "answer");
     }
 
     void withoutASessionsFolder()
@@ -224,41 +203,34 @@ private Q_SLOTS:
 
     void folderThatIsNotSafe_data()
     {
-        QTest::addColumn<PrepareFolder>("prepare");
-        const auto row = [](const char *name, PrepareFolder prepare) {
-            QTest::newRow(name) << prepare;
-        };
-        row("open to others", [](const QByteArray &path) {
-            ::mkdir(path, 0700);
-            ::chmod(path, 0770);
-        });
-        row("a link", [](const QByteArray &path) {
-            ::mkdir(path + ".aim", 0700);
-            QCOMPARE(::symlink(path + ".aim", path), 0);
-        });
-        row("a file", [](const QByteArray &path) {
-            ::close(::creat(path, 0700));
-        });
-        row("another user's", [](const QByteArray &path) {
-            ::mkdir(path, 0700);
-            if (::chown(path, kAnotherUser, kAnotherUser) != 0)
-                QSKIP("only root can give a folder away");
-        });
+        QTest::addColumn<QString>("folder");
+        for (const char *folder : {"open to others", "a link", "a file", "of another user"})
+            QTest::newRow(folder) << QString(folder);
     }
     //! Another user may have created the folder, with a lock and a socket in it.
     void folderThatIsNotSafe()
     {
-        QFETCH(PrepareFolder, prepare);
+        QFETCH(QString, folder);
         QTemporaryDir temporary;
-        const QString folder = QString("%1/corvale_qt-%2").arg(temporary.path()).arg(::geteuid());
-        prepare(QFile::encodeName(folder));
+        const QString name = QString("%1/corvale_qt-%2").arg(temporary.path()).arg(::geteuid());
+        const QByteArray path = QFile::encodeName(name);
+        ::mkdir(folder == "a link" ? path + ".aim" : path, 0700);
+        if (folder == "open to others") {
+            ::chmod(path, 0770);
+        } else if (folder == "a link") {
+            QCOMPARE(::symlink(path + ".aim", path), 0);
+        } else if (folder == "a file") {
+            ::rmdir(path);
+            ::close(::creat(path, 0700));
+        } else if (::chown(path, kAnotherUser, kAnotherUser) != 0) {
+            QSKIP("only root can give a folder away");
+        }
         for (int i = 0; i < 2; ++i) {
             Peer peer({m_id, "serve"}, withoutSession(temporary.path()));
             QCOMPARE(peer.line(), QString("first"));
-            const QByteArray said = peer.readAllStandardError();
-            QCOMPARE(said.count("may run several times"), 1);
+            QCOMPARE(peer.readAllStandardError().count("may run several times"), 1);
         }
-        QVERIFY(QDir(folder).isEmpty());
+        QVERIFY(QDir(name).isEmpty());
         QCOMPARE(Peer({m_id, "send", "x"}, withoutSession(temporary.path())).result(), 1);
     }
 

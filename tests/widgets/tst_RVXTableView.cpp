@@ -56,29 +56,25 @@ private Q_SLOTS:
         QTRY_VERIFY(!button->isVisible());
     }
 
-    void buttonThatTheHostHid_data()
-    {
-        QTest::addColumn<bool>("whileWithoutHeader");
-        QTest::newRow("while it was seen") << false;
-        QTest::newRow("while a header was hidden") << true;
-    }
+    //! Hidden while it was seen, or while a header was hidden.
     void buttonThatTheHostHid()
     {
-        QFETCH(bool, whileWithoutHeader);
-        auto *button = new QPushButton("C");
-        m_view->setCornerButton(button);
-        m_view->verticalHeader()->setHidden(whileWithoutHeader);
-        QTRY_COMPARE(button->isVisible(), !whileWithoutHeader);
-        button->hide();
-        m_view->verticalHeader()->hide();
-        m_view->verticalHeader()->show();
-        m_view->verticalHeader()->setFixedWidth(77);
-        QTRY_COMPARE(button->width(), 77);
-        QVERIFY(!button->isVisible());
-        button->show();
-        m_view->verticalHeader()->setFixedWidth(78);
-        QTRY_COMPARE(button->width(), 78);
-        QVERIFY(button->isVisible());
+        for (const bool withoutHeader : {false, true}) {
+            auto *button = new QPushButton("C");
+            m_view->setCornerButton(button);
+            m_view->verticalHeader()->setHidden(withoutHeader);
+            QTRY_COMPARE(button->isVisible(), !withoutHeader);
+            button->hide();
+            m_view->verticalHeader()->hide();
+            m_view->verticalHeader()->show();
+            m_view->verticalHeader()->setFixedWidth(77);
+            QTRY_COMPARE(button->width(), 77);
+            QVERIFY(!button->isVisible());
+            button->show();
+            m_view->verticalHeader()->setFixedWidth(78);
+            QTRY_COMPARE(button->width(), 78);
+            QVERIFY(button->isVisible());
+        }
     }
 
     void builtInCornerSelectsAll()

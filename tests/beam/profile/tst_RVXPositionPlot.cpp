@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -121,13 +122,13 @@ private Q_SLOTS:
 
     void aPositionOutOfRangeIsAnArrowAtTheEdge_data()
     {
-        QTest::addColumn<QPointF>("position");
+        columns<QPointF>("position");
         QTest::addColumn<QPointF>("edge"); // of axes from -1 to 1
-        QTest::newRow("right") << QPointF(7, 0.3) << QPointF(1, 0.3);
-        QTest::newRow("left, far away") << QPointF(-1e100, -0.5) << QPointF(-1, -0.5);
-        QTest::newRow("above") << QPointF(0.2, 1.5) << QPointF(0.2, 1);
-        QTest::newRow("below") << QPointF(-0.6, -3) << QPointF(-0.6, -1);
-        QTest::newRow("beyond a corner") << QPointF(4, -3) << QPointF(1, -1);
+        row("right", QPointF(7, 0.3), QPointF(1, 0.3));
+        row("left, far away", QPointF(-1e100, -0.5), QPointF(-1, -0.5));
+        row("above", QPointF(0.2, 1.5), QPointF(0.2, 1));
+        row("below", QPointF(-0.6, -3), QPointF(-0.6, -1));
+        row("beyond a corner", QPointF(4, -3), QPointF(1, -1));
     }
     void aPositionOutOfRangeIsAnArrowAtTheEdge()
     {

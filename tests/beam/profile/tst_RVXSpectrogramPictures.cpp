@@ -6,6 +6,7 @@
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_item.h>
@@ -124,18 +125,15 @@ class tst_RVXSpectrogramPictures : public QObject
 private:
     static void bothDetectors()
     {
-        QTest::addColumn<bool>("strips");
-        QTest::newRow("pixels") << false;
-        QTest::newRow("strips") << true;
+        columns<bool>("strips");
+        row("pixels", false);
+        row("strips", true);
     }
 
 private Q_SLOTS:
     void theEllipseLiesAlongTheBeam_data()
     {
-        QTest::addColumn<bool>("strips");
-        QTest::addColumn<double>("degrees");
-        QTest::addColumn<bool>("invertX");
-        QTest::addColumn<bool>("invertY");
+        columns<bool, double, bool, bool>("strips", "degrees", "invertX", "invertY");
         for (int inversion = 0; inversion < 4; ++inversion) {
             for (double degrees : {0, 30, 45, 90, 135}) {
                 for (bool strips : {false, true}) {
@@ -248,14 +246,16 @@ private Q_SLOTS:
 
     void coloursStandForReadings_data()
     {
-        QTest::addColumn<int>("mode");
+        columns<int>("mode");
         QTest::addColumn<QString>("colours"); // at 0, 0.05, 0.1, 0.2, 0.3 ... 1 of full scale
-        QTest::newRow("colour") << 1
-                                << "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
-                                   "ff8000 ff0000 ff0000";
-        QTest::newRow("grey") << 0
-                              << "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
-                                 "cccccc e6e6e6 ffffff";
+        row("colour",
+            1,
+            "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
+            "ff8000 ff0000 ff0000");
+        row("grey",
+            0,
+            "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
+            "cccccc e6e6e6 ffffff");
     }
     void coloursStandForReadings()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/GaussianRadialGradientBrush.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QPainter>
@@ -46,12 +47,11 @@ class tst_GaussianRadialGradientBrush : public QObject
 private Q_SLOTS:
     void opacityFollowsTheGaussian_data()
     {
-        QTest::addColumn<double>("amplitude");
-        QTest::addColumn<double>("sigma");
-        QTest::newRow("narrower than a step") << 1.0 << 0.001;
-        QTest::newRow("some steps") << 0.7 << 0.1;
-        QTest::newRow("nearly all of the radius") << 0.5 << 0.38;
-        QTest::newRow("wider than the radius") << 0.95 << 0.5;
+        columns<double, double>("amplitude", "sigma");
+        row("narrower than a step", 1.0, 0.001);
+        row("some steps", 0.7, 0.1);
+        row("nearly all of the radius", 0.5, 0.38);
+        row("wider than the radius", 0.95, 0.5);
     }
 
     void opacityFollowsTheGaussian()

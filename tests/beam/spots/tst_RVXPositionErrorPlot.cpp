@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "tests/beam/spots/SpotTable.h"
 #include "tests/support/ModelWatch.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -75,17 +76,15 @@ class tst_RVXPositionErrorPlot : public QObject
 private Q_SLOTS:
     void toleranceSetsTheAxes_data()
     {
-        QTest::addColumn<float>("tx");
-        QTest::addColumn<float>("ty");
-        QTest::addColumn<QString>("axes");
-        QTest::newRow("2.4 and 0.6, rounded up") << 2.0F << 0.5F << "-3 3 step 1, -1 1 step 1";
+        columns<float, float, QString>("tx", "ty", "axes");
+        row("2.4 and 0.6, rounded up", 2.0F, 0.5F, "-3 3 step 1, -1 1 step 1");
         // 1.2F x 5.0F is 6.00000024 before it is rounded to single precision, and 6 after.
-        QTest::newRow("in single precision") << 5.0F << 2.5F << "-6 6 step 1, -3 3 step 1";
-        QTest::newRow("a large one") << 1000.0F << 80.0F << "-1200 1200 step 1, -96 96 step 1";
-        QTest::newRow("0 is ignored") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("a negative one is ignored") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("NaN is ignored") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("one of metres is ignored") << 1.0F << 1e30F << "-4 4 step 1, -4 4 step 1";
+        row("in single precision", 5.0F, 2.5F, "-6 6 step 1, -3 3 step 1");
+        row("a large one", 1000.0F, 80.0F, "-1200 1200 step 1, -96 96 step 1");
+        row("0 is ignored", 0.0F, 1.0F, "-4 4 step 1, -4 4 step 1");
+        row("a negative one is ignored", 1.0F, -1.0F, "-4 4 step 1, -4 4 step 1");
+        row("NaN is ignored", float(qQNaN()), 1.0F, "-4 4 step 1, -4 4 step 1");
+        row("one of metres is ignored", 1.0F, 1e30F, "-4 4 step 1, -4 4 step 1");
     }
 
     void toleranceSetsTheAxes()

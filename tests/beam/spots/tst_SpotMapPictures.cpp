@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Tests what a spot map shows by its pixels.
 #include "tests/beam/spots/SpotMapInTest.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QFile>
@@ -18,11 +19,10 @@ private Q_SLOTS:
 
     void aSpotIsBrightestWhereItBelongs_data()
     {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        QTest::newRow("top left") << -30.0 << 30.0;
-        QTest::newRow("bottom right") << 30.0 << -30.0;
-        QTest::newRow("between") << 11.0 << -7.0;
+        columns<double, double>("x", "y");
+        row("top left", -30.0, 30.0);
+        row("bottom right", 30.0, -30.0);
+        row("between", 11.0, -7.0);
     }
 
     void aSpotIsBrightestWhereItBelongs()
@@ -152,11 +152,10 @@ private Q_SLOTS:
     //! The difference shows another position or size of a spot as it does another dose.
     void aDifferenceComparesAllOfASpot_data()
     {
-        QTest::addColumn<QString>("planned");
-        QTest::addColumn<double>("x");
-        QTest::newRow("to the left") << "-4 0 10 3" << -6.0;
-        QTest::newRow("above") << "0 6 10 3" << 0.0;
-        QTest::newRow("wider") << "0 0 10 5" << -6.0;
+        columns<QString, double>("planned", "x");
+        row("to the left", "-4 0 10 3", -6.0);
+        row("above", "0 6 10 3", 0.0);
+        row("wider", "0 0 10 5", -6.0);
     }
     void aDifferenceComparesAllOfASpot()
     {
@@ -176,19 +175,16 @@ private Q_SLOTS:
 
     void whatCannotBeShownIsToldInWords_data()
     {
-        QTest::addColumn<QString>("spots");
+        columns<QString>("spots");
         QTest::addColumn<QString>("others"); // "-": no comparison
-        QTest::addColumn<bool>("told");
-        QTest::newRow("all is well") << cornerSpots << "-" << false;
-        QTest::newRow("all is well in both") << cornerSpots << cornerSpots << false;
-        QTest::newRow("nothing") << ""
-                                 << "-" << true;
-        QTest::newRow("a spot without a place") << cornerSpots + "; nan 0 1 1"
-                                                << "-" << true;
-        QTest::newRow("nothing to compare with") << cornerSpots << "" << true;
-        QTest::newRow("nothing to compare") << "" << cornerSpots << true;
-        QTest::newRow("one to compare with has no width")
-            << cornerSpots << cornerSpots + "; 0 0 1 0" << true;
+        columns<bool>("told");
+        row("all is well", cornerSpots, "-", false);
+        row("all is well in both", cornerSpots, cornerSpots, false);
+        row("nothing", "", "-", true);
+        row("a spot without a place", cornerSpots + "; nan 0 1 1", "-", true);
+        row("nothing to compare with", cornerSpots, "", true);
+        row("nothing to compare", "", cornerSpots, true);
+        row("one to compare with has no width", cornerSpots, cornerSpots + "; 0 0 1 0", true);
     }
     void whatCannotBeShownIsToldInWords()
     {

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/spots/SpotTable.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_scale_draw.h>
@@ -34,11 +35,11 @@ class tst_SpotMapWidget : public QObject
 private Q_SLOTS:
     void scalesLineUpWithThePicture_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("as it comes") << QSize(420, 480);
-        QTest::newRow("wide") << QSize(900, 400);
-        QTest::newRow("high") << QSize(333, 801);
-        QTest::newRow("small") << QSize(10, 10);
+        columns<QSize>("size");
+        row("as it comes", QSize(420, 480));
+        row("wide", QSize(900, 400));
+        row("high", QSize(333, 801));
+        row("small", QSize(10, 10));
     }
 
     void scalesLineUpWithThePicture()

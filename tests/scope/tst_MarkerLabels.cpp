@@ -4,9 +4,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QPainter>
-#include <QScrollBar>
-
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 

@@ -8,9 +8,6 @@
 
 #include <qwt_plot.h>
 
-#include <QScrollBar>
-#include <QVBoxLayout>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -7,15 +7,6 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/TestMain.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStandardItemModel>
-#include <QTemporaryDir>
-#include <QVBoxLayout>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -5,9 +5,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QLabel>
-#include <QTemporaryDir>
-
 using namespace Corvale_Qt;
 
 namespace {

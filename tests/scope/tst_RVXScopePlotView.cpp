@@ -10,9 +10,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QLabel>
-#include <QScrollBar>
-
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 

@@ -5,9 +5,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QMessageBox>
-#include <QTemporaryDir>
-
 using namespace Corvale_Qt;
 
 namespace {

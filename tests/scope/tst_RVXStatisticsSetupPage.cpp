@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
-#include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/scope/StatisticsPage.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
-
-#include <QFormLayout>
-#include <QVBoxLayout>
 
 using namespace Corvale_Qt;
 
@@ -35,16 +31,18 @@ private Q_SLOTS:
         RVXStatisticsSetupPage page;
         page.show();
         Announcements announced(page);
-
+        const auto press = [&page](const char *control, Qt::Key key) {
+            QTest::keyClick(child<QWidget>(page, control), key);
+        };
         toggleGroup(page, "CoGCBox");
         QCOMPARE(announced.takeCoG(), QString("1x on 0 0.1 10, 1 peaks"));
         type(page, "CoGThresholdEdit", "25");
         QVERIFY(announced.takeCoG().endsWith("on 0 0.25 10, 1 peaks"));
-        QTest::keyClick(child<QSpinBox>(page, "CoGWindowEdit"), Qt::Key_Up);
+        press("CoGWindowEdit", Qt::Key_Up);
         QCOMPARE(announced.takeCoG(), QString("1x on 0 0.25 11, 1 peaks"));
-        QTest::keyClick(child<QWidget>(page, "CoGWindowRadio"), Qt::Key_Space);
+        press("CoGWindowRadio", Qt::Key_Space);
         QCOMPARE(announced.takeCoG(), QString("1x on 1 0.25 11, 1 peaks"));
-        QTest::keyClick(child<QWidget>(page, "CoGThresholdRadio"), Qt::Key_Space);
+        press("CoGThresholdRadio", Qt::Key_Space);
         QCOMPARE(announced.takeCoG(), QString("1x on 0 0.25 11, 1 peaks"));
         QCOMPARE(announced.takeFit(), QString());
 
@@ -59,17 +57,25 @@ private Q_SLOTS:
         QCOMPARE(announced.takeCoG(), QString());
 
         toggleGroup(page, "fullStatsCBox");
-        QTest::keyClick(child<QSpinBox>(page, "Chi2WindowEdit"), Qt::Key_Down);
+        press("Chi2WindowEdit", Qt::Key_Down);
         QCOMPARE(announced.takeFit(), QString("2x on 0.5 1024 2.5e-10 1e-09 2 4, 1 peaks"));
         QCOMPARE(announced.takeCoG(), QString("2x on 0 0.25 11, 1 peaks"));
-        QTest::keyClick(child<QComboBox>(page, "peaksEdit"), Qt::Key_Down);
+        press("peaksEdit", Qt::Key_Down);
         QCOMPARE(announced.takeCoG(), QString("1x on 0 0.25 11, 2 peaks"));
         QCOMPARE(announced.takeFit(), QString("1x on 0.5 1024 2.5e-10 1e-09 2 4, 2 peaks"));
-
         toggleGroup(page, "CoGCBox");
         toggleGroup(page, "regressionCBox");
-        QCOMPARE(announced.takeCoG(), QString("1x off, 2 peaks"));
-        QCOMPARE(announced.takeFit(), QString("1x off, 2 peaks"));
+        QCOMPARE(announced.takeCoG() + announced.takeFit(),
+                 QString("1x off, 2 peaks1x off, 2 peaks"));
+
+        QStringList chosen;
+        for (const int n : {1, 2, 4, 8, 3, 0, -1, 16}) {
+            page.set_peaks(n);
+            chosen << child<QComboBox>(page, "peaksEdit")->currentText();
+            QVERIFY(announced.takeCoG().startsWith("1x off"));
+            QVERIFY(announced.takeFit().startsWith("1x off"));
+        }
+        QCOMPARE(chosen.join(' '), QString("1 2 4 8 1 1 1 1"));
     }
 
     //! The full statistics also enable the threshold and the window of either group, whatever happens around the page.
@@ -118,20 +124,6 @@ private Q_SLOTS:
         QCOMPARE(enabled(), QString());
     }
 
-    void peaks()
-    {
-        RVXStatisticsSetupPage page;
-        Announcements announced(page);
-        QStringList chosen;
-        for (const int n : {1, 2, 4, 8, 3, 0, -1, 16}) {
-            page.set_peaks(n);
-            chosen << child<QComboBox>(page, "peaksEdit")->currentText();
-            QVERIFY(announced.takeCoG().startsWith("1x off"));
-            QVERIFY(announced.takeFit().startsWith("1x off"));
-        }
-        QCOMPARE(chosen.join(' '), QString("1 2 4 8 1 1 1 1"));
-    }
-
     void viewsFollow()
     {
         RVXStatisticsSetupPage page;
@@ -165,42 +157,38 @@ private Q_SLOTS:
     //! The choices of the page and what they make of a small profile, worked out by hand.
     void throughToTheHistogram()
     {
-        ScopeTestModel model(8);
-        model.show({1, 0, 4, 8, 4, 0, 0, 3});
-        ScopeTestView view(&model);
+        ModelView view(8);
+        view.model.show({1, 0, 4, 8, 4, 0, 0, 3});
         view.SetPlotMode(RVXScopePlotView::HistogramMode);
         RVXStatisticsSetupPage page;
         page.addPlotView(&view);
+        int lines = 0;
         const auto results = [&](RVXScopePlotView::HistogramItemTypes type) {
             view.settle();
             QStringList texts;
             for (const auto *item : view.histogramItems(type)) {
-                texts << (item->statusMessage().isEmpty()
-                              ? QString::number(item->position(), 'f', 2)
-                              : item->statusMessage());
+                const QString message = item->statusMessage();
+                texts << (message.isEmpty() ? QString::number(item->position(), 'f', 2) : message);
+                lines = item->label().count('\n');
             }
             return texts.join(' ');
         };
+        const auto cog = RVXScopePlotView::CenterOfGravityItem;
+        const auto fit = RVXScopePlotView::RegressionItem;
         toggleGroup(page, "CoGCBox");
         toggleGroup(page, "regressionCBox");
         type(page, "CoGThresholdEdit", "30");
-        QCOMPARE(results(RVXScopePlotView::CenterOfGravityItem),
-                 QString("4.63")); // 88 / 19, not the 1
+        QCOMPARE(results(cog), QString("4.63")); // 88 / 19, not the 1
         page.set_peaks(2);
-        QCOMPARE(results(RVXScopePlotView::CenterOfGravityItem),
-                 QString("3.67 6.29")); // 44/12, 44/7
+        QCOMPARE(results(cog), QString("3.67 6.29")); // 44 / 12 and 44 / 7
         page.set_peaks(1);
-        QCOMPARE(results(RVXScopePlotView::RegressionItem),
-                 QString("4.00")); // 4, 8, 4 are symmetric
+        QCOMPARE(results(fit), QString("4.00")); // 4, 8, 4 are symmetric
         type(page, "sumthreshold", "21");
-        QCOMPARE(results(RVXScopePlotView::RegressionItem), QString("Signal below threshold."));
-        const auto labels = [&] {
-            return view.histogramItems(RVXScopePlotView::CenterOfGravityItem).first()->label()
-                + view.histogramItems(RVXScopePlotView::RegressionItem).first()->label();
-        };
-        const int brief = labels().count('\n');
-        toggleGroup(page, "fullStatsCBox"); // two more lines in the first label, five in the second
-        QCOMPARE(labels().count('\n'), brief + 2 + 5);
+        QCOMPARE(results(fit), QString("Signal below threshold."));
+        const int brief = lines;
+        toggleGroup(page, "fullStatsCBox");
+        results(fit);
+        QCOMPARE(lines, brief + 5);
     }
 
     void keyboard()

@@ -5,8 +5,6 @@
 
 #include <qwt_scale_widget.h>
 
-#include <QApplication>
-
 #include <cmath>
 
 using namespace Corvale_Qt;

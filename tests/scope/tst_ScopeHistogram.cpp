@@ -8,8 +8,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QLabel>
-
 #include <cmath>
 
 using namespace Corvale_Qt;

@@ -4,8 +4,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QScrollBar>
-
 #include <cmath>
 
 using namespace Corvale_Qt;

@@ -14,11 +14,6 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QScrollArea>
-#include <QSpinBox>
-
 #include <functional>
 
 using namespace Corvale_Qt;

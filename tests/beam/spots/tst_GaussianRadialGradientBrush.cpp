@@ -3,8 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QPainter>
-
 #include <cmath>
 #include <memory>
 

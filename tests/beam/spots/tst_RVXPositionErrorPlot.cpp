@@ -10,10 +10,6 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QPolygonF>
-
 using namespace Corvale_Qt;
 
 namespace {

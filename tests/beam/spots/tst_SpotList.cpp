@@ -4,8 +4,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QRandomGenerator>
-
 using namespace Corvale_Qt;
 using Spot = SpotMapView::MapSpot;
 

@@ -4,9 +4,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QFile>
 #include <QGLWidget>
-#include <QSignalSpy>
 
 using namespace Corvale_Qt;
 

@@ -5,11 +5,6 @@
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 
-#include <QHelpEvent>
-#include <QSignalSpy>
-#include <QSortFilterProxyModel>
-#include <QToolTip>
-
 using namespace Corvale_Qt;
 
 class tst_SpotMapView : public QObject

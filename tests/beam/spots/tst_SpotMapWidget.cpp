@@ -9,11 +9,6 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QStackedWidget>
-
 using namespace Corvale_Qt;
 
 namespace {

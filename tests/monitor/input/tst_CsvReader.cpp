@@ -5,8 +5,6 @@
 #include "tests/support/TestMain.h"
 #include <corvale_qt/models/RVXSingleChannelDataModel.h>
 
-#include <QTemporaryDir>
-
 using namespace Monitor;
 
 static QString readAll(const QString &path, int pieceSize = 5)
@@ -88,7 +86,7 @@ private Q_SLOTS:
         QFETCH(QString, expected);
         const QString path = file(content);
         if (qstrcmp(QTest::currentDataTag(), "zeros and a picture") == 0)
-            QVERIFY(!readAll(path).contains(QLatin1String("start")));
+            QVERIFY(!readAll(path).contains("start"));
         else
             QCOMPARE(readAll(path), expected);
         QCOMPARE(readAll(path, 1), readAll(path, 1000000));
@@ -99,10 +97,9 @@ private Q_SLOTS:
         Corvale_Qt::RVXSingleChannelDataModel model;
         model.AddData(0.25, 1.5e-9);
         model.AddData(0.5, -2e-9);
-        const QString path = m_dir.filePath(QStringLiteral("saved.csv"));
+        const QString path = m_dir.filePath("saved.csv");
         QVERIFY(model.SaveDataToFile(path));
-        QCOMPARE(readAll(path),
-                 QStringLiteral("start channels channel_1 | 0.25: 1.5e-09 | 0.5: -2e-09"));
+        QCOMPARE(readAll(path), QString("start channels channel_1 | 0.25: 1.5e-09 | 0.5: -2e-09"));
     }
 
     //! Every length that a kill may leave: never a number that was not written.
@@ -112,23 +109,22 @@ private Q_SLOTS:
                                  "nA\ntime_s,a_nA\n0,1.25\n1,2.25e-9\n2,3.25e-9\n";
         QString before;
         for (int size = whole.indexOf("0,1.25"); size <= whole.size(); ++size) {
-            const QStringList items = readAll(file(whole.left(size))).split(QStringLiteral(" | "));
+            const QStringList items = readAll(file(whole.left(size))).split(" | ");
             for (const QString &item : items)
                 QVERIFY2(QStringList(
                              {"", "start channels a:nA", "0: 1.25", "1: 2.25e-09", "2: 3.25e-09"})
                                  .contains(item)
-                             || item.startsWith(QLatin1String("event the recording's last line")),
+                             || item.startsWith("event the recording's last line"),
                          qPrintable(item));
             before = items.last();
         }
-        QCOMPARE(before, QStringLiteral("2: 3.25e-09"));
+        QCOMPARE(before, QString("2: 3.25e-09"));
     }
 
     void saysWhyAFileCannotBeRead()
     {
-        QVERIFY(readAll(m_dir.filePath(QStringLiteral("missing.csv")))
-                    .contains(QLatin1String("No such file")));
-        QCOMPARE(readAll(m_dir.path()), QStringLiteral("it is not a regular file"));
+        QVERIFY(readAll(m_dir.filePath("missing.csv")).contains("No such file"));
+        QCOMPARE(readAll(m_dir.path()), QString("it is not a regular file"));
     }
 
     void startsOver()
@@ -153,9 +149,8 @@ private Q_SLOTS:
             row += "," + QByteArray::number(i);
         }
         const QString text = readAll(file(header + "\n" + row + "\n"), 100000);
-        QVERIFY(
-            text.startsWith(QLatin1String("event 44 columns beyond the first 256 are left out")));
-        QVERIFY(text.endsWith(QLatin1String(" 254 255")));
+        QVERIFY(text.startsWith("event 44 columns beyond the first 256 are left out"));
+        QVERIFY(text.endsWith(" 254 255"));
     }
 
     void knowsTheRealFiles_data()
@@ -193,7 +188,7 @@ private Q_SLOTS:
 private:
     QString file(const QByteArray &content)
     {
-        QFile file(m_dir.filePath(QStringLiteral("table.csv")));
+        QFile file(m_dir.filePath("table.csv"));
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("cannot write a test's table");
         return file.fileName();

@@ -83,9 +83,8 @@ private Q_SLOTS:
             "start channels ch1 | 0: 0 | 1: 0 | refused 3-4 unreadable | 4: 0 | refused 6 "
             "unreadable | 6: 1");
         const QByteArray zeros(400, '0'), ones(400, '1');
-        QTest::newRow("the same, written out")
-            << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
-            << QStringLiteral("refused 2 unreadable | start channels ch1 | 0: 0 | 2: 1");
+        QTest::newRow("the same, written out") << "0,0." + zeros + "1e+9/1," + ones
+                + "e-9/2,1" << QString("refused 2 unreadable | start channels ch1 | 0: 0 | 2: 1");
         row("a time too large for its unit",
             "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
             "refused 2-3 unreadable | start channels a | 6e+306: 2 | 1.2e+307: 3");
@@ -148,13 +147,12 @@ private Q_SLOTS:
     void tooMuchIsDropped()
     {
         const QByteArray most = "0" + QByteArray(",1").repeated(256);
-        QCOMPARE(readAll(most).count(QStringLiteral(" 1")), 256);
-        QCOMPARE(readAll(most + ",1/0,1"),
-                 QStringLiteral("refused 1 many | start channels ch1 | 0: 1"));
+        QCOMPARE(readAll(most).count(QString(" 1")), 256);
+        QCOMPARE(readAll(most + ",1/0,1"), QString("refused 1 many | start channels ch1 | 0: 1"));
         QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
-                 QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 many | 2: 3"));
+                 QString("start channels ch1 | 0: 1 | 1: 2 | refused 3 many | 2: 3"));
         const QByteArray commas(LineSplitter::maxLength, ',');
-        QCOMPARE(readAll(commas), QStringLiteral("refused 1 many"));
+        QCOMPARE(readAll(commas), QString("refused 1 many"));
     }
 
     void aCutAndMadeConnection_data()
@@ -194,7 +192,7 @@ private Q_SLOTS:
             protocol.setArrivalTime(0.5 * i);
             protocol.takeLine(",7", false);
         }
-        QCOMPARE(sink.text(), QStringLiteral("start channels ch1 | 0: 7 | 0.5: 7 | 1: 7"));
+        QCOMPARE(sink.text(), QString("start channels ch1 | 0: 7 | 0.5: 7 | 1: 7"));
     }
 
     void metadataReachesTheHeader()

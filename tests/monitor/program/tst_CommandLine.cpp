@@ -16,7 +16,7 @@ private Q_SLOTS:
     {
         CommandLine none;
         QCOMPARE(parsed({}, &none), QString());
-        QCOMPARE(none.source, QStringLiteral("sim:strips"));
+        QCOMPARE(none.source, QString("sim:strips"));
         QVERIFY(none.task == CommandLine::Task::Window && none.needsDisplay());
         QCOMPARE(none.file.speed, 1.0);
 
@@ -25,12 +25,12 @@ private Q_SLOTS:
                         "--range -1e-6,1e-6",
                         &play),
                  QString());
-        QCOMPARE(play.source, QStringLiteral("a.csv"));
+        QCOMPARE(play.source, QString("a.csv"));
         QCOMPARE(play.file.speed, 4.0);
         QVERIFY(play.file.loop);
         QCOMPARE(play.file.from, 10.0);
         QCOMPARE(play.file.to, 20.5);
-        QCOMPARE(play.record.path, QStringLiteral("r"));
+        QCOMPARE(play.record.path, QString("r"));
         QCOMPARE(play.record.rotateBytes, qint64(100000000));
         QCOMPARE(play.rangeLow, -1e-6);
 
@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(parsed("--record d --rotate 1h --after 500ms -", &hour), QString());
         QCOMPARE(hour.record.rotateSeconds, 3600.0);
         QCOMPARE(hour.afterSeconds, 0.5);
-        QCOMPARE(hour.source, QStringLiteral("-"));
+        QCOMPARE(hour.source, QString("-"));
     }
 
     void whatIsRefused_data()
@@ -88,11 +88,10 @@ private Q_SLOTS:
         const QString help = CommandLine::helpText();
         QString page = QString::fromUtf8(CommandLine::manPage());
         page.remove(QLatin1Char('\\'));
-        QVERIFY(page.startsWith(QLatin1String(".TH CORVALE-MONITOR 1")));
+        QVERIFY(page.startsWith(".TH CORVALE-MONITOR 1"));
         for (const OptionText &option : optionTexts())
             for (const QString &text : {help, page}) {
-                QVERIFY2(text.contains(QStringLiteral("--") + option.name),
-                         qPrintable(option.name));
+                QVERIFY2(text.contains(QString("--") + option.name), qPrintable(option.name));
                 QVERIFY2(text.contains(option.text), qPrintable(option.name));
             }
         for (const TopicText &topic : topicTexts())

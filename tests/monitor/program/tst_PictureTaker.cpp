@@ -4,9 +4,6 @@
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/TestMain.h"
 
-#include <QImage>
-#include <QTemporaryDir>
-
 using namespace Monitor;
 
 //! When a picture is taken, and when there will be none, by a clock that the test moves.

@@ -7,10 +7,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QDir>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
 #include <algorithm>
 #include <cmath>
 #include <csignal>
@@ -150,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(read.numbers.size(), std::size_t(15000));
         QCOMPARE(std::memcmp(read.numbers.data(), written.numbers.data(), 15000 * sizeof(double)),
                  0);
-        QCOMPARE(read.text(), QStringLiteral("start channels left:nA right"));
+        QCOMPARE(read.text(), QString("start channels left:nA right"));
     }
 
     //! A kill -9 leaves what the system has been given; at most the last second is missing.
@@ -167,7 +163,7 @@ private Q_SLOTS:
             while (reader.read(10000)) { }
             QVERIFY(i - reader.counts().readings <= 10);
             QCOMPARE(reader.counts().bad(), qint64(0));
-            QCOMPARE(sink.lines.filter(QStringLiteral("event")).size(), 0); // whole lines only
+            QCOMPARE(sink.lines.filter(QString("event")).size(), 0); // whole lines only
         }
     }
 
@@ -176,19 +172,18 @@ private Q_SLOTS:
         putFile(path("a.csv"), "precious");
         Recording careful(path("a.csv"));
         QVERIFY(!careful.begin());
-        QVERIFY(careful.recorder().errorString().contains(QLatin1String("exists already")));
+        QVERIFY(careful.recorder().errorString().contains("exists already"));
         QCOMPARE(fileContents(path("a.csv")), QByteArray("precious"));
 
         Recording told(path("a.csv"), true);
         QVERIFY(told.begin());
         told.recorder().addReadings(block(0, 1));
         QVERIFY(told.recorder().finish());
-        QCOMPARE(readBack(path("a.csv")),
-                 QStringLiteral("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
 
         Recording nowhere(path("no/such/folder/a.csv"), true);
         QVERIFY(!nowhere.begin());
-        QVERIFY(nowhere.recorder().errorString().contains(QLatin1String("cannot be written")));
+        QVERIFY(nowhere.recorder().errorString().contains("cannot be written"));
     }
 
     void namesFilesInAFolder()
@@ -196,7 +191,7 @@ private Q_SLOTS:
         Recording first(m_dir->path()), second(m_dir->path()); // their clocks say 12:01:40
         QVERIFY(first.begin() && second.begin());
         QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).join(' '),
-                 QStringLiteral("corvale-20260301-120140-2.csv corvale-20260301-120140.csv"));
+                 QString("corvale-20260301-120140-2.csv corvale-20260301-120140.csv"));
     }
 
     void rotates_data()
@@ -205,7 +200,6 @@ private Q_SLOTS:
         row("by time", 5.0, qint64(0));
         row("by size", 0.0, qint64(180));
     }
-
     void rotates()
     {
         QFETCH(double, seconds);
@@ -219,27 +213,23 @@ private Q_SLOTS:
             r.clock.advance(1.0);
         }
         QVERIFY(r.recorder().finish());
-
-        QStringList names = QDir(m_dir->path()).entryList(QDir::Files);
-        QVERIFY(names.size() >= 3);
-        QVERIFY(names.contains(QStringLiteral("a.csv"))
-                && names.contains(QStringLiteral("a-2.csv")));
         // Every file reads alone, and together they hold all readings once.
+        const int files = QDir(m_dir->path()).entryList(QDir::Files).size();
+        QVERIFY(files >= 3);
         QStringList all;
-        for (int i = 1; i <= names.size(); ++i) {
-            const QString name =
-                i == 1 ? QStringLiteral("a.csv") : QStringLiteral("a-%1.csv").arg(i);
-            const qint64 size = QFileInfo(m_dir->filePath(name)).size();
-            QVERIFY2(i == names.size() || size >= bytes, qPrintable(QString::number(size)));
-            QStringList lines = readBack(m_dir->filePath(name)).split(QStringLiteral(" | "));
+        for (int i = 1; i <= files; ++i) {
+            const QString file = m_dir->filePath(i == 1 ? "a.csv" : QString("a-%1.csv").arg(i));
+            QVERIFY(i == files || QFileInfo(file).size() >= bytes);
+            QStringList lines = readBack(file).split(" | ");
             if (lines.first().isEmpty())
                 continue; // begun with the last tick, and no reading came
-            QCOMPARE(lines.takeFirst(), QStringLiteral("start channels left:nA right"));
+            QCOMPARE(lines.takeFirst(), QString("start channels left:nA right"));
             all += lines;
         }
-        QCOMPARE(all.size(), 20);
-        QCOMPARE(all.first(), QStringLiteral("0: 0 0.5"));
-        QCOMPARE(all.last(), QStringLiteral("19: 19 0.5"));
+        QStringList expected;
+        for (int i = 0; i < 20; ++i)
+            expected << QString("%1: %1 0.5").arg(i);
+        QCOMPARE(all, expected);
     }
 
     void anotherAcquisitionIsAnotherFile()
@@ -248,70 +238,53 @@ private Q_SLOTS:
         Recorder &recorder = r.recorder();
         QVERIFY(r.begin());
         recorder.addReadings(block(5, 2));
-        recorder.addEvent(QStringLiteral("beam off"));
+        recorder.addEvent(QString("beam off"));
         recorder.startStream(twoChannels());
         recorder.addReadings(block(0, 1));
         QVERIFY(recorder.finish());
-        QCOMPARE(
-            readBack(path("a.csv")),
-            QStringLiteral("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
-        QCOMPARE(readBack(path("a-2.csv")),
-                 QStringLiteral("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readBack(path("a.csv")),
+                 QString("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
+        QCOMPARE(readBack(path("a-2.csv")), QString("start channels left:nA right | 0: 0 0.5"));
     }
 
     void goesOnInAFileThatCanBeFound_data()
     {
-        columns<bool>("toFolder");
-        QTest::addColumn<QString>("command"); // in the folder above run/, which holds the recording
-        columns<QString>("said");
-        QTest::addColumn<QString>("before"); // what became of the first file, in TextSink's words
-        const QString one = QStringLiteral("start channels left:nA right | 0: 0 0.5");
-        const auto row = [](const char *name,
-                            bool toFolder,
-                            const char *command,
-                            const char *said,
-                            const QString &before = {}) {
-            QTest::newRow(name) << toFolder << QString(command) << QString(said) << before;
-        };
-        row("the file is removed", false, "rm run/a.csv", "was removed or renamed");
-        row("the file is renamed", false, "mv run/a.csv kept.csv", "was removed or renamed", one);
-        row("the folder is removed", false, "rm -r run", "was removed or renamed");
-        row("the folder is renamed",
-            false,
-            "mv run older; cp older/a.csv kept.csv",
-            "was removed or renamed",
-            one);
+        // The command runs in the folder above run/, which holds the recording. The last column is what became of the
+        // first file, in TextSink's words.
+        columns<bool, QString, QString, QString>("toFolder", "command", "said", "before");
+        const QString gone = "was removed or renamed";
+        const QString one = "start channels left:nA right | 0: 0 0.5";
+        const QString other = "start channels ch1 ch2 | 7: 8 9";
+        row("the file is removed", false, "rm run/a.csv", gone, QString());
+        row("the file is renamed", false, "mv run/a.csv kept.csv", gone, one);
+        row("the folder is removed", false, "rm -r run", gone, QString());
+        row("the folder is renamed", false, "mv run old; cp old/a.csv kept.csv", gone, one);
         row("a file takes its place",
             false,
             "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
             "was replaced by another file",
-            QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
+            other);
         row("another program writes into it",
             false,
             "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
             "was changed by another program",
-            QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
-        row("the folder of many files is renamed",
-            true,
-            "mv run older; cp older/*.csv kept.csv",
-            "was removed or renamed",
-            one);
+            other);
+        row("the folder of many is renamed", true, "mv run old; cp old/*.csv kept.csv", gone, one);
     }
-
     void goesOnInAFileThatCanBeFound()
     {
         QFETCH(bool, toFolder);
         QFETCH(QString, command);
         QFETCH(QString, said);
         QFETCH(QString, before);
-        QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("run")));
+        QVERIFY(QDir(m_dir->path()).mkdir(QString("run")));
         Recording r(path(toFolder ? "run" : "run/a.csv"));
         r.options.rotateSeconds = 3600.0;
         Recorder &recorder = r.recorder();
         QVERIFY(r.begin());
         recorder.addReadings(block(0, 1));
         r.clock.advance(0.6);
-        const QString shell = QStringLiteral("cd '%1' && { %2; }").arg(m_dir->path(), command);
+        const QString shell = QString("cd '%1' && { %2; }").arg(m_dir->path(), command);
         QCOMPARE(std::system(qPrintable(shell)), 0);
         recorder.addReadings(block(1, 2));
         r.clock.advance(1.0); // twice as early as promised
@@ -323,9 +296,9 @@ private Q_SLOTS:
 
         const QFileInfo now(recorder.fileName());
         QCOMPARE(now.path(), path("run"));
-        QCOMPARE(now.suffix(), QStringLiteral("csv"));
+        QCOMPARE(now.suffix(), QString("csv"));
         const QString text = readBack(now.filePath());
-        QVERIFY2(text.startsWith(QStringLiteral("event recording: ")), qPrintable(text));
+        QVERIFY2(text.startsWith(QString("event recording: ")), qPrintable(text));
         QVERIFY2(text.endsWith(QStringLiteral(
                      "start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
                  qPrintable(text));
@@ -355,24 +328,23 @@ private Q_SLOTS:
                 limit.set(size + rlim_t(more));
                 r.clock.advance(1.0);
             }
-            QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
-                     qPrintable(recorder.errorString()));
+            QVERIFY(recorder.errorString().contains("File too large"));
             const QString written = readBack(path("a.csv"));
             QVERIFY(QFile::remove(path("a.csv")));
             limit.lift();
             r.clock.advance(1.0);
             QVERIFY(recorder.finish());
-            QStringList lines = readBack(path("a.csv")).split(QStringLiteral(" | "));
-            QVERIFY(lines.takeFirst().startsWith(QLatin1String("event recording: ")));
-            const QString rest = lines.join(QStringLiteral(" | "));
+            QStringList lines = readBack(path("a.csv")).split(" | ");
+            QVERIFY(lines.takeFirst().startsWith("event recording: "));
+            const QString rest = lines.join(" | ");
             // No line comes twice or in halves, each is under its own header; whole lines went with the file.
             const QString all =
                 QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5 | "
                                "start channels centre:mm | 7: 0.25");
-            const int had = written.count(QStringLiteral("0.5"));
+            const int had = written.count(QString("0.5"));
             const QString expected = had == 0 ? all
-                : had == 1                    ? QString(all).remove(QStringLiteral("0: 0 0.5 | "))
-                                              : all.section(QStringLiteral(" | "), 3);
+                : had == 1                    ? QString(all).remove(QString("0: 0 0.5 | "))
+                                              : all.section(" | ", 3);
             QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
             QVERIFY(QFile::remove(path("a.csv")));
         }
@@ -385,11 +357,9 @@ private Q_SLOTS:
         first.recorder().addReadings(block(0, 1));
         first.clock.advance(1.0);
         QVERIFY(!second.begin());
-        QVERIFY2(second.recorder().errorString().contains(QLatin1String("another recorder")),
-                 qPrintable(second.recorder().errorString()));
+        QVERIFY(second.recorder().errorString().contains("another recorder"));
         QVERIFY(first.recorder().finish());
-        QCOMPARE(readBack(path("a.csv")),
-                 QStringLiteral("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
         QVERIFY(second.begin());
     }
 
@@ -416,15 +386,15 @@ private Q_SLOTS:
         }
         QCOMPARE(files(), 1 + Recorder::maxStreamFiles);
         QCOMPARE(r.notes.size(), 1);
-        QVERIFY(r.notes.first().contains(QLatin1String("a-101.csv")));
+        QVERIFY(r.notes.first().contains("a-101.csv"));
         QVERIFY(recorder.finish());
         QCOMPARE(recorder.fileName(), path("a-101.csv"));
         // Every stream is there under its own header.
         int streams = 0, readings = 0;
         for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
             const QString text = readBack(file.filePath());
-            streams += text.count(QStringLiteral("start channels"));
-            readings += text.count(QStringLiteral(" 0.5"));
+            streams += text.count(QString("start channels"));
+            readings += text.count(QString(" 0.5"));
         }
         QCOMPARE(streams, 1000);
         QCOMPARE(readings, 2000);
@@ -438,7 +408,7 @@ private Q_SLOTS:
         QVERIFY(r.begin());
         for (int i = 0; i < 30; ++i) {
             recorder.addReadings(block(i, 1));
-            const int written = readBack(path("a.csv")).count(QStringLiteral(" 0.5"));
+            const int written = readBack(path("a.csv")).count(QString(" 0.5"));
             QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
             r.clock.advanceSilently(0.1);
         }
@@ -460,15 +430,14 @@ private Q_SLOTS:
         }
         limit.lift();
         QCOMPARE(failed.count(), 1); // once, however often it tries again
-        QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
-                 qPrintable(recorder.errorString()));
+        QVERIFY(recorder.errorString().contains("File too large"));
         QCOMPARE(QFileInfo(r.options.path).size(), qint64(301));
         r.clock.advance(1.0);
         QCOMPARE(recovered.count(), 1);
         QVERIFY(recorder.finish());
-        const QStringList lines = readBack(r.options.path).split(QStringLiteral(" | "));
+        const QStringList lines = readBack(r.options.path).split(" | ");
         QCOMPARE(lines.size(), 51);
-        QCOMPARE(lines.last(), QStringLiteral("49: 49 0.5"));
+        QCOMPARE(lines.last(), QString("49: 49 0.5"));
     }
 
 private:

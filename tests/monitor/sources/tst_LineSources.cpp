@@ -48,13 +48,32 @@ public:
 struct Client
 {
     explicit Client(quint16 port, const TcpClientSource::Question &question = {{}, 0.1})
-        : source(clock, QStringLiteral("127.0.0.1"), port, question)
+        : source(clock, "127.0.0.1", port, question)
     {
     }
     ManualClock clock;
     TcpClientSource source;
     SourceLog log{source};
 };
+
+//! A server for instruments, and how one connects to it.
+struct Server
+{
+    bool connectPeer(QTcpSocket &peer, const char *text)
+    {
+        peer.connectToHost(QHostAddress::LocalHost, source.port());
+        return peer.waitForConnected() && peer.write(text) > 0;
+    }
+    ManualClock clock;
+    TcpServerSource source{clock, QHostAddress::LocalHost, 0};
+    SourceLog log{source};
+};
+
+//! Writes a text to a file of the system.
+bool say(int file, const char *text)
+{
+    return ::write(file, text, strlen(text)) == ssize_t(strlen(text));
+}
 
 //! Every source of lines against a real peer: a socket, a pipe, a pseudo-terminal.
 class tst_LineSources : public QObject
@@ -70,19 +89,15 @@ private Q_SLOTS:
         StandardInputSource source(clock, ends[0]);
         SourceLog log(source);
         source.start();
-        const auto say = [&](const char *text) {
-            QCOMPARE(::write(ends[1], text, strlen(text)), ssize_t(strlen(text)));
-        };
-        say("#channels a,b\n0,1,2\n1,3");
+        QVERIFY(say(ends[1], "#channels a,b\n0,1,2\n1,3"));
         QTRY_COMPARE(source.counts().lines, qint64(2));
-        say(",4\n\xff\x01garbage\n2,5,6\n3,7,8");
+        QVERIFY(say(ends[1], ",4\n\xff\x01garbage\n2,5,6\n3,7,8"));
         QTRY_COMPARE(log.times.size(), 3);
-        QVERIFY(log.text().contains(QLatin1String("refused 4 count")));
-        log.sink.lines.removeAll(QStringLiteral("refused 4 count"));
-        QCOMPARE(log.text(), QStringLiteral("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
+        QCOMPARE(log.sink.lines.removeAll("refused 4 count"), 1);
+        QCOMPARE(log.text(), QString("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
         ::close(ends[1]); // the last line without a line end is complete here
-        QTRY_COMPARE(log.stateNames(), QStringLiteral("Connecting Running Finished"));
-        QVERIFY(log.text().endsWith(QLatin1String(" | 3: 7 8")));
+        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
+        QVERIFY(log.text().endsWith(" | 3: 7 8"));
         ::close(ends[0]);
     }
 
@@ -90,22 +105,18 @@ private Q_SLOTS:
     {
         Instrument instrument;
         Client client(instrument.serverPort());
-        ManualClock &clock = client.clock;
-        TcpClientSource &source = client.source;
-        SourceLog &log = client.log;
-        source.start();
+        client.source.start();
         QVERIFY(instrument.accept());
-        QTRY_COMPARE(source.state(), Source::State::Running);
+        QTRY_COMPARE(client.source.state(), Source::State::Running);
         instrument.say("#channels a\r\n0,1\r\n1,");
-        QTRY_COMPARE(source.counts().lines, qint64(2));
+        QTRY_COMPARE(client.source.counts().lines, qint64(2));
         instrument.say("2\r\n");
-        QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 1 | 1: 2"));
-
+        QTRY_COMPARE(client.log.text(), QString("start channels a | 0: 1 | 1: 2"));
         // Lines without a time get the seconds since the source was started.
-        clock.advance(2.5);
+        client.clock.advance(2.5);
         instrument.say(",3\n");
-        QTRY_COMPARE(log.times.size(), 3);
-        QCOMPARE(log.times.last(), 2.5);
+        QTRY_COMPARE(client.log.times.size(), 3);
+        QCOMPARE(client.log.times.last(), 2.5);
     }
 
     void tcpClientReconnectsWithBackoff()
@@ -113,9 +124,7 @@ private Q_SLOTS:
         auto instrument = std::make_unique<Instrument>();
         const quint16 port = instrument->serverPort();
         Client client(port);
-        ManualClock &clock = client.clock;
-        TcpClientSource &source = client.source;
-        SourceLog &log = client.log;
+        auto &[clock, source, log] = client;
         source.start();
         QVERIFY(instrument->accept());
         instrument->say("#channels a\n5,1\n6,2\n7,");
@@ -124,9 +133,7 @@ private Q_SLOTS:
 
         QTRY_COMPARE(source.state(), Source::State::Retrying);
         for (const char *wait : {"0.5", "1", "2", "4", "8", "10", "10"}) {
-            const QString expected =
-                QStringLiteral("trying again in %1 s").arg(QLatin1String(wait));
-            QTRY_VERIFY2(log.lastText.endsWith(expected), qPrintable(log.lastText));
+            QTRY_VERIFY(log.lastText.endsWith(QString("trying again in %1 s").arg(wait)));
             log.lastText.clear();
             const int states = log.states.size();
             clock.advance(QByteArray(wait).toDouble() - 0.1);
@@ -142,13 +149,13 @@ private Q_SLOTS:
         again.close();
         QVERIFY(again.listen(QHostAddress::LocalHost, port));
         QTRY_VERIFY([&] {
-            clock.advance(10.1);
+            client.clock.advance(10.1);
             return again.hasPendingConnections() || again.waitForNewConnection(10);
         }());
         QVERIFY(again.accept());
         log.sink.lines.clear();
         again.say("0,3\n1,4\n");
-        QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 3 | 1: 4"));
+        QTRY_COMPARE(log.text(), "start channels a | 0: 3 | 1: 4");
         QCOMPARE(source.counts().bad(), qint64(0));
     }
 
@@ -163,23 +170,21 @@ private Q_SLOTS:
         instrument.say("0,1\n1,2"); // the last line without an end is the end of the data here
         instrument.peer->disconnectFromHost();
         QTRY_COMPARE(good.source.state(), Source::State::Finished);
-        QCOMPARE(good.log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
+        QCOMPARE(good.log.text(), QString("start channels ch1 | 0: 1 | 1: 2"));
 
         instrument.close();
         Client refused(port);
         refused.source.setReconnecting(false);
         refused.source.start();
         QTRY_COMPARE(refused.source.state(), Source::State::Failed);
-        QVERIFY(refused.source.stateText().contains(QLatin1String("refused")));
+        QVERIFY(refused.source.stateText().contains("refused"));
     }
 
     void tcpClientAsks()
     {
         Instrument instrument;
         Client client(instrument.serverPort(), {"READ?", 0.1});
-        ManualClock &clock = client.clock;
-        TcpClientSource &source = client.source;
-        SourceLog &log = client.log;
+        auto &[clock, source, log] = client;
         source.start();
         QVERIFY(instrument.accept());
         QByteArray asked;
@@ -198,7 +203,7 @@ private Q_SLOTS:
         clock.advance(0.1);
         QTRY_COMPARE(heard(), 2);
         instrument.say("2.5\n");
-        QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0.3: 1.5 | 0.4: 2.5"));
+        QTRY_COMPARE(log.text(), "start channels ch1 | 0.3: 1.5 | 0.4: 2.5");
 
         // An answer that is lost ends nothing.
         clock.advance(0.1);
@@ -225,9 +230,7 @@ private Q_SLOTS:
         QFETCH(double, silence);
         Instrument instrument;
         Client client(instrument.serverPort(), {asked ? "READ?" : "", 0.1});
-        ManualClock &clock = client.clock;
-        TcpClientSource &source = client.source;
-        SourceLog &log = client.log;
+        auto &[clock, source, log] = client;
         if (set >= 0.0)
             source.setLongestSilence(set);
         source.start();
@@ -244,7 +247,7 @@ private Q_SLOTS:
             return;
         clock.advance(0.2);
         QCOMPARE(source.state(), Source::State::Retrying);
-        QVERIFY2(source.stateText().contains(QStringLiteral("silent for %1 s").arg(silence)),
+        QVERIFY2(source.stateText().contains(QString("silent for %1 s").arg(silence)),
                  qPrintable(source.stateText()));
         QTRY_COMPARE(instrument.peer->state(), QAbstractSocket::UnconnectedState);
         const QTcpSocket *old = instrument.peer;
@@ -288,43 +291,20 @@ private Q_SLOTS:
 
     void tcpServer()
     {
-        ManualClock clock;
-        TcpServerSource source(clock, QHostAddress::LocalHost, 0);
-        SourceLog log(source);
-        source.start();
-        QVERIFY(source.port() != 0);
-        QTcpSocket peer;
-        peer.connectToHost(QHostAddress::LocalHost, source.port());
-        QVERIFY(peer.waitForConnected());
-        peer.write("0,1\n1,2\n");
-        QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
-        peer.disconnectFromHost();
-        QTRY_COMPARE(source.state(), Source::State::Retrying);
-
-        QTcpSocket next;
-        next.connectToHost(QHostAddress::LocalHost, source.port());
-        QVERIFY(next.waitForConnected());
-        next.write("2,3\n3,4\n");
-        QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));
-        QCOMPARE(source.state(), Source::State::Running);
-    }
-
-    void tcpServerTakesTheNewest()
-    {
-        ManualClock clock;
-        TcpServerSource source(clock, QHostAddress::LocalHost, 0);
-        SourceLog log(source);
-        source.start();
-        QTcpSocket old, fresh;
-        old.connectToHost(QHostAddress::LocalHost, source.port());
-        QVERIFY(old.waitForConnected());
-        old.write("0,1\n1,2\n");
-        QTRY_COMPARE(log.times.size(), 2);
-        fresh.connectToHost(QHostAddress::LocalHost, source.port());
-        QVERIFY(fresh.waitForConnected());
-        fresh.write("2,3\n3,4\n");
-        QTRY_COMPARE(log.times.size(), 4);
-        QTRY_COMPARE(old.state(), QAbstractSocket::UnconnectedState);
+        Server server;
+        server.source.start();
+        QTcpSocket first, second, third;
+        QVERIFY(server.connectPeer(first, "0,1\n1,2\n"));
+        QTRY_COMPARE(server.log.text(), QString("start channels ch1 | 0: 1 | 1: 2"));
+        first.disconnectFromHost();
+        QTRY_COMPARE(server.source.state(), Source::State::Retrying);
+        QVERIFY(server.connectPeer(second, "2,3\n3,4\n"));
+        QTRY_COMPARE(server.log.text(), QString("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));
+        QCOMPARE(server.source.state(), Source::State::Running);
+        // The newest takes the place of one that is still connected.
+        QVERIFY(server.connectPeer(third, "4,5\n5,6\n"));
+        QTRY_COMPARE(server.log.times.size(), 6);
+        QTRY_COMPARE(second.state(), QAbstractSocket::UnconnectedState);
     }
 
     void aBusyPortIsTriedAgain()
@@ -334,7 +314,7 @@ private Q_SLOTS:
         TcpServerSource source(clock, QHostAddress::LocalHost, other->serverPort());
         source.start();
         QCOMPARE(source.state(), Source::State::Retrying);
-        QVERIFY(source.stateText().contains(QLatin1String("in use")));
+        QVERIFY(source.stateText().contains("in use"));
         other.reset();
         clock.advance(0.6);
         QVERIFY(source.port() != 0);
@@ -349,28 +329,24 @@ private Q_SLOTS:
         QCOMPARE(::grantpt(master), 0);
         QCOMPARE(::unlockpt(master), 0);
         const QString device = QString::fromLocal8Bit(::ptsname(master));
-        const auto say = [&](const char *text) {
-            QCOMPARE(::write(master, text, strlen(text)), ssize_t(strlen(text)));
-        };
         ManualClock clock;
         SerialSource source(clock, device);
         SourceLog log(source);
         source.start();
         QCOMPARE(source.state(), Source::State::Running);
-        say("8,9\n#channels a,b\n0,1,2\n1,3,");
-        say("4\n2,5,6\n");
+        QVERIFY(say(master, "8,9\n#channels a,b\n0,1,2\n1,3,"));
+        QVERIFY(say(master, "4\n2,5,6\n"));
         QTRY_COMPARE(log.times.size(), 4);
-        QVERIFY(
-            log.text().endsWith(QLatin1String("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6")));
+        QVERIFY(log.text().endsWith("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
 
         ::close(master); // the cable is pulled
         QTRY_VERIFY([&] {
             clock.advance(0.02);
             return source.state() == Source::State::Retrying;
         }());
-        QVERIFY(log.lastText.contains(QLatin1String("trying again")));
+        QVERIFY(log.lastText.contains("trying again"));
 
-        SerialSource missing(clock, QStringLiteral("/dev/no-such-port"));
+        SerialSource missing(clock, "/dev/no-such-port");
         missing.start();
         QCOMPARE(missing.state(), Source::State::Retrying);
     }

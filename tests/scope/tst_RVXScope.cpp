@@ -108,10 +108,10 @@ private Q_SLOTS:
         panel.setModel(nullptr);
         panel.setModel(&device);
         QCOMPARE(state(), QString("1: 0 0 0 zeroed green"));
-        BufferModel next(1);
+        BufferModel next(3);
         next.append(1, 8);
         panel.setModel(&next);
-        QCOMPARE(state(), QString("1: 8"));
+        QCOMPARE(state(), QString("1: 8 9 10"));
     }
 
     void stateWhileTheControlsAreHidden()

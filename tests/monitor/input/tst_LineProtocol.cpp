@@ -25,123 +25,109 @@ class tst_LineProtocol : public QObject
 private Q_SLOTS:
     void linesBecomeReadings_data()
     {
-        columns<QByteArray, QString>("lines", "expected");
-        const auto row = [](const char *name, const char *lines, const char *expected) {
-            QTest::newRow(name) << QByteArray(lines) << QString(expected);
-        };
-        row("commas", "0,1,2/1,3,4", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
-        row("white space", "0 1\t2/1  3 4 ", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
+        // In the expected text, ">" begins a stream of channels, and a line that cannot be read is refused with "?".
+        columns<QString, QString>("lines", "expected");
+        row("commas", "0,1,2/1,3,4", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
+        row("white space", "0 1\t2/1  3 4 ", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
         row("plus, exponent and blanks at the commas",
             "0 , +1e-3/1, -2.5E2",
-            "start channels ch1 | 0: 0.001 | 1: -250");
-        row("no reading", "0,1,/1,,4/2,,", "start channels ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
-        row("nan is no reading, inf is one", "0,nan/1,inf", "start channels ch1 | 0: - | 1: inf");
-        row("one line alone", "5,1", "start channels ch1 | 5: 1");
+            "> ch1 | 0: 0.001 | 1: -250");
+        row("no reading", "0,1,/1,,4/2,,", "> ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
+        row("nan is no reading, inf is one", "0,nan/1,inf", "> ch1 | 0: - | 1: inf");
+        row("one line alone", "5,1", "> ch1 | 5: 1");
         row("declared",
             "#corvale 1/#channels left, right/#unit nA/0,1,2",
-            "start channels left:nA right:nA | 0: 1 2");
-        row("a unit each",
-            "#channels a,b,c/#unit nA,,mm/0,1,2,3",
-            "start channels a:nA b c:mm | 0: 1 2 3");
-        row("without a time", "#channels a,b/1,2/3,4", "start channels a b | 9: 1 2 | 9: 3 4");
-        row("an empty time", "0,1/,2", "start channels ch1 | 0: 1 | 9: 2");
-        row("one number a line", "1/2", "start channels ch1 | 9: 1 | 9: 2");
+            "> left:nA right:nA | 0: 1 2");
+        row("a unit each", "#channels a,b,c/#unit nA,,mm/0,1,2,3", "> a:nA b c:mm | 0: 1 2 3");
+        row("without a time", "#channels a,b/1,2/3,4", "> a b | 9: 1 2 | 9: 3 4");
+        row("an empty time", "0,1/,2", "> ch1 | 0: 1 | 9: 2");
+        row("one number a line", "1/2", "> ch1 | 9: 1 | 9: 2");
         row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
         row("pixels",
             "#layout pixels/0,1,2,3,4",
             "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
         row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
-        row("an event", "#event door open/0,1", "event door open | start channels ch1 | 0: 1");
-        row("comments and empty lines", "# hello//#whatever/0,1", "start channels ch1 | 0: 1");
-        row("garbage between",
-            "0,1/\x01\xff\x02,x/1,2",
-            "refused 2 unreadable | start channels ch1 | 0: 1 | 1: 2");
-        row("a number with a tail",
-            "0,1/1,2x/2,3",
-            "refused 2 unreadable | start channels ch1 | 0: 1 | 2: 3");
+        row("an event", "#event door open/0,1", "event door open | > ch1 | 0: 1");
+        row("comments and empty lines", "# hello//#whatever/0,1", "> ch1 | 0: 1");
+        row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
+        row("a number with a tail", "0,1/1,2x/2,3", "refused 2 ? | > ch1 | 0: 1 | 2: 3");
         row("time goes backwards",
             "5,1/6,2/5.5,3/7,4",
-            "start channels ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
+            "> ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
         row("one time far ahead costs no reading that follows",
             "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
-            "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went "
-            "back from 1000000 s to 2 s and goes on from there: a new part begins | start channels "
-            "ch1 | 2: 2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
+            "> ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from "
+            "1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: "
+            "4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
         row("some times behind, and then the stream goes on",
             "8,1/9,1/2,2/3,3/10,1/4,4",
-            "start channels ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
+            "> ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
         row("times behind that do not agree",
             "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
-            "start channels ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
+            "> ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
         row("times behind, and then the instrument is set up anew",
             "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
-            "start channels ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | start "
-            "channels ch1 | 9: 61 | 9: 62");
+            "> ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: "
+            "62");
         row("numbers too small are 0, those too large are none",
             "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/"
             "3,-12e99999999999999999999/4,1e-99999999999999999999/5,0.1e310/6,1",
-            "start channels ch1 | 0: 0 | 1: 0 | refused 3-4 unreadable | 4: 0 | refused 6 "
-            "unreadable | 6: 1");
-        const QByteArray zeros(400, '0'), ones(400, '1');
-        QTest::newRow("the same, written out") << "0,0." + zeros + "1e+9/1," + ones
-                + "e-9/2,1" << QString("refused 2 unreadable | start channels ch1 | 0: 0 | 2: 1");
+            "> ch1 | 0: 0 | 1: 0 | refused 3-4 ? | 4: 0 | refused 6 ? | 6: 1");
+        const QString zeros(400, '0'), ones(400, '1');
+        QTest::newRow("the same, written out") << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
+                                               << QString("refused 2 ? | > ch1 | 0: 0 | 2: 1");
         row("a time too large for its unit",
             "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
-            "refused 2-3 unreadable | start channels a | 6e+306: 2 | 1.2e+307: 3");
-        row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
+            "refused 2-3 ? | > a | 6e+306: 2 | 1.2e+307: 3");
+        row("the same time again is no step back", "5,1/5,2", "> ch1 | 5: 1 | 5: 2");
         row("a time that is none",
             "nan,1/1,2/inf,3/2,4",
-            "refused 1 unreadable | refused 3 unreadable | start channels ch1 | 1: 2 | 2: 4");
+            "refused 1 ? | refused 3 ? | > ch1 | 1: 2 | 2: 4");
         row("one value too few",
             "0,1,2/1,3,4/2,5/3,6,7",
-            "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
+            "> ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
         row("joined in the middle of a line",
             "7,8/1,3,4/2,5,6",
-            "refused 1 count | start channels ch1 ch2 | 1: 3 4 | 2: 5 6");
+            "refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6");
         row("declared, joined in the middle of a line",
             "#channels a,b/7,8/1,3,4/2,5,6",
-            "refused 2 count | start channels a b | 1: 3 4 | 2: 5 6");
+            "refused 2 count | > a b | 1: 3 4 | 2: 5 6");
         row("declared otherwise",
             "#channels a,b/0,1,2,3/0,1,2",
-            "refused 2 count | start channels a b | 0: 1 2");
+            "refused 2 count | > a b | 0: 1 2");
         row("a greeting",
             "Welcome to electrometer/0,1/1,2/2,3",
-            "refused 2 count | refused 1 unreadable | start channels ch1 | 1: 2 | 2: 3");
+            "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
         row("new metadata is a new stream",
             "0,1/1,2/#unit nA/2,3",
-            "start channels ch1 | 0: 1 | 1: 2 | start channels ch1:nA | 2: 3");
+            "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");
         row("the stream starts over",
             "5,1/6,2/#corvale 1/0,3/1,4",
-            "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 1: 4");
+            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4");
         row("a stream that starts over and is slow",
             "5,1/6,2/#corvale 1/0,3/7,4",
-            "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 7: 4");
+            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4");
         row("ranges and start times that cannot be written down again",
             "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
-            "refused 2-3 unreadable | start channels ch1 | 0: 1");
-        row("an unknown layout",
-            "#layout rings/0,1",
-            "refused 1 unreadable | start channels ch1 | 0: 1");
-        row("a range that is none",
-            "#range 5,1/#range a/0,1",
-            "refused 1-2 unreadable | start channels ch1 | 0: 1");
+            "refused 2-3 ? | > ch1 | 0: 1");
+        row("an unknown layout", "#layout rings/0,1", "refused 1 ? | > ch1 | 0: 1");
+        row("a range that is none", "#range 5,1/#range a/0,1", "refused 1-2 ? | > ch1 | 0: 1");
         row("the header of a table",
             "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
-            "start channels left:nA x:mm | 0: 1 2 | 1: 3 4");
+            "> left:nA x:mm | 0: 1 2 | 1: 3 4");
         row("the time is not the first column",
             "frame,time_ms,a/1,500,2/2,1500,3",
-            "start channels a | 0.5: 2 | 1.5: 3");
+            "> a | 0.5: 2 | 1.5: 3");
         row("the instrument is set up anew",
             "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
-            "start channels ch1 | 0: 1 | 1: 1 | refused 3-11 count | start channels ch1 ch2 | 11: "
-            "1 1 | 12: 1 1");
+            "> ch1 | 0: 1 | 1: 1 | refused 3-11 count | > ch1 ch2 | 11: 1 1 | 12: 1 1");
     }
 
     void linesBecomeReadings()
     {
-        QFETCH(QByteArray, lines);
-        QFETCH(QString, expected);
-        QCOMPARE(readAll(lines), expected);
+        QFETCH(QString, lines);
+        QString text = readAll(lines.toUtf8());
+        QTEST(text.replace("start channels ", "> ").replace(" unreadable", " ?"), "expected");
     }
 
     void tooMuchIsDropped()

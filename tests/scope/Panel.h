@@ -11,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLabel>
 #include <QTabBar>
 #include <QtTest>
 
@@ -86,6 +87,7 @@ public:
                    : button->isChecked()  ? " on"
                                           : " off");
     }
+    QString bufferSize() const { return control<QLabel>("bufferSizeLabel")->text(); }
     QString values() const
     {
         return rowsText(*qobject_cast<Corvale_Qt::RVXZeroingProxyModel *>(topLevelModel()));

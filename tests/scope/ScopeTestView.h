@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/scope/RVXScopePlotView.h"
+#include "tests/scope/ScopeTestModel.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -15,7 +16,8 @@
 #include <QImage>
 #include <QtTest>
 
-//! A visible view that gives tests what subclasses may use, and that looks at what is on the screen.
+/*! A visible view that gives tests what subclasses may use, and that looks at what is on the screen. Each look waits until
+    the view has come to rest. */
 class ScopeTestView : public Corvale_Qt::RVXScopePlotView
 {
 public:
@@ -47,13 +49,19 @@ public:
         }
     }
 
-    QwtInterval x() { return qwtPlot()->axisInterval(QwtPlot::xBottom); }
-    QwtInterval y() { return qwtPlot()->axisInterval(QwtPlot::yLeft); }
-    QString xText() { return QStringLiteral("%1..%2").arg(x().minValue()).arg(x().maxValue()); }
-    QString yText() { return QStringLiteral("%1..%2").arg(y().minValue()).arg(y().maxValue()); }
+    QwtInterval x() { return axis(QwtPlot::xBottom); }
+    QwtInterval y() { return axis(QwtPlot::yLeft); }
+    QString xText() { return textOf(x()); }
+    QString yText() { return textOf(y()); }
+    QString title(int axis)
+    {
+        settle();
+        return qwtPlot()->axisTitle(axis).text();
+    }
 
     QList<QwtPlotCurve *> curves()
     {
+        settle();
         QList<QwtPlotCurve *> found;
         for (QwtPlotItem *item : qwtPlot()->itemList(QwtPlotItem::Rtti_PlotCurve))
             found << static_cast<QwtPlotCurve *>(item);
@@ -63,11 +71,16 @@ public:
     //! Returns where a point of the plot is on the canvas.
     QPoint at(double xValue, double yValue)
     {
+        settle();
         return QPoint(qRound(qwtPlot()->transform(QwtPlot::xBottom, xValue)),
                       qRound(qwtPlot()->transform(QwtPlot::yLeft, yValue)));
     }
     //! Returns a picture of the canvas in device pixels.
-    QImage canvas() { return qwtPlot()->canvas()->grab().toImage(); }
+    QImage canvas()
+    {
+        settle();
+        return qwtPlot()->canvas()->grab().toImage();
+    }
     //! Returns the colour of a picture of the canvas at a point of the plot, moved by \a beside widget pixels.
     QColor colourIn(const QImage &picture, double x, double y, const QPoint &beside = QPoint())
     {
@@ -75,12 +88,35 @@ public:
         return picture.pixelColor(place * picture.devicePixelRatio());
     }
 
-    QString markerText(int index) { return plotMarker(index)->label().text(); }
-    bool hasMarker(int index) { return plotMarker(index)->plot() != nullptr; }
-    void click(Qt::MouseButton button, const QPoint &point)
+    QString markerText(int index) { return marker(index)->label().text(); }
+    double markerX(int index) { return marker(index)->xValue(); }
+    bool hasMarker(int index) { return marker(index)->plot() != nullptr; }
+    //! Places marker 0 (left button) or 1 (right button) at a point of the plot.
+    void click(Qt::MouseButton button, double xValue, double yValue)
     {
-        QTest::mouseClick(qwtPlot()->canvas(), button, Qt::NoModifier, point);
+        QTest::mouseClick(qwtPlot()->canvas(), button, Qt::NoModifier, at(xValue, yValue));
         settle();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(this, key, modifiers);
+        settle();
+    }
+
+private:
+    static QString textOf(const QwtInterval &interval)
+    {
+        return QStringLiteral("%1..%2").arg(interval.minValue()).arg(interval.maxValue());
+    }
+    QwtInterval axis(int axis)
+    {
+        settle();
+        return qwtPlot()->axisInterval(axis);
+    }
+    QSharedPointer<QwtPlotMarker> marker(int index)
+    {
+        settle();
+        return plotMarker(index);
     }
 };
 
@@ -90,11 +126,41 @@ inline double level(int channel, double)
     return channel;
 }
 
-//! Enables markers and lets y run from -10 to 10.
-inline void useTens(ScopeTestView &view)
+//! A view with a model of its own, whose rows are a second apart.
+class ModelView : public ScopeTestView
 {
-    view.SetRange(-10.0, 10.0);
-    view.SetYScaleMode(ScopeTestView::FullRange);
-    view.enablePlotMarker(true);
-    view.settle();
-}
+public:
+    explicit ModelView(int channels, int rows = 0, int capacity = std::numeric_limits<int>::max())
+        : model(channels, capacity)
+    {
+        append(rows);
+        setModel(&model);
+    }
+
+    void append(int rows)
+    {
+        if (rows > 0)
+            model.appendRows(rows, 1.0, level);
+    }
+    void check(int channel, bool on)
+    {
+        model.setData(model.index(0, channel),
+                      on ? Qt::Checked : Qt::Unchecked,
+                      Qt::CheckStateRole);
+    }
+    void showMode(int mode)
+    {
+        SetPlotMode(mode);
+        settle();
+    }
+    //! Enables markers and lets y run from -10 to 10.
+    void useMarkers()
+    {
+        SetRange(-10.0, 10.0);
+        SetYScaleMode(FullRange);
+        enablePlotMarker(true);
+        settle();
+    }
+
+    ScopeTestModel model;
+};

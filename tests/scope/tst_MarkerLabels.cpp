@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
-#include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QPainter>
-#include <QScrollBar>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -44,156 +41,126 @@ class tst_MarkerLabels : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void labelsFaceAwayFromEachOther();
-    void labelsCanBeRead_data();
-    void labelsCanBeRead();
-    void labelsStayWithTheirLines();
-    void timesHaveEnoughDigits_data();
-    void timesHaveEnoughDigits();
-    void signsStandInFront();
-    void namesWithPlaceMarkersInThem();
+    void labelsFaceAwayFromEachOther()
+    {
+        ModelView view(1, 300);
+        view.useMarkers();
+        const auto sides = [&view] {
+            QString text;
+            for (int marker : {0, 1}) {
+                const Qt::Alignment side = view.plotMarker(marker)->labelAlignment();
+                text += side == (Qt::AlignLeft | Qt::AlignTop) ? "left "
+                    : side == (Qt::AlignRight | Qt::AlignTop)  ? "right "
+                                                               : "elsewhere ";
+            }
+            return text;
+        };
+        view.click(Qt::LeftButton, 120.0, 1.0);
+        view.click(Qt::RightButton, 150.0, 1.0);
+        QCOMPARE(sides(), QString("left right "));
+        view.click(Qt::LeftButton, 180.0, 1.0);
+        QCOMPARE(sides(), QString("right left "));
+        view.click(Qt::LeftButton, 60.0, 1.0); // close to the left border
+        QCOMPARE(sides(), QString("right right "));
+    }
+
+    void labelsCanBeRead_data()
+    {
+        columns<double, double, bool>("first", "second", "below");
+        row("room for both", 100.0, 200.0, false);
+        row("the second at the right border", 230.0, 290.0, false);
+        row("both at the right border", 285.0, 290.0, true);
+        row("both at the left border", 54.0, 50.0, true);
+    }
+    //! The frame of the selected label must be complete and must not cover the other label.
+    void labelsCanBeRead()
+    {
+        QFETCH(double, first);
+        QFETCH(double, second);
+        ModelView view(1, 300);
+        view.useMarkers();
+        view.SelectPoint1(QPointF(first, 1.0));
+        view.SelectPoint2(QPointF(second, 1.0));
+        const QRectF frame = frameIn(view.canvas());
+        const QSizeF size = view.plotMarker(1)->label().textSize();
+        QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);
+        QVERIFY(qAbs(frame.height() - size.height()) <= 2.0);
+        QTEST(frame.top() >= view.plotMarker(0)->label().textSize().height(), "below");
+    }
+
+    //! A label must disappear with its line instead of staying at the border of the canvas.
+    void labelsStayWithTheirLines()
+    {
+        ModelView view(1, 300);
+        view.useMarkers();
+        view.click(Qt::LeftButton, 149.6, 1.0);
+        view.click(Qt::RightButton, 99.6, 1.0);
+        QVERIFY(view.markerText(1).contains("Period: 50"));
+        view.append(70);
+        QCOMPARE(view.markerText(1), QString());
+        QVERIFY(view.markerText(0).contains("Channel 1"));
+        view.append(70);
+        QCOMPARE(view.markerText(0), QString());
+        view.horizontalScrollBar()->setValue(0);
+        QVERIFY(view.markerText(1).contains("Period: 50"));
+    }
+
+    void timesHaveEnoughDigits_data()
+    {
+        columns<double, double, QString>("start", "interval", "times");
+        row("soon after the start", 0.0, 1.0, "2.000e+02 2.990e+02");
+        row("a day later", 100000.0, 0.001, "100000.2 100000.299");
+        row("with seconds since 1970", 1.7e9, 0.01, "1700000002 1700000002.99");
+    }
+    void timesHaveEnoughDigits()
+    {
+        QFETCH(double, start);
+        QFETCH(double, interval);
+        ModelView view(1);
+        for (int i = 0; i < 300; ++i)
+            view.model.append({{start + i * interval, 1.0}});
+        view.useMarkers();
+        view.SelectPoint1(QPointF(start + 200 * interval, 1.0));
+        view.SelectPoint2(QPointF(start + 299 * interval, 1.0));
+        const auto time = [&view](int marker) {
+            return view.markerText(marker).section('\n', 0, 0).section(' ', 1);
+        };
+        QTEST(time(0) + ' ' + time(1), "times");
+    }
+
+    void signsStandInFront()
+    {
+        ModelView view(1);
+        view.model.appendRows(300, 1.0, [](int, double) {
+            return -5.0;
+        });
+        view.useMarkers();
+        view.click(Qt::LeftButton, 149.6, -5.0);
+        const QwtText label = view.plotMarker(0)->label();
+        const auto picture = [&label](Qt::LayoutDirection direction) {
+            QImage image(200, 60, QImage::Format_RGB32);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.setLayoutDirection(direction);
+            label.draw(&painter, QRectF(QPointF(0, 0), label.textSize()));
+            return image;
+        };
+        QVERIFY(label.text().endsWith("-5"));
+        QCOMPARE(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
+    }
+
+    void namesWithPlaceMarkersInThem()
+    {
+        ModelView view(1, 300);
+        view.model.names = QStringList{"%2 <b>%4</b> %1"};
+        view.useMarkers();
+        view.click(Qt::LeftButton, 99.6, 1.0);
+        view.click(Qt::RightButton, 199.6, 1.0);
+        QCOMPARE(view.markerText(0), QString("s: 1.000e+02\nChannel %2 <b>%4</b> %1\n1"));
+        QVERIFY(view.markerText(1).startsWith(
+            "s: 2.000e+02\nChannel %2 <b>%4</b> %1\n1\n   Period: 100\n"));
+    }
 };
-
-void tst_MarkerLabels::labelsFaceAwayFromEachOther()
-{
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(120.0, 1.0));
-    view.click(Qt::RightButton, view.at(150.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
-    QCOMPARE(view.plotMarker(1)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-    view.click(Qt::LeftButton, view.at(180.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-    QCOMPARE(view.plotMarker(1)->labelAlignment(), Qt::AlignLeft | Qt::AlignTop);
-    view.click(Qt::LeftButton, view.at(60.0, 1.0));
-    QCOMPARE(view.plotMarker(0)->labelAlignment(), Qt::AlignRight | Qt::AlignTop);
-}
-
-void tst_MarkerLabels::labelsCanBeRead_data()
-{
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("second");
-    QTest::addColumn<bool>("below");
-    QTest::newRow("room for both") << 100.0 << 200.0 << false;
-    QTest::newRow("the second at the right border") << 230.0 << 290.0 << false;
-    QTest::newRow("both at the right border") << 285.0 << 290.0 << true;
-    QTest::newRow("both at the left border") << 54.0 << 50.0 << true;
-}
-
-//! The frame of the selected label must be complete and must not cover the other label.
-void tst_MarkerLabels::labelsCanBeRead()
-{
-    QFETCH(double, first);
-    QFETCH(double, second);
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.SelectPoint1(QPointF(first, 1.0));
-    view.SelectPoint2(QPointF(second, 1.0));
-    view.settle();
-    const QRectF frame = frameIn(view.canvas());
-    const QSizeF size = view.plotMarker(1)->label().textSize();
-    QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);
-    QVERIFY(qAbs(frame.height() - size.height()) <= 2.0);
-    const double otherBottom = view.plotMarker(0)->label().textSize().height();
-    QTEST(frame.top() >= otherBottom, "below");
-}
-
-//! A label must disappear with its line instead of staying at the border of the canvas.
-void tst_MarkerLabels::labelsStayWithTheirLines()
-{
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(149.6, 1.0));
-    view.click(Qt::RightButton, view.at(99.6, 1.0));
-    QVERIFY(view.markerText(1).contains("Period: 50"));
-    model.appendRows(70, 1.0, level);
-    view.settle();
-    QCOMPARE(view.markerText(1), QString());
-    QVERIFY(view.markerText(0).contains("Channel 1"));
-    model.appendRows(70, 1.0, level);
-    view.settle();
-    QCOMPARE(view.markerText(0), QString());
-    view.horizontalScrollBar()->setValue(0);
-    view.settle();
-    QVERIFY(view.markerText(1).contains("Period: 50"));
-}
-
-void tst_MarkerLabels::timesHaveEnoughDigits_data()
-{
-    QTest::addColumn<double>("start");
-    QTest::addColumn<double>("interval");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::newRow("soon after the start") << 0.0 << 1.0 << "2.000e+02"
-                                          << "2.990e+02";
-    QTest::newRow("a day later") << 100000.0 << 0.001 << "100000.2"
-                                 << "100000.299";
-    QTest::newRow("with seconds since 1970") << 1.7e9 << 0.01 << "1700000002"
-                                             << "1700000002.99";
-}
-
-void tst_MarkerLabels::timesHaveEnoughDigits()
-{
-    QFETCH(double, start);
-    QFETCH(double, interval);
-    ScopeTestModel model(1);
-    QVector<ScopeTestModel::Row> rows;
-    for (int i = 0; i < 300; ++i)
-        rows.append({start + i * interval, 1.0});
-    model.append(rows);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.SelectPoint1(QPointF(rows[200][0], 1.0));
-    view.SelectPoint2(QPointF(rows[299][0], 1.0));
-    view.settle();
-    const auto time = [&view](int marker) {
-        return view.markerText(marker).section('\n', 0, 0).section(' ', 1);
-    };
-    QTEST(time(0), "first");
-    QTEST(time(1), "second");
-}
-
-void tst_MarkerLabels::signsStandInFront()
-{
-    ScopeTestModel model(1);
-    model.appendRows(300, 1.0, [](int, double) {
-        return -5.0;
-    });
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(149.6, -5.0));
-    const QwtText label = view.plotMarker(0)->label();
-    const auto picture = [&label](Qt::LayoutDirection direction) {
-        QImage image(200, 60, QImage::Format_RGB32);
-        image.fill(Qt::black);
-        QPainter painter(&image);
-        painter.setLayoutDirection(direction);
-        label.draw(&painter, QRectF(QPointF(0, 0), label.textSize()));
-        return image;
-    };
-    QVERIFY(label.text().endsWith("-5"));
-    QCOMPARE(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
-}
-
-void tst_MarkerLabels::namesWithPlaceMarkersInThem()
-{
-    ScopeTestModel model(1);
-    model.names = QStringList{"%2 <b>%4</b> %1"};
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    useTens(view);
-    view.click(Qt::LeftButton, view.at(99.6, 1.0));
-    view.click(Qt::RightButton, view.at(199.6, 1.0));
-    QCOMPARE(view.markerText(0), QString("s: 1.000e+02\nChannel %2 <b>%4</b> %1\n1"));
-    QVERIFY(view.markerText(1).startsWith(
-        "s: 2.000e+02\nChannel %2 <b>%4</b> %1\n1\n   Period: 100\n"));
-}
 
 CORVALE_QT_TEST_MAIN(tst_MarkerLabels)
 #include "tst_MarkerLabels.moc"

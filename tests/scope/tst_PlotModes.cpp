@@ -8,9 +8,6 @@
 
 #include <qwt_plot.h>
 
-#include <QScrollBar>
-#include <QVBoxLayout>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -72,72 +69,68 @@ class tst_PlotModes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void stripFollowsOrStays();
-    void stripSelectsTheSampleOfAMarker();
-    void sweepAsksForTheNextOne();
+    void stripFollowsOrStays()
+    {
+        ScopeTestModel model(2);
+        model.pointsHint = 100;
+        Bench bench(model);
+        StripPlotMode mode(bench.context);
+        mode.enter();
+        QCOMPARE(bench.shown, &bench.plot);
+        QVERIFY(bench.hasScrollBar);
+        mode.plot();
+        QCOMPARE(bench.curves(), 0);
+        QVERIFY(!bench.hasScrollBar);
+
+        model.appendRows(400, 1.0, rising);
+        mode.plot();
+        QCOMPARE(bench.curves(), 2);
+        QCOMPARE(bench.xText(), QString("300..399"));
+        QVERIFY(bench.hasScrollBar);
+        bench.bar.setValue(0);
+        model.appendRows(100, 1.0, rising);
+        mode.plot();
+        QVERIFY2(bench.xText().startsWith("0.."), qPrintable(bench.xText()));
+    }
+
+    void stripSelectsTheSampleOfAMarker()
+    {
+        ScopeTestModel model(2);
+        model.appendRows(100, 1.0, rising);
+        Bench bench(model);
+        StripPlotMode mode(bench.context);
+        mode.enter();
+        bench.context.markers.place(0, QPointF(49.5, 90.0));
+        mode.plot();
+        QCOMPARE(bench.selected, QVector<QPoint>{QPoint(2, 51)}); // time 50 is in row 51
+        mode.moveMarker(0, -10);
+        mode.plot();
+        QCOMPARE(bench.selected.value(1), QPoint(2, 41));
+    }
+
+    void sweepAsksForTheNextOne()
+    {
+        ScopeTestModel model(1);
+        model.pointsHint = 100;
+        Bench bench(model);
+        SweepPlotMode mode(bench.context);
+        mode.enter();
+        model.appendRows(250, 1.0, rising);
+        mode.plot();
+        QCOMPARE(bench.xText(), QString("0..99"));
+        QCOMPARE(bench.replots, 1); // another sweep is complete
+        mode.plot();
+        QCOMPARE(bench.xText(), QString("100..199"));
+        QCOMPARE(bench.replots, 1);
+        // The copy stays on the plot after its rows have left the model.
+        model.remove(1, 200);
+        bench.context.rowsRemoved(1, 200);
+        bench.context.refreshAsked = true;
+        mode.plot();
+        QCOMPARE(bench.xText(), QString("100..199"));
+        QCOMPARE(bench.curves(), 1);
+    }
 };
-
-void tst_PlotModes::stripFollowsOrStays()
-{
-    ScopeTestModel model(2);
-    model.pointsHint = 100;
-    Bench bench(model);
-    StripPlotMode mode(bench.context);
-    mode.enter();
-    QCOMPARE(bench.shown, &bench.plot);
-    QVERIFY(bench.hasScrollBar);
-    mode.plot();
-    QCOMPARE(bench.curves(), 0);
-    QVERIFY(!bench.hasScrollBar);
-
-    model.appendRows(400, 1.0, rising);
-    mode.plot();
-    QCOMPARE(bench.curves(), 2);
-    QCOMPARE(bench.xText(), QString("300..399"));
-    QVERIFY(bench.hasScrollBar);
-    bench.bar.setValue(0);
-    model.appendRows(100, 1.0, rising);
-    mode.plot();
-    QVERIFY2(bench.xText().startsWith("0.."), qPrintable(bench.xText()));
-}
-
-void tst_PlotModes::stripSelectsTheSampleOfAMarker()
-{
-    ScopeTestModel model(2);
-    model.appendRows(100, 1.0, rising);
-    Bench bench(model);
-    StripPlotMode mode(bench.context);
-    mode.enter();
-    bench.context.markers.place(0, QPointF(49.5, 90.0));
-    mode.plot();
-    QCOMPARE(bench.selected, QVector<QPoint>{QPoint(2, 51)}); // time 50 is in row 51
-    mode.moveMarker(0, -10);
-    mode.plot();
-    QCOMPARE(bench.selected.value(1), QPoint(2, 41));
-}
-
-void tst_PlotModes::sweepAsksForTheNextOne()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    Bench bench(model);
-    SweepPlotMode mode(bench.context);
-    mode.enter();
-    model.appendRows(250, 1.0, rising);
-    mode.plot();
-    QCOMPARE(bench.xText(), QString("0..99"));
-    QCOMPARE(bench.replots, 1); // another sweep is complete
-    mode.plot();
-    QCOMPARE(bench.xText(), QString("100..199"));
-    QCOMPARE(bench.replots, 1);
-    // The copy stays on the plot after its rows have left the model.
-    model.remove(1, 200);
-    bench.context.rowsRemoved(1, 200);
-    bench.context.refreshAsked = true;
-    mode.plot();
-    QCOMPARE(bench.xText(), QString("100..199"));
-    QCOMPARE(bench.curves(), 1);
-}
 
 CORVALE_QT_TEST_MAIN(tst_PlotModes)
 #include "tst_PlotModes.moc"

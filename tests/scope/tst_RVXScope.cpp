@@ -7,15 +7,6 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/TestMain.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStandardItemModel>
-#include <QTemporaryDir>
-#include <QVBoxLayout>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -61,447 +52,387 @@ class tst_RVXScope : public QObject
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
-    void averaging();
-    void zeroing();
-    void zeroFollowsTheProxy();
-    void zeroOfAnotherModel();
-    void stateWhileTheControlsAreHidden();
-    void periods();
-    void periodIsNotChangedByTheWheel();
-    void bufferedInterval();
-
-    void modes();
-    void modeBeforeTheModel();
-    void optionalTabs();
-    void modeWithoutATab();
-
-    void clearing();
-
-    void modelsComeAndGo();
-    void hiddenParts();
-    void shortcutsWorkWhereTheFocusIs();
-    void shortcutsInControls();
-    void shortcutsOfHiddenAndDisabledButtons();
-    void tabOrder();
-};
-
-void tst_RVXScope::averaging()
-{
-    DevicePanel panel(1, {{0.5, {0}}, {1, {10}}, {1.5, {10}}});
-    QCOMPARE(panel.values(), QString("0.5: 0; 1: 10; 1.5: 10"));
-    panel.choose("averagingCombo", "10x Avg");
-    QCOMPARE(panel.values(), QString("0.5: 0; 1: 1; 1.5: 1.9"));
-    panel.choose("averagingCombo", "1000x Avg");
-    QCOMPARE(panel.values(), QString("0.5: 0; 1: 0.01; 1.5: 0.01999"));
-    panel.choose("averagingCombo", "No Avg");
-    QCOMPARE(panel.values(), QString("0.5: 0; 1: 10; 1.5: 10"));
-}
-
-void tst_RVXScope::zeroing()
-{
-    DevicePanel panel(2);
-    auto *undo = panel.control<QAbstractButton>("clearZeroButton");
-    panel.click("zeroButton"); // there is no sample yet
-    QVERIFY(!undo->isEnabled());
-    QCOMPARE(undo->styleSheet(), QString());
-
-    panel.device.append({{1, {5, 7}}});
-    panel.click("zeroButton");
-    panel.device.append({{2, {6, 7}}});
-    QCOMPARE(panel.values(), QString("1: 0 0; 2: 1 0"));
-    QCOMPARE(undo->styleSheet(), QString("background-color:#88ff8a;"));
-    undo->setFocus();
-    QTest::keyClick(undo, Qt::Key_Space);
-    QCOMPARE(panel.values(), QString("1: 5 7; 2: 6 7"));
-    QVERIFY(!undo->isEnabled());
-    QCOMPARE(undo->styleSheet(), QString());
-}
-
-//! The button shows whether the proxy subtracts a zero, also after the proxy has dropped it by itself.
-void tst_RVXScope::zeroFollowsTheProxy()
-{
-    BufferModel device(2);
-    device.append(1, 5);
-    Panel panel;
-    panel.setModel(&device);
-    panel.show();
-    const auto state = [&] {
-        return panel.values() + (panel.control("clearZeroButton")->isEnabled() ? " zeroed" : "")
-            + (panel.control("clearZeroButton")->styleSheet().isEmpty() ? "" : " green");
-    };
-    panel.click("zeroButton");
-    device.Clear(); // a reset with the same channels keeps the zero
-    device.append(1, 6);
-    QCOMPARE(state(), QString("1: 1 1 zeroed green"));
-    device.appendChannel(9);
-    QCOMPARE(state(), QString("1: 1 1 9 zeroed green"));
-    device.removeFirstChannel();
-    QCOMPARE(state(), QString("1: 7 9"));
-
-    auto *proxy = qobject_cast<RVXZeroingProxyModel *>(panel.topLevelModel());
-    proxy->zeroNow(); // by the host
-    QCOMPARE(state(), QString("1: 0 0 zeroed green"));
-    panel.setEnabled(false); // by the host, too
-    device.insertChannelInFront(3);
-    panel.setEnabled(true);
-    QCOMPARE(state(), QString("1: 3 7 9"));
-}
-
-//! A zero taken from one instrument does not apply to the next.
-void tst_RVXScope::zeroOfAnotherModel()
-{
-    PanelDevice device, next;
-    device.append({{1, {5}}});
-    next.append({{1, {8}}});
-    Panel panel;
-    panel.setModel(&device);
-    panel.control<QAbstractButton>("zeroButton")->click();
-    panel.setModel(nullptr);
-    panel.setModel(&device);
-    QCOMPARE(panel.values(), QString("1: 0"));
-    panel.setModel(&next);
-    QCOMPARE(panel.values(), QString("1: 8"));
-    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
-}
-
-void tst_RVXScope::stateWhileTheControlsAreHidden()
-{
-    DevicePanel panel(1, {{1, {5}}});
-    auto *state = panel.control<QLabel>("stateLabel");
-    panel.click("zeroButton");
-    panel.choose("averagingCombo", "100x Avg");
-    QVERIFY(!state->isVisible());
-    panel.click("confButton");
-    QVERIFY(!panel.control("configFrame")->isVisible());
-    QVERIFY(state->isVisible());
-    QCOMPARE(state->text(), QString("Zeroed, 100x Avg"));
-    panel.click("confButton");
-    panel.click("clearZeroButton");
-    panel.choose("averagingCombo", "No Avg");
-    panel.click("confButton");
-    QVERIFY(!state->isVisible());
-}
-
-void tst_RVXScope::periods()
-{
-    DevicePanel panel;
-    QStringList intervals;
-    for (const char *text : {"100 ms", "1 s", "10 s", "Fast"}) {
-        panel.device.append({{1, {5}}});
-        panel.choose("comboBox_period", text);
-        QCOMPARE(panel.device.rowCount(), 1);
-        intervals << panel.device.period();
-    }
-    QCOMPARE(intervals.join(' '), QString("100 1000 10000 none"));
-
-    // A model that is set later runs at the chosen period.
-    panel.choose("comboBox_period", "1 s");
-    PanelDevice later;
-    panel.setModel(&later);
-    QCOMPARE(later.period(), QString("1000"));
-
-    // A plot model that is not a device has no period, but its samples are dropped too.
-    RVXZeroingProxyModel proxy;
-    proxy.setSourceModel(&panel.device);
-    panel.device.append({{1, {5}}});
-    panel.setModel(&proxy);
-    panel.choose("comboBox_period", "10 s");
-    QCOMPARE(panel.device.rowCount(), 1);
-    QCOMPARE(panel.device.period(), QString("1000"));
-}
-
-//! A change of the period drops all samples, so the wheel must not cause one.
-void tst_RVXScope::periodIsNotChangedByTheWheel()
-{
-    DevicePanel panel(1, {{1, {5}}});
-    const auto turnWheelOver = [&](const char *name) {
-        auto *box = panel.control<QComboBox>(name);
-        const QPointF middle = box->rect().center();
-        QWheelEvent wheel(middle,
-                          box->mapToGlobal(middle.toPoint()),
-                          {},
-                          {0, -120},
-                          Qt::NoButton,
-                          Qt::NoModifier,
-                          Qt::NoScrollPhase,
-                          false);
-        QApplication::sendEvent(box, &wheel);
-        return box->currentText();
-    };
-    panel.control("comboBox_period")->setFocus();
-    QCOMPARE(turnWheelOver("comboBox_period"), QString("Fast"));
-    QCOMPARE(panel.device.rowCount(), 2);
-    QCOMPARE(turnWheelOver("averagingCombo"), QString("10x Avg"));
-}
-
-void tst_RVXScope::bufferedInterval()
-{
-    Panel panel;
-    panel.show();
-    QStringList heard;
-    connect(&panel, &RVXScope::bufferedIntervalChanged, this, [&](bool on, double interval) {
-        heard << QString("%1 %2").arg(on ? "on" : "off").arg(interval);
-    });
-    auto *spinBox = panel.control<QDoubleSpinBox>("buffered_interval_doubleSpinBox");
-    QCOMPARE(spinBox->suffix(), QString(" s"));
-    spinBox->selectAll();
-    QTest::keyClicks(spinBox, "2.5\r");
-    QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
-    QTest::keyClick(spinBox, Qt::Key_Up);
-    QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
-    QTest::keyClick(spinBox, Qt::Key_Up);
-    QCOMPARE(heard.join(", "), QString("on 2.5, on 2.6, off 2.6"));
-}
-
-void tst_RVXScope::modes()
-{
-    DevicePanel panel(3, {{1, {1, 2, 3}}, {2, {1, 2, 3}}});
-    QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
-    panel.chooseTab("Histogram");
-    QCOMPARE(panel.plot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
-    QTest::keyClick(panel.control("modeSelect"), Qt::Key_Left);
-    QCOMPARE(panel.tabs(), QString("Strip [Scope] Histogram"));
-    panel.SetPlotMode(RVXScope::HistogramMode); // called by the host, and shown by the tabs
-    QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
-}
-
-void tst_RVXScope::modeBeforeTheModel()
-{
-    PanelDevice device;
-    Panel panel;
-    panel.setPositionEnabled(true);
-    panel.chooseTab("Position");
-    panel.setModel(&device);
-    QCOMPARE(panel.tabs(), QString("Strip Scope Histogram [Position]"));
-    QCOMPARE(panel.shown(), QString("position"));
-}
-
-void tst_RVXScope::optionalTabs()
-{
-    DevicePanel panel;
-    const auto *profileTitle = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
-    QVERIFY(profileTitle->text() != "DW7/DW9 Plot");
-    panel.setSplitEnabled(false); // there is no such tab
-    for (int round = 0; round < 2; ++round) {
-        QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
-        QTest::ignoreMessage(QtDebugMsg, "setSplitEnabled");
-        panel.setPositionEnabled(true);
-        panel.setSplitEnabled(true);
-        QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram Position Split"));
-        panel.setSpectrogramEnabled(true);
-        panel.setSpectrogramEnabled(true);
-        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Position Split [2D]"));
-        QCOMPARE(panel.shown(), QString("2D"));
-        QCOMPARE(profileTitle->text(), QString("DW7/DW9 Plot")); // the pixel matrix
-
-        panel.setPositionEnabled(false); // the tabs after it move up and keep their modes
-        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram Split [2D]"));
-        QCOMPARE(panel.shown(), QString("2D"));
-        panel.chooseTab("Split");
-        QCOMPARE(panel.shown(), QString("split"));
-        panel.setSplitEnabled(false); // the current one
-        QCOMPARE(panel.tabs(), QString("Strip Scope Histogram [2D]"));
-        QCOMPARE(panel.shown(), QString("2D"));
-        panel.setSpectrogramEnabled(false);
-        QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
-        QCOMPARE(panel.shown(), QString("plot"));
-        panel.SetPlotMode(RVXScope::StripMode);
-    }
-}
-
-void tst_RVXScope::modeWithoutATab()
-{
-    DevicePanel panel;
-    panel.SetPlotMode(RVXScope::SplitMode);
-    QCOMPARE(panel.shown(), QString("split"));
-    panel.chooseTab("Strip"); // the current tab still leads back to its mode
-    QCOMPARE(panel.shown(), QString("plot"));
-}
-
-void tst_RVXScope::clearing()
-{
-    PanelDevice device;
-    device.append({{1, {5}}, {2, {6}}});
-    Panel panel;
-    panel.click("clearButton");
-    panel.setModel(&device);
-    panel.show();
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
-    panel.click("clearButton");
-    QCOMPARE(device.rowCount(), 1);
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
-
-    // The samples of a merging model are counted in the model itself.
-    RVXMultichannelProxyModel merged;
-    merged.addSourceModel(&device, 1);
-    device.append({{1, {5}}, {2, {6}}, {3, {7}}});
-    panel.setModel(&merged);
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("3 Samples"));
-}
-
-void tst_RVXScope::modelsComeAndGo()
-{
-    auto device = std::make_unique<PanelDevice>();
-    device->append({{1, {5}}});
-    QStandardItemModel table;
-    Panel panel;
-    panel.setModel(device.get());
-    QCOMPARE(panel.baseModel(), device.get());
-    QCOMPARE(panel.plotView()->model(), panel.topLevelModel());
-
-    panel.setModel(nullptr);
-    QCOMPARE(panel.baseModel(), nullptr);
-    QCOMPARE(panel.plotView()->model(), nullptr);
-    panel.click("clearButton"); // the panel no longer shows the samples
-    panel.click("zeroButton");
-    QCOMPARE(device->rowCount(), 2);
-
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("QStandardItemModel.*is not a plot data model"));
-    panel.setModel(&table);
-    QCOMPARE(panel.plotView()->model(), nullptr);
-    panel.click("clearButton");
-    QCOMPARE(device->rowCount(), 2);
-
-    panel.setModel(device.get());
-    panel.show();
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
-    panel.click("zeroButton");
-    device.reset();
-    QCOMPARE(panel.baseModel(), nullptr);
-    for (const char *button : {"zeroButton", "clearZeroButton", "clearButton", "saveButton"})
-        panel.click(button);
-    panel.choose("comboBox_period", "1 s");
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("0 Samples"));
-    QVERIFY(!panel.control("clearZeroButton")->isEnabled());
-
-    PanelDevice next;
-    next.append({{1, {8}}});
-    panel.setModel(&next);
-    QItemSelectionModel selection(panel.topLevelModel());
-    panel.setSelectionModel(&selection);
-    QCOMPARE(panel.plotView()->selectionModel(), &selection);
-    QCOMPARE(panel.values(), QString("1: 8"));
-}
-
-void tst_RVXScope::hiddenParts()
-{
-    Panel panel;
-    panel.show();
-    const auto visible = [&] {
-        QStringList names;
-        for (const char *name : {"modeSelect",
-                                 "bufferSizeLabel",
-                                 "saveButton",
-                                 "clearButton",
-                                 "configFrame",
-                                 "position_frame",
-                                 "derivativeButton"}) {
-            if (panel.control(name)->isVisible())
-                names << name;
+    void averaging()
+    {
+        DevicePanel panel(1, {{0.5, {0}}, {1, {10}}, {1.5, {10}}});
+        const std::pair<const char *, const char *> lengths[] = {
+            {"10x Avg", "0.5: 0; 1: 1; 1.5: 1.9"},
+            {"1000x Avg", "0.5: 0; 1: 0.01; 1.5: 0.01999"},
+            {"No Avg", "0.5: 0; 1: 10; 1.5: 10"}};
+        for (const auto &[length, values] : lengths) {
+            panel.choose("averagingCombo", length);
+            QCOMPARE(panel.values(), QString(values));
         }
-        return names.join(' ');
-    };
-    QCOMPARE(visible(), QString("modeSelect bufferSizeLabel saveButton clearButton configFrame"));
-    panel.hideConfig(true);
-    QCOMPARE(visible(), QString("clearButton configFrame"));
-    panel.hideConfig(false);
-    panel.click("confButton");
-    QCOMPARE(visible(), QString("modeSelect bufferSizeLabel saveButton clearButton"));
-    QTest::keyClick(panel.control("confButton"), Qt::Key_Space);
-    panel.getPositionLayout()->addWidget(new QLabel("x"));
-    panel.set2DEnabled(true);
-    QCOMPARE(
-        visible(),
-        QString("modeSelect bufferSizeLabel saveButton clearButton configFrame position_frame"));
-    panel.set2DEnabled(false);
-    QVERIFY(!panel.control("position_frame")->isVisible());
-}
-
-void tst_RVXScope::shortcutsWorkWhereTheFocusIs()
-{
-    TwoPanels window;
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    window.edit->setFocus();
-    for (const Qt::Key key : {Qt::Key_S, Qt::Key_L, Qt::Key_0})
-        window.press(key);
-    QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L Ctrl+0"));
-    window.hosts.clear();
-
-    QTest::mouseClick(window.second->plot()->canvas(), Qt::LeftButton); // takes the focus there
-    window.press(Qt::Key_0);
-    QVERIFY(!window.first->control("clearZeroButton")->isEnabled());
-    QVERIFY(window.second->control("clearZeroButton")->isEnabled());
-    window.press(Qt::Key_L);
-    QCOMPARE(window.first->device.rowCount(), 2);
-    QCOMPARE(window.second->device.rowCount(), 1);
-    QCOMPARE(window.hosts.join(' '), QString());
-}
-
-//! The controls would take the digit as input. On some keyboards it needs Shift.
-void tst_RVXScope::shortcutsInControls()
-{
-    TwoPanels window;
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    for (const char *name : {"scaleYCombo", "buffered_interval_doubleSpinBox", "modeSelect"}) {
-        window.first->control<QAbstractButton>("clearZeroButton")->click();
-        window.first->control(name)->setFocus();
-        window.press(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
-        QVERIFY2(window.first->control("clearZeroButton")->isEnabled(), name);
     }
-    QCOMPARE(window.first->control<QComboBox>("scaleYCombo")->currentText(), QString("Auto"));
-    QCOMPARE(window.first->control<QDoubleSpinBox>("buffered_interval_doubleSpinBox")->value(),
-             1.0);
-    QCOMPARE(window.hosts.join(' '), QString());
-}
 
-void tst_RVXScope::shortcutsOfHiddenAndDisabledButtons()
-{
-    TwoPanels window;
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    DevicePanel &panel = *window.first;
-    int saves = 0;
-    panel.device.onSave = [&](const QString &) {
-        return ++saves > 0;
-    };
-    panel.setFocus();
-    QTemporaryDir folder;
-    answerFileDialog(folder.filePath("data.csv"));
-    window.press(Qt::Key_S);
-    QCOMPARE(saves, 1);
-    QCoreApplication::processEvents();
-    window.activateWindow(); // the dialog had the focus
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    //! The button shows whether the proxy subtracts a zero, also after the proxy has dropped it by itself.
+    void zeroing()
+    {
+        BufferModel device(2);
+        Panel panel;
+        panel.setModel(&device);
+        panel.show();
+        auto *undo = panel.control<QAbstractButton>("clearZeroButton");
+        const auto state = [&] {
+            return panel.values() + (undo->isEnabled() ? " zeroed" : "")
+                + (undo->styleSheet() == "background-color:#88ff8a;" ? " green"
+                                                                     : undo->styleSheet());
+        };
+        panel.click("zeroButton"); // there is no sample yet
+        QCOMPARE(state(), QString());
+        device.append(1, 5);
+        panel.click("zeroButton");
+        device.append(2, 6);
+        QCOMPARE(state(), QString("1: 0 0; 2: 1 1 zeroed green"));
+        undo->setFocus();
+        QTest::keyClick(undo, Qt::Key_Space);
+        QCOMPARE(state(), QString("1: 5 6; 2: 6 7"));
 
-    panel.hideConfig(true);
-    panel.control("clearButton")->setEnabled(false);
-    window.press(Qt::Key_S);
-    window.press(Qt::Key_L);
-    QCOMPARE(saves, 1);
-    QCOMPARE(panel.device.rowCount(), 2);
-    QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L"));
-}
-
-void tst_RVXScope::tabOrder()
-{
-    DevicePanel panel(1, {{1, {5}}});
-    panel.choose("scaleYCombo", "100%");
-    QVERIFY(QTest::qWaitForWindowActive(&panel));
-    panel.click("zeroButton");
-    panel.setFocus();
-    QStringList visited;
-    for (int i = 0; i < 13; ++i) {
-        visited << panel.focusWidget()->objectName();
-        QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+        panel.click("zeroButton");
+        device.Clear(); // a reset with the same channels keeps the zero
+        device.append(1, 7);
+        QCOMPARE(state(), QString("1: 1 1 zeroed green"));
+        device.appendChannel(9);
+        QCOMPARE(state(), QString("1: 1 1 9 zeroed green"));
+        device.removeFirstChannel();
+        QCOMPARE(state(), QString("1: 8 9"));
+        auto *proxy = qobject_cast<RVXZeroingProxyModel *>(panel.topLevelModel());
+        proxy->zeroNow(); // by the host
+        QCOMPARE(state(), QString("1: 0 0 zeroed green"));
+        panel.setEnabled(false); // by the host, too
+        device.insertChannelInFront(3);
+        panel.setEnabled(true);
+        QCOMPARE(state(), QString("1: 3 8 9"));
+        // A zero taken from one instrument does not apply to the next.
+        panel.click("zeroButton");
+        panel.setModel(nullptr);
+        panel.setModel(&device);
+        QCOMPARE(state(), QString("1: 0 0 0 zeroed green"));
+        BufferModel next(3);
+        next.append(1, 8);
+        panel.setModel(&next);
+        QCOMPARE(state(), QString("1: 8 9 10"));
     }
-    QCOMPARE(
-        visited.join(' '),
-        QString(
-            "plotView modeSelect clearButton saveButton confButton scaleYCombo positiveOnlyButton "
-            "averagingCombo zeroButton clearZeroButton comboBox_period checkBox_bufferedInterval "
-            "buffered_interval_doubleSpinBox"));
-    QCOMPARE(panel.focusWidget()->objectName(), QString("plotView"));
-}
+
+    void stateWhileTheControlsAreHidden()
+    {
+        DevicePanel panel(1, {{1, {5}}});
+        const auto shown = [&] {
+            const auto *label = panel.control<QLabel>("stateLabel");
+            return QString(panel.control("configFrame")->isVisible() ? "controls " : "")
+                + (label->isVisible() ? label->text() : QString());
+        };
+        panel.click("zeroButton");
+        panel.choose("averagingCombo", "100x Avg");
+        QCOMPARE(shown(), QString("controls "));
+        panel.click("confButton");
+        QCOMPARE(shown(), QString("Zeroed, 100x Avg"));
+        panel.click("confButton");
+        panel.click("clearZeroButton");
+        panel.choose("averagingCombo", "No Avg");
+        panel.click("confButton");
+        QCOMPARE(shown(), QString());
+    }
+
+    void periods()
+    {
+        DevicePanel panel;
+        QStringList intervals;
+        for (const char *text : {"100 ms", "10 s", "Fast", "1 s"}) {
+            panel.device.append({{1, {5}}});
+            panel.choose("comboBox_period", text);
+            QCOMPARE(panel.device.rowCount(), 1);
+            intervals << panel.device.period();
+        }
+        PanelDevice later; // runs at the chosen period, too
+        panel.setModel(&later);
+        intervals << later.period();
+        QCOMPARE(intervals.join(' '), QString("100 10000 none 1000 1000"));
+        // A plot model that is not a device has no period, but its samples are dropped too.
+        RVXZeroingProxyModel proxy;
+        proxy.setSourceModel(&panel.device);
+        panel.device.append({{1, {5}}});
+        panel.setModel(&proxy);
+        panel.choose("comboBox_period", "10 s");
+        QCOMPARE(panel.device.rowCount(), 1);
+        QCOMPARE(panel.device.period(), QString("1000"));
+    }
+
+    //! A change of the period drops all samples, so the wheel must not cause one.
+    void periodIsNotChangedByTheWheel()
+    {
+        DevicePanel panel(1, {{1, {5}}});
+        const auto turnWheelOver = [&](const char *name) {
+            auto *box = panel.control<QComboBox>(name);
+            const QPointF middle = box->rect().center();
+            QWheelEvent wheel(middle,
+                              box->mapToGlobal(middle.toPoint()),
+                              {},
+                              {0, -120},
+                              Qt::NoButton,
+                              Qt::NoModifier,
+                              Qt::NoScrollPhase,
+                              false);
+            QApplication::sendEvent(box, &wheel);
+            return box->currentText();
+        };
+        panel.control("comboBox_period")->setFocus();
+        QCOMPARE(turnWheelOver("comboBox_period"), QString("Fast"));
+        QCOMPARE(panel.device.rowCount(), 2);
+        QCOMPARE(turnWheelOver("averagingCombo"), QString("10x Avg"));
+    }
+
+    void bufferedInterval()
+    {
+        Panel panel;
+        panel.show();
+        QStringList heard;
+        connect(&panel, &RVXScope::bufferedIntervalChanged, this, [&](bool on, double interval) {
+            heard << QString("%1 %2").arg(on ? "on" : "off").arg(interval);
+        });
+        auto *spinBox = panel.control<QDoubleSpinBox>("buffered_interval_doubleSpinBox");
+        QCOMPARE(spinBox->suffix(), QString(" s"));
+        spinBox->selectAll();
+        QTest::keyClicks(spinBox, "2.5\r");
+        QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        QTest::keyClick(panel.control("checkBox_bufferedInterval"), Qt::Key_Space);
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        QCOMPARE(heard.join(", "), QString("on 2.5, on 2.6, off 2.6"));
+    }
+
+    void modes()
+    {
+        DevicePanel panel(3, {{1, {1, 2, 3}}, {2, {1, 2, 3}}});
+        QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
+        panel.chooseTab("Histogram");
+        QCOMPARE(panel.plot()->axisTitle(QwtPlot::xBottom).text(), QString("Channel"));
+        QTest::keyClick(panel.control("modeSelect"), Qt::Key_Left);
+        QCOMPARE(panel.tabs(), QString("Strip [Scope] Histogram"));
+        panel.SetPlotMode(RVXScope::HistogramMode); // called by the host, and shown by the tabs
+        QCOMPARE(panel.tabs(), QString("Strip Scope [Histogram]"));
+        panel.SetPlotMode(RVXScope::SplitMode); // a mode without a tab
+        QCOMPARE(panel.shown(), QString("split"));
+        panel.chooseTab("Histogram"); // the current tab still leads back to its mode
+        QCOMPARE(panel.shown(), QString("plot"));
+        Panel early; // a mode that is chosen before there is a model
+        early.setPositionEnabled(true);
+        early.chooseTab("Position");
+        early.setModel(&panel.device);
+        QCOMPARE(early.tabs(), QString("Strip Scope Histogram [Position]"));
+        QCOMPARE(early.shown(), QString("position"));
+    }
+
+    void optionalTabs()
+    {
+        DevicePanel panel;
+        const auto *title = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
+        QVERIFY(title->text() != "DW7/DW9 Plot");
+        panel.setSplitEnabled(false); // there is no such tab
+        const auto state = [&] {
+            return panel.tabs() + ": " + panel.shown();
+        };
+        for (int round = 0; round < 2; ++round) {
+            QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
+            QTest::ignoreMessage(QtDebugMsg, "setSplitEnabled");
+            panel.setPositionEnabled(true);
+            panel.setSplitEnabled(true);
+            QCOMPARE(state(), QString("[Strip] Scope Histogram Position Split: plot"));
+            panel.setSpectrogramEnabled(true);
+            panel.setSpectrogramEnabled(true);
+            QCOMPARE(state(), QString("Strip Scope Histogram Position Split [2D]: 2D"));
+            QCOMPARE(title->text(), QString("DW7/DW9 Plot")); // the pixel matrix
+            panel.setPositionEnabled(false); // the tabs after it move up and keep their modes
+            QCOMPARE(state(), QString("Strip Scope Histogram Split [2D]: 2D"));
+            panel.chooseTab("Split");
+            QCOMPARE(state(), QString("Strip Scope Histogram [Split] 2D: split"));
+            panel.setSplitEnabled(false); // the current one
+            QCOMPARE(state(), QString("Strip Scope Histogram [2D]: 2D"));
+            panel.setSpectrogramEnabled(false);
+            QCOMPARE(state(), QString("Strip Scope [Histogram]: plot"));
+            panel.SetPlotMode(RVXScope::StripMode);
+        }
+    }
+
+    void clearing()
+    {
+        Panel panel;
+        panel.click("clearButton"); // there is no model yet
+        PanelDevice device;
+        device.append({{1, {5}}, {2, {6}}});
+        panel.setModel(&device);
+        panel.show();
+        QTRY_COMPARE(panel.bufferSize(), QString("2 Samples"));
+        panel.click("clearButton");
+        QCOMPARE(device.rowCount(), 1);
+        QTRY_COMPARE(panel.bufferSize(), QString("0 Samples"));
+        // The samples of a merging model are counted in the model itself.
+        RVXMultichannelProxyModel merged;
+        merged.addSourceModel(&device, 1);
+        device.append({{1, {5}}, {2, {6}}, {3, {7}}});
+        panel.setModel(&merged);
+        QTRY_COMPARE(panel.bufferSize(), QString("3 Samples"));
+    }
+
+    void modelsComeAndGo()
+    {
+        auto device = std::make_unique<PanelDevice>();
+        device->append({{1, {5}}});
+        QStandardItemModel table;
+        Panel panel;
+        panel.show();
+        panel.setModel(device.get());
+        QCOMPARE(panel.baseModel(), device.get());
+        QCOMPARE(panel.plotView()->model(), panel.topLevelModel());
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression("QStandardItemModel.*is not a plot data model"));
+        for (QAbstractItemModel *other : {static_cast<QAbstractItemModel *>(nullptr),
+                                          static_cast<QAbstractItemModel *>(&table)}) {
+            panel.setModel(other);
+            QVERIFY(panel.baseModel() != device.get());
+            QCOMPARE(panel.plotView()->model(), nullptr);
+            panel.click("clearButton"); // the panel no longer shows the samples
+            panel.click("zeroButton");
+            QCOMPARE(device->rowCount(), 2);
+        }
+        panel.setModel(device.get());
+        QTRY_COMPARE(panel.bufferSize(), QString("1 Samples"));
+        panel.click("zeroButton");
+        device.reset();
+        QCOMPARE(panel.baseModel(), nullptr);
+        for (const char *button : {"zeroButton", "clearZeroButton", "clearButton", "saveButton"})
+            panel.click(button);
+        panel.choose("comboBox_period", "1 s");
+        QTRY_COMPARE(panel.bufferSize(), QString("0 Samples"));
+        QVERIFY(!panel.control("clearZeroButton")->isEnabled());
+
+        PanelDevice next;
+        next.append({{1, {8}}});
+        panel.setModel(&next);
+        QItemSelectionModel selection(panel.topLevelModel());
+        panel.setSelectionModel(&selection);
+        QCOMPARE(panel.plotView()->selectionModel(), &selection);
+        QCOMPARE(panel.values(), QString("1: 8"));
+    }
+
+    void hiddenParts()
+    {
+        Panel panel;
+        panel.show();
+        const auto visible = [&] {
+            QStringList names;
+            for (const char *name : {"modeSelect",
+                                     "bufferSizeLabel",
+                                     "saveButton",
+                                     "clearButton",
+                                     "configFrame",
+                                     "position_frame",
+                                     "derivativeButton"}) {
+                if (panel.control(name)->isVisible())
+                    names << name;
+            }
+            return names.join(' ');
+        };
+        const QString all = "modeSelect bufferSizeLabel saveButton clearButton configFrame";
+        QCOMPARE(visible(), all);
+        panel.hideConfig(true);
+        QCOMPARE(visible(), QString("clearButton configFrame"));
+        panel.hideConfig(false);
+        panel.click("confButton");
+        QCOMPARE(visible(), QString(all).remove(" configFrame"));
+        QTest::keyClick(panel.control("confButton"), Qt::Key_Space);
+        panel.getPositionLayout()->addWidget(new QLabel("x"));
+        for (bool isEnabled : {true, false}) {
+            panel.set2DEnabled(isEnabled);
+            QCOMPARE(visible(), isEnabled ? all + " position_frame" : all);
+        }
+    }
+
+    void shortcutsWorkWhereTheFocusIs()
+    {
+        TwoPanels window;
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.edit->setFocus();
+        for (const Qt::Key key : {Qt::Key_S, Qt::Key_L, Qt::Key_0})
+            window.press(key);
+        QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L Ctrl+0"));
+        window.hosts.clear();
+
+        QTest::mouseClick(window.second->plot()->canvas(), Qt::LeftButton); // takes the focus there
+        window.press(Qt::Key_0);
+        QVERIFY(!window.first->control("clearZeroButton")->isEnabled());
+        QVERIFY(window.second->control("clearZeroButton")->isEnabled());
+        window.press(Qt::Key_L);
+        QCOMPARE(window.first->device.rowCount(), 2);
+        QCOMPARE(window.second->device.rowCount(), 1);
+        QCOMPARE(window.hosts.join(' '), QString());
+    }
+
+    //! The controls would take the digit as input. On some keyboards it needs Shift.
+    void shortcutsInControls()
+    {
+        TwoPanels window;
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const char *name : {"scaleYCombo", "buffered_interval_doubleSpinBox", "modeSelect"}) {
+            window.first->control<QAbstractButton>("clearZeroButton")->click();
+            window.first->control(name)->setFocus();
+            window.press(Qt::Key_0, Qt::ControlModifier | Qt::ShiftModifier);
+            QVERIFY2(window.first->control("clearZeroButton")->isEnabled(), name);
+        }
+        QCOMPARE(window.first->control<QComboBox>("scaleYCombo")->currentText(), QString("Auto"));
+        QCOMPARE(window.first->control<QDoubleSpinBox>("buffered_interval_doubleSpinBox")->value(),
+                 1.0);
+        QCOMPARE(window.hosts.join(' '), QString());
+    }
+
+    void shortcutsOfHiddenAndDisabledButtons()
+    {
+        TwoPanels window;
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        DevicePanel &panel = *window.first;
+        int saves = 0;
+        panel.device.onSave = [&](const QString &) {
+            return ++saves > 0;
+        };
+        panel.setFocus();
+        QTemporaryDir folder;
+        answerFileDialog(folder.filePath("data.csv"));
+        window.press(Qt::Key_S);
+        QCOMPARE(saves, 1);
+        QCoreApplication::processEvents();
+        window.activateWindow(); // the dialog had the focus
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+
+        panel.hideConfig(true);
+        panel.control("clearButton")->setEnabled(false);
+        window.press(Qt::Key_S);
+        window.press(Qt::Key_L);
+        QCOMPARE(saves, 1);
+        QCOMPARE(panel.device.rowCount(), 2);
+        QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L"));
+    }
+
+    void tabOrder()
+    {
+        DevicePanel panel(1, {{1, {5}}});
+        panel.choose("scaleYCombo", "100%");
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        panel.click("zeroButton");
+        panel.setFocus();
+        QStringList visited;
+        for (int i = 0; i < 13; ++i) {
+            visited << panel.focusWidget()->objectName();
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(visited.join(' '),
+                 QString("plotView modeSelect clearButton saveButton confButton scaleYCombo "
+                         "positiveOnlyButton "
+                         "averagingCombo zeroButton clearZeroButton comboBox_period "
+                         "checkBox_bufferedInterval "
+                         "buffered_interval_doubleSpinBox"));
+        QCOMPARE(panel.focusWidget()->objectName(), QString("plotView"));
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXScope)
 #include "tst_RVXScope.moc"

@@ -2,10 +2,8 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QLabel>
-#include <QTemporaryDir>
 
 using namespace Corvale_Qt;
 
@@ -92,120 +90,114 @@ class tst_RVXScopeAppearance : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void icons_data();
-    void icons();
-    void translation();
-    void nothingIsClipped();
-    void zeroedStateIsReadable_data();
-    void zeroedStateIsReadable();
+    void icons_data()
+    {
+        columns<bool>("poorTheme");
+        row("without a theme", false);
+        row("a theme that lacks most icons", true);
+    }
+
+    void icons()
+    {
+        QFETCH(bool, poorTheme);
+        std::unique_ptr<PoorTheme> theme;
+        if (poorTheme)
+            theme = std::make_unique<PoorTheme>();
+        const Panel panel;
+        const auto isDrawn = [](const QColor &c) {
+            return c.alpha() > 0;
+        };
+        for (const char *name :
+             {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
+            QVERIFY2(pixelsOf(iconOf(panel, name), isDrawn) > 20, name);
+
+        const auto isRed = [](const QColor &c) {
+            return c == QColor(Qt::red);
+        };
+        QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
+        // Its name begins alike, but it has another function.
+        QCOMPARE(pixelsOf(iconOf(panel, "clearZeroButton"), isRed), 0);
+    }
+
+    void translation()
+    {
+        PanelDevice device;
+        device.append({{1, {5}}});
+        Panel panel;
+        panel.setWindowTitle("the host's");
+        panel.setModel(&device);
+        panel.show();
+        panel.choose("scaleYCombo", "50%");
+        panel.choose("averagingCombo", "10x Avg");
+        QTRY_COMPARE(panel.bufferSize(), QString("1 Samples"));
+        const BracketTranslator translator;
+        QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
+        QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
+        QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
+        QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
+        QCOMPARE(panel.bufferSize(), QString("<1 Samples>"));
+        QCOMPARE(panel.control("saveButton")->toolTip(),
+                 QString("<Save the data buffer to a file.>"));
+        QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
+        QCOMPARE(panel.windowTitle(), QString("the host's"));
+    }
+
+    //! The panel at its smallest, with all optional controls.
+    void nothingIsClipped()
+    {
+        DevicePanel panel(1, {{1, {5}}, {2, {6}}});
+        panel.setPositionEnabled(true);
+        panel.setSplitEnabled(true);
+        panel.setSpectrogramEnabled(true);
+        panel.setDerivativeVisible(true);
+        panel.SetPlotMode(RVXScope::StripMode);
+        panel.control<QAbstractButton>("zeroButton")->click();
+        panel.resize(1, 1);
+        QTRY_COMPARE(panel.bufferSize(), QString("2 Samples"));
+        QCOMPARE(clippedControls(panel), QString());
+        panel.choose("averagingCombo", "1000x Avg");
+        panel.click("confButton");
+        panel.resize(1, 1);
+        QCoreApplication::processEvents();
+        QVERIFY(panel.control("stateLabel")->isVisible());
+        QCOMPARE(clippedControls(panel), QString());
+    }
+
+    void zeroedStateIsReadable_data()
+    {
+        columns<bool>("dark");
+        row("light", false);
+        row("dark", true);
+    }
+
+    void zeroedStateIsReadable()
+    {
+        QFETCH(bool, dark);
+        PanelDevice device;
+        device.append({{1, {5}}, {2, {6}}});
+        Panel panel;
+        if (dark)
+            panel.setPalette(darkPalette());
+        panel.setModel(&device);
+        panel.show();
+        const auto isGreen = [](const QColor &c) {
+            return c.green() > 220 && c.red() < 200 && c.blue() < 200;
+        };
+        const auto isBlack = [](const QColor &c) {
+            return c.lightness() < 40;
+        };
+        const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {
+            return pixelsOf(panel.control(name)->grab().toImage(), matches);
+        };
+        QCOMPARE(drawn("clearZeroButton", isGreen), 0);
+        panel.click("zeroButton");
+        QVERIFY(drawn("clearZeroButton", isGreen) > 100);
+        panel.click("confButton");
+        QCoreApplication::processEvents();
+        QVERIFY(drawn("stateLabel", isGreen) > 300);
+        QVERIFY(drawn("stateLabel", isBlack) > 20);
+    }
 };
-
-void tst_RVXScopeAppearance::icons_data()
-{
-    QTest::addColumn<bool>("poorTheme");
-    QTest::newRow("without a theme") << false;
-    QTest::newRow("a theme that lacks most icons") << true;
-}
-
-void tst_RVXScopeAppearance::icons()
-{
-    QFETCH(bool, poorTheme);
-    std::unique_ptr<PoorTheme> theme;
-    if (poorTheme)
-        theme = std::make_unique<PoorTheme>();
-    const Panel panel;
-    const auto isDrawn = [](const QColor &c) {
-        return c.alpha() > 0;
-    };
-    for (const char *name :
-         {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
-        QVERIFY2(pixelsOf(iconOf(panel, name), isDrawn) > 20, name);
-
-    const auto isRed = [](const QColor &c) {
-        return c == QColor(Qt::red);
-    };
-    QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
-    // Its name begins alike, but it has another function.
-    QCOMPARE(pixelsOf(iconOf(panel, "clearZeroButton"), isRed), 0);
-}
-
-void tst_RVXScopeAppearance::translation()
-{
-    PanelDevice device;
-    device.append({{1, {5}}});
-    Panel panel;
-    panel.setWindowTitle("the host's");
-    panel.setModel(&device);
-    panel.show();
-    panel.choose("scaleYCombo", "50%");
-    panel.choose("averagingCombo", "10x Avg");
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("1 Samples"));
-    const BracketTranslator translator;
-    QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
-    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
-    QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
-    QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
-    QCOMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("<1 Samples>"));
-    QCOMPARE(panel.control("saveButton")->toolTip(), QString("<Save the data buffer to a file.>"));
-    QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
-    QCOMPARE(panel.windowTitle(), QString("the host's"));
-}
-
-//! The panel at its smallest, with all optional controls.
-void tst_RVXScopeAppearance::nothingIsClipped()
-{
-    DevicePanel panel(1, {{1, {5}}, {2, {6}}});
-    panel.setPositionEnabled(true);
-    panel.setSplitEnabled(true);
-    panel.setSpectrogramEnabled(true);
-    panel.setDerivativeVisible(true);
-    panel.SetPlotMode(RVXScope::StripMode);
-    panel.control<QAbstractButton>("zeroButton")->click();
-    panel.resize(1, 1);
-    QTRY_COMPARE(panel.control<QLabel>("bufferSizeLabel")->text(), QString("2 Samples"));
-    QCOMPARE(clippedControls(panel), QString());
-    panel.choose("averagingCombo", "1000x Avg");
-    panel.click("confButton");
-    panel.resize(1, 1);
-    QCoreApplication::processEvents();
-    QVERIFY(panel.control("stateLabel")->isVisible());
-    QCOMPARE(clippedControls(panel), QString());
-}
-
-void tst_RVXScopeAppearance::zeroedStateIsReadable_data()
-{
-    QTest::addColumn<bool>("dark");
-    QTest::newRow("light") << false;
-    QTest::newRow("dark") << true;
-}
-
-void tst_RVXScopeAppearance::zeroedStateIsReadable()
-{
-    QFETCH(bool, dark);
-    PanelDevice device;
-    device.append({{1, {5}}, {2, {6}}});
-    Panel panel;
-    if (dark)
-        panel.setPalette(darkPalette());
-    panel.setModel(&device);
-    panel.show();
-    const auto isGreen = [](const QColor &c) {
-        return c.green() > 220 && c.red() < 200 && c.blue() < 200;
-    };
-    const auto isBlack = [](const QColor &c) {
-        return c.lightness() < 40;
-    };
-    const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {
-        return pixelsOf(panel.control(name)->grab().toImage(), matches);
-    };
-    QCOMPARE(drawn("clearZeroButton", isGreen), 0);
-    panel.click("zeroButton");
-    QVERIFY(drawn("clearZeroButton", isGreen) > 100);
-    panel.click("confButton");
-    QCoreApplication::processEvents();
-    QVERIFY(drawn("stateLabel", isGreen) > 300);
-    QVERIFY(drawn("stateLabel", isBlack) > 20);
-}
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopeAppearance)
 #include "tst_RVXScopeAppearance.moc"

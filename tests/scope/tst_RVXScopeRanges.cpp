@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/scope/Panel.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 //! The y ranges of the scope panel: its four lists and the button for positive values.
@@ -8,144 +9,135 @@ class tst_RVXScopeRanges : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void yRanges_data();
-    void yRanges();
-    void yRangeLists();
-    void hostsRange();
-    void yScaleAnnouncements();
-    void positiveOnlyFromTheHost();
-};
-
-void tst_RVXScopeRanges::yRanges_data()
-{
-    QTest::addColumn<int>("list");
-    QTest::addColumn<QString>("choice");
-    QTest::addColumn<QString>("scale");
-    QTest::addColumn<QString>("positiveScale");
-    const auto row = [](const char *name,
-                        int list,
-                        const char *choice,
-                        const char *scale,
-                        const char *positiveScale = nullptr) {
-        QTest::newRow(name) << list << choice << scale << (positiveScale ? positiveScale : scale);
-    };
-    row("percent: auto", 0, "Auto", "auto disabled");
-    row("percent: normalised", 0, "Normalize", "[-1, 1] disabled");
-    row("percent: all", 0, "100%", "[-1, 1] off", "[-0.1, 1] on");
-    row("percent: a hundredth", 0, "1%", "[-0.01, 0.01] off", "[-0.001, 0.01] on");
-    row("percent: least", 0, "0.01%", "[-0.0001, 0.0001] off", "[-1e-05, 0.0001] on");
-    row("automatic: auto", 1, "Auto", "auto hidden");
-    row("absolute: auto", 2, "Auto", "auto disabled");
-    row("absolute: the odd step", 2, "250000", "[-250000, 250000] off", "[-25000, 250000] on");
-    row("absolute: below 1", 2, ".05", "[-0.05, 0.05] off", "[-0.005, 0.05] on");
-    row("from 0: auto", 3, "Auto", "auto hidden");
-    row("from 0: 20", 3, "20", "[0, 20] hidden");
-}
-
-void tst_RVXScopeRanges::yRanges()
-{
-    QFETCH(int, list);
-    QFETCH(QString, choice);
-    QFETCH(QString, scale);
-    QFETCH(QString, positiveScale);
-    Panel panel;
-    panel.show();
-    panel.SetYScaleMode(list);
-    panel.choose("scaleYCombo", choice);
-    QCOMPARE(panel.yScale(), scale);
-    panel.click("positiveOnlyButton");
-    QCOMPARE(panel.yScale(), positiveScale);
-    panel.choose("scaleYCombo", "Auto");
-    QVERIFY(panel.yScale().startsWith("auto"));
-}
-
-void tst_RVXScopeRanges::yRangeLists()
-{
-    Panel panel;
-    auto *combo = panel.control<QComboBox>("scaleYCombo");
-    QCOMPARE(combo->count(), 15);
-    panel.SetYScaleMode(0);
-    panel.SetYScaleMode(4);
-    QCOMPARE(combo->count(), 15);
-    panel.SetYScaleMode(2);
-    QCOMPARE(combo->count(), 23);
-    panel.SetYScaleMode(0); // ignored, because hosts rely on it
-    QCOMPARE(combo->count(), 23);
-
-    // The button keeps its state while another list is used, and the view follows it.
-    panel.choose("scaleYCombo", "10000");
-    panel.control<QAbstractButton>("positiveOnlyButton")->click();
-    panel.SetYScaleMode(3);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[0, 10000] hidden"));
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[-1000, 10000] on"));
-    panel.control<QAbstractButton>("positiveOnlyButton")->click();
-    panel.SetYScaleMode(3);
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "10000");
-    QCOMPARE(panel.yScale(), QString("[-10000, 10000] off"));
-}
-
-void tst_RVXScopeRanges::hostsRange()
-{
-    Panel panel;
-    panel.choose("scaleYCombo", "50%");
-    panel.SetRange(-10, 20);
-    QCOMPARE(panel.yScale(), QString("[-5, 10] off"));
-    panel.SetYScaleMode(2);
-    panel.SetRange(-3, 3);
-    QCOMPARE(panel.yScale(), QString("auto disabled"));
-    panel.choose("scaleYCombo", "500"); // its index is not a scale mode
-    panel.SetRange(-4, 4);
-    QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
-}
-
-void tst_RVXScopeRanges::yScaleAnnouncements()
-{
-    Panel panel;
-    panel.show();
-    QSignalSpy spy(&panel, SIGNAL(yScaleChanged(bool, int, int)));
-    const auto last = [&] {
-        const QList<QVariant> arguments = spy.isEmpty() ? QList<QVariant>() : spy.last();
-        spy.clear();
-        QStringList words;
-        for (const QVariant &argument : arguments)
-            words << argument.toString();
-        return words.join(' ');
-    };
-    panel.SetRange(-12.5, 1e30);
-    QCOMPARE(last(), QString());
-    auto *combo = panel.control<QComboBox>("scaleYCombo");
-    for (int percent = combo->findText("100%"); percent < combo->count(); ++percent) {
-        panel.choose("scaleYCombo", combo->itemText(percent));
-        QCOMPARE(last(), QString("true -13 2147483647"));
+    void yRanges_data()
+    {
+        columns<int, QString, QString, QString>("list", "choice", "scale", "positiveScale");
+        const auto row = [](const char *name,
+                            int list,
+                            const char *choice,
+                            const char *scale,
+                            const char *positiveScale = nullptr) {
+            QTest::newRow(name) << list << choice << scale
+                                << (positiveScale ? positiveScale : scale);
+        };
+        row("percent: auto", 0, "Auto", "auto disabled");
+        row("percent: normalised", 0, "Normalize", "[-1, 1] disabled");
+        row("percent: all", 0, "100%", "[-1, 1] off", "[-0.1, 1] on");
+        row("percent: a hundredth", 0, "1%", "[-0.01, 0.01] off", "[-0.001, 0.01] on");
+        row("percent: least", 0, "0.01%", "[-0.0001, 0.0001] off", "[-1e-05, 0.0001] on");
+        row("automatic: auto", 1, "Auto", "auto hidden");
+        row("absolute: auto", 2, "Auto", "auto disabled");
+        row("absolute: the odd step", 2, "250000", "[-250000, 250000] off", "[-25000, 250000] on");
+        row("absolute: below 1", 2, ".05", "[-0.05, 0.05] off", "[-0.005, 0.05] on");
+        row("from 0: auto", 3, "Auto", "auto hidden");
+        row("from 0: 20", 3, "20", "[0, 20] hidden");
     }
-    panel.click("positiveOnlyButton");
-    QCOMPARE(last(), QString("true -13 2147483647"));
-    panel.choose("scaleYCombo", "Normalize");
-    QVERIFY(last().startsWith("false"));
-    panel.SetYScaleMode(2);
-    panel.choose("scaleYCombo", "250000");
-    QCOMPARE(last(), QString("true -250000 250000"));
-    panel.choose("scaleYCombo", "Auto");
-    QVERIFY(last().startsWith("false"));
-    panel.SetYScaleMode(3);
-    panel.choose("scaleYCombo", "20");
-    QCOMPARE(last(), QString("true 0 20"));
-}
 
-void tst_RVXScopeRanges::positiveOnlyFromTheHost()
-{
-    Panel panel; // a host sets up the panel before it is shown
-    panel.choose("scaleYCombo", "100%");
-    panel.SetPositiveOnly(true);
-    QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));
-    panel.SetYScaleMode(1);
-    panel.SetPositiveOnly(false);
-    QVERIFY(panel.control<QAbstractButton>("positiveOnlyButton")->isChecked());
-}
+    void yRanges()
+    {
+        QFETCH(int, list);
+        QFETCH(QString, choice);
+        QFETCH(QString, scale);
+        QFETCH(QString, positiveScale);
+        Panel panel;
+        panel.show();
+        panel.SetYScaleMode(list);
+        panel.choose("scaleYCombo", choice);
+        QCOMPARE(panel.yScale(), scale);
+        panel.click("positiveOnlyButton");
+        QCOMPARE(panel.yScale(), positiveScale);
+        panel.choose("scaleYCombo", "Auto");
+        QVERIFY(panel.yScale().startsWith("auto"));
+    }
+
+    void yRangeLists()
+    {
+        Panel panel;
+        auto *combo = panel.control<QComboBox>("scaleYCombo");
+        QCOMPARE(combo->count(), 15);
+        panel.SetYScaleMode(0);
+        panel.SetYScaleMode(4);
+        QCOMPARE(combo->count(), 15);
+        panel.SetYScaleMode(2);
+        QCOMPARE(combo->count(), 23);
+        panel.SetYScaleMode(0); // ignored, because hosts rely on it
+        QCOMPARE(combo->count(), 23);
+
+        // The button keeps its state while another list is used, and the view follows it.
+        panel.choose("scaleYCombo", "10000");
+        panel.control<QAbstractButton>("positiveOnlyButton")->click();
+        panel.SetYScaleMode(3);
+        panel.choose("scaleYCombo", "10000");
+        QCOMPARE(panel.yScale(), QString("[0, 10000] hidden"));
+        panel.SetYScaleMode(2);
+        panel.choose("scaleYCombo", "10000");
+        QCOMPARE(panel.yScale(), QString("[-1000, 10000] on"));
+        panel.control<QAbstractButton>("positiveOnlyButton")->click();
+        panel.SetYScaleMode(3);
+        panel.SetYScaleMode(2);
+        panel.choose("scaleYCombo", "10000");
+        QCOMPARE(panel.yScale(), QString("[-10000, 10000] off"));
+    }
+
+    void hostsRange()
+    {
+        Panel panel;
+        panel.choose("scaleYCombo", "50%");
+        panel.SetRange(-10, 20);
+        QCOMPARE(panel.yScale(), QString("[-5, 10] off"));
+        panel.SetYScaleMode(2);
+        panel.SetRange(-3, 3);
+        QCOMPARE(panel.yScale(), QString("auto disabled"));
+        panel.choose("scaleYCombo", "500"); // its index is not a scale mode
+        panel.SetRange(-4, 4);
+        QCOMPARE(panel.yScale(), QString("[-4, 4] off"));
+    }
+
+    void yScaleAnnouncements()
+    {
+        Panel panel;
+        panel.show();
+        QSignalSpy spy(&panel, SIGNAL(yScaleChanged(bool, int, int)));
+        const auto last = [&] {
+            const QList<QVariant> arguments = spy.isEmpty() ? QList<QVariant>() : spy.last();
+            spy.clear();
+            QStringList words;
+            for (const QVariant &argument : arguments)
+                words << argument.toString();
+            return words.join(' ');
+        };
+        panel.SetRange(-12.5, 1e30);
+        QCOMPARE(last(), QString());
+        auto *combo = panel.control<QComboBox>("scaleYCombo");
+        for (int percent = combo->findText("100%"); percent < combo->count(); ++percent) {
+            panel.choose("scaleYCombo", combo->itemText(percent));
+            QCOMPARE(last(), QString("true -13 2147483647"));
+        }
+        panel.click("positiveOnlyButton");
+        QCOMPARE(last(), QString("true -13 2147483647"));
+        panel.choose("scaleYCombo", "Normalize");
+        QVERIFY(last().startsWith("false"));
+        panel.SetYScaleMode(2);
+        panel.choose("scaleYCombo", "250000");
+        QCOMPARE(last(), QString("true -250000 250000"));
+        panel.choose("scaleYCombo", "Auto");
+        QVERIFY(last().startsWith("false"));
+        panel.SetYScaleMode(3);
+        panel.choose("scaleYCombo", "20");
+        QCOMPARE(last(), QString("true 0 20"));
+    }
+
+    void positiveOnlyFromTheHost()
+    {
+        Panel panel; // a host sets up the panel before it is shown
+        panel.choose("scaleYCombo", "100%");
+        panel.SetPositiveOnly(true);
+        QCOMPARE(panel.yScale(), QString("[-0.1, 1] on"));
+        panel.SetYScaleMode(1);
+        panel.SetPositiveOnly(false);
+        QVERIFY(panel.control<QAbstractButton>("positiveOnlyButton")->isChecked());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopeRanges)
 #include "tst_RVXScopeRanges.moc"

@@ -2,10 +2,8 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/PanelDevice.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QMessageBox>
-#include <QTemporaryDir>
 
 using namespace Corvale_Qt;
 
@@ -32,137 +30,130 @@ class tst_RVXScopeSaving : public QObject
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
-    void saving();
-    void savingFails();
-    void savingIsNotStartedTwice();
-    void modelIsGoneWhenTheFileIsNamed();
-    void panelIsClosedMeanwhile_data();
-    void panelIsClosedMeanwhile();
-};
+    void saving()
+    {
+        QTemporaryDir folder;
+        RVXSingleChannelDataModel model;
+        model.AddData(1, 2.5e-9);
+        model.AddData(2, 3.5e-9);
+        Panel panel;
+        panel.click("saveButton"); // without a model no dialog opens
+        panel.setModel(&model);
+        panel.choose("averagingCombo", "10x Avg");
+        panel.control<QAbstractButton>("zeroButton")->click();
+        const auto save = [&](const QString &name) {
+            QString folderSeen;
+            answerFileDialog(name, &folderSeen);
+            panel.click("saveButton");
+            QCoreApplication::processEvents();
+            return folderSeen;
+        };
+        save(folder.filePath("data")); // the dialog adds the suffix
+        QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
+        QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
+        QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
+        QCOMPARE(saved.readAll(), expected.readAll()); // as measured
 
-void tst_RVXScopeSaving::saving()
-{
-    QTemporaryDir folder;
-    RVXSingleChannelDataModel model;
-    model.AddData(1, 2.5e-9);
-    model.AddData(2, 3.5e-9);
-    Panel panel;
-    panel.click("saveButton"); // without a model no dialog opens
-    panel.setModel(&model);
-    panel.choose("averagingCombo", "10x Avg");
-    panel.control<QAbstractButton>("zeroButton")->click();
-    const auto save = [&](const QString &name) {
-        QString folderSeen;
-        answerFileDialog(name, &folderSeen);
-        panel.click("saveButton");
-        QCoreApplication::processEvents();
-        return folderSeen;
-    };
-    save(folder.filePath("data")); // the dialog adds the suffix
-    QVERIFY(model.SaveDataToFile(folder.filePath("expected.csv")));
-    QFile saved(folder.filePath("data.csv")), expected(folder.filePath("expected.csv"));
-    QVERIFY(saved.open(QFile::ReadOnly) && expected.open(QFile::ReadOnly));
-    QCOMPARE(saved.readAll(), expected.readAll()); // as measured
+        QCOMPARE(save(QString()), folder.path()); // cancelled; opens in the folder of the last file
+        QCOMPARE(save(QString()), folder.path());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
+                 QString("data.csv expected.csv"));
+    }
 
-    QCOMPARE(save(QString()), folder.path()); // cancelled; opens in the folder of the last file
-    QCOMPARE(save(QString()), folder.path());
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join(' '),
-             QString("data.csv expected.csv"));
-}
-
-void tst_RVXScopeSaving::savingFails()
-{
-    QTemporaryDir folder;
-    DevicePanel panel;
-    QString message;
-    panel.device.onSave = [&](const QString &) {
-        acknowledgeMessage(&message);
-        return false;
-    };
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    QCOMPARE(message, QString("Save Data: Error saving data file."));
-    QVERIFY(!QGuiApplication::overrideCursor());
-}
-
-void tst_RVXScopeSaving::savingIsNotStartedTwice()
-{
-    QTemporaryDir folder;
-    DevicePanel panel;
-    int saves = 0;
-    Qt::CursorShape cursor = Qt::ArrowCursor;
-    panel.device.onSave = [&](const QString &) {
-        ++saves;
-        cursor =
-            QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape() : cursor;
-        panel.click("saveButton");
-        return true;
-    };
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    panel.click("saveButton"); // the second half of a double click, delivered late
-    QCOMPARE(saves, 1);
-    QCOMPARE(cursor, Qt::WaitCursor);
-    QVERIFY(!QGuiApplication::overrideCursor());
-    QCoreApplication::processEvents();
-    answerFileDialog(folder.filePath("data.csv"));
-    panel.click("saveButton");
-    QCOMPARE(saves, 2);
-}
-
-//! The operator is told that nothing was saved.
-void tst_RVXScopeSaving::modelIsGoneWhenTheFileIsNamed()
-{
-    QTemporaryDir folder;
-    auto device = std::make_unique<PanelDevice>();
-    Panel panel;
-    panel.setModel(device.get());
-    QString message;
-    QTimer::singleShot(0, this, [&] {
-        device.reset();
-        answerFileDialog(folder.filePath("data.csv"));
-        QTimer::singleShot(0, this, [&] {
+    void savingFails()
+    {
+        QTemporaryDir folder;
+        DevicePanel panel;
+        QString message;
+        panel.device.onSave = [&](const QString &) {
             acknowledgeMessage(&message);
-        });
-    });
-    panel.click("saveButton");
-    QCOMPARE(message, QString("Save Data: Error saving data file."));
-}
-
-void tst_RVXScopeSaving::panelIsClosedMeanwhile_data()
-{
-    QTest::addColumn<bool>("inFileDialog");
-    QTest::newRow("while the file is chosen") << true;
-    QTest::newRow("while the error is read") << false;
-}
-
-//! A host may delete a panel at any time, for instance when its instrument disconnects.
-void tst_RVXScopeSaving::panelIsClosedMeanwhile()
-{
-    QFETCH(bool, inFileDialog);
-    QTemporaryDir folder;
-    PanelDevice device;
-    auto *panel = new Panel;
-    const QPointer<Panel> alive(panel);
-    const auto closePanel = [&] {
-        QTimer::singleShot(0, this, [&] {
-            QVERIFY(QApplication::activeModalWidget());
-            delete panel;
-        });
-    };
-    device.onSave = [&](const QString &) {
-        closePanel();
-        return false;
-    };
-    panel->setModel(&device);
-    if (inFileDialog)
-        closePanel();
-    else
+            return false;
+        };
         answerFileDialog(folder.filePath("data.csv"));
-    panel->control<QAbstractButton>("saveButton")->click();
-    QVERIFY(!alive);
-    QVERIFY(!QApplication::activeModalWidget());
-}
+        panel.click("saveButton");
+        QCOMPARE(message, QString("Save Data: Error saving data file."));
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void savingIsNotStartedTwice()
+    {
+        QTemporaryDir folder;
+        DevicePanel panel;
+        int saves = 0;
+        Qt::CursorShape cursor = Qt::ArrowCursor;
+        panel.device.onSave = [&](const QString &) {
+            ++saves;
+            cursor = QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape()
+                                                       : cursor;
+            panel.click("saveButton");
+            return true;
+        };
+        answerFileDialog(folder.filePath("data.csv"));
+        panel.click("saveButton");
+        panel.click("saveButton"); // the second half of a double click, delivered late
+        QCOMPARE(saves, 1);
+        QCOMPARE(cursor, Qt::WaitCursor);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QCoreApplication::processEvents();
+        answerFileDialog(folder.filePath("data.csv"));
+        panel.click("saveButton");
+        QCOMPARE(saves, 2);
+    }
+
+    //! The operator is told that nothing was saved.
+    void modelIsGoneWhenTheFileIsNamed()
+    {
+        QTemporaryDir folder;
+        auto device = std::make_unique<PanelDevice>();
+        Panel panel;
+        panel.setModel(device.get());
+        QString message;
+        QTimer::singleShot(0, this, [&] {
+            device.reset();
+            answerFileDialog(folder.filePath("data.csv"));
+            QTimer::singleShot(0, this, [&] {
+                acknowledgeMessage(&message);
+            });
+        });
+        panel.click("saveButton");
+        QCOMPARE(message, QString("Save Data: Error saving data file."));
+    }
+
+    void panelIsClosedMeanwhile_data()
+    {
+        columns<bool>("inFileDialog");
+        row("while the file is chosen", true);
+        row("while the error is read", false);
+    }
+
+    //! A host may delete a panel at any time, for instance when its instrument disconnects.
+    void panelIsClosedMeanwhile()
+    {
+        QFETCH(bool, inFileDialog);
+        QTemporaryDir folder;
+        PanelDevice device;
+        auto *panel = new Panel;
+        const QPointer<Panel> alive(panel);
+        const auto closePanel = [&] {
+            QTimer::singleShot(0, this, [&] {
+                QVERIFY(QApplication::activeModalWidget());
+                delete panel;
+            });
+        };
+        device.onSave = [&](const QString &) {
+            closePanel();
+            return false;
+        };
+        panel->setModel(&device);
+        if (inFileDialog)
+            closePanel();
+        else
+            answerFileDialog(folder.filePath("data.csv"));
+        panel->control<QAbstractButton>("saveButton")->click();
+        QVERIFY(!alive);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopeSaving)
 #include "tst_RVXScopeSaving.moc"

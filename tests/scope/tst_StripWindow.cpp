@@ -3,6 +3,7 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 #include "tests/scope/ScopeTestModel.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <random>
@@ -47,224 +48,202 @@ class tst_StripWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void window_data();
-    void window();
-    void rowsAreThoseOfTheDefinition_data();
-    void rowsAreThoseOfTheDefinition();
-    void costsWhatIsVisible();
-    void scrollBar_data();
-    void scrollBar();
-    void daysOfSamplesKeepTheWindow();
-    void stampsThatAreNoNumbers();
-};
-
-void tst_StripWindow::window_data()
-{
-    QTest::addColumn<int>("samples");
-    QTest::addColumn<int>("sweepLength");
-    QTest::addColumn<double>("width");
-    QTest::addColumn<int>("scrollValue"); // -1 follows
-    QTest::addColumn<double>("left");
-    QTest::addColumn<double>("right");
-    QTest::addColumn<QString>("rows");
-
-    // Samples half a second apart, the first at 0.
-    QTest::newRow("follows, buffer longer than the chart")
-        << 100 << 20 << 0.0 << -1 << 40.0 << 49.5 << "80-100";
-    QTest::newRow("follows, buffer as long as the chart")
-        << 20 << 20 << 0.0 << -1 << 0.0 << 9.5 << "1-20";
-    QTest::newRow("follows, chart not filled yet")
-        << 10 << 20 << 0.0 << -1 << -4.5 << 4.5 << "1-10";
-    QTest::newRow("follows, width given") << 100 << 20 << 5.0 << -1 << 44.5 << 49.5 << "89-100";
-    QTest::newRow("follows, width longer than the buffer")
-        << 10 << 20 << 30.0 << -1 << -25.5 << 4.5 << "1-10";
-    QTest::newRow("a negative width is none")
-        << 100 << 20 << -5.0 << -1 << 40.0 << 49.5 << "80-100";
-    QTest::newRow("scrolled back") << 100 << 20 << 0.0 << 1000000 << 10.0 << 19.9 << "20-41";
-    QTest::newRow("scrolled to the start") << 100 << 20 << 0.0 << 0 << 0.0 << 9.9 << "1-21";
-    QTest::newRow("scrolled back, width given")
-        << 100 << 20 << 5.0 << 1000000 << 10.0 << 15.0 << "20-32";
-}
-
-void tst_StripWindow::window()
-{
-    QFETCH(int, samples);
-    QFETCH(int, sweepLength);
-    QFETCH(double, width);
-    QFETCH(int, scrollValue);
-    ScopeTestModel model(1);
-    model.appendRows(samples, 0.5, [](int, double) {
-        return 0.0;
-    });
-
-    StripRequest request;
-    request.samples = samples;
-    request.sweepLength = sweepLength;
-    request.width = width;
-    request.following = scrollValue < 0;
-    request.scrollValue = scrollValue;
-    const StripWindow window = stripWindow(PlotColumnReader(&model), request);
-
-    QTEST(window.left, "left");
-    QTEST(window.right, "right");
-    QTEST(text(window.rows), "rows");
-}
-
-void tst_StripWindow::rowsAreThoseOfTheDefinition_data()
-{
-    QTest::addColumn<int>("samples");
-    QTest::addColumn<QString>("stamps");
-    for (const char *stamps : {"rising", "disordered", "equal", "with NaN"}) {
-        for (int samples : {2, 1024, 1025, 3000})
-            QTest::addRow("%d %s", samples, stamps) << samples << QString(stamps);
-    }
-}
-
-void tst_StripWindow::rowsAreThoseOfTheDefinition()
-{
-    QFETCH(int, samples);
-    QFETCH(QString, stamps);
-    std::mt19937 random(5);
-    const auto number = [&random](int below) {
-        return int(random() % unsigned(below));
-    };
-    // The library's model is read in bulk, the host's cell by cell.
-    RVXSingleChannelDataModel bulk;
-    bulk.setAutoUpdate(false);
-    ScopeTestModel cells(1);
-    QVector<ScopeTestModel::Row> rows;
-    double last = 1.0;
-    for (int i = 0; i < samples; ++i) {
-        double x = i + 1.0;
-        if (stamps == "disordered")
-            x = 1.0 + number(samples);
-        else if (stamps == "equal")
-            x = 1.0 + i / 10 * 10;
-        else if (stamps == "with NaN" && number(7) == 0)
-            x = qQNaN();
-        if (x == last && stamps == "disordered")
-            x += 0.5; // the model drops a stamp that repeats
-        last = x;
-        rows.append({x, 0.0});
-        if (stamps != "equal")
-            bulk.AddData(x, 0.0);
-    }
-    bulk.UpdateView();
-    cells.append(rows);
-
-    for (int i = 0; i < 200; ++i) {
-        const double left = number(samples + 4) - 1.0;
-        const double right = left + number(samples);
-        const RowRange expected = literalRows(cells, samples, left, right);
-        QCOMPARE(text(rowsAround(PlotColumnReader(&cells), {1, samples}, left, right)),
-                 text(expected));
-        const int from = literalFirstFrom(cells, samples, left);
-        QCOMPARE(firstRowFrom(PlotColumnReader(&cells), {1, samples}, left), from);
-        if (stamps == "equal")
-            continue;
-        QCOMPARE(text(rowsAround(PlotColumnReader(&bulk), {1, samples}, left, right)),
-                 text(expected));
-        QCOMPARE(firstRowFrom(PlotColumnReader(&bulk), {1, samples}, left), from);
-    }
-}
-
-//! The number of cells read must not grow with the buffer.
-void tst_StripWindow::costsWhatIsVisible()
-{
-    class CountingModel : public ScopeTestModel
+    void window_data()
     {
-    public:
-        using ScopeTestModel::ScopeTestModel;
-        double doubleData(int row, int column) const override
-        {
-            ++reads;
-            return ScopeTestModel::doubleData(row, column);
-        }
-        mutable int reads = 0;
-    };
-    CountingModel model(1);
-    model.appendRows(100000, 1.0, [](int, double) {
-        return 0.0;
-    });
+        columns<int, int, double>("samples", "sweepLength", "width");
+        QTest::addColumn<int>("scrollValue"); // -1 follows
+        columns<double, double, QString>("left", "right", "rows");
 
-    StripRequest request;
-    request.samples = 100000;
-    const StripWindow window = stripWindow(PlotColumnReader(&model), request);
-    QCOMPARE(text(window.rows), QString("99744-100000"));
-    QVERIFY2(model.reads < 3000, qPrintable(QString::number(model.reads)));
-}
-
-void tst_StripWindow::scrollBar_data()
-{
-    QTest::addColumn<bool>("following");
-    QTest::addColumn<int>("value");
-    QTest::newRow("following stands at the end") << true << 4000000;
-    QTest::newRow("scrolled back stays") << false << 123456;
-}
-
-void tst_StripWindow::scrollBar()
-{
-    QFETCH(bool, following);
-    QFETCH(int, value);
-    StripWindow window;
-    window.oldest = 10.0;
-    window.newest = 60.0;
-    window.left = 50.0;
-    window.right = 60.0;
-    StripRequest request;
-    request.sweepLength = 20;
-    request.following = following;
-    request.scrollValue = value;
-    const StripScrollBar bar = stripScrollBar(window, request);
-    QCOMPARE(bar.maximum, 4000000);
-    QCOMPARE(bar.pageStep, 1000000);
-    QCOMPARE(bar.singleStep, 50000);
-    QCOMPARE(bar.value, value);
-}
-
-//! 100000 samples one second apart last more than a day: too long for an int that counts 10 microseconds.
-void tst_StripWindow::daysOfSamplesKeepTheWindow()
-{
-    ScopeTestModel model(1);
-    model.appendRows(100000, 1.0, [](int, double) {
-        return 0.0;
-    });
-    const PlotColumnReader reader(&model);
-
-    StripRequest request;
-    request.samples = 100000;
-    const StripScrollBar followed = stripScrollBar(stripWindow(reader, request), request);
-    QVERIFY(followed.maximum > 0);
-    QCOMPARE(followed.maximum / followed.units, 99999.0 - 255.0);
-
-    request.following = false;
-    request.scrollUnits = followed.units;
-    request.scrollValue = followed.maximum / 2;
-    const StripWindow middle = stripWindow(reader, request);
-    QVERIFY(qAbs(middle.left - (99999.0 - 255.0) / 2) < 1e-3);
-    QCOMPARE(stripScrollBar(middle, request).value, request.scrollValue);
-
-    // In a buffer ten times as long the steps become coarser, but the window stays in place.
-    StripWindow longer = middle;
-    longer.newest = 1e6;
-    const StripScrollBar coarser = stripScrollBar(longer, request);
-    QVERIFY(coarser.units < followed.units);
-    QVERIFY(qAbs(coarser.value / coarser.units - middle.left) <= 1.0 / coarser.units);
-}
-
-void tst_StripWindow::stampsThatAreNoNumbers()
-{
-    for (const double odd : {qQNaN(), qInf(), -qInf(), 1e308}) {
-        ScopeTestModel model(1);
-        model.append({{odd, 0.0}, {0.0, 1.0}, {-odd, 2.0}});
-        StripRequest request;
-        request.samples = 3;
-        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
-        QVERIFY(window.rows.first >= 1 && window.rows.last <= 3);
-        const StripScrollBar bar = stripScrollBar(window, request);
-        QVERIFY(bar.maximum >= 0 && bar.pageStep >= 0 && bar.singleStep >= 1);
+        // Samples half a second apart, the first at 0.
+        row("follows, buffer longer than the chart", 100, 20, 0.0, -1, 40.0, 49.5, "80-100");
+        row("follows, buffer as long as the chart", 20, 20, 0.0, -1, 0.0, 9.5, "1-20");
+        row("follows, chart not filled yet", 10, 20, 0.0, -1, -4.5, 4.5, "1-10");
+        row("follows, width given", 100, 20, 5.0, -1, 44.5, 49.5, "89-100");
+        row("follows, width longer than the buffer", 10, 20, 30.0, -1, -25.5, 4.5, "1-10");
+        row("a negative width is none", 100, 20, -5.0, -1, 40.0, 49.5, "80-100");
+        row("scrolled back", 100, 20, 0.0, 1000000, 10.0, 19.9, "20-41");
+        row("scrolled to the start", 100, 20, 0.0, 0, 0.0, 9.9, "1-21");
+        row("scrolled back, width given", 100, 20, 5.0, 1000000, 10.0, 15.0, "20-32");
     }
-}
+
+    void window()
+    {
+        QFETCH(int, samples);
+        QFETCH(int, sweepLength);
+        QFETCH(double, width);
+        QFETCH(int, scrollValue);
+        ScopeTestModel model(1);
+        model.appendRows(samples, 0.5, [](int, double) {
+            return 0.0;
+        });
+
+        StripRequest request;
+        request.samples = samples;
+        request.sweepLength = sweepLength;
+        request.width = width;
+        request.following = scrollValue < 0;
+        request.scrollValue = scrollValue;
+        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+
+        QTEST(window.left, "left");
+        QTEST(window.right, "right");
+        QTEST(text(window.rows), "rows");
+    }
+
+    void rowsAreThoseOfTheDefinition_data()
+    {
+        columns<int, QString>("samples", "stamps");
+        for (const char *stamps : {"rising", "disordered", "equal", "with NaN"}) {
+            for (int samples : {2, 1024, 1025, 3000})
+                QTest::addRow("%d %s", samples, stamps) << samples << QString(stamps);
+        }
+    }
+
+    void rowsAreThoseOfTheDefinition()
+    {
+        QFETCH(int, samples);
+        QFETCH(QString, stamps);
+        std::mt19937 random(5);
+        const auto number = [&random](int below) {
+            return int(random() % unsigned(below));
+        };
+        // The library's model is read in bulk, the host's cell by cell.
+        RVXSingleChannelDataModel bulk;
+        bulk.setAutoUpdate(false);
+        ScopeTestModel cells(1);
+        QVector<ScopeTestModel::Row> rows;
+        double last = 1.0;
+        for (int i = 0; i < samples; ++i) {
+            double x = i + 1.0;
+            if (stamps == "disordered")
+                x = 1.0 + number(samples);
+            else if (stamps == "equal")
+                x = 1.0 + i / 10 * 10;
+            else if (stamps == "with NaN" && number(7) == 0)
+                x = qQNaN();
+            if (x == last && stamps == "disordered")
+                x += 0.5; // the model drops a stamp that repeats
+            last = x;
+            rows.append({x, 0.0});
+            if (stamps != "equal")
+                bulk.AddData(x, 0.0);
+        }
+        bulk.UpdateView();
+        cells.append(rows);
+
+        for (int i = 0; i < 200; ++i) {
+            const double left = number(samples + 4) - 1.0;
+            const double right = left + number(samples);
+            const RowRange expected = literalRows(cells, samples, left, right);
+            QCOMPARE(text(rowsAround(PlotColumnReader(&cells), {1, samples}, left, right)),
+                     text(expected));
+            const int from = literalFirstFrom(cells, samples, left);
+            QCOMPARE(firstRowFrom(PlotColumnReader(&cells), {1, samples}, left), from);
+            if (stamps == "equal")
+                continue;
+            QCOMPARE(text(rowsAround(PlotColumnReader(&bulk), {1, samples}, left, right)),
+                     text(expected));
+            QCOMPARE(firstRowFrom(PlotColumnReader(&bulk), {1, samples}, left), from);
+        }
+    }
+
+    //! The number of cells read must not grow with the buffer.
+    void costsWhatIsVisible()
+    {
+        class CountingModel : public ScopeTestModel
+        {
+        public:
+            using ScopeTestModel::ScopeTestModel;
+            double doubleData(int row, int column) const override
+            {
+                ++reads;
+                return ScopeTestModel::doubleData(row, column);
+            }
+            mutable int reads = 0;
+        };
+        CountingModel model(1);
+        model.appendRows(100000, 1.0, [](int, double) {
+            return 0.0;
+        });
+
+        StripRequest request;
+        request.samples = 100000;
+        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+        QCOMPARE(text(window.rows), QString("99744-100000"));
+        QVERIFY2(model.reads < 3000, qPrintable(QString::number(model.reads)));
+    }
+
+    void scrollBar_data()
+    {
+        columns<bool, int>("following", "value");
+        row("following stands at the end", true, 4000000);
+        row("scrolled back stays", false, 123456);
+    }
+
+    void scrollBar()
+    {
+        QFETCH(bool, following);
+        QFETCH(int, value);
+        StripWindow window;
+        window.oldest = 10.0;
+        window.newest = 60.0;
+        window.left = 50.0;
+        window.right = 60.0;
+        StripRequest request;
+        request.sweepLength = 20;
+        request.following = following;
+        request.scrollValue = value;
+        const StripScrollBar bar = stripScrollBar(window, request);
+        QCOMPARE(bar.maximum, 4000000);
+        QCOMPARE(bar.pageStep, 1000000);
+        QCOMPARE(bar.singleStep, 50000);
+        QCOMPARE(bar.value, value);
+    }
+
+    //! 100000 samples one second apart last more than a day: too long for an int that counts 10 microseconds.
+    void daysOfSamplesKeepTheWindow()
+    {
+        ScopeTestModel model(1);
+        model.appendRows(100000, 1.0, [](int, double) {
+            return 0.0;
+        });
+        const PlotColumnReader reader(&model);
+
+        StripRequest request;
+        request.samples = 100000;
+        const StripScrollBar followed = stripScrollBar(stripWindow(reader, request), request);
+        QVERIFY(followed.maximum > 0);
+        QCOMPARE(followed.maximum / followed.units, 99999.0 - 255.0);
+
+        request.following = false;
+        request.scrollUnits = followed.units;
+        request.scrollValue = followed.maximum / 2;
+        const StripWindow middle = stripWindow(reader, request);
+        QVERIFY(qAbs(middle.left - (99999.0 - 255.0) / 2) < 1e-3);
+        QCOMPARE(stripScrollBar(middle, request).value, request.scrollValue);
+
+        // In a buffer ten times as long the steps become coarser, but the window stays in place.
+        StripWindow longer = middle;
+        longer.newest = 1e6;
+        const StripScrollBar coarser = stripScrollBar(longer, request);
+        QVERIFY(coarser.units < followed.units);
+        QVERIFY(qAbs(coarser.value / coarser.units - middle.left) <= 1.0 / coarser.units);
+    }
+
+    void stampsThatAreNoNumbers()
+    {
+        for (const double odd : {qQNaN(), qInf(), -qInf(), 1e308}) {
+            ScopeTestModel model(1);
+            model.append({{odd, 0.0}, {0.0, 1.0}, {-odd, 2.0}});
+            StripRequest request;
+            request.samples = 3;
+            const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+            QVERIFY(window.rows.first >= 1 && window.rows.last <= 3);
+            const StripScrollBar bar = stripScrollBar(window, request);
+            QVERIFY(bar.maximum >= 0 && bar.pageStep >= 0 && bar.singleStep >= 1);
+        }
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_StripWindow)
 #include "tst_StripWindow.moc"

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/BatchSizes_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QStringList>
 
 using namespace Corvale_Qt;
 
@@ -56,143 +55,106 @@ class tst_SweepProgress : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void noSampleIsSkippedOrDrawnTwice_data();
-    void noSampleIsSkippedOrDrawnTwice();
-    void samplesLostBeforeTheirSweepAreLeftOut();
-    void lengthWithoutAWish();
-    void sixRowsAreABatch();
-    void anInsertionAtTheFrontBeginsAnew();
-    void theShownSweepIsKnownWhileItsRowsMove_data();
-    void theShownSweepIsKnownWhileItsRowsMove();
-    void manyWaitingSweepsAreLeftOut();
-};
-
-void tst_SweepProgress::noSampleIsSkippedOrDrawnTwice_data()
-{
-    QTest::addColumn<int>("batch");
-    for (int batch : {1, 3, 10, 25})
-        QTest::addRow("%d at a time", batch) << batch;
-}
-
-void tst_SweepProgress::noSampleIsSkippedOrDrawnTwice()
-{
-    QFETCH(int, batch);
-    Ring ring(40, 10);
-    QStringList taken;
-    for (int total = 0; total + batch <= 300; total += batch) {
-        ring.append(batch);
-        const QString sweeps = ring.take();
-        if (!sweeps.isEmpty())
-            taken << sweeps.split(' ');
+    void noSampleIsSkippedOrDrawnTwice()
+    {
+        for (int batch : {1, 3, 10, 25}) {
+            Ring ring(40, 10);
+            QStringList taken, expected;
+            for (int total = 0; total + batch <= 300; total += batch) {
+                ring.append(batch);
+                taken += ring.take().split(' ', Qt::SkipEmptyParts);
+            }
+            for (int first = 1; first + 9 <= 300 / batch * batch; first += 10)
+                expected << QStringLiteral("%1-%2").arg(first).arg(first + 9);
+            QCOMPARE(taken.join(' '), expected.join(' '));
+        }
+        // Samples that were lost before their sweep are left out.
+        Ring ring(40, 10);
+        ring.append(20);
+        QCOMPARE(ring.take(), QString("1-10 11-20"));
+        ring.append(30);
+        ring.append(35); // 21-45 left the buffer before take()
+        QCOMPARE(ring.take(), QString("46-55 56-65 66-75 76-85"));
     }
-    QStringList expected;
-    for (int first = 1; first + 9 <= 300 / batch * batch; first += 10)
-        expected << QStringLiteral("%1-%2").arg(first).arg(first + 9);
-    QCOMPARE(taken.join(' '), expected.join(' '));
-}
 
-void tst_SweepProgress::samplesLostBeforeTheirSweepAreLeftOut()
-{
-    Ring ring(40, 10);
-    ring.append(20);
-    QCOMPARE(ring.take(), QString("1-10 11-20"));
-    ring.append(30);
-    ring.append(35); // 21-45 left the buffer before take()
-    QCOMPARE(ring.take(), QString("46-55 56-65 66-75 76-85"));
-}
-
-void tst_SweepProgress::lengthWithoutAWish()
-{
-    SweepProgress sweep;
-    QCOMPARE(sweep.length(), 256);
-    sweep.rowsInserted(2, 6, 6, 0);
-    QCOMPARE(sweep.length(), 256); // five rows at once are not a sweep
-    sweep.rowsInserted(7, 12, 12, 0);
-    QCOMPARE(sweep.length(), 6);
-    sweep.rowsInserted(13, 13, 13, -4);
-    QCOMPARE(sweep.length(), 256);
-    sweep.rowsInserted(14, 14, 14, 32);
-    QCOMPARE(sweep.length(), 32);
-}
-
-void tst_SweepProgress::anInsertionAtTheFrontBeginsAnew()
-{
-    Ring ring(1000, 10);
-    ring.append(25);
-    QCOMPARE(ring.take(), QString("1-10 11-20"));
-    ring.sweep.rowsInserted(1, 10, 10, 10);
-    QCOMPARE(ring.sweep.next().first, 1);
-}
-
-void tst_SweepProgress::theShownSweepIsKnownWhileItsRowsMove_data()
-{
-    QTest::addColumn<QString>(
-        "changes"); // rows that are removed "-first-last" or inserted "+first-last"
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<int>("next");
-    QTest::newRow("nothing") << ""
-                             << "11-20" << 21;
-    QTest::newRow("rows come at the end") << "+26-30"
-                                          << "11-20" << 21;
-    QTest::newRow("old rows go") << "-1-3 -1-1"
-                                 << "7-16" << 17;
-    QTest::newRow("some of the sweep go") << "-1-15"
-                                          << "-4-5" << 6;
-    QTest::newRow("the whole sweep goes") << "-1-20"
-                                          << "1-0" << 1;
-    QTest::newRow("a full buffer rolls over") << "-1-1 +25-25"
-                                              << "10-19" << 20;
-    QTest::newRow("rows inside it go") << "-12-13"
-                                       << "1-0" << 19;
-    QTest::newRow("rows after it go") << "-22-23"
-                                      << "11-20" << 21;
-    QTest::newRow("rows come in front of it") << "+5-6"
-                                              << "1-0" << 21;
-}
-
-void tst_SweepProgress::theShownSweepIsKnownWhileItsRowsMove()
-{
-    QFETCH(QString, changes);
-    Ring ring(1000, 10);
-    ring.append(25);
-    ring.take();
-    int last = 25;
-    for (const QString &change : changes.split(' ', Qt::SkipEmptyParts)) {
-        const int first = change.section('-', -2, -2).remove('+').toInt();
-        const int end = change.section('-', -1).toInt();
-        const bool comes = change.startsWith('+');
-        last += comes ? end - first + 1 : first - end - 1;
-        if (comes)
-            ring.sweep.rowsInserted(first, end, last, 10);
-        else
-            ring.sweep.rowsRemoved(first, end);
-    }
-    const RowRange shown = ring.sweep.shown();
-    QTEST(QStringLiteral("%1-%2").arg(shown.first).arg(shown.last), "shown");
-    QTEST(ring.sweep.next().first, "next");
-}
-
-void tst_SweepProgress::manyWaitingSweepsAreLeftOut()
-{
-    for (const int waiting : {8, 9, 390}) {
+    void lengthWithoutAWish()
+    {
         SweepProgress sweep;
-        sweep.setLengthHint(10);
-        const int last = waiting * 10 + 7;
-        sweep.restart(last);
-        sweep.skipToNewest(last);
-        // The sweep borders are the same as without skipping.
-        QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
+        QCOMPARE(sweep.length(), 256);
+        // First and last row of a batch, the model's hint, the length of a sweep.
+        const int batches[][4] = {{2, 6, 0, 256},
+                                  {7, 12, 0, 6},
+                                  {13, 13, -4, 256},
+                                  {14, 14, 32, 32}};
+        for (const auto &[first, last, hint, length] : batches) {
+            sweep.rowsInserted(first, last, last, hint);
+            QCOMPARE(sweep.length(), length);
+        }
+        BatchSizes sizes;
+        for (int rows : {5, 6}) {
+            sizes.add(rows);
+            QCOMPARE(sizes.median(), rows < 6 ? 0 : rows);
+        }
     }
-}
 
-void tst_SweepProgress::sixRowsAreABatch()
-{
-    BatchSizes sizes;
-    sizes.add(5);
-    QCOMPARE(sizes.median(), 0);
-    sizes.add(6);
-    QCOMPARE(sizes.median(), 6);
-}
+    void anInsertionAtTheFrontBeginsAnew()
+    {
+        Ring ring(1000, 10);
+        ring.append(25);
+        QCOMPARE(ring.take(), QString("1-10 11-20"));
+        ring.sweep.rowsInserted(1, 10, 10, 10);
+        QCOMPARE(ring.sweep.next().first, 1);
+    }
+
+    void theShownSweepIsKnownWhileItsRowsMove_data()
+    {
+        // Rows that are removed "-first-last" or inserted "+first-last".
+        columns<QString, QString, int>("changes", "shown", "next");
+        row("nothing", "", "11-20", 21);
+        row("rows come at the end", "+26-30", "11-20", 21);
+        row("old rows go", "-1-3 -1-1", "7-16", 17);
+        row("some of the sweep go", "-1-15", "-4-5", 6);
+        row("the whole sweep goes", "-1-20", "1-0", 1);
+        row("a full buffer rolls over", "-1-1 +25-25", "10-19", 20);
+        row("rows inside it go", "-12-13", "1-0", 19);
+        row("rows after it go", "-22-23", "11-20", 21);
+        row("rows come in front of it", "+5-6", "1-0", 21);
+    }
+    void theShownSweepIsKnownWhileItsRowsMove()
+    {
+        QFETCH(QString, changes);
+        Ring ring(1000, 10);
+        ring.append(25);
+        ring.take();
+        int last = 25;
+        for (const QString &change : changes.split(' ', Qt::SkipEmptyParts)) {
+            const int first = change.section('-', -2, -2).remove('+').toInt();
+            const int end = change.section('-', -1).toInt();
+            const bool comes = change.startsWith('+');
+            last += comes ? end - first + 1 : first - end - 1;
+            if (comes)
+                ring.sweep.rowsInserted(first, end, last, 10);
+            else
+                ring.sweep.rowsRemoved(first, end);
+        }
+        const RowRange shown = ring.sweep.shown();
+        QTEST(QStringLiteral("%1-%2").arg(shown.first).arg(shown.last), "shown");
+        QTEST(ring.sweep.next().first, "next");
+    }
+
+    void manyWaitingSweepsAreLeftOut()
+    {
+        for (const int waiting : {8, 9, 390}) {
+            SweepProgress sweep;
+            sweep.setLengthHint(10);
+            const int last = waiting * 10 + 7;
+            sweep.restart(last);
+            sweep.skipToNewest(last);
+            // The sweep borders are the same as without skipping.
+            QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
+        }
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_SweepProgress)
 #include "tst_SweepProgress.moc"

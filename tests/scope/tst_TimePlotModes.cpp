@@ -1,446 +1,360 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/Units.h"
-#include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QScrollBar>
 
 #include <cmath>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 
+namespace {
+
+//! A view that shows 100 points at once, a sweep in scope mode.
+class HundredPoints : public ModelView
+{
+public:
+    explicit HundredPoints(int mode,
+                           int channels = 1,
+                           int capacity = std::numeric_limits<int>::max())
+        : ModelView(channels, 0, capacity)
+    {
+        model.pointsHint = 100;
+        SetPlotMode(mode);
+    }
+};
+
+} // namespace
+
 class tst_TimePlotModes : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void stripNeedsTwoSamples();
-    void stripFollowsUntilItIsScrolledBack();
-    void scrollingBeginsAnewWithTheModel();
-    void stripKeepsItsLengthWhileBatchesVary();
-    void stripBeginsAnewWhereTimeStepsBack_data();
-    void stripBeginsAnewWhereTimeStepsBack();
-    void changesWithoutNewRowsArePlotted();
-    void scrollToEndsAtTheCentreForEveryHint();
-    void sweepsAreDrawnWhenComplete();
-    void sweepsGoOnWhileTheBufferDropsRows();
-    void theSweepStaysUntilTheNext_data();
-    void theSweepStaysUntilTheNext();
-    void theSweepIsDrawnAgainWhenItsDataChange_data();
-    void theSweepIsDrawnAgainWhenItsDataChange();
-    void manyWaitingSweepsGiveWayToTheNewest();
-    void changesOfScaleDrawTheLastSweepAgain();
-    void longAfterTheStartTicksCanBeToldApart();
-};
-
-void tst_TimePlotModes::stripNeedsTwoSamples()
-{
-    ScopeTestModel model(2);
-    ScopeTestView view(&model);
-    model.appendRows(1, 1.0, level);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-    QVERIFY(!view.horizontalScrollBar()->isVisible());
-    model.appendRows(2, 1.0, level);
-    view.settle();
-    QCOMPARE(view.curves().size(), 2);
-    // With three of 256 samples, the trace begins close to the right border.
-    QCOMPARE(view.x().maxValue(), 2.0);
-    QCOMPARE(view.x().minValue(), -2.0 / 3.0 * 253.0);
-}
-
-void tst_TimePlotModes::stripFollowsUntilItIsScrolledBack()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    model.appendRows(400, 1.0, level);
-    view.settle();
-    QCOMPARE(view.xText(), QString("300..399"));
-    QScrollBar *bar = view.horizontalScrollBar();
-    QCOMPARE(bar->maximum(), 30000000);
-    QCOMPARE(bar->value(), bar->maximum());
-    QCOMPARE(view.horizontalOffset(), bar->value());
-
-    bar->setValue(10000000);
-    view.settle();
-    QCOMPARE(view.x().minValue(), 100.0);
-    model.appendRows(50, 1.0, level);
-    view.settle();
-    QCOMPARE(view.x().minValue(), 100.0);
-    QCOMPARE(bar->value(), 10000000);
-
-    bar->setValue(bar->maximum());
-    view.settle();
-    model.appendRows(1, 1.0, level);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 450.0);
-
-    model.Clear();
-    model.appendRows(2, 1.0, level);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 452.0);
-}
-
-void tst_TimePlotModes::scrollingBeginsAnewWithTheModel()
-{
-    ScopeTestModel first(1);
-    ScopeTestModel second(1);
-    first.appendRows(1000, 1.0, level);
-    second.appendRows(1000, 1.0, level);
-    ScopeTestView view(&first);
-    QScrollBar *bar = view.horizontalScrollBar();
-    bar->setValue(0);
-    view.settle();
-    view.setModel(&second);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 999.0);
-
-    // When the model is emptied, the view follows the newest sample again.
-    bar->setValue(0);
-    view.settle();
-    second.remove(1, 1000);
-    view.settle();
-    QCOMPARE(bar->maximum(), 0);
-    second.appendRows(1000, 1.0, level);
-    view.settle();
-    QCOMPARE(view.x().maxValue(), 1999.0);
-}
-
-void tst_TimePlotModes::stripKeepsItsLengthWhileBatchesVary()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 0;
-    ScopeTestView view(&model);
-    model.appendRows(5, 0.01, level); // too few for a batch
-    model.appendRows(300, 0.01, level);
-    for (const int rows : {300, 11, 300, 1, 300}) {
-        model.appendRows(rows, 0.01, level);
-        view.settle();
-        QVERIFY2(qAbs(view.x().width() - 2.99) < 1e-6, qPrintable(view.xText()));
+    void stripNeedsTwoSamples()
+    {
+        ModelView view(2, 1);
+        QCOMPARE(view.curves().size(), 0);
+        QVERIFY(!view.horizontalScrollBar()->isVisible());
+        view.append(2);
+        QCOMPARE(view.curves().size(), 2);
+        // With three of 256 samples, the trace begins close to the right border.
+        QCOMPARE(view.x(), QwtInterval(-2.0 / 3.0 * 253.0, 2.0));
     }
-    // Now most of the last batches are short.
-    for (int i = 0; i < 9; ++i)
-        model.appendRows(i < 8 ? 20 : 40, 0.01, level);
-    for (int i = 0; i < 4; ++i)
-        model.appendRows(20, 0.01, level);
-    view.settle();
-    QVERIFY2(qAbs(view.x().width() - 0.19) < 1e-6, qPrintable(view.xText()));
 
-    ScopeTestModel single(1);
-    single.pointsHint = 0;
-    single.appendRows(600, 1.0, level);
-    view.setModel(&single); // the batches of the former model do not count
-    view.settle();
-    QCOMPARE(view.x().width(), 255.0);
-}
-
-void tst_TimePlotModes::stripBeginsAnewWhereTimeStepsBack_data()
-{
-    QTest::addColumn<double>("width"); // that the model asks for
-    QTest::addColumn<QVector<double>>("stamps"); // after 1000 rows from 0 to 999
-    QTest::addColumn<double>("oldest");
-    QTest::addColumn<double>("right");
-    QTest::addColumn<int>("drawn");
-    const QVector<double> anew{0, 1, 2};
-    const QVector<double> outlier{1e12, 1000, 1001};
-    const QVector<double> jitter{1003,
-                                 1001,
-                                 1002}; // what follows the first beyond the border is not drawn
-    QTest::newRow("time begins anew") << 0.0 << anew << 0.0 << 2.0 << 3;
-    QTest::newRow("time begins anew, width given") << 100.0 << anew << 0.0 << 2.0 << 3;
-    QTest::newRow("only one sample since") << 0.0 << QVector<double>{5} << 5.0 << 5.0 << 1;
-    QTest::newRow("a single stamp far ahead") << 0.0 << outlier << 1000.0 << 1001.0 << 2;
-    QTest::newRow("far ahead, width given") << 100.0 << outlier << 1000.0 << 1001.0 << 2;
-    QTest::newRow("far ahead beside missing ones")
-        << 0.0 << QVector<double>{1e12, qQNaN(), 1000, 1001} << 1000.0 << 1001.0 << 2;
-    QTest::newRow("small disorder") << 0.0 << jitter << 746.0 << 1002.0 << 255;
-    QTest::newRow("small disorder, width given") << 100.0 << jitter << 901.0 << 1002.0 << 100;
-}
-
-void tst_TimePlotModes::stripBeginsAnewWhereTimeStepsBack()
-{
-    QFETCH(double, width);
-    QFETCH(QVector<double>, stamps);
-    QFETCH(double, oldest);
-    ScopeTestModel model(1);
-    model.widthHint = width;
-    model.appendRows(1000, 1.0, level);
-    ScopeTestView view(&model);
-    for (const double stamp : stamps) {
-        model.append({{stamp, 1.0}});
-        view.settle();
-        QVERIFY2(view.x().width() > 0.0, qPrintable(view.xText())); // the axis never runs backwards
-    }
-    QTEST(view.x().maxValue(), "right");
-    const QRectF drawn = view.curves().value(0)->boundingRect();
-    QCOMPARE(drawn.left(), oldest);
-    QTEST(int(view.curves().value(0)->dataSize()), "drawn");
-    // A view that is opened now shows the same.
-    ScopeTestView late(&model);
-    QCOMPARE(late.curves().value(0)->boundingRect(), drawn);
-}
-
-void tst_TimePlotModes::changesWithoutNewRowsArePlotted()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    model.appendRows(300, 1.0, level);
-    ScopeTestView view(&model);
-    model.remove(291, 300);
-    view.settle();
-    QCOMPARE(view.xText(), QString("190..289"));
-    for (const int mode : {View::StripMode, View::ScopeMode}) {
-        view.SetPlotMode(mode);
-        view.settle();
-        model.pointsHint = 50; // takes effect at the next repaint
-        view.qwtPlot()->canvas()->update();
-        view.settle();
-        QCOMPARE(view.x().width(), 49.0);
-        model.pointsHint = 100;
-    }
-}
-
-void tst_TimePlotModes::scrollToEndsAtTheCentreForEveryHint()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    model.appendRows(400, 1.0, level);
-    view.settle();
-    QScrollBar *bar = view.horizontalScrollBar();
-    view.scrollTo(model.index(350, 1), View::EnsureVisible);
-    QCOMPARE(bar->value(), bar->maximum());
-    for (View::ScrollHint hint : {View::EnsureVisible,
-                                  View::PositionAtTop,
-                                  View::PositionAtBottom,
-                                  View::PositionAtCenter}) {
+    void stripFollowsUntilItIsScrolledBack()
+    {
+        HundredPoints view(View::StripMode);
+        view.append(400);
+        QCOMPARE(view.xText(), QString("300..399"));
+        QScrollBar *bar = view.horizontalScrollBar();
+        QCOMPARE(bar->maximum(), 30000000);
+        QCOMPARE(bar->value(), bar->maximum());
+        QCOMPARE(view.horizontalOffset(), bar->value());
+        bar->setValue(10000000);
+        QCOMPARE(view.x().minValue(), 100.0);
+        view.append(50);
+        QCOMPARE(view.x().minValue(), 100.0);
+        QCOMPARE(bar->value(), 10000000);
         bar->setValue(bar->maximum());
         view.settle();
-        const double half = view.x().width() / 2;
-        view.scrollTo(model.index(21, 1), hint);
-        QCOMPARE(bar->value(), int(half + 20.0));
+        view.append(1);
+        QCOMPARE(view.x().maxValue(), 450.0);
+        view.model.Clear();
+        view.append(2);
+        QCOMPARE(view.x().maxValue(), 452.0);
     }
-    bar->setValue(bar->maximum());
-    view.scrollTo(model.index(0, 1), View::PositionAtCenter); // row 0 is not a sample
-    QCOMPARE(bar->value(), bar->maximum());
-}
 
-void tst_TimePlotModes::sweepsAreDrawnWhenComplete()
-{
-    ScopeTestModel model(1);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    model.appendRows(255, 1.0, level);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-    model.appendRows(45, 1.0, level);
-    view.settle();
-    QCOMPARE(view.xText(), QString("0..255"));
-    QCOMPARE(int(view.curves().value(0)->dataSize()), 256);
-    model.appendRows(211, 1.0, level);
-    view.settle();
-    QCOMPARE(view.xText(), QString("0..255"));
-    model.appendRows(1, 1.0, level);
-    view.settle();
-    QCOMPARE(view.xText(), QString("256..511"));
-
-    model.Clear();
-    model.appendRows(1, 1.0, level);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-}
-
-void tst_TimePlotModes::sweepsGoOnWhileTheBufferDropsRows()
-{
-    ScopeTestModel model(1, 300);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    QStringList shown;
-    for (int i = 0; i < 100; ++i) {
-        model.appendRows(10, 1.0, level);
+    void scrollingBeginsAnewWithTheModel()
+    {
+        ScopeTestModel second(1);
+        second.appendRows(1000, 1.0, level);
+        ModelView view(1, 1000);
+        QScrollBar *bar = view.horizontalScrollBar();
+        const auto scrollBack = [&] {
+            bar->setValue(0);
+            view.settle();
+        };
+        scrollBack();
+        view.setModel(&second);
+        QCOMPARE(view.x().maxValue(), 999.0);
+        // When the model is emptied, the view follows the newest sample again.
+        scrollBack();
+        second.remove(1, 1000);
         view.settle();
-        if (!view.curves().isEmpty() && shown.value(shown.size() - 1) != view.xText())
-            shown << view.xText();
+        QCOMPARE(bar->maximum(), 0);
+        second.appendRows(1000, 1.0, level);
+        QCOMPARE(view.x().maxValue(), 1999.0);
     }
-    QCOMPARE(shown.join(' '),
-             QString("0..99 100..199 200..299 300..399 400..499 500..599 600..699 700..799 "
-                     "800..899 900..999"));
-}
 
-void tst_TimePlotModes::theSweepStaysUntilTheNext_data()
-{
-    QTest::addColumn<QString>("change");
-    QTest::newRow("rows come") << "append";
-    QTest::newRow("half of the sweep leaves the buffer") << "roll";
-    QTest::newRow("all but one sample leave the buffer") << "roll far";
-    QTest::newRow("rows go") << "remove";
-    QTest::newRow("all is cleared and rows come") << "clear";
-    QTest::newRow("a look at the strip chart") << "strip";
-}
+    void stripKeepsItsLengthWhileBatchesVary()
+    {
+        ModelView view(1);
+        view.model.pointsHint = 0;
+        view.append(5); // too few for a batch
+        view.append(300);
+        for (const int rows : {300, 11, 300, 1, 300}) {
+            view.append(rows);
+            QCOMPARE(view.x().width(), 299.0);
+        }
+        // Now most of the last batches are short.
+        for (const int rows : {20, 20, 20, 20, 20, 20, 20, 20, 40, 20, 20, 20, 20})
+            view.append(rows);
+        QCOMPARE(view.x().width(), 19.0);
+        ScopeTestModel single(1);
+        single.pointsHint = 0;
+        single.appendRows(600, 1.0, level);
+        view.setModel(&single); // the batches of the former model do not count
+        QCOMPARE(view.x().width(), 255.0);
+    }
 
-//! Sweeps of 100 in a buffer of 150: the picture must stay the same to the pixel.
-void tst_TimePlotModes::theSweepStaysUntilTheNext()
-{
-    QFETCH(QString, change);
-    ScopeTestModel model(2, 150);
-    model.pointsHint = 100;
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    const auto wave = [](int channel, double time) {
-        return std::sin(time / 7.0) * channel;
-    };
-    model.appendRows(100, 1.0, wave);
-    view.settle();
-    const QImage before = view.canvas();
-    if (change == "append") {
-        model.appendRows(50, 1.0, wave);
-    } else if (change == "roll" || change == "roll far") {
-        for (int i = 0; i < (change == "roll" ? 90 : 99); ++i) {
-            model.appendRows(1, 1.0, wave);
+    void stripBeginsAnewWhereTimeStepsBack_data()
+    {
+        // The width that the model asks for; stamps that come after 1000 rows from 0 to 999.
+        columns<double, QVector<double>, QString>("width", "stamps", "shown");
+        const QVector<double> anew{0, 1, 2};
+        const QVector<double> outlier{1e12, 1000, 1001};
+        const QVector<double> jitter{1003, 1001, 1002};
+        row("time begins anew", 0.0, anew, "3 from 0 to 2");
+        row("time begins anew, width given", 100.0, anew, "3 from 0 to 2");
+        row("only one sample since", 0.0, QVector<double>{5}, "1 from 5 to 5");
+        row("a single stamp far ahead", 0.0, outlier, "2 from 1000 to 1001");
+        row("far ahead, width given", 100.0, outlier, "2 from 1000 to 1001");
+        row("far ahead beside missing ones",
+            0.0,
+            QVector<double>{1e12, qQNaN(), 1000, 1001},
+            "2 from 1000 to 1001");
+        // What follows the first sample beyond the right border is not drawn.
+        row("small disorder", 0.0, jitter, "255 from 746 to 1002");
+        row("small disorder, width given", 100.0, jitter, "100 from 901 to 1002");
+    }
+    void stripBeginsAnewWhereTimeStepsBack()
+    {
+        QFETCH(double, width);
+        QFETCH(QVector<double>, stamps);
+        QFETCH(QString, shown);
+        ModelView view(1, 1000);
+        view.model.widthHint = width;
+        for (const double stamp : stamps) {
+            view.model.append({{stamp, 1.0}});
+            QVERIFY(view.x().width() > 0.0); // the axis never runs backwards
+        }
+        ScopeTestView late(&view.model); // a view that is opened now shows the same
+        for (ScopeTestView *one : {static_cast<ScopeTestView *>(&view), &late}) {
+            const QwtPlotCurve *curve = one->curves().value(0);
+            QCOMPARE(QString("%1 from %2 to %3")
+                         .arg(curve->dataSize())
+                         .arg(curve->minXValue())
+                         .arg(one->x().maxValue()),
+                     shown);
+        }
+    }
+
+    void changesWithoutNewRowsArePlotted()
+    {
+        HundredPoints view(View::StripMode);
+        view.append(300);
+        view.settle();
+        view.model.remove(291, 300);
+        QCOMPARE(view.xText(), QString("190..289"));
+        for (const int mode : {View::StripMode, View::ScopeMode}) {
+            view.showMode(mode);
+            view.model.pointsHint = 50; // takes effect at the next repaint
+            view.qwtPlot()->canvas()->update();
+            QCOMPARE(view.x().width(), 49.0);
+            view.model.pointsHint = 100;
+        }
+    }
+
+    void scrollToEndsAtTheCentreForEveryHint()
+    {
+        HundredPoints view(View::StripMode);
+        view.append(400);
+        view.settle();
+        QScrollBar *bar = view.horizontalScrollBar();
+        view.scrollTo(view.model.index(350, 1), View::EnsureVisible);
+        QCOMPARE(bar->value(), bar->maximum());
+        for (View::ScrollHint hint : {View::EnsureVisible,
+                                      View::PositionAtTop,
+                                      View::PositionAtBottom,
+                                      View::PositionAtCenter}) {
+            bar->setValue(bar->maximum());
+            const double half = view.x().width() / 2;
+            view.scrollTo(view.model.index(21, 1), hint);
+            QCOMPARE(bar->value(), int(half + 20.0));
+        }
+        bar->setValue(bar->maximum());
+        view.scrollTo(view.model.index(0, 1), View::PositionAtCenter); // row 0 is not a sample
+        QCOMPARE(bar->value(), bar->maximum());
+    }
+
+    void sweepsAreDrawnWhenComplete()
+    {
+        ModelView view(1);
+        view.SetPlotMode(View::ScopeMode);
+        QStringList shown;
+        for (int rows : {255, 45, 211, 1}) {
+            view.append(rows);
+            shown << (view.curves().isEmpty() ? "nothing" : view.xText());
+        }
+        QCOMPARE(shown.join(' '), QString("nothing 0..255 0..255 256..511"));
+        QCOMPARE(int(view.curves().value(0)->dataSize()), 256);
+        view.model.Clear();
+        view.append(1);
+        QCOMPARE(view.curves().size(), 0);
+    }
+
+    void sweepsGoOnWhileTheBufferDropsRows()
+    {
+        HundredPoints view(View::ScopeMode, 1, 300);
+        QStringList shown;
+        for (int i = 0; i < 100; ++i) {
+            view.append(10);
+            if (!view.curves().isEmpty())
+                shown << view.xText();
+        }
+        shown.removeDuplicates();
+        QCOMPARE(shown.join(' '),
+                 QString("0..99 100..199 200..299 300..399 400..499 500..599 600..699 700..799 "
+                         "800..899 900..999"));
+    }
+
+    void theSweepStaysUntilTheNext_data()
+    {
+        columns<int, int, int, bool>("removed", "added", "atOnce", "looksAtTheStrip");
+        row("rows come", 0, 50, 50, false);
+        row("half of the sweep leaves the buffer", 0, 90, 1, false);
+        row("all but one sample leave the buffer", 0, 99, 1, false);
+        row("rows go", 30, 0, 1, false);
+        row("all is cleared and rows come", 100, 40, 40, false);
+        row("a look at the strip chart", 0, 99, 99, true);
+    }
+    //! Sweeps of 100 in a buffer of 150: the picture must stay the same to the pixel.
+    void theSweepStaysUntilTheNext()
+    {
+        QFETCH(int, removed);
+        QFETCH(int, added);
+        QFETCH(int, atOnce);
+        QFETCH(bool, looksAtTheStrip);
+        HundredPoints view(View::ScopeMode, 2, 150);
+        const auto wave = [](int channel, double time) {
+            return std::sin(time / 7.0) * channel;
+        };
+        view.model.appendRows(100, 1.0, wave);
+        const QImage before = view.canvas();
+        if (removed == 100)
+            view.model.Clear();
+        else if (removed > 0)
+            view.model.remove(1, removed);
+        for (int i = 0; i < added; i += atOnce) {
+            view.model.appendRows(atOnce, 1.0, wave);
             view.settle();
         }
-    } else if (change == "remove") {
-        model.remove(1, 30);
-    } else if (change == "clear") {
-        model.Clear();
-        model.appendRows(40, 1.0, wave);
-    } else {
-        model.appendRows(99, 1.0, wave);
-        view.SetPlotMode(View::StripMode);
-        view.settle();
-        view.SetPlotMode(View::ScopeMode);
+        if (looksAtTheStrip) {
+            view.showMode(View::StripMode);
+            view.SetPlotMode(View::ScopeMode);
+        }
+        QCOMPARE(view.canvas(), before);
+        // A larger canvas and another scale show the same samples.
+        view.resize(1000, 600);
+        view.SetYScaleMode(View::Normalized);
+        QCOMPARE(view.xText(), QString("0..99"));
+        const QwtPlotCurve *curve = view.curves().value(1);
+        QCOMPARE(int(curve->dataSize()), 100);
+        QCOMPARE(curve->sample(99).x(), 99.0);
+        const QRectF bounds = curve->boundingRect();
+        QCOMPARE(qMax(std::abs(bounds.top()), std::abs(bounds.bottom())), 1.0);
     }
-    view.settle();
-    QCOMPARE(view.canvas(), before);
-    // A larger canvas and another scale show the same samples.
-    view.resize(1000, 600);
-    view.SetYScaleMode(View::Normalized);
-    view.settle();
-    QCOMPARE(view.xText(), QString("0..99"));
-    const QwtPlotCurve *curve = view.curves().value(1);
-    QCOMPARE(int(curve->dataSize()), 100);
-    QCOMPARE(curve->sample(99).x(), 99.0);
-    const QRectF bounds = curve->boundingRect();
-    QCOMPARE(qMax(std::abs(bounds.top()), std::abs(bounds.bottom())), 1.0);
-}
 
-void tst_TimePlotModes::theSweepIsDrawnAgainWhenItsDataChange_data()
-{
-    QTest::addColumn<int>("rolled"); // rows that came after the sweep of 100, in a buffer of 150
-    QTest::addColumn<QString>("axis");
-    QTest::newRow("acquisition stands") << 0 << "0..99";
-    QTest::newRow("rows were added") << 50 << "0..99";
-    QTest::newRow("a part has left the buffer") << 80 << "30..99";
-}
+    void theSweepIsDrawnAgainWhenItsDataChange_data()
+    {
+        columns<int, QString>("rolled", "axis"); // rows after the sweep of 100, in a buffer of 150
+        row("acquisition stands", 0, "0..99");
+        row("rows were added", 50, "0..99");
+        row("a part has left the buffer", 80, "30..99");
+    }
+    void theSweepIsDrawnAgainWhenItsDataChange()
+    {
+        QFETCH(int, rolled);
+        const Units::nA nA;
+        const Units::uA uA;
+        HundredPoints view(View::ScopeMode, 2, 150);
+        view.model.isInBaseUnit = true;
+        view.model.SetUnits(&nA);
+        view.model.appendRows(100, 1.0, [](int, double) {
+            return 5e-6;
+        });
+        QCOMPARE(view.curves().value(0)->sample(99).y(), 5000.0);
+        view.append(rolled);
+        view.settle();
+        view.check(2, false);
+        QCOMPARE(view.curves().size(), 1);
+        QCOMPARE(view.xText(), QString("0..99")); // all samples of the sweep are still valid
+        view.model.SetUnits(&uA);
+        QCOMPARE(view.title(QwtPlot::yLeft), uA.name());
+        QTEST(view.xText(), "axis");
+        QCOMPARE(view.curves().value(0)->sample(0).y(), 5.0);
+        view.check(2, true);
+        QCOMPARE(view.curves().size(), 2);
+        // A sweep whose samples have all gone cannot be shown in another unit.
+        view.model.Clear();
+        view.append(40);
+        QCOMPARE(view.curves().size(), 2);
+        view.model.SetUnits(&nA);
+        QCOMPARE(view.curves().size(), 0);
+        QCOMPARE(view.title(QwtPlot::yLeft), nA.name());
+    }
 
-void tst_TimePlotModes::theSweepIsDrawnAgainWhenItsDataChange()
-{
-    QFETCH(int, rolled);
-    ScopeTestModel model(2, 150);
-    model.pointsHint = 100;
-    const Units::nA nA;
-    const Units::uA uA;
-    model.isInBaseUnit = true;
-    model.SetUnits(&nA);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    model.appendRows(100, 1.0, [](int, double) {
-        return 5e-6;
-    });
-    view.settle();
-    QCOMPARE(view.curves().value(0)->sample(99).y(), 5000.0);
-    if (rolled > 0)
-        model.appendRows(rolled, 1.0, level);
-    view.settle();
+    void manyWaitingSweepsGiveWayToTheNewest()
+    {
+        HundredPoints view(View::StripMode);
+        view.append(39050);
+        view.settle();
+        view.model.seriesTaken = 0;
+        view.SetPlotMode(View::ScopeMode);
+        QCOMPARE(view.xText(), QString("38900..38999"));
+        QVERIFY(view.model.seriesTaken <= 2);
+        // A few sweeps are shown one after the other.
+        view.append(300);
+        view.model.seriesTaken = 0;
+        QCOMPARE(view.xText(), QString("39200..39299"));
+        QVERIFY(view.model.seriesTaken >= 3);
+    }
 
-    model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
-    view.settle();
-    QCOMPARE(view.curves().size(), 1);
-    QCOMPARE(view.xText(), QString("0..99")); // all samples of the sweep are still valid
-    model.SetUnits(&uA);
-    view.settle();
-    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), uA.name());
-    QTEST(view.xText(), "axis");
-    QCOMPARE(view.curves().value(0)->sample(0).y(), 5.0);
-    model.setData(model.index(0, 2), Qt::Checked, Qt::CheckStateRole);
-    view.settle();
-    QCOMPARE(view.curves().size(), 2);
+    void changesOfScaleDrawTheLastSweepAgain()
+    {
+        HundredPoints view(View::ScopeMode);
+        view.append(130);
+        QCOMPARE(view.xText(), QString("0..99"));
+        view.model.seriesTaken = 0;
+        view.SetYScaleMode(View::FullRange);
+        QCOMPARE(view.yText(), QString("-1..1"));
+        QVERIFY(view.model.seriesTaken > 0);
+        QCOMPARE(view.xText(), QString("0..99"));
+        // It is also drawn again while the next one is incomplete.
+        view.append(1);
+        view.SetYScaleMode(View::Percent50);
+        QCOMPARE(view.yText(), QString("-0.5..0.5"));
+        view.append(69);
+        QCOMPARE(view.xText(), QString("100..199"));
+    }
 
-    // A sweep whose samples have all gone cannot be shown in another unit.
-    model.Clear();
-    model.appendRows(40, 1.0, level);
-    view.settle();
-    QCOMPARE(view.curves().size(), 2);
-    model.SetUnits(&nA);
-    view.settle();
-    QCOMPARE(view.curves().size(), 0);
-    QCOMPARE(view.qwtPlot()->axisTitle(QwtPlot::yLeft).text(), nA.name());
-}
-
-void tst_TimePlotModes::manyWaitingSweepsGiveWayToTheNewest()
-{
-    ScopeTestModel model(1);
-    model.pointsHint = 100;
-    model.appendRows(39050, 1.0, level);
-    ScopeTestView view(&model);
-    model.seriesTaken = 0;
-    view.SetPlotMode(View::ScopeMode);
-    view.settle();
-    QCOMPARE(view.xText(), QString("38900..38999"));
-    QVERIFY2(model.seriesTaken <= 2, qPrintable(QString::number(model.seriesTaken)));
-    // A few sweeps are shown one after the other.
-    model.appendRows(300, 1.0, level);
-    model.seriesTaken = 0;
-    view.settle();
-    QCOMPARE(view.xText(), QString("39200..39299"));
-    QVERIFY2(model.seriesTaken >= 3, qPrintable(QString::number(model.seriesTaken)));
-}
-
-void tst_TimePlotModes::changesOfScaleDrawTheLastSweepAgain()
-{
-    ScopeTestModel model(1);
-    ScopeTestView view(&model);
-    view.SetPlotMode(View::ScopeMode);
-    model.appendRows(300, 1.0, level);
-    view.settle();
-    model.seriesTaken = 0;
-    view.SetYScaleMode(View::FullRange);
-    view.settle();
-    QVERIFY(model.seriesTaken > 0);
-    QCOMPARE(view.xText(), QString("0..255"));
-    QCOMPARE(view.yText(), QString("-1..1"));
-
-    // The last sweep is also drawn again while the next one is incomplete.
-    model.appendRows(1, 1.0, level);
-    view.SetYScaleMode(View::Percent50);
-    model.seriesTaken = 0;
-    view.settle();
-    QCOMPARE(view.yText(), QString("-0.5..0.5"));
-    model.appendRows(211, 1.0, level);
-    view.settle();
-    QCOMPARE(view.xText(), QString("256..511"));
-}
-
-void tst_TimePlotModes::longAfterTheStartTicksCanBeToldApart()
-{
-    ScopeTestModel model(1);
-    const double week = 604800.0;
-    QVector<ScopeTestModel::Row> rows;
-    for (int i = 0; i < 300; ++i)
-        rows.append({week + i * 0.01, 1.0});
-    model.append(rows);
-    ScopeTestView view(&model);
-    const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
-    QStringList labels;
-    for (double tick : view.qwtPlot()->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick))
-        labels << draw->label(tick).text();
-    QVERIFY(labels.size() > 2);
-    QCOMPARE(labels.removeDuplicates(), 0);
-}
+    void longAfterTheStartTicksCanBeToldApart()
+    {
+        ModelView view(1);
+        const double week = 604800.0;
+        for (int i = 0; i < 300; ++i)
+            view.model.append({{week + i * 0.01, 1.0}});
+        view.settle();
+        const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
+        QStringList labels;
+        for (double tick : draw->scaleDiv().ticks(QwtScaleDiv::MajorTick))
+            labels << draw->label(tick).text();
+        QVERIFY(labels.size() > 2);
+        QCOMPARE(labels.removeDuplicates(), 0);
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_TimePlotModes)
 #include "tst_TimePlotModes.moc"

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QApplication>
-#include <QFont>
-#include <QLocale>
-#include <QStandardPaths>
+// Every test has these modules at hand, and does not list the classes that it takes from them.
 #include <QtTest>
+#include <QtWidgets>
 
 /*! Everything of a machine that would change a picture or a number is fixed here: font, style, locale, and
     the folders that settings would go to. */

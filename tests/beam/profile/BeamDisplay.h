@@ -5,6 +5,8 @@
 #include "tests/beam/profile/Frames.h"
 
 #include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
 
 //! Returns whether two numbers agree within a tolerance, and prints them if they do not.
 inline bool near(double actual, double expected, double tolerance)
@@ -69,5 +71,8 @@ struct BeamDisplay
         return found;
     }
 
+    QDoubleSpinBox *box(const char *name) { return control<QDoubleSpinBox>(name); }
+    QString text(const char *name) { return box(name)->text(); }
+    QString validity() { return control<QLabel>("label_valid")->text(); }
     void check(const char *name, bool on) { control<QCheckBox>(name)->setChecked(on); }
 };

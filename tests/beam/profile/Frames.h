@@ -41,4 +41,16 @@ pixels(double x, double y, double major, double minor, double degrees, double he
     return frame;
 }
 
+//! Returns a beam on the strips at \a x mm from the middle.
+inline QVector<double> strips(double x, double height = 1e-9)
+{
+    return strips(15.5 + x / 2, 3, 15, 3, height);
+}
+
+//! Returns a round beam in the middle of the pixels; the brightest of them reads 0.798 times the height.
+inline QVector<double> pixels(double height = 1e-9)
+{
+    return pixels(0, 0, 4, 4, 0, height);
+}
+
 } // namespace Frames

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_color_map.h>
@@ -54,14 +55,14 @@ class tst_BeamRaster : public QObject
 private Q_SLOTS:
     void smoothedItEqualsTheStockItem_data()
     {
-        QTest::addColumn<int>("size");
+        columns<int>("size");
         QTest::addColumn<QRectF>("shown"); // in cells
-        QTest::addColumn<QSize>("pixels");
-        QTest::newRow("32 cells") << 32 << QRectF(0, 0, 32, 32) << QSize(600, 600);
-        QTest::newRow("12 cells, x inverted") << 12 << QRectF(12, 0, -12, 12) << QSize(431, 431);
-        QTest::newRow("12 cells, both inverted") << 12 << QRectF(12, 12, -12, -12) << QSize(64, 48);
-        QTest::newRow("less pixels than cells") << 32 << QRectF(0, 32, 32, -32) << QSize(17, 17);
-        QTest::newRow("beyond the edges") << 12 << QRectF(-3, -2, 20, 17) << QSize(200, 150);
+        columns<QSize>("pixels");
+        row("32 cells", 32, QRectF(0, 0, 32, 32), QSize(600, 600));
+        row("12 cells, x inverted", 12, QRectF(12, 0, -12, 12), QSize(431, 431));
+        row("12 cells, both inverted", 12, QRectF(12, 12, -12, -12), QSize(64, 48));
+        row("less pixels than cells", 32, QRectF(0, 32, 32, -32), QSize(17, 17));
+        row("beyond the edges", 12, QRectF(-3, -2, 20, 17), QSize(200, 150));
     }
     void smoothedItEqualsTheStockItem()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/ColorTable_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <cmath>
@@ -20,16 +21,14 @@ class tst_ColorTable : public QObject
 private Q_SLOTS:
     void everyColourIsTheMapsOwn_data()
     {
-        QTest::addColumn<double>("low");
-        QTest::addColumn<double>("high");
-        QTest::addColumn<bool>("fixedColours");
-        QTest::newRow("usual") << 0.0 << 1.0 << false;
-        QTest::newRow("charges") << 0.0 << 3.7e-11 << false;
-        QTest::newRow("not from zero") << -2.5 << 17.0 << false;
-        QTest::newRow("no range") << 1.0 << 1.0 << false;
-        QTest::newRow("range below what has a reciprocal") << 0.0 << 5e-324 << false;
-        QTest::newRow("enormous") << 0.0 << 1e300 << false;
-        QTest::newRow("bands") << 0.0 << 1.0 << true;
+        columns<double, double, bool>("low", "high", "fixedColours");
+        row("usual", 0.0, 1.0, false);
+        row("charges", 0.0, 3.7e-11, false);
+        row("not from zero", -2.5, 17.0, false);
+        row("no range", 1.0, 1.0, false);
+        row("range below what has a reciprocal", 0.0, 5e-324, false);
+        row("enormous", 0.0, 1e300, false);
+        row("bands", 0.0, 1.0, true);
     }
     void everyColourIsTheMapsOwn()
     {

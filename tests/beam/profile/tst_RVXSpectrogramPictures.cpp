@@ -6,17 +6,13 @@
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_item.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QScrollArea>
-#include <QSpinBox>
 
 #include <functional>
 
@@ -104,6 +100,14 @@ struct PictureDisplay : BeamDisplay
         widget.grab(); // lays it out
         return plot->canvas()->grab().toImage();
     }
+    //! Returns a picture with an item that is switched on for it alone.
+    QImage canvasWith(const char *item)
+    {
+        check(item, true);
+        const QImage picture = canvas();
+        check(item, false);
+        return picture;
+    }
     //! Returns the pixel of the picture at a position in raster units.
     QPointF pixelOf(double rasterX, double rasterY) const
     {
@@ -124,18 +128,15 @@ class tst_RVXSpectrogramPictures : public QObject
 private:
     static void bothDetectors()
     {
-        QTest::addColumn<bool>("strips");
-        QTest::newRow("pixels") << false;
-        QTest::newRow("strips") << true;
+        columns<bool>("strips");
+        row("pixels", false);
+        row("strips", true);
     }
 
 private Q_SLOTS:
     void theEllipseLiesAlongTheBeam_data()
     {
-        QTest::addColumn<bool>("strips");
-        QTest::addColumn<double>("degrees");
-        QTest::addColumn<bool>("invertX");
-        QTest::addColumn<bool>("invertY");
+        columns<bool, double, bool, bool>("strips", "degrees", "invertX", "invertY");
         for (int inversion = 0; inversion < 4; ++inversion) {
             for (double degrees : {0, 30, 45, 90, 135}) {
                 for (bool strips : {false, true}) {
@@ -157,41 +158,29 @@ private Q_SLOTS:
         PictureDisplay display(strips ? Detector::Strips : Detector::Pixels);
         display.check("checkBox_invertX", invertX);
         display.check("checkBox_invertY", invertY);
-        if (strips) {
-            // Strips see the beam's projections.
-            const double turn = degrees * M_PI / 180;
-            const double sigmaX = std::hypot(4 * std::cos(turn), 1.6 * std::sin(turn));
-            const double sigmaY = std::hypot(4 * std::sin(turn), 1.6 * std::cos(turn));
-            QVERIFY(display.feed(Frames::strips(17, sigmaX, 14, sigmaY)).valid);
-        } else {
-            QVERIFY(display.feed(Frames::pixels(1.9, -1.9, 6.5, 2.8, degrees)).valid);
-        }
+        // Strips see the beam's projections.
+        const double turn = degrees * M_PI / 180;
+        const double sigmaX = std::hypot(4 * std::cos(turn), 1.6 * std::sin(turn));
+        const double sigmaY = std::hypot(4 * std::sin(turn), 1.6 * std::cos(turn));
+        display.feed(strips ? Frames::strips(17, sigmaX, 14, sigmaY)
+                            : Frames::pixels(1.9, -1.9, 6.5, 2.8, degrees));
         const QImage bare = display.canvas();
-        display.check("checkBox_ellipse", true);
-        const QImage withEllipse = display.canvas();
         const Blob beam = brightness(bare);
-        const Blob ellipse = difference(withEllipse, bare);
+        const Blob ellipse = difference(display.canvasWith("checkBox_ellipse"), bare);
         QVERIFY(ellipse.weight > 100);
 
         // The strips' raster is drawn half a cell off its centre.
         const double cell = bare.width() / (strips ? 32.0 : 12.0);
         const QPointF off = ellipse.centre - beam.centre;
-        QVERIFY2(std::hypot(off.x(), off.y()) < (strips ? 0.85 : 0.4) * cell,
-                 qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
+        QVERIFY(std::hypot(off.x(), off.y()) < (strips ? 0.85 : 0.4) * cell);
         // A beam of 45 degrees has two equal projections: the strips' ellipse is a circle.
         const bool round = strips && (degrees == 45 || degrees == 135);
-        if (!round)
-            QVERIFY2(apart(ellipse.angle, beam.angle) < 5,
-                     qPrintable(QString("ellipse %1, beam %2").arg(ellipse.angle).arg(beam.angle)));
+        QVERIFY(round || near(apart(ellipse.angle, beam.angle), 0, 5));
         // The picture is mirrored as often as an axis is.
         const double expected = invertX != invertY ? -degrees : degrees;
-        if (!strips)
-            QVERIFY2(apart(ellipse.angle, expected) < 5,
-                     qPrintable(QString::number(ellipse.angle)));
-        const bool right = beam.centre.x() > bare.width() / 2.0;
-        const bool down = beam.centre.y() > bare.height() / 2.0;
-        QCOMPARE(right, !invertX);
-        QCOMPARE(down, !invertY);
+        QVERIFY(strips || near(apart(ellipse.angle, expected), 0, 5));
+        QCOMPARE(beam.centre.x() > bare.width() / 2.0, !invertX);
+        QCOMPARE(beam.centre.y() > bare.height() / 2.0, !invertY);
     }
 
     void theEllipseGrowsWithItsSigmas_data() { bothDetectors(); }
@@ -248,14 +237,16 @@ private Q_SLOTS:
 
     void coloursStandForReadings_data()
     {
-        QTest::addColumn<int>("mode");
+        columns<int>("mode");
         QTest::addColumn<QString>("colours"); // at 0, 0.05, 0.1, 0.2, 0.3 ... 1 of full scale
-        QTest::newRow("colour") << 1
-                                << "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
-                                   "ff8000 ff0000 ff0000";
-        QTest::newRow("grey") << 0
-                              << "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
-                                 "cccccc e6e6e6 ffffff";
+        row("colour",
+            1,
+            "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
+            "ff8000 ff0000 ff0000");
+        row("grey",
+            0,
+            "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
+            "cccccc e6e6e6 ffffff");
     }
     void coloursStandForReadings()
     {
@@ -282,25 +273,26 @@ private Q_SLOTS:
         }
     }
 
-    void axesCountCells_data() { bothDetectors(); }
     void axesCountCells()
     {
-        QFETCH(bool, strips);
-        PictureDisplay display(strips ? Detector::Strips : Detector::Pixels);
-        const auto ticks = [&display](int axis) {
-            const QwtScaleDiv div = display.plot->axisScaleDiv(axis);
-            QStringList texts;
-            for (double tick : div.ticks(QwtScaleDiv::MajorTick))
-                texts << QString::number(tick);
-            if ((div.upperBound() < div.lowerBound()) != (texts.first() != "0"))
-                std::reverse(texts.begin(), texts.end());
-            return texts.join(' ');
-        };
-        QCOMPARE(ticks(QwtPlot::xBottom),
-                 QString(strips ? "0 4 8 12 16 20 24 28 32" : "0 2 4 6 8 10 12"));
-        QCOMPARE(
-            ticks(QwtPlot::yLeft),
-            QString(strips ? "32 30 28 26 24 22 20 18 16 14 12 10 8 6 4 2 0" : "12 10 8 6 4 2 0"));
+        for (Detector detector : {Detector::Strips, Detector::Pixels}) {
+            PictureDisplay display(detector);
+            QString ticks;
+            for (int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
+                const QwtScaleDiv div = display.plot->axisScaleDiv(axis);
+                QList<double> values = div.ticks(QwtScaleDiv::MajorTick);
+                std::sort(values.begin(), values.end());
+                ticks += div.isIncreasing() ? "up" : "down";
+                for (double value : values)
+                    ticks += ' ' + QString::number(value);
+                ticks += ". ";
+            }
+            QCOMPARE(ticks,
+                     QString(detector == Detector::Strips
+                                 ? "up 0 4 8 12 16 20 24 28 32. "
+                                   "down 0 2 4 6 8 10 12 14 16 18 20 22 24 26 28 30 32. "
+                                 : "up 0 2 4 6 8 10 12. down 0 2 4 6 8 10 12. "));
+        }
     }
 
     void numbersHaveADecimalPointInEveryLocale()
@@ -356,32 +348,25 @@ private Q_SLOTS:
         PictureDisplay display(Detector::Pixels);
         display.feed(Frames::pixels(7.6, 3.8, 3, 3, 0)); // two cells right of the middle, one up
         const QImage bare = display.canvas();
-        display.check("checkBox_meanX", true);
-        const Blob meanX = difference(display.canvas(), bare);
-        QVERIFY(std::abs(meanX.centre.x() - display.pixelOf(8, 0).x()) < 4);
+        const Blob meanX = difference(display.canvasWith("checkBox_meanX"), bare);
+        QVERIFY(near(meanX.centre.x(), display.pixelOf(8, 0).x(), 4));
         QVERIFY(apart(meanX.angle, 90) < 1);
-        display.check("checkBox_meanX", false);
-        display.check("checkBox_meanY", true);
-        const Blob meanY = difference(display.canvas(), bare);
-        QVERIFY(std::abs(meanY.centre.y() - display.pixelOf(0, 5).y()) < 4);
-        display.check("checkBox_meanY", false);
+        const Blob meanY = difference(display.canvasWith("checkBox_meanY"), bare);
+        QVERIFY(near(meanY.centre.y(), display.pixelOf(0, 5).y(), 4));
 
-        display.check("checkBox_arrow", true);
-        Blob arrow = difference(display.canvas(), bare);
-        // From the middle to the beam: two to the right and one up.
+        // The arrow points from the middle to the beam: two to the right and one up.
+        Blob arrow = difference(display.canvasWith("checkBox_arrow"), bare);
         QVERIFY(apart(arrow.angle, std::atan(0.5) * 180 / M_PI) < 4);
-        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(7.6);
-        display.control<QDoubleSpinBox>("yorigin_doubleSpinBox")->setValue(-11.4);
-        arrow = difference(display.canvas(), bare);
+        display.box("xorigin_doubleSpinBox")->setValue(7.6);
+        display.box("yorigin_doubleSpinBox")->setValue(-11.4);
+        arrow = difference(display.canvasWith("checkBox_arrow"), bare);
         QVERIFY(apart(arrow.angle, 90) < 2);
-        QVERIFY(std::abs(arrow.centre.x() - display.pixelOf(8, 0).x()) < 6);
+        QVERIFY(near(arrow.centre.x(), display.pixelOf(8, 0).x(), 6));
         // The coordinates of the origin are mirrored as the means are.
-        display.check("checkBox_arrow", false);
         display.check("checkBox_invertX", true);
         const QImage mirrored = display.canvas();
-        display.check("checkBox_arrow", true);
-        display.control<QDoubleSpinBox>("xorigin_doubleSpinBox")->setValue(-7.6);
-        arrow = difference(display.canvas(), mirrored);
+        display.box("xorigin_doubleSpinBox")->setValue(-7.6);
+        arrow = difference(display.canvasWith("checkBox_arrow"), mirrored);
         QVERIFY(apart(arrow.angle, 90) < 2);
     }
 

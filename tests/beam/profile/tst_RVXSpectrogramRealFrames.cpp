@@ -4,9 +4,6 @@
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
-
 #include <algorithm>
 #include <numeric>
 

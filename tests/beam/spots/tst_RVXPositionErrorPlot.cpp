@@ -2,16 +2,13 @@
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "tests/beam/spots/SpotTable.h"
 #include "tests/support/ModelWatch.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPolygonF>
 
 using namespace Corvale_Qt;
 
@@ -75,19 +72,17 @@ class tst_RVXPositionErrorPlot : public QObject
 private Q_SLOTS:
     void toleranceSetsTheAxes_data()
     {
-        QTest::addColumn<float>("tx");
-        QTest::addColumn<float>("ty");
-        QTest::addColumn<QString>("axes");
-        QTest::newRow("2.4 and 0.6, rounded up") << 2.0F << 0.5F << "-3 3 step 1, -1 1 step 1";
+        columns<float, float, QString>("tx", "ty", "axes");
+        row("2.4 and 0.6, rounded up", 2.0F, 0.5F, "-3 3 step 1, -1 1 step 1");
         // 1.2F x 5.0F is 6.00000024 before it is rounded to single precision, and 6 after.
-        QTest::newRow("in single precision") << 5.0F << 2.5F << "-6 6 step 1, -3 3 step 1";
-        QTest::newRow("a large one") << 1000.0F << 80.0F << "-1200 1200 step 1, -96 96 step 1";
-        QTest::newRow("0 is ignored") << 0.0F << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("a negative one is ignored") << 1.0F << -1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("NaN is ignored") << float(qQNaN()) << 1.0F << "-4 4 step 1, -4 4 step 1";
-        QTest::newRow("one of metres is ignored") << 1.0F << 1e30F << "-4 4 step 1, -4 4 step 1";
+        row("in single precision", 5.0F, 2.5F, "-6 6 step 1, -3 3 step 1");
+        row("a large one", 1000.0F, 80.0F, "-1200 1200 step 1, -96 96 step 1");
+        const QString before = "-4 4 step 1, -4 4 step 1";
+        row("0 is ignored", 0.0F, 1.0F, before);
+        row("a negative one is ignored", 1.0F, -1.0F, before);
+        row("NaN is ignored", float(qQNaN()), 1.0F, before);
+        row("one of metres is ignored", 1.0F, 1e30F, before);
     }
-
     void toleranceSetsTheAxes()
     {
         QFETCH(float, tx);
@@ -99,10 +94,8 @@ private Q_SLOTS:
         for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
             const QwtScaleDiv div = plot.findChild<QwtPlot *>()->axisScaleDiv(axis);
             const QList<double> ticks = div.ticks(QwtScaleDiv::MajorTick);
-            axes << QString("%1 %2 step %3")
-                        .arg(div.lowerBound())
-                        .arg(div.upperBound())
-                        .arg(ticks[1] - ticks[0]);
+            const QString text = "%1 %2 step %3";
+            axes << text.arg(div.lowerBound()).arg(div.upperBound()).arg(ticks[1] - ticks[0]);
         }
         QTEST(axes.join(", "), "axes");
     }
@@ -260,29 +253,21 @@ private Q_SLOTS:
         const Picture picture(plot);
         for (const QPointF &point :
              {QPointF(-2, 0.1), QPointF(2, 0.1), QPointF(0.3, -0.5), QPointF(0.3, 0.5)}) {
-            // Rounding may put the line on a neighbouring pixel.
-            int darkest = 255;
-            for (int dx = -1; dx <= 1; ++dx) {
-                for (int dy = -1; dy <= 1; ++dy)
-                    darkest =
-                        qMin(darkest, picture.at(point.x(), point.y(), QPointF(dx, dy)).red());
-            }
+            int darkest = 255; // rounding may put the line on a neighbouring pixel
+            for (int i = 0; i < 9; ++i)
+                darkest = qMin(darkest,
+                               picture.at(point.x(), point.y(), {i % 3 - 1.0, i / 3 - 1.0}).red());
             QVERIFY(darkest < 20);
         }
         QCOMPARE(picture.at(1.5, 0.2), QColor(Qt::white));
         QCOMPARE(picture.at(0, 0), highlight(plot));
-    }
-
-    void anErrorBeyondTheAxesIsStillSeen()
-    {
-        RVXPositionErrorPlot plot;
-        plot.resize(500, 500);
+        // An error beyond the axes is still seen.
         plot.setTolerance(2, 2);
         plot.setSamples(QPolygonF(QVector<QPointF>{QPointF(1e6, 0.25)}));
-        const Picture picture(plot);
+        const Picture beyond(plot);
         int colored = 0;
         for (int dx = 5; dx > -16; --dx)
-            colored += picture.at(3, 0.25, QPointF(dx, 0)).red() < 180;
+            colored += beyond.at(3, 0.25, QPointF(dx, 0)).red() < 180;
         QVERIFY(colored >= 2);
     }
 };

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QRandomGenerator>
 
 using namespace Corvale_Qt;
 using Spot = SpotMapView::MapSpot;
@@ -98,16 +97,13 @@ private Q_SLOTS:
 
     void picturesFitTheViewport_data()
     {
-        QTest::addColumn<QRect>("viewport");
-        QTest::addColumn<QRectF>("bounds");
-        QTest::addColumn<QRect>("picture");
+        columns<QRect, QRectF, QRect>("viewport", "bounds", "picture");
         const QRectF square(-5, -5, 10, 10);
-        QTest::newRow("wide") << QRect(0, 0, 300, 160) << square << QRect(70, 0, 160, 160);
-        QTest::newRow("high") << QRect(0, 0, 160, 300) << square << QRect(0, 70, 160, 160);
-        QTest::newRow("half a pixel is rounded up")
-            << QRect(0, 0, 301, 200) << square << QRect(51, 0, 199, 200);
-        QTest::newRow("no bounds") << QRect(0, 0, 300, 160) << QRectF() << QRect(70, 0, 160, 160);
-        QTest::newRow("no viewport") << QRect(0, 0, 0, 160) << square << QRect();
+        row("wide", QRect(0, 0, 300, 160), square, QRect(70, 0, 160, 160));
+        row("high", QRect(0, 0, 160, 300), square, QRect(0, 70, 160, 160));
+        row("half a pixel is rounded up", QRect(0, 0, 301, 200), square, QRect(51, 0, 199, 200));
+        row("no bounds", QRect(0, 0, 300, 160), QRectF(), QRect(70, 0, 160, 160));
+        row("no viewport", QRect(0, 0, 0, 160), square, QRect());
     }
 
     void picturesFitTheViewport()

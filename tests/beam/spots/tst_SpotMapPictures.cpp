@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Tests what a spot map shows by its pixels.
 #include "tests/beam/spots/SpotMapInTest.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QFile>
 #include <QGLWidget>
-#include <QSignalSpy>
 
 using namespace Corvale_Qt;
 
@@ -18,11 +17,10 @@ private Q_SLOTS:
 
     void aSpotIsBrightestWhereItBelongs_data()
     {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        QTest::newRow("top left") << -30.0 << 30.0;
-        QTest::newRow("bottom right") << 30.0 << -30.0;
-        QTest::newRow("between") << 11.0 << -7.0;
+        columns<double, double>("x", "y");
+        row("top left", -30.0, 30.0);
+        row("bottom right", 30.0, -30.0);
+        row("between", 11.0, -7.0);
     }
 
     void aSpotIsBrightestWhereItBelongs()
@@ -152,11 +150,10 @@ private Q_SLOTS:
     //! The difference shows another position or size of a spot as it does another dose.
     void aDifferenceComparesAllOfASpot_data()
     {
-        QTest::addColumn<QString>("planned");
-        QTest::addColumn<double>("x");
-        QTest::newRow("to the left") << "-4 0 10 3" << -6.0;
-        QTest::newRow("above") << "0 6 10 3" << 0.0;
-        QTest::newRow("wider") << "0 0 10 5" << -6.0;
+        columns<QString, double>("planned", "x");
+        row("to the left", "-4 0 10 3", -6.0);
+        row("above", "0 6 10 3", 0.0);
+        row("wider", "0 0 10 5", -6.0);
     }
     void aDifferenceComparesAllOfASpot()
     {
@@ -176,40 +173,29 @@ private Q_SLOTS:
 
     void whatCannotBeShownIsToldInWords_data()
     {
-        QTest::addColumn<QString>("spots");
-        QTest::addColumn<QString>("others"); // "-": no comparison
-        QTest::addColumn<bool>("told");
-        QTest::newRow("all is well") << cornerSpots << "-" << false;
-        QTest::newRow("all is well in both") << cornerSpots << cornerSpots << false;
-        QTest::newRow("nothing") << ""
-                                 << "-" << true;
-        QTest::newRow("a spot without a place") << cornerSpots + "; nan 0 1 1"
-                                                << "-" << true;
-        QTest::newRow("nothing to compare with") << cornerSpots << "" << true;
-        QTest::newRow("nothing to compare") << "" << cornerSpots << true;
-        QTest::newRow("one to compare with has no width")
-            << cornerSpots << cornerSpots + "; 0 0 1 0" << true;
+        columns<QString, QString, bool>("spots", "others", "told"); // "-": no comparison
+        row("all is well", cornerSpots, "-", false);
+        row("all is well in both", cornerSpots, cornerSpots, false);
+        row("nothing", "", "-", true);
+        row("a spot without a place", cornerSpots + "; nan 0 1 1", "-", true);
+        row("nothing to compare with", cornerSpots, "", true);
+        row("nothing to compare", "", cornerSpots, true);
+        row("no width to compare with", cornerSpots, cornerSpots + "; 0 0 1 0", true);
     }
     void whatCannotBeShownIsToldInWords()
     {
         QFETCH(QString, spots);
         QFETCH(QString, others);
-        QFETCH(bool, told);
-        SpotTable table(spots);
-        SpotTable otherTable(others == "-" ? QString() : others);
-        MapInTest map(&table);
-        MapInTest other(&otherTable);
-        if (others != "-") {
-            map.setDiffTarget(&other);
-            map.setDisplayMode(SpotMapView::Difference);
-        }
-        const QImage image = map.picture();
+        Comparison pair(spots, others == "-" ? QString() : others);
+        if (others == "-")
+            pair.map.setDisplayMode(SpotMapView::Data);
+        const QImage image = pair.map.picture();
         int white = 0; // pixels between the upper spots and the edge
         for (int y = 0; y < image.height() / 8; ++y) {
             for (int x = 0; x < image.width(); ++x)
                 white += qGray(image.pixel(x, y)) > 250;
         }
-        QCOMPARE(white > 5, told);
+        QTEST(white > 5, "told");
     }
 
     //! A picture of fewer pixels than the screen has would show blocks.

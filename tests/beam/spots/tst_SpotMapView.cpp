@@ -5,11 +5,6 @@
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 
-#include <QHelpEvent>
-#include <QSignalSpy>
-#include <QSortFilterProxyModel>
-#include <QToolTip>
-
 using namespace Corvale_Qt;
 
 class tst_SpotMapView : public QObject
@@ -45,6 +40,11 @@ private Q_SLOTS:
         SpotTable table(cornerSpots);
         MapInTest live(&table);
         live.setPathColor(QColor(255, 200, 0, 120));
+        const auto differenceFromAFreshMap = [&] {
+            MapInTest fresh(&table);
+            fresh.setPathColor(QColor(255, 200, 0, 120));
+            return largestDifference(live.picture(), fresh.picture());
+        };
         SpotTable more;
         addRandomSpots(more, 60);
         while (more.rowCount() > 0) {
@@ -52,14 +52,10 @@ private Q_SLOTS:
             if (more.rowCount() % 7 == 0)
                 live.picture();
         }
-        MapInTest whole(&table);
-        whole.setPathColor(QColor(255, 200, 0, 120));
-        QCOMPARE(largestDifference(live.picture(), whole.picture()), 0);
+        QCOMPARE(differenceFromAFreshMap(), 0);
         // Growing bounds, and a new largest dose, are a new picture.
         table.append("60 0 10 3; 0 0 99 3");
-        MapInTest grown(&table);
-        grown.setPathColor(QColor(255, 200, 0, 120));
-        QCOMPARE(largestDifference(live.picture(), grown.picture()), 0);
+        QCOMPARE(differenceFromAFreshMap(), 0);
     }
 
     void rowsAndSpotsStayAligned()
@@ -171,26 +167,20 @@ private Q_SLOTS:
         pair.target.hide();
         QVERIFY(QTest::qWaitForWindowExposed(&pair.map));
         pair.map.picture();
-        PaintCounter paints(pair.map.viewport());
         QCoreApplication::processEvents();
-        paints.count = 0;
+        PaintCounter paints(pair.map.viewport());
         pair.planned.setDose(0, 10);
         QTRY_VERIFY(paints.count > 0);
-    }
-
-    void mapsThatCompareWithEachOtherComeToRest()
-    {
-        Comparison pair("0 0 10 3", "0 0 5 3");
+        // Maps that compare with each other come to rest.
+        pair.target.show();
         pair.target.setDiffTarget(&pair.map);
         pair.target.setDisplayMode(SpotMapView::Difference);
-        for (MapInTest *map : {&pair.map, &pair.target})
-            QVERIFY(QTest::qWaitForWindowExposed(map));
+        QVERIFY(QTest::qWaitForWindowExposed(&pair.target));
+        paints.count = 0;
         pair.actual.setDose(0, 7);
-        PaintCounter paints(pair.map.viewport());
         for (int round = 0; round < 50; ++round)
             QCoreApplication::processEvents();
-        QVERIFY(paints.count > 0);
-        QVERIFY(paints.count < 10);
+        QVERIFY(paints.count > 0 && paints.count < 10);
     }
 
     void aTargetMayBeDeletedFirst()
@@ -283,16 +273,12 @@ private Q_SLOTS:
         QVERIFY((QRectF(ring).center() - ratio * QPointF(first)).manhattanLength() < 3 * ratio);
         QVERIFY(qAbs(ring.width() - 2 * radius) < 6 * ratio);
         // Rows 1 and 2 lie at the same place: the keyboard tells them apart.
-        QTest::keyClick(&map, Qt::Key_Down);
-        QCOMPARE(selectedRows(map), QString("1"));
-        QTest::keyClick(&map, Qt::Key_Right);
-        QCOMPARE(selectedRows(map), QString("2"));
-        QTest::keyClick(&map, Qt::Key_End);
-        QCOMPARE(selectedRows(map), QString("3"));
-        QTest::keyClick(&map, Qt::Key_Down);
-        QCOMPARE(selectedRows(map), QString("3"));
-        QTest::keyClick(&map, Qt::Key_Home);
-        QCOMPARE(selectedRows(map), QString("0"));
+        QStringList rows;
+        for (Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_End, Qt::Key_Down, Qt::Key_Home}) {
+            QTest::keyClick(&map, key);
+            rows << selectedRows(map);
+        }
+        QCOMPARE(rows.join(", "), QString("1, 2, 3, 3, 0"));
         // The parent handles the page keys.
         QKeyEvent page(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
         page.accept();

@@ -2,16 +2,12 @@
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/spots/SpotTable.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_scale_draw.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QStackedWidget>
 
 using namespace Corvale_Qt;
 
@@ -34,11 +30,11 @@ class tst_SpotMapWidget : public QObject
 private Q_SLOTS:
     void scalesLineUpWithThePicture_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("as it comes") << QSize(420, 480);
-        QTest::newRow("wide") << QSize(900, 400);
-        QTest::newRow("high") << QSize(333, 801);
-        QTest::newRow("small") << QSize(10, 10);
+        columns<QSize>("size");
+        row("as it comes", QSize(420, 480));
+        row("wide", QSize(900, 400));
+        row("high", QSize(333, 801));
+        row("small", QSize(10, 10));
     }
 
     void scalesLineUpWithThePicture()
@@ -50,31 +46,27 @@ private Q_SLOTS:
         widget.resize(size);
         widget.show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        const QRectF bounds = widget.spotMapView()->bounds();
         const QRect map = widget.spotMapView()->geometry();
         const auto *x = widget.findChild<QwtScaleWidget *>("xAxis");
         const auto *y = widget.findChild<QwtScaleWidget *>("yAxis");
-
         QCOMPARE(widget.spotMapView()->viewport()->size(), map.size());
         QVERIFY(map.width() == map.height() && map.width() > 50);
-        QVERIFY(qAbs(endOnScale(x, bounds.left()) - map.left()) <= 1.0);
-        QVERIFY(qAbs(endOnScale(x, bounds.right()) - (map.left() + map.width())) <= 1.0);
-        QVERIFY(qAbs(endOnScale(y, bounds.top()) - (map.top() + map.height())) <= 1.0);
-        QVERIFY(qAbs(endOnScale(y, bounds.bottom()) - map.top()) <= 1.0);
+        const auto endsMatch = [&] {
+            const QRectF shown = widget.spotMapView()->bounds();
+            const QRectF place = widget.spotMapView()->geometry();
+            return qAbs(endOnScale(x, shown.left()) - place.left()) <= 1.0
+                && qAbs(endOnScale(x, shown.right()) - place.right()) <= 1.0
+                && qAbs(endOnScale(y, shown.top()) - place.bottom()) <= 1.0
+                && qAbs(endOnScale(y, shown.bottom()) - place.top()) <= 1.0;
+        };
+        QVERIFY(endsMatch());
         // The scales fit into the area and touch the map.
         const QRect area = widget.findChild<QWidget *>("mapArea")->rect();
-        for (const QwtScaleWidget *axis : {x, y})
-            QVERIFY(area.contains(axis->geometry()));
+        QVERIFY(area.contains(x->geometry()) && area.contains(y->geometry()));
         QCOMPARE(x->y(), map.top() + map.height());
         QCOMPARE(y->x() + y->width(), map.left());
-
-        // Wider labels get more room.
-        table.append("-123456 0 1 3");
-        const QRectF wider = widget.spotMapView()->bounds();
-        const QRect after = widget.spotMapView()->geometry();
-        QVERIFY(qAbs(endOnScale(x, wider.left()) - after.left()) <= 1.0);
-        QVERIFY(qAbs(endOnScale(y, wider.bottom()) - after.top()) <= 1.0);
-        QVERIFY(area.contains(y->geometry()));
+        table.append("-123456 0 1 3"); // wider labels get more room
+        QVERIFY(endsMatch() && area.contains(y->geometry()));
     }
 
     void aMapWithoutSpotsHasNoNumbers()

@@ -2,26 +2,10 @@
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
 #include "tests/monitor/support/TextSink.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Monitor;
-
-class tst_LineProtocol : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void linesBecomeReadings_data();
-    void linesBecomeReadings();
-    void tooMuchIsDropped();
-    void aCutAndMadeConnection_data();
-    void aCutAndMadeConnection();
-    void arrivalTimeStandsIn();
-    void metadataReachesTheHeader();
-    void piecesMakeLines_data();
-    void piecesMakeLines();
-    void countsAddUp();
-};
 
 static QString readAll(const QByteArray &lines)
 {
@@ -34,246 +18,237 @@ static QString readAll(const QByteArray &lines)
     return sink.text();
 }
 
-void tst_LineProtocol::linesBecomeReadings_data()
+class tst_LineProtocol : public QObject
 {
-    QTest::addColumn<QByteArray>("lines");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *lines, const char *expected) {
-        QTest::newRow(name) << QByteArray(lines) << QString(expected);
-    };
-    row("commas", "0,1,2/1,3,4", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
-    row("white space", "0 1\t2/1  3 4 ", "start channels ch1 ch2 | 0: 1 2 | 1: 3 4");
-    row("plus, exponent and blanks at the commas",
-        "0 , +1e-3/1, -2.5E2",
-        "start channels ch1 | 0: 0.001 | 1: -250");
-    row("no reading", "0,1,/1,,4/2,,", "start channels ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
-    row("nan is no reading, inf is one", "0,nan/1,inf", "start channels ch1 | 0: - | 1: inf");
-    row("one line alone", "5,1", "start channels ch1 | 5: 1");
-    row("declared",
-        "#corvale 1/#channels left, right/#unit nA/0,1,2",
-        "start channels left:nA right:nA | 0: 1 2");
-    row("a unit each",
-        "#channels a,b,c/#unit nA,,mm/0,1,2,3",
-        "start channels a:nA b c:mm | 0: 1 2 3");
-    row("without a time", "#channels a,b/1,2/3,4", "start channels a b | 9: 1 2 | 9: 3 4");
-    row("an empty time", "0,1/,2", "start channels ch1 | 0: 1 | 9: 2");
-    row("one number a line", "1/2", "start channels ch1 | 9: 1 | 9: 2");
-    row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
-    row("pixels",
-        "#layout pixels/0,1,2,3,4",
-        "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
-    row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
-    row("an event", "#event door open/0,1", "event door open | start channels ch1 | 0: 1");
-    row("comments and empty lines", "# hello//#whatever/0,1", "start channels ch1 | 0: 1");
-    row("garbage between",
-        "0,1/\x01\xff\x02,x/1,2",
-        "refused 2 unreadable | start channels ch1 | 0: 1 | 1: 2");
-    row("a number with a tail",
-        "0,1/1,2x/2,3",
-        "refused 2 unreadable | start channels ch1 | 0: 1 | 2: 3");
-    row("time goes backwards",
-        "5,1/6,2/5.5,3/7,4",
-        "start channels ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
-    row("one time far ahead costs no reading that follows",
-        "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
-        "start channels ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back "
-        "from 1000000 s to 2 s and goes on from there: a new part begins | start channels ch1 | 2: "
-        "2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
-    row("some times behind, and then the stream goes on",
-        "8,1/9,1/2,2/3,3/10,1/4,4",
-        "start channels ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
-    row("times behind that do not agree",
-        "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
-        "start channels ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
-    row("times behind, and then the instrument is set up anew",
-        "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
-        "start channels ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | start "
-        "channels ch1 | 9: 61 | 9: 62");
-    row("numbers too small are 0, those too large are none",
-        "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999/"
-        "4,1e-99999999999999999999/5,0.1e310/6,1",
-        "start channels ch1 | 0: 0 | 1: 0 | refused 3-4 unreadable | 4: 0 | refused 6 unreadable | "
-        "6: 1");
-    const QByteArray zeros(400, '0'), ones(400, '1');
-    QTest::newRow("the same, written out")
-        << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
-        << QStringLiteral("refused 2 unreadable | start channels ch1 | 0: 0 | 2: 1");
-    row("a time too large for its unit",
-        "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
-        "refused 2-3 unreadable | start channels a | 6e+306: 2 | 1.2e+307: 3");
-    row("the same time again is no step back", "5,1/5,2", "start channels ch1 | 5: 1 | 5: 2");
-    row("a time that is none",
-        "nan,1/1,2/inf,3/2,4",
-        "refused 1 unreadable | refused 3 unreadable | start channels ch1 | 1: 2 | 2: 4");
-    row("one value too few",
-        "0,1,2/1,3,4/2,5/3,6,7",
-        "start channels ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
-    row("joined in the middle of a line",
-        "7,8/1,3,4/2,5,6",
-        "refused 1 count | start channels ch1 ch2 | 1: 3 4 | 2: 5 6");
-    row("declared, joined in the middle of a line",
-        "#channels a,b/7,8/1,3,4/2,5,6",
-        "refused 2 count | start channels a b | 1: 3 4 | 2: 5 6");
-    row("declared otherwise",
-        "#channels a,b/0,1,2,3/0,1,2",
-        "refused 2 count | start channels a b | 0: 1 2");
-    row("a greeting",
-        "Welcome to electrometer/0,1/1,2/2,3",
-        "refused 2 count | refused 1 unreadable | start channels ch1 | 1: 2 | 2: 3");
-    row("new metadata is a new stream",
-        "0,1/1,2/#unit nA/2,3",
-        "start channels ch1 | 0: 1 | 1: 2 | start channels ch1:nA | 2: 3");
-    row("the stream starts over",
-        "5,1/6,2/#corvale 1/0,3/1,4",
-        "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 1: 4");
-    row("a stream that starts over and is slow",
-        "5,1/6,2/#corvale 1/0,3/7,4",
-        "start channels ch1 | 5: 1 | 6: 2 | start channels ch1 | 0: 3 | 7: 4");
-    row("ranges and start times that cannot be written down again",
-        "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
-        "refused 2-3 unreadable | start channels ch1 | 0: 1");
-    row("an unknown layout",
-        "#layout rings/0,1",
-        "refused 1 unreadable | start channels ch1 | 0: 1");
-    row("a range that is none",
-        "#range 5,1/#range a/0,1",
-        "refused 1-2 unreadable | start channels ch1 | 0: 1");
-    row("the header of a table",
-        "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
-        "start channels left:nA x:mm | 0: 1 2 | 1: 3 4");
-    row("the time is not the first column",
-        "frame,time_ms,a/1,500,2/2,1500,3",
-        "start channels a | 0.5: 2 | 1.5: 3");
-    row("the instrument is set up anew",
-        "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
-        "start channels ch1 | 0: 1 | 1: 1 | refused 3-11 count | start channels ch1 ch2 | 11: 1 1 "
-        "| 12: 1 1");
-}
+    Q_OBJECT
 
-void tst_LineProtocol::linesBecomeReadings()
-{
-    QFETCH(QByteArray, lines);
-    QFETCH(QString, expected);
-    QCOMPARE(readAll(lines), expected);
-}
-
-void tst_LineProtocol::tooMuchIsDropped()
-{
-    const QByteArray most = "0" + QByteArray(",1").repeated(256);
-    QCOMPARE(readAll(most).count(QStringLiteral(" 1")), 256);
-    QCOMPARE(readAll(most + ",1/0,1"),
-             QStringLiteral("refused 1 many | start channels ch1 | 0: 1"));
-    QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
-             QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | refused 3 many | 2: 3"));
-    const QByteArray commas(LineSplitter::maxLength, ',');
-    QCOMPARE(readAll(commas), QStringLiteral("refused 1 many"));
-}
-
-void tst_LineProtocol::aCutAndMadeConnection_data()
-{
-    QTest::addColumn<QByteArray>("after");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("time goes on") << QByteArray("11,3/12,4") << "11: 3 | 12: 4";
-    QTest::newRow("time starts over") << QByteArray("0,3/1,4") << "start channels a | 0: 3 | 1: 4";
-    QTest::newRow("the end of a line, then time goes on")
-        << QByteArray("1,3/12,4/13,5") << "refused 4 back | 12: 4 | 13: 5";
-    QTest::newRow("the header again") << QByteArray("time_s,a/11,3/12,4") << "11: 3 | 12: 4";
-}
-
-void tst_LineProtocol::aCutAndMadeConnection()
-{
-    QFETCH(QByteArray, after);
-    QFETCH(QString, expected);
-    TextSink sink;
-    LineProtocol protocol(sink);
-    const auto take = [&](const QByteArray &lines) {
-        for (const QByteArray &line : lines.split('/'))
-            protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
-    };
-    take("#channels a/9,1/10,2");
-    sink.lines.clear();
-    protocol.beginStream();
-    take(after);
-    protocol.finish();
-    QCOMPARE(sink.text(), expected);
-}
-
-void tst_LineProtocol::arrivalTimeStandsIn()
-{
-    TextSink sink;
-    LineProtocol protocol(sink);
-    for (int i = 0; i < 3; ++i) {
-        protocol.setArrivalTime(0.5 * i);
-        protocol.takeLine(",7", false);
+private Q_SLOTS:
+    void linesBecomeReadings_data()
+    {
+        // In the expected text, ">" begins a stream of channels, and a line that cannot be read is refused with "?".
+        columns<QString, QString>("lines", "expected");
+        row("commas", "0,1,2/1,3,4", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
+        row("white space", "0 1\t2/1  3 4 ", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
+        row("plus, exponent and blanks at the commas",
+            "0 , +1e-3/1, -2.5E2",
+            "> ch1 | 0: 0.001 | 1: -250");
+        row("no reading", "0,1,/1,,4/2,,", "> ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
+        row("nan is no reading, inf is one", "0,nan/1,inf", "> ch1 | 0: - | 1: inf");
+        row("one line alone", "5,1", "> ch1 | 5: 1");
+        row("declared",
+            "#corvale 1/#channels left, right/#unit nA/0,1,2",
+            "> left:nA right:nA | 0: 1 2");
+        row("a unit each", "#channels a,b,c/#unit nA,,mm/0,1,2,3", "> a:nA b c:mm | 0: 1 2 3");
+        row("without a time", "#channels a,b/1,2/3,4", "> a b | 9: 1 2 | 9: 3 4");
+        row("an empty time", "0,1/,2", "> ch1 | 0: 1 | 9: 2");
+        row("one number a line", "1/2", "> ch1 | 9: 1 | 9: 2");
+        row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
+        row("pixels",
+            "#layout pixels/0,1,2,3,4",
+            "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
+        row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
+        row("an event", "#event door open/0,1", "event door open | > ch1 | 0: 1");
+        row("comments and empty lines", "# hello//#whatever/0,1", "> ch1 | 0: 1");
+        row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
+        row("a number with a tail", "0,1/1,2x/2,3", "refused 2 ? | > ch1 | 0: 1 | 2: 3");
+        row("time goes backwards",
+            "5,1/6,2/5.5,3/7,4",
+            "> ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
+        row("one time far ahead costs no reading that follows",
+            "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
+            "> ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from "
+            "1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: "
+            "4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
+        row("some times behind, and then the stream goes on",
+            "8,1/9,1/2,2/3,3/10,1/4,4",
+            "> ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
+        row("times behind that do not agree",
+            "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
+            "> ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
+        row("times behind, and then the instrument is set up anew",
+            "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
+            "> ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: "
+            "62");
+        row("numbers too small are 0, those too large are none",
+            "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/"
+            "3,-12e99999999999999999999/4,1e-99999999999999999999/5,0.1e310/6,1",
+            "> ch1 | 0: 0 | 1: 0 | refused 3-4 ? | 4: 0 | refused 6 ? | 6: 1");
+        const QString zeros(400, '0'), ones(400, '1');
+        QTest::newRow("the same, written out") << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
+                                               << QString("refused 2 ? | > ch1 | 0: 0 | 2: 1");
+        row("a time too large for its unit",
+            "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
+            "refused 2-3 ? | > a | 6e+306: 2 | 1.2e+307: 3");
+        row("the same time again is no step back", "5,1/5,2", "> ch1 | 5: 1 | 5: 2");
+        row("a time that is none",
+            "nan,1/1,2/inf,3/2,4",
+            "refused 1 ? | refused 3 ? | > ch1 | 1: 2 | 2: 4");
+        row("one value too few",
+            "0,1,2/1,3,4/2,5/3,6,7",
+            "> ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
+        row("joined in the middle of a line",
+            "7,8/1,3,4/2,5,6",
+            "refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6");
+        row("declared, joined in the middle of a line",
+            "#channels a,b/7,8/1,3,4/2,5,6",
+            "refused 2 count | > a b | 1: 3 4 | 2: 5 6");
+        row("declared otherwise",
+            "#channels a,b/0,1,2,3/0,1,2",
+            "refused 2 count | > a b | 0: 1 2");
+        row("a greeting",
+            "Welcome to electrometer/0,1/1,2/2,3",
+            "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
+        row("new metadata is a new stream",
+            "0,1/1,2/#unit nA/2,3",
+            "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");
+        row("the stream starts over",
+            "5,1/6,2/#corvale 1/0,3/1,4",
+            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4");
+        row("a stream that starts over and is slow",
+            "5,1/6,2/#corvale 1/0,3/7,4",
+            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4");
+        row("ranges and start times that cannot be written down again",
+            "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
+            "refused 2-3 ? | > ch1 | 0: 1");
+        row("an unknown layout", "#layout rings/0,1", "refused 1 ? | > ch1 | 0: 1");
+        row("a range that is none", "#range 5,1/#range a/0,1", "refused 1-2 ? | > ch1 | 0: 1");
+        row("the header of a table",
+            "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
+            "> left:nA x:mm | 0: 1 2 | 1: 3 4");
+        row("the time is not the first column",
+            "frame,time_ms,a/1,500,2/2,1500,3",
+            "> a | 0.5: 2 | 1.5: 3");
+        row("the instrument is set up anew",
+            "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
+            "> ch1 | 0: 1 | 1: 1 | refused 3-11 count | > ch1 ch2 | 11: 1 1 | 12: 1 1");
     }
-    QCOMPARE(sink.text(), QStringLiteral("start channels ch1 | 0: 7 | 0.5: 7 | 1: 7"));
-}
 
-void tst_LineProtocol::metadataReachesTheHeader()
-{
-    TextSink sink;
-    LineProtocol protocol(sink);
-    for (const char *line :
-         {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "#corvale 1"})
-        protocol.takeLine(line, false);
-    QCOMPARE(sink.header().startTime, QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
-    QCOMPARE(sink.header().rangeLow, -2.0);
-    QCOMPARE(sink.header().rangeHigh, 5000.0);
-}
-
-void tst_LineProtocol::piecesMakeLines_data()
-{
-    QTest::addColumn<int>("pieceSize");
-    for (const int size : {1, 2, 3, 7, 100})
-        QTest::addRow("pieces of %d", size) << size;
-}
-
-void tst_LineProtocol::piecesMakeLines()
-{
-    QFETCH(int, pieceSize);
-    const QByteArray bytes = "one\ntwo\r\nthree\rfour\r\n\nrest";
-    LineSplitter splitter;
-    QByteArrayList lines;
-    const auto take = [&](std::string_view line, bool) {
-        lines.append(QByteArray(line.data(), int(line.size())));
-    };
-    for (int i = 0; i < bytes.size(); i += pieceSize) {
-        const QByteArray piece = bytes.mid(i, pieceSize);
-        splitter.feed({piece.constData(), std::size_t(piece.size())}, take);
+    void linesBecomeReadings()
+    {
+        QFETCH(QString, lines);
+        QString text = readAll(lines.toUtf8());
+        QTEST(text.replace("start channels ", "> ").replace(" unreadable", " ?"), "expected");
     }
-    QCOMPARE(lines.join('|'), QByteArray("one|two|three|four|"));
-    QVERIFY(splitter.hasRest());
-    splitter.finish(take);
-    QCOMPARE(lines.last(), QByteArray("rest"));
 
-    // A line without end keeps no more than its limit, and the next one is whole again.
-    lines.clear();
-    bool cut = false;
-    const QByteArray endless(3 * LineSplitter::maxLength, 'x');
-    const auto note = [&](std::string_view line, bool tooLong) {
-        lines.append(QByteArray::number(int(line.size())));
-        cut = cut || tooLong;
-    };
-    for (int i = 0; i < endless.size(); i += 1000)
-        splitter.feed({endless.constData() + i, std::size_t(qMin(1000, endless.size() - i))}, note);
-    splitter.feed("\nabc\n", note);
-    QVERIFY(cut);
-    QCOMPARE(lines.join('|'), QByteArray("65536|3"));
-}
+    void tooMuchIsDropped()
+    {
+        const QByteArray most = "0" + QByteArray(",1").repeated(256);
+        QCOMPARE(readAll(most).count(QString(" 1")), 256);
+        QCOMPARE(readAll(most + ",1/0,1"), QString("refused 1 many | start channels ch1 | 0: 1"));
+        QCOMPARE(readAll("0,1/1,2/" + most + ",1/2,3"),
+                 QString("start channels ch1 | 0: 1 | 1: 2 | refused 3 many | 2: 3"));
+        const QByteArray commas(LineSplitter::maxLength, ',');
+        QCOMPARE(readAll(commas), QString("refused 1 many"));
+    }
 
-void tst_LineProtocol::countsAddUp()
-{
-    TextSink sink;
-    LineProtocol protocol(sink);
-    for (const char *line : {"0,1", "1,1", "x", "0,1", "2,1,1", "2,1"})
-        protocol.takeLine(line, false);
-    protocol.takeLine("3,1", true);
-    const LineCounts &counts = protocol.counts();
-    QCOMPARE(counts.lines, qint64(7));
-    QCOMPARE(counts.readings, qint64(3));
-    QCOMPARE(counts.bad(), qint64(4));
-    QCOMPARE(counts.lines, counts.readings + counts.bad());
-}
+    void aCutAndMadeConnection_data()
+    {
+        columns<QByteArray, QString>("after", "expected");
+        row("time goes on", QByteArray("11,3/12,4"), "11: 3 | 12: 4");
+        row("time starts over", QByteArray("0,3/1,4"), "start channels a | 0: 3 | 1: 4");
+        row("the end of a line, then time goes on",
+            QByteArray("1,3/12,4/13,5"),
+            "refused 4 back | 12: 4 | 13: 5");
+        row("the header again", QByteArray("time_s,a/11,3/12,4"), "11: 3 | 12: 4");
+    }
+
+    void aCutAndMadeConnection()
+    {
+        QFETCH(QByteArray, after);
+        QFETCH(QString, expected);
+        TextSink sink;
+        LineProtocol protocol(sink);
+        const auto take = [&](const QByteArray &lines) {
+            for (const QByteArray &line : lines.split('/'))
+                protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+        };
+        take("#channels a/9,1/10,2");
+        sink.lines.clear();
+        protocol.beginStream();
+        take(after);
+        protocol.finish();
+        QCOMPARE(sink.text(), expected);
+    }
+
+    void arrivalTimeStandsIn()
+    {
+        TextSink sink;
+        LineProtocol protocol(sink);
+        for (int i = 0; i < 3; ++i) {
+            protocol.setArrivalTime(0.5 * i);
+            protocol.takeLine(",7", false);
+        }
+        QCOMPARE(sink.text(), QString("start channels ch1 | 0: 7 | 0.5: 7 | 1: 7"));
+    }
+
+    void metadataReachesTheHeader()
+    {
+        TextSink sink;
+        LineProtocol protocol(sink);
+        for (const char *line :
+             {"#corvale 1", "#t0 2026-03-01T12:00:00.250Z", "#range -2,5e3", "0,1", "#corvale 1"})
+            protocol.takeLine(line, false);
+        QCOMPARE(sink.header().startTime,
+                 QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
+        QCOMPARE(sink.header().rangeLow, -2.0);
+        QCOMPARE(sink.header().rangeHigh, 5000.0);
+    }
+
+    void piecesMakeLines_data()
+    {
+        columns<int>("pieceSize");
+        for (const int size : {1, 2, 3, 7, 100})
+            QTest::addRow("pieces of %d", size) << size;
+    }
+
+    void piecesMakeLines()
+    {
+        QFETCH(int, pieceSize);
+        const QByteArray bytes = "one\ntwo\r\nthree\rfour\r\n\nrest";
+        LineSplitter splitter;
+        QByteArrayList lines;
+        const auto take = [&](std::string_view line, bool) {
+            lines.append(QByteArray(line.data(), int(line.size())));
+        };
+        for (int i = 0; i < bytes.size(); i += pieceSize) {
+            const QByteArray piece = bytes.mid(i, pieceSize);
+            splitter.feed({piece.constData(), std::size_t(piece.size())}, take);
+        }
+        QCOMPARE(lines.join('|'), QByteArray("one|two|three|four|"));
+        QVERIFY(splitter.hasRest());
+        splitter.finish(take);
+        QCOMPARE(lines.last(), QByteArray("rest"));
+
+        // A line without end keeps no more than its limit, and the next one is whole again.
+        lines.clear();
+        bool cut = false;
+        const QByteArray endless(3 * LineSplitter::maxLength, 'x');
+        const auto note = [&](std::string_view line, bool tooLong) {
+            lines.append(QByteArray::number(int(line.size())));
+            cut = cut || tooLong;
+        };
+        for (int i = 0; i < endless.size(); i += 1000)
+            splitter.feed({endless.constData() + i, std::size_t(qMin(1000, endless.size() - i))},
+                          note);
+        splitter.feed("\nabc\n", note);
+        QVERIFY(cut);
+        QCOMPARE(lines.join('|'), QByteArray("65536|3"));
+    }
+
+    void countsAddUp()
+    {
+        TextSink sink;
+        LineProtocol protocol(sink);
+        for (const char *line : {"0,1", "1,1", "x", "0,1", "2,1,1", "2,1"})
+            protocol.takeLine(line, false);
+        protocol.takeLine("3,1", true);
+        const LineCounts &counts = protocol.counts();
+        QCOMPARE(counts.lines, qint64(7));
+        QCOMPARE(counts.readings, qint64(3));
+        QCOMPARE(counts.bad(), qint64(4));
+        QCOMPARE(counts.lines, counts.readings + counts.bad());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_LineProtocol)
 #include "tst_LineProtocol.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/OptionTexts.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Monitor;
@@ -11,10 +12,94 @@ class tst_CommandLine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsUnderstood();
-    void whatIsRefused_data();
-    void whatIsRefused();
-    void helpAndManualTellTheSame();
+    void whatIsUnderstood()
+    {
+        CommandLine none;
+        QCOMPARE(parsed({}, &none), QString());
+        QCOMPARE(none.source, QString("sim:strips"));
+        QVERIFY(none.task == CommandLine::Task::Window && none.needsDisplay());
+        QCOMPARE(none.file.speed, 1.0);
+
+        CommandLine play;
+        QCOMPARE(parsed("a.csv --speed 4 --loop --from 10 --to 20.5 --record r --rotate 100M "
+                        "--range -1e-6,1e-6",
+                        &play),
+                 QString());
+        QCOMPARE(play.source, QString("a.csv"));
+        QCOMPARE(play.file.speed, 4.0);
+        QVERIFY(play.file.loop);
+        QCOMPARE(play.file.from, 10.0);
+        QCOMPARE(play.file.to, 20.5);
+        QCOMPARE(play.record.path, QString("r"));
+        QCOMPARE(play.record.rotateBytes, qint64(100000000));
+        QCOMPARE(play.rangeLow, -1e-6);
+
+        CommandLine picture;
+        QCOMPARE(
+            parsed("--screenshot p.png --size 800x600 --view spots --after 200frames sim:spots",
+                   &picture),
+            QString());
+        QVERIFY(picture.task == CommandLine::Task::Screenshot && !picture.needsDisplay());
+        QCOMPARE(picture.size, QSize(800, 600));
+        QCOMPARE(picture.afterReadings, qint64(200));
+        QCOMPARE(picture.file.speed, 0.0); // nobody watches
+
+        CommandLine hour;
+        QCOMPARE(parsed("--record d --rotate 1h --after 500ms -", &hour), QString());
+        QCOMPARE(hour.record.rotateSeconds, 3600.0);
+        QCOMPARE(hour.afterSeconds, 0.5);
+        QCOMPARE(hour.source, QString("-"));
+    }
+
+    void whatIsRefused_data()
+    {
+        columns<QString>("arguments");
+        QTest::addColumn<QString>("named"); // part of the message
+        const auto row = [](const char *name, const char *arguments, const char *named) {
+            QTest::newRow(name) << QString(arguments) << QString(named);
+        };
+        row("unknown option", "--frobnicate", "frobnicate");
+        row("no number", "--speed fast a.csv", "--speed fast");
+        row("negative speed", "--speed -1 a.csv", "--speed -1");
+        row("range the wrong way", "--range 2,1", "--range 2,1");
+        row("one limit", "--range 2", "--range 2");
+        row("size", "--size big", "--size big");
+        row("view", "--view sideways", "strip, scope, histogram");
+        row("amount", "--after soon", "200frames");
+        row("no frames", "--after 0frames", "200frames");
+        row("rotation", "--rotate often", "100M");
+        row("two tasks", "--stats --check a.csv", "--stats and --check");
+        row("two sources", "a.csv b.csv", "a.csv, b.csv");
+        row("json alone", "--json a.csv", "--stats");
+        row("picture without a name", "--screenshot", "screenshot");
+    }
+
+    void whatIsRefused()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, named);
+        CommandLine line;
+        const QString error = parsed(arguments, &line);
+        QVERIFY2(error.contains(named), qPrintable(error));
+    }
+
+    void helpAndManualTellTheSame()
+    {
+        const QString help = CommandLine::helpText();
+        QString page = QString::fromUtf8(CommandLine::manPage());
+        page.remove(QLatin1Char('\\'));
+        QVERIFY(page.startsWith(".TH CORVALE-MONITOR 1"));
+        for (const OptionText &option : optionTexts())
+            for (const QString &text : {help, page}) {
+                QVERIFY2(text.contains(QString("--") + option.name), qPrintable(option.name));
+                QVERIFY2(text.contains(option.text), qPrintable(option.name));
+            }
+        for (const TopicText &topic : topicTexts())
+            for (const auto &[name, meaning] : topic.items) {
+                QVERIFY(help.contains(name) && help.contains(meaning));
+                QVERIFY2(page.contains(name) && page.contains(meaning), qPrintable(name));
+            }
+    }
 
 private:
     static QString parsed(const QString &arguments, CommandLine *line)
@@ -26,94 +111,6 @@ private:
         return ok ? QString() : error;
     }
 };
-
-void tst_CommandLine::whatIsUnderstood()
-{
-    CommandLine none;
-    QCOMPARE(parsed({}, &none), QString());
-    QCOMPARE(none.source, QStringLiteral("sim:strips"));
-    QVERIFY(none.task == CommandLine::Task::Window && none.needsDisplay());
-    QCOMPARE(none.file.speed, 1.0);
-
-    CommandLine play;
-    QCOMPARE(parsed("a.csv --speed 4 --loop --from 10 --to 20.5 --record r --rotate 100M "
-                    "--range -1e-6,1e-6",
-                    &play),
-             QString());
-    QCOMPARE(play.source, QStringLiteral("a.csv"));
-    QCOMPARE(play.file.speed, 4.0);
-    QVERIFY(play.file.loop);
-    QCOMPARE(play.file.from, 10.0);
-    QCOMPARE(play.file.to, 20.5);
-    QCOMPARE(play.record.path, QStringLiteral("r"));
-    QCOMPARE(play.record.rotateBytes, qint64(100000000));
-    QCOMPARE(play.rangeLow, -1e-6);
-
-    CommandLine picture;
-    QCOMPARE(parsed("--screenshot p.png --size 800x600 --view spots --after 200frames sim:spots",
-                    &picture),
-             QString());
-    QVERIFY(picture.task == CommandLine::Task::Screenshot && !picture.needsDisplay());
-    QCOMPARE(picture.size, QSize(800, 600));
-    QCOMPARE(picture.afterReadings, qint64(200));
-    QCOMPARE(picture.file.speed, 0.0); // nobody watches
-
-    CommandLine hour;
-    QCOMPARE(parsed("--record d --rotate 1h --after 500ms -", &hour), QString());
-    QCOMPARE(hour.record.rotateSeconds, 3600.0);
-    QCOMPARE(hour.afterSeconds, 0.5);
-    QCOMPARE(hour.source, QStringLiteral("-"));
-}
-
-void tst_CommandLine::whatIsRefused_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("named"); // part of the message
-    const auto row = [](const char *name, const char *arguments, const char *named) {
-        QTest::newRow(name) << QString(arguments) << QString(named);
-    };
-    row("unknown option", "--frobnicate", "frobnicate");
-    row("no number", "--speed fast a.csv", "--speed fast");
-    row("negative speed", "--speed -1 a.csv", "--speed -1");
-    row("range the wrong way", "--range 2,1", "--range 2,1");
-    row("one limit", "--range 2", "--range 2");
-    row("size", "--size big", "--size big");
-    row("view", "--view sideways", "strip, scope, histogram");
-    row("amount", "--after soon", "200frames");
-    row("no frames", "--after 0frames", "200frames");
-    row("rotation", "--rotate often", "100M");
-    row("two tasks", "--stats --check a.csv", "--stats and --check");
-    row("two sources", "a.csv b.csv", "a.csv, b.csv");
-    row("json alone", "--json a.csv", "--stats");
-    row("picture without a name", "--screenshot", "screenshot");
-}
-
-void tst_CommandLine::whatIsRefused()
-{
-    QFETCH(QString, arguments);
-    QFETCH(QString, named);
-    CommandLine line;
-    const QString error = parsed(arguments, &line);
-    QVERIFY2(error.contains(named), qPrintable(error));
-}
-
-void tst_CommandLine::helpAndManualTellTheSame()
-{
-    const QString help = CommandLine::helpText();
-    QString page = QString::fromUtf8(CommandLine::manPage());
-    page.remove(QLatin1Char('\\'));
-    QVERIFY(page.startsWith(QLatin1String(".TH CORVALE-MONITOR 1")));
-    for (const OptionText &option : optionTexts())
-        for (const QString &text : {help, page}) {
-            QVERIFY2(text.contains(QStringLiteral("--") + option.name), qPrintable(option.name));
-            QVERIFY2(text.contains(option.text), qPrintable(option.name));
-        }
-    for (const TopicText &topic : topicTexts())
-        for (const auto &[name, meaning] : topic.items) {
-            QVERIFY(help.contains(name) && help.contains(meaning));
-            QVERIFY2(page.contains(name) && page.contains(meaning), qPrintable(name));
-        }
-}
 
 CORVALE_QT_TEST_MAIN(tst_CommandLine)
 #include "tst_CommandLine.moc"

@@ -4,9 +4,6 @@
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/TestMain.h"
 
-#include <QImage>
-#include <QTemporaryDir>
-
 using namespace Monitor;
 
 //! When a picture is taken, and when there will be none, by a clock that the test moves.
@@ -15,10 +12,49 @@ class tst_PictureTaker : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void itWaitsForDataNotForTime();
-    void silenceHasAnEnd();
-    void anEndWithoutData();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+    }
+
+    void itWaitsForDataNotForTime()
+    {
+        Run run(m_folder->path());
+        run.session.setLimit(ReadingLimit(30, 0.0));
+        run.source->begin(StreamKind::Channels, 3);
+        // Half an hour, one reading each ten seconds, does not end its patience.
+        for (int i = 0; i < 29; ++i) {
+            run.clock.advance(10.0);
+            run.source->give();
+        }
+        QCOMPARE(run.code, -1);
+        run.source->give();
+        QCOMPARE(run.code, -1); // the display has not had its time
+        QTRY_VERIFY_WITH_TIMEOUT((run.clock.advance(0.1), run.code >= 0), 20000);
+        QVERIFY2(run.code == ExitGood, qPrintable(run.text));
+        QCOMPARE(QImage(m_folder->filePath("picture.png")).size(), run.window.size());
+    }
+
+    void silenceHasAnEnd()
+    {
+        Run run(m_folder->path());
+        run.clock.advance(19.0);
+        QCOMPARE(run.code, -1);
+        run.clock.advance(2.0);
+        QCOMPARE(run.code, int(ExitSourceLost));
+        QVERIFY2(run.text.contains("script: no data for"), qPrintable(run.text));
+        QVERIFY2(run.text.contains("Ask the author."), qPrintable(run.text));
+    }
+
+    void anEndWithoutData()
+    {
+        Run run(m_folder->path());
+        run.source->setState(Source::State::Finished, "the end");
+        run.clock.advance(1.0);
+        QCOMPARE(run.code, int(ExitBadData));
+        QVERIFY(!QFile::exists(m_folder->filePath("picture.png")));
+    }
 
 private:
     struct Run : ScriptedSession
@@ -41,50 +77,6 @@ private:
     };
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void tst_PictureTaker::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_folder->isValid());
-}
-
-void tst_PictureTaker::itWaitsForDataNotForTime()
-{
-    Run run(m_folder->path());
-    run.session.setLimit(ReadingLimit(30, 0.0));
-    run.source->begin(StreamKind::Channels, 3);
-    // Half an hour, one reading each ten seconds, does not end its patience.
-    for (int i = 0; i < 29; ++i) {
-        run.clock.advance(10.0);
-        run.source->give();
-    }
-    QCOMPARE(run.code, -1);
-    run.source->give();
-    QCOMPARE(run.code, -1); // the display has not had its time
-    QTRY_VERIFY_WITH_TIMEOUT((run.clock.advance(0.1), run.code >= 0), 20000);
-    QVERIFY2(run.code == ExitGood, qPrintable(run.text));
-    QCOMPARE(QImage(m_folder->filePath("picture.png")).size(), run.window.size());
-}
-
-void tst_PictureTaker::silenceHasAnEnd()
-{
-    Run run(m_folder->path());
-    run.clock.advance(19.0);
-    QCOMPARE(run.code, -1);
-    run.clock.advance(2.0);
-    QCOMPARE(run.code, int(ExitSourceLost));
-    QVERIFY2(run.text.contains("script: no data for"), qPrintable(run.text));
-    QVERIFY2(run.text.contains("Ask the author."), qPrintable(run.text));
-}
-
-void tst_PictureTaker::anEndWithoutData()
-{
-    Run run(m_folder->path());
-    run.source->setState(Source::State::Finished, "the end");
-    run.clock.advance(1.0);
-    QCOMPARE(run.code, int(ExitBadData));
-    QVERIFY(!QFile::exists(m_folder->filePath("picture.png")));
-}
 
 CORVALE_QT_TEST_MAIN(tst_PictureTaker)
 #include "tst_PictureTaker.moc"

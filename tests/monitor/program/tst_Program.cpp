@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <set>
@@ -31,298 +25,279 @@ class tst_Program : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void exitCodes_data();
-    void exitCodes();
-    void everyDisplay_data();
-    void everyDisplay();
-    void picturesAreTheSameEachTime();
-    void aPictureWithNothingInIt();
-    void statisticsOfALongPipe();
-    void lastFits();
-    void convertedIsTheSame();
-    void withoutADisplay();
-    void debugLinesAreOptIn();
-    void oneWindowForEachSettingsFile();
-    void aRecordingSurvivesKill();
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        putFile(path("good.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\n1,3,7\n");
+        putFile(path("bad.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\nwhat is this\n1,3,7\n");
+        putFile(path("empty.csv"), "");
+        putFile(path("names.csv"), "time_s,a_nA\n");
+    }
+
+    void exitCodes_data()
+    {
+        columns<QString, int>("arguments", "code");
+        QTest::addColumn<QString>("said"); // on stdout or stderr
+        row("help", "--help", 0, "Usage: corvale-monitor");
+        row("version", "--version", 0, "corvale-monitor 2.");
+        row("good statistics", "--stats good.csv", 0, "nA");
+        row("good check", "--check good.csv", 0, "3 readings, 0 lines dropped");
+        row("good conversion", "--convert out.csv good.csv", 0, "");
+        row("option", "--nonsense", 1, "Try corvale-monitor --help");
+        row("source", "--stats gopher://x", 1, "not a known kind of source");
+        row("display that the data lack",
+            "--screenshot v.png --view spots good.csv",
+            1,
+            "no data for the display");
+        row("bad line", "--stats bad.csv", 2, "--check shows them");
+        row("bad line found", "--check bad.csv", 2, "what is this");
+        row("empty", "--stats empty.csv", 2, "no readings");
+        row("only names", "--check names.csv", 2, "no readings");
+        row("no file", "--stats nowhere.csv", 3, "nowhere.csv cannot be opened");
+        row("no picture of no file", "--screenshot v.png nowhere.csv", 3, "Check the path");
+        row("a folder", "--stats .", 3, "cannot be opened");
+        row("nobody listens", "--stats tcp://127.0.0.1:1", 3, "switched on");
+        row("existing output", "--convert good.csv good.csv", 4, "exists already");
+        row("no folder for output", "--convert no/o.csv good.csv", 4, "no/o.csv");
+        row("no folder for the picture", "--screenshot no/v.png good.csv", 4, "no/v.png");
+        row("output that is the source",
+            "--convert good.csv --overwrite ./good.csv",
+            4,
+            "is the source");
+        row("full disk below a window",
+            "sim:ic4 --settings full.xui --record /dev/full --overwrite --after 5frames",
+            4,
+            "5 readings are missing: /dev/full: No space left");
+        row("full disk", "--convert /dev/full --overwrite good.csv", 4, "/dev/full");
+    }
+
+    void exitCodes()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(int, code);
+        QFETCH(QString, said);
+        if (arguments.contains("/dev/full") && !hasFullDevice())
+            QSKIP("there is no full device here");
+        const Outcome outcome = run(arguments.split(QLatin1Char(' ')));
+        const QByteArray all = outcome.out + outcome.err;
+        QVERIFY2(outcome.code == code, all + " code " + QByteArray::number(outcome.code));
+        QVERIFY2(all.contains(said.toUtf8()), all);
+        const bool errorOnStderr = code == 0 || !outcome.err.isEmpty();
+        QVERIFY(errorOnStderr);
+    }
+
+    void everyDisplay_data()
+    {
+        columns<QString, QString>("source", "display");
+        const QVector<QPair<QString, QStringList>> displays = {
+            {"sim:ic4", {"strip", "scope", "histogram", "position"}},
+            {"sim:strips", {"strip", "histogram", "profile", "position"}},
+            {"sim:pixels", {"histogram", "profile", "position"}},
+            {"sim:spots", {"strip", "spots"}},
+        };
+        for (const auto &[source, names] : displays)
+            for (const QString &display : names)
+                QTest::addRow("%s, %s", qPrintable(source), qPrintable(display))
+                    << source << display;
+    }
+
+    //! The middle of the window, where the display is, must show more than an empty display.
+    void everyDisplay()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, display);
+        QFile::remove(path("display.png"));
+        // A sweep is drawn when it is complete.
+        const QString frames = display == "scope" ? "300frames" : "25frames";
+        const QString arguments =
+            "%1 --screenshot display.png --view %2 --size 1300x850 --after %3";
+        const Outcome outcome = run(arguments.arg(source, display, frames).split(' '));
+        QVERIFY2(outcome.code == 0, outcome.err);
+        const QImage image(path("display.png"));
+        QCOMPARE(image.size(), QSize(1300, 850));
+        std::set<QRgb> colours;
+        int bright = 0;
+        const QRect middle(400, 100, 515, 430);
+        for (int y = middle.top(); y < middle.bottom(); ++y)
+            for (int x = middle.left(); x < middle.right(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                colours.insert(colour.rgb());
+                bright += colour.value() > 150 && colour.saturation() > 150 ? 1 : 0;
+            }
+        QVERIFY(display == "spots" ? colours.size() > 60 : bright > 20);
+    }
+
+    void picturesAreTheSameEachTime()
+    {
+        QByteArray table = "time_s,left_nA,right_nA\n";
+        for (int i = 0; i < 500; ++i)
+            table += QByteArray::number(0.01 * i) + "," + QByteArray::number(i % 50) + ","
+                + QByteArray::number(i % 70) + "\n";
+        putFile(path("saw.csv"), table);
+        QImage pictures[2];
+        for (QImage &picture : pictures) {
+            QVERIFY(run({"saw.csv", "--screenshot", "saw.png", "--after", "300frames"}).code == 0);
+            picture = QImage(path("saw.png")).copy(400, 60, 700, 500);
+        }
+        QCOMPARE(pictures[0], pictures[1]);
+    }
+
+    void aPictureWithNothingInIt()
+    {
+        QFile::remove(path("none.png"));
+        QCOMPARE(run({"names.csv", "--screenshot", "none.png"}).code, 2);
+        QVERIFY(!QFile::exists(path("none.png")));
+        // The source sends lines, but no readings.
+        const Outcome talk =
+            run({"-", "--screenshot", "none.png"}, "HTTP/1.1 400 Bad Request\r\n\r\n");
+        QCOMPARE(talk.code, 2);
+        QVERIFY(!QFile::exists(path("none.png")));
+    }
+
+    void statisticsOfALongPipe()
+    {
+        QByteArray lines = "#corvale 1\n#channels a,b,c\n#unit nA\n";
+        constexpr int count = 200000;
+        for (int i = 0; i < count; ++i)
+            lines += QByteArray::number(i) + ",1," + QByteArray::number(i % 2) + ",-5\n";
+        const Outcome outcome = run({"-", "--stats", "--json"}, lines);
+        QVERIFY2(outcome.code == 0, outcome.err);
+        const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
+        QCOMPARE(report["readings"].toInt(), count);
+        const QJsonArray channels = report["channels"].toArray();
+        QCOMPARE(channels.size(), 3);
+        QCOMPARE(channels[1].toObject()["mean"].toDouble(), 0.5);
+        QCOMPARE(channels[1].toObject()["n"].toInt(), count);
+        QCOMPARE(channels[2].toObject()["max"].toDouble(), -5.0);
+    }
+
+    //! The fits find Gaussians of known positions and widths.
+    void lastFits()
+    {
+        QByteArray line = "0";
+        for (const double mean : {12.25, 20.5})
+            for (int i = 1; i <= 32; ++i)
+                line +=
+                    "," + QByteArray::number(50.0 * std::exp(-0.5 * std::pow((i - mean) / 3.0, 2)));
+        const Outcome outcome =
+            run({"-", "--stats", "--json"}, "#corvale 1\n#layout strips\n" + line + "\n");
+        QVERIFY2(outcome.code == 0, outcome.err);
+        const QJsonArray fits = QJsonDocument::fromJson(outcome.out).object()["fits"].toArray();
+        QCOMPARE(fits.size(), 2);
+        const double expected[] = {12.25, 20.5};
+        for (int i = 0; i < 2; ++i) {
+            const QJsonObject fit = fits[i].toObject();
+            QVERIFY(fit["valid"].toBool());
+            QVERIFY(std::abs(fit["position"].toDouble() - expected[i]) < 1e-3);
+            QVERIFY(std::abs(fit["sigma"].toDouble() - 3.0) < 1e-3);
+            QVERIFY(std::abs(fit["integral"].toDouble() - 50.0 * 3.0 * std::sqrt(2.0 * M_PI))
+                    < 0.5);
+        }
+    }
+
+    void convertedIsTheSame()
+    {
+        const Outcome first = run({"good.csv", "--convert", "once.csv", "--overwrite"});
+        const Outcome second = run({"once.csv", "--convert", "twice.csv", "--overwrite"});
+        QCOMPARE(first.code, 0);
+        QCOMPARE(second.code, 0);
+        const Outcome a = run({"good.csv", "--stats", "--json"});
+        const Outcome b = run({"twice.csv", "--stats", "--json"});
+        QCOMPARE(QJsonDocument::fromJson(a.out).object()["channels"],
+                 QJsonDocument::fromJson(b.out).object()["channels"]);
+    }
+
+    void withoutADisplay()
+    {
+        QProcess process;
+        QProcessEnvironment bare = environment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            bare.remove(QLatin1String(name));
+        process.setProcessEnvironment(bare);
+        process.start(QStringLiteral(CORVALE_MONITOR), QStringList());
+        QVERIFY(process.waitForFinished(longest));
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY(process.readAllStandardError().contains("--screenshot"));
+    }
+
+    void debugLinesAreOptIn()
+    {
+        const QByteArray quiet = run({"--stats", "good.csv"}).err;
+        QVERIFY2(!quiet.contains("reached the end"), quiet);
+        qputenv("QT_LOGGING_RULES", "corvale.monitor.debug=true");
+        const QByteArray told = run({"--stats", "good.csv"}).err;
+        qunsetenv("QT_LOGGING_RULES");
+        QVERIFY2(told.contains("corvale.monitor: ") && told.contains("reached the end"), told);
+    }
+
+    void oneWindowForEachSettingsFile()
+    {
+        QProcess first;
+        first.setProcessEnvironment(environment());
+        first.setWorkingDirectory(m_folder.path());
+        const QString record = path("window.csv");
+        first.start(QStringLiteral(CORVALE_MONITOR),
+                    {"sim:ic4", "--settings", "one.xui", "--record", record});
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(record).size() > 1000, longest);
+        const Outcome second = run({"sim:ic4", "--settings", "one.xui"});
+        QCOMPARE(second.code, 0);
+        QVERIFY2(second.err.contains("open already"), second.err);
+        // Another file, another window.
+        const Outcome other = run({"sim:ic4", "--settings", "two.xui", "--after", "5frames"});
+        QCOMPARE(other.code, 0);
+        QVERIFY(!other.err.contains("open already"));
+
+        first.terminate();
+        QVERIFY(first.waitForFinished(longest));
+        QCOMPARE(first.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(first.exitCode(), 0);
+        QVERIFY(QFileInfo(path("one.xui")).size() > 100);
+        QCOMPARE(run({record, "--check"}).code, 0);
+    }
+
+    void aRecordingSurvivesKill()
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment());
+        const QString record = path("killed.csv");
+        process.start(QStringLiteral(CORVALE_MONITOR),
+                      {"sim:ic4", "--settings", path("kill.xui"), "--record", record});
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(record).size() > 20000, longest);
+        process.kill();
+        QVERIFY(process.waitForFinished(longest));
+        const Outcome check = run({record, "--check"});
+        QVERIFY2(check.code == 0, check.out + check.err);
+        const Outcome again = run({record, "--screenshot", "killed.png"});
+        QVERIFY2(again.code == 0, again.err);
+    }
 
 private:
     QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
-    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const;
-    static QProcessEnvironment environment();
+
+    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment());
+        process.setWorkingDirectory(m_folder.path());
+        process.start(QStringLiteral(CORVALE_MONITOR), arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        if (!process.waitForFinished(longest) || process.exitStatus() != QProcess::NormalExit)
+            return {};
+        return {process.exitCode(),
+                process.readAllStandardOutput(),
+                process.readAllStandardError()};
+    }
+
+    static QProcessEnvironment environment()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove("QT_SCALE_FACTOR");
+        return environment;
+    }
 
     QTemporaryDir m_folder;
 };
-
-QProcessEnvironment tst_Program::environment()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
-    return environment;
-}
-
-Outcome tst_Program::run(const QStringList &arguments, const QByteArray &input) const
-{
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    process.setWorkingDirectory(m_folder.path());
-    process.start(QStringLiteral(CORVALE_MONITOR), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(longest) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-void tst_Program::initTestCase()
-{
-    QVERIFY(m_folder.isValid());
-    putFile(path("good.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\n1,3,7\n");
-    putFile(path("bad.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\nwhat is this\n1,3,7\n");
-    putFile(path("empty.csv"), "");
-    putFile(path("names.csv"), "time_s,a_nA\n");
-}
-
-void tst_Program::exitCodes_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("said"); // on stdout or stderr
-    QTest::newRow("help") << "--help" << 0 << "Usage: corvale-monitor";
-    QTest::newRow("version") << "--version" << 0 << "corvale-monitor 2.";
-    QTest::newRow("good statistics") << "--stats good.csv" << 0 << "nA";
-    QTest::newRow("good check") << "--check good.csv" << 0 << "3 readings, 0 lines dropped";
-    QTest::newRow("good conversion") << "--convert out.csv good.csv" << 0 << "";
-    QTest::newRow("option") << "--nonsense" << 1 << "Try corvale-monitor --help";
-    QTest::newRow("source") << "--stats gopher://x" << 1 << "not a known kind of source";
-    QTest::newRow("display that the data lack")
-        << "--screenshot v.png --view spots good.csv" << 1 << "no data for the display";
-    QTest::newRow("bad line") << "--stats bad.csv" << 2 << "--check shows them";
-    QTest::newRow("bad line found") << "--check bad.csv" << 2 << "what is this";
-    QTest::newRow("empty") << "--stats empty.csv" << 2 << "no readings";
-    QTest::newRow("only names") << "--check names.csv" << 2 << "no readings";
-    QTest::newRow("no file") << "--stats nowhere.csv" << 3 << "nowhere.csv cannot be opened";
-    QTest::newRow("no picture of no file")
-        << "--screenshot v.png nowhere.csv" << 3 << "Check the path";
-    QTest::newRow("a folder") << "--stats ." << 3 << "cannot be opened";
-    QTest::newRow("nobody listens") << "--stats tcp://127.0.0.1:1" << 3 << "switched on";
-    QTest::newRow("existing output") << "--convert good.csv good.csv" << 4 << "exists already";
-    QTest::newRow("no folder for output") << "--convert no/o.csv good.csv" << 4 << "no/o.csv";
-    QTest::newRow("no folder for the picture")
-        << "--screenshot no/v.png good.csv" << 4 << "no/v.png";
-    QTest::newRow("output that is the source")
-        << "--convert good.csv --overwrite ./good.csv" << 4 << "is the source";
-    QTest::newRow("full disk below a window")
-        << "sim:ic4 --settings full.xui --record /dev/full --overwrite --after 5frames" << 4
-        << "5 readings are missing: /dev/full: No space left";
-    QTest::newRow("full disk") << "--convert /dev/full --overwrite good.csv" << 4 << "/dev/full";
-}
-
-void tst_Program::exitCodes()
-{
-    QFETCH(QString, arguments);
-    QFETCH(int, code);
-    QFETCH(QString, said);
-    if (arguments.contains(QLatin1String("/dev/full")) && !hasFullDevice())
-        QSKIP("there is no full device here");
-    const Outcome outcome = run(arguments.split(QLatin1Char(' ')));
-    const QByteArray all = outcome.out + outcome.err;
-    QVERIFY2(outcome.code == code, all + " code " + QByteArray::number(outcome.code));
-    QVERIFY2(all.contains(said.toUtf8()), all);
-    const bool errorOnStderr = code == 0 || !outcome.err.isEmpty();
-    QVERIFY(errorOnStderr);
-}
-
-void tst_Program::everyDisplay_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("display");
-    const QVector<QPair<QString, QStringList>> displays = {
-        {"sim:ic4", {"strip", "scope", "histogram", "position"}},
-        {"sim:strips", {"strip", "histogram", "profile", "position"}},
-        {"sim:pixels", {"histogram", "profile", "position"}},
-        {"sim:spots", {"strip", "spots"}},
-    };
-    for (const auto &[source, names] : displays)
-        for (const QString &display : names)
-            QTest::addRow("%s, %s", qPrintable(source), qPrintable(display)) << source << display;
-}
-
-//! The middle of the window, where the display is, must show more than an empty display.
-void tst_Program::everyDisplay()
-{
-    QFETCH(QString, source);
-    QFETCH(QString, display);
-    const QString file = path("display.png");
-    QFile::remove(file);
-    // A sweep is drawn when it is complete.
-    const bool isSweep = display == QLatin1String("scope");
-    const Outcome outcome = run({source,
-                                 "--screenshot",
-                                 file,
-                                 "--view",
-                                 display,
-                                 "--size",
-                                 "1300x850",
-                                 "--after",
-                                 isSweep ? "300frames" : "25frames"});
-    QVERIFY2(outcome.code == 0, outcome.err);
-    const QImage image(file);
-    QCOMPARE(image.size(), QSize(1300, 850));
-    std::set<QRgb> colours;
-    int bright = 0;
-    const QRect middle(400, 100, 515, 430);
-    for (int y = middle.top(); y < middle.bottom(); ++y)
-        for (int x = middle.left(); x < middle.right(); ++x) {
-            const QColor colour = image.pixelColor(x, y);
-            colours.insert(colour.rgb());
-            bright += colour.value() > 150 && colour.saturation() > 150 ? 1 : 0;
-        }
-    const bool isMap = display == QLatin1String("spots");
-    QVERIFY2(isMap ? colours.size() > 60 : bright > 20,
-             qPrintable(QStringLiteral("%1 colours, %2 bright").arg(colours.size()).arg(bright)));
-}
-
-void tst_Program::picturesAreTheSameEachTime()
-{
-    QByteArray table = "time_s,left_nA,right_nA\n";
-    for (int i = 0; i < 500; ++i)
-        table += QByteArray::number(0.01 * i) + "," + QByteArray::number(i % 50) + ","
-            + QByteArray::number(i % 70) + "\n";
-    putFile(path("saw.csv"), table);
-    QImage pictures[2];
-    for (QImage &picture : pictures) {
-        QVERIFY(run({"saw.csv", "--screenshot", "saw.png", "--after", "300frames"}).code == 0);
-        picture = QImage(path("saw.png")).copy(400, 60, 700, 500);
-    }
-    QCOMPARE(pictures[0], pictures[1]);
-}
-
-void tst_Program::aPictureWithNothingInIt()
-{
-    QFile::remove(path("none.png"));
-    QCOMPARE(run({"names.csv", "--screenshot", "none.png"}).code, 2);
-    QVERIFY(!QFile::exists(path("none.png")));
-    // The source sends lines, but no readings.
-    const Outcome talk = run({"-", "--screenshot", "none.png"}, "HTTP/1.1 400 Bad Request\r\n\r\n");
-    QCOMPARE(talk.code, 2);
-    QVERIFY(!QFile::exists(path("none.png")));
-}
-
-void tst_Program::statisticsOfALongPipe()
-{
-    QByteArray lines = "#corvale 1\n#channels a,b,c\n#unit nA\n";
-    constexpr int count = 200000;
-    for (int i = 0; i < count; ++i)
-        lines += QByteArray::number(i) + ",1," + QByteArray::number(i % 2) + ",-5\n";
-    const Outcome outcome = run({"-", "--stats", "--json"}, lines);
-    QVERIFY2(outcome.code == 0, outcome.err);
-    const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
-    QCOMPARE(report["readings"].toInt(), count);
-    const QJsonArray channels = report["channels"].toArray();
-    QCOMPARE(channels.size(), 3);
-    QCOMPARE(channels[1].toObject()["mean"].toDouble(), 0.5);
-    QCOMPARE(channels[1].toObject()["n"].toInt(), count);
-    QCOMPARE(channels[2].toObject()["max"].toDouble(), -5.0);
-}
-
-//! The fits find Gaussians of known positions and widths.
-void tst_Program::lastFits()
-{
-    QByteArray line = "0";
-    for (const double mean : {12.25, 20.5})
-        for (int i = 1; i <= 32; ++i)
-            line += "," + QByteArray::number(50.0 * std::exp(-0.5 * std::pow((i - mean) / 3.0, 2)));
-    const Outcome outcome =
-        run({"-", "--stats", "--json"}, "#corvale 1\n#layout strips\n" + line + "\n");
-    QVERIFY2(outcome.code == 0, outcome.err);
-    const QJsonArray fits = QJsonDocument::fromJson(outcome.out).object()["fits"].toArray();
-    QCOMPARE(fits.size(), 2);
-    const double expected[] = {12.25, 20.5};
-    for (int i = 0; i < 2; ++i) {
-        const QJsonObject fit = fits[i].toObject();
-        QVERIFY(fit["valid"].toBool());
-        QVERIFY(std::abs(fit["position"].toDouble() - expected[i]) < 1e-3);
-        QVERIFY(std::abs(fit["sigma"].toDouble() - 3.0) < 1e-3);
-        QVERIFY(std::abs(fit["integral"].toDouble() - 50.0 * 3.0 * std::sqrt(2.0 * M_PI)) < 0.5);
-    }
-}
-
-void tst_Program::convertedIsTheSame()
-{
-    const Outcome first = run({"good.csv", "--convert", "once.csv", "--overwrite"});
-    const Outcome second = run({"once.csv", "--convert", "twice.csv", "--overwrite"});
-    QCOMPARE(first.code, 0);
-    QCOMPARE(second.code, 0);
-    const Outcome a = run({"good.csv", "--stats", "--json"});
-    const Outcome b = run({"twice.csv", "--stats", "--json"});
-    QCOMPARE(QJsonDocument::fromJson(a.out).object()["channels"],
-             QJsonDocument::fromJson(b.out).object()["channels"]);
-}
-
-void tst_Program::withoutADisplay()
-{
-    QProcess process;
-    QProcessEnvironment bare = environment();
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        bare.remove(QLatin1String(name));
-    process.setProcessEnvironment(bare);
-    process.start(QStringLiteral(CORVALE_MONITOR), QStringList());
-    QVERIFY(process.waitForFinished(longest));
-    QCOMPARE(process.exitCode(), 1);
-    QVERIFY(process.readAllStandardError().contains("--screenshot"));
-}
-
-void tst_Program::debugLinesAreOptIn()
-{
-    const QByteArray quiet = run({"--stats", "good.csv"}).err;
-    QVERIFY2(!quiet.contains("reached the end"), quiet);
-    qputenv("QT_LOGGING_RULES", "corvale.monitor.debug=true");
-    const QByteArray told = run({"--stats", "good.csv"}).err;
-    qunsetenv("QT_LOGGING_RULES");
-    QVERIFY2(told.contains("corvale.monitor: ") && told.contains("reached the end"), told);
-}
-
-void tst_Program::oneWindowForEachSettingsFile()
-{
-    QProcess first;
-    first.setProcessEnvironment(environment());
-    first.setWorkingDirectory(m_folder.path());
-    const QString record = path("window.csv");
-    first.start(QStringLiteral(CORVALE_MONITOR),
-                {"sim:ic4", "--settings", "one.xui", "--record", record});
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(record).size() > 1000, longest);
-    const Outcome second = run({"sim:ic4", "--settings", "one.xui"});
-    QCOMPARE(second.code, 0);
-    QVERIFY2(second.err.contains("open already"), second.err);
-    // Another file, another window.
-    const Outcome other = run({"sim:ic4", "--settings", "two.xui", "--after", "5frames"});
-    QCOMPARE(other.code, 0);
-    QVERIFY(!other.err.contains("open already"));
-
-    first.terminate();
-    QVERIFY(first.waitForFinished(longest));
-    QCOMPARE(first.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(first.exitCode(), 0);
-    QVERIFY(QFileInfo(path("one.xui")).size() > 100);
-    QCOMPARE(run({record, "--check"}).code, 0);
-}
-
-void tst_Program::aRecordingSurvivesKill()
-{
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    const QString record = path("killed.csv");
-    process.start(QStringLiteral(CORVALE_MONITOR),
-                  {"sim:ic4", "--settings", path("kill.xui"), "--record", record});
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(record).size() > 20000, longest);
-    process.kill();
-    QVERIFY(process.waitForFinished(longest));
-    const Outcome check = run({record, "--check"});
-    QVERIFY2(check.code == 0, check.out + check.err);
-    const Outcome again = run({record, "--screenshot", "killed.png"});
-    QVERIFY2(again.code == 0, again.err);
-}
 
 CORVALE_QT_TEST_MAIN(tst_Program)
 #include "tst_Program.moc"

@@ -4,11 +4,8 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QDir>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cmath>
@@ -19,32 +16,6 @@
 #include <sys/resource.h>
 
 using namespace Monitor;
-
-class tst_Recorder : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void readsBackBitForBit();
-    void isOnDiskWithinASecond();
-    void opensNoExistingFile();
-    void namesFilesInAFolder();
-    void rotates_data();
-    void rotates();
-    void anotherAcquisitionIsAnotherFile();
-    void goesOnInAFileThatCanBeFound_data();
-    void goesOnInAFileThatCanBeFound();
-    void aLineThatWasCutIsWholeInTheNextFile();
-    void aFileIsOneRecordersOnly();
-    void aStreamThatStartsOverMakesFewFiles();
-    void aFloodWithoutTicksIsWritten();
-    void aFullDiskLosesNothingOnceThereIsRoom();
-
-private:
-    QString path(const char *name) { return m_dir->filePath(QLatin1String(name)); }
-    std::unique_ptr<QTemporaryDir> m_dir;
-};
 
 static StreamHeader twoChannels()
 {
@@ -132,360 +103,347 @@ static QString readBack(const QString &path)
     return sink.text();
 }
 
-void tst_Recorder::init()
+class tst_Recorder : public QObject
 {
-    m_dir = std::make_unique<QTemporaryDir>();
-}
+    Q_OBJECT
 
-void tst_Recorder::readsBackBitForBit()
-{
-    //! Collects the times and values of all readings in one list.
-    class NumberSink : public TextSink
+private Q_SLOTS:
+    void init() { m_dir = std::make_unique<QTemporaryDir>(); }
+
+    void readsBackBitForBit()
     {
-    public:
-        void reading(double time, const double *values) override
+        //! Collects the times and values of all readings in one list.
+        class NumberSink : public TextSink
         {
-            numbers.insert(numbers.end(), {time, values[0], values[1]});
+        public:
+            void reading(double time, const double *values) override
+            {
+                numbers.insert(numbers.end(), {time, values[0], values[1]});
+            }
+            std::vector<double> numbers;
+        } written, read;
+        std::mt19937_64 dice(3);
+        ReadingBlock sent(2);
+        for (int i = 0; i < 5000; ++i) {
+            // Any pattern of bits that is a number, down to the smallest.
+            double values[2];
+            for (double &value : values) {
+                const quint64 bits = dice();
+                std::memcpy(&value, &bits, sizeof value);
+                if (std::isnan(value))
+                    value = std::nan("");
+            }
+            sent.append(i / 3.0, values);
+            written.reading(i / 3.0, values);
         }
-        std::vector<double> numbers;
-    } written, read;
-    std::mt19937_64 dice(3);
-    ReadingBlock sent(2);
-    for (int i = 0; i < 5000; ++i) {
-        // Any pattern of bits that is a number, down to the smallest.
-        double values[2];
-        for (double &value : values) {
-            const quint64 bits = dice();
-            std::memcpy(&value, &bits, sizeof value);
-            if (std::isnan(value))
-                value = std::nan("");
-        }
-        sent.append(i / 3.0, values);
-        written.reading(i / 3.0, values);
-    }
-    Recording r(path("a.csv"));
-    QVERIFY(r.begin());
-    r.recorder().addReadings(sent);
-    QVERIFY(r.recorder().finish());
-    CsvReader reader(read);
-    QVERIFY(reader.open(r.options.path));
-    while (reader.read(10000)) { }
-    QCOMPARE(read.numbers.size(), std::size_t(15000));
-    QCOMPARE(std::memcmp(read.numbers.data(), written.numbers.data(), 15000 * sizeof(double)), 0);
-    QCOMPARE(read.text(), QStringLiteral("start channels left:nA right"));
-}
-
-//! A kill -9 leaves what the system has been given; at most the last second is missing.
-void tst_Recorder::isOnDiskWithinASecond()
-{
-    Recording r(path("a.csv"));
-    QVERIFY(r.begin());
-    for (int i = 0; i < 50; ++i) {
-        r.recorder().addReadings(block(i, 1));
-        r.clock.advance(0.1);
-        TextSink sink;
-        CsvReader reader(sink);
+        Recording r(path("a.csv"));
+        QVERIFY(r.begin());
+        r.recorder().addReadings(sent);
+        QVERIFY(r.recorder().finish());
+        CsvReader reader(read);
         QVERIFY(reader.open(r.options.path));
         while (reader.read(10000)) { }
-        QVERIFY(i - reader.counts().readings <= 10);
-        QCOMPARE(reader.counts().bad(), qint64(0));
-        QCOMPARE(sink.lines.filter(QStringLiteral("event")).size(), 0); // whole lines only
+        QCOMPARE(read.numbers.size(), std::size_t(15000));
+        QCOMPARE(std::memcmp(read.numbers.data(), written.numbers.data(), 15000 * sizeof(double)),
+                 0);
+        QCOMPARE(read.text(), QString("start channels left:nA right"));
     }
-}
 
-void tst_Recorder::opensNoExistingFile()
-{
-    putFile(path("a.csv"), "precious");
-    Recording careful(path("a.csv"));
-    QVERIFY(!careful.begin());
-    QVERIFY(careful.recorder().errorString().contains(QLatin1String("exists already")));
-    QCOMPARE(fileContents(path("a.csv")), QByteArray("precious"));
-
-    Recording told(path("a.csv"), true);
-    QVERIFY(told.begin());
-    told.recorder().addReadings(block(0, 1));
-    QVERIFY(told.recorder().finish());
-    QCOMPARE(readBack(path("a.csv")), QStringLiteral("start channels left:nA right | 0: 0 0.5"));
-
-    Recording nowhere(path("no/such/folder/a.csv"), true);
-    QVERIFY(!nowhere.begin());
-    QVERIFY(nowhere.recorder().errorString().contains(QLatin1String("cannot be written")));
-}
-
-void tst_Recorder::namesFilesInAFolder()
-{
-    Recording first(m_dir->path()), second(m_dir->path()); // their clocks say 12:01:40
-    QVERIFY(first.begin() && second.begin());
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).join(' '),
-             QStringLiteral("corvale-20260301-120140-2.csv corvale-20260301-120140.csv"));
-}
-
-void tst_Recorder::rotates_data()
-{
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<qint64>("bytes");
-    QTest::newRow("by time") << 5.0 << qint64(0);
-    QTest::newRow("by size") << 0.0 << qint64(180);
-}
-
-void tst_Recorder::rotates()
-{
-    QFETCH(double, seconds);
-    QFETCH(qint64, bytes);
-    Recording r(path("a.csv"));
-    r.options.rotateSeconds = seconds;
-    r.options.rotateBytes = bytes;
-    QVERIFY(r.begin());
-    for (int i = 0; i < 20; ++i) {
-        r.recorder().addReadings(block(i, 1));
-        r.clock.advance(1.0);
+    //! A kill -9 leaves what the system has been given; at most the last second is missing.
+    void isOnDiskWithinASecond()
+    {
+        Recording r(path("a.csv"));
+        QVERIFY(r.begin());
+        for (int i = 0; i < 50; ++i) {
+            r.recorder().addReadings(block(i, 1));
+            r.clock.advance(0.1);
+            TextSink sink;
+            CsvReader reader(sink);
+            QVERIFY(reader.open(r.options.path));
+            while (reader.read(10000)) { }
+            QVERIFY(i - reader.counts().readings <= 10);
+            QCOMPARE(reader.counts().bad(), qint64(0));
+            QCOMPARE(sink.lines.filter(QString("event")).size(), 0); // whole lines only
+        }
     }
-    QVERIFY(r.recorder().finish());
 
-    QStringList names = QDir(m_dir->path()).entryList(QDir::Files);
-    QVERIFY(names.size() >= 3);
-    QVERIFY(names.contains(QStringLiteral("a.csv")) && names.contains(QStringLiteral("a-2.csv")));
-    // Every file reads alone, and together they hold all readings once.
-    QStringList all;
-    for (int i = 1; i <= names.size(); ++i) {
-        const QString name = i == 1 ? QStringLiteral("a.csv") : QStringLiteral("a-%1.csv").arg(i);
-        const qint64 size = QFileInfo(m_dir->filePath(name)).size();
-        QVERIFY2(i == names.size() || size >= bytes, qPrintable(QString::number(size)));
-        QStringList lines = readBack(m_dir->filePath(name)).split(QStringLiteral(" | "));
-        if (lines.first().isEmpty())
-            continue; // begun with the last tick, and no reading came
-        QCOMPARE(lines.takeFirst(), QStringLiteral("start channels left:nA right"));
-        all += lines;
+    void opensNoExistingFile()
+    {
+        putFile(path("a.csv"), "precious");
+        Recording careful(path("a.csv"));
+        QVERIFY(!careful.begin());
+        QVERIFY(careful.recorder().errorString().contains("exists already"));
+        QCOMPARE(fileContents(path("a.csv")), QByteArray("precious"));
+
+        Recording told(path("a.csv"), true);
+        QVERIFY(told.begin());
+        told.recorder().addReadings(block(0, 1));
+        QVERIFY(told.recorder().finish());
+        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+
+        Recording nowhere(path("no/such/folder/a.csv"), true);
+        QVERIFY(!nowhere.begin());
+        QVERIFY(nowhere.recorder().errorString().contains("cannot be written"));
     }
-    QCOMPARE(all.size(), 20);
-    QCOMPARE(all.first(), QStringLiteral("0: 0 0.5"));
-    QCOMPARE(all.last(), QStringLiteral("19: 19 0.5"));
-}
 
-void tst_Recorder::anotherAcquisitionIsAnotherFile()
-{
-    Recording r(path("a.csv"));
-    Recorder &recorder = r.recorder();
-    QVERIFY(r.begin());
-    recorder.addReadings(block(5, 2));
-    recorder.addEvent(QStringLiteral("beam off"));
-    recorder.startStream(twoChannels());
-    recorder.addReadings(block(0, 1));
-    QVERIFY(recorder.finish());
-    QCOMPARE(readBack(path("a.csv")),
-             QStringLiteral("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
-    QCOMPARE(readBack(path("a-2.csv")), QStringLiteral("start channels left:nA right | 0: 0 0.5"));
-}
+    void namesFilesInAFolder()
+    {
+        Recording first(m_dir->path()), second(m_dir->path()); // their clocks say 12:01:40
+        QVERIFY(first.begin() && second.begin());
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).join(' '),
+                 QString("corvale-20260301-120140-2.csv corvale-20260301-120140.csv"));
+    }
 
-void tst_Recorder::goesOnInAFileThatCanBeFound_data()
-{
-    QTest::addColumn<bool>("toFolder");
-    QTest::addColumn<QString>("command"); // in the folder above run/, which holds the recording
-    QTest::addColumn<QString>("said");
-    QTest::addColumn<QString>("before"); // what became of the first file, in TextSink's words
-    const QString one = QStringLiteral("start channels left:nA right | 0: 0 0.5");
-    const auto row = [](const char *name,
-                        bool toFolder,
-                        const char *command,
-                        const char *said,
-                        const QString &before = {}) {
-        QTest::newRow(name) << toFolder << QString(command) << QString(said) << before;
-    };
-    row("the file is removed", false, "rm run/a.csv", "was removed or renamed");
-    row("the file is renamed", false, "mv run/a.csv kept.csv", "was removed or renamed", one);
-    row("the folder is removed", false, "rm -r run", "was removed or renamed");
-    row("the folder is renamed",
-        false,
-        "mv run older; cp older/a.csv kept.csv",
-        "was removed or renamed",
-        one);
-    row("a file takes its place",
-        false,
-        "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
-        "was replaced by another file",
-        QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
-    row("another program writes into it",
-        false,
-        "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
-        "was changed by another program",
-        QStringLiteral("start channels ch1 ch2 | 7: 8 9"));
-    row("the folder of many files is renamed",
-        true,
-        "mv run older; cp older/*.csv kept.csv",
-        "was removed or renamed",
-        one);
-}
+    void rotates_data()
+    {
+        columns<double, qint64>("seconds", "bytes");
+        row("by time", 5.0, qint64(0));
+        row("by size", 0.0, qint64(180));
+    }
+    void rotates()
+    {
+        QFETCH(double, seconds);
+        QFETCH(qint64, bytes);
+        Recording r(path("a.csv"));
+        r.options.rotateSeconds = seconds;
+        r.options.rotateBytes = bytes;
+        QVERIFY(r.begin());
+        for (int i = 0; i < 20; ++i) {
+            r.recorder().addReadings(block(i, 1));
+            r.clock.advance(1.0);
+        }
+        QVERIFY(r.recorder().finish());
+        // Every file reads alone, and together they hold all readings once.
+        const int files = QDir(m_dir->path()).entryList(QDir::Files).size();
+        QVERIFY(files >= 3);
+        QStringList all;
+        for (int i = 1; i <= files; ++i) {
+            const QString file = m_dir->filePath(i == 1 ? "a.csv" : QString("a-%1.csv").arg(i));
+            QVERIFY(i == files || QFileInfo(file).size() >= bytes);
+            QStringList lines = readBack(file).split(" | ");
+            if (lines.first().isEmpty())
+                continue; // begun with the last tick, and no reading came
+            QCOMPARE(lines.takeFirst(), QString("start channels left:nA right"));
+            all += lines;
+        }
+        QStringList expected;
+        for (int i = 0; i < 20; ++i)
+            expected << QString("%1: %1 0.5").arg(i);
+        QCOMPARE(all, expected);
+    }
 
-void tst_Recorder::goesOnInAFileThatCanBeFound()
-{
-    QFETCH(bool, toFolder);
-    QFETCH(QString, command);
-    QFETCH(QString, said);
-    QFETCH(QString, before);
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("run")));
-    Recording r(path(toFolder ? "run" : "run/a.csv"));
-    r.options.rotateSeconds = 3600.0;
-    Recorder &recorder = r.recorder();
-    QVERIFY(r.begin());
-    recorder.addReadings(block(0, 1));
-    r.clock.advance(0.6);
-    const QString shell = QStringLiteral("cd '%1' && { %2; }").arg(m_dir->path(), command);
-    QCOMPARE(std::system(qPrintable(shell)), 0);
-    recorder.addReadings(block(1, 2));
-    r.clock.advance(1.0); // twice as early as promised
-    QCOMPARE(r.notes.size(), 1);
-    QVERIFY2(r.notes.first().contains(said), qPrintable(r.notes.first()));
-    QVERIFY(recorder.errorString().isEmpty());
-    recorder.addReadings(block(3, 1));
-    QVERIFY(recorder.finish());
+    void anotherAcquisitionIsAnotherFile()
+    {
+        Recording r(path("a.csv"));
+        Recorder &recorder = r.recorder();
+        QVERIFY(r.begin());
+        recorder.addReadings(block(5, 2));
+        recorder.addEvent(QString("beam off"));
+        recorder.startStream(twoChannels());
+        recorder.addReadings(block(0, 1));
+        QVERIFY(recorder.finish());
+        QCOMPARE(readBack(path("a.csv")),
+                 QString("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
+        QCOMPARE(readBack(path("a-2.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+    }
 
-    const QFileInfo now(recorder.fileName());
-    QCOMPARE(now.path(), path("run"));
-    QCOMPARE(now.suffix(), QStringLiteral("csv"));
-    const QString text = readBack(now.filePath());
-    QVERIFY2(text.startsWith(QStringLiteral("event recording: ")), qPrintable(text));
-    QVERIFY2(text.endsWith(
-                 QStringLiteral("start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
-             qPrintable(text));
-    if (!before.isEmpty())
-        QCOMPARE(readBack(path("kept.csv")), before);
-}
+    void goesOnInAFileThatCanBeFound_data()
+    {
+        // The command runs in the folder above run/, which holds the recording. The last column is what became of the
+        // first file, in TextSink's words.
+        columns<bool, QString, QString, QString>("toFolder", "command", "said", "before");
+        const QString gone = "was removed or renamed";
+        const QString one = "start channels left:nA right | 0: 0 0.5";
+        const QString other = "start channels ch1 ch2 | 7: 8 9";
+        row("the file is removed", false, "rm run/a.csv", gone, QString());
+        row("the file is renamed", false, "mv run/a.csv kept.csv", gone, one);
+        row("the folder is removed", false, "rm -r run", gone, QString());
+        row("the folder is renamed", false, "mv run old; cp old/a.csv kept.csv", gone, one);
+        row("a file takes its place",
+            false,
+            "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
+            "was replaced by another file",
+            other);
+        row("another program writes into it",
+            false,
+            "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
+            "was changed by another program",
+            other);
+        row("the folder of many is renamed", true, "mv run old; cp old/*.csv kept.csv", gone, one);
+    }
+    void goesOnInAFileThatCanBeFound()
+    {
+        QFETCH(bool, toFolder);
+        QFETCH(QString, command);
+        QFETCH(QString, said);
+        QFETCH(QString, before);
+        QVERIFY(QDir(m_dir->path()).mkdir(QString("run")));
+        Recording r(path(toFolder ? "run" : "run/a.csv"));
+        r.options.rotateSeconds = 3600.0;
+        Recorder &recorder = r.recorder();
+        QVERIFY(r.begin());
+        recorder.addReadings(block(0, 1));
+        r.clock.advance(0.6);
+        const QString shell = QString("cd '%1' && { %2; }").arg(m_dir->path(), command);
+        QCOMPARE(std::system(qPrintable(shell)), 0);
+        recorder.addReadings(block(1, 2));
+        r.clock.advance(1.0); // twice as early as promised
+        QCOMPARE(r.notes.size(), 1);
+        QVERIFY2(r.notes.first().contains(said), qPrintable(r.notes.first()));
+        QVERIFY(recorder.errorString().isEmpty());
+        recorder.addReadings(block(3, 1));
+        QVERIFY(recorder.finish());
 
-//! The disk is full in the middle of any line, and then the file is removed.
-void tst_Recorder::aLineThatWasCutIsWholeInTheNextFile()
-{
-    StreamHeader oneChannel;
-    oneChannel.channels = {{"centre", "mm"}};
-    ReadingBlock one(1);
-    const double value = 0.25;
-    one.append(7.0, &value);
-    FileSizeLimit limit;
-    for (rlim_t size = 3; size < 106; size += 3) {
+        const QFileInfo now(recorder.fileName());
+        QCOMPARE(now.path(), path("run"));
+        QCOMPARE(now.suffix(), QString("csv"));
+        const QString text = readBack(now.filePath());
+        QVERIFY2(text.startsWith(QString("event recording: ")), qPrintable(text));
+        QVERIFY2(text.endsWith(QStringLiteral(
+                     "start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
+                 qPrintable(text));
+        if (!before.isEmpty())
+            QCOMPARE(readBack(path("kept.csv")), before);
+    }
+
+    //! The disk is full in the middle of any line, and then the file is removed.
+    void aLineThatWasCutIsWholeInTheNextFile()
+    {
+        StreamHeader oneChannel;
+        oneChannel.channels = {{"centre", "mm"}};
+        ReadingBlock one(1);
+        const double value = 0.25;
+        one.append(7.0, &value);
+        FileSizeLimit limit;
+        for (rlim_t size = 3; size < 106; size += 3) {
+            Recording r(path("a.csv"));
+            Recorder &recorder = r.recorder();
+            QVERIFY(recorder.start());
+            limit.set(size);
+            recorder.startStream(twoChannels());
+            recorder.addReadings(block(0, 2));
+            recorder.startStream(oneChannel); // on a full disk it goes on in the same file
+            recorder.addReadings(one);
+            for (const int more : {0, 20, 85}) { // into the other stream's header, in the end
+                limit.set(size + rlim_t(more));
+                r.clock.advance(1.0);
+            }
+            QVERIFY(recorder.errorString().contains("File too large"));
+            const QString written = readBack(path("a.csv"));
+            QVERIFY(QFile::remove(path("a.csv")));
+            limit.lift();
+            r.clock.advance(1.0);
+            QVERIFY(recorder.finish());
+            QStringList lines = readBack(path("a.csv")).split(" | ");
+            QVERIFY(lines.takeFirst().startsWith("event recording: "));
+            const QString rest = lines.join(" | ");
+            // No line comes twice or in halves, each is under its own header; whole lines went with the file.
+            const QString all =
+                QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5 | "
+                               "start channels centre:mm | 7: 0.25");
+            const int had = written.count(QString("0.5"));
+            const QString expected = had == 0 ? all
+                : had == 1                    ? QString(all).remove(QString("0: 0 0.5 | "))
+                                              : all.section(" | ", 3);
+            QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
+            QVERIFY(QFile::remove(path("a.csv")));
+        }
+    }
+
+    void aFileIsOneRecordersOnly()
+    {
+        Recording first(path("a.csv"), true), second(path("a.csv"), true);
+        QVERIFY(first.begin());
+        first.recorder().addReadings(block(0, 1));
+        first.clock.advance(1.0);
+        QVERIFY(!second.begin());
+        QVERIFY(second.recorder().errorString().contains("another recorder"));
+        QVERIFY(first.recorder().finish());
+        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+        QVERIFY(second.begin());
+    }
+
+    void aStreamThatStartsOverMakesFewFiles()
+    {
         Recording r(path("a.csv"));
         Recorder &recorder = r.recorder();
         QVERIFY(recorder.start());
-        limit.set(size);
-        recorder.startStream(twoChannels());
-        recorder.addReadings(block(0, 2));
-        recorder.startStream(oneChannel); // on a full disk it goes on in the same file
-        recorder.addReadings(one);
-        for (const int more : {0, 20, 85}) { // into the other stream's header, in the end
-            limit.set(size + rlim_t(more));
-            r.clock.advance(1.0);
+        const auto files = [this] {
+            return QDir(m_dir->path()).entryList(QDir::Files).size();
+        };
+        const auto startOver = [&] {
+            recorder.startStream(twoChannels());
+            recorder.addReadings(block(0, 2));
+        };
+        for (int i = 0; i < 500; ++i) { // 5 s
+            startOver();
+            r.clock.advance(0.01);
         }
-        QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
-                 qPrintable(recorder.errorString()));
-        const QString written = readBack(path("a.csv"));
-        QVERIFY(QFile::remove(path("a.csv")));
-        limit.lift();
-        r.clock.advance(1.0);
+        QVERIFY2(files() >= 5 && files() <= 6, qPrintable(QString::number(files())));
+        for (int i = 0; i < 500; ++i) {
+            startOver();
+            r.clock.advance(1.5);
+        }
+        QCOMPARE(files(), 1 + Recorder::maxStreamFiles);
+        QCOMPARE(r.notes.size(), 1);
+        QVERIFY(r.notes.first().contains("a-101.csv"));
         QVERIFY(recorder.finish());
-        QStringList lines = readBack(path("a.csv")).split(QStringLiteral(" | "));
-        QVERIFY(lines.takeFirst().startsWith(QLatin1String("event recording: ")));
-        const QString rest = lines.join(QStringLiteral(" | "));
-        // No line comes twice or in halves, each is under its own header; whole lines went with the file.
-        const QString all = QStringLiteral("start channels left:nA right | 0: 0 0.5 | 1: 1 0.5 | "
-                                           "start channels centre:mm | 7: 0.25");
-        const int had = written.count(QStringLiteral("0.5"));
-        const QString expected = had == 0 ? all
-            : had == 1                    ? QString(all).remove(QStringLiteral("0: 0 0.5 | "))
-                                          : all.section(QStringLiteral(" | "), 3);
-        QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
-        QVERIFY(QFile::remove(path("a.csv")));
+        QCOMPARE(recorder.fileName(), path("a-101.csv"));
+        // Every stream is there under its own header.
+        int streams = 0, readings = 0;
+        for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
+            const QString text = readBack(file.filePath());
+            streams += text.count(QString("start channels"));
+            readings += text.count(QString(" 0.5"));
+        }
+        QCOMPARE(streams, 1000);
+        QCOMPARE(readings, 2000);
     }
-}
 
-void tst_Recorder::aFileIsOneRecordersOnly()
-{
-    Recording first(path("a.csv"), true), second(path("a.csv"), true);
-    QVERIFY(first.begin());
-    first.recorder().addReadings(block(0, 1));
-    first.clock.advance(1.0);
-    QVERIFY(!second.begin());
-    QVERIFY2(second.recorder().errorString().contains(QLatin1String("another recorder")),
-             qPrintable(second.recorder().errorString()));
-    QVERIFY(first.recorder().finish());
-    QCOMPARE(readBack(path("a.csv")), QStringLiteral("start channels left:nA right | 0: 0 0.5"));
-    QVERIFY(second.begin());
-}
+    //! An event loop that is busy reading does not deliver the ticks of the clock.
+    void aFloodWithoutTicksIsWritten()
+    {
+        Recording r(path("a.csv"));
+        Recorder &recorder = r.recorder();
+        QVERIFY(r.begin());
+        for (int i = 0; i < 30; ++i) {
+            recorder.addReadings(block(i, 1));
+            const int written = readBack(path("a.csv")).count(QString(" 0.5"));
+            QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
+            r.clock.advanceSilently(0.1);
+        }
+    }
 
-void tst_Recorder::aStreamThatStartsOverMakesFewFiles()
-{
-    Recording r(path("a.csv"));
-    Recorder &recorder = r.recorder();
-    QVERIFY(recorder.start());
-    const auto files = [this] {
-        return QDir(m_dir->path()).entryList(QDir::Files).size();
-    };
-    const auto startOver = [&] {
-        recorder.startStream(twoChannels());
-        recorder.addReadings(block(0, 2));
-    };
-    for (int i = 0; i < 500; ++i) { // 5 s
-        startOver();
-        r.clock.advance(0.01);
-    }
-    QVERIFY2(files() >= 5 && files() <= 6, qPrintable(QString::number(files())));
-    for (int i = 0; i < 500; ++i) {
-        startOver();
-        r.clock.advance(1.5);
-    }
-    QCOMPARE(files(), 1 + Recorder::maxStreamFiles);
-    QCOMPARE(r.notes.size(), 1);
-    QVERIFY(r.notes.first().contains(QLatin1String("a-101.csv")));
-    QVERIFY(recorder.finish());
-    QCOMPARE(recorder.fileName(), path("a-101.csv"));
-    // Every stream is there under its own header.
-    int streams = 0, readings = 0;
-    for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
-        const QString text = readBack(file.filePath());
-        streams += text.count(QStringLiteral("start channels"));
-        readings += text.count(QStringLiteral(" 0.5"));
-    }
-    QCOMPARE(streams, 1000);
-    QCOMPARE(readings, 2000);
-}
+    void aFullDiskLosesNothingOnceThereIsRoom()
+    {
+        Recording r(path("a.csv"));
+        Recorder &recorder = r.recorder();
+        QSignalSpy failed(&recorder, &Recorder::failed);
+        QSignalSpy recovered(&recorder, &Recorder::recovered);
+        QVERIFY(r.begin());
 
-//! An event loop that is busy reading does not deliver the ticks of the clock.
-void tst_Recorder::aFloodWithoutTicksIsWritten()
-{
-    Recording r(path("a.csv"));
-    Recorder &recorder = r.recorder();
-    QVERIFY(r.begin());
-    for (int i = 0; i < 30; ++i) {
-        recorder.addReadings(block(i, 1));
-        const int written = readBack(path("a.csv")).count(QStringLiteral(" 0.5"));
-        QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
-        r.clock.advanceSilently(0.1);
+        FileSizeLimit limit;
+        limit.set(301);
+        for (int i = 0; i < 50; ++i) {
+            recorder.addReadings(block(i, 1));
+            r.clock.advance(0.1);
+        }
+        limit.lift();
+        QCOMPARE(failed.count(), 1); // once, however often it tries again
+        QVERIFY(recorder.errorString().contains("File too large"));
+        QCOMPARE(QFileInfo(r.options.path).size(), qint64(301));
+        r.clock.advance(1.0);
+        QCOMPARE(recovered.count(), 1);
+        QVERIFY(recorder.finish());
+        const QStringList lines = readBack(r.options.path).split(" | ");
+        QCOMPARE(lines.size(), 51);
+        QCOMPARE(lines.last(), QString("49: 49 0.5"));
     }
-}
 
-void tst_Recorder::aFullDiskLosesNothingOnceThereIsRoom()
-{
-    Recording r(path("a.csv"));
-    Recorder &recorder = r.recorder();
-    QSignalSpy failed(&recorder, &Recorder::failed);
-    QSignalSpy recovered(&recorder, &Recorder::recovered);
-    QVERIFY(r.begin());
-
-    FileSizeLimit limit;
-    limit.set(301);
-    for (int i = 0; i < 50; ++i) {
-        recorder.addReadings(block(i, 1));
-        r.clock.advance(0.1);
-    }
-    limit.lift();
-    QCOMPARE(failed.count(), 1); // once, however often it tries again
-    QVERIFY2(recorder.errorString().contains(QLatin1String("File too large")),
-             qPrintable(recorder.errorString()));
-    QCOMPARE(QFileInfo(r.options.path).size(), qint64(301));
-    r.clock.advance(1.0);
-    QCOMPARE(recovered.count(), 1);
-    QVERIFY(recorder.finish());
-    const QStringList lines = readBack(r.options.path).split(QStringLiteral(" | "));
-    QCOMPARE(lines.size(), 51);
-    QCOMPARE(lines.last(), QStringLiteral("49: 49 0.5"));
-}
+private:
+    QString path(const char *name) { return m_dir->filePath(QLatin1String(name)); }
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
 
 CORVALE_QT_TEST_MAIN(tst_Recorder)
 #include "tst_Recorder.moc"

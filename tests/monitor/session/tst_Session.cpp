@@ -2,12 +2,8 @@
 #include "monitor/sources/FileSource.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QFile>
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace Monitor;
 
@@ -17,299 +13,270 @@ class tst_Session : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPauseLosesNothing();
-    void silenceIsStaleAfterThreePeriods();
-    void aSlowSourceIsNotStale();
-    void aSourceThatEndedIsNotStale();
-    void theRateFollows();
-    void aLimitCutsToTheReading_data();
-    void aLimitCutsToTheReading();
-    void aPauseDoesNotStopTheRecording();
-    void aFullDiskIsNotedWithinTwoSeconds();
-    void aRangeHoldsForEveryStream();
-    void floodsOfEventsAreCounted();
-    void streamsThatFollowFastAreShownFewTimes();
-    void noRecordingWritesToItsSource();
-    void aFloodIsShownInFewInsertions();
-    void readingsAreShownOnceAnInterval();
-
-private:
-    static QStringList rowsOf(const MultichannelDeviceModel &model);
-};
-
-QStringList tst_Session::rowsOf(const MultichannelDeviceModel &model)
-{
-    QStringList rows;
-    for (int row = 1; row < model.rowCount(); ++row)
-        rows.append(QStringLiteral("%1: %2 %3")
-                        .arg(model.doubleData(row, 0))
-                        .arg(model.doubleData(row, 1))
-                        .arg(model.doubleData(row, 2)));
-    return rows;
-}
-
-void tst_Session::aPauseLosesNothing()
-{
-    ScriptedSession paused, straight;
-    for (ScriptedSession *one : {&paused, &straight}) {
-        one->begin(2, QStringLiteral("nA"));
-        one->run(5);
+    void aPauseLosesNothing()
+    {
+        ScriptedSession paused, straight;
+        for (ScriptedSession *one : {&paused, &straight}) {
+            one->begin(2, "nA");
+            one->run(5);
+        }
+        QSignalSpy changed(&paused.session, &Session::pausedChanged);
+        paused.session.setPaused(true);
+        const QStringList before = rowsOf(paused.session.model());
+        paused.run(7);
+        straight.run(7);
+        QCOMPARE(rowsOf(paused.session.model()), before);
+        QCOMPARE(paused.session.model().waitingReadings(), qint64(7));
+        paused.session.setPaused(false);
+        QCOMPARE(rowsOf(paused.session.model()), rowsOf(straight.session.model()));
+        QCOMPARE(paused.session.model().waitingReadings(), qint64(0));
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(paused.session.statistics().readings(), qint64(12));
     }
-    QSignalSpy changed(&paused.session, &Session::pausedChanged);
-    paused.session.setPaused(true);
-    const QStringList before = rowsOf(paused.session.model());
-    paused.run(7);
-    straight.run(7);
-    QCOMPARE(rowsOf(paused.session.model()), before);
-    QCOMPARE(paused.session.model().waitingReadings(), qint64(7));
-    paused.session.setPaused(false);
-    QCOMPARE(rowsOf(paused.session.model()), rowsOf(straight.session.model()));
-    QCOMPARE(paused.session.model().waitingReadings(), qint64(0));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(paused.session.statistics().readings(), qint64(12));
-}
 
-void tst_Session::silenceIsStaleAfterThreePeriods()
-{
-    ScriptedSession s;
-    QSignalSpy stale(&s.session, &Session::staleChanged);
-    s.begin(1);
-    s.run(20);
-    s.clock.advance(0.28);
-    QVERIFY(!s.session.isStale());
-    s.clock.advance(0.06);
-    QVERIFY(s.session.isStale());
-    QCOMPARE(stale.count(), 1);
-    QCOMPARE(s.session.rate(), 0.0);
-    s.clock.advance(100.0);
-    s.run(1);
-    QVERIFY(!s.session.isStale());
-    // The silence says nothing about the usual interval.
-    s.clock.advance(0.34);
-    QVERIFY(s.session.isStale());
-}
-
-void tst_Session::aSlowSourceIsNotStale()
-{
-    ScriptedSession s;
-    s.begin(1);
-    for (int i = 0; i < 5; ++i) {
-        s.source->give();
-        s.clock.advance(60.0);
+    void silenceIsStaleAfterThreePeriods()
+    {
+        ScriptedSession s;
+        QSignalSpy stale(&s.session, &Session::staleChanged);
+        s.begin(1);
+        s.run(20);
+        s.clock.advance(0.28);
+        QVERIFY(!s.session.isStale());
+        s.clock.advance(0.06);
+        QVERIFY(s.session.isStale());
+        QCOMPARE(stale.count(), 1);
+        QCOMPARE(s.session.rate(), 0.0);
+        s.clock.advance(100.0);
+        s.run(1);
+        QVERIFY(!s.session.isStale());
+        s.clock.advance(0.34); // the silence says nothing about the usual interval
+        QVERIFY(s.session.isStale());
+        s.run(1);
+        s.source->setState(Source::State::Finished, "the end");
+        s.clock.advance(10.0); // a source that has ended is not stale
         QVERIFY(!s.session.isStale());
     }
-    s.clock.advance(121.0);
-    QVERIFY(s.session.isStale());
-}
 
-void tst_Session::aSourceThatEndedIsNotStale()
-{
-    ScriptedSession s;
-    s.begin(1);
-    s.run(5);
-    s.source->setState(Source::State::Finished, QStringLiteral("the end"));
-    s.clock.advance(10.0);
-    QVERIFY(!s.session.isStale());
-}
-
-void tst_Session::theRateFollows()
-{
-    ScriptedSession s;
-    s.begin(1);
-    for (int i = 0; i < 50; ++i) {
-        s.clock.advance(0.1);
-        s.source->give(20);
+    void aSlowSourceIsNotStale()
+    {
+        ScriptedSession s;
+        s.begin(1);
+        for (int i = 0; i < 5; ++i) {
+            s.source->give();
+            s.clock.advance(60.0);
+            QVERIFY(!s.session.isStale());
+        }
+        s.clock.advance(121.0);
+        QVERIFY(s.session.isStale());
     }
-    QVERIFY(std::abs(s.session.rate() - 200.0) < 2.0);
-}
 
-void tst_Session::aLimitCutsToTheReading_data()
-{
-    QTest::addColumn<qint64>("readings");
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("none") << qint64(0) << 0.0 << 40;
-    QTest::newRow("readings, inside of a block") << qint64(13) << 0.0 << 13;
-    QTest::newRow("readings, the end of a block") << qint64(20) << 0.0 << 20;
-    QTest::newRow("seconds") << qint64(0) << 1.45 << 16; // 0.0 to 1.5 s
-    QTest::newRow("what comes first") << qint64(5) << 1.45 << 5;
-}
-
-void tst_Session::aLimitCutsToTheReading()
-{
-    QFETCH(qint64, readings);
-    QFETCH(double, seconds);
-    QFETCH(int, expected);
-    ScriptedSession s;
-    QSignalSpy reached(&s.session, &Session::limitReached);
-    s.session.setLimit(ReadingLimit(readings, seconds));
-    s.begin(2);
-    for (int i = 0; i < 4; ++i)
-        s.source->give(10);
-    QCOMPARE(s.session.statistics().readings(), qint64(expected));
-    s.clock.advance(0.05);
-    QCOMPARE(s.session.model().rowCount(), expected + 1);
-    QCOMPARE(reached.count(), expected < 40 ? 1 : 0);
-}
-
-void tst_Session::aPauseDoesNotStopTheRecording()
-{
-    QTemporaryDir folder;
-    ScriptedSession s;
-    s.begin(2);
-    const QString path = folder.filePath(QStringLiteral("r.csv"));
-    QCOMPARE(s.record(path), QString());
-    s.run(3);
-    s.session.setPaused(true);
-    s.run(4);
-    s.session.stopRecording();
-    QVERIFY(!s.session.recorder());
-    const QString text = QString::fromUtf8(fileContents(path));
-    const QRegularExpression reading(QStringLiteral("^\\d.*$"),
-                                     QRegularExpression::MultilineOption);
-    QCOMPARE(text.count(reading), 7);
-    // The file exists now, and the next recording must not overwrite it.
-    QVERIFY(s.record(path).contains(QLatin1String("exists already")));
-}
-
-void tst_Session::aFullDiskIsNotedWithinTwoSeconds()
-{
-    if (!hasFullDevice())
-        QSKIP("there is no full device here");
-    ScriptedSession s;
-    QStringList log;
-    connect(&s.session, &Session::noted, this, [&log](const QString &text) {
-        log.append(text);
-    });
-    s.begin(2);
-    QCOMPARE(s.record(QStringLiteral("/dev/full"), true), QString());
-    s.run(20);
-    const QStringList errors = log.filter(QStringLiteral("ERROR"));
-    QCOMPARE(errors.size(), 1);
-    QVERIFY2(errors.first().contains(QLatin1String("/dev/full")), qPrintable(errors.first()));
-    QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
-    QVERIFY(!s.session.stopRecording());
-    QVERIFY(log.last().contains(QLatin1String("incomplete, 20 readings are missing: ")));
-    QCOMPARE(s.session.incompleteRecordings().size(), 1);
-}
-
-void tst_Session::aRangeHoldsForEveryStream()
-{
-    ScriptedSession s;
-    s.session.setRange(-1.0, 2.0);
-    s.begin(1);
-    s.run(5);
-    QVERIFY(!s.session.model().isOverrange(0, 2));
-    QVERIFY(s.session.model().isOverrange(0, 3));
-}
-
-//! An instrument that says 120000 things in 2 s.
-void tst_Session::floodsOfEventsAreCounted()
-{
-    QTemporaryDir folder;
-    ScriptedSession s;
-    QStringList log;
-    connect(&s.session, &Session::noted, this, [&log](const QString &text) {
-        log.append(text);
-    });
-    s.begin(1);
-    const QString path = folder.filePath(QStringLiteral("r.csv"));
-    QCOMPARE(s.record(path), QString());
-    log.clear();
-    for (int i = 0; i < 100; ++i) {
-        for (int j = 0; j < 1200; ++j)
-            Q_EMIT s.source->noted(QStringLiteral("door"));
-        s.clock.advance(0.02);
+    void theRateFollows()
+    {
+        ScriptedSession s;
+        s.begin(1);
+        for (int i = 0; i < 50; ++i) {
+            s.clock.advance(0.1);
+            s.source->give(20);
+        }
+        QVERIFY(std::abs(s.session.rate() - 200.0) < 2.0);
     }
-    s.session.stopRecording(); // amid the flood
-    s.clock.advance(1.5);
-    // All of them are in the log and in the recording, as lines or in their counts.
-    const auto account = [](const QStringList &lines, qint64 *listed) {
-        qint64 all = *listed = lines.filter(QRegularExpression(QStringLiteral("door$"))).size();
-        for (const QString &line : lines.filter(QStringLiteral(" more events are not ")))
-            all += line.mid(line.indexOf(QRegularExpression(QStringLiteral("\\d"))))
-                       .section(' ', 0, 0)
-                       .toLongLong();
-        return all;
-    };
-    qint64 listed = 0;
-    QCOMPARE(account(log, &listed), qint64(120000));
-    QVERIFY(listed > 0 && listed <= 15);
-    QCOMPARE(account(QString::fromUtf8(fileContents(path)).split(QLatin1Char('\n')), &listed),
-             qint64(120000));
-    QVERIFY(listed > 0 && listed <= 300);
-}
 
-void tst_Session::streamsThatFollowFastAreShownFewTimes()
-{
-    ScriptedSession s;
-    QSignalSpy started(&s.session, &Session::streamStarted);
-    s.session.start();
-    for (int i = 0; i < 1000; ++i) { // 2 s
-        s.source->begin(StreamKind::Channels, 1 + i % 3);
-        s.source->give(2);
-        s.clock.advance(0.002);
+    void aLimitCutsToTheReading_data()
+    {
+        columns<qint64, double, int>("readings", "seconds", "expected");
+        row("none", qint64(0), 0.0, 40);
+        row("readings, inside of a block", qint64(13), 0.0, 13);
+        row("readings, the end of a block", qint64(20), 0.0, 20);
+        row("seconds", qint64(0), 1.45, 16); // 0.0 to 1.5 s
+        row("what comes first", qint64(5), 1.45, 5);
     }
-    QVERIFY2(started.count() >= 2 && started.count() <= 15,
-             qPrintable(QString::number(started.count())));
-    // The last one is shown in the end, with its channels and its readings.
-    s.clock.advance(1.1);
-    QCOMPARE(s.session.model().NumberOfChannels(), 1);
-    QCOMPARE(s.session.model().rowCount(), 3);
-    QCOMPARE(s.session.model().doubleData(1, 1), 1998.0);
-}
+    void aLimitCutsToTheReading()
+    {
+        QFETCH(qint64, readings);
+        QFETCH(double, seconds);
+        QFETCH(int, expected);
+        ScriptedSession s;
+        QSignalSpy reached(&s.session, &Session::limitReached);
+        s.session.setLimit(ReadingLimit(readings, seconds));
+        s.begin(2);
+        for (int i = 0; i < 4; ++i)
+            s.source->give(10);
+        QCOMPARE(s.session.statistics().readings(), qint64(expected));
+        s.settle();
+        QCOMPARE(s.session.model().rowCount(), expected + 1);
+        QCOMPARE(reached.count(), expected < 40 ? 1 : 0);
+    }
 
-void tst_Session::noRecordingWritesToItsSource()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.csv"));
-    const QByteArray table = "time_s,a\n0,1\n";
-    putFile(path, table);
-    QVERIFY(QFile::link(path, folder.filePath(QStringLiteral("link.csv"))));
-    ManualClock clock;
-    Session session(clock, std::make_unique<FileSource>(clock, path, FileSource::Options()));
-    Recorder::Options options;
-    options.path = folder.filePath(QStringLiteral("link.csv"));
-    options.overwrite = true;
-    QString error;
-    QVERIFY(!session.startRecording(options, &error));
-    QVERIFY2(error.contains(QLatin1String("is the source")), qPrintable(error));
-    QCOMPARE(fileContents(path), table);
-}
+    void aPauseDoesNotStopTheRecording()
+    {
+        QTemporaryDir folder;
+        ScriptedSession s;
+        s.begin(2);
+        const QString path = folder.filePath("r.csv");
+        QCOMPARE(s.record(path), QString());
+        s.run(3);
+        s.session.setPaused(true);
+        s.run(4);
+        s.session.stopRecording();
+        QVERIFY(!s.session.recorder());
+        const QString text = QString::fromUtf8(fileContents(path));
+        const QRegularExpression reading("^\\d.*$", QRegularExpression::MultilineOption);
+        QCOMPARE(text.count(reading), 7);
+        // The file exists now, and the next recording must not overwrite it.
+        QVERIFY(s.record(path).contains("exists already"));
+    }
 
-void tst_Session::aFloodIsShownInFewInsertions()
-{
-    ScriptedSession s;
-    s.begin(3);
-    QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
-    for (int i = 0; i < 1000; ++i) { // a second
-        s.clock.advance(0.001);
+    void aFullDiskIsNotedWithinTwoSeconds()
+    {
+        if (!hasFullDevice())
+            QSKIP("there is no full device here");
+        ScriptedSession s;
+        QStringList log;
+        connect(&s.session, &Session::noted, this, [&log](const QString &text) {
+            log.append(text);
+        });
+        s.begin(2);
+        QCOMPARE(s.record(QString("/dev/full"), true), QString());
+        s.run(20);
+        const QStringList errors = log.filter("ERROR");
+        QCOMPARE(errors.size(), 1);
+        QVERIFY2(errors.first().contains("/dev/full"), qPrintable(errors.first()));
+        QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
+        QVERIFY(!s.session.stopRecording());
+        QVERIFY(log.last().contains("incomplete, 20 readings are missing: "));
+        QCOMPARE(s.session.incompleteRecordings().size(), 1);
+    }
+
+    void aRangeHoldsForEveryStream()
+    {
+        ScriptedSession s;
+        s.session.setRange(-1.0, 2.0);
+        s.begin(1);
+        s.run(5);
+        QVERIFY(!s.session.model().isOverrange(0, 2));
+        QVERIFY(s.session.model().isOverrange(0, 3));
+    }
+
+    //! An instrument that says 120000 things in 2 s.
+    void floodsOfEventsAreCounted()
+    {
+        QTemporaryDir folder;
+        ScriptedSession s;
+        QStringList log;
+        connect(&s.session, &Session::noted, this, [&log](const QString &text) {
+            log.append(text);
+        });
+        s.begin(1);
+        const QString path = folder.filePath("r.csv");
+        QCOMPARE(s.record(path), QString());
+        log.clear();
+        for (int i = 0; i < 100; ++i) {
+            for (int j = 0; j < 1200; ++j)
+                Q_EMIT s.source->noted("door");
+            s.clock.advance(0.02);
+        }
+        s.session.stopRecording(); // amid the flood
+        s.clock.advance(1.5);
+        // All of them are in the log and in the recording, as lines or in their counts.
+        const auto account = [](const QStringList &lines, qint64 *listed) {
+            qint64 all = *listed = lines.filter(QRegularExpression("door$")).size();
+            for (const QString &line : lines.filter(" more events are not "))
+                all += line.mid(line.indexOf(QRegularExpression("\\d")))
+                           .section(' ', 0, 0)
+                           .toLongLong();
+            return all;
+        };
+        qint64 listed = 0;
+        QCOMPARE(account(log, &listed), qint64(120000));
+        QVERIFY(listed > 0 && listed <= 15);
+        QCOMPARE(account(QString::fromUtf8(fileContents(path)).split(QLatin1Char('\n')), &listed),
+                 qint64(120000));
+        QVERIFY(listed > 0 && listed <= 300);
+    }
+
+    void streamsThatFollowFastAreShownFewTimes()
+    {
+        ScriptedSession s;
+        QSignalSpy started(&s.session, &Session::streamStarted);
+        s.session.start();
+        for (int i = 0; i < 1000; ++i) { // 2 s
+            s.source->begin(StreamKind::Channels, 1 + i % 3);
+            s.source->give(2);
+            s.clock.advance(0.002);
+        }
+        QVERIFY2(started.count() >= 2 && started.count() <= 15,
+                 qPrintable(QString::number(started.count())));
+        // The last one is shown in the end, with its channels and its readings.
+        s.clock.advance(1.1);
+        QCOMPARE(s.session.model().NumberOfChannels(), 1);
+        QCOMPARE(s.session.model().rowCount(), 3);
+        QCOMPARE(s.session.model().doubleData(1, 1), 1998.0);
+    }
+
+    void noRecordingWritesToItsSource()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("a.csv");
+        const QByteArray table = "time_s,a\n0,1\n";
+        putFile(path, table);
+        QVERIFY(QFile::link(path, folder.filePath("link.csv")));
+        ManualClock clock;
+        Session session(clock, std::make_unique<FileSource>(clock, path, FileSource::Options()));
+        Recorder::Options options;
+        options.path = folder.filePath("link.csv");
+        options.overwrite = true;
+        QString error;
+        QVERIFY(!session.startRecording(options, &error));
+        QVERIFY2(error.contains("is the source"), qPrintable(error));
+        QCOMPARE(fileContents(path), table);
+    }
+
+    void aFloodIsShownInFewInsertions()
+    {
+        ScriptedSession s;
+        s.begin(3);
+        QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
+        for (int i = 0; i < 1000; ++i) { // a second
+            s.clock.advance(0.001);
+            s.source->give(5);
+        }
+        QVERIFY2(inserted.count() <= 26, qPrintable(QString::number(inserted.count())));
+        QCOMPARE(s.session.statistics().readings(), qint64(5000));
+        // What still waits is shown at once when the source ends.
         s.source->give(5);
+        s.source->setState(Source::State::Finished, QString());
+        QCOMPARE(s.session.model().rowCount(), 5006);
+        for (int row = 1; row < 5006; ++row)
+            QCOMPARE(s.session.model().doubleData(row, 1), double(row - 1));
     }
-    QVERIFY2(inserted.count() <= 26, qPrintable(QString::number(inserted.count())));
-    QCOMPARE(s.session.statistics().readings(), qint64(5000));
-    // What still waits is shown at once when the source ends.
-    s.source->give(5);
-    s.source->setState(Source::State::Finished, QString());
-    QCOMPARE(s.session.model().rowCount(), 5006);
-    for (int row = 1; row < 5006; ++row)
-        QCOMPARE(s.session.model().doubleData(row, 1), double(row - 1));
-}
 
-void tst_Session::readingsAreShownOnceAnInterval()
-{
-    ScriptedSession s;
-    s.begin(2);
-    s.run(1);
-    s.session.setShowInterval(1.0);
-    QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
-    s.run(35);
-    QCOMPARE(inserted.count(), 3);
-    QCOMPARE(s.session.statistics().readings(), qint64(36));
-    s.session.setShowInterval(0.0);
-    s.clock.advance(0.05);
-    QCOMPARE(s.session.model().rowCount(), 37);
-}
+    void readingsAreShownOnceAnInterval()
+    {
+        ScriptedSession s;
+        s.begin(2);
+        s.run(1);
+        s.session.setShowInterval(1.0);
+        QSignalSpy inserted(&s.session.model(), &QAbstractItemModel::rowsInserted);
+        s.run(35);
+        QCOMPARE(inserted.count(), 3);
+        QCOMPARE(s.session.statistics().readings(), qint64(36));
+        s.session.setShowInterval(0.0);
+        s.clock.advance(0.05);
+        QCOMPARE(s.session.model().rowCount(), 37);
+    }
+
+private:
+    static QStringList rowsOf(const MultichannelDeviceModel &model)
+    {
+        QStringList rows;
+        for (int row = 1; row < model.rowCount(); ++row)
+            rows.append(QString("%1: %2 %3")
+                            .arg(model.doubleData(row, 0))
+                            .arg(model.doubleData(row, 1))
+                            .arg(model.doubleData(row, 2)));
+        return rows;
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_Session)
 #include "tst_Session.moc"

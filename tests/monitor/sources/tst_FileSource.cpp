@@ -5,11 +5,12 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QTemporaryDir>
-
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 Q_DECLARE_METATYPE(Monitor::FileSource::Options)
 
@@ -21,253 +22,201 @@ class tst_FileSource : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void playsByTheClock_data();
-    void playsByTheClock();
-    void playsOneStreamAfterTheOther_data();
-    void playsOneStreamAfterTheOther();
-    void playsAsFastAsPossible();
-    void failsWithAReason();
-    void simulatorsShowTheBeam_data();
-    void simulatorsShowTheBeam();
-    void sameSeedSameBeam();
-    void factoryKnowsItsSources_data();
-    void factoryKnowsItsSources();
+    void initTestCase()
+    {
+        m_path = m_dir.filePath("table.csv");
+        putFile(m_path, "time_s,a\n100,1\n100.5,2\n101,3\n104,4\n");
+    }
+
+    void playsByTheClock_data()
+    {
+        columns<FileSource::Options, double, QString>("options", "seconds", "readings");
+        const double last = std::numeric_limits<double>::infinity();
+        const FileSource::Options usual;
+        const FileSource::Options tenfold{10.0, false, -last, last};
+        const FileSource::Options part{1.0, false, 100.2, 101.5};
+        const FileSource::Options loop{1.0, true, -last, 101.0};
+        row("the first reading at once", usual, 0.4, "100: 1");
+        row("the second one when it is due", usual, 0.6, "100: 1 | 100.5: 2");
+        row("a pause in the file", usual, 3.9, "100: 1 | 100.5: 2 | 101: 3");
+        row("to the end", usual, 4.2, "100: 1 | 100.5: 2 | 101: 3 | 104: 4, the end");
+        row("ten times as fast", tenfold, 0.2, "100: 1 | 100.5: 2 | 101: 3");
+        row("to its end", tenfold, 0.5, "100: 1 | 100.5: 2 | 101: 3 | 104: 4, the end");
+        row("a part of the file begins at once", part, 0.1, "100.5: 2");
+        row("a part of the file", part, 1.1, "100.5: 2 | 101: 3, the end");
+        row("in a loop, with times that go on",
+            loop,
+            3.1,
+            "100: 1 | 100.5: 2 | 101: 3 | 101.5: 1 | 102: 2 | 102.5: 3 | 103: 1");
+    }
+    void playsByTheClock()
+    {
+        QFETCH(FileSource::Options, options);
+        QFETCH(double, seconds);
+        QFETCH(QString, readings);
+        ManualClock clock;
+        FileSource source(clock, m_path, options);
+        SourceLog log(source);
+        source.start();
+        clock.advance(seconds);
+        const bool ended = log.stateNames() == "Running Finished";
+        QVERIFY(ended || log.stateNames() == "Running");
+        QCOMPARE(log.text() + (ended ? ", the end" : ""), "start channels a | " + readings);
+    }
+
+    void playsOneStreamAfterTheOther_data()
+    {
+        columns<double, bool>("speed", "loop");
+        row("once", 1.0, false);
+        row("again and again", 1.0, true);
+        row("as fast as possible", 0.0, false);
+    }
+    //! A recording that went on under another header: neither runs ahead, nor does its time go back within a stream.
+    void playsOneStreamAfterTheOther()
+    {
+        QFETCH(double, speed);
+        QFETCH(bool, loop);
+        const QString path = m_dir.filePath("parts.csv");
+        putFile(path,
+                "#corvale 1\n#channels a\n5,1\n6,2\n#corvale 1\n#channels b,c\n1,3,4\n2,5,6\n");
+        ManualClock clock;
+        FileSource::Options options;
+        options.speed = speed;
+        options.loop = loop;
+        FileSource source(clock, path, options);
+        SourceLog log(source);
+        source.start();
+        clock.advance(0.5);
+        const QString first = "start channels a | 5: 1";
+        const QString once = first + " | 6: 2 | start channels b c | 1: 3 4 | 2: 5 6";
+        if (speed > 0.0)
+            QCOMPARE(log.text(), first);
+        else
+            QTRY_COMPARE(source.state(), Source::State::Finished);
+        clock.advance(speed > 0.0 ? 0.6 : 0.0);
+        QCOMPARE(log.text(), once.left(log.text().size()));
+        clock.advance(2.0);
+        QVERIFY(loop ? log.text().startsWith(once + " | " + first) : log.text() == once);
+    }
+
+    void playsAsFastAsPossible()
+    {
+        ManualClock clock; // stands still
+        FileSource::Options options;
+        options.speed = 0.0;
+        FileSource source(clock, m_path, options);
+        SourceLog log(source);
+        source.start();
+        QTRY_COMPARE(source.state(), Source::State::Finished);
+        QCOMPARE(log.times.size(), 4);
+    }
+
+    void failsWithAReason()
+    {
+        ManualClock clock;
+        FileSource source(clock, m_dir.filePath("missing.csv"), {});
+        source.start();
+        QCOMPARE(source.state(), Source::State::Failed);
+        QVERIFY(source.stateText().contains("No such file"));
+    }
+
+    void simulatorsShowTheBeam_data()
+    {
+        columns<QString, StreamKind, int, int>("name", "kind", "channels", "inTenSeconds");
+        row("split chamber", "ic4", StreamKind::Channels, 4, 1000);
+        row("strips", "strips", StreamKind::Strips, 64, 200);
+        row("pixels", "pixels", StreamKind::Pixels, 144, 200);
+        row("spots", "spots", StreamKind::Spots, 7, 500);
+    }
+    void simulatorsShowTheBeam()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, channels);
+        QFETCH(int, inTenSeconds);
+        ManualClock clock;
+        SimulatorSource source(clock, name);
+        QVERIFY(source.isSimulated());
+        SourceLog log(source);
+        std::vector<double> sums;
+        connect(&source, &Source::readingsArrived, this, [&](const ReadingBlock &block) {
+            for (int row = 0; row < block.size(); ++row)
+                sums.push_back(
+                    std::accumulate(block.values(row), block.values(row) + channels, 0.0));
+        });
+        source.start();
+        clock.advance(10.0);
+        QTEST(log.sink.header().kind, "kind");
+        QCOMPARE(log.sink.header().channels.size(), channels);
+        QVERIFY(std::abs(int(sums.size()) - inTenSeconds) <= 1);
+        const auto [smallest, largest] = std::minmax_element(sums.begin(), sums.end());
+        QVERIFY(*largest > *smallest); // spills and pauses
+        QVERIFY(std::isfinite(std::accumulate(sums.begin(), sums.end(), 0.0)));
+    }
+
+    void sameSeedSameBeam()
+    {
+        QStringList texts;
+        for (const unsigned seed : {5u, 5u, 6u}) {
+            ManualClock clock;
+            SimulatorSource source(clock, "ic4", seed);
+            SourceLog log(source);
+            source.start();
+            clock.advance(1.0);
+            texts.append(log.text());
+        }
+        QCOMPARE(texts[0], texts[1]);
+        QVERIFY(texts[0] != texts[2]);
+    }
+
+    //! Each source with its description, or after a "!" with a part of the complaint.
+    void factoryKnowsItsSources()
+    {
+        const std::pair<QString, QString> sources[] = {
+            {"sim:ic4", "sim:ic4"},
+            {"sim:spots?seed=3", "sim:spots"},
+            {"sim:rings", "!sim:pixels"},
+            {"sim:ic4?sed=3", "!seed=NUMBER"},
+            {"table.csv", "table.csv"},
+            {"file:/a/b c.csv", "/a/b c.csv"},
+            {"-", "standard input"},
+            {"tcp://host:5000", "tcp://host:5000"},
+            {"tcp://host:5000?ask=READ?&every=100ms", "tcp://host:5000"},
+            {"tcp://[::1]:5000", "tcp://::1:5000"},
+            {"tcp://host", "!tcp://HOST:PORT"},
+            {"tcp://host:99999", "!tcp://HOST:PORT"},
+            {"tcp://host:5000?every=1s", "!ask=TEXT"},
+            {"tcp://host:5000?ask=R&every=soon", "!ask=TEXT"},
+            {"tcp-listen://127.0.0.1:5000", "tcp-listen://127.0.0.1:5000"},
+            {"tcp-listen://example.org:5000", "!interfaces"},
+            {"serial:/dev/ttyUSB0", "serial:/dev/ttyUSB0?baud=115200"},
+            {"serial:/dev/ttyUSB0?baud=9600", "serial:/dev/ttyUSB0?baud=9600"},
+            {"tcp://host:5000?silence=20s", "tcp://host:5000"},
+            {"tcp://host:5000?silence=soon", "!silence=30s"},
+            {"tcp-listen://127.0.0.1:5000?silence=0", "tcp-listen://127.0.0.1:5000"},
+            {"tcp-listen://127.0.0.1:5000?ask=R", "!silence=30s"},
+            {"serial:/dev/ttyUSB0?baud=9600&silence=1min", "serial:/dev/ttyUSB0?baud=9600"},
+            {"serial:/dev/ttyUSB0?silence=", "!silence=30s"},
+            {"serial:/dev/ttyUSB0?baud=x", "!baud=NUMBER"},
+            {"serial:", "!serial:DEVICE"},
+            {"http://host/", "!not a known kind of source"},
+            {"", "!not a known kind of source"}};
+        for (const auto &[text, description] : sources) {
+            ManualClock clock;
+            SourceFactory factory(clock, {});
+            const std::unique_ptr<Source> source = factory.make(text);
+            if (source)
+                QCOMPARE(source->description(), description);
+            else
+                QVERIFY2(description.startsWith('!')
+                             && factory.errorString().contains(description.mid(1)),
+                         qPrintable(text + ": " + factory.errorString()));
+        }
+    }
 
 private:
     QTemporaryDir m_dir;
     QString m_path;
 };
-
-void tst_FileSource::initTestCase()
-{
-    m_path = m_dir.filePath(QStringLiteral("table.csv"));
-    putFile(m_path, "time_s,a\n100,1\n100.5,2\n101,3\n104,4\n");
-}
-
-void tst_FileSource::playsByTheClock_data()
-{
-    QTest::addColumn<FileSource::Options>("options");
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<bool>("ended");
-    const double last = std::numeric_limits<double>::infinity();
-    const QString start = QStringLiteral("start channels a | ");
-    using Options = FileSource::Options;
-    const auto row = [&](const char *name,
-                         const Options &options,
-                         double seconds,
-                         const char *readings,
-                         bool ended) {
-        QTest::newRow(name) << options << seconds << start + QLatin1String(readings) << ended;
-    };
-    row("the first reading at once", {}, 0.4, "100: 1", false);
-    row("the second one when it is due", {}, 0.6, "100: 1 | 100.5: 2", false);
-    row("a pause in the file", {}, 3.9, "100: 1 | 100.5: 2 | 101: 3", false);
-    row("to the end", {}, 4.2, "100: 1 | 100.5: 2 | 101: 3 | 104: 4", true);
-    row("ten times as fast", {10.0, false, -last, last}, 0.2, "100: 1 | 100.5: 2 | 101: 3", false);
-    row("ten times as fast, to the end",
-        {10.0, false, -last, last},
-        0.5,
-        "100: 1 | 100.5: 2 | 101: 3 | 104: 4",
-        true);
-    row("a part of the file begins at once", {1.0, false, 100.2, 101.5}, 0.1, "100.5: 2", false);
-    row("a part of the file", {1.0, false, 100.2, 101.5}, 1.1, "100.5: 2 | 101: 3", true);
-    row("in a loop, with times that go on",
-        {1.0, true, -last, 101.0},
-        3.1,
-        "100: 1 | 100.5: 2 | 101: 3 | 101.5: 1 | 102: 2 | 102.5: 3 | 103: 1",
-        false);
-}
-
-void tst_FileSource::playsByTheClock()
-{
-    QFETCH(FileSource::Options, options);
-    QFETCH(double, seconds);
-    QFETCH(QString, expected);
-    QFETCH(bool, ended);
-    ManualClock clock;
-    FileSource source(clock, m_path, options);
-    SourceLog log(source);
-    source.start();
-    clock.advance(seconds);
-    QCOMPARE(log.text(), expected);
-    QCOMPARE(log.stateNames(),
-             ended ? QStringLiteral("Running Finished") : QStringLiteral("Running"));
-}
-
-void tst_FileSource::playsOneStreamAfterTheOther_data()
-{
-    QTest::addColumn<double>("speed");
-    QTest::addColumn<bool>("loop");
-    QTest::newRow("once") << 1.0 << false;
-    QTest::newRow("again and again") << 1.0 << true;
-    QTest::newRow("as fast as possible") << 0.0 << false;
-}
-
-//! A recording that went on under another header: neither runs ahead, nor does its time go back within a stream.
-void tst_FileSource::playsOneStreamAfterTheOther()
-{
-    QFETCH(double, speed);
-    QFETCH(bool, loop);
-    const QString path = m_dir.filePath(QStringLiteral("parts.csv"));
-    putFile(path, "#corvale 1\n#channels a\n5,1\n6,2\n#corvale 1\n#channels b,c\n1,3,4\n2,5,6\n");
-    ManualClock clock;
-    FileSource::Options options;
-    options.speed = speed;
-    options.loop = loop;
-    FileSource source(clock, path, options);
-    SourceLog log(source);
-    source.start();
-    clock.advance(0.5);
-    const QString once =
-        QStringLiteral("start channels a | 5: 1 | 6: 2 | start channels b c | 1: 3 4 | 2: 5 6");
-    if (speed > 0.0)
-        QCOMPARE(log.text(), QStringLiteral("start channels a | 5: 1"));
-    else
-        QTRY_COMPARE(source.state(), Source::State::Finished);
-    clock.advance(speed > 0.0 ? 0.6 : 0.0);
-    QVERIFY2(log.text().startsWith(once.left(log.text().size())), qPrintable(log.text()));
-    clock.advance(2.0);
-    QCOMPARE(log.text().left(once.size()), once);
-    QCOMPARE(log.text().size() > once.size(), loop);
-    QVERIFY2(
-        log.text().startsWith(loop ? once + QStringLiteral(" | start channels a | 5: 1") : once),
-        qPrintable(log.text()));
-}
-
-void tst_FileSource::playsAsFastAsPossible()
-{
-    ManualClock clock; // stands still
-    FileSource::Options options;
-    options.speed = 0.0;
-    FileSource source(clock, m_path, options);
-    SourceLog log(source);
-    source.start();
-    QTRY_COMPARE(source.state(), Source::State::Finished);
-    QCOMPARE(log.times.size(), 4);
-}
-
-void tst_FileSource::failsWithAReason()
-{
-    ManualClock clock;
-    FileSource source(clock, m_dir.filePath(QStringLiteral("missing.csv")), {});
-    source.start();
-    QCOMPARE(source.state(), Source::State::Failed);
-    QVERIFY(source.stateText().contains(QLatin1String("No such file")));
-}
-
-void tst_FileSource::simulatorsShowTheBeam_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<StreamKind>("kind");
-    QTest::addColumn<int>("channels");
-    QTest::addColumn<int>("inTenSeconds");
-    QTest::newRow("split chamber") << "ic4" << StreamKind::Channels << 4 << 1000;
-    QTest::newRow("strips") << "strips" << StreamKind::Strips << 64 << 200;
-    QTest::newRow("pixels") << "pixels" << StreamKind::Pixels << 144 << 200;
-    QTest::newRow("spots") << "spots" << StreamKind::Spots << 7 << 500;
-}
-
-void tst_FileSource::simulatorsShowTheBeam()
-{
-    QFETCH(QString, name);
-    QFETCH(StreamKind, kind);
-    QFETCH(int, channels);
-    QFETCH(int, inTenSeconds);
-    ManualClock clock;
-    SimulatorSource source(clock, name);
-    QVERIFY(source.isSimulated());
-    StreamHeader header;
-    int readings = 0;
-    double smallest = 1e300, largest = -1e300;
-    connect(&source, &Source::streamStarted, this, [&](const StreamHeader &told) {
-        header = told;
-    });
-    connect(&source, &Source::readingsArrived, this, [&](const ReadingBlock &block) {
-        for (int row = 0; row < block.size(); ++row, ++readings) {
-            double sum = 0.0;
-            for (int i = 0; i < channels; ++i) {
-                QVERIFY(std::isfinite(block.values(row)[i]));
-                sum += block.values(row)[i];
-            }
-            smallest = std::min(smallest, sum);
-            largest = std::max(largest, sum);
-        }
-    });
-    source.start();
-    clock.advance(10.0);
-    QCOMPARE(header.kind, kind);
-    QCOMPARE(header.channels.size(), channels);
-    QVERIFY(std::abs(readings - inTenSeconds) <= 1);
-    QVERIFY(largest > smallest); // spills and pauses
-}
-
-void tst_FileSource::sameSeedSameBeam()
-{
-    QStringList texts;
-    for (const unsigned seed : {5u, 5u, 6u}) {
-        ManualClock clock;
-        SimulatorSource source(clock, QStringLiteral("ic4"), seed);
-        SourceLog log(source);
-        source.start();
-        clock.advance(1.0);
-        texts.append(log.text());
-    }
-    QCOMPARE(texts[0], texts[1]);
-    QVERIFY(texts[0] != texts[2]);
-}
-
-void tst_FileSource::factoryKnowsItsSources_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("description"); // or, after a "!", part of the complaint
-    const auto row = [](const char *text, const char *description) {
-        QTest::newRow(text) << QString(text) << QString(description);
-    };
-    row("sim:ic4", "sim:ic4");
-    row("sim:spots?seed=3", "sim:spots");
-    row("sim:rings", "!sim:pixels");
-    row("sim:ic4?sed=3", "!seed=NUMBER");
-    row("table.csv", "table.csv");
-    row("file:/a/b c.csv", "/a/b c.csv");
-    row("-", "standard input");
-    row("tcp://host:5000", "tcp://host:5000");
-    row("tcp://host:5000?ask=READ?&every=100ms", "tcp://host:5000");
-    row("tcp://[::1]:5000", "tcp://::1:5000");
-    row("tcp://host", "!tcp://HOST:PORT");
-    row("tcp://host:99999", "!tcp://HOST:PORT");
-    row("tcp://host:5000?every=1s", "!ask=TEXT");
-    row("tcp://host:5000?ask=R&every=soon", "!ask=TEXT");
-    row("tcp-listen://127.0.0.1:5000", "tcp-listen://127.0.0.1:5000");
-    row("tcp-listen://example.org:5000", "!interfaces");
-    row("serial:/dev/ttyUSB0", "serial:/dev/ttyUSB0?baud=115200");
-    row("serial:/dev/ttyUSB0?baud=9600", "serial:/dev/ttyUSB0?baud=9600");
-    row("tcp://host:5000?silence=20s", "tcp://host:5000");
-    row("tcp://host:5000?silence=soon", "!silence=30s");
-    row("tcp-listen://127.0.0.1:5000?silence=0", "tcp-listen://127.0.0.1:5000");
-    row("tcp-listen://127.0.0.1:5000?ask=R", "!silence=30s");
-    row("serial:/dev/ttyUSB0?baud=9600&silence=1min", "serial:/dev/ttyUSB0?baud=9600");
-    row("serial:/dev/ttyUSB0?silence=", "!silence=30s");
-    row("serial:/dev/ttyUSB0?baud=x", "!baud=NUMBER");
-    row("serial:", "!serial:DEVICE");
-    row("http://host/", "!not a known kind of source");
-    row("", "!not a known kind of source");
-}
-
-void tst_FileSource::factoryKnowsItsSources()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, description);
-    ManualClock clock;
-    SourceFactory factory(clock, {});
-    const std::unique_ptr<Source> source = factory.make(text);
-    if (source)
-        QCOMPARE(source->description(), description);
-    else
-        QVERIFY2(description.startsWith('!') && factory.errorString().contains(description.mid(1)),
-                 qPrintable(factory.errorString()));
-}
 
 CORVALE_QT_TEST_MAIN(tst_FileSource)
 #include "tst_FileSource.moc"

@@ -6,6 +6,7 @@
 #include "monitor/sources/TcpServerSource.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QTcpServer>
@@ -21,50 +22,6 @@
 #include <unistd.h>
 
 using namespace Monitor;
-
-//! Every source of lines against a real peer: a socket, a pipe, a pseudo-terminal.
-class tst_LineSources : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void pipe();
-    void tcpClient();
-    void tcpClientReconnectsWithBackoff();
-    void tcpClientWithoutReconnecting();
-    void tcpClientAsks();
-    void aSilentPeerIsConnectedAnew_data();
-    void aSilentPeerIsConnectedAnew();
-    void aVanishedPeerIsFoundBySystem();
-    void tcpServer();
-    void tcpServerTakesTheNewest();
-    void aBusyPortIsTriedAgain();
-    void serialPort();
-};
-
-void tst_LineSources::pipe()
-{
-    int ends[2];
-    QCOMPARE(::pipe(ends), 0);
-    ManualClock clock;
-    StandardInputSource source(clock, ends[0]);
-    SourceLog log(source);
-    source.start();
-    const auto say = [&](const char *text) {
-        QCOMPARE(::write(ends[1], text, strlen(text)), ssize_t(strlen(text)));
-    };
-    say("#channels a,b\n0,1,2\n1,3");
-    QTRY_COMPARE(source.counts().lines, qint64(2));
-    say(",4\n\xff\x01garbage\n2,5,6\n3,7,8");
-    QTRY_COMPARE(log.times.size(), 3);
-    QVERIFY(log.text().contains(QLatin1String("refused 4 count")));
-    log.sink.lines.removeAll(QStringLiteral("refused 4 count"));
-    QCOMPARE(log.text(), QStringLiteral("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
-    ::close(ends[1]); // the last line without a line end is complete here
-    QTRY_COMPARE(log.stateNames(), QStringLiteral("Connecting Running Finished"));
-    QVERIFY(log.text().endsWith(QLatin1String(" | 3: 7 8")));
-    ::close(ends[0]);
-}
 
 //! A peer that listens on loopback and keeps the connection.
 class Instrument : public QTcpServer
@@ -91,7 +48,7 @@ public:
 struct Client
 {
     explicit Client(quint16 port, const TcpClientSource::Question &question = {{}, 0.1})
-        : source(clock, QStringLiteral("127.0.0.1"), port, question)
+        : source(clock, "127.0.0.1", port, question)
     {
     }
     ManualClock clock;
@@ -99,291 +56,301 @@ struct Client
     SourceLog log{source};
 };
 
-void tst_LineSources::tcpClient()
+//! A server for instruments, and how one connects to it.
+struct Server
 {
-    Instrument instrument;
-    Client client(instrument.serverPort());
-    ManualClock &clock = client.clock;
-    TcpClientSource &source = client.source;
-    SourceLog &log = client.log;
-    source.start();
-    QVERIFY(instrument.accept());
-    QTRY_COMPARE(source.state(), Source::State::Running);
-    instrument.say("#channels a\r\n0,1\r\n1,");
-    QTRY_COMPARE(source.counts().lines, qint64(2));
-    instrument.say("2\r\n");
-    QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 1 | 1: 2"));
+    bool connectPeer(QTcpSocket &peer, const char *text)
+    {
+        peer.connectToHost(QHostAddress::LocalHost, source.port());
+        return peer.waitForConnected() && peer.write(text) > 0;
+    }
+    ManualClock clock;
+    TcpServerSource source{clock, QHostAddress::LocalHost, 0};
+    SourceLog log{source};
+};
 
-    // Lines without a time get the seconds since the source was started.
-    clock.advance(2.5);
-    instrument.say(",3\n");
-    QTRY_COMPARE(log.times.size(), 3);
-    QCOMPARE(log.times.last(), 2.5);
+//! Writes a text to a file of the system.
+bool say(int file, const char *text)
+{
+    return ::write(file, text, strlen(text)) == ssize_t(strlen(text));
 }
 
-void tst_LineSources::tcpClientReconnectsWithBackoff()
+//! Every source of lines against a real peer: a socket, a pipe, a pseudo-terminal.
+class tst_LineSources : public QObject
 {
-    auto instrument = std::make_unique<Instrument>();
-    const quint16 port = instrument->serverPort();
-    Client client(port);
-    ManualClock &clock = client.clock;
-    TcpClientSource &source = client.source;
-    SourceLog &log = client.log;
-    source.start();
-    QVERIFY(instrument->accept());
-    instrument->say("#channels a\n5,1\n6,2\n7,");
-    QTRY_COMPARE(log.times.size(), 2);
-    instrument.reset(); // closes the connection and the port
+    Q_OBJECT
 
-    QTRY_COMPARE(source.state(), Source::State::Retrying);
-    for (const char *wait : {"0.5", "1", "2", "4", "8", "10", "10"}) {
-        const QString expected = QStringLiteral("trying again in %1 s").arg(QLatin1String(wait));
-        QTRY_VERIFY2(log.lastText.endsWith(expected), qPrintable(log.lastText));
-        log.lastText.clear();
-        const int states = log.states.size();
-        clock.advance(QByteArray(wait).toDouble() - 0.1);
-        QCOMPARE(log.states.size(), states); // not before its time
-        clock.advance(0.2);
-        // The same state text twice in a row does not count as a change.
-        if (qstrcmp(wait, "10") == 0)
-            break;
+private Q_SLOTS:
+    void pipe()
+    {
+        int ends[2];
+        QCOMPARE(::pipe(ends), 0);
+        ManualClock clock;
+        StandardInputSource source(clock, ends[0]);
+        SourceLog log(source);
+        source.start();
+        QVERIFY(say(ends[1], "#channels a,b\n0,1,2\n1,3"));
+        QTRY_COMPARE(source.counts().lines, qint64(2));
+        QVERIFY(say(ends[1], ",4\n\xff\x01garbage\n2,5,6\n3,7,8"));
+        QTRY_COMPARE(log.times.size(), 3);
+        QCOMPARE(log.sink.lines.removeAll("refused 4 count"), 1);
+        QCOMPARE(log.text(), QString("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
+        ::close(ends[1]); // the last line without a line end is complete here
+        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
+        QVERIFY(log.text().endsWith(" | 3: 7 8"));
+        ::close(ends[0]);
     }
 
-    // It comes back, counting from zero: another acquisition, without what was cut off before.
-    Instrument again;
-    again.close();
-    QVERIFY(again.listen(QHostAddress::LocalHost, port));
-    QTRY_VERIFY([&] {
-        clock.advance(10.1);
-        return again.hasPendingConnections() || again.waitForNewConnection(10);
-    }());
-    QVERIFY(again.accept());
-    log.sink.lines.clear();
-    again.say("0,3\n1,4\n");
-    QTRY_COMPARE(log.text(), QStringLiteral("start channels a | 0: 3 | 1: 4"));
-    QCOMPARE(source.counts().bad(), qint64(0));
-}
+    void tcpClient()
+    {
+        Instrument instrument;
+        Client client(instrument.serverPort());
+        client.source.start();
+        QVERIFY(instrument.accept());
+        QTRY_COMPARE(client.source.state(), Source::State::Running);
+        instrument.say("#channels a\r\n0,1\r\n1,");
+        QTRY_COMPARE(client.source.counts().lines, qint64(2));
+        instrument.say("2\r\n");
+        QTRY_COMPARE(client.log.text(), QString("start channels a | 0: 1 | 1: 2"));
+        // Lines without a time get the seconds since the source was started.
+        client.clock.advance(2.5);
+        instrument.say(",3\n");
+        QTRY_COMPARE(client.log.times.size(), 3);
+        QCOMPARE(client.log.times.last(), 2.5);
+    }
 
-void tst_LineSources::tcpClientWithoutReconnecting()
-{
-    Instrument instrument;
-    const quint16 port = instrument.serverPort();
-    Client good(port);
-    good.source.setReconnecting(false);
-    good.source.start();
-    QVERIFY(instrument.accept());
-    instrument.say("0,1\n1,2"); // the last line without an end is the end of the data here
-    instrument.peer->disconnectFromHost();
-    QTRY_COMPARE(good.source.state(), Source::State::Finished);
-    QCOMPARE(good.log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
+    void tcpClientReconnectsWithBackoff()
+    {
+        auto instrument = std::make_unique<Instrument>();
+        const quint16 port = instrument->serverPort();
+        Client client(port);
+        auto &[clock, source, log] = client;
+        source.start();
+        QVERIFY(instrument->accept());
+        instrument->say("#channels a\n5,1\n6,2\n7,");
+        QTRY_COMPARE(log.times.size(), 2);
+        instrument.reset(); // closes the connection and the port
 
-    instrument.close();
-    Client refused(port);
-    refused.source.setReconnecting(false);
-    refused.source.start();
-    QTRY_COMPARE(refused.source.state(), Source::State::Failed);
-    QVERIFY(refused.source.stateText().contains(QLatin1String("refused")));
-}
+        QTRY_COMPARE(source.state(), Source::State::Retrying);
+        for (const char *wait : {"0.5", "1", "2", "4", "8", "10", "10"}) {
+            QTRY_VERIFY(log.lastText.endsWith(QString("trying again in %1 s").arg(wait)));
+            log.lastText.clear();
+            const int states = log.states.size();
+            clock.advance(QByteArray(wait).toDouble() - 0.1);
+            QCOMPARE(log.states.size(), states); // not before its time
+            clock.advance(0.2);
+            // The same state text twice in a row does not count as a change.
+            if (qstrcmp(wait, "10") == 0)
+                break;
+        }
 
-void tst_LineSources::tcpClientAsks()
-{
-    Instrument instrument;
-    Client client(instrument.serverPort(), {"READ?", 0.1});
-    ManualClock &clock = client.clock;
-    TcpClientSource &source = client.source;
-    SourceLog &log = client.log;
-    source.start();
-    QVERIFY(instrument.accept());
-    QByteArray asked;
-    const auto heard = [&] {
-        asked += instrument.peer->readAll();
-        return asked.count("READ?\n");
-    };
-    QTRY_COMPARE(heard(), 1);
+        // It comes back, counting from zero: another acquisition, without what was cut off before.
+        Instrument again;
+        again.close();
+        QVERIFY(again.listen(QHostAddress::LocalHost, port));
+        QTRY_VERIFY([&] {
+            client.clock.advance(10.1);
+            return again.hasPendingConnections() || again.waitForNewConnection(10);
+        }());
+        QVERIFY(again.accept());
+        log.sink.lines.clear();
+        again.say("0,3\n1,4\n");
+        QTRY_COMPARE(log.text(), "start channels a | 0: 3 | 1: 4");
+        QCOMPARE(source.counts().bad(), qint64(0));
+    }
 
-    // No second question while the first has no answer; the next one an interval after an answer.
-    clock.advance(0.3);
-    QTest::qWait(0);
-    QCOMPARE(heard(), 1);
-    instrument.say("1.5\n");
-    QTRY_COMPARE(source.counts().lines, qint64(1));
-    clock.advance(0.1);
-    QTRY_COMPARE(heard(), 2);
-    instrument.say("2.5\n");
-    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0.3: 1.5 | 0.4: 2.5"));
+    void tcpClientWithoutReconnecting()
+    {
+        Instrument instrument;
+        const quint16 port = instrument.serverPort();
+        Client good(port);
+        good.source.setReconnecting(false);
+        good.source.start();
+        QVERIFY(instrument.accept());
+        instrument.say("0,1\n1,2"); // the last line without an end is the end of the data here
+        instrument.peer->disconnectFromHost();
+        QTRY_COMPARE(good.source.state(), Source::State::Finished);
+        QCOMPARE(good.log.text(), QString("start channels ch1 | 0: 1 | 1: 2"));
 
-    // An answer that is lost ends nothing.
-    clock.advance(0.1);
-    QTRY_COMPARE(heard(), 3);
-    clock.advance(1.1);
-    QTRY_COMPARE(heard(), 4);
-}
+        instrument.close();
+        Client refused(port);
+        refused.source.setReconnecting(false);
+        refused.source.start();
+        QTRY_COMPARE(refused.source.state(), Source::State::Failed);
+        QVERIFY(refused.source.stateText().contains("refused"));
+    }
 
-void tst_LineSources::aSilentPeerIsConnectedAnew_data()
-{
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<double>("set"); // negative: the default
-    QTest::addColumn<double>("silence"); // 0: never
-    QTest::newRow("one that talks, by default") << false << -1.0 << 0.0;
-    QTest::newRow("one that talks, with a limit") << false << 20.0 << 20.0;
-    QTest::newRow("one that is asked, by default") << true << -1.0 << 30.0;
-    QTest::newRow("one that is asked, without a limit") << true << 0.0 << 0.0;
-}
+    void tcpClientAsks()
+    {
+        Instrument instrument;
+        Client client(instrument.serverPort(), {"READ?", 0.1});
+        auto &[clock, source, log] = client;
+        source.start();
+        QVERIFY(instrument.accept());
+        QByteArray asked;
+        const auto heard = [&] {
+            asked += instrument.peer->readAll();
+            return asked.count("READ?\n");
+        };
+        QTRY_COMPARE(heard(), 1);
 
-void tst_LineSources::aSilentPeerIsConnectedAnew()
-{
-    QFETCH(bool, asked);
-    QFETCH(double, set);
-    QFETCH(double, silence);
-    Instrument instrument;
-    Client client(instrument.serverPort(), {asked ? "READ?" : "", 0.1});
-    ManualClock &clock = client.clock;
-    TcpClientSource &source = client.source;
-    SourceLog &log = client.log;
-    if (set >= 0.0)
-        source.setLongestSilence(set);
-    source.start();
-    QVERIFY(instrument.accept());
-    QTRY_COMPARE(source.state(), Source::State::Running);
-    // Before it has said anything, nothing is known of how often it talks.
-    clock.advance(100.0);
-    QCOMPARE(source.state(), Source::State::Running);
-    instrument.say("1,1\n2,2\n");
-    QTRY_COMPARE(log.times.size(), 2);
-    clock.advance(silence > 0.0 ? silence - 0.1 : 1000.0);
-    QCOMPARE(source.state(), Source::State::Running);
-    if (silence == 0.0)
-        return;
-    clock.advance(0.2);
-    QCOMPARE(source.state(), Source::State::Retrying);
-    QVERIFY2(source.stateText().contains(QStringLiteral("silent for %1 s").arg(silence)),
-             qPrintable(source.stateText()));
-    QTRY_COMPARE(instrument.peer->state(), QAbstractSocket::UnconnectedState);
-    const QTcpSocket *old = instrument.peer;
-    clock.advance(0.6);
-    QVERIFY(instrument.accept());
-    QVERIFY(instrument.peer != old);
-    QTRY_COMPARE(source.state(), Source::State::Running);
-    clock.advance(100.0);
-    QCOMPARE(source.state(), Source::State::Running);
-    instrument.say("4,4\n5,5\n");
-    QTRY_COMPARE(log.times, QVector<double>({1, 2, 4, 5}));
-}
+        // No second question while the first has no answer; the next one an interval after an answer.
+        clock.advance(0.3);
+        QTest::qWait(0);
+        QCOMPARE(heard(), 1);
+        instrument.say("1.5\n");
+        QTRY_COMPARE(source.counts().lines, qint64(1));
+        clock.advance(0.1);
+        QTRY_COMPARE(heard(), 2);
+        instrument.say("2.5\n");
+        QTRY_COMPARE(log.text(), "start channels ch1 | 0.3: 1.5 | 0.4: 2.5");
 
-//! The system asks a silent peer soon enough, and often enough, to give it up within 30 s.
-void tst_LineSources::aVanishedPeerIsFoundBySystem()
-{
+        // An answer that is lost ends nothing.
+        clock.advance(0.1);
+        QTRY_COMPARE(heard(), 3);
+        clock.advance(1.1);
+        QTRY_COMPARE(heard(), 4);
+    }
+
+    void aSilentPeerIsConnectedAnew_data()
+    {
+        columns<bool>("asked");
+        QTest::addColumn<double>("set"); // negative: the default
+        QTest::addColumn<double>("silence"); // 0: never
+        row("one that talks, by default", false, -1.0, 0.0);
+        row("one that talks, with a limit", false, 20.0, 20.0);
+        row("one that is asked, by default", true, -1.0, 30.0);
+        row("one that is asked, without a limit", true, 0.0, 0.0);
+    }
+
+    void aSilentPeerIsConnectedAnew()
+    {
+        QFETCH(bool, asked);
+        QFETCH(double, set);
+        QFETCH(double, silence);
+        Instrument instrument;
+        Client client(instrument.serverPort(), {asked ? "READ?" : "", 0.1});
+        auto &[clock, source, log] = client;
+        if (set >= 0.0)
+            source.setLongestSilence(set);
+        source.start();
+        QVERIFY(instrument.accept());
+        QTRY_COMPARE(source.state(), Source::State::Running);
+        // Before it has said anything, nothing is known of how often it talks.
+        clock.advance(100.0);
+        QCOMPARE(source.state(), Source::State::Running);
+        instrument.say("1,1\n2,2\n");
+        QTRY_COMPARE(log.times.size(), 2);
+        clock.advance(silence > 0.0 ? silence - 0.1 : 1000.0);
+        QCOMPARE(source.state(), Source::State::Running);
+        if (silence == 0.0)
+            return;
+        clock.advance(0.2);
+        QCOMPARE(source.state(), Source::State::Retrying);
+        QVERIFY2(source.stateText().contains(QString("silent for %1 s").arg(silence)),
+                 qPrintable(source.stateText()));
+        QTRY_COMPARE(instrument.peer->state(), QAbstractSocket::UnconnectedState);
+        const QTcpSocket *old = instrument.peer;
+        clock.advance(0.6);
+        QVERIFY(instrument.accept());
+        QVERIFY(instrument.peer != old);
+        QTRY_COMPARE(source.state(), Source::State::Running);
+        clock.advance(100.0);
+        QCOMPARE(source.state(), Source::State::Running);
+        instrument.say("4,4\n5,5\n");
+        QTRY_COMPARE(log.times, QVector<double>({1, 2, 4, 5}));
+    }
+
+    //! The system asks a silent peer soon enough, and often enough, to give it up within 30 s.
+    void aVanishedPeerIsFoundBySystem()
+    {
 #ifdef Q_OS_LINUX
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, server.serverPort());
-    QVERIFY(socket.waitForConnected());
-    setUpSocket(&socket);
-    const auto option = [&socket](int level, int name) {
-        int value = 0;
-        socklen_t size = sizeof(value);
-        ::getsockopt(int(socket.socketDescriptor()), level, name, &value, &size);
-        return value;
-    };
-    QVERIFY(option(SOL_SOCKET, SO_KEEPALIVE) != 0);
-    const int seconds = option(IPPROTO_TCP, TCP_KEEPIDLE)
-        + option(IPPROTO_TCP, TCP_KEEPINTVL) * option(IPPROTO_TCP, TCP_KEEPCNT);
-    QVERIFY2(seconds > 0 && seconds <= 30, qPrintable(QString::number(seconds)));
-    const int milliseconds = option(IPPROTO_TCP, TCP_USER_TIMEOUT);
-    QVERIFY2(milliseconds > 0 && milliseconds <= 30000, qPrintable(QString::number(milliseconds)));
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        QTcpSocket socket;
+        socket.connectToHost(QHostAddress::LocalHost, server.serverPort());
+        QVERIFY(socket.waitForConnected());
+        setUpSocket(&socket);
+        const auto option = [&socket](int level, int name) {
+            int value = 0;
+            socklen_t size = sizeof(value);
+            ::getsockopt(int(socket.socketDescriptor()), level, name, &value, &size);
+            return value;
+        };
+        QVERIFY(option(SOL_SOCKET, SO_KEEPALIVE) != 0);
+        const int seconds = option(IPPROTO_TCP, TCP_KEEPIDLE)
+            + option(IPPROTO_TCP, TCP_KEEPINTVL) * option(IPPROTO_TCP, TCP_KEEPCNT);
+        QVERIFY2(seconds > 0 && seconds <= 30, qPrintable(QString::number(seconds)));
+        const int milliseconds = option(IPPROTO_TCP, TCP_USER_TIMEOUT);
+        QVERIFY2(milliseconds > 0 && milliseconds <= 30000,
+                 qPrintable(QString::number(milliseconds)));
 #else
-    QSKIP("the system's settings are Linux's");
+        QSKIP("the system's settings are Linux's");
 #endif
-}
+    }
 
-void tst_LineSources::tcpServer()
-{
-    ManualClock clock;
-    TcpServerSource source(clock, QHostAddress::LocalHost, 0);
-    SourceLog log(source);
-    source.start();
-    QVERIFY(source.port() != 0);
-    QTcpSocket peer;
-    peer.connectToHost(QHostAddress::LocalHost, source.port());
-    QVERIFY(peer.waitForConnected());
-    peer.write("0,1\n1,2\n");
-    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2"));
-    peer.disconnectFromHost();
-    QTRY_COMPARE(source.state(), Source::State::Retrying);
+    void tcpServer()
+    {
+        Server server;
+        server.source.start();
+        QTcpSocket first, second, third;
+        QVERIFY(server.connectPeer(first, "0,1\n1,2\n"));
+        QTRY_COMPARE(server.log.text(), QString("start channels ch1 | 0: 1 | 1: 2"));
+        first.disconnectFromHost();
+        QTRY_COMPARE(server.source.state(), Source::State::Retrying);
+        QVERIFY(server.connectPeer(second, "2,3\n3,4\n"));
+        QTRY_COMPARE(server.log.text(), QString("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));
+        QCOMPARE(server.source.state(), Source::State::Running);
+        // The newest takes the place of one that is still connected.
+        QVERIFY(server.connectPeer(third, "4,5\n5,6\n"));
+        QTRY_COMPARE(server.log.times.size(), 6);
+        QTRY_COMPARE(second.state(), QAbstractSocket::UnconnectedState);
+    }
 
-    QTcpSocket next;
-    next.connectToHost(QHostAddress::LocalHost, source.port());
-    QVERIFY(next.waitForConnected());
-    next.write("2,3\n3,4\n");
-    QTRY_COMPARE(log.text(), QStringLiteral("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));
-    QCOMPARE(source.state(), Source::State::Running);
-}
+    void aBusyPortIsTriedAgain()
+    {
+        auto other = std::make_unique<Instrument>();
+        ManualClock clock;
+        TcpServerSource source(clock, QHostAddress::LocalHost, other->serverPort());
+        source.start();
+        QCOMPARE(source.state(), Source::State::Retrying);
+        QVERIFY(source.stateText().contains("in use"));
+        other.reset();
+        clock.advance(0.6);
+        QVERIFY(source.port() != 0);
+    }
 
-void tst_LineSources::tcpServerTakesTheNewest()
-{
-    ManualClock clock;
-    TcpServerSource source(clock, QHostAddress::LocalHost, 0);
-    SourceLog log(source);
-    source.start();
-    QTcpSocket old, fresh;
-    old.connectToHost(QHostAddress::LocalHost, source.port());
-    QVERIFY(old.waitForConnected());
-    old.write("0,1\n1,2\n");
-    QTRY_COMPARE(log.times.size(), 2);
-    fresh.connectToHost(QHostAddress::LocalHost, source.port());
-    QVERIFY(fresh.waitForConnected());
-    fresh.write("2,3\n3,4\n");
-    QTRY_COMPARE(log.times.size(), 4);
-    QTRY_COMPARE(old.state(), QAbstractSocket::UnconnectedState);
-}
+    //! The terminal's own end of a pseudo-terminal is the serial port here.
+    void serialPort()
+    {
+        const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
+        if (master < 0)
+            QSKIP("there are no pseudo-terminals here");
+        QCOMPARE(::grantpt(master), 0);
+        QCOMPARE(::unlockpt(master), 0);
+        const QString device = QString::fromLocal8Bit(::ptsname(master));
+        ManualClock clock;
+        SerialSource source(clock, device);
+        SourceLog log(source);
+        source.start();
+        QCOMPARE(source.state(), Source::State::Running);
+        QVERIFY(say(master, "8,9\n#channels a,b\n0,1,2\n1,3,"));
+        QVERIFY(say(master, "4\n2,5,6\n"));
+        QTRY_COMPARE(log.times.size(), 4);
+        QVERIFY(log.text().endsWith("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
 
-void tst_LineSources::aBusyPortIsTriedAgain()
-{
-    auto other = std::make_unique<Instrument>();
-    ManualClock clock;
-    TcpServerSource source(clock, QHostAddress::LocalHost, other->serverPort());
-    source.start();
-    QCOMPARE(source.state(), Source::State::Retrying);
-    QVERIFY(source.stateText().contains(QLatin1String("in use")));
-    other.reset();
-    clock.advance(0.6);
-    QVERIFY(source.port() != 0);
-}
+        ::close(master); // the cable is pulled
+        QTRY_VERIFY([&] {
+            clock.advance(0.02);
+            return source.state() == Source::State::Retrying;
+        }());
+        QVERIFY(log.lastText.contains("trying again"));
 
-//! The terminal's own end of a pseudo-terminal is the serial port here.
-void tst_LineSources::serialPort()
-{
-    const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (master < 0)
-        QSKIP("there are no pseudo-terminals here");
-    QCOMPARE(::grantpt(master), 0);
-    QCOMPARE(::unlockpt(master), 0);
-    const QString device = QString::fromLocal8Bit(::ptsname(master));
-    const auto say = [&](const char *text) {
-        QCOMPARE(::write(master, text, strlen(text)), ssize_t(strlen(text)));
-    };
-    ManualClock clock;
-    SerialSource source(clock, device);
-    SourceLog log(source);
-    source.start();
-    QCOMPARE(source.state(), Source::State::Running);
-    say("8,9\n#channels a,b\n0,1,2\n1,3,");
-    say("4\n2,5,6\n");
-    QTRY_COMPARE(log.times.size(), 4);
-    QVERIFY(log.text().endsWith(QLatin1String("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6")));
-
-    ::close(master); // the cable is pulled
-    QTRY_VERIFY([&] {
-        clock.advance(0.02);
-        return source.state() == Source::State::Retrying;
-    }());
-    QVERIFY(log.lastText.contains(QLatin1String("trying again")));
-
-    SerialSource missing(clock, QStringLiteral("/dev/no-such-port"));
-    missing.start();
-    QCOMPARE(missing.state(), Source::State::Retrying);
-}
+        SerialSource missing(clock, "/dev/no-such-port");
+        missing.start();
+        QCOMPARE(missing.state(), Source::State::Retrying);
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_LineSources)
 #include "tst_LineSources.moc"

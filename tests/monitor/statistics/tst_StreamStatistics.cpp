@@ -8,19 +8,6 @@
 
 using namespace Monitor;
 
-class tst_StreamStatistics : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void knownNumbers();
-    void manyReadingsFarFromZero();
-    void momentsOfKnownFrames();
-    void gapsAreCounted();
-    void equalsTheReferenceOfTheCurrents();
-    void equalsTheReferenceOfThePixels();
-};
-
 namespace {
 
 //! Fills statistics from a real file, of the readings whose times lie within a window.
@@ -78,115 +65,123 @@ QString tenDigits(double value)
 
 } // namespace
 
-void tst_StreamStatistics::knownNumbers()
+class tst_StreamStatistics : public QObject
 {
-    RunningStatistics statistics;
-    QVERIFY(std::isnan(statistics.mean()));
-    const double values[] = {2, 4, 4, 4, 5, 5, 7, 9};
-    for (int i = 0; i < 8; ++i)
-        statistics.add(i, values[i]);
-    statistics.add(8, std::nan(""));
-    QCOMPARE(statistics.count(), qint64(8));
-    QCOMPARE(statistics.mean(), 5.0);
-    QCOMPARE(statistics.populationSigma(), 2.0);
-    QCOMPARE(statistics.sigma(), std::sqrt(32.0 / 7.0));
-    QCOMPARE(statistics.minimum(), 2.0);
-    QCOMPARE(statistics.maximum(), 9.0);
-    QCOMPARE(statistics.integral(), 34.5);
-}
+    Q_OBJECT
 
-void tst_StreamStatistics::manyReadingsFarFromZero()
-{
-    RunningStatistics statistics;
-    for (int i = 0; i < 1000000; ++i)
-        statistics.add(i, 1e9 + (i % 2));
-    QVERIFY(std::abs(statistics.mean() - (1e9 + 0.5)) < 1e-6);
-    QVERIFY(std::abs(statistics.populationSigma() - 0.5) < 1e-6);
-}
-
-void tst_StreamStatistics::momentsOfKnownFrames()
-{
-    const double oneCell[] = {0, 0, 0, 0, 0, 5};
-    FrameMoments moments = FrameMoments::of(oneCell, 2, 3);
-    QCOMPARE(moments.total, 5.0);
-    QCOMPARE(moments.maximumRow, 2);
-    QCOMPARE(moments.maximumColumn, 3);
-    QCOMPARE(moments.centroidColumn, 3.0);
-    QCOMPARE(moments.centroidRow, 2.0);
-    QCOMPARE(moments.rmsColumn, 0.0);
-
-    const double twoCells[] = {1, 0, 1};
-    moments = FrameMoments::of(twoCells, 1, 3);
-    QCOMPARE(moments.centroidColumn, 2.0);
-    QCOMPARE(moments.rmsColumn, 1.0);
-
-    const double nothing[] = {0, 0};
-    QVERIFY(std::isnan(FrameMoments::of(nothing, 1, 2).centroidColumn));
-}
-
-void tst_StreamStatistics::gapsAreCounted()
-{
-    StreamStatistics statistics;
-    StreamHeader header;
-    header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
-    statistics.startStream(header);
-    ReadingBlock block(1);
-    const double value = 1.0;
-    for (const double time : {0.0, 1.0, 2.0, 3.0, 6.5, 7.5, 8.5, 20.0, 21.0})
-        block.append(time, &value);
-    statistics.addReadings(block);
-    QCOMPARE(statistics.gaps(), qint64(2));
-}
-
-//! Compares all digits of a reference that was made with another tool.
-void tst_StreamStatistics::equalsTheReferenceOfTheCurrents()
-{
-    const QVector<QStringList> table = realReadings("bonn-proton-sem/reference_stats.csv").mid(1);
-    if (table.isEmpty())
-        QSKIP("the folder of real readings is not there");
-    QCOMPARE(table.size(), 21);
-    const QString readings = dataPath("bonn-proton-sem/currents_7ch.csv");
-    for (const QStringList &row : table) {
-        const double first = row[2].toDouble(), last = row[3].toDouble();
-        const StreamStatistics statistics = statisticsOf(readings, first, last);
-        const int channel = statistics.header().indexOf(row[1].chopped(2));
-        QVERIFY2(channel >= 0, qPrintable(row[1]));
-        const RunningStatistics &is = statistics.channel(channel);
-        const QStringList computed = {QString::number(is.count()),
-                                      tenDigits(is.minimum()),
-                                      tenDigits(is.maximum()),
-                                      tenDigits(is.mean()),
-                                      tenDigits(is.sigma()),
-                                      tenDigits(is.populationSigma()),
-                                      tenDigits(is.integral())};
-        QCOMPARE(computed.join(' '), row.mid(4).join(' '));
+private Q_SLOTS:
+    void knownNumbers()
+    {
+        RunningStatistics statistics;
+        QVERIFY(std::isnan(statistics.mean()));
+        const double values[] = {2, 4, 4, 4, 5, 5, 7, 9};
+        for (int i = 0; i < 8; ++i)
+            statistics.add(i, values[i]);
+        statistics.add(8, std::nan(""));
+        QCOMPARE(statistics.count(), qint64(8));
+        QCOMPARE(statistics.mean(), 5.0);
+        QCOMPARE(statistics.populationSigma(), 2.0);
+        QCOMPARE(statistics.sigma(), std::sqrt(32.0 / 7.0));
+        QCOMPARE(statistics.minimum(), 2.0);
+        QCOMPARE(statistics.maximum(), 9.0);
+        QCOMPARE(statistics.integral(), 34.5);
     }
-}
 
-void tst_StreamStatistics::equalsTheReferenceOfThePixels()
-{
-    const QVector<QStringList> table = realReadings("lcls-otr-frames/pixels_reference.csv").mid(1);
-    if (table.isEmpty())
-        QSKIP("the folder of real readings is not there");
-    const StreamStatistics statistics =
-        statisticsOf(dataPath("lcls-otr-frames/pixels_12x12.csv"), -1e9, 1e9);
-    QCOMPARE(int(statistics.frames().size()), table.size());
-    for (int i = 0; i < table.size(); ++i) {
-        const FrameMoments &is = statistics.frames()[std::size_t(i)].moments;
-        const auto six = [](double value) {
-            return QString::number(value, 'f', 6);
-        };
-        const QStringList computed = {QString::number(is.total, 'f', 0),
-                                      QString::number(is.maximum, 'f', 0),
-                                      QString::number(is.maximumRow),
-                                      QString::number(is.maximumColumn),
-                                      six(is.centroidColumn),
-                                      six(is.centroidRow),
-                                      six(is.rmsColumn),
-                                      six(is.rmsRow)};
-        QCOMPARE(computed.join(' '), table[i].mid(1).join(' '));
+    void manyReadingsFarFromZero()
+    {
+        RunningStatistics statistics;
+        for (int i = 0; i < 1000000; ++i)
+            statistics.add(i, 1e9 + (i % 2));
+        QVERIFY(std::abs(statistics.mean() - (1e9 + 0.5)) < 1e-6);
+        QVERIFY(std::abs(statistics.populationSigma() - 0.5) < 1e-6);
     }
-}
+
+    void momentsOfKnownFrames()
+    {
+        const double oneCell[] = {0, 0, 0, 0, 0, 5};
+        FrameMoments moments = FrameMoments::of(oneCell, 2, 3);
+        QCOMPARE(moments.total, 5.0);
+        QCOMPARE(moments.maximumRow, 2);
+        QCOMPARE(moments.maximumColumn, 3);
+        QCOMPARE(moments.centroidColumn, 3.0);
+        QCOMPARE(moments.centroidRow, 2.0);
+        QCOMPARE(moments.rmsColumn, 0.0);
+
+        const double twoCells[] = {1, 0, 1};
+        moments = FrameMoments::of(twoCells, 1, 3);
+        QCOMPARE(moments.centroidColumn, 2.0);
+        QCOMPARE(moments.rmsColumn, 1.0);
+
+        const double nothing[] = {0, 0};
+        QVERIFY(std::isnan(FrameMoments::of(nothing, 1, 2).centroidColumn));
+    }
+
+    void gapsAreCounted()
+    {
+        StreamStatistics statistics;
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
+        statistics.startStream(header);
+        ReadingBlock block(1);
+        const double value = 1.0;
+        for (const double time : {0.0, 1.0, 2.0, 3.0, 6.5, 7.5, 8.5, 20.0, 21.0})
+            block.append(time, &value);
+        statistics.addReadings(block);
+        QCOMPARE(statistics.gaps(), qint64(2));
+    }
+
+    //! Compares all digits of a reference that was made with another tool.
+    void equalsTheReferenceOfTheCurrents()
+    {
+        const QVector<QStringList> table =
+            realReadings("bonn-proton-sem/reference_stats.csv").mid(1);
+        if (table.isEmpty())
+            QSKIP("the folder of real readings is not there");
+        QCOMPARE(table.size(), 21);
+        const QString readings = dataPath("bonn-proton-sem/currents_7ch.csv");
+        for (const QStringList &row : table) {
+            const double first = row[2].toDouble(), last = row[3].toDouble();
+            const StreamStatistics statistics = statisticsOf(readings, first, last);
+            const int channel = statistics.header().indexOf(row[1].chopped(2));
+            QVERIFY2(channel >= 0, qPrintable(row[1]));
+            const RunningStatistics &is = statistics.channel(channel);
+            const QStringList computed = {QString::number(is.count()),
+                                          tenDigits(is.minimum()),
+                                          tenDigits(is.maximum()),
+                                          tenDigits(is.mean()),
+                                          tenDigits(is.sigma()),
+                                          tenDigits(is.populationSigma()),
+                                          tenDigits(is.integral())};
+            QCOMPARE(computed.join(' '), row.mid(4).join(' '));
+        }
+    }
+
+    void equalsTheReferenceOfThePixels()
+    {
+        const QVector<QStringList> table =
+            realReadings("lcls-otr-frames/pixels_reference.csv").mid(1);
+        if (table.isEmpty())
+            QSKIP("the folder of real readings is not there");
+        const StreamStatistics statistics =
+            statisticsOf(dataPath("lcls-otr-frames/pixels_12x12.csv"), -1e9, 1e9);
+        QCOMPARE(int(statistics.frames().size()), table.size());
+        for (int i = 0; i < table.size(); ++i) {
+            const FrameMoments &is = statistics.frames()[std::size_t(i)].moments;
+            const auto six = [](double value) {
+                return QString::number(value, 'f', 6);
+            };
+            const QStringList computed = {QString::number(is.total, 'f', 0),
+                                          QString::number(is.maximum, 'f', 0),
+                                          QString::number(is.maximumRow),
+                                          QString::number(is.maximumColumn),
+                                          six(is.centroidColumn),
+                                          six(is.centroidRow),
+                                          six(is.rmsColumn),
+                                          six(is.rmsRow)};
+            QCOMPARE(computed.join(' '), table[i].mid(1).join(' '));
+        }
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_StreamStatistics)
 #include "tst_StreamStatistics.moc"

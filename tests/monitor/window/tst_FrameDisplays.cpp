@@ -3,6 +3,7 @@
 #include "monitor/window/SpotLayers.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/ModelWatch.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 
@@ -47,95 +48,6 @@ struct FedDisplays : ScriptedSession
 
 } // namespace
 
-//! A beam moved by some millimetres reads the same millimetres, whatever way its frames take.
-class tst_FrameDisplays : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void aMovedBeamReadsItsPosition_data();
-    void aMovedBeamReadsItsPosition();
-    void theLastFrameOfABurstStays();
-    void framesWaitWhilePaused();
-    void missingCellsCountAsNothing();
-    void spotLayers();
-    void layersOfSeveralBeams();
-    void spotsReachTheMap();
-};
-
-void tst_FrameDisplays::aMovedBeamReadsItsPosition_data()
-{
-    QTest::addColumn<bool>("pixels");
-    QTest::addColumn<double>("x");
-    QTest::addColumn<double>("y");
-    for (const bool pixels : {false, true}) {
-        QTest::addRow("%s, middle", pixels ? "pixels" : "strips") << pixels << 0.0 << 0.0;
-        QTest::addRow("%s, right", pixels ? "pixels" : "strips") << pixels << 3.0 << 0.0;
-        QTest::addRow("%s, up", pixels ? "pixels" : "strips") << pixels << 0.0 << 3.0;
-        QTest::addRow("%s, left and down", pixels ? "pixels" : "strips") << pixels << -2.0 << -4.0;
-    }
-}
-
-void tst_FrameDisplays::aMovedBeamReadsItsPosition()
-{
-    QFETCH(bool, pixels);
-    QFETCH(double, x);
-    QFETCH(double, y);
-    FedDisplays s;
-    s.source->begin(pixels ? StreamKind::Pixels : StreamKind::Strips,
-                    pixels ? 144 : 64,
-                    QStringLiteral("pC"));
-    QVERIFY(s.feeder.hasProfile());
-    s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
-    QTRY_VERIFY(s.feeder.hasShownProfile());
-    const Corvale_Qt::SpectrogramCalc calc = s.profile.getCalc();
-    const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
-    QVERIFY(std::abs(calc.meanX - x) < tolerance);
-    QVERIFY(std::abs(calc.meanY - y) < tolerance);
-    // Picocoulomb on the line, coulomb in the display.
-    QVERIFY(calc.max < 1e-8 && calc.max > 1e-12);
-}
-
-void tst_FrameDisplays::theLastFrameOfABurstStays()
-{
-    FedDisplays s;
-    s.source->begin(StreamKind::Strips, 64);
-    for (int i = 0; i <= 50; ++i)
-        s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
-    s.settle();
-    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
-}
-
-void tst_FrameDisplays::framesWaitWhilePaused()
-{
-    FedDisplays s;
-    s.source->begin(StreamKind::Strips, 64);
-    s.source->give(0.0, stripBeam(1.0, 0.0));
-    QTRY_VERIFY(s.feeder.hasShownProfile());
-    s.session.setPaused(true);
-    for (int i = 1; i < 1000; ++i)
-        s.source->give(0.01 * i, stripBeam(2.0, 0.0));
-    QVERIFY(std::abs(s.profile.getCalc().meanX - 1.0) < 1e-6);
-    s.session.setPaused(false);
-    QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 2.0) < 1e-6);
-}
-
-void tst_FrameDisplays::missingCellsCountAsNothing()
-{
-    StreamHeader header;
-    header.kind = StreamKind::Strips;
-    header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 64);
-    const DetectorFrames frames(header);
-    std::vector<double> values(64, 2.0);
-    values[3] = std::nan("");
-    const QVector<double> readings = frames.readingsOf(values.data());
-    QCOMPARE(readings.size(), 128);
-    QCOMPARE(readings[3], 0.0);
-    QCOMPARE(readings[4], 2.0);
-    QCOMPARE(readings[64], 2.0);
-    QCOMPARE(readings[40], 0.0);
-}
-
 static StreamHeader spotHeader()
 {
     StreamHeader header;
@@ -145,72 +57,126 @@ static StreamHeader spotHeader()
     return header;
 }
 
-void tst_FrameDisplays::spotLayers()
+//! A beam moved by some millimetres reads the same millimetres, whatever way its frames take.
+class tst_FrameDisplays : public QObject
 {
-    ScriptedSession s;
-    SpotLayers layers(&s.session.model());
-    ModelWatch watch(&layers);
-    s.source->begin(spotHeader());
-    for (int i = 0; i < 9; ++i)
-        s.source->give(0.02 * i, {1.0 + i / 4, double(i), 0.0, 1.0, 4.0, 4.0});
-    s.settle();
-    QCOMPARE(layers.rowCount(), 9);
-    QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
-    layers.step(1);
-    QCOMPARE(layers.rowCount(), 4);
-    QCOMPARE(layers.description(), QStringLiteral("Layer 1 of 3"));
-    layers.step(2);
-    QCOMPARE(layers.rowCount(), 1);
-    QCOMPARE(layers.index(0, 2).data(Qt::UserRole).toDouble(), 8.0);
-    s.source->give(1.0, {3.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to the layer that is shown
-    s.source->give(1.1, {4.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to another one
-    s.settle();
-    QCOMPARE(layers.rowCount(), 2);
-    layers.step(2);
-    QCOMPARE(layers.description(), QStringLiteral("All 4 layers"));
-    QCOMPARE(layers.rowCount(), 11);
-    layers.step(-1);
-    QCOMPARE(layers.description(), QStringLiteral("Layer 4 of 4"));
-    s.source->begin(StreamKind::Channels, 2);
-    QCOMPARE(layers.rowCount(), 0);
-    QCOMPARE(watch.complaints(), QString());
-}
+    Q_OBJECT
 
-void tst_FrameDisplays::layersOfSeveralBeams()
-{
-    ScriptedSession s;
-    SpotLayers layers(&s.session.model());
-    StreamHeader header = spotHeader();
-    header.channels.prepend({QStringLiteral("beam"), {}});
-    s.source->begin(header);
-    for (int i = 0; i < 6; ++i)
-        s.source->give(0.02 * i, {1.0 + i / 3, 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
-    s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
-    s.settle();
-    QCOMPARE(layers.description(), QStringLiteral("All 3 layers"));
-    layers.step(-1);
-    QCOMPARE(layers.rowCount(), 3);
-    QCOMPARE(layers.index(0, 3).data(Qt::UserRole).toDouble(), 3.0);
-    layers.step(2);
-    QCOMPARE(layers.rowCount(), 1);
-}
+private Q_SLOTS:
+    void aMovedBeamReadsItsPosition()
+    {
+        for (const bool pixels : {false, true}) {
+            for (const QPointF &place :
+                 {QPointF(0, 0), QPointF(3, 0), QPointF(0, 3), QPointF(-2, -4)}) {
+                const auto [x, y] = std::pair(place.x(), place.y());
+                FedDisplays s;
+                const auto kind = pixels ? StreamKind::Pixels : StreamKind::Strips;
+                s.source->begin(kind, pixels ? 144 : 64, "pC");
+                QVERIFY(s.feeder.hasProfile());
+                s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
+                QTRY_VERIFY(s.feeder.hasShownProfile());
+                const Corvale_Qt::SpectrogramCalc calc = s.profile.getCalc();
+                const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
+                QVERIFY(std::abs(calc.meanX - x) < tolerance);
+                QVERIFY(std::abs(calc.meanY - y) < tolerance);
+                // Picocoulomb on the line, coulomb in the display.
+                QVERIFY(calc.max < 1e-8 && calc.max > 1e-12);
+            }
+        }
+    }
 
-void tst_FrameDisplays::spotsReachTheMap()
-{
-    ScriptedSession s;
-    SpotLayers layers(&s.session.model());
-    Corvale_Qt::SpotMapView map;
-    map.setModel(&layers);
-    s.source->begin(spotHeader());
-    map.setColumnMapper(layers.newColumnMapper());
-    s.source->give(0.0, {1.0, -10.0, 20.0, 1.5, 4.0, 3.0});
-    s.source->give(0.1, {1.0, 10.0, 0.0, 2.5, 4.0, 3.0});
-    s.settle();
-    QCOMPARE(map.maxDose(), 2.5F);
-    QCOMPARE(map.bounds().center(), QPointF(0.0, 10.0));
-    s.source->begin(spotHeader());
-    QCOMPARE(map.maxDose(), 0.0F);
-}
+    void theLastFrameOfABurstStays()
+    {
+        FedDisplays s;
+        s.source->begin(StreamKind::Strips, 64);
+        for (int i = 0; i <= 50; ++i)
+            s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
+        s.settle();
+        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
+        s.session.setPaused(true); // frames wait
+        for (int i = 1; i < 1000; ++i)
+            s.source->give(1.0 + 0.01 * i, stripBeam(2.0, 0.0));
+        QVERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
+        s.session.setPaused(false);
+        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 2.0) < 1e-6);
+    }
+
+    void missingCellsCountAsNothing()
+    {
+        StreamHeader header;
+        header.kind = StreamKind::Strips;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 64);
+        const DetectorFrames frames(header);
+        std::vector<double> values(64, 2.0);
+        values[3] = std::nan("");
+        const QVector<double> readings = frames.readingsOf(values.data());
+        QCOMPARE(readings.size(), 128);
+        QCOMPARE(readings[3], 0.0);
+        QCOMPARE(readings[4], 2.0);
+        QCOMPARE(readings[64], 2.0);
+        QCOMPARE(readings[40], 0.0);
+    }
+
+    void spotLayers()
+    {
+        ScriptedSession s;
+        SpotLayers layers(&s.session.model());
+        ModelWatch watch(&layers);
+        const auto shown = [&layers] {
+            return QString("%1, %2 spots").arg(layers.description()).arg(layers.rowCount());
+        };
+        const auto step = [&](int steps) {
+            layers.step(steps);
+            return shown();
+        };
+        s.source->begin(spotHeader());
+        for (int i = 0; i < 9; ++i)
+            s.source->give(0.02 * i, {1.0 + i / 4, double(i), 0.0, 1.0, 4.0, 4.0});
+        s.settle();
+        QCOMPARE(shown(), QString("All 3 layers, 9 spots"));
+        QCOMPARE(step(1), QString("Layer 1 of 3, 4 spots"));
+        QCOMPARE(step(2), QString("Layer 3 of 3, 1 spots"));
+        QCOMPARE(layers.index(0, 2).data(Qt::UserRole).toDouble(), 8.0);
+        s.source->give(1.0, {3.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to the layer that is shown
+        s.source->give(1.1, {4.0, 9.0, 0.0, 1.0, 4.0, 4.0}); // to another one
+        s.settle();
+        QCOMPARE(shown(), QString("Layer 3 of 4, 2 spots"));
+        QCOMPARE(step(2), QString("All 4 layers, 11 spots"));
+        QCOMPARE(step(-1), QString("Layer 4 of 4, 1 spots"));
+        s.source->begin(StreamKind::Channels, 2);
+        QCOMPARE(layers.rowCount(), 0);
+        // Layers of several beams, and a spot that has neither beam nor layer.
+        StreamHeader header = spotHeader();
+        header.channels.prepend({"beam", {}});
+        s.source->begin(header);
+        for (int i = 0; i < 6; ++i)
+            s.source->give(0.02 * i, {1.0 + i / 3, 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
+        s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
+        s.settle();
+        QVERIFY(shown().startsWith("All 3 layers"));
+        QVERIFY(step(-1).endsWith(", 3 spots"));
+        QCOMPARE(layers.index(0, 3).data(Qt::UserRole).toDouble(), 3.0);
+        QVERIFY(step(2).endsWith(", 1 spots"));
+        QCOMPARE(watch.complaints(), QString());
+    }
+
+    void spotsReachTheMap()
+    {
+        ScriptedSession s;
+        SpotLayers layers(&s.session.model());
+        Corvale_Qt::SpotMapView map;
+        map.setModel(&layers);
+        s.source->begin(spotHeader());
+        map.setColumnMapper(layers.newColumnMapper());
+        s.source->give(0.0, {1.0, -10.0, 20.0, 1.5, 4.0, 3.0});
+        s.source->give(0.1, {1.0, 10.0, 0.0, 2.5, 4.0, 3.0});
+        s.settle();
+        QCOMPARE(map.maxDose(), 2.5F);
+        QCOMPARE(map.bounds().center(), QPointF(0.0, 10.0));
+        s.source->begin(spotHeader());
+        QCOMPARE(map.maxDose(), 0.0F);
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_FrameDisplays)
 #include "tst_FrameDisplays.moc"

@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+#include "tests/beam/profile/BeamDisplay.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <qwt_plot_picker.h>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+struct Display : BeamDisplay
+{
+    using BeamDisplay::BeamDisplay;
+
+    SpectrogramPlot *plot() { return widget.findChild<SpectrogramPlot *>(); }
+    //! Returns the end of the colour bar with three digits.
+    QString colorBar()
+    {
+        return QString::number(plot()->axisInterval(QwtPlot::yRight).maxValue(), 'g', 3);
+    }
+    //! Returns the X mean that is shown, in whole millimetres.
+    QString mean() const
+    {
+        const SpectrogramCalc calc = widget.getCalc();
+        return calc.valid ? QString::number(qRound(calc.meanX)) : QString("none");
+    }
+
+    /*! Does what \a script says, step by step: "strips; frame 9; between 5" chooses the strips, and feeds a beam at 9 mm
+        with a tick and one at 5 mm without. A beam's second number is its height; "again" repeats the last time. */
+    void act(const QString &script)
+    {
+        for (const QString &step : script.split("; ")) {
+            const QString what = step.section(' ', 0, 0);
+            const QString word = step.section(' ', 1, 1);
+            const double one = word.toDouble();
+            const double two = step.section(' ', 2, 2).toDouble();
+            if (what == "frame" || what == "between" || what == "again") {
+                if (what == "frame")
+                    tick();
+                time += what == "again" ? 0 : 1;
+                const double height = two > 0 ? two : 1e-9;
+                widget.setData(isOnPixels ? Frames::pixels(height) : Frames::strips(one, height),
+                               time);
+            } else if (what == "strips" || what == "pixels") {
+                isOnPixels = what == "pixels";
+                choose(isOnPixels ? Detector::Pixels : Detector::Strips);
+            } else if (what == "dark") {
+                feed(QVector<double>(128, 0.0));
+            } else if (what == "tick") {
+                tick();
+                QCoreApplication::processEvents();
+            } else if (what == "enabled") {
+                widget.setEnabled(one != 0);
+            } else if (what == "sidebar") {
+                widget.sidebarEnabled(one != 0);
+            } else if (what == "threshold") {
+                box("threshold_QScienceSpinBox")->setValue(one);
+                check("checkBox_threshold", true);
+            } else if (what == "range") {
+                widget.setRange(one, two);
+            } else if (what == "rate") {
+                widget.setSampleRate(one);
+            } else if (what == "current") {
+                widget.currentEnabled(one != 0);
+            } else if (what == "scale") {
+                widget.setScale(word.toInt());
+            } else if (what == "entry") {
+                control<QComboBox>("comboBox_scaling")->setCurrentText(word);
+            } else {
+                qFatal("a display cannot %s", qPrintable(step));
+            }
+        }
+    }
+
+private:
+    bool isOnPixels = false;
+};
+
+} // namespace
+
+//! Which frame is shown, in which unit and on which scale, and what the controls do.
+class tst_RVXSpectrogramControls : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingCrashesIt()
+    {
+        const double inf = std::numeric_limits<double>::infinity();
+        for (Detector detector : {Detector::None, Detector::Strips, Detector::Pixels}) {
+            Display display(detector);
+            display.widget.resize(700, 500);
+            for (const QVector<double> &frame : {QVector<double>{},
+                                                 QVector<double>(128, inf),
+                                                 QVector<double>(128, std::nan("")),
+                                                 QVector<double>(5000, 1e308),
+                                                 QVector<double>(40, 1e-320),
+                                                 Frames::strips(15, 2, 15, 2, 1e307),
+                                                 Frames::pixels(0, 0, 4, 4, 0, 1e300),
+                                                 Frames::strips(15, 2, 15, 2, 1e-310)}) {
+                for (int scale : {0, 1, 14}) {
+                    display.widget.setScale(scale);
+                    const SpectrogramCalc calc = display.feed(frame);
+                    for (double number : {calc.meanX, calc.sigmaMajor, calc.integral, calc.max})
+                        QVERIFY(std::isfinite(number));
+                    QVERIFY(!display.widget.grab().isNull());
+                }
+            }
+            for (double time : {inf, 1e300})
+                display.widget.setData(Frames::strips(0), time);
+            QVERIFY(!display.widget.grab().isNull());
+        }
+    }
+
+    void itMayGoWhileANumberIsTyped()
+    {
+        QWidget window;
+        auto *display = new Display(Detector::Pixels);
+        display->widget.setParent(&window);
+        display->feed(Frames::pixels());
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const QPointer<QWidget> box(display->box("discriminator_QScienceSpinBox"));
+        box->setFocus();
+        QTest::keyClicks(box, "5");
+        delete display;
+        QVERIFY(!box);
+    }
+
+    void withoutALayoutThereIsNoCalculation()
+    {
+        Display display;
+        QVERIFY(!display.feed(Frames::strips(0)).valid);
+        QCOMPARE(display.validity(), QString("[+ Data Validity]"));
+        for (QDoubleSpinBox *box :
+             display.control<QWidget>("groupBox_calculations")->findChildren<QDoubleSpinBox *>())
+            QCOMPARE(box->text(), QString("NaN"));
+        display.widget.setL408(true);
+        display.widget.setPixelated(false); // changes nothing, because another layout is chosen
+        QVERIFY(display.feed(Frames::strips(0)).valid);
+        const auto *title = display.control<QLabel>("label_title");
+        for (bool pixels : {true, false}) {
+            display.choose(pixels ? Detector::Pixels : Detector::Strips);
+            QCOMPARE(title->text(), QString(pixels ? "DW7/DW9 Plot" : "LR40-8 Plot"));
+            QCOMPARE(display.box("discriminator_QScienceSpinBox")->isEnabled(), pixels);
+            QVERIFY(!display.widget.getCalc().valid); // the other detector's numbers are cleared
+        }
+    }
+
+    void currentsAreChargesTimesTheRate()
+    {
+        Display display(Detector::Pixels);
+        display.widget.setSampleRate(50);
+        display.widget.setRange(1e-6, 1e-8);
+        auto *threshold = display.box("threshold_QScienceSpinBox");
+        auto *discriminator = display.box("discriminator_QScienceSpinBox");
+        threshold->setValue(3e-11);
+        discriminator->setValue(2e-12);
+        const SpectrogramCalc charge = display.feed(Frames::pixels());
+        const auto unitsAre = [&](const QString &unit) {
+            return display.text("integral_QScienceSpinBox").endsWith(unit)
+                && display.text("max_QScienceSpinBox").endsWith(unit)
+                && threshold->text().endsWith(unit) && discriminator->text().endsWith(unit);
+        };
+        QVERIFY(unitsAre(" C"));
+        display.widget.currentEnabled(true);
+        // The numbers on the screen and the limits have the new unit at once.
+        QVERIFY(display.widget.getCurrentEnabled() && unitsAre(" A"));
+        QVERIFY(near(display.widget.getCalc().integral / charge.integral, 50, 1e-9));
+        QVERIFY(near(threshold->value(), 1.5e-9, 1e-20));
+        QVERIFY(near(display.widget.getDiscriminator(), 1e-10, 1e-20));
+        const SpectrogramCalc current = display.feed(Frames::pixels());
+        QVERIFY(near(current.max / charge.max, 50, 1e-9));
+        QVERIFY(near(current.meanX, charge.meanX, 1e-9));
+        // Repeating the call, or a new range, does not change them again.
+        display.widget.currentEnabled(true);
+        display.widget.setRange(2e-6, 2e-8);
+        QVERIFY(near(threshold->value(), 1.5e-9, 1e-20));
+        display.widget.currentEnabled(false);
+        QVERIFY(near(display.feed(Frames::pixels()).max / charge.max, 1, 1e-9));
+
+        // Frames and limits keep their charges through changes of the rate.
+        for (int round = 0; round < 20; ++round) {
+            display.widget.currentEnabled(true);
+            display.feed(Frames::pixels());
+            display.widget.setSampleRate(round % 2 == 0 ? 30 : 700);
+            QCOMPARE(threshold->value(), 3e-11 * (round % 2 == 0 ? 30 : 700));
+            display.widget.currentEnabled(false);
+            QVERIFY(threshold->value() == 3e-11 && discriminator->value() == 2e-12);
+        }
+        QVERIFY(near(display.widget.getCalc().max / charge.max, 1, 1e-9));
+        // A limit that is typed as a current is a charge as well.
+        display.widget.currentEnabled(true);
+        threshold->setValue(1.4e-9);
+        display.widget.currentEnabled(false);
+        QVERIFY(near(threshold->value(), 2e-12, 1e-24));
+    }
+
+    void whichFrameIsShown_data()
+    {
+        columns<QString, QString>("script", "mean");
+        row("a frame between two ticks waits", "frame -1; between 5; between 9", "-1");
+        row("the newest is shown at the tick", "frame -1; between 5; between 9; tick", "9");
+        row("not in another layout than its own", "frame -1; between 9; pixels; tick", "none");
+        row("a repeated time stamp is ignored", "frame -1; tick; again 9", "-1");
+        row("also without a side bar", "sidebar 0; frame -1; tick; again 9", "-1");
+        row("without a side bar", "sidebar 0; frame -1; tick; between 9", "9");
+        row("a disabled display keeps its frame", "frame -1; enabled 0; frame 9", "-1");
+        row("enabled, it shows the next",
+            "frame -1; enabled 0; frame 9; enabled 1; between 5",
+            "5");
+        const QString weak = "frame -1; threshold 1e-10; frame 9 1e-10";
+        row("one below the threshold is hidden", weak, "-1");
+        row("the next one needs no tick", weak + "; between 9", "9");
+        row("but uses it up", weak + "; between 9; between 5", "9");
+        row("a failed fit is shown below any threshold", weak + "; frame -39", "none");
+    }
+    void whichFrameIsShown()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, mean);
+        Display display(Detector::Strips);
+        display.act(script);
+        QTRY_COMPARE(display.mean(), mean);
+    }
+
+    void timeThatRunsBackwardsIsTold()
+    {
+        Display display(Detector::Strips);
+        display.time = 100;
+        display.act("frame -1");
+        QTest::ignoreMessage(
+            QtDebugMsg,
+            "Incoming timestamp 51 is less than old timestamp 101 so the Pixelated X/Y plot "
+            "has been cleared.");
+        display.time = 50;
+        display.act("frame 9");
+        QCOMPARE(display.mean(), QString("9")); // the frame itself is good
+    }
+
+    void whereTheColourBarEnds_data()
+    {
+        columns<QString, QString>("script", "end");
+        const QString ranges = "range 1e-6 4e-9; range -1 1; range 1 nan; "; // two are refused
+        row("50 % of a charge", ranges + "entry 50%", "2e-09");
+        row(".01 % of a charge", ranges + "entry .01%", "4e-13");
+        row("1 % of a current", ranges + "current 1; entry 1%", "1e-08");
+        row("100 % of a current", ranges + "entry 100%; current 1", "1e-06");
+        row("an unknown scale is all of it", ranges + "scale 99", "4e-09");
+        row("follows the frame", ranges + "frame 0", "7.98e-10");
+        row("keeps what it had", ranges + "frame 0; scale 1; frame 0 2e-9", "7.98e-10");
+        row("follows again", ranges + "frame 0; scale 1; frame 0 2e-9; scale 0", "1.6e-09");
+        row("keeps its share", ranges + "frame 0 2e-9; rate 20; current 1; scale 1", "3.19e-08");
+        row("without a full scale",
+            "range 0 4e-9; frame 0; scale 3; rate 50; current 1",
+            "3.99e-08");
+        row("with one", "range 0 4e-9; frame 0; scale 3; rate 50", "2e-09");
+        row("without one, the next frame",
+            "range 0 4e-9; scale 3; rate 50; current 1; frame 0 3e-9",
+            "1.2e-07");
+        row("after a frame of another layout", ranges + "frame 0; strips; current 1", "1e-06");
+        row("after a dark one", ranges + "rate 50; frame 0; dark; current 1", "3.99e-08");
+    }
+    void whereTheColourBarEnds()
+    {
+        QFETCH(QString, script);
+        Display display;
+        display.act("pixels; " + script);
+        QTEST(display.colorBar(), "end");
+    }
+
+    void theOwnerIsToldWithoutASideBar()
+    {
+        Display display(Detector::Strips);
+        QSignalSpy updates(&display.widget, SIGNAL(calcUpdate()));
+        display.feed(Frames::strips(-1));
+        QCOMPARE(updates.size(), 0);
+        display.widget.sidebarEnabled(false);
+        QVERIFY(display.control<QWidget>("scrollArea_sidebar")->isHidden());
+        display.feed(Frames::strips(9));
+        display.feedBetweenTicks(Frames::strips(13));
+        QCOMPARE(updates.size(), 1);
+        QCOMPARE(display.mean(), QString("9"));
+        // The side bar is up to date as soon as it is shown.
+        QCOMPARE(display.text("doubleSpinBox_dx"), QString("6.000 mm"));
+        display.feed(Frames::strips(20, 2, 15, 3));
+        display.widget.sidebarEnabled(true);
+        QCOMPARE(display.text("doubleSpinBox_dx"), QString("4.000 mm"));
+    }
+
+    void onlyTheUsersChoiceIsTold()
+    {
+        Display display;
+        QSignalSpy changes(&display.widget, SIGNAL(changedYScale(int)));
+        display.widget.setScale(5);
+        QCOMPARE(changes.size(), 0);
+        QTest::keyClick(display.control<QComboBox>("comboBox_scaling"), Qt::Key_Down);
+        QCOMPARE(changes, QList<QVariantList>{{6}});
+    }
+
+    void badSettingsAreRefused()
+    {
+        Display display(Detector::Pixels);
+        display.widget.setSampleRate(0);
+        display.widget.setSampleRate(-3);
+        display.widget.currentEnabled(true); // at a rate of 1
+        QVERIFY(near(display.feed(Frames::pixels()).max / 1e-9, 1, 0.3));
+        QTest::ignoreMessage(QtDebugMsg, "Spectrogram created for head 3");
+        display.widget.setName("head 3");
+        display.widget.setName(nullptr);
+    }
+
+    void theMouseTellsTheChannel()
+    {
+        Display display;
+        const SpectrogramPlot *plot = display.plot();
+        for (Detector detector : {Detector::None, Detector::Pixels, Detector::Strips}) {
+            display.choose(detector);
+            QCOMPARE(plot->hoverText(QPointF(3, 3)), QString("NULL"));
+        }
+        display.feed(Frames::strips(0));
+        QVERIFY(plot->hoverText(QPointF(4.5, 20.2)).startsWith("Index [4][20]: "));
+        display.choose(Detector::Pixels);
+        QVector<double> frame(128, 0.0);
+        frame[0] = 1.23456789e-9; // row 5, column 6
+        frame[93] = 2e-10;
+        display.feed(frame);
+        QCOMPARE(plot->hoverText(QPointF(6.99, 5.01)), QString("Channel 1: 1.23457e-09"));
+        QCOMPARE(plot->hoverText(QPointF(3.5, 12.0)), QString("Channel 94: 2e-10")); // on the edge
+        QCOMPARE(plot->hoverText(QPointF(0.5, 0.5)), QString("Out of bounds"));
+        QVERIFY(plot->findChild<QwtPlotPicker *>());
+    }
+
+    void ellipseControlsGoTogether()
+    {
+        Display display;
+        for (bool isShown : {true, false}) {
+            display.check("checkBox_ellipse", isShown);
+            QCOMPARE(display.control<QWidget>("spinBox_sigma")->isEnabled(), isShown);
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_RVXSpectrogramControls)
+#include "tst_RVXSpectrogramControls.moc"

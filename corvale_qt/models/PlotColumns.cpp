@@ -33,7 +33,7 @@ bool PlotColumns::spans(int column, int firstRow, int count, Spans &spans) const
     ColumnSpans own;
     if (!columnSpans(column, firstRow, count, own))
         return false;
-    spans = own;
+    spans = static_cast<const Spans &>(own);
     return true;
 }
 

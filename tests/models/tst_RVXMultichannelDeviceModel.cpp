@@ -83,46 +83,142 @@ struct Expected
     bool isShown = true;
 };
 
-//! Returns where a model's rows differ from what is expected, cell by cell, by the chunk and in memory.
-QString difference(const RVXMultichannelDeviceModel &model, const Expected &expected)
+//! Returns where a column differs from \a wanted, from row -1 on, cell by cell, by the chunk and in memory.
+QString differenceOfColumn(const RVXMultichannelDeviceModel &model,
+                           int column,
+                           const std::vector<double> &wanted)
 {
-    const int rows = int(expected.rows.size());
-    if (model.rowCount() != expected.visible + 1)
-        return QStringLiteral("%1 rows, not %2").arg(model.rowCount() - 1).arg(expected.visible);
     const RVXBulkPlotData *const bulk = RVXBulkPlotData::of(&model);
-    if (bulk->xRises() != expected.rises())
-        return QStringLiteral("whether x rises");
-    std::vector<double> chunk(std::size_t(rows + 3));
-    for (int column = 0; column <= model.NumberOfChannels(); ++column) {
-        ColumnSpans spans;
-        const bool lies = BulkColumns(bulk).spans(column, 1, rows, spans);
-        if (!lies)
-            return QStringLiteral("column %1 is not in memory").arg(column);
-        bulk->read(column, -1, rows + 3, chunk.data());
-        for (int row = -1; row <= rows + 1; ++row) {
-            const bool exists = row >= 1 && row <= rows;
-            const auto *own = exists ? &expected.rows[std::size_t(row - 1)] : nullptr;
-            const double stored = !own ? 0.0
-                : column == 0          ? own->time
-                                       : own->values[std::size_t(column - 1)];
-            const double unit = own && column > 0 ? model.units()->scale(1.0) : 1.0;
-            const double wanted = row == 0 ? column : unit * stored;
-            const double read = chunk[std::size_t(row + 1)];
-            if (!sameBits(model.doubleData(row, column), wanted) || !sameBits(read, wanted)
-                || (exists && !sameBits(spans.value(row - 1), wanted)))
-                return QStringLiteral("row %1, column %2").arg(row).arg(column);
-        }
-        if (column == 0)
-            continue;
-        for (int first : {0, rows / 3}) {
-            const ValueRange kept = storedRange(spans, first, rows);
-            const ValueRange fresh = readRange(spans, first, rows);
-            if (kept.least != fresh.least || kept.greatest != fresh.greatest)
-                return QStringLiteral("range of column %1").arg(column);
-        }
+    const int rows =
+        int(wanted.size()) - 3; // row -1, the header and the row after the newest do not exist
+    std::vector<double> chunk(wanted.size());
+    bulk->read(column, -1, rows + 3, chunk.data());
+    ColumnSpans spans;
+    if (!BulkColumns(bulk).spans(column, 1, rows, spans))
+        return QStringLiteral("column %1 is not in memory").arg(column);
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const int row = int(i) - 1;
+        const double expected = wanted[i];
+        const double there = row >= 1 && row <= rows ? spans.value(row - 1) : expected;
+        if (!sameBits(model.doubleData(row, column), expected) || !sameBits(chunk[i], expected)
+            || !sameBits(there, expected))
+            return QStringLiteral("row %1, column %2").arg(row).arg(column);
+    }
+    for (int first : {0, rows / 3}) {
+        const ValueRange kept = storedRange(spans, first, rows);
+        const ValueRange fresh = readRange(spans, first, rows);
+        if (kept.least != fresh.least || kept.greatest != fresh.greatest)
+            return QStringLiteral("range of column %1").arg(column);
     }
     return QString();
 }
+
+//! Returns where a model's rows differ from what is expected.
+QString difference(const RVXMultichannelDeviceModel &model, const Expected &expected)
+{
+    if (model.rowCount() != expected.visible + 1)
+        return QStringLiteral("%1 rows, not %2").arg(model.rowCount() - 1).arg(expected.visible);
+    if (RVXBulkPlotData::of(&model)->xRises() != expected.rises())
+        return QStringLiteral("whether x rises");
+    QString found;
+    for (int column = 0; column <= model.NumberOfChannels() && found.isEmpty(); ++column) {
+        std::vector<double> wanted{0.0, double(column)};
+        for (const Expected::Row &row : expected.rows)
+            wanted.push_back(column == 0
+                                 ? row.time
+                                 : model.units()->scale(1.0) * row.values[std::size_t(column - 1)]);
+        wanted.push_back(0.0);
+        found = differenceOfColumn(model, column, wanted);
+    }
+    return found;
+}
+
+//! A random history of a model, and what it should hold.
+class History
+{
+public:
+    History(RVXMultichannelDeviceModel *model, int capacity)
+        : m_model(model)
+        , m_random(unsigned(capacity))
+        , m_capacity(capacity)
+    {
+        model->SetUnits(&m_nA);
+        model->setCapacity(capacity);
+        expected.capacity = capacity;
+    }
+
+    //! Does something to the model, most often appends rows.
+    void step()
+    {
+        switch (below(20)) {
+        case 0:
+            append(below(3 * m_capacity));
+            break;
+        case 1:
+            m_model->Clear();
+            expected.clear();
+            break;
+        case 2:
+            expected.isDue = below(3) > 0;
+            m_model->setPeriod(expected.isDue ? 0 : 1000000);
+            break;
+        case 3:
+            expected.capacity = 1 + below(2 * m_capacity);
+            m_model->setCapacity(expected.capacity);
+            expected.keep(expected.capacity);
+            break;
+        case 4:
+            expected.isShown = below(3) > 0;
+            m_model->setAutoUpdate(expected.isShown);
+            break;
+        case 5:
+            m_model->UpdateView();
+            expected.visible = int(expected.rows.size());
+            break;
+        case 6:
+            m_model->SetUnits(below(2) == 0 ? static_cast<const Units::MeasurementUnit *>(&m_mA)
+                                            : &m_nA);
+            break;
+        case 7:
+            append(1);
+            break;
+        default:
+            append(below(1 + m_capacity / 3));
+        }
+    }
+
+    Expected expected;
+
+private:
+    int below(int limit) { return int(m_random() % unsigned(limit)); }
+
+    //! Appends rows whose times rise, repeat, go back, are missing or start over, with missing values.
+    void append(int rows)
+    {
+        std::vector<double> times;
+        std::vector<double> values;
+        for (int i = 0; i < rows; ++i) {
+            const double steps[] = {-m_now, -2.0, 0.0, 0.0};
+            const int kind = below(60);
+            m_now += kind < 4 ? steps[kind] : 0.1;
+            times.push_back(kind == 5 ? gap : m_now);
+            for (int c = 0; c < m_model->NumberOfChannels(); ++c)
+                values.push_back(below(9) == 0 ? gap : 1e-9 * below(1000) / 7.0);
+        }
+        if (rows == 1)
+            m_model->appendRow(times[0], values.data());
+        else
+            m_model->appendRows(times.data(), values.data(), rows);
+        expected.append(times, values, m_model->NumberOfChannels());
+    }
+
+    RVXMultichannelDeviceModel *m_model;
+    std::mt19937 m_random;
+    int m_capacity;
+    double m_now = 1.0;
+    const Units::nA m_nA;
+    const Units::mA m_mA;
+};
 
 } // namespace
 
@@ -157,15 +253,8 @@ void tst_RVXMultichannelDeviceModel::anyHistory()
 {
     QFETCH(int, channels);
     QFETCH(int, capacity);
-    std::mt19937 random{unsigned(capacity)};
-    const auto below = [&random](int limit) {
-        return int(random() % unsigned(limit));
-    };
-    const Units::nA nA;
-    const Units::mA mA;
     RVXMultichannelDeviceModel model(channels);
-    model.SetUnits(&nA);
-    model.setCapacity(capacity);
+    History history(&model, capacity);
     RVXAveragingProxyModel averaging;
     RVXZeroingProxyModel top;
     averaging.setSourceModel(&model);
@@ -176,47 +265,9 @@ void tst_RVXMultichannelDeviceModel::anyHistory()
     RowAccount account(&model);
     TableMirror<RVXMultichannelDeviceModel> mirror(&model);
     TableMirror<RVXZeroingProxyModel> mirrorOfTop(&top);
-    Expected expected;
-    expected.capacity = capacity;
-    double now = 1.0;
     for (int step = 0; step < 120; ++step) {
-        const int what = below(20);
-        if (what < 14) {
-            std::vector<double> times;
-            std::vector<double> values;
-            const int rows = below(what == 0 ? 3 * capacity : 1 + capacity / 3) + (what == 1);
-            for (int i = 0; i < rows; ++i) {
-                const int kind = below(60);
-                now = kind == 0 ? 0.0 : kind == 1 ? now - 2.0 : kind <= 4 ? now : now + 0.1;
-                times.push_back(kind == 5 ? gap : now);
-                for (int c = 0; c < channels; ++c)
-                    values.push_back(below(9) == 0 ? gap : 1e-9 * below(1000) / 7.0);
-            }
-            if (rows == 1 && what % 2 == 0)
-                model.appendRow(times[0], values.data());
-            else
-                model.appendRows(times.data(), values.data(), rows);
-            expected.append(times, values, channels);
-        } else if (what == 14) {
-            model.Clear();
-            expected.clear();
-        } else if (what == 15) {
-            expected.isDue = below(3) > 0;
-            model.setPeriod(expected.isDue ? 0 : 1000000);
-        } else if (what == 16) {
-            expected.capacity = 1 + below(2 * capacity);
-            model.setCapacity(expected.capacity);
-            expected.keep(expected.capacity);
-        } else if (what == 17) {
-            expected.isShown = below(3) > 0;
-            model.setAutoUpdate(expected.isShown);
-        } else if (what == 18) {
-            model.UpdateView();
-            expected.visible = int(expected.rows.size());
-        } else {
-            model.SetUnits(below(2) == 0 ? static_cast<const Units::MeasurementUnit *>(&mA) : &nA);
-        }
-        QCOMPARE(difference(model, expected), QString());
+        history.step();
+        QCOMPARE(difference(model, history.expected), QString());
         QCOMPARE(mirror.error() + mirrorOfTop.error() + account.error(), QString());
     }
     QCOMPARE(watch.complaints() + watchOfTop.complaints(), QString());

@@ -199,7 +199,7 @@ private:
         std::vector<double> values;
         for (int i = 0; i < rows; ++i) {
             const double steps[] = {-m_now, -2.0, 0.0, 0.0};
-            const int kind = below(60);
+            const int kind = below(60 + 4 * m_capacity); // seldom enough for full buffers
             m_now += kind < 4 ? steps[kind] : 0.1;
             times.push_back(kind == 5 ? gap : m_now);
             for (int c = 0; c < m_model->NumberOfChannels(); ++c)

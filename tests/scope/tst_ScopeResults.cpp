@@ -109,6 +109,7 @@ private Q_SLOTS:
     void fitOfAGaussian();
     void fitsFollowTheNewestSample_data();
     void fitsFollowTheNewestSample();
+    void hostsMayAskBeforeTheViewHears();
     void itemsSayWhatTheyBelongTo();
     void hiddenEqualsPainted();
     void askingPaintsNothing();
@@ -215,6 +216,22 @@ void tst_ScopeResults::fitsFollowTheNewestSample()
     // A channel that is switched off counts as 0.
     v.model.setData(v.model.index(0, 6), Qt::Unchecked, Qt::CheckStateRole);
     QVERIFY(v.fitText() != QString("4 at 1: 6.000"));
+}
+
+void tst_ScopeResults::hostsMayAskBeforeTheViewHears()
+{
+    ScopeTestModel model(channels, 2);
+    RVXScopePlotView view;
+    QStringList heard;
+    connect(&model, &QAbstractItemModel::rowsInserted, this, [&] {
+        const auto *fit = view.histogramItems(View::RegressionItem).first();
+        heard << QString("%1/%2: %3").arg(fit->row()).arg(fit->time()).arg(fit->position());
+    });
+    view.setModel(&model);
+    view.enableHistogramItem(View::RegressionItem, 1, {0.1, 10, 0.01, 0.1}, false);
+    for (const double centre : {5.0, 6.0, 7.0})
+        model.show(beam(centre));
+    QCOMPARE(heard.join(' '), QString("1/0: 5 2/1: 6 2/2: 7"));
 }
 
 void tst_ScopeResults::itemsSayWhatTheyBelongTo()

@@ -19,11 +19,6 @@ int pixelsOf(const QImage &image, const std::function<bool(QColor)> &matches)
     return found;
 }
 
-QImage iconOf(const Panel &panel, const char *button)
-{
-    return panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage();
-}
-
 //! Returns the names of the visible controls that are too small for their contents.
 QString clippedControls(const Panel &panel)
 {
@@ -90,55 +85,47 @@ class tst_RVXScopeAppearance : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void icons_data()
-    {
-        columns<bool>("poorTheme");
-        row("without a theme", false);
-        row("a theme that lacks most icons", true);
-    }
-
     void icons()
     {
-        QFETCH(bool, poorTheme);
-        std::unique_ptr<PoorTheme> theme;
-        if (poorTheme)
-            theme = std::make_unique<PoorTheme>();
-        const Panel panel;
-        const auto isDrawn = [](const QColor &c) {
-            return c.alpha() > 0;
-        };
-        for (const char *name :
-             {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
-            QVERIFY2(pixelsOf(iconOf(panel, name), isDrawn) > 20, name);
-
-        const auto isRed = [](const QColor &c) {
-            return c == QColor(Qt::red);
-        };
-        QCOMPARE(pixelsOf(iconOf(panel, "clearButton"), isRed), poorTheme ? 256 : 0);
-        // Its name begins alike, but it has another function.
-        QCOMPARE(pixelsOf(iconOf(panel, "clearZeroButton"), isRed), 0);
+        for (const bool poorTheme :
+             {false, true}) { // without a theme, and with one that lacks most
+            const auto theme = poorTheme ? std::make_unique<PoorTheme>() : nullptr;
+            const Panel panel;
+            const auto pixelsOfIcon = [&panel](const char *button, const auto &matches) {
+                return pixelsOf(panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage(),
+                                matches);
+            };
+            const auto isDrawn = [](const QColor &c) {
+                return c.alpha() > 0;
+            };
+            const auto isRed = [](const QColor &c) {
+                return c == QColor(Qt::red);
+            };
+            for (const char *name :
+                 {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
+                QVERIFY2(pixelsOfIcon(name, isDrawn) > 20, name);
+            QCOMPARE(pixelsOfIcon("clearButton", isRed), poorTheme ? 256 : 0);
+            // Its name begins alike, but it has another function.
+            QCOMPARE(pixelsOfIcon("clearZeroButton", isRed), 0);
+        }
     }
 
     void translation()
     {
-        PanelDevice device;
-        device.append({{1, {5}}});
-        Panel panel;
+        DevicePanel panel(1, {{1, {5}}});
         panel.setWindowTitle("the host's");
-        panel.setModel(&device);
-        panel.show();
         panel.choose("scaleYCombo", "50%");
         panel.choose("averagingCombo", "10x Avg");
         QTRY_COMPARE(panel.bufferSize(), QString("1 Samples"));
         const BracketTranslator translator;
+        const auto *scales = panel.control<QComboBox>("scaleYCombo");
         QCOMPARE(panel.tabs(), QString("[<Strip>] <Scope> <Histogram>"));
-        QCOMPARE(panel.control<QComboBox>("scaleYCombo")->itemText(1), QString("<Normalize>"));
-        QCOMPARE(panel.control<QComboBox>("scaleYCombo")->currentText(), QString("50%"));
+        QCOMPARE(scales->itemText(1) + ' ' + scales->currentText(), QString("<Normalize> 50%"));
         QCOMPARE(panel.control<QComboBox>("averagingCombo")->currentText(), QString("<10x Avg>"));
         QCOMPARE(panel.bufferSize(), QString("<1 Samples>"));
-        QCOMPARE(panel.control("saveButton")->toolTip(),
-                 QString("<Save the data buffer to a file.>"));
-        QCOMPARE(panel.control<QAbstractButton>("saveButton")->text(), QString("<Save>"));
+        const auto *save = panel.control<QAbstractButton>("saveButton");
+        QCOMPARE(save->text() + ": " + save->toolTip(),
+                 QString("<Save>: <Save the data buffer to a file.>"));
         QCOMPARE(panel.windowTitle(), QString("the host's"));
     }
 
@@ -163,39 +150,29 @@ private Q_SLOTS:
         QCOMPARE(clippedControls(panel), QString());
     }
 
-    void zeroedStateIsReadable_data()
-    {
-        columns<bool>("dark");
-        row("light", false);
-        row("dark", true);
-    }
-
     void zeroedStateIsReadable()
     {
-        QFETCH(bool, dark);
-        PanelDevice device;
-        device.append({{1, {5}}, {2, {6}}});
-        Panel panel;
-        if (dark)
-            panel.setPalette(darkPalette());
-        panel.setModel(&device);
-        panel.show();
         const auto isGreen = [](const QColor &c) {
             return c.green() > 220 && c.red() < 200 && c.blue() < 200;
         };
         const auto isBlack = [](const QColor &c) {
             return c.lightness() < 40;
         };
-        const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {
-            return pixelsOf(panel.control(name)->grab().toImage(), matches);
-        };
-        QCOMPARE(drawn("clearZeroButton", isGreen), 0);
-        panel.click("zeroButton");
-        QVERIFY(drawn("clearZeroButton", isGreen) > 100);
-        panel.click("confButton");
-        QCoreApplication::processEvents();
-        QVERIFY(drawn("stateLabel", isGreen) > 300);
-        QVERIFY(drawn("stateLabel", isBlack) > 20);
+        for (const bool dark : {false, true}) {
+            DevicePanel panel(1, {{1, {5}}, {2, {6}}});
+            if (dark)
+                panel.setPalette(darkPalette());
+            const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {
+                return pixelsOf(panel.control(name)->grab().toImage(), matches);
+            };
+            QCOMPARE(drawn("clearZeroButton", isGreen), 0);
+            panel.click("zeroButton");
+            QVERIFY(drawn("clearZeroButton", isGreen) > 100);
+            panel.click("confButton");
+            QCoreApplication::processEvents();
+            QVERIFY(drawn("stateLabel", isGreen) > 300);
+            QVERIFY(drawn("stateLabel", isBlack) > 20);
+        }
     }
 };
 

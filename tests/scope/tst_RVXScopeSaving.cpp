@@ -62,14 +62,13 @@ private Q_SLOTS:
 
     void savingFails()
     {
-        QTemporaryDir folder;
         DevicePanel panel;
         QString message;
         panel.device.onSave = [&](const QString &) {
             acknowledgeMessage(&message);
             return false;
         };
-        answerFileDialog(folder.filePath("data.csv"));
+        answerFileDialog(m_folder.filePath("data.csv"));
         panel.click("saveButton");
         QCOMPARE(message, QString("Save Data: Error saving data file."));
         QVERIFY(!QGuiApplication::overrideCursor());
@@ -77,40 +76,35 @@ private Q_SLOTS:
 
     void savingIsNotStartedTwice()
     {
-        QTemporaryDir folder;
         DevicePanel panel;
-        int saves = 0;
-        Qt::CursorShape cursor = Qt::ArrowCursor;
+        QVector<Qt::CursorShape> cursors;
         panel.device.onSave = [&](const QString &) {
-            ++saves;
-            cursor = QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape()
-                                                       : cursor;
+            const QCursor *cursor = QGuiApplication::overrideCursor();
+            cursors << (cursor ? cursor->shape() : Qt::ArrowCursor);
             panel.click("saveButton");
             return true;
         };
-        answerFileDialog(folder.filePath("data.csv"));
+        answerFileDialog(m_folder.filePath("data.csv"));
         panel.click("saveButton");
         panel.click("saveButton"); // the second half of a double click, delivered late
-        QCOMPARE(saves, 1);
-        QCOMPARE(cursor, Qt::WaitCursor);
+        QCOMPARE(cursors, QVector<Qt::CursorShape>{Qt::WaitCursor});
         QVERIFY(!QGuiApplication::overrideCursor());
         QCoreApplication::processEvents();
-        answerFileDialog(folder.filePath("data.csv"));
+        answerFileDialog(m_folder.filePath("data.csv"));
         panel.click("saveButton");
-        QCOMPARE(saves, 2);
+        QCOMPARE(cursors.size(), 2);
     }
 
     //! The operator is told that nothing was saved.
     void modelIsGoneWhenTheFileIsNamed()
     {
-        QTemporaryDir folder;
         auto device = std::make_unique<PanelDevice>();
         Panel panel;
         panel.setModel(device.get());
         QString message;
         QTimer::singleShot(0, this, [&] {
             device.reset();
-            answerFileDialog(folder.filePath("data.csv"));
+            answerFileDialog(m_folder.filePath("data.csv"));
             QTimer::singleShot(0, this, [&] {
                 acknowledgeMessage(&message);
             });
@@ -119,40 +113,36 @@ private Q_SLOTS:
         QCOMPARE(message, QString("Save Data: Error saving data file."));
     }
 
-    void panelIsClosedMeanwhile_data()
-    {
-        columns<bool>("inFileDialog");
-        row("while the file is chosen", true);
-        row("while the error is read", false);
-    }
-
-    //! A host may delete a panel at any time, for instance when its instrument disconnects.
+    //! A host may delete a panel at any time: while the file is chosen, or while the error is read.
     void panelIsClosedMeanwhile()
     {
-        QFETCH(bool, inFileDialog);
-        QTemporaryDir folder;
-        PanelDevice device;
-        auto *panel = new Panel;
-        const QPointer<Panel> alive(panel);
-        const auto closePanel = [&] {
-            QTimer::singleShot(0, this, [&] {
-                QVERIFY(QApplication::activeModalWidget());
-                delete panel;
-            });
-        };
-        device.onSave = [&](const QString &) {
-            closePanel();
-            return false;
-        };
-        panel->setModel(&device);
-        if (inFileDialog)
-            closePanel();
-        else
-            answerFileDialog(folder.filePath("data.csv"));
-        panel->control<QAbstractButton>("saveButton")->click();
-        QVERIFY(!alive);
-        QVERIFY(!QApplication::activeModalWidget());
+        for (const bool inFileDialog : {true, false}) {
+            PanelDevice device;
+            auto *panel = new Panel;
+            const QPointer<Panel> alive(panel);
+            const auto closePanel = [&] {
+                QTimer::singleShot(0, this, [&] {
+                    QVERIFY(QApplication::activeModalWidget());
+                    delete panel;
+                });
+            };
+            device.onSave = [&](const QString &) {
+                closePanel();
+                return false;
+            };
+            panel->setModel(&device);
+            if (inFileDialog)
+                closePanel();
+            else
+                answerFileDialog(m_folder.filePath("data.csv"));
+            panel->control<QAbstractButton>("saveButton")->click();
+            QVERIFY(!alive);
+            QVERIFY(!QApplication::activeModalWidget());
+        }
     }
+
+private:
+    QTemporaryDir m_folder;
 };
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopeSaving)

@@ -2,22 +2,13 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
 
 namespace {
-
-int pixelsOf(const QImage &image, const std::function<bool(QColor)> &matches)
-{
-    int found = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            found += matches(image.pixelColor(x, y));
-    }
-    return found;
-}
 
 //! Returns the names of the visible controls that are too small for their contents.
 QString clippedControls(const Panel &panel)
@@ -92,8 +83,9 @@ private Q_SLOTS:
             const auto theme = poorTheme ? std::make_unique<PoorTheme>() : nullptr;
             const Panel panel;
             const auto pixelsOfIcon = [&panel](const char *button, const auto &matches) {
-                return pixelsOf(panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage(),
-                                matches);
+                return countPixels(
+                    panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage(),
+                    matches);
             };
             const auto isDrawn = [](const QColor &c) {
                 return c.alpha() > 0;
@@ -163,7 +155,7 @@ private Q_SLOTS:
             if (dark)
                 panel.setPalette(darkPalette());
             const auto drawn = [&](const char *name, const std::function<bool(QColor)> &matches) {
-                return pixelsOf(panel.control(name)->grab().toImage(), matches);
+                return countPixels(panel.control(name)->grab().toImage(), matches);
             };
             QCOMPARE(drawn("clearZeroButton", isGreen), 0);
             panel.click("zeroButton");

@@ -5,6 +5,7 @@
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/HistogramView.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -287,14 +288,12 @@ private Q_SLOTS:
         QCOMPARE(labels.size(), 2);
         for (QLabel *label : labels) {
             const QImage picture = label->grab().toImage();
-            int dark = 0;
-            int background = 0;
-            for (int y = 0; y < picture.height(); ++y) {
-                for (int x = 0; x < picture.width(); ++x) {
-                    dark += picture.pixelColor(x, y).lightness() < 40;
-                    background += picture.pixelColor(x, y) == QColor(255, 171, 251);
-                }
-            }
+            const int dark = countPixels(picture, [](const QColor &color) {
+                return color.lightness() < 40;
+            });
+            const int background = countPixels(picture, [](const QColor &color) {
+                return color == QColor(255, 171, 251);
+            });
             QVERIFY(dark > (label == labels[0] ? 50 : 300));
             QVERIFY(background > picture.width() * picture.height() / 2);
         }

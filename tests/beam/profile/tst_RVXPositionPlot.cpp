@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -51,15 +52,13 @@ struct Display
         const QImage image = plot->canvas()->grab().toImage();
         QPointF sum;
         int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QColor color = image.pixelColor(x, y);
-                if (color.red() > 180 && color.green() > 180 && color.blue() < 60) {
-                    sum += QPointF(x, y);
-                    ++count;
-                }
+        forEachPixel(image, [&](int x, int y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.red() > 180 && color.green() > 180 && color.blue() < 60) {
+                sum += QPointF(x, y);
+                ++count;
             }
-        }
+        });
         if (count == 0)
             return {};
         const QPointF middle = sum / count / image.devicePixelRatioF();

@@ -6,6 +6,7 @@
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -28,20 +29,18 @@ struct Blob
     double angle = 0; //!< direction of the longer axis, degrees counter-clockwise from the right
 };
 
-Blob measure(const QSize &size, const std::function<double(int, int)> &weightAt)
+Blob measure(const QImage &image, const std::function<double(int, int)> &weightAt)
 {
     double sum = 0, x = 0, y = 0, xx = 0, yy = 0, xy = 0;
-    for (int row = 0; row < size.height(); ++row) {
-        for (int column = 0; column < size.width(); ++column) {
-            const double weight = weightAt(column, row);
-            sum += weight;
-            x += weight * column;
-            y += weight * row;
-            xx += weight * column * column;
-            yy += weight * row * row;
-            xy += weight * column * row;
-        }
-    }
+    forEachPixel(image, [&](int column, int row) {
+        const double weight = weightAt(column, row);
+        sum += weight;
+        x += weight * column;
+        y += weight * row;
+        xx += weight * column * column;
+        yy += weight * row * row;
+        xy += weight * column * row;
+    });
     Blob blob;
     blob.weight = sum;
     blob.centre = QPointF(x, y) / sum;
@@ -54,29 +53,16 @@ Blob measure(const QSize &size, const std::function<double(int, int)> &weightAt)
 
 Blob brightness(const QImage &image)
 {
-    return measure(image.size(), [&image](int x, int y) {
+    return measure(image, [&image](int x, int y) {
         return qGray(image.pixel(x, y));
     });
 }
 
 Blob difference(const QImage &one, const QImage &other)
 {
-    return measure(one.size(), [&](int x, int y) {
+    return measure(one, [&](int x, int y) {
         return one.pixel(x, y) != other.pixel(x, y);
     });
-}
-
-//! Returns the smallest rectangle around all pixels that differ.
-QRectF extent(const QImage &one, const QImage &other)
-{
-    QRect rect;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            if (one.pixel(x, y) != other.pixel(x, y))
-                rect |= QRect(x, y, 1, 1);
-        }
-    }
-    return rect;
 }
 
 /*! A grey display of the raster alone. Items that a test switches on show as a difference between two pictures. */
@@ -194,7 +180,7 @@ private Q_SLOTS:
         display.check("checkBox_ellipse", true);
         for (int sigmas : {1, 3}) {
             display.control<QSpinBox>("spinBox_sigma")->setValue(sigmas);
-            const QRectF ellipse = extent(display.canvas(), bare);
+            const QRectF ellipse = differingArea(display.canvas(), bare);
             const double millimetre = bare.width() / (strips ? 32 * 2.0 : 12 * 3.8);
             const double line = 4 * bare.devicePixelRatio(); // the width of the outline
             const QPointF off = ellipse.center() - QPointF(bare.width(), bare.height()) / 2;
@@ -334,11 +320,9 @@ private Q_SLOTS:
         const QImage image = display.canvas();
         const QPoint spot = display.pixelOf(8.5, 4.5).toPoint();
         QCOMPARE(qGray(image.pixel(spot)), 255);
-        int white = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                white += qGray(image.pixel(x, y)) == 255;
-        }
+        const int white = countPixels(image, [](const QColor &color) {
+            return color == QColor(Qt::white);
+        });
         const double cell = image.width() / 12.0;
         QVERIFY(std::abs(white - cell * cell) < 0.2 * cell * cell); // that cell and no other
     }

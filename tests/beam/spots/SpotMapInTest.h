@@ -3,6 +3,7 @@
 
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "tests/beam/spots/SpotTable.h"
+#include "tests/support/Pixels.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -61,15 +62,13 @@ inline int largestDifference(const QImage &a, const QImage &b)
     if (a.size() != b.size())
         return 256;
     int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            largest = qMax(largest, qAbs(qRed(p) - qRed(q)));
-            largest = qMax(largest, qAbs(qGreen(p) - qGreen(q)));
-            largest = qMax(largest, qAbs(qBlue(p) - qBlue(q)));
-        }
-    }
+    forEachPixel(a, [&](int x, int y) {
+        const QRgb p = a.pixel(x, y);
+        const QRgb q = b.pixel(x, y);
+        largest = qMax(largest, qAbs(qRed(p) - qRed(q)));
+        largest = qMax(largest, qAbs(qGreen(p) - qGreen(q)));
+        largest = qMax(largest, qAbs(qBlue(p) - qBlue(q)));
+    });
     return largest;
 }
 

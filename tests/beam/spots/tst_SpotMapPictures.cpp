@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Tests what a spot map shows by its pixels.
 #include "tests/beam/spots/SpotMapInTest.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -36,14 +37,12 @@ private Q_SLOTS:
         double weight = 0;
         QPointF centre;
         int brightest = 0;
-        for (int row = 0; row < image.height(); ++row) {
-            for (int column = 0; column < image.width(); ++column) {
-                const int grey = qGray(image.pixel(column, row));
-                brightest = qMax(brightest, grey);
-                weight += grey;
-                centre += grey * QPointF(column + 0.5, row + 0.5);
-            }
-        }
+        forEachPixel(image, [&](int column, int row) {
+            const int grey = qGray(image.pixel(column, row));
+            brightest = qMax(brightest, grey);
+            weight += grey;
+            centre += grey * QPointF(column + 0.5, row + 0.5);
+        });
         centre /= weight;
         const QRectF bounds = map.bounds();
         const double pixels = image.width() / bounds.width();
@@ -190,11 +189,11 @@ private Q_SLOTS:
         if (others == "-")
             pair.map.setDisplayMode(SpotMapView::Data);
         const QImage image = pair.map.picture();
-        int white = 0; // pixels between the upper spots and the edge
-        for (int y = 0; y < image.height() / 8; ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                white += qGray(image.pixel(x, y)) > 250;
-        }
+        // Between the upper spots and the edge.
+        const QImage edge = image.copy(0, 0, image.width(), image.height() / 8);
+        const int white = countPixels(edge, [](const QColor &color) {
+            return qGray(color.rgb()) > 250;
+        });
         QTEST(white > 5, "told");
     }
 

@@ -3,6 +3,7 @@
 #include "tests/beam/spots/SpotMapInTest.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/PaintCounter.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -260,14 +261,7 @@ private Q_SLOTS:
         QTest::mouseClick(map.viewport(), Qt::LeftButton, {}, first);
         QCOMPARE(selectedRows(map), QString("0"));
         // A ring around the spot is all that changes.
-        const QImage after = map.picture();
-        QRect ring;
-        for (int y = 0; y < after.height(); ++y) {
-            for (int x = 0; x < after.width(); ++x) {
-                if (after.pixel(x, y) != before.pixel(x, y))
-                    ring |= QRect(x, y, 1, 1);
-            }
-        }
+        const QRect ring = differingArea(map.picture(), before);
         const double ratio = map.devicePixelRatioF();
         const double radius = 3 * mapSide * ratio / map.bounds().width();
         QVERIFY((QRectF(ring).center() - ratio * QPointF(first)).manhattanLength() < 3 * ratio);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/support/Files.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -115,15 +116,14 @@ private Q_SLOTS:
         QVERIFY2(outcome.code == 0, outcome.err);
         const QImage image(path("display.png"));
         QCOMPARE(image.size(), QSize(1300, 850));
+        const QImage middle = image.copy(400, 100, 515, 430);
         std::set<QRgb> colours;
-        int bright = 0;
-        const QRect middle(400, 100, 515, 430);
-        for (int y = middle.top(); y < middle.bottom(); ++y)
-            for (int x = middle.left(); x < middle.right(); ++x) {
-                const QColor colour = image.pixelColor(x, y);
-                colours.insert(colour.rgb());
-                bright += colour.value() > 150 && colour.saturation() > 150 ? 1 : 0;
-            }
+        forEachPixel(middle, [&](int x, int y) {
+            colours.insert(middle.pixel(x, y));
+        });
+        const int bright = countPixels(middle, [](const QColor &color) {
+            return color.value() > 150 && color.saturation() > 150;
+        });
         QVERIFY(display == "spots" ? colours.size() > 60 : bright > 20);
     }
 

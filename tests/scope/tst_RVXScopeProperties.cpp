@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/TestMain.h"
@@ -362,7 +362,7 @@ void tst_RVXScopeProperties::spansOverrideTheModel_data()
     QTest::addColumn<int>("sampleSpan");
     QTest::addColumn<QString>("strip");
     QTest::addColumn<QString>("sweep");
-    QTest::newRow("the model decides") << 0.0 << 0 << "745..1000"
+    QTest::newRow("the model decides") << 0.0 << 0 << "950..1000"
                                        << "513..768";
     QTest::newRow("time") << 30.0 << 0 << "970..1000"
                           << "513..768";
@@ -380,9 +380,10 @@ void tst_RVXScopeProperties::spansOverrideTheModel()
 {
     QFETCH(double, timeSpan);
     QFETCH(int, sampleSpan);
-    RVXSingleChannelDataModel model; // which asks for 256 samples
+    RVXMultichannelDeviceModel model; // which asks for 256 samples in a sweep
+    model.setPlotWidthHint(50.0);
     for (int i = 1; i <= 1000; ++i)
-        model.AddData(i, 1.0);
+        model.appendRow(i, QVector<double>{1.0}.constData());
     Panel panel;
     panel.setModel(&model);
     panel.show();
@@ -401,7 +402,7 @@ void tst_RVXScopeProperties::spansOverrideTheModel()
     panel.setTimeSpan(0.0); // back to the model
     panel.setSampleSpan(0);
     panel.setPlotMode(RVXScope::StripMode);
-    QTRY_COMPARE(x(), QString("745..1000"));
+    QTRY_COMPARE(x(), QString("950..1000"));
 }
 
 void tst_RVXScopeProperties::stateComesBack()

@@ -502,7 +502,7 @@ void tst_ScopeResults::markerChangesAreAnnounced()
         return std::exchange(heard, {}).join(", ");
     };
     QCOMPARE(after([&] {
-                 view.click(Qt::LeftButton, view.at(1.9, 2));
+                 view.click(Qt::LeftButton, 1.9, 2);
              }),
              QString("2/1 2=2 | -"));
     QCOMPARE(after([&] {

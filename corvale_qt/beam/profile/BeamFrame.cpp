@@ -172,14 +172,14 @@ bool isPresentable(const BeamFrame &frame)
 
 } // namespace
 
-DetectorGrid DetectorGrid::of(DetectorLayout layout)
+DetectorGrid DetectorGrid::of(ProfileLayout layout)
 {
     switch (layout) {
-    case DetectorLayout::StripPair:
+    case ProfileLayout::StripPair:
         return {kStrips, kStripPitch, 4};
-    case DetectorLayout::PixelMatrix:
+    case ProfileLayout::PixelMatrix:
         return {RoundPixelDetector::kSide, kPixelPitch, 2};
-    case DetectorLayout::None:
+    case ProfileLayout::None:
         break;
     }
     return {};
@@ -212,12 +212,12 @@ bool stripFrameIsEmpty(const FrameReadings &readings)
 }
 
 BeamFrame
-computeFrame(DetectorLayout layout, const FrameReadings &readings, const FrameOptions &options)
+computeFrame(ProfileLayout layout, const FrameReadings &readings, const FrameOptions &options)
 {
-    if (layout == DetectorLayout::None)
+    if (layout == ProfileLayout::None)
         return {};
-    BeamFrame frame = layout == DetectorLayout::StripPair ? computeStripFrame(readings, options)
-                                                          : computePixelFrame(readings, options);
+    BeamFrame frame = layout == ProfileLayout::StripPair ? computeStripFrame(readings, options)
+                                                         : computePixelFrame(readings, options);
     if (isPresentable(frame))
         return frame;
     BeamFrame nothing;

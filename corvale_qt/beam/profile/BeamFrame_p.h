@@ -14,7 +14,7 @@
 namespace Corvale_Qt {
 
 //! How a detector's readings are arranged in a frame.
-enum class DetectorLayout {
+enum class ProfileLayout {
     None,
     StripPair,
     PixelMatrix,
@@ -28,7 +28,7 @@ struct DetectorGrid
     int bottomStep = 0; //!< cells between the labels of the bottom axis
 
     //! Returns the raster for a layout.
-    static DetectorGrid of(DetectorLayout layout);
+    static DetectorGrid of(ProfileLayout layout);
 };
 
 constexpr int kFrameReadings = 128;
@@ -79,6 +79,6 @@ bool stripFrameIsEmpty(const FrameReadings &readings);
 /*! Computes a frame. The readings are in coulomb or ampere. Without a layout, or if a result is too large to be
     plotted, the returned frame is not valid and its raster is empty or 0. */
 BeamFrame
-computeFrame(DetectorLayout layout, const FrameReadings &readings, const FrameOptions &options);
+computeFrame(ProfileLayout layout, const FrameReadings &readings, const FrameOptions &options);
 
 } // namespace Corvale_Qt

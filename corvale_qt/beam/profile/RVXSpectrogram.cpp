@@ -73,18 +73,18 @@ void RVXSpectrogram::setL408(bool enabled)
 {
     Q_D(RVXSpectrogram);
     if (enabled)
-        d->setLayout(DetectorLayout::StripPair, tr("LR40-8 Plot"));
-    else if (d->layout == DetectorLayout::StripPair)
-        d->layout = DetectorLayout::None;
+        d->setLayout(ProfileLayout::StripPair, tr("LR40-8 Plot"));
+    else if (d->layout == ProfileLayout::StripPair)
+        d->layout = ProfileLayout::None;
 }
 
 void RVXSpectrogram::setPixelated(bool enabled)
 {
     Q_D(RVXSpectrogram);
     if (enabled)
-        d->setLayout(DetectorLayout::PixelMatrix, tr("DW7/DW9 Plot"));
-    else if (d->layout == DetectorLayout::PixelMatrix)
-        d->layout = DetectorLayout::None;
+        d->setLayout(ProfileLayout::PixelMatrix, tr("DW7/DW9 Plot"));
+    else if (d->layout == ProfileLayout::PixelMatrix)
+        d->layout = ProfileLayout::None;
 }
 
 void RVXSpectrogram::setName(const char *name)

@@ -44,7 +44,7 @@ void RVXSpectrogramPrivate::build()
     ui.sidebar->setLocale(QLocale::c());
     showNewest.setSingleShot(true);
     QObject::connect(&showNewest, &QTimer::timeout, q, [this] {
-        if (redrawPending && newestWaits && layout != DetectorLayout::None)
+        if (redrawPending && newestWaits && layout != ProfileLayout::None)
             present(frameOf(newestCharges));
     });
     buildPlots();
@@ -160,11 +160,11 @@ EllipseOptions RVXSpectrogramPrivate::ellipseOptions() const
     return options;
 }
 
-void RVXSpectrogramPrivate::setLayout(DetectorLayout newLayout, const QString &title)
+void RVXSpectrogramPrivate::setLayout(ProfileLayout newLayout, const QString &title)
 {
     layout = newLayout;
     ui.label_title->setText(title);
-    ui.discriminator_QScienceSpinBox->setEnabled(layout == DetectorLayout::PixelMatrix);
+    ui.discriminator_QScienceSpinBox->setEnabled(layout == ProfileLayout::PixelMatrix);
     history->clear();
     timePlot->replot();
     if (layout == plot->detector())
@@ -272,13 +272,13 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
         return;
     const FrameReadings charges = frameReadings(data);
     const FrameReadings readings = scaled(charges, readingFactor());
-    if (layout == DetectorLayout::StripPair && stripFrameIsEmpty(readings)) {
+    if (layout == ProfileLayout::StripPair && stripFrameIsEmpty(readings)) {
         qCDebug(lcProfile) << "2D incoming data is all 0";
         return;
     }
     const BeamFrame frame = computeFrame(layout, readings, frameOptions());
     remember(frame.calc, timestamp);
-    if (layout == DetectorLayout::None)
+    if (layout == ProfileLayout::None)
         return;
     newestCharges = charges;
     newestWaits = true;
@@ -301,7 +301,7 @@ BeamFrame RVXSpectrogramPrivate::frameOf(const FrameReadings &charges) const
 
 void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double timestamp)
 {
-    if (sidebar && layout != DetectorLayout::None) {
+    if (sidebar && layout != ProfileLayout::None) {
         if (timestamp < lastTimestamp) {
             qCDebug(lcProfile).nospace()
                 << "Incoming timestamp " << timestamp << " is less than old timestamp "

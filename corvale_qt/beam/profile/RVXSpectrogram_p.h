@@ -29,7 +29,7 @@ public:
     void build();
 
     // Layout, unit and scale.
-    void setLayout(DetectorLayout layout, const QString &title);
+    void setLayout(ProfileLayout layout, const QString &title);
     void setCurrent(bool current);
     void setSampleRate(int rate);
     void applyUnit();
@@ -59,7 +59,7 @@ public:
     QTimer showNewest; //!< fires once the events that are queued already are handled
 
     QString name;
-    DetectorLayout layout = DetectorLayout::None;
+    ProfileLayout layout = ProfileLayout::None;
     RegressionOptions<double> regression;
 
     bool redrawPending = false;

@@ -112,7 +112,7 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
 
 SpectrogramPlot::~SpectrogramPlot() = default;
 
-void SpectrogramPlot::setDetector(DetectorLayout layout)
+void SpectrogramPlot::setDetector(ProfileLayout layout)
 {
     m_layout = layout;
     m_grid = DetectorGrid::of(layout);
@@ -240,7 +240,7 @@ QString SpectrogramPlot::hoverText(const QPointF &position) const
     if (cell >= values.size())
         return QStringLiteral("NULL");
     const QString value = QString::number(values[cell], 'g', 6);
-    if (m_layout != DetectorLayout::PixelMatrix)
+    if (m_layout != ProfileLayout::PixelMatrix)
         return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
     const int reading = RoundPixelDetector::readingAt(row, column);
     if (reading == RoundPixelDetector::kNotWired)

@@ -26,8 +26,8 @@ public:
     ~SpectrogramPlot() override;
 
     //! Shows an empty raster for a detector.
-    void setDetector(DetectorLayout layout);
-    DetectorLayout detector() const { return m_layout; }
+    void setDetector(ProfileLayout layout);
+    ProfileLayout detector() const { return m_layout; }
     //! Inverts the axes.
     void setInverted(bool x, bool y);
     bool isInvertedX() const { return m_invertX; }
@@ -64,7 +64,7 @@ private:
     MeanCurve *m_meanY;
     Ellipse *m_ellipse;
 
-    DetectorLayout m_layout = DetectorLayout::None;
+    ProfileLayout m_layout = ProfileLayout::None;
     DetectorGrid m_grid;
     EllipseOptions m_options;
     ColorMode m_colorMode = Color;

@@ -58,8 +58,8 @@ struct CORVALE_QT_EXPORT DetectorChannel
 //! A detector as a person describes it. DetectorLayout checks it and computes the places of the cells.
 struct CORVALE_QT_EXPORT DetectorDescription
 {
-    DetectorKind kind = DetectorKind::Channels;
-    QString title;
+    DetectorKind kind = DetectorKind::Channels; //!< how the cells are arranged
+    QString title; //!< a name for people; may be empty
     DetectorAxis x; //!< the strips of x, or the columns of a matrix
     DetectorAxis y; //!< the strips of y, or the rows of a matrix
     /*! For each cell (x before y, or row after row) the index of its reading in a frame, -1 for a cell that is not

@@ -37,12 +37,12 @@ struct CORVALE_QT_EXPORT VerdictLimits
     validity: that the beam lies at the edge, or how much of it lies outside. */
 struct CORVALE_QT_EXPORT BeamVerdict
 {
-    BeamValidity validity = BeamValidity::NotValid;
+    BeamValidity validity = BeamValidity::NotValid; //!< how far the estimate may be trusted
     QStringList reasons; //!< why the estimate is not simply valid; empty if it is
     QStringList notes; //!< further things to know
-    int deadCells = 0;
-    int saturatedCells = 0;
-    int hotCells = 0;
+    int deadCells = 0; //!< number of cells with the flag Dead
+    int saturatedCells = 0; //!< number of cells with the flag Saturated
+    int hotCells = 0; //!< number of cells with the flag Hot
     double flaggedShare =
         0; //!< share of the charge in such cells; a dead or hot cell counts as interpolated or as read
     double shareOutside = 0; //!< share of the estimate's Gaussian that lies outside of the detector

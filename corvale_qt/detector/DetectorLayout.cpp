@@ -35,7 +35,8 @@ public:
 
 namespace {
 
-constexpr int kLongestText = 200;
+constexpr int kLongestTitle = 200;
+constexpr int kLongestName = 64;
 
 QString tr(const char *text)
 {
@@ -119,7 +120,7 @@ DetectorFault channelsFault(const DetectorDescription &description, int readings
                 tr("there are %1 channels for %2 readings").arg(channels.size()).arg(readings)};
     for (int i = 0; i < channels.size(); ++i) {
         const DetectorChannel &channel = channels[i];
-        if (channel.name.size() > kLongestText)
+        if (channel.name.size() > kLongestName)
             return {place("channels.names", i), tr("is too long")};
         if (!std::isnormal(channel.gain))
             return {place("channels.gain", i), tr("is 0 or not a usable number")};
@@ -134,7 +135,7 @@ DetectorFault channelsFault(const DetectorDescription &description, int readings
 //! Returns what is wrong beside the axes.
 DetectorFault restFault(const DetectorDescription &description, Size size)
 {
-    if (description.title.size() > kLongestText)
+    if (description.title.size() > kLongestTitle)
         return {QStringLiteral("title"), tr("is too long")};
     if (size.readings < 1 || size.readings > DetectorLayout::maxReadings)
         return {QStringLiteral("readings"),
@@ -198,6 +199,13 @@ DetectorLayout DetectorLayout::fromDescription(const DetectorDescription &descri
     data.empty = false;
     data.description = description;
     data.description.readings = size.readings;
+    const bool ordinary = std::all_of(description.channels.begin(),
+                                      description.channels.end(),
+                                      [](const DetectorChannel &channel) {
+                                          return channel == DetectorChannel();
+                                      });
+    if (ordinary)
+        data.description.channels.clear();
     data.cells = size.cells;
     data.x = AxisPlaces::of(description.x, description.density);
     data.y = AxisPlaces::of(description.y, description.density);

@@ -59,7 +59,7 @@ public:
 
     //! Returns whether nothing is known about the detector.
     bool isEmpty() const;
-    //! Returns the description that the layout was made from.
+    //! Returns the description that the layout was made from, with the number of readings, and without ordinary channels.
     const DetectorDescription &description() const;
     //! Returns how the cells are arranged.
     DetectorKind kind() const;

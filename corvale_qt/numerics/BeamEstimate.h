@@ -48,12 +48,12 @@ struct CORVALE_QT_EXPORT FitQuality
 struct CORVALE_QT_EXPORT BeamEstimate
 {
     EstimateStatus status = EstimateStatus::NotEnoughCells; //!< the numbers hold only with Ok
-    Estimate position;
+    Estimate position; //!< centre of the beam
     Estimate sigma; //!< standard deviation
     Estimate height; //!< density at the position, above the background
     Estimate background; //!< density at the position
     double slope = 0; //!< change of the background over a length of 1
-    FitQuality quality;
+    FitQuality quality; //!< how well the Gaussian describes the readings
     //! Whether the area that the estimate asks for was cut at the edge of the detector.
     bool clipped = false;
 

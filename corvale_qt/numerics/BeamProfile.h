@@ -31,7 +31,7 @@ struct CORVALE_QT_EXPORT BeamProfile
     QVector<double> positions; //!< middle of the range over which each cell collects, rising
     QVector<double> intervals; //!< length of the axis that each cell stands for, above 0
     QVector<double> widths; //!< length over which each cell collects; 0 for a sample at a point
-    QVector<double> readings;
+    QVector<double> readings; //!< less their pedestal, over their gain
     //! Reading of each cell at a density of 1: its width for charges, 1 for densities. Above 0.
     QVector<double> scales;
     QVector<CellFlags> flags; //!< empty if no cell has a flag

@@ -15,8 +15,8 @@ namespace Corvale_Qt {
     cells looks like a hot cell and is taken for one. */
 struct CORVALE_QT_EXPORT HotCellLimits
 {
-    double inNoise = 8;
-    double inSpread = 10;
+    double inNoise = 8; //!< least excess over the median, in noises
+    double inSpread = 10; //!< least excess, in distances of the highest neighbour from the median
 };
 
 //! Returns the indexes of the hot cells of a matrix, row after row.

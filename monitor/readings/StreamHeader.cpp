@@ -21,11 +21,8 @@ QString stripName(int index, int count)
                            : QLatin1Char('y') + twoDigits(index - perAxis + 1);
 }
 
-QString pixelName(int index, int count)
+QString pixelName(int index, int columns)
 {
-    int columns = 1;
-    while (columns * columns < count)
-        ++columns;
     return QLatin1Char('r') + twoDigits(index / columns + 1) + QLatin1Char('c')
         + twoDigits(index % columns + 1);
 }
@@ -78,16 +75,28 @@ QVector<Channel> StreamHeader::defaultChannels(StreamKind kind, int count)
 {
     QVector<Channel> channels;
     channels.reserve(count);
+    int side = 1;
+    while (side * side < count)
+        ++side;
     for (int i = 0; i < count; ++i) {
         if (kind == StreamKind::Strips)
             channels.append({stripName(i, count), {}});
         else if (kind == StreamKind::Pixels)
-            channels.append({pixelName(i, count), {}});
+            channels.append({pixelName(i, side), {}});
         else if (kind == StreamKind::Spots)
             channels.append(spotChannel(i));
         else
             channels.append({QStringLiteral("ch%1").arg(i + 1), {}});
     }
+    return channels;
+}
+
+QVector<Channel> StreamHeader::pixelChannels(int rows, int columns)
+{
+    QVector<Channel> channels;
+    channels.reserve(rows * columns);
+    for (int i = 0; i < rows * columns; ++i)
+        channels.append({pixelName(i, columns), {}});
     return channels;
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -22,20 +23,19 @@ bool has(const DetectorFrame &frame, int cell, CellFlag flag)
     return !frame.flags.isEmpty() && frame.flags[cell].testFlag(flag);
 }
 
-//! Counts the readings that no cell takes.
+//! Counts the readings that no cell takes. Without a wiring table these are the ones behind the cells.
 void countLeftOut(const QVector<int> &wiring,
                   const double *readings,
                   int count,
                   DetectorFrame &frame)
 {
-    QVector<bool> taken(count, false);
-    for (int cell = 0; cell < frame.values.size(); ++cell) {
-        const int reading = wiring.isEmpty() ? cell : wiring[cell];
+    std::vector<bool> taken(std::size_t(wiring.isEmpty() ? 0 : count), false);
+    for (int reading : wiring)
         if (reading >= 0 && reading < count)
-            taken[reading] = true;
-    }
-    for (int i = 0; i < count; ++i) {
-        if (taken[i] || readings[i] == 0 || !std::isfinite(readings[i]))
+            taken[std::size_t(reading)] = true;
+    for (int i = wiring.isEmpty() ? frame.values.size() : 0; i < count; ++i) {
+        const bool used = !wiring.isEmpty() && taken[std::size_t(i)];
+        if (used || readings[i] == 0 || !std::isfinite(readings[i]))
             continue;
         ++frame.leftOut;
         frame.leftOutSum += readings[i];
@@ -94,10 +94,11 @@ void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
     const BeamImage image = frame.image();
     const bool alongX = axis == Axis::X;
     profile.readings.fill(0, alongX ? image.columns : image.rows);
+    double *sums = profile.readings.data();
     for (int r = 0; r < image.rows; ++r) {
         for (int c = 0; c < image.columns; ++c) {
             const int cell = r * image.columns + c;
-            profile.readings[alongX ? c : r] += image.charges[cell];
+            sums[alongX ? c : r] += image.charges[cell];
             if (has(frame, cell, CellFlag::Saturated))
                 profile.setFlag(alongX ? c : r, CellFlag::Saturated);
         }
@@ -126,7 +127,9 @@ DetectorFrame DetectorFrame::of(const DetectorLayout &layout, const double *read
     frame.values.fill(0, layout.cells());
     const QVector<DetectorChannel> &channels = layout.description().channels;
     const QVector<int> &wiring = layout.description().wiring;
-    for (int cell = 0; cell < frame.values.size(); ++cell) {
+    double *values = frame.values.data();
+    const int cells = frame.values.size();
+    for (int cell = 0; cell < cells; ++cell) {
         const int reading = wiring.isEmpty() ? cell : wiring[cell];
         if (reading < 0)
             continue;
@@ -136,7 +139,7 @@ DetectorFrame DetectorFrame::of(const DetectorLayout &layout, const double *read
             setFlag(frame, cell, CellFlag::Dead);
             continue;
         }
-        frame.values[cell] =
+        values[cell] =
             ordinary ? value : (value - channels[reading].pedestal) / channels[reading].gain;
         if (!ordinary && value >= channels[reading].saturation)
             setFlag(frame, cell, CellFlag::Saturated);

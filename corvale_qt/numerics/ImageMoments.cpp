@@ -15,8 +15,6 @@ constexpr double kCornerShare = 0.05;
 constexpr int kLeastCorner = 2;
 constexpr double kAreaInSigma = 6.0;
 constexpr int kMostIterations = 100;
-//! Sums that do not wait for each other; the compiler may not reorder a single one.
-constexpr int kLanes = 4;
 
 //! A part of an image.
 struct Window
@@ -40,52 +38,65 @@ struct Projections
     double max = 0;
 };
 
-//! Adds up one row.
-void addRow(const double *cells,
-            const double *x,
-            int columns,
-            double *ofColumns,
-            double *lanes,
-            double *moments,
-            double *largest)
+//! The sums over some cells of one row of a window.
+struct RowSums
 {
+    double charge = 0;
+    double moment = 0;
+    double largest = 0;
+
+    void add(double cell, double x, double &ofColumn)
+    {
+        charge += cell;
+        moment += cell * x;
+        largest = cell > largest ? cell : largest;
+        ofColumn += cell;
+    }
+    void add(const RowSums &other)
+    {
+        charge += other.charge;
+        moment += other.moment;
+        largest = std::max(largest, other.largest);
+    }
+};
+
+/*! Adds up one row, and adds its cells to the sums of the columns. Four sums do not wait for each other; the compiler may not
+    split a single one. */
+RowSums addRow(const double *cells, const double *x, int columns, double *ofColumns)
+{
+    RowSums first, second, third, fourth;
     int c = 0;
-    for (; c + kLanes <= columns; c += kLanes) {
-        for (int k = 0; k < kLanes; ++k) {
-            const double cell = cells[c + k];
-            ofColumns[c + k] += cell;
-            lanes[k] += cell;
-            moments[k] += cell * x[c + k];
-            largest[k] = cell > largest[k] ? cell : largest[k];
-        }
+    for (; c + 4 <= columns; c += 4) {
+        first.add(cells[c], x[c], ofColumns[c]);
+        second.add(cells[c + 1], x[c + 1], ofColumns[c + 1]);
+        third.add(cells[c + 2], x[c + 2], ofColumns[c + 2]);
+        fourth.add(cells[c + 3], x[c + 3], ofColumns[c + 3]);
     }
-    for (; c < columns; ++c) {
-        ofColumns[c] += cells[c];
-        lanes[0] += cells[c];
-        moments[0] += cells[c] * x[c];
-        largest[0] = cells[c] > largest[0] ? cells[c] : largest[0];
-    }
+    for (; c < columns; ++c)
+        first.add(cells[c], x[c], ofColumns[c]);
+    first.add(second);
+    third.add(fourth);
+    first.add(third);
+    return first;
 }
 
 Projections project(const BeamImage &image, const Window &window, double originX)
 {
     const int columns = window.columns.size();
-    std::vector<double> x(image.x.begin() + window.columns.first,
-                          image.x.begin() + window.columns.last + 1);
+    const auto firstX = image.x.begin() + window.columns.first;
+    std::vector<double> x(firstX, firstX + columns);
     for (double &place : x)
         place -= originX;
     Projections sums;
     sums.ofColumns.resize(std::size_t(columns));
-    double largest[kLanes] = {};
     for (int r = window.rows.first; r <= window.rows.last; ++r) {
-        double charge[kLanes] = {}, moment[kLanes] = {};
         const double *cells =
             image.charges.constData() + std::ptrdiff_t(r) * image.columns + window.columns.first;
-        addRow(cells, x.data(), columns, sums.ofColumns.data(), charge, moment, largest);
-        sums.ofRows.push_back((charge[0] + charge[1]) + (charge[2] + charge[3]));
-        sums.momentOfRows.push_back((moment[0] + moment[1]) + (moment[2] + moment[3]));
+        const RowSums row = addRow(cells, x.data(), columns, sums.ofColumns.data());
+        sums.ofRows.push_back(row.charge);
+        sums.momentOfRows.push_back(row.moment);
+        sums.max = std::max(sums.max, row.largest);
     }
-    sums.max = *std::max_element(largest, largest + kLanes);
     return sums;
 }
 

@@ -127,14 +127,23 @@ AxisPlaces AxisPlaces::of(const DetectorAxis &axis, bool density)
     return places;
 }
 
+bool isPlainText(const QString &text, int longest)
+{
+    const bool printable = std::none_of(text.begin(), text.end(), [](QChar c) {
+        return c.category() == QChar::Other_Control;
+    });
+    return printable && text.size() <= longest && text == text.simplified()
+        && text == QString::fromUtf8(text.toUtf8());
+}
+
 DetectorFault axisFault(const DetectorAxis &axis, const QString &name, int most)
 {
     const QString positions = name + QLatin1String(".positions");
     if (axis.cells < 0 || axis.cells > most)
         return {name + QLatin1String(".cells"), tr("must be between 0 and %1").arg(most)};
-    if (axis.unit.size() > kLongestUnit)
+    if (!isPlainText(axis.unit, kLongestUnit))
         return {name + QLatin1String(".unit"),
-                tr("is longer than %1 characters").arg(kLongestUnit)};
+                tr("is not a text of at most %1 characters").arg(kLongestUnit)};
     if (!axis.positions.isEmpty() && axis.positions.size() != axis.cells)
         return {positions,
                 tr("has %1 positions for %2 cells").arg(axis.positions.size()).arg(axis.cells)};

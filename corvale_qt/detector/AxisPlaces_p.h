@@ -24,6 +24,9 @@ struct AxisPlaces
 //! Returns the position of cell \a index of a checked axis; the index may lie between cells.
 double axisPosition(const DetectorAxis &axis, double index);
 
+//! Returns whether a text has at most \a longest characters, and a file gives it back as it was written.
+bool isPlainText(const QString &text, int longest);
+
 //! Returns what is wrong with an axis called \a name ("x" or "y") of at most \a most cells; an empty fault if nothing is.
 DetectorFault axisFault(const DetectorAxis &axis, const QString &name, int most);
 

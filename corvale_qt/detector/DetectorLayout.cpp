@@ -120,8 +120,9 @@ DetectorFault channelsFault(const DetectorDescription &description, int readings
                 tr("there are %1 channels for %2 readings").arg(channels.size()).arg(readings)};
     for (int i = 0; i < channels.size(); ++i) {
         const DetectorChannel &channel = channels[i];
-        if (channel.name.size() > kLongestName)
-            return {place("channels.names", i), tr("is too long")};
+        if (!isPlainText(channel.name, kLongestName))
+            return {place("channels.names", i),
+                    tr("is not a text of at most %1 characters").arg(kLongestName)};
         if (!std::isnormal(channel.gain))
             return {place("channels.gain", i), tr("is 0 or not a usable number")};
         if (!std::isfinite(channel.pedestal))
@@ -135,8 +136,9 @@ DetectorFault channelsFault(const DetectorDescription &description, int readings
 //! Returns what is wrong beside the axes.
 DetectorFault restFault(const DetectorDescription &description, Size size)
 {
-    if (description.title.size() > kLongestTitle)
-        return {QStringLiteral("title"), tr("is too long")};
+    if (!isPlainText(description.title, kLongestTitle))
+        return {QStringLiteral("title"),
+                tr("is not a text of at most %1 characters").arg(kLongestTitle)};
     if (size.readings < 1 || size.readings > DetectorLayout::maxReadings)
         return {QStringLiteral("readings"),
                 tr("must be between 1 and %1").arg(DetectorLayout::maxReadings)};

@@ -295,6 +295,11 @@ const QHash<QString, Take> &takers()
 //! Adds the kind and the cells that the stream or the number of stated positions tells.
 void takeShape(const Data &data, const DetectorDescription &stream, DetectorDescription &result)
 {
+    if (data.sized) {
+        const qint64 x = result.x.cells, y = result.y.cells;
+        const qint64 cells = result.kind == DetectorKind::Strips ? x + y : x * y;
+        result.readings = int(std::clamp<qint64>(cells, 0, DetectorLayout::maxReadings + 1));
+    }
     if (result.readings == 0)
         result.readings = stream.readings;
     if (data.complete || data.sized)

@@ -155,8 +155,7 @@ QVector<Channel> Metadata::channels() const
     return channels;
 }
 
-/*! Adds the detector, and what follows from it. Streams whose planes do not have as many strips as each other are
-    channels for all that shares strips evenly. */
+//! Adds the detector. The cells of a matrix that nobody named are called after its rows and columns.
 void Metadata::describeDetector(StreamHeader *header) const
 {
     using namespace Corvale_Qt;
@@ -171,13 +170,12 @@ void Metadata::describeDetector(StreamHeader *header) const
     stream.x.cells = pixels.columns;
     stream.y.cells = pixels.rows;
     DetectorFault fault;
-    header->detector = m_detector.layout(stream, &fault);
-    header->detectorFault = cleanText(fault.message(), maxTextLength);
+    header->setDetector(m_detector.layout(stream, &fault));
+    if (!fault.isEmpty())
+        header->detectorFault = cleanText(fault.message(), maxTextLength);
     const DetectorLayout &detector = header->detector;
     const int rows = detector.cells(DetectorLayout::Axis::Y);
     const int columns = detector.cells(DetectorLayout::Axis::X);
-    if (header->kind == StreamKind::Strips && !detector.isEmpty() && rows != columns)
-        header->kind = StreamKind::Channels;
     const bool named =
         header->channels != StreamHeader::defaultChannels(header->kind, header->channels.size());
     if (header->kind == StreamKind::Pixels && !named && detector.cells() == stream.readings)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/StreamHeader.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace Monitor {
@@ -50,6 +52,24 @@ StreamKind kindFromName(const QString &name, bool *ok)
     const auto found = std::find(std::begin(kindNames), std::end(kindNames), name);
     *ok = found != std::end(kindNames);
     return *ok ? StreamKind(found - std::begin(kindNames)) : StreamKind::Channels;
+}
+
+void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    detector = {};
+    detectorFault.clear();
+    if (layout.isEmpty())
+        return;
+    if (layout.readings() != channels.size()) {
+        detectorFault = QCoreApplication::translate("Monitor", "it has %1 readings, the stream %2")
+                            .arg(layout.readings())
+                            .arg(channels.size());
+        return;
+    }
+    detector = layout;
+    if (kind == StreamKind::Strips && layout.cells(Axis::X) != layout.cells(Axis::Y))
+        kind = StreamKind::Channels;
 }
 
 int StreamHeader::indexOf(const QString &name) const

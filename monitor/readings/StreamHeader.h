@@ -48,6 +48,9 @@ struct StreamHeader
     QString
         detectorFault; //!< why the detector that the stream describes is not used; empty otherwise
 
+    /*! Sets the detector that the readings come from, or says in the fault why they cannot. Planes of different lengths are no
+        strips for those who share strips evenly, so such a stream becomes one of channels. */
+    void setDetector(const Corvale_Qt::DetectorLayout &layout);
     //! Returns whether the stream has limits.
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.

@@ -282,7 +282,10 @@ private Q_SLOTS:
     void linesMustFitTheStream_data()
     {
         QTest::addColumn<QString>("message");
-        QTest::newRow("#layout strips 5 5") << "readings: 4 readings are fewer than 10 cells";
+        QTest::newRow("#layout strips 5 5")
+            << "readings: the detector has 10 readings, the stream 4";
+        QTest::newRow("#layout strips 1 2")
+            << "readings: the detector has 3 readings, the stream 4";
         QTest::newRow("#gain 1,2,3") << "#gain: has 3 numbers for 4 readings";
         QTest::newRow("#dead 5") << "#dead: there is no channel 5";
         QTest::newRow("#positions x 3,1,2 mm")

@@ -261,7 +261,8 @@ void tst_LineProtocol::theDetectorReachesTheHeader_data()
     row("a wrong number of cells is told",
         "#layout strips 3 3/0,1,2/1,1,2",
         "no detector",
-        "event the detector is not used: readings: 2 readings are fewer than 6 cells | start "
+        "event the detector is not used: readings: the detector has 6 readings, the stream 2 | "
+        "start "
         "strips x01 y01");
     row("a new stream forgets it",
         "#pitch 2 mm/#corvale 1/0,1,2/1,1,2",

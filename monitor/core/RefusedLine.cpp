@@ -27,7 +27,9 @@ QString RefusedLine::text() const
 {
     return QCoreApplication::translate("Monitor", "line %1 dropped, %2: \"%3\"")
         .arg(number)
-        .arg(refusalText(refusal), QString::fromLatin1(excerpt));
+        .arg(reason.isEmpty() ? refusalText(refusal)
+                              : refusalText(refusal) + QStringLiteral(" (%1)").arg(reason),
+             QString::fromLatin1(excerpt));
 }
 
 } // namespace Monitor

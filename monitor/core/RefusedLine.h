@@ -27,6 +27,7 @@ struct RefusedLine
     Refusal refusal = Refusal::Unreadable;
     qint64 number = 0; //!< number of the line in its stream, from 1
     QByteArray excerpt; //!< the beginning of the line, escaped
+    QString reason; //!< what is wrong with the line, if more is known than its refusal
 
     //! Returns one line for a log.
     QString text() const;

@@ -85,9 +85,12 @@ void LineProtocol::takeMetadata(std::string_view line)
     case Metadata::Line::Event:
         m_sink.eventNoted(metadata.event());
         break;
-    case Metadata::Line::Unreadable:
-        refuse(currentLine(Refusal::Unreadable));
+    case Metadata::Line::Unreadable: {
+        RefusedLine refused = currentLine(Refusal::Unreadable);
+        refused.reason = metadata.fault();
+        refuse(refused);
         break;
+    }
     }
 }
 
@@ -247,7 +250,11 @@ void LineProtocol::deliver(double time, const double *values)
 {
     if (!m_headerTold) {
         m_headerTold = true;
-        m_sink.streamStarted(m_metadata.headerFor(m_rows->channels(), m_rows->kind()));
+        const StreamHeader header = m_metadata.headerFor(m_rows->channels(), m_rows->kind());
+        if (!header.detectorFault.isEmpty())
+            m_sink.eventNoted(
+                QStringLiteral("the detector is not used: %1").arg(header.detectorFault));
+        m_sink.streamStarted(header);
     }
     m_shapeProven = true;
     ++m_counts.readings;

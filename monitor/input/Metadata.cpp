@@ -2,6 +2,7 @@
 #include "monitor/input/Metadata.h"
 
 #include "monitor/input/LineText.h"
+#include "monitor/readings/PixelShape.h"
 
 #include <QStringList>
 
@@ -63,6 +64,23 @@ Metadata::Line Metadata::take(std::string_view line)
         m_event = cleanText(value, maxTextLength);
         return Line::Event;
     }
+    return takeDetector(text);
+}
+
+//! Takes the lines that say more of a detector than its kind.
+Metadata::Line Metadata::takeDetector(const QString &text)
+{
+    using Corvale_Qt::DetectorLines;
+    m_fault.clear();
+    switch (m_detector.take(text)) {
+    case DetectorLines::Line::Taken:
+        return Line::Changed;
+    case DetectorLines::Line::Wrong:
+        m_fault = cleanText(m_detector.fault().message(), maxTextLength);
+        return Line::Unreadable;
+    case DetectorLines::Line::Other:
+        break;
+    }
     return Line::Comment;
 }
 
@@ -81,8 +99,12 @@ Metadata::Line Metadata::takeChannels(const QString &value)
 Metadata::Line Metadata::takeLayout(const QString &value)
 {
     bool known = false;
-    const StreamKind kind = kindFromName(value, &known);
-    if (!known)
+    const QString word = value.section(QLatin1Char(' '), 0, 0);
+    const bool matrix = word == QLatin1String("matrix");
+    const StreamKind kind = matrix ? StreamKind::Pixels : kindFromName(word, &known);
+    if (!known && !matrix)
+        return Line::Unreadable;
+    if (word != value && takeDetector(QLatin1String("#layout ") + value) != Line::Changed)
         return Line::Unreadable;
     m_kind = kind;
     m_kindKnown = true;
@@ -133,6 +155,33 @@ QVector<Channel> Metadata::channels() const
     return channels;
 }
 
+//! Adds the detector. The cells of a matrix that nobody named are called after its rows and columns.
+void Metadata::describeDetector(StreamHeader *header) const
+{
+    using namespace Corvale_Qt;
+    if (m_detector.isEmpty() || header->kind == StreamKind::Spots)
+        return;
+    const PixelShape pixels = PixelShape::of(*header);
+    DetectorDescription stream;
+    stream.readings = header->channels.size();
+    stream.kind = header->kind == StreamKind::Strips ? DetectorKind::Strips
+        : pixels.isEmpty()                           ? DetectorKind::Channels
+                                                     : DetectorKind::Matrix;
+    stream.x.cells = pixels.columns;
+    stream.y.cells = pixels.rows;
+    DetectorFault fault;
+    header->setDetector(m_detector.layout(stream, &fault));
+    if (!fault.isEmpty())
+        header->detectorFault = cleanText(fault.message(), maxTextLength);
+    const DetectorLayout &detector = header->detector;
+    const int rows = detector.cells(DetectorLayout::Axis::Y);
+    const int columns = detector.cells(DetectorLayout::Axis::X);
+    const bool named =
+        header->channels != StreamHeader::defaultChannels(header->kind, header->channels.size());
+    if (header->kind == StreamKind::Pixels && !named && detector.cells() == stream.readings)
+        header->channels = StreamHeader::pixelChannels(rows, columns);
+}
+
 StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kind) const
 {
     StreamHeader header;
@@ -140,10 +189,11 @@ StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kin
     header.channels = columns;
     for (int i = 0; m_names.size() == columns.size() && i < columns.size(); ++i)
         header.channels[i].name = m_names[i];
-    applyUnits(&header.channels);
     header.startTime = m_startTime;
     header.rangeLow = m_rangeLow;
     header.rangeHigh = m_rangeHigh;
+    describeDetector(&header);
+    applyUnits(&header.channels);
     return header;
 }
 

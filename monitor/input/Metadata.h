@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/readings/StreamHeader.h"
+#include <corvale_qt/detector/DetectorLines.h>
 
 #include <string_view>
 
@@ -30,8 +31,10 @@ public:
 
     //! Returns the text of the last Line::Event.
     const QString &event() const { return m_event; }
+    //! Returns what was wrong with the last Line::Unreadable; empty if its value alone tells.
+    const QString &fault() const { return m_fault; }
     /*! Returns the header for a table of these channels, completed by what was declared: names, units, kind, start
-        time and range. \a kind holds if none was declared. */
+        time and range, and the detector. \a kind holds if none was declared. */
     StreamHeader headerFor(const QVector<Channel> &channels, StreamKind kind) const;
     //! Returns the declared channels with the declared units; empty if no channels were declared.
     QVector<Channel> channels() const;
@@ -41,6 +44,8 @@ public:
 private:
     Line takeChannels(const QString &value);
     Line takeLayout(const QString &value);
+    Line takeDetector(const QString &text);
+    void describeDetector(StreamHeader *header) const;
     Line takeRange(const QString &value);
     Line takeStartTime(const QString &value);
     void applyUnits(QVector<Channel> *channels) const;
@@ -52,7 +57,9 @@ private:
     QDateTime m_startTime;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
+    Corvale_Qt::DetectorLines m_detector;
     QString m_event;
+    QString m_fault;
 };
 
 /*! Returns a text from outside as one line of at most \a length characters, without control characters and without

@@ -3,6 +3,7 @@
 
 #include "monitor/program/OptionTexts.h"
 #include "monitor/sources/SourceFactory.h"
+#include <corvale_qt/detector/DetectorFile.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -37,6 +38,16 @@ public:
             *value = number;
         else
             fail(name, tr("a number"));
+    }
+    //! Reads the description of a detector from the file that the option names.
+    void detector(Corvale_Qt::DetectorLayout *layout)
+    {
+        if (!isSet("detector"))
+            return;
+        Corvale_Qt::DetectorFault fault;
+        *layout = Corvale_Qt::detectorFromFile(text("detector"), &fault);
+        if (!fault.isEmpty())
+            fail("detector", fault.message());
     }
     void range(double *low, double *high)
     {
@@ -178,6 +189,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.number("from", &file.from, -std::numeric_limits<double>::infinity());
     values.number("to", &file.to, -std::numeric_limits<double>::infinity());
     values.range(&rangeLow, &rangeHigh);
+    values.detector(&detector);
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);

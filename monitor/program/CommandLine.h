@@ -3,6 +3,7 @@
 
 #include "monitor/recording/Recorder.h"
 #include "monitor/sources/FileSource.h"
+#include <corvale_qt/detector/DetectorLayout.h>
 
 #include <QSize>
 #include <QString>
@@ -45,6 +46,7 @@ struct CommandLine
     //! The readings and the seconds of data after which the run ends; 0 for no limit.
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;
+    Corvale_Qt::DetectorLayout detector; //!< of --detector; empty without it
     QString settings;
     double rangeLow = 0.0;
     double rangeHigh = 0.0;

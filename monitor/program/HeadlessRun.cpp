@@ -4,6 +4,7 @@
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/sources/LineSource.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StatisticsReport.h"
 
@@ -98,8 +99,15 @@ int HeadlessRun::run()
     return report();
 }
 
-void HeadlessRun::takeHeader(const StreamHeader &header)
+void HeadlessRun::takeHeader(const StreamHeader &told)
 {
+    StreamHeader header = told;
+    if (!m_commandLine.detector.isEmpty()) {
+        header.setDetector(m_commandLine.detector);
+        if (!header.detectorFault.isEmpty())
+            complain(tr("the detector is not used: %1").arg(header.detectorFault));
+    }
+    m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
     if (m_statistics.readings() > 0)
         complain(tr("another acquisition begins; the statistics cover the last one only"));
     m_statistics.startStream(header);
@@ -149,12 +157,14 @@ int HeadlessRun::report()
     const qint64 bad = m_source->counts().bad();
     if (m_commandLine.task == CommandLine::Task::Statistics && m_readings > 0)
         printStatistics();
-    else if (m_commandLine.task == CommandLine::Task::Check)
+    else if (m_commandLine.task == CommandLine::Task::Check) {
+        print(tr("detector: %1\n").arg(m_statistics.header().detector.summary()).toUtf8());
         print(tr("%1 readings, %2 lines dropped, %3 gaps\n")
                   .arg(m_readings)
                   .arg(bad)
                   .arg(m_statistics.gaps())
                   .toUtf8());
+    }
     if (m_exitCode != ExitGood)
         return m_exitCode;
     if (m_readings == 0)
@@ -163,7 +173,7 @@ int HeadlessRun::report()
         complain(tr("%1: %2 lines could not be used; --check shows them")
                      .arg(m_source->description())
                      .arg(bad));
-    return m_readings == 0 || bad > 0 ? ExitBadData : ExitGood;
+    return m_readings == 0 || bad > 0 || m_detectorUnused ? ExitBadData : ExitGood;
 }
 
 void HeadlessRun::printStatistics()
@@ -173,6 +183,7 @@ void HeadlessRun::printStatistics()
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics);
+    report.estimates = estimatesOfLastReading(m_statistics);
     if (!print(m_commandLine.json ? report.json() : report.text()))
         m_exitCode = ExitOutputFailed;
 }

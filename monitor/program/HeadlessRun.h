@@ -45,6 +45,7 @@ private:
     StreamStatistics m_statistics;
     qint64 m_readings = 0;
     int m_exitCode = ExitGood;
+    bool m_detectorUnused = false;
     bool m_ended = false;
 };
 

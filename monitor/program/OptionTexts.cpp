@@ -32,6 +32,10 @@ QVector<OptionText> optionTexts()
         {"range",
          "LOW,HIGH",
          tr("Mark readings outside these limits as over range, whatever the source says.")},
+        {"detector",
+         "FILE.json",
+         tr("Take the places and the calibration of the detector from this file, whatever the "
+            "source says.")},
         {"record",
          "PATH",
          tr("Record everything that arrives to a new file, or to files in a folder.")},

@@ -57,6 +57,7 @@ bool WindowRun::openSession()
     }
     const bool endless = m_commandLine.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
+    m_session->setDetector(m_commandLine.detector);
     m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
     ReadingLimit limit(m_commandLine.afterReadings, m_commandLine.afterSeconds);
     if (isPicture() && endless && !limit.exists())

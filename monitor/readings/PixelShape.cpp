@@ -13,6 +13,10 @@ PixelShape PixelShape::of(const StreamHeader &header)
     if (header.kind != StreamKind::Pixels || header.channels.isEmpty())
         return grid;
     const int cells = header.channels.size();
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    if (header.detector.kind() == Corvale_Qt::DetectorKind::Matrix
+        && header.detector.cells() == cells)
+        return {header.detector.cells(Axis::Y), header.detector.cells(Axis::X)};
     static const QRegularExpression name(QStringLiteral("^r(\\d+)c(\\d+)$"));
     const QRegularExpressionMatch last = name.match(header.channels.last().name);
     if (last.hasMatch()) {

@@ -11,7 +11,7 @@ struct PixelShape
     int rows = 0;
     int columns = 0;
 
-    /*! Takes the shape from the name of the last cell (r12c12). If the names do not tell, it is a square, or a single
+    /*! Takes the shape from the detector, if the stream describes a matrix, otherwise from the name of the last cell (r12c12). If the names do not tell, it is a square, or a single
         row if the number of cells is not a square number. Returns an empty shape for other kinds of streams. */
     static PixelShape of(const StreamHeader &header);
     //! Returns whether the stream has no frames.

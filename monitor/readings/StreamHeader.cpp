@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/StreamHeader.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace Monitor {
@@ -21,11 +23,8 @@ QString stripName(int index, int count)
                            : QLatin1Char('y') + twoDigits(index - perAxis + 1);
 }
 
-QString pixelName(int index, int count)
+QString pixelName(int index, int columns)
 {
-    int columns = 1;
-    while (columns * columns < count)
-        ++columns;
     return QLatin1Char('r') + twoDigits(index / columns + 1) + QLatin1Char('c')
         + twoDigits(index % columns + 1);
 }
@@ -55,6 +54,24 @@ StreamKind kindFromName(const QString &name, bool *ok)
     return *ok ? StreamKind(found - std::begin(kindNames)) : StreamKind::Channels;
 }
 
+void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    detector = {};
+    detectorFault.clear();
+    if (layout.isEmpty())
+        return;
+    if (layout.readings() != channels.size()) {
+        detectorFault = QCoreApplication::translate("Monitor", "it has %1 readings, the stream %2")
+                            .arg(layout.readings())
+                            .arg(channels.size());
+        return;
+    }
+    detector = layout;
+    if (kind == StreamKind::Strips && layout.cells(Axis::X) != layout.cells(Axis::Y))
+        kind = StreamKind::Channels;
+}
+
 int StreamHeader::indexOf(const QString &name) const
 {
     for (int i = 0; i < channels.size(); ++i)
@@ -78,16 +95,28 @@ QVector<Channel> StreamHeader::defaultChannels(StreamKind kind, int count)
 {
     QVector<Channel> channels;
     channels.reserve(count);
+    int side = 1;
+    while (side * side < count)
+        ++side;
     for (int i = 0; i < count; ++i) {
         if (kind == StreamKind::Strips)
             channels.append({stripName(i, count), {}});
         else if (kind == StreamKind::Pixels)
-            channels.append({pixelName(i, count), {}});
+            channels.append({pixelName(i, side), {}});
         else if (kind == StreamKind::Spots)
             channels.append(spotChannel(i));
         else
             channels.append({QStringLiteral("ch%1").arg(i + 1), {}});
     }
+    return channels;
+}
+
+QVector<Channel> StreamHeader::pixelChannels(int rows, int columns)
+{
+    QVector<Channel> channels;
+    channels.reserve(rows * columns);
+    for (int i = 0; i < rows * columns; ++i)
+        channels.append({pixelName(i, columns), {}});
     return channels;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <corvale_qt/detector/DetectorLayout.h>
+
 #include <QDateTime>
 #include <QMetaType>
 #include <QString>
@@ -42,7 +44,13 @@ struct StreamHeader
     //! Readings outside these limits are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
+    Corvale_Qt::DetectorLayout detector; //!< empty if the stream does not describe one
+    QString
+        detectorFault; //!< why the detector that the stream describes is not used; empty otherwise
 
+    /*! Sets the detector that the readings come from, or says in the fault why they cannot. Planes of different lengths are no
+        strips for those who share strips evenly, so such a stream becomes one of channels. */
+    void setDetector(const Corvale_Qt::DetectorLayout &layout);
     //! Returns whether the stream has limits.
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.
@@ -52,6 +60,8 @@ struct StreamHeader
     /*! Returns \a count channels with the usual names of that kind: x01 and y01, r01c01, the fields of a spot, or ch1.
         Only the fields of a spot have units. */
     static QVector<Channel> defaultChannels(StreamKind kind, int count);
+    //! Returns channels with the names of the cells of a matrix, r01c01 and so on, row after row.
+    static QVector<Channel> pixelChannels(int rows, int columns);
 };
 
 } // namespace Monitor

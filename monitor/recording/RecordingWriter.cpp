@@ -3,6 +3,7 @@
 
 #include "monitor/input/LineSplitter.h"
 #include "monitor/input/Metadata.h"
+#include <corvale_qt/detector/DetectorFile.h>
 
 #include <charconv>
 #include <cmath>
@@ -59,6 +60,10 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     }
     if (header.startTime.isValid())
         text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
+    const QByteArray detector =
+        "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
+    if (!header.detector.isEmpty() && detector.size() <= LineSplitter::maxLength)
+        text += detector;
     // The longest names and units do not fit into one line; the units are in the "#unit" line in any case.
     const QByteArray line = columns.join(',');
     const bool fits = line.size() <= LineSplitter::maxLength;

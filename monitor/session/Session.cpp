@@ -59,6 +59,11 @@ void Session::takeHeader(const StreamHeader &told)
         header.rangeLow = m_rangeLow;
         header.rangeHigh = m_rangeHigh;
     }
+    if (!m_detector.isEmpty()) {
+        header.setDetector(m_detector);
+        if (!header.detectorFault.isEmpty())
+            takeEvent(tr("the detector is not used: %1").arg(header.detectorFault));
+    }
     m_statistics.startStream(header);
     m_activity.reset();
     if (m_recorder)

@@ -32,6 +32,8 @@ public:
 
     //! Sets limits that replace those of every stream; none if \a low is not below \a high.
     void setRange(double low, double high);
+    //! Sets a detector that replaces that of every stream; an empty one replaces none.
+    void setDetector(const Corvale_Qt::DetectorLayout &detector) { m_detector = detector; }
     /*! Sets how many seconds readings are collected before the model gets them, as from an instrument that reports
         rarely; 0 for the shortest interval. */
     void setShowInterval(double seconds);
@@ -102,6 +104,7 @@ private:
     QStringList m_incompleteRecordings;
     FloodGate m_shownEvents;
     FloodGate m_recordedEvents;
+    Corvale_Qt::DetectorLayout m_detector;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     bool m_stale = false;

@@ -175,6 +175,67 @@ QJsonArray jsonFits(const std::vector<ProfileFitResult> &fits)
     return array;
 }
 
+QJsonArray jsonEstimates(const LastEstimates &last)
+{
+    QJsonArray array;
+    for (const PlaneEstimate &plane : last.planes) {
+        const Corvale_Qt::BeamEstimate &estimate = plane.estimate;
+        array.append(QJsonObject{
+            {"plane", plane.plane},
+            {"estimator", plane.estimator},
+            {"position", jsonNumber(estimate.position.value)},
+            {"position_error", jsonNumber(estimate.position.error)},
+            {"sigma", jsonNumber(estimate.sigma.value)},
+            {"sigma_error", jsonNumber(estimate.sigma.error)},
+            {"unit", plane.unit},
+            {"verdict", plane.verdict.text()},
+            {"validity", Corvale_Qt::validityName(plane.verdict.validity)},
+            {"reasons", QJsonArray::fromStringList(plane.verdict.reasons)},
+            {"notes", QJsonArray::fromStringList(plane.verdict.notes)},
+            {"r_squared", jsonNumber(estimate.quality.rSquared)},
+            {"residual_rms", jsonNumber(estimate.quality.residualRms)},
+            {"reduced_chi_square", jsonNumber(estimate.quality.reducedChiSquare)},
+        });
+    }
+    return array;
+}
+
+QJsonObject jsonDetector(const StatisticsReport &report)
+{
+    const StreamHeader &header = report.statistics->header();
+    return {{"description", header.detector.summary()},
+            {"fault", header.detectorFault},
+            {"unwired_cells", header.detector.unwiredCells()},
+            {"left_out_readings", report.estimates.leftOut},
+            {"left_out_sum", jsonNumber(report.estimates.leftOutSum)}};
+}
+
+void writeEstimates(QTextStream &out, const LastEstimates &last)
+{
+    if (last.planes.empty())
+        return;
+    constexpr int planeWidth = 5;
+    out << "\nEstimates of the last reading\n";
+    writeRow(out,
+             QStringLiteral("plane"),
+             planeWidth,
+             {"estimator", "position", "+-", "sigma", "+-", "unit"});
+    for (const PlaneEstimate &plane : last.planes) {
+        writeRow(out,
+                 plane.plane,
+                 planeWidth,
+                 {plane.estimator,
+                  number(plane.estimate.position.value),
+                  number(plane.estimate.position.error),
+                  number(plane.estimate.sigma.value),
+                  number(plane.estimate.sigma.error),
+                  plane.unit});
+        const QStringList told = plane.verdict.reasons + plane.verdict.notes;
+        out << QString(planeWidth + 2, QLatin1Char(' ')) << plane.verdict.text()
+            << (told.isEmpty() ? "" : ": ") << told.join(QStringLiteral("; ")) << "\n";
+    }
+}
+
 } // namespace
 
 QByteArray StatisticsReport::text() const
@@ -185,6 +246,7 @@ QByteArray StatisticsReport::text() const
     const StreamStatistics &stream = *statistics;
     out << "source    " << source << "\n";
     out << "layout    " << kindName(stream.header().kind) << "\n";
+    out << "detector  " << stream.header().detector.summary() << "\n";
     out << "readings  " << stream.readings() << " from " << number(stream.firstTime()) << " s to "
         << number(stream.lastTime()) << " s\n";
     out << "gaps      " << stream.gaps() << "\n";
@@ -192,6 +254,7 @@ QByteArray StatisticsReport::text() const
     writeChannels(out, stream);
     writeFrames(out, stream);
     writeFits(out, fits);
+    writeEstimates(out, estimates);
     out.flush();
     return bytes;
 }
@@ -210,6 +273,8 @@ QByteArray StatisticsReport::json() const
         {"channels", jsonChannels(stream)},
         {"frames", jsonFrames(stream)},
         {"fits", jsonFits(fits)},
+        {"detector", jsonDetector(*this)},
+        {"estimates", jsonEstimates(estimates)},
     };
     return QJsonDocument(report).toJson();
 }

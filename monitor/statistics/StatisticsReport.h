@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/core/LineCounts.h"
+#include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StreamStatistics.h"
 
@@ -16,6 +17,7 @@ struct StatisticsReport
     LineCounts counts;
     const StreamStatistics *statistics = nullptr;
     std::vector<ProfileFitResult> fits; //!< of the last reading
+    LastEstimates estimates; //!< of the last reading
 
     //! Returns a table for people, with 10 significant digits.
     QByteArray text() const;

@@ -12,6 +12,8 @@ std::vector<std::string> fuzzSeeds()
 {
     return {"#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 "
             "2026-03-01T12:00:00Z\n0,1,2\n0.1,3,4\n",
+            "#layout matrix 1 2\n#pitch 2 mm\n#gain 1,2\n0,1,2\n0.1,3,4\n",
+            "#positions x -3,4 mm\n#dead 2\n#density\n0,1,2\n0.1,3,4\n",
             "0 1 2\n1 3 4\n2 5 6\n",
             "1,2\n,3\n4,\n\n",
             "time_s,left_A,right_A\n0,1e-9,2e-9\n0.1,nan,inf\n",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
+#include "monitor/recording/RecordingWriter.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -192,6 +193,80 @@ private Q_SLOTS:
                  QDateTime(QDate(2026, 3, 1), QTime(12, 0, 0, 250), Qt::UTC));
         QCOMPARE(sink.header().rangeLow, -2.0);
         QCOMPARE(sink.header().rangeHigh, 5000.0);
+    }
+
+    void theDetectorReachesTheHeader_data()
+    {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<QString>("detector");
+        QTest::addColumn<QString>("told");
+        const auto row =
+            [](const char *name, const char *lines, const char *detector, const char *told) {
+                QTest::newRow(name) << QByteArray(lines) << detector << told;
+            };
+        row("nothing said",
+            "#layout strips/0,1,2,3,4/1,1,2,3,4",
+            "no detector",
+            "start strips x01 x02 y01 y02");
+        row("a pitch",
+            "#layout strips/#pitch 2 mm/0,1,2,3,4/1,1,2,3,4",
+            "strips 2 + 2, mm",
+            "start strips x01 x02 y01 y02");
+        row("a pitch alone",
+            "#pitch x 2 mm/0,1,2/1,1,2",
+            "strips 2 + 0, mm",
+            "start channels ch1 ch2");
+        row("unequal planes are not shared evenly",
+            "#layout strips 3 1/0,1,2,3,4/1,1,2,3,4",
+            "strips 3 + 1, positions in cells",
+            "start channels x01 x02 y01 y02");
+        row("rows and columns",
+            "#layout matrix 2 3/#unit nA/#pitch 5 mm/0,1,2,3,4,5,6/1,1,2,3,4,5,6",
+            "matrix 2 x 3, mm",
+            "start pixels r01c01:nA r01c02:nA r01c03:nA r02c01:nA r02c02:nA r02c03:nA");
+        row("matrix means pixels",
+            "#layout matrix/0,1,2,3,4/1,1,2,3,4",
+            "no detector",
+            "start pixels r01c01 r01c02 r02c01 r02c02");
+        row("a wrong line is told",
+            "#pitch 2/0,1,2/1,1,2",
+            "no detector",
+            "refused 1 unreadable | start channels ch1 ch2");
+        row("a wrong number of cells is told",
+            "#layout strips 3 3/0,1,2/1,1,2",
+            "no detector",
+            "event the detector is not used: readings: the detector has 6 readings, the stream 2 | "
+            "start "
+            "strips x01 y01");
+        row("a new stream forgets it",
+            "#pitch 2 mm/#corvale 1/0,1,2/1,1,2",
+            "no detector",
+            "start channels ch1 ch2");
+        row("one line of JSON",
+            "#detector {\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":2}}/0,1,2/1,1,2",
+            "strips 2 + 0, positions in cells",
+            "start channels ch1 ch2");
+    }
+
+    //! A recording of the stream describes the same detector.
+    void theDetectorReachesTheHeader()
+    {
+        QFETCH(QByteArray, lines);
+        const auto read = [](const QByteArrayList &all) {
+            TextSink sink;
+            LineProtocol protocol(sink);
+            for (const QByteArray &line : all)
+                protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+            protocol.finish();
+            return sink;
+        };
+        const TextSink sink = read(lines.split('/'));
+        QTEST(sink.header().detector.summary(), "detector");
+        QTEST(sink.text().section(" | 0: ", 0, 0), "told");
+        QByteArrayList recording = recordingHeader(sink.header(), {}).split('\n');
+        const int channels = sink.header().channels.size();
+        recording += "0" + QByteArray(",1").repeated(channels);
+        QVERIFY(read(recording).header().detector == sink.header().detector);
     }
 
     void piecesMakeLines_data()

@@ -195,6 +195,53 @@ private Q_SLOTS:
         }
     }
 
+    //! A beam on 24 strips of 2 mm, from the side that counts the other way, with a pedestal and two dead strips.
+    void estimatesOnADetector()
+    {
+        const auto estimate =
+            [this](const QStringList &arguments, const QByteArray &lines, const QString &name) {
+                const Outcome outcome = run(arguments, lines);
+                const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
+                for (const QJsonValue &value : report["estimates"].toArray())
+                    if (value.toObject()["estimator"].toString() == name)
+                        return value.toObject();
+                return QJsonObject();
+            };
+        QByteArray line = "0";
+        for (int i = 0; i < 24; ++i) {
+            const double place = -2 * (i - 11.5);
+            const double charge = 200 * std::exp(-0.5 * std::pow((place + 5) / 6, 2));
+            line += "," + QByteArray::number(i == 2 || i == 16 ? 0.0 : 0.4 + 1.02 * charge);
+        }
+        const QString file = QStringLiteral(CORVALE_QT_SOURCE_DIR "/docs/detectors/strips.json");
+        const QStringList stats{"-", "--stats", "--json"};
+        const QJsonObject fit =
+            estimate(stats + QStringList{"--detector", file}, line + "\n", "least_squares");
+        QVERIFY(std::abs(fit["position"].toDouble() + 5) < 1e-3);
+        QVERIFY(std::abs(fit["sigma"].toDouble() - 6)
+                < 0.03); // the fit averages over 1.8 mm, the line does not
+        QCOMPARE(fit["unit"].toString(), QString("mm"));
+        QCOMPARE(fit["plane"].toString(), QString("x"));
+        QCOMPARE(fit["verdict"].toString(), QString("DATA VALID, FIT POOR"));
+        QVERIFY(fit["reasons"].toArray()[0].toString().endsWith("in dead, hot or saturated cells"));
+
+        // Without the description, positions are in cells, and the dead strips spoil what nobody said.
+        const QJsonObject blind = estimate(stats, line + "\n", "least_squares");
+        QCOMPARE(blind["unit"].toString(), QString("cells"));
+        QCOMPARE(blind["plane"].toString(), QString("all"));
+        QVERIFY(blind["reasons"].toArray()[0].toString().startsWith("the residuals are"));
+
+        const Outcome check = run({"-", "--check"}, "#pitch x 2 mm\n" + line + "\n");
+        QCOMPARE(check.code, 0);
+        QVERIFY2(check.out.startsWith("detector: strips 24 + 0, mm\n"), check.out);
+        const Outcome other = run({"-", "--stats", "--detector", file}, "0,1,2\n");
+        QCOMPARE(other.code, 2);
+        QVERIFY2(other.err.contains("it has 24 readings, the stream 2"), other.err);
+        const Outcome broken = run({"-", "--check", "--detector", "nowhere.json"});
+        QCOMPARE(broken.code, 1);
+        QVERIFY2(broken.err.contains("nowhere.json"), broken.err);
+    }
+
     void convertedIsTheSame()
     {
         const Outcome first = run({"good.csv", "--convert", "once.csv", "--overwrite"});

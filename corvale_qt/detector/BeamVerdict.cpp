@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/detector/BeamVerdict.h"
+
+#include "corvale_qt/numerics/CellScreening.h"
+#include "corvale_qt/numerics/FlatField.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Corvale_Qt::BeamVerdict", text);
+}
+
+QString percent(double share)
+{
+    if (share > 1)
+        return tr("more than 100 %");
+    return QString::number(100 * share, 'f', share < 0.0995 ? 1 : 0) + QStringLiteral(" %");
+}
+
+void count(const BeamProfile &profile, BeamVerdict &verdict)
+{
+    for (int i = 0; i < profile.count(); ++i) {
+        verdict.deadCells += profile.has(i, CellFlag::Dead);
+        verdict.saturatedCells += profile.has(i, CellFlag::Saturated);
+        verdict.hotCells += profile.has(i, CellFlag::Hot);
+    }
+}
+
+/*! Returns the share of the charge in flagged cells. The charge that a dead cell should have is interpolated; the others
+    count as they are read. */
+double flaggedShare(const BeamProfile &profile, double background)
+{
+    const BeamProfile filled = profile.withoutHoles();
+    double flagged = 0, all = 0;
+    for (int i = 0; i < profile.count(); ++i) {
+        const bool dead = profile.has(i, CellFlag::Dead);
+        const double density = (dead ? filled : profile).density(i) - background;
+        const double charge = std::max(density, 0.0) * profile.intervals[i];
+        all += charge;
+        if (profile.has(i, CellFlag::Dead | CellFlag::Hot | CellFlag::Saturated))
+            flagged += charge;
+    }
+    return all > 0 ? flagged / all : 0.0;
+}
+
+//! Returns the largest density above the background in noises. Dead and hot cells do not make a peak.
+double peakInNoise(const BeamProfile &profile)
+{
+    const BeamProfile filled = profile.withoutHoles();
+    std::vector<double> densities;
+    int peak = -1;
+    for (int i = 0; i < profile.count(); ++i) {
+        densities.push_back(filled.density(i));
+        if (peak < 0 || filled.density(i) > filled.density(peak))
+            peak = i;
+    }
+    if (peak < 0)
+        return 0;
+    // A tenth of the cells of a beam that fills the detector are background at the most.
+    const auto low = densities.begin() + std::ptrdiff_t(densities.size() / 10);
+    std::nth_element(densities.begin(), low, densities.end());
+    const double height = filled.density(peak) - *low;
+    const double noise = profile.noise > 0 ? profile.noise : estimatedNoise(profile);
+    if (!(height > 0))
+        return 0;
+    return height * profile.scales[peak] / noise; // infinite without noise
+}
+
+double shareOutside(const BeamProfile &profile, const BeamEstimate &estimate)
+{
+    const double unit = estimate.sigma.value * M_SQRT2;
+    const double below = std::erfc((estimate.position.value - profile.lowerEdge()) / unit) / 2;
+    const double above = std::erfc((profile.upperEdge() - estimate.position.value) / unit) / 2;
+    return below + above;
+}
+
+//! Collects reasons; the worst of them decides.
+class Judgement
+{
+public:
+    explicit Judgement(BeamVerdict &verdict)
+        : m_verdict(verdict)
+    {
+        m_verdict.validity = BeamValidity::Valid;
+    }
+
+    void add(bool holds, BeamValidity validity, const QString &reason)
+    {
+        if (!holds)
+            return;
+        m_verdict.validity = std::max(m_verdict.validity, validity);
+        m_verdict.reasons.append(reason);
+    }
+
+private:
+    BeamVerdict &m_verdict;
+};
+
+void judgeSignal(const BeamEstimate &estimate,
+                 const VerdictLimits &limits,
+                 BeamVerdict &verdict,
+                 Judgement &judgement)
+{
+    judgement.add(!(verdict.peakInNoise > limits.peakInNoise),
+                  BeamValidity::NotValid,
+                  tr("no peak above %1 times the noise").arg(limits.peakInNoise));
+    judgement.add(!estimate.isOk(), BeamValidity::NotValid, estimateStatusText(estimate.status));
+    judgement.add(verdict.flaggedShare >= limits.flaggedShare,
+                  BeamValidity::FitPoor,
+                  tr("%1 of the charge lies in dead, hot or saturated cells")
+                      .arg(percent(verdict.flaggedShare)));
+}
+
+void judgeShape(const BeamProfile &profile,
+                const BeamEstimate &estimate,
+                const VerdictLimits &limits,
+                Judgement &judgement)
+{
+    const double length = profile.upperEdge() - profile.lowerEdge();
+    const double position = estimate.position.value;
+    judgement.add(!(position >= profile.lowerEdge() && position <= profile.upperEdge()),
+                  BeamValidity::NotValid,
+                  tr("the position lies outside of the detector"));
+    judgement.add(!(estimate.sigma.value <= limits.widestSigma * length),
+                  BeamValidity::NotValid,
+                  tr("sigma does not fit on the detector"));
+    const double rms = estimate.quality.residualRms;
+    judgement.add(std::isnan(rms) || std::isnan(estimate.quality.rSquared),
+                  BeamValidity::NotValid,
+                  tr("no cell shows whether a Gaussian describes the readings"));
+    judgement.add(rms > limits.residualRms,
+                  rms > limits.worstResidualRms ? BeamValidity::NotValid : BeamValidity::FitPoor,
+                  tr("the residuals are %1 of the peak").arg(percent(rms)));
+    judgement.add(estimate.quality.rSquared < limits.rSquared,
+                  BeamValidity::FitPoor,
+                  tr("R2 is %1").arg(estimate.quality.rSquared, 0, 'f', 2));
+}
+
+void takeNotes(const BeamEstimate &estimate, BeamVerdict &verdict)
+{
+    constexpr double worthTelling = 0.005;
+    if (verdict.atEdge)
+        verdict.notes.append(tr("the beam is at the edge of the detector"));
+    if (verdict.shareOutside >= worthTelling)
+        verdict.notes.append(
+            tr("%1 of the charge lies outside of the detector").arg(percent(verdict.shareOutside)));
+    if (estimate.clipped)
+        verdict.notes.append(tr("the area of integration was cut at the edge of the detector"));
+}
+
+} // namespace
+
+QString BeamVerdict::text() const
+{
+    switch (validity) {
+    case BeamValidity::Valid:
+        return tr("DATA VALID");
+    case BeamValidity::FitPoor:
+        return tr("DATA VALID, FIT POOR");
+    case BeamValidity::NotValid:
+        break;
+    }
+    return tr("DATA NOT VALID");
+}
+
+QString validityName(BeamValidity validity)
+{
+    switch (validity) {
+    case BeamValidity::Valid:
+        return QStringLiteral("valid");
+    case BeamValidity::FitPoor:
+        return QStringLiteral("poor");
+    case BeamValidity::NotValid:
+        break;
+    }
+    return QStringLiteral("invalid");
+}
+
+QString estimateStatusText(EstimateStatus status)
+{
+    switch (status) {
+    case EstimateStatus::Ok:
+        break;
+    case EstimateStatus::NotUsable:
+        return tr("the readings or their positions are not usable");
+    case EstimateStatus::NotEnoughCells:
+        return tr("there are not enough cells");
+    case EstimateStatus::NoSignal:
+        return tr("there is no charge above the background");
+    case EstimateStatus::PeakOnEdge:
+        return tr("the peak lies at the edge of the detector");
+    case EstimateStatus::NoRealWidth:
+        return tr("the width is not a real number");
+    case EstimateStatus::NotConverged:
+        return tr("the iteration did not converge");
+    }
+    return {};
+}
+
+BeamVerdict
+judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const VerdictLimits &limits)
+{
+    BeamVerdict verdict;
+    Judgement judgement(verdict);
+    if (!profile.isUsable()) {
+        judgement.add(true, BeamValidity::NotValid, estimateStatusText(EstimateStatus::NotUsable));
+        return verdict;
+    }
+    const double background = std::isnan(estimate.background.value) ? 0 : estimate.background.value;
+    count(profile, verdict);
+    verdict.flaggedShare = flaggedShare(profile, background);
+    verdict.peakInNoise = peakInNoise(profile);
+    judgeSignal(estimate, limits, verdict, judgement);
+    if (!estimate.isOk())
+        return verdict;
+    judgeShape(profile, estimate, limits, judgement);
+    if (verdict.validity != BeamValidity::Valid && flatField(profile).isFlatTopped())
+        verdict.reasons.append(tr("no Gaussian: the beam is flat-topped"));
+    const double sigma = estimate.sigma.value;
+    verdict.atEdge = estimate.position.value - sigma < profile.lowerEdge()
+        || estimate.position.value + sigma > profile.upperEdge();
+    verdict.shareOutside = shareOutside(profile, estimate);
+    takeNotes(estimate, verdict);
+    return verdict;
+}
+
+QDebug operator<<(QDebug debug, const BeamVerdict &verdict)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace().noquote() << "BeamVerdict(" << verdict.text();
+    for (const QString &reason : verdict.reasons)
+        debug << ", " << reason;
+    return debug << ')';
+}
+
+} // namespace Corvale_Qt

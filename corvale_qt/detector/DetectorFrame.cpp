@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/detector/DetectorFrame.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace Corvale_Qt {
+
+namespace {
+
+using Axis = DetectorLayout::Axis;
+
+void setFlag(DetectorFrame &frame, int cell, CellFlag flag)
+{
+    if (frame.flags.isEmpty())
+        frame.flags.resize(frame.values.size());
+    frame.flags[cell] |= flag;
+}
+
+bool has(const DetectorFrame &frame, int cell, CellFlag flag)
+{
+    return !frame.flags.isEmpty() && frame.flags[cell].testFlag(flag);
+}
+
+//! Counts the readings that no cell takes. Without a wiring table these are the ones behind the cells.
+void countLeftOut(const QVector<int> &wiring,
+                  const double *readings,
+                  int count,
+                  DetectorFrame &frame)
+{
+    std::vector<bool> taken(std::size_t(wiring.isEmpty() ? 0 : count), false);
+    for (int reading : wiring)
+        if (reading >= 0 && reading < count)
+            taken[std::size_t(reading)] = true;
+    for (int i = wiring.isEmpty() ? frame.values.size() : 0; i < count; ++i) {
+        const bool used = !wiring.isEmpty() && taken[std::size_t(i)];
+        if (used || readings[i] == 0 || !std::isfinite(readings[i]))
+            continue;
+        ++frame.leftOut;
+        frame.leftOutSum += readings[i];
+    }
+}
+
+//! Returns the mean of the good cells around a cell; 0 if there are none.
+double meanAround(const DetectorFrame &frame, const QVector<double> &charges, int row, int column)
+{
+    const int rows = frame.layout.cells(Axis::Y), columns = frame.layout.cells(Axis::X);
+    double sum = 0;
+    int count = 0;
+    for (int r = std::max(row - 1, 0); r <= std::min(row + 1, rows - 1); ++r) {
+        for (int c = std::max(column - 1, 0); c <= std::min(column + 1, columns - 1); ++c) {
+            const int cell = r * columns + c;
+            if (has(frame, cell, CellFlag::Dead) || frame.layout.readingAt(cell) < 0)
+                continue;
+            sum += charges[cell];
+            ++count;
+        }
+    }
+    return count > 0 ? sum / count : 0.0;
+}
+
+/*! Gives a profile its places, rising. Cells that touch each other collect between the edges of their intervals, whose middle
+    is not the stated position where distances differ. */
+void takePlaces(const DetectorLayout &layout, Axis axis, BeamProfile &profile)
+{
+    const DetectorAxis &stated = axis == Axis::X ? layout.description().x : layout.description().y;
+    profile.positions = layout.positions(axis);
+    profile.widths = layout.widths(axis);
+    profile.intervals = layout.intervals(axis);
+    const bool touching = stated.widths.isEmpty() && !stated.positions.isEmpty();
+    const QVector<double> &given = layout.positions(axis);
+    for (int i = 1; touching && !layout.description().density && i + 1 < given.size(); ++i)
+        profile.positions[i] = given[i] + (given[i + 1] - 2 * given[i] + given[i - 1]) / 4;
+    profile.scales = profile.widths;
+    if (layout.description().density)
+        profile.scales.fill(1.0);
+}
+
+void reverse(BeamProfile &profile)
+{
+    for (QVector<double> *list : {&profile.positions,
+                                  &profile.widths,
+                                  &profile.intervals,
+                                  &profile.scales,
+                                  &profile.readings})
+        std::reverse(list->begin(), list->end());
+    std::reverse(profile.flags.begin(), profile.flags.end());
+}
+
+//! Adds up the columns or rows of a matrix.
+void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
+{
+    const BeamImage image = frame.image();
+    const bool alongX = axis == Axis::X;
+    profile.readings.fill(0, alongX ? image.columns : image.rows);
+    double *sums = profile.readings.data();
+    for (int r = 0; r < image.rows; ++r) {
+        for (int c = 0; c < image.columns; ++c) {
+            const int cell = r * image.columns + c;
+            sums[alongX ? c : r] += image.charges[cell];
+            if (has(frame, cell, CellFlag::Saturated))
+                profile.setFlag(alongX ? c : r, CellFlag::Saturated);
+        }
+    }
+    // The image holds charges, also where the readings are densities.
+    profile.widths = profile.intervals;
+    profile.scales = profile.intervals;
+    profile.noise *= std::sqrt(alongX ? image.rows : image.columns);
+}
+
+void takeStrips(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
+{
+    const int first = axis == Axis::X ? 0 : frame.layout.cells(Axis::X);
+    const int count = frame.layout.cells(axis);
+    profile.readings = frame.values.mid(first, count);
+    if (!frame.flags.isEmpty())
+        profile.flags = frame.flags.mid(first, count);
+}
+
+} // namespace
+
+DetectorFrame DetectorFrame::of(const DetectorLayout &layout, const double *readings, int count)
+{
+    DetectorFrame frame;
+    frame.layout = layout;
+    frame.values.fill(0, layout.cells());
+    const QVector<DetectorChannel> &channels = layout.description().channels;
+    const QVector<int> &wiring = layout.description().wiring;
+    double *values = frame.values.data();
+    const int cells = frame.values.size();
+    for (int cell = 0; cell < cells; ++cell) {
+        const int reading = wiring.isEmpty() ? cell : wiring[cell];
+        if (reading < 0)
+            continue;
+        const double value = reading < count ? readings[reading] : std::nan("");
+        const bool ordinary = channels.isEmpty();
+        if (!std::isfinite(value) || (!ordinary && channels[reading].dead)) {
+            setFlag(frame, cell, CellFlag::Dead);
+            continue;
+        }
+        values[cell] =
+            ordinary ? value : (value - channels[reading].pedestal) / channels[reading].gain;
+        if (!ordinary && value >= channels[reading].saturation)
+            setFlag(frame, cell, CellFlag::Saturated);
+    }
+    countLeftOut(wiring, readings, count, frame);
+    return frame;
+}
+
+BeamProfile DetectorFrame::profile(Axis axis) const
+{
+    BeamProfile profile;
+    if (layout.cells(axis) == 0)
+        return profile;
+    takePlaces(layout, axis, profile);
+    profile.noise = layout.description().noise;
+    if (layout.kind() == DetectorKind::Matrix)
+        takeSums(*this, axis, profile);
+    else
+        takeStrips(*this, axis, profile);
+    if (profile.positions.size() > 1 && profile.positions.first() > profile.positions.last())
+        reverse(profile);
+    return profile;
+}
+
+BeamImage DetectorFrame::image() const
+{
+    BeamImage image;
+    if (layout.kind() != DetectorKind::Matrix)
+        return image;
+    image.rows = layout.cells(Axis::Y);
+    image.columns = layout.cells(Axis::X);
+    image.x = layout.positions(Axis::X);
+    image.y = layout.positions(Axis::Y);
+    image.intervalsX = layout.intervals(Axis::X);
+    image.intervalsY = layout.intervals(Axis::Y);
+    image.charges = values;
+    if (layout.unwiredCells() > 0) {
+        for (int reading : layout.description().wiring)
+            image.unused.append(reading < 0);
+    }
+    const bool density = layout.description().density;
+    for (int r = 0; (density || !flags.isEmpty()) && r < image.rows; ++r) {
+        for (int c = 0; c < image.columns; ++c) {
+            const int cell = r * image.columns + c;
+            if (has(*this, cell, CellFlag::Dead))
+                image.charges[cell] = meanAround(*this, values, r, c);
+            if (density)
+                image.charges[cell] *= image.intervalsX[c] * image.intervalsY[r];
+        }
+    }
+    return image;
+}
+
+} // namespace Corvale_Qt

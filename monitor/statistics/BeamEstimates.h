@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <corvale_qt/detector/BeamVerdict.h>
+#include <corvale_qt/numerics/BeamEstimate.h>
+
+#include <QString>
+
+#include <vector>
+
+namespace Monitor {
+
+class StreamStatistics;
+
+//! What one estimator finds in one profile.
+struct PlaneEstimate
+{
+    QString plane; //!< "x", "y", or "all" for a stream that is one profile
+    QString estimator; //!< for example "least_squares"
+    Corvale_Qt::BeamEstimate estimate;
+    Corvale_Qt::BeamVerdict verdict;
+    QString unit; //!< of position and sigma; "cells" where the detector is not described
+};
+
+//! The estimates of a reading, and what was left out of them.
+struct LastEstimates
+{
+    std::vector<PlaneEstimate> planes;
+    int leftOut = 0; //!< readings other than 0 that belong to no cell
+    double leftOutSum = 0.0; //!< sum of these readings
+};
+
+/*! Returns all estimates of the latest reading, on the detector of the stream. Without one, positions are counted in cells from 1,
+    and strips are shared evenly between x and y. Hot cells are looked for. There are no estimates of spots, of channels that are
+    too few to be a profile, and of detectors without places. */
+LastEstimates estimatesOfLastReading(const StreamStatistics &statistics);
+
+} // namespace Monitor

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/detector/BeamVerdict.h"
+#include "corvale_qt/numerics/CellScreening.h"
+#include "corvale_qt/numerics/ProfileEstimators.h"
+#include "tests/support/CellCharges.h"
+#include "tests/support/TestMain.h"
+
+using namespace Corvale_Qt;
+
+using Change = std::function<void(BeamProfile &)>;
+Q_DECLARE_METATYPE(Change)
+
+namespace {
+
+constexpr double kMean = 3;
+constexpr double kSigma = 4;
+
+QVector<BeamEstimate> allEstimates(const BeamProfile &profile)
+{
+    LogParabolaOptions asInTheMonitor;
+    asInTheMonitor.thresholdFraction = 0.1;
+    asInTheMonitor.halfWidth = 10;
+    return {centreOfGravity(profile),
+            threePointGaussian(profile),
+            logParabolaGaussian(profile, asInTheMonitor),
+            leastSquaresGaussian(profile),
+            halfMaximumWidth(profile),
+            secondMomentWidth(profile)};
+}
+
+Change density(const CellCharges::Density &density)
+{
+    return [density](BeamProfile &profile) {
+        profile = CellCharges::strips(32, 2, density);
+    };
+}
+
+//! Adds a share of the peak to each reading.
+Change pedestal(double share)
+{
+    return [share](BeamProfile &profile) {
+        for (double &reading : profile.readings)
+            reading += 2 * share;
+    };
+}
+
+Change cell(int index, double reading, bool dead = false)
+{
+    return [=](BeamProfile &profile) {
+        profile.readings[index] = reading;
+        if (dead)
+            profile.setFlag(index, CellFlag::Dead);
+    };
+}
+
+Change saturatedAt(double limit, bool known)
+{
+    return [=](BeamProfile &profile) {
+        for (int i = 0; i < profile.count(); ++i) {
+            if (known && profile.readings[i] >= limit)
+                profile.setFlag(i, CellFlag::Saturated);
+            profile.readings[i] = std::min(profile.readings[i], limit);
+        }
+    };
+}
+
+//! A field of 40 mm with blurred edges.
+double flat(double x)
+{
+    return std::erf((x + 20) / 2) - std::erf((x - 20) / 2);
+}
+
+} // namespace
+
+class tst_BeamVerdict : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    /*! A beam of 3 mm and sigma 4 mm on 32 strips of 2 mm, charge 2 in the fullest strip, and what goes wrong with it. The
+        columns are, for each estimator, V for valid, P for a poor fit and - for not valid, and words of a reason. */
+    void whatGoesWrongIsTold_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<double>("mean");
+        QTest::addColumn<QString>(
+            "verdicts"); // centre of gravity, three points, regression, fit, FWHM, D4sigma
+        QTest::addColumn<QString>("reason"); // of the first that is not valid
+        const auto row = [](const char *name,
+                            const Change &change,
+                            double mean,
+                            const char *verdicts,
+                            const char *reason) {
+            QTest::newRow(name) << change << mean << verdicts << reason;
+        };
+        row(
+            "nothing",
+            [](BeamProfile &) {},
+            kMean,
+            "VVVVVV",
+            "");
+        row(
+            "noise",
+            [](BeamProfile &p) {
+                CellCharges::addNoise(p, 0.02);
+            },
+            kMean,
+            "VVVVVV",
+            "");
+        row("pedestal of 5 %",
+            pedestal(0.05),
+            kMean,
+            "PVVVVV",
+            "the residuals are 17 % of the peak");
+        row("pedestal of 20 %",
+            pedestal(0.2),
+            kMean,
+            "PPPVVV",
+            "the residuals are 17 % of the peak");
+        row("hot strip beside the beam", cell(3, 6), kMean, "PPPPPP", "37 % of the charge lies in");
+        row("hot strip in the beam",
+            cell(14, 6),
+            kMean,
+            "-P-PP-",
+            "the residuals are 21 % of the peak");
+        row("dead strip at the peak",
+            cell(17, 0, true),
+            kMean,
+            "PPPPPP",
+            "18 % of the charge lies in");
+        row("dead strip that nobody named", cell(17, 0), kMean, "------", "the residuals are");
+        row("saturated",
+            saturatedAt(1, true),
+            kMean,
+            "P-PPPP",
+            "no Gaussian: the beam is flat-topped");
+        row("saturated, limit not stated",
+            saturatedAt(1, false),
+            kMean,
+            "P-PPPP",
+            "no Gaussian: the beam is flat-topped");
+        row("at the edge",
+            density(CellCharges::gaussian(30, kSigma)),
+            30,
+            "-VVV--",
+            "the residuals are 20 % of the peak");
+        row("beyond the edge",
+            density(CellCharges::gaussian(36, kSigma)),
+            36,
+            "------",
+            "the residuals are 23 % of the peak");
+        row("flat field", density(flat), 0, "------", "no Gaussian: the beam is flat-topped");
+        row("flat all over",
+            density([](double) {
+                return 1.0;
+            }),
+            0,
+            "------",
+            "no peak above 5 times the noise");
+        row(
+            "dark",
+            [](BeamProfile &p) {
+                p.readings.fill(0);
+                CellCharges::addNoise(p, 0.02);
+            },
+            0,
+            "------",
+            "no peak above 5 times the noise");
+        row("two beams",
+            density([](double x) {
+                return CellCharges::gaussian(-12, kSigma)(x)
+                    + CellCharges::gaussian(12, kSigma, 0.7)(x);
+            }),
+            0,
+            "------",
+            "the residuals are 29 % of the peak");
+    }
+    void whatGoesWrongIsTold()
+    {
+        QFETCH(Change, change);
+        QFETCH(double, mean);
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(kMean, kSigma));
+        change(profile);
+        flagHotCells(profile);
+        QString verdicts, told = QStringLiteral("| %1").arg(QTest::currentDataTag());
+        QStringList reasons;
+        for (const BeamEstimate &estimate : allEstimates(profile)) {
+            const BeamVerdict verdict = judgeEstimate(profile, estimate);
+            verdicts += QStringLiteral("VP-").at(int(verdict.validity));
+            const double bias = estimate.position.value - mean;
+            const double ratio = estimate.sigma.value / kSigma;
+            told += estimate.isOk() ? QStringLiteral(" | %1 / %2 %3")
+                                          .arg(bias + 0.0, 0, 'f', 2)
+                                          .arg(ratio, 0, 'f', 2)
+                                          .arg(verdicts.right(1))
+                                    : QStringLiteral(" | none");
+            if (verdict.validity != BeamValidity::Valid && reasons.isEmpty())
+                reasons = verdict.reasons;
+            // What is said to be valid is the truth.
+            if (verdict.validity == BeamValidity::Valid)
+                QVERIFY2(std::abs(bias) < 0.1 * kSigma && std::abs(ratio - 1) < 0.1,
+                         qPrintable(told));
+        }
+        qInfo("%s |", qPrintable(told));
+        QTEST(verdicts, "verdicts");
+        QFETCH(QString, reason);
+        QVERIFY2(reasons.join("; ").contains(reason), qPrintable(reasons.join("; ")));
+        QCOMPARE(reasons.isEmpty(), reason.isEmpty());
+    }
+
+    void numbersBesideTheVerdict()
+    {
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(30, 4));
+        profile.setFlag(2, CellFlag::Dead);
+        profile.setFlag(5, CellFlag::Saturated);
+        profile.noise = 0.01;
+        const BeamVerdict verdict = judgeEstimate(profile, leastSquaresGaussian(profile));
+        QCOMPARE(verdict.text(), QString("DATA VALID"));
+        QVERIFY(verdict.atEdge);
+        // The edge is half a sigma away: 30.85 % of a Gaussian lie beyond.
+        QVERIFY(std::abs(verdict.shareOutside - 0.3085) < 1e-3);
+        QCOMPARE(verdict.notes.join("; "),
+                 QString("the beam is at the edge of the detector; 31 % of the charge lies outside "
+                         "of the detector"));
+        QVERIFY(std::abs(verdict.peakInNoise - 193) < 3);
+        QCOMPARE(verdict.deadCells, 1);
+        QCOMPARE(verdict.saturatedCells, 1);
+    }
+
+    void limitsCanBeSet()
+    {
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));
+        profile.noise = 0.1;
+        const BeamEstimate estimate = leastSquaresGaussian(profile);
+        VerdictLimits limits;
+        limits.peakInNoise = 25;
+        QCOMPARE(judgeEstimate(profile, estimate, limits).text(), QString("DATA NOT VALID"));
+        limits = {};
+        limits.widestSigma = 0.05;
+        QCOMPARE(judgeEstimate(profile, estimate, limits).reasons,
+                 QStringList("sigma does not fit on the detector"));
+        profile.readings[3] = qInf();
+        QCOMPARE(judgeEstimate(profile, estimate).reasons,
+                 QStringList("the readings or their positions are not usable"));
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_BeamVerdict)
+#include "tst_BeamVerdict.moc"

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/CellScreening.h"
+#include "corvale_qt/numerics/FlatField.h"
+#include "corvale_qt/numerics/ProfileEstimators.h"
+#include "tests/support/CellCharges.h"
+#include "tests/support/TestMain.h"
+
+using namespace Corvale_Qt;
+
+using Estimator = std::function<BeamEstimate(const BeamProfile &)>;
+Q_DECLARE_METATYPE(Estimator)
+
+namespace {
+
+//! Sixteen wires at unequal distances, closer together in the middle.
+const QVector<double> kWires = {-26.3,
+                                -21.0,
+                                -16.5,
+                                -12.8,
+                                -9.7,
+                                -7.0,
+                                -4.4,
+                                -1.5,
+                                1.5,
+                                4.4,
+                                7.0,
+                                9.7,
+                                12.8,
+                                16.5,
+                                21.0,
+                                26.3};
+
+//! Thin wires, whose readings are densities at their places.
+BeamProfile wires(const CellCharges::Density &density)
+{
+    BeamProfile profile = CellCharges::touching(kWires, density);
+    profile.positions = kWires;
+    profile.widths.fill(0);
+    profile.scales.fill(1);
+    for (int i = 0; i < profile.count(); ++i)
+        profile.readings[i] = density(kWires[i]);
+    return profile;
+}
+
+} // namespace
+
+class tst_ProfileEstimators : public QObject
+{
+    Q_OBJECT
+
+private:
+    static void estimators()
+    {
+        QTest::addColumn<Estimator>("estimate");
+        QTest::newRow("centre of gravity") << Estimator([](const BeamProfile &profile) {
+            return centreOfGravity(profile);
+        });
+        QTest::newRow("three points") << Estimator(threePointGaussian);
+        QTest::newRow("regression") << Estimator([](const BeamProfile &profile) {
+            LogParabolaOptions options;
+            options.thresholdFraction = 0.1;
+            return logParabolaGaussian(profile, options);
+        });
+        QTest::newRow("least squares") << Estimator([](const BeamProfile &profile) {
+            return leastSquaresGaussian(profile);
+        });
+        QTest::newRow("half maximum") << Estimator(halfMaximumWidth);
+        QTest::newRow("second moment") << Estimator(secondMomentWidth);
+    }
+
+private Q_SLOTS:
+    void wiresAtUnequalPlaces_data() { estimators(); }
+    void wiresAtUnequalPlaces()
+    {
+        QFETCH(Estimator, estimate);
+        const BeamEstimate found = estimate(wires(CellCharges::gaussian(1.36, 3.93, 7)));
+        QVERIFY(found.isOk());
+        QVERIFY(std::abs(found.position.value - 1.36) < 0.02 * 3.93);
+        QVERIFY(std::abs(found.sigma.value - 3.93) < 0.02 * 3.93);
+    }
+
+    void leastSquaresAreExactOnAnyCells_data()
+    {
+        QTest::addColumn<double>("mean");
+        QTest::addColumn<double>("sigma");
+        QTest::addColumn<double>("background");
+        QTest::newRow("in the middle") << 1.36 << 3.93 << 0.0;
+        QTest::newRow("on a background") << -4.0 << 5.0 << 0.2;
+        QTest::newRow("half of it outside") << 26.0 << 4.0 << 0.05;
+        QTest::newRow("narrower than a cell") << 1.0 << 1.5 << 0.1;
+        QTest::newRow("wider than the detector") << 5.0 << 30.0 << 0.0;
+        QTest::newRow("on a large background") << 3.0 << 4.0 << 100.0;
+    }
+    void leastSquaresAreExactOnAnyCells()
+    {
+        QFETCH(double, mean);
+        QFETCH(double, sigma);
+        QFETCH(double, background);
+        const auto density = [=](double x) {
+            return background + CellCharges::gaussian(mean, sigma)(x);
+        };
+        for (const double unit : {1e-12, 1.0, 1e9}) {
+            BeamProfile profile = CellCharges::touching(kWires, density);
+            for (double &reading : profile.readings)
+                reading *= unit;
+            const BeamEstimate fit = leastSquaresGaussian(profile);
+            QVERIFY(fit.isOk());
+            QVERIFY(std::abs(fit.position.value - mean) < 1e-4 * sigma);
+            QVERIFY(std::abs(fit.sigma.value / sigma - 1) < 1e-4);
+            QVERIFY(std::abs(fit.height.value / unit - 1) < 1e-4);
+            QVERIFY(std::abs(fit.background.value / unit - background) < 1e-4);
+            QVERIFY(fit.quality.residualRms < 1e-4);
+        }
+    }
+
+    //! The noise is added anew 400 times; the spread of the results is what the standard error promises.
+    void standardErrorsAreTheSpread_data() { estimators(); }
+    void standardErrorsAreTheSpread()
+    {
+        QFETCH(Estimator, estimate);
+        constexpr int trials = 400;
+        constexpr double noise = 0.01;
+        double sum[2] = {}, squares[2] = {}, errors[2] = {};
+        for (int trial = 0; trial < trials; ++trial) {
+            BeamProfile profile = CellCharges::strips(20, 2, CellCharges::gaussian(0.7, 4));
+            profile.noise = noise;
+            CellCharges::addNoise(profile, noise, unsigned(trial + 1));
+            const BeamEstimate found = estimate(profile);
+            QVERIFY(found.isOk());
+            const Estimate numbers[2] = {found.position, found.sigma};
+            for (int k = 0; k < 2; ++k) {
+                sum[k] += numbers[k].value / trials;
+                squares[k] += numbers[k].value * numbers[k].value / trials;
+                errors[k] += numbers[k].error / trials;
+            }
+        }
+        for (int k = 0; k < 2; ++k) {
+            const double spread = std::sqrt(squares[k] - sum[k] * sum[k]);
+            QVERIFY2(
+                std::abs(errors[k] / spread - 1) < 0.25,
+                qPrintable(QString("%1: error %2, spread %3").arg(k).arg(errors[k]).arg(spread)));
+        }
+    }
+
+    void withoutKnownNoiseOnlyTheFitHasAnError()
+    {
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));
+        CellCharges::addNoise(profile, 0.01);
+        QVERIFY(!centreOfGravity(profile).position.hasError());
+        const BeamEstimate fit = leastSquaresGaussian(profile);
+        QVERIFY(fit.position.error > 0.005 && fit.position.error < 0.05);
+        QVERIFY(std::isnan(fit.quality.reducedChiSquare));
+        profile.noise = 0.01;
+        const double chi = leastSquaresGaussian(profile).quality.reducedChiSquare;
+        QVERIFY(chi > 0.4 && chi < 1.8);
+    }
+
+    //! ISO 11146: the background of the corners is subtracted, and charge far away does not count.
+    void theSecondMomentLeavesOutWhatIsFarAway()
+    {
+        const auto beam = CellCharges::gaussian(-40, 3);
+        const auto far = CellCharges::gaussian(30, 1, 0.02);
+        const BeamProfile profile = CellCharges::strips(128, 1, [&](double x) {
+            return 0.3 + beam(x) + far(x);
+        });
+        const BeamEstimate found = secondMomentWidth(profile);
+        QVERIFY(found.isOk() && !found.clipped);
+        QVERIFY(std::abs(found.position.value + 40) < 1e-3);
+        // Cells of width 1 add 1/12 to the variance.
+        QVERIFY(std::abs(found.sigma.value - std::sqrt(9 + 1 / 12.0)) < 1e-3);
+        QVERIFY(secondMomentWidth(CellCharges::strips(32, 1, CellCharges::gaussian(4, 3))).clipped);
+    }
+
+    void flatFields_data()
+    {
+        QTest::addColumn<double>("blur");
+        QTest::addColumn<double>("tilt");
+        QTest::newRow("sharp") << 1.5 << 0.0;
+        QTest::newRow("soft") << 4.0 << 0.0;
+        QTest::newRow("tilted") << 1.5 << 0.1;
+    }
+    //! An edge blurred by a Gaussian falls from 80 % to 20 % within 2 x 0.84162 of its sigma.
+    void flatFields()
+    {
+        QFETCH(double, blur);
+        QFETCH(double, tilt);
+        const BeamProfile profile = CellCharges::strips(160, 0.5, [=](double x) {
+            const double edges =
+                (std::erf((x + 25) / blur / M_SQRT2) - std::erf((x - 15) / blur / M_SQRT2)) / 2;
+            return edges * (1 + tilt * (x + 5) / 20);
+        });
+        const FlatField field = flatField(profile);
+        QCOMPARE(int(field.status), int(EstimateStatus::Ok));
+        QVERIFY(std::abs(field.size.value - 40) < 0.15 + tilt);
+        QVERIFY(std::abs(field.centre.value + 5) < 0.05 + 2 * tilt);
+        QVERIFY(std::abs(field.lowerPenumbra.value - 2 * 0.84162 * blur) < 0.1 + 4 * tilt);
+        QVERIFY(std::abs(field.upperPenumbra.value - 2 * 0.84162 * blur) < 0.1 + 4 * tilt);
+        // A tilt of 10 % at the edge is 8 % at the end of the central 80 %.
+        const double ofBlur = blur > 2 ? 0.1 : 0.005;
+        QVERIFY(std::abs(field.flatness.value - 0.8 * tilt) < ofBlur);
+        QVERIFY(std::abs(field.symmetry.value - 2 * 0.8 * tilt) < 0.02);
+        QVERIFY(field.isFlatTopped());
+    }
+    void fieldsWithoutEdgesOrPlateau()
+    {
+        const FlatField all = flatField(CellCharges::strips(32, 2, [](double) {
+            return 3.0;
+        }));
+        QCOMPARE(int(all.status), int(EstimateStatus::PeakOnEdge));
+        QVERIFY(all.flatness.value < 1e-9 && std::isnan(all.size.value));
+        const BeamProfile beam = CellCharges::strips(64, 1, CellCharges::gaussian(0, 6));
+        QVERIFY(!flatField(beam).isFlatTopped());
+    }
+
+    void hotCellsStandAlone()
+    {
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 1.2));
+        CellCharges::addNoise(profile, 0.005);
+        flagHotCells(profile);
+        QVERIFY(profile.flags.isEmpty());
+        profile.readings[28] = 0.3;
+        flagHotCells(profile);
+        QVERIFY(profile.has(28, CellFlag::Hot));
+        QCOMPARE(profile.flags.count(CellFlag::Hot), 1);
+        QVERIFY(std::abs(profile.withoutHoles().readings[28]) < 0.02);
+
+        std::vector<double> matrix(64 * 64);
+        for (int i = 0; i < 64 * 64; ++i)
+            matrix[std::size_t(i)] =
+                CellCharges::gaussian(30, 2)(i % 64) * CellCharges::gaussian(20, 1)(i / 64);
+        QVERIFY(hotCells(matrix.data(), 64, 64).empty());
+        matrix[64 * 63 + 63] = 0.5;
+        matrix[64 * 40 + 7] = 0.5;
+        QCOMPARE(hotCells(matrix.data(), 64, 64), (std::vector<int>{64 * 40 + 7, 64 * 63 + 63}));
+    }
+
+    //! The beam covers half of the cells, and the estimate is of the noise all the same.
+    void noiseIsEstimatedBesideABeam()
+    {
+        BeamProfile profile = CellCharges::strips(256, 1, CellCharges::gaussian(0, 20));
+        CellCharges::addNoise(profile, 0.03);
+        QVERIFY(std::abs(estimatedNoise(profile) / 0.03 - 1) < 0.2);
+        QCOMPARE(estimatedNoise(BeamProfile::uniform({1, 2, 3, 4})), 0.0);
+    }
+
+    void unusableProfilesAreRefused_data() { estimators(); }
+    void unusableProfilesAreRefused()
+    {
+        QFETCH(Estimator, estimate);
+        const auto statusOf = [&](const std::function<void(BeamProfile &)> &change) {
+            BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));
+            change(profile);
+            const BeamEstimate found = estimate(profile);
+            const FlatField field = flatField(profile);
+            return found.status == EstimateStatus::NotUsable
+                && field.status == EstimateStatus::NotUsable;
+        };
+        QVERIFY(statusOf([](BeamProfile &p) {
+            p.readings[3] = qQNaN();
+        }));
+        QVERIFY(statusOf([](BeamProfile &p) {
+            p.positions[3] = p.positions[2];
+        }));
+        QVERIFY(statusOf([](BeamProfile &p) {
+            p.scales[3] = 0;
+        }));
+        QVERIFY(statusOf([](BeamProfile &p) {
+            p.flags.resize(3);
+        }));
+        QVERIFY(!estimate(BeamProfile()).isOk());
+        QVERIFY(!estimate(BeamProfile::uniform({5})).isOk());
+        for (double level : {0.0, 7.0, -7.0, 1e308})
+            for (int count : {2, 3, 4, 5, 32})
+                estimate(BeamProfile::uniform(QVector<double>(count, level))); // must end
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_ProfileEstimators)
+#include "tst_ProfileEstimators.moc"

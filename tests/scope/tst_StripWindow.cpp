@@ -50,44 +50,37 @@ class tst_StripWindow : public QObject
 private Q_SLOTS:
     void window_data()
     {
-        columns<int, int, double>("samples", "sweepLength", "width");
-        QTest::addColumn<int>("scrollValue"); // -1 follows
-        columns<double, double, QString>("left", "right", "rows");
-
-        // Samples half a second apart, the first at 0.
-        row("follows, buffer longer than the chart", 100, 20, 0.0, -1, 40.0, 49.5, "80-100");
-        row("follows, buffer as long as the chart", 20, 20, 0.0, -1, 0.0, 9.5, "1-20");
-        row("follows, chart not filled yet", 10, 20, 0.0, -1, -4.5, 4.5, "1-10");
-        row("follows, width given", 100, 20, 5.0, -1, 44.5, 49.5, "89-100");
-        row("follows, width longer than the buffer", 10, 20, 30.0, -1, -25.5, 4.5, "1-10");
-        row("a negative width is none", 100, 20, -5.0, -1, 40.0, 49.5, "80-100");
-        row("scrolled back", 100, 20, 0.0, 1000000, 10.0, 19.9, "20-41");
-        row("scrolled to the start", 100, 20, 0.0, 0, 0.0, 9.9, "1-21");
-        row("scrolled back, width given", 100, 20, 5.0, 1000000, 10.0, 15.0, "20-32");
+        // Samples half a second apart, the first at 0; the chart shows 20, or a width that is given. A scroll value of -1
+        // follows.
+        columns<int, double, int, QString>("samples", "width", "scrollValue", "shown");
+        row("follows, buffer longer than the chart", 100, 0.0, -1, "80-100 from 40 to 49.5");
+        row("follows, buffer as long as the chart", 20, 0.0, -1, "1-20 from 0 to 9.5");
+        row("follows, chart not filled yet", 10, 0.0, -1, "1-10 from -4.5 to 4.5");
+        row("follows, width given", 100, 5.0, -1, "89-100 from 44.5 to 49.5");
+        row("follows, wider than the buffer", 10, 30.0, -1, "1-10 from -25.5 to 4.5");
+        row("a negative width is none", 100, -5.0, -1, "80-100 from 40 to 49.5");
+        row("scrolled back", 100, 0.0, 1000000, "20-41 from 10 to 19.9");
+        row("scrolled to the start", 100, 0.0, 0, "1-21 from 0 to 9.9");
+        row("scrolled back, width given", 100, 5.0, 1000000, "20-32 from 10 to 15");
     }
-
     void window()
     {
         QFETCH(int, samples);
-        QFETCH(int, sweepLength);
-        QFETCH(double, width);
         QFETCH(int, scrollValue);
+        QFETCH(double, width);
         ScopeTestModel model(1);
         model.appendRows(samples, 0.5, [](int, double) {
             return 0.0;
         });
-
         StripRequest request;
         request.samples = samples;
-        request.sweepLength = sweepLength;
+        request.sweepLength = 20;
         request.width = width;
         request.following = scrollValue < 0;
         request.scrollValue = scrollValue;
         const StripWindow window = stripWindow(PlotColumnReader(&model), request);
-
-        QTEST(window.left, "left");
-        QTEST(window.right, "right");
-        QTEST(text(window.rows), "rows");
+        QTEST(text(window.rows) + QString(" from %1 to %2").arg(window.left).arg(window.right),
+              "shown");
     }
 
     void rowsAreThoseOfTheDefinition_data()

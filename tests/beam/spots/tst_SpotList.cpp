@@ -95,22 +95,17 @@ private Q_SLOTS:
         QCOMPARE(makeSquare(QRectF()), QRectF());
     }
 
-    void picturesFitTheViewport_data()
-    {
-        columns<QRect, QRectF, QRect>("viewport", "bounds", "picture");
-        const QRectF square(-5, -5, 10, 10);
-        row("wide", QRect(0, 0, 300, 160), square, QRect(70, 0, 160, 160));
-        row("high", QRect(0, 0, 160, 300), square, QRect(0, 70, 160, 160));
-        row("half a pixel is rounded up", QRect(0, 0, 301, 200), square, QRect(51, 0, 199, 200));
-        row("no bounds", QRect(0, 0, 300, 160), QRectF(), QRect(70, 0, 160, 160));
-        row("no viewport", QRect(0, 0, 0, 160), square, QRect());
-    }
-
     void picturesFitTheViewport()
     {
-        QFETCH(QRect, viewport);
-        QFETCH(QRectF, bounds);
-        QTEST(pictureRect(viewport, bounds), "picture");
+        const QRectF square(-5, -5, 10, 10);
+        const std::tuple<QRect, QRectF, QRect> cases[] = {
+            {{0, 0, 300, 160}, square, {70, 0, 160, 160}},
+            {{0, 0, 160, 300}, square, {0, 70, 160, 160}},
+            {{0, 0, 301, 200}, square, {51, 0, 199, 200}}, // half a pixel is rounded up
+            {{0, 0, 300, 160}, QRectF(), {70, 0, 160, 160}},
+            {{0, 0, 0, 160}, square, QRect()}};
+        for (const auto &[viewport, bounds, picture] : cases)
+            QCOMPARE(pictureRect(viewport, bounds), picture);
     }
 
     void nearestIsWithinItsOwnSigma()

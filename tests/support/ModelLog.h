@@ -61,7 +61,7 @@ public:
     //! Returns what was announced since the last call, separated by commas.
     QString take()
     {
-        const QString text = m_lines.join(", ");
+        QString text = m_lines.join(", ");
         m_lines.clear();
         return text;
     }

@@ -351,7 +351,7 @@ private:
     //! Returns what was announced since the last call.
     QString announced()
     {
-        const QString texts = m_announced.join(' ');
+        QString texts = m_announced.join(' ');
         m_announced.clear();
         return texts;
     }

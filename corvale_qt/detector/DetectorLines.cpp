@@ -292,14 +292,37 @@ const QHash<QString, Take> &takers()
     return all;
 }
 
+/*! Shares the readings between the planes: by the numbers of stated positions, otherwise evenly. A stream of channels for which
+    lines name one axis only is a single plane. */
+void shareStrips(const Data &data, const DetectorDescription &stream, DetectorDescription &result)
+{
+    const int ofX = data.x.stated.positions.size(), ofY = data.y.stated.positions.size();
+    const bool onePlane = stream.kind == DetectorKind::Channels && data.x.named != data.y.named;
+    int x = (stream.readings + 1) / 2;
+    if (onePlane)
+        x = data.x.named ? stream.readings : 0;
+    else if (ofX > 0)
+        x = ofX;
+    else if (ofY > 0)
+        x = std::max(stream.readings - ofY, 0);
+    const bool onlyX = onePlane && data.x.named;
+    result.x.cells = x;
+    result.y.cells = ofY > 0 && !onlyX ? ofY : std::max(stream.readings - x, 0);
+}
+
+//! Returns the number of cells that "#layout" states, or one more than there may be.
+int sizedReadings(const DetectorDescription &result)
+{
+    const qint64 x = result.x.cells, y = result.y.cells;
+    const qint64 cells = result.kind == DetectorKind::Strips ? x + y : x * y;
+    return int(std::clamp<qint64>(cells, 0, DetectorLayout::maxReadings + 1));
+}
+
 //! Adds the kind and the cells that the stream or the number of stated positions tells.
 void takeShape(const Data &data, const DetectorDescription &stream, DetectorDescription &result)
 {
-    if (data.sized) {
-        const qint64 x = result.x.cells, y = result.y.cells;
-        const qint64 cells = result.kind == DetectorKind::Strips ? x + y : x * y;
-        result.readings = int(std::clamp<qint64>(cells, 0, DetectorLayout::maxReadings + 1));
-    }
+    if (data.sized)
+        result.readings = sizedReadings(result);
     if (result.readings == 0)
         result.readings = stream.readings;
     if (data.complete || data.sized)
@@ -307,23 +330,12 @@ void takeShape(const Data &data, const DetectorDescription &stream, DetectorDesc
     const bool planes = data.x.named || data.y.named;
     result.kind =
         stream.kind == DetectorKind::Channels && planes ? DetectorKind::Strips : stream.kind;
-    const int readings = stream.readings;
-    int &x = result.x.cells, &y = result.y.cells;
-    if (result.kind == DetectorKind::Matrix) {
-        x = stream.x.cells;
-        y = stream.y.cells;
-    } else if (result.kind == DetectorKind::Strips) {
-        const int ofX = data.x.stated.positions.size(), ofY = data.y.stated.positions.size();
-        const bool onePlane =
-            stream.kind == DetectorKind::Channels && !(data.x.named && data.y.named);
-        if (onePlane)
-            x = data.x.named ? readings : 0;
-        else
-            x = ofX > 0 ? ofX : ofY > 0 ? std::max(readings - ofY, 0) : (readings + 1) / 2;
-        y = ofY > 0 ? ofY : std::max(readings - x, 0);
-        if (onePlane && data.x.named)
-            y = 0;
-    }
+    if (result.kind == DetectorKind::Strips)
+        shareStrips(data, stream, result);
+    if (result.kind != DetectorKind::Matrix)
+        return;
+    result.x.cells = stream.x.cells;
+    result.y.cells = stream.y.cells;
 }
 
 template<typename Set>

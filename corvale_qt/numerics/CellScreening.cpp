@@ -32,7 +32,7 @@ struct Neighbours
 
     void add(double value) { values[std::size_t(count++)] = value; }
 
-    bool leaveAlone(double value, double noise, const HotCellLimits &limits)
+    bool isHot(double value, double noise, const HotCellLimits &limits)
     {
         if (count < kLeastNeighbours)
             return false;
@@ -78,7 +78,7 @@ std::vector<int> hotCells(const double *cells, int rows, int columns, const HotC
                     neighbours.add(neighbour);
                 }
             }
-            if (highest && neighbours.leaveAlone(value, noise, limits))
+            if (highest && neighbours.isHot(value, noise, limits))
                 hot.push_back(row * columns + column);
         }
     }
@@ -95,7 +95,7 @@ void flagHotCells(BeamProfile &profile, const HotCellLimits &limits)
         for (int j = std::max(i - kReach, 0); j <= std::min(i + kReach, profile.count() - 1); ++j)
             if (j != i && !profile.has(j, CellFlag::Dead))
                 neighbours.add(profile.density(j));
-        if (neighbours.leaveAlone(profile.density(i), noise / profile.scales[i], limits))
+        if (neighbours.isHot(profile.density(i), noise / profile.scales[i], limits))
             profile.setFlag(i, CellFlag::Hot);
     }
 }

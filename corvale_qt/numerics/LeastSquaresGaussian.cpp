@@ -40,6 +40,7 @@ struct Guess
     static Guess of(const BeamProfile &profile, const std::vector<int> &cells)
     {
         std::vector<double> sorted;
+        sorted.reserve(cells.size());
         for (int cell : cells)
             sorted.push_back(profile.density(cell));
         std::sort(sorted.begin(), sorted.end());

@@ -63,7 +63,7 @@ DetectorFault widthFault(const DetectorAxis &axis, const QString &place)
         return {};
     if (axis.widths.size() != 1 && axis.widths.size() != axis.cells)
         return {place, tr("has %1 widths for %2 cells").arg(axis.widths.size()).arg(axis.cells)};
-    if (const DetectorFault fault = listFault(axis.widths, place); !fault.isEmpty())
+    if (DetectorFault fault = listFault(axis.widths, place); !fault.isEmpty())
         return fault;
     constexpr double rounding = 1 + 1e-9;
     for (int i = 0; i < axis.cells; ++i) {
@@ -153,9 +153,9 @@ DetectorFault axisFault(const DetectorAxis &axis, const QString &name, int most)
         return {name + QLatin1String(".pitch"), tr("is not above 0")};
     if (!isLength(axis.offset))
         return {name + QLatin1String(".offset"), tr("is not a usable length")};
-    if (const DetectorFault fault = listFault(axis.positions, positions); !fault.isEmpty())
+    if (DetectorFault fault = listFault(axis.positions, positions); !fault.isEmpty())
         return fault;
-    if (const DetectorFault fault = orderFault(axis.positions, positions); !fault.isEmpty())
+    if (DetectorFault fault = orderFault(axis.positions, positions); !fault.isEmpty())
         return fault;
     return widthFault(axis, name + QLatin1String(".widths"));
 }

@@ -119,13 +119,13 @@ void readWiring(JsonMembers &members, QVector<int> &wiring)
 {
     QVector<double> numbers;
     members.take("wiring", numbers, false);
-    for (int i = 0; i < numbers.size(); ++i) {
-        if (!(numbers[i] >= 0 && numbers[i] <= DetectorLayout::maxReadings)
-            || numbers[i] != std::floor(numbers[i])) {
-            members.report(QStringLiteral("wiring"), tr("%1 is no reading").arg(numbers[i]));
+    for (double number : qAsConst(numbers)) {
+        if (!(number >= 0 && number <= DetectorLayout::maxReadings)
+            || number != std::floor(number)) {
+            members.report(QStringLiteral("wiring"), tr("%1 is no reading").arg(number));
             return;
         }
-        wiring.append(int(numbers[i]) - 1);
+        wiring.append(int(number) - 1);
     }
 }
 
@@ -242,7 +242,7 @@ DetectorLayout detectorFromJson(const QByteArray &json, DetectorFault *fault)
 {
     DetectorFault found;
     DetectorLayout layout;
-    QJsonParseError error;
+    QJsonParseError error{};
     if (json.size() > kLongestDetectorFile) {
         found.text = tr("the text is longer than %1 MiB").arg(kLongestDetectorFile >> 20);
     } else if (const auto document = QJsonDocument::fromJson(json, &error); !document.isObject()) {

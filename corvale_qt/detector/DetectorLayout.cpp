@@ -74,7 +74,7 @@ DetectorFault axesFault(const DetectorDescription &description)
     const int most = matrix ? DetectorLayout::maxSide : DetectorLayout::maxStrips;
     for (const auto &[axis, name] : {std::make_pair(&description.x, QStringLiteral("x")),
                                      std::make_pair(&description.y, QStringLiteral("y"))}) {
-        if (const DetectorFault fault = axisFault(*axis, name, most); !fault.isEmpty())
+        if (DetectorFault fault = axisFault(*axis, name, most); !fault.isEmpty())
             return fault;
         if (matrix && axis->cells == 0)
             return {name + QLatin1String(".cells"), tr("a matrix has rows and columns")};
@@ -145,7 +145,7 @@ DetectorFault restFault(const DetectorDescription &description, Size size)
     if (!std::isnan(description.noise)
         && !(description.noise > 0 && std::isfinite(description.noise)))
         return {QStringLiteral("noise"), tr("is not above 0")};
-    if (const DetectorFault fault = wiringFault(description, size); !fault.isEmpty())
+    if (DetectorFault fault = wiringFault(description, size); !fault.isEmpty())
         return fault;
     return channelsFault(description, size.readings);
 }

@@ -17,8 +17,9 @@ std::vector<std::string> fuzzSeeds()
         "time_s,, \x01,a \x01,\xc2\xa0 b \n0,1,2,3,4\n1,5,6,7,8\n",
         "time_s," + std::string(63, 'n') + "\xf0\x9f\x92\xa5,m" + std::string(63, ' ')
             + "m\n0,1,2\n",
-        "#corvale 1\n#channels a\n#t0 9999-12-31T23:00:00-05:00\n#range -inf,1e-400\n9,1\n#corvale "
-        "1\n0,1e-400\n",
+        ("#corvale 1\n#channels a\n#t0 9999-12-31T23:00:00-05:00\n#range "
+         "-inf,1e-400\n9,1\n#corvale "
+         "1\n0,1e-400\n"),
         "0,1\n1e6,1\n1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n",
         "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
         "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};

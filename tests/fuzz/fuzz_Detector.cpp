@@ -16,8 +16,8 @@ std::vector<std::string> fuzzSeeds()
                "channels":{"names":["a","b","c"],"gain":[1,2,3],"dead":[2],"saturation":5}})",
         "#layout strips 3 2\n#pitch x 2 mm\n#positions y -1,4 mm\n#offset x 0.5 mm\n#dead 2",
         "#positions x 3 2 1 mm\n#widths x 0.5 mm\n#gain 1,2,3,4,5\n#direction x reverse\n#density",
-        "#offset x 0.5 \xef\xbb\xbf"
-        "mm\n#pitch 2 mm\n#dead 2",
+        ("#offset x 0.5 \xef\xbb\xbf"
+         "mm\n#pitch 2 mm\n#dead 2"),
         "#layout matrix 2 3\n#pedestal 1\n#saturation 9\n#noise 0.5\n#detector {\"detector\":1}"};
 }
 

@@ -10,8 +10,8 @@ using namespace Monitor;
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 "
-            "2026-03-01T12:00:00Z\n0,1,2\n0.1,3,4\n",
+    return {("#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 "
+             "2026-03-01T12:00:00Z\n0,1,2\n0.1,3,4\n"),
             "#layout matrix 1 2\n#pitch 2 mm\n#gain 1,2\n0,1,2\n0.1,3,4\n",
             "#positions x -3,4 mm\n#dead 2\n#density\n0,1,2\n0.1,3,4\n",
             "0 1 2\n1 3 4\n2 5 6\n",

@@ -12,12 +12,10 @@ std::vector<std::string> fuzzSeeds()
             "MU/s",
             "Gp per s",
             "minutes",
-            "\xc2\xb0"
-            "C",
+            "\xc2\xb0\x43", // degrees Celsius
             "Fahrenheit",
             "Celcius",
-            "\xc2\xb5"
-            "A",
+            "\xc2\xb5\x41", // microampere
             "strips"};
 }
 

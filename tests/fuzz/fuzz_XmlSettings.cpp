@@ -28,17 +28,17 @@ QByteArray written(const SettingsMap &settings)
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Settings>\n    <StatisticsSetupPage>\n"
-            "        <peaks>2</peaks>\n        <center-of-gravity>true</center-of-gravity>\n"
-            "    </StatisticsSetupPage>\n</Settings>\n",
+    return {("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Settings>\n    <StatisticsSetupPage>\n"
+             "        <peaks>2</peaks>\n        <center-of-gravity>true</center-of-gravity>\n"
+             "    </StatisticsSetupPage>\n</Settings>\n"),
             "<Settings><a>1<b>2</b></a><a><b>3</b></a><c/></Settings>",
-            "<Settings><Beam_x0020_Line><_x0031_st>x&#13;&amp;&#65534;</_x0031_st></"
-            "Beam_x0020_Line></Settings>",
-            "<!DOCTYPE s [<!ENTITY e \"text\"><!ATTLIST a b CDATA "
-            "\"c\">]><Settings><a>&e;<![CDATA[<]]></a></Settings>",
-            "<Settings "
-            "xmlns:n=\"u\"><a><Settings><n:b>1</n:b></Settings><c_x002F_d>2</c_x002F_d></a></"
-            "Settings>",
+            ("<Settings><Beam_x0020_Line><_x0031_st>x&#13;&amp;&#65534;</_x0031_st></"
+             "Beam_x0020_Line></Settings>"),
+            ("<!DOCTYPE s [<!ENTITY e \"text\"><!ATTLIST a b CDATA "
+             "\"c\">]><Settings><a>&e;<![CDATA[<]]></a></Settings>"),
+            ("<Settings "
+             "xmlns:n=\"u\"><a><Settings><n:b>1</n:b></Settings><c_x002F_d>2</c_x002F_d></a></"
+             "Settings>"),
             "<Settings><a>text<![CDATA[]]></a></Settings>"};
 }
 

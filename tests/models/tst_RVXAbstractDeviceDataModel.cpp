@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 
+#include <type_traits>
+
 // With this header alone, a host can connect unitsChanged() by its address, and delete what seriesData() returns.
-static_assert(sizeof(Corvale_Qt::Units::MeasurementUnit) > 0);
-static_assert(sizeof(QwtSeriesData<QPointF>) > 0);
+static_assert(std::is_polymorphic_v<Corvale_Qt::Units::MeasurementUnit>);
+static_assert(std::has_virtual_destructor_v<QwtSeriesData<QPointF>>);
 
 #include "corvale_qt/units/Units.h"
 #include "tests/support/ModelLog.h"

@@ -52,7 +52,7 @@ private Q_SLOTS:
                 GaussianRadialGradientBrush::create({0.25, 0.5}, Qt::green, amplitude, sigma));
             const QImage image = pictureOf(*brush);
             for (int x = 0; x < side; ++x) {
-                const double distance = std::hypot(x + 0.5 - side / 4, 0.5) / side;
+                const double distance = std::hypot(x + 0.5 - side / 4.0, 0.5) / side;
                 const double expected = 255 * opacityAt(distance, amplitude, sigma);
                 // Qt paints a gradient from a table of 1024 colours.
                 const double next = 255 * opacityAt(distance + 1.0 / 1024, amplitude, sigma);

@@ -12,11 +12,11 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
+#include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <stdlib.h>
 #include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>

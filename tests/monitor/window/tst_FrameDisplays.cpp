@@ -131,7 +131,7 @@ private Q_SLOTS:
         };
         s.source->begin(spotHeader());
         for (int i = 0; i < 9; ++i)
-            s.source->give(0.02 * i, {1.0 + i / 4, double(i), 0.0, 1.0, 4.0, 4.0});
+            s.source->give(0.02 * i, {double(1 + i / 4), double(i), 0.0, 1.0, 4.0, 4.0});
         s.settle();
         QCOMPARE(shown(), QString("All 3 layers, 9 spots"));
         QCOMPARE(step(1), QString("Layer 1 of 3, 4 spots"));
@@ -150,7 +150,7 @@ private Q_SLOTS:
         header.channels.prepend({"beam", {}});
         s.source->begin(header);
         for (int i = 0; i < 6; ++i)
-            s.source->give(0.02 * i, {1.0 + i / 3, 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
+            s.source->give(0.02 * i, {double(1 + i / 3), 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
         s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
         s.settle();
         QVERIFY(shown().startsWith("All 3 layers"));

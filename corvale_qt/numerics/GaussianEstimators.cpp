@@ -13,16 +13,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr double kHalfMaximumInSigma = 2.3548200450309493; // 2 sqrt(2 ln 2)
 //! The share of the cells at each end whose median is the background of the width at half maximum.
 constexpr double kBackgroundShare = 0.05;
-
-BeamEstimate failed(EstimateStatus status)
-{
-    BeamEstimate result;
-    result.status = status;
-    return result;
-}
 
 EstimateStatus statusOf(FitStatus status)
 {
@@ -69,15 +61,6 @@ void propagateNoise(const BeamProfile &profile,
     }
     result.position.error = std::sqrt(position);
     result.sigma.error = std::sqrt(sigma);
-}
-
-int densestCell(const BeamProfile &profile)
-{
-    int densest = 0;
-    for (int i = 1; i < profile.count(); ++i)
-        if (profile.density(i) > profile.density(densest))
-            densest = i;
-    return densest;
 }
 
 //! A parabola a + b t + c t^2, with t = position - origin, of the logarithm of the densities.

@@ -121,4 +121,20 @@ double endBackground(const BeamProfile &profile, int atEachEnd)
     return median(std::move(ends));
 }
 
+BeamEstimate failed(EstimateStatus status)
+{
+    BeamEstimate result;
+    result.status = status;
+    return result;
+}
+
+int densestCell(const BeamProfile &profile)
+{
+    int densest = 0;
+    for (int i = 1; i < profile.count(); ++i)
+        if (profile.density(i) > profile.density(densest))
+            densest = i;
+    return densest;
+}
+
 } // namespace Corvale_Qt

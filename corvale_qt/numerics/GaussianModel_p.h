@@ -8,6 +8,9 @@
 
 namespace Corvale_Qt {
 
+constexpr double kHalfMaximumInSigma =
+    2.3548200450309493; //!< full width at half maximum: 2 sqrt(2 ln 2) sigma
+
 //! A Gaussian of height 1, averaged over a cell, and its derivatives.
 struct CellGaussian
 {
@@ -26,6 +29,12 @@ constexpr CellFlags kUntrusted = CellFlag::Dead | CellFlag::Hot | CellFlag::Satu
 /*! Compares the readings with the Gaussian of an estimate, of which \a parameters were fitted. Fields of the quality that
     are not known stay NaN. */
 FitQuality qualityOf(const BeamProfile &profile, const BeamEstimate &estimate, int parameters);
+
+//! Returns an estimate without numbers.
+BeamEstimate failed(EstimateStatus status);
+
+//! Returns the cell of the largest density, the first one of equals; 0 without cells.
+int densestCell(const BeamProfile &profile);
 
 //! Returns the median density of \a atEachEnd cells at each end, of half of the cells at most; 0 without cells.
 double endBackground(const BeamProfile &profile, int atEachEnd);

@@ -13,7 +13,6 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int kMostEvaluations = 400;
-constexpr double kHalfMaximumInSigma = 2.3548200450309493; // 2 sqrt(2 ln 2)
 
 enum Parameter {
     Mean, //!< (mean - origin) / length

@@ -111,22 +111,6 @@ private:
     QVector<double> m_shares;
 };
 
-BeamEstimate failed(EstimateStatus status)
-{
-    BeamEstimate result;
-    result.status = status;
-    return result;
-}
-
-int densestCell(const BeamProfile &profile)
-{
-    int densest = 0;
-    for (int i = 1; i < profile.count(); ++i)
-        if (profile.density(i) > profile.density(densest))
-            densest = i;
-    return densest;
-}
-
 //! Returns how much of a cell lies between two positions.
 double shareBetween(const BeamProfile &profile, int cell, double lower, double upper)
 {

@@ -29,7 +29,7 @@ static void endSoon()
     bool given = false;
     const int milliseconds = qEnvironmentVariableIntValue("CORVALE_QT_END_AFTER", &given);
     if (given)
-        QTimer::singleShot(milliseconds, qApp, end);
+        QTimer::singleShot(milliseconds, QCoreApplication::instance(), end);
 }
 
 Q_COREAPP_STARTUP_FUNCTION(endSoon)

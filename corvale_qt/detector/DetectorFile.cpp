@@ -245,6 +245,9 @@ DetectorLayout detectorFromJson(const QByteArray &json, DetectorFault *fault)
     QJsonParseError error{};
     if (json.size() > kLongestDetectorFile) {
         found.text = tr("the text is longer than %1 MiB").arg(kLongestDetectorFile >> 20);
+    } else if (const RepeatedKey repeated = repeatedKey(json); repeated.line > 0) {
+        found.text = tr("the key \"%1\" is given twice, or with a backslash").arg(repeated.key);
+        found.line = repeated.line;
     } else if (const auto document = QJsonDocument::fromJson(json, &error); !document.isObject()) {
         const bool broken = error.error != QJsonParseError::NoError;
         found.text = broken ? error.errorString() : tr("this is not an object in braces");

@@ -231,7 +231,7 @@ bool takeDead(const QString &value, Data &data, QString &wrong)
     data.deadStated = true;
     for (double number : qAsConst(numbers)) {
         if (!(number >= 1 && number <= kMostNumbers) || number != std::floor(number)) {
-            wrong = tr("%1 is no channel; channels are counted from 1").arg(number);
+            wrong = tr("there is no channel %1; channels are counted from 1").arg(number);
             return false;
         }
         data.dead.append(int(number));

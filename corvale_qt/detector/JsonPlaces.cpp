@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/JsonPlaces_p.h"
 
+#include <QSet>
 #include <QVector>
 
 #include <algorithm>
@@ -9,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Walks through a valid document and keeps the place of the value that it has reached.
+//! Walks through a document and keeps the place of the value that it has reached, as long as the document is valid.
 class Walk
 {
 public:
@@ -26,6 +27,13 @@ public:
             step(m_json[m_at]);
         return m_best;
     }
+    //! Returns the first key that its object has already.
+    RepeatedKey repeatedKey()
+    {
+        for (m_at = 0; m_at < m_json.size() && m_repeated.line == 0; ++m_at)
+            step(m_json[m_at]);
+        return m_repeated;
+    }
 
 private:
     struct Level
@@ -34,6 +42,7 @@ private:
         int index = 0;
         QString key;
         bool expectsKey = true;
+        QSet<QString> keys;
     };
 
     void step(char c)
@@ -42,7 +51,7 @@ private:
             ++m_line;
         } else if (c == '{' || c == '[') {
             beginValue();
-            m_levels.append({c == '[', 0, {}, true});
+            m_levels.append({c == '[', 0, {}, true, {}});
         } else if (c == '}' || c == ']') {
             if (!m_levels.isEmpty())
                 m_levels.removeLast();
@@ -76,8 +85,14 @@ private:
             beginValue();
             return;
         }
-        m_levels.last().key = QString::fromUtf8(m_json.mid(begin, m_at - begin));
-        m_levels.last().expectsKey = false;
+        Level &level = m_levels.last();
+        level.key = QString::fromUtf8(m_json.mid(begin, m_at - begin));
+        level.expectsKey = false;
+        // The same key may be spelt with escapes, which no key of a detector needs.
+        if (m_repeated.line == 0
+            && (level.keys.contains(level.key) || level.key.contains(QLatin1Char('\\'))))
+            m_repeated = {m_line, level.key};
+        level.keys.insert(level.key);
     }
 
     void beginValue()
@@ -105,6 +120,7 @@ private:
     int m_line = 1;
     int m_best = 1;
     int m_bestSize = 0;
+    RepeatedKey m_repeated;
 };
 
 } // namespace
@@ -118,6 +134,11 @@ int lineOfOffset(const QByteArray &text, int offset)
 int lineOfPlace(const QByteArray &json, const QString &place)
 {
     return Walk(json, place).line();
+}
+
+RepeatedKey repeatedKey(const QByteArray &json)
+{
+    return Walk(json, QString()).repeatedKey();
 }
 
 } // namespace Corvale_Qt

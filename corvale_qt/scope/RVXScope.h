@@ -71,7 +71,7 @@ class CORVALE_QT_EXPORT RVXScope : public QWidget
 
 public:
     //! What the plot shows; the values are those of RVXScopePlotView::PlotMode.
-    enum PlotMode {
+    enum PlotMode : int {
         StripMode = 0,
         ScopeMode = 1,
         HistogramMode = 2,
@@ -94,7 +94,7 @@ public:
     Q_FLAG(PlotTabs)
 
     //! The lists of y ranges that the panel can offer.
-    enum YScaleMode {
+    enum YScaleMode : int {
         //! Percentages of SetRange(); the index of an entry is its RVXScopePlotView::PlotScales value.
         PercentRanges = 0,
         //! The scale follows the data.

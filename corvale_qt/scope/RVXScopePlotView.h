@@ -77,7 +77,7 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
 
 public:
     //! What the view shows. The mode is StripMode until a model is set.
-    enum PlotMode {
+    enum PlotMode : int {
         StripMode = 0,
         ScopeMode = 1,
         HistogramMode = 2,
@@ -88,7 +88,7 @@ public:
     Q_ENUM(PlotMode)
 
     //! Scale of the y axis; the percentages are of the range given to SetRange().
-    enum PlotScales {
+    enum PlotScales : int {
         AutoScale = 0,
         //! Each curve is divided by its own largest magnitude.
         Normalized = 1,

@@ -115,6 +115,14 @@ private Q_SLOTS:
             "\"cells\": 4.5",
             "line 5, y.cells: is not a whole number from 0 to 65536");
         row("a spelling mistake", "\"pitch\"", "\"pich\"", "line 5, y.pich: is not a known key");
+        row("a key twice",
+            "\"noise\"",
+            "\"y\": { \"cells\": 3 },\n\"noise\"",
+            "line 6, the key \"y\" is given twice, or with a backslash");
+        row("a key spelt with an escape",
+            "\"pitch\"",
+            "\"\\u0063ells\"",
+            "line 5, the key \"\\u0063ells\" is given twice, or with a backslash");
         row("a gain too few",
             "1.5",
             "[1.5, 1.4]",
@@ -262,7 +270,7 @@ private Q_SLOTS:
         QTest::newRow("#layout strips 16")
             << "#layout: two numbers of cells must follow strips or matrix";
         QTest::newRow("#gain") << "#gain: the numbers are missing";
-        QTest::newRow("#dead 0") << "#dead: 0 is no channel; channels are counted from 1";
+        QTest::newRow("#dead 0") << "#dead: there is no channel 0; channels are counted from 1";
         QTest::newRow("#direction x down")
             << "#direction: the direction is neither forward nor reverse";
         QTest::newRow("#noise nan") << "#noise: the noise is not a number above 0";

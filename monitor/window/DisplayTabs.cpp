@@ -41,6 +41,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     connect(this, &QTabWidget::currentChanged, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedOut, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedIn, this, &DisplayTabs::showSpanControl);
+    connect(m_scope, &RVXScope::plotModeChanged, this, &DisplayTabs::showSpanControl);
     connect(m_span->box(), &TimeSpanBox::refused, &session, &Session::noted);
     connect(m_scope,
             &RVXScope::bufferedIntervalChanged,
@@ -78,18 +79,23 @@ void DisplayTabs::beginStream()
         setCurrentWidget(m_profile);
     else if (m_spots.hasSpots())
         setCurrentWidget(m_spotMap);
+    showSpanControl();
 }
 
-//! Shows the control while the scope can be seen: no other display has a time axis.
+//! Shows the control while a strip chart can be seen that has its span.
 void DisplayTabs::showSpanControl()
 {
-    m_span->setVisible(currentWidget() == m_scope || isPoppedOut(m_scope));
+    const bool canSeeScope = currentWidget() == m_scope || isPoppedOut(m_scope);
+    const bool hasRoom = count() > 0; // beside the tabs
+    m_span->setVisible(canSeeScope && hasRoom && m_span->applies());
 }
 
 void DisplayTabs::editSpan()
 {
     if (!m_span->isTimed())
         return;
+    if (count() == 0) // the control has its place beside the tabs
+        popIn(m_scope);
     setCurrentWidget(m_scope); // does nothing for a scope in a separate window
     m_scope->setPlotMode(RVXScope::StripMode);
     m_span->edit();

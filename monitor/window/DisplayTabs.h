@@ -36,7 +36,8 @@ public:
     /*! Brings strip, scope, histogram, profile, position or spots to the front, also from a separate window. Returns
         false if there is no such display now. */
     bool showDisplay(const QString &name);
-    //! Shows the strip chart, where it is, and lets the operator type how much time it shows.
+    /*! Shows the strip chart and lets the operator type how much time it shows. A scope in a separate window stays there
+        while there are other tabs. */
     void editSpan();
     //! Returns the displays in separate windows by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows() const;

@@ -30,7 +30,6 @@ SpanControl::SpanControl(RVXScope &scope, QWidget *parent)
                          "1.5 min or all. The newest 100000 readings are kept; a longer time shows "
                          "all of them."));
     connect(m_box, &TimeSpanBox::spanChanged, this, &SpanControl::apply);
-    connect(&scope, &RVXScope::plotModeChanged, this, &SpanControl::apply);
     // The keys of the chart and of the window are to work again.
     connect(m_box, &TimeSpanBox::entryFinished, this, [this] {
         m_scope.setFocus();
@@ -44,6 +43,11 @@ void SpanControl::setTimed(bool timed)
     apply();
 }
 
+bool SpanControl::applies() const
+{
+    return m_timed && m_scope.plotMode() == RVXScope::StripMode;
+}
+
 void SpanControl::edit()
 {
     window()->activateWindow();
@@ -54,7 +58,6 @@ void SpanControl::edit()
 void SpanControl::apply()
 {
     m_scope.setTimeSpan(m_timed ? m_box->span() : 0.0);
-    setEnabled(m_timed && m_scope.plotMode() == RVXScope::StripMode);
 }
 
 } // namespace Monitor

@@ -10,8 +10,7 @@ class TimeSpanBox;
 
 namespace Monitor {
 
-/*! The control that says how much time the strip chart shows. It is enabled while its span applies, that is, while the
-    scope shows a strip chart of readings with times. */
+//! The control that says how much time the strip chart shows.
 class SpanControl : public QWidget
 {
     Q_OBJECT
@@ -27,6 +26,8 @@ public:
         their model asks for. */
     void setTimed(bool timed);
     bool isTimed() const { return m_timed; }
+    //! Returns whether its span applies: the scope shows a strip chart of readings with times.
+    bool applies() const;
     //! Gives the box the focus, with its text selected, so that a span can be typed.
     void edit();
 

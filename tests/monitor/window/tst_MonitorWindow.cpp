@@ -382,8 +382,23 @@ private Q_SLOTS:
         QCOMPARE(again.spanBox()->currentText(), QString("90 s"));
         again.source->begin(StreamKind::Spots, 5); // may have no times
         QCOMPARE(again.window.displays().scope()->timeSpan(), 0.0);
+        again.window.displays().showDisplay("strip");
+        QVERIFY(!again.spanBox()->isVisible());
         again.source->begin(StreamKind::Channels, 2);
         QCOMPARE(again.window.displays().scope()->timeSpan(), 90.0);
+        for (const char *display : {"strip", "scope", "strip", "histogram"}) {
+            again.window.displays().showDisplay(display);
+            QCOMPARE(again.spanBox()->isVisible(), display == QString("strip"));
+        }
+        again.window.displays().showDisplay("strip");
+        again.window.displays().popOut(0); // leaves no tab, beside which the box has its place
+        QVERIFY(!again.spanBox()->isVisible());
+        QTest::keyClick(&again.window, Qt::Key_T, Qt::ControlModifier);
+        QVERIFY(again.spanBox()->isVisible());
+        again.source->begin(StreamKind::Strips, 64);
+        again.window.displays().showDisplay("strip");
+        again.window.displays().popOut(0);
+        QVERIFY(again.spanBox()->isVisible());
     }
 
     void picturesOfTheView()

@@ -16,6 +16,7 @@
 #include <corvale_qt/RVXTableView>
 #include <corvale_qt/SpotMapView>
 #include <corvale_qt/SpotMapWidget>
+#include <corvale_qt/TimeSpanBox>
 #include <corvale_qt/TreeComboBox>
 
 #include <QCoreApplication>
@@ -145,6 +146,13 @@ std::vector<WidgetDescription> generalWidgets()
          TIP("Spin box for numbers of any size, in scientific notation"),
          field,
          make<QScienceSpinBox>},
+        {"TimeSpanBox",
+         "Time Span Box",
+         "timeSpanBox",
+         TIP("Combo box for the length of time that a chart shows, chosen or typed: 90 s, 2 h, "
+             "all"),
+         field,
+         make<TimeSpanBox>},
         {"TreeComboBox",
          "Tree Combo Box",
          "treeComboBox",

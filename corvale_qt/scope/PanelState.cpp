@@ -28,7 +28,7 @@ int entryOf(const int (&values)[Count], int value)
 
 bool isSpan(double span)
 {
-    return std::isfinite(span) && span >= 0.0;
+    return span >= 0.0; // infinity shows all samples
 }
 
 //! Calls \a visit, which reads or writes, for each field that is kept, in the order of the bytes.

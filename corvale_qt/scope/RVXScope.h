@@ -58,10 +58,13 @@ class CORVALE_QT_EXPORT RVXScope : public QWidget
     Q_PROPERTY(bool zeroed READ isZeroed NOTIFY zeroedChanged STORED false)
     //! Acquisition period in milliseconds: 0 (as fast as readings come), 100, 1000 or 10000; 0 at first.
     Q_PROPERTY(int period READ period WRITE setPeriod NOTIFY periodChanged)
-    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for.
+    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for, infinity for all samples.
     Q_PROPERTY(double timeSpan READ timeSpan WRITE setTimeSpan NOTIFY timeSpanChanged)
     //! Number of samples in a sweep and across the strip chart; 0, as at first, for the number that the model asks for.
     Q_PROPERTY(int sampleSpan READ sampleSpan WRITE setSampleSpan NOTIFY sampleSpanChanged)
+    //! Whether the strip chart begins at its first sample and grows, instead of showing time before it; false at first.
+    Q_PROPERTY(
+        bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
     //! Whether clicks on the plot place markers; false at first.
     Q_PROPERTY(bool markersEnabled READ areMarkersEnabled WRITE setMarkersEnabled NOTIFY
                    markersEnabledChanged)
@@ -175,7 +178,7 @@ public:
         kept; they are cleared only when the operator chooses another period. */
     void setPeriod(int milliseconds);
 
-    //! Returns the width of the strip chart in the unit of x; 0 if the model decides.
+    //! Returns the width of the strip chart in the unit of x; 0 if the model decides, infinity for all samples.
     double timeSpan() const;
     //! Sets the width of the strip chart in the unit of x, see RVXScopePlotView::setTimeSpan().
     void setTimeSpan(double span);
@@ -183,6 +186,10 @@ public:
     int sampleSpan() const;
     //! Sets the number of samples in a sweep and across the strip chart, see RVXScopePlotView::setSampleSpan().
     void setSampleSpan(int samples);
+    //! Returns whether the strip chart shows no time before its first sample.
+    bool beginsAtFirst() const;
+    //! Sets whether the strip chart shows no time before its first sample, see RVXScopePlotView::setBeginAtFirst().
+    void setBeginAtFirst(bool begin);
     //! Returns whether clicks on the plot place markers.
     bool areMarkersEnabled() const;
     //! Sets whether clicks on the plot place markers. Switching this off removes both markers.
@@ -240,10 +247,12 @@ Q_SIGNALS:
     void zeroedChanged(bool zeroed);
     //! The acquisition period is another one, in milliseconds.
     void periodChanged(int milliseconds);
-    //! The strip chart has another width, in the unit of x; 0 if the model decides.
+    //! The strip chart has another width, in the unit of x; 0 if the model decides, infinity for all samples.
     void timeSpanChanged(double span);
     //! Sweeps and strip chart have another number of samples; 0 if the model decides.
     void sampleSpanChanged(int samples);
+    //! The strip chart begins at its first sample, or shows time before it again.
+    void beginAtFirstChanged(bool begin);
     //! Clicks on the plot place markers, or do so no more.
     void markersEnabledChanged(bool enabled);
     //! The controls below the tabs were shown or hidden.

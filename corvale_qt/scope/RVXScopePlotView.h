@@ -70,10 +70,13 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! Whether clicks place markers; false at first.
     Q_PROPERTY(bool markersEnabled READ areMarkersEnabled WRITE enablePlotMarker NOTIFY
                    markersEnabledChanged)
-    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for.
+    //! Width of the strip chart in the unit of x; 0, as at first, for the width that the model asks for, infinity for all samples.
     Q_PROPERTY(double timeSpan READ timeSpan WRITE setTimeSpan NOTIFY timeSpanChanged)
     //! Number of samples in a sweep and across the strip chart; 0, as at first, for the number that the model asks for.
     Q_PROPERTY(int sampleSpan READ sampleSpan WRITE setSampleSpan NOTIFY sampleSpanChanged)
+    //! Whether the strip chart begins at its first sample and grows, instead of showing time before it; false at first.
+    Q_PROPERTY(
+        bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
 
 public:
     //! What the view shows. The mode is StripMode until a model is set.
@@ -147,10 +150,11 @@ public:
     //! Returns whether the y axis shows only a tenth of the negative range.
     bool isPositiveOnly() const;
 
-    //! Returns the width of the strip chart in the unit of x; 0 if the model decides.
+    //! Returns the width of the strip chart in the unit of x; 0 if the model decides, infinity for all samples.
     double timeSpan() const;
     /*! Sets the width of the strip chart in the unit of x. It takes precedence over sampleSpan() and over what the model
-        asks for; 0 leaves the decision to these. Ignores a negative number and one that is not finite. */
+        asks for; 0 leaves the decision to these, and infinity shows all samples of the model. Ignores a negative number
+        and NaN. */
     void setTimeSpan(double span);
     //! Returns the number of samples in a sweep and across the strip chart; 0 if the model decides.
     int sampleSpan() const;
@@ -158,6 +162,11 @@ public:
         what the model asks for, both as a number and as a width; 0 leaves the decision to the model. 1 counts as 2,
         because one sample has no width. Ignores a negative number. */
     void setSampleSpan(int samples);
+    //! Returns whether the strip chart shows no time before its first sample.
+    bool beginsAtFirst() const;
+    /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has
+        room for, it then shows all of them, and its width grows with them to the one that is set. */
+    void setBeginAtFirst(bool begin);
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
     //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
@@ -242,10 +251,12 @@ Q_SIGNALS:
     void positiveOnlyChanged(bool positiveOnly);
     //! Clicks place markers, or do so no more.
     void markersEnabledChanged(bool enabled);
-    //! The strip chart has another width, in the unit of x; 0 if the model decides.
+    //! The strip chart has another width, in the unit of x; 0 if the model decides, infinity for all samples.
     void timeSpanChanged(double span);
     //! Sweeps and strip chart have another number of samples; 0 if the model decides.
     void sampleSpanChanged(int samples);
+    //! The strip chart begins at its first sample, or shows time before it again.
+    void beginAtFirstChanged(bool begin);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

@@ -62,11 +62,27 @@ double RVXScopePlotView::timeSpan() const
 void RVXScopePlotView::setTimeSpan(double span)
 {
     Q_D(RVXScopePlotView);
-    if (!std::isfinite(span) || span < 0.0 || span == d->context.span.time)
+    if (!(span >= 0.0) || span == d->context.span.time) // NaN is no span
         return;
     d->context.span.time = span;
     d->spanChanged();
     Q_EMIT timeSpanChanged(span);
+}
+
+bool RVXScopePlotView::beginsAtFirst() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.beginsAtFirst;
+}
+
+void RVXScopePlotView::setBeginAtFirst(bool begin)
+{
+    Q_D(RVXScopePlotView);
+    if (begin == d->context.beginsAtFirst)
+        return;
+    d->context.beginsAtFirst = begin;
+    d->spanChanged();
+    Q_EMIT beginAtFirstChanged(begin);
 }
 
 int RVXScopePlotView::sampleSpan() const

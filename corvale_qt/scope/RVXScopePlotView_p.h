@@ -58,7 +58,7 @@ public:
     void setMode(int newMode);
     //! Sets the full-scale range and applies it to the y axis.
     void setRange(const std::pair<double, double> &range);
-    //! Plots anew after timeSpan or sampleSpan has changed.
+    //! Plots anew after timeSpan, sampleSpan or beginAtFirst has changed.
     void spanChanged();
 
     //! Makes the plot that is pending, so that the markers read the newest samples, even if nothing is painted.

@@ -170,6 +170,18 @@ void RVXScope::setSampleSpan(int samples)
     d->ui.plotView->setSampleSpan(samples);
 }
 
+bool RVXScope::beginsAtFirst() const
+{
+    Q_D(const RVXScope);
+    return d->ui.plotView->beginsAtFirst();
+}
+
+void RVXScope::setBeginAtFirst(bool begin)
+{
+    Q_D(RVXScope);
+    d->ui.plotView->setBeginAtFirst(begin);
+}
+
 bool RVXScope::areMarkersEnabled() const
 {
     Q_D(const RVXScope);

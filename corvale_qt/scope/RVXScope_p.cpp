@@ -136,6 +136,11 @@ void RVXScopePrivate::connectView()
     QObject::connect(view, &RVXScopePlotView::timeSpanChanged, q, announce);
     QObject::connect(view, &RVXScopePlotView::sampleSpanChanged, q, announce);
     QObject::connect(view, &RVXScopePlotView::markersEnabledChanged, q, announce);
+    // Not part of the state that is kept as bytes, whose form older hosts know.
+    QObject::connect(view,
+                     &RVXScopePlotView::beginAtFirstChanged,
+                     q,
+                     &RVXScope::beginAtFirstChanged);
 }
 
 PanelState RVXScopePrivate::state() const

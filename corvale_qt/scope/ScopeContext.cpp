@@ -4,8 +4,14 @@
 #include "corvale_qt/scope/ScopeContext_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
+
+bool ScopeSpan::isWhole() const
+{
+    return std::isinf(time);
+}
 
 ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     : plot(thePlot)

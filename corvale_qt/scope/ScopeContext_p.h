@@ -26,8 +26,11 @@ class ScopeSurface;
 //! How much a host wants to see at once; 0 leaves the decision to the model.
 struct ScopeSpan
 {
-    double time = 0.0; //!< width of the strip chart in units of x
+    double time = 0.0; //!< width of the strip chart in units of x; infinity for all samples
     int samples = 0; //!< in a sweep and across the strip chart
+
+    //! Returns whether the strip chart shows all samples.
+    bool isWhole() const;
 };
 
 //! The model, and the parts that all plot modes draw it with. Plot and surface are not owned.
@@ -53,7 +56,7 @@ struct ScopeContext
 
     //! Returns the title of the y axis: the unit's name, or what stands for it.
     QString yTitle() const;
-    //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples.
+    //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples, infinity if it shows all.
     double stripWidth() const;
     //! Returns how many samples a strip chart shows while stripWidth() is 0.
     int stripLength() const;
@@ -72,6 +75,7 @@ struct ScopeContext
     HistogramStatistics statistics;
 
     // Strip chart.
+    bool beginsAtFirst = false; //!< no time before the first sample is shown
     BatchSizes batches;
     StripStart stripStart;
 

@@ -50,7 +50,9 @@ StripRequest StripPlotMode::currentRequest() const
     const QScrollBar *bar = m_context.surface.scrollBar();
     request.sweepLength = m_context.stripLength();
     request.width = m_context.stripWidth();
-    request.following = bar->value() == bar->maximum();
+    request.whole = m_context.span.isWhole();
+    request.beginsAtFirst = m_context.beginsAtFirst;
+    request.following = request.whole || bar->value() == bar->maximum();
     request.scrollValue = bar->value();
     request.scrollUnits = m_scrollUnits;
     return request;

@@ -24,10 +24,11 @@ double widthOfSamples(const PlotColumnReader &reader,
         * count; // measured on the rows before the chart
 }
 
-double followingLeft(const PlotColumnReader &reader,
-                     const StripWindow &window,
-                     const StripRequest &request)
+double
+wantedLeft(const PlotColumnReader &reader, const StripWindow &window, const StripRequest &request)
 {
+    if (request.whole)
+        return window.oldest;
     if (request.hasWidth())
         return window.newest - request.width;
     const int missing = request.sweepLength - (request.samples - request.first + 1);
@@ -35,6 +36,16 @@ double followingLeft(const PlotColumnReader &reader,
         return sampleX(reader, request.first - missing);
     // The trace does not fill the chart yet, so it begins inside.
     return window.oldest - widthOfSamples(reader, window, request, missing);
+}
+
+double followingLeft(const PlotColumnReader &reader,
+                     const StripWindow &window,
+                     const StripRequest &request)
+{
+    const double left = wantedLeft(reader, window, request);
+    // Samples at a single moment have no width, so the chart keeps the wanted one.
+    const bool hasTimeBefore = left < window.oldest && window.oldest < window.newest;
+    return request.beginsAtFirst && hasTimeBefore ? window.oldest : left;
 }
 
 } // namespace

@@ -22,6 +22,8 @@ struct StripRequest
     int first = 1; //!< first row of the chart
     int sweepLength = 256; //!< samples across the chart if it has no width
     double width = 0.0; //!< of the chart in units of x; 0 or less for none
+    bool whole = false; //!< the chart shows all samples, whatever its width and its length
+    bool beginsAtFirst = false; //!< the chart shows no time before its first sample
     bool following = true; //!< the newest sample stays at the right border
     //! While not following: distance from the oldest sample to the left border.
     int scrollValue = 0;

@@ -4,6 +4,7 @@
 #include "monitor/program/OptionTexts.h"
 #include "monitor/sources/SourceFactory.h"
 #include <corvale_qt/detector/DetectorFile.h>
+#include <corvale_qt/widgets/TimeSpan.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -80,6 +81,14 @@ public:
             *seconds = *time;
         else if (isSet("after"))
             fail("after", tr("an amount of data, like 200frames or 2s"));
+    }
+    void span(double *span)
+    {
+        const std::optional<double> seconds = Corvale_Qt::TimeSpan::fromText(text("span"));
+        if (seconds)
+            *span = *seconds;
+        else if (isSet("span"))
+            fail("span", tr("a time, like 90s, 1.5min, 2h or 250ms, or all"));
     }
     void rotation(Recorder::Options *options)
     {
@@ -194,6 +203,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
     values.display(&display);
+    values.span(&span);
     if (task == Task::Screenshot && !values.isSet("speed"))
         file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));

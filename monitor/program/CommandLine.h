@@ -43,6 +43,7 @@ struct CommandLine
     bool json = false;
     QSize size;
     QString display; //!< of --view; empty for the one that fits the data
+    double span = 0.0; //!< of --span, in seconds, infinity for all; 0 without it
     //! The readings and the seconds of data after which the run ends; 0 for no limit.
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;

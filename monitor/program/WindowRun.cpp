@@ -7,6 +7,7 @@
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
+#include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QApplication>
 #include <QDir>
@@ -80,6 +81,8 @@ void WindowRun::openWindow()
         m_window->resize(m_commandLine.size);
     else if (isPicture())
         m_window->resize(MonitorWindow::usualSize); // no screen limits its size
+    if (m_commandLine.span > 0.0)
+        m_window->displays().spanControl()->box()->setSpan(m_commandLine.span);
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
     if (!isPicture()) {
         m_window->showHint(hint());

@@ -6,6 +6,7 @@
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
+#include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <algorithm>
 
@@ -17,6 +18,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     : RVXPopOutTabWidget(parent)
     , m_session(session)
     , m_scope(new RVXScope(this))
+    , m_span(new SpanControl(*m_scope, this))
     , m_profile(new ProfilePage(this))
     , m_position(new RVXPositionPlot(this))
     , m_spotMap(new SpotMapWidget(this))
@@ -28,12 +30,19 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_position->setObjectName(QStringLiteral("position"));
     m_spotMap->setObjectName(QStringLiteral("spots"));
     m_scope->setModel(&session.model());
+    m_scope->setBeginAtFirst(true);
+    setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));
     for (QWidget *page : optionalDisplays())
         page->hide();
 
     connect(&session, &Session::streamStarted, this, &DisplayTabs::beginStream);
+    connect(this, &QTabWidget::currentChanged, this, &DisplayTabs::showSpanControl);
+    connect(this, &DisplayTabs::tabPoppedOut, this, &DisplayTabs::showSpanControl);
+    connect(this, &DisplayTabs::tabPoppedIn, this, &DisplayTabs::showSpanControl);
+    connect(m_scope, &RVXScope::plotModeChanged, this, &DisplayTabs::showSpanControl);
+    connect(m_span->box(), &TimeSpanBox::refused, &session, &Session::noted);
     connect(m_scope,
             &RVXScope::bufferedIntervalChanged,
             &session,
@@ -63,12 +72,33 @@ void DisplayTabs::beginStream()
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     if (header.hasRange())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
+    m_span->setTimed(header.kind != StreamKind::Spots); // the order of spots counts
     const bool profiles = header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels;
     m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);
     if (m_frames.hasProfile())
         setCurrentWidget(m_profile);
     else if (m_spots.hasSpots())
         setCurrentWidget(m_spotMap);
+    showSpanControl();
+}
+
+//! Shows the control while a strip chart can be seen that has its span.
+void DisplayTabs::showSpanControl()
+{
+    const bool canSeeScope = currentWidget() == m_scope || isPoppedOut(m_scope);
+    const bool hasRoom = count() > 0; // beside the tabs
+    m_span->setVisible(canSeeScope && hasRoom && m_span->applies());
+}
+
+void DisplayTabs::editSpan()
+{
+    if (!m_span->isTimed())
+        return;
+    if (count() == 0) // the control has its place beside the tabs
+        popIn(m_scope);
+    setCurrentWidget(m_scope); // does nothing for a scope in a separate window
+    m_scope->setPlotMode(RVXScope::StripMode);
+    m_span->edit();
 }
 
 void DisplayTabs::setTab(QWidget *page, const QString &title, bool present)

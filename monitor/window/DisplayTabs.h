@@ -3,6 +3,7 @@
 
 #include "monitor/window/FrameFeeder.h"
 #include "monitor/window/ProfilePage.h"
+#include "monitor/window/SpanControl.h"
 #include "monitor/window/SpotLayers.h"
 #include <corvale_qt/widgets/RVXPopOutTabWidget.h>
 
@@ -26,6 +27,7 @@ public:
     explicit DisplayTabs(Session &session, QWidget *parent = nullptr);
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
+    SpanControl *spanControl() const { return m_span; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
     //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.
     QWidget *displayInUse() const;
@@ -34,6 +36,9 @@ public:
     /*! Brings strip, scope, histogram, profile, position or spots to the front, also from a separate window. Returns
         false if there is no such display now. */
     bool showDisplay(const QString &name);
+    /*! Shows the strip chart and lets the operator type how much time it shows. A scope in a separate window stays there
+        while there are other tabs. */
+    void editSpan();
     //! Returns the displays in separate windows by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows() const;
     //! Moves these displays, if they are present, to separate windows with these geometries.
@@ -43,12 +48,14 @@ public:
 
 private:
     void beginStream();
+    void showSpanControl();
     QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
     void showLatestSpot();
 
     Session &m_session;
     Corvale_Qt::RVXScope *m_scope;
+    SpanControl *m_span;
     ProfilePage *m_profile;
     Corvale_Qt::RVXPositionPlot *m_position;
     Corvale_Qt::SpotMapWidget *m_spotMap;

@@ -10,6 +10,7 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
+#include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QAction>
 #include <QDockWidget>
@@ -38,6 +39,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     addMenus();
     addDocks();
     restoreLayout();
+    restoreTimeSpan();
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
 }
 
@@ -89,6 +91,7 @@ void MonitorWindow::addMenus()
 
     m_viewMenu = menuBar()->addMenu(tr("&View"));
     addPauseAction(m_viewMenu);
+    addSpanAction(m_viewMenu);
     m_viewMenu->addSeparator();
 }
 
@@ -102,6 +105,22 @@ void MonitorWindow::addPauseAction(QMenu *menu)
     pause->setShortcutContext(Qt::ApplicationShortcut);
     connect(pause, &QAction::toggled, &m_session, &Session::setPaused);
     connect(&m_session, &Session::pausedChanged, pause, &QAction::setChecked);
+}
+
+void MonitorWindow::addSpanAction(QMenu *menu)
+{
+    QAction *span = menu->addAction(tr("&Time span"), m_displays, &DisplayTabs::editSpan);
+    span->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_T));
+    span->setShortcutContext(Qt::ApplicationShortcut);
+}
+
+void MonitorWindow::restoreTimeSpan()
+{
+    Corvale_Qt::TimeSpanBox *box = m_displays->spanControl()->box();
+    box->setSpan(m_settings.timeSpan());
+    connect(box, &Corvale_Qt::TimeSpanBox::spanChanged, this, [this](double seconds) {
+        m_settings.setTimeSpan(seconds);
+    });
 }
 
 void MonitorWindow::showHint(const QString &text)

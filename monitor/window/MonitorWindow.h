@@ -39,6 +39,8 @@ private:
     void addDock(QWidget *widget, const char *name, const QString &title, Qt::DockWidgetArea area);
     void addMenus();
     void addPauseAction(QMenu *menu);
+    void addSpanAction(QMenu *menu);
+    void restoreTimeSpan();
     void restoreLayout();
     void restoreDisplay(const StreamHeader &header);
     void saveLayout();

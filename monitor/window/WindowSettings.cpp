@@ -2,6 +2,7 @@
 #include "monitor/window/WindowSettings.h"
 
 #include <corvale_qt/settings/RVXApplicationSettings.h>
+#include <corvale_qt/widgets/TimeSpan.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -79,6 +80,17 @@ void WindowSettings::setLayout(const QByteArray &geometry, const QByteArray &doc
 {
     setValue(QStringLiteral("Monitor/geometry"), toText(geometry));
     setValue(QStringLiteral("Monitor/docks"), toText(docks));
+}
+
+double WindowSettings::timeSpan() const
+{
+    const QString text = value(QStringLiteral("Monitor/time-span")).toString();
+    return Corvale_Qt::TimeSpan::fromText(text).value_or(0.0);
+}
+
+void WindowSettings::setTimeSpan(double seconds)
+{
+    setValue(QStringLiteral("Monitor/time-span"), Corvale_Qt::TimeSpan::text(seconds));
 }
 
 QString WindowSettings::display(StreamKind kind) const

@@ -37,6 +37,10 @@ public:
     QByteArray docks() const;
     void setLayout(const QByteArray &geometry, const QByteArray &docks);
 
+    //! Returns the time that the strip chart showed, in seconds, infinity for all; 0 before the first setTimeSpan().
+    double timeSpan() const;
+    void setTimeSpan(double seconds);
+
     //! Returns the display that was last shown for streams of that kind; empty if there is none.
     QString display(StreamKind kind) const;
     void setDisplay(StreamKind kind, const QString &display);

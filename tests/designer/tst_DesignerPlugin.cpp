@@ -242,7 +242,8 @@ private:
     const QStringList kClasses =
         QString("RVXScope RVXScopePlotView RVXStatisticsSetupPage RVXSpectrogram RVXPositionPlot "
                 "RVXSplitPlot RVXPositionErrorPlot SpotMapView SpotMapWidget RVXLogBrowser "
-                "IntStepSpinBox QScienceSpinBox TreeComboBox RVXPopOutTabWidget RVXTableView")
+                "IntStepSpinBox QScienceSpinBox TimeSpanBox TreeComboBox RVXPopOutTabWidget "
+                "RVXTableView")
             .split(' ');
     QList<QDesignerCustomWidgetInterface *> m_widgets;
 };

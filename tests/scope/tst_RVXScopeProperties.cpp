@@ -28,6 +28,7 @@ const QStringList properties = {"plotMode",
                                 "period",
                                 "timeSpan",
                                 "sampleSpan",
+                                "beginAtFirst",
                                 "markersEnabled",
                                 "controlsVisible"};
 
@@ -205,7 +206,7 @@ void tst_RVXScopeProperties::refusedValues_data()
     QTest::newRow("average of nothing") << "averaging" << QVariant(0);
     QTest::newRow("period that the list lacks") << "period" << QVariant(500);
     QTest::newRow("negative time") << "timeSpan" << QVariant(-1.0);
-    QTest::newRow("endless time") << "timeSpan" << QVariant(qInf());
+    QTest::newRow("time that is no number") << "timeSpan" << QVariant(qQNaN());
     QTest::newRow("negative number") << "sampleSpan" << QVariant(-1);
     QTest::newRow("zeroed is read only") << "zeroed" << QVariant(true);
 }
@@ -362,6 +363,8 @@ void tst_RVXScopeProperties::spansOverrideTheModel_data()
     QTest::addColumn<int>("sampleSpan");
     QTest::addColumn<QString>("strip");
     QTest::addColumn<QString>("sweep");
+    QTest::newRow("all samples") << qInf() << 0 << "1..1000"
+                                 << "513..768";
     QTest::newRow("the model decides") << 0.0 << 0 << "950..1000"
                                        << "513..768";
     QTest::newRow("time") << 30.0 << 0 << "970..1000"
@@ -395,13 +398,19 @@ void tst_RVXScopeProperties::spansOverrideTheModel()
     };
     QFETCH(QString, strip);
     QTRY_COMPARE(x(), strip);
+    panel.setBeginAtFirst(true);
+    QTRY_COMPARE(x(), QString(strip).replace("-998", "1"));
+    panel.setBeginAtFirst(false);
     QFETCH(QString, sweep);
     panel.setPlotMode(RVXScope::ScopeMode);
     if (!sweep.isEmpty())
         QTRY_COMPARE(x(), sweep);
+    panel.setPlotMode(RVXScope::StripMode);
+    panel.plotView()->horizontalScrollBar()->setValue(0);
+    panel.setTimeSpan(qInf()); // there is nothing to scroll to
+    QTRY_COMPARE(x(), QString("1..1000"));
     panel.setTimeSpan(0.0); // back to the model
     panel.setSampleSpan(0);
-    panel.setPlotMode(RVXScope::StripMode);
     QTRY_COMPARE(x(), QString("950..1000"));
 }
 

@@ -51,8 +51,11 @@ private Q_SLOTS:
     void window_data()
     {
         // Samples half a second apart, the first at 0; the chart shows 20, or a width that is given. A scroll value of -1
-        // follows.
+        // follows, -2 also begins at the first sample.
         columns<int, double, int, QString>("samples", "width", "scrollValue", "shown");
+        row("begins at the first, wider than the buffer", 10, 30.0, -2, "1-10 from 0 to 4.5");
+        row("begins at the first, not filled yet", 10, 0.0, -2, "1-10 from 0 to 4.5");
+        row("begins at the first, which is gone", 100, 5.0, -2, "89-100 from 44.5 to 49.5");
         row("follows, buffer longer than the chart", 100, 0.0, -1, "80-100 from 40 to 49.5");
         row("follows, buffer as long as the chart", 20, 0.0, -1, "1-20 from 0 to 9.5");
         row("follows, chart not filled yet", 10, 0.0, -1, "1-10 from -4.5 to 4.5");
@@ -77,6 +80,7 @@ private Q_SLOTS:
         request.sweepLength = 20;
         request.width = width;
         request.following = scrollValue < 0;
+        request.beginsAtFirst = scrollValue == -2;
         request.scrollValue = scrollValue;
         const StripWindow window = stripWindow(PlotColumnReader(&model), request);
         QTEST(text(window.rows) + QString(" from %1 to %2").arg(window.left).arg(window.right),

@@ -22,7 +22,7 @@ private Q_SLOTS:
 
         CommandLine play;
         QCOMPARE(parsed("a.csv --speed 4 --loop --from 10 --to 20.5 --record r --rotate 100M "
-                        "--range -1e-6,1e-6",
+                        "--range -1e-6,1e-6 --span 1.5min",
                         &play),
                  QString());
         QCOMPARE(play.source, QString("a.csv"));
@@ -33,6 +33,7 @@ private Q_SLOTS:
         QCOMPARE(play.record.path, QString("r"));
         QCOMPARE(play.record.rotateBytes, qint64(100000000));
         QCOMPARE(play.rangeLow, -1e-6);
+        QCOMPARE(play.span, 90.0);
 
         CommandLine picture;
         QCOMPARE(
@@ -66,6 +67,7 @@ private Q_SLOTS:
         row("size", "--size big", "--size big");
         row("view", "--view sideways", "strip, scope, histogram");
         row("amount", "--after soon", "200frames");
+        row("span", "--span soon", "--span soon: it should be a time, like 90s");
         row("no frames", "--after 0frames", "200frames");
         row("rotation", "--rotate often", "100M");
         row("two tasks", "--stats --check a.csv", "--stats and --check");

@@ -7,9 +7,17 @@
 #include "monitor/window/RecordAction.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
+#include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/widgets/TimeSpanBox.h>
+
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_curve.h>
 
 using namespace Monitor;
+using Corvale_Qt::TimeSpanBox;
 
 namespace {
 
@@ -40,6 +48,31 @@ struct WindowInTest : ScriptedSession
     }
     //! Returns the tabs and the display in use: "Scope, Spot map: spots".
     QString state() const { return tabs() + ": " + window.displays().currentDisplay(); }
+    TimeSpanBox *spanBox() const { return window.displays().spanControl()->box(); }
+    //! Gives readings from one number to another, a thousand each second: 0, and 1 from 45 s to 60 s.
+    void giveFast(int from, int to)
+    {
+        ReadingBlock block(1);
+        for (int i = from; i < to; ++i) {
+            const double value = i >= 45000 && i < 60000 ? 1.0 : 0.0;
+            block.append(i / 1000.0, &value);
+        }
+        Q_EMIT source->readingsArrived(block);
+        settle();
+    }
+    QwtPlot *plot() const { return window.displays().scope()->findChild<QwtPlot *>(); }
+    //! Returns what the strip chart shows and how many samples its curve has: "40..100 s, 60002 samples".
+    QString chart() const
+    {
+        const QwtInterval x = plot()->axisInterval(QwtPlot::xBottom);
+        const QwtPlotItemList curves = plot()->itemList(QwtPlotItem::Rtti_PlotCurve);
+        const auto *curve =
+            curves.isEmpty() ? nullptr : static_cast<QwtPlotCurve *>(curves.first());
+        return QString("%1..%2 s, %3 samples")
+            .arg(x.minValue())
+            .arg(x.maxValue())
+            .arg(curve ? curve->dataSize() : 0);
+    }
     QString notice() const { return window.findChild<NoticeLine *>("sourceNotice")->text(); }
 
     MonitorWindow window;
@@ -287,6 +320,85 @@ private Q_SLOTS:
         action->trigger();
         QVERIFY(w.session.recorder());
         QCOMPARE(w.session.recorder()->fileName(), settings("typed.csv"));
+    }
+
+    //! A quarter of a second of a fast source, as many readings as the model asks for, tells an operator nothing.
+    void theStripChartShowsTheSpan()
+    {
+        WindowInTest w(settings("strip.xui"));
+        w.source->begin(StreamKind::Channels, 1);
+        w.giveFast(0, 30000);
+        QTRY_COMPARE(w.chart(), QString("0..29.999 s, 30000 samples")); // no time before the first
+        w.giveFast(30000, 90001);
+        QTRY_COMPARE(w.chart(), QString("30..90 s, 60002 samples"));
+        w.spanBox()->setSpan(10.0);
+        QTRY_COMPARE(w.chart(), QString("80..90 s, 10002 samples"));
+        w.spanBox()->setSpan(qInf());
+        QTRY_COMPARE(w.chart(), QString("0..90 s, 90001 samples"));
+        // The pulse from 45 s to 60 s stands between half and two thirds of the width.
+        const QImage picture = w.plot()->canvas()->grab().toImage();
+        const auto trace = [&](double from, double to) {
+            const QRect part(int(from * picture.width()),
+                             0,
+                             int((to - from) * picture.width()),
+                             picture.height() / 2);
+            return countPixels(picture.copy(part), [](const QColor &color) {
+                return color.saturation() > 200;
+            });
+        };
+        QCOMPARE(trace(0.0, 0.49), 0);
+        QVERIFY(trace(0.51, 0.66) > picture.width() / 10);
+        QCOMPARE(trace(0.68, 1.0), 0);
+    }
+
+    void theSpanIsTypedAndKept()
+    {
+        const QString file = settings("span.xui");
+        {
+            WindowInTest w(file);
+            QCOMPARE(w.window.displays().scope()->timeSpan(), 60.0);
+            w.source->begin(StreamKind::Strips, 64);
+            QVERIFY(QTest::qWaitForWindowActive(&w.window));
+            QVERIFY(!w.spanBox()->isVisible()); // a profile has no time axis
+            QTest::keyClick(&w.window, Qt::Key_T, Qt::ControlModifier);
+            QCOMPARE(w.window.displays().currentDisplay(), QString("strip"));
+            QCOMPARE(QApplication::focusWidget(), w.spanBox());
+            const auto type = [&](const QString &text) {
+                for (const QChar letter : text)
+                    QTest::keyClick(w.window.windowHandle(),
+                                    letter.toLatin1()); // as a keyboard: shortcuts first
+                QTest::keyClick(w.window.windowHandle(), Qt::Key_Return);
+            };
+            type("soon");
+            QVERIFY(w.log().contains("\"soon\" is not a time span"));
+            QCOMPARE(w.window.displays().scope()->timeSpan(), 60.0);
+            type("1.5 min");
+            QVERIFY(!w.session.isPaused()); // the blank belongs to the text
+            QCOMPARE(w.window.displays().scope()->timeSpan(), 90.0);
+            QTest::keyClick(w.window.windowHandle(), Qt::Key_Space);
+            QVERIFY(w.session.isPaused());
+        }
+        WindowInTest again(file);
+        QCOMPARE(again.spanBox()->currentText(), QString("90 s"));
+        again.source->begin(StreamKind::Spots, 5); // may have no times
+        QCOMPARE(again.window.displays().scope()->timeSpan(), 0.0);
+        again.window.displays().showDisplay("strip");
+        QVERIFY(!again.spanBox()->isVisible());
+        again.source->begin(StreamKind::Channels, 2);
+        QCOMPARE(again.window.displays().scope()->timeSpan(), 90.0);
+        for (const char *display : {"strip", "scope", "strip", "histogram"}) {
+            again.window.displays().showDisplay(display);
+            QCOMPARE(again.spanBox()->isVisible(), display == QString("strip"));
+        }
+        again.window.displays().showDisplay("strip");
+        again.window.displays().popOut(0); // leaves no tab, beside which the box has its place
+        QVERIFY(!again.spanBox()->isVisible());
+        QTest::keyClick(&again.window, Qt::Key_T, Qt::ControlModifier);
+        QVERIFY(again.spanBox()->isVisible());
+        again.source->begin(StreamKind::Strips, 64);
+        again.window.displays().showDisplay("strip");
+        again.window.displays().popOut(0);
+        QVERIFY(again.spanBox()->isVisible());
     }
 
     void picturesOfTheView()

@@ -9,8 +9,8 @@ import socket
 import struct
 import sys
 
-import bench as faults
 import plants
+from bench import main
 from readings import Fault, expect_all, expect_rising, header, line, lines, recorded
 
 LOCAL = "127.0.0.1"
@@ -160,4 +160,4 @@ def drive(bench):
 
 
 if __name__ == "__main__":
-    sys.exit(faults.main("connections", drive, [plants.WRONG_DIGIT, plants.EXCHANGED_LINES, plants.CRASH, plants.HANG]))
+    sys.exit(main("connections", drive, [plants.WRONG_DIGIT, plants.EXCHANGED_LINES, plants.CRASH, plants.HANG]))

@@ -8,8 +8,8 @@ import os
 import shutil
 import sys
 
-import bench as faults
 import plants
+from bench import main
 from readings import Fault, expect_all, header, lines, recorded
 
 STEP = 500  # readings that are sent together
@@ -156,4 +156,4 @@ def drive(bench):
 
 
 if __name__ == "__main__":
-    sys.exit(faults.main("disk and files", drive, [plants.WRONG_DIGIT, plants.LOST_LINE, plants.CRASH, plants.HANG]))
+    sys.exit(main("disk and files", drive, [plants.WRONG_DIGIT, plants.LOST_LINE, plants.CRASH, plants.HANG]))

@@ -2,13 +2,14 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Cuts a finished recording at each byte of its last 4 KiB, as a power cut does, and reads what is left.
 
-The rest of the block is missing, or is full of zeros, as file systems leave it. The short form takes a sample of the places.
+The rest of the block is missing, or is full of zeros, as file systems leave it. The short form takes a sample of the
+places.
 """
 import json
 import sys
 
-import bench as faults
 import plants
+from bench import main
 from readings import Fault, expect_all, header, lines, recorded
 
 BLOCK = 4096
@@ -61,4 +62,4 @@ def drive(bench):
 
 
 if __name__ == "__main__":
-    sys.exit(faults.main("power cut", drive, [plants.WRONG_DIGIT, plants.LOST_LINE, plants.CRASH, plants.WRONG_CODE]))
+    sys.exit(main("power cut", drive, [plants.WRONG_DIGIT, plants.LOST_LINE, plants.CRASH, plants.WRONG_CODE]))

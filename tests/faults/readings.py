@@ -29,7 +29,7 @@ def lines(begin, end):
 
 
 def index_of(row):
-    """The index of the reading that a line of a recording holds; None if a fault sent it. Raises Fault if a digit is wrong."""
+    """The index of the reading on a line of a recording; None if a fault sent it. Raises Fault if a digit is wrong."""
     try:
         numbers = [float(field) if field else float("nan") for field in row.split(b",")]
     except ValueError:

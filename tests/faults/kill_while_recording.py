@@ -17,31 +17,53 @@ PIECE = 10  # readings that are sent together, every 10 ms
 OLDEST = 1.0  # s, the promised age
 
 
-def send_until(monitor, end):
-    """Sends readings as they fall due until the time has come; returns the moment at which each piece was sent."""
-    sent = []
-    begin = time.monotonic()
-    while (now := time.monotonic()) < end:
-        due = int((now - begin) * 1000 / PIECE) + 1
-        for piece in range(len(sent), due):
-            monitor.send(lines(piece * PIECE, (piece + 1) * PIECE))
-            sent.append(time.monotonic())
-        threading.Event().wait(0.002)
-    return sent
+class Stream:
+    """Readings that are sent as they fall due, and the moment at which each piece of them was sent."""
+
+    def __init__(self, monitor):
+        self.monitor = monitor
+        self.begin = time.monotonic()
+        self.sent = []
+        monitor.send(header())
+
+    def readings(self):
+        return len(self.sent) * PIECE
+
+    def send_due(self):
+        due = int((time.monotonic() - self.begin) * 1000 / PIECE) + 1
+        for piece in range(len(self.sent), due):
+            self.monitor.send(lines(piece * PIECE, (piece + 1) * PIECE))
+            self.sent.append(time.monotonic())
+
+    def go_on(self, seconds):
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            self.send_due()
+            threading.Event().wait(0.002)
+
+    def go_on_until_recorded(self, path):
+        """Goes on until a recording holds the first readings."""
+        def holds_readings():
+            self.send_due()
+            return path.exists() and len(recorded(path.read_bytes())) > 0
+        self.monitor.wait_until("the first readings are recorded", holds_readings)
 
 
 def kill_once(bench, from_start):
     path = bench.folder / "killed.csv"
     with bench.start("-", "--settings", "killed.xui", "--record", path) as monitor:
-        monitor.send(header())
-        age = bench.random.uniform(0.0, 0.4) if from_start else bench.random.uniform(0.7, 2.2)
-        sent = send_until(monitor, time.monotonic() + age)
+        stream = Stream(monitor)
+        if from_start:
+            stream.go_on(bench.random.uniform(0.0, 0.4))
+        else:
+            stream.go_on_until_recorded(path)
+            stream.go_on(bench.random.uniform(0.0, 1.5))
         killed = time.monotonic()
         monitor.kill()
     if path.exists():
-        judge(bench, path, sent, killed, from_start)
+        judge(bench, path, stream, killed, from_start)
     elif from_start:
-        count_from_start(bench, len(sent) * PIECE)
+        count_from_start(bench, stream.readings())
     else:
         raise Fault("there is no recording")
 
@@ -52,22 +74,22 @@ def count_from_start(bench, lost):
     bench.at_most("from the start: most lost readings", lost)
 
 
-def judge(bench, path, sent, killed, from_start):
+def judge(bench, path, stream, killed, from_start):
     indices = recorded(path.read_bytes())
     expect_rising(indices)
     expect_all(indices, 0, len(indices))
     code, said = bench.ask("--check", path)
     if code != (0 if indices else 2) or f"{len(indices)} readings, 0 lines dropped" not in said:
         raise Fault(f"--check ends with {code}: {said}")
-    lost = len(sent) * PIECE - len(indices)
+    lost = stream.readings() - len(indices)
     if from_start:
         count_from_start(bench, lost)
         return
-    bench.lost += lost
-    oldest = killed - sent[len(indices) // PIECE] if lost else 0.0
-    bench.at_most("oldest lost reading, ms:", 1000 * oldest)
     if not indices:
         raise Fault("nothing was recorded")
+    bench.lost += lost
+    oldest = killed - stream.sent[len(indices) // PIECE] if lost else 0.0
+    bench.at_most("oldest lost reading, ms:", 1000 * oldest)
     if bench.long and oldest >= OLDEST:
         raise Fault(f"a reading of {oldest:.2f} s before is lost")
 

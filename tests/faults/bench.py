@@ -60,8 +60,9 @@ class Bench:
         yield
         self.plant = plant
 
-    def start(self, *arguments, **options):
-        return Monitor(self, *arguments, **options)
+    def start(self, *arguments):
+        """Starts the monitor; what it writes without a path of its own goes to the scratch folder."""
+        return Monitor(self, *arguments)
 
     def ask(self, *arguments):
         """Runs the monitor to its end without input; returns the exit code and what it printed."""

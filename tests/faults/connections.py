@@ -14,7 +14,7 @@ from bench import main
 from readings import Fault, expect_all, expect_rising, header, line, lines, recorded
 
 LOCAL = "127.0.0.1"
-MOST_MEMORY = 150_000_000  # bytes
+MOST_MEMORY = 120_000_000  # bytes
 STEP = 20  # readings that a peer sends
 
 

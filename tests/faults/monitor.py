@@ -22,7 +22,7 @@ def environment(folder):
 class Monitor:
     """One process of the monitor. Its output goes to a file of the scratch folder."""
 
-    def __init__(self, bench, *arguments, file_limit=None):
+    def __init__(self, bench, *arguments):
         self.plant = bench.plant
         self.folder = bench.folder
         self.output = bench.folder / "output.txt"
@@ -31,8 +31,6 @@ class Monitor:
             self.process = subprocess.Popen(
                 command, stdin=subprocess.PIPE, stdout=output, stderr=subprocess.STDOUT, cwd=bench.folder,
                 env=environment(bench.folder), bufsize=0)
-        if file_limit is not None:
-            self.limit_files(file_limit)
         self.peak = 0  # bytes of memory, once it has ended
 
     def __enter__(self):
@@ -46,7 +44,7 @@ class Monitor:
             self.process.stdin.close()
 
     def limit_files(self, size):
-        """Files cannot grow beyond this size, as on a full disk; None takes the limit away."""
+        """Lets no file grow beyond this size, as on a full disk; None takes the limit away."""
         hard = resource.RLIM_INFINITY
         resource.prlimit(self.process.pid, resource.RLIMIT_FSIZE, (hard if size is None else size, hard))
 
@@ -55,18 +53,15 @@ class Monitor:
         watchdog = threading.Timer(self.plant.patience, self.process.kill)
         watchdog.start()
         try:
-            self.process.stdin.write(data) if len(data) < 4096 else self._send_all(data)
+            view = memoryview(data)
+            while view:
+                view = view[self.process.stdin.write(view[:65536]):]
         except BrokenPipeError:
             if not watchdog.is_alive():
                 raise Fault("it hangs, and takes no more input") from None
             raise Fault(f"it ended before its input did; {self.said()}") from None
         finally:
             watchdog.cancel()
-
-    def _send_all(self, data):
-        view = memoryview(data)
-        while view:
-            view = view[self.process.stdin.write(view[:65536]):]
 
     def finish(self):
         """Ends its input, waits for its end and returns the exit code. Raises Fault if it crashed or hangs."""
@@ -107,7 +102,7 @@ class Monitor:
         return True
 
     def wait_until(self, what, condition):
-        """Waits for a condition. Raises Fault if the monitor ends first, or if it takes a minute."""
+        """Waits for a condition. Raises Fault if the monitor ends before it holds, or if it does not hold in time."""
         deadline = time.monotonic() + self.plant.patience
         while not condition():
             if self._reap(0):

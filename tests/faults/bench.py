@@ -32,6 +32,7 @@ class Bench:
     lost: int = 0
     notes: dict = field(default_factory=dict)
     folder: Path = None
+    started: list = field(default_factory=list)
 
     def __post_init__(self):
         self.random = random.Random(SEED)
@@ -51,6 +52,9 @@ class Bench:
             if self.plant.name != Plant.name:
                 raise Enough from None
         finally:
+            for monitor in self.started:
+                monitor.end_at_once()
+            self.started.clear()
             shutil.rmtree(self.folder, ignore_errors=True)
 
     @contextlib.contextmanager
@@ -61,8 +65,9 @@ class Bench:
         self.plant = plant
 
     def start(self, *arguments):
-        """Starts the monitor; what it writes without a path of its own goes to the scratch folder."""
-        return Monitor(self, *arguments)
+        """Starts a monitor in the scratch folder. It ends with the try at the latest."""
+        self.started.append(Monitor(self, *arguments))
+        return self.started[-1]
 
     def ask(self, *arguments):
         """Runs the monitor to its end without input; returns the exit code and what it printed."""

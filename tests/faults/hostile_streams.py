@@ -15,7 +15,8 @@ from readings import CHANNELS, FOREIGN, Fault, expect_all, header, line, lines, 
 
 GOOD = 20  # readings before, and as many after
 MOST_MEMORY = 120_000_000  # bytes, of which the program and its libraries take about 30 MB
-FLOOD = 10_000_000  # bytes; ten times as many in the long form
+BLOCK = 1_000_000  # bytes of a flood that are sent together
+ROUNDS = 10  # times that each block is sent; ten times as many in the long form
 
 
 @dataclass
@@ -24,8 +25,9 @@ class Stream:
 
     name: str
     code: int
-    make: Callable  # bytes from a random source and the size of a flood
+    make: Callable  # one block, from a random source and the size of a block in a flood
     by_byte: bool = False
+    once: bool = False  # the block is sent a single time
 
 
 def repeated(text):
@@ -33,7 +35,7 @@ def repeated(text):
 
 
 def shapes(random, size):
-    """Lines of 2 to 7 fields, so that none of them is like a reading, each of another length than the one before."""
+    """Lines of 2 to 7 fields, so that none of them is like a reading; each is longer or shorter than the one before."""
     return b"".join(b",".join([b"%d" % (FOREIGN + at)] * (2 + at % 6)) + b"\n" for at in range(size // 200))
 
 
@@ -54,7 +56,7 @@ def restarts(random, size):
 
 STREAMS = [
     Stream("nothing between", 0, lambda random, size: b""),
-    Stream("one byte at a time", 2, lambda random, size: b"0.0205,1,nonsense\r\n#event slow\r\n", by_byte=True),
+    Stream("one byte at a time", 2, lambda random, size: b"0.0205,1,nonsense\r\n#event slow\r\n", by_byte=True, once=True),
     Stream("no line end", 2, repeated(b"1")),
     Stream("only spaces", 2, repeated(b" ")),
     Stream("NUL", 2, repeated(b"\0")),
@@ -73,7 +75,7 @@ STREAMS = [
     Stream("bad lines", 2, repeated(b"this is not a reading\n")),
     Stream("bad descriptions", 2, repeated(b"#pitch a lot\n")),
     Stream("detectors that are none", 2, lambda random, size: (b"#detector " + b'{"a":[' * 5000 + b"\n") * 50),
-    Stream("wrong time stamps", 2, jumps),
+    Stream("wrong time stamps", 2, jumps, once=True),
     Stream("restarts", 0, restarts),
 ]
 
@@ -86,17 +88,21 @@ def feed(monitor, stream, data):
         monitor.send(data)
 
 
+def send_between(bench, monitor, stream, rounds):
+    block = stream.make(bench.random, BLOCK)
+    for _ in range(1 if stream.once else rounds):
+        feed(monitor, stream, block)
+
+
 def parts_of(bench):
     """The recordings of a run, oldest first."""
     return sorted(bench.folder.glob("out*.csv"), key=lambda path: path.stat().st_mtime_ns)
 
 
 def send_stream(bench, stream):
-    # The stream is made after the start: the system counts the memory of this program at that time as the monitor's.
     with bench.start("-", "--convert", "out.csv") as monitor:
-        between = stream.make(bench.random, FLOOD * (10 if bench.long else 1))
         feed(monitor, stream, header() + lines(0, GOOD))
-        feed(monitor, stream, between)
+        send_between(bench, monitor, stream, ROUNDS * (10 if bench.long else 1))
         feed(monitor, stream, b"\n" + lines(GOOD, 2 * GOOD))
         code = monitor.finish()
     bench.at_most("most memory, MB:", monitor.peak / 1e6)
@@ -112,8 +118,8 @@ def all_in_one_window(bench):
     with bench.start("-", "--settings", "window.xui", "--record", "out.csv") as monitor:
         monitor.send(header() + lines(0, GOOD))
         for number, stream in enumerate(STREAMS, 1):
-            monitor.send(stream.make(bench.random, FLOOD // 10) + b"\n")
-            monitor.send(lines(number * GOOD, (number + 1) * GOOD))
+            send_between(bench, monitor, stream, 1)
+            monitor.send(b"\n" + lines(number * GOOD, (number + 1) * GOOD))
             last = (number + 1) * GOOD - 1
             monitor.wait_until(f"the readings after \"{stream.name}\" are recorded",
                                lambda: any(last in recorded(part.read_bytes()) for part in parts_of(bench)))

@@ -37,6 +37,10 @@ class Monitor:
         return self
 
     def __exit__(self, *_):
+        self.end_at_once()
+
+    def end_at_once(self):
+        """Ends it if it still runs."""
         if self.process.returncode is None:
             self.process.kill()
             self._reap(time.monotonic() + 60)

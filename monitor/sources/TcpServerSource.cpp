@@ -54,10 +54,7 @@ void TcpServerSource::close()
 void TcpServerSource::peerArrived()
 {
     while (QTcpSocket *peer = m_server.nextPendingConnection()) {
-        // When an instrument restarts, its old connection may linger half open.
-        if (m_peer)
-            Q_EMIT noted(tr("%1: a new peer replaces the old one").arg(description()));
-        dropPeer();
+        replacePeer();
         m_peer = peer;
         setUpSocket(peer);
         connect(peer, &QTcpSocket::readyRead, this, [this, peer] {
@@ -71,6 +68,20 @@ void TcpServerSource::peerArrived()
         connected();
         readPeer(peer);
     }
+}
+
+/*! Drops the peer whose place another one takes: when an instrument restarts, its old connection may linger half open.
+    What the peer has sent before is read first, because it may have come and gone within one turn of the event loop. */
+void TcpServerSource::replacePeer()
+{
+    if (!m_peer)
+        return;
+    m_peer->disconnect(this);
+    readPeer(m_peer);
+    m_peer->waitForReadyRead(0); // takes what the system holds, and does not wait for more
+    readPeer(m_peer);
+    dropPeer();
+    Q_EMIT noted(tr("%1: a new peer replaces the old one").arg(description()));
 }
 
 void TcpServerSource::readPeer(QTcpSocket *peer)

@@ -32,6 +32,7 @@ protected:
 
 private:
     void peerArrived();
+    void replacePeer();
     void readPeer(QTcpSocket *peer);
     void dropPeer();
 

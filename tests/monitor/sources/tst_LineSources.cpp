@@ -305,6 +305,13 @@ private Q_SLOTS:
         QVERIFY(server.connectPeer(third, "4,5\n5,6\n"));
         QTRY_COMPARE(server.log.times.size(), 6);
         QTRY_COMPARE(second.state(), QAbstractSocket::UnconnectedState);
+        // What a peer had sent before the next one came is read, also if both are found at the same time.
+        QTcpSocket fourth, fifth;
+        QVERIFY(server.connectPeer(fourth, "6,7\n7,8\n") && fourth.waitForBytesWritten());
+        fourth.disconnectFromHost();
+        QVERIFY(server.connectPeer(fifth, "8,9\n9,10\n"));
+        QTRY_COMPARE(server.log.times.size(), 10);
+        QVERIFY(server.log.text().contains("6: 7 | 7: 8 | event"));
     }
 
     void aBusyPortIsTriedAgain()

@@ -1,0 +1,67 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Faults that are planted to see that a driver finds them: each stands for a monitor that is broken in one way."""
+import sys
+
+
+class Plant:
+    """Nothing planted. A plant may put a program before the monitor, and may spoil the recordings that it left."""
+
+    name = "nothing"
+    patience = 60.0  # s until a monitor that does not do what is awaited counts as hanging
+
+    def before_monitor(self):
+        return []
+
+    def spoil(self, recordings):
+        pass
+
+
+class Spoiled(Plant):
+    """Changes the newest recording that holds readings, by a function of its lines."""
+
+    def __init__(self, name, change):
+        self.name = name
+        self.change = change
+
+    def spoil(self, recordings):
+        for path in sorted(recordings, key=lambda path: path.stat().st_mtime_ns, reverse=True):
+            rows = path.read_bytes().splitlines(keepends=True)
+            first = next((at for at, row in enumerate(rows) if row[:1].isdigit()), len(rows))
+            if len(rows) - first > 8:
+                path.write_bytes(b"".join(rows[:first] + self.change(rows[first:])))
+                return
+
+
+class Before(Plant):
+    """Puts a short program before the monitor, which starts the monitor or does not."""
+
+    def __init__(self, name, program, patience=Plant.patience):
+        self.name = name
+        self.program = program
+        self.patience = patience
+
+    def before_monitor(self):
+        return [sys.executable, "-c", "import os, signal, sys\n" + self.program]
+
+
+def _with_wrong_digit(rows):
+    middle = rows[len(rows) // 2].rstrip(b"\n")
+    digit = b"7" if middle[-1:] != b"7" else b"3"
+    rows[len(rows) // 2] = middle[:-4] + digit * 4 + b"\n"
+    return rows
+
+
+def _exchanged(rows):
+    rows[3], rows[4] = rows[4], rows[3]
+    return rows
+
+
+WRONG_DIGIT = Spoiled("a wrong digit", _with_wrong_digit)
+LOST_LINE = Spoiled("a lost line", lambda rows: rows[:5] + rows[6:])
+EXCHANGED_LINES = Spoiled("two lines exchanged", _exchanged)
+EMPTY = Spoiled("nothing was written", lambda rows: [])
+CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")
+HANG = Before("a hang", "signal.pause()", patience=2.0)
+MEMORY = Before("300 MB of memory", "b = bytearray(os.urandom(1)) * 300_000_000\nos.execv(sys.argv[1], sys.argv[1:])")
+WRONG_CODE = Before("another exit code",
+                    "import subprocess\nsubprocess.run(sys.argv[1:])\nsys.exit(1)")

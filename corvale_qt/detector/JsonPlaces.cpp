@@ -30,8 +30,13 @@ public:
     //! Returns the first key that its object has already.
     RepeatedKey repeatedKey()
     {
-        for (m_at = 0; m_at < m_json.size() && m_repeated.line == 0; ++m_at)
+        // QJsonDocument reads no deeper.
+        constexpr int deepest = 1024;
+        for (m_at = 0; m_at < m_json.size() && m_levels.size() <= deepest; ++m_at) {
             step(m_json[m_at]);
+            if (m_repeated.line > 0)
+                break;
+        }
         return m_repeated;
     }
 
@@ -97,6 +102,8 @@ private:
 
     void beginValue()
     {
+        if (m_wanted.isEmpty())
+            return;
         QString place;
         for (const Level &level : qAsConst(m_levels)) {
             if (level.list)

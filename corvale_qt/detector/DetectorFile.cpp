@@ -106,8 +106,9 @@ QVector<DetectorChannel> readChannels(JsonMembers members, int readings)
         channel.pedestal = number;
     });
     spread(members, "saturation", channels, [](DetectorChannel &channel, double number) {
-        const bool never = number >= std::numeric_limits<double>::max();
-        channel.saturation = never ? kInfinity : number;
+        channel.saturation = number;
+        if (number >= std::numeric_limits<double>::max())
+            channel.saturation = kInfinity;
     });
     readDead(members, channels);
     members.refuseOthers();

@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QToolTip>
 
+#include <cmath>
+
 using namespace Corvale_Qt;
 
 //! Time spans as text, and the box in which an operator types them.
@@ -60,7 +62,9 @@ void tst_TimeSpanBox::texts()
 
 void tst_TimeSpanBox::writtenTextsAreReadAgain()
 {
-    for (double seconds = TimeSpan::shortest; seconds < TimeSpan::longest; seconds *= 1.0837) {
+    const int steps = int(std::log(TimeSpan::longest / TimeSpan::shortest) / std::log(1.0837));
+    for (int step = 0; step <= steps; ++step) {
+        const double seconds = TimeSpan::shortest * std::pow(1.0837, step);
         const QString text = TimeSpan::text(seconds);
         const double read = TimeSpan::fromText(text).value_or(0.0);
         QVERIFY2(qAbs(read / seconds - 1.0) < 1e-11, qPrintable(text));

@@ -130,8 +130,10 @@ private Q_SLOTS:
             return shown();
         };
         s.source->begin(spotHeader());
-        for (int i = 0; i < 9; ++i)
-            s.source->give(0.02 * i, {double(1 + i / 4), double(i), 0.0, 1.0, 4.0, 4.0});
+        for (int i = 0; i < 9; ++i) {
+            const int layer = 1 + i / 4;
+            s.source->give(0.02 * i, {double(layer), double(i), 0.0, 1.0, 4.0, 4.0});
+        }
         s.settle();
         QCOMPARE(shown(), QString("All 3 layers, 9 spots"));
         QCOMPARE(step(1), QString("Layer 1 of 3, 4 spots"));
@@ -149,8 +151,10 @@ private Q_SLOTS:
         StreamHeader header = spotHeader();
         header.channels.prepend({"beam", {}});
         s.source->begin(header);
-        for (int i = 0; i < 6; ++i)
-            s.source->give(0.02 * i, {double(1 + i / 3), 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
+        for (int i = 0; i < 6; ++i) {
+            const int layer = 1 + i / 3;
+            s.source->give(0.02 * i, {double(layer), 1.0, double(i), 0.0, 1.0, 4.0, 4.0});
+        }
         s.source->give(0.2, {std::nan(""), std::nan(""), 9.0, 0.0, 1.0, 4.0, 4.0});
         s.settle();
         QVERIFY(shown().startsWith("All 3 layers"));

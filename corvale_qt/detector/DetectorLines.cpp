@@ -260,7 +260,7 @@ bool takeJson(const QString &value, Data &data, QString &wrong)
 {
     DetectorFault fault;
     const DetectorLayout layout = detectorFromJson(value.toUtf8(), &fault);
-    fault.line = 0; // a stream has lines of its own
+    fault.line = 0; // the lines of the JSON text are not those of the stream
     wrong = fault.message();
     if (!fault.isEmpty())
         return false;

@@ -72,7 +72,7 @@ void TimeSpanBoxPrivate::showSpan()
     q->setEditText(text);
 }
 
-//! Applies the text. Returns false if it was refused, or if the box was deleted by whoever heard of the change.
+//! Applies the text. Returns false if it was refused, or if a slot that heard of the change deleted the box.
 bool TimeSpanBoxPrivate::takeText()
 {
     const QString text = q->currentText();

@@ -62,7 +62,8 @@ int main(int argc, char **argv)
     RVXScope scope; // hidden, and in strip mode: neither matters to the fits
     scope.setModel(&detector);
     RVXScopePlotView *plot = scope.plotView();
-    plot->enableHistogramItem(RVXScopePlotView::RegressionItem, 1, {0.1, 10, 0.1, 0.1}, true);
+    // The smallest peak and the smallest sum that are fitted, 100 pA each, are in ampere although the chart shows nA.
+    plot->enableHistogramItem(RVXScopePlotView::RegressionItem, 1, {0.1, 10, 1e-10, 1e-10}, true);
 
     QWidget window;
     QVBoxLayout layout(&window);

@@ -75,7 +75,10 @@ int main(int argc, char **argv)
     view.SetPlotMode(RVXScopePlotView::HistogramMode);
     // Bars above 10 % of the largest, then: window, smallest peak and sum in ampere, weights, window of the residual noise.
     view.enableHistogramItem(RVXScopePlotView::CenterOfGravityItem, 1, {0, 0.1}, true);
-    view.enableHistogramItem(RVXScopePlotView::RegressionItem, 1, {0.1, 10, 1e-11, 1e-10, 2, 5}, true);
+    view.enableHistogramItem(RVXScopePlotView::RegressionItem,
+                             1,
+                             {0.1, 10, 1e-11, 1e-10, 2, 5},
+                             true);
 
     // A beam of 10 nA that wanders by two strips, with some noise.
     std::mt19937 generator(1);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/units/SiPrefix.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
@@ -7,6 +8,7 @@
 
 #include <cmath>
 #include <memory>
+#include <optional>
 
 using namespace Corvale_Qt::Units;
 
@@ -164,6 +166,113 @@ private Q_SLOTS:
         // The division by the extra scale comes first; the factor first, or the product of both, gives others.
         QVERIFY(order.unscale(2.0) == 2.0 / 3.0 / 0.1 && order.unscale(2.0) != 2.0 / 0.1 / 3.0);
         QVERIFY(order.unscale(3.0) == 3.0 / 3.0 / 0.1 && order.unscale(3.0) != 3.0 / (3.0 * 0.1));
+    }
+
+    void prefixesFollowTheData_data()
+    {
+        // The prefix follows the numbers one after the other; "s=" gives their noise. The text is that of the last one.
+        tableFrom(R"(
+            | unit | numbers | text
+            the digits that a person reads | A | 1.863e-07 | 186.3 nA
+            zero has no prefix of its own | A | 0 | 0 A
+            zero keeps the prefix | A | 2e-9 0 | 0 nA
+            just below the border | A | 999.94e-9 | 999.9 nA
+            the border rounds to 1000 | A | 999.95e-9 | 1.000 µA
+            negative | A | -999.95e-9 | -1.000 µA
+            upwards at once | A | 5e-7 1.0e-6 | 1.000 µA
+            downwards later: still above 0.8 | A | 1e-6 0.81e-6 | 0.810 µA
+            downwards below 0.8 | A | 1e-6 0.79e-6 | 790.0 nA
+            noise at the border changes the prefix once | A | 1.1e-6 0.95e-6 1.02e-6 0.9e-6 | 0.900 µA
+            not a number | A | 2e-9 nan | nan
+            infinite | A | -inf | -inf
+            subnormal: beyond all prefixes | A | 5e-324 | 4.941e-309 fA
+            largest double | A | 1.7e308 | 1.700e+305 kA
+            a unit with a prefix | nA | 0.001863 | 1.863 pA
+            the library's spelling is kept | KeV | 5 | 5.000 KeV
+            and read | KeV | 5000 | 5.000 MeV
+            millimetres | mm | 0.25 | 250.0 µm
+            metres do not become kilometres | m | 2500 | 2500 m
+            no prefix below hertz | Hz | 0.02 | 0.02000 Hz
+            centimetres stay | cm | 0.00123 | 0.001230 cm
+            monitor units stay | MU | 12345.6 | 12346 MU
+            minutes are not milli-inches | min | 90 | 90.00 min
+            degrees are not coulombs | °C | 0.021 | 0.02100 °C
+            no unit | | 12.345 | 12.35
+            noise takes digits | A | 1.8634e-7 s=3e-9 | 186 nA
+            and gives digits | A | 1.86342e-7 s=2e-11 | 186.34 nA
+            three digits are left to what moves | A | 1.8634e-7 s=1e-7 | 186 nA
+            slightly more noise keeps the digits | A | 1.8634e-7 s=9e-11 1.8634e-7 s=15e-11 | 186.34 nA
+            much more noise takes one | A | 1.8634e-7 s=9e-11 1.8634e-7 s=25e-11 | 186.3 nA
+            no sign without a digit | A | 2e-7 s=1e-9 -1e-10 s=1e-9 | -100 pA
+            rounded to nothing | V | 2 s=0.01 -0.001 | -1.000 mV
+        )");
+    }
+    void prefixesFollowTheData()
+    {
+        QFETCH(QString, unit);
+        QFETCH(QString, numbers);
+        SiPrefix prefix(unit);
+        const QStringList words = numbers.split(' ');
+        double value = 0.0;
+        for (int i = 0; i < words.size(); ++i) {
+            value = words[i].toDouble();
+            const bool hasNoise = words.value(i + 1).startsWith("s=");
+            prefix.follow(value, hasNoise ? words[++i].mid(2).toDouble() : 0.0);
+        }
+        QTEST(prefix.text(value), "text");
+    }
+
+    void aUnitIsFixed()
+    {
+        SiPrefix prefix("A");
+        QVERIFY(!prefix.fix("mV") && !prefix.fix("TA"));
+        QVERIFY(prefix.fix("uA") && !prefix.follow(2e-3));
+        QCOMPARE(prefix.text(2e-3), QString::fromUtf8("2000 µA"));
+        QCOMPARE(prefix.text(1e-15), QString::fromUtf8("1.000e-09 µA"));
+        QVERIFY(prefix.fix(QString()) && prefix.follow(2e-3));
+        QCOMPARE(prefix.text(2e-3), QString("2.000 mA"));
+        QVERIFY(SiPrefix("MU").symbols().isEmpty() && !SiPrefix("MU").fix("MU"));
+        QCOMPARE(SiPrefix("mm").symbols().join(' '), QString::fromUtf8("nm µm mm m"));
+    }
+
+    void numbersAreTyped_data()
+    {
+        // The numbers are in A and shown in nA.
+        tableFrom(R"(
+            | typed | double number
+            in the shown unit | 186.3 | 186.3e-9
+            with the shown unit | -20 nA | -20e-9
+            in another unit, without a blank | 0.2uA | 0.2e-6
+            with a micro sign | 3 µA | 3e-6
+            with an exponent | 1e3 pA | 1e-9
+            another quantity | 3 mV | nan
+            not finite | inf | nan
+            too large | 1e308 kA | nan
+            no number | nA | nan
+            nothing | | nan
+        )");
+    }
+    void numbersAreTyped()
+    {
+        QFETCH(QString, typed);
+        QFETCH(double, number);
+        SiPrefix prefix("A");
+        prefix.follow(5e-9);
+        const std::optional<double> parsed = prefix.parse(typed);
+        QCOMPARE(parsed.has_value(), !std::isnan(number));
+        QVERIFY(!parsed || std::abs(*parsed / number - 1.0) < 1e-12);
+    }
+
+    void ticksHaveTheDigitsOfTheirStep()
+    {
+        SiPrefix prefix("A");
+        prefix.follow(1e-6);
+        QCOMPARE(prefix.tick(0.25e-6, 0.25e-6), QString("0.25"));
+        QCOMPARE(prefix.tick(1e-6, 0.25e-6), QString("1.00"));
+        QCOMPARE(prefix.tick(-3e-23, 0.5e-6), QString("0"));
+        QVERIFY(prefix.fix("nA"));
+        QCOMPARE(prefix.tick(0.25e-6, 0.25e-6), QString("250"));
+        QCOMPARE(SiPrefix("MU").tick(12.5, 12.5), QString("12.5"));
     }
 
     void aSubclassChangesWhatIsShown()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
@@ -67,7 +68,7 @@ void HistogramPlotMode::plot()
     const double divisor = plotDivisor();
     drawBars(divisor);
     m_context.histogram.attach(m_context.plot);
-    m_context.axes.setYTitle(m_context.yTitle());
+    m_context.showYTitle();
     m_context.statistics.showResults(divisor);
     showMarkers();
     m_context.plot->updateAxes();
@@ -120,7 +121,7 @@ void HistogramPlotMode::describeMarker(int index)
     const int channel = markerChannel(index);
     QString text = barText(channel);
     if (index == 1 && m_context.markers.isAttached(0))
-        text = spanText(text, span());
+        text = spanText(m_context.model, channel, text, span());
     marker.setValue(channel, m_series->sample(size_t(channel - 1)).value);
     setMarkerLabel(marker, text, index == m_context.markers.selected());
     setMarkerLine(marker, m_context.model.brush(channel));
@@ -132,8 +133,12 @@ QString HistogramPlotMode::barText(int channel) const
 {
     const HistogramBars &bars = m_context.statistics.bars();
     const double reading = bars.readings[channel - 1];
-    const QString text = sampleText(m_context.model, bars.time, channel, reading);
-    const bool namesUnit = m_context.yScale.mode == RVXScopePlotView::Normalized
+    MarkedSample sample{bars.time, channel, reading};
+    const bool hasSiPrefix = m_context.model.hasSiPrefix();
+    if (hasSiPrefix)
+        sample.noise = sampleNoise(m_context.model.reader(), channel, bars.row);
+    const QString text = sampleText(m_context.model, sample);
+    const bool namesUnit = !hasSiPrefix && m_context.yScale.mode == RVXScopePlotView::Normalized
         && !std::isnan(reading) && !bars.unit.isEmpty();
     return namesUnit ? text + QLatin1Char(' ') + bars.unit : text;
 }

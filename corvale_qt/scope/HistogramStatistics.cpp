@@ -246,6 +246,7 @@ void HistogramStatistics::compute(bool shown)
             result.row = m_bars.row;
             result.time = m_bars.time;
             result.showsResults = shown;
+            result.hasSiPrefix = m_model.hasSiPrefix();
             item.setValueUnit(m_bars.unit);
             // A unit may turn the sign of its readings; the limits are for magnitudes.
             item.setLimitFactor(std::abs(m_bars.unitScale));

@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/units/SiPrefix.h"
 
 #include <qwt_plot_marker.h>
 #include <qwt_symbol.h>
@@ -20,11 +21,13 @@ namespace Corvale_Qt {
 
 namespace {
 
-QString readingText(double value)
+QString readingText(const ScopeModel &model, const MarkedSample &sample)
 {
-    return std::isnan(value)
-        ? QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading")
-        : QString::number(value, 'g', QLocale::FloatingPointShortest);
+    if (std::isnan(sample.value))
+        return QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading");
+    if (model.hasSiPrefix())
+        return Units::SiPrefix::text(sample.value, model.unitName(sample.channel), sample.noise);
+    return QString::number(sample.value, 'g', QLocale::FloatingPointShortest);
 }
 
 QString number(double value)
@@ -37,10 +40,56 @@ QString notAvailable()
     return QStringLiteral("N/A");
 }
 
-//! Returns the text of a statistic, or "N/A" if all samples between the markers are missing.
-QString number(const MarkerStatistics &statistics, double value)
+//! Writes the statistics of samples in a unit.
+class StatisticsText
 {
-    return statistics.count() > 0 ? number(value) : notAvailable();
+public:
+    StatisticsText(const ScopeModel &model, int channel, const MarkerStatistics &statistics)
+        : m_hasSiPrefix(model.hasSiPrefix())
+        , m_unit(m_hasSiPrefix ? model.unitName(channel) : QString())
+        , m_statistics(statistics)
+    {
+    }
+
+    // The standard errors are those of independent samples.
+    QString sum() const { return text(m_statistics.sum(), deviation() * root()); }
+    QString mean() const { return text(m_statistics.mean(), deviation() / root()); }
+    QString rms() const { return text(m_statistics.rms(), deviation() / root()); }
+    QString standardDeviation() const
+    {
+        return text(deviation(), deviation() / (std::sqrt(2.0) * root()));
+    }
+
+private:
+    double deviation() const { return m_statistics.standardDeviation(); }
+    double root() const { return std::sqrt(double(std::max(m_statistics.count(), 1))); }
+    //! Returns the text of a number with a standard error, or "N/A" if all samples are missing.
+    QString text(double value, double error) const
+    {
+        if (m_statistics.count() < 1)
+            return notAvailable();
+        return m_hasSiPrefix ? Units::SiPrefix::text(value, m_unit, error) : number(value);
+    }
+
+    bool m_hasSiPrefix;
+    QString m_unit;
+    const MarkerStatistics &m_statistics;
+};
+
+//! Returns a time or a frequency with a prefix and six digits, or as a plain number.
+QString periodText(const ScopeModel &model, double value, const QString &unit)
+{
+    constexpr double sixDigits = 1e-5;
+    return model.hasSiPrefix() ? Units::SiPrefix::text(value, unit, sixDigits * value)
+                               : number(value);
+}
+
+QString frequencyText(const ScopeModel &model, double period)
+{
+    if (!(period > 0.0))
+        return notAvailable();
+    const bool isOfSeconds = model.xUnitName() == QLatin1String("s");
+    return periodText(model, 1.0 / period, isOfSeconds ? QStringLiteral("Hz") : QString());
 }
 
 QString missingText(const MarkerStatistics &statistics)
@@ -49,9 +98,12 @@ QString missingText(const MarkerStatistics &statistics)
                                     : QString();
 }
 
-//! Returns the text that the unit gives if it differs for x and x + resolution, else x with enough digits to differ.
+/*! Returns the text that the unit gives if it differs for x and x + resolution, else x with enough digits to differ. Where
+    values have prefixes, x has no exponent. */
 QString xText(const ScopeModel &model, double x, double resolution)
 {
+    if (model.hasSiPrefix() && resolution > 0.0)
+        return QString::number(x, 'f', std::clamp(int(std::ceil(-std::log10(resolution))), 0, 9));
     QString ofUnit = model.formatX(x);
     bool isNumber = false;
     ofUnit.toDouble(&isNumber);
@@ -66,13 +118,13 @@ QString xText(const ScopeModel &model, double x, double resolution)
 } // namespace
 
 // Here and below, one call of arg() inserts all texts: the name of a channel may contain place markers like %1.
-QString sampleText(const ScopeModel &model, double x, int channel, double value, double resolution)
+QString sampleText(const ScopeModel &model, const MarkedSample &sample)
 {
     return QStringLiteral("%1: %2\nChannel %3\n%4")
         .arg(model.xUnitName(),
-             xText(model, x, resolution),
-             model.name(channel),
-             readingText(value));
+             xText(model, sample.x, sample.resolution),
+             model.name(sample.channel),
+             readingText(model, sample));
 }
 
 QString timeText(const ScopeModel &model, double x, double resolution)
@@ -80,28 +132,32 @@ QString timeText(const ScopeModel &model, double x, double resolution)
     return QStringLiteral("%1: %2").arg(model.xUnitName(), xText(model, x, resolution));
 }
 
-QString spanText(const QString &sample, double period, const MarkerStatistics &statistics)
+QString spanText(const ScopeModel &model,
+                 const MarkedSample &sample,
+                 double period,
+                 const MarkerStatistics &statistics)
 {
+    const StatisticsText texts(model, sample.channel, statistics);
     return QStringLiteral("%1\n   Period: %2\nFrequency: %3\n      Sum: %4\n     Mean: %5\n"
                           "      RMS: %6\n Std. Dev: %7")
-               .arg(sample,
-                    number(period),
-                    period > 0.0 ? number(1.0 / period) : notAvailable(),
-                    number(statistics, statistics.sum()),
-                    number(statistics, statistics.mean()),
-                    number(statistics, statistics.rms()),
-                    number(statistics, statistics.standardDeviation()))
+               .arg(sampleText(model, sample),
+                    periodText(model, period, model.xUnitName()),
+                    frequencyText(model, period),
+                    texts.sum(),
+                    texts.mean(),
+                    texts.rms(),
+                    texts.standardDeviation())
         + missingText(statistics);
 }
 
-QString spanText(const QString &bar, const MarkerStatistics &statistics)
+QString spanText(const ScopeModel &model,
+                 int channel,
+                 const QString &bar,
+                 const MarkerStatistics &statistics)
 {
+    const StatisticsText texts(model, channel, statistics);
     return QStringLiteral("%1\n      Sum: %2\n     Mean: %3\n      RMS: %4\n Std. Dev: %5")
-               .arg(bar,
-                    number(statistics, statistics.sum()),
-                    number(statistics, statistics.mean()),
-                    number(statistics, statistics.rms()),
-                    number(statistics, statistics.standardDeviation()))
+               .arg(bar, texts.sum(), texts.mean(), texts.rms(), texts.standardDeviation())
         + missingText(statistics);
 }
 

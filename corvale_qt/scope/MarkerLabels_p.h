@@ -13,16 +13,32 @@ namespace Corvale_Qt {
 class MarkerStatistics;
 class ScopeModel;
 
+//! A sample that a marker stands on.
+struct MarkedSample
+{
+    double x = 0.0;
+    int channel = 1;
+    double value = 0.0;
+    double resolution =
+        0.0; //!< a difference of x that its text must show; 0 for the digits that the unit of x gives
+    double noise = 0.0; //!< of the value; 0 if it is not known
+};
+
 /*! Returns time, channel and value of a sample, a line each. The time has enough digits to tell it from a time that
-    differs by \a resolution; if that is 0, it has the digits that its unit gives. */
-QString
-sampleText(const ScopeModel &model, double x, int channel, double value, double resolution = 0.0);
+    differs by the resolution. */
+QString sampleText(const ScopeModel &model, const MarkedSample &sample);
 //! Returns only the time, for a marker that does not stand on a sample.
 QString timeText(const ScopeModel &model, double x, double resolution);
 //! Returns the text of a sample, followed by period and statistics of the samples between two markers.
-QString spanText(const QString &sample, double period, const MarkerStatistics &statistics);
-//! Returns the text of a bar, followed by the statistics of the bars between two markers.
-QString spanText(const QString &bar, const MarkerStatistics &statistics);
+QString spanText(const ScopeModel &model,
+                 const MarkedSample &sample,
+                 double period,
+                 const MarkerStatistics &statistics);
+//! Returns the text \a bar of a bar, followed by the statistics of the bars between two markers.
+QString spanText(const ScopeModel &model,
+                 int channel,
+                 const QString &bar,
+                 const MarkerStatistics &statistics);
 
 //! Sets up the line of a new marker.
 void prepareMarker(QwtPlotMarker &marker);

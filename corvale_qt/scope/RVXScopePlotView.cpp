@@ -68,7 +68,10 @@ bool RVXScopePlotView::SetRange(double min, double max)
 {
     Q_D(RVXScopePlotView);
     const std::pair<double, double> range(min, max);
-    if (range == d->context.yScale.range || !std::isfinite(min) || !std::isfinite(max))
+    if (!std::isfinite(min) || !std::isfinite(max))
+        return false;
+    d->context.yScale.isRangeGiven = true;
+    if (range == d->context.yScale.range)
         return false;
     d->context.yScale.range = range;
     Q_EMIT rangeChanged(min, max);

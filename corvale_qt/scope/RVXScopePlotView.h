@@ -78,6 +78,19 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     Q_PROPERTY(
         bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
 
+    // How values are shown.
+    //! Whether axis and labels show values with the prefix that suits them, such as nA; false at first.
+    Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix NOTIFY siPrefixChanged)
+    //! With siPrefix, the unit that the y axis shows whatever its scale, such as "nA"; empty, as at first, for one that suits the scale.
+    Q_PROPERTY(QString valueUnit READ valueUnit WRITE setValueUnit NOTIFY valueUnitChanged)
+    //! The unit that the y axis shows; empty without a unit.
+    Q_PROPERTY(QString shownUnit READ shownUnit NOTIFY shownUnitChanged STORED false)
+    //! Whether a y axis that follows the data grows at once but shrinks only after a while; false at first.
+    Q_PROPERTY(bool hysteresis READ hasHysteresis WRITE setHysteresis NOTIFY hysteresisChanged)
+    //! Whether percentages are of the data's own full scale until a range is set; false at first.
+    Q_PROPERTY(bool fullScaleFromData READ isFullScaleFromData WRITE setFullScaleFromData NOTIFY
+                   fullScaleFromDataChanged)
+
 public:
     //! What the view shows. The mode is StripMode until a model is set.
     enum PlotMode : int {
@@ -167,6 +180,40 @@ public:
     /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has
         room for, it then shows all of them, and its width grows with them to the one that is set. */
     void setBeginAtFirst(bool begin);
+
+    //! Returns whether axis and labels show values with the prefix that suits them.
+    bool hasSiPrefix() const;
+    /*! Sets whether values are shown with the prefix that suits them and with the digits that their noise allows: on the y axis
+        and its title, in the labels of markers and statistics. See Units::SiPrefix. The samples, the range and all that
+        functions return stay in the unit of the model. */
+    void setSiPrefix(bool on);
+    //! Returns the unit that was set for the y axis; empty if it suits the scale.
+    QString valueUnit() const;
+    /*! Sets the unit that the y axis shows while siPrefix is on, one of valueUnits(). Any other text is kept, but has no effect
+        before the model has a unit of that quantity. Empty chooses the unit by the scale again. */
+    void setValueUnit(const QString &symbol);
+    //! Returns the units that valueUnit may be for the model, the smallest first; empty if its unit takes no prefixes.
+    QStringList valueUnits() const;
+    //! Returns the unit that the y axis shows; empty without a unit, and in a normalised plot.
+    QString shownUnit() const;
+    //! Returns a value of the model as text in shownUnit(), without the unit.
+    QString toShownValue(double value) const;
+    /*! Returns the value, in the unit of the model, that a person typed: in shownUnit(), or with a unit. NaN if the text is no
+        such value. */
+    double fromShownValue(const QString &text) const;
+    //! Returns whether a y axis that follows the data has hysteresis.
+    bool hasHysteresis() const;
+    /*! Sets whether a y axis that follows the data has hysteresis, so that it does not move with noise: it grows at once, and
+        shrinks only after 50 plots whose data would take at most 70 % of it. */
+    void setHysteresis(bool on);
+    //! Returns whether percentages are of the data's own full scale until a range is set.
+    bool isFullScaleFromData() const;
+    /*! Sets whether the percentages of the y scale are of the data's own full scale, which is 1, 2 or 5 times a power of ten and
+        not less than any magnitude shown. A range that is set takes precedence, until resetRange(). */
+    void setFullScaleFromData(bool on);
+    //! Sets the range back to [-1, 1], as if none had been set.
+    void resetRange();
+
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
     //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
@@ -257,6 +304,17 @@ Q_SIGNALS:
     void sampleSpanChanged(int samples);
     //! The strip chart begins at its first sample, or shows time before it again.
     void beginAtFirstChanged(bool begin);
+
+    //! Values are shown with a prefix, or as the model has them again.
+    void siPrefixChanged(bool on);
+    //! The unit that was set for the y axis has changed; empty if it suits the scale.
+    void valueUnitChanged(const QString &symbol);
+    //! The y axis shows another unit. Emitted by the event loop.
+    void shownUnitChanged(const QString &symbol);
+    //! A y axis that follows the data has hysteresis, or has none any more.
+    void hysteresisChanged(bool on);
+    //! Percentages are of the data's own full scale until a range is set, or of the range only.
+    void fullScaleFromDataChanged(bool on);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

@@ -86,6 +86,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
          std::initializer_list<QWidget *>{spectrogram, positionPlot, splitPlot})
         layout->insertWidget(0, companion);
     createModes();
+    followShownUnit();
     RVXScopePlotViewPrivate::showOnly(plot); // not virtual during construction
 }
 

@@ -47,6 +47,8 @@ public:
     void prepareItems();
     void preparePickers();
     void createModes();
+    //! Titles the y axis, and tells hosts, when it shows another unit.
+    void followShownUnit();
 
     void showOnly(QWidget *shown) override;
     void showScrollBar(bool shown) override;

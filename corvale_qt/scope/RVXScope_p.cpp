@@ -175,7 +175,8 @@ void RVXScopePrivate::apply(const PanelState &wanted)
         ui.positiveOnlyButton->setChecked(wanted.positiveOnly);
     ui.plotView->SetPositiveOnly(wanted.positiveOnly);
     q->setYScaleIndex(wanted.yScaleIndex);
-    q->SetRange(wanted.range.first, wanted.range.second);
+    if (wanted.range != ui.plotView->range()) // a range that was never set stays so
+        q->SetRange(wanted.range.first, wanted.range.second);
     q->setAveraging(wanted.averaging);
     q->setPeriod(wanted.period);
     q->setTimeSpan(wanted.timeSpan);

@@ -51,6 +51,11 @@ bool YScale::isAutomatic() const
     return mode <= kAutoScaleIndex || mode > kLargestScaleMode;
 }
 
+bool YScale::isOfFullScale() const
+{
+    return followsFullScale && !isRangeGiven && !isAutomatic() && mode != kNormalizeScaleIndex;
+}
+
 std::pair<double, double> YScale::bounds() const
 {
     // A tenth of the negative range stays visible, so that a zero line with noise on it does.
@@ -63,15 +68,21 @@ std::pair<double, double> YScale::bounds() const
 
 ScopeAxes::ScopeAxes(QwtPlot *plot)
     : m_plot(plot)
+    , m_values(plot, QwtPlot::yLeft)
     , m_timeFont(plot->axisFont(QwtPlot::xBottom))
 {
-    m_plot->setAxisScaleEngine(QwtPlot::yLeft, new FiniteScaleEngine);
     m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
-    m_plot->setAxisScaleDraw(QwtPlot::yLeft, new NumberScaleDraw);
 }
 
 void ScopeAxes::setYScale(const YScale &scale)
 {
+    m_values.setSteady(scale.isSteady);
+    if (scale.isOfFullScale()) {
+        const double fraction = scaleFraction(scale.mode);
+        m_values.showFractions((scale.positiveOnly ? -0.1 : -1.0) * fraction, fraction);
+        return;
+    }
+    m_values.showFractions(0.0, 0.0);
     if (scale.isAutomatic()) {
         m_plot->setAxisAutoScale(QwtPlot::yLeft, true);
         return;
@@ -82,6 +93,7 @@ void ScopeAxes::setYScale(const YScale &scale)
 
 void ScopeAxes::prepareTimeAxis()
 {
+    m_values.restart();
     m_plot->setAxisScaleDraw(QwtPlot::xBottom, new NumberScaleDraw);
     m_plot->setAxisFont(QwtPlot::xBottom, m_timeFont);
     m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
@@ -91,6 +103,7 @@ void ScopeAxes::prepareTimeAxis()
 
 void ScopeAxes::prepareChannelAxis(int channels)
 {
+    m_values.restart();
     if (channels < kFewestNumberedChannels) {
         m_plot->setAxisScaleDraw(QwtPlot::xBottom, new ChannelNameDraw);
     } else {

@@ -3,6 +3,8 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/ValueAxis_p.h"
+
 #include <QFont>
 #include <QString>
 
@@ -18,9 +20,14 @@ struct YScale
     int mode = 0; //!< a value of RVXScopePlotView::PlotScales
     std::pair<double, double> range{-1.0, 1.0}; //!< full scale
     bool positiveOnly = false;
+    bool isRangeGiven = false; //!< the host has set the range
+    bool followsFullScale = false; //!< without a given range, the full scale is that of the data
+    bool isSteady = false; //!< an axis that follows the data has hysteresis
 
     //! Returns whether the axis follows the data.
     bool isAutomatic() const;
+    //! Returns whether the axis shows a part of the data's own full scale.
+    bool isOfFullScale() const;
     //! Returns lower and upper bound of the axis while it does not follow the data.
     std::pair<double, double> bounds() const;
 };
@@ -40,11 +47,15 @@ public:
     //! Sets the range of the x axis. A range that is not finite changes nothing.
     void setTimeRange(double left, double right);
 
+    //! The y axis, whose ticks and title may have a prefix.
+    ValueAxis &values() { return m_values; }
+    const ValueAxis &values() const { return m_values; }
     void setYTitle(const QString &title);
     void setXTitle(const QString &title);
 
 private:
     QwtPlot *m_plot;
+    ValueAxis m_values;
     QFont m_timeFont; //!< of the x axis while x is time
     // Setting a title lays out the plot even if the title is the same.
     QString m_xTitle;

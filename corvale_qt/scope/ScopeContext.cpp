@@ -23,13 +23,15 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
 {
 }
 
-QString ScopeContext::yTitle() const
+void ScopeContext::showYTitle()
 {
-    if (yScale.mode == RVXScopePlotView::Normalized)
-        return RVXScopePlotView::tr("Relative Value");
-    const QString unit = model.unitName();
+    const bool isRelative = yScale.mode == RVXScopePlotView::Normalized;
+    axes.values().setGivenUnit(isRelative ? QString() : model.unitName());
     const bool hasUnit = model.plot() && model.plot()->units();
-    return hasUnit ? unit : RVXScopePlotView::tr("Number");
+    if (isRelative)
+        axes.setYTitle(RVXScopePlotView::tr("Relative Value"));
+    else
+        axes.setYTitle(hasUnit ? axes.values().unit() : RVXScopePlotView::tr("Number"));
 }
 
 double ScopeContext::stripWidth() const

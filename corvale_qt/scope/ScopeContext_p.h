@@ -54,8 +54,8 @@ struct ScopeContext
     //! Rows \a top to \a bottom have new values; -1 means all rows.
     void cellsChanged(int top, int bottom);
 
-    //! Returns the title of the y axis: the unit's name, or what stands for it.
-    QString yTitle() const;
+    //! Titles the y axis with the unit that it shows, or with what stands for it.
+    void showYTitle();
     //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples, infinity if it shows all.
     double stripWidth() const;
     //! Returns how many samples a strip chart shows while stripWidth() is 0.

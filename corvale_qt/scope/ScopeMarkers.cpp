@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
@@ -263,7 +264,7 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     const bool reads = data.row > 0 && data.column > 0;
     const double resolution = resolutionOf(xRange);
     setMarkerLabel(*state.item,
-                   reads ? sampleText(m_model, data.x, data.column, data.value, resolution)
+                   reads ? sampleText(m_model, marked(data, resolution))
                          : timeText(m_model, data.x, resolution),
                    index == m_selected);
     setMarkerLine(*state.item, reads ? m_model.brush(data.column) : QBrush(Qt::NoBrush));
@@ -277,6 +278,13 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
         state.item->setLabel(QwtText());
     else if (index == 1)
         describeSpan(xRange);
+}
+
+//! Returns the sample of a marker. Its noise is looked at only if its text depends on it.
+MarkedSample ScopeMarkers::marked(const Data &data, double resolution) const
+{
+    const double noise = m_model.hasSiPrefix() ? sampleNoise(m_reader, data.column, data.row) : 0.0;
+    return {data.x, data.column, data.value, resolution, noise};
 }
 
 //! Reads the value of a marker whose sample is outside the rows that are drawn.
@@ -344,8 +352,8 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
     if (!isAttached(0) || !isAttached(1) || a.row < 1 || b.row < 1 || b.column < 1)
         return;
     const double period = std::abs(a.x - b.x);
-    const QString sample = sampleText(m_model, b.x, b.column, b.value, resolutionOf(xRange));
-    setMarkerLabel(*item(1), spanText(sample, period, span()), m_selected == 1);
+    const MarkedSample sample = marked(b, resolutionOf(xRange));
+    setMarkerLabel(*item(1), spanText(m_model, sample, period, span()), m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
 }
 

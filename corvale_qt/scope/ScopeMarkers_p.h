@@ -24,6 +24,7 @@ namespace Corvale_Qt {
 
 class MarkerStatistics;
 class ScopeSurface;
+struct MarkedSample;
 struct ScopeMarkerStatistics;
 
 /*! Places the markers, finds the samples they stand on, and writes their labels.
@@ -113,6 +114,7 @@ private:
 
     bool takes(int index, int channel, double y, const Data &data) const;
     void readHeldChannel(int index);
+    MarkedSample marked(const Data &data, double resolution) const;
     double value(int row, int channel) const;
     int sweepOffset(const State &state, double x, int size) const;
     int modelRow(const Data &data) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
@@ -64,6 +65,12 @@ QString ScopeModel::formatX(double x) const
 QString ScopeModel::unitName() const
 {
     const Units::MeasurementUnit *unit = plot() ? plot()->units() : nullptr;
+    return unit ? unit->name() : QString();
+}
+
+QString ScopeModel::unitName(int channel) const
+{
+    const Units::MeasurementUnit *unit = plot() ? channelUnit(m_items, channel) : nullptr;
     return unit ? unit->name() : QString();
 }
 

@@ -48,6 +48,11 @@ public:
     QString unitName() const;
     //! Returns what 1 in the base unit is in the unit of the values; 1 if they have no unit.
     double unitScale() const;
+    //! Returns the symbol of the unit of a channel, which may have one of its own; empty for none.
+    QString unitName(int channel) const;
+    //! Sets whether texts show values with a prefix of their unit.
+    void setSiPrefix(bool on) { m_hasSiPrefix = on; }
+    bool hasSiPrefix() const { return m_hasSiPrefix; }
     //! Returns the fits that the device computed for the sample in \a row; empty if it computed none.
     QVariantList deviceFits(int row) const;
 
@@ -59,6 +64,7 @@ private:
 
     QPointer<QAbstractItemModel> m_items;
     RVXAbstractPlotDataModel *m_plot = nullptr;
+    bool m_hasSiPrefix = false;
 };
 
 } // namespace Corvale_Qt

@@ -38,7 +38,7 @@ void TimePlotMode::finish(double left, double right)
 
 void TimePlotMode::setAxisTitles()
 {
-    m_context.axes.setYTitle(m_context.yTitle());
+    m_context.showYTitle();
     m_context.axes.setXTitle(m_context.model.xUnitName());
 }
 

@@ -35,6 +35,10 @@ public:
     {
         return *item.d_func();
     }
+    static const RVX_StatisticsHistogramItemPrivate &of(const RVX_StatisticsHistogramItem &item)
+    {
+        return *item.d_func();
+    }
     //! Returns the private part of an item with the result for the newest sample.
     static const RVX_StatisticsHistogramItemPrivate &
     upToDate(const RVX_StatisticsHistogramItem &item)
@@ -61,6 +65,7 @@ public:
     double time = std::numeric_limits<double>::quiet_NaN(); //!< x of the sample
     int firstChannel = 0;
     QString valueUnit;
+    bool hasSiPrefix = false; //!< the label shows values with a prefix of their unit
     double plotDivisor = 1.0;
     double limitFactor = 1.0;
 

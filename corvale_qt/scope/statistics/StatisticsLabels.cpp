@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ProfileFit.h"
 #include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
 #include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
+#include "corvale_qt/units/SiPrefix.h"
 #include "corvale_qt/units/Units.h"
 
 #include <QCoreApplication>
@@ -55,14 +57,31 @@ QString valueUnit(const RVX_StatisticsHistogramItem &item)
     return item.valueUnit().toHtmlEscaped();
 }
 
+bool hasSiPrefix(const RVX_StatisticsHistogramItem &item)
+{
+    return RVX_StatisticsHistogramItemPrivate::of(item).hasSiPrefix;
+}
+
+//! Returns a value with the prefix that suits it.
+QString prefixed(double value, const RVX_StatisticsHistogramItem &item)
+{
+    return std::isfinite(value) ? Units::SiPrefix::text(value, item.valueUnit()).toHtmlEscaped()
+                                : notAvailable();
+}
+
 QString quantity(double value, const RVX_StatisticsHistogramItem &item)
 {
+    if (hasSiPrefix(item))
+        return prefixed(value, item);
     const QString unit = valueUnit(item);
     return number(value, unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
 }
 
+//! Returns the unit of a number without one.
 QString unitInBrackets(const RVX_StatisticsHistogramItem &item)
 {
+    if (hasSiPrefix(item))
+        return QString();
     const QString unit = valueUnit(item);
     return unit.isEmpty() ? unit : QStringLiteral(" (%1)").arg(unit);
 }
@@ -84,7 +103,10 @@ QString signalToNoise(const RVX_StatisticsHistogramItem &item)
 
 QString noiseDeviation(const RVX_StatisticsHistogramItem &item)
 {
-    return item.hasSignalToNoise() ? number(item.noiseDeviation()) : notAvailable();
+    if (!item.hasSignalToNoise())
+        return notAvailable();
+    return hasSiPrefix(item) ? prefixed(item.noiseDeviation(), item)
+                             : number(item.noiseDeviation());
 }
 
 QString padding(int lines)

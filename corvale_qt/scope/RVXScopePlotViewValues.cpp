@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// How a scope plot view shows values: their unit, their digits, and the scale of the y axis that follows them.
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+
+#include <cmath>
+#include <limits>
+
+namespace Corvale_Qt {
+
+void RVXScopePlotViewPrivate::followShownUnit()
+{
+    context.axes.values().setListener([this] {
+        context.showYTitle();
+        // A slot may delete the view, which may be making a plot right now.
+        QMetaObject::invokeMethod(
+            q_ptr,
+            [this] {
+                Q_EMIT q_ptr->shownUnitChanged(q_ptr->shownUnit());
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+bool RVXScopePlotView::hasSiPrefix() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.axes.values().hasSiPrefix();
+}
+
+void RVXScopePlotView::setSiPrefix(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == hasSiPrefix())
+        return;
+    d->context.axes.values().setSiPrefix(on);
+    d->context.model.setSiPrefix(on);
+    d->context.statistics.outdate();
+    RequestReplotRefresh();
+    Q_EMIT siPrefixChanged(on);
+}
+
+QString RVXScopePlotView::valueUnit() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.axes.values().fixedUnit();
+}
+
+void RVXScopePlotView::setValueUnit(const QString &symbol)
+{
+    Q_D(RVXScopePlotView);
+    if (symbol == valueUnit())
+        return;
+    d->context.axes.values().setFixedUnit(symbol);
+    RequestReplotRefresh();
+    Q_EMIT valueUnitChanged(symbol);
+}
+
+QStringList RVXScopePlotView::valueUnits() const
+{
+    Q_D(const RVXScopePlotView);
+    return Units::SiPrefix(d->context.model.unitName()).symbols();
+}
+
+QString RVXScopePlotView::shownUnit() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.axes.values().unit();
+}
+
+QString RVXScopePlotView::toShownValue(double value) const
+{
+    Q_D(const RVXScopePlotView);
+    const ValueAxis &axis = d->context.axes.values();
+    const double shown = axis.hasSiPrefix() ? axis.prefix().shown(value) : value;
+    return QString::number(shown, 'g', 6);
+}
+
+double RVXScopePlotView::fromShownValue(const QString &text) const
+{
+    Q_D(const RVXScopePlotView);
+    const ValueAxis &axis = d->context.axes.values();
+    const Units::SiPrefix plain(d->context.model.unitName());
+    const auto value = (axis.hasSiPrefix() ? axis.prefix() : plain).parse(text);
+    return value ? *value : std::numeric_limits<double>::quiet_NaN();
+}
+
+bool RVXScopePlotView::hasHysteresis() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.yScale.isSteady;
+}
+
+void RVXScopePlotView::setHysteresis(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == hasHysteresis())
+        return;
+    d->context.yScale.isSteady = on;
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    Q_EMIT hysteresisChanged(on);
+}
+
+bool RVXScopePlotView::isFullScaleFromData() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.yScale.followsFullScale;
+}
+
+void RVXScopePlotView::setFullScaleFromData(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == isFullScaleFromData())
+        return;
+    d->context.yScale.followsFullScale = on;
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    Q_EMIT fullScaleFromDataChanged(on);
+}
+
+void RVXScopePlotView::resetRange()
+{
+    Q_D(RVXScopePlotView);
+    const std::pair<double, double> fresh = YScale().range;
+    const bool isOther = d->context.yScale.range != fresh;
+    d->context.yScale.range = fresh;
+    d->context.yScale.isRangeGiven = false;
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    if (isOther)
+        Q_EMIT rangeChanged(fresh.first, fresh.second);
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/units/SiPrefix.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QwtPlot;
+
+namespace Corvale_Qt {
+
+class SteadyScaleEngine;
+
+/*! An axis of values. Its ticks and its title may have the prefix that suits its scale; the prefix is chosen once for each
+    change of the scale, whoever makes it. Samples and scale keep the unit of the model. */
+class ValueAxis : public QObject
+{
+public:
+    //! Sets up \a axis of \a plot, a QwtPlot::Axis.
+    ValueAxis(QwtPlot *plot, int axis);
+
+    //! Sets whether the unit gets a prefix; false at first.
+    void setSiPrefix(bool on);
+    bool hasSiPrefix() const { return m_isOn; }
+    //! Sets the unit to show, whatever the scale; empty for the prefix that suits the scale. It waits for a model that has it.
+    void setFixedUnit(const QString &symbol);
+    const QString &fixedUnit() const { return m_fixedUnit; }
+    //! Sets the symbol of the unit of the samples.
+    void setGivenUnit(const QString &symbol);
+    //! Calls \a listener when the unit that the axis shows has changed.
+    void setListener(std::function<void()> listener);
+
+    //! Returns the symbol of the unit that the ticks are in.
+    QString unit() const;
+    //! Returns what converts between samples and ticks. Without a prefix, both are in the unit of the samples.
+    const Units::SiPrefix &prefix() const { return m_prefix; }
+
+    //! Sets whether an axis that follows the data has hysteresis.
+    void setSteady(bool on);
+    //! Shows parts of the data's full scale, see SteadyScaleEngine::setFractions(). With 0 for both it follows no full scale.
+    void showFractions(double lower, double upper);
+    //! Follows the next data as if they were the first.
+    void restart();
+
+private:
+    void chooseAnew();
+    void followScale();
+    void show();
+    bool hasPrefix() const { return m_isOn && m_prefix.isScalable(); }
+    SteadyScaleEngine *engine() const;
+
+    QwtPlot *m_plot;
+    const int m_axis;
+    Units::SiPrefix m_prefix;
+    QString m_givenUnit;
+    QString m_fixedUnit;
+    QString m_shownUnit;
+    bool m_isOn = false;
+    bool m_isSteady = false;
+    double m_lowerFraction = 0.0;
+    double m_upperFraction = 0.0;
+    std::function<void()> m_listener;
+};
+
+} // namespace Corvale_Qt

@@ -34,6 +34,7 @@ public:
     QTimer *timer = nullptr;
     std::bitset<maxChannels> enabled;
     bool autoUpdate = true;
+    RVXPlotColors::Palette palette = RVXPlotColors::EightColors;
     QIcon editIcon;
 };
 
@@ -116,7 +117,7 @@ QVariant RVXAbstractDeviceDataModel::data(const QModelIndex &index, int role) co
         return int(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::BackgroundRole:
         if (isHeader(index))
-            return QBrush(RVXPlotColors::color(index.column() - 1));
+            return QBrush(RVXPlotColors::color(index.column() - 1, d->palette));
         return QBrush(overrange() ? Qt::red : Qt::black);
     case Qt::ForegroundRole:
         if (isHeader(index))
@@ -125,6 +126,10 @@ QVariant RVXAbstractDeviceDataModel::data(const QModelIndex &index, int role) co
     case Qt::CheckStateRole:
         if (isHeader(index))
             return d->isEnabled(index.column()) ? Qt::Checked : Qt::Unchecked;
+        return QVariant();
+    case ChannelDashesRole:
+        if (isHeader(index) && d->palette != RVXPlotColors::EightColors)
+            return QVariant::fromValue(RVXPlotColors::dashes(index.column() - 1, d->palette));
         return QVariant();
     default:
         return QVariant();
@@ -166,6 +171,22 @@ Qt::ItemFlags RVXAbstractDeviceDataModel::flags(const QModelIndex &index) const
         return Qt::ItemIsEnabled;
     const Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     return isHeader(index) && isChannel(index) ? shown | Qt::ItemIsUserCheckable : shown;
+}
+
+RVXPlotColors::Palette RVXAbstractDeviceDataModel::palette() const
+{
+    Q_D(const RVXAbstractDeviceDataModel);
+    return d->palette;
+}
+
+void RVXAbstractDeviceDataModel::setPalette(RVXPlotColors::Palette palette)
+{
+    Q_D(RVXAbstractDeviceDataModel);
+    if (palette == d->palette)
+        return;
+    d->palette = palette;
+    if (columnCount() > 1)
+        Q_EMIT dataChanged(index(0, 1), index(0, columnCount() - 1));
 }
 
 QFont RVXAbstractDeviceDataModel::dataFont() const

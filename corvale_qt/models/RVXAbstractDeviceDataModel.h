@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QAbstractItemModel>
@@ -76,6 +77,11 @@ public:
     bool autoUpdate() const;
     //! Sets whether views hear of each reading at once.
     void setAutoUpdate(bool on);
+
+    //! Returns the set of colours of the channels; RVXPlotColors::EightColors at first.
+    RVXPlotColors::Palette palette() const;
+    //! Sets the colours of the channels, in row 0, and their dash patterns. All views of the model show them.
+    void setPalette(RVXPlotColors::Palette palette);
 
 Q_SIGNALS:
     //! Emitted by SetUnits() with the new unit of the readings, which may be null.

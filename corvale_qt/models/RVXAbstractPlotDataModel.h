@@ -34,6 +34,9 @@ public:
         /*! At the cell (0, c): the unit of channel c, a const Units::MeasurementUnit * that the model owns. Invalid if the
             unit is units(), as it is for all channels of a device. */
         ChannelUnitRole = 35,
+        /*! At the cell (0, c): the dash pattern of channel c's curve, a QVector<qreal> as QPen::setDashPattern() takes it. Empty
+            or invalid for a solid line. */
+        ChannelDashesRole = 40,
     };
 
     RVXAbstractPlotDataModel();

@@ -232,12 +232,13 @@ bool CurveLines::isDense(int samples) const
     return samples > (finer ? denseSamplesOnFinerPixels : denseSamples) * columns;
 }
 
+//! Returns whether runs look like the lines. Dashes cannot be seen where each column has many samples.
 bool CurveLines::drawsWholePixels() const
 {
     const QPen &pen = m_painter->pen();
     return m_aligned && !m_painter->testRenderHint(QPainter::Antialiasing)
         && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
-        && m_painter->opacity() == 1.0 && pen.style() == Qt::SolidLine && pen.widthF() <= 1.0
+        && m_painter->opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
         && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255
         && !m_xMap.transformation() && !m_yMap.transformation();
 }

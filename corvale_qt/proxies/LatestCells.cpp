@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/LatestCells_p.h"
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
@@ -65,6 +67,25 @@ QVariant readingWithUnit(const QModelIndex &sample)
     return QString(text.toString() + QLatin1Char(' ') + symbol);
 }
 
+QVariant LatestPrefixes::reading(const QModelIndex &sample)
+{
+    const QVariant number = sample.data(RVXAbstractPlotDataModel::NumericValueRole);
+    const double value = number.toDouble();
+    if (!number.isValid() || !std::isfinite(value))
+        return sample.data(Qt::DisplayRole);
+    const int channel = sample.column() - 1;
+    if (channel >= m_prefixes.size())
+        m_prefixes.resize(sample.model()->columnCount());
+    Units::SiPrefix &prefix = m_prefixes[channel];
+    const QString symbol = symbolOf(sample.model(), sample.column());
+    if (prefix.givenSymbol() != symbol)
+        prefix = Units::SiPrefix(symbol);
+    const auto *const plot = dynamic_cast<const RVXAbstractPlotDataModel *>(sample.model());
+    prefix.follow(value,
+                  plot ? sampleNoise(PlotColumnReader(plot), sample.column(), sample.row()) : 0.0);
+    return prefix.text(value);
+}
+
 bool unitsDiffer(const QAbstractItemModel *model)
 {
     if (!hasChannelUnits(model))
@@ -77,10 +98,10 @@ bool unitsDiffer(const QAbstractItemModel *model)
     return false;
 }
 
-QString dataTitle(const QAbstractItemModel *model)
+QString dataTitle(const QAbstractItemModel *model, bool readingsShowUnits)
 {
     const Units::MeasurementUnit *const unit = channelUnit(model, 1);
-    if (!unit || unitsDiffer(model))
+    if (!unit || readingsShowUnits)
         return RVXLatestPlotDataProxyModel::tr("Data");
     return RVXLatestPlotDataProxyModel::tr("Data (%1)").arg(unit->name());
 }

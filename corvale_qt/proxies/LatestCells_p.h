@@ -2,7 +2,10 @@
 #pragma once
 // Private: this header is not installed.
 
+#include "corvale_qt/units/SiPrefix.h"
+
 #include <QVariant>
+#include <QVector>
 
 class QAbstractItemModel;
 class QModelIndex;
@@ -21,10 +24,24 @@ QVariant channelForeground(const QModelIndex &header);
 //! Returns the text of a reading with the symbol of its channel's unit. A reading that is not finite gets no symbol.
 QVariant readingWithUnit(const QModelIndex &sample);
 
+/*! The prefixes of the readings, which stay as they are from one reading to the next: each channel has its own. Works for a
+    source of any kind; only that of a plot model has a known noise. */
+class LatestPrefixes
+{
+public:
+    //! Forgets all channels.
+    void clear() { m_prefixes.clear(); }
+    //! Returns the text of a reading with the prefix and the digits that suit it; that of the source if it is not finite.
+    QVariant reading(const QModelIndex &sample);
+
+private:
+    QVector<Units::SiPrefix> m_prefixes;
+};
+
 //! Returns whether channels have units with different symbols.
 bool unitsDiffer(const QAbstractItemModel *model);
-//! Returns "Data (unit)", or "Data" if channels have no unit or different ones. \a model may be null.
-QString dataTitle(const QAbstractItemModel *model);
+//! Returns "Data (unit)", or "Data" if channels have no unit or each reading shows its own. \a model may be null.
+QString dataTitle(const QAbstractItemModel *model, bool readingsShowUnits);
 //! Returns the check state of all channels together, partially checked if they differ; invalid without channels.
 QVariant checkStateOfAll(const QAbstractItemModel *model);
 

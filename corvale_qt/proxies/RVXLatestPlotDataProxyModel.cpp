@@ -49,6 +49,7 @@ public:
     void followUnits();
     bool readUnits();
     void retitle();
+    QVariant titleNow() const { return dataTitle(source, hasSiPrefix || unitsDiffer(source)); }
 
     RVXLatestPlotDataProxyModel *const q;
     QPointer<QAbstractItemModel> source;
@@ -58,6 +59,8 @@ public:
     bool resetting = false;
     // Whether each reading shows its unit, since the title cannot.
     bool showsUnits = false;
+    bool hasSiPrefix = false;
+    mutable LatestPrefixes prefixes; // a cell's text depends on the readings before
 
 private:
     using Connections = QVector<QMetaObject::Connection>;
@@ -113,6 +116,7 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceModelReset()
     if (!resetting)
         return;
     resetting = false;
+    prefixes.clear();
     followUnits();
     q->endResetModel();
 }
@@ -196,8 +200,8 @@ void RVXLatestPlotDataProxyModelPrivate::followUnits()
 //! Decides whether the title or each reading shows the unit. Returns whether the title has changed.
 bool RVXLatestPlotDataProxyModelPrivate::readUnits()
 {
-    const QString oldTitle = std::exchange(title, dataTitle(source));
-    const bool shownBefore = std::exchange(showsUnits, unitsDiffer(source));
+    const bool shownBefore = std::exchange(showsUnits, hasSiPrefix || unitsDiffer(source));
+    const QString oldTitle = std::exchange(title, dataTitle(source, showsUnits));
     if (showsUnits != shownBefore)
         newestChanged();
     return title != oldTitle;
@@ -288,8 +292,9 @@ QVariant RVXLatestPlotDataProxyModel::data(const QModelIndex &index, int role) c
     if (index.column() == DataColumn) {
         if (d->source && d->newestRow() < 1)
             return cellWithoutSample(role);
-        const bool isText = role == Qt::DisplayRole && d->showsUnits && source.isValid();
-        return isText ? readingWithUnit(source) : source.data(role);
+        if (role != Qt::DisplayRole || !d->showsUnits || !source.isValid())
+            return source.data(role);
+        return d->hasSiPrefix ? d->prefixes.reading(source) : readingWithUnit(source);
     }
     if (role == Qt::BackgroundRole && source.isValid())
         return channelBackground(source);
@@ -308,7 +313,7 @@ RVXLatestPlotDataProxyModel::headerData(int section, Qt::Orientation orientation
     case Qt::DisplayRole:
         if (section == ChannelColumn)
             return tr("Channel");
-        return section == DataColumn ? dataTitle(d->source) : QVariant();
+        return section == DataColumn ? d->titleNow() : QVariant();
     case Qt::TextAlignmentRole:
         return Qt::AlignHCenter;
     case Qt::CheckStateRole:
@@ -403,6 +408,24 @@ RVXLatestPlotDataProxyModel::mapSelectionFromSource(const QItemSelection &select
     return mapRanges(selection, [this](const QModelIndex &index) {
         return mapFromSource(index);
     });
+}
+
+bool RVXLatestPlotDataProxyModel::hasSiPrefix() const
+{
+    Q_D(const RVXLatestPlotDataProxyModel);
+    return d->hasSiPrefix;
+}
+
+void RVXLatestPlotDataProxyModel::setSiPrefix(bool on)
+{
+    Q_D(RVXLatestPlotDataProxyModel);
+    if (on == d->hasSiPrefix)
+        return;
+    d->hasSiPrefix = on;
+    d->prefixes.clear();
+    d->retitle();
+    d->newestChanged();
+    Q_EMIT siPrefixChanged(on);
 }
 
 void RVXLatestPlotDataProxyModel::edit(const QModelIndex &index)

@@ -27,6 +27,8 @@ class RVXLatestPlotDataProxyModelPrivate;
 class CORVALE_QT_EXPORT RVXLatestPlotDataProxyModel : public QAbstractProxyModel
 {
     Q_OBJECT
+    //! Whether each reading is shown with the prefix and the digits that suit it; false at first.
+    Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix NOTIFY siPrefixChanged)
 
 public:
     //! Creates a table without a source.
@@ -44,6 +46,12 @@ public:
     //! Qt::CheckStateRole of section 0 is the check state of all channels, partially checked if they differ.
     QVariant
     headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    //! Returns whether each reading is shown with the prefix and the digits that suit it.
+    bool hasSiPrefix() const;
+    /*! Sets whether each reading is shown with its unit, the prefix that suits it, and as many digits as its noise allows, see
+        Units::SiPrefix. Other roles than Qt::DisplayRole stay as they are. */
+    void setSiPrefix(bool on);
+
     QModelIndex buddy(const QModelIndex &index) const override;
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
@@ -56,6 +64,10 @@ public:
     QModelIndex mapFromSource(const QModelIndex &sourceIndex) const override;
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;
     QItemSelection mapSelectionFromSource(const QItemSelection &selection) const override;
+
+Q_SIGNALS:
+    //! Readings are shown with a prefix, or as the source has them again.
+    void siPrefixChanged(bool on);
 
 public Q_SLOTS:
     //! Holds back changes in the row of \a index, which is being edited, until editingFinished().

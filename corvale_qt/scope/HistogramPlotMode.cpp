@@ -52,12 +52,26 @@ void HistogramPlotMode::enter()
     m_context.curves.detach();
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareChannelAxis(m_context.model.channelCount());
+    showNames();
     m_context.surface.showScrollBar(false);
     m_context.statistics.show();
 }
 
+void HistogramPlotMode::showNames()
+{
+    m_context.namesChanged = false;
+    if (!m_context.hasBarNames)
+        return;
+    QStringList names;
+    for (int channel = 1; channel <= m_context.model.channelCount(); ++channel)
+        names << m_context.model.name(channel);
+    m_context.axes.showChannelNames(names);
+}
+
 void HistogramPlotMode::plot()
 {
+    if (m_context.namesChanged)
+        showNames();
     const int channels = m_context.model.channelCount();
     const int last = m_context.model.lastRow();
     if (channels < 1 || last < 1) {

@@ -26,6 +26,7 @@ public:
 
 private:
     double plotDivisor() const;
+    void showNames();
     void drawBars(double divisor);
     void showMarkers();
     void describeMarker(int index);

@@ -50,6 +50,7 @@ RVXScopePlotView::~RVXScopePlotView()
 {
     Q_D(RVXScopePlotView);
     d->stopWatching();
+    d->removeLegend();
 }
 
 void RVXScopePlotView::SetPlotMode(PlotMode mode)

@@ -90,6 +90,14 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! Whether percentages are of the data's own full scale until a range is set; false at first.
     Q_PROPERTY(bool fullScaleFromData READ isFullScaleFromData WRITE setFullScaleFromData NOTIFY
                    fullScaleFromDataChanged)
+    //! Whether a legend is shown below the plot; false at first.
+    Q_PROPERTY(
+        bool legendVisible READ isLegendVisible WRITE setLegendVisible NOTIFY legendVisibleChanged)
+    //! The channel whose curve is drawn above the others, as its legend does while the mouse is over it; 0, as at first, for none.
+    Q_PROPERTY(int raisedChannel READ raisedChannel WRITE setRaisedChannel NOTIFY
+                   raisedChannelChanged STORED false)
+    //! Whether the bars of the histogram are labelled with the names of their channels; false at first.
+    Q_PROPERTY(bool barNames READ hasBarNames WRITE setBarNames NOTIFY barNamesChanged)
 
 public:
     //! What the view shows. The mode is StripMode until a model is set.
@@ -213,6 +221,19 @@ public:
     void setFullScaleFromData(bool on);
     //! Sets the range back to [-1, 1], as if none had been set.
     void resetRange();
+    //! Returns whether a legend is shown below the plot.
+    bool isLegendVisible() const;
+    //! Shows or hides a ScopeLegend below the plot. It is hidden in modes that show a companion widget.
+    void setLegendVisible(bool visible);
+    //! Returns the channel whose curve is drawn above the others; 0 for none.
+    int raisedChannel() const;
+    //! Draws the curve of a channel above the others, and wider if it has few samples; 0 for none.
+    void setRaisedChannel(int channel);
+    //! Returns whether the bars of the histogram are labelled with the names of their channels.
+    bool hasBarNames() const;
+    /*! Sets whether the bars of the histogram are labelled with the names of their channels, as far as there is room, instead of
+        letters and numbers. */
+    void setBarNames(bool on);
 
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
@@ -315,6 +336,12 @@ Q_SIGNALS:
     void hysteresisChanged(bool on);
     //! Percentages are of the data's own full scale until a range is set, or of the range only.
     void fullScaleFromDataChanged(bool on);
+    //! A legend is shown below the plot, or no more.
+    void legendVisibleChanged(bool visible);
+    //! The curve of another channel is drawn above the others; 0 for none.
+    void raisedChannelChanged(int channel);
+    //! The bars of the histogram are labelled with names, or no more.
+    void barNamesChanged(bool on);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

@@ -7,6 +7,7 @@
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
+#include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
 
@@ -264,6 +265,7 @@ void RVXScopePlotViewPrivate::showOnly(QWidget *shown)
          std::initializer_list<QWidget *>{plot, spectrogram, positionPlot, splitPlot}) {
         widget->setVisible(widget == shown);
     }
+    showLegend();
 }
 
 void RVXScopePlotViewPrivate::showScrollBar(bool shown)

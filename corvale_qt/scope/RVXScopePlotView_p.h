@@ -25,6 +25,8 @@ class QwtPlotCanvas;
 
 namespace Corvale_Qt {
 
+class ScopeLegend;
+
 //! Has the plot made when the canvas is about to be painted.
 class RVXScopePlotViewEventFilter : public QObject
 {
@@ -49,6 +51,10 @@ public:
     void createModes();
     //! Titles the y axis, and tells hosts, when it shows another unit.
     void followShownUnit();
+    //! Shows the legend while it is wanted and the plot is shown.
+    void showLegend();
+    //! Deletes the legend, which uses this class when it loses the focus.
+    void removeLegend();
 
     void showOnly(QWidget *shown) override;
     void showScrollBar(bool shown) override;
@@ -123,6 +129,10 @@ public:
     ScopeMarkerStatistics announcedMarkers;
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label
+
+    // Channels.
+    QPointer<ScopeLegend> legend; //!< made when it is wanted for the first time
+    bool isLegendWanted = false;
 };
 
 } // namespace Corvale_Qt

@@ -2,6 +2,7 @@
 #include "corvale_qt/plot/FiniteScaleEngine_p.h"
 #include "corvale_qt/plot/NumberScaleDraw_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
+#include "corvale_qt/scope/BarNameDraw_p.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
@@ -117,6 +118,11 @@ void ScopeAxes::prepareChannelAxis(int channels)
         m_plot->setAxisScale(axis, 0.5, std::max(channels, 1) + 0.5);
     }
     setXTitle(QStringLiteral("Channel"));
+}
+
+void ScopeAxes::showChannelNames(const QStringList &names)
+{
+    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new BarNameDraw(names));
 }
 
 void ScopeAxes::setTimeRange(double left, double right)

@@ -7,6 +7,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QStringList>
 
 #include <utility>
 
@@ -44,6 +45,8 @@ public:
     void prepareTimeAxis();
     //! Sets up the x axis for channels 1 to \a channels.
     void prepareChannelAxis(int channels);
+    //! Labels channels 1 and up on the x axis, which prepareChannelAxis() has set up, with their names.
+    void showChannelNames(const QStringList &names);
     //! Sets the range of the x axis. A range that is not finite changes nothing.
     void setTimeRange(double left, double right);
 

@@ -131,6 +131,7 @@ void ScopeContext::cellsChanged(int top, int bottom)
     const bool all = top < 0 || bottom < 0;
     if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
         sweepChanged = true;
+    namesChanged = namesChanged || all || top == 0;
     // Row 0 says which channels are shown, and in which colours.
     if (all || top == 0 || bottom >= model.lastRow())
         statistics.outdate();

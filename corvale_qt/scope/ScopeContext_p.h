@@ -72,6 +72,8 @@ struct ScopeContext
     ScopeMarkers markers;
     ScopeCurves curves;
     QwtPlotHistogram histogram;
+    bool hasBarNames = false; //!< the bars are labelled with the names of their channels
+    bool namesChanged = false; //!< channels may have other names than in the last plot
     HistogramStatistics statistics;
 
     // Strip chart.

@@ -19,6 +19,8 @@ namespace {
 // The curves lie between the grid and the markers. The steps keep channels in order when one is hidden and shown again.
 constexpr double kLowestLayer = 20.0;
 constexpr double kLayerStep = 0.01;
+constexpr double kRaisedWidth = 3.0;
+constexpr size_t kMostWideSamples = 5000;
 
 //! Divides a series by its own largest magnitude. A series of a class that the host defines stays as it is.
 void normalize(QwtSeriesData<QPointF> *series)
@@ -60,6 +62,7 @@ void ScopeCurves::createCurves(int count)
         curve->setLayer(&m_layer);
         m_curves[size_t(i)] = std::move(curve);
     }
+    setRaised(m_raised);
 }
 
 void ScopeCurves::clearCurves()
@@ -123,12 +126,29 @@ void ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scal
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
 }
 
+void ScopeCurves::setRaised(int channel)
+{
+    const auto setZ = [this](int each, double z) {
+        if (each >= 1 && each <= m_count)
+            m_curves[size_t(each - 1)]->setZ(z);
+    };
+    setZ(m_raised, kLowestLayer + (m_raised - 1) * kLayerStep);
+    m_raised = channel;
+    // Above all other curves, and still below the layer.
+    setZ(m_raised, kLowestLayer + (ScopeModel::maximumChannels - 0.5) * kLayerStep);
+}
+
 void ScopeCurves::givePen(int channel)
 {
     RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-    const QBrush brush = m_model.brush(channel);
-    if (brush.style() != Qt::NoBrush && curve.pen().brush() != brush)
-        curve.setPen(QPen(brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    QPen pen = m_model.pen(channel);
+    if (pen.brush().style() == Qt::NoBrush)
+        pen = curve.pen();
+    // A painter takes too long for a wide line through many samples.
+    const bool isWide = channel == m_raised && curve.dataSize() <= kMostWideSamples;
+    pen.setWidthF(isWide ? kRaisedWidth : 1.0);
+    if (curve.pen() != pen)
+        curve.setPen(pen);
     curve.setStyle(QwtPlotCurve::Lines);
 }
 

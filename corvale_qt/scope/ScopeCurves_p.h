@@ -37,6 +37,10 @@ public:
     //! Returns whether a curve on the plot has a finite sample.
     bool showReadings() const;
 
+    //! Draws the curve of a channel above the others, and wider if it has few samples; 0 for none.
+    void setRaised(int channel);
+    int raised() const { return m_raised; }
+
     //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
     /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample
@@ -51,6 +55,7 @@ private:
     const ScopeModel &m_model;
     ScopeMarkers &m_markers;
     int m_count = 0;
+    int m_raised = 0; //!< the channel above the others; 0 for none
     // Declared before the curves, which use it until they are destroyed.
     CurveLayer m_layer;
     std::array<std::unique_ptr<RVXDiscontinuousPlotCurve>, ScopeModel::maximumChannels> m_curves;

@@ -50,6 +50,18 @@ QBrush ScopeModel::brush(int channel) const
                                                  : QBrush(RVXPlotColors::color(channel - 1));
 }
 
+QPen ScopeModel::pen(int channel) const
+{
+    QPen pen(brush(channel), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+    const auto dashes =
+        header(channel, RVXAbstractPlotDataModel::ChannelDashesRole).value<QVector<qreal>>();
+    if (!dashes.isEmpty() && dashes.size() % 2 == 0) {
+        pen.setDashPattern(dashes);
+        pen.setCapStyle(Qt::FlatCap);
+    }
+    return pen;
+}
+
 QString ScopeModel::xUnitName() const
 {
     const Units::MeasurementUnit *unit = plot() ? plot()->xUnits() : nullptr;

@@ -8,6 +8,7 @@
 
 #include <QAbstractItemModel>
 #include <QBrush>
+#include <QPen>
 #include <QPointer>
 #include <QString>
 #include <QVariantList>
@@ -40,6 +41,8 @@ public:
     QString name(int channel) const;
     //! Returns the brush that the model gives for a channel, or else a colour of the palette.
     QBrush brush(int channel) const;
+    //! Returns the pen of a channel's curve: the brush, and the dashes that the model gives.
+    QPen pen(int channel) const;
     //! Returns the symbol of the unit of x; empty if x has no unit.
     QString xUnitName() const;
     //! Formats a value that is already in the unit of x.

@@ -14,6 +14,19 @@ namespace Monitor {
 
 using namespace Corvale_Qt;
 
+namespace {
+
+//! Shows values in units that a person would use, a y axis that stays still, and which channel is which.
+void showValuesForPeople(RVXScopePlotView &view)
+{
+    view.setSiPrefix(true);
+    view.setHysteresis(true);
+    view.setFullScaleFromData(true);
+    view.setLegendVisible(true);
+}
+
+} // namespace
+
 DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     : RVXPopOutTabWidget(parent)
     , m_session(session)
@@ -31,6 +44,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_spotMap->setObjectName(QStringLiteral("spots"));
     m_scope->setModel(&session.model());
     m_scope->setBeginAtFirst(true);
+    showValuesForPeople(*m_scope->plotView());
     setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));
@@ -72,6 +86,8 @@ void DisplayTabs::beginStream()
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     if (header.hasRange())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
+    else
+        m_scope->plotView()->resetRange();
     m_span->setTimed(header.kind != StreamKind::Spots); // the order of spots counts
     const bool profiles = header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels;
     m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);

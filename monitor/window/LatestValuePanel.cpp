@@ -44,6 +44,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     , m_table(new Corvale_Qt::RVXTableView(this))
 {
     auto *latest = new Corvale_Qt::RVXLatestPlotDataProxyModel(this);
+    latest->setSiPrefix(true);
     latest->setSourceModel(&session.model());
     m_marks->setSourceModel(latest);
     m_table->setObjectName(QStringLiteral("latestValues"));

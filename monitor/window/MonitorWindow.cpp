@@ -10,6 +10,7 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
+#include "monitor/window/ValueActions.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QAction>
@@ -92,6 +93,7 @@ void MonitorWindow::addMenus()
     m_viewMenu = menuBar()->addMenu(tr("&View"));
     addPauseAction(m_viewMenu);
     addSpanAction(m_viewMenu);
+    new ValueActions(m_session, *m_displays, m_settings, m_viewMenu, this);
     m_viewMenu->addSeparator();
 }
 

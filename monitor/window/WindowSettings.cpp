@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/WindowSettings.h"
 
+#include <corvale_qt/models/RVXPlotColors.h>
 #include <corvale_qt/settings/RVXApplicationSettings.h>
 #include <corvale_qt/widgets/TimeSpan.h>
 
@@ -91,6 +92,43 @@ double WindowSettings::timeSpan() const
 void WindowSettings::setTimeSpan(double seconds)
 {
     setValue(QStringLiteral("Monitor/time-span"), Corvale_Qt::TimeSpan::text(seconds));
+}
+
+bool WindowSettings::showsLegend() const
+{
+    const QVariant kept = value(QStringLiteral("Monitor/legend"));
+    return !kept.isValid() || kept.toBool();
+}
+
+void WindowSettings::setShowsLegend(bool on)
+{
+    setValue(QStringLiteral("Monitor/legend"), on);
+}
+
+bool WindowSettings::showsBarNames() const
+{
+    const QVariant kept = value(QStringLiteral("Monitor/bar-names"));
+    return !kept.isValid() || kept.toBool();
+}
+
+void WindowSettings::setShowsBarNames(bool on)
+{
+    setValue(QStringLiteral("Monitor/bar-names"), on);
+}
+
+int WindowSettings::palette() const
+{
+    using Corvale_Qt::RVXPlotColors;
+    const QVariant kept = value(QStringLiteral("Monitor/colours"));
+    const int palette = kept.isValid() ? kept.toInt() : RVXPlotColors::ManyColors;
+    const bool isKnown =
+        palette >= RVXPlotColors::EightColors && palette <= RVXPlotColors::ColorBlindSafe;
+    return isKnown ? palette : RVXPlotColors::ManyColors;
+}
+
+void WindowSettings::setPalette(int palette)
+{
+    setValue(QStringLiteral("Monitor/colours"), palette);
 }
 
 QString WindowSettings::display(StreamKind kind) const

@@ -41,6 +41,16 @@ public:
     double timeSpan() const;
     void setTimeSpan(double seconds);
 
+    //! Returns whether the scope has a legend; true before the first setShowsLegend().
+    bool showsLegend() const;
+    void setShowsLegend(bool on);
+    //! Returns whether the names of channels stand under the bars of the histogram; true before the first setShowsBarNames().
+    bool showsBarNames() const;
+    void setShowsBarNames(bool on);
+    //! Returns the set of colours of the channels, an RVXPlotColors::Palette; that of many colours before the first setPalette().
+    int palette() const;
+    void setPalette(int palette);
+
     //! Returns the display that was last shown for streams of that kind; empty if there is none.
     QString display(StreamKind kind) const;
     void setDisplay(StreamKind kind, const QString &display);

@@ -221,6 +221,24 @@ private Q_SLOTS:
         QCOMPARE(proxy.index(0, 1).data().toString(), QString("4.000e-06"));
     }
 
+    //! Each channel has a prefix of its own, which depends on the readings before.
+    void readingsWithPrefixes()
+    {
+        const Units::mV mV;
+        BufferModel source(3);
+        source.channelUnits = {{2, &mV}};
+        Latest proxy(&source);
+        const ModelWatch watch(&proxy);
+        proxy.setSiPrefix(true);
+        QCOMPARE(proxy.text(), QString("Data: ch1=N/A ch2=N/A ch3=N/A"));
+        source.append({{1, {1.863e-7, 2, -1.05e-6}}});
+        QCOMPARE(proxy.text(), QString::fromUtf8("Data: ch1=186.3 nA ch2=2.000 V ch3=-1.050 µA"));
+        source.append({{2, {qQNaN(), 0.02, -0.95e-6}}});
+        QCOMPARE(proxy.text(), QString::fromUtf8("Data: ch1=nan ch2=20.00 mV ch3=-0.950 µA"));
+        proxy.setSiPrefix(false);
+        QVERIFY(!proxy.text().contains("nA"));
+    }
+
     void aMergedChannelWithoutReadings()
     {
         const Units::nA nA;

@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/ModelWatch.h"
@@ -353,6 +354,67 @@ private Q_SLOTS:
             QCOMPARE(view.xText(), QString("10..29"));
             QVERIFY(view.y().maxValue() <= 4.0);
         }
+    }
+
+    //! The legend shows names and newest values, lifts the curve under the mouse, and hides channels by mouse and keys.
+    void theLegendServesTheChannels()
+    {
+        ModelView view(3, 20);
+        view.model.names = QStringList{"left", "right", "sum"};
+        view.setSiPrefix(true);
+        view.setLegendVisible(true);
+        view.settle();
+        auto *legend = view.findChild<ScopeLegend *>();
+        QVERIFY(legend && legend->isVisible());
+        const auto row = [legend](int i) {
+            return legend->model()->index(i, 0);
+        };
+        QCOMPARE(row(1).data().toString(), QString("right"));
+        QCOMPARE(row(1).data(Qt::AccessibleTextRole).toString(), QString("right, 2.000 A"));
+
+        const auto place = [&](int i) {
+            return legend->visualRect(row(i)).center();
+        };
+        QTest::mouseMove(legend->viewport(), place(0));
+        QTest::mouseMove(legend->viewport(), place(1));
+        QCOMPARE(view.raisedChannel(), 2);
+        view.settle();
+        const auto curves = view.curves();
+        QVERIFY(curves.last()->title().text() == "Channel 1" && curves.last()->pen().width() > 1);
+
+        QTest::mouseClick(legend->viewport(), Qt::LeftButton, Qt::NoModifier, place(1));
+        QCOMPARE(view.model.index(0, 2).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        QCOMPARE(view.curves().size(), 2);
+        legend->setFocus(Qt::TabFocusReason);
+        legend->setCurrentIndex(row(1));
+        QTest::keyClick(legend, Qt::Key_Return);
+        QCOMPARE(view.curves().size(), 3);
+        QTest::keyClick(legend, Qt::Key_Left);
+        QCOMPARE(view.raisedChannel(), 1);
+        QTest::keyClick(legend, Qt::Key_Space);
+        QCOMPARE(view.model.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+
+        // Another model, and none.
+        ScopeTestModel other(5);
+        view.setModel(&other);
+        view.settle();
+        QCOMPARE(legend->model()->rowCount(), 5);
+        view.setModel(nullptr);
+        view.settle();
+        QCOMPARE(legend->model()->rowCount(), 0);
+        legend->setFocus();
+    }
+
+    void curvesHaveTheColoursAndDashesOfThePalette()
+    {
+        ModelView view(20, 20);
+        view.model.setPalette(RVXPlotColors::ManyColors);
+        view.settle();
+        const auto curves = view.curves();
+        QCOMPARE(curves[17]->pen().color(), RVXPlotColors::color(17, RVXPlotColors::ManyColors));
+        QCOMPARE(curves[17]->pen().dashPattern(),
+                 RVXPlotColors::dashes(17, RVXPlotColors::ManyColors));
+        QCOMPARE(curves[0]->pen().style(), Qt::SolidLine);
     }
 };
 

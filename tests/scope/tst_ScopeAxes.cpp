@@ -174,7 +174,7 @@ private Q_SLOTS:
         QCOMPARE(show(2.0, 70), 2.0);
         view.setHysteresis(false);
         QCOMPARE(show(9.0, 1), 10.0);
-        QCOMPARE(show(2.0, 1), 2.0);
+        QCOMPARE(show(2.0, 2), 2.0);
     }
 
     void percentagesAreOfTheDataUntilARangeIsSet()

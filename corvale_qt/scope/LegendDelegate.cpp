@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/LegendDelegate_p.h"
+#include "corvale_qt/scope/LegendModel_p.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int margin = 4;
+// The curve is drawn on black, as in the plot: its colours are chosen for that.
+constexpr int swatchWidth = 30;
+constexpr int longestName = 24; // in characters
+
+int valueWidth(const QFontMetrics &metrics)
+{
+    return metrics.horizontalAdvance(QStringLiteral("-000.000 mA"));
+}
+
+void paintSwatch(QPainter *painter, const QRect &place, const QPen &pen, bool isShown)
+{
+    painter->fillRect(place, Qt::black);
+    if (!isShown)
+        return;
+    QPen line = pen;
+    line.setWidthF(2.0);
+    line.setCapStyle(Qt::FlatCap);
+    painter->setPen(line);
+    const int middle = place.center().y();
+    painter->drawLine(place.left() + 2, middle, place.right() - 2, middle);
+}
+
+} // namespace
+
+void toggleChannel(QAbstractItemModel *legend, const QModelIndex &index)
+{
+    const bool isShown = index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+    legend->setData(index, isShown ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+void LegendDelegate::paint(QPainter *painter,
+                           const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const
+{
+    painter->save();
+    QStyleOptionViewItem item = option;
+    item.index = index;
+    const QWidget *const widget = option.widget;
+    const QStyle *const style = widget ? widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, widget);
+
+    const bool isShown = index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const QRect inside = option.rect.adjusted(margin, 2, -margin, -2);
+    paintSwatch(painter,
+                QRect(inside.topLeft(), QSize(swatchWidth, inside.height())),
+                index.data(LegendModel::PenRole).value<QPen>(),
+                isShown);
+
+    const QPalette::ColorGroup group = isShown ? QPalette::Active : QPalette::Disabled;
+    painter->setPen(
+        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    QFont font = option.font;
+    font.setStrikeOut(!isShown); // a colour alone does not tell everybody
+    painter->setFont(font);
+    const QRect text = inside.adjusted(swatchWidth + margin, 0, 0, 0);
+    const QString value = isShown ? index.data(LegendModel::ValueRole).toString() : QString();
+    const int valueRoom = std::min(text.width() / 2, valueWidth(option.fontMetrics));
+    const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin, 0);
+    painter->drawText(
+        nameRect,
+        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, nameRect.width()));
+    painter->drawText(text,
+                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine
+                          | Qt::TextForceLeftToRight,
+                      value);
+    painter->restore();
+}
+
+QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QString name = index.data().toString().left(longestName);
+    const QFontMetrics &metrics = option.fontMetrics;
+    const int width = swatchWidth + metrics.horizontalAdvance(name) + valueWidth(metrics);
+    return {width + 5 * margin, metrics.height() + margin};
+}
+
+bool LegendDelegate::editorEvent(QEvent *event,
+                                 QAbstractItemModel *model,
+                                 const QStyleOptionViewItem &,
+                                 const QModelIndex &index)
+{
+    const bool isClick = event->type() == QEvent::MouseButtonRelease
+        && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
+    const bool isSpace = event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space;
+    if (isClick || isSpace)
+        toggleChannel(model, index);
+    return isClick || isSpace;
+}
+
+} // namespace Corvale_Qt

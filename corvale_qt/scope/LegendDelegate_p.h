@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include <QStyledItemDelegate>
+
+namespace Corvale_Qt {
+
+//! Draws a row of LegendModel: a piece of the curve, the name, and the value at the right.
+class LegendDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter,
+               const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    //! Checks or unchecks a row that is clicked anywhere, or on which Space is pressed.
+    bool editorEvent(QEvent *event,
+                     QAbstractItemModel *model,
+                     const QStyleOptionViewItem &option,
+                     const QModelIndex &index) override;
+};
+
+//! Shows a hidden channel, or hides a shown one.
+void toggleChannel(QAbstractItemModel *legend, const QModelIndex &index);
+
+} // namespace Corvale_Qt

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/LegendModel_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+
+namespace Corvale_Qt {
+
+void LegendModel::setSource(QAbstractItemModel *source)
+{
+    beginResetModel();
+    for (const QMetaObject::Connection &connection : qAsConst(m_connections))
+        disconnect(connection);
+    m_connections.clear();
+    m_source = source;
+    m_prefixes.clear();
+    endResetModel();
+    if (!source)
+        return;
+    using Model = QAbstractItemModel;
+    const auto on = [this, source](auto signal, auto act) {
+        m_connections << connect(source, signal, this, act);
+    };
+    const auto restart = [this] {
+        beginResetModel();
+        m_prefixes.clear();
+        endResetModel();
+    };
+    on(&Model::modelReset, restart);
+    on(&Model::columnsInserted, restart);
+    on(&Model::columnsRemoved, restart);
+    on(&Model::columnsMoved, restart);
+    on(&QObject::destroyed, [this] {
+        setSource(nullptr);
+    });
+    // Row 0 has names, colours and check boxes. Samples change all the time, and are looked at when the legend is painted.
+    on(&Model::dataChanged, [this](const QModelIndex &topLeft) {
+        if (topLeft.isValid() && topLeft.row() == 0)
+            changeAll();
+    });
+}
+
+void LegendModel::changeAll()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
+void LegendModel::setSiPrefix(bool on)
+{
+    m_hasSiPrefix = on;
+    m_prefixes.clear();
+    changeAll();
+}
+
+int LegendModel::rowCount(const QModelIndex &parent) const
+{
+    if (parent.isValid() || !m_source)
+        return 0;
+    ScopeModel model;
+    model.set(m_source);
+    return model.channelCount();
+}
+
+QString LegendModel::value(int channel) const
+{
+    const int last = m_source->rowCount() - 1;
+    if (last < 1)
+        return QString();
+    const QModelIndex sample = m_source->index(last, channel);
+    const QVariant text = m_hasSiPrefix ? m_prefixes.reading(sample) : readingWithUnit(sample);
+    return text.toString();
+}
+
+QVariant LegendModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || !m_source)
+        return QVariant();
+    const int channel = index.row() + 1;
+    ScopeModel model;
+    model.set(m_source);
+    switch (role) {
+    case Qt::DisplayRole:
+        return model.name(channel);
+    case Qt::CheckStateRole:
+        return model.isShown(channel) ? Qt::Checked : Qt::Unchecked;
+    case Qt::ToolTipRole:
+        return tr("%1: click or press Enter to hide or show it")
+            .arg(model.name(channel).toHtmlEscaped());
+    case Qt::AccessibleTextRole:
+        return tr("%1, %2").arg(model.name(channel), value(channel));
+    case ValueRole:
+        return value(channel);
+    case PenRole:
+        return model.pen(channel);
+    default:
+        return QVariant();
+    }
+}
+
+bool LegendModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!index.isValid() || !m_source || role != Qt::CheckStateRole)
+        return false;
+    return m_source->setData(m_source->index(0, index.row() + 1), value, role);
+}
+
+Qt::ItemFlags LegendModel::flags(const QModelIndex &index) const
+{
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable
+                           : Qt::NoItemFlags;
+}
+
+} // namespace Corvale_Qt

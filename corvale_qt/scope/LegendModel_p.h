@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/proxies/LatestCells_p.h"
+
+#include <QAbstractListModel>
+#include <QPen>
+#include <QPointer>
+
+namespace Corvale_Qt {
+
+class ScopeModel;
+
+/*! The channels that a scope draws, one in each row: name, check box, line and newest value. Values are read when they are asked
+    for; it does not announce them. */
+class LegendModel : public QAbstractListModel
+{
+public:
+    //! Roles in addition to Qt's.
+    enum Role {
+        ValueRole = Qt::UserRole, //!< the newest value as text
+        PenRole, //!< the pen of the curve
+    };
+
+    //! Shows the channels of another model; null for none. The model is not owned.
+    void setSource(QAbstractItemModel *source);
+    //! Sets whether values have a prefix of their unit.
+    void setSiPrefix(bool on);
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+private:
+    QString value(int channel) const;
+    void changeAll();
+
+    QPointer<QAbstractItemModel> m_source;
+    QVector<QMetaObject::Connection> m_connections;
+    bool m_hasSiPrefix = false;
+    mutable LatestPrefixes m_prefixes; // a text depends on the readings before
+};
+
+} // namespace Corvale_Qt

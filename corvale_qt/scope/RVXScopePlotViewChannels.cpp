@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// How a scope plot view tells its channels apart: the legend, the raised curve, the names of bars.
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/RVXScopePlotView_p.h"
+#include "corvale_qt/scope/ScopeLegend.h"
+
+#include <qwt_plot.h>
+
+#include <QVBoxLayout>
+
+namespace Corvale_Qt {
+
+void RVXScopePlotViewPrivate::showLegend()
+{
+    if (legend)
+        legend->setVisible(isLegendWanted && !plot->isHidden());
+}
+
+void RVXScopePlotViewPrivate::removeLegend()
+{
+    delete legend;
+}
+
+bool RVXScopePlotView::isLegendVisible() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->isLegendWanted;
+}
+
+void RVXScopePlotView::setLegendVisible(bool visible)
+{
+    Q_D(RVXScopePlotView);
+    if (visible == d->isLegendWanted)
+        return;
+    d->isLegendWanted = visible;
+    if (!d->legend) {
+        d->legend = new ScopeLegend(this, viewport());
+        d->layout->addWidget(d->legend);
+    }
+    d->showLegend();
+    Q_EMIT legendVisibleChanged(visible);
+}
+
+int RVXScopePlotView::raisedChannel() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.curves.raised();
+}
+
+void RVXScopePlotView::setRaisedChannel(int channel)
+{
+    Q_D(RVXScopePlotView);
+    if (channel < 0 || channel == raisedChannel())
+        return;
+    d->context.curves.setRaised(channel);
+    RequestReplotRefresh();
+    Q_EMIT raisedChannelChanged(channel);
+}
+
+bool RVXScopePlotView::hasBarNames() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.hasBarNames;
+}
+
+void RVXScopePlotView::setBarNames(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == d->context.hasBarNames)
+        return;
+    d->context.hasBarNames = on;
+    if (d->mode == HistogramMode)
+        d->currentMode().enter();
+    RequestReplotRefresh();
+    Q_EMIT barNamesChanged(on);
+}
+
+} // namespace Corvale_Qt

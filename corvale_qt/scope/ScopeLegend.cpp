@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/ScopeLegend.h"
+
+#include "corvale_qt/scope/LegendDelegate_p.h"
+#include "corvale_qt/scope/LegendModel_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+
+#include <qwt_plot_canvas.h>
+
+#include <QKeyEvent>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int mostLines = 3;
+
+} // namespace
+
+class ScopeLegendPrivate
+{
+public:
+    ScopeLegendPrivate(ScopeLegend *legend, RVXScopePlotView *theView)
+        : q(legend)
+        , view(theView)
+    {
+    }
+
+    //! Shows the channels of the view's model, which may be another one than before.
+    void followModel()
+    {
+        QAbstractItemModel *const source = view ? view->model() : nullptr;
+        if (source == shown && (source != nullptr) == hadSource)
+            return;
+        shown = source;
+        hadSource = source != nullptr;
+        model.setSource(source);
+        q->updateGeometry();
+    }
+    void raise(const QModelIndex &index)
+    {
+        if (view)
+            view->setRaisedChannel(index.isValid() ? index.row() + 1 : 0);
+    }
+    int lineHeight() const
+    {
+        const int measured = q->sizeHintForRow(0);
+        return measured > 0 ? measured : q->fontMetrics().height() + 4;
+    }
+    //! Returns how many lines the channels take in a width, at most as many as the legend shows.
+    int lines(int width) const
+    {
+        int widest = 1;
+        for (int row = 0; row < model.rowCount(); ++row)
+            widest = std::max(widest, q->sizeHintForIndex(model.index(row)).width());
+        const int inALine = std::max((width - 2) / widest, 1);
+        return std::clamp((model.rowCount() + inALine - 1) / inALine, 1, mostLines);
+    }
+
+    ScopeLegend *const q;
+    QPointer<RVXScopePlotView> view;
+    LegendModel model;
+    QPointer<QAbstractItemModel> shown;
+    bool hadSource = false; //!< also after the source was deleted
+};
+
+ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
+    : QListView(parent)
+    , d_ptr(new ScopeLegendPrivate(this, view))
+{
+    Q_D(ScopeLegend);
+    setAccessibleName(tr("Legend"));
+    setToolTip(tr(
+        "The channels with their newest values. A click, Space or Enter hides a channel or shows "
+        "it again."));
+    setFlow(QListView::LeftToRight);
+    setWrapping(true);
+    setResizeMode(QListView::Adjust);
+    setUniformItemSizes(true);
+    setMouseTracking(true);
+    setFrameStyle(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+    setItemDelegate(new LegendDelegate(this));
+    setModel(&d->model);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(false);
+    setSizePolicy(policy);
+    connect(this, &QAbstractItemView::entered, this, [d](const QModelIndex &index) {
+        d->raise(index);
+    });
+    connect(&d->model, &QAbstractItemModel::modelReset, this, [this] {
+        updateGeometry();
+    });
+    if (!view)
+        return;
+    d->model.setSiPrefix(view->hasSiPrefix());
+    connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
+        d->model.setSiPrefix(on);
+    });
+    // The canvas is painted for each picture, and with another model.
+    for (QwtPlotCanvas *canvas : view->findChildren<QwtPlotCanvas *>())
+        canvas->installEventFilter(this);
+    d->followModel();
+}
+
+ScopeLegend::~ScopeLegend() = default;
+
+bool ScopeLegend::eventFilter(QObject *watched, QEvent *event)
+{
+    Q_D(ScopeLegend);
+    if (event->type() == QEvent::Paint && qobject_cast<QwtPlotCanvas *>(watched)) {
+        d->followModel();
+        viewport()->update();
+    }
+    return QListView::eventFilter(watched, event);
+}
+
+QSize ScopeLegend::sizeHint() const
+{
+    Q_D(const ScopeLegend);
+    return {QListView::sizeHint().width(), d->lines(width()) * d->lineHeight() + 2};
+}
+
+QSize ScopeLegend::minimumSizeHint() const
+{
+    Q_D(const ScopeLegend);
+    return {50, d->lineHeight() + 2};
+}
+
+void ScopeLegend::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (currentIndex().isValid())
+            toggleChannel(model(), currentIndex());
+        event->accept();
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+void ScopeLegend::leaveEvent(QEvent *event)
+{
+    Q_D(ScopeLegend);
+    QListView::leaveEvent(event);
+    d->raise(hasFocus() ? currentIndex() : QModelIndex());
+}
+
+void ScopeLegend::focusInEvent(QFocusEvent *event)
+{
+    Q_D(ScopeLegend);
+    QListView::focusInEvent(event);
+    const bool byKey = event->reason() == Qt::TabFocusReason
+        || event->reason() == Qt::BacktabFocusReason || event->reason() == Qt::ShortcutFocusReason;
+    if (byKey && !currentIndex().isValid())
+        setCurrentIndex(model()->index(0, 0));
+    d->raise(currentIndex());
+}
+
+void ScopeLegend::focusOutEvent(QFocusEvent *event)
+{
+    Q_D(ScopeLegend);
+    QListView::focusOutEvent(event);
+    d->raise(QModelIndex());
+}
+
+void ScopeLegend::resizeEvent(QResizeEvent *event)
+{
+    QListView::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        updateGeometry();
+}
+
+void ScopeLegend::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    Q_D(ScopeLegend);
+    QListView::currentChanged(current, previous);
+    if (hasFocus())
+        d->raise(current);
+}
+
+} // namespace Corvale_Qt

@@ -14,10 +14,20 @@ constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
 void RunningStatistics::add(double time, double value)
 {
-    if (!std::isfinite(value))
+    if (!std::isfinite(value)) {
+        interrupt();
         return;
-    if (m_count > 0)
-        m_integral += 0.5 * (value + m_lastValue) * (time - m_lastTime);
+    }
+    if (m_count > 0) {
+        const double step = time - m_lastTime;
+        const double area = 0.5 * (value + m_lastValue) * step;
+        m_integral += area;
+        if (m_isConnected) {
+            m_coveredIntegral += area;
+            m_coveredTime += step;
+        }
+    }
+    m_isConnected = true;
     m_lastTime = time;
     m_lastValue = value;
     ++m_count;

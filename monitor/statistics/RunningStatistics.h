@@ -26,9 +26,15 @@ public:
     double minimum() const;
     //! Returns the largest value; NaN without readings.
     double maximum() const;
-    /*! Returns the integral by the trapezoidal rule, in the channel's unit times seconds; 0 with fewer than two
-        readings. */
+    //! Says that readings are missing after the last one.
+    void interrupt() { m_isConnected = false; }
+    /*! Returns the integral by the trapezoidal rule over all readings, in the channel's unit times seconds; 0 with fewer than
+        two readings. It takes a straight line where readings are missing. */
     double integral() const { return m_integral; }
+    //! Returns the part of the integral that belongs to times with readings.
+    double coveredIntegral() const { return m_coveredIntegral; }
+    //! Returns the seconds of coveredIntegral().
+    double coveredTime() const { return m_coveredTime; }
 
 private:
     qint64 m_count = 0;
@@ -37,6 +43,9 @@ private:
     double m_minimum = std::numeric_limits<double>::infinity();
     double m_maximum = -std::numeric_limits<double>::infinity();
     double m_integral = 0.0;
+    double m_coveredIntegral = 0.0;
+    double m_coveredTime = 0.0;
+    bool m_isConnected = false; //!< no reading is missing after the last one
     double m_lastTime = 0.0;
     double m_lastValue = 0.0;
 };

@@ -48,7 +48,7 @@ void writeChannels(QTextStream &out, const StreamStatistics &statistics)
     writeRow(out,
              QStringLiteral("channel"),
              width,
-             {"unit", "n", "mean", "sigma", "min", "max", "integral"});
+             {"unit", "n", "mean", "sigma", "min", "max", "integral", "without gaps", "over s"});
     for (int i = 0; i < header.channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
         const QString unit = header.channels[i].unit;
@@ -61,7 +61,9 @@ void writeChannels(QTextStream &out, const StreamStatistics &statistics)
                   number(channel.sigma()),
                   number(channel.minimum()),
                   number(channel.maximum()),
-                  number(channel.integral())});
+                  number(channel.integral()),
+                  number(channel.coveredIntegral()),
+                  number(channel.coveredTime())});
     }
 }
 
@@ -134,6 +136,8 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
             {"min", jsonNumber(channel.minimum())},
             {"max", jsonNumber(channel.maximum())},
             {"integral", jsonNumber(channel.integral())},
+            {"covered_integral", jsonNumber(channel.coveredIntegral())},
+            {"covered_time", jsonNumber(channel.coveredTime())},
         });
     }
     return channels;

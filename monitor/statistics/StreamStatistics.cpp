@@ -19,8 +19,8 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
         const double time = readings.time(row);
         if (m_readings++ == 0)
             m_firstTime = time;
-        else
-            noteStep(time - m_lastTime);
+        else if (isGap(time - m_lastTime))
+            noteGap();
         m_lastTime = time;
         const double *values = readings.values(row);
         for (std::size_t i = 0; i < m_channels.size(); ++i)
@@ -35,14 +35,26 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
     m_lastValues.assign(last, last + m_channels.size());
 }
 
-//! Counts gaps. The usual step follows the steps of the stream slowly, without the gaps.
-void StreamStatistics::noteStep(double step)
+/*! Returns whether a step of time is a gap. The usual step follows the steps of the stream slowly, without the gaps. Many long
+    steps in a row are no gaps any more: the stream has another rate. Readings that came together have no step. */
+bool StreamStatistics::isGap(double step)
 {
     constexpr double gapFactor = 3.0, follow = 0.1;
-    if (m_usualStep > 0.0 && step > gapFactor * m_usualStep)
-        ++m_gaps;
-    else
-        m_usualStep = m_usualStep > 0.0 ? m_usualStep + follow * (step - m_usualStep) : step;
+    constexpr int stepsOfAnotherRate = 8;
+    const bool isLong = m_usualStep > 0.0 && step > gapFactor * m_usualStep;
+    m_longSteps = isLong ? m_longSteps + 1 : 0;
+    if (m_usualStep <= 0.0 || m_longSteps >= stepsOfAnotherRate)
+        m_usualStep = step;
+    else if (!isLong && step > 0.0)
+        m_usualStep += follow * (step - m_usualStep);
+    return isLong;
+}
+
+void StreamStatistics::noteGap()
+{
+    ++m_gaps;
+    for (RunningStatistics &channel : m_channels)
+        channel.interrupt();
 }
 
 } // namespace Monitor

@@ -46,7 +46,8 @@ public:
     const std::vector<double> &lastValues() const { return m_lastValues; }
 
 private:
-    void noteStep(double step);
+    bool isGap(double step);
+    void noteGap();
 
     StreamHeader m_header;
     PixelShape m_shape;
@@ -58,6 +59,7 @@ private:
     double m_firstTime = 0.0;
     double m_lastTime = 0.0;
     double m_usualStep = 0.0;
+    int m_longSteps = 0; //!< in a row
 };
 
 } // namespace Monitor

@@ -78,6 +78,7 @@ private Q_SLOTS:
         for (int i = 0; i < 8; ++i)
             statistics.add(i, values[i]);
         statistics.add(8, std::nan(""));
+        QCOMPARE(statistics.coveredTime(), 7.0);
         QCOMPARE(statistics.count(), qint64(8));
         QCOMPARE(statistics.mean(), 5.0);
         QCOMPARE(statistics.populationSigma(), 2.0);
@@ -128,6 +129,24 @@ private Q_SLOTS:
             block.append(time, &value);
         statistics.addReadings(block);
         QCOMPARE(statistics.gaps(), qint64(2));
+        QCOMPARE(statistics.channel(0).integral(), 21.0);
+        QCOMPARE(statistics.channel(0).coveredIntegral(), 6.0);
+        QCOMPARE(statistics.channel(0).coveredTime(), 6.0);
+    }
+
+    void anotherRateIsNoGap()
+    {
+        StreamStatistics statistics;
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
+        statistics.startStream(header);
+        ReadingBlock block(1);
+        const double value = std::nan("");
+        for (int i = 0; i < 1000; ++i)
+            block.append(i < 500 ? i * 0.001 : i - 499.0, &value);
+        statistics.addReadings(block);
+        QCOMPARE(statistics.gaps(), qint64(8)); // until the new rate is believed
+        QCOMPARE(statistics.channel(0).coveredTime(), 0.0); // without a reading there is none
     }
 
     //! Compares all digits of a reference that was made with another tool.

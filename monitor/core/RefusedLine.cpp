@@ -9,7 +9,7 @@ QString refusalText(Refusal refusal)
 {
     switch (refusal) {
     case Refusal::TooLong:
-        return QCoreApplication::translate("Monitor", "longer than 64 KiB");
+        return QCoreApplication::translate("Monitor", "longer than 2 MiB");
     case Refusal::TooManyValues:
         return QCoreApplication::translate("Monitor", "more than 256 values");
     case Refusal::WrongCount:
@@ -25,11 +25,13 @@ QString refusalText(Refusal refusal)
 
 QString RefusedLine::text() const
 {
-    return QCoreApplication::translate("Monitor", "line %1 dropped, %2: \"%3\"")
-        .arg(number)
-        .arg(reason.isEmpty() ? refusalText(refusal)
-                              : refusalText(refusal) + QStringLiteral(" (%1)").arg(reason),
-             QString::fromLatin1(excerpt));
+    const QString form = what == What::Image
+        ? QCoreApplication::translate("Monitor", "image %1 dropped, %2: \"%3\"")
+        : QCoreApplication::translate("Monitor", "line %1 dropped, %2: \"%3\"");
+    return form.arg(number).arg(reason.isEmpty()
+                                    ? refusalText(refusal)
+                                    : refusalText(refusal) + QStringLiteral(" (%1)").arg(reason),
+                                QString::fromLatin1(excerpt));
 }
 
 } // namespace Monitor

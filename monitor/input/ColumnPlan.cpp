@@ -2,6 +2,7 @@
 #include "monitor/input/ColumnPlan.h"
 
 #include "monitor/input/LineText.h"
+#include "monitor/input/RowReader.h"
 #include "monitor/readings/UnitSymbols.h"
 
 #include <QRegularExpression>
@@ -83,6 +84,46 @@ StreamKind kindOf(const QVector<Channel> &channels)
                                                                   : StreamKind::Channels;
 }
 
+//! Returns how many channels are strips of x, which come first.
+int stripsOfX(const QVector<Channel> &channels)
+{
+    const auto ofY = std::find_if(channels.begin(), channels.end(), [](const Channel &channel) {
+        return !channel.name.startsWith(QLatin1Char('x'));
+    });
+    return int(ofY - channels.begin());
+}
+
+//! Returns how many cells the first row of a matrix has.
+int columnsOf(const QVector<Channel> &channels)
+{
+    const QString firstRow = channels.first().name.section(QLatin1Char('c'), 0, 0);
+    const auto next = std::find_if(channels.begin(), channels.end(), [&](const Channel &channel) {
+        return channel.name.section(QLatin1Char('c'), 0, 0) != firstRow;
+    });
+    return int(next - channels.begin());
+}
+
+//! Returns whether the names count rows and columns from 1, row after row.
+bool areRowAfterRow(const QVector<Channel> &channels, const Corvale_Qt::DetectorLayout &layout)
+{
+    const int columns = layout.cells(Corvale_Qt::DetectorLayout::Axis::X);
+    for (int i = 0; i < channels.size(); ++i) {
+        const QString &name = channels[i].name;
+        const int mark = name.indexOf(QLatin1Char('c'));
+        if (name.midRef(1, mark - 1).toInt() != i / columns + 1
+            || name.midRef(mark + 1).toInt() != i % columns + 1)
+            return false;
+    }
+    return true;
+}
+
+QString commonUnitOf(const QVector<Channel> &channels)
+{
+    StreamHeader header;
+    header.channels = channels;
+    return header.commonUnit();
+}
+
 } // namespace
 
 std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
@@ -101,10 +142,6 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     for (int i = 0; i < fields.size(); ++i) {
         if (i == plan.timeColumn || isFrameNumber(fields[i]))
             continue;
-        if (plan.channels.size() == StreamHeader::maxChannels) {
-            ++plan.leftOut;
-            continue;
-        }
         Channel channel;
         splitUnitSuffix(fields[i], &channel.name, &channel.unit);
         if (channel.name.isEmpty())
@@ -116,7 +153,41 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
         return std::nullopt;
     if (plan.kind != StreamKind::Spots)
         plan.kind = kindOf(plan.channels);
+    if (plan.channels.size() > StreamHeader::maxChannels && !plan.takeFrames())
+        plan.leaveOut();
     return plan;
+}
+
+//! Takes more columns than channels may be as the cells of a frame. Returns false if their names do not tell its shape.
+bool ColumnPlan::takeFrames()
+{
+    using Corvale_Qt::DetectorLayout;
+    Corvale_Qt::DetectorDescription cells;
+    if (kind == StreamKind::Pixels) {
+        const int columns = columnsOf(channels);
+        cells = countedMatrix(channels.size() / columns, columns);
+    } else if (kind == StreamKind::Strips) {
+        const int ofX = stripsOfX(channels);
+        cells = countedStrips(ofX, channels.size() - ofX);
+    }
+    const DetectorLayout layout = DetectorLayout::fromDescription(cells);
+    if (layout.isEmpty() || layout.readings() != channels.size()
+        || (kind == StreamKind::Pixels && !areRowAfterRow(channels, layout)))
+        return false;
+    frames = cells;
+    frameUnit = commonUnitOf(channels);
+    channels.clear();
+    return true;
+}
+
+//! Leaves out the columns beyond the channels that there may be.
+void ColumnPlan::leaveOut()
+{
+    leftOut = channels.size() - StreamHeader::maxChannels;
+    channels.resize(StreamHeader::maxChannels);
+    valueColumns.resize(StreamHeader::maxChannels);
+    if (kind != StreamKind::Spots)
+        kind = StreamKind::Channels; // a part of a frame is none
 }
 
 } // namespace Monitor

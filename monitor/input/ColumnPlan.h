@@ -16,12 +16,19 @@ struct ColumnPlan
     //! Converts the time column to seconds.
     double timeFactor = 1.0;
     QVector<int> valueColumns;
-    QVector<Channel> channels;
+    QVector<Channel> channels; //!< empty if the lines are frames
+    //! The cells of a frame, where there are more of them than channels may be; no readings otherwise.
+    Corvale_Qt::DetectorDescription frames;
+    QString frameUnit; //!< unit of the values of a frame
     StreamKind kind = StreamKind::Channels;
     int leftOut = 0; //!< channels beyond the 256 that are read
 
     //! Returns the plan of a header line; nothing if the fields are not names of columns.
     static std::optional<ColumnPlan> fromHeader(const QStringList &fields);
+
+private:
+    bool takeFrames();
+    void leaveOut();
 };
 
 } // namespace Monitor

@@ -92,6 +92,9 @@ void CsvReader::finish()
     m_splitter.finish([this](std::string_view line, bool tooLong) {
         takeLine(line, tooLong);
     });
+    if (m_isRecording && m_protocol->dropOpenFrame())
+        m_sink.eventNoted(
+            QStringLiteral("the recording's last frame is incomplete and was left out"));
     m_protocol->finish();
 }
 

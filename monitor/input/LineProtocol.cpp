@@ -15,6 +15,14 @@ namespace {
 constexpr int linesOfAnotherShape = 10;
 //! If this many first lines of data do not fit the header, it was not a header.
 constexpr int linesAgainstAHeader = 2;
+constexpr std::string_view frameWord = "#frame";
+
+//! Returns whether a line of metadata begins with a word.
+bool beginsWith(std::string_view line, std::string_view word)
+{
+    return line.substr(0, word.size()) == word
+        && (line.size() == word.size() || line[word.size()] == ' ' || line[word.size()] == '\t');
+}
 
 } // namespace
 
@@ -30,6 +38,7 @@ LineProtocol::~LineProtocol() = default;
 
 void LineProtocol::beginStream()
 {
+    dropOpenFrame(); // the rest of a lost connection
     finish();
     m_order.beginConnection();
     m_mayBeHeader = true;
@@ -47,10 +56,15 @@ void LineProtocol::takeLine(std::string_view line, bool tooLong)
 {
     ++m_counts.lines;
     m_line = trimmed(line);
-    if (tooLong)
+    const bool isRow = m_frames && m_frames->isOpen() && m_line.substr(0, 1) != "#";
+    if (tooLong) {
         refuse(currentLine(Refusal::TooLong));
-    else if (m_line.empty())
+        if (isRow)
+            m_frames->spoilRow();
+    } else if (m_line.empty())
         return;
+    else if (beginsWith(m_line, frameWord))
+        beginFrame(m_line.substr(frameWord.size()));
     else if (m_line.front() == '#')
         takeMetadata(m_line);
     else
@@ -59,6 +73,7 @@ void LineProtocol::takeLine(std::string_view line, bool tooLong)
 
 void LineProtocol::finish()
 {
+    refuseOpenFrame();
     if (m_rows)
         m_rows->finish(m_rowHandler);
     follow(m_order.finish());
@@ -74,6 +89,7 @@ void LineProtocol::takeMetadata(std::string_view line)
     case Metadata::Line::Stream:
         beginAcquisition();
         m_metadata = metadata;
+        m_hasFrames = false;
         forgetShape();
         break;
     case Metadata::Line::Changed:
@@ -97,6 +113,10 @@ void LineProtocol::takeMetadata(std::string_view line)
 void LineProtocol::takeFields(std::string_view line)
 {
     splitFields(line, &m_fields);
+    if (m_hasFrames) {
+        takeFrameRow();
+        return;
+    }
     if ((!m_rows || m_mayBeHeader) && takeHeader())
         return;
     if (!m_rows && !adoptShape())
@@ -114,6 +134,78 @@ void LineProtocol::takeFields(std::string_view line)
     }
 }
 
+//! Begins a frame. A change of the size begins a new acquisition.
+void LineProtocol::beginFrame(std::string_view text)
+{
+    refuseOpenFrame();
+    m_hasFrames = true;
+    FrameRowReader::Beginning frame;
+    RefusedLine line = currentLine(Refusal::Unreadable);
+    const bool allowed = m_metadata.allowsFrames();
+    if (!allowed)
+        line.reason = QStringLiteral("only a stream that begins with #corvale 2 has frames");
+    if (!frame.read(text, m_arrivalTime, &line.reason) || !allowed) {
+        refuse(line);
+        if (m_frames)
+            m_frames->drop();
+        return;
+    }
+    if (!m_frames || !m_frames->hasSize(frame.rows, frame.columns)) {
+        if (m_rows)
+            beginAcquisition();
+        auto rows = std::make_unique<FrameRowReader>(frame.rows, frame.columns);
+        m_frames = rows.get();
+        m_rows = std::move(rows);
+        m_hasNamedColumns = false;
+        m_headerTold = false;
+    }
+    m_frameLine = line;
+    m_frames->begin(frame.time);
+}
+
+void LineProtocol::takeFrameRow()
+{
+    RefusedLine line = currentLine(Refusal::WrongCount);
+    if (!m_frames || !m_frames->isOpen()) {
+        line.reason = QStringLiteral("it belongs to no frame");
+        refuse(line);
+        return;
+    }
+    const int row = m_frames->rowsTaken() + 1;
+    switch (m_frames->read(m_fields, m_arrivalTime, m_rowHandler)) {
+    case RowReader::Outcome::Taken:
+        return;
+    case RowReader::Outcome::WrongCount:
+        break;
+    case RowReader::Outcome::Unreadable:
+        line.refusal = Refusal::Unreadable;
+        break;
+    }
+    line.reason = QStringLiteral("row %1 of a frame, which is dropped").arg(row);
+    refuse(line);
+}
+
+//! Refuses a frame whose last rows have not come.
+void LineProtocol::refuseOpenFrame()
+{
+    if (!m_frames || !m_frames->isOpen())
+        return;
+    const bool toldAlready = m_frames->isSpoiled();
+    m_frameLine.refusal = Refusal::WrongCount;
+    m_frameLine.reason = QStringLiteral("the frame ends after %1 rows").arg(m_frames->rowsTaken());
+    m_frames->drop();
+    if (!toldAlready)
+        refuse(m_frameLine);
+}
+
+bool LineProtocol::dropOpenFrame()
+{
+    const bool open = m_frames && m_frames->isOpen();
+    if (open)
+        m_frames->drop();
+    return open;
+}
+
 /*! Takes a line of names before any data. After a reconnection it must name as many channels as before. Returns false
     if the line is not a header. */
 bool LineProtocol::takeHeader()
@@ -126,22 +218,21 @@ bool LineProtocol::takeHeader()
     if (ofARecording)
         return true; // "#channels" gave the same names, more exactly
     std::unique_ptr<RowReader> rows = MultichannelRowReader::fromHeader(names);
-    int leftOut = 0;
     if (!rows) {
         const std::optional<ColumnPlan> plan = ColumnPlan::fromHeader(names);
         if (!plan)
             return false;
         rows = std::make_unique<PlannedRowReader>(*plan);
-        leftOut = plan->leftOut;
     }
-    if (m_rows && m_rows->channels().size() != rows->channels().size())
+    if (m_rows && m_rows->valuesPerReading() != rows->valuesPerReading())
         return false;
     m_rows = std::move(rows);
+    m_frames = nullptr;
     m_headerLine = currentLine(Refusal::Unreadable);
     m_hasNamedColumns = true;
     m_shapeProven = false;
     m_headerTold = false;
-    if (leftOut > 0)
+    if (const int leftOut = m_rows->leftOutChannels())
         m_sink.eventNoted(QStringLiteral("%1 columns beyond the first %2 are left out")
                               .arg(leftOut)
                               .arg(StreamHeader::maxChannels));
@@ -157,14 +248,28 @@ bool LineProtocol::adoptShape()
     const int fields = int(m_fields.size());
     if (channels.isEmpty()) {
         const int values = fields == 1 ? 1 : fields - 1;
-        if (values > StreamHeader::maxChannels) {
-            refuse(currentLine(Refusal::TooManyValues));
-            return false;
-        }
+        if (values > StreamHeader::maxChannels)
+            return adoptFrames(values);
         channels = StreamHeader::defaultChannels(m_metadata.kind(), values);
     }
     const bool timed = fields != channels.size();
     m_rows = std::make_unique<TimedRowReader>(channels, m_metadata.kind(), timed);
+    m_hasNamedColumns = false;
+    m_shapeProven = false;
+    m_headerTold = false;
+    return true;
+}
+
+/*! Takes lines of more values than there may be channels as frames, if strips or a matrix of that size are declared. Returns
+    false, and refuses the line, otherwise. Each line begins with its time. */
+bool LineProtocol::adoptFrames(int values)
+{
+    const std::optional<Corvale_Qt::DetectorDescription> frames = m_metadata.framesOf(values);
+    if (!frames) {
+        refuse(currentLine(Refusal::TooManyValues));
+        return false;
+    }
+    m_rows = std::make_unique<TimedRowReader>(*frames, true);
     m_hasNamedColumns = false;
     m_shapeProven = false;
     m_headerTold = false;
@@ -176,7 +281,8 @@ bool LineProtocol::adoptShape()
     header, or an instrument that was set up again. */
 void LineProtocol::shapeMismatch(std::string_view line)
 {
-    const bool tooMany = m_fields.size() > std::size_t(StreamHeader::maxChannels) + 1;
+    const bool tooMany = m_fields.size() > std::size_t(StreamHeader::maxChannels) + 1
+        && !m_rows->hasFrames() && !m_metadata.framesOf(int(m_fields.size()) - 1);
     m_otherCountRun = m_fields.size() == m_otherCount ? m_otherCountRun + 1 : 1;
     m_otherCount = m_fields.size();
 
@@ -209,6 +315,7 @@ void LineProtocol::shapeMismatch(std::string_view line)
 void LineProtocol::forgetShape()
 {
     m_rows.reset();
+    m_frames = nullptr;
     m_hasNamedColumns = false;
     m_shapeProven = false;
     m_otherCountRun = 0;
@@ -223,7 +330,7 @@ void LineProtocol::takeReading(double time, const double *values)
     }
     TimeOrder::Reading reading;
     reading.time = time;
-    reading.values.assign(values, values + m_rows->channels().size());
+    reading.values.assign(values, values + m_rows->valuesPerReading());
     reading.line = currentLine(Refusal::TimeBackwards);
     const double lastTime = m_order.lastTime();
     const TimeOrder::Verdict verdict = m_order.weigh(std::move(reading));
@@ -250,7 +357,10 @@ void LineProtocol::deliver(double time, const double *values)
 {
     if (!m_headerTold) {
         m_headerTold = true;
-        const StreamHeader header = m_metadata.headerFor(m_rows->channels(), m_rows->kind());
+        StreamHeader header = m_rows->hasFrames()
+            ? m_metadata.headerForFrames(m_rows->frames(), m_rows->frameUnit())
+            : m_metadata.headerFor(m_rows->channels(), m_rows->kind());
+        header.leftOutChannels = m_rows->leftOutChannels();
         if (!header.detectorFault.isEmpty())
             m_sink.eventNoted(
                 QStringLiteral("the detector is not used: %1").arg(header.detectorFault));

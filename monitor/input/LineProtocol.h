@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/core/LineCounts.h"
+#include "monitor/input/FrameRowReader.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/input/RowReader.h"
 #include "monitor/input/StreamSink.h"
@@ -13,7 +14,8 @@ namespace Monitor {
 
 /*! Reads the lines of an instrument or of a table one after the other and reports their contents to a sink.
 
-    A line of data is "t,v1,v2,...", or the same with white space instead of commas. Lines that begin with "#" describe
+    A line of data is "t,v1,v2,...", or the same with white space instead of commas. A frame is "#frame t rows columns" and a
+    line of numbers for each row. Other lines that begin with "#" describe
     the data. A line of names before the first line of data is the header of a table. Nothing is fatal: a line that
     makes no sense is counted, reported and dropped. docs/line-protocol.md describes the whole protocol.
 
@@ -37,15 +39,21 @@ public:
 
     //! Returns whether the columns are known, from a header line or from a line of data.
     bool hasColumns() const { return m_rows != nullptr; }
+    /*! Forgets a frame whose last rows have not come. Returns whether there was one. */
+    bool dropOpenFrame();
     //! Returns the counts since construction.
     const LineCounts &counts() const { return m_counts; }
 
 private:
     void beginAcquisition();
     void takeMetadata(std::string_view line);
+    void beginFrame(std::string_view text);
+    void takeFrameRow();
+    void refuseOpenFrame();
     void takeFields(std::string_view line);
     bool takeHeader();
     bool adoptShape();
+    bool adoptFrames(int values);
     void shapeMismatch(std::string_view line);
     void forgetShape();
     void takeReading(double time, const double *values);
@@ -64,6 +72,11 @@ private:
     std::unique_ptr<RowReader> m_rows;
     const RowReader::RowHandler m_rowHandler;
     bool m_hasNamedColumns = false;
+    //! The reader of frames of several lines, if m_rows is one.
+    FrameRowReader *m_frames = nullptr;
+    //! Whether the stream has frames of several lines, so that other lines of numbers belong to none.
+    bool m_hasFrames = false;
+    RefusedLine m_frameLine; //!< what to report if rows of the present frame are missing
     RefusedLine m_headerLine;
     bool m_shapeProven = false;
     std::size_t m_otherCount = 0;

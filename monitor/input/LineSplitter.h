@@ -13,8 +13,8 @@ namespace Monitor {
 class LineSplitter
 {
 public:
-    //! Length of the longest line in bytes.
-    static constexpr int maxLength = 64 * 1024;
+    //! Length of the longest line in bytes: a frame of 256 x 256 numbers with all their digits fits.
+    static constexpr int maxLength = 2 * 1024 * 1024;
 
     //! Takes a line without its line end; \a tooLong if it is only the beginning of a longer line.
     using LineHandler = std::function<void(std::string_view line, bool tooLong)>;

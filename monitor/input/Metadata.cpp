@@ -2,6 +2,7 @@
 #include "monitor/input/Metadata.h"
 
 #include "monitor/input/LineText.h"
+#include "monitor/input/RowReader.h"
 #include "monitor/readings/PixelShape.h"
 
 #include <QStringList>
@@ -46,7 +47,9 @@ Metadata::Line Metadata::take(std::string_view line)
     const QString value = space < 0 ? QString() : text.mid(space + 1).trimmed();
     if (word == QLatin1String("#corvale")) {
         *this = Metadata();
-        return value == QLatin1String("1") ? Line::Stream : Line::Unreadable;
+        m_version = value == QLatin1String("2") ? versionWithFrames : 1;
+        const bool known = m_version > 1 || value == QLatin1String("1");
+        return known ? Line::Stream : Line::Unreadable;
     }
     if (word == QLatin1String("#channels"))
         return takeChannels(value);
@@ -189,12 +192,56 @@ StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kin
     header.channels = columns;
     for (int i = 0; m_names.size() == columns.size() && i < columns.size(); ++i)
         header.channels[i].name = m_names[i];
-    header.startTime = m_startTime;
-    header.rangeLow = m_rangeLow;
-    header.rangeHigh = m_rangeHigh;
+    takeAcquisition(&header);
     describeDetector(&header);
     applyUnits(&header.channels);
     return header;
+}
+
+void Metadata::takeAcquisition(StreamHeader *header) const
+{
+    header->startTime = m_startTime;
+    header->rangeLow = m_rangeLow;
+    header->rangeHigh = m_rangeHigh;
+}
+
+StreamHeader Metadata::headerForFrames(const Corvale_Qt::DetectorDescription &counted,
+                                       const QString &unit) const
+{
+    using namespace Corvale_Qt;
+    StreamHeader header;
+    takeAcquisition(&header);
+    header.setFrames(DetectorLayout::fromDescription(counted),
+                     m_units.size() == 1 ? m_units.first() : unit);
+    if (m_detector.isEmpty())
+        return header;
+    DetectorFault fault;
+    header.setDetector(m_detector.layout(counted, &fault));
+    if (!fault.isEmpty())
+        header.detectorFault = cleanText(fault.message(), maxTextLength);
+    return header;
+}
+
+std::optional<Corvale_Qt::DetectorDescription> Metadata::framesOf(int values) const
+{
+    using namespace Corvale_Qt;
+    if (m_kind != StreamKind::Pixels && m_kind != StreamKind::Strips)
+        return std::nullopt;
+    const int side = int(std::lround(std::sqrt(double(values))));
+    DetectorDescription frames = m_kind == StreamKind::Strips
+        ? countedStrips((values + 1) / 2, values / 2)
+        : countedMatrix(side, side);
+    if (!m_detector.isEmpty()) {
+        frames.readings = values;
+        const DetectorLayout described = m_detector.layout(frames);
+        if (!described.isEmpty() && described.kind() != DetectorKind::Channels
+            && described.readings() == values)
+            return described.description();
+    }
+    const DetectorLayout guessed = DetectorLayout::fromDescription(frames);
+    return !guessed.isEmpty() && guessed.cells() == values
+        ? std::optional<DetectorDescription>(frames)
+        : std::nullopt;
 }
 
 } // namespace Monitor

@@ -4,6 +4,7 @@
 #include "monitor/readings/StreamHeader.h"
 #include <corvale_qt/detector/DetectorLines.h>
 
+#include <optional>
 #include <string_view>
 
 namespace Monitor {
@@ -21,7 +22,7 @@ public:
     enum class Line {
         Comment, //!< a line for people
         Changed, //!< a description of the readings that follow
-        Stream, //!< "#corvale 1": a stream begins, and all earlier lines are forgotten
+        Stream, //!< "#corvale 1" or "#corvale 2": a stream begins, and all earlier lines are forgotten
         Event, //!< "#event text"
         Unreadable, //!< a known word with an invalid value
     };
@@ -36,6 +37,15 @@ public:
     /*! Returns the header for a table of these channels, completed by what was declared: names, units, kind, start
         time and range, and the detector. \a kind holds if none was declared. */
     StreamHeader headerFor(const QVector<Channel> &channels, StreamKind kind) const;
+    /*! Returns the header for frames from cells that are only counted, completed by what was declared. \a unit holds if none
+        was declared. */
+    StreamHeader headerForFrames(const Corvale_Qt::DetectorDescription &counted,
+                                 const QString &unit) const;
+    /*! Returns the cells that \a values values of a line stand for, if strips or a matrix were declared; nothing if so many do
+        not fit what was declared. */
+    std::optional<Corvale_Qt::DetectorDescription> framesOf(int values) const;
+    //! Returns whether the stream may have frames of several lines.
+    bool allowsFrames() const { return m_version >= versionWithFrames; }
     //! Returns the declared channels with the declared units; empty if no channels were declared.
     QVector<Channel> channels() const;
     //! Returns the declared kind, StreamKind::Channels if none was declared.
@@ -46,10 +56,15 @@ private:
     Line takeLayout(const QString &value);
     Line takeDetector(const QString &text);
     void describeDetector(StreamHeader *header) const;
+    void takeAcquisition(StreamHeader *header) const;
     Line takeRange(const QString &value);
     Line takeStartTime(const QString &value);
     void applyUnits(QVector<Channel> *channels) const;
 
+    //! The first version of the protocol that has frames of several lines.
+    static constexpr int versionWithFrames = 2;
+
+    int m_version = 1;
     QStringList m_names;
     QStringList m_units;
     bool m_kindKnown = false;

@@ -33,9 +33,52 @@ RowReader::RowReader(const QVector<Channel> &channels, StreamKind kind)
 {
 }
 
+RowReader::RowReader(const Corvale_Qt::DetectorDescription &frames, const QString &unit)
+    : m_kind(frames.kind == Corvale_Qt::DetectorKind::Matrix ? StreamKind::Pixels
+                                                             : StreamKind::Strips)
+    , m_frames(frames)
+    , m_frameUnit(unit)
+{
+}
+
+RowReader::RowReader(const ColumnPlan &plan)
+    : m_channels(plan.channels)
+    , m_kind(plan.kind)
+    , m_frames(plan.frames)
+    , m_frameUnit(plan.frameUnit)
+{
+}
+
 RowReader::~RowReader() = default;
 
 void RowReader::finish(const RowHandler &) { }
+
+Corvale_Qt::DetectorDescription countedMatrix(int rows, int columns)
+{
+    Corvale_Qt::DetectorDescription matrix;
+    matrix.kind = Corvale_Qt::DetectorKind::Matrix;
+    matrix.x = Corvale_Qt::DetectorAxis::counted(columns);
+    matrix.y = Corvale_Qt::DetectorAxis::counted(rows);
+    matrix.readings = rows * columns;
+    return matrix;
+}
+
+Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY)
+{
+    Corvale_Qt::DetectorDescription strips;
+    strips.kind = Corvale_Qt::DetectorKind::Strips;
+    strips.x = Corvale_Qt::DetectorAxis::counted(ofX);
+    strips.y = Corvale_Qt::DetectorAxis::counted(ofY);
+    strips.readings = ofX + ofY;
+    return strips;
+}
+
+TimedRowReader::TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed)
+    : RowReader(frames)
+    , m_timed(timed)
+    , m_values(std::size_t(frames.readings))
+{
+}
 
 TimedRowReader::TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed)
     : RowReader(channels, kind)
@@ -61,11 +104,12 @@ TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler 
 }
 
 PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
-    : RowReader(plan.channels, plan.kind)
+    : RowReader(plan)
     , m_fieldCount(plan.fieldCount)
     , m_timeColumn(plan.timeColumn)
     , m_timeFactor(plan.timeFactor)
     , m_valueColumns(plan.valueColumns)
+    , m_leftOut(plan.leftOut)
     , m_values(std::size_t(plan.valueColumns.size()))
 {
 }

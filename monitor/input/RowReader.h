@@ -9,6 +9,8 @@
 
 namespace Monitor {
 
+struct ColumnPlan;
+
 //! Turns the fields of lines into readings. Each kind of table that a stream may carry has a subclass.
 class RowReader
 {
@@ -27,8 +29,19 @@ public:
     RowReader &operator=(const RowReader &) = delete;
     virtual ~RowReader();
 
+    //! Returns the channels; none if the readings are frames.
     const QVector<Channel> &channels() const { return m_channels; }
     StreamKind kind() const { return m_kind; }
+    //! Returns the cells of the frames; no cells if the readings have channels.
+    const Corvale_Qt::DetectorDescription &frames() const { return m_frames; }
+    //! Returns the unit of the values of a frame; empty if it is not known.
+    const QString &frameUnit() const { return m_frameUnit; }
+    //! Returns whether the readings are frames.
+    bool hasFrames() const { return m_frames.readings > 0; }
+    //! Returns the number of values in each reading.
+    int valuesPerReading() const { return hasFrames() ? m_frames.readings : m_channels.size(); }
+    //! Returns the number of channels that the table has beyond those that are read.
+    virtual int leftOutChannels() const { return 0; }
     //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
     //! Calls \a handler for the readings that were waiting for further lines.
@@ -36,17 +49,30 @@ public:
 
 protected:
     RowReader(const QVector<Channel> &channels, StreamKind kind);
+    //! For frames from these cells, whose values have that unit.
+    explicit RowReader(const Corvale_Qt::DetectorDescription &frames, const QString &unit = {});
+    //! For the frames or the channels that a plan found.
+    explicit RowReader(const ColumnPlan &plan);
 
 private:
     QVector<Channel> m_channels;
     StreamKind m_kind;
+    Corvale_Qt::DetectorDescription m_frames;
+    QString m_frameUnit;
 };
+
+//! Returns the description of a matrix whose rows and columns are counted.
+Corvale_Qt::DetectorDescription countedMatrix(int rows, int columns);
+//! Returns the description of two planes of strips that are counted.
+Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY);
 
 //! Reads lines of the form "t,v1,v2,...", or "v1,v2,..." if lines have no time.
 class TimedRowReader : public RowReader
 {
 public:
     TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed);
+    //! For lines of which each is a frame from these cells.
+    TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
 
 private:
@@ -54,20 +80,20 @@ private:
     std::vector<double> m_values;
 };
 
-struct ColumnPlan;
-
 //! Reads lines whose columns a header line named.
 class PlannedRowReader : public RowReader
 {
 public:
     explicit PlannedRowReader(const ColumnPlan &plan);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
+    int leftOutChannels() const override { return m_leftOut; }
 
 private:
     const int m_fieldCount;
     const int m_timeColumn;
     const double m_timeFactor;
     const QVector<int> m_valueColumns;
+    const int m_leftOut;
     std::vector<double> m_values;
 };
 

@@ -99,8 +99,8 @@ bool MultichannelDeviceModel::has(int row, int column) const
 
 bool MultichannelDeviceModel::isOverrange(int channel, int sample) const
 {
-    if (!m_header.hasRange())
-        return false;
+    if (!m_header.hasRange() || m_header.hasFrames())
+        return false; // the limits are those of cells
     const double value = receivedValue(sample + 1, channel);
     return value < m_header.rangeLow || value > m_header.rangeHigh;
 }
@@ -157,7 +157,8 @@ bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
         return false;
-    QByteArray text = recordingHeader(m_header, tr("saved from the monitor's buffer"));
+    QByteArray text = recordingHeader(m_header.hasFrames() ? m_header.ofNumbers() : m_header,
+                                      tr("saved from the monitor's buffer"));
     std::vector<double> values(static_cast<std::size_t>(NumberOfChannels()));
     constexpr int pieceSize = 1024 * 1024;
     for (int row = 1; row < rowCount(); ++row) {

@@ -108,6 +108,7 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
             complain(tr("the detector is not used: %1").arg(header.detectorFault));
     }
     m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
+    m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
     if (m_statistics.readings() > 0)
         complain(tr("another acquisition begins; the statistics cover the last one only"));
     m_statistics.startStream(header);
@@ -173,7 +174,8 @@ int HeadlessRun::report()
         complain(tr("%1: %2 lines could not be used; --check shows them")
                      .arg(m_source->description())
                      .arg(bad));
-    return m_readings == 0 || bad > 0 || m_detectorUnused ? ExitBadData : ExitGood;
+    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut;
+    return wrong ? ExitBadData : ExitGood;
 }
 
 void HeadlessRun::printStatistics()

@@ -46,6 +46,7 @@ private:
     qint64 m_readings = 0;
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;
+    bool m_channelsLeftOut = false;
     bool m_ended = false;
 };
 

@@ -12,8 +12,10 @@ PixelShape PixelShape::of(const StreamHeader &header)
     PixelShape grid;
     if (header.kind != StreamKind::Pixels || header.channels.isEmpty())
         return grid;
-    const int cells = header.channels.size();
+    const int cells = header.valuesPerReading();
     using Axis = Corvale_Qt::DetectorLayout::Axis;
+    if (header.hasFrames())
+        return {header.detector.cells(Axis::Y), header.detector.cells(Axis::X)};
     if (header.detector.kind() == Corvale_Qt::DetectorKind::Matrix
         && header.detector.cells() == cells)
         return {header.detector.cells(Axis::Y), header.detector.cells(Axis::X)};

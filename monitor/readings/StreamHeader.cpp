@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace Monitor {
 
@@ -40,6 +41,20 @@ Channel spotChannel(int index)
     return index < known ? channels[index] : Channel{QStringLiteral("extra%1").arg(index + 1), {}};
 }
 
+//! Returns the channels of what is computed from each frame.
+QVector<Channel> frameNumbers(const Corvale_Qt::DetectorLayout &layout, const QString &unit)
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    QVector<Channel> channels = {{"sum", unit}, {"max", unit}};
+    for (const auto &[axis, name] : {std::pair(Axis::X, "x"), std::pair(Axis::Y, "y")}) {
+        if (layout.cells(axis) == 0)
+            continue;
+        channels.append({QLatin1String(name), layout.unit(axis)});
+        channels.append({QLatin1String("sigma_") + QLatin1String(name), layout.unit(axis)});
+    }
+    return channels;
+}
+
 } // namespace
 
 QString kindName(StreamKind kind)
@@ -57,19 +72,50 @@ StreamKind kindFromName(const QString &name, bool *ok)
 void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
 {
     using Axis = Corvale_Qt::DetectorLayout::Axis;
-    detector = {};
+    if (!hasFrames())
+        detector = {};
     detectorFault.clear();
     if (layout.isEmpty())
         return;
-    if (layout.readings() != channels.size()) {
+    if (layout.readings() != valuesPerReading()) {
         detectorFault = QCoreApplication::translate("Monitor", "it has %1 readings, the stream %2")
                             .arg(layout.readings())
-                            .arg(channels.size());
+                            .arg(valuesPerReading());
+        return;
+    }
+    if (hasFrames() && layout.kind() == Corvale_Qt::DetectorKind::Channels) {
+        detectorFault = QCoreApplication::translate("Monitor", "its channels have no places");
+        return;
+    }
+    if (hasFrames()) {
+        setFrames(layout, frameUnit);
         return;
     }
     detector = layout;
     if (kind == StreamKind::Strips && layout.cells(Axis::X) != layout.cells(Axis::Y))
         kind = StreamKind::Channels;
+}
+
+void StreamHeader::setFrames(const Corvale_Qt::DetectorLayout &layout, const QString &unit)
+{
+    kind =
+        layout.kind() == Corvale_Qt::DetectorKind::Matrix ? StreamKind::Pixels : StreamKind::Strips;
+    if (frameSize != layout.readings()) {
+        frameSize = layout.readings();
+        const bool isMatrix = kind == StreamKind::Pixels && layout.cells() == frameSize;
+        frameRows = isMatrix ? layout.cells(Corvale_Qt::DetectorLayout::Axis::Y) : 0;
+    }
+    frameUnit = unit;
+    detector = layout;
+    channels = frameNumbers(layout, unit);
+}
+
+StreamHeader StreamHeader::ofNumbers() const
+{
+    StreamHeader header;
+    header.channels = channels;
+    header.startTime = startTime;
+    return header;
 }
 
 int StreamHeader::indexOf(const QString &name) const

@@ -33,7 +33,11 @@ struct Channel
     bool operator==(const Channel &other) const { return name == other.name && unit == other.unit; }
 };
 
-//! What is known about a stream of readings before the first of them.
+/*! What is known about a stream of readings before the first of them.
+
+    A reading has one value for each channel, or it is a frame: one value for each cell of a detector. The channels of a stream
+    of frames are the numbers that are computed from each frame, with the names sum, max, x, sigma_x, y
+    and sigma_y. */
 struct StreamHeader
 {
     static constexpr int maxChannels = 256;
@@ -44,12 +48,30 @@ struct StreamHeader
     //! Readings outside these limits are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
-    Corvale_Qt::DetectorLayout detector; //!< empty if the stream does not describe one
+    Corvale_Qt::DetectorLayout
+        detector; //!< empty if the stream does not describe one; never empty for frames
     QString
         detectorFault; //!< why the detector that the stream describes is not used; empty otherwise
 
+    int frameSize = 0; //!< number of values of a frame; 0 if the readings are not frames
+    int frameRows =
+        0; //!< number of lines in which a frame is written; 0 for a single line with its time
+    QString frameUnit; //!< unit of the values of a frame; empty if it is not known
+    int leftOutChannels = 0; //!< channels of the source beyond the 256 that are read
+
+    //! Returns whether the readings are frames.
+    bool hasFrames() const { return frameSize > 0; }
+    //! Returns the number of values in each reading.
+    int valuesPerReading() const { return hasFrames() ? frameSize : channels.size(); }
+    //! Returns the unit that all values of a reading share; empty if they differ.
+    QString readingUnit() const { return hasFrames() ? frameUnit : commonUnit(); }
+    //! Makes this the header of frames from \a layout, whose values have that unit.
+    void setFrames(const Corvale_Qt::DetectorLayout &layout, const QString &unit);
+    //! Returns the header of what is computed from each frame, as a stream of channels.
+    StreamHeader ofNumbers() const;
     /*! Sets the detector that the readings come from, or says in the fault why they cannot. Planes of different lengths are no
-        strips for those who share strips evenly, so such a stream becomes one of channels. */
+        strips for those who share strips evenly, so such a stream becomes one of channels. Frames keep their detector if the
+        new one does not fit. */
     void setDetector(const Corvale_Qt::DetectorLayout &layout);
     //! Returns whether the stream has limits.
     bool hasRange() const { return rangeLow < rangeHigh; }

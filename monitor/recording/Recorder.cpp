@@ -119,11 +119,11 @@ bool Recorder::mayBeginFileForStream()
 
 void Recorder::addReadings(const ReadingBlock &readings)
 {
-    if (!m_hasHeader || readings.channels() != m_header.channels.size())
+    if (!m_hasHeader || readings.channels() != m_header.valuesPerReading())
         return;
     m_rows.clear();
     for (int row = 0; row < readings.size(); ++row)
-        appendRecordingRow(&m_rows, readings.time(row), readings.values(row), readings.channels());
+        appendRecordingReading(&m_rows, m_header, readings.time(row), readings.values(row));
     append(m_rows, readings.size());
     m_anyReading = m_anyReading || !readings.isEmpty();
     // A flood of readings keeps the clock from ticking; what is due is written nevertheless.

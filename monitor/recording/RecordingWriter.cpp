@@ -37,10 +37,56 @@ QByteArray unitField(const Channel &channel)
         .toUtf8();
 }
 
+//! Appends what holds for readings of any kind.
+void appendAcquisition(QByteArray *text, const StreamHeader &header)
+{
+    if (header.hasRange()) {
+        *text += "#range ";
+        appendNumber(text, header.rangeLow);
+        *text += ",";
+        appendNumber(text, header.rangeHigh);
+        *text += "\n";
+    }
+    if (header.startTime.isValid())
+        *text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
+    const QByteArray detector =
+        "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
+    if (!header.detector.isEmpty() && detector.size() <= LineSplitter::maxLength)
+        *text += detector;
+}
+
+QByteArray frameHeader(const StreamHeader &header, const QString &source)
+{
+    QByteArray text = "#corvale 2\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
+    text += "#layout " + kindName(header.kind).toLatin1() + "\n";
+    if (!header.frameUnit.isEmpty())
+        text += "#unit " + unitField({{}, header.frameUnit}) + "\n";
+    appendAcquisition(&text, header);
+    return text;
+}
+
+//! Appends the cells of a matrix as a frame. An empty line would not be a row, so that NaN is written out.
+void appendFrame(QByteArray *text, int rows, int columns, double time, const double *values)
+{
+    *text += "#frame ";
+    appendNumber(text, time);
+    *text += ' ' + QByteArray::number(rows) + ' ' + QByteArray::number(columns) + '\n';
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            if (column > 0)
+                text->append(',');
+            appendNumber(text, *values++);
+        }
+        text->append('\n');
+    }
+}
+
 } // namespace
 
 QByteArray recordingHeader(const StreamHeader &header, const QString &source)
 {
+    if (header.hasFrames())
+        return frameHeader(header, source);
     QByteArrayList names, units, columns{"time_s"};
     for (int i = 0; i < header.channels.size(); ++i) {
         names += nameField(header.channels[i], i);
@@ -51,19 +97,7 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     text += "#layout " + kindName(header.kind).toLatin1() + "\n";
     text += "#channels " + names.join(',') + "\n";
     text += "#unit " + units.join(',') + "\n";
-    if (header.hasRange()) {
-        text += "#range ";
-        appendNumber(&text, header.rangeLow);
-        text += ",";
-        appendNumber(&text, header.rangeHigh);
-        text += "\n";
-    }
-    if (header.startTime.isValid())
-        text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
-    const QByteArray detector =
-        "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
-    if (!header.detector.isEmpty() && detector.size() <= LineSplitter::maxLength)
-        text += detector;
+    appendAcquisition(&text, header);
     // The longest names and units do not fit into one line; the units are in the "#unit" line in any case.
     const QByteArray line = columns.join(',');
     const bool fits = line.size() <= LineSplitter::maxLength;
@@ -79,6 +113,17 @@ void appendRecordingRow(QByteArray *text, double time, const double *values, int
             appendNumber(text, values[i]);
     }
     text->append('\n');
+}
+
+void appendRecordingReading(QByteArray *text,
+                            const StreamHeader &header,
+                            double time,
+                            const double *values)
+{
+    if (header.frameRows > 0)
+        appendFrame(text, header.frameRows, header.frameSize / header.frameRows, time, values);
+    else
+        appendRecordingRow(text, time, values, header.valuesPerReading());
 }
 
 void appendRecordingEvent(QByteArray *text, const QString &event)

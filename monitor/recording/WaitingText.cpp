@@ -1,7 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/WaitingText.h"
 
+#include <QList>
+
 namespace Monitor {
+
+namespace {
+
+const QByteArray frameWord = QByteArrayLiteral("#frame ");
+const QByteArray frameLine = QByteArrayLiteral("\n#frame ");
+
+} // namespace
 
 void WaitingText::appendHeader(const QByteArray &lines)
 {
@@ -12,7 +21,7 @@ void WaitingText::appendHeader(const QByteArray &lines)
 void WaitingText::take(qint64 size)
 {
     m_written += size;
-    const int end = m_written == 0 ? 0 : m_text.lastIndexOf('\n', int(m_written) - 1) + 1;
+    const int end = endOfWhole();
     if (end == 0)
         return;
     while (!m_headers.empty() && m_headers.front().begin < end) {
@@ -26,6 +35,27 @@ void WaitingText::take(qint64 size)
     m_written -= end;
 }
 
+//! Returns where the lines and frames end that were written as a whole.
+int WaitingText::endOfWhole() const
+{
+    const int lines = m_written == 0 ? 0 : m_text.lastIndexOf('\n', int(m_written) - 1) + 1;
+    // Without a frame before, this is the beginning of the text.
+    const int frame = lines > 0 ? m_text.lastIndexOf(frameLine, lines - 1) + 1 : 0;
+    const bool isFrame = m_text.mid(frame, frameWord.size()) == frameWord;
+    return isFrame && endOfFrame(frame) > m_written ? frame : lines;
+}
+
+//! Returns where the frame ends whose first line begins at \a begin.
+int WaitingText::endOfFrame(int begin) const
+{
+    const int lineEnd = m_text.indexOf('\n', begin);
+    const QList<QByteArray> words = m_text.mid(begin, lineEnd - begin).split(' ');
+    int end = lineEnd + 1;
+    for (int row = 0; row < words.value(2).toInt() && end > 0; ++row)
+        end = m_text.indexOf('\n', end) + 1;
+    return end > 0 ? end : m_text.size();
+}
+
 void WaitingText::beginFile(const QByteArray &lines)
 {
     const bool beginsWithHeader = !m_headers.empty() && m_headers.front().begin == 0;
@@ -36,11 +66,15 @@ void WaitingText::beginFile(const QByteArray &lines)
     m_written = 0;
 }
 
-//! Counts the lines that begin with a number; these are the readings.
+//! Counts the frames, and the lines that begin with a number; these are the readings.
 qint64 WaitingText::readings() const
 {
     qint64 count = 0;
-    for (int begin = 0; begin < m_text.size(); begin = m_text.indexOf('\n', begin) + 1) {
+    int next = 0;
+    for (int begin = 0; begin < m_text.size(); begin = next) {
+        const bool isFrame = m_text.mid(begin, frameWord.size()) == frameWord;
+        next = isFrame ? endOfFrame(begin) : m_text.indexOf('\n', begin) + 1;
+        count += isFrame ? 1 : 0;
         const char first = m_text.at(begin);
         count += (first >= '0' && first <= '9') || first == '-' ? 1 : 0;
     }

@@ -7,7 +7,7 @@
 
 namespace Monitor {
 
-/*! The lines of a recording that have not been written yet. A line that was written in part is kept whole, and so is
+/*! The lines of a recording that have not been written yet. A line or a frame that was written in part is kept whole, and so is
     the header that the first line belongs to, so that recording can go on in another file at any moment. */
 class WaitingText
 {
@@ -40,6 +40,9 @@ private:
         int begin;
         int size;
     };
+
+    int endOfWhole() const;
+    int endOfFrame(int begin) const;
 
     QByteArray m_text;
     //! The number of bytes of the first line that are in the present file.

@@ -72,6 +72,8 @@ void Session::takeHeader(const StreamHeader &told)
         showWaiting();
     m_toShow.clear(header.channels.size());
     m_headerWaits = true;
+    m_frame.clear();
+    m_leftOutTold = false;
     if (m_shownHeaders.admits(m_clock.seconds()))
         showHeader();
 }
@@ -114,11 +116,38 @@ void Session::takeReadings(const ReadingBlock &arrived)
     m_statistics.addReadings(readings);
     if (m_recorder)
         m_recorder->addReadings(readings);
-    m_toShow.append(readings);
+    takeToShow(readings);
     if ((isShowDue() && !m_headerWaits) || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();
     if (m_limit.isReached())
         Q_EMIT limitReached();
+}
+
+//! Keeps what the model shows of these readings, and the last of them if it is a frame.
+void Session::takeToShow(const ReadingBlock &readings)
+{
+    if (!m_statistics.header().hasFrames()) {
+        m_toShow.append(readings);
+        return;
+    }
+    m_toShow.append(m_statistics.frameNumbers());
+    if (readings.isEmpty())
+        return;
+    const double *values = readings.values(readings.size() - 1);
+    m_frame.resize(readings.channels());
+    std::copy(values, values + readings.channels(), m_frame.begin());
+    m_frameTime = readings.time(readings.size() - 1);
+    tellLeftOut();
+}
+
+//! Says once in a stream that readings of its frames belong to no cell.
+void Session::tellLeftOut()
+{
+    const LeftOut &leftOut = m_statistics.leftOut();
+    if (m_leftOutTold || leftOut.count == 0)
+        return;
+    m_leftOutTold = true;
+    takeEvent(tr("WARNING %1").arg(leftOut.text()));
 }
 
 void Session::setShowInterval(double seconds)
@@ -140,6 +169,15 @@ void Session::showWaiting()
     m_shownAt = m_clock.seconds();
     m_model.addReadings(m_toShow);
     m_toShow.clear(m_toShow.channels());
+    showFrame();
+}
+
+void Session::showFrame()
+{
+    if (m_frame.isEmpty() || isPaused())
+        return;
+    Q_EMIT frameShown(m_frameTime, m_frame);
+    m_frame.clear();
 }
 
 bool Session::isStale() const
@@ -171,6 +209,7 @@ void Session::setPaused(bool paused)
         return;
     showWaiting();
     m_model.setPaused(paused);
+    showFrame();
     Q_EMIT pausedChanged(paused);
 }
 

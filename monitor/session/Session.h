@@ -67,6 +67,8 @@ public:
 Q_SIGNALS:
     //! Emitted when the model has the channels of another acquisition.
     void streamStarted(const Monitor::StreamHeader &header);
+    //! Emitted when a frame is to be shown; \a values has all values of the reading. Not emitted while paused.
+    void frameShown(double time, const QVector<double> &values);
     //! Emitted when the session was paused or goes on.
     void pausedChanged(bool paused);
     //! Emitted when a recording or a file of it began or ended, or when its errors changed.
@@ -85,6 +87,9 @@ private:
     void tellHeldBack(double now);
     void showWaiting();
     void showHeader();
+    void showFrame();
+    void takeToShow(const ReadingBlock &readings);
+    void tellLeftOut();
     bool isShowDue() const;
     void tick();
 
@@ -95,6 +100,10 @@ private:
     bool m_headerWaits = false;
     FloodGate m_shownHeaders;
     ReadingBlock m_toShow;
+    //! The latest frame that has not been shown, and its time; empty if there is none.
+    QVector<double> m_frame;
+    double m_frameTime = 0.0;
+    bool m_leftOutTold = false;
     double m_showInterval;
     double m_shownAt = 0.0;
     StreamStatistics m_statistics;

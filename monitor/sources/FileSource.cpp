@@ -192,7 +192,7 @@ void FileSource::takeHeader(const StreamHeader &header)
     // A part without a reading in the wanted range is not played.
     if (!m_parts.empty() && m_parts.back().readings.isEmpty() && !m_parts.back().begun)
         m_parts.pop_back();
-    m_parts.push_back({header, ReadingBlock(header.channels.size())});
+    m_parts.push_back({header, ReadingBlock(header.valuesPerReading())});
 }
 
 void FileSource::takeReading(double time, const double *values)

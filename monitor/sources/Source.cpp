@@ -59,7 +59,7 @@ void SourceSink::flush()
 void SourceSink::streamStarted(const StreamHeader &header)
 {
     flush();
-    m_block.clear(header.channels.size());
+    m_block.clear(header.valuesPerReading());
     Q_EMIT m_source.streamStarted(header);
 }
 

@@ -62,6 +62,12 @@ void estimatePlane(BeamProfile profile,
             {plane, QLatin1String(name), estimate, judgeEstimate(profile, estimate), unit});
 }
 
+QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
+{
+    const QString unit = layout.unit(axis);
+    return unit.isEmpty() ? QStringLiteral("cells") : unit;
+}
+
 } // namespace
 
 LastEstimates estimatesOfLastReading(const StreamStatistics &statistics)
@@ -75,18 +81,15 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics)
     if (layout.isEmpty() || values.empty())
         return last;
     const DetectorFrame frame = DetectorFrame::of(layout, values.data(), int(values.size()));
-    last.leftOut = frame.leftOut;
-    last.leftOutSum = frame.leftOutSum;
+    last.leftOut = {LeftOut::What::Readings, frame.leftOut, frame.leftOutSum, header.readingUnit()};
+    last.image = secondMomentImage(frame.image());
+    last.unit = unitOf(layout, Axis::X);
     const bool oneProfile = !described && header.kind == StreamKind::Channels;
     for (const auto &[axis, name] :
          {std::pair(Axis::X, oneProfile ? "all" : "x"), std::pair(Axis::Y, "y")}) {
         if (layout.cells(axis) == 0)
             continue;
-        const QString unit = layout.unit(axis);
-        estimatePlane(frame.profile(axis),
-                      QLatin1String(name),
-                      unit.isEmpty() ? QStringLiteral("cells") : unit,
-                      &last.planes);
+        estimatePlane(frame.profile(axis), QLatin1String(name), unitOf(layout, axis), &last.planes);
     }
     return last;
 }

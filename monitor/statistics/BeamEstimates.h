@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/LeftOut.h"
 #include <corvale_qt/detector/BeamVerdict.h>
 #include <corvale_qt/numerics/BeamEstimate.h>
+#include <corvale_qt/numerics/ImageMoments.h>
 
 #include <QString>
 
@@ -26,8 +28,10 @@ struct PlaneEstimate
 struct LastEstimates
 {
     std::vector<PlaneEstimate> planes;
-    int leftOut = 0; //!< readings other than 0 that belong to no cell
-    double leftOutSum = 0.0; //!< sum of these readings
+    LeftOut leftOut; //!< readings other than 0 that belong to no cell
+    //! The second moments of a matrix, less the background of its corners; not usable for other detectors.
+    Corvale_Qt::ImageMoments image;
+    QString unit; //!< of the moments' lengths; "cells" where the detector is not described
 };
 
 /*! Returns all estimates of the latest reading, on the detector of the stream. Without one, positions are counted in cells from 1,

@@ -41,9 +41,12 @@ std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statisti
     for (const double value : statistics.lastValues())
         values.append(std::isfinite(value) ? float(value) : 0.0F);
     if (kind == StreamKind::Strips && values.size() >= 2) {
-        const int half = (values.size() + 1) / 2;
-        return {fitOf(QStringLiteral("x"), values.mid(0, half)),
-                fitOf(QStringLiteral("y"), values.mid(half))};
+        using Axis = Corvale_Qt::DetectorLayout::Axis;
+        const StreamHeader &header = statistics.header();
+        const int ofX =
+            header.hasFrames() ? header.detector.cells(Axis::X) : (values.size() + 1) / 2;
+        return {fitOf(QStringLiteral("x"), values.mid(0, ofX)),
+                fitOf(QStringLiteral("y"), values.mid(ofX))};
     }
     if (kind == StreamKind::Channels && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};

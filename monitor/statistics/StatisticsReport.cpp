@@ -210,8 +210,66 @@ QJsonObject jsonDetector(const StatisticsReport &report)
     return {{"description", header.detector.summary()},
             {"fault", header.detectorFault},
             {"unwired_cells", header.detector.unwiredCells()},
-            {"left_out_readings", report.estimates.leftOut},
-            {"left_out_sum", jsonNumber(report.estimates.leftOutSum)}};
+            {"left_out_channels", header.leftOutChannels},
+            {"left_out_readings", report.estimates.leftOut.count},
+            {"left_out_sum", jsonNumber(report.estimates.leftOut.sum)}};
+}
+
+//! The second moments of the last frame of a matrix; null for other streams.
+QJsonValue jsonImage(const LastEstimates &last)
+{
+    const Corvale_Qt::ImageMoments &image = last.image;
+    if (!image.isOk())
+        return QJsonValue::Null;
+    constexpr double degrees = 180.0 / M_PI;
+    return QJsonObject{{"total", jsonNumber(image.total)},
+                       {"max", jsonNumber(image.max)},
+                       {"mean_x", jsonNumber(image.meanX)},
+                       {"mean_y", jsonNumber(image.meanY)},
+                       {"sigma_x", jsonNumber(image.sigmaX)},
+                       {"sigma_y", jsonNumber(image.sigmaY)},
+                       {"sigma_major", jsonNumber(image.sigmaMajor)},
+                       {"sigma_minor", jsonNumber(image.sigmaMinor)},
+                       {"rotation_degrees", jsonNumber(image.rotation * degrees)},
+                       {"background", jsonNumber(image.background)},
+                       {"unit", last.unit},
+                       {"clipped", image.clipped}};
+}
+
+void writeImage(QTextStream &out, const LastEstimates &last)
+{
+    const Corvale_Qt::ImageMoments &image = last.image;
+    if (!image.isOk())
+        return;
+    out << "\nSecond moments of the last frame, less the background of its corners, in "
+        << last.unit << "\n";
+    constexpr int totalWidth = 18;
+    writeRow(out,
+             QStringLiteral("total"),
+             totalWidth,
+             {"mean x", "mean y", "sigma x", "sigma y", "sigma major", "sigma minor"});
+    writeRow(out,
+             number(image.total),
+             totalWidth,
+             {number(image.meanX),
+              number(image.meanY),
+              number(image.sigmaX),
+              number(image.sigmaY),
+              number(image.sigmaMajor),
+              number(image.sigmaMinor)});
+}
+
+//! Says what the numbers do not cover.
+void writeLeftOut(QTextStream &out, const StatisticsReport &report)
+{
+    const StreamHeader &header = report.statistics->header();
+    if (header.leftOutChannels > 0)
+        out << "WARNING   " << header.leftOutChannels << " columns beyond the first "
+            << StreamHeader::maxChannels << " are left out\n";
+    if (!header.detectorFault.isEmpty())
+        out << "WARNING   the detector is not used: " << header.detectorFault << "\n";
+    if (report.estimates.leftOut.count > 0)
+        out << "WARNING   " << report.estimates.leftOut.text() << "\n";
 }
 
 void writeEstimates(QTextStream &out, const LastEstimates &last)
@@ -254,10 +312,13 @@ QByteArray StatisticsReport::text() const
     out << "readings  " << stream.readings() << " from " << number(stream.firstTime()) << " s to "
         << number(stream.lastTime()) << " s\n";
     out << "gaps      " << stream.gaps() << "\n";
-    out << "bad lines " << counts.bad() << "\n\n";
+    out << "bad lines " << counts.bad() << "\n";
+    writeLeftOut(out, *this);
+    out << "\n";
     writeChannels(out, stream);
     writeFrames(out, stream);
     writeFits(out, fits);
+    writeImage(out, estimates);
     writeEstimates(out, estimates);
     out.flush();
     return bytes;
@@ -279,6 +340,7 @@ QByteArray StatisticsReport::json() const
         {"fits", jsonFits(fits)},
         {"detector", jsonDetector(*this)},
         {"estimates", jsonEstimates(estimates)},
+        {"image", jsonImage(estimates)},
     };
     return QJsonDocument(report).toJson();
 }

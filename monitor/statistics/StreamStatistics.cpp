@@ -8,31 +8,44 @@ void StreamStatistics::startStream(const StreamHeader &header)
     *this = StreamStatistics();
     m_header = header;
     m_shape = PixelShape::of(header);
+    m_frameNumbers = FrameNumbers(header);
     m_channels.resize(std::size_t(header.channels.size()));
 }
 
 void StreamStatistics::addReadings(const ReadingBlock &readings)
 {
-    if (readings.channels() != m_header.channels.size() || readings.isEmpty())
+    m_numbers.clear(m_header.channels.size());
+    if (readings.channels() != m_header.valuesPerReading() || readings.isEmpty())
         return;
-    for (int row = 0; row < readings.size(); ++row) {
-        const double time = readings.time(row);
-        if (m_readings++ == 0)
-            m_firstTime = time;
-        else if (isGap(time - m_lastTime))
-            noteGap();
-        m_lastTime = time;
-        const double *values = readings.values(row);
-        for (std::size_t i = 0; i < m_channels.size(); ++i)
-            m_channels[i].add(time, values[i]);
-        if (m_shape.isEmpty())
-            continue;
-        m_frames.push_back({time, FrameMoments::of(values, m_shape.rows, m_shape.columns)});
-        if (m_frames.size() > maxFrames)
-            m_frames.pop_front();
-    }
+    for (int row = 0; row < readings.size(); ++row)
+        noteReading(readings.time(row), readings.values(row));
     const double *last = readings.values(readings.size() - 1);
-    m_lastValues.assign(last, last + m_channels.size());
+    m_lastValues.assign(last, last + readings.channels());
+}
+
+void StreamStatistics::noteReading(double time, const double *values)
+{
+    if (m_readings++ == 0)
+        m_firstTime = time;
+    else if (isGap(time - m_lastTime))
+        noteGap();
+    m_lastTime = time;
+    const double *ofChannels = values;
+    if (m_header.hasFrames()) {
+        m_frameNumbers.take(values);
+        ofChannels = m_frameNumbers.numbers().data();
+        m_numbers.append(time, ofChannels);
+    }
+    for (std::size_t i = 0; i < m_channels.size(); ++i)
+        m_channels[i].add(time, ofChannels[i]);
+    if (m_shape.isEmpty())
+        return;
+    m_frames.push_back({time,
+                        m_header.hasFrames()
+                            ? m_frameNumbers.moments()
+                            : FrameMoments::of(values, m_shape.rows, m_shape.columns)});
+    if (m_frames.size() > maxFrames)
+        m_frames.pop_front();
 }
 
 /*! Returns whether a step of time is a gap. The usual step follows the steps of the stream slowly, without the gaps. Many long

@@ -5,6 +5,7 @@
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/statistics/FrameMoments.h"
+#include "monitor/statistics/FrameNumbers.h"
 #include "monitor/statistics/RunningStatistics.h"
 
 #include <deque>
@@ -26,7 +27,7 @@ public:
 
     //! Begins a new acquisition and forgets the one before.
     void startStream(const StreamHeader &header);
-    //! Adds readings; those with another number of channels than the header are ignored.
+    //! Adds readings; those with another number of values than the header are ignored.
     void addReadings(const ReadingBlock &readings);
 
     const StreamHeader &header() const { return m_header; }
@@ -40,6 +41,10 @@ public:
     qint64 gaps() const { return m_gaps; }
     //! Returns the statistics of a channel, counted from 0.
     const RunningStatistics &channel(int i) const { return m_channels[std::size_t(i)]; }
+    //! Returns the numbers of the frames that were added last, one for each channel of the header; valid until the next call.
+    const ReadingBlock &frameNumbers() const { return m_numbers; }
+    //! Returns which readings of the latest frame belong to no cell.
+    const LeftOut &leftOut() const { return m_frameNumbers.leftOut(); }
     //! Returns the moments of the latest frames, oldest first; empty for other streams than pixels.
     const std::deque<Frame> &frames() const { return m_frames; }
     //! Returns the values of the latest reading; empty before the first.
@@ -48,11 +53,14 @@ public:
 private:
     bool isGap(double step);
     void noteGap();
+    void noteReading(double time, const double *values);
 
     StreamHeader m_header;
     PixelShape m_shape;
     std::vector<RunningStatistics> m_channels;
     std::deque<Frame> m_frames;
+    FrameNumbers m_frameNumbers;
+    ReadingBlock m_numbers;
     std::vector<double> m_lastValues;
     qint64 m_readings = 0;
     qint64 m_gaps = 0;

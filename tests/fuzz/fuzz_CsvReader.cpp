@@ -22,6 +22,7 @@ std::vector<std::string> fuzzSeeds()
          "1\n0,1e-400\n"),
         "0,1\n1e6,1\n1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n",
         "frame,time_s,r01c01,r01c02\n0,0,1,2\n1,1,2,3\n",
+        "#corvale 2\n#unit nC\n#gain 2\n#frame 0 2 2\n1,2\n3,4\n#frame 1 2 2\n5,nan\n7,1e-400\n",
         "layer,x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm\n1,2,3,4,5,6\n"};
 }
 
@@ -33,13 +34,13 @@ class RecordingSink : public StreamSink
 public:
     void streamStarted(const StreamHeader &header) override
     {
-        m_channels = header.channels.size();
+        m_header = header;
         channels += header.channels;
         text += recordingHeader(header, QStringLiteral("fuzz"));
     }
     void reading(double time, const double *values) override
     {
-        appendRecordingRow(&text, time, values, m_channels);
+        appendRecordingReading(&text, m_header, time, values);
     }
     void eventNoted(const QString &) override { }
     void lineRefused(const RefusedLine &) override { ++refused; }
@@ -49,7 +50,7 @@ public:
     int refused = 0;
 
 private:
-    int m_channels = 0;
+    StreamHeader m_header;
 };
 
 void readInto(const QByteArray &content, RecordingSink *sink)

@@ -20,6 +20,8 @@ std::vector<std::string> fuzzSeeds()
             "#layout strips\n#range -1,1\n0,1,2,3,4\n#event a\n1,1,2,3,4\n",
             "frame,time_ms,x01,y01\n0,1,2,3\n1,2,3,4\n",
             "x_mm,y_mm,mu\n1,2,3\n4,5,6\n",
+            "#corvale 2\n#unit nC\n#frame 0 2 2\n1,2\n3,4\n#frame 1 2 2\n5,6\n#event a\n7,8\n",
+            "#corvale 2\n#pitch 1 mm\n#frame 0 1 2\n1,nan\n#frame 1 256 256\n1,2\n#frame 2 2\n",
             "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,2,1,3,\n2,4,,,\n"};
 }
 
@@ -36,7 +38,9 @@ public:
         for (const Channel &channel : header.channels)
             FUZZ_REQUIRE(!channel.name.contains('\n') && channel.name.size() <= 64);
         FUZZ_REQUIRE(recordingHeader(header, {}).count('\n') < 10);
-        m_channels = header.channels.size();
+        m_channels = header.valuesPerReading();
+        FUZZ_REQUIRE(m_channels <= Corvale_Qt::DetectorLayout::maxReadings);
+        FUZZ_REQUIRE(!header.hasFrames() || !header.detector.isEmpty());
         m_started = true;
         m_any = false;
     }

@@ -131,6 +131,108 @@ private Q_SLOTS:
         QTEST(text.replace("start channels ", "> ").replace(" unreadable", " ?"), "expected");
     }
 
+    void linesBecomeFrames_data()
+    {
+        // ">" begins a stream of frames with two rows and columns, ">>" the names of what is computed from each frame.
+        columns<QString, QString>("lines", "expected");
+        const QString v2 = "#corvale 2/";
+        const QString one = "#frame 0 2 2/1,2/3,4/";
+        row("one frame", v2 + one, "> | 0: 1 2 3 4");
+        row("white space, and a second frame",
+            v2 + "#frame 0 2 2/1 2/3 4/#frame 1 2 2/5 6/7 8",
+            "> | 0: 1 2 3 4 | 1: 5 6 7 8");
+        row("no time: that of arrival", v2 + "#frame 2 2/1,2/3,4", "> | 9: 1 2 3 4");
+        row("missing and infinite values", v2 + "#frame 0 2 2/1,nan/,inf", "> | 0: 1 - - inf");
+        row("events and comments between rows",
+            v2 + "#frame 0 2 2/1,2/#event shutter/# x//3,4",
+            "event shutter | > | 0: 1 2 3 4");
+        row("another size is another stream",
+            v2 + one + "#frame 0 1 2/5,6",
+            "> | 0: 1 2 3 4 | start pixels frames, matrix 1 x 2, positions in cells, >> | 0: 5 6");
+        row("a pitch and a unit",
+            v2 + "#unit nC/#pitch 2 mm/" + one,
+            "start pixels frames, matrix 2 x 2, mm, sum:nC max:nC x:mm sigma_x:mm y:mm "
+            "sigma_y:mm | 0: 1 2 3 4");
+        row("a detector of another size is told",
+            v2 + "#layout matrix 3 3/" + one,
+            "event the detector is not used: readings: the detector has 9 readings, the stream 4 "
+            "| > | 0: 1 2 3 4");
+        row("a matrix in one line each",
+            "#layout matrix 16 17/0," + QString("1,").repeated(271) + "2",
+            "start pixels frames, matrix 16 x 17, positions in cells, >> | 0:"
+                + QString(" 1").repeated(271) + " 2");
+        row("strips in one line each",
+            "#layout strips 200 100/0," + QString("1,").repeated(299) + "2",
+            "start strips frames, strips 200 + 100, positions in cells, >> | 0:"
+                + QString(" 1").repeated(299) + " 2");
+        row("a program of version 1 would take the rows for readings",
+            one + "#corvale 2/#frame 5 1 2/1,2",
+            "refused 1 ? | refused 2-3 count | start pixels frames, matrix 1 x 2, positions in "
+            "cells, >> | 5: 1 2");
+        row("too few rows",
+            v2 + "#frame 0 2 2/1,2/" + one + "#frame 1 2 2/1,2",
+            "refused 2 count | refused 7 count | > | 0: 1 2 3 4");
+        row("too many rows", v2 + one + "5,6", "refused 5 count | > | 0: 1 2 3 4");
+        row("too few values, which cost one frame",
+            v2 + "#frame 0 2 2/1/3,4/" + one,
+            "refused 3 count | > | 0: 1 2 3 4");
+        row("too many values",
+            v2 + "#frame 0 2 2/1,2,3/3,4/" + one,
+            "refused 3 count | > | 0: 1 2 3 4");
+        row("numbers that are none",
+            v2 + "#frame 0 2 2/1,1e400/3,4/#frame 0 2 2/1,x/3,4/" + one,
+            "refused 3 ? | refused 6 ? | > | 0: 1 2 3 4");
+        row("a description in the middle",
+            v2 + "#frame 0 2 2/1,2/#unit nC/3,4",
+            "refused 2 count | refused 5 count");
+        for (const char *size : {"0 2",
+                                 "-2 2",
+                                 "257 1",
+                                 "1 257",
+                                 "99999999999 2",
+                                 "1e2 2",
+                                 "2.5 2",
+                                 "x y",
+                                 "2",
+                                 "",
+                                 "1 2 3",
+                                 "nan 2 2",
+                                 "1e400 2 2"})
+            row(qPrintable(QString("size ") + size),
+                v2 + (QString(size) == "1 2 3" ? "#frame 1 2 3 4" : QString("#frame ") + size)
+                    + "/1,2/" + one,
+                "refused 2 ? | refused 3 count | > | 0: 1 2 3 4");
+        row("times go back",
+            v2 + "#frame 5 1 1/1/#frame 6 1 1/2/#frame 3 1 1/3/#frame 7 1 1/4",
+            "start pixels frames, matrix 1 x 1, positions in cells, >> | 5: 1 | 6: 2 | refused 7 "
+            "back | 7: 4");
+    }
+    void linesBecomeFrames()
+    {
+        QFETCH(QString, lines);
+        QFETCH(QString, expected);
+        const QString names = "sum max x sigma_x y sigma_y";
+        expected.replace(">>", names);
+        const QString start = "start pixels frames, matrix 2 x 2, positions in cells, " + names;
+        QString text = readAll(lines.toUtf8());
+        text.replace(" unreadable", " ?");
+        QCOMPARE(text.replace(start, ">"), expected);
+    }
+
+    void theConnectionIsCutInAFrame()
+    {
+        TextSink sink;
+        LineProtocol protocol(sink);
+        for (const char *line : {"#corvale 2", "#frame 0 2 1", "1", "2", "#frame 1 2 1", "3"})
+            protocol.takeLine(line, false);
+        protocol.beginStream();
+        for (const char *line : {"9", "#frame 2 2 1", "5", "6", "#frame 3 2 1", "7", "8"})
+            protocol.takeLine(line, false);
+        protocol.finish();
+        QCOMPARE(sink.text().section(" | ", 1),
+                 QString("0: 1 2 | refused 7 count | 2: 5 6 | 3: 7 8"));
+    }
+
     void tooMuchIsDropped()
     {
         const QByteArray most = "0" + QByteArray(",1").repeated(256);
@@ -302,12 +404,13 @@ private Q_SLOTS:
             lines.append(QByteArray::number(int(line.size())));
             cut = cut || tooLong;
         };
-        for (int i = 0; i < endless.size(); i += 1000)
-            splitter.feed({endless.constData() + i, std::size_t(qMin(1000, endless.size() - i))},
+        constexpr int piece = 100000;
+        for (int i = 0; i < endless.size(); i += piece)
+            splitter.feed({endless.constData() + i, std::size_t(qMin(piece, endless.size() - i))},
                           note);
         splitter.feed("\nabc\n", note);
         QVERIFY(cut);
-        QCOMPARE(lines.join('|'), QByteArray("65536|3"));
+        QCOMPARE(lines.join('|'), QByteArray::number(LineSplitter::maxLength) + "|3");
     }
 
     void countsAddUp()

@@ -6,6 +6,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include <corvale_qt/detector/DetectorFile.h>
 
 #include <algorithm>
 #include <cmath>
@@ -93,6 +94,27 @@ static ReadingBlock block(double firstTime, int count)
     return readings;
 }
 
+//! Returns any pattern of bits that is a number, down to the smallest.
+static double anyNumber(std::mt19937_64 &dice)
+{
+    const quint64 bits = dice();
+    double value = 0.0;
+    std::memcpy(&value, &bits, sizeof value);
+    return std::isnan(value) ? std::nan("") : value;
+}
+
+//! Collects the times and values of all readings in one list.
+class NumberSink : public TextSink
+{
+public:
+    void reading(double time, const double *values) override
+    {
+        numbers.push_back(time);
+        numbers.insert(numbers.end(), values, values + header().valuesPerReading());
+    }
+    std::vector<double> numbers;
+};
+
 static QString readBack(const QString &path)
 {
     TextSink sink;
@@ -112,27 +134,12 @@ private Q_SLOTS:
 
     void readsBackBitForBit()
     {
-        //! Collects the times and values of all readings in one list.
-        class NumberSink : public TextSink
-        {
-        public:
-            void reading(double time, const double *values) override
-            {
-                numbers.insert(numbers.end(), {time, values[0], values[1]});
-            }
-            std::vector<double> numbers;
-        } written, read;
+        NumberSink written, read;
+        written.streamStarted(twoChannels());
         std::mt19937_64 dice(3);
         ReadingBlock sent(2);
         for (int i = 0; i < 5000; ++i) {
-            // Any pattern of bits that is a number, down to the smallest.
-            double values[2];
-            for (double &value : values) {
-                const quint64 bits = dice();
-                std::memcpy(&value, &bits, sizeof value);
-                if (std::isnan(value))
-                    value = std::nan("");
-            }
+            const double values[] = {anyNumber(dice), anyNumber(dice)};
             sent.append(i / 3.0, values);
             written.reading(i / 3.0, values);
         }
@@ -147,6 +154,91 @@ private Q_SLOTS:
         QCOMPARE(std::memcmp(read.numbers.data(), written.numbers.data(), 15000 * sizeof(double)),
                  0);
         QCOMPARE(read.text(), QString("start channels left:nA right"));
+    }
+
+    //! Frames of any numbers, whatever the detector, read back as the same frames.
+    void framesReadBackBitForBit_data()
+    {
+        columns<QString>("detector");
+        row("rows and columns", R"("kind":"matrix","x":{"cells":3},"y":{"cells":7})");
+        row("one row", R"("kind":"matrix","x":{"cells":4},"y":{"cells":1})");
+        row("one column", R"("kind":"matrix","x":{"cells":1},"y":{"cells":4})");
+        row("lengths and a calibration",
+            R"("kind":"matrix","x":{"cells":20,"pitch":2,"unit":"mm"},"y":{"cells":16},)"
+            R"("channels":{"gain":1.5})");
+        row("wide strips", R"("kind":"strips","x":{"cells":200},"y":{"cells":100})");
+        row("a wired matrix with more readings than cells",
+            R"("kind":"matrix","readings":300,"x":{"cells":2},"y":{"cells":1},"wiring":[300,0])");
+    }
+    void framesReadBackBitForBit()
+    {
+        QFETCH(QString, detector);
+        StreamHeader header;
+        header.setFrames(Corvale_Qt::detectorFromJson("{\"detector\":1," + detector.toUtf8() + "}"),
+                         "nC");
+        std::mt19937_64 dice(3);
+        ReadingBlock sent(header.valuesPerReading());
+        NumberSink written, read;
+        written.streamStarted(header);
+        for (int i = 0; i < 20; ++i) {
+            std::vector<double> values;
+            for (int j = 0; j < header.valuesPerReading(); ++j)
+                values.push_back(anyNumber(dice));
+            sent.append(i / 3.0, values.data());
+            written.reading(i / 3.0, values.data());
+        }
+        Recording r(path("a.csv"));
+        QVERIFY(r.recorder().start());
+        r.recorder().startStream(header);
+        r.recorder().addReadings(sent);
+        QVERIFY(r.recorder().finish());
+        CsvReader reader(read);
+        QVERIFY(reader.open(path("a.csv")));
+        while (reader.read(10000)) { }
+        QCOMPARE(reader.counts().bad(), qint64(0));
+        QVERIFY(read.header().detector == header.detector);
+        QCOMPARE(read.header().frameUnit, QString("nC"));
+        QCOMPARE(read.numbers.size(), written.numbers.size());
+        QCOMPARE(std::memcmp(read.numbers.data(),
+                             written.numbers.data(),
+                             written.numbers.size() * sizeof(double)),
+                 0);
+    }
+
+    //! The disk is full in the middle of any row, and then the file is removed.
+    void aFrameThatWasCutIsWholeInTheNextFile()
+    {
+        StreamHeader header;
+        header.setFrames(Corvale_Qt::detectorFromJson(
+                             R"({"detector":1,"kind":"matrix","x":{"cells":2},"y":{"cells":3}})"),
+                         {});
+        ReadingBlock frames(6);
+        for (int i = 0; i < 3; ++i) {
+            const double values[] = {i + 1.0, 2, 3, 4, 5, 6};
+            frames.append(i, values);
+        }
+        FileSizeLimit limit;
+        for (rlim_t size = 100; size < 240; size += 3) {
+            Recording r(path("a.csv"));
+            QVERIFY(r.recorder().start());
+            limit.set(size);
+            r.recorder().startStream(header);
+            r.recorder().addReadings(frames);
+            r.clock.advance(1.0);
+            limit.lift();
+            const QString before = readBack(path("a.csv"));
+            QVERIFY(QFile::remove(path("a.csv")));
+            r.clock.advance(1.0);
+            QVERIFY(r.recorder().finish());
+            // Together the files hold every frame, and the second one no part of a frame.
+            const QString after = readBack(path("a.csv"));
+            QVERIFY2(!after.contains("refused"), qPrintable(after));
+            for (int i = 0; i < 3; ++i) {
+                const QString frame = QString("%1: %2 2 3 4 5 6").arg(i).arg(i + 1);
+                QVERIFY2((before + after).contains(frame), qPrintable(frame + after));
+            }
+            QVERIFY(QFile::remove(path("a.csv")));
+        }
     }
 
     //! A kill -9 leaves what the system has been given; at most the last second is missing.

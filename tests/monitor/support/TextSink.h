@@ -14,9 +14,11 @@ class TextSink : public Monitor::StreamSink
 public:
     void streamStarted(const Monitor::StreamHeader &header) override
     {
-        m_channels = header.channels.size();
+        m_channels = header.valuesPerReading();
         m_header = header;
         QString text = QStringLiteral("start ") + Monitor::kindName(header.kind);
+        if (header.hasFrames())
+            text += QStringLiteral(" frames, %1,").arg(header.detector.summary());
         for (const Monitor::Channel &channel : header.channels)
             text += QLatin1Char(' ') + channel.name
                 + (channel.unit.isEmpty() ? QString() : QLatin1Char(':') + channel.unit);

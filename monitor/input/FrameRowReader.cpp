@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/FrameRowReader.h"
+
+#include "monitor/input/LineText.h"
+
+#include <QCoreApplication>
+
+#include <charconv>
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int maxSide = Corvale_Qt::DetectorLayout::maxSide;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor", text);
+}
+
+bool readSide(std::string_view field, int *side)
+{
+    const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), *side);
+    return error == std::errc() && end == field.data() + field.size();
+}
+
+} // namespace
+
+bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, QString *fault)
+{
+    std::vector<std::string_view> fields;
+    splitFields(text, &fields);
+    const bool timed = fields.size() == 3;
+    time = arrivalTime;
+    const std::size_t first = timed ? 1 : 0;
+    if ((!timed && fields.size() != 2) || !readSide(fields[first], &rows)
+        || !readSide(fields[first + 1], &columns)) {
+        *fault = tr("it should be #frame TIME ROWS COLUMNS");
+        return false;
+    }
+    if (timed && !fields[0].empty() && (!parseNumber(fields[0], &time) || !std::isfinite(time))) {
+        *fault = tr("the time is not a number");
+        return false;
+    }
+    if (rows < 1 || columns < 1 || rows > maxSide || columns > maxSide) {
+        *fault = tr("a frame has 1 to %1 rows and columns").arg(maxSide);
+        return false;
+    }
+    return true;
+}
+
+FrameRowReader::FrameRowReader(int rows, int columns)
+    : RowReader(countedMatrix(rows, columns))
+    , m_rows(rows)
+    , m_columns(columns)
+    , m_values(std::size_t(rows) * std::size_t(columns))
+    , m_row(rows)
+{
+}
+
+void FrameRowReader::begin(double time)
+{
+    m_time = time;
+    m_row = 0;
+    m_spoiled = false;
+}
+
+void FrameRowReader::spoilRow()
+{
+    m_spoiled = true;
+    ++m_row;
+}
+
+RowReader::Outcome FrameRowReader::read(const Fields &fields, double, const RowHandler &handler)
+{
+    const Outcome outcome = m_spoiled ? Outcome::Taken : readRow(fields);
+    m_spoiled = m_spoiled || outcome != Outcome::Taken;
+    ++m_row;
+    if (!isOpen() && !m_spoiled)
+        handler(m_time, m_values.data());
+    return outcome;
+}
+
+RowReader::Outcome FrameRowReader::readRow(const Fields &fields)
+{
+    if (fields.size() != std::size_t(m_columns))
+        return Outcome::WrongCount;
+    double *row = m_values.data() + std::ptrdiff_t(m_row) * m_columns;
+    for (const std::string_view field : fields)
+        if (!parseNumber(field, row++))
+            return Outcome::Unreadable;
+    return Outcome::Taken;
+}
+
+} // namespace Monitor

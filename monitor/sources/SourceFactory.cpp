@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/SourceFactory.h"
 
+#include "monitor/sources/PgmSource.h"
 #include "monitor/sources/SerialSource.h"
 #include "monitor/sources/SimulatorSource.h"
 #include "monitor/sources/StandardInputSource.h"
@@ -100,6 +101,8 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return failed(tr("\"%1\" is not a known kind of source; there are sim:, file:, -, tcp://, "
                          "tcp-listen:// and serial:")
                           .arg(text));
+    if (PgmSource::suits(path))
+        return std::make_unique<PgmSource>(m_clock, path, m_fileOptions);
     return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
 }
 

@@ -64,6 +64,105 @@ private Q_SLOTS:
         QCOMPARE(log.text() + (ended ? ", the end" : ""), "start channels a | " + readings);
     }
 
+    void imagesBecomeFrames_data()
+    {
+        // ">" begins a stream of frames with that many rows and columns.
+        columns<QByteArray, QString>("bytes", "expected");
+        const auto bytes = [](const char *text, int size) {
+            return QByteArray(text, size);
+        };
+        row("text; the upper row has the larger y",
+            QByteArray("P2\n2 3 9\n1 2\n3 4 5 6"),
+            "> 3 x 2 | 0: 5 6 3 4 1 2");
+        row("a byte each", bytes("P5 2 1 255\n\x01\xff", 13), "> 1 x 2 | 0: 1 255");
+        row("two bytes each, the high one first",
+            bytes("P5 2 1 65535\n\x01\x02\xff\xff", 17),
+            "> 1 x 2 | 0: 258 65535");
+        row("one after the other, with white space between or none",
+            QByteArray("P5 1 1 255\nAP5 1 1 255\nB\n\nP2 1 1 9 7 "),
+            "> 1 x 1 | 0: 65 | 0.1: 66 | 0.2: 7");
+        row("comments and times",
+            QByteArray("P2 # a picture\n# t 1.5\n1 1 # one\n9\n# x\n7\nP2\n# t 2.5\n1 1 9 8"),
+            "> 1 x 1 | 1.5: 7 | 2.5: 8");
+        row("another size",
+            QByteArray("P2 1 1 9 7 P2 2 1 9 1 2"),
+            "> 1 x 1 | 0: 7 | > 1 x 2 | 0.1: 1 2");
+        row("a value above the largest costs one image",
+            QByteArray("P2 1 1 9 10 P5 1 1 9\nAP2 1 1 9 9 "),
+            "refused 1-2 unreadable | > 1 x 1 | 0: 9");
+        row("time goes back",
+            QByteArray("P2\n# t 5\n1 1 9 1 P2\n# t 4\n1 1 9 2 P2\n# t 6\n1 1 9 3"),
+            "refused 2 back | > 1 x 1 | 5: 1 | 6: 3");
+        for (const char *rest : {"",
+                                 "P",
+                                 "P2",
+                                 "P2 2",
+                                 "P2 0 1 9 ",
+                                 "P2 257 1 9 1",
+                                 "P2 1 99999999999 9 1",
+                                 "P2 -1 1 9 1",
+                                 "P2 1e1 1 9 1",
+                                 "P2 1 1 0 1",
+                                 "P2 1 1 65536 1",
+                                 "P2 2 1 9 1",
+                                 "P2 2 1 9 1 x",
+                                 "P2 1 1 9 -1",
+                                 "P2 1 1 9 1e400",
+                                 "P5 2 1 255\nA",
+                                 "P5 1 1 65535\nA",
+                                 "P5 1 1 255#\nA",
+                                 "P3 1 1 9 1 1 1",
+                                 "P6 1 1 9\nAAA",
+                                 "P52 2 9\n",
+                                 "\x89PNG\r\n",
+                                 "hello, world"})
+            row(("then " + QByteArray(rest).simplified()).constData(),
+                "P2 1 1 9 5 " + QByteArray(rest),
+                *rest ? "refused 2 unreadable | > 1 x 1 | 0: 5" : "> 1 x 1 | 0: 5");
+    }
+    void imagesBecomeFrames()
+    {
+        QFETCH(QByteArray, bytes);
+        const QString path = m_dir.filePath("images.pgm");
+        putFile(path, bytes);
+        ManualClock clock;
+        FileSource::Options fast;
+        fast.speed = 0.0;
+        const auto source = SourceFactory(clock, fast).make(path);
+        SourceLog log(*source);
+        source->start();
+        QTRY_COMPARE(log.stateNames(), QString("Running Finished"));
+        static const QRegularExpression start("start pixels frames, matrix (\\d+ x \\d+), "
+                                              "positions in cells, sum max x sigma_x y sigma_y");
+        QTEST(log.text().replace(start, "> \\1"), "expected");
+        QCOMPARE(source->counts().lines, source->counts().readings + source->counts().bad());
+    }
+
+    void imagesOfAFolder()
+    {
+        const QString folder = m_dir.filePath("folder");
+        putFile(folder + "/image10.pgm", "P2 1 1 9 3");
+        putFile(folder + "/image2.pgm", "P2 1 1 9 2 P2 1 1 9 x");
+        putFile(folder + "/image1.PGM", "P2 1 1 9 1");
+        putFile(folder + "/notes.txt", "P2 1 1 9 9");
+        ManualClock clock;
+        const double last = std::numeric_limits<double>::infinity();
+        const auto source = SourceFactory(clock, {2.0, true, -last, last}).make(folder);
+        SourceLog log(*source);
+        source->start();
+        clock.advance(0.18);
+        const QStringList readings = log.sink.lines.filter(": ").mid(0, 4);
+        QCOMPARE(readings.join(" | "), QString("0: 1 | 0.1: 2 | 0.2: 3 | 0.3: 1"));
+        QVERIFY(log.text().startsWith("refused 3 unreadable"));
+        QVERIFY(source->readsFrom(folder + "/image2.pgm"));
+
+        QVERIFY(QDir().mkpath(m_dir.filePath("empty")));
+        const auto none = SourceFactory(clock, {}).make(m_dir.filePath("empty"));
+        none->start();
+        QCOMPARE(none->state(), Source::State::Failed);
+        QVERIFY(none->stateText().endsWith("has no files called *.pgm"));
+    }
+
     void playsOneStreamAfterTheOther_data()
     {
         columns<double, bool>("speed", "loop");

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/PgmSource.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/input/LineText.h"
+#include "monitor/input/RowReader.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int pieceSize = 256 * 1024;
+//! So many frames are read ahead of those that are due.
+constexpr std::size_t enough = 20;
+
+//! Returns a text by which names are sorted as a person would: image2 comes before image10.
+QString inOrder(const QString &name)
+{
+    constexpr int digits = 20;
+    static const QRegularExpression number(QStringLiteral("\\d+"));
+    QString text;
+    int end = 0;
+    for (auto runs = number.globalMatch(name); runs.hasNext();) {
+        const QRegularExpressionMatch run = runs.next();
+        text += name.midRef(end, run.capturedStart() - end)
+            + run.captured().rightJustified(digits, QLatin1Char('0'));
+        end = run.capturedEnd();
+    }
+    return text.toLower() + name.midRef(end).toString().toLower();
+}
+
+QStringList imagesIn(const QString &path)
+{
+    if (!QFileInfo(path).isDir())
+        return {path};
+    const QDir folder(path);
+    QStringList names = folder.entryList({QStringLiteral("*.pgm")}, QDir::Files);
+    std::sort(names.begin(), names.end(), [](const QString &one, const QString &other) {
+        return inOrder(one) < inOrder(other);
+    });
+    for (QString &name : names)
+        name = folder.filePath(name);
+    return names;
+}
+
+QByteArray excerptOf(const QString &path)
+{
+    const QByteArray name = QFileInfo(path).fileName().toUtf8();
+    return escapedExcerpt({name.constData(), std::size_t(name.size())});
+}
+
+} // namespace
+
+bool PgmSource::suits(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        return true;
+    if (!info.isFile())
+        return false;
+    QFile file(path);
+    const QByteArray magic = file.open(QIODevice::ReadOnly) ? file.read(3) : QByteArray();
+    const bool isImage = magic.size() == 3 && magic[0] == 'P'
+        && (magic[1] == '2' || magic[1] == '5') && QByteArray(" \t\r\n").contains(magic[2]);
+    return isImage || info.suffix().compare(QLatin1String("pgm"), Qt::CaseInsensitive) == 0;
+}
+
+PgmSource::PgmSource(Clock &clock,
+                     const QString &path,
+                     const FileSource::Options &options,
+                     QObject *parent)
+    : Source(clock, parent)
+    , m_path(path)
+    , m_options(options)
+    , m_reader(
+          [this](const PgmImage &image) {
+              take(image);
+          },
+          [this](const QString &fault) {
+              refuse(fault);
+          })
+{
+    if (options.speed > 0.0)
+        connect(&clock, &Clock::tick, this, &PgmSource::play);
+    else
+        connect(&m_unpaced, &QTimer::timeout, this, &PgmSource::play);
+}
+
+QString PgmSource::remedy() const
+{
+    return tr(
+        "Check the path and whether this user may read it; a folder needs files called *.pgm, "
+        "with grey images of at most 256 x 256 pixels.");
+}
+
+bool PgmSource::readsFrom(const QString &path) const
+{
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return !file.isEmpty()
+        && std::any_of(m_files.begin(), m_files.end(), [&](const QString &image) {
+               return QFileInfo(image).canonicalFilePath() == file;
+           });
+}
+
+void PgmSource::start()
+{
+    m_files = imagesIn(m_path);
+    if (!openNext()) {
+        setState(State::Failed,
+                 m_files.isEmpty() ? tr("%1 has no files called *.pgm").arg(m_path)
+                                   : tr("%1 cannot be opened: %2").arg(m_path, m_error));
+        return;
+    }
+    setState(State::Running, m_path);
+    if (m_options.speed == 0.0)
+        m_unpaced.start(0);
+}
+
+//! Opens the next file. Returns false if there is none, or if it cannot be read, which ends the source.
+bool PgmSource::openNext()
+{
+    m_file.close();
+    if (m_nextFile >= m_files.size())
+        return false;
+    m_file.setFileName(m_files[m_nextFile++]);
+    if (m_file.open(QIODevice::ReadOnly))
+        return true;
+    m_error = m_file.errorString();
+    return false;
+}
+
+void PgmSource::play()
+{
+    if (state() != State::Running)
+        return;
+    while (m_waiting.size() < enough && !m_atEnd)
+        readOn();
+    const double now = clock().seconds();
+    while (!m_waiting.empty()) {
+        if (!m_playFrom) {
+            m_playFrom = m_waiting.front().time;
+            m_startedAt = now;
+        }
+        const bool due = m_options.speed == 0.0
+            || m_waiting.front().time <= *m_playFrom + (now - m_startedAt) * m_options.speed;
+        if (!due)
+            return;
+        show(m_waiting.front());
+        m_waiting.pop_front();
+    }
+    finishWhenPlayed();
+}
+
+void PgmSource::readOn()
+{
+    const QByteArray piece = m_file.read(pieceSize);
+    m_reader.feed({piece.constData(), std::size_t(piece.size())});
+    if (m_file.error() != QFileDevice::NoError)
+        m_error = m_file.errorString();
+    if (!m_reader.isLost() && !piece.isEmpty() && m_error.isEmpty())
+        return;
+    m_reader.finish();
+    if (m_error.isEmpty() && openNext())
+        return;
+    m_atEnd = !m_error.isEmpty() || !startLoop();
+}
+
+//! Begins the next round, whose times continue those of this one. Returns false if there is none.
+bool PgmSource::startLoop()
+{
+    if (!m_options.loop || !m_lastTime || m_number == 0)
+        return false;
+    m_offset = *m_lastTime + m_lastStep;
+    m_number = 0;
+    m_nextFile = 0;
+    return openNext();
+}
+
+void PgmSource::take(const PgmImage &image)
+{
+    ++m_counts.lines;
+    const double time = image.time.value_or(double(m_number++) * frameInterval);
+    if (time < m_options.from || time > m_options.to)
+        return;
+    const double shown = time + m_offset;
+    if (m_lastTime && shown < *m_lastTime) {
+        --m_counts.lines;
+        refuse({}, Refusal::TimeBackwards);
+        return;
+    }
+    if (m_lastTime && shown > *m_lastTime)
+        m_lastStep = shown - *m_lastTime;
+    m_lastTime = shown;
+    m_waiting.push_back({shown, image});
+}
+
+void PgmSource::refuse(const QString &fault, Refusal refusal)
+{
+    RefusedLine line;
+    line.what = RefusedLine::What::Image;
+    line.refusal = refusal;
+    line.number = ++m_counts.lines;
+    line.reason = fault;
+    line.excerpt = excerptOf(m_file.fileName());
+    ++m_counts.refused[std::size_t(refusal)];
+    Q_EMIT lineRefused(line);
+}
+
+//! Hands a frame on. Another size begins another acquisition.
+void PgmSource::show(const Frame &frame)
+{
+    const PgmImage &image = frame.image;
+    if (image.rows != m_rows || image.columns != m_columns) {
+        m_rows = image.rows;
+        m_columns = image.columns;
+        StreamHeader header;
+        header.setFrames(
+            Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(m_rows, m_columns)),
+            {});
+        Q_EMIT streamStarted(header);
+    }
+    ReadingBlock block(int(image.values.size()));
+    block.append(frame.time, image.values.data());
+    ++m_counts.readings;
+    Q_EMIT readingsArrived(block);
+}
+
+void PgmSource::finishWhenPlayed()
+{
+    if (!m_atEnd || !m_waiting.empty())
+        return;
+    m_unpaced.stop();
+    if (m_error.isEmpty())
+        setState(State::Finished, tr("reached the end of %1").arg(m_path));
+    else
+        setState(State::Failed, tr("reading %1: %2").arg(m_file.fileName(), m_error));
+}
+
+} // namespace Monitor

@@ -21,10 +21,10 @@ DetectorFrames::DetectorFrames(const StreamHeader &header)
 {
     const PixelShape grid = PixelShape::of(header);
     const bool pixels = grid.rows == side && grid.columns == side;
-    const bool stripPair =
-        header.kind == StreamKind::Strips && header.channels.size() == 2 * strips;
+    const bool stripPair = header.kind == StreamKind::Strips && !header.hasFrames()
+        && header.channels.size() == 2 * strips;
     const bool wiredAlready =
-        header.kind == StreamKind::Pixels && header.channels.size() == readings;
+        header.kind == StreamKind::Pixels && header.valuesPerReading() == readings;
     if (!pixels && !stripPair && !wiredAlready)
         return;
     m_cells.fill(-1, readings);
@@ -41,8 +41,12 @@ DetectorFrames::DetectorFrames(const StreamHeader &header)
                     Corvale_Qt::RoundPixelDetector::readingAt(side - 1 - row, column);
                 reading >= 0)
                 m_cells[reading] = row * side + column;
-    if (const auto unit = unitFromSymbol(header.commonUnit()))
+    if (const auto unit = unitFromSymbol(header.readingUnit()))
         m_factor = unit->unscale(1.0);
+    m_unit = header.readingUnit();
+    for (int i = 0; i < header.valuesPerReading(); ++i)
+        if (!m_cells.contains(i))
+            m_unwired.append(i);
 }
 
 QVector<double> DetectorFrames::readingsOf(const double *values) const
@@ -53,6 +57,18 @@ QVector<double> DetectorFrames::readingsOf(const double *values) const
         frame[i] = std::isfinite(value) ? value * m_factor : 0.0;
     }
     return frame;
+}
+
+LeftOut DetectorFrames::leftOutOf(const double *values) const
+{
+    LeftOut leftOut{LeftOut::What::Cells, 0, 0.0, m_unit};
+    for (const int cell : m_unwired) {
+        if (!std::isfinite(values[cell]) || values[cell] == 0.0)
+            continue;
+        leftOut.count = m_unwired.size();
+        leftOut.sum += values[cell];
+    }
+    return leftOut;
 }
 
 } // namespace Monitor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/LeftOut.h"
 #include "monitor/readings/StreamHeader.h"
 
 #include <QVector>
@@ -20,6 +21,8 @@ public:
     /*! Returns the 128 readings of a frame. \a values points to one value per channel of the header; values that are
         not finite become 0. */
     QVector<double> readingsOf(const double *values) const;
+    //! Returns what such a frame has in cells that the detector has no wire for.
+    LeftOut leftOutOf(const double *values) const;
 
 private:
     static constexpr int readings = 128;
@@ -27,6 +30,9 @@ private:
     //! The channel that holds each reading, -1 if none does; empty if the frames are not usable.
     QVector<int> m_cells;
     double m_factor = 1.0;
+    //! The channels that feed no reading.
+    QVector<int> m_unwired;
+    QString m_unit;
 };
 
 } // namespace Monitor

@@ -52,6 +52,8 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
         page->hide();
 
     connect(&session, &Session::streamStarted, this, &DisplayTabs::beginStream);
+    connect(&session, &Session::frameShown, &m_frames, &FrameFeeder::takeFrame);
+    connect(&m_frames, &FrameFeeder::leftOutChanged, this, &DisplayTabs::leftOutChanged);
     connect(this, &QTabWidget::currentChanged, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedOut, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedIn, this, &DisplayTabs::showSpanControl);
@@ -84,12 +86,13 @@ void DisplayTabs::beginStream()
     setTab(m_profile, tr("2D profile"), m_frames.hasProfile());
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
-    if (header.hasRange())
+    if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else
         m_scope->plotView()->resetRange();
     m_span->setTimed(header.kind != StreamKind::Spots); // the order of spots counts
-    const bool profiles = header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels;
+    const bool profiles = !header.hasFrames()
+        && (header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels);
     m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);
     if (m_frames.hasProfile())
         setCurrentWidget(m_profile);

@@ -46,6 +46,10 @@ public:
     //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;
 
+Q_SIGNALS:
+    //! Emitted when what the displays leave out of the readings has changed; empty if nothing is left out.
+    void leftOutChanged(const QString &text);
+
 private:
     void beginStream();
     void showSpanControl();

@@ -57,10 +57,14 @@ void EventLog::adoptPalette()
 
 void EventLog::noteStart(const StreamHeader &header)
 {
-    const QString unit = header.commonUnit();
-    write(tr("readings begin: %1 channels, layout %2%3")
-              .arg(header.channels.size())
-              .arg(kindName(header.kind), unit.isEmpty() ? QString() : tr(", in %1").arg(unit)));
+    const QString unit = header.readingUnit();
+    const QString inUnit = unit.isEmpty() ? QString() : tr(", in %1").arg(unit);
+    if (header.hasFrames())
+        write(tr("frames begin: %1%2").arg(header.detector.summary(), inUnit));
+    else
+        write(tr("readings begin: %1 channels, layout %2%3")
+                  .arg(header.channels.size())
+                  .arg(kindName(header.kind), inUnit));
     noteAssumptions(header);
 }
 
@@ -72,7 +76,7 @@ void EventLog::noteAssumptions(const StreamHeader &header)
     const bool strips = header.kind == StreamKind::Strips;
     write(tr("2D profile: positions in mm assume %1")
               .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
-    const auto unit = unitFromSymbol(header.commonUnit());
+    const auto unit = unitFromSymbol(header.readingUnit());
     const std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> coulomb =
         unitFromSymbol(QStringLiteral("C"));
     if (!unit || !sameQuantity(*unit, *coulomb))

@@ -74,6 +74,7 @@ void FrameFeeder::beginStream()
     m_lastFrame.clear();
     m_lastShown = {};
     m_hasPosition = false;
+    tellLeftOut({});
     if (header.kind == StreamKind::Strips)
         m_profile->setL408(true);
     else if (header.kind == StreamKind::Pixels)
@@ -86,7 +87,8 @@ void FrameFeeder::beginStream()
 
 void FrameFeeder::feedRows(int first, int last)
 {
-    if (!hasPosition())
+    const bool areNumbersOfFrames = m_model->header().hasFrames();
+    if (!hasPosition() || areNumbersOfFrames)
         return;
     const int from = firstRowToFeed(first, last);
     const int step = 1 + (last - from) / mostRowsAtOnce;
@@ -115,8 +117,30 @@ void FrameFeeder::feed(int row)
         feedPosition(m_values.data());
         return;
     }
-    m_lastFrame = m_frames.readingsOf(m_values.data());
-    showFrame(m_model->doubleData(row, 0));
+    takeValues(m_model->doubleData(row, 0), m_values.data());
+}
+
+void FrameFeeder::takeFrame(double time, const QVector<double> &values)
+{
+    if (!hasProfile())
+        return;
+    takeValues(time, values.constData());
+    m_again.start();
+}
+
+void FrameFeeder::takeValues(double time, const double *values)
+{
+    m_lastFrame = m_frames.readingsOf(values);
+    tellLeftOut(m_frames.leftOutOf(values).text());
+    showFrame(time);
+}
+
+void FrameFeeder::tellLeftOut(const QString &text)
+{
+    if (text == m_leftOut)
+        return;
+    m_leftOut = text;
+    Q_EMIT leftOutChanged(text);
 }
 
 void FrameFeeder::showFrame(double time)

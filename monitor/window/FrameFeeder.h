@@ -25,6 +25,8 @@ public:
                 Corvale_Qt::RVXPositionPlot *position,
                 QObject *parent = nullptr);
 
+    //! Shows a frame of a stream of frames; \a values has all values of the reading.
+    void takeFrame(double time, const QVector<double> &values);
     //! Returns whether the model's stream has profiles.
     bool hasProfile() const { return m_frames.isUsable(); }
     //! Returns whether the model's stream has positions.
@@ -34,8 +36,14 @@ public:
     //! Returns whether the position display has got a position of this stream.
     bool hasShownPosition() const;
 
+Q_SIGNALS:
+    /*! Emitted when what the profile leaves out of the shown frames has changed; empty if nothing is left out. */
+    void leftOutChanged(const QString &text);
+
 private:
     void beginStream();
+    void takeValues(double time, const double *values);
+    void tellLeftOut(const QString &text);
     void feedRows(int first, int last);
     void feed(int row);
     int firstRowToFeed(int first, int last) const;
@@ -52,6 +60,7 @@ private:
     std::vector<double> m_values;
     QVector<double> m_lastFrame;
     double m_lastTime = 0.0;
+    QString m_leftOut;
     QTimer m_again;
     Corvale_Qt::SpectrogramCalc m_lastShown;
     bool m_hasPosition = false; //!< of halves; those of profiles are m_lastShown

@@ -5,6 +5,7 @@
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
 #include "monitor/window/LatestValuePanel.h"
+#include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/MonitorStatusBar.h"
 #include "monitor/window/PictureActions.h"
 #include "monitor/window/RecordAction.h"
@@ -53,6 +54,7 @@ void MonitorWindow::addCentre()
     m_centre->setContentsMargins(0, 0, 0, 0);
     m_centre->setSpacing(2);
     m_centre->addWidget(new SourceNotice(m_session, centre));
+    m_centre->addWidget(new LeftOutNotice(m_session, *m_displays, centre));
     m_centre->addWidget(m_displays, 1);
     setCentralWidget(centre);
 }

@@ -4,6 +4,9 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include <corvale_qt/detector/DetectorFile.h>
+
+#include <QSignalSpy>
 
 using namespace Monitor;
 
@@ -275,6 +278,45 @@ private:
                             .arg(model.doubleData(row, 1))
                             .arg(model.doubleData(row, 2)));
         return rows;
+    }
+
+    //! Frames go to the displays, and their sums, positions and widths to the model.
+    void framesBecomeNumbers()
+    {
+        ScriptedSession s;
+        QSignalSpy shown(&s.session, &Session::frameShown), noted(&s.session, &Session::noted);
+        StreamHeader header;
+        header.setFrames(
+            Corvale_Qt::detectorFromJson(R"({"detector":1,"kind":"matrix","readings":20,
+                "x":{"cells":6,"pitch":2,"unit":"mm"},"y":{"cells":3,"pitch":2,"unit":"mm"}})"),
+            "nC");
+        s.session.start();
+        s.source->begin(header);
+        std::vector<double> beam(20, 0.0);
+        beam[8] = beam[9] = 5.0; // in the middle of the second row
+        beam[19] = 3.0; // belongs to no cell
+        s.source->give(0.0, beam);
+        s.settle();
+        const MultichannelDeviceModel &model = s.session.model();
+        QStringList numbers;
+        for (int channel = 0; channel < model.NumberOfChannels(); ++channel)
+            numbers += model.header().channels[channel].name + ' '
+                + QString::number(model.receivedValue(1, channel), 'g', 3);
+        QCOMPARE(numbers.mid(0, 3).join(", "), QString("sum 10, max 5, x 0"));
+        QCOMPARE(shown.size(), 1);
+        QCOMPARE(shown.takeFirst()[1].value<QVector<double>>().size(), 20);
+        QCOMPARE(noted.takeLast().first().toString(),
+                 QString("WARNING 1 readings belong to no cell: 3 nC left out"));
+
+        s.session.setPaused(true);
+        s.source->give(0.1, beam);
+        s.source->give(0.2, beam);
+        s.settle();
+        QCOMPARE(shown.size(), 0);
+        s.session.setPaused(false);
+        QCOMPARE(shown.size(), 1);
+        QCOMPARE(shown.takeFirst()[0].toDouble(), 0.2);
+        QCOMPARE(model.rowCount(), 4);
     }
 };
 

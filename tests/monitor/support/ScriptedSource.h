@@ -45,7 +45,7 @@ public:
     }
     void give(double time, const std::vector<double> &values)
     {
-        Monitor::ReadingBlock block(m_header.channels.size());
+        Monitor::ReadingBlock block(m_header.valuesPerReading());
         block.append(time, values.data());
         Q_EMIT readingsArrived(block);
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/RowReader.h"
 #include "monitor/window/FrameFeeder.h"
 #include "monitor/window/SpotLayers.h"
 #include "tests/monitor/support/ScriptedSession.h"
@@ -6,6 +7,8 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
+
+#include <QSignalSpy>
 
 #include <cmath>
 
@@ -44,6 +47,10 @@ struct FedDisplays : ScriptedSession
     Corvale_Qt::RVXSpectrogram profile;
     Corvale_Qt::RVXPositionPlot position;
     FrameFeeder feeder{&session.model(), &profile, &position};
+    FedDisplays()
+    {
+        QObject::connect(&session, &Session::frameShown, &feeder, &FrameFeeder::takeFrame);
+    }
 };
 
 } // namespace
@@ -82,6 +89,38 @@ private Q_SLOTS:
                 // Picocoulomb on the line, coulomb in the display.
                 QVERIFY(calc.max < 1e-8 && calc.max > 1e-12);
             }
+        }
+    }
+
+    //! Charge in the corners of a matrix, where the round detector has no pixels.
+    void cellsWithoutAWireAreTold()
+    {
+        for (const bool frames : {false, true}) {
+            FedDisplays s;
+            QSignalSpy told(&s.feeder, &FrameFeeder::leftOutChanged);
+            StreamHeader header;
+            header.kind = StreamKind::Pixels;
+            header.channels = StreamHeader::pixelChannels(12, 12);
+            for (Channel &channel : header.channels)
+                channel.unit = "nC";
+            if (frames)
+                header.setFrames(Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(12, 12)),
+                                 "nC");
+            s.source->begin(header);
+            std::vector<double> values = pixelBeam(0, 0, 1.0);
+            for (double &value : values)
+                value = value < 1.0 ? 0.0 : value;
+            s.source->give(0.0, values);
+            s.settle();
+            QCOMPARE(told.size(), 0);
+            values[10] = 100.0; // row 1, column 11
+            s.source->give(0.1, values);
+            s.settle();
+            QCOMPARE(told.size(), 1);
+            QCOMPARE(told.takeFirst().first().toString(),
+                     QString("24 cells are not wired: 100 nC left out"));
+            s.source->begin(StreamKind::Channels, 2);
+            QCOMPARE(told.takeFirst().first().toString(), QString());
         }
     }
 

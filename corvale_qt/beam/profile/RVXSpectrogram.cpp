@@ -52,7 +52,7 @@ void RVXSpectrogram::setData(const QVector<double> &readings, double timestamp)
 SpectrogramCalc RVXSpectrogram::getCalc() const
 {
     Q_D(const RVXSpectrogram);
-    return d->calc;
+    return d->judged.beam.calc;
 }
 
 void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,

@@ -4,7 +4,11 @@
 #include "corvale_qt/beam/profile/SpectrogramCalc.h"
 #include "corvale_qt/beam/profile/SpectrogramResult.h"
 #include "corvale_qt/corvale_qt_export.h"
+#include "corvale_qt/detector/BeamVerdict.h"
+#include "corvale_qt/detector/DetectorFrame.h"
+#include "corvale_qt/numerics/BeamEstimator.h"
 
+#include <QRectF>
 #include <QScopedPointer>
 #include <QVector>
 #include <QWidget>
@@ -20,6 +24,7 @@ class RVXSpectrogramPrivate;
     |---------------|--------------------------------------------------|------------------------|
     | setL408()     | X strips in values 0 to 31, Y strips in 64 to 95 | 32 x 32 cells of 2 mm  |
     | setPixelated()| 120 pixels among the 128 values                  | 12 x 12 cells of 3.8 mm|
+    | setLayout()   | one for each reading of the described detector   | the detector's cells   |
 
     Frames may come at any rate: a calculation is shown at most ten times a second, and the newest frame is shown at
     the next tick at the latest. The side bar shows the numbers; if it is hidden, the widget emits calcUpdate()
@@ -33,12 +38,26 @@ class RVXSpectrogramPrivate;
     profile->setData(charges, seconds);
     \endcode
 
-    Readings that are missing or not finite count as 0. */
+    Readings that are missing or not finite count as 0, but on a described detector: there the number of readings must be right,
+    and one that is not finite makes its cell dead. */
 class CORVALE_QT_EXPORT RVXSpectrogram : public QWidget
 {
     Q_OBJECT
     //! Lets the time plot's history grow beyond 3000 frames.
     Q_PROPERTY(bool unlimitedHistory READ unlimitedHistory WRITE setUnlimitedHistory)
+    /*! Whether every frame is judged by judgeEstimate(), and told as valid only if the numbers describe it. False at the start;
+        frames of a described detector are judged in any case. */
+    Q_PROPERTY(bool verdictEnabled READ isVerdictEnabled WRITE setVerdictEnabled)
+    //! Symbol of the unit of a described detector's readings; coulomb or ampere, with SI prefixes, while it is empty.
+    Q_PROPERTY(QString intensityUnit READ intensityUnit WRITE setIntensityUnit)
+    //! Whether the colours of a described detector follow the logarithm.
+    Q_PROPERTY(bool logarithmicColors READ hasLogarithmicColors WRITE setLogarithmicColors)
+    //! Whether profiles and their fits are drawn at the edges of a described detector; true at the start.
+    Q_PROPERTY(bool projectionsVisible READ areProjectionsVisible WRITE setProjectionsVisible)
+    //! How many of the last frames of a described detector are averaged, 1 to 100.
+    Q_PROPERTY(int averagedFrames READ averagedFrames WRITE setAveragedFrames)
+    //! Whether the background, once it is taken, is subtracted from the frames of a described detector; true at the start.
+    Q_PROPERTY(bool backgroundSubtracted READ isBackgroundSubtracted WRITE setBackgroundSubtracted)
 
 public:
     //! Makes a display without a layout, in charge mode, with full scales of 1 and a sample rate of 1.
@@ -64,6 +83,101 @@ public:
     bool unlimitedHistory() const;
     //! Lets the time plot's history grow without limit, or keeps it at 3000 frames from the next frame on.
     void setUnlimitedHistory(bool unlimited);
+
+    // ---- A described detector, and verdicts ----
+
+    //! The colour maps.
+    enum ColorMap {
+        Greyscale, //!< from black to white
+        Color, //!< from black over blue, green and yellow to red
+        Viridis, //!< rises evenly in brightness, also for colour-blind eyes
+    };
+    Q_ENUM(ColorMap)
+
+    using QWidget::setLayout;
+    /*! Shows a described detector instead of a preset: cells at their true places and widths, axes in its units, x to the right and y
+        upwards. setData() then takes as many values as the layout has readings and refuses others with a debug line. Strips show the
+        product of their profiles. An empty layout leaves the display without a layout. A list of channels, which has no places, is
+        refused with a debug line. */
+    void setLayout(const DetectorLayout &layout);
+    //! Returns the layout that setLayout() set; empty while a preset, or nothing, is shown.
+    DetectorLayout detectorLayout() const;
+    /*! Returns the unit of the lengths along an axis that getCalc() and result() return: "mm" if the layout states a length, else "cells"
+        or the symbol that it states. */
+    QString lengthUnit(DetectorLayout::Axis axis) const;
+    //! Returns the part of the plane that a described detector covers, in the units of lengthUnit(); the top is the lowest place.
+    QRectF lengthArea() const;
+    //! Takes one frame that is on its cells already. A frame of another layout than before has that layout shown.
+    void setFrame(const DetectorFrame &frame, double timestamp);
+    /*! Returns the frame that is shown, averaged and less the background, in the unit shown; without cells if there is none. For a
+        preset, it is on the cells of DetectorLayout::stripPair() or pixelMatrix(). */
+    DetectorFrame shownFrame() const;
+
+    //! Returns how a described detector is estimated: regression for strips, least squares for a matrix, until one is chosen.
+    BeamEstimator estimator() const;
+    //! Chooses how a described detector is estimated. The regression uses SetRegressionOptions().
+    void setEstimator(BeamEstimator estimator);
+    //! Returns the estimate along an axis of the frame that is shown, in the unit of the axis. It is not Ok unless frames are judged.
+    BeamEstimate estimate(DetectorLayout::Axis axis) const;
+    //! Returns the verdict on the frame that is shown. It is NotValid without reasons unless frames are judged.
+    BeamVerdict verdict() const;
+    //! Returns the limits by which frames are judged.
+    VerdictLimits verdictLimits() const;
+    //! Sets the limits by which frames are judged, and judges the frame that is shown again.
+    void setVerdictLimits(const VerdictLimits &limits);
+    //! Returns the property verdictEnabled.
+    bool isVerdictEnabled() const;
+    //! Sets the property verdictEnabled.
+    void setVerdictEnabled(bool enabled);
+
+    //! Returns the colour map.
+    ColorMap colorMap() const;
+    //! Chooses the colour map, of presets too.
+    void setColorMap(ColorMap map);
+    /*! Makes the colours of a described detector run from \a low to \a high, in the unit shown. Ignored unless \a low is below
+        \a high. */
+    void setColorRange(double low, double high);
+    //! Makes the colours follow the scaling box again.
+    void resetColorRange();
+    //! Returns the property logarithmicColors.
+    bool hasLogarithmicColors() const;
+    //! Sets the property logarithmicColors. A range that does not begin above 0 then spans three decades.
+    void setLogarithmicColors(bool logarithmic);
+    //! Returns the property projectionsVisible.
+    bool areProjectionsVisible() const;
+    //! Sets the property projectionsVisible.
+    void setProjectionsVisible(bool visible);
+    //! Returns the property intensityUnit.
+    QString intensityUnit() const;
+    //! Sets the property intensityUnit.
+    void setIntensityUnit(const QString &unit);
+    //! Returns the part of a described detector that is shown, in the units of its axes; the top of the rectangle is its lowest place.
+    QRectF shownArea() const;
+    //! Shows a part of a described detector; an empty rectangle shows all of it.
+    void setShownArea(const QRectF &area);
+
+    //! Returns the property averagedFrames.
+    int averagedFrames() const;
+    //! Sets the property averagedFrames, limited to 1 to 100.
+    void setAveragedFrames(int frames);
+    //! Returns whether there is a background.
+    bool hasBackground() const;
+    //! Returns the property backgroundSubtracted.
+    bool isBackgroundSubtracted() const;
+    //! Sets the property backgroundSubtracted; it counts from the next frame on.
+    void setBackgroundSubtracted(bool subtracted);
+    //! Takes the mean of the next frames, 1 to 100, as background.
+    void takeBackground(int frames);
+    //! Forgets the background.
+    void clearBackground();
+    //! Returns what is done to frames, as text for a person; empty if nothing is done.
+    QString frameProcessing() const;
+
+    /*! Writes the frame that is shown as CSV; see docs/detector-file.md. Returns false if there is none, or if the file could not
+        be written. */
+    bool saveFrame(const QString &file) const;
+    //! Writes a picture of the plot, in the format that the end of the name says. Returns false if it could not be written.
+    bool savePicture(const QString &file) const;
 
 public Q_SLOTS:
     /*! Takes one frame, in coulomb, and its time in seconds. A frame with the same time as the one before is ignored;

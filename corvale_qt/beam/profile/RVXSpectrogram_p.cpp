@@ -12,19 +12,6 @@
 
 namespace Corvale_Qt {
 
-namespace {
-
-//! Shows \a number, or the box's special text if it is not finite or beyond the box's range.
-void showNumber(QDoubleSpinBox *box, double number)
-{
-    const bool shown =
-        std::isfinite(number) && number >= box->minimum() && number <= box->maximum();
-    const bool rounded = std::abs(number) < 0.5 * std::pow(10.0, -box->decimals());
-    box->setValue(!shown ? box->minimum() : rounded ? 0.0 : number); // not "-0.000"
-}
-
-} // namespace
-
 RVXSpectrogramPrivate::RVXSpectrogramPrivate(RVXSpectrogram *q)
     : q_ptr(q)
 {
@@ -47,8 +34,8 @@ void RVXSpectrogramPrivate::build()
     ui.sidebar->setLocale(QLocale::c());
     showNewest.setSingleShot(true);
     QObject::connect(&showNewest, &QTimer::timeout, q, [this] {
-        if (redrawPending && newestWaits && layout != ProfileLayout::None)
-            present(frameOf(newest.charges));
+        if (redrawPending && newestWaits && hasLayout())
+            present(frameOf(newest));
     });
     buildPlots();
     connectControls();
@@ -87,8 +74,9 @@ void RVXSpectrogramPrivate::connectControls()
                      QOverload<int>::of(&QComboBox::currentIndexChanged),
                      q,
                      [this](int mode) {
-                         plot->setColorMode(mode == 0 ? SpectrogramPlot::Greyscale
-                                                      : SpectrogramPlot::Color);
+                         ColorSettings colors = plot->colorSettings();
+                         colors.map = ColorMapChoice(mode);
+                         plot->setColorSettings(colors);
                          plot->replot();
                      });
     QObject::connect(ui.checkBox_threshold,
@@ -166,6 +154,8 @@ EllipseOptions RVXSpectrogramPrivate::ellipseOptions() const
 
 void RVXSpectrogramPrivate::setLayout(ProfileLayout newLayout, const QString &title)
 {
+    if (detector.isOn())
+        setDescribed({});
     layout = newLayout;
     ui.label_title->setText(title);
     ui.discriminator_QScienceSpinBox->setEnabled(layout == ProfileLayout::PixelMatrix);
@@ -185,13 +175,8 @@ void RVXSpectrogramPrivate::clearFrame()
     newest = {};
     newestWaits = false;
     lastMaximum = 0;
-    calc = {};
-    shownStatus = FitStatus::NotComputed;
-    for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>())
-        box->setValue(box->minimum());
-    showNoNumbers(QStringLiteral("NaN"));
-    ui.label_valid->setText(RVXSpectrogram::tr("[+ Data Validity]"));
-    ui.label_valid->setStyleSheet(QString());
+    judged = {};
+    results.clear();
 }
 
 void RVXSpectrogramPrivate::setCurrent(bool enabled)
@@ -220,7 +205,10 @@ void RVXSpectrogramPrivate::applyUnit()
 {
     plot->setColorBarTitle(current ? RVXSpectrogram::tr("Intensity (A)")
                                    : RVXSpectrogram::tr("Intensity (C)"));
-    const QString suffix = current ? QStringLiteral(" A") : QStringLiteral(" C");
+    QString suffix = current ? QStringLiteral(" A") : QStringLiteral(" C");
+    if (detector.isOn() && !intensityUnit.isEmpty())
+        suffix = QLatin1Char(' ') + intensityUnit;
+    plot->layoutView().setUnit(suffix.trimmed(), intensityUnit.isEmpty());
     for (QDoubleSpinBox *box : {ui.threshold_QScienceSpinBox,
                                 ui.discriminator_QScienceSpinBox,
                                 ui.integral_QScienceSpinBox,
@@ -264,41 +252,60 @@ void RVXSpectrogramPrivate::setInverted()
     const bool y = options.invertY;
     history->mirror(x != plot->isInvertedX(), y != plot->isInvertedY());
     plot->setInverted(x, y);
+    detector.setInverted(x, y);
+    if (detector.isOn())
+        plot->setDescribed(detector.shownLayout());
     timePlot->replot();
     presentAgain();
     plot->replot();
 }
 
-void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timestamp)
+bool RVXSpectrogramPrivate::takesTime(double timestamp) const
 {
-    Q_Q(RVXSpectrogram);
-    ++framesHandedOver;
     if (!std::isfinite(timestamp)) {
         qCDebug(lcProfile) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
+        return false;
+    }
+    return timestamp != lastTimestamp;
+}
+
+void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timestamp)
+{
+    ++framesHandedOver;
+    if (detector.isOn()) {
+        if (const auto cells = detector.frameOf(data))
+            takeCells(*cells, timestamp);
         return;
     }
-    if (timestamp == lastTimestamp)
+    if (!takesTime(timestamp))
         return;
-    const FrameReadings charges = frameReadings(data.constData(), data.size());
-    const FrameReadings readings = scaled(charges, readingFactor());
-    if (layout == ProfileLayout::StripPair && stripFrameIsEmpty(readings)) {
+    TakenFrame taken{frameReadings(data.constData(), data.size()), {}, framesHandedOver, timestamp};
+    if (layout == ProfileLayout::StripPair
+        && stripFrameIsEmpty(scaled(taken.charges, readingFactor()))) {
         qCDebug(lcProfile) << "2D incoming data is all 0";
-        return;
+        if (!detector.verdictEnabled) // which says that there is no beam
+            return;
     }
-    if (layout == ProfileLayout::None) {
+    if (layout == ProfileLayout::None)
         lastTimestamp = timestamp;
-        return;
-    }
-    newest = {charges, framesHandedOver, timestamp};
+    else
+        takeNewest(taken);
+}
+
+void RVXSpectrogramPrivate::takeNewest(TakenFrame taken)
+{
+    Q_Q(RVXSpectrogram);
+    newest = std::move(taken);
+    const double timestamp = newest.time;
     newestWaits = true;
     newestNumbers.reset();
     const bool announced = isEveryFrameAskedFor();
-    BeamFrame frame;
+    JudgedFrame frame;
     if (sidebar || redrawPending || announced) {
-        frame = computeFrame(layout, readings, frameOptions());
-        newestNumbers = resultOf(newest, frame);
+        frame = frameOf(newest);
+        newestNumbers = resultOf(newest, frame.beam);
     }
-    remember(frame.calc, timestamp);
+    remember(frame.beam.calc, timestamp);
     const SpectrogramResult result = newestNumbers.value_or(SpectrogramResult());
     // A slot may delete the display.
     const QPointer<RVXSpectrogram> stillThere(q);
@@ -326,13 +333,13 @@ SpectrogramResult RVXSpectrogramPrivate::newestResult() const
     if (!newest.exists())
         return SpectrogramResult();
     if (!newestNumbers)
-        newestNumbers = resultOf(newest, frameOf(newest.charges));
+        newestNumbers = resultOf(newest, frameOf(newest).beam);
     return *newestNumbers;
 }
 
 SpectrogramResult RVXSpectrogramPrivate::shownResult() const
 {
-    return {shownStatus, calc, shown.number, shown.time, current};
+    return {judged.beam.status, judged.beam.calc, shown.number, shown.time, current};
 }
 
 void RVXSpectrogramPrivate::tick()
@@ -343,9 +350,27 @@ void RVXSpectrogramPrivate::tick()
         showNewest.start();
 }
 
-BeamFrame RVXSpectrogramPrivate::frameOf(const FrameReadings &charges) const
+//! Computes a frame. If frames are judged, one below the threshold is not valid.
+JudgedFrame RVXSpectrogramPrivate::frameOf(const TakenFrame &taken) const
 {
-    return computeFrame(plot->detector(), scaled(charges, readingFactor()), frameOptions());
+    JudgedFrame frame = judgedFrameOf(taken);
+    if (frame.isJudged && isBelowThreshold(frame.beam))
+        frame.refuse(FitStatus::PeakBelowThreshold,
+                     RVXSpectrogram::tr("the maximum is below the threshold"));
+    return frame;
+}
+
+JudgedFrame RVXSpectrogramPrivate::judgedFrameOf(const TakenFrame &taken) const
+{
+    const FrameOptions options = frameOptions();
+    if (detector.isOn())
+        return detector.judge(taken.cells, options.regression, readingFactor());
+    const FrameReadings readings = scaled(taken.charges, readingFactor());
+    JudgedFrame frame;
+    frame.beam = computeFrame(plot->detector(), readings, options);
+    return detector.verdictEnabled
+        ? detector.judgePreset(frame.beam, plot->detector(), readings, options)
+        : frame;
 }
 
 void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double timestamp)
@@ -370,19 +395,19 @@ bool RVXSpectrogramPrivate::isBelowThreshold(const BeamFrame &frame) const
         && frame.calc.max < threshold->value();
 }
 
-void RVXSpectrogramPrivate::present(const BeamFrame &frame)
+void RVXSpectrogramPrivate::present(const JudgedFrame &frame)
 {
     Q_Q(RVXSpectrogram);
     if (!drawing)
         return;
     newestWaits = false;
-    if (isBelowThreshold(frame)) {
+    if (!frame.isJudged && isBelowThreshold(frame.beam)) {
         if (plot->hideEllipse())
             plot->replot();
         return; // the redraw stays pending, so that the next good frame is shown at once
     }
     if (!shown.exists())
-        showNoNumbers(RVXSpectrogram::tr("N/A"));
+        results.showNoNumbers(RVXSpectrogram::tr("N/A"));
     shown = newest;
     showFrame(frame);
     redrawPending = false;
@@ -395,57 +420,22 @@ void RVXSpectrogramPrivate::presentAgain()
 {
     newestNumbers.reset();
     if (shown.exists())
-        showFrame(frameOf(shown.charges));
+        showFrame(frameOf(shown));
 }
 
-void RVXSpectrogramPrivate::showFrame(const BeamFrame &frame)
+void RVXSpectrogramPrivate::showFrame(const JudgedFrame &frame)
 {
-    calc = frame.calc;
-    shownStatus = frame.status;
-    axisRotation = frame.axisRotation;
-    if (calc.max > 0)
-        lastMaximum = calc.max;
-    plot->setFrame(frame);
+    judged = frame;
+    const double maximum = judged.beam.calc.max;
+    if (maximum > 0)
+        lastMaximum = maximum;
+    plot->setFrame(judged);
     if (autoScale || !(fullScale() > 0))
         applyScale();
     showResults();
     if (sidebar)
         timePlot->replot();
     plot->replot();
-}
-
-//! Sets the text that boxes without a number show.
-void RVXSpectrogramPrivate::showNoNumbers(const QString &text)
-{
-    for (QDoubleSpinBox *box : ui.groupBox_calculations->findChildren<QDoubleSpinBox *>()) {
-        if (box->specialValueText() != text)
-            box->setSpecialValueText(text);
-    }
-}
-
-void RVXSpectrogramPrivate::showResults()
-{
-    const auto ifValid = [this](double number) {
-        return calc.valid ? number : std::numeric_limits<double>::quiet_NaN();
-    };
-    showNumber(ui.doubleSpinBox_meanx, calc.meanX);
-    showNumber(ui.doubleSpinBox_meany, calc.meanY);
-    showNumber(ui.doubleSpinBox_elongation, ifValid(calc.elongation));
-    if (!sidebar)
-        return;
-    showNumber(ui.doubleSpinBox_dx, calc.sigmaX);
-    showNumber(ui.doubleSpinBox_dy, calc.sigmaY);
-    showNumber(ui.doubleSpinBox_major, calc.sigmaMajor);
-    showNumber(ui.doubleSpinBox_minor, calc.sigmaMinor);
-    showNumber(ui.doubleSpinBox_rotation, ifValid(axisRotation));
-    showNumber(ui.integral_QScienceSpinBox, ifValid(calc.integral));
-    showNumber(ui.max_QScienceSpinBox, ifValid(calc.max));
-    ui.label_valid->setText(calc.valid ? RVXSpectrogram::tr("DATA VALID")
-                                       : RVXSpectrogram::tr("DATA NOT VALID"));
-    // Text and background are both fixed, so that the label is readable in light and dark themes.
-    ui.label_valid->setStyleSheet(
-        calc.valid ? QStringLiteral("background: #1b5e20; color: white; padding: 3px;")
-                   : QStringLiteral("background: #b71c1c; color: white; padding: 3px;"));
 }
 
 } // namespace Corvale_Qt

@@ -5,9 +5,11 @@
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
 #include "corvale_qt/beam/profile/ChargeLimit_p.h"
+#include "corvale_qt/beam/profile/DetectorMode_p.h"
 #include "corvale_qt/beam/profile/MeanHistory_p.h"
 #include "corvale_qt/beam/profile/MeanTimePlot_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
+#include "corvale_qt/beam/profile/ResultBoxes_p.h"
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
 
 #include "ui_RVXSpectrogram.h"
@@ -20,10 +22,13 @@
 
 namespace Corvale_Qt {
 
+class DetectorControls;
+
 //! A frame as it was handed over.
 struct TakenFrame
 {
     FrameReadings charges{};
+    DetectorFrame cells; //!< instead of the charges, on a described detector
     qint64 number = 0; //!< which call of setData() brought it, from 1; 0 for no frame
     double time = std::numeric_limits<double>::quiet_NaN(); //!< seconds
 
@@ -42,6 +47,8 @@ public:
 
     // Layout, unit and scale.
     void setLayout(ProfileLayout layout, const QString &title);
+    void setDescribed(const DetectorLayout &layout);
+    bool hasLayout() const { return detector.isOn() || layout != ProfileLayout::None; }
     void setCurrent(bool current);
     void setSampleRate(int rate);
     void applyUnit();
@@ -50,22 +57,27 @@ public:
     void setInverted();
 
     // From a new frame to the screen.
+    bool takesTime(double timestamp) const;
     void takeFrame(const QVector<double> &data, double timestamp);
+    void takeCells(const DetectorFrame &cells, double timestamp);
+    void takeNewest(TakenFrame taken);
     void remember(const SpectrogramCalc &calc, double timestamp);
     SpectrogramResult newestResult() const;
     SpectrogramResult shownResult() const;
     void tick();
     bool isBelowThreshold(const BeamFrame &frame) const;
-    void present(const BeamFrame &frame);
+    void present(const JudgedFrame &frame);
     void presentAgain();
-    void showFrame(const BeamFrame &frame);
-    void showResults();
+    void showFrame(const JudgedFrame &frame);
+    void showResults() { results.show(judged, sidebar); }
     void clearFrame();
 
+    void setColors(const ColorSettings &colors);
     FrameOptions frameOptions() const;
     EllipseOptions ellipseOptions() const;
 
     Ui::RVXSpectrogram ui{};
+    ResultBoxes results{ui};
     SpectrogramPlot *plot = nullptr;
     MeanTimePlot *timePlot = nullptr;
     std::shared_ptr<MeanHistory> history = std::make_shared<MeanHistory>();
@@ -73,7 +85,9 @@ public:
     QTimer showNewest; //!< fires once the events that are queued already are handled
 
     QString name;
-    ProfileLayout layout = ProfileLayout::None;
+    ProfileLayout layout = ProfileLayout::None; //!< None on a described detector
+    DetectorMode detector;
+    QString intensityUnit; //!< of the readings of a described detector; empty for coulomb or ampere
     RegressionOptions<double> regression; //!< with the smallest peak as a charge
 
     bool redrawPending = false;
@@ -88,12 +102,11 @@ public:
     double fraction = 1.0; //!< fraction of full scale that the colours reach
     double lastMaximum = 0.0; //!< last maximum above 0 since the layout was chosen; 0 before
     double lastTimestamp = 0.0;
+    DetectorControls *detectorControls = nullptr; //!< made with the first layout
     std::unique_ptr<ChargeLimit> threshold;
     std::unique_ptr<ChargeLimit> discriminator;
 
-    SpectrogramCalc calc;
-    FitStatus shownStatus = FitStatus::NotComputed;
-    double axisRotation = 0.0;
+    JudgedFrame judged; //!< what is shown
     qint64 framesHandedOver = 0;
     TakenFrame shown; //!< the frame that the calculation was made from
     TakenFrame newest;
@@ -105,8 +118,8 @@ private:
     void buildPlots();
     void connectControls();
     void connectDisplayOptions();
-    void showNoNumbers(const QString &text);
-    BeamFrame frameOf(const FrameReadings &charges) const;
+    JudgedFrame frameOf(const TakenFrame &taken) const;
+    JudgedFrame judgedFrameOf(const TakenFrame &taken) const;
     SpectrogramResult resultOf(const TakenFrame &taken, const BeamFrame &frame) const;
     bool isEveryFrameAskedFor() const;
     double colorRange() const;

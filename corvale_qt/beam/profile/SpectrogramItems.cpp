@@ -55,12 +55,12 @@ MeanCurve::MeanCurve(const QString &title, Qt::Orientation across)
     setItemAttribute(AutoScale, false);
 }
 
-void MeanCurve::setMean(double mean, int size)
+void MeanCurve::setMean(double mean, double from, double to)
 {
     QVector<QPointF> ends;
     if (std::isfinite(mean)) {
-        const QPointF first = m_across == Qt::Vertical ? QPointF(mean, 0) : QPointF(0, mean);
-        const QPointF last = m_across == Qt::Vertical ? QPointF(mean, size) : QPointF(size, mean);
+        const QPointF first = m_across == Qt::Vertical ? QPointF(mean, from) : QPointF(from, mean);
+        const QPointF last = m_across == Qt::Vertical ? QPointF(mean, to) : QPointF(to, mean);
         ends = {first, last};
     }
     setSamples(ends);

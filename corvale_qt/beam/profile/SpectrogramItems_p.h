@@ -42,8 +42,8 @@ public:
     //! \a across is the direction of the line: Qt::Vertical for mean X, Qt::Horizontal for mean Y.
     MeanCurve(const QString &title, Qt::Orientation across);
 
-    //! Moves the line to \a mean, in raster units, on a raster of \a size cells. Hides it if \a mean is not finite.
-    void setMean(double mean, int size);
+    //! Moves the line to \a mean, in the units of the axes, and has it reach between two places. Hides it if \a mean is not finite.
+    void setMean(double mean, double from, double to);
 
 protected:
     void drawCurve(QPainter *painter,

@@ -5,7 +5,6 @@
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
-#include <qwt_color_map.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_picker.h>
 #include <qwt_scale_widget.h>
@@ -20,20 +19,6 @@ namespace {
 
 constexpr int kLeftStep = 2;
 constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is still a normal number
-
-//! Returns a new map at each call, because the raster and the colour bar each delete theirs.
-QwtLinearColorMap *makeColorMap(SpectrogramPlot::ColorMode mode)
-{
-    if (mode == SpectrogramPlot::Greyscale)
-        return new QwtLinearColorMap(Qt::black, Qt::white);
-    auto *map = new QwtLinearColorMap(Qt::black, Qt::red);
-    map->addColorStop(0.1, Qt::blue);
-    map->addColorStop(0.3, Qt::cyan);
-    map->addColorStop(0.5, Qt::green);
-    map->addColorStop(0.7, Qt::yellow);
-    map->addColorStop(0.9, Qt::red);
-    return map;
-}
 
 /*! Shows beside the mouse which channel it is on and the value of that channel. */
 class ChannelHover : public QwtPlotPicker
@@ -69,7 +54,14 @@ QwtText ChannelHover::trackerTextF(const QPointF &position) const
 class SpectrogramScaleDraw : public ThinnedScaleDraw
 {
 public:
+    explicit SpectrogramScaleDraw(const LayoutView &view)
+        : m_view(view)
+    {
+    }
     QwtText label(double value) const override;
+
+private:
+    const LayoutView &m_view;
 };
 
 QwtText SpectrogramScaleDraw::label(double value) const
@@ -77,7 +69,7 @@ QwtText SpectrogramScaleDraw::label(double value) const
     // Tick positions are sums of steps, so 0 may be off by a rounding error.
     const double span = scaleDiv().range();
     const bool zero = std::abs(value) < 1e-9 * std::abs(span);
-    return QwtText(QString::number(zero ? 0.0 : value, 'g', 4));
+    return QwtText(QString::number(zero ? 0.0 : value * m_view.barFactor(), 'g', 4));
 }
 
 } // namespace
@@ -89,6 +81,7 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
     , m_meanX(new MeanCurve(tr("Mean X"), Qt::Vertical))
     , m_meanY(new MeanCurve(tr("Mean Y"), Qt::Horizontal))
     , m_ellipse(new Ellipse)
+    , m_layoutView(this)
 {
     auto *plotCanvas = new QwtPlotCanvas(this);
     plotCanvas->setFrameStyle(QFrame::NoFrame);
@@ -102,7 +95,7 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
 
     styleAxis(this, xBottom);
     styleAxis(this, yLeft);
-    styleAxis(this, yRight, new SpectrogramScaleDraw);
+    styleAxis(this, yRight, new SpectrogramScaleDraw(m_layoutView));
     axisWidget(yRight)->setColorBarEnabled(true);
     axisWidget(yRight)->setColorBarWidth(16);
     setColorBarVisible(true);
@@ -117,8 +110,23 @@ void SpectrogramPlot::setDetector(ProfileLayout layout)
     m_layout = layout;
     m_grid = DetectorGrid::of(layout);
     m_raster->setGrid(m_grid.size);
-    m_meanX->setMean(qQNaN(), 0);
-    m_meanY->setMean(qQNaN(), 0);
+    clearItems();
+}
+
+void SpectrogramPlot::setDescribed(const DetectorLayout &layout)
+{
+    m_layoutView.setLayout(layout);
+    m_layout = ProfileLayout::None;
+    m_grid = {};
+    m_raster->setGrid(0);
+    applyColors();
+    clearItems();
+}
+
+void SpectrogramPlot::clearItems()
+{
+    m_meanX->setMean(qQNaN(), 0, 0);
+    m_meanY->setMean(qQNaN(), 0, 0);
     m_ellipse->setHidden(true);
     m_background->setText(tr("No Data"));
     applyAxes();
@@ -135,6 +143,8 @@ void SpectrogramPlot::setInverted(bool x, bool y)
 
 void SpectrogramPlot::applyAxes()
 {
+    if (m_layoutView.isShown())
+        return;
     if (m_grid.size == 0) {
         setAxisScale(xBottom, 0, 1);
         setAxisScale(yLeft, 1, 0);
@@ -146,14 +156,21 @@ void SpectrogramPlot::applyAxes()
     setAxisScale(yLeft, m_invertY ? 0 : size, m_invertY ? size : 0, kLeftStep);
 }
 
-void SpectrogramPlot::setFrame(const BeamFrame &frame)
+void SpectrogramPlot::setFrame(const JudgedFrame &frame)
 {
+    const BeamFrame &beam = frame.beam;
     m_background->setText(QString());
-    m_raster->setValues(frame.raster);
-    m_meanX->setMean(frame.rasterMeanX, m_grid.size);
-    m_meanY->setMean(frame.rasterMeanY, m_grid.size);
-    m_ellipse->setShape(frame.ellipse);
-    m_ellipse->setHidden(!frame.calc.valid);
+    QRectF reach(0, 0, m_grid.size, m_grid.size);
+    if (m_layoutView.isShown()) {
+        m_layoutView.setFrame(frame);
+        reach = homeOf(m_layoutView.layout());
+    } else {
+        m_raster->setValues(beam.raster);
+    }
+    m_meanX->setMean(beam.rasterMeanX, reach.top(), reach.bottom());
+    m_meanY->setMean(beam.rasterMeanY, reach.left(), reach.right());
+    m_ellipse->setShape(beam.ellipse);
+    m_ellipse->setHidden(!beam.calc.valid || !(beam.ellipse.semiMajor > 0));
 }
 
 bool SpectrogramPlot::hideEllipse()
@@ -176,15 +193,18 @@ void SpectrogramPlot::setEllipseOptions(const EllipseOptions &options)
 
 void SpectrogramPlot::applyEllipseOptions()
 {
-    EllipseOptions inRaster = m_options;
-    if (m_grid.size > 0) {
+    EllipseOptions inAxes = m_options;
+    if (m_layoutView.isShown()) {
+        inAxes.xOrigin /= millimetresPer(m_layoutView.layout().unit(DetectorLayout::Axis::X));
+        inAxes.yOrigin /= millimetresPer(m_layoutView.layout().unit(DetectorLayout::Axis::Y));
+    } else if (m_grid.size > 0) {
         const double middle = m_grid.size / 2.0;
         const double right = m_options.xOrigin / m_grid.pitch;
         const double up = m_options.yOrigin / m_grid.pitch;
-        inRaster.xOrigin = middle + (m_invertX ? -right : right);
-        inRaster.yOrigin = middle - (m_invertY ? -up : up);
+        inAxes.xOrigin = middle + (m_invertX ? -right : right);
+        inAxes.yOrigin = middle - (m_invertY ? -up : up);
     }
-    m_ellipse->setOptions(inRaster);
+    m_ellipse->setOptions(inAxes);
 }
 
 void SpectrogramPlot::setMeansVisible(bool x, bool y)
@@ -201,28 +221,35 @@ void SpectrogramPlot::setColorRange(double max)
     applyColors();
 }
 
-void SpectrogramPlot::setColorMode(ColorMode mode)
+void SpectrogramPlot::setColorSettings(const ColorSettings &settings)
 {
-    m_colorMode = mode;
+    m_colors = settings;
     applyColors();
 }
 
 void SpectrogramPlot::applyColors()
 {
-    m_raster->setColorMap(makeColorMap(m_colorMode));
+    if (m_layoutView.isShown()) {
+        m_layoutView.setColors(m_colors, m_colorRange);
+        return;
+    }
+    // Raster and colour bar each delete their map.
+    m_raster->setColorMap(makeColorMap(m_colors.map));
     m_raster->setColorRange(m_colorRange);
-    axisWidget(yRight)->setColorMap(QwtInterval(0, m_colorRange), makeColorMap(m_colorMode));
+    axisWidget(yRight)->setColorMap(QwtInterval(0, m_colorRange), makeColorMap(m_colors.map));
     setAxisScale(yRight, 0, m_colorRange);
 }
 
 void SpectrogramPlot::setSmoothing(bool smoothing)
 {
     m_raster->setSmoothing(smoothing);
+    m_layoutView.setSmoothing(smoothing);
 }
 
 void SpectrogramPlot::setColorBarTitle(const QString &title)
 {
-    setAxisTitle(yRight, title);
+    if (!m_layoutView.isShown()) // which finds a prefix
+        setAxisTitle(yRight, title);
 }
 
 void SpectrogramPlot::setColorBarVisible(bool visible)
@@ -232,6 +259,8 @@ void SpectrogramPlot::setColorBarVisible(bool visible)
 
 QString SpectrogramPlot::hoverText(const QPointF &position) const
 {
+    if (m_layoutView.isShown())
+        return m_layoutView.hoverText(position);
     const int last = m_grid.size - 1;
     const int column = std::max(0, std::min(last, static_cast<int>(position.x())));
     const int row = std::max(0, std::min(last, static_cast<int>(position.y())));

@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/BeamFrame_p.h"
+#include "corvale_qt/beam/profile/LayoutView_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
 #include "corvale_qt/plot/SquarePlot_p.h"
 
@@ -17,11 +18,6 @@ class SpectrogramPlot : public SquarePlot
     Q_OBJECT
 
 public:
-    enum ColorMode {
-        Greyscale = 0,
-        Color = 1,
-    };
-
     explicit SpectrogramPlot(QWidget *parent = nullptr);
     ~SpectrogramPlot() override;
 
@@ -33,8 +29,13 @@ public:
     bool isInvertedX() const { return m_invertX; }
     bool isInvertedY() const { return m_invertY; }
 
+    //! Shows an empty detector as it is described, in place of a preset; none for an empty layout.
+    void setDescribed(const DetectorLayout &layout);
+    //! Returns what shows described detectors.
+    LayoutView &layoutView() { return m_layoutView; }
+
     //! Takes raster, means and ellipse of a frame, which the next replot paints.
-    void setFrame(const BeamFrame &frame);
+    void setFrame(const JudgedFrame &frame);
     //! Hides the ellipse and the arrow until the next frame. Returns false if they are hidden already.
     bool hideEllipse();
     void setSigmaCount(int count);
@@ -44,15 +45,18 @@ public:
 
     //! Makes the colours run from 0 to \a max. Ignored unless \a max is above 0.
     void setColorRange(double max);
-    void setColorMode(ColorMode mode);
+    //! Sets the colours. Logarithm and typed range are used for described detectors only.
+    void setColorSettings(const ColorSettings &settings);
+    const ColorSettings &colorSettings() const { return m_colors; }
     void setSmoothing(bool smoothing);
     void setColorBarTitle(const QString &title);
     void setColorBarVisible(bool visible);
 
-    //! Returns the text beside the mouse at a position in raster units: the channel or the cell, and its value.
+    //! Returns the text beside the mouse at a position in the units of the axes: the channel or the cell, and its value.
     QString hoverText(const QPointF &position) const;
 
 private:
+    void clearItems();
     void applyAxes();
     void applyColors();
     void applyEllipseOptions();
@@ -63,11 +67,12 @@ private:
     MeanCurve *m_meanX;
     MeanCurve *m_meanY;
     Ellipse *m_ellipse;
+    LayoutView m_layoutView;
 
     ProfileLayout m_layout = ProfileLayout::None;
     DetectorGrid m_grid;
     EllipseOptions m_options;
-    ColorMode m_colorMode = Color;
+    ColorSettings m_colors;
     double m_colorRange = 1;
     bool m_invertX = false;
     bool m_invertY = false;

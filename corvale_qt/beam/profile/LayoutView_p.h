@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/beam/profile/CellPicture_p.h"
+#include "corvale_qt/beam/profile/ColorMaps_p.h"
+#include "corvale_qt/beam/profile/ProjectionItem_p.h"
+#include "corvale_qt/detector/DetectorLayout.h"
+
+#include <QRectF>
+
+class QwtPlot;
+
+namespace Corvale_Qt {
+
+class PlotZoom;
+
+//! How values become colours on a described detector.
+struct ColorSettings
+{
+    ColorMapChoice map = ColorMapChoice::Color;
+    bool isLogarithmic = false;
+    bool isTyped = false; //!< whether the range below counts, and not that of the frame
+    double low = 0;
+    double high = 1;
+
+    /*! Returns the range of the colours if the display would otherwise use 0 to \a max. A logarithmic range without a usable
+        low end spans three decades. */
+    QwtInterval range(double max) const;
+};
+
+/*! Shows the frames of a described detector on the plot of the profile display: the cells at their places, axes in their
+    units, marks on cells, projections, zoom. */
+class LayoutView
+{
+public:
+    //! Adds its items to the plot, which owns them.
+    explicit LayoutView(QwtPlot *plot);
+    LayoutView(const LayoutView &) = delete;
+    LayoutView &operator=(const LayoutView &) = delete;
+
+    //! Shows an empty detector, or nothing for an empty layout.
+    void setLayout(const DetectorLayout &layout);
+    const DetectorLayout &layout() const { return m_layout; }
+    bool isShown() const { return !m_layout.isEmpty(); }
+    void setFrame(const JudgedFrame &frame);
+
+    void setColors(const ColorSettings &settings, double max);
+    void setSmoothing(bool smoothing) { m_picture->setSmoothing(smoothing); }
+    void setProjectionsVisible(bool visible);
+    bool areProjectionsVisible() const { return m_projectionsWanted; }
+    //! Sets the symbol behind values; "C" and "A" get SI prefixes.
+    void setUnit(const QString &unit, bool takesPrefix);
+    //! Returns what the labels of the colour bar are multiplied by.
+    double barFactor() const { return isShown() ? m_barFactor : 1.0; }
+    //! Returns the zoom; null before the first layout.
+    PlotZoom *zoom() { return m_zoom; }
+    //! Returns the place and the value under the mouse, and what is wrong with the cell.
+    QString hoverText(const QPointF &place) const;
+
+private:
+    void applyTitles();
+    void setBarLogarithmic(bool logarithmic);
+    QString cellText(int column, int row) const;
+
+    QwtPlot *m_plot;
+    CellPicture *m_picture; // the items belong to the plot
+    CellMarks *m_marks;
+    ProjectionItem *m_projections;
+    PlotZoom *m_zoom = nullptr; // a child of the plot
+    bool m_isBarLogarithmic = false;
+    DetectorLayout m_layout;
+    JudgedFrame m_frame;
+    QString m_unit;
+    bool m_takesPrefix = true;
+    double m_barFactor = 1;
+    bool m_projectionsWanted = true;
+};
+
+//! Returns the places of a detector as they are shown: y upwards; square if both axes have one unit and similar lengths.
+QRectF homeOf(const DetectorLayout &layout);
+//! Returns the prefix and the factor that make a number easy to read: 2e-9 is "n" and 1e9.
+QPair<QString, double> siPrefix(double number);
+
+} // namespace Corvale_Qt

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/CellPicture_p.h"
+#include "corvale_qt/beam/profile/ProjectionItem_p.h"
+#include "corvale_qt/beam/profile/SpectrogramItems_p.h"
+#include "corvale_qt/numerics/CellScreening.h"
+
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr double kHeight = 0.18; // of the canvas
+const QColor kProfile(255, 255, 255, 220);
+const QColor kFit(255, 160, 0);
+
+//! Turns densities along one axis into points on the canvas.
+class Strip
+{
+public:
+    Strip(const PlaneResult &plane, const QwtScaleMap &map, const QRectF &canvas, bool alongX)
+        : m_plane(plane)
+        , m_map(map)
+        , m_canvas(canvas)
+        , m_alongX(alongX)
+    {
+        for (int i = 0; i < plane.profile.count(); ++i) {
+            if (!plane.profile.has(i, CellFlag::Dead | CellFlag::Hot))
+                m_most = std::max(m_most, plane.profile.density(i));
+        }
+    }
+
+    bool isEmpty() const { return !(m_most > 0); }
+
+    QPolygonF steps() const
+    {
+        QPolygonF line;
+        const BeamProfile &profile = m_plane.profile;
+        for (int i = 0; i < profile.count(); ++i) {
+            const double half = profile.intervals[i] / 2;
+            line << point(profile.positions[i] - half, profile.density(i))
+                 << point(profile.positions[i] + half, profile.density(i));
+        }
+        return line;
+    }
+
+    QPolygonF fit() const
+    {
+        QPolygonF line;
+        const BeamEstimate &estimate = m_plane.estimate;
+        if (!estimate.isOk())
+            return line;
+        const double background =
+            std::isnan(estimate.background.value) ? 0 : estimate.background.value;
+        constexpr int points = 200;
+        const double from = m_plane.profile.lowerEdge(), to = m_plane.profile.upperEdge();
+        for (int i = 0; i <= points; ++i) {
+            const double place = from + (to - from) * i / points;
+            const double away = place - estimate.position.value;
+            const double gauss =
+                std::exp(-away * away / (2 * estimate.sigma.value * estimate.sigma.value));
+            line << point(place,
+                          background + estimate.slope * away + estimate.height.value * gauss);
+        }
+        return line;
+    }
+
+private:
+    QPointF point(double place, double density) const
+    {
+        const double share = std::clamp(density / m_most, 0.0, 1.2);
+        const double along = m_map.transform(place);
+        if (m_alongX)
+            return {along, m_canvas.bottom() - share * kHeight * m_canvas.height()};
+        return {m_canvas.left() + share * kHeight * m_canvas.width(), along};
+    }
+
+    const PlaneResult &m_plane;
+    const QwtScaleMap &m_map;
+    QRectF m_canvas;
+    bool m_alongX;
+    double m_most = 0;
+};
+
+void drawStrip(QPainter *painter, const Strip &strip)
+{
+    if (strip.isEmpty())
+        return;
+    const auto draw = [painter](const QPolygonF &line, const QColor &color) {
+        // The dark line below keeps both visible on every colour of the picture.
+        painter->setPen(QPen(QColor(0, 0, 0, 180), 3.5));
+        painter->drawPolyline(line);
+        painter->setPen(QPen(color, 1.5));
+        painter->drawPolyline(line);
+    };
+    draw(strip.steps(), kProfile);
+    draw(strip.fit(), kFit);
+}
+
+} // namespace
+
+ProjectionItem::ProjectionItem()
+{
+    setZ(MeanLayer - 1);
+    setRenderHint(RenderAntialiased, true);
+}
+
+void ProjectionItem::setPlanes(const PlaneResult &x, const PlaneResult &y)
+{
+    m_x = x;
+    m_y = y;
+    itemChanged();
+}
+
+void ProjectionItem::draw(QPainter *painter,
+                          const QwtScaleMap &xMap,
+                          const QwtScaleMap &yMap,
+                          const QRectF &canvasRect) const
+{
+    painter->setBrush(Qt::NoBrush);
+    drawStrip(painter, Strip(m_x, xMap, canvasRect, true));
+    drawStrip(painter, Strip(m_y, yMap, canvasRect, false));
+}
+
+CellMarks::CellMarks()
+{
+    setZ(RasterLayer + 1);
+    setRenderHint(RenderAntialiased, true);
+}
+
+void CellMarks::setNarrow(const QVector<QPair<double, double>> &columns,
+                          const QVector<QPair<double, double>> &rows)
+{
+    m_narrowColumns = columns;
+    m_narrowRows = rows;
+    m_marks.clear();
+    itemChanged();
+}
+
+void CellMarks::setFrame(const JudgedFrame &frame)
+{
+    m_marks.clear();
+    const CellEdges columns = cellEdges(frame.cells.layout, true);
+    const CellEdges rows = cellEdges(frame.cells.layout, false);
+    const auto add = [this](double x, double right, double y, double top, CellFlags flags) {
+        if (flags)
+            m_marks.append({QRectF(QPointF(x, y), QPointF(right, top)).normalized(), flags});
+    };
+    if (frame.cells.layout.kind() == DetectorKind::Matrix) {
+        QVector<CellFlags> flags = frame.cells.flags;
+        flags.resize(frame.cells.values.size());
+        for (const int cell :
+             hotCells(frame.cells.values.constData(), rows.count(), columns.count()))
+            flags[cell] |= CellFlag::Hot;
+        for (int cell = 0; cell < flags.size(); ++cell) {
+            const int c = cell % columns.count(), r = cell / columns.count();
+            add(columns.lower(c), columns.upper(c), rows.lower(r), rows.upper(r), flags[cell]);
+        }
+    } else {
+        // A strip is marked along its whole length.
+        const QPair<double, double> x(frame.x.profile.lowerEdge(), frame.x.profile.upperEdge());
+        const QPair<double, double> y(frame.y.profile.lowerEdge(), frame.y.profile.upperEdge());
+        const auto flagged = [](const PlaneResult &plane, auto action) {
+            for (int i = 0; i < plane.profile.flags.size(); ++i) {
+                const double half = plane.profile.intervals[i] / 2;
+                const double place = plane.profile.positions[i];
+                action(place - half, place + half, plane.profile.flags[i]);
+            }
+        };
+        flagged(frame.x, [&](double from, double to, CellFlags flags) {
+            add(from, to, y.first, frame.y.exists() ? y.second : 1.0, flags);
+        });
+        flagged(frame.y, [&](double from, double to, CellFlags flags) {
+            add(x.first, frame.x.exists() ? x.second : 1.0, from, to, flags);
+        });
+    }
+    itemChanged();
+}
+
+void CellMarks::draw(QPainter *painter,
+                     const QwtScaleMap &xMap,
+                     const QwtScaleMap &yMap,
+                     const QRectF &canvasRect) const
+{
+    painter->setBrush(Qt::NoBrush);
+    for (const Mark &mark : m_marks) {
+        QRectF cell = QwtScaleMap::transform(xMap, yMap, mark.cell).normalized();
+        if (!cell.intersects(canvasRect))
+            continue;
+        // A cell of a camera may be smaller than a mark that can be seen.
+        const double grow = std::max(0.0, 7 - std::min(cell.width(), cell.height())) / 2;
+        cell.adjust(-grow, -grow, grow, grow);
+        if (mark.flags.testFlag(CellFlag::Saturated)) {
+            painter->setPen(QPen(QColor(255, 0, 255), 2));
+            painter->drawRect(cell.adjusted(1, 1, -1, -1));
+        }
+        if (mark.flags.testFlag(CellFlag::Hot)) {
+            painter->setPen(QPen(QColor(255, 140, 0), 2));
+            painter->drawEllipse(cell.adjusted(1, 1, -1, -1));
+        }
+        if (mark.flags.testFlag(CellFlag::Dead)) {
+            painter->setPen(QPen(QColor(170, 170, 170), 1.5));
+            painter->drawLine(cell.topLeft(), cell.bottomRight());
+            painter->drawLine(cell.bottomLeft(), cell.topRight());
+        }
+    }
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(Qt::white);
+    constexpr double tick = 5;
+    const auto width = [](double from, double to) {
+        return std::max(std::abs(to - from), 2.0);
+    };
+    for (const auto &[from, to] : m_narrowColumns) {
+        const double left = std::min(xMap.transform(from), xMap.transform(to));
+        painter->drawRect(
+            QRectF(left, canvasRect.top(), width(xMap.transform(from), xMap.transform(to)), tick));
+    }
+    for (const auto &[from, to] : m_narrowRows) {
+        const double top = std::min(yMap.transform(from), yMap.transform(to));
+        painter->drawRect(QRectF(canvasRect.right() - tick,
+                                 top,
+                                 tick,
+                                 width(yMap.transform(from), yMap.transform(to))));
+    }
+}
+
+} // namespace Corvale_Qt

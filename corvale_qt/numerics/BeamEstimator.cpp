@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/BeamEstimator.h"
+
+namespace Corvale_Qt {
+
+BeamEstimate
+estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const LogParabolaOptions &options)
+{
+    switch (estimator) {
+    case BeamEstimator::CentreOfGravity:
+        return centreOfGravity(profile);
+    case BeamEstimator::ThreePoints:
+        return threePointGaussian(profile);
+    case BeamEstimator::Regression:
+        return logParabolaGaussian(profile, options);
+    case BeamEstimator::LeastSquares:
+        return leastSquaresGaussian(profile);
+    case BeamEstimator::HalfMaximum:
+        return halfMaximumWidth(profile);
+    case BeamEstimator::SecondMoment:
+        return secondMomentWidth(profile);
+    }
+    return {};
+}
+
+} // namespace Corvale_Qt

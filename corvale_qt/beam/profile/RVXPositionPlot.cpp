@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 
+#include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
@@ -90,10 +91,14 @@ public:
 
     //! Takes the newest position, which the next replot shows.
     void append(double x, double y);
+    //! Removes the marker, and says so.
+    void removeMarker();
+    bool saysNoBeam() const { return m_noBeam->isVisible(); }
 
 private:
     TrailCurve *m_trail; // the items belong to the plot
     PlotItem *m_marker;
+    NoBeamText *m_noBeam;
     QVector<double> m_trailX;
     QVector<double> m_trailY;
 };
@@ -218,6 +223,7 @@ PositionPlot::PositionPlot(QWidget *parent)
     : SquarePlot(parent)
     , m_trail(new TrailCurve)
     , m_marker(new PlotItem)
+    , m_noBeam(new NoBeamText)
 {
     auto *canvas = new QwtPlotCanvas(this);
     canvas->setFrameStyle(QFrame::NoFrame);
@@ -239,6 +245,7 @@ PositionPlot::PositionPlot(QWidget *parent)
     grid->attach(this);
     m_trail->attach(this);
     m_marker->attach(this);
+    m_noBeam->attach(this);
     replot();
 }
 
@@ -252,6 +259,14 @@ void PositionPlot::append(double x, double y)
     m_trailY << y;
     m_trail->setSamples(m_trailX, m_trailY);
     m_marker->setPosition(x, y);
+    m_noBeam->setVisible(false);
+}
+
+void PositionPlot::removeMarker()
+{
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    m_marker->setPosition(none, none);
+    m_noBeam->setVisible(true);
 }
 
 } // namespace
@@ -269,6 +284,7 @@ public:
     PlotRange xRange;
     PlotRange yRange;
     double fraction = 1.0;
+    double minimumSum = 0.0;
     bool autoScale = true;
     bool redrawPending = false;
     bool newestWaits = false; // the newest position is not painted yet
@@ -321,6 +337,51 @@ void RVXPositionPlot::setData(double x, double y)
     d->newestWaits = true;
     if (d->redrawPending)
         d->redraw();
+}
+
+void RVXPositionPlot::setData(double x, double y, double sum)
+{
+    Q_D(RVXPositionPlot);
+    if (isPlottable(QPointF(x, y)) && sum >= d->minimumSum)
+        setData(x, y);
+    else
+        showNoBeam();
+}
+
+void RVXPositionPlot::showNoBeam()
+{
+    Q_D(RVXPositionPlot);
+    d->plot->removeMarker();
+    d->newestWaits = true;
+    if (d->redrawPending)
+        d->redraw();
+}
+
+double RVXPositionPlot::minimumSum() const
+{
+    Q_D(const RVXPositionPlot);
+    return d->minimumSum;
+}
+
+void RVXPositionPlot::setMinimumSum(double sum)
+{
+    Q_D(RVXPositionPlot);
+    if (!std::isnan(sum))
+        d->minimumSum = sum;
+}
+
+bool RVXPositionPlot::showsNoBeam() const
+{
+    Q_D(const RVXPositionPlot);
+    return d->plot->saysNoBeam();
+}
+
+void RVXPositionPlot::setPositionUnit(const QString &unit)
+{
+    Q_D(RVXPositionPlot);
+    const QString behind = unit.isEmpty() ? unit : QStringLiteral(" (%1)").arg(unit);
+    d->plot->setAxisTitle(QwtPlot::xBottom, tr("X Position") + behind);
+    d->plot->setAxisTitle(QwtPlot::yLeft, tr("Y Position") + behind);
 }
 
 void RVXPositionPlot::setScale(int index)

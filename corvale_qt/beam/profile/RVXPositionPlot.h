@@ -27,15 +27,31 @@ class RVXPositionPlotPrivate;
 class CORVALE_QT_EXPORT RVXPositionPlot : public QWidget
 {
     Q_OBJECT
+    //! Sum of charge, or of another measure of the beam, below which there is no beam; 0 at the start, which every sum reaches.
+    Q_PROPERTY(double minimumSum READ minimumSum WRITE setMinimumSum)
 
 public:
     //! Makes a plot without positions that follows the data.
     explicit RVXPositionPlot(QWidget *parent = nullptr);
     ~RVXPositionPlot() override;
 
+    //! Returns the property minimumSum.
+    double minimumSum() const;
+    //! Sets the property minimumSum, in the unit of the sums. It counts from the next position on.
+    void setMinimumSum(double sum);
+    //! Returns whether the plot says "no beam".
+    bool showsNoBeam() const;
+    /*! Titles the axes with a unit, for example "X Position (mm)"; an empty one removes it. */
+    void setPositionUnit(const QString &unit);
+
 public Q_SLOTS:
     //! Appends the newest position, in the unit of the axes.
     void setData(double x, double y);
+    /*! Appends the newest position, or shows "no beam" if \a sum is below minimumSum or if any of the numbers is not
+        finite. */
+    void setData(double x, double y, double sum);
+    //! Removes the marker and says "no beam" until the next position; the trail stays.
+    void showNoBeam();
     /*! Sets the part of the ranges that is shown. Index 0 follows the data; 1 and 2 show the whole ranges; 3 to 14
         show 0.5, 0.2, 0.1 ... down to 0.0001 of them; any other index shows the whole ranges. */
     void setScale(int index);

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 
 #include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
@@ -48,6 +49,8 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
+    //! Draws an arrow at the edge that the value lies beyond.
+    static void drawArrow(QPainter *painter, const QRectF &canvasRect, bool leftwards);
     void drawText(QPainter *painter,
                   const QRectF &canvasRect,
                   const QRectF &bar,
@@ -67,9 +70,13 @@ public:
 
     //! Stores \a value and paints it.
     void showValue(double value);
+    //! Says that there is no beam until the next value.
+    void showNoBeam();
+    bool saysNoBeam() const { return m_noBeam->isVisible(); }
 
 private:
-    SplitItem *m_item; // belongs to the plot
+    SplitItem *m_item; // the items belong to the plot
+    NoBeamText *m_noBeam;
 };
 
 SplitItem::SplitItem(const QColor &color)
@@ -107,7 +114,25 @@ void SplitItem::draw(QPainter *painter,
     painter->fillRect(bar, m_color);
     painter->setPen(QPen(QColor(200, 200, 200), 0));
     painter->drawLine(QPointF(zero, canvasRect.top()), QPointF(zero, canvasRect.bottom()));
+    if (isPlottable(m_value)) {
+        const double place = xMap.transform(m_value);
+        // Half a pixel of tolerance keeps a value at the very end of the axis in range after rounding.
+        if (place < canvasRect.left() - 0.5 || place > canvasRect.right() + 0.5)
+            drawArrow(painter, canvasRect, place < canvasRect.left());
+    }
     drawText(painter, canvasRect, bar, zero, end);
+}
+
+void SplitItem::drawArrow(QPainter *painter, const QRectF &canvasRect, bool leftwards)
+{
+    const double height = 0.5 * canvasRect.height();
+    const double length = leftwards ? -0.5 * height : 0.5 * height;
+    const QPointF tip(leftwards ? canvasRect.left() : canvasRect.right(), canvasRect.center().y());
+    const QPointF base = tip - QPointF(length, 0);
+    painter->setPen(QPen(Qt::black, 1));
+    painter->setBrush(Qt::white);
+    painter->drawPolygon(
+        QPolygonF({tip, base - QPointF(0, height / 2), base + QPointF(0, height / 2)}));
 }
 
 void SplitItem::drawText(QPainter *painter,
@@ -145,6 +170,7 @@ void SplitItem::drawText(QPainter *painter,
 SplitPlot::SplitPlot(int index, QWidget *parent)
     : QwtPlot(parent)
     , m_item(new SplitItem(RVXPlotColors::color(index)))
+    , m_noBeam(new NoBeamText)
 {
     auto *canvas = new QwtPlotCanvas(this);
     canvas->setFrameStyle(QFrame::NoFrame);
@@ -157,12 +183,22 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     setAxisScale(yLeft, -kHalfHeight, kHalfHeight, 0.1);
     setAxisScale(xBottom, -1.0, 1.0, 0.1);
     m_item->attach(this);
+    m_noBeam->attach(this);
     replot();
 }
 
 void SplitPlot::showValue(double value)
 {
     m_item->setValue(value);
+    m_item->setVisible(true);
+    m_noBeam->setVisible(false);
+    replot();
+}
+
+void SplitPlot::showNoBeam()
+{
+    m_item->setVisible(false);
+    m_noBeam->setVisible(true);
     replot();
 }
 
@@ -178,6 +214,7 @@ public:
     QTimer timer;
     PlotRange range;
     double fraction = 1.0;
+    double minimumSum = 0.0;
     bool autoScale = false;
     bool redrawPending = false;
 };
@@ -223,6 +260,46 @@ void RVXSplitPlot::setData(double a, double b)
     setData(a, 0);
     setData(b, 1);
     d->redrawPending = false;
+}
+
+void RVXSplitPlot::setData(double a, double b, double sum)
+{
+    Q_D(RVXSplitPlot);
+    if (std::isfinite(sum) && sum >= d->minimumSum) {
+        setData(a, b);
+        return;
+    }
+    for (int i : {0, 1}) {
+        if (SplitPlot *plot = d->plotAt(i))
+            plot->showNoBeam();
+    }
+}
+
+void RVXSplitPlot::showNoBeam()
+{
+    Q_D(RVXSplitPlot);
+    for (SplitPlot *plot : qAsConst(d->plots))
+        plot->showNoBeam();
+}
+
+double RVXSplitPlot::minimumSum() const
+{
+    Q_D(const RVXSplitPlot);
+    return d->minimumSum;
+}
+
+void RVXSplitPlot::setMinimumSum(double sum)
+{
+    Q_D(RVXSplitPlot);
+    if (!std::isnan(sum))
+        d->minimumSum = sum;
+}
+
+bool RVXSplitPlot::showsNoBeam(int i) const
+{
+    Q_D(const RVXSplitPlot);
+    const SplitPlot *plot = d->plotAt(i);
+    return plot && plot->saysNoBeam();
 }
 
 void RVXSplitPlot::setAxisLabel(const QString &text, int i)

@@ -10,7 +10,8 @@ namespace Corvale_Qt {
 
 class RVXSplitPlotPrivate;
 
-/*! Shows one or more split indicators, one above the other. Each is a bar from 0 to its value, with the number.
+/*! Shows one or more split indicators, one above the other. Each is a bar from 0 to its value, with the number. A
+    bar that ends beyond the axis has an arrow there.
 
     \code
     auto *plot = new Corvale_Qt::RVXSplitPlot(window);
@@ -21,11 +22,20 @@ class RVXSplitPlotPrivate;
 class CORVALE_QT_EXPORT RVXSplitPlot : public QWidget
 {
     Q_OBJECT
+    //! Sum of charge, or of another measure of the beam, below which there is no beam; 0 at the start, which every sum reaches.
+    Q_PROPERTY(double minimumSum READ minimumSum WRITE setMinimumSum)
 
 public:
     //! Makes a widget without plots; see setNumberPlots().
     explicit RVXSplitPlot(QWidget *parent = nullptr);
     ~RVXSplitPlot() override;
+
+    //! Returns the property minimumSum.
+    double minimumSum() const;
+    //! Sets the property minimumSum, in the unit of the sums. It counts from the next values on.
+    void setMinimumSum(double sum);
+    //! Returns whether plot \a i (counted from 0) says "no beam".
+    bool showsNoBeam(int i) const;
 
 public Q_SLOTS:
     /*! Replaces the plots by \a n new ones, at most 256, none if \a n < 1. They show [-1, 1] until the next
@@ -36,6 +46,11 @@ public Q_SLOTS:
     /*! Shows \a a in the first plot and \a b in the second, at most once every 100 ms: further values before the
         next tick are dropped. */
     void setData(double a, double b);
+    /*! Shows \a a and \a b as setData(a, b) does, or "no beam" in the first two plots if \a sum is below minimumSum or not
+        finite. */
+    void setData(double a, double b, double sum);
+    //! Removes the bars of all plots and says "no beam" in each until its next value.
+    void showNoBeam();
     //! Sets the title of the bottom axis of plot \a i (counted from 0). Ignored if that plot does not exist.
     void setAxisLabel(const QString &text, int i);
     //! Sets the part of the range that the bottom axes show, by the indexes of RVXPositionPlot::setScale().

@@ -77,6 +77,29 @@ class tst_RVXPositionPlot : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void withoutABeamThereIsNoMarker()
+    {
+        Display display;
+        display.widget.setScale(1);
+        display.widget.grab();
+        display.tick();
+        display.widget.setData(0.5, 0.25, 1e-9);
+        QVERIFY(!display.marker().isNull());
+        display.widget.setMinimumSum(1e-10);
+        for (const double sum : {1e-11, 0.0, -1e-9, std::nan("")}) {
+            display.tick();
+            display.widget.setData(0.5, 0.25, sum);
+            QVERIFY(display.widget.showsNoBeam());
+            QVERIFY(display.marker().isNull());
+        }
+        display.show({-0.5, 0.5});
+        QVERIFY(!display.widget.showsNoBeam());
+        QVERIFY(qAbs(display.marker().x() + 0.5) < 0.05);
+        display.tick();
+        display.widget.setData(std::nan(""), 0.25, 1e-9);
+        QVERIFY(display.widget.showsNoBeam());
+    }
+
     void theTrailHoldsTwenty()
     {
         Display display;

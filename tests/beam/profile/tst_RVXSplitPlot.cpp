@@ -50,6 +50,40 @@ class tst_RVXSplitPlot : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void withoutABeamThereIsNoBar()
+    {
+        Display display;
+        display.widget.setNumberPlots(2);
+        display.widget.grab();
+        display.widget.setMinimumSum(1);
+        display.tick();
+        display.widget.setData(0.5, -0.5, 2.0);
+        QVERIFY(display.barEnd(0) > 0.45);
+        display.widget.setData(0.5, -0.5, 0.5);
+        QVERIFY(display.widget.showsNoBeam(0) && display.widget.showsNoBeam(1));
+        QCOMPARE(display.barEnd(0), 0.0);
+        display.widget.setData(0.25, 1);
+        QVERIFY(display.widget.showsNoBeam(0) && !display.widget.showsNoBeam(1));
+    }
+
+    void valuesBeyondTheAxisHaveAnArrow()
+    {
+        Display display;
+        display.widget.setNumberPlots(1);
+        display.widget.grab();
+        const auto edge = [&](double value) {
+            display.widget.setData(value, 0);
+            QwtPlot *plot = display.plots()[0];
+            const QImage image = plot->canvas()->grab().toImage();
+            const int x = value > 0 ? image.width() - 4 : 3;
+            return image.pixelColor(x, image.height() / 2);
+        };
+        for (const double sign : {1.0, -1.0}) {
+            QVERIFY(edge(sign * 0.99) != QColor(Qt::white));
+            QCOMPARE(edge(sign * 1.5), QColor(Qt::white));
+        }
+    }
+
     void plotsAreReplaced()
     {
         Display display;

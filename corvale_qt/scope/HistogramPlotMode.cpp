@@ -26,6 +26,12 @@ public:
         d_samples.resize(channels);
     }
 
+    //! Has bar i, counted from 0, stand elsewhere than at i + 1.
+    void setPlace(int i, double left, double right)
+    {
+        d_samples[i].interval = QwtInterval(left, right);
+    }
+
     void setValue(int i, double value)
     {
         d_samples[i].value = value;
@@ -51,7 +57,7 @@ void HistogramPlotMode::enter()
 {
     m_context.curves.detach();
     m_context.surface.showOnly(m_context.plot);
-    m_context.axes.prepareChannelAxis(m_context.model.channelCount());
+    prepareAxis();
     showNames();
     m_context.surface.showScrollBar(false);
     m_context.statistics.show();
@@ -60,12 +66,29 @@ void HistogramPlotMode::enter()
 void HistogramPlotMode::showNames()
 {
     m_context.namesChanged = false;
-    if (!m_context.hasBarNames)
+    const bool placed = m_context.statistics.places().apply(m_context.model.channelCount());
+    if (!m_context.hasBarNames || placed)
         return;
     QStringList names;
     for (int channel = 1; channel <= m_context.model.channelCount(); ++channel)
         names << m_context.model.name(channel);
     m_context.axes.showChannelNames(names);
+}
+
+void HistogramPlotMode::prepareAxis()
+{
+    const int channels = m_context.model.channelCount();
+    const HistogramPlaces &places = m_context.statistics.places();
+    m_context.axes.prepareChannelAxis(channels);
+    const bool placed = places.apply(channels);
+    m_series->resize(0); // bars that stood elsewhere
+    m_series->resize(channels);
+    for (int i = 0; placed && i < channels; ++i)
+        m_series->setPlace(i, places.bar(i).left, places.bar(i).right);
+    if (!placed)
+        return;
+    places.prepareAxis(m_context.plot);
+    m_context.axes.setXTitle(places.title());
 }
 
 void HistogramPlotMode::plot()
@@ -111,8 +134,10 @@ void HistogramPlotMode::drawBars(double divisor)
 {
     const QVector<double> &readings = m_context.statistics.bars().readings;
     m_series->resize(readings.size());
-    for (int i = 0; i < readings.size(); ++i)
-        m_series->setValue(i, std::isnan(readings[i]) ? 0.0 : readings[i] / divisor);
+    for (int i = 0; i < readings.size(); ++i) {
+        const double height = m_context.statistics.barHeight(i);
+        m_series->setValue(i, std::isnan(height) ? 0.0 : height / divisor);
+    }
 }
 
 void HistogramPlotMode::showMarkers()
@@ -136,10 +161,14 @@ void HistogramPlotMode::describeMarker(int index)
     QString text = barText(channel);
     if (index == 1 && m_context.markers.isAttached(0))
         text = spanText(m_context.model, channel, text, span());
-    marker.setValue(channel, m_series->sample(size_t(channel - 1)).value);
+    marker.setValue(markerPlace(channel), m_series->sample(size_t(channel - 1)).value);
     setMarkerLabel(marker, text, index == m_context.markers.selected());
     setMarkerLine(marker, m_context.model.brush(channel));
-    alignMarkerLabel(marker, channel > 0.75 * readings.size() ? Qt::AlignLeft : Qt::AlignRight);
+    const QwtInterval axis = m_context.plot->axisInterval(QwtPlot::xBottom);
+    const bool placed = m_context.statistics.places().apply(readings.size());
+    const bool isRight = placed ? marker.xValue() > axis.minValue() + 0.75 * axis.width()
+                                : channel > 0.75 * readings.size();
+    alignMarkerLabel(marker, isRight ? Qt::AlignLeft : Qt::AlignRight);
 }
 
 //! Returns the label of a marker on a bar. In a normalised histogram, whose axis has no unit, it names the unit.
@@ -161,7 +190,19 @@ int HistogramPlotMode::markerChannel(int index) const
 {
     const double x = m_context.markers.item(index)->xValue();
     const int channels = m_context.statistics.bars().readings.size();
+    const HistogramPlaces &places = m_context.statistics.places();
+    if (places.apply(channels))
+        return places.nearestChannel(x) + 1;
     return int(std::lround(std::clamp(x, 1.0, double(channels))));
+}
+
+//! Returns x of a channel's bar, counted from 1.
+double HistogramPlotMode::markerPlace(int channel) const
+{
+    const HistogramPlaces &places = m_context.statistics.places();
+    return places.apply(m_context.statistics.bars().readings.size())
+        ? places.bar(channel - 1).centre()
+        : channel;
 }
 
 //! Returns the statistics of the bars from one marker to the other.
@@ -205,8 +246,13 @@ bool HistogramPlotMode::showsReadings() const
 
 void HistogramPlotMode::moveMarker(int index, int steps)
 {
-    if (!m_context.statistics.bars().readings.isEmpty())
-        m_context.markers.item(index)->setXValue(markerChannel(index) + steps);
+    const int channels = m_context.statistics.bars().readings.size();
+    if (channels == 0)
+        return;
+    const int channel = markerChannel(index) + steps;
+    const bool placed = m_context.statistics.places().apply(channels);
+    m_context.markers.item(index)->setXValue(placed ? markerPlace(std::clamp(channel, 1, channels))
+                                                    : channel);
 }
 
 } // namespace Corvale_Qt

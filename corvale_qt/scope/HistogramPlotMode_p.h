@@ -25,6 +25,9 @@ public:
     bool showsReadings() const override;
 
 private:
+    //! Has the bars stand at the places of a detector's strips, or at the numbers of their channels.
+    void prepareAxis();
+    double markerPlace(int channel) const;
     double plotDivisor() const;
     void showNames();
     void drawBars(double divisor);

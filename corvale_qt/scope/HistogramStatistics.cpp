@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
+#include "corvale_qt/scope/PlacedStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/statistics/RVX_CoGHistogramItem.h"
 #include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
@@ -95,6 +96,7 @@ void HistogramStatistics::enable(Type type,
     outdate();
     Family &family = m_families[size_t(type)];
     family.items.clear();
+    family.parameters = parameters;
     family.axisWidget->hide();
     for (int i = 0; i < std::min(count, ScopeModel::maximumChannels); ++i) {
         family.items.push_back(createItem(type, family.axisWidget, parameters, full));
@@ -204,9 +206,39 @@ void HistogramStatistics::read(int row)
         m_bars.readings[i] = std::isfinite(value) ? value : std::nan("");
         m_bars.values[i] = fitValue(m_bars.readings[i]);
     }
+    if (m_places.apply(channels))
+        m_frame = DetectorFrame::of(m_places.layout(), m_bars.readings.constData(), channels);
     m_bars.unit = m_model.unitName();
     m_bars.unitScale = m_model.unitScale();
     m_bars.deviceFits = needsDeviceFits() ? m_model.deviceFits(row) : QVariantList();
+}
+
+void HistogramStatistics::setDetector(const DetectorLayout &layout)
+{
+    m_places.setLayout(layout);
+    outdate();
+}
+
+double HistogramStatistics::barHeight(int channel) const
+{
+    if (!m_places.apply(m_bars.readings.size()))
+        return m_bars.readings[channel];
+    const int cell = m_places.bar(channel).cell;
+    return cell >= 0 && !std::isnan(m_bars.readings[channel]) ? m_frame.values[cell] : std::nan("");
+}
+
+QwtInterval HistogramStatistics::spanOfBars(int first, int last) const
+{
+    const int channels = m_model.channelCount();
+    if (!m_places.apply(channels) || first < 1 || last > channels)
+        return {first - 0.5, last + 0.5};
+    QwtInterval span;
+    for (int channel = first; channel <= last; ++channel) {
+        const HistogramPlaces::Bar &bar = m_places.bar(channel - 1);
+        if (bar.cell >= 0)
+            span |= QwtInterval(bar.left, bar.right);
+    }
+    return span;
 }
 
 bool HistogramStatistics::needsDeviceFits() const
@@ -235,6 +267,7 @@ void HistogramStatistics::compute(bool shown)
     const int channels = m_bars.values.size();
     // The axis of the plot ends half a channel behind the last channel.
     const double axisUpper = channels + 0.5;
+    const bool placed = m_places.apply(channels);
     for (const Family &family : m_families) {
         const int count = int(family.items.size());
         for (int i = 0; i < count; ++i) {
@@ -245,15 +278,34 @@ void HistogramStatistics::compute(bool shown)
             auto &result = RVX_StatisticsHistogramItemPrivate::of(item);
             result.row = m_bars.row;
             result.time = m_bars.time;
-            result.showsResults = shown;
+            result.showsResults = shown && !placed;
+            result.placed.reset();
             result.hasSiPrefix = m_model.hasSiPrefix();
             item.setValueUnit(m_bars.unit);
             // A unit may turn the sign of its readings; the limits are for magnitudes.
             item.setLimitFactor(std::abs(m_bars.unitScale));
             item.compute(group.offset, m_bars.values.mid(group.offset, group.size), axisUpper);
+            result.showsResults = shown;
+            if (placed)
+                place(item, int(&family - m_families.data()), group);
             result.showsResults = true;
         }
     }
+}
+
+//! Replaces the result of an item by one on the places of the strips.
+void HistogramStatistics::place(RVX_StatisticsHistogramItem &item,
+                                int type,
+                                const ChannelGroup &group)
+{
+    RVX_StatisticsHistogramItemPrivate::place(item,
+                                              placedFit(Type(type),
+                                                        m_families[size_t(type)].parameters,
+                                                        group,
+                                                        m_places,
+                                                        m_frame,
+                                                        item.fit(),
+                                                        item.limitFactor()));
 }
 
 void HistogramStatistics::toggleMLFC(bool enable)

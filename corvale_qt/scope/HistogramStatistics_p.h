@@ -3,8 +3,11 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/HistogramPlaces_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
+
+#include <qwt_interval.h>
 
 #include <QVariantList>
 #include <QVector>
@@ -75,6 +78,15 @@ public:
     //! Clears the results of all items, because there is no sample to compute from.
     void clear();
 
+    //! Sets the detector of the channels; an empty layout for none.
+    void setDetector(const DetectorLayout &layout);
+    //! Returns where the bars stand.
+    const HistogramPlaces &places() const { return m_places; }
+    //! Returns the height of a bar before it is divided: the reading, on a detector less its pedestal and over its gain.
+    double barHeight(int channel) const;
+    //! Returns the part of the x axis that the bars of channels \a first to \a last, counted from 1, cover.
+    QwtInterval spanOfBars(int first, int last) const;
+
     //! Notes that the newest sample, or something else that the results depend on, has changed.
     void outdate()
     {
@@ -101,6 +113,7 @@ private:
     struct Family
     {
         RVX_HistogramItemAxisWidget *axisWidget = nullptr;
+        QVector<double> parameters; //!< of the items
         std::vector<std::unique_ptr<RVX_StatisticsHistogramItem>> items;
     };
 
@@ -109,10 +122,13 @@ private:
     bool needsDeviceFits() const;
     bool isCurrent(int row) const;
     void compute(bool shown);
+    void place(RVX_StatisticsHistogramItem &item, int type, const ChannelGroup &group);
 
     QwtPlot *m_plot;
     const ScopeModel &m_model;
     HistogramBars m_bars;
+    HistogramPlaces m_places;
+    DetectorFrame m_frame; //!< the readings of m_bars on the cells, if they have places
     bool m_isOutdated = true;
     bool m_isAnnounced = true;
     bool m_isBusy = false; //!< the items ask for the results that are just being computed

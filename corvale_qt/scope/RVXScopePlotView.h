@@ -20,6 +20,7 @@ class QwtPlotMarker;
 
 namespace Corvale_Qt {
 
+class DetectorLayout;
 class RVXPositionPlot;
 class RVXScopePlotViewPrivate;
 class RVXSpectrogram;
@@ -269,6 +270,16 @@ public:
     void setPixelated(bool pixelated);
     //! Returns the companion widget of PositionMode, which the view owns.
     RVXPositionPlot *positionPlot();
+    // ---- Places of the channels ----
+
+    /*! Sets the detector that the channels come from. If it has strips, one reading for each channel, the bars of the histogram
+        stand at the places of the strips, in the unit of the layout and less pedestal and gain, and statistics are computed on
+        places and widths (RVX_StatisticsHistogramItem::estimate()). Two planes stand side by side. Other layouts, and an empty one,
+        leave the bars at the numbers of their channels. */
+    void setDetectorLayout(const DetectorLayout &layout);
+    //! Returns the detector that was set.
+    DetectorLayout detectorLayout() const;
+
     //! Returns the companion widget of SpectrogramMode, which the view owns.
     RVXSpectrogram *spectrogram();
     //! Returns the companion widget of SplitMode, which the view owns.

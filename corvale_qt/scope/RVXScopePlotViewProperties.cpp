@@ -8,6 +8,25 @@
 
 namespace Corvale_Qt {
 
+void RVXScopePlotView::setDetectorLayout(const DetectorLayout &layout)
+{
+    Q_D(RVXScopePlotView);
+    if (layout == d->context.statistics.places().layout())
+        return;
+    d->context.statistics.setDetector(layout);
+    if (d->mode == HistogramMode) {
+        d->currentMode().enter();
+        RequestReplot();
+    }
+    d->announceLater();
+}
+
+DetectorLayout RVXScopePlotView::detectorLayout() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.statistics.places().layout();
+}
+
 void RVXScopePlotView::setPlotMode(PlotMode mode)
 {
     Q_D(RVXScopePlotView);

@@ -439,8 +439,7 @@ bool RVXScopePlotViewPrivate::markerKeyPressed(int key, int steps)
 
 QRegion RVXScopePlotViewPrivate::selectionRegion(const QItemSelection &selection) const
 {
-    const QPoint corner = canvas->mapTo(q_ptr->viewport(), QPoint(0, 0));
-    const QRect whole(corner, canvas->size());
+    const QRect whole(canvas->mapTo(q_ptr->viewport(), QPoint(0, 0)), canvas->size());
     const QwtScaleMap map = plot->canvasMap(QwtPlot::xBottom);
     QRegion region;
     for (const QItemSelectionRange &range : selection) {
@@ -448,9 +447,10 @@ QRegion RVXScopePlotViewPrivate::selectionRegion(const QItemSelection &selection
             region += whole;
             continue;
         }
-        const int left = int(std::floor(map.transform(range.left() - 0.5)));
-        const int right = int(std::ceil(map.transform(range.right() + 0.5)));
-        region += QRect(corner.x() + left, corner.y(), right - left, whole.height());
+        const QwtInterval bars = context.statistics.spanOfBars(range.left(), range.right());
+        const int left = int(std::floor(map.transform(bars.minValue())));
+        const int right = int(std::ceil(map.transform(bars.maxValue())));
+        region += QRect(whole.x() + left, whole.y(), right - left, whole.height());
     }
     return region & whole;
 }

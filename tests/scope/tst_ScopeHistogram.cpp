@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/detector/DetectorLayout.h"
 #include "corvale_qt/numerics/ProfileFit.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
@@ -41,6 +42,90 @@ private Q_SLOTS:
         view.showMode(View::StripMode);
         QVERIFY(!view.histogram()->plot());
         QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
+    }
+
+    //! The numbers come from the analytic beam alone.
+    void barsStandAtTheirPlaces()
+    {
+        const QVector<double> places = {-26.3,
+                                        -21.0,
+                                        -16.5,
+                                        -12.8,
+                                        -9.7,
+                                        -7.0,
+                                        -4.4,
+                                        -1.5,
+                                        1.5,
+                                        4.4,
+                                        7.0,
+                                        9.7,
+                                        12.8,
+                                        16.5,
+                                        21.0,
+                                        26.3};
+        DetectorDescription harp;
+        harp.kind = DetectorKind::Strips;
+        harp.x = harp.y = DetectorAxis::at(places, QStringLiteral("mm"));
+        std::reverse(harp.y.positions.begin(), harp.y.positions.end());
+        harp.density = true;
+        harp.channels.resize(32);
+        harp.channels[20].gain = 2;
+        QVector<double> readings;
+        const auto add = [&](const QVector<double> &at, double mean, double sigma) {
+            for (const double place : at)
+                readings << 1e-9 * std::exp(-0.5 * std::pow((place - mean) / sigma, 2));
+        };
+        add(places, 1.0, 4.0);
+        add(harp.y.positions, -6.0, 5.5);
+        readings[20] *= 2;
+
+        HistogramView view(32);
+        view.model.show(readings);
+        view.setDetectorLayout(DetectorLayout::fromDescription(harp));
+        for (const auto type : {View::GaussabolaItem, View::RegressionItem})
+            view.enableHistogramItem(type, 2, {0.1, 10, 0, 0, 2, 5}, true);
+        view.settle();
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("X (mm), Y (mm)"));
+        const auto bar = [&](int i) {
+            return view.histogram()->sample(i);
+        };
+        QVERIFY(qAbs(bar(3).interval.minValue() - (-16.5 - 12.8) / 2) < 0.35);
+        QVERIFY(bar(16).interval.maxValue() > bar(31).interval.maxValue()); // from right to left
+        QCOMPARE(bar(20).value, readings[20] / 2);
+        const struct
+        {
+            int item;
+            double mean;
+            double sigma;
+        } planes[] = {{0, 1.0, 4.0}, {1, -6.0, 5.5}};
+        for (const auto &plane : planes) {
+            for (const auto type : {View::GaussabolaItem, View::RegressionItem}) {
+                auto *item = view.histogramItems(type).at(plane.item);
+                const BeamEstimate estimate = item->estimate();
+                QVERIFY(qAbs(estimate.position.value - plane.mean) < 0.02 * plane.sigma);
+                QVERIFY(qAbs(estimate.sigma.value - plane.sigma) < 0.02 * plane.sigma);
+                QCOMPARE(item->status(), FitStatus::Ok);
+                QVERIFY(item->label().contains("(mm)") && item->label().contains("DATA VALID"));
+                // The marker stands among the bars of its plane, where the peak is.
+                int nearest = 0;
+                for (int i = 16 * plane.item; i < 16 * (plane.item + 1); ++i)
+                    if (bar(i).interval.contains(item->position()))
+                        nearest = i;
+                const double place =
+                    plane.item == 0 ? places[nearest] : harp.y.positions[nearest - 16];
+                QVERIFY(qAbs(place - plane.mean) < 2);
+            }
+        }
+        QCOMPARE(view.histogramItems(View::RegressionItem).first()->positionUnit(), QString("mm"));
+        view.enableHistogramItem(View::RegressionItem, 1, {0.1, 10, 0, 0, 2, 5}, false);
+        QVERIFY(
+            view.histogramItems(View::RegressionItem).first()->statusMessage().contains("planes"));
+
+        view.setDetectorLayout({});
+        view.settle();
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("Channel"));
+        QCOMPARE(bar(3).interval.minValue(), 3.5);
+        QVERIFY(!view.histogramItems(View::GaussabolaItem).first()->estimate().isOk());
     }
 
     void barsWithoutAReading()

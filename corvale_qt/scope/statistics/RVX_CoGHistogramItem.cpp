@@ -38,10 +38,11 @@ QString RVX_CoGHistogramItem::label() const
     if (!isComputed())
         return StatisticsLabels::empty(lines);
     if (status() != FitStatus::Ok)
-        return StatisticsLabels::error(statusMessage(), lines);
+        return StatisticsLabels::withVerdict(StatisticsLabels::error(statusMessage(), lines),
+                                             *this);
     if (!hasFullStatistics())
-        return StatisticsLabels::shortForm(*this);
-    return StatisticsLabels::moments(*this);
+        return StatisticsLabels::withVerdict(StatisticsLabels::shortForm(*this), *this);
+    return StatisticsLabels::withVerdict(StatisticsLabels::moments(*this), *this);
 }
 
 } // namespace Corvale_Qt

@@ -2,6 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
 #include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
 
 #include <qwt_plot_curve.h>
@@ -65,6 +66,12 @@ public:
             const double x = i / 4.0;
             d_samples[i - first] = QPointF(x, double(fit.at(float(x - offset - 1))) / divisor);
         }
+        d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
+    }
+
+    void setPoints(const QVector<QPointF> &points)
+    {
+        d_samples = points;
         d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
     }
 
@@ -151,7 +158,11 @@ void RVX_FitHistogramItem::setResidualNoise(double noise)
 void RVX_FitHistogramItem::showFit(int offset)
 {
     Q_D(RVX_FitHistogramItem);
-    d->samples->sample(fit(), offset, plotDivisor());
+    const auto &placed = RVX_StatisticsHistogramItemPrivate::of(*this).placed;
+    if (placed)
+        d->samples->setPoints(placed->curve(plotDivisor()));
+    else
+        d->samples->sample(fit(), offset, plotDivisor());
     d->curve.itemChanged();
 }
 
@@ -167,6 +178,7 @@ QString RVX_FitHistogramItem::label() const
         label = StatisticsLabels::fitError(statusMessage(), lines);
     else
         label = full ? fullLabel() : StatisticsLabels::shortForm(*this);
+    label = StatisticsLabels::withVerdict(label, *this);
     const bool showsEnergy = d->showsEnergy && !d->energies.isEmpty();
     return showsEnergy ? StatisticsLabels::withEnergy(label, energyText()) : label;
 }
@@ -185,7 +197,9 @@ QString RVX_FitHistogramItem::energyText() const
 {
     Q_D(const RVX_FitHistogramItem);
     const bool hasPosition = isComputed() && status() == FitStatus::Ok;
-    const double energy = hasPosition ? d->energies.at(position()) : std::nan("");
+    const double energy = hasPosition
+        ? d->energies.at(RVX_StatisticsHistogramItemPrivate::upToDate(*this).channel)
+        : std::nan("");
     return std::isfinite(energy)
         ? QString::number(energy, 'g', 4)
         : QCoreApplication::translate("Corvale_Qt::StatisticsLabels", "N/A");

@@ -19,11 +19,29 @@ QwtScaleDiv RVX_StatisticsHistogramItemPrivate::ticks(double axisUpper) const
     QList<double> ticks[QwtScaleDiv::NTickTypes];
     ticks[QwtScaleDiv::MajorTick] << position;
     if (status == FitStatus::Ok) {
-        const double sigma = double(fit.sigma);
+        const double sigma = placed ? placed->estimate.sigma.value : double(fit.sigma);
         ticks[QwtScaleDiv::MediumTick] << position - sigma << position + sigma;
         ticks[QwtScaleDiv::MinorTick] << position - 3 * sigma << position + 3 * sigma;
     }
-    return QwtScaleDiv(0.0, axisUpper, ticks);
+    return placed ? QwtScaleDiv(placed->lower, placed->upper, ticks)
+                  : QwtScaleDiv(0.0, axisUpper, ticks);
+}
+
+void RVX_StatisticsHistogramItemPrivate::place(RVX_StatisticsHistogramItem &item,
+                                               const PlacedFit &fit)
+{
+    RVX_StatisticsHistogramItemPrivate &d = of(item);
+    d.placed = fit;
+    d.status = fit.status;
+    d.message = fit.message;
+    d.position = fit.x();
+    if (!d.showsResults)
+        return;
+    d.marker.setValue(d.position, fit.readingAt(fit.estimate.position.value) / d.plotDivisor);
+    if (d.axisWidget)
+        d.axisWidget->setTicks(&item, d.ticks(0.0));
+    item.showFit(0);
+    item.showLabel();
 }
 
 RVX_StatisticsHistogramItem::ScaleDraw::ScaleDraw()
@@ -126,6 +144,24 @@ double RVX_StatisticsHistogramItem::position() const
     return RVX_StatisticsHistogramItemPrivate::upToDate(*this).position;
 }
 
+BeamEstimate RVX_StatisticsHistogramItem::estimate() const
+{
+    const auto &d = RVX_StatisticsHistogramItemPrivate::upToDate(*this);
+    return d.placed ? d.placed->estimate : BeamEstimate();
+}
+
+BeamVerdict RVX_StatisticsHistogramItem::verdict() const
+{
+    const auto &d = RVX_StatisticsHistogramItemPrivate::upToDate(*this);
+    return d.placed ? d.placed->verdict : BeamVerdict();
+}
+
+QString RVX_StatisticsHistogramItem::positionUnit() const
+{
+    const auto &d = RVX_StatisticsHistogramItemPrivate::upToDate(*this);
+    return d.placed ? d.placed->unit : QString();
+}
+
 bool RVX_StatisticsHistogramItem::hasSignalToNoise() const
 {
     return RVX_StatisticsHistogramItemPrivate::upToDate(*this).signalToNoise.computed;
@@ -200,6 +236,8 @@ void RVX_StatisticsHistogramItem::clear()
     d->status = FitStatus::NotComputed;
     d->message.clear();
     d->position = 0.0;
+    d->channel = 0.0;
+    d->placed.reset();
     d->signalToNoise = SignalToNoise();
     d->row = 0;
     d->time = std::numeric_limits<double>::quiet_NaN();
@@ -224,6 +262,7 @@ bool RVX_StatisticsHistogramItem::take(int offset,
     d->message = message.isEmpty() ? messageOf(status) : message;
     // Bar i is centred at offset + i + 1.
     d->position = offset + (ok ? double(fit.mean) + 1.0 : (fit.count() + 1) / 2.0);
+    d->channel = d->position;
     d->signalToNoise =
         ok && d->fullStatistics ? Corvale_Qt::signalToNoise(d->fit) : SignalToNoise();
     d->firstChannel = offset + 1;

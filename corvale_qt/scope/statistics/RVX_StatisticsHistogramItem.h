@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "corvale_qt/detector/BeamVerdict.h"
+#include "corvale_qt/numerics/BeamEstimate.h"
 #include "corvale_qt/numerics/FitStatus.h"
 #include "corvale_qt/scope/statistics/RVX_HistogramItem.h"
 
@@ -62,7 +64,14 @@ public:
     int firstChannel() const;
     //! Returns how many channels the group has, those that are not shown included; they count as 0.
     int channelCount() const;
-    /*! Returns the position on the x axis of the plot, where channel k is at k. Without a result it is the middle of
+    /*! Returns the estimate on the places of the detector (RVXScopePlotView::setDetectorLayout()), in positionUnit(). Its status is
+        not Ok if the channels have no places. */
+    BeamEstimate estimate() const;
+    //! Returns the verdict on estimate(); NotValid, without a reason, if the channels have no places.
+    BeamVerdict verdict() const;
+    //! Returns the unit of estimate(), for example "mm" or "cells"; empty if the channels have no places.
+    QString positionUnit() const;
+    /*! Returns the position on the x axis of the plot, where channel k is at k, or at the place of its strip. Without a result it is the middle of
         the item's channels. */
     double position() const;
     /*! Returns whether signalToNoise() and noiseDeviation() were computed. They need a result, full statistics, a bar

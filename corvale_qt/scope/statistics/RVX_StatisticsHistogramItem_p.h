@@ -5,6 +5,7 @@
 
 #include "corvale_qt/numerics/ProfileFit.h"
 #include "corvale_qt/numerics/ProfileNoise.h"
+#include "corvale_qt/scope/statistics/PlacedFit_p.h"
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h"
 
 #include <qwt_plot_marker.h>
@@ -13,6 +14,7 @@
 #include <QPointer>
 
 #include <limits>
+#include <optional>
 
 namespace Corvale_Qt {
 
@@ -49,6 +51,9 @@ public:
         return *d;
     }
 
+    //! Replaces an item's result in channels by one on the places of a detector, and shows it if results are shown.
+    static void place(RVX_StatisticsHistogramItem &item, const PlacedFit &fit);
+
     QwtScaleDiv ticks(double axisUpper) const;
 
     QPointer<RVX_HistogramItemAxisWidget> axisWidget;
@@ -60,6 +65,8 @@ public:
     QString message;
     double position = 0.0;
     SignalToNoise signalToNoise;
+    std::optional<PlacedFit> placed; //!< instead of the fit, if the channels have places
+    double channel = 0.0; //!< position in channels
     bool computed = false;
     int row = 0; //!< of the sample in the model; 0 for none
     double time = std::numeric_limits<double>::quiet_NaN(); //!< x of the sample

@@ -24,10 +24,46 @@ QString translated(const char *text)
     return QCoreApplication::translate("Corvale_Qt::StatisticsLabels", text);
 }
 
-QString unitName()
+const std::optional<PlacedFit> &placedFit(const RVX_StatisticsHistogramItem &item)
+{
+    return RVX_StatisticsHistogramItemPrivate::upToDate(item).placed;
+}
+
+//! Returns the unit of lengths, escaped: a description of a detector may come from anywhere.
+QString unitName(const RVX_StatisticsHistogramItem &item)
 {
     static const QString name = Units::Strips().name();
-    return name;
+    return placedFit(item) ? placedFit(item)->unit.toHtmlEscaped() : name;
+}
+
+double position(const RVX_StatisticsHistogramItem &item)
+{
+    return placedFit(item) ? placedFit(item)->estimate.position.value : item.position();
+}
+
+double sigma(const RVX_StatisticsHistogramItem &item)
+{
+    return placedFit(item) ? placedFit(item)->estimate.sigma.value : double(item.fit().sigma);
+}
+
+double peak(const RVX_StatisticsHistogramItem &item)
+{
+    return placedFit(item) ? placedFit(item)->readingAt(position(item))
+                           : double(item.fit().at(item.fit().mean));
+}
+
+//! Returns the area of the Gaussian: a charge, or with places the integral of the density over them.
+double area(const RVX_StatisticsHistogramItem &item)
+{
+    constexpr double perSigma = 2.5066282746310002; // sqrt(2 pi)
+    return placedFit(item) ? placedFit(item)->estimate.height.value * sigma(item) * perSigma
+                           : double(item.fit().amplitude);
+}
+
+//! Returns a number that is known in channels only.
+double ofChannels(const RVX_StatisticsHistogramItem &item, double value)
+{
+    return placedFit(item) ? std::nan("") : value;
 }
 
 QString notAvailable()
@@ -135,45 +171,40 @@ QString fitError(const QString &message, int lines)
 
 QString shortForm(const RVX_StatisticsHistogramItem &item)
 {
-    return withAlignedColons(translated("<pre>Position (%3): <b>%1</b>\nStd. Dev (%4): %2\n</pre>")
-                                 .arg(length(item.position()),
-                                      length(double(item.fit().sigma)),
-                                      unitName(),
-                                      unitName()));
+    return withAlignedColons(
+        translated("<pre>Position (%3): <b>%1</b>\nStd. Dev (%4): %2\n</pre>")
+            .arg(length(position(item)), length(sigma(item)), unitName(item), unitName(item)));
 }
 
 QString moments(const RVX_StatisticsHistogramItem &item)
 {
     return withAlignedColons(translated("<pre>Position (%5): <b>%1</b>\nStd. Dev (%6): %2\n"
                                         "    Skewness: %3\n    Kurtosis: %4\n</pre>")
-                                 .arg(length(item.position()),
-                                      length(double(item.fit().sigma)),
-                                      number(double(item.fit().skewness)),
-                                      number(double(item.fit().kurtosis)),
-                                      unitName(),
-                                      unitName()));
+                                 .arg(length(position(item)),
+                                      length(sigma(item)),
+                                      number(ofChannels(item, double(item.fit().skewness))),
+                                      number(ofChannels(item, double(item.fit().kurtosis))),
+                                      unitName(item),
+                                      unitName(item)));
 }
 
 QString fit(const RVX_FitHistogramItem &item)
 {
-    const ProfileFit &fit = item.fit();
     return withAlignedColons(
         translated("<pre>      Position (%3): <b>%1</b>\n      Std. Dev (%4): %2\n"
                    "              Peak: %10\n          Integral: %11\n               SNR: %5\n"
                    "Noise Std. Dev%12: %6\n                %7%8: %9\n</pre>")
-            .arg(length(item.position()),
-                 length(double(fit.sigma)),
-                 unitName(),
-                 unitName(),
+            .arg(length(position(item)),
+                 length(sigma(item)),
+                 unitName(item),
+                 unitName(item),
                  signalToNoise(item),
                  noiseDeviation(item),
                  chi(),
                  squared(),
-                 percent(item.residualNoise()))
+                 percent(ofChannels(item, item.residualNoise())))
             // These come last because a unit may contain place markers.
-            .arg(quantity(double(fit.at(fit.mean)), item),
-                 quantity(double(fit.amplitude), item),
-                 unitInBrackets(item)));
+            .arg(quantity(peak(item), item), quantity(area(item), item), unitInBrackets(item)));
 }
 
 QString deviceFit(const RVX_FitHistogramItem &item)
@@ -181,15 +212,26 @@ QString deviceFit(const RVX_FitHistogramItem &item)
     return withAlignedColons(
         translated("<pre>      Position (%5): <b>%1</b>\n      Std. Dev (%5): %2\n"
                    "               SNR: %3\nNoise Std. Dev%9: %4\n                %6%7: %8\n</pre>")
-            .arg(length(item.position()),
-                 length(double(item.fit().sigma)),
+            .arg(length(position(item)),
+                 length(sigma(item)),
                  signalToNoise(item),
                  noiseDeviation(item),
-                 unitName(),
+                 unitName(item),
                  chi(),
                  squared(),
-                 percent(item.residualNoise()),
+                 percent(ofChannels(item, item.residualNoise())),
                  unitInBrackets(item)));
+}
+
+QString withVerdict(const QString &label, const RVX_StatisticsHistogramItem &item)
+{
+    if (!placedFit(item))
+        return label;
+    const BeamVerdict &verdict = placedFit(item)->verdict;
+    const QString line = QStringLiteral("\n<b>%1</b>").arg(verdict.text().toHtmlEscaped());
+    const QString why = verdict.reasons.value(0).toHtmlEscaped();
+    return label.left(label.size() - kClose.size()) + line + QLatin1Char('\n') + why
+        + kClose; // the line of the reason is kept, so that the plot does not move
 }
 
 QString withEnergy(const QString &label, const QString &energy)

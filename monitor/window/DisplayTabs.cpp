@@ -86,6 +86,7 @@ void DisplayTabs::beginStream()
     setTab(m_profile, tr("2D profile"), m_frames.hasProfile());
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
+    m_scope->plotView()->setDetectorLayout(header.detector);
     if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else

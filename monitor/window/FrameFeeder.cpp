@@ -75,14 +75,34 @@ void FrameFeeder::beginStream()
     m_lastShown = {};
     m_hasPosition = false;
     tellLeftOut({});
+    m_isDescribed =
+        !header.detector.isEmpty() && header.detector.kind() != Corvale_Qt::DetectorKind::Channels;
+    m_position->setScale(1);
+    if (m_isDescribed) {
+        beginDetector();
+        return;
+    }
     if (header.kind == StreamKind::Strips)
         m_profile->setL408(true);
     else if (header.kind == StreamKind::Pixels)
         m_profile->setPixelated(true);
     const double reach = hasProfile() ? 20.0 : 1.0; // in mm, or as the asymmetry of two halves
+    m_position->setPositionUnit(hasProfile() ? QStringLiteral("mm") : QString());
     m_position->setXScale(-reach, reach);
     m_position->setYScale(-reach, reach);
-    m_position->setScale(1);
+}
+
+//! Has both displays show the detector that the stream describes, as large as it is.
+void FrameFeeder::beginDetector()
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    const StreamHeader &header = m_model->header();
+    m_profile->setLayout(header.detector);
+    m_profile->setIntensityUnit(header.commonUnit());
+    m_position->setPositionUnit(m_profile->lengthUnit(Axis::X));
+    const QRectF reach = m_profile->lengthArea();
+    m_position->setXScale(reach.left(), reach.right());
+    m_position->setYScale(reach.top(), reach.bottom());
 }
 
 void FrameFeeder::feedRows(int first, int last)
@@ -117,20 +137,23 @@ void FrameFeeder::feed(int row)
         feedPosition(m_values.data());
         return;
     }
-    takeValues(m_model->doubleData(row, 0), m_values.data());
+    takeValues(m_model->doubleData(row, 0), m_values.data(), int(m_values.size()));
 }
 
 void FrameFeeder::takeFrame(double time, const QVector<double> &values)
 {
     if (!hasProfile())
         return;
-    takeValues(time, values.constData());
+    takeValues(time, values.constData(), values.size());
     m_again.start();
 }
 
-void FrameFeeder::takeValues(double time, const double *values)
+void FrameFeeder::takeValues(double time, const double *values, int count)
 {
-    m_lastFrame = m_frames.readingsOf(values);
+    if (m_isDescribed)
+        m_lastFrame = QVector<double>(values, values + count);
+    else
+        m_lastFrame = m_frames.readingsOf(values);
     tellLeftOut(m_frames.leftOutOf(values).text());
     showFrame(time);
 }
@@ -155,11 +178,13 @@ void FrameFeeder::showFrame(double time)
 void FrameFeeder::followProfile()
 {
     const Corvale_Qt::SpectrogramCalc shown = m_profile->getCalc();
-    const bool isNew = shown.meanX != m_lastShown.meanX || shown.meanY != m_lastShown.meanY
-        || shown.integral != m_lastShown.integral;
+    const bool isNew = shown.valid != m_lastShown.valid || shown.meanX != m_lastShown.meanX
+        || shown.meanY != m_lastShown.meanY || shown.integral != m_lastShown.integral;
     m_lastShown = shown;
     if (isNew && shown.valid)
         m_position->setData(shown.meanX, shown.meanY);
+    else if (isNew)
+        m_position->showNoBeam();
 }
 
 /*! Hands the last frame on once more, with the smallest possible later time. The displays draw the frame that comes
@@ -172,7 +197,7 @@ void FrameFeeder::feedLastAgain()
         showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
 }
 
-//! Shows the asymmetries of the two pairs of halves, from -1 to 1; shows nothing without beam.
+//! Shows the asymmetries of the two pairs of halves, from -1 to 1, or that there is no beam.
 void FrameFeeder::feedPosition(const double *values)
 {
     const double left = finiteOrZero(values[m_left]), right = finiteOrZero(values[m_right]);
@@ -182,7 +207,9 @@ void FrameFeeder::feedPosition(const double *values)
     const bool plausible = std::abs(x) <= 1.0 && std::abs(y) <= 1.0;
     m_hasPosition = m_hasPosition || plausible;
     if (plausible)
-        m_position->setData(x, y);
+        m_position->setData(x, y, left + right + up + down);
+    else
+        m_position->showNoBeam();
 }
 
 } // namespace Monitor

@@ -28,7 +28,7 @@ public:
     //! Shows a frame of a stream of frames; \a values has all values of the reading.
     void takeFrame(double time, const QVector<double> &values);
     //! Returns whether the model's stream has profiles.
-    bool hasProfile() const { return m_frames.isUsable(); }
+    bool hasProfile() const { return m_isDescribed || m_frames.isUsable(); }
     //! Returns whether the model's stream has positions.
     bool hasPosition() const;
     //! Returns whether the profile display has shown a result of this stream.
@@ -42,12 +42,13 @@ Q_SIGNALS:
 
 private:
     void beginStream();
-    void takeValues(double time, const double *values);
+    void takeValues(double time, const double *values, int count);
     void tellLeftOut(const QString &text);
     void feedRows(int first, int last);
     void feed(int row);
     int firstRowToFeed(int first, int last) const;
     void showFrame(double time);
+    void beginDetector();
     void followProfile();
     void feedLastAgain();
     void feedPosition(const double *values);
@@ -55,7 +56,8 @@ private:
     MultichannelDeviceModel *const m_model;
     Corvale_Qt::RVXSpectrogram *const m_profile;
     Corvale_Qt::RVXPositionPlot *const m_position;
-    DetectorFrames m_frames;
+    DetectorFrames m_frames; //!< of a stream that does not describe its detector
+    bool m_isDescribed = false;
     int m_left = -1, m_right = -1, m_up = -1, m_down = -1;
     std::vector<double> m_values;
     QVector<double> m_lastFrame;

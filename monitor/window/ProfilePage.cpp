@@ -2,6 +2,7 @@
 #include "monitor/window/ProfilePage.h"
 
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
+#include <corvale_qt/detector/BeamVerdict.h>
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -16,10 +17,18 @@ namespace {
 //! The width of the page, in characters, from which the side bar leaves enough room for the picture.
 constexpr int charactersForSideBar = 120;
 
-QString length(double value)
+//! Returns the colours of a verdict: the text says the same.
+QString styleOf(Corvale_Qt::BeamValidity validity)
 {
-    return value == SpectrogramCalc::invalid ? QStringLiteral("-")
-                                             : QStringLiteral("%1 mm").arg(value, 0, 'f', 2);
+    switch (validity) {
+    case Corvale_Qt::BeamValidity::Valid:
+        return {};
+    case Corvale_Qt::BeamValidity::FitPoor:
+        return QStringLiteral("background: #ffb300; color: black; padding: 2px;");
+    case Corvale_Qt::BeamValidity::NotValid:
+        break;
+    }
+    return QStringLiteral("background: #b71c1c; color: white; padding: 2px;");
 }
 
 } // namespace
@@ -29,6 +38,7 @@ ProfilePage::ProfilePage(QWidget *parent)
     , m_display(new RVXSpectrogram(this))
     , m_numbers(new QLabel(this))
 {
+    m_display->setVerdictEnabled(true);
     m_numbers->setObjectName(QStringLiteral("profileNumbers"));
     m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
@@ -52,25 +62,51 @@ void ProfilePage::resizeEvent(QResizeEvent *event)
     showNumbers();
 }
 
-void ProfilePage::showNumbers()
+void ProfilePage::showFrame(const Corvale_Qt::DetectorFrame &frame, double time)
+{
+    m_display->setFrame(frame, time);
+}
+
+QString ProfilePage::length(double value, bool alongX) const
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    return value == SpectrogramCalc::invalid
+        ? QStringLiteral("-")
+        : QStringLiteral("%1 %2")
+              .arg(value, 0, 'f', 2)
+              .arg(m_display->lengthUnit(alongX ? Axis::X : Axis::Y));
+}
+
+QStringList ProfilePage::numbers() const
 {
     const SpectrogramCalc calc = m_display->getCalc();
-    if (!calc.valid) {
-        m_numbers->setText(tr("DATA NOT VALID"));
-        return;
+    return {tr("mean X %1").arg(length(calc.meanX, true)),
+            tr("mean Y %1").arg(length(calc.meanY, false)),
+            tr("\u03c3 X %1").arg(length(calc.sigmaX, true)),
+            tr("\u03c3 Y %1").arg(length(calc.sigmaY, false)),
+            tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
+            tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
+            tr("integral %1").arg(calc.integral, 0, 'g', 4),
+            tr("max %1").arg(calc.max, 0, 'g', 4)};
+}
+
+void ProfilePage::showNumbers()
+{
+    const Corvale_Qt::BeamVerdict verdict = m_display->verdict();
+    const bool hasFrame = m_display->shownResult().frame > 0;
+    m_numbers->setStyleSheet(hasFrame ? styleOf(verdict.validity) : QString());
+    QString text;
+    if (m_display->getCalc().valid) {
+        // A line may only break between two numbers.
+        text = numbers().join(QLatin1Char('\n'));
+        text.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
+        text.replace(QLatin1Char('\n'), QStringLiteral("   "));
     }
-    const QStringList numbers = {tr("mean X %1").arg(length(calc.meanX)),
-                                 tr("mean Y %1").arg(length(calc.meanY)),
-                                 tr("\u03c3 X %1").arg(length(calc.sigmaX)),
-                                 tr("\u03c3 Y %1").arg(length(calc.sigmaY)),
-                                 tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
-                                 tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
-                                 tr("integral %1").arg(calc.integral, 0, 'g', 4),
-                                 tr("max %1").arg(calc.max, 0, 'g', 4)};
-    // A line may only break between two numbers.
-    QString text = numbers.join(QLatin1Char('\n'));
-    text.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
-    m_numbers->setText(text.replace(QLatin1Char('\n'), QStringLiteral("   ")));
+    if (text.isEmpty() || !verdict.reasons.isEmpty()) {
+        const QStringList why = QStringList(verdict.text()) + verdict.reasons;
+        text = why.join(QStringLiteral("; ")) + (text.isEmpty() ? text : QLatin1Char('\n') + text);
+    }
+    m_numbers->setText(text);
 }
 
 } // namespace Monitor

@@ -6,6 +6,7 @@
 class QLabel;
 
 namespace Corvale_Qt {
+struct DetectorFrame;
 class RVXSpectrogram;
 } // namespace Corvale_Qt
 
@@ -20,12 +21,16 @@ class ProfilePage : public QWidget
 public:
     explicit ProfilePage(QWidget *parent = nullptr);
     Corvale_Qt::RVXSpectrogram *display() const { return m_display; }
+    //! Shows a frame on its cells, and the detector that it comes from.
+    void showFrame(const Corvale_Qt::DetectorFrame &frame, double time);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void showNumbers();
+    QStringList numbers() const;
+    QString length(double value, bool alongX) const;
 
     Corvale_Qt::RVXSpectrogram *m_display;
     QLabel *m_numbers;

@@ -11,18 +11,17 @@ double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
 {
     constexpr int most = 32;
     constexpr int fewest = 3;
-    // The median of |a - b| of two normal numbers is 0.9539 times their standard deviation.
-    constexpr double medianOfDifferences = 0.9539;
+    // The median of |a - 2b + c| of three normal numbers is 0.6745 x sqrt(6) times their standard deviation.
+    constexpr double medianOfDifferences = 1.6522;
     const int count = std::min(most, lastRow);
-    if (count <= fewest)
-        return 0.0;
     double values[most];
-    reader.read(column, lastRow - count + 1, count, values);
+    if (count > 0)
+        reader.read(column, lastRow - count + 1, count, values);
     double differences[most];
     int found = 0;
     double squares = 0.0;
-    for (int i = 1; i < count; ++i) {
-        const double difference = std::abs(values[i] - values[i - 1]);
+    for (int i = 2; i < count; ++i) {
+        const double difference = std::abs(values[i] - 2.0 * values[i - 1] + values[i - 2]);
         if (!std::isfinite(difference))
             continue;
         differences[found++] = difference;
@@ -33,7 +32,7 @@ double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
     double *const middle = differences + found / 2;
     std::nth_element(differences, middle, differences + found);
     // Most neighbours are equal where a converter's steps are larger than the noise.
-    return *middle > 0.0 ? *middle / medianOfDifferences : std::sqrt(0.5 * squares / found);
+    return *middle > 0.0 ? *middle / medianOfDifferences : std::sqrt(squares / (6.0 * found));
 }
 
 } // namespace Corvale_Qt

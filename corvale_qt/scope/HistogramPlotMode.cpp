@@ -108,6 +108,7 @@ void HistogramPlotMode::plot()
     m_context.showYTitle();
     m_context.statistics.showResults(divisor);
     showMarkers();
+    m_context.noteHidden(m_context.yScale.isLogarithmic ? namesOfNotPositive() : QStringList());
     m_context.plot->updateAxes();
 }
 
@@ -138,6 +139,18 @@ void HistogramPlotMode::drawBars(double divisor)
         const double height = m_context.statistics.barHeight(i);
         m_series->setValue(i, std::isnan(height) ? 0.0 : height / divisor);
     }
+}
+
+//! Returns the names of the channels whose bars are negative.
+QStringList HistogramPlotMode::namesOfNotPositive() const
+{
+    QStringList names;
+    const QVector<double> &readings = m_context.statistics.bars().readings;
+    for (int i = 0; i < readings.size(); ++i) {
+        if (readings[i] <= 0.0)
+            names << m_context.model.name(i + 1);
+    }
+    return names;
 }
 
 void HistogramPlotMode::showMarkers()

@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace Corvale_Qt {
 
@@ -30,6 +31,7 @@ private:
     double markerPlace(int channel) const;
     double plotDivisor() const;
     void showNames();
+    QStringList namesOfNotPositive() const;
     void drawBars(double divisor);
     void showMarkers();
     void describeMarker(int index);

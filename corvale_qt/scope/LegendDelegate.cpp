@@ -20,7 +20,7 @@ constexpr int longestName = 24; // in characters
 
 int valueWidth(const QFontMetrics &metrics)
 {
-    return metrics.horizontalAdvance(QStringLiteral("-000.000 mA"));
+    return metrics.horizontalAdvance(QStringLiteral("-000.00 nA"));
 }
 
 void paintSwatch(QPainter *painter, const QRect &place, const QPen &pen, bool isShown)
@@ -65,7 +65,7 @@ void LegendDelegate::paint(QPainter *painter,
 
     const QPalette::ColorGroup group = isShown ? QPalette::Active : QPalette::Disabled;
     painter->setPen(
-        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::WindowText));
     QFont font = option.font;
     font.setStrikeOut(!isShown); // a colour alone does not tell everybody
     painter->setFont(font);

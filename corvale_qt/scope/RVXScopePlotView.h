@@ -91,6 +91,8 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! Whether percentages are of the data's own full scale until a range is set; false at first.
     Q_PROPERTY(bool fullScaleFromData READ isFullScaleFromData WRITE setFullScaleFromData NOTIFY
                    fullScaleFromDataChanged)
+    //! Whether the y axis is logarithmic; false at first.
+    Q_PROPERTY(bool logarithmic READ isLogarithmic WRITE setLogarithmic NOTIFY logarithmicChanged)
     //! Whether a legend is shown below the plot; false at first.
     Q_PROPERTY(
         bool legendVisible READ isLegendVisible WRITE setLegendVisible NOTIFY legendVisibleChanged)
@@ -222,6 +224,11 @@ public:
     void setFullScaleFromData(bool on);
     //! Sets the range back to [-1, 1], as if none had been set.
     void resetRange();
+    //! Returns whether the y axis is logarithmic.
+    bool isLogarithmic() const;
+    /*! Sets whether the y axis is logarithmic. A line on the canvas names the channels with values that are 0 or negative and so
+        have no place there. A range that begins at 0 or below is shown from a ten-thousandth of its upper end on. */
+    void setLogarithmic(bool on);
     //! Returns whether a legend is shown below the plot.
     bool isLegendVisible() const;
     //! Shows or hides a ScopeLegend below the plot. It is hidden in modes that show a companion widget.
@@ -347,6 +354,8 @@ Q_SIGNALS:
     void hysteresisChanged(bool on);
     //! Percentages are of the data's own full scale until a range is set, or of the range only.
     void fullScaleFromDataChanged(bool on);
+    //! The y axis is logarithmic, or linear again.
+    void logarithmicChanged(bool on);
     //! A legend is shown below the plot, or no more.
     void legendVisibleChanged(bool visible);
     //! The curve of another channel is drawn above the others; 0 for none.

@@ -119,6 +119,23 @@ void RVXScopePlotView::setFullScaleFromData(bool on)
     Q_EMIT fullScaleFromDataChanged(on);
 }
 
+bool RVXScopePlotView::isLogarithmic() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.yScale.isLogarithmic;
+}
+
+void RVXScopePlotView::setLogarithmic(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == isLogarithmic())
+        return;
+    d->context.yScale.isLogarithmic = on;
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    Q_EMIT logarithmicChanged(on);
+}
+
 void RVXScopePlotView::resetRange()
 {
     Q_D(RVXScopePlotView);

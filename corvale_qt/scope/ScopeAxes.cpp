@@ -21,6 +21,8 @@ namespace {
 
 constexpr int kLargestScaleMode = 14;
 constexpr int kFewestNumberedChannels = 9;
+// The lower end of a logarithmic axis whose range begins at 0 or below, as a part of the upper end.
+constexpr double kLowestOfLogarithmic = 1e-4;
 
 //! Widens bounds that are equal, because such an axis has no ticks. The value ends up in the middle.
 std::pair<double, double> withWidth(const std::pair<double, double> &bounds)
@@ -78,6 +80,7 @@ ScopeAxes::ScopeAxes(QwtPlot *plot)
 void ScopeAxes::setYScale(const YScale &scale)
 {
     m_values.setSteady(scale.isSteady);
+    m_values.setLogarithmic(scale.isLogarithmic);
     if (scale.isOfFullScale()) {
         const double fraction = scaleFraction(scale.mode);
         m_values.showFractions((scale.positiveOnly ? -0.1 : -1.0) * fraction, fraction);
@@ -88,7 +91,9 @@ void ScopeAxes::setYScale(const YScale &scale)
         m_plot->setAxisAutoScale(QwtPlot::yLeft, true);
         return;
     }
-    const auto [lower, upper] = scale.bounds();
+    auto [lower, upper] = scale.bounds();
+    if (scale.isLogarithmic && lower <= 0.0)
+        lower = kLowestOfLogarithmic * upper;
     m_plot->setAxisScale(QwtPlot::yLeft, lower, upper, 0.0);
 }
 

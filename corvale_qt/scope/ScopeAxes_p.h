@@ -23,6 +23,7 @@ struct YScale
     bool positiveOnly = false;
     bool isRangeGiven = false; //!< the host has set the range
     bool followsFullScale = false; //!< without a given range, the full scale is that of the data
+    bool isLogarithmic = false;
     bool isSteady = false; //!< an axis that follows the data has hysteresis
 
     //! Returns whether the axis follows the data.

@@ -34,6 +34,16 @@ void ScopeContext::showYTitle()
         axes.setYTitle(hasUnit ? axes.values().unit() : RVXScopePlotView::tr("Number"));
 }
 
+void ScopeContext::noteHidden(const QStringList &channels)
+{
+    note.setText(channels.isEmpty()
+                     ? QString()
+                     : RVXScopePlotView::tr("Not on a logarithmic axis, 0 or negative: %1")
+                           .arg(channels.join(QStringLiteral(", "))));
+    if (note.text().isEmpty() == (note.plot() != nullptr))
+        note.attach(note.text().isEmpty() ? nullptr : plot);
+}
+
 double ScopeContext::stripWidth() const
 {
     if (span.time > 0.0 || span.samples > 0 || !model.plot())

@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/scope/BatchSizes_p.h"
+#include "corvale_qt/scope/CanvasNote_p.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
@@ -56,6 +57,8 @@ struct ScopeContext
 
     //! Titles the y axis with the unit that it shows, or with what stands for it.
     void showYTitle();
+    //! Says on the canvas which of these channels have values that a logarithmic axis cannot show.
+    void noteHidden(const QStringList &channels);
     //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples, infinity if it shows all.
     double stripWidth() const;
     //! Returns how many samples a strip chart shows while stripWidth() is 0.
@@ -72,6 +75,7 @@ struct ScopeContext
     ScopeMarkers markers;
     ScopeCurves curves;
     QwtPlotHistogram histogram;
+    CanvasNote note;
     bool hasBarNames = false; //!< the bars are labelled with the names of their channels
     bool namesChanged = false; //!< channels may have other names than in the last plot
     HistogramStatistics statistics;

@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
 #include <qwt_plot.h>
+#include <qwt_scale_engine.h>
 
 #include <QPen>
 
@@ -98,6 +99,17 @@ bool ScopeCurves::showReadings() const
     return false;
 }
 
+QStringList ScopeCurves::namesOfNotPositive() const
+{
+    QStringList names;
+    for (int channel = 1; channel <= m_count; ++channel) {
+        const RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
+        if (curve.plot() && curve.dataSize() > 0 && curve.boundingRect().top() <= 0.0)
+            names << m_model.name(channel);
+    }
+    return names;
+}
+
 void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode)
 {
     for (int channel = 1; channel <= m_count; ++channel) {
@@ -122,7 +134,8 @@ void ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scal
     curve.setSamples(series);
     // An axis that spans all values leaves nothing to clip.
     const bool clips =
-        scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange;
+        (scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange)
+        || dynamic_cast<QwtLogScaleEngine *>(m_plot->axisScaleEngine(QwtPlot::yLeft));
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
 }
 

@@ -41,6 +41,9 @@ public:
     void setRaised(int channel);
     int raised() const { return m_raised; }
 
+    //! Returns the names of the channels on the plot that have a sample which is 0 or negative.
+    QStringList namesOfNotPositive() const;
+
     //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
     /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample

@@ -81,6 +81,7 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);
     setMouseTracking(true);
+    viewport()->setBackgroundRole(QPalette::Window); // it belongs to the plot above
     setFrameStyle(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);

@@ -33,6 +33,8 @@ void TimePlotMode::finish(double left, double right)
     for (int i = 0; i < ScopeMarkers::count; ++i)
         m_context.markers.setStripMarker(i, {left, right});
     setAxisTitles();
+    const bool isLogarithmic = m_context.yScale.isLogarithmic;
+    m_context.noteHidden(isLogarithmic ? m_context.curves.namesOfNotPositive() : QStringList());
     m_context.plot->updateAxes();
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/PositiveScaleEngine_p.h"
 #include "corvale_qt/plot/PrefixScaleDraw_p.h"
 #include "corvale_qt/plot/SteadyScaleEngine_p.h"
 #include "corvale_qt/scope/ValueAxis_p.h"
@@ -75,6 +76,20 @@ void ValueAxis::showFractions(double lower, double upper)
         engine()->setFractions(lower, upper);
     if (lower < upper)
         m_plot->setAxisAutoScale(m_axis, true);
+}
+
+void ValueAxis::setLogarithmic(bool on)
+{
+    if (std::exchange(m_isLogarithmic, on) == on)
+        return;
+    if (on) {
+        m_plot->setAxisScaleEngine(m_axis, new PositiveScaleEngine);
+        return;
+    }
+    auto *linear = new SteadyScaleEngine;
+    linear->setSteady(m_isSteady);
+    linear->setFractions(m_lowerFraction, m_upperFraction);
+    m_plot->setAxisScaleEngine(m_axis, linear);
 }
 
 void ValueAxis::restart()

@@ -44,6 +44,9 @@ public:
     void setSteady(bool on);
     //! Shows parts of the data's full scale, see SteadyScaleEngine::setFractions(). With 0 for both it follows no full scale.
     void showFractions(double lower, double upper);
+    //! Sets whether the axis is logarithmic, and then without hysteresis and full scale.
+    void setLogarithmic(bool on);
+    bool isLogarithmic() const { return m_isLogarithmic; }
     //! Follows the next data as if they were the first.
     void restart();
 
@@ -62,6 +65,7 @@ private:
     QString m_shownUnit;
     bool m_isOn = false;
     bool m_isSteady = false;
+    bool m_isLogarithmic = false;
     double m_lowerFraction = 0.0;
     double m_upperFraction = 0.0;
     std::function<void()> m_listener;

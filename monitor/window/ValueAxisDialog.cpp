@@ -4,6 +4,7 @@
 #include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -42,6 +43,16 @@ ValueAxisDialog::ValueAxisDialog(RVXScope &scope, QWidget *parent)
     form->addRow(tr("Ma&ximum:"), m_maximum);
     form->addRow(tr("Mi&nimum:"), m_minimum);
     form->addRow(tr("&Unit:"), m_unit);
+    auto *logarithmic = new QCheckBox(tr("&Logarithmic"), this);
+    logarithmic->setObjectName(QStringLiteral("logarithmic"));
+    logarithmic->setToolTip(tr("Values that are 0 or negative cannot be shown then; the plot names "
+                               "their channels (Alt+L)"));
+    connect(logarithmic, &QCheckBox::toggled, scope.plotView(), &RVXScopePlotView::setLogarithmic);
+    connect(scope.plotView(),
+            &RVXScopePlotView::logarithmicChanged,
+            logarithmic,
+            &QCheckBox::setChecked);
+    form->addRow(logarithmic);
     form->addRow(m_refusal);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton *apply = buttons->addButton(tr("&Set range"), QDialogButtonBox::ApplyRole);
@@ -49,6 +60,7 @@ ValueAxisDialog::ValueAxisDialog(RVXScope &scope, QWidget *parent)
     apply->setToolTip(tr("Show the range from minimum to maximum (Enter)"));
     automatic->setToolTip(tr("Let the range follow the readings (Alt+A)"));
     apply->setDefault(true);
+    automatic->setObjectName(QStringLiteral("automatic"));
     form->addRow(buttons);
 
     connect(apply, &QPushButton::clicked, this, &ValueAxisDialog::applyRange);

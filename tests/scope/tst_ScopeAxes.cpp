@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/CanvasNote_p.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -175,6 +176,42 @@ private Q_SLOTS:
         view.setHysteresis(false);
         QCOMPARE(show(9.0, 1), 10.0);
         QCOMPARE(show(2.0, 2), 2.0);
+    }
+
+    //! A logarithmic axis names what it cannot show.
+    void aLogarithmicAxisHasNoPlaceForSigns()
+    {
+        ModelView view(2);
+        view.model.names = QStringList{"positive", "sine"};
+        view.model.appendRows(64, 1.0, [](int channel, double time) {
+            return channel == 1 ? 2e-3 * (1 + time) : std::sin(time);
+        });
+        const auto note = [&view] {
+            view.settle();
+            for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
+                if (const auto *found = dynamic_cast<const CanvasNote *>(item))
+                    return found->text();
+            }
+            return QString();
+        };
+        QCOMPARE(note(), QString());
+        view.setSiPrefix(true);
+        view.setLogarithmic(true);
+        QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        view.check(2, false);
+        QCOMPARE(note(), QString());
+        QCOMPARE(view.yText(), QString("0.001..1"));
+        QCOMPARE(labels(view), QString("A: 0.001 0.01 0.1 1"));
+        view.SetYScaleMode(View::FullRange);
+        QCOMPARE(view.yText(), QString("0.0001..1"));
+        view.SetPlotMode(View::HistogramMode);
+        view.model.appendRows(1, 1.0, [](int, double) {
+            return -1.0;
+        });
+        QVERIFY2(note().endsWith(": positive"), qPrintable(note()));
+        view.setLogarithmic(false);
+        QCOMPARE(note(), QString());
+        QCOMPARE(view.yText(), QString("-1..1"));
     }
 
     void percentagesAreOfTheDataUntilARangeIsSet()

@@ -5,11 +5,13 @@
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/PictureExport.h"
 #include "monitor/window/RecordAction.h"
+#include "monitor/window/ValueAxisDialog.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <qwt_plot.h>
@@ -139,7 +141,7 @@ private Q_SLOTS:
         QTest::keyClick(&w.window, Qt::Key_Space);
         QVERIFY(!w.session.isPaused());
         QCOMPARE(w.status("notices"), QString());
-        QCOMPARE(w.value(0), QString("9"));
+        QCOMPARE(w.value(0).toDouble(), 9.0);
         QCOMPARE(w.session.model().rowCount(), 11);
     }
 
@@ -431,6 +433,57 @@ private Q_SLOTS:
         QCOMPARE(source->textFormat(), Qt::PlainText);
         QVERIFY(w.log().contains(markup));
         QVERIFY(w.notice().startsWith(markup));
+    }
+
+    //! The range of the y axis is typed in the unit that the axis shows; what cannot be shown is refused with a word.
+    void theRangeOfValuesIsTyped()
+    {
+        WindowInTest w(settings("values.xui"));
+        w.source->begin(StreamKind::Channels, 2, QStringLiteral("A"));
+        w.run(4);
+        Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
+        QVERIFY(QTest::qWaitForWindowActive(&w.window));
+        QTest::keyClick(&w.window, Qt::Key_Y, Qt::ControlModifier);
+        auto *dialog = w.window.findChild<ValueAxisDialog *>();
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        const auto type = [&](const QString &maximum, const QString &minimum) {
+            for (const char *name : {"maximum", "minimum"}) {
+                auto *field = dialog->findChild<QLineEdit *>(name);
+                field->setFocus();
+                field->selectAll();
+                QTest::keyClicks(field, *name == 'm' && name[1] == 'a' ? maximum : minimum);
+            }
+            QTest::keyClick(dialog, Qt::Key_Return);
+            w.settle();
+            return dialog->findChild<QLabel *>("refusal")->text();
+        };
+        QCOMPARE(type("20 mA", "-5 mA"), QString());
+        QCOMPARE(view->yMinimum(), -0.005);
+        QTRY_COMPARE(view->shownUnit(), QString("mA"));
+        QCOMPARE(type("30", "-10"), QString());
+        QCOMPARE(view->yMaximum(), 0.03);
+        QCOMPARE(type("1", "2"), QString("The minimum must be below the maximum."));
+        QCOMPARE(type("1 V", "0"), QString("\"1 V\" is no value in mA."));
+        QCOMPARE(view->yMaximum(), 0.03);
+        QTest::mouseClick(dialog->findChild<QPushButton *>("automatic"), Qt::LeftButton);
+        QCOMPARE(int(view->yScaleMode()), 0);
+    }
+
+    void theLookOfChannelsIsKept()
+    {
+        for (const bool first : {true, false}) {
+            WindowInTest w(settings("look.xui"));
+            w.source->begin(StreamKind::Channels, 2);
+            Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
+            QVERIFY(QTest::qWaitForWindowActive(&w.window));
+            QCOMPARE(view->isLegendVisible(), first);
+            QCOMPARE(view->hasBarNames(), first);
+            if (!first)
+                continue;
+            QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
+            w.window.findChild<QAction *>("barNames")->trigger();
+            QVERIFY(!view->isLegendVisible() && !view->hasBarNames());
+        }
     }
 
 private:

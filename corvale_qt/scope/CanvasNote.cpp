@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/scope/CanvasNote_p.h"
+
+#include <qwt_text.h>
+
+#include <QPainter>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr double zOfNote = 35.0; // above the markers
+constexpr double margin = 4.0;
+
+} // namespace
+
+CanvasNote::CanvasNote()
+{
+    setZ(zOfNote);
+}
+
+void CanvasNote::setText(const QString &text)
+{
+    m_text = text;
+}
+
+void CanvasNote::draw(QPainter *painter,
+                      const QwtScaleMap &,
+                      const QwtScaleMap &,
+                      const QRectF &canvas) const
+{
+    if (m_text.isEmpty())
+        return;
+    const QFontMetricsF metrics(painter->font(), painter->device());
+    const QString shown = metrics.elidedText(m_text, Qt::ElideRight, canvas.width() - 4.0 * margin);
+    QwtText text(shown, QwtText::PlainText);
+    text.setColor(RVXPlotColors::labelTextColor());
+    text.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
+    const QSizeF size = text.textSize(painter->font());
+    text.draw(painter,
+              QRectF(canvas.left() + margin,
+                     canvas.bottom() - margin - size.height(),
+                     size.width(),
+                     size.height()));
+}
+
+} // namespace Corvale_Qt

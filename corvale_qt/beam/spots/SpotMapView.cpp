@@ -88,6 +88,24 @@ void SpotMapView::setColumnMapper(SpotMapViewColumnMapper *mapper)
     d->loadModel();
 }
 
+float SpotMapView::doseScale() const
+{
+    Q_D(const SpotMapView);
+    return d->comparing() ? qMax(maxDose(), d->target->maxDose()) : maxDose();
+}
+
+QColor SpotMapView::spotColor() const
+{
+    Q_D(const SpotMapView);
+    return d->spotColor;
+}
+
+QColor SpotMapView::backgroundColor() const
+{
+    Q_D(const SpotMapView);
+    return d->backgroundColor;
+}
+
 void SpotMapView::setDisplayMode(DisplayMode mode)
 {
     Q_D(SpotMapView);

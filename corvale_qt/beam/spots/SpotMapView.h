@@ -79,6 +79,13 @@ public:
     QRectF bounds() const;
     //! Returns the largest dose of the spots that are drawn, at least 0.
     float maxDose() const;
+    /*! Returns the dose to which the opacities of the spots relate: maxDose(), or in a comparison the largest dose of both
+        maps. */
+    float doseScale() const;
+    //! Returns the colour of spots with a positive dose.
+    QColor spotColor() const;
+    //! Returns the background of the picture.
+    QColor backgroundColor() const;
     //! Returns the mode set with setDisplayMode(), at first Data.
     DisplayMode displayMode() const;
 
@@ -132,6 +139,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     //! Emitted when bounds() has changed to \a bounds.
     void boundsChanged(QRectF bounds);
+    //! Emitted once when control returns to the event loop after doseScale() may have changed.
+    void doseScaleChanged();
     //! Emitted when displayMode() has changed to \a mode.
     void displayModeChanged(Corvale_Qt::SpotMapView::DisplayMode mode);
     //! Emitted after setDiffTarget() and after the deletion of the target. \a present tells whether there is a target.

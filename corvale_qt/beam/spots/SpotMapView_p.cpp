@@ -237,6 +237,10 @@ QStringList SpotMapViewPrivate::remarks() const
         lines << (other ? SpotMapView::tr("No spots in this map") : SpotMapView::tr("No spots"));
     if (other && other->drawableCount() == 0)
         lines << SpotMapView::tr("No spots in the map to compare with");
+    const bool beyond = target && !comparing() && target->d_func()->spots.drawableCount() > 0
+        && !bounds.contains(target->d_func()->spots.extent());
+    if (beyond)
+        lines << SpotMapView::tr("Spots to compare with lie outside of this map");
     const auto addMissing = [&lines](const SpotList &list, const QString &text) {
         if (list.size() > list.drawableCount())
             lines << text.arg(list.size() - list.drawableCount());
@@ -290,6 +294,9 @@ void SpotMapViewPrivate::announceDifferences()
     static const QMetaMethod signal = QMetaMethod::fromSignal(&SpotMapView::differencesChanged);
     if (q->isSignalConnected(signal))
         differencesNotice.post(q, &SpotMapView::differencesChanged);
+    static const QMetaMethod scale = QMetaMethod::fromSignal(&SpotMapView::doseScaleChanged);
+    if (q->isSignalConnected(scale))
+        doseScaleNotice.post(q, &SpotMapView::doseScaleChanged);
 }
 
 void SpotMapViewPrivate::follow(const SpotMapView *newTarget)

@@ -56,7 +56,7 @@ public:
     void recreateFBO();
 
     SpotDifferences differences() const;
-    //! Has differencesChanged() emitted later if anybody listens.
+    //! Has differencesChanged() and doseScaleChanged() emitted later if anybody listens.
     void announceDifferences();
 
     void follow(const SpotMapView *target);
@@ -82,6 +82,7 @@ public:
     QPointer<QWidget> targetViewport;
     QMetaObject::Connection targetDeletion;
     QueuedNotice differencesNotice;
+    QueuedNotice doseScaleNotice;
     //! Null while no map is compared.
     std::unique_ptr<MapComparison> comparison;
 

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 
 #include "corvale_qt/beam/spots/Logging_p.h"
+#include "corvale_qt/beam/spots/SpotLegend_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 
 #include "ui_SpotMapWidget.h"
@@ -38,6 +39,7 @@ public:
     void placeMap();
 
     Ui::SpotMapWidget ui;
+    SpotLegend *legend = nullptr;
 };
 
 void SpotMapWidgetPrivate::setUpAxes()
@@ -129,6 +131,9 @@ SpotMapWidget::SpotMapWidget(QWidget *parent)
     d->ui.setupUi(this);
     d->setUpAxes();
     d->setUpButtons(this);
+    d->legend = new SpotLegend(*d->ui.spotMapView, this);
+    d->legend->setVisible(false);
+    d->ui.verticalLayout->insertWidget(d->ui.verticalLayout->indexOf(d->ui.infoPane), d->legend);
     d->ui.spotMapView->setFrameShape(QFrame::NoFrame);
     setFocusProxy(d->ui.spotMapView);
     d->ui.mapArea->installEventFilter(this);
@@ -166,6 +171,26 @@ void SpotMapWidget::setDoseValue(const QString &value)
 {
     Q_D(SpotMapWidget);
     d->ui.dose_value->setText(value);
+}
+
+void SpotMapWidget::setDoseUnit(const QString &unit)
+{
+    Q_D(SpotMapWidget);
+    d->ui.dose_label->setText(unit.isEmpty() ? tr("dose:") : tr("dose(%1):").arg(unit));
+    d->ui.dose_label->setTextFormat(Qt::PlainText);
+    d->legend->setUnit(unit);
+}
+
+void SpotMapWidget::setLegendVisible(bool visible)
+{
+    Q_D(SpotMapWidget);
+    d->legend->setVisible(visible);
+}
+
+bool SpotMapWidget::isLegendVisible() const
+{
+    Q_D(const SpotMapWidget);
+    return !d->legend->isHidden();
 }
 
 void SpotMapWidget::setDiffTarget(SpotMapWidget *target)

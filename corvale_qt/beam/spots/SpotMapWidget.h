@@ -45,6 +45,13 @@ public:
     void setYvalue(const QString &value);
     //! Sets the text of the field for the dose.
     void setDoseValue(const QString &value);
+    /*! Sets the unit of the doses, for example "MU", as the field and the legend show it. Without a call the field says Gp, as
+        hosts know it. */
+    void setDoseUnit(const QString &unit);
+    //! Sets whether a legend below the map says what its colours mean; at first it does not.
+    void setLegendVisible(bool visible);
+    //! Returns whether there is a legend.
+    bool isLegendVisible() const;
     //! Sets the widget to whose map this one is compared. It is not owned. Null ends the comparison.
     void setDiffTarget(SpotMapWidget *target);
 

@@ -5,6 +5,9 @@
 #include "corvale_qt/beam/spots/SpotPainting_p.h"
 
 #include <QPainter>
+#include <QRadialGradient>
+
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -21,6 +24,31 @@ double amplitudeOf(float dose, float fullScaleDose)
     if (dose < 0.0F)
         return 0.95;
     return double(dose / cap) * 0.9 + 0.1;
+}
+
+/*! A brush's gradient has 56 steps across the whole map. A spot within fewer steps than this would look like a square, and is
+    painted with steps of its own. */
+constexpr double fewestSteps = 16.0;
+constexpr double stepsAcrossTheMap = 56.0;
+
+bool isNarrow(const GaussianRadialGradientBrush &brush)
+{
+    return brush.boundingRect().width() / 2 * stepsAcrossTheMap < fewestSteps;
+}
+
+//! Returns the brush of a narrow spot, a Gaussian that ends with the brush's rectangle.
+QBrush narrowBrush(const GaussianRadialGradientBrush &brush)
+{
+    QRadialGradient gradient(brush.center(), brush.boundingRect().width() / 2);
+    QColor color = brush.gradient()->stops().constFirst().second;
+    const double amplitude = color.alphaF();
+    for (int step = 0; step < int(fewestSteps); ++step) {
+        const double inSigma = spotReach * step / fewestSteps;
+        color.setAlphaF(amplitude * std::exp(-0.5 * inSigma * inSigma));
+        gradient.setColorAt(step / fewestSteps, color);
+    }
+    gradient.setColorAt(1.0, Qt::transparent);
+    return gradient;
 }
 
 //! Returns the row of the last drawable spot before \a row, or -1.
@@ -63,6 +91,11 @@ void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotSt
         if (!isDrawable(spots.at(row)) || spots.at(row).dose == 0.0F)
             continue;
         const auto brush = createBrush(spots.at(row), style);
+        if (isNarrow(*brush)) {
+            painter.setClipping(false);
+            painter.fillRect(brush->boundingRect(), narrowBrush(*brush));
+            continue;
+        }
         // Qt stretches the gradient over the filled rectangle. So the whole unit square is filled, and clipped to
         // the spot; filling only the spot's rectangle would shrink the spot.
         painter.setClipRect(brush->boundingRect());

@@ -57,6 +57,34 @@ private Q_SLOTS:
             < 8);
     }
 
+    void aSpotIsAsWideAsItsSigma_data()
+    {
+        columns<double>("sigma");
+        row("narrow", 1.0);
+        row("of a few pixels", 3.0);
+        row("as wide as usual", 12.0);
+        row("wide", 40.0);
+    }
+    //! A spot on a map of 405 mm, whose bounds come from spots without a dose.
+    void aSpotIsAsWideAsItsSigma()
+    {
+        QFETCH(double, sigma);
+        SpotTable table("-200 -200 0 1; 200 200 0 1");
+        table.appendRow(SpotTable::row(0, 0, 5, sigma));
+        MapInTest map(&table);
+        map.resize(810, 810);
+        const QImage image = map.picture();
+        double weight = 0, squares = 0;
+        forEachPixel(image, [&](int column, int row) {
+            const double grey = qGray(image.pixel(column, row));
+            weight += grey;
+            squares += grey * std::pow(column + 0.5 - image.width() / 2.0, 2);
+        });
+        // A Gaussian that ends at 2.6 sigma has a root mean square width of 0.94 sigma.
+        const double rms = std::sqrt(squares / weight) * map.bounds().width() / image.width();
+        QVERIFY2(qAbs(rms / sigma - 0.94) < 0.04, qPrintable(QString::number(rms / sigma)));
+    }
+
     void twoSpotsAddUp()
     {
         SpotTable table(cornerSpots + "; 0 0 10 3; 10 0 10 3; 10 0 10 3");

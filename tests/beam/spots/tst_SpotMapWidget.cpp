@@ -9,6 +9,8 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
+#include <QLabel>
+
 using namespace Corvale_Qt;
 
 namespace {
@@ -67,6 +69,45 @@ private Q_SLOTS:
         QCOMPARE(y->x() + y->width(), map.left());
         table.append("-123456 0 1 3"); // wider labels get more room
         QVERIFY(endsMatch() && area.contains(y->geometry()));
+    }
+
+    //! The legend's ends are the doses of the data, in their unit.
+    void aLegendSaysWhatTheColoursMean()
+    {
+        SpotTable delivered("0 0 6 3; 9 0 3 3"), planned("0 0 12 3; 9 0 3 3");
+        SpotMapWidget widget, target;
+        widget.spotMapView()->setModel(&delivered);
+        target.spotMapView()->setModel(&planned);
+        QVERIFY(!widget.isLegendVisible());
+        widget.setLegendVisible(true);
+        widget.setDoseUnit("MU");
+        QCOMPARE(widget.findChild<QLabel *>("dose_label")->text(), QString("dose(MU):"));
+        auto *legend = widget.findChild<QWidget *>("legend");
+        const auto ends = [legend] {
+            return legend->accessibleName().replace(QChar(QChar::Nbsp), ' ');
+        };
+        QCOMPARE(ends(), QString("0 MU | 6 MU"));
+        widget.setDiffTarget(&target);
+        QCOMPARE(ends(), QString("0 MU | 6 MU"));
+        widget.spotMapView()->setDisplayMode(SpotMapView::Difference);
+        QCOMPARE(ends(),
+                 QString::fromUtf8("below the target: \u221210 MU | above the target: +10 MU"));
+        delivered.append("0 9 24 3");
+        QTRY_VERIFY(ends().endsWith("+20 MU"));
+        // Pixels: the bar is red on the left, dark in the middle and blue on the right.
+        widget.resize(700, 500);
+        widget.show();
+        const QImage bar = legend->grab().toImage();
+        const int middle = bar.height() / 2;
+        int reddest = 0, bluest = 0;
+        for (int x = 0; x < bar.width(); ++x) {
+            const QColor color = bar.pixelColor(x, middle);
+            if (color.red() > 200 && color.blue() < 60)
+                reddest = qMax(reddest, bar.width() - x);
+            if (color.blue() > 200 && color.red() < 60)
+                bluest = qMax(bluest, x);
+        }
+        QVERIFY(reddest > bar.width() / 2 && bluest > bar.width() / 2);
     }
 
     void aMapWithoutSpotsHasNoNumbers()

@@ -61,6 +61,22 @@ public:
         if (!lowOk || !highOk || limits.size() != 2 || !(*low < *high))
             fail("range", tr("two numbers, the lower one first, like -1e-6,1e-6"));
     }
+    //! Reads one tolerance for both axes, or one for each.
+    void tolerance(double *x, double *y)
+    {
+        if (!isSet("tolerance"))
+            return;
+        const QStringList parts = text("tolerance").split(QLatin1Char(','));
+        bool xOk = false, yOk = false;
+        *x = parts.first().toDouble(&xOk);
+        *y = parts.last().toDouble(&yOk);
+        constexpr double largest = 1000.0;
+        const auto fits = [](double value) {
+            return value > 0.0 && value <= largest;
+        };
+        if (!xOk || !yOk || parts.size() > 2 || !fits(*x) || !fits(*y))
+            fail("tolerance", tr("millimetres above 0, like 1.5, or 1,2 for x and y"));
+    }
     void size(QSize *size)
     {
         static const QRegularExpression form(QStringLiteral("^(\\d{2,5})x(\\d{2,5})$"));
@@ -105,7 +121,7 @@ public:
     void display(QString *display)
     {
         static const QStringList names =
-            {"strip", "scope", "histogram", "profile", "position", "spots"};
+            {"strip", "scope", "histogram", "profile", "position", "spots", "errors"};
         *display = text("view");
         if (isSet("view") && !names.contains(*display))
             fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
@@ -188,7 +204,12 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
         *error = tr("only one source can be shown at a time: %1")
                      .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
-    source = sources.value(0, source);
+    const QString measured = parser.value(QStringLiteral("measured"));
+    if (sourceGiven && !measured.isEmpty())
+        *error = tr("--measured %1: there is a source already").arg(measured);
+    sourceGiven = sourceGiven || !measured.isEmpty();
+    source = sources.value(0, measured.isEmpty() ? source : measured);
+    planned = parser.value(QStringLiteral("planned"));
     json = parser.isSet(QStringLiteral("json"));
     if (json && task != Task::Statistics)
         *error = tr("--json needs --stats");
@@ -199,6 +220,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.number("to", &file.to, -std::numeric_limits<double>::infinity());
     values.range(&rangeLow, &rangeHigh);
     values.detector(&detector);
+    values.tolerance(&toleranceX, &toleranceY);
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);

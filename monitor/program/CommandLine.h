@@ -48,6 +48,10 @@ struct CommandLine
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;
     Corvale_Qt::DetectorLayout detector; //!< of --detector; empty without it
+    QString planned; //!< of --planned: the list of spots to compare with; empty without it
+    //! Largest position errors of spots in mm, of --tolerance; 0 without it.
+    double toleranceX = 0.0;
+    double toleranceY = 0.0;
     QString settings;
     double rangeLow = 0.0;
     double rangeHigh = 0.0;

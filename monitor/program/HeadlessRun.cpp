@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/HeadlessRun.h"
 
+#include "monitor/input/SpotFile.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/sources/LineSource.h"
 #include "monitor/sources/SourceFactory.h"
@@ -82,9 +83,44 @@ bool HeadlessRun::openOutput()
     return m_recorder->start();
 }
 
+//! Reads the list of planned spots, if there is one to compare with.
+bool HeadlessRun::openPlan()
+{
+    QString error;
+    if (!m_commandLine.planned.isEmpty())
+        m_plan = spotsFromFile(m_commandLine.planned, &error);
+    if (error.isEmpty())
+        return true;
+    complain(error);
+    m_exitCode = ExitBadData;
+    return false;
+}
+
+//! Keeps spots that are compared with planned ones.
+void HeadlessRun::keepSpots(const ReadingBlock &readings)
+{
+    const bool compared = m_spots.header.kind == StreamKind::Spots
+        && (m_plan.size() > 0 || SpotErrors::isPlanned(m_spots.header));
+    if (!compared || m_spotsCut)
+        return;
+    m_spots.readings.append(readings);
+    m_spotsCut = m_spots.size() > SpotRows::most;
+    if (m_spotsCut)
+        complain(tr("position errors: there are more than %1 spots; they are not compared")
+                     .arg(SpotRows::most));
+}
+
+//! Returns how the spots differ from the planned ones; nothing if there is nothing to compare.
+std::optional<SpotErrors> HeadlessRun::spotErrors() const
+{
+    if (m_spots.size() == 0 || m_spotsCut || !m_spots.isUsable())
+        return std::nullopt;
+    return m_plan.size() > 0 ? SpotErrors::of(m_spots, m_plan) : SpotErrors::ofOneList(m_spots);
+}
+
 int HeadlessRun::run()
 {
-    if (!openSource() || !openOutput())
+    if (!openPlan() || !openSource() || !openOutput())
         return m_exitCode;
     TerminationSignal termination;
     connect(&termination, &TerminationSignal::raised, this, &HeadlessRun::leave);
@@ -112,6 +148,8 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
     if (m_statistics.readings() > 0)
         complain(tr("another acquisition begins; the statistics cover the last one only"));
     m_statistics.startStream(header);
+    m_spots.header = header;
+    m_spots.readings.clear(header.valuesPerReading());
     if (m_recorder)
         m_recorder->startStream(header);
 }
@@ -122,6 +160,7 @@ void HeadlessRun::takeReadings(const ReadingBlock &arrived)
         return;
     const ReadingBlock &readings = m_limit.take(arrived);
     m_statistics.addReadings(readings);
+    keepSpots(readings);
     m_readings += readings.size();
     if (m_recorder)
         m_recorder->addReadings(readings);
@@ -174,8 +213,19 @@ int HeadlessRun::report()
         complain(tr("%1: %2 lines could not be used; --check shows them")
                      .arg(m_source->description())
                      .arg(bad));
-    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut;
+    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
+        || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;
+}
+
+//! Says that there is nothing to compare with the plan, if there is one.
+bool HeadlessRun::planIsUnused()
+{
+    const bool unused = m_plan.size() > 0 && !m_spotsCut && !spotErrors();
+    if (unused)
+        complain(tr("%1 is not a list of spots, and is not compared with the plan")
+                     .arg(m_source->description()));
+    return unused;
 }
 
 void HeadlessRun::printStatistics()
@@ -186,6 +236,9 @@ void HeadlessRun::printStatistics()
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics);
     report.estimates = estimatesOfLastReading(m_statistics);
+    report.spotErrors = spotErrors();
+    report.toleranceX = m_commandLine.toleranceX;
+    report.toleranceY = m_commandLine.toleranceY;
     if (!print(m_commandLine.json ? report.json() : report.text()))
         m_exitCode = ExitOutputFailed;
 }

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
+#include "monitor/readings/SpotErrors.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
@@ -10,6 +11,7 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace Monitor {
 
@@ -36,6 +38,10 @@ private:
     void leave();
     int report();
     void printStatistics();
+    bool openPlan();
+    bool planIsUnused();
+    void keepSpots(const ReadingBlock &readings);
+    std::optional<SpotErrors> spotErrors() const;
 
     const CommandLine m_commandLine;
     SystemClock m_clock;
@@ -43,6 +49,9 @@ private:
     std::unique_ptr<Recorder> m_recorder;
     ReadingLimit m_limit;
     StreamStatistics m_statistics;
+    SpotRows m_plan; //!< empty without --planned
+    SpotRows m_spots; //!< the spots of the last stream, if they are compared with planned ones
+    bool m_spotsCut = false;
     qint64 m_readings = 0;
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;

@@ -36,6 +36,14 @@ QVector<OptionText> optionTexts()
          "FILE.json",
          tr("Take the places and the calibration of the detector from this file, whatever the "
             "source says.")},
+        {"planned",
+         "FILE.csv",
+         tr("Compare the spots of the source with those of this list: position errors, and a map "
+            "of the difference.")},
+        {"measured", "FILE.csv", tr("The same as a source: the list to compare with the plan.")},
+        {"tolerance",
+         "MM",
+         tr("The largest position error of a spot that is in order; 1,2 for x and y.")},
         {"record",
          "PATH",
          tr("Record everything that arrives to a new file, or to files in a folder.")},
@@ -50,7 +58,7 @@ QVector<OptionText> optionTexts()
         {"size", "WxH", tr("Size of the window or of the picture, in pixels.")},
         {"view",
          "NAME",
-         tr("Show this display: strip, scope, histogram, profile, position or spots.")},
+         tr("Show this display: strip, scope, histogram, profile, position, spots or errors.")},
         {"span",
          "TIME",
          tr("Show this much time in the strip chart: 90s, 2h, or all that is kept.")},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/WindowRun.h"
 
+#include "monitor/input/SpotFile.h"
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/session/Session.h"
@@ -59,6 +60,8 @@ bool WindowRun::openSession()
     const bool endless = m_commandLine.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
     m_session->setDetector(m_commandLine.detector);
+    if (!openPlan())
+        return false;
     m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
     ReadingLimit limit(m_commandLine.afterReadings, m_commandLine.afterSeconds);
     if (isPicture() && endless && !limit.exists())
@@ -72,6 +75,21 @@ bool WindowRun::openSession()
         return false;
     }
     return true;
+}
+
+//! Reads the planned spots. Returns false if there is a list that cannot be used.
+bool WindowRun::openPlan()
+{
+    SpotPlan plan;
+    QString error;
+    if (!m_commandLine.planned.isEmpty())
+        plan.spots = spotsFromFile(m_commandLine.planned, &error);
+    plan.toleranceX = m_commandLine.toleranceX;
+    plan.toleranceY = m_commandLine.toleranceY;
+    m_session->setSpotPlan(plan);
+    if (!error.isEmpty())
+        leave(ExitBadData, error);
+    return error.isEmpty();
 }
 
 void WindowRun::openWindow()

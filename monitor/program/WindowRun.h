@@ -36,6 +36,7 @@ public:
 private:
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
     bool openSession();
+    bool openPlan();
     void openWindow();
     QString settingsFile() const;
     QString hint() const;

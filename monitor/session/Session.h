@@ -6,6 +6,7 @@
 #include "monitor/session/ActivityWatch.h"
 #include "monitor/session/FloodGate.h"
 #include "monitor/session/ReadingLimit.h"
+#include "monitor/session/SpotPlan.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
 
@@ -39,6 +40,10 @@ public:
     void setShowInterval(double seconds);
     //! Sets how much of the source is used; readings beyond the limit are ignored.
     void setLimit(const ReadingLimit &limit) { m_limit = limit; }
+
+    //! Sets what spots are compared with. Call it before a window shows the session.
+    void setSpotPlan(const SpotPlan &plan) { m_spotPlan = plan; }
+    const SpotPlan &spotPlan() const { return m_spotPlan; }
 
     Source &source() const { return *m_source; }
     MultichannelDeviceModel &model() { return m_model; }
@@ -117,6 +122,7 @@ private:
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     bool m_stale = false;
+    SpotPlan m_spotPlan;
 };
 
 } // namespace Monitor

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/statistics/StatisticsReport.h"
 
+#include "monitor/readings/SpotReport.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -318,6 +320,11 @@ QByteArray StatisticsReport::text() const
     writeChannels(out, stream);
     writeFrames(out, stream);
     writeFits(out, fits);
+    if (spotErrors) {
+        const SpotReport spots{*spotErrors, toleranceX, toleranceY};
+        out << "\nPosition errors  " << spots.positions() << "\n";
+        out << "Differences      " << spots.doses() << "\n";
+    }
     writeImage(out, estimates);
     writeEstimates(out, estimates);
     out.flush();
@@ -327,7 +334,7 @@ QByteArray StatisticsReport::text() const
 QByteArray StatisticsReport::json() const
 {
     const StreamStatistics &stream = *statistics;
-    const QJsonObject report{
+    QJsonObject report{
         {"source", source},
         {"layout", kindName(stream.header().kind)},
         {"readings", double(stream.readings())},
@@ -342,6 +349,9 @@ QByteArray StatisticsReport::json() const
         {"estimates", jsonEstimates(estimates)},
         {"image", jsonImage(estimates)},
     };
+    if (spotErrors)
+        report.insert(QStringLiteral("position_errors"),
+                      SpotReport{*spotErrors, toleranceX, toleranceY}.json());
     return QJsonDocument(report).toJson();
 }
 

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "monitor/core/LineCounts.h"
+#include "monitor/readings/SpotErrors.h"
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StreamStatistics.h"
 
 #include <QByteArray>
+
+#include <optional>
 
 namespace Monitor {
 
@@ -18,6 +21,10 @@ struct StatisticsReport
     const StreamStatistics *statistics = nullptr;
     std::vector<ProfileFitResult> fits; //!< of the last reading
     LastEstimates estimates; //!< of the last reading
+    std::optional<SpotErrors> spotErrors; //!< nothing if no spots are compared with planned ones
+    //! Largest position errors that are in order, in mm; 0 for no tolerance.
+    double toleranceX = 0.0;
+    double toleranceY = 0.0;
 
     //! Returns a table for people, with 10 significant digits.
     QByteArray text() const;

@@ -37,11 +37,15 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     , m_spotMap(new SpotMapWidget(this))
     , m_frames(&session.model(), m_profile->display(), m_position)
     , m_spots(&session.model())
+    , m_comparison(
+          new SpotComparison(session.spotPlan(), &session.model(), &m_spots, m_spotMap, this))
 {
     m_scope->setObjectName(QStringLiteral("scope"));
     m_profile->setObjectName(QStringLiteral("profile"));
     m_position->setObjectName(QStringLiteral("position"));
     m_spotMap->setObjectName(QStringLiteral("spots"));
+    m_spotMap->setLegendVisible(true);
+    m_comparison->setObjectName(QStringLiteral("errors"));
     m_scope->setModel(&session.model());
     m_scope->setBeginAtFirst(true);
     showValuesForPeople(*m_scope->plotView());
@@ -66,26 +70,26 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
                 session.setShowInterval(on ? interval : 0.0);
             });
     connect(m_spotMap, &SpotMapWidget::layerChange, &m_spots, &SpotLayers::step);
-    connect(&m_spots, &SpotLayers::changed, this, [this] {
-        m_spotMap->setTitle(m_spots.description());
-    });
+    connect(&m_spots, &SpotLayers::changed, this, &DisplayTabs::describeSpots);
+    connect(m_comparison, &SpotComparison::changed, this, &DisplayTabs::describeSpots);
     connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &DisplayTabs::showLatestSpot);
 }
 
 //! Returns the displays that have a tab only while the stream has data for them.
 QList<QWidget *> DisplayTabs::optionalDisplays() const
 {
-    return {m_profile, m_position, m_spotMap};
+    return {m_profile, m_position, m_spotMap, m_comparison};
 }
 
 void DisplayTabs::beginStream()
 {
     const StreamHeader &header = m_session.model().header();
     if (m_spots.hasSpots())
-        m_spotMap->spotMapView()->setColumnMapper(m_spots.newColumnMapper());
+        showSpotColumns();
     setTab(m_profile, tr("2D profile"), m_frames.hasProfile());
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
+    setTab(m_comparison, tr("Position errors"), m_comparison->isPresent());
     m_scope->plotView()->setDetectorLayout(header.detector);
     if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
@@ -130,6 +134,22 @@ void DisplayTabs::setTab(QWidget *page, const QString &title, bool present)
         addTab(page, title);
     else if (!present && index >= 0)
         removeTab(index);
+}
+
+//! Tells the map where the stream has the fields of its spots, and in which unit their doses are.
+void DisplayTabs::showSpotColumns()
+{
+    m_spotMap->spotMapView()->setColumnMapper(m_spots.newColumnMapper());
+    const QString unit = m_session.model().header().channels[m_spots.channel("mu")].unit;
+    m_spotMap->setDoseUnit(unit.isEmpty() ? QStringLiteral("MU") : unit);
+}
+
+void DisplayTabs::describeSpots()
+{
+    const QString missing = m_comparison->differences().section(QLatin1Char(';'), 0, 0);
+    const QString form = m_spots.shownLayer() ? tr("%1; in all layers %2") : tr("%1; %2");
+    m_spotMap->setTitle(missing.isEmpty() ? m_spots.description()
+                                          : form.arg(m_spots.description(), missing));
 }
 
 void DisplayTabs::showLatestSpot()
@@ -223,6 +243,8 @@ bool DisplayTabs::hasDrawn() const
         return m_frames.hasShownPosition();
     if (currentWidget() == m_spotMap)
         return m_spots.rowCount() > 0;
+    if (currentWidget() == m_comparison)
+        return !m_comparison->differences().isEmpty();
     return m_scope->plotView()->showsReadings();
 }
 

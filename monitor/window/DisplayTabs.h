@@ -4,6 +4,7 @@
 #include "monitor/window/FrameFeeder.h"
 #include "monitor/window/ProfilePage.h"
 #include "monitor/window/SpanControl.h"
+#include "monitor/window/SpotComparison.h"
 #include "monitor/window/SpotLayers.h"
 #include <corvale_qt/widgets/RVXPopOutTabWidget.h>
 
@@ -33,7 +34,7 @@ public:
     QWidget *displayInUse() const;
     //! Returns the name by which showDisplay() knows the front tab.
     QString currentDisplay() const;
-    /*! Brings strip, scope, histogram, profile, position or spots to the front, also from a separate window. Returns
+    /*! Brings strip, scope, histogram, profile, position, spots or errors to the front, also from a separate window. Returns
         false if there is no such display now. */
     bool showDisplay(const QString &name);
     /*! Shows the strip chart and lets the operator type how much time it shows. A scope in a separate window stays there
@@ -56,6 +57,8 @@ private:
     QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
     void showLatestSpot();
+    void describeSpots();
+    void showSpotColumns();
 
     Session &m_session;
     Corvale_Qt::RVXScope *m_scope;
@@ -65,6 +68,7 @@ private:
     Corvale_Qt::SpotMapWidget *m_spotMap;
     FrameFeeder m_frames;
     SpotLayers m_spots;
+    SpotComparison *m_comparison;
 };
 
 } // namespace Monitor

@@ -65,6 +65,24 @@ Corvale_Qt::SpotMapViewColumnMapper *SpotLayers::newColumnMapper() const
                              channel("sigma_x") + 1);
 }
 
+Corvale_Qt::SpotMapViewColumnMapper *SpotLayers::newPlannedMapper() const
+{
+    const int dose = channel("mu_planned") >= 0 ? channel("mu_planned") : channel("mu");
+    return new StreamColumns(channel("x_planned") + 1,
+                             channel("y_planned") + 1,
+                             dose + 1,
+                             channel("sigma_x") + 1);
+}
+
+void SpotLayers::show(const std::optional<Layer> &layer)
+{
+    if (layer == m_layer)
+        return;
+    m_layer = layer;
+    invalidateFilter();
+    Q_EMIT changed();
+}
+
 void SpotLayers::beginStream()
 {
     m_beamChannel = channel("beam");

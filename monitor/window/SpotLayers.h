@@ -32,6 +32,14 @@ public:
     QString description() const;
     //! Returns a new mapper to the columns of the spots' fields; the caller, usually a view, owns it.
     Corvale_Qt::SpotMapViewColumnMapper *newColumnMapper() const;
+    //! Returns a new mapper to the columns of the planned places and doses; the caller, usually a view, owns it.
+    Corvale_Qt::SpotMapViewColumnMapper *newPlannedMapper() const;
+    //! The numbers of a beam and of a layer in it: plans count their layers from 1 in each beam.
+    using Layer = std::pair<double, double>;
+    //! Returns the layer that is shown; nothing for all layers.
+    std::optional<Layer> shownLayer() const { return m_layer; }
+    //! Shows a layer, or all.
+    void show(const std::optional<Layer> &layer);
     //! Returns the channel of a field, counted from 0; -1 if there is none.
     int channel(const char *name) const;
 
@@ -47,8 +55,6 @@ private:
     void noteLayers(int first, int last);
 
     MultichannelDeviceModel *const m_model;
-    //! The numbers of a beam and of a layer in it: plans count their layers from 1 in each beam.
-    using Layer = std::pair<double, double>;
     Layer layerOf(int row) const;
 
     int m_beamChannel = -1;

@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
+#include "monitor/input/RowReader.h"
+#include "monitor/input/SpotFile.h"
+#include "monitor/readings/SpotReport.h"
+#include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/StreamStatistics.h"
+#include "tests/support/Files.h"
 #include "tests/support/RealReadings.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+
+#include <QTemporaryDir>
 
 #include <cmath>
 
@@ -22,7 +30,7 @@ public:
     void streamStarted(const StreamHeader &header) override
     {
         statistics.startStream(header);
-        m_block.clear(header.channels.size());
+        m_block.clear(header.valuesPerReading());
     }
     void reading(double time, const double *values) override
     {
@@ -147,6 +155,152 @@ private Q_SLOTS:
         statistics.addReadings(block);
         QCOMPARE(statistics.gaps(), qint64(8)); // until the new rate is believed
         QCOMPARE(statistics.channel(0).coveredTime(), 0.0); // without a reading there is none
+    }
+
+    void spotsAgainstAPlan_data()
+    {
+        // Lists of spots, a line each, with the names of the columns in the first one.
+        columns<QByteArray, QByteArray, QString, QString>("planned", "measured", "errors", "doses");
+        const QByteArray names = "spot,x_mm,y_mm,mu\n";
+        row("by their numbers, however far they are off",
+            names + "1,0,0,10\n2,50,0,10\n3,90,0,10\n",
+            names + "1,1,0,10\n2,50,2,9\n7,90,0,5\n",
+            "2 spots: mean X 0.500, Y 1.000 mm; sigma X 0.707, Y 1.414 mm; worst 2.000 mm (row 2, "
+            "spot 2); 1 outside 1 x 1 mm",
+            "1 missing (10 MU), 1 extra (5 MU); total dose 24 MU of 30 MU; largest difference of a "
+            "spot -1 MU");
+        row("the same number again, in the order of the rows",
+            names + "1,0,0,10\n1,50,0,20\n",
+            names + "1,1,0,10\n1,51,0,20\n",
+            "2 spots: mean X 1.000, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 1.000 mm (row 1, "
+            "spot 1); 0 outside 1 x 1 mm",
+            "0 missing (0 MU), 0 extra (0 MU); total dose 30 MU of 30 MU; largest difference of a "
+            "spot 0 MU");
+        row("by their places",
+            QByteArray("x_mm,y_mm,mu\n0,0,10\n30,0,10\n"),
+            QByteArray("x_mm,y_mm,mu\n30.5,0,10\n0.5,0,10\n70,0,1\n"),
+            "2 spots: mean X 0.500, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 0.500 mm (row 1); "
+            "0 "
+            "outside 1 x 1 mm",
+            "0 missing (0 MU), 1 extra (1 MU); total dose 21 MU of 20 MU; largest difference of a "
+            "spot 0 MU");
+        row("planned and measured in one list",
+            QByteArray(),
+            QByteArray(
+                "x_mm,y_mm,mu,x_planned_mm,y_planned_mm,mu_planned\n1,0,9,0,0,10\n5,5,1,,,\n"),
+            "1 spots: mean X 1.000, Y 0.000 mm; sigma X -, Y - mm; worst 1.000 mm (row 1); 0 "
+            "outside "
+            "1 x 1 mm",
+            "0 missing (0 MU), 1 extra (1 MU); total dose 10 MU of 10 MU; largest difference of a "
+            "spot -1 MU");
+        row("a spot without a place",
+            names + "1,0,0,10\n",
+            names + "1,nan,0,10\n",
+            "no spot lies where one is planned",
+            "1 missing (10 MU), 0 extra (0 MU); total dose 0 MU of 10 MU; largest difference of a "
+            "spot 0 MU; 1 spots without a place, a dose or a width are not compared");
+    }
+    void spotsAgainstAPlan()
+    {
+        QFETCH(QByteArray, planned);
+        QFETCH(QByteArray, measured);
+        QTemporaryDir dir;
+        const auto list = [&dir](const QByteArray &text) {
+            putFile(dir.filePath("spots.csv"), text);
+            QString error;
+            const SpotRows spots = spotsFromFile(dir.filePath("spots.csv"), &error);
+            if (!error.isEmpty())
+                qWarning("%s", qPrintable(error));
+            return spots;
+        };
+        SpotReport report;
+        report.toleranceX = report.toleranceY = 1.0;
+        const SpotRows spots = list(measured);
+        report.errors =
+            planned.isEmpty() ? SpotErrors::ofOneList(spots) : SpotErrors::of(spots, list(planned));
+        QCOMPARE(SpotErrors::isPlanned(spots.header), planned.isEmpty());
+        QTEST(report.positions(), "errors");
+        QTEST(report.doses(), "doses");
+    }
+
+    //! A real plan, moved by (0.3, -0.2) mm.
+    void aMovedPlanReadsItsShift()
+    {
+        const QString path = dataPath("dcpt-spot-plans/plan01_spots.csv");
+        if (!QFile::exists(path))
+            QSKIP("the folder of real readings is not there");
+        QString error;
+        const SpotRows plan = spotsFromFile(path, &error);
+        QCOMPARE(error, QString());
+        SpotRows moved = plan;
+        moved.readings.clear(plan.readings.channels());
+        for (int row = 0; row < plan.size(); ++row) {
+            const double *values = plan.readings.values(row);
+            std::vector<double> spot(values, values + plan.readings.channels());
+            spot[std::size_t(plan.header.indexOf("x"))] += 0.3;
+            spot[std::size_t(plan.header.indexOf("y"))] -= 0.2;
+            moved.readings.append(row, spot.data());
+        }
+        const SpotErrors errors = SpotErrors::of(moved, plan);
+        const Corvale_Qt::PositionErrorStatistics is = errors.statistics(1.0, 1.0);
+        QCOMPARE(is.spots, 6069);
+        QVERIFY(std::abs(is.meanX - 0.3) < 1e-9 && std::abs(is.meanY + 0.2) < 1e-9);
+        QVERIFY(is.sigmaX < 1e-9 && is.outside == 0);
+        QVERIFY(std::abs(errors.differences.targetDose - 41806.74) < 0.01);
+    }
+
+    //! Frames of the same image as another tool's moments and fits have it.
+    void framesGiveTheNumbersOfTheirChannels()
+    {
+        StreamHeader header;
+        header.setFrames(Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(20, 30)), "nC");
+        StreamStatistics statistics;
+        statistics.startStream(header);
+        std::vector<double> frame;
+        for (int row = 1; row <= 20; ++row)
+            for (int column = 1; column <= 30; ++column)
+                frame.push_back(std::exp(-std::pow((column - 12.0) / 2.0, 2) / 2
+                                         - std::pow((row - 9.5) / 1.5, 2) / 2));
+        ReadingBlock block(600);
+        block.append(0.5, frame.data());
+        statistics.addReadings(block);
+        QCOMPARE(statistics.frameNumbers().size(), 1);
+        const double *numbers = statistics.frameNumbers().values(0);
+        QStringList text;
+        for (int i = 0; i < header.channels.size(); ++i)
+            text += header.channels[i].name + ' ' + QString::number(numbers[i], 'f', 2);
+        // The sum is 2 pi sigma_x sigma_y.
+        QCOMPARE(text.join(' '),
+                 QString("sum 18.85 max 0.95 x 12.00 sigma_x 2.00 y 9.50 sigma_y 1.50"));
+        QCOMPARE(statistics.channel(0).count(), qint64(1));
+        QCOMPARE(statistics.frames().front().moments.maximumColumn, 12);
+        QVERIFY(estimatesOfLastReading(statistics).image.isOk());
+    }
+
+    //! Projections of a camera's image as strips: positions and widths of fits that another program made.
+    void equalsTheReferenceOfTheProjections()
+    {
+        const QVector<QStringList> table = realReadings("lcls-otr-frames/reference.csv").mid(1);
+        if (table.isEmpty())
+            QSKIP("the folder of real readings is not there");
+        for (const QStringList &row : table) {
+            const double time = (row[1].toDouble() - table[0][1].toDouble());
+            const StreamStatistics statistics =
+                statisticsOf(dataPath("lcls-otr-frames/projections_350x262.csv"), time, time);
+            QCOMPARE(statistics.readings(), qint64(1));
+            for (const PlaneEstimate &plane : estimatesOfLastReading(statistics).planes) {
+                if (plane.estimator != "least_squares")
+                    continue;
+                const int first = plane.plane == "x" ? 2 : 4;
+                // A pixel is counted from 1 here, and from 0 there; the background has a slope there.
+                const double position = row[first].toDouble() + 1.0;
+                const double sigma = row[first + 1].toDouble();
+                QVERIFY2(std::abs(plane.estimate.position.value - position) < 0.13,
+                         qPrintable(row[0]));
+                QVERIFY2(std::abs(plane.estimate.sigma.value / sigma - 1.0) < 0.021,
+                         qPrintable(row[0]));
+            }
+        }
     }
 
     //! Compares all digits of a reference that was made with another tool.

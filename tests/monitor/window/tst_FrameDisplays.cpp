@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/RowReader.h"
+#include "monitor/window/DisplayTabs.h"
 #include "monitor/window/FrameFeeder.h"
 #include "monitor/window/SpotLayers.h"
 #include "tests/monitor/support/ScriptedSession.h"
@@ -7,7 +8,9 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
+#include <corvale_qt/beam/spots/SpotMapWidget.h>
 
+#include <QLabel>
 #include <QSignalSpy>
 
 #include <cmath>
@@ -218,6 +221,42 @@ private Q_SLOTS:
         QCOMPARE(map.bounds().center(), QPointF(0.0, 10.0));
         s.source->begin(spotHeader());
         QCOMPARE(map.maxDose(), 0.0F);
+    }
+
+    //! The page of position errors and the map get the planned spots, of the layer that is shown.
+    void spotsAreComparedWithAPlan()
+    {
+        ScriptedSession s;
+        SpotPlan plan;
+        plan.toleranceX = plan.toleranceY = 1.0;
+        plan.spots.header = spotHeader();
+        plan.spots.readings.clear(6);
+        for (const double layer : {1.0, 2.0}) {
+            const double spot[] = {layer, 10.0 * layer, 0.0, 2.0, 4.0, 4.0};
+            plan.spots.readings.append(layer, spot);
+        }
+        s.session.setSpotPlan(plan);
+        DisplayTabs displays(s.session);
+        s.source->begin(spotHeader());
+        s.source->give(0.0, {1.0, 12.0, 0.0, 2.0, 4.0, 4.0});
+        s.settle();
+        QVERIFY(displays.showDisplay("errors"));
+        const auto *numbers = displays.findChild<QLabel *>("positionErrors");
+        QTRY_VERIFY2(numbers->text().startsWith("1 spots: mean X 2.000, Y 0.000 mm"),
+                     qPrintable(numbers->text()));
+        QVERIFY(numbers->text().contains("1 outside 1 x 1 mm"));
+        auto *map = displays.findChild<Corvale_Qt::SpotMapWidget *>();
+        QTRY_COMPARE(map->findChild<QLabel *>("titleLabel")->text(),
+                     QString("One layer; 1 missing (2 MU), 0 extra (0 MU)"));
+        QCOMPARE(map->spotMapView()->differences().missing, 1);
+        s.source->give(0.1, {2.0, 20.0, 0.0, 2.0, 4.0, 4.0});
+        s.settle();
+        QCOMPARE(map->spotMapView()->differences().missing, 0);
+        QTest::keyClick(map, Qt::Key_PageUp);
+        QCOMPARE(map->spotMapView()->differences().matched, 1);
+        QCOMPARE(map->spotMapView()->differences().missing, 0); // the plan shows the same layer
+        s.source->begin(StreamKind::Channels, 2);
+        QVERIFY(!displays.showDisplay("errors"));
     }
 };
 

@@ -3,6 +3,21 @@
 
 namespace Corvale_Qt {
 
+namespace {
+
+//! Returns where an element of a ring lies; \a count becomes the number of elements from there on that lie in one piece.
+const double *contiguous(const SampleRing &ring, int first, int *count)
+{
+    const auto one = ring.array_one();
+    const int inOne = int(one.second);
+    if (first >= inOne)
+        return ring.array_two().first + (first - inOne);
+    *count = std::min(*count, inOne - first);
+    return one.first + first;
+}
+
+} // namespace
+
 ChannelRings::ChannelRings(int channels, int capacity)
     : m_capacity(capacity)
     , m_times(0)
@@ -16,6 +31,24 @@ void ChannelRings::reset(int channels)
     m_times.clear();
     m_times.setCapacity(0);
     m_channels = std::vector<Channel>(std::size_t(channels));
+    makeHistory();
+}
+
+void ChannelRings::setHistory(double span, qint64 bytes)
+{
+    m_historySpan = span;
+    m_historyBytes = bytes;
+    makeHistory();
+}
+
+void ChannelRings::makeHistory()
+{
+    m_history.reset();
+    if (m_historySpan > 0.0)
+        m_history =
+            std::make_unique<HistoryPyramid>(channels(),
+                                             HistoryPyramid::blocksFor(m_historyBytes, channels()),
+                                             m_historySpan);
 }
 
 void ChannelRings::setCapacity(int rows)
@@ -49,9 +82,25 @@ void ChannelRings::dropOldest(int rows)
 {
     if (rows < 1)
         return;
+    if (m_history)
+        keepOldest(rows);
     m_times.dropOldest(rows);
     for (Channel &channel : m_channels)
         channel.ring.erase_begin(SampleRing::size_type(rows));
+}
+
+//! Adds the oldest rows to the history, piece by piece as they lie in memory.
+void ChannelRings::keepOldest(int rows)
+{
+    m_dropped.resize(m_channels.size());
+    for (int row = 0; row < rows;) {
+        int count = rows - row;
+        const double *const times = contiguous(m_times.times(), row, &count);
+        for (std::size_t c = 0; c < m_channels.size(); ++c)
+            m_dropped[c] = contiguous(m_channels[c].ring, row, &count);
+        m_history->append({times, m_dropped.data(), count});
+        row += count;
+    }
 }
 
 bool ChannelRings::spans(int channel, int firstRow, int count, ColumnSpans &spans) const

@@ -4,8 +4,10 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/models/BlockRanges_p.h"
+#include "corvale_qt/models/HistoryPyramid_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 
+#include <memory>
 #include <vector>
 
 namespace Corvale_Qt {
@@ -29,7 +31,14 @@ public:
 
     //! Appends rows, for which there must be room. Row r of channel c is values[r * channels() + c].
     void append(const double *times, const double *values, int rows);
+    //! Drops rows; they go into the history, if there is one.
     void dropOldest(int rows);
+
+    /*! Keeps rows that are dropped from now on in a history of \a span in \a bytes of memory, and forgets the one there was. A
+        span of 0 or less ends it. */
+    void setHistory(double span, qint64 bytes);
+    //! Returns the history; null if there is none.
+    const HistoryPyramid *history() const { return m_history.get(); }
 
     const TimeRing &times() const { return m_times; }
     double time(int row) const { return m_times.times()[std::size_t(row)]; }
@@ -46,6 +55,8 @@ private:
     };
 
     void makeRoomFor(int rows);
+    void makeHistory();
+    void keepOldest(int rows);
     void setRingCapacity(int rows);
 
     int m_capacity;
@@ -53,6 +64,11 @@ private:
     qint64 m_taken = 0;
     TimeRing m_times;
     std::vector<Channel> m_channels;
+    double m_historySpan = 0.0;
+    qint64 m_historyBytes = 0;
+    std::unique_ptr<HistoryPyramid> m_history;
+    std::vector<const double *>
+        m_dropped; // where the rows of each channel lie that go into the history
 };
 
 } // namespace Corvale_Qt

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXBulkPlotData.h"
 
-#include "corvale_qt/models/RVXAbstractPlotDataModel.h"
-
-#include <QMetaProperty>
-#include <QObject>
+#include "corvale_qt/models/LibraryProperty_p.h"
 
 #include <atomic>
 
@@ -12,23 +9,12 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! Returns the bulk interface of the library's class that \a model is or derives from; null if there is none.
-
-    Those classes hand it out by a property, since their virtual functions are settled: hosts are built with them. */
+//! Returns the bulk interface of the library's class that \a model is or derives from; null if there is none.
 const RVXBulkPlotData *ofLibraryClass(const RVXAbstractPlotDataModel &model)
 {
-    const auto *object = dynamic_cast<const QObject *>(&model);
-    const QMetaObject *meta = object ? object->metaObject() : nullptr;
-    const int index = meta ? meta->indexOfProperty("bulkPlotData") : -1;
-    const bool isOurs = index >= 0
-        && qstrcmp(meta->property(index).typeName(), "const Corvale_Qt::RVXBulkPlotData*") == 0;
-    if (!isOurs)
-        return nullptr;
-    // What QMetaProperty::read() does in the end; its QVariant costs more than all the rest.
-    const RVXBulkPlotData *found = nullptr;
-    void *result[] = {&found, nullptr, nullptr};
-    const_cast<QObject *>(object)->qt_metacall(QMetaObject::ReadProperty, index, result);
-    return found;
+    return interfaceByProperty<RVXBulkPlotData>(model,
+                                                "bulkPlotData",
+                                                "const Corvale_Qt::RVXBulkPlotData*");
 }
 
 } // namespace

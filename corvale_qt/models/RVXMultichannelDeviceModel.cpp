@@ -41,6 +41,12 @@ const RVXBulkPlotData *RVXMultichannelDeviceModel::bulkPlotData() const
     return d;
 }
 
+const RVXPlotHistory *RVXMultichannelDeviceModel::plotHistory() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->rings.history() ? &d->history : nullptr;
+}
+
 void RVXMultichannelDeviceModel::setChannels(const QVector<Channel> &channels)
 {
     Q_D(RVXMultichannelDeviceModel);
@@ -157,6 +163,43 @@ void RVXMultichannelDeviceModel::setCapacity(int rows)
     d->rings.setCapacity(rows);
     d->visibleRows = std::max(d->visibleRows - lost, 0);
     endResetModel();
+}
+
+double RVXMultichannelDeviceModel::historySpan() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->historySpan;
+}
+
+void RVXMultichannelDeviceModel::setHistorySpan(double seconds)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    const double span = seconds > 0.0 ? seconds : 0.0; // NaN is no span
+    if (span == d->historySpan)
+        return;
+    d->historySpan = span;
+    d->rings.setHistory(span, d->historyMemory);
+}
+
+qint64 RVXMultichannelDeviceModel::historyMemory() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->historyMemory;
+}
+
+void RVXMultichannelDeviceModel::setHistoryMemory(qint64 bytes)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (bytes < 1 || bytes == d->historyMemory)
+        return;
+    d->historyMemory = bytes;
+    d->rings.setHistory(d->historySpan, bytes);
+}
+
+qint64 RVXMultichannelDeviceModel::historyMemoryInUse() const
+{
+    Q_D(const RVXMultichannelDeviceModel);
+    return d->rings.history() ? d->rings.history()->bytes() : 0;
 }
 
 double RVXMultichannelDeviceModel::givenValue(int row, int column) const

@@ -10,6 +10,7 @@ namespace Corvale_Qt {
 
 class RVXBulkPlotData;
 class RVXMultichannelDeviceModelPrivate;
+class RVXPlotHistory;
 
 /*! The readings of an instrument with several channels (at most 256) that are read together: the newest rows, each with one
     time stamp and one value for each channel.
@@ -37,8 +38,14 @@ class CORVALE_QT_EXPORT RVXMultichannelDeviceModel : public RVXAbstractDeviceDat
     //! What RVXBulkPlotData::of() returns for this class.
     Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
                    DESIGNABLE false STORED false)
+    //! What RVXPlotHistory::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXPlotHistory *plotHistory READ plotHistory
+                   DESIGNABLE false STORED false)
 
 public:
+    //! The memory that a history takes at most unless a host sets another limit: 7 days of 16 channels at 1 kHz need less.
+    static constexpr qint64 usualHistoryMemory = 280'000'000;
+
     //! What is known of a channel. The model does not own units, so they must live as long as it uses them.
     struct Channel
     {
@@ -91,6 +98,23 @@ public:
     //! Returns the number that was passed for a channel, whatever the units; NaN if there is none. \a row and \a column from 1.
     double givenValue(int row, int column) const;
 
+    //! Returns how long rows are remembered in blocks after they have left the model, in seconds; 0, as at first, for not at all.
+    double historySpan() const;
+    /*! Sets how long rows are remembered after they have left the model because of its capacity: as the smallest, the largest
+        and the mean reading of blocks of 64 rows, and the longer ago the more (RVXPlotHistory). Strip charts show them before
+        the rows. 0 or less keeps nothing. Clear(), setChannels() and a time that steps back by more than a second forget the
+        history, and so does each call with another span. */
+    void setHistorySpan(double seconds);
+    //! Returns the most memory that a history takes, in bytes.
+    qint64 historyMemory() const;
+    /*! Sets the most memory that a history takes, in bytes, and forgets what it holds. Each of its 8 levels has
+        bytes / (8 * 32 * (NumberOfChannels() + 1)) blocks, but at least 64, and memory is taken as they fill. Level 0 holds
+        blocks of 64 rows, each further level blocks four times as long. If readings come so fast that the last level does not
+        reach back for historySpan(), the history is shorter. Less than 1 is ignored. */
+    void setHistoryMemory(qint64 bytes);
+    //! Returns the memory that the history takes now, in bytes.
+    qint64 historyMemoryInUse() const;
+
     //! Sets how many samples a plot should show at once; 0, the default, means 256.
     void setPlotWidthHintPoints(int points);
     //! Sets the width that a plot should show at once, in seconds; 0, the default, if only the points count.
@@ -126,6 +150,7 @@ protected:
 
 private:
     const RVXBulkPlotData *bulkPlotData() const;
+    const RVXPlotHistory *plotHistory() const;
 
     Q_DECLARE_PRIVATE(RVXMultichannelDeviceModel)
     const std::unique_ptr<RVXMultichannelDeviceModelPrivate> d_ptr;

@@ -13,6 +13,48 @@
 
 namespace Corvale_Qt {
 
+const HistoryPyramid *ShownHistory::pyramid() const
+{
+    return m_model.rings.history();
+}
+
+int ShownHistory::levels() const
+{
+    return pyramid() ? HistoryPyramid::levels : 0;
+}
+
+qint64 ShownHistory::firstBlock(int level) const
+{
+    return pyramid()->firstBlock(level);
+}
+
+qint64 ShownHistory::endBlock(int level) const
+{
+    return pyramid()->endBlock(level);
+}
+
+RVXPlotHistory::Interval ShownHistory::interval(int level, qint64 block) const
+{
+    return pyramid()->interval(level, block);
+}
+
+bool ShownHistory::read(int level, int column, qint64 first, int count, Block *out) const
+{
+    if (!m_model.isChannel(column))
+        return false;
+    const ShownNumbers shown = m_model.shown(column);
+    for (int i = 0; i < count; ++i) {
+        Block &block = out[i];
+        block = pyramid()->block(level, column - 1, first + i);
+        block.least = shown(block.least);
+        block.greatest = shown(block.greatest);
+        block.mean = shown(block.mean);
+        if (block.least > block.greatest && block.count > 0) // a unit of negative factor
+            std::swap(block.least, block.greatest);
+    }
+    return true;
+}
+
 RVXMultichannelDeviceModelPrivate::RVXMultichannelDeviceModelPrivate(
     RVXMultichannelDeviceModel *model,
     int channelCount)
@@ -128,6 +170,8 @@ void RVXMultichannelDeviceModelPrivate::store(const Block &block,
     int surplus = std::max(count - rings.capacity(), 0);
     count -= surplus;
     dropOldest(rings.rows() + count - rings.capacity());
+    if (surplus > 0 && rings.history())
+        keepSurplus(block, stretches, surplus);
 
     const bool announced = q->autoUpdate();
     if (announced)
@@ -148,6 +192,24 @@ void RVXMultichannelDeviceModelPrivate::store(const Block &block,
         visibleRows = rings.rows();
         q->endInsertRows();
     }
+}
+
+//! Puts the rows of a block for which the empty rings have no room into the history.
+void RVXMultichannelDeviceModelPrivate::keepSurplus(const Block &block,
+                                                    const Stretches &stretches,
+                                                    int surplus)
+{
+    for (const Stretch &stretch : stretches) {
+        const int end = stretch.first + std::min(surplus, stretch.count);
+        surplus -= end - stretch.first;
+        for (int first = stretch.first; first < end; first += rings.rows()) {
+            rings.dropOldest(rings.rows());
+            rings.append(block.times + first,
+                         block.values + std::ptrdiff_t(first) * rings.channels(),
+                         std::min(end - first, rings.capacity()));
+        }
+    }
+    rings.dropOldest(rings.rows());
 }
 
 //! Drops rows, and announces the removal of those among them that have been announced.

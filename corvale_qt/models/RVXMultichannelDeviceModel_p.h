@@ -5,6 +5,7 @@
 
 #include "corvale_qt/models/ChannelRings_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+#include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/models/ShownNumbers_p.h"
 
 #include <QVarLengthArray>
@@ -14,6 +15,29 @@
 class QIODevice;
 
 namespace Corvale_Qt {
+
+class RVXMultichannelDeviceModelPrivate;
+
+//! The history of the model's rings, in the units that the model shows. Without one it is empty.
+class ShownHistory : public RVXPlotHistory
+{
+public:
+    explicit ShownHistory(const RVXMultichannelDeviceModelPrivate &model)
+        : m_model(model)
+    {
+    }
+
+    int levels() const override;
+    qint64 firstBlock(int level) const override;
+    qint64 endBlock(int level) const override;
+    Interval interval(int level, qint64 block) const override;
+    bool read(int level, int column, qint64 first, int count, Block *out) const override;
+
+private:
+    const HistoryPyramid *pyramid() const;
+
+    const RVXMultichannelDeviceModelPrivate &m_model;
+};
 
 //! Keeps the rows and channels of the model, announces rows, and reads columns in bulk.
 class RVXMultichannelDeviceModelPrivate : public PlotColumns
@@ -77,8 +101,12 @@ public:
     qint64 fittedRow = 0; // the row of the fits, counted as ChannelRings::taken() counts
     int plotWidthHintPoints = 0;
     double plotWidthHint = 0.0;
+    double historySpan = 0.0;
+    qint64 historyMemory = RVXMultichannelDeviceModel::usualHistoryMemory;
+    const ShownHistory history{*this};
 
 private:
+    void keepSurplus(const Block &block, const Stretches &stretches, int surplus);
     QByteArray titles() const;
     void appendLine(QByteArray &text, int row) const;
 

@@ -219,7 +219,7 @@ CurveLines::CurveLines(QPainter *painter,
 
 void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
 {
-    if (isDense(to - from + 1) && drawsWholePixels())
+    if (isDense(to - from + 1) && drawsWholePixels(*m_painter, m_xMap, m_yMap))
         drawRuns(series, from, to);
     else
         drawPolylines(series, from, to);
@@ -233,14 +233,17 @@ bool CurveLines::isDense(int samples) const
 }
 
 //! Returns whether runs look like the lines. Dashes cannot be seen where each column has many samples.
-bool CurveLines::drawsWholePixels() const
+bool CurveLines::drawsWholePixels(const QPainter &painter,
+                                  const QwtScaleMap &xMap,
+                                  const QwtScaleMap &yMap)
 {
-    const QPen &pen = m_painter->pen();
-    return m_aligned && !m_painter->testRenderHint(QPainter::Antialiasing)
-        && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
-        && m_painter->opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
+    const QPen &pen = painter.pen();
+    return QwtPainter::roundingAlignment(const_cast<QPainter *>(&painter))
+        && !painter.testRenderHint(QPainter::Antialiasing)
+        && painter.compositionMode() == QPainter::CompositionMode_SourceOver
+        && painter.opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
         && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255
-        && !m_xMap.transformation() && !m_yMap.transformation();
+        && !xMap.transformation() && !yMap.transformation();
 }
 
 void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to)

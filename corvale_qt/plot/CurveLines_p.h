@@ -38,12 +38,14 @@ public:
     void setClipping(bool on) { m_clipping = on; }
     //! Sets the layer that receives runs; with null, the default, they are painted directly.
     void setLayer(CurveLayer *layer) { m_layer = layer; }
+    //! Returns whether \a painter draws whole pixels of one opaque colour with its pen, without blending.
+    static bool
+    drawsWholePixels(const QPainter &painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap);
     //! Draws the lines between samples \a from to \a to, both included.
     void draw(const QwtSeriesData<QPointF> &series, int from, int to);
 
 private:
     bool isDense(int samples) const;
-    bool drawsWholePixels() const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
     void place(const double *positions, const double *y, int count, QPointF *points) const;

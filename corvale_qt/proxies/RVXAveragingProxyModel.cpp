@@ -2,6 +2,7 @@
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/RunningAverages_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
@@ -186,6 +187,11 @@ const RVXBulkPlotData *RVXAveragingProxyModel::bulkPlotData() const
 {
     Q_D(const RVXAveragingProxyModel);
     return d;
+}
+
+const RVXPlotHistory *RVXAveragingProxyModel::plotHistory() const
+{
+    return averaging() == 1 ? RVXPlotHistory::of(sourcePlotModel()) : nullptr;
 }
 
 int RVXAveragingProxyModel::averaging() const

@@ -6,6 +6,7 @@
 namespace Corvale_Qt {
 
 class RVXBulkPlotData;
+class RVXPlotHistory;
 class RVXAveragingProxyModelPrivate;
 
 /*! Smooths every channel of a plot model with an exponential moving average of length N:
@@ -33,6 +34,10 @@ class CORVALE_QT_EXPORT RVXAveragingProxyModel : public RVXPlotProxyModel
     //! What RVXBulkPlotData::of() returns for this class.
     Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
                    DESIGNABLE false STORED false)
+    /*! What RVXPlotHistory::of() returns for this class: the source's history at length 1. Averages of rows that are gone
+        cannot be told from blocks of readings, so there is none at any other length. */
+    Q_PROPERTY(const Corvale_Qt::RVXPlotHistory *plotHistory READ plotHistory
+                   DESIGNABLE false STORED false)
 
 public:
     //! Creates a proxy of length 1 without a source.
@@ -56,6 +61,7 @@ protected:
 
 private:
     const RVXBulkPlotData *bulkPlotData() const;
+    const RVXPlotHistory *plotHistory() const;
 
     Q_DECLARE_PRIVATE(RVXAveragingProxyModel)
     const std::unique_ptr<RVXAveragingProxyModelPrivate> d_ptr;

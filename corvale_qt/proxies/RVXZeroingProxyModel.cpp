@@ -2,6 +2,7 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
@@ -13,6 +14,33 @@
 #include <utility>
 
 namespace Corvale_Qt {
+
+class RVXZeroingProxyModelPrivate;
+
+//! The history of the source, from whose readings the zero is subtracted as from those of the rows.
+class ZeroedHistory : public RVXPlotHistory
+{
+public:
+    explicit ZeroedHistory(const RVXZeroingProxyModelPrivate &model)
+        : m_model(model)
+    {
+    }
+
+    //! Sets the history that is read, which may be null; then no other function may be called.
+    void setSource(const RVXPlotHistory *source) { m_source = source; }
+    int levels() const override { return m_source->levels(); }
+    qint64 firstBlock(int level) const override { return m_source->firstBlock(level); }
+    qint64 endBlock(int level) const override { return m_source->endBlock(level); }
+    Interval interval(int level, qint64 block) const override
+    {
+        return m_source->interval(level, block);
+    }
+    bool read(int level, int column, qint64 first, int count, Block *out) const override;
+
+private:
+    const RVXZeroingProxyModelPrivate &m_model;
+    const RVXPlotHistory *m_source = nullptr;
+};
 
 class RVXZeroingProxyModelPrivate : public PlotColumns
 {
@@ -47,6 +75,7 @@ public:
     // Whether channels may have different units, which take longer to look up.
     bool unitsDiffer = false;
     PlotColumnReader source;
+    ZeroedHistory history{*this};
 
 private:
     void announceEnd();
@@ -54,6 +83,19 @@ private:
     bool endIsToBeAnnounced = false;
     std::array<QMetaObject::Connection, 3> sourceColumns;
 };
+
+bool ZeroedHistory::read(int level, int column, qint64 first, int count, Block *out) const
+{
+    if (!m_source->read(level, column, first, count, out))
+        return false;
+    const double zero = m_model.isZeroed(1, column) ? m_model.shownZero(column) : 0.0;
+    for (int i = 0; i < count && zero != 0.0; ++i) {
+        out[i].least -= zero;
+        out[i].greatest -= zero;
+        out[i].mean -= zero;
+    }
+    return true;
+}
 
 void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
 {
@@ -197,6 +239,15 @@ const RVXBulkPlotData *RVXZeroingProxyModel::bulkPlotData() const
 {
     Q_D(const RVXZeroingProxyModel);
     return d;
+}
+
+const RVXPlotHistory *RVXZeroingProxyModel::plotHistory() const
+{
+    // Found anew each time: the source may have begun or ended its history.
+    const RVXPlotHistory *const source = RVXPlotHistory::of(sourcePlotModel());
+    ZeroedHistory &own = d_ptr->history;
+    own.setSource(source);
+    return source ? &own : nullptr;
 }
 
 void RVXZeroingProxyModel::zeroNow()

@@ -6,6 +6,7 @@
 namespace Corvale_Qt {
 
 class RVXBulkPlotData;
+class RVXPlotHistory;
 class RVXZeroingProxyModelPrivate;
 
 /*! Subtracts from every sample of a channel the zero of that channel, which zeroNow() captures.
@@ -21,6 +22,9 @@ class CORVALE_QT_EXPORT RVXZeroingProxyModel : public RVXPlotProxyModel
     Q_OBJECT
     //! What RVXBulkPlotData::of() returns for this class.
     Q_PROPERTY(const Corvale_Qt::RVXBulkPlotData *bulkPlotData READ bulkPlotData
+                   DESIGNABLE false STORED false)
+    //! What RVXPlotHistory::of() returns for this class.
+    Q_PROPERTY(const Corvale_Qt::RVXPlotHistory *plotHistory READ plotHistory
                    DESIGNABLE false STORED false)
 
 public:
@@ -44,6 +48,7 @@ protected:
 
 private:
     const RVXBulkPlotData *bulkPlotData() const;
+    const RVXPlotHistory *plotHistory() const;
 
     Q_DECLARE_PRIVATE(RVXZeroingProxyModel)
     const std::unique_ptr<RVXZeroingProxyModelPrivate> d_ptr;

@@ -23,17 +23,20 @@ constexpr double kLayerStep = 0.01;
 constexpr double kRaisedWidth = 3.0;
 constexpr size_t kMostWideSamples = 5000;
 
-//! Divides a series by its own largest magnitude. A series of a class that the host defines stays as it is.
-void normalize(QwtSeriesData<QPointF> *series)
+/*! Divides a series by its own largest magnitude, or by \a least if that is larger. A series of a class that the host defines
+    stays as it is. Returns the divisor. */
+double normalize(QwtSeriesData<QPointF> *series, double least)
 {
-    const auto largest = [series] {
+    const auto largest = [series, least] {
         const QRectF bounds = series->boundingRect();
-        return std::max(std::abs(bounds.top()), std::abs(bounds.bottom()));
+        return std::max({std::abs(bounds.top()), std::abs(bounds.bottom()), least});
     };
+    double divisor = 1.0;
     if (auto *ofModel = dynamic_cast<RVXSeriesData *>(series))
-        ofModel->setScale(largest());
+        ofModel->setScale(divisor = largest());
     else if (auto *kept = dynamic_cast<ColumnSeries *>(series))
-        kept->setScale(largest());
+        kept->setScale(divisor = largest());
+    return divisor > 0.0 ? divisor : 1.0; // a divisor that is not is ignored by the series, too
 }
 
 } // namespace
@@ -42,6 +45,7 @@ ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &m
     : m_plot(plot)
     , m_model(model)
     , m_markers(markers)
+    , m_history(plot, &m_layer)
 {
     // The layer lies directly above the last curve.
     m_layer.setZ(kLowestLayer + kLayerStep * ScopeModel::maximumChannels);
@@ -70,6 +74,7 @@ void ScopeCurves::clearCurves()
 {
     for (int i = 0; i < m_count; ++i)
         m_curves[size_t(i)].reset();
+    m_history.drop();
     m_count = 0;
 }
 
@@ -77,10 +82,12 @@ void ScopeCurves::detach()
 {
     for (int i = 0; i < m_count; ++i)
         m_curves[size_t(i)]->detach();
+    m_history.drop();
 }
 
 void ScopeCurves::dropData()
 {
+    m_history.drop();
     for (int i = 0; i < m_count; ++i) {
         m_curves[size_t(i)]->detach();
         m_curves[size_t(i)]->setSamples(QVector<QPointF>());
@@ -117,26 +124,30 @@ void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int sc
         QwtSeriesData<QPointF> *series = m_model.isShown(channel) ? makeSeries(channel) : nullptr;
         if (!series) {
             curve.detach();
+            m_history.hide(channel);
             continue;
         }
-        giveData(channel, series, scaleMode);
+        const double divisor = giveData(channel, series, scaleMode);
         givePen(channel);
         curve.attach(m_plot);
+        m_history.show(channel, curve, divisor);
         m_markers.snap(channel, *curve.data(), firstRow);
     }
 }
 
-void ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode)
+//! Gives a curve its series. Returns what y is divided by.
+double ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode)
 {
     RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-    if (scaleMode == RVXScopePlotView::Normalized)
-        normalize(series);
+    const bool isNormalized = scaleMode == RVXScopePlotView::Normalized;
+    const double divisor = isNormalized ? normalize(series, m_history.largest(channel)) : 1.0;
     curve.setSamples(series);
     // An axis that spans all values leaves nothing to clip.
     const bool clips =
         (scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange)
         || dynamic_cast<QwtLogScaleEngine *>(m_plot->axisScaleEngine(QwtPlot::yLeft));
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
+    return divisor;
 }
 
 void ScopeCurves::setRaised(int channel)

@@ -5,6 +5,7 @@
 
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
+#include "corvale_qt/scope/ScopeHistory_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 
@@ -44,6 +45,9 @@ public:
     //! Returns the names of the channels on the plot that have a sample which is 0 or negative.
     QStringList namesOfNotPositive() const;
 
+    //! Returns the blocks that are shown before the rows. A mode that shows some sets their window before each plotCurves().
+    ScopeHistory &history() { return m_history; }
+
     //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
     /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample
@@ -51,7 +55,7 @@ public:
     void plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode);
 
 private:
-    void giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode);
+    double giveData(int channel, QwtSeriesData<QPointF> *series, int scaleMode);
     void givePen(int channel);
 
     QwtPlot *m_plot;
@@ -61,6 +65,7 @@ private:
     int m_raised = 0; //!< the channel above the others; 0 for none
     // Declared before the curves, which use it until they are destroyed.
     CurveLayer m_layer;
+    ScopeHistory m_history;
     std::array<std::unique_ptr<RVXDiscontinuousPlotCurve>, ScopeModel::maximumChannels> m_curves;
 };
 

@@ -163,14 +163,15 @@ void ScopeMarkers::clearLabels()
         state.item->setLabel(QwtText());
 }
 
-void ScopeMarkers::findInStrip()
+void ScopeMarkers::findInStrip(double firstX)
 {
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
         Data &data = m_data[size_t(i)];
         if (!isAttached(i))
             continue;
-        if (state.row < 0) {
+        const bool isOnBlocks = !state.onSample && data.x < firstX;
+        if (state.row < 0 && !isOnBlocks) {
             state.row = state.onSample ? rowAt(m_reader, m_modelRows, data.x)
                                        : firstRowFrom(m_reader, m_modelRows, data.x);
         }

@@ -72,8 +72,8 @@ public:
     //! Lets keys move the other marker, if that is attached.
     void selectOther();
     void clearLabels();
-    //! Finds the markers' rows among all samples.
-    void findInStrip();
+    //! Finds the markers' rows among all samples. A marker that was put before \a firstX, where no sample is, stays there.
+    void findInStrip(double firstX = -std::numeric_limits<double>::infinity());
     //! Finds the markers' rows among the \a size samples of a sweep.
     void findInSweep(int size);
     //! Gives the sample of \a channel to the markers that are nearer to it than to any channel so far.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
@@ -7,6 +8,8 @@
 #include <qwt_plot.h>
 
 #include <QScrollBar>
+
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -26,10 +29,18 @@ void StripPlotMode::plot()
     const PlotColumnReader reader = m_context.model.reader();
     m_context.stripStart.update(reader, request);
     request.first = m_context.stripStart.row();
+    const RVXPlotHistory *const blocks = history(reader, request.first);
+    if (blocks)
+        request.remembered = blocks->oldest();
     const StripWindow window = stripWindow(reader, request);
 
     m_context.markers.begin(reader, {1, request.samples});
-    m_context.markers.findInStrip();
+    if (blocks)
+        m_context.markers.findInStrip(window.firstRow);
+    else
+        m_context.markers.findInStrip();
+    const bool reachesBack = window.left < window.firstRow;
+    m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, window.left, window.right);
     const auto ofModel = [model = m_context.model.plot(), rows = window.rows](int channel) {
         return model->seriesData(channel, rows.first, rows.last);
     };
@@ -38,6 +49,15 @@ void StripPlotMode::plot()
         m_context.surface.showScrollBar(true);
     finish(window.left, window.right);
     setScrollBar(stripScrollBar(window, request));
+}
+
+//! Returns the blocks before row \a first, with which the chart begins; null if there are none.
+const RVXPlotHistory *StripPlotMode::history(const PlotColumnReader &reader, int first) const
+{
+    const bool beginsWithRows = first == 1 && reader.xRises();
+    const RVXPlotHistory *const found =
+        beginsWithRows ? RVXPlotHistory::of(m_context.model.plot()) : nullptr;
+    return found && !std::isnan(found->oldest()) ? found : nullptr;
 }
 
 //! Returns what the window depends on, except its first row. Without samples only their number is set.
@@ -88,7 +108,10 @@ bool StripPlotMode::showSample(double x)
     const QwtInterval shown = m_context.plot->axisInterval(QwtPlot::xBottom);
     if (shown.contains(x))
         return false;
-    const double oldest = sampleX(m_context.model.reader(), m_context.stripStart.row());
+    const PlotColumnReader reader = m_context.model.reader();
+    const int first = m_context.stripStart.row();
+    const RVXPlotHistory *const blocks = history(reader, first);
+    const double oldest = blocks ? blocks->oldest() : sampleX(reader, first);
     const double left = x - 0.5 * shown.width();
     m_context.surface.scrollBar()->setValue(toScrollUnits((left - oldest) * m_scrollUnits));
     return true;

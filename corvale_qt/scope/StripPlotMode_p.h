@@ -8,6 +8,8 @@
 
 namespace Corvale_Qt {
 
+class RVXPlotHistory;
+
 //! A chart that scrolls with the newest sample, or stays where the user has scrolled back to.
 class StripPlotMode : public TimePlotMode
 {
@@ -21,6 +23,7 @@ public:
 
 private:
     StripRequest currentRequest() const;
+    const RVXPlotHistory *history(const PlotColumnReader &reader, int first) const;
     void setScrollBar(const StripScrollBar &scrolling);
 
     double m_scrollUnits = kScrollUnits; //!< scroll bar units for each unit of x

@@ -19,7 +19,7 @@ double widthOfSamples(const PlotColumnReader &reader,
 {
     const int samples = request.samples - request.first + 1;
     if (samples > 1)
-        return (window.newest - window.oldest) / samples * count;
+        return (window.newest - window.firstRow) / samples * count;
     return typicalInterval(reader, request.samples)
         * count; // measured on the rows before the chart
 }
@@ -35,7 +35,7 @@ wantedLeft(const PlotColumnReader &reader, const StripWindow &window, const Stri
     if (missing < 0)
         return sampleX(reader, request.first - missing);
     // The trace does not fill the chart yet, so it begins inside.
-    return window.oldest - widthOfSamples(reader, window, request, missing);
+    return window.firstRow - widthOfSamples(reader, window, request, missing);
 }
 
 double followingLeft(const PlotColumnReader &reader,
@@ -63,7 +63,8 @@ bool StripRequest::hasWidth() const
 StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &request)
 {
     StripWindow window;
-    window.oldest = sampleX(reader, request.first);
+    window.firstRow = sampleX(reader, request.first);
+    window.oldest = std::min(window.firstRow, request.remembered);
     window.newest = sampleX(reader, request.samples);
     if (request.following) {
         window.left = followingLeft(reader, window, request);

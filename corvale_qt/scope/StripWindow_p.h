@@ -5,6 +5,8 @@
 
 #include "corvale_qt/scope/SampleRows_p.h"
 
+#include <limits>
+
 namespace Corvale_Qt {
 
 class PlotColumnReader;
@@ -22,6 +24,8 @@ struct StripRequest
     int first = 1; //!< first row of the chart
     int sweepLength = 256; //!< samples across the chart if it has no width
     double width = 0.0; //!< of the chart in units of x; 0 or less for none
+    double remembered = std::numeric_limits<
+        double>::infinity(); //!< x of the first block before the rows, if there are blocks
     bool whole = false; //!< the chart shows all samples, whatever its width and its length
     bool beginsAtFirst = false; //!< the chart shows no time before its first sample
     bool following = true; //!< the newest sample stays at the right border
@@ -35,7 +39,8 @@ struct StripRequest
 //! The part of the samples that a strip chart shows.
 struct StripWindow
 {
-    double oldest = 0.0; //!< x of the first row of the chart
+    double oldest = 0.0; //!< x of the first row of the chart, or of the first block before it
+    double firstRow = 0.0; //!< x of the first row of the chart
     double newest = 0.0; //!< x of the last row
     double left = 0.0;
     double right = 0.0;

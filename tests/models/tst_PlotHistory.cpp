@@ -1,0 +1,458 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/HistoryCover_p.h"
+#include "corvale_qt/models/HistoryPyramid_p.h"
+#include "corvale_qt/models/LibraryProperty_p.h"
+#include "corvale_qt/models/RVXBulkPlotData.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+#include "corvale_qt/models/RVXPlotHistory.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/ScopeHistory_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/scope/ScopeTestView.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+
+//! All rows that a model ever took, and the model, which remembers few of them as rows.
+class Acquisition
+{
+public:
+    Acquisition(int channels, int capacity, qint64 memory, unsigned seed = 1)
+        : model(channels)
+        , m_random(seed)
+    {
+        model.setCapacity(capacity);
+        model.setHistoryMemory(memory);
+        model.setHistorySpan(1e9);
+    }
+
+    //! Appends a block of rows. Now and then a reading is missing, a time repeats or is a little early, or an outage comes.
+    void append(int rows, bool disturbed)
+    {
+        std::vector<double> block;
+        std::vector<double> stamps;
+        for (int i = 0; i < rows; ++i) {
+            const unsigned kind = disturbed ? m_random() % 2000 : 1000;
+            m_now += kind == 0 ? 500.0 : kind < 4 ? 3.0 : 0.01;
+            // A time that is a little early counts as the newest before.
+            const bool isEarly = kind == 10 && !times.empty();
+            stamps.push_back(isEarly ? m_now - 0.5 : m_now);
+            times.push_back(isEarly ? times.back() : m_now);
+            for (int c = 0; c < model.NumberOfChannels(); ++c) {
+                const bool isMissing = disturbed && m_random() % 50 == 0;
+                block.push_back(isMissing ? gap : double(m_random() % 100000) - 50000.0);
+                readings.push_back(block.back());
+            }
+        }
+        model.appendRows(stamps.data(), block.data(), rows);
+    }
+
+    const RVXPlotHistory &history() const { return *RVXPlotHistory::of(&model); }
+    int dropped() const { return int(times.size()) - (model.rowCount() - 1); }
+
+    //! Returns a block as reading all rows gives it.
+    RVXPlotHistory::Block literalBlock(qint64 firstRow, int rows, int column) const
+    {
+        RVXPlotHistory::Block block{std::numeric_limits<double>::infinity(),
+                                    -std::numeric_limits<double>::infinity(),
+                                    0.0,
+                                    0};
+        for (qint64 row = firstRow; row < firstRow + rows; ++row) {
+            const double reading =
+                readings[size_t(row) * size_t(model.NumberOfChannels()) + size_t(column - 1)];
+            if (std::isnan(reading))
+                continue;
+            block.least = std::min(block.least, reading);
+            block.greatest = std::max(block.greatest, reading);
+            block.mean += reading;
+            ++block.count;
+        }
+        block.mean /= double(std::max<qint64>(block.count, 1));
+        return block;
+    }
+
+    RVXMultichannelDeviceModel model;
+    std::vector<double> times;
+    std::vector<double> readings;
+
+private:
+    std::mt19937 m_random;
+    double m_now = 1.0;
+};
+
+//! Returns where a block of a level differs from the rows that it stands for.
+QString blockFault(const Acquisition &all, int level, qint64 number)
+{
+    const RVXPlotHistory::Interval when = all.history().interval(level, number);
+    const size_t last = size_t(when.firstRow) + size_t(when.rows) - 1;
+    if (when.first != all.times[size_t(when.firstRow)] || when.last != all.times[last])
+        return QStringLiteral("times");
+    for (int column = 1; column <= all.model.NumberOfChannels(); ++column) {
+        RVXPlotHistory::Block block;
+        all.history().read(level, column, number, 1, &block);
+        const RVXPlotHistory::Block literal = all.literalBlock(when.firstRow, when.rows, column);
+        if (block.count != literal.count || block.least != literal.least
+            || block.greatest != literal.greatest || std::abs(block.mean - literal.mean) > 1e-6)
+            return QStringLiteral("column %1").arg(column);
+    }
+    return QString();
+}
+
+QString historyFault(const Acquisition &all)
+{
+    const RVXPlotHistory &history = all.history();
+    for (int level = 0; level < history.levels(); ++level) {
+        qint64 next = -1;
+        for (qint64 i = history.firstBlock(level); i < history.endBlock(level); ++i) {
+            const qint64 row = history.interval(level, i).firstRow;
+            const QString fault = next >= 0 && row != next ? "rows" : blockFault(all, level, i);
+            if (!fault.isEmpty())
+                return QStringLiteral("level %1, block %2: %3").arg(level).arg(i).arg(fault);
+            next = row + history.interval(level, i).rows;
+        }
+        if (level == 0 && next != all.dropped())
+            return QStringLiteral("level 0 ends at %1, not %2").arg(next).arg(all.dropped());
+    }
+    return QString();
+}
+
+//! Returns what is wrong with the blocks that a window shows.
+QString coverFault(const Acquisition &all, double left, double right, int most)
+{
+    const RVXPlotHistory &history = all.history();
+    const QVector<HistoryPiece> pieces = coverByHistory(history, left, right, most);
+    qint64 first = -1;
+    qint64 next = -1;
+    for (const HistoryPiece &piece : pieces) {
+        for (qint64 i = piece.first; i < piece.end; ++i) {
+            const RVXPlotHistory::Interval when = history.interval(piece.level, i);
+            if (next >= 0 && when.firstRow != next)
+                return QStringLiteral("row %1 follows %2").arg(when.firstRow).arg(next);
+            first = first < 0 ? when.firstRow : first;
+            next = when.firstRow + when.rows;
+        }
+    }
+    if (blocksOf(pieces) > most)
+        return QStringLiteral("%1 blocks").arg(blocksOf(pieces));
+    const double oldest = history.oldest();
+    for (int row = 0; row < all.dropped(); ++row) {
+        const double time = all.times[size_t(row)];
+        const bool isVisible = time >= std::max(left, oldest) && time <= right;
+        if (isVisible && (row < first || row >= next))
+            return QStringLiteral("row %1 is not shown").arg(row);
+    }
+    return QString();
+}
+
+//! A host's model with a history of its own, which counts the blocks that are read.
+class CountedModel : public RVXMultichannelDeviceModel,
+                     public RVXBulkPlotVoucher,
+                     public RVXPlotHistory
+{
+public:
+    using RVXMultichannelDeviceModel::RVXMultichannelDeviceModel;
+    const std::type_info &vouchedType() const override { return typeid(CountedModel); }
+    int levels() const override { return inner()->levels(); }
+    qint64 firstBlock(int level) const override { return inner()->firstBlock(level); }
+    qint64 endBlock(int level) const override { return inner()->endBlock(level); }
+    Interval interval(int level, qint64 block) const override
+    {
+        return inner()->interval(level, block);
+    }
+    bool read(int level, int column, qint64 first, int count, Block *out) const override
+    {
+        blocksRead += count;
+        return inner()->read(level, column, first, count, out);
+    }
+
+    mutable qint64 blocksRead = 0;
+
+private:
+    const RVXPlotHistory *inner() const
+    {
+        return interfaceByProperty<RVXPlotHistory>(*this,
+                                                   "plotHistory",
+                                                   "const Corvale_Qt::RVXPlotHistory*");
+    }
+};
+
+//! Appends a slow wave with noise, at 1 kHz; every 1000th reading is a spike.
+void appendWave(RVXMultichannelDeviceModel &model, int rows, double from = 1.0)
+{
+    std::mt19937 random(7);
+    QVector<double> times;
+    QVector<double> values;
+    for (int i = 0; i < rows; ++i) {
+        times << from + 0.001 * i;
+        const double noise = double(random() % 1000) / 2000.0;
+        values << std::sin(6.28 * i / 40000.0) + noise + (i % 1000 == 500 ? 1.5 : 0.0);
+    }
+    model.appendRows(times, values);
+}
+
+int litPixels(const QImage &picture, const QImage &other, int reach)
+{
+    const auto isLit = [](const QImage &image, int x, int y) {
+        return image.rect().contains(x, y) && qGreen(image.pixel(x, y)) > 200;
+    };
+    int alone = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            bool isNear = false;
+            for (int dx = -reach; dx <= reach && !isNear; ++dx)
+                isNear = isLit(other, x + dx, y) || isLit(other, x + dx, y - 1)
+                    || isLit(other, x + dx, y + 1);
+            alone += isLit(picture, x, y) && !isNear ? 1 : 0;
+        }
+    }
+    return alone;
+}
+
+} // namespace
+
+class tst_PlotHistory : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void blocksAreTheRows_data()
+    {
+        columns<int, int, int, bool>("channels", "capacity", "largest", "disturbed");
+        row("row by row", 1, 10, 1, false);
+        row("small blocks of rows", 3, 50, 40, true);
+        row("more rows at once than the model keeps", 2, 30, 300, true);
+        row("many rows", 2, 1000, 2000, true);
+    }
+    void blocksAreTheRows()
+    {
+        QFETCH(int, channels);
+        QFETCH(int, capacity);
+        QFETCH(int, largest);
+        QFETCH(bool, disturbed);
+        // So little memory that the lower levels lose their oldest blocks.
+        Acquisition all(channels, capacity, 1);
+        std::mt19937 random(3);
+        while (all.times.size() < 40000) {
+            all.append(1 + int(random() % unsigned(largest)), disturbed);
+            if (random() % 200 == 0)
+                QCOMPARE(historyFault(all), QString());
+        }
+        QCOMPARE(historyFault(all), QString());
+        const double end = all.times.back();
+        for (int i = 0; i < 60; ++i) {
+            const double a = end * double(random() % 1000) / 1000.0;
+            const double b = a + end * std::pow(0.5, random() % 14);
+            QCOMPARE(coverFault(all, a, b, 100 + int(random() % 1000)), QString());
+        }
+        QVERIFY(all.model.historyMemoryInUse() <= HistoryPyramid::mostBytes(64, channels));
+    }
+
+    void memoryIsWhatIsStated()
+    {
+        // Seven days of 16 channels at 1 kHz: what the last level reaches, and what it takes.
+        const int blocks =
+            HistoryPyramid::blocksFor(RVXMultichannelDeviceModel::usualHistoryMemory, 16);
+        QVERIFY(HistoryPyramid::mostBytes(blocks, 16)
+                <= RVXMultichannelDeviceModel::usualHistoryMemory);
+        QCOMPARE(HistoryPyramid::mostBytes(1, 16), qint64(8 * 32 * 17));
+        const double rows = blocks * HistoryPyramid::baseRows
+            * std::pow(HistoryPyramid::growth, HistoryPyramid::levels - 1);
+        QVERIFY(rows / 1000.0 > 7 * 86400.0);
+        const qint64 rings = 100000 * 17 * 8;
+        QVERIFY(RVXMultichannelDeviceModel::usualHistoryMemory + rings <= 300'000'000);
+
+        Acquisition all(4, 100, HistoryPyramid::mostBytes(200, 4));
+        for (int i = 0; i < 100; ++i)
+            all.append(1000, false);
+        // Level 0 and 1 are full; the others have grown to what they hold.
+        QVERIFY(all.model.historyMemoryInUse() >= 2 * 200 * 5 * 32);
+        QVERIFY(all.model.historyMemoryInUse() <= all.model.historyMemory());
+    }
+
+    void outagesLieBetweenBlocks()
+    {
+        Acquisition all(1, 20, 1'000'000);
+        all.append(5000, false);
+        const double before = all.times.back();
+        std::vector<double> zeros(5000, 0.0);
+        std::vector<double> later;
+        for (int i = 0; i < 5000; ++i)
+            later.push_back(before + 3600.0 + 0.01 * i);
+        all.model.appendRows(later.data(), zeros.data(), 5000);
+        for (int level = 0; level < 4; ++level) {
+            for (qint64 i = 0; i < all.history().endBlock(level); ++i) {
+                const RVXPlotHistory::Interval when = all.history().interval(level, i);
+                QVERIFY(when.last <= before || when.first > before);
+                QVERIFY(when.longestStep < 1.0F);
+            }
+        }
+    }
+
+    void whatForgets_data()
+    {
+        columns<QString>("what");
+        for (const char *what : {"clear", "channels", "time of 0", "time steps back", "span"})
+            QTest::newRow(what) << what;
+    }
+    void whatForgets()
+    {
+        QFETCH(QString, what);
+        Acquisition all(1, 100, 1'000'000);
+        all.append(10000, false);
+        QVERIFY(all.history().oldest() < 2.0);
+        RVXMultichannelDeviceModel &model = all.model;
+        const double reading = 5.0;
+        if (what == "clear")
+            model.Clear();
+        else if (what == "channels")
+            model.setChannelCount(2);
+        else if (what == "span")
+            model.setHistorySpan(10.0);
+        else if (what == "time of 0")
+            model.appendRow(0.0, &reading);
+        if (what != "time steps back") {
+            QVERIFY(std::isnan(all.history().oldest()));
+            return;
+        }
+        // The rows of the acquisition before leave the model first.
+        for (int i = 0; i < 300; ++i)
+            model.appendRow(10.0 + i, &reading);
+        QCOMPARE(all.history().oldest(), 10.0);
+    }
+
+    void spanIsKept()
+    {
+        Acquisition all(1, 100, 100'000'000);
+        all.model.setHistorySpan(20.0);
+        all.append(50000, false);
+        const double oldest = all.history().oldest();
+        QVERIFY(oldest <= all.times.back() - 20.0);
+        QVERIFY(oldest
+                >= all.times.back() - 60.0); // blocks of higher levels stay until the next one
+    }
+
+    void proxiesShowIt()
+    {
+        const Units::nA nA;
+        Acquisition all(1, 100, 1'000'000);
+        all.append(1000, false);
+        all.model.SetUnits(&nA);
+        RVXAveragingProxyModel averaging;
+        RVXZeroingProxyModel top;
+        averaging.setSourceModel(&all.model);
+        top.setSourceModel(&averaging);
+        RVXPlotHistory::Block block;
+        const auto read = [&] {
+            const RVXPlotHistory *const history = RVXPlotHistory::of(&top);
+            return history && history->read(0, 1, 3, 1, &block);
+        };
+        QVERIFY(read());
+        const RVXPlotHistory::Block stored = all.literalBlock(3 * 64, 64, 1);
+        QCOMPARE(block.greatest, stored.greatest * 1e9);
+        top.zeroNow();
+        const double zero = all.readings.back() * 1e9;
+        QVERIFY(read());
+        QCOMPARE(block.least, stored.least * 1e9 - zero);
+        averaging.setAveraging(2);
+        QVERIFY(!RVXPlotHistory::of(&top)); // blocks of readings are no averages
+        averaging.setAveraging(1);
+        all.model.setHistorySpan(0.0);
+        QVERIFY(!RVXPlotHistory::of(&top));
+    }
+
+    void chartGoesOnFromBlocksToRows()
+    {
+        // The same readings, all of them as rows and most of them as blocks.
+        RVXMultichannelDeviceModel rows(1);
+        RVXMultichannelDeviceModel blocks(1);
+        blocks.setCapacity(20000);
+        blocks.setHistorySpan(1000.0);
+        appendWave(rows, 80000);
+        appendWave(blocks, 80000);
+        QImage pictures[2];
+        RVXMultichannelDeviceModel *const models[] = {&rows, &blocks};
+        for (int i = 0; i < 2; ++i) {
+            ScopeTestView view(models[i]);
+            view.setTimeSpan(60.0);
+            view.SetRange(-2.0, 4.0);
+            view.SetYScaleMode(RVXScopePlotView::FullRange);
+            QCOMPARE(view.xText(), QString("20.999..80.999"));
+            pictures[i] = view.canvas();
+        }
+        QVERIFY(pictures[0] != pictures[1]);
+        // No reading is hidden, and none is more than a block away from where it was.
+        QCOMPARE(litPixels(pictures[0], pictures[1], 0), 0);
+        QVERIFY(litPixels(pictures[1], pictures[0], 2)
+                <= 2); // where the newest block is joined to the rows
+    }
+
+    void chartIsScrolledThroughIt()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(1000);
+        model.setHistorySpan(1000.0);
+        appendWave(model, 50000);
+        ScopeTestView view(&model);
+        view.setTimeSpan(10.0);
+        QCOMPARE(view.xText(), QString("40.999..50.999"));
+        view.horizontalScrollBar()->setValue(0);
+        QCOMPARE(view.xText(), QString("1..11"));
+        QVERIFY(view.y().maxValue() > 2.0); // the y axis follows the blocks
+        view.setTimeSpan(std::numeric_limits<double>::infinity());
+        QCOMPARE(view.xText(), QString("1..50.999"));
+        view.SetYScaleMode(RVXScopePlotView::Normalized);
+        QVERIFY(view.y().maxValue() >= 1.0);
+        // A marker that is put on blocks finds no sample, and stays where it is.
+        view.enablePlotMarker(true);
+        view.SelectPoint1(QPointF(20.0, 0.0));
+        view.settle();
+        QCOMPARE(view.plotMarker(0)->xValue(), 20.0);
+        QVERIFY(!view.markerStatistics().first.isSet);
+        model.Clear();
+        appendWave(model, 500);
+        view.settle();
+        QCOMPARE(view.x().minValue() < 1.5, true);
+    }
+
+    void frameCostsWhatIsVisible()
+    {
+        CountedModel model(2);
+        model.setCapacity(1000);
+        model.setHistorySpan(1e9);
+        QVector<double> times(100000);
+        const QVector<double> values(200000, 1.0);
+        for (int part = 0; part < 20; ++part) {
+            for (int i = 0; i < times.size(); ++i)
+                times[i] = 1.0 + part * 100.0 + 0.001 * i;
+            model.appendRows(times, values);
+        }
+        ScopeTestView view(&model);
+        view.SetYScaleMode(RVXScopePlotView::FullRange);
+        for (double span : {3.0, 30.0, 300.0, 3000.0}) {
+            view.setTimeSpan(span);
+            view.settle();
+            model.blocksRead = 0;
+            view.qwtPlot()->replot();
+            view.canvas();
+            // The picture of the canvas and the replot are two frames of two channels.
+            const qint64 columns = view.qwtPlot()->canvas()->width();
+            QVERIFY(model.blocksRead > 0);
+            QVERIFY2(model.blocksRead <= 2 * 2 * ScopeHistory::blocksOfColumn * columns,
+                     qPrintable(QString::number(model.blocksRead)));
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_PlotHistory)
+#include "tst_PlotHistory.moc"

@@ -24,6 +24,7 @@ QString plainToolTip(const QString &text)
 MultichannelDeviceModel::MultichannelDeviceModel(QObject *parent)
     : RVXMultichannelDeviceModel(0, parent)
 {
+    setHistorySpan(historySeconds);
 }
 
 MultichannelDeviceModel::~MultichannelDeviceModel() = default;
@@ -32,14 +33,30 @@ void MultichannelDeviceModel::startStream(const StreamHeader &header)
 {
     // Views may use the former unit until they hear of the new one.
     const auto formerUnit = std::move(m_unit);
+    const auto formerOwnUnits = std::move(m_ownUnits);
+    m_ownUnits.clear();
     m_unit = unitFromSymbol(header.commonUnit());
     m_header = header;
     forgetWaiting();
     QVector<Channel> channels;
-    for (const Monitor::Channel &channel : header.channels)
-        channels.append({channel.name, nullptr, m_unit.get()});
+    for (int i = 0; i < header.channels.size(); ++i)
+        channels.append(channelOf(header, i));
     setChannels(channels);
     SetUnits(m_unit.get());
+}
+
+//! Returns a channel as the library's model takes it. A computed one may have another unit than the measured ones, or none.
+MultichannelDeviceModel::Channel MultichannelDeviceModel::channelOf(const StreamHeader &header,
+                                                                    int index)
+{
+    const Monitor::Channel &channel = header.channels[index];
+    if (index < header.measured() || channel.unit == header.commonUnit())
+        return {channel.name, nullptr, m_unit.get()};
+    auto unit = unitFromSymbol(channel.unit);
+    if (!unit)
+        unit = std::make_unique<Corvale_Qt::Units::MeasurementUnit>(1.0, channel.unit, 1.0);
+    m_ownUnits.push_back(std::move(unit));
+    return {channel.name, m_ownUnits.back().get(), m_ownUnits.back().get()};
 }
 
 void MultichannelDeviceModel::addReading(double time, const double *values)
@@ -99,8 +116,9 @@ bool MultichannelDeviceModel::has(int row, int column) const
 
 bool MultichannelDeviceModel::isOverrange(int channel, int sample) const
 {
-    if (!m_header.hasRange() || m_header.hasFrames())
-        return false; // the limits are those of cells
+    // The limits are those of cells and of measured channels.
+    if (!m_header.hasRange() || m_header.hasFrames() || channel >= m_header.measured())
+        return false;
     const double value = receivedValue(sample + 1, channel);
     return value < m_header.rangeLow || value > m_header.rangeHigh;
 }
@@ -130,7 +148,7 @@ QVariant MultichannelDeviceModel::text(const QModelIndex &index) const
     if (index.row() > 0)
         return RVXMultichannelDeviceModel::deviceSpecificData(index, Qt::DisplayRole);
     const Monitor::Channel &channel = m_header.channels[index.column() - 1];
-    const bool withUnit = m_header.commonUnit().isEmpty() && !channel.unit.isEmpty();
+    const bool withUnit = channel.unit != m_header.commonUnit() && !channel.unit.isEmpty();
     return withUnit ? QStringLiteral("%1 (%2)").arg(channel.name, channel.unit) : channel.name;
 }
 

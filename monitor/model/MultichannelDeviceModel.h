@@ -7,6 +7,7 @@
 #include <corvale_qt/models/RVXMultichannelDeviceModel.h>
 
 #include <memory>
+#include <vector>
 
 namespace Monitor {
 
@@ -21,6 +22,9 @@ class MultichannelDeviceModel : public Corvale_Qt::RVXMultichannelDeviceModel,
     Q_OBJECT
 
 public:
+    //! How long readings are remembered in blocks after the newest 100000 rows, in seconds: a week.
+    static constexpr double historySeconds = 7.0 * 86400.0;
+
     explicit MultichannelDeviceModel(QObject *parent = nullptr);
     ~MultichannelDeviceModel() override;
 
@@ -52,12 +56,15 @@ public:
 
 private:
     bool has(int row, int column) const;
+    Channel channelOf(const StreamHeader &header, int index);
     QVariant text(const QModelIndex &index) const;
     QVariant toolTip(int row, int column) const;
     void forgetWaiting();
 
     StreamHeader m_header;
     std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> m_unit;
+    //! Of the computed channels whose unit is another one.
+    std::vector<std::unique_ptr<Corvale_Qt::Units::MeasurementUnit>> m_ownUnits;
     ReadingBlock m_due;
     ReadingBlock m_waiting;
     bool m_isPaused = false;

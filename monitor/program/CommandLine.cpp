@@ -127,6 +127,24 @@ public:
             fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
     }
 
+    void computed(QVector<Corvale_Qt::ComputedChannel> *channels)
+    {
+        const QStringList texts = m_parser.values(QStringLiteral("compute"));
+        for (const QString &text : texts) {
+            const auto channel = Corvale_Qt::ComputedChannel::fromText(text);
+            if (channel)
+                channels->append(*channel);
+            else if (m_error.isEmpty())
+                m_error = tr("--compute %1: it should be a name, a unit in brackets if there is "
+                             "one, = and an "
+                             "expression, like \"sum [nA] = A + B\"")
+                              .arg(text);
+        }
+        if (!texts.isEmpty() && !Corvale_Qt::ChannelExpressions::isAvailable())
+            m_error =
+                tr("--compute: this program was built without the library that reads expressions");
+    }
+
     bool isSet(const char *name) const { return m_parser.isSet(QLatin1String(name)); }
     QString text(const char *name) const { return m_parser.value(QLatin1String(name)); }
     QString error() const { return m_error; }
@@ -221,6 +239,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.range(&rangeLow, &rangeHigh);
     values.detector(&detector);
     values.tolerance(&toleranceX, &toleranceY);
+    values.computed(&computed);
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);

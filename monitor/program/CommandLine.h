@@ -4,6 +4,7 @@
 #include "monitor/recording/Recorder.h"
 #include "monitor/sources/FileSource.h"
 #include <corvale_qt/detector/DetectorLayout.h>
+#include <corvale_qt/proxies/ChannelExpressions.h>
 
 #include <QSize>
 #include <QString>
@@ -47,6 +48,7 @@ struct CommandLine
     //! The readings and the seconds of data after which the run ends; 0 for no limit.
     qint64 afterReadings = 0;
     double afterSeconds = 0.0;
+    QVector<Corvale_Qt::ComputedChannel> computed; //!< of each --compute
     Corvale_Qt::DetectorLayout detector; //!< of --detector; empty without it
     QString planned; //!< of --planned: the list of spots to compare with; empty without it
     //! Largest position errors of spots in mm, of --tolerance; 0 without it.

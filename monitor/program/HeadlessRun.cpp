@@ -30,6 +30,7 @@ HeadlessRun::HeadlessRun(const CommandLine &commandLine, QObject *parent)
     : QObject(parent)
     , m_commandLine(commandLine)
     , m_limit(commandLine.afterReadings, commandLine.afterSeconds)
+    , m_computed(commandLine.computed)
 {
 }
 
@@ -147,6 +148,12 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
     m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
     if (m_statistics.readings() > 0)
         complain(tr("another acquisition begins; the statistics cover the last one only"));
+    const QString fault = m_computed.begin(header);
+    if (!fault.isEmpty()) {
+        complain(fault);
+        m_exitCode = m_exitCode == ExitGood ? ExitUsage : m_exitCode;
+        leave();
+    }
     m_statistics.startStream(header);
     m_spots.header = header;
     m_spots.readings.clear(header.valuesPerReading());
@@ -158,7 +165,7 @@ void HeadlessRun::takeReadings(const ReadingBlock &arrived)
 {
     if (m_ended)
         return;
-    const ReadingBlock &readings = m_limit.take(arrived);
+    const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
     m_statistics.addReadings(readings);
     keepSpots(readings);
     m_readings += readings.size();

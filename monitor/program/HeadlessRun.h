@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
+#include "monitor/readings/ComputedStream.h"
 #include "monitor/readings/SpotErrors.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
@@ -48,6 +49,7 @@ private:
     std::unique_ptr<Source> m_source;
     std::unique_ptr<Recorder> m_recorder;
     ReadingLimit m_limit;
+    ComputedStream m_computed;
     StreamStatistics m_statistics;
     SpotRows m_plan; //!< empty without --planned
     SpotRows m_spots; //!< the spots of the last stream, if they are compared with planned ones

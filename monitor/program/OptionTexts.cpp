@@ -44,6 +44,11 @@ QVector<OptionText> optionTexts()
         {"tolerance",
          "MM",
          tr("The largest position error of a spot that is in order; 1,2 for x and y.")},
+        {"compute",
+         "\"NAME [UNIT] = EXPRESSION\"",
+         tr("Add a channel that is computed from others, like \"asym = (A - B) / (A + B)\"; may be "
+            "given "
+            "more than once.")},
         {"record",
          "PATH",
          tr("Record everything that arrives to a new file, or to files in a folder.")},

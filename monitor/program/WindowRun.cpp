@@ -63,6 +63,7 @@ bool WindowRun::openSession()
     if (!openPlan())
         return false;
     m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
+    m_session->setComputedChannels(m_commandLine.computed);
     ReadingLimit limit(m_commandLine.afterReadings, m_commandLine.afterSeconds);
     if (isPicture() && endless && !limit.exists())
         limit = ReadingLimit(0, PictureTaker::usualDataTime);

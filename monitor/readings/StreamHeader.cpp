@@ -131,7 +131,8 @@ QString StreamHeader::commonUnit() const
     if (channels.isEmpty())
         return {};
     const QString first = channels.first().unit;
-    const bool same = std::all_of(channels.begin(), channels.end(), [&](const Channel &channel) {
+    const auto end = channels.begin() + measured();
+    const bool same = std::all_of(channels.begin(), end, [&](const Channel &channel) {
         return channel.unit == first;
     });
     return same ? first : QString();

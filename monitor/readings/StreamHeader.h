@@ -44,8 +44,9 @@ struct StreamHeader
 
     StreamKind kind = StreamKind::Channels;
     QVector<Channel> channels;
+    int computed = 0; //!< how many of the last channels were computed from the others
     QDateTime startTime; //!< the moment at which t was 0; invalid if it is unknown
-    //! Readings outside these limits are over range; there are no limits if both are equal.
+    //! Readings outside these limits, unless they are computed, are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
     Corvale_Qt::DetectorLayout
@@ -77,7 +78,9 @@ struct StreamHeader
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.
     int indexOf(const QString &name) const;
-    //! Returns the unit that all channels share; empty if they differ.
+    //! Returns how many channels the instrument measures: all but the computed ones.
+    int measured() const { return channels.size() - computed; }
+    //! Returns the unit that all measured channels share; empty if they differ.
     QString commonUnit() const;
     /*! Returns \a count channels with the usual names of that kind: x01 and y01, r01c01, the fields of a spot, or ch1.
         Only the fields of a spot have units. */

@@ -52,6 +52,11 @@ void Session::setRange(double low, double high)
     m_rangeHigh = high;
 }
 
+void Session::setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels)
+{
+    m_computed = std::make_unique<ComputedStream>(channels);
+}
+
 void Session::takeHeader(const StreamHeader &told)
 {
     StreamHeader header = told;
@@ -64,6 +69,9 @@ void Session::takeHeader(const StreamHeader &told)
         if (!header.detectorFault.isEmpty())
             takeEvent(tr("the detector is not used: %1").arg(header.detectorFault));
     }
+    const QString fault = m_computed->begin(header);
+    if (!fault.isEmpty())
+        takeEvent(tr("ERROR %1").arg(fault));
     m_statistics.startStream(header);
     m_activity.reset();
     if (m_recorder)
@@ -112,7 +120,7 @@ void Session::takeReadings(const ReadingBlock &arrived)
     m_activity.noteArrival(m_clock.seconds(), arrived.size());
     if (m_limit.isReached())
         return;
-    const ReadingBlock &readings = m_limit.take(arrived);
+    const ReadingBlock &readings = m_computed->extended(m_limit.take(arrived));
     m_statistics.addReadings(readings);
     if (m_recorder)
         m_recorder->addReadings(readings);

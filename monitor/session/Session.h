@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/model/MultichannelDeviceModel.h"
+#include "monitor/readings/ComputedStream.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/session/ActivityWatch.h"
 #include "monitor/session/FloodGate.h"
@@ -35,6 +36,8 @@ public:
     void setRange(double low, double high);
     //! Sets a detector that replaces that of every stream; an empty one replaces none.
     void setDetector(const Corvale_Qt::DetectorLayout &detector) { m_detector = detector; }
+    //! Sets the channels that are computed, from the next stream on.
+    void setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels);
     /*! Sets how many seconds readings are collected before the model gets them, as from an instrument that reports
         rarely; 0 for the shortest interval. */
     void setShowInterval(double seconds);
@@ -119,6 +122,7 @@ private:
     FloodGate m_shownEvents;
     FloodGate m_recordedEvents;
     Corvale_Qt::DetectorLayout m_detector;
+    std::unique_ptr<ComputedStream> m_computed = std::make_unique<ComputedStream>();
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     bool m_stale = false;

@@ -26,9 +26,10 @@ SpanControl::SpanControl(RVXScope &scope, QWidget *parent)
 
     m_box->setObjectName(QStringLiteral("timeSpan"));
     m_box->setSpan(usualSpan);
-    m_box->setToolTip(tr("Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, "
-                         "1.5 min or all. The newest 100000 readings are kept; a longer time shows "
-                         "all of them."));
+    m_box->setToolTip(
+        tr("Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, "
+           "1.5 min or all. Readings older than the newest 100000 are shown as the range "
+           "of blocks, for a week; while they are averaged, they are not shown."));
     connect(m_box, &TimeSpanBox::spanChanged, this, &SpanControl::apply);
     // The keys of the chart and of the window are to work again.
     connect(m_box, &TimeSpanBox::entryFinished, this, [this] {

@@ -37,6 +37,44 @@ private Q_SLOTS:
         QCOMPARE(paused.session.statistics().readings(), qint64(12));
     }
 
+    void computedChannelsAreChannelsLikeAnyOther()
+    {
+        if (!Corvale_Qt::ChannelExpressions::isAvailable())
+            QSKIP("The library was built without muparser.");
+        ScriptedSession s;
+        QSignalSpy noted(&s.session, &Session::noted);
+        s.session.setRange(-10.0, 10.0);
+        s.session.setComputedChannels({{"share", "", "ch2 / sum"}, {"sum", "nA", "ch1 + ch2"}});
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("computed.csv");
+        s.begin(2, "nA");
+        QCOMPARE(s.record(path), QString());
+        s.source->give(0.1, {1.0, 3.0});
+        s.settle();
+        const MultichannelDeviceModel &model = s.session.model();
+        QCOMPARE(model.NumberOfChannels(), 4);
+        QCOMPARE(model.receivedValue(1, 2), 0.75);
+        QCOMPARE(model.receivedValue(1, 3), 4.0);
+        QCOMPARE(model.units()->name(), QString("nA"));
+        QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QString("share"));
+        s.source->give(0.2, {100.0, 300.0});
+        s.settle();
+        QVERIFY(model.isOverrange(0, 1));
+        QVERIFY(!model.isOverrange(3, 1)); // the limits are those of what is measured
+        QVERIFY(s.session.stopRecording());
+        const QByteArray file = fileContents(path);
+        QVERIFY2(file.contains(",1,3,0.75,4\n"), file);
+        QVERIFY(noted.takeFirst().first().toString().contains("recording"));
+
+        // A stream without the channels is shown as it is.
+        s.begin(1);
+        s.source->give(1.0, {1.0});
+        s.settle();
+        QCOMPARE(model.NumberOfChannels(), 1);
+        QVERIFY(noted.last().first().toString().endsWith(
+            "no channel is computed: share, character 1: no channel is called \"ch2\""));
+    }
+
     void silenceIsStaleAfterThreePeriods()
     {
         ScriptedSession s;

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/ComputedStream.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ComputedStream", text);
+}
+
+constexpr int chunk = 256; // rows that are computed together
+
+} // namespace
+
+ComputedStream::ComputedStream(const QVector<Corvale_Qt::ComputedChannel> &channels)
+    : m_channels(channels)
+{
+}
+
+QString ComputedStream::begin(StreamHeader &header)
+{
+    QStringList names;
+    for (const Channel &channel : header.channels)
+        names.append(channel.name);
+    Corvale_Qt::ExpressionFault fault;
+    m_expressions.compile(names, {}, &fault);
+    if (m_channels.isEmpty())
+        return QString();
+    if (header.kind != StreamKind::Channels)
+        return tr("no channel is computed: the stream has %1, and not independent channels")
+            .arg(kindName(header.kind));
+    if (header.channels.size() + m_channels.size() > StreamHeader::maxChannels)
+        return tr("no channel is computed: there would be more than %1")
+            .arg(StreamHeader::maxChannels);
+    if (!m_expressions.compile(names, m_channels, &fault))
+        return tr("no channel is computed: %1, %2")
+            .arg(m_channels[fault.channel].name, fault.message());
+    m_inputs.assign(size_t(names.size()), std::vector<double>());
+    for (const int input : m_expressions.inputs())
+        m_inputs[size_t(input)].resize(chunk);
+    m_outputs.assign(size_t(m_channels.size()), std::vector<double>(chunk));
+    for (const Corvale_Qt::ComputedChannel &channel : qAsConst(m_channels))
+        header.channels.append({channel.name, channel.unit});
+    header.computed = m_channels.size();
+    return QString();
+}
+
+const ReadingBlock &ComputedStream::extended(const ReadingBlock &readings)
+{
+    const int count = m_expressions.count();
+    if (count == 0 || size_t(readings.channels()) != m_inputs.size())
+        return readings;
+    m_block.clear(readings.channels() + count);
+    for (int first = 0; first < readings.size(); first += chunk)
+        compute(readings, first, std::min(chunk, readings.size() - first));
+    return m_block;
+}
+
+//! Appends rows with their computed readings to the block.
+void ComputedStream::compute(const ReadingBlock &readings, int first, int rows)
+{
+    for (size_t channel = 0; channel < m_inputs.size(); ++channel) {
+        if (m_inputs[channel].empty()) // no expression uses it
+            continue;
+        for (int row = 0; row < rows; ++row)
+            m_inputs[channel][size_t(row)] = readings.values(first + row)[channel];
+    }
+    std::vector<const double *> inputs;
+    for (const auto &input : m_inputs)
+        inputs.push_back(input.data());
+    std::vector<double *> outputs;
+    for (auto &output : m_outputs)
+        outputs.push_back(output.data());
+    m_expressions.evaluate(inputs.data(), rows, outputs.data());
+
+    std::vector<double> values(m_inputs.size() + m_outputs.size());
+    for (int row = 0; row < rows; ++row) {
+        auto next = std::copy_n(readings.values(first + row), m_inputs.size(), values.begin());
+        for (const auto &output : m_outputs)
+            *next++ = output[size_t(row)];
+        m_block.append(readings.time(first + row), values.data());
+    }
+}
+
+} // namespace Monitor

@@ -2,6 +2,8 @@
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/PositiveScaleEngine_p.h"
 
+#include <qwt_transform.h>
+
 #include <algorithm>
 
 namespace Corvale_Qt {
@@ -19,7 +21,23 @@ void makePositive(double &x1, double &x2)
     x1 = x1 > 0.0 && x1 < x2 ? std::max(x1, nineDecades * x2) : sixDecades * x2;
 }
 
+//! Puts what is not positive far below the axis, where Qwt's own transformation has no number for it.
+class PositiveTransform : public QwtLogTransform
+{
+public:
+    double transform(double value) const override
+    {
+        return QwtLogTransform::transform(std::max(LogMin, value)); // LogMin for a NaN
+    }
+    QwtTransform *copy() const override { return new PositiveTransform; }
+};
+
 } // namespace
+
+PositiveScaleEngine::PositiveScaleEngine()
+{
+    setTransformation(new PositiveTransform);
+}
 
 void PositiveScaleEngine::autoScale(int maxSteps, double &x1, double &x2, double &stepSize) const
 {

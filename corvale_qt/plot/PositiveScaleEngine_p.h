@@ -12,6 +12,7 @@ namespace Corvale_Qt {
 class PositiveScaleEngine : public QwtLogScaleEngine
 {
 public:
+    PositiveScaleEngine();
     void autoScale(int maxSteps, double &x1, double &x2, double &stepSize) const override;
     QwtScaleDiv divideScale(double x1,
                             double x2,

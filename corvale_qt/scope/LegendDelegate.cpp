@@ -86,10 +86,14 @@ void LegendDelegate::paint(QPainter *painter,
 
 QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const QString name = index.data().toString().left(longestName);
     const QFontMetrics &metrics = option.fontMetrics;
-    const int width = swatchWidth + metrics.horizontalAdvance(name) + valueWidth(metrics);
-    return {width + 5 * margin, metrics.height() + margin};
+    int name = 0;
+    for (int row = 0; row < index.model()->rowCount(); ++row) {
+        const QString text = index.sibling(row, 0).data().toString().left(longestName);
+        name = std::max(name, metrics.horizontalAdvance(text));
+    }
+    const int width = swatchWidth + name + valueWidth(metrics);
+    return {width + 6 * margin, metrics.height() + margin};
 }
 
 bool LegendDelegate::editorEvent(QEvent *event,

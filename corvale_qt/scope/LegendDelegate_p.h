@@ -16,6 +16,7 @@ public:
     void paint(QPainter *painter,
                const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
+    //! Returns the same size for all rows, with room for the longest name.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     //! Checks or unchecks a row that is clicked anywhere, or on which Space is pressed.
     bool editorEvent(QEvent *event,

@@ -53,10 +53,8 @@ public:
     //! Returns how many lines the channels take in a width, at most as many as the legend shows.
     int lines(int width) const
     {
-        int widest = 1;
-        for (int row = 0; row < model.rowCount(); ++row)
-            widest = std::max(widest, q->sizeHintForIndex(model.index(row)).width());
-        const int inALine = std::max((width - 2) / widest, 1);
+        const int one = std::max(q->sizeHintForIndex(model.index(0)).width(), 1); // all are equal
+        const int inALine = std::max((width - 2) / one, 1);
         return std::clamp((model.rowCount() + inALine - 1) / inALine, 1, mostLines);
     }
 
@@ -93,9 +91,12 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     connect(this, &QAbstractItemView::entered, this, [d](const QModelIndex &index) {
         d->raise(index);
     });
-    connect(&d->model, &QAbstractItemModel::modelReset, this, [this] {
+    const auto measure = [this] {
+        scheduleDelayedItemsLayout(); // for other names
         updateGeometry();
-    });
+    };
+    connect(&d->model, &QAbstractItemModel::modelReset, this, measure);
+    connect(&d->model, &QAbstractItemModel::dataChanged, this, measure);
     if (!view)
         return;
     d->model.setSiPrefix(view->hasSiPrefix());

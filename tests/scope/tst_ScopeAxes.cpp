@@ -198,6 +198,8 @@ private Q_SLOTS:
         view.setSiPrefix(true);
         view.setLogarithmic(true);
         QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        const double below = view.qwtPlot()->canvasMap(QwtPlot::yLeft).transform(-1.0);
+        QVERIFY(below > view.qwtPlot()->canvas()->height() && below < 1e6);
         view.check(2, false);
         QCOMPARE(note(), QString());
         QCOMPARE(view.yText(), QString("0.001..1"));
@@ -209,6 +211,11 @@ private Q_SLOTS:
             return -1.0;
         });
         QVERIFY2(note().endsWith(": positive"), qPrintable(note()));
+        view.model.appendRows(1, 1.0, [](int, double) {
+            return 0.5;
+        });
+        QVERIFY(view.colourIn(view.canvas(), 1.0, 0.1).red()
+                > 200); // the bar reaches down to the axis
         view.setLogarithmic(false);
         QCOMPARE(note(), QString());
         QCOMPARE(view.yText(), QString("-1..1"));

@@ -36,7 +36,9 @@ void CanvasNote::draw(QPainter *painter,
     const QString shown = metrics.elidedText(m_text, Qt::ElideRight, canvas.width() - 4.0 * margin);
     QwtText text(shown, QwtText::PlainText);
     text.setColor(RVXPlotColors::labelTextColor());
-    text.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
+    QColor background = RVXPlotColors::labelBackgroundColor();
+    background.setAlpha(230); // it may lie on bars
+    text.setBackgroundBrush(background);
     const QSizeF size = text.textSize(painter->font());
     text.draw(painter,
               QRectF(canvas.left() + margin,

@@ -273,7 +273,8 @@ QString SiPrefix::tick(double value, double step) const
         || distance < 1e-9)
         return QString::number(number, 'g', 6);
     // A step such as 0.25 needs more decimals than its first digit.
-    int decimals = std::clamp(-decadeOf(distance), 0, mostDecimals);
+    // A step of 0.1 that is a rounding error too small must not get another decimal.
+    int decimals = std::clamp(-decadeOf(distance * (1.0 + 1e-9)), 0, mostDecimals);
     for (int more = 0; more < 2; ++more) {
         const double scaled = distance * std::pow(10.0, decimals);
         if (std::abs(scaled - std::round(scaled)) > 1e-6 * scaled)

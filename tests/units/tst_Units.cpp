@@ -269,6 +269,7 @@ private Q_SLOTS:
         prefix.follow(1e-6);
         QCOMPARE(prefix.tick(0.25e-6, 0.25e-6), QString("0.25"));
         QCOMPARE(prefix.tick(1e-6, 0.25e-6), QString("1.00"));
+        QCOMPARE(prefix.tick(0.1e-6, 0.09999999999999999e-6), QString("0.1"));
         QCOMPARE(prefix.tick(-3e-23, 0.5e-6), QString("0"));
         QVERIFY(prefix.fix("nA"));
         QCOMPARE(prefix.tick(0.25e-6, 0.25e-6), QString("250"));

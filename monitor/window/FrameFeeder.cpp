@@ -18,6 +18,15 @@ constexpr double shownPast = 5.0; // s
 //! The displays redraw every 100 ms; after this time they have done so.
 constexpr int afterTheNextPicture = 130; // ms
 
+//! Returns the range, widened to numbers that are easy to read on an axis.
+std::pair<double, double> roundedRange(double lower, double upper)
+{
+    if (!(upper > lower))
+        return {lower - 1, upper + 1};
+    const double step = std::pow(10.0, std::floor(std::log10(upper - lower))) / 2;
+    return {std::floor(lower / step) * step, std::ceil(upper / step) * step};
+}
+
 double finiteOrZero(double value)
 {
     return std::isfinite(value) ? value : 0.0;
@@ -54,7 +63,9 @@ bool FrameFeeder::hasPosition() const
 
 bool FrameFeeder::hasShownProfile() const
 {
-    return hasProfile() && m_profile->getCalc().valid;
+    // A frame of a described detector is drawn whatever its verdict.
+    return hasProfile()
+        && (m_isDescribed ? m_profile->shownResult().frame > 0 : m_profile->getCalc().valid);
 }
 
 bool FrameFeeder::hasShownPosition() const
@@ -98,11 +109,13 @@ void FrameFeeder::beginDetector()
     using Axis = Corvale_Qt::DetectorLayout::Axis;
     const StreamHeader &header = m_model->header();
     m_profile->setLayout(header.detector);
-    m_profile->setIntensityUnit(header.commonUnit());
+    m_profile->setIntensityUnit(header.readingUnit());
     m_position->setPositionUnit(m_profile->lengthUnit(Axis::X));
     const QRectF reach = m_profile->lengthArea();
-    m_position->setXScale(reach.left(), reach.right());
-    m_position->setYScale(reach.top(), reach.bottom());
+    const auto [left, right] = roundedRange(reach.left(), reach.right());
+    const auto [bottom, top] = roundedRange(reach.top(), reach.bottom());
+    m_position->setXScale(left, right);
+    m_position->setYScale(bottom, top);
 }
 
 void FrameFeeder::feedRows(int first, int last)
@@ -193,6 +206,8 @@ void FrameFeeder::feedLastAgain()
 {
     if (!hasProfile())
         feedPosition(m_values.data());
+    else if (m_isDescribed)
+        followProfile(); // it shows the last frame by itself; a frame given twice would count twice in its averages
     else if (!m_lastFrame.isEmpty())
         showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
 }

@@ -102,11 +102,9 @@ void ProfilePage::showNumbers()
         text.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
         text.replace(QLatin1Char('\n'), QStringLiteral("   "));
     }
-    if (text.isEmpty() || !verdict.reasons.isEmpty()) {
-        const QStringList why = QStringList(verdict.text()) + verdict.reasons;
-        text = why.join(QStringLiteral("; ")) + (text.isEmpty() ? text : QLatin1Char('\n') + text);
-    }
-    m_numbers->setText(text);
+    const QStringList why = QStringList(verdict.text()) + verdict.reasons;
+    m_numbers->setText(why.join(QStringLiteral("; "))
+                       + (text.isEmpty() ? text : QLatin1Char('\n') + text));
 }
 
 } // namespace Monitor

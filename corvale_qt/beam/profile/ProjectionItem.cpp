@@ -53,7 +53,7 @@ public:
     {
         QPolygonF line;
         const BeamEstimate &estimate = m_plane.estimate;
-        if (!estimate.isOk())
+        if (!m_plane.isGood()) // a Gaussian that does not describe the profile would mislead
             return line;
         const double background =
             std::isnan(estimate.background.value) ? 0 : estimate.background.value;

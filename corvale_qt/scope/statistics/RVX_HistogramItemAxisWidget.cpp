@@ -91,13 +91,15 @@ RVX_HistogramItemAxisWidgetPrivate::find(const RVX_StatisticsHistogramItem *item
 QwtScaleDiv RVX_HistogramItemAxisWidgetPrivate::allTicks() const
 {
     double upper = 0.0;
+    double lower = entries.empty() ? 0.0 : entries.front().ticks.lowerBound();
     QList<double> ticks[QwtScaleDiv::NTickTypes];
     for (const Entry &entry : entries) {
         upper = std::max(upper, entry.ticks.upperBound());
+        lower = std::min(lower, entry.ticks.lowerBound());
         for (int type = 0; type < QwtScaleDiv::NTickTypes; ++type)
             ticks[type] += entry.ticks.ticks(type);
     }
-    return QwtScaleDiv(0.0, upper, ticks);
+    return QwtScaleDiv(lower, upper, ticks);
 }
 
 void RVX_HistogramItemAxisWidgetPrivate::measureLabels()

@@ -127,6 +127,35 @@ private Q_SLOTS:
         }
     }
 
+    void aDescribedDetectorIsShown()
+    {
+        using Axis = Corvale_Qt::DetectorLayout::Axis;
+        Corvale_Qt::DetectorDescription harp;
+        harp.kind = Corvale_Qt::DetectorKind::Strips;
+        harp.x = Corvale_Qt::DetectorAxis::at({-30, -20, -12, -7, -3, 0, 3, 7, 12, 20, 30},
+                                              QStringLiteral("mm"));
+        harp.y = harp.x;
+        harp.density = true;
+        FedDisplays s;
+        s.session.setDetector(Corvale_Qt::DetectorLayout::fromDescription(harp));
+        s.source->begin(StreamKind::Strips, 22, "nA");
+        QVERIFY(s.feeder.hasProfile());
+        std::vector<double> frame;
+        for (const double mean : {3.0, -2.0})
+            for (const double place : harp.x.positions)
+                frame.push_back(std::exp(-0.5 * std::pow((place - mean) / 6.0, 2)));
+        s.source->give(0.0, frame);
+        QTRY_VERIFY(s.profile.getCalc().valid);
+        QVERIFY(std::abs(s.profile.getCalc().meanX - 3.0) < 0.02);
+        QVERIFY(std::abs(s.profile.getCalc().meanY + 2.0) < 0.02);
+        QCOMPARE(s.profile.detectorLayout().cells(Axis::X), 11);
+        QTRY_VERIFY(!s.position.showsNoBeam());
+        s.source->give(1.0, std::vector<double>(22, 0.0));
+        s.settle();
+        QTRY_VERIFY(s.position.showsNoBeam());
+        QVERIFY(!s.profile.getCalc().valid && s.feeder.hasShownProfile());
+    }
+
     void theLastFrameOfABurstStays()
     {
         FedDisplays s;

@@ -7,6 +7,8 @@
 
 #include <qwt_plot_item.h>
 
+#include <QVector>
+
 namespace Corvale_Qt {
 
 class PixelRuns;
@@ -21,6 +23,11 @@ class CurveLayer : public QwtPlotItem
 {
 public:
     CurveLayer();
+
+    /*! Returns the samples, as rising indexes into the series of the curves that use the layer, to which no line leads from
+        the sample before. */
+    QVector<int> &breaks() { return m_breaks; }
+    const QVector<int> &breaks() const { return m_breaks; }
 
     /*! Adds runs that lie inside \a clip, in pixels of \a painter's coordinates. \a color must be opaque. Runs that were added
         for another clip are drawn first. */
@@ -37,6 +44,7 @@ private:
     //! Draws the picture and starts an empty one.
     void begin(QPainter *painter, const QRect &clip);
 
+    QVector<int> m_breaks;
     mutable RunImage m_image;
     QRect m_clip;
     // The painter that the runs were added for; null while the picture is empty.

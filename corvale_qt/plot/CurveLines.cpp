@@ -3,6 +3,7 @@
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
+#include "corvale_qt/plot/LineBreaks_p.h"
 #include "corvale_qt/plot/PixelColumns_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
@@ -83,7 +84,7 @@ private:
     bool m_found;
 };
 
-//! Calls use(x, y) for each sample, including missing ones. Reads in chunks if the model can.
+//! Calls use(i, x, y) for each sample, counted from the first one, including missing ones. Reads in chunks if the model can.
 template<typename Use>
 void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
 {
@@ -91,7 +92,7 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
     if (!source.columns) {
         for (int i = from; i <= to; ++i) {
             const QPointF point = series.sample(size_t(i));
-            use(point.x(), point.y());
+            use(i - from, point.x(), point.y());
         }
         return;
     }
@@ -103,7 +104,7 @@ void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use u
         source.readX(size_t(first), count, x);
         source.readY(size_t(first), count, y);
         for (int i = 0; i < count; ++i)
-            use(x[i], y[i]);
+            use(first - from + i, x[i], y[i]);
     }
 }
 
@@ -154,8 +155,11 @@ public:
     }
 
     //! Adds one run for each pixel column of \a clip; \a columns may hold those of the curve before.
-    void
-    addTo(PixelRuns &runs, PixelColumns &columns, const QwtScaleMap &xMap, const QRect &clip) const
+    void addTo(PixelRuns &runs,
+               PixelColumns &columns,
+               const QwtScaleMap &xMap,
+               const QRect &clip,
+               LineBreaks breaks) const
     {
         columns.find(m_spans.storedX(),
                      m_source.columns.xVersion(),
@@ -165,12 +169,19 @@ public:
         const auto &edges = columns.edges();
         for (int i = 0; i < edges.size(); ++i) {
             const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end();
-            addColumn(runs, edges[i].column, edges[i].first, end);
+            for (int first = edges[i].first; first < end;) {
+                if (breaks.isAt(first))
+                    runs.gap();
+                const int count = breaks.lengthOfLine(first, end - first);
+                addRows(runs, edges[i].column, first, first + count);
+                first += count;
+            }
         }
     }
 
 private:
-    void addColumn(PixelRuns &runs, int column, int first, int end) const
+    //! Adds rows of one pixel column that no break divides.
+    void addRows(PixelRuns &runs, int column, int first, int end) const
     {
         const ValueRange range = storedRange(m_spans.storedY(), first, end);
         const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
@@ -252,11 +263,14 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     PixelRuns &runs = reused.runs;
     const QRect clip = m_canvasRect.toAlignedRect();
     runs.begin(clip);
+    LineBreaks breaks = breaksFrom(from);
     const DenseCurve dense(series, from, to, m_yMap);
     if (dense.areFound()) {
-        dense.addTo(runs, reused.columns, m_xMap, clip);
+        dense.addTo(runs, reused.columns, m_xMap, clip, breaks);
     } else {
-        forEachSample(series, from, to, [&](double x, double y) {
+        forEachSample(series, from, to, [&](int i, double x, double y) {
+            if (breaks.isAt(i))
+                runs.gap();
             if (isFinite(x, y))
                 runs.addPoint(pixelOf(m_xMap, x), pixelOf(m_yMap, y));
             else
@@ -279,16 +293,20 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     points.resize(std::max(points.size(), to - from + 1));
     QPointF *const begin = points.data();
     QPointF *end = begin;
+    const auto endLine = [&] {
+        drawPolyline(begin, int(end - begin));
+        end = begin;
+    };
     const auto add = [&](double position, double y) {
         if (!isFinite(position, y)) {
-            drawPolyline(begin, int(end - begin));
-            end = begin;
+            endLine();
             return;
         }
         const double height = m_yMap.transform(y);
         *end++ = QPointF(position, m_aligned ? pixelOf(height) : height);
     };
 
+    LineBreaks breaks = breaksFrom(from);
     const SeriesColumns source = SeriesColumns::of(&series);
     const SeriesSpans spans(source, from, to);
     if (spans.areFound()) {
@@ -297,8 +315,11 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
             found.find(spans.storedX(), source.columns.xVersion(), m_xMap, m_aligned);
         constexpr int chunk = 256;
         double y[chunk];
-        for (int first = 0; first < spans.count(); first += chunk) {
-            const int count = std::min(chunk, spans.count() - first);
+        int count = 0;
+        for (int first = 0; first < spans.count(); first += count) {
+            if (breaks.isAt(first))
+                endLine();
+            count = breaks.lengthOfLine(first, std::min(chunk, spans.count() - first));
             spans.values(first, count, y);
             if (found.areFinite() && areFinite(y, count)) {
                 place(positions + first, y, count, end);
@@ -309,13 +330,21 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
                 add(positions[first + i], y[i]);
         }
     } else {
-        forEachSample(series, from, to, [&](double x, double y) {
+        forEachSample(series, from, to, [&](int i, double x, double y) {
+            if (breaks.isAt(i))
+                endLine();
             const double position = m_xMap.transform(x);
             const bool whole = m_aligned && std::isfinite(x);
             add(whole ? pixelOf(position) : position, y);
         });
     }
-    drawPolyline(begin, int(end - begin));
+    endLine();
+}
+
+//! Returns the breaks of the lines from sample \a from on, which all curves of the plot share.
+LineBreaks CurveLines::breaksFrom(int from) const
+{
+    return LineBreaks(m_layer ? &m_layer->breaks() : nullptr, from);
 }
 
 //! Writes the points of samples that are all finite.

@@ -13,6 +13,7 @@ class QwtScaleMap;
 namespace Corvale_Qt {
 
 class CurveLayer;
+class LineBreaks;
 
 /*! Draws the lines of a curve that breaks at missing samples. There are two methods, whose pictures differ at most in single
     pixels at corners:
@@ -36,7 +37,8 @@ public:
 
     //! Sets whether polylines are clipped to the canvas (QwtPlotCurve::ClipPolygons); off at first.
     void setClipping(bool on) { m_clipping = on; }
-    //! Sets the layer that receives runs; with null, the default, they are painted directly.
+    /*! Sets the layer that receives runs and says where the lines break; with null, the default, runs are painted directly
+        and lines break at missing samples only. */
     void setLayer(CurveLayer *layer) { m_layer = layer; }
     //! Returns whether \a painter draws whole pixels of one opaque colour with its pen, without blending.
     static bool
@@ -46,6 +48,7 @@ public:
 
 private:
     bool isDense(int samples) const;
+    LineBreaks breaksFrom(int from) const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
     void place(const double *positions, const double *y, int count, QPointF *points) const;

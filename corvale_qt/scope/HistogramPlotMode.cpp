@@ -56,6 +56,7 @@ HistogramPlotMode::HistogramPlotMode(ScopeContext &context)
 void HistogramPlotMode::enter()
 {
     m_context.curves.detach();
+    m_context.gaps.hide();
     m_context.surface.showOnly(m_context.plot);
     prepareAxis();
     showNames();

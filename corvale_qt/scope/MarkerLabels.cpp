@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/SpanIntegral_p.h"
 #include "corvale_qt/units/SiPrefix.h"
 
 #include <qwt_plot_marker.h>
@@ -159,6 +160,21 @@ QString spanText(const ScopeModel &model,
     return QStringLiteral("%1\n      Sum: %2\n     Mean: %3\n      RMS: %4\n Std. Dev: %5")
                .arg(bar, texts.sum(), texts.mean(), texts.rms(), texts.standardDeviation())
         + missingText(statistics);
+}
+
+QString
+integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period)
+{
+    const QString x = model.xUnitName();
+    const QString unit = model.hasSiPrefix()
+        ? QStringLiteral(" %1 %2").arg(model.unitName(channel), x)
+        : QString();
+    const auto text = [&model](double value) {
+        constexpr int digits = 6;
+        return model.hasSiPrefix() ? QString::number(value, 'g', digits) : number(value);
+    };
+    return QStringLiteral("\n Integral: %1%2\n  Covered: %3 of %4 %5")
+        .arg(text(span.integral), unit, text(span.covered), text(period), x);
 }
 
 void prepareMarker(QwtPlotMarker &marker)

@@ -12,6 +12,7 @@ namespace Corvale_Qt {
 
 class MarkerStatistics;
 class ScopeModel;
+struct SpanIntegral;
 
 //! A sample that a marker stands on.
 struct MarkedSample
@@ -39,6 +40,9 @@ QString spanText(const ScopeModel &model,
                  int channel,
                  const QString &bar,
                  const MarkerStatistics &statistics);
+//! Returns lines for the integral between two markers and for how much of the period it covers.
+QString
+integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period);
 
 //! Sets up the line of a new marker.
 void prepareMarker(QwtPlotMarker &marker);

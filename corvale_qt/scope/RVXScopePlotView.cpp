@@ -250,6 +250,8 @@ void RVXScopePlotView::dataChanged(const QModelIndex &topLeft,
     Q_D(RVXScopePlotView);
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
     d->context.cellsChanged(topLeft.row(), bottomRight.row());
+    if (topLeft.column() <= 0) // of x
+        d->context.gaps.ofModel().restart();
     RequestReplot();
 }
 

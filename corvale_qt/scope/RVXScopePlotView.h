@@ -102,6 +102,11 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! Whether the bars of the histogram are labelled with the names of their channels; false at first.
     Q_PROPERTY(bool barNames READ hasBarNames WRITE setBarNames NOTIFY barNamesChanged)
 
+    // Gaps, limits and the trigger.
+    //! How many usual intervals without a reading are an outage, across which no line is drawn; 0, as at first, for none.
+    Q_PROPERTY(
+        double gapIntervals READ gapIntervals WRITE setGapIntervals NOTIFY gapIntervalsChanged)
+
 public:
     //! What the view shows. The mode is StripMode until a model is set.
     enum PlotMode : int {
@@ -243,6 +248,15 @@ public:
         letters and numbers. */
     void setBarNames(bool on);
 
+    // Gaps, limits and the trigger.
+    //! Returns how many usual intervals without a reading are an outage; 0 if none is looked for.
+    double gapIntervals() const;
+    /*! Sets how many usual intervals without a reading are an outage; 3 suits most instruments, 0 looks for none. Strip chart
+        and sweeps then draw no line across an outage and shade its time, and integrals between markers leave it out; the label
+        of the second marker says how much time they cover. The usual interval is the median of some 32 intervals around a
+        sample. Ignores a negative number and NaN. */
+    void setGapIntervals(double intervals);
+
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
     //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
@@ -362,6 +376,10 @@ Q_SIGNALS:
     void raisedChannelChanged(int channel);
     //! The bars of the histogram are labelled with names, or no more.
     void barNamesChanged(bool on);
+
+    // Gaps, limits and the trigger.
+    //! Another number of usual intervals without a reading is an outage.
+    void gapIntervalsChanged(double intervals);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

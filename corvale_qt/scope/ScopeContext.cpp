@@ -19,6 +19,7 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     , axes(thePlot)
     , markers(theSurface, thePlot, model)
     , curves(thePlot, model, markers)
+    , gaps(thePlot)
     , statistics(thePlot, model)
 {
 }
@@ -101,6 +102,7 @@ void ScopeContext::restart()
         sweep.setLengthHint(sweepHint());
     sweep.restart(model.lastRow());
     stripStart.restart();
+    gaps.ofModel().restart();
     statistics.outdate();
 }
 
@@ -113,9 +115,11 @@ void ScopeContext::rowsInserted(int start, int end)
     if (dropped > 0) {
         markers.rowsRemoved(1, dropped);
         stripStart.rowsRemoved(1, dropped);
+        gaps.ofModel().rowsRemoved(1, dropped);
     }
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);
+    gaps.ofModel().rowsInserted(start);
     statistics.outdate();
 }
 
@@ -124,6 +128,7 @@ void ScopeContext::rowsRemoved(int start, int end)
     sweep.rowsRemoved(start, end);
     markers.rowsRemoved(start, end);
     stripStart.rowsRemoved(start, end);
+    gaps.ofModel().rowsRemoved(start, end);
     statistics.outdate();
 }
 
@@ -132,6 +137,7 @@ void ScopeContext::rowsMoved()
     sweep.forgetShown();
     markers.forgetRows();
     stripStart.restart();
+    gaps.ofModel().restart();
     statistics.outdate();
 }
 

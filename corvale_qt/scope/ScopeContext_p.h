@@ -8,6 +8,7 @@
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
+#include "corvale_qt/scope/ScopeGaps_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/StripStart_p.h"
@@ -74,6 +75,7 @@ struct ScopeContext
     ScopeAxes axes;
     ScopeMarkers markers;
     ScopeCurves curves;
+    ScopeGaps gaps;
     QwtPlotHistogram histogram;
     CanvasNote note;
     bool hasBarNames = false; //!< the bars are labelled with the names of their channels

@@ -35,6 +35,9 @@ public:
     //! Takes all curves off the plot and deletes their series, which read from the model.
     void dropData();
 
+    //! Returns the samples to which no line leads, as rising indexes into each series that is plotted.
+    QVector<int> &breaks() { return m_layer.breaks(); }
+
     //! Returns whether a curve on the plot has a finite sample.
     bool showReadings() const;
 

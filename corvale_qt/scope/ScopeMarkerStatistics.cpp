@@ -26,7 +26,8 @@ bool ScopeMarkerStatistics::operator==(const ScopeMarkerStatistics &other) const
         && isSame(frequency, other.frequency) && isSame(difference, other.difference)
         && count == other.count && missing == other.missing && isSame(sum, other.sum)
         && isSame(mean, other.mean) && isSame(rms, other.rms)
-        && isSame(standardDeviation, other.standardDeviation);
+        && isSame(standardDeviation, other.standardDeviation) && isSame(integral, other.integral)
+        && isSame(coveredTime, other.coveredTime) && outages == other.outages;
 }
 
 } // namespace Corvale_Qt

@@ -55,6 +55,12 @@ struct CORVALE_QT_EXPORT ScopeMarkerStatistics
     double rms = std::numeric_limits<double>::quiet_NaN(); //!< root of the mean of the squares
     //! Root of the squared deviations from the mean, divided by n - 1; 0 for a single reading.
     double standardDeviation = std::numeric_limits<double>::quiet_NaN();
+    /*! Over time by the trapezoidal rule, in the unit of the model times that of x. It bridges neither missing readings nor the
+        outages of RVXScopePlotView::gapIntervals. NaN for bars. */
+    double integral = std::numeric_limits<double>::quiet_NaN();
+    double coveredTime = std::numeric_limits<
+        double>::quiet_NaN(); //!< the part of the period that the integral covers; NaN for bars
+    int outages = 0; //!< between the markers; 0 while gapIntervals is 0
 };
 
 } // namespace Corvale_Qt

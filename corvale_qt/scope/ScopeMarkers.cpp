@@ -6,6 +6,8 @@
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
+#include "corvale_qt/scope/SpanIntegral_p.h"
+#include "corvale_qt/scope/TimeGaps_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_series_data.h>
@@ -320,11 +322,24 @@ bool ScopeMarkers::reads(int index) const
         && sampleX(m_reader, data.row) == data.x;
 }
 
+//! Returns the rows from one marker to the other, counted as those that are plotted.
+RowRange ScopeMarkers::spanRows() const
+{
+    const auto rows = std::minmax(m_data[0].row, m_data[1].row);
+    return {rows.first, rows.second};
+}
+
 //! Returns the statistics of the second marker's channel from one marker to the other.
 MarkerStatistics ScopeMarkers::span() const
 {
-    const auto rows = std::minmax(m_data[0].row, m_data[1].row);
-    return statisticsOfRows(m_reader, m_data[1].column, {rows.first, rows.second});
+    return statisticsOfRows(m_reader, m_data[1].column, spanRows());
+}
+
+//! Returns the integral of the second marker's channel from one marker to the other.
+SpanIntegral ScopeMarkers::spanIntegral() const
+{
+    static const TimeGaps none;
+    return SpanIntegral::ofRows(m_reader, m_data[1].column, spanRows(), m_gaps ? *m_gaps : none);
 }
 
 ScopeMarkerStatistics ScopeMarkers::statistics() const
@@ -343,6 +358,7 @@ ScopeMarkerStatistics ScopeMarkers::statistics() const
         result.frequency = 1.0 / result.period;
     result.difference = result.second.reading - result.first.reading;
     span().writeTo(result);
+    spanIntegral().writeTo(result);
     return result;
 }
 
@@ -354,7 +370,10 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
         return;
     const double period = std::abs(a.x - b.x);
     const MarkedSample sample = marked(b, resolutionOf(xRange));
-    setMarkerLabel(*item(1), spanText(m_model, sample, period, span()), m_selected == 1);
+    QString text = spanText(m_model, sample, period, span());
+    if (m_gaps && m_gaps->areSought())
+        text += integralText(m_model, b.column, spanIntegral(), period);
+    setMarkerLabel(*item(1), text, m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
 }
 

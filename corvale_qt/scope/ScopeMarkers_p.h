@@ -24,8 +24,10 @@ namespace Corvale_Qt {
 
 class MarkerStatistics;
 class ScopeSurface;
+class TimeGaps;
 struct MarkedSample;
 struct ScopeMarkerStatistics;
+struct SpanIntegral;
 
 /*! Places the markers, finds the samples they stand on, and writes their labels.
 
@@ -69,6 +71,8 @@ public:
     /*! Begins a plot. \a reader gives the plotted samples; its row 1 is the first of \a modelRows, as far as these are
         still known. */
     void begin(const PlotColumnReader &reader, RowRange modelRows);
+    //! Sets the gaps among the rows that are plotted next; they must live as long as the markers.
+    void setGaps(const TimeGaps &gaps) { m_gaps = &gaps; }
     //! Lets keys move the other marker, if that is attached.
     void selectOther();
     void clearLabels();
@@ -119,7 +123,9 @@ private:
     int sweepOffset(const State &state, double x, int size) const;
     int modelRow(const Data &data) const;
     bool reads(int index) const;
+    RowRange spanRows() const;
     MarkerStatistics span() const;
+    SpanIntegral spanIntegral() const;
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
 
@@ -130,6 +136,7 @@ private:
     std::array<Data, count> m_data;
     PlotColumnReader m_reader; //!< of the current plot
     RowRange m_modelRows; //!< of the current plot
+    const TimeGaps *m_gaps = nullptr; //!< of the current plot
     int m_selected = 0;
     bool m_selects = false; //!< the selection follows marker 0
 };

@@ -34,6 +34,8 @@ void StripPlotMode::plot()
         request.remembered = blocks->oldest();
     const StripWindow window = stripWindow(reader, request);
 
+    m_context.markers.setGaps(
+        m_context.gaps.showStrip(m_context.curves, reader, window.rows, request.samples));
     m_context.markers.begin(reader, {1, request.samples});
     if (blocks)
         m_context.markers.findInStrip(window.firstRow);
@@ -91,6 +93,7 @@ void StripPlotMode::setScrollBar(const StripScrollBar &scrolling)
 void StripPlotMode::clear()
 {
     m_context.curves.detach();
+    m_context.gaps.hide();
     m_context.markers.detachAll();
     setAxisTitles();
     m_context.surface.showScrollBar(false);

@@ -16,6 +16,7 @@ void SweepPlotMode::enter()
     m_context.surface.showScrollBar(false);
     // The curves of the strip chart are not a sweep. The last sweep is shown until the next one is complete.
     m_context.curves.detach();
+    m_context.gaps.hide();
     m_context.refreshAsked = true;
 }
 
@@ -62,6 +63,7 @@ void SweepPlotMode::draw()
     m_context.sweepChanged = false;
     const int size = m_context.sweepSamples.size();
     const PlotColumnReader reader(&m_context.sweepSamples);
+    m_context.markers.setGaps(m_context.gaps.showSweep(m_context.curves, reader, size));
     m_context.markers.begin(reader, m_context.sweep.shown());
     m_context.markers.findInSweep(size);
     const auto kept = [this](int channel) {
@@ -74,6 +76,7 @@ void SweepPlotMode::draw()
 void SweepPlotMode::clear()
 {
     m_context.curves.detach();
+    m_context.gaps.hide();
     m_context.sweepSamples.clear();
     m_context.markers.clearLabels();
     setAxisTitles();

@@ -25,6 +25,9 @@ void showValuesForPeople(RVXScopePlotView &view)
     view.setLegendVisible(true);
 }
 
+//! A pause longer than this many usual intervals is an outage, as the count of gaps in the status line says.
+constexpr double usualGapIntervals = 3.0;
+
 } // namespace
 
 DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
@@ -49,6 +52,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_scope->setModel(&session.model());
     m_scope->setBeginAtFirst(true);
     showValuesForPeople(*m_scope->plotView());
+    m_scope->plotView()->setGapIntervals(usualGapIntervals);
     setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));

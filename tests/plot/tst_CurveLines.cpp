@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QSet>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -51,8 +52,10 @@ QPen yellowPen()
 }
 
 // The promise itself: each pair of neighbouring samples is a line of its own, a lonely sample a point.
-QImage
-everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const QwtScaleMap &y)
+QImage everySegment(const QwtSeriesData<QPointF> &series,
+                    const QwtScaleMap &x,
+                    const QwtScaleMap &y,
+                    const QVector<int> &breaks = {})
 {
     QImage image = emptyCanvas();
     QPainter painter(&image);
@@ -68,12 +71,13 @@ everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x, const Q
         const QPointF point = series.sample(size_t(i));
         return QPoint(pixelOf(x, point.x()), pixelOf(y, point.y()));
     };
+    const auto isJoined = [&](int i) { // to the sample after it
+        return !isMissing(i) && !isMissing(i + 1) && !breaks.contains(i + 1);
+    };
     for (int i = 0; i < count; ++i) {
-        if (isMissing(i))
-            continue;
-        if (!isMissing(i + 1))
+        if (isJoined(i))
             painter.drawLine(pixel(i), pixel(i + 1));
-        else if (isMissing(i - 1))
+        else if (!isMissing(i) && !isJoined(i - 1))
             painter.drawPoint(pixel(i));
     }
     return image;
@@ -101,9 +105,11 @@ QImage drawn(const QwtPlotCurve &curve,
 QImage drawnInLayer(RVXDiscontinuousPlotCurve &curve,
                     const QwtScaleMap &x,
                     const QwtScaleMap &y,
-                    QImage image = emptyCanvas())
+                    QImage image = emptyCanvas(),
+                    const QVector<int> &breaks = {})
 {
     CurveLayer layer;
+    layer.breaks() = breaks;
     curve.setLayer(&layer);
     QPainter painter(&image);
     curve.draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
@@ -213,6 +219,55 @@ private Q_SLOTS:
             QVERIFY(litPixels(picture) > 0);
             QCOMPARE(differingPixels(picture, everySegment(series, x, upwards)), 0);
             QCOMPARE(differingPixels(picture, drawnInLayer(curve, x, upwards)), 0);
+        }
+    }
+
+    void linesBreakWhereTold_data()
+    {
+        tableFrom(R"(
+            | int samples | int gapEvery | double jitter
+            a sample for each few pixels     | 300   | 0  | 0
+            with missing samples             | 300   | 7  | 0
+            time backwards                   | 300   | 0  | 4
+            many samples for each pixel      | 20000 | 0  | 0
+            many samples and missing ones    | 20000 | 37 | 0
+            many samples, time backwards     | 20000 | 0  | 4
+        )");
+    }
+    void linesBreakWhereTold()
+    {
+        QFETCH(int, samples);
+        QFETCH(int, gapEvery);
+        QFETCH(double, jitter);
+        RVXSingleChannelDataModel model;
+        feed(model, {samples, 1.0, gapEvery, notANumber, jitter});
+        // The series begins in the middle of the buffer; some breaks follow each other, one is at its end.
+        const RVXSeriesData series(model, 1, 11, -1);
+        const int count = int(series.size());
+        QVector<int> breaks{1, 2, 5, count / 2, count / 2 + 1, count - 1};
+        std::mt19937 random(9);
+        for (int i = 6; i < count / 2; i += 1 + int(random() % 40))
+            breaks.append(i);
+        std::sort(breaks.begin(), breaks.end());
+        RVXDiscontinuousPlotCurve curve;
+        prepare(curve, series);
+        const double to = model.doubleData(model.rowCount() - 1, 0);
+        for (const double from : {1001.0, 1001.0 + samples / 5}) {
+            const QwtScaleMap x = scaleMap(from, to, 0.0, 999.0);
+            const QImage picture = drawnInLayer(curve, x, upwards, emptyCanvas(), breaks);
+            QVERIFY(differingPixels(picture, drawn(curve, x, upwards)) > 0);
+            QImage pieces = emptyCanvas();
+            QPainter painter(&pieces);
+            for (int i = 0; i <= breaks.size(); ++i) {
+                const int first = i > 0 ? breaks[i - 1] : 0;
+                const int last = (i < breaks.size() ? breaks[i] : count) - 1;
+                curve.drawSeries(&painter, x, upwards, QRectF(QPointF(0, 0), canvas), first, last);
+            }
+            // Each piece of many samples is drawn by another method alone than in the whole.
+            const bool dense = samples > 1000;
+            QCOMPARE(
+                differingPixels(picture, dense ? everySegment(series, x, upwards, breaks) : pieces),
+                0);
         }
     }
 

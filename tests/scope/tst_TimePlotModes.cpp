@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Rows.h"
@@ -353,6 +355,67 @@ private Q_SLOTS:
             labels << draw->label(tick).text();
         QVERIFY(labels.size() > 2);
         QCOMPARE(labels.removeDuplicates(), 0);
+    }
+
+    void outagesAreShaded()
+    {
+        for (const int mode : {View::StripMode, View::ScopeMode}) {
+            HundredPoints view(mode);
+            QSignalSpy changed(&view, &View::gapIntervalsChanged);
+            QVector<ScopeTestModel::Row> rows;
+            for (int i = 0; i < 100; ++i)
+                rows.append({i < 50 ? i * 1.0 : 100.0 + i, 1.0});
+            view.model.append(rows);
+            view.SetRange(-2.0, 2.0);
+            view.SetYScaleMode(View::FullRange);
+            const QColor line = RVXPlotColors::color(0);
+            const auto colour = [&](double x, double y) {
+                return view.colourIn(view.canvas(), x, y);
+            };
+            QCOMPARE(colour(100.5, 1.0), line);
+            QCOMPARE(colour(100.5, 0.31), QColor(Qt::black));
+            view.setGapIntervals(-1.0);
+            view.setGapIntervals(qQNaN());
+            QCOMPARE(changed.size(), 0);
+            view.setGapIntervals(3.0);
+            QCOMPARE(changed.size(), 1);
+            QVERIFY(colour(100.5, 1.0) != line);
+            QVERIFY(colour(100.5, 0.31).lightness() > 20);
+            QCOMPARE(colour(20.5, 1.0), line);
+            QCOMPARE(colour(20.5, 0.31), QColor(Qt::black));
+            // A histogram has no time.
+            view.showMode(View::HistogramMode);
+            const QImage histogram = view.canvas();
+            view.setGapIntervals(0.0);
+            QCOMPARE(view.canvas(), histogram);
+            view.setGapIntervals(3.0);
+            view.showMode(mode);
+            view.setGapIntervals(0.0);
+            QCOMPARE(colour(100.5, 0.31), QColor(Qt::black));
+        }
+    }
+
+    void markersSayHowMuchTimeTheyCover()
+    {
+        ModelView view(1);
+        view.model.pointsHint = 100;
+        QVector<ScopeTestModel::Row> rows;
+        for (int i = 0; i < 100; ++i)
+            rows.append({i < 50 ? i * 1.0 : 100.0 + i, 2.0});
+        view.model.append(rows);
+        view.useMarkers();
+        view.click(Qt::LeftButton, 29.6, 2.0);
+        view.click(Qt::RightButton, 169.6, 2.0);
+        QVERIFY(!view.markerText(1).contains("Integral"));
+        QCOMPARE(view.markerStatistics().integral, 280.0); // bridged, since no gap is looked for
+        view.setGapIntervals(3.0);
+        QVERIFY2(view.markerText(1).endsWith(" Integral: 78\n  Covered: 39 of 140 s"),
+                 qPrintable(view.markerText(1)));
+        const ScopeMarkerStatistics read = view.markerStatistics();
+        QCOMPARE(read.integral, 2.0 * (19.0 + 20.0));
+        QCOMPARE(read.coveredTime, 39.0);
+        QCOMPARE(read.outages, 1);
+        QCOMPARE(read.mean, 2.0);
     }
 };
 

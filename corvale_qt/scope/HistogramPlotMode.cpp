@@ -57,6 +57,8 @@ void HistogramPlotMode::enter()
 {
     m_context.curves.detach();
     m_context.gaps.hide();
+    m_context.limits.hide();
+    m_context.triggerMarks.hide();
     m_context.surface.showOnly(m_context.plot);
     prepareAxis();
     showNames();
@@ -106,6 +108,9 @@ void HistogramPlotMode::plot()
     const double divisor = plotDivisor();
     drawBars(divisor);
     m_context.histogram.attach(m_context.plot);
+    m_context.limits.showOverBars(divisor, [this](int channel) {
+        return m_series->sample(size_t(channel - 1)).interval;
+    });
     m_context.showYTitle();
     m_context.statistics.showResults(divisor);
     showMarkers();

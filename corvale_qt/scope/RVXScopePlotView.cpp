@@ -236,7 +236,7 @@ void RVXScopePlotView::reset()
         d->context.createCurves();
         d->currentMode().enter();
     }
-    d->context.restart();
+    d->restart();
     if (d->context.model.lastRow() < 1)
         d->context.markers.samplesHaveGone();
     d->context.markers.forgetRows();
@@ -249,9 +249,7 @@ void RVXScopePlotView::dataChanged(const QModelIndex &topLeft,
 {
     Q_D(RVXScopePlotView);
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
-    d->context.cellsChanged(topLeft.row(), bottomRight.row());
-    if (topLeft.column() <= 0) // of x
-        d->context.gaps.ofModel().restart();
+    d->cellsChanged(topLeft, bottomRight);
     RequestReplot();
 }
 
@@ -260,7 +258,7 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
     Q_D(RVXScopePlotView);
     if (parent.isValid())
         return;
-    d->context.rowsInserted(start, end);
+    d->rowsCame(start, end);
     QAbstractItemView::rowsInserted(parent, start, end);
     RequestReplot();
 }
@@ -312,7 +310,7 @@ void RVXScopePlotView::Plot()
         if (std::exchange(d->pictureStale, false))
             d->canvas->invalidateBackingStore();
         const QScopedValueRollback<bool> guard(d->plotting, true);
-        d->currentMode().plot();
+        d->plotMode();
         d->announceLater();
     }
     d->showBufferSize();

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "corvale_qt/corvale_qt_export.h"
+#include "corvale_qt/numerics/ChannelLimits.h"
+#include "corvale_qt/numerics/SweepTrigger.h"
 
 #include <QAbstractItemView>
 #include <QSharedPointer>
@@ -106,6 +108,8 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! How many usual intervals without a reading are an outage, across which no line is drawn; 0, as at first, for none.
     Q_PROPERTY(
         double gapIntervals READ gapIntervals WRITE setGapIntervals NOTIFY gapIntervalsChanged)
+    //! At which readings the sweeps of ScopeMode begin; off at first, so that they follow one another.
+    Q_PROPERTY(Corvale_Qt::SweepTrigger trigger READ trigger WRITE setTrigger NOTIFY triggerChanged)
 
 public:
     //! What the view shows. The mode is StripMode until a model is set.
@@ -256,6 +260,23 @@ public:
         of the second marker says how much time they cover. The usual interval is the median of some 32 intervals around a
         sample. Ignores a negative number and NaN. */
     void setGapIntervals(double intervals);
+    //! Returns the limits of a channel, counted from 1; empty ones if it has none.
+    ChannelLimits channelLimits(int channel) const;
+    /*! Sets the limits of a channel, counted from 1, in the unit of the model; empty ones remove them. They are drawn as lines in
+        strip chart and sweeps, except in a normalised scale, and across the channel's bar in the histogram: warnings dashed,
+        alarms solid. Every row that the model inserts is judged, whatever the view shows. Ignores limits that are not valid,
+        and a channel that no view can show. */
+    void setChannelLimits(int channel, const ChannelLimits &limits);
+    //! Returns how the newest reading of a channel lies among its limits, with hysteresis.
+    LimitState limitState(int channel) const;
+    //! Returns at which readings the sweeps of ScopeMode begin.
+    SweepTrigger trigger() const;
+    /*! Sets at which readings the sweeps of ScopeMode begin, and arms the trigger. The time of a sweep is then 0 at its trigger,
+        and the plot says what the trigger does: "Armed", "Triggered" or "Auto". The level is in the unit of the model. Ignores
+        a trigger that is not valid. */
+    void setTrigger(const SweepTrigger &trigger);
+    //! Returns what the trigger did at the last plot of sweeps.
+    TriggerState triggerState() const;
 
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
@@ -329,6 +350,8 @@ public Q_SLOTS:
     void SetYScaleMode(int scaleMode);
     //! Sets whether the y axis shows only a tenth of the negative range.
     void SetPositiveOnly(bool positiveOnly);
+    //! Waits for the next trigger, also after a single one. Does nothing while the trigger is off.
+    void armTrigger();
 
 Q_SIGNALS:
     /*! The results of the items of a type are those of another sample, or of the same sample with other readings, channels or
@@ -380,6 +403,15 @@ Q_SIGNALS:
     // Gaps, limits and the trigger.
     //! Another number of usual intervals without a reading is an outage.
     void gapIntervalsChanged(double intervals);
+    //! A channel, counted from 1, has other limits.
+    void channelLimitsChanged(int channel);
+    /*! The readings of a channel, counted from 1, have passed to another state. Emitted from the event loop, for each change,
+        also if the reading has come back since. */
+    void limitStateChanged(int channel, Corvale_Qt::LimitState state);
+    //! Sweeps begin at other readings.
+    void triggerChanged();
+    //! triggerState() has changed. Emitted from the event loop.
+    void triggerStateChanged(Corvale_Qt::TriggerState state);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

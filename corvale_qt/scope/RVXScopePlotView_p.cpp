@@ -192,7 +192,7 @@ void RVXScopePlotViewPrivate::plotForMarkers()
         return;
     replotPending = false;
     const QScopedValueRollback<bool> guard(plotting, true);
-    currentMode().plot();
+    plotMode();
 }
 
 //! Returns whether anything is connected to a signal of the view.

@@ -73,6 +73,16 @@ public:
     void plotForMarkers();
     //! Has announce() called by the event loop if a host listens and there may be something to tell.
     void announceLater();
+    // What the readings are watched for follows the model and the plots.
+    void rowsCame(int start, int end);
+    void cellsChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
+    void restart();
+    void plotMode();
+    //! Has the event loop tell hosts of the channels whose limit state has changed, if there are any.
+    void announceLimitsLater();
+    void announceLimits();
+    //! Has the event loop tell hosts that the trigger does something else, if it does.
+    void announceTriggerLater();
     //! Tells hosts that the statistics, or what the markers read, have changed.
     void announce();
     template<typename Signal>
@@ -126,6 +136,8 @@ public:
     QPointer<QItemSelectionModel> viewSelection; //!< made by setModel()
     QPointer<QItemSelectionModel> oldSelection; //!< waits to be deleted
     bool announcementAsked = false;
+    bool limitsAnnouncementAsked = false;
+    TriggerState announcedTrigger = TriggerState::Off;
     ScopeMarkerStatistics announcedMarkers;
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label

@@ -20,7 +20,9 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     , markers(theSurface, thePlot, model)
     , curves(thePlot, model, markers)
     , gaps(thePlot)
+    , limits(thePlot, model)
     , statistics(thePlot, model)
+    , triggerMarks(thePlot)
 {
 }
 
@@ -103,6 +105,7 @@ void ScopeContext::restart()
     sweep.restart(model.lastRow());
     stripStart.restart();
     gaps.ofModel().restart();
+    triggered.restart();
     statistics.outdate();
 }
 
@@ -116,6 +119,7 @@ void ScopeContext::rowsInserted(int start, int end)
         markers.rowsRemoved(1, dropped);
         stripStart.rowsRemoved(1, dropped);
         gaps.ofModel().rowsRemoved(1, dropped);
+        triggered.rowsRemoved(1, dropped);
     }
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);
@@ -129,6 +133,7 @@ void ScopeContext::rowsRemoved(int start, int end)
     markers.rowsRemoved(start, end);
     stripStart.rowsRemoved(start, end);
     gaps.ofModel().rowsRemoved(start, end);
+    triggered.rowsRemoved(start, end);
     statistics.outdate();
 }
 

@@ -9,11 +9,14 @@
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 #include "corvale_qt/scope/ScopeGaps_p.h"
+#include "corvale_qt/scope/ScopeLimits_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/StripStart_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "corvale_qt/scope/SweepSamples_p.h"
+#include "corvale_qt/scope/TriggerMarks_p.h"
+#include "corvale_qt/scope/TriggeredSweeps_p.h"
 
 #include <qwt_plot_histogram.h>
 
@@ -76,6 +79,7 @@ struct ScopeContext
     ScopeMarkers markers;
     ScopeCurves curves;
     ScopeGaps gaps;
+    ScopeLimits limits;
     QwtPlotHistogram histogram;
     CanvasNote note;
     bool hasBarNames = false; //!< the bars are labelled with the names of their channels
@@ -89,6 +93,8 @@ struct ScopeContext
 
     // Sweeps.
     SweepProgress sweep;
+    TriggeredSweeps triggered; //!< which sweeps are shown while there is a trigger
+    TriggerMarks triggerMarks;
     SweepSamples sweepSamples; //!< a copy of the sweep that is shown
     bool refreshAsked = false; //!< the last sweep is drawn again if there is no new one
     bool sweepChanged = false; //!< values of the sweep in the model differ from the copy

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
@@ -25,6 +26,13 @@ void SweepPlotMode::plot()
     const int last = m_context.model.lastRow();
     const bool refresh = std::exchange(m_context.refreshAsked, false);
     m_context.sweep.setLengthHint(m_context.sweepHint());
+    if (m_context.triggered.trigger().isOn()) {
+        plotTriggered(last, refresh);
+        showTrigger();
+        return;
+    }
+    m_context.triggerMarks.hide();
+    m_origin = 0;
     m_context.sweep.skipToNewest(last);
     if (m_context.sweep.isComplete(last)) {
         m_context.sweep.advance();
@@ -39,20 +47,65 @@ void SweepPlotMode::plot()
     }
 }
 
+//! Draws the newest sweep that begins with a trigger, or one without in automatic mode.
+void SweepPlotMode::plotTriggered(int lastRow, bool refresh)
+{
+    if (m_context.triggered.trigger().channel > m_context.model.channelCount()) {
+        clear();
+        return;
+    }
+    const auto next =
+        m_context.triggered.update(m_context.model.reader(), lastRow, m_context.sweep.length());
+    if (next) {
+        m_context.sweep.show(next->rows);
+        m_origin = next->origin - next->rows.first + 1;
+        take(next->rows);
+        draw();
+    } else if (lastRow < 2) {
+        clear();
+    } else if (refresh && m_context.sweepSamples.size() > 0) {
+        drawAgain(lastRow);
+    }
+}
+
+//! Copies the rows of the sweep, with their time from the trigger on if there is one.
+void SweepPlotMode::take(RowRange rows)
+{
+    m_context.sweepSamples.take(m_context.model, rows);
+    m_context.sweepSamples.setOrigin(m_origin);
+}
+
+//! Says what the trigger does, also while no sweep comes.
+void SweepPlotMode::showTrigger()
+{
+    const SweepTrigger &trigger = m_context.triggered.trigger();
+    m_context.triggerMarks.show(trigger,
+                                m_context.triggered.state(),
+                                m_context.model.brush(trigger.channel).color(),
+                                m_context.yScale.mode != RVXScopePlotView::Normalized);
+}
+
+QString SweepPlotMode::xTitle() const
+{
+    const QString unit = TimePlotMode::xTitle();
+    return m_origin > 0 ? RVXScopePlotView::tr("%1 from the trigger").arg(unit) : unit;
+}
+
 //! Draws the sweep from the model, or from the copy if samples have left the model.
 void SweepPlotMode::drawAgain(int lastRow)
 {
     const RowRange shown = m_context.sweep.shown();
     const RowRange left{std::max(shown.first, 1), std::min(shown.last, lastRow)};
     if (left.size() == m_context.sweepSamples.size()) {
-        m_context.sweepSamples.take(m_context.model, left);
+        take(left);
     } else if (m_context.sweepChanged || !m_context.sweepSamples.hasUnitOf(m_context.model)) {
         // The copy is outdated, and the model has only a part of the sweep or none of it.
         if (left.size() < 2) {
             clear();
             return;
         }
-        m_context.sweepSamples.take(m_context.model, left);
+        m_origin -= left.first - shown.first; // samples before it have left the model
+        take(left);
         m_context.sweep.narrowShown(left);
     }
     draw();

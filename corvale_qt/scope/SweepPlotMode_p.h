@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/TimePlotMode_p.h"
 
 namespace Corvale_Qt {
@@ -18,8 +19,15 @@ public:
     void moveMarker(int index, int steps) override;
 
 private:
+    QString xTitle() const override;
+    void plotTriggered(int lastRow, bool refresh);
+    void take(RowRange rows);
     void drawAgain(int lastRow);
     void draw();
+    void showTrigger();
+
+    int m_origin =
+        0; //!< the sample of the sweep at which its time is 0, counted from 1; 0 without a trigger
 };
 
 } // namespace Corvale_Qt

@@ -42,6 +42,8 @@ public:
     RowRange shown() const { return m_shown; }
     //! Shows only \a rows of the sweep from now on.
     void narrowShown(RowRange rows) { m_shown = rows; }
+    //! Shows rows that another class has cut, in place of the next sweep.
+    void show(RowRange rows) { m_shown = rows; }
     //! Forgets the rows of the sweep that is shown.
     void forgetShown() { m_shown = RowRange(); }
 

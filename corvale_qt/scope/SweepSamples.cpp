@@ -36,6 +36,20 @@ void SweepSamples::take(const ScopeModel &model, RowRange rows)
     m_unitScale = model.unitScale();
 }
 
+void SweepSamples::setOrigin(int row)
+{
+    if (row < 1 || row > size())
+        return;
+    const double origin = m_columns[0][row - 1];
+    for (double &x : m_columns[0])
+        x -= origin;
+    for (QVector<QPointF> &points : m_points) {
+        for (QPointF &point : points)
+            point.rx() -= origin;
+    }
+    m_xVersion = newXVersion();
+}
+
 void SweepSamples::takeChannel(const ScopeModel &model, RowRange rows, int channel)
 {
     QVector<double> &values = m_columns[channel];

@@ -23,6 +23,9 @@ public:
     //! Replaces the copy by \a rows of a model.
     void take(const ScopeModel &model, RowRange rows);
 
+    //! Makes the x of a row 0 and counts the x of the others from there.
+    void setOrigin(int row);
+
     int size() const { return m_columns.value(0).size(); }
     //! Returns whether the values of the model still have the unit that they had when they were copied.
     bool hasUnitOf(const ScopeModel &model) const;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
@@ -12,6 +13,8 @@ void TimePlotMode::enter()
 {
     m_context.histogram.detach();
     m_context.statistics.hide();
+    m_context.limits.hide();
+    m_context.triggerMarks.hide();
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareTimeAxis();
     setAxisTitles(); // the first sweep may take long to complete
@@ -30,6 +33,10 @@ bool TimePlotMode::showsReadings() const
 void TimePlotMode::finish(double left, double right)
 {
     m_context.axes.setTimeRange(left, right);
+    if (m_context.yScale.mode == RVXScopePlotView::Normalized)
+        m_context.limits.hide(); // each curve has a scale of its own
+    else
+        m_context.limits.showOverTime();
     for (int i = 0; i < ScopeMarkers::count; ++i)
         m_context.markers.setStripMarker(i, {left, right});
     setAxisTitles();
@@ -41,7 +48,12 @@ void TimePlotMode::finish(double left, double right)
 void TimePlotMode::setAxisTitles()
 {
     m_context.showYTitle();
-    m_context.axes.setXTitle(m_context.model.xUnitName());
+    m_context.axes.setXTitle(xTitle());
+}
+
+QString TimePlotMode::xTitle() const
+{
+    return m_context.model.xUnitName();
 }
 
 } // namespace Corvale_Qt

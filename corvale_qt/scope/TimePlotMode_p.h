@@ -5,6 +5,8 @@
 
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
+#include <QString>
+
 namespace Corvale_Qt {
 
 //! What strip chart and sweeps share: curves over time.
@@ -20,6 +22,8 @@ protected:
     //! Sets the x axis, markers and axis titles once the curves are drawn.
     void finish(double left, double right);
     void setAxisTitles();
+    //! Returns the title of the x axis. By default it is the unit of x.
+    virtual QString xTitle() const;
 };
 
 } // namespace Corvale_Qt

@@ -5,6 +5,7 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/ScopeLegend.h"
+#include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/ModelWatch.h"
@@ -39,6 +40,51 @@ private Q_SLOTS:
         view.append(1);
         view.settle();
         QCOMPARE(view.model.seriesTaken, 0);
+    }
+
+    void limitsAreDrawnAndJudged()
+    {
+        ModelView view(2, 50);
+        view.SetRange(-10.0, 10.0);
+        view.SetYScaleMode(View::FullRange);
+        QSignalSpy changed(&view, &View::limitStateChanged);
+        ChannelLimits limits;
+        limits.highAlarm = 6.5;
+        view.setChannelLimits(2, limits);
+        limits.highAlarm = qInf();
+        view.setChannelLimits(2, limits); // not valid
+        view.setChannelLimits(0, ChannelLimits());
+        QCOMPARE(view.channelLimits(2).highAlarm, 6.5);
+        QCOMPARE(view.channelLimits(1), ChannelLimits());
+        const QColor black(Qt::black);
+        const auto line = [&](double x) {
+            return view.colourIn(view.canvas(), x, 6.5);
+        };
+        QVERIFY(line(-50.3).red() > 200 && line(48.3).red() > 200);
+        view.check(2, false);
+        QCOMPARE(line(48.3), black);
+        view.check(2, true);
+        view.SetYScaleMode(View::Normalized);
+        QVERIFY(!view.qwtPlot()->itemList().isEmpty());
+        view.SetYScaleMode(View::FullRange);
+        view.showMode(View::HistogramMode);
+        QCOMPARE(line(0.7), black); // the bar of channel 1
+        QVERIFY(line(1.7).red() > 200);
+
+        // Each passage is told, whatever the view shows, also if the reading has come back since.
+        view.hide();
+        for (const double value : {7.0, 6.45, 6.0})
+            view.model.show({50.0, value});
+        view.model.show({50.0, 9.0});
+        view.settle();
+        QStringList states;
+        for (const QList<QVariant> &each : changed)
+            states.append(
+                QString("%1:%2").arg(each[0].toInt()).arg(int(each[1].value<LimitState>())));
+        QCOMPARE(states.join(' '), QString("2:4 2:0 2:4"));
+        QCOMPARE(view.limitState(2), LimitState::HighAlarm);
+        view.setChannelLimits(2, ChannelLimits());
+        QCOMPARE(view.limitState(2), LimitState::Normal);
     }
 
     void yScales_data()

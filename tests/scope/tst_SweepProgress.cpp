@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/scope/BatchSizes_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
+#include "corvale_qt/scope/TriggeredSweeps_p.h"
+#include "tests/scope/ScopeTestModel.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -47,6 +50,22 @@ private:
     int m_last = 0;
     int m_dropped = 0;
 };
+
+//! A pulse of 5 rows at the rows 11, 31, 51 and so on, in channel 2.
+double pulses(int channel, double time)
+{
+    return channel == 2 && int(time + 10.0) % 20 < 5 && time >= 10.0 ? 1.0 : 0.0;
+}
+
+SweepTrigger pulseTrigger(SweepTrigger::Mode mode, double shareBefore)
+{
+    SweepTrigger trigger;
+    trigger.mode = mode;
+    trigger.channel = 2;
+    trigger.level = 0.5;
+    trigger.shareBefore = shareBefore;
+    return trigger;
+}
 
 } // namespace
 
@@ -153,6 +172,119 @@ private Q_SLOTS:
             // The sweep borders are the same as without skipping.
             QCOMPARE(sweep.next().first, waiting > 8 ? waiting * 10 - 9 : 1);
         }
+    }
+
+    void sweepsBeginAtTriggers_data()
+    {
+        columns<int, double, int, int, QString>("length", "share", "batch", "capacity", "sweeps");
+        // Pulses rise at rows 11, 31, 51 ... of 200.
+        const int whole = 1000;
+        row("all before",
+            10,
+            0.0,
+            3,
+            whole,
+            "11-20@11 31-40@31 51-60@51 71-80@71 91-100@91 "
+            "111-120@111 131-140@131 151-160@151 171-180@171 191-200@191");
+        row("a share before",
+            10,
+            0.3,
+            1,
+            whole,
+            "8-17@11 28-37@31 48-57@51 68-77@71 88-97@91 "
+            "108-117@111 128-137@131 148-157@151 168-177@171 188-197@191");
+        row("not enough rows before the first",
+            20,
+            0.75,
+            1,
+            whole,
+            "16-35@31 36-55@51 56-75@71 76-95@91 "
+            "96-115@111 116-135@131 136-155@151 156-175@171 176-195@191");
+        row("longer than the pulses are apart",
+            30,
+            0.0,
+            3,
+            whole,
+            "11-40@11 51-80@51 91-120@91 131-160@131 171-200@171");
+        row("the oldest rows leave",
+            10,
+            0.3,
+            5,
+            25,
+            "8-17@11 28-37@31 48-57@51 68-77@71 88-97@91 "
+            "108-117@111 128-137@131 148-157@151 168-177@171 188-197@191");
+        row("all the time before",
+            10,
+            1.0,
+            1,
+            whole,
+            "2-11@11 22-31@31 42-51@51 62-71@71 82-91@91 "
+            "102-111@111 122-131@131 142-151@151 162-171@171 182-191@191");
+    }
+    void sweepsBeginAtTriggers()
+    {
+        QFETCH(int, length);
+        QFETCH(double, share);
+        QFETCH(int, batch);
+        QFETCH(int, capacity);
+        ScopeTestModel model(2, capacity);
+        TriggeredSweeps sweeps;
+        sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, share));
+        QCOMPARE(sweeps.state(), TriggerState::Armed);
+        int dropped = 0;
+        QObject::connect(&model,
+                         &QAbstractItemModel::rowsRemoved,
+                         [&](QModelIndex, int first, int last) {
+                             sweeps.rowsRemoved(first, last);
+                             dropped += last - first + 1;
+                         });
+        QStringList found;
+        for (int come = 0; come < 200; come += batch) {
+            model.appendRows(qMin(batch, 200 - come), 1.0, pulses);
+            const auto sweep =
+                sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, length);
+            if (sweep)
+                found.append(QString("%1-%2@%3")
+                                 .arg(sweep->rows.first + dropped)
+                                 .arg(sweep->rows.last + dropped)
+                                 .arg(sweep->origin + dropped));
+        }
+        QTEST(found.join(' '), "sweeps");
+        QCOMPARE(sweeps.state(), TriggerState::Triggered);
+    }
+
+    void triggersThatDoNotCome()
+    {
+        ScopeTestModel model(2);
+        TriggeredSweeps sweeps;
+        const auto next = [&](int rows) {
+            model.appendRows(rows, 1.0, pulses);
+            const auto sweep = sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4);
+            return sweep ? QString("%1-%2, %3")
+                               .arg(sweep->rows.first)
+                               .arg(sweep->rows.last)
+                               .arg(sweep->isTriggered ? "triggered" : "free")
+                         : QString();
+        };
+        QCOMPARE(next(3), QString()); // off
+        sweeps.set(pulseTrigger(SweepTrigger::Mode::Automatic, 0.0));
+        QCOMPARE(next(4), QString()); // two sweeps without a trigger have not passed
+        QCOMPARE(next(1), QString("5-8, free"));
+        QCOMPARE(sweeps.state(), TriggerState::Automatic);
+        QCOMPARE(next(6), QString("11-14, triggered"));
+        QCOMPARE(sweeps.state(), TriggerState::Triggered);
+        sweeps.set(pulseTrigger(SweepTrigger::Mode::Single, 0.0));
+        QCOMPARE(sweeps.state(), TriggerState::Armed);
+        QCOMPARE(next(30), QString("31-34, triggered"));
+        QCOMPARE(next(30), QString()); // at 51 and 71 it was not armed
+        sweeps.arm();
+        QCOMPARE(sweeps.state(), TriggerState::Armed);
+        QCOMPARE(next(30), QString("91-94, triggered"));
+        // Several sweeps at once: the newest is shown.
+        sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
+        QCOMPARE(next(70), QString("171-174, triggered"));
+        sweeps.restart();
+        QCOMPARE(sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4)->rows.first, 171);
     }
 };
 

@@ -417,6 +417,40 @@ private Q_SLOTS:
         QCOMPARE(read.outages, 1);
         QCOMPARE(read.mean, 2.0);
     }
+
+    void sweepsBeginAtTheirTrigger()
+    {
+        HundredPoints view(View::ScopeMode);
+        SweepTrigger trigger;
+        trigger.level = qQNaN();
+        view.setTrigger(trigger);
+        QCOMPARE(view.trigger(), SweepTrigger());
+        QSignalSpy states(&view, &View::triggerStateChanged);
+        trigger.mode = SweepTrigger::Mode::Normal;
+        trigger.level = 1.5;
+        trigger.shareBefore = 0.25;
+        view.setTrigger(trigger);
+        const auto step = [](int, double time) { // up at 1000 s, down at 1030 s
+            return time >= 1000.0 && time < 1030.0 ? 2.0 : 1.0;
+        };
+        view.model.appendRows(1050, 1.0, step);
+        QCOMPARE(view.curves().size(), 0);
+        QCOMPARE(view.triggerState(), TriggerState::Armed);
+        view.model.appendRows(40, 1.0, step);
+        QCOMPARE(view.xText(), QString("-25..74"));
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("s from the trigger"));
+        QCOMPARE(view.curves().first()->sample(25), QPointF(0.0, 2.0));
+        QCOMPARE(view.triggerState(), TriggerState::Triggered);
+        QCOMPARE(states.size(), 2);
+        // What is zoomed or chosen draws the same sweep again, with the same time.
+        view.SetYScaleMode(View::Percent50);
+        QCOMPARE(view.curves().first()->sample(25), QPointF(0.0, 2.0));
+        trigger.mode = SweepTrigger::Mode::Off;
+        view.setTrigger(trigger);
+        QCOMPARE(view.triggerState(), TriggerState::Off);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
+        QCOMPARE(view.curves().first()->sample(25), QPointF(925.0, 1.0));
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_TimePlotModes)

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/scope/ScopeLimits_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+
+#include <qwt_plot.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr LimitState kLimits[] = {LimitState::LowAlarm,
+                                  LimitState::LowWarning,
+                                  LimitState::HighWarning,
+                                  LimitState::HighAlarm};
+
+constexpr int kMostChanges = 10000;
+
+} // namespace
+
+ScopeLimits::ScopeLimits(QwtPlot *plot, const ScopeModel &model)
+    : m_plot(plot)
+    , m_model(model)
+{
+}
+
+void ScopeLimits::set(int channel, const ChannelLimits &limits)
+{
+    const LimitState before = state(channel);
+    if (limits.isEmpty())
+        m_watches.remove(channel);
+    else
+        m_watches.insert(channel, watchAnew(channel, limits));
+    if (state(channel) != before)
+        note(channel, state(channel));
+}
+
+//! Returns a watch that has judged nothing but the newest row.
+LimitWatch ScopeLimits::watchAnew(int channel, const ChannelLimits &limits) const
+{
+    LimitWatch watch(limits);
+    const int last = m_model.lastRow();
+    if (last < 1 || channel > m_model.channelCount())
+        return watch;
+    double reading = 0.0;
+    const PlotColumnReader reader = m_model.reader();
+    reader.read(channel, last, 1, &reading);
+    watch.add(sampleX(reader, last), reading);
+    return watch;
+}
+
+void ScopeLimits::note(int channel, LimitState state)
+{
+    if (m_changes.size() < kMostChanges)
+        m_changes.append({channel, state});
+}
+
+void ScopeLimits::add(int channel, LimitWatch &watch, RowRange rows)
+{
+    constexpr int chunk = 512;
+    double x[chunk];
+    double values[chunk];
+    const PlotColumnReader reader = m_model.reader();
+    for (int row = rows.first; row <= rows.last; row += chunk) {
+        const int count = std::min(chunk, rows.last - row + 1);
+        reader.read(0, row, count, x);
+        reader.read(channel, row, count, values);
+        for (int i = 0; i < count; ++i) {
+            if (watch.add(x[i], values[i]))
+                note(channel, watch.state());
+        }
+    }
+}
+
+void ScopeLimits::judge(RowRange rows)
+{
+    if (m_watches.isEmpty())
+        return;
+    const int channels = m_model.channelCount();
+    for (auto watch = m_watches.begin(); watch != m_watches.end() && watch.key() <= channels;
+         ++watch)
+        add(watch.key(), *watch, rows);
+}
+
+void ScopeLimits::judgeAnew()
+{
+    for (auto watch = m_watches.begin(); watch != m_watches.end(); ++watch) {
+        const LimitState before = watch->state();
+        *watch = watchAnew(watch.key(), watch->limits());
+        if (watch->state() != before)
+            note(watch.key(), watch->state());
+    }
+}
+
+QVector<ScopeLimits::Change> ScopeLimits::takeChanges()
+{
+    return std::exchange(m_changes, {});
+}
+
+//! Draws the line that lineOf(channel, limit) gives for each limit of the channels that are shown.
+template<typename LineOf>
+void ScopeLimits::show(LineOf lineOf)
+{
+    m_lines.clear();
+    const int channels = m_model.channelCount();
+    for (auto watch = m_watches.constBegin();
+         watch != m_watches.constEnd() && watch.key() <= channels;
+         ++watch) {
+        for (const LimitState limit : kLimits) {
+            const double y = watch->limits().limitOf(limit);
+            if (!std::isnan(y) && m_model.isShown(watch.key()))
+                m_lines.add(lineOf(watch.key(), y, isAlarm(limit)));
+        }
+    }
+    if (m_lines.lines().isEmpty())
+        m_lines.detach();
+    else if (!m_lines.plot())
+        m_lines.attach(m_plot);
+}
+
+void ScopeLimits::showOverTime()
+{
+    show([](int, double y, bool alarm) {
+        return LimitLines::Line{y, alarm, {}};
+    });
+}
+
+void ScopeLimits::showOverBars(double divisor,
+                               const std::function<QwtInterval(int channel)> &barOf)
+{
+    show([&](int channel, double y, bool alarm) {
+        return LimitLines::Line{y / divisor, alarm, barOf(channel)};
+    });
+}
+
+void ScopeLimits::hide()
+{
+    m_lines.detach();
+}
+
+} // namespace Corvale_Qt

@@ -34,6 +34,7 @@ constexpr bool isHigh(LimitState state)
     that equals a limit is within it. */
 struct CORVALE_QT_EXPORT ChannelLimits
 {
+    //! Stands for a limit that does not exist.
     static constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
     double lowAlarm = none; //!< readings below it are an alarm

@@ -24,10 +24,10 @@ struct CORVALE_QT_EXPORT SweepTrigger
         Either = 2,
     };
 
-    Mode mode = Mode::Off;
+    Mode mode = Mode::Off; //!< when sweeps are shown
     int channel = 1; //!< counted from 1
     double level = 0.0; //!< in the unit of the readings
-    Edge edge = Edge::Rising;
+    Edge edge = Edge::Rising; //!< which way readings must pass the level
     /*! How far a reading must have been on the other side of the level before it can trigger, in the unit of the readings; 0 or
         more. It must exceed the noise, which else triggers on the wrong edge. */
     double hysteresis = 0.0;

@@ -364,6 +364,8 @@ void LineProtocol::deliver(double time, const double *values)
         if (!header.detectorFault.isEmpty())
             m_sink.eventNoted(
                 QStringLiteral("the detector is not used: %1").arg(header.detectorFault));
+        if (!header.limitsFault.isEmpty())
+            m_sink.eventNoted(QStringLiteral("limits are not used: %1").arg(header.limitsFault));
         m_sink.streamStarted(header);
     }
     m_shapeProven = true;

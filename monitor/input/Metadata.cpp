@@ -42,6 +42,7 @@ QString cleanText(const QString &text, int length)
 Metadata::Line Metadata::take(std::string_view line)
 {
     const QString text = QString::fromUtf8(line.data(), int(line.size())).trimmed();
+    m_fault.clear();
     const int space = text.indexOf(QLatin1Char(' '));
     const QString word = text.left(space);
     const QString value = space < 0 ? QString() : text.mid(space + 1).trimmed();
@@ -61,6 +62,8 @@ Metadata::Line Metadata::take(std::string_view line)
         return takeLayout(value);
     if (word == QLatin1String("#range"))
         return takeRange(value);
+    if (word == QLatin1String("#limits"))
+        return takeLimits(value);
     if (word == QLatin1String("#t0"))
         return takeStartTime(value);
     if (word == QLatin1String("#event")) {
@@ -129,6 +132,40 @@ Metadata::Line Metadata::takeRange(const QString &value)
     return Line::Changed;
 }
 
+/*! Takes "NAME low_alarm,low_warn,high_warn,high_alarm". The name may contain blanks: it ends at the last blank before the
+    first number. */
+Metadata::Line Metadata::takeLimits(const QString &value)
+{
+    constexpr int commas = 3;
+    const QString head = value.section(QLatin1Char(','), 0, -commas - 1);
+    const int space = head.lastIndexOf(QLatin1Char(' '));
+    const QString name = cleanText(value.left(space), maxNameLength);
+    const auto limits = limitsFromText(value.mid(space + 1), &m_fault);
+    const bool isNew = !m_limits.contains(name);
+    if (space < 1 || name.isEmpty())
+        m_fault = QStringLiteral("#limits: the name of a channel and four numbers are needed");
+    else if (!limits)
+        m_fault = QLatin1String("#limits: ") + m_fault;
+    else if (isNew && m_limits.size() >= StreamHeader::maxChannels)
+        m_fault = QStringLiteral("#limits: there are more names than channels");
+    else {
+        m_fault.clear();
+        m_limits.insert(name, *limits);
+        return Line::Changed;
+    }
+    return Line::Unreadable;
+}
+
+//! Gives the channels their limits, and says which channel there is not.
+void Metadata::describeLimits(StreamHeader *header) const
+{
+    for (auto limits = m_limits.begin(); limits != m_limits.end(); ++limits) {
+        if (!header->setLimits(limits.key(), limits.value()) && header->limitsFault.isEmpty())
+            header->limitsFault =
+                QStringLiteral("the stream has no channel \"%1\"").arg(limits.key());
+    }
+}
+
 Metadata::Line Metadata::takeStartTime(const QString &value)
 {
     const QDateTime time = QDateTime::fromString(value, Qt::ISODateWithMs).toUTC();
@@ -195,6 +232,7 @@ StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kin
     takeAcquisition(&header);
     describeDetector(&header);
     applyUnits(&header.channels);
+    describeLimits(&header);
     return header;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/readings/StreamHeader.h"
 #include <corvale_qt/detector/DetectorLines.h>
 
@@ -58,6 +59,8 @@ private:
     void describeDetector(StreamHeader *header) const;
     void takeAcquisition(StreamHeader *header) const;
     Line takeRange(const QString &value);
+    Line takeLimits(const QString &value);
+    void describeLimits(StreamHeader *header) const;
     Line takeStartTime(const QString &value);
     void applyUnits(QVector<Channel> *channels) const;
 
@@ -72,6 +75,7 @@ private:
     QDateTime m_startTime;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
+    NamedLimits m_limits;
     Corvale_Qt::DetectorLines m_detector;
     QString m_event;
     QString m_fault;

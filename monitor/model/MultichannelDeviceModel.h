@@ -42,6 +42,8 @@ public:
     //! Returns how many readings arrived since the model was paused.
     qint64 waitingReadings() const { return m_arrivedWaiting; }
 
+    //! Replaces the limits of the channels, which files that are saved from now on have.
+    void setLimits(const QVector<Corvale_Qt::ChannelLimits> &limits) { m_header.limits = limits; }
     const StreamHeader &header() const { return m_header; }
     //! Returns the value in row \a row (from 1) of channel \a channel (from 0), in the unit in which it was received.
     double receivedValue(int row, int channel) const { return givenValue(row, channel + 1); }

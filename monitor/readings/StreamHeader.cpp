@@ -118,6 +118,21 @@ StreamHeader StreamHeader::ofNumbers() const
     return header;
 }
 
+bool StreamHeader::setLimits(const QString &name, const Corvale_Qt::ChannelLimits &limitsOfChannel)
+{
+    int index = indexOf(name);
+    for (int i = 0; i < channels.size() && index < 0; ++i) {
+        const bool hasUnit = !channels[i].unit.isEmpty();
+        if (hasUnit && channels[i].name + QLatin1Char('_') + channels[i].unit == name)
+            index = i;
+    }
+    if (index < 0)
+        return false;
+    limits.resize(channels.size());
+    limits[index] = limitsOfChannel;
+    return true;
+}
+
 int StreamHeader::indexOf(const QString &name) const
 {
     for (int i = 0; i < channels.size(); ++i)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <corvale_qt/detector/DetectorLayout.h>
+#include <corvale_qt/numerics/ChannelLimits.h>
 
 #include <QDateTime>
 #include <QMetaType>
@@ -49,6 +50,9 @@ struct StreamHeader
     //! Readings outside these limits, unless they are computed, are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
+    QVector<Corvale_Qt::ChannelLimits>
+        limits; //!< of each channel, in its unit; empty if no channel has any
+    QString limitsFault; //!< why limits that the stream gives are not used; empty otherwise
     Corvale_Qt::DetectorLayout
         detector; //!< empty if the stream does not describe one; never empty for frames
     QString
@@ -74,7 +78,12 @@ struct StreamHeader
         strips for those who share strips evenly, so such a stream becomes one of channels. Frames keep their detector if the
         new one does not fit. */
     void setDetector(const Corvale_Qt::DetectorLayout &layout);
-    //! Returns whether the stream has limits.
+    //! Returns the limits of a channel, counted from 0; empty ones if it has none.
+    Corvale_Qt::ChannelLimits limitsOf(int channel) const { return limits.value(channel); }
+    /*! Sets the limits of a channel by its name, to which its unit may be added as in "left_nA". Returns false if there is no
+        such channel. */
+    bool setLimits(const QString &name, const Corvale_Qt::ChannelLimits &limitsOfChannel);
+    //! Returns whether the stream has a range.
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.
     int indexOf(const QString &name) const;

@@ -3,6 +3,7 @@
 
 #include "monitor/input/LineSplitter.h"
 #include "monitor/input/Metadata.h"
+#include "monitor/readings/LimitTexts.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
 #include <charconv>
@@ -98,6 +99,10 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     text += "#channels " + names.join(',') + "\n";
     text += "#unit " + units.join(',') + "\n";
     appendAcquisition(&text, header);
+    for (int i = 0; i < header.channels.size(); ++i) {
+        if (!header.limitsOf(i).isEmpty())
+            text += "#limits " + names[i] + " " + limitsText(header.limitsOf(i)).toLatin1() + "\n";
+    }
     // The longest names and units do not fit into one line; the units are in the "#unit" line in any case.
     const QByteArray line = columns.join(',');
     const bool fits = line.size() <= LineSplitter::maxLength;

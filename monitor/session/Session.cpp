@@ -37,6 +37,7 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
             showWaiting();
     });
     connect(&clock, &Clock::tick, this, &Session::tick);
+    connect(&m_alarms, &Alarms::noted, this, &Session::takeEvent);
 }
 
 Session::~Session() = default;
@@ -72,7 +73,10 @@ void Session::takeHeader(const StreamHeader &told)
     const QString fault = m_computed->begin(header);
     if (!fault.isEmpty())
         takeEvent(tr("ERROR %1").arg(fault));
+    m_streamLimits = header.limits;
+    applyLimits(&header);
     m_statistics.startStream(header);
+    m_alarms.startStream(header);
     m_activity.reset();
     if (m_recorder)
         m_recorder->startStream(header);
@@ -84,6 +88,28 @@ void Session::takeHeader(const StreamHeader &told)
     m_leftOutTold = false;
     if (m_shownHeaders.admits(m_clock.seconds()))
         showHeader();
+}
+
+//! Gives the channels the limits that were chosen for their names.
+void Session::applyLimits(StreamHeader *header) const
+{
+    for (auto limits = m_chosenLimits.begin(); limits != m_chosenLimits.end(); ++limits)
+        header->setLimits(limits.key(), limits.value());
+}
+
+void Session::setLimits(const NamedLimits &limits)
+{
+    m_chosenLimits = limits;
+    StreamHeader header = m_statistics.header();
+    header.limits = m_streamLimits;
+    applyLimits(&header);
+    header.limits.resize(header.channels.size()); // empty ones replace those that were there
+    m_statistics.setLimits(header.limits);
+    m_alarms.setHeader(header);
+    m_alarms.update(m_statistics.limitLog());
+    if (!m_headerWaits)
+        m_model.setLimits(header.limits);
+    Q_EMIT limitsChanged();
 }
 
 //! Shows the present stream. If streams follow each other too fast, only the last one is shown.
@@ -124,6 +150,7 @@ void Session::takeReadings(const ReadingBlock &arrived)
     m_statistics.addReadings(readings);
     if (m_recorder)
         m_recorder->addReadings(readings);
+    m_alarms.update(m_statistics.limitLog());
     takeToShow(readings);
     if ((isShowDue() && !m_headerWaits) || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();

@@ -3,8 +3,10 @@
 
 #include "monitor/model/MultichannelDeviceModel.h"
 #include "monitor/readings/ComputedStream.h"
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/session/ActivityWatch.h"
+#include "monitor/session/Alarms.h"
 #include "monitor/session/FloodGate.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/session/SpotPlan.h"
@@ -38,6 +40,11 @@ public:
     void setDetector(const Corvale_Qt::DetectorLayout &detector) { m_detector = detector; }
     //! Sets the channels that are computed, from the next stream on.
     void setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels);
+    /*! Sets limits by the names of channels, which go before those of a stream; empty ones remove a limit of the stream. They
+        hold at once and for the streams that follow. */
+    void setLimits(const NamedLimits &limits);
+    //! Returns the limits that setLimits() was given.
+    const NamedLimits &chosenLimits() const { return m_chosenLimits; }
     /*! Sets how many seconds readings are collected before the model gets them, as from an instrument that reports
         rarely; 0 for the shortest interval. */
     void setShowInterval(double seconds);
@@ -51,6 +58,9 @@ public:
     Source &source() const { return *m_source; }
     MultichannelDeviceModel &model() { return m_model; }
     const StreamStatistics &statistics() const { return m_statistics; }
+    //! Returns which channels are beyond their limits. All readings are judged as they come, also while the session is paused.
+    Alarms &alarms() { return m_alarms; }
+    const Alarms &alarms() const { return m_alarms; }
     Clock &clock() const { return m_clock; }
     //! Returns whether readings are overdue.
     bool isStale() const;
@@ -77,6 +87,8 @@ Q_SIGNALS:
     void streamStarted(const Monitor::StreamHeader &header);
     //! Emitted when a frame is to be shown; \a values has all values of the reading. Not emitted while paused.
     void frameShown(double time, const QVector<double> &values);
+    //! Emitted when the channels of the stream have other limits.
+    void limitsChanged();
     //! Emitted when the session was paused or goes on.
     void pausedChanged(bool paused);
     //! Emitted when a recording or a file of it began or ended, or when its errors changed.
@@ -93,6 +105,7 @@ private:
     void takeReadings(const ReadingBlock &readings);
     void takeEvent(const QString &text);
     void tellHeldBack(double now);
+    void applyLimits(StreamHeader *header) const;
     void showWaiting();
     void showHeader();
     void showFrame();
@@ -117,6 +130,9 @@ private:
     StreamStatistics m_statistics;
     ActivityWatch m_activity;
     ReadingLimit m_limit;
+    NamedLimits m_chosenLimits;
+    Alarms m_alarms;
+    QVector<Corvale_Qt::ChannelLimits> m_streamLimits; //!< without those that were chosen
     std::unique_ptr<Recorder> m_recorder;
     QStringList m_incompleteRecordings;
     FloodGate m_shownEvents;

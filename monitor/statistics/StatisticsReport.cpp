@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Monitor {
 
@@ -123,6 +124,60 @@ void writeFits(QTextStream &out, const std::vector<ProfileFitResult> &fits)
     }
 }
 
+QString sideText(Corvale_Qt::LimitState state)
+{
+    return QString(isHigh(state) ? QStringLiteral("high ") : QStringLiteral("low "))
+        + (isAlarm(state) ? QStringLiteral("alarm") : QStringLiteral("warning"));
+}
+
+void writeExcursions(QTextStream &out, const StreamStatistics &statistics)
+{
+    const StreamHeader &header = statistics.header();
+    const int width = widestName(header);
+    bool isFirst = true;
+    for (int i = 0; i < header.channels.size(); ++i) {
+        for (const Corvale_Qt::LimitExcursion &excursion : statistics.limitLog().excursions(i)) {
+            if (std::exchange(isFirst, false)) {
+                out << "\nExcursions beyond the limits\n";
+                writeRow(out,
+                         QStringLiteral("channel"),
+                         width,
+                         {"limit", "began s", "ended s", "worst", "unit"});
+            }
+            writeRow(out,
+                     header.channels[i].name,
+                     width,
+                     {sideText(excursion.state),
+                      number(excursion.began),
+                      excursion.lasts() ? QStringLiteral("lasts") : number(excursion.ended),
+                      number(excursion.worst),
+                      header.channels[i].unit});
+        }
+    }
+}
+
+QJsonValue jsonLimits(const Corvale_Qt::ChannelLimits &limits)
+{
+    if (limits.isEmpty())
+        return QJsonValue::Null;
+    return QJsonObject{{"low_alarm", jsonNumber(limits.lowAlarm)},
+                       {"low_warning", jsonNumber(limits.lowWarning)},
+                       {"high_warning", jsonNumber(limits.highWarning)},
+                       {"high_alarm", jsonNumber(limits.highAlarm)}};
+}
+
+QJsonArray jsonExcursions(const LimitLog &log, int channel)
+{
+    QJsonArray excursions;
+    for (const Corvale_Qt::LimitExcursion &excursion : log.excursions(channel))
+        excursions.append(QJsonObject{{"state", sideText(excursion.state)},
+                                      {"limit", jsonNumber(excursion.limit)},
+                                      {"began", jsonNumber(excursion.began)},
+                                      {"ended", jsonNumber(excursion.ended)},
+                                      {"worst", jsonNumber(excursion.worst)}});
+    return excursions;
+}
+
 QJsonArray jsonChannels(const StreamStatistics &statistics)
 {
     QJsonArray channels;
@@ -140,6 +195,9 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
             {"integral", jsonNumber(channel.integral())},
             {"covered_integral", jsonNumber(channel.coveredIntegral())},
             {"covered_time", jsonNumber(channel.coveredTime())},
+            {"limits", jsonLimits(statistics.header().limitsOf(i))},
+            {"excursion_count", double(statistics.limitLog().excursionCount(i))},
+            {"excursions", jsonExcursions(statistics.limitLog(), i)},
         });
     }
     return channels;
@@ -318,6 +376,7 @@ QByteArray StatisticsReport::text() const
     writeLeftOut(out, *this);
     out << "\n";
     writeChannels(out, stream);
+    writeExcursions(out, stream);
     writeFrames(out, stream);
     writeFits(out, fits);
     if (spotErrors) {

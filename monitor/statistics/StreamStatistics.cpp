@@ -10,6 +10,13 @@ void StreamStatistics::startStream(const StreamHeader &header)
     m_shape = PixelShape::of(header);
     m_frameNumbers = FrameNumbers(header);
     m_channels.resize(std::size_t(header.channels.size()));
+    m_limitLog.startStream(header);
+}
+
+void StreamStatistics::setLimits(const QVector<Corvale_Qt::ChannelLimits> &limits)
+{
+    m_header.limits = limits;
+    m_limitLog.setLimits(limits, m_lastTime);
 }
 
 void StreamStatistics::addReadings(const ReadingBlock &readings)
@@ -38,6 +45,7 @@ void StreamStatistics::noteReading(double time, const double *values)
     }
     for (std::size_t i = 0; i < m_channels.size(); ++i)
         m_channels[i].add(time, ofChannels[i]);
+    m_limitLog.add(time, ofChannels);
     if (m_shape.isEmpty())
         return;
     m_frames.push_back({time,

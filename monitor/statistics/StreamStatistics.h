@@ -6,6 +6,7 @@
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/statistics/FrameMoments.h"
 #include "monitor/statistics/FrameNumbers.h"
+#include "monitor/statistics/LimitLog.h"
 #include "monitor/statistics/RunningStatistics.h"
 
 #include <deque>
@@ -30,7 +31,13 @@ public:
     //! Adds readings; those with another number of values than the header are ignored.
     void addReadings(const ReadingBlock &readings);
 
+    //! Replaces the limits of the channels in the middle of the stream.
+    void setLimits(const QVector<Corvale_Qt::ChannelLimits> &limits);
+
     const StreamHeader &header() const { return m_header; }
+    //! Returns when the readings were beyond the limits of their channels.
+    const LimitLog &limitLog() const { return m_limitLog; }
+    LimitLog &limitLog() { return m_limitLog; }
     //! Returns the number of readings.
     qint64 readings() const { return m_readings; }
     //! Returns the time of the first reading in seconds; 0 before it.
@@ -56,6 +63,7 @@ private:
     void noteReading(double time, const double *values);
 
     StreamHeader m_header;
+    LimitLog m_limitLog;
     PixelShape m_shape;
     std::vector<RunningStatistics> m_channels;
     std::deque<Frame> m_frames;

@@ -26,7 +26,7 @@ EventLog::EventLog(Session &session, QWidget *parent)
 {
     titleLabel()->hide(); // the dock has it
     setMaximumBlockCount(mostLines);
-    addErrorKeywords({QStringLiteral("ERROR")});
+    addErrorKeywords({QStringLiteral("ERROR"), QStringLiteral("ALARM")});
     addWarningKeywords({QStringLiteral("WARNING")});
     adoptPalette();
     connect(&session, &Session::noted, this, &EventLog::write);

@@ -2,6 +2,7 @@
 #include "monitor/window/LatestValuePanel.h"
 
 #include "monitor/session/Session.h"
+#include "monitor/window/LimitMarks.h"
 #include "monitor/window/StaleMarks.h"
 #include <corvale_qt/proxies/RVXLatestPlotDataProxyModel.h>
 #include <corvale_qt/widgets/RVXTableView.h>
@@ -46,7 +47,9 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     auto *latest = new Corvale_Qt::RVXLatestPlotDataProxyModel(this);
     latest->setSiPrefix(true);
     latest->setSourceModel(&session.model());
-    m_marks->setSourceModel(latest);
+    auto *limits = new LimitMarks(session.alarms(), this);
+    limits->setSourceModel(latest);
+    m_marks->setSourceModel(limits);
     m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setModel(m_marks);
     m_table->setItemDelegateForColumn(0, new LightCheckBoxes(m_table));
@@ -71,6 +74,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     });
     connect(&session, &Session::staleChanged, m_marks, &StaleMarks::setStale);
     connect(&session, &Session::streamStarted, this, &LatestValuePanel::fitNames);
+    connect(&session, &Session::limitsChanged, this, &LatestValuePanel::fitNames);
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(all);
@@ -89,6 +93,7 @@ QSize LatestValuePanel::sizeHint() const
 //! The names get the room that they need, the values the rest, and at least enough for a number.
 void LatestValuePanel::fitNames()
 {
+    updateGeometry(); // limits have words beside the values
     const int room = m_table->viewport()->width() - valueWidth();
     const int least = leastNameWidth();
     m_table->resizeColumnToContents(0);
@@ -98,7 +103,9 @@ void LatestValuePanel::fitNames()
 int LatestValuePanel::valueWidth() const
 {
     const QFontMetrics values(m_session.model().dataFont());
-    return values.horizontalAdvance(QStringLiteral(" -0.0000e-00 "));
+    const QString number = QStringLiteral(" -0.0000e-00 ");
+    const bool hasLimits = !m_session.statistics().header().limits.isEmpty();
+    return values.horizontalAdvance(hasLimits ? LimitMarks::longestMark() + number : number);
 }
 
 int LatestValuePanel::leastNameWidth() const

@@ -139,7 +139,21 @@ QString MonitorStatusBar::noticesText() const
         notices += noticeOf(tr("END"), grey);
     if (recorder && !recorder->errorString().isEmpty())
         notices += noticeOf(tr("RECORDING FAILS"), red);
+    notices += alarmText();
     return notices;
+}
+
+//! Returns the worst of what is beyond limits, and how much more there is.
+QString MonitorStatusBar::alarmText() const
+{
+    const QVector<Alarms::Entry> entries = m_session.alarms().entries();
+    if (entries.isEmpty())
+        return {};
+    const Alarms::Entry &first = entries.first();
+    QString text = first.lasts() ? first.text : tr("%1, is over (F8)").arg(first.text);
+    if (entries.size() > 1)
+        text = tr("%1 and %2 more").arg(text).arg(entries.size() - 1);
+    return noticeOf(text, isAlarm(first.worst) ? red : amber);
 }
 
 QString MonitorStatusBar::recordingText() const

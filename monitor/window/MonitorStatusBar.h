@@ -27,6 +27,7 @@ private:
     static QString gapsText(qint64 gaps);
     QString clockText() const;
     QString noticesText() const;
+    QString alarmText() const;
     QString recordingText() const;
 
     Session &m_session;

@@ -6,6 +6,7 @@
 #include "monitor/window/EventLog.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/LeftOutNotice.h"
+#include "monitor/window/LimitActions.h"
 #include "monitor/window/MonitorStatusBar.h"
 #include "monitor/window/PictureActions.h"
 #include "monitor/window/RecordAction.h"
@@ -97,6 +98,8 @@ void MonitorWindow::addMenus()
     addSpanAction(m_viewMenu);
     new ValueActions(m_session, *m_displays, m_settings, m_viewMenu, this);
     m_viewMenu->addSeparator();
+
+    new LimitActions(m_session, *m_displays, m_settings, menuBar()->addMenu(tr("&Limits")), this);
 }
 
 void MonitorWindow::addPauseAction(QMenu *menu)

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+#include <QUrl>
 
 namespace Monitor {
 
@@ -129,6 +130,41 @@ int WindowSettings::palette() const
 void WindowSettings::setPalette(int palette)
 {
     setValue(QStringLiteral("Monitor/colours"), palette);
+}
+
+NamedLimits WindowSettings::limits() const
+{
+    NamedLimits limits;
+    QString fault;
+    const QStringList entries = value(QStringLiteral("Monitor/limits"))
+                                    .toString()
+                                    .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &entry : entries) {
+        const QByteArray name = entry.section(QLatin1Char(':'), 0, 0).toLatin1();
+        const auto ofChannel = limitsFromText(entry.section(QLatin1Char(':'), 1), &fault);
+        if (ofChannel)
+            limits.insert(QUrl::fromPercentEncoding(name), *ofChannel);
+    }
+    return limits;
+}
+
+void WindowSettings::setLimits(const NamedLimits &limits)
+{
+    QStringList entries;
+    for (auto each = limits.begin(); each != limits.end(); ++each)
+        entries.append(QString::fromLatin1(QUrl::toPercentEncoding(each.key())) + QLatin1Char(':')
+                       + limitsText(each.value()));
+    setValue(QStringLiteral("Monitor/limits"), entries.join(QLatin1Char(' ')));
+}
+
+bool WindowSettings::isAlarmSoundOn() const
+{
+    return value(QStringLiteral("Monitor/alarm-sound")).toBool();
+}
+
+void WindowSettings::setAlarmSoundOn(bool on)
+{
+    setValue(QStringLiteral("Monitor/alarm-sound"), on);
 }
 
 QString WindowSettings::display(StreamKind kind) const

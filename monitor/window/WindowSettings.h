@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/readings/StreamHeader.h"
 
 #include <QByteArray>
@@ -50,6 +51,12 @@ public:
     //! Returns the set of colours of the channels, an RVXPlotColors::Palette; that of many colours before the first setPalette().
     int palette() const;
     void setPalette(int palette);
+    //! Returns the limits that the operator chose, by the names of channels.
+    NamedLimits limits() const;
+    void setLimits(const NamedLimits &limits);
+    //! Returns whether alarms make a sound; they do not at first.
+    bool isAlarmSoundOn() const;
+    void setAlarmSoundOn(bool on);
 
     //! Returns the display that was last shown for streams of that kind; empty if there is none.
     QString display(StreamKind kind) const;

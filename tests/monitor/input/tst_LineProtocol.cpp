@@ -426,6 +426,50 @@ private Q_SLOTS:
         QCOMPARE(counts.bad(), qint64(4));
         QCOMPARE(counts.lines, counts.readings + counts.bad());
     }
+
+    void limitsReachTheHeader_data()
+    {
+        // Of each channel the four limits; then what else is told.
+        columns<QByteArray, QString, QString>("lines", "limits", "told");
+        row("all four", QByteArray("#limits a -2,-1,1.5,2e3"), "-2,-1,1.5,2000 ,,,", "");
+        row("some", QByteArray("#limits b c ,,500,"), ",,, ,,500,", "");
+        row("by name and unit", QByteArray("#limits a_nA 1,,,9"), "1,,,9 ,,,", "");
+        row("blanks after the commas", QByteArray("#limits a 1, 2, 3, 4"), "1,2,3,4 ,,,", "");
+        row("none again", QByteArray("#limits a ,,,9/#limits a ,,,"), ",,, ,,,", "");
+        row("no such channel",
+            QByteArray("#limits d ,,,9"),
+            ",,, ,,,",
+            "event limits are not used: the stream has no channel \"d\" | ");
+        row("they fall", QByteArray("#limits a 4,3,2,1"), ",,, ,,,", "refused 1 unreadable | ");
+        row("three numbers", QByteArray("#limits a 1,2,3"), ",,, ,,,", "refused 1 unreadable | ");
+        row("not numbers", QByteArray("#limits a 1,x,3,nan"), ",,, ,,,", "refused 1 unreadable | ");
+        row("no name", QByteArray("#limits 1,2,3,4"), ",,, ,,,", "refused 1 unreadable | ");
+    }
+    //! A recording of the stream has the same limits.
+    void limitsReachTheHeader()
+    {
+        QFETCH(QByteArray, lines);
+        const auto read = [](const QByteArrayList &all) {
+            TextSink sink;
+            LineProtocol protocol(sink);
+            for (const QByteArray &line : all)
+                protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+            protocol.finish();
+            return sink;
+        };
+        const auto limitsOf = [](const StreamHeader &header) {
+            return limitsText(header.limitsOf(0)) + ' ' + limitsText(header.limitsOf(1));
+        };
+        const TextSink sink = read(lines.split('/') << "#channels a,b c"
+                                                    << "#unit nA"
+                                                    << "0,1,2"
+                                                    << "1,1,2");
+        QTEST(limitsOf(sink.header()), "limits");
+        QTEST(sink.text().section("start", 0, 0), "told");
+        const TextSink again = read(recordingHeader(sink.header(), "test").split('\n') << "0,1,2"
+                                                                                       << "1,1,2");
+        QCOMPARE(limitsOf(again.header()), limitsOf(sink.header()));
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_LineProtocol)

@@ -75,6 +75,70 @@ private Q_SLOTS:
             "no channel is computed: share, character 1: no channel is called \"ch2\""));
     }
 
+    void everyReadingIsJudged()
+    {
+        ScriptedSession s;
+        QStringList log;
+        QObject::connect(&s.session, &Session::noted, [&](const QString &text) {
+            log.append(text);
+        });
+        const auto entries = [&] {
+            QStringList texts;
+            for (const Alarms::Entry &entry : s.session.alarms().entries())
+                texts.append(entry.text + (entry.lasts() ? "" : ", over")
+                             + (entry.isUnacknowledged ? " !" : ""));
+            return texts.join("; ");
+        };
+        StreamHeader header;
+        header.channels = {{"left", "nA"}, {"right", "nA"}};
+        Corvale_Qt::ChannelLimits limits;
+        limits.highWarning = 400.0;
+        limits.highAlarm = 500.0;
+        header.setLimits("left", limits);
+        s.session.start();
+        s.source->begin(header);
+        s.session.setPaused(true); // what is not shown is judged as well
+        s.clock.advance(1.0);
+        ReadingBlock block(2); // one reading beyond, among others that come together
+        for (const double left : {1.0, 523.0, 2.0}) {
+            const double row[] = {left, 600.0};
+            block.append(0.1 * block.size(), row);
+        }
+        Q_EMIT s.source->readingsArrived(block);
+        QCOMPARE(log.join('\n'),
+                 QString("ALARM: left above 500 nA: 523 nA at t = 0.1 s\n"
+                         "left is within its limits again after 0.1 s, at worst 523 nA"));
+        QCOMPARE(entries(), QString("ALARM: left above 500 nA, over !"));
+        log.clear();
+        s.clock.advance(1.1);
+        // A limit that was chosen goes before the stream's; a warning needs nobody to acknowledge it.
+        s.session.setLimits({{"right", limits}, {"left", {}}});
+        s.source->give(1.0, {450.0, 450.0});
+        QCOMPARE(entries(),
+                 QString("ALARM: left above 500 nA, over !; WARNING: right above 400 nA"));
+        s.session.alarms().acknowledge();
+        QCOMPARE(entries(), QString("WARNING: right above 400 nA"));
+        s.source->give(1.1, {450.0, 550.0});
+        QCOMPARE(entries(), QString("ALARM: right above 500 nA !"));
+        s.source->give(1.2, {450.0, 480.0});
+        QCOMPARE(entries(), QString("ALARM: right above 500 nA !"));
+        s.source->give(1.3, {450.0, 0.0});
+        QCOMPARE(log.mid(1).join('\n'),
+                 QString("acknowledged: ALARM: left above 500 nA\n"
+                         "ALARM: right above 500 nA: 550 nA at t = 1.1 s\n"
+                         "right is no longer in alarm\n"
+                         "right is within its limits again after 0.3 s, at worst 550 nA"));
+        // The next stream has its own limits, and the chosen ones; an alarm that nobody saw stays.
+        s.source->begin(header);
+        QCOMPARE(entries(), QString("ALARM: right above 500 nA, over !"));
+        s.source->give(2.0, {600.0, 300.0});
+        QCOMPARE(entries(), QString("ALARM: right above 500 nA, over !"));
+        s.session.setLimits({});
+        s.source->give(2.1, {600.0, 900.0});
+        QCOMPARE(entries(),
+                 QString("ALARM: right above 500 nA, over !; ALARM: left above 500 nA !"));
+    }
+
     void silenceIsStaleAfterThreePeriods()
     {
         ScriptedSession s;

@@ -142,6 +142,53 @@ private Q_SLOTS:
         QCOMPARE(statistics.channel(0).coveredTime(), 6.0);
     }
 
+    void excursionsAreListed()
+    {
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 2);
+        Corvale_Qt::ChannelLimits limits;
+        limits.highWarning = 10.0;
+        limits.highAlarm = 20.0;
+        header.setLimits("ch2", limits);
+        StreamStatistics statistics;
+        statistics.startStream(header);
+        const auto give = [&](const QVector<double> &readings) {
+            ReadingBlock block(2);
+            for (const double reading : readings) {
+                const double row[] = {100.0, reading};
+                block.append(double(statistics.readings() + block.size()), row);
+            }
+            statistics.addReadings(block);
+        };
+        const auto excursions = [&](int channel) {
+            QStringList texts;
+            for (const auto &each : statistics.limitLog().excursions(channel))
+                texts.append(QString("%1..%2: %3").arg(each.began).arg(each.ended).arg(each.worst));
+            return texts.join(", ");
+        };
+        give({0, 25, 5, 15});
+        QCOMPARE(excursions(0), QString());
+        QCOMPARE(excursions(1), QString("1..2: 25, 3..nan: 15"));
+        QCOMPARE(int(statistics.limitLog().takeChanges().size()), 3);
+        // Other limits cut an excursion short; the same ones leave it alone.
+        statistics.setLimits(statistics.header().limits);
+        give({16});
+        limits.highWarning = 12.0;
+        header.setLimits("ch2", limits);
+        statistics.setLimits(header.limits);
+        give({17, 3});
+        QCOMPARE(excursions(1), QString("1..2: 25, 3..4: 16, 5..6: 17"));
+        // No number of excursions fills the memory.
+        QVector<double> restless;
+        for (int i = 0; i < 2500; ++i)
+            restless << 30.0 << 0.0;
+        give(restless);
+        QCOMPARE(statistics.limitLog().excursions(1).size(), LimitLog::mostExcursions);
+        QCOMPARE(statistics.limitLog().excursionCount(1), qint64(2503));
+        QVERIFY(statistics.limitLog().takeChanges().size() <= LimitLog::mostChanges);
+        QCOMPARE(statistics.limitLog().takeUnlisted(), qint64(2 + 5000 - 1000));
+    }
+
     void anotherRateIsNoGap()
     {
         StreamStatistics statistics;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
+#include "monitor/window/LimitActions.h"
+#include "monitor/window/LimitsDialog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/PictureExport.h"
@@ -17,6 +19,15 @@
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QTableWidget>
+#include <QTimer>
 
 using namespace Monitor;
 using Corvale_Qt::TimeSpanBox;
@@ -160,6 +171,66 @@ private Q_SLOTS:
         QCOMPARE(w.value(1), QString("1010"));
         QVERIFY(!w.status("notices").contains("STALE"));
         QVERIFY(w.log().contains("readings arrive again"));
+    }
+
+    void limitsAreToldInWordsAndColours()
+    {
+        const QString file = settings("limits.xui");
+        {
+            WindowInTest w(file);
+            auto *actions = w.window.findChild<LimitActions *>();
+            int sounds = 0;
+            actions->setSound([&] {
+                ++sounds;
+            });
+            w.source->begin(StreamKind::Channels, 2, "nA");
+            w.run(3);
+            // The operator types a limit for the second channel; a wrong one cannot be accepted.
+            QTimer::singleShot(0, [] {
+                auto *dialog = qobject_cast<LimitsDialog *>(QApplication::activeModalWidget());
+                const auto close = qScopeGuard([dialog] { // a failure must not leave it open
+                    if (dialog->isVisible())
+                        dialog->reject();
+                });
+                auto *table = dialog->findChild<QTableWidget *>("limitsTable");
+                auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+                table->item(1, 3)->setText("1,005");
+                QVERIFY(!ok->isEnabled());
+                QCOMPARE(dialog->findChild<QLabel *>("fault")->text(),
+                         QString("ch2: \"1,005\" is not a number with a decimal point."));
+                table->item(1, 2)->setText("1004");
+                table->item(1, 3)->setText("1005");
+                QVERIFY(ok->isEnabled());
+                ok->click();
+            });
+            w.window.findChild<QAction *>("limits")->trigger();
+            w.run(3); // 1003, 1004, 1005
+            w.clock.advance(0.25);
+            QCOMPARE(w.status("notices"), QString("WARNING: ch2 above 1004 nA"));
+            QCOMPARE(w.value(1), QString("WARN 1005"));
+            w.window.findChild<QAction *>("alarmSound")->trigger();
+            w.run(1);
+            w.clock.advance(0.25);
+            QCOMPARE(w.status("notices"), QString("ALARM: ch2 above 1005 nA"));
+            QCOMPARE(w.value(1), QString("ALARM 1006"));
+            QVERIFY(w.log().contains("ALARM: ch2 above 1005 nA: 1006 nA at t = 0.6 s"));
+            QCOMPARE(sounds, 1);
+            w.clock.advance(2.0);
+            QCOMPARE(sounds, 2);
+            QTest::keyClick(&w.window, Qt::Key_F8);
+            w.clock.advance(10.0);
+            QCOMPARE(sounds, 2);
+            w.source->give(0.7, {7.0, 900.0});
+            w.clock.advance(0.25);
+            QVERIFY(!w.status("notices").contains("ALARM"));
+            QCOMPARE(w.value(1), QString("900"));
+        }
+        WindowInTest again(file);
+        again.source->begin(StreamKind::Channels, 2, "nA");
+        again.source->give(0.1, {1.0, 2000.0});
+        again.clock.advance(0.25);
+        QCOMPARE(again.status("notices"), QString("ALARM: ch2 above 1005 nA"));
+        QVERIFY(again.window.findChild<QAction *>("alarmSound")->isChecked());
     }
 
     void enterTogglesAChannel()

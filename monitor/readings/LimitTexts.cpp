@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/LimitTexts.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QStringList>
+
+#include <cmath>
+
+namespace Monitor {
+
+using Corvale_Qt::ChannelLimits;
+
+QString limitText(double limit)
+{
+    return std::isnan(limit) ? QString()
+                             : QString::number(limit, 'g', QLocale::FloatingPointShortest);
+}
+
+QString limitsText(const ChannelLimits &limits)
+{
+    return QStringList{limitText(limits.lowAlarm),
+                       limitText(limits.lowWarning),
+                       limitText(limits.highWarning),
+                       limitText(limits.highAlarm)}
+        .join(QLatin1Char(','));
+}
+
+std::optional<double> limitFromText(const QString &text)
+{
+    const QString number = text.trimmed();
+    if (number.isEmpty())
+        return ChannelLimits::none;
+    bool isNumber = false;
+    const double limit =
+        number.toDouble(&isNumber); // refuses "1,005", which QLocale takes for 1005
+    return isNumber && std::isfinite(limit) ? std::optional(limit) : std::nullopt;
+}
+
+std::optional<ChannelLimits> limitsFromText(const QString &text, QString *fault)
+{
+    const QStringList fields = text.split(QLatin1Char(','));
+    double numbers[4];
+    constexpr int count = 4;
+    for (int i = 0; i < count; ++i) {
+        const std::optional<double> limit = limitFromText(fields.value(i));
+        if (fields.size() != count || !limit) {
+            *fault = QCoreApplication::translate("Monitor",
+                                                 "four numbers are needed, empty for no limit");
+            return std::nullopt;
+        }
+        numbers[i] = *limit;
+    }
+    ChannelLimits limits;
+    limits.lowAlarm = numbers[0];
+    limits.lowWarning = numbers[1];
+    limits.highWarning = numbers[2];
+    limits.highAlarm = numbers[3];
+    if (limits.isValid())
+        return limits;
+    *fault =
+        QCoreApplication::translate("Monitor", "the limits must rise from low alarm to high alarm");
+    return std::nullopt;
+}
+
+} // namespace Monitor

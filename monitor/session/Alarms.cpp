@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/session/Alarms.h"
+
+#include <algorithm>
+
+namespace Monitor {
+
+using namespace Corvale_Qt;
+
+namespace {
+
+QString quantity(double value, const QString &unit)
+{
+    constexpr int digits = 6;
+    const QString number = QString::number(value, 'g', digits);
+    return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
+}
+
+} // namespace
+
+Alarms::Alarms(QObject *parent)
+    : QObject(parent)
+{
+}
+
+QString Alarms::text(LimitState state, const Channel &channel, const ChannelLimits &limits)
+{
+    const QString limit = quantity(limits.limitOf(state), channel.unit);
+    switch (state) {
+    case LimitState::HighAlarm:
+        return tr("ALARM: %1 above %2").arg(channel.name, limit);
+    case LimitState::LowAlarm:
+        return tr("ALARM: %1 below %2").arg(channel.name, limit);
+    case LimitState::HighWarning:
+        return tr("WARNING: %1 above %2").arg(channel.name, limit);
+    case LimitState::LowWarning:
+        return tr("WARNING: %1 below %2").arg(channel.name, limit);
+    case LimitState::Normal:
+        break;
+    }
+    return {};
+}
+
+void Alarms::startStream(const StreamHeader &header)
+{
+    m_header = header;
+    for (Entry &entry : m_entries) {
+        entry.channel = -1;
+        entry.state = LimitState::Normal;
+    }
+    dropSettled();
+    Q_EMIT changed();
+}
+
+void Alarms::update(LimitLog &log)
+{
+    const std::vector<LimitLog::Change> changes = log.takeChanges();
+    for (const LimitLog::Change &change : changes)
+        take(change);
+    if (const qint64 more = log.takeUnlisted())
+        Q_EMIT noted(tr("WARNING %1 more passages of limits are not listed").arg(more));
+    bool isOther = !changes.empty();
+    for (Entry &entry : m_entries) {
+        const LimitState now = entry.channel >= 0 ? log.state(entry.channel) : LimitState::Normal;
+        isOther = isOther || now != entry.state;
+        entry.state = now;
+    }
+    if (!isOther)
+        return;
+    dropSettled();
+    Q_EMIT changed();
+}
+
+void Alarms::take(const LimitLog::Change &change)
+{
+    const Channel &channel = m_header.channels[change.channel];
+    if (change.state == LimitState::Normal) {
+        const LimitExcursion &past = change.excursion;
+        Q_EMIT noted(tr("%1 is within its limits again after %2 s, at worst %3")
+                         .arg(channel.name,
+                              QString::number(past.ended - past.began, 'g', 6),
+                              quantity(past.worst, channel.unit)));
+        return;
+    }
+    Entry &entry = entryOf(change.channel);
+    const bool isWorse = isAlarm(change.state) || !isAlarm(entry.worst);
+    const bool isRelieved = isAlarm(change.before) && !isAlarm(change.state)
+        && isHigh(change.before) == isHigh(change.state);
+    if (isWorse) {
+        entry.worst = change.state;
+        entry.text = text(change.state, channel, m_header.limitsOf(change.channel));
+    }
+    entry.state = change.state;
+    if (isRelieved) {
+        Q_EMIT noted(tr("%1 is no longer in alarm").arg(channel.name));
+        return;
+    }
+    entry.isUnacknowledged = entry.isUnacknowledged || isAlarm(change.state);
+    Q_EMIT noted(tr("%1: %2 at t = %3 s")
+                     .arg(text(change.state, channel, m_header.limitsOf(change.channel)),
+                          quantity(change.reading, channel.unit),
+                          QString::number(change.time, 'g', 10)));
+}
+
+Alarms::Entry &Alarms::entryOf(int channel)
+{
+    const QString name = m_header.channels[channel].name;
+    const auto at = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
+        return entry.name == name;
+    });
+    if (at != m_entries.end()) {
+        at->channel = channel;
+        return *at;
+    }
+    Entry entry;
+    entry.channel = channel;
+    entry.name = name;
+    m_entries.append(entry);
+    return m_entries.last();
+}
+
+//! Removes the entries of channels that are within their limits and need no acknowledgement.
+void Alarms::dropSettled()
+{
+    m_entries.erase(std::remove_if(m_entries.begin(),
+                                   m_entries.end(),
+                                   [](const Entry &entry) {
+                                       return !entry.lasts() && !entry.isUnacknowledged;
+                                   }),
+                    m_entries.end());
+}
+
+void Alarms::acknowledge()
+{
+    if (!isUnacknowledged())
+        return;
+    for (Entry &entry : m_entries) {
+        if (entry.isUnacknowledged)
+            Q_EMIT noted(tr("acknowledged: %1").arg(entry.text));
+        entry.isUnacknowledged = false;
+    }
+    dropSettled();
+    Q_EMIT changed();
+}
+
+QVector<Alarms::Entry> Alarms::entries() const
+{
+    QVector<Entry> sorted = m_entries;
+    std::stable_partition(sorted.begin(), sorted.end(), [](const Entry &entry) {
+        return isAlarm(entry.worst);
+    });
+    return sorted;
+}
+
+LimitState Alarms::state(int channel) const
+{
+    const auto at = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
+        return entry.channel == channel;
+    });
+    return at == m_entries.end() ? LimitState::Normal : at->state;
+}
+
+bool Alarms::isUnacknowledged() const
+{
+    return std::any_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) {
+        return entry.isUnacknowledged;
+    });
+}
+
+} // namespace Monitor

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/LimitMarks.h"
+
+#include "monitor/session/Alarms.h"
+
+#include <QBrush>
+
+namespace Monitor {
+
+using namespace Corvale_Qt;
+
+namespace {
+
+constexpr int valueColumn = 1;
+
+} // namespace
+
+LimitMarks::LimitMarks(const Alarms &alarms, QObject *parent)
+    : QIdentityProxyModel(parent)
+    , m_alarms(alarms)
+{
+    connect(&alarms, &Alarms::changed, this, &LimitMarks::refresh);
+}
+
+void LimitMarks::refresh()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, valueColumn), index(rowCount() - 1, valueColumn));
+}
+
+QString LimitMarks::longestMark()
+{
+    return tr("ALARM %1").arg(QString());
+}
+
+QVariant LimitMarks::data(const QModelIndex &index, int role) const
+{
+    const QVariant value = QIdentityProxyModel::data(index, role);
+    if (index.column() != valueColumn
+        || (role != Qt::DisplayRole && role != Qt::BackgroundRole && role != Qt::ForegroundRole
+            && role != Qt::ToolTipRole))
+        return value;
+    const LimitState state = m_alarms.state(index.row());
+    if (state == LimitState::Normal)
+        return value;
+    switch (role) {
+    case Qt::BackgroundRole:
+        return QBrush(isAlarm(state) ? QColor(200, 40, 30) : QColor(255, 190, 60));
+    case Qt::ForegroundRole:
+        return QBrush(isAlarm(state) ? Qt::white : Qt::black);
+    case Qt::DisplayRole:
+        return (isAlarm(state) ? tr("ALARM %1") : tr("WARN %1")).arg(value.toString());
+    default:
+        return isHigh(state) ? tr("%1, above its limit").arg(value.toString())
+                             : tr("%1, below its limit").arg(value.toString());
+    }
+}
+
+} // namespace Monitor

@@ -13,6 +13,7 @@
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
 #include "monitor/window/ValueActions.h"
+#include "monitor/window/TriggerAction.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QAction>
@@ -97,6 +98,7 @@ void MonitorWindow::addMenus()
     addPauseAction(m_viewMenu);
     addSpanAction(m_viewMenu);
     new ValueActions(m_session, *m_displays, m_settings, m_viewMenu, this);
+    m_viewMenu->addAction(new TriggerAction(m_session, *m_displays, this));
     m_viewMenu->addSeparator();
 
     new LimitActions(m_session, *m_displays, m_settings, menuBar()->addMenu(tr("&Limits")), this);

@@ -12,6 +12,7 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr double kZ = 30.0; // above the curves, below the markers
+const QColor kShadow(0, 0, 0, 150); // a line is to be seen on a yellow bar as well
 
 QPen penOf(bool isAlarm)
 {
@@ -48,8 +49,11 @@ void LimitLines::draw(QPainter *painter,
         const bool isWhole = !line.x.isValid();
         const double left = isWhole ? canvasRect.left() : xMap.transform(line.x.minValue());
         const double right = isWhole ? canvasRect.right() : xMap.transform(line.x.maxValue());
+        const QLineF shape(std::round(left), y, std::round(right), y);
+        painter->setPen(QPen(kShadow, 3.0, Qt::SolidLine, Qt::FlatCap));
+        painter->drawLine(shape);
         painter->setPen(penOf(line.isAlarm));
-        painter->drawLine(QPointF(std::round(left), y), QPointF(std::round(right), y));
+        painter->drawLine(shape);
     }
 }
 

@@ -150,7 +150,7 @@ QString MonitorStatusBar::alarmText() const
     if (entries.isEmpty())
         return {};
     const Alarms::Entry &first = entries.first();
-    QString text = first.lasts() ? first.text : tr("%1, is over (F8)").arg(first.text);
+    QString text = first.lasts() ? first.text : tr("%1 (over, F8 acknowledges)").arg(first.text);
     if (entries.size() > 1)
         text = tr("%1 and %2 more").arg(text).arg(entries.size() - 1);
     return noticeOf(text, isAlarm(first.worst) ? red : amber);

@@ -208,23 +208,24 @@ private Q_SLOTS:
             w.run(3); // 1003, 1004, 1005
             w.clock.advance(0.25);
             QCOMPARE(w.status("notices"), QString("WARNING: ch2 above 1004 nA"));
-            QCOMPARE(w.value(1), QString("WARN 1005"));
+            QCOMPARE(w.value(1), QString("WARN 1005.0000"));
             w.window.findChild<QAction *>("alarmSound")->trigger();
             w.run(1);
             w.clock.advance(0.25);
             QCOMPARE(w.status("notices"), QString("ALARM: ch2 above 1005 nA"));
-            QCOMPARE(w.value(1), QString("ALARM 1006"));
+            QCOMPARE(w.value(1), QString("ALARM 1006.0000"));
             QVERIFY(w.log().contains("ALARM: ch2 above 1005 nA: 1006 nA at t = 0.6 s"));
             QCOMPARE(sounds, 1);
             w.clock.advance(2.0);
             QCOMPARE(sounds, 2);
+            QVERIFY(QTest::qWaitForWindowActive(&w.window));
             QTest::keyClick(&w.window, Qt::Key_F8);
             w.clock.advance(10.0);
             QCOMPARE(sounds, 2);
             w.source->give(0.7, {7.0, 900.0});
             w.clock.advance(0.25);
             QVERIFY(!w.status("notices").contains("ALARM"));
-            QCOMPARE(w.value(1), QString("900"));
+            QCOMPARE(w.value(1), QString("900.0000"));
         }
         WindowInTest again(file);
         again.source->begin(StreamKind::Channels, 2, "nA");

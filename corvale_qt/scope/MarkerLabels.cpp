@@ -162,13 +162,11 @@ QString spanText(const ScopeModel &model,
         + missingText(statistics);
 }
 
-QString
-integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period)
+QString integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period)
 {
     const QString x = model.xUnitName();
-    const QString unit = model.hasSiPrefix()
-        ? QStringLiteral(" %1 %2").arg(model.unitName(channel), x)
-        : QString();
+    const QString unit =
+        model.hasSiPrefix() ? QStringLiteral(" %1 %2").arg(model.unitName(channel), x) : QString();
     const auto text = [&model](double value) {
         constexpr int digits = 6;
         return model.hasSiPrefix() ? QString::number(value, 'g', digits) : number(value);

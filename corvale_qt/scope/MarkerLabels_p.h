@@ -41,8 +41,7 @@ QString spanText(const ScopeModel &model,
                  const QString &bar,
                  const MarkerStatistics &statistics);
 //! Returns lines for the integral between two markers and for how much of the period it covers.
-QString
-integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period);
+QString integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period);
 
 //! Sets up the line of a new marker.
 void prepareMarker(QwtPlotMarker &marker);

@@ -129,8 +129,7 @@ void ScopeLimits::showOverTime()
     });
 }
 
-void ScopeLimits::showOverBars(double divisor,
-                               const std::function<QwtInterval(int channel)> &barOf)
+void ScopeLimits::showOverBars(double divisor, const std::function<QwtInterval(int channel)> &barOf)
 {
     show([&](int channel, double y, bool alarm) {
         return LimitLines::Line{y / divisor, alarm, barOf(channel)};

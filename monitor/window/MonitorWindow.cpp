@@ -12,8 +12,8 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
-#include "monitor/window/ValueActions.h"
 #include "monitor/window/TriggerAction.h"
+#include "monitor/window/ValueActions.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QAction>

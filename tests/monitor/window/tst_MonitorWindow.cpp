@@ -7,8 +7,8 @@
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/PictureExport.h"
 #include "monitor/window/RecordAction.h"
-#include "monitor/window/ValueAxisDialog.h"
 #include "monitor/window/TriggerDialog.h"
+#include "monitor/window/ValueAxisDialog.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
@@ -241,7 +241,7 @@ private Q_SLOTS:
         w.source->begin(StreamKind::Channels, 2, "nA");
         w.run(300);
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
-        QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
+        QTest::keyClick(&w.window, Qt::Key_E, Qt::ControlModifier);
         QCOMPARE(w.window.displays().currentDisplay(), QString("scope"));
         auto *dialog = w.window.findChild<TriggerDialog *>();
         QVERIFY(dialog->isVisible());
@@ -587,7 +587,7 @@ private Q_SLOTS:
             QCOMPARE(view->hasBarNames(), first);
             if (!first)
                 continue;
-            QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
+            QTest::keyClick(&w.window, Qt::Key_E, Qt::ControlModifier);
             w.window.findChild<QAction *>("barNames")->trigger();
             QVERIFY(!view->isLegendVisible() && !view->hasBarNames());
         }

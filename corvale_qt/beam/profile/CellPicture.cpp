@@ -67,6 +67,7 @@ CellEdges::cellsOfPixels(const QwtScaleMap &map, double first, double step, int 
 std::vector<int> CellEdges::narrowCells() const
 {
     std::vector<double> widths;
+    widths.reserve(size_t(count()));
     for (int cell = 0; cell < count(); ++cell)
         widths.push_back(upper(cell) - lower(cell));
     if (widths.empty())

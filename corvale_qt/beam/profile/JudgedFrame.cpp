@@ -115,6 +115,7 @@ std::vector<double> pictureOf(const PlaneResult &plane, bool falling)
 {
     const BeamProfile filled = plane.profile.withoutHoles();
     std::vector<double> charges;
+    charges.reserve(size_t(filled.count()));
     for (int i = 0; i < filled.count(); ++i)
         charges.push_back(std::max(filled.charge(i), 0.0));
     if (falling)

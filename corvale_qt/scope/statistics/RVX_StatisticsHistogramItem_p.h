@@ -58,7 +58,6 @@ public:
 
     QPointer<RVX_HistogramItemAxisWidget> axisWidget;
     QColor color;
-    bool fullStatistics = false;
     QwtPlotMarker marker;
     ProfileFit fit;
     FitStatus status = FitStatus::NotComputed;
@@ -67,9 +66,8 @@ public:
     SignalToNoise signalToNoise;
     std::optional<PlacedFit> placed; //!< instead of the fit, if the channels have places
     double channel = 0.0; //!< position in channels
-    bool computed = false;
-    int row = 0; //!< of the sample in the model; 0 for none
     double time = std::numeric_limits<double>::quiet_NaN(); //!< x of the sample
+    int row = 0; //!< of the sample in the model; 0 for none
     int firstChannel = 0;
     QString valueUnit;
     bool hasSiPrefix = false; //!< the label shows values with a prefix of their unit
@@ -77,6 +75,8 @@ public:
     double limitFactor = 1.0;
 
     StatisticsSource *source = nullptr; //!< of the view that owns the item
+    bool fullStatistics = false;
+    bool computed = false;
     bool showsResults = true; //!< false while a result is computed only to be read
 };
 

@@ -115,6 +115,7 @@ void HistogramPlotMode::plot()
     m_context.statistics.showResults(divisor);
     showMarkers();
     m_context.noteHidden(m_context.yScale.isLogarithmic ? namesOfNotPositive() : QStringList());
+    m_context.holdYAxis();
     m_context.plot->updateAxes();
 }
 
@@ -207,7 +208,12 @@ QString HistogramPlotMode::barText(int channel) const
 
 int HistogramPlotMode::markerChannel(int index) const
 {
-    const double x = m_context.markers.item(index)->xValue();
+    return channelAt(m_context.markers.item(index)->xValue());
+}
+
+//! Returns the channel, counted from 1, whose bar is nearest to \a x.
+int HistogramPlotMode::channelAt(double x) const
+{
     const int channels = m_context.statistics.bars().readings.size();
     const HistogramPlaces &places = m_context.statistics.places();
     if (places.apply(channels))
@@ -261,6 +267,25 @@ bool HistogramPlotMode::showsReadings() const
         && std::any_of(readings.begin(), readings.end(), [](double reading) {
                return !std::isnan(reading);
            });
+}
+
+HoverReading HistogramPlotMode::readingAt(double x) const
+{
+    HoverReading reading;
+    const HistogramBars &bars = m_context.statistics.bars();
+    const bool isInside = m_context.plot->axisInterval(QwtPlot::xBottom).contains(x);
+    if (!m_context.histogram.plot() || bars.readings.isEmpty() || !isInside)
+        return reading;
+    const int channel = channelAt(x);
+    const ScopeModel &model = m_context.model;
+    MarkedSample sample{bars.time, channel, bars.readings[channel - 1]};
+    if (model.hasSiPrefix())
+        sample.noise = sampleNoise(model.reader(), channel, bars.row);
+    reading.x = markerPlace(channel);
+    reading.place = placeText(model, bars.time, 0.0);
+    reading.channels.append(
+        {model.name(channel), hoverText(model, sample), model.brush(channel).color()});
+    return reading;
 }
 
 void HistogramPlotMode::moveMarker(int index, int steps)

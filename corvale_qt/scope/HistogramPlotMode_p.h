@@ -24,6 +24,7 @@ public:
     void moveMarker(int index, int steps) override;
     ScopeMarkerStatistics markerStatistics() const override;
     bool showsReadings() const override;
+    HoverReading readingAt(double x) const override;
 
 private:
     //! Has the bars stand at the places of a detector's strips, or at the numbers of their channels.
@@ -37,6 +38,7 @@ private:
     void describeMarker(int index);
     QString barText(int channel) const;
     int markerChannel(int index) const;
+    int channelAt(double x) const;
     MarkerStatistics span() const;
 
     BarSeries *m_series; //!< owned by the histogram

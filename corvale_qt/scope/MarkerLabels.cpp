@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/scope/SpanIntegral_p.h"
 #include "corvale_qt/units/SiPrefix.h"
 
@@ -121,16 +122,39 @@ QString xText(const ScopeModel &model, double x, double resolution)
 // Here and below, one call of arg() inserts all texts: the name of a channel may contain place markers like %1.
 QString sampleText(const ScopeModel &model, const MarkedSample &sample)
 {
-    return QStringLiteral("%1: %2\nChannel %3\n%4")
-        .arg(model.xUnitName(),
-             xText(model, sample.x, sample.resolution),
+    return QStringLiteral("%1\nChannel %2\n%3")
+        .arg(timeText(model, sample.x, sample.resolution),
              model.name(sample.channel),
              readingText(model, sample));
 }
 
 QString timeText(const ScopeModel &model, double x, double resolution)
 {
+    if (const ScopeTimeAxis *axis = model.translatedTime())
+        return axis->text(x, resolution);
     return QStringLiteral("%1: %2").arg(model.xUnitName(), xText(model, x, resolution));
+}
+
+QString placeText(const ScopeModel &model, double x, double resolution)
+{
+    if (const ScopeTimeAxis *axis = model.translatedTime())
+        return axis->text(x, resolution);
+    constexpr double most = 9.0;
+    const double decimals = resolution > 0.0 ? std::ceil(-std::log10(resolution)) : 3.0;
+    const QString text = std::abs(x) < 1e15
+        ? QString::number(x, 'f', int(std::clamp(decimals, 0.0, most)))
+        : QString::number(x, 'g', 15);
+    const QString unit = model.xUnitName();
+    return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+}
+
+QString hoverText(const ScopeModel &model, const MarkedSample &sample)
+{
+    if (model.hasSiPrefix() || std::isnan(sample.value))
+        return readingText(model, sample);
+    const QString text = QString::number(sample.value, 'g', 6);
+    const QString unit = model.unitName(sample.channel);
+    return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
 }
 
 QString spanText(const ScopeModel &model,
@@ -173,6 +197,28 @@ QString integralText(const ScopeModel &model, int channel, const SpanIntegral &s
     };
     return QStringLiteral("\n Integral: %1%2\n  Covered: %3 of %4 %5")
         .arg(text(span.integral), unit, text(span.covered), text(period), x);
+}
+
+QString detailText(const ScopeModel &model,
+                   int channel,
+                   double difference,
+                   const MarkerStatistics &statistics)
+{
+    const QString unit = model.unitName(channel);
+    const auto text = [&](double value, const QString &ofTime) {
+        if (std::isnan(value))
+            return notAvailable();
+        if (!model.hasSiPrefix())
+            return number(value);
+        constexpr double sixDigits = 1e-5;
+        return Units::SiPrefix::text(value, unit, sixDigits * std::abs(value)) + ofTime;
+    };
+    const QString xUnit = model.xUnitName();
+    return QStringLiteral("\n    Delta: %1\n  Minimum: %2\n  Maximum: %3\n    Slope: %4")
+        .arg(text(difference, QString()),
+             text(statistics.minimum(), QString()),
+             text(statistics.maximum(), QString()),
+             text(statistics.slope(), QLatin1Char('/') + xUnit));
 }
 
 void prepareMarker(QwtPlotMarker &marker)

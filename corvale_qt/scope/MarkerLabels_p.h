@@ -30,6 +30,11 @@ struct MarkedSample
 QString sampleText(const ScopeModel &model, const MarkedSample &sample);
 //! Returns only the time, for a marker that does not stand on a sample.
 QString timeText(const ScopeModel &model, double x, double resolution);
+/*! Returns a time with its unit, or the time of the clock that the axis shows, for a line of text. It has enough digits to tell
+    it from a time that differs by \a resolution. */
+QString placeText(const ScopeModel &model, double x, double resolution);
+//! Returns a reading with its unit, for the box beside the pointer.
+QString hoverText(const ScopeModel &model, const MarkedSample &sample);
 //! Returns the text of a sample, followed by period and statistics of the samples between two markers.
 QString spanText(const ScopeModel &model,
                  const MarkedSample &sample,
@@ -42,6 +47,12 @@ QString spanText(const ScopeModel &model,
                  const MarkerStatistics &statistics);
 //! Returns lines for the integral between two markers and for how much of the period it covers.
 QString integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period);
+/*! Returns further lines for the text of a span: the difference of the readings at both markers, and what the statistics say
+    of extremes and slope. */
+QString detailText(const ScopeModel &model,
+                   int channel,
+                   double difference,
+                   const MarkerStatistics &statistics);
 
 //! Sets up the line of a new marker.
 void prepareMarker(QwtPlotMarker &marker);

@@ -14,14 +14,42 @@ void MarkerStatistics::add(double value)
         ++m_missing;
         return;
     }
-    if (m_count == 0)
+    if (m_count == 0) {
         m_origin = value;
+        m_minimum = value;
+        m_maximum = value;
+    }
+    m_minimum = std::min(m_minimum, value);
+    m_maximum = std::max(m_maximum, value);
     ++m_count;
     m_sum += value;
     m_squares += value * value;
     const double offset = value - m_origin;
     m_offsets += offset;
     m_offsetSquares += offset * offset;
+}
+
+void MarkerStatistics::add(double x, double value)
+{
+    add(value);
+    if (!std::isfinite(x) || !std::isfinite(value))
+        return;
+    if (m_timed == 0)
+        m_firstX = x;
+    ++m_timed;
+    const double time = x - m_firstX;
+    const double offset = value - m_origin;
+    m_times += time;
+    m_timeSquares += time * time;
+    m_timedOffsets += offset;
+    m_products += time * offset;
+}
+
+double MarkerStatistics::slope() const
+{
+    const double spread = m_timed * m_timeSquares - m_times * m_times;
+    const bool hasTimes = m_timed > 1 && spread > 0.0;
+    return hasTimes ? (m_timed * m_products - m_times * m_timedOffsets) / spread : std::nan("");
 }
 
 double MarkerStatistics::mean() const
@@ -52,19 +80,23 @@ void MarkerStatistics::writeTo(ScopeMarkerStatistics &result) const
     result.mean = mean();
     result.rms = rms();
     result.standardDeviation = standardDeviation();
+    result.minimum = minimum();
+    result.maximum = maximum();
+    result.slope = slope();
 }
 
 MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows)
 {
     constexpr int chunk = 1024;
+    double times[chunk];
     double values[chunk];
     MarkerStatistics statistics;
     for (int row = rows.first; row <= rows.last; row += chunk) {
         const int count = std::min(chunk, rows.last - row + 1);
+        reader.read(0, row, count, times);
         reader.read(column, row, count, values);
-        std::for_each(values, values + count, [&](double value) {
-            statistics.add(value);
-        });
+        for (int i = 0; i < count; ++i)
+            statistics.add(times[i], values[i]);
     }
     return statistics;
 }

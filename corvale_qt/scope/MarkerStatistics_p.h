@@ -5,6 +5,8 @@
 
 #include "corvale_qt/scope/SampleRows_p.h"
 
+#include <limits>
+
 namespace Corvale_Qt {
 
 class PlotColumnReader;
@@ -16,6 +18,8 @@ class MarkerStatistics
 {
 public:
     void add(double value);
+    //! Adds a value at a time, for the slope.
+    void add(double x, double value);
 
     //! Returns the number of finite values.
     int count() const { return m_count; }
@@ -26,6 +30,12 @@ public:
     double rms() const;
     //! Returns the sample standard deviation, with count - 1 degrees of freedom; 0 for fewer than two values.
     double standardDeviation() const;
+    //! Returns the lowest value; NaN without values.
+    double minimum() const { return m_minimum; }
+    //! Returns the highest value; NaN without values.
+    double maximum() const { return m_maximum; }
+    //! Returns the slope of the least squares line through the values over their times; NaN for fewer than two times.
+    double slope() const;
     //! Writes the numbers into the form that hosts read; they are NaN without values.
     void writeTo(ScopeMarkerStatistics &result) const;
 
@@ -38,9 +48,19 @@ private:
     double m_origin = 0.0;
     double m_offsets = 0.0;
     double m_offsetSquares = 0.0;
+    double m_minimum = std::numeric_limits<double>::quiet_NaN();
+    double m_maximum = std::numeric_limits<double>::quiet_NaN();
+
+    // Values with times; the times are counted from the first one.
+    int m_timed = 0;
+    double m_firstX = 0.0;
+    double m_times = 0.0;
+    double m_timeSquares = 0.0;
+    double m_timedOffsets = 0.0; //!< sum of the offsets of the values that have times
+    double m_products = 0.0; //!< of time and offset
 };
 
-//! Returns the statistics of one column over a range of rows.
+//! Returns the statistics of one column over a range of rows, with column 0 as the times.
 MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows);
 
 } // namespace Corvale_Qt

@@ -60,6 +60,7 @@ RVXScope::RVXScope(QWidget *parent)
     qRegisterMetaType<PlotMode>("Corvale_Qt::RVXScope::PlotMode");
     qRegisterMetaType<PlotTabs>("Corvale_Qt::RVXScope::PlotTabs");
     qRegisterMetaType<YScaleMode>("Corvale_Qt::RVXScope::YScaleMode");
+    qRegisterMetaType<TimeAxis>("Corvale_Qt::RVXScope::TimeAxis");
     d->ui.setupUi(this);
     setFocusProxy(d->ui.plotView);
     d->setUpButtons();
@@ -70,6 +71,7 @@ RVXScope::RVXScope(QWidget *parent)
     d->zeroing->setSourceModel(d->averaging);
     d->connectControls();
     d->connectView();
+    d->connectNavigation();
     SetYScale(0);
     SetAveragingMode(0);
     ZeroClear();

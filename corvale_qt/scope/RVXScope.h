@@ -3,6 +3,7 @@
 
 #include "corvale_qt/corvale_qt_export.h"
 
+#include <QDateTime>
 #include <QWidget>
 
 #include <memory>
@@ -65,6 +66,21 @@ class CORVALE_QT_EXPORT RVXScope : public QWidget
     //! Whether the strip chart begins at its first sample and grows, instead of showing time before it; false at first.
     Q_PROPERTY(
         bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
+    // Navigation; RVXScopePlotView says more of each.
+    //! Whether the operator may zoom and pan with mouse, wheel, touch pad and keys; false at first.
+    Q_PROPERTY(bool interactive READ isInteractive WRITE setInteractive NOTIFY interactiveChanged)
+    //! Whether the picture stands still although rows come, because it was zoomed or panned.
+    Q_PROPERTY(bool held READ isHeld NOTIFY heldChanged STORED false)
+    //! What the x axis says while x is a time; Seconds at first.
+    Q_PROPERTY(TimeAxis timeAxis READ timeAxis WRITE setTimeAxis NOTIFY timeAxisChanged)
+    //! The moment at which x is 0, for LocalTime and Utc; invalid, as at first, for 1970-01-01 00:00 UTC.
+    Q_PROPERTY(QDateTime timeOrigin READ timeOrigin WRITE setTimeOrigin NOTIFY timeOriginChanged)
+    //! Whether a line follows the pointer and shows what is drawn there; false at first.
+    Q_PROPERTY(
+        bool cursorEnabled READ isCursorEnabled WRITE setCursorEnabled NOTIFY cursorEnabledChanged)
+    //! Whether the label of the second marker also shows difference, extremes, integral and slope; false at first.
+    Q_PROPERTY(
+        bool markerDetails READ hasMarkerDetails WRITE setMarkerDetails NOTIFY markerDetailsChanged)
     //! Whether clicks on the plot place markers; false at first.
     Q_PROPERTY(bool markersEnabled READ areMarkersEnabled WRITE setMarkersEnabled NOTIFY
                    markersEnabledChanged)
@@ -108,6 +124,15 @@ public:
         AbsolutePositiveRanges = 3,
     };
     Q_ENUM(YScaleMode)
+
+    //! What the x axis says; the values are those of RVXScopePlotView::TimeAxis.
+    enum TimeAxis : int {
+        Seconds = 0,
+        RelativeToNow = 1,
+        LocalTime = 2,
+        Utc = 3,
+    };
+    Q_ENUM(TimeAxis)
 
     //! Creates a panel without a model, in strip mode.
     explicit RVXScope(QWidget *parent = nullptr);
@@ -190,6 +215,28 @@ public:
     bool beginsAtFirst() const;
     //! Sets whether the strip chart shows no time before its first sample, see RVXScopePlotView::setBeginAtFirst().
     void setBeginAtFirst(bool begin);
+    //! Returns whether the operator may zoom and pan.
+    bool isInteractive() const;
+    //! Sets whether the operator may zoom and pan, see RVXScopePlotView::setInteractive().
+    void setInteractive(bool interactive);
+    //! Returns whether the picture stands still although rows come.
+    bool isHeld() const;
+    //! Returns what the x axis says.
+    TimeAxis timeAxis() const;
+    //! Sets what the x axis says. Ignores a number that is not a TimeAxis.
+    void setTimeAxis(TimeAxis axis);
+    //! Returns the moment at which x is 0; invalid for 1970-01-01 00:00 UTC.
+    QDateTime timeOrigin() const;
+    //! Sets the moment at which x is 0; invalid if x counts from 1970-01-01 00:00 UTC.
+    void setTimeOrigin(const QDateTime &origin);
+    //! Returns whether a line follows the pointer.
+    bool isCursorEnabled() const;
+    //! Sets whether a line follows the pointer, see RVXScopePlotView::setCursorEnabled().
+    void setCursorEnabled(bool enabled);
+    //! Returns whether the label of the second marker also shows difference, extremes, integral and slope.
+    bool hasMarkerDetails() const;
+    //! Sets whether the label of the second marker also shows difference, extremes, integral and slope.
+    void setMarkerDetails(bool detailed);
     //! Returns whether clicks on the plot place markers.
     bool areMarkersEnabled() const;
     //! Sets whether clicks on the plot place markers. Switching this off removes both markers.
@@ -199,7 +246,7 @@ public:
     //! Shows or hides the controls below the tabs.
     void setControlsVisible(bool visible);
 
-    /*! Returns the properties above, except zeroed and derivativeVisible, as bytes that restoreState() reads. \a version is a
+    /*! Returns the properties above, except zeroed, derivativeVisible, beginAtFirst and those of navigation, as bytes that restoreState() reads. \a version is a
         number of the host, for when the meaning of its states changes. */
     QByteArray saveState(int version = 0) const;
     /*! Sets the properties to those that saveState() returned for the same \a version. Returns false and changes nothing if
@@ -253,6 +300,18 @@ Q_SIGNALS:
     void sampleSpanChanged(int samples);
     //! The strip chart begins at its first sample, or shows time before it again.
     void beginAtFirstChanged(bool begin);
+    //! The operator may zoom and pan, or may do so no more.
+    void interactiveChanged(bool interactive);
+    //! The picture stands still, or follows the newest samples again. Emitted by the event loop.
+    void heldChanged(bool held);
+    //! The x axis says something else.
+    void timeAxisChanged(Corvale_Qt::RVXScope::TimeAxis axis);
+    //! x is 0 at another moment.
+    void timeOriginChanged(const QDateTime &origin);
+    //! A line follows the pointer, or does so no more.
+    void cursorEnabledChanged(bool enabled);
+    //! The label of the second marker shows more, or less.
+    void markerDetailsChanged(bool detailed);
     //! Clicks on the plot place markers, or do so no more.
     void markersEnabledChanged(bool enabled);
     //! The controls below the tabs were shown or hidden.
@@ -265,6 +324,8 @@ public Q_SLOTS:
     void zeroNow();
     //! Subtracts no zero any more.
     void zeroClear();
+    //! Follows the newest samples again, and shows the y scale that is set.
+    void goLive();
     //! Removes all samples from the model.
     void clear();
     /*! Saves the samples of the model to a file, as they were measured. Returns false if there is no model or the file cannot

@@ -4,14 +4,12 @@
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
-#include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 
-#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -28,6 +26,7 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
 {
     qRegisterMetaType<PlotMode>("Corvale_Qt::RVXScopePlotView::PlotMode");
     qRegisterMetaType<PlotScales>("Corvale_Qt::RVXScopePlotView::PlotScales");
+    qRegisterMetaType<TimeAxis>("Corvale_Qt::RVXScopePlotView::TimeAxis");
     qRegisterMetaType<HistogramItemTypes>("Corvale_Qt::RVXScopePlotView::HistogramItemTypes");
     setSelectionBehavior(SelectColumns);
     setSelectionMode(SingleSelection);
@@ -95,6 +94,7 @@ void RVXScopePlotView::SetYScaleMode(int scaleMode)
 {
     Q_D(RVXScopePlotView);
     const bool isOther = std::exchange(d->context.yScale.mode, scaleMode) != scaleMode;
+    d->navigation->releaseY();
     d->context.axes.setYScale(d->context.yScale);
     d->spectrogram->setScale(scaleMode);
     d->positionPlot->setScale(scaleMode);
@@ -214,6 +214,8 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
         d->takeNewSelection(selectionModel());
     d->followBaseModel();
     d->context.restart();
+    if (isOther)
+        d->navigation->forget();
     horizontalScrollBar()->setRange(0, 0); // follow the newest sample again
     SetPlotMode(d->mode);
     RequestReplot();
@@ -237,8 +239,10 @@ void RVXScopePlotView::reset()
         d->currentMode().enter();
     }
     d->restart();
-    if (d->context.model.lastRow() < 1)
+    if (d->context.model.lastRow() < 1) {
         d->context.markers.samplesHaveGone();
+        d->navigation->forget();
+    }
     d->context.markers.forgetRows();
     RequestReplot();
 }
@@ -311,6 +315,7 @@ void RVXScopePlotView::Plot()
             d->canvas->invalidateBackingStore();
         const QScopedValueRollback<bool> guard(d->plotting, true);
         d->plotMode();
+        d->navigation->plotted();
         d->announceLater();
     }
     d->showBufferSize();
@@ -374,18 +379,6 @@ QSharedPointer<QwtPlotMarker> RVXScopePlotView::plotMarker(int index)
                                                      : QSharedPointer<QwtPlotMarker>();
 }
 
-void RVXScopePlotView::keyPressEvent(QKeyEvent *event)
-{
-    Q_D(RVXScopePlotView);
-    const int steps = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    if (!d->markerKeyPressed(event->key(), steps)) {
-        event->ignore(); // an item view would look for an item whose text begins with the key
-        return;
-    }
-    event->accept();
-    RequestReplotRefresh();
-}
-
 void RVXScopePlotView::focusInEvent(QFocusEvent *event)
 {
     Q_D(RVXScopePlotView);
@@ -410,22 +403,6 @@ QRect RVXScopePlotView::visualRect(const QModelIndex &) const
     return QRect();
 }
 
-void RVXScopePlotView::scrollTo(const QModelIndex &index, ScrollHint hint)
-{
-    Q_D(RVXScopePlotView);
-    const bool isSample = index.isValid() && index.model() == model() && index.row() >= 1
-        && index.row() <= d->context.model.lastRow();
-    if (d->mode != StripMode || !isSample)
-        return;
-    const double t = model()->data(model()->index(index.row(), 0), Qt::DisplayRole).toDouble();
-    const QwtInterval shown = d->plot->axisInterval(QwtPlot::xBottom);
-    if (hint == EnsureVisible && t >= shown.minValue() && t <= shown.maxValue())
-        return;
-    // The value is in units of x, not of the scroll bar, and is that of the centre for every hint. This is kept on
-    // purpose: hosts rely on it.
-    horizontalScrollBar()->setValue(clampedToInt(shown.width() * 0.5 + t));
-}
-
 QSize RVXScopePlotView::minimumSizeHint() const
 {
     Q_D(const RVXScopePlotView);
@@ -434,29 +411,6 @@ QSize RVXScopePlotView::minimumSizeHint() const
         return base;
     const int around = height() - viewport()->height();
     return QSize(base.width(), std::max(base.height(), d->layout->minimumSize().height() + around));
-}
-
-void RVXScopePlotView::scrollTo(int)
-{
-    Q_D(RVXScopePlotView);
-    if (!d->plotting)
-        RequestReplot();
-}
-
-void RVXScopePlotView::scrollContentsBy(int, int)
-{
-    // scrollTo() asks for a plot at the new value; no pixels are moved.
-}
-
-int RVXScopePlotView::horizontalOffset() const
-{
-    Q_D(const RVXScopePlotView);
-    return d->mode == StripMode ? horizontalScrollBar()->value() : 0;
-}
-
-int RVXScopePlotView::verticalOffset() const
-{
-    return 0;
 }
 
 void RVXScopePlotView::keyboardSearch(const QString &) { }

@@ -6,6 +6,7 @@
 #include "corvale_qt/numerics/SweepTrigger.h"
 
 #include <QAbstractItemView>
+#include <QDateTime>
 #include <QSharedPointer>
 #include <QVector>
 
@@ -15,6 +16,7 @@
 
 class QLabel;
 class QPointF;
+class QRectF;
 class QwtPlot;
 class QwtPlotGrid;
 class QwtPlotHistogram;
@@ -111,6 +113,22 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! At which readings the sweeps of ScopeMode begin; off at first, so that they follow one another.
     Q_PROPERTY(Corvale_Qt::SweepTrigger trigger READ trigger WRITE setTrigger NOTIFY triggerChanged)
 
+    // Navigation.
+    //! Whether a user may zoom and pan with mouse, wheel, touch pad and keys; false at first.
+    Q_PROPERTY(bool interactive READ isInteractive WRITE setInteractive NOTIFY interactiveChanged)
+    //! Whether the picture stands still although rows come, because its x axis was zoomed or panned.
+    Q_PROPERTY(bool held READ isHeld NOTIFY heldChanged STORED false)
+    //! What the x axis says while x is a time; Seconds at first.
+    Q_PROPERTY(TimeAxis timeAxis READ timeAxis WRITE setTimeAxis NOTIFY timeAxisChanged)
+    //! The moment at which x is 0, for LocalTime and Utc; invalid, as at first, for 1970-01-01 00:00 UTC.
+    Q_PROPERTY(QDateTime timeOrigin READ timeOrigin WRITE setTimeOrigin NOTIFY timeOriginChanged)
+    //! Whether a line follows the pointer and shows what is drawn there; false at first.
+    Q_PROPERTY(
+        bool cursorEnabled READ isCursorEnabled WRITE setCursorEnabled NOTIFY cursorEnabledChanged)
+    //! Whether the label of the second marker also shows difference, extremes, integral and slope; false at first.
+    Q_PROPERTY(
+        bool markerDetails READ hasMarkerDetails WRITE setMarkerDetails NOTIFY markerDetailsChanged)
+
 public:
     //! What the view shows. The mode is StripMode until a model is set.
     enum PlotMode : int {
@@ -152,6 +170,18 @@ public:
         PrecalculatedFitItem = 3,
     };
     Q_ENUM(HistogramItemTypes)
+
+    //! What the x axis of strip chart and sweeps says, if x of the model is a time; otherwise it has the numbers of the model.
+    enum TimeAxis : int {
+        //! The numbers of the model.
+        Seconds = 0,
+        //! The time before the newest reading, as a negative number.
+        RelativeToNow = 1,
+        //! Time of day and date in the time zone of the computer.
+        LocalTime = 2,
+        Utc = 3,
+    };
+    Q_ENUM(TimeAxis)
 
     //! Creates an empty view in strip mode.
     explicit RVXScopePlotView(QWidget *parent = nullptr);
@@ -291,6 +321,44 @@ public:
         that show a companion widget. */
     bool showsReadings() const;
 
+    //! Returns whether a user may zoom and pan.
+    bool isInteractive() const;
+    /*! Sets whether a user may zoom and pan. The wheel then zooms x about the pointer, with Ctrl y; a drag moves the picture,
+        with Shift it draws a rectangle that is zoomed to; a double click and End show the newest samples again, Backspace the
+        window before. The user's guide has the table of keys. A click still places a marker. */
+    void setInteractive(bool interactive);
+    /*! Returns whether the picture stands still on its samples although rows come and leave. Where its samples have left the
+        model, it is empty, and a mark on it says so. */
+    bool isHeld() const;
+    /*! Shows a part of the plot: x from left to right and y from top to bottom of \a area, in numbers of the axes. The x axis
+        is then held; in scope mode the sweep is, too. The histogram has only the y range. An axis for which \a area has no
+        width, or a range that is not finite, stays as it is. Changing the mode or the scale of y, or another model, ends it. */
+    void zoomTo(const QRectF &area);
+    //! Zooms and holds only the x axis, see zoomTo().
+    void zoomToX(double left, double right);
+    //! Zooms only the y axis, see zoomTo().
+    void zoomToY(double bottom, double top);
+    //! Returns what the x axis says.
+    TimeAxis timeAxis() const;
+    //! Sets what the x axis says, and the markers and the cursor with it. Ignores a number that is not a TimeAxis.
+    void setTimeAxis(TimeAxis axis);
+    //! Returns the moment at which x is 0; invalid for 1970-01-01 00:00 UTC.
+    QDateTime timeOrigin() const;
+    //! Sets the moment at which x is 0; invalid if x counts from 1970-01-01 00:00 UTC.
+    void setTimeOrigin(const QDateTime &origin);
+    //! Returns whether a line follows the pointer.
+    bool isCursorEnabled() const;
+    /*! Sets whether a line follows the pointer, with a box that lists the time of the nearest sample and the reading of each
+        channel that is shown. */
+    void setCursorEnabled(bool enabled);
+    //! Returns whether the label of the second marker also shows difference, extremes, integral and slope.
+    bool hasMarkerDetails() const;
+    //! Sets whether the label of the second marker also shows difference, extremes, integral and slope.
+    void setMarkerDetails(bool detailed);
+    /*! Returns what the markers read as text, a line for each number with tabs between name, number and unit. Empty if no
+        marker is set. An interactive view copies it to the clipboard with Ctrl+C. */
+    QString markerReport() const;
+
     /*! Replaces the statistics of one type by \a count new ones, each on its share of the channels: item g, counted from
         0, begins at channel g * floor(channels / count) + 1, and the last one takes the remaining channels. A count of
         0 or less removes them; at most 256 are made. \a parameters are those of the item's class; \a fullStatistics
@@ -352,6 +420,10 @@ public Q_SLOTS:
     void SetPositiveOnly(bool positiveOnly);
     //! Waits for the next trigger, also after a single one. Does nothing while the trigger is off.
     void armTrigger();
+    //! Follows the newest samples again, and shows the y scale that is set.
+    void goLive();
+    //! Shows what was shown before the last zoom or pan. Returns false if there is nothing to go back to.
+    bool undoZoom();
 
 Q_SIGNALS:
     /*! The results of the items of a type are those of another sample, or of the same sample with other readings, channels or
@@ -412,6 +484,19 @@ Q_SIGNALS:
     void triggerChanged();
     //! triggerState() has changed. Emitted from the event loop.
     void triggerStateChanged(Corvale_Qt::TriggerState state);
+
+    //! A user may zoom and pan, or may do so no more.
+    void interactiveChanged(bool interactive);
+    //! The picture stands still, or follows the newest samples again. Emitted by the event loop.
+    void heldChanged(bool held);
+    //! The x axis says something else.
+    void timeAxisChanged(Corvale_Qt::RVXScopePlotView::TimeAxis axis);
+    //! x is 0 at another moment.
+    void timeOriginChanged(const QDateTime &origin);
+    //! A line follows the pointer, or does so no more.
+    void cursorEnabledChanged(bool enabled);
+    //! The label of the second marker shows more, or less.
+    void markerDetailsChanged(bool detailed);
 
 protected Q_SLOTS:
     void dataChanged(const QModelIndex &topLeft,

@@ -88,6 +88,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
         layout->insertWidget(0, companion);
     createModes();
     followShownUnit();
+    navigation = std::make_unique<ScopeNavigation>(*this);
     RVXScopePlotViewPrivate::showOnly(plot); // not virtual during construction
 }
 
@@ -159,6 +160,8 @@ void RVXScopePlotViewPrivate::setMode(int newMode)
         context.markers.detachAll();
     context.markers.forgetSweep();
     context.markers.forgetRows();
+    if (mode != newMode)
+        navigation->forget();
     const bool isOther = std::exchange(mode, newMode) != newMode;
     currentMode().enter();
     q_ptr->RequestReplot();
@@ -175,12 +178,6 @@ void RVXScopePlotViewPrivate::setRange(const std::pair<double, double> &range)
         q_ptr->SetYScaleMode(context.yScale.mode);
     }
     Q_EMIT q_ptr->rangeChanged(range.first, range.second);
-}
-
-void RVXScopePlotViewPrivate::spanChanged()
-{
-    context.stripStart.restart();
-    q_ptr->RequestReplotRefresh();
 }
 
 void RVXScopePlotViewPrivate::plotForMarkers()
@@ -408,33 +405,6 @@ void RVXScopePlotViewPrivate::showFocus(bool focused)
     canvas->setPalette(palette);
     canvas->setFrameStyle(QFrame::Panel | (focused ? QFrame::Plain : QFrame::Sunken));
     canvas->replot();
-}
-
-void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)
-{
-    if (!markersEnabled)
-        return;
-    context.markers.place(marker, position);
-    q_ptr->RequestReplotRefresh();
-}
-
-bool RVXScopePlotViewPrivate::markerKeyPressed(int key, int steps)
-{
-    ScopeMarkers &markers = context.markers;
-    const int marker = markers.selected();
-    if (!markersEnabled || !markers.isAttached(marker))
-        return false;
-    if (key == Qt::Key_Left) {
-        currentMode().moveMarker(marker, -steps);
-    } else if (key == Qt::Key_Right) {
-        currentMode().moveMarker(marker, steps);
-    } else if (key == Qt::Key_Delete) {
-        markers.detach(marker);
-        markers.selectOther();
-    } else {
-        return false;
-    }
-    return true;
 }
 
 QRegion RVXScopePlotViewPrivate::selectionRegion(const QItemSelection &selection) const

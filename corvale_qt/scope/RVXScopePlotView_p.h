@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
+#include "corvale_qt/scope/ScopeNavigation_p.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
@@ -66,6 +67,8 @@ public:
     void setMode(int newMode);
     //! Sets the full-scale range and applies it to the y axis.
     void setRange(const std::pair<double, double> &range);
+    //! Asks for a plot that also draws the last sweep again.
+    void requestRefresh();
     //! Plots anew after timeSpan, sampleSpan or beginAtFirst has changed.
     void spanChanged();
 
@@ -125,6 +128,7 @@ public:
     QVector<QMetaObject::Connection> watches;
     std::array<std::unique_ptr<ScopePlotMode>, 6> modes;
     std::unique_ptr<RVXScopePlotViewEventFilter> eventFilter;
+    std::unique_ptr<ScopeNavigation> navigation;
 
     int mode = RVXScopePlotView::StripMode;
     bool markersEnabled = false;

@@ -32,6 +32,7 @@ public:
     void setUpButtons();
     void connectControls();
     void connectView();
+    void connectNavigation();
 
     //! Returns what the controls, the view and the proxies are set to.
     PanelState state() const;

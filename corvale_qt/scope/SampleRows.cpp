@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Corvale_Qt {
 
@@ -119,6 +120,30 @@ int rowAt(const PlotColumnReader &reader, RowRange rows, double x)
         return stamp == x;
     });
     return row <= rows.last ? row : -1;
+}
+
+int nearestRow(const PlotColumnReader &reader, RowRange rows, double x)
+{
+    if (reader.xRises()) { // only its neighbours can be the nearest
+        const int after = firstRowFrom(reader, rows, x);
+        const int last = after < 0 ? rows.last : after;
+        rows = {std::max(last - 1, rows.first), last};
+    }
+    int nearest = -1;
+    double least = std::numeric_limits<double>::infinity();
+    double stamps[kChunk];
+    for (int row = rows.first; row <= rows.last; row += kChunk) {
+        const int count = std::min(kChunk, rows.last - row + 1);
+        reader.read(0, row, count, stamps);
+        for (int i = 0; i < count; ++i) {
+            const double distance = std::abs(stamps[i] - x);
+            if (distance < least) {
+                least = distance;
+                nearest = row + i;
+            }
+        }
+    }
+    return nearest;
 }
 
 double typicalInterval(const PlotColumnReader &reader, int lastRow)

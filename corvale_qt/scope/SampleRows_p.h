@@ -30,6 +30,9 @@ int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x);
 //! Returns the first of \a rows whose x is exactly \a x; -1 if no row has that x.
 int rowAt(const PlotColumnReader &reader, RowRange rows, double x);
 
+//! Returns the one of \a rows whose x is nearest to \a x; -1 if none has a finite x.
+int nearestRow(const PlotColumnReader &reader, RowRange rows, double x);
+
 //! Returns the median time between neighbours of the last 65 rows up to \a lastRow; 0 for fewer than two rows.
 double typicalInterval(const PlotColumnReader &reader, int lastRow);
 

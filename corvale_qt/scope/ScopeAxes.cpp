@@ -2,6 +2,7 @@
 #include "corvale_qt/plot/FiniteScaleEngine_p.h"
 #include "corvale_qt/plot/NumberScaleDraw_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
+#include "corvale_qt/plot/TimeScaleDraw_p.h"
 #include "corvale_qt/scope/BarNameDraw_p.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
@@ -100,7 +101,7 @@ void ScopeAxes::setYScale(const YScale &scale)
 void ScopeAxes::prepareTimeAxis()
 {
     m_values.restart();
-    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new NumberScaleDraw);
+    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
     m_plot->setAxisFont(QwtPlot::xBottom, m_timeFont);
     m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
     m_plot->setAxisMaxMinor(QwtPlot::xBottom, 10);
@@ -128,12 +129,6 @@ void ScopeAxes::prepareChannelAxis(int channels)
 void ScopeAxes::showChannelNames(const QStringList &names)
 {
     m_plot->setAxisScaleDraw(QwtPlot::xBottom, new BarNameDraw(names));
-}
-
-void ScopeAxes::setTimeRange(double left, double right)
-{
-    if (std::isfinite(left) && std::isfinite(right) && std::isfinite(right - left))
-        m_plot->setAxisScale(QwtPlot::xBottom, left, right);
 }
 
 void ScopeAxes::setYTitle(const QString &title)

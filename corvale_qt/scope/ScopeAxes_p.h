@@ -48,8 +48,6 @@ public:
     void prepareChannelAxis(int channels);
     //! Labels channels 1 and up on the x axis, which prepareChannelAxis() has set up, with their names.
     void showChannelNames(const QStringList &names);
-    //! Sets the range of the x axis. A range that is not finite changes nothing.
-    void setTimeRange(double left, double right);
 
     //! The y axis, whose ticks and title may have a prefix.
     ValueAxis &values() { return m_values; }

@@ -3,6 +3,8 @@
 #include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 
+#include <qwt_plot.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,7 +25,9 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     , limits(thePlot, model)
     , statistics(thePlot, model)
     , triggerMarks(thePlot)
+    , timeAxis(thePlot, model)
 {
+    model.setTimeAxis(&timeAxis);
 }
 
 void ScopeContext::showYTitle()
@@ -70,6 +74,13 @@ int ScopeContext::stripLength() const
     return hint > 0 ? hint : batch > 0 ? batch : SweepProgress::defaultLength;
 }
 
+void ScopeContext::holdYAxis()
+{
+    const QwtInterval &y = hold.window().y;
+    if (y.isValid())
+        plot->setAxisScale(QwtPlot::yLeft, y.minValue(), y.maxValue());
+}
+
 void ScopeContext::createCurves()
 {
     if (model.allChannels() > ScopeModel::maximumChannels) {
@@ -106,6 +117,7 @@ void ScopeContext::restart()
     stripStart.restart();
     gaps.ofModel().restart();
     triggered.restart();
+    hold.forgetRows();
     statistics.outdate();
 }
 
@@ -120,7 +132,10 @@ void ScopeContext::rowsInserted(int start, int end)
         stripStart.rowsRemoved(1, dropped);
         gaps.ofModel().rowsRemoved(1, dropped);
         triggered.rowsRemoved(1, dropped);
+        hold.rowsRemoved(1, dropped);
     }
+    if (end < model.lastRow())
+        hold.forgetRows();
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);
     gaps.ofModel().rowsInserted(start);
@@ -134,6 +149,7 @@ void ScopeContext::rowsRemoved(int start, int end)
     stripStart.rowsRemoved(start, end);
     gaps.ofModel().rowsRemoved(start, end);
     triggered.rowsRemoved(start, end);
+    hold.rowsRemoved(start, end);
     statistics.outdate();
 }
 
@@ -143,11 +159,13 @@ void ScopeContext::rowsMoved()
     markers.forgetRows();
     stripStart.restart();
     gaps.ofModel().restart();
+    hold.forgetRows();
     statistics.outdate();
 }
 
 void ScopeContext::cellsChanged(int top, int bottom)
 {
+    markers.cellsChanged(top, bottom);
     const RowRange shown = sweep.shown();
     const bool all = top < 0 || bottom < 0;
     if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))

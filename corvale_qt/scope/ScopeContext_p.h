@@ -12,11 +12,13 @@
 #include "corvale_qt/scope/ScopeLimits_p.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/scope/StripStart_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "corvale_qt/scope/SweepSamples_p.h"
 #include "corvale_qt/scope/TriggerMarks_p.h"
 #include "corvale_qt/scope/TriggeredSweeps_p.h"
+#include "corvale_qt/scope/ViewHold_p.h"
 
 #include <qwt_plot_histogram.h>
 
@@ -70,6 +72,9 @@ struct ScopeContext
     //! Returns how many samples the host or else the model wants in a sweep; 0 or less if neither does.
     int sweepHint() const;
 
+    //! Gives the y axis the range that a user has zoomed to, if there is one.
+    void holdYAxis();
+
     QwtPlot *const plot;
     ScopeSurface &surface;
     ScopeModel model;
@@ -85,6 +90,11 @@ struct ScopeContext
     bool hasBarNames = false; //!< the bars are labelled with the names of their channels
     bool namesChanged = false; //!< channels may have other names than in the last plot
     HistogramStatistics statistics;
+
+    // Navigation.
+    ScopeTimeAxis timeAxis;
+    ViewHold hold; //!< what a user has zoomed or panned to
+    bool interactive = false; //!< a user may zoom and pan
 
     // Strip chart.
     bool beginsAtFirst = false; //!< no time before the first sample is shown

@@ -117,6 +117,11 @@ QStringList ScopeCurves::namesOfNotPositive() const
     return names;
 }
 
+bool ScopeCurves::isDrawn(int channel) const
+{
+    return channel >= 1 && channel <= m_count && m_curves[size_t(channel - 1)]->plot();
+}
+
 void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode)
 {
     for (int channel = 1; channel <= m_count; ++channel) {
@@ -143,8 +148,8 @@ double ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int sc
     const double divisor = isNormalized ? normalize(series, m_history.largest(channel)) : 1.0;
     curve.setSamples(series);
     // An axis that spans all values leaves nothing to clip.
-    const bool clips =
-        (scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange)
+    const bool clips = m_isZoomed
+        || (scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange)
         || dynamic_cast<QwtLogScaleEngine *>(m_plot->axisScaleEngine(QwtPlot::yLeft));
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
     return divisor;

@@ -44,6 +44,10 @@ public:
     //! Draws the curve of a channel above the others, and wider if it has few samples; 0 for none.
     void setRaised(int channel);
     int raised() const { return m_raised; }
+    //! Returns whether the curve of a channel, counted from 1, is on the plot.
+    bool isDrawn(int channel) const;
+    //! Sets whether the axes show only a part of the curves, which are then clipped in every scale mode.
+    void setZoomed(bool zoomed) { m_isZoomed = zoomed; }
 
     //! Returns the names of the channels on the plot that have a sample which is 0 or negative.
     QStringList namesOfNotPositive() const;
@@ -66,6 +70,7 @@ private:
     ScopeMarkers &m_markers;
     int m_count = 0;
     int m_raised = 0; //!< the channel above the others; 0 for none
+    bool m_isZoomed = false;
     // Declared before the curves, which use it until they are destroyed.
     CurveLayer m_layer;
     ScopeHistory m_history;

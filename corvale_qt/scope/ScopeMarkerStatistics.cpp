@@ -27,7 +27,9 @@ bool ScopeMarkerStatistics::operator==(const ScopeMarkerStatistics &other) const
         && count == other.count && missing == other.missing && isSame(sum, other.sum)
         && isSame(mean, other.mean) && isSame(rms, other.rms)
         && isSame(standardDeviation, other.standardDeviation) && isSame(integral, other.integral)
-        && isSame(coveredTime, other.coveredTime) && outages == other.outages;
+        && isSame(coveredTime, other.coveredTime) && outages == other.outages
+        && isSame(minimum, other.minimum) && isSame(maximum, other.maximum)
+        && isSame(slope, other.slope);
 }
 
 } // namespace Corvale_Qt

@@ -61,6 +61,11 @@ struct CORVALE_QT_EXPORT ScopeMarkerStatistics
     double coveredTime = std::numeric_limits<
         double>::quiet_NaN(); //!< the part of the period that the integral covers; NaN for bars
     int outages = 0; //!< between the markers; 0 while gapIntervals is 0
+    double minimum = std::numeric_limits<double>::quiet_NaN(); //!< the lowest of the n readings
+    double maximum = std::numeric_limits<double>::quiet_NaN(); //!< the highest of them
+    /*! Slope of the straight line with the least squared deviations from the n readings, in the unit of the readings for
+        each unit of x. NaN for bars, and for fewer than two times. */
+    double slope = std::numeric_limits<double>::quiet_NaN();
 };
 
 } // namespace Corvale_Qt

@@ -58,6 +58,33 @@ void ScopeMarkers::place(int index, const QPointF &position)
         m_selects = true;
 }
 
+ScopeMarkers::Placed ScopeMarkers::placed(int index) const
+{
+    const State &state = m_states[size_t(index)];
+    return {isAttached(index),
+            state.item->value(),
+            state.channel,
+            state.held,
+            state.onSample,
+            state.sweepOffset,
+            m_selected,
+            m_selects};
+}
+
+void ScopeMarkers::restore(const Placed &placed)
+{
+    place(0, placed.value);
+    State &state = m_states[0];
+    state.channel = placed.channel;
+    state.held = placed.held;
+    state.onSample = placed.onSample;
+    state.sweepOffset = placed.sweepOffset;
+    m_selected = placed.selected;
+    m_selects = placed.selects;
+    if (!placed.isAttached)
+        detach(0);
+}
+
 void ScopeMarkers::followSelection(int row, int channel)
 {
     State &state = m_states[0];
@@ -101,6 +128,7 @@ void ScopeMarkers::forgetSweep()
 
 void ScopeMarkers::forgetRows()
 {
+    m_span.forget();
     for (State &state : m_states)
         state.row = -1;
 }
@@ -114,8 +142,24 @@ void ScopeMarkers::samplesHaveGone()
     forgetRows();
 }
 
+void ScopeMarkers::forgetReadings()
+{
+    m_data.fill(Data());
+    m_span.forget();
+}
+
+void ScopeMarkers::cellsChanged(int top, int bottom)
+{
+    const bool isStrip = m_modelRows.first == 1; // its rows are those of the model
+    if (isStrip && top >= 0 && bottom >= 0)
+        m_span.cellsChanged(top, bottom);
+    else
+        m_span.forget();
+}
+
 void ScopeMarkers::rowsInserted(int start, int end)
 {
+    m_span.rowsInserted(start);
     for (State &state : m_states) {
         if (state.row >= start)
             state.row += end - start + 1;
@@ -124,6 +168,7 @@ void ScopeMarkers::rowsInserted(int start, int end)
 
 void ScopeMarkers::rowsRemoved(int start, int end)
 {
+    m_span.rowsRemoved(start, end);
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
         if (state.row < start)
@@ -154,6 +199,8 @@ void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
 
 void ScopeMarkers::selectOther()
 {
+    if (m_selected < 0)
+        return;
     const int other = count - 1 - m_selected;
     if (isAttached(other))
         m_selected = other;
@@ -330,9 +377,9 @@ RowRange ScopeMarkers::spanRows() const
 }
 
 //! Returns the statistics of the second marker's channel from one marker to the other.
-MarkerStatistics ScopeMarkers::span() const
+const MarkerStatistics &ScopeMarkers::span() const
 {
-    return statisticsOfRows(m_reader, m_data[1].column, spanRows());
+    return m_span.of(m_reader, m_data[1].column, spanRows(), m_model.unitScale());
 }
 
 //! Returns the integral of the second marker's channel from one marker to the other.
@@ -370,8 +417,11 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
         return;
     const double period = std::abs(a.x - b.x);
     const MarkedSample sample = marked(b, resolutionOf(xRange));
-    QString text = spanText(m_model, sample, period, span());
-    if (m_gaps && m_gaps->areSought())
+    const MarkerStatistics &statistics = span();
+    QString text = spanText(m_model, sample, period, statistics);
+    if (m_isDetailed)
+        text += detailText(m_model, b.column, b.value - a.value, statistics);
+    if (m_isDetailed || (m_gaps && m_gaps->areSought()))
         text += integralText(m_model, b.column, spanIntegral(), period);
     setMarkerLabel(*item(1), text, m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 
@@ -22,7 +23,6 @@ class QwtSeriesData;
 
 namespace Corvale_Qt {
 
-class MarkerStatistics;
 class ScopeSurface;
 class TimeGaps;
 struct MarkedSample;
@@ -46,8 +46,26 @@ public:
 
     QSharedPointer<QwtPlotMarker> item(int index) const { return m_states[size_t(index)].item; }
     bool isAttached(int index) const { return m_states[size_t(index)].item->plot() != nullptr; }
-    //! Returns the marker that keys move: the one placed last.
+    //! Returns the marker that keys move, the one placed last; -1 if the user has deselected it.
     int selected() const { return m_selected; }
+
+    //! Where a marker was placed, so that it can be put back there.
+    struct Placed
+    {
+        bool isAttached = false;
+        QPointF value;
+        int channel = -1;
+        int held = -1;
+        bool onSample = false;
+        int sweepOffset = -1;
+        int selected = 0;
+        bool selects = false;
+    };
+    Placed placed(int index) const;
+    //! Puts marker 0 back to where it was.
+    void restore(const Placed &placed);
+    //! Makes keys move no marker, until one is placed or selected again.
+    void selectNone() { m_selected = -1; }
 
     //! Puts a marker where the user clicked, in plot coordinates.
     void place(int index, const QPointF &position);
@@ -61,6 +79,8 @@ public:
     void forgetSweep();
     //! Forgets the markers' rows: their samples are found again by time.
     void forgetRows();
+    //! Notes that cells of rows \a top to \a bottom have changed; -1 means all rows.
+    void cellsChanged(int top, int bottom);
     //! Removes the markers that stood on a sample, because all samples have gone.
     void samplesHaveGone();
     //! Moves the markers' rows along with rows \a start to \a end, which the model has inserted.
@@ -88,7 +108,11 @@ public:
     //! Returns what the markers read in the last plot of samples.
     ScopeMarkerStatistics statistics() const;
     //! Forgets what the markers read, because those samples are not plotted any more.
-    void forgetReadings() { m_data.fill(Data()); }
+    void forgetReadings();
+
+    //! Sets whether the label of marker 1 shows more than the usual statistics.
+    void setDetailed(bool detailed) { m_isDetailed = detailed; }
+    bool isDetailed() const { return m_isDetailed; }
 
     //! Moves a marker of the strip chart by samples.
     void moveInStrip(int index, int steps);
@@ -124,7 +148,7 @@ private:
     int modelRow(const Data &data) const;
     bool reads(int index) const;
     RowRange spanRows() const;
-    MarkerStatistics span() const;
+    const MarkerStatistics &span() const;
     SpanIntegral spanIntegral() const;
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
@@ -137,7 +161,9 @@ private:
     PlotColumnReader m_reader; //!< of the current plot
     RowRange m_modelRows; //!< of the current plot
     const TimeGaps *m_gaps = nullptr; //!< of the current plot
+    mutable MarkerSpan m_span;
     int m_selected = 0;
+    bool m_isDetailed = false;
     bool m_selects = false; //!< the selection follows marker 0
 };
 

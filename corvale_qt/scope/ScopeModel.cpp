@@ -3,6 +3,7 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QAbstractProxyModel>
@@ -66,6 +67,26 @@ QString ScopeModel::xUnitName() const
 {
     const Units::MeasurementUnit *unit = plot() ? plot()->xUnits() : nullptr;
     return unit ? unit->name() : QString();
+}
+
+double ScopeModel::secondsPerX() const
+{
+    const Units::MeasurementUnit *unit = plot() ? plot()->xUnits() : nullptr;
+    if (!unit)
+        return 1.0;
+    constexpr int lastTime = Units::Type_S + 15; // the codes of a quantity are a block of 16
+    return unit->type() >= Units::Type_S && unit->type() <= lastTime ? unit->unscale(1.0) : 0.0;
+}
+
+double ScopeModel::newestX() const
+{
+    const int row = lastRow();
+    return row >= 1 ? plot()->doubleData(row, 0) : 0.0;
+}
+
+const ScopeTimeAxis *ScopeModel::translatedTime() const
+{
+    return m_timeAxis && m_timeAxis->isTranslated() ? m_timeAxis : nullptr;
 }
 
 QString ScopeModel::formatX(double x) const

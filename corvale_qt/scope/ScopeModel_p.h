@@ -16,6 +16,7 @@
 namespace Corvale_Qt {
 
 class RVXAbstractPlotDataModel;
+class ScopeTimeAxis;
 
 /*! The model that a view shows, as an item model and as a plot model. Without a model, after the model was deleted, and
     for a model that is not a plot model, it has no channels and no rows. */
@@ -45,6 +46,10 @@ public:
     QPen pen(int channel) const;
     //! Returns the symbol of the unit of x; empty if x has no unit.
     QString xUnitName() const;
+    //! Returns how many seconds 1 in the unit of x is: 1 if x has no unit, 0 if x is not a time.
+    double secondsPerX() const;
+    //! Returns x of the newest sample; 0 without samples.
+    double newestX() const;
     //! Formats a value that is already in the unit of x.
     QString formatX(double x) const;
     //! Returns the symbol of the unit of the values; empty if they have no unit.
@@ -59,6 +64,11 @@ public:
     //! Returns the fits that the device computed for the sample in \a row; empty if it computed none.
     QVariantList deviceFits(int row) const;
 
+    //! Makes texts of x follow a time axis, which must live as long; null for the numbers of the model.
+    void setTimeAxis(const ScopeTimeAxis *axis) { m_timeAxis = axis; }
+    //! Returns the time axis if it shows something else than the numbers of the model, otherwise null.
+    const ScopeTimeAxis *translatedTime() const;
+
     //! Follows the sources of proxies down to a model that is not a proxy of a single source.
     static QAbstractItemModel *innermost(QAbstractItemModel *model);
 
@@ -68,6 +78,7 @@ private:
     QPointer<QAbstractItemModel> m_items;
     RVXAbstractPlotDataModel *m_plot = nullptr;
     bool m_hasSiPrefix = false;
+    const ScopeTimeAxis *m_timeAxis = nullptr;
 };
 
 } // namespace Corvale_Qt

@@ -28,4 +28,19 @@ bool ScopePlotMode::showSample(double)
     return false;
 }
 
+QwtInterval ScopePlotMode::timeExtent() const
+{
+    return QwtInterval();
+}
+
+HoverReading ScopePlotMode::readingAt(double) const
+{
+    return HoverReading();
+}
+
+QString ScopePlotMode::missingText() const
+{
+    return QString();
+}
+
 } // namespace Corvale_Qt

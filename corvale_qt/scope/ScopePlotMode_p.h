@@ -3,6 +3,12 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/HoverReading_p.h"
+
+#include <qwt_interval.h>
+
+#include <QString>
+
 namespace Corvale_Qt {
 
 struct ScopeContext;
@@ -30,6 +36,13 @@ public:
     virtual bool showsReadings() const;
     //! Scrolls until the sample at \a x is visible. Returns whether the mode had to scroll.
     virtual bool showSample(double x);
+
+    //! Returns from which x to which there are samples that a user may go to. By default x is not time: not valid.
+    virtual QwtInterval timeExtent() const;
+    //! Returns what the plot shows next to \a x; without a place if it shows nothing there, which is the default.
+    virtual HoverReading readingAt(double x) const;
+    //! Returns what a picture that stands still lacks; empty, as by default, if it lacks nothing.
+    virtual QString missingText() const;
 
 protected:
     ScopeContext &m_context;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
+#include "corvale_qt/scope/MarkerLabels_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
@@ -9,6 +11,7 @@
 
 #include <QScrollBar>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -32,25 +35,69 @@ void StripPlotMode::plot()
     const RVXPlotHistory *const blocks = history(reader, request.first);
     if (blocks)
         request.remembered = blocks->oldest();
-    const StripWindow window = stripWindow(reader, request);
+    const StripWindow shown = window(reader, request);
+    setDrawn(reader, shown.rows);
 
     m_context.markers.setGaps(
-        m_context.gaps.showStrip(m_context.curves, reader, window.rows, request.samples));
+        m_context.gaps.showStrip(m_context.curves, reader, shown.rows, request.samples));
     m_context.markers.begin(reader, {1, request.samples});
     if (blocks)
-        m_context.markers.findInStrip(window.firstRow);
+        m_context.markers.findInStrip(shown.firstRow);
     else
         m_context.markers.findInStrip();
-    const bool reachesBack = window.left < window.firstRow;
-    m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, window.left, window.right);
-    const auto ofModel = [model = m_context.model.plot(), rows = window.rows](int channel) {
-        return model->seriesData(channel, rows.first, rows.last);
+    const bool reachesBack = shown.left < shown.firstRow;
+    m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, shown.left, shown.right);
+    const auto ofModel = [model = m_context.model.plot(), rows = shown.rows](int channel) {
+        return rows.size() > 0 ? model->seriesData(channel, rows.first, rows.last) : nullptr;
     };
-    m_context.curves.plotCurves(ofModel, window.rows.first, m_context.yScale.mode);
-    if (window.left > window.oldest || !request.following)
+    m_context.curves.setZoomed(m_context.hold.isChanged());
+    m_context.curves.plotCurves(ofModel, shown.rows.first, m_context.yScale.mode);
+    if (shown.left > shown.oldest || !request.following)
         m_context.surface.showScrollBar(true);
-    finish(window.left, window.right);
-    setScrollBar(stripScrollBar(window, request));
+    finish(shown.left, shown.right);
+    setScrollBar(stripScrollBar(shown, request));
+}
+
+//! Returns what is shown: the window that a user holds, or else the one that the request asks for.
+StripWindow StripPlotMode::window(const PlotColumnReader &reader, StripRequest &request)
+{
+    followScrollBar(reader, request);
+    ViewHold &hold = m_context.hold;
+    if (!hold.isHeld())
+        return stripWindow(reader, request);
+    StripWindow window;
+    window.firstRow = sampleX(reader, request.first);
+    window.oldest = std::min(window.firstRow, request.remembered);
+    window.newest = sampleX(reader, request.samples);
+    window.left = hold.window().x.minValue();
+    window.right = hold.window().x.maxValue();
+    window.rows = hold.rows(reader, request.first, request.samples);
+    // Where all rows have gone, blocks are drawn with the curves, which need a sample; it lies beside the window.
+    if (window.rows.size() < 1 && window.oldest < window.firstRow)
+        window.rows = {request.first, request.first};
+    request.following = false;
+    request.scrollValue = toScrollUnits((window.left - window.oldest) * m_scrollUnits);
+    return window;
+}
+
+//! Holds the window that a user has scrolled to, and lets go of it at the end of the scroll bar.
+void StripPlotMode::followScrollBar(const PlotColumnReader &reader, const StripRequest &request)
+{
+    ViewHold &hold = m_context.hold;
+    const QScrollBar *bar = m_context.surface.scrollBar();
+    if (!hold.isHeld()) {
+        if (m_context.interactive && !request.following) {
+            const StripWindow window = stripWindow(reader, request);
+            hold.remember();
+            hold.show({QwtInterval(window.left, window.right), hold.window().y});
+        }
+    } else if (bar->value() != m_scrollValue) {
+        const bool isAtEnd = bar->value() == bar->maximum();
+        const double oldest = std::min(sampleX(reader, request.first), request.remembered);
+        const double left = bar->value() / m_scrollUnits + oldest;
+        const QwtInterval x(left, left + hold.window().x.width());
+        hold.show({isAtEnd ? QwtInterval() : x, hold.window().y});
+    }
 }
 
 //! Returns the blocks before row \a first, with which the chart begins; null if there are none.
@@ -88,6 +135,7 @@ void StripPlotMode::setScrollBar(const StripScrollBar &scrolling)
     bar->setPageStep(scrolling.pageStep);
     bar->setSingleStep(scrolling.singleStep);
     bar->setValue(scrolling.value);
+    m_scrollValue = bar->value();
 }
 
 void StripPlotMode::clear()
@@ -118,6 +166,29 @@ bool StripPlotMode::showSample(double x)
     const double left = x - 0.5 * shown.width();
     m_context.surface.scrollBar()->setValue(toScrollUnits((left - oldest) * m_scrollUnits));
     return true;
+}
+
+QwtInterval StripPlotMode::timeExtent() const
+{
+    const int last = m_context.model.lastRow();
+    if (last < 2)
+        return QwtInterval();
+    const PlotColumnReader reader = m_context.model.reader();
+    const RowRange part = m_context.hold.part(m_context.stripStart.row(), last);
+    const RVXPlotHistory *const blocks = history(reader, part.first);
+    const double oldest = blocks ? blocks->oldest() : sampleX(reader, part.first);
+    const QwtInterval extent(oldest, sampleX(reader, part.last));
+    return std::isfinite(extent.width()) ? extent.normalized() : QwtInterval();
+}
+
+QString StripPlotMode::missingText() const
+{
+    const QwtInterval &x = m_context.hold.window().x;
+    const QwtInterval extent = timeExtent();
+    if (!x.isValid() || !extent.isValid() || x.minValue() >= extent.minValue())
+        return QString();
+    return RVXScopePlotView::tr("the readings begin at %1")
+        .arg(placeText(m_context.model, extent.minValue(), x.width() / 1000.0));
 }
 
 } // namespace Corvale_Qt

@@ -20,13 +20,18 @@ public:
     void clear() override;
     void moveMarker(int index, int steps) override;
     bool showSample(double x) override;
+    QwtInterval timeExtent() const override;
+    QString missingText() const override;
 
 private:
     StripRequest currentRequest() const;
     const RVXPlotHistory *history(const PlotColumnReader &reader, int first) const;
+    StripWindow window(const PlotColumnReader &reader, StripRequest &request);
+    void followScrollBar(const PlotColumnReader &reader, const StripRequest &request);
     void setScrollBar(const StripScrollBar &scrolling);
 
     double m_scrollUnits = kScrollUnits; //!< scroll bar units for each unit of x
+    int m_scrollValue = 0; //!< of the scroll bar after the last plot
 };
 
 } // namespace Corvale_Qt

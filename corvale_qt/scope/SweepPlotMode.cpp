@@ -34,7 +34,7 @@ void SweepPlotMode::plot()
     m_context.triggerMarks.hide();
     m_origin = 0;
     m_context.sweep.skipToNewest(last);
-    if (m_context.sweep.isComplete(last)) {
+    if (!isHeld() && m_context.sweep.isComplete(last)) {
         m_context.sweep.advance();
         m_context.sweepSamples.take(m_context.model, m_context.sweep.shown());
         draw();
@@ -47,6 +47,12 @@ void SweepPlotMode::plot()
     }
 }
 
+//! Returns whether a user looks at the sweep that is shown, which stays until it is let go.
+bool SweepPlotMode::isHeld() const
+{
+    return m_context.hold.isHeld() && m_context.sweepSamples.size() > 0;
+}
+
 //! Draws the newest sweep that begins with a trigger, or one without in automatic mode.
 void SweepPlotMode::plotTriggered(int lastRow, bool refresh)
 {
@@ -56,7 +62,7 @@ void SweepPlotMode::plotTriggered(int lastRow, bool refresh)
     }
     const auto next =
         m_context.triggered.update(m_context.model.reader(), lastRow, m_context.sweep.length());
-    if (next) {
+    if (next && !isHeld()) {
         m_context.sweep.show(next->rows);
         m_origin = next->origin - next->rows.first + 1;
         take(next->rows);
@@ -122,8 +128,14 @@ void SweepPlotMode::draw()
     const auto kept = [this](int channel) {
         return m_context.sweepSamples.series(channel);
     };
+    setDrawn(reader, {1, size});
+    m_context.timeAxis.setFromTrigger(m_origin > 0);
+    m_context.curves.setZoomed(m_context.hold.isChanged());
     m_context.curves.plotCurves(kept, 1, m_context.yScale.mode);
-    finish(sampleX(reader, 1), sampleX(reader, size));
+    const QwtInterval x = m_context.hold.isHeld()
+        ? m_context.hold.window().x
+        : QwtInterval(sampleX(reader, 1), sampleX(reader, size));
+    finish(x.minValue(), x.maxValue());
 }
 
 void SweepPlotMode::clear()
@@ -139,6 +151,13 @@ void SweepPlotMode::clear()
 void SweepPlotMode::moveMarker(int index, int steps)
 {
     m_context.markers.moveInSweep(index, steps, m_context.sweepSamples.size());
+}
+
+QwtInterval SweepPlotMode::timeExtent() const
+{
+    const PlotColumnReader reader(&m_context.sweepSamples);
+    const int size = m_context.sweepSamples.size();
+    return size < 2 ? QwtInterval() : QwtInterval(sampleX(reader, 1), sampleX(reader, size));
 }
 
 } // namespace Corvale_Qt

@@ -17,9 +17,11 @@ public:
     void plot() override;
     void clear() override;
     void moveMarker(int index, int steps) override;
+    QwtInterval timeExtent() const override;
 
 private:
     QString xTitle() const override;
+    bool isHeld() const;
     void plotTriggered(int lastRow, bool refresh);
     void take(RowRange rows);
     void drawAgain(int lastRow);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/SampleNoise_p.h"
+#include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
@@ -6,6 +8,8 @@
 #include "corvale_qt/scope/TimePlotMode_p.h"
 
 #include <qwt_plot.h>
+
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -17,6 +21,7 @@ void TimePlotMode::enter()
     m_context.triggerMarks.hide();
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareTimeAxis();
+    m_context.timeAxis.setFromTrigger(false);
     setAxisTitles(); // the first sweep may take long to complete
 }
 
@@ -30,9 +35,44 @@ bool TimePlotMode::showsReadings() const
     return m_context.curves.showReadings();
 }
 
+void TimePlotMode::setDrawn(const PlotColumnReader &reader, RowRange rows)
+{
+    m_drawnReader = reader;
+    m_drawnRows = rows;
+}
+
+HoverReading TimePlotMode::readingAt(double x) const
+{
+    HoverReading reading;
+    const int row = nearestRow(m_drawnReader, m_drawnRows, x);
+    if (row < 1)
+        return reading;
+    const double pixel = m_context.plot->axisInterval(QwtPlot::xBottom).width() / 1000.0;
+    // Before the first sample and after the last one, only a pointer beside them means them.
+    constexpr double besidePixels = 20.0;
+    const double stamp = sampleX(m_drawnReader, row);
+    const bool isEnd = row == m_drawnRows.first || row == m_drawnRows.last;
+    if (isEnd && std::abs(stamp - x) > besidePixels * pixel)
+        return reading;
+    const ScopeModel &model = m_context.model;
+    reading.x = stamp;
+    reading.place = placeText(model, reading.x, pixel);
+    for (int channel = 1; channel <= m_context.curves.count(); ++channel) {
+        if (!m_context.curves.isDrawn(channel))
+            continue;
+        MarkedSample sample{reading.x, channel};
+        m_drawnReader.read(channel, row, 1, &sample.value);
+        if (model.hasSiPrefix())
+            sample.noise = sampleNoise(m_drawnReader, channel, row);
+        reading.channels.append(
+            {model.name(channel), hoverText(model, sample), model.brush(channel).color()});
+    }
+    return reading;
+}
+
 void TimePlotMode::finish(double left, double right)
 {
-    m_context.axes.setTimeRange(left, right);
+    m_context.timeAxis.show(left, right);
     if (m_context.yScale.mode == RVXScopePlotView::Normalized)
         m_context.limits.hide(); // each curve has a scale of its own
     else
@@ -42,6 +82,7 @@ void TimePlotMode::finish(double left, double right)
     setAxisTitles();
     const bool isLogarithmic = m_context.yScale.isLogarithmic;
     m_context.noteHidden(isLogarithmic ? m_context.curves.namesOfNotPositive() : QStringList());
+    m_context.holdYAxis();
     m_context.plot->updateAxes();
 }
 
@@ -53,7 +94,7 @@ void TimePlotMode::setAxisTitles()
 
 QString TimePlotMode::xTitle() const
 {
-    return m_context.model.xUnitName();
+    return m_context.timeAxis.title();
 }
 
 } // namespace Corvale_Qt

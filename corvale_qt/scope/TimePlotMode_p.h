@@ -3,6 +3,8 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
 #include <QString>
@@ -17,13 +19,20 @@ public:
     void enter() override;
     ScopeMarkerStatistics markerStatistics() const override;
     bool showsReadings() const override;
+    HoverReading readingAt(double x) const override;
 
 protected:
+    //! Notes which samples are drawn.
+    void setDrawn(const PlotColumnReader &reader, RowRange rows);
     //! Sets the x axis, markers and axis titles once the curves are drawn.
     void finish(double left, double right);
     void setAxisTitles();
-    //! Returns the title of the x axis. By default it is the unit of x.
+    //! Returns the title of the x axis. By default it is that of the time axis.
     virtual QString xTitle() const;
+
+private:
+    PlotColumnReader m_drawnReader;
+    RowRange m_drawnRows;
 };
 
 } // namespace Corvale_Qt

@@ -28,6 +28,15 @@ void showValuesForPeople(RVXScopePlotView &view)
 //! A pause longer than this many usual intervals is an outage, as the count of gaps in the status line says.
 constexpr double usualGapIntervals = 3.0;
 
+//! Lets the operator stop at a moment and measure it.
+void letOperatorMove(RVXScope &scope)
+{
+    scope.setInteractive(true);
+    scope.setCursorEnabled(true);
+    scope.setMarkersEnabled(true);
+    scope.setMarkerDetails(true);
+}
+
 } // namespace
 
 DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
@@ -53,6 +62,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_scope->setBeginAtFirst(true);
     showValuesForPeople(*m_scope->plotView());
     m_scope->plotView()->setGapIntervals(usualGapIntervals);
+    letOperatorMove(*m_scope);
     setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));

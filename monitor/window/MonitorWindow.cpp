@@ -12,6 +12,7 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
+#include "monitor/window/TimeAxisActions.h"
 #include "monitor/window/TriggerAction.h"
 #include "monitor/window/ValueActions.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
@@ -97,6 +98,7 @@ void MonitorWindow::addMenus()
     m_viewMenu = menuBar()->addMenu(tr("&View"));
     addPauseAction(m_viewMenu);
     addSpanAction(m_viewMenu);
+    addTimeAxisActions(m_viewMenu);
     new ValueActions(m_session, *m_displays, m_settings, m_viewMenu, this);
     m_viewMenu->addAction(new TriggerAction(m_session, *m_displays, this));
     m_viewMenu->addSeparator();
@@ -121,6 +123,15 @@ void MonitorWindow::addSpanAction(QMenu *menu)
     QAction *span = menu->addAction(tr("&Time span"), m_displays, &DisplayTabs::editSpan);
     span->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_T));
     span->setShortcutContext(Qt::ApplicationShortcut);
+}
+
+void MonitorWindow::addTimeAxisActions(QMenu *menu)
+{
+    auto *axis = new TimeAxisActions(m_session, *m_displays->scope(), menu);
+    axis->choose(m_settings.timeAxis());
+    connect(axis, &TimeAxisActions::chosen, this, [this](const QString &choice) {
+        m_settings.setTimeAxis(choice);
+    });
 }
 
 void MonitorWindow::restoreTimeSpan()

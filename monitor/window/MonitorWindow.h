@@ -40,6 +40,7 @@ private:
     void addMenus();
     void addPauseAction(QMenu *menu);
     void addSpanAction(QMenu *menu);
+    void addTimeAxisActions(QMenu *menu);
     void restoreTimeSpan();
     void restoreLayout();
     void restoreDisplay(const StreamHeader &header);

@@ -167,6 +167,16 @@ void WindowSettings::setAlarmSoundOn(bool on)
     setValue(QStringLiteral("Monitor/alarm-sound"), on);
 }
 
+QString WindowSettings::timeAxis() const
+{
+    return value(QStringLiteral("Monitor/time-axis")).toString();
+}
+
+void WindowSettings::setTimeAxis(const QString &choice)
+{
+    setValue(QStringLiteral("Monitor/time-axis"), choice);
+}
+
 QString WindowSettings::display(StreamKind kind) const
 {
     return value(displayKey(kind)).toString();

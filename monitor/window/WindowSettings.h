@@ -41,6 +41,9 @@ public:
     //! Returns the time that the strip chart showed, in seconds, infinity for all; 0 before the first setTimeSpan().
     double timeSpan() const;
     void setTimeSpan(double seconds);
+    //! Returns the name of what the time axis showed; empty before the first setTimeAxis().
+    QString timeAxis() const;
+    void setTimeAxis(const QString &choice);
 
     //! Returns whether the scope has a legend; true before the first setShowsLegend().
     bool showsLegend() const;

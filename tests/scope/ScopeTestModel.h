@@ -92,6 +92,12 @@ public:
         endRemoveRows();
     }
 
+    void change(int row, int column, double value)
+    {
+        m_rows[row - 1][column] = value;
+        Q_EMIT dataChanged(index(row, column), index(row, column));
+    }
+
     //! Appends rows \a interval apart; \a value gives the reading of a channel at a time.
     template<typename Value>
     void appendRows(int count, double interval, Value value)

@@ -97,6 +97,23 @@ private Q_SLOTS:
         QCOMPARE(statistics.sum(), double(mean * 3500));
         QCOMPARE(statistics.mean(), double(mean));
         QCOMPARE(statistics.rms(), double(std::sqrt(square)));
+        long double products = 0;
+        long double squares = 0;
+        double low = qInf();
+        double high = -qInf();
+        for (int row = rows.first; row <= rows.last; ++row) {
+            const long double value = model.doubleData(row, 2);
+            const long double x = row - 0.5L * (rows.first + rows.last);
+            low = qMin(low, double(value));
+            high = qMax(high, double(value));
+            products += x * (value - mean);
+            squares += x * x;
+        }
+        QCOMPARE(statistics.minimum(), low);
+        QCOMPARE(statistics.maximum(), high);
+        QVERIFY(qAbs(statistics.integral() - double(area))
+                <= 1e-12 * (qAbs(level) + ripple) * 3500);
+        QVERIFY(qAbs(statistics.slope() - double(products / squares)) < 1e-6 * ripple / 1000);
         // In the last row, the formula with squares would leave about six digits.
         const double deviation = double(std::sqrt(variance * 3500 / 3499));
         QVERIFY(qAbs(statistics.standardDeviation() - deviation) < 1e-8 * deviation);
@@ -226,6 +243,22 @@ private Q_SLOTS:
         for (double value : {qInf(), 5.0, -qInf()})
             statistics.add(value);
         QCOMPARE(text(), QString("2 of 5: mean 4, deviation^2 2"));
+        QVERIFY(qIsNaN(statistics.slope()));
+    }
+
+    void theSlopeLeavesOutMissingReadings()
+    {
+        MarkerStatistics statistics;
+        const double epoch = 1.8e9;
+        const double values[] = {2.0, 4.0, qQNaN(), 6.0, 8.0};
+        for (int i = 0; i < 5; ++i)
+            statistics.add(epoch + i, values[i]);
+        QCOMPARE(statistics.slope(), 1.4); // of (0, 2), (1, 4), (3, 6), (4, 8)
+        QCOMPARE(statistics.minimum(), 2.0);
+        QCOMPARE(statistics.maximum(), 8.0);
+        statistics.add(qQNaN(), 100.0); // a reading whose time is not known
+        QCOMPARE(statistics.slope(), 1.4);
+        QCOMPARE(statistics.maximum(), 100.0);
     }
 };
 

@@ -16,21 +16,12 @@ using namespace Corvale_Qt;
 
 namespace {
 
-const QStringList properties = {"plotMode",
-                                "plotTabs",
-                                "yScaleMode",
-                                "yScaleIndex",
-                                "yMinimum",
-                                "yMaximum",
-                                "positiveOnly",
-                                "averaging",
-                                "zeroed",
-                                "period",
-                                "timeSpan",
-                                "sampleSpan",
-                                "beginAtFirst",
-                                "markersEnabled",
-                                "controlsVisible"};
+const QStringList properties = {
+    "plotMode",       "plotTabs",     "yScaleMode",    "yScaleIndex",   "yMinimum",
+    "yMaximum",       "positiveOnly", "averaging",     "zeroed",        "period",
+    "timeSpan",       "sampleSpan",   "beginAtFirst",  "interactive",   "held",
+    "timeAxis",       "timeOrigin",   "cursorEnabled", "markerDetails", "markersEnabled",
+    "controlsVisible"};
 
 //! Returns a value as text; enumerations and flags as numbers.
 QString text(const QVariant &value)
@@ -207,6 +198,8 @@ void tst_RVXScopeProperties::refusedValues_data()
     QTest::newRow("period that the list lacks") << "period" << QVariant(500);
     QTest::newRow("negative time") << "timeSpan" << QVariant(-1.0);
     QTest::newRow("time that is no number") << "timeSpan" << QVariant(qQNaN());
+    QTest::newRow("time axis") << "timeAxis" << QVariant(4);
+    QTest::newRow("held is read only") << "held" << QVariant(true);
     QTest::newRow("negative number") << "sampleSpan" << QVariant(-1);
     QTest::newRow("zeroed is read only") << "zeroed" << QVariant(true);
 }
@@ -268,6 +261,18 @@ void tst_RVXScopeProperties::whatAHostSetsOnTheView()
     qobject_cast<RVXZeroingProxyModel *>(panel.topLevelModel())->zeroNow();
     QCOMPARE(heard.taken(),
              QString("plotMode=2 yScaleIndex=5 positiveOnly=true averaging=10 zeroed=true"));
+    panel.plotView()->setTimeAxis(RVXScopePlotView::Utc);
+    panel.plotView()->setInteractive(true);
+    panel.plotView()->setCursorEnabled(true);
+    panel.plotView()->setMarkerDetails(true);
+    QCOMPARE(heard.taken(),
+             QString("interactive=true timeAxis=3 cursorEnabled=true markerDetails=true"));
+    panel.plotView()->setPlotMode(RVXScopePlotView::StripMode);
+    heard.taken();
+    panel.plotView()->zoomToX(0, 1);
+    QTRY_COMPARE(heard.taken(), QString("held=true"));
+    panel.goLive();
+    QTRY_COMPARE(heard.taken(), QString("held=false"));
 }
 
 void tst_RVXScopeProperties::aSlotMaySetAPropertyAgain()

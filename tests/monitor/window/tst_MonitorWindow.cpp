@@ -510,6 +510,46 @@ private Q_SLOTS:
         QVERIFY(again.spanBox()->isVisible());
     }
 
+    //! The time of the clock is shown where the source tells it, and the choice of the operator is kept.
+    void theTimeAxisShowsTheClockIfItIsKnown()
+    {
+        const auto state = [](WindowInTest &w) {
+            QStringList entries{QString::number(w.window.displays().scope()->timeAxis())};
+            for (const QAction *action : w.window.findChild<QMenu *>("timeAxis")->actions()) {
+                if (action->isEnabled())
+                    entries << action->objectName() + (action->isChecked() ? "*" : "");
+            }
+            return entries.join(' ');
+        };
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
+        header.startTime = QDateTime(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC);
+        {
+            WindowInTest w(settings("clock.xui"));
+            w.source->begin(StreamKind::Channels, 1);
+            w.run(3);
+            QCOMPARE(state(w), QString("0 auto* seconds relative"));
+            w.source->begin(StreamKind::Channels, 1);
+            w.source->give(1.7e9, {5.0}); // stamps since 1970
+            w.settle();
+            QCOMPARE(state(w), QString("2 auto* seconds relative local utc"));
+            w.source->begin(header);
+            w.settle();
+            QCOMPARE(state(w), QString("2 auto* seconds relative local utc"));
+            QCOMPARE(w.window.displays().scope()->timeOrigin(), header.startTime);
+            w.window.findChild<QAction *>("utc")->trigger();
+            QCOMPARE(state(w), QString("3 auto seconds relative local utc*"));
+            w.source->begin(StreamKind::Channels, 1);
+            w.run(3);
+            QCOMPARE(state(w), QString("0 auto seconds relative"));
+        }
+        WindowInTest again(settings("clock.xui"));
+        again.source->begin(header);
+        QCOMPARE(state(again), QString("3 auto seconds relative local utc*"));
+        again.window.findChild<QAction *>("relative")->trigger();
+        QCOMPARE(state(again), QString("1 auto seconds relative* local utc"));
+    }
+
     void picturesOfTheView()
     {
         WindowInTest w(settings("picture.xui"));

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/MarkerReport_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/ScopeTimeAxis_p.h"
+
+#include <QStringList>
+
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! Collects the lines of a report.
+class Report
+{
+public:
+    explicit Report(const ScopeModel &model)
+        : m_model(model)
+    {
+    }
+
+    void addMarker(const QString &title, const ScopeMarkerStatistics::Marker &marker)
+    {
+        if (!marker.isSet)
+            return;
+        const QString reading = std::isnan(marker.reading) ? RVXScopePlotView::tr("no reading")
+                                                           : number(marker.reading);
+        m_lines << QStringList{title,
+                               time(marker.time),
+                               m_model.name(marker.channel),
+                               reading,
+                               unit(marker.channel)}
+                       .join(QLatin1Char('\t'));
+    }
+    void add(const QString &title, double value, const QString &unit)
+    {
+        if (!std::isnan(value))
+            m_lines << QStringList{title, number(value), unit}.join(QLatin1Char('\t'));
+    }
+    QString unit(int channel) const { return m_model.unitName(channel); }
+    QString xUnit() const { return m_model.xUnitName(); }
+    QString text() const { return m_lines.join(QLatin1Char('\n')); }
+
+private:
+    static QString number(double value) { return QString::number(value, 'g', 12); }
+    QString time(double x) const
+    {
+        constexpr double finest = 1e-6;
+        if (const ScopeTimeAxis *axis = m_model.translatedTime())
+            return axis->text(x, finest);
+        return QString::number(x, 'g', 16) + QLatin1Char(' ') + xUnit();
+    }
+
+    const ScopeModel &m_model;
+    QStringList m_lines;
+};
+
+QString joined(const QString &unit, const QString &sign, const QString &other)
+{
+    return unit.isEmpty() || other.isEmpty() ? QString() : unit + sign + other;
+}
+
+} // namespace
+
+QString markerReport(const ScopeMarkerStatistics &statistics, const ScopeModel &model)
+{
+    using View = RVXScopePlotView;
+    Report report(model);
+    report.addMarker(View::tr("Marker 1"), statistics.first);
+    report.addMarker(View::tr("Marker 2"), statistics.second);
+    if (!statistics.hasSpan())
+        return report.text();
+    const QString unit = report.unit(statistics.second.channel);
+    const QString xUnit = report.xUnit();
+    report.add(View::tr("Period"), statistics.period, xUnit);
+    report.add(View::tr("Frequency"),
+               statistics.frequency,
+               joined(QStringLiteral("1"), QStringLiteral("/"), xUnit));
+    report.add(View::tr("Delta"), statistics.difference, unit);
+    report.add(View::tr("Readings"), statistics.count, QString());
+    report.add(View::tr("Missing"), statistics.missing, QString());
+    report.add(View::tr("Sum"), statistics.sum, unit);
+    report.add(View::tr("Mean"), statistics.mean, unit);
+    report.add(View::tr("RMS"), statistics.rms, unit);
+    report.add(View::tr("Std. Dev"), statistics.standardDeviation, unit);
+    report.add(View::tr("Minimum"), statistics.minimum, unit);
+    report.add(View::tr("Maximum"), statistics.maximum, unit);
+    report.add(View::tr("Integral"), statistics.integral, joined(unit, QStringLiteral(" "), xUnit));
+    report.add(View::tr("Covered"), statistics.coveredTime, xUnit);
+    report.add(View::tr("Slope"), statistics.slope, joined(unit, QStringLiteral("/"), xUnit));
+    return report.text();
+}
+
+} // namespace Corvale_Qt

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/scope/MarkerStatistics_p.h"
+#include "corvale_qt/scope/SampleRows_p.h"
+
+#include <array>
+
+namespace Corvale_Qt {
+
+class PlotColumnReader;
+
+/*! The statistics of the samples between two markers. They cost a look at each sample, so they are kept while the samples stay
+    as they are; the rows move along with those of the model. */
+class MarkerSpan
+{
+public:
+    /*! Returns the statistics of a column over \a rows of a reader. \a unitScale is the factor of the unit in which the reader
+        gives values: after a change of the unit they are computed anew. */
+    const MarkerStatistics &
+    of(const PlotColumnReader &reader, int column, RowRange rows, double unitScale);
+
+    //! Has the statistics computed anew when they are asked for.
+    void forget() { m_isKnown = false; }
+    //! Follows an insertion of rows that begins at \a start.
+    void rowsInserted(int start);
+    //! Follows the removal of rows \a start to \a end.
+    void rowsRemoved(int start, int end);
+    //! Follows a change of cells in rows \a top to \a bottom.
+    void cellsChanged(int top, int bottom);
+
+private:
+    bool m_isKnown = false;
+    int m_column = 0;
+    RowRange m_rows;
+    double m_unitScale = 1.0;
+    std::array<double, 4> m_ends{}; //!< time and value of the first and the last row
+    MarkerStatistics m_statistics;
+};
+
+} // namespace Corvale_Qt

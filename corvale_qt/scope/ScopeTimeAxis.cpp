@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/TimeScaleDraw_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/scope/ScopeTimeAxis_p.h"
+
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_scale_widget.h>
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int kLeftBorder = 90; // as other axes of the scope have it
+constexpr int kRightBorder = 20;
+
+TimeScaleDraw *drawOf(QwtPlot *plot)
+{
+    return dynamic_cast<TimeScaleDraw *>(plot->axisScaleDraw(QwtPlot::xBottom));
+}
+
+//! Leaves room for half of a label beyond the last tick, so that the canvas keeps its width while labels move.
+void setRightBorder(QwtPlot *plot, double width)
+{
+    const int border = std::max(kRightBorder, int(std::ceil(0.5 * width)) + 1);
+    plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(kLeftBorder, border);
+}
+
+} // namespace
+
+ScopeTimeAxis::ScopeTimeAxis(QwtPlot *plot, const ScopeModel &model)
+    : m_plot(plot)
+    , m_model(model)
+{
+}
+
+void ScopeTimeAxis::setKind(int kind)
+{
+    m_kind = kind;
+    m_unit.clear();
+    if (kind == RVXScopePlotView::LocalTime)
+        m_offsets = ClockOffsets(QTimeZone::systemTimeZone());
+    else if (kind == RVXScopePlotView::Utc)
+        m_offsets = ClockOffsets(QTimeZone::utc());
+    if (TimeScaleDraw *draw = drawOf(m_plot)) {
+        draw->useNumbers();
+        setRightBorder(m_plot, 0.0);
+    }
+}
+
+bool ScopeTimeAxis::isTranslated() const
+{
+    return m_kind != RVXScopePlotView::Seconds && !m_isFromTrigger && m_model.secondsPerX() > 0.0;
+}
+
+//! Returns how x becomes a moment of a clock, or a time before or after the newest reading.
+TimeScale ScopeTimeAxis::scale() const
+{
+    TimeScale scale;
+    scale.secondsPerX = m_model.secondsPerX();
+    if (m_kind == RVXScopePlotView::RelativeToNow)
+        scale.origin = -scale.toMoment(m_model.newestX());
+    else if (m_origin.isValid())
+        scale.origin = m_origin.toMSecsSinceEpoch() * kMillisecond;
+    return scale;
+}
+
+void ScopeTimeAxis::show(double left, double right)
+{
+    if (!std::isfinite(left) || !std::isfinite(right) || !std::isfinite(right - left))
+        return;
+    if (isTranslated() && showTicks(left, right))
+        return;
+    if (TimeScaleDraw *draw = drawOf(m_plot))
+        draw->useNumbers();
+    m_unit.clear();
+    m_plot->setAxisScale(QwtPlot::xBottom, left, right);
+}
+
+//! Returns false if the range cannot have ticks of a clock.
+bool ScopeTimeAxis::showTicks(double left, double right)
+{
+    TimeScaleDraw *const draw = drawOf(m_plot);
+    if (!draw)
+        return false;
+    QwtScaleWidget *const widget = m_plot->axisWidget(QwtPlot::xBottom);
+    const QFontMetricsF metrics(widget->font(), widget);
+    const TextWidth width = [&metrics](const QString &text) {
+        return metrics.horizontalAdvance(text);
+    };
+    const TimeAxisRange range{left, right, double(m_plot->canvas()->contentsRect().width())};
+    const bool isDuration = m_kind == RVXScopePlotView::RelativeToNow;
+    const TimeTicks ticks = isDuration ? durationTicks(range, scale(), width)
+                                       : clockTicks(range, scale(), m_offsets, width);
+    if (ticks.unit.isEmpty())
+        return false;
+    m_unit = ticks.unit;
+    const bool isOther = draw->setTicks(ticks);
+    m_plot->setAxisScaleDiv(QwtPlot::xBottom,
+                            QwtScaleDiv(left, right, ticks.minor, QList<double>(), ticks.major));
+    double widest = 0.0;
+    for (const QString &label : ticks.labels) {
+        for (const QString &line : label.split(QLatin1Char('\n')))
+            widest = std::max(widest, width(line));
+    }
+    setRightBorder(m_plot, widest);
+    if (isOther)
+        widget->update();
+    return true;
+}
+
+QString ScopeTimeAxis::title() const
+{
+    if (!isTranslated() || m_unit.isEmpty())
+        return m_model.xUnitName();
+    switch (m_kind) {
+    case RVXScopePlotView::RelativeToNow:
+        return RVXScopePlotView::tr("Time from the newest reading (%1)").arg(m_unit);
+    case RVXScopePlotView::LocalTime:
+        return RVXScopePlotView::tr("Time (local, %1)").arg(m_unit);
+    default:
+        return RVXScopePlotView::tr("Time (UTC)");
+    }
+}
+
+QString ScopeTimeAxis::text(double x, double resolution) const
+{
+    const qint64 moment = scale().toMoment(x);
+    constexpr double usual = 1e-3; // where nothing says how fine the time is shown
+    const double seconds = resolution > 0.0 ? resolution * m_model.secondsPerX() : usual;
+    return m_kind == RVXScopePlotView::RelativeToNow ? durationText(moment, seconds)
+                                                     : clockText(moment, seconds, m_offsets);
+}
+
+} // namespace Corvale_Qt

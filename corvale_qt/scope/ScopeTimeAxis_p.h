@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include "corvale_qt/plot/TimeTicks_p.h"
+
+#include <QDateTime>
+#include <QString>
+
+class QwtPlot;
+
+namespace Corvale_Qt {
+
+class ScopeModel;
+
+/*! What the x axis of a chart says: seconds as the model has them, the time before the newest reading, or the time of a
+    clock. The last two need a model whose x is a time; the axis of any other has its numbers. */
+class ScopeTimeAxis
+{
+public:
+    ScopeTimeAxis(QwtPlot *plot, const ScopeModel &model);
+
+    //! Returns a value of RVXScopePlotView::TimeAxis.
+    int kind() const { return m_kind; }
+    void setKind(int kind);
+    //! Returns the moment at which x is 0; invalid for 1970-01-01 00:00 UTC.
+    QDateTime origin() const { return m_origin; }
+    void setOrigin(const QDateTime &origin) { m_origin = origin; }
+
+    //! Sets whether x counts from a trigger, so that it is no moment.
+    void setFromTrigger(bool fromTrigger) { m_isFromTrigger = fromTrigger; }
+
+    //! Sets range and ticks of the axis. A range that is not finite changes nothing.
+    void show(double left, double right);
+    //! Returns the title that goes with the ticks.
+    QString title() const;
+    //! Returns whether the axis shows something else than the numbers of the model.
+    bool isTranslated() const;
+    //! Returns the text of \a x, which may differ from others by \a resolution. Only for a translated axis.
+    QString text(double x, double resolution) const;
+
+private:
+    TimeScale scale() const;
+    bool showTicks(double left, double right);
+
+    QwtPlot *m_plot;
+    const ScopeModel &m_model;
+    int m_kind = 0;
+    QDateTime m_origin;
+    bool m_isFromTrigger = false;
+    mutable ClockOffsets m_offsets;
+    QString m_unit; //!< of the labels, as TimeTicks gives it
+};
+
+} // namespace Corvale_Qt

@@ -114,6 +114,8 @@ void RVXScopePlotView::setTrigger(const SweepTrigger &trigger)
     if (!trigger.isValid() || trigger == this->trigger())
         return;
     d->context.triggered.set(trigger);
+    if (d->mode == ScopeMode)
+        d->navigation->forget(); // x of a held sweep has another zero
     RequestReplotRefresh();
     d->announceTriggerLater();
     Q_EMIT triggerChanged();

@@ -24,8 +24,8 @@ ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     , gaps(thePlot)
     , limits(thePlot, model)
     , statistics(thePlot, model)
-    , triggerMarks(thePlot)
     , timeAxis(thePlot, model)
+    , triggerMarks(thePlot)
 {
     model.setTimeAxis(&timeAxis);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/ChannelRings_p.h"
 
+#include <algorithm>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -93,6 +95,16 @@ void ChannelRings::dropOldest(int rows)
 void ChannelRings::keepOldest(int rows)
 {
     m_dropped.resize(m_channels.size());
+    if (rows == 1) {
+        std::transform(m_channels.begin(),
+                       m_channels.end(),
+                       m_dropped.begin(),
+                       [](const Channel &channel) {
+                           return &channel.ring.front();
+                       });
+        m_history->append({&m_times.times().front(), m_dropped.data(), 1});
+        return;
+    }
     for (int row = 0; row < rows;) {
         int count = rows - row;
         const double *const times = contiguous(m_times.times(), row, &count);

@@ -123,10 +123,15 @@ void HistoryPyramid::extend(const Rows &rows, int first, const Stretch &stretch)
     interval.last = stretch.last;
     interval.rows += stretch.count;
     interval.longestStep = std::max(interval.longestStep, float(stretch.longestStep));
-    for (int channel = 0; channel < m_channels; ++channel)
-        addReadings(rows.readings[channel] + first,
-                    stretch.count,
-                    base.blocks[size_t(channel)].back());
+    if (stretch.count == 1) { // as from a device that is read row by row
+        for (int channel = 0; channel < m_channels; ++channel)
+            addReading(rows.readings[channel][first], base.blocks[size_t(channel)].back());
+    } else {
+        for (int channel = 0; channel < m_channels; ++channel)
+            addReadings(rows.readings[channel] + first,
+                        stretch.count,
+                        base.blocks[size_t(channel)].back());
+    }
     m_newest = stretch.last;
     m_rows += stretch.count;
 }

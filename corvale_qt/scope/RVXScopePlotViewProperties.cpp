@@ -4,6 +4,8 @@
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 
+#include <qwt_plot.h>
+
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -102,6 +104,15 @@ void RVXScopePlotView::setBeginAtFirst(bool begin)
     d->context.beginsAtFirst = begin;
     d->spanChanged();
     Q_EMIT beginAtFirstChanged(begin);
+}
+
+std::pair<double, double> RVXScopePlotView::shownTimes() const
+{
+    Q_D(const RVXScopePlotView);
+    if (!RVXScopePlotViewPrivate::isTimeMode(d->mode))
+        return {std::nan(""), std::nan("")};
+    const QwtInterval shown = d->plot->axisInterval(QwtPlot::xBottom);
+    return {shown.minValue(), shown.maxValue()};
 }
 
 int RVXScopePlotView::sampleSpan() const

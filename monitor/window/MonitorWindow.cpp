@@ -4,6 +4,7 @@
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
+#include "monitor/window/ExportActions.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/LimitActions.h"
@@ -90,6 +91,7 @@ void MonitorWindow::addMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
     file->addAction(new RecordAction(m_session, this));
+    new ExportActions(m_session, *m_displays, file, this);
     new PictureActions(*m_displays, file, this);
     file->addSeparator();
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <memory>
 
 namespace Monitor {
 
@@ -38,20 +39,31 @@ bool looksLikeNames(const QStringList &fields)
     return isTimeName(fields.first()) || std::none_of(fields.begin(), fields.end(), isNumber);
 }
 
-/*! Returns the column that holds the time: the one with such a name, else the first. Spots may have no time (-1).
-    \a factor converts the column to seconds. */
-int findTimeColumn(const QStringList &fields, StreamKind kind, double *factor)
+//! Returns whether a name ends in the unit of another quantity than time.
+bool isOtherQuantity(const QString &field)
 {
-    for (int i = 0; i < fields.size(); ++i) {
-        if (!isTimeName(fields[i]))
-            continue;
-        QString name, symbol;
-        splitUnitSuffix(fields[i], &name, &symbol);
-        const auto unit = unitFromSymbol(symbol);
-        *factor = unit ? unit->unscale(1.0) : 1.0;
-        return i;
-    }
-    return kind == StreamKind::Spots ? -1 : 0;
+    QString name, symbol;
+    splitUnitSuffix(field, &name, &symbol);
+    const auto unit = unitFromSymbol(symbol);
+    const auto second = unitFromSymbol(QStringLiteral("s"));
+    return unit && !sameQuantity(*unit, *second);
+}
+
+/*! Returns the column that holds the time: the one with such a name, else the first unless its unit says otherwise. It is
+    -1 if there is none, as in lists of spots. */
+int findTimeColumn(const QStringList &fields, StreamKind kind)
+{
+    const int named = timeColumnByName(fields);
+    if (named >= 0)
+        return named;
+    return kind == StreamKind::Spots || isOtherQuantity(fields.first()) ? -1 : 0;
+}
+
+QString withoutQuotes(const QString &field)
+{
+    const QLatin1Char quote('"');
+    const bool quoted = field.size() >= 2 && field.startsWith(quote) && field.endsWith(quote);
+    return quoted ? field.mid(1, field.size() - 2).trimmed() : field;
 }
 
 bool isFrameNumber(const QString &name)
@@ -126,9 +138,24 @@ QString commonUnitOf(const QVector<Channel> &channels)
 
 } // namespace
 
+int timeColumnByName(const QStringList &names)
+{
+    const auto found = std::find_if(names.begin(), names.end(), isTimeName);
+    return found == names.end() ? -1 : int(found - names.begin());
+}
+
+QString timeSymbol(const QString &name)
+{
+    QString rest, symbol;
+    splitUnitSuffix(name, &rest, &symbol);
+    return symbol.isEmpty() || isOtherQuantity(name) ? QStringLiteral("s") : symbol;
+}
+
 std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
 {
-    QStringList fields = header;
+    QStringList fields;
+    for (const QString &field : header)
+        fields.append(withoutQuotes(field));
     while (!fields.isEmpty() && fields.last().isEmpty())
         fields.removeLast();
     if (!looksLikeNames(fields))
@@ -138,7 +165,10 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     plan.fieldCount = fields.size();
     if (areSpots(fields))
         plan.kind = StreamKind::Spots;
-    plan.timeColumn = findTimeColumn(fields, plan.kind, &plan.timeFactor);
+    plan.timeColumn = findTimeColumn(fields, plan.kind);
+    plan.lacksTime = plan.timeColumn < 0 && plan.kind != StreamKind::Spots;
+    if (plan.timeColumn >= 0)
+        plan.timeFactor = unitFromSymbol(timeSymbol(fields[plan.timeColumn]))->unscale(1.0);
     for (int i = 0; i < fields.size(); ++i) {
         if (i == plan.timeColumn || isFrameNumber(fields[i]))
             continue;

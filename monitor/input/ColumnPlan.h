@@ -22,6 +22,7 @@ struct ColumnPlan
     QString frameUnit; //!< unit of the values of a frame
     StreamKind kind = StreamKind::Channels;
     int leftOut = 0; //!< channels beyond the 256 that are read
+    bool lacksTime = false; //!< no column can be the time, and it is not a list of spots
 
     //! Returns the plan of a header line; nothing if the fields are not names of columns.
     static std::optional<ColumnPlan> fromHeader(const QStringList &fields);
@@ -30,5 +31,10 @@ private:
     bool takeFrames();
     void leaveOut();
 };
+
+//! Returns the index of the column whose name says that it holds the time; -1 if there is none.
+int timeColumnByName(const QStringList &names);
+//! Returns the unit of time in the name of a column, "s" if there is none.
+QString timeSymbol(const QString &name);
 
 } // namespace Monitor

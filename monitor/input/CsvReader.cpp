@@ -1,14 +1,33 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 
+#include "monitor/input/ImportGuess.h"
+
 #include <QFileInfo>
 
 namespace Monitor {
+
+namespace {
+
+//! More describing lines than this are not kept; no description of an instrument is so long.
+constexpr int longestContext = 1024 * 1024;
+
+} // namespace
 
 CsvReader::CsvReader(StreamSink &sink)
     : m_sink(sink)
     , m_protocol(std::make_unique<LineProtocol>(m_sink))
 {
+}
+
+CsvReader::~CsvReader() = default;
+
+void CsvReader::setImport(const ImportOptions &options)
+{
+    m_options = options;
+    m_import = options.isUsual() ? nullptr : std::make_unique<TableImport>(options);
+    if (options.interval > 0.0)
+        m_rowInterval = options.interval;
 }
 
 bool CsvReader::open(const QString &path)
@@ -20,33 +39,123 @@ bool CsvReader::open(const QString &path)
         m_error = QStringLiteral("it is not a regular file");
         return false;
     }
-    m_failed = !m_file.open(QIODevice::ReadOnly);
+    if (!m_file.open(QIODevice::ReadOnly))
+        return false;
+    constexpr int magicSize = 4;
+    if (ZstdFrames::begins(m_file.peek(magicSize)))
+        m_frames = std::make_unique<ZstdFrames>(m_file);
+    m_error = ImportGuess::of(readPiece(ImportGuess::sampleSize), m_options).refusal();
+    m_failed = !m_error.isEmpty() || !(m_frames ? m_frames->seek(0) : m_file.seek(0));
     return !m_failed;
 }
 
 bool CsvReader::read(int bytes)
 {
-    const QByteArray piece = m_file.read(bytes);
+    const QByteArray piece = readPiece(bytes);
+    m_offset += piece.size();
     m_splitter.feed({piece.constData(), std::size_t(piece.size())},
                     [this](std::string_view line, bool tooLong) {
                         takeLine(line, tooLong);
                     });
-    m_failed = m_file.error() != QFileDevice::NoError;
-    if (!piece.isEmpty() && !m_file.atEnd())
+    if (m_frames && m_frames->isDamaged() && m_passesDamage)
+        return passDamage();
+    m_failed = m_file.error() != QFileDevice::NoError || (m_frames && m_frames->isDamaged());
+    if (m_failed && m_frames && m_frames->isDamaged())
+        m_error = QStringLiteral("the compressed file is damaged; --check says what is lost");
+    const bool atEnd = m_frames ? piece.isEmpty() : m_file.atEnd();
+    if (!piece.isEmpty() && !atEnd && !m_failed)
         return true;
     finish();
     return false;
 }
 
+QByteArray CsvReader::readPiece(int bytes)
+{
+    return m_frames ? m_frames->read(bytes) : m_file.read(bytes);
+}
+
+//! Goes on behind a damaged part. The line that it cut is lost with it. Returns false if nothing follows.
+bool CsvReader::passDamage()
+{
+    const qint64 passed = m_frames->skipDamage();
+    m_splitter.clear();
+    if (passed == 0) {
+        noteDamage(QStringLiteral("the end of the compressed file is damaged and is lost"));
+        finish();
+        return false;
+    }
+    noteDamage(QStringLiteral("%1 bytes of the compressed file are damaged; what they held is lost")
+                   .arg(passed));
+    return true;
+}
+
+void CsvReader::noteDamage(const QString &text)
+{
+    if (m_damageHandler)
+        m_damageHandler(text);
+    m_sink.eventNoted(text);
+}
+
+void CsvReader::startOver(qint64 offset)
+{
+    m_protocol = std::make_unique<LineProtocol>(m_sink);
+    m_context.clear();
+    m_contextTooLong = false;
+    m_offset = offset;
+    m_splitter.beginAt(offset);
+}
+
 bool CsvReader::rewind()
 {
     m_countsBefore += m_protocol->counts();
-    m_protocol = std::make_unique<LineProtocol>(m_sink);
-    m_splitter.clear();
+    startOver(0);
     m_isRecording = false;
-    m_row = -1;
-    m_failed = !m_file.seek(0);
+    m_row = 0;
+    if (m_import)
+        m_import->startOver();
+    m_file.unsetError();
+    m_failed = m_frames ? !m_frames->seek(0) : !m_file.seek(0);
     return !m_failed;
+}
+
+bool CsvReader::resume(const ReadPoint &point)
+{
+    startOver(point.offset);
+    m_countsBefore = {};
+    if (point.offset <= 0)
+        return rewind();
+    for (const QByteArray &line : point.context.split('\n'))
+        takeProtocolLine({line.constData(), std::size_t(line.size())}, false);
+    m_protocol->setCounts(point.counts);
+    m_row = point.row;
+    m_file.unsetError();
+    m_failed = m_frames ? !m_frames->seek(m_offset) : !m_file.seek(m_offset);
+    return !m_failed;
+}
+
+ReadPoint CsvReader::readPoint() const
+{
+    ReadPoint point = m_protocol->isInFrame() ? m_frame : pointAtLine();
+    point.context = m_context;
+    point.isContextKept = !m_contextTooLong;
+    point.isEntry = point.isEntry && point.isContextKept;
+    return point;
+}
+
+//! Returns the place at which the present line begins, without its context.
+ReadPoint CsvReader::pointAtLine() const
+{
+    ReadPoint point;
+    point.offset = m_splitter.lineBegin();
+    point.row = m_row;
+    point.counts = counts();
+    point.isEntry = !m_splitter.isInsideLineEnd();
+    return point;
+}
+
+qint64 CsvReader::textSize() const
+{
+    return m_frames ? m_frames->textSize() : m_file.size();
 }
 
 QString CsvReader::errorString() const
@@ -71,13 +180,50 @@ void CsvReader::takeLine(std::string_view line, bool tooLong)
     // A byte order mark is not part of the first name.
     if (m_protocol->counts().lines == 0 && line.substr(0, 3) == "\xef\xbb\xbf")
         line.remove_prefix(3);
-    if (line.substr(0, 8) == "#corvale")
-        m_isRecording = true;
-    m_protocol->setArrivalTime(double(qMax<qint64>(m_row, 0)) * spotInterval);
-    m_protocol->takeLine(line, tooLong);
+    if (!m_import) {
+        takeProtocolLine(line, tooLong);
+        return;
+    }
+    const qint64 before = m_protocol->counts().lines;
+    for (const std::string &translated : m_import->translate(line))
+        takeProtocolLine(translated, tooLong);
+    // A line of the file is one line, whatever it became.
+    LineCounts counts = m_protocol->counts();
+    counts.lines = before + 1;
+    m_protocol->setCounts(counts);
+}
+
+void CsvReader::takeProtocolLine(std::string_view line, bool tooLong)
+{
     const bool isMetadata = line.empty() || line.front() == '#';
-    if (!isMetadata && m_protocol->hasColumns())
+    if (isMetadata && line.substr(0, 8) == "#corvale")
+        m_isRecording = true;
+    if (isMetadata && line.substr(0, 6) == "#frame")
+        m_frame = pointAtLine();
+    m_protocol->setArrivalTime(double(m_row) * m_rowInterval);
+    m_protocol->takeLine(line, tooLong);
+    const bool describes = line.empty() || line.front() == '#' || m_protocol->isAtHeader();
+    if (describes)
+        noteContext(line);
+    else if (m_protocol->hasColumns())
         ++m_row;
+}
+
+//! Keeps the lines that a reader must know to go on from here.
+void CsvReader::noteContext(std::string_view line)
+{
+    const bool describes = line.size() > 1 && line[1] != ' ' && line.substr(0, 6) != "#event"
+        && line.substr(0, 6) != "#frame";
+    if (!describes)
+        return;
+    if (line.substr(0, 8) == "#corvale")
+        m_context.clear();
+    m_contextTooLong = m_contextTooLong || m_context.size() > longestContext;
+    if (m_contextTooLong)
+        return;
+    if (!m_context.isEmpty())
+        m_context += '\n';
+    m_context.append(line.data(), int(line.size()));
 }
 
 void CsvReader::finish()
@@ -85,16 +231,14 @@ void CsvReader::finish()
     // Every line of a recording has a line end. A last line without one was cut off while it was written, and a
     // number in it may have lost digits.
     if (m_isRecording && m_splitter.hasRest()) {
-        m_sink.eventNoted(
-            QStringLiteral("the recording's last line is incomplete and was left out"));
+        noteDamage(QStringLiteral("the recording's last line is incomplete and was left out"));
         m_splitter.clear();
     }
     m_splitter.finish([this](std::string_view line, bool tooLong) {
         takeLine(line, tooLong);
     });
     if (m_isRecording && m_protocol->dropOpenFrame())
-        m_sink.eventNoted(
-            QStringLiteral("the recording's last frame is incomplete and was left out"));
+        noteDamage(QStringLiteral("the recording's last frame is incomplete and was left out"));
     m_protocol->finish();
 }
 

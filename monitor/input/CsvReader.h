@@ -3,13 +3,17 @@
 
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
+#include "monitor/input/ReadPoint.h"
+#include "monitor/input/TableImport.h"
+#include "monitor/input/ZstdFrames.h"
 
 #include <QFile>
 
 namespace Monitor {
 
 /*! Reads a table from a file, piece by piece: a recording of the monitor, a file that a model of the library saved, or
-    any CSV file with a header line. Rows without a time (lists of spots) are spotInterval seconds apart. */
+    any CSV file with a header line; also if it is compressed by zstd. Rows without a time (lists of spots) are spotInterval
+    seconds apart. */
 class CsvReader
 {
 public:
@@ -18,14 +22,34 @@ public:
 
     //! \a sink receives what is read; it must outlive the reader.
     explicit CsvReader(StreamSink &sink);
+    ~CsvReader();
 
-    //! Returns false, with errorString(), if the file cannot be read or is not a regular file.
+    //! Sets how the lines of a table of another program are to be read; call it before open().
+    void setImport(const ImportOptions &options);
+    //! Sets whether reading goes on behind a damaged part of a compressed file, with an event that says so.
+    void setPassingDamage(bool on) { m_passesDamage = on; }
+    //! Sets what is called with a line for a person where a part of the file is lost that no refused line tells of.
+    void setDamageHandler(const std::function<void(const QString &)> &handler)
+    {
+        m_damageHandler = handler;
+    }
+
+    /*! Returns false, with errorString(), if the file cannot be read, is not a regular file, or is a table that nobody
+        said how to read. */
     bool open(const QString &path);
     /*! Reads about that many further bytes. Returns false at the end of the file, when everything has been handed
         over, and after an error. */
     bool read(int bytes);
     //! Goes back to the beginning of the file; the counts go on. Returns false, with errorString(), on failure.
     bool rewind();
+    /*! Goes on from another place of the file, an entry that a reader of this file gave as its readPoint(). The counts become
+        those of everything before that place. Returns false, with errorString(), on failure. */
+    bool resume(const ReadPoint &point);
+
+    //! Returns the place up to which whole lines were read; its context ends with the newest line that describes readings.
+    ReadPoint readPoint() const;
+    //! Returns the length of the text in bytes, also of a compressed one; -1 if it is unknown.
+    qint64 textSize() const;
 
     //! Returns whether open(), read() or rewind() failed last; errorString() gives the reason.
     bool hasFailed() const { return m_failed; }
@@ -37,6 +61,13 @@ public:
 
 private:
     void takeLine(std::string_view line, bool tooLong);
+    void takeProtocolLine(std::string_view line, bool tooLong);
+    ReadPoint pointAtLine() const;
+    void noteContext(std::string_view line);
+    QByteArray readPiece(int bytes);
+    bool passDamage();
+    void noteDamage(const QString &text);
+    void startOver(qint64 offset);
     void finish();
 
     StreamSink &m_sink;
@@ -44,7 +75,17 @@ private:
     QString m_error;
     bool m_failed = false;
     bool m_isRecording = false;
-    qint64 m_row = -1; //!< row of the table, from 0; -1 until the header has been read
+    bool m_passesDamage = false;
+    std::function<void(const QString &)> m_damageHandler;
+    qint64 m_row = 0; //!< rows of the table that were read
+    qint64 m_offset = 0; //!< bytes of the text that were read
+    ReadPoint m_frame; //!< where the present frame begins
+    QByteArray m_context;
+    bool m_contextTooLong = false;
+    std::unique_ptr<ZstdFrames> m_frames; //!< null if the file is not compressed
+    ImportOptions m_options;
+    std::unique_ptr<TableImport> m_import; //!< null for what the line protocol describes
+    double m_rowInterval = spotInterval;
     LineSplitter m_splitter;
     std::unique_ptr<LineProtocol> m_protocol;
     LineCounts m_countsBefore;

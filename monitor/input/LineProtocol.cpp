@@ -198,9 +198,14 @@ void LineProtocol::refuseOpenFrame()
         refuse(m_frameLine);
 }
 
+bool LineProtocol::isInFrame() const
+{
+    return m_frames && m_frames->isOpen();
+}
+
 bool LineProtocol::dropOpenFrame()
 {
-    const bool open = m_frames && m_frames->isOpen();
+    const bool open = isInFrame();
     if (open)
         m_frames->drop();
     return open;

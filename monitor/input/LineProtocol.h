@@ -39,10 +39,16 @@ public:
 
     //! Returns whether the columns are known, from a header line or from a line of data.
     bool hasColumns() const { return m_rows != nullptr; }
+    //! Returns whether rows of a frame are still to come.
+    bool isInFrame() const;
     /*! Forgets a frame whose last rows have not come. Returns whether there was one. */
     bool dropOpenFrame();
+    //! Returns whether the line that was taken last is the header of a table.
+    bool isAtHeader() const { return m_headerLine.number == m_counts.lines; }
     //! Returns the counts since construction.
     const LineCounts &counts() const { return m_counts; }
+    //! Sets the counts from which counting goes on, in the middle of a file.
+    void setCounts(const LineCounts &counts) { m_counts = counts; }
 
 private:
     void beginAcquisition();

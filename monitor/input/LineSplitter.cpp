@@ -9,9 +9,12 @@ void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
 {
     if (bytes.empty())
         return;
+    m_taken += qint64(bytes.size());
     // The former piece ended between the CR and the LF of a line end.
-    if (m_afterReturn && bytes.front() == '\n')
+    if (m_afterReturn && bytes.front() == '\n') {
         bytes.remove_prefix(1);
+        ++m_lineBegin;
+    }
     m_afterReturn = false;
     for (;;) {
         const std::size_t end = bytes.find_first_of("\r\n");
@@ -23,6 +26,7 @@ void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
         m_afterReturn = isReturn && bytes.empty();
         if (isReturn && !bytes.empty() && bytes.front() == '\n')
             bytes.remove_prefix(1);
+        m_lineBegin = m_taken - qint64(bytes.size());
     }
     keep(bytes);
 }
@@ -34,8 +38,15 @@ void LineSplitter::finish(const LineHandler &handler)
     clear();
 }
 
+void LineSplitter::beginAt(qint64 offset)
+{
+    m_taken = offset;
+    clear();
+}
+
 void LineSplitter::clear()
 {
+    m_lineBegin = m_taken;
     m_rest.clear();
     m_tooLong = false;
     m_afterReturn = false;

@@ -25,6 +25,13 @@ public:
     void finish(const LineHandler &handler);
     //! Returns whether there are bytes after the last line end.
     bool hasRest() const { return !m_rest.isEmpty(); }
+    //! Says how many bytes come before those that feed() gets next, and forgets the bytes after the last line end.
+    void beginAt(qint64 offset);
+    /*! Returns how many bytes come before the line that the handler is called with, or before the unfinished line after
+        feed(). */
+    qint64 lineBegin() const { return m_lineBegin; }
+    //! Returns whether the last byte was a CR, whose LF may be the next one.
+    bool isInsideLineEnd() const { return m_afterReturn; }
     //! Forgets the bytes after the last line end.
     void clear();
 
@@ -35,6 +42,8 @@ private:
     QByteArray m_rest;
     bool m_tooLong = false;
     bool m_afterReturn = false;
+    qint64 m_taken = 0; //!< bytes that feed() got
+    qint64 m_lineBegin = 0;
 };
 
 } // namespace Monitor

@@ -66,6 +66,8 @@ Metadata::Line Metadata::take(std::string_view line)
         return takeLimits(value);
     if (word == QLatin1String("#t0"))
         return takeStartTime(value);
+    if (word == QLatin1String("#t0-uncertainty"))
+        return takeStartUncertainty(value);
     if (word == QLatin1String("#event")) {
         m_event = cleanText(value, maxTextLength);
         return Line::Event;
@@ -174,6 +176,22 @@ Metadata::Line Metadata::takeStartTime(const QString &value)
     if (!time.isValid() || time.date().year() < firstYear || time.date().year() > lastYear)
         return Line::Unreadable;
     m_startTime = time;
+    m_startUncertainty = 0.0;
+    return Line::Changed;
+}
+
+//! Takes the uncertainty of the start time before it: seconds, "0.02 s".
+Metadata::Line Metadata::takeStartUncertainty(const QString &value)
+{
+    const QByteArray text = value.toUtf8();
+    std::vector<std::string_view> fields;
+    splitFields({text.constData(), std::size_t(text.size())}, &fields);
+    double seconds = 0.0;
+    const bool readable = fields.size() == 2 && fields[1] == "s" && parseNumber(fields[0], &seconds)
+        && seconds > 0.0 && std::isfinite(seconds);
+    if (!readable)
+        return Line::Unreadable;
+    m_startUncertainty = seconds;
     return Line::Changed;
 }
 
@@ -239,6 +257,7 @@ StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kin
 void Metadata::takeAcquisition(StreamHeader *header) const
 {
     header->startTime = m_startTime;
+    header->startUncertainty = m_startTime.isValid() ? m_startUncertainty : 0.0;
     header->rangeLow = m_rangeLow;
     header->rangeHigh = m_rangeHigh;
 }

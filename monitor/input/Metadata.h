@@ -62,6 +62,7 @@ private:
     Line takeLimits(const QString &value);
     void describeLimits(StreamHeader *header) const;
     Line takeStartTime(const QString &value);
+    Line takeStartUncertainty(const QString &value);
     void applyUnits(QVector<Channel> *channels) const;
 
     //! The first version of the protocol that has frames of several lines.
@@ -73,6 +74,7 @@ private:
     bool m_kindKnown = false;
     StreamKind m_kind = StreamKind::Channels;
     QDateTime m_startTime;
+    double m_startUncertainty = 0.0;
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;
     NamedLimits m_limits;

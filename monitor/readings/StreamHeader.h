@@ -47,6 +47,7 @@ struct StreamHeader
     QVector<Channel> channels;
     int computed = 0; //!< how many of the last channels were computed from the others
     QDateTime startTime; //!< the moment at which t was 0; invalid if it is unknown
+    double startUncertainty = 0.0; //!< of the start time, in seconds; 0 if nobody states one
     //! Readings outside these limits, unless they are computed, are over range; there are no limits if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;

@@ -45,6 +45,13 @@ bool onlyShareABlock(const MeasurementUnit &one, const MeasurementUnit &other)
     return block(one.type()) == block(Type_Celcius);
 }
 
+//! Returns whether a name says that C stands for degrees Celsius.
+bool meansDegrees(const QString &name, const QString &symbol)
+{
+    return symbol == QLatin1String("C")
+        && name.contains(QLatin1String("temp"), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 std::unique_ptr<MeasurementUnit> unitFromSymbol(const QString &symbol)
@@ -57,10 +64,18 @@ std::unique_ptr<MeasurementUnit> unitFromSymbol(const QString &symbol)
 
 void splitUnitSuffix(const QString &text, QString *name, QString *symbol)
 {
-    const int underscore = text.lastIndexOf(QLatin1Char('_'));
-    const QString suffix = underscore > 0 ? text.mid(underscore + 1) : QString();
-    const bool isUnit = unitFromSymbol(suffix) != nullptr;
-    *name = isUnit ? text.left(underscore) : text;
+    const bool round = text.endsWith(QLatin1Char(')'));
+    const bool inBrackets = round || text.endsWith(QLatin1Char(']'));
+    const int mark = text.lastIndexOf(!inBrackets ? QLatin1Char('_')
+                                          : round ? QLatin1Char('(')
+                                                  : QLatin1Char('['));
+    const QString before = text.left(qMax(mark, 0)).trimmed();
+    QString suffix = mark > 0 ? text.mid(mark + 1) : QString();
+    if (inBrackets)
+        suffix = suffix.left(suffix.size() - 1).trimmed();
+    const bool isUnit =
+        !before.isEmpty() && unitFromSymbol(suffix) && !meansDegrees(before, suffix);
+    *name = isUnit ? before : text;
     *symbol = isUnit ? suffix : QString();
 }
 

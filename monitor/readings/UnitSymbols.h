@@ -14,8 +14,9 @@ namespace Monitor {
     Returns null for any other text. */
 std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> unitFromSymbol(const QString &symbol);
 
-/*! Splits "left_nA" into the name "left" and the symbol "nA". If the text does not end in the symbol of a unit, all of
-    it is the name and the symbol is empty. */
+/*! Splits "left_nA", "left (nA)" or "left [nA]" into the name "left" and the symbol "nA". If the text does not end in the
+    symbol of a unit, all of it is the name and the symbol is empty. So it is where the symbol means something else: the
+    C of "temp_C" is no coulomb. */
 void splitUnitSuffix(const QString &text, QString *name, QString *symbol);
 
 //! Returns whether both units measure the same quantity, so that values in one can be shown in the other.

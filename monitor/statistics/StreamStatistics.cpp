@@ -34,7 +34,7 @@ void StreamStatistics::noteReading(double time, const double *values)
 {
     if (m_readings++ == 0)
         m_firstTime = time;
-    else if (isGap(time - m_lastTime))
+    else if (m_gapWatch.isGap(time - m_lastTime))
         noteGap();
     m_lastTime = time;
     const double *ofChannels = values;
@@ -54,21 +54,6 @@ void StreamStatistics::noteReading(double time, const double *values)
                             : FrameMoments::of(values, m_shape.rows, m_shape.columns)});
     if (m_frames.size() > maxFrames)
         m_frames.pop_front();
-}
-
-/*! Returns whether a step of time is a gap. The usual step follows the steps of the stream slowly, without the gaps. Many long
-    steps in a row are no gaps any more: the stream has another rate. Readings that came together have no step. */
-bool StreamStatistics::isGap(double step)
-{
-    constexpr double gapFactor = 3.0, follow = 0.1;
-    constexpr int stepsOfAnotherRate = 8;
-    const bool isLong = m_usualStep > 0.0 && step > gapFactor * m_usualStep;
-    m_longSteps = isLong ? m_longSteps + 1 : 0;
-    if (m_usualStep <= 0.0 || m_longSteps >= stepsOfAnotherRate)
-        m_usualStep = step;
-    else if (!isLong && step > 0.0)
-        m_usualStep += follow * (step - m_usualStep);
-    return isLong;
 }
 
 void StreamStatistics::noteGap()

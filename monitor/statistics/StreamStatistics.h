@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/GapWatch.h"
 #include "monitor/readings/PixelShape.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
@@ -58,7 +59,6 @@ public:
     const std::vector<double> &lastValues() const { return m_lastValues; }
 
 private:
-    bool isGap(double step);
     void noteGap();
     void noteReading(double time, const double *values);
 
@@ -74,8 +74,7 @@ private:
     qint64 m_gaps = 0;
     double m_firstTime = 0.0;
     double m_lastTime = 0.0;
-    double m_usualStep = 0.0;
-    int m_longSteps = 0; //!< in a row
+    GapWatch m_gapWatch;
 };
 
 } // namespace Monitor

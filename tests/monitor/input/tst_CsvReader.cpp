@@ -8,10 +8,15 @@
 
 using namespace Monitor;
 
-static QString readAll(const QString &path, int pieceSize = 5)
+static QString readAll(const QString &path, int pieceSize = 5, const QString &import = {})
 {
     TextSink sink;
     CsvReader reader(sink);
+    ImportOptions options;
+    QString error;
+    if (!ImportOptions::fromText(import, &options, &error))
+        return error;
+    reader.setImport(options);
     if (!reader.open(path))
         return reader.errorString();
     while (reader.read(pieceSize)) { }
@@ -86,6 +91,179 @@ private Q_SLOTS:
         else
             QCOMPARE(text, expected);
         QCOMPARE(readAll(path, 1), readAll(path, 1000000));
+    }
+
+    void tablesOfOtherPrograms_data()
+    {
+        // With the option that the refusal names, or the one that is given, the table is read.
+        columns<QString, QString, QString, QString>("content", "why", "import", "expected");
+        row("semicolons and decimal commas",
+            "time;left (nA);right [nA]\n0;1,25;2,5\n0,5;1,5;\n",
+            "separated by semicolons and its numbers have a decimal comma",
+            "delimiter=semicolon,decimal=comma",
+            "> left:nA right:nA | 0: 1.25 2.5 | 0.5: 1.5 -");
+        row("semicolons alone",
+            "t;a\n0;1\n1;2\n",
+            "separated by semicolons",
+            "delimiter=semicolon",
+            "> a | 0: 1 | 1: 2");
+        row("values in quotes",
+            "\"time\",\"a, the first (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n",
+            "in quotes",
+            "delimiter=comma",
+            "> a; the first:pC | 0: 1 | 1: 2");
+        row("dates with a zone",
+            "when,a\n2026-03-01T12:00:00.250Z,1\n2026-03-01T13:00:00.750123+01:00,2\n",
+            "times are dates",
+            "clock=utc",
+            "> a | 0.25: 1 | 0.750123: 2");
+        row("dates without a zone, in the second column",
+            "n,when,a\n1,2026-03-01 12:00:00,5\n2,2026-03-01 12:01:00,6\n",
+            "without a time zone",
+            "time=2,clock=local",
+            "> n a | 0: 1 5 | 60: 2 6");
+        row("dates of the country",
+            "Zeit;Strom (uA)\n01.03.2026 12:00:00;1,5\n01.03.2026 12:00:02;2,5\n",
+            "separated by semicolons and its numbers have a decimal comma and its times are dates",
+            "delimiter=semicolon,decimal=comma,clock=local,format=dd.MM.yyyy HH:mm:ss",
+            "> Strom:uA | 0: 1.5 | 2: 2.5");
+        row("no column holds the time",
+            "left_nA,right_nA\n1,2\n3,4\n5,6\n",
+            "left_nA is no time",
+            "interval=0.001",
+            "> left:nA right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6");
+        row("lines before the table",
+            "Instrument 7;\nmade in a hurry\ntime;a\n0;1\n1;2\n",
+            "semicolons",
+            "delimiter=semicolon,skip=2",
+            "> a | 0: 1 | 1: 2");
+        row("no names and no times",
+            "1,2\n3,4\n",
+            "",
+            "header=no,interval=1s",
+            "> ch1 ch2 | 0: 1 2 | 1: 3 4");
+        row("the time in another column and unit",
+            "a,ms\n1,0\n2,500\n",
+            "",
+            "time=2",
+            "> a | 0: 1 | 500: 2");
+        row("a time in milliseconds",
+            "a_nA;time_ms\n1;0\n2;500\n",
+            "semicolons",
+            "delimiter=semicolon",
+            "> a:nA | 0: 1 | 0.5: 2");
+        row("comments of another kind",
+            "% made by hand\nt a\n0 1\n% a pause\n1 2\n",
+            "",
+            "comment=%",
+            "> a | 0: 1 | 1: 2");
+        row("bad rows stay bad, under their own numbers",
+            "when,a\n2026-03-01T12:00:00Z,1\nyesterday,2\n2026-03-01T12:00:02Z,x\n2026-03-01T12:00:"
+            "03Z,4\n",
+            "times are dates",
+            "clock=utc",
+            "refused 3-4 ? | > a | 0: 1 | 3: 4");
+        row("degrees are no charge",
+            "t,temp_C,q_C\n0,20,1\n1,21,2\n",
+            "",
+            "",
+            "> temp_C q:C | 0: 20 1 | 1: 21 2");
+        row("units in brackets",
+            "t,left (nA),\"right [uA]\",n (of)\n0,1,2,3\n1,1,2,3\n",
+            "",
+            "",
+            "> left:nA right:uA n (of) | 0: 1 2 3 | 1: 1 2 3");
+    }
+    void tablesOfOtherPrograms()
+    {
+        QFETCH(QString, content);
+        QFETCH(QString, why);
+        QFETCH(QString, import);
+        QFETCH(QString, expected);
+        const QString path = file(content.toUtf8());
+        const QString refusal = readAll(path);
+        if (!why.isEmpty()) {
+            QVERIFY2(refusal.contains(why), qPrintable(refusal));
+            QVERIFY2(refusal.contains("--import \"" + import + "\""), qPrintable(refusal));
+        }
+        for (const int piece : {1, 5, 100000}) {
+            QString text = readAll(path, piece, import);
+            QCOMPARE(text.replace("start channels ", "> ").replace(" unreadable", " ?"), expected);
+        }
+    }
+
+    void optionsThatMakeNoSenseAreNamed_data()
+    {
+        columns<QString, QString>("text", "error");
+        row("an unknown word", "colour=red", "\"colour=red\" makes no sense");
+        row("an unknown delimiter", "delimiter=dots", "\"delimiter=dots\"");
+        row("a column that is none", "time=0", "\"time=0\"");
+        row("an interval that is none", "interval=-1s", "\"interval=-1s\"");
+        row("commas for both", "delimiter=comma,decimal=comma", "cannot be a comma");
+        row("dates in no column", "time=none,clock=utc", "there is none");
+    }
+    void optionsThatMakeNoSenseAreNamed()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, error);
+        ImportOptions options;
+        QString said;
+        QVERIFY(!ImportOptions::fromText(text, &options, &said));
+        QVERIFY2(said.contains(error), qPrintable(said));
+    }
+
+    //! From any place that a reader has passed, a reader goes on as that one did.
+    void goesOnFromAnyPlace_data()
+    {
+        columns<QByteArray, QString>("content", "import");
+        row("a recording",
+            QByteArray(
+                "#corvale 1\n#channels a,b\n#unit nA,\n#t0 2026-03-01T12:00:00Z\ntime_s,a_nA,b\n")
+                + "0,1,2\n1,3,4\n#event x\n2,bad,0\n3,5,6\n4,7,8\n#corvale 1\n#channels "
+                  "c\n0,9\n1,10\n2,11\n",
+            "");
+        row("spots", QByteArray("x_mm,y_mm,mu\n1,2,3\n2,3,4\n3,4,5\n4,5,6\n"), "");
+        row("another program's",
+            QByteArray("t;a\r\n0;1,5\r\n1;2,5\r\n2;3,5\r\n3;4,5\r\n"),
+            "delimiter=semicolon,decimal=comma");
+    }
+    void goesOnFromAnyPlace()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, import);
+        const QString path = file(content);
+        ImportOptions options;
+        QString error;
+        QVERIFY(ImportOptions::fromText(import, &options, &error));
+        const auto readings = [](const TextSink &sink) {
+            return sink.lines.filter(QRegularExpression("^[0-9.]+: "));
+        };
+        int entries = 0;
+        for (int piece = 1; piece < content.size(); ++piece) {
+            TextSink sink;
+            CsvReader reader(sink);
+            reader.setImport(options);
+            QVERIFY(reader.open(path));
+            reader.read(piece);
+            const ReadPoint point = reader.readPoint();
+            if (!point.isEntry)
+                continue;
+            ++entries;
+            while (reader.read(1000)) { }
+            const QStringList whole = readings(sink);
+            const LineCounts counts = reader.counts();
+            sink.lines.clear();
+            QVERIFY(reader.resume(point));
+            while (reader.read(1000)) { }
+            const QStringList rest = readings(sink);
+            QVERIFY2(whole.mid(whole.size() - rest.size()) == rest,
+                     qPrintable(QString::number(piece) + ": " + sink.text()));
+            QVERIFY2(rest.size() + point.row >= whole.size(),
+                     qPrintable(QString("%1: %2").arg(piece).arg(sink.text())));
+            QCOMPARE(reader.counts().lines, counts.lines);
+            QCOMPARE(reader.counts().bad(), counts.bad());
+        }
+        QVERIFY(entries > 10);
     }
 
     void readsWhatASingleChannelModelSaves()

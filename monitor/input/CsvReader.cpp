@@ -202,8 +202,7 @@ void CsvReader::takeProtocolLine(std::string_view line, bool tooLong)
         m_frame = pointAtLine();
     m_protocol->setArrivalTime(double(m_row) * m_rowInterval);
     m_protocol->takeLine(line, tooLong);
-    const bool describes = line.empty() || line.front() == '#' || m_protocol->isAtHeader();
-    if (describes)
+    if (isMetadata || m_protocol->isAtHeader())
         noteContext(line);
     else if (m_protocol->hasColumns())
         ++m_row;

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace Monitor {
@@ -48,6 +50,11 @@ bool Recorder::start()
 bool Recorder::open(const QString &path, RecordingFile::Existing existing, QString *error)
 {
     auto file = std::make_unique<RecordingFile>();
+    if (m_options.compress && !m_options.overwrite && QFileInfo::exists(compressedPath(path))) {
+        *error = tr("%1 exists already; choose another name or allow overwriting")
+                     .arg(compressedPath(path));
+        return false;
+    }
     if (!file->open(path, existing)) {
         const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
         *error = exists
@@ -55,11 +62,31 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
             : tr("%1 cannot be written: %2").arg(path, file->errorString());
         return false;
     }
+    closePresentFile();
     m_file = std::move(file);
     ++m_filesBegun;
     m_fileStartedAt = m_clock.seconds();
     Q_EMIT fileStarted(path);
     return true;
+}
+
+//! Closes the file that another one follows, and compresses it if that is wanted.
+void Recorder::closePresentFile()
+{
+    if (!m_file)
+        return;
+    m_closedSize += m_file->size();
+    const QString path = m_file->path();
+    const bool isComplete = m_file->displacement().isEmpty() && m_file->close();
+    m_file.reset();
+    if (m_options.compress && isComplete)
+        m_compressor.add(path);
+}
+
+void Recorder::tellCompression()
+{
+    for (const QString &error : m_compressor.takeErrors())
+        Q_EMIT noted(tr("WARNING recording: %1").arg(error));
 }
 
 //! Opens the next file. If that fails, the present file stays open.
@@ -101,7 +128,27 @@ void Recorder::startStream(const StreamHeader &header)
     }
     m_hasHeader = true;
     m_headerDue = true;
-    append({}, 0);
+    const bool isUndated = m_options.datesArrival && !header.startTime.isValid();
+    if (!isUndated)
+        append({}, 0); // otherwise the first reading dates the header
+}
+
+/*! Dates a stream by the arrival of its first readings: the newest of them has just come. What they are apart is how long
+    the others may have waited. */
+void Recorder::dateStream(const ReadingBlock &readings)
+{
+    constexpr double resolution = 0.02, milli = 1e3,
+                     furthest = 1e11; // s; the clock's ticks, and 3000 years
+    const double last = readings.time(readings.size() - 1);
+    if (!(std::abs(last) < furthest))
+        return;
+    const QDateTime start = m_clock.wallTime().addMSecs(-qint64(std::llround(last * milli)));
+    if (start.date().year() < 1 || start.date().year() > 9999)
+        return;
+    // A header that events brought already is followed by one with the date.
+    m_header.startTime = start;
+    m_header.startUncertainty = std::max(resolution, last - readings.time(0));
+    m_headerDue = true;
 }
 
 bool Recorder::mayBeginFileForStream()
@@ -121,6 +168,8 @@ void Recorder::addReadings(const ReadingBlock &readings)
 {
     if (!m_hasHeader || readings.channels() != m_header.valuesPerReading())
         return;
+    if (m_options.datesArrival && !m_header.startTime.isValid() && !readings.isEmpty())
+        dateStream(readings);
     m_rows.clear();
     for (int row = 0; row < readings.size(); ++row)
         appendRecordingReading(&m_rows, m_header, readings.time(row), readings.values(row));
@@ -219,6 +268,7 @@ bool Recorder::keepFileInPlace()
 
 void Recorder::rotateIfDue()
 {
+    tellCompression();
     const double age = m_clock.seconds() - m_fileStartedAt;
     const bool old = m_options.rotateSeconds > 0.0 && age >= m_options.rotateSeconds;
     const bool large = m_options.rotateBytes > 0 && m_file->size() >= m_options.rotateBytes;
@@ -232,13 +282,20 @@ bool Recorder::finish()
 {
     if (!m_isRecording)
         return m_allLost == 0;
+    if (m_hasHeader && m_headerDue)
+        append({}, 0);
     appendLoss();
     flush();
     m_isRecording = false;
     m_allLost += m_waiting.readings();
+    const bool isInPlace = m_file->displacement().isEmpty();
     const bool closed = m_file->close();
     if (!closed)
         setError(tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+    else if (m_options.compress && isInPlace)
+        m_compressor.add(m_file->path());
+    m_compressor.finish();
+    tellCompression();
     return closed && m_allLost == 0;
 }
 

@@ -5,6 +5,7 @@
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingNames.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/WaitingText.h"
 
 #include <QObject>
@@ -38,6 +39,10 @@ public:
         qint64 rotateBytes = 0;
         //! Where the readings come from, as a line for people.
         QString source;
+        //! Whether readings arrive as they are taken, so that the first one dates a stream that states no date.
+        bool datesArrival = false;
+        //! Whether files that are complete are compressed.
+        bool compress = false;
     };
     //! How many files new acquisitions begin at most.
     static constexpr int maxStreamFiles = 100;
@@ -62,6 +67,8 @@ public:
     QString fileName() const { return m_file ? m_file->path() : QString(); }
     //! Returns the bytes of the file that is being written, with those that wait.
     qint64 size() const { return (m_file ? m_file->size() : 0) + m_waiting.size(); }
+    //! Returns the bytes of all files of the recording, with those that wait.
+    qint64 totalSize() const { return m_closedSize + size(); }
     //! Returns how many readings could not be recorded.
     qint64 lostReadings() const { return m_allLost; }
     //! Returns what keeps the recorder from writing; empty while nothing does.
@@ -88,6 +95,9 @@ private:
     void rotateIfDue();
     void setError(const QString &text);
     void append(const QByteArray &text, int readings);
+    void dateStream(const ReadingBlock &readings);
+    void closePresentFile();
+    void tellCompression();
     void appendLoss();
 
     Clock &m_clock;
@@ -110,6 +120,8 @@ private:
     StreamHeader m_header;
     WaitingText m_waiting;
     QByteArray m_rows;
+    qint64 m_closedSize = 0; //!< bytes of the files before the present one
+    SegmentCompressor m_compressor;
     qint64 m_lost = 0;
     qint64 m_allLost = 0;
 };

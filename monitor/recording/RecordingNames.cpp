@@ -19,7 +19,7 @@ QString withNumber(const QString &path, int number)
 QString firstFree(const QString &path, int number)
 {
     QString candidate = number > 1 ? withNumber(path, number) : path;
-    while (QFileInfo::exists(candidate))
+    while (QFileInfo::exists(candidate) || QFileInfo::exists(candidate + QLatin1String(".zst")))
         candidate = withNumber(path, ++number);
     return candidate;
 }

@@ -50,15 +50,27 @@ void appendAcquisition(QByteArray *text, const StreamHeader &header)
     }
     if (header.startTime.isValid())
         *text += "#t0 " + header.startTime.toUTC().toString(Qt::ISODateWithMs).toLatin1() + "\n";
+    if (header.startTime.isValid() && header.startUncertainty > 0.0) {
+        *text += "#t0-uncertainty ";
+        appendNumber(text, header.startUncertainty);
+        *text += " s\n# t0 was taken from the arrival of the first readings\n";
+    }
     const QByteArray detector =
         "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
     if (!header.detector.isEmpty() && detector.size() <= LineSplitter::maxLength)
         *text += detector;
 }
 
+//! Returns the lines for people: where the readings come from, and what wrote them.
+QByteArray originOf(const QString &source)
+{
+    return "# source: " + cleanText(source, maxTextLength).toUtf8()
+        + "\n# program: corvale-monitor " CORVALE_MONITOR_VERSION "\n";
+}
+
 QByteArray frameHeader(const StreamHeader &header, const QString &source)
 {
-    QByteArray text = "#corvale 2\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
+    QByteArray text = "#corvale 2\n" + originOf(source);
     text += "#layout " + kindName(header.kind).toLatin1() + "\n";
     if (!header.frameUnit.isEmpty())
         text += "#unit " + unitField({{}, header.frameUnit}) + "\n";
@@ -94,7 +106,7 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
         units += unitField(header.channels[i]);
         columns += units.last().isEmpty() ? names.last() : names.last() + '_' + units.last();
     }
-    QByteArray text = "#corvale 1\n# source: " + cleanText(source, maxTextLength).toUtf8() + "\n";
+    QByteArray text = "#corvale 1\n" + originOf(source);
     text += "#layout " + kindName(header.kind).toLatin1() + "\n";
     text += "#channels " + names.join(',') + "\n";
     text += "#unit " + units.join(',') + "\n";

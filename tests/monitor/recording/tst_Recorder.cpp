@@ -130,6 +130,91 @@ class tst_Recorder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void theArrivalDatesAStream_data()
+    {
+        columns<double, int, QString>("first", "readings", "t0");
+        row("one reading", 2.0, 1, "2026-03-01T12:01:38.000Z +- 0.02");
+        row("three at once", 2.0, 3, "2026-03-01T12:01:36.000Z +- 2");
+        row("a time since 1970", 1772366500.0, 1, "1970-01-01T00:00:00.000Z +- 0.02");
+        row("a time that is none", 1e300, 1, "none");
+    }
+    //! At 100 s of the clock it is 12:01:40.
+    void theArrivalDatesAStream()
+    {
+        QFETCH(double, first);
+        QFETCH(int, readings);
+        Recording file(path("dated.csv"), true);
+        file.options.datesArrival = true;
+        file.options.source = "tcp://here";
+        QVERIFY(file.begin());
+        QCOMPARE(fileContents(path("dated.csv")), QByteArray());
+        file.recorder().addReadings(block(first, readings));
+        file.recorder().addReadings(block(first + readings, 1));
+        QVERIFY(file.recorder().finish());
+        TextSink sink;
+        CsvReader reader(sink);
+        QVERIFY(reader.open(path("dated.csv")));
+        while (reader.read(1000)) { }
+        QCOMPARE(reader.counts().readings, qint64(readings + 1));
+        const StreamHeader header = sink.header();
+        const QString t0 = header.startTime.isValid()
+            ? QString("%1 +- %2")
+                  .arg(header.startTime.toString(Qt::ISODateWithMs))
+                  .arg(header.startUncertainty)
+            : QString("none");
+        QTEST(t0, "t0");
+        const QByteArray text = fileContents(path("dated.csv"));
+        QCOMPARE(text.count("#corvale 1"), 1);
+        QVERIFY(text.contains("# source: tcp://here\n# program: corvale-monitor 2."));
+    }
+
+    void aStatedDateIsKept()
+    {
+        Recording file(path("stated.csv"), true);
+        file.options.datesArrival = true;
+        QVERIFY(file.recorder().start());
+        StreamHeader header = twoChannels();
+        header.startTime = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC);
+        file.recorder().startStream(header);
+        file.recorder().addReadings(block(0.0, 2));
+        QVERIFY(file.recorder().finish());
+        const QByteArray text = fileContents(path("stated.csv"));
+        QVERIFY(text.contains("#t0 2026-01-02T03:04:05.000Z\n") && !text.contains("uncertainty"));
+    }
+
+    //! Files that are complete are compressed, and read back as what was recorded.
+    void compressesWhatIsComplete()
+    {
+        Recording file(path("packed.csv"));
+        file.options.compress = true;
+        file.options.rotateBytes = 300;
+        file.options.rotateSeconds = 1000.0;
+        QVERIFY(file.begin());
+        for (int i = 0; i < 3; ++i) {
+            file.recorder().addReadings(block(100.0 * i, 50));
+            file.clock.advance(2.0);
+        }
+        QVERIFY(file.recorder().finish());
+        QVERIFY(file.notes.isEmpty());
+        const QStringList files =
+            QDir(m_dir->path()).entryList({"packed*"}, QDir::Files, QDir::Name);
+        QCOMPARE(files.join(' '),
+                 QString("packed-2.csv.zst packed-3.csv.zst packed-4.csv.zst packed.csv.zst"));
+        for (int i = 0; i < 3; ++i) {
+            const QString name =
+                i == 0 ? "packed.csv.zst" : QString("packed-%1.csv.zst").arg(i + 1);
+            const QString text = readBack(m_dir->filePath(name));
+            QVERIFY2(text.startsWith("start channels left:nA right"), qPrintable(text));
+            QVERIFY(text.endsWith(QString("%1: %1 0.5").arg(100 * i + 49)));
+            QVERIFY(!text.contains("refused"));
+        }
+        // The name is taken, although the file itself is gone.
+        Recording again(path("packed.csv"));
+        again.options.compress = true;
+        QVERIFY(!again.begin());
+        QVERIFY(again.recorder().errorString().contains("packed.csv.zst exists already"));
+    }
+
     void init() { m_dir = std::make_unique<QTemporaryDir>(); }
 
     void readsBackBitForBit()

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/recording/RecordingRepair.h"
+
+#include "monitor/input/CsvReader.h"
+#include "monitor/recording/RecordingWriter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <unistd.h>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int pieceSize = 1024 * 1024;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor::RecordingRepair", text);
+}
+
+//! Notes what is lost while a recording is read, and writes what is not if there is a file for it.
+class DamageSink : public StreamSink
+{
+public:
+    DamageSink(RecordingDamage *damage, QIODevice *copy, const QString &source)
+        : m_damage(damage)
+        , m_copy(copy)
+        , m_source(source)
+    {
+    }
+
+    void streamStarted(const StreamHeader &header) override
+    {
+        endLoss(tr("before another part begins"));
+        m_header = header;
+        m_any = false;
+        if (m_copy)
+            m_text += recordingHeader(header, m_source);
+    }
+    void reading(double time, const double *values) override
+    {
+        if (m_lost > 0)
+            endLoss(tr("before %1 s").arg(time, 0, 'g', 15));
+        m_any = true;
+        m_lastTime = time;
+        ++m_damage->readings;
+        if (m_copy)
+            appendRecordingReading(&m_text, m_header, time, values);
+        writeIfMuch();
+    }
+    void eventNoted(const QString &text) override
+    {
+        if (m_copy)
+            appendRecordingEvent(&m_text, text);
+    }
+    void lineRefused(const RefusedLine &line) override
+    {
+        // Readings that were held back are refused together, also those of an earlier line.
+        if (m_lost == 0) {
+            m_firstLine = line.number;
+            m_why = line.reason.isEmpty() ? refusalText(line.refusal) : line.reason;
+        }
+        m_firstLine = qMin(m_firstLine, line.number);
+        m_lastLine = qMax(m_lastLine, line.number);
+        ++m_lost;
+    }
+
+    //! Notes a place that no line tells of.
+    void addPlace(const QString &text)
+    {
+        if (m_damage->places.size() < RecordingDamage::maxPlaces)
+            m_damage->places.append(text);
+        else
+            ++m_damage->placesLeftOut;
+    }
+    QString whereAfter() const
+    {
+        return m_any ? tr("after %1 s").arg(m_lastTime, 0, 'g', 15)
+                     : tr("before the first reading");
+    }
+    void endLoss(const QString &until)
+    {
+        if (m_lost == 0)
+            return;
+        const QString lines = m_lost == 1
+            ? tr("1 line (%1)").arg(m_firstLine)
+            : tr("%1 lines (%2 to %3)").arg(m_lost).arg(m_firstLine).arg(m_lastLine);
+        const QString where = m_any ? tr("%1, %2").arg(whereAfter(), until) : until;
+        const QString text = tr("lost: %1, %2: %3").arg(lines, where, m_why);
+        addPlace(text);
+        if (m_copy)
+            appendRecordingEvent(&m_text, text);
+        m_damage->lostLines += m_lost;
+        m_lost = 0;
+        m_lastLine = 0;
+    }
+    bool write()
+    {
+        m_isWritten = m_isWritten && (!m_copy || m_copy->write(m_text) == m_text.size());
+        m_text.clear();
+        return m_isWritten;
+    }
+
+private:
+    void writeIfMuch()
+    {
+        if (m_text.size() >= pieceSize)
+            write();
+    }
+
+    RecordingDamage *const m_damage;
+    QIODevice *const m_copy;
+    const QString m_source;
+    QByteArray m_text;
+    bool m_isWritten = true;
+    StreamHeader m_header;
+    bool m_any = false;
+    double m_lastTime = 0.0;
+    qint64 m_lost = 0;
+    qint64 m_firstLine = 0;
+    qint64 m_lastLine = 0;
+    QString m_why;
+};
+
+//! Returns the source that the beginning of a recording names; empty if it names none.
+QString sourceIn(const QByteArray &beginning)
+{
+    for (const QByteArray &line : beginning.split('\n'))
+        if (line.startsWith("# source: "))
+            return QString::fromUtf8(line.mid(10)).trimmed();
+    return {};
+}
+
+//! Returns the first bytes of the text of a recording.
+QByteArray beginningOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    constexpr int size = 4096;
+    return ZstdFrames::begins(file.peek(4)) ? ZstdFrames(file).read(size) : file.read(size);
+}
+
+bool read(const QString &path,
+          const ImportOptions &import,
+          QIODevice *copy,
+          RecordingDamage *damage,
+          QString *error)
+{
+    *damage = {};
+    const QString source = sourceIn(beginningOf(path));
+    const QString repaired = tr("repaired from %1").arg(QFileInfo(path).fileName());
+    DamageSink sink(damage, copy, source.isEmpty() ? repaired : source + tr("; ") + repaired);
+    CsvReader reader(sink);
+    reader.setImport(import);
+    reader.setPassingDamage(true);
+    reader.setDamageHandler([&](const QString &text) {
+        sink.addPlace(tr("lost: %1, %2").arg(text, sink.whereAfter()));
+    });
+    if (!reader.open(path)) {
+        *error = tr("%1 cannot be opened: %2").arg(path, reader.errorString());
+        return false;
+    }
+    while (reader.read(pieceSize)) { }
+    sink.endLoss(tr("before the end of the file"));
+    if (reader.hasFailed())
+        *error = tr("reading %1: %2").arg(path, reader.errorString());
+    else if (!sink.write())
+        *error = tr("writing the copy of %1: %2").arg(path, copy->errorString());
+    return error->isEmpty();
+}
+
+//! Returns the path of a copy: with "-repaired" in its name, without the suffix of a compressed file.
+QString copyPath(const QString &path, int number)
+{
+    QFileInfo info(path);
+    if (info.suffix() == QLatin1String("zst"))
+        info.setFile(path.left(path.size() - 4));
+    const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
+    const QString more = number > 1 ? QStringLiteral("-%1").arg(number) : QString();
+    return info.dir().filePath(info.completeBaseName() + QLatin1String("-repaired") + more
+                               + suffix);
+}
+
+} // namespace
+
+bool examineRecording(const QString &path,
+                      const ImportOptions &import,
+                      RecordingDamage *damage,
+                      QString *error)
+{
+    return read(path, import, nullptr, damage, error);
+}
+
+bool repairRecording(const QString &path, QString *copy, RecordingDamage *damage, QString *error)
+{
+    int number = 1;
+    while (QFileInfo::exists(copyPath(path, number)))
+        ++number;
+    QFile file(copyPath(path, number));
+    if (!QFileInfo(path).isFile()) {
+        *error = tr("%1 cannot be opened: it is not a regular file").arg(path);
+        return false;
+    }
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        *error = tr("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
+        return false;
+    }
+    if (read(path, {}, &file, damage, error) && !(file.flush() && ::fsync(file.handle()) == 0))
+        *error = tr("writing %1: %2").arg(file.fileName(), file.errorString());
+    if (error->isEmpty() && damage->readings == 0)
+        *error = tr("nothing of %1 can be read").arg(path);
+    if (!error->isEmpty()) {
+        file.remove();
+        return false;
+    }
+    *copy = file.fileName();
+    return true;
+}
+
+} // namespace Monitor

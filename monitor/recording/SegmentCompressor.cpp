@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/recording/SegmentCompressor.h"
+
+#include "monitor/input/ZstdFrames.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <unistd.h>
+#include <zstd.h>
+
+namespace Monitor {
+
+namespace {
+
+//! Text in one frame: what is read at least to go to a place, and what one damaged place costs at most.
+constexpr int frameSize = 2 * 1024 * 1024;
+constexpr int level = 6;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor::SegmentCompressor", text);
+}
+
+//! Returns about \a frameSize bytes that end with a line, so that a frame is readable without its neighbours.
+QByteArray nextLines(QFile *file)
+{
+    QByteArray text = file->read(frameSize);
+    const int end = text.lastIndexOf('\n') + 1;
+    if (file->atEnd() || end == 0)
+        return text;
+    file->seek(file->pos() - (text.size() - end));
+    text.truncate(end);
+    return text;
+}
+
+bool writeFrames(QFile *from, QFile *to)
+{
+    struct Free
+    {
+        void operator()(ZSTD_CCtx *context) const { ZSTD_freeCCtx(context); }
+    };
+    const std::unique_ptr<ZSTD_CCtx, Free> context(ZSTD_createCCtx());
+    ZSTD_CCtx_setParameter(context.get(), ZSTD_c_compressionLevel, level);
+    ZSTD_CCtx_setParameter(context.get(), ZSTD_c_checksumFlag, 1);
+    QByteArray frame;
+    while (!from->atEnd()) {
+        const QByteArray text = nextLines(from);
+        frame.resize(int(ZSTD_compressBound(std::size_t(text.size()))));
+        const std::size_t size = ZSTD_compress2(context.get(),
+                                                frame.data(),
+                                                std::size_t(frame.size()),
+                                                text.constData(),
+                                                std::size_t(text.size()));
+        if (text.isEmpty() || ZSTD_isError(size)
+            || to->write(frame.constData(), qint64(size)) != qint64(size))
+            return false;
+    }
+    return from->error() == QFileDevice::NoError && to->flush() && ::fsync(to->handle()) == 0;
+}
+
+//! Returns whether a compressed file holds exactly the bytes of the other.
+bool holdsTheSame(QFile *file, const QString &compressed)
+{
+    QFile other(compressed);
+    if (!other.open(QIODevice::ReadOnly) || !file->seek(0))
+        return false;
+    ZstdFrames frames(other);
+    constexpr int pieceSize = 1024 * 1024;
+    for (;;) {
+        const QByteArray text = file->read(pieceSize);
+        if (text != frames.read(text.isEmpty() ? 1 : text.size()))
+            return false;
+        if (text.isEmpty())
+            return !frames.isDamaged();
+    }
+}
+
+} // namespace
+
+QString compressedPath(const QString &path)
+{
+    return path + QLatin1String(".zst");
+}
+
+bool compressFile(const QString &path, QString *error)
+{
+    const QString target = compressedPath(path), draft = target + QLatin1String(".part");
+    const auto fail = [&](const QString &why) {
+        *error = tr("%1 stays uncompressed: %2").arg(path, why);
+        return false;
+    };
+    if (QFileInfo::exists(target))
+        return fail(tr("%1 exists already").arg(target));
+    QFile file(path), compressed(draft);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(file.errorString());
+    if (!compressed.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return fail(compressed.errorString());
+    const bool written = writeFrames(&file, &compressed);
+    compressed.close();
+    if (!written || !holdsTheSame(&file, draft)) {
+        compressed.remove();
+        return fail(tr("writing %1 failed").arg(target));
+    }
+    // A hard link does not replace a file that came meanwhile, as renaming would.
+    const QByteArray from = QFile::encodeName(draft), to = QFile::encodeName(target);
+    const bool named = ::link(from.constData(), to.constData()) == 0
+        || (errno != EEXIST && ::rename(from.constData(), to.constData()) == 0);
+    const QString why = QString::fromLocal8Bit(std::strerror(errno));
+    QFile::remove(draft);
+    if (!named)
+        return fail(why);
+    return file.remove() || fail(file.errorString());
+}
+
+SegmentCompressor::~SegmentCompressor()
+{
+    finish();
+}
+
+void SegmentCompressor::add(const QString &path)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_paths.push_back(path);
+    if (!m_thread.joinable())
+        m_thread = std::thread([this] {
+            run();
+        });
+    m_wakeUp.notify_one();
+}
+
+void SegmentCompressor::finish()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_isEnding = true;
+        m_wakeUp.notify_one();
+    }
+    if (m_thread.joinable())
+        m_thread.join();
+    m_isEnding = false;
+}
+
+void SegmentCompressor::run()
+{
+    for (;;) {
+        QString path;
+        {
+            std::unique_lock<std::mutex> lock(m_mutex);
+            m_wakeUp.wait(lock, [this] {
+                return !m_paths.empty() || m_isEnding;
+            });
+            if (m_paths.empty())
+                return;
+            path = m_paths.front();
+            m_paths.pop_front();
+        }
+        QString error;
+        if (compressFile(path, &error))
+            continue;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_errors.append(error);
+    }
+}
+
+QStringList SegmentCompressor::takeErrors()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QStringList errors;
+    errors.swap(m_errors);
+    return errors;
+}
+
+} // namespace Monitor

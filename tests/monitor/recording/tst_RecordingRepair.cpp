@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/CsvReader.h"
+#include "monitor/recording/RecordingRepair.h"
+#include "monitor/recording/SegmentCompressor.h"
+#include "monitor/recording/SpaceForecast.h"
+#include "tests/monitor/support/TextSink.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <cmath>
+#include <random>
+
+using namespace Monitor;
+
+static QString readBack(const QString &path)
+{
+    TextSink sink;
+    CsvReader reader(sink);
+    if (!reader.open(path))
+        return reader.errorString();
+    while (reader.read(10000)) { }
+    return sink.text();
+}
+
+//! What happens to the files of a recording once they are written: compression, damage and repair.
+class tst_RecordingRepair : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void compressionHarmsNothing()
+    {
+        QString error;
+        const QString target = compressedPath(path("plain.csv"));
+        putFile(path("plain.csv"), "0,1\n");
+        putFile(target, "another");
+        QVERIFY(!compressFile(path("plain.csv"), &error));
+        QCOMPARE(fileContents(path("plain.csv")), QByteArray("0,1\n"));
+        QCOMPARE(fileContents(target), QByteArray("another"));
+        QVERIFY2(error.contains("exists already"), qPrintable(error));
+        QVERIFY(!QFile::exists(target + ".part"));
+        error.clear();
+        QVERIFY(!compressFile(path("not-there.csv"), &error));
+    }
+
+    void whatIsLostIsSaid_data()
+    {
+        columns<QByteArray, QString, QString>("tail", "places", "last");
+        row("nothing", QByteArray("3,4\n"), "", "3: 4");
+        row("a wrong line",
+            QByteArray("3,4\n4;5\n5,6\n"),
+            "lost: 1 line (9), after 3 s, before 5 s: *",
+            "5: 6");
+        row("zeros after a power cut",
+            QByteArray(100, '\0'),
+            "lost: the recording's last line is incomplete*",
+            "2: 3");
+        row("zeros in the middle",
+            QByteArray(100, '\0') + "\n3,4\n4,5\n",
+            "lost: 1 line (8), after 2 s, before 3 s: *",
+            "4: 5");
+        row("lines together",
+            QByteArray("x\ny\n1e,2\n3,4\n4,5\n"),
+            "lost: 3 lines (8 to 10), after 2 s, before 3 s: *",
+            "4: 5");
+        row("the end",
+            QByteArray("x\n"),
+            "lost: 1 line (8), after 2 s, before the end of the file: *",
+            "2: 3");
+        row("cut off", QByteArray("3,4"), "lost: the recording's last line is incomplete*", "2: 3");
+    }
+    //! The copy has everything that is left and says what is not; the recording stays as it was.
+    void whatIsLostIsSaid()
+    {
+        QFETCH(QByteArray, tail);
+        QFETCH(QString, places);
+        QFETCH(QString, last);
+        const QByteArray text = "#corvale 1\n# source: tcp://here\n#channels a\n#t0 "
+                                "2026-03-01T12:00:00.000Z\n0,1\n1,2\n2,3\n"
+            + tail;
+        putFile(path("damaged.csv"), text);
+        QFile::remove(path("damaged-repaired.csv"));
+        RecordingDamage damage;
+        QString copy, error;
+        QVERIFY2(repairRecording(path("damaged.csv"), &copy, &damage, &error), qPrintable(error));
+        QCOMPARE(fileContents(path("damaged.csv")), text);
+        QCOMPARE(copy, path("damaged-repaired.csv"));
+        const QString said = damage.places.join('|');
+        QVERIFY2(QRegularExpression(QRegularExpression::wildcardToRegularExpression(places))
+                     .match(said)
+                     .hasMatch(),
+                 qPrintable(said));
+        const QString read = readBack(copy);
+        QVERIFY2(read.contains(" | 2: 3") && !read.contains("refused"), qPrintable(read));
+        QVERIFY(read.contains(last));
+        QVERIFY(fileContents(copy).contains("# source: tcp://here; repaired from damaged.csv\n"));
+        QVERIFY(fileContents(copy).contains("#t0 2026-03-01T12:00:00.000Z"));
+        RecordingDamage none;
+        QVERIFY(examineRecording(copy, {}, &none, &error));
+        QVERIFY(none.isEmpty());
+        QCOMPARE(none.readings, damage.readings);
+        // A second copy has another name.
+        QVERIFY(repairRecording(path("damaged.csv"), &copy, &damage, &error));
+        QCOMPARE(copy, path("damaged-repaired-2.csv"));
+        QVERIFY(QFile::remove(copy));
+    }
+
+    //! Wherever a compressed recording is damaged, no more than the frame is lost, and nothing wrong is read.
+    void aDamagedCompressedFileLosesOneFrame()
+    {
+        QByteArray text = "#corvale 1\n#channels a\n";
+        std::mt19937 random(1);
+        for (int i = 0; i < 6000; ++i) {
+            text += QByteArray::number(i) + ",0.5\n# ";
+            for (int k = 0; k < 100; ++k)
+                text += QByteArray::number(quint32(random()));
+            text += '\n';
+        }
+        putFile(path("frames.csv"), text);
+        QString error, copy;
+        QVERIFY2(compressFile(path("frames.csv"), &error), qPrintable(error));
+        const QByteArray whole = fileContents(path("frames.csv.zst"));
+        for (const double at : {0.5, 0.95}) {
+            QByteArray bytes = whole;
+            const int place = int(bytes.size() * at);
+            bytes[place] = char(bytes[place] ^ 0x55);
+            putFile(path("broken.csv.zst"), bytes);
+            RecordingDamage damage;
+            QVERIFY2(repairRecording(path("broken.csv.zst"), &copy, &damage, &error),
+                     qPrintable(error));
+            QVERIFY(damage.readings > 1000 && damage.readings < 6000);
+            QVERIFY(damage.places.join('|').contains("compressed file"));
+            TextSink sink;
+            CsvReader reader(sink);
+            QVERIFY(reader.open(copy));
+            while (reader.read(100000)) { }
+            QCOMPARE(reader.counts().readings, damage.readings);
+            QCOMPARE(reader.counts().bad(), qint64(0));
+            QVERIFY(QFile::remove(copy));
+        }
+    }
+
+    void forecastsAFullDisk()
+    {
+        SpaceForecast space;
+        QVERIFY(!space.secondsLeft());
+        for (int i = 0; i < 200; ++i)
+            space.note(i, 1000 * i, 1000000);
+        QVERIFY(std::abs(*space.secondsLeft() - 1000.0) < 1e-6);
+        for (int i = 200; i < 500; ++i)
+            space.note(i, 200000 + 4000 * (i - 200), 1000000);
+        QVERIFY(std::abs(*space.secondsLeft() - 250.0) < 1.0);
+        QCOMPARE(SpaceForecast::text(30.0), QString("less than a minute"));
+        QCOMPARE(SpaceForecast::text(7000.0), QString("116 min"));
+        QCOMPARE(SpaceForecast::text(7300.0), QString("2 h"));
+        QCOMPARE(SpaceForecast::text(1e6), QString("11 d"));
+        QCOMPARE(SpaceForecast::text(1e9), QString("over a year"));
+    }
+
+private:
+    QString path(const char *name) { return m_dir.filePath(QLatin1String(name)); }
+    QTemporaryDir m_dir;
+};
+
+CORVALE_QT_TEST_MAIN(tst_RecordingRepair)
+#include "tst_RecordingRepair.moc"

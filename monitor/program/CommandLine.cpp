@@ -109,14 +109,24 @@ public:
     void rotation(Recorder::Options *options)
     {
         static const QRegularExpression form(QStringLiteral("^(\\d{1,9})([kMG])$"));
-        const QRegularExpressionMatch match = form.match(text("rotate"));
-        const std::optional<double> time = secondsFromText(text("rotate"));
-        if (match.hasMatch() && match.captured(1).toLongLong() > 0)
-            options->rotateBytes = match.captured(1).toLongLong() * bytesOf(match.captured(2));
-        else if (time)
-            options->rotateSeconds = *time;
-        else if (isSet("rotate"))
-            fail("rotate", tr("a time or a size, like 1h or 100M"));
+        const QStringList limits = text("rotate").split(QLatin1Char(','));
+        for (const QString &limit : limits) {
+            const QRegularExpressionMatch match = form.match(limit);
+            const std::optional<double> time = secondsFromText(limit);
+            if (match.hasMatch() && match.captured(1).toLongLong() > 0)
+                options->rotateBytes = match.captured(1).toLongLong() * bytesOf(match.captured(2));
+            else if (time)
+                options->rotateSeconds = *time;
+            else if (isSet("rotate"))
+                fail("rotate", tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
+        }
+    }
+    void import(ImportOptions *options)
+    {
+        QString error;
+        if (isSet("import") && !ImportOptions::fromText(text("import"), options, &error)
+            && m_error.isEmpty())
+            m_error = QStringLiteral("--import: %1").arg(error);
     }
     void display(QString *display)
     {
@@ -190,6 +200,7 @@ const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
                                                         {"stats", Task::Statistics},
                                                         {"convert", Task::Convert},
                                                         {"check", Task::Check},
+                                                        {"repair", Task::Repair},
                                                         {"screenshot", Task::Screenshot}};
     return tasks;
 }
@@ -243,6 +254,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
+    values.import(&file.import);
     values.display(&display);
     values.span(&span);
     if (task == Task::Screenshot && !values.isSet("speed"))
@@ -250,8 +262,14 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     file.loop = parser.isSet(QStringLiteral("loop"));
     record.path = values.text("record");
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));
+    record.compress = parser.isSet(QStringLiteral("compress"));
+    file.passesDamage = task == Task::Check;
     settings = values.text("settings");
-    output = task == Task::Convert ? values.text("convert") : values.text("screenshot");
+    output = values.text(task == Task::Convert      ? "convert"
+                             : task == Task::Repair ? "repair"
+                                                    : "screenshot");
+    if (task == Task::Repair && sourceGiven)
+        *error = tr("--repair takes one file, and no source");
     if (error->isEmpty())
         *error = values.error();
     return error->isEmpty();

@@ -30,6 +30,7 @@ struct CommandLine
         Statistics,
         Convert,
         Check,
+        Repair,
         Help,
         Version,
         ManPage,
@@ -40,7 +41,7 @@ struct CommandLine
     bool sourceGiven = false;
     FileSource::Options file;
     Recorder::Options record; //!< the path is empty if nothing is to be recorded
-    QString output; //!< the file that Screenshot or Convert writes
+    QString output; //!< the file that Screenshot or Convert writes, or that Repair repairs
     bool json = false;
     QSize size;
     QString display; //!< of --view; empty for the one that fits the data

@@ -2,6 +2,7 @@
 #include "monitor/program/HeadlessRun.h"
 
 #include "monitor/input/SpotFile.h"
+#include "monitor/program/RepairRun.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/sources/LineSource.h"
 #include "monitor/sources/SourceFactory.h"
@@ -74,6 +75,7 @@ bool HeadlessRun::openOutput()
         return false;
     }
     options.source = m_source->description();
+    options.datesArrival = m_source->isLive();
     m_recorder = std::make_unique<Recorder>(m_clock, options);
     connect(m_recorder.get(), &Recorder::failed, this, [this](const QString &text) {
         complain(text);
@@ -154,6 +156,7 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
         m_exitCode = m_exitCode == ExitGood ? ExitUsage : m_exitCode;
         leave();
     }
+    m_gapsBefore += m_statistics.gaps();
     m_statistics.startStream(header);
     m_spots.header = header;
     m_spots.readings.clear(header.valuesPerReading());
@@ -209,19 +212,23 @@ int HeadlessRun::report()
         print(tr("%1 readings, %2 lines dropped, %3 gaps\n")
                   .arg(m_readings)
                   .arg(bad)
-                  .arg(m_statistics.gaps())
+                  .arg(m_gapsBefore + m_statistics.gaps())
                   .toUtf8());
+        if (const auto *file = qobject_cast<FileSource *>(m_source.get()))
+            m_isDamaged = printDamage(file->path(), m_commandLine.file.import);
     }
     if (m_exitCode != ExitGood)
         return m_exitCode;
+    const QString why = m_source->emptyReason();
     if (m_readings == 0)
-        complain(tr("%1 contains no readings").arg(m_source->description()));
+        complain(tr("%1 contains no readings").arg(m_source->description())
+                 + (why.isEmpty() ? why : QStringLiteral(": ") + why));
     else if (bad > 0)
         complain(tr("%1: %2 lines could not be used; --check shows them")
                      .arg(m_source->description())
                      .arg(bad));
     const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
-        || m_spotsCut || planIsUnused();
+        || m_isDamaged || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;
 }
 

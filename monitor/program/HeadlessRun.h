@@ -54,10 +54,12 @@ private:
     SpotRows m_plan; //!< empty without --planned
     SpotRows m_spots; //!< the spots of the last stream, if they are compared with planned ones
     bool m_spotsCut = false;
+    qint64 m_gapsBefore = 0; //!< of the acquisitions before the present one
     qint64 m_readings = 0;
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;
     bool m_channelsLeftOut = false;
+    bool m_isDamaged = false;
     bool m_ended = false;
 };
 

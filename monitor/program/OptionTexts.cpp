@@ -29,6 +29,12 @@ QVector<OptionText> optionTexts()
         {"loop", "", tr("Play a file again and again.")},
         {"from", "SECONDS", tr("Begin at this time of the file.")},
         {"to", "SECONDS", tr("End at this time of the file.")},
+        {"import",
+         "HOW",
+         tr("Read a table of another program: delimiter=semicolon, decimal=comma, header=no, "
+            "time=2 (the column) or interval=1ms (there is none), clock=local, "
+            "format=\"dd.MM.yyyy HH:mm:ss\", skip=3, comment=%; those that are needed, separated "
+            "by commas.")},
         {"range",
          "LOW,HIGH",
          tr("Mark readings outside these limits as over range, whatever the source says.")},
@@ -52,7 +58,12 @@ QVector<OptionText> optionTexts()
         {"record",
          "PATH",
          tr("Record everything that arrives to a new file, or to files in a folder.")},
-        {"rotate", "LIMIT", tr("Begin a new file after a time (1h, 30min) or a size (100M, 2G).")},
+        {"rotate",
+         "LIMIT",
+         tr("Begin a new file after a time (1h, 30min), a size (100M, 2G), or both (1h,2G).")},
+        {"compress",
+         "",
+         tr("Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
         {"overwrite", "", tr("Let --record and --convert replace an existing file.")},
         {"settings",
          "FILE",
@@ -73,7 +84,13 @@ QVector<OptionText> optionTexts()
         {"stats", "", tr("Read to the end and print statistics of each channel.")},
         {"json", "", tr("Print the statistics as JSON.")},
         {"convert", "OUT.csv", tr("Read to the end and write a recording.")},
-        {"check", "", tr("Read to the end and print every line that cannot be used.")},
+        {"check",
+         "",
+         tr("Read to the end and print every line that cannot be used, and what is lost.")},
+        {"repair",
+         "FILE",
+         tr("Write what can be read of a damaged recording to a copy beside it; the file itself "
+            "stays as it is.")},
         {"help", "", tr("Print this text.")},
         {"version", "", tr("Print the version.")},
     };
@@ -87,7 +104,8 @@ QVector<TopicText> topicTexts()
              {"sim:ic4, sim:strips, sim:pixels, sim:spots",
               tr("A simulated beam; ?seed=N gives another one.")},
              {"PATH, file:PATH",
-              tr("A table: a recording, a file saved by the library, or CSV with a header line.")},
+              tr("A table: a recording (also compressed), a file saved by the library, or CSV. "
+                 "Where CSV needs --import, a message says how.")},
              {"-", tr("Lines on standard input.")},
              {"tcp://HOST:PORT",
               tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "

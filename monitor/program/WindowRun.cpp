@@ -7,7 +7,9 @@
 #include "monitor/session/Session.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
+#include "monitor/window/ImportDialog.h"
 #include "monitor/window/MonitorWindow.h"
+#include "monitor/window/WindowSettings.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QApplication>
@@ -51,7 +53,16 @@ bool WindowRun::prepare()
 
 bool WindowRun::openSession()
 {
-    SourceFactory factory(m_clock, m_commandLine.file);
+    FileSource::Options file = m_commandLine.file;
+    const QString path = SourceFactory::filePath(m_commandLine.source);
+    if (!isPicture() && !path.isEmpty() && file.import.isUsual()) {
+        WindowSettings settings(settingsFile());
+        const std::optional<ImportOptions> import = ImportDialog::optionsFor(path, &settings);
+        if (!import)
+            return false; // the person does not want to open it
+        file.import = *import;
+    }
+    SourceFactory factory(m_clock, file);
     std::unique_ptr<Source> source = factory.make(m_commandLine.source);
     if (!source) {
         leave(ExitUsage, factory.errorString());

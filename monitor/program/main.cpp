@@ -2,6 +2,7 @@
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessRun.h"
 #include "monitor/program/QuietMessages.h"
+#include "monitor/program/RepairRun.h"
 #include "monitor/program/WindowRun.h"
 #include "monitor/window/MonitorWindow.h"
 #include <corvale_qt/widgets/QtSingleApplication.h>
@@ -103,6 +104,8 @@ int main(int argc, char **argv)
     }
     if (answerWithText(commandLine))
         return ExitGood;
+    if (commandLine.task == CommandLine::Task::Repair)
+        return repairOnCommand(commandLine);
     installQuietMessages();
     // A write beyond the limit of a file's size is to fail and be reported; it must not end the program.
     std::signal(SIGXFSZ, SIG_IGN);

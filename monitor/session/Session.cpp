@@ -30,6 +30,7 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
     , m_recordedEvents(eventsRecordedASecond)
 {
     connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
+    connect(m_source.get(), &Source::jumped, this, &Session::takeJump);
     connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
     connect(m_source.get(), &Source::noted, this, &Session::takeEvent);
     connect(m_source.get(), &Source::stateChanged, this, [this](Source::State state) {
@@ -75,6 +76,7 @@ void Session::takeHeader(const StreamHeader &told)
         takeEvent(tr("ERROR %1").arg(fault));
     m_streamLimits = header.limits;
     applyLimits(&header);
+    m_gapsBefore += m_statistics.gaps();
     m_statistics.startStream(header);
     m_alarms.startStream(header);
     m_activity.reset();
@@ -82,10 +84,12 @@ void Session::takeHeader(const StreamHeader &told)
         m_recorder->startStream(header);
     if (!m_headerWaits)
         showWaiting();
-    m_toShow.clear(header.channels.size());
-    m_headerWaits = true;
     m_frame.clear();
     m_leftOutTold = false;
+    if (takeNewPart(header))
+        return;
+    m_toShow.clear(header.channels.size());
+    m_headerWaits = true;
     if (m_shownHeaders.admits(m_clock.seconds()))
         showHeader();
 }
@@ -110,6 +114,36 @@ void Session::setLimits(const NamedLimits &limits)
     if (!m_headerWaits)
         m_model.setLimits(header.limits);
     Q_EMIT limitsChanged();
+}
+
+/*! Keeps what is shown if an instrument only started over, as after a reconnection: its readings go on in a new part of
+    the time line. Returns false if the header begins something else. */
+bool Session::takeNewPart(const StreamHeader &header)
+{
+    if (!m_source->isLive() || m_headerWaits || !m_timeline.goesOnWith(header)) {
+        m_timeline.begin(header);
+        return false;
+    }
+    ++m_gapsBefore;
+    m_timeline.beginPart(header);
+    return true;
+}
+
+//! Empties what is shown: the readings that follow are from elsewhere in the same acquisition.
+void Session::takeJump()
+{
+    const StreamHeader header = m_statistics.header();
+    m_statistics.startStream(header);
+    m_alarms.startStream(header);
+    m_timeline.begin(header);
+    m_activity.reset();
+    if (m_recorder)
+        m_recorder->startStream(header);
+    m_toShow.clear(header.channels.size());
+    m_frame.clear();
+    if (!m_headerWaits)
+        m_model.Clear();
+    m_shownAt = -std::numeric_limits<double>::infinity(); // the new place is to be seen at once
 }
 
 //! Shows the present stream. If streams follow each other too fast, only the last one is shown.
@@ -151,6 +185,8 @@ void Session::takeReadings(const ReadingBlock &arrived)
     if (m_recorder)
         m_recorder->addReadings(readings);
     m_alarms.update(m_statistics.limitLog());
+    if (const auto part = m_timeline.takeBegunPart(readings, m_clock.seconds()))
+        takeEvent(*part);
     takeToShow(readings);
     if ((isShowDue() && !m_headerWaits) || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();
@@ -161,17 +197,16 @@ void Session::takeReadings(const ReadingBlock &arrived)
 //! Keeps what the model shows of these readings, and the last of them if it is a frame.
 void Session::takeToShow(const ReadingBlock &readings)
 {
-    if (!m_statistics.header().hasFrames()) {
-        m_toShow.append(readings);
-        return;
-    }
-    m_toShow.append(m_statistics.frameNumbers());
-    if (readings.isEmpty())
+    const bool areFrames = m_statistics.header().hasFrames();
+    const ReadingBlock &shown =
+        m_timeline.place(areFrames ? m_statistics.frameNumbers() : readings, m_clock.seconds());
+    m_toShow.append(shown);
+    if (!areFrames || readings.isEmpty())
         return;
     const double *values = readings.values(readings.size() - 1);
     m_frame.resize(readings.channels());
     std::copy(values, values + readings.channels(), m_frame.begin());
-    m_frameTime = readings.time(readings.size() - 1);
+    m_frameTime = shown.time(shown.size() - 1);
     tellLeftOut();
 }
 
@@ -217,7 +252,8 @@ void Session::showFrame()
 
 bool Session::isStale() const
 {
-    return m_source->state() != Source::State::Finished && m_activity.isStale(m_clock.seconds());
+    return m_source->state() != Source::State::Finished && !m_source->isHolding()
+        && m_activity.isStale(m_clock.seconds());
 }
 
 double Session::rate() const
@@ -255,6 +291,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
         return false;
     }
     options.source = m_source->description();
+    options.datesArrival = m_source->isLive();
     auto recorder = std::make_unique<Recorder>(m_clock, options);
     if (!recorder->start()) {
         *error = recorder->errorString();

@@ -9,6 +9,7 @@
 #include "monitor/session/Alarms.h"
 #include "monitor/session/FloodGate.h"
 #include "monitor/session/ReadingLimit.h"
+#include "monitor/session/RunTimeline.h"
 #include "monitor/session/SpotPlan.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
@@ -64,6 +65,8 @@ public:
     Clock &clock() const { return m_clock; }
     //! Returns whether readings are overdue.
     bool isStale() const;
+    //! Returns the number of gaps of the whole run, also those before the source started over.
+    qint64 gaps() const { return m_gapsBefore + m_statistics.gaps(); }
     //! Returns the readings per second; 0 while stale.
     double rate() const;
     //! Returns the clock's seconds at the last arrival; 0 before the first.
@@ -102,6 +105,8 @@ Q_SIGNALS:
 
 private:
     void takeHeader(const StreamHeader &header);
+    void takeJump();
+    bool takeNewPart(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
     void takeEvent(const QString &text);
     void tellHeldBack(double now);
@@ -128,6 +133,8 @@ private:
     double m_showInterval;
     double m_shownAt = 0.0;
     StreamStatistics m_statistics;
+    qint64 m_gapsBefore = 0; //!< of the streams before the present one
+    RunTimeline m_timeline;
     ActivityWatch m_activity;
     ReadingLimit m_limit;
     NamedLimits m_chosenLimits;

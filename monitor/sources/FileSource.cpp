@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Monitor {
@@ -26,7 +27,12 @@ public:
     void streamStarted(const StreamHeader &header) override { m_source.takeHeader(header); }
     void reading(double time, const double *values) override { m_source.takeReading(time, values); }
     void eventNoted(const QString &text) override { Q_EMIT m_source.noted(text); }
-    void lineRefused(const RefusedLine &line) override { Q_EMIT m_source.lineRefused(line); }
+    void lineRefused(const RefusedLine &line) override
+    {
+        if (m_source.m_firstRefused.number == 0)
+            m_source.m_firstRefused = line;
+        Q_EMIT m_source.lineRefused(line);
+    }
 
 private:
     FileSource &m_source;
@@ -38,11 +44,15 @@ FileSource::FileSource(Clock &clock, const QString &path, const Options &options
     , m_options(options)
     , m_intake(std::make_unique<Intake>(*this))
     , m_reader(*m_intake)
+    , m_play(options.speed)
 {
-    if (options.speed > 0.0)
-        connect(&clock, &Clock::tick, this, &FileSource::play);
-    else
-        connect(&m_unpaced, &QTimer::timeout, this, &FileSource::play);
+    m_reader.setImport(options.import);
+    m_reader.setPassingDamage(options.passesDamage);
+    connect(&clock, &Clock::tick, this, [this] {
+        if (!m_play.isUnpaced())
+            play();
+    });
+    connect(&m_unpaced, &QTimer::timeout, this, &FileSource::play);
 }
 
 FileSource::~FileSource() = default;
@@ -56,6 +66,24 @@ QString FileSource::remedy() const
 {
     return tr("Check the path and whether this user may read the file; a table has one line of "
               "names and one line for each time.");
+}
+
+QString FileSource::emptyReason() const
+{
+    if (!m_atEnd || m_anyReading)
+        return {};
+    const LineCounts counts = m_reader.counts();
+    if (counts.readings > 0)
+        return tr("none of its %1 readings lies in the times that were asked for")
+            .arg(counts.readings);
+    if (counts.lines == 0)
+        return tr("the file is empty");
+    if (counts.bad() == 0)
+        return tr("it has names or comments, but no row with numbers");
+    return tr("none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with "
+              "decimal points, or --import must say how it is written")
+        .arg(counts.bad())
+        .arg(m_firstRefused.text());
 }
 
 LineCounts FileSource::counts() const
@@ -81,20 +109,131 @@ void FileSource::start()
         return;
     }
     setState(State::Running, m_path);
-    if (m_options.speed == 0.0)
+    updatePace();
+}
+
+//! Lets the event loop play while nothing else paces the file.
+void FileSource::updatePace()
+{
+    if (state() == State::Running && m_play.isUnpaced() && !m_play.isPaused())
         m_unpaced.start(0);
+    else
+        m_unpaced.stop();
+}
+
+void FileSource::setPaused(bool paused)
+{
+    m_play.setPaused(clock().seconds(), paused, m_shown.time);
+    updatePace();
+}
+
+void FileSource::setSpeed(double speed)
+{
+    m_play.setSpeed(clock().seconds(), speed, m_shown.time);
+    updatePace();
 }
 
 void FileSource::play()
 {
     if (state() != State::Running)
         return;
-    if (m_options.speed == 0.0)
+    if (m_play.isPaused() && m_shown.part < 0)
+        return; // paused before the first reading
+    if (isAtStop())
+        return;
+    if (m_play.isUnpaced())
         readOn();
     else
         readAhead();
     playDue();
     finishWhenPlayed();
+}
+
+void FileSource::step()
+{
+    setPaused(true);
+    if (state() != State::Running)
+        return;
+    readAhead();
+    while (m_parts.size() > 1 && m_parts.front().begun && m_parts.front().readings.isEmpty())
+        m_parts.pop_front();
+    if (!m_parts.empty() && !m_parts.front().readings.isEmpty()) {
+        const Part &part = m_parts.front();
+        m_play.moveTo(clock().seconds(), part.readings.time(part.next));
+    }
+    playDue();
+    finishWhenPlayed();
+}
+
+void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
+{
+    m_parts.clear();
+    m_waiting = 0;
+    m_atEnd = false;
+    m_offset = 0.0;
+    m_roundLength = 0.0;
+    m_firstInPart = true;
+    m_options.loop = false;
+    m_options.from = -std::numeric_limits<double>::infinity();
+    m_options.to = std::numeric_limits<double>::infinity();
+    m_partsRead = entryPart;
+    m_sought = place;
+    if (!m_reader.resume(entry)) {
+        setState(State::Failed, tr("reading %1: %2").arg(m_path, m_reader.errorString()));
+        return;
+    }
+    setState(State::Running, m_path);
+    readUpTo(place);
+    playDue();
+    finishWhenPlayed();
+    updatePace();
+}
+
+//! Reads until the next reading is after the place. Parts before it are passed over.
+void FileSource::readUpTo(const Place &place)
+{
+    constexpr int mostReadings = 2000000; // no entry of an index is so far from its place
+    const auto isReached = [&] {
+        if (m_parts.empty())
+            return false;
+        const Part &last = m_parts.back();
+        const bool later =
+            !last.readings.isEmpty() && last.readings.time(last.readings.size() - 1) > place.time;
+        return last.number > place.part || (last.number == place.part && later);
+    };
+    bool more = true;
+    while (more && m_waiting < mostReadings) {
+        more = !isReached() && readOn();
+        while (m_parts.size() > 1 && m_parts.front().number < place.part) {
+            m_waiting -= m_parts.front().readings.size();
+            m_parts.pop_front();
+        }
+    }
+}
+
+void FileSource::setStop(const std::optional<Place> &stop)
+{
+    m_stop = stop;
+}
+
+bool FileSource::isAtStop() const
+{
+    if (!m_stop || m_parts.empty())
+        return false;
+    const Part &part = m_parts.front();
+    const bool later =
+        part.next < part.readings.size() && part.readings.time(part.next) > m_stop->time;
+    return part.number > m_stop->part
+        || (part.number == m_stop->part && part.begun && later
+            && m_play.due(clock().seconds()) >= m_stop->time);
+}
+
+//! In a loop, the times that are emitted go on; the place is that of the file.
+FileSource::Place FileSource::place() const
+{
+    if (m_roundLength <= 0.0 || m_shown.part < 0)
+        return {std::max(m_shown.part, 0), m_shown.time};
+    return {m_shown.part, m_firstTime + std::fmod(m_shown.time - m_firstTime, m_roundLength)};
 }
 
 //! Reads until more readings wait than one tick can play.
@@ -125,7 +264,7 @@ void FileSource::playDue()
         if (!part.begun)
             beginPart(&part);
         emitDue(&part);
-        if (!part.readings.isEmpty() || m_parts.size() == 1)
+        if (!part.readings.isEmpty() || m_parts.size() == 1 || m_play.isPaused())
             return;
         m_parts.pop_front();
     }
@@ -134,21 +273,32 @@ void FileSource::playDue()
 void FileSource::beginPart(Part *part)
 {
     part->begun = true;
-    m_startedAt = clock().seconds();
-    m_playFrom = part->readings.isEmpty() ? 0.0 : part->readings.time(0);
-    Q_EMIT streamStarted(part->header);
+    const bool goesOn = m_sought && m_shown.part == part->number;
+    double begin = part->readings.isEmpty() ? 0.0 : part->readings.time(0);
+    if (m_sought && m_sought->part == part->number)
+        begin = std::max(begin, m_sought->time);
+    m_play.moveTo(clock().seconds(), begin);
+    m_shown = {part->number, begin};
+    m_sought.reset();
+    if (goesOn)
+        Q_EMIT jumped();
+    else
+        Q_EMIT streamStarted(part->header);
 }
 
 void FileSource::emitDue(Part *part)
 {
-    const double due = m_options.speed == 0.0
-        ? std::numeric_limits<double>::infinity()
-        : m_playFrom + (clock().seconds() - m_startedAt) * m_options.speed;
+    double due = m_play.due(clock().seconds());
+    if (m_stop && part->number >= m_stop->part)
+        due = part->number > m_stop->part ? -std::numeric_limits<double>::infinity()
+                                          : std::min(due, m_stop->time);
     ReadingBlock &readings = part->readings;
     m_out.clear(readings.channels());
     for (; part->next < readings.size() && readings.time(part->next) <= due; ++part->next)
         m_out.append(readings.time(part->next), readings.values(part->next));
     m_waiting -= m_out.size();
+    if (!m_out.isEmpty())
+        m_shown.time = m_out.time(m_out.size() - 1);
     if (part->next == readings.size()) {
         readings.clear(readings.channels());
         part->next = 0;
@@ -178,7 +328,8 @@ bool FileSource::startLoop()
         return true;
     constexpr double stepOfASingleReading = 1.0;
     const double length = m_lastTime - m_firstTime + m_lastStep;
-    m_offset += length > 0.0 ? length : stepOfASingleReading;
+    m_roundLength = length > 0.0 ? length : stepOfASingleReading;
+    m_offset += m_roundLength;
     return std::isfinite(m_lastTime + m_offset);
 }
 
@@ -192,7 +343,7 @@ void FileSource::takeHeader(const StreamHeader &header)
     // A part without a reading in the wanted range is not played.
     if (!m_parts.empty() && m_parts.back().readings.isEmpty() && !m_parts.back().begun)
         m_parts.pop_back();
-    m_parts.push_back({header, ReadingBlock(header.valuesPerReading())});
+    m_parts.push_back({header, ReadingBlock(header.valuesPerReading()), m_partsRead - 1});
 }
 
 void FileSource::takeReading(double time, const double *values)

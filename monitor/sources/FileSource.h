@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/input/CsvReader.h"
+#include "monitor/sources/PlayClock.h"
 #include "monitor/sources/Source.h"
 
 #include <QTimer>
@@ -9,10 +10,12 @@
 #include <deque>
 #include <limits>
 #include <memory>
+#include <optional>
 
 namespace Monitor {
 
-//! Plays a table from a file at the pace of its times. If the file has several streams, it plays one after the other.
+/*! Plays a table from a file at the pace of its times. If the file has several streams, it plays one after the other, each as a
+    part. It can be paused, stepped, played at another speed and moved to another place. */
 class FileSource : public Source
 {
     Q_OBJECT
@@ -25,6 +28,14 @@ public:
         //! The first and the last time to play, in seconds of the file's time.
         double from = -std::numeric_limits<double>::infinity();
         double to = std::numeric_limits<double>::infinity();
+        ImportOptions import; //!< how the table is read
+        bool passesDamage = false; //!< whether reading goes on behind damage of a compressed file
+    };
+    //! A place in the file: one of its parts, from 0, and a time in seconds of that part.
+    struct Place
+    {
+        int part = 0;
+        double time = 0.0;
     };
 
     FileSource(Clock &clock,
@@ -35,10 +46,32 @@ public:
     void start() override;
     QString description() const override;
     QString remedy() const override;
+    QString emptyReason() const override;
     LineCounts counts() const override;
     bool readsFrom(const QString &path) const override;
+    bool isHolding() const override { return m_play.isPaused(); }
     //! Returns how much of the file has been read, from 0 to 1.
     double progress() const;
+    QString path() const { return m_path; }
+    const Options &options() const { return m_options; }
+
+    //! Pauses the file, or plays on; the source may be told before start().
+    void setPaused(bool paused);
+    //! Sets how many times as fast as the file was taken it is played; 0 for as fast as possible.
+    void setSpeed(double speed);
+    double speed() const { return m_play.speed(); }
+    //! Plays the next reading, and pauses.
+    void step();
+    /*! Goes to a place: jumped() or streamStarted() is emitted, then the readings from \a entry on that are not after the
+        place, and playing goes on or stays paused there. \a entry is before the place and lies in part \a entryPart.
+        From then on the file is played to its end, once. */
+    void seek(const Place &place, const ReadPoint &entry, int entryPart);
+    //! Sets a place after which nothing is played; without one the file is played to its end.
+    void setStop(const std::optional<Place> &stop);
+    //! Returns whether everything up to the stop was played, and more would follow.
+    bool isAtStop() const;
+    //! Returns the place of the last reading that was played.
+    Place place() const;
 
 private:
     class Intake;
@@ -50,6 +83,7 @@ private:
     {
         StreamHeader header;
         ReadingBlock readings;
+        int number = 0;
         int next = 0;
         bool begun = false;
     };
@@ -62,20 +96,26 @@ private:
     void emitDue(Part *part);
     void finishWhenPlayed();
     bool startLoop();
+    void updatePace();
+    void readUpTo(const Place &place);
 
     const QString m_path;
-    const Options m_options;
+    Options m_options;
     const std::unique_ptr<Intake> m_intake;
     CsvReader m_reader;
     QTimer m_unpaced;
     bool m_atEnd = false;
+    RefusedLine m_firstRefused;
 
     std::deque<Part> m_parts; //!< the first one plays, the last one may still grow
     int m_partsRead = 0;
     qint64 m_waiting = 0; //!< number of readings in the parts
     ReadingBlock m_out;
-    double m_playFrom = 0.0;
-    double m_startedAt = 0.0;
+    PlayClock m_play;
+    std::optional<Place> m_stop;
+    std::optional<Place> m_sought; //!< until its part begins
+    Place m_shown{-1, 0.0}; //!< with the time as it was emitted
+    double m_roundLength = 0.0; //!< seconds, once a single part was played to its end
 
     // About the part that is being read; a file with a single part needs it for the next round.
     bool m_firstInPart = true;

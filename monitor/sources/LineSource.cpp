@@ -83,13 +83,29 @@ void LineSource::lost(const QString &text, bool inOrder)
         setState(inOrder ? State::Finished : State::Failed, text);
         return;
     }
-    // An unfinished line of a lost connection is dropped: a number in it may have lost digits.
-    m_splitter.clear();
-    m_protocol.finish();
-    m_sink.flush();
+    endConnection();
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
     setState(State::Retrying, tr("%1; trying again in %2 s").arg(text).arg(wait));
+}
+
+//! Drops an unfinished line of a connection that is gone: a number in it may have lost digits.
+void LineSource::endConnection()
+{
+    m_splitter.clear();
+    m_protocol.finish();
+    m_sink.flush();
+}
+
+void LineSource::peerLeft(const QString &text, bool inOrder)
+{
+    if (!m_reconnecting) {
+        lost(text, inOrder);
+        return;
+    }
+    endConnection();
+    m_heardAt.reset();
+    setState(State::Connecting, tr("%1; waiting for the next one").arg(text));
 }
 
 void LineSource::ended()

@@ -18,6 +18,7 @@ class LineSource : public Source
 public:
     void start() final;
     LineCounts counts() const override;
+    bool isLive() const override { return true; }
     //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
     void setReconnecting(bool on) { m_reconnecting = on; }
     /*! Sets after how many seconds of silence a connection that has brought bytes counts as lost; 0 for never, which
@@ -43,6 +44,9 @@ protected:
         \a inOrder means that the peer closed it properly: a source that does not reconnect has then finished, and has
         failed otherwise. */
     void lost(const QString &text, bool inOrder = false);
+    /*! To be called when the peer is gone and the next one is awaited; \a text says how it went. A source that does not
+        reconnect has then finished if the peer closed the connection properly, and has failed otherwise. */
+    void peerLeft(const QString &text, bool inOrder);
     //! To be called when nothing more will come.
     void ended();
 
@@ -50,6 +54,7 @@ private:
     void tick();
     bool isSilentTooLong() const;
     void endStream();
+    void endConnection();
 
     SourceSink m_sink;
     LineProtocol m_protocol;

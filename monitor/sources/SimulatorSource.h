@@ -21,6 +21,7 @@ public:
                     QObject *parent = nullptr);
     void start() override;
     QString description() const override;
+    bool isLive() const override { return true; }
     bool isSimulated() const override { return true; }
     LineCounts counts() const override;
 

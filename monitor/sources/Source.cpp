@@ -28,6 +28,11 @@ bool Source::readsFrom(const QString &) const
     return false;
 }
 
+QString Source::emptyReason() const
+{
+    return {};
+}
+
 QString Source::remedy() const
 {
     return {};

@@ -39,10 +39,16 @@ public:
     virtual QString description() const = 0;
     //! Returns whether the readings are simulated.
     virtual bool isSimulated() const { return false; }
+    //! Returns whether the readings come from an instrument as it takes them, so that their arrival dates them.
+    virtual bool isLive() const { return false; }
+    //! Returns whether the source holds its readings back on purpose, so that its silence means nothing.
+    virtual bool isHolding() const { return false; }
     //! Returns how many lines were read and refused since start().
     virtual LineCounts counts() const;
     //! Returns whether the source reads from the file of that path, to which nothing may write then.
     virtual bool readsFrom(const QString &path) const;
+    //! Returns why the source ended without a reading; empty if it has not, or if that is not known.
+    virtual QString emptyReason() const;
     //! Returns what a person can do if the source fails or is silent; empty if there is no general advice.
     virtual QString remedy() const;
 
@@ -53,6 +59,9 @@ public:
 Q_SIGNALS:
     //! Emitted when another acquisition begins, before its first readings.
     void streamStarted(const Monitor::StreamHeader &header);
+    /*! Emitted when the readings that follow belong to the same acquisition but do not go on from those before, which
+        somebody passed over or wants to see again. */
+    void jumped();
     //! Emitted with further readings of the stream.
     void readingsArrived(const Monitor::ReadingBlock &readings);
     //! Emitted with a line for the log.

@@ -83,6 +83,14 @@ std::unique_ptr<Source> SourceFactory::failed(const QString &error)
     return nullptr;
 }
 
+QString SourceFactory::filePath(const QString &text)
+{
+    const bool stated = text.startsWith(QLatin1String("file:"));
+    const bool other = text == QLatin1String("-") || text.startsWith(QLatin1String("sim:"))
+        || text.startsWith(QLatin1String("serial:")) || text.contains(QLatin1String("://"));
+    return stated ? text.mid(5) : other ? QString() : text;
+}
+
 std::unique_ptr<Source> SourceFactory::make(const QString &text)
 {
     m_error.clear();
@@ -96,7 +104,7 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return tcpServer(text);
     if (text.startsWith(QLatin1String("serial:")))
         return serial(text.mid(7));
-    const QString path = text.startsWith(QLatin1String("file:")) ? text.mid(5) : text;
+    const QString path = filePath(text);
     if (path.contains(QLatin1String("://")) || path.isEmpty())
         return failed(tr("\"%1\" is not a known kind of source; there are sim:, file:, -, tcp://, "
                          "tcp-listen:// and serial:")

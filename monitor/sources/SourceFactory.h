@@ -21,6 +21,8 @@ public:
 
     //! Returns the source; null, with errorString(), if the text does not name one.
     std::unique_ptr<Source> make(const QString &text);
+    //! Returns the path of the file that a text names; empty if it names another kind of source.
+    static QString filePath(const QString &text);
     //! Returns what is wrong with the text and what would be right.
     QString errorString() const { return m_error; }
 

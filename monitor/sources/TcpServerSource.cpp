@@ -62,8 +62,11 @@ void TcpServerSource::peerArrived()
         });
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
             readPeer(peer);
+            const bool inOrder = peer->error() == QAbstractSocket::RemoteHostClosedError;
+            const QString how = inOrder ? tr("the peer closed the connection")
+                                        : tr("the connection broke (%1)").arg(peer->errorString());
             dropPeer();
-            lost(tr("%1: the peer closed the connection").arg(description()), true);
+            peerLeft(QStringLiteral("%1: %2").arg(description(), how), inOrder);
         });
         connected();
         readPeer(peer);

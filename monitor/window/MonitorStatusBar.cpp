@@ -5,12 +5,14 @@
 #include "monitor/session/Session.h"
 
 #include <QFileInfo>
+#include <QStorageInfo>
 
 namespace Monitor {
 
 namespace {
 
 constexpr double refreshInterval = 0.25; // s
+constexpr double littleSpace = 3600.0; // s of recording, when the operator is warned
 
 //! Background colours of abnormal states.
 const char yellow[] = "#ffd75e";
@@ -111,14 +113,16 @@ void MonitorStatusBar::refresh()
     m_refreshedAt = m_session.clock().seconds();
     const Source &source = m_session.source();
     const bool troubled = source.state() == Source::State::Retrying
-        || source.state() == Source::State::Failed || source.state() == Source::State::Finished;
+        || source.state() == Source::State::Connecting || source.state() == Source::State::Failed
+        || source.state() == Source::State::Finished;
     m_source->setText(troubled ? source.stateText() : source.description());
 
+    noteSpace();
     m_notices->setText(noticesText());
     m_rate->setText(rateText(m_session.rate()));
     const qint64 bad = source.counts().bad();
     m_bad->setText(bad > 0 ? noticeOf(badText(bad), amber) : badText(bad));
-    m_gaps->setText(gapsText(m_session.statistics().gaps()));
+    m_gaps->setText(gapsText(m_session.gaps()));
     m_recording->setText(recordingText());
     m_clock->setText(clockText());
 }
@@ -137,6 +141,9 @@ QString MonitorStatusBar::noticesText() const
         notices += noticeOf(tr("STALE"), red);
     if (source.state() == Source::State::Finished)
         notices += noticeOf(tr("END"), grey);
+    const std::optional<double> space = m_space.secondsLeft();
+    if (recorder && space && *space < littleSpace)
+        notices += noticeOf(tr("DISK FULL IN %1").arg(SpaceForecast::text(*space)), amber);
     if (recorder && !recorder->errorString().isEmpty())
         notices += noticeOf(tr("RECORDING FAILS"), red);
     notices += alarmText();
@@ -161,8 +168,24 @@ QString MonitorStatusBar::recordingText() const
     const Recorder *recorder = m_session.recorder();
     if (!recorder)
         return tr("not recording");
-    return tr("REC %1, %2")
-        .arg(QFileInfo(recorder->fileName()).fileName(), sizeText(recorder->size()));
+    const QString text =
+        tr("REC %1, %2")
+            .arg(QFileInfo(recorder->fileName()).fileName(), sizeText(recorder->size()));
+    const std::optional<double> space = m_space.secondsLeft();
+    return space ? tr("%1, room for %2").arg(text, SpaceForecast::text(*space)) : text;
+}
+
+//! Follows how fast the recording's disk fills up.
+void MonitorStatusBar::noteSpace()
+{
+    const Recorder *recorder = m_session.recorder();
+    if (!recorder || recorder->fileName().isEmpty()) {
+        m_space.reset();
+        return;
+    }
+    const QStorageInfo disk(QFileInfo(recorder->fileName()).path());
+    if (disk.isValid())
+        m_space.note(m_refreshedAt, recorder->totalSize(), disk.bytesAvailable());
 }
 
 } // namespace Monitor

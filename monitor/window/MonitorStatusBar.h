@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/recording/SpaceForecast.h"
+
 #include <QLabel>
 #include <QStatusBar>
 
@@ -29,9 +31,11 @@ private:
     QString noticesText() const;
     QString alarmText() const;
     QString recordingText() const;
+    void noteSpace();
 
     Session &m_session;
     double m_refreshedAt = -1.0;
+    SpaceForecast m_space;
     QLabel *m_source;
     QLabel *m_notices;
     QLabel *m_rate;

@@ -13,6 +13,7 @@
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/StatisticsPanel.h"
+#include "monitor/window/TapePanel.h"
 #include "monitor/window/TimeAxisActions.h"
 #include "monitor/window/TriggerAction.h"
 #include "monitor/window/ValueActions.h"
@@ -23,6 +24,7 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace Monitor {
@@ -73,6 +75,10 @@ void MonitorWindow::addDocks()
     addDock(new EventLog(m_session), "log", tr("Log"), Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    if (QToolBar *tape = TapePanel::toolBarFor(m_session, this)) {
+        addToolBar(Qt::BottomToolBarArea, tape);
+        m_viewMenu->addAction(tape->toggleViewAction());
+    }
 }
 
 void MonitorWindow::addDock(QWidget *widget,

@@ -78,8 +78,10 @@ QString SourceNotice::silenceText() const
             .arg(source.description())
             .arg(bad)
             .arg(m_firstRefused);
+    const QString why = source.emptyReason();
     if (source.state() == Source::State::Finished)
-        return tr("%1 contains no readings.").arg(source.description());
+        return why.isEmpty() ? tr("%1 contains no readings.").arg(source.description())
+                             : tr("%1 contains no readings: %2.").arg(source.description(), why);
     return joined(tr("%1: no reading has arrived yet").arg(source.description()), source.remedy());
 }
 

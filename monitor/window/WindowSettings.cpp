@@ -177,6 +177,16 @@ void WindowSettings::setTimeAxis(const QString &choice)
     setValue(QStringLiteral("Monitor/time-axis"), choice);
 }
 
+QString WindowSettings::importFor(const QString &headerKey) const
+{
+    return value(QStringLiteral("Import/header-") + headerKey).toString();
+}
+
+void WindowSettings::setImportFor(const QString &headerKey, const QString &options)
+{
+    setValue(QStringLiteral("Import/header-") + headerKey, options);
+}
+
 QString WindowSettings::display(StreamKind kind) const
 {
     return value(displayKey(kind)).toString();

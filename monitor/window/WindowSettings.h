@@ -60,6 +60,9 @@ public:
     //! Returns whether alarms make a sound; they do not at first.
     bool isAlarmSoundOn() const;
     void setAlarmSoundOn(bool on);
+    //! Returns how tables with that header were read the last time, as --import takes it; empty if none was.
+    QString importFor(const QString &headerKey) const;
+    void setImportFor(const QString &headerKey, const QString &options);
 
     //! Returns the display that was last shown for streams of that kind; empty if there is none.
     QString display(StreamKind kind) const;

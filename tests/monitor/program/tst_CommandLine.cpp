@@ -46,10 +46,24 @@ private Q_SLOTS:
         QCOMPARE(picture.file.speed, 0.0); // nobody watches
 
         CommandLine hour;
-        QCOMPARE(parsed("--record d --rotate 1h --after 500ms -", &hour), QString());
+        QCOMPARE(parsed("--record d --rotate 1h,2G --compress --after 500ms -", &hour), QString());
         QCOMPARE(hour.record.rotateSeconds, 3600.0);
+        QCOMPARE(hour.record.rotateBytes, qint64(2000000000));
+        QVERIFY(hour.record.compress);
         QCOMPARE(hour.afterSeconds, 0.5);
         QCOMPARE(hour.source, QString("-"));
+    }
+
+    void importsAndRepairs()
+    {
+        CommandLine table;
+        const QString how = "delimiter=semicolon,decimal=comma,time=2,clock=local,skip=3,comment=%";
+        QCOMPARE(parsed("--import " + how + " a.csv", &table), QString());
+        QCOMPARE(table.file.import.text(), how);
+        CommandLine repair;
+        QCOMPARE(parsed("--repair a.csv", &repair), QString());
+        QVERIFY(repair.task == CommandLine::Task::Repair && !repair.needsDisplay());
+        QCOMPARE(repair.output, QString("a.csv"));
     }
 
     void whatIsRefused_data()
@@ -70,6 +84,9 @@ private Q_SLOTS:
         row("span", "--span soon", "--span soon: it should be a time, like 90s");
         row("no frames", "--after 0frames", "200frames");
         row("rotation", "--rotate often", "100M");
+        row("one of two rotations", "--rotate 1h,often", "1h,100M");
+        row("import", "--import colour=red a.csv", "--import: \"colour=red\" makes no sense");
+        row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
         row("two tasks", "--stats --check a.csv", "--stats and --check");
         row("two sources", "a.csv b.csv", "a.csv, b.csv");
         row("json alone", "--json a.csv", "--stats");

@@ -8,6 +8,8 @@
 
 #include <QSignalSpy>
 
+#include <cmath>
+
 using namespace Monitor;
 
 //! What becomes of readings between a source and the model, by a clock that the test moves.
@@ -16,6 +18,99 @@ class tst_Session : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void aRestartedInstrumentKeepsItsHistory_data()
+    {
+        columns<bool, QString, QString, QString>("live", "channels", "dates", "times");
+        row("a file's next part empties", false, "2", "", "0 0.1");
+        row("by the arrival", true, "2", "", "50 50.1 - 53.1 53.2");
+        row("by the dates",
+            true,
+            "2",
+            "2026-03-01T12:00:00Z 2026-03-01T12:02:00Z",
+            "50 50.1 - 120 120.1");
+        row("dates that go back",
+            true,
+            "2",
+            "2026-03-01T12:00:00Z 2026-03-01T11:00:00Z",
+            "50 50.1 - 53.1 53.2");
+        row("other channels empty", true, "3", "", "0 0.1");
+    }
+    //! The time line goes on; a missing reading separates its parts, and the log says which time is meant.
+    void aRestartedInstrumentKeepsItsHistory()
+    {
+        QFETCH(bool, live);
+        QFETCH(QString, channels);
+        QFETCH(QString, dates);
+        QFETCH(QString, times);
+        ScriptedSession script;
+        script.source->live = live;
+        QStringList notes;
+        connect(&script.session, &Session::noted, this, [&](const QString &text) {
+            notes.append(text);
+        });
+        script.session.start();
+        const auto begin = [&](int count, int date, double time) {
+            StreamHeader header;
+            header.channels = StreamHeader::defaultChannels(StreamKind::Channels, count);
+            if (!dates.isEmpty())
+                header.startTime =
+                    QDateTime::fromString(dates.section(' ', date, date), Qt::ISODate);
+            script.source->begin(header);
+            const std::vector<double> values(std::size_t(count), 1.0);
+            script.source->give(time, values);
+            script.source->give(time + 0.1, values);
+        };
+        begin(2, 0, 50.0);
+        script.clock.advance(3.0);
+        begin(channels.toInt(), 1, 0.0);
+        script.settle();
+        const MultichannelDeviceModel &model = script.session.model();
+        QStringList shown;
+        for (int row = 1; row < model.rowCount(); ++row)
+            shown += std::isnan(model.doubleData(row, 1))
+                ? QString("-")
+                : QString::number(model.doubleData(row, 0), 'g', 6);
+        QCOMPARE(shown.join(' '), times);
+        const bool kept = shown.contains("-");
+        QCOMPARE(notes.filter("the instrument's clock started over: part 2 begins").size(),
+                 kept ? 1 : 0);
+        QCOMPARE(script.session.gaps(), qint64(kept ? 1 : 0));
+    }
+
+    void gapsAreThoseOfTheWholeRun()
+    {
+        ScriptedSession script;
+        script.begin(1);
+        for (const double time : {0.0, 1.0, 2.0, 9.0})
+            script.source->give(time, {1.0});
+        script.source->begin(StreamKind::Channels, 2);
+        for (const double time : {0.0, 1.0, 2.0, 9.0, 10.0, 20.0})
+            script.source->give(time, {1.0, 2.0});
+        QCOMPARE(script.session.statistics().gaps(), qint64(2));
+        QCOMPARE(script.session.gaps(), qint64(3));
+    }
+
+    //! What is sought in a file replaces what was shown, without a new stream.
+    void aJumpReplacesWhatIsShown()
+    {
+        ScriptedSession script;
+        script.begin(1);
+        int starts = 0;
+        connect(&script.session, &Session::streamStarted, this, [&] {
+            ++starts;
+        });
+        script.source->give(100);
+        script.settle();
+        QCOMPARE(script.session.model().rowCount(), 101);
+        script.source->give(5); // not shown yet
+        script.source->jump();
+        script.source->give(3.0, {42.0});
+        QCOMPARE(script.session.model().rowCount(), 2);
+        QCOMPARE(script.session.model().doubleData(1, 0), 3.0);
+        QCOMPARE(script.session.statistics().readings(), qint64(1));
+        QCOMPARE(starts, 0);
+    }
+
     void aPauseLosesNothing()
     {
         ScriptedSession paused, straight;

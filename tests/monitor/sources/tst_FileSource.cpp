@@ -33,9 +33,9 @@ private Q_SLOTS:
         columns<FileSource::Options, double, QString>("options", "seconds", "readings");
         const double last = std::numeric_limits<double>::infinity();
         const FileSource::Options usual;
-        const FileSource::Options tenfold{10.0, false, -last, last};
-        const FileSource::Options part{1.0, false, 100.2, 101.5};
-        const FileSource::Options loop{1.0, true, -last, 101.0};
+        const FileSource::Options tenfold{10.0, false, -last, last, {}, false};
+        const FileSource::Options part{1.0, false, 100.2, 101.5, {}, false};
+        const FileSource::Options loop{1.0, true, -last, 101.0, {}, false};
         row("the first reading at once", usual, 0.4, "100: 1");
         row("the second one when it is due", usual, 0.6, "100: 1 | 100.5: 2");
         row("a pause in the file", usual, 3.9, "100: 1 | 100.5: 2 | 101: 3");

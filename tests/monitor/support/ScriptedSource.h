@@ -14,6 +14,7 @@ public:
 
     void start() override { setState(State::Running, description()); }
     QString description() const override { return QStringLiteral("script"); }
+    bool isLive() const override { return live; }
     QString remedy() const override { return QStringLiteral("Ask the author."); }
     Monitor::LineCounts counts() const override { return lineCounts; }
 
@@ -60,8 +61,10 @@ public:
         }
     }
     using Source::setState;
+    void jump() { Q_EMIT jumped(); }
 
     Monitor::LineCounts lineCounts;
+    bool live = false; //!< as of an instrument
 
 private:
     Monitor::StreamHeader m_header;

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/tape/TapeCache.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+constexpr qint64 sampleSize = 64 * 1024;
+constexpr qint64 largestFile = 256 * 1024 * 1024;
+constexpr int hashSize = 20;
+
+QByteArray hashOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+} // namespace
+
+TapeCache::TapeCache(const QString &path, const ImportOptions &options, const QString &folder)
+    : m_path(QFileInfo(path).canonicalFilePath())
+    , m_options(options.text())
+    , m_folder(folder)
+{
+    if (m_folder.isEmpty())
+        m_folder = QDir(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation))
+                       .filePath(QStringLiteral("Corvale/tapes"));
+    const QByteArray name = hashOf(m_path.toUtf8() + '\0' + m_options.toUtf8()).toHex();
+    m_file = QDir(m_folder).filePath(QString::fromLatin1(name) + QLatin1String(".tape"));
+    m_fingerprint = fingerprint();
+}
+
+//! Returns what tells this recording from what it may become; empty if it cannot be read.
+QByteArray TapeCache::fingerprint() const
+{
+    QFile file(m_path);
+    if (m_path.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return {};
+    const QFileInfo info(m_path);
+    QByteArray text = m_options.toUtf8() + '\0' + QByteArray::number(file.size()) + '\0'
+        + QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + '\0';
+    text += file.read(sampleSize);
+    file.seek(std::max<qint64>(0, file.size() - sampleSize));
+    text += file.read(sampleSize);
+    return hashOf(text);
+}
+
+TapeIndex TapeCache::load() const
+{
+    QFile file(m_file);
+    TapeIndex index;
+    if (m_fingerprint.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile)
+        return index;
+    if (file.read(hashSize) == m_fingerprint)
+        index.fromBytes(file.readAll());
+    return index;
+}
+
+void TapeCache::save(const TapeIndex &index) const
+{
+    if (m_fingerprint.isEmpty() || m_fingerprint != fingerprint() || !QDir().mkpath(m_folder))
+        return;
+    QSaveFile file(m_file);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    file.write(m_fingerprint + index.toBytes());
+    if (!file.commit())
+        return;
+    const QFileInfoList kept =
+        QDir(m_folder).entryInfoList({QStringLiteral("*.tape")}, QDir::Files, QDir::Time);
+    for (int i = mostFiles; i < kept.size(); ++i)
+        QFile::remove(kept[i].filePath());
+}
+
+} // namespace Monitor

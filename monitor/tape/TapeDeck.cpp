@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/tape/TapeDeck.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/tape/TapeIndexThread.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Monitor {
+
+namespace {
+
+//! How much is read before a place, for the displays that show the past.
+constexpr qint64 readingsBefore = 30000;
+constexpr qint64 bytesBefore = qint64(8) * 1024 * 1024;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+} // namespace
+
+TapeDeck::TapeDeck(FileSource &source, Clock &clock, const QString &cacheFolder, QObject *parent)
+    : QObject(parent)
+    , m_source(source)
+    , m_indexing(
+          std::make_unique<TapeIndexThread>(source.path(), source.options().import, cacheFolder))
+{
+    connect(&clock, &Clock::tick, this, &TapeDeck::tick);
+    connect(&source, &Source::stateChanged, this, &TapeDeck::tellChange);
+}
+
+TapeDeck::~TapeDeck() = default;
+
+QVector<double> TapeDeck::speeds()
+{
+    return {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0, 0.0};
+}
+
+bool TapeDeck::isPlaying() const
+{
+    return m_source.state() == Source::State::Running && !m_source.isHolding();
+}
+
+void TapeDeck::play()
+{
+    m_source.setPaused(false);
+    if (m_source.state() == Source::State::Finished)
+        goTo(m_loop ? m_index.spotAt(m_loop->from) : TapeSpot{0, -infinity});
+    tellChange();
+}
+
+void TapeDeck::pause()
+{
+    m_source.setPaused(true);
+    tellChange();
+}
+
+void TapeDeck::toggle()
+{
+    if (isPlaying())
+        pause();
+    else
+        play();
+}
+
+void TapeDeck::stepForwards()
+{
+    m_source.step();
+    tellChange();
+}
+
+//! The reading before the one that is shown is the last one that is earlier.
+void TapeDeck::stepBackwards()
+{
+    m_source.setPaused(true);
+    TapeSpot before = spot();
+    const double first = m_index.spotAt(m_index.positionOf({before.part, -infinity})).time;
+    if (before.time > first)
+        before.time = std::nextafter(before.time, -infinity);
+    else if (before.part > 0)
+        before = {before.part - 1, infinity};
+    seekSpot(before);
+    tellChange();
+}
+
+void TapeDeck::setSpeed(double speed)
+{
+    m_source.setSpeed(std::max(speed, 0.0));
+    Q_EMIT changed();
+}
+
+void TapeDeck::seek(double position)
+{
+    if (std::isfinite(position))
+        seekSpot(m_index.spotAt(std::clamp(position, 0.0, length())));
+}
+
+void TapeDeck::seekSpot(const TapeSpot &spot)
+{
+    if (!isIndexed())
+        return;
+    m_sought = spot;
+    Q_EMIT moved();
+}
+
+void TapeDeck::seekNextMark()
+{
+    const double here = position();
+    double next = length();
+    for (const TapeMark &mark : m_index.marks()) {
+        const double there = m_index.positionOf(mark.spot);
+        if (there > here)
+            next = std::min(next, there);
+    }
+    seek(next);
+}
+
+void TapeDeck::seekFormerMark()
+{
+    const double here = position();
+    double former = 0.0;
+    for (const TapeMark &mark : m_index.marks()) {
+        const double there = m_index.positionOf(mark.spot);
+        if (there < here)
+            former = std::max(former, there);
+    }
+    seek(former);
+}
+
+void TapeDeck::setLoop(const Loop &loop)
+{
+    if (!isIndexed())
+        return;
+    const Loop inside{std::clamp(loop.from, 0.0, length()), std::clamp(loop.to, 0.0, length())};
+    m_loop.reset();
+    if (inside.from < inside.to)
+        m_loop = inside;
+    updateStop();
+    Q_EMIT changed();
+}
+
+void TapeDeck::beginLoopHere()
+{
+    const double here = position();
+    setLoop({here, m_loop && m_loop->to > here ? m_loop->to : length()});
+}
+
+void TapeDeck::endLoopHere()
+{
+    const double here = position();
+    setLoop({m_loop && m_loop->from < here ? m_loop->from : 0.0, here});
+}
+
+void TapeDeck::clearLoop()
+{
+    m_loop.reset();
+    updateStop();
+    Q_EMIT changed();
+}
+
+void TapeDeck::updateStop()
+{
+    if (!m_loop) {
+        m_source.setStop(std::nullopt);
+        return;
+    }
+    const TapeSpot end = m_index.spotAt(m_loop->to);
+    m_source.setStop(FileSource::Place{end.part, end.time});
+}
+
+double TapeDeck::indexProgress() const
+{
+    return m_indexing ? m_indexing->progress() : 1.0;
+}
+
+TapeSpot TapeDeck::spot() const
+{
+    if (m_sought)
+        return *m_sought;
+    const FileSource::Place place = m_source.place();
+    return {place.part, place.time};
+}
+
+double TapeDeck::position() const
+{
+    return m_index.positionOf(spot());
+}
+
+void TapeDeck::tick()
+{
+    if (m_indexing)
+        takeIndex();
+    if (m_sought)
+        goTo(*m_sought);
+    repeatIfDue();
+    const double here = position();
+    if (here == m_toldPosition)
+        return;
+    m_toldPosition = here;
+    Q_EMIT moved();
+}
+
+void TapeDeck::takeIndex()
+{
+    constexpr double percent = 100.0;
+    if (m_indexing->isDone()) {
+        m_index = m_indexing->result();
+        m_indexError = m_indexing->errorString();
+        m_indexing.reset();
+        Q_EMIT changed();
+    } else if (const int progress = int(m_indexing->progress() * percent);
+               progress != m_toldProgress) {
+        m_toldProgress = progress;
+        Q_EMIT changed();
+    }
+}
+
+//! Reads from a place before, so that what is shown is what would have been shown there.
+void TapeDeck::goTo(const TapeSpot &spot)
+{
+    m_sought.reset();
+    int entryPart = 0;
+    const ReadPoint entry = m_index.entryBefore(spot, readingsBefore, bytesBefore, &entryPart);
+    m_source.seek({spot.part, spot.time}, entry, entryPart);
+}
+
+void TapeDeck::repeatIfDue()
+{
+    const bool ended = m_source.state() == Source::State::Finished && !m_source.isHolding();
+    if (m_loop && (ended || (isPlaying() && m_source.isAtStop())))
+        goTo(m_index.spotAt(m_loop->from));
+}
+
+void TapeDeck::tellChange()
+{
+    if (isPlaying() == m_toldPlaying)
+        return;
+    m_toldPlaying = isPlaying();
+    Q_EMIT changed();
+}
+
+} // namespace Monitor

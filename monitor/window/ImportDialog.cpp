@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/ImportDialog.h"
+
+#include "monitor/input/ImportGuess.h"
+#include "monitor/input/TablePreview.h"
+#include "monitor/window/WindowSettings.h"
+
+#include <QComboBox>
+#include <QCryptographicHash>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
+
+namespace Monitor {
+
+namespace {
+
+using Header = ImportOptions::Header;
+using Clock = ImportOptions::Clock;
+
+//! Returns what is kept for a header; a header is known by its hash, whatever its length and signs.
+QString keyOf(const QString &header)
+{
+    return QString::fromLatin1(
+        QCryptographicHash::hash(header.toUtf8(), QCryptographicHash::Sha1).toHex());
+}
+
+void choose(QComboBox *box, const QVariant &data)
+{
+    box->setCurrentIndex(qMax(0, box->findData(data)));
+}
+
+} // namespace
+
+std::optional<ImportOptions>
+ImportDialog::optionsFor(const QString &path, WindowSettings *settings, QWidget *parent)
+{
+    const ImportGuess guess = ImportGuess::of(sampleOf(path));
+    if (!guess.isNeeded)
+        return ImportOptions();
+    ImportOptions options;
+    QString error;
+    const bool isKnown = settings && !guess.header.isEmpty();
+    const QString kept = isKnown ? settings->importFor(keyOf(guess.header)) : QString();
+    if (!kept.isEmpty() && ImportOptions::fromText(kept, &options, &error))
+        return options;
+    ImportDialog dialog(path, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    if (isKnown)
+        settings->setImportFor(keyOf(guess.header), dialog.options().text());
+    return dialog.options();
+}
+
+ImportDialog::ImportDialog(const QString &path, QWidget *parent)
+    : QDialog(parent)
+    , m_path(path)
+{
+    setWindowTitle(tr("How is %1 read?").arg(QFileInfo(path).fileName()));
+    addControls();
+    const ImportGuess guess = ImportGuess::of(sampleOf(path));
+    findChild<QLabel *>(QStringLiteral("importReason"))
+        ->setText(guess.reason.isEmpty()
+                      ? tr("This table is read as it is.")
+                      : tr("This is not a recording of the monitor: %1.").arg(guess.reason));
+    setOptions(guess.options);
+}
+
+ImportDialog::~ImportDialog() = default;
+
+QComboBox *ImportDialog::addChoice(const char *name, const QString &label, const QString &toolTip)
+{
+    auto *box = new QComboBox(this);
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(toolTip);
+    findChild<QFormLayout *>()->addRow(label, box);
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ImportDialog::preview);
+    return box;
+}
+
+void ImportDialog::addControls()
+{
+    auto *layout = new QVBoxLayout(this);
+    auto *reason = new QLabel(this);
+    reason->setObjectName(QStringLiteral("importReason"));
+    reason->setTextFormat(Qt::PlainText);
+    reason->setWordWrap(true);
+    layout->addWidget(reason);
+    auto *columns = new QHBoxLayout;
+    layout->addLayout(columns, 1);
+    auto *form = new QFormLayout;
+    columns->addLayout(form);
+
+    m_delimiter = addChoice("importDelimiter", tr("&Columns are separated by"), {});
+    m_delimiter->addItem(tr("commas, or blanks"), 0);
+    m_delimiter->addItem(tr("commas"), int(','));
+    m_delimiter->addItem(tr("semicolons"), int(';'));
+    m_delimiter->addItem(tr("tabs"), int('\t'));
+    m_delimiter->addItem(tr("blanks"), int(' '));
+    m_delimiter->addItem(tr("bars"), int('|'));
+    m_decimal = addChoice("importDecimal", tr("&Decimal sign"), {});
+    m_decimal->addItem(tr("point: 1.25"), false);
+    m_decimal->addItem(tr("comma: 1,25"), true);
+    m_header = addChoice("importHeader", tr("&Names of columns"), {});
+    m_header->addItem(tr("in the first line, if it is not all numbers"), int(Header::Seen));
+    m_header->addItem(tr("in the first line"), int(Header::Names));
+    m_header->addItem(tr("none"), int(Header::None));
+    const auto spin = [&](const char *name, const QString &label, int least) {
+        auto *box = new QSpinBox(this);
+        box->setObjectName(QLatin1String(name));
+        box->setRange(least, 1000000);
+        form->addRow(label, box);
+        connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, &ImportDialog::preview);
+        return box;
+    };
+    const auto line = [&](const char *name, const QString &label, const QString &toolTip) {
+        auto *edit = new QLineEdit(this);
+        edit->setObjectName(QLatin1String(name));
+        edit->setToolTip(toolTip);
+        form->addRow(label, edit);
+        connect(edit, &QLineEdit::textChanged, this, &ImportDialog::preview);
+        return edit;
+    };
+    m_time = addChoice("importTime",
+                       tr("&Time"),
+                       tr("Which column holds the time of a row, or that none does"));
+    m_time->addItem(tr("in the column with such a name"), 0);
+    m_time->addItem(tr("in the column with this number"), 1);
+    m_time->addItem(tr("in no column; rows are equally spaced"), -1);
+    m_timeColumn = spin("importTimeColumn", tr("Co&lumn of the time"), 1);
+    m_interval = line("importInterval",
+                      tr("Time &between two rows"),
+                      tr("For a table without times, like 1ms, 0.02s or 1min"));
+    m_clock = addChoice("importClock", tr("Times &are"), {});
+    m_clock->addItem(tr("numbers, in seconds or the unit of the name"), int(Clock::Seconds));
+    m_clock->addItem(tr("dates; UTC where no zone is written"), int(Clock::Utc));
+    m_clock->addItem(tr("dates; local time where no zone is written"), int(Clock::Local));
+    m_format =
+        line("importFormat",
+             tr("&Form of dates"),
+             tr("Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz"));
+    m_format->setPlaceholderText(QStringLiteral("ISO 8601"));
+    m_skip = spin("importSkip", tr("Lines to &skip first"), 0);
+    m_comment =
+        line("importComment", tr("Co&mments begin with"), tr("One sign; # always begins one"));
+    m_comment->setMaxLength(1);
+
+    m_rows = new QTableWidget(this);
+    m_rows->setObjectName(QStringLiteral("importRows"));
+    m_rows->setAccessibleName(tr("The first rows as they will be read"));
+    m_rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_rows->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
+    m_rows->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    columns->addWidget(m_rows, 1);
+    m_verdict = new QLabel(this);
+    m_verdict->setObjectName(QStringLiteral("importVerdict"));
+    m_verdict->setTextFormat(Qt::PlainText);
+    m_verdict->setWordWrap(true);
+    m_verdict->setMinimumHeight(3 * fontMetrics().height());
+    m_verdict->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    layout->addWidget(m_verdict);
+    m_option = new QLabel(this);
+    m_option->setObjectName(QStringLiteral("importOption"));
+    m_option->setTextFormat(Qt::PlainText);
+    m_option->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    layout->addWidget(m_option);
+    m_buttons = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout->addWidget(m_buttons);
+}
+
+ImportOptions ImportDialog::options() const
+{
+    ImportOptions options;
+    options.delimiter = char(m_delimiter->currentData().toInt());
+    options.decimalComma = m_decimal->currentData().toBool();
+    options.header = Header(m_header->currentData().toInt());
+    const int time = m_time->currentData().toInt();
+    options.timeColumn = time > 0 ? m_timeColumn->value() : time;
+    options.clock = time < 0 ? Clock::Seconds : Clock(m_clock->currentData().toInt());
+    options.format = options.clock == Clock::Seconds ? QString() : m_format->text();
+    options.skippedLines = m_skip->value();
+    if (!m_comment->text().isEmpty())
+        options.comment = m_comment->text().at(0).toLatin1();
+    ImportOptions interval;
+    QString error;
+    const QString text = m_interval->text().trimmed();
+    if (time < 0 && ImportOptions::fromText(QLatin1String("interval=") + text, &interval, &error))
+        options.interval = interval.interval;
+    return options;
+}
+
+void ImportDialog::setOptions(const ImportOptions &options)
+{
+    m_isSetting = true;
+    choose(m_delimiter, int(options.delimiter));
+    choose(m_decimal, options.decimalComma);
+    choose(m_header, int(options.header));
+    choose(m_time, qBound(-1, options.timeColumn, 1));
+    m_timeColumn->setValue(qMax(1, options.timeColumn));
+    m_interval->setText(options.interval > 0.0 ? QStringLiteral("%1s").arg(options.interval)
+                                               : QString());
+    choose(m_clock, int(options.clock));
+    m_format->setText(options.format);
+    m_skip->setValue(options.skippedLines);
+    m_comment->setText(options.comment != 0 ? QString(QLatin1Char(options.comment)) : QString());
+    m_isSetting = false;
+    preview();
+}
+
+//! Shows what the first rows become, and whether the table can be opened so.
+void ImportDialog::preview()
+{
+    if (m_isSetting)
+        return;
+    const ImportOptions options = this->options();
+    m_timeColumn->setEnabled(options.timeColumn > 0);
+    m_interval->setEnabled(options.timeColumn < 0);
+    m_clock->setEnabled(options.timeColumn >= 0);
+    m_format->setEnabled(options.clock != Clock::Seconds);
+    const TablePreview preview = TablePreview::of(m_path, options);
+    const bool lacksInterval = options.timeColumn < 0 && !(options.interval > 0.0);
+    QString verdict;
+    if (lacksInterval)
+        verdict = tr("Please state the time between two rows, for example 1ms.");
+    else if (!preview.error.isEmpty())
+        verdict = tr("It cannot be read so: %1.").arg(preview.error);
+    else if (preview.rows.isEmpty())
+        verdict = preview.refused > 0
+            ? tr("None of its rows can be read so; the first is %1").arg(preview.firstRefused)
+            : tr("It contains no rows.");
+    else if (preview.refused > 0)
+        verdict = tr("%1 of the first lines cannot be read so; the first is %2")
+                      .arg(preview.refused)
+                      .arg(preview.firstRefused);
+    else
+        verdict = preview.startTime.isEmpty()
+            ? tr("All of the first rows can be read.")
+            : tr("All of the first rows can be read. The time 0 is %1 (UTC).")
+                  .arg(preview.startTime);
+    const bool readable = !lacksInterval && !preview.rows.isEmpty();
+    m_buttons->button(QDialogButtonBox::Open)->setEnabled(readable);
+    m_option->setText(options.isUsual()
+                          ? QString()
+                          : tr("On the command line: --import \"%1\"").arg(options.text()));
+    showRows(verdict, lacksInterval ? QVector<QStringList>() : preview.rows, preview.names);
+}
+
+void ImportDialog::showRows(const QString &verdict,
+                            const QVector<QStringList> &rows,
+                            const QStringList &names)
+{
+    m_verdict->setText(verdict);
+    m_rows->clear();
+    m_rows->setRowCount(rows.size());
+    m_rows->setColumnCount(rows.isEmpty() ? 0 : names.size());
+    m_rows->setHorizontalHeaderLabels(names);
+    for (int row = 0; row < rows.size(); ++row)
+        for (int column = 0; column < rows[row].size(); ++column) {
+            auto *item = new QTableWidgetItem(rows[row][column]);
+            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            m_rows->setItem(row, column, item);
+        }
+    m_rows->resizeColumnsToContents();
+}
+
+} // namespace Monitor

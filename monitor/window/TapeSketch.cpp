@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/TapeSketch.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor::TapeTimeline", text);
+}
+
+//! Returns the palette's colour between its text and its ground.
+QColor between(const QPalette &palette, double text)
+{
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor ink = palette.color(QPalette::Text);
+    const auto mix = [&](int a, int b) {
+        return int(std::lround(a * text + b * (1.0 - text)));
+    };
+    return {mix(ink.red(), ground.red()),
+            mix(ink.green(), ground.green()),
+            mix(ink.blue(), ground.blue())};
+}
+
+QColor gapColor(const QPalette &palette)
+{
+    constexpr int half = 128;
+    return palette.color(QPalette::Base).lightness() < half ? QColor(150, 100, 20)
+                                                            : QColor(255, 200, 110);
+}
+
+//! Returns a step of 1, 2 or 5 times a power of ten, so that a length has no more than \a most of them.
+double niceStep(double length, int most)
+{
+    const double raw = length / std::max(most, 1);
+    const double power = std::pow(10.0, std::floor(std::log10(raw)));
+    for (const double factor : {1.0, 2.0, 5.0})
+        if (factor * power >= raw)
+            return factor * power;
+    return 10.0 * power;
+}
+
+} // namespace
+
+TapeSketch::TapeSketch(const TapeIndex &index,
+                       const QRect &band,
+                       const QPalette &palette,
+                       const QFont &font)
+    : m_index(index)
+    , m_band(band)
+    , m_palette(palette)
+    , m_metrics(font)
+{
+}
+
+double TapeSketch::positionAt(int x) const
+{
+    const double share = double(x - m_band.left()) / std::max(m_band.width() - 1, 1);
+    return std::clamp(share, 0.0, 1.0) * m_index.length();
+}
+
+int TapeSketch::xOf(double position) const
+{
+    const double length = m_index.length();
+    const bool measurable = length > 0.0 && std::isfinite(length);
+    const double share = measurable ? std::clamp(position / length, 0.0, 1.0) : 0.0;
+    return m_band.left() + int(std::lround(share * std::max(m_band.width() - 1, 0)));
+}
+
+QString TapeSketch::timeText(double seconds, double length)
+{
+    constexpr double minute = 60.0, hour = 3600.0, shortTape = 100.0, longestClock = 1e7;
+    const bool isBeyond = length < 1.0 || !(length < longestClock);
+    if (length < shortTape || isBeyond)
+        return tr("%1 s").arg(seconds, 0, isBeyond ? 'g' : 'f', isBeyond ? 4 : 2);
+    const double whole = std::floor(seconds);
+    const auto hours = int(whole / hour);
+    const auto minutes = int((whole - hours * hour) / minute);
+    const double rest = seconds - hours * hour - minutes * minute;
+    const QString tail =
+        QStringLiteral("%1").arg(length < hour ? std::floor(rest * 10.0) / 10.0 : std::floor(rest),
+                                 length < hour ? 4 : 2,
+                                 'f',
+                                 length < hour ? 1 : 0,
+                                 QLatin1Char('0'));
+    return hours > 0
+        ? QStringLiteral("%1:%2:%3").arg(hours).arg(minutes, 2, 10, QLatin1Char('0')).arg(tail)
+        : QStringLiteral("%1:%2").arg(minutes).arg(tail);
+}
+
+void TapeSketch::paint(QPainter *painter) const
+{
+    paintMarks(painter);
+    paintOutline(painter);
+    paintTimes(painter);
+}
+
+void TapeSketch::paintOutline(QPainter *painter) const
+{
+    const QVector<TapeIndex::Range> outline = m_index.outline(m_band.width());
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    for (const TapeIndex::Range &range : outline) {
+        if (range.low > range.high)
+            continue;
+        low = std::min(low, range.low);
+        high = std::max(high, range.high);
+    }
+    const double span = high - low;
+    if (!(span >= 0.0) || !std::isfinite(span))
+        return;
+    const double room = m_band.height() - 5;
+    const auto y = [&](double value) {
+        const double share = span > 0.0 ? (value - low) / span : 0.5;
+        return m_band.bottom() - 2 - share * room;
+    };
+    painter->setPen(QPen(between(m_palette, 0.65), 1.0));
+    for (int i = 0; i < outline.size(); ++i) {
+        if (outline[i].low > outline[i].high)
+            continue;
+        const double x = m_band.left() + i + 0.5;
+        painter->drawLine(QPointF(x, y(outline[i].low) + 0.5),
+                          QPointF(x, y(outline[i].high) - 0.5));
+    }
+}
+
+//! Gaps are bars in the band, events are flags above it.
+void TapeSketch::paintMarks(QPainter *painter) const
+{
+    for (const TapeMark &mark : m_index.marks()) {
+        const double at = m_index.positionOf(mark.spot);
+        const int x = xOf(at);
+        if (mark.kind == TapeMark::Kind::Gap) {
+            const int width = std::max(2, xOf(at + mark.length) - x);
+            painter->fillRect(x, m_band.top(), width, m_band.height(), gapColor(m_palette));
+            continue;
+        }
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(m_palette.color(QPalette::Link));
+        const double top = m_band.top() - flagHeight;
+        const QPointF flag[] = {QPointF(x - 4.0, top),
+                                QPointF(x + 4.0, top),
+                                QPointF(x, m_band.top())};
+        painter->drawPolygon(flag, 3);
+        painter->setRenderHint(QPainter::Antialiasing, false);
+    }
+    // Parts whose times are independent of each other.
+    painter->setPen(QPen(between(m_palette, 0.5), 1, Qt::DashLine));
+    for (int part = 1; part < m_index.parts(); ++part) {
+        const double begin = m_index.positionOf({part, -std::numeric_limits<double>::infinity()});
+        painter->drawLine(xOf(begin), m_band.top(), xOf(begin), m_band.bottom());
+    }
+}
+
+void TapeSketch::paintTimes(QPainter *painter) const
+{
+    const double length = m_index.length();
+    if (!(length > 0.0) || !std::isfinite(length))
+        return;
+    const int room = m_metrics.horizontalAdvance(timeText(length, length)) * 2;
+    const double step = niceStep(length, m_band.width() / std::max(room, 1));
+    painter->setPen(m_palette.color(QPalette::WindowText));
+    for (double at = 0.0; at <= length * (1.0 + 1e-9); at += step) {
+        const int x = xOf(at);
+        painter->drawLine(x, m_band.bottom() + 1, x, m_band.bottom() + 3);
+        const QString text = timeText(at, length);
+        const int width = m_metrics.horizontalAdvance(text);
+        const int right = m_band.right() + margin;
+        const int left = std::clamp(x - width / 2, 0, std::max(0, right - width));
+        painter->drawText(left, m_band.bottom() + 2 + m_metrics.ascent(), text);
+    }
+}
+
+} // namespace Monitor

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/tape/TapeIndex.h"
+
+#include <QFontMetrics>
+#include <QPalette>
+#include <QRect>
+
+class QPainter;
+
+namespace Monitor {
+
+//! Draws a tape into a band: the outline of the sums, gaps, parts, flags of events above it, and times below it.
+class TapeSketch
+{
+public:
+    //! The room beside the band, and the height of a flag above it, in pixels.
+    static constexpr int margin = 8, flagHeight = 7;
+
+    //! \a index must outlive the sketch.
+    TapeSketch(const TapeIndex &index,
+               const QRect &band,
+               const QPalette &palette,
+               const QFont &font);
+
+    //! Returns the position on the tape, in seconds, of a point at \a x.
+    double positionAt(int x) const;
+    //! Returns where a position lies.
+    int xOf(double position) const;
+    //! Returns a time as it is written below a tape of that length: "12.34 s", "3:05.2", "1:02:03".
+    static QString timeText(double seconds, double length);
+    void paint(QPainter *painter) const;
+
+private:
+    void paintOutline(QPainter *painter) const;
+    void paintMarks(QPainter *painter) const;
+    void paintTimes(QPainter *painter) const;
+
+    const TapeIndex &m_index;
+    const QRect m_band;
+    const QPalette m_palette;
+    const QFontMetrics m_metrics;
+};
+
+} // namespace Monitor

@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/recording/SegmentCompressor.h"
+#include "monitor/tape/TapeCache.h"
+#include "monitor/tape/TapeDeck.h"
+#include "monitor/tape/TapeIndexThread.h"
+#include "tests/monitor/support/ManualClock.h"
+#include "tests/monitor/support/SourceLog.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Monitor;
+
+namespace {
+
+//! Two parts: 5000 readings 0.01 s apart with a gap and an event, then 100 readings of two channels 0.1 s apart.
+QByteArray twoParts()
+{
+    QByteArray text = "#corvale 1\n#channels a\n#unit nA\n";
+    for (int i = 0; i < 5000; ++i) {
+        if (i == 2000)
+            text += "#event shutter open\n";
+        const double time = i < 3000 ? 0.01 * i : 0.01 * i + 5.0;
+        text += QByteArray::number(time, 'f', 2) + ',' + QByteArray::number(i) + '\n';
+    }
+    text += "#corvale 1\n#channels a,b\n#unit nA,V\n";
+    for (int i = 0; i < 100; ++i)
+        text += QByteArray::number(7.0 + 0.1 * i, 'f', 1) + ",1," + QByteArray::number(-i) + '\n';
+    return text;
+}
+
+TapeIndex indexOf(const QString &path)
+{
+    TapeIndexing indexing;
+    QString error;
+    return indexTape(path, {}, &indexing, &error);
+}
+
+//! A deck on a file, with what its source emits; the index is there when the construction is over.
+struct Deck
+{
+    explicit Deck(const QString &path, double speed = 1.0)
+        : source(clock, path, options(speed))
+        , deck(source, clock, folder.path())
+        , log(source)
+    {
+        QObject::connect(&source, &Source::jumped, &clock, [this] {
+            ++jumps;
+            log.times.clear();
+        });
+        QObject::connect(&source, &Source::streamStarted, &clock, [this] {
+            ++starts;
+            log.times.clear();
+        });
+        source.start();
+        deck.pause();
+        while (!deck.isIndexed() && deck.indexError().isEmpty())
+            clock.advance(0.02);
+    }
+    static FileSource::Options options(double speed)
+    {
+        FileSource::Options options;
+        options.speed = speed;
+        return options;
+    }
+    void go(const TapeSpot &spot)
+    {
+        deck.seek(deck.index().positionOf(spot));
+        clock.advance(0.02);
+    }
+    double last() const { return log.times.isEmpty() ? NAN : log.times.last(); }
+
+    QTemporaryDir folder;
+    ManualClock clock;
+    FileSource source;
+    TapeDeck deck;
+    SourceLog log;
+    int jumps = 0;
+    int starts = 0;
+};
+
+} // namespace
+
+//! The index of a recording and the deck that plays by it; the widget is tested with the window.
+class tst_TapeDeck : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_path = m_dir.filePath("parts.csv");
+        putFile(m_path, twoParts());
+    }
+
+    void anIndexOutlinesTheRecording()
+    {
+        const TapeIndex index = indexOf(m_path);
+        QCOMPARE(index.rows(), qint64(5100));
+        QCOMPARE(index.parts(), 2);
+        // 54.99 s, a step, and 9.9 s.
+        QVERIFY(std::abs(index.length() - (54.99 + 54.99 / 4999 + 9.9)) < 1e-9);
+        QCOMPARE(index.marks().size(), 2);
+        QCOMPARE(index.marks()[0].text, QString("shutter open"));
+        QCOMPARE(index.marks()[0].spot.time, 19.99);
+        QVERIFY(std::abs(index.marks()[1].length - 5.01) < 1e-9);
+        QCOMPARE(index.marks()[1].spot.time, 29.99);
+        const QVector<TapeIndex::Range> outline = index.outline(10);
+        QCOMPARE(outline.first().low, 0.0);
+        QCOMPARE(outline.last().low, 1.0 - 99.0); // the sum of both channels
+        for (const double position : {0.0, 12.34, 40.0, 56.0, 64.9})
+            QVERIFY(std::abs(index.positionOf(index.spotAt(position)) - position) < 1e-9);
+        QCOMPARE(index.spotAt(-1.0).time, 0.0);
+        QCOMPARE(index.spotAt(1e300).time, 16.9);
+    }
+
+    void anIndexSurvivesItsBytes_data()
+    {
+        columns<int, bool>("byte", "good");
+        row("whole", -1, true);
+        row("a wrong sum", 3, false);
+        row("a wrong number", 500, false);
+        row("cut off", -2, false);
+    }
+    void anIndexSurvivesItsBytes()
+    {
+        QFETCH(int, byte);
+        const TapeIndex index = indexOf(m_path);
+        QByteArray bytes = index.toBytes();
+        if (byte >= 0)
+            bytes[byte] = char(bytes[byte] ^ 1);
+        else if (byte == -2)
+            bytes.chop(10);
+        TapeIndex read;
+        QTEST(read.fromBytes(bytes), "good");
+        QCOMPARE(read.isEmpty(), byte != -1);
+        if (byte == -1)
+            QCOMPARE(read.toBytes(), index.toBytes());
+    }
+
+    void aCacheIsNotTrustedAfterAChange()
+    {
+        const QString path = m_dir.filePath("cached.csv"), folder = m_dir.filePath("cache");
+        putFile(path, twoParts());
+        const TapeCache cache(path, {}, folder);
+        QVERIFY(cache.load().isEmpty());
+        cache.save(indexOf(path));
+        QCOMPARE(TapeCache(path, {}, folder).load().rows(), qint64(5100));
+        ImportOptions other;
+        other.skippedLines = 1;
+        QVERIFY(TapeCache(path, other, folder).load().isEmpty());
+
+        // The same size and date, and another digit.
+        const QDateTime date = QFileInfo(path).lastModified();
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(40) && file.write("7") == 1);
+        file.close();
+        QVERIFY(file.open(QIODevice::ReadWrite)
+                && file.setFileTime(date, QFileDevice::FileModificationTime));
+        file.close();
+        QVERIFY(TapeCache(path, {}, folder).load().isEmpty());
+        cache.save(indexOf(path)); // the file is not what it was at the construction
+        QVERIFY(TapeCache(path, {}, folder).load().isEmpty());
+    }
+
+    void aThreadCanBeGivenUp()
+    {
+        for (int i = 0; i < 5; ++i)
+            TapeIndexThread(m_path, {}, m_dir.filePath("given-up"));
+        TapeIndexThread none(m_dir.filePath("missing.csv"), {}, m_dir.filePath("given-up"));
+        QVERIFY(none.result().isEmpty());
+        QVERIFY(!none.errorString().isEmpty());
+    }
+
+    void goesToAPlace_data()
+    {
+        columns<int, double, double, bool>("part", "time", "shown", "compressed");
+        for (const bool compressed : {false, true}) {
+            const auto name = [&](const char *text) {
+                return QByteArray(text) + (compressed ? ", compressed" : "");
+            };
+            row(name("the beginning"), 0, 0.0, 0.0, compressed);
+            row(name("a reading"), 0, 12.34, 12.34, compressed);
+            row(name("between two readings"), 0, 12.345, 12.34, compressed);
+            row(name("in a gap"), 0, 33.0, 29.99, compressed);
+            row(name("after the gap"), 0, 40.0, 40.0, compressed);
+            row(name("the end of a part"), 0, 54.99, 54.99, compressed);
+            row(name("the beginning of the next part"), 1, 7.0, 7.0, compressed);
+            row(name("in the next part"), 1, 10.0, 10.0, compressed);
+            row(name("the end"), 1, 16.9, 16.9, compressed);
+        }
+    }
+    //! From everywhere to everywhere: what is shown is what would have been shown if it had been played up to there.
+    void goesToAPlace()
+    {
+        QFETCH(int, part);
+        QFETCH(double, time);
+        QFETCH(double, shown);
+        QFETCH(bool, compressed);
+        QString path = m_path;
+        if (compressed) {
+            path = m_dir.filePath("packed.csv");
+            QString error;
+            putFile(path, twoParts());
+            QFile::remove(compressedPath(path));
+            QVERIFY2(compressFile(path, &error), qPrintable(error));
+            path = compressedPath(path);
+        }
+        Deck tape(path);
+        for (const TapeSpot &before : {TapeSpot{0, 0.0}, TapeSpot{0, 50.0}, TapeSpot{1, 12.0}}) {
+            tape.go(before);
+            tape.go({part, time});
+            QCOMPARE(tape.last(), shown);
+            QCOMPARE(tape.source.place().part, part);
+            QVERIFY2(tape.log.times.size() > 1 || shown == 0.0 || shown == 7.0,
+                     "the readings before belong to the picture");
+            QVERIFY(std::is_sorted(tape.log.times.begin(), tape.log.times.end()));
+            QCOMPARE(tape.log.sink.header().channels.size(), part + 1);
+        }
+        QVERIFY(!tape.deck.isPlaying());
+    }
+
+    void manySeeksBeforeATickAreOne()
+    {
+        Deck tape(m_path);
+        tape.go({0, 1.0});
+        const int before = tape.jumps;
+        for (int i = 0; i < 50; ++i)
+            tape.deck.seek(i);
+        QCOMPARE(tape.deck.position(), 49.0);
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.jumps, before + 1);
+        QCOMPARE(tape.last(), 49.0);
+    }
+
+    void stepsAndPlays()
+    {
+        Deck tape(m_path);
+        tape.go({0, 10.0});
+        tape.deck.stepForwards();
+        QCOMPARE(tape.last(), 10.01);
+        tape.deck.stepBackwards();
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.last(), 10.0);
+        tape.clock.advance(5.0);
+        QCOMPARE(tape.last(), 10.0);
+        QVERIFY(tape.source.isHolding());
+
+        tape.deck.play();
+        tape.clock.advance(1.0);
+        QVERIFY(std::abs(tape.last() - 11.0) < 0.015);
+        tape.deck.setSpeed(0.1);
+        tape.clock.advance(1.0);
+        QVERIFY(std::abs(tape.last() - 11.1) < 0.015);
+        tape.deck.setSpeed(10.0);
+        tape.clock.advance(1.0);
+        QVERIFY(std::abs(tape.last() - 21.1) < 0.015);
+        tape.deck.pause();
+        tape.clock.advance(1.0);
+        QVERIFY(std::abs(tape.last() - 21.1) < 0.015);
+        // Steps go from part to part as well.
+        tape.go({1, 7.0});
+        tape.deck.stepBackwards();
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.last(), 54.99);
+        tape.deck.stepForwards();
+        QCOMPARE(tape.last(), 7.0);
+    }
+
+    void repeatsAStretch_data()
+    {
+        columns<double, double, double>("from", "to", "speed");
+        row("inside a part", 10.0, 12.0, 1.0);
+        row("from part to part", 54.0, 56.0, 1.0);
+        row("up to the end", 60.0, 1e9, 1.0);
+        row("a hundred times as fast", 10.0, 12.0, 100.0);
+    }
+    void repeatsAStretch()
+    {
+        QFETCH(double, from);
+        QFETCH(double, to);
+        QFETCH(double, speed);
+        Deck tape(m_path, speed);
+        tape.deck.setLoop({from, to});
+        tape.deck.seek(from);
+        tape.deck.play();
+        tape.clock.advance(0.02);
+        const int before = tape.jumps + tape.starts;
+        for (int i = 0; i < 60; ++i) {
+            tape.clock.advance(0.1);
+            const double here = tape.deck.position();
+            QVERIFY2(here >= from - 1e-9 && here <= std::min(to, tape.deck.length()) + 1e-9,
+                     qPrintable(QString::number(here)));
+        }
+        QVERIFY(tape.jumps + tape.starts > before);
+        tape.deck.clearLoop();
+        tape.deck.setSpeed(100.0);
+        tape.clock.advance(2.0);
+        QCOMPARE(tape.source.state(), Source::State::Finished);
+        tape.deck.play(); // from the beginning
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.source.state(), Source::State::Running);
+        QVERIFY(tape.deck.position() < 10.0);
+    }
+
+    void marksAreFound()
+    {
+        Deck tape(m_path);
+        tape.deck.seek(0.0);
+        tape.deck.seekNextMark();
+        QCOMPARE(tape.deck.spot().time, 19.99);
+        tape.deck.seekNextMark();
+        QCOMPARE(tape.deck.spot().time, 29.99);
+        tape.deck.seekFormerMark();
+        QCOMPARE(tape.deck.spot().time, 19.99);
+        tape.deck.seekFormerMark();
+        QCOMPARE(tape.deck.position(), 0.0);
+    }
+
+    //! Bad lines are counted by their place in the file, however often they are read.
+    void countsGoByThePlace()
+    {
+        QByteArray text = twoParts();
+        text.replace("\n10.00,", "\n10.00,oops\n10.00,");
+        const QString path = m_dir.filePath("bad.csv");
+        putFile(path, text);
+        Deck tape(path);
+        for (int i = 0; i < 3; ++i) {
+            tape.go({1, 16.9});
+            QCOMPARE(tape.source.counts().bad(), qint64(1));
+            QCOMPARE(tape.source.counts().lines, qint64(text.count('\n')));
+            QCOMPARE(tape.source.counts().readings, qint64(5100));
+        }
+    }
+
+private:
+    QTemporaryDir m_dir;
+    QString m_path;
+};
+
+CORVALE_QT_TEST_MAIN(tst_TapeDeck)
+#include "tst_TapeDeck.moc"

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/session/Session.h"
+#include "monitor/sources/FileSource.h"
+#include "monitor/tape/TapeDeck.h"
+#include "monitor/window/ImportDialog.h"
+#include "monitor/window/MonitorWindow.h"
+#include "monitor/window/TapePanel.h"
+#include "monitor/window/TapeSketch.h"
+#include "monitor/window/TapeTimeline.h"
+#include "tests/monitor/support/ManualClock.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <cmath>
+
+using namespace Monitor;
+
+//! What a person does with a file: the tape in the window, and the question how a table is read.
+class tst_TapePanel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    //! The deck by keyboard and mouse, as a person uses it.
+    void theTapeIsPlayedByHand()
+    {
+        const QString path = m_dir.filePath("tape.csv");
+        QByteArray table = "#corvale 1\n#channels a\n#unit nA\n";
+        for (int i = 0; i <= 10000; ++i)
+            table +=
+                QByteArray::number(0.01 * i, 'f', 2) + ',' + QByteArray::number(i % 100) + '\n';
+        putFile(path, table);
+        ManualClock clock;
+        Session session(clock, std::make_unique<FileSource>(clock, path, FileSource::Options()));
+        MonitorWindow window(session, m_dir.filePath("tape.xui"));
+        window.resize(1024, 600);
+        window.show();
+        session.start();
+        auto *panel = window.findChild<TapePanel *>();
+        QVERIFY(panel);
+        TapeDeck &deck = panel->deck();
+        TapeTimeline &line = panel->timeline();
+        QTRY_VERIFY((clock.advance(0.02), deck.isIndexed()));
+        QTRY_VERIFY(line.width() > window.width() / 2);
+        const auto near = [&](double position) {
+            clock.advance(0.02);
+            const double one = deck.length() / line.width();
+            return std::abs(deck.position() - position) < 1.5 * one + 0.05;
+        };
+        QTest::mouseClick(panel->findChild<QToolButton *>("tapePlay"), Qt::LeftButton);
+        QVERIFY(!deck.isPlaying());
+
+        const int y = line.height() / 3;
+        QTest::mouseClick(&line, Qt::LeftButton, {}, {line.xOf(50.0), y});
+        QVERIFY(near(50.0));
+        QVERIFY(session.model().rowCount() > 4000); // with the past
+        QTest::mousePress(&line, Qt::LeftButton, {}, {line.xOf(20.0), y});
+        QMouseEvent drag(QEvent::MouseMove,
+                         QPointF(line.xOf(30.0), y),
+                         Qt::LeftButton,
+                         Qt::LeftButton,
+                         {});
+        QApplication::sendEvent(&line, &drag);
+        QTest::mouseRelease(&line, Qt::LeftButton, {}, {line.xOf(30.0), y});
+        QVERIFY(near(30.0));
+
+        window.activateWindow();
+        line.setFocus();
+        const double before = deck.position();
+        QTest::keyClick(&line, Qt::Key_Right);
+        QVERIFY(near(before + 1.0));
+        QTest::keyClick(&line, Qt::Key_Left, Qt::ShiftModifier);
+        QVERIFY(near(before - 9.0));
+        QTest::keyClick(&line, Qt::Key_BracketLeft);
+        QTest::keyClick(&line, Qt::Key_End);
+        QVERIFY(near(100.0));
+        QTest::keyClick(&line, Qt::Key_Home);
+        QVERIFY(near(0.0));
+        QTest::keyClick(&line, Qt::Key_Period);
+        QTest::keyClick(&line, Qt::Key_Period);
+        QCOMPARE(deck.spot().time, 0.02);
+        QTest::keyClick(&line, Qt::Key_Comma);
+        clock.advance(0.02);
+        QCOMPARE(deck.spot().time, 0.01);
+        QVERIFY(deck.loop().has_value());
+        QTest::keyClick(&line, Qt::Key_Backspace);
+        QVERIFY(!deck.loop().has_value());
+        auto *speed = panel->findChild<QComboBox *>("tapeSpeed");
+        QTest::keyClick(speed, Qt::Key_End);
+        QCOMPARE(deck.speed(), 0.0);
+        QTest::keyClick(speed, Qt::Key_Home);
+        QCOMPARE(deck.speed(), 0.1);
+        QTest::keyClick(&line, Qt::Key_Return);
+        QVERIFY(deck.isPlaying());
+        for (const QWidget *part : panel->findChildren<QToolButton *>())
+            QVERIFY(!part->accessibleName().isEmpty());
+        QVERIFY(!line.accessibleName().isEmpty());
+
+        // A tape that waits is not stale.
+        deck.pause();
+        clock.advance(10.0);
+        QVERIFY(!session.isStale());
+    }
+
+    void timesOnTheTape_data()
+    {
+        columns<double, double, QString>("seconds", "length", "text");
+        row("short", 0.25, 0.5, "0.25 s");
+        row("seconds", 12.345, 50.0, "12.35 s");
+        row("minutes", 185.25, 1000.0, "3:05.2");
+        row("hours", 3723.9, 10000.0, "1:02:03");
+        row("out of all measure", 1e300, 1e301, "1e+300 s");
+    }
+    void timesOnTheTape()
+    {
+        QFETCH(double, seconds);
+        QFETCH(double, length);
+        QTEST(TapeSketch::timeText(seconds, length), "text");
+    }
+
+    //! What the controls say is what the table becomes, and what is asked once is remembered.
+    void aTableOfAnotherProgramIsAskedAbout()
+    {
+        const QString path = m_dir.filePath("other.csv");
+        putFile(path, "left_nA;right_nA\n1,5;2\n2,5;3\n");
+        ImportDialog dialog(path);
+        auto *rows = dialog.findChild<QTableWidget *>("importRows");
+        auto *open = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open);
+        QVERIFY(dialog.findChild<QLabel *>("importReason")
+                    ->text()
+                    .contains("no column holds the time"));
+        QVERIFY(!open->isEnabled());
+        QTest::keyClicks(dialog.findChild<QLineEdit *>("importInterval"), "1ms");
+        QVERIFY(open->isEnabled());
+        QCOMPARE(rows->rowCount(), 2);
+        QCOMPARE(rows->horizontalHeaderItem(1)->text(), QString("left (nA)"));
+        QCOMPARE(rows->item(1, 0)->text() + ' ' + rows->item(1, 1)->text(), QString("0.001 2.5"));
+        QCOMPARE(dialog.options().text(),
+                 QString("delimiter=semicolon,decimal=comma,interval=0.001"));
+        auto *decimal = dialog.findChild<QComboBox *>("importDecimal");
+        decimal->setCurrentIndex(0);
+        QCOMPARE(rows->item(0, 1) ? rows->item(0, 1)->text() : QString("none"), QString("none"));
+        decimal->setCurrentIndex(1);
+
+        WindowSettings settings(m_dir.filePath("import.xui"));
+        QTimer::singleShot(0, this, [] {
+            auto *asked = qobject_cast<ImportDialog *>(QApplication::activeModalWidget());
+            QTest::keyClicks(asked->findChild<QLineEdit *>("importInterval"), "2ms");
+            asked->accept();
+        });
+        const auto first = ImportDialog::optionsFor(path, &settings);
+        QVERIFY(first && first->interval == 2e-3);
+        const auto again = ImportDialog::optionsFor(path, &settings); // without a question
+        QVERIFY(again && again->text() == first->text());
+        putFile(path, "time_s,a\n0,1\n");
+        QVERIFY(ImportDialog::optionsFor(path, &settings)->isUsual());
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+CORVALE_QT_TEST_MAIN(tst_TapePanel)
+#include "tst_TapePanel.moc"

@@ -158,9 +158,10 @@ void TapeDeck::clearLoop()
     Q_EMIT changed();
 }
 
+//! Lets the source stop at the end of the loop, unless a place behind it was sought.
 void TapeDeck::updateStop()
 {
-    if (!m_loop) {
+    if (!m_loop || position() > m_loop->to) {
         m_source.setStop(std::nullopt);
         return;
     }
@@ -218,6 +219,8 @@ void TapeDeck::takeIndex()
 //! Reads from a place before, so that what is shown is what would have been shown there.
 void TapeDeck::goTo(const TapeSpot &spot)
 {
+    m_sought = spot;
+    updateStop();
     m_sought.reset();
     int entryPart = 0;
     const ReadPoint entry = m_index.entryBefore(spot, readingsBefore, bytesBefore, &entryPart);

@@ -77,6 +77,9 @@ public:
 
     //! Returns the length of the tape in seconds.
     double length() const;
+    /*! Returns the time at position 0, in seconds of the recording, if there is a single part; otherwise 0, for the times of
+        parts are independent of each other. */
+    double firstTime() const { return parts() == 1 ? m_parts.front().firstTime : 0.0; }
     //! Returns the position of a place, from 0 to length().
     double positionOf(const TapeSpot &spot) const;
     //! Returns the place at a position, which is moved into the tape.

@@ -155,7 +155,7 @@ void ImportDialog::addControls()
     m_rows->setObjectName(QStringLiteral("importRows"));
     m_rows->setAccessibleName(tr("The first rows as they will be read"));
     m_rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_rows->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
+    m_rows->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
     m_rows->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     columns->addWidget(m_rows, 1);
     m_verdict = new QLabel(this);

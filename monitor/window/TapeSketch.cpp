@@ -77,10 +77,19 @@ int TapeSketch::xOf(double position) const
 
 QString TapeSketch::timeText(double seconds, double length)
 {
-    constexpr double minute = 60.0, hour = 3600.0, shortTape = 100.0, longestClock = 1e7;
-    const bool isBeyond = length < 1.0 || !(length < longestClock);
-    if (length < shortTape || isBeyond)
-        return tr("%1 s").arg(seconds, 0, isBeyond ? 'g' : 'f', isBeyond ? 4 : 2);
+    constexpr double minute = 60.0, hour = 3600.0, longestClock = 1e7, longestNumber = 1e15;
+    constexpr double shortTape = 100.0, splitSecond = 0.01;
+    if (!(std::abs(seconds) < longestNumber))
+        return tr("%1 s").arg(seconds, 0, 'g', 4);
+    if (length < shortTape || std::abs(seconds) >= longestClock) {
+        const int decimals = length < splitSecond ? 6
+            : length < 1.0                        ? 4
+            : length < shortTape                  ? 2
+                                                  : 0;
+        return tr("%1 s").arg(seconds, 0, 'f', decimals);
+    }
+    if (seconds < 0.0)
+        return QLatin1Char('-') + timeText(-seconds, length);
     const double whole = std::floor(seconds);
     const auto hours = int(whole / hour);
     const auto minutes = int((whole - hours * hour) / minute);
@@ -162,16 +171,22 @@ void TapeSketch::paintMarks(QPainter *painter) const
 
 void TapeSketch::paintTimes(QPainter *painter) const
 {
-    const double length = m_index.length();
+    const double length = m_index.length(), first = m_index.firstTime();
     if (!(length > 0.0) || !std::isfinite(length))
         return;
-    const int room = m_metrics.horizontalAdvance(timeText(length, length)) * 2;
+    const int room = 2
+        * std::max(m_metrics.horizontalAdvance(timeText(first, length)),
+                   m_metrics.horizontalAdvance(timeText(first + length, length)));
     const double step = niceStep(length, m_band.width() / std::max(room, 1));
+    const double firstTick = std::ceil(first / step) * step;
     painter->setPen(m_palette.color(QPalette::WindowText));
-    for (double at = 0.0; at <= length * (1.0 + 1e-9); at += step) {
-        const int x = xOf(at);
+    // Counted, because steps may be too small for the times that they are added to.
+    const auto ticks = int((length + first - firstTick) / step * (1.0 + 1e-9));
+    for (int i = 0; i <= ticks; ++i) {
+        const double time = firstTick + i * step;
+        const int x = xOf(time - first);
         painter->drawLine(x, m_band.bottom() + 1, x, m_band.bottom() + 3);
-        const QString text = timeText(at, length);
+        const QString text = timeText(time, length);
         const int width = m_metrics.horizontalAdvance(text);
         const int right = m_band.right() + margin;
         const int left = std::clamp(x - width / 2, 0, std::max(0, right - width));

@@ -44,7 +44,7 @@ struct Deck
 {
     explicit Deck(const QString &path, double speed = 1.0)
         : source(clock, path, options(speed))
-        , deck(source, clock, folder.path())
+        , deck(source, clock, QFileInfo(path).path() + "/decks") // one index for all of them
         , log(source)
     {
         QObject::connect(&source, &Source::jumped, &clock, [this] {
@@ -73,7 +73,6 @@ struct Deck
     }
     double last() const { return log.times.isEmpty() ? NAN : log.times.last(); }
 
-    QTemporaryDir folder;
     ManualClock clock;
     FileSource source;
     TapeDeck deck;
@@ -304,6 +303,21 @@ private Q_SLOTS:
         tape.clock.advance(0.02);
         QCOMPARE(tape.source.state(), Source::State::Running);
         QVERIFY(tape.deck.position() < 10.0);
+    }
+
+    //! A place behind the loop is gone to, and played from.
+    void leavesALoop()
+    {
+        Deck tape(m_path);
+        tape.deck.setLoop({10.0, 12.0});
+        tape.go({0, 40.0});
+        QCOMPARE(tape.last(), 40.0);
+        tape.deck.play();
+        tape.clock.advance(2.0);
+        QVERIFY(std::abs(tape.last() - 42.0) < 0.015);
+        tape.go({0, 11.0});
+        tape.clock.advance(2.0);
+        QVERIFY(tape.deck.position() <= 12.0);
     }
 
     void marksAreFound()

@@ -106,7 +106,9 @@ private Q_SLOTS:
     void timesOnTheTape_data()
     {
         columns<double, double, QString>("seconds", "length", "text");
-        row("short", 0.25, 0.5, "0.25 s");
+        row("short", 0.25, 0.5, "0.2500 s");
+        row("before the zero", -65.0, 200.0, "-1:05.0");
+        row("since 1970", 1772366400.0, 1000.0, "1772366400 s");
         row("seconds", 12.345, 50.0, "12.35 s");
         row("minutes", 185.25, 1000.0, "3:05.2");
         row("hours", 3723.9, 10000.0, "1:02:03");

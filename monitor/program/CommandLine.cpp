@@ -43,7 +43,7 @@ public:
     //! Reads the description of a detector from the file that the option names.
     void detector(Corvale_Qt::DetectorLayout *layout)
     {
-        if (!isSet("detector"))
+        if (!isSet("detector") || text("detector") == CommandLine::noDetector())
             return;
         Corvale_Qt::DetectorFault fault;
         *layout = Corvale_Qt::detectorFromFile(text("detector"), &fault);
@@ -249,6 +249,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.number("to", &file.to, -std::numeric_limits<double>::infinity());
     values.range(&rangeLow, &rangeHigh);
     values.detector(&detector);
+    detectorFile = values.text("detector");
     values.tolerance(&toleranceX, &toleranceY);
     values.computed(&computed);
     values.size(&size);

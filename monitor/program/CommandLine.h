@@ -51,6 +51,7 @@ struct CommandLine
     double afterSeconds = 0.0;
     QVector<Corvale_Qt::ComputedChannel> computed; //!< of each --compute
     Corvale_Qt::DetectorLayout detector; //!< of --detector; empty without it
+    QString detectorFile; //!< of --detector; "none" forgets the one that is remembered
     QString planned; //!< of --planned: the list of spots to compare with; empty without it
     //! Largest position errors of spots in mm, of --tolerance; 0 without it.
     double toleranceX = 0.0;
@@ -62,6 +63,8 @@ struct CommandLine
     /*! Reads the arguments, the program's name first. Returns false if they make no sense; \a error says what is wrong
         and what would be right. */
     bool parse(const QStringList &arguments, QString *error);
+    //! Returns the value of --detector that stands for none.
+    static QString noDetector() { return QStringLiteral("none"); }
     //! Returns whether the task opens a window on a screen.
     bool needsDisplay() const { return task == Task::Window; }
 

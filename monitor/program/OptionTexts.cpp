@@ -41,7 +41,7 @@ QVector<OptionText> optionTexts()
         {"detector",
          "FILE.json",
          tr("Take the places and the calibration of the detector from this file, whatever the "
-            "source says.")},
+            "source says. A window remembers it for the source; none forgets it.")},
         {"planned",
          "FILE.csv",
          tr("Compare the spots of the source with those of this list: position errors, and a map "

@@ -10,10 +10,12 @@
 #include "monitor/window/ImportDialog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/WindowSettings.h"
+#include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -70,7 +72,7 @@ bool WindowRun::openSession()
     }
     const bool endless = m_commandLine.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
-    m_session->setDetector(m_commandLine.detector);
+    m_session->setDetector(detectorOfSource());
     if (!openPlan())
         return false;
     m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
@@ -87,6 +89,28 @@ bool WindowRun::openSession()
         return false;
     }
     return true;
+}
+
+/*! Returns the detector of --detector, and remembers its file for the source. Without the option it is the one that was
+    remembered, whose trouble the log tells. */
+Corvale_Qt::DetectorLayout WindowRun::detectorOfSource()
+{
+    WindowSettings settings(settingsFile());
+    const QString given = m_commandLine.detectorFile, source = m_source;
+    if (!given.isEmpty()) {
+        const bool forget = given == CommandLine::noDetector();
+        settings.setDetectorFile(source, forget ? QString() : QFileInfo(given).absoluteFilePath());
+        return m_commandLine.detector;
+    }
+    const QString kept = settings.detectorFile(source);
+    if (kept.isEmpty())
+        return {};
+    Corvale_Qt::DetectorFault fault;
+    const Corvale_Qt::DetectorLayout layout = Corvale_Qt::detectorFromFile(kept, &fault);
+    m_detectorNote = fault.isEmpty()
+        ? tr("the detector is that of %1, as before; --detector none forgets it").arg(kept)
+        : tr("ERROR the detector of %1 is not used: %2").arg(kept, fault.message());
+    return layout;
 }
 
 //! Reads the planned spots. Returns false if there is a list that cannot be used.
@@ -114,6 +138,8 @@ void WindowRun::openWindow()
     if (m_commandLine.span > 0.0)
         m_window->displays().spanControl()->box()->setSpan(m_commandLine.span);
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
+    if (!m_detectorNote.isEmpty())
+        Q_EMIT m_session->noted(m_detectorNote);
     if (!isPicture()) {
         m_window->showHint(hint());
         connect(m_session.get(), &Session::limitReached, m_window.get(), &QWidget::close);

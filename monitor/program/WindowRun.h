@@ -37,6 +37,7 @@ private:
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
     bool openSession();
     bool openPlan();
+    Corvale_Qt::DetectorLayout detectorOfSource();
     void openWindow();
     QString settingsFile() const;
     QString hint() const;
@@ -48,6 +49,7 @@ private:
     SystemClock m_clock;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MonitorWindow> m_window;
+    QString m_detectorNote; //!< for the log: which detector was remembered
     ExitCode m_exitCode = ExitGood;
 };
 

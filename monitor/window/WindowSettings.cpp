@@ -5,6 +5,7 @@
 #include <corvale_qt/settings/RVXApplicationSettings.h>
 #include <corvale_qt/widgets/TimeSpan.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
@@ -28,6 +29,16 @@ QByteArray fromText(const QVariant &text)
 QString displayKey(StreamKind kind)
 {
     return QStringLiteral("Monitor/view-") + kindName(kind);
+}
+
+//! A source may be any text, of which a key may hold little; a file is the same by whatever path.
+QString detectorKey(const QString &source)
+{
+    const QFileInfo file(source);
+    const QString name = file.exists() ? file.canonicalFilePath() : source;
+    return QStringLiteral("Monitor/detector-")
+        + QString::fromLatin1(
+               QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha1).toHex());
 }
 
 QString windowsKey(StreamKind kind)
@@ -185,6 +196,17 @@ QString WindowSettings::importFor(const QString &headerKey) const
 void WindowSettings::setImportFor(const QString &headerKey, const QString &options)
 {
     setValue(QStringLiteral("Import/header-") + headerKey, options);
+}
+
+QString WindowSettings::detectorFile(const QString &source) const
+{
+    return value(detectorKey(source)).toString();
+}
+
+void WindowSettings::setDetectorFile(const QString &source, const QString &file)
+{
+    if (file != detectorFile(source))
+        setValue(detectorKey(source), file);
 }
 
 QString WindowSettings::display(StreamKind kind) const

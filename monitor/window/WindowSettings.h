@@ -64,6 +64,11 @@ public:
     QString importFor(const QString &headerKey) const;
     void setImportFor(const QString &headerKey, const QString &options);
 
+    //! Returns the file that describes the detector of a source; empty if none was kept for it.
+    QString detectorFile(const QString &source) const;
+    //! Keeps the file that describes the detector of a source; an empty one forgets it.
+    void setDetectorFile(const QString &source, const QString &file);
+
     //! Returns the display that was last shown for streams of that kind; empty if there is none.
     QString display(StreamKind kind) const;
     void setDisplay(StreamKind kind, const QString &display);

@@ -35,6 +35,13 @@ private Q_SLOTS:
         QCOMPARE(play.rangeLow, -1e-6);
         QCOMPARE(play.span, 90.0);
 
+        CommandLine spots;
+        QCOMPARE(parsed("--planned a.csv --measured b.csv --tolerance 1.5,2 --view errors", &spots),
+                 QString());
+        QCOMPARE(spots.planned + ' ' + spots.source, QString("a.csv b.csv"));
+        QCOMPARE(spots.toleranceX, 1.5);
+        QCOMPARE(spots.toleranceY, 2.0);
+
         CommandLine picture;
         QCOMPARE(
             parsed("--screenshot p.png --size 800x600 --view spots --after 200frames sim:spots",
@@ -81,6 +88,9 @@ private Q_SLOTS:
         row("size", "--size big", "--size big");
         row("view", "--view sideways", "strip, scope, histogram");
         row("amount", "--after soon", "200frames");
+        row("tolerance", "--tolerance wide", "--tolerance wide: it should be millimetres");
+        row("negative tolerance", "--tolerance 1,-1", "--tolerance 1,-1");
+        row("two lists of spots", "a.csv --measured b.csv", "--measured b.csv");
         row("span", "--span soon", "--span soon: it should be a time, like 90s");
         row("no frames", "--after 0frames", "200frames");
         row("rotation", "--rotate often", "100M");

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/PictureTaker.h"
+#include "monitor/program/WindowRun.h"
+#include "monitor/window/EventLog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "tests/monitor/support/ScriptedSession.h"
+#include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
+
+#include <QTextBrowser>
 
 using namespace Monitor;
 
@@ -54,6 +59,35 @@ private Q_SLOTS:
         run.clock.advance(1.0);
         QCOMPARE(run.code, int(ExitBadData));
         QVERIFY(!QFile::exists(m_folder->filePath("picture.png")));
+    }
+
+    //! The window's run with a detector for one of two sources, then without, and after it was forgotten.
+    void aDetectorIsRememberedForItsSource()
+    {
+        const QString file = m_folder->filePath("detector.json");
+        putFile(file, R"({"detector":1,"kind":"strips","x":{"cells":2}})");
+        putFile(m_folder->filePath("a.csv"), "time_s,a,b\n0,1,2\n");
+        const auto logOf = [this](const QString &arguments) {
+            CommandLine line;
+            QString error;
+            if (!line.parse(
+                    ("corvale-monitor --settings " + m_folder->filePath("s.xui") + ' ' + arguments)
+                        .split(' '),
+                    &error))
+                return error;
+            WindowRun run(line);
+            return run.prepare()
+                ? run.window()->findChild<EventLog *>()->textBrowser()->toPlainText()
+                : QString();
+        };
+        const QString source = m_folder->filePath("a.csv"), asBefore = "as before";
+        QVERIFY(!logOf("--detector " + file + ' ' + source).contains(asBefore));
+        QVERIFY(logOf(source).contains(file + ", " + asBefore));
+        QVERIFY(!logOf("sim:strips").contains(asBefore));
+        putFile(file, "{}");
+        QVERIFY(logOf(source).contains("ERROR the detector of " + file + " is not used"));
+        QVERIFY(!logOf("--detector none " + source).contains(file));
+        QVERIFY(!logOf(source).contains(file));
     }
 
 private:

@@ -145,9 +145,39 @@ void judgeShape(const BeamProfile &profile,
                   tr("R2 is %1").arg(estimate.quality.rSquared, 0, 'f', 2));
 }
 
-void takeNotes(const BeamEstimate &estimate, BeamVerdict &verdict)
+/*! Returns how much density the outermost cells have that the estimate's Gaussian does not explain, over the Gaussian's height: their
+    median. An estimate with a background has explained it. */
+double unexplainedBackground(const BeamProfile &profile, const BeamEstimate &estimate)
+{
+    const int ends = std::min(std::max(profile.count() / 20, 2), profile.count());
+    if (!std::isnan(estimate.background.value) || !(estimate.height.value > 0))
+        return 0;
+    std::vector<double> densities;
+    for (int i = 0; i < profile.count(); ++i) {
+        const bool outer = i < ends || i >= profile.count() - ends;
+        if (!outer || profile.has(i, CellFlag::Dead | CellFlag::Hot))
+            continue;
+        const double inSigma =
+            (profile.positions[i] - estimate.position.value) / estimate.sigma.value;
+        densities.push_back(profile.density(i)
+                            - estimate.height.value * std::exp(-0.5 * inSigma * inSigma));
+    }
+    if (densities.empty())
+        return 0;
+    const auto middle = densities.begin() + std::ptrdiff_t(densities.size() / 2);
+    std::nth_element(densities.begin(), middle, densities.end());
+    return *middle / estimate.height.value;
+}
+
+void takeNotes(const BeamProfile &profile, const BeamEstimate &estimate, BeamVerdict &verdict)
 {
     constexpr double worthTelling = 0.005;
+    constexpr double backgroundWorthTelling = 0.02;
+    const double background = unexplainedBackground(profile, estimate);
+    if (background >= backgroundWorthTelling)
+        verdict.notes.append(
+            tr("a background of %1 of the peak is not subtracted, and widens sigma")
+                .arg(percent(background)));
     if (verdict.atEdge)
         verdict.notes.append(tr("the beam is at the edge of the detector"));
     if (verdict.shareOutside >= worthTelling)
@@ -229,7 +259,7 @@ judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const Ve
     verdict.atEdge = estimate.position.value - sigma < profile.lowerEdge()
         || estimate.position.value + sigma > profile.upperEdge();
     verdict.shareOutside = shareOutside(profile, estimate);
-    takeNotes(estimate, verdict);
+    takeNotes(profile, estimate, verdict);
     return verdict;
 }
 

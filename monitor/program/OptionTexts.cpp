@@ -106,6 +106,9 @@ QVector<TopicText> topicTexts()
              {"PATH, file:PATH",
               tr("A table: a recording (also compressed), a file saved by the library, or CSV. "
                  "Where CSV needs --import, a message says how.")},
+             {"IMAGES.pgm, FOLDER",
+              tr("Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of a "
+                 "folder.")},
              {"-", tr("Lines on standard input.")},
              {"tcp://HOST:PORT",
               tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "
@@ -122,7 +125,9 @@ QVector<TopicText> topicTexts()
              {"0", tr("Everything went well.")},
              {"1", tr("The arguments make no sense.")},
              {"2",
-              tr("Without a window: there were no readings, or some lines could not be used.")},
+              tr("Without a window: there were no readings, some lines could not be used, or some "
+                 "of the "
+                 "readings were left out.")},
              {"3", tr("The source could not be opened, or it was lost.")},
              {"4", tr("The output could not be written, or not all of it.")},
          }},

@@ -5,6 +5,7 @@
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/session/Session.h"
+#include "monitor/sources/PgmSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/ImportDialog.h"
@@ -57,7 +58,8 @@ bool WindowRun::openSession()
 {
     FileSource::Options file = m_commandLine.file;
     const QString path = SourceFactory::filePath(m_commandLine.source);
-    if (!isPicture() && !path.isEmpty() && file.import.isUsual()) {
+    const bool isTable = !path.isEmpty() && !PgmSource::suits(path);
+    if (!isPicture() && isTable && file.import.isUsual()) {
         WindowSettings settings(settingsFile());
         const std::optional<ImportOptions> import = ImportDialog::optionsFor(path, &settings);
         if (!import)
@@ -96,7 +98,7 @@ bool WindowRun::openSession()
 Corvale_Qt::DetectorLayout WindowRun::detectorOfSource()
 {
     WindowSettings settings(settingsFile());
-    const QString given = m_commandLine.detectorFile, source = m_source;
+    const QString given = m_commandLine.detectorFile, source = m_commandLine.source;
     if (!given.isEmpty()) {
         const bool forget = given == CommandLine::noDetector();
         settings.setDetectorFile(source, forget ? QString() : QFileInfo(given).absoluteFilePath());

@@ -10,7 +10,7 @@ namespace Monitor {
 
 /*! Makes sources from texts on the command line:
 
-    sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path, - for standard input,
+    sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path of a table, of grey images or of a folder of them, - for standard input,
     tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). The last
     three also take ?silence=30s. */
 class SourceFactory

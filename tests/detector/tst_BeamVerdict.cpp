@@ -227,6 +227,23 @@ private Q_SLOTS:
         QCOMPARE(verdict.saturatedCells, 1);
     }
 
+    //! With a threshold, a pedestal changes so little that the residuals do not show it; a note does.
+    void aPedestalIsTold()
+    {
+        BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(kMean, 6));
+        pedestal(0.05)(profile);
+        LogParabolaOptions options;
+        const BeamVerdict plain = judgeEstimate(profile, logParabolaGaussian(profile, options));
+        QCOMPARE(plain.text(), QString("DATA VALID, FIT POOR"));
+        options.thresholdFraction = 0.1;
+        options.halfWidth = 10;
+        const BeamVerdict cut = judgeEstimate(profile, logParabolaGaussian(profile, options));
+        QCOMPARE(cut.text(), QString("DATA VALID"));
+        QVERIFY2(cut.notes.join("; ").contains("% of the peak is not subtracted, and widens sigma"),
+                 qPrintable(cut.notes.join("; ")));
+        QCOMPARE(judgeEstimate(profile, leastSquaresGaussian(profile)).notes, QStringList());
+    }
+
     void limitsCanBeSet()
     {
         BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));

@@ -104,7 +104,8 @@ void DisplayTabs::beginStream()
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     setTab(m_comparison, tr("Position errors"), m_comparison->isPresent());
-    m_scope->plotView()->setDetectorLayout(header.detector);
+    // The channels of a stream of frames are no cells.
+    m_scope->plotView()->setDetectorLayout(header.hasFrames() ? DetectorLayout() : header.detector);
     if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else

@@ -163,11 +163,12 @@ void FrameFeeder::takeFrame(double time, const QVector<double> &values)
 
 void FrameFeeder::takeValues(double time, const double *values, int count)
 {
-    if (m_isDescribed)
+    if (m_isDescribed) {
         m_lastFrame = QVector<double>(values, values + count);
-    else
+    } else {
         m_lastFrame = m_frames.readingsOf(values);
-    tellLeftOut(m_frames.leftOutOf(values).text());
+        tellLeftOut(m_frames.leftOutOf(values).text());
+    }
     showFrame(time);
 }
 

@@ -39,7 +39,7 @@ void FrameNumbers::take(const double *values)
             continue;
         BeamProfile profile = frame.profile(axis);
         flagHotCells(profile);
-        const BeamEstimate estimate = secondMomentWidth(profile);
+        const BeamEstimate estimate = leastSquaresGaussian(profile);
         m_numbers.push_back(estimate.isOk() ? estimate.position.value : none);
         m_numbers.push_back(estimate.isOk() ? estimate.sigma.value : none);
     }

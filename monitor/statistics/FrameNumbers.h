@@ -9,7 +9,7 @@
 namespace Monitor {
 
 /*! Computes from each frame of a stream the numbers that are shown over time: sum and maximum of the charges, and for each axis
-    position and sigma by the second moments of its profile, as the report has them. A number that cannot be computed is NaN. */
+    position and sigma of the least squares fit to its profile, as the display and the report have them. A number that cannot be computed is NaN. */
 class FrameNumbers
 {
 public:

@@ -109,6 +109,8 @@ void FrameFeeder::beginDetector()
     using Axis = Corvale_Qt::DetectorLayout::Axis;
     const StreamHeader &header = m_model->header();
     m_profile->setLayout(header.detector);
+    if (header.hasFrames()) // as the numbers in chart and table
+        m_profile->setEstimator(Corvale_Qt::BeamEstimator::LeastSquares);
     m_profile->setIntensityUnit(header.readingUnit());
     m_position->setPositionUnit(m_profile->lengthUnit(Axis::X));
     const QRectF reach = m_profile->lengthArea();

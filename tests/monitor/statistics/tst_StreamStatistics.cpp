@@ -296,18 +296,23 @@ private Q_SLOTS:
         QVERIFY(std::abs(errors.differences.targetDose - 41806.74) < 0.01);
     }
 
-    //! Frames of the same image as another tool's moments and fits have it.
+    //! A Gaussian of charge 1, integrated over each cell.
     void framesGiveTheNumbersOfTheirChannels()
     {
         StreamHeader header;
         header.setFrames(Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(20, 30)), "nC");
         StreamStatistics statistics;
         statistics.startStream(header);
+        const auto share = [](double cell, double mean, double sigma) {
+            const auto below = [&](double edge) {
+                return std::erf((edge - mean) / (sigma * M_SQRT2)) / 2;
+            };
+            return below(cell + 0.5) - below(cell - 0.5);
+        };
         std::vector<double> frame;
         for (int row = 1; row <= 20; ++row)
             for (int column = 1; column <= 30; ++column)
-                frame.push_back(std::exp(-std::pow((column - 12.0) / 2.0, 2) / 2
-                                         - std::pow((row - 9.5) / 1.5, 2) / 2));
+                frame.push_back(share(column, 12.0, 2.0) * share(row, 9.5, 1.5));
         ReadingBlock block(600);
         block.append(0.5, frame.data());
         statistics.addReadings(block);
@@ -316,9 +321,8 @@ private Q_SLOTS:
         QStringList text;
         for (int i = 0; i < header.channels.size(); ++i)
             text += header.channels[i].name + ' ' + QString::number(numbers[i], 'f', 2);
-        // The sum is 2 pi sigma_x sigma_y.
         QCOMPARE(text.join(' '),
-                 QString("sum 18.85 max 0.95 x 12.00 sigma_x 2.00 y 9.50 sigma_y 1.50"));
+                 QString("sum 1.00 max 0.05 x 12.00 sigma_x 2.00 y 9.50 sigma_y 1.50"));
         QCOMPARE(statistics.channel(0).count(), qint64(1));
         QCOMPARE(statistics.frames().front().moments.maximumColumn, 12);
         QVERIFY(estimatesOfLastReading(statistics).image.isOk());

@@ -108,9 +108,8 @@ private Q_SLOTS:
             for (Channel &channel : header.channels)
                 channel.unit = "nC";
             if (frames)
-                header.setFrames(
-                    Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(12, 12)),
-                    "nC");
+                header.setFrames(Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(12, 12)),
+                                 "nC");
             s.source->begin(header);
             std::vector<double> values(144, 0.0);
             values[6 * 12 + 5] = values[5 * 12 + 5] = values[5 * 12 + 6] = 5.0;
@@ -164,10 +163,9 @@ private Q_SLOTS:
     {
         FedDisplays s;
         StreamHeader header;
-        header.setFrames(
-            Corvale_Qt::detectorFromJson(R"({"detector":1,"kind":"matrix",
+        header.setFrames(Corvale_Qt::detectorFromJson(R"({"detector":1,"kind":"matrix",
                 "x":{"cells":40,"pitch":0.5,"unit":"mm"},"y":{"cells":30,"pitch":0.5,"unit":"mm"}})"),
-            "nC");
+                         "nC");
         s.source->begin(header);
         QVERIFY(s.feeder.hasProfile() && s.feeder.hasPosition());
         std::vector<double> values;

@@ -15,7 +15,7 @@ TriggerAction::TriggerAction(Session &session, DisplayTabs &displays, QWidget *w
     , m_dialog(new TriggerDialog(*displays.scope()->plotView(), window))
 {
     setObjectName(QStringLiteral("trigger"));
-    setShortcut(QKeySequence(Qt::CTRL + Qt::Key_E));
+    setShortcut(QKeySequence(Qt::Key_F7));
     setShortcutContext(Qt::ApplicationShortcut);
     connect(this, &QAction::triggered, this, &TriggerAction::edit);
     connect(&session, &Session::streamStarted, m_dialog, &TriggerDialog::setHeader);

@@ -242,7 +242,7 @@ private Q_SLOTS:
         w.source->begin(StreamKind::Channels, 2, "nA");
         w.run(300);
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
-        QTest::keyClick(&w.window, Qt::Key_E, Qt::ControlModifier);
+        QTest::keyClick(&w.window, Qt::Key_F7);
         QCOMPARE(w.window.displays().currentDisplay(), QString("scope"));
         auto *dialog = w.window.findChild<TriggerDialog *>();
         QVERIFY(dialog->isVisible());

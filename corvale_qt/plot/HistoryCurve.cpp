@@ -6,6 +6,7 @@
 #include "corvale_qt/plot/PixelRuns_p.h"
 
 #include <qwt_scale_map.h>
+#include <qwt_transform.h>
 
 #include <QPainter>
 
@@ -149,8 +150,12 @@ void HistoryCurve::addBlocks(PixelRuns &runs,
 {
     const QVector<HistoryFrame::Place> &places = m_frame.places(xMap);
     const QVector<RVXPlotHistory::Interval> &intervals = m_frame.intervals();
+    const QwtTransform *const transform = yMap.transformation();
+    const auto shown = [&](double value) { // a logarithm knows no 0
+        return transform ? transform->bounded(value / m_divisor) : value / m_divisor;
+    };
     const auto pixel = [&](double value) {
-        return pixelOf(yMap, value / m_divisor);
+        return pixelOf(yMap, shown(value));
     };
     BlockRuns drawn(runs, clip);
     for (int i = 0; i < places.size(); ++i) {
@@ -158,11 +163,11 @@ void HistoryCurve::addBlocks(PixelRuns &runs,
         const bool isWhole = block.count == intervals[i].rows;
         if (!isWhole)
             drawn.gap();
-        if (block.count == 0)
+        if (block.count == 0 || shown(block.greatest) > block.greatest / m_divisor)
             continue;
         const auto [top, bottom] = std::minmax({pixel(block.least), pixel(block.greatest)});
         drawn.add(places[i], {top, bottom, std::clamp(pixel(block.mean), top, bottom)});
-        if (!isWhole)
+        if (!isWhole || m_frame.isGapAfter(i, m_next.x()))
             drawn.gap();
     }
     if (m_frame.reachesRows() && std::isfinite(m_next.x()) && std::isfinite(m_next.y()))

@@ -31,6 +31,20 @@ void HistoryFrame::clear()
     m_places.resize(0);
 }
 
+bool HistoryFrame::isGapAfter(int i, double next) const
+{
+    if (!(m_gapIntervals > 0.0))
+        return false;
+    const auto usual = [](const RVXPlotHistory::Interval &block) {
+        return block.rows > 1 ? (block.last - block.first) / (block.rows - 1) : 0.0;
+    };
+    const bool isLast = i + 1 == m_intervals.size();
+    const double interval =
+        std::max(usual(m_intervals[i]), isLast ? 0.0 : usual(m_intervals[i + 1]));
+    const double step = (isLast ? next : m_intervals[i + 1].first) - m_intervals[i].last;
+    return interval > 0.0 && step > m_gapIntervals * interval;
+}
+
 bool HistoryFrame::read(int column, QVector<RVXPlotHistory::Block> &blocks) const
 {
     blocks.resize(m_intervals.size());

@@ -30,6 +30,11 @@ public:
     bool isEmpty() const { return m_intervals.isEmpty(); }
     //! Returns when the blocks were taken, oldest first.
     const QVector<RVXPlotHistory::Interval> &intervals() const { return m_intervals; }
+    /*! Sets how many usual intervals without a row are an outage, which no line crosses; 0, as at first, for none. The usual
+        interval is the mean one of the blocks on both sides. */
+    void setGapIntervals(double intervals) { m_gapIntervals = intervals; }
+    //! Returns whether an outage lies between block \a i and the next one, or the row at \a next after the last one.
+    bool isGapAfter(int i, double next) const;
     //! Returns whether no row lies between the newest block and row 1 of the model.
     bool reachesRows() const { return m_reachesRows; }
     /*! Reads the blocks of the channel in \a column, one for each interval. Blocks that the history has dropped since show() are
@@ -43,6 +48,7 @@ private:
     QVector<HistoryPiece> m_pieces;
     QVector<RVXPlotHistory::Interval> m_intervals;
     bool m_reachesRows = false;
+    double m_gapIntervals = 0.0;
     mutable QVector<Place> m_places;
     mutable double m_map[4] = {0.0, 0.0, 0.0, 0.0}; // which m_places belong to
 };

@@ -17,7 +17,7 @@ class ChannelExpressionsPrivate;
 //! A channel whose readings are computed from those of other channels.
 struct CORVALE_QT_EXPORT ComputedChannel
 {
-    QString name;
+    QString name; //!< what other expressions call it, and the title of its column
     QString unit; //!< symbol of its unit, as MeasurementUnit::fromString() reads it; empty for none
     QString expression; //!< see ChannelExpressions
 
@@ -33,6 +33,7 @@ struct CORVALE_QT_EXPORT ExpressionFault
         -1; //!< of the first character in the expression that is wrong, from 0; -1 if it is not in the expression
     QString text; //!< what is wrong, in words; empty if nothing is
 
+    //! Returns whether nothing is wrong.
     bool isEmpty() const { return text.isEmpty(); }
     //! Returns the text with the place, where there is one: "character 5: no channel is called "x"".
     QString message() const;

@@ -53,6 +53,7 @@ public:
     bool start(const QString &path);
     //! Ends the export, without a file; finished() follows.
     void cancel();
+    //! Returns whether rows are still being written.
     bool isRunning() const;
     //! Returns how many rows are written in all.
     int rows() const;

@@ -25,6 +25,8 @@ public:
     //! Draws with \a layer, which is not owned.
     ScopeHistory(QwtPlot *plot, CurveLayer *layer);
 
+    //! Sets how many usual intervals without a row are an outage; 0, as at first, for none.
+    void setGapIntervals(double intervals) { m_frame.setGapIntervals(intervals); }
     //! Finds the blocks of a window; none if \a history is null. They are shown by the next show() of each channel.
     void setWindow(const RVXPlotHistory *history, double left, double right);
     //! Returns the largest magnitude of a channel's blocks in the window, undivided; 0 without any.

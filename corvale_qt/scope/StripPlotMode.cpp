@@ -46,6 +46,7 @@ void StripPlotMode::plot()
     else
         m_context.markers.findInStrip();
     const bool reachesBack = shown.left < shown.firstRow;
+    m_context.curves.history().setGapIntervals(m_context.gaps.intervals());
     m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, shown.left, shown.right);
     const auto ofModel = [model = m_context.model.plot(), rows = shown.rows](int channel) {
         return rows.size() > 0 ? model->seriesData(channel, rows.first, rows.last) : nullptr;

@@ -243,7 +243,7 @@ private Q_SLOTS:
         // So little memory that the lower levels lose their oldest blocks.
         Acquisition all(channels, capacity, 1);
         std::mt19937 random(3);
-        while (all.times.size() < 40000) {
+        while (all.times.size() < 20000) {
             all.append(1 + int(random() % unsigned(largest)), disturbed);
             if (random() % 200 == 0)
                 QCOMPARE(historyFault(all), QString());
@@ -395,6 +395,34 @@ private Q_SLOTS:
         QCOMPARE(litPixels(pictures[0], pictures[1], 0), 0);
         QVERIFY(litPixels(pictures[1], pictures[0], 2)
                 <= 2); // where the newest block is joined to the rows
+    }
+
+    void noBlocksAreJoinedAcrossAnOutage()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(2000);
+        model.setHistorySpan(1000.0);
+        appendWave(model, 20000);
+        appendWave(model, 20000, 61.0);
+        ScopeTestView view(&model);
+        view.setTimeSpan(80.0);
+        view.SetRange(-2.0, 4.0);
+        view.SetYScaleMode(RVXScopePlotView::FullRange);
+        const auto litBetween = [&view](double left, double right) {
+            const QImage picture = view.canvas();
+            int lit = 0;
+            for (int x = view.at(left, 0.0).x(); x < view.at(right, 0.0).x(); ++x) {
+                for (int y = 0; y < view.qwtPlot()->canvas()->height(); ++y) {
+                    const QPoint place = QPoint(x, y) * picture.devicePixelRatio();
+                    lit += qGreen(picture.pixel(place)) > 200 ? 1 : 0;
+                }
+            }
+            return lit;
+        };
+        QVERIFY(litBetween(5.0, 15.0) > 0 && litBetween(65.0, 75.0) > 0);
+        QVERIFY(litBetween(30.0, 55.0) > 0);
+        view.setGapIntervals(3.0);
+        QCOMPARE(litBetween(30.0, 55.0), 0);
     }
 
     void chartIsScrolledThroughIt()

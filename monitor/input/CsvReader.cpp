@@ -80,19 +80,21 @@ bool CsvReader::passDamage()
     const qint64 passed = m_frames->skipDamage();
     m_splitter.clear();
     if (passed == 0) {
-        noteDamage(QStringLiteral("the end of the compressed file is damaged and is lost"));
+        noteDamage(Damage::Inside,
+                   QStringLiteral("the end of the compressed file is damaged and is lost"));
         finish();
         return false;
     }
-    noteDamage(QStringLiteral("%1 bytes of the compressed file are damaged; what they held is lost")
+    noteDamage(Damage::Inside,
+               QStringLiteral("%1 bytes of the compressed file are damaged; what they held is lost")
                    .arg(passed));
     return true;
 }
 
-void CsvReader::noteDamage(const QString &text)
+void CsvReader::noteDamage(Damage damage, const QString &text)
 {
     if (m_damageHandler)
-        m_damageHandler(text);
+        m_damageHandler(damage, text);
     m_sink.eventNoted(text);
 }
 
@@ -230,14 +232,16 @@ void CsvReader::finish()
     // Every line of a recording has a line end. A last line without one was cut off while it was written, and a
     // number in it may have lost digits.
     if (m_isRecording && m_splitter.hasRest()) {
-        noteDamage(QStringLiteral("the recording's last line is incomplete and was left out"));
+        noteDamage(Damage::UnfinishedEnd,
+                   QStringLiteral("the recording's last line is incomplete and was left out"));
         m_splitter.clear();
     }
     m_splitter.finish([this](std::string_view line, bool tooLong) {
         takeLine(line, tooLong);
     });
     if (m_isRecording && m_protocol->dropOpenFrame())
-        noteDamage(QStringLiteral("the recording's last frame is incomplete and was left out"));
+        noteDamage(Damage::UnfinishedEnd,
+                   QStringLiteral("the recording's last frame is incomplete and was left out"));
     m_protocol->finish();
 }
 

@@ -28,8 +28,13 @@ public:
     void setImport(const ImportOptions &options);
     //! Sets whether reading goes on behind a damaged part of a compressed file, with an event that says so.
     void setPassingDamage(bool on) { m_passesDamage = on; }
-    //! Sets what is called with a line for a person where a part of the file is lost that no refused line tells of.
-    void setDamageHandler(const std::function<void(const QString &)> &handler)
+    //! How a part of a file was lost that no refused line tells of.
+    enum class Damage {
+        UnfinishedEnd, //!< it was still being written, as after a kill or a power cut
+        Inside,
+    };
+    //! Sets what is called where such a part is lost, with a line for a person.
+    void setDamageHandler(const std::function<void(Damage damage, const QString &text)> &handler)
     {
         m_damageHandler = handler;
     }
@@ -66,7 +71,7 @@ private:
     void noteContext(std::string_view line);
     QByteArray readPiece(int bytes);
     bool passDamage();
-    void noteDamage(const QString &text);
+    void noteDamage(Damage damage, const QString &text);
     void startOver(qint64 offset);
     void finish();
 
@@ -76,7 +81,7 @@ private:
     bool m_failed = false;
     bool m_isRecording = false;
     bool m_passesDamage = false;
-    std::function<void(const QString &)> m_damageHandler;
+    std::function<void(Damage, const QString &)> m_damageHandler;
     qint64 m_row = 0; //!< rows of the table that were read
     qint64 m_offset = 0; //!< bytes of the text that were read
     ReadPoint m_frame; //!< where the present frame begins

@@ -56,7 +56,7 @@ bool printDamage(const QString &path, const ImportOptions &import)
     if (!examineRecording(path, import, &damage, &error))
         return false;
     print(damage);
-    return !damage.isEmpty();
+    return damage.isInside;
 }
 
 } // namespace Monitor

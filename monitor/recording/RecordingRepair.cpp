@@ -95,6 +95,7 @@ public:
         if (m_copy)
             appendRecordingEvent(&m_text, text);
         m_damage->lostLines += m_lost;
+        m_damage->isInside = true;
         m_lost = 0;
         m_lastLine = 0;
     }
@@ -158,7 +159,8 @@ bool read(const QString &path,
     CsvReader reader(sink);
     reader.setImport(import);
     reader.setPassingDamage(true);
-    reader.setDamageHandler([&](const QString &text) {
+    reader.setDamageHandler([&](CsvReader::Damage kind, const QString &text) {
+        damage->isInside = damage->isInside || kind == CsvReader::Damage::Inside;
         sink.addPlace(tr("lost: %1, %2").arg(text, sink.whereAfter()));
     });
     if (!reader.open(path)) {

@@ -16,6 +16,8 @@ struct RecordingDamage
     qint64 placesLeftOut = 0;
     qint64 lostLines = 0;
     qint64 readings = 0; //!< that can be read
+    bool isInside =
+        false; //!< something else is lost than an unfinished end, as a kill or a power cut leaves it
 
     static constexpr int maxPlaces = 200;
     bool isEmpty() const { return places.isEmpty(); }

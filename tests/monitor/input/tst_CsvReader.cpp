@@ -222,6 +222,10 @@ private Q_SLOTS:
                 + "0,1,2\n1,3,4\n#event x\n2,bad,0\n3,5,6\n4,7,8\n#corvale 1\n#channels "
                   "c\n0,9\n1,10\n2,11\n",
             "");
+        row("frames, which are not begun in the middle",
+            QByteArray("#corvale 2\n#unit nC\n#frame 0 2 2\n1,2\n3,4\n#frame 1 2 2\n5,6\n7,8\n"
+                       "#frame 2 2 2\n9,8\n7,6\n#frame 3 2 2\n5,4\n3,2\n"),
+            "");
         row("spots", QByteArray("x_mm,y_mm,mu\n1,2,3\n2,3,4\n3,4,5\n4,5,6\n"), "");
         row("another program's",
             QByteArray("t;a\r\n0;1,5\r\n1;2,5\r\n2;3,5\r\n3;4,5\r\n"),

@@ -87,6 +87,7 @@ private Q_SLOTS:
         QCOMPARE(fileContents(path("damaged.csv")), text);
         QCOMPARE(copy, path("damaged-repaired.csv"));
         const QString said = damage.places.join('|');
+        QCOMPARE(damage.isInside, damage.lostLines > 0); // an unfinished end is no damage
         QVERIFY2(QRegularExpression(QRegularExpression::wildcardToRegularExpression(places))
                      .match(said)
                      .hasMatch(),

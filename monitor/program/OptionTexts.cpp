@@ -107,7 +107,8 @@ QVector<TopicText> topicTexts()
               tr("A table: a recording (also compressed), a file saved by the library, or CSV. "
                  "Where CSV needs --import, a message says how.")},
              {"IMAGES.pgm, FOLDER",
-              tr("Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of a "
+              tr("Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "
+                 "a "
                  "folder.")},
              {"-", tr("Lines on standard input.")},
              {"tcp://HOST:PORT",

@@ -43,6 +43,11 @@ void TcpServerSource::open()
         return; // a peer has gone, but the next one can still connect
     if (!m_server.listen(m_address, m_port))
         lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
+    else if (!m_address.isLoopback())
+        Q_EMIT noted(
+            tr("WARNING: %1 accepts readings from any machine that reaches this one; listen on "
+               "127.0.0.1 unless you want that")
+                .arg(description()));
 }
 
 //! The port stays open for the next peer.

@@ -56,7 +56,7 @@ private Q_SLOTS:
         row("only names", "--check names.csv", 2, "no readings");
         row("no file", "--stats nowhere.csv", 3, "nowhere.csv cannot be opened");
         row("no picture of no file", "--screenshot v.png nowhere.csv", 3, "Check the path");
-        row("a folder", "--stats .", 3, "cannot be opened");
+        row("a folder", "--stats .", 3, "no files called *.pgm");
         row("nobody listens", "--stats tcp://127.0.0.1:1", 3, "switched on");
         row("existing output", "--convert good.csv good.csv", 4, "exists already");
         row("no folder for output", "--convert no/o.csv good.csv", 4, "no/o.csv");

@@ -147,7 +147,7 @@ private Q_SLOTS:
         putFile(folder + "/notes.txt", "P2 1 1 9 9");
         ManualClock clock;
         const double last = std::numeric_limits<double>::infinity();
-        const auto source = SourceFactory(clock, {2.0, true, -last, last}).make(folder);
+        const auto source = SourceFactory(clock, {2.0, true, -last, last, {}}).make(folder);
         SourceLog log(*source);
         source->start();
         clock.advance(0.18);

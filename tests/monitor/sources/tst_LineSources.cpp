@@ -9,7 +9,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QTcpServer>
+#include <QSignalSpy>
 #include <QTcpSocket>
 
 #include <cstdlib>
@@ -287,6 +287,21 @@ private Q_SLOTS:
 #else
         QSKIP("the system's settings are Linux's");
 #endif
+    }
+
+    //! Readings from other machines are possible only where an operator asked for them, who is told what that means.
+    void listeningToOtherMachinesIsWarnedOf()
+    {
+        ManualClock clock;
+        TcpServerSource closed(clock, QHostAddress::LocalHost, 0),
+            open(clock, QHostAddress::AnyIPv4, 0);
+        for (TcpServerSource *source : {&closed, &open}) {
+            QSignalSpy noted(source, &Source::noted);
+            source->start();
+            QCOMPARE(noted.size(), source == &open ? 1 : 0);
+            QVERIFY(source == &closed
+                    || noted[0][0].toString().startsWith("WARNING: tcp-listen://0.0.0.0:0"));
+        }
     }
 
     void tcpServer()

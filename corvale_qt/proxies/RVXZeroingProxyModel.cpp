@@ -6,8 +6,6 @@
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
 
-#include <QVector>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -280,6 +278,23 @@ bool RVXZeroingProxyModel::isZeroed() const
 {
     Q_D(const RVXZeroingProxyModel);
     return d->active;
+}
+
+QVector<double> RVXZeroingProxyModel::zeros() const
+{
+    Q_D(const RVXZeroingProxyModel);
+    return d->active ? d->zeros : QVector<double>();
+}
+
+void RVXZeroingProxyModel::setZeros(const QVector<double> &zeros)
+{
+    Q_D(RVXZeroingProxyModel);
+    beginSharedReset();
+    d->channels = std::max(columnCount() - 1, 0);
+    d->unitsDiffer = hasChannelUnits(this);
+    d->zeros = zeros.mid(0, d->channels);
+    d->active = !d->zeros.isEmpty();
+    endSharedReset();
 }
 
 QVariant RVXZeroingProxyModel::data(const QModelIndex &index, int role) const

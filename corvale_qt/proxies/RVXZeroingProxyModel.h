@@ -3,6 +3,8 @@
 
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
 
+#include <QVector>
+
 namespace Corvale_Qt {
 
 class RVXBulkPlotData;
@@ -39,6 +41,11 @@ public:
     void zeroClear();
     //! Returns whether zeros are being subtracted.
     bool isZeroed() const;
+    //! Returns the zero of each channel in its base unit; empty while nothing is subtracted.
+    QVector<double> zeros() const;
+    /*! Subtracts these zeros, one for each channel in its base unit, in one reset: those of another proxy on the same
+        instrument, or what was kept. A channel without a zero in the list keeps its readings. No zeros end the subtraction. */
+    void setZeros(const QVector<double> &zeros);
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     double doubleData(int row, int column) const override;

@@ -214,9 +214,8 @@ void RVXScope::ZeroClear()
 void RVXScope::Clear()
 {
     Q_D(RVXScope);
-    // The proxy keeps the model that the host has replaced; the panel must not drop the samples of that one.
-    if (d->hasModel())
-        d->averaging->Clear();
+    if (d->mayClear(tr("Clear"), tr("All samples are removed from the buffer.")))
+        d->clearSamples();
 }
 
 void RVXScope::SaveDataToFile()
@@ -292,12 +291,10 @@ void RVXScope::on_checkBox_bufferedInterval_toggled(bool checked)
     Q_EMIT bufferedIntervalChanged(checked, d->ui.buffered_interval_doubleSpinBox->value());
 }
 
-void RVXScope::on_comboBox_period_currentIndexChanged(int)
+void RVXScope::on_comboBox_period_currentIndexChanged(int index)
 {
     Q_D(RVXScope);
-    const PanelChange change(*d);
-    Clear();
-    d->applyPeriod();
+    d->choosePeriod(index);
 }
 
 void RVXScope::changeEvent(QEvent *event)

@@ -87,6 +87,8 @@ class CORVALE_QT_EXPORT RVXScope : public QWidget
     //! Whether the controls below the tabs are visible, which the button at the right end of the tabs switches; true at first.
     Q_PROPERTY(bool controlsVisible READ areControlsVisible WRITE setControlsVisible NOTIFY
                    controlsVisibleChanged)
+    //! Whether the panel asks before the operator clears samples, by the button or by another period; false at first.
+    Q_PROPERTY(bool confirmClear READ confirmsClear WRITE setConfirmClear)
 
 public:
     //! What the plot shows; the values are those of RVXScopePlotView::PlotMode.
@@ -246,7 +248,12 @@ public:
     //! Shows or hides the controls below the tabs.
     void setControlsVisible(bool visible);
 
-    /*! Returns the properties above, except zeroed, derivativeVisible, beginAtFirst and those of navigation, as bytes that restoreState() reads. \a version is a
+    //! Returns whether the panel asks before the operator clears samples.
+    bool confirmsClear() const;
+    //! Sets whether the panel asks before the operator clears samples. It never asks for what a host does, as by clear().
+    void setConfirmClear(bool confirm);
+
+    /*! Returns the properties above, except zeroed, derivativeVisible, beginAtFirst, confirmClear and those of navigation, as bytes that restoreState() reads. \a version is a
         number of the host, for when the meaning of its states changes. */
     QByteArray saveState(int version = 0) const;
     /*! Sets the properties to those that saveState() returned for the same \a version. Returns false and changes nothing if
@@ -270,6 +277,8 @@ public:
     void setDerivativeVisible(bool visible);
 
 Q_SIGNALS:
+    //! The panel is about to remove all samples from the model; a host that keeps them can offer to undo that.
+    void aboutToClear();
     //! The operator chose whether the instrument collects for \a interval seconds before it reports a reading.
     void bufferedIntervalChanged(bool enabled, double interval);
     /*! The operator chose another y range. \a enabled is false if the scale is automatic or normalised. \a min and \a

@@ -248,7 +248,20 @@ void RVXScope::zeroClear()
 
 void RVXScope::clear()
 {
-    Clear();
+    Q_D(RVXScope);
+    d->clearSamples();
+}
+
+bool RVXScope::confirmsClear() const
+{
+    Q_D(const RVXScope);
+    return d->confirmClear;
+}
+
+void RVXScope::setConfirmClear(bool confirm)
+{
+    Q_D(RVXScope);
+    d->confirmClear = confirm;
 }
 
 bool RVXScope::saveDataToFile(const QString &path)

@@ -55,6 +55,13 @@ public:
     void showState();
     void reserveBufferSizeWidth();
     bool save(const QString &fileName);
+
+    // Clearing, and asking before it, are in ClearQuestion.cpp.
+    bool hasSamples() const;
+    bool mayClear(const QString &title, const QString &text);
+    void clearSamples();
+    void choosePeriod(int index);
+
     void retranslate();
 
     RVXScope *const q_ptr;
@@ -67,6 +74,7 @@ public:
     PanelState announced;
     int changesUnderway = 0; //!< they are announced when all of them are made
     bool saving = false;
+    bool confirmClear = false;
     QString lastSaveDirectory;
 };
 

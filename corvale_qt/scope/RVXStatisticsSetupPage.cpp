@@ -59,6 +59,7 @@ public:
     void store(const QVector<QWidget *> &controls);
     void storeAll();
     void chooseCoGMode(bool on);
+    void adoptPalette();
 
     RVXStatisticsSetupPage *const q_ptr;
     Q_DECLARE_PUBLIC(RVXStatisticsSetupPage)
@@ -70,9 +71,22 @@ public:
     QVector<RVXScopePlotView *> views;
     QSharedPointer<RVXApplicationSettings> settings;
 
+    bool adoptingPalette = false;
+
 private:
     void sync();
 };
+
+/*! Gives the children the page's new palette. Qt's style for style sheets keeps the palette that a child had when its rules
+    were applied first, so that they must be applied again. */
+void RVXStatisticsSetupPagePrivate::adoptPalette()
+{
+    if (adoptingPalette)
+        return; // setting the style sheet brings the same event
+    adoptingPalette = true;
+    q_ptr->setStyleSheet(q_ptr->styleSheet());
+    adoptingPalette = false;
+}
 
 /*! Switches the groups off, which the form must not do: a box that is off disables its children while they are being
     created, and a screen reader then takes them for plain widgets. */
@@ -422,6 +436,8 @@ void RVXStatisticsSetupPage::changeEvent(QEvent *event)
 {
     Q_D(RVXStatisticsSetupPage);
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        d->adoptPalette();
     if (event->type() == QEvent::LanguageChange) {
         const QString title = windowTitle();
         const bool isHostsTitle = title != d->formTitle;

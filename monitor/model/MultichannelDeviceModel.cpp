@@ -97,6 +97,28 @@ void MultichannelDeviceModel::setPaused(bool paused)
     forgetWaiting();
 }
 
+ReadingBlock MultichannelDeviceModel::shownReadings() const
+{
+    ReadingBlock readings(NumberOfChannels());
+    std::vector<double> values(static_cast<std::size_t>(NumberOfChannels()));
+    for (int row = 1; row < rowCount(); ++row) {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = receivedValue(row, int(i));
+        readings.append(doubleData(row, 0), values.data());
+    }
+    return readings;
+}
+
+void MultichannelDeviceModel::putBefore(const ReadingBlock &readings)
+{
+    if (readings.channels() != NumberOfChannels() || readings.isEmpty())
+        return;
+    ReadingBlock all = readings;
+    all.append(shownReadings());
+    RVXMultichannelDeviceModel::Clear(); // what waits in a pause goes on waiting
+    storeRows(all.times(), all.values(0), all.size());
+}
+
 void MultichannelDeviceModel::Clear()
 {
     forgetWaiting();

@@ -44,6 +44,11 @@ public:
 
     //! Replaces the limits of the channels, which files that are saved from now on have.
     void setLimits(const QVector<Corvale_Qt::ChannelLimits> &limits) { m_header.limits = limits; }
+    //! Returns the rows as they were received.
+    ReadingBlock shownReadings() const;
+    //! Puts readings before the present rows; those with another number of channels are ignored.
+    void putBefore(const ReadingBlock &readings);
+
     const StreamHeader &header() const { return m_header; }
     //! Returns the value in row \a row (from 1) of channel \a channel (from 0), in the unit in which it was received.
     double receivedValue(int row, int channel) const { return givenValue(row, channel + 1); }

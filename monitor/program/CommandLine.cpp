@@ -2,6 +2,7 @@
 #include "monitor/program/CommandLine.h"
 
 #include "monitor/program/OptionTexts.h"
+#include "monitor/session/RotationText.h"
 #include "monitor/sources/SourceFactory.h"
 #include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/widgets/TimeSpan.h>
@@ -108,18 +109,8 @@ public:
     }
     void rotation(Recorder::Options *options)
     {
-        static const QRegularExpression form(QStringLiteral("^(\\d{1,9})([kMG])$"));
-        const QStringList limits = text("rotate").split(QLatin1Char(','));
-        for (const QString &limit : limits) {
-            const QRegularExpressionMatch match = form.match(limit);
-            const std::optional<double> time = secondsFromText(limit);
-            if (match.hasMatch() && match.captured(1).toLongLong() > 0)
-                options->rotateBytes = match.captured(1).toLongLong() * bytesOf(match.captured(2));
-            else if (time)
-                options->rotateSeconds = *time;
-            else if (isSet("rotate"))
-                fail("rotate", tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
-        }
+        if (isSet("rotate") && !setRotation(options, text("rotate")))
+            fail("rotate", tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
     }
     void import(ImportOptions *options)
     {
@@ -160,13 +151,6 @@ public:
     QString error() const { return m_error; }
 
 private:
-    static qint64 bytesOf(const QString &letter)
-    {
-        constexpr qint64 kilo = 1000;
-        return letter == QLatin1String("k") ? kilo
-            : letter == QLatin1String("M")  ? kilo * kilo
-                                            : kilo * kilo * kilo;
-    }
     void fail(const char *name, const QString &wanted)
     {
         if (m_error.isEmpty())
@@ -203,6 +187,21 @@ const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
                                                         {"repair", Task::Repair},
                                                         {"screenshot", Task::Screenshot}};
     return tasks;
+}
+
+//! Returns what options that make sense alone contradict in each other; empty if they agree.
+QString contradiction(const CommandLine &wanted, const ValueReader &values)
+{
+    if (wanted.file.from > wanted.file.to)
+        return tr("--from %1 --to %2: there is nothing between them; --from must be the earlier "
+                  "time")
+            .arg(values.text("from"), values.text("to"));
+    if (values.isSet("rotate") && wanted.record.path.isEmpty())
+        return tr("--rotate %1 says when a recording begins a new file, but nothing is recorded; "
+                  "add --record "
+                  "PATH")
+            .arg(values.text("rotate"));
+    return {};
 }
 
 } // namespace
@@ -258,6 +257,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.import(&file.import);
     values.display(&display);
     values.span(&span);
+    speedGiven = values.isSet("speed");
     if (task == Task::Screenshot && !values.isSet("speed"))
         file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));
@@ -273,6 +273,8 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
         *error = tr("--repair takes one file, and no source");
     if (error->isEmpty())
         *error = values.error();
+    if (error->isEmpty())
+        *error = contradiction(*this, values);
     return error->isEmpty();
 }
 

@@ -40,6 +40,7 @@ struct CommandLine
     QString source = QStringLiteral("sim:strips");
     bool sourceGiven = false;
     FileSource::Options file;
+    bool speedGiven = false;
     Recorder::Options record; //!< the path is empty if nothing is to be recorded
     QString output; //!< the file that Screenshot or Convert writes, or that Repair repairs
     bool json = false;

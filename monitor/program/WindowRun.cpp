@@ -5,13 +5,15 @@
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/session/Session.h"
-#include "monitor/sources/PgmSource.h"
+#include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
-#include "monitor/window/ImportDialog.h"
+#include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
+#include "monitor/window/SourceDetector.h"
+#include "monitor/window/SourceImport.h"
+#include "monitor/window/SourceSwitch.h"
 #include "monitor/window/WindowSettings.h"
-#include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QApplication>
@@ -54,31 +56,63 @@ bool WindowRun::prepare()
     return true;
 }
 
+/*! Chooses what is opened and how: the kept settings, and what the command line says instead. A picture is the same for
+    every user. */
+void WindowRun::chooseOptions()
+{
+    m_source = m_commandLine.source;
+    m_options.file = m_commandLine.file;
+    m_options.rangeLow = m_commandLine.rangeLow;
+    m_options.rangeHigh = m_commandLine.rangeHigh;
+    if (isPicture())
+        return;
+    const WindowSettings settings(settingsFile());
+    m_options = keptOptions(settings);
+    const double keptSpeed = m_options.file.speed;
+    m_options.file = m_commandLine.file;
+    if (!m_commandLine.speedGiven)
+        m_options.file.speed = keptSpeed;
+    if (m_commandLine.rangeLow < m_commandLine.rangeHigh) {
+        m_options.rangeLow = m_commandLine.rangeLow;
+        m_options.rangeHigh = m_commandLine.rangeHigh;
+    }
+    if (!m_commandLine.detector.isEmpty())
+        m_options.detectorFile.clear();
+    if (m_commandLine.sourceGiven)
+        return;
+    if (m_options.start == MonitorOptions::Start::Nothing)
+        m_source.clear();
+    else if (m_options.start == MonitorOptions::Start::LastSource)
+        m_source = settings.list(QStringLiteral("recent")).value(0, m_source);
+}
+
 bool WindowRun::openSession()
 {
-    FileSource::Options file = m_commandLine.file;
-    const QString path = SourceFactory::filePath(m_commandLine.source);
-    const bool isTable = !path.isEmpty() && !PgmSource::suits(path);
-    if (!isPicture() && isTable && file.import.isUsual()) {
+    chooseOptions();
+    FileSource::Options file = m_options.file;
+    m_options.file.import = ImportOptions(); // --import tells of the first source alone
+    if (!isPicture()) {
         WindowSettings settings(settingsFile());
-        const std::optional<ImportOptions> import = ImportDialog::optionsFor(path, &settings);
+        const std::optional<ImportOptions> import =
+            importOfSource(m_source, file.import, &settings);
         if (!import)
             return false; // the person does not want to open it
         file.import = *import;
     }
     SourceFactory factory(m_clock, file);
-    std::unique_ptr<Source> source = factory.make(m_commandLine.source);
+    std::unique_ptr<Source> source =
+        m_source.isEmpty() ? std::make_unique<NoSource>(m_clock) : factory.make(m_source);
     if (!source) {
         leave(ExitUsage, factory.errorString());
         return false;
     }
-    const bool endless = m_commandLine.file.loop || !qobject_cast<FileSource *>(source.get());
+    const bool endless = m_options.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
     m_session->setDetector(detectorOfSource());
     if (!openPlan())
         return false;
-    m_session->setRange(m_commandLine.rangeLow, m_commandLine.rangeHigh);
     m_session->setComputedChannels(m_commandLine.computed);
+    m_session->setRange(m_options.rangeLow, m_options.rangeHigh);
     ReadingLimit limit(m_commandLine.afterReadings, m_commandLine.afterSeconds);
     if (isPicture() && endless && !limit.exists())
         limit = ReadingLimit(0, PictureTaker::usualDataTime);
@@ -93,26 +127,21 @@ bool WindowRun::openSession()
     return true;
 }
 
-/*! Returns the detector of --detector, and remembers its file for the source. Without the option it is the one that was
-    remembered, whose trouble the log tells. */
+/*! Returns the detector of --detector, and remembers its file for the source that is opened. Without the option it is the
+    one that was remembered, or that of the settings; the log tells what became of it. */
 Corvale_Qt::DetectorLayout WindowRun::detectorOfSource()
 {
     WindowSettings settings(settingsFile());
-    const QString given = m_commandLine.detectorFile, source = m_commandLine.source;
+    const QString given = m_commandLine.detectorFile;
     if (!given.isEmpty()) {
         const bool forget = given == CommandLine::noDetector();
-        settings.setDetectorFile(source, forget ? QString() : QFileInfo(given).absoluteFilePath());
+        if (!m_source.isEmpty())
+            keepDetector(m_source, forget ? QString() : given, settings);
         return m_commandLine.detector;
     }
-    const QString kept = settings.detectorFile(source);
-    if (kept.isEmpty())
-        return {};
-    Corvale_Qt::DetectorFault fault;
-    const Corvale_Qt::DetectorLayout layout = Corvale_Qt::detectorFromFile(kept, &fault);
-    m_detectorNote = fault.isEmpty()
-        ? tr("the detector is that of %1, as before; --detector none forgets it").arg(kept)
-        : tr("ERROR the detector of %1 is not used: %2").arg(kept, fault.message());
-    return layout;
+    const SourceDetector detector = keptDetector(m_source, m_options.detectorFile, settings);
+    m_detectorNote = detector.note;
+    return detector.layout;
 }
 
 //! Reads the planned spots. Returns false if there is a list that cannot be used.
@@ -133,6 +162,9 @@ bool WindowRun::openPlan()
 void WindowRun::openWindow()
 {
     m_window = std::make_unique<MonitorWindow>(*m_session, settingsFile());
+    m_window->sources().beginWith(m_options);
+    if (!isPicture())
+        m_window->sources().setCurrent(m_source);
     if (m_commandLine.size.isValid())
         m_window->resize(m_commandLine.size);
     else if (isPicture())
@@ -170,8 +202,9 @@ QString WindowRun::hint() const
         ? tr("This beam is simulated.")
         : tr("This is %1.").arg(m_session->source().description());
     return what
-        + tr(" For a real source: corvale-monitor PATH, tcp://HOST:PORT, serial:DEVICE or -. "
-             "Space pauses, Ctrl+R records.");
+        + tr(" File > Open... plays a recording, File > Connect... reads an instrument. Space "
+             "pauses, Ctrl+R records, "
+             "F1 shows the first steps.");
 }
 
 int WindowRun::run()

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
+#include "monitor/session/MonitorOptions.h"
 
 #include <QTemporaryDir>
 
@@ -35,6 +36,7 @@ public:
 
 private:
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
+    void chooseOptions();
     bool openSession();
     bool openPlan();
     Corvale_Qt::DetectorLayout detectorOfSource();
@@ -46,6 +48,8 @@ private:
 
     const CommandLine m_commandLine;
     QTemporaryDir m_pictureSettings;
+    QString m_source; //!< empty for none
+    MonitorOptions m_options;
     SystemClock m_clock;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MonitorWindow> m_window;

@@ -29,14 +29,7 @@ Session::Session(Clock &clock, std::unique_ptr<Source> source, QObject *parent)
     , m_shownEvents(eventsShownASecond)
     , m_recordedEvents(eventsRecordedASecond)
 {
-    connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
-    connect(m_source.get(), &Source::jumped, this, &Session::takeJump);
-    connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
-    connect(m_source.get(), &Source::noted, this, &Session::takeEvent);
-    connect(m_source.get(), &Source::stateChanged, this, [this](Source::State state) {
-        if (state == Source::State::Finished || state == Source::State::Failed)
-            showWaiting();
-    });
+    listenToSource();
     connect(&clock, &Clock::tick, this, &Session::tick);
     connect(&m_alarms, &Alarms::noted, this, &Session::takeEvent);
 }
@@ -46,6 +39,56 @@ Session::~Session() = default;
 void Session::start()
 {
     m_source->start();
+}
+
+void Session::listenToSource()
+{
+    connect(m_source.get(), &Source::streamStarted, this, &Session::takeHeader);
+    connect(m_source.get(), &Source::jumped, this, &Session::takeJump);
+    connect(m_source.get(), &Source::readingsArrived, this, &Session::takeReadings);
+    connect(m_source.get(), &Source::noted, this, &Session::takeEvent);
+    connect(m_source.get(), &Source::lineRefused, this, &Session::lineRefused);
+    connect(m_source.get(), &Source::stateChanged, this, [this](Source::State state) {
+        if (state == Source::State::Finished || state == Source::State::Failed)
+            showWaiting();
+    });
+    connect(m_source.get(), &Source::stateChanged, this, &Session::sourceStateChanged);
+}
+
+void Session::replaceSource(std::unique_ptr<Source> source)
+{
+    tellHeldBack(std::numeric_limits<double>::infinity());
+    stopRecording();
+    setPaused(false);
+    m_source->disconnect(this);
+    Q_EMIT sourceClosing();
+    m_source = std::move(source);
+    forgetStream();
+    listenToSource();
+    Q_EMIT sourceReplaced();
+    start();
+}
+
+//! Forgets all that came from the source so far; limits and detector of the operator stay.
+void Session::forgetStream()
+{
+    m_headerWaits = false;
+    m_toShow.clear(0);
+    m_frame.clear();
+    m_leftOutTold = false;
+    m_statistics = StreamStatistics();
+    m_gapsBefore = 0;
+    m_timeline.begin(StreamHeader());
+    m_shownAt = -std::numeric_limits<double>::infinity(); // what comes is to be seen at once
+    m_streamLimits.clear();
+    m_alarms.startStream(StreamHeader());
+    m_activity.reset();
+    m_limit = ReadingLimit();
+    m_model.startStream(StreamHeader());
+    if (m_stale) {
+        m_stale = false;
+        Q_EMIT staleChanged(false);
+    }
 }
 
 void Session::setRange(double low, double high)

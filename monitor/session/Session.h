@@ -34,6 +34,9 @@ public:
     ~Session() override;
     //! Starts the source.
     void start();
+    /*! Replaces the source by another one and starts it. The recording ends, and what was shown and counted is forgotten.
+        Must not be called from a slot of the source, which is deleted at once, so that the next one may open what it held. */
+    void replaceSource(std::unique_ptr<Source> source);
 
     //! Sets limits that replace those of every stream; none if \a low is not below \a high.
     void setRange(double low, double high);
@@ -86,6 +89,14 @@ public:
     QStringList incompleteRecordings() const { return m_incompleteRecordings; }
 
 Q_SIGNALS:
+    //! Emitted before the present source is deleted, since another one replaces it.
+    void sourceClosing();
+    //! Emitted when there is another source, before it is started.
+    void sourceReplaced();
+    //! Emitted when the state of the present source or its text changed.
+    void sourceStateChanged(Monitor::Source::State state, const QString &text);
+    //! Emitted for each line that the present source dropped.
+    void lineRefused(const Monitor::RefusedLine &line);
     //! Emitted when the model has the channels of another acquisition.
     void streamStarted(const Monitor::StreamHeader &header);
     //! Emitted when a frame is to be shown; \a values has all values of the reading. Not emitted while paused.
@@ -104,6 +115,8 @@ Q_SIGNALS:
     void noted(const QString &text);
 
 private:
+    void listenToSource();
+    void forgetStream();
     void takeHeader(const StreamHeader &header);
     void takeJump();
     bool takeNewPart(const StreamHeader &header);

@@ -60,6 +60,7 @@ void LineSource::takeBytes(std::string_view bytes)
     // Only a connection that brings bytes is a good one; another may be closed again at once.
     m_backoff.reset();
     m_heardAt = clock().seconds();
+    Q_EMIT bytesArrived(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
     m_protocol.setArrivalTime(clock().seconds() - m_startedAt);
     m_splitter.feed(bytes, [this](std::string_view line, bool tooLong) {
         m_protocol.takeLine(line, tooLong);

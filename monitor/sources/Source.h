@@ -37,6 +37,8 @@ public:
     virtual void start() = 0;
     //! Returns the source as a person would name it.
     virtual QString description() const = 0;
+    //! Returns whether this stands for no source at all.
+    virtual bool isNone() const { return false; }
     //! Returns whether the readings are simulated.
     virtual bool isSimulated() const { return false; }
     //! Returns whether the readings come from an instrument as it takes them, so that their arrival dates them.
@@ -66,6 +68,8 @@ Q_SIGNALS:
     void readingsArrived(const Monitor::ReadingBlock &readings);
     //! Emitted with a line for the log.
     void noted(const QString &text);
+    //! Emitted with the bytes as they came, for those that show them; the bytes are valid only while the signal is emitted.
+    void bytesArrived(const QByteArray &bytes);
     //! Emitted for each line that was dropped.
     void lineRefused(const Monitor::RefusedLine &line);
     //! Emitted when the state or its text changed.

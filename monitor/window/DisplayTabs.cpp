@@ -2,6 +2,8 @@
 #include "monitor/window/DisplayTabs.h"
 
 #include "monitor/session/Session.h"
+#include "monitor/window/Baseline.h"
+#include "monitor/window/StateBadge.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
@@ -43,6 +45,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     : RVXPopOutTabWidget(parent)
     , m_session(session)
     , m_scope(new RVXScope(this))
+    , m_baseline(new Baseline(session, *m_scope, this))
     , m_span(new SpanControl(*m_scope, this))
     , m_profile(new ProfilePage(this))
     , m_position(new RVXPositionPlot(this))
@@ -63,6 +66,8 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     showValuesForPeople(*m_scope->plotView());
     m_scope->plotView()->setGapIntervals(usualGapIntervals);
     letOperatorMove(*m_scope);
+    m_scope->setConfirmClear(true);
+    showBaselineOn({m_profile, m_position});
     setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);
     addTab(m_scope, tr("Scope"));
@@ -72,6 +77,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     connect(&session, &Session::streamStarted, this, &DisplayTabs::beginStream);
     connect(&session, &Session::frameShown, &m_frames, &FrameFeeder::takeFrame);
     connect(&m_frames, &FrameFeeder::leftOutChanged, this, &DisplayTabs::leftOutChanged);
+    connect(&session, &Session::sourceReplaced, this, &DisplayTabs::beginStream);
     connect(this, &QTabWidget::currentChanged, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedOut, this, &DisplayTabs::showSpanControl);
     connect(this, &DisplayTabs::tabPoppedIn, this, &DisplayTabs::showSpanControl);
@@ -87,6 +93,22 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     connect(&m_spots, &SpotLayers::changed, this, &DisplayTabs::describeSpots);
     connect(m_comparison, &SpotComparison::changed, this, &DisplayTabs::describeSpots);
     connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &DisplayTabs::showLatestSpot);
+}
+
+//! Subtracts on the other displays what the scope subtracts, and says so beside their numbers.
+void DisplayTabs::showBaselineOn(const QList<QWidget *> &displays)
+{
+    connect(m_baseline, &Baseline::changed, this, [this] {
+        m_frames.setZeros(m_baseline->zeros());
+    });
+    for (QWidget *display : displays) {
+        auto *badge = new StateBadge(display);
+        connect(m_baseline, &Baseline::changed, badge, [this, badge] {
+            // A frame is shown as it came: only its numbers are channels.
+            const bool areFrames = m_session.model().header().hasFrames();
+            badge->tell(areFrames ? QString() : m_baseline->text());
+        });
+    }
 }
 
 //! Returns the displays that have a tab only while the stream has data for them.
@@ -189,6 +211,15 @@ const QVector<QPair<QString, RVXScope::PlotMode>> scopeDisplays = {
 };
 
 } // namespace
+
+bool DisplayTabs::offers(const QString &name) const
+{
+    const QList<QWidget *> optional = optionalDisplays();
+    const auto page = std::find_if(optional.begin(), optional.end(), [&](const QWidget *display) {
+        return display->objectName() == name;
+    });
+    return page == optional.end() || indexOf(*page) >= 0 || isPoppedOut(*page);
+}
 
 bool DisplayTabs::showDisplay(const QString &name)
 {

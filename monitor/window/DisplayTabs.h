@@ -17,6 +17,7 @@ class SpotMapWidget;
 
 namespace Monitor {
 
+class Baseline;
 class Session;
 
 //! The displays as tabs: the scope always, the others while the stream has data for them.
@@ -28,6 +29,7 @@ public:
     explicit DisplayTabs(Session &session, QWidget *parent = nullptr);
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
+    Baseline *baseline() const { return m_baseline; }
     SpanControl *spanControl() const { return m_span; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
     //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.
@@ -42,6 +44,8 @@ public:
     void editSpan();
     //! Returns the displays in separate windows by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows() const;
+    //! Returns whether the stream has data for the display of that name.
+    bool offers(const QString &name) const;
     //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
     //! Returns whether the front tab has drawn data of this stream.
@@ -53,6 +57,7 @@ Q_SIGNALS:
 
 private:
     void beginStream();
+    void showBaselineOn(const QList<QWidget *> &displays);
     void showSpanControl();
     QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
@@ -62,6 +67,7 @@ private:
 
     Session &m_session;
     Corvale_Qt::RVXScope *m_scope;
+    Baseline *m_baseline;
     SpanControl *m_span;
     ProfilePage *m_profile;
     Corvale_Qt::RVXPositionPlot *m_position;

@@ -31,8 +31,8 @@ EventLog::EventLog(Session &session, QWidget *parent)
     adoptPalette();
     connect(&session, &Session::noted, this, &EventLog::write);
     connect(&session, &Session::streamStarted, this, &EventLog::noteStart);
-    connect(&session.source(), &Source::lineRefused, this, &EventLog::noteRefused);
-    connect(&session.source(), &Source::stateChanged, this, &EventLog::noteState);
+    connect(&session, &Session::lineRefused, this, &EventLog::noteRefused);
+    connect(&session, &Session::sourceStateChanged, this, &EventLog::noteState);
     connect(&session.clock(), &Clock::tick, this, &EventLog::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
         write(stale ? tr("WARNING the source is silent") : tr("readings arrive again"));

@@ -2,6 +2,8 @@
 #include "monitor/window/FrameFeeder.h"
 
 #include "monitor/model/MultichannelDeviceModel.h"
+#include "monitor/readings/UnitSymbols.h"
+#include <corvale_qt/units/MeasurementUnit.h>
 
 #include <algorithm>
 #include <cmath>
@@ -73,6 +75,34 @@ bool FrameFeeder::hasShownPosition() const
     return hasProfile() ? hasShownProfile() : m_hasPosition;
 }
 
+void FrameFeeder::setZeros(const QVector<double> &zeros)
+{
+    m_baseZeros = zeros;
+    convertZeros();
+    const int last = m_model->rowCount() - 1;
+    // What the model holds of a stream of frames are numbers of the frames.
+    if (!hasPosition() || last < 1 || m_model->header().hasFrames())
+        return;
+    readRow(last);
+    if (hasProfile()) {
+        m_lastFrame = frameOf(m_values.data(), int(m_values.size()));
+        showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
+    } else {
+        feedPosition(m_values.data());
+    }
+    m_again.start();
+}
+
+//! Converts the zeros to the unit of the readings of this stream.
+void FrameFeeder::convertZeros()
+{
+    const auto unit = unitFromSymbol(m_model->header().commonUnit());
+    m_zeros = m_baseZeros;
+    m_zeros.resize(m_model->header().channels.size());
+    for (double &zero : m_zeros)
+        zero = unit ? unit->scale(zero) : zero;
+}
+
 void FrameFeeder::beginStream()
 {
     const StreamHeader &header = m_model->header();
@@ -82,6 +112,7 @@ void FrameFeeder::beginStream()
     m_up = header.indexOf(QStringLiteral("up"));
     m_down = header.indexOf(QStringLiteral("down"));
     m_values.resize(std::size_t(header.channels.size()));
+    convertZeros();
     m_lastFrame.clear();
     m_lastShown = {};
     m_hasPosition = false;
@@ -144,10 +175,15 @@ int FrameFeeder::firstRowToFeed(int first, int last) const
     return from;
 }
 
-void FrameFeeder::feed(int row)
+void FrameFeeder::readRow(int row)
 {
     for (std::size_t i = 0; i < m_values.size(); ++i)
-        m_values[i] = m_model->receivedValue(row, int(i));
+        m_values[i] = m_model->receivedValue(row, int(i)) - m_zeros.at(int(i));
+}
+
+void FrameFeeder::feed(int row)
+{
+    readRow(row);
     if (!hasProfile()) {
         feedPosition(m_values.data());
         return;
@@ -165,13 +201,16 @@ void FrameFeeder::takeFrame(double time, const QVector<double> &values)
 
 void FrameFeeder::takeValues(double time, const double *values, int count)
 {
-    if (m_isDescribed) {
-        m_lastFrame = QVector<double>(values, values + count);
-    } else {
-        m_lastFrame = m_frames.readingsOf(values);
+    m_lastFrame = frameOf(values, count);
+    if (!m_isDescribed)
         tellLeftOut(m_frames.leftOutOf(values).text());
-    }
     showFrame(time);
+}
+
+//! Returns the readings in the order in which the profile display takes them.
+QVector<double> FrameFeeder::frameOf(const double *values, int count) const
+{
+    return m_isDescribed ? QVector<double>(values, values + count) : m_frames.readingsOf(values);
 }
 
 void FrameFeeder::tellLeftOut(const QString &text)

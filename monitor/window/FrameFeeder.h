@@ -27,6 +27,8 @@ public:
 
     //! Shows a frame of a stream of frames; \a values has all values of the reading.
     void takeFrame(double time, const QVector<double> &values);
+    //! Sets what is subtracted from each channel, in its base unit, and shows the last reading again; nothing if it is empty.
+    void setZeros(const QVector<double> &zeros);
     //! Returns whether the model's stream has profiles.
     bool hasProfile() const { return m_isDescribed || m_frames.isUsable(); }
     //! Returns whether the model's stream has positions.
@@ -45,6 +47,9 @@ private:
     void takeValues(double time, const double *values, int count);
     void tellLeftOut(const QString &text);
     void feedRows(int first, int last);
+    void convertZeros();
+    void readRow(int row);
+    QVector<double> frameOf(const double *values, int count) const;
     void feed(int row);
     int firstRowToFeed(int first, int last) const;
     void showFrame(double time);
@@ -60,6 +65,8 @@ private:
     bool m_isDescribed = false;
     int m_left = -1, m_right = -1, m_up = -1, m_down = -1;
     std::vector<double> m_values;
+    QVector<double> m_baseZeros;
+    QVector<double> m_zeros; //!< the same in the unit of the readings
     QVector<double> m_lastFrame;
     double m_lastTime = 0.0;
     QString m_leftOut;

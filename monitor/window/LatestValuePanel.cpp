@@ -3,56 +3,50 @@
 
 #include "monitor/session/Session.h"
 #include "monitor/window/LimitMarks.h"
+#include "monitor/window/Baseline.h"
+#include "monitor/window/Look.h"
 #include "monitor/window/StaleMarks.h"
+#include "monitor/window/ValueDelegate.h"
 #include <corvale_qt/proxies/RVXLatestPlotDataProxyModel.h>
+#include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/widgets/RVXTableView.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace Monitor {
 
-namespace {
-
-/*! Draws check boxes with a light background in any palette. The names are black on the light colours of the channels,
-    and so are the check marks. */
-class LightCheckBoxes : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->palette.setColor(QPalette::Base, Qt::white);
-        option->palette.setColor(QPalette::Window, Qt::white);
-    }
-};
-
-} // namespace
-
 LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     : QWidget(parent)
     , m_session(session)
+    , m_zeroed(new Corvale_Qt::RVXZeroingProxyModel(this))
     , m_marks(new StaleMarks(this))
+    , m_baseline(new QLabel(this))
     , m_table(new Corvale_Qt::RVXTableView(this))
 {
     auto *latest = new Corvale_Qt::RVXLatestPlotDataProxyModel(this);
     latest->setSiPrefix(true);
-    latest->setSourceModel(&session.model());
+    m_zeroed->setSourceModel(&session.model());
+    latest->setSourceModel(m_zeroed);
     auto *limits = new LimitMarks(session.alarms(), this);
     limits->setSourceModel(latest);
     m_marks->setSourceModel(limits);
     m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setModel(m_marks);
-    m_table->setItemDelegateForColumn(0, new LightCheckBoxes(m_table));
+    m_table->setItemDelegate(new ValueDelegate(m_table));
+    m_table->setShowGrid(false);
+    m_baseline->setObjectName(QStringLiteral("valueState"));
+    m_baseline->setAlignment(Qt::AlignCenter);
+    Look::dress(m_baseline, Look::State::Processed);
+    m_baseline->hide();
     m_table->setDragEnabled(true);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -80,9 +74,37 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     buttons->addWidget(all);
     buttons->addWidget(none);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(2, 2, 2, 2);
+    layout->setContentsMargins(Look::gap / 2, Look::gap / 2, Look::gap / 2, Look::gap / 2);
+    layout->setSpacing(Look::gap / 2);
+    layout->addWidget(m_baseline);
     layout->addWidget(m_table);
     layout->addLayout(buttons);
+}
+
+QAbstractItemModel *LatestValuePanel::values() const
+{
+    return m_marks;
+}
+
+void LatestValuePanel::follow(Baseline *baseline)
+{
+    connect(baseline, &Baseline::changed, this, [this, baseline] {
+        m_zeroed->setZeros(baseline->zeros());
+        m_baseline->setText(baseline->text());
+        m_baseline->setVisible(!baseline->text().isEmpty());
+    });
+}
+
+void LatestValuePanel::copyValues() const
+{
+    const QVector<Channel> &channels = m_session.model().header().channels;
+    QStringList lines;
+    for (int row = 0; row < m_marks->rowCount(); ++row)
+        lines.append(QStringList{m_marks->index(row, 0).data().toString(),
+                                 m_marks->index(row, 1).data().toString(),
+                                 channels.value(row).unit}
+                         .join(QLatin1Char('\t')));
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 QSize LatestValuePanel::sizeHint() const
@@ -102,7 +124,7 @@ void LatestValuePanel::fitNames()
 
 int LatestValuePanel::valueWidth() const
 {
-    const QFontMetrics values(m_session.model().dataFont());
+    const QFontMetrics values(Look::figures(font()));
     const QString number = QStringLiteral(" -0.0000e-00 ");
     const bool hasLimits = !m_session.statistics().header().limits.isEmpty();
     return values.horizontalAdvance(hasLimits ? LimitMarks::longestMark() + number : number);

@@ -3,14 +3,18 @@
 
 #include <QWidget>
 
+class QAbstractItemModel;
+class QLabel;
 class QModelIndex;
 
 namespace Corvale_Qt {
 class RVXTableView;
+class RVXZeroingProxyModel;
 } // namespace Corvale_Qt
 
 namespace Monitor {
 
+class Baseline;
 class Session;
 class StaleMarks;
 
@@ -22,6 +26,12 @@ class LatestValuePanel : public QWidget
 
 public:
     explicit LatestValuePanel(Session &session, QWidget *parent = nullptr);
+    //! Returns the table of names and newest values, as it is shown.
+    QAbstractItemModel *values() const;
+    //! Copies the table as lines of text: name, value and unit, separated by tabs.
+    void copyValues() const;
+    //! Subtracts what \a baseline says from the values.
+    void follow(Baseline *baseline);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -36,7 +46,9 @@ private:
     int leastNameWidth() const;
 
     Session &m_session;
+    Corvale_Qt::RVXZeroingProxyModel *m_zeroed;
     StaleMarks *m_marks;
+    QLabel *m_baseline;
     Corvale_Qt::RVXTableView *m_table;
 };
 

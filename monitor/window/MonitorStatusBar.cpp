@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
+#include "monitor/window/Look.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -14,13 +15,6 @@ namespace {
 constexpr double refreshInterval = 0.25; // s
 constexpr double littleSpace = 3600.0; // s of recording, when the operator is warned
 
-//! Background colours of abnormal states.
-const char yellow[] = "#ffd75e";
-const char amber[] = "#ffc27a";
-const char blue[] = "#9fd0ff";
-const char red[] = "#ffb0a0";
-const char grey[] = "#d8d8d8";
-
 QString sizeText(qint64 bytes)
 {
     constexpr double mega = 1e6;
@@ -28,10 +22,10 @@ QString sizeText(qint64 bytes)
 }
 
 //! Returns the text in black on a light background, so that it is readable in dark and light palettes.
-QString noticeOf(const QString &text, const char *ground)
+QString noticeOf(const QString &text, Look::State state)
 {
     return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>&nbsp;")
-        .arg(QLatin1String(ground), text.toHtmlEscaped());
+        .arg(Look::ground(state).name(), text.toHtmlEscaped());
 }
 
 } // namespace
@@ -60,7 +54,8 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::recordingChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::staleChanged, this, &MonitorStatusBar::refresh);
-    connect(&session.source(), &Source::stateChanged, this, &MonitorStatusBar::refresh);
+    connect(&session, &Session::sourceStateChanged, this, &MonitorStatusBar::refresh);
+    connect(&session, &Session::sourceReplaced, this, &MonitorStatusBar::refresh);
     refresh();
 }
 
@@ -121,7 +116,7 @@ void MonitorStatusBar::refresh()
     m_notices->setText(noticesText());
     m_rate->setText(rateText(m_session.rate()));
     const qint64 bad = source.counts().bad();
-    m_bad->setText(bad > 0 ? noticeOf(badText(bad), amber) : badText(bad));
+    m_bad->setText(bad > 0 ? noticeOf(badText(bad), Look::State::Waiting) : badText(bad));
     m_gaps->setText(gapsText(m_session.gaps()));
     m_recording->setText(recordingText());
     m_clock->setText(clockText());
@@ -133,19 +128,20 @@ QString MonitorStatusBar::noticesText() const
     const Recorder *recorder = m_session.recorder();
     QString notices;
     if (source.isSimulated())
-        notices += noticeOf(tr("SIMULATED"), yellow);
+        notices += noticeOf(tr("SIMULATED"), Look::State::Simulated);
     if (m_session.isPaused())
-        notices +=
-            noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()), blue);
+        notices += noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
+                            Look::State::Paused);
     if (m_session.isStale())
-        notices += noticeOf(tr("STALE"), red);
+        notices += noticeOf(tr("STALE"), Look::State::Trouble);
     if (source.state() == Source::State::Finished)
-        notices += noticeOf(tr("END"), grey);
+        notices += noticeOf(tr("END"), Look::State::Ended);
     const std::optional<double> space = m_space.secondsLeft();
     if (recorder && space && *space < littleSpace)
-        notices += noticeOf(tr("DISK FULL IN %1").arg(SpaceForecast::text(*space)), amber);
+        notices +=
+            noticeOf(tr("DISK FULL IN %1").arg(SpaceForecast::text(*space)), Look::State::Waiting);
     if (recorder && !recorder->errorString().isEmpty())
-        notices += noticeOf(tr("RECORDING FAILS"), red);
+        notices += noticeOf(tr("RECORDING FAILS"), Look::State::Trouble);
     notices += alarmText();
     return notices;
 }
@@ -160,7 +156,7 @@ QString MonitorStatusBar::alarmText() const
     QString text = first.lasts() ? first.text : tr("%1 (over, F8 acknowledges)").arg(first.text);
     if (entries.size() > 1)
         text = tr("%1 and %2 more").arg(text).arg(entries.size() - 1);
-    return noticeOf(text, isAlarm(first.worst) ? red : amber);
+    return noticeOf(text, isAlarm(first.worst) ? Look::State::Trouble : Look::State::Waiting);
 }
 
 QString MonitorStatusBar::recordingText() const

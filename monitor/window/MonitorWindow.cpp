@@ -2,29 +2,29 @@
 #include "monitor/window/MonitorWindow.h"
 
 #include "monitor/session/Session.h"
+#include "monitor/window/ClearUndo.h"
 #include "monitor/window/DisplayTabs.h"
+#include "monitor/window/EditMenu.h"
 #include "monitor/window/EventLog.h"
-#include "monitor/window/ExportActions.h"
+#include "monitor/window/FileDrop.h"
+#include "monitor/window/FileMenu.h"
+#include "monitor/window/HelpMenu.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/LeftOutNotice.h"
-#include "monitor/window/LimitActions.h"
+#include "monitor/window/MeasureMenu.h"
 #include "monitor/window/MonitorStatusBar.h"
-#include "monitor/window/PictureActions.h"
-#include "monitor/window/RecordAction.h"
+#include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceNotice.h"
+#include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatisticsPanel.h"
-#include "monitor/window/TapePanel.h"
-#include "monitor/window/TimeAxisActions.h"
-#include "monitor/window/TriggerAction.h"
-#include "monitor/window/ValueActions.h"
+#include "monitor/window/TapeBar.h"
+#include "monitor/window/ViewMenu.h"
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
-#include <QAction>
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace Monitor {
@@ -41,14 +41,17 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     , m_settings(settingsFile)
     , m_displays(new DisplayTabs(session))
 {
-    setWindowTitle(tr("%1 - Corvale Monitor").arg(session.source().description()));
+    m_sources = new SourceSwitch(session, m_settings, this);
+    showTitle();
     addCentre();
     setStatusBar(new MonitorStatusBar(session, this));
-    addMenus();
     addDocks();
+    addMenus();
     restoreLayout();
     restoreTimeSpan();
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
+    connect(&session, &Session::sourceReplaced, this, &MonitorWindow::showTitle);
+    connect(new FileDrop(this), &FileDrop::dropped, m_sources, &SourceSwitch::open);
 }
 
 MonitorWindow::~MonitorWindow() = default;
@@ -56,29 +59,47 @@ MonitorWindow::~MonitorWindow() = default;
 void MonitorWindow::addCentre()
 {
     auto *centre = new QWidget(this);
+    auto *cleared = new NoticeLine(centre);
+    cleared->setObjectName(QStringLiteral("cleared"));
+    m_undoClear = new ClearUndo(m_session, *m_displays->scope(), *cleared, this);
     m_centre = new QVBoxLayout(centre);
     m_centre->setContentsMargins(0, 0, 0, 0);
     m_centre->setSpacing(2);
     m_centre->addWidget(new SourceNotice(m_session, centre));
     m_centre->addWidget(new LeftOutNotice(m_session, *m_displays, centre));
+    m_centre->addWidget(cleared);
     m_centre->addWidget(m_displays, 1);
     setCentralWidget(centre);
 }
 
+//! Adds the menus, each a class of its own; the panels must be there.
+void MonitorWindow::addMenus()
+{
+    menuBar()->addMenu(new FileMenu(m_session, *m_sources, *m_displays, m_settings, this));
+    menuBar()->addMenu(new EditMenu(*m_displays, *m_values, m_undoClear->action(), this));
+    auto *view = new ViewMenu(m_session, *m_displays, *m_values, m_settings, this);
+    view->addPanel(findChild<QDockWidget *>(QStringLiteral("values")), tr("Latest &values"));
+    view->addPanel(findChild<QDockWidget *>(QStringLiteral("statistics")), tr("St&atistics"));
+    view->addPanel(findChild<QDockWidget *>(QStringLiteral("log")), tr("&Log"));
+    view->addPanel(m_tape->action());
+    menuBar()->addMenu(view);
+    menuBar()->addMenu(new MeasureMenu(m_session, *m_displays, m_settings, this));
+    menuBar()->addMenu(new HelpMenu(menuBar(), this));
+}
+
 void MonitorWindow::addDocks()
 {
-    addDock(new LatestValuePanel(m_session), "values", tr("Latest values"), Qt::LeftDockWidgetArea);
+    m_values = new LatestValuePanel(m_session);
+    m_values->follow(m_displays->baseline());
+    addDock(m_values, "values", tr("Latest values"), Qt::LeftDockWidgetArea);
     addDock(new StatisticsPanel(m_session, *m_displays, m_settings),
             "statistics",
             tr("Statistics"),
             Qt::RightDockWidgetArea);
-    addDock(new EventLog(m_session), "log", tr("Log"), Qt::BottomDockWidgetArea);
+    addDock(new EventLog(m_session), "log", tr("Log (UTC)"), Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    if (QToolBar *tape = TapePanel::toolBarFor(m_session, this)) {
-        addToolBar(Qt::BottomToolBarArea, tape);
-        m_viewMenu->addAction(tape->toggleViewAction());
-    }
+    m_tape = new TapeBar(m_session, this);
 }
 
 void MonitorWindow::addDock(QWidget *widget,
@@ -90,56 +111,11 @@ void MonitorWindow::addDock(QWidget *widget,
     dock->setObjectName(QLatin1String(name));
     dock->setWidget(widget);
     addDockWidget(area, dock);
-    m_viewMenu->addAction(dock->toggleViewAction());
 }
 
-void MonitorWindow::addMenus()
+void MonitorWindow::showTitle()
 {
-    QMenu *file = menuBar()->addMenu(tr("&File"));
-    file->addAction(new RecordAction(m_session, this));
-    new ExportActions(m_session, *m_displays, file, this);
-    new PictureActions(*m_displays, file, this);
-    file->addSeparator();
-    QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
-    quit->setShortcut(QKeySequence::Quit);
-
-    m_viewMenu = menuBar()->addMenu(tr("&View"));
-    addPauseAction(m_viewMenu);
-    addSpanAction(m_viewMenu);
-    addTimeAxisActions(m_viewMenu);
-    new ValueActions(m_session, *m_displays, m_settings, m_viewMenu, this);
-    m_viewMenu->addAction(new TriggerAction(m_session, *m_displays, this));
-    m_viewMenu->addSeparator();
-
-    new LimitActions(m_session, *m_displays, m_settings, menuBar()->addMenu(tr("&Limits")), this);
-}
-
-void MonitorWindow::addPauseAction(QMenu *menu)
-{
-    QAction *pause = menu->addAction(tr("&Pause"));
-    pause->setObjectName(QStringLiteral("pause"));
-    pause->setCheckable(true);
-    // The keys also work in the separate windows of displays.
-    pause->setShortcuts({QKeySequence(Qt::Key_Space), QKeySequence(Qt::Key_Pause)});
-    pause->setShortcutContext(Qt::ApplicationShortcut);
-    connect(pause, &QAction::toggled, &m_session, &Session::setPaused);
-    connect(&m_session, &Session::pausedChanged, pause, &QAction::setChecked);
-}
-
-void MonitorWindow::addSpanAction(QMenu *menu)
-{
-    QAction *span = menu->addAction(tr("&Time span"), m_displays, &DisplayTabs::editSpan);
-    span->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_T));
-    span->setShortcutContext(Qt::ApplicationShortcut);
-}
-
-void MonitorWindow::addTimeAxisActions(QMenu *menu)
-{
-    auto *axis = new TimeAxisActions(m_session, *m_displays->scope(), menu);
-    axis->choose(m_settings.timeAxis());
-    connect(axis, &TimeAxisActions::chosen, this, [this](const QString &choice) {
-        m_settings.setTimeAxis(choice);
-    });
+    setWindowTitle(tr("%1 - Corvale Monitor").arg(m_session.source().description()));
 }
 
 void MonitorWindow::restoreTimeSpan()
@@ -171,6 +147,8 @@ void MonitorWindow::restoreLayout()
     resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {logHeight}, Qt::Vertical);
     restoreGeometry(m_settings.geometry());
     restoreState(m_settings.docks());
+    if (!isMaximized() && !isFullScreen())
+        fitToScreen(this);
 }
 
 void MonitorWindow::restoreDisplay(const StreamHeader &header)

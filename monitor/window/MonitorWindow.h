@@ -9,8 +9,12 @@ class QVBoxLayout;
 
 namespace Monitor {
 
-class Session;
+class ClearUndo;
 class DisplayTabs;
+class LatestValuePanel;
+class Session;
+class SourceSwitch;
+class TapeBar;
 
 /*! The window: values on the left, displays in the middle, statistics on the right, log and status below. It arranges
     its parts and assigns their keys; what they do is up to them. */
@@ -27,6 +31,8 @@ public:
     ~MonitorWindow() override;
 
     DisplayTabs &displays() const { return *m_displays; }
+    //! Returns what opens other sources in this window.
+    SourceSwitch &sources() const { return *m_sources; }
     //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
     void showHint(const QString &text);
 
@@ -38,9 +44,7 @@ private:
     void addDocks();
     void addDock(QWidget *widget, const char *name, const QString &title, Qt::DockWidgetArea area);
     void addMenus();
-    void addPauseAction(QMenu *menu);
-    void addSpanAction(QMenu *menu);
-    void addTimeAxisActions(QMenu *menu);
+    void showTitle();
     void restoreTimeSpan();
     void restoreLayout();
     void restoreDisplay(const StreamHeader &header);
@@ -50,7 +54,10 @@ private:
     WindowSettings m_settings;
     DisplayTabs *m_displays;
     QVBoxLayout *m_centre = nullptr;
-    QMenu *m_viewMenu = nullptr;
+    SourceSwitch *m_sources = nullptr;
+    LatestValuePanel *m_values = nullptr;
+    TapeBar *m_tape = nullptr;
+    ClearUndo *m_undoClear = nullptr;
     //! The kinds of streams whose separate windows were restored.
     QVector<StreamKind> m_arranged;
 };

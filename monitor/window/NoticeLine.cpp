@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/NoticeLine.h"
 
+#include "monitor/window/Look.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -9,17 +11,17 @@ namespace Monitor {
 
 namespace {
 
-QColor groundOf(NoticeLine::Kind kind)
+Look::State stateOf(NoticeLine::Kind kind)
 {
     switch (kind) {
     case NoticeLine::Kind::Trouble:
-        return {255, 176, 160};
+        return Look::State::Trouble;
     case NoticeLine::Kind::Waiting:
-        return {255, 224, 138};
+        return Look::State::Waiting;
     case NoticeLine::Kind::Hint:
         break;
     }
-    return {205, 228, 255};
+    return Look::State::Hint;
 }
 
 } // namespace
@@ -38,10 +40,9 @@ NoticeLine::NoticeLine(QWidget *parent)
         Q_EMIT dismissed();
     });
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 3, 8, 3);
+    layout->setContentsMargins(Look::gap, Look::gap / 2, Look::gap, Look::gap / 2);
     layout->addWidget(m_label, 1);
     layout->addWidget(m_button);
-    setAutoFillBackground(true);
     hide();
 }
 
@@ -49,7 +50,7 @@ void NoticeLine::tell(const QString &text, Kind kind)
 {
     if (text != m_label->text()) {
         m_label->setText(text);
-        setGround(kind);
+        Look::dress(this, stateOf(kind));
     }
     setVisible(!text.isEmpty());
 }
@@ -63,19 +64,6 @@ void NoticeLine::setDismissible(const QString &buttonText)
 {
     m_button->setText(buttonText);
     m_button->show();
-}
-
-//! Sets the background of that kind, which is the same in light and dark palettes so that nobody misses the notice.
-void NoticeLine::setGround(Kind kind)
-{
-    QPalette colours = palette();
-    const QColor ground = groundOf(kind);
-    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        colours.setColor(role, ground);
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colours.setColor(role, Qt::black);
-    setPalette(colours);
 }
 
 } // namespace Monitor

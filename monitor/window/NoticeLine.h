@@ -36,8 +36,6 @@ Q_SIGNALS:
     void dismissed();
 
 private:
-    void setGround(Kind kind);
-
     QLabel *m_label;
     QToolButton *m_button;
 };

@@ -3,28 +3,35 @@
 
 #include <QObject>
 
-class QMenu;
+class QAction;
 class QWidget;
 
 namespace Monitor {
 
 class DisplayTabs;
 
-//! Menu entries that copy or save a picture of the display that the operator works with.
+//! Actions that copy, save or print a picture of the display that the operator works with.
 class PictureActions : public QObject
 {
     Q_OBJECT
 
 public:
-    //! Adds the entries to \a menu; \a window is the parent of the dialogs.
-    PictureActions(DisplayTabs &displays, QMenu *menu, QWidget *window);
+    //! \a window is the parent of the dialogs.
+    PictureActions(DisplayTabs &displays, QWidget *window);
+
+    QAction *saveAction() const { return m_save; }
+    QAction *printAction() const { return m_print; }
 
 private:
+    QAction *newAction(const char *name, const QString &text, const QKeySequence &keys);
     void save();
+    void print();
 
     DisplayTabs &m_displays;
     QWidget *m_window;
     QString m_folder;
+    QAction *m_save;
+    QAction *m_print;
 };
 
 } // namespace Monitor

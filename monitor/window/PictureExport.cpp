@@ -12,6 +12,8 @@
 #include <QSvgGenerator>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace Monitor {
 
 namespace {
@@ -81,6 +83,18 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     if (error->isEmpty())
         *error = QStringLiteral("%1: %2").arg(path, file.errorString());
     return false;
+}
+
+bool PictureExport::print(QWidget *widget, QPagedPaintDevice *page)
+{
+    QPainter painter;
+    if (!painter.begin(page))
+        return false;
+    const double scale = std::min(double(page->width()) / widget->width(),
+                                  double(page->height()) / widget->height());
+    painter.scale(scale, scale);
+    widget->render(&painter);
+    return painter.end();
 }
 
 void PictureExport::copy(QWidget *widget)

@@ -27,11 +27,18 @@ SourceNotice::SourceNotice(Session &session, QWidget *parent)
     setObjectName(QStringLiteral("sourceNotice"));
     connect(&session.clock(), &Clock::tick, this, &SourceNotice::refreshIfDue);
     connect(&session, &Session::streamStarted, this, &SourceNotice::refresh);
-    connect(&session.source(), &Source::lineRefused, this, &SourceNotice::noteRefused);
-    connect(&session.source(), &Source::stateChanged, this, [this] {
-        m_since = m_session.clock().seconds();
-        refresh();
+    connect(&session, &Session::lineRefused, this, &SourceNotice::noteRefused);
+    connect(&session, &Session::sourceStateChanged, this, &SourceNotice::beginWait);
+    connect(&session, &Session::sourceReplaced, this, [this] {
+        m_firstRefused.clear();
+        beginWait();
     });
+}
+
+void SourceNotice::beginWait()
+{
+    m_since = m_session.clock().seconds();
+    refresh();
 }
 
 void SourceNotice::noteRefused(const RefusedLine &line)
@@ -50,6 +57,10 @@ void SourceNotice::refresh()
 {
     m_refreshedAt = m_session.clock().seconds();
     const Source &source = m_session.source();
+    if (source.isNone()) {
+        tell(joined(source.description(), source.remedy()), Kind::Hint);
+        return;
+    }
     switch (source.state()) {
     case Source::State::Failed:
         tell(joined(source.stateText(), source.remedy()), Kind::Trouble);

@@ -17,6 +17,7 @@ public:
     explicit SourceNotice(Session &session, QWidget *parent = nullptr);
 
 private:
+    void beginWait();
     void refresh();
     void refreshIfDue();
     QString silenceText() const;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/StaleMarks.h"
 
-#include <QBrush>
-
 namespace Monitor {
 
 namespace {
@@ -29,8 +27,8 @@ QVariant StaleMarks::data(const QModelIndex &index, int role) const
     if (!m_stale || index.column() != valueColumn)
         return value;
     switch (role) {
-    case Qt::ForegroundRole:
-        return QBrush(QColor(160, 160, 160)); // the table is black, and current values are green
+    case StaleRole:
+        return true;
     case Qt::DisplayRole:
         return tr("old: %1").arg(value.toString());
     case Qt::ToolTipRole:

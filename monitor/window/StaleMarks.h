@@ -11,6 +11,9 @@ class StaleMarks : public QIdentityProxyModel
     Q_OBJECT
 
 public:
+    //! The role that tells whether a value is old.
+    static constexpr int StaleRole = Qt::UserRole + 100;
+
     explicit StaleMarks(QObject *parent = nullptr);
     //! Sets whether the values are marked.
     void setStale(bool stale);

@@ -8,6 +8,8 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSettings>
 #include <QUrl>
 
@@ -236,6 +238,32 @@ void WindowSettings::setWindows(StreamKind kind, const QMap<QString, QByteArray>
     for (auto window = windows.begin(); window != windows.end(); ++window)
         entries.append(window.key() + QLatin1Char(':') + toText(window.value()));
     setValue(windowsKey(kind), entries.join(QLatin1Char(' ')));
+}
+
+QString WindowSettings::text(const QString &name) const
+{
+    return value(QStringLiteral("Monitor/") + name).toString();
+}
+
+void WindowSettings::setText(const QString &name, const QString &text)
+{
+    setValue(QStringLiteral("Monitor/") + name, text);
+}
+
+QStringList WindowSettings::list(const QString &name) const
+{
+    const QJsonArray texts = QJsonDocument::fromJson(text(name).toUtf8()).array();
+    QStringList list;
+    for (const QJsonValue &entry : texts)
+        list.append(entry.toString());
+    return list;
+}
+
+//! Both formats of the file hold one text for each name, so the list is written as JSON.
+void WindowSettings::setList(const QString &name, const QStringList &texts)
+{
+    const QJsonDocument document(QJsonArray::fromStringList(texts));
+    setText(name, QString::fromUtf8(document.toJson(QJsonDocument::Compact)));
 }
 
 QVariant WindowSettings::value(const QString &key) const

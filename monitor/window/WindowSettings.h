@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QMap>
+#include <QStringList>
 
 #include <memory>
 
@@ -76,6 +77,13 @@ public:
     //! Returns the displays that were in separate windows, by name, each with the saved geometry of its window.
     QMap<QString, QByteArray> windows(StreamKind kind) const;
     void setWindows(StreamKind kind, const QMap<QString, QByteArray> &windows);
+
+    //! Returns a text that was kept under a name such as "recent"; empty if there is none.
+    QString text(const QString &name) const;
+    void setText(const QString &name, const QString &text);
+    //! Returns texts that were kept under a name, in their order.
+    QStringList list(const QString &name) const;
+    void setList(const QString &name, const QStringList &texts);
 
 private:
     QVariant value(const QString &key) const;

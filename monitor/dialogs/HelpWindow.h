@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <QDialog>
+
+class QTextBrowser;
+
+namespace Monitor {
+
+//! The pages that are built into the program; they need no network.
+class HelpWindow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    enum class Page {
+        FirstSteps,
+        Keys,
+        LineProtocol,
+        Licences,
+    };
+
+    explicit HelpWindow(QWidget *parent = nullptr);
+    //! Sets the text of the page of keys, as Markdown: what the menus of the window have.
+    void setKeys(const QString &markdown) { m_keys = markdown; }
+    //! Shows a page and brings the window to the front.
+    void showPage(Page page);
+
+private:
+    QTextBrowser *m_text;
+    QString m_keys;
+};
+
+//! Shows versions, licence and where to find more.
+void showAbout(QWidget *parent);
+
+} // namespace Monitor

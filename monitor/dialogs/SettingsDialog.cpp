@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/dialogs/SettingsDialog.h"
+
+#include "monitor/session/RotationText.h"
+#include <corvale_qt/detector/DetectorFile.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr double slowest = 0.01, fastest = 10000.0;
+
+QLineEdit *newEdit(QWidget *parent, const char *name, const QString &placeholder)
+{
+    auto *edit = new QLineEdit(parent);
+    edit->setObjectName(QLatin1String(name));
+    edit->setPlaceholderText(placeholder);
+    return edit;
+}
+
+//! Adds a field with a line below that explains it.
+void addField(QFormLayout *layout,
+              const QString &label,
+              QWidget *editor,
+              const QString &explanation)
+{
+    editor->setToolTip(explanation);
+    layout->addRow(label, editor);
+    auto *below = new QLabel(explanation);
+    below->setTextFormat(Qt::PlainText);
+    below->setWordWrap(true);
+    layout->addRow(QString(), below);
+}
+
+QString numberText(double number)
+{
+    constexpr int digits = 10;
+    return std::isfinite(number) ? QString::number(number, 'g', digits) : QString();
+}
+
+//! Reads a number into \a number; an empty text is \a otherwise. Returns false if the text is no number.
+bool readNumber(const QLineEdit *edit, double otherwise, double *number)
+{
+    const QString text = edit->text().trimmed();
+    bool isNumber = true;
+    *number = text.isEmpty() ? otherwise : text.toDouble(&isNumber);
+    return isNumber && !std::isnan(*number);
+}
+
+} // namespace
+
+SettingsDialog::SettingsDialog(const MonitorOptions &options,
+                               const QString &settingsFile,
+                               QWidget *parent)
+    : QDialog(parent)
+    , m_former(options)
+    , m_start(new QComboBox(this))
+    , m_speed(new QDoubleSpinBox(this))
+    , m_unpaced(new QCheckBox(tr("As fast as &possible"), this))
+    , m_loop(new QCheckBox(tr("Play a file &again and again"), this))
+    , m_from(newEdit(this, "from", tr("its first reading")))
+    , m_to(newEdit(this, "to", tr("its last reading")))
+    , m_low(newEdit(this, "low", tr("as the source says")))
+    , m_high(newEdit(this, "high", tr("as the source says")))
+    , m_detector(newEdit(this, "detector", tr("as the source says")))
+    , m_folder(newEdit(this, "folder", tr("record nothing by itself")))
+    , m_rotation(newEdit(this, "rotation", tr("never")))
+    , m_fault(new QLabel(this))
+{
+    setObjectName(QStringLiteral("settingsDialog"));
+    setWindowTitle(tr("Settings"));
+    auto *pages = new QTabWidget(this);
+    pages->addTab(newStartPage(settingsFile), tr("&Start"));
+    pages->addTab(newFilePage(), tr("&Files"));
+    pages->addTab(newReadingsPage(), tr("R&eadings"));
+    pages->addTab(newRecordPage(), tr("Re&cordings"));
+    m_fault->setTextFormat(Qt::PlainText);
+    m_fault->setWordWrap(true);
+    m_fault->setObjectName(QStringLiteral("fault"));
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(m_unpaced, &QCheckBox::toggled, m_speed, &QWidget::setDisabled);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(pages);
+    layout->addWidget(m_fault);
+    layout->addWidget(buttons);
+    fill();
+}
+
+QWidget *SettingsDialog::newStartPage(const QString &settingsFile)
+{
+    m_start->addItems({tr("A simulated beam"), tr("The last source"), tr("No source")});
+    m_start->setObjectName(QStringLiteral("start"));
+    auto *page = new QWidget(this);
+    auto *layout = new QFormLayout(page);
+    addField(layout,
+             tr("&Open:"),
+             m_start,
+             tr("What a start shows if the command line names no source."));
+    auto *file = new QLabel(settingsFile, page);
+    file->setTextFormat(Qt::PlainText);
+    file->setWordWrap(true);
+    file->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    addField(layout,
+             tr("Kept in:"),
+             file,
+             tr("--settings FILE on the command line chooses another file, and another window."));
+    return page;
+}
+
+QWidget *SettingsDialog::newFilePage()
+{
+    m_speed->setObjectName(QStringLiteral("speed"));
+    m_speed->setRange(slowest, fastest);
+    m_speed->setDecimals(2);
+    m_speed->setSuffix(tr(" times as recorded"));
+    auto *page = new QWidget(this);
+    auto *layout = new QFormLayout(page);
+    layout->addRow(tr("Spee&d:"), m_speed);
+    layout->addRow(QString(), m_unpaced);
+    layout->addRow(QString(), m_loop);
+    layout->addRow(tr("F&rom:"), m_from);
+    addField(layout,
+             tr("&To:"),
+             m_to,
+             tr("Times of the file, in seconds. They hold for files that are opened from now on, "
+                "until the end of the program."));
+    return page;
+}
+
+QWidget *SettingsDialog::newReadingsPage()
+{
+    auto *page = new QWidget(this);
+    auto *layout = new QFormLayout(page);
+    layout->addRow(tr("Lowest &limit:"), m_low);
+    addField(layout,
+             tr("&Highest limit:"),
+             m_high,
+             tr("Readings outside are over range, in the unit of the readings, from the next start "
+                "of a source on. Empty: the limits that the source states."));
+    addField(layout,
+             tr("&Detector:"),
+             withBrowse(m_detector, false),
+             tr("A file that describes the places and the calibration of the detector (.json). "
+                "Empty: what the source says."));
+    return page;
+}
+
+QWidget *SettingsDialog::newRecordPage()
+{
+    auto *page = new QWidget(this);
+    auto *layout = new QFormLayout(page);
+    addField(layout,
+             tr("Fo&lder:"),
+             withBrowse(m_folder, true),
+             tr("Every source that is opened is recorded to a new file in this folder, named after "
+                "the date and time. Empty: only File > Record."));
+    addField(layout,
+             tr("&New file after:"),
+             m_rotation,
+             tr("A time or a size: 1h, 30min, 100M, 2G."));
+    return page;
+}
+
+QWidget *SettingsDialog::withBrowse(QLineEdit *edit, bool folder)
+{
+    auto *browse = new QPushButton(tr("&Browse..."), this);
+    browse->setAutoDefault(false);
+    auto *row = new QWidget(this);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(edit, 1);
+    layout->addWidget(browse);
+    row->setFocusProxy(edit);
+    connect(browse, &QPushButton::clicked, this, [this, edit, folder] {
+        const QString path = folder
+            ? QFileDialog::getExistingDirectory(this, tr("Folder for recordings"), edit->text())
+            : QFileDialog::getOpenFileName(this,
+                                           tr("Description of a detector"),
+                                           edit->text(),
+                                           tr("Detectors (*.json);;All files (*)"));
+        if (!path.isEmpty())
+            edit->setText(path);
+    });
+    return row;
+}
+
+void SettingsDialog::fill()
+{
+    m_start->setCurrentIndex(int(m_former.start));
+    m_unpaced->setChecked(m_former.file.speed == 0.0);
+    m_speed->setValue(m_former.file.speed > 0.0 ? m_former.file.speed : 1.0);
+    m_loop->setChecked(m_former.file.loop);
+    m_from->setText(numberText(m_former.file.from));
+    m_to->setText(numberText(m_former.file.to));
+    if (m_former.hasRange()) {
+        m_low->setText(numberText(m_former.rangeLow));
+        m_high->setText(numberText(m_former.rangeHigh));
+    }
+    m_detector->setText(m_former.detectorFile);
+    m_folder->setText(m_former.recordFolder);
+    m_rotation->setText(m_former.rotation);
+}
+
+MonitorOptions SettingsDialog::options() const
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    MonitorOptions options = m_former;
+    options.start = MonitorOptions::Start(m_start->currentIndex());
+    options.file.speed = m_unpaced->isChecked() ? 0.0 : m_speed->value();
+    options.file.loop = m_loop->isChecked();
+    readNumber(m_from, -infinity, &options.file.from);
+    readNumber(m_to, infinity, &options.file.to);
+    readNumber(m_low, 0.0, &options.rangeLow);
+    readNumber(m_high, 0.0, &options.rangeHigh);
+    options.detectorFile = m_detector->text().trimmed();
+    options.recordFolder = m_folder->text().trimmed();
+    options.rotation = m_rotation->text().trimmed();
+    return options;
+}
+
+//! Returns what is wrong with the fields and what would be right; empty if they make sense.
+QString SettingsDialog::fault() const
+{
+    double number = 0.0;
+    for (const QLineEdit *edit : {m_from, m_to, m_low, m_high})
+        if (!readNumber(edit, 0.0, &number))
+            return tr("\"%1\" is no number. Write it with a decimal point, like 1.5 or -1e-6.")
+                .arg(edit->text());
+    const MonitorOptions wanted = options();
+    if (wanted.file.from > wanted.file.to)
+        return tr("There is nothing between %1 s and %2 s: the first time must be the earlier one.")
+            .arg(wanted.file.from)
+            .arg(wanted.file.to);
+    const bool anyLimit = !m_low->text().trimmed().isEmpty() || !m_high->text().trimmed().isEmpty();
+    const bool bothLimits =
+        !m_low->text().trimmed().isEmpty() && !m_high->text().trimmed().isEmpty();
+    if (anyLimit && !(bothLimits && wanted.hasRange()))
+        return tr("Limits need two numbers, the lower one first; or leave both fields empty.");
+    Recorder::Options record;
+    if (!wanted.rotation.isEmpty() && !setRotation(&record, wanted.rotation))
+        return tr("\"%1\" is neither a time nor a size. Write 1h, 30min, 100M or 2G.")
+            .arg(wanted.rotation);
+    if (wanted.detectorFile.isEmpty())
+        return {};
+    Corvale_Qt::DetectorFault detectorFault;
+    Corvale_Qt::detectorFromFile(wanted.detectorFile, &detectorFault);
+    return detectorFault.isEmpty() ? QString() : detectorFault.message();
+}
+
+void SettingsDialog::accept()
+{
+    m_fault->setText(fault());
+    if (m_fault->text().isEmpty())
+        QDialog::accept();
+}
+
+} // namespace Monitor

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/session/MonitorOptions.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+
+namespace Monitor {
+
+//! Asks for what the command line can also say: how files are played, limits, the detector, and recordings.
+class SettingsDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    //! \a settingsFile is where the choices are kept; the dialog shows it.
+    SettingsDialog(const MonitorOptions &options,
+                   const QString &settingsFile,
+                   QWidget *parent = nullptr);
+
+    //! Returns what the fields say.
+    MonitorOptions options() const;
+    void accept() override;
+
+private:
+    QWidget *newStartPage(const QString &settingsFile);
+    QWidget *newFilePage();
+    QWidget *newReadingsPage();
+    QWidget *newRecordPage();
+    void fill();
+    QWidget *withBrowse(QLineEdit *edit, bool folder);
+    QString fault() const;
+
+    const MonitorOptions m_former;
+    QComboBox *m_start;
+    QDoubleSpinBox *m_speed;
+    QCheckBox *m_unpaced;
+    QCheckBox *m_loop;
+    QLineEdit *m_from;
+    QLineEdit *m_to;
+    QLineEdit *m_low;
+    QLineEdit *m_high;
+    QLineEdit *m_detector;
+    QLineEdit *m_folder;
+    QLineEdit *m_rotation;
+    QLabel *m_fault;
+};
+
+} // namespace Monitor

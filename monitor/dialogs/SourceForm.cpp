@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/dialogs/SourceForm.h"
+
+#include "monitor/dialogs/LineForms.h"
+#include "monitor/dialogs/LocalForms.h"
+
+#include <QFormLayout>
+#include <QLabel>
+
+namespace Monitor {
+
+SourceForm::SourceForm(QWidget *parent)
+    : QWidget(parent)
+    , m_layout(new QFormLayout(this))
+{
+    m_layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    m_layout->setRowWrapPolicy(QFormLayout::DontWrapRows);
+}
+
+void SourceForm::addField(const QString &label, QWidget *editor, const QString &explanation)
+{
+    editor->setToolTip(explanation);
+    editor->setAccessibleDescription(explanation);
+    m_layout->addRow(label, editor);
+    auto *below = new QLabel(explanation, this);
+    below->setTextFormat(Qt::PlainText);
+    below->setWordWrap(true);
+    m_layout->addRow(QString(), below);
+}
+
+void SourceForm::addText(const QString &text)
+{
+    auto *label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    m_layout->addRow(label);
+}
+
+QList<SourceForm *> newSourceForms(QWidget *parent)
+{
+    return {new SimulatorForm(parent),
+            new FileForm(parent),
+            new StandardInputForm(parent),
+            new TcpClientForm(parent),
+            new TcpServerForm(parent),
+            new SerialForm(parent)};
+}
+
+} // namespace Monitor

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/sources/FileSource.h"
+
+#include <QString>
+
+namespace Monitor {
+
+//! How sources are opened and recorded: what the settings dialog edits. The command line replaces parts of it for one run.
+struct MonitorOptions
+{
+    //! What a start without a source on the command line opens.
+    enum class Start {
+        Simulator,
+        LastSource,
+        Nothing,
+    };
+
+    Start start = Start::Simulator;
+    FileSource::Options file;
+    //! Readings outside these limits are over range; the source's own limits count if both are equal.
+    double rangeLow = 0.0;
+    double rangeHigh = 0.0;
+    //! A file with the places and the calibration of the detector; empty for what the source says.
+    QString detectorFile;
+    //! Where every source is recorded as soon as it is opened; empty for nowhere.
+    QString recordFolder;
+    //! When a recording begins a new file: "1h", "100M", or empty for never.
+    QString rotation;
+
+    bool hasRange() const { return rangeLow < rangeHigh; }
+};
+
+} // namespace Monitor

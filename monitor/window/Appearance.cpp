@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/Appearance.h"
+
+#include "monitor/window/WindowSettings.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QMenu>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace Monitor {
+
+namespace {
+
+const QString key = QStringLiteral("appearance");
+const QStringList names = {QStringLiteral("desktop"),
+                           QStringLiteral("light"),
+                           QStringLiteral("dark")};
+//! The style whose colours follow any palette.
+const QString plainStyle = QStringLiteral("fusion");
+
+QPalette lightPalette()
+{
+    QPalette palette(QColor(239, 239, 239));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(245, 245, 245));
+    palette.setColor(QPalette::Highlight, QColor(25, 96, 170));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(25, 96, 170));
+    palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 220));
+    palette.setColor(QPalette::ToolTipText, Qt::black);
+    return palette;
+}
+
+QPalette darkPalette()
+{
+    const QColor text(230, 230, 230);
+    const QColor faint(130, 130, 130);
+    QPalette palette(QColor(48, 50, 54));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::Base, QColor(30, 32, 35));
+    palette.setColor(QPalette::AlternateBase, QColor(38, 40, 44));
+    palette.setColor(QPalette::ToolTipBase, QColor(60, 62, 66));
+    palette.setColor(QPalette::Highlight, QColor(86, 160, 235));
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    palette.setColor(QPalette::Link, QColor(120, 180, 240));
+    return palette;
+}
+
+} // namespace
+
+Appearance::Appearance(WindowSettings &settings, QMenu *menu, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_actions(new QActionGroup(this))
+    , m_desktopPalette(QApplication::palette())
+    , m_desktopStyle(QApplication::style()->objectName())
+{
+    QMenu *choices = menu->addMenu(tr("Appea&rance"));
+    choices->setObjectName(QStringLiteral("appearance"));
+    for (const QString &text : {tr("As the des&ktop"), tr("&Light"), tr("&Dark")}) {
+        QAction *action = choices->addAction(text);
+        action->setCheckable(true);
+        action->setData(m_actions->actions().size());
+        m_actions->addAction(action);
+    }
+    connect(m_actions, &QActionGroup::triggered, this, [this](QAction *action) {
+        choose(Choice(action->data().toInt()));
+    });
+    m_choice = Choice(qMax(0, names.indexOf(settings.text(key))));
+    m_actions->actions().at(int(m_choice))->setChecked(true);
+    if (m_choice != Choice::Desktop)
+        apply();
+}
+
+//! Leaves the application as it was found: its colours outlive the window.
+Appearance::~Appearance()
+{
+    if (m_choice == Choice::Desktop)
+        return;
+    m_choice = Choice::Desktop;
+    apply();
+}
+
+void Appearance::choose(Choice choice)
+{
+    m_actions->actions().at(int(choice))->setChecked(true);
+    if (choice == m_choice)
+        return;
+    m_choice = choice;
+    m_settings.setText(key, names.at(int(choice)));
+    apply();
+}
+
+void Appearance::apply()
+{
+    const QString style = m_choice == Choice::Desktop ? m_desktopStyle : plainStyle;
+    if (QApplication::style()->objectName() != style
+        && QStyleFactory::keys().contains(style, Qt::CaseInsensitive))
+        QApplication::setStyle(style);
+    QApplication::setPalette(m_choice == Choice::Light      ? lightPalette()
+                                 : m_choice == Choice::Dark ? darkPalette()
+                                                            : m_desktopPalette);
+}
+
+} // namespace Monitor

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/BigNumbers.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/session/Session.h"
+#include "monitor/window/Baseline.h"
+#include "monitor/window/BigText.h"
+#include "monitor/window/DisplayTabs.h"
+#include "monitor/window/LatestValuePanel.h"
+#include "monitor/window/Look.h"
+#include "monitor/window/ScreenFit.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace Monitor {
+
+using Corvale_Qt::SpectrogramCalc;
+
+namespace {
+
+constexpr double refreshInterval = 0.2; // s; faster numbers cannot be read
+constexpr QSize usualSize{900, 420};
+
+QString millimetres(double value)
+{
+    return value == SpectrogramCalc::invalid ? QStringLiteral("-")
+                                             : QStringLiteral("%1 mm").arg(value, 0, 'f', 2);
+}
+
+} // namespace
+
+BigNumbers::BigNumbers(Session &session,
+                       DisplayTabs &displays,
+                       LatestValuePanel &values,
+                       QWidget *parent)
+    : QWidget(parent, Qt::Window)
+    , m_session(session)
+    , m_displays(displays)
+    , m_values(values)
+    , m_text(new BigText(this))
+    , m_choice(new QComboBox(this))
+{
+    setObjectName(QStringLiteral("bigNumbers"));
+    setWindowTitle(tr("Big numbers - Corvale Monitor"));
+    auto *label = new QLabel(tr("&Show:"), this);
+    label->setBuddy(m_choice);
+    auto *below = new QHBoxLayout;
+    below->setContentsMargins(Look::gap, 0, Look::gap, Look::gap);
+    below->addWidget(label);
+    below->addWidget(m_choice, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_text, 1);
+    layout->addLayout(below);
+    resize(usualSize);
+    connect(&session, &Session::streamStarted, this, &BigNumbers::offerChoices);
+    connect(&session, &Session::sourceReplaced, this, &BigNumbers::offerChoices);
+    connect(&session.clock(), &Clock::tick, this, &BigNumbers::refreshIfDue);
+    connect(m_choice, qOverload<int>(&QComboBox::currentIndexChanged), this, &BigNumbers::refresh);
+    offerChoices();
+}
+
+QStringList BigNumbers::lines() const
+{
+    return m_text->lines();
+}
+
+//! Offers the beam, if there are profiles, and each channel; keeps the choice where it is there again.
+void BigNumbers::offerChoices()
+{
+    const QString chosen = m_choice->currentText();
+    m_choice->clear();
+    if (m_displays.offers(QStringLiteral("profile")))
+        m_choice->addItem(tr("Beam: position and width"), -1);
+    const QVector<Channel> &channels = m_session.model().header().channels;
+    for (int row = 0; row < channels.size(); ++row)
+        m_choice->addItem(channels.at(row).name, row);
+    m_choice->setCurrentIndex(qMax(0, m_choice->findText(chosen)));
+    refresh();
+}
+
+void BigNumbers::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    fitToScreen(this);
+    refresh();
+}
+
+void BigNumbers::refreshIfDue()
+{
+    if (isVisible() && m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+        refresh();
+}
+
+void BigNumbers::refresh()
+{
+    m_refreshedAt = m_session.clock().seconds();
+    const QVariant row = m_choice->currentData();
+    QStringList lines = !row.isValid() ? QStringList{tr("No readings"), QStringLiteral("-")}
+        : row.toInt() < 0              ? beamLines()
+                                       : channelLines(row.toInt());
+    const QString state = stateText();
+    if (!state.isEmpty())
+        lines.first() += QStringLiteral("  ") + state;
+    m_text->setLines(lines);
+    m_text->setFaint(m_session.isStale());
+}
+
+QStringList BigNumbers::beamLines() const
+{
+    const SpectrogramCalc calc = m_displays.profile()->getCalc();
+    if (!calc.valid)
+        return {tr("Beam"), tr("no valid data")};
+    const QString line = QStringLiteral("%1 %2  \u03c3 %3");
+    return {tr("Beam"),
+            line.arg(QStringLiteral("X"), millimetres(calc.meanX), millimetres(calc.sigmaX)),
+            line.arg(QStringLiteral("Y"), millimetres(calc.meanY), millimetres(calc.sigmaY))};
+}
+
+QStringList BigNumbers::channelLines(int row) const
+{
+    const QAbstractItemModel *values = m_values.values();
+    const Channel channel = m_session.model().header().channels.value(row);
+    return {channel.name,
+            QStringLiteral("%1 %2")
+                .arg(values->index(row, 1).data().toString(), channel.unit)
+                .trimmed()};
+}
+
+QString BigNumbers::stateText() const
+{
+    QStringList states;
+    if (m_session.source().isSimulated())
+        states.append(tr("SIMULATED"));
+    if (m_session.isPaused())
+        states.append(tr("PAUSED"));
+    if (m_session.isStale())
+        states.append(tr("STALE"));
+    if (m_session.source().state() == Source::State::Finished)
+        states.append(tr("END"));
+    states.append(m_displays.baseline()->text());
+    states.removeAll(QString());
+    return states.join(QStringLiteral(", "));
+}
+
+} // namespace Monitor

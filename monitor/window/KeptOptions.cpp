@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/KeptOptions.h"
+
+#include "monitor/window/WindowSettings.h"
+
+namespace Monitor {
+
+namespace {
+
+const QString startKey = QStringLiteral("start-with");
+const QString speedKey = QStringLiteral("speed");
+const QString lowKey = QStringLiteral("limit-low");
+const QString highKey = QStringLiteral("limit-high");
+const QString detectorKey = QStringLiteral("detector");
+const QString folderKey = QStringLiteral("record-folder");
+const QString rotateKey = QStringLiteral("record-rotate");
+
+const QStringList startNames = {QStringLiteral("simulator"),
+                                QStringLiteral("last"),
+                                QStringLiteral("nothing")};
+
+//! Writes a number so that it reads back as the same number.
+QString exactText(double number)
+{
+    constexpr int digits = 17;
+    return QString::number(number, 'g', digits);
+}
+
+} // namespace
+
+MonitorOptions keptOptions(const WindowSettings &settings)
+{
+    MonitorOptions options;
+    options.start = MonitorOptions::Start(qMax(0, startNames.indexOf(settings.text(startKey))));
+    bool isNumber = false;
+    const double speed = settings.text(speedKey).toDouble(&isNumber);
+    if (isNumber && speed >= 0.0)
+        options.file.speed = speed;
+    options.rangeLow = settings.text(lowKey).toDouble();
+    options.rangeHigh = settings.text(highKey).toDouble();
+    options.detectorFile = settings.text(detectorKey);
+    options.recordFolder = settings.text(folderKey);
+    options.rotation = settings.text(rotateKey);
+    return options;
+}
+
+void keepOptions(const MonitorOptions &options, WindowSettings &settings)
+{
+    settings.setText(startKey, startNames.at(int(options.start)));
+    settings.setText(speedKey, exactText(options.file.speed));
+    settings.setText(lowKey, exactText(options.rangeLow));
+    settings.setText(highKey, exactText(options.rangeHigh));
+    settings.setText(detectorKey, options.detectorFile);
+    settings.setText(folderKey, options.recordFolder);
+    settings.setText(rotateKey, options.rotation);
+}
+
+} // namespace Monitor

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/Look.h"
+
+#include <QFontMetrics>
+#include <QWidget>
+
+namespace Monitor {
+
+namespace Look {
+
+QColor ground(State state)
+{
+    switch (state) {
+    case State::Simulated:
+        return {255, 215, 94};
+    case State::Paused:
+        return {159, 208, 255};
+    case State::Processed:
+        return {136, 255, 138}; // as the library marks a zero on the panel
+    case State::Hint:
+        return {205, 228, 255};
+    case State::Waiting:
+        return {255, 194, 122};
+    case State::Trouble:
+        return {255, 176, 160};
+    case State::Ended:
+        break;
+    }
+    return {216, 216, 216};
+}
+
+void dress(QWidget *widget, State state)
+{
+    QPalette colours = widget->palette();
+    for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        colours.setColor(role, ground(state));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(role, Qt::black);
+    widget->setPalette(colours);
+    widget->setAutoFillBackground(true);
+}
+
+bool isDark(const QWidget *widget)
+{
+    constexpr int half = 128;
+    return widget->palette().color(QPalette::Base).lightness() < half;
+}
+
+namespace {
+
+bool hasTabularFigures(const QFont &font)
+{
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(QLatin1Char('0'));
+    for (char figure = '1'; figure <= '9'; ++figure)
+        if (metrics.horizontalAdvance(QLatin1Char(figure)) != width)
+            return false;
+    return true;
+}
+
+} // namespace
+
+QFont figures(const QFont &font)
+{
+    if (hasTabularFigures(font))
+        return font;
+    QFont even = font;
+    even.setFamily(QStringLiteral("monospace"));
+    even.setStyleHint(QFont::Monospace);
+    return even;
+}
+
+} // namespace Look
+
+} // namespace Monitor

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/ScreenFit.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace Monitor {
+
+namespace {
+
+qint64 commonArea(const QRect &a, const QRect &b)
+{
+    const QRect common = a & b;
+    return qint64(common.width()) * common.height();
+}
+
+} // namespace
+
+QList<QRect> usableScreens()
+{
+    QList<QRect> places;
+    for (const QScreen *screen : QGuiApplication::screens())
+        places.append(screen->availableGeometry());
+    // A window that no screen shows any more goes to the first one.
+    std::stable_partition(places.begin(), places.end(), [](const QRect &place) {
+        return place == QGuiApplication::primaryScreen()->availableGeometry();
+    });
+    return places;
+}
+
+QRect fitted(const QRect &frame, const QList<QRect> &screens)
+{
+    if (screens.isEmpty())
+        return frame;
+    const QRect screen =
+        *std::max_element(screens.begin(), screens.end(), [&](const QRect &a, const QRect &b) {
+            return commonArea(a, frame) < commonArea(b, frame);
+        });
+    QRect placed(frame.topLeft(), frame.size().boundedTo(screen.size()));
+    placed.moveLeft(std::clamp(placed.left(), screen.left(), screen.right() + 1 - placed.width()));
+    placed.moveTop(std::clamp(placed.top(), screen.top(), screen.bottom() + 1 - placed.height()));
+    return placed;
+}
+
+void fitToScreen(QWidget *window)
+{
+    const QRect frame = window->frameGeometry();
+    const QRect inside = window->geometry();
+    const QRect wanted = fitted(frame, usableScreens());
+    if (wanted == frame)
+        return;
+    window->resize(wanted.size() - (frame.size() - inside.size()));
+    window->move(wanted.topLeft());
+}
+
+} // namespace Monitor

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/SourceDetector.h"
+
+#include "monitor/window/SourceSwitch.h"
+#include "monitor/window/WindowSettings.h"
+#include <corvale_qt/detector/DetectorFile.h>
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace Monitor {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Monitor::SourceDetector", text);
+}
+
+} // namespace
+
+SourceDetector
+keptDetector(const QString &source, const QString &usualFile, const WindowSettings &settings)
+{
+    QString kept = settings.detectorFile(SourceSwitch::completed(source));
+    if (kept.isEmpty())
+        kept = settings.detectorFile(source);
+    const QString file = kept.isEmpty() ? usualFile : kept;
+    SourceDetector detector;
+    if (file.isEmpty())
+        return detector;
+    Corvale_Qt::DetectorFault fault;
+    detector.layout = Corvale_Qt::detectorFromFile(file, &fault);
+    detector.fault = fault.message();
+    if (!fault.isEmpty())
+        detector.note = tr("ERROR the detector of %1 is not used: %2").arg(file, detector.fault);
+    else if (!kept.isEmpty())
+        detector.note =
+            tr("the detector is that of %1, as before; --detector none forgets it").arg(file);
+    return detector;
+}
+
+void keepDetector(const QString &source, const QString &file, WindowSettings &settings)
+{
+    const QString path = file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
+    settings.setDetectorFile(SourceSwitch::completed(source), path);
+    if (path.isEmpty())
+        settings.setDetectorFile(source, path); // as a former version may have kept it
+}
+
+} // namespace Monitor

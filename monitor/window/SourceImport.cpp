@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/SourceImport.h"
+
+#include "monitor/sources/PgmSource.h"
+#include "monitor/sources/SourceFactory.h"
+#include "monitor/window/ImportDialog.h"
+
+namespace Monitor {
+
+std::optional<ImportOptions> importOfSource(const QString &source,
+                                            const ImportOptions &given,
+                                            WindowSettings *settings,
+                                            QWidget *parent)
+{
+    const QString path = SourceFactory::filePath(source);
+    const bool isTable = !path.isEmpty() && !PgmSource::suits(path);
+    return isTable && given.isUsual() ? ImportDialog::optionsFor(path, settings, parent) : given;
+}
+
+} // namespace Monitor

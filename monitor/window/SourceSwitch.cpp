@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/SourceSwitch.h"
+
+#include "monitor/session/RotationText.h"
+#include "monitor/session/Session.h"
+#include "monitor/sources/NoSource.h"
+#include "monitor/sources/SourceFactory.h"
+#include "monitor/window/SourceDetector.h"
+#include "monitor/window/SourceImport.h"
+#include "monitor/window/WindowSettings.h"
+
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace Monitor {
+
+namespace {
+
+const QString recentKey = QStringLiteral("recent");
+const QString lastKey = QStringLiteral("last-source");
+
+} // namespace
+
+SourceSwitch::SourceSwitch(Session &session, WindowSettings &settings, QWidget *window)
+    : QObject(window)
+    , m_session(session)
+    , m_settings(settings)
+    , m_window(window)
+{
+}
+
+QString SourceSwitch::completed(const QString &text)
+{
+    const QString path = text.startsWith(QLatin1String("file:")) ? text.mid(5) : text;
+    return QFileInfo::exists(path) ? QFileInfo(path).absoluteFilePath() : text;
+}
+
+void SourceSwitch::setCurrent(const QString &text)
+{
+    m_current = completed(text);
+    remember();
+    Q_EMIT currentChanged();
+}
+
+bool SourceSwitch::open(const QString &text)
+{
+    FileSource::Options file = m_options.file;
+    const std::optional<ImportOptions> import =
+        importOfSource(text, file.import, &m_settings, m_window);
+    if (!import)
+        return false; // the person does not want to open it
+    file.import = *import;
+    SourceFactory factory(m_session.clock(), file);
+    std::unique_ptr<Source> source = factory.make(text);
+    if (!source) {
+        QMessageBox::warning(m_window, tr("Open"), factory.errorString());
+        return false;
+    }
+    if (!mayEndRecording(tr("Opening another source ends the recording.")))
+        return false;
+    const SourceDetector detector = keptDetector(text, m_options.detectorFile, m_settings);
+    m_session.setDetector(detector.layout);
+    m_session.replaceSource(std::move(source));
+    setCurrent(text);
+    if (!detector.note.isEmpty())
+        Q_EMIT m_session.noted(detector.note);
+    recordIfWanted();
+    return true;
+}
+
+void SourceSwitch::close()
+{
+    if (m_session.source().isNone()
+        || !mayEndRecording(tr("Closing the source ends the recording.")))
+        return;
+    m_session.replaceSource(std::make_unique<NoSource>(m_session.clock()));
+    m_current.clear();
+    Q_EMIT currentChanged();
+}
+
+bool SourceSwitch::mayEndRecording(const QString &what) const
+{
+    const Recorder *recorder = m_session.recorder();
+    if (!recorder)
+        return true;
+    QMessageBox box(QMessageBox::Question,
+                    tr("End the recording?"),
+                    tr("%1 What was recorded stays in %2.").arg(what, recorder->fileName()),
+                    QMessageBox::NoButton,
+                    m_window);
+    box.setTextFormat(Qt::PlainText); // a file may be called anything
+    QPushButton *end = box.addButton(tr("&End the recording"), QMessageBox::AcceptRole);
+    box.addButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == end;
+}
+
+void SourceSwitch::recordIfWanted()
+{
+    if (m_options.recordFolder.isEmpty())
+        return;
+    Recorder::Options options;
+    options.path = m_options.recordFolder;
+    setRotation(&options, m_options.rotation);
+    QString error;
+    if (!m_session.startRecording(options, &error))
+        QMessageBox::warning(m_window,
+                             tr("Record"),
+                             tr("The source is open, but it is not recorded. %1").arg(error));
+}
+
+QStringList SourceSwitch::recent() const
+{
+    return m_settings.list(recentKey);
+}
+
+void SourceSwitch::forgetRecent()
+{
+    m_settings.setList(recentKey, {});
+}
+
+//! Standard input is not remembered: it cannot be opened again.
+void SourceSwitch::remember()
+{
+    if (m_current.isEmpty() || m_current == QLatin1String("-"))
+        return;
+    QStringList texts = recent();
+    texts.removeAll(m_current);
+    texts.prepend(m_current);
+    m_settings.setList(recentKey, texts.mid(0, mostRecent));
+    m_settings.setText(lastKey, m_current);
+}
+
+void SourceSwitch::setOptions(const MonitorOptions &options)
+{
+    const QString formerDetector = m_options.detectorFile;
+    m_options = options;
+    m_session.setRange(options.rangeLow, options.rangeHigh);
+    if (options.detectorFile == formerDetector)
+        return;
+    const SourceDetector detector = keptDetector(m_current, options.detectorFile, m_settings);
+    if (detector.fault.isEmpty())
+        m_session.setDetector(detector.layout);
+    else
+        QMessageBox::warning(m_window,
+                             tr("Settings"),
+                             tr("The detector stays as it was. %1").arg(detector.fault));
+    if (!detector.note.isEmpty())
+        Q_EMIT m_session.noted(detector.note);
+}
+
+} // namespace Monitor

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/TapeBar.h"
+
+#include "monitor/session/Session.h"
+#include "monitor/window/TapePanel.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QToolBar>
+
+namespace Monitor {
+
+TapeBar::TapeBar(Session &session, QMainWindow *window)
+    : QObject(window)
+    , m_session(session)
+    , m_window(window)
+    , m_action(new QAction(tr("Ta&pe"), this))
+{
+    m_action->setObjectName(QStringLiteral("showTape"));
+    m_action->setCheckable(true);
+    m_action->setChecked(true);
+    connect(m_action, &QAction::toggled, this, [this](bool on) {
+        if (m_bar)
+            m_bar->setVisible(on);
+    });
+    // The deck works on the source, so that it must go first.
+    connect(&session, &Session::sourceClosing, this, &TapeBar::closeTape);
+    connect(&session, &Session::sourceReplaced, this, &TapeBar::openTape);
+    openTape();
+}
+
+void TapeBar::openTape()
+{
+    m_bar = TapePanel::toolBarFor(m_session, m_window);
+    m_action->setEnabled(m_bar != nullptr);
+    if (!m_bar)
+        return;
+    m_window->addToolBar(Qt::BottomToolBarArea, m_bar);
+    m_bar->setVisible(m_action->isChecked());
+    // A restored layout, or the menu of the window's edge, hides it as well.
+    connect(m_bar->toggleViewAction(), &QAction::toggled, m_action, &QAction::setChecked);
+}
+
+void TapeBar::closeTape()
+{
+    if (m_bar)
+        m_bar->toggleViewAction()->disconnect(m_action); // it goes, but stays wanted
+    delete m_bar;
+}
+
+} // namespace Monitor

@@ -53,7 +53,7 @@ void RVXScopePrivate::clearSamples()
         averaging->Clear();
 }
 
-/*! Begins the chosen period with an empty buffer. While the operator is asked, the control shows the period that still holds,
+/*! Begins the chosen period with an empty buffer. Until the buffer is empty the control shows the period that still holds,
     so that nobody reads the other one from the panel. */
 void RVXScopePrivate::choosePeriod(int index)
 {
@@ -62,17 +62,16 @@ void RVXScopePrivate::choosePeriod(int index)
         const QSignalBlocker blocker(ui.comboBox_period); // its signal clears the samples
         ui.comboBox_period->setCurrentIndex(entry);
     };
-    if (confirmClear && hasSamples()) {
-        show(periodEntry(announced.period));
-        if (!mayClear(RVXScope::tr("Period"),
-                      RVXScope::tr("Another period begins with an empty buffer.")))
-            return;
-        show(index);
-    }
-    const PanelChange change(*this);
+    show(periodEntry(announced.period));
+    if (!mayClear(RVXScope::tr("Period"),
+                  RVXScope::tr("Another period begins with an empty buffer.")))
+        return;
     clearSamples();
-    if (panel)
-        applyPeriod();
+    if (!panel)
+        return;
+    const PanelChange change(*this);
+    show(index);
+    applyPeriod();
 }
 
 } // namespace Corvale_Qt

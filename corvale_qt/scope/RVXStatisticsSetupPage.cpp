@@ -10,6 +10,7 @@
 
 #include <QEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QSettings>
 #include <QSharedPointer>
 #include <QSignalBlocker>
@@ -71,21 +72,17 @@ public:
     QVector<RVXScopePlotView *> views;
     QSharedPointer<RVXApplicationSettings> settings;
 
-    bool adoptingPalette = false;
-
 private:
     void sync();
 };
 
-/*! Gives the children the page's new palette. Qt's style for style sheets keeps the palette that a child had when its rules
-    were applied first, so that they must be applied again. */
+/*! Follows a new palette of the application. Qt hands none to a widget that has a style sheet of its own, so that the sheet
+    must be taken off and put on again. */
 void RVXStatisticsSetupPagePrivate::adoptPalette()
 {
-    if (adoptingPalette)
-        return; // setting the style sheet brings the same event
-    adoptingPalette = true;
-    q_ptr->setStyleSheet(q_ptr->styleSheet());
-    adoptingPalette = false;
+    const QString sheet = q_ptr->styleSheet();
+    q_ptr->setStyleSheet(QString());
+    q_ptr->setStyleSheet(sheet);
 }
 
 /*! Switches the groups off, which the form must not do: a box that is off disables its children while they are being
@@ -262,6 +259,15 @@ RVXStatisticsSetupPage::RVXStatisticsSetupPage(QWidget *parent)
     d->setUpGroups();
     d->nameStoredControls();
     d->applyBoth();
+    // Queued, so that the parents have the new palette.
+    connect(
+        qGuiApp,
+        &QGuiApplication::paletteChanged,
+        this,
+        [d] {
+            d->adoptPalette();
+        },
+        Qt::QueuedConnection);
 }
 
 RVXStatisticsSetupPage::~RVXStatisticsSetupPage()
@@ -436,8 +442,6 @@ void RVXStatisticsSetupPage::changeEvent(QEvent *event)
 {
     Q_D(RVXStatisticsSetupPage);
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        d->adoptPalette();
     if (event->type() == QEvent::LanguageChange) {
         const QString title = windowTitle();
         const bool isHostsTitle = title != d->formTitle;

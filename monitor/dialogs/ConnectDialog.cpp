@@ -25,15 +25,15 @@ namespace Monitor {
 ConnectDialog::ConnectDialog(Clock &clock, const FileSource::Options &options, QWidget *parent)
     : QDialog(parent)
     , m_options(options)
-    , m_forms(newSourceForms(this))
     , m_test(clock)
-    , m_kinds(new QListWidget(this))
-    , m_pages(new QStackedWidget(this))
     , m_names(new QComboBox(this))
-    , m_report(new QPlainTextEdit(this))
-    , m_text(new QLabel(this))
     , m_keepButton(new QPushButton(tr("&Keep"), this))
     , m_forgetButton(new QPushButton(tr("For&get"), this))
+    , m_kinds(new QListWidget(this))
+    , m_forms(newSourceForms(this))
+    , m_pages(new QStackedWidget(this))
+    , m_text(new QLabel(this))
+    , m_report(new QPlainTextEdit(this))
     , m_testButton(new QPushButton(tr("&Test"), this))
 {
     setObjectName(QStringLiteral("connectDialog"));
@@ -74,7 +74,7 @@ ConnectDialog::ConnectDialog(Clock &clock, const FileSource::Options &options, Q
 //! Returns the list of kinds beside the fields of the chosen kind, which scroll where the screen is small.
 QWidget *ConnectDialog::newForms()
 {
-    for (SourceForm *page : qAsConst(m_forms)) {
+    for (SourceForm *page : m_forms) {
         m_kinds->addItem(page->title());
         m_pages->addWidget(page);
         connect(page, &SourceForm::edited, this, &ConnectDialog::refresh);
@@ -87,6 +87,7 @@ QWidget *ConnectDialog::newForms()
     scroll->setWidget(m_pages);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus); // Tab leads from the kinds to the first field
     scroll->setMinimumSize(m_pages->fontMetrics().averageCharWidth() * 70,
                            m_pages->fontMetrics().height() * 10);
     auto *both = new QWidget(this);

@@ -59,15 +59,16 @@ private:
     const FileSource::Options m_options;
     QString m_openSource;
     QVector<Kept> m_kept;
-    QList<SourceForm *> m_forms;
     SourceTest m_test;
-    QListWidget *m_kinds;
-    QStackedWidget *m_pages;
+    // In the order in which Tab goes through them.
     QComboBox *m_names;
-    QPlainTextEdit *m_report;
-    QLabel *m_text;
     QPushButton *m_keepButton;
     QPushButton *m_forgetButton;
+    QListWidget *m_kinds;
+    const QList<SourceForm *> m_forms;
+    QStackedWidget *m_pages;
+    QLabel *m_text;
+    QPlainTextEdit *m_report;
     QPushButton *m_testButton;
     QPushButton *m_connectButton = nullptr;
 };

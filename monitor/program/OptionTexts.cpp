@@ -60,7 +60,8 @@ QVector<OptionText> optionTexts()
          tr("Record everything that arrives to a new file, or to files in a folder.")},
         {"rotate",
          "LIMIT",
-         tr("Begin a new file after a time (1h, 30min), a size (100M, 2G), or both (1h,2G).")},
+         tr("With --record: begin a new file after a time (1h, 30min), a size (100M, 2G), or "
+            "both (1h,2G).")},
         {"compress",
          "",
          tr("Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
@@ -124,7 +125,9 @@ QVector<TopicText> topicTexts()
         {tr("Exit status"),
          {
              {"0", tr("Everything went well.")},
-             {"1", tr("The arguments make no sense.")},
+             {"1",
+              tr("The arguments make no sense, or the window of these settings shows another "
+                 "source.")},
              {"2",
               tr("Without a window: there were no readings, some lines could not be used, or some "
                  "of the "

@@ -5,6 +5,7 @@
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/WindowRun.h"
 #include "monitor/window/MonitorWindow.h"
+#include "monitor/window/SourceSwitch.h"
 #include <corvale_qt/widgets/QtSingleApplication.h>
 
 #include <QApplication>
@@ -67,6 +68,26 @@ bool hasDisplay()
 #endif
 }
 
+//! Says that the window of these settings is open already. Another source is not shown there, which is an error.
+int answerSecondStart(const CommandLine &commandLine, const QString &settings)
+{
+    if (!commandLine.sourceGiven || SourceSwitch::isOpenIn(settings, commandLine.source)) {
+        std::fprintf(
+            stderr,
+            "corvale-monitor: a window with these settings is open already and was brought to the "
+            "front; --settings FILE opens another\n");
+        return ExitGood;
+    }
+    std::fprintf(stderr,
+                 "corvale-monitor: %s was not opened: a window with these settings is open already "
+                 "and shows another "
+                 "source. Open it there with File > Open... or File > Connect..., or give it a "
+                 "window of its own "
+                 "with --settings FILE\n",
+                 qPrintable(commandLine.source));
+    return ExitUsage;
+}
+
 //! Each settings file has one window: a second start brings the existing window to the front.
 int runOnScreen(const CommandLine &commandLine, char **argv)
 {
@@ -77,13 +98,8 @@ int runOnScreen(const CommandLine &commandLine, char **argv)
     QtSingleApplication application(settings, qtArguments, argv);
     nameApplication();
     dressApplication();
-    if (application.sendMessage(commandLine.source)) {
-        std::fprintf(
-            stderr,
-            "corvale-monitor: a window with these settings is open already and was brought to the "
-            "front; --settings FILE opens another\n");
-        return ExitGood;
-    }
+    if (application.sendMessage(commandLine.source))
+        return answerSecondStart(commandLine, settings);
     WindowRun run(commandLine);
     if (run.prepare())
         application.setActivationWindow(run.window());

@@ -4,6 +4,10 @@
 #include "monitor/session/Session.h"
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/units/MeasurementUnit.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace Monitor {
 
@@ -47,21 +51,39 @@ void Baseline::takeZero()
     Q_EMIT changed();
 }
 
-//! The zero of averaged readings is the background; it stays when the average is set back.
 void Baseline::takeBackground()
 {
-    const int length = m_scope.averaging();
+    const QVector<double> means = newestMeans();
+    if (means.isEmpty())
+        return;
     m_takingBackground = true;
-    m_scope.zeroClear();
-    m_scope.setAveraging(backgroundLength);
-    m_scope.zeroNow();
-    m_scope.setAveraging(length);
+    proxy()->setZeros(means);
     m_takingBackground = false;
-    if (m_kind != Kind::None)
-        Q_EMIT m_session.noted(
-            tr("background taken: the mean of the last %1 readings of each channel is "
-               "subtracted from what is shown")
-                .arg(qMin(backgroundLength, m_session.model().rowCount() - 1)));
+    Q_EMIT m_session.noted(tr("background taken: the mean of the last %1 readings of each channel "
+                              "is subtracted from what is shown")
+                               .arg(qMin(backgroundLength, m_session.model().rowCount() - 1)));
+}
+
+//! Returns the mean of the newest readings of each channel, in its base unit, without gaps; empty without readings.
+QVector<double> Baseline::newestMeans() const
+{
+    const MultichannelDeviceModel &model = m_session.model();
+    const int last = model.rowCount() - 1;
+    if (last < 1)
+        return {};
+    QVector<double> means;
+    for (int column = 1; column <= model.NumberOfChannels(); ++column) {
+        double sum = 0.0;
+        int readings = 0;
+        for (int row = std::max(1, last - backgroundLength + 1); row <= last; ++row) {
+            const double value = model.doubleData(row, column);
+            readings += std::isfinite(value) ? 1 : 0;
+            sum += std::isfinite(value) ? value : 0.0;
+        }
+        const double mean = readings > 0 ? sum / readings : 0.0;
+        means.append(model.units() ? model.units()->unscale(mean) : mean);
+    }
+    return means;
 }
 
 void Baseline::remove()

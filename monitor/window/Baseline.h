@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     Corvale_Qt::RVXZeroingProxyModel *proxy() const;
+    QVector<double> newestMeans() const;
     void follow();
 
     Session &m_session;

@@ -95,6 +95,11 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     connect(&m_spots, &QAbstractItemModel::rowsInserted, this, &DisplayTabs::showLatestSpot);
 }
 
+DisplayTabs::~DisplayTabs()
+{
+    delete m_baseline; // it hears of the scope, which goes later
+}
+
 //! Subtracts on the other displays what the scope subtracts, and says so beside their numbers.
 void DisplayTabs::showBaselineOn(const QList<QWidget *> &displays)
 {

@@ -27,6 +27,7 @@ class DisplayTabs : public Corvale_Qt::RVXPopOutTabWidget
 
 public:
     explicit DisplayTabs(Session &session, QWidget *parent = nullptr);
+    ~DisplayTabs() override;
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Baseline *baseline() const { return m_baseline; }

@@ -35,7 +35,10 @@ EventLog::EventLog(Session &session, QWidget *parent)
     connect(&session, &Session::sourceStateChanged, this, &EventLog::noteState);
     connect(&session.clock(), &Clock::tick, this, &EventLog::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
-        write(stale ? tr("WARNING the source is silent") : tr("readings arrive again"));
+        write(
+            stale ? tr(
+                "WARNING the source is silent: the values shown are old. Check beam and instrument")
+                  : tr("readings arrive again"));
     });
 }
 

@@ -132,7 +132,7 @@ int LatestValuePanel::valueWidth() const
 
 int LatestValuePanel::leastNameWidth() const
 {
-    return fontMetrics().horizontalAdvance(QLatin1Char('0')) * 10;
+    return fontMetrics().horizontalAdvance(QLatin1Char('0')) * 8;
 }
 
 QSize LatestValuePanel::minimumSizeHint() const

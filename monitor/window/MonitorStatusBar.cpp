@@ -44,12 +44,14 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     m_source->setTextFormat(Qt::PlainText);
     m_recording->setTextFormat(Qt::PlainText);
     // Numbers that grow must not move their neighbours.
+    for (QLabel *label : {m_rate, m_bad, m_gaps, m_clock})
+        label->setFont(Look::figures(font()));
     keepRoomFor(m_rate, rateText(99999.9));
     keepRoomFor(m_bad, badText(9999));
     keepRoomFor(m_gaps, gapsText(999));
     keepRoomFor(m_clock, clockText());
     setSizeGripEnabled(false);
-    setContentsMargins(4, 0, 6, 0);
+    setContentsMargins(Look::gap / 2, 0, Look::gap / 2, 0);
     connect(&session.clock(), &Clock::tick, this, &MonitorStatusBar::refreshIfDue);
     connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::recordingChanged, this, &MonitorStatusBar::refresh);
@@ -74,7 +76,7 @@ QLabel *MonitorStatusBar::add(const char *name, const QString &toolTip, int stre
 
 void MonitorStatusBar::keepRoomFor(QLabel *label, const QString &text)
 {
-    label->setMinimumWidth(fontMetrics().horizontalAdvance(text));
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(text));
 }
 
 QString MonitorStatusBar::rateText(double rate)

@@ -32,6 +32,8 @@ namespace Monitor {
 namespace {
 
 constexpr int logHeight = 120;
+//! A window of this width has room for values, displays and statistics side by side.
+constexpr int roomyWidth = 1280;
 
 } // namespace
 
@@ -146,6 +148,9 @@ void MonitorWindow::restoreLayout()
     resize(usualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {logHeight}, Qt::Vertical);
     restoreGeometry(m_settings.geometry());
+    // On a small screen the displays need the room; View > Statistics shows the panel.
+    if (m_settings.docks().isEmpty() && width() < roomyWidth)
+        findChild<QDockWidget *>(QStringLiteral("statistics"))->hide();
     restoreState(m_settings.docks());
     if (!isMaximized() && !isFullScreen())
         fitToScreen(this);

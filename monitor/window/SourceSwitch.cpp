@@ -18,7 +18,7 @@ namespace Monitor {
 namespace {
 
 const QString recentKey = QStringLiteral("recent");
-const QString lastKey = QStringLiteral("last-source");
+const QString openKey = QStringLiteral("open-source");
 
 } // namespace
 
@@ -38,7 +38,7 @@ QString SourceSwitch::completed(const QString &text)
 
 void SourceSwitch::setCurrent(const QString &text)
 {
-    m_current = completed(text);
+    m_current = text.isEmpty() ? text : completed(text);
     remember();
     Q_EMIT currentChanged();
 }
@@ -76,6 +76,7 @@ void SourceSwitch::close()
         return;
     m_session.replaceSource(std::make_unique<NoSource>(m_session.clock()));
     m_current.clear();
+    remember();
     Q_EMIT currentChanged();
 }
 
@@ -120,16 +121,21 @@ void SourceSwitch::forgetRecent()
     m_settings.setList(recentKey, {});
 }
 
-//! Standard input is not remembered: it cannot be opened again.
+bool SourceSwitch::isOpenIn(const QString &settingsFile, const QString &text)
+{
+    return WindowSettings(settingsFile).text(openKey) == completed(text);
+}
+
+//! Standard input is no recent source: it cannot be opened again.
 void SourceSwitch::remember()
 {
+    m_settings.setText(openKey, m_current);
     if (m_current.isEmpty() || m_current == QLatin1String("-"))
         return;
     QStringList texts = recent();
     texts.removeAll(m_current);
     texts.prepend(m_current);
     m_settings.setList(recentKey, texts.mid(0, mostRecent));
-    m_settings.setText(lastKey, m_current);
 }
 
 void SourceSwitch::setOptions(const MonitorOptions &options)

@@ -37,6 +37,8 @@ public:
     //! Returns the texts of the sources that were open last, the latest first.
     QStringList recent() const;
     void forgetRecent();
+    //! Returns whether a window that keeps its settings in this file shows that source.
+    static bool isOpenIn(const QString &settingsFile, const QString &text);
     //! Returns the text with the absolute path, if it names a file.
     static QString completed(const QString &text);
 

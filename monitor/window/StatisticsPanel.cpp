@@ -10,7 +10,6 @@
 #include <corvale_qt/scope/RVXStatisticsSetupPage.h>
 
 #include <QFileInfo>
-#include <QScrollBar>
 
 namespace Monitor {
 
@@ -35,8 +34,8 @@ StatisticsPanel::StatisticsPanel(Session &session,
     setWidget(m_page);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMinimumWidth(m_page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
+    // A small screen shows a part of the page and scrolls, so that the displays keep their room.
+    setMinimumWidth(m_page->minimumSizeHint().width() / 3);
 }
 
 //! Enables a fit for each of the two profiles of strips, which lie in one histogram, until the operator chooses.

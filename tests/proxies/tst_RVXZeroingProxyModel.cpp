@@ -142,6 +142,34 @@ private Q_SLOTS:
         QCOMPARE(proxy.doubleData(2, 1), 0.0);
     }
 
+    //! The zeros of one proxy can be those of another, whatever the unit of display is.
+    void zerosAreHandedOver()
+    {
+        const Units::nA nA;
+        const Units::pA pA;
+        BufferModel source(2);
+        source.SetUnits(&nA);
+        RVXZeroingProxyModel first, second;
+        first.setSourceModel(&source);
+        second.setSourceModel(&source);
+        QVERIFY(first.zeros().isEmpty());
+        source.append({{1, {4e-9, 5e-9}}});
+        first.zeroNow();
+        QCOMPARE(first.zeros(), QVector<double>({4e-9, 5e-9}));
+        second.setZeros(first.zeros());
+        source.SetUnits(&pA);
+        source.append({{2, {6e-9, 5e-9}}});
+        QCOMPARE(second.doubleData(2, 1), first.doubleData(2, 1));
+        QVERIFY(second.isZeroed());
+        second.setZeros({1e-9, 1e-9, 1e-9}); // one too many
+        QCOMPARE(second.zeros().size(), 2);
+        second.setZeros({1e-9}); // the other channel has none
+        QCOMPARE(second.doubleData(2, 2), source.doubleData(2, 2));
+        second.setZeros({});
+        QVERIFY(!second.isZeroed());
+        QCOMPARE(second.doubleData(2, 1), source.doubleData(2, 1));
+    }
+
     void filesHoldWhatWasMeasured()
     {
         BufferModel source(1);

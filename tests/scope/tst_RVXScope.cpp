@@ -274,6 +274,61 @@ private Q_SLOTS:
         QTRY_COMPARE(panel.bufferSize(), QString("3 Samples"));
     }
 
+    //! A panel that asks clears only what the operator agrees to; a host is never asked.
+    void clearingIsConfirmed()
+    {
+        DevicePanel panel(1, {{1, {5}}, {2, {6}}});
+        QVERIFY(!panel.confirmsClear());
+        panel.setConfirmClear(true);
+        QSignalSpy aboutToClear(&panel, &RVXScope::aboutToClear);
+        auto *period = panel.control<QComboBox>("comboBox_period");
+        QString asked;
+        const auto answer = [&](const QString &button) {
+            QTimer::singleShot(0, &panel, [&asked, button] {
+                auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                QVERIFY(box);
+                asked = box->text();
+                for (QAbstractButton *each : box->buttons())
+                    if (each->text() == button)
+                        return each->click();
+                box->reject();
+            });
+        };
+        answer(QString());
+        panel.click("clearButton");
+        QVERIFY2(asked.contains("2 samples"), qPrintable(asked));
+        answer(QString());
+        period->setCurrentIndex(2); // 1 s
+        QCOMPARE(panel.device.rowCount(), 3);
+        QCOMPARE(panel.period(), 0);
+        QCOMPARE(panel.device.period(), QString("none"));
+        QCOMPARE(aboutToClear.size(), 0);
+
+        answer("&Remove the samples");
+        period->setCurrentIndex(2); // 1 s
+        QCOMPARE(panel.device.rowCount(), 1);
+        QCOMPARE(panel.period(), 1000);
+        QCOMPARE(aboutToClear.size(), 1);
+        asked.clear();
+        panel.click("clearButton"); // there is nothing to ask for
+        panel.device.append({{3, {5}}});
+        panel.clear();
+        QCOMPARE(panel.device.rowCount(), 1);
+        QCOMPARE(aboutToClear.size(), 2);
+        QVERIFY(asked.isEmpty());
+
+        // The panel may be deleted while it asks.
+        auto *shortLived = new RVXScope;
+        panel.device.append({{4, {5}}});
+        shortLived->setModel(&panel.device);
+        shortLived->setConfirmClear(true);
+        QTimer::singleShot(0, shortLived, [shortLived] {
+            delete shortLived;
+        });
+        shortLived->findChild<QAbstractButton *>("clearButton")->click();
+        QCOMPARE(panel.device.rowCount(), 2);
+    }
+
     void modelsComeAndGo()
     {
         auto device = std::make_unique<PanelDevice>();

@@ -97,6 +97,8 @@ private Q_SLOTS:
         row("one of two rotations", "--rotate 1h,often", "1h,100M");
         row("import", "--import colour=red a.csv", "--import: \"colour=red\" makes no sense");
         row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
+        row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");
+        row("rotation without a recording", "sim:ic4 --rotate 1h", "add --record");
         row("two tasks", "--stats --check a.csv", "--stats and --check");
         row("two sources", "a.csv b.csv", "a.csv, b.csv");
         row("json alone", "--json a.csv", "--stats");

@@ -289,6 +289,9 @@ private Q_SLOTS:
         const Outcome second = run({"sim:ic4", "--settings", "one.xui"});
         QCOMPARE(second.code, 0);
         QVERIFY2(second.err.contains("open already"), second.err);
+        const Outcome elsewhere = run({"sim:pixels", "--settings", "one.xui"});
+        QCOMPARE(elsewhere.code, 1);
+        QVERIFY2(elsewhere.err.contains("sim:pixels was not opened"), elsewhere.err);
         // Another file, another window.
         const Outcome other = run({"sim:ic4", "--settings", "two.xui", "--after", "5frames"});
         QCOMPARE(other.code, 0);

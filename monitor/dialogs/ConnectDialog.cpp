@@ -69,6 +69,8 @@ ConnectDialog::ConnectDialog(Clock &clock, const FileSource::Options &options, Q
     });
     showKept();
     refresh();
+    constexpr int columns = 110, lines = 36;
+    resize(fontMetrics().averageCharWidth() * columns, fontMetrics().height() * lines);
 }
 
 //! Returns the list of kinds beside the fields of the chosen kind, which scroll where the screen is small.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/SettingsDialog.h"
 
+#include "monitor/dialogs/Explanation.h"
 #include "monitor/session/RotationText.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
@@ -40,10 +41,7 @@ void addField(QFormLayout *layout,
 {
     editor->setToolTip(explanation);
     layout->addRow(label, editor);
-    auto *below = new QLabel(explanation);
-    below->setTextFormat(Qt::PlainText);
-    below->setWordWrap(true);
-    layout->addRow(QString(), below);
+    layout->addRow(QString(), new Explanation(explanation));
 }
 
 QString numberText(double number)
@@ -100,6 +98,8 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
     fill();
+    constexpr int columns = 80;
+    resize(fontMetrics().averageCharWidth() * columns, sizeHint().height());
 }
 
 QWidget *SettingsDialog::newStartPage(const QString &settingsFile)

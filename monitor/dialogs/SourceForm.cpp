@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/SourceForm.h"
 
+#include "monitor/dialogs/Explanation.h"
 #include "monitor/dialogs/LineForms.h"
 #include "monitor/dialogs/LocalForms.h"
 
@@ -22,10 +23,7 @@ void SourceForm::addField(const QString &label, QWidget *editor, const QString &
     editor->setToolTip(explanation);
     editor->setAccessibleDescription(explanation);
     m_layout->addRow(label, editor);
-    auto *below = new QLabel(explanation, this);
-    below->setTextFormat(Qt::PlainText);
-    below->setWordWrap(true);
-    m_layout->addRow(QString(), below);
+    m_layout->addRow(QString(), new Explanation(explanation, this));
 }
 
 void SourceForm::addText(const QString &text)

@@ -53,6 +53,13 @@ ProfilePage::ProfilePage(QWidget *parent)
     connect(m_display, &RVXSpectrogram::calcUpdate, this, &ProfilePage::showNumbers);
 }
 
+//! Leaves the side bar out of account, so that a page that shows it can become narrow and hide it.
+QSize ProfilePage::minimumSizeHint() const
+{
+    constexpr int characters = 44;
+    return {characters * fontMetrics().averageCharWidth(), QWidget::minimumSizeHint().height()};
+}
+
 void ProfilePage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

@@ -24,6 +24,8 @@ public:
     //! Shows a frame on its cells, and the detector that it comes from.
     void showFrame(const Corvale_Qt::DetectorFrame &frame, double time);
 
+    QSize minimumSizeHint() const override;
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
 

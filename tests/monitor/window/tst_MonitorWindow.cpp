@@ -354,7 +354,7 @@ private Q_SLOTS:
             {
                 WindowInTest w(file);
                 w.source->begin(StreamKind::Strips, 64);
-                w.window.resize(1111, 777);
+                w.window.resize(790, 555); // fits the screen of the test
                 w.window.findChild<QDockWidget *>("statistics")->hide();
                 w.window.displays().showDisplay("position");
                 w.window.close();
@@ -364,7 +364,7 @@ private Q_SLOTS:
             window.show();
             s.session.start();
             s.source->begin(StreamKind::Strips, 64);
-            QCOMPARE(window.size(), QSize(1111, 777));
+            QCOMPARE(window.size(), QSize(790, 555));
             QVERIFY(!window.findChild<QDockWidget *>("statistics")->isVisible());
             QVERIFY(window.findChild<QDockWidget *>("log")->isVisible());
             QCOMPARE(window.displays().currentDisplay(), QString("position"));

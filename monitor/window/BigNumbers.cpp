@@ -121,12 +121,8 @@ QStringList BigNumbers::beamLines() const
 
 QStringList BigNumbers::channelLines(int row) const
 {
-    const QAbstractItemModel *values = m_values.values();
-    const Channel channel = m_session.model().header().channels.value(row);
-    return {channel.name,
-            QStringLiteral("%1 %2")
-                .arg(values->index(row, 1).data().toString(), channel.unit)
-                .trimmed()};
+    return {m_session.model().header().channels.value(row).name,
+            m_values.values()->index(row, 1).data().toString()};
 }
 
 QString BigNumbers::stateText() const

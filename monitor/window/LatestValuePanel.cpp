@@ -97,13 +97,10 @@ void LatestValuePanel::follow(Baseline *baseline)
 
 void LatestValuePanel::copyValues() const
 {
-    const QVector<Channel> &channels = m_session.model().header().channels;
     QStringList lines;
     for (int row = 0; row < m_marks->rowCount(); ++row)
-        lines.append(QStringList{m_marks->index(row, 0).data().toString(),
-                                 m_marks->index(row, 1).data().toString(),
-                                 channels.value(row).unit}
-                         .join(QLatin1Char('\t')));
+        lines.append(m_marks->index(row, 0).data().toString() + QLatin1Char('\t')
+                     + m_marks->index(row, 1).data().toString());
     QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 

@@ -28,7 +28,7 @@ public:
     explicit LatestValuePanel(Session &session, QWidget *parent = nullptr);
     //! Returns the table of names and newest values, as it is shown.
     QAbstractItemModel *values() const;
-    //! Copies the table as lines of text: name, value and unit, separated by tabs.
+    //! Copies the table as lines of text: name and value with its unit, separated by a tab.
     void copyValues() const;
     //! Subtracts what \a baseline says from the values.
     void follow(Baseline *baseline);

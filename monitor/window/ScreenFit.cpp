@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
@@ -47,12 +48,15 @@ QRect fitted(const QRect &frame, const QList<QRect> &screens)
 
 void fitToScreen(QWidget *window)
 {
-    const QRect frame = window->frameGeometry();
-    const QRect inside = window->geometry();
+    QRect frame = window->frameGeometry();
+    // The frame is known once the window is shown; until then there must be room for a title.
+    if (!window->isVisible())
+        frame.setHeight(frame.height() + window->style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize margins = frame.size() - window->size();
     const QRect wanted = fitted(frame, usableScreens());
     if (wanted == frame)
         return;
-    window->resize(wanted.size() - (frame.size() - inside.size()));
+    window->resize(wanted.size() - margins);
     window->move(wanted.topLeft());
 }
 

@@ -81,7 +81,7 @@ void ViewMenu::addDisplays()
         {QStringLiteral("profile"), tr("2D pro&file")},
         {QStringLiteral("position"), tr("P&osition")},
         {QStringLiteral("spots"), tr("Spot &map")},
-                                                       {QStringLiteral("errors"), tr("Position &errors")}};
+        {QStringLiteral("errors"), tr("Position &errors")}};
     for (const auto &display : displays) {
         const QString name = display.first;
         QAction *action = addAction(display.second, this, [this, name] {

@@ -2,8 +2,8 @@
 #include "monitor/window/LatestValuePanel.h"
 
 #include "monitor/session/Session.h"
-#include "monitor/window/LimitMarks.h"
 #include "monitor/window/Baseline.h"
+#include "monitor/window/LimitMarks.h"
 #include "monitor/window/Look.h"
 #include "monitor/window/StaleMarks.h"
 #include "monitor/window/ValueDelegate.h"

@@ -16,7 +16,10 @@ namespace Monitor {
 
 using Corvale_Qt::RVXScope;
 
-MeasureMenu::MeasureMenu(Session &session, DisplayTabs &displays, WindowSettings &settings, QWidget *window)
+MeasureMenu::MeasureMenu(Session &session,
+                         DisplayTabs &displays,
+                         WindowSettings &settings,
+                         QWidget *window)
     : QMenu(tr("&Measure"), window)
     , m_session(session)
     , m_displays(displays)

@@ -55,18 +55,19 @@ void ValueDelegate::drawName(QStyleOptionViewItem *option, const QModelIndex &in
 void ValueDelegate::drawValue(QStyleOptionViewItem *option, const QModelIndex &index)
 {
     option->font = Look::figures(option->font);
-    if (index.data(StaleMarks::StaleRole).toBool()) {
-        option->font.setItalic(true);
+    const QColor ground = index.data(Qt::BackgroundRole).value<QBrush>().color();
+    const bool isLoud = ground != Qt::black; // the ground of a value that is at rest
+    const bool isOld = index.data(StaleMarks::StaleRole).toBool();
+    option->font.setItalic(isOld);
+    if (isLoud) {
+        option->backgroundBrush = ground;
+        option->palette.setColor(QPalette::Text,
+                                 index.data(Qt::ForegroundRole).value<QBrush>().color());
+        option->font.setBold(true);
+    } else if (isOld) {
         option->palette.setColor(QPalette::Text,
                                  option->palette.color(QPalette::Disabled, QPalette::Text));
-        return;
     }
-    const bool overRange = index.data(Qt::BackgroundRole).value<QBrush>().color() == Qt::red;
-    if (!overRange)
-        return;
-    option->backgroundBrush = QColor(Qt::red);
-    option->palette.setColor(QPalette::Text, Qt::white);
-    option->font.setBold(true);
 }
 
 } // namespace Monitor

@@ -22,6 +22,26 @@ inline void onNextDialog(std::function<void(QDialog *)> act)
     });
 }
 
+//! Runs \a act, and calls \a look with each modal dialog that it opens, which is then closed.
+inline void onEveryDialog(const std::function<void(QDialog *)> &look,
+                          const std::function<void()> &act)
+{
+    QTimer poll;
+    bool isLooking = false;
+    QObject::connect(&poll, &QTimer::timeout, qApp, [&] {
+        const QPointer<QDialog> dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog || isLooking)
+            return;
+        isLooking = true;
+        look(dialog);
+        isLooking = false;
+        if (dialog)
+            dialog->reject();
+    });
+    poll.start(0);
+    act();
+}
+
 //! Clicks the button of a dialog whose text, without its mnemonic, is this.
 inline void clickButton(const QWidget *dialog, const QString &text)
 {

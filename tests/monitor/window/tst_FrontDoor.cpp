@@ -126,10 +126,11 @@ private Q_SLOTS:
             }
         }
         for (const QAbstractButton *button : w.window.findChildren<QAbstractButton *>())
-            if (!mnemonicOf(button->text()).isNull())
+            if (button->window() == &w.window && !mnemonicOf(button->text()).isNull())
                 claim(QString("Alt+") + mnemonicOf(button->text()), button->text());
         for (const QLabel *label : w.window.findChildren<QLabel *>())
-            if (label->buddy() && !mnemonicOf(label->text()).isNull())
+            if (label->window() == &w.window && label->buddy()
+                && !mnemonicOf(label->text()).isNull())
                 claim(QString("Alt+") + mnemonicOf(label->text()), label->text());
         QCOMPARE(clashes.join("; "), QString());
         QVERIFY(owners.size() > 50);
@@ -473,6 +474,18 @@ private Q_SLOTS:
             if (size.width() > smallScreen.width() || size.height() > smallScreen.height())
                 faults.append(
                     QString("%1: %2 x %3").arg(where).arg(size.width()).arg(size.height()));
+        };
+        const auto lookAtDialog = [&](const QString &name, QDialog *dialog) {
+            QCoreApplication::processEvents();
+            if (qobject_cast<QFileDialog *>(dialog))
+                return;
+            look(name, dialog);
+            auto *kinds = dialog->findChild<QListWidget *>("kinds");
+            for (int row = 0; kinds && row < kinds->count(); ++row) {
+                kinds->setCurrentRow(row);
+                QCoreApplication::processEvents();
+                look(kinds->item(row)->text(), dialog);
+            }
         };
         for (const Appearance::Choice choice :
              {Appearance::Choice::Light, Appearance::Choice::Dark}) {

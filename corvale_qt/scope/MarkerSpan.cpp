@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/scope/MarkerSpan_p.h"
+#include "corvale_qt/scope/TimeGaps_p.h"
 
 #include <cstring>
 
@@ -26,6 +27,7 @@ MarkerSpan::of(const PlotColumnReader &reader, int column, RowRange rows, double
         && m_rows.last == rows.last && m_unitScale == unitScale && areSame(m_ends, ends);
     if (!isSame) {
         m_isKnown = true;
+        m_isIntegralKnown = false;
         m_column = column;
         m_rows = rows;
         m_unitScale = unitScale;
@@ -33,6 +35,36 @@ MarkerSpan::of(const PlotColumnReader &reader, int column, RowRange rows, double
         m_statistics = statisticsOfRows(reader, column, rows);
     }
     return m_statistics;
+}
+
+const SpanIntegral &MarkerSpan::integralOf(const PlotColumnReader &reader,
+                                           int column,
+                                           RowRange rows,
+                                           double unitScale,
+                                           const TimeGaps &gaps)
+{
+    of(reader, column, rows, unitScale);
+    if (m_isIntegralKnown && hasGaps(gaps))
+        return m_integral;
+    m_isIntegralKnown = true;
+    m_gaps.resize(0); // keeps its memory
+    gaps.forEach({rows.first + 1, rows.last}, [&](int row) {
+        m_gaps.append(row - rows.first);
+    });
+    m_integral = SpanIntegral::ofRows(reader, column, rows, gaps);
+    return m_integral;
+}
+
+//! Returns whether the integral was computed with these gaps: rows that come later may decide what a gap is.
+bool MarkerSpan::hasGaps(const TimeGaps &gaps) const
+{
+    int found = 0;
+    bool isSame = true;
+    gaps.forEach({m_rows.first + 1, m_rows.last}, [&](int row) {
+        isSame = isSame && found < m_gaps.size() && m_gaps[found] == row - m_rows.first;
+        ++found;
+    });
+    return isSame && found == m_gaps.size();
 }
 
 void MarkerSpan::rowsInserted(int start)
@@ -43,7 +75,7 @@ void MarkerSpan::rowsInserted(int start)
 
 void MarkerSpan::rowsRemoved(int start, int end)
 {
-    if (start == 1) {
+    if (start == 1 && end < m_rows.first) {
         m_rows.first -= end;
         m_rows.last -= end;
     } else {

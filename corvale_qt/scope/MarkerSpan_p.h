@@ -5,12 +5,16 @@
 
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
+#include "corvale_qt/scope/SpanIntegral_p.h"
+
+#include <QVector>
 
 #include <array>
 
 namespace Corvale_Qt {
 
 class PlotColumnReader;
+class TimeGaps;
 
 /*! The statistics of the samples between two markers. They cost a look at each sample, so they are kept while the samples stay
     as they are; the rows move along with those of the model. */
@@ -22,6 +26,13 @@ public:
     const MarkerStatistics &
     of(const PlotColumnReader &reader, int column, RowRange rows, double unitScale);
 
+    //! Returns the integral of a column over \a rows of a reader, across none of \a gaps.
+    const SpanIntegral &integralOf(const PlotColumnReader &reader,
+                                   int column,
+                                   RowRange rows,
+                                   double unitScale,
+                                   const TimeGaps &gaps);
+
     //! Has the statistics computed anew when they are asked for.
     void forget() { m_isKnown = false; }
     //! Follows an insertion of rows that begins at \a start.
@@ -32,12 +43,17 @@ public:
     void cellsChanged(int top, int bottom);
 
 private:
+    bool hasGaps(const TimeGaps &gaps) const;
+
     bool m_isKnown = false;
     int m_column = 0;
     RowRange m_rows;
     double m_unitScale = 1.0;
     std::array<double, 4> m_ends{}; //!< time and value of the first and the last row
     MarkerStatistics m_statistics;
+    bool m_isIntegralKnown = false; //!< for the samples of the statistics
+    QVector<int> m_gaps; //!< in the integral; counted from the first row
+    SpanIntegral m_integral;
 };
 
 } // namespace Corvale_Qt

@@ -383,10 +383,14 @@ const MarkerStatistics &ScopeMarkers::span() const
 }
 
 //! Returns the integral of the second marker's channel from one marker to the other.
-SpanIntegral ScopeMarkers::spanIntegral() const
+const SpanIntegral &ScopeMarkers::spanIntegral() const
 {
     static const TimeGaps none;
-    return SpanIntegral::ofRows(m_reader, m_data[1].column, spanRows(), m_gaps ? *m_gaps : none);
+    return m_span.integralOf(m_reader,
+                             m_data[1].column,
+                             spanRows(),
+                             m_model.unitScale(),
+                             m_gaps ? *m_gaps : none);
 }
 
 ScopeMarkerStatistics ScopeMarkers::statistics() const

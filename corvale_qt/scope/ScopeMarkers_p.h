@@ -77,6 +77,8 @@ public:
     void forgetChannels();
     //! Forgets the markers' places in the sweep and what they read, because the plot mode is another one.
     void forgetSweep();
+    //! Has the samples between the markers looked at anew.
+    void forgetSpan() { m_span.forget(); }
     //! Forgets the markers' rows: their samples are found again by time.
     void forgetRows();
     //! Notes that cells of rows \a top to \a bottom have changed; -1 means all rows.
@@ -149,7 +151,7 @@ private:
     bool reads(int index) const;
     RowRange spanRows() const;
     const MarkerStatistics &span() const;
-    SpanIntegral spanIntegral() const;
+    const SpanIntegral &spanIntegral() const;
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
 

@@ -36,7 +36,7 @@ void SweepPlotMode::plot()
     m_context.sweep.skipToNewest(last);
     if (!isHeld() && m_context.sweep.isComplete(last)) {
         m_context.sweep.advance();
-        m_context.sweepSamples.take(m_context.model, m_context.sweep.shown());
+        take(m_context.sweep.shown());
         draw();
         if (m_context.sweep.isComplete(last))
             m_context.surface.requestReplot();
@@ -79,6 +79,7 @@ void SweepPlotMode::take(RowRange rows)
 {
     m_context.sweepSamples.take(m_context.model, rows);
     m_context.sweepSamples.setOrigin(m_origin);
+    m_context.markers.forgetSpan(); // a sweep may have the times and the ends of the one before
 }
 
 //! Says what the trigger does, also while no sweep comes.
@@ -142,6 +143,7 @@ void SweepPlotMode::clear()
 {
     m_context.curves.detach();
     m_context.gaps.hide();
+    m_context.noteHidden({});
     m_context.sweepSamples.clear();
     m_context.markers.clearLabels();
     setAxisTitles();

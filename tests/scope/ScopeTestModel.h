@@ -34,6 +34,7 @@ public:
     }
     double doubleData(int row, int column) const override
     {
+        ++cellsRead;
         if (row == 0)
             return column;
         const double value = row > 0 && row <= m_rows.size() ? m_rows[row - 1].value(column) : 0.0;
@@ -129,6 +130,7 @@ public:
     bool isInBaseUnit = false; //!< readings are given in the base unit and read in units()
     QVariantList deviceFits;
     mutable int seriesTaken = 0; //!< how often a view took the data of a curve
+    mutable int cellsRead = 0; //!< how often a number was asked for
     int pointsHint = 256;
     double widthHint = 0.0;
 

@@ -451,6 +451,32 @@ private Q_SLOTS:
         QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
         QCOMPARE(view.curves().first()->sample(25), QPointF(925.0, 1.0));
     }
+
+    // Sweeps count time from their trigger, so that neither times nor ends tell one from the next.
+    void markersMeasureEachTriggeredSweep()
+    {
+        HundredPoints view(View::ScopeMode);
+        view.useMarkers();
+        SweepTrigger trigger;
+        trigger.mode = SweepTrigger::Mode::Normal;
+        trigger.level = 1.5;
+        trigger.shareBefore = 0.25;
+        view.setTrigger(trigger);
+        const auto pulses = [](int, double time) { // 2 high at 1000 s, 3 high at 1200 s
+            const bool isHigh = std::fmod(time, 200.0) < 20.0;
+            return time < 1000.0 || !isHigh ? 1.0 : time < 1200.0 ? 2.0 : 3.0;
+        };
+        view.model.appendRows(1090, 1.0, pulses);
+        view.click(Qt::LeftButton, -20.0, 1.0);
+        view.click(Qt::RightButton, 60.0, 1.0);
+        QCOMPARE(view.markerStatistics().maximum, 2.0);
+        view.model.appendRows(200, 1.0, pulses);
+        view.settle();
+        const ScopeMarkerStatistics second = view.markerStatistics();
+        QCOMPARE(second.maximum, 3.0);
+        QCOMPARE(second.sum, 81.0 + 2.0 * 20.0);
+        QCOMPARE(second.integral, 80.0 + 2.0 * 20.0);
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_TimePlotModes)

@@ -233,7 +233,7 @@ void RVXScopePlotView::reset()
         return;
     }
     if (d->context.model.channelCount() != d->context.curves.count()) {
-        d->context.dropSweep();
+        d->dropSweep();
         d->context.markers.forgetChannels();
         d->context.createCurves();
         d->currentMode().enter();

@@ -131,6 +131,7 @@ void RVXScopePlotView::setLogarithmic(bool on)
     if (on == isLogarithmic())
         return;
     d->context.yScale.isLogarithmic = on;
+    d->navigation->releaseY(); // a range that reaches below 0 has no place on a logarithmic axis
     d->context.axes.setYScale(d->context.yScale);
     RequestReplotRefresh();
     Q_EMIT logarithmicChanged(on);

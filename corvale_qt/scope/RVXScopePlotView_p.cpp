@@ -336,7 +336,7 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     on(&Model::layoutChanged, rowsMove);
     // The item view itself ignores channels that are inserted, removed or moved.
     const auto channelsChange = [this] {
-        context.dropSweep();
+        dropSweep();
         q_ptr->reset();
     };
     on(&Model::columnsInserted, channelsChange);
@@ -358,6 +358,7 @@ void RVXScopePlotViewPrivate::modelIsGone()
 {
     context.removeModel();
     baseModel = nullptr;
+    navigation->forget();
     showBufferSize();
     q_ptr->RequestReplot();
 }
@@ -370,6 +371,15 @@ void RVXScopePlotViewPrivate::followBaseModel()
     baseModel = base;
     context.batches.clear();
     context.dropSweep();
+    navigation->forget(); // the times of one instrument say nothing about another
+}
+
+//! Forgets the sweep that was drawn, and what a user has zoomed to in it.
+void RVXScopePlotViewPrivate::dropSweep()
+{
+    context.dropSweep();
+    if (mode == RVXScopePlotView::ScopeMode)
+        navigation->forget();
 }
 
 void RVXScopePlotViewPrivate::followSelection(int row, int channel)

@@ -80,6 +80,7 @@ public:
     void rowsCame(int start, int end);
     void cellsChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
     void restart();
+    void dropSweep();
     void plotMode();
     //! Has the event loop tell hosts of the channels whose limit state has changed, if there are any.
     void announceLimitsLater();

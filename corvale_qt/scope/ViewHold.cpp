@@ -70,7 +70,7 @@ void ViewHold::rowsRemoved(int start, int end)
         return;
     }
     const int count = end - start + 1;
-    m_rows.first -= count;
+    m_rows.first = std::max(m_rows.first - count, 0);
     m_rows.last = std::max(m_rows.last - count, 0);
     if (m_partFirst > 0)
         m_partFirst = std::max(m_partFirst - count, 1);

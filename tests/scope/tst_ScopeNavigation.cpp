@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
@@ -456,6 +457,53 @@ private Q_SLOTS:
         QVERIFY(!view.isHeld());
     }
 
+    // A window of one instrument says nothing about another, nor one of a sweep about the next of other channels.
+    void whatTheWindowShowedMayGo()
+    {
+        ScopeTestModel first(1);
+        first.appendRows(300, 1.0, level);
+        ScopeTestModel second(1);
+        second.appendRows(50, 1.0, level);
+        RVXZeroingProxyModel proxy;
+        proxy.setSourceModel(&first);
+        WalkedView view;
+        view.setModel(&proxy);
+        view.zoomToX(200, 250);
+        QVERIFY(view.isHeld());
+        proxy.setSourceModel(&second);
+        QVERIFY(!view.isHeld());
+
+        auto gone = std::make_unique<ScopeTestModel>(1);
+        gone->appendRows(300, 1.0, level);
+        view.setModel(gone.get());
+        view.zoomToX(200, 250);
+        gone.reset();
+        QVERIFY(!view.isHeld());
+        QCOMPARE(view.mark(), QString());
+
+        view.setModel(&view.model);
+        view.model.pointsHint = 100;
+        view.showMode(View::ScopeMode);
+        view.append(200);
+        view.settle();
+        const double left = view.x().minValue();
+        view.zoomToX(left + 10, left + 20);
+        QVERIFY(view.isHeld());
+        view.model.setChannels(2);
+        QVERIFY(!view.isHeld());
+    }
+
+    // A range that begins below 0 has no place on a logarithmic axis.
+    void anotherKindOfAxisEndsTheZoomOfY()
+    {
+        WalkedView view;
+        view.zoomToX(900, 950);
+        view.zoomToY(-5, -1);
+        view.setLogarithmic(true);
+        QVERIFY(view.y().maxValue() > 1.0);
+        QVERIFY(view.isHeld());
+    }
+
     // What a frame takes from the model is what is visible, wherever the window is in the buffer.
     void aHeldFrameTakesOnlyWhatIsVisible()
     {
@@ -591,6 +639,26 @@ private Q_SLOTS:
         view.model.isInBaseUnit = true;
         view.model.SetUnits(&unit);
         QCOMPARE(view.markerStatistics().maximum, 1000.0);
+    }
+
+    // A frame does not look at the samples between markers again that it has looked at before.
+    void aFrameDoesNotSumBetweenTheMarkersAgain()
+    {
+        WalkedView view(1, 20000, 20000);
+        view.useMarkers();
+        view.setMarkerDetails(true);
+        view.setGapIntervals(5);
+        view.setTimeSpan(qInf());
+        view.click(Qt::LeftButton, 1000, 1);
+        view.click(Qt::RightButton, 19000, 1);
+        view.zoomToX(18950, 19050);
+        const QString before = view.markerText(1);
+        QVERIFY(before.contains("Integral"));
+        view.model.cellsRead = 0;
+        view.append(1);
+        view.settle();
+        QVERIFY2(view.model.cellsRead < 2000, qPrintable(QString::number(view.model.cellsRead)));
+        QCOMPARE(view.markerText(1), before);
     }
 
     void theTimeAxisFollowsTheClock()

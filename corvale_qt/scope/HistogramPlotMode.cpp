@@ -123,6 +123,7 @@ void HistogramPlotMode::clear()
 {
     m_context.histogram.detach();
     m_context.statistics.clear();
+    m_context.noteHidden({});
     m_context.markers.detachAll();
     m_context.plot->updateAxes();
 }

@@ -39,6 +39,16 @@ double normalize(QwtSeriesData<QPointF> *series, double least)
     return divisor > 0.0 ? divisor : 1.0; // a divisor that is not is ignored by the series, too
 }
 
+//! Returns whether a sample is 0 or negative. A first sample without a reading counts in the bounds as 0.
+bool hasNotPositive(const RVXDiscontinuousPlotCurve &curve)
+{
+    const double least = curve.dataSize() > 0 ? curve.boundingRect().top() : 1.0;
+    bool found = least < 0.0;
+    for (size_t i = 0; least == 0.0 && !found && i < curve.dataSize(); ++i)
+        found = curve.sample(int(i)).y() <= 0.0;
+    return found;
+}
+
 } // namespace
 
 ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &markers)
@@ -111,7 +121,7 @@ QStringList ScopeCurves::namesOfNotPositive() const
     QStringList names;
     for (int channel = 1; channel <= m_count; ++channel) {
         const RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-        if (curve.plot() && curve.dataSize() > 0 && curve.boundingRect().top() <= 0.0)
+        if (curve.plot() && (hasNotPositive(curve) || m_history.hasNotPositive(channel)))
             names << m_model.name(channel);
     }
     return names;

@@ -33,9 +33,18 @@ double ScopeHistory::largest(int channel) const
     HistoryCurve whole(m_frame, nullptr);
     whole.show(channel, 1.0, QPen());
     const QRectF bounds = whole.boundingRect();
-    return bounds.isValid() || bounds.height() == 0.0
-        ? std::max(std::abs(bounds.top()), std::abs(bounds.bottom()))
-        : 0.0;
+    return bounds.height() >= 0.0 ? std::max(std::abs(bounds.top()), std::abs(bounds.bottom()))
+                                  : 0.0;
+}
+
+bool ScopeHistory::hasNotPositive(int channel) const
+{
+    if (m_frame.isEmpty())
+        return false;
+    HistoryCurve whole(m_frame, nullptr);
+    whole.show(channel, 1.0, QPen());
+    const QRectF bounds = whole.boundingRect();
+    return bounds.height() >= 0.0 && bounds.top() <= 0.0;
 }
 
 void ScopeHistory::show(int channel, const RVXDiscontinuousPlotCurve &curve, double divisor)

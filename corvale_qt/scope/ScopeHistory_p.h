@@ -31,6 +31,8 @@ public:
     void setWindow(const RVXPlotHistory *history, double left, double right);
     //! Returns the largest magnitude of a channel's blocks in the window, undivided; 0 without any.
     double largest(int channel) const;
+    //! Returns whether blocks in the window hold readings of a channel that are 0 or negative.
+    bool hasNotPositive(int channel) const;
     //! Shows a channel's blocks before its \a curve, below it, in its colour, divided by \a divisor.
     void show(int channel, const RVXDiscontinuousPlotCurve &curve, double divisor);
     void hide(int channel);

@@ -143,6 +143,7 @@ void StripPlotMode::clear()
 {
     m_context.curves.detach();
     m_context.gaps.hide();
+    m_context.noteHidden({});
     m_context.markers.detachAll();
     setAxisTitles();
     m_context.surface.showScrollBar(false);

@@ -7,6 +7,7 @@
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/CanvasNote_p.h"
 #include "corvale_qt/scope/ScopeHistory_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
@@ -14,6 +15,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -395,6 +397,34 @@ private Q_SLOTS:
         QCOMPARE(litPixels(pictures[0], pictures[1], 0), 0);
         QVERIFY(litPixels(pictures[1], pictures[0], 2)
                 <= 2); // where the newest block is joined to the rows
+    }
+
+    // What a logarithmic axis cannot show may have left the model.
+    void aLogarithmicAxisNamesWhatBlocksHold()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(1000);
+        model.setHistorySpan(1000.0);
+        std::vector<double> times;
+        std::vector<double> readings;
+        for (int i = 0; i < 4000; ++i) {
+            times.push_back(0.01 * i);
+            readings.push_back(i < 2000 ? -1.0 : 1.0);
+        }
+        model.appendRows(times.data(), readings.data(), int(times.size()));
+        ScopeTestView view(&model);
+        view.setTimeSpan(100.0);
+        view.setLogarithmic(true);
+        const auto hasNote = [&view] {
+            view.settle();
+            const QwtPlotItemList items = view.qwtPlot()->itemList();
+            return std::any_of(items.begin(), items.end(), [](const QwtPlotItem *item) {
+                return dynamic_cast<const CanvasNote *>(item);
+            });
+        };
+        QVERIFY(hasNote());
+        view.setTimeSpan(5.0);
+        QVERIFY(!hasNote());
     }
 
     void noBlocksAreJoinedAcrossAnOutage()

@@ -198,6 +198,14 @@ private Q_SLOTS:
         view.setSiPrefix(true);
         view.setLogarithmic(true);
         QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        // A missing reading at the border is neither 0 nor negative, and what has left the model with a sign is.
+        view.model.change(1, 1, qQNaN());
+        QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        view.model.Clear();
+        QCOMPARE(note(), QString());
+        view.model.appendRows(64, 1.0, [](int channel, double time) {
+            return channel == 1 ? 2e-3 * (1 + time - 64.0) : std::sin(time);
+        });
         const double below = view.qwtPlot()->canvasMap(QwtPlot::yLeft).transform(-1.0);
         QVERIFY(below > view.qwtPlot()->canvas()->height() && below < 1e6);
         view.check(2, false);

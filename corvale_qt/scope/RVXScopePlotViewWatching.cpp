@@ -63,6 +63,11 @@ void RVXScopePlotViewPrivate::cellsChanged(const QModelIndex &topLeft,
     const bool changesX = topLeft.column() <= 0 && bottomRight.row() != 0;
     if (changesX)
         context.gaps.ofModel().restart();
+    const int newest = context.model.lastRow();
+    if (newest >= 1 && (!bottomRight.isValid() || bottomRight.row() >= newest)) {
+        context.limits.judge({newest, newest});
+        announceLimitsLater();
+    }
 }
 
 void RVXScopePlotViewPrivate::restart()

@@ -57,6 +57,8 @@ void ScopeLimits::note(int channel, LimitState state)
 {
     if (m_changes.size() < kMostChanges)
         m_changes.append({channel, state});
+    else
+        m_cut.insert(channel, state);
 }
 
 void ScopeLimits::add(int channel, LimitWatch &watch, RowRange rows)
@@ -98,6 +100,9 @@ void ScopeLimits::judgeAnew()
 
 QVector<ScopeLimits::Change> ScopeLimits::takeChanges()
 {
+    for (auto last = m_cut.constBegin(); last != m_cut.constEnd(); ++last)
+        m_changes.append({last.key(), *last});
+    m_cut.clear();
     return std::exchange(m_changes, {});
 }
 

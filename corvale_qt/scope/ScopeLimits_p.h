@@ -41,7 +41,8 @@ public:
     //! Judges the newest row as if it were the first one.
     void judgeAnew();
     bool hasChanges() const { return !m_changes.isEmpty(); }
-    //! Returns the changes since the last call, at most 10000, in the order of the channels for rows that came together.
+    /*! Returns the changes since the last call, in the order of the channels for rows that came together. Of more than 10000
+        the last one of each channel ends the list. */
     QVector<Change> takeChanges();
 
     //! Draws the limits of the shown channels across the whole width.
@@ -63,6 +64,7 @@ private:
     const ScopeModel &m_model;
     QMap<int, LimitWatch> m_watches; //!< of the channels that have limits
     QVector<Change> m_changes;
+    QMap<int, LimitState> m_cut; //!< the last state of each channel after these
     LimitLines m_lines;
 };
 

@@ -36,6 +36,28 @@ void paintSwatch(QPainter *painter, const QRect &place, const QPen &pen, bool is
     painter->drawLine(place.left() + 2, middle, place.right() - 2, middle);
 }
 
+//! Paints a word on a ground of its colour, at the right of \a place. Returns how wide it is; 0 without a word.
+int paintLimit(QPainter *painter, const QRect &place, const QModelIndex &index)
+{
+    const QString word = index.data(LegendModel::LimitRole).toString();
+    if (word.isEmpty())
+        return 0;
+    painter->save();
+    QFont font = painter->font();
+    font.setStrikeOut(false); // the limits of a hidden channel are watched as well
+    painter->setFont(font);
+    const QFontMetrics metrics = painter->fontMetrics();
+    const int width = std::min(metrics.horizontalAdvance(word) + 2 * margin, place.width());
+    const QRect ground(place.right() + 1 - width, place.top(), width, place.height());
+    painter->fillRect(ground, index.data(LegendModel::LimitColorRole).value<QColor>());
+    painter->setPen(Qt::black);
+    painter->drawText(ground,
+                      Qt::AlignCenter | Qt::TextSingleLine,
+                      metrics.elidedText(word, Qt::ElideRight, width));
+    painter->restore();
+    return width + margin;
+}
+
 } // namespace
 
 void toggleChannel(QAbstractItemModel *legend, const QModelIndex &index)
@@ -69,7 +91,8 @@ void LegendDelegate::paint(QPainter *painter,
     QFont font = option.font;
     font.setStrikeOut(!isShown); // a colour alone does not tell everybody
     painter->setFont(font);
-    const QRect text = inside.adjusted(swatchWidth + margin, 0, 0, 0);
+    const QRect beside = inside.adjusted(swatchWidth + margin, 0, 0, 0);
+    const QRect text = beside.adjusted(0, 0, -paintLimit(painter, beside, index), 0);
     const QString value = isShown ? index.data(LegendModel::ValueRole).toString() : QString();
     const int valueRoom = std::min(text.width() / 2, valueWidth(option.fontMetrics));
     const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin, 0);
@@ -88,11 +111,15 @@ QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
 {
     const QFontMetrics &metrics = option.fontMetrics;
     int name = 0;
+    int limit = 0;
     for (int row = 0; row < index.model()->rowCount(); ++row) {
         const QString text = index.sibling(row, 0).data().toString().left(longestName);
         name = std::max(name, metrics.horizontalAdvance(text));
+        const QString word = index.sibling(row, 0).data(LegendModel::LimitRole).toString();
+        if (!word.isEmpty())
+            limit = std::max(limit, metrics.horizontalAdvance(word) + 3 * margin);
     }
-    const int width = swatchWidth + name + valueWidth(metrics);
+    const int width = swatchWidth + name + valueWidth(metrics) + limit;
     return {width + 6 * margin, metrics.height() + margin};
 }
 

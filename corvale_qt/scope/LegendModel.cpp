@@ -2,7 +2,38 @@
 #include "corvale_qt/scope/LegendModel_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 
+#include <QColor>
+
+#include <utility>
+
 namespace Corvale_Qt {
+
+namespace {
+
+QString textOf(LimitState state)
+{
+    switch (state) {
+    case LimitState::LowWarning:
+        return LegendModel::tr("Low warning");
+    case LimitState::HighWarning:
+        return LegendModel::tr("High warning");
+    case LimitState::LowAlarm:
+        return LegendModel::tr("Low alarm");
+    case LimitState::HighAlarm:
+        return LegendModel::tr("High alarm");
+    case LimitState::Normal:
+        break;
+    }
+    return QString();
+}
+
+//! Returns the colour of the lines that mark such limits.
+QColor colorOf(LimitState state)
+{
+    return isAlarm(state) ? QColor(255, 80, 70) : QColor(255, 190, 60);
+}
+
+} // namespace
 
 void LegendModel::setSource(QAbstractItemModel *source)
 {
@@ -51,6 +82,17 @@ void LegendModel::setSiPrefix(bool on)
     changeAll();
 }
 
+void LegendModel::setLimitStates(std::function<LimitState(int channel)> stateOf)
+{
+    m_stateOf = std::move(stateOf);
+    changeAll();
+}
+
+LimitState LegendModel::limitState(int channel) const
+{
+    return m_stateOf ? m_stateOf(channel) : LimitState::Normal;
+}
+
 int LegendModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid() || !m_source)
@@ -70,6 +112,13 @@ QString LegendModel::value(int channel) const
     return text.toString();
 }
 
+QString LegendModel::accessibleText(const QString &name, int channel) const
+{
+    const QString text = tr("%1, %2").arg(name, value(channel));
+    const QString limit = textOf(limitState(channel));
+    return limit.isEmpty() ? text : tr("%1, %2").arg(text, limit);
+}
+
 QVariant LegendModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid() || !m_source)
@@ -86,9 +135,13 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
         return tr("%1: click or press Enter to hide or show it")
             .arg(model.name(channel).toHtmlEscaped());
     case Qt::AccessibleTextRole:
-        return tr("%1, %2").arg(model.name(channel), value(channel));
+        return accessibleText(model.name(channel), channel);
     case ValueRole:
         return value(channel);
+    case LimitRole:
+        return textOf(limitState(channel));
+    case LimitColorRole:
+        return colorOf(limitState(channel));
     case PenRole:
         return model.pen(channel);
     default:

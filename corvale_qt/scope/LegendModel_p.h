@@ -3,11 +3,14 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/proxies/LatestCells_p.h"
 
 #include <QAbstractListModel>
 #include <QPen>
 #include <QPointer>
+
+#include <functional>
 
 namespace Corvale_Qt {
 
@@ -22,12 +25,18 @@ public:
     enum Role {
         ValueRole = Qt::UserRole, //!< the newest value as text
         PenRole, //!< the pen of the curve
+        LimitRole, //!< how the newest value lies beyond its limits, as text; empty if it lies within them
+        LimitColorRole, //!< the colour that goes with it
     };
 
     //! Shows the channels of another model; null for none. The model is not owned.
     void setSource(QAbstractItemModel *source);
     //! Sets whether values have a prefix of their unit.
     void setSiPrefix(bool on);
+    //! Sets what tells the limit state of a channel, counted from 1.
+    void setLimitStates(std::function<LimitState(int channel)> stateOf);
+    //! Announces that channels may have other limit states.
+    void changeAll();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -36,10 +45,12 @@ public:
 
 private:
     QString value(int channel) const;
-    void changeAll();
+    QString accessibleText(const QString &name, int channel) const;
+    LimitState limitState(int channel) const;
 
     QPointer<QAbstractItemModel> m_source;
     QVector<QMetaObject::Connection> m_connections;
+    std::function<LimitState(int channel)> m_stateOf;
     bool m_hasSiPrefix = false;
     mutable LatestPrefixes m_prefixes; // a text depends on the readings before
 };

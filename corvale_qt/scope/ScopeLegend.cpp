@@ -103,6 +103,11 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
         d->model.setSiPrefix(on);
     });
+    d->model.setLimitStates([d](int channel) {
+        return d->view ? d->view->limitState(channel) : LimitState::Normal;
+    });
+    connect(view, &RVXScopePlotView::limitStateChanged, &d->model, &LegendModel::changeAll);
+    connect(view, &RVXScopePlotView::channelLimitsChanged, &d->model, &LegendModel::changeAll);
     // The canvas is painted for each picture, and with another model.
     for (QwtPlotCanvas *canvas : view->findChildren<QwtPlotCanvas *>())
         canvas->installEventFilter(this);

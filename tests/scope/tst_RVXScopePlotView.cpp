@@ -83,8 +83,25 @@ private Q_SLOTS:
                 QString("%1:%2").arg(each[0].toInt()).arg(int(each[1].value<LimitState>())));
         QCOMPARE(states.join(' '), QString("2:4 2:0 2:4"));
         QCOMPARE(view.limitState(2), LimitState::HighAlarm);
+        // The newest reading is judged by what it is now, as after a zero or in another unit.
+        view.model.change(54, 2, 6.0);
+        QCOMPARE(view.limitState(2), LimitState::Normal);
+        view.model.change(54, 2, 9.0);
+        QCOMPARE(view.limitState(2), LimitState::HighAlarm);
         view.setChannelLimits(2, ChannelLimits());
         QCOMPARE(view.limitState(2), LimitState::Normal);
+
+        // A host hears of the last state, however often a state changed before it could listen.
+        limits.highAlarm = 6.5;
+        view.setChannelLimits(2, limits);
+        changed.clear();
+        view.model.appendRows(12001, 1.0, [](int, double time) {
+            return std::fmod(time, 2.0) == 0.0 ? 9.0 : 5.0;
+        });
+        QCOMPARE(view.limitState(2), LimitState::HighAlarm);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(changed.last()[1].value<LimitState>(), LimitState::HighAlarm);
+        QVERIFY(changed.size() < 10100);
     }
 
     void yScales_data()
@@ -439,6 +456,30 @@ private Q_SLOTS:
         QCOMPARE(view.raisedChannel(), 1);
         QTest::keyClick(legend, Qt::Key_Space);
         QCOMPARE(view.model.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+
+        // A channel tells how it lies among its limits, also while it is hidden.
+        ChannelLimits limits;
+        limits.lowWarning = 1.5;
+        view.setChannelLimits(1, limits);
+        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low warning"));
+        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(),
+                 QString("left, 1.000 A, Low warning"));
+        limits.lowAlarm = 1.25;
+        view.setChannelLimits(1, limits);
+        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low alarm"));
+        const QRect item = legend->visualRect(row(0));
+        const auto red = [&] {
+            view.settle();
+            const QImage picture = legend->viewport()->grab(item).toImage();
+            int found = 0;
+            for (int x = 0; x < picture.width(); ++x)
+                found += picture.pixelColor(x, picture.height() / 2 - 6) == QColor(255, 80, 70);
+            return found;
+        };
+        QVERIFY(red() > 5);
+        view.setChannelLimits(1, ChannelLimits());
+        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(), QString("left, 1.000 A"));
+        QCOMPARE(red(), 0);
 
         // Another model, and none.
         ScopeTestModel other(5);

@@ -150,9 +150,10 @@ void HistoryPyramid::closeBefore(double gap)
 {
     closeBase();
     double usual = usualLength();
-    for (int level = 1; level < levels && gap > usual; ++level, usual *= growth) {
+    for (int level = 1; level < levels && gap > usual; ++level) {
         if (at(level - 1).pending > 0)
             combine(level);
+        usual *= growth;
     }
 }
 

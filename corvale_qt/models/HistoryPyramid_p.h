@@ -77,8 +77,8 @@ private:
     struct Stretch
     {
         int count = 1;
-        double last; //!< time of the last row
-        double longestStep;
+        double last = 0.0; //!< time of the last row
+        double longestStep = 0.0;
     };
 
     const Level &at(int level) const { return m_levels[size_t(level)]; }

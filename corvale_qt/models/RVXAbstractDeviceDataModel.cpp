@@ -26,6 +26,13 @@ public:
     {
         return channel >= 1 && channel <= maxChannels && enabled.test(channel - 1);
     }
+    //! Returns the dashes of a channel's curve, counted from 1; nothing in the palette that has none.
+    QVariant dashes(int channel) const
+    {
+        return palette == RVXPlotColors::EightColors
+            ? QVariant()
+            : QVariant::fromValue(RVXPlotColors::dashes(channel - 1, palette));
+    }
 
     const Units::MeasurementUnit *units = &defaultUnits;
     const Units::MeasurementUnit *xUnits = &defaultXUnits;
@@ -128,9 +135,7 @@ QVariant RVXAbstractDeviceDataModel::data(const QModelIndex &index, int role) co
             return d->isEnabled(index.column()) ? Qt::Checked : Qt::Unchecked;
         return QVariant();
     case ChannelDashesRole:
-        if (isHeader(index) && d->palette != RVXPlotColors::EightColors)
-            return QVariant::fromValue(RVXPlotColors::dashes(index.column() - 1, d->palette));
-        return QVariant();
+        return isHeader(index) ? d->dashes(index.column()) : QVariant();
     default:
         return QVariant();
     }

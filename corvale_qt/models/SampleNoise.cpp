@@ -14,10 +14,10 @@ double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
     // The median of |a - 2b + c| of three normal numbers is 0.6745 x sqrt(6) times their standard deviation.
     constexpr double medianOfDifferences = 1.6522;
     const int count = std::min(most, lastRow);
-    double values[most];
+    double values[most]{};
     if (count > 0)
         reader.read(column, lastRow - count + 1, count, values);
-    double differences[most];
+    double differences[most]{};
     int found = 0;
     double squares = 0.0;
     for (int i = 2; i < count; ++i) {

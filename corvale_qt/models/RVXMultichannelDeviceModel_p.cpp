@@ -25,12 +25,12 @@ int ShownHistory::levels() const
 
 qint64 ShownHistory::firstBlock(int level) const
 {
-    return pyramid()->firstBlock(level);
+    return pyramid() ? pyramid()->firstBlock(level) : 0;
 }
 
 qint64 ShownHistory::endBlock(int level) const
 {
-    return pyramid()->endBlock(level);
+    return pyramid() ? pyramid()->endBlock(level) : 0;
 }
 
 RVXPlotHistory::Interval ShownHistory::interval(int level, qint64 block) const

@@ -118,6 +118,7 @@ void ScopeContext::restart()
     gaps.ofModel().restart();
     triggered.restart();
     hold.forgetRows();
+    curves.history().drop(); // it may be that of a source that has gone
     statistics.outdate();
 }
 

@@ -427,6 +427,28 @@ private Q_SLOTS:
         QVERIFY(!hasNote());
     }
 
+    // The axes may be asked for before the next picture, as by a resize or a print.
+    void whatIsDrawnMayEnd()
+    {
+        auto model = std::make_unique<RVXMultichannelDeviceModel>(1);
+        model->setCapacity(1000);
+        model->setHistorySpan(1000.0);
+        appendWave(*model, 10000);
+        RVXZeroingProxyModel proxy;
+        proxy.setSourceModel(model.get());
+        ScopeTestView view(&proxy);
+        view.setTimeSpan(100.0);
+        view.settle();
+        model->setHistorySpan(0.0);
+        view.qwtPlot()->updateAxes();
+        model->setHistorySpan(1000.0);
+        appendWave(*model, 10000);
+        view.settle();
+        model.reset();
+        view.qwtPlot()->updateAxes();
+        QVERIFY(view.curves().isEmpty());
+    }
+
     void noBlocksAreJoinedAcrossAnOutage()
     {
         RVXMultichannelDeviceModel model(1);

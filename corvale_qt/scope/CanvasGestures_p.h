@@ -34,6 +34,8 @@ public:
 
     //! Ends a drag and undoes it. Returns false if there is none.
     bool cancel();
+    //! Ends a drag where it is.
+    void finish();
 
     bool eventFilter(QObject *canvas, QEvent *event) override;
 
@@ -56,7 +58,6 @@ private:
     void pan(const QPoint &to);
     void zoomToBand(const QPoint &to);
     void placeMarker(const QPoint &at);
-    void finish();
 
     RVXScopePlotViewPrivate &d;
     ScopeNavigation &m_navigation;

@@ -135,6 +135,8 @@ bool ScopeNavigation::undo()
 
 void ScopeNavigation::forget()
 {
+    if (m_gestures)
+        m_gestures->finish();
     d.context.hold.forgetEarlier();
     show(ViewWindow());
 }

@@ -276,6 +276,29 @@ private Q_SLOTS:
         QCOMPARE(view.mark(), QString(x ? "Held" : y ? "Y zoomed" : ""));
     }
 
+    // A drag that goes on over other samples does not take the picture back to where it was.
+    void otherSamplesEndADrag()
+    {
+        WalkedView view;
+        const QPoint from = view.at(500, 1);
+        const auto moveTo = [&](int dx) {
+            QMouseEvent move(QEvent::MouseMove,
+                             from + QPoint(dx, 0),
+                             Qt::NoButton,
+                             Qt::LeftButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(view.canvas(), &move);
+        };
+        QTest::mousePress(view.canvas(), Qt::LeftButton, Qt::NoModifier, from);
+        moveTo(50);
+        QVERIFY(view.isHeld());
+        view.model.Clear();
+        moveTo(60);
+        QVERIFY(!view.isHeld());
+        QTest::mouseRelease(view.canvas(), Qt::LeftButton, Qt::NoModifier, from);
+        QVERIFY(!view.isHeld());
+    }
+
     void escapeEndsADrag()
     {
         WalkedView view;

@@ -333,12 +333,17 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
         forEachSample(series, from, to, [&](int i, double x, double y) {
             if (breaks.isAt(i))
                 endLine();
-            const double position = m_xMap.transform(x);
-            const bool whole = m_aligned && std::isfinite(x);
-            add(whole ? pixelOf(position) : position, y);
+            add(columnOf(x), y);
         });
     }
     endLine();
+}
+
+//! Returns where an x is drawn, on a whole pixel if the lines are aligned.
+double CurveLines::columnOf(double x) const
+{
+    const double position = m_xMap.transform(x);
+    return m_aligned && std::isfinite(x) ? pixelOf(position) : position;
 }
 
 //! Returns the breaks of the lines from sample \a from on, which all curves of the plot share.

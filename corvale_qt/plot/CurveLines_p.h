@@ -51,6 +51,7 @@ private:
     LineBreaks breaksFrom(int from) const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
+    double columnOf(double x) const;
     void place(const double *positions, const double *y, int count, QPointF *points) const;
     void drawPolyline(const QPointF *points, int count) const;
 

@@ -46,7 +46,7 @@ ExportActions::ExportActions(Session &session, DisplayTabs &displays, QMenu *men
     , m_folder(QDir::homePath())
 {
     QAction *shown =
-        menu->addAction(tr("Save &readings shown..."), this, &ExportActions::saveShown);
+        menu->addAction(tr("Save rea&dings shown..."), this, &ExportActions::saveShown);
     shown->setObjectName(QStringLiteral("saveShown"));
     shown->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_E));
     shown->setShortcutContext(Qt::ApplicationShortcut);

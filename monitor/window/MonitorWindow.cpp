@@ -19,6 +19,7 @@
 #include "monitor/window/StatisticsPanel.h"
 #include "monitor/window/TapeBar.h"
 #include "monitor/window/ViewMenu.h"
+#include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QDockWidget>
@@ -27,11 +28,15 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace Monitor {
 
 namespace {
 
 constexpr int logHeight = 120;
+//! In a window that is less high, the plot gets the room of the log and of the controls until the operator shows them.
+constexpr int roomyHeight = 700;
 //! A window of this width has room for values, displays and statistics side by side.
 constexpr int roomyWidth = 1280;
 
@@ -81,7 +86,7 @@ void MonitorWindow::addMenus()
     menuBar()->addMenu(new EditMenu(*m_displays, *m_values, m_undoClear->action(), this));
     auto *view = new ViewMenu(m_session, *m_displays, *m_values, m_settings, this);
     view->addPanel(findChild<QDockWidget *>(QStringLiteral("values")), tr("Latest &values"));
-    view->addPanel(findChild<QDockWidget *>(QStringLiteral("statistics")), tr("St&atistics"));
+    view->addPanel(findChild<QDockWidget *>(QStringLiteral("statistics")), tr("Statist&ics"));
     view->addPanel(findChild<QDockWidget *>(QStringLiteral("log")), tr("&Log"));
     view->addPanel(m_tape->action());
     menuBar()->addMenu(view);
@@ -154,6 +159,23 @@ void MonitorWindow::restoreLayout()
     restoreState(m_settings.docks());
     if (!isMaximized() && !isFullScreen())
         fitToScreen(this);
+}
+
+//! Gives the plot most of a small window; View > Log and the button beside the scope's tabs bring the rest back.
+void MonitorWindow::makeRoomForPlot()
+{
+    if (height() >= roomyHeight)
+        return;
+    m_displays->scope()->setControlsVisible(false);
+    if (m_settings.docks().isEmpty())
+        findChild<QDockWidget *>(QStringLiteral("log"))->hide();
+}
+
+void MonitorWindow::showEvent(QShowEvent *event)
+{
+    if (!std::exchange(m_wasShown, true))
+        makeRoomForPlot();
+    QMainWindow::showEvent(event);
 }
 
 void MonitorWindow::restoreDisplay(const StreamHeader &header)

@@ -37,6 +37,7 @@ public:
     void showHint(const QString &text);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -47,6 +48,7 @@ private:
     void showTitle();
     void restoreTimeSpan();
     void restoreLayout();
+    void makeRoomForPlot();
     void restoreDisplay(const StreamHeader &header);
     void saveLayout();
 
@@ -58,6 +60,7 @@ private:
     LatestValuePanel *m_values = nullptr;
     TapeBar *m_tape = nullptr;
     ClearUndo *m_undoClear = nullptr;
+    bool m_wasShown = false;
     //! The kinds of streams whose separate windows were restored.
     QVector<StreamKind> m_arranged;
 };

@@ -14,7 +14,7 @@ TapeBar::TapeBar(Session &session, QMainWindow *window)
     : QObject(window)
     , m_session(session)
     , m_window(window)
-    , m_action(new QAction(tr("Ta&pe"), this))
+    , m_action(new QAction(tr("Tape &deck"), this))
 {
     m_action->setObjectName(QStringLiteral("showTape"));
     m_action->setCheckable(true);

@@ -2,11 +2,13 @@
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
 #include "monitor/sources/FileSource.h"
+#include "monitor/tape/TapeDeck.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/Baseline.h"
 #include "monitor/window/BigNumbers.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EventLog.h"
+#include "monitor/window/ImportDialog.h"
 #include "monitor/window/KeptConnections.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/LatestValuePanel.h"
@@ -14,6 +16,7 @@
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
+#include "monitor/window/TapePanel.h"
 #include "monitor/window/WindowSettings.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/ScriptedSession.h"
@@ -22,6 +25,8 @@
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 #include <corvale_qt/models/RVXAbstractPlotDataModel.h>
 #include <corvale_qt/scope/RVXScope.h>
+
+#include <qwt_plot.h>
 
 using namespace Monitor;
 
@@ -92,6 +97,22 @@ QChar mnemonicOf(QString text)
     return mark < 0 ? QChar() : text.at(mark + 1).toUpper();
 }
 
+//! Returns the keys of the buttons and labels in a window, each as "Alt+A: &Automatic".
+QStringList mnemonicsIn(const QWidget *window)
+{
+    QStringList keys;
+    const auto add = [&](const QWidget *part, const QString &text) {
+        if (part->window() == window && !mnemonicOf(text).isNull())
+            keys.append(QString("Alt+%1: %2").arg(mnemonicOf(text)).arg(text));
+    };
+    for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
+        add(button, button->text());
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        if (label->buddy())
+            add(label, label->text());
+    return keys;
+}
+
 } // namespace
 
 //! The menus and dialogs of the window, by keyboard and by mouse, on a small screen.
@@ -106,6 +127,7 @@ private Q_SLOTS:
     {
         DoorInTest w(file("keys.xui"));
         QMap<QString, QString> owners;
+        QSet<const QAction *> inMenus;
         QStringList clashes;
         const auto claim = [&](const QString &key, const QString &owner) {
             if (owners.contains(key))
@@ -123,15 +145,17 @@ private Q_SLOTS:
                     claim(menu->title() + " " + letter, entry->text());
                 for (const QKeySequence &keys : entry->shortcuts())
                     claim(keys.toString(), entry->text());
+                inMenus.insert(entry);
             }
         }
-        for (const QAbstractButton *button : w.window.findChildren<QAbstractButton *>())
-            if (button->window() == &w.window && !mnemonicOf(button->text()).isNull())
-                claim(QString("Alt+") + mnemonicOf(button->text()), button->text());
-        for (const QLabel *label : w.window.findChildren<QLabel *>())
-            if (label->window() == &w.window && label->buddy()
-                && !mnemonicOf(label->text()).isNull())
-                claim(QString("Alt+") + mnemonicOf(label->text()), label->text());
+        for (const QAction *action : w.window.findChildren<QAction *>())
+            for (const QKeySequence &keys : action->shortcuts())
+                if (!inMenus.contains(action) && !keys.isEmpty())
+                    claim(keys.toString(), action->text() + action->objectName());
+        for (const QShortcut *shortcut : w.window.findChildren<QShortcut *>())
+            claim(shortcut->key().toString(), shortcut->parent()->objectName());
+        for (const QString &mnemonic : mnemonicsIn(&w.window))
+            claim(mnemonic.section(':', 0, 0), mnemonic);
         QCOMPARE(clashes.join("; "), QString());
         QVERIFY(owners.size() > 50);
     }
@@ -171,8 +195,12 @@ private Q_SLOTS:
         DoorInTest w(file("replace.xui"));
         const QString table = file("two.csv");
         putFile(table, "time_s,left_nA,right_nA\n0,1,2\n0.1,3,4\n0.2,5,6\n0.3,5,6\n0.4,5,6\n");
+        w.source->live = true;
         w.source->begin(StreamKind::Channels, 3);
         w.run(5);
+        w.source->begin(StreamKind::Channels, 3); // as after a reconnection, which is a gap
+        w.run(1);
+        QCOMPARE(w.session.gaps(), qint64(1));
         w.session.setPaused(true);
         QCOMPARE(w.record(file("record.csv")), QString());
         onNextDialog([&](QDialog *question) {
@@ -191,6 +219,7 @@ private Q_SLOTS:
         w.clock.advance(1.0);
         QCOMPARE(w.session.model().NumberOfChannels(), 2);
         QCOMPARE(w.session.statistics().readings(), qint64(5));
+        QCOMPARE(w.session.gaps(), qint64(0));
         QCOMPARE(w.number(0), 5.0);
         QVERIFY(!w.session.isStale());
 
@@ -208,6 +237,89 @@ private Q_SLOTS:
         });
         QVERIFY(!w.window.sources().open("tcp://nowhere"));
         QCOMPARE(w.window.sources().current(), QString("sim:ic4"));
+    }
+
+    //! A file has a tape, and no other source has; the operator's choice to hide it holds for the next file.
+    void theTapeComesAndGoesWithItsFile()
+    {
+        DoorInTest w(file("tape.xui"));
+        const QString table = file("tape.csv");
+        putFile(table, "time_s,a_nA\n0,1\n1,2\n2,3\n");
+        const auto tape = [&] {
+            return w.window.findChild<TapePanel *>();
+        };
+        QVERIFY(!tape() && !w.action("showTape")->isEnabled());
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(w.window.sources().open(table));
+            QVERIFY(tape()->isVisible() && w.action("showTape")->isEnabled());
+        }
+        w.clock.advance(0.1);
+        tape()->deck().pause();
+        tape()->deck().stepForwards();
+        w.clock.advance(0.1);
+        QVERIFY(w.session.model().rowCount() > 1);
+        w.action("showTape")->trigger();
+        QVERIFY(!tape()->isVisible());
+        QVERIFY(w.window.sources().open("sim:strips"));
+        QVERIFY(!tape() && !w.action("showTape")->isEnabled());
+        w.clock.advance(0.1);
+        QVERIFY(w.window.sources().open(table));
+        QVERIFY(!tape()->isVisible());
+        w.window.sources().close();
+        QVERIFY(!tape());
+    }
+
+    //! Tape, legend, time span and panels leave the plot half of a small window.
+    void thePlotHasMostOfASmallWindow()
+    {
+        DoorInTest w(file("room.xui"));
+        const QString table = file("seven.csv");
+        putFile(table,
+                "time_s,a_nA,b_nA,c_nA,d_nA,e_nA,f_nA,g_nA\n0,1,2,3,4,5,6,7\n1,1,2,3,4,5,6,7\n");
+        QVERIFY(w.window.sources().open(table));
+        w.clock.advance(2.0);
+        w.window.displays().showDisplay("strip");
+        w.window.resize(smallScreen);
+        const auto *plot = w.window.displays().scope()->findChild<QwtPlot *>();
+        QTRY_VERIFY2(plot->height() >= smallScreen.height() / 2,
+                     qPrintable(QString::number(plot->height())));
+    }
+
+    void aTableOfAnotherProgramIsAskedAboutWhenItIsOpened()
+    {
+        DoorInTest w(file("import.xui"));
+        const QString table = file("other.csv");
+        putFile(table, "time;a [nA]\n0,0;1,5\n0,1;2,5\n0,2;3,5\n");
+        int questions = 0;
+        for (const bool wanted : {false, true, true}) {
+            if (questions < 2)
+                onNextDialog([&](QDialog *dialog) {
+                    ++questions;
+                    QVERIFY(qobject_cast<ImportDialog *>(dialog));
+                    if (wanted)
+                        dialog->accept();
+                });
+            QCOMPARE(w.window.sources().open(table), wanted);
+            QCOMPARE(w.window.sources().current(), wanted ? table : QString());
+        }
+        QCOMPARE(questions, 2); // the answer is kept for such a header
+        w.clock.advance(1.0);
+        QCOMPARE(w.number(0), 3.5);
+    }
+
+    void eachSourceHasItsOwnDetector()
+    {
+        const QString settings = file("detectors.xui");
+        const QString strips = file("strips.json");
+        putFile(strips, R"({"detector":1,"kind":"strips","x":{"cells":64,"pitch":2,"unit":"mm"}})");
+        WindowSettings(settings).setDetectorFile("sim:strips", strips);
+        DoorInTest w(settings);
+        QVERIFY(w.window.sources().open("sim:strips"));
+        QVERIFY(w.log().contains("the detector is that of " + strips));
+        QVERIFY(w.window.sources().open("sim:ic4"));
+        w.clock.advance(1.0);
+        QVERIFY(w.session.model().header().detector.isEmpty());
+        QCOMPARE(w.log().count("the detector is not used"), 0);
     }
 
     void aFileIsDroppedOnTheWindow()

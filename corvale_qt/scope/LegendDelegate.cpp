@@ -111,15 +111,16 @@ QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
 {
     const QFontMetrics &metrics = option.fontMetrics;
     int name = 0;
-    int limit = 0;
+    bool isWatched = false;
     for (int row = 0; row < index.model()->rowCount(); ++row) {
         const QString text = index.sibling(row, 0).data().toString().left(longestName);
         name = std::max(name, metrics.horizontalAdvance(text));
-        const QString word = index.sibling(row, 0).data(LegendModel::LimitRole).toString();
-        if (!word.isEmpty())
-            limit = std::max(limit, metrics.horizontalAdvance(word) + 3 * margin);
+        isWatched = isWatched || index.sibling(row, 0).data(LegendModel::WatchedRole).toBool();
     }
-    const int width = swatchWidth + name + valueWidth(metrics) + limit;
+    // The word of a limit has room before it comes, so that the plot keeps its size then.
+    const int limit = isWatched ? metrics.horizontalAdvance(LegendModel::tr("High warning")) : 0;
+    const int width =
+        swatchWidth + name + valueWidth(metrics) + limit + 3 * margin * int(isWatched);
     return {width + 6 * margin, metrics.height() + margin};
 }
 

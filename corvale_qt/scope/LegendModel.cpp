@@ -4,8 +4,6 @@
 
 #include <QColor>
 
-#include <utility>
-
 namespace Corvale_Qt {
 
 namespace {
@@ -82,15 +80,22 @@ void LegendModel::setSiPrefix(bool on)
     changeAll();
 }
 
-void LegendModel::setLimitStates(std::function<LimitState(int channel)> stateOf)
+void LegendModel::setLimits(const Limits &limits)
 {
-    m_stateOf = std::move(stateOf);
+    m_limits = limits;
     changeAll();
+}
+
+void LegendModel::changeLimitState(int channel)
+{
+    const QModelIndex changed = index(channel - 1);
+    if (changed.isValid())
+        Q_EMIT dataChanged(changed, changed, {LimitRole, LimitColorRole, Qt::AccessibleTextRole});
 }
 
 LimitState LegendModel::limitState(int channel) const
 {
-    return m_stateOf ? m_stateOf(channel) : LimitState::Normal;
+    return m_limits.stateOf ? m_limits.stateOf(channel) : LimitState::Normal;
 }
 
 int LegendModel::rowCount(const QModelIndex &parent) const
@@ -142,6 +147,8 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
         return textOf(limitState(channel));
     case LimitColorRole:
         return colorOf(limitState(channel));
+    case WatchedRole:
+        return m_limits.areSet && m_limits.areSet(channel);
     case PenRole:
         return model.pen(channel);
     default:

@@ -27,15 +27,23 @@ public:
         PenRole, //!< the pen of the curve
         LimitRole, //!< how the newest value lies beyond its limits, as text; empty if it lies within them
         LimitColorRole, //!< the colour that goes with it
+        WatchedRole, //!< whether the channel has limits
     };
 
     //! Shows the channels of another model; null for none. The model is not owned.
     void setSource(QAbstractItemModel *source);
     //! Sets whether values have a prefix of their unit.
     void setSiPrefix(bool on);
-    //! Sets what tells the limit state of a channel, counted from 1.
-    void setLimitStates(std::function<LimitState(int channel)> stateOf);
-    //! Announces that channels may have other limit states.
+    //! What tells about the limits of a channel, counted from 1.
+    struct Limits
+    {
+        std::function<bool(int channel)> areSet;
+        std::function<LimitState(int channel)> stateOf;
+    };
+    void setLimits(const Limits &limits);
+    //! Announces that a channel, counted from 1, has another limit state.
+    void changeLimitState(int channel);
+    //! Announces that the names, the lines or the limits of channels may be others.
     void changeAll();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -50,7 +58,7 @@ private:
 
     QPointer<QAbstractItemModel> m_source;
     QVector<QMetaObject::Connection> m_connections;
-    std::function<LimitState(int channel)> m_stateOf;
+    Limits m_limits;
     bool m_hasSiPrefix = false;
     mutable LatestPrefixes m_prefixes; // a text depends on the readings before
 };

@@ -96,17 +96,26 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
         updateGeometry();
     };
     connect(&d->model, &QAbstractItemModel::modelReset, this, measure);
-    connect(&d->model, &QAbstractItemModel::dataChanged, this, measure);
+    connect(&d->model,
+            &QAbstractItemModel::dataChanged,
+            this,
+            [measure](const QModelIndex &, const QModelIndex &, const QVector<int> &roles) {
+                if (roles.isEmpty()) // the word of a limit has its room
+                    measure();
+            });
     if (!view)
         return;
     d->model.setSiPrefix(view->hasSiPrefix());
     connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
         d->model.setSiPrefix(on);
     });
-    d->model.setLimitStates([d](int channel) {
-        return d->view ? d->view->limitState(channel) : LimitState::Normal;
-    });
-    connect(view, &RVXScopePlotView::limitStateChanged, &d->model, &LegendModel::changeAll);
+    d->model.setLimits({[d](int channel) {
+                            return d->view && !d->view->channelLimits(channel).isEmpty();
+                        },
+                        [d](int channel) {
+                            return d->view ? d->view->limitState(channel) : LimitState::Normal;
+                        }});
+    connect(view, &RVXScopePlotView::limitStateChanged, &d->model, &LegendModel::changeLimitState);
     connect(view, &RVXScopePlotView::channelLimitsChanged, &d->model, &LegendModel::changeAll);
     // The canvas is painted for each picture, and with another model.
     for (QwtPlotCanvas *canvas : view->findChildren<QwtPlotCanvas *>())

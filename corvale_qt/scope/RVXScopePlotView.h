@@ -230,7 +230,8 @@ public:
     /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has
         room for, it then shows all of them, and its width grows with them to the one that is set. */
     void setBeginAtFirst(bool begin);
-    //! Returns the times at the left and the right border of the strip chart, or of the sweep; NaN in other modes.
+    /*! Returns the times at the left and the right border of the strip chart, or of the sweep; NaN in other modes. They are those
+        of the model, also of a sweep that counts from its trigger. */
     std::pair<double, double> shownTimes() const;
 
     //! Returns whether axis and labels show values with the prefix that suits them.

@@ -112,7 +112,8 @@ std::pair<double, double> RVXScopePlotView::shownTimes() const
     if (!RVXScopePlotViewPrivate::isTimeMode(d->mode))
         return {std::nan(""), std::nan("")};
     const QwtInterval shown = d->plot->axisInterval(QwtPlot::xBottom);
-    return {shown.minValue(), shown.maxValue()};
+    const double origin = d->mode == ScopeMode ? d->context.sweepSamples.origin() : 0.0;
+    return {origin + shown.minValue(), origin + shown.maxValue()};
 }
 
 int RVXScopePlotView::sampleSpan() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
 
@@ -148,6 +149,15 @@ void SweepPlotMode::clear()
     m_context.markers.clearLabels();
     setAxisTitles();
     m_context.plot->updateAxes();
+}
+
+//! Returns what the markers read, with the times that the model has, whatever the axis counts from.
+ScopeMarkerStatistics SweepPlotMode::markerStatistics() const
+{
+    ScopeMarkerStatistics statistics = TimePlotMode::markerStatistics();
+    statistics.first.time += m_context.sweepSamples.origin();
+    statistics.second.time += m_context.sweepSamples.origin();
+    return statistics;
 }
 
 void SweepPlotMode::moveMarker(int index, int steps)

@@ -16,6 +16,7 @@ public:
     void enter() override;
     void plot() override;
     void clear() override;
+    ScopeMarkerStatistics markerStatistics() const override;
     void moveMarker(int index, int steps) override;
     QwtInterval timeExtent() const override;
 

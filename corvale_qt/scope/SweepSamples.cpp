@@ -21,6 +21,7 @@ void SweepSamples::clear()
 void SweepSamples::take(const ScopeModel &model, RowRange rows)
 {
     const int channels = model.channelCount();
+    m_origin = 0.0;
     m_columns.resize(channels + 1);
     m_points.resize(channels + 1);
     QVector<double> &x = m_columns[0];
@@ -41,6 +42,7 @@ void SweepSamples::setOrigin(int row)
     if (row < 1 || row > size())
         return;
     const double origin = m_columns[0][row - 1];
+    m_origin = origin;
     for (double &x : m_columns[0])
         x -= origin;
     for (QVector<QPointF> &points : m_points) {

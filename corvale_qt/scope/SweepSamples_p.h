@@ -25,6 +25,8 @@ public:
 
     //! Makes the x of a row 0 and counts the x of the others from there.
     void setOrigin(int row);
+    //! Returns the x in the model that counts as 0 here.
+    double origin() const { return m_origin; }
 
     int size() const { return m_columns.value(0).size(); }
     //! Returns whether the values of the model still have the unit that they had when they were copied.
@@ -46,6 +48,7 @@ private:
     QVector<QVector<double>> m_columns; //!< as doubleData() gives them; empty for a hidden channel
     QVector<QVector<QPointF>>
         m_points; //!< of channels whose series is of a class that the host defines
+    double m_origin = 0.0;
     bool m_xRises = false;
     quint64 m_xVersion = 0;
     QString m_unitName;

@@ -439,6 +439,7 @@ private Q_SLOTS:
         view.model.appendRows(40, 1.0, step);
         QCOMPARE(view.xText(), QString("-25..74"));
         QCOMPARE(view.title(QwtPlot::xBottom), QString("s from the trigger"));
+        QCOMPARE(view.shownTimes(), std::make_pair(975.0, 1074.0)); // as the model has them
         QCOMPARE(view.curves().first()->sample(25), QPointF(0.0, 2.0));
         QCOMPARE(view.triggerState(), TriggerState::Triggered);
         QCOMPARE(states.size(), 2);
@@ -450,6 +451,7 @@ private Q_SLOTS:
         QCOMPARE(view.triggerState(), TriggerState::Off);
         QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
         QCOMPARE(view.curves().first()->sample(25), QPointF(925.0, 1.0));
+        QCOMPARE(view.shownTimes(), std::make_pair(900.0, 999.0));
     }
 
     // Sweeps count time from their trigger, so that neither times nor ends tell one from the next.
@@ -467,8 +469,8 @@ private Q_SLOTS:
             return time < 1000.0 || !isHigh ? 1.0 : time < 1200.0 ? 2.0 : 3.0;
         };
         view.model.appendRows(1090, 1.0, pulses);
-        view.click(Qt::LeftButton, -20.0, 1.0);
-        view.click(Qt::RightButton, 60.0, 1.0);
+        view.click(Qt::LeftButton, -20.5, 1.0);
+        view.click(Qt::RightButton, 59.5, 1.0);
         QCOMPARE(view.markerStatistics().maximum, 2.0);
         view.model.appendRows(200, 1.0, pulses);
         view.settle();
@@ -476,6 +478,9 @@ private Q_SLOTS:
         QCOMPARE(second.maximum, 3.0);
         QCOMPARE(second.sum, 81.0 + 2.0 * 20.0);
         QCOMPARE(second.integral, 80.0 + 2.0 * 20.0);
+        QCOMPARE(second.first.time, 1180.0);
+        QCOMPARE(second.second.time - second.first.time, second.period);
+        QVERIFY2(view.markerText(0).startsWith("s: -2.000e+01\n"), qPrintable(view.markerText(0)));
     }
 };
 

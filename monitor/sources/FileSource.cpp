@@ -202,7 +202,8 @@ void FileSource::readUpTo(const Place &place)
         return last.number > place.part || (last.number == place.part && later);
     };
     bool more = true;
-    while (more && m_waiting < mostReadings) {
+    constexpr qint64 mostValues = 50000000; // of large frames there are fewer
+    while (more && m_waiting < mostReadings && waitingValues() < mostValues) {
         more = !isReached() && readOn();
         while (m_parts.size() > 1 && m_parts.front().number < place.part) {
             m_waiting -= m_parts.front().readings.size();
@@ -240,7 +241,15 @@ FileSource::Place FileSource::place() const
 void FileSource::readAhead()
 {
     constexpr int enough = 5000;
-    while (m_waiting < enough && readOn()) { }
+    constexpr qint64 enoughValues =
+        2000000; // a few large frames, or that many readings of 256 channels
+    while (m_waiting < enough && waitingValues() < enoughValues && readOn()) { }
+}
+
+//! Returns how many values the readings that wait have, as if all parts had the channels of the last one.
+qint64 FileSource::waitingValues() const
+{
+    return m_parts.empty() ? 0 : m_waiting * m_parts.back().readings.channels();
 }
 
 //! Reads one piece of the file, and of its next round at the end. Returns false if nothing more can be read.

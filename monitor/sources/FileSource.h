@@ -90,6 +90,7 @@ private:
 
     void play();
     void readAhead();
+    qint64 waitingValues() const;
     bool readOn();
     void playDue();
     void beginPart(Part *part);

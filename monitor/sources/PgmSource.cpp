@@ -18,6 +18,8 @@ namespace {
 constexpr int pieceSize = 256 * 1024;
 //! So many frames are read ahead of those that are due.
 constexpr std::size_t enough = 20;
+//! So many pieces are read in one go at most, because many images may be unreadable.
+constexpr int mostPieces = 64;
 
 //! Returns a text by which names are sorted as a person would: image2 comes before image10.
 QString inOrder(const QString &name)
@@ -139,7 +141,7 @@ void PgmSource::play()
 {
     if (state() != State::Running)
         return;
-    while (m_waiting.size() < enough && !m_atEnd)
+    for (int piece = 0; piece < mostPieces && m_waiting.size() < enough && !m_atEnd; ++piece)
         readOn();
     const double now = clock().seconds();
     while (!m_waiting.empty()) {
@@ -174,9 +176,10 @@ void PgmSource::readOn()
 //! Begins the next round, whose times continue those of this one. Returns false if there is none.
 bool PgmSource::startLoop()
 {
-    if (!m_options.loop || !m_lastTime || m_number == 0)
+    if (!m_options.loop || !m_roundFrom)
         return false;
-    m_offset = *m_lastTime + m_lastStep;
+    m_offset += *m_lastTime - *m_roundFrom + m_lastStep;
+    m_roundFrom.reset();
     m_number = 0;
     m_nextFile = 0;
     return openNext();
@@ -197,6 +200,7 @@ void PgmSource::take(const PgmImage &image)
     if (m_lastTime && shown > *m_lastTime)
         m_lastStep = shown - *m_lastTime;
     m_lastTime = shown;
+    m_roundFrom = m_roundFrom.value_or(shown);
     m_waiting.push_back({shown, image});
 }
 

@@ -64,6 +64,7 @@ private:
     std::deque<Frame> m_waiting;
     qint64 m_number = 0; //!< images of this round so far
     std::optional<double> m_lastTime; //!< of the last frame that was taken
+    std::optional<double> m_roundFrom; //!< time of the first frame that was taken in this round
     double m_lastStep = frameInterval;
     double m_offset = 0.0; //!< added to the times of this round
     std::optional<double> m_playFrom; //!< time of the first frame

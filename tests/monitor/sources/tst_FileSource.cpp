@@ -147,7 +147,7 @@ private Q_SLOTS:
         putFile(folder + "/notes.txt", "P2 1 1 9 9");
         ManualClock clock;
         const double last = std::numeric_limits<double>::infinity();
-        const auto source = SourceFactory(clock, {2.0, true, -last, last, {}}).make(folder);
+        const auto source = SourceFactory(clock, {2.0, true, -last, last, {}, false}).make(folder);
         SourceLog log(*source);
         source->start();
         clock.advance(0.18);
@@ -161,6 +161,44 @@ private Q_SLOTS:
         none->start();
         QCOMPARE(none->state(), Source::State::Failed);
         QVERIFY(none->stateText().endsWith("has no files called *.pgm"));
+    }
+
+    void imagesInALoop_data()
+    {
+        columns<QString, QString>("images", "readings");
+        row("times far from 0",
+            "P2 #t 100\n1 1 9 1 P2 #t 101\n1 1 9 2 ",
+            "100: 1 | 101: 2 | 102: 1");
+        row("times below 0", "P2 #t -5\n1 1 9 1 P2 #t -4\n1 1 9 2 ", "-5: 1 | -4: 2 | -3: 1");
+    }
+    void imagesInALoop()
+    {
+        QFETCH(QString, images);
+        const QString path = m_dir.filePath("loop.pgm");
+        putFile(path, images.toLatin1());
+        ManualClock clock;
+        const double last = std::numeric_limits<double>::infinity();
+        const auto source = SourceFactory(clock, {1.0, true, -last, last, {}, false}).make(path);
+        SourceLog log(*source);
+        source->start();
+        clock.advance(2.5);
+        QTEST(log.sink.lines.filter(": ").mid(0, 3).join(" | "), "readings");
+    }
+
+    //! A minute of large frames does not fit into memory.
+    void readsFewLargeFramesAhead()
+    {
+        QByteArray text = "#corvale 2\n";
+        for (int frame = 0; frame < 100; ++frame)
+            text += "#frame " + QByteArray::number(frame) + " 200 200\n"
+                + (QByteArray("1,").repeated(199) + "1\n").repeated(200);
+        const QString path = m_dir.filePath("large.csv");
+        putFile(path, text);
+        ManualClock clock;
+        FileSource source(clock, path, {});
+        source.start();
+        clock.advance(0.5);
+        QVERIFY(source.progress() > 0.0 && source.progress() < 0.7);
     }
 
     void playsOneStreamAfterTheOther_data()

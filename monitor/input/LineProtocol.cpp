@@ -16,6 +16,8 @@ constexpr int linesOfAnotherShape = 10;
 //! If this many first lines of data do not fit the header, it was not a header.
 constexpr int linesAgainstAHeader = 2;
 constexpr std::string_view frameWord = "#frame";
+//! Lines with more fields are not looked at: the names of a hostile line would take seconds and much memory.
+constexpr std::size_t mostFields = 256 * 256 + 16;
 
 //! Returns whether a line of metadata begins with a word.
 bool beginsWith(std::string_view line, std::string_view word)
@@ -117,6 +119,10 @@ void LineProtocol::takeFields(std::string_view line)
         takeFrameRow();
         return;
     }
+    if (m_fields.size() > mostFields) {
+        refuse(currentLine(Refusal::TooManyValues));
+        return;
+    }
     if ((!m_rows || m_mayBeHeader) && takeHeader())
         return;
     if (!m_rows && !adoptShape())
@@ -137,14 +143,17 @@ void LineProtocol::takeFields(std::string_view line)
 //! Begins a frame. A change of the size begins a new acquisition.
 void LineProtocol::beginFrame(std::string_view text)
 {
-    refuseOpenFrame();
-    m_hasFrames = true;
     FrameRowReader::Beginning frame;
     RefusedLine line = currentLine(Refusal::Unreadable);
+    const bool isReadable = frame.read(text, m_arrivalTime, &line.reason);
     const bool allowed = m_metadata.allowsFrames();
+    if (!allowed && !isReadable)
+        return; // a comment, as every unknown word
+    refuseOpenFrame();
+    m_hasFrames = true;
     if (!allowed)
         line.reason = QStringLiteral("only a stream that begins with #corvale 2 has frames");
-    if (!frame.read(text, m_arrivalTime, &line.reason) || !allowed) {
+    if (!isReadable || !allowed) {
         refuse(line);
         if (m_frames)
             m_frames->drop();
@@ -352,8 +361,10 @@ void LineProtocol::follow(const TimeOrder::Verdict &verdict)
 {
     for (const TimeOrder::Reading &reading : verdict.refused)
         refuse(reading.line);
-    if (verdict.newPart)
+    if (verdict.newPart) {
         m_headerTold = false;
+        m_metadata.forgetStartTime(); // it was that of the times before
+    }
     for (const TimeOrder::Reading &reading : verdict.believed)
         deliver(reading.time, reading.values.data());
 }

@@ -31,6 +31,9 @@ public:
     //! Takes a line that begins with "#".
     Line take(std::string_view line);
 
+    //! Forgets the start time: the times that follow are independent of it.
+    void forgetStartTime() { m_startTime = QDateTime(); }
+
     //! Returns the text of the last Line::Event.
     const QString &event() const { return m_event; }
     //! Returns what was wrong with the last Line::Unreadable; empty if its value alone tells.

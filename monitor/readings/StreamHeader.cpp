@@ -83,6 +83,17 @@ void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
                             .arg(valuesPerReading());
         return;
     }
+    const bool isRowAfterRow =
+        layout.kind() == Corvale_Qt::DetectorKind::Matrix && layout.description().wiring.isEmpty();
+    if (frameRows > 0 && isRowAfterRow && layout.cells(Axis::Y) != frameRows) {
+        detectorFault =
+            QCoreApplication::translate("Monitor", "it has %1 x %2 cells, the frames %3 x %4")
+                .arg(layout.cells(Axis::Y))
+                .arg(layout.cells(Axis::X))
+                .arg(frameRows)
+                .arg(frameSize / frameRows);
+        return;
+    }
     if (hasFrames() && layout.kind() == Corvale_Qt::DetectorKind::Channels) {
         detectorFault = QCoreApplication::translate("Monitor", "its channels have no places");
         return;

@@ -50,6 +50,10 @@ private Q_SLOTS:
         row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
         row("an event", "#event door open/0,1", "event door open | > ch1 | 0: 1");
         row("comments and empty lines", "# hello//#whatever/0,1", "> ch1 | 0: 1");
+        row("a comment about frames", "#frame rate 100 Hz/0,1", "> ch1 | 0: 1");
+        row("names of no table",
+            QString("a,").repeated(70000) + "/0,1",
+            "refused 1 many | > ch1 | 0: 1");
         row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
         row("a number with a tail", "0,1/1,2x/2,3", "refused 2 ? | > ch1 | 0: 1 | 2: 3");
         row("time goes backwards",
@@ -131,6 +135,21 @@ private Q_SLOTS:
         QTEST(text.replace("start channels ", "> ").replace(" unreadable", " ?"), "expected");
     }
 
+    //! A clock that started over has another start, which nobody has told yet.
+    void aStartTimeHoldsUntilTimesGoBack()
+    {
+        TextSink sink;
+        LineProtocol protocol(sink);
+        for (const char *line : {"#t0 2026-03-01T12:00:00Z", "0,1", "5,1"})
+            protocol.takeLine(line, false);
+        QVERIFY(sink.header().startTime.isValid());
+        protocol.beginStream();
+        for (const char *line : {"0,2", "1,2"})
+            protocol.takeLine(line, false);
+        QCOMPARE(sink.lines.filter("start").size(), 2);
+        QVERIFY(!sink.header().startTime.isValid());
+    }
+
     void linesBecomeFrames_data()
     {
         // ">" begins a stream of frames with two rows and columns, ">>" the names of what is computed from each frame.
@@ -157,6 +176,10 @@ private Q_SLOTS:
             v2 + "#layout matrix 3 3/" + one,
             "event the detector is not used: readings: the detector has 9 readings, the stream 4 "
             "| > | 0: 1 2 3 4");
+        row("a detector of another shape is told",
+            v2 + "#layout matrix 2 2/#frame 0 1 4/1,2,3,4",
+            "event the detector is not used: it has 2 x 2 cells, the frames 1 x 4 | start pixels "
+            "frames, matrix 1 x 4, positions in cells, >> | 0: 1 2 3 4");
         row("a matrix in one line each",
             "#layout matrix 16 17/0," + QString("1,").repeated(271) + "2",
             "start pixels frames, matrix 16 x 17, positions in cells, >> | 0:"

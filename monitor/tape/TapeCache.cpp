@@ -2,7 +2,6 @@
 #include "monitor/tape/TapeCache.h"
 
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,6 +9,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <sys/stat.h>
 
 namespace Monitor {
 
@@ -45,9 +45,18 @@ QByteArray TapeCache::fingerprint() const
     QFile file(m_path);
     if (m_path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return {};
-    const QFileInfo info(m_path);
-    QByteArray text = m_options.toUtf8() + '\0' + QByteArray::number(file.size()) + '\0'
-        + QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + '\0';
+    struct stat status = {};
+    if (::fstat(file.handle(), &status) != 0)
+        return {};
+    // Programs that copy may set the date of change; they cannot set that of the file's own record.
+    QByteArray text = m_options.toUtf8() + '\0';
+    for (const qint64 number : {qint64(status.st_size),
+                                qint64(status.st_ino),
+                                qint64(status.st_mtim.tv_sec),
+                                qint64(status.st_mtim.tv_nsec),
+                                qint64(status.st_ctim.tv_sec),
+                                qint64(status.st_ctim.tv_nsec)})
+        text += QByteArray::number(number) + '\0';
     text += file.read(sampleSize);
     file.seek(std::max<qint64>(0, file.size() - sampleSize));
     text += file.read(sampleSize);
@@ -69,8 +78,13 @@ void TapeCache::save(const TapeIndex &index) const
 {
     if (m_fingerprint.isEmpty() || m_fingerprint != fingerprint() || !QDir().mkpath(m_folder))
         return;
+    // An index tells what a recording holds, and so is for nobody else.
+    constexpr auto own = QFile::ReadOwner | QFile::WriteOwner;
+    QFile::setPermissions(m_folder, own | QFile::ExeOwner);
+    if (QFileInfo(m_file).isSymLink() && !QFile::remove(m_file))
+        return; // what it points to is not ours
     QSaveFile file(m_file);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(own))
         return;
     file.write(m_fingerprint + index.toBytes());
     if (!file.commit())

@@ -7,7 +7,7 @@
 namespace Monitor {
 
 /*! Keeps the index of a recording in the user's folder of caches. An index counts only while the recording has the size,
-    the date of change, the beginning and the end that it had when it was indexed, and is read in the same way. */
+    the dates of change, the beginning and the end that it had when it was indexed, and is read in the same way. */
 class TapeCache
 {
 public:

@@ -143,19 +143,32 @@ private Q_SLOTS:
     void aCacheIsNotTrustedAfterAChange()
     {
         const QString path = m_dir.filePath("cached.csv"), folder = m_dir.filePath("cache");
-        putFile(path, twoParts());
+        putFile(path, twoParts() + QByteArray("# a remark\n").repeated(50000));
         const TapeCache cache(path, {}, folder);
         QVERIFY(cache.load().isEmpty());
         cache.save(indexOf(path));
+        QCOMPARE(TapeCache(path, {}, folder).load().rows(), qint64(5100));
+        const QFileInfoList kept = QDir(folder).entryInfoList({"*.tape"}, QDir::Files);
+        QCOMPARE(kept.size(), 1);
+        QVERIFY(!(kept.first().permissions() & (QFile::ReadGroup | QFile::ReadOther)));
+        QVERIFY(!(QFile::permissions(folder) & (QFile::ExeGroup | QFile::ExeOther)));
+        // What a link in the place of an index points to stays as it is.
+        const QString target = m_dir.filePath("mine.txt");
+        putFile(target, "mine");
+        QVERIFY(QFile::remove(kept.first().filePath())
+                && QFile::link(target, kept.first().filePath()));
+        cache.save(indexOf(path));
+        QCOMPARE(fileContents(target), QByteArray("mine"));
         QCOMPARE(TapeCache(path, {}, folder).load().rows(), qint64(5100));
         ImportOptions other;
         other.skippedLines = 1;
         QVERIFY(TapeCache(path, other, folder).load().isEmpty());
 
-        // The same size and date, and another digit.
+        // The same size and date of change, and another byte in the middle.
         const QDateTime date = QFileInfo(path).lastModified();
         QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(40) && file.write("7") == 1);
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2)
+                && file.write("7") == 1);
         file.close();
         QVERIFY(file.open(QIODevice::ReadWrite)
                 && file.setFileTime(date, QFileDevice::FileModificationTime));

@@ -15,6 +15,8 @@ namespace {
 constexpr int inputSize = 128 * 1024;
 //! Frames that ask for more memory than this to be read are not ours and count as damage.
 constexpr int largestWindow = 27; // power of two
+//! A frame that claims to hold more text than any disk is not believed.
+constexpr unsigned long long largestText = 1ULL << 50;
 const char magic[] = "\x28\xb5\x2f\xfd";
 constexpr int magicSize = 4;
 
@@ -128,7 +130,7 @@ bool ZstdFrames::findFrame(qint64 offset, Place *place) const
         const unsigned long long text = ZSTD_getFrameContentSize(frame, rest);
         const std::size_t length = ZSTD_findFrameCompressedSize(frame, rest);
         const bool known = text != ZSTD_CONTENTSIZE_UNKNOWN && text != ZSTD_CONTENTSIZE_ERROR
-            && !ZSTD_isError(length);
+            && !ZSTD_isError(length) && text <= largestText;
         if (!known)
             return false;
         if (place->inText + qint64(text) > offset)

@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
 #include <unistd.h>
 #include <zstd.h>
@@ -63,6 +64,17 @@ bool writeFrames(QFile *from, QFile *to)
     return from->error() == QFileDevice::NoError && to->flush() && ::fsync(to->handle()) == 0;
 }
 
+//! Has the names in the folder of a file written to the disk. Some file systems cannot, and need not.
+void syncFolder(const QString &path)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
 //! Returns whether a compressed file holds exactly the bytes of the other.
 bool holdsTheSame(QFile *file, const QString &compressed)
 {
@@ -99,7 +111,9 @@ bool compressFile(const QString &path, QString *error)
     QFile file(path), compressed(draft);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
-    if (!compressed.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    // A draft may be left from a kill. A new file is written, never what a link of that name points to.
+    QFile::remove(draft);
+    if (!compressed.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return fail(compressed.errorString());
     const bool written = writeFrames(&file, &compressed);
     compressed.close();
@@ -115,6 +129,7 @@ bool compressFile(const QString &path, QString *error)
     QFile::remove(draft);
     if (!named)
         return fail(why);
+    syncFolder(path);
     return file.remove() || fail(file.errorString());
 }
 

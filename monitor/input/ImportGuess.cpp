@@ -30,8 +30,8 @@ struct Line
     std::string text;
 };
 
-//! Returns the first lines of a table, without empty ones and those that begin with '#'.
-std::vector<Line> linesOf(QByteArray sample)
+//! Returns the first lines of a table, without empty ones, remarks, and those that are to be skipped.
+std::vector<Line> linesOf(QByteArray sample, const ImportOptions &given)
 {
     const bool cut = sample.size() >= ImportGuess::sampleSize;
     if (sample.startsWith("\xef\xbb\xbf"))
@@ -46,6 +46,10 @@ std::vector<Line> linesOf(QByteArray sample)
         if (!text.isEmpty() && !text.startsWith('#'))
             lines.push_back({i, text.toStdString()});
     }
+    const auto isLeftOut = [&](const Line &line) {
+        return line.number < given.skippedLines || line.text.front() == given.comment;
+    };
+    lines.erase(std::remove_if(lines.begin(), lines.end(), isLeftOut), lines.end());
     return lines;
 }
 
@@ -211,14 +215,7 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
     guess.options = given;
     if (sample.startsWith("#corvale"))
         return guess;
-    std::vector<Line> lines = linesOf(sample);
-    lines.erase(std::remove_if(lines.begin(),
-                               lines.end(),
-                               [&](const Line &line) {
-                                   return line.number < given.skippedLines
-                                       || line.text.front() == given.comment;
-                               }),
-                lines.end());
+    const std::vector<Line> lines = linesOf(sample, given);
     const bool isGiven = !given.isUsual();
     const Reading reading =
         isGiven ? readAs(lines, given.delimiter, given.decimalComma) : bestReading(lines);

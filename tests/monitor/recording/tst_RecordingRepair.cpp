@@ -120,7 +120,11 @@ private Q_SLOTS:
         }
         putFile(path("frames.csv"), text);
         QString error, copy;
+        // What a link in the place of the draft points to is not written to.
+        putFile(path("mine.txt"), "mine");
+        QVERIFY(QFile::link(path("mine.txt"), path("frames.csv.zst.part")));
         QVERIFY2(compressFile(path("frames.csv"), &error), qPrintable(error));
+        QCOMPARE(fileContents(path("mine.txt")), QByteArray("mine"));
         const QByteArray whole = fileContents(path("frames.csv.zst"));
         for (const double at : {0.5, 0.95}) {
             QByteArray bytes = whole;

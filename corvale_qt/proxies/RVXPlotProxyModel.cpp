@@ -125,9 +125,11 @@ int RVXPlotProxyModelPrivate::takeChangedFrom()
 void RVXPlotProxyModelPrivate::announceChanged()
 {
     const int first = takeChangedFrom();
+    if (first < 1)
+        return; // nearly always: the counts below ask all models beneath
     const int last = q->rowCount() - 1;
     const int lastColumn = q->columnCount() - 1;
-    if (first >= 1 && first <= last && lastColumn >= 1)
+    if (first <= last && lastColumn >= 1)
         Q_EMIT q->dataChanged(q->index(first, 1), q->index(last, lastColumn));
 }
 

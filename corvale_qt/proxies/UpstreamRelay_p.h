@@ -215,6 +215,10 @@ private:
     //! Removes \a change from the open ones and returns true. Resets and returns false if it is not among them.
     bool take(Change change)
     {
+        if (!m_open.isEmpty() && m_open.last() == change) { // as nearly always
+            m_open.removeLast();
+            return true;
+        }
         const int position = m_open.lastIndexOf(change);
         if (position >= 0)
             m_open.remove(position);

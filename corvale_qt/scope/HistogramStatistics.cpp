@@ -109,6 +109,9 @@ void HistogramStatistics::enable(Type type,
         if (m_hasEnergies)
             item.upload_MLFC_calibration_table(&m_energies);
     }
+    m_hasItems = std::any_of(m_families.begin(), m_families.end(), [](const Family &each) {
+        return !each.items.empty();
+    });
     family.axisWidget->setVisible(shown && !family.items.empty());
 }
 
@@ -120,13 +123,6 @@ QVector<RVX_StatisticsHistogramItem *> HistogramStatistics::items(Type type) con
             result.append(item.get());
     }
     return result;
-}
-
-bool HistogramStatistics::hasItems() const
-{
-    return std::any_of(m_families.begin(), m_families.end(), [](const Family &family) {
-        return !family.items.empty();
-    });
 }
 
 bool HistogramStatistics::hasItems(Type type) const

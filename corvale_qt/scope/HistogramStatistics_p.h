@@ -68,7 +68,7 @@ public:
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);
     //! Returns the items of a type in channel order; they are not given away.
     QVector<RVX_StatisticsHistogramItem *> items(Type type) const;
-    bool hasItems() const;
+    bool hasItems() const { return m_hasItems; }
     bool hasItems(Type type) const;
 
     //! Shows the axis widgets of the types that have items.
@@ -133,6 +133,7 @@ private:
     bool m_isAnnounced = true;
     bool m_isBusy = false; //!< the items ask for the results that are just being computed
     std::array<Family, 4> m_families;
+    bool m_hasItems = false; //!< whether a family has any; asked for each row that comes
     bool m_showsEnergy = false;
     std::vector<double> m_energies;
     bool m_hasEnergies = false;

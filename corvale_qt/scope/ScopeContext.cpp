@@ -126,8 +126,9 @@ void ScopeContext::rowsInserted(int start, int end)
 {
     if (!model.plot())
         return;
+    const int lastRow = model.lastRow(); // asks all models beneath
     batches.add(end - start + 1);
-    const int dropped = sweep.rowsInserted(start, end, model.lastRow(), sweepHint());
+    const int dropped = sweep.rowsInserted(start, end, lastRow, sweepHint());
     if (dropped > 0) {
         markers.rowsRemoved(1, dropped);
         stripStart.rowsRemoved(1, dropped);
@@ -135,7 +136,7 @@ void ScopeContext::rowsInserted(int start, int end)
         triggered.rowsRemoved(1, dropped);
         hold.rowsRemoved(1, dropped);
     }
-    if (end < model.lastRow())
+    if (end < lastRow)
         hold.forgetRows();
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);

@@ -115,9 +115,11 @@ void ScopeLimits::show(LineOf lineOf)
     for (auto watch = m_watches.constBegin();
          watch != m_watches.constEnd() && watch.key() <= channels;
          ++watch) {
+        if (!m_model.isShown(watch.key()))
+            continue;
         for (const LimitState limit : kLimits) {
             const double y = watch->limits().limitOf(limit);
-            if (!std::isnan(y) && m_model.isShown(watch.key()))
+            if (!std::isnan(y))
                 m_lines.add(lineOf(watch.key(), y, isAlarm(limit)));
         }
     }

@@ -134,6 +134,8 @@ bool ScopeCurves::isDrawn(int channel) const
 
 void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode)
 {
+    const QwtScaleEngine *const engine = m_plot->axisScaleEngine(QwtPlot::yLeft);
+    m_isLogarithmic = dynamic_cast<const QwtLogScaleEngine *>(engine);
     for (int channel = 1; channel <= m_count; ++channel) {
         RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
         QwtSeriesData<QPointF> *series = m_model.isShown(channel) ? makeSeries(channel) : nullptr;
@@ -160,7 +162,7 @@ double ScopeCurves::giveData(int channel, QwtSeriesData<QPointF> *series, int sc
     // An axis that spans all values leaves nothing to clip.
     const bool clips = m_isZoomed
         || (scaleMode != RVXScopePlotView::AutoScale && scaleMode != RVXScopePlotView::FullRange)
-        || dynamic_cast<QwtLogScaleEngine *>(m_plot->axisScaleEngine(QwtPlot::yLeft));
+        || m_isLogarithmic;
     curve.setPaintAttribute(QwtPlotCurve::ClipPolygons, clips);
     return divisor;
 }

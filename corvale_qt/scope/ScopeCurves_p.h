@@ -71,6 +71,7 @@ private:
     int m_count = 0;
     int m_raised = 0; //!< the channel above the others; 0 for none
     bool m_isZoomed = false;
+    bool m_isLogarithmic = false; //!< the y axis of the plot that is being made
     // Declared before the curves, which use it until they are destroyed.
     CurveLayer m_layer;
     ScopeHistory m_history;

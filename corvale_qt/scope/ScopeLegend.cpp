@@ -9,6 +9,7 @@
 
 #include <QKeyEvent>
 #include <QPointer>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -17,6 +18,7 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int mostLines = 3;
+constexpr int refreshInterval = 100; // milliseconds; nobody reads values faster
 
 } // namespace
 
@@ -61,6 +63,7 @@ public:
     ScopeLegend *const q;
     QPointer<RVXScopePlotView> view;
     LegendModel model;
+    QTimer refresh; //!< runs after a picture, so that values are painted less often than pictures
     QPointer<QAbstractItemModel> shown;
     bool hadSource = false; //!< also after the source was deleted
 };
@@ -105,6 +108,9 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
             });
     if (!view)
         return;
+    d->refresh.setSingleShot(true);
+    d->refresh.setInterval(refreshInterval);
+    connect(&d->refresh, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
     d->model.setSiPrefix(view->hasSiPrefix());
     connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
         d->model.setSiPrefix(on);
@@ -130,7 +136,8 @@ bool ScopeLegend::eventFilter(QObject *watched, QEvent *event)
     Q_D(ScopeLegend);
     if (event->type() == QEvent::Paint && qobject_cast<QwtPlotCanvas *>(watched)) {
         d->followModel();
-        viewport()->update();
+        if (!d->refresh.isActive())
+            d->refresh.start();
     }
     return QListView::eventFilter(watched, event);
 }

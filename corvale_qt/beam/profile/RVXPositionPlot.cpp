@@ -23,6 +23,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -276,6 +277,7 @@ class RVXPositionPlotPrivate
 public:
     void applyScale();
     void redraw();
+    void takeNewest();
 
     Ui::RVXPositionPlot ui{};
     PositionPlot *plot = nullptr;
@@ -309,6 +311,16 @@ void RVXPositionPlotPrivate::redraw()
     newestWaits = false;
 }
 
+//! Shows a position that has just come, at once if the last one was shown long enough ago.
+void RVXPositionPlotPrivate::takeNewest()
+{
+    newestWaits = true;
+    if (!timer.isActive())
+        timer.start();
+    if (redrawPending)
+        redraw();
+}
+
 RVXPositionPlot::RVXPositionPlot(QWidget *parent)
     : QWidget(parent)
     , d_ptr(new RVXPositionPlotPrivate)
@@ -334,9 +346,7 @@ void RVXPositionPlot::setData(double x, double y)
 {
     Q_D(RVXPositionPlot);
     d->plot->append(x, y);
-    d->newestWaits = true;
-    if (d->redrawPending)
-        d->redraw();
+    d->takeNewest();
 }
 
 void RVXPositionPlot::setData(double x, double y, double sum)
@@ -352,9 +362,7 @@ void RVXPositionPlot::showNoBeam()
 {
     Q_D(RVXPositionPlot);
     d->plot->removeMarker();
-    d->newestWaits = true;
-    if (d->redrawPending)
-        d->redraw();
+    d->takeNewest();
 }
 
 double RVXPositionPlot::minimumSum() const
@@ -416,7 +424,9 @@ void RVXPositionPlot::updateScale()
 void RVXPositionPlot::update()
 {
     Q_D(RVXPositionPlot);
-    d->redrawPending = true;
+    const bool isIdle = std::exchange(d->redrawPending, true) && !d->newestWaits;
+    if (isIdle)
+        d->timer.stop(); // until the next position
     // From now on the next position is shown at once. If none comes, the timer shows the last one.
     if (d->newestWaits)
         d->showNewest.start();

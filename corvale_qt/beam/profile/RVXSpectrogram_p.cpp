@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -298,6 +299,8 @@ void RVXSpectrogramPrivate::takeNewest(TakenFrame taken)
     newest = std::move(taken);
     const double timestamp = newest.time;
     newestWaits = true;
+    if (!timer.isActive())
+        timer.start();
     newestNumbers.reset();
     const bool announced = isEveryFrameAskedFor();
     JudgedFrame frame;
@@ -344,7 +347,9 @@ SpectrogramResult RVXSpectrogramPrivate::shownResult() const
 
 void RVXSpectrogramPrivate::tick()
 {
-    redrawPending = true;
+    const bool isIdle = std::exchange(redrawPending, true) && !newestWaits;
+    if (isIdle)
+        timer.stop(); // until the next frame
     // From now on the next frame is shown at once. If none comes, the timer shows the last one.
     if (newestWaits)
         showNewest.start();

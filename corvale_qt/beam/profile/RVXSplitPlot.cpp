@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -260,6 +261,8 @@ void RVXSplitPlot::setData(double a, double b)
     setData(a, 0);
     setData(b, 1);
     d->redrawPending = false;
+    if (!d->timer.isActive())
+        d->timer.start();
 }
 
 void RVXSplitPlot::setData(double a, double b, double sum)
@@ -340,7 +343,8 @@ void RVXSplitPlot::updateScale()
 void RVXSplitPlot::update()
 {
     Q_D(RVXSplitPlot);
-    d->redrawPending = true;
+    if (std::exchange(d->redrawPending, true))
+        d->timer.stop(); // until the next values
 }
 
 } // namespace Corvale_Qt

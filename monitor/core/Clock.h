@@ -18,16 +18,18 @@ public:
     virtual double seconds() const = 0;
     //! Returns the date and time of day in UTC.
     virtual QDateTime wallTime() const = 0;
+    //! Asks for ticks at full pace. A clock that nobody has asked for a while may tick once a second only.
+    virtual void stayAwake();
 
 Q_SIGNALS:
-    //! Emitted regularly while time passes.
+    //! Emitted regularly while time passes, see stayAwake().
     void tick();
 
 protected:
     explicit Clock(QObject *parent = nullptr);
 };
 
-//! The machine's clock; ticks 50 times a second.
+//! The machine's clock; ticks 50 times a second, and once a second when nobody has asked it to stay awake for 10 s.
 class SystemClock : public Clock
 {
     Q_OBJECT
@@ -36,10 +38,14 @@ public:
     explicit SystemClock(QObject *parent = nullptr);
     double seconds() const override;
     QDateTime wallTime() const override;
+    void stayAwake() override;
 
 private:
+    void restOrTick();
+
     QElapsedTimer m_elapsed;
     QTimer m_timer;
+    double m_askedAt = 0.0; //!< when somebody last wanted ticks at full pace
 };
 
 } // namespace Monitor

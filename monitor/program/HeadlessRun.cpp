@@ -198,6 +198,7 @@ void HeadlessRun::complain(const QString &text)
 void HeadlessRun::leave()
 {
     m_ended = true;
+    m_clock.stayAwake();
 }
 
 int HeadlessRun::report()

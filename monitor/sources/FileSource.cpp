@@ -112,9 +112,10 @@ void FileSource::start()
     updatePace();
 }
 
-//! Lets the event loop play while nothing else paces the file.
+//! Lets the event loop play while nothing else paces the file, and has the clock pace it otherwise.
 void FileSource::updatePace()
 {
+    clock().stayAwake();
     if (state() == State::Running && m_play.isUnpaced() && !m_play.isPaused())
         m_unpaced.start(0);
     else
@@ -141,6 +142,8 @@ void FileSource::play()
         return; // paused before the first reading
     if (isAtStop())
         return;
+    if (!m_play.isPaused())
+        clock().stayAwake();
     if (m_play.isUnpaced())
         readOn();
     else

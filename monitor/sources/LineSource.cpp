@@ -29,6 +29,8 @@ void LineSource::poll() { }
 
 void LineSource::tick()
 {
+    if (m_retryAt)
+        clock().stayAwake();
     if (m_retryAt && clock().seconds() >= *m_retryAt) {
         m_retryAt.reset();
         open();
@@ -59,6 +61,7 @@ void LineSource::takeBytes(std::string_view bytes)
 {
     // Only a connection that brings bytes is a good one; another may be closed again at once.
     m_backoff.reset();
+    clock().stayAwake();
     m_heardAt = clock().seconds();
     Q_EMIT bytesArrived(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
     m_protocol.setArrivalTime(clock().seconds() - m_startedAt);

@@ -141,6 +141,7 @@ void PgmSource::play()
 {
     if (state() != State::Running)
         return;
+    clock().stayAwake();
     for (int piece = 0; piece < mostPieces && m_waiting.size() < enough && !m_atEnd; ++piece)
         readOn();
     const double now = clock().seconds();

@@ -39,6 +39,7 @@ void SimulatorSource::play()
 {
     if (state() != State::Running)
         return;
+    clock().stayAwake();
     const double elapsed = clock().seconds() - m_startedAt;
     m_block.clear(m_header.channels.size());
     for (;; ++m_next) {

@@ -40,6 +40,7 @@ QString Source::remedy() const
 
 void Source::setState(State state, const QString &text)
 {
+    m_clock.stayAwake(); // what follows a change is to follow at once
     if (state == m_state && text == m_stateText)
         return;
     m_state = state;

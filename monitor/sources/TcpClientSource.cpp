@@ -104,6 +104,7 @@ void TcpClientSource::ask()
 {
     if (m_question.text.isEmpty() || !m_up)
         return;
+    clock().stayAwake(); // the questions are asked in time
     // If an answer never comes, the next question is asked all the same.
     const double now = clock().seconds();
     const double patience = std::max(1.0, intervalsOfPatience * m_question.every);

@@ -22,6 +22,7 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 TapeDeck::TapeDeck(FileSource &source, Clock &clock, const QString &cacheFolder, QObject *parent)
     : QObject(parent)
     , m_source(source)
+    , m_clock(clock)
     , m_indexing(
           std::make_unique<TapeIndexThread>(source.path(), source.options().import, cacheFolder))
 {
@@ -99,6 +100,7 @@ void TapeDeck::seekSpot(const TapeSpot &spot)
 {
     if (!isIndexed())
         return;
+    m_clock.stayAwake();
     m_sought = spot;
     Q_EMIT moved();
 }
@@ -204,6 +206,7 @@ void TapeDeck::tick()
 void TapeDeck::takeIndex()
 {
     constexpr double percent = 100.0;
+    m_clock.stayAwake(); // until the reading of the file, on another thread, is done
     if (m_indexing->isDone()) {
         m_index = m_indexing->result();
         m_indexError = m_indexing->errorString();

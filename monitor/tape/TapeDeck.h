@@ -96,6 +96,7 @@ private:
     void tellChange();
 
     FileSource &m_source;
+    Clock &m_clock;
     std::unique_ptr<TapeIndexThread> m_indexing;
     TapeIndex m_index;
     QString m_indexError;

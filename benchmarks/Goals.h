@@ -18,3 +18,4 @@ void measureFiles();
 void measureGrowth();
 void measureMonitorChart();
 void measureOwnModel();
+void measureWatchedChart();

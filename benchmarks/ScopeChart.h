@@ -25,6 +25,7 @@ public:
     //! Returns the grid below the curves.
     const QwtPlotGrid *shownGrid() { return grid(); }
 
-private:
+protected:
+    //! Resizes the window until the canvas has its size; for after something beside the canvas has changed.
     void fitCanvas();
 };

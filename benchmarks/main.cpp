@@ -40,6 +40,7 @@ const Subject subjects[] = {
     {"monitor", measureMonitorChart},
 #endif
     {"own", measureOwnModel},
+    {"watched", measureWatchedChart},
 };
 
 bool isKnown(const QString &name)

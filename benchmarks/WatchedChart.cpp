@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Goal 16 compares a live frame of a chart as an operator sets it up, with cursor, markers, limits, gaps and legend, with a
+// frame of the plain one.
+#include "ChannelStack.h"
+#include "Goal.h"
+#include "Goals.h"
+#include "ScopeChart.h"
+#include <corvale_qt/ChannelLimits>
+
+#include <qwt_plot.h>
+#include <qwt_plot_canvas.h>
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! A chart with everything that the monitor switches on, and limits on all channels.
+class WatchedChart : public ScopeChart
+{
+public:
+    explicit WatchedChart(ChannelStack &stack)
+        : ScopeChart(stack.top(), ScopeChart::FullRange)
+    {
+        setInteractive(true);
+        setSiPrefix(true);
+        setHysteresis(true);
+        setMarkerDetails(true);
+        setGapIntervals(3.0);
+        setTimeAxis(LocalTime);
+        setLegendVisible(true);
+        setLimits(stack.channels());
+        fitCanvas();
+        placeMarkers();
+        placePointer();
+    }
+
+private:
+    //! Gives each channel limits of its own, so that all lines are at different places.
+    void setLimits(int channels)
+    {
+        for (int channel = 1; channel <= channels; ++channel) {
+            ChannelLimits limits;
+            limits.highWarning = 1.0 + 0.01 * channel;
+            limits.highAlarm = limits.highWarning + 0.005;
+            limits.lowWarning = -limits.highWarning;
+            limits.lowAlarm = -limits.highAlarm;
+            setChannelLimits(channel, limits);
+        }
+    }
+
+    void placeMarkers()
+    {
+        enablePlotMarker(true);
+        const auto [left, right] = shownTimes();
+        SelectPoint1({left + 0.25 * (right - left), 0.0});
+        SelectPoint2({left + 0.75 * (right - left), 0.0});
+        drawFrame();
+        require(markerStatistics().hasSpan(), "16 both markers read");
+    }
+
+    void placePointer()
+    {
+        setCursorEnabled(true);
+        QWidget *const canvas = plot()->canvas();
+        const QPoint pointer = canvas->rect().center();
+        QMouseEvent move(QEvent::MouseMove,
+                         pointer,
+                         canvas->mapToGlobal(pointer),
+                         Qt::NoButton,
+                         Qt::NoButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(canvas, &move);
+    }
+};
+
+//! Draws a frame with what comes with it: the legend, the cursor and the announcements to hosts.
+void drawLive(ScopeChart &chart)
+{
+    chart.drawFrame();
+    QCoreApplication::processEvents();
+}
+
+void measure(const QString &name, int samples, int shown, int rounds)
+{
+    constexpr int channels = 64;
+    ChannelStack stack(channels, samples, shown);
+    ScopeChart plain(stack.top(), ScopeChart::FullRange);
+    WatchedChart watched(stack);
+    const double share = timesFaster(
+        [&] {
+            drawLive(plain);
+        },
+        [&] {
+            drawLive(watched);
+        },
+        rounds);
+    report(
+        {QStringLiteral("16 %1, all that is watched on, share of the plain chart's time").arg(name),
+         share,
+         Goal::AtMost,
+         1.1});
+}
+
+} // namespace
+
+void measureWatchedChart()
+{
+    measure(QStringLiteral("strip 64 x 100k"), 100000, 100000, 15);
+    measure(QStringLiteral("strip 64 x 256"), 1000, 256, 101);
+}

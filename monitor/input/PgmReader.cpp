@@ -209,7 +209,8 @@ void PgmReader::takeValue(int value)
         m_fault = tr("value %1 is above %2, the largest").arg(m_taken + 1).arg(m_largest);
     const int columns = m_image.columns;
     const int row = m_image.rows - 1 - int(m_taken) / columns;
-    m_image.values[std::size_t(row * columns + int(m_taken) % columns)] = value;
+    const int cell = row * columns + int(m_taken) % columns;
+    m_image.values[std::size_t(cell)] = value;
     if (++m_taken < m_image.values.size())
         return;
     if (m_fault.isEmpty())

@@ -207,6 +207,12 @@ QString reasonFor(const ImportOptions &options)
     return reasons.join(tr(" and "));
 }
 
+QString noTimeReason(const QStringList &names, bool firstIsNoTime)
+{
+    return firstIsNoTime ? tr("no column holds the time, and %1 is no time").arg(names.first())
+                         : tr("no column holds the time");
+}
+
 } // namespace
 
 ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given)
@@ -243,10 +249,8 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
         || !timeIsKnown;
     if (guess.lacksInterval) {
         guess.options.timeColumn = ImportOptions::noTime;
-        const QString none = plan && plan->lacksTime
-            ? tr("no column holds the time, and %1 is no time").arg(names.first())
-            : tr("no column holds the time");
-        guess.reason += (guess.reason.isEmpty() ? QString() : tr(", and ")) + none;
+        guess.reason += (guess.reason.isEmpty() ? QString() : tr(", and "))
+            + noTimeReason(names, plan && plan->lacksTime);
     }
     guess.isNeeded = guess.lacksInterval || (!isGiven && !guess.options.isUsual());
     return guess;

@@ -15,8 +15,8 @@ namespace Monitor {
 
 namespace {
 
-constexpr qint64 sampleSize = 64 * 1024;
-constexpr qint64 largestFile = 256 * 1024 * 1024;
+constexpr qint64 sampleSize = qint64(64) * 1024;
+constexpr qint64 largestFile = qint64(256) * 1024 * 1024;
 constexpr int hashSize = 20;
 
 QByteArray hashOf(const QByteArray &bytes)

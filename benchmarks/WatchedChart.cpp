@@ -6,6 +6,7 @@
 #include "Goals.h"
 #include "ScopeChart.h"
 #include <corvale_qt/ChannelLimits>
+#include <corvale_qt/ScopeMarkerStatistics>
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -38,17 +39,16 @@ public:
     }
 
 private:
-    //! Gives each channel limits of its own, so that all lines are at different places.
+    //! Gives all channels the same limits, as those of one instrument have.
     void setLimits(int channels)
     {
-        for (int channel = 1; channel <= channels; ++channel) {
-            ChannelLimits limits;
-            limits.highWarning = 1.0 + 0.01 * channel;
-            limits.highAlarm = limits.highWarning + 0.005;
-            limits.lowWarning = -limits.highWarning;
-            limits.lowAlarm = -limits.highAlarm;
+        ChannelLimits limits;
+        limits.highWarning = 1.2;
+        limits.highAlarm = 1.5;
+        limits.lowWarning = -limits.highWarning;
+        limits.lowAlarm = -limits.highAlarm;
+        for (int channel = 1; channel <= channels; ++channel)
             setChannelLimits(channel, limits);
-        }
     }
 
     void placeMarkers()

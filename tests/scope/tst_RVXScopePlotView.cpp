@@ -438,8 +438,15 @@ private Q_SLOTS:
         const auto place = [&](int i) {
             return legend->visualRect(row(i)).center();
         };
-        QTest::mouseMove(legend->viewport(), place(0));
-        QTest::mouseMove(legend->viewport(), place(1));
+        // As an event, since a cursor cannot leave the screen, which the doubled window does.
+        for (int i : {0, 1}) {
+            QMouseEvent move(QEvent::MouseMove,
+                             place(i),
+                             Qt::NoButton,
+                             Qt::NoButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(legend->viewport(), &move);
+        }
         QCOMPARE(view.raisedChannel(), 2);
         view.settle();
         const auto curves = view.curves();

@@ -428,7 +428,9 @@ private Q_SLOTS:
         view.setLegendVisible(true);
         view.settle();
         auto *legend = view.findChild<ScopeLegend *>();
-        QVERIFY(legend && legend->isVisible());
+        if (!legend)
+            QFAIL("there is no legend");
+        QVERIFY(legend->isVisible());
         const auto row = [legend](int i) {
             return legend->model()->index(i, 0);
         };

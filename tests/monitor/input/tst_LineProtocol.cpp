@@ -19,6 +19,31 @@ static QString readAll(const QByteArray &lines)
     return sink.text();
 }
 
+namespace {
+
+//! Adds rows of streams whose times do not rise.
+void addTimesThatGoBack()
+{
+    row("time goes backwards", "5,1/6,2/5.5,3/7,4", "> ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
+    row("one time far ahead costs no reading that follows",
+        "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
+        "> ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from "
+        "1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: "
+        "4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
+    row("some times behind, and then the stream goes on",
+        "8,1/9,1/2,2/3,3/10,1/4,4",
+        "> ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
+    row("times behind that do not agree",
+        "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
+        "> ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
+    row("times behind, and then the instrument is set up anew",
+        "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
+        "> ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: "
+        "62");
+}
+
+} // namespace
+
 class tst_LineProtocol : public QObject
 {
     Q_OBJECT
@@ -56,24 +81,7 @@ private Q_SLOTS:
             "refused 1 many | > ch1 | 0: 1");
         row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
         row("a number with a tail", "0,1/1,2x/2,3", "refused 2 ? | > ch1 | 0: 1 | 2: 3");
-        row("time goes backwards",
-            "5,1/6,2/5.5,3/7,4",
-            "> ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
-        row("one time far ahead costs no reading that follows",
-            "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
-            "> ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from "
-            "1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: "
-            "4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
-        row("some times behind, and then the stream goes on",
-            "8,1/9,1/2,2/3,3/10,1/4,4",
-            "> ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
-        row("times behind that do not agree",
-            "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
-            "> ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
-        row("times behind, and then the instrument is set up anew",
-            "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
-            "> ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: "
-            "62");
+        addTimesThatGoBack();
         row("numbers too small are 0, those too large are none",
             "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/"
             "3,-12e99999999999999999999/4,1e-99999999999999999999/5,0.1e310/6,1",

@@ -151,10 +151,10 @@ private Q_SLOTS:
         SpaceForecast space;
         QVERIFY(!space.secondsLeft());
         for (int i = 0; i < 200; ++i)
-            space.note(i, 1000 * i, 1000000);
+            space.note(i, qint64(1000) * i, 1000000);
         QVERIFY(std::abs(*space.secondsLeft() - 1000.0) < 1e-6);
         for (int i = 200; i < 500; ++i)
-            space.note(i, 200000 + 4000 * (i - 200), 1000000);
+            space.note(i, 200000 + qint64(4000) * (i - 200), 1000000);
         QVERIFY(std::abs(*space.secondsLeft() - 250.0) < 1.0);
         QCOMPARE(SpaceForecast::text(30.0), QString("less than a minute"));
         QCOMPARE(SpaceForecast::text(7000.0), QString("116 min"));

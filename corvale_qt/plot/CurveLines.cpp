@@ -169,25 +169,17 @@ public:
         const auto &edges = columns.edges();
         for (int i = 0; i < edges.size(); ++i) {
             const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end();
-            if (breaks.areOver())
-                addRows(runs, edges[i].column, edges[i].first, end);
-            else
-                addPieces(runs, edges[i].column, edges[i].first, end, breaks);
+            for (int first = edges[i].first; first < end;) {
+                if (breaks.isAt(first))
+                    runs.gap();
+                const int count = breaks.lengthOfLine(first, end - first);
+                addRows(runs, edges[i].column, first, first + count);
+                first += count;
+            }
         }
     }
 
 private:
-    //! Adds rows of one pixel column, which breaks may divide.
-    void addPieces(PixelRuns &runs, int column, int first, int end, LineBreaks &breaks) const
-    {
-        while (first < end) {
-            if (breaks.isAt(first))
-                runs.gap();
-            const int count = breaks.lengthOfLine(first, end - first);
-            addRows(runs, column, first, first + count);
-            first += count;
-        }
-    }
     //! Adds rows of one pixel column that no break divides.
     void addRows(PixelRuns &runs, int column, int first, int end) const
     {

@@ -24,8 +24,6 @@ public:
         m_end = breaks->constEnd();
     }
 
-    //! Returns whether no sample from the one of the last call on has a break before it.
-    bool areOver() const { return m_next == m_end; }
     //! Returns whether no line leads to sample \a i. The samples of all calls must not fall.
     bool isAt(int i)
     {

@@ -63,6 +63,8 @@ void RVXScopePlotViewPrivate::cellsChanged(const QModelIndex &topLeft,
     const bool changesX = topLeft.column() <= 0 && bottomRight.row() != 0;
     if (changesX)
         context.gaps.ofModel().restart();
+    if (context.limits.isEmpty())
+        return; // asking for the last row goes through all proxies
     const int newest = context.model.lastRow();
     if (newest >= 1 && (!bottomRight.isValid() || bottomRight.row() >= newest)) {
         context.limits.judge({newest, newest});

@@ -26,6 +26,8 @@ public:
 
     //! Sets the limits of a channel, counted from 1; empty ones remove them.
     void set(int channel, const ChannelLimits &limits);
+    //! Returns whether no channel has limits.
+    bool isEmpty() const { return m_watches.isEmpty(); }
     ChannelLimits of(int channel) const { return m_watches.value(channel).limits(); }
     LimitState state(int channel) const { return m_watches.value(channel).state(); }
 

@@ -70,16 +70,23 @@ bool PlotZoom::eventFilter(QObject * /*watched*/, QEvent *event)
                    std::pow(kStep, wheel->angleDelta().y() / 120.0));
         return true;
     }
-    return mouseEvent(event);
-}
-
-bool PlotZoom::mouseEvent(QEvent *event)
-{
-    const auto *mouse = static_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        m_isDragging = mouse->button() == Qt::LeftButton;
-        m_dragged = mouse->pos();
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+        return mouseEvent(*static_cast<QMouseEvent *>(event));
+    default:
+        return false;
+    }
+}
+
+bool PlotZoom::mouseEvent(const QMouseEvent &mouse)
+{
+    switch (mouse.type()) {
+    case QEvent::MouseButtonPress:
+        m_isDragging = mouse.button() == Qt::LeftButton;
+        m_dragged = mouse.pos();
         return false;
     case QEvent::MouseButtonRelease:
         m_isDragging = false;
@@ -90,8 +97,8 @@ bool PlotZoom::mouseEvent(QEvent *event)
     case QEvent::MouseMove: {
         if (!m_isDragging)
             return false;
-        const QPointF way = placeOf(m_dragged) - placeOf(mouse->pos());
-        m_dragged = mouse->pos();
+        const QPointF way = placeOf(m_dragged) - placeOf(mouse.pos());
+        m_dragged = mouse.pos();
         show(m_shown.translated(way));
         return false; // the readout beside the mouse follows too
     }

@@ -8,6 +8,7 @@
 #include <QRectF>
 
 class QKeyEvent;
+class QMouseEvent;
 class QwtPlot;
 
 namespace Corvale_Qt {
@@ -35,7 +36,7 @@ private:
     void zoomAround(const QPointF &place, double factor);
     void panBy(double right, double up); //!< in shares of what is shown
     QPointF placeOf(const QPoint &pixel) const;
-    bool mouseEvent(QEvent *event);
+    bool mouseEvent(const QMouseEvent &mouse);
 
     QwtPlot *m_plot;
     QRectF m_home;

@@ -11,6 +11,10 @@ foreach(component IN LISTS corvale_qt_components)
   string(APPEND pkgconfig_requires " Qt5${component}")
 endforeach()
 
+if(corvale_qt_needs_muparser)
+  string(APPEND pkgconfig_requires " muparser")
+endif()
+
 set(pkgconfig_link_options "")
 set(pkgconfig_definitions "")
 if(library_type STREQUAL "STATIC")

@@ -42,6 +42,33 @@ void addTimesThatGoBack()
         "62");
 }
 
+//! Adds rows of streams that change their shape, or start over.
+void addStreamsThatChange()
+{
+    row("one value too few",
+        "0,1,2/1,3,4/2,5/3,6,7",
+        "> ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
+    row("joined in the middle of a line",
+        "7,8/1,3,4/2,5,6",
+        "refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6");
+    row("declared, joined in the middle of a line",
+        "#channels a,b/7,8/1,3,4/2,5,6",
+        "refused 2 count | > a b | 1: 3 4 | 2: 5 6");
+    row("declared otherwise", "#channels a,b/0,1,2,3/0,1,2", "refused 2 count | > a b | 0: 1 2");
+    row("a greeting",
+        "Welcome to electrometer/0,1/1,2/2,3",
+        "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
+    row("new metadata is a new stream",
+        "0,1/1,2/#unit nA/2,3",
+        "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");
+    row("the stream starts over",
+        "5,1/6,2/#corvale 1/0,3/1,4",
+        "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4");
+    row("a stream that starts over and is slow",
+        "5,1/6,2/#corvale 1/0,3/7,4",
+        "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4");
+}
+
 } // namespace
 
 class tst_LineProtocol : public QObject
@@ -96,30 +123,7 @@ private Q_SLOTS:
         row("a time that is none",
             "nan,1/1,2/inf,3/2,4",
             "refused 1 ? | refused 3 ? | > ch1 | 1: 2 | 2: 4");
-        row("one value too few",
-            "0,1,2/1,3,4/2,5/3,6,7",
-            "> ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
-        row("joined in the middle of a line",
-            "7,8/1,3,4/2,5,6",
-            "refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6");
-        row("declared, joined in the middle of a line",
-            "#channels a,b/7,8/1,3,4/2,5,6",
-            "refused 2 count | > a b | 1: 3 4 | 2: 5 6");
-        row("declared otherwise",
-            "#channels a,b/0,1,2,3/0,1,2",
-            "refused 2 count | > a b | 0: 1 2");
-        row("a greeting",
-            "Welcome to electrometer/0,1/1,2/2,3",
-            "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
-        row("new metadata is a new stream",
-            "0,1/1,2/#unit nA/2,3",
-            "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");
-        row("the stream starts over",
-            "5,1/6,2/#corvale 1/0,3/1,4",
-            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4");
-        row("a stream that starts over and is slow",
-            "5,1/6,2/#corvale 1/0,3/7,4",
-            "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4");
+        addStreamsThatChange();
         row("ranges and start times that cannot be written down again",
             "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
             "refused 2-3 ? | > ch1 | 0: 1");

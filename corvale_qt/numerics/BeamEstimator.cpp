@@ -23,4 +23,23 @@ estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const LogParab
     return {};
 }
 
+FitStatus fitStatusOf(EstimateStatus status)
+{
+    switch (status) {
+    case EstimateStatus::Ok:
+        return FitStatus::Ok;
+    case EstimateStatus::NotUsable:
+    case EstimateStatus::NotEnoughCells:
+        return FitStatus::NotEnoughChannels;
+    case EstimateStatus::NoSignal:
+        return FitStatus::SignalBelowThreshold;
+    case EstimateStatus::PeakOnEdge:
+        return FitStatus::PeakOnEdge;
+    case EstimateStatus::NoRealWidth:
+    case EstimateStatus::NotConverged:
+        break;
+    }
+    return FitStatus::NoRealWidth;
+}
+
 } // namespace Corvale_Qt

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/corvale_qt_export.h"
+#include "corvale_qt/numerics/FitStatus.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 
 namespace Corvale_Qt {
@@ -20,5 +21,8 @@ enum class BeamEstimator {
 CORVALE_QT_EXPORT BeamEstimate estimateBeam(const BeamProfile &profile,
                                             BeamEstimator estimator,
                                             const LogParabolaOptions &options = {});
+
+//! Returns the status of a fit that says the same as that of an estimate.
+CORVALE_QT_EXPORT FitStatus fitStatusOf(EstimateStatus status);
 
 } // namespace Corvale_Qt

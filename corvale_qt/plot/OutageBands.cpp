@@ -24,7 +24,7 @@ constexpr double kZ = 15.0; // between the grid and the curves
 OutageBands::OutageBands()
 {
     setZ(kZ);
-    // Without an extent of its own, it does not change automatic scales.
+    // It reports no extent, so it does not change automatic scales.
     setItemAttribute(QwtPlotItem::AutoScale, false);
     setItemAttribute(QwtPlotItem::Legend, false);
 }

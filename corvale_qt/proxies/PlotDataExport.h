@@ -34,7 +34,7 @@ class CORVALE_QT_EXPORT PlotDataExport : public QObject
     Q_OBJECT
 
 public:
-    //! Constructs an export of all rows and channels of a model, which is not owned. One that is no plot model has no rows.
+    //! Constructs an export of all rows and channels of a model, which is not owned. A model that is not a plot model has no rows.
     explicit PlotDataExport(const QAbstractItemModel *model, QObject *parent = nullptr);
     ~PlotDataExport() override;
 

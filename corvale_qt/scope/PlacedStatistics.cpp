@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/BeamEstimator.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "corvale_qt/scope/PlacedStatistics_p.h"

@@ -17,8 +17,7 @@ double RVXScopePlotView::gapIntervals() const
 void RVXScopePlotView::setGapIntervals(double intervals)
 {
     Q_D(RVXScopePlotView);
-    if (!(intervals >= 0.0)
-        || intervals == d->context.gaps.intervals()) // NaN is no number of intervals
+    if (!(intervals >= 0.0) || intervals == d->context.gaps.intervals()) // NaN is refused as well
         return;
     d->context.gaps.setIntervals(intervals);
     RequestReplotRefresh();

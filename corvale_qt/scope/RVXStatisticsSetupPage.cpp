@@ -76,7 +76,7 @@ private:
     void sync();
 };
 
-/*! Follows a new palette of the application. Qt hands none to a widget that has a style sheet of its own, so that the sheet
+/*! Follows a new palette of the application. Qt does not pass it on to a widget that has a style sheet, so that the sheet
     must be taken off and put on again. */
 void RVXStatisticsSetupPagePrivate::adoptPalette()
 {

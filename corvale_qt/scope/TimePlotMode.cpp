@@ -74,7 +74,7 @@ void TimePlotMode::finish(double left, double right)
 {
     m_context.timeAxis.show(left, right);
     if (m_context.yScale.mode == RVXScopePlotView::Normalized)
-        m_context.limits.hide(); // each curve has a scale of its own
+        m_context.limits.hide(); // each curve has a separate scale
     else
         m_context.limits.showOverTime();
     for (int i = 0; i < ScopeMarkers::count; ++i)

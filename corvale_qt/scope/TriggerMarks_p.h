@@ -20,7 +20,7 @@ class TriggerMarks
 public:
     explicit TriggerMarks(QwtPlot *plot);
 
-    //! Shows the trigger, whose channel has \a colour. The level is left out of a plot whose curves have scales of their own.
+    //! Shows the trigger, whose channel has \a colour. The level is left out of a plot whose curves have separate scales.
     void
     show(const SweepTrigger &trigger, TriggerState state, const QColor &colour, bool withLevel);
     //! Takes everything off the plot.

@@ -17,7 +17,7 @@ namespace Corvale_Qt {
 class SteadyScaleEngine;
 
 /*! An axis of values. Its ticks and its title may have the prefix that suits its scale; the prefix is chosen once for each
-    change of the scale, whoever makes it. Samples and scale keep the unit of the model. */
+    change of the scale, whatever its cause. Samples and scale keep the unit of the model. */
 class ValueAxis : public QObject
 {
 public:

@@ -72,7 +72,7 @@ public:
         text is not a finite number with, at most, a unit of the same quantity. */
     std::optional<double> parse(const QString &text) const;
 
-    //! Returns text() of a single \a value in the unit \a symbol with a prefix of its own, and digits for its \a noise.
+    //! Returns text() of a single \a value in the unit \a symbol with the prefix that suits it, and digits for its \a noise.
     static QString text(double value, const QString &symbol, double noise = 0.0);
 
 private:

@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 class TimeSpanBoxPrivate;
 
 /*! A combo box for the length of time that a chart shows: from 1 s to 7 d, all, or whatever the user types as TimeSpan reads
-    it. A text that is no time span is refused in words, in a tool tip and by refused(), and the box shows the span that
+    it. A text that is not a time span is refused in words, in a tool tip and by refused(), and the box shows the span that
     applies again. Escape also brings that back.
 
     \code
@@ -39,7 +39,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     //! The span is another one, in seconds.
     void spanChanged(double seconds);
-    //! A text was typed that is no time span; \a reason says so in words, as plain text.
+    //! A text was typed that is not a time span; \a reason says so in words, as plain text.
     void refused(const QString &reason);
     /*! The user has closed the list, confirmed a span by Enter, or given up by Escape. A window may give the focus back to its chart,
         so that its keys work again. */

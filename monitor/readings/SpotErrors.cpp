@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <vector>
 
 namespace Monitor {
 
@@ -76,72 +77,28 @@ QVector<ComparedSpot> comparable(const SpotRows &list, int *others)
     return spots;
 }
 
-SpotDifference pairOf(const ComparedSpot &spot, const ComparedSpot &target)
-{
-    return {spot.row,
-            target.row,
-            spot.x,
-            spot.y,
-            spot.x - target.x,
-            spot.y - target.y,
-            spot.dose,
-            target.dose,
-            spot.dose - target.dose};
-}
-
-//! Adds up what a list of differences holds.
-void addUp(SpotDifferences *all)
-{
-    all->computed = true;
-    for (const SpotDifference &spot : qAsConst(all->spots)) {
-        all->dose += spot.dose;
-        all->targetDose += spot.targetDose;
-        if (spot.isMissing()) {
-            ++all->missing;
-            all->missingDose += spot.targetDose;
-        } else if (spot.isExtra()) {
-            ++all->extra;
-            all->extraDose += spot.dose;
-        } else {
-            ++all->matched;
-            if (std::abs(spot.doseDifference) > std::abs(all->largestDoseDifference))
-                all->largestDoseDifference = spot.doseDifference;
-        }
-    }
-}
-
-SpotDifference alone(const ComparedSpot &spot, bool missing)
-{
-    SpotDifference difference;
-    (missing ? difference.targetRow : difference.row) = spot.row;
-    difference.x = spot.x;
-    difference.y = spot.y;
-    (missing ? difference.targetDose : difference.dose) = spot.dose;
-    difference.doseDifference = missing ? -spot.dose : spot.dose;
-    return difference;
-}
-
 //! Compares spots of the same beam, layer and number; of several with the same ones in the order of their rows.
 SpotDifferences compareByNumber(const SpotRows &measured, const SpotRows &planned)
 {
-    SpotDifferences all;
-    std::multimap<Key, ComparedSpot> left;
+    int others = 0, targetOthers = 0;
+    const auto spots = comparable(measured, &others);
+    const auto targets = comparable(planned, &targetOthers);
     const Fields fields(measured.header), plannedFields(planned.header);
-    const auto spots = comparable(measured, &all.notComparable);
-    const auto targets = comparable(planned, &all.targetNotComparable);
-    for (const ComparedSpot &spot : spots)
-        left.emplace(keyOf(measured, fields, spot.row), spot);
-    for (const ComparedSpot &target : targets) {
-        const auto found = left.lower_bound(keyOf(planned, plannedFields, target.row));
-        const bool known =
-            found != left.end() && found->first == keyOf(planned, plannedFields, target.row);
-        all.spots.append(known ? pairOf(found->second, target) : alone(target, true));
-        if (known)
-            left.erase(found);
+    std::multimap<Key, int> left;
+    for (int i = 0; i < spots.size(); ++i)
+        left.emplace(keyOf(measured, fields, spots[i].row), i);
+    std::vector<int> matched(size_t(targets.size()), -1);
+    for (int i = 0; i < targets.size(); ++i) {
+        const Key key = keyOf(planned, plannedFields, targets[i].row);
+        const auto found = left.lower_bound(key);
+        if (found == left.end() || found->first != key)
+            continue;
+        matched[size_t(i)] = found->second;
+        left.erase(found);
     }
-    for (const auto &[key, spot] : left)
-        all.spots.append(alone(spot, false));
-    addUp(&all);
+    SpotDifferences all = compareSpots(spots, targets, matched);
+    all.notComparable = others;
+    all.targetNotComparable = targetOthers;
     return all;
 }
 
@@ -199,17 +156,23 @@ SpotErrors SpotErrors::ofOneList(const SpotRows &list)
 {
     SpotErrors errors;
     const Fields fields(list.header);
-    const auto spots = comparable(list, &errors.differences.notComparable);
-    for (const ComparedSpot &spot : spots) {
-        ComparedSpot target = spot;
-        target.x = list.value(spot.row, fields.plannedX);
-        target.y = list.value(spot.row, fields.plannedY);
+    int others = 0;
+    const auto spots = comparable(list, &others);
+    QVector<ComparedSpot> targets;
+    std::vector<int> matched;
+    for (int i = 0; i < spots.size(); ++i) {
+        ComparedSpot target = spots[i];
+        target.x = list.value(target.row, fields.plannedX);
+        target.y = list.value(target.row, fields.plannedY);
         if (fields.plannedDose >= 0)
-            target.dose = list.value(spot.row, fields.plannedDose);
-        const bool planned = std::isfinite(target.x) && std::isfinite(target.y);
-        errors.differences.spots.append(planned ? pairOf(spot, target) : alone(spot, false));
+            target.dose = list.value(target.row, fields.plannedDose);
+        if (!std::isfinite(target.x) || !std::isfinite(target.y))
+            continue;
+        targets.append(target);
+        matched.push_back(i);
     }
-    addUp(&errors.differences);
+    errors.differences = compareSpots(spots, targets, matched);
+    errors.differences.notComparable = others;
     takePairs(list, &errors);
     return errors;
 }

@@ -11,7 +11,7 @@
 
 namespace Monitor {
 
-/*! Compresses the files of a recording that are complete, one after the other on a thread of its own: a.csv becomes
+/*! Compresses the files of a recording that are complete, one after the other in a separate thread: a.csv becomes
     a.csv.zst. The file itself is removed only after the compressed one has been written to the disk, read back, and found
     to hold the same bytes, so that a kill at any moment leaves at least one of them whole. */
 class SegmentCompressor

@@ -7,7 +7,7 @@
 
 namespace Monitor {
 
-/*! Gets the index of a recording on a thread of its own, from the cache or by reading all of the recording. Its owner asks
+/*! Gets the index of a recording in a separate thread, from the cache or by reading all of the recording. Its owner asks
     from time to time whether it is done; nothing is called from the thread. */
 class TapeIndexThread
 {

@@ -86,12 +86,12 @@ QString MonitorStatusBar::rateText(double rate)
 
 QString MonitorStatusBar::badText(qint64 lines)
 {
-    return tr("%1 bad lines").arg(lines);
+    return lines == 1 ? tr("1 bad line") : tr("%1 bad lines").arg(lines);
 }
 
 QString MonitorStatusBar::gapsText(qint64 gaps)
 {
-    return tr("%1 gaps").arg(gaps);
+    return gaps == 1 ? tr("1 gap") : tr("%1 gaps").arg(gaps);
 }
 
 QString MonitorStatusBar::clockText() const

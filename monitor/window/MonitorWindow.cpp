@@ -79,7 +79,7 @@ void MonitorWindow::addCentre()
     setCentralWidget(centre);
 }
 
-//! Adds the menus, each a class of its own; the panels must be there.
+//! Adds the menus, one class for each. The panels must exist.
 void MonitorWindow::addMenus()
 {
     menuBar()->addMenu(new FileMenu(m_session, *m_sources, *m_displays, m_settings, this));

@@ -9,7 +9,7 @@ namespace Monitor {
 
 class WindowSettings;
 
-//! The detector that replaces what a source says of its own.
+//! The detector that replaces the one that a source states.
 struct SourceDetector
 {
     Corvale_Qt::DetectorLayout layout; //!< empty if nothing is replaced

@@ -18,7 +18,7 @@ class RVXScopePlotView;
 
 namespace Monitor {
 
-/*! Sets the trigger of a scope's sweeps. What is typed holds at once, as on an instrument; a text that is no number is told and
+/*! Sets the trigger of a scope's sweeps. What is typed holds at once, as on an instrument; a text that is not a number is reported and
     changes nothing. */
 class TriggerDialog : public QDialog
 {

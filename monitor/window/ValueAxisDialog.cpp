@@ -93,7 +93,7 @@ void ValueAxisDialog::applyRange()
     const double maximum = view->fromShownValue(m_maximum->text());
     if (std::isnan(minimum) || std::isnan(maximum)) {
         const QString text = std::isnan(maximum) ? m_maximum->text() : m_minimum->text();
-        m_refusal->setText(tr("\"%1\" is no value in %2.").arg(text, view->shownUnit()));
+        m_refusal->setText(tr("\"%1\" is not a value in %2.").arg(text, view->shownUnit()));
         return;
     }
     if (!(minimum < maximum)) {

@@ -3,6 +3,7 @@
 #include "corvale_qt/numerics/FlatField.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
+#include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -12,33 +13,15 @@ Q_DECLARE_METATYPE(Estimator)
 
 namespace {
 
-//! Sixteen wires at unequal distances, closer together in the middle.
-const QVector<double> kWires = {-26.3,
-                                -21.0,
-                                -16.5,
-                                -12.8,
-                                -9.7,
-                                -7.0,
-                                -4.4,
-                                -1.5,
-                                1.5,
-                                4.4,
-                                7.0,
-                                9.7,
-                                12.8,
-                                16.5,
-                                21.0,
-                                26.3};
-
 //! Thin wires, whose readings are densities at their places.
 BeamProfile wires(const CellCharges::Density &density)
 {
-    BeamProfile profile = CellCharges::touching(kWires, density);
-    profile.positions = kWires;
+    BeamProfile profile = CellCharges::touching(Profiles::unequalWires, density);
+    profile.positions = Profiles::unequalWires;
     profile.widths.fill(0);
     profile.scales.fill(1);
     for (int i = 0; i < profile.count(); ++i)
-        profile.readings[i] = density(kWires[i]);
+        profile.readings[i] = density(Profiles::unequalWires[i]);
     return profile;
 }
 
@@ -100,7 +83,7 @@ private Q_SLOTS:
             return background + CellCharges::gaussian(mean, sigma)(x);
         };
         for (const double unit : {1e-12, 1.0, 1e9}) {
-            BeamProfile profile = CellCharges::touching(kWires, density);
+            BeamProfile profile = CellCharges::touching(Profiles::unequalWires, density);
             for (double &reading : profile.readings)
                 reading *= unit;
             const BeamEstimate fit = leastSquaresGaussian(profile);

@@ -7,6 +7,7 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/HistogramView.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/Profiles.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -47,25 +48,9 @@ private Q_SLOTS:
     //! The numbers come from the analytic beam alone.
     void barsStandAtTheirPlaces()
     {
-        const QVector<double> places = {-26.3,
-                                        -21.0,
-                                        -16.5,
-                                        -12.8,
-                                        -9.7,
-                                        -7.0,
-                                        -4.4,
-                                        -1.5,
-                                        1.5,
-                                        4.4,
-                                        7.0,
-                                        9.7,
-                                        12.8,
-                                        16.5,
-                                        21.0,
-                                        26.3};
         DetectorDescription harp;
         harp.kind = DetectorKind::Strips;
-        harp.x = harp.y = DetectorAxis::at(places, QStringLiteral("mm"));
+        harp.x = harp.y = DetectorAxis::at(Profiles::unequalWires, QStringLiteral("mm"));
         std::reverse(harp.y.positions.begin(), harp.y.positions.end());
         harp.density = true;
         harp.channels.resize(32);
@@ -75,7 +60,7 @@ private Q_SLOTS:
             for (const double place : at)
                 readings << 1e-9 * std::exp(-0.5 * std::pow((place - mean) / sigma, 2));
         };
-        add(places, 1.0, 4.0);
+        add(Profiles::unequalWires, 1.0, 4.0);
         add(harp.y.positions, -6.0, 5.5);
         readings[20] *= 2;
 
@@ -111,8 +96,8 @@ private Q_SLOTS:
                 for (int i = 16 * plane.item; i < 16 * (plane.item + 1); ++i)
                     if (bar(i).interval.contains(item->position()))
                         nearest = i;
-                const double place =
-                    plane.item == 0 ? places[nearest] : harp.y.positions[nearest - 16];
+                const double place = plane.item == 0 ? Profiles::unequalWires[nearest]
+                                                     : harp.y.positions[nearest - 16];
                 QVERIFY(qAbs(place - plane.mean) < 2);
             }
         }

@@ -154,10 +154,10 @@ BeamFrame computePixelFrame(const FrameReadings &readings, const FrameOptions &o
     return frame;
 }
 
-//! Returns false if sums of huge readings gave numbers that no plot can take; such a frame is shown as not valid.
-bool isPresentable(const BeamFrame &frame)
+} // namespace
+
+bool isPresentable(const SpectrogramCalc &calc)
 {
-    const SpectrogramCalc &calc = frame.calc;
     const auto numbers = {calc.sigmaX,
                           calc.sigmaY,
                           calc.elongation,
@@ -168,11 +168,8 @@ bool isPresentable(const BeamFrame &frame)
                           calc.rotation,
                           calc.meanX,
                           calc.meanY};
-    return std::all_of(numbers.begin(), numbers.end(), isPlottable)
-        && std::all_of(frame.raster.begin(), frame.raster.end(), isPlottable);
+    return std::all_of(numbers.begin(), numbers.end(), isPlottable);
 }
-
-} // namespace
 
 DetectorGrid DetectorGrid::of(ProfileLayout layout)
 {
@@ -220,7 +217,8 @@ computeFrame(ProfileLayout layout, const FrameReadings &readings, const FrameOpt
         return {};
     BeamFrame frame = layout == ProfileLayout::StripPair ? computeStripFrame(readings, options)
                                                          : computePixelFrame(readings, options);
-    if (isPresentable(frame))
+    if (isPresentable(frame.calc)
+        && std::all_of(frame.raster.begin(), frame.raster.end(), isPlottable))
         return frame;
     BeamFrame nothing;
     nothing.status = FitStatus::NoRealWidth;

@@ -35,4 +35,7 @@ bool stripFrameIsEmpty(const FrameReadings &readings);
 BeamFrame
 computeFrame(ProfileLayout layout, const FrameReadings &readings, const FrameOptions &options);
 
+//! Returns false if sums of huge readings gave numbers that no plot can take; such a frame is shown as not valid.
+bool isPresentable(const SpectrogramCalc &calc);
+
 } // namespace Corvale_Qt

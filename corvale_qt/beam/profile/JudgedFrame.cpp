@@ -85,21 +85,8 @@ BeamVerdict verdictOf(const JudgedFrame &frame)
 
 FitStatus statusOf(const PlaneResult &plane)
 {
-    switch (plane.estimate.status) {
-    case EstimateStatus::NotUsable:
-    case EstimateStatus::NotEnoughCells:
-        return FitStatus::NotEnoughChannels;
-    case EstimateStatus::NoSignal:
-        return FitStatus::SignalBelowThreshold;
-    case EstimateStatus::PeakOnEdge:
-        return FitStatus::PeakOnEdge;
-    case EstimateStatus::NoRealWidth:
-    case EstimateStatus::NotConverged:
-        return FitStatus::NoRealWidth;
-    case EstimateStatus::Ok:
-        break;
-    }
-    return plane.isGood() ? FitStatus::Ok : FitStatus::NoiseAboveThreshold;
+    const FitStatus status = fitStatusOf(plane.estimate.status);
+    return status == FitStatus::Ok && !plane.isGood() ? FitStatus::NoiseAboveThreshold : status;
 }
 
 FitStatus statusOf(const JudgedFrame &frame)
@@ -245,21 +232,6 @@ void takeAxes(JudgedFrame &frame)
     }
 }
 
-bool isPresentable(const BeamFrame &beam)
-{
-    const SpectrogramCalc &calc = beam.calc;
-    const auto numbers = {calc.sigmaX,
-                          calc.sigmaY,
-                          calc.elongation,
-                          calc.integral,
-                          calc.sigmaMajor,
-                          calc.sigmaMinor,
-                          calc.max,
-                          calc.meanX,
-                          calc.meanY};
-    return std::all_of(numbers.begin(), numbers.end(), isPlottable);
-}
-
 } // namespace
 
 void JudgedFrame::refuse(FitStatus status, const QString &reason)
@@ -320,7 +292,7 @@ JudgedFrame judgeLayoutFrame(const DetectorFrame &cells, const JudgeOptions &opt
     calc.valid = frame.verdict.validity != BeamValidity::NotValid;
     if (calc.valid && frame.x.exists() && frame.y.exists())
         takeShape(frame, options.estimator);
-    if (!isPresentable(frame.beam)) {
+    if (!isPresentable(frame.beam.calc)) {
         calc.integral = calc.max = 0;
         frame.beam.raster.fill(0);
         frame.refuse(FitStatus::NoRealWidth, tr("the numbers are too large to be shown"));

@@ -104,7 +104,13 @@ void addUp(SpotDifferences &all)
 
 SpotDifferences compareSpots(const QVector<ComparedSpot> &map, const QVector<ComparedSpot> &target)
 {
-    const std::vector<int> matched = matches(map, target);
+    return compareSpots(map, target, matches(map, target));
+}
+
+SpotDifferences compareSpots(const QVector<ComparedSpot> &map,
+                             const QVector<ComparedSpot> &target,
+                             const std::vector<int> &matched)
+{
     std::vector<bool> isMatched(size_t(map.size()));
     SpotDifferences all;
     all.computed = true;

@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include <limits>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -71,5 +72,10 @@ struct SpotDifferences
     lie at one place. */
 CORVALE_QT_EXPORT SpotDifferences compareSpots(const QVector<ComparedSpot> &map,
                                                const QVector<ComparedSpot> &target);
+/*! Compares spots that the caller has paired, by their numbers for example: \a matched has, for each spot of the target, the
+    index in \a map of the spot that belongs to it, or -1. No index may occur twice. */
+CORVALE_QT_EXPORT SpotDifferences compareSpots(const QVector<ComparedSpot> &map,
+                                               const QVector<ComparedSpot> &target,
+                                               const std::vector<int> &matched);
 
 } // namespace Corvale_Qt

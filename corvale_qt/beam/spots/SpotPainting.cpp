@@ -27,7 +27,7 @@ double amplitudeOf(float dose, float fullScaleDose)
 }
 
 /*! A brush's gradient has 56 steps across the whole map. A spot within fewer steps than this would look like a square, and is
-    painted with steps of its own. */
+    painted with separate steps. */
 constexpr double fewestSteps = 16.0;
 constexpr double stepsAcrossTheMap = 56.0;
 

@@ -45,23 +45,4 @@ QVector<QPointF> PlacedFit::curve(double divisor) const
     return line;
 }
 
-FitStatus fitStatusOf(EstimateStatus status)
-{
-    switch (status) {
-    case EstimateStatus::Ok:
-        return FitStatus::Ok;
-    case EstimateStatus::NotUsable:
-    case EstimateStatus::NotEnoughCells:
-        return FitStatus::NotEnoughChannels;
-    case EstimateStatus::NoSignal:
-        return FitStatus::SignalBelowThreshold;
-    case EstimateStatus::PeakOnEdge:
-        return FitStatus::PeakOnEdge;
-    case EstimateStatus::NoRealWidth:
-    case EstimateStatus::NotConverged:
-        break;
-    }
-    return FitStatus::NoRealWidth;
-}
-
 } // namespace Corvale_Qt

@@ -36,7 +36,4 @@ struct PlacedFit
     QVector<QPointF> curve(double divisor) const;
 };
 
-//! Returns the status of the histogram that means the same.
-FitStatus fitStatusOf(EstimateStatus status);
-
 } // namespace Corvale_Qt

@@ -31,7 +31,7 @@ QString fit(const RVX_FitHistogramItem &item);
 //! Returns the text of a fit made by the device: as fit(), but without height and integral.
 QString deviceFit(const RVX_FitHistogramItem &item);
 
-/*! Returns \a label with the verdict and the first reason for it in lines of their own, if the item's channels have
+/*! Returns \a label with the verdict and the first reason for it on separate lines, if the item's channels have
     places. */
 QString withVerdict(const QString &label, const RVX_StatisticsHistogramItem &item);
 //! Returns \a label with a line for the energy added at the end.

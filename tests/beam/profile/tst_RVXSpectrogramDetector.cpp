@@ -3,6 +3,7 @@
 #include "corvale_qt/detector/DetectorFile.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/Pixels.h"
+#include "tests/support/Profiles.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -18,23 +19,6 @@ using Axis = DetectorLayout::Axis;
 
 namespace {
 
-const QVector<double> kWires = {-26.3,
-                                -21.0,
-                                -16.5,
-                                -12.8,
-                                -9.7,
-                                -7.0,
-                                -4.4,
-                                -1.5,
-                                1.5,
-                                4.4,
-                                7.0,
-                                9.7,
-                                12.8,
-                                16.5,
-                                21.0,
-                                26.3};
-
 double gauss(double place, double mean, double sigma)
 {
     return std::exp(-0.5 * std::pow((place - mean) / sigma, 2));
@@ -44,7 +28,7 @@ DetectorDescription harp()
 {
     DetectorDescription description;
     description.kind = DetectorKind::Strips;
-    description.x = DetectorAxis::at(kWires, QStringLiteral("mm"));
+    description.x = DetectorAxis::at(Profiles::unequalWires, QStringLiteral("mm"));
     description.y = description.x;
     description.density = true;
     return description;
@@ -447,8 +431,8 @@ private Q_SLOTS:
         const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
         QCOMPARE(lines[3], QString("axis,position,width,value,flag"));
         const QStringList first = lines[4].split(',');
-        QCOMPARE(first[1].toDouble(), kWires[0]);
-        QCOMPARE(first[3].toDouble(), 1e-9 * gauss(kWires[0], 3, 5));
+        QCOMPARE(first[1].toDouble(), Profiles::unequalWires[0]);
+        QCOMPARE(first[3].toDouble(), 1e-9 * gauss(Profiles::unequalWires[0], 3, 5));
     }
 
     void presetsComeBack()

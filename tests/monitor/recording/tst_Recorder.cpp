@@ -2,7 +2,7 @@
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/Recorder.h"
 #include "tests/monitor/support/ManualClock.h"
-#include "tests/monitor/support/TextSink.h"
+#include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -115,16 +115,6 @@ public:
     std::vector<double> numbers;
 };
 
-static QString readBack(const QString &path)
-{
-    TextSink sink;
-    CsvReader reader(sink);
-    if (!reader.open(path))
-        return reader.errorString();
-    while (reader.read(10000)) { }
-    return sink.text();
-}
-
 class tst_Recorder : public QObject
 {
     Q_OBJECT
@@ -203,7 +193,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i) {
             const QString name =
                 i == 0 ? "packed.csv.zst" : QString("packed-%1.csv.zst").arg(i + 1);
-            const QString text = readBack(m_dir->filePath(name));
+            const QString text = readTable(m_dir->filePath(name));
             QVERIFY2(text.startsWith("start channels left:nA right"), qPrintable(text));
             QVERIFY(text.endsWith(QString("%1: %1 0.5").arg(100 * i + 49)));
             QVERIFY(!text.contains("refused"));
@@ -311,12 +301,12 @@ private Q_SLOTS:
             r.recorder().addReadings(frames);
             r.clock.advance(1.0);
             limit.lift();
-            const QString before = readBack(path("a.csv"));
+            const QString before = readTable(path("a.csv"));
             QVERIFY(QFile::remove(path("a.csv")));
             r.clock.advance(1.0);
             QVERIFY(r.recorder().finish());
             // Together the files hold every frame, and the second one no part of a frame.
-            const QString after = readBack(path("a.csv"));
+            const QString after = readTable(path("a.csv"));
             QVERIFY2(!after.contains("refused"), qPrintable(after));
             for (int i = 0; i < 3; ++i) {
                 const QString frame = QString("%1: %2 2 3 4 5 6").arg(i).arg(i + 1);
@@ -356,7 +346,7 @@ private Q_SLOTS:
         QVERIFY(told.begin());
         told.recorder().addReadings(block(0, 1));
         QVERIFY(told.recorder().finish());
-        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readTable(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
 
         Recording nowhere(path("no/such/folder/a.csv"), true);
         QVERIFY(!nowhere.begin());
@@ -397,7 +387,7 @@ private Q_SLOTS:
         for (int i = 1; i <= files; ++i) {
             const QString file = m_dir->filePath(i == 1 ? "a.csv" : QString("a-%1.csv").arg(i));
             QVERIFY(i == files || QFileInfo(file).size() >= bytes);
-            QStringList lines = readBack(file).split(" | ");
+            QStringList lines = readTable(file).split(" | ");
             if (lines.first().isEmpty())
                 continue; // begun with the last tick, and no reading came
             QCOMPARE(lines.takeFirst(), QString("start channels left:nA right"));
@@ -419,9 +409,9 @@ private Q_SLOTS:
         recorder.startStream(twoChannels());
         recorder.addReadings(block(0, 1));
         QVERIFY(recorder.finish());
-        QCOMPARE(readBack(path("a.csv")),
+        QCOMPARE(readTable(path("a.csv")),
                  QString("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
-        QCOMPARE(readBack(path("a-2.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readTable(path("a-2.csv")), QString("start channels left:nA right | 0: 0 0.5"));
     }
 
     void goesOnInAFileThatCanBeFound_data()
@@ -474,13 +464,13 @@ private Q_SLOTS:
         const QFileInfo now(recorder.fileName());
         QCOMPARE(now.path(), path("run"));
         QCOMPARE(now.suffix(), QString("csv"));
-        const QString text = readBack(now.filePath());
+        const QString text = readTable(now.filePath());
         QVERIFY2(text.startsWith(QString("event recording: ")), qPrintable(text));
         QVERIFY2(text.endsWith(QStringLiteral(
                      "start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
                  qPrintable(text));
         if (!before.isEmpty())
-            QCOMPARE(readBack(path("kept.csv")), before);
+            QCOMPARE(readTable(path("kept.csv")), before);
     }
 
     //! The disk is full in the middle of any line, and then the file is removed.
@@ -506,12 +496,12 @@ private Q_SLOTS:
                 r.clock.advance(1.0);
             }
             QVERIFY(recorder.errorString().contains("File too large"));
-            const QString written = readBack(path("a.csv"));
+            const QString written = readTable(path("a.csv"));
             QVERIFY(QFile::remove(path("a.csv")));
             limit.lift();
             r.clock.advance(1.0);
             QVERIFY(recorder.finish());
-            QStringList lines = readBack(path("a.csv")).split(" | ");
+            QStringList lines = readTable(path("a.csv")).split(" | ");
             QVERIFY(lines.takeFirst().startsWith("event recording: "));
             const QString rest = lines.join(" | ");
             // No line comes twice or in halves, each is under its own header; whole lines went with the file.
@@ -536,7 +526,7 @@ private Q_SLOTS:
         QVERIFY(!second.begin());
         QVERIFY(second.recorder().errorString().contains("another recorder"));
         QVERIFY(first.recorder().finish());
-        QCOMPARE(readBack(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
+        QCOMPARE(readTable(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
         QVERIFY(second.begin());
     }
 
@@ -569,7 +559,7 @@ private Q_SLOTS:
         // Every stream is there under its own header.
         int streams = 0, readings = 0;
         for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
-            const QString text = readBack(file.filePath());
+            const QString text = readTable(file.filePath());
             streams += text.count(QString("start channels"));
             readings += text.count(QString(" 0.5"));
         }
@@ -585,7 +575,7 @@ private Q_SLOTS:
         QVERIFY(r.begin());
         for (int i = 0; i < 30; ++i) {
             recorder.addReadings(block(i, 1));
-            const int written = readBack(path("a.csv")).count(QString(" 0.5"));
+            const int written = readTable(path("a.csv")).count(QString(" 0.5"));
             QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
             r.clock.advanceSilently(0.1);
         }
@@ -612,7 +602,7 @@ private Q_SLOTS:
         r.clock.advance(1.0);
         QCOMPARE(recovered.count(), 1);
         QVERIFY(recorder.finish());
-        const QStringList lines = readBack(r.options.path).split(" | ");
+        const QStringList lines = readTable(r.options.path).split(" | ");
         QCOMPARE(lines.size(), 51);
         QCOMPARE(lines.last(), QString("49: 49 0.5"));
     }

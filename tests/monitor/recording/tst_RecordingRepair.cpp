@@ -3,7 +3,7 @@
 #include "monitor/recording/RecordingRepair.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/SpaceForecast.h"
-#include "tests/monitor/support/TextSink.h"
+#include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -12,16 +12,6 @@
 #include <random>
 
 using namespace Monitor;
-
-static QString readBack(const QString &path)
-{
-    TextSink sink;
-    CsvReader reader(sink);
-    if (!reader.open(path))
-        return reader.errorString();
-    while (reader.read(10000)) { }
-    return sink.text();
-}
 
 //! What happens to the files of a recording once they are written: compression, damage and repair.
 class tst_RecordingRepair : public QObject
@@ -92,7 +82,7 @@ private Q_SLOTS:
                      .match(said)
                      .hasMatch(),
                  qPrintable(said));
-        const QString read = readBack(copy);
+        const QString read = readTable(copy);
         QVERIFY2(read.contains(" | 2: 3") && !read.contains("refused"), qPrintable(read));
         QVERIFY(read.contains(last));
         QVERIFY(fileContents(copy).contains("# source: tcp://here; repaired from damaged.csv\n"));

@@ -294,7 +294,7 @@ private Q_SLOTS:
         w.clock.advance(0.3);
         QCOMPARE(w.status("source"), QString("script"));
         QCOMPARE(w.status("bad"), QString("2 bad lines"));
-        QCOMPARE(w.status("gaps"), QString("1 gaps"));
+        QCOMPARE(w.status("gaps"), QString("1 gap"));
         QCOMPARE(w.status("recording"), QString("not recording"));
         QCOMPARE(w.status("clock"), w.clock.wallTime().toString(QString("HH:mm:ss 'UTC'")));
     }
@@ -614,7 +614,7 @@ private Q_SLOTS:
         QCOMPARE(type("30", "-10"), QString());
         QCOMPARE(view->yMaximum(), 0.03);
         QCOMPARE(type("1", "2"), QString("The minimum must be below the maximum."));
-        QCOMPARE(type("1 V", "0"), QString("\"1 V\" is no value in mA."));
+        QCOMPARE(type("1 V", "0"), QString("\"1 V\" is not a value in mA."));
         QCOMPARE(view->yMaximum(), 0.03);
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::AltModifier);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/BeamEstimator.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/FlatField.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
@@ -193,6 +194,24 @@ private Q_SLOTS:
         QVERIFY(all.flatness.value < 1e-9 && std::isnan(all.size.value));
         const BeamProfile beam = CellCharges::strips(64, 1, CellCharges::gaussian(0, 6));
         QVERIFY(!flatField(beam).isFlatTopped());
+    }
+
+    //! A histogram says of a beam on wires what it says of one on numbered strips.
+    void aFitSaysWhatTheEstimateSays()
+    {
+        const auto statusOf = [](int wires, const CellCharges::Density &density) {
+            const QVector<double> places = Profiles::unequalWires.mid(0, wires);
+            return int(
+                fitStatusOf(threePointGaussian(CellCharges::touching(places, density)).status));
+        };
+        QCOMPARE(statusOf(16, CellCharges::gaussian(1, 6)), int(FitStatus::Ok));
+        QCOMPARE(statusOf(16, CellCharges::gaussian(-40, 6)), int(FitStatus::PeakOnEdge));
+        QCOMPARE(statusOf(2, CellCharges::gaussian(-24, 6)), int(FitStatus::NotEnoughChannels));
+        QCOMPARE(statusOf(16,
+                          [](double) {
+                              return 0.0;
+                          }),
+                 int(FitStatus::SignalBelowThreshold));
     }
 
     void hotCellsStandAlone()

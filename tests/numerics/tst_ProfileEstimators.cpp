@@ -226,10 +226,12 @@ private Q_SLOTS:
         QCOMPARE(profile.flags.count(CellFlag::Hot), 1);
         QVERIFY(std::abs(profile.withoutHoles().readings[28]) < 0.02);
 
-        std::vector<double> matrix(64 * 64);
-        for (int i = 0; i < 64 * 64; ++i)
-            matrix[std::size_t(i)] =
-                CellCharges::gaussian(30, 2)(i % 64) * CellCharges::gaussian(20, 1)(i / 64);
+        std::vector<double> matrix;
+        for (int row = 0; row < 64; ++row) {
+            for (int column = 0; column < 64; ++column)
+                matrix.push_back(CellCharges::gaussian(30, 2)(column)
+                                 * CellCharges::gaussian(20, 1)(row));
+        }
         QVERIFY(hotCells(matrix.data(), 64, 64).empty());
         matrix[64 * 63 + 63] = 0.5;
         matrix[64 * 40 + 7] = 0.5;

@@ -18,6 +18,10 @@
 
 find_program(XVFB_RUN_PROGRAM xvfb-run)
 
+# Most tests link the whole library: a third of the time that they take to build, if the linker is a slow one.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -fuse-ld=lld CORVALE_QT_HAS_LLD)
+
 set(corvale_qt_lsan_suppressions "${PROJECT_SOURCE_DIR}/cmake/lsan-suppressions.txt")
 if(CORVALE_QT_SANITIZE)
   # The GL drivers are unloaded before the leak check runs; without a dlclose that does nothing the
@@ -64,6 +68,9 @@ endfunction()
 # Links a test program; internal says whether it takes the objects or the shared library.
 function(corvale_qt_link_test test internal)
   corvale_qt_precompile(${test})
+  if(CORVALE_QT_HAS_LLD)
+    target_link_options(${test} PRIVATE -fuse-ld=lld)
+  endif()
   target_link_libraries(${test} PRIVATE corvale_qt_test_support Qt5::Test corvale_qt_flags ${ARGN})
   if(internal)
     target_link_libraries(${test} PRIVATE corvale_qt_objects corvale_qt_numerics)

@@ -5,7 +5,7 @@
 namespace Corvale_Qt {
 
 ColumnSeries::ColumnSeries(const PlotColumns &columns, int column, int rows)
-    : m_columns{BulkColumns(&columns), column, 1, 1.0}
+    : m_columns{PlotColumnReader::ofBulk(&columns), column, 1, 1.0}
     , m_rows(rows)
 {
 }
@@ -25,16 +25,8 @@ QPointF ColumnSeries::sample(size_t i) const
 
 QRectF ColumnSeries::boundingRect() const
 {
-    if (d_boundingRect.isValid() || m_rows < 1)
-        return d_boundingRect;
-    SampleBounds bounds(sample(0));
-    if (!bounds.addSpans(m_columns, m_rows)) {
-        for (int i = 0; i < m_rows; ++i) {
-            const QPointF point = sample(size_t(i));
-            bounds.add(point.x(), point.y());
-        }
-    }
-    d_boundingRect = bounds.rectangle();
+    if (!d_boundingRect.isValid() && m_rows > 0)
+        d_boundingRect = boundsOf(*this, m_rows);
     return d_boundingRect;
 }
 

@@ -3,9 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
-
-#include <qwt_series_data.h>
+#include "corvale_qt/models/SeriesColumns_p.h"
 
 namespace Corvale_Qt {
 

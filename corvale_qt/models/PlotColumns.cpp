@@ -54,34 +54,26 @@ const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
     return own && own->vouchedType() == typeid(*model) ? own : nullptr;
 }
 
-//! Asks a host's model. Spans that do not fit what was asked for are not used, since they would be read beyond their end.
-bool BulkColumns::hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const
-{
-    spans = ColumnSpans();
-    const auto isWhole = [&spans](int i) {
-        return spans.size[i] == 0 || (spans.size[i] > 0 && spans.piece[i]);
-    };
-    return m_bulk->spans(column, firstRow, count, spans) && spans.count() == count && isWhole(0)
-        && isWhole(1);
-}
-
 PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
-    : m_object(dynamic_cast<const QObject *>(model))
-    , m_isGuarded(!m_object.isNull())
-    , m_model(model)
-    , m_columns(RVXBulkPlotData::of(model))
+    : PlotColumnReader(ofBulk(RVXBulkPlotData::of(model)))
 {
+    m_object = dynamic_cast<const QObject *>(model);
+    m_isGuarded = !m_object.isNull();
+    m_model = model;
 }
 
-PlotColumnReader::PlotColumnReader(const PlotColumns *columns)
-    : m_columns(columns)
+PlotColumnReader PlotColumnReader::ofBulk(const RVXBulkPlotData *bulk)
 {
+    PlotColumnReader reader;
+    reader.m_bulk = bulk;
+    reader.m_own = bulk ? bulk->m_columns : nullptr;
+    return reader;
 }
 
 void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
 {
     if (isBulk()) {
-        m_columns.read(column, firstRow, count, out);
+        m_bulk->read(column, firstRow, count, out);
     } else if (!m_model || isGone()) {
         std::fill_n(out, std::max(count, 0), 0.0);
     } else {
@@ -90,24 +82,23 @@ void PlotColumnReader::read(int column, int firstRow, int count, double *out) co
     }
 }
 
-bool PlotColumnReader::xRises() const
-{
-    return isBulk() && m_columns.xRises();
-}
-
 bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    return isBulk() && m_columns.spans(column, firstRow, count, spans);
+    if (!isBulk())
+        return false;
+    return m_own ? m_own->columnSpans(column, firstRow, count, spans)
+                 : hostSpans(column, firstRow, count, spans);
 }
 
-quint64 PlotColumnReader::xVersion() const
+//! Asks a host's model. Spans that do not fit what was asked for are not used, since they would be read beyond their end.
+bool PlotColumnReader::hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const
 {
-    return isBulk() ? m_columns.xVersion() : 0;
-}
-
-qint64 PlotColumnReader::droppedRows(int column) const
-{
-    return isBulk() ? m_columns.droppedRows(column) : -1;
+    spans = ColumnSpans();
+    const auto isWhole = [&spans](int i) {
+        return spans.size[i] == 0 || (spans.size[i] > 0 && spans.piece[i]);
+    };
+    return m_bulk->spans(column, firstRow, count, spans) && spans.count() == count && isWhole(0)
+        && isWhole(1);
 }
 
 } // namespace Corvale_Qt

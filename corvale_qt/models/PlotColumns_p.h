@@ -9,9 +9,6 @@
 #include <QPointer>
 
 class QDebug;
-class QPointF;
-template<typename T>
-class QwtSeriesData;
 
 namespace Corvale_Qt {
 
@@ -54,92 +51,39 @@ protected:
     PlotColumns();
 };
 
-/*! The bulk interface of any model, which may have none. The functions return what those of RVXBulkPlotData and PlotColumns
-    return; for a host's model they return what the defaults there return. It does not own the interface. */
-class BulkColumns
-{
-public:
-    BulkColumns() = default;
-    explicit BulkColumns(const RVXBulkPlotData *bulk)
-        : m_bulk(bulk)
-        , m_own(bulk ? bulk->m_columns : nullptr)
-    {
-    }
-
-    //! Returns false if there is no bulk interface; then no other function may be called.
-    explicit operator bool() const { return m_bulk; }
-    void read(int column, int firstRow, int count, double *out) const
-    {
-        m_bulk->read(column, firstRow, count, out);
-    }
-    bool xRises() const { return m_bulk->xRises(); }
-    quint64 xVersion() const { return m_bulk->xVersion(); }
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const
-    {
-        return m_own ? m_own->columnSpans(column, firstRow, count, spans)
-                     : hostSpans(column, firstRow, count, spans);
-    }
-    qint64 droppedRows(int column) const { return m_own ? m_own->droppedRows(column) : -1; }
-
-private:
-    bool hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const;
-
-    const RVXBulkPlotData *m_bulk = nullptr;
-    const PlotColumns *m_own = nullptr;
-};
-
-//! The columns that a series reads, so that many of its points can be read at once.
-struct SeriesColumns
-{
-    BulkColumns columns; //!< none: the series can only be read point by point
-    int column = 0; //!< of y; x is column 0
-    int startRow = 0; //!< row of the first point
-    double scale = 1.0; //!< divisor of y
-
-    /*! Returns the columns of a ColumnSeries, or of an RVXSeriesData over a model with a bulk interface; no columns for any
-        other series, and for subclasses of these two. */
-    static SeriesColumns of(const QwtSeriesData<QPointF> *series);
-
-    //! Writes the x of \a count points to \a x, starting with point \a first.
-    void readX(size_t first, int count, double *x) const
-    {
-        columns.read(0, startRow + int(first), count, x);
-    }
-    //! Writes the y of \a count points to \a y, starting with point \a first.
-    void readY(size_t first, int count, double *y) const
-    {
-        columns.read(column, startRow + int(first), count, y);
-        for (int i = 0; i < count; ++i)
-            y[i] /= scale;
-    }
-};
-
 /*! Reads chunks of any plot model: through its bulk interface if it has one, otherwise cell by cell. It is cheap to copy.
-    It reads zeros from the moment that the model's deletion begins. The functions return what those of RVXBulkPlotData and
-    PlotColumns return; without a model, or for one without a bulk interface, they return what the defaults there return. */
+    The functions return what those of RVXBulkPlotData and PlotColumns return; without a model, or for one without a bulk
+    interface, they return what the defaults there return. */
 class PlotColumnReader
 {
 public:
     PlotColumnReader() = default;
+    //! Reads a model, which may be null; reads zeros from the moment that the model's deletion begins.
     explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
-    //! Reads columns that belong to no model; they must live as long as the reader.
-    explicit PlotColumnReader(const PlotColumns *columns);
+    //! Returns a reader of an interface, which may be null and must live as long as the reader.
+    static PlotColumnReader ofBulk(const RVXBulkPlotData *bulk);
 
+    //! Returns whether a bulk interface is read.
+    bool isBulk() const { return m_bulk && !isGone(); }
     //! Writes doubleData(row, column) of \a count rows, starting at \a firstRow, to \a out; zeros without a model.
     void read(int column, int firstRow, int count, double *out) const;
-    bool xRises() const;
+    bool xRises() const { return isBulk() && m_bulk->xRises(); }
+    quint64 xVersion() const { return isBulk() ? m_bulk->xVersion() : 0; }
     bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
-    quint64 xVersion() const;
-    qint64 droppedRows(int column) const;
+    qint64 droppedRows(int column) const
+    {
+        return m_own && !isGone() ? m_own->droppedRows(column) : -1;
+    }
 
 private:
     bool isGone() const { return m_isGuarded && m_object.isNull(); }
-    bool isBulk() const { return m_columns && !isGone(); }
+    bool hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const;
 
     QPointer<const QObject> m_object; // the model, if it is one
     bool m_isGuarded = false;
     const RVXAbstractPlotDataModel *m_model = nullptr;
-    BulkColumns m_columns;
+    const RVXBulkPlotData *m_bulk = nullptr;
+    const PlotColumns *m_own = nullptr; // m_bulk, if it is one of the library's own
 };
 
 } // namespace Corvale_Qt

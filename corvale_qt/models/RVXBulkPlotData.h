@@ -108,7 +108,7 @@ protected:
     explicit RVXBulkPlotData(int layout = currentLayout);
 
 private:
-    friend class BulkColumns;
+    friend class PlotColumnReader;
     friend class PlotColumns;
 
     int m_layout;

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSeriesData.h"
 
-#include "corvale_qt/models/ColumnSeries_p.h"
-#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/models/RVXBulkPlotData.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
 #include <QAbstractItemModel>
 
 #include <algorithm>
-#include <typeinfo>
 
 namespace Corvale_Qt {
 
@@ -47,7 +45,7 @@ QRectF RVXSeriesData::boundingRect() const
     if (!d_boundingRect.isValid()) {
         const size_t count = size();
         if (count > 0)
-            d_boundingRect = boundsOfSamples(count);
+            d_boundingRect = boundsOf(*this, int(count));
     }
     return d_boundingRect;
 }
@@ -78,52 +76,6 @@ int RVXSeriesData::startRow() const
 double RVXSeriesData::scale() const
 {
     return m_scale;
-}
-
-QRectF RVXSeriesData::boundsOfSamples(size_t count) const
-{
-    const SeriesColumns columns = SeriesColumns::of(this);
-    SampleBounds bounds(sample(0));
-    if (!columns.columns || !bounds.addSpans(columns, int(count))) {
-        constexpr int chunk = 256;
-        double x[chunk];
-        double y[chunk];
-        for (size_t first = 0; first < count; first += chunk) {
-            const int n = int(std::min<size_t>(chunk, count - first));
-            readPoints(first, n, x, y);
-            for (int i = 0; i < n; ++i)
-                bounds.add(x[i], y[i]);
-        }
-    }
-    return bounds.rectangle();
-}
-
-void RVXSeriesData::readPoints(size_t first, int count, double *x, double *y) const
-{
-    const SeriesColumns columns = SeriesColumns::of(this);
-    if (columns.columns) {
-        columns.readX(first, count, x);
-        columns.readY(first, count, y);
-        return;
-    }
-    for (int i = 0; i < count; ++i) {
-        const QPointF point = sample(first + size_t(i));
-        x[i] = point.x();
-        y[i] = point.y();
-    }
-}
-
-SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
-{
-    // A subclass may override sample(), so only the exact classes are known.
-    if (!series)
-        return SeriesColumns();
-    if (typeid(*series) == typeid(ColumnSeries))
-        return static_cast<const ColumnSeries &>(*series).columns();
-    if (typeid(*series) != typeid(RVXSeriesData))
-        return SeriesColumns();
-    const auto &known = static_cast<const RVXSeriesData &>(*series);
-    return {BulkColumns(known.m_bulk), known.m_column, known.m_startRow, known.m_scale};
 }
 
 } // namespace Corvale_Qt

@@ -52,8 +52,6 @@ protected:
 
 private:
     friend struct SeriesColumns;
-    QRectF boundsOfSamples(size_t count) const;
-    void readPoints(size_t first, int count, double *x, double *y) const;
 
     const RVXAbstractPlotDataModel *m_model;
     int m_column;

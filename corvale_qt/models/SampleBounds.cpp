@@ -2,6 +2,7 @@
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/SeriesColumns_p.h"
 
 #include <QDebug>
 
@@ -153,30 +154,34 @@ void SampleBounds::add(double x, double y)
     m_bottom = std::max(m_bottom, y);
 }
 
-bool SampleBounds::addSpans(const SeriesColumns &columns, int count)
+bool SampleBounds::add(const SeriesSpans &samples)
 {
-    ColumnSpans x;
-    ColumnSpans y;
-    if (!columns.columns.xRises() || !columns.columns.spans(0, columns.startRow, count, x)
-        || !columns.columns.spans(columns.column, columns.startRow, count, y))
+    if (!samples.areFound() || !samples.rise())
         return false;
-    const ValueRange range = storedRange(y, 0, count);
-    const auto shown = [&](double stored) {
-        return (y.factor * stored - y.zero) / columns.scale;
-    };
-    const double ends[] = {shown(range.least), shown(range.greatest)};
+    const int count = samples.count();
+    const ValueRange range = storedRange(samples.storedY(), 0, count);
+    const double ends[] = {samples.shown(range.least), samples.shown(range.greatest)};
     // As long as nothing overflows, each step of the conversion keeps the order of the numbers or reverses it.
-    if (!range.allFinite || !std::isfinite(ends[0]) || !std::isfinite(ends[1])
-        || !std::isfinite(x.value(0)) || !std::isfinite(x.value(count - 1)))
+    if (!range.allFinite || !std::isfinite(ends[0]) || !std::isfinite(ends[1]))
         return false;
-    add(x.value(0), ends[0]);
-    add(x.value(count - 1), ends[1]);
+    add(samples.x(0), ends[0]);
+    add(samples.x(count - 1), ends[1]);
     return true;
 }
 
 QRectF SampleBounds::rectangle() const
 {
     return QRectF(m_left, m_top, m_right - m_left, m_bottom - m_top);
+}
+
+QRectF boundsOf(const QwtSeriesData<QPointF> &series, int count)
+{
+    SampleBounds bounds(series.sample(0));
+    if (!bounds.add(SeriesSpans(SeriesColumns::of(&series), 0, count)))
+        forEachPoint(series, 0, count, [&bounds](int, double x, double y) {
+            bounds.add(x, y);
+        });
+    return bounds.rectangle();
 }
 
 } // namespace Corvale_Qt

@@ -9,11 +9,13 @@
 #include <algorithm>
 
 class QDebug;
+template<typename T>
+class QwtSeriesData;
 
 namespace Corvale_Qt {
 
 struct ColumnSpans;
-struct SeriesColumns;
+class SeriesSpans;
 
 //! The smallest and the largest of the finite numbers among some numbers, and whether all of them are finite.
 struct ValueRange
@@ -48,9 +50,9 @@ public:
 
     //! Adds a sample; ignores it unless both coordinates are finite.
     void add(double x, double y);
-    /*! Adds the first \a count samples of a series from the ranges of its memory. Returns false and adds nothing if the
-        result could differ from that of add() for each sample. */
-    bool addSpans(const SeriesColumns &columns, int count);
+    /*! Adds samples from the ranges of their memory. Returns false and adds nothing if the result could differ from that of
+        add() for each sample. */
+    bool add(const SeriesSpans &samples);
     //! Returns the rectangle; top is the smallest y.
     QRectF rectangle() const;
 
@@ -60,5 +62,8 @@ private:
     double m_top;
     double m_bottom;
 };
+
+//! Returns the rectangle around the first \a count samples of a series, at least one.
+QRectF boundsOf(const QwtSeriesData<QPointF> &series, int count);
 
 } // namespace Corvale_Qt

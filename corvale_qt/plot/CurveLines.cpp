@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/SeriesColumns_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
-#include "corvale_qt/plot/LineBreaks_p.h"
-#include "corvale_qt/plot/PixelColumns_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
@@ -20,13 +18,49 @@
 
 namespace Corvale_Qt {
 
+/*! Walks forward through the samples to which no line leads from the sample before, given as sorted indexes into a series.
+    Samples are counted from the first one that is drawn. */
+class LineBreaks
+{
+public:
+    //! \a breaks may be null if there are none; \a from is the first sample that is drawn.
+    LineBreaks(const QVector<int> *breaks, int from)
+        : m_from(from)
+    {
+        if (!breaks)
+            return;
+        m_next = std::lower_bound(breaks->constBegin(), breaks->constEnd(), from);
+        m_end = breaks->constEnd();
+    }
+
+    //! Returns whether no line leads to sample \a i. The samples of all calls must not fall.
+    bool isAt(int i)
+    {
+        while (m_next != m_end && *m_next - m_from < i)
+            ++m_next;
+        return m_next != m_end && *m_next - m_from == i;
+    }
+    /*! Returns how many of the \a count samples from \a first on, for which isAt() was called last, can be drawn as one
+        line. */
+    int lengthOfLine(int first, int count) const
+    {
+        const bool isHere = m_next != m_end && *m_next - m_from <= first;
+        const int *const after = isHere ? m_next + 1 : m_next;
+        return after == m_end ? count : std::min(count, *after - m_from - first);
+    }
+
+private:
+    int m_from;
+    const int *m_next = nullptr;
+    const int *m_end = nullptr;
+};
+
 namespace {
 
 // Buffers that all curves share. Curves are painted one after the other on one thread.
 struct Scratch
 {
     PixelRuns runs;
-    PixelColumns columns;
     SampleXCache sampleX;
     QVector<QPointF> points;
 };
@@ -35,77 +69,6 @@ Scratch &scratch()
 {
     static Scratch shared;
     return shared;
-}
-
-//! The samples of a series, read directly from the memory that holds them.
-class SeriesSpans
-{
-public:
-    SeriesSpans(const SeriesColumns &source, int from, int to)
-        : m_row(source.startRow + from)
-        , m_count(to - from + 1)
-        , m_scale(source.scale)
-        , m_found(source.columns && source.columns.spans(0, m_row, m_count, m_x)
-                  && source.columns.spans(source.column, m_row, m_count, m_y))
-    {
-    }
-
-    //! Returns false if the samples do not lie in memory.
-    bool areFound() const { return m_found; }
-    int count() const { return m_count; }
-    double x(int i) const { return m_x.value(i); }
-    double y(int i) const { return shown(m_y.stored(i)); }
-    //! Writes the y that is shown of \a count samples, starting with sample \a first.
-    void values(int first, int count, double *out) const
-    {
-        const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
-        for (int i = 0; i < inFirst; ++i)
-            out[i] = shown(m_y.piece[0][first + i]);
-        const int skipped = first - m_y.size[0];
-        for (int i = inFirst; i < count; ++i)
-            out[i] = shown(m_y.piece[1][skipped + i]);
-    }
-    //! Converts a stored number to the y that is shown.
-    double shown(double stored) const
-    {
-        const double value = m_y.factor * stored - m_y.zero;
-        // The division would take as long as the rest of the conversion.
-        return m_scale == 1.0 ? value : value / m_scale;
-    }
-    const ColumnSpans &storedX() const { return m_x; }
-    const ColumnSpans &storedY() const { return m_y; }
-
-private:
-    int m_row;
-    int m_count;
-    double m_scale;
-    ColumnSpans m_x;
-    ColumnSpans m_y;
-    bool m_found;
-};
-
-//! Calls use(i, x, y) for each sample, counted from the first one, including missing ones. Reads in chunks if the model can.
-template<typename Use>
-void forEachSample(const QwtSeriesData<QPointF> &series, int from, int to, Use use)
-{
-    const SeriesColumns source = SeriesColumns::of(&series);
-    if (!source.columns) {
-        for (int i = from; i <= to; ++i) {
-            const QPointF point = series.sample(size_t(i));
-            use(i - from, point.x(), point.y());
-        }
-        return;
-    }
-    constexpr int chunk = 512;
-    double x[chunk];
-    double y[chunk];
-    for (int first = from; first <= to; first += chunk) {
-        const int count = std::min(chunk, to - first + 1);
-        source.readX(size_t(first), count, x);
-        source.readY(size_t(first), count, y);
-        for (int i = 0; i < count; ++i)
-            use(first - from + i, x[i], y[i]);
-    }
 }
 
 //! Returns true if one of the points is so far away that, on the canvas, lines to it are vertical or horizontal.
@@ -140,35 +103,24 @@ bool isFinite(double x, double y)
 class DenseCurve
 {
 public:
-    DenseCurve(const QwtSeriesData<QPointF> &series, int from, int to, const QwtScaleMap &yMap)
-        : m_source(SeriesColumns::of(&series))
-        , m_spans(m_source, from, to)
+    DenseCurve(const SeriesSpans &samples, const QwtScaleMap &yMap)
+        : m_samples(samples)
         , m_yMap(yMap)
     {
     }
 
-    //! Returns false if the samples do not lie in memory, or if x does not rise throughout.
-    bool areFound() const
-    {
-        return m_spans.areFound() && m_source.columns.xRises() && std::isfinite(m_spans.x(0))
-            && std::isfinite(m_spans.x(m_spans.count() - 1));
-    }
-
-    //! Adds one run for each pixel column of \a clip; \a columns may hold those of the curve before.
+    //! Adds one run for each pixel column of \a clip; \a cache may hold those of the curve before.
     void addTo(PixelRuns &runs,
-               PixelColumns &columns,
+               SampleXCache &cache,
                const QwtScaleMap &xMap,
                const QRect &clip,
                LineBreaks breaks) const
     {
-        columns.find(m_spans.storedX(),
-                     m_source.columns.xVersion(),
-                     xMap,
-                     clip.left(),
-                     clip.right());
-        const auto &edges = columns.edges();
+        const SampleXCache::Columns &columns =
+            cache.columns(m_samples, xMap, clip.left(), clip.right());
+        const auto &edges = columns.edges;
         for (int i = 0; i < edges.size(); ++i) {
-            const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end();
+            const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end;
             for (int first = edges[i].first; first < end;) {
                 if (breaks.isAt(first))
                     runs.gap();
@@ -183,8 +135,8 @@ private:
     //! Adds rows of one pixel column that no break divides.
     void addRows(PixelRuns &runs, int column, int first, int end) const
     {
-        const ValueRange range = storedRange(m_spans.storedY(), first, end);
-        const double ends[] = {m_spans.shown(range.least), m_spans.shown(range.greatest)};
+        const ValueRange range = storedRange(m_samples.storedY(), first, end);
+        const double ends[] = {m_samples.shown(range.least), m_samples.shown(range.greatest)};
         // As long as all is finite, each step from the stored number to the pixel keeps the order or reverses it.
         if (!range.allFinite || !isFinite(ends[0], ends[1])) {
             addOneByOne(runs, column, first, end);
@@ -192,16 +144,16 @@ private:
         }
         const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
         runs.addColumn(column,
-                       pixelOf(m_yMap, m_spans.y(first)),
+                       pixelOf(m_yMap, m_samples.y(first)),
                        pixels.first,
                        pixels.second,
-                       pixelOf(m_yMap, m_spans.y(end - 1)));
+                       pixelOf(m_yMap, m_samples.y(end - 1)));
     }
 
     void addOneByOne(PixelRuns &runs, int column, int first, int end) const
     {
         for (int i = first; i < end; ++i) {
-            const double y = m_spans.y(i);
+            const double y = m_samples.y(i);
             if (std::isfinite(y))
                 runs.addPoint(column, pixelOf(m_yMap, y));
             else
@@ -209,8 +161,7 @@ private:
         }
     }
 
-    SeriesColumns m_source;
-    SeriesSpans m_spans;
+    const SeriesSpans &m_samples;
     const QwtScaleMap &m_yMap;
 };
 
@@ -264,11 +215,11 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     const QRect clip = m_canvasRect.toAlignedRect();
     runs.begin(clip);
     LineBreaks breaks = breaksFrom(from);
-    const DenseCurve dense(series, from, to, m_yMap);
-    if (dense.areFound()) {
-        dense.addTo(runs, reused.columns, m_xMap, clip, breaks);
+    const SeriesSpans samples(SeriesColumns::of(&series), from, to - from + 1);
+    if (samples.areFound() && samples.rise()) {
+        DenseCurve(samples, m_yMap).addTo(runs, reused.sampleX, m_xMap, clip, breaks);
     } else {
-        forEachSample(series, from, to, [&](int i, double x, double y) {
+        forEachPoint(series, from, to - from + 1, [&](int i, double x, double y) {
             if (breaks.isAt(i))
                 runs.gap();
             if (isFinite(x, y))
@@ -307,30 +258,29 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     };
 
     LineBreaks breaks = breaksFrom(from);
-    const SeriesColumns source = SeriesColumns::of(&series);
-    const SeriesSpans spans(source, from, to);
-    if (spans.areFound()) {
-        SampleXCache &found = scratch().sampleX;
-        const double *positions =
-            found.find(spans.storedX(), source.columns.xVersion(), m_xMap, m_aligned);
+    const SeriesSpans samples(SeriesColumns::of(&series), from, to - from + 1);
+    if (samples.areFound()) {
+        const SampleXCache::Positions &found =
+            scratch().sampleX.positions(samples, m_xMap, m_aligned);
         constexpr int chunk = 256;
         double y[chunk];
         int count = 0;
-        for (int first = 0; first < spans.count(); first += count) {
+        for (int first = 0; first < samples.count(); first += count) {
             if (breaks.isAt(first))
                 endLine();
-            count = breaks.lengthOfLine(first, std::min(chunk, spans.count() - first));
-            spans.values(first, count, y);
-            if (found.areFinite() && areFinite(y, count)) {
-                place(positions + first, y, count, end);
+            count = breaks.lengthOfLine(first, std::min(chunk, samples.count() - first));
+            samples.values(first, count, y);
+            const double *const x = found.x.constData() + first;
+            if (found.areFinite && areFinite(y, count)) {
+                place(x, y, count, end);
                 end += count;
                 continue;
             }
             for (int i = 0; i < count; ++i)
-                add(positions[first + i], y[i]);
+                add(x[i], y[i]);
         }
     } else {
-        forEachSample(series, from, to, [&](int i, double x, double y) {
+        forEachPoint(series, from, to - from + 1, [&](int i, double x, double y) {
             if (breaks.isAt(i))
                 endLine();
             add(columnOf(x), y);

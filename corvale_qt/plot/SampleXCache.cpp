@@ -1,32 +1,128 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/SeriesColumns_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace Corvale_Qt {
 
-const double *
-SampleXCache::find(const ColumnSpans &x, quint64 version, const QwtScaleMap &map, bool whole)
+namespace {
+
+//! Returns the first row in [low, high) for which isPast is true, or high; isPast turns from false to true once.
+template<typename Predicate>
+int firstPast(int low, int high, Predicate isPast)
 {
-    const SampleXKey key(x, version, map);
-    if (key.matches(m_key) && whole == m_whole)
-        return m_positions.constData();
-    m_key = key;
-    m_whole = whole;
-    m_positions.resize(x.count());
-    m_finite = true;
-    for (int i = 0; i < m_positions.size(); ++i) {
-        const double value = x.value(i);
-        if (!std::isfinite(value))
-            m_positions[i] = std::numeric_limits<double>::quiet_NaN();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (isPast(middle))
+            high = middle;
         else
-            m_positions[i] = whole ? pixelOf(map, value) : map.transform(value);
-        m_finite = m_finite && std::isfinite(m_positions[i]);
+            low = middle + 1;
     }
-    return m_positions.constData();
+    return low;
+}
+
+//! Returns what firstPast() returns, but faster if the row is about \a guess rows after low.
+template<typename Predicate>
+int firstPastNear(int low, int high, int guess, Predicate isPast)
+{
+    int step = std::max(guess, 1);
+    while (step < high - low && !isPast(low + step)) {
+        low += step + 1;
+        step *= 2;
+    }
+    return firstPast(low, std::min(low + step + 1, high), isPast);
+}
+
+} // namespace
+
+bool SampleXCache::Key::matches(const Key &other) const
+{
+    return version != 0 && version == other.version && memory == other.memory
+        && count == other.count && std::equal(std::begin(scale), std::end(scale), other.scale)
+        && std::equal(std::begin(paint), std::end(paint), other.paint);
+}
+
+SampleXCache::Key SampleXCache::keyOf(const SeriesSpans &samples, const QwtScaleMap &map)
+{
+    const ColumnSpans &x = samples.storedX();
+    return {map.transformation() ? 0 : samples.xVersion(),
+            x.size[0] > 0 ? x.piece[0] : x.piece[1],
+            x.count(),
+            {map.s1(), map.s2()},
+            {map.p1(), map.p2()}};
+}
+
+void SampleXCache::follow(const Key &key)
+{
+    if (key.matches(m_key))
+        return;
+    m_key = key;
+    m_hasPositions = false;
+    m_hasColumns = false;
+}
+
+const SampleXCache::Positions &
+SampleXCache::positions(const SeriesSpans &samples, const QwtScaleMap &map, bool whole)
+{
+    follow(keyOf(samples, map));
+    if (m_hasPositions && whole == m_positions.areWhole)
+        return m_positions;
+    m_hasPositions = true;
+    m_positions.areWhole = whole;
+    m_positions.areFinite = true;
+    m_positions.x.resize(samples.count());
+    for (int i = 0; i < samples.count(); ++i) {
+        const double value = samples.x(i);
+        double position = std::numeric_limits<double>::quiet_NaN();
+        if (std::isfinite(value))
+            position = whole ? pixelOf(map, value) : map.transform(value);
+        m_positions.areFinite = m_positions.areFinite && std::isfinite(position);
+        m_positions.x[i] = position;
+    }
+    return m_positions;
+}
+
+const SampleXCache::Columns &
+SampleXCache::columns(const SeriesSpans &samples, const QwtScaleMap &map, int left, int right)
+{
+    follow(keyOf(samples, map));
+    if (m_hasColumns && left == m_columns.left && right == m_columns.right)
+        return m_columns;
+    m_hasColumns = true;
+    m_columns.left = left;
+    m_columns.right = right;
+    m_columns.edges.resize(0);
+
+    const bool rightwards = (map.p2() >= map.p1()) == (map.s2() >= map.s1());
+    const auto column = [&](int row) {
+        return pixelOf(map, samples.x(row));
+    };
+    const auto isInside = [&](int row) {
+        return rightwards ? column(row) >= left : column(row) <= right;
+    };
+    const auto isBeyond = [&](int row) {
+        return rightwards ? column(row) > right : column(row) < left;
+    };
+    const int inside = firstPast(0, samples.count(), isInside);
+    const int beyond = firstPast(inside, samples.count(), isBeyond);
+    m_columns.end = std::min(beyond + 1, samples.count());
+
+    int rows = 0;
+    for (int row = std::max(inside - 1, 0); row < m_columns.end;) {
+        const int here = column(row);
+        m_columns.edges.append({here, row});
+        const int next = firstPastNear(row + 1, m_columns.end, rows, [&](int r) {
+            return column(r) != here;
+        });
+        rows = next - row;
+        row = next;
+    }
+    return m_columns;
 }
 
 } // namespace Corvale_Qt

@@ -10,6 +10,9 @@
 #include <QString>
 #include <QVector>
 
+template<typename T>
+class QwtSeriesData;
+
 namespace Corvale_Qt {
 
 class ScopeModel;

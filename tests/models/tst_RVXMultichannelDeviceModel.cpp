@@ -94,7 +94,7 @@ QString differenceOfColumn(const RVXMultichannelDeviceModel &model,
     std::vector<double> chunk(wanted.size());
     bulk->read(column, -1, rows + 3, chunk.data());
     ColumnSpans spans;
-    if (!BulkColumns(bulk).spans(column, 1, rows, spans))
+    if (!PlotColumnReader(&model).spans(column, 1, rows, spans))
         return QStringLiteral("column %1 is not in memory").arg(column);
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const int row = int(i) - 1;

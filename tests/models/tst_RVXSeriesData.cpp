@@ -234,7 +234,7 @@ private Q_SLOTS:
         RVXSingleChannelDataModel model;
         model.AddData(1.0, 5.0);
         model.AddData(2.0, 6.0);
-        const PlotColumnReader reader(PlotColumns::of(&model));
+        const PlotColumnReader reader = PlotColumnReader::ofBulk(PlotColumns::of(&model));
         double read[2];
         reader.read(1, 1, 2, read);
         QCOMPARE(read[1], 6.0);

@@ -40,7 +40,7 @@ QString differenceOf(const RVXComputedChannelsProxyModel &proxy)
     for (int k = 0; k < 2; ++k) {
         bulk->read(first + k, -1, rows + 3, chunk.data());
         ColumnSpans spans;
-        const bool isInMemory = BulkColumns(bulk).spans(first + k, 1, rows, spans);
+        const bool isInMemory = PlotColumnReader(&proxy).spans(first + k, 1, rows, spans);
         for (int row = -1; row <= rows + 1; ++row) {
             const double a = proxy.doubleData(row, 1);
             const double b = proxy.doubleData(row, 2);

@@ -262,7 +262,8 @@ void RVXScopePlotView::rowsInserted(const QModelIndex &parent, int start, int en
     Q_D(RVXScopePlotView);
     if (parent.isValid())
         return;
-    d->rowsCame(start, end);
+    d->context.rowsInserted(start, end);
+    d->announceLimitsLater();
     QAbstractItemView::rowsInserted(parent, start, end);
     RequestReplot();
 }

@@ -48,13 +48,6 @@ LimitState RVXScopePlotView::limitState(int channel) const
     return d->context.limits.state(channel);
 }
 
-void RVXScopePlotViewPrivate::rowsCame(int start, int end)
-{
-    context.rowsInserted(start, end);
-    context.limits.judge({start, end});
-    announceLimitsLater();
-}
-
 void RVXScopePlotViewPrivate::cellsChanged(const QModelIndex &topLeft,
                                            const QModelIndex &bottomRight)
 {

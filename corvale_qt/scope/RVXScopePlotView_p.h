@@ -77,7 +77,6 @@ public:
     //! Has announce() called by the event loop if a host listens and there may be something to tell.
     void announceLater();
     // What the readings are watched for follows the model and the plots.
-    void rowsCame(int start, int end);
     void cellsChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
     void restart();
     void dropSweep();

@@ -141,6 +141,7 @@ void ScopeContext::rowsInserted(int start, int end)
     markers.rowsInserted(start, end);
     stripStart.rowsInserted(start);
     gaps.ofModel().rowsInserted(start);
+    limits.judge({start, end});
     statistics.outdate();
 }
 

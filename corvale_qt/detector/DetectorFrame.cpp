@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/DetectorFrame.h"
 
+#include "corvale_qt/numerics/CellScreening.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -11,6 +13,8 @@ namespace {
 
 using Axis = DetectorLayout::Axis;
 
+constexpr CellFlags kHoles = CellFlag::Dead | CellFlag::Hot;
+
 void setFlag(DetectorFrame &frame, int cell, CellFlag flag)
 {
     if (frame.flags.isEmpty())
@@ -18,9 +22,9 @@ void setFlag(DetectorFrame &frame, int cell, CellFlag flag)
     frame.flags[cell] |= flag;
 }
 
-bool has(const DetectorFrame &frame, int cell, CellFlag flag)
+bool has(const DetectorFrame &frame, int cell, CellFlags which)
 {
-    return !frame.flags.isEmpty() && frame.flags[cell].testFlag(flag);
+    return !frame.flags.isEmpty() && (frame.flags[cell] & which);
 }
 
 //! Counts the readings that no cell takes. Without a wiring table these are the ones behind the cells.
@@ -51,7 +55,7 @@ double meanAround(const DetectorFrame &frame, const QVector<double> &charges, in
     for (int r = std::max(row - 1, 0); r <= std::min(row + 1, rows - 1); ++r) {
         for (int c = std::max(column - 1, 0); c <= std::min(column + 1, columns - 1); ++c) {
             const int cell = r * columns + c;
-            if (has(frame, cell, CellFlag::Dead) || frame.layout.readingAt(cell) < 0)
+            if (has(frame, cell, kHoles) || frame.layout.readingAt(cell) < 0)
                 continue;
             sum += charges[cell];
             ++count;
@@ -88,6 +92,23 @@ void reverse(BeamProfile &profile)
     std::reverse(profile.flags.begin(), profile.flags.end());
 }
 
+//! Returns the share of the charge of a matrix that lies in holes: hot cells as they read, dead ones as they are interpolated.
+double shareOfHoles(const DetectorFrame &frame, const BeamImage &image)
+{
+    const bool density = frame.layout.description().density;
+    double inHoles = 0, all = 0;
+    for (int cell = 0; cell < frame.flags.size(); ++cell) {
+        const int row = cell / image.columns, column = cell % image.columns;
+        const double area = density ? image.intervalsX[column] * image.intervalsY[row] : 1.0;
+        const bool hot = has(frame, cell, CellFlag::Hot);
+        const double charge = std::max(hot ? frame.values[cell] * area : image.charges[cell], 0.0);
+        all += charge;
+        if (has(frame, cell, kHoles))
+            inHoles += charge;
+    }
+    return all > 0 ? inHoles / all : 0.0;
+}
+
 //! Adds up the columns or rows of a matrix.
 void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
 {
@@ -103,6 +124,7 @@ void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
                 profile.setFlag(alongX ? c : r, CellFlag::Saturated);
         }
     }
+    profile.shareOfHoles = shareOfHoles(frame, image);
     // The image holds charges, also where the readings are densities.
     profile.widths = profile.intervals;
     profile.scales = profile.intervals;
@@ -148,6 +170,15 @@ DetectorFrame DetectorFrame::of(const DetectorLayout &layout, const double *read
     return frame;
 }
 
+void DetectorFrame::flagHotCellsOfMatrix()
+{
+    if (layout.kind() != DetectorKind::Matrix)
+        return;
+    for (const int cell :
+         hotCells(values.constData(), layout.cells(Axis::Y), layout.cells(Axis::X)))
+        setFlag(*this, cell, CellFlag::Hot);
+}
+
 BeamProfile DetectorFrame::profile(Axis axis) const
 {
     BeamProfile profile;
@@ -184,7 +215,7 @@ BeamImage DetectorFrame::image() const
     for (int r = 0; (density || !flags.isEmpty()) && r < image.rows; ++r) {
         for (int c = 0; c < image.columns; ++c) {
             const int cell = r * image.columns + c;
-            if (has(*this, cell, CellFlag::Dead))
+            if (has(*this, cell, kHoles))
                 image.charges[cell] = meanAround(*this, values, r, c);
             if (density)
                 image.charges[cell] *= image.intervalsX[c] * image.intervalsY[r];

@@ -19,15 +19,17 @@ struct CORVALE_QT_EXPORT DetectorFrame
     QVector<double>
         values; //!< for each cell (reading - pedestal) / gain; 0 for cells that are dead or not wired
     QVector<CellFlags>
-        flags; //!< for each cell; hot cells are not looked for. Empty if no cell has a flag
+        flags; //!< for each cell; of() does not look for hot cells. Empty if no cell has a flag
     int leftOut = 0; //!< readings other than 0 that belong to no cell
     double leftOutSum = 0; //!< sum of those readings, as they came
 
+    //! Flags the hot cells of a matrix (see hotCells()). Strips are looked at one plane at a time, by flagHotCells().
+    void flagHotCellsOfMatrix();
     /*! Returns the profile along an axis, with rising positions: the strips of a plane, or the sums of the columns or rows of a
-        matrix. Dead cells of a matrix are interpolated before, and a sum is saturated if one of its cells is. A detector
+        matrix. Dead and hot cells of a matrix are interpolated before, and a sum is saturated if one of its cells is. A detector
         without the axis gives an empty profile. */
     BeamProfile profile(DetectorLayout::Axis axis) const;
-    //! Returns the charges of a matrix, with dead cells interpolated; an empty image for other detectors.
+    //! Returns the charges of a matrix, with dead and hot cells interpolated; an empty image for other detectors.
     BeamImage image() const;
 };
 

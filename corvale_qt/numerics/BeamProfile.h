@@ -38,6 +38,9 @@ struct CORVALE_QT_EXPORT BeamProfile
     //! Standard deviation of a reading without beam; NaN if it is not known.
     double noise = std::numeric_limits<double>::quiet_NaN();
 
+    //! Share of the charge in dead and hot cells that were replaced before this profile was summed up from a matrix.
+    double shareOfHoles = 0;
+
     //! Returns the number of cells.
     int count() const { return readings.size(); }
     /*! Returns whether all lists have the same length, the positions rise, the lengths are usable and every reading is

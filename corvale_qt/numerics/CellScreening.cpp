@@ -12,6 +12,8 @@ namespace {
 constexpr double kSigmaPerMedianSize = 1.4826; // of a normal distribution
 constexpr int kReach = 2; //!< neighbours on each side in a profile
 constexpr int kLeastNeighbours = 2;
+constexpr int kEnoughNeighbours = 4; //!< for a median
+constexpr double kWiggleInNoise = 3; //!< so far may a steady flank turn back
 //! So many differences tell the noise of a matrix well enough.
 constexpr std::size_t kMostDifferences = 8192;
 
@@ -31,6 +33,7 @@ struct Neighbours
     int count = 0;
 
     void add(double value) { values[std::size_t(count++)] = value; }
+    double highest() const { return *std::max_element(values.begin(), values.begin() + count); }
 
     bool isHot(double value, double noise, const HotCellLimits &limits)
     {
@@ -40,11 +43,44 @@ struct Neighbours
         const double highest = values[std::size_t(count - 1)];
         const double median =
             (values[std::size_t(count / 2)] + values[std::size_t((count - 1) / 2)]) / 2;
+        // Of few neighbours, as at an edge, the median may be the highest of a slope.
+        const double spread = highest - (count < kEnoughNeighbours ? values[0] : median);
         const double excess = value - median;
         return excess > 0 && value > highest && excess > limits.inNoise * noise
-            && excess > limits.inSpread * (highest - median);
+            && excess > limits.inSpread * spread && excess > limits.inLevel * highest;
     }
 };
+
+//! The two cells on each side of a cell along a line through it, the nearer one first.
+struct Flanks
+{
+    std::array<double, kReach> before{};
+    std::array<double, kReach> behind{};
+};
+
+//! A cell of a matrix.
+struct MatrixPlace
+{
+    int row;
+    int column;
+    int rows;
+    int columns;
+};
+
+//! Returns whether a cell stands out from a flank, which rises or falls steadily but for the noise.
+bool isHotOnFlank(double value, const Flanks &flanks, double noise, const HotCellLimits &limits)
+{
+    const auto &[before, behind] = flanks;
+    const double wiggle = kWiggleInNoise * noise;
+    const bool rises = before[1] <= before[0] + wiggle && before[0] <= behind[0] + wiggle
+        && behind[0] <= behind[1] + wiggle;
+    const bool falls = before[1] >= before[0] - wiggle && before[0] >= behind[0] - wiggle
+        && behind[0] >= behind[1] - wiggle;
+    const double higher = std::max(before[0], behind[0]);
+    const double lower = std::max(std::min(before[0], behind[0]), noise);
+    return (rises || falls) && higher > 0 && value > higher + limits.inNoise * noise
+        && value > limits.onFlank * std::sqrt(higher * lower);
+}
 
 double noiseOfRows(const double *cells, int rows, int columns)
 {
@@ -56,6 +92,46 @@ double noiseOfRows(const double *cells, int rows, int columns)
             sizes.push_back(std::abs(cells[i - 1] - 2 * cells[i] + cells[i + 1]));
     }
     return kSigmaPerMedianSize * medianSize(std::move(sizes)) / std::sqrt(6.0);
+}
+
+//! Returns whether a cell of a matrix stands out from a flank along a line whose cells are \a step apart in memory.
+bool isHotAlong(const double *cell,
+                int place,
+                int cells,
+                int step,
+                double noise,
+                const HotCellLimits &limits)
+{
+    if (place < kReach || place >= cells - kReach)
+        return false;
+    const Flanks flanks{{cell[-step], cell[-2 * step]}, {cell[step], cell[2 * step]}};
+    return isHotOnFlank(*cell, flanks, noise, limits);
+}
+
+//! Returns whether a cell that lies above all its neighbours stands out from a flank along its row or its column.
+bool isHotOnSlope(const double *cells,
+                  const MatrixPlace &place,
+                  double highest,
+                  double noise,
+                  const HotCellLimits &limits)
+{
+    const double *cell = cells + place.row * place.columns + place.column;
+    return *cell > highest + limits.inNoise * noise
+        && (isHotAlong(cell, place.column, place.columns, 1, noise, limits)
+            || isHotAlong(cell, place.row, place.rows, place.columns, noise, limits));
+}
+
+//! Finds the nearest good cells on each side of a cell. Returns false if there are too few.
+bool flanksOf(const BeamProfile &profile, int cell, Flanks *flanks)
+{
+    const auto take = [&](int step, std::array<double, kReach> &side) {
+        int found = 0;
+        for (int i = cell + step; i >= 0 && i < profile.count() && found < kReach; i += step)
+            if (!profile.has(i, CellFlag::Dead | CellFlag::Hot))
+                side[std::size_t(found++)] = profile.density(i);
+        return found == kReach;
+    };
+    return take(-1, flanks->before) && take(1, flanks->behind);
 }
 
 } // namespace
@@ -78,7 +154,11 @@ std::vector<int> hotCells(const double *cells, int rows, int columns, const HotC
                     neighbours.add(neighbour);
                 }
             }
-            if (highest && neighbours.isHot(value, noise, limits))
+            if (!highest)
+                continue;
+            const MatrixPlace place{row, column, rows, columns};
+            if (neighbours.isHot(value, noise, limits)
+                || isHotOnSlope(cells, place, neighbours.highest(), noise, limits))
                 hot.push_back(row * columns + column);
         }
     }
@@ -95,7 +175,10 @@ void flagHotCells(BeamProfile &profile, const HotCellLimits &limits)
         for (int j = std::max(i - kReach, 0); j <= std::min(i + kReach, profile.count() - 1); ++j)
             if (j != i && !profile.has(j, CellFlag::Dead))
                 neighbours.add(profile.density(j));
-        if (neighbours.isHot(profile.density(i), noise / profile.scales[i], limits))
+        const double value = profile.density(i), itsNoise = noise / profile.scales[i];
+        Flanks flanks;
+        if (neighbours.isHot(value, itsNoise, limits)
+            || (flanksOf(profile, i, &flanks) && isHotOnFlank(value, flanks, itsNoise, limits)))
             profile.setFlag(i, CellFlag::Hot);
     }
 }

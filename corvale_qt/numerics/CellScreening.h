@@ -8,15 +8,24 @@
 
 namespace Corvale_Qt {
 
-/*! When a cell counts as hot: it lies above all its neighbours, and above their median both by \a inNoise times the noise
-    and by \a inSpread times the distance of the highest neighbour from the median.
+/*! When a cell counts as hot.
 
-    The neighbours are the two cells on each side in a profile, and the eight around it in a matrix. A beam narrower than 0.55
-    cells looks like a hot cell and is taken for one. */
+    On even ground: it lies above all its neighbours, and above their median both by \a inNoise times the noise and by \a
+    inSpread times the distance of the highest neighbour from the median, and by \a inLevel times the highest neighbour. The
+    neighbours are the two cells on each side in a profile, and the eight around it in a matrix.
+
+    On the flank of a beam: the two cells before it and the two behind it rise or fall steadily, within three times the noise; it lies
+    above those beside it by \a inNoise times the noise, and reads \a onFlank times what they let expect between them (their
+    geometric mean). In a matrix this holds along its row or its column, and it lies that much above all eight neighbours.
+
+    A beam narrower than 0.55 cells looks like a hot cell and is taken for one. A hot cell at the top of a beam is not found. */
 struct CORVALE_QT_EXPORT HotCellLimits
 {
     double inNoise = 8; //!< least excess over the median, in noises
     double inSpread = 10; //!< least excess, in distances of the highest neighbour from the median
+    double inLevel =
+        0.2; //!< least excess, in readings of the highest neighbour; more than gains differ
+    double onFlank = 1.5; //!< least reading, in readings that are expected between its neighbours
 };
 
 //! Returns the indexes of the hot cells of a matrix, row after row.

@@ -238,6 +238,74 @@ private Q_SLOTS:
         QCOMPARE(hotCells(matrix.data(), 64, 64), (std::vector<int>{64 * 40 + 7, 64 * 63 + 63}));
     }
 
+    //! Beams of any width and place, with noise of readings and of gains; none of their cells is hot.
+    void beamsHaveNoHotCells()
+    {
+        std::mt19937 generator(11);
+        const auto between = [&](double low, double high) {
+            return low + (high - low) * generator() / 4294967296.0;
+        };
+        constexpr int trials = 1000;
+        for (int trial = 0; trial < trials; ++trial) {
+            const int strips = trial % 2 ? 32 : 128;
+            const double sigma = between(0.7, 12), mean = between(-strips / 2.0, strips / 2.0);
+            const double noise = std::pow(10, between(-4, -1)), ofGain = between(0, 0.03);
+            BeamProfile profile =
+                CellCharges::strips(strips, 1, CellCharges::gaussian(mean, sigma));
+            for (double &reading : profile.readings)
+                reading *= 1 + between(-2, 2) * ofGain;
+            CellCharges::addNoise(profile, noise, unsigned(trial + 1));
+            flagHotCells(profile);
+            const QString beam =
+                QString("sigma %1, mean %2, noise %3").arg(sigma).arg(mean).arg(noise);
+            QVERIFY2(profile.flags.isEmpty(), qPrintable(beam));
+        }
+        constexpr int side = 32, matrices = 60;
+        for (int trial = 0; trial < matrices; ++trial) {
+            const double sigma = between(0.7, 8), tilt = between(-0.7, 0.7);
+            const double x = between(0, side), y = between(0, side);
+            std::vector<double> cells;
+            for (int cell = 0; cell < side * side; ++cell) {
+                const double u = (cell % side - x) / sigma, v = (cell / side - y) / sigma;
+                cells.push_back(std::exp(-0.5 * (u * u + v * v + 2 * tilt * u * v)));
+            }
+            BeamProfile noisy = BeamProfile::uniform(QVector<double>(cells.begin(), cells.end()));
+            CellCharges::addNoise(noisy, std::pow(10, between(-3, -1)), unsigned(trial + 1));
+            const std::vector<int> hot = hotCells(noisy.readings.constData(), side, side);
+            QVERIFY2(hot.empty(), qPrintable(QString("sigma %1, tilt %2").arg(sigma).arg(tilt)));
+        }
+    }
+
+    //! One cell reads twice what its higher neighbour does, anywhere from one to four sigmas beside the beam.
+    void hotCellsOnAFlankAreFound()
+    {
+        int found = 0, others = 0, inMatrix = 0;
+        constexpr int trials = 200, side = 40;
+        for (int trial = 0; trial < trials; ++trial) {
+            const double sigma = 1.5 + trial % 7, aside = 1 + 3.0 * (trial % 31) / 31;
+            const int cell = 60 + int(std::lround(aside * sigma)) + 1;
+            BeamProfile profile = CellCharges::strips(128, 1, [&](double x) {
+                return CellCharges::gaussian(60 - 63.5, sigma)(x);
+            });
+            CellCharges::addNoise(profile, 0.01, unsigned(trial + 1));
+            profile.readings[cell] = 2 * profile.readings[cell - 1] + 0.15;
+            flagHotCells(profile);
+            found += profile.has(cell, CellFlag::Hot);
+            others += profile.flags.count(CellFlag::Hot) - profile.has(cell, CellFlag::Hot);
+
+            std::vector<double> matrix;
+            for (int i = 0; i < side * side; ++i)
+                matrix.push_back(CellCharges::gaussian(15, sigma)(i % side)
+                                 * CellCharges::gaussian(20, 3)(i / side));
+            const int pixel = 20 * side + std::min(15 + cell - 60, side - 3);
+            matrix[std::size_t(pixel)] = 2 * matrix[std::size_t(pixel - 1)] + 0.15;
+            inMatrix += hotCells(matrix.data(), side, side) == std::vector<int>{pixel};
+        }
+        QVERIFY2(found > 0.95 * trials, qPrintable(QString::number(found)));
+        QCOMPARE(others, 0);
+        QCOMPARE(inMatrix, trials);
+    }
+
     //! The beam covers half of the cells, and the estimate is of the noise all the same.
     void noiseIsEstimatedBesideABeam()
     {

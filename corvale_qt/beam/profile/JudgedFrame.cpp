@@ -27,7 +27,11 @@ PlaneResult judgePlane(const DetectorFrame &cells, Axis axis, const JudgeOptions
     if (!plane.exists())
         return plane;
     flagHotCells(plane.profile);
-    plane.estimate = estimateBeam(plane.profile, options.estimator, options.regression);
+    LogParabolaOptions regression = options.regression;
+    // The limit is a reading; the fit compares densities.
+    regression.minimumPeak /=
+        *std::max_element(plane.profile.scales.begin(), plane.profile.scales.end());
+    plane.estimate = estimateBeam(plane.profile, options.estimator, regression);
     plane.verdict = judgeEstimate(plane.profile, plane.estimate, options.limits);
     return plane;
 }
@@ -75,6 +79,7 @@ BeamVerdict verdictOf(const JudgedFrame &frame)
         };
         verdict.deadCells = count(CellFlag::Dead);
         verdict.saturatedCells = count(CellFlag::Saturated);
+        verdict.hotCells = count(CellFlag::Hot);
     }
     if (frame.cells.leftOut > 0)
         verdict.notes.append(tr("%1 readings belong to no cell: %2 left out")
@@ -276,8 +281,9 @@ JudgedFrame judgeLayoutFrame(const DetectorFrame &cells, const JudgeOptions &opt
     JudgedFrame frame;
     frame.isJudged = true;
     frame.cells = cells;
-    frame.x = judgePlane(cells, Axis::X, options);
-    frame.y = judgePlane(cells, Axis::Y, options);
+    frame.cells.flagHotCellsOfMatrix();
+    frame.x = judgePlane(frame.cells, Axis::X, options);
+    frame.y = judgePlane(frame.cells, Axis::Y, options);
     frame.verdict = verdictOf(frame);
     const bool matrix = cells.layout.kind() == DetectorKind::Matrix;
     SpectrogramCalc &calc = frame.beam.calc;

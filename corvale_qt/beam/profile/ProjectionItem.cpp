@@ -2,7 +2,6 @@
 #include "corvale_qt/beam/profile/CellPicture_p.h"
 #include "corvale_qt/beam/profile/ProjectionItem_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
-#include "corvale_qt/numerics/CellScreening.h"
 
 #include <qwt_scale_map.h>
 
@@ -152,11 +151,7 @@ void CellMarks::setFrame(const JudgedFrame &frame)
             m_marks.append({QRectF(QPointF(x, y), QPointF(right, top)).normalized(), flags});
     };
     if (frame.cells.layout.kind() == DetectorKind::Matrix) {
-        QVector<CellFlags> flags = frame.cells.flags;
-        flags.resize(frame.cells.values.size());
-        for (const int cell :
-             hotCells(frame.cells.values.constData(), rows.count(), columns.count()))
-            flags[cell] |= CellFlag::Hot;
+        const QVector<CellFlags> &flags = frame.cells.flags;
         for (int cell = 0; cell < flags.size(); ++cell) {
             const int c = cell % columns.count(), r = cell / columns.count();
             add(columns.lower(c), columns.upper(c), rows.lower(r), rows.upper(r), flags[cell]);

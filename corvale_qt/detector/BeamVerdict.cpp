@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/BeamVerdict.h"
 
+#include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/FlatField.h"
 
@@ -52,6 +53,12 @@ double flaggedShare(const BeamProfile &profile, double background)
     return all > 0 ? flagged / all : 0.0;
 }
 
+//! Returns the noise of a reading: the known one, otherwise an estimate.
+double noiseOf(const BeamProfile &profile)
+{
+    return profile.noise > 0 ? profile.noise : estimatedNoise(profile);
+}
+
 //! Returns the largest density above the background in noises. Dead and hot cells do not make a peak.
 double peakInNoise(const BeamProfile &profile)
 {
@@ -69,10 +76,9 @@ double peakInNoise(const BeamProfile &profile)
     const auto low = densities.begin() + std::ptrdiff_t(densities.size() / 10);
     std::nth_element(densities.begin(), low, densities.end());
     const double height = filled.density(peak) - *low;
-    const double noise = profile.noise > 0 ? profile.noise : estimatedNoise(profile);
     if (!(height > 0))
         return 0;
-    return height * profile.scales[peak] / noise; // infinite without noise
+    return height * profile.scales[peak] / noiseOf(profile); // infinite without noise
 }
 
 double shareOutside(const BeamProfile &profile, const BeamEstimate &estimate)
@@ -120,6 +126,36 @@ void judgeSignal(const BeamEstimate &estimate,
                       .arg(percent(verdict.flaggedShare)));
 }
 
+/*! Returns how much density the outermost cells have that the estimate's Gaussian does not explain, over the Gaussian's height: their
+    median, or 0 if noise alone may be that large. An estimate with a background has explained it. */
+double unexplainedBackground(const BeamProfile &profile, const BeamEstimate &estimate)
+{
+    const int ends = std::min(std::max(profile.count() / 20, 2), profile.count());
+    if (!std::isnan(estimate.background.value) || !(estimate.height.value > 0))
+        return 0;
+    std::vector<double> densities;
+    double scale = 0;
+    for (int i = 0; i < profile.count(); ++i) {
+        const bool outer = i < ends || i >= profile.count() - ends;
+        if (!outer || profile.has(i, CellFlag::Dead | CellFlag::Hot))
+            continue;
+        const double inSigma =
+            (profile.positions[i] - estimate.position.value) / estimate.sigma.value;
+        densities.push_back(profile.density(i)
+                            - estimate.height.value * std::exp(-0.5 * inSigma * inSigma));
+        scale = std::max(scale, profile.scales[i]);
+    }
+    if (densities.empty())
+        return 0;
+    const auto middle = densities.begin() + std::ptrdiff_t(densities.size() / 2);
+    std::nth_element(densities.begin(), middle, densities.end());
+    constexpr double medianOfNoise = 1.2533; // standard error of a median, in those of a mean
+    constexpr double sure = 3;
+    const double wiggle =
+        sure * medianOfNoise * noiseOf(profile) / scale / std::sqrt(double(densities.size()));
+    return *middle > wiggle ? *middle / estimate.height.value : 0.0;
+}
+
 void judgeShape(const BeamProfile &profile,
                 const BeamEstimate &estimate,
                 const VerdictLimits &limits,
@@ -143,41 +179,16 @@ void judgeShape(const BeamProfile &profile,
     judgement.add(estimate.quality.rSquared < limits.rSquared,
                   BeamValidity::FitPoor,
                   tr("R2 is %1").arg(estimate.quality.rSquared, 0, 'f', 2));
+    const double background = unexplainedBackground(profile, estimate);
+    judgement.add(background >= limits.background,
+                  BeamValidity::FitPoor,
+                  tr("a background of %1 of the peak is not subtracted, and widens sigma")
+                      .arg(percent(background)));
 }
 
-/*! Returns how much density the outermost cells have that the estimate's Gaussian does not explain, over the Gaussian's height: their
-    median. An estimate with a background has explained it. */
-double unexplainedBackground(const BeamProfile &profile, const BeamEstimate &estimate)
-{
-    const int ends = std::min(std::max(profile.count() / 20, 2), profile.count());
-    if (!std::isnan(estimate.background.value) || !(estimate.height.value > 0))
-        return 0;
-    std::vector<double> densities;
-    for (int i = 0; i < profile.count(); ++i) {
-        const bool outer = i < ends || i >= profile.count() - ends;
-        if (!outer || profile.has(i, CellFlag::Dead | CellFlag::Hot))
-            continue;
-        const double inSigma =
-            (profile.positions[i] - estimate.position.value) / estimate.sigma.value;
-        densities.push_back(profile.density(i)
-                            - estimate.height.value * std::exp(-0.5 * inSigma * inSigma));
-    }
-    if (densities.empty())
-        return 0;
-    const auto middle = densities.begin() + std::ptrdiff_t(densities.size() / 2);
-    std::nth_element(densities.begin(), middle, densities.end());
-    return *middle / estimate.height.value;
-}
-
-void takeNotes(const BeamProfile &profile, const BeamEstimate &estimate, BeamVerdict &verdict)
+void takeNotes(const BeamEstimate &estimate, BeamVerdict &verdict)
 {
     constexpr double worthTelling = 0.005;
-    constexpr double backgroundWorthTelling = 0.02;
-    const double background = unexplainedBackground(profile, estimate);
-    if (background >= backgroundWorthTelling)
-        verdict.notes.append(
-            tr("a background of %1 of the peak is not subtracted, and widens sigma")
-                .arg(percent(background)));
     if (verdict.atEdge)
         verdict.notes.append(tr("the beam is at the edge of the detector"));
     if (verdict.shareOutside >= worthTelling)
@@ -236,6 +247,15 @@ QString estimateStatusText(EstimateStatus status)
     return {};
 }
 
+bool VerdictLimits::operator==(const VerdictLimits &other) const
+{
+    return std::all_of(kVerdictLimitFields.begin(),
+                       kVerdictLimitFields.end(),
+                       [&](const VerdictLimitField &field) {
+                           return this->*field.limit == other.*field.limit;
+                       });
+}
+
 BeamVerdict
 judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const VerdictLimits &limits)
 {
@@ -247,7 +267,7 @@ judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const Ve
     }
     const double background = std::isnan(estimate.background.value) ? 0 : estimate.background.value;
     count(profile, verdict);
-    verdict.flaggedShare = flaggedShare(profile, background);
+    verdict.flaggedShare = flaggedShare(profile, background) + profile.shareOfHoles;
     verdict.peakInNoise = peakInNoise(profile);
     judgeSignal(estimate, limits, verdict, judgement);
     if (!estimate.isOk())
@@ -259,7 +279,7 @@ judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const Ve
     verdict.atEdge = estimate.position.value - sigma < profile.lowerEdge()
         || estimate.position.value + sigma > profile.upperEdge();
     verdict.shareOutside = shareOutside(profile, estimate);
-    takeNotes(profile, estimate, verdict);
+    takeNotes(estimate, verdict);
     return verdict;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/corvale_qt_export.h"
+#include "corvale_qt/detector/VerdictLimits.h"
 #include "corvale_qt/numerics/BeamEstimate.h"
 #include "corvale_qt/numerics/BeamProfile.h"
 
@@ -17,18 +18,6 @@ enum class BeamValidity {
     Valid, //!< the estimate describes the readings
     FitPoor, //!< there is a beam, but the estimate describes it poorly
     NotValid, //!< the numbers must not be used
-};
-
-//! The limits by which judgeEstimate() decides. Shares and residuals are fractions of 1.
-struct CORVALE_QT_EXPORT VerdictLimits
-{
-    double residualRms = 0.05; //!< a larger one makes the fit poor
-    double rSquared = 0.95; //!< a smaller one makes the fit poor
-    double flaggedShare =
-        0.05; //!< so much charge in dead, hot and saturated cells makes the fit poor
-    double worstResidualRms = 0.20; //!< a larger one makes the estimate not valid
-    double widestSigma = 0.5; //!< a sigma above this part of the detector's length is not valid
-    double peakInNoise = 5; //!< a peak of fewer noises above the background is no beam
 };
 
 /*! Whether an estimate describes the readings that it was made from, and why not.

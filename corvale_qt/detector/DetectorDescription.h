@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvale_qt/corvale_qt_export.h"
+#include "corvale_qt/detector/VerdictLimits.h"
 
 #include <QString>
 #include <QVector>
@@ -73,6 +74,8 @@ struct CORVALE_QT_EXPORT DetectorDescription
         false; //!< whether a reading is a charge per length (or area), and not the charge of its cell
     //! Standard deviation of a reading without beam, in the unit of the readings; NaN if it is not known.
     double noise = std::numeric_limits<double>::quiet_NaN();
+    //! By which profile display, histogram and reports judge what they find on the detector. All at least 0.
+    VerdictLimits verdictLimits;
 };
 
 //! What is wrong with a description, and where.

@@ -3,6 +3,7 @@
 
 #include "corvale_qt/detector/DetectorReader_p.h"
 #include "corvale_qt/detector/JsonPlaces_p.h"
+#include "corvale_qt/detector/VerdictLimits_p.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -130,6 +131,15 @@ void readWiring(JsonMembers &members, QVector<int> &wiring)
     }
 }
 
+VerdictLimits readVerdictLimits(JsonMembers members)
+{
+    VerdictLimits limits;
+    for (const VerdictLimitField &field : kVerdictLimitFields)
+        members.take(field.key, limits.*field.limit);
+    members.refuseOthers();
+    return limits;
+}
+
 DetectorDescription readDescription(const QJsonObject &object, DetectorFault &fault)
 {
     DetectorDescription description;
@@ -150,6 +160,8 @@ DetectorDescription readDescription(const QJsonObject &object, DetectorFault &fa
     members.take("readings", description.readings);
     members.take("density", description.density);
     members.take("noise", description.noise);
+    if (members.has("verdict"))
+        description.verdictLimits = readVerdictLimits(members.object("verdict"));
     readWiring(members, description.wiring);
     if (members.has("channels")) {
         // Without its channels the layout says how many readings there are.
@@ -224,6 +236,17 @@ QJsonObject channelsObject(const QVector<DetectorChannel> &channels)
     return object;
 }
 
+//! Returns the limits that are not the usual ones.
+QJsonObject verdictObject(const VerdictLimits &limits)
+{
+    QJsonObject object;
+    const VerdictLimits usual;
+    for (const VerdictLimitField &field : kVerdictLimitFields)
+        if (limits.*field.limit != usual.*field.limit)
+            object[QLatin1String(field.key)] = limits.*field.limit;
+    return object;
+}
+
 /*! Returns where the text has an item of the wiring table, whose items the layout counts through: the table may also have a
     list for each row. */
 QString placeInText(const QString &place, const QJsonObject &object)
@@ -294,6 +317,9 @@ QByteArray detectorToJson(const DetectorLayout &layout, bool compact)
     const QJsonObject channels = channelsObject(description.channels);
     if (!channels.isEmpty())
         object[QLatin1String("channels")] = channels;
+    const QJsonObject verdict = verdictObject(description.verdictLimits);
+    if (!verdict.isEmpty())
+        object[QLatin1String("verdict")] = verdict;
     return QJsonDocument(object).toJson(compact ? QJsonDocument::Compact : QJsonDocument::Indented);
 }
 

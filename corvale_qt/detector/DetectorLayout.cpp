@@ -2,6 +2,7 @@
 #include "corvale_qt/detector/DetectorLayout.h"
 
 #include "corvale_qt/detector/AxisPlaces_p.h"
+#include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/RoundPixelDetector.h"
 
 #include <QCoreApplication>
@@ -145,6 +146,12 @@ DetectorFault restFault(const DetectorDescription &description, Size size)
     if (!std::isnan(description.noise)
         && !(description.noise > 0 && std::isfinite(description.noise)))
         return {QStringLiteral("noise"), tr("is not above 0")};
+    for (const VerdictLimitField &field : kVerdictLimitFields) {
+        const double limit = description.verdictLimits.*field.limit;
+        if (!(limit >= 0 && std::isfinite(limit)))
+            return {QStringLiteral("verdict.") + QLatin1String(field.key),
+                    tr("is not a number from 0 on")};
+    }
     if (DetectorFault fault = wiringFault(description, size); !fault.isEmpty())
         return fault;
     return channelsFault(description, size.readings);
@@ -165,7 +172,8 @@ bool sameDetector(const DetectorDescription &one, const DetectorDescription &oth
         one.noise == other.noise || (std::isnan(one.noise) && std::isnan(other.noise));
     return one.kind == other.kind && one.title == other.title && sameAxis(one.x, other.x)
         && sameAxis(one.y, other.y) && one.wiring == other.wiring && one.readings == other.readings
-        && one.channels == other.channels && one.density == other.density && sameNoise;
+        && one.channels == other.channels && one.density == other.density && sameNoise
+        && one.verdictLimits == other.verdictLimits;
 }
 
 QString unitText(const DetectorDescription &description)

@@ -273,6 +273,8 @@ BeamEstimate logParabolaGaussian(const BeamProfile &profile, const LogParabolaOp
     const int peak = *std::max_element(run.begin(), run.end(), [&](int one, int other) {
         return profile.density(one) < profile.density(other);
     });
+    if (!(profile.density(peak) > 0))
+        return failed(EstimateStatus::NoSignal);
     if (peak < 1 || peak >= profile.count() - 1)
         return failed(EstimateStatus::PeakOnEdge);
     BeamEstimate result = fitRun(profile, run, options.weightPower);

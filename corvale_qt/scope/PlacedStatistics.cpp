@@ -108,7 +108,7 @@ PlacedFit placedFit(Type type,
         fit.estimate = ofDevice(deviceFit, fit.profile, reversed);
         break;
     }
-    fit.verdict = judgeEstimate(fit.profile, fit.estimate);
+    fit.verdict = judgeEstimate(fit.profile, fit.estimate, layout.description().verdictLimits);
     fit.status = fitStatusOf(fit.estimate.status);
     fit.message = estimateStatusText(fit.estimate.status);
     return fit;

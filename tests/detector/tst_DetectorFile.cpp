@@ -35,6 +35,7 @@ const QByteArray kHarp = R"({
   "x": { "positions": [-26.3, -18, 0, 18, 26.3], "unit": "mm" },
   "y": { "cells": 4, "pitch": 2.5, "unit": "mm", "direction": "reverse" },
   "noise": 0.02,
+  "verdict": { "residual_rms": 0.03 },
   "channels": { "gain": 1.5, "dead": [3, 9] }
 })";
 
@@ -56,6 +57,8 @@ private Q_SLOTS:
         QCOMPARE(layout.channel(8).gain, 1.5);
         QVERIFY(layout.channel(2).dead && layout.channel(8).dead && !layout.channel(3).dead);
         QCOMPARE(layout.description().noise, 0.02);
+        QCOMPARE(layout.description().verdictLimits.residualRms, 0.03);
+        QCOMPARE(layout.description().verdictLimits.worstResidualRms, 0.2);
     }
 
     //! The examples of the documentation, each in a file of its own, and the presets.
@@ -97,7 +100,7 @@ private Q_SLOTS:
             [](const char *name, const char *from, const char *to, const char *message) {
                 QTest::newRow(name) << QByteArray(from) << QByteArray(to) << message;
             };
-        row("an open end", "9] }\n}", "9] }\n", "line 8, unterminated object");
+        row("an open end", "9] }\n}", "9] }\n", "line 9, unterminated object");
         row("another version", ": 1,", ": 2,", "line 2, detector: must be the version, 1");
         row("an unknown kind",
             "strips",
@@ -123,19 +126,27 @@ private Q_SLOTS:
             "\"pitch\"",
             "\"\\u0063ells\"",
             "line 5, the key \"\\u0063ells\" is given twice, or with a backslash");
+        row("a limit below 0",
+            ": 0.03",
+            ": -0.03",
+            "line 7, verdict.residual_rms: is not a number from 0 on");
+        row("a limit that nobody knows",
+            "residual_rms",
+            "residuals",
+            "line 7, verdict.residuals: is not a known key");
         row("a gain too few",
             "1.5",
             "[1.5, 1.4]",
-            "line 7, channels.gain: has 2 numbers for 9 readings");
+            "line 8, channels.gain: has 2 numbers for 9 readings");
         row("a gain of 0",
             "1.5",
             "[1,1,1,0,1,1,1,1,1]",
-            "line 7, channels.gain[3]: is 0 or not a usable number");
-        row("a channel 10", "3, 9", "3, 10", "line 7, channels.dead[1]: there is no such channel");
+            "line 8, channels.gain[3]: is 0 or not a usable number");
+        row("a channel 10", "3, 9", "3, 10", "line 8, channels.dead[1]: there is no such channel");
         row("a list for an object",
             "{ \"gain\"",
             "[ 1 ], \"a\": { \"gain\"",
-            "line 7, channels: is not an object in braces");
+            "line 8, channels: is not an object in braces");
         row("huge numbers", "0.02", "1e999", "line 6, illegal number");
         row("rows in the wiring",
             "\"noise\": 0.02",

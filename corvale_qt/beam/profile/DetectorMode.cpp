@@ -83,7 +83,7 @@ JudgedFrame DetectorMode::judge(const DetectorFrame &frame,
     cells.layout = m_shown;
     for (int i = 0; factor != 1.0 && i < cells.values.size(); ++i)
         cells.values[i] *= factor;
-    return judgeLayoutFrame(cells, {estimator(), regressionOf(regression), limits});
+    return judgeLayoutFrame(cells, {estimator(), regressionOf(regression), limits()});
 }
 
 JudgedFrame DetectorMode::judgePreset(const BeamFrame &beam,
@@ -95,7 +95,7 @@ JudgedFrame DetectorMode::judgePreset(const BeamFrame &beam,
                             layout,
                             readings,
                             options,
-                            {estimator(), regressionOf(options.regression), limits});
+                            {estimator(), regressionOf(options.regression), limits()});
 }
 
 BeamEstimator DetectorMode::estimator() const
@@ -103,6 +103,11 @@ BeamEstimator DetectorMode::estimator() const
     const bool matrix = isOn() && m_layout.kind() == DetectorKind::Matrix;
     return chosenEstimator.value_or(matrix ? BeamEstimator::LeastSquares
                                            : BeamEstimator::Regression);
+}
+
+VerdictLimits DetectorMode::limits() const
+{
+    return chosenLimits.value_or(m_layout.description().verdictLimits);
 }
 
 QString DetectorMode::stateText() const

@@ -38,12 +38,14 @@ public:
 
     //! Returns the estimator: the chosen one, else the regression for strips and least squares for a matrix.
     BeamEstimator estimator() const;
+    //! Returns the limits by which frames are judged: the chosen ones, else those of the layout.
+    VerdictLimits limits() const;
     //! Returns what is done to frames as text: averaging and background; empty if nothing is.
     QString stateText() const;
 
     FrameAveraging averaging;
     std::optional<BeamEstimator> chosenEstimator;
-    VerdictLimits limits;
+    std::optional<VerdictLimits> chosenLimits;
     bool verdictEnabled = false; //!< with a layout, frames are judged anyway
 
 private:

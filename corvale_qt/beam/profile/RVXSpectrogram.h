@@ -121,7 +121,7 @@ public:
     BeamEstimate estimate(DetectorLayout::Axis axis) const;
     //! Returns the verdict on the frame that is shown. It is NotValid without reasons unless frames are judged.
     BeamVerdict verdict() const;
-    //! Returns the limits by which frames are judged.
+    //! Returns the limits by which frames are judged: those of the detector until others are set.
     VerdictLimits verdictLimits() const;
     //! Sets the limits by which frames are judged, and judges the frame that is shown again.
     void setVerdictLimits(const VerdictLimits &limits);

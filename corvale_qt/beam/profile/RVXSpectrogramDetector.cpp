@@ -5,6 +5,7 @@
 #include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/beam/profile/PlotZoom_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 namespace Corvale_Qt {
 
@@ -141,13 +142,13 @@ BeamVerdict RVXSpectrogram::verdict() const
 VerdictLimits RVXSpectrogram::verdictLimits() const
 {
     Q_D(const RVXSpectrogram);
-    return d->detector.limits;
+    return d->detector.limits();
 }
 
 void RVXSpectrogram::setVerdictLimits(const VerdictLimits &limits)
 {
     Q_D(RVXSpectrogram);
-    d->detector.limits = limits;
+    d->detector.chosenLimits = limits;
     d->presentAgain();
 }
 
@@ -244,7 +245,9 @@ QString RVXSpectrogram::intensityUnit() const
 void RVXSpectrogram::setIntensityUnit(const QString &unit)
 {
     Q_D(RVXSpectrogram);
+    const QScopedPointer<Units::MeasurementUnit> known(Units::MeasurementUnit::fromString(unit));
     d->intensityUnit = unit;
+    d->intensityFactor = known ? known->scale(1.0) : 1.0;
     d->applyUnit();
     d->applyScale();
     d->plot->replot();

@@ -138,7 +138,8 @@ FrameOptions RVXSpectrogramPrivate::frameOptions() const
     options.invertY = ui.checkBox_invertY->isChecked();
     options.discriminator = discriminator->value();
     options.regression = regression;
-    options.regression.minimumPeak *= readingFactor();
+    const bool hasOwnUnit = detector.isOn() && !intensityUnit.isEmpty();
+    options.regression.minimumPeak *= hasOwnUnit ? intensityFactor : readingFactor();
     return options;
 }
 

@@ -88,6 +88,7 @@ public:
     ProfileLayout layout = ProfileLayout::None; //!< None on a described detector
     DetectorMode detector;
     QString intensityUnit; //!< of the readings of a described detector; empty for coulomb or ampere
+    double intensityFactor = 1.0; //!< what one base unit of a known intensityUnit is in it
     RegressionOptions<double> regression; //!< with the smallest peak as a charge
 
     bool redrawPending = false;

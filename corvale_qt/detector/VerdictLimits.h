@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "corvale_qt/corvale_qt_export.h"
+
+namespace Corvale_Qt {
+
+//! The limits by which judgeEstimate() decides. Shares and residuals are fractions of 1.
+struct CORVALE_QT_EXPORT VerdictLimits
+{
+    double residualRms = 0.05; //!< a larger one makes the fit poor
+    double rSquared = 0.95; //!< a smaller one makes the fit poor
+    double flaggedShare =
+        0.05; //!< so much charge in dead, hot and saturated cells makes the fit poor
+    double worstResidualRms = 0.20; //!< a larger one makes the estimate not valid
+    double widestSigma = 0.5; //!< a sigma above this part of the detector's length is not valid
+    double peakInNoise = 5; //!< a peak of fewer noises above the background is no beam
+    //! So large a background, over the peak, makes an estimate poor that does not subtract it.
+    double background = 0.02;
+
+    //! Returns whether all limits are the same.
+    bool operator==(const VerdictLimits &other) const;
+};
+
+} // namespace Corvale_Qt

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/FrameRowReader.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
-
-#include <QCoreApplication>
 
 #include <charconv>
 #include <cmath>
@@ -13,11 +12,6 @@ namespace Monitor {
 namespace {
 
 constexpr int maxSide = Corvale_Qt::DetectorLayout::maxSide;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor", text);
-}
 
 bool readSide(std::string_view field, int *side)
 {
@@ -36,15 +30,15 @@ bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, 
     const std::size_t first = timed ? 1 : 0;
     if ((!timed && fields.size() != 2) || !readSide(fields[first], &rows)
         || !readSide(fields[first + 1], &columns)) {
-        *fault = tr("it should be #frame TIME ROWS COLUMNS");
+        *fault = Text::tr("it should be #frame TIME ROWS COLUMNS");
         return false;
     }
     if (timed && !fields[0].empty() && (!parseNumber(fields[0], &time) || !std::isfinite(time))) {
-        *fault = tr("the time is not a number");
+        *fault = Text::tr("the time is not a number");
         return false;
     }
     if (rows < 1 || columns < 1 || rows > maxSide || columns > maxSide) {
-        *fault = tr("a frame has 1 to %1 rows and columns").arg(maxSide);
+        *fault = Text::tr("a frame has 1 to %1 rows and columns").arg(maxSide);
         return false;
     }
     return true;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/ImportGuess.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/TableImport.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -18,11 +18,6 @@ namespace {
 
 using Fields = std::vector<std::string>;
 constexpr int linesLookedAt = 60;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::ImportGuess", text);
-}
 
 struct Line
 {
@@ -182,13 +177,13 @@ QString signName(char delimiter)
 {
     switch (delimiter) {
     case ';':
-        return tr("its columns are separated by semicolons");
+        return Text::tr("its columns are separated by semicolons");
     case '\t':
-        return tr("its columns are separated by tabs");
+        return Text::tr("its columns are separated by tabs");
     case '|':
-        return tr("its columns are separated by bars");
+        return Text::tr("its columns are separated by bars");
     default:
-        return tr("its values are in quotes");
+        return Text::tr("its values are in quotes");
     }
 }
 
@@ -198,19 +193,20 @@ QString reasonFor(const ImportOptions &options)
     if (options.delimiter != 0 && options.delimiter != ' ')
         reasons += signName(options.delimiter);
     if (options.decimalComma)
-        reasons += tr("its numbers have a decimal comma");
+        reasons += Text::tr("its numbers have a decimal comma");
     if (options.clock == ImportOptions::Clock::Utc)
-        reasons += tr("its times are dates");
+        reasons += Text::tr("its times are dates");
     if (options.clock == ImportOptions::Clock::Local)
-        reasons += tr(
+        reasons += Text::tr(
             "its times are dates without a time zone (local time is assumed; clock=utc otherwise)");
-    return reasons.join(tr(" and "));
+    return reasons.join(Text::tr(" and "));
 }
 
 QString noTimeReason(const QStringList &names, bool firstIsNoTime)
 {
-    return firstIsNoTime ? tr("no column holds the time, and %1 is no time").arg(names.first())
-                         : tr("no column holds the time");
+    return firstIsNoTime
+        ? Text::tr("no column holds the time, and %1 is no time").arg(names.first())
+        : Text::tr("no column holds the time");
 }
 
 } // namespace
@@ -249,7 +245,7 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
         || !timeIsKnown;
     if (guess.lacksInterval) {
         guess.options.timeColumn = ImportOptions::noTime;
-        guess.reason += (guess.reason.isEmpty() ? QString() : tr(", and "))
+        guess.reason += (guess.reason.isEmpty() ? QString() : Text::tr(", and "))
             + noTimeReason(names, plan && plan->lacksTime);
     }
     guess.isNeeded = guess.lacksInterval || (!isGiven && !guess.options.isUsual());
@@ -261,10 +257,10 @@ QString ImportGuess::refusal() const
     if (!isNeeded)
         return {};
     if (!lacksInterval)
-        return tr("%1. The option --import \"%2\" reads it").arg(reason, options.text());
+        return Text::tr("%1. The option --import \"%2\" reads it").arg(reason, options.text());
     ImportOptions stated = options;
     stated.interval = 1e-3;
-    return tr("%1. If its rows are 1 ms apart, the option --import \"%2\" reads it")
+    return Text::tr("%1. If its rows are 1 ms apart, the option --import \"%2\" reads it")
         .arg(reason, stated.text());
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/ImportOptions.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -22,11 +23,6 @@ constexpr NamedSign delimiters[] = {{"comma", ','},
                                     {"tab", '\t'},
                                     {"blank", ' '},
                                     {"bar", '|'}};
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::ImportOptions", text);
-}
 
 bool readInterval(const QString &text, double *seconds)
 {
@@ -148,20 +144,21 @@ bool ImportOptions::fromText(const QString &text, ImportOptions *options, QStrin
         const QString key = item.section(QLatin1Char('='), 0, 0).trimmed();
         if (readItem(key, item.section(QLatin1Char('='), 1), options))
             continue;
-        *error = tr("\"%1\" makes no sense; there are delimiter=comma, semicolon, tab, blank or "
-                    "bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, "
-                    "clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, "
-                    "separated by commas")
-                     .arg(item);
+        *error =
+            Text::tr("\"%1\" makes no sense; there are delimiter=comma, semicolon, tab, blank or "
+                     "bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, "
+                     "clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, "
+                     "separated by commas")
+                .arg(item);
         return false;
     }
     const bool dateWithoutClock = !options->format.isEmpty() && options->clock == Clock::Seconds;
     if (dateWithoutClock)
         options->clock = Clock::Local;
     if (options->delimiter == ',' && options->decimalComma)
-        *error = tr("with decimal=comma the delimiter cannot be a comma");
+        *error = Text::tr("with decimal=comma the delimiter cannot be a comma");
     else if (options->timeColumn == noTime && options->clock != Clock::Seconds)
-        *error = tr("clock says how a time column is read, and there is none");
+        *error = Text::tr("clock says how a time column is read, and there is none");
     return error->isEmpty();
 }
 

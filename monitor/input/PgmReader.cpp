@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/PgmReader.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
 #include <corvale_qt/detector/DetectorLayout.h>
-
-#include <QCoreApplication>
 
 #include <cmath>
 #include <utility>
@@ -18,11 +17,6 @@ constexpr int largestOfAll = 65535;
 constexpr int largestOfAByte = 255;
 constexpr int tooLarge = 1000000; //!< where digits are no longer added up
 constexpr std::size_t longestComment = 80;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor", text);
-}
 
 bool isSpace(unsigned char byte)
 {
@@ -83,9 +77,11 @@ void PgmReader::finish()
         takeTextByte('\n'); // the last number needs no line end
     const bool between = m_state == State::Magic && m_magic.empty();
     if (m_state == State::Text || m_state == State::Binary)
-        lose(tr("the image ends after %1 of %2 values").arg(m_taken).arg(m_image.values.size()));
+        lose(Text::tr("the image ends after %1 of %2 values")
+                 .arg(m_taken)
+                 .arg(m_image.values.size()));
     else if (!between && !isLost())
-        lose(tr("the image ends in its header"));
+        lose(Text::tr("the image ends in its header"));
     restart();
 }
 
@@ -106,7 +102,7 @@ void PgmReader::takeByte(unsigned char byte)
 void PgmReader::beginComment()
 {
     if (m_state == State::Largest && m_number) {
-        lose(tr("a comment follows its largest value without a blank"));
+        lose(Text::tr("a comment follows its largest value without a blank"));
         return;
     }
     takeByte(' '); // it ends a number
@@ -135,7 +131,7 @@ void PgmReader::takeMagic(unsigned char byte)
         return;
     }
     if ((m_magic != "P2" && m_magic != "P5") || !isSpace(byte))
-        lose(tr("it does not begin with P2 or P5, as grey images do"));
+        lose(Text::tr("it does not begin with P2 or P5, as grey images do"));
     else
         m_state = State::Columns;
 }
@@ -145,7 +141,7 @@ void PgmReader::takeHeaderByte(unsigned char byte)
     if (isDigit(byte))
         m_number = std::min(m_number.value_or(0) * 10 + (byte - '0'), tooLarge);
     else if (!isSpace(byte))
-        lose(tr("its header has other characters than digits"));
+        lose(Text::tr("its header has other characters than digits"));
     else if (m_number)
         endNumber();
 }
@@ -160,7 +156,7 @@ void PgmReader::endNumber()
         return;
     }
     if (number < 1 || number > maxSide) {
-        lose(tr("a frame has 1 to %1 rows and columns").arg(maxSide));
+        lose(Text::tr("a frame has 1 to %1 rows and columns").arg(maxSide));
         return;
     }
     (m_state == State::Columns ? m_image.columns : m_image.rows) = number;
@@ -170,7 +166,7 @@ void PgmReader::endNumber()
 void PgmReader::beginRaster()
 {
     if (m_largest < 1 || m_largest > largestOfAll) {
-        lose(tr("its largest value must be 1 to %1").arg(largestOfAll));
+        lose(Text::tr("its largest value must be 1 to %1").arg(largestOfAll));
         return;
     }
     m_image.values.assign(std::size_t(m_image.rows) * std::size_t(m_image.columns), 0.0);
@@ -182,7 +178,7 @@ void PgmReader::takeTextByte(unsigned char byte)
     if (isDigit(byte))
         m_number = std::min(m_number.value_or(0) * 10 + (byte - '0'), tooLarge);
     else if (!isSpace(byte))
-        lose(tr("value %1 is not a number").arg(m_taken + 1));
+        lose(Text::tr("value %1 is not a number").arg(m_taken + 1));
     else if (m_number)
         takeValue(*std::exchange(m_number, std::nullopt));
 }
@@ -206,7 +202,7 @@ std::size_t PgmReader::takeBinary(std::string_view bytes)
 void PgmReader::takeValue(int value)
 {
     if (value > m_largest && m_fault.isEmpty())
-        m_fault = tr("value %1 is above %2, the largest").arg(m_taken + 1).arg(m_largest);
+        m_fault = Text::tr("value %1 is above %2, the largest").arg(m_taken + 1).arg(m_largest);
     const int columns = m_image.columns;
     const int row = m_image.rows - 1 - int(m_taken) / columns;
     const int cell = row * columns + int(m_taken) % columns;

@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/SpotFile.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
-
-#include <QCoreApplication>
 
 namespace Monitor {
 
 namespace {
 
 constexpr int pieceSize = 256 * 1024;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor", text);
-}
 
 //! Keeps the spots of the only list in a file.
 class SpotSink : public StreamSink
@@ -51,14 +45,15 @@ SpotRows spotsFromFile(const QString &path, QString *error)
     if (reader.open(path))
         while (sink.spots.size() <= SpotRows::most && reader.read(pieceSize)) { }
     if (reader.hasFailed())
-        *error = tr("%1 cannot be read: %2").arg(path, reader.errorString());
+        *error = Text::tr("%1 cannot be read: %2").arg(path, reader.errorString());
     else if (!sink.refused.isEmpty())
-        *error = tr("%1: %2").arg(path, sink.refused);
+        *error = Text::tr("%1: %2").arg(path, sink.refused);
     else if (sink.spots.size() > SpotRows::most)
-        *error = tr("%1 has more than %2 spots").arg(path).arg(SpotRows::most);
+        *error = Text::tr("%1 has more than %2 spots").arg(path).arg(SpotRows::most);
     else if (sink.streams != 1 || sink.spots.header.kind != StreamKind::Spots
              || !sink.spots.isUsable())
-        *error = tr("%1 is not a list of spots; it needs the columns x_mm, y_mm and mu").arg(path);
+        *error =
+            Text::tr("%1 is not a list of spots; it needs the columns x_mm, y_mm and mu").arg(path);
     return error->isEmpty() ? sink.spots : SpotRows();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CommandLine.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/program/OptionTexts.h"
 #include "monitor/session/RotationText.h"
 #include "monitor/sources/SourceFactory.h"
@@ -8,18 +9,12 @@
 #include <corvale_qt/widgets/TimeSpan.h>
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTextStream>
 
 namespace Monitor {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
 
 //! Reads the values of options and keeps the first error.
 class ValueReader
@@ -39,7 +34,7 @@ public:
         if (ok && number >= least)
             *value = number;
         else
-            fail(name, tr("a number"));
+            fail(name, Text::tr("a number"));
     }
     //! Reads the description of a detector from the file that the option names.
     void detector(Corvale_Qt::DetectorLayout *layout)
@@ -60,7 +55,7 @@ public:
         *low = limits.value(0).toDouble(&lowOk);
         *high = limits.value(1).toDouble(&highOk);
         if (!lowOk || !highOk || limits.size() != 2 || !(*low < *high))
-            fail("range", tr("two numbers, the lower one first, like -1e-6,1e-6"));
+            fail("range", Text::tr("two numbers, the lower one first, like -1e-6,1e-6"));
     }
     //! Reads one tolerance for both axes, or one for each.
     void tolerance(double *x, double *y)
@@ -76,7 +71,7 @@ public:
             return value > 0.0 && value <= largest;
         };
         if (!xOk || !yOk || parts.size() > 2 || !fits(*x) || !fits(*y))
-            fail("tolerance", tr("millimetres above 0, like 1.5, or 1,2 for x and y"));
+            fail("tolerance", Text::tr("millimetres above 0, like 1.5, or 1,2 for x and y"));
     }
     void size(QSize *size)
     {
@@ -85,7 +80,7 @@ public:
         if (match.hasMatch())
             *size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
         else if (isSet("size"))
-            fail("size", tr("a width and a height, like 1280x800"));
+            fail("size", Text::tr("a width and a height, like 1280x800"));
     }
     void amount(qint64 *readings, double *seconds)
     {
@@ -97,7 +92,7 @@ public:
         else if (time)
             *seconds = *time;
         else if (isSet("after"))
-            fail("after", tr("an amount of data, like 200frames or 2s"));
+            fail("after", Text::tr("an amount of data, like 200frames or 2s"));
     }
     void span(double *span)
     {
@@ -105,12 +100,12 @@ public:
         if (seconds)
             *span = *seconds;
         else if (isSet("span"))
-            fail("span", tr("a time, like 90s, 1.5min, 2h or 250ms, or all"));
+            fail("span", Text::tr("a time, like 90s, 1.5min, 2h or 250ms, or all"));
     }
     void rotation(Recorder::Options *options)
     {
         if (isSet("rotate") && !setRotation(options, text("rotate")))
-            fail("rotate", tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
+            fail("rotate", Text::tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
     }
     void import(ImportOptions *options)
     {
@@ -125,7 +120,7 @@ public:
             {"strip", "scope", "histogram", "profile", "position", "spots", "errors"};
         *display = text("view");
         if (isSet("view") && !names.contains(*display))
-            fail("view", tr("one of %1").arg(names.join(QStringLiteral(", "))));
+            fail("view", Text::tr("one of %1").arg(names.join(QStringLiteral(", "))));
     }
 
     void computed(QVector<Corvale_Qt::ComputedChannel> *channels)
@@ -136,14 +131,15 @@ public:
             if (channel)
                 channels->append(*channel);
             else if (m_error.isEmpty())
-                m_error = tr("--compute %1: it should be a name, a unit in brackets if there is "
+                m_error =
+                    Text::tr("--compute %1: it should be a name, a unit in brackets if there is "
                              "one, = and an "
                              "expression, like \"sum [nA] = A + B\"")
-                              .arg(text);
+                        .arg(text);
         }
         if (!texts.isEmpty() && !Corvale_Qt::ChannelExpressions::isAvailable())
-            m_error =
-                tr("--compute: this program was built without the library that reads expressions");
+            m_error = Text::tr(
+                "--compute: this program was built without the library that reads expressions");
     }
 
     bool isSet(const char *name) const { return m_parser.isSet(QLatin1String(name)); }
@@ -154,7 +150,8 @@ private:
     void fail(const char *name, const QString &wanted)
     {
         if (m_error.isEmpty())
-            m_error = tr("--%1 %2: it should be %3").arg(QLatin1String(name), text(name), wanted);
+            m_error =
+                Text::tr("--%1 %2: it should be %3").arg(QLatin1String(name), text(name), wanted);
     }
 
     const QCommandLineParser &m_parser;
@@ -193,13 +190,15 @@ const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
 QString contradiction(const CommandLine &wanted, const ValueReader &values)
 {
     if (wanted.file.from > wanted.file.to)
-        return tr("--from %1 --to %2: there is nothing between them; --from must be the earlier "
-                  "time")
+        return Text::tr(
+                   "--from %1 --to %2: there is nothing between them; --from must be the earlier "
+                   "time")
             .arg(values.text("from"), values.text("to"));
     if (values.isSet("rotate") && wanted.record.path.isEmpty())
-        return tr("--rotate %1 says when a recording begins a new file, but nothing is recorded; "
-                  "add --record "
-                  "PATH")
+        return Text::tr(
+                   "--rotate %1 says when a recording begins a new file, but nothing is recorded; "
+                   "add --record "
+                   "PATH")
             .arg(values.text("rotate"));
     return {};
 }
@@ -225,22 +224,22 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     if (onlyText)
         return true;
     if (asked.size() > 1)
-        *error = tr("%1 cannot be combined").arg(asked.join(tr(" and ")));
+        *error = Text::tr("%1 cannot be combined").arg(asked.join(Text::tr(" and ")));
 
     const QStringList sources = parser.positionalArguments();
     if (sources.size() > 1)
-        *error = tr("only one source can be shown at a time: %1")
+        *error = Text::tr("only one source can be shown at a time: %1")
                      .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
     const QString measured = parser.value(QStringLiteral("measured"));
     if (sourceGiven && !measured.isEmpty())
-        *error = tr("--measured %1: there is a source already").arg(measured);
+        *error = Text::tr("--measured %1: there is a source already").arg(measured);
     sourceGiven = sourceGiven || !measured.isEmpty();
     source = sources.value(0, measured.isEmpty() ? source : measured);
     planned = parser.value(QStringLiteral("planned"));
     json = parser.isSet(QStringLiteral("json"));
     if (json && task != Task::Statistics)
-        *error = tr("--json needs --stats");
+        *error = Text::tr("--json needs --stats");
 
     ValueReader values(parser);
     values.number("speed", &file.speed, 0.0);
@@ -270,7 +269,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
                              : task == Task::Repair ? "repair"
                                                     : "screenshot");
     if (task == Task::Repair && sourceGiven)
-        *error = tr("--repair takes one file, and no source");
+        *error = Text::tr("--repair takes one file, and no source");
     if (error->isEmpty())
         *error = values.error();
     if (error->isEmpty())
@@ -285,8 +284,8 @@ QString CommandLine::versionText()
 
 QString CommandLine::helpText()
 {
-    QString text = tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n")
-        + summaryText() + QStringLiteral("\n\n") + tr("Options") + QLatin1Char('\n');
+    QString text = Text::tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n")
+        + summaryText() + QStringLiteral("\n\n") + Text::tr("Options") + QLatin1Char('\n');
     constexpr int column = 26;
     const auto item = [&](const QString &name, const QString &meaning) {
         const bool fits = name.size() < column;

@@ -1,23 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/OptionTexts.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 namespace Monitor {
 
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
-
-} // namespace
-
 QString summaryText()
 {
-    return tr("Shows the readings of beam diagnostic instruments: channels over time, profiles, "
-              "positions and spots. Without a source it shows a simulated beam.");
+    return Text::tr(
+        "Shows the readings of beam diagnostic instruments: channels over time, profiles, "
+        "positions and spots. Without a source it shows a simulated beam.");
 }
 
 QVector<OptionText> optionTexts()
@@ -25,124 +17,138 @@ QVector<OptionText> optionTexts()
     return {
         {"speed",
          "N",
-         tr("Play a file N times as fast as it was recorded; 0 for as fast as possible.")},
-        {"loop", "", tr("Play a file again and again.")},
-        {"from", "SECONDS", tr("Begin at this time of the file.")},
-        {"to", "SECONDS", tr("End at this time of the file.")},
+         Text::tr("Play a file N times as fast as it was recorded; 0 for as fast as possible.")},
+        {"loop", "", Text::tr("Play a file again and again.")},
+        {"from", "SECONDS", Text::tr("Begin at this time of the file.")},
+        {"to", "SECONDS", Text::tr("End at this time of the file.")},
         {"import",
          "HOW",
-         tr("Read a table of another program: delimiter=semicolon, decimal=comma, header=no, "
-            "time=2 (the column) or interval=1ms (there is none), clock=local, "
-            "format=\"dd.MM.yyyy HH:mm:ss\", skip=3, comment=%; those that are needed, separated "
-            "by commas.")},
+         Text::tr(
+             "Read a table of another program: delimiter=semicolon, decimal=comma, header=no, "
+             "time=2 (the column) or interval=1ms (there is none), clock=local, "
+             "format=\"dd.MM.yyyy HH:mm:ss\", skip=3, comment=%; those that are needed, separated "
+             "by commas.")},
         {"range",
          "LOW,HIGH",
-         tr("Mark readings outside these limits as over range, whatever the source says.")},
+         Text::tr("Mark readings outside these limits as over range, whatever the source says.")},
         {"detector",
          "FILE.json",
-         tr("Take the places and the calibration of the detector from this file, whatever the "
-            "source says. A window remembers it for the source; none forgets it.")},
+         Text::tr(
+             "Take the places and the calibration of the detector from this file, whatever the "
+             "source says. A window remembers it for the source; none forgets it.")},
         {"planned",
          "FILE.csv",
-         tr("Compare the spots of the source with those of this list: position errors, and a map "
-            "of the difference.")},
-        {"measured", "FILE.csv", tr("The same as a source: the list to compare with the plan.")},
+         Text::tr(
+             "Compare the spots of the source with those of this list: position errors, and a map "
+             "of the difference.")},
+        {"measured",
+         "FILE.csv",
+         Text::tr("The same as a source: the list to compare with the plan.")},
         {"tolerance",
          "MM",
-         tr("The largest position error of a spot that is in order; 1,2 for x and y.")},
+         Text::tr("The largest position error of a spot that is in order; 1,2 for x and y.")},
         {"compute",
          "\"NAME [UNIT] = EXPRESSION\"",
-         tr("Add a channel that is computed from others, like \"asym = (A - B) / (A + B)\"; may be "
-            "given "
-            "more than once.")},
+         Text::tr("Add a channel that is computed from others, like \"asym = (A - B) / (A + B)\"; "
+                  "may be "
+                  "given "
+                  "more than once.")},
         {"record",
          "PATH",
-         tr("Record everything that arrives to a new file, or to files in a folder.")},
+         Text::tr("Record everything that arrives to a new file, or to files in a folder.")},
         {"rotate",
          "LIMIT",
-         tr("With --record: begin a new file after a time (1h, 30min), a size (100M, 2G), or "
-            "both (1h,2G).")},
+         Text::tr("With --record: begin a new file after a time (1h, 30min), a size (100M, 2G), or "
+                  "both (1h,2G).")},
         {"compress",
          "",
-         tr("Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
-        {"overwrite", "", tr("Let --record and --convert replace an existing file.")},
+         Text::tr(
+             "Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
+        {"overwrite", "", Text::tr("Let --record and --convert replace an existing file.")},
         {"settings",
          "FILE",
-         tr("Keep settings and window layout in this file; each file has one window.")},
+         Text::tr("Keep settings and window layout in this file; each file has one window.")},
         {"screenshot",
          "FILE.png",
-         tr("Draw the window into a picture, without a display, and end.")},
-        {"size", "WxH", tr("Size of the window or of the picture, in pixels.")},
+         Text::tr("Draw the window into a picture, without a display, and end.")},
+        {"size", "WxH", Text::tr("Size of the window or of the picture, in pixels.")},
         {"view",
          "NAME",
-         tr("Show this display: strip, scope, histogram, profile, position, spots or errors.")},
+         Text::tr(
+             "Show this display: strip, scope, histogram, profile, position, spots or errors.")},
         {"span",
          "TIME",
-         tr("Show this much time in the strip chart: 90s, 2h, or all that is kept.")},
+         Text::tr("Show this much time in the strip chart: 90s, 2h, or all that is kept.")},
         {"after",
          "AMOUNT",
-         tr("End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
-        {"stats", "", tr("Read to the end and print statistics of each channel.")},
-        {"json", "", tr("Print the statistics as JSON.")},
-        {"convert", "OUT.csv", tr("Read to the end and write a recording.")},
+         Text::tr(
+             "End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
+        {"stats", "", Text::tr("Read to the end and print statistics of each channel.")},
+        {"json", "", Text::tr("Print the statistics as JSON.")},
+        {"convert", "OUT.csv", Text::tr("Read to the end and write a recording.")},
         {"check",
          "",
-         tr("Read to the end and print every line that cannot be used, and what is lost.")},
+         Text::tr("Read to the end and print every line that cannot be used, and what is lost.")},
         {"repair",
          "FILE",
-         tr("Write what can be read of a damaged recording to a copy beside it; the file itself "
-            "stays as it is.")},
-        {"help", "", tr("Print this text.")},
-        {"version", "", tr("Print the version.")},
+         Text::tr(
+             "Write what can be read of a damaged recording to a copy beside it; the file itself "
+             "stays as it is.")},
+        {"help", "", Text::tr("Print this text.")},
+        {"version", "", Text::tr("Print the version.")},
     };
 }
 
 QVector<TopicText> topicTexts()
 {
     return {
-        {tr("Sources"),
+        {Text::tr("Sources"),
          {
              {"sim:ic4, sim:strips, sim:pixels, sim:spots",
-              tr("A simulated beam; ?seed=N gives another one.")},
+              Text::tr("A simulated beam; ?seed=N gives another one.")},
              {"PATH, file:PATH",
-              tr("A table: a recording (also compressed), a file saved by the library, or CSV. "
-                 "Where CSV needs --import, a message says how.")},
+              Text::tr(
+                  "A table: a recording (also compressed), a file saved by the library, or CSV. "
+                  "Where CSV needs --import, a message says how.")},
              {"IMAGES.pgm, FOLDER",
-              tr("Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "
-                 "a "
-                 "folder.")},
-             {"-", tr("Lines on standard input.")},
+              Text::tr(
+                  "Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "
+                  "a "
+                  "folder.")},
+             {"-", Text::tr("Lines on standard input.")},
              {"tcp://HOST:PORT",
-              tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "
-                 "answers only when asked.")},
-             {"tcp-listen://127.0.0.1:PORT", tr("Lines from a program that connects.")},
+              Text::tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "
+                       "answers only when asked.")},
+             {"tcp-listen://127.0.0.1:PORT", Text::tr("Lines from a program that connects.")},
              {"serial:DEVICE?baud=N",
-              tr("Lines from a serial port, 8N1; the default is 115200 baud.")},
+              Text::tr("Lines from a serial port, 8N1; the default is 115200 baud.")},
              {"?silence=30s",
-              tr("After any of the last three: connect again if a source that used to talk is "
-                 "silent for this long. The default is 30s with ?ask, otherwise off.")},
+              Text::tr(
+                  "After any of the last three: connect again if a source that used to talk is "
+                  "silent for this long. The default is 30s with ?ask, otherwise off.")},
          }},
-        {tr("Exit status"),
+        {Text::tr("Exit status"),
          {
-             {"0", tr("Everything went well.")},
+             {"0", Text::tr("Everything went well.")},
              {"1",
-              tr("The arguments make no sense, or the window of these settings shows another "
-                 "source.")},
+              Text::tr("The arguments make no sense, or the window of these settings shows another "
+                       "source.")},
              {"2",
-              tr("Without a window: there were no readings, some lines could not be used, or some "
-                 "of the "
-                 "readings were left out.")},
-             {"3", tr("The source could not be opened, or it was lost.")},
-             {"4", tr("The output could not be written, or not all of it.")},
+              Text::tr(
+                  "Without a window: there were no readings, some lines could not be used, or some "
+                  "of the "
+                  "readings were left out.")},
+             {"3", Text::tr("The source could not be opened, or it was lost.")},
+             {"4", Text::tr("The output could not be written, or not all of it.")},
          }},
-        {tr("Examples"),
+        {Text::tr("Examples"),
          {
-             {"corvale-monitor sim:pixels", tr("A simulated pixel detector.")},
-             {"corvale-monitor currents.csv --from 820", tr("A recording from 820 s on.")},
+             {"corvale-monitor sim:pixels", Text::tr("A simulated pixel detector.")},
+             {"corvale-monitor currents.csv --from 820", Text::tr("A recording from 820 s on.")},
              {"corvale-monitor \"tcp://10.0.0.7:5000?ask=READ?&every=100ms\" --record /data",
-              tr("An instrument on the network, recorded to files in a folder.")},
+              Text::tr("An instrument on the network, recorded to files in a folder.")},
              {"corvale-monitor --stats currents.csv",
-              tr("Mean, sigma, minimum and maximum of each channel.")},
+              Text::tr("Mean, sigma, minimum and maximum of each channel.")},
          }},
     };
 }

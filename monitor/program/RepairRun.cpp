@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/RepairRun.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/recording/RecordingRepair.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -12,19 +12,15 @@ namespace Monitor {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::RepairRun", text);
-}
-
 void print(const RecordingDamage &damage)
 {
     for (const QString &place : damage.places)
         std::fprintf(stdout, "%s\n", qPrintable(place));
     if (damage.placesLeftOut > 0)
-        std::fprintf(stdout,
-                     "%s\n",
-                     qPrintable(tr("%1 more places are not listed").arg(damage.placesLeftOut)));
+        std::fprintf(
+            stdout,
+            "%s\n",
+            qPrintable(Text::tr("%1 more places are not listed").arg(damage.placesLeftOut)));
 }
 
 } // namespace
@@ -41,7 +37,7 @@ int repairOnCommand(const CommandLine &commandLine)
     print(damage);
     std::fprintf(stdout,
                  "%s\n",
-                 qPrintable(tr("%1 readings are in %2; %3 lines are lost; %4 is as it was")
+                 qPrintable(Text::tr("%1 readings are in %2; %3 lines are lost; %4 is as it was")
                                 .arg(damage.readings)
                                 .arg(copy)
                                 .arg(damage.lostLines)

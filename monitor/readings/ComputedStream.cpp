@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/ComputedStream.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 #include <algorithm>
 
 namespace Monitor {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ComputedStream", text);
-}
 
 constexpr int chunk = 256; // rows that are computed together
 
@@ -33,13 +28,13 @@ QString ComputedStream::begin(StreamHeader &header)
     if (m_channels.isEmpty())
         return QString();
     if (header.kind != StreamKind::Channels)
-        return tr("no channel is computed: the stream has %1, and not independent channels")
+        return Text::tr("no channel is computed: the stream has %1, and not independent channels")
             .arg(kindName(header.kind));
     if (header.channels.size() + m_channels.size() > StreamHeader::maxChannels)
-        return tr("no channel is computed: there would be more than %1")
+        return Text::tr("no channel is computed: there would be more than %1")
             .arg(StreamHeader::maxChannels);
     if (!m_expressions.compile(names, m_channels, &fault))
-        return tr("no channel is computed: %1, %2")
+        return Text::tr("no channel is computed: %1, %2")
             .arg(m_channels[fault.channel].name, fault.message());
     m_inputs.assign(size_t(names.size()), std::vector<double>());
     for (const int input : m_expressions.inputs())

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/LeftOut.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 namespace Monitor {
 
@@ -9,13 +9,10 @@ QString LeftOut::text() const
 {
     if (count == 0)
         return {};
-    const auto tr = [](const char *text) {
-        return QCoreApplication::translate("Monitor", text);
-    };
     const QString amount =
         QString::number(sum, 'g', 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
-    return (what == What::Cells ? tr("%1 cells are not wired: %2 left out")
-                                : tr("%1 readings belong to no cell: %2 left out"))
+    return (what == What::Cells ? Text::tr("%1 cells are not wired: %2 left out")
+                                : Text::tr("%1 readings belong to no cell: %2 left out"))
         .arg(count)
         .arg(amount);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/LimitTexts.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
+
 #include <QLocale>
 #include <QStringList>
 
@@ -45,8 +46,7 @@ std::optional<ChannelLimits> limitsFromText(const QString &text, QString *fault)
     for (int i = 0; i < count; ++i) {
         const std::optional<double> limit = limitFromText(fields.value(i));
         if (fields.size() != count || !limit) {
-            *fault = QCoreApplication::translate("Monitor",
-                                                 "four numbers are needed, empty for no limit");
+            *fault = Text::tr("four numbers are needed, empty for no limit");
             return std::nullopt;
         }
         numbers[i] = *limit;
@@ -58,8 +58,7 @@ std::optional<ChannelLimits> limitsFromText(const QString &text, QString *fault)
     limits.highAlarm = numbers[3];
     if (limits.isValid())
         return limits;
-    *fault =
-        QCoreApplication::translate("Monitor", "the limits must rise from low alarm to high alarm");
+    *fault = Text::tr("the limits must rise from low alarm to high alarm");
     return std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/SpotReport.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 #include <cmath>
 
@@ -10,11 +10,6 @@ namespace Monitor {
 using namespace Corvale_Qt;
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor", text);
-}
 
 //! Returns a length in mm with its digits; a dash where there is none.
 QString length(double value)
@@ -38,20 +33,20 @@ QString SpotReport::positions() const
 {
     const PositionErrorStatistics is = errors.statistics(toleranceX, toleranceY);
     if (!is.isComputed())
-        return tr("no spot lies where one is planned");
-    QString text = tr("%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm")
+        return Text::tr("no spot lies where one is planned");
+    QString text = Text::tr("%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm")
                        .arg(is.spots)
                        .arg(length(is.meanX), length(is.meanY), length(is.sigmaX))
                        .arg(length(is.sigmaY), length(is.worst));
     if (is.worstSpot >= 0) {
         const SpotErrors::Spot &spot = errors.spots[std::size_t(is.worstSpot)];
         text += std::isfinite(spot.number)
-            ? tr(" (row %1, spot %2)").arg(spot.row + 1).arg(spot.number)
-            : tr(" (row %1)").arg(spot.row + 1);
+            ? Text::tr(" (row %1, spot %2)").arg(spot.row + 1).arg(spot.number)
+            : Text::tr(" (row %1)").arg(spot.row + 1);
     }
     return text
-        + (is.outside < 0 ? tr("; no tolerance is set")
-                          : tr("; %1 outside %2 x %3 mm")
+        + (is.outside < 0 ? Text::tr("; no tolerance is set")
+                          : Text::tr("; %1 outside %2 x %3 mm")
                                 .arg(is.outside)
                                 .arg(QString::number(toleranceX), QString::number(toleranceY)));
 }
@@ -59,15 +54,16 @@ QString SpotReport::positions() const
 QString SpotReport::doses() const
 {
     const SpotDifferences &is = errors.differences;
-    QString text = tr("%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7")
+    QString text = Text::tr("%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7")
                        .arg(is.missing)
                        .arg(dose(is.missingDose))
                        .arg(is.extra)
                        .arg(dose(is.extraDose), dose(is.dose), dose(is.targetDose), doseUnit);
-    text +=
-        tr("; largest difference of a spot %1 %2").arg(dose(is.largestDoseDifference), doseUnit);
+    text += Text::tr("; largest difference of a spot %1 %2")
+                .arg(dose(is.largestDoseDifference), doseUnit);
     if (const int others = is.notComparable + is.targetNotComparable)
-        text += tr("; %1 spots without a place, a dose or a width are not compared").arg(others);
+        text +=
+            Text::tr("; %1 spots without a place, a dose or a width are not compared").arg(others);
     return text;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/StreamHeader.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -78,7 +78,7 @@ void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
     if (layout.isEmpty())
         return;
     if (layout.readings() != valuesPerReading()) {
-        detectorFault = QCoreApplication::translate("Monitor", "it has %1 readings, the stream %2")
+        detectorFault = Text::tr("it has %1 readings, the stream %2")
                             .arg(layout.readings())
                             .arg(valuesPerReading());
         return;
@@ -86,16 +86,15 @@ void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
     const bool isRowAfterRow =
         layout.kind() == Corvale_Qt::DetectorKind::Matrix && layout.description().wiring.isEmpty();
     if (frameRows > 0 && isRowAfterRow && layout.cells(Axis::Y) != frameRows) {
-        detectorFault =
-            QCoreApplication::translate("Monitor", "it has %1 x %2 cells, the frames %3 x %4")
-                .arg(layout.cells(Axis::Y))
-                .arg(layout.cells(Axis::X))
-                .arg(frameRows)
-                .arg(frameSize / frameRows);
+        detectorFault = Text::tr("it has %1 x %2 cells, the frames %3 x %4")
+                            .arg(layout.cells(Axis::Y))
+                            .arg(layout.cells(Axis::X))
+                            .arg(frameRows)
+                            .arg(frameSize / frameRows);
         return;
     }
     if (hasFrames() && layout.kind() == Corvale_Qt::DetectorKind::Channels) {
-        detectorFault = QCoreApplication::translate("Monitor", "its channels have no places");
+        detectorFault = Text::tr("its channels have no places");
         return;
     }
     if (hasFrames()) {

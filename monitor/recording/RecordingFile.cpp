@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingFile.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -12,15 +13,6 @@
 #include <unistd.h>
 
 namespace Monitor {
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::RecordingFile", text);
-}
-
-} // namespace
 
 RecordingFile::~RecordingFile()
 {
@@ -62,7 +54,7 @@ bool RecordingFile::lock()
     // On a file system without locks, recording without one is better than not recording.
     if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
         return true;
-    m_error = tr("another recorder is writing to it");
+    m_error = Text::tr("another recorder is writing to it");
     return false;
 }
 
@@ -100,12 +92,12 @@ QString RecordingFile::displacement() const
         return {};
     if (::stat(QFile::encodeName(m_path).constData(), &named) != 0) {
         const bool isGone = errno == ENOENT || errno == ENOTDIR || errno == ESTALE;
-        return isGone ? tr("was removed or renamed") : QString();
+        return isGone ? Text::tr("was removed or renamed") : QString();
     }
     if (named.st_dev != own.st_dev || named.st_ino != own.st_ino)
-        return tr("was replaced by another file");
+        return Text::tr("was replaced by another file");
     const bool changed = S_ISREG(own.st_mode) && own.st_size != m_size;
-    return changed ? tr("was changed by another program") : QString();
+    return changed ? Text::tr("was changed by another program") : QString();
 }
 
 } // namespace Monitor

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingRepair.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/RecordingWriter.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,11 +16,6 @@ namespace Monitor {
 namespace {
 
 constexpr int pieceSize = 1024 * 1024;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::RecordingRepair", text);
-}
 
 //! Notes what is lost while a recording is read, and writes what is not if there is a file for it.
 class DamageSink : public StreamSink
@@ -35,7 +30,7 @@ public:
 
     void streamStarted(const StreamHeader &header) override
     {
-        endLoss(tr("before another part begins"));
+        endLoss(Text::tr("before another part begins"));
         m_header = header;
         m_any = false;
         if (m_copy)
@@ -44,7 +39,7 @@ public:
     void reading(double time, const double *values) override
     {
         if (m_lost > 0)
-            endLoss(tr("before %1 s").arg(time, 0, 'g', 15));
+            endLoss(Text::tr("before %1 s").arg(time, 0, 'g', 15));
         m_any = true;
         m_lastTime = time;
         ++m_damage->readings;
@@ -79,18 +74,18 @@ public:
     }
     QString whereAfter() const
     {
-        return m_any ? tr("after %1 s").arg(m_lastTime, 0, 'g', 15)
-                     : tr("before the first reading");
+        return m_any ? Text::tr("after %1 s").arg(m_lastTime, 0, 'g', 15)
+                     : Text::tr("before the first reading");
     }
     void endLoss(const QString &until)
     {
         if (m_lost == 0)
             return;
         const QString lines = m_lost == 1
-            ? tr("1 line (%1)").arg(m_firstLine)
-            : tr("%1 lines (%2 to %3)").arg(m_lost).arg(m_firstLine).arg(m_lastLine);
-        const QString where = m_any ? tr("%1, %2").arg(whereAfter(), until) : until;
-        const QString text = tr("lost: %1, %2: %3").arg(lines, where, m_why);
+            ? Text::tr("1 line (%1)").arg(m_firstLine)
+            : Text::tr("%1 lines (%2 to %3)").arg(m_lost).arg(m_firstLine).arg(m_lastLine);
+        const QString where = m_any ? Text::tr("%1, %2").arg(whereAfter(), until) : until;
+        const QString text = Text::tr("lost: %1, %2: %3").arg(lines, where, m_why);
         addPlace(text);
         if (m_copy)
             appendRecordingEvent(&m_text, text);
@@ -154,25 +149,25 @@ bool read(const QString &path,
 {
     *damage = {};
     const QString source = sourceIn(beginningOf(path));
-    const QString repaired = tr("repaired from %1").arg(QFileInfo(path).fileName());
-    DamageSink sink(damage, copy, source.isEmpty() ? repaired : source + tr("; ") + repaired);
+    const QString repaired = Text::tr("repaired from %1").arg(QFileInfo(path).fileName());
+    DamageSink sink(damage, copy, source.isEmpty() ? repaired : source + Text::tr("; ") + repaired);
     CsvReader reader(sink);
     reader.setImport(import);
     reader.setPassingDamage(true);
     reader.setDamageHandler([&](CsvReader::Damage kind, const QString &text) {
         damage->isInside = damage->isInside || kind == CsvReader::Damage::Inside;
-        sink.addPlace(tr("lost: %1, %2").arg(text, sink.whereAfter()));
+        sink.addPlace(Text::tr("lost: %1, %2").arg(text, sink.whereAfter()));
     });
     if (!reader.open(path)) {
-        *error = tr("%1 cannot be opened: %2").arg(path, reader.errorString());
+        *error = Text::tr("%1 cannot be opened: %2").arg(path, reader.errorString());
         return false;
     }
     while (reader.read(pieceSize)) { }
-    sink.endLoss(tr("before the end of the file"));
+    sink.endLoss(Text::tr("before the end of the file"));
     if (reader.hasFailed())
-        *error = tr("reading %1: %2").arg(path, reader.errorString());
+        *error = Text::tr("reading %1: %2").arg(path, reader.errorString());
     else if (!sink.write())
-        *error = tr("writing the copy of %1: %2").arg(path, copy->errorString());
+        *error = Text::tr("writing the copy of %1: %2").arg(path, copy->errorString());
     return error->isEmpty();
 }
 
@@ -205,17 +200,17 @@ bool repairRecording(const QString &path, QString *copy, RecordingDamage *damage
         ++number;
     QFile file(copyPath(path, number));
     if (!QFileInfo(path).isFile()) {
-        *error = tr("%1 cannot be opened: it is not a regular file").arg(path);
+        *error = Text::tr("%1 cannot be opened: it is not a regular file").arg(path);
         return false;
     }
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        *error = tr("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
+        *error = Text::tr("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
         return false;
     }
     if (read(path, {}, &file, damage, error) && !(file.flush() && ::fsync(file.handle()) == 0))
-        *error = tr("writing %1: %2").arg(file.fileName(), file.errorString());
+        *error = Text::tr("writing %1: %2").arg(file.fileName(), file.errorString());
     if (error->isEmpty() && damage->readings == 0)
-        *error = tr("nothing of %1 can be read").arg(path);
+        *error = Text::tr("nothing of %1 can be read").arg(path);
     if (!error->isEmpty()) {
         file.remove();
         return false;

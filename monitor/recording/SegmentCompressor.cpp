@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/SegmentCompressor.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/ZstdFrames.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -21,11 +21,6 @@ namespace {
 //! Text in one frame: what is read at least to go to a place, and what one damaged place costs at most.
 constexpr int frameSize = 2 * 1024 * 1024;
 constexpr int level = 6;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::SegmentCompressor", text);
-}
 
 //! Returns about \a frameSize bytes that end with a line, so that a frame is readable without its neighbours.
 QByteArray nextLines(QFile *file)
@@ -103,11 +98,11 @@ bool compressFile(const QString &path, QString *error)
 {
     const QString target = compressedPath(path), draft = target + QLatin1String(".part");
     const auto fail = [&](const QString &why) {
-        *error = tr("%1 stays uncompressed: %2").arg(path, why);
+        *error = Text::tr("%1 stays uncompressed: %2").arg(path, why);
         return false;
     };
     if (QFileInfo::exists(target))
-        return fail(tr("%1 exists already").arg(target));
+        return fail(Text::tr("%1 exists already").arg(target));
     QFile file(path), compressed(draft);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
@@ -119,7 +114,7 @@ bool compressFile(const QString &path, QString *error)
     compressed.close();
     if (!written || !holdsTheSame(&file, draft)) {
         compressed.remove();
-        return fail(tr("writing %1 failed").arg(target));
+        return fail(Text::tr("writing %1 failed").arg(target));
     }
     // A hard link does not replace a file that came meanwhile, as renaming would.
     const QByteArray from = QFile::encodeName(draft), to = QFile::encodeName(target);

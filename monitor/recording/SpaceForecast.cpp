@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/SpaceForecast.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
 
 #include <cmath>
 
@@ -11,11 +11,6 @@ namespace {
 
 constexpr double shortestInterval = 1.0; // s
 constexpr double memory = 30.0; // s, over which the rate is averaged
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::SpaceForecast", text);
-}
 
 } // namespace
 
@@ -46,14 +41,14 @@ QString SpaceForecast::text(double seconds)
 {
     constexpr double minute = 60.0, hour = 3600.0, day = 86400.0, year = 365.0 * day;
     if (seconds >= year)
-        return tr("over a year");
+        return Text::tr("over a year");
     if (seconds >= 2.0 * day)
-        return tr("%1 d").arg(std::floor(seconds / day));
+        return Text::tr("%1 d").arg(std::floor(seconds / day));
     if (seconds >= 2.0 * hour)
-        return tr("%1 h").arg(std::floor(seconds / hour));
+        return Text::tr("%1 h").arg(std::floor(seconds / hour));
     if (seconds >= minute)
-        return tr("%1 min").arg(std::floor(seconds / minute));
-    return tr("less than a minute");
+        return Text::tr("%1 min").arg(std::floor(seconds / minute));
+    return Text::tr("less than a minute");
 }
 
 } // namespace Monitor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/SourceFactory.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/sources/PgmSource.h"
 #include "monitor/sources/SerialSource.h"
 #include "monitor/sources/SimulatorSource.h"
@@ -8,7 +9,6 @@
 #include "monitor/sources/TcpClientSource.h"
 #include "monitor/sources/TcpServerSource.h"
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QUrl>
 #include <QUrlQuery>
@@ -19,11 +19,6 @@
 namespace Monitor {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor", text);
-}
 
 //! Returns whether the query has only keys from the list.
 bool hasOnly(const QUrlQuery &query, const QStringList &keys)
@@ -106,9 +101,10 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return serial(text.mid(7));
     const QString path = filePath(text);
     if (path.contains(QLatin1String("://")) || path.isEmpty())
-        return failed(tr("\"%1\" is not a known kind of source; there are sim:, file:, -, tcp://, "
-                         "tcp-listen:// and serial:")
-                          .arg(text));
+        return failed(
+            Text::tr("\"%1\" is not a known kind of source; there are sim:, file:, -, tcp://, "
+                     "tcp-listen:// and serial:")
+                .arg(text));
     if (PgmSource::suits(path))
         return std::make_unique<PgmSource>(m_clock, path, m_fileOptions);
     return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
@@ -123,11 +119,11 @@ std::unique_ptr<Source> SourceFactory::simulator(const QString &text)
         ? query.queryItemValue(QStringLiteral("seed")).toUInt(&ok)
         : SimulatorSource::defaultSeed;
     if (!ok || !hasOnly(query, {QStringLiteral("seed")}))
-        return failed(tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
+        return failed(Text::tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
     if (!SimulatedInstrument::make(name))
         return failed(
-            tr("there is no simulator \"%1\"; there are sim:ic4, sim:strips, sim:pixels and "
-               "sim:spots")
+            Text::tr("there is no simulator \"%1\"; there are sim:ic4, sim:strips, sim:pixels and "
+                     "sim:spots")
                 .arg(name));
     return std::make_unique<SimulatorSource>(m_clock, name, seed);
 }
@@ -136,7 +132,7 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
 {
     const QUrl url(text);
     if (!url.isValid() || url.host().isEmpty() || url.port() <= 0 || !url.path().isEmpty())
-        return failed(tr("\"%1\" should be tcp://HOST:PORT").arg(text));
+        return failed(Text::tr("\"%1\" should be tcp://HOST:PORT").arg(text));
     const QUrlQuery query(url);
     TcpClientSource::Question question{{}, TcpClientSource::usualInterval};
     question.text =
@@ -151,8 +147,8 @@ std::unique_ptr<Source> SourceFactory::tcpClient(const QString &text)
         hasOnly(query, {QStringLiteral("ask"), QStringLiteral("every"), QStringLiteral("silence")});
     if (!known || !silence || (!every.isEmpty() && !seconds)
         || (seconds && question.text.isEmpty()))
-        return failed(
-            tr("\"%1\": only ?ask=TEXT&every=100ms&silence=30s may follow the port").arg(text));
+        return failed(Text::tr("\"%1\": only ?ask=TEXT&every=100ms&silence=30s may follow the port")
+                          .arg(text));
     source->setLongestSilence(*silence);
     return source;
 }
@@ -167,9 +163,10 @@ std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
     const bool known = silence && hasOnly(query, {QStringLiteral("silence")});
     if (!url.isValid() || address.isNull() || url.port() < 0 || !url.path().isEmpty() || !known)
         return failed(
-            tr("\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
-               "machine's interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the "
-               "port")
+            Text::tr(
+                "\"%1\" should be tcp-listen://127.0.0.1:PORT, with the address of one of this "
+                "machine's interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the "
+                "port")
                 .arg(text));
     auto source = std::make_unique<TcpServerSource>(m_clock, address, quint16(url.port()));
     source->setLongestSilence(*silence);
@@ -188,8 +185,8 @@ std::unique_ptr<Source> SourceFactory::serial(const QString &text)
     const bool known =
         silence && hasOnly(query, {QStringLiteral("baud"), QStringLiteral("silence")});
     if (device.isEmpty() || !ok || baud <= 0 || !known)
-        return failed(tr("\"serial:%1\" should be serial:DEVICE or "
-                         "serial:DEVICE?baud=NUMBER&silence=30s")
+        return failed(Text::tr("\"serial:%1\" should be serial:DEVICE or "
+                               "serial:DEVICE?baud=NUMBER&silence=30s")
                           .arg(text));
     auto source = std::make_unique<SerialSource>(m_clock, device, baud);
     source->setLongestSilence(*silence);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/PictureExport.h"
 
+#include "monitor/core/Text.h"
+
 #include <QClipboard>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>
@@ -55,7 +56,7 @@ bool drawPdf(QWidget *widget, QIODevice *device)
 
 QString PictureExport::fileFilter()
 {
-    return QCoreApplication::translate("PictureExport", "PNG (*.png);;SVG (*.svg);;PDF (*.pdf)");
+    return Text::tr("PNG (*.png);;SVG (*.svg);;PDF (*.pdf)");
 }
 
 bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
@@ -74,9 +75,8 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     else if (suffix == QLatin1String("pdf"))
         drawn = drawPdf(widget, &file);
     else
-        *error = QCoreApplication::translate("PictureExport",
-                                             "%1: the name of a picture must end in .png, .svg or "
-                                             ".pdf")
+        *error = Text::tr("%1: the name of a picture must end in .png, .svg or "
+                          ".pdf")
                      .arg(path);
     if (drawn && file.commit())
         return true;

@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/SourceDetector.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/WindowSettings.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace Monitor {
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::SourceDetector", text);
-}
-
-} // namespace
 
 SourceDetector
 keptDetector(const QString &source, const QString &usualFile, const WindowSettings &settings)
@@ -33,10 +24,11 @@ keptDetector(const QString &source, const QString &usualFile, const WindowSettin
     detector.layout = Corvale_Qt::detectorFromFile(file, &fault);
     detector.fault = fault.message();
     if (!fault.isEmpty())
-        detector.note = tr("ERROR the detector of %1 is not used: %2").arg(file, detector.fault);
+        detector.note =
+            Text::tr("ERROR the detector of %1 is not used: %2").arg(file, detector.fault);
     else if (!kept.isEmpty())
         detector.note =
-            tr("the detector is that of %1, as before; --detector none forgets it").arg(file);
+            Text::tr("the detector is that of %1, as before; --detector none forgets it").arg(file);
     return detector;
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapeSketch.h"
 
-#include <QCoreApplication>
+#include "monitor/core/Text.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -11,11 +12,6 @@
 namespace Monitor {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Monitor::TapeTimeline", text);
-}
 
 //! Returns the palette's colour between its text and its ground.
 QColor between(const QPalette &palette, double text)
@@ -80,13 +76,13 @@ QString TapeSketch::timeText(double seconds, double length)
     constexpr double minute = 60.0, hour = 3600.0, longestClock = 1e7, longestNumber = 1e15;
     constexpr double shortTape = 100.0, splitSecond = 0.01;
     if (!(std::abs(seconds) < longestNumber))
-        return tr("%1 s").arg(seconds, 0, 'g', 4);
+        return Text::tr("%1 s").arg(seconds, 0, 'g', 4);
     if (length < shortTape || std::abs(seconds) >= longestClock) {
         const int decimals = length < splitSecond ? 6
             : length < 1.0                        ? 4
             : length < shortTape                  ? 2
                                                   : 0;
-        return tr("%1 s").arg(seconds, 0, 'f', decimals);
+        return Text::tr("%1 s").arg(seconds, 0, 'f', decimals);
     }
     if (seconds < 0.0)
         return QLatin1Char('-') + timeText(-seconds, length);

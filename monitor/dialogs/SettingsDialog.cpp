@@ -77,6 +77,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     , m_detector(newEdit(this, "detector", tr("as the source says")))
     , m_folder(newEdit(this, "folder", tr("record nothing by itself")))
     , m_rotation(newEdit(this, "rotation", tr("never")))
+    , m_compress(new QCheckBox(tr("Co&mpress each file once it is complete"), this))
     , m_fault(new QLabel(this))
 {
     setObjectName(QStringLiteral("settingsDialog"));
@@ -169,11 +170,13 @@ QWidget *SettingsDialog::newRecordPage()
              tr("Fo&lder:"),
              withBrowse(m_folder, true),
              tr("Every source that is opened is recorded to a new file in this folder, named after "
-                "the date and time. Empty: only File > Record."));
+                "its date and time in UTC. Empty: only File > Record."));
     addField(layout,
              tr("&New file after:"),
              m_rotation,
              tr("A time or a size: 1h, 30min, 100M, 2G."));
+    m_compress->setObjectName(QStringLiteral("compress"));
+    layout->addRow(m_compress);
     return page;
 }
 
@@ -215,6 +218,7 @@ void SettingsDialog::fill()
     m_detector->setText(m_former.detectorFile);
     m_folder->setText(m_former.recordFolder);
     m_rotation->setText(m_former.rotation);
+    m_compress->setChecked(m_former.compress);
 }
 
 MonitorOptions SettingsDialog::options() const
@@ -231,6 +235,7 @@ MonitorOptions SettingsDialog::options() const
     options.detectorFile = m_detector->text().trimmed();
     options.recordFolder = m_folder->text().trimmed();
     options.rotation = m_rotation->text().trimmed();
+    options.compress = m_compress->isChecked();
     return options;
 }
 

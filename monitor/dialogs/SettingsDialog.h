@@ -50,6 +50,7 @@ private:
     QLineEdit *m_detector;
     QLineEdit *m_folder;
     QLineEdit *m_rotation;
+    QCheckBox *m_compress;
     QLabel *m_fault;
 };
 

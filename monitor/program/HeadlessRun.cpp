@@ -83,6 +83,10 @@ bool HeadlessRun::openOutput()
         leave();
     });
     connect(m_recorder.get(), &Recorder::noted, this, &HeadlessRun::complain);
+    if (options.compress)
+        connect(m_recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
+            m_compressor.add(path);
+        });
     return m_recorder->start();
 }
 
@@ -109,7 +113,8 @@ void HeadlessRun::keepSpots(const ReadingBlock &readings)
     m_spots.readings.append(readings);
     m_spotsCut = m_spots.size() > SpotRows::most;
     if (m_spotsCut)
-        complain(tr("position errors: there are more than %1 spots; they are not compared")
+        complain(tr("there are more than %1 spots, which are not compared with the plan; compare "
+                    "the fields one by one")
                      .arg(SpotRows::most));
 }
 
@@ -144,12 +149,13 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
     if (!m_commandLine.detector.isEmpty()) {
         header.setDetector(m_commandLine.detector);
         if (!header.detectorFault.isEmpty())
-            complain(tr("the detector is not used: %1").arg(header.detectorFault));
+            complain(tr("the detector is not used: %1. Choose another one with --detector FILE")
+                         .arg(header.detectorFault));
     }
     m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
     m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
     if (m_statistics.readings() > 0)
-        complain(tr("another acquisition begins; the statistics cover the last one only"));
+        complain(tr("another acquisition begins; the statistics cover only the last one"));
     const QString fault = m_computed.begin(header);
     if (!fault.isEmpty()) {
         complain(fault);
@@ -201,10 +207,18 @@ void HeadlessRun::leave()
     m_clock.stayAwake();
 }
 
-int HeadlessRun::report()
+void HeadlessRun::finishRecording()
 {
     if (m_recorder && !m_recorder->finish() && m_exitCode == ExitGood)
         m_exitCode = ExitOutputFailed;
+    m_compressor.finish();
+    for (const QString &error : m_compressor.takeErrors())
+        complain(error);
+}
+
+int HeadlessRun::report()
+{
+    finishRecording();
     const qint64 bad = m_source->counts().bad();
     if (m_commandLine.task == CommandLine::Task::Statistics && m_readings > 0)
         printStatistics();
@@ -238,7 +252,8 @@ bool HeadlessRun::planIsUnused()
 {
     const bool unused = m_plan.size() > 0 && !m_spotsCut && !spotErrors();
     if (unused)
-        complain(tr("%1 is not a list of spots, and is not compared with the plan")
+        complain(tr("%1 is not compared with the plan: a list of spots has the columns x_mm, y_mm "
+                    "and mu")
                      .arg(m_source->description()));
     return unused;
 }

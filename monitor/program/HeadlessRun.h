@@ -5,6 +5,7 @@
 #include "monitor/program/CommandLine.h"
 #include "monitor/readings/ComputedStream.h"
 #include "monitor/readings/SpotErrors.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StreamStatistics.h"
@@ -37,6 +38,7 @@ private:
     void sourceStateChanged(Source::State state, const QString &text);
     void complain(const QString &text);
     void leave();
+    void finishRecording();
     int report();
     void printStatistics();
     bool openPlan();
@@ -47,6 +49,7 @@ private:
     const CommandLine m_commandLine;
     SystemClock m_clock;
     std::unique_ptr<Source> m_source;
+    SegmentCompressor m_compressor;
     std::unique_ptr<Recorder> m_recorder;
     ReadingLimit m_limit;
     ComputedStream m_computed;

@@ -2,8 +2,10 @@
 #include "monitor/program/WindowRun.h"
 
 #include "monitor/input/SpotFile.h"
+#include "monitor/program/CompressionWait.h"
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
@@ -189,7 +191,8 @@ void WindowRun::showDisplay()
     if (display.isEmpty() || m_window->displays().showDisplay(display))
         return;
     const QString text =
-        tr("%1 has no data for the display \"%2\"").arg(m_session->source().description(), display);
+        tr("%1 has no data for the display \"%2\"; --view scope shows every kind of readings")
+            .arg(m_session->source().description(), display);
     if (isPicture())
         leave(ExitUsage, text);
     else
@@ -217,6 +220,11 @@ int WindowRun::run()
     m_session->start();
     QApplication::exec();
     m_session->stopRecording();
+    CompressionWait wait(m_session->compressor());
+    connect(&termination, &TerminationSignal::raised, &wait, &QDialog::reject);
+    wait.wait();
+    for (const QString &text : m_session->compressor().takeErrors())
+        std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
     for (const QString &text : m_session->incompleteRecordings()) {
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
         m_exitCode = m_exitCode == ExitGood ? ExitOutputFailed : m_exitCode;

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/recording/RecordingWriter.h"
+#include "monitor/recording/SegmentCompressor.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -51,14 +52,15 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
 {
     auto file = std::make_unique<RecordingFile>();
     if (m_options.compress && !m_options.overwrite && QFileInfo::exists(compressedPath(path))) {
-        *error = tr("%1 exists already; choose another name or allow overwriting")
+        *error = tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
                      .arg(compressedPath(path));
         return false;
     }
     if (!file->open(path, existing)) {
         const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
         *error = exists
-            ? tr("%1 exists already; choose another name or allow overwriting").arg(path)
+            ? tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
+                  .arg(path)
             : tr("%1 cannot be written: %2").arg(path, file->errorString());
         return false;
     }
@@ -70,7 +72,7 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
     return true;
 }
 
-//! Closes the file that another one follows, and compresses it if that is wanted.
+//! Closes the file that another one follows.
 void Recorder::closePresentFile()
 {
     if (!m_file)
@@ -79,14 +81,8 @@ void Recorder::closePresentFile()
     const QString path = m_file->path();
     const bool isComplete = m_file->displacement().isEmpty() && m_file->close();
     m_file.reset();
-    if (m_options.compress && isComplete)
-        m_compressor.add(path);
-}
-
-void Recorder::tellCompression()
-{
-    for (const QString &error : m_compressor.takeErrors())
-        Q_EMIT noted(tr("WARNING recording: %1").arg(error));
+    if (isComplete)
+        Q_EMIT fileCompleted(path);
 }
 
 //! Opens the next file. If that fails, the present file stays open.
@@ -268,7 +264,6 @@ bool Recorder::keepFileInPlace()
 
 void Recorder::rotateIfDue()
 {
-    tellCompression();
     const double age = m_clock.seconds() - m_fileStartedAt;
     const bool old = m_options.rotateSeconds > 0.0 && age >= m_options.rotateSeconds;
     const bool large = m_options.rotateBytes > 0 && m_file->size() >= m_options.rotateBytes;
@@ -292,10 +287,8 @@ bool Recorder::finish()
     const bool closed = m_file->close();
     if (!closed)
         setError(tr("%1: %2").arg(m_file->path(), m_file->errorString()));
-    else if (m_options.compress && isInPlace)
-        m_compressor.add(m_file->path());
-    m_compressor.finish();
-    tellCompression();
+    else if (isInPlace)
+        Q_EMIT fileCompleted(m_file->path());
     return closed && m_allLost == 0;
 }
 

@@ -5,7 +5,6 @@
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingNames.h"
-#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/WaitingText.h"
 
 #include <QObject>
@@ -41,7 +40,7 @@ public:
         QString source;
         //! Whether readings arrive as they are taken, so that the first one dates a stream that states no date.
         bool datesArrival = false;
-        //! Whether files that are complete are compressed.
+        //! Whether files that are complete are to be compressed, by the one who hears fileCompleted().
         bool compress = false;
     };
     //! How many files new acquisitions begin at most.
@@ -77,6 +76,8 @@ public:
 Q_SIGNALS:
     //! Emitted when a file was begun.
     void fileStarted(const QString &fileName);
+    //! Emitted when a file was closed in its place, and nothing will be written to it any more.
+    void fileCompleted(const QString &fileName);
     //! Emitted when writing failed; the recorder goes on trying.
     void failed(const QString &text);
     //! Emitted when writing works again.
@@ -97,7 +98,6 @@ private:
     void append(const QByteArray &text, int readings);
     void dateStream(const ReadingBlock &readings);
     void closePresentFile();
-    void tellCompression();
     void appendLoss();
 
     Clock &m_clock;
@@ -121,7 +121,6 @@ private:
     WaitingText m_waiting;
     QByteArray m_rows;
     qint64 m_closedSize = 0; //!< bytes of the files before the present one
-    SegmentCompressor m_compressor;
     qint64 m_lost = 0;
     qint64 m_allLost = 0;
 };

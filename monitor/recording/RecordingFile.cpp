@@ -54,7 +54,7 @@ bool RecordingFile::lock()
     // On a file system without locks, recording without one is better than not recording.
     if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
         return true;
-    m_error = Text::tr("another recorder is writing to it");
+    m_error = Text::tr("another recorder is writing to it, or it is being compressed");
     return false;
 }
 

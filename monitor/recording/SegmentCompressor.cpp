@@ -7,10 +7,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <zstd.h>
 
@@ -34,7 +37,10 @@ QByteArray nextLines(QFile *file)
     return text;
 }
 
-bool writeFrames(QFile *from, QFile *to)
+//! How much of the work writing is; the rest is reading back.
+constexpr double writingShare = 0.8;
+
+bool writeFrames(QFile *from, QFile *to, const std::function<bool(double)> &goesOn)
 {
     struct Free
     {
@@ -55,6 +61,8 @@ bool writeFrames(QFile *from, QFile *to)
         if (text.isEmpty() || ZSTD_isError(size)
             || to->write(frame.constData(), qint64(size)) != qint64(size))
             return false;
+        if (!goesOn(writingShare * double(from->pos()) / double(std::max<qint64>(from->size(), 1))))
+            return false;
     }
     return from->error() == QFileDevice::NoError && to->flush() && ::fsync(to->handle()) == 0;
 }
@@ -71,7 +79,7 @@ void syncFolder(const QString &path)
 }
 
 //! Returns whether a compressed file holds exactly the bytes of the other.
-bool holdsTheSame(QFile *file, const QString &compressed)
+bool holdsTheSame(QFile *file, const QString &compressed, const std::function<bool(double)> &goesOn)
 {
     QFile other(compressed);
     if (!other.open(QIODevice::ReadOnly) || !file->seek(0))
@@ -84,6 +92,9 @@ bool holdsTheSame(QFile *file, const QString &compressed)
             return false;
         if (text.isEmpty())
             return !frames.isDamaged();
+        const double read = double(file->pos()) / double(std::max<qint64>(file->size(), 1));
+        if (!goesOn(writingShare + (1.0 - writingShare) * read))
+            return false;
     }
 }
 
@@ -94,38 +105,67 @@ QString compressedPath(const QString &path)
     return path + QLatin1String(".zst");
 }
 
-bool compressFile(const QString &path, QString *error)
+namespace {
+
+//! Returns whether an open file is the one of that name.
+bool isNamed(const QFile &file, const QString &path)
+{
+    struct stat open = {}, named = {};
+    return ::fstat(file.handle(), &open) == 0
+        && ::stat(QFile::encodeName(path).constData(), &named) == 0 && open.st_dev == named.st_dev
+        && open.st_ino == named.st_ino;
+}
+
+//! Gives the draft its name, without replacing a file that came meanwhile. Returns why that is not possible.
+QString nameDraft(const QString &draft, const QString &target)
+{
+    // A hard link does not replace a file, as renaming would; not every file system has links.
+    const QByteArray from = QFile::encodeName(draft), to = QFile::encodeName(target);
+    const bool named = ::link(from.constData(), to.constData()) == 0
+        || (errno != EEXIST && ::rename(from.constData(), to.constData()) == 0);
+    return named ? QString() : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+} // namespace
+
+bool compressFile(const QString &path, QString *error, const std::function<bool(double)> &goesOn)
 {
     const QString target = compressedPath(path), draft = target + QLatin1String(".part");
     const auto fail = [&](const QString &why) {
-        *error = Text::tr("%1 stays uncompressed: %2").arg(path, why);
+        *error = Text::tr("%1 is complete, but stays uncompressed: %2").arg(path, why);
         return false;
+    };
+    bool isCancelled = false;
+    const auto mayGoOn = [&](double progress) {
+        isCancelled = goesOn && !goesOn(progress);
+        return !isCancelled;
     };
     if (QFileInfo::exists(target))
         return fail(Text::tr("%1 exists already").arg(target));
     QFile file(path), compressed(draft);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
+    // No recorder may write to the file until it is removed.
+    if (::flock(file.handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return fail(Text::tr("a recorder is writing to it"));
     // A draft may be left from a kill. A new file is written, never what a link of that name points to.
     QFile::remove(draft);
     if (!compressed.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return fail(compressed.errorString());
-    const bool written = writeFrames(&file, &compressed);
+    const bool written = writeFrames(&file, &compressed, mayGoOn);
     compressed.close();
-    if (!written || !holdsTheSame(&file, draft)) {
+    if (!written || !holdsTheSame(&file, draft, mayGoOn)) {
         compressed.remove();
-        return fail(Text::tr("writing %1 failed").arg(target));
+        return fail(isCancelled
+                        ? Text::tr("the program ended")
+                        : Text::tr("%1 could not be written; make room on the disk").arg(target));
     }
-    // A hard link does not replace a file that came meanwhile, as renaming would.
-    const QByteArray from = QFile::encodeName(draft), to = QFile::encodeName(target);
-    const bool named = ::link(from.constData(), to.constData()) == 0
-        || (errno != EEXIST && ::rename(from.constData(), to.constData()) == 0);
-    const QString why = QString::fromLocal8Bit(std::strerror(errno));
+    const QString fault = nameDraft(draft, target);
     QFile::remove(draft);
-    if (!named)
-        return fail(why);
+    if (!fault.isEmpty())
+        return fail(fault);
     syncFolder(path);
-    return file.remove() || fail(file.errorString());
+    return !isNamed(file, path) || file.remove() || fail(file.errorString());
 }
 
 SegmentCompressor::~SegmentCompressor()
@@ -136,7 +176,7 @@ SegmentCompressor::~SegmentCompressor()
 void SegmentCompressor::add(const QString &path)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_paths.push_back(path);
+    m_pending.append(path);
     if (!m_thread.joinable())
         m_thread = std::thread([this] {
             run();
@@ -144,7 +184,26 @@ void SegmentCompressor::add(const QString &path)
     m_wakeUp.notify_one();
 }
 
+QStringList SegmentCompressor::pending() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_pending;
+}
+
 void SegmentCompressor::finish()
+{
+    end();
+}
+
+void SegmentCompressor::cancel()
+{
+    m_isCancelled = true;
+    end();
+    m_isCancelled = false;
+}
+
+//! Lets the thread end once nothing is pending, and waits for that.
+void SegmentCompressor::end()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -163,18 +222,22 @@ void SegmentCompressor::run()
         {
             std::unique_lock<std::mutex> lock(m_mutex);
             m_wakeUp.wait(lock, [this] {
-                return !m_paths.empty() || m_isEnding;
+                return !m_pending.isEmpty() || m_isEnding;
             });
-            if (m_paths.empty())
+            if (m_pending.isEmpty())
                 return;
-            path = m_paths.front();
-            m_paths.pop_front();
+            path = m_pending.first();
         }
         QString error;
-        if (compressFile(path, &error))
-            continue;
+        m_progress = 0.0;
+        const bool compressed = compressFile(path, &error, [this](double progress) {
+            m_progress = progress;
+            return !m_isCancelled;
+        });
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_errors.append(error);
+        m_pending.removeFirst();
+        if (!compressed)
+            m_errors.append(error);
     }
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <condition_variable>
-#include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -25,26 +25,37 @@ public:
 
     //! Compresses a file to which nothing is written any more.
     void add(const QString &path);
+    //! Returns the files that are not compressed yet; the first one is in work.
+    QStringList pending() const;
+    //! Returns how much of the file in work is done, from 0 to 1.
+    double progress() const { return m_progress; }
     //! Waits until all files are compressed.
     void finish();
+    //! Leaves the files that are pending as they are, and returns as soon as the thread has ended.
+    void cancel();
     //! Returns what went wrong since the last call, a line for each file that stays as it was.
     QStringList takeErrors();
 
 private:
     void run();
+    void end();
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::condition_variable m_wakeUp;
-    std::deque<QString> m_paths;
+    QStringList m_pending;
     QStringList m_errors;
     bool m_isEnding = false;
+    std::atomic<bool> m_isCancelled = false;
+    std::atomic<double> m_progress = 0.0;
     std::thread m_thread;
 };
 
 //! Returns the path of the compressed file: with ".zst" behind it.
 QString compressedPath(const QString &path);
-/*! Compresses a file as SegmentCompressor does. Returns false, with a line in \a error, and leaves the file as it was, if
-    that is not possible. */
-bool compressFile(const QString &path, QString *error);
+/*! Compresses a file as SegmentCompressor does. \a goesOn is called with the progress, from 0 to 1, and cancels the work if it
+    returns false. Returns false, with a line in \a error, and leaves the file as it was, if that is not possible. */
+bool compressFile(const QString &path,
+                  QString *error,
+                  const std::function<bool(double)> &goesOn = nullptr);
 
 } // namespace Monitor

@@ -28,6 +28,8 @@ struct MonitorOptions
     QString recordFolder;
     //! When a recording begins a new file: "1h", "100M", or empty for never.
     QString rotation;
+    //! Whether each file of such a recording is compressed once it is complete.
+    bool compress = false;
 
     bool hasRange() const { return rangeLow < rangeHigh; }
 };

@@ -112,7 +112,9 @@ void Session::takeHeader(const StreamHeader &told)
     if (!m_detector.isEmpty()) {
         header.setDetector(m_detector);
         if (!header.detectorFault.isEmpty())
-            takeEvent(tr("the detector is not used: %1").arg(header.detectorFault));
+            takeEvent(tr("WARNING the detector is not used: %1. Choose another one in File > "
+                         "Settings... or with --detector FILE")
+                          .arg(header.detectorFault));
     }
     const QString fault = m_computed->begin(header);
     if (!fault.isEmpty())
@@ -304,10 +306,18 @@ double Session::rate() const
     return m_activity.rate(m_clock.seconds());
 }
 
+//! Says which files could not be compressed.
+void Session::tellCompression()
+{
+    for (const QString &error : m_compressor.takeErrors())
+        Q_EMIT noted(tr("WARNING %1").arg(error));
+}
+
 void Session::tick()
 {
     const double now = m_clock.seconds();
     tellHeldBack(now);
+    tellCompression();
     if (isShowDue() && (!m_headerWaits || m_shownHeaders.admits(now)))
         showWaiting();
     const bool stale = isStale();
@@ -346,14 +356,20 @@ bool Session::startRecording(Recorder::Options options, QString *error)
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::failed, this, [this](const QString &text) {
-        Q_EMIT noted(tr("ERROR recording stalled: %1; trying again").arg(text));
+        Q_EMIT noted(tr("ERROR recording stalled: %1. Make room, or record to another disk; "
+                        "readings wait meanwhile, and are written when that works again")
+                         .arg(text));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::recovered, this, [this] {
-        Q_EMIT noted(tr("recording resumed"));
+        Q_EMIT noted(tr("recording resumed; the readings that waited are written"));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::noted, this, &Session::noted);
+    if (options.compress)
+        connect(recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
+            m_compressor.add(path);
+        });
     m_recorder = std::move(recorder);
     if (!m_statistics.header().channels.isEmpty())
         m_recorder->startStream(m_statistics.header());
@@ -370,7 +386,10 @@ bool Session::stopRecording()
     const bool complete = m_recorder->finish();
     const QString name = m_recorder->fileName();
     if (complete) {
-        Q_EMIT noted(tr("recording to %1 ended").arg(name));
+        const bool isCompressed = m_compressor.pending().contains(name);
+        Q_EMIT noted(isCompressed
+                         ? tr("recording to %1 ended; the file is being compressed").arg(name)
+                         : tr("recording to %1 ended").arg(name));
     } else {
         const QString why = m_recorder->errorString();
         m_incompleteRecordings.append(

@@ -5,6 +5,7 @@
 #include "monitor/readings/ComputedStream.h"
 #include "monitor/readings/LimitTexts.h"
 #include "monitor/recording/Recorder.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/session/ActivityWatch.h"
 #include "monitor/session/Alarms.h"
 #include "monitor/session/FloodGate.h"
@@ -85,6 +86,9 @@ public:
     bool stopRecording();
     //! Returns the recorder; null while nothing is recorded.
     const Recorder *recorder() const { return m_recorder.get(); }
+    //! Returns what compresses the files of recordings, which goes on after a recording has ended.
+    SegmentCompressor &compressor() { return m_compressor; }
+    const SegmentCompressor &compressor() const { return m_compressor; }
     //! Returns a line for each recording that is incomplete.
     QStringList incompleteRecordings() const { return m_incompleteRecordings; }
 
@@ -130,6 +134,7 @@ private:
     void takeToShow(const ReadingBlock &readings);
     void tellLeftOut();
     bool isShowDue() const;
+    void tellCompression();
     void tick();
 
     Clock &m_clock;
@@ -153,6 +158,7 @@ private:
     NamedLimits m_chosenLimits;
     Alarms m_alarms;
     QVector<Corvale_Qt::ChannelLimits> m_streamLimits; //!< without those that were chosen
+    SegmentCompressor m_compressor;
     std::unique_ptr<Recorder> m_recorder;
     QStringList m_incompleteRecordings;
     FloodGate m_shownEvents;

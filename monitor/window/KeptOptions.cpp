@@ -14,7 +14,9 @@ const QString highKey = QStringLiteral("limit-high");
 const QString detectorKey = QStringLiteral("detector");
 const QString folderKey = QStringLiteral("record-folder");
 const QString rotateKey = QStringLiteral("record-rotate");
+const QString compressKey = QStringLiteral("record-compress");
 
+const QString yes = QStringLiteral("yes");
 const QStringList startNames = {QStringLiteral("simulator"),
                                 QStringLiteral("last"),
                                 QStringLiteral("nothing")};
@@ -41,6 +43,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     options.detectorFile = settings.text(detectorKey);
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
+    options.compress = settings.text(compressKey) == yes;
     return options;
 }
 
@@ -53,6 +56,7 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
     settings.setText(detectorKey, options.detectorFile);
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);
+    settings.setText(compressKey, options.compress ? yes : QString());
 }
 
 } // namespace Monitor

@@ -104,11 +104,14 @@ void SourceSwitch::recordIfWanted()
     Recorder::Options options;
     options.path = m_options.recordFolder;
     setRotation(&options, m_options.rotation);
+    options.compress = m_options.compress;
     QString error;
     if (!m_session.startRecording(options, &error))
         QMessageBox::warning(m_window,
                              tr("Record"),
-                             tr("The source is open, but it is not recorded. %1").arg(error));
+                             tr("The source is open, but it is not recorded: %1. Choose another "
+                                "folder in File > Settings..., or record with File > Record...")
+                                 .arg(error));
 }
 
 QStringList SourceSwitch::recent() const
@@ -149,9 +152,10 @@ void SourceSwitch::setOptions(const MonitorOptions &options)
     if (detector.fault.isEmpty())
         m_session.setDetector(detector.layout);
     else
-        QMessageBox::warning(m_window,
-                             tr("Settings"),
-                             tr("The detector stays as it was. %1").arg(detector.fault));
+        QMessageBox::warning(
+            m_window,
+            tr("Settings"),
+            tr("The detector stays as it was: %1. Choose another file.").arg(detector.fault));
     if (!detector.note.isEmpty())
         Q_EMIT m_session.noted(detector.note);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/Recorder.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
@@ -51,12 +52,20 @@ struct Recording
                              [this](const QString &text) {
                                  notes.append(text);
                              });
+            if (options.compress)
+                QObject::connect(m_recorder.get(),
+                                 &Recorder::fileCompleted,
+                                 &clock,
+                                 [this](const QString &name) {
+                                     compressor.add(name);
+                                 });
         }
         return *m_recorder;
     }
 
     ManualClock clock;
     Recorder::Options options;
+    SegmentCompressor compressor;
     QStringList notes;
 
 private:
@@ -185,7 +194,8 @@ private Q_SLOTS:
             file.clock.advance(2.0);
         }
         QVERIFY(file.recorder().finish());
-        QVERIFY(file.notes.isEmpty());
+        file.compressor.finish();
+        QVERIFY(file.notes.isEmpty() && file.compressor.takeErrors().isEmpty());
         const QStringList files =
             QDir(m_dir->path()).entryList({"packed*"}, QDir::Files, QDir::Name);
         QCOMPARE(files.join(' '),

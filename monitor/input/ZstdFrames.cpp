@@ -4,8 +4,10 @@
 #include <QFile>
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
-#include <string_view>
+#include <optional>
+#include <unistd.h>
 #include <zstd.h>
 
 namespace Monitor {
@@ -20,32 +22,112 @@ constexpr unsigned long long largestText = 1ULL << 50;
 const char magic[] = "\x28\xb5\x2f\xfd";
 constexpr int magicSize = 4;
 
-//! A file in memory, for looking at the sizes of its frames.
-class MappedFile
+//! How long a frame is in the file, and in the text if it says so.
+struct FrameSize
 {
-public:
-    explicit MappedFile(QFile &file)
-        : m_file(file)
-        , m_size(file.size())
-        , m_bytes(m_size > 0 ? file.map(0, m_size) : nullptr)
-    {
-    }
-    ~MappedFile()
-    {
-        if (m_bytes)
-            m_file.unmap(m_bytes);
-    }
-    MappedFile(const MappedFile &) = delete;
-    MappedFile &operator=(const MappedFile &) = delete;
-
-    qint64 size() const { return m_bytes ? m_size : 0; }
-    const uchar *at(qint64 offset) const { return m_bytes + offset; }
-
-private:
-    QFile &m_file;
-    const qint64 m_size;
-    uchar *const m_bytes;
+    qint64 inFile = 0;
+    unsigned long long inText = ZSTD_CONTENTSIZE_UNKNOWN;
 };
+
+/*! Returns bytes of a file without moving its position; fewer at its end. A file that others cut meanwhile gives fewer bytes,
+    where a mapped one would end the program. */
+QByteArray bytesAt(const QFile &file, qint64 place, int size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    int taken = 0;
+    while (taken < size) {
+        const ssize_t count = ::pread(file.handle(),
+                                      bytes.data() + taken,
+                                      std::size_t(size - taken),
+                                      off_t(place + taken));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        taken += int(count);
+    }
+    bytes.truncate(taken);
+    return bytes;
+}
+
+quint32 littleEndian(const QByteArray &bytes, int begin, int count)
+{
+    quint32 number = 0;
+    for (int i = 0; i < count; ++i)
+        number |= quint32(uchar(bytes.at(begin + i))) << (8 * i);
+    return number;
+}
+
+//! Returns how long the header of a frame is, magic number and all (RFC 8878, 3.1.1.1).
+int headerLength(uchar descriptor)
+{
+    constexpr int dictionaryIds[] = {0, 1, 2, 4}, contentSizes[] = {0, 2, 4, 8};
+    const bool singleSegment = (descriptor & 0x20) != 0;
+    const int contentSize = contentSizes[descriptor >> 6];
+    return magicSize + 1 + (singleSegment ? 0 : 1) + dictionaryIds[descriptor & 3]
+        + (contentSize == 0 && singleSegment ? 1 : contentSize);
+}
+
+//! Returns the size of the frame that begins there, from the headers of its blocks; nothing if no whole frame does.
+std::optional<FrameSize> frameAt(const QFile &file, qint64 place)
+{
+    constexpr int longestHeader = 18, blockHeader = 3, checksumSize = 4;
+    constexpr quint32 largestBlock = 128 * 1024;
+    constexpr int mostEmptyBlocks = 64;
+    constexpr quint32 skippable = 0x184D2A50, anySkippable = 0xFFFFFFF0;
+    const QByteArray head = bytesAt(file, place, longestHeader);
+    if (head.size() < 2 * magicSize)
+        return std::nullopt;
+    const qint64 size = file.size();
+    if ((littleEndian(head, 0, magicSize) & anySkippable) == skippable) {
+        const qint64 length = 2 * magicSize + qint64(littleEndian(head, magicSize, magicSize));
+        return place + length <= size ? std::optional<FrameSize>({length, 0}) : std::nullopt;
+    }
+    if (!ZstdFrames::begins(head))
+        return std::nullopt;
+    const auto descriptor = uchar(head.at(magicSize));
+    qint64 next = place + headerLength(descriptor);
+    int emptyBlocks = 0; // zeros after a power cut look like any number of them
+    for (bool isLast = false; !isLast;) {
+        const QByteArray bytes = bytesAt(file, next, blockHeader);
+        if (bytes.size() < blockHeader)
+            return std::nullopt;
+        const quint32 block = littleEndian(bytes, 0, blockHeader);
+        enum {
+            Raw,
+            SameByte,
+            Compressed,
+            Reserved
+        };
+        const int type = int(block >> 1) & 3;
+        emptyBlocks = block >> 3 == 0 ? emptyBlocks + 1 : 0;
+        if (type == Reserved || block >> 3 > largestBlock || emptyBlocks > mostEmptyBlocks)
+            return std::nullopt;
+        isLast = (block & 1) != 0;
+        next += blockHeader + (type == SameByte ? 1 : qint64(block >> 3));
+    }
+    next += (descriptor & 4) != 0 ? checksumSize : 0;
+    if (next > size)
+        return std::nullopt;
+    return FrameSize{next - place,
+                     ZSTD_getFrameContentSize(head.constData(), std::size_t(head.size()))};
+}
+
+//! Returns where the next whole frame begins, from there on; -1 if none does.
+qint64 nextFrame(const QFile &file, qint64 from)
+{
+    constexpr int windowSize = 1024 * 1024;
+    const QByteArray sign = QByteArray::fromRawData(magic, magicSize);
+    for (;;) {
+        const QByteArray window = bytesAt(file, from, windowSize);
+        for (int at = window.indexOf(sign); at >= 0; at = window.indexOf(sign, at + 1))
+            if (frameAt(file, from + at))
+                return from + at;
+        if (window.size() < windowSize)
+            return -1;
+        from += windowSize - (magicSize - 1);
+    }
+}
 
 } // namespace
 
@@ -123,20 +205,14 @@ QByteArray ZstdFrames::read(int size)
 //! Finds the frame that holds that byte of the text. Returns false if none can be named.
 bool ZstdFrames::findFrame(qint64 offset, Place *place) const
 {
-    const MappedFile file(m_file);
-    while (place->inFile < file.size()) {
-        const uchar *frame = file.at(place->inFile);
-        const auto rest = std::size_t(file.size() - place->inFile);
-        const unsigned long long text = ZSTD_getFrameContentSize(frame, rest);
-        const std::size_t length = ZSTD_findFrameCompressedSize(frame, rest);
-        const bool known = text != ZSTD_CONTENTSIZE_UNKNOWN && text != ZSTD_CONTENTSIZE_ERROR
-            && !ZSTD_isError(length) && text <= largestText;
-        if (!known)
+    while (const std::optional<FrameSize> frame = frameAt(m_file, place->inFile)) {
+        // Sizes that are not known, or that no frame has, are above every size that is believed.
+        if (frame->inText > largestText)
             return false;
-        if (place->inText + qint64(text) > offset)
+        if (place->inText + qint64(frame->inText) > offset)
             return true;
-        place->inFile += qint64(length);
-        place->inText += qint64(text);
+        place->inFile += frame->inFile;
+        place->inText += qint64(frame->inText);
     }
     return false;
 }
@@ -157,20 +233,12 @@ bool ZstdFrames::seek(qint64 offset)
 
 qint64 ZstdFrames::skipDamage()
 {
-    const MappedFile file(m_file);
-    if (file.size() == 0)
-        return 0;
-    const std::string_view bytes(reinterpret_cast<const char *>(file.at(0)),
-                                 std::size_t(file.size()));
     // A damaged frame may claim any length: the next one is looked for behind its first byte.
-    std::size_t next = bytes.find({magic, magicSize}, std::size_t(m_frameBegin) + 1);
-    while (next != std::string_view::npos
-           && ZSTD_isError(ZSTD_findFrameCompressedSize(bytes.data() + next, bytes.size() - next)))
-        next = bytes.find({magic, magicSize}, next + 1);
-    if (next == std::string_view::npos)
+    const qint64 next = nextFrame(m_file, m_frameBegin + 1);
+    if (next < 0)
         return 0;
-    const qint64 passed = qint64(next) - m_frameBegin;
-    beginAt(qint64(next));
+    const qint64 passed = next - m_frameBegin;
+    beginAt(next);
     return passed;
 }
 

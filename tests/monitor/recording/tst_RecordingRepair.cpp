@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
+#include "monitor/input/ZstdFrames.h"
 #include "monitor/recording/RecordingRepair.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/SpaceForecast.h"
@@ -8,8 +9,10 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <atomic>
 #include <cmath>
 #include <random>
+#include <thread>
 
 using namespace Monitor;
 
@@ -95,6 +98,41 @@ private Q_SLOTS:
         QVERIFY(repairRecording(path("damaged.csv"), &copy, &damage, &error));
         QCOMPARE(copy, path("damaged-repaired-2.csv"));
         QVERIFY(QFile::remove(copy));
+    }
+
+    //! Another program may cut a file at any moment while it is read; a mapped file would end the program then.
+    void aFileThatIsCutMeanwhileIsReadAsFarAsItGoes()
+    {
+        QByteArray text;
+        std::mt19937 random(2);
+        while (text.size() < 5000000)
+            text += QByteArray::number(quint32(random())) + '\n';
+        putFile(path("cut.csv"), text);
+        QString error;
+        QVERIFY2(compressFile(path("cut.csv"), &error), qPrintable(error));
+        const QByteArray whole = fileContents(path("cut.csv.zst"));
+        std::atomic<bool> ended = false;
+        std::thread other([&] {
+            QFile file(path("cut.csv.zst"));
+            for (bool open = file.open(QIODevice::ReadWrite); open && !ended;) {
+                file.resize(100);
+                file.seek(0);
+                file.write(whole);
+                file.flush();
+            }
+        });
+        QFile file(path("cut.csv.zst"));
+        const bool open = file.open(QIODevice::ReadOnly);
+        for (int i = 0; open && i < 300; ++i) {
+            ZstdFrames frames(file);
+            frames.textSize();
+            frames.seek(4500000);
+            frames.skipDamage();
+        }
+        ended = true;
+        other.join();
+        QVERIFY(open);
+        QCOMPARE(ZstdFrames(file).textSize(), qint64(text.size()));
     }
 
     //! Wherever a compressed recording is damaged, no more than the frame is lost, and nothing wrong is read.

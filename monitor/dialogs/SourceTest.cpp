@@ -2,6 +2,7 @@
 #include "monitor/dialogs/SourceTest.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/NumberText.h"
 #include "monitor/input/LineText.h"
 #include "monitor/sources/SourceFactory.h"
 
@@ -23,7 +24,7 @@ QString readingText(const StreamHeader &header, double time, const double *value
     for (int i = 0; i < header.channels.size() && i < mostValues; ++i) {
         const Channel &channel = header.channels.at(i);
         const QString number =
-            std::isnan(values[i]) ? SourceTest::tr("none") : QString::number(values[i], 'g', 6);
+            std::isnan(values[i]) ? SourceTest::tr("none") : numberText(values[i], 6);
         texts.append(QStringLiteral("%1 %2 %3").arg(channel.name, number, channel.unit).trimmed());
     }
     if (header.channels.size() > mostValues)
@@ -110,7 +111,15 @@ void SourceTest::takeState(Source::State state, const QString &text)
     if (state == State::Failed || state == State::Retrying)
         end(QStringLiteral("%1. %2").arg(text, m_source->remedy()));
     else if (state == State::Finished)
-        end(m_readings.isEmpty() ? tr("It contains no readings.") : tr("The source works."));
+        end(m_readings.isEmpty() ? emptyText() : tr("The source works."));
+}
+
+//! Returns why the source ended without a reading, or what to check if it does not say.
+QString SourceTest::emptyText() const
+{
+    const QString why = m_source->emptyReason();
+    return why.isEmpty() ? tr("It contains no readings. %1").arg(m_source->remedy())
+                         : tr("It contains no readings: %1.").arg(why);
 }
 
 void SourceTest::endIfSilent()
@@ -120,7 +129,9 @@ void SourceTest::endIfSilent()
     if (m_readings.isEmpty())
         end(tr("Nothing could be read within %1 s. %2").arg(patience).arg(m_source->remedy()));
     else
-        end(tr("The source works, slowly."));
+        end(tr("The source works. It sent only %1 readings within %2 s.")
+                .arg(m_readings.size())
+                .arg(patience));
 }
 
 //! Ends the test. This is called from a slot of the source, which is therefore deleted later.
@@ -137,8 +148,8 @@ void SourceTest::end(const QString &result)
 QString SourceTest::report() const
 {
     QStringList lines{m_result};
-    if (!m_refused.isEmpty())
-        lines.append(tr("Not every line could be used: %1").arg(m_refused));
+    if (!m_refused.isEmpty() && !m_readings.isEmpty())
+        lines.append(tr("Some lines cannot be used; the first is %1").arg(m_refused));
     if (!m_bytes.isEmpty()) {
         lines.append({QString(), tr("First lines:")});
         const QList<QByteArray> raw = m_bytes.split('\n');

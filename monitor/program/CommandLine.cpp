@@ -112,7 +112,7 @@ public:
         QString error;
         if (isSet("import") && !ImportOptions::fromText(text("import"), options, &error)
             && m_error.isEmpty())
-            m_error = QStringLiteral("--import: %1").arg(error);
+            m_error = Text::tr("--import: %1").arg(error);
     }
     void display(QString *display)
     {
@@ -138,8 +138,8 @@ public:
                         .arg(text);
         }
         if (!texts.isEmpty() && !Corvale_Qt::ChannelExpressions::isAvailable())
-            m_error = Text::tr(
-                "--compute: this program was built without the library that reads expressions");
+            m_error = Text::tr("--compute: this program was built without muparser, which reads "
+                               "expressions; leave the option out, or build the program with it");
     }
 
     bool isSet(const char *name) const { return m_parser.isSet(QLatin1String(name)); }
@@ -224,22 +224,28 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     if (onlyText)
         return true;
     if (asked.size() > 1)
-        *error = Text::tr("%1 cannot be combined").arg(asked.join(Text::tr(" and ")));
+        *error = Text::tr("%1 cannot be combined; choose one of them")
+                     .arg(asked.join(Text::tr(" and ")));
 
     const QStringList sources = parser.positionalArguments();
     if (sources.size() > 1)
-        *error = Text::tr("only one source can be shown at a time: %1")
+        *error = Text::tr("only one source can be shown at a time, not %1; a window with another "
+                          "--settings FILE shows another source")
                      .arg(sources.join(QStringLiteral(", ")));
     sourceGiven = !sources.isEmpty();
     const QString measured = parser.value(QStringLiteral("measured"));
     if (sourceGiven && !measured.isEmpty())
-        *error = Text::tr("--measured %1: there is a source already").arg(measured);
+        *error = Text::tr("--measured %1: the source is %2 already; leave one of them out")
+                     .arg(measured, sources.first());
     sourceGiven = sourceGiven || !measured.isEmpty();
     source = sources.value(0, measured.isEmpty() ? source : measured);
     planned = parser.value(QStringLiteral("planned"));
     json = parser.isSet(QStringLiteral("json"));
+    fitChannels = parser.isSet(QStringLiteral("fit-channels"));
     if (json && task != Task::Statistics)
-        *error = Text::tr("--json needs --stats");
+        *error = Text::tr("--json prints statistics; add --stats");
+    if (fitChannels && task != Task::Statistics)
+        *error = Text::tr("--fit-channels fits for statistics; add --stats");
 
     ValueReader values(parser);
     values.number("speed", &file.speed, 0.0);
@@ -269,7 +275,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
                              : task == Task::Repair ? "repair"
                                                     : "screenshot");
     if (task == Task::Repair && sourceGiven)
-        *error = Text::tr("--repair takes one file, and no source");
+        *error = Text::tr("--repair takes one file, and no source; repair the files one by one");
     if (error->isEmpty())
         *error = values.error();
     if (error->isEmpty())

@@ -44,6 +44,7 @@ struct CommandLine
     Recorder::Options record; //!< the path is empty if nothing is to be recorded
     QString output; //!< the file that Screenshot or Convert writes, or that Repair repairs
     bool json = false;
+    bool fitChannels = false; //!< whether --stats takes the channels as neighbours in their order
     QSize size;
     QString display; //!< of --view; empty for the one that fits the data
     double span = 0.0; //!< of --span, in seconds, infinity for all; 0 without it

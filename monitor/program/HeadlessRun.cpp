@@ -264,8 +264,8 @@ void HeadlessRun::printStatistics()
     report.source = m_source->description();
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
-    report.fits = fitsOfLastReading(m_statistics);
-    report.estimates = estimatesOfLastReading(m_statistics);
+    report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
+    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels);
     report.spotErrors = spotErrors();
     report.toleranceX = m_commandLine.toleranceX;
     report.toleranceY = m_commandLine.toleranceY;

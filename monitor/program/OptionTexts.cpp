@@ -55,7 +55,8 @@ QVector<OptionText> optionTexts()
                   "more than once.")},
         {"record",
          "PATH",
-         Text::tr("Record everything that arrives to a new file, or to files in a folder.")},
+         Text::tr("Record everything that arrives to a new file, or to files in a folder, named "
+                  "after their time in UTC.")},
         {"rotate",
          "LIMIT",
          Text::tr("With --record: begin a new file after a time (1h, 30min), a size (100M, 2G), or "
@@ -85,6 +86,10 @@ QVector<OptionText> optionTexts()
              "End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
         {"stats", "", Text::tr("Read to the end and print statistics of each channel.")},
         {"json", "", Text::tr("Print the statistics as JSON.")},
+        {"fit-channels",
+         "",
+         Text::tr("With --stats: fit a Gaussian to all channels in their order. Without it, only "
+                  "strips, pixels and channels that a detector places are fitted.")},
         {"convert", "OUT.csv", Text::tr("Read to the end and write a recording.")},
         {"check",
          "",

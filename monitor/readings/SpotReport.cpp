@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/SpotReport.h"
 
+#include "monitor/core/NumberText.h"
 #include "monitor/core/Text.h"
 
 #include <cmath>
@@ -19,7 +20,7 @@ QString length(double value)
 
 QString dose(double value)
 {
-    return QString::number(value, 'g', 6);
+    return numberText(value, 10);
 }
 
 QJsonValue number(double value)

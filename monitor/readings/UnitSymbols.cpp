@@ -2,6 +2,7 @@
 #include "monitor/readings/UnitSymbols.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 namespace Monitor {
 
@@ -45,11 +46,13 @@ bool onlyShareABlock(const MeasurementUnit &one, const MeasurementUnit &other)
     return block(one.type()) == block(Type_Celcius);
 }
 
-//! Returns whether a name says that C stands for degrees Celsius.
+//! Returns whether a name says that C stands for degrees Celsius: temp_C, water_C, T1_C.
 bool meansDegrees(const QString &name, const QString &symbol)
 {
-    return symbol == QLatin1String("C")
-        && name.contains(QLatin1String("temp"), Qt::CaseInsensitive);
+    static const QRegularExpression temperature(
+        QStringLiteral("temp|therm|celsius|water|cool|ambient|room|oven|^t[0-9]*$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return symbol == QLatin1String("C") && name.contains(temperature);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/session/Alarms.h"
 
+#include "monitor/core/NumberText.h"
+
 #include <algorithm>
 
 namespace Monitor {
@@ -12,7 +14,7 @@ namespace {
 QString quantity(double value, const QString &unit)
 {
     constexpr int digits = 6;
-    const QString number = QString::number(value, 'g', digits);
+    const QString number = numberText(value, digits);
     return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
 }
 

@@ -12,11 +12,8 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! A stream with fewer channels than this is not a profile.
-constexpr int fewestOfAProfile = 16;
-
 //! Returns the detector of a stream that does not describe one, counted in cells.
-DetectorLayout countedLayout(const StreamHeader &header)
+DetectorLayout countedLayout(const StreamHeader &header, bool channelsAreProfile)
 {
     const int channels = header.channels.size();
     const PixelShape pixels = PixelShape::of(header);
@@ -29,7 +26,7 @@ DetectorLayout countedLayout(const StreamHeader &header)
     } else if (header.kind == StreamKind::Strips) {
         description.x = DetectorAxis::counted((channels + 1) / 2);
         description.y = DetectorAxis::counted(channels / 2);
-    } else if (header.kind == StreamKind::Channels && channels >= fewestOfAProfile) {
+    } else if (header.kind == StreamKind::Channels && channelsAreProfile) {
         description.x = DetectorAxis::counted(channels);
     }
     return DetectorLayout::fromDescription(description);
@@ -70,13 +67,14 @@ QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
 
 } // namespace
 
-LastEstimates estimatesOfLastReading(const StreamStatistics &statistics)
+LastEstimates estimatesOfLastReading(const StreamStatistics &statistics, bool channelsAreProfile)
 {
     using Axis = DetectorLayout::Axis;
     LastEstimates last;
     const StreamHeader &header = statistics.header();
     const bool described = !header.detector.isEmpty();
-    const DetectorLayout layout = described ? header.detector : countedLayout(header);
+    const DetectorLayout layout =
+        described ? header.detector : countedLayout(header, channelsAreProfile);
     const std::vector<double> &values = statistics.lastValues();
     if (layout.isEmpty() || values.empty())
         return last;

@@ -35,8 +35,9 @@ struct LastEstimates
 };
 
 /*! Returns all estimates of the latest reading, on the detector of the stream. Without one, positions are counted in cells from 1,
-    and strips are shared evenly between x and y. Hot cells are looked for. There are no estimates of spots, of channels that are
-    too few to be a profile, and of detectors without places. */
-LastEstimates estimatesOfLastReading(const StreamStatistics &statistics);
+    and strips are shared evenly between x and y. Hot cells are looked for. There are no estimates of spots, of detectors without
+    places, and of channels that nothing places, unless \a channelsAreProfile says that they are neighbours in their order. */
+LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
+                                     bool channelsAreProfile = false);
 
 } // namespace Monitor

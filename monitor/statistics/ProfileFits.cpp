@@ -11,8 +11,8 @@ namespace Monitor {
 
 namespace {
 
-//! A stream with fewer channels than this is not a profile.
-constexpr int fewestOfAProfile = 16;
+//! Fewer channels than this are no profile.
+constexpr int fewestOfAProfile = 3;
 
 //! The initial parameters of the statistics page, but without a lowest peak and sum, which depend on the unit.
 const QVector<double> fitParameters = {0.1, 10.0, 0.0, 0.0, 2.0, 5.0};
@@ -34,7 +34,8 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
 
 } // namespace
 
-std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics)
+std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
+                                                bool channelsAreProfile)
 {
     const StreamKind kind = statistics.header().kind;
     QVector<float> values;
@@ -48,7 +49,11 @@ std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statisti
         return {fitOf(QStringLiteral("x"), values.mid(0, ofX)),
                 fitOf(QStringLiteral("y"), values.mid(ofX))};
     }
-    if (kind == StreamKind::Channels && values.size() >= fewestOfAProfile)
+    const Corvale_Qt::DetectorLayout &detector = statistics.header().detector;
+    const bool hasPlaces =
+        !detector.isEmpty() && detector.kind() != Corvale_Qt::DetectorKind::Channels;
+    if (kind == StreamKind::Channels && (hasPlaces || channelsAreProfile)
+        && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};
     return {};
 }

@@ -22,7 +22,9 @@ struct ProfileFitResult
 };
 
 /*! Returns the fits that the window's histogram would show of the latest reading: one for each of the two profiles of
-    strips, one for all channels of a stream with enough channels to be a profile, none for pixels and spots. */
-std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics);
+    strips, and one for all channels if a detector places them, or if \a channelsAreProfile says that they are neighbours in
+    their order. There are none for pixels and spots. */
+std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
+                                                bool channelsAreProfile = false);
 
 } // namespace Monitor

@@ -31,6 +31,7 @@ void RunningStatistics::add(double time, double value)
     m_lastTime = time;
     m_lastValue = value;
     ++m_count;
+    m_sum += value;
     const double deviation = value - m_mean;
     m_mean += deviation / double(m_count);
     m_squares += deviation * (value - m_mean);

@@ -26,6 +26,8 @@ public:
     double minimum() const;
     //! Returns the largest value; NaN without readings.
     double maximum() const;
+    //! Returns the sum of all values; 0 without readings.
+    double sum() const { return m_sum; }
     //! Says that readings are missing after the last one.
     void interrupt() { m_isConnected = false; }
     /*! Returns the integral by the trapezoidal rule over all readings, in the channel's unit times seconds; 0 with fewer than
@@ -40,6 +42,7 @@ private:
     qint64 m_count = 0;
     double m_mean = 0.0;
     double m_squares = 0.0;
+    double m_sum = 0.0; // exact for counts, where the mean times the count is not
     double m_minimum = std::numeric_limits<double>::infinity();
     double m_maximum = -std::numeric_limits<double>::infinity();
     double m_integral = 0.0;

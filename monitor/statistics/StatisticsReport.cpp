@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/statistics/StatisticsReport.h"
 
+#include "monitor/core/NumberText.h"
 #include "monitor/readings/SpotReport.h"
+#include "monitor/readings/UnitSymbols.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -20,7 +22,19 @@ constexpr int numberWidth = 18;
 
 QString number(double value)
 {
-    return std::isnan(value) ? QStringLiteral("-") : QString::number(value, 'g', 10);
+    return numberText(value, 10);
+}
+
+//! Returns whether the values of a channel add up to something: doses, charges and counts.
+bool isAmount(const Channel &channel)
+{
+    if (channel.unit.isEmpty())
+        return channel.name.startsWith(QLatin1String("mu"), Qt::CaseInsensitive);
+    const auto unit = unitFromSymbol(channel.unit);
+    const QStringList amounts{"C", "counts", "MU", "Gy"};
+    return unit && std::any_of(amounts.begin(), amounts.end(), [&](const QString &amount) {
+               return sameQuantity(*unit, *unitFromSymbol(amount));
+           });
 }
 
 QJsonValue jsonNumber(double value)
@@ -47,26 +61,27 @@ int widestName(const StreamHeader &header)
 void writeChannels(QTextStream &out, const StreamStatistics &statistics)
 {
     const StreamHeader &header = statistics.header();
+    const bool isList = header.kind == StreamKind::Spots;
     const int width = widestName(header);
-    writeRow(out,
-             QStringLiteral("channel"),
-             width,
-             {"unit", "n", "mean", "sigma", "min", "max", "integral", "without gaps", "over s"});
+    QStringList titles{"unit", "n", "mean", "sigma", "min", "max"};
+    // The spots of a list have no times over which something could be integrated.
+    titles += isList ? QStringList{"sum"} : QStringList{"integral", "without gaps", "over s"};
+    writeRow(out, QStringLiteral("channel"), width, titles);
     for (int i = 0; i < header.channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
         const QString unit = header.channels[i].unit;
-        writeRow(out,
-                 header.channels[i].name,
-                 width,
-                 {unit.isEmpty() ? QStringLiteral("-") : unit,
-                  QString::number(channel.count()),
-                  number(channel.mean()),
-                  number(channel.sigma()),
-                  number(channel.minimum()),
-                  number(channel.maximum()),
-                  number(channel.integral()),
-                  number(channel.coveredIntegral()),
-                  number(channel.coveredTime())});
+        QStringList cells{unit.isEmpty() ? QStringLiteral("-") : unit,
+                          QString::number(channel.count()),
+                          number(channel.mean()),
+                          number(channel.sigma()),
+                          number(channel.minimum()),
+                          number(channel.maximum())};
+        if (isList)
+            cells << (isAmount(header.channels[i]) ? number(channel.sum()) : QStringLiteral("-"));
+        else
+            cells << number(channel.integral()) << number(channel.coveredIntegral())
+                  << number(channel.coveredTime());
+        writeRow(out, header.channels[i].name, width, cells);
     }
 }
 
@@ -106,10 +121,23 @@ void writeFrames(QTextStream &out, const StreamStatistics &statistics)
     }
 }
 
-void writeFits(QTextStream &out, const std::vector<ProfileFitResult> &fits)
+//! Says why there are no fits where somebody may look for them.
+void writeNoFits(QTextStream &out, const StreamHeader &header)
 {
-    if (fits.empty())
+    constexpr int fewestOfADetector = 16;
+    if (header.kind == StreamKind::Channels && header.channels.size() >= fewestOfADetector)
+        out << "\nNo Gaussian is fitted: nothing says that these channels are neighbours.\n"
+               "--detector FILE says where they lie, --fit-channels takes them in their order.\n";
+}
+
+void writeFits(QTextStream &out,
+               const StreamHeader &header,
+               const std::vector<ProfileFitResult> &fits)
+{
+    if (fits.empty()) {
+        writeNoFits(out, header);
         return;
+    }
     out << "\nGaussian fit of the last reading, in channels (1 is the centre of the first)\n";
     writeRow(out, QStringLiteral("profile"), 7, {"position", "sigma", "peak", "integral"});
     for (const ProfileFitResult &fit : fits) {
@@ -183,6 +211,10 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
     QJsonArray channels;
     for (int i = 0; i < statistics.header().channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
+        const bool isList = statistics.header().kind == StreamKind::Spots;
+        const auto ofTime = [isList](double value) {
+            return isList ? QJsonValue() : jsonNumber(value);
+        };
         channels.append(QJsonObject{
             {"name", statistics.header().channels[i].name},
             {"unit", statistics.header().channels[i].unit},
@@ -192,9 +224,12 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
             {"sigma_population", jsonNumber(channel.populationSigma())},
             {"min", jsonNumber(channel.minimum())},
             {"max", jsonNumber(channel.maximum())},
-            {"integral", jsonNumber(channel.integral())},
-            {"covered_integral", jsonNumber(channel.coveredIntegral())},
-            {"covered_time", jsonNumber(channel.coveredTime())},
+            {"integral", ofTime(channel.integral())},
+            {"covered_integral", ofTime(channel.coveredIntegral())},
+            {"covered_time", ofTime(channel.coveredTime())},
+            {"sum",
+             isList && isAmount(statistics.header().channels[i]) ? jsonNumber(channel.sum())
+                                                                 : QJsonValue()},
             {"limits", jsonLimits(statistics.header().limitsOf(i))},
             {"excursion_count", double(statistics.limitLog().excursionCount(i))},
             {"excursions", jsonExcursions(statistics.limitLog(), i)},
@@ -369,16 +404,19 @@ QByteArray StatisticsReport::text() const
     out << "source    " << source << "\n";
     out << "layout    " << kindName(stream.header().kind) << "\n";
     out << "detector  " << stream.header().detector.summary() << "\n";
-    out << "readings  " << stream.readings() << " from " << number(stream.firstTime()) << " s to "
-        << number(stream.lastTime()) << " s\n";
-    out << "gaps      " << stream.gaps() << "\n";
+    if (stream.header().kind == StreamKind::Spots)
+        out << "spots     " << stream.readings() << "\n";
+    else
+        out << "readings  " << stream.readings() << " from " << number(stream.firstTime())
+            << " s to " << number(stream.lastTime()) << " s\n"
+            << "gaps      " << stream.gaps() << "\n";
     out << "bad lines " << counts.bad() << "\n";
     writeLeftOut(out, *this);
     out << "\n";
     writeChannels(out, stream);
     writeExcursions(out, stream);
     writeFrames(out, stream);
-    writeFits(out, fits);
+    writeFits(out, stream.header(), fits);
     if (spotErrors) {
         const SpotReport spots{*spotErrors, toleranceX, toleranceY};
         out << "\nPosition errors  " << spots.positions() << "\n";
@@ -393,12 +431,13 @@ QByteArray StatisticsReport::text() const
 QByteArray StatisticsReport::json() const
 {
     const StreamStatistics &stream = *statistics;
+    const bool isList = stream.header().kind == StreamKind::Spots;
     QJsonObject report{
         {"source", source},
         {"layout", kindName(stream.header().kind)},
         {"readings", double(stream.readings())},
-        {"first_time", jsonNumber(stream.firstTime())},
-        {"last_time", jsonNumber(stream.lastTime())},
+        {"first_time", isList ? QJsonValue() : jsonNumber(stream.firstTime())},
+        {"last_time", isList ? QJsonValue() : jsonNumber(stream.lastTime())},
         {"gaps", double(stream.gaps())},
         {"bad_lines", double(counts.bad())},
         {"channels", jsonChannels(stream)},

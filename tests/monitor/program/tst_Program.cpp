@@ -225,8 +225,10 @@ private Q_SLOTS:
         QCOMPARE(fit["verdict"].toString(), QString("DATA VALID, FIT POOR"));
         QVERIFY(fit["reasons"].toArray()[0].toString().endsWith("in dead, hot or saturated cells"));
 
-        // Without the description, positions are in cells, and the dead strips spoil what nobody said.
-        const QJsonObject blind = estimate(stats, line + "\n", "least_squares");
+        // Without the description, the channels are unrelated unless somebody says otherwise: positions are in cells, and the dead strips spoil what nobody said.
+        QCOMPARE(estimate(stats, line + "\n", "least_squares"), QJsonObject());
+        const QJsonObject blind =
+            estimate(stats + QStringList{"--fit-channels"}, line + "\n", "least_squares");
         QCOMPARE(blind["unit"].toString(), QString("cells"));
         QCOMPARE(blind["plane"].toString(), QString("all"));
         QVERIFY(blind["reasons"].toArray()[0].toString().startsWith("the residuals are"));

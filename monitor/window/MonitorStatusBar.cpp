@@ -3,7 +3,6 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
-#include "monitor/window/Look.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -21,13 +20,6 @@ QString sizeText(qint64 bytes)
     return QStringLiteral("%1 MB").arg(double(bytes) / mega, 0, 'f', 1);
 }
 
-//! Returns the text in black on a light background, so that it is readable in dark and light palettes.
-QString noticeOf(const QString &text, Look::State state)
-{
-    return QStringLiteral("<span style=\"background:%1; color:black;\">&nbsp;%2&nbsp;</span>&nbsp;")
-        .arg(Look::ground(state).name(), text.toHtmlEscaped());
-}
-
 } // namespace
 
 MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
@@ -41,11 +33,9 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     , m_recording(add("recording", tr("The file that is being recorded (Ctrl+R)")))
     , m_clock(add("clock", tr("Time, UTC")))
 {
-    m_source->setTextFormat(Qt::PlainText);
-    m_recording->setTextFormat(Qt::PlainText);
     // Numbers that grow must not move their neighbours.
-    for (QLabel *label : {m_rate, m_bad, m_gaps, m_clock})
-        label->setFont(Look::figures(font()));
+    for (StatusField *field : {m_rate, m_bad, m_gaps, m_clock})
+        field->setFont(Look::figures(font()));
     keepRoomFor(m_rate, rateText(99999.9));
     keepRoomFor(m_bad, badText(9999));
     keepRoomFor(m_gaps, gapsText(999));
@@ -61,22 +51,21 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     refresh();
 }
 
-QLabel *MonitorStatusBar::add(const char *name, const QString &toolTip, int stretch)
+StatusField *MonitorStatusBar::add(const char *name, const QString &meaning, int stretch)
 {
-    auto *label = new QLabel(this);
-    label->setObjectName(QLatin1String(name));
-    label->setToolTip(toolTip);
+    auto *field = new StatusField(meaning, this);
+    field->setObjectName(QLatin1String(name));
     if (stretch > 0) {
-        label->setMinimumWidth(100);
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        field->setMinimumWidth(100);
+        field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
-    addWidget(label, stretch);
-    return label;
+    addWidget(field, stretch);
+    return field;
 }
 
-void MonitorStatusBar::keepRoomFor(QLabel *label, const QString &text)
+void MonitorStatusBar::keepRoomFor(StatusField *field, const QString &text)
 {
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(text));
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(text) + Look::gap);
 }
 
 QString MonitorStatusBar::rateText(double rate)
@@ -112,44 +101,68 @@ void MonitorStatusBar::refresh()
     const bool troubled = source.state() == Source::State::Retrying
         || source.state() == Source::State::Connecting || source.state() == Source::State::Failed
         || source.state() == Source::State::Finished;
-    m_source->setText(troubled ? source.stateText() : source.description());
+    m_source->tell(troubled ? source.stateText() : source.description());
 
     noteSpace();
-    m_notices->setText(noticesText());
-    m_rate->setText(rateText(m_session.rate()));
+    m_notices->tell(notices());
+    m_rate->tell(rateText(m_session.rate()));
     const qint64 bad = source.counts().bad();
-    m_bad->setText(bad > 0 ? noticeOf(badText(bad), Look::State::Waiting) : badText(bad));
-    m_gaps->setText(gapsText(m_session.gaps()));
-    m_recording->setText(recordingText());
-    m_clock->setText(clockText());
+    if (bad > 0)
+        m_bad->tell(QVector<StatusField::Part>{{badText(bad), {}, Look::State::Waiting}});
+    else
+        m_bad->tell(badText(bad));
+    m_gaps->tell(gapsText(m_session.gaps()));
+    m_recording->tell(recordingText());
+    m_clock->tell(clockText());
 }
 
-QString MonitorStatusBar::noticesText() const
+QVector<StatusField::Part> MonitorStatusBar::notices() const
 {
+    using Look::State;
     const Source &source = m_session.source();
-    const Recorder *recorder = m_session.recorder();
-    QString notices;
-    if (source.isSimulated())
-        notices += noticeOf(tr("SIMULATED"), Look::State::Simulated);
-    if (m_session.isPaused())
-        notices += noticeOf(tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
-                            Look::State::Paused);
+    QVector<StatusField::Part> notices = alarmNotice() + recordingNotices();
     if (m_session.isStale())
-        notices += noticeOf(tr("STALE"), Look::State::Trouble);
+        notices.append({tr("STALE"),
+                        tr("no reading has come for three of the usual intervals; check the beam "
+                           "and the instrument"),
+                        State::Trouble});
+    if (m_session.isPaused())
+        notices.append({tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
+                        tr("what is shown stands still; Space shows the readings that wait"),
+                        State::Paused});
+    if (source.isSimulated())
+        notices.append({tr("SIMULATED"),
+                        tr("no instrument is read; File > Connect... reads one"),
+                        State::Simulated});
     if (source.state() == Source::State::Finished)
-        notices += noticeOf(tr("END"), Look::State::Ended);
+        notices.append({tr("END"),
+                        tr("the source has delivered everything; File > Open... opens another one"),
+                        State::Ended});
+    return notices;
+}
+
+QVector<StatusField::Part> MonitorStatusBar::recordingNotices() const
+{
+    using Look::State;
+    const Recorder *recorder = m_session.recorder();
+    if (!recorder)
+        return {};
+    QVector<StatusField::Part> notices;
+    if (!recorder->errorString().isEmpty())
+        notices.append({tr("RECORDING FAILS"),
+                        tr("%1. Make room, or record to another disk; readings wait meanwhile")
+                            .arg(recorder->errorString()),
+                        State::Trouble});
     const std::optional<double> space = m_space.secondsLeft();
-    if (recorder && space && *space < littleSpace)
-        notices +=
-            noticeOf(tr("DISK FULL IN %1").arg(SpaceForecast::text(*space)), Look::State::Waiting);
-    if (recorder && !recorder->errorString().isEmpty())
-        notices += noticeOf(tr("RECORDING FAILS"), Look::State::Trouble);
-    notices += alarmText();
+    if (space && *space < littleSpace)
+        notices.append({tr("DISK FULL IN %1").arg(SpaceForecast::text(*space)),
+                        tr("make room, or record to another disk"),
+                        State::Waiting});
     return notices;
 }
 
 //! Returns the worst of what is beyond limits, and how much more there is.
-QString MonitorStatusBar::alarmText() const
+QVector<StatusField::Part> MonitorStatusBar::alarmNotice() const
 {
     const QVector<Alarms::Entry> entries = m_session.alarms().entries();
     if (entries.isEmpty())
@@ -158,12 +171,19 @@ QString MonitorStatusBar::alarmText() const
     QString text = first.lasts() ? first.text : tr("%1 (over, F8 acknowledges)").arg(first.text);
     if (entries.size() > 1)
         text = tr("%1 and %2 more").arg(text).arg(entries.size() - 1);
-    return noticeOf(text, isAlarm(first.worst) ? Look::State::Trouble : Look::State::Waiting);
+    return {{text,
+             tr("F8 acknowledges, Measure > Limits changes the limits; the log has every passage"),
+             isAlarm(first.worst) ? Look::State::Trouble : Look::State::Waiting}};
 }
 
 QString MonitorStatusBar::recordingText() const
 {
     const Recorder *recorder = m_session.recorder();
+    const QStringList pending = m_session.compressor().pending();
+    if (!recorder && !pending.isEmpty())
+        return tr("compressing %1, %2 %")
+            .arg(QFileInfo(pending.first()).fileName())
+            .arg(int(m_session.compressor().progress() * 100.0));
     if (!recorder)
         return tr("not recording");
     const QString text =

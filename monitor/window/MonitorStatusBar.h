@@ -2,8 +2,8 @@
 #pragma once
 
 #include "monitor/recording/SpaceForecast.h"
+#include "monitor/window/StatusField.h"
 
-#include <QLabel>
 #include <QStatusBar>
 
 namespace Monitor {
@@ -21,28 +21,29 @@ public:
     void refresh();
 
 private:
-    QLabel *add(const char *name, const QString &toolTip, int stretch = 0);
+    StatusField *add(const char *name, const QString &meaning, int stretch = 0);
     void refreshIfDue();
-    void keepRoomFor(QLabel *label, const QString &text);
+    static void keepRoomFor(StatusField *field, const QString &text);
     static QString rateText(double rate);
     static QString badText(qint64 lines);
     static QString gapsText(qint64 gaps);
     QString clockText() const;
-    QString noticesText() const;
-    QString alarmText() const;
+    QVector<StatusField::Part> notices() const;
+    QVector<StatusField::Part> recordingNotices() const;
+    QVector<StatusField::Part> alarmNotice() const;
     QString recordingText() const;
     void noteSpace();
 
     Session &m_session;
     double m_refreshedAt = -1.0;
     SpaceForecast m_space;
-    QLabel *m_source;
-    QLabel *m_notices;
-    QLabel *m_rate;
-    QLabel *m_bad;
-    QLabel *m_gaps;
-    QLabel *m_recording;
-    QLabel *m_clock;
+    StatusField *m_source;
+    StatusField *m_notices;
+    StatusField *m_rate;
+    StatusField *m_bad;
+    StatusField *m_gaps;
+    StatusField *m_recording;
+    StatusField *m_clock;
 };
 
 } // namespace Monitor

@@ -13,6 +13,7 @@
 #include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/MeasureMenu.h"
 #include "monitor/window/MonitorStatusBar.h"
+#include "monitor/window/PlotRoom.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/SourceSwitch.h"
@@ -35,8 +36,8 @@ namespace Monitor {
 namespace {
 
 constexpr int logHeight = 120;
-//! In a window that is less high, the plot gets the room of the log and of the controls until the operator shows them.
-constexpr int roomyHeight = 700;
+//! A window may be made this small, whatever its parts would like: the status line stays in it.
+constexpr QSize smallest(480, 320);
 //! A window of this width has room for values, displays and statistics side by side.
 constexpr int roomyWidth = 1280;
 
@@ -53,6 +54,8 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     addCentre();
     setStatusBar(new MonitorStatusBar(session, this));
     addDocks();
+    m_plotRoom =
+        new PlotRoom(this, findChild<QDockWidget *>(QStringLiteral("log")), m_displays->scope());
     addMenus();
     restoreLayout();
     restoreTimeSpan();
@@ -150,6 +153,7 @@ void MonitorWindow::showHint(const QString &text)
 
 void MonitorWindow::restoreLayout()
 {
+    setMinimumSize(smallest);
     resize(usualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     resizeDocks({findChild<QDockWidget *>(QStringLiteral("log"))}, {logHeight}, Qt::Vertical);
     restoreGeometry(m_settings.geometry());
@@ -161,20 +165,10 @@ void MonitorWindow::restoreLayout()
         fitToScreen(this);
 }
 
-//! Gives the plot most of a small window; View > Log and the button beside the scope's tabs bring the rest back.
-void MonitorWindow::makeRoomForPlot()
-{
-    if (height() >= roomyHeight)
-        return;
-    m_displays->scope()->setControlsVisible(false);
-    if (m_settings.docks().isEmpty())
-        findChild<QDockWidget *>(QStringLiteral("log"))->hide();
-}
-
 void MonitorWindow::showEvent(QShowEvent *event)
 {
     if (!std::exchange(m_wasShown, true))
-        makeRoomForPlot();
+        m_plotRoom->begin(m_settings, !m_settings.docks().isEmpty());
     QMainWindow::showEvent(event);
 }
 
@@ -191,6 +185,7 @@ void MonitorWindow::restoreDisplay(const StreamHeader &header)
 void MonitorWindow::saveLayout()
 {
     m_settings.setLayout(saveGeometry(), saveState());
+    m_plotRoom->save(m_settings);
     const StreamHeader &header = m_session.model().header();
     if (header.channels.isEmpty())
         return;

@@ -12,6 +12,7 @@ namespace Monitor {
 class ClearUndo;
 class DisplayTabs;
 class LatestValuePanel;
+class PlotRoom;
 class Session;
 class SourceSwitch;
 class TapeBar;
@@ -48,7 +49,6 @@ private:
     void showTitle();
     void restoreTimeSpan();
     void restoreLayout();
-    void makeRoomForPlot();
     void restoreDisplay(const StreamHeader &header);
     void saveLayout();
 
@@ -59,6 +59,7 @@ private:
     SourceSwitch *m_sources = nullptr;
     LatestValuePanel *m_values = nullptr;
     TapeBar *m_tape = nullptr;
+    PlotRoom *m_plotRoom = nullptr;
     ClearUndo *m_undoClear = nullptr;
     bool m_wasShown = false;
     //! The kinds of streams whose separate windows were restored.

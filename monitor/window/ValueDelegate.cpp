@@ -4,8 +4,11 @@
 #include "monitor/window/Look.h"
 #include "monitor/window/StaleMarks.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace Monitor {
 
@@ -40,6 +43,21 @@ void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIn
     else
         drawValue(option, index);
     option->fontMetrics = QFontMetrics(option->font);
+}
+
+//! Shows the whole text of a cell that has not the room for it.
+bool ValueDelegate::helpEvent(QHelpEvent *event,
+                              QAbstractItemView *view,
+                              const QStyleOptionViewItem &option,
+                              const QModelIndex &index)
+{
+    const bool isCut = index.isValid() && sizeHint(option, index).width() > option.rect.width();
+    if (event->type() != QEvent::ToolTip || !isCut || index.data(Qt::ToolTipRole).isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text =
+        index.data().toString().toHtmlEscaped(); // a channel may be called anything
+    QToolTip::showText(event->globalPos(), QStringLiteral("<qt>%1</qt>").arg(text), view);
+    return true;
 }
 
 void ValueDelegate::drawName(QStyleOptionViewItem *option, const QModelIndex &index)

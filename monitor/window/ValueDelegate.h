@@ -6,13 +6,18 @@
 namespace Monitor {
 
 /*! Draws the table of newest values: a swatch in the colour of the channel beside its name, and values in the colours of the
-    palette. A value over range is loud, an old one is grey. */
+    palette. A value over range is loud, an old one is grey. The tool tip has what is cut. */
 class ValueDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent *event,
+                   QAbstractItemView *view,
+                   const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;

@@ -59,34 +59,113 @@ inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     QTest::keyClick(window->windowHandle(), key, modifiers);
 }
 
-/*! Returns the visible parts of a window whose text has not the room that it needs: "QLabel source 40 of 52 wide". Parts
-    that scroll, or that may be of any width, are left out. */
-inline QStringList clippedParts(const QWidget *window)
+//! Collects the parts of windows whose text has not the room that it needs.
+class ClippedTexts
 {
-    QStringList clipped;
-    const auto check = [&](const QWidget *part) {
-        const QSize need = part->sizeHint();
-        const bool wraps = part->hasHeightForWidth();
-        const bool anyWidth = part->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
-        const QString name = QStringLiteral("%1 %2 \"%3\"")
-                                 .arg(part->metaObject()->className(),
-                                      part->objectName(),
-                                      part->property("text").toString().left(30));
-        const int height = wraps ? part->heightForWidth(part->width()) : need.height();
-        if (!wraps && !anyWidth && part->width() < need.width())
-            clipped.append(
-                QStringLiteral("%1: %2 of %3 wide").arg(name).arg(part->width()).arg(need.width()));
-        if (part->height() < height)
-            clipped.append(
-                QStringLiteral("%1: %2 of %3 high").arg(name).arg(part->height()).arg(height));
-    };
-    for (const QWidget *part : window->findChildren<QWidget *>()) {
-        const bool hasText = qobject_cast<const QLabel *>(part)
-            || qobject_cast<const QPushButton *>(part) || qobject_cast<const QCheckBox *>(part)
-            || qobject_cast<const QRadioButton *>(part) || qobject_cast<const QComboBox *>(part)
-            || qobject_cast<const QAbstractSpinBox *>(part);
-        if (hasText && part->isVisibleTo(window) && part->window() == window)
-            check(part);
+public:
+    //! Looks at everything that is visible in a window; \a place says in the result where that was.
+    void look(const QString &place, const QWidget *window)
+    {
+        for (const QWidget *part : window->findChildren<QWidget *>())
+            if (part->isVisibleTo(window) && part->window() == window)
+                lookAt(place, part);
     }
-    return clipped;
-}
+    //! Looks at a menu as it is when it is open.
+    void lookAtMenu(const QMenu *menu, const QSize &screen)
+    {
+        if (menu->sizeHint().width() > screen.width()
+            || menu->sizeHint().height() > screen.height())
+            add(menu->title(), menu, menu->sizeHint(), screen);
+    }
+    void require(const QString &place, const QWidget *window, const QSize &screen)
+    {
+        if (window->width() > screen.width() || window->height() > screen.height())
+            add(place, window, window->size(), screen);
+    }
+    //! Returns a line for each: "File > Open...: QLabel source, 40 x 12 of 52 x 12".
+    QString text()
+    {
+        m_lines.removeDuplicates();
+        return m_lines.join('\n');
+    }
+    int looked() const { return m_looked; }
+
+private:
+    void add(const QString &place, const QWidget *part, const QSize &need, const QSize &has)
+    {
+        m_lines.append(QStringLiteral("%1: %2 %3 \"%4\", %5 x %6 of %7 x %8")
+                           .arg(place,
+                                part->metaObject()->className(),
+                                part->objectName(),
+                                part->property("text").toString().left(30))
+                           .arg(has.width())
+                           .arg(has.height())
+                           .arg(need.width())
+                           .arg(need.height()));
+    }
+    void lookAt(const QString &place, const QWidget *part)
+    {
+        ++m_looked;
+        if (const auto *header = qobject_cast<const QHeaderView *>(part))
+            lookAtHeader(place, header);
+        else if (const auto *list = qobject_cast<const QListWidget *>(part))
+            lookAtWidth(place, list, list->sizeHintForColumn(0), list->viewport()->width());
+        else if (const auto *tabs = qobject_cast<const QTabBar *>(part))
+            lookAtWidth(place, tabs, tabs->sizeHint().width(), tabs->width());
+        else if (const auto *menus = qobject_cast<const QMenuBar *>(part))
+            lookAtWidth(place, menus, menus->sizeHint().width(), menus->width());
+        else if (const auto *dock = qobject_cast<const QDockWidget *>(part))
+            lookAtWidth(place,
+                        dock,
+                        dock->fontMetrics().horizontalAdvance(dock->windowTitle()),
+                        dock->width());
+        else if (const auto *line = qobject_cast<const QLineEdit *>(part))
+            lookAtWidth(place,
+                        line,
+                        line->fontMetrics().horizontalAdvance(line->placeholderText()),
+                        line->width());
+        else if (hasText(part))
+            lookAtText(place, part);
+    }
+    static bool hasText(const QWidget *part)
+    {
+        const auto *button = qobject_cast<const QToolButton *>(part);
+        return (button && !button->text().isEmpty()
+                && button->toolButtonStyle() != Qt::ToolButtonIconOnly)
+            || qobject_cast<const QLabel *>(part) || qobject_cast<const QPushButton *>(part)
+            || qobject_cast<const QCheckBox *>(part) || qobject_cast<const QRadioButton *>(part)
+            || qobject_cast<const QComboBox *>(part) || qobject_cast<const QAbstractSpinBox *>(part)
+            || qobject_cast<const QGroupBox *>(part);
+    }
+    //! Labels that wrap need their height only; a field of the status line shortens its text itself.
+    void lookAtText(const QString &place, const QWidget *part)
+    {
+        const bool wraps = part->hasHeightForWidth();
+        const QSize least =
+            part->inherits("Monitor::StatusField") ? part->minimumSizeHint() : part->sizeHint();
+        const bool anyWidth =
+            wraps || part->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+        const QSize need(anyWidth ? 0 : least.width(),
+                         wraps ? part->heightForWidth(part->width()) : least.height());
+        if (part->width() < need.width() || part->height() < need.height())
+            add(place, part, need, part->size());
+    }
+    void lookAtWidth(const QString &place, const QWidget *part, int need, int has)
+    {
+        if (has < need)
+            add(place, part, {need, part->height()}, {has, part->height()});
+    }
+    void lookAtHeader(const QString &place, const QHeaderView *header)
+    {
+        for (int section = 0; section < header->count(); ++section) {
+            const bool isWide = header->orientation() == Qt::Horizontal;
+            const int need = isWide ? header->sectionSizeHint(section) : header->sizeHint().width();
+            const int has = isWide ? header->sectionSize(section) : header->width();
+            if (!header->isSectionHidden(section) && header->isVisible())
+                lookAtWidth(place, header, need, has);
+        }
+    }
+
+    QStringList m_lines;
+    int m_looked = 0;
+};

@@ -16,6 +16,7 @@
 #include "monitor/window/NoticeLine.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
+#include "monitor/window/StatusField.h"
 #include "monitor/window/TapePanel.h"
 #include "monitor/window/WindowSettings.h"
 #include "tests/monitor/support/Dialogs.h"
@@ -430,6 +431,7 @@ private Q_SLOTS:
         type("rotation", "often");
         QVERIFY(fault().contains("30min"));
         type("rotation", "1h");
+        dialog.findChild<QCheckBox *>("compress")->setChecked(true);
         type("detector", file("no.json"));
         QVERIFY(!fault().isEmpty());
         type("detector", "");
@@ -444,6 +446,7 @@ private Q_SLOTS:
         QCOMPARE(kept.file.speed, 2.5);
         QCOMPARE(kept.rangeHigh, 1e-6);
         QCOMPARE(kept.rotation, QString("1h"));
+        QVERIFY(kept.compress);
         QVERIFY(std::isinf(kept.file.to)); // belongs to one file
     }
 
@@ -571,40 +574,48 @@ private Q_SLOTS:
         QVERIFY2(light < all / 10, qPrintable(QString("%1 of %2").arg(light).arg(all)));
     }
 
+    //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.
     void nothingIsClippedOnASmallScreen()
     {
         DoorInTest w(file("small.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
-        auto *appearance = w.window.findChild<Appearance *>();
-        QStringList faults;
-        const auto look = [&](const QString &where, const QWidget *shown) {
-            const QStringList clipped = clippedParts(shown);
-            for (const QString &part : clipped)
-                faults.append(where + ": " + part);
-            const QSize size = shown->size();
-            if (size.width() > smallScreen.width() || size.height() > smallScreen.height())
-                faults.append(
-                    QString("%1: %2 x %3").arg(where).arg(size.width()).arg(size.height()));
-        };
+        ClippedTexts clipped;
+        int dialogs = 0;
         const auto lookAtDialog = [&](const QString &name, QDialog *dialog) {
+            ++dialogs;
             QCoreApplication::processEvents();
             if (qobject_cast<QFileDialog *>(dialog))
                 return;
-            look(name, dialog);
+            clipped.look(name, dialog);
+            clipped.require(name, dialog, smallScreen);
             auto *kinds = dialog->findChild<QListWidget *>("kinds");
             for (int row = 0; kinds && row < kinds->count(); ++row) {
                 kinds->setCurrentRow(row);
                 QCoreApplication::processEvents();
-                look(kinds->item(row)->text(), dialog);
+                clipped.look(kinds->item(row)->text(), dialog);
+            }
+            auto *tabs = dialog->findChild<QTabWidget *>();
+            for (int page = 0; tabs && page < tabs->count(); ++page) {
+                tabs->setCurrentIndex(page);
+                QCoreApplication::processEvents();
+                clipped.look(tabs->tabText(page), dialog);
             }
         };
+        const auto lookAtWindows = [&](const QString &name) {
+            for (const QWidget *shown : QApplication::topLevelWidgets())
+                if (shown->isVisible() && !qobject_cast<const QMenu *>(shown)) {
+                    clipped.look(name, shown);
+                    clipped.require(name, shown, smallScreen);
+                }
+        };
+        auto *appearance = w.window.findChild<Appearance *>();
         for (const Appearance::Choice choice :
              {Appearance::Choice::Light, Appearance::Choice::Dark}) {
             appearance->choose(choice);
             QCoreApplication::processEvents();
             for (QMenu *menu : w.menus()) {
-                look(menu->title(), menu);
+                clipped.lookAtMenu(menu, smallScreen);
                 for (QAction *entry : menu->actions()) {
                     const QString name = entry->objectName();
                     const bool leaves = entry->shortcut() == QKeySequence(QKeySequence::Quit)
@@ -619,18 +630,55 @@ private Q_SLOTS:
                             entry->trigger();
                         });
                     QCoreApplication::processEvents();
+                    lookAtWindows(entry->text());
                     if (entry->isCheckable() && !entry->actionGroup())
                         entry->trigger();
                 }
             }
-            for (QWidget *shown : QApplication::topLevelWidgets())
-                if (shown->isVisible() && !qobject_cast<QMenu *>(shown))
-                    look("window", shown);
         }
-        QVERIFY(w.window.statusBar()->isVisible());
+        QVERIFY(dialogs >= 2 * 10 && clipped.looked() > 1000);
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
-        faults.removeDuplicates();
-        QCOMPARE(faults.join('\n'), QString());
+        QCOMPARE(clipped.text(), QString());
+    }
+
+    //! Whatever the size of the window, the status line is in it, and what it cuts ends with an ellipsis.
+    void theStatusLineStaysInTheWindow()
+    {
+        DoorInTest w(file("status.xui"));
+        w.source->live = true;
+        w.source->begin(StreamKind::Channels, 2, "nA");
+        w.run(3);
+        w.session.setPaused(true);
+        const QString path =
+            file("a-recording-with-a-name-that-is-longer-than-its-field-is-wide.csv");
+        QCOMPARE(w.record(path), QString());
+        w.clock.advance(0.3);
+        auto *log = w.window.findChild<QDockWidget *>("log");
+        auto *scope = w.window.displays().scope();
+        const auto *recording = w.window.statusBar()->findChild<StatusField *>("recording");
+        const auto *notices = w.window.statusBar()->findChild<StatusField *>("notices");
+        for (const QSize &size :
+             {QSize(1600, 1000), QSize(800, 440), QSize(1024, 600), QSize(640, 360)}) {
+            w.window.resize(size);
+            QCoreApplication::processEvents();
+            QCOMPARE(w.window.size(), size);
+            const QWidget *status = w.window.statusBar();
+            QVERIFY(status->isVisible() && w.window.rect().contains(status->geometry()));
+            for (const StatusField *field : status->findChildren<StatusField *>())
+                QVERIFY2(status->rect().contains(field->geometry()),
+                         qPrintable(field->objectName()));
+            QVERIFY(notices->shownTexts().first().startsWith("PAUSED"));
+            // What is hidden for the plot comes back with the room for it.
+            QCOMPARE(log->isVisible(), size.height() >= 700);
+            QCOMPARE(scope->areControlsVisible(), size.height() >= 700);
+        }
+        QVERIFY(recording->shownTexts().first().endsWith(QChar(0x2026)));
+        QVERIFY(recording->toolTip().contains("longer-than-its-field"));
+        QVERIFY(notices->toolTip().contains("Space"));
+        log->toggleViewAction()->trigger(); // the operator wants to see it here
+        w.window.resize(1600, 1000);
+        w.window.resize(1024, 600);
+        QVERIFY(!log->isVisible());
     }
 
 private:

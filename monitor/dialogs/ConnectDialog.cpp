@@ -194,7 +194,7 @@ void ConnectDialog::refresh()
 {
     const QString text = source();
     const QString name = m_names->currentText().trimmed();
-    m_text->setText(text.isEmpty() ? tr("A field that is needed is empty.")
+    m_text->setText(text.isEmpty() ? tr("Fill in the empty field, to test or to connect.")
                                    : tr("On the command line: corvale-monitor \"%1\"").arg(text));
     m_keepButton->setEnabled(!name.isEmpty() && !text.isEmpty());
     m_forgetButton->setEnabled(m_names->findText(name) >= 0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/ImportGuess.h"
 
 #include <QFileInfo>
@@ -36,7 +37,7 @@ bool CsvReader::open(const QString &path)
     const QFileInfo info(path);
     m_failed = true;
     if (info.exists() && !info.isFile()) {
-        m_error = QStringLiteral("it is not a regular file");
+        m_error = Text::tr("it is not a regular file");
         return false;
     }
     if (!m_file.open(QIODevice::ReadOnly))
@@ -61,7 +62,7 @@ bool CsvReader::read(int bytes)
         return passDamage();
     m_failed = m_file.error() != QFileDevice::NoError || (m_frames && m_frames->isDamaged());
     if (m_failed && m_frames && m_frames->isDamaged())
-        m_error = QStringLiteral("the compressed file is damaged; --check says what is lost");
+        m_error = Text::tr("the compressed file is damaged; --check says what is lost");
     const bool atEnd = m_frames ? piece.isEmpty() : m_file.atEnd();
     if (!piece.isEmpty() && !atEnd && !m_failed)
         return true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/LineProtocol.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/MultichannelRowReader.h"
@@ -152,7 +153,7 @@ void LineProtocol::beginFrame(std::string_view text)
     refuseOpenFrame();
     m_hasFrames = true;
     if (!allowed)
-        line.reason = QStringLiteral("only a stream that begins with #corvale 2 has frames");
+        line.reason = Text::tr("only a stream that begins with #corvale 2 has frames");
     if (!isReadable || !allowed) {
         refuse(line);
         if (m_frames)
@@ -176,7 +177,7 @@ void LineProtocol::takeFrameRow()
 {
     RefusedLine line = currentLine(Refusal::WrongCount);
     if (!m_frames || !m_frames->isOpen()) {
-        line.reason = QStringLiteral("it belongs to no frame");
+        line.reason = Text::tr("it belongs to no frame");
         refuse(line);
         return;
     }
@@ -190,7 +191,7 @@ void LineProtocol::takeFrameRow()
         line.refusal = Refusal::Unreadable;
         break;
     }
-    line.reason = QStringLiteral("row %1 of a frame, which is dropped").arg(row);
+    line.reason = Text::tr("row %1 of a frame, which is dropped").arg(row);
     refuse(line);
 }
 
@@ -201,7 +202,7 @@ void LineProtocol::refuseOpenFrame()
         return;
     const bool toldAlready = m_frames->isSpoiled();
     m_frameLine.refusal = Refusal::WrongCount;
-    m_frameLine.reason = QStringLiteral("the frame ends after %1 rows").arg(m_frames->rowsTaken());
+    m_frameLine.reason = Text::tr("the frame ends after %1 rows").arg(m_frames->rowsTaken());
     m_frames->drop();
     if (!toldAlready)
         refuse(m_frameLine);

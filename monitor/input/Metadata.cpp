@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/Metadata.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/RowReader.h"
 #include "monitor/readings/PixelShape.h"
@@ -145,11 +146,11 @@ Metadata::Line Metadata::takeLimits(const QString &value)
     const auto limits = limitsFromText(value.mid(space + 1), &m_fault);
     const bool isNew = !m_limits.contains(name);
     if (space < 1 || name.isEmpty())
-        m_fault = QStringLiteral("#limits: the name of a channel and four numbers are needed");
+        m_fault = Text::tr("#limits: the name of a channel and four numbers are needed");
     else if (!limits)
         m_fault = QLatin1String("#limits: ") + m_fault;
     else if (isNew && m_limits.size() >= StreamHeader::maxChannels)
-        m_fault = QStringLiteral("#limits: there are more names than channels");
+        m_fault = Text::tr("#limits: there are more names than channels");
     else {
         m_fault.clear();
         m_limits.insert(name, *limits);
@@ -163,8 +164,7 @@ void Metadata::describeLimits(StreamHeader *header) const
 {
     for (auto limits = m_limits.begin(); limits != m_limits.end(); ++limits) {
         if (!header->setLimits(limits.key(), limits.value()) && header->limitsFault.isEmpty())
-            header->limitsFault =
-                QStringLiteral("the stream has no channel \"%1\"").arg(limits.key());
+            header->limitsFault = Text::tr("the stream has no channel \"%1\"").arg(limits.key());
     }
 }
 

@@ -45,11 +45,15 @@ SpotRows spotsFromFile(const QString &path, QString *error)
     if (reader.open(path))
         while (sink.spots.size() <= SpotRows::most && reader.read(pieceSize)) { }
     if (reader.hasFailed())
-        *error = Text::tr("%1 cannot be read: %2").arg(path, reader.errorString());
+        *error = Text::tr("%1 cannot be read: %2. Check the path and whether this user may read it")
+                     .arg(path, reader.errorString());
     else if (!sink.refused.isEmpty())
-        *error = Text::tr("%1: %2").arg(path, sink.refused);
+        *error = Text::tr("%1 cannot be used: %2. Correct this line, or remove it")
+                     .arg(path, sink.refused);
     else if (sink.spots.size() > SpotRows::most)
-        *error = Text::tr("%1 has more than %2 spots").arg(path).arg(SpotRows::most);
+        *error = Text::tr("%1 has more than %2 spots. Compare the fields one by one")
+                     .arg(path)
+                     .arg(SpotRows::most);
     else if (sink.streams != 1 || sink.spots.header.kind != StreamKind::Spots
              || !sink.spots.isUsable())
         *error =

@@ -83,7 +83,9 @@ void PictureTaker::giveUp()
         finish(ExitSourceLost, QStringLiteral("%1. %2").arg(source.stateText(), source.remedy()));
     else
         finish(ExitBadData,
-               tr("%1: there is nothing to draw in its last reading").arg(source.description()));
+               tr("%1: there is nothing to draw in its last reading; choose another display with "
+                  "--view, or another moment with --after")
+                   .arg(source.description()));
 }
 
 void PictureTaker::finish(ExitCode code, const QString &text)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/core/Text.h"
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessRun.h"
 #include "monitor/program/QuietMessages.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QLocale>
 
 #include <csignal>
 #include <cstdio>
@@ -18,6 +20,11 @@
 using namespace Monitor;
 
 namespace {
+
+void complain(const QString &text)
+{
+    std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
+}
 
 //! Prints help, version or manual page if that is the task; this needs neither an application nor a display.
 bool answerWithText(const CommandLine &commandLine)
@@ -72,19 +79,14 @@ bool hasDisplay()
 int answerSecondStart(const CommandLine &commandLine, const QString &settings)
 {
     if (!commandLine.sourceGiven || SourceSwitch::isOpenIn(settings, commandLine.source)) {
-        std::fprintf(
-            stderr,
-            "corvale-monitor: a window with these settings is open already and was brought to the "
-            "front; --settings FILE opens another\n");
+        complain(Text::tr("a window with these settings is open already and was brought to the "
+                          "front; --settings FILE opens another"));
         return ExitGood;
     }
-    std::fprintf(stderr,
-                 "corvale-monitor: %s was not opened: a window with these settings is open already "
-                 "and shows another "
-                 "source. Open it there with File > Open... or File > Connect..., or give it a "
-                 "window of its own "
-                 "with --settings FILE\n",
-                 qPrintable(commandLine.source));
+    complain(Text::tr("%1 was not opened: a window with these settings is open already and shows "
+                      "another source. Open it there with File > Open... or File > Connect..., or "
+                      "give it a window of its own with --settings FILE")
+                 .arg(commandLine.source));
     return ExitUsage;
 }
 
@@ -110,12 +112,14 @@ int runOnScreen(const CommandLine &commandLine, char **argv)
 
 int main(int argc, char **argv)
 {
+    // Numbers look the same everywhere: in fields, on axes, in the log, in files and on the command line.
+    QLocale numbers = QLocale::c();
+    numbers.setNumberOptions(QLocale::OmitGroupSeparator);
+    QLocale::setDefault(numbers);
     CommandLine commandLine;
     QString error;
     if (!commandLine.parse(argumentsOf(argc, argv), &error)) {
-        std::fprintf(stderr,
-                     "corvale-monitor: %s\nTry corvale-monitor --help\n",
-                     qPrintable(error));
+        complain(error + QLatin1Char('\n') + Text::tr("Try corvale-monitor --help"));
         return ExitUsage;
     }
     if (answerWithText(commandLine))
@@ -128,10 +132,9 @@ int main(int argc, char **argv)
     if (!commandLine.needsDisplay()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     } else if (!hasDisplay()) {
-        std::fputs(
-            "corvale-monitor: there is no display to open a window on (neither DISPLAY nor "
-            "WAYLAND_DISPLAY is set). --screenshot FILE.png, --stats and --check need none.\n",
-            stderr);
+        complain(Text::tr("there is no display to open a window on (neither DISPLAY nor "
+                          "WAYLAND_DISPLAY is set). --screenshot FILE.png, --stats and --check "
+                          "need none."));
         return ExitUsage;
     }
     if (commandLine.task == CommandLine::Task::Window)

@@ -28,10 +28,12 @@ QString ComputedStream::begin(StreamHeader &header)
     if (m_channels.isEmpty())
         return QString();
     if (header.kind != StreamKind::Channels)
-        return Text::tr("no channel is computed: the stream has %1, and not independent channels")
+        return Text::tr("no channel is computed: the stream has %1, and --compute needs "
+                        "independent channels")
             .arg(kindName(header.kind));
     if (header.channels.size() + m_channels.size() > StreamHeader::maxChannels)
-        return Text::tr("no channel is computed: there would be more than %1")
+        return Text::tr(
+                   "no channel is computed: there would be more than %1; leave out some --compute")
             .arg(StreamHeader::maxChannels);
     if (!m_expressions.compile(names, m_channels, &fault))
         return Text::tr("no channel is computed: %1, %2")

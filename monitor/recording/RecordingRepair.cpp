@@ -159,15 +159,18 @@ bool read(const QString &path,
         sink.addPlace(Text::tr("lost: %1, %2").arg(text, sink.whereAfter()));
     });
     if (!reader.open(path)) {
-        *error = Text::tr("%1 cannot be opened: %2").arg(path, reader.errorString());
+        *error =
+            Text::tr("%1 cannot be opened: %2. Check the path and whether this user may read it")
+                .arg(path, reader.errorString());
         return false;
     }
     while (reader.read(pieceSize)) { }
     sink.endLoss(Text::tr("before the end of the file"));
     if (reader.hasFailed())
-        *error = Text::tr("reading %1: %2").arg(path, reader.errorString());
+        *error = Text::tr("reading %1 failed: %2").arg(path, reader.errorString());
     else if (!sink.write())
-        *error = Text::tr("writing the copy of %1: %2").arg(path, copy->errorString());
+        *error = Text::tr("writing the copy of %1 failed: %2; make room on the disk")
+                     .arg(path, copy->errorString());
     return error->isEmpty();
 }
 
@@ -200,17 +203,21 @@ bool repairRecording(const QString &path, QString *copy, RecordingDamage *damage
         ++number;
     QFile file(copyPath(path, number));
     if (!QFileInfo(path).isFile()) {
-        *error = Text::tr("%1 cannot be opened: it is not a regular file").arg(path);
+        *error =
+            Text::tr("%1 cannot be opened: it is not a regular file. Check the path").arg(path);
         return false;
     }
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        *error = Text::tr("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
+        *error = Text::tr("%1 cannot be written: %2. Copy the recording to a folder in which this "
+                          "user may write")
+                     .arg(file.fileName(), file.errorString());
         return false;
     }
     if (read(path, {}, &file, damage, error) && !(file.flush() && ::fsync(file.handle()) == 0))
-        *error = Text::tr("writing %1: %2").arg(file.fileName(), file.errorString());
+        *error = Text::tr("writing %1 failed: %2; make room on the disk")
+                     .arg(file.fileName(), file.errorString());
     if (error->isEmpty() && damage->readings == 0)
-        *error = Text::tr("nothing of %1 can be read").arg(path);
+        *error = Text::tr("nothing of %1 can be read; is it a recording?").arg(path);
     if (!error->isEmpty()) {
         file.remove();
         return false;

@@ -182,7 +182,7 @@ void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
     m_partsRead = entryPart;
     m_sought = place;
     if (!m_reader.resume(entry)) {
-        setState(State::Failed, tr("reading %1: %2").arg(m_path, m_reader.errorString()));
+        setState(State::Failed, tr("reading %1 failed: %2").arg(m_path, m_reader.errorString()));
         return;
     }
     setState(State::Running, m_path);
@@ -325,7 +325,7 @@ void FileSource::finishWhenPlayed()
         return;
     m_unpaced.stop();
     if (m_reader.hasFailed())
-        setState(State::Failed, tr("reading %1: %2").arg(m_path, m_reader.errorString()));
+        setState(State::Failed, tr("reading %1 failed: %2").arg(m_path, m_reader.errorString()));
     else
         setState(State::Finished, tr("reached the end of %1").arg(m_path));
 }

@@ -36,7 +36,7 @@ void LineSource::tick()
         open();
     } else if (isSilentTooLong()) {
         close();
-        lost(tr("%1: silent for %2 s").arg(description()).arg(m_longestSilence));
+        lost(tr("%1 has been silent for %2 s").arg(description()).arg(m_longestSilence));
     } else if (state() == State::Running) {
         poll();
     }

@@ -244,7 +244,7 @@ void PgmSource::finishWhenPlayed()
     if (m_error.isEmpty())
         setState(State::Finished, tr("reached the end of %1").arg(m_path));
     else
-        setState(State::Failed, tr("reading %1: %2").arg(m_file.fileName(), m_error));
+        setState(State::Failed, tr("reading %1 failed: %2").arg(m_file.fileName(), m_error));
 }
 
 } // namespace Monitor

@@ -50,7 +50,8 @@ void StandardInputSource::readSome()
     if (size == 0)
         ended();
     else
-        lost(tr("reading standard input: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+        lost(tr("reading standard input failed: %1")
+                 .arg(QString::fromLocal8Bit(std::strerror(errno))));
 }
 
 } // namespace Monitor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/tape/TapeIndexer.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
 #include "monitor/readings/GapWatch.h"
 
@@ -132,11 +133,11 @@ indexTape(const QString &path, const ImportOptions &options, TapeIndexing *index
     }
     sink.endBlock();
     if (!sink.isComplete)
-        *error = QStringLiteral("it has too many parts, or descriptions that are too long");
+        *error = Text::tr("it has too many parts, or descriptions that are too long");
     else if (reader.hasFailed())
         *error = reader.errorString();
     else if (sink.index.isEmpty())
-        *error = QStringLiteral("it contains no readings");
+        *error = Text::tr("it contains no readings");
     indexing->progress = 1.0;
     return error->isEmpty() ? sink.index : TapeIndex();
 }

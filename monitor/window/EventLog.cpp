@@ -35,10 +35,9 @@ EventLog::EventLog(Session &session, QWidget *parent)
     connect(&session, &Session::sourceStateChanged, this, &EventLog::noteState);
     connect(&session.clock(), &Clock::tick, this, &EventLog::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
-        write(
-            stale ? tr(
-                "WARNING the source is silent: the values shown are old. Check beam and instrument")
-                  : tr("readings arrive again"));
+        write(stale ? tr("WARNING the source is silent: the values shown are old. Check the beam "
+                         "and the instrument")
+                    : tr("readings arrive again"));
     });
 }
 
@@ -77,13 +76,14 @@ void EventLog::noteAssumptions(const StreamHeader &header)
     if (!DetectorFrames(header).isUsable())
         return;
     const bool strips = header.kind == StreamKind::Strips;
-    write(tr("2D profile: positions in mm assume %1")
+    write(tr("2D profile: positions in mm assume %1; File > Settings... takes a file that "
+             "describes the detector")
               .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
     const auto unit = unitFromSymbol(header.readingUnit());
     const std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> coulomb =
         unitFromSymbol(QStringLiteral("C"));
     if (!unit || !sameQuantity(*unit, *coulomb))
-        write(tr("2D profile: the readings are not charges; \"C\" stands for their own unit"));
+        write(tr("2D profile: the readings are not charges; read \"C\" as their own unit"));
 }
 
 void EventLog::write(const QString &text)
@@ -112,7 +112,9 @@ void EventLog::tellHeldBack()
 {
     const double now = m_session.clock().seconds();
     if (const qint64 lines = m_refused.takeHeldBack(now))
-        write(tr("WARNING %1 more bad lines are not listed").arg(lines));
+        write(tr("WARNING %1 more bad lines are not listed; corvale-monitor --check FILE lists "
+                 "those of a file")
+                  .arg(lines));
     if (const qint64 states = m_states.takeHeldBack(now))
         write(tr("WARNING %1 more changes of the connection are not listed").arg(states));
 }

@@ -64,7 +64,8 @@ void ExportActions::saveShown()
     if (std::isnan(left))
         QMessageBox::information(m_window,
                                  tr("Save readings"),
-                                 tr("Only the strip chart and the scope show readings over time."));
+                                 tr("Only the strip chart and the scope show readings over time. "
+                                    "Choose one of them first."));
     else
         ask(left, right);
 }
@@ -110,9 +111,10 @@ void ExportActions::save(const QString &path, double left, double right)
                 tr("%1 readings were saved to %2").arg(running->rows()).arg(path));
         else if (!running->errorString().isEmpty())
             Q_EMIT m_session.noted(
-                tr("ERROR %1 was not saved: %2").arg(path, running->errorString()));
+                tr("ERROR %1 was not saved: %2. Save to another disk, or make room")
+                    .arg(path, running->errorString()));
         else
-            Q_EMIT m_session.noted(tr("%1 was not saved: canceled").arg(path));
+            Q_EMIT m_session.noted(tr("%1 was not saved, because it was canceled").arg(path));
         if (complete && hasOlder)
             Q_EMIT m_session.noted(tr("WARNING readings older than the buffer are not in %1: only "
                                       "the range of their blocks is known")
@@ -124,9 +126,10 @@ void ExportActions::save(const QString &path, double left, double right)
         showProgress(running);
         return;
     }
-    QMessageBox::warning(m_window,
-                         tr("Save readings"),
-                         tr("%1: %2").arg(path, running->errorString()));
+    QMessageBox::warning(
+        m_window,
+        tr("Save readings"),
+        tr("%1 cannot be written: %2. Choose another file.").arg(path, running->errorString()));
     running->deleteLater();
 }
 

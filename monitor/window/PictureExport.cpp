@@ -64,7 +64,8 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     const QString suffix = QFileInfo(path).suffix().toLower();
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
-        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        *error = Text::tr("%1 cannot be written: %2. Choose another file.")
+                     .arg(path, file.errorString());
         return false;
     }
     bool drawn = false;
@@ -81,7 +82,8 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     if (drawn && file.commit())
         return true;
     if (error->isEmpty())
-        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        *error = Text::tr("%1 cannot be written: %2. Choose another file.")
+                     .arg(path, file.errorString());
     return false;
 }
 

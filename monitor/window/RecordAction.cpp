@@ -49,7 +49,7 @@ void RecordAction::toggle()
     dialog.selectFile(suggestedPath());
     QString error;
     if (dialog.exec() == QDialog::Accepted && !recordTo(dialog.selectedFiles().value(0), &error))
-        QMessageBox::warning(m_window, tr("Record"), error);
+        QMessageBox::warning(m_window, tr("Record"), tr("%1. Choose another file.").arg(error));
 }
 
 bool RecordAction::recordTo(const QString &path, QString *error)

@@ -24,8 +24,9 @@ keptDetector(const QString &source, const QString &usualFile, const WindowSettin
     detector.layout = Corvale_Qt::detectorFromFile(file, &fault);
     detector.fault = fault.message();
     if (!fault.isEmpty())
-        detector.note =
-            Text::tr("ERROR the detector of %1 is not used: %2").arg(file, detector.fault);
+        detector.note = Text::tr("ERROR the detector of %1 is not used: %2. Choose another one in "
+                                 "File > Settings... or with --detector FILE")
+                            .arg(file, detector.fault);
     else if (!kept.isEmpty())
         detector.note =
             Text::tr("the detector is that of %1, as before; --detector none forgets it").arg(file);

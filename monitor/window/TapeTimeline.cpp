@@ -132,7 +132,7 @@ void TapeTimeline::paintPicture()
     const QString text = m_deck.indexError().isEmpty()
         ? tr("The recording is being looked through: %1 %")
               .arg(int(m_deck.indexProgress() * percent))
-        : tr("The recording cannot be searched: %1").arg(m_deck.indexError());
+        : tr("The recording can be played, but not searched: %1").arg(m_deck.indexError());
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(band().adjusted(4, 0, -4, 0),
                      Qt::AlignCenter,

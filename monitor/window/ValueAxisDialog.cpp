@@ -93,7 +93,9 @@ void ValueAxisDialog::applyRange()
     const double maximum = view->fromShownValue(m_maximum->text());
     if (std::isnan(minimum) || std::isnan(maximum)) {
         const QString text = std::isnan(maximum) ? m_maximum->text() : m_minimum->text();
-        m_refusal->setText(tr("\"%1\" is not a value in %2.").arg(text, view->shownUnit()));
+        m_refusal->setText(
+            tr("\"%1\" is not a value in %2. Write one like -20, or with its unit like 250 pA.")
+                .arg(text, view->shownUnit()));
         return;
     }
     if (!(minimum < maximum)) {

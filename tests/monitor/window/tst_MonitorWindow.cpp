@@ -614,7 +614,10 @@ private Q_SLOTS:
         QCOMPARE(type("30", "-10"), QString());
         QCOMPARE(view->yMaximum(), 0.03);
         QCOMPARE(type("1", "2"), QString("The minimum must be below the maximum."));
-        QCOMPARE(type("1 V", "0"), QString("\"1 V\" is not a value in mA."));
+        QCOMPARE(
+            type("1 V", "0"),
+            QString(
+                "\"1 V\" is not a value in mA. Write one like -20, or with its unit like 250 pA."));
         QCOMPARE(view->yMaximum(), 0.03);
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::AltModifier);

@@ -16,7 +16,7 @@ constexpr int kLongestUnit = 16;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::DetectorLayout", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 bool isLength(double value)

@@ -17,7 +17,7 @@ namespace {
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::BeamVerdict", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 QString percent(double share)
@@ -204,13 +204,13 @@ QString BeamVerdict::text() const
 {
     switch (validity) {
     case BeamValidity::Valid:
-        return tr("DATA VALID");
+        return QCoreApplication::translate("Corvale_Qt", "DATA VALID");
     case BeamValidity::FitPoor:
-        return tr("DATA VALID, FIT POOR");
+        return QCoreApplication::translate("Corvale_Qt", "DATA VALID, FIT POOR");
     case BeamValidity::NotValid:
         break;
     }
-    return tr("DATA NOT VALID");
+    return QCoreApplication::translate("Corvale_Qt", "DATA NOT VALID");
 }
 
 QString validityName(BeamValidity validity)

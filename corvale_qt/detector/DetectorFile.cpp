@@ -21,7 +21,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::DetectorLayout", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 QStringList kindWords()

@@ -41,7 +41,7 @@ constexpr int kLongestName = 64;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::DetectorLayout", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 QString place(const char *list, int index)
@@ -273,18 +273,18 @@ DetectorKind DetectorLayout::kind() const
 QString DetectorLayout::summary() const
 {
     if (isEmpty())
-        return tr("no detector");
+        return QCoreApplication::translate("Corvale_Qt", "no detector");
     const DetectorDescription &described = d->description;
     QString text;
     if (described.kind == DetectorKind::Channels)
-        text = tr("%1 channels").arg(described.readings);
+        text = QCoreApplication::translate("Corvale_Qt", "%1 channels").arg(described.readings);
     else if (described.kind == DetectorKind::Strips)
-        text = tr("strips %1 + %2, %3")
+        text = QCoreApplication::translate("Corvale_Qt", "strips %1 + %2, %3")
                    .arg(described.x.cells)
                    .arg(described.y.cells)
                    .arg(unitText(described));
     else
-        text = tr("matrix %1 x %2, %3")
+        text = QCoreApplication::translate("Corvale_Qt", "matrix %1 x %2, %3")
                    .arg(described.y.cells)
                    .arg(described.x.cells)
                    .arg(unitText(described));

@@ -49,7 +49,7 @@ constexpr int kMostNumbers = 65536;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::DetectorLayout", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 QStringList words(const QString &text)
@@ -85,6 +85,9 @@ bool takeNumbers(const QStringList &list, QVector<double> &numbers, QString &wro
 //! The words of a line behind an optional axis, the axes that it is for, and its unit.
 struct AxisLine
 {
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::AxisLine)
+
+public:
     QStringList words;
     QVector<Data::Axis *> axes;
     QString unit;
@@ -443,7 +446,8 @@ DetectorLayout DetectorLines::layout(const DetectorDescription &stream, Detector
         const bool otherCount = stream.readings > 0 && result.readings != stream.readings;
         if (otherCount)
             found = {QStringLiteral("readings"),
-                     tr("the detector has %1 readings, the stream %2")
+                     QCoreApplication::translate("Corvale_Qt",
+                                                 "the detector has %1 readings, the stream %2")
                          .arg(result.readings)
                          .arg(stream.readings)};
         else if (result.readings > 0 && result.readings <= DetectorLayout::maxReadings)

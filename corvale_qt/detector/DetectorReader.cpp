@@ -13,11 +13,6 @@ namespace {
 //! No list of a description has more items.
 constexpr int kMostItems = 65536;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt::DetectorLayout", text);
-}
-
 } // namespace
 
 JsonMembers::JsonMembers(const QJsonObject &object, const QString &place, DetectorFault &fault)

@@ -5,6 +5,7 @@
 
 #include "corvale_qt/detector/DetectorDescription.h"
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QJsonValue>
 
@@ -46,6 +47,8 @@ private:
     QString m_place;
     QStringList m_taken;
     DetectorFault &m_fault;
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::JsonMembers)
 };
 
 } // namespace Corvale_Qt

@@ -16,11 +16,6 @@ constexpr int longestExpression = 4096; // characters
 constexpr int longestFormula =
     9000; // characters after ranges of channels were written out; the parser takes 10000
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ChannelExpressions", text);
-}
-
 } // namespace
 
 std::optional<ComputedChannel> ComputedChannel::fromText(const QString &text)
@@ -41,7 +36,9 @@ std::optional<ComputedChannel> ComputedChannel::fromText(const QString &text)
 
 QString ExpressionFault::message() const
 {
-    return position < 0 || isEmpty() ? text : tr("character %1: %2").arg(position + 1).arg(text);
+    return position < 0 || isEmpty()
+        ? text
+        : QCoreApplication::translate("Corvale_Qt", "character %1: %2").arg(position + 1).arg(text);
 }
 
 //! The formulas, in the order in which they can be computed.
@@ -66,6 +63,8 @@ public:
     std::vector<std::unique_ptr<RowFormula>> formulas;
     QVector<int> sequence; // of computed channels
     QVector<const double *> sources; // scratch: where each channel's row lies
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::ChannelExpressionsPrivate)
 };
 
 void ChannelExpressionsPrivate::clear()

@@ -8,14 +8,11 @@ namespace Corvale_Qt {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ChannelExpressions", text);
-}
-
 //! Reads the characters of one expression.
 class Reader
 {
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::Reader)
+
 public:
     Reader(const QString &expression, const QStringList &names, int rangeEnd)
         : m_expression(expression)

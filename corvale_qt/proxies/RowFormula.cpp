@@ -19,7 +19,7 @@ namespace {
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("ChannelExpressions", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 } // namespace

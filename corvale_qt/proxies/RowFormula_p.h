@@ -5,6 +5,8 @@
 
 #include "corvale_qt/proxies/ExpressionText_p.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 namespace Corvale_Qt {
@@ -23,6 +25,8 @@ public:
 
 protected:
     RowFormula();
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::RowFormula)
 };
 
 } // namespace Corvale_Qt

@@ -19,11 +19,6 @@ namespace {
 
 using Axis = DetectorLayout::Axis;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", text);
-}
-
 //! Labels places; the plot keeps it, so it has a copy of what it needs.
 class PlaceDraw : public ThinnedScaleDraw
 {

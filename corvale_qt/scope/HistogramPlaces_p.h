@@ -5,6 +5,7 @@
 
 #include "corvale_qt/detector/DetectorFrame.h"
 
+#include <QCoreApplication>
 #include <QVector>
 
 class QwtPlot;
@@ -60,6 +61,8 @@ private:
     double m_shiftY = 0;
     double m_lower = 0;
     double m_upper = 0;
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::HistogramPlaces)
 };
 
 } // namespace Corvale_Qt

@@ -7,6 +7,7 @@
 #include "corvale_qt/proxies/LatestCells_p.h"
 
 #include <QAbstractListModel>
+#include <QCoreApplication>
 #include <QPen>
 #include <QPointer>
 
@@ -61,6 +62,8 @@ private:
     Limits m_limits;
     bool m_hasSiPrefix = false;
     mutable LatestPrefixes m_prefixes; // a text depends on the readings before
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::LegendModel)
 };
 
 } // namespace Corvale_Qt

@@ -67,30 +67,33 @@ QString joined(const QString &unit, const QString &sign, const QString &other)
 
 QString markerReport(const ScopeMarkerStatistics &statistics, const ScopeModel &model)
 {
-    using View = RVXScopePlotView;
     Report report(model);
-    report.addMarker(View::tr("Marker 1"), statistics.first);
-    report.addMarker(View::tr("Marker 2"), statistics.second);
+    report.addMarker(RVXScopePlotView::tr("Marker 1"), statistics.first);
+    report.addMarker(RVXScopePlotView::tr("Marker 2"), statistics.second);
     if (!statistics.hasSpan())
         return report.text();
     const QString unit = report.unit(statistics.second.channel);
     const QString xUnit = report.xUnit();
-    report.add(View::tr("Period"), statistics.period, xUnit);
-    report.add(View::tr("Frequency"),
+    report.add(RVXScopePlotView::tr("Period"), statistics.period, xUnit);
+    report.add(RVXScopePlotView::tr("Frequency"),
                statistics.frequency,
                joined(QStringLiteral("1"), QStringLiteral("/"), xUnit));
-    report.add(View::tr("Delta"), statistics.difference, unit);
-    report.add(View::tr("Readings"), statistics.count, QString());
-    report.add(View::tr("Missing"), statistics.missing, QString());
-    report.add(View::tr("Sum"), statistics.sum, unit);
-    report.add(View::tr("Mean"), statistics.mean, unit);
-    report.add(View::tr("RMS"), statistics.rms, unit);
-    report.add(View::tr("Std. Dev"), statistics.standardDeviation, unit);
-    report.add(View::tr("Minimum"), statistics.minimum, unit);
-    report.add(View::tr("Maximum"), statistics.maximum, unit);
-    report.add(View::tr("Integral"), statistics.integral, joined(unit, QStringLiteral(" "), xUnit));
-    report.add(View::tr("Covered"), statistics.coveredTime, xUnit);
-    report.add(View::tr("Slope"), statistics.slope, joined(unit, QStringLiteral("/"), xUnit));
+    report.add(RVXScopePlotView::tr("Delta"), statistics.difference, unit);
+    report.add(RVXScopePlotView::tr("Readings"), statistics.count, QString());
+    report.add(RVXScopePlotView::tr("Missing"), statistics.missing, QString());
+    report.add(RVXScopePlotView::tr("Sum"), statistics.sum, unit);
+    report.add(RVXScopePlotView::tr("Mean"), statistics.mean, unit);
+    report.add(RVXScopePlotView::tr("RMS"), statistics.rms, unit);
+    report.add(RVXScopePlotView::tr("Std. Dev"), statistics.standardDeviation, unit);
+    report.add(RVXScopePlotView::tr("Minimum"), statistics.minimum, unit);
+    report.add(RVXScopePlotView::tr("Maximum"), statistics.maximum, unit);
+    report.add(RVXScopePlotView::tr("Integral"),
+               statistics.integral,
+               joined(unit, QStringLiteral(" "), xUnit));
+    report.add(RVXScopePlotView::tr("Covered"), statistics.coveredTime, xUnit);
+    report.add(RVXScopePlotView::tr("Slope"),
+               statistics.slope,
+               joined(unit, QStringLiteral("/"), xUnit));
     return report.text();
 }
 

@@ -18,7 +18,7 @@ using Type = RVXScopePlotView::HistogramItemTypes;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 //! Reads the parameters as RVX_CoGHistogramItem does.

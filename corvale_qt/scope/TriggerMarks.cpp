@@ -39,7 +39,7 @@ void prepare(QwtPlotMarker &marker, QwtPlotMarker::LineStyle style)
 QString triggerStateText(TriggerState state)
 {
     const auto tr = [](const char *text) {
-        return QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", text);
+        return QCoreApplication::translate("Corvale_Qt", text);
     };
     switch (state) {
     case TriggerState::Armed:

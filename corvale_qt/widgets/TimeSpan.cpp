@@ -34,7 +34,7 @@ const QVector<TimeUnit> &timeUnits()
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("TimeSpan", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 //! Returns the word for a span without a limit.
@@ -90,10 +90,13 @@ std::optional<double> TimeSpan::fromText(const QString &text, QString *error)
     if (seconds && isPossible(*seconds) && std::isfinite(*seconds))
         return seconds;
     if (error && seconds)
-        *error = tr("\"%1\": a time span is at least %2 and at most %3.")
+        *error = QCoreApplication::translate("Corvale_Qt",
+                                             "\"%1\": a time span is at least %2 and at most %3.")
                      .arg(quoted(text), TimeSpan::text(shortest), TimeSpan::text(longest));
     else if (error)
-        *error = tr("\"%1\" is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.")
+        *error = QCoreApplication::translate(
+                     "Corvale_Qt",
+                     "\"%1\" is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.")
                      .arg(quoted(text));
     return std::nullopt;
 }

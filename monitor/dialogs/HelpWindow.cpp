@@ -82,7 +82,7 @@ void HelpWindow::showPage(Page page)
 void showAbout(QWidget *parent)
 {
     const QString text =
-        QMessageBox::tr(
+        HelpWindow::tr(
             "Corvale Monitor %1 shows the readings of instruments that measure beams of charged "
             "particles.\n\nLibrary corvale_qt %2, Qt %3, Qwt %4, %5.\n\nFree software under "
             "LGPL-2.1-or-later, as "
@@ -94,7 +94,7 @@ void showAbout(QWidget *parent)
                  QStringLiteral(QWT_VERSION_STR),
                  QSysInfo::prettyProductName());
     QMessageBox box(QMessageBox::Information,
-                    QMessageBox::tr("About Corvale Monitor"),
+                    HelpWindow::tr("About Corvale Monitor"),
                     text,
                     QMessageBox::Close,
                     parent);

@@ -11,11 +11,6 @@ namespace Corvale_Qt {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt::RVXSpectrogram", text);
-}
-
 DetectorAxis mirrored(DetectorAxis axis)
 {
     axis.reversed = !axis.reversed;

@@ -6,6 +6,8 @@
 #include "corvale_qt/beam/profile/FrameAveraging_p.h"
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 
+#include <QCoreApplication>
+
 #include <optional>
 
 namespace Corvale_Qt {
@@ -55,6 +57,8 @@ private:
     DetectorLayout m_shown;
     bool m_invertX = false;
     bool m_invertY = false;
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::DetectorMode)
 };
 
 } // namespace Corvale_Qt

@@ -17,7 +17,7 @@ using Axis = DetectorLayout::Axis;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::RVXSpectrogram", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 PlaneResult judgePlane(const DetectorFrame &cells, Axis axis, const JudgeOptions &options)

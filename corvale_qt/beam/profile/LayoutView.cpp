@@ -21,7 +21,7 @@ using Axis = DetectorLayout::Axis;
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("Corvale_Qt::RVXSpectrogram", text);
+    return QCoreApplication::translate("Corvale_Qt", text);
 }
 
 QString axisTitle(const QString &name, const DetectorLayout &layout, Axis axis)

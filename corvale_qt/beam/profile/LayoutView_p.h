@@ -8,6 +8,7 @@
 #include "corvale_qt/beam/profile/ProjectionItem_p.h"
 #include "corvale_qt/detector/DetectorLayout.h"
 
+#include <QCoreApplication>
 #include <QRectF>
 
 class QwtPlot;
@@ -76,6 +77,8 @@ private:
     bool m_takesPrefix = true;
     double m_barFactor = 1;
     bool m_projectionsWanted = true;
+
+    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::LayoutView)
 };
 
 //! Returns the places of a detector as they are shown: y upwards; square if both axes have one unit and similar lengths.

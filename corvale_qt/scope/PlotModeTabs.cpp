@@ -7,9 +7,7 @@
 
 namespace Corvale_Qt {
 
-namespace {
-
-QString titleOf(int mode)
+QString PlotModeTabs::titleOf(int mode)
 {
     static const char *const titles[] = {
         QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Strip"),
@@ -21,8 +19,6 @@ QString titleOf(int mode)
     };
     return QCoreApplication::translate("Corvale_Qt::RVXScope", titles[mode]);
 }
-
-} // namespace
 
 int PlotModeTabs::add(int mode)
 {

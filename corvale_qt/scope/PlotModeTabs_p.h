@@ -18,6 +18,9 @@ public:
     {
     }
 
+    //! Returns the title of a mode's tab, in the current language.
+    static QString titleOf(int mode);
+
     //! Adds a tab for the mode at the end and returns its index.
     int add(int mode);
     //! Adds a tab for the mode in front of the first tab of a later mode.

@@ -6,6 +6,7 @@
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
+#include "corvale_qt/scope/ScopeSpeech_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -37,6 +38,9 @@ RVXScopePlotView::RVXScopePlotView(QWidget *parent)
     viewport()->setBackgroundRole(backgroundRole());
     viewport()->setForegroundRole(foregroundRole());
     setAccessibleName(tr("Scope plot"));
+    describeChart(this, [this] {
+        return wordsOf(*this);
+    });
     // The chart runs from left to right in every language.
     horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight);
     // The view handles the keys. A canvas with focus would be one more stop of Tab that does nothing.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/AccessibleChart_p.h"
 #include "corvale_qt/scope/CanvasGestures_p.h"
 #include "corvale_qt/scope/HeldMark_p.h"
 #include "corvale_qt/scope/HoverTracker_p.h"
@@ -233,8 +234,10 @@ void ScopeNavigation::showMark()
 void ScopeNavigation::announceHeld()
 {
     const bool held = d.context.hold.isHeld();
-    if (std::exchange(m_announcedHeld, held) != held)
-        Q_EMIT d.q_ptr->heldChanged(held);
+    if (std::exchange(m_announcedHeld, held) == held)
+        return;
+    announceChartState(d.q_ptr);
+    Q_EMIT d.q_ptr->heldChanged(held);
 }
 
 bool ScopeNavigation::eventFilter(QObject *watched, QEvent *event)

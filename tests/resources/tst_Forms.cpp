@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXStatisticsSetupPage.h"
+#include "corvale_qt/units/Units.h"
 #include "corvale_qt/widgets/RVXLogBrowser.h"
 #include "tests/support/TestMain.h"
 
@@ -45,6 +49,24 @@ QString nameOf(const QAccessibleInterface &accessible)
         return accessible.text(QAccessible::Name);
     const auto labels = accessible.relations(QAccessible::Label);
     return labels.isEmpty() ? QString() : labels.first().first->text(QAccessible::Name);
+}
+
+//! Returns what a screen reader says of a chart: "name | description".
+QString speechOf(QWidget *chart)
+{
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(chart);
+    if (accessible->role() != QAccessible::Chart)
+        return "no chart";
+    return accessible->text(QAccessible::Name) + " | " + accessible->text(QAccessible::Description);
+}
+
+//! Returns the chart in a window; null if there is none.
+QWidget *chartIn(const QWidget &window)
+{
+    for (QWidget *widget : window.findChildren<QWidget *>())
+        if (QAccessible::queryAccessibleInterface(widget)->role() == QAccessible::Chart)
+            return widget;
+    return nullptr;
 }
 
 } // namespace
@@ -118,7 +140,64 @@ private Q_SLOTS:
         QCOMPARE(nameOf(*tabs->child(2)), QString("Plot mode: Histogram"));
     }
 
+    //! A chart says what it shows, whether it stands still, and the newest value of each channel that is shown.
+    void aScopeSpeaks()
+    {
+        const Units::nA unit;
+        RVXMultichannelDeviceModel model(3);
+        model.setChannels(
+            {{"left", &unit, &unit}, {"hidden", &unit, &unit}, {"right", &unit, &unit}});
+        RVXScopePlotView view;
+        QCOMPARE(speechOf(&view), QString("Scope plot | Strip, live"));
+        view.setModel(&model);
+        for (int row = 1; row <= 20; ++row) {
+            const double values[] = {1.0 * row, 2.0 * row, 3.0 * row};
+            model.appendRow(row, values);
+        }
+        view.setChannelLimits(3, limitsUpTo(50));
+        model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
+        const double last[] = {21, 42, 63};
+        model.appendRow(21, last);
+        const QString values =
+            QAccessible::queryAccessibleInterface(&view)->text(QAccessible::Value);
+        QVERIFY2(values.startsWith("left, 21"), qPrintable(values));
+        QVERIFY2(values.contains("nA; right, 63"), qPrintable(values));
+        QVERIFY2(values.endsWith("High alarm"), qPrintable(values));
+        QVERIFY2(!values.contains("hidden"), qPrintable(values));
+
+        view.resize(400, 300);
+        view.show();
+        view.zoomTo(QRectF(QPointF(2, 0), QPointF(10, 60)));
+        QVERIFY(view.isHeld());
+        QCOMPARE(speechOf(&view), "Scope plot | Strip, held. " + values);
+    }
+
+    void beamDisplaysSpeak()
+    {
+        RVXPositionPlot position;
+        QWidget *chart = chartIn(position);
+        QVERIFY(chart);
+        QCOMPARE(speechOf(chart), QString("Position | no position yet"));
+        position.setData(1.5, -0.3);
+        QTRY_COMPARE(speechOf(chart),
+                     QString("Position | newest position. X Position 1.5; Y Position -0.3"));
+        position.showNoBeam();
+        QTRY_COMPARE(speechOf(chart), QString("Position | no beam"));
+
+        RVXSpectrogram profile;
+        const QString words = speechOf(chartIn(profile));
+        QVERIFY2(words.startsWith("Beam profile | No Data"), qPrintable(words));
+        SpotMapWidget map;
+        QCOMPARE(speechOf(chartIn(map)), QString("Spot map | No spots"));
+    }
+
 private:
+    static ChannelLimits limitsUpTo(double highAlarm)
+    {
+        ChannelLimits limits;
+        limits.highAlarm = highAlarm;
+        return limits;
+    }
     static void addForms()
     {
         QTest::addColumn<MakeWidget>("makeForm");

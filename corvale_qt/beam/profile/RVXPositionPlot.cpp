@@ -3,6 +3,7 @@
 
 #include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/AccessibleChart_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
@@ -95,6 +96,8 @@ public:
     //! Removes the marker, and says so.
     void removeMarker();
     bool saysNoBeam() const { return m_noBeam->isVisible(); }
+    //! Returns what a screen reader says of the plot.
+    ChartWords words() const;
 
 private:
     TrailCurve *m_trail; // the items belong to the plot
@@ -230,6 +233,10 @@ PositionPlot::PositionPlot(QWidget *parent)
     canvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(canvas);
     setCanvasBackground(Qt::black);
+    setAccessibleName(RVXPositionPlot::tr("Position"));
+    describeChart(this, [this] {
+        return words();
+    });
     setAxisTitle(yLeft, RVXPositionPlot::tr("Y Position"));
     setAxisTitle(xBottom, RVXPositionPlot::tr("X Position"));
     styleAxis(this, yLeft);
@@ -248,6 +255,18 @@ PositionPlot::PositionPlot(QWidget *parent)
     m_marker->attach(this);
     m_noBeam->attach(this);
     replot();
+}
+
+ChartWords PositionPlot::words() const
+{
+    if (saysNoBeam())
+        return {RVXPositionPlot::tr("no beam"), QString()};
+    if (m_trailX.isEmpty())
+        return {RVXPositionPlot::tr("no position yet"), QString()};
+    return {RVXPositionPlot::tr("newest position"),
+            QStringLiteral("%1 %2; %3 %4")
+                .arg(axisTitle(xBottom).text(), QString::number(m_trailX.last(), 'g', 4))
+                .arg(axisTitle(yLeft).text(), QString::number(m_trailY.last(), 'g', 4))};
 }
 
 void PositionPlot::append(double x, double y)

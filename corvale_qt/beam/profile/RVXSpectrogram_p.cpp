@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
 
 #include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/plot/AccessibleChart_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
 
 #include <QMetaMethod>
@@ -50,6 +51,10 @@ void RVXSpectrogramPrivate::build()
 void RVXSpectrogramPrivate::buildPlots()
 {
     plot = new SpectrogramPlot(ui.frame_plot);
+    plot->setAccessibleName(RVXSpectrogram::tr("Beam profile"));
+    describeChart(plot, [this] {
+        return results.words();
+    });
     timePlot = new MeanTimePlot(history, ui.frame_timePlot);
     plot->replot();
     timePlot->replot();

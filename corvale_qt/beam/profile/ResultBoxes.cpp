@@ -94,6 +94,19 @@ void ResultBoxes::show(const JudgedFrame &frame, bool all)
     showVerdict(frame);
 }
 
+ChartWords ResultBoxes::words() const
+{
+    QStringList numbers;
+    for (const auto &[name, box] :
+         {std::pair(RVXSpectrogram::tr("Mean X"), m_ui.doubleSpinBox_meanx),
+          std::pair(RVXSpectrogram::tr("Mean Y"), m_ui.doubleSpinBox_meany),
+          std::pair(RVXSpectrogram::tr("σ X"), m_ui.doubleSpinBox_dx),
+          std::pair(RVXSpectrogram::tr("σ Y"), m_ui.doubleSpinBox_dy)})
+        numbers.append(QStringLiteral("%1 %2").arg(name, box->text()));
+    return {m_ui.label_title->text() + QStringLiteral(", ") + m_ui.label_valid->text(),
+            numbers.join(QStringLiteral("; "))};
+}
+
 void ResultBoxes::showVerdict(const JudgedFrame &frame)
 {
     QLabel *label = m_ui.label_valid;

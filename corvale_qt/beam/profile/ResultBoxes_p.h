@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
+#include "corvale_qt/plot/AccessibleChart_p.h"
 
 class QDoubleSpinBox;
 class QLabel;
@@ -28,6 +29,8 @@ public:
     void setLengthUnits(const QString &x, const QString &y);
     //! Shows the numbers of a frame; only mean X, mean Y and elongation unless \a all.
     void show(const JudgedFrame &frame, bool all);
+    //! Returns what a screen reader says of the frame: the verdict, mean and sigma.
+    ChartWords words() const;
 
 private:
     void showVerdict(const JudgedFrame &frame);

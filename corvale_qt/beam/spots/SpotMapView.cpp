@@ -23,6 +23,10 @@ SpotMapView::SpotMapView(QWidget *parent)
     : QAbstractItemView(parent)
     , d_ptr(std::make_unique<SpotMapViewPrivate>(this))
 {
+    setAccessibleName(tr("Spot map"));
+    describeChart(this, [this] {
+        return d_ptr->words();
+    });
     qRegisterMetaType<DisplayMode>("Corvale_Qt::SpotMapView::DisplayMode");
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);

@@ -251,6 +251,15 @@ QStringList SpotMapViewPrivate::remarks() const
     return lines;
 }
 
+ChartWords SpotMapViewPrivate::words() const
+{
+    const int count = spots.drawableCount();
+    QStringList lines = remarks();
+    if (count > 0)
+        lines.prepend(SpotMapView::tr("Spots: %1").arg(count));
+    return {lines.join(QStringLiteral("; ")), QString()};
+}
+
 void SpotMapViewPrivate::drawRemarks(QPainter &painter) const
 {
     const QString text = remarks().join(QLatin1Char('\n'));

@@ -12,6 +12,7 @@
 #include "corvale_qt/beam/spots/SpotMapViewColumnMapper.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "corvale_qt/models/StructureWatcher_p.h"
+#include "corvale_qt/plot/AccessibleChart_p.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -100,6 +101,8 @@ private:
     bool findBounds();
     //! Returns the lines that drawRemarks() writes.
     QStringList remarks() const;
+    //! Returns what a screen reader says of the map.
+    ChartWords words() const;
 
     SpotMapView *const q_ptr;
     Q_DECLARE_PUBLIC(SpotMapView)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/settings/Translations.h"
 #include "tests/support/TestMain.h"
 
 #include <QDirIterator>
@@ -7,6 +8,7 @@
 #include <QPainter>
 #include <QRawFont>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
 
 namespace {
 
@@ -40,6 +42,48 @@ int readablePixels(const QIcon &icon, int size, QRgb ground)
         for (int x = 0; x < size; ++x)
             count += contrast(image.pixel(x, y), ground) >= 3.0;
     return count;
+}
+
+//! A text of a catalog and its translations, of which there are several where the text has a number.
+struct CatalogEntry
+{
+    QString source;
+    QStringList translations;
+    bool isFinished = true;
+};
+
+QVector<CatalogEntry> entriesOf(const QString &path)
+{
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    QXmlStreamReader xml(&file);
+    QVector<CatalogEntry> entries;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("message")) {
+            entries.append(CatalogEntry());
+        } else if (xml.name() == QLatin1String("source")) {
+            entries.last().source = xml.readElementText();
+        } else if (xml.name() == QLatin1String("translation")) {
+            entries.last().isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+            const QString all = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            entries.last().translations = {all};
+        }
+    }
+    return entries;
+}
+
+//! Returns what a translation must keep: places of numbers, patterns of files, options, lines and mnemonics.
+QStringList fixedParts(const QString &text)
+{
+    static const QRegularExpression part("%[1-9n]|\\(\\*\\.[^)]*\\)|--[a-z]+|;;|\\n|&(?=[^&=\\s])");
+    QStringList parts;
+    auto matches = part.globalMatch(text);
+    while (matches.hasNext())
+        parts.append(matches.next().captured());
+    parts.sort();
+    return parts;
 }
 
 } // namespace
@@ -113,6 +157,71 @@ private Q_SLOTS:
         for (int y = 0; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x)
                 QVERIFY(qAbs(qAlpha(picture.pixel(x, y)) - qAlpha(drawing.pixel(x, y))) <= 8);
+    }
+
+    void catalogsAreComplete_data()
+    {
+        QTest::addColumn<QString>("path");
+        QDirIterator files(CORVALE_QT_SOURCE_DIR "/translations", {"*.ts"});
+        while (files.hasNext()) {
+            const QString path = files.next();
+            QTest::addRow("%s", qPrintable(files.fileName())) << path;
+        }
+    }
+    void catalogsAreComplete()
+    {
+        QFETCH(QString, path);
+        const QVector<CatalogEntry> entries = entriesOf(path);
+        QVERIFY(entries.size() > 300);
+        QStringList faults;
+        for (const CatalogEntry &entry : entries) {
+            const QString text = entry.translations.value(0);
+            if (!entry.isFinished || text.trimmed().isEmpty() != entry.source.trimmed().isEmpty())
+                faults.append("not translated: " + entry.source);
+            else if (!text.contains("%n") && fixedParts(text) != fixedParts(entry.source))
+                faults.append(entry.source + " -> " + text);
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable("\n" + faults.join('\n')));
+    }
+
+    void personsHaveTheirLanguage_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("language");
+        QTest::newRow("Germany") << "de_DE"
+                                 << "de";
+        QTest::newRow("Switzerland, in German") << "de_CH"
+                                                << "de";
+        QTest::newRow("Canada, in French") << "fr_CA"
+                                           << "fr";
+        QTest::newRow("Japan") << "ja_JP"
+                               << "ja";
+        QTest::newRow("Britain") << "en_GB"
+                                 << "en";
+        QTest::newRow("a language without texts") << "es_ES"
+                                                  << "en";
+        QTest::newRow("none") << "C"
+                              << "en";
+    }
+    void personsHaveTheirLanguage()
+    {
+        QFETCH(QString, locale);
+        QTEST(Corvale_Qt::translationLanguage(QLocale(locale)), "language");
+    }
+
+    //! A language takes the place of the one before; the library installs none by itself.
+    void languagesReplaceEachOther()
+    {
+        const auto clear = [] {
+            return QCoreApplication::translate("Corvale_Qt::RVXScope", "Clear");
+        };
+        QCOMPARE(clear(), QString("Clear"));
+        QVERIFY(Corvale_Qt::installTranslations(QLocale("fr")));
+        QCOMPARE(clear(), QString("Effacer"));
+        QVERIFY(Corvale_Qt::installTranslations(QLocale("de")));
+        QCOMPARE(clear(), QString("Leeren"));
+        QVERIFY(Corvale_Qt::installTranslations(QLocale("es")));
+        QCOMPARE(clear(), QString("Clear"));
     }
 
     void iconFontIsUsable()

@@ -81,7 +81,7 @@ TcpClientForm::TcpClientForm(QWidget *parent)
     addField(tr("&Port:"),
              m_port,
              tr("The number of the TCP port; the instrument's manual has it."));
-    addField(tr("As&k:"),
+    addField(tr("&Ask:"),
              m_question,
              tr("What to send for each reading, like READ?, if the instrument answers only when "
                 "asked."));

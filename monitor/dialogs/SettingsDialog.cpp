@@ -4,6 +4,7 @@
 #include "monitor/dialogs/Explanation.h"
 #include "monitor/session/RotationText.h"
 #include <corvale_qt/detector/DetectorFile.h>
+#include <corvale_qt/settings/Translations.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -50,6 +52,15 @@ QString numberText(double number)
     return std::isfinite(number) ? QString::number(number, 'g', digits) : QString();
 }
 
+//! Returns the name that a language has in that language, like "Deutsch".
+QString nameOfLanguage(const QString &code)
+{
+    const bool isEnglish = code == QLatin1String("en"); // Qt would say American English
+    QString name = isEnglish ? QStringLiteral("English") : QLocale(code).nativeLanguageName();
+    name.replace(0, 1, name.at(0).toUpper());
+    return name;
+}
+
 //! Reads a number into \a number; an empty text is \a otherwise. Returns false if the text is no number.
 bool readNumber(const QLineEdit *edit, double otherwise, double *number)
 {
@@ -67,6 +78,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     : QDialog(parent)
     , m_former(options)
     , m_start(new QComboBox(this))
+    , m_language(new QComboBox(this))
     , m_speed(new QDoubleSpinBox(this))
     , m_unpaced(new QCheckBox(tr("As fast as &possible"), this))
     , m_loop(new QCheckBox(tr("Play a file &again and again"), this))
@@ -113,6 +125,15 @@ QWidget *SettingsDialog::newStartPage(const QString &settingsFile)
              tr("&Open:"),
              m_start,
              tr("What a start shows if the command line names no source."));
+    m_language->addItem(tr("As the desktop"), QString());
+    for (const QString &code : Corvale_Qt::translationLanguages())
+        m_language->addItem(nameOfLanguage(code), code);
+    m_language->setObjectName(QStringLiteral("language"));
+    addField(layout,
+             tr("&Language:"),
+             m_language,
+             tr("Takes effect at the next start. Numbers, files and the log are the same in every "
+                "language."));
     auto *file = new QLabel(settingsFile, page);
     file->setTextFormat(Qt::PlainText);
     file->setWordWrap(true);
@@ -206,6 +227,7 @@ QWidget *SettingsDialog::withBrowse(QLineEdit *edit, bool folder)
 void SettingsDialog::fill()
 {
     m_start->setCurrentIndex(int(m_former.start));
+    m_language->setCurrentIndex(qMax(0, m_language->findData(m_former.language)));
     m_unpaced->setChecked(m_former.file.speed == 0.0);
     m_speed->setValue(m_former.file.speed > 0.0 ? m_former.file.speed : 1.0);
     m_loop->setChecked(m_former.file.loop);
@@ -226,6 +248,7 @@ MonitorOptions SettingsDialog::options() const
     constexpr double infinity = std::numeric_limits<double>::infinity();
     MonitorOptions options = m_former;
     options.start = MonitorOptions::Start(m_start->currentIndex());
+    options.language = m_language->currentData().toString();
     options.file.speed = m_unpaced->isChecked() ? 0.0 : m_speed->value();
     options.file.loop = m_loop->isChecked();
     readNumber(m_from, -infinity, &options.file.from);

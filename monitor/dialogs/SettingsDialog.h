@@ -14,7 +14,7 @@ class QLineEdit;
 
 namespace Monitor {
 
-//! Asks for what the command line can also say: how files are played, limits, the detector, and recordings.
+//! Asks for what the command line can also say: the language, how files are played, limits, the detector, and recordings.
 class SettingsDialog : public QDialog
 {
     Q_OBJECT
@@ -40,6 +40,7 @@ private:
 
     const MonitorOptions m_former;
     QComboBox *m_start;
+    QComboBox *m_language;
     QDoubleSpinBox *m_speed;
     QCheckBox *m_unpaced;
     QCheckBox *m_loop;

@@ -198,7 +198,7 @@ bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
     if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
         return false;
     QByteArray text = recordingHeader(m_header.hasFrames() ? m_header.ofNumbers() : m_header,
-                                      tr("saved from the monitor's buffer"));
+                                      QStringLiteral("saved from the monitor's buffer"));
     std::vector<double> values(static_cast<std::size_t>(NumberOfChannels()));
     constexpr int pieceSize = 1024 * 1024;
     for (int row = 1; row < rowCount(); ++row) {

@@ -6,6 +6,7 @@
 #include "monitor/session/RotationText.h"
 #include "monitor/sources/SourceFactory.h"
 #include <corvale_qt/detector/DetectorFile.h>
+#include <corvale_qt/settings/Translations.h>
 #include <corvale_qt/widgets/TimeSpan.h>
 
 #include <QCommandLineParser>
@@ -121,6 +122,13 @@ public:
         *display = text("view");
         if (isSet("view") && !names.contains(*display))
             fail("view", Text::tr("one of %1").arg(names.join(QStringLiteral(", "))));
+    }
+    void language(QString *language)
+    {
+        const QStringList known = Corvale_Qt::translationLanguages();
+        *language = text("language");
+        if (isSet("language") && !known.contains(*language))
+            fail("language", Text::tr("one of %1").arg(known.join(QStringLiteral(", "))));
     }
 
     void computed(QVector<Corvale_Qt::ComputedChannel> *channels)
@@ -261,6 +269,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.rotation(&record);
     values.import(&file.import);
     values.display(&display);
+    values.language(&language);
     values.span(&span);
     speedGiven = values.isSet("speed");
     if (task == Task::Screenshot && !values.isSet("speed"))

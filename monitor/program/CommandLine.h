@@ -59,6 +59,7 @@ struct CommandLine
     double toleranceX = 0.0;
     double toleranceY = 0.0;
     QString settings;
+    QString language; //!< of --language, like "de"; empty without it
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
 

@@ -69,6 +69,10 @@ QVector<OptionText> optionTexts()
         {"settings",
          "FILE",
          Text::tr("Keep settings and window layout in this file; each file has one window.")},
+        {"language",
+         "CODE",
+         Text::tr("Show texts in this language: de, en, fr or ja. Without it a window has that of "
+                  "its settings or of the desktop, and a picture is English.")},
         {"screenshot",
          "FILE.png",
          Text::tr("Draw the window into a picture, without a display, and end.")},

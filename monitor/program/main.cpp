@@ -2,11 +2,14 @@
 #include "monitor/core/Text.h"
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessRun.h"
+#include "monitor/program/Language.h"
 #include "monitor/program/QuietMessages.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/WindowRun.h"
+#include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/SourceSwitch.h"
+#include "monitor/window/WindowSettings.h"
 #include <corvale_qt/widgets/QtSingleApplication.h>
 
 #include <QApplication>
@@ -102,6 +105,8 @@ int runOnScreen(const CommandLine &commandLine, char **argv)
     dressApplication();
     if (application.sendMessage(commandLine.source))
         return answerSecondStart(commandLine, settings);
+    installLanguage(commandLine.language.isEmpty() ? keptOptions(WindowSettings(settings)).language
+                                                   : commandLine.language);
     WindowRun run(commandLine);
     if (run.prepare())
         application.setActivationWindow(run.window());
@@ -143,6 +148,9 @@ int main(int argc, char **argv)
     QApplication application(qtArguments, argv);
     nameApplication();
     if (commandLine.task == CommandLine::Task::Screenshot) {
+        // A picture looks the same for every user.
+        installLanguage(commandLine.language.isEmpty() ? QStringLiteral("en")
+                                                       : commandLine.language);
         WindowRun run(commandLine);
         run.prepare();
         return run.run();

@@ -207,8 +207,9 @@ void Recorder::appendLoss()
     if (m_lost == 0)
         return;
     QByteArray line;
-    appendRecordingEvent(&line,
-                         tr("%1 readings were lost here because the disk was full").arg(m_lost));
+    appendRecordingEvent(
+        &line,
+        QStringLiteral("%1 readings were lost here because the disk was full").arg(m_lost));
     m_waiting.append(line);
     m_lost = 0;
 }

@@ -30,6 +30,8 @@ struct MonitorOptions
     QString rotation;
     //! Whether each file of such a recording is compressed once it is complete.
     bool compress = false;
+    //! The language of the texts, like "de"; empty for that of the desktop.
+    QString language;
 
     bool hasRange() const { return rangeLow < rangeHigh; }
 };

@@ -217,7 +217,7 @@ void Session::tellHeldBack(double now)
         Q_EMIT noted(tr("WARNING %1 more events are not listed").arg(events));
     const qint64 events = m_recordedEvents.takeHeldBack(now);
     if (m_recorder && events > 0)
-        m_recorder->addEvent(tr("%1 more events are not recorded").arg(events));
+        m_recorder->addEvent(QStringLiteral("%1 more events are not recorded").arg(events));
 }
 
 void Session::takeReadings(const ReadingBlock &arrived)

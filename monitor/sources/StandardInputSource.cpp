@@ -20,7 +20,7 @@ StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *
 
 QString StandardInputSource::description() const
 {
-    return tr("standard input");
+    return QStringLiteral("standard input"); // as recordings have it, in every language
 }
 
 void StandardInputSource::open()

@@ -15,6 +15,7 @@ const QString detectorKey = QStringLiteral("detector");
 const QString folderKey = QStringLiteral("record-folder");
 const QString rotateKey = QStringLiteral("record-rotate");
 const QString compressKey = QStringLiteral("record-compress");
+const QString languageKey = QStringLiteral("language");
 
 const QString yes = QStringLiteral("yes");
 const QStringList startNames = {QStringLiteral("simulator"),
@@ -44,6 +45,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
     options.compress = settings.text(compressKey) == yes;
+    options.language = settings.text(languageKey);
     return options;
 }
 
@@ -57,6 +59,7 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);
     settings.setText(compressKey, options.compress ? yes : QString());
+    settings.setText(languageKey, options.language);
 }
 
 } // namespace Monitor

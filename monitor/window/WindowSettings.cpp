@@ -13,6 +13,8 @@
 #include <QSettings>
 #include <QUrl>
 
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -105,7 +107,9 @@ double WindowSettings::timeSpan() const
 
 void WindowSettings::setTimeSpan(double seconds)
 {
-    setValue(QStringLiteral("Monitor/time-span"), Corvale_Qt::TimeSpan::text(seconds));
+    // The text of a span without a limit depends on the language; "all" is read in every one.
+    setValue(QStringLiteral("Monitor/time-span"),
+             std::isinf(seconds) ? QStringLiteral("all") : Corvale_Qt::TimeSpan::text(seconds));
 }
 
 bool WindowSettings::showsLegend() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
+#include "monitor/program/Language.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
 #include "monitor/window/Appearance.h"
@@ -103,7 +104,7 @@ QStringList mnemonicsIn(const QWidget *window)
 {
     QStringList keys;
     const auto add = [&](const QWidget *part, const QString &text) {
-        if (part->window() == window && !mnemonicOf(text).isNull())
+        if (part->window() == window && part->isVisibleTo(window) && !mnemonicOf(text).isNull())
             keys.append(QString("Alt+%1: %2").arg(mnemonicOf(text)).arg(text));
     };
     for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
@@ -111,8 +112,58 @@ QStringList mnemonicsIn(const QWidget *window)
     for (const QLabel *label : window->findChildren<QLabel *>())
         if (label->buddy())
             add(label, label->text());
+    for (const QTabBar *bar : window->findChildren<QTabBar *>())
+        for (int tab = 0; tab < bar->count(); ++tab)
+            add(bar, bar->tabText(tab));
     return keys;
 }
+
+//! Returns keys that more than one text in a window claims.
+QStringList clashesIn(const QWidget *window)
+{
+    QMap<QString, QString> owners;
+    QStringList clashes;
+    for (const QString &mnemonic : mnemonicsIn(window)) {
+        const QString key = mnemonic.section(':', 0, 0);
+        if (owners.contains(key))
+            clashes.append(owners.value(key) + " and " + mnemonic);
+        owners.insert(key, mnemonic);
+    }
+    return clashes;
+}
+
+//! Shows what is opened while it lives in one language.
+struct InLanguage
+{
+    explicit InLanguage(const QString &code) { installLanguage(code); }
+    ~InLanguage() { installLanguage("en"); }
+};
+
+void addLanguages()
+{
+    QTest::addColumn<QString>("language");
+    for (const char *language : {"en", "de", "fr", "ja"})
+        QTest::newRow(language) << QString(language);
+}
+
+/*! Hears which texts are asked for. It translates none, so that the translators behind it do. */
+class TextListener : public QTranslator
+{
+public:
+    TextListener() { QCoreApplication::installTranslator(this); }
+    ~TextListener() override { QCoreApplication::removeTranslator(this); }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        m_heard.insert(qMakePair(QString::fromUtf8(context), QString::fromUtf8(text)));
+        return QString();
+    }
+    bool isEmpty() const override { return false; }
+    //! Returns the texts that were asked for, each with its context.
+    QSet<QPair<QString, QString>> heard() const { return m_heard; }
+
+private:
+    mutable QSet<QPair<QString, QString>> m_heard;
+};
 
 } // namespace
 
@@ -124,8 +175,11 @@ class tst_FrontDoor : public QObject
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
+    void keysAndMnemonicsDoNotClash_data() { addLanguages(); }
     void keysAndMnemonicsDoNotClash()
     {
+        QFETCH(QString, language);
+        const InLanguage inLanguage(language);
         DoorInTest w(file("keys.xui"));
         QMap<QString, QString> owners;
         QSet<const QAction *> inMenus;
@@ -159,6 +213,58 @@ private Q_SLOTS:
             claim(mnemonic.section(':', 0, 0), mnemonic);
         QCOMPARE(clashes.join("; "), QString());
         QVERIFY(owners.size() > 50);
+    }
+
+    void mnemonicsOfDialogsDoNotClash_data() { addLanguages(); }
+    void mnemonicsOfDialogsDoNotClash()
+    {
+        QFETCH(QString, language);
+        const InLanguage inLanguage(language);
+        ManualClock clock;
+        SettingsDialog settings(MonitorOptions(), file("dialog.xui"));
+        auto *pages = settings.findChild<QTabWidget *>();
+        QStringList clashes;
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentIndex(page);
+            clashes += clashesIn(&settings);
+        }
+        ConnectDialog connection(clock, {});
+        auto *kinds = connection.findChild<QListWidget *>("kinds");
+        for (int row = 0; row < kinds->count(); ++row) {
+            kinds->setCurrentRow(row);
+            clashes += clashesIn(&connection);
+        }
+        QCOMPARE(clashes.join("; "), QString());
+    }
+
+    /*! A text whose context the catalogs do not know would stay English. The lines of the log and what goes into files are
+        English on purpose. */
+    void everyTextIsFoundInTheCatalogs()
+    {
+        const InLanguage german("de");
+        QTranslator catalogs[2];
+        QVERIFY(catalogs[0].load(":/corvale_qt/translations/corvale_qt_de"));
+        QVERIFY(catalogs[1].load(":/corvale_monitor/translations/corvale_monitor_de"));
+        const TextListener listener;
+        DoorInTest w(file("texts.xui"));
+        QCOMPARE(w.action("settings")->text().remove('&'), QString("Einstellungen..."));
+        w.source->begin(StreamKind::Pixels, 64);
+        w.run(3);
+        w.settle();
+        ConnectDialog connection(w.clock, {});
+        SettingsDialog settings(MonitorOptions(), file("texts.xui"));
+        QStringList missing;
+        for (const auto &[context, text] : listener.heard()) {
+            const QByteArray inContext = context.toUtf8(), source = text.toUtf8();
+            const bool isOurs = context.startsWith("Corvale_Qt") || context.startsWith("Monitor");
+            const bool isLogged = context == "Monitor::EventLog";
+            if (isOurs && !isLogged && !text.isEmpty()
+                && catalogs[0].translate(inContext, source).isEmpty()
+                && catalogs[1].translate(inContext, source).isEmpty())
+                missing.append(context + ": " + text);
+        }
+        QCOMPARE(missing.join("; "), QString());
+        QVERIFY(listener.heard().size() > 300);
     }
 
     void aSourceIsConnectedByKeyboardAlone()
@@ -436,6 +542,8 @@ private Q_SLOTS:
         QVERIFY(!fault().isEmpty());
         type("detector", "");
         dialog.findChild<QDoubleSpinBox *>("speed")->setValue(2.5);
+        auto *languages = dialog.findChild<QComboBox *>("language");
+        languages->setCurrentIndex(languages->findText("Deutsch"));
         QCOMPARE(fault(), QString());
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         {
@@ -445,6 +553,7 @@ private Q_SLOTS:
         const MonitorOptions kept = keptOptions(WindowSettings(settingsFile));
         QCOMPARE(kept.file.speed, 2.5);
         QCOMPARE(kept.rangeHigh, 1e-6);
+        QCOMPARE(kept.language, QString("de"));
         QCOMPARE(kept.rotation, QString("1h"));
         QVERIFY(kept.compress);
         QVERIFY(std::isinf(kept.file.to)); // belongs to one file

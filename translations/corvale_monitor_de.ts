@@ -1,0 +1,2404 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Monitor::Appearance</name>
+    <message>
+        <source>Appea&amp;rance</source>
+        <translation>A&amp;ussehen</translation>
+    </message>
+    <message>
+        <source>As the des&amp;ktop</source>
+        <translation>&amp;Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Baseline</name>
+    <message>
+        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ZEROED</source>
+        <translation>GENULLT</translation>
+    </message>
+    <message>
+        <source>BACKGROUND SUBTRACTED</source>
+        <translation>UNTERGRUND ABGEZOGEN</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::BigNumbers</name>
+    <message>
+        <source>Big numbers - Corvale Monitor</source>
+        <translation>Große Zahlen - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>Beam: position and width</source>
+        <translation>Strahl: Lage und Breite</translation>
+    </message>
+    <message>
+        <source>No readings</source>
+        <translation>Keine Messwerte</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Strahl</translation>
+    </message>
+    <message>
+        <source>no valid data</source>
+        <translation>keine gültigen Daten</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULIERT</translation>
+    </message>
+    <message>
+        <source>PAUSED</source>
+        <translation>ANGEHALTEN</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>VERALTET</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>ENDE</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ClearUndo</name>
+    <message>
+        <source>&amp;Undo clear</source>
+        <translation>&amp;Leeren rückgängig</translation>
+    </message>
+    <message>
+        <source>Bring back</source>
+        <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
+        <translation>%1 Messwerte wurden aus den Anzeigen gelöscht. Eine Minute lang lassen sie sich zurückholen (%2).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ConnectDialog</name>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>Be&amp;halten</translation>
+    </message>
+    <message>
+        <source>For&amp;get</source>
+        <translation>&amp;Vergessen</translation>
+    </message>
+    <message>
+        <source>&amp;Test</source>
+        <translation>&amp;Testen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Test shows the first lines of the source and what they are read as.</source>
+        <translation>Testen zeigt die ersten Zeilen der Quelle und wie sie gelesen werden.</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>Ver&amp;binden</translation>
+    </message>
+    <message>
+        <source>Kind of source</source>
+        <translation>Art der Quelle</translation>
+    </message>
+    <message>
+        <source>Na&amp;me:</source>
+        <translation>Na&amp;me:</translation>
+    </message>
+    <message>
+        <source>Connections that were kept. Type a name and choose Keep to add one.</source>
+        <translation>Behaltene Verbindungen. Einen Namen eingeben und Behalten wählen, um eine hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>a name for this connection, if it is to be kept</source>
+        <translation>ein Name für diese Verbindung, falls sie behalten werden soll</translation>
+    </message>
+    <message>
+        <source>A field that is needed is empty.</source>
+        <translation>Ein nötiges Feld ist leer.</translation>
+    </message>
+    <message>
+        <source>On the command line: corvale-monitor &quot;%1&quot;</source>
+        <translation>Auf der Befehlszeile: corvale-monitor &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>This source is open: its readings are in the window.</source>
+        <translation>Diese Quelle ist offen: Ihre Messwerte sind im Fenster.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::DisplayTabs</name>
+    <message>
+        <source>Scope</source>
+        <translation>Scope</translation>
+    </message>
+    <message>
+        <source>2D profile</source>
+        <translation>2D-Profil</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Spot map</source>
+        <translation>Spotkarte</translation>
+    </message>
+    <message>
+        <source>Position errors</source>
+        <translation>Positionsfehler</translation>
+    </message>
+    <message>
+        <source>%1; in all layers %2</source>
+        <translation>%1; in allen Schichten %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Copy values</source>
+        <translation>&amp;Werte kopieren</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>&amp;Bild kopieren</translation>
+    </message>
+    <message>
+        <source>C&amp;lear readings...</source>
+        <translation>&amp;Messwerte leeren...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ExportActions</name>
+    <message>
+        <source>Save rea&amp;dings shown...</source>
+        <translation>&amp;Gezeigte Messwerte speichern...</translation>
+    </message>
+    <message>
+        <source>Save readings between &amp;markers...</source>
+        <translation>&amp;Messwerte zwischen den Marken speichern...</translation>
+    </message>
+    <message>
+        <source>Save readings</source>
+        <translation>Messwerte speichern</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time.</source>
+        <translation>Nur Verlauf und Scope zeigen Messwerte über der Zeit.</translation>
+    </message>
+    <message>
+        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
+        <translation>Zuerst beide Marken im Diagramm setzen: Marken einschalten, dann mit der linken und der rechten Taste klicken.</translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation>CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>%1 readings were saved to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1 was not saved: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not saved: canceled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Saving readings</source>
+        <translation>Messwerte werden gespeichert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileForm</name>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>D&amp;urchsuchen...</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Datei:</translation>
+    </message>
+    <message>
+        <source>A recording of this program, a file saved by the library, or a table with a line of names and a line for each time.</source>
+        <translation>Eine Aufzeichnung dieses Programms, eine von der Bibliothek gespeicherte Datei oder eine Tabelle mit einer Zeile Namen und einer Zeile für jeden Zeitpunkt.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Choose a recording</source>
+        <translation>Aufzeichnung wählen</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>Tabellen (*.csv *.txt *.dat);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Open recen&amp;t</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Connect...</source>
+        <translation>&amp;Verbinden...</translation>
+    </message>
+    <message>
+        <source>C&amp;lose source</source>
+        <translation>&amp;Quelle schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Settings...</source>
+        <translation>E&amp;instellungen...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>B&amp;eenden</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>Tabellen (*.csv *.txt *.dat);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget these</source>
+        <translation>&amp;Diese vergessen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileSource</name>
+    <message>
+        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
+        <translation>Pfad prüfen und ob dieser Benutzer die Datei lesen darf; eine Tabelle hat eine Zeile Namen und eine Zeile für jeden Zeitpunkt.</translation>
+    </message>
+    <message>
+        <source>none of its %1 readings lies in the times that were asked for</source>
+        <translation>keiner ihrer %1 Messwerte liegt in den verlangten Zeiten</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>it has names or comments, but no row with numbers</source>
+        <translation>sie hat Namen oder Kommentare, aber keine Zeile mit Zahlen</translation>
+    </message>
+    <message>
+        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>keine ihrer %1 Zeilen ist lesbar; die erste war %2; eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein, oder --import muss sagen, wie sie geschrieben ist</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>beim Lesen von %1: %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>Ende von %1 erreicht</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpMenu</name>
+    <message>
+        <source># Keys
+
+Alt and the underlined letter open a menu.
+
+| key | what it does |
+|---|---|
+</source>
+        <translation># Tasten
+
+Alt und der unterstrichene Buchstabe öffnen ein Menü.
+
+| Taste | was sie tut |
+|---|---|
+</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Strg+S</translation>
+    </message>
+    <message>
+        <source>in the scope: saves the readings that are shown</source>
+        <translation>im Scope: speichert die gezeigten Messwerte</translation>
+    </message>
+    <message>
+        <source>Left, Right, Delete</source>
+        <translation>Links, Rechts, Entf</translation>
+    </message>
+    <message>
+        <source>in the scope: moves or removes the markers</source>
+        <translation>im Scope: verschiebt oder entfernt die Marken</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>in the values: shows or hides the channel</source>
+        <translation>bei den Werten: blendet den Kanal ein oder aus</translation>
+    </message>
+    <message>
+        <source>Page Up, Page Down</source>
+        <translation>Bild auf, Bild ab</translation>
+    </message>
+    <message>
+        <source>in the spot map: goes through the layers</source>
+        <translation>in der Spotkarte: blättert durch die Schichten</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+O</source>
+        <translation>Strg+Umschalt+O</translation>
+    </message>
+    <message>
+        <source>moves a display into a separate window, or back</source>
+        <translation>verschiebt eine Anzeige in ein eigenes Fenster oder zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;First steps</source>
+        <translation>&amp;Erste Schritte</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;Line protocol</source>
+        <translation>&amp;Zeilenprotokoll</translation>
+    </message>
+    <message>
+        <source>L&amp;icences</source>
+        <translation>&amp;Lizenzen</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpWindow</name>
+    <message>
+        <source>First steps</source>
+        <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Line protocol</source>
+        <translation>Zeilenprotokoll</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
+
+Library corvale_qt %2, Qt %3, Qwt %4, %5.
+
+Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
+        <translation>Corvale Monitor %1 zeigt die Messwerte von Geräten, die Strahlen geladener Teilchen messen.
+
+Bibliothek corvale_qt %2, Qt %3, Qwt %4, %5.
+
+Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost Software License; Symbole des Bedienfelds: Material Design Icons (OFL, Apache). Hilfe &gt; Lizenzen enthält den Text.</translation>
+    </message>
+    <message>
+        <source>About Corvale Monitor</source>
+        <translation>Über Corvale Monitor</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ImportDialog</name>
+    <message>
+        <source>How is %1 read?</source>
+        <translation>Wie wird %1 gelesen?</translation>
+    </message>
+    <message>
+        <source>This table is read as it is.</source>
+        <translation>Diese Tabelle wird gelesen, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>This is not a recording of the monitor: %1.</source>
+        <translation>Das ist keine Aufzeichnung des Monitors: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Columns are separated by</source>
+        <translation>Spalten sind &amp;getrennt durch</translation>
+    </message>
+    <message>
+        <source>commas, or blanks</source>
+        <translation>Kommas oder Leerzeichen</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>Kommas</translation>
+    </message>
+    <message>
+        <source>semicolons</source>
+        <translation>Semikolons</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>Tabulatoren</translation>
+    </message>
+    <message>
+        <source>blanks</source>
+        <translation>Leerzeichen</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>senkrechte Striche</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal sign</source>
+        <translation>D&amp;ezimalzeichen</translation>
+    </message>
+    <message>
+        <source>point: 1.25</source>
+        <translation>Punkt: 1.25</translation>
+    </message>
+    <message>
+        <source>comma: 1,25</source>
+        <translation>Komma: 1,25</translation>
+    </message>
+    <message>
+        <source>&amp;Names of columns</source>
+        <translation>&amp;Namen der Spalten</translation>
+    </message>
+    <message>
+        <source>in the first line, if it is not all numbers</source>
+        <translation>in der ersten Zeile, wenn sie nicht nur Zahlen hat</translation>
+    </message>
+    <message>
+        <source>in the first line</source>
+        <translation>in der ersten Zeile</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>Zei&amp;t</translation>
+    </message>
+    <message>
+        <source>Which column holds the time of a row, or that none does</source>
+        <translation>Welche Spalte die Zeit einer Zeile enthält, oder dass es keine tut</translation>
+    </message>
+    <message>
+        <source>in the column with such a name</source>
+        <translation>in der Spalte mit solchem Namen</translation>
+    </message>
+    <message>
+        <source>in the column with this number</source>
+        <translation>in der Spalte mit dieser Nummer</translation>
+    </message>
+    <message>
+        <source>in no column; rows are equally spaced</source>
+        <translation>in keiner Spalte; Zeilen haben gleichen Abstand</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumn of the time</source>
+        <translation>Spalte &amp;der Zeit</translation>
+    </message>
+    <message>
+        <source>Time &amp;between two rows</source>
+        <translation>Ze&amp;it zwischen zwei Zeilen</translation>
+    </message>
+    <message>
+        <source>For a table without times, like 1ms, 0.02s or 1min</source>
+        <translation>Für eine Tabelle ohne Zeiten, etwa 1ms, 0.02s oder 1min</translation>
+    </message>
+    <message>
+        <source>Times &amp;are</source>
+        <translation>Zeiten &amp;sind</translation>
+    </message>
+    <message>
+        <source>numbers, in seconds or the unit of the name</source>
+        <translation>Zahlen, in Sekunden oder der Einheit im Namen</translation>
+    </message>
+    <message>
+        <source>dates; UTC where no zone is written</source>
+        <translation>Datumsangaben; UTC, wo keine Zone steht</translation>
+    </message>
+    <message>
+        <source>dates; local time where no zone is written</source>
+        <translation>Datumsangaben; Ortszeit, wo keine Zone steht</translation>
+    </message>
+    <message>
+        <source>&amp;Form of dates</source>
+        <translation>&amp;Form der Daten</translation>
+    </message>
+    <message>
+        <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
+        <translation>Leer für ISO 8601 (2026-03-01T12:00:00.5), sonst etwa dd.MM.yyyy HH:mm:ss.zzz</translation>
+    </message>
+    <message>
+        <source>Lines to &amp;skip first</source>
+        <translation>&amp;Zuerst zu überspringende Zeilen</translation>
+    </message>
+    <message>
+        <source>Co&amp;mments begin with</source>
+        <translation>&amp;Kommentare beginnen mit</translation>
+    </message>
+    <message>
+        <source>One sign; # always begins one</source>
+        <translation>Ein Zeichen; # beginnt immer einen</translation>
+    </message>
+    <message>
+        <source>The first rows as they will be read</source>
+        <translation>Die ersten Zeilen, wie sie gelesen werden</translation>
+    </message>
+    <message>
+        <source>Please state the time between two rows, for example 1ms.</source>
+        <translation>Bitte die Zeit zwischen zwei Zeilen angeben, etwa 1ms.</translation>
+    </message>
+    <message>
+        <source>It cannot be read so: %1.</source>
+        <translation>So ist sie nicht lesbar: %1.</translation>
+    </message>
+    <message>
+        <source>None of its rows can be read so; the first is %1</source>
+        <translation>Keine Zeile ist so lesbar; die erste ist %1</translation>
+    </message>
+    <message>
+        <source>It contains no rows.</source>
+        <translation>Sie enthält keine Zeilen.</translation>
+    </message>
+    <message>
+        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <translation>%1 der ersten Zeilen sind so nicht lesbar; die erste ist %2</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read.</source>
+        <translation>Alle ersten Zeilen sind lesbar.</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read. The time 0 is %1 (UTC).</source>
+        <translation>Alle ersten Zeilen sind lesbar. Die Zeit 0 ist %1 (UTC).</translation>
+    </message>
+    <message>
+        <source>On the command line: --import &quot;%1&quot;</source>
+        <translation>Auf der Befehlszeile: --import &quot;%1&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LatestValuePanel</name>
+    <message>
+        <source>&amp;All</source>
+        <translation>&amp;Alle</translation>
+    </message>
+    <message>
+        <source>Show all channels</source>
+        <translation>Alle Kanäle zeigen</translation>
+    </message>
+    <message>
+        <source>N&amp;one</source>
+        <translation>&amp;Keine</translation>
+    </message>
+    <message>
+        <source>Show no channel</source>
+        <translation>Keinen Kanal zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>WARNING 2D profile: %1</source>
+        <translation>WARNING 2D profile: %1</translation>
+    </message>
+    <message>
+        <source>%1 columns beyond the first %2 are left out</source>
+        <translation>%1 Spalten nach den ersten %2 bleiben unberücksichtigt</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitActions</name>
+    <message>
+        <source>&amp;Acknowledge alarms</source>
+        <translation>Alarme &amp;quittieren</translation>
+    </message>
+    <message>
+        <source>Alarms make a &amp;sound</source>
+        <translation>&amp;Alarme mit Ton</translation>
+    </message>
+    <message>
+        <source>&amp;Limits...</source>
+        <translation>&amp;Grenzwerte...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitMarks</name>
+    <message>
+        <source>ALARM %1</source>
+        <translation>ALARM %1</translation>
+    </message>
+    <message>
+        <source>WARN %1</source>
+        <translation>WARNUNG %1</translation>
+    </message>
+    <message>
+        <source>%1, above its limit</source>
+        <translation>%1, über dem Grenzwert</translation>
+    </message>
+    <message>
+        <source>%1, below its limit</source>
+        <translation>%1, unter dem Grenzwert</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitsDialog</name>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzwerte</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
+        <translation>Messwerte jenseits eines Grenzwerts sind eine Warnung oder ein Alarm. Eine leere Zelle heißt kein Grenzwert. Zahlen haben einen Dezimalpunkt.</translation>
+    </message>
+    <message>
+        <source>Limits of each channel</source>
+        <translation>Grenzwerte jedes Kanals</translation>
+    </message>
+    <message>
+        <source>Low alarm</source>
+        <translation>Alarm unten</translation>
+    </message>
+    <message>
+        <source>Low warning</source>
+        <translation>Warnung unten</translation>
+    </message>
+    <message>
+        <source>High warning</source>
+        <translation>Warnung oben</translation>
+    </message>
+    <message>
+        <source>High alarm</source>
+        <translation>Alarm oben</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number with a decimal point</source>
+        <translation>„%1“ ist keine Zahl mit Dezimalpunkt</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LineSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>%1: silent for %2 s</source>
+        <translation>%1: seit %2 s still</translation>
+    </message>
+    <message>
+        <source>%1; trying again in %2 s</source>
+        <translation>%1; neuer Versuch in %2 s</translation>
+    </message>
+    <message>
+        <source>%1; waiting for the next one</source>
+        <translation>%1; warte auf die nächste</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>Ende von %1 erreicht</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MeasureMenu</name>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Messen</translation>
+    </message>
+    <message>
+        <source>&amp;Limits</source>
+        <translation>&amp;Grenzwerte</translation>
+    </message>
+    <message>
+        <source>&amp;Zero</source>
+        <translation>&amp;Nullen</translation>
+    </message>
+    <message>
+        <source>Subtracts the newest reading of each channel from what is shown.</source>
+        <translation>Zieht den neuesten Messwert jedes Kanals von der Anzeige ab.</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>&amp;Untergrund</translation>
+    </message>
+    <message>
+        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
+        <translation>Zieht das Mittel der letzten %1 Messwerte jedes Kanals von der Anzeige ab.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove zero and background</source>
+        <translation>Nullung und Untergrund &amp;aufheben</translation>
+    </message>
+    <message>
+        <source>&amp;Average of the scope</source>
+        <translation>Mittelung &amp;im Scope</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>&amp;Keine</translation>
+    </message>
+    <message>
+        <source>%1 readings</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>&amp;Markers</source>
+        <translation>&amp;Marken</translation>
+    </message>
+    <message>
+        <source>Two clicks on the scope place markers; the numbers between them stand beside it.</source>
+        <translation>Zwei Klicks im Scope setzen Marken; die Zahlen dazwischen stehen daneben.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorStatusBar</name>
+    <message>
+        <source>Where the readings come from</source>
+        <translation>Woher die Messwerte kommen</translation>
+    </message>
+    <message>
+        <source>Abnormal states</source>
+        <translation>Abweichende Zustände</translation>
+    </message>
+    <message>
+        <source>Readings per second</source>
+        <translation>Messwerte pro Sekunde</translation>
+    </message>
+    <message>
+        <source>Lines that could not be used; the log lists them</source>
+        <translation>Unbrauchbare Zeilen; das Protokoll führt sie auf</translation>
+    </message>
+    <message>
+        <source>Pauses longer than three of the usual steps</source>
+        <translation>Pausen länger als drei übliche Schritte</translation>
+    </message>
+    <message>
+        <source>The file that is being recorded (Ctrl+R)</source>
+        <translation>Die Datei, in die aufgezeichnet wird (Strg+R)</translation>
+    </message>
+    <message>
+        <source>Time, UTC</source>
+        <translation>Zeit, UTC</translation>
+    </message>
+    <message>
+        <source>%1 /s</source>
+        <translation>%1 /s</translation>
+    </message>
+    <message>
+        <source>1 bad line</source>
+        <translation>1 schlechte Zeile</translation>
+    </message>
+    <message>
+        <source>%1 bad lines</source>
+        <translation>%1 schlechte Zeilen</translation>
+    </message>
+    <message>
+        <source>1 gap</source>
+        <translation>1 Lücke</translation>
+    </message>
+    <message>
+        <source>%1 gaps</source>
+        <translation>%1 Lücken</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULIERT</translation>
+    </message>
+    <message>
+        <source>PAUSED, %1 readings wait</source>
+        <translation>ANGEHALTEN, %1 Messwerte warten</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>VERALTET</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>ENDE</translation>
+    </message>
+    <message>
+        <source>DISK FULL IN %1</source>
+        <translation>PLATTE VOLL IN %1</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>AUFZEICHNUNG GESTÖRT</translation>
+    </message>
+    <message>
+        <source>%1 (over, F8 acknowledges)</source>
+        <translation>%1 (vorbei, F8 quittiert)</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und noch %2</translation>
+    </message>
+    <message>
+        <source>not recording</source>
+        <translation>keine Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>REC %1, %2</source>
+        <translation>REC %1, %2</translation>
+    </message>
+    <message>
+        <source>%1, room for %2</source>
+        <translation>%1, Platz für %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorWindow</name>
+    <message>
+        <source>Latest &amp;values</source>
+        <translation>&amp;Neueste Werte</translation>
+    </message>
+    <message>
+        <source>Statist&amp;ics</source>
+        <translation>S&amp;tatistik</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>P&amp;rotokoll</translation>
+    </message>
+    <message>
+        <source>Latest values</source>
+        <translation>Neueste Werte</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>Log (UTC)</source>
+        <translation>Protokoll (UTC)</translation>
+    </message>
+    <message>
+        <source>%1 - Corvale Monitor</source>
+        <translation>%1 - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>Do not show again</source>
+        <translation>Nicht mehr zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MultichannelDeviceModel</name>
+    <message>
+        <source>no unit</source>
+        <translation>keine Einheit</translation>
+    </message>
+    <message>
+        <source>%1, channel %2, %3</source>
+        <translation>%1, Kanal %2, %3</translation>
+    </message>
+    <message>
+        <source>no reading</source>
+        <translation>kein Messwert</translation>
+    </message>
+    <message>
+        <source>%1 %2, over range</source>
+        <translation>%1 %2, außerhalb des Bereichs</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::NoSource</name>
+    <message>
+        <source>No source is open</source>
+        <translation>Keine Quelle ist offen</translation>
+    </message>
+    <message>
+        <source>File &gt; Open... plays a recording, File &gt; Connect... reads an instrument.</source>
+        <translation>Datei &gt; Öffnen... spielt eine Aufzeichnung ab, Datei &gt; Verbinden... liest ein Gerät.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PgmSource</name>
+    <message>
+        <source>Check the path and whether this user may read it; a folder needs files called *.pgm, with grey images of at most 256 x 256 pixels.</source>
+        <translation>Pfad prüfen und ob dieser Benutzer ihn lesen darf; ein Ordner braucht Dateien *.pgm mit Graustufenbildern von höchstens 256 x 256 Pixeln.</translation>
+    </message>
+    <message>
+        <source>%1 has no files called *.pgm</source>
+        <translation>%1 hat keine Dateien *.pgm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>Ende von %1 erreicht</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>beim Lesen von %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureActions</name>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>Bild &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>D&amp;rucken...</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
+        <translation>Der Drucker %1 hat das Bild nicht angenommen. Einen anderen wählen oder das Bild speichern.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureTaker</name>
+    <message>
+        <source>%1: no data for %2 s. %3</source>
+        <translation>%1: seit %2 s keine Daten. %3</translation>
+    </message>
+    <message>
+        <source>%1: there is nothing to draw in its last reading</source>
+        <translation>%1: im letzten Messwert gibt es nichts zu zeichnen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ProfilePage</name>
+    <message>
+        <source>mean X %1</source>
+        <translation>Mittel X %1</translation>
+    </message>
+    <message>
+        <source>mean Y %1</source>
+        <translation>Mittel Y %1</translation>
+    </message>
+    <message>
+        <source>σ X %1</source>
+        <translation>σ X %1</translation>
+    </message>
+    <message>
+        <source>σ Y %1</source>
+        <translation>σ Y %1</translation>
+    </message>
+    <message>
+        <source>rotation %1°</source>
+        <translation>Drehung %1°</translation>
+    </message>
+    <message>
+        <source>elongation %1</source>
+        <translation>Elongation %1</translation>
+    </message>
+    <message>
+        <source>integral %1</source>
+        <translation>Integral %1</translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>Max. %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::RecordAction</name>
+    <message>
+        <source>Stop &amp;recording</source>
+        <translation>Aufzeichnung &amp;beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Record...</source>
+        <translation>&amp;Aufzeichnen...</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>Aufzeichnungen (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Recorder</name>
+    <message>
+        <source>%1 exists already; choose another name or allow overwriting</source>
+        <translation>%1 gibt es schon; einen anderen Namen wählen oder Überschreiben erlauben</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1; it goes on in %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 %2, and %3</source>
+        <translation>%1 %2, und %3</translation>
+    </message>
+    <message>
+        <source>recording: %1 %2; it goes on in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>unbegrenzt warten</translation>
+    </message>
+    <message>
+        <source>P&amp;ort:</source>
+        <translation>A&amp;nschluss:</translation>
+    </message>
+    <message>
+        <source>The ports of this machine, or the path of another one. Reading one needs the group dialout.</source>
+        <translation>Die Anschlüsse dieses Rechners oder der Pfad eines anderen. Zum Lesen ist die Gruppe dialout nötig.</translation>
+    </message>
+    <message>
+        <source>&amp;Rate:</source>
+        <translation>&amp;Rate:</translation>
+    </message>
+    <message>
+        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <translation>Bit pro Sekunde, wie am Gerät eingestellt; 8 Datenbits, keine Parität, 1 Stoppbit.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Stille:</translation>
+    </message>
+    <message>
+        <source>no port found; for example /dev/ttyUSB0</source>
+        <translation>kein Anschluss gefunden; zum Beispiel /dev/ttyUSB0</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Serieller Anschluss</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialSource</name>
+    <message>
+        <source>Check that the device is plugged in, that this user may open it (group dialout), and the baud rate.</source>
+        <translation>Prüfen, ob das Gerät eingesteckt ist, ob dieser Benutzer es öffnen darf (Gruppe dialout), und die Baudrate.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Session</name>
+    <message>
+        <source>the detector is not used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1 more events are not listed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is the source; record to another file</source>
+        <translation>%1 ist die Quelle; in eine andere Datei aufzeichnen</translation>
+    </message>
+    <message>
+        <source>recording to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR recording stalled: %1; trying again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording resumed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording to %1 ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
+        <translation>die Aufzeichnung %1 ist unvollständig, %2 Messwerte fehlen%3</translation>
+    </message>
+    <message>
+        <source>: %1</source>
+        <translation>: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SettingsDialog</name>
+    <message>
+        <source>As fast as &amp;possible</source>
+        <translation>So schnell wie &amp;möglich</translation>
+    </message>
+    <message>
+        <source>Play a file &amp;again and again</source>
+        <translation>Datei immer &amp;wieder abspielen</translation>
+    </message>
+    <message>
+        <source>its first reading</source>
+        <translation>ihr erster Messwert</translation>
+    </message>
+    <message>
+        <source>its last reading</source>
+        <translation>ihr letzter Messwert</translation>
+    </message>
+    <message>
+        <source>as the source says</source>
+        <translation>wie die Quelle es angibt</translation>
+    </message>
+    <message>
+        <source>record nothing by itself</source>
+        <translation>nichts von selbst aufzeichnen</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>nie</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>S&amp;tart</translation>
+    </message>
+    <message>
+        <source>&amp;Files</source>
+        <translation>Date&amp;ien</translation>
+    </message>
+    <message>
+        <source>R&amp;eadings</source>
+        <translation>Messwe&amp;rte</translation>
+    </message>
+    <message>
+        <source>Re&amp;cordings</source>
+        <translation>&amp;Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>A simulated beam</source>
+        <translation>Ein simulierter Strahl</translation>
+    </message>
+    <message>
+        <source>The last source</source>
+        <translation>Die letzte Quelle</translation>
+    </message>
+    <message>
+        <source>No source</source>
+        <translation>Keine Quelle</translation>
+    </message>
+    <message>
+        <source>&amp;Open:</source>
+        <translation>Ö&amp;ffnen:</translation>
+    </message>
+    <message>
+        <source>What a start shows if the command line names no source.</source>
+        <translation>Was ein Start zeigt, wenn die Befehlszeile keine Quelle nennt.</translation>
+    </message>
+    <message>
+        <source>Kept in:</source>
+        <translation>Gespeichert in:</translation>
+    </message>
+    <message>
+        <source>--settings FILE on the command line chooses another file, and another window.</source>
+        <translation>--settings DATEI auf der Befehlszeile wählt eine andere Datei und ein anderes Fenster.</translation>
+    </message>
+    <message>
+        <source> times as recorded</source>
+        <translation>-mal so schnell wie aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>Spee&amp;d:</source>
+        <translation>T&amp;empo:</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;Von:</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>&amp;Bis:</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>Zeiten der Datei in Sekunden. Sie gelten für Dateien, die ab jetzt geöffnet werden, bis zum Ende des Programms.</translation>
+    </message>
+    <message>
+        <source>Lowest &amp;limit:</source>
+        <translation>U&amp;ntere Grenze:</translation>
+    </message>
+    <message>
+        <source>&amp;Highest limit:</source>
+        <translation>Obere &amp;Grenze:</translation>
+    </message>
+    <message>
+        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
+        <translation>Messwerte darüber hinaus sind außerhalb des Bereichs, in der Einheit der Messwerte, ab dem nächsten Start einer Quelle. Leer: die Grenzen, die die Quelle angibt.</translation>
+    </message>
+    <message>
+        <source>&amp;Detector:</source>
+        <translation>&amp;Detektor:</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
+        <translation>Eine Datei, die Orte und Kalibrierung des Detektors beschreibt (.json). Leer: was die Quelle angibt.</translation>
+    </message>
+    <message>
+        <source>Fo&amp;lder:</source>
+        <translation>&amp;Ordner:</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
+        <translation>Jede geöffnete Quelle wird in eine neue Datei in diesem Ordner aufgezeichnet, benannt nach Datum und Uhrzeit. Leer: nur Datei &gt; Aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>&amp;New file after:</source>
+        <translation>Neue Datei na&amp;ch:</translation>
+    </message>
+    <message>
+        <source>A time or a size: 1h, 30min, 100M, 2G.</source>
+        <translation>Eine Zeit oder eine Größe: 1h, 30min, 100M, 2G.</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>D&amp;urchsuchen...</translation>
+    </message>
+    <message>
+        <source>Folder for recordings</source>
+        <translation>Ordner für Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Description of a detector</source>
+        <translation>Beschreibung eines Detektors</translation>
+    </message>
+    <message>
+        <source>Detectors (*.json);;All files (*)</source>
+        <translation>Detektoren (*.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>„%1“ ist keine Zahl. Mit Dezimalpunkt schreiben, etwa 1.5 oder -1e-6.</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
+        <translation>Zwischen %1 s und %2 s liegt nichts: Die erste Zeit muss die frühere sein.</translation>
+    </message>
+    <message>
+        <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
+        <translation>Grenzen brauchen zwei Zahlen, die kleinere zuerst; oder beide Felder leer lassen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a time nor a size. Write 1h, 30min, 100M or 2G.</source>
+        <translation>„%1“ ist weder eine Zeit noch eine Größe. Zum Beispiel 1h, 30min, 100M oder 2G schreiben.</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
+        <translation>Gilt ab dem nächsten Start. Zahlen, Dateien und das Protokoll sind in jeder Sprache gleich.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SimulatorForm</name>
+    <message>
+        <source>Strip detector, 32 and 32 strips</source>
+        <translation>Streifendetektor, 32 und 32 Streifen</translation>
+    </message>
+    <message>
+        <source>Pixel detector, 12 by 12</source>
+        <translation>Pixeldetektor, 12 mal 12</translation>
+    </message>
+    <message>
+        <source>Ionisation chamber with 4 sectors</source>
+        <translation>Ionisationskammer mit 4 Sektoren</translation>
+    </message>
+    <message>
+        <source>Spots of a treatment field</source>
+        <translation>Spots eines Bestrahlungsfelds</translation>
+    </message>
+    <message>
+        <source>usual</source>
+        <translation>üblich</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument:</source>
+        <translation>&amp;Gerät:</translation>
+    </message>
+    <message>
+        <source>The beam is computed; no hardware is needed.</source>
+        <translation>Der Strahl wird berechnet; es ist keine Hardware nötig.</translation>
+    </message>
+    <message>
+        <source>S&amp;eed:</source>
+        <translation>Start&amp;wert:</translation>
+    </message>
+    <message>
+        <source>Another number gives another beam and other noise.</source>
+        <translation>Eine andere Zahl ergibt einen anderen Strahl und anderes Rauschen.</translation>
+    </message>
+    <message>
+        <source>Simulated beam</source>
+        <translation>Simulierter Strahl</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceForm</name>
+    <message>
+        <source>Connect again if a source that used to talk says nothing for this long, like 30s. Empty: wait for ever, as there may be no beam.</source>
+        <translation>Neu verbinden, wenn eine Quelle, die gesendet hat, so lange schweigt, etwa 30s. Leer: unbegrenzt warten, denn vielleicht ist kein Strahl da.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceNotice</name>
+    <message>
+        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1: keine von %2 Zeilen war lesbar; die erste war %3. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings.</source>
+        <translation>%1 enthält keine Messwerte.</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings: %2.</source>
+        <translation>%1 enthält keine Messwerte: %2.</translation>
+    </message>
+    <message>
+        <source>%1: no reading has arrived yet</source>
+        <translation>%1: noch ist kein Messwert gekommen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceSwitch</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Opening another source ends the recording.</source>
+        <translation>Eine andere Quelle zu öffnen beendet die Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>Closing the source ends the recording.</source>
+        <translation>Die Quelle zu schließen beendet die Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>Aufzeichnung beenden?</translation>
+    </message>
+    <message>
+        <source>%1 What was recorded stays in %2.</source>
+        <translation>%1 Was aufgezeichnet wurde, bleibt in %2.</translation>
+    </message>
+    <message>
+        <source>&amp;End the recording</source>
+        <translation>&amp;Aufzeichnung beenden</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>The source is open, but it is not recorded. %1</source>
+        <translation>Die Quelle ist offen, wird aber nicht aufgezeichnet. %1</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was. %1</source>
+        <translation>Der Detektor bleibt, wie er war. %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceTest</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Waiting for the first readings ...</source>
+        <translation>Warte auf die ersten Messwerte ...</translation>
+    </message>
+    <message>
+        <source>The source works.</source>
+        <translation>Die Quelle funktioniert.</translation>
+    </message>
+    <message>
+        <source>It contains no readings.</source>
+        <translation>Sie enthält keine Messwerte.</translation>
+    </message>
+    <message>
+        <source>Nothing could be read within %1 s. %2</source>
+        <translation>Innerhalb von %1 s war nichts lesbar. %2</translation>
+    </message>
+    <message>
+        <source>The source works, slowly.</source>
+        <translation>Die Quelle funktioniert, langsam.</translation>
+    </message>
+    <message>
+        <source>Not every line could be used: %1</source>
+        <translation>Nicht jede Zeile war brauchbar: %1</translation>
+    </message>
+    <message>
+        <source>First lines:</source>
+        <translation>Erste Zeilen:</translation>
+    </message>
+    <message>
+        <source>Read as %1 channels, layout %2:</source>
+        <translation>Gelesen als %1 Kanäle, Anordnung %2:</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpanControl</name>
+    <message>
+        <source>Time &amp;span:</source>
+        <translation>&amp;Zeitspanne:</translation>
+    </message>
+    <message>
+        <source>Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, 1.5 min or all. Readings older than the newest 100000 are shown as the range of blocks, for a week; while they are averaged, they are not shown.</source>
+        <translation>Zeit, die der Verlauf zeigt (Strg+T): wählen oder eingeben, etwa 90 s, 2 h, 1.5 min oder alles. Messwerte vor den neuesten 100000 werden eine Woche lang als Bereich von Blöcken gezeigt; bei Mittelung nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpotLayers</name>
+    <message>
+        <source>Spots</source>
+        <translation>Spots</translation>
+    </message>
+    <message>
+        <source>One layer</source>
+        <translation>Eine Schicht</translation>
+    </message>
+    <message>
+        <source>All %1 layers</source>
+        <translation>Alle %1 Schichten</translation>
+    </message>
+    <message>
+        <source>Layer %1 of %2</source>
+        <translation>Schicht %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StaleMarks</name>
+    <message>
+        <source>old: %1</source>
+        <translation>alt: %1</translation>
+    </message>
+    <message>
+        <source>This value is old: no reading has arrived since.</source>
+        <translation>Dieser Wert ist alt: Seither ist kein Messwert gekommen.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputForm</name>
+    <message>
+        <source>Reads the lines that another program writes into this one:
+
+    instrument | corvale-monitor -
+
+What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
+        <translation>Liest die Zeilen, die ein anderes Programm in dieses schreibt:
+
+    instrument | corvale-monitor -
+
+Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zweimal geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Standard input</source>
+        <translation>Standardeingabe</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputSource</name>
+    <message>
+        <source>reading standard input: %1</source>
+        <translation>beim Lesen der Standardeingabe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeBar</name>
+    <message>
+        <source>Tape &amp;deck</source>
+        <translation>&amp;Bandgerät</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapePanel</name>
+    <message>
+        <source>%1 x</source>
+        <translation>%1 x</translation>
+    </message>
+    <message>
+        <source>fastest</source>
+        <translation>schnellst</translation>
+    </message>
+    <message>
+        <source>Tape</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>One reading back (comma)</source>
+        <translation>Einen Messwert zurück (Komma)</translation>
+    </message>
+    <message>
+        <source>Play or pause (Enter)</source>
+        <translation>Abspielen oder anhalten (Eingabe)</translation>
+    </message>
+    <message>
+        <source>One reading on (period)</source>
+        <translation>Einen Messwert weiter (Punkt)</translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken</source>
+        <translation>Wie viel schneller, als aufgezeichnet wurde</translation>
+    </message>
+    <message>
+        <source>Speed of the tape</source>
+        <translation>Tempo des Bands</translation>
+    </message>
+    <message>
+        <source>Repeat from here ([)</source>
+        <translation>Ab hier wiederholen ([)</translation>
+    </message>
+    <message>
+        <source>Repeat up to here (])</source>
+        <translation>Bis hier wiederholen (])</translation>
+    </message>
+    <message>
+        <source>Repeat nothing (Backspace)</source>
+        <translation>Nichts wiederholen (Rücktaste)</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it</source>
+        <translation>Die Zeit des gezeigten Messwerts, wie sie in der Aufzeichnung steht</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
+        <translation>Klicken oder ziehen, um dorthin zu gehen; mit Umschalt ziehen, um ein Stück zu wiederholen. Tasten: links und rechts (mit Umschalt zehnmal so weit), Pos1, Ende, Bild auf und Bild ab zu Ereignissen und Lücken.</translation>
+    </message>
+    <message>
+        <source>Pause the tape</source>
+        <translation>Band anhalten</translation>
+    </message>
+    <message>
+        <source>Play the tape</source>
+        <translation>Band abspielen</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1/%2: </source>
+        <translation>%1/%2: </translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeTimeline</name>
+    <message>
+        <source>Time line of the recording</source>
+        <translation>Zeitleiste der Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>The recording is being looked through: %1 %</source>
+        <translation>Die Aufzeichnung wird durchgesehen: %1 %</translation>
+    </message>
+    <message>
+        <source>The recording cannot be searched: %1</source>
+        <translation>Die Aufzeichnung kann nicht durchsucht werden: %1</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>, part %1 of %2</source>
+        <translation>, Teil %1 von %2</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>no readings for %1 s</source>
+        <translation>keine Messwerte für %1 s</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientForm</name>
+    <message>
+        <source>the instrument talks by itself</source>
+        <translation>das Gerät sendet von selbst</translation>
+    </message>
+    <message>
+        <source>wait for ever</source>
+        <translation>unbegrenzt warten</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>R&amp;echner:</translation>
+    </message>
+    <message>
+        <source>The name or the address of the instrument.</source>
+        <translation>Name oder Adresse des Geräts.</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>&amp;Port:</translation>
+    </message>
+    <message>
+        <source>The number of the TCP port; the instrument&apos;s manual has it.</source>
+        <translation>Die Nummer des TCP-Ports; sie steht im Handbuch des Geräts.</translation>
+    </message>
+    <message>
+        <source>What to send for each reading, like READ?, if the instrument answers only when asked.</source>
+        <translation>Was für jeden Messwert zu senden ist, etwa READ?, wenn das Gerät nur auf Fragen antwortet.</translation>
+    </message>
+    <message>
+        <source>E&amp;very:</source>
+        <translation>A&amp;lle:</translation>
+    </message>
+    <message>
+        <source>How often to ask: 100ms, 1s. Unused without a question.</source>
+        <translation>Wie oft zu fragen ist: 100ms, 1s. Ohne Frage unbenutzt.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Stille:</translation>
+    </message>
+    <message>
+        <source>Network instrument</source>
+        <translation>Gerät im Netzwerk</translation>
+    </message>
+    <message>
+        <source>&amp;Ask:</source>
+        <translation>&amp;Frage:</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientSource</name>
+    <message>
+        <source>Check that the instrument is switched on and reachable, that the port is right, and whether the instrument must be asked (?ask=TEXT).</source>
+        <translation>Prüfen, ob das Gerät eingeschaltet und erreichbar ist, ob der Port stimmt und ob das Gerät gefragt werden muss (?ask=TEXT).</translation>
+    </message>
+    <message>
+        <source>closed by the other side</source>
+        <translation>von der Gegenseite geschlossen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>unbegrenzt warten</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse:</translation>
+    </message>
+    <message>
+        <source>127.0.0.1 lets only programs of this machine connect, 0.0.0.0 every machine of the network.</source>
+        <translation>127.0.0.1 lässt nur Programme dieses Rechners verbinden, 0.0.0.0 jeden Rechner des Netzes.</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>&amp;Port:</translation>
+    </message>
+    <message>
+        <source>The TCP port that this program opens and the other one connects to.</source>
+        <translation>Der TCP-Port, den dieses Programm öffnet und mit dem sich das andere verbindet.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Stille:</translation>
+    </message>
+    <message>
+        <source>Wait for a program</source>
+        <translation>Auf ein Programm warten</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerSource</name>
+    <message>
+        <source>Check that no other program listens on this port, that the address belongs to this machine, and that the sender uses the same port.</source>
+        <translation>Prüfen, ob kein anderes Programm auf diesem Port wartet, ob die Adresse zu diesem Rechner gehört und ob der Sender denselben Port benutzt.</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the peer closed the connection</source>
+        <translation>die Gegenstelle hat die Verbindung geschlossen</translation>
+    </message>
+    <message>
+        <source>the connection broke (%1)</source>
+        <translation>die Verbindung ist abgebrochen (%1)</translation>
+    </message>
+    <message>
+        <source>%1: a new peer replaces the old one</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Text</name>
+    <message>
+        <source>its columns are separated by semicolons</source>
+        <translation>ihre Spalten sind durch Semikolons getrennt</translation>
+    </message>
+    <message>
+        <source>its columns are separated by tabs</source>
+        <translation>ihre Spalten sind durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>its columns are separated by bars</source>
+        <translation>ihre Spalten sind durch senkrechte Striche getrennt</translation>
+    </message>
+    <message>
+        <source>its values are in quotes</source>
+        <translation>ihre Werte stehen in Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>its numbers have a decimal comma</source>
+        <translation>ihre Zahlen haben ein Dezimalkomma</translation>
+    </message>
+    <message>
+        <source>its times are dates</source>
+        <translation>ihre Zeiten sind Datumsangaben</translation>
+    </message>
+    <message>
+        <source>its times are dates without a time zone (local time is assumed; clock=utc otherwise)</source>
+        <translation>ihre Zeiten sind Datumsangaben ohne Zeitzone (Ortszeit wird angenommen; sonst clock=utc)</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> und </translation>
+    </message>
+    <message>
+        <source>no column holds the time, and %1 is no time</source>
+        <translation>keine Spalte enthält die Zeit, und %1 ist keine Zeit</translation>
+    </message>
+    <message>
+        <source>no column holds the time</source>
+        <translation>keine Spalte enthält die Zeit</translation>
+    </message>
+    <message>
+        <source>, and </source>
+        <translation>, und </translation>
+    </message>
+    <message>
+        <source>%1. The option --import &quot;%2&quot; reads it</source>
+        <translation>%1. Die Option --import &quot;%2&quot; liest sie</translation>
+    </message>
+    <message>
+        <source>%1. If its rows are 1 ms apart, the option --import &quot;%2&quot; reads it</source>
+        <translation>%1. Wenn ihre Zeilen 1 ms auseinander liegen, liest sie die Option --import &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense; there are delimiter=comma, semicolon, tab, blank or bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, separated by commas</source>
+        <translation>„%1“ ist nicht verständlich; es gibt delimiter=comma, semicolon, tab, blank oder bar, decimal=comma, header=yes oder no, time=SPALTE oder none, interval=1ms, clock=utc oder local, format=dd.MM.yyyy HH:mm:ss, skip=ZEILEN und comment=ZEICHEN, durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>with decimal=comma the delimiter cannot be a comma</source>
+        <translation>mit decimal=comma kann das Trennzeichen kein Komma sein</translation>
+    </message>
+    <message>
+        <source>clock says how a time column is read, and there is none</source>
+        <translation>clock sagt, wie eine Zeitspalte gelesen wird, und es gibt keine</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots</source>
+        <translation>%1 hat mehr als %2 Spots</translation>
+    </message>
+    <message>
+        <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
+        <translation>%1 ist keine Liste von Spots; nötig sind die Spalten x_mm, y_mm und mu</translation>
+    </message>
+    <message>
+        <source>four numbers are needed, empty for no limit</source>
+        <translation>vier Zahlen sind nötig, leer für keinen Grenzwert</translation>
+    </message>
+    <message>
+        <source>the limits must rise from low alarm to high alarm</source>
+        <translation>die Grenzwerte müssen von Alarm unten bis Alarm oben steigen</translation>
+    </message>
+    <message>
+        <source>no spot lies where one is planned</source>
+        <translation>kein Spot liegt, wo einer geplant ist</translation>
+    </message>
+    <message>
+        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
+        <translation>%1 Spots: Mittel X %2, Y %3 mm; Sigma X %4, Y %5 mm; größter %6 mm</translation>
+    </message>
+    <message>
+        <source> (row %1, spot %2)</source>
+        <translation> (Zeile %1, Spot %2)</translation>
+    </message>
+    <message>
+        <source> (row %1)</source>
+        <translation> (Zeile %1)</translation>
+    </message>
+    <message>
+        <source>; no tolerance is set</source>
+        <translation>; keine Toleranz eingestellt</translation>
+    </message>
+    <message>
+        <source>; %1 outside %2 x %3 mm</source>
+        <translation>; %1 außerhalb %2 x %3 mm</translation>
+    </message>
+    <message>
+        <source>%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7</source>
+        <translation>%1 fehlen (%2 %7), %3 zu viel (%4 %7); Gesamtdosis %5 %7 von %6 %7</translation>
+    </message>
+    <message>
+        <source>; largest difference of a spot %1 %2</source>
+        <translation>; größte Differenz eines Spots %1 %2</translation>
+    </message>
+    <message>
+        <source>; %1 spots without a place, a dose or a width are not compared</source>
+        <translation>; %1 Spots ohne Ort, Dosis oder Breite werden nicht verglichen</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it</source>
+        <translation>ein anderes Programm zeichnet gerade darin auf</translation>
+    </message>
+    <message>
+        <source>was removed or renamed</source>
+        <translation>wurde entfernt oder umbenannt</translation>
+    </message>
+    <message>
+        <source>was replaced by another file</source>
+        <translation>wurde durch eine andere Datei ersetzt</translation>
+    </message>
+    <message>
+        <source>was changed by another program</source>
+        <translation>wurde von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>over a year</source>
+        <translation>über ein Jahr</translation>
+    </message>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 d</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>less than a minute</source>
+        <translation>weniger als eine Minute</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source; there are sim:, file:, -, tcp://, tcp-listen:// and serial:</source>
+        <translation>„%1“ ist keine bekannte Art von Quelle; es gibt sim:, file:, -, tcp://, tcp-listen:// und serial:</translation>
+    </message>
+    <message>
+        <source>sim:%1: only seed=NUMBER may follow the question mark</source>
+        <translation>sim:%1: auf das Fragezeichen darf nur seed=ZAHL folgen</translation>
+    </message>
+    <message>
+        <source>there is no simulator &quot;%1&quot;; there are sim:ic4, sim:strips, sim:pixels and sim:spots</source>
+        <translation>es gibt keinen Simulator „%1“; es gibt sim:ic4, sim:strips, sim:pixels und sim:spots</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp://HOST:PORT</source>
+        <translation>„%1“ müsste tcp://RECHNER:PORT sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?ask=TEXT&amp;every=100ms&amp;silence=30s may follow the port</source>
+        <translation>„%1“: auf den Port darf nur ?ask=TEXT&amp;every=100ms&amp;silence=30s folgen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp-listen://127.0.0.1:PORT, with the address of one of this machine&apos;s interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the port</source>
+        <translation>„%1“ müsste tcp-listen://127.0.0.1:PORT sein, mit der Adresse einer Schnittstelle dieses Rechners (0.0.0.0 für alle); auf den Port darf nur ?silence=30s folgen</translation>
+    </message>
+    <message>
+        <source>&quot;serial:%1&quot; should be serial:DEVICE or serial:DEVICE?baud=NUMBER&amp;silence=30s</source>
+        <translation>„serial:%1“ müsste serial:GERÄT oder serial:GERÄT?baud=ZAHL&amp;silence=30s sein</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</source>
+        <translation>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
+        <translation>%1: der Name eines Bildes muss auf .png, .svg oder .pdf enden</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TimeAxisActions</name>
+    <message>
+        <source>Time &amp;axis</source>
+        <translation>&amp;Zeitachse</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+    <message>
+        <source>Local time where the source tells the moment of its readings, otherwise seconds.</source>
+        <translation>Ortszeit, wo die Quelle den Zeitpunkt ihrer Messwerte angibt, sonst Sekunden.</translation>
+    </message>
+    <message>
+        <source>&amp;Seconds</source>
+        <translation>&amp;Sekunden</translation>
+    </message>
+    <message>
+        <source>The times as the source gives them.</source>
+        <translation>Die Zeiten, wie die Quelle sie angibt.</translation>
+    </message>
+    <message>
+        <source>&amp;Relative</source>
+        <translation>&amp;Relativ</translation>
+    </message>
+    <message>
+        <source>The time from the newest reading.</source>
+        <translation>Die Zeit ab dem neuesten Messwert.</translation>
+    </message>
+    <message>
+        <source>&amp;Local time</source>
+        <translation>&amp;Ortszeit</translation>
+    </message>
+    <message>
+        <source>Date and time in the time zone of this computer.</source>
+        <translation>Datum und Uhrzeit in der Zeitzone dieses Rechners.</translation>
+    </message>
+    <message>
+        <source>&amp;UTC</source>
+        <translation>&amp;UTC</translation>
+    </message>
+    <message>
+        <source>Date and time in UTC.</source>
+        <translation>Datum und Uhrzeit in UTC.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerAction</name>
+    <message>
+        <source>&amp;Trigger...</source>
+        <translation>&amp;Trigger...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerDialog</name>
+    <message>
+        <source>Readings that pass this level begin a sweep</source>
+        <translation>Messwerte, die diesen Pegel kreuzen, beginnen einen Durchlauf</translation>
+    </message>
+    <message>
+        <source>How far a reading must have been on the other side of the level; more than the noise</source>
+        <translation>Wie weit ein Messwert auf der anderen Seite des Pegels gewesen sein muss; mehr als das Rauschen</translation>
+    </message>
+    <message>
+        <source>Shortest time between two triggers</source>
+        <translation>Kürzeste Zeit zwischen zwei Triggern</translation>
+    </message>
+    <message>
+        <source>&amp;Arm</source>
+        <translation>S&amp;charf schalten</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Trigger</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>Einmal</translation>
+    </message>
+    <message>
+        <source>Automatic shows sweeps also where no trigger comes; Single shows one</source>
+        <translation>Automatisch zeigt Durchläufe auch ohne Trigger; Einmal zeigt einen</translation>
+    </message>
+    <message>
+        <source>Rising</source>
+        <translation>Steigend</translation>
+    </message>
+    <message>
+        <source>Falling</source>
+        <translation>Fallend</translation>
+    </message>
+    <message>
+        <source>Either</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>Share of the sweep that lies before the trigger</source>
+        <translation>Anteil des Durchlaufs vor dem Trigger</translation>
+    </message>
+    <message>
+        <source>Wait for the next trigger</source>
+        <translation>Auf den nächsten Trigger warten</translation>
+    </message>
+    <message>
+        <source>&amp;Mode:</source>
+        <translation>&amp;Betriebsart:</translation>
+    </message>
+    <message>
+        <source>&amp;Channel:</source>
+        <translation>&amp;Kanal:</translation>
+    </message>
+    <message>
+        <source>&amp;Level:</source>
+        <translation>&amp;Pegel:</translation>
+    </message>
+    <message>
+        <source>&amp;Edge:</source>
+        <translation>&amp;Flanke:</translation>
+    </message>
+    <message>
+        <source>&amp;Hysteresis:</source>
+        <translation>&amp;Hysterese:</translation>
+    </message>
+    <message>
+        <source>&amp;Before the trigger:</source>
+        <translation>&amp;Vor dem Trigger:</translation>
+    </message>
+    <message>
+        <source>Hold-&amp;off in s:</source>
+        <translation>&amp;Sperrzeit in s:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Zustand:</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>Numbers need a decimal point; hysteresis and hold-off are 0 or more.</source>
+        <translation>Zahlen brauchen einen Dezimalpunkt; Hysterese und Sperrzeit sind mindestens 0.</translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation>Scharf</translation>
+    </message>
+    <message>
+        <source>Triggered</source>
+        <translation>Ausgelöst</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueActions</name>
+    <message>
+        <source>&amp;Value axis...</source>
+        <translation>&amp;Werteachse...</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>&amp;Legende</translation>
+    </message>
+    <message>
+        <source>Channel &amp;names under bars</source>
+        <translation>&amp;Kanalnamen unter Balken</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;Eight colours</source>
+        <translation>Acht &amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;Many colours, with dashes</source>
+        <translation>&amp;Viele Farben, mit Strichelung</translation>
+    </message>
+    <message>
+        <source>&amp;Safe for colour-blind eyes, with dashes</source>
+        <translation>&amp;Auch bei Farbenblindheit lesbar, mit Strichelung</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueAxisDialog</name>
+    <message>
+        <source>Value axis</source>
+        <translation>Werteachse</translation>
+    </message>
+    <message>
+        <source>In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.</source>
+        <translation>In der Einheit der Achse oder mit Einheit: -20, 250 pA. Eingabe übernimmt.</translation>
+    </message>
+    <message>
+        <source>Automatic chooses the unit that suits the scale.</source>
+        <translation>Automatisch wählt die zur Skala passende Einheit.</translation>
+    </message>
+    <message>
+        <source>Ma&amp;ximum:</source>
+        <translation>&amp;Maximum:</translation>
+    </message>
+    <message>
+        <source>Mi&amp;nimum:</source>
+        <translation>M&amp;inimum:</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>&amp;Einheit:</translation>
+    </message>
+    <message>
+        <source>&amp;Logarithmic</source>
+        <translation>&amp;Logarithmisch</translation>
+    </message>
+    <message>
+        <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
+        <translation>Werte, die 0 oder negativ sind, lassen sich dann nicht zeigen; das Diagramm nennt ihre Kanäle</translation>
+    </message>
+    <message>
+        <source>&amp;Set range</source>
+        <translation>&amp;Bereich setzen</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+    <message>
+        <source>Show the range from minimum to maximum (Enter)</source>
+        <translation>Den Bereich von Minimum bis Maximum zeigen (Eingabe)</translation>
+    </message>
+    <message>
+        <source>Let the range follow the readings (Alt+A)</source>
+        <translation>Den Bereich den Messwerten folgen lassen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2.</source>
+        <translation>„%1“ ist kein Wert in %2.</translation>
+    </message>
+    <message>
+        <source>The minimum must be below the maximum.</source>
+        <translation>Das Minimum muss unter dem Maximum liegen.</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>Automatisch (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+    <message>
+        <source>Values and cha&amp;nnels</source>
+        <translation>&amp;Werte und Kanäle</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Time span</source>
+        <translation>Ze&amp;itspanne</translation>
+    </message>
+    <message>
+        <source>&amp;Strip chart</source>
+        <translation>V&amp;erlauf</translation>
+    </message>
+    <message>
+        <source>S&amp;cope</source>
+        <translation>S&amp;cope</translation>
+    </message>
+    <message>
+        <source>&amp;Histogram</source>
+        <translation>&amp;Histogramm</translation>
+    </message>
+    <message>
+        <source>2D pro&amp;file</source>
+        <translation>2&amp;D-Profil</translation>
+    </message>
+    <message>
+        <source>P&amp;osition</source>
+        <translation>P&amp;osition</translation>
+    </message>
+    <message>
+        <source>Spot &amp;map</source>
+        <translation>&amp;Spotkarte</translation>
+    </message>
+    <message>
+        <source>Position &amp;errors</source>
+        <translation>&amp;Positionsfehler</translation>
+    </message>
+    <message>
+        <source>F&amp;ull screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>&amp;Big numbers</source>
+        <translation>&amp;Große Zahlen</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::WindowRun</name>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;</source>
+        <translation>%1 hat keine Daten für die Anzeige „%2“</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>Dieser Strahl ist simuliert.</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>Das ist %1.</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation> Datei &gt; Öffnen... spielt eine Aufzeichnung ab, Datei &gt; Verbinden... liest ein Gerät. Leertaste hält an, Strg+R zeichnet auf, F1 zeigt die ersten Schritte.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2404 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>Monitor::Appearance</name>
+    <message>
+        <source>Appea&amp;rance</source>
+        <translation>Appare&amp;nce</translation>
+    </message>
+    <message>
+        <source>As the des&amp;ktop</source>
+        <translation>Comme &amp;le bureau</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Clair</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Sombre</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Baseline</name>
+    <message>
+        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ZEROED</source>
+        <translation>MIS À ZÉRO</translation>
+    </message>
+    <message>
+        <source>BACKGROUND SUBTRACTED</source>
+        <translation>FOND SOUSTRAIT</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::BigNumbers</name>
+    <message>
+        <source>Big numbers - Corvale Monitor</source>
+        <translation>Grands chiffres - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>&amp;Montrer :</translation>
+    </message>
+    <message>
+        <source>Beam: position and width</source>
+        <translation>Faisceau : position et largeur</translation>
+    </message>
+    <message>
+        <source>No readings</source>
+        <translation>Aucune mesure</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Faisceau</translation>
+    </message>
+    <message>
+        <source>no valid data</source>
+        <translation>pas de données valides</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULÉ</translation>
+    </message>
+    <message>
+        <source>PAUSED</source>
+        <translation>EN PAUSE</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>PÉRIMÉ</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>FIN</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ClearUndo</name>
+    <message>
+        <source>&amp;Undo clear</source>
+        <translation>&amp;Annuler l&apos;effacement</translation>
+    </message>
+    <message>
+        <source>Bring back</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
+        <translation>%1 mesures ont été effacées des affichages. Pendant une minute, elles peuvent être rétablies (%2).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ConnectDialog</name>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Garder</translation>
+    </message>
+    <message>
+        <source>For&amp;get</source>
+        <translation>O&amp;ublier</translation>
+    </message>
+    <message>
+        <source>&amp;Test</source>
+        <translation>&amp;Tester</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connecter</translation>
+    </message>
+    <message>
+        <source>Test shows the first lines of the source and what they are read as.</source>
+        <translation>Tester montre les premières lignes de la source et comment elles sont lues.</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>&amp;Connecter</translation>
+    </message>
+    <message>
+        <source>Kind of source</source>
+        <translation>Type de source</translation>
+    </message>
+    <message>
+        <source>Na&amp;me:</source>
+        <translation>&amp;Nom :</translation>
+    </message>
+    <message>
+        <source>Connections that were kept. Type a name and choose Keep to add one.</source>
+        <translation>Connexions gardées. Saisir un nom et choisir Garder pour en ajouter une.</translation>
+    </message>
+    <message>
+        <source>a name for this connection, if it is to be kept</source>
+        <translation>un nom pour cette connexion, si elle doit être gardée</translation>
+    </message>
+    <message>
+        <source>A field that is needed is empty.</source>
+        <translation>Un champ nécessaire est vide.</translation>
+    </message>
+    <message>
+        <source>On the command line: corvale-monitor &quot;%1&quot;</source>
+        <translation>En ligne de commande : corvale-monitor &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>This source is open: its readings are in the window.</source>
+        <translation>Cette source est ouverte : ses mesures sont dans la fenêtre.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::DisplayTabs</name>
+    <message>
+        <source>Scope</source>
+        <translation>Oscilloscope</translation>
+    </message>
+    <message>
+        <source>2D profile</source>
+        <translation>Profil 2D</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Spot map</source>
+        <translation>Carte des spots</translation>
+    </message>
+    <message>
+        <source>Position errors</source>
+        <translation>Erreurs de position</translation>
+    </message>
+    <message>
+        <source>%1; in all layers %2</source>
+        <translation>%1 ; dans toutes les couches %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1 ; %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>Édi&amp;tion</translation>
+    </message>
+    <message>
+        <source>&amp;Copy values</source>
+        <translation>Copier &amp;les valeurs</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>&amp;Copier l&apos;image</translation>
+    </message>
+    <message>
+        <source>C&amp;lear readings...</source>
+        <translation>&amp;Effacer les mesures...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ExportActions</name>
+    <message>
+        <source>Save rea&amp;dings shown...</source>
+        <translation>Enregistrer les mesures &amp;affichées...</translation>
+    </message>
+    <message>
+        <source>Save readings between &amp;markers...</source>
+        <translation>Enregistrer les &amp;mesures entre les marqueurs...</translation>
+    </message>
+    <message>
+        <source>Save readings</source>
+        <translation>Enregistrer les mesures</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time.</source>
+        <translation>Seuls le défilement et l&apos;oscilloscope montrent les mesures dans le temps.</translation>
+    </message>
+    <message>
+        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
+        <translation>Placer d&apos;abord les deux marqueurs sur le tracé : activer les marqueurs, puis cliquer avec le bouton gauche et avec le droit.</translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation>CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>%1 readings were saved to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1 was not saved: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not saved: canceled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Saving readings</source>
+        <translation>Enregistrement des mesures</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileForm</name>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>&amp;Parcourir...</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>&amp;Fichier :</translation>
+    </message>
+    <message>
+        <source>A recording of this program, a file saved by the library, or a table with a line of names and a line for each time.</source>
+        <translation>Un enregistrement de ce programme, un fichier de la bibliothèque, ou une table avec une ligne de noms et une ligne pour chaque instant.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Choose a recording</source>
+        <translation>Choisir un enregistrement</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>Tables (*.csv *.txt *.dat);;Tous les fichiers (*)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>F&amp;ichier</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>O&amp;uvrir...</translation>
+    </message>
+    <message>
+        <source>Open recen&amp;t</source>
+        <translation>&amp;Ouvrir récent</translation>
+    </message>
+    <message>
+        <source>&amp;Connect...</source>
+        <translation>Co&amp;nnecter...</translation>
+    </message>
+    <message>
+        <source>C&amp;lose source</source>
+        <translation>&amp;Fermer la source</translation>
+    </message>
+    <message>
+        <source>&amp;Settings...</source>
+        <translation>Ré&amp;glages...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>Ouvrir un enregistrement</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>Tables (*.csv *.txt *.dat);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget these</source>
+        <translation>Oublier &amp;ceux-ci</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileSource</name>
+    <message>
+        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
+        <translation>Vérifier le chemin et le droit de lecture de cet utilisateur ; une table a une ligne de noms et une ligne pour chaque instant.</translation>
+    </message>
+    <message>
+        <source>none of its %1 readings lies in the times that were asked for</source>
+        <translation>aucune de ses %1 mesures n&apos;est dans les temps demandés</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>le fichier est vide</translation>
+    </message>
+    <message>
+        <source>it has names or comments, but no row with numbers</source>
+        <translation>il a des noms ou des commentaires, mais aucune ligne de nombres</translation>
+    </message>
+    <message>
+        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>aucune de ses %1 lignes n&apos;est lisible ; la première était %2 ; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 ne peut pas être ouvert : %2</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>lecture de %1 : %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>fin de %1 atteinte</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpMenu</name>
+    <message>
+        <source># Keys
+
+Alt and the underlined letter open a menu.
+
+| key | what it does |
+|---|---|
+</source>
+        <translation># Touches
+
+Alt et la lettre soulignée ouvrent un menu.
+
+| touche | effet |
+|---|---|
+</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>in the scope: saves the readings that are shown</source>
+        <translation>dans l&apos;oscilloscope : enregistre les mesures affichées</translation>
+    </message>
+    <message>
+        <source>Left, Right, Delete</source>
+        <translation>Gauche, Droite, Suppr</translation>
+    </message>
+    <message>
+        <source>in the scope: moves or removes the markers</source>
+        <translation>dans l&apos;oscilloscope : déplace ou supprime les marqueurs</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>in the values: shows or hides the channel</source>
+        <translation>dans les valeurs : montre ou masque le canal</translation>
+    </message>
+    <message>
+        <source>Page Up, Page Down</source>
+        <translation>Page haut, Page bas</translation>
+    </message>
+    <message>
+        <source>in the spot map: goes through the layers</source>
+        <translation>dans la carte des spots : parcourt les couches</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+O</source>
+        <translation>Ctrl+Maj+O</translation>
+    </message>
+    <message>
+        <source>moves a display into a separate window, or back</source>
+        <translation>déplace un affichage dans une fenêtre séparée, ou le ramène</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;First steps</source>
+        <translation>P&amp;remiers pas</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Touches</translation>
+    </message>
+    <message>
+        <source>&amp;Line protocol</source>
+        <translation>Protocole &amp;de lignes</translation>
+    </message>
+    <message>
+        <source>L&amp;icences</source>
+        <translation>&amp;Licences</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>À &amp;propos</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpWindow</name>
+    <message>
+        <source>First steps</source>
+        <translation>Premiers pas</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Touches</translation>
+    </message>
+    <message>
+        <source>Line protocol</source>
+        <translation>Protocole de lignes</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>Licences</translation>
+    </message>
+    <message>
+        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
+
+Library corvale_qt %2, Qt %3, Qwt %4, %5.
+
+Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
+        <translation>Corvale Monitor %1 montre les mesures d&apos;instruments de diagnostic de faisceaux de particules chargées.
+
+Bibliothèque corvale_qt %2, Qt %3, Qwt %4, %5.
+
+Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost Software License ; icônes du panneau : Material Design Icons (OFL, Apache). Aide &gt; Licences contient le texte.</translation>
+    </message>
+    <message>
+        <source>About Corvale Monitor</source>
+        <translation>À propos de Corvale Monitor</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ImportDialog</name>
+    <message>
+        <source>How is %1 read?</source>
+        <translation>Comment lire %1 ?</translation>
+    </message>
+    <message>
+        <source>This table is read as it is.</source>
+        <translation>Cette table est lue telle quelle.</translation>
+    </message>
+    <message>
+        <source>This is not a recording of the monitor: %1.</source>
+        <translation>Ce n&apos;est pas un enregistrement du moniteur : %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Columns are separated by</source>
+        <translation>&amp;Colonnes séparées par</translation>
+    </message>
+    <message>
+        <source>commas, or blanks</source>
+        <translation>virgules, ou espaces</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>virgules</translation>
+    </message>
+    <message>
+        <source>semicolons</source>
+        <translation>points-virgules</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>tabulations</translation>
+    </message>
+    <message>
+        <source>blanks</source>
+        <translation>espaces</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>barres verticales</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal sign</source>
+        <translation>S&amp;igne décimal</translation>
+    </message>
+    <message>
+        <source>point: 1.25</source>
+        <translation>point : 1.25</translation>
+    </message>
+    <message>
+        <source>comma: 1,25</source>
+        <translation>virgule : 1,25</translation>
+    </message>
+    <message>
+        <source>&amp;Names of columns</source>
+        <translation>&amp;Noms des colonnes</translation>
+    </message>
+    <message>
+        <source>in the first line, if it is not all numbers</source>
+        <translation>sur la première ligne, si elle n&apos;a pas que des nombres</translation>
+    </message>
+    <message>
+        <source>in the first line</source>
+        <translation>sur la première ligne</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>aucun</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>Te&amp;mps</translation>
+    </message>
+    <message>
+        <source>Which column holds the time of a row, or that none does</source>
+        <translation>Quelle colonne contient le temps d&apos;une ligne, ou aucune</translation>
+    </message>
+    <message>
+        <source>in the column with such a name</source>
+        <translation>dans la colonne ainsi nommée</translation>
+    </message>
+    <message>
+        <source>in the column with this number</source>
+        <translation>dans la colonne de ce numéro</translation>
+    </message>
+    <message>
+        <source>in no column; rows are equally spaced</source>
+        <translation>dans aucune colonne ; lignes équidistantes</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumn of the time</source>
+        <translation>Colonne &amp;du temps</translation>
+    </message>
+    <message>
+        <source>Time &amp;between two rows</source>
+        <translation>Temps &amp;entre deux lignes</translation>
+    </message>
+    <message>
+        <source>For a table without times, like 1ms, 0.02s or 1min</source>
+        <translation>Pour une table sans temps, comme 1ms, 0.02s ou 1min</translation>
+    </message>
+    <message>
+        <source>Times &amp;are</source>
+        <translation>Les &amp;temps sont</translation>
+    </message>
+    <message>
+        <source>numbers, in seconds or the unit of the name</source>
+        <translation>des nombres, en secondes ou dans l&apos;unité du nom</translation>
+    </message>
+    <message>
+        <source>dates; UTC where no zone is written</source>
+        <translation>des dates ; UTC si aucun fuseau n&apos;est écrit</translation>
+    </message>
+    <message>
+        <source>dates; local time where no zone is written</source>
+        <translation>des dates ; heure locale si aucun fuseau n&apos;est écrit</translation>
+    </message>
+    <message>
+        <source>&amp;Form of dates</source>
+        <translation>&amp;Forme des dates</translation>
+    </message>
+    <message>
+        <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
+        <translation>Vide pour ISO 8601 (2026-03-01T12:00:00.5), ou par exemple dd.MM.yyyy HH:mm:ss.zzz</translation>
+    </message>
+    <message>
+        <source>Lines to &amp;skip first</source>
+        <translation>Lignes à &amp;sauter d&apos;abord</translation>
+    </message>
+    <message>
+        <source>Co&amp;mments begin with</source>
+        <translation>&amp;Les commentaires commencent par</translation>
+    </message>
+    <message>
+        <source>One sign; # always begins one</source>
+        <translation>Un signe ; # en commence toujours un</translation>
+    </message>
+    <message>
+        <source>The first rows as they will be read</source>
+        <translation>Les premières lignes telles qu&apos;elles seront lues</translation>
+    </message>
+    <message>
+        <source>Please state the time between two rows, for example 1ms.</source>
+        <translation>Indiquer le temps entre deux lignes, par exemple 1ms.</translation>
+    </message>
+    <message>
+        <source>It cannot be read so: %1.</source>
+        <translation>Elle ne peut pas être lue ainsi : %1.</translation>
+    </message>
+    <message>
+        <source>None of its rows can be read so; the first is %1</source>
+        <translation>Aucune ligne ne peut être lue ainsi ; la première est %1</translation>
+    </message>
+    <message>
+        <source>It contains no rows.</source>
+        <translation>Elle ne contient aucune ligne.</translation>
+    </message>
+    <message>
+        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <translation>%1 des premières lignes ne peuvent être lues ainsi ; la première est %2</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read.</source>
+        <translation>Toutes les premières lignes sont lisibles.</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read. The time 0 is %1 (UTC).</source>
+        <translation>Toutes les premières lignes sont lisibles. Le temps 0 est %1 (UTC).</translation>
+    </message>
+    <message>
+        <source>On the command line: --import &quot;%1&quot;</source>
+        <translation>En ligne de commande : --import &quot;%1&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LatestValuePanel</name>
+    <message>
+        <source>&amp;All</source>
+        <translation>T&amp;ous</translation>
+    </message>
+    <message>
+        <source>Show all channels</source>
+        <translation>Montrer tous les canaux</translation>
+    </message>
+    <message>
+        <source>N&amp;one</source>
+        <translation>A&amp;ucun</translation>
+    </message>
+    <message>
+        <source>Show no channel</source>
+        <translation>Ne montrer aucun canal</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>WARNING 2D profile: %1</source>
+        <translation>WARNING 2D profile: %1</translation>
+    </message>
+    <message>
+        <source>%1 columns beyond the first %2 are left out</source>
+        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitActions</name>
+    <message>
+        <source>&amp;Acknowledge alarms</source>
+        <translation>&amp;Acquitter les alarmes</translation>
+    </message>
+    <message>
+        <source>Alarms make a &amp;sound</source>
+        <translation>Alarmes &amp;sonores</translation>
+    </message>
+    <message>
+        <source>&amp;Limits...</source>
+        <translation>&amp;Limites...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitMarks</name>
+    <message>
+        <source>ALARM %1</source>
+        <translation>ALARME %1</translation>
+    </message>
+    <message>
+        <source>WARN %1</source>
+        <translation>AVERT. %1</translation>
+    </message>
+    <message>
+        <source>%1, above its limit</source>
+        <translation>%1, au-dessus de sa limite</translation>
+    </message>
+    <message>
+        <source>%1, below its limit</source>
+        <translation>%1, sous sa limite</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitsDialog</name>
+    <message>
+        <source>Limits</source>
+        <translation>Limites</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
+        <translation>Les mesures au-delà d&apos;une limite donnent un avertissement ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
+    </message>
+    <message>
+        <source>Limits of each channel</source>
+        <translation>Limites de chaque canal</translation>
+    </message>
+    <message>
+        <source>Low alarm</source>
+        <translation>Alarme basse</translation>
+    </message>
+    <message>
+        <source>Low warning</source>
+        <translation>Avertissement bas</translation>
+    </message>
+    <message>
+        <source>High warning</source>
+        <translation>Avertissement haut</translation>
+    </message>
+    <message>
+        <source>High alarm</source>
+        <translation>Alarme haute</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 en %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number with a decimal point</source>
+        <translation>« %1 » n&apos;est pas un nombre avec point décimal</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1 : %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LineSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>ouverture de %1</translation>
+    </message>
+    <message>
+        <source>%1: silent for %2 s</source>
+        <translation>%1 : silence depuis %2 s</translation>
+    </message>
+    <message>
+        <source>%1; trying again in %2 s</source>
+        <translation>%1 ; nouvel essai dans %2 s</translation>
+    </message>
+    <message>
+        <source>%1; waiting for the next one</source>
+        <translation>%1 ; attente de la suivante</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>fin de %1 atteinte</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MeasureMenu</name>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Mesure</translation>
+    </message>
+    <message>
+        <source>&amp;Limits</source>
+        <translation>&amp;Limites</translation>
+    </message>
+    <message>
+        <source>&amp;Zero</source>
+        <translation>&amp;Zéro</translation>
+    </message>
+    <message>
+        <source>Subtracts the newest reading of each channel from what is shown.</source>
+        <translation>Soustrait la dernière mesure de chaque canal de ce qui est affiché.</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>&amp;Fond</translation>
+    </message>
+    <message>
+        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
+        <translation>Soustrait la moyenne des %1 dernières mesures de chaque canal de ce qui est affiché.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove zero and background</source>
+        <translation>&amp;Retirer le zéro et le fond</translation>
+    </message>
+    <message>
+        <source>&amp;Average of the scope</source>
+        <translation>&amp;Moyenne de l&apos;oscilloscope</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>&amp;Aucune</translation>
+    </message>
+    <message>
+        <source>%1 readings</source>
+        <translation>%1 mesures</translation>
+    </message>
+    <message>
+        <source>&amp;Markers</source>
+        <translation>M&amp;arqueurs</translation>
+    </message>
+    <message>
+        <source>Two clicks on the scope place markers; the numbers between them stand beside it.</source>
+        <translation>Deux clics sur l&apos;oscilloscope placent des marqueurs ; les nombres entre eux sont à côté.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorStatusBar</name>
+    <message>
+        <source>Where the readings come from</source>
+        <translation>D&apos;où viennent les mesures</translation>
+    </message>
+    <message>
+        <source>Abnormal states</source>
+        <translation>États anormaux</translation>
+    </message>
+    <message>
+        <source>Readings per second</source>
+        <translation>Mesures par seconde</translation>
+    </message>
+    <message>
+        <source>Lines that could not be used; the log lists them</source>
+        <translation>Lignes inutilisables ; le journal les liste</translation>
+    </message>
+    <message>
+        <source>Pauses longer than three of the usual steps</source>
+        <translation>Pauses de plus de trois pas habituels</translation>
+    </message>
+    <message>
+        <source>The file that is being recorded (Ctrl+R)</source>
+        <translation>Le fichier en cours d&apos;enregistrement (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Time, UTC</source>
+        <translation>Heure, UTC</translation>
+    </message>
+    <message>
+        <source>%1 /s</source>
+        <translation>%1 /s</translation>
+    </message>
+    <message>
+        <source>1 bad line</source>
+        <translation>1 ligne mauvaise</translation>
+    </message>
+    <message>
+        <source>%1 bad lines</source>
+        <translation>%1 lignes mauvaises</translation>
+    </message>
+    <message>
+        <source>1 gap</source>
+        <translation>1 trou</translation>
+    </message>
+    <message>
+        <source>%1 gaps</source>
+        <translation>%1 trous</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULÉ</translation>
+    </message>
+    <message>
+        <source>PAUSED, %1 readings wait</source>
+        <translation>EN PAUSE, %1 mesures en attente</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>PÉRIMÉ</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>FIN</translation>
+    </message>
+    <message>
+        <source>DISK FULL IN %1</source>
+        <translation>DISQUE PLEIN DANS %1</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>ENREGISTREMENT EN ÉCHEC</translation>
+    </message>
+    <message>
+        <source>%1 (over, F8 acknowledges)</source>
+        <translation>%1 (terminé, F8 acquitte)</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 et %2 de plus</translation>
+    </message>
+    <message>
+        <source>not recording</source>
+        <translation>pas d&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>REC %1, %2</source>
+        <translation>REC %1, %2</translation>
+    </message>
+    <message>
+        <source>%1, room for %2</source>
+        <translation>%1, place pour %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorWindow</name>
+    <message>
+        <source>Latest &amp;values</source>
+        <translation>Dernières &amp;valeurs</translation>
+    </message>
+    <message>
+        <source>Statist&amp;ics</source>
+        <translation>&amp;Statistique</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>&amp;Journal</translation>
+    </message>
+    <message>
+        <source>Latest values</source>
+        <translation>Dernières valeurs</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistique</translation>
+    </message>
+    <message>
+        <source>Log (UTC)</source>
+        <translation>Journal (UTC)</translation>
+    </message>
+    <message>
+        <source>%1 - Corvale Monitor</source>
+        <translation>%1 - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>Do not show again</source>
+        <translation>Ne plus montrer</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MultichannelDeviceModel</name>
+    <message>
+        <source>no unit</source>
+        <translation>sans unité</translation>
+    </message>
+    <message>
+        <source>%1, channel %2, %3</source>
+        <translation>%1, canal %2, %3</translation>
+    </message>
+    <message>
+        <source>no reading</source>
+        <translation>aucune mesure</translation>
+    </message>
+    <message>
+        <source>%1 %2, over range</source>
+        <translation>%1 %2, hors plage</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::NoSource</name>
+    <message>
+        <source>No source is open</source>
+        <translation>Aucune source n&apos;est ouverte</translation>
+    </message>
+    <message>
+        <source>File &gt; Open... plays a recording, File &gt; Connect... reads an instrument.</source>
+        <translation>Fichier &gt; Ouvrir... joue un enregistrement, Fichier &gt; Connecter... lit un instrument.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PgmSource</name>
+    <message>
+        <source>Check the path and whether this user may read it; a folder needs files called *.pgm, with grey images of at most 256 x 256 pixels.</source>
+        <translation>Vérifier le chemin et le droit de lecture ; un dossier doit contenir des fichiers *.pgm, images grises d&apos;au plus 256 x 256 pixels.</translation>
+    </message>
+    <message>
+        <source>%1 has no files called *.pgm</source>
+        <translation>%1 n&apos;a pas de fichiers *.pgm</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 ne peut pas être ouvert : %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>fin de %1 atteinte</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>lecture de %1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureActions</name>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>Enregistrer &amp;l&apos;image...</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>&amp;Imprimer...</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Enregistrer l&apos;image</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Imprimer</translation>
+    </message>
+    <message>
+        <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
+        <translation>L&apos;imprimante %1 n&apos;a pas pris l&apos;image. En choisir une autre, ou enregistrer l&apos;image.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureTaker</name>
+    <message>
+        <source>%1: no data for %2 s. %3</source>
+        <translation>%1 : pas de données depuis %2 s. %3</translation>
+    </message>
+    <message>
+        <source>%1: there is nothing to draw in its last reading</source>
+        <translation>%1 : rien à dessiner dans sa dernière mesure</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ProfilePage</name>
+    <message>
+        <source>mean X %1</source>
+        <translation>moyenne X %1</translation>
+    </message>
+    <message>
+        <source>mean Y %1</source>
+        <translation>moyenne Y %1</translation>
+    </message>
+    <message>
+        <source>σ X %1</source>
+        <translation>σ X %1</translation>
+    </message>
+    <message>
+        <source>σ Y %1</source>
+        <translation>σ Y %1</translation>
+    </message>
+    <message>
+        <source>rotation %1°</source>
+        <translation>rotation %1°</translation>
+    </message>
+    <message>
+        <source>elongation %1</source>
+        <translation>élongation %1</translation>
+    </message>
+    <message>
+        <source>integral %1</source>
+        <translation>intégrale %1</translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>max. %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::RecordAction</name>
+    <message>
+        <source>Stop &amp;recording</source>
+        <translation>A&amp;rrêter l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>&amp;Record...</source>
+        <translation>&amp;Enregistrer...</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>Enregistrements (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Recorder</name>
+    <message>
+        <source>%1 exists already; choose another name or allow overwriting</source>
+        <translation>%1 existe déjà ; choisir un autre nom ou permettre le remplacement</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1; it goes on in %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>%1 %2, and %3</source>
+        <translation>%1 %2, et %3</translation>
+    </message>
+    <message>
+        <source>recording: %1 %2; it goes on in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>attendre sans fin</translation>
+    </message>
+    <message>
+        <source>P&amp;ort:</source>
+        <translation>P&amp;ort :</translation>
+    </message>
+    <message>
+        <source>The ports of this machine, or the path of another one. Reading one needs the group dialout.</source>
+        <translation>Les ports de cette machine, ou le chemin d&apos;un autre. La lecture demande le groupe dialout.</translation>
+    </message>
+    <message>
+        <source>&amp;Rate:</source>
+        <translation>&amp;Débit :</translation>
+    </message>
+    <message>
+        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <translation>Bits par seconde, comme réglé sur l&apos;instrument ; 8 bits de données, sans parité, 1 bit d&apos;arrêt.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Silence :</translation>
+    </message>
+    <message>
+        <source>no port found; for example /dev/ttyUSB0</source>
+        <translation>aucun port trouvé ; par exemple /dev/ttyUSB0</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>Port série</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialSource</name>
+    <message>
+        <source>Check that the device is plugged in, that this user may open it (group dialout), and the baud rate.</source>
+        <translation>Vérifier que l&apos;appareil est branché, que cet utilisateur peut l&apos;ouvrir (groupe dialout), et le débit.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Session</name>
+    <message>
+        <source>the detector is not used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1 more events are not listed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is the source; record to another file</source>
+        <translation>%1 est la source ; enregistrer dans un autre fichier</translation>
+    </message>
+    <message>
+        <source>recording to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR recording stalled: %1; trying again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording resumed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording to %1 ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
+        <translation>l&apos;enregistrement %1 est incomplet, %2 mesures manquent%3</translation>
+    </message>
+    <message>
+        <source>: %1</source>
+        <translation> : %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SettingsDialog</name>
+    <message>
+        <source>As fast as &amp;possible</source>
+        <translation>Aussi &amp;vite que possible</translation>
+    </message>
+    <message>
+        <source>Play a file &amp;again and again</source>
+        <translation>&amp;Jouer un fichier en boucle</translation>
+    </message>
+    <message>
+        <source>its first reading</source>
+        <translation>sa première mesure</translation>
+    </message>
+    <message>
+        <source>its last reading</source>
+        <translation>sa dernière mesure</translation>
+    </message>
+    <message>
+        <source>as the source says</source>
+        <translation>selon la source</translation>
+    </message>
+    <message>
+        <source>record nothing by itself</source>
+        <translation>ne rien enregistrer d&apos;office</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>jamais</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>Dém&amp;arrage</translation>
+    </message>
+    <message>
+        <source>&amp;Files</source>
+        <translation>&amp;Fichiers</translation>
+    </message>
+    <message>
+        <source>R&amp;eadings</source>
+        <translation>&amp;Mesures</translation>
+    </message>
+    <message>
+        <source>Re&amp;cordings</source>
+        <translation>&amp;Enregistrements</translation>
+    </message>
+    <message>
+        <source>A simulated beam</source>
+        <translation>Un faisceau simulé</translation>
+    </message>
+    <message>
+        <source>The last source</source>
+        <translation>La dernière source</translation>
+    </message>
+    <message>
+        <source>No source</source>
+        <translation>Aucune source</translation>
+    </message>
+    <message>
+        <source>&amp;Open:</source>
+        <translation>O&amp;uvrir :</translation>
+    </message>
+    <message>
+        <source>What a start shows if the command line names no source.</source>
+        <translation>Ce que montre un démarrage si la ligne de commande ne nomme aucune source.</translation>
+    </message>
+    <message>
+        <source>Kept in:</source>
+        <translation>Gardé dans :</translation>
+    </message>
+    <message>
+        <source>--settings FILE on the command line chooses another file, and another window.</source>
+        <translation>--settings FICHIER en ligne de commande choisit un autre fichier, et une autre fenêtre.</translation>
+    </message>
+    <message>
+        <source> times as recorded</source>
+        <translation> fois la vitesse d&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>Spee&amp;d:</source>
+        <translation>V&amp;itesse :</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;De :</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>Ju&amp;squ&apos;à :</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>Temps du fichier, en secondes. Valables pour les fichiers ouverts désormais, jusqu&apos;à la fin du programme.</translation>
+    </message>
+    <message>
+        <source>Lowest &amp;limit:</source>
+        <translation>Limite &amp;basse :</translation>
+    </message>
+    <message>
+        <source>&amp;Highest limit:</source>
+        <translation>Limite &amp;haute :</translation>
+    </message>
+    <message>
+        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
+        <translation>Les mesures au-delà sont hors plage, dans l&apos;unité des mesures, dès le prochain démarrage d&apos;une source. Vide : les limites indiquées par la source.</translation>
+    </message>
+    <message>
+        <source>&amp;Detector:</source>
+        <translation>Dé&amp;tecteur :</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
+        <translation>Un fichier décrivant les positions et l&apos;étalonnage du détecteur (.json). Vide : selon la source.</translation>
+    </message>
+    <message>
+        <source>Fo&amp;lder:</source>
+        <translation>D&amp;ossier :</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
+        <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure. Vide : seulement Fichier &gt; Enregistrer.</translation>
+    </message>
+    <message>
+        <source>&amp;New file after:</source>
+        <translation>&amp;Nouveau fichier après :</translation>
+    </message>
+    <message>
+        <source>A time or a size: 1h, 30min, 100M, 2G.</source>
+        <translation>Un temps ou une taille : 1h, 30min, 100M, 2G.</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>&amp;Parcourir...</translation>
+    </message>
+    <message>
+        <source>Folder for recordings</source>
+        <translation>Dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Description of a detector</source>
+        <translation>Description d&apos;un détecteur</translation>
+    </message>
+    <message>
+        <source>Detectors (*.json);;All files (*)</source>
+        <translation>Détecteurs (*.json);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>« %1 » n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
+        <translation>Il n&apos;y a rien entre %1 s et %2 s : le premier temps doit être le plus tôt.</translation>
+    </message>
+    <message>
+        <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
+        <translation>Les limites demandent deux nombres, le plus petit d&apos;abord ; ou laisser les deux champs vides.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a time nor a size. Write 1h, 30min, 100M or 2G.</source>
+        <translation>« %1 » n&apos;est ni un temps ni une taille. Écrire 1h, 30min, 100M ou 2G.</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>Comme le bureau</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Langue :</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
+        <translation>Prend effet au prochain démarrage. Nombres, fichiers et journal sont les mêmes dans toutes les langues.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SimulatorForm</name>
+    <message>
+        <source>Strip detector, 32 and 32 strips</source>
+        <translation>Détecteur à pistes, 32 et 32 pistes</translation>
+    </message>
+    <message>
+        <source>Pixel detector, 12 by 12</source>
+        <translation>Détecteur à pixels, 12 sur 12</translation>
+    </message>
+    <message>
+        <source>Ionisation chamber with 4 sectors</source>
+        <translation>Chambre d&apos;ionisation à 4 secteurs</translation>
+    </message>
+    <message>
+        <source>Spots of a treatment field</source>
+        <translation>Spots d&apos;un champ de traitement</translation>
+    </message>
+    <message>
+        <source>usual</source>
+        <translation>habituel</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument:</source>
+        <translation>&amp;Instrument :</translation>
+    </message>
+    <message>
+        <source>The beam is computed; no hardware is needed.</source>
+        <translation>Le faisceau est calculé ; aucun matériel n&apos;est nécessaire.</translation>
+    </message>
+    <message>
+        <source>S&amp;eed:</source>
+        <translation>G&amp;erme :</translation>
+    </message>
+    <message>
+        <source>Another number gives another beam and other noise.</source>
+        <translation>Un autre nombre donne un autre faisceau et un autre bruit.</translation>
+    </message>
+    <message>
+        <source>Simulated beam</source>
+        <translation>Faisceau simulé</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceForm</name>
+    <message>
+        <source>Connect again if a source that used to talk says nothing for this long, like 30s. Empty: wait for ever, as there may be no beam.</source>
+        <translation>Se reconnecter si une source qui émettait se tait aussi longtemps, comme 30s. Vide : attendre sans fin, car il peut ne pas y avoir de faisceau.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceNotice</name>
+    <message>
+        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1 : aucune des %2 lignes n&apos;a pu être lue ; la première était %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings.</source>
+        <translation>%1 ne contient aucune mesure.</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings: %2.</source>
+        <translation>%1 ne contient aucune mesure : %2.</translation>
+    </message>
+    <message>
+        <source>%1: no reading has arrived yet</source>
+        <translation>%1 : aucune mesure n&apos;est encore arrivée</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceSwitch</name>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Opening another source ends the recording.</source>
+        <translation>Ouvrir une autre source termine l&apos;enregistrement.</translation>
+    </message>
+    <message>
+        <source>Closing the source ends the recording.</source>
+        <translation>Fermer la source termine l&apos;enregistrement.</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>Terminer l&apos;enregistrement ?</translation>
+    </message>
+    <message>
+        <source>%1 What was recorded stays in %2.</source>
+        <translation>%1 Ce qui a été enregistré reste dans %2.</translation>
+    </message>
+    <message>
+        <source>&amp;End the recording</source>
+        <translation>&amp;Terminer l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>The source is open, but it is not recorded. %1</source>
+        <translation>La source est ouverte, mais n&apos;est pas enregistrée. %1</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was. %1</source>
+        <translation>Le détecteur reste tel quel. %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceTest</name>
+    <message>
+        <source>none</source>
+        <translation>aucun</translation>
+    </message>
+    <message>
+        <source>Waiting for the first readings ...</source>
+        <translation>Attente des premières mesures ...</translation>
+    </message>
+    <message>
+        <source>The source works.</source>
+        <translation>La source fonctionne.</translation>
+    </message>
+    <message>
+        <source>It contains no readings.</source>
+        <translation>Elle ne contient aucune mesure.</translation>
+    </message>
+    <message>
+        <source>Nothing could be read within %1 s. %2</source>
+        <translation>Rien n&apos;a pu être lu en %1 s. %2</translation>
+    </message>
+    <message>
+        <source>The source works, slowly.</source>
+        <translation>La source fonctionne, lentement.</translation>
+    </message>
+    <message>
+        <source>Not every line could be used: %1</source>
+        <translation>Toutes les lignes n&apos;ont pas pu servir : %1</translation>
+    </message>
+    <message>
+        <source>First lines:</source>
+        <translation>Premières lignes :</translation>
+    </message>
+    <message>
+        <source>Read as %1 channels, layout %2:</source>
+        <translation>Lu comme %1 canaux, disposition %2 :</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpanControl</name>
+    <message>
+        <source>Time &amp;span:</source>
+        <translation>&amp;Durée :</translation>
+    </message>
+    <message>
+        <source>Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, 1.5 min or all. Readings older than the newest 100000 are shown as the range of blocks, for a week; while they are averaged, they are not shown.</source>
+        <translation>Durée montrée par le défilement (Ctrl+T) : à choisir, ou à saisir, comme 90 s, 2 h, 1.5 min ou tout. Les mesures plus anciennes que les 100000 dernières sont montrées comme étendue de blocs, pendant une semaine ; avec une moyenne, elles ne le sont pas.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpotLayers</name>
+    <message>
+        <source>Spots</source>
+        <translation>Spots</translation>
+    </message>
+    <message>
+        <source>One layer</source>
+        <translation>Une couche</translation>
+    </message>
+    <message>
+        <source>All %1 layers</source>
+        <translation>Toutes les %1 couches</translation>
+    </message>
+    <message>
+        <source>Layer %1 of %2</source>
+        <translation>Couche %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StaleMarks</name>
+    <message>
+        <source>old: %1</source>
+        <translation>ancien : %1</translation>
+    </message>
+    <message>
+        <source>This value is old: no reading has arrived since.</source>
+        <translation>Cette valeur est ancienne : aucune mesure n&apos;est arrivée depuis.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputForm</name>
+    <message>
+        <source>Reads the lines that another program writes into this one:
+
+    instrument | corvale-monitor -
+
+What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
+        <translation>Lit les lignes qu&apos;un autre programme écrit dans celui-ci :
+
+    instrument | corvale-monitor -
+
+Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte deux fois.</translation>
+    </message>
+    <message>
+        <source>Standard input</source>
+        <translation>Entrée standard</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputSource</name>
+    <message>
+        <source>reading standard input: %1</source>
+        <translation>lecture de l&apos;entrée standard : %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeBar</name>
+    <message>
+        <source>Tape &amp;deck</source>
+        <translation>&amp;Lecteur</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapePanel</name>
+    <message>
+        <source>%1 x</source>
+        <translation>%1 x</translation>
+    </message>
+    <message>
+        <source>fastest</source>
+        <translation>au plus vite</translation>
+    </message>
+    <message>
+        <source>Tape</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>One reading back (comma)</source>
+        <translation>Une mesure en arrière (virgule)</translation>
+    </message>
+    <message>
+        <source>Play or pause (Enter)</source>
+        <translation>Lire ou mettre en pause (Entrée)</translation>
+    </message>
+    <message>
+        <source>One reading on (period)</source>
+        <translation>Une mesure en avant (point)</translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken</source>
+        <translation>Combien de fois plus vite que l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>Speed of the tape</source>
+        <translation>Vitesse de lecture</translation>
+    </message>
+    <message>
+        <source>Repeat from here ([)</source>
+        <translation>Répéter à partir d&apos;ici ([)</translation>
+    </message>
+    <message>
+        <source>Repeat up to here (])</source>
+        <translation>Répéter jusqu&apos;ici (])</translation>
+    </message>
+    <message>
+        <source>Repeat nothing (Backspace)</source>
+        <translation>Ne rien répéter (Retour arrière)</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it</source>
+        <translation>Le temps de la mesure affichée, tel que dans l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
+        <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches : gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et les trous.</translation>
+    </message>
+    <message>
+        <source>Pause the tape</source>
+        <translation>Mettre en pause</translation>
+    </message>
+    <message>
+        <source>Play the tape</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1/%2: </source>
+        <translation>%1/%2 : </translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeTimeline</name>
+    <message>
+        <source>Time line of the recording</source>
+        <translation>Ligne de temps de l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>The recording is being looked through: %1 %</source>
+        <translation>L&apos;enregistrement est parcouru : %1 %</translation>
+    </message>
+    <message>
+        <source>The recording cannot be searched: %1</source>
+        <translation>L&apos;enregistrement ne peut pas être parcouru : %1</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>, part %1 of %2</source>
+        <translation>, partie %1 de %2</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>no readings for %1 s</source>
+        <translation>aucune mesure pendant %1 s</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientForm</name>
+    <message>
+        <source>the instrument talks by itself</source>
+        <translation>l&apos;instrument émet de lui-même</translation>
+    </message>
+    <message>
+        <source>wait for ever</source>
+        <translation>attendre sans fin</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>&amp;Hôte :</translation>
+    </message>
+    <message>
+        <source>The name or the address of the instrument.</source>
+        <translation>Le nom ou l&apos;adresse de l&apos;instrument.</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>P&amp;ort :</translation>
+    </message>
+    <message>
+        <source>The number of the TCP port; the instrument&apos;s manual has it.</source>
+        <translation>Le numéro du port TCP ; il est dans le manuel de l&apos;instrument.</translation>
+    </message>
+    <message>
+        <source>What to send for each reading, like READ?, if the instrument answers only when asked.</source>
+        <translation>Ce qu&apos;il faut envoyer pour chaque mesure, comme READ?, si l&apos;instrument ne répond qu&apos;aux questions.</translation>
+    </message>
+    <message>
+        <source>E&amp;very:</source>
+        <translation>Toutes &amp;les :</translation>
+    </message>
+    <message>
+        <source>How often to ask: 100ms, 1s. Unused without a question.</source>
+        <translation>À quelle fréquence demander : 100ms, 1s. Sans effet sans question.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Silence :</translation>
+    </message>
+    <message>
+        <source>Network instrument</source>
+        <translation>Instrument en réseau</translation>
+    </message>
+    <message>
+        <source>&amp;Ask:</source>
+        <translation>&amp;Question :</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientSource</name>
+    <message>
+        <source>Check that the instrument is switched on and reachable, that the port is right, and whether the instrument must be asked (?ask=TEXT).</source>
+        <translation>Vérifier que l&apos;instrument est allumé et joignable, que le port est juste, et s&apos;il faut l&apos;interroger (?ask=TEXTE).</translation>
+    </message>
+    <message>
+        <source>closed by the other side</source>
+        <translation>fermé par l&apos;autre côté</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>attendre sans fin</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse :</translation>
+    </message>
+    <message>
+        <source>127.0.0.1 lets only programs of this machine connect, 0.0.0.0 every machine of the network.</source>
+        <translation>127.0.0.1 n&apos;accepte que les programmes de cette machine, 0.0.0.0 toutes les machines du réseau.</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>P&amp;ort :</translation>
+    </message>
+    <message>
+        <source>The TCP port that this program opens and the other one connects to.</source>
+        <translation>Le port TCP que ce programme ouvre et auquel l&apos;autre se connecte.</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>&amp;Silence :</translation>
+    </message>
+    <message>
+        <source>Wait for a program</source>
+        <translation>Attendre un programme</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerSource</name>
+    <message>
+        <source>Check that no other program listens on this port, that the address belongs to this machine, and that the sender uses the same port.</source>
+        <translation>Vérifier qu&apos;aucun autre programme n&apos;écoute sur ce port, que l&apos;adresse est à cette machine, et que l&apos;émetteur utilise le même port.</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the peer closed the connection</source>
+        <translation>le correspondant a fermé la connexion</translation>
+    </message>
+    <message>
+        <source>the connection broke (%1)</source>
+        <translation>la connexion s&apos;est rompue (%1)</translation>
+    </message>
+    <message>
+        <source>%1: a new peer replaces the old one</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Text</name>
+    <message>
+        <source>its columns are separated by semicolons</source>
+        <translation>ses colonnes sont séparées par des points-virgules</translation>
+    </message>
+    <message>
+        <source>its columns are separated by tabs</source>
+        <translation>ses colonnes sont séparées par des tabulations</translation>
+    </message>
+    <message>
+        <source>its columns are separated by bars</source>
+        <translation>ses colonnes sont séparées par des barres verticales</translation>
+    </message>
+    <message>
+        <source>its values are in quotes</source>
+        <translation>ses valeurs sont entre guillemets</translation>
+    </message>
+    <message>
+        <source>its numbers have a decimal comma</source>
+        <translation>ses nombres ont une virgule décimale</translation>
+    </message>
+    <message>
+        <source>its times are dates</source>
+        <translation>ses temps sont des dates</translation>
+    </message>
+    <message>
+        <source>its times are dates without a time zone (local time is assumed; clock=utc otherwise)</source>
+        <translation>ses temps sont des dates sans fuseau horaire (heure locale supposée ; sinon clock=utc)</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> et </translation>
+    </message>
+    <message>
+        <source>no column holds the time, and %1 is no time</source>
+        <translation>aucune colonne ne contient le temps, et %1 n&apos;est pas un temps</translation>
+    </message>
+    <message>
+        <source>no column holds the time</source>
+        <translation>aucune colonne ne contient le temps</translation>
+    </message>
+    <message>
+        <source>, and </source>
+        <translation>, et </translation>
+    </message>
+    <message>
+        <source>%1. The option --import &quot;%2&quot; reads it</source>
+        <translation>%1. L&apos;option --import &quot;%2&quot; la lit</translation>
+    </message>
+    <message>
+        <source>%1. If its rows are 1 ms apart, the option --import &quot;%2&quot; reads it</source>
+        <translation>%1. Si ses lignes sont espacées de 1 ms, l&apos;option --import &quot;%2&quot; la lit</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense; there are delimiter=comma, semicolon, tab, blank or bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, separated by commas</source>
+        <translation>« %1 » n&apos;a pas de sens ; il y a delimiter=comma, semicolon, tab, blank ou bar, decimal=comma, header=yes ou no, time=COLONNE ou none, interval=1ms, clock=utc ou local, format=dd.MM.yyyy HH:mm:ss, skip=LIGNES et comment=SIGNE, séparés par des virgules</translation>
+    </message>
+    <message>
+        <source>with decimal=comma the delimiter cannot be a comma</source>
+        <translation>avec decimal=comma, le séparateur ne peut pas être une virgule</translation>
+    </message>
+    <message>
+        <source>clock says how a time column is read, and there is none</source>
+        <translation>clock dit comment lire une colonne de temps, et il n&apos;y en a pas</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 ne peut pas être lu : %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots</source>
+        <translation>%1 a plus de %2 spots</translation>
+    </message>
+    <message>
+        <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
+        <translation>%1 n&apos;est pas une liste de spots ; il faut les colonnes x_mm, y_mm et mu</translation>
+    </message>
+    <message>
+        <source>four numbers are needed, empty for no limit</source>
+        <translation>quatre nombres sont nécessaires, vide pour aucune limite</translation>
+    </message>
+    <message>
+        <source>the limits must rise from low alarm to high alarm</source>
+        <translation>les limites doivent croître de l&apos;alarme basse à l&apos;alarme haute</translation>
+    </message>
+    <message>
+        <source>no spot lies where one is planned</source>
+        <translation>aucun spot n&apos;est là où un spot est prévu</translation>
+    </message>
+    <message>
+        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
+        <translation>%1 spots : moyenne X %2, Y %3 mm ; sigma X %4, Y %5 mm ; pire %6 mm</translation>
+    </message>
+    <message>
+        <source> (row %1, spot %2)</source>
+        <translation> (ligne %1, spot %2)</translation>
+    </message>
+    <message>
+        <source> (row %1)</source>
+        <translation> (ligne %1)</translation>
+    </message>
+    <message>
+        <source>; no tolerance is set</source>
+        <translation> ; aucune tolérance fixée</translation>
+    </message>
+    <message>
+        <source>; %1 outside %2 x %3 mm</source>
+        <translation> ; %1 hors de %2 x %3 mm</translation>
+    </message>
+    <message>
+        <source>%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7</source>
+        <translation>%1 manquants (%2 %7), %3 en trop (%4 %7) ; dose totale %5 %7 sur %6 %7</translation>
+    </message>
+    <message>
+        <source>; largest difference of a spot %1 %2</source>
+        <translation> ; plus grand écart d&apos;un spot %1 %2</translation>
+    </message>
+    <message>
+        <source>; %1 spots without a place, a dose or a width are not compared</source>
+        <translation> ; %1 spots sans position, dose ou largeur ne sont pas comparés</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it</source>
+        <translation>un autre enregistreur y écrit</translation>
+    </message>
+    <message>
+        <source>was removed or renamed</source>
+        <translation>a été supprimé ou renommé</translation>
+    </message>
+    <message>
+        <source>was replaced by another file</source>
+        <translation>a été remplacé par un autre fichier</translation>
+    </message>
+    <message>
+        <source>was changed by another program</source>
+        <translation>a été modifié par un autre programme</translation>
+    </message>
+    <message>
+        <source>over a year</source>
+        <translation>plus d&apos;un an</translation>
+    </message>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 j</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>less than a minute</source>
+        <translation>moins d&apos;une minute</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source; there are sim:, file:, -, tcp://, tcp-listen:// and serial:</source>
+        <translation>« %1 » n&apos;est pas un type de source connu ; il y a sim:, file:, -, tcp://, tcp-listen:// et serial:</translation>
+    </message>
+    <message>
+        <source>sim:%1: only seed=NUMBER may follow the question mark</source>
+        <translation>sim:%1 : seul seed=NOMBRE peut suivre le point d&apos;interrogation</translation>
+    </message>
+    <message>
+        <source>there is no simulator &quot;%1&quot;; there are sim:ic4, sim:strips, sim:pixels and sim:spots</source>
+        <translation>il n&apos;y a pas de simulateur « %1 » ; il y a sim:ic4, sim:strips, sim:pixels et sim:spots</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp://HOST:PORT</source>
+        <translation>« %1 » devrait être tcp://HÔTE:PORT</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?ask=TEXT&amp;every=100ms&amp;silence=30s may follow the port</source>
+        <translation>« %1 » : seul ?ask=TEXTE&amp;every=100ms&amp;silence=30s peut suivre le port</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp-listen://127.0.0.1:PORT, with the address of one of this machine&apos;s interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the port</source>
+        <translation>« %1 » devrait être tcp-listen://127.0.0.1:PORT, avec l&apos;adresse d&apos;une interface de cette machine (0.0.0.0 pour toutes) ; seul ?silence=30s peut suivre le port</translation>
+    </message>
+    <message>
+        <source>&quot;serial:%1&quot; should be serial:DEVICE or serial:DEVICE?baud=NUMBER&amp;silence=30s</source>
+        <translation>« serial:%1 » devrait être serial:APPAREIL ou serial:APPAREIL?baud=NOMBRE&amp;silence=30s</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</source>
+        <translation>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
+        <translation>%1 : le nom d&apos;une image doit se terminer par .png, .svg ou .pdf</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TimeAxisActions</name>
+    <message>
+        <source>Time &amp;axis</source>
+        <translation>Axe du &amp;temps</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatique</translation>
+    </message>
+    <message>
+        <source>Local time where the source tells the moment of its readings, otherwise seconds.</source>
+        <translation>Heure locale si la source indique l&apos;instant de ses mesures, sinon secondes.</translation>
+    </message>
+    <message>
+        <source>&amp;Seconds</source>
+        <translation>&amp;Secondes</translation>
+    </message>
+    <message>
+        <source>The times as the source gives them.</source>
+        <translation>Les temps tels que la source les donne.</translation>
+    </message>
+    <message>
+        <source>&amp;Relative</source>
+        <translation>&amp;Relatif</translation>
+    </message>
+    <message>
+        <source>The time from the newest reading.</source>
+        <translation>Le temps depuis la dernière mesure.</translation>
+    </message>
+    <message>
+        <source>&amp;Local time</source>
+        <translation>&amp;Heure locale</translation>
+    </message>
+    <message>
+        <source>Date and time in the time zone of this computer.</source>
+        <translation>Date et heure dans le fuseau de cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>&amp;UTC</source>
+        <translation>&amp;UTC</translation>
+    </message>
+    <message>
+        <source>Date and time in UTC.</source>
+        <translation>Date et heure en UTC.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerAction</name>
+    <message>
+        <source>&amp;Trigger...</source>
+        <translation>&amp;Déclenchement...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerDialog</name>
+    <message>
+        <source>Readings that pass this level begin a sweep</source>
+        <translation>Les mesures qui franchissent ce niveau commencent un balayage</translation>
+    </message>
+    <message>
+        <source>How far a reading must have been on the other side of the level; more than the noise</source>
+        <translation>De combien une mesure doit avoir été de l&apos;autre côté du niveau ; plus que le bruit</translation>
+    </message>
+    <message>
+        <source>Shortest time between two triggers</source>
+        <translation>Temps minimal entre deux déclenchements</translation>
+    </message>
+    <message>
+        <source>&amp;Arm</source>
+        <translation>A&amp;rmer</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Déclenchement</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Arrêt</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatique</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>Unique</translation>
+    </message>
+    <message>
+        <source>Automatic shows sweeps also where no trigger comes; Single shows one</source>
+        <translation>Automatique montre des balayages même sans déclenchement ; Unique n&apos;en montre qu&apos;un</translation>
+    </message>
+    <message>
+        <source>Rising</source>
+        <translation>Montant</translation>
+    </message>
+    <message>
+        <source>Falling</source>
+        <translation>Descendant</translation>
+    </message>
+    <message>
+        <source>Either</source>
+        <translation>Les deux</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>Share of the sweep that lies before the trigger</source>
+        <translation>Part du balayage située avant le déclenchement</translation>
+    </message>
+    <message>
+        <source>Wait for the next trigger</source>
+        <translation>Attendre le prochain déclenchement</translation>
+    </message>
+    <message>
+        <source>&amp;Mode:</source>
+        <translation>&amp;Mode :</translation>
+    </message>
+    <message>
+        <source>&amp;Channel:</source>
+        <translation>&amp;Canal :</translation>
+    </message>
+    <message>
+        <source>&amp;Level:</source>
+        <translation>&amp;Niveau :</translation>
+    </message>
+    <message>
+        <source>&amp;Edge:</source>
+        <translation>&amp;Front :</translation>
+    </message>
+    <message>
+        <source>&amp;Hysteresis:</source>
+        <translation>&amp;Hystérésis :</translation>
+    </message>
+    <message>
+        <source>&amp;Before the trigger:</source>
+        <translation>&amp;Avant le déclenchement :</translation>
+    </message>
+    <message>
+        <source>Hold-&amp;off in s:</source>
+        <translation>&amp;Temps mort en s :</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>État :</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 en %2</translation>
+    </message>
+    <message>
+        <source>Numbers need a decimal point; hysteresis and hold-off are 0 or more.</source>
+        <translation>Les nombres ont un point décimal ; hystérésis et temps mort valent 0 ou plus.</translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation>Armé</translation>
+    </message>
+    <message>
+        <source>Triggered</source>
+        <translation>Déclenché</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueActions</name>
+    <message>
+        <source>&amp;Value axis...</source>
+        <translation>&amp;Axe des valeurs...</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>&amp;Légende</translation>
+    </message>
+    <message>
+        <source>Channel &amp;names under bars</source>
+        <translation>&amp;Noms des canaux sous les barres</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Couleurs</translation>
+    </message>
+    <message>
+        <source>&amp;Eight colours</source>
+        <translation>&amp;Huit couleurs</translation>
+    </message>
+    <message>
+        <source>&amp;Many colours, with dashes</source>
+        <translation>&amp;Nombreuses couleurs, avec tirets</translation>
+    </message>
+    <message>
+        <source>&amp;Safe for colour-blind eyes, with dashes</source>
+        <translation>&amp;Lisible par les daltoniens, avec tirets</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueAxisDialog</name>
+    <message>
+        <source>Value axis</source>
+        <translation>Axe des valeurs</translation>
+    </message>
+    <message>
+        <source>In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.</source>
+        <translation>Dans l&apos;unité de l&apos;axe, ou avec une unité : -20, 250 pA. Entrée l&apos;applique.</translation>
+    </message>
+    <message>
+        <source>Automatic chooses the unit that suits the scale.</source>
+        <translation>Automatique choisit l&apos;unité adaptée à l&apos;échelle.</translation>
+    </message>
+    <message>
+        <source>Ma&amp;ximum:</source>
+        <translation>&amp;Maximum :</translation>
+    </message>
+    <message>
+        <source>Mi&amp;nimum:</source>
+        <translation>M&amp;inimum :</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>&amp;Unité :</translation>
+    </message>
+    <message>
+        <source>&amp;Logarithmic</source>
+        <translation>&amp;Logarithmique</translation>
+    </message>
+    <message>
+        <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
+        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées ; le tracé nomme leurs canaux</translation>
+    </message>
+    <message>
+        <source>&amp;Set range</source>
+        <translation>&amp;Fixer la plage</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatique</translation>
+    </message>
+    <message>
+        <source>Show the range from minimum to maximum (Enter)</source>
+        <translation>Montrer la plage du minimum au maximum (Entrée)</translation>
+    </message>
+    <message>
+        <source>Let the range follow the readings (Alt+A)</source>
+        <translation>Laisser la plage suivre les mesures</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2.</source>
+        <translation>« %1 » n&apos;est pas une valeur en %2.</translation>
+    </message>
+    <message>
+        <source>The minimum must be below the maximum.</source>
+        <translation>Le minimum doit être inférieur au maximum.</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>Automatique (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;ffichage</translation>
+    </message>
+    <message>
+        <source>Values and cha&amp;nnels</source>
+        <translation>Valeurs &amp;et canaux</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>P&amp;ause</translation>
+    </message>
+    <message>
+        <source>&amp;Time span</source>
+        <translation>D&amp;urée</translation>
+    </message>
+    <message>
+        <source>&amp;Strip chart</source>
+        <translation>Dé&amp;filement</translation>
+    </message>
+    <message>
+        <source>S&amp;cope</source>
+        <translation>&amp;Oscilloscope</translation>
+    </message>
+    <message>
+        <source>&amp;Histogram</source>
+        <translation>&amp;Histogramme</translation>
+    </message>
+    <message>
+        <source>2D pro&amp;file</source>
+        <translation>Profil 2&amp;D</translation>
+    </message>
+    <message>
+        <source>P&amp;osition</source>
+        <translation>Pos&amp;ition</translation>
+    </message>
+    <message>
+        <source>Spot &amp;map</source>
+        <translation>&amp;Carte des spots</translation>
+    </message>
+    <message>
+        <source>Position &amp;errors</source>
+        <translation>E&amp;rreurs de position</translation>
+    </message>
+    <message>
+        <source>F&amp;ull screen</source>
+        <translation>&amp;Plein écran</translation>
+    </message>
+    <message>
+        <source>&amp;Big numbers</source>
+        <translation>&amp;Grands chiffres</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::WindowRun</name>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;</source>
+        <translation>%1 n&apos;a pas de données pour l&apos;affichage « %2 »</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>Ce faisceau est simulé.</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>Voici %1.</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation> Fichier &gt; Ouvrir... joue un enregistrement, Fichier &gt; Connecter... lit un instrument. Espace met en pause, Ctrl+R enregistre, F1 montre les premiers pas.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2404 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>Monitor::Appearance</name>
+    <message>
+        <source>Appea&amp;rance</source>
+        <translation>外観(&amp;R)</translation>
+    </message>
+    <message>
+        <source>As the des&amp;ktop</source>
+        <translation>デスクトップに合わせる(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>ライト(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>ダーク(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Baseline</name>
+    <message>
+        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ZEROED</source>
+        <translation>ゼロ補正済み</translation>
+    </message>
+    <message>
+        <source>BACKGROUND SUBTRACTED</source>
+        <translation>バックグラウンド差引済み</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::BigNumbers</name>
+    <message>
+        <source>Big numbers - Corvale Monitor</source>
+        <translation>大きな数字 - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>&amp;Show:</source>
+        <translation>表示(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Beam: position and width</source>
+        <translation>ビーム: 位置と幅</translation>
+    </message>
+    <message>
+        <source>No readings</source>
+        <translation>測定値なし</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>ビーム</translation>
+    </message>
+    <message>
+        <source>no valid data</source>
+        <translation>有効なデータなし</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>シミュレーション</translation>
+    </message>
+    <message>
+        <source>PAUSED</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>更新なし</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>終了</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ClearUndo</name>
+    <message>
+        <source>&amp;Undo clear</source>
+        <translation>消去を元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Bring back</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
+        <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ConnectDialog</name>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>保存(&amp;K)</translation>
+    </message>
+    <message>
+        <source>For&amp;get</source>
+        <translation>削除(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Test</source>
+        <translation>テスト(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Test shows the first lines of the source and what they are read as.</source>
+        <translation>テストすると、ソースの最初の数行とその読み取り結果を表示します。</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>接続(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Kind of source</source>
+        <translation>ソースの種類</translation>
+    </message>
+    <message>
+        <source>Na&amp;me:</source>
+        <translation>名前(&amp;M):</translation>
+    </message>
+    <message>
+        <source>Connections that were kept. Type a name and choose Keep to add one.</source>
+        <translation>保存した接続。追加するには名前を入力して「保存」を選びます。</translation>
+    </message>
+    <message>
+        <source>a name for this connection, if it is to be kept</source>
+        <translation>この接続を保存する場合の名前</translation>
+    </message>
+    <message>
+        <source>A field that is needed is empty.</source>
+        <translation>必要な項目が空です。</translation>
+    </message>
+    <message>
+        <source>On the command line: corvale-monitor &quot;%1&quot;</source>
+        <translation>コマンドラインでは: corvale-monitor &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>This source is open: its readings are in the window.</source>
+        <translation>このソースは開いています。測定値はウィンドウに表示されています。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::DisplayTabs</name>
+    <message>
+        <source>Scope</source>
+        <translation>スコープ</translation>
+    </message>
+    <message>
+        <source>2D profile</source>
+        <translation>2D プロファイル</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Spot map</source>
+        <translation>スポットマップ</translation>
+    </message>
+    <message>
+        <source>Position errors</source>
+        <translation>位置誤差</translation>
+    </message>
+    <message>
+        <source>%1; in all layers %2</source>
+        <translation>%1。全レイヤーで %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1。%2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::EditMenu</name>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy values</source>
+        <translation>値をコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>画像をコピー(&amp;P)</translation>
+    </message>
+    <message>
+        <source>C&amp;lear readings...</source>
+        <translation>測定値を消去(&amp;L)...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ExportActions</name>
+    <message>
+        <source>Save rea&amp;dings shown...</source>
+        <translation>表示中の測定値を保存(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>Save readings between &amp;markers...</source>
+        <translation>マーカー間の測定値を保存(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>Save readings</source>
+        <translation>測定値を保存</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time.</source>
+        <translation>時間に沿って測定値を表示するのはストリップチャートとスコープだけです。</translation>
+    </message>
+    <message>
+        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
+        <translation>先にチャートに両方のマーカーを置いてください。マーカーを有効にし、左ボタンと右ボタンでクリックします。</translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation>CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>%1 readings were saved to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1 was not saved: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not saved: canceled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Saving readings</source>
+        <translation>測定値を保存しています</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileForm</name>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>参照(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;File:</source>
+        <translation>ファイル(&amp;F):</translation>
+    </message>
+    <message>
+        <source>A recording of this program, a file saved by the library, or a table with a line of names and a line for each time.</source>
+        <translation>このプログラムの記録、ライブラリが保存したファイル、または名前の行と時刻ごとの行からなる表。</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Choose a recording</source>
+        <translation>記録を選択</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>表 (*.csv *.txt *.dat);;すべてのファイル (*)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileMenu</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Open recen&amp;t</source>
+        <translation>最近のファイル(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Connect...</source>
+        <translation>接続(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>C&amp;lose source</source>
+        <translation>ソースを閉じる(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings...</source>
+        <translation>設定(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>記録を開く</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
+        <translation>表 (*.csv *.txt *.dat);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Forget these</source>
+        <translation>これらを消去(&amp;F)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FileSource</name>
+    <message>
+        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
+        <translation>パスと、このユーザーの読み取り権限を確認してください。表は名前の行と時刻ごとの行からなります。</translation>
+    </message>
+    <message>
+        <source>none of its %1 readings lies in the times that were asked for</source>
+        <translation>%1 個の測定値のどれも指定した時間内にありません</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>ファイルが空です</translation>
+    </message>
+    <message>
+        <source>it has names or comments, but no row with numbers</source>
+        <translation>名前やコメントはありますが、数値の行がありません</translation>
+    </message>
+    <message>
+        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>%1 行のどれも読めません。最初の行は %2 でした。行は小数点を使った t,v1,v2,... であるか、書式を --import で指定する必要があります</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>%1 の読み取り: %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>%1 の終わりに達しました</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpMenu</name>
+    <message>
+        <source># Keys
+
+Alt and the underlined letter open a menu.
+
+| key | what it does |
+|---|---|
+</source>
+        <translation># キー
+
+Alt と下線付きの文字でメニューを開きます。
+
+| キー | 動作 |
+|---|---|
+</translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation>Ctrl+S</translation>
+    </message>
+    <message>
+        <source>in the scope: saves the readings that are shown</source>
+        <translation>スコープで: 表示中の測定値を保存</translation>
+    </message>
+    <message>
+        <source>Left, Right, Delete</source>
+        <translation>左、右、Delete</translation>
+    </message>
+    <message>
+        <source>in the scope: moves or removes the markers</source>
+        <translation>スコープで: マーカーを移動または削除</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>in the values: shows or hides the channel</source>
+        <translation>値の一覧で: チャンネルの表示と非表示を切り替え</translation>
+    </message>
+    <message>
+        <source>Page Up, Page Down</source>
+        <translation>Page Up、Page Down</translation>
+    </message>
+    <message>
+        <source>in the spot map: goes through the layers</source>
+        <translation>スポットマップで: レイヤーを順に表示</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+O</source>
+        <translation>Ctrl+Shift+O</translation>
+    </message>
+    <message>
+        <source>moves a display into a separate window, or back</source>
+        <translation>表示を別ウィンドウに移す、または戻す</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;First steps</source>
+        <translation>はじめに(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>キー(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Line protocol</source>
+        <translation>行プロトコル(&amp;L)</translation>
+    </message>
+    <message>
+        <source>L&amp;icences</source>
+        <translation>ライセンス(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>このプログラムについて(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::HelpWindow</name>
+    <message>
+        <source>First steps</source>
+        <translation>はじめに</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー</translation>
+    </message>
+    <message>
+        <source>Line protocol</source>
+        <translation>行プロトコル</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>ライセンス</translation>
+    </message>
+    <message>
+        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
+
+Library corvale_qt %2, Qt %3, Qwt %4, %5.
+
+Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
+        <translation>Corvale Monitor %1 は荷電粒子ビームを測定する装置の測定値を表示します。
+
+ライブラリ corvale_qt %2、Qt %3、Qwt %4、%5。
+
+LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boost は Boost Software License、パネルのアイコンは Material Design Icons (OFL、Apache) です。全文は「ヘルプ &gt; ライセンス」にあります。</translation>
+    </message>
+    <message>
+        <source>About Corvale Monitor</source>
+        <translation>Corvale Monitor について</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ImportDialog</name>
+    <message>
+        <source>How is %1 read?</source>
+        <translation>%1 の読み取り方</translation>
+    </message>
+    <message>
+        <source>This table is read as it is.</source>
+        <translation>この表はそのまま読み取ります。</translation>
+    </message>
+    <message>
+        <source>This is not a recording of the monitor: %1.</source>
+        <translation>モニターの記録ではありません: %1。</translation>
+    </message>
+    <message>
+        <source>&amp;Columns are separated by</source>
+        <translation>列の区切り(&amp;C)</translation>
+    </message>
+    <message>
+        <source>commas, or blanks</source>
+        <translation>コンマまたは空白</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>コンマ</translation>
+    </message>
+    <message>
+        <source>semicolons</source>
+        <translation>セミコロン</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>タブ</translation>
+    </message>
+    <message>
+        <source>blanks</source>
+        <translation>空白</translation>
+    </message>
+    <message>
+        <source>bars</source>
+        <translation>縦棒</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal sign</source>
+        <translation>小数点の記号(&amp;D)</translation>
+    </message>
+    <message>
+        <source>point: 1.25</source>
+        <translation>ピリオド: 1.25</translation>
+    </message>
+    <message>
+        <source>comma: 1,25</source>
+        <translation>コンマ: 1,25</translation>
+    </message>
+    <message>
+        <source>&amp;Names of columns</source>
+        <translation>列の名前(&amp;N)</translation>
+    </message>
+    <message>
+        <source>in the first line, if it is not all numbers</source>
+        <translation>最初の行 (数値だけでない場合)</translation>
+    </message>
+    <message>
+        <source>in the first line</source>
+        <translation>最初の行</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>時刻(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Which column holds the time of a row, or that none does</source>
+        <translation>行の時刻がどの列にあるか、またはないか</translation>
+    </message>
+    <message>
+        <source>in the column with such a name</source>
+        <translation>時刻の名前を持つ列</translation>
+    </message>
+    <message>
+        <source>in the column with this number</source>
+        <translation>この番号の列</translation>
+    </message>
+    <message>
+        <source>in no column; rows are equally spaced</source>
+        <translation>列なし (行は等間隔)</translation>
+    </message>
+    <message>
+        <source>Co&amp;lumn of the time</source>
+        <translation>時刻の列(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Time &amp;between two rows</source>
+        <translation>行と行の間隔(&amp;B)</translation>
+    </message>
+    <message>
+        <source>For a table without times, like 1ms, 0.02s or 1min</source>
+        <translation>時刻のない表の場合。例: 1ms、0.02s、1min</translation>
+    </message>
+    <message>
+        <source>Times &amp;are</source>
+        <translation>時刻の形式(&amp;A)</translation>
+    </message>
+    <message>
+        <source>numbers, in seconds or the unit of the name</source>
+        <translation>数値 (秒、または名前にある単位)</translation>
+    </message>
+    <message>
+        <source>dates; UTC where no zone is written</source>
+        <translation>日時 (時間帯の記載がなければ UTC)</translation>
+    </message>
+    <message>
+        <source>dates; local time where no zone is written</source>
+        <translation>日時 (時間帯の記載がなければ現地時刻)</translation>
+    </message>
+    <message>
+        <source>&amp;Form of dates</source>
+        <translation>日時の書式(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
+        <translation>空なら ISO 8601 (2026-03-01T12:00:00.5)。または dd.MM.yyyy HH:mm:ss.zzz など</translation>
+    </message>
+    <message>
+        <source>Lines to &amp;skip first</source>
+        <translation>最初に読み飛ばす行数(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Co&amp;mments begin with</source>
+        <translation>コメントの開始記号(&amp;M)</translation>
+    </message>
+    <message>
+        <source>One sign; # always begins one</source>
+        <translation>1 文字。# は常にコメントです</translation>
+    </message>
+    <message>
+        <source>The first rows as they will be read</source>
+        <translation>最初の数行の読み取り結果</translation>
+    </message>
+    <message>
+        <source>Please state the time between two rows, for example 1ms.</source>
+        <translation>行と行の間隔を指定してください (例: 1ms)。</translation>
+    </message>
+    <message>
+        <source>It cannot be read so: %1.</source>
+        <translation>この設定では読めません: %1。</translation>
+    </message>
+    <message>
+        <source>None of its rows can be read so; the first is %1</source>
+        <translation>この設定ではどの行も読めません。最初の行: %1</translation>
+    </message>
+    <message>
+        <source>It contains no rows.</source>
+        <translation>行がありません。</translation>
+    </message>
+    <message>
+        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <translation>最初の行のうち %1 行がこの設定では読めません。最初のものは %2</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read.</source>
+        <translation>最初の行はすべて読めます。</translation>
+    </message>
+    <message>
+        <source>All of the first rows can be read. The time 0 is %1 (UTC).</source>
+        <translation>最初の行はすべて読めます。時刻 0 は %1 (UTC) です。</translation>
+    </message>
+    <message>
+        <source>On the command line: --import &quot;%1&quot;</source>
+        <translation>コマンドラインでは: --import &quot;%1&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LatestValuePanel</name>
+    <message>
+        <source>&amp;All</source>
+        <translation>すべて(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Show all channels</source>
+        <translation>すべてのチャンネルを表示</translation>
+    </message>
+    <message>
+        <source>N&amp;one</source>
+        <translation>なし(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Show no channel</source>
+        <translation>チャンネルを表示しない</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>WARNING 2D profile: %1</source>
+        <translation>WARNING 2D profile: %1</translation>
+    </message>
+    <message>
+        <source>%1 columns beyond the first %2 are left out</source>
+        <translation>最初の %2 列より後の %1 列は使われません</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitActions</name>
+    <message>
+        <source>&amp;Acknowledge alarms</source>
+        <translation>アラームを確認(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Alarms make a &amp;sound</source>
+        <translation>アラーム音を鳴らす(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Limits...</source>
+        <translation>限界値(&amp;L)...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitMarks</name>
+    <message>
+        <source>ALARM %1</source>
+        <translation>アラーム %1</translation>
+    </message>
+    <message>
+        <source>WARN %1</source>
+        <translation>警告 %1</translation>
+    </message>
+    <message>
+        <source>%1, above its limit</source>
+        <translation>%1、限界値超過</translation>
+    </message>
+    <message>
+        <source>%1, below its limit</source>
+        <translation>%1、限界値未満</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LimitsDialog</name>
+    <message>
+        <source>Limits</source>
+        <translation>限界値</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
+        <translation>限界値を超えた測定値は警告またはアラームになります。空欄は限界値なしです。数値の小数点はピリオドです。</translation>
+    </message>
+    <message>
+        <source>Limits of each channel</source>
+        <translation>各チャンネルの限界値</translation>
+    </message>
+    <message>
+        <source>Low alarm</source>
+        <translation>下限アラーム</translation>
+    </message>
+    <message>
+        <source>Low warning</source>
+        <translation>下限警告</translation>
+    </message>
+    <message>
+        <source>High warning</source>
+        <translation>上限警告</translation>
+    </message>
+    <message>
+        <source>High alarm</source>
+        <translation>上限アラーム</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number with a decimal point</source>
+        <translation>「%1」はピリオドを小数点とする数値ではありません</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LineSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>%1 を開いています</translation>
+    </message>
+    <message>
+        <source>%1: silent for %2 s</source>
+        <translation>%1: %2 秒間受信なし</translation>
+    </message>
+    <message>
+        <source>%1; trying again in %2 s</source>
+        <translation>%1。%2 秒後に再試行します</translation>
+    </message>
+    <message>
+        <source>%1; waiting for the next one</source>
+        <translation>%1。次の接続を待っています</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>%1 の終わりに達しました</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MeasureMenu</name>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>測定(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Limits</source>
+        <translation>限界値(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Zero</source>
+        <translation>ゼロ(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>Subtracts the newest reading of each channel from what is shown.</source>
+        <translation>各チャンネルの最新の測定値を表示から差し引きます。</translation>
+    </message>
+    <message>
+        <source>&amp;Background</source>
+        <translation>バックグラウンド(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
+        <translation>各チャンネルの直近 %1 個の測定値の平均を表示から差し引きます。</translation>
+    </message>
+    <message>
+        <source>&amp;Remove zero and background</source>
+        <translation>ゼロとバックグラウンドを解除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Average of the scope</source>
+        <translation>スコープの平均(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>なし(&amp;N)</translation>
+    </message>
+    <message>
+        <source>%1 readings</source>
+        <translation>%1 測定値</translation>
+    </message>
+    <message>
+        <source>&amp;Markers</source>
+        <translation>マーカー(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Two clicks on the scope place markers; the numbers between them stand beside it.</source>
+        <translation>スコープを 2 回クリックするとマーカーが置かれ、その間の数値が横に表示されます。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorStatusBar</name>
+    <message>
+        <source>Where the readings come from</source>
+        <translation>測定値の入力元</translation>
+    </message>
+    <message>
+        <source>Abnormal states</source>
+        <translation>異常な状態</translation>
+    </message>
+    <message>
+        <source>Readings per second</source>
+        <translation>1 秒あたりの測定値</translation>
+    </message>
+    <message>
+        <source>Lines that could not be used; the log lists them</source>
+        <translation>使用できなかった行 (ログに一覧があります)</translation>
+    </message>
+    <message>
+        <source>Pauses longer than three of the usual steps</source>
+        <translation>通常の 3 周期より長い途切れ</translation>
+    </message>
+    <message>
+        <source>The file that is being recorded (Ctrl+R)</source>
+        <translation>記録中のファイル (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>Time, UTC</source>
+        <translation>時刻 (UTC)</translation>
+    </message>
+    <message>
+        <source>%1 /s</source>
+        <translation>%1 /s</translation>
+    </message>
+    <message>
+        <source>1 bad line</source>
+        <translation>不良行 1</translation>
+    </message>
+    <message>
+        <source>%1 bad lines</source>
+        <translation>不良行 %1</translation>
+    </message>
+    <message>
+        <source>1 gap</source>
+        <translation>途切れ 1</translation>
+    </message>
+    <message>
+        <source>%1 gaps</source>
+        <translation>途切れ %1</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>シミュレーション</translation>
+    </message>
+    <message>
+        <source>PAUSED, %1 readings wait</source>
+        <translation>一時停止、%1 個の測定値が待機</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>更新なし</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>DISK FULL IN %1</source>
+        <translation>ディスク残り %1</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>記録エラー</translation>
+    </message>
+    <message>
+        <source>%1 (over, F8 acknowledges)</source>
+        <translation>%1 (終了、F8 で確認)</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 他 %2 件</translation>
+    </message>
+    <message>
+        <source>not recording</source>
+        <translation>記録していません</translation>
+    </message>
+    <message>
+        <source>REC %1, %2</source>
+        <translation>REC %1、%2</translation>
+    </message>
+    <message>
+        <source>%1, room for %2</source>
+        <translation>%1、残り %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MonitorWindow</name>
+    <message>
+        <source>Latest &amp;values</source>
+        <translation>最新の値(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Statist&amp;ics</source>
+        <translation>統計(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>ログ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Latest values</source>
+        <translation>最新の値</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>統計</translation>
+    </message>
+    <message>
+        <source>Log (UTC)</source>
+        <translation>ログ (UTC)</translation>
+    </message>
+    <message>
+        <source>%1 - Corvale Monitor</source>
+        <translation>%1 - Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>Do not show again</source>
+        <translation>今後表示しない</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::MultichannelDeviceModel</name>
+    <message>
+        <source>no unit</source>
+        <translation>単位なし</translation>
+    </message>
+    <message>
+        <source>%1, channel %2, %3</source>
+        <translation>%1、チャンネル %2、%3</translation>
+    </message>
+    <message>
+        <source>no reading</source>
+        <translation>測定値なし</translation>
+    </message>
+    <message>
+        <source>%1 %2, over range</source>
+        <translation>%1 %2、範囲超過</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::NoSource</name>
+    <message>
+        <source>No source is open</source>
+        <translation>開いているソースはありません</translation>
+    </message>
+    <message>
+        <source>File &gt; Open... plays a recording, File &gt; Connect... reads an instrument.</source>
+        <translation>「ファイル &gt; 開く...」で記録を再生し、「ファイル &gt; 接続...」で装置を読み取ります。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PgmSource</name>
+    <message>
+        <source>Check the path and whether this user may read it; a folder needs files called *.pgm, with grey images of at most 256 x 256 pixels.</source>
+        <translation>パスと読み取り権限を確認してください。フォルダーには最大 256 x 256 ピクセルのグレー画像 *.pgm が必要です。</translation>
+    </message>
+    <message>
+        <source>%1 has no files called *.pgm</source>
+        <translation>%1 に *.pgm ファイルがありません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>reached the end of %1</source>
+        <translation>%1 の終わりに達しました</translation>
+    </message>
+    <message>
+        <source>reading %1: %2</source>
+        <translation>%1 の読み取り: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureActions</name>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>画像を保存(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int...</source>
+        <translation>印刷(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>画像を保存</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>印刷</translation>
+    </message>
+    <message>
+        <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
+        <translation>プリンター %1 で印刷できませんでした。別のプリンターを選ぶか、画像を保存してください。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureTaker</name>
+    <message>
+        <source>%1: no data for %2 s. %3</source>
+        <translation>%1: %2 秒間データがありません。%3</translation>
+    </message>
+    <message>
+        <source>%1: there is nothing to draw in its last reading</source>
+        <translation>%1: 最後の測定値に描画するものがありません</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ProfilePage</name>
+    <message>
+        <source>mean X %1</source>
+        <translation>平均 X %1</translation>
+    </message>
+    <message>
+        <source>mean Y %1</source>
+        <translation>平均 Y %1</translation>
+    </message>
+    <message>
+        <source>σ X %1</source>
+        <translation>σ X %1</translation>
+    </message>
+    <message>
+        <source>σ Y %1</source>
+        <translation>σ Y %1</translation>
+    </message>
+    <message>
+        <source>rotation %1°</source>
+        <translation>回転 %1°</translation>
+    </message>
+    <message>
+        <source>elongation %1</source>
+        <translation>伸び %1</translation>
+    </message>
+    <message>
+        <source>integral %1</source>
+        <translation>積分 %1</translation>
+    </message>
+    <message>
+        <source>max %1</source>
+        <translation>最大 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::RecordAction</name>
+    <message>
+        <source>Stop &amp;recording</source>
+        <translation>記録を停止(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Record...</source>
+        <translation>記録(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>記録</translation>
+    </message>
+    <message>
+        <source>Recordings (*.csv)</source>
+        <translation>記録 (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Recorder</name>
+    <message>
+        <source>%1 exists already; choose another name or allow overwriting</source>
+        <translation>%1 は既にあります。別の名前を選ぶか、上書きを許可してください</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: %1; it goes on in %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 %2, and %3</source>
+        <translation>%1 %2、%3</translation>
+    </message>
+    <message>
+        <source>recording: %1 %2; it goes on in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>待ち続ける</translation>
+    </message>
+    <message>
+        <source>P&amp;ort:</source>
+        <translation>ポート(&amp;O):</translation>
+    </message>
+    <message>
+        <source>The ports of this machine, or the path of another one. Reading one needs the group dialout.</source>
+        <translation>このコンピューターのポート、または別のポートのパス。読み取りには dialout グループが必要です。</translation>
+    </message>
+    <message>
+        <source>&amp;Rate:</source>
+        <translation>速度(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <translation>装置の設定と同じビット毎秒。データ 8 ビット、パリティなし、ストップ 1 ビット。</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>無受信(&amp;I):</translation>
+    </message>
+    <message>
+        <source>no port found; for example /dev/ttyUSB0</source>
+        <translation>ポートが見つかりません (例: /dev/ttyUSB0)</translation>
+    </message>
+    <message>
+        <source>Serial port</source>
+        <translation>シリアルポート</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SerialSource</name>
+    <message>
+        <source>Check that the device is plugged in, that this user may open it (group dialout), and the baud rate.</source>
+        <translation>装置の接続、このユーザーの権限 (dialout グループ)、ボーレートを確認してください。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Session</name>
+    <message>
+        <source>the detector is not used: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1 more events are not listed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is the source; record to another file</source>
+        <translation>%1 はソースです。別のファイルに記録してください</translation>
+    </message>
+    <message>
+        <source>recording to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR recording stalled: %1; trying again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording resumed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>recording to %1 ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
+        <translation>記録 %1 は不完全です。%2 個の測定値がありません%3</translation>
+    </message>
+    <message>
+        <source>: %1</source>
+        <translation>: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SettingsDialog</name>
+    <message>
+        <source>As fast as &amp;possible</source>
+        <translation>できるだけ速く(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play a file &amp;again and again</source>
+        <translation>ファイルを繰り返し再生(&amp;A)</translation>
+    </message>
+    <message>
+        <source>its first reading</source>
+        <translation>最初の測定値</translation>
+    </message>
+    <message>
+        <source>its last reading</source>
+        <translation>最後の測定値</translation>
+    </message>
+    <message>
+        <source>as the source says</source>
+        <translation>ソースの指定どおり</translation>
+    </message>
+    <message>
+        <source>record nothing by itself</source>
+        <translation>自動では記録しない</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>しない</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>起動(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Files</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>R&amp;eadings</source>
+        <translation>測定値(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Re&amp;cordings</source>
+        <translation>記録(&amp;C)</translation>
+    </message>
+    <message>
+        <source>A simulated beam</source>
+        <translation>シミュレーションのビーム</translation>
+    </message>
+    <message>
+        <source>The last source</source>
+        <translation>前回のソース</translation>
+    </message>
+    <message>
+        <source>No source</source>
+        <translation>ソースなし</translation>
+    </message>
+    <message>
+        <source>&amp;Open:</source>
+        <translation>開くもの(&amp;O):</translation>
+    </message>
+    <message>
+        <source>What a start shows if the command line names no source.</source>
+        <translation>コマンドラインでソースを指定しない場合に起動時に表示するもの。</translation>
+    </message>
+    <message>
+        <source>Kept in:</source>
+        <translation>保存先:</translation>
+    </message>
+    <message>
+        <source>--settings FILE on the command line chooses another file, and another window.</source>
+        <translation>コマンドラインの --settings ファイル で別のファイルと別のウィンドウを選べます。</translation>
+    </message>
+    <message>
+        <source> times as recorded</source>
+        <translation> 倍速</translation>
+    </message>
+    <message>
+        <source>Spee&amp;d:</source>
+        <translation>速度(&amp;D):</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>開始(&amp;R):</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>終了(&amp;T):</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>ファイル内の時刻 (秒)。これから開くファイルに、プログラムの終了まで適用されます。</translation>
+    </message>
+    <message>
+        <source>Lowest &amp;limit:</source>
+        <translation>下限(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;Highest limit:</source>
+        <translation>上限(&amp;H):</translation>
+    </message>
+    <message>
+        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
+        <translation>これを外れる測定値は範囲超過になります。単位は測定値と同じで、次にソースを開始したときから有効です。空: ソースの指定する限界。</translation>
+    </message>
+    <message>
+        <source>&amp;Detector:</source>
+        <translation>検出器(&amp;D):</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
+        <translation>検出器の位置と校正を記述したファイル (.json)。空: ソースの指定どおり。</translation>
+    </message>
+    <message>
+        <source>Fo&amp;lder:</source>
+        <translation>フォルダー(&amp;L):</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
+        <translation>開いたソースはすべて、このフォルダーの日時を名前とする新しいファイルに記録されます。空:「ファイル &gt; 記録」のみ。</translation>
+    </message>
+    <message>
+        <source>&amp;New file after:</source>
+        <translation>新しいファイルにする間隔(&amp;N):</translation>
+    </message>
+    <message>
+        <source>A time or a size: 1h, 30min, 100M, 2G.</source>
+        <translation>時間またはサイズ: 1h、30min、100M、2G。</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>参照(&amp;B)...</translation>
+    </message>
+    <message>
+        <source>Folder for recordings</source>
+        <translation>記録のフォルダー</translation>
+    </message>
+    <message>
+        <source>Description of a detector</source>
+        <translation>検出器の記述</translation>
+    </message>
+    <message>
+        <source>Detectors (*.json);;All files (*)</source>
+        <translation>検出器 (*.json);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>「%1」は数値ではありません。1.5 や -1e-6 のように、ピリオドを小数点として入力してください。</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
+        <translation>%1 s と %2 s の間には何もありません。最初の時刻を先にしてください。</translation>
+    </message>
+    <message>
+        <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
+        <translation>限界には二つの数値が必要です (小さい方が先)。または両方を空にしてください。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a time nor a size. Write 1h, 30min, 100M or 2G.</source>
+        <translation>「%1」は時間でもサイズでもありません。1h、30min、100M、2G のように入力してください。</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>デスクトップに合わせる</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>言語(&amp;L):</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
+        <translation>次回の起動から有効です。数値、ファイル、ログはどの言語でも同じです。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SimulatorForm</name>
+    <message>
+        <source>Strip detector, 32 and 32 strips</source>
+        <translation>ストリップ検出器、32 + 32 ストリップ</translation>
+    </message>
+    <message>
+        <source>Pixel detector, 12 by 12</source>
+        <translation>ピクセル検出器、12 x 12</translation>
+    </message>
+    <message>
+        <source>Ionisation chamber with 4 sectors</source>
+        <translation>4 分割電離箱</translation>
+    </message>
+    <message>
+        <source>Spots of a treatment field</source>
+        <translation>照射野のスポット</translation>
+    </message>
+    <message>
+        <source>usual</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument:</source>
+        <translation>装置(&amp;I):</translation>
+    </message>
+    <message>
+        <source>The beam is computed; no hardware is needed.</source>
+        <translation>ビームは計算で作られ、装置は必要ありません。</translation>
+    </message>
+    <message>
+        <source>S&amp;eed:</source>
+        <translation>シード(&amp;E):</translation>
+    </message>
+    <message>
+        <source>Another number gives another beam and other noise.</source>
+        <translation>数値を変えると、ビームとノイズが変わります。</translation>
+    </message>
+    <message>
+        <source>Simulated beam</source>
+        <translation>シミュレーションのビーム</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceForm</name>
+    <message>
+        <source>Connect again if a source that used to talk says nothing for this long, like 30s. Empty: wait for ever, as there may be no beam.</source>
+        <translation>送信していたソースがこの時間沈黙したら再接続します (例: 30s)。空: ビームがない場合もあるため待ち続けます。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceNotice</name>
+    <message>
+        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1: %2 行のどれも読めませんでした。最初の行は %3 でした。行は小数点を使った t,v1,v2,... でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings.</source>
+        <translation>%1 に測定値がありません。</translation>
+    </message>
+    <message>
+        <source>%1 contains no readings: %2.</source>
+        <translation>%1 に測定値がありません: %2。</translation>
+    </message>
+    <message>
+        <source>%1: no reading has arrived yet</source>
+        <translation>%1: まだ測定値が届いていません</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceSwitch</name>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Opening another source ends the recording.</source>
+        <translation>別のソースを開くと記録が終わります。</translation>
+    </message>
+    <message>
+        <source>Closing the source ends the recording.</source>
+        <translation>ソースを閉じると記録が終わります。</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>記録を終了しますか?</translation>
+    </message>
+    <message>
+        <source>%1 What was recorded stays in %2.</source>
+        <translation>%1 記録済みのデータは %2 に残ります。</translation>
+    </message>
+    <message>
+        <source>&amp;End the recording</source>
+        <translation>記録を終了(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>記録</translation>
+    </message>
+    <message>
+        <source>The source is open, but it is not recorded. %1</source>
+        <translation>ソースは開いていますが、記録されていません。%1</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was. %1</source>
+        <translation>検出器は元のままです。%1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SourceTest</name>
+    <message>
+        <source>none</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Waiting for the first readings ...</source>
+        <translation>最初の測定値を待っています ...</translation>
+    </message>
+    <message>
+        <source>The source works.</source>
+        <translation>ソースは動作しています。</translation>
+    </message>
+    <message>
+        <source>It contains no readings.</source>
+        <translation>測定値がありません。</translation>
+    </message>
+    <message>
+        <source>Nothing could be read within %1 s. %2</source>
+        <translation>%1 秒以内に何も読めませんでした。%2</translation>
+    </message>
+    <message>
+        <source>The source works, slowly.</source>
+        <translation>ソースは動作していますが、低速です。</translation>
+    </message>
+    <message>
+        <source>Not every line could be used: %1</source>
+        <translation>使用できない行がありました: %1</translation>
+    </message>
+    <message>
+        <source>First lines:</source>
+        <translation>最初の行:</translation>
+    </message>
+    <message>
+        <source>Read as %1 channels, layout %2:</source>
+        <translation>%1 チャンネル、配置 %2 として読み取り:</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpanControl</name>
+    <message>
+        <source>Time &amp;span:</source>
+        <translation>時間幅(&amp;S):</translation>
+    </message>
+    <message>
+        <source>Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, 1.5 min or all. Readings older than the newest 100000 are shown as the range of blocks, for a week; while they are averaged, they are not shown.</source>
+        <translation>ストリップチャートに表示する時間 (Ctrl+T): 選ぶか、90 s、2 h、1.5 min、すべて のように入力します。最新の 100000 個より古い測定値は 1 週間、ブロックごとの範囲として表示されます。平均中は表示されません。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SpotLayers</name>
+    <message>
+        <source>Spots</source>
+        <translation>スポット</translation>
+    </message>
+    <message>
+        <source>One layer</source>
+        <translation>1 レイヤー</translation>
+    </message>
+    <message>
+        <source>All %1 layers</source>
+        <translation>全 %1 レイヤー</translation>
+    </message>
+    <message>
+        <source>Layer %1 of %2</source>
+        <translation>レイヤー %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StaleMarks</name>
+    <message>
+        <source>old: %1</source>
+        <translation>旧: %1</translation>
+    </message>
+    <message>
+        <source>This value is old: no reading has arrived since.</source>
+        <translation>この値は古い値です。その後測定値が届いていません。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputForm</name>
+    <message>
+        <source>Reads the lines that another program writes into this one:
+
+    instrument | corvale-monitor -
+
+What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
+        <translation>別のプログラムがこのプログラムに書き込む行を読み取ります:
+
+    instrument | corvale-monitor -
+
+読み取ったものは残らないため、テストも二度開くこともできません。</translation>
+    </message>
+    <message>
+        <source>Standard input</source>
+        <translation>標準入力</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::StandardInputSource</name>
+    <message>
+        <source>reading standard input: %1</source>
+        <translation>標準入力の読み取り: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeBar</name>
+    <message>
+        <source>Tape &amp;deck</source>
+        <translation>テープデッキ(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapePanel</name>
+    <message>
+        <source>%1 x</source>
+        <translation>%1 x</translation>
+    </message>
+    <message>
+        <source>fastest</source>
+        <translation>最速</translation>
+    </message>
+    <message>
+        <source>Tape</source>
+        <translation>テープ</translation>
+    </message>
+    <message>
+        <source>One reading back (comma)</source>
+        <translation>1 測定値戻る (コンマ)</translation>
+    </message>
+    <message>
+        <source>Play or pause (Enter)</source>
+        <translation>再生または一時停止 (Enter)</translation>
+    </message>
+    <message>
+        <source>One reading on (period)</source>
+        <translation>1 測定値進む (ピリオド)</translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken</source>
+        <translation>記録時の何倍の速さか</translation>
+    </message>
+    <message>
+        <source>Speed of the tape</source>
+        <translation>テープの速度</translation>
+    </message>
+    <message>
+        <source>Repeat from here ([)</source>
+        <translation>ここから繰り返す ([)</translation>
+    </message>
+    <message>
+        <source>Repeat up to here (])</source>
+        <translation>ここまで繰り返す (])</translation>
+    </message>
+    <message>
+        <source>Repeat nothing (Backspace)</source>
+        <translation>繰り返さない (Backspace)</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it</source>
+        <translation>表示中の測定値の、記録にある時刻</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
+        <translation>クリックかドラッグでその位置へ移動、Shift を押しながらドラッグで区間を繰り返します。キー: 左右 (Shift で 10 倍)、Home、End、Page Up と Page Down でイベントと途切れへ。</translation>
+    </message>
+    <message>
+        <source>Pause the tape</source>
+        <translation>テープを一時停止</translation>
+    </message>
+    <message>
+        <source>Play the tape</source>
+        <translation>テープを再生</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1/%2: </source>
+        <translation>%1/%2: </translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeTimeline</name>
+    <message>
+        <source>Time line of the recording</source>
+        <translation>記録のタイムライン</translation>
+    </message>
+    <message>
+        <source>The recording is being looked through: %1 %</source>
+        <translation>記録を調べています: %1 %</translation>
+    </message>
+    <message>
+        <source>The recording cannot be searched: %1</source>
+        <translation>記録を検索できません: %1</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>, part %1 of %2</source>
+        <translation>、パート %1 / %2</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>no readings for %1 s</source>
+        <translation>%1 秒間測定値なし</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientForm</name>
+    <message>
+        <source>the instrument talks by itself</source>
+        <translation>装置が自発的に送信</translation>
+    </message>
+    <message>
+        <source>wait for ever</source>
+        <translation>待ち続ける</translation>
+    </message>
+    <message>
+        <source>&amp;Host:</source>
+        <translation>ホスト(&amp;H):</translation>
+    </message>
+    <message>
+        <source>The name or the address of the instrument.</source>
+        <translation>装置の名前またはアドレス。</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>ポート(&amp;P):</translation>
+    </message>
+    <message>
+        <source>The number of the TCP port; the instrument&apos;s manual has it.</source>
+        <translation>TCP ポートの番号 (装置のマニュアルにあります)。</translation>
+    </message>
+    <message>
+        <source>What to send for each reading, like READ?, if the instrument answers only when asked.</source>
+        <translation>装置が問い合わせにだけ応答する場合、測定値ごとに送る文字列 (例: READ?)。</translation>
+    </message>
+    <message>
+        <source>E&amp;very:</source>
+        <translation>間隔(&amp;V):</translation>
+    </message>
+    <message>
+        <source>How often to ask: 100ms, 1s. Unused without a question.</source>
+        <translation>問い合わせの間隔: 100ms、1s。問い合わせがなければ使いません。</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>無受信(&amp;I):</translation>
+    </message>
+    <message>
+        <source>Network instrument</source>
+        <translation>ネットワークの装置</translation>
+    </message>
+    <message>
+        <source>&amp;Ask:</source>
+        <translation>問い合わせ(&amp;A):</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpClientSource</name>
+    <message>
+        <source>Check that the instrument is switched on and reachable, that the port is right, and whether the instrument must be asked (?ask=TEXT).</source>
+        <translation>装置の電源と接続、ポート、問い合わせ (?ask=テキスト) の要否を確認してください。</translation>
+    </message>
+    <message>
+        <source>closed by the other side</source>
+        <translation>相手側が閉じました</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerForm</name>
+    <message>
+        <source>wait for ever</source>
+        <translation>待ち続ける</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>アドレス(&amp;A):</translation>
+    </message>
+    <message>
+        <source>127.0.0.1 lets only programs of this machine connect, 0.0.0.0 every machine of the network.</source>
+        <translation>127.0.0.1 はこのコンピューターのプログラムだけ、0.0.0.0 はネットワーク上のすべてのコンピューターの接続を許します。</translation>
+    </message>
+    <message>
+        <source>&amp;Port:</source>
+        <translation>ポート(&amp;P):</translation>
+    </message>
+    <message>
+        <source>The TCP port that this program opens and the other one connects to.</source>
+        <translation>このプログラムが開き、相手が接続する TCP ポート。</translation>
+    </message>
+    <message>
+        <source>S&amp;ilence:</source>
+        <translation>無受信(&amp;I):</translation>
+    </message>
+    <message>
+        <source>Wait for a program</source>
+        <translation>プログラムを待つ</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TcpServerSource</name>
+    <message>
+        <source>Check that no other program listens on this port, that the address belongs to this machine, and that the sender uses the same port.</source>
+        <translation>このポートを別のプログラムが使っていないか、アドレスがこのコンピューターのものか、送信側のポートが同じかを確認してください。</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the peer closed the connection</source>
+        <translation>相手が接続を閉じました</translation>
+    </message>
+    <message>
+        <source>the connection broke (%1)</source>
+        <translation>接続が切れました (%1)</translation>
+    </message>
+    <message>
+        <source>%1: a new peer replaces the old one</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Text</name>
+    <message>
+        <source>its columns are separated by semicolons</source>
+        <translation>列がセミコロンで区切られています</translation>
+    </message>
+    <message>
+        <source>its columns are separated by tabs</source>
+        <translation>列がタブで区切られています</translation>
+    </message>
+    <message>
+        <source>its columns are separated by bars</source>
+        <translation>列が縦棒で区切られています</translation>
+    </message>
+    <message>
+        <source>its values are in quotes</source>
+        <translation>値が引用符で囲まれています</translation>
+    </message>
+    <message>
+        <source>its numbers have a decimal comma</source>
+        <translation>数値が小数点にコンマを使っています</translation>
+    </message>
+    <message>
+        <source>its times are dates</source>
+        <translation>時刻が日時です</translation>
+    </message>
+    <message>
+        <source>its times are dates without a time zone (local time is assumed; clock=utc otherwise)</source>
+        <translation>時刻が時間帯のない日時です (現地時刻とみなします。違う場合は clock=utc)</translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> および </translation>
+    </message>
+    <message>
+        <source>no column holds the time, and %1 is no time</source>
+        <translation>時刻の列がなく、%1 は時刻ではありません</translation>
+    </message>
+    <message>
+        <source>no column holds the time</source>
+        <translation>時刻の列がありません</translation>
+    </message>
+    <message>
+        <source>, and </source>
+        <translation>、および </translation>
+    </message>
+    <message>
+        <source>%1. The option --import &quot;%2&quot; reads it</source>
+        <translation>%1。オプション --import &quot;%2&quot; で読めます</translation>
+    </message>
+    <message>
+        <source>%1. If its rows are 1 ms apart, the option --import &quot;%2&quot; reads it</source>
+        <translation>%1。行の間隔が 1 ms なら、オプション --import &quot;%2&quot; で読めます</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; makes no sense; there are delimiter=comma, semicolon, tab, blank or bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, separated by commas</source>
+        <translation>「%1」は解釈できません。指定できるのは delimiter=comma、semicolon、tab、blank、bar、decimal=comma、header=yes または no、time=列 または none、interval=1ms、clock=utc または local、format=dd.MM.yyyy HH:mm:ss、skip=行数、comment=記号 で、コンマで区切ります</translation>
+    </message>
+    <message>
+        <source>with decimal=comma the delimiter cannot be a comma</source>
+        <translation>decimal=comma の場合、区切りをコンマにはできません</translation>
+    </message>
+    <message>
+        <source>clock says how a time column is read, and there is none</source>
+        <translation>clock は時刻の列の読み方を指定しますが、時刻の列がありません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 を読めません: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots</source>
+        <translation>%1 のスポットは %2 個を超えています</translation>
+    </message>
+    <message>
+        <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
+        <translation>%1 はスポットのリストではありません。列 x_mm、y_mm、mu が必要です</translation>
+    </message>
+    <message>
+        <source>four numbers are needed, empty for no limit</source>
+        <translation>数値が四つ必要です (限界値なしは空)</translation>
+    </message>
+    <message>
+        <source>the limits must rise from low alarm to high alarm</source>
+        <translation>限界値は下限アラームから上限アラームへ増加しなければなりません</translation>
+    </message>
+    <message>
+        <source>no spot lies where one is planned</source>
+        <translation>計画位置にスポットがありません</translation>
+    </message>
+    <message>
+        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
+        <translation>%1 スポット: 平均 X %2、Y %3 mm。シグマ X %4、Y %5 mm。最大 %6 mm</translation>
+    </message>
+    <message>
+        <source> (row %1, spot %2)</source>
+        <translation> (行 %1、スポット %2)</translation>
+    </message>
+    <message>
+        <source> (row %1)</source>
+        <translation> (行 %1)</translation>
+    </message>
+    <message>
+        <source>; no tolerance is set</source>
+        <translation>。許容差の設定なし</translation>
+    </message>
+    <message>
+        <source>; %1 outside %2 x %3 mm</source>
+        <translation>。%2 x %3 mm の外に %1 個</translation>
+    </message>
+    <message>
+        <source>%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7</source>
+        <translation>欠落 %1 (%2 %7)、余分 %3 (%4 %7)。総線量 %5 %7 / %6 %7</translation>
+    </message>
+    <message>
+        <source>; largest difference of a spot %1 %2</source>
+        <translation>。スポットの最大差 %1 %2</translation>
+    </message>
+    <message>
+        <source>; %1 spots without a place, a dose or a width are not compared</source>
+        <translation>。位置、線量、幅のない %1 スポットは比較しません</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it</source>
+        <translation>別のプログラムが記録中です</translation>
+    </message>
+    <message>
+        <source>was removed or renamed</source>
+        <translation>は削除されたか名前が変わりました</translation>
+    </message>
+    <message>
+        <source>was replaced by another file</source>
+        <translation>は別のファイルに置き換えられました</translation>
+    </message>
+    <message>
+        <source>was changed by another program</source>
+        <translation>は別のプログラムに変更されました</translation>
+    </message>
+    <message>
+        <source>over a year</source>
+        <translation>1 年以上</translation>
+    </message>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 日</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 時間</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 分</translation>
+    </message>
+    <message>
+        <source>less than a minute</source>
+        <translation>1 分未満</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source; there are sim:, file:, -, tcp://, tcp-listen:// and serial:</source>
+        <translation>「%1」は未知の種類のソースです。sim:、file:、-、tcp://、tcp-listen://、serial: があります</translation>
+    </message>
+    <message>
+        <source>sim:%1: only seed=NUMBER may follow the question mark</source>
+        <translation>sim:%1: 疑問符の後に指定できるのは seed=数値 だけです</translation>
+    </message>
+    <message>
+        <source>there is no simulator &quot;%1&quot;; there are sim:ic4, sim:strips, sim:pixels and sim:spots</source>
+        <translation>シミュレーター「%1」はありません。sim:ic4、sim:strips、sim:pixels、sim:spots があります</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp://HOST:PORT</source>
+        <translation>「%1」は tcp://ホスト:ポート の形にしてください</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?ask=TEXT&amp;every=100ms&amp;silence=30s may follow the port</source>
+        <translation>「%1」: ポートの後に指定できるのは ?ask=テキスト&amp;every=100ms&amp;silence=30s だけです</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tcp-listen://127.0.0.1:PORT, with the address of one of this machine&apos;s interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the port</source>
+        <translation>「%1」は tcp-listen://127.0.0.1:ポート の形にし、このコンピューターのインターフェースのアドレス (すべてなら 0.0.0.0) を指定してください。ポートの後に指定できるのは ?silence=30s だけです</translation>
+    </message>
+    <message>
+        <source>&quot;serial:%1&quot; should be serial:DEVICE or serial:DEVICE?baud=NUMBER&amp;silence=30s</source>
+        <translation>「serial:%1」は serial:デバイス または serial:デバイス?baud=数値&amp;silence=30s の形にしてください</translation>
+    </message>
+    <message>
+        <source>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</source>
+        <translation>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
+        <translation>%1: 画像の名前は .png、.svg、.pdf のいずれかで終わる必要があります</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TimeAxisActions</name>
+    <message>
+        <source>Time &amp;axis</source>
+        <translation>時間軸(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>自動(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Local time where the source tells the moment of its readings, otherwise seconds.</source>
+        <translation>ソースが測定の時刻を示す場合は現地時刻、それ以外は秒。</translation>
+    </message>
+    <message>
+        <source>&amp;Seconds</source>
+        <translation>秒(&amp;S)</translation>
+    </message>
+    <message>
+        <source>The times as the source gives them.</source>
+        <translation>ソースの時刻のまま。</translation>
+    </message>
+    <message>
+        <source>&amp;Relative</source>
+        <translation>相対(&amp;R)</translation>
+    </message>
+    <message>
+        <source>The time from the newest reading.</source>
+        <translation>最新の測定値からの時間。</translation>
+    </message>
+    <message>
+        <source>&amp;Local time</source>
+        <translation>現地時刻(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Date and time in the time zone of this computer.</source>
+        <translation>このコンピューターの時間帯での日時。</translation>
+    </message>
+    <message>
+        <source>&amp;UTC</source>
+        <translation>UTC(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Date and time in UTC.</source>
+        <translation>UTC での日時。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerAction</name>
+    <message>
+        <source>&amp;Trigger...</source>
+        <translation>トリガー(&amp;T)...</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TriggerDialog</name>
+    <message>
+        <source>Readings that pass this level begin a sweep</source>
+        <translation>このレベルを横切る測定値で掃引を始めます</translation>
+    </message>
+    <message>
+        <source>How far a reading must have been on the other side of the level; more than the noise</source>
+        <translation>測定値がレベルの反対側にどれだけ離れていたか。ノイズより大きくします</translation>
+    </message>
+    <message>
+        <source>Shortest time between two triggers</source>
+        <translation>トリガー間の最短時間</translation>
+    </message>
+    <message>
+        <source>&amp;Arm</source>
+        <translation>待機開始(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>トリガー</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>ノーマル</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>シングル</translation>
+    </message>
+    <message>
+        <source>Automatic shows sweeps also where no trigger comes; Single shows one</source>
+        <translation>自動はトリガーがなくても掃引を表示し、シングルは一つだけ表示します</translation>
+    </message>
+    <message>
+        <source>Rising</source>
+        <translation>立ち上がり</translation>
+    </message>
+    <message>
+        <source>Falling</source>
+        <translation>立ち下がり</translation>
+    </message>
+    <message>
+        <source>Either</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>Share of the sweep that lies before the trigger</source>
+        <translation>掃引のうちトリガー前の割合</translation>
+    </message>
+    <message>
+        <source>Wait for the next trigger</source>
+        <translation>次のトリガーを待つ</translation>
+    </message>
+    <message>
+        <source>&amp;Mode:</source>
+        <translation>モード(&amp;M):</translation>
+    </message>
+    <message>
+        <source>&amp;Channel:</source>
+        <translation>チャンネル(&amp;C):</translation>
+    </message>
+    <message>
+        <source>&amp;Level:</source>
+        <translation>レベル(&amp;L):</translation>
+    </message>
+    <message>
+        <source>&amp;Edge:</source>
+        <translation>エッジ(&amp;E):</translation>
+    </message>
+    <message>
+        <source>&amp;Hysteresis:</source>
+        <translation>ヒステリシス(&amp;H):</translation>
+    </message>
+    <message>
+        <source>&amp;Before the trigger:</source>
+        <translation>トリガー前(&amp;B):</translation>
+    </message>
+    <message>
+        <source>Hold-&amp;off in s:</source>
+        <translation>ホールドオフ (s)(&amp;O):</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>状態:</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Numbers need a decimal point; hysteresis and hold-off are 0 or more.</source>
+        <translation>数値の小数点はピリオドです。ヒステリシスとホールドオフは 0 以上です。</translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Triggered</source>
+        <translation>トリガー済み</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueActions</name>
+    <message>
+        <source>&amp;Value axis...</source>
+        <translation>値の軸(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>凡例(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Channel &amp;names under bars</source>
+        <translation>棒の下にチャンネル名(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>カラー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Eight colours</source>
+        <translation>8 色(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Many colours, with dashes</source>
+        <translation>多色 (破線あり)(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Safe for colour-blind eyes, with dashes</source>
+        <translation>色覚に配慮 (破線あり)(&amp;S)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ValueAxisDialog</name>
+    <message>
+        <source>Value axis</source>
+        <translation>値の軸</translation>
+    </message>
+    <message>
+        <source>In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.</source>
+        <translation>軸の単位で、または単位付きで: -20、250 pA。Enter で設定します。</translation>
+    </message>
+    <message>
+        <source>Automatic chooses the unit that suits the scale.</source>
+        <translation>自動は目盛りに合う単位を選びます。</translation>
+    </message>
+    <message>
+        <source>Ma&amp;ximum:</source>
+        <translation>最大(&amp;X):</translation>
+    </message>
+    <message>
+        <source>Mi&amp;nimum:</source>
+        <translation>最小(&amp;N):</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>単位(&amp;U):</translation>
+    </message>
+    <message>
+        <source>&amp;Logarithmic</source>
+        <translation>対数(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
+        <translation>0 または負の値は表示できず、プロットにそのチャンネル名が示されます (Alt+L)</translation>
+    </message>
+    <message>
+        <source>&amp;Set range</source>
+        <translation>範囲を設定(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>自動(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Show the range from minimum to maximum (Enter)</source>
+        <translation>最小から最大までの範囲を表示 (Enter)</translation>
+    </message>
+    <message>
+        <source>Let the range follow the readings (Alt+A)</source>
+        <translation>範囲を測定値に追従させる (Alt+A)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2.</source>
+        <translation>「%1」は %2 の値ではありません。</translation>
+    </message>
+    <message>
+        <source>The minimum must be below the maximum.</source>
+        <translation>最小は最大より小さくしてください。</translation>
+    </message>
+    <message>
+        <source>Automatic (%1)</source>
+        <translation>自動 (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ViewMenu</name>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Values and cha&amp;nnels</source>
+        <translation>値とチャンネル(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>一時停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Time span</source>
+        <translation>時間幅(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Strip chart</source>
+        <translation>ストリップチャート(&amp;S)</translation>
+    </message>
+    <message>
+        <source>S&amp;cope</source>
+        <translation>スコープ(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Histogram</source>
+        <translation>ヒストグラム(&amp;H)</translation>
+    </message>
+    <message>
+        <source>2D pro&amp;file</source>
+        <translation>2D プロファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>P&amp;osition</source>
+        <translation>位置(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Spot &amp;map</source>
+        <translation>スポットマップ(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Position &amp;errors</source>
+        <translation>位置誤差(&amp;E)</translation>
+    </message>
+    <message>
+        <source>F&amp;ull screen</source>
+        <translation>全画面(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Big numbers</source>
+        <translation>大きな数字(&amp;B)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::WindowRun</name>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;</source>
+        <translation>%1 には表示「%2」のデータがありません</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>このビームはシミュレーションです。</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>これは %1 です。</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation>「ファイル &gt; 開く...」で記録を再生、「ファイル &gt; 接続...」で装置を読み取ります。Space で一時停止、Ctrl+R で記録、F1 ではじめにを表示します。</translation>
+    </message>
+</context>
+</TS>

@@ -86,9 +86,9 @@ void BarNameDraw::draw(QPainter *painter, const QPalette &palette) const
                 QRectF(-longestUpright, -0.5 * metrics.height(), longestUpright, metrics.height());
         }
         const double room = upright ? longestUpright : barWidth() - gap;
+        const Qt::Alignment alignment = upright ? Qt::AlignRight : Qt::AlignHCenter;
         painter->drawText(place,
-                          (upright ? Qt::AlignRight : Qt::AlignHCenter) | Qt::AlignVCenter
-                              | Qt::TextSingleLine,
+                          int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
                           shortened(m_names[i], font, room));
         painter->restore();
     }

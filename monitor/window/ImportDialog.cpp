@@ -84,6 +84,26 @@ QComboBox *ImportDialog::addChoice(const char *name, const QString &label, const
     return box;
 }
 
+QSpinBox *ImportDialog::addNumber(const char *name, const QString &label, int least)
+{
+    auto *box = new QSpinBox(this);
+    box->setObjectName(QLatin1String(name));
+    box->setRange(least, 1000000);
+    findChild<QFormLayout *>()->addRow(label, box);
+    connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, &ImportDialog::preview);
+    return box;
+}
+
+QLineEdit *ImportDialog::addLine(const char *name, const QString &label, const QString &toolTip)
+{
+    auto *edit = new QLineEdit(this);
+    edit->setObjectName(QLatin1String(name));
+    edit->setToolTip(toolTip);
+    findChild<QFormLayout *>()->addRow(label, edit);
+    connect(edit, &QLineEdit::textChanged, this, &ImportDialog::preview);
+    return edit;
+}
+
 void ImportDialog::addControls()
 {
     auto *layout = new QVBoxLayout(this);
@@ -94,9 +114,25 @@ void ImportDialog::addControls()
     layout->addWidget(reason);
     auto *columns = new QHBoxLayout;
     layout->addLayout(columns, 1);
-    auto *form = new QFormLayout;
-    columns->addLayout(form);
+    columns->addLayout(new QFormLayout);
+    addColumnControls();
+    addTimeControls();
+    m_skip = addNumber("importSkip", tr("Lines to &skip first"), 0);
+    m_comment =
+        addLine("importComment", tr("Co&mments begin with"), tr("One sign; # always begins one"));
+    m_comment->setMaxLength(1);
+    makePreview();
+    columns->addWidget(m_rows, 1);
+    layout->addWidget(m_verdict);
+    layout->addWidget(m_option);
+    m_buttons = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout->addWidget(m_buttons);
+}
 
+void ImportDialog::addColumnControls()
+{
     m_delimiter = addChoice("importDelimiter", tr("&Columns are separated by"), {});
     m_delimiter->addItem(tr("commas, or blanks"), 0);
     m_delimiter->addItem(tr("commas"), int(','));
@@ -111,69 +147,49 @@ void ImportDialog::addControls()
     m_header->addItem(tr("in the first line, if it is not all numbers"), int(Header::Seen));
     m_header->addItem(tr("in the first line"), int(Header::Names));
     m_header->addItem(tr("none"), int(Header::None));
-    const auto spin = [&](const char *name, const QString &label, int least) {
-        auto *box = new QSpinBox(this);
-        box->setObjectName(QLatin1String(name));
-        box->setRange(least, 1000000);
-        form->addRow(label, box);
-        connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, &ImportDialog::preview);
-        return box;
-    };
-    const auto line = [&](const char *name, const QString &label, const QString &toolTip) {
-        auto *edit = new QLineEdit(this);
-        edit->setObjectName(QLatin1String(name));
-        edit->setToolTip(toolTip);
-        form->addRow(label, edit);
-        connect(edit, &QLineEdit::textChanged, this, &ImportDialog::preview);
-        return edit;
-    };
+}
+
+void ImportDialog::addTimeControls()
+{
     m_time = addChoice("importTime",
                        tr("&Time"),
                        tr("Which column holds the time of a row, or that none does"));
     m_time->addItem(tr("in the column with such a name"), 0);
     m_time->addItem(tr("in the column with this number"), 1);
     m_time->addItem(tr("in no column; rows are equally spaced"), -1);
-    m_timeColumn = spin("importTimeColumn", tr("Co&lumn of the time"), 1);
-    m_interval = line("importInterval",
-                      tr("Time &between two rows"),
-                      tr("For a table without times, like 1ms, 0.02s or 1min"));
+    m_timeColumn = addNumber("importTimeColumn", tr("Co&lumn of the time"), 1);
+    m_interval = addLine("importInterval",
+                         tr("Time &between two rows"),
+                         tr("For a table without times, like 1ms, 0.02s or 1min"));
     m_clock = addChoice("importClock", tr("Times &are"), {});
     m_clock->addItem(tr("numbers, in seconds or the unit of the name"), int(Clock::Seconds));
     m_clock->addItem(tr("dates; UTC where no zone is written"), int(Clock::Utc));
     m_clock->addItem(tr("dates; local time where no zone is written"), int(Clock::Local));
     m_format =
-        line("importFormat",
-             tr("&Form of dates"),
-             tr("Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz"));
+        addLine("importFormat",
+                tr("&Form of dates"),
+                tr("Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz"));
     m_format->setPlaceholderText(QStringLiteral("ISO 8601"));
-    m_skip = spin("importSkip", tr("Lines to &skip first"), 0);
-    m_comment =
-        line("importComment", tr("Co&mments begin with"), tr("One sign; # always begins one"));
-    m_comment->setMaxLength(1);
+}
 
+void ImportDialog::makePreview()
+{
     m_rows = new QTableWidget(this);
     m_rows->setObjectName(QStringLiteral("importRows"));
     m_rows->setAccessibleName(tr("The first rows as they will be read"));
     m_rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_rows->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
     m_rows->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    columns->addWidget(m_rows, 1);
     m_verdict = new QLabel(this);
     m_verdict->setObjectName(QStringLiteral("importVerdict"));
     m_verdict->setTextFormat(Qt::PlainText);
     m_verdict->setWordWrap(true);
     m_verdict->setMinimumHeight(3 * fontMetrics().height());
     m_verdict->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_verdict);
     m_option = new QLabel(this);
     m_option->setObjectName(QStringLiteral("importOption"));
     m_option->setTextFormat(Qt::PlainText);
     m_option->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    layout->addWidget(m_option);
-    m_buttons = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    layout->addWidget(m_buttons);
 }
 
 ImportOptions ImportDialog::options() const

@@ -41,7 +41,12 @@ public:
 
 private:
     void addControls();
+    void addColumnControls();
+    void addTimeControls();
+    void makePreview();
     QComboBox *addChoice(const char *name, const QString &label, const QString &toolTip);
+    QSpinBox *addNumber(const char *name, const QString &label, int least);
+    QLineEdit *addLine(const char *name, const QString &label, const QString &toolTip);
     void preview();
     void
     showRows(const QString &verdict, const QVector<QStringList> &rows, const QStringList &names);

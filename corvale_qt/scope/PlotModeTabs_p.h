@@ -3,6 +3,8 @@
 
 // Private: this header is not installed.
 
+#include <QString>
+
 class QTabBar;
 
 namespace Corvale_Qt {

@@ -162,7 +162,8 @@ void ScopeNavigation::releaseY()
 
 int ScopeNavigation::zoomedAxis(bool wantsY) const
 {
-    return !wantsY && d.isTimeMode(d.mode) ? QwtPlot::xBottom : QwtPlot::yLeft;
+    return !wantsY && RVXScopePlotViewPrivate::isTimeMode(d.mode) ? QwtPlot::xBottom
+                                                                  : QwtPlot::yLeft;
 }
 
 void ScopeNavigation::zoomAxis(int axis, double pixel, double factor, Step step)
@@ -255,7 +256,8 @@ bool ScopeNavigation::handles(const QKeyEvent &event) const
 {
     if (event.matches(QKeySequence::Copy))
         return d.context.markers.isAttached(0) || d.context.markers.isAttached(1);
-    const int others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const Qt::KeyboardModifiers others =
+        event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     switch (event.key()) {
     case Qt::Key_Backspace:
     case Qt::Key_Home:
@@ -335,7 +337,7 @@ bool ScopeNavigation::moveKeyPressed(const QKeyEvent &event)
     const double part = event.modifiers() & Qt::ShiftModifier ? kMoveOfKeyWithShift : kMoveOfKey;
     const auto move = [this](int axis, double ofCanvas) {
         const bool isX = axis == QwtPlot::xBottom;
-        if (!isX || d.isTimeMode(d.mode))
+        if (!isX || RVXScopePlotViewPrivate::isTimeMode(d.mode))
             moveAxis(axis, ofCanvas * std::abs(d.plot->canvasMap(axis).pDist()));
     };
     switch (event.key()) {

@@ -44,11 +44,11 @@ int readablePixels(const QIcon &icon, int size, QRgb ground)
     return count;
 }
 
-//! A text of a catalog and its translations, of which there are several where the text has a number.
+//! A text of a catalog and its translation, all forms in one where it depends on a number.
 struct CatalogEntry
 {
     QString source;
-    QStringList translations;
+    QString translation;
     bool isFinished = true;
 };
 
@@ -67,8 +67,8 @@ QVector<CatalogEntry> entriesOf(const QString &path)
             entries.last().source = xml.readElementText();
         } else if (xml.name() == QLatin1String("translation")) {
             entries.last().isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
-            const QString all = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-            entries.last().translations = {all};
+            entries.last().translation =
+                xml.readElementText(QXmlStreamReader::IncludeChildElements);
         }
     }
     return entries;
@@ -175,7 +175,7 @@ private Q_SLOTS:
         QVERIFY(entries.size() > 300);
         QStringList faults;
         for (const CatalogEntry &entry : entries) {
-            const QString text = entry.translations.value(0);
+            const QString &text = entry.translation;
             if (!entry.isFinished || text.trimmed().isEmpty() != entry.source.trimmed().isEmpty())
                 faults.append("not translated: " + entry.source);
             else if (!text.contains("%n") && fixedParts(text) != fixedParts(entry.source))

@@ -23,10 +23,6 @@
 <context>
     <name>Monitor::Baseline</name>
     <message>
-        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>ZEROED</source>
         <translation>GENULLT</translation>
     </message>
@@ -94,6 +90,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CompressionWait</name>
+    <message>
+        <source>Compressing the recording</source>
+        <translation>Aufzeichnung wird komprimiert</translation>
+    </message>
+    <message>
+        <source>&amp;Quit without compressing</source>
+        <translation>&amp;Ohne Komprimieren beenden</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 wird komprimiert, und %2 weitere Dateien warten. Ohne Warten geht nichts verloren.</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
+        <translation>%1 wird komprimiert. Ohne Warten geht nichts verloren.</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -136,16 +151,16 @@
         <translation>ein Name für diese Verbindung, falls sie behalten werden soll</translation>
     </message>
     <message>
-        <source>A field that is needed is empty.</source>
-        <translation>Ein nötiges Feld ist leer.</translation>
-    </message>
-    <message>
         <source>On the command line: corvale-monitor &quot;%1&quot;</source>
         <translation>Auf der Befehlszeile: corvale-monitor &quot;%1&quot;</translation>
     </message>
     <message>
         <source>This source is open: its readings are in the window.</source>
         <translation>Diese Quelle ist offen: Ihre Messwerte sind im Fenster.</translation>
+    </message>
+    <message>
+        <source>Fill in the empty field, to test or to connect.</source>
+        <translation>Zum Testen oder Verbinden das leere Feld ausfüllen.</translation>
     </message>
 </context>
 <context>
@@ -213,10 +228,6 @@
         <translation>Messwerte speichern</translation>
     </message>
     <message>
-        <source>Only the strip chart and the scope show readings over time.</source>
-        <translation>Nur Verlauf und Scope zeigen Messwerte über der Zeit.</translation>
-    </message>
-    <message>
         <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
         <translation>Zuerst beide Marken im Diagramm setzen: Marken einschalten, dann mit der linken und der rechten Taste klicken.</translation>
     </message>
@@ -225,32 +236,20 @@
         <translation>CSV (*.csv)</translation>
     </message>
     <message>
-        <source>%1 readings were saved to %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1 was not saved: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 was not saved: canceled</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
         <source>Saving readings</source>
         <translation>Messwerte werden gespeichert</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time. Choose one of them first.</source>
+        <translation>Nur Verlauf und Scope zeigen Messwerte über der Zeit. Zuerst eine der beiden Anzeigen wählen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 kann nicht geschrieben werden: %2. Eine andere Datei wählen.</translation>
     </message>
 </context>
 <context>
@@ -350,12 +349,12 @@
         <translation>%1 kann nicht geöffnet werden: %2</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>beim Lesen von %1: %2</translation>
-    </message>
-    <message>
         <source>reached the end of %1</source>
         <translation>Ende von %1 erreicht</translation>
+    </message>
+    <message>
+        <source>reading %1 failed: %2</source>
+        <translation>Lesen von %1 misslungen: %2</translation>
     </message>
 </context>
 <context>
@@ -474,6 +473,11 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>About Corvale Monitor</source>
         <translation>Über Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>first-steps.md</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
+        <translation>first-steps.de.md</translation>
     </message>
 </context>
 <context>
@@ -673,12 +677,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
 <context>
     <name>Monitor::LeftOutNotice</name>
     <message>
-        <source>WARNING 2D profile: %1</source>
-        <translation>WARNING 2D profile: %1</translation>
-    </message>
-    <message>
-        <source>%1 columns beyond the first %2 are left out</source>
-        <translation>%1 Spalten nach den ersten %2 bleiben unberücksichtigt</translation>
+        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
+        <translation>%1 Spalten nach den ersten %2 bleiben unberücksichtigt; ein Strom von Bildern darf mehr haben</translation>
     </message>
 </context>
 <context>
@@ -765,10 +765,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1 wird geöffnet</translation>
     </message>
     <message>
-        <source>%1: silent for %2 s</source>
-        <translation>%1: seit %2 s still</translation>
-    </message>
-    <message>
         <source>%1; trying again in %2 s</source>
         <translation>%1; neuer Versuch in %2 s</translation>
     </message>
@@ -779,6 +775,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>reached the end of %1</source>
         <translation>Ende von %1 erreicht</translation>
+    </message>
+    <message>
+        <source>%1 has been silent for %2 s</source>
+        <translation>%1 ist seit %2 s still</translation>
     </message>
 </context>
 <context>
@@ -926,6 +926,38 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>%1, room for %2</source>
         <translation>%1, Platz für %2</translation>
     </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>seit drei üblichen Intervallen ist kein Messwert gekommen; Strahl und Gerät prüfen</translation>
+    </message>
+    <message>
+        <source>what is shown stands still; Space shows the readings that wait</source>
+        <translation>die Anzeige steht still; die Leertaste zeigt die wartenden Messwerte</translation>
+    </message>
+    <message>
+        <source>no instrument is read; File &gt; Connect... reads one</source>
+        <translation>es wird kein Gerät gelesen; Datei &gt; Verbinden... liest eines</translation>
+    </message>
+    <message>
+        <source>the source has delivered everything; File &gt; Open... opens another one</source>
+        <translation>die Quelle hat alles geliefert; Datei &gt; Öffnen... öffnet eine andere</translation>
+    </message>
+    <message>
+        <source>%1. Make room, or record to another disk; readings wait meanwhile</source>
+        <translation>%1. Platz schaffen oder auf eine andere Platte aufzeichnen; Messwerte warten so lange</translation>
+    </message>
+    <message>
+        <source>make room, or record to another disk</source>
+        <translation>Platz schaffen oder auf eine andere Platte aufzeichnen</translation>
+    </message>
+    <message>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <translation>F8 quittiert, Messen &gt; Grenzwerte ändert die Grenzwerte; das Protokoll enthält jede Überschreitung</translation>
+    </message>
+    <message>
+        <source>compressing %1, %2 %</source>
+        <translation>%1 wird komprimiert, %2 %</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1015,8 +1047,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Ende von %1 erreicht</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>beim Lesen von %1: %2</translation>
+        <source>reading %1 failed: %2</source>
+        <translation>Lesen von %1 misslungen: %2</translation>
     </message>
 </context>
 <context>
@@ -1049,8 +1081,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1: seit %2 s keine Daten. %3</translation>
     </message>
     <message>
-        <source>%1: there is nothing to draw in its last reading</source>
-        <translation>%1: im letzten Messwert gibt es nichts zu zeichnen</translation>
+        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
+        <translation>%1: im letzten Messwert gibt es nichts zu zeichnen; mit --view eine andere Anzeige oder mit --after einen anderen Zeitpunkt wählen</translation>
     </message>
 </context>
 <context>
@@ -1106,28 +1138,16 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>Recordings (*.csv)</source>
         <translation>Aufzeichnungen (*.csv)</translation>
     </message>
+    <message>
+        <source>%1. Choose another file.</source>
+        <translation>%1. Eine andere Datei wählen.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Recorder</name>
     <message>
-        <source>%1 exists already; choose another name or allow overwriting</source>
-        <translation>%1 gibt es schon; einen anderen Namen wählen oder Überschreiben erlauben</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: %2</source>
         <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1; it goes on in %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -1138,12 +1158,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1 %2, und %3</translation>
     </message>
     <message>
-        <source>recording: %1 %2; it goes on in %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 gibt es schon; einen anderen Namen wählen oder Überschreiben erlauben (--overwrite)</translation>
     </message>
 </context>
 <context>
@@ -1191,40 +1207,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
 <context>
     <name>Monitor::Session</name>
     <message>
-        <source>the detector is not used: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1 more events are not listed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 is the source; record to another file</source>
         <translation>%1 ist die Quelle; in eine andere Datei aufzeichnen</translation>
-    </message>
-    <message>
-        <source>recording to %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR recording stalled: %1; trying again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording resumed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording to %1 ended</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the recording %1 is incomplete, %2 readings are missing%3</source>
@@ -1358,10 +1342,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Ordner:</translation>
     </message>
     <message>
-        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
-        <translation>Jede geöffnete Quelle wird in eine neue Datei in diesem Ordner aufgezeichnet, benannt nach Datum und Uhrzeit. Leer: nur Datei &gt; Aufzeichnen.</translation>
-    </message>
-    <message>
         <source>&amp;New file after:</source>
         <translation>Neue Datei na&amp;ch:</translation>
     </message>
@@ -1412,6 +1392,14 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
         <translation>Gilt ab dem nächsten Start. Zahlen, Dateien und das Protokoll sind in jeder Sprache gleich.</translation>
+    </message>
+    <message>
+        <source>Co&amp;mpress each file once it is complete</source>
+        <translation>&amp;Jede fertige Datei komprimieren</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
+        <translation>Jede geöffnete Quelle wird in eine neue Datei in diesem Ordner aufgezeichnet, benannt nach Datum und Uhrzeit in UTC. Leer: nur Datei &gt; Aufzeichnen.</translation>
     </message>
 </context>
 <context>
@@ -1514,16 +1502,16 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Aufzeichnen</translation>
     </message>
     <message>
-        <source>The source is open, but it is not recorded. %1</source>
-        <translation>Die Quelle ist offen, wird aber nicht aufgezeichnet. %1</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Einstellungen</translation>
     </message>
     <message>
-        <source>The detector stays as it was. %1</source>
-        <translation>Der Detektor bleibt, wie er war. %1</translation>
+        <source>The source is open, but it is not recorded: %1. Choose another folder in File &gt; Settings..., or record with File &gt; Record...</source>
+        <translation>Die Quelle ist offen, wird aber nicht aufgezeichnet: %1. In Datei &gt; Einstellungen... einen anderen Ordner wählen oder mit Datei &gt; Aufzeichnen... aufzeichnen</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was: %1. Choose another file.</source>
+        <translation>Der Detektor bleibt, wie er war: %1. Eine andere Datei wählen.</translation>
     </message>
 </context>
 <context>
@@ -1541,20 +1529,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Die Quelle funktioniert.</translation>
     </message>
     <message>
-        <source>It contains no readings.</source>
-        <translation>Sie enthält keine Messwerte.</translation>
-    </message>
-    <message>
         <source>Nothing could be read within %1 s. %2</source>
         <translation>Innerhalb von %1 s war nichts lesbar. %2</translation>
-    </message>
-    <message>
-        <source>The source works, slowly.</source>
-        <translation>Die Quelle funktioniert, langsam.</translation>
-    </message>
-    <message>
-        <source>Not every line could be used: %1</source>
-        <translation>Nicht jede Zeile war brauchbar: %1</translation>
     </message>
     <message>
         <source>First lines:</source>
@@ -1563,6 +1539,22 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Read as %1 channels, layout %2:</source>
         <translation>Gelesen als %1 Kanäle, Anordnung %2:</translation>
+    </message>
+    <message>
+        <source>It contains no readings. %1</source>
+        <translation>Sie enthält keine Messwerte. %1</translation>
+    </message>
+    <message>
+        <source>It contains no readings: %1.</source>
+        <translation>Sie enthält keine Messwerte: %1.</translation>
+    </message>
+    <message>
+        <source>The source works. It sent only %1 readings within %2 s.</source>
+        <translation>Die Quelle funktioniert. Sie hat in %2 s nur %1 Messwerte gesendet.</translation>
+    </message>
+    <message>
+        <source>Some lines cannot be used; the first is %1</source>
+        <translation>Einige Zeilen sind unbrauchbar; die erste ist %1</translation>
     </message>
 </context>
 <context>
@@ -1628,8 +1620,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
 <context>
     <name>Monitor::StandardInputSource</name>
     <message>
-        <source>reading standard input: %1</source>
-        <translation>beim Lesen der Standardeingabe: %1</translation>
+        <source>reading standard input failed: %1</source>
+        <translation>Lesen der Standardeingabe misslungen: %1</translation>
     </message>
 </context>
 <context>
@@ -1721,10 +1713,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Die Aufzeichnung wird durchgesehen: %1 %</translation>
     </message>
     <message>
-        <source>The recording cannot be searched: %1</source>
-        <translation>Die Aufzeichnung kann nicht durchsucht werden: %1</translation>
-    </message>
-    <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
@@ -1739,6 +1727,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>no readings for %1 s</source>
         <translation>keine Messwerte für %1 s</translation>
+    </message>
+    <message>
+        <source>The recording can be played, but not searched: %1</source>
+        <translation>Die Aufzeichnung lässt sich abspielen, aber nicht durchsuchen: %1</translation>
     </message>
 </context>
 <context>
@@ -1841,20 +1833,12 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Prüfen, ob kein anderes Programm auf diesem Port wartet, ob die Adresse zu diesem Rechner gehört und ob der Sender denselben Port benutzt.</translation>
     </message>
     <message>
-        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the peer closed the connection</source>
         <translation>die Gegenstelle hat die Verbindung geschlossen</translation>
     </message>
     <message>
         <source>the connection broke (%1)</source>
         <translation>die Verbindung ist abgebrochen (%1)</translation>
-    </message>
-    <message>
-        <source>%1: a new peer replaces the old one</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1924,18 +1908,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>clock sagt, wie eine Zeitspalte gelesen wird, und es gibt keine</translation>
     </message>
     <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1 kann nicht gelesen werden: %2</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>%1 has more than %2 spots</source>
-        <translation>%1 hat mehr als %2 Spots</translation>
-    </message>
-    <message>
         <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
         <translation>%1 ist keine Liste von Spots; nötig sind die Spalten x_mm, y_mm und mu</translation>
     </message>
@@ -1982,10 +1954,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>; %1 spots without a place, a dose or a width are not compared</source>
         <translation>; %1 Spots ohne Ort, Dosis oder Breite werden nicht verglichen</translation>
-    </message>
-    <message>
-        <source>another recorder is writing to it</source>
-        <translation>ein anderes Programm zeichnet gerade darin auf</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2058,6 +2026,42 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost</source>
+        <translation>die komprimierte Datei ist beschädigt; --check sagt, was fehlt</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
+        <translation>%1 kann nicht gelesen werden: %2. Pfad prüfen und ob dieser Benutzer sie lesen darf</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2. Correct this line, or remove it</source>
+        <translation>%1 ist unbrauchbar: %2. Diese Zeile berichtigen oder entfernen</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots. Compare the fields one by one</source>
+        <translation>%1 hat mehr als %2 Spots. Die Felder einzeln vergleichen</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it, or it is being compressed</source>
+        <translation>ein anderes Programm zeichnet gerade darin auf, oder sie wird komprimiert</translation>
+    </message>
+    <message>
+        <source>it has too many parts, or descriptions that are too long</source>
+        <translation>sie hat zu viele Teile oder zu lange Beschreibungen</translation>
+    </message>
+    <message>
+        <source>it contains no readings</source>
+        <translation>sie enthält keine Messwerte</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 kann nicht geschrieben werden: %2. Eine andere Datei wählen.</translation>
     </message>
 </context>
 <context>
@@ -2315,16 +2319,16 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Den Bereich den Messwerten folgen lassen</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value in %2.</source>
-        <translation>„%1“ ist kein Wert in %2.</translation>
-    </message>
-    <message>
         <source>The minimum must be below the maximum.</source>
         <translation>Das Minimum muss unter dem Maximum liegen.</translation>
     </message>
     <message>
         <source>Automatic (%1)</source>
         <translation>Automatisch (%1)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
+        <translation>„%1“ ist kein Wert in %2. Zum Beispiel -20 schreiben oder mit Einheit 250 pA.</translation>
     </message>
 </context>
 <context>
@@ -2385,10 +2389,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
 <context>
     <name>Monitor::WindowRun</name>
     <message>
-        <source>%1 has no data for the display &quot;%2&quot;</source>
-        <translation>%1 hat keine Daten für die Anzeige „%2“</translation>
-    </message>
-    <message>
         <source>This beam is simulated.</source>
         <translation>Dieser Strahl ist simuliert.</translation>
     </message>
@@ -2399,6 +2399,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
         <translation> Datei &gt; Öffnen... spielt eine Aufzeichnung ab, Datei &gt; Verbinden... liest ein Gerät. Leertaste hält an, Strg+R zeichnet auf, F1 zeigt die ersten Schritte.</translation>
+    </message>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
+        <translation>%1 hat keine Daten für die Anzeige „%2“; --view scope zeigt Messwerte jeder Art</translation>
     </message>
 </context>
 </TS>

@@ -23,10 +23,6 @@
 <context>
     <name>Monitor::Baseline</name>
     <message>
-        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>ZEROED</source>
         <translation>MIS À ZÉRO</translation>
     </message>
@@ -94,6 +90,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CompressionWait</name>
+    <message>
+        <source>Compressing the recording</source>
+        <translation>Compression de l&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>&amp;Quit without compressing</source>
+        <translation>&amp;Quitter sans compresser</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 est en cours de compression, et %2 autres fichiers attendent. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
+        <translation>%1 est en cours de compression. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -136,16 +151,16 @@
         <translation>un nom pour cette connexion, si elle doit être gardée</translation>
     </message>
     <message>
-        <source>A field that is needed is empty.</source>
-        <translation>Un champ nécessaire est vide.</translation>
-    </message>
-    <message>
         <source>On the command line: corvale-monitor &quot;%1&quot;</source>
         <translation>En ligne de commande : corvale-monitor &quot;%1&quot;</translation>
     </message>
     <message>
         <source>This source is open: its readings are in the window.</source>
         <translation>Cette source est ouverte : ses mesures sont dans la fenêtre.</translation>
+    </message>
+    <message>
+        <source>Fill in the empty field, to test or to connect.</source>
+        <translation>Remplir le champ vide pour tester ou connecter.</translation>
     </message>
 </context>
 <context>
@@ -213,10 +228,6 @@
         <translation>Enregistrer les mesures</translation>
     </message>
     <message>
-        <source>Only the strip chart and the scope show readings over time.</source>
-        <translation>Seuls le défilement et l&apos;oscilloscope montrent les mesures dans le temps.</translation>
-    </message>
-    <message>
         <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
         <translation>Placer d&apos;abord les deux marqueurs sur le tracé : activer les marqueurs, puis cliquer avec le bouton gauche et avec le droit.</translation>
     </message>
@@ -225,32 +236,20 @@
         <translation>CSV (*.csv)</translation>
     </message>
     <message>
-        <source>%1 readings were saved to %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1 was not saved: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 was not saved: canceled</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1 : %2</translation>
-    </message>
-    <message>
         <source>Saving readings</source>
         <translation>Enregistrement des mesures</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time. Choose one of them first.</source>
+        <translation>Seuls le défilement et l&apos;oscilloscope montrent les mesures dans le temps. Choisir d&apos;abord l&apos;un des deux.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 ne peut pas être écrit : %2. Choisir un autre fichier.</translation>
     </message>
 </context>
 <context>
@@ -350,12 +349,12 @@
         <translation>%1 ne peut pas être ouvert : %2</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>lecture de %1 : %2</translation>
-    </message>
-    <message>
         <source>reached the end of %1</source>
         <translation>fin de %1 atteinte</translation>
+    </message>
+    <message>
+        <source>reading %1 failed: %2</source>
+        <translation>la lecture de %1 a échoué : %2</translation>
     </message>
 </context>
 <context>
@@ -474,6 +473,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <message>
         <source>About Corvale Monitor</source>
         <translation>À propos de Corvale Monitor</translation>
+    </message>
+    <message>
+        <source>first-steps.md</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
+        <translation>first-steps.fr.md</translation>
     </message>
 </context>
 <context>
@@ -673,12 +677,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
 <context>
     <name>Monitor::LeftOutNotice</name>
     <message>
-        <source>WARNING 2D profile: %1</source>
-        <translation>WARNING 2D profile: %1</translation>
-    </message>
-    <message>
-        <source>%1 columns beyond the first %2 are left out</source>
-        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte</translation>
+        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
+        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte ; un flux d&apos;images peut en avoir plus</translation>
     </message>
 </context>
 <context>
@@ -765,10 +765,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>ouverture de %1</translation>
     </message>
     <message>
-        <source>%1: silent for %2 s</source>
-        <translation>%1 : silence depuis %2 s</translation>
-    </message>
-    <message>
         <source>%1; trying again in %2 s</source>
         <translation>%1 ; nouvel essai dans %2 s</translation>
     </message>
@@ -779,6 +775,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <message>
         <source>reached the end of %1</source>
         <translation>fin de %1 atteinte</translation>
+    </message>
+    <message>
+        <source>%1 has been silent for %2 s</source>
+        <translation>%1 se tait depuis %2 s</translation>
     </message>
 </context>
 <context>
@@ -926,6 +926,38 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <source>%1, room for %2</source>
         <translation>%1, place pour %2</translation>
     </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>aucune mesure depuis trois intervalles habituels ; vérifier le faisceau et l&apos;instrument</translation>
+    </message>
+    <message>
+        <source>what is shown stands still; Space shows the readings that wait</source>
+        <translation>l&apos;affichage est figé ; Espace montre les mesures en attente</translation>
+    </message>
+    <message>
+        <source>no instrument is read; File &gt; Connect... reads one</source>
+        <translation>aucun instrument n&apos;est lu ; Fichier &gt; Connecter... en lit un</translation>
+    </message>
+    <message>
+        <source>the source has delivered everything; File &gt; Open... opens another one</source>
+        <translation>la source a tout livré ; Fichier &gt; Ouvrir... en ouvre une autre</translation>
+    </message>
+    <message>
+        <source>%1. Make room, or record to another disk; readings wait meanwhile</source>
+        <translation>%1. Faire de la place, ou enregistrer sur un autre disque ; les mesures attendent entre-temps</translation>
+    </message>
+    <message>
+        <source>make room, or record to another disk</source>
+        <translation>faire de la place, ou enregistrer sur un autre disque</translation>
+    </message>
+    <message>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <translation>F8 acquitte, Mesure &gt; Limites change les limites ; le journal contient chaque passage</translation>
+    </message>
+    <message>
+        <source>compressing %1, %2 %</source>
+        <translation>compression de %1, %2 %</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1015,8 +1047,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>fin de %1 atteinte</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>lecture de %1 : %2</translation>
+        <source>reading %1 failed: %2</source>
+        <translation>la lecture de %1 a échoué : %2</translation>
     </message>
 </context>
 <context>
@@ -1049,8 +1081,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>%1 : pas de données depuis %2 s. %3</translation>
     </message>
     <message>
-        <source>%1: there is nothing to draw in its last reading</source>
-        <translation>%1 : rien à dessiner dans sa dernière mesure</translation>
+        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
+        <translation>%1 : rien à dessiner dans sa dernière mesure ; choisir un autre affichage avec --view, ou un autre instant avec --after</translation>
     </message>
 </context>
 <context>
@@ -1106,28 +1138,16 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <source>Recordings (*.csv)</source>
         <translation>Enregistrements (*.csv)</translation>
     </message>
+    <message>
+        <source>%1. Choose another file.</source>
+        <translation>%1. Choisir un autre fichier.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Recorder</name>
     <message>
-        <source>%1 exists already; choose another name or allow overwriting</source>
-        <translation>%1 existe déjà ; choisir un autre nom ou permettre le remplacement</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: %2</source>
         <translation>%1 ne peut pas être écrit : %2</translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1; it goes on in %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -1138,12 +1158,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>%1 %2, et %3</translation>
     </message>
     <message>
-        <source>recording: %1 %2; it goes on in %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 existe déjà ; choisir un autre nom, ou permettre le remplacement (--overwrite)</translation>
     </message>
 </context>
 <context>
@@ -1191,40 +1207,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
 <context>
     <name>Monitor::Session</name>
     <message>
-        <source>the detector is not used: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1 more events are not listed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 is the source; record to another file</source>
         <translation>%1 est la source ; enregistrer dans un autre fichier</translation>
-    </message>
-    <message>
-        <source>recording to %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR recording stalled: %1; trying again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording resumed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording to %1 ended</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the recording %1 is incomplete, %2 readings are missing%3</source>
@@ -1358,10 +1342,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>D&amp;ossier :</translation>
     </message>
     <message>
-        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
-        <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure. Vide : seulement Fichier &gt; Enregistrer.</translation>
-    </message>
-    <message>
         <source>&amp;New file after:</source>
         <translation>&amp;Nouveau fichier après :</translation>
     </message>
@@ -1412,6 +1392,14 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <message>
         <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
         <translation>Prend effet au prochain démarrage. Nombres, fichiers et journal sont les mêmes dans toutes les langues.</translation>
+    </message>
+    <message>
+        <source>Co&amp;mpress each file once it is complete</source>
+        <translation>&amp;Compresser chaque fichier une fois complet</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
+        <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure en UTC. Vide : seulement Fichier &gt; Enregistrer.</translation>
     </message>
 </context>
 <context>
@@ -1514,16 +1502,16 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>Enregistrer</translation>
     </message>
     <message>
-        <source>The source is open, but it is not recorded. %1</source>
-        <translation>La source est ouverte, mais n&apos;est pas enregistrée. %1</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Réglages</translation>
     </message>
     <message>
-        <source>The detector stays as it was. %1</source>
-        <translation>Le détecteur reste tel quel. %1</translation>
+        <source>The source is open, but it is not recorded: %1. Choose another folder in File &gt; Settings..., or record with File &gt; Record...</source>
+        <translation>La source est ouverte, mais n&apos;est pas enregistrée : %1. Choisir un autre dossier dans Fichier &gt; Réglages..., ou enregistrer avec Fichier &gt; Enregistrer...</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was: %1. Choose another file.</source>
+        <translation>Le détecteur reste tel quel : %1. Choisir un autre fichier.</translation>
     </message>
 </context>
 <context>
@@ -1541,20 +1529,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <translation>La source fonctionne.</translation>
     </message>
     <message>
-        <source>It contains no readings.</source>
-        <translation>Elle ne contient aucune mesure.</translation>
-    </message>
-    <message>
         <source>Nothing could be read within %1 s. %2</source>
         <translation>Rien n&apos;a pu être lu en %1 s. %2</translation>
-    </message>
-    <message>
-        <source>The source works, slowly.</source>
-        <translation>La source fonctionne, lentement.</translation>
-    </message>
-    <message>
-        <source>Not every line could be used: %1</source>
-        <translation>Toutes les lignes n&apos;ont pas pu servir : %1</translation>
     </message>
     <message>
         <source>First lines:</source>
@@ -1563,6 +1539,22 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <message>
         <source>Read as %1 channels, layout %2:</source>
         <translation>Lu comme %1 canaux, disposition %2 :</translation>
+    </message>
+    <message>
+        <source>It contains no readings. %1</source>
+        <translation>Elle ne contient aucune mesure. %1</translation>
+    </message>
+    <message>
+        <source>It contains no readings: %1.</source>
+        <translation>Elle ne contient aucune mesure : %1.</translation>
+    </message>
+    <message>
+        <source>The source works. It sent only %1 readings within %2 s.</source>
+        <translation>La source fonctionne. Elle n&apos;a envoyé que %1 mesures en %2 s.</translation>
+    </message>
+    <message>
+        <source>Some lines cannot be used; the first is %1</source>
+        <translation>Certaines lignes sont inutilisables ; la première est %1</translation>
     </message>
 </context>
 <context>
@@ -1628,8 +1620,8 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
 <context>
     <name>Monitor::StandardInputSource</name>
     <message>
-        <source>reading standard input: %1</source>
-        <translation>lecture de l&apos;entrée standard : %1</translation>
+        <source>reading standard input failed: %1</source>
+        <translation>la lecture de l&apos;entrée standard a échoué : %1</translation>
     </message>
 </context>
 <context>
@@ -1721,10 +1713,6 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
         <translation>L&apos;enregistrement est parcouru : %1 %</translation>
     </message>
     <message>
-        <source>The recording cannot be searched: %1</source>
-        <translation>L&apos;enregistrement ne peut pas être parcouru : %1</translation>
-    </message>
-    <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
@@ -1739,6 +1727,10 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source>no readings for %1 s</source>
         <translation>aucune mesure pendant %1 s</translation>
+    </message>
+    <message>
+        <source>The recording can be played, but not searched: %1</source>
+        <translation>L&apos;enregistrement peut être joué, mais pas parcouru : %1</translation>
     </message>
 </context>
 <context>
@@ -1841,20 +1833,12 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
         <translation>Vérifier qu&apos;aucun autre programme n&apos;écoute sur ce port, que l&apos;adresse est à cette machine, et que l&apos;émetteur utilise le même port.</translation>
     </message>
     <message>
-        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the peer closed the connection</source>
         <translation>le correspondant a fermé la connexion</translation>
     </message>
     <message>
         <source>the connection broke (%1)</source>
         <translation>la connexion s&apos;est rompue (%1)</translation>
-    </message>
-    <message>
-        <source>%1: a new peer replaces the old one</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1924,18 +1908,6 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
         <translation>clock dit comment lire une colonne de temps, et il n&apos;y en a pas</translation>
     </message>
     <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1 ne peut pas être lu : %2</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1 : %2</translation>
-    </message>
-    <message>
-        <source>%1 has more than %2 spots</source>
-        <translation>%1 a plus de %2 spots</translation>
-    </message>
-    <message>
         <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
         <translation>%1 n&apos;est pas une liste de spots ; il faut les colonnes x_mm, y_mm et mu</translation>
     </message>
@@ -1982,10 +1954,6 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source>; %1 spots without a place, a dose or a width are not compared</source>
         <translation> ; %1 spots sans position, dose ou largeur ne sont pas comparés</translation>
-    </message>
-    <message>
-        <source>another recorder is writing to it</source>
-        <translation>un autre enregistreur y écrit</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2058,6 +2026,42 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>ce n&apos;est pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost</source>
+        <translation>le fichier compressé est endommagé ; --check dit ce qui est perdu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
+        <translation>%1 ne peut pas être lu : %2. Vérifier le chemin et le droit de lecture</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2. Correct this line, or remove it</source>
+        <translation>%1 est inutilisable : %2. Corriger cette ligne, ou la supprimer</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots. Compare the fields one by one</source>
+        <translation>%1 a plus de %2 spots. Comparer les champs un par un</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it, or it is being compressed</source>
+        <translation>un autre enregistreur y écrit, ou il est en cours de compression</translation>
+    </message>
+    <message>
+        <source>it has too many parts, or descriptions that are too long</source>
+        <translation>il a trop de parties, ou des descriptions trop longues</translation>
+    </message>
+    <message>
+        <source>it contains no readings</source>
+        <translation>il ne contient aucune mesure</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 ne peut pas être écrit : %2. Choisir un autre fichier.</translation>
     </message>
 </context>
 <context>
@@ -2315,16 +2319,16 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
         <translation>Laisser la plage suivre les mesures</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value in %2.</source>
-        <translation>« %1 » n&apos;est pas une valeur en %2.</translation>
-    </message>
-    <message>
         <source>The minimum must be below the maximum.</source>
         <translation>Le minimum doit être inférieur au maximum.</translation>
     </message>
     <message>
         <source>Automatic (%1)</source>
         <translation>Automatique (%1)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
+        <translation>« %1 » n&apos;est pas une valeur en %2. En écrire une comme -20, ou avec son unité comme 250 pA.</translation>
     </message>
 </context>
 <context>
@@ -2385,10 +2389,6 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
 <context>
     <name>Monitor::WindowRun</name>
     <message>
-        <source>%1 has no data for the display &quot;%2&quot;</source>
-        <translation>%1 n&apos;a pas de données pour l&apos;affichage « %2 »</translation>
-    </message>
-    <message>
         <source>This beam is simulated.</source>
         <translation>Ce faisceau est simulé.</translation>
     </message>
@@ -2399,6 +2399,10 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
         <translation> Fichier &gt; Ouvrir... joue un enregistrement, Fichier &gt; Connecter... lit un instrument. Espace met en pause, Ctrl+R enregistre, F1 montre les premiers pas.</translation>
+    </message>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
+        <translation>%1 n&apos;a pas de données pour l&apos;affichage « %2 » ; --view scope montre toute sorte de mesures</translation>
     </message>
 </context>
 </TS>

@@ -23,10 +23,6 @@
 <context>
     <name>Monitor::Baseline</name>
     <message>
-        <source>background taken: the mean of the last %1 readings of each channel is subtracted from what is shown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>ZEROED</source>
         <translation>ゼロ補正済み</translation>
     </message>
@@ -94,6 +90,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CompressionWait</name>
+    <message>
+        <source>Compressing the recording</source>
+        <translation>記録を圧縮しています</translation>
+    </message>
+    <message>
+        <source>&amp;Quit without compressing</source>
+        <translation>圧縮せずに終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 を圧縮中で、他に %2 個のファイルが待機しています。待たなくても何も失われません。</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
+        <translation>%1 を圧縮中です。待たなくても何も失われません。</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -136,16 +151,16 @@
         <translation>この接続を保存する場合の名前</translation>
     </message>
     <message>
-        <source>A field that is needed is empty.</source>
-        <translation>必要な項目が空です。</translation>
-    </message>
-    <message>
         <source>On the command line: corvale-monitor &quot;%1&quot;</source>
         <translation>コマンドラインでは: corvale-monitor &quot;%1&quot;</translation>
     </message>
     <message>
         <source>This source is open: its readings are in the window.</source>
         <translation>このソースは開いています。測定値はウィンドウに表示されています。</translation>
+    </message>
+    <message>
+        <source>Fill in the empty field, to test or to connect.</source>
+        <translation>テストまたは接続するには、空の項目を入力してください。</translation>
     </message>
 </context>
 <context>
@@ -213,10 +228,6 @@
         <translation>測定値を保存</translation>
     </message>
     <message>
-        <source>Only the strip chart and the scope show readings over time.</source>
-        <translation>時間に沿って測定値を表示するのはストリップチャートとスコープだけです。</translation>
-    </message>
-    <message>
         <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
         <translation>先にチャートに両方のマーカーを置いてください。マーカーを有効にし、左ボタンと右ボタンでクリックします。</translation>
     </message>
@@ -225,32 +236,20 @@
         <translation>CSV (*.csv)</translation>
     </message>
     <message>
-        <source>%1 readings were saved to %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1 was not saved: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 was not saved: canceled</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING readings older than the buffer are not in %1: only the range of their blocks is known</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
         <source>Saving readings</source>
         <translation>測定値を保存しています</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Only the strip chart and the scope show readings over time. Choose one of them first.</source>
+        <translation>時間に沿って測定値を表示するのはストリップチャートとスコープだけです。先にどちらかを選んでください。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 に書き込めません: %2。別のファイルを選んでください。</translation>
     </message>
 </context>
 <context>
@@ -350,12 +349,12 @@
         <translation>%1 を開けません: %2</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>%1 の読み取り: %2</translation>
-    </message>
-    <message>
         <source>reached the end of %1</source>
         <translation>%1 の終わりに達しました</translation>
+    </message>
+    <message>
+        <source>reading %1 failed: %2</source>
+        <translation>%1 の読み取りに失敗しました: %2</translation>
     </message>
 </context>
 <context>
@@ -474,6 +473,11 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>About Corvale Monitor</source>
         <translation>Corvale Monitor について</translation>
+    </message>
+    <message>
+        <source>first-steps.md</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
+        <translation>first-steps.ja.md</translation>
     </message>
 </context>
 <context>
@@ -673,12 +677,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
 <context>
     <name>Monitor::LeftOutNotice</name>
     <message>
-        <source>WARNING 2D profile: %1</source>
-        <translation>WARNING 2D profile: %1</translation>
-    </message>
-    <message>
-        <source>%1 columns beyond the first %2 are left out</source>
-        <translation>最初の %2 列より後の %1 列は使われません</translation>
+        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
+        <translation>最初の %2 列より後の %1 列は使われません。フレームのストリームならより多くの列を使えます</translation>
     </message>
 </context>
 <context>
@@ -765,10 +765,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1 を開いています</translation>
     </message>
     <message>
-        <source>%1: silent for %2 s</source>
-        <translation>%1: %2 秒間受信なし</translation>
-    </message>
-    <message>
         <source>%1; trying again in %2 s</source>
         <translation>%1。%2 秒後に再試行します</translation>
     </message>
@@ -779,6 +775,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>reached the end of %1</source>
         <translation>%1 の終わりに達しました</translation>
+    </message>
+    <message>
+        <source>%1 has been silent for %2 s</source>
+        <translation>%1 から %2 秒間受信がありません</translation>
     </message>
 </context>
 <context>
@@ -926,6 +926,38 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>%1, room for %2</source>
         <translation>%1、残り %2</translation>
     </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>通常の 3 周期の間、測定値が届いていません。ビームと装置を確認してください</translation>
+    </message>
+    <message>
+        <source>what is shown stands still; Space shows the readings that wait</source>
+        <translation>表示は止まっています。Space で待機中の測定値を表示します</translation>
+    </message>
+    <message>
+        <source>no instrument is read; File &gt; Connect... reads one</source>
+        <translation>装置を読み取っていません。「ファイル &gt; 接続...」で読み取ります</translation>
+    </message>
+    <message>
+        <source>the source has delivered everything; File &gt; Open... opens another one</source>
+        <translation>ソースはすべて読み終わりました。「ファイル &gt; 開く...」で別のものを開きます</translation>
+    </message>
+    <message>
+        <source>%1. Make room, or record to another disk; readings wait meanwhile</source>
+        <translation>%1。空きを作るか、別のディスクに記録してください。その間、測定値は待機します</translation>
+    </message>
+    <message>
+        <source>make room, or record to another disk</source>
+        <translation>空きを作るか、別のディスクに記録してください</translation>
+    </message>
+    <message>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <translation>F8 で確認、「測定 &gt; 限界値」で限界値を変更します。すべての記録はログにあります</translation>
+    </message>
+    <message>
+        <source>compressing %1, %2 %</source>
+        <translation>%1 を圧縮中、%2 %</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1015,8 +1047,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1 の終わりに達しました</translation>
     </message>
     <message>
-        <source>reading %1: %2</source>
-        <translation>%1 の読み取り: %2</translation>
+        <source>reading %1 failed: %2</source>
+        <translation>%1 の読み取りに失敗しました: %2</translation>
     </message>
 </context>
 <context>
@@ -1049,8 +1081,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1: %2 秒間データがありません。%3</translation>
     </message>
     <message>
-        <source>%1: there is nothing to draw in its last reading</source>
-        <translation>%1: 最後の測定値に描画するものがありません</translation>
+        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
+        <translation>%1: 最後の測定値に描画するものがありません。--view で別の表示、または --after で別の時点を選んでください</translation>
     </message>
 </context>
 <context>
@@ -1106,28 +1138,16 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>Recordings (*.csv)</source>
         <translation>記録 (*.csv)</translation>
     </message>
+    <message>
+        <source>%1. Choose another file.</source>
+        <translation>%1。別のファイルを選んでください。</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Recorder</name>
     <message>
-        <source>%1 exists already; choose another name or allow overwriting</source>
-        <translation>%1 は既にあります。別の名前を選ぶか、上書きを許可してください</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: %2</source>
         <translation>%1 に書き込めません: %2</translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: %1; it goes on in %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING recording: the source started over %1 times; from now on everything goes to %2</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -1138,12 +1158,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1 %2、%3</translation>
     </message>
     <message>
-        <source>recording: %1 %2; it goes on in %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 は既にあります。別の名前を選ぶか、上書きを許可してください (--overwrite)</translation>
     </message>
 </context>
 <context>
@@ -1191,40 +1207,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
 <context>
     <name>Monitor::Session</name>
     <message>
-        <source>the detector is not used: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1 more events are not listed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WARNING %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 is the source; record to another file</source>
         <translation>%1 はソースです。別のファイルに記録してください</translation>
-    </message>
-    <message>
-        <source>recording to %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>ERROR recording stalled: %1; trying again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording resumed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>recording to %1 ended</source>
-        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>the recording %1 is incomplete, %2 readings are missing%3</source>
@@ -1358,10 +1342,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>フォルダー(&amp;L):</translation>
     </message>
     <message>
-        <source>Every source that is opened is recorded to a new file in this folder, named after the date and time. Empty: only File &gt; Record.</source>
-        <translation>開いたソースはすべて、このフォルダーの日時を名前とする新しいファイルに記録されます。空:「ファイル &gt; 記録」のみ。</translation>
-    </message>
-    <message>
         <source>&amp;New file after:</source>
         <translation>新しいファイルにする間隔(&amp;N):</translation>
     </message>
@@ -1412,6 +1392,14 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
         <translation>次回の起動から有効です。数値、ファイル、ログはどの言語でも同じです。</translation>
+    </message>
+    <message>
+        <source>Co&amp;mpress each file once it is complete</source>
+        <translation>完成したファイルを圧縮(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
+        <translation>開いたソースはすべて、このフォルダーの UTC 日時を名前とする新しいファイルに記録されます。空:「ファイル &gt; 記録」のみ。</translation>
     </message>
 </context>
 <context>
@@ -1514,16 +1502,16 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>記録</translation>
     </message>
     <message>
-        <source>The source is open, but it is not recorded. %1</source>
-        <translation>ソースは開いていますが、記録されていません。%1</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>設定</translation>
     </message>
     <message>
-        <source>The detector stays as it was. %1</source>
-        <translation>検出器は元のままです。%1</translation>
+        <source>The source is open, but it is not recorded: %1. Choose another folder in File &gt; Settings..., or record with File &gt; Record...</source>
+        <translation>ソースは開いていますが、記録されていません: %1。「ファイル &gt; 設定...」で別のフォルダーを選ぶか、「ファイル &gt; 記録...」で記録してください</translation>
+    </message>
+    <message>
+        <source>The detector stays as it was: %1. Choose another file.</source>
+        <translation>検出器は元のままです: %1。別のファイルを選んでください。</translation>
     </message>
 </context>
 <context>
@@ -1541,20 +1529,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>ソースは動作しています。</translation>
     </message>
     <message>
-        <source>It contains no readings.</source>
-        <translation>測定値がありません。</translation>
-    </message>
-    <message>
         <source>Nothing could be read within %1 s. %2</source>
         <translation>%1 秒以内に何も読めませんでした。%2</translation>
-    </message>
-    <message>
-        <source>The source works, slowly.</source>
-        <translation>ソースは動作していますが、低速です。</translation>
-    </message>
-    <message>
-        <source>Not every line could be used: %1</source>
-        <translation>使用できない行がありました: %1</translation>
     </message>
     <message>
         <source>First lines:</source>
@@ -1563,6 +1539,22 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Read as %1 channels, layout %2:</source>
         <translation>%1 チャンネル、配置 %2 として読み取り:</translation>
+    </message>
+    <message>
+        <source>It contains no readings. %1</source>
+        <translation>測定値がありません。%1</translation>
+    </message>
+    <message>
+        <source>It contains no readings: %1.</source>
+        <translation>測定値がありません: %1。</translation>
+    </message>
+    <message>
+        <source>The source works. It sent only %1 readings within %2 s.</source>
+        <translation>ソースは動作しています。%2 秒間に送られた測定値は %1 個だけです。</translation>
+    </message>
+    <message>
+        <source>Some lines cannot be used; the first is %1</source>
+        <translation>使用できない行があります。最初のものは %1</translation>
     </message>
 </context>
 <context>
@@ -1628,8 +1620,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
 <context>
     <name>Monitor::StandardInputSource</name>
     <message>
-        <source>reading standard input: %1</source>
-        <translation>標準入力の読み取り: %1</translation>
+        <source>reading standard input failed: %1</source>
+        <translation>標準入力の読み取りに失敗しました: %1</translation>
     </message>
 </context>
 <context>
@@ -1721,10 +1713,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>記録を調べています: %1 %</translation>
     </message>
     <message>
-        <source>The recording cannot be searched: %1</source>
-        <translation>記録を検索できません: %1</translation>
-    </message>
-    <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
@@ -1739,6 +1727,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>no readings for %1 s</source>
         <translation>%1 秒間測定値なし</translation>
+    </message>
+    <message>
+        <source>The recording can be played, but not searched: %1</source>
+        <translation>記録は再生できますが、検索できません: %1</translation>
     </message>
 </context>
 <context>
@@ -1841,20 +1833,12 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>このポートを別のプログラムが使っていないか、アドレスがこのコンピューターのものか、送信側のポートが同じかを確認してください。</translation>
     </message>
     <message>
-        <source>WARNING: %1 accepts readings from any machine that reaches this one; listen on 127.0.0.1 unless you want that</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the peer closed the connection</source>
         <translation>相手が接続を閉じました</translation>
     </message>
     <message>
         <source>the connection broke (%1)</source>
         <translation>接続が切れました (%1)</translation>
-    </message>
-    <message>
-        <source>%1: a new peer replaces the old one</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1924,18 +1908,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>clock は時刻の列の読み方を指定しますが、時刻の列がありません</translation>
     </message>
     <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1 を読めません: %2</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>%1 has more than %2 spots</source>
-        <translation>%1 のスポットは %2 個を超えています</translation>
-    </message>
-    <message>
         <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
         <translation>%1 はスポットのリストではありません。列 x_mm、y_mm、mu が必要です</translation>
     </message>
@@ -1982,10 +1954,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>; %1 spots without a place, a dose or a width are not compared</source>
         <translation>。位置、線量、幅のない %1 スポットは比較しません</translation>
-    </message>
-    <message>
-        <source>another recorder is writing to it</source>
-        <translation>別のプログラムが記録中です</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2058,6 +2026,42 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost</source>
+        <translation>圧縮ファイルが壊れています。--check で失われた部分がわかります</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
+        <translation>%1 を読めません: %2。パスと読み取り権限を確認してください</translation>
+    </message>
+    <message>
+        <source>%1 cannot be used: %2. Correct this line, or remove it</source>
+        <translation>%1 は使用できません: %2。この行を直すか、削除してください</translation>
+    </message>
+    <message>
+        <source>%1 has more than %2 spots. Compare the fields one by one</source>
+        <translation>%1 のスポットは %2 個を超えています。照射野を一つずつ比較してください</translation>
+    </message>
+    <message>
+        <source>another recorder is writing to it, or it is being compressed</source>
+        <translation>別のプログラムが記録中か、圧縮中です</translation>
+    </message>
+    <message>
+        <source>it has too many parts, or descriptions that are too long</source>
+        <translation>パートが多すぎるか、記述が長すぎます</translation>
+    </message>
+    <message>
+        <source>it contains no readings</source>
+        <translation>測定値がありません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2. Choose another file.</source>
+        <translation>%1 に書き込めません: %2。別のファイルを選んでください。</translation>
     </message>
 </context>
 <context>
@@ -2315,16 +2319,16 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>範囲を測定値に追従させる (Alt+A)</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value in %2.</source>
-        <translation>「%1」は %2 の値ではありません。</translation>
-    </message>
-    <message>
         <source>The minimum must be below the maximum.</source>
         <translation>最小は最大より小さくしてください。</translation>
     </message>
     <message>
         <source>Automatic (%1)</source>
         <translation>自動 (%1)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
+        <translation>「%1」は %2 の値ではありません。-20 のように、または単位を付けて 250 pA のように入力してください。</translation>
     </message>
 </context>
 <context>
@@ -2385,10 +2389,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
 <context>
     <name>Monitor::WindowRun</name>
     <message>
-        <source>%1 has no data for the display &quot;%2&quot;</source>
-        <translation>%1 には表示「%2」のデータがありません</translation>
-    </message>
-    <message>
         <source>This beam is simulated.</source>
         <translation>このビームはシミュレーションです。</translation>
     </message>
@@ -2399,6 +2399,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
         <translation>「ファイル &gt; 開く...」で記録を再生、「ファイル &gt; 接続...」で装置を読み取ります。Space で一時停止、Ctrl+R で記録、F1 ではじめにを表示します。</translation>
+    </message>
+    <message>
+        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
+        <translation>%1 には表示「%2」のデータがありません。--view scope ならどの種類の測定値も表示できます</translation>
     </message>
 </context>
 </TS>

@@ -58,7 +58,8 @@ void HelpWindow::showPage(Page page)
     switch (page) {
     case Page::FirstSteps:
         setWindowTitle(tr("First steps"));
-        m_text->setMarkdown(builtIn(QStringLiteral("first-steps.md")));
+        //: The name of the file with this page: first-steps.de.md in German.
+        m_text->setMarkdown(builtIn(tr("first-steps.md")));
         break;
     case Page::Keys:
         setWindowTitle(tr("Keys"));

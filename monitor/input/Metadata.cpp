@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/Metadata.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/RowReader.h"
@@ -227,6 +228,7 @@ void Metadata::describeDetector(StreamHeader *header) const
                                                      : DetectorKind::Matrix;
     stream.x.cells = pixels.columns;
     stream.y.cells = pixels.rows;
+    const EnglishTexts english; // of the fault, which is recorded
     DetectorFault fault;
     header->setDetector(m_detector.layout(stream, &fault));
     if (!fault.isEmpty())
@@ -272,6 +274,7 @@ StreamHeader Metadata::headerForFrames(const Corvale_Qt::DetectorDescription &co
                      m_units.size() == 1 ? m_units.first() : unit);
     if (m_detector.isEmpty())
         return header;
+    const EnglishTexts english; // of the fault, which is recorded
     DetectorFault fault;
     header.setDetector(m_detector.layout(counted, &fault));
     if (!fault.isEmpty())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/Language.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include <corvale_qt/settings/Translations.h>
 
 #include <QCoreApplication>
@@ -22,6 +23,19 @@ namespace Monitor {
 
 namespace {
 
+//! The texts of one language, and none while texts are to be English.
+class Catalog : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+    QString
+    translate(const char *context, const char *text, const char *comment, int n) const override
+    {
+        return EnglishTexts::areWanted() ? QString()
+                                         : QTranslator::translate(context, text, comment, n);
+    }
+};
+
 //! The catalogs of the last call; the application owns them.
 QVector<QPointer<QTranslator>> &installedCatalogs()
 {
@@ -32,7 +46,7 @@ QVector<QPointer<QTranslator>> &installedCatalogs()
 //! Installs a catalog of texts, if it is there.
 void install(const QString &file)
 {
-    auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
+    auto translator = std::make_unique<Catalog>(QCoreApplication::instance());
     if (!translator->load(file))
         return;
     QCoreApplication::installTranslator(translator.get());
@@ -51,9 +65,8 @@ void installLanguage(const QString &code)
     const QString language = Corvale_Qt::translationLanguage(wanted);
     install(QLibraryInfo::location(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_")
             + language);
-    Corvale_Qt::installTranslations(wanted);
-    install(QStringLiteral(":/corvale_monitor/translations/corvale_monitor_") + language);
-    QLocale::setDefault(QLocale::c());
+    for (const char *part : {"corvale_qt", "corvale_monitor"})
+        install(QStringLiteral(":/%1/translations/%1_%2").arg(QLatin1String(part), language));
 }
 
 } // namespace Monitor

@@ -6,9 +6,8 @@
 namespace Monitor {
 
 /*! Shows the texts of the program, the library and Qt in the language \a code, like "de"; an empty one stands for the language
-    of the desktop. Texts are English where the program has no such language. Numbers have a decimal point in every language, as
-    they do in files and on the command line. A further call replaces the language of the one before, for
-    windows that are opened afterwards. */
+    of the desktop. Texts are English where the program has no such language. A further call
+    replaces the language of the one before, for windows that are opened afterwards. */
 void installLanguage(const QString &code);
 
 } // namespace Monitor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/ComputedStream.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ QString ComputedStream::begin(StreamHeader &header)
     QStringList names;
     for (const Channel &channel : header.channels)
         names.append(channel.name);
+    const EnglishTexts english; // of the fault, which is recorded
     Corvale_Qt::ExpressionFault fault;
     m_expressions.compile(names, {}, &fault);
     if (m_channels.isEmpty())

@@ -99,7 +99,7 @@ bool Recorder::openNext()
         return true;
     }
     m_nextFileNotBefore = now + retryInterval;
-    Q_EMIT noted(tr("WARNING recording: %1; it goes on in %2").arg(error, fileName()));
+    Q_EMIT noted(QStringLiteral("WARNING recording: %1; it goes on in %2").arg(error, fileName()));
     return false;
 }
 
@@ -153,8 +153,9 @@ bool Recorder::mayBeginFileForStream()
         return m_streamFiles == 0 || m_clock.seconds() - m_streamFileAt >= shortestFile;
     if (!std::exchange(m_streamLimitSaid, true))
         Q_EMIT noted(
-            tr("WARNING recording: the source started over %1 times; from now on everything goes "
-               "to %2")
+            QStringLiteral(
+                "WARNING recording: the source started over %1 times; from now on everything goes "
+                "to %2")
                 .arg(maxStreamFiles)
                 .arg(fileName()));
     return false;
@@ -255,11 +256,12 @@ bool Recorder::keepFileInPlace()
         setError(tr("%1 %2, and %3").arg(before, displacement, error));
         return false;
     }
-    const QString text = tr("recording: %1 %2; it goes on in %3").arg(before, displacement, path);
+    const QString text =
+        QStringLiteral("recording: %1 %2; it goes on in %3").arg(before, displacement, path);
     QByteArray event;
     appendRecordingEvent(&event, text);
     m_waiting.beginFile(event);
-    Q_EMIT noted(tr("WARNING %1").arg(text));
+    Q_EMIT noted(QStringLiteral("WARNING %1").arg(text));
     return true;
 }
 

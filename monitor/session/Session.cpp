@@ -112,13 +112,14 @@ void Session::takeHeader(const StreamHeader &told)
     if (!m_detector.isEmpty()) {
         header.setDetector(m_detector);
         if (!header.detectorFault.isEmpty())
-            takeEvent(tr("WARNING the detector is not used: %1. Choose another one in File > "
-                         "Settings... or with --detector FILE")
-                          .arg(header.detectorFault));
+            takeEvent(
+                QStringLiteral("WARNING the detector is not used: %1. Choose another one in File > "
+                               "Settings... or with --detector FILE")
+                    .arg(header.detectorFault));
     }
     const QString fault = m_computed->begin(header);
     if (!fault.isEmpty())
-        takeEvent(tr("ERROR %1").arg(fault));
+        takeEvent(QStringLiteral("ERROR %1").arg(fault));
     m_streamLimits = header.limits;
     applyLimits(&header);
     m_gapsBefore += m_statistics.gaps();
@@ -214,7 +215,7 @@ void Session::takeEvent(const QString &text)
 void Session::tellHeldBack(double now)
 {
     if (const qint64 events = m_shownEvents.takeHeldBack(now))
-        Q_EMIT noted(tr("WARNING %1 more events are not listed").arg(events));
+        Q_EMIT noted(QStringLiteral("WARNING %1 more events are not listed").arg(events));
     const qint64 events = m_recordedEvents.takeHeldBack(now);
     if (m_recorder && events > 0)
         m_recorder->addEvent(QStringLiteral("%1 more events are not recorded").arg(events));
@@ -262,7 +263,7 @@ void Session::tellLeftOut()
     if (m_leftOutTold || leftOut.count == 0)
         return;
     m_leftOutTold = true;
-    takeEvent(tr("WARNING %1").arg(leftOut.text()));
+    takeEvent(QStringLiteral("WARNING %1").arg(leftOut.text()));
 }
 
 void Session::setShowInterval(double seconds)
@@ -310,7 +311,7 @@ double Session::rate() const
 void Session::tellCompression()
 {
     for (const QString &error : m_compressor.takeErrors())
-        Q_EMIT noted(tr("WARNING %1").arg(error));
+        Q_EMIT noted(QStringLiteral("WARNING %1").arg(error));
 }
 
 void Session::tick()
@@ -352,17 +353,18 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     }
     stopRecording();
     connect(recorder.get(), &Recorder::fileStarted, this, [this](const QString &name) {
-        Q_EMIT noted(tr("recording to %1").arg(name));
+        Q_EMIT noted(QStringLiteral("recording to %1").arg(name));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::failed, this, [this](const QString &text) {
-        Q_EMIT noted(tr("ERROR recording stalled: %1. Make room, or record to another disk; "
-                        "readings wait meanwhile, and are written when that works again")
-                         .arg(text));
+        Q_EMIT noted(
+            QStringLiteral("ERROR recording stalled: %1. Make room, or record to another disk; "
+                           "readings wait meanwhile, and are written when that works again")
+                .arg(text));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::recovered, this, [this] {
-        Q_EMIT noted(tr("recording resumed; the readings that waited are written"));
+        Q_EMIT noted(QStringLiteral("recording resumed; the readings that waited are written"));
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::noted, this, &Session::noted);
@@ -373,7 +375,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     m_recorder = std::move(recorder);
     if (!m_statistics.header().channels.isEmpty())
         m_recorder->startStream(m_statistics.header());
-    Q_EMIT noted(tr("recording to %1").arg(m_recorder->fileName()));
+    Q_EMIT noted(QStringLiteral("recording to %1").arg(m_recorder->fileName()));
     Q_EMIT recordingChanged();
     return true;
 }
@@ -387,9 +389,10 @@ bool Session::stopRecording()
     const QString name = m_recorder->fileName();
     if (complete) {
         const bool isCompressed = m_compressor.pending().contains(name);
-        Q_EMIT noted(isCompressed
-                         ? tr("recording to %1 ended; the file is being compressed").arg(name)
-                         : tr("recording to %1 ended").arg(name));
+        Q_EMIT noted(
+            isCompressed
+                ? QStringLiteral("recording to %1 ended; the file is being compressed").arg(name)
+                : QStringLiteral("recording to %1 ended").arg(name));
     } else {
         const QString why = m_recorder->errorString();
         m_incompleteRecordings.append(
@@ -397,7 +400,7 @@ bool Session::stopRecording()
                 .arg(name)
                 .arg(m_recorder->lostReadings())
                 .arg(why.isEmpty() ? why : tr(": %1").arg(why)));
-        Q_EMIT noted(tr("ERROR %1").arg(m_incompleteRecordings.last()));
+        Q_EMIT noted(QStringLiteral("ERROR %1").arg(m_incompleteRecordings.last()));
     }
     m_recorder.reset();
     Q_EMIT recordingChanged();

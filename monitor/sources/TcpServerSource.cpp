@@ -45,8 +45,9 @@ void TcpServerSource::open()
         lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
     else if (!m_address.isLoopback())
         Q_EMIT noted(
-            tr("WARNING: %1 accepts readings from any machine that reaches this one; listen on "
-               "127.0.0.1 unless you want that")
+            QStringLiteral(
+                "WARNING: %1 accepts readings from any machine that reaches this one; listen on "
+                "127.0.0.1 unless you want that")
                 .arg(description()));
 }
 
@@ -89,7 +90,7 @@ void TcpServerSource::replacePeer()
     m_peer->waitForReadyRead(0); // takes what the system holds, and does not wait for more
     readPeer(m_peer);
     dropPeer();
-    Q_EMIT noted(tr("%1: a new peer replaces the old one").arg(description()));
+    Q_EMIT noted(QStringLiteral("%1: a new peer replaces the old one").arg(description()));
 }
 
 void TcpServerSource::readPeer(QTcpSocket *peer)

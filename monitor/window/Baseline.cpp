@@ -59,9 +59,10 @@ void Baseline::takeBackground()
     m_takingBackground = true;
     proxy()->setZeros(means);
     m_takingBackground = false;
-    Q_EMIT m_session.noted(tr("background taken: the mean of the last %1 readings of each channel "
-                              "is subtracted from what is shown")
-                               .arg(qMin(backgroundLength, m_session.model().rowCount() - 1)));
+    Q_EMIT m_session.noted(
+        QStringLiteral("background taken: the mean of the last %1 readings of each channel "
+                       "is subtracted from what is shown")
+            .arg(qMin(backgroundLength, m_session.model().rowCount() - 1)));
 }
 
 //! Returns the mean of the newest readings of each channel, in its base unit, without gaps; empty without readings.

@@ -108,17 +108,19 @@ void ExportActions::save(const QString &path, double left, double right)
     connect(running, &PlotDataExport::finished, this, [=](bool complete) {
         if (complete)
             Q_EMIT m_session.noted(
-                tr("%1 readings were saved to %2").arg(running->rows()).arg(path));
+                QStringLiteral("%1 readings were saved to %2").arg(running->rows()).arg(path));
         else if (!running->errorString().isEmpty())
             Q_EMIT m_session.noted(
-                tr("ERROR %1 was not saved: %2. Save to another disk, or make room")
+                QStringLiteral("ERROR %1 was not saved: %2. Save to another disk, or make room")
                     .arg(path, running->errorString()));
         else
-            Q_EMIT m_session.noted(tr("%1 was not saved, because it was canceled").arg(path));
+            Q_EMIT m_session.noted(
+                QStringLiteral("%1 was not saved, because it was canceled").arg(path));
         if (complete && hasOlder)
-            Q_EMIT m_session.noted(tr("WARNING readings older than the buffer are not in %1: only "
-                                      "the range of their blocks is known")
-                                       .arg(path));
+            Q_EMIT m_session.noted(
+                QStringLiteral("WARNING readings older than the buffer are not in %1: only "
+                               "the range of their blocks is known")
+                    .arg(path));
         running->deleteLater();
         Q_EMIT finished();
     });

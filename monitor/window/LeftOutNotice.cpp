@@ -20,7 +20,7 @@ LeftOutNotice::LeftOutNotice(Session &session, DisplayTabs &displays, QWidget *p
 void LeftOutNotice::noteInDisplays(const QString &text)
 {
     if (m_inDisplays.isEmpty() && !text.isEmpty())
-        Q_EMIT m_session.noted(tr("WARNING 2D profile: %1").arg(text));
+        Q_EMIT m_session.noted(QStringLiteral("WARNING 2D profile: %1").arg(text));
     m_inDisplays = text;
     refresh();
 }

@@ -267,6 +267,30 @@ private Q_SLOTS:
         QVERIFY(listener.heard().size() > 300);
     }
 
+    void recordingsAndLogsAreTheSameInEveryLanguage()
+    {
+        const QString table = file("faults.csv");
+        putFile(table,
+                "#limits a ,,2,2.5\n#pitch x -1\n#dead "
+                "77\ntime_s,a_nA,b_nA\n0,1,2\n1,none,3\n2,3,5\n3,1,2\n");
+        const auto run = [&](const QString &language) {
+            const InLanguage inLanguage(language);
+            QFile::remove(file("said.csv"));
+            DoorInTest w(file(qPrintable(language + "-said.xui")));
+            w.window.sources().open(table);
+            w.record(file("said.csv"));
+            w.clock.advance(2.0);
+            w.clock.advance(3.0);
+            w.session.stopRecording();
+            return w.log() + QString::fromUtf8(fileContents(file("said.csv")));
+        };
+        const QString english = run("en");
+        QVERIFY2(english.contains("not used") && english.contains("recording to"),
+                 qPrintable(english));
+        QCOMPARE(run("ja"), english);
+        QCOMPARE(run("de"), english);
+    }
+
     void aSourceIsConnectedByKeyboardAlone()
     {
         DoorInTest w(file("keyboard.xui"));

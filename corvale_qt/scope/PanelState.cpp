@@ -3,6 +3,7 @@
 #include "corvale_qt/scope/YRanges_p.h"
 
 #include <QDataStream>
+#include <QtEndian>
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +14,8 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr quint32 kMagic = 0x52565853; // "RVXS"
-constexpr quint16 kFormat = 1;
+constexpr quint16 kFieldsOnly = 1; // of 2.0
+constexpr quint16 kFormat = 2; // the fields, and then the choices of the view by their names
 
 constexpr int kAllTabs = (1 << (RVXScope::SplitMode + 1)) - 1; // a bit for each mode
 constexpr int kPeriods[] = {0, 100, 1000, 10000};
@@ -55,6 +57,12 @@ quint16 checksum(const QByteArray &bytes, int size)
     return qChecksum(bytes.constData(), uint(size));
 }
 
+//! Returns the sum that the last bytes hold.
+quint16 sumOf(const QByteArray &bytes)
+{
+    return qFromBigEndian<quint16>(bytes.constEnd() - sizeof(quint16));
+}
+
 } // namespace
 
 QByteArray PanelState::toBytes(int version) const
@@ -66,14 +74,18 @@ QByteArray PanelState::toBytes(int version) const
     visitFields(*this, [&stream](auto value) {
         stream << value;
     });
+    stream << view.toNamed();
     stream << checksum(bytes, bytes.size());
     return bytes;
 }
 
 std::optional<PanelState> PanelState::fromBytes(const QByteArray &bytes, int version)
 {
-    // Every field has a fixed size, so the size of the whole is known before anything is read.
-    if (bytes.size() != PanelState().toBytes(version).size())
+    constexpr int mostBytes =
+        100000; // newer versions may keep more, but no panel has so many choices
+    constexpr int sumSize = sizeof(quint16);
+    if (bytes.size() <= sumSize || bytes.size() > mostBytes
+        || checksum(bytes, bytes.size() - sumSize) != sumOf(bytes))
         return std::nullopt;
     QDataStream stream(bytes);
     stream.setVersion(QDataStream::Qt_5_12);
@@ -85,10 +97,13 @@ std::optional<PanelState> PanelState::fromBytes(const QByteArray &bytes, int ver
     visitFields(state, [&stream](auto &value) {
         stream >> value;
     });
-    quint16 sum = 0;
-    stream >> sum;
-    const bool isWhole = stream.status() == QDataStream::Ok && magic == kMagic && format == kFormat
-        && hostVersion == version && sum == checksum(bytes, bytes.size() - int(sizeof sum));
+    ViewChoices::Named choices;
+    if (format == kFormat)
+        stream >> choices;
+    state.view = ViewChoices::fromNamed(choices);
+    const bool isKnown = format == kFieldsOnly || format == kFormat;
+    const bool isWhole = stream.status() == QDataStream::Ok && magic == kMagic && isKnown
+        && hostVersion == version && stream.device()->pos() == bytes.size() - sumSize;
     return isWhole && state.isPossible() ? std::optional(state) : std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/scope/ViewChoices_p.h"
 
 #include <QByteArray>
 
@@ -28,10 +29,12 @@ struct PanelState
     bool markersEnabled = false;
     bool controlsVisible = true;
     bool zeroed = false; //!< not kept: a zero belongs to samples
+    ViewChoices view; //!< what it does not know stays as it is
 
     //! Returns the state as bytes, with a version number of the host.
     QByteArray toBytes(int version) const;
-    //! Reads bytes that toBytes() has made for the same version; empty for all others and for values that no panel has.
+    /*! Reads bytes that toBytes() has made for the same version, in this or in an older or newer version of the library; empty for
+        all others and for values that no panel has. */
     static std::optional<PanelState> fromBytes(const QByteArray &bytes, int version);
 
     //! Returns whether a panel can have these values.

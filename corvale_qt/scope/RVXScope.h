@@ -253,11 +253,14 @@ public:
     //! Sets whether the panel asks before the operator clears samples. It never asks for what a host does, as by clear().
     void setConfirmClear(bool confirm);
 
-    /*! Returns the properties above, except zeroed, derivativeVisible, beginAtFirst, confirmClear and those of navigation, as bytes that restoreState() reads. \a version is a
-        number of the host, for when the meaning of its states changes. */
+    /*! Returns what is set on the panel as bytes that restoreState() reads: the properties above, except zeroed, held,
+        derivativeVisible, confirmClear, timeOrigin, interactive, cursorEnabled and markerDetails, and of the plot view the trigger,
+        the gaps, the legend, the names of bars, and how values are shown. \a version is a number of the host, for when the meaning
+        of its states changes. */
     QByteArray saveState(int version = 0) const;
-    /*! Sets the properties to those that saveState() returned for the same \a version. Returns false and changes nothing if
-        the bytes are not such a state. The samples are kept. */
+    /*! Sets the panel to what saveState() returned for the same \a version. Returns false and changes nothing if the bytes are
+        not such a state. The samples are kept. What another version of the library did not keep, or keeps in addition, stays as
+        it is. */
     bool restoreState(const QByteArray &state, int version = 0);
 
     //! Hides or shows the tabs, the number of samples and the button "Save".

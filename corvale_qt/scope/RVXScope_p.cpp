@@ -136,7 +136,7 @@ void RVXScopePrivate::connectView()
     QObject::connect(view, &RVXScopePlotView::timeSpanChanged, q, announce);
     QObject::connect(view, &RVXScopePlotView::sampleSpanChanged, q, announce);
     QObject::connect(view, &RVXScopePlotView::markersEnabledChanged, q, announce);
-    // Not part of the state that is kept as bytes, whose form older hosts know.
+    // The state has it among the choices of the view.
     QObject::connect(view,
                      &RVXScopePlotView::beginAtFirstChanged,
                      q,
@@ -159,6 +159,7 @@ PanelState RVXScopePrivate::state() const
     state.sampleSpan = ui.plotView->sampleSpan();
     state.markersEnabled = ui.plotView->areMarkersEnabled();
     state.controlsVisible = ui.confButton->isChecked();
+    state.view = ViewChoices::of(*ui.plotView);
     return state;
 }
 
@@ -183,6 +184,7 @@ void RVXScopePrivate::apply(const PanelState &wanted)
     q->setSampleSpan(wanted.sampleSpan);
     q->setMarkersEnabled(wanted.markersEnabled);
     q->setControlsVisible(wanted.controlsVisible);
+    wanted.view.applyTo(*ui.plotView);
 }
 
 template<typename Value, typename Argument>

@@ -4,6 +4,7 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/TestMain.h"
 
+#include <QDataStream>
 #include <QLabel>
 #include <QMetaProperty>
 #include <QPointer>
@@ -83,6 +84,69 @@ void disarrange(RVXScope &scope)
     scope.setSampleSpan(400);
     scope.setMarkersEnabled(true);
     scope.setControlsVisible(false);
+    RVXScopePlotView &view = *scope.plotView();
+    view.setBeginAtFirst(true);
+    view.setSiPrefix(true);
+    view.setValueUnit("pA");
+    view.setHysteresis(true);
+    view.setFullScaleFromData(true);
+    view.setLogarithmic(true);
+    view.setLegendVisible(true);
+    view.setBarNames(true);
+    view.setGapIntervals(4.5);
+    view.setTimeAxis(RVXScopePlotView::Utc);
+    SweepTrigger trigger;
+    trigger.mode = SweepTrigger::Mode::Single;
+    trigger.channel = 3;
+    trigger.level = -0.125;
+    trigger.edge = SweepTrigger::Edge::Either;
+    trigger.hysteresis = 0.5;
+    trigger.shareBefore = 0.25;
+    trigger.holdOff = 1.5;
+    view.setTrigger(trigger);
+}
+
+//! Returns what a view was chosen to show, beyond the properties of its panel.
+QString viewChoices(const RVXScope &scope)
+{
+    const RVXScopePlotView &view = *scope.plotView();
+    const SweepTrigger trigger = view.trigger();
+    return QString("%1%2%3%4%5%6 \"%7\" %8; trigger %9 %10 %11 %12 %13 %14 %15")
+        .arg(view.hasSiPrefix())
+        .arg(view.hasHysteresis())
+        .arg(view.isFullScaleFromData())
+        .arg(view.isLogarithmic())
+        .arg(view.isLegendVisible())
+        .arg(view.hasBarNames())
+        .arg(view.valueUnit())
+        .arg(view.gapIntervals())
+        .arg(int(trigger.mode))
+        .arg(trigger.channel)
+        .arg(trigger.level)
+        .arg(int(trigger.edge))
+        .arg(trigger.hysteresis)
+        .arg(trigger.shareBefore)
+        .arg(trigger.holdOff);
+}
+
+constexpr int fieldsEnd = 65; // of a state; the choices of the view follow, and a sum
+
+//! Returns the fields of a state with another format, followed by other choices of the view.
+QByteArray stateOf(const QByteArray &saved, quint16 format, const QByteArray &choices)
+{
+    QByteArray bytes = saved.left(fieldsEnd) + choices;
+    bytes[4] = char(format >> 8);
+    bytes[5] = char(format & 0xff);
+    const quint16 sum = qChecksum(bytes.constData(), uint(bytes.size()));
+    return bytes + char(sum >> 8) + char(sum & 0xff);
+}
+
+QByteArray choicesAsBytes(const QMap<QByteArray, QByteArray> &named)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << named;
+    return bytes;
 }
 
 } // namespace
@@ -109,6 +173,7 @@ private Q_SLOTS:
     void spansOverrideTheModel();
 
     void stateComesBack();
+    void statesOfOtherVersions();
     void hostileStates_data();
     void hostileStates();
     void damagedStates();
@@ -434,7 +499,9 @@ void tst_RVXScopeProperties::stateComesBack()
     QCOMPARE(heard.taken(),
              QString("plotMode=4 plotTabs=21 yScaleMode=2 yScaleIndex=7 yMinimum=-20000 "
                      "yMaximum=20000 positiveOnly=true averaging=100 period=1000 timeSpan=2.5 "
-                     "sampleSpan=400 markersEnabled=true controlsVisible=false"));
+                     "sampleSpan=400 beginAtFirst=true timeAxis=3 markersEnabled=true "
+                     "controlsVisible=false"));
+    QCOMPARE(viewChoices(second), QString("111111 \"pA\" 4.5; trigger 3 3 -0.125 2 0.5 0.25 1.5"));
     QCOMPARE(second.tabs(), first.tabs());
     QCOMPARE(second.shown(), QString("position"));
     QCOMPARE(second.yScale(), first.yScale());
@@ -447,6 +514,30 @@ void tst_RVXScopeProperties::stateComesBack()
     QCOMPARE(second.saveState(), fresh);
     QCOMPARE(second.tabs(), QString("[Strip] Scope Histogram"));
     QCOMPARE(second.yScale(), QString("auto disabled"));
+    QCOMPARE(viewChoices(second), viewChoices(RVXScope()));
+}
+
+//! What a state of another version does not tell, or tells in another way, stays as it is.
+void tst_RVXScopeProperties::statesOfOtherVersions()
+{
+    RVXScope other, fresh;
+    disarrange(other);
+    const QByteArray saved = fresh.saveState();
+    const QString before = viewChoices(other);
+    QVERIFY(other.restoreState(stateOf(saved, 1, QByteArray())));
+    QCOMPARE(other.averaging(), 1);
+    QCOMPARE(viewChoices(other), before);
+    const QByteArray off(1, '\0');
+    QVERIFY(other.restoreState(stateOf(saved,
+                                       2,
+                                       choicesAsBytes({{"barNames", off},
+                                                       {"legendVisible", "another size"},
+                                                       {"gapIntervals", QByteArray(8, '\xff')},
+                                                       {"timeAxis", QByteArray("\0\0\0\x7f", 4)},
+                                                       {"trigger", QByteArray(44, '\x7f')},
+                                                       {"of tomorrow", "any bytes"}}))));
+    QCOMPARE(viewChoices(other), QString(before).replace("111111", "111110"));
+    QCOMPARE(other.timeAxis(), RVXScope::Utc);
 }
 
 void tst_RVXScopeProperties::hostileStates_data()
@@ -471,7 +562,10 @@ void tst_RVXScopeProperties::hostileStates_data()
         QTest::newRow(name) << state;
     };
     const QByteArray huge("\x7f\xff\xff\xff", 4);
-    field("another format", 4, QByteArray("\0\2", 2));
+    field("another format", 4, QByteArray("\0\3", 2));
+    QTest::newRow("choices that end early")
+        << stateOf(good, 2, choicesAsBytes({{"barNames", "1"}}).chopped(1));
+    QTest::newRow("more choices than bytes") << stateOf(good, 2, QByteArray(4, '\x7f'));
     field("no such mode", 10, huge);
     field("no such tabs", 14, huge);
     field("no such list", 18, huge);

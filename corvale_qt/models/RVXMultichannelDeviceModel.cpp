@@ -235,7 +235,11 @@ bool RVXMultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    return d->write(file) && file.flush();
+    bool isCanceled = false;
+    const bool isComplete = d->write(file, &isCanceled) && file.flush();
+    if (isCanceled)
+        file.remove();
+    return isComplete;
 }
 
 int RVXMultichannelDeviceModel::NumberOfChannels() const

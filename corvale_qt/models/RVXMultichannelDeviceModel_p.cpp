@@ -2,6 +2,7 @@
 #include "corvale_qt/models/RVXMultichannelDeviceModel_p.h"
 
 #include "corvale_qt/models/Logging_p.h"
+#include "corvale_qt/models/SaveProgress.h"
 #include "corvale_qt/units/NumberText_p.h"
 
 #include <QIODevice>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -298,17 +300,63 @@ QVariant RVXMultichannelDeviceModelPrivate::toolTip(int row, int column) const
     return unit ? unit->formatSuffixUnscaled(value) : QString::number(value);
 }
 
-bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file) const
+namespace {
+
+//! Returns the numbers of rows, row after row: the time, and then the channels.
+std::vector<double> copyOf(const ChannelRings &rings, int rows)
+{
+    std::vector<double> numbers;
+    numbers.reserve(size_t(rows) * size_t(rings.channels() + 1));
+    for (int row = 0; row < rows; ++row) {
+        numbers.push_back(rings.time(row));
+        for (int channel = 0; channel < rings.channels(); ++channel)
+            numbers.push_back(rings.value(row, channel));
+    }
+    return numbers;
+}
+
+//! Appends a line with the time and the channels, which \a numberAt returns for each column.
+template<typename NumberAt>
+void appendLine(QByteArray &text, int columns, NumberAt numberAt)
+{
+    Units::appendNumber(text, numberAt(0), 'f', 9);
+    for (int column = 1; column < columns; ++column) {
+        text += ',';
+        const double value = numberAt(column);
+        if (!std::isnan(value))
+            text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
+    }
+    text += '\n';
+}
+
+} // namespace
+
+bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file, bool *isCanceled) const
 {
     constexpr int piece = 1 << 16;
     QByteArray text = titles();
-    for (int row = 0; row < visibleRows; ++row) {
-        appendLine(text, row);
+    // The event loop may run while somebody watches: rows may come and leave, and so may the model.
+    const int rows = visibleRows;
+    const std::vector<double> copied =
+        SaveProgress::isWatched() ? copyOf(rings, rows) : std::vector<double>();
+    const int columns = rings.channels() + 1;
+    for (int row = 0; row < rows; ++row) {
+        if (copied.empty())
+            appendLine(text, columns, [&](int column) {
+                return column == 0 ? rings.time(row) : rings.value(row, column - 1);
+            });
+        else
+            appendLine(text, columns, [&](int column) {
+                return copied[size_t(row) * size_t(columns) + size_t(column)];
+            });
         if (text.size() < piece)
             continue;
         if (file.write(text) != text.size())
             return false;
         text.resize(0);
+        *isCanceled = !SaveProgress::goOn(row, rows);
+        if (*isCanceled)
+            return false;
     }
     return file.write(text) == text.size();
 }
@@ -332,18 +380,6 @@ QByteArray RVXMultichannelDeviceModelPrivate::titles() const
         line += ',' + field.toUtf8();
     }
     return line + '\n';
-}
-
-void RVXMultichannelDeviceModelPrivate::appendLine(QByteArray &text, int row) const
-{
-    Units::appendNumber(text, rings.time(row), 'f', 9);
-    for (int channel = 0; channel < rings.channels(); ++channel) {
-        text += ',';
-        const double value = rings.value(row, channel);
-        if (!std::isnan(value))
-            text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
-    }
-    text += '\n';
 }
 
 } // namespace Corvale_Qt

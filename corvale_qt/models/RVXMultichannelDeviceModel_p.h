@@ -91,7 +91,9 @@ public:
     QString title(int column) const;
     QVariant text(int row, int column) const;
     QVariant toolTip(int row, int column) const;
-    bool write(QIODevice &file) const;
+    /*! Writes all rows as CSV. Returns false if \a file does not accept everything, or if whoever watches has canceled. While
+        somebody watches, the object may be deleted before this returns. */
+    bool write(QIODevice &file, bool *isCanceled) const;
 
     RVXMultichannelDeviceModel *const q;
     QVector<RVXMultichannelDeviceModel::Channel> channels;
@@ -108,7 +110,6 @@ public:
 private:
     void keepSurplus(const Block &block, const Stretches &stretches, int surplus);
     QByteArray titles() const;
-    void appendLine(QByteArray &text, int row) const;
 
     std::atomic<bool> toldOfOtherThread{false};
 };

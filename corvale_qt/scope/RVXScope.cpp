@@ -4,6 +4,7 @@
 #include "corvale_qt/scope/Logging_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
+#include "corvale_qt/scope/SaveDialog_p.h"
 #include "corvale_qt/scope/YRanges_p.h"
 
 #include <QEvent>
@@ -230,8 +231,10 @@ void RVXScope::SaveDataToFile()
         return;
     if (!fileName.trimmed().isEmpty()) {
         d->lastSaveDirectory = QFileInfo(fileName).path();
+        const SaveDialog progress(this);
         // The model may have been deleted while the dialog was open.
-        if (!d->hasModel() || !d->save(fileName))
+        const bool isSaved = d->hasModel() && d->save(fileName);
+        if (panel && !isSaved && !progress.wasCanceled())
             showSaveError(this);
     }
     if (!panel)

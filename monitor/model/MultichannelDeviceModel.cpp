@@ -3,6 +3,7 @@
 
 #include "monitor/readings/UnitSymbols.h"
 #include "monitor/recording/RecordingWriter.h"
+#include <corvale_qt/models/SaveProgress.h>
 
 #include <QFile>
 #include <QTextDocument>
@@ -10,6 +11,8 @@
 #include <cmath>
 
 namespace Monitor {
+
+using Corvale_Qt::SaveProgress;
 
 namespace {
 
@@ -197,19 +200,32 @@ bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
         return false;
+    const int channels = NumberOfChannels();
+    const int rows = rowCount() - 1;
+    // While somebody watches, readings may come and leave, and so may the model.
+    const bool isWatched = SaveProgress::isWatched();
+    const ReadingBlock copied = isWatched ? shownReadings() : ReadingBlock();
     QByteArray text = recordingHeader(m_header.hasFrames() ? m_header.ofNumbers() : m_header,
                                       QStringLiteral("saved from the monitor's buffer"));
-    std::vector<double> values(static_cast<std::size_t>(NumberOfChannels()));
+    std::vector<double> values(static_cast<std::size_t>(channels));
     constexpr int pieceSize = 1024 * 1024;
-    for (int row = 1; row < rowCount(); ++row) {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            values[i] = receivedValue(row, int(i));
-        appendRecordingRow(&text, doubleData(row, 0), values.data(), NumberOfChannels());
+    for (int row = 1; row <= rows; ++row) {
+        if (isWatched) {
+            appendRecordingRow(&text, copied.time(row - 1), copied.values(row - 1), channels);
+        } else {
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = receivedValue(row, int(i));
+            appendRecordingRow(&text, doubleData(row, 0), values.data(), channels);
+        }
         if (text.size() < pieceSize)
             continue;
         if (file.write(text) != text.size())
             return false;
         text.clear();
+        if (!SaveProgress::goOn(row, rows)) {
+            file.remove();
+            return false;
+        }
     }
     return file.write(text) == text.size() && file.flush();
 }

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/SaveProgress.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
@@ -17,6 +18,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <deque>
@@ -235,6 +237,7 @@ private Q_SLOTS:
     void givenUnitsAreExact();
     void fitsOfTheNewestRow();
     void savesWhatReadsBackTheSame();
+    void savingIsWatched();
     void refusals();
     void rowsFromAnotherThread();
 };
@@ -441,6 +444,39 @@ void tst_RVXMultichannelDeviceModel::savesWhatReadsBackTheSame()
     QVERIFY(!model.SaveDataToFile(dir.filePath("no/such/folder.csv")));
     if (hasFullDevice())
         QVERIFY(!model.SaveDataToFile("/dev/full"));
+}
+
+//! While somebody watches, rows may come and leave: the file has those that were there at first.
+void tst_RVXMultichannelDeviceModel::savingIsWatched()
+{
+    constexpr int rows = 5000;
+    QTemporaryDir dir;
+    RVXMultichannelDeviceModel model(3);
+    model.setCapacity(rows);
+    const auto append = [&model](int first) {
+        for (int i = first; i < first + rows; ++i)
+            model.appendRows({0.001 * i}, {1.0 / (i + 1), i % 10 ? 1e-9 * i : gap, -0.1});
+    };
+    append(0);
+    const QString plain = dir.filePath("plain.csv"), watched = dir.filePath("watched.csv");
+    QVERIFY(model.SaveDataToFile(plain));
+    QVector<double> shares;
+    {
+        const SaveProgress progress([&](double share) {
+            shares << share;
+            append(rows * shares.size());
+            return true;
+        });
+        QVERIFY(model.SaveDataToFile(watched));
+    }
+    QVERIFY(shares.size() > 1 && std::is_sorted(shares.begin(), shares.end()));
+    QVERIFY(shares.first() > 0.0 && shares.last() < 1.0);
+    QCOMPARE(fileContents(watched), fileContents(plain));
+    const SaveProgress canceling([](double) {
+        return false;
+    });
+    QVERIFY(!model.SaveDataToFile(watched));
+    QVERIFY(!QFile::exists(watched));
 }
 
 void tst_RVXMultichannelDeviceModel::refusals()

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/models/SaveProgress.h"
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+
+#include <QProgressDialog>
 
 using namespace Corvale_Qt;
 
@@ -93,6 +96,33 @@ private Q_SLOTS:
         answerFileDialog(m_folder.filePath("data.csv"));
         panel.click("saveButton");
         QCOMPARE(cursors.size(), 2);
+    }
+
+    //! A long save shows how far it is; what is canceled is no error.
+    void aLongSaveIsCanceled()
+    {
+        DevicePanel panel;
+        int told = 0, shown = 0;
+        panel.device.onSave = [&](const QString &) {
+            auto *progress = panel.findChild<QProgressDialog *>("saveProgress");
+            progress->setMinimumDuration(0); // as after a while
+            bool goesOn = true;
+            while (goesOn && told < 1000) {
+                goesOn = SaveProgress::goOn(++told, 1000);
+                if (told == 500)
+                    QTest::mouseClick(progress->findChild<QPushButton *>(), Qt::LeftButton);
+                if (told == 400)
+                    shown = progress->value();
+            }
+            return goesOn;
+        };
+        answerFileDialog(m_folder.filePath("data.csv"));
+        panel.click("saveButton");
+        QCOMPARE(told, 501);
+        QCOMPARE(shown, 400);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(!panel.findChild<QProgressDialog *>("saveProgress"));
+        QVERIFY(SaveProgress::goOn(1, 2)); // nobody watches any more
     }
 
     //! The operator is told that nothing was saved.

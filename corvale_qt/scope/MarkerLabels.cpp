@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/scope/BlockStatistics_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -78,6 +79,35 @@ private:
     const MarkerStatistics &m_statistics;
 };
 
+//! Writes what is known of the readings of a block in the unit of their channel.
+class BlockTexts
+{
+public:
+    BlockTexts(const ScopeModel &model, int channel, const RVXPlotHistory::Block &block)
+        : m_hasSiPrefix(model.hasSiPrefix())
+        , m_unit(m_hasSiPrefix ? model.unitName(channel) : QString())
+        , m_block(block)
+    {
+    }
+    QString mean() const { return text(m_block.mean); }
+    QString least() const { return text(m_block.least); }
+    QString greatest() const { return text(m_block.greatest); }
+
+private:
+    QString text(double value) const
+    {
+        if (m_block.count < 1)
+            return notAvailable();
+        constexpr double sixDigits = 1e-5;
+        return m_hasSiPrefix ? Units::SiPrefix::text(value, m_unit, sixDigits * std::abs(value))
+                             : number(value);
+    }
+
+    bool m_hasSiPrefix;
+    QString m_unit;
+    const RVXPlotHistory::Block &m_block;
+};
+
 //! Returns a time or a frequency with a prefix and six digits, or as a plain number.
 QString periodText(const ScopeModel &model, double value, const QString &unit)
 {
@@ -126,6 +156,40 @@ QString sampleText(const ScopeModel &model, const MarkedSample &sample)
         .arg(timeText(model, sample.x, sample.resolution),
              model.name(sample.channel),
              readingText(model, sample));
+}
+
+QString blockText(const ScopeModel &model, int channel, const RVXPlotHistory::Block &block)
+{
+    const BlockTexts texts(model, channel, block);
+    return QStringLiteral("\nChannel %1\nmean %2\n%3 to %4\nof %5 readings")
+        .arg(model.name(channel),
+             texts.mean(),
+             texts.least(),
+             texts.greatest(),
+             QString::number(block.count));
+}
+
+QString blocksText(const ScopeModel &model,
+                   int channel,
+                   const BlockStatistics &statistics,
+                   double period,
+                   double resolution)
+{
+    const BlockTexts texts(model, channel, statistics.readings());
+    QString text =
+        QStringLiteral(
+            "\n   Period: %1\n Readings: %2\n     From: %3\n       To: %4\n     Mean: %5\n"
+            "  Minimum: %6\n  Maximum: %7\nRMS, Std. Dev, integral:\nnot known of blocks")
+            .arg(periodText(model, period, model.xUnitName()),
+                 QString::number(statistics.readings().count),
+                 placeText(model, statistics.first(), resolution),
+                 placeText(model, statistics.last(), resolution),
+                 texts.mean(),
+                 texts.least(),
+                 texts.greatest());
+    if (statistics.missing() > 0)
+        text += QStringLiteral("\n  Missing: %1").arg(statistics.missing());
+    return text;
 }
 
 QString timeText(const ScopeModel &model, double x, double resolution)

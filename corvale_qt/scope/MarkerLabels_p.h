@@ -3,13 +3,18 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/RVXPlotHistory.h"
+
 #include <QBrush>
 #include <QString>
+
+#include <utility>
 
 class QwtPlotMarker;
 
 namespace Corvale_Qt {
 
+class BlockStatistics;
 class MarkerStatistics;
 class ScopeModel;
 struct SpanIntegral;
@@ -28,6 +33,20 @@ struct MarkedSample
 /*! Returns time, channel and value of a sample, a line each. The time has enough digits to tell it from a time that
     differs by the resolution. */
 QString sampleText(const ScopeModel &model, const MarkedSample &sample);
+//! Returns a difference of time that is about one pixel wide in a plot from \a xRange.first to xRange.second.
+inline double resolutionOf(const std::pair<double, double> &xRange)
+{
+    return (xRange.second - xRange.first) / 1000.0;
+}
+//! Returns lines with the channel and with what is known of the readings of a block.
+QString blockText(const ScopeModel &model, int channel, const RVXPlotHistory::Block &block);
+/*! Returns lines with the period between two markers and with what blocks tell of the readings between them, and over which time;
+    they say that RMS and standard deviation are not known. */
+QString blocksText(const ScopeModel &model,
+                   int channel,
+                   const BlockStatistics &statistics,
+                   double period,
+                   double resolution);
 //! Returns only the time, for a marker that does not stand on a sample.
 QString timeText(const ScopeModel &model, double x, double resolution);
 /*! Returns a time with its unit, or the time of the clock that the axis shows, for a line of text. It has enough digits to tell

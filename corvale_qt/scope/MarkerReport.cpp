@@ -26,8 +26,9 @@ public:
     {
         if (!marker.isSet)
             return;
-        const QString reading = std::isnan(marker.reading) ? RVXScopePlotView::tr("no reading")
-                                                           : number(marker.reading);
+        const QString none = marker.row > 0 ? RVXScopePlotView::tr("no reading")
+                                            : RVXScopePlotView::tr("kept in a block only");
+        const QString reading = std::isnan(marker.reading) ? none : number(marker.reading);
         m_lines << QStringList{title,
                                time(marker.time),
                                m_model.name(marker.channel),
@@ -39,6 +40,17 @@ public:
     {
         if (!std::isnan(value))
             m_lines << QStringList{title, number(value), unit}.join(QLatin1Char('\t'));
+    }
+    void addTime(const QString &title, double x)
+    {
+        if (!std::isnan(x))
+            m_lines << title + QLatin1Char('\t') + time(x);
+    }
+    //! Says that a number is not known, because older readings are kept in blocks.
+    void addUnknown(const QString &title)
+    {
+        m_lines << title + QLatin1Char('\t')
+                + RVXScopePlotView::tr("not known: older readings are kept in blocks");
     }
     QString unit(int channel) const { return m_model.unitName(channel); }
     QString xUnit() const { return m_model.xUnitName(); }
@@ -79,6 +91,9 @@ QString markerReport(const ScopeMarkerStatistics &statistics, const ScopeModel &
                statistics.frequency,
                joined(QStringLiteral("1"), QStringLiteral("/"), xUnit));
     report.add(RVXScopePlotView::tr("Delta"), statistics.difference, unit);
+    const bool hasBlocks = !std::isnan(statistics.blocksBegin);
+    report.addTime(RVXScopePlotView::tr("From"), statistics.blocksBegin);
+    report.addTime(RVXScopePlotView::tr("To"), statistics.blocksEnd);
     report.add(RVXScopePlotView::tr("Readings"), statistics.count, QString());
     report.add(RVXScopePlotView::tr("Missing"), statistics.missing, QString());
     report.add(RVXScopePlotView::tr("Sum"), statistics.sum, unit);
@@ -94,6 +109,13 @@ QString markerReport(const ScopeMarkerStatistics &statistics, const ScopeModel &
     report.add(RVXScopePlotView::tr("Slope"),
                statistics.slope,
                joined(unit, QStringLiteral("/"), xUnit));
+    if (hasBlocks) {
+        for (const QString &title : {RVXScopePlotView::tr("RMS"),
+                                     RVXScopePlotView::tr("Std. Dev"),
+                                     RVXScopePlotView::tr("Integral"),
+                                     RVXScopePlotView::tr("Slope")})
+            report.addUnknown(title);
+    }
     return report.text();
 }
 

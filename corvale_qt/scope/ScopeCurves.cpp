@@ -149,6 +149,7 @@ void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int sc
         curve.attach(m_plot);
         m_history.show(channel, curve, divisor);
         m_markers.snap(channel, *curve.data(), firstRow);
+        m_markers.snapToBlock(channel, divisor);
     }
 }
 

@@ -29,7 +29,8 @@ bool ScopeMarkerStatistics::operator==(const ScopeMarkerStatistics &other) const
         && isSame(standardDeviation, other.standardDeviation) && isSame(integral, other.integral)
         && isSame(coveredTime, other.coveredTime) && outages == other.outages
         && isSame(minimum, other.minimum) && isSame(maximum, other.maximum)
-        && isSame(slope, other.slope);
+        && isSame(slope, other.slope) && isSame(blocksBegin, other.blocksBegin)
+        && isSame(blocksEnd, other.blocksEnd);
 }
 
 } // namespace Corvale_Qt

@@ -17,10 +17,12 @@ struct CORVALE_QT_EXPORT ScopeMarkerStatistics
     {
         bool isSet =
             false; //!< whether the marker stands on a sample; if not, the other fields are as here
-        int row = 0; //!< of the sample in the view's model; 0 if the sample has left it
+        int row =
+            0; //!< of the sample in the view's model; 0 if it has left it, or if only a block holds it
         int channel = 0; //!< counted from 1
         double time = std::numeric_limits<double>::quiet_NaN(); //!< x of the sample
-        double reading = std::numeric_limits<double>::quiet_NaN(); //!< NaN if it is missing
+        double reading = std::numeric_limits<
+            double>::quiet_NaN(); //!< NaN if it is missing or if only a block holds it
 
         //! Compares all fields; NaN equals NaN.
         bool operator==(const Marker &other) const;
@@ -66,6 +68,13 @@ struct CORVALE_QT_EXPORT ScopeMarkerStatistics
     /*! Slope of the straight line with the least squared deviations from the n readings, in the unit of the readings for
         each unit of x. NaN for bars, and for fewer than two times. */
     double slope = std::numeric_limits<double>::quiet_NaN();
+
+    /* Where a marker stands on readings that are only remembered in blocks (RVXPlotHistory), number, sum, mean and extremes are those
+       of whole blocks and of the rows after them; RMS, standard deviation, integral and slope are not known, and so NaN. */
+    double blocksBegin = std::numeric_limits<
+        double>::quiet_NaN(); //!< x of the first reading that counts; NaN without blocks
+    double blocksEnd = std::numeric_limits<
+        double>::quiet_NaN(); //!< x of the last reading that counts; NaN without blocks
 };
 
 } // namespace Corvale_Qt

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
-#include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
-#include "corvale_qt/scope/SpanIntegral_p.h"
-#include "corvale_qt/scope/TimeGaps_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_series_data.h>
@@ -16,16 +13,6 @@
 #include <cmath>
 
 namespace Corvale_Qt {
-
-namespace {
-
-//! Returns a difference of time that is about one pixel wide.
-double resolutionOf(const std::pair<double, double> &xRange)
-{
-    return (xRange.second - xRange.first) / 1000.0;
-}
-
-} // namespace
 
 ScopeMarkers::ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model)
     : m_surface(surface)
@@ -178,6 +165,10 @@ void ScopeMarkers::rowsRemoved(int start, int end)
             continue;
         }
         state.row = -1;
+        if (RVXPlotHistory::of(m_model.plot())) { // its reading is in a block now
+            state.onSample = false;
+            continue;
+        }
         detach(i);
         if (m_selected == i)
             selectOther();
@@ -212,15 +203,17 @@ void ScopeMarkers::clearLabels()
         state.item->setLabel(QwtText());
 }
 
-void ScopeMarkers::findInStrip(double firstX)
+void ScopeMarkers::findInStrip(const RVXPlotHistory *history, double firstX)
 {
+    m_history = history;
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
         Data &data = m_data[size_t(i)];
         if (!isAttached(i))
             continue;
-        const bool isOnBlocks = !state.onSample && data.x < firstX;
-        if (state.row < 0 && !isOnBlocks) {
+        if (history && !state.onSample && state.row < 0 && data.x < firstX)
+            data.place = HistoryPlace::at(*history, data.x);
+        if (state.row < 0 && !data.place.isValid()) {
             state.row = state.onSample ? rowAt(m_reader, m_modelRows, data.x)
                                        : firstRowFrom(m_reader, m_modelRows, data.x);
         }
@@ -278,6 +271,23 @@ void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int f
     }
 }
 
+void ScopeMarkers::snapToBlock(int channel, double divisor)
+{
+    for (int i = 0; i < count; ++i) {
+        Data &data = m_data[size_t(i)];
+        if (!m_history || !data.place.isValid())
+            continue;
+        RVXPlotHistory::Block block;
+        const bool isRead = m_history->read(data.place.level, channel, data.place.block, 1, &block);
+        const double y = block.mean / divisor;
+        if (!isRead || block.count == 0 || !takes(i, channel, y, data))
+            continue;
+        data.y = y;
+        data.column = channel;
+        data.block = block;
+    }
+}
+
 //! Returns a value as the model has it, or had it when the sweep was copied.
 double ScopeMarkers::value(int row, int channel) const
 {
@@ -312,12 +322,9 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     if (std::isfinite(data.y) && data.y < std::numeric_limits<double>::max())
         state.item->setYValue(data.y);
     const bool reads = data.row > 0 && data.column > 0;
-    const double resolution = resolutionOf(xRange);
-    setMarkerLabel(*state.item,
-                   reads ? sampleText(m_model, marked(data, resolution))
-                         : timeText(m_model, data.x, resolution),
-                   index == m_selected);
-    setMarkerLine(*state.item, reads ? m_model.brush(data.column) : QBrush(Qt::NoBrush));
+    const bool hasChannel = reads || isOnBlock(data);
+    setMarkerLabel(*state.item, labelText(data, resolutionOf(xRange)), index == m_selected);
+    setMarkerLine(*state.item, hasChannel ? m_model.brush(data.column) : QBrush(Qt::NoBrush));
     const double threeQuarters = xRange.first + 0.75 * (xRange.second - xRange.first);
     alignMarkerLabel(*state.item, data.x >= threeQuarters ? Qt::AlignLeft : Qt::AlignRight);
 
@@ -328,6 +335,15 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
         state.item->setLabel(QwtText());
     else if (index == 1)
         describeSpan(xRange);
+}
+
+//! Returns what a marker says of the sample or of the block that it stands on.
+QString ScopeMarkers::labelText(const Data &data, double resolution) const
+{
+    if (data.row > 0 && data.column > 0)
+        return sampleText(m_model, marked(data, resolution));
+    const QString time = timeText(m_model, data.x, resolution);
+    return isOnBlock(data) ? time + blockText(m_model, data.column, data.block) : time;
 }
 
 //! Returns the sample of a marker. Its noise is looked at only if its text depends on it.
@@ -359,76 +375,6 @@ void ScopeMarkers::select(const Data &data) const
 {
     if (const int row = modelRow(data))
         m_surface.selectCell(row, data.column);
-}
-
-//! Returns whether a marker stands on a sample that is still where the last plot found it.
-bool ScopeMarkers::reads(int index) const
-{
-    const Data &data = m_data[size_t(index)];
-    return isAttached(index) && data.row > 0 && data.column > 0
-        && sampleX(m_reader, data.row) == data.x;
-}
-
-//! Returns the rows from one marker to the other, counted as those that are plotted.
-RowRange ScopeMarkers::spanRows() const
-{
-    const auto rows = std::minmax(m_data[0].row, m_data[1].row);
-    return {rows.first, rows.second};
-}
-
-//! Returns the statistics of the second marker's channel from one marker to the other.
-const MarkerStatistics &ScopeMarkers::span() const
-{
-    return m_span.of(m_reader, m_data[1].column, spanRows(), m_model.unitScale());
-}
-
-//! Returns the integral of the second marker's channel from one marker to the other.
-const SpanIntegral &ScopeMarkers::spanIntegral() const
-{
-    static const TimeGaps none;
-    return m_span.integralOf(m_reader,
-                             m_data[1].column,
-                             spanRows(),
-                             m_model.unitScale(),
-                             m_gaps ? *m_gaps : none);
-}
-
-ScopeMarkerStatistics ScopeMarkers::statistics() const
-{
-    ScopeMarkerStatistics result;
-    ScopeMarkerStatistics::Marker *const markers[count] = {&result.first, &result.second};
-    for (int i = 0; i < count; ++i) {
-        const Data &data = m_data[size_t(i)];
-        if (reads(i))
-            *markers[i] = {true, modelRow(data), data.column, data.x, data.value};
-    }
-    if (!result.hasSpan())
-        return result;
-    result.period = std::abs(result.second.time - result.first.time);
-    if (result.period > 0.0)
-        result.frequency = 1.0 / result.period;
-    result.difference = result.second.reading - result.first.reading;
-    span().writeTo(result);
-    spanIntegral().writeTo(result);
-    return result;
-}
-
-void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
-{
-    const Data &a = m_data[0];
-    const Data &b = m_data[1];
-    if (!isAttached(0) || !isAttached(1) || a.row < 1 || b.row < 1 || b.column < 1)
-        return;
-    const double period = std::abs(a.x - b.x);
-    const MarkedSample sample = marked(b, resolutionOf(xRange));
-    const MarkerStatistics &statistics = span();
-    QString text = spanText(m_model, sample, period, statistics);
-    if (m_isDetailed)
-        text += detailText(m_model, b.column, b.value - a.value, statistics);
-    if (m_isDetailed || (m_gaps && m_gaps->areSought()))
-        text += integralText(m_model, b.column, spanIntegral(), period);
-    setMarkerLabel(*item(1), text, m_selected == 1);
-    keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
 }
 
 void ScopeMarkers::moveInStrip(int index, int steps)

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/HistorySpan_p.h"
 #include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -23,6 +24,7 @@ class QwtSeriesData;
 
 namespace Corvale_Qt {
 
+class BlockStatistics;
 class ScopeSurface;
 class TimeGaps;
 struct MarkedSample;
@@ -98,8 +100,11 @@ public:
     //! Lets keys move the other marker, if that is attached.
     void selectOther();
     void clearLabels();
-    //! Finds the markers' rows among all samples. A marker that was put before \a firstX, where no sample is, stays there.
-    void findInStrip(double firstX = -std::numeric_limits<double>::infinity());
+    /*! Finds the markers' rows among all samples. A marker before \a firstX, where there are only the blocks of \a history, stays
+        where it is and reads a block; \a history may be null. */
+    void findInStrip(const RVXPlotHistory *history, double firstX);
+    //! Gives the block of \a channel to the markers that stand on blocks, as snap() does; what is drawn is divided by \a divisor.
+    void snapToBlock(int channel, double divisor);
     //! Finds the markers' rows among the \a size samples of a sweep.
     void findInSweep(int size);
     //! Gives the sample of \a channel to the markers that are nearer to it than to any channel so far.
@@ -140,10 +145,16 @@ private:
         int row = -1; //!< row of the sample among those that are plotted; -1 for none
         double y = std::numeric_limits<double>::max(); //!< as plotted
         double value = 0.0; //!< as the model has it
+        HistoryPlace place; //!< of a marker that has no row
+        RVXPlotHistory::Block block; //!< of its channel there
     };
 
     bool takes(int index, int channel, double y, const Data &data) const;
     void readHeldChannel(int index);
+    static bool isOnBlock(const Data &data) { return data.place.isValid() && data.column > 0; }
+    QString labelText(const Data &data, double resolution) const;
+    bool spansBlocks() const;
+    BlockStatistics blockStatistics() const;
     MarkedSample marked(const Data &data, double resolution) const;
     double value(int row, int channel) const;
     int sweepOffset(const State &state, double x, int size) const;
@@ -163,6 +174,7 @@ private:
     PlotColumnReader m_reader; //!< of the current plot
     RowRange m_modelRows; //!< of the current plot
     const TimeGaps *m_gaps = nullptr; //!< of the current plot
+    const RVXPlotHistory *m_history = nullptr; //!< of the current plot; null for none
     mutable MarkerSpan m_span;
     int m_selected = 0;
     bool m_isDetailed = false;

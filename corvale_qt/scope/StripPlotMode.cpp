@@ -41,10 +41,7 @@ void StripPlotMode::plot()
     m_context.markers.setGaps(
         m_context.gaps.showStrip(m_context.curves, reader, shown.rows, request.samples));
     m_context.markers.begin(reader, {1, request.samples});
-    if (blocks)
-        m_context.markers.findInStrip(shown.firstRow);
-    else
-        m_context.markers.findInStrip();
+    m_context.markers.findInStrip(blocks, shown.firstRow);
     const bool reachesBack = shown.left < shown.firstRow;
     m_context.curves.history().setGapIntervals(m_context.gaps.intervals());
     m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, shown.left, shown.right);

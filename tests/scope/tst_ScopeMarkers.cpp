@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
@@ -374,6 +376,102 @@ private Q_SLOTS:
                 QVERIFY(qAbs(deviation - reference[8].toDouble()) < 1e-9 * deviation);
             }
         }
+    }
+
+    //! Older readings are in blocks: what is said of them is that of each of them, over a stretch that is stated, or that it is not known.
+    void olderReadingsInBlocks_data()
+    {
+        QTest::addColumn<double>("first");
+        QTest::addColumn<double>("second");
+        QTest::newRow("both among blocks") << 31.7 << 1234.5;
+        QTest::newRow("the second among the rows") << 31.7 << 1990.0;
+        QTest::newRow("the first among the rows") << 1990.0 << 700.0;
+        QTest::newRow("both in one block") << 500.0 << 500.2;
+        QTest::newRow("before the first reading") << -50.0 << 900.0;
+    }
+
+    void olderReadingsInBlocks()
+    {
+        constexpr int rows = 20000;
+        constexpr double step = 0.1;
+        const auto reading = [](int row) {
+            return row % 7 == 0 ? qQNaN() : std::sin(row * 0.01) + row % 13;
+        };
+        RVXMultichannelDeviceModel model(2);
+        model.setCapacity(1000);
+        model.setHistorySpan(1e9);
+        model.setHistoryMemory(1); // few blocks of each level, so that all levels are read
+        for (int row = 0; row < rows; ++row)
+            model.appendRows({row * step}, {0.0, reading(row)});
+        ScopeTestView view(&model);
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+        view.settle();
+        const auto agrees = [&] {
+            const ScopeMarkerStatistics is = view.markerStatistics();
+            double sum = 0.0, least = qInf(), greatest = -qInf();
+            int count = 0, missing = 0;
+            for (int row = 0; row < rows; ++row) {
+                const double x = row * step;
+                if (x < is.blocksBegin || x > is.blocksEnd)
+                    continue;
+                const double value = reading(row);
+                missing += std::isnan(value);
+                count += !std::isnan(value);
+                sum += std::isnan(value) ? 0.0 : value;
+                least = std::fmin(least, value);
+                greatest = std::fmax(greatest, value);
+            }
+            const QString expected =
+                QString("%1 %2 %3 %4").arg(count).arg(missing).arg(least).arg(greatest);
+            const QString got = QString("%1 %2 %3 %4")
+                                    .arg(is.count)
+                                    .arg(is.missing)
+                                    .arg(is.minimum)
+                                    .arg(is.maximum);
+            QCOMPARE(got, expected);
+            QVERIFY(qAbs(is.mean - sum / count) < 1e-12 * count
+                    && qAbs(is.sum - sum) < 1e-9 * count);
+            const auto [left, right] = std::minmax(is.first.time, is.second.time);
+            QVERIFY(is.blocksBegin <= qMax(left, 0.0) && right <= is.blocksEnd);
+            QVERIFY(qIsNaN(is.rms) && qIsNaN(is.standardDeviation) && qIsNaN(is.integral));
+        };
+        QFETCH(double, first);
+        QFETCH(double, second);
+        view.SelectPoint1(QPointF(first, 6.0));
+        view.SelectPoint2(QPointF(second, 6.0));
+        agrees();
+        const QString report = view.markerReport();
+        QVERIFY(report.contains("RMS\tnot known: older readings are kept in blocks"));
+        QVERIFY(report.contains("kept in a block only"));
+        QVERIFY(view.markerText(1).contains("not known of blocks"));
+    }
+
+    //! Where a model remembers its readings in blocks, a marker stays at its time after its sample has left the model.
+    void aMarkerOutlivesItsSample()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(500);
+        model.setHistorySpan(1e9);
+        int rows = 0;
+        const auto append = [&](int more) {
+            for (const int end = rows + more; rows < end; ++rows)
+                model.appendRows({double(rows)}, {double(rows)});
+        };
+        append(500);
+        ScopeTestView view(&model);
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+        view.SelectPoint1(QPointF(100.0, 100.0));
+        view.SelectPoint2(QPointF(400.0, 400.0));
+        QCOMPARE(view.markerStatistics().first.row, 101);
+        append(2000);
+        const ScopeMarkerStatistics is = view.markerStatistics();
+        QVERIFY(is.hasSpan());
+        QCOMPARE(QPointF(is.first.time, is.second.time), QPointF(100.0, 400.0));
+        QCOMPARE(QPointF(is.minimum, is.maximum), QPointF(is.blocksBegin, is.blocksEnd));
+        model.Clear();
+        QVERIFY(!view.markerStatistics().first.isSet);
     }
 };
 

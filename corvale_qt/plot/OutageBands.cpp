@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/plot/OutageBands_p.h"
 
+#include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
 #include <QFontMetricsF>
@@ -13,9 +14,10 @@ namespace Corvale_Qt {
 
 namespace {
 
-// The canvas is black in every palette.
+// On a black canvas and on a white one.
 const QColor kShade(150, 150, 170, 70);
-const QColor kTextColor(190, 190, 205);
+const QColor kTextOnBlack(190, 190, 205);
+const QColor kTextOnWhite(80, 80, 95);
 constexpr double kMargin = 4.0; // around the text
 constexpr double kZ = 15.0; // between the grid and the curves
 
@@ -57,7 +59,8 @@ void OutageBands::drawText(QPainter *painter, const QRectF &band) const
     const QFontMetricsF metrics(painter->font());
     if (band.width() < metrics.horizontalAdvance(m_text) + 2.0 * kMargin)
         return;
-    painter->setPen(kTextColor);
+    const bool isOnWhite = plot() && plot()->canvasBackground().color() == Qt::white;
+    painter->setPen(isOnWhite ? kTextOnWhite : kTextOnBlack);
     painter->drawText(band.adjusted(kMargin, kMargin, -kMargin, -kMargin),
                       Qt::AlignHCenter | Qt::AlignBottom | Qt::TextSingleLine,
                       m_text);

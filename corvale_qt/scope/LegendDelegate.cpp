@@ -14,7 +14,6 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int margin = 4;
-// The curve is drawn on black, as in the plot: its colours are chosen for that.
 constexpr int swatchWidth = 30;
 constexpr int longestName = 24; // in characters
 
@@ -23,12 +22,13 @@ int valueWidth(const QFontMetrics &metrics)
     return metrics.horizontalAdvance(QStringLiteral("-000.00 nA"));
 }
 
-void paintSwatch(QPainter *painter, const QRect &place, const QPen &pen, bool isShown)
+//! Paints the line of a curve on the ground that it has in the plot, for which its colour was chosen.
+void paintSwatch(QPainter *painter, const QRect &place, const QModelIndex &index, bool isShown)
 {
-    painter->fillRect(place, Qt::black);
+    painter->fillRect(place, index.data(LegendModel::GroundRole).value<QColor>());
     if (!isShown)
         return;
-    QPen line = pen;
+    auto line = index.data(LegendModel::PenRole).value<QPen>();
     line.setWidthF(2.0);
     line.setCapStyle(Qt::FlatCap);
     painter->setPen(line);
@@ -82,7 +82,7 @@ void LegendDelegate::paint(QPainter *painter,
     const QRect inside = option.rect.adjusted(margin, 2, -margin, -2);
     paintSwatch(painter,
                 QRect(inside.topLeft(), QSize(swatchWidth, inside.height())),
-                index.data(LegendModel::PenRole).value<QPen>(),
+                index,
                 isShown);
 
     const QPalette::ColorGroup group = isShown ? QPalette::Active : QPalette::Disabled;

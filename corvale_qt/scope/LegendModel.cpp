@@ -80,6 +80,12 @@ void LegendModel::setSiPrefix(bool on)
     changeAll();
 }
 
+void LegendModel::setOnWhite(bool onWhite)
+{
+    m_isOnWhite = onWhite;
+    changeAll();
+}
+
 void LegendModel::setLimits(const Limits &limits)
 {
     m_limits = limits;
@@ -131,6 +137,7 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
     const int channel = index.row() + 1;
     ScopeModel model;
     model.set(m_source);
+    model.setOnWhite(m_isOnWhite);
     switch (role) {
     case Qt::DisplayRole:
         return model.name(channel);
@@ -151,6 +158,8 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
         return m_limits.areSet && m_limits.areSet(channel);
     case PenRole:
         return model.pen(channel);
+    case GroundRole:
+        return QColor(m_isOnWhite ? Qt::white : Qt::black);
     default:
         return QVariant();
     }

@@ -29,12 +29,15 @@ public:
         LimitRole, //!< how the newest value lies beyond its limits, as text; empty if it lies within them
         LimitColorRole, //!< the colour that goes with it
         WatchedRole, //!< whether the channel has limits
+        GroundRole, //!< the colour of the canvas on which the curve is drawn
     };
 
     //! Shows the channels of another model; null for none. The model is not owned.
     void setSource(QAbstractItemModel *source);
     //! Sets whether values have a prefix of their unit.
     void setSiPrefix(bool on);
+    //! Sets whether the pens are those of curves on a white canvas.
+    void setOnWhite(bool onWhite);
     //! What tells about the limits of a channel, counted from 1.
     struct Limits
     {
@@ -61,6 +64,7 @@ private:
     QVector<QMetaObject::Connection> m_connections;
     Limits m_limits;
     bool m_hasSiPrefix = false;
+    bool m_isOnWhite = false;
     mutable LatestPrefixes m_prefixes; // a text depends on the readings before
 
     Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::LegendModel)

@@ -105,6 +105,8 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
                    raisedChannelChanged STORED false)
     //! Whether the bars of the histogram are labelled with the names of their channels; false at first.
     Q_PROPERTY(bool barNames READ hasBarNames WRITE setBarNames NOTIFY barNamesChanged)
+    //! Whether the canvas is white, as for paper, instead of black; false at first.
+    Q_PROPERTY(bool lightCanvas READ hasLightCanvas WRITE setLightCanvas NOTIFY lightCanvasChanged)
 
     // Gaps, limits and the trigger.
     //! How many usual intervals without a reading are an outage, across which no line is drawn; 0, as at first, for none.
@@ -284,6 +286,10 @@ public:
     /*! Sets whether the bars of the histogram are labelled with the names of their channels, as far as there is room, instead of
         letters and numbers. */
     void setBarNames(bool on);
+    //! Returns whether the canvas is white.
+    bool hasLightCanvas() const;
+    //! Sets whether the canvas is white. Curves and bars whose colour is too bright for it are then drawn in a darker one.
+    void setLightCanvas(bool light);
 
     // Gaps, limits and the trigger.
     //! Returns how many usual intervals without a reading are an outage; 0 if none is looked for.
@@ -474,6 +480,8 @@ Q_SIGNALS:
     void raisedChannelChanged(int channel);
     //! The bars of the histogram are labelled with names, or no more.
     void barNamesChanged(bool on);
+    //! The canvas is white, or black again.
+    void lightCanvasChanged(bool light);
 
     // Gaps, limits and the trigger.
     //! Another number of usual intervals without a reading is an outage.

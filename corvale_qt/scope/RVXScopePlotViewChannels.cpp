@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // How a scope plot view tells its channels apart: the legend, the raised curve, the names of bars.
+#include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
@@ -55,6 +56,35 @@ void RVXScopePlotView::setRaisedChannel(int channel)
     d->context.curves.setRaised(channel);
     RequestReplotRefresh();
     Q_EMIT raisedChannelChanged(channel);
+}
+
+void RVXScopePlotViewPrivate::showLook(const CanvasLook &look)
+{
+    const auto pen = [](const QColor &color) {
+        return QPen(color, 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+    };
+    plot->setCanvasBackground(look.ground);
+    grid.setMajorPen(pen(look.majorGrid));
+    grid.setMinorPen(pen(look.minorGrid));
+    context.histogram.setBrush(look.bars);
+    context.histogram.setPen(look.bars.color().darker(130));
+}
+
+bool RVXScopePlotView::hasLightCanvas() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.model.isOnWhite();
+}
+
+void RVXScopePlotView::setLightCanvas(bool light)
+{
+    Q_D(RVXScopePlotView);
+    if (light == hasLightCanvas())
+        return;
+    d->context.model.setOnWhite(light);
+    d->showLook(light ? CanvasLook::onWhite() : CanvasLook::onBlack());
+    RequestReplotRefresh();
+    Q_EMIT lightCanvasChanged(light);
 }
 
 bool RVXScopePlotView::hasBarNames() const

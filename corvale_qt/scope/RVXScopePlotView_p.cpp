@@ -5,6 +5,7 @@
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
@@ -98,7 +99,6 @@ void RVXScopePlotViewPrivate::prepareCanvas()
 {
     plot->setCanvas(canvas);
     plot->setAutoDelete(false); // the items belong to this class
-    plot->setCanvasBackground(Qt::black);
     canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, true);
     canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
     canvas->setPaintAttribute(QwtPlotCanvas::ImmediatePaint, false);
@@ -113,17 +113,10 @@ void RVXScopePlotViewPrivate::prepareCanvas()
 
 void RVXScopePlotViewPrivate::prepareItems()
 {
-    const auto pen = [](int grey) {
-        return QPen(QColor(grey, grey, grey), 0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
-    };
     grid.enableXMin(false);
     grid.enableYMin(true);
-    grid.setMajorPen(pen(88));
-    grid.setMinorPen(pen(48));
     grid.attach(plot);
-
-    context.histogram.setBrush(QBrush(Qt::yellow));
-    context.histogram.setPen(QColor(Qt::yellow).darker(130));
+    showLook(CanvasLook::onBlack());
     context.histogram.setStyle(QwtPlotHistogram::Columns);
 }
 

@@ -27,6 +27,7 @@ class QwtPlotCanvas;
 namespace Corvale_Qt {
 
 class ScopeLegend;
+struct CanvasLook;
 
 //! Has the plot made when the canvas is about to be painted.
 class RVXScopePlotViewEventFilter : public QObject
@@ -56,6 +57,7 @@ public:
     void showLegend();
     //! Deletes the legend, which uses this class when it loses the focus.
     void removeLegend();
+    void showLook(const CanvasLook &look);
 
     void showOnly(QWidget *shown) override;
     void showScrollBar(bool shown) override;

@@ -115,6 +115,10 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
         d->model.setSiPrefix(on);
     });
+    d->model.setOnWhite(view->hasLightCanvas());
+    connect(view, &RVXScopePlotView::lightCanvasChanged, this, [d](bool light) {
+        d->model.setOnWhite(light);
+    });
     d->model.setLimits({[d](int channel) {
                             return d->view && !d->view->channelLimits(channel).isEmpty();
                         },

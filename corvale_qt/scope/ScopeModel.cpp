@@ -2,6 +2,7 @@
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
+#include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
@@ -46,9 +47,13 @@ QString ScopeModel::name(int channel) const
 
 QBrush ScopeModel::brush(int channel) const
 {
-    const QVariant brush = header(channel, Qt::BackgroundRole);
-    return brush.userType() == QMetaType::QBrush ? brush.value<QBrush>()
-                                                 : QBrush(RVXPlotColors::color(channel - 1));
+    const QVariant given = header(channel, Qt::BackgroundRole);
+    QBrush brush = given.userType() == QMetaType::QBrush
+        ? given.value<QBrush>()
+        : QBrush(RVXPlotColors::color(channel - 1));
+    if (m_isOnWhite)
+        brush.setColor(colorOnWhite(brush.color()));
+    return brush;
 }
 
 QPen ScopeModel::pen(int channel) const

@@ -61,6 +61,9 @@ public:
     //! Sets whether texts show values with a prefix of their unit.
     void setSiPrefix(bool on) { m_hasSiPrefix = on; }
     bool hasSiPrefix() const { return m_hasSiPrefix; }
+    //! Sets whether brushes and pens are chosen for a white ground.
+    void setOnWhite(bool onWhite) { m_isOnWhite = onWhite; }
+    bool isOnWhite() const { return m_isOnWhite; }
     //! Returns the fits that the device computed for the sample in \a row; empty if it computed none.
     QVariantList deviceFits(int row) const;
 
@@ -78,6 +81,7 @@ private:
     QPointer<QAbstractItemModel> m_items;
     RVXAbstractPlotDataModel *m_plot = nullptr;
     bool m_hasSiPrefix = false;
+    bool m_isOnWhite = false;
     const ScopeTimeAxis *m_timeAxis = nullptr;
 };
 

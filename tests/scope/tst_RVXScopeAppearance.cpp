@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/DisplayPicture.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+
+#include <qwt_plot_curve.h>
+
+#include <cmath>
+#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -165,6 +171,80 @@ private Q_SLOTS:
             QVERIFY(drawn("stateLabel", isGreen) > 300);
             QVERIFY(drawn("stateLabel", isBlack) > 20);
         }
+    }
+
+    //! On a white canvas every curve can be told from the ground, and the black one has its own colours again.
+    void curvesOnWhite()
+    {
+        DevicePanel panel(8, {{1, {1, 2, 3, 4, 5, 6, 7, 8}}, {2, {1, 2, 3, 4, 5, 6, 7, 8}}});
+        panel.resize(900, 500);
+        panel.show();
+        RVXScopePlotView &view = *panel.plotView();
+        const auto colors = [&] {
+            QVector<QColor> found;
+            QCoreApplication::processEvents();
+            for (const QwtPlotItem *curve : panel.plot()->itemList(QwtPlotItem::Rtti_PlotCurve))
+                found << static_cast<const QwtPlotCurve *>(curve)->pen().color();
+            return found;
+        };
+        QTRY_COMPARE(colors().size(), 8);
+        const QVector<QColor> onBlack = colors();
+        view.setLightCanvas(true);
+        QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::white));
+        // Relative luminance and contrast as in WCAG 2.1.
+        const auto light = [](double c) {
+            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        QTRY_VERIFY(colors() != onBlack);
+        for (const QColor &color : colors()) {
+            const double luminance = 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF())
+                + 0.0722 * light(color.blueF());
+            QVERIFY2(1.05 / (luminance + 0.05) >= 2.99, qPrintable(color.name()));
+        }
+        view.setLightCanvas(false);
+        QTRY_COMPARE(colors(), onBlack);
+        QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::black));
+    }
+
+    //! A picture has what is asked for, and the panel is as it was.
+    void pictures()
+    {
+        DevicePanel panel(20, {{1, QVector<double>(20, 1.0)}, {2, QVector<double>(20, 2.0)}});
+        panel.resize(600, 400);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        DisplayPicture picture(panel.plotView());
+        const auto painted = [&picture] {
+            QImage image(picture.size(), QImage::Format_RGB32);
+            QPainter painter(&image);
+            picture.paint(&painter);
+            return image;
+        };
+        const QImage plain = painted();
+        QCOMPARE(plain.size(), panel.plotView()->size());
+        picture.setLegendVisible(true);
+        const int withLegend = picture.size().height();
+        QVERIFY(withLegend > plain.height());
+        panel.topLevelModel()->setData(panel.topLevelModel()->index(0, 1), 0, Qt::CheckStateRole);
+        for (int channel = 2; channel <= 19; ++channel)
+            panel.topLevelModel()->setData(panel.topLevelModel()->index(0, channel),
+                                           0,
+                                           Qt::CheckStateRole);
+        QVERIFY(picture.size().height() < withLegend); // only one channel is shown
+        picture.setLegendVisible(false);
+        picture.setTitle(QString("a long title ").repeated(100));
+        picture.setNote("12:00");
+        QCOMPARE(picture.size().width(), plain.width());
+        picture.setColors(DisplayPicture::Colors::Light);
+        QCOMPARE(painted().pixelColor(1, 1).lightness() > 200, true);
+        picture.setColors(DisplayPicture::Colors::Dark);
+        QCOMPARE(painted().pixelColor(1, 1).lightness() < 80, true);
+        QVERIFY(!panel.plotView()->hasLightCanvas());
+        QVERIFY(!panel.plotView()->testAttribute(Qt::WA_SetPalette));
+        auto display = std::make_unique<QWidget>();
+        const DisplayPicture gone(display.get());
+        display.reset();
+        QVERIFY(gone.size().isEmpty());
     }
 };
 

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include <QBrush>
+#include <QColor>
+
+namespace Corvale_Qt {
+
+//! The colours of a canvas: curves on black, as on the screen of an instrument, or on white, as on paper.
+struct CanvasLook
+{
+    QColor ground;
+    QColor majorGrid;
+    QColor minorGrid;
+    QBrush bars;
+
+    static CanvasLook onBlack();
+    static CanvasLook onWhite();
+};
+
+/*! Returns the colour itself if it can be seen on white, otherwise a darker one of the same hue, whose contrast to white (WCAG 2.1)
+    is 3 or more. */
+QColor colorOnWhite(const QColor &color);
+
+} // namespace Corvale_Qt

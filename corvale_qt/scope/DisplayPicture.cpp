@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/DisplayPicture.h"
+
+#include "corvale_qt/scope/LegendDelegate_p.h"
+#include "corvale_qt/scope/LegendModel_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/ScopeLegend.h"
+
+#include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
+#include <QStyleOptionViewItem>
+#include <QWidget>
+
+#include <algorithm>
+#include <vector>
+
+namespace Corvale_Qt {
+
+namespace {
+
+constexpr int margin = 6; // around the lines of text
+
+QPalette lightPalette()
+{
+    return {Qt::black,
+            QColor(239, 239, 239),
+            Qt::white,
+            Qt::darkGray,
+            Qt::gray,
+            Qt::black,
+            Qt::black,
+            Qt::white,
+            Qt::white};
+}
+
+QPalette darkPalette()
+{
+    const QColor text(230, 230, 230);
+    const QColor ground(48, 50, 54);
+    return {text,
+            ground,
+            ground.lighter(150),
+            ground.darker(180),
+            ground.darker(130),
+            text,
+            Qt::white,
+            QColor(30, 32, 35),
+            ground};
+}
+
+//! Returns the view itself, if the display is one, and those in it that can be seen.
+std::vector<RVXScopePlotView *> viewsIn(QWidget *display)
+{
+    std::vector<RVXScopePlotView *> views;
+    if (auto *view = qobject_cast<RVXScopePlotView *>(display))
+        views.push_back(view);
+    for (RVXScopePlotView *view : display->findChildren<RVXScopePlotView *>()) {
+        if (view->isVisibleTo(display))
+            views.push_back(view);
+    }
+    return views;
+}
+
+//! Gives a display other colours, as long as it lives.
+class BorrowedColors
+{
+public:
+    BorrowedColors(QWidget *display, DisplayPicture::Colors colors)
+        : m_display(colors == DisplayPicture::Colors::AsShown ? nullptr : display)
+    {
+        if (!m_display)
+            return;
+        m_hadPalette = m_display->testAttribute(Qt::WA_SetPalette);
+        m_palette = m_display->palette();
+        const bool isLight = colors == DisplayPicture::Colors::Light;
+        m_display->setPalette(isLight ? lightPalette() : darkPalette());
+        for (RVXScopePlotView *view : viewsIn(m_display)) {
+            m_canvases.push_back({view, view->hasLightCanvas()});
+            view->setLightCanvas(isLight);
+        }
+    }
+    ~BorrowedColors()
+    {
+        if (!m_display)
+            return;
+        for (const Canvas &canvas : m_canvases) {
+            if (canvas.view)
+                canvas.view->setLightCanvas(canvas.wasLight);
+        }
+        m_display->setPalette(m_hadPalette ? m_palette : QPalette());
+    }
+    Q_DISABLE_COPY(BorrowedColors)
+
+private:
+    struct Canvas
+    {
+        QPointer<RVXScopePlotView> view;
+        bool wasLight;
+    };
+
+    const QPointer<QWidget> m_display;
+    QPalette m_palette;
+    bool m_hadPalette = false;
+    std::vector<Canvas> m_canvases;
+};
+
+//! Returns whether a legend on the screen already lists all channels of a view.
+bool showsWholeLegend(const RVXScopePlotView &view)
+{
+    const auto *legend = view.findChild<ScopeLegend *>();
+    return legend && legend->isVisibleTo(&view) && legend->verticalScrollBar()->maximum() == 0;
+}
+
+//! The legend of a view in columns as wide as the picture has room for, without the channels that are hidden.
+class PictureLegend
+{
+public:
+    PictureLegend(const RVXScopePlotView &view, bool onWhite, int width)
+    {
+        m_option.font = view.font();
+        m_option.fontMetrics = QFontMetrics(m_option.font);
+        m_model.setSiPrefix(view.hasSiPrefix());
+        m_model.setOnWhite(onWhite);
+        m_model.setSource(view.model());
+        for (int row = 0; row < m_model.rowCount(); ++row) {
+            if (m_model.index(row).data(Qt::CheckStateRole).toInt() != Qt::Unchecked)
+                m_rows.push_back(row);
+        }
+        if (m_rows.empty())
+            return;
+        m_cell = m_delegate.sizeHint(m_option, m_model.index(0));
+        m_columns = std::max(width / std::max(m_cell.width(), 1), 1);
+    }
+
+    int height() const
+    {
+        const int lines = (int(m_rows.size()) + m_columns - 1) / m_columns;
+        return lines * m_cell.height();
+    }
+    void paint(QPainter *painter, const QPoint &topLeft, const QPalette &palette) const
+    {
+        QStyleOptionViewItem option = m_option;
+        option.palette = palette;
+        option.state = QStyle::State_Enabled | QStyle::State_Active;
+        for (int i = 0; i < int(m_rows.size()); ++i) {
+            const QPoint cell(i % m_columns * m_cell.width(), i / m_columns * m_cell.height());
+            option.rect = QRect(topLeft + cell, m_cell);
+            m_delegate.paint(painter, option, m_model.index(m_rows[size_t(i)]));
+        }
+    }
+
+private:
+    LegendModel m_model;
+    LegendDelegate m_delegate;
+    QStyleOptionViewItem m_option;
+    std::vector<int> m_rows;
+    QSize m_cell;
+    int m_columns = 1;
+};
+
+} // namespace
+
+class DisplayPicturePrivate
+{
+public:
+    bool hasHeading() const { return !title.isEmpty() || !note.isEmpty(); }
+    int headingHeight() const
+    {
+        return hasHeading() ? QFontMetrics(titleFont()).height() + 2 * margin : 0;
+    }
+    QFont titleFont() const;
+    std::vector<std::unique_ptr<PictureLegend>> legends() const;
+    void paintHeading(QPainter *painter) const;
+
+    QPointer<QWidget> display;
+    QString title;
+    QString note;
+    bool hasLegend = false;
+    DisplayPicture::Colors colors = DisplayPicture::Colors::AsShown;
+};
+
+QFont DisplayPicturePrivate::titleFont() const
+{
+    QFont font = display->font();
+    font.setBold(true);
+    return font;
+}
+
+//! Returns the legends that are painted below the display.
+std::vector<std::unique_ptr<PictureLegend>> DisplayPicturePrivate::legends() const
+{
+    std::vector<std::unique_ptr<PictureLegend>> legends;
+    for (const RVXScopePlotView *view : viewsIn(display)) {
+        const bool hasChannels = view->plotMode() <= RVXScopePlotView::HistogramMode;
+        if (!hasLegend || !hasChannels || showsWholeLegend(*view))
+            continue;
+        const bool onWhite = colors == DisplayPicture::Colors::AsShown
+            ? view->hasLightCanvas()
+            : colors == DisplayPicture::Colors::Light;
+        legends.push_back(std::make_unique<PictureLegend>(*view, onWhite, display->width()));
+    }
+    return legends;
+}
+
+void DisplayPicturePrivate::paintHeading(QPainter *painter) const
+{
+    const QRect place =
+        QRect(0, 0, display->width(), headingHeight()).adjusted(margin, 0, -margin, 0);
+    painter->setPen(display->palette().color(QPalette::WindowText));
+    painter->setFont(display->font());
+    const int noteWidth = std::min(painter->fontMetrics().horizontalAdvance(note), place.width());
+    painter->drawText(place,
+                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(note, Qt::ElideRight, place.width()));
+    painter->setFont(titleFont());
+    const int room = std::max(place.width() - noteWidth - 2 * margin, 0);
+    painter->drawText(place,
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(title, Qt::ElideMiddle, room));
+}
+
+DisplayPicture::DisplayPicture(QWidget *display)
+    : d(new DisplayPicturePrivate)
+{
+    d->display = display;
+}
+
+DisplayPicture::~DisplayPicture() = default;
+
+void DisplayPicture::setTitle(const QString &title)
+{
+    d->title = title;
+}
+
+void DisplayPicture::setNote(const QString &note)
+{
+    d->note = note;
+}
+
+void DisplayPicture::setLegendVisible(bool visible)
+{
+    d->hasLegend = visible;
+}
+
+void DisplayPicture::setColors(Colors colors)
+{
+    d->colors = colors;
+}
+
+QSize DisplayPicture::size() const
+{
+    if (!d->display)
+        return QSize(0, 0);
+    int height = d->headingHeight() + d->display->height();
+    for (const auto &legend : d->legends())
+        height += legend->height() + margin;
+    return {d->display->width(), height};
+}
+
+void DisplayPicture::paint(QPainter *painter) const
+{
+    if (!d->display)
+        return;
+    const QSize whole = size();
+    const BorrowedColors colors(d->display, d->colors);
+    const QPalette palette = d->display->palette();
+    painter->save();
+    if (whole != d->display->size())
+        painter->fillRect(QRect(QPoint(), whole), palette.window());
+    if (d->hasHeading())
+        d->paintHeading(painter);
+    d->display->render(painter, QPoint(0, d->headingHeight()));
+    int y = d->headingHeight() + d->display->height() + margin;
+    for (const auto &legend : d->legends()) {
+        legend->paint(painter, {0, y}, palette);
+        y += legend->height() + margin;
+    }
+    painter->restore();
+}
+
+} // namespace Corvale_Qt

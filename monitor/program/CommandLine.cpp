@@ -280,6 +280,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     record.compress = parser.isSet(QStringLiteral("compress"));
     file.passesDamage = task == Task::Check;
     settings = values.text("settings");
+    diagnostics = values.isSet("diagnostics");
     output = values.text(task == Task::Convert      ? "convert"
                              : task == Task::Repair ? "repair"
                                                     : "screenshot");

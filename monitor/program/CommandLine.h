@@ -60,6 +60,7 @@ struct CommandLine
     double toleranceY = 0.0;
     QString settings;
     QString language; //!< of --language, like "de"; empty without it
+    bool diagnostics = false; //!< whether the end tells how long the turns of the event loop were
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/HeadlessRun.h"
 
+#include "monitor/core/LoopWatch.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/TerminationSignal.h"
@@ -137,9 +138,12 @@ int HeadlessRun::run()
         if (m_ended)
             loop.quit();
     });
+    const LoopWatch watch(m_clock, 0.0);
     m_source->start();
     if (!m_ended)
         loop.exec();
+    if (m_commandLine.diagnostics)
+        complain(watch.summary());
     return report();
 }
 

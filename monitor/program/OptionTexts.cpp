@@ -103,6 +103,10 @@ QVector<OptionText> optionTexts()
          Text::tr(
              "Write what can be read of a damaged recording to a copy beside it; the file itself "
              "stays as it is.")},
+        {"diagnostics",
+         "",
+         Text::tr("Print at the end how long the program was busy at a time, without the first "
+                  "seconds.")},
         {"help", "", Text::tr("Print this text.")},
         {"version", "", Text::tr("Print the version.")},
     };

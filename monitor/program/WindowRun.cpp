@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/WindowRun.h"
 
+#include "monitor/core/LoopWatch.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/CompressionWait.h"
 #include "monitor/program/PictureTaker.h"
@@ -216,9 +217,15 @@ int WindowRun::run()
         return m_exitCode;
     TerminationSignal termination;
     connect(&termination, &TerminationSignal::raised, m_window.get(), &QWidget::close);
+    const LoopWatch watch(m_clock);
+    connect(&watch, &LoopWatch::stalled, m_session.get(), [this](const QString &text) {
+        Q_EMIT m_session->noted(tr("WARNING %1").arg(text));
+    });
     m_window->show();
     m_session->start();
     QApplication::exec();
+    if (m_commandLine.diagnostics)
+        std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(watch.summary()));
     m_session->stopRecording();
     CompressionWait wait(m_session->compressor());
     connect(&termination, &TerminationSignal::raised, &wait, &QDialog::reject);

@@ -90,6 +90,7 @@ class Monitor:
         if self.process.returncode < 0:
             raise Fault(f"it crashed by signal {-self.process.returncode}; {self.said()}")
         self.plant.spoil(list(self.folder.rglob("*.csv")))
+        self.plant.reword(self.output)
         return self.process.returncode
 
     def _reap(self, deadline):

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Faults that are planted to see that a driver finds them: each stands for a monitor that is broken in one way."""
+import re
 import sys
 
 
@@ -14,6 +15,21 @@ class Plant:
 
     def spoil(self, recordings):
         pass
+
+    def reword(self, output):
+        pass
+
+
+class Reworded(Plant):
+    """Changes what the monitor has printed."""
+
+    def __init__(self, name, pattern, text):
+        self.name = name
+        self.pattern = pattern
+        self.text = text
+
+    def reword(self, output):
+        output.write_text(re.sub(self.pattern, self.text, output.read_text(errors="replace")))
 
 
 class Spoiled(Plant):
@@ -60,6 +76,7 @@ WRONG_DIGIT = Spoiled("a wrong digit", _with_wrong_digit)
 LOST_LINE = Spoiled("a lost line", lambda rows: rows[:5] + rows[6:])
 EXCHANGED_LINES = Spoiled("two lines exchanged", _exchanged)
 EMPTY = Spoiled("nothing was written", lambda rows: [])
+LONG_TURN = Reworded("a turn of 900 ms", r"processor for [\d.]+ ms", "processor for 900.0 ms")
 CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")
 HANG = Before("a hang", "signal.pause()", patience=2.0)
 MEMORY = Before("300 MB of memory", "b = bytearray(os.urandom(1)) * 300_000_000\nos.execv(sys.argv[1], sys.argv[1:])")

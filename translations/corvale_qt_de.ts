@@ -363,6 +363,10 @@
         <source>&quot;%1&quot; is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.</source>
         <translation>„%1“ ist keine Zeitspanne. Beispiele: 90 s, 2 h, 1.5 min, 250 ms, alles.</translation>
     </message>
+    <message>
+        <source>is not a number from 0 on</source>
+        <translation>ist keine Zahl ab 0</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

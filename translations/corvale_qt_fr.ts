@@ -363,6 +363,10 @@
         <source>&quot;%1&quot; is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.</source>
         <translation>« %1 » n&apos;est pas une durée. Exemples : 90 s, 2 h, 1.5 min, 250 ms, tout.</translation>
     </message>
+    <message>
+        <source>is not a number from 0 on</source>
+        <translation>n&apos;est pas un nombre à partir de 0</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -363,6 +363,10 @@
         <source>&quot;%1&quot; is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.</source>
         <translation>「%1」は時間幅ではありません。例: 90 s, 2 h, 1.5 min, 250 ms, すべて</translation>
     </message>
+    <message>
+        <source>is not a number from 0 on</source>
+        <translation>は 0 以上の数値ではありません</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

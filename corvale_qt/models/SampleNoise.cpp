@@ -4,8 +4,21 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Corvale_Qt {
+
+namespace {
+
+//! Returns |a - 2b + c| of a reading and the two before; 0 for three on a line, whose rounding errors are no noise.
+double differenceAt(const double *newest)
+{
+    constexpr double rounding = 8.0 * std::numeric_limits<double>::epsilon();
+    const double difference = std::abs(newest[0] - 2.0 * newest[-1] + newest[-2]);
+    return difference <= rounding * std::abs(newest[-1]) ? 0.0 : difference;
+}
+
+} // namespace
 
 double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
 {
@@ -20,15 +33,21 @@ double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
     double differences[most]{};
     int found = 0;
     double squares = 0.0;
+    double largest = 0.0;
     for (int i = 2; i < count; ++i) {
-        const double difference = std::abs(values[i] - 2.0 * values[i - 1] + values[i - 2]);
+        const double difference = differenceAt(values + i);
         if (!std::isfinite(difference))
             continue;
         differences[found++] = difference;
         squares += difference * difference;
+        largest = std::max(largest, difference);
     }
     if (found < fewest)
         return 0.0;
+    // Where a zero was subtracted, rounding errors are larger than the readings let expect. They are no noise.
+    constexpr double ofLargest = 1e-9;
+    for (double &difference : differences)
+        difference = difference < ofLargest * largest ? 0.0 : difference;
     double *const middle = differences + found / 2;
     std::nth_element(differences, middle, differences + found);
     // Most neighbours are equal where a converter's steps are larger than the noise.

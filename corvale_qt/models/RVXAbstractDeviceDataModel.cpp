@@ -9,7 +9,9 @@
 #include <QBrush>
 #include <QIcon>
 #include <QTimer>
+#include <QVector>
 
+#include <algorithm>
 #include <bitset>
 
 namespace Corvale_Qt {
@@ -25,6 +27,32 @@ public:
     bool isEnabled(int channel) const
     {
         return channel >= 1 && channel <= maxChannels && enabled.test(channel - 1);
+    }
+    //! Makes room for channels that were inserted; they are shown.
+    void insertChannels(int first, int last)
+    {
+        for (int channel = maxChannels; channel >= first; --channel) {
+            const int before = channel - (last - first + 1);
+            enabled.set(channel - 1, before < first || isEnabled(before));
+        }
+    }
+    void removeChannels(int first, int last)
+    {
+        for (int channel = first; channel <= maxChannels; ++channel) {
+            const int before = channel + last - first + 1;
+            enabled.set(channel - 1, before > maxChannels || isEnabled(before));
+        }
+    }
+    void moveChannels(int first, int last, int before)
+    {
+        QVector<bool> moved;
+        for (int channel = first; channel <= last; ++channel)
+            moved.append(isEnabled(channel));
+        removeChannels(first, last);
+        const int at = before > last ? before - moved.size() : before;
+        insertChannels(at, at + moved.size() - 1);
+        for (int i = 0; i < moved.size() && at + i <= maxChannels; ++i)
+            enabled.set(at + i - 1, moved[i]);
     }
     //! Returns the dashes of a channel's curve, counted from 1; nothing in the palette that has none.
     QVariant dashes(int channel) const
@@ -78,6 +106,20 @@ RVXAbstractDeviceDataModel::RVXAbstractDeviceDataModel(QObject *parent)
     d->editIcon = QIcon::fromTheme("edit-rename", QIcon(":/resources/icons/edit-rename.svg"));
     d->timer = new QTimer(this);
     connect(d->timer, &QTimer::timeout, this, &RVXAbstractDeviceDataModel::collectSample);
+    // A subclass may insert, remove and move channels. These connections are the first, so that views find the check boxes moved.
+    using Model = QAbstractItemModel;
+    connect(this, &Model::columnsInserted, this, [d](const QModelIndex &, int first, int last) {
+        d->insertChannels(std::max(first, 1), last);
+    });
+    connect(this, &Model::columnsRemoved, this, [d](const QModelIndex &, int first, int last) {
+        d->removeChannels(std::max(first, 1), last);
+    });
+    connect(this,
+            &Model::columnsMoved,
+            this,
+            [d](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
+                d->moveChannels(std::max(first, 1), last, std::max(before, 1));
+            });
 }
 
 RVXAbstractDeviceDataModel::~RVXAbstractDeviceDataModel() = default;

@@ -142,6 +142,14 @@ public:
         if (rows > 0)
             model.appendRows(rows, 1.0, level);
     }
+    //! Lets rows come in small batches, each painted.
+    void stream(int rows)
+    {
+        for (; rows > 0; rows -= 25) {
+            append(qMin(rows, 25));
+            settle();
+        }
+    }
     void check(int channel, bool on)
     {
         model.setData(model.index(0, channel),

@@ -3,9 +3,12 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
+#include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
+
+#include <QClipboard>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -472,6 +475,102 @@ private Q_SLOTS:
         QCOMPARE(QPointF(is.minimum, is.maximum), QPointF(is.blocksBegin, is.blocksEnd));
         model.Clear();
         QVERIFY(!view.markerStatistics().first.isSet);
+    }
+
+    // The numbers between the markers against sums over the cells, while rows stream in.
+    void theMarkersMeasureWhileRowsStreamIn()
+    {
+        MarkedView view(1, 0, 1000);
+        view.setInteractive(true);
+        view.setMarkerDetails(true);
+        const auto wave = [](int, double time) {
+            return 2.0 + std::sin(time / 7.0) + 0.01 * time;
+        };
+        view.model.appendRows(1000, 0.5, wave);
+        view.zoomToX(400, 500);
+        view.click(Qt::LeftButton, 420, 6);
+        view.click(Qt::RightButton, 480, 6);
+        for (int i = 0; i < 4; ++i) {
+            view.model.appendRows(150, 0.5, wave);
+            const ScopeMarkerStatistics now = view.markerStatistics();
+            QVERIFY(now.hasSpan());
+            double sum = 0;
+            double area = 0;
+            double low = qInf();
+            double high = -qInf();
+            double sxx = 0;
+            double sxy = 0;
+            const int n = now.second.row - now.first.row + 1;
+            const double meanX = 0.5 * (now.first.time + now.second.time);
+            for (int row = now.first.row; row <= now.second.row; ++row) {
+                const double x = view.model.doubleData(row, 0);
+                const double y = view.model.doubleData(row, 1);
+                sum += y;
+                low = qMin(low, y);
+                high = qMax(high, y);
+                sxx += (x - meanX) * (x - meanX);
+                sxy += (x - meanX) * y;
+                if (row > now.first.row)
+                    area += 0.25 * (y + view.model.doubleData(row - 1, 1));
+            }
+            QCOMPARE(now.count, n);
+            QCOMPARE(now.mean, sum / n);
+            QCOMPARE(now.minimum, low);
+            QCOMPARE(now.maximum, high);
+            QCOMPARE(now.integral, area);
+            QVERIFY(qAbs(now.slope - sxy / sxx) < 1e-9);
+            const QString label = view.markerText(1);
+            const QString line = QString("\n Integral: %1\n").arg(now.integral, 0, 'g', 12);
+            QVERIFY2(label.contains(line), qPrintable(label));
+        }
+        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+        const QString copied = QGuiApplication::clipboard()->text();
+        QCOMPARE(copied, view.markerReport());
+        const ScopeMarkerStatistics now = view.markerStatistics();
+        for (const QString &line : {QString("Period\t%1\ts").arg(now.period, 0, 'g', 12),
+                                    QString("Delta\t%1\tA").arg(now.difference, 0, 'g', 12),
+                                    QString("Integral\t%1\tA s").arg(now.integral, 0, 'g', 12),
+                                    QString("Slope\t%1\tA/s").arg(now.slope, 0, 'g', 12)})
+            QVERIFY2(copied.split('\n').contains(line), qPrintable(copied));
+    }
+
+    // What the markers keep of the samples between them is never older than these.
+    void theMarkersNoticeWhatChangesBetweenThem()
+    {
+        MarkedView view(1, 1000, 1000);
+        view.click(Qt::LeftButton, 850, 1);
+        view.click(Qt::RightButton, 950, 1);
+        QCOMPARE(view.markerStatistics().maximum, 1.0);
+        view.model.change(view.markerStatistics().first.row + 10, 1, 7.0);
+        QCOMPARE(view.markerStatistics().maximum, 7.0);
+        view.stream(20);
+        QCOMPARE(view.markerStatistics().maximum, 7.0);
+        const int row = view.markerStatistics().first.row;
+        view.model.remove(row + 10, row + 10);
+        QCOMPARE(view.markerStatistics().maximum, 1.0);
+        const Units::mA unit;
+        view.model.isInBaseUnit = true;
+        view.model.SetUnits(&unit);
+        QCOMPARE(view.markerStatistics().maximum, 1000.0);
+    }
+
+    // A frame does not look at the samples between markers again that it has looked at before.
+    void aFrameDoesNotSumBetweenTheMarkersAgain()
+    {
+        MarkedView view(1, 20000, 20000);
+        view.setMarkerDetails(true);
+        view.setGapIntervals(5);
+        view.setTimeSpan(qInf());
+        view.click(Qt::LeftButton, 1000, 1);
+        view.click(Qt::RightButton, 19000, 1);
+        view.zoomToX(18950, 19050);
+        const QString before = view.markerText(1);
+        QVERIFY(before.contains("Integral"));
+        view.model.cellsRead = 0;
+        view.append(1);
+        view.settle();
+        QVERIFY2(view.model.cellsRead < 2000, qPrintable(QString::number(view.model.cellsRead)));
+        QCOMPARE(view.markerText(1), before);
     }
 };
 

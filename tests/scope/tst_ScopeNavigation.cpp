@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/scope/ScopeMarkerStatistics.h"
-#include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QClipboard>
 #include <QGestureEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -31,14 +28,6 @@ public:
     }
 
     QWidget *canvas() { return qwtPlot()->canvas(); }
-    //! Lets rows come in small batches, each painted.
-    void stream(int rows)
-    {
-        for (; rows > 0; rows -= 25) {
-            append(qMin(rows, 25));
-            settle();
-        }
-    }
     void wheel(double xValue, double yValue, int angle, Qt::KeyboardModifiers modifiers = {})
     {
         const QPointF place = at(xValue, yValue);
@@ -584,130 +573,6 @@ private Q_SLOTS:
         QVERIFY(read().endsWith(", sum: 3 A"));
         view.setCursorEnabled(false);
         QCOMPARE(read(), QString());
-    }
-
-    // The numbers between the markers against sums over the cells, while rows stream in.
-    void theMarkersMeasureWhileRowsStreamIn()
-    {
-        WalkedView view(1, 0, 1000);
-        view.useMarkers();
-        view.setMarkerDetails(true);
-        const auto wave = [](int, double time) {
-            return 2.0 + std::sin(time / 7.0) + 0.01 * time;
-        };
-        view.model.appendRows(1000, 0.5, wave);
-        view.zoomToX(400, 500);
-        view.click(Qt::LeftButton, 420, 6);
-        view.click(Qt::RightButton, 480, 6);
-        for (int i = 0; i < 4; ++i) {
-            view.model.appendRows(150, 0.5, wave);
-            const ScopeMarkerStatistics now = view.markerStatistics();
-            QVERIFY(now.hasSpan());
-            double sum = 0;
-            double area = 0;
-            double low = qInf();
-            double high = -qInf();
-            double sxx = 0;
-            double sxy = 0;
-            const int n = now.second.row - now.first.row + 1;
-            const double meanX = 0.5 * (now.first.time + now.second.time);
-            for (int row = now.first.row; row <= now.second.row; ++row) {
-                const double x = view.model.doubleData(row, 0);
-                const double y = view.model.doubleData(row, 1);
-                sum += y;
-                low = qMin(low, y);
-                high = qMax(high, y);
-                sxx += (x - meanX) * (x - meanX);
-                sxy += (x - meanX) * y;
-                if (row > now.first.row)
-                    area += 0.25 * (y + view.model.doubleData(row - 1, 1));
-            }
-            QCOMPARE(now.count, n);
-            QCOMPARE(now.mean, sum / n);
-            QCOMPARE(now.minimum, low);
-            QCOMPARE(now.maximum, high);
-            QCOMPARE(now.integral, area);
-            QVERIFY(qAbs(now.slope - sxy / sxx) < 1e-9);
-            const QString label = view.markerText(1);
-            const QString line = QString("\n Integral: %1\n").arg(now.integral, 0, 'g', 12);
-            QVERIFY2(label.contains(line), qPrintable(label));
-        }
-        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
-        const QString copied = QGuiApplication::clipboard()->text();
-        QCOMPARE(copied, view.markerReport());
-        const ScopeMarkerStatistics now = view.markerStatistics();
-        for (const QString &line : {QString("Period\t%1\ts").arg(now.period, 0, 'g', 12),
-                                    QString("Delta\t%1\tA").arg(now.difference, 0, 'g', 12),
-                                    QString("Integral\t%1\tA s").arg(now.integral, 0, 'g', 12),
-                                    QString("Slope\t%1\tA/s").arg(now.slope, 0, 'g', 12)})
-            QVERIFY2(copied.split('\n').contains(line), qPrintable(copied));
-    }
-
-    // What the markers keep of the samples between them is never older than these.
-    void theMarkersNoticeWhatChangesBetweenThem()
-    {
-        WalkedView view;
-        view.useMarkers();
-        view.click(Qt::LeftButton, 850, 1);
-        view.click(Qt::RightButton, 950, 1);
-        QCOMPARE(view.markerStatistics().maximum, 1.0);
-        view.model.change(view.markerStatistics().first.row + 10, 1, 7.0);
-        QCOMPARE(view.markerStatistics().maximum, 7.0);
-        view.stream(20);
-        QCOMPARE(view.markerStatistics().maximum, 7.0);
-        const int row = view.markerStatistics().first.row;
-        view.model.remove(row + 10, row + 10);
-        QCOMPARE(view.markerStatistics().maximum, 1.0);
-        const Units::mA unit;
-        view.model.isInBaseUnit = true;
-        view.model.SetUnits(&unit);
-        QCOMPARE(view.markerStatistics().maximum, 1000.0);
-    }
-
-    // A frame does not look at the samples between markers again that it has looked at before.
-    void aFrameDoesNotSumBetweenTheMarkersAgain()
-    {
-        WalkedView view(1, 20000, 20000);
-        view.useMarkers();
-        view.setMarkerDetails(true);
-        view.setGapIntervals(5);
-        view.setTimeSpan(qInf());
-        view.click(Qt::LeftButton, 1000, 1);
-        view.click(Qt::RightButton, 19000, 1);
-        view.zoomToX(18950, 19050);
-        const QString before = view.markerText(1);
-        QVERIFY(before.contains("Integral"));
-        view.model.cellsRead = 0;
-        view.append(1);
-        view.settle();
-        QVERIFY2(view.model.cellsRead < 2000, qPrintable(QString::number(view.model.cellsRead)));
-        QCOMPARE(view.markerText(1), before);
-    }
-
-    void theTimeAxisFollowsTheClock()
-    {
-        WalkedView view;
-        view.setTimeOrigin(QDateTime(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC));
-        view.setTimeAxis(View::Utc);
-        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time (UTC)"));
-        const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
-        const QList<double> ticks = draw->scaleDiv().ticks(QwtScaleDiv::MajorTick);
-        QVERIFY(ticks.size() > 2);
-        QCOMPARE(draw->label(780.0).text().section('\n', 0, 0), QString("09:13"));
-        QCOMPARE(view.x().maxValue(), 999.0);
-        view.useMarkers();
-        view.click(Qt::LeftButton, 899.6, 1);
-        QCOMPARE(view.markerText(0).section('\n', 0, 0), QString("2026-11-22 09:15:00.0"));
-        view.setTimeAxis(View::RelativeToNow);
-        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time from the newest reading (min:s)"));
-        QCOMPARE(draw->label(879.0).text(), QString("-2:00"));
-        view.stream(60);
-        QCOMPARE(draw->label(879.0).text(), QString("-3:00"));
-        view.setTimeAxis(View::Seconds);
-        QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
-        QCOMPARE(draw->label(900.0).text(), QString("900"));
-        view.setTimeAxis(View::TimeAxis(7));
-        QCOMPARE(view.timeAxis(), View::Seconds);
     }
 };
 

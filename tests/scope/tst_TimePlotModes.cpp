@@ -482,6 +482,32 @@ private Q_SLOTS:
         QCOMPARE(second.second.time - second.first.time, second.period);
         QVERIFY2(view.markerText(0).startsWith("s: -2.000e+01\n"), qPrintable(view.markerText(0)));
     }
+
+    void theTimeAxisFollowsTheClock()
+    {
+        ModelView view(1, 1000, 1000);
+        view.setTimeOrigin(QDateTime(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC));
+        view.setTimeAxis(View::Utc);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time (UTC)"));
+        const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
+        const QList<double> ticks = draw->scaleDiv().ticks(QwtScaleDiv::MajorTick);
+        QVERIFY(ticks.size() > 2);
+        QCOMPARE(draw->label(780.0).text().section('\n', 0, 0), QString("09:13"));
+        QCOMPARE(view.x().maxValue(), 999.0);
+        view.useMarkers();
+        view.click(Qt::LeftButton, 899.6, 1);
+        QCOMPARE(view.markerText(0).section('\n', 0, 0), QString("2026-11-22 09:15:00.0"));
+        view.setTimeAxis(View::RelativeToNow);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time from the newest reading (min:s)"));
+        QCOMPARE(draw->label(879.0).text(), QString("-2:00"));
+        view.stream(60);
+        QCOMPARE(draw->label(879.0).text(), QString("-3:00"));
+        view.setTimeAxis(View::Seconds);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
+        QCOMPARE(draw->label(900.0).text(), QString("900"));
+        view.setTimeAxis(View::TimeAxis(7));
+        QCOMPARE(view.timeAxis(), View::Seconds);
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_TimePlotModes)

@@ -2,6 +2,7 @@
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/recording/SegmentCompressor.h"
+#include "tests/monitor/support/FileSizeLimit.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
@@ -11,11 +12,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <random>
-#include <sys/resource.h>
 
 using namespace Monitor;
 
@@ -72,27 +71,6 @@ private:
     std::unique_ptr<Recorder> m_recorder;
 };
 
-//! Limits the size of files, which stands for a disk that is full in the middle of a line.
-class FileSizeLimit
-{
-public:
-    FileSizeLimit()
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-    }
-    ~FileSizeLimit() { lift(); }
-    void set(rlim_t size)
-    {
-        const rlimit small{size, m_before.rlim_max};
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-    }
-    void lift() { QCOMPARE(setrlimit(RLIMIT_FSIZE, &m_before), 0); }
-
-private:
-    rlimit m_before{};
-};
-
 static ReadingBlock block(double firstTime, int count)
 {
     ReadingBlock readings(2);
@@ -123,6 +101,39 @@ public:
     }
     std::vector<double> numbers;
 };
+
+//! Records readings of any numbers and reads them back into \a read. Returns what went wrong; empty if nothing did.
+static QString
+whatDiffersReadBack(const QString &path, const StreamHeader &header, int readings, NumberSink &read)
+{
+    NumberSink written;
+    written.streamStarted(header);
+    std::mt19937_64 dice(3);
+    ReadingBlock sent(header.valuesPerReading());
+    std::vector<double> values(std::size_t(header.valuesPerReading()));
+    for (int i = 0; i < readings; ++i) {
+        for (double &value : values)
+            value = anyNumber(dice);
+        sent.append(i / 3.0, values.data());
+        written.reading(i / 3.0, values.data());
+    }
+    Recording recording(path);
+    const bool isStarted = recording.recorder().start();
+    recording.recorder().startStream(header);
+    recording.recorder().addReadings(sent);
+    if (!isStarted || !recording.recorder().finish())
+        return "not recorded: " + recording.recorder().errorString();
+    CsvReader reader(read);
+    if (!reader.open(path))
+        return "not read: " + reader.errorString();
+    while (reader.read(10000)) { }
+    if (reader.counts().bad() > 0)
+        return "lines were refused";
+    const std::size_t size = written.numbers.size();
+    const bool isSame = read.numbers.size() == size
+        && std::memcmp(read.numbers.data(), written.numbers.data(), size * sizeof(double)) == 0;
+    return isSame ? QString() : QString("other numbers were read");
+}
 
 class tst_Recorder : public QObject
 {
@@ -219,25 +230,8 @@ private Q_SLOTS:
 
     void readsBackBitForBit()
     {
-        NumberSink written, read;
-        written.streamStarted(twoChannels());
-        std::mt19937_64 dice(3);
-        ReadingBlock sent(2);
-        for (int i = 0; i < 5000; ++i) {
-            const double values[] = {anyNumber(dice), anyNumber(dice)};
-            sent.append(i / 3.0, values);
-            written.reading(i / 3.0, values);
-        }
-        Recording r(path("a.csv"));
-        QVERIFY(r.begin());
-        r.recorder().addReadings(sent);
-        QVERIFY(r.recorder().finish());
-        CsvReader reader(read);
-        QVERIFY(reader.open(r.options.path));
-        while (reader.read(10000)) { }
-        QCOMPARE(read.numbers.size(), std::size_t(15000));
-        QCOMPARE(std::memcmp(read.numbers.data(), written.numbers.data(), 15000 * sizeof(double)),
-                 0);
+        NumberSink read;
+        QCOMPARE(whatDiffersReadBack(path("a.csv"), twoChannels(), 5000, read), QString());
         QCOMPARE(read.text(), QString("start channels left:nA right"));
     }
 
@@ -261,33 +255,10 @@ private Q_SLOTS:
         StreamHeader header;
         header.setFrames(Corvale_Qt::detectorFromJson("{\"detector\":1," + detector.toUtf8() + "}"),
                          "nC");
-        std::mt19937_64 dice(3);
-        ReadingBlock sent(header.valuesPerReading());
-        NumberSink written, read;
-        written.streamStarted(header);
-        for (int i = 0; i < 20; ++i) {
-            std::vector<double> values;
-            for (int j = 0; j < header.valuesPerReading(); ++j)
-                values.push_back(anyNumber(dice));
-            sent.append(i / 3.0, values.data());
-            written.reading(i / 3.0, values.data());
-        }
-        Recording r(path("a.csv"));
-        QVERIFY(r.recorder().start());
-        r.recorder().startStream(header);
-        r.recorder().addReadings(sent);
-        QVERIFY(r.recorder().finish());
-        CsvReader reader(read);
-        QVERIFY(reader.open(path("a.csv")));
-        while (reader.read(10000)) { }
-        QCOMPARE(reader.counts().bad(), qint64(0));
+        NumberSink read;
+        QCOMPARE(whatDiffersReadBack(path("a.csv"), header, 20, read), QString());
         QVERIFY(read.header().detector == header.detector);
         QCOMPARE(read.header().frameUnit, QString("nC"));
-        QCOMPARE(read.numbers.size(), written.numbers.size());
-        QCOMPARE(std::memcmp(read.numbers.data(),
-                             written.numbers.data(),
-                             written.numbers.size() * sizeof(double)),
-                 0);
     }
 
     //! The disk is full in the middle of any row, and then the file is removed.

@@ -54,6 +54,18 @@ public:
         for (int i = 0; i < moved.size() && at + i <= maxChannels; ++i)
             enabled.set(at + i - 1, moved[i]);
     }
+    QBrush background(const QModelIndex &index, bool overrange) const
+    {
+        if (index.row() == 0)
+            return QBrush(RVXPlotColors::color(index.column() - 1, palette));
+        return QBrush(overrange ? Qt::red : Qt::black);
+    }
+    static QBrush foreground(const QModelIndex &index, bool overrange)
+    {
+        if (index.row() == 0)
+            return QBrush(Qt::black);
+        return QBrush(overrange ? Qt::white : Qt::green);
+    }
     //! Returns the dashes of a channel's curve, counted from 1; nothing in the palette that has none.
     QVariant dashes(int channel) const
     {
@@ -165,13 +177,9 @@ QVariant RVXAbstractDeviceDataModel::data(const QModelIndex &index, int role) co
     case Qt::TextAlignmentRole:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::BackgroundRole:
-        if (isHeader(index))
-            return QBrush(RVXPlotColors::color(index.column() - 1, d->palette));
-        return QBrush(overrange() ? Qt::red : Qt::black);
+        return d->background(index, overrange());
     case Qt::ForegroundRole:
-        if (isHeader(index))
-            return QBrush(Qt::black);
-        return QBrush(overrange() ? Qt::white : Qt::green);
+        return RVXAbstractDeviceDataModelPrivate::foreground(index, overrange());
     case Qt::CheckStateRole:
         if (isHeader(index))
             return d->isEnabled(index.column()) ? Qt::Checked : Qt::Unchecked;

@@ -5,8 +5,8 @@
 
 namespace Monitor {
 
-/*! Returns a number for people with up to \a digits significant digits; an integer has all of its own, so that counts are
-    exact. NaN is "-". */
+/*! Returns a number for people with up to \a digits significant digits; what stands before the point is whole, so that
+    counts are exact. NaN is "-". */
 QString numberText(double value, int digits);
 
 } // namespace Monitor

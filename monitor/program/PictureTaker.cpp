@@ -6,6 +6,7 @@
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/PictureExport.h"
+#include <corvale_qt/scope/DisplayPicture.h>
 
 #include <algorithm>
 
@@ -72,7 +73,7 @@ void PictureTaker::check()
 void PictureTaker::take()
 {
     QString error;
-    const bool saved = PictureExport::save(&m_window, m_file, &error);
+    const bool saved = PictureExport::save(Corvale_Qt::DisplayPicture(&m_window), m_file, &error);
     finish(saved ? ExitGood : ExitOutputFailed, error);
 }
 

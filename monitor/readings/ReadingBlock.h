@@ -42,6 +42,14 @@ public:
         m_times.insert(m_times.end(), other.m_times.begin(), other.m_times.end());
         m_values.insert(m_values.end(), other.m_values.begin(), other.m_values.end());
     }
+    //! Returns the rows with only the first \a channels values of each; there must be so many.
+    ReadingBlock first(int channels) const
+    {
+        ReadingBlock rows(channels);
+        for (int row = 0; row < size(); ++row)
+            rows.append(time(row), values(row));
+        return rows;
+    }
     //! Removes the oldest rows.
     void removeFirst(int rows)
     {

@@ -15,6 +15,8 @@ class RunTimeline
 public:
     //! Begins a run: its times are shown as they are.
     void begin(const StreamHeader &header);
+    //! Replaces the header of the run, whose times go on.
+    void setHeader(const StreamHeader &header) { m_header = header; }
     //! Returns whether a stream with this header can go on in the run: it has the same channels and limits.
     bool goesOnWith(const StreamHeader &header) const;
     //! Begins another part of the run with the next readings.

@@ -72,6 +72,7 @@ void Session::replaceSource(std::unique_ptr<Source> source)
 //! Forgets all that came from the source so far; limits and detector of the operator stay.
 void Session::forgetStream()
 {
+    m_told = StreamHeader();
     m_headerWaits = false;
     m_toShow.clear(0);
     m_frame.clear();
@@ -99,10 +100,46 @@ void Session::setRange(double low, double high)
 
 void Session::setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels)
 {
+    m_computedChannels = channels;
     m_computed = std::make_unique<ComputedStream>(channels);
+    const bool canCompute = m_told.kind == StreamKind::Channels && !m_told.hasFrames();
+    if (!m_told.channels.isEmpty() && canCompute)
+        showAnew();
+}
+
+//! Goes on with the present stream under another header, and shows again what is shown.
+void Session::showAnew()
+{
+    setPaused(false);
+    showWaiting();
+    const ReadingBlock measured = m_model.shownReadings().first(m_statistics.header().measured());
+    const StreamHeader header = completed(m_told);
+    countAnew(header);
+    m_timeline.setHeader(header);
+    m_toShow.clear(header.channels.size());
+    showHeader();
+    m_model.putBefore(m_computed->extended(measured)); // all of them, whatever the sampling period
 }
 
 void Session::takeHeader(const StreamHeader &told)
+{
+    m_told = told;
+    const StreamHeader header = completed(told);
+    countAnew(header);
+    if (!m_headerWaits)
+        showWaiting();
+    m_frame.clear();
+    m_leftOutTold = false;
+    if (takeNewPart(header))
+        return;
+    m_toShow.clear(header.channels.size());
+    m_headerWaits = true;
+    if (m_shownHeaders.admits(m_clock.seconds()))
+        showHeader();
+}
+
+//! Returns the header of a stream with the range, the detector, the computed channels and the limits of the operator.
+StreamHeader Session::completed(const StreamHeader &told)
 {
     StreamHeader header = told;
     if (m_rangeLow < m_rangeHigh) {
@@ -122,22 +159,18 @@ void Session::takeHeader(const StreamHeader &told)
         takeEvent(QStringLiteral("ERROR %1").arg(fault));
     m_streamLimits = header.limits;
     applyLimits(&header);
+    return header;
+}
+
+//! Begins statistics, alarms and recording of a stream.
+void Session::countAnew(const StreamHeader &header)
+{
     m_gapsBefore += m_statistics.gaps();
     m_statistics.startStream(header);
     m_alarms.startStream(header);
     m_activity.reset();
     if (m_recorder)
         m_recorder->startStream(header);
-    if (!m_headerWaits)
-        showWaiting();
-    m_frame.clear();
-    m_leftOutTold = false;
-    if (takeNewPart(header))
-        return;
-    m_toShow.clear(header.channels.size());
-    m_headerWaits = true;
-    if (m_shownHeaders.admits(m_clock.seconds()))
-        showHeader();
 }
 
 //! Gives the channels the limits that were chosen for their names.

@@ -43,8 +43,14 @@ public:
     void setRange(double low, double high);
     //! Sets a detector that replaces that of every stream; an empty one replaces none.
     void setDetector(const Corvale_Qt::DetectorLayout &detector) { m_detector = detector; }
-    //! Sets the channels that are computed, from the next stream on.
+    /*! Sets the channels that are computed. A stream that has begun goes on with them: what is shown is computed anew, a recording
+        goes on under a new header, and counts and statistics begin again. Only streams of independent channels have computed ones. */
     void setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels);
+    //! Returns the channels that setComputedChannels() was given.
+    const QVector<Corvale_Qt::ComputedChannel> &computedChannels() const
+    {
+        return m_computedChannels;
+    }
     /*! Sets limits by the names of channels, which go before those of a stream; empty ones remove a limit of the stream. They
         hold at once and for the streams that follow. */
     void setLimits(const NamedLimits &limits);
@@ -122,6 +128,9 @@ private:
     void listenToSource();
     void forgetStream();
     void takeHeader(const StreamHeader &header);
+    StreamHeader completed(const StreamHeader &told);
+    void countAnew(const StreamHeader &header);
+    void showAnew();
     void takeJump();
     bool takeNewPart(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
@@ -164,6 +173,8 @@ private:
     FloodGate m_shownEvents;
     FloodGate m_recordedEvents;
     Corvale_Qt::DetectorLayout m_detector;
+    StreamHeader m_told; //!< of the present stream, as the source gave it
+    QVector<Corvale_Qt::ComputedChannel> m_computedChannels;
     std::unique_ptr<ComputedStream> m_computed = std::make_unique<ComputedStream>();
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;

@@ -3,7 +3,7 @@
 
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/LatestValuePanel.h"
-#include "monitor/window/PictureExport.h"
+#include "monitor/window/PictureActions.h"
 #include "monitor/window/Symbols.h"
 #include <corvale_qt/scope/RVXScope.h>
 
@@ -13,6 +13,7 @@ namespace Monitor {
 
 EditMenu::EditMenu(DisplayTabs &displays,
                    LatestValuePanel &values,
+                   const PictureActions &pictures,
                    QAction *undoClear,
                    QWidget *window)
     : QMenu(tr("&Edit"), window)
@@ -23,13 +24,7 @@ EditMenu::EditMenu(DisplayTabs &displays,
                               &LatestValuePanel::copyValues);
     copy->setObjectName(QStringLiteral("copyValues"));
     copy->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_V));
-    QAction *picture =
-        addAction(symbol(QStringLiteral("picture")), tr("Copy &picture"), this, [&displays] {
-            PictureExport::copy(displays.displayInUse());
-        });
-    picture->setObjectName(QStringLiteral("copyPicture"));
-    picture->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C));
-    picture->setShortcutContext(Qt::ApplicationShortcut);
+    addAction(pictures.copyAction());
     addSeparator();
     // The panel's button asks first, as it does when it is clicked.
     QAction *clear =

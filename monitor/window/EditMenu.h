@@ -7,6 +7,7 @@ namespace Monitor {
 
 class DisplayTabs;
 class LatestValuePanel;
+class PictureActions;
 
 //! The menu "Edit": what is copied, cleared and brought back.
 class EditMenu : public QMenu
@@ -15,7 +16,11 @@ class EditMenu : public QMenu
 
 public:
     //! \a undoClear is an action that brings cleared readings back.
-    EditMenu(DisplayTabs &displays, LatestValuePanel &values, QAction *undoClear, QWidget *window);
+    EditMenu(DisplayTabs &displays,
+             LatestValuePanel &values,
+             const PictureActions &pictures,
+             QAction *undoClear,
+             QWidget *window);
 };
 
 } // namespace Monitor

@@ -36,6 +36,7 @@ FileMenu::FileMenu(Session &session,
                    SourceSwitch &sources,
                    DisplayTabs &displays,
                    WindowSettings &settings,
+                   const PictureActions &pictures,
                    QWidget *window)
     : QMenu(tr("&File"), window)
     , m_session(session)
@@ -67,8 +68,7 @@ FileMenu::FileMenu(Session &session,
     addAction(record);
     new ExportActions(session, displays, this, window);
     addSeparator();
-    auto *pictures = new PictureActions(displays, window);
-    addActions({pictures->saveAction(), pictures->printAction()});
+    addActions({pictures.saveAction(), pictures.printAction()});
     addSeparator();
     QAction *edit = addAction(symbol(QStringLiteral("settings")),
                               tr("&Settings..."),

@@ -6,6 +6,7 @@
 namespace Monitor {
 
 class DisplayTabs;
+class PictureActions;
 class Session;
 class SourceSwitch;
 class WindowSettings;
@@ -20,6 +21,7 @@ public:
              SourceSwitch &sources,
              DisplayTabs &displays,
              WindowSettings &settings,
+             const PictureActions &pictures,
              QWidget *window);
 
 private:

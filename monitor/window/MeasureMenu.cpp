@@ -3,6 +3,7 @@
 
 #include "monitor/session/Session.h"
 #include "monitor/window/Baseline.h"
+#include "monitor/window/ComputedAction.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/LimitActions.h"
 #include "monitor/window/Symbols.h"
@@ -29,6 +30,7 @@ MeasureMenu::MeasureMenu(Session &session,
     addAverages();
     addMarkers();
     addAction(new TriggerAction(session, displays, window));
+    addAction(new ComputedAction(session, settings, window));
     addSeparator();
     new LimitActions(session, displays, settings, addMenu(tr("&Limits")), window);
     connect(displays.baseline(), &Baseline::changed, this, &MeasureMenu::refresh);

@@ -13,6 +13,7 @@
 #include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/MeasureMenu.h"
 #include "monitor/window/MonitorStatusBar.h"
+#include "monitor/window/PictureActions.h"
 #include "monitor/window/PlotRoom.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceNotice.h"
@@ -85,8 +86,11 @@ void MonitorWindow::addCentre()
 //! Adds the menus, one class for each. The panels must exist.
 void MonitorWindow::addMenus()
 {
-    menuBar()->addMenu(new FileMenu(m_session, *m_sources, *m_displays, m_settings, this));
-    menuBar()->addMenu(new EditMenu(*m_displays, *m_values, m_undoClear->action(), this));
+    const auto *pictures = new PictureActions(m_session, *m_displays, m_settings, this);
+    menuBar()->addMenu(
+        new FileMenu(m_session, *m_sources, *m_displays, m_settings, *pictures, this));
+    menuBar()->addMenu(
+        new EditMenu(*m_displays, *m_values, *pictures, m_undoClear->action(), this));
     auto *view = new ViewMenu(m_session, *m_displays, *m_values, m_settings, this);
     view->addPanel(findChild<QDockWidget *>(QStringLiteral("values")), tr("Latest &values"));
     view->addPanel(findChild<QDockWidget *>(QStringLiteral("statistics")), tr("Statist&ics"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/PictureActions.h"
 
-#include "monitor/window/DisplayTabs.h"
+#include "monitor/window/PictureDialog.h"
 #include "monitor/window/PictureExport.h"
 #include "monitor/window/Symbols.h"
 
@@ -14,16 +14,26 @@
 
 namespace Monitor {
 
-PictureActions::PictureActions(DisplayTabs &displays, QWidget *window)
+using Corvale_Qt::DisplayPicture;
+
+PictureActions::PictureActions(Session &session,
+                               DisplayTabs &displays,
+                               WindowSettings &settings,
+                               QWidget *window)
     : QObject(window)
-    , m_displays(displays)
+    , m_maker(session, displays, settings)
     , m_window(window)
     , m_folder(QDir::homePath())
     , m_save(newAction("picture", tr("Save &picture..."), QKeySequence(Qt::CTRL + Qt::Key_P)))
     , m_print(newAction("print", tr("Pr&int..."), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P)))
+    , m_copy(newAction("copyPicture",
+                       tr("Copy &picture"),
+                       QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C)))
 {
-    connect(m_save, &QAction::triggered, this, &PictureActions::save);
+    m_copy->setIcon(symbol(QStringLiteral("picture")));
+    connect(m_save, &QAction::triggered, this, &PictureActions::ask);
     connect(m_print, &QAction::triggered, this, &PictureActions::print);
+    connect(m_copy, &QAction::triggered, this, &PictureActions::copy);
 }
 
 QAction *PictureActions::newAction(const char *name, const QString &text, const QKeySequence &keys)
@@ -35,12 +45,27 @@ QAction *PictureActions::newAction(const char *name, const QString &text, const 
     return action;
 }
 
-void PictureActions::save()
+void PictureActions::ask()
 {
-    QWidget *display =
-        m_displays.displayInUse(); // the dialog will be the active window in a moment
+    // The dialog will be the active window in a moment.
+    const QString display = m_maker.displayName();
+    DisplayPicture picture(m_maker.widgetInUse());
+    PictureDialog dialog(m_maker.options(), m_maker.title(), m_window);
+    const int wanted = dialog.exec();
+    if (wanted == PictureDialog::Cancel)
+        return;
+    m_maker.setOptions(dialog.options());
+    m_maker.prepare(picture, dialog.title());
+    if (wanted == PictureDialog::Copy)
+        PictureExport::copy(picture);
+    else
+        save(picture, display);
+}
+
+void PictureActions::save(const DisplayPicture &picture, const QString &display)
+{
     const QString suggested =
-        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(display->objectName()));
+        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(display));
     const QString path = QFileDialog::getSaveFileName(m_window,
                                                       tr("Save picture"),
                                                       suggested,
@@ -49,17 +74,25 @@ void PictureActions::save()
         return;
     m_folder = QFileInfo(path).absolutePath();
     QString error;
-    if (!PictureExport::save(display, path, &error))
+    if (!PictureExport::save(picture, path, &error))
         QMessageBox::warning(m_window, tr("Save picture"), error);
+}
+
+void PictureActions::copy()
+{
+    DisplayPicture picture(m_maker.widgetInUse());
+    m_maker.prepare(picture, m_maker.title());
+    PictureExport::copy(picture);
 }
 
 void PictureActions::print()
 {
-    QWidget *display = m_displays.displayInUse();
+    DisplayPicture picture(m_maker.widgetInUse());
+    m_maker.prepare(picture, m_maker.title());
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, m_window);
-    if (dialog.exec() == QDialog::Accepted && !PictureExport::print(display, &printer))
+    if (dialog.exec() == QDialog::Accepted && !PictureExport::print(picture, &printer))
         QMessageBox::warning(
             m_window,
             tr("Print"),

@@ -2,6 +2,7 @@
 #include "monitor/window/PictureExport.h"
 
 #include "monitor/core/Text.h"
+#include <corvale_qt/scope/DisplayPicture.h>
 
 #include <QClipboard>
 #include <QFileInfo>
@@ -11,44 +12,57 @@
 #include <QPixmap>
 #include <QSaveFile>
 #include <QSvgGenerator>
-#include <QWidget>
 
 #include <algorithm>
 
 namespace Monitor {
 
+using Corvale_Qt::DisplayPicture;
+
 namespace {
 
-bool drawPng(QWidget *widget, QIODevice *device)
+//! Returns the picture with the pixels of the screen.
+QPixmap pixmapOf(const DisplayPicture &picture)
 {
-    return widget->grab().save(device, "PNG");
+    const qreal ratio = qGuiApp->devicePixelRatio();
+    QPixmap pixmap(picture.size() * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::white);
+    QPainter painter(&pixmap);
+    picture.paint(&painter);
+    return pixmap;
 }
 
-bool drawSvg(QWidget *widget, QIODevice *device)
+bool drawPng(const DisplayPicture &picture, QIODevice *device)
+{
+    return pixmapOf(picture).save(device, "PNG");
+}
+
+bool drawSvg(const DisplayPicture &picture, QIODevice *device)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(device);
-    generator.setSize(widget->size());
-    generator.setViewBox(widget->rect());
+    generator.setSize(picture.size());
+    generator.setViewBox(QRect(QPoint(), picture.size()));
     QPainter painter;
     if (!painter.begin(&generator))
         return false;
-    widget->render(&painter);
+    picture.paint(&painter);
     return painter.end();
 }
 
-bool drawPdf(QWidget *widget, QIODevice *device)
+bool drawPdf(const DisplayPicture &picture, QIODevice *device)
 {
-    constexpr int screenResolution = 96; // makes one unit of the page one pixel of the widget
+    constexpr int screenResolution = 96; // makes one unit of the page one pixel of the screen
     constexpr double pointsPerPixel = 72.0 / screenResolution;
     QPdfWriter writer(device);
     writer.setResolution(screenResolution);
-    writer.setPageSize(QPageSize(QSizeF(widget->size()) * pointsPerPixel, QPageSize::Point));
+    writer.setPageSize(QPageSize(QSizeF(picture.size()) * pointsPerPixel, QPageSize::Point));
     writer.setPageMargins(QMarginsF());
     QPainter painter;
     if (!painter.begin(&writer))
         return false;
-    widget->render(&painter);
+    picture.paint(&painter);
     return painter.end();
 }
 
@@ -59,7 +73,7 @@ QString PictureExport::fileFilter()
     return Text::tr("PNG (*.png);;SVG (*.svg);;PDF (*.pdf)");
 }
 
-bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
+bool PictureExport::save(const DisplayPicture &picture, const QString &path, QString *error)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     QSaveFile file(path);
@@ -70,11 +84,11 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     }
     bool drawn = false;
     if (suffix == QLatin1String("png"))
-        drawn = drawPng(widget, &file);
+        drawn = drawPng(picture, &file);
     else if (suffix == QLatin1String("svg"))
-        drawn = drawSvg(widget, &file);
+        drawn = drawSvg(picture, &file);
     else if (suffix == QLatin1String("pdf"))
-        drawn = drawPdf(widget, &file);
+        drawn = drawPdf(picture, &file);
     else
         *error = Text::tr("%1: the name of a picture must end in .png, .svg or "
                           ".pdf")
@@ -87,21 +101,21 @@ bool PictureExport::save(QWidget *widget, const QString &path, QString *error)
     return false;
 }
 
-bool PictureExport::print(QWidget *widget, QPagedPaintDevice *page)
+bool PictureExport::print(const DisplayPicture &picture, QPagedPaintDevice *page)
 {
     QPainter painter;
     if (!painter.begin(page))
         return false;
-    const double scale = std::min(double(page->width()) / widget->width(),
-                                  double(page->height()) / widget->height());
+    const double scale = std::min(double(page->width()) / picture.size().width(),
+                                  double(page->height()) / picture.size().height());
     painter.scale(scale, scale);
-    widget->render(&painter);
+    picture.paint(&painter);
     return painter.end();
 }
 
-void PictureExport::copy(QWidget *widget)
+void PictureExport::copy(const DisplayPicture &picture)
 {
-    QGuiApplication::clipboard()->setPixmap(widget->grab());
+    QGuiApplication::clipboard()->setPixmap(pixmapOf(picture));
 }
 
 } // namespace Monitor

@@ -5,7 +5,6 @@
 #include "monitor/window/LimitsDialog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/NoticeLine.h"
-#include "monitor/window/PictureExport.h"
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/TriggerDialog.h"
 #include "monitor/window/ValueAxisDialog.h"
@@ -552,25 +551,6 @@ private Q_SLOTS:
         QCOMPARE(state(again), QString("3 auto seconds relative local utc*"));
         again.window.findChild<QAction *>("relative")->trigger();
         QCOMPARE(state(again), QString("1 auto seconds relative* local utc"));
-    }
-
-    void picturesOfTheView()
-    {
-        WindowInTest w(settings("picture.xui"));
-        w.source->begin(StreamKind::Channels, 2);
-        w.run(20);
-        QWidget *display = w.window.displays().displayInUse();
-        QString error;
-        for (const auto &[name, beginning] :
-             {std::pair("v.png", "\x89PNG"), {"v.svg", "<?xml"}, {"v.pdf", "%PDF"}}) {
-            QVERIFY2(PictureExport::save(display, settings(name), &error), qPrintable(error));
-            QVERIFY(fileContents(settings(name)).startsWith(beginning));
-        }
-        QVERIFY(!PictureExport::save(&w.window, settings("v.tiff"), &error));
-        QVERIFY(error.contains(".png, .svg or .pdf"));
-        w.window.findChild<QAction *>("copyPicture")->trigger();
-        const QImage copied = QGuiApplication::clipboard()->image();
-        QCOMPARE(copied.size(), display->size() * w.window.devicePixelRatioF());
     }
 
     void textsFromOutsideAreNoMarkup()

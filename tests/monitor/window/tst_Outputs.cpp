@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/CsvReader.h"
+#include "monitor/window/ComputedDialog.h"
+#include "monitor/window/DisplayTabs.h"
+#include "monitor/window/EventLog.h"
+#include "monitor/window/MonitorWindow.h"
+#include "monitor/window/PictureDialog.h"
+#include "monitor/window/PictureExport.h"
+#include "tests/monitor/support/Dialogs.h"
+#include "tests/monitor/support/ReadTable.h"
+#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/support/Files.h"
+#include "tests/support/TestMain.h"
+#include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
+
+using namespace Monitor;
+using Corvale_Qt::DisplayPicture;
+
+namespace {
+
+struct OutputInTest : ScriptedSession
+{
+    explicit OutputInTest(const QString &settings)
+        : window(session, settings)
+    {
+        window.resize(1200, 800);
+        window.show();
+        session.start();
+    }
+    void trigger(const char *action) const { window.findChild<QAction *>(action)->trigger(); }
+    Corvale_Qt::RVXScopePlotView *view() const { return window.displays().scope()->plotView(); }
+    //! Returns the newest reading of each channel in the charts, by name: "ch1 3, sum 1006".
+    QString newest() const
+    {
+        const auto *model = view()->model();
+        QStringList texts;
+        for (int column = 1; column < model->columnCount(); ++column)
+            texts << model->index(0, column).data().toString() + ' '
+                    + QString::number(view()->model()->index(model->rowCount() - 1, column).data().toDouble());
+        return texts.join(", ");
+    }
+    QString log() const { return window.findChild<EventLog *>()->textBrowser()->toPlainText(); }
+
+    MonitorWindow window;
+};
+
+//! Returns which part of the pixels of a picture is lighter than mid grey.
+double lightShare(const QImage &image)
+{
+    int light = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            light += qGray(image.pixel(x, y)) > 127;
+    return double(light) / (image.width() * image.height());
+}
+
+} // namespace
+
+//! What leaves the window: pictures of displays, and channels that are computed for charts, tables and recordings.
+class tst_Outputs : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void aPictureGoesToAFile()
+    {
+        OutputInTest w(file("file.xui"));
+        w.source->begin(StreamKind::Channels, 2);
+        w.run(20);
+        const DisplayPicture picture(w.window.displays().displayInUse());
+        QString error;
+        for (const auto &[name, beginning] :
+             {std::pair("v.png", "\x89PNG"), {"v.svg", "<?xml"}, {"v.pdf", "%PDF"}}) {
+            QVERIFY2(PictureExport::save(picture, file(name), &error), qPrintable(error));
+            QVERIFY(fileContents(file(name)).startsWith(beginning));
+        }
+        QVERIFY(!PictureExport::save(picture, file("v.tiff"), &error));
+        QVERIFY(error.contains(".png, .svg or .pdf"));
+    }
+
+    //! What the operator chooses is on the picture, and is chosen again the next time.
+    void aPictureHasWhatIsChosen()
+    {
+        const QString settings = file("chosen.xui");
+        {
+            OutputInTest w(settings);
+            w.source->begin(StreamKind::Channels, 2);
+            w.run(20);
+            const auto copied = [&](bool title, bool time, bool legend, int colors) {
+                onNextDialog([&](QDialog *dialog) {
+                    dialog->findChild<QCheckBox *>("hasTitle")->setChecked(title);
+                    dialog->findChild<QCheckBox *>("hasTime")->setChecked(time);
+                    dialog->findChild<QCheckBox *>("hasLegend")->setChecked(legend);
+                    dialog->findChild<QComboBox *>("colors")->setCurrentIndex(colors);
+                    clickButton(dialog, "Copy");
+                });
+                w.trigger("picture");
+                return QGuiApplication::clipboard()->image();
+            };
+            const QSize plain = w.view()->size() * w.window.devicePixelRatioF();
+            const QImage bare = copied(false, false, false, 0);
+            QCOMPARE(bare.size(), plain);
+            QVERIFY(copied(true, false, false, 0).height() > plain.height());
+            QCOMPARE(copied(true, true, false, 0).height(), copied(true, false, false, 0).height());
+            QVERIFY(lightShare(copied(false, false, false, 1)) > 0.8);
+            QVERIFY(lightShare(copied(false, false, false, 2)) < 0.2);
+            QVERIFY(!w.view()->hasLightCanvas()); // the screen stays as it is
+            QCOMPARE(copied(false, false, false, 0), bare);
+            w.view()->setLegendVisible(false); // the picture then has its own
+            QVERIFY(copied(false, false, true, 1).height() > plain.height());
+        }
+        OutputInTest again(settings);
+        onNextDialog([](QDialog *dialog) {
+            const PictureOptions options = qobject_cast<PictureDialog *>(dialog)->options();
+            QVERIFY(!options.hasTitle && !options.hasTime && options.hasLegend);
+            QCOMPARE(options.colors, DisplayPicture::Colors::Light);
+        });
+        again.trigger("picture");
+    }
+
+    //! A channel that is added is in charts and recordings at once, with the readings before; it is there at the next start.
+    void aChannelIsComputedFromNowOn()
+    {
+        const QString settings = file("computed.xui");
+        {
+            OutputInTest w(settings);
+            w.source->begin(StreamKind::Channels, 2, "nA");
+            w.run(3);
+            QCOMPARE(w.record(file("computed.csv")), QString());
+            w.run(1);
+            onNextDialog([](QDialog *dialog) {
+                clickButton(dialog, "Add");
+                QTest::keyClicks(dialog->findChild<QLineEdit *>("name"), "sum");
+                QTest::keyClicks(dialog->findChild<QLineEdit *>("unit"), "nA");
+                QTest::keyClicks(dialog->findChild<QPlainTextEdit *>("expression"), "ch1 + ch2");
+                clickButton(dialog, "OK");
+            });
+            w.trigger("computedChannels");
+            QCOMPARE(w.session.model().rowCount(), 5);
+            QCOMPARE(w.newest(), QString("ch1 3, ch2 1003, sum 1006"));
+            w.run(1);
+            w.settle();
+            QCOMPARE(w.newest(), QString("ch1 4, ch2 1004, sum 1008"));
+            QVERIFY(w.session.stopRecording());
+            QVERIFY(w.log().contains("computed: sum [nA] = ch1 + ch2"));
+        }
+        OutputInTest again(settings);
+        again.source->begin(StreamKind::Channels, 2, "nA");
+        again.run(1);
+        again.settle();
+        QCOMPARE(again.newest(), QString("ch1 0, ch2 1000, sum 1000"));
+        onNextDialog([](QDialog *dialog) {
+            clickButton(dialog, "Remove");
+            clickButton(dialog, "OK");
+        });
+        again.trigger("computedChannels");
+        QCOMPARE(again.newest(), QString("ch1 0, ch2 1000"));
+    }
+
+    void anExpressionIsRefusedAtItsPlace_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("expression");
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<QString>("marked");
+        QTest::newRow("a good one") << "sum"
+                                    << "ch1 + ch2"
+                                    << ""
+                                    << "";
+        QTest::newRow("no such channel") << "sum"
+                                         << "ch1 + ch9 * 2"
+                                         << "sum: character 7: no channel is called \"ch9\""
+                                         << "ch9";
+        QTest::newRow("a name that is taken") << "ch2"
+                                              << "ch1"
+                                              << "ch2: there is already a channel called \"ch2\""
+                                              << "";
+        QTest::newRow("no name") << ""
+                                 << "ch1"
+                                 << "the computed channel has no name"
+                                 << "";
+    }
+
+    void anExpressionIsRefusedAtItsPlace()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, expression);
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 2);
+        ComputedDialog dialog({{"before", "", "ch1"}, {name, "", expression}}, header);
+        dialog.findChild<QListWidget *>("computed")->setCurrentRow(1);
+        QTEST(dialog.findChild<QLabel *>("fault")->text(), "fault");
+        QFETCH(QString, fault);
+        QCOMPARE(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->isEnabled(),
+                 fault.isEmpty());
+        QString marked;
+        for (const auto &mark : dialog.findChild<QPlainTextEdit *>("expression")->extraSelections())
+            marked += mark.cursor.selectedText();
+        QTEST(marked, "marked");
+    }
+
+private:
+    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+CORVALE_QT_TEST_MAIN(tst_Outputs)
+#include "tst_Outputs.moc"

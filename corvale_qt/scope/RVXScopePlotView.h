@@ -44,8 +44,8 @@ struct ScopeMarkerStatistics;
     the sample that its marker stands on. The label of the second also shows the period between both and the sum,
     mean, RMS and standard deviation of the readings between them, and how many readings are missing. Left and Right
     move the marker placed last by one sample, with Shift by ten; Delete removes it. A marker disappears when its
-    sample leaves the model. The sample of the first marker is selected while the user moves the marker; when another
-    view changes the selection, the marker follows it and does not change it.
+    sample leaves the model, unless the model has a history (RVXPlotHistory), whose blocks it reads then. The sample of the
+    first marker is selected while the user moves it; a selection by another view moves the marker and stays as it is.
 
     The statistics and what the markers read belong to the newest samples at any time, also while the view is hidden,
     shows another mode or was never shown: they are computed when they are asked for. statisticsChanged() and

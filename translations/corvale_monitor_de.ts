@@ -109,6 +109,88 @@
     </message>
 </context>
 <context>
+    <name>Monitor::ComputedAction</name>
+    <message>
+        <source>&amp;Computed channels...</source>
+        <translation>Berechnete &amp;Kanäle...</translation>
+    </message>
+    <message>
+        <source>Channels that are computed from others: sums, ratios, positions (Ctrl+K).</source>
+        <translation>Kanäle, die aus anderen berechnet werden: Summen, Verhältnisse, Positionen (Ctrl+K).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ComputedDialog</name>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>What the channel is called in charts, tables and recordings (Alt+N)</source>
+        <translation>Wie der Kanal in Diagrammen, Tabellen und Aufzeichnungen heißt (Alt+N)</translation>
+    </message>
+    <message>
+        <source>The symbol of its unit, such as nA; empty for none (Alt+U)</source>
+        <translation>Das Zeichen seiner Einheit, etwa nA; leer für keine (Alt+I)</translation>
+    </message>
+    <message>
+        <source>Computed channels</source>
+        <translation>Berechnete Kanäle</translation>
+    </message>
+    <message>
+        <source>There is no stream yet. Whether the expressions make sense is seen when one begins.</source>
+        <translation>Noch gibt es keinen Datenstrom. Ob die Ausdrücke passen, zeigt sich, wenn einer beginnt.</translation>
+    </message>
+    <message>
+        <source>This stream has %1. Channels are computed from independent channels only.</source>
+        <translation>Dieser Datenstrom hat %1. Kanäle werden nur aus unabhängigen Kanälen berechnet.</translation>
+    </message>
+    <message>
+        <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
+        <translation>Der Datenstrom hat %1. Ein Ausdruck ist etwa (A - B) / (A + B), avg(A, B) oder fit_position([left plate] .. D).</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a computed channel (Alt+A)</source>
+        <translation>Einen berechneten Kanal hinzufügen (Alt+H)</translation>
+    </message>
+    <message>
+        <source>Remove the selected channel (Alt+R)</source>
+        <translation>Den gewählten Kanal entfernen (Alt+E)</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>E&amp;inheit:</translation>
+    </message>
+    <message>
+        <source>&amp;Expression:</source>
+        <translation>Aus&amp;druck:</translation>
+    </message>
+    <message>
+        <source>+ - * / ^, comparisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 and others; a name that is not one word stands in brackets (Alt+E)</source>
+        <translation>+ - * / ^, Vergleiche, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 und andere; ein Name, der nicht ein Wort ist, steht in eckigen Klammern (Alt+D)</translation>
+    </message>
+    <message>
+        <source>New channel</source>
+        <translation>Neuer Kanal</translation>
+    </message>
+    <message>
+        <source>there would be more than %1 channels</source>
+        <translation>es wären mehr als %1 Kanäle</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -203,10 +285,6 @@
     <message>
         <source>&amp;Copy values</source>
         <translation>&amp;Werte kopieren</translation>
-    </message>
-    <message>
-        <source>Copy &amp;picture</source>
-        <translation>&amp;Bild kopieren</translation>
     </message>
     <message>
         <source>C&amp;lear readings...</source>
@@ -1072,6 +1150,81 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
         <translation>Der Drucker %1 hat das Bild nicht angenommen. Einen anderen wählen oder das Bild speichern.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>&amp;Bild kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureDialog</name>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>A title above the picture (Alt+T)</source>
+        <translation>Ein Titel über dem Bild (Alt+T)</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>&amp;Zeit</translation>
+    </message>
+    <message>
+        <source>When the picture was taken, and what was subtracted or averaged (Alt+I)</source>
+        <translation>Wann das Bild gemacht wurde, und was abgezogen oder gemittelt ist (Alt+Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>&amp;Legende</translation>
+    </message>
+    <message>
+        <source>The channels that are shown, with their newest values (Alt+L)</source>
+        <translation>Die gezeigten Kanäle mit ihren neuesten Werten (Alt+L)</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>As on the screen</source>
+        <translation>Wie auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>Light, for paper</source>
+        <translation>Hell, für Papier</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>The colours of the picture; the screen stays as it is (Alt+O)</source>
+        <translation>Die Farben des Bildes; der Bildschirm bleibt, wie er ist (Alt+F)</translation>
+    </message>
+    <message>
+        <source>C&amp;olours:</source>
+        <translation>&amp;Farben:</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern...</translation>
+    </message>
+    <message>
+        <source>Write a PNG, SVG or PDF file (Enter)</source>
+        <translation>Eine PNG-, SVG- oder PDF-Datei schreiben (Enter)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the picture to the clipboard (Alt+C)</source>
+        <translation>Das Bild in die Zwischenablage kopieren (Alt+K)</translation>
     </message>
 </context>
 <context>
@@ -2062,6 +2215,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1 cannot be written: %2. Choose another file.</source>
         <translation>%1 kann nicht geschrieben werden: %2. Eine andere Datei wählen.</translation>
+    </message>
+    <message>
+        <source>%1x average</source>
+        <translation>%1-fach gemittelt</translation>
     </message>
 </context>
 <context>

@@ -109,6 +109,88 @@
     </message>
 </context>
 <context>
+    <name>Monitor::ComputedAction</name>
+    <message>
+        <source>&amp;Computed channels...</source>
+        <translation>&amp;Canaux calculés...</translation>
+    </message>
+    <message>
+        <source>Channels that are computed from others: sums, ratios, positions (Ctrl+K).</source>
+        <translation>Canaux calculés à partir d&apos;autres : sommes, rapports, positions (Ctrl+K).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ComputedDialog</name>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>What the channel is called in charts, tables and recordings (Alt+N)</source>
+        <translation>Le nom du canal dans les graphiques, les tableaux et les enregistrements (Alt+N)</translation>
+    </message>
+    <message>
+        <source>The symbol of its unit, such as nA; empty for none (Alt+U)</source>
+        <translation>Le symbole de son unité, par exemple nA ; vide s&apos;il n&apos;y en a pas (Alt+U)</translation>
+    </message>
+    <message>
+        <source>Computed channels</source>
+        <translation>Canaux calculés</translation>
+    </message>
+    <message>
+        <source>There is no stream yet. Whether the expressions make sense is seen when one begins.</source>
+        <translation>Il n&apos;y a pas encore de flux. La validité des expressions apparaîtra quand il y en aura un.</translation>
+    </message>
+    <message>
+        <source>This stream has %1. Channels are computed from independent channels only.</source>
+        <translation>Ce flux contient %1. Des canaux ne sont calculés qu&apos;à partir de canaux indépendants.</translation>
+    </message>
+    <message>
+        <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
+        <translation>Le flux contient %1. Une expression s&apos;écrit par exemple (A - B) / (A + B), avg(A, B) ou fit_position([left plate] .. D).</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>A&amp;jouter</translation>
+    </message>
+    <message>
+        <source>Add a computed channel (Alt+A)</source>
+        <translation>Ajouter un canal calculé (Alt+J)</translation>
+    </message>
+    <message>
+        <source>Remove the selected channel (Alt+R)</source>
+        <translation>Supprimer le canal choisi (Alt+S)</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nom :</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>&amp;Unité :</translation>
+    </message>
+    <message>
+        <source>&amp;Expression:</source>
+        <translation>&amp;Expression :</translation>
+    </message>
+    <message>
+        <source>+ - * / ^, comparisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 and others; a name that is not one word stands in brackets (Alt+E)</source>
+        <translation>+ - * / ^, comparaisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 et autres ; un nom de plusieurs mots s&apos;écrit entre crochets (Alt+E)</translation>
+    </message>
+    <message>
+        <source>New channel</source>
+        <translation>Nouveau canal</translation>
+    </message>
+    <message>
+        <source>there would be more than %1 channels</source>
+        <translation>il y aurait plus de %1 canaux</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -203,10 +285,6 @@
     <message>
         <source>&amp;Copy values</source>
         <translation>Copier &amp;les valeurs</translation>
-    </message>
-    <message>
-        <source>Copy &amp;picture</source>
-        <translation>&amp;Copier l&apos;image</translation>
     </message>
     <message>
         <source>C&amp;lear readings...</source>
@@ -1072,6 +1150,81 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <message>
         <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
         <translation>L&apos;imprimante %1 n&apos;a pas pris l&apos;image. En choisir une autre, ou enregistrer l&apos;image.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>&amp;Copier l&apos;image</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureDialog</name>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titre :</translation>
+    </message>
+    <message>
+        <source>A title above the picture (Alt+T)</source>
+        <translation>Un titre au-dessus de l&apos;image (Alt+T)</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>&amp;Heure</translation>
+    </message>
+    <message>
+        <source>When the picture was taken, and what was subtracted or averaged (Alt+I)</source>
+        <translation>Quand l&apos;image a été prise, et ce qui est soustrait ou moyenné (Alt+H)</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>&amp;Légende</translation>
+    </message>
+    <message>
+        <source>The channels that are shown, with their newest values (Alt+L)</source>
+        <translation>Les canaux affichés avec leurs dernières valeurs (Alt+L)</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>As on the screen</source>
+        <translation>Comme à l&apos;écran</translation>
+    </message>
+    <message>
+        <source>Light, for paper</source>
+        <translation>Clair, pour le papier</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Sombre</translation>
+    </message>
+    <message>
+        <source>The colours of the picture; the screen stays as it is (Alt+O)</source>
+        <translation>Les couleurs de l&apos;image ; l&apos;écran reste tel quel (Alt+O)</translation>
+    </message>
+    <message>
+        <source>C&amp;olours:</source>
+        <translation>C&amp;ouleurs :</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Enregistrer...</translation>
+    </message>
+    <message>
+        <source>Write a PNG, SVG or PDF file (Enter)</source>
+        <translation>Écrire un fichier PNG, SVG ou PDF (Entrée)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>Copy the picture to the clipboard (Alt+C)</source>
+        <translation>Copier l&apos;image dans le presse-papiers (Alt+C)</translation>
     </message>
 </context>
 <context>
@@ -2062,6 +2215,10 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source>%1 cannot be written: %2. Choose another file.</source>
         <translation>%1 ne peut pas être écrit : %2. Choisir un autre fichier.</translation>
+    </message>
+    <message>
+        <source>%1x average</source>
+        <translation>moyenne sur %1</translation>
     </message>
 </context>
 <context>

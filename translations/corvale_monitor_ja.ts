@@ -109,6 +109,88 @@
     </message>
 </context>
 <context>
+    <name>Monitor::ComputedAction</name>
+    <message>
+        <source>&amp;Computed channels...</source>
+        <translation>計算チャンネル(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Channels that are computed from others: sums, ratios, positions (Ctrl+K).</source>
+        <translation>ほかのチャンネルから計算するチャンネル: 和、比、位置 (Ctrl+K)。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ComputedDialog</name>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>削除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>What the channel is called in charts, tables and recordings (Alt+N)</source>
+        <translation>グラフ、表、記録でのチャンネルの名前 (Alt+N)</translation>
+    </message>
+    <message>
+        <source>The symbol of its unit, such as nA; empty for none (Alt+U)</source>
+        <translation>単位の記号 (nA など)。なければ空欄 (Alt+U)</translation>
+    </message>
+    <message>
+        <source>Computed channels</source>
+        <translation>計算チャンネル</translation>
+    </message>
+    <message>
+        <source>There is no stream yet. Whether the expressions make sense is seen when one begins.</source>
+        <translation>まだデータがありません。式が正しいかどうかは、データが始まったときにわかります。</translation>
+    </message>
+    <message>
+        <source>This stream has %1. Channels are computed from independent channels only.</source>
+        <translation>このデータは %1 です。計算できるのは独立したチャンネルからだけです。</translation>
+    </message>
+    <message>
+        <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
+        <translation>データのチャンネルは %1 です。式の例: (A - B) / (A + B)、avg(A, B)、fit_position([left plate] .. D)。</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>追加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Add a computed channel (Alt+A)</source>
+        <translation>計算チャンネルを追加 (Alt+A)</translation>
+    </message>
+    <message>
+        <source>Remove the selected channel (Alt+R)</source>
+        <translation>選んだチャンネルを削除 (Alt+R)</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>名前(&amp;N):</translation>
+    </message>
+    <message>
+        <source>&amp;Unit:</source>
+        <translation>単位(&amp;U):</translation>
+    </message>
+    <message>
+        <source>&amp;Expression:</source>
+        <translation>式(&amp;E):</translation>
+    </message>
+    <message>
+        <source>+ - * / ^, comparisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 and others; a name that is not one word stands in brackets (Alt+E)</source>
+        <translation>+ - * / ^、比較、c ? a : b、sum、avg、min、max、sqrt、abs、exp、ln、log10 など。一語でない名前は角括弧で囲みます (Alt+E)</translation>
+    </message>
+    <message>
+        <source>New channel</source>
+        <translation>新しいチャンネル</translation>
+    </message>
+    <message>
+        <source>there would be more than %1 channels</source>
+        <translation>チャンネルが %1 を超えます</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ConnectDialog</name>
     <message>
         <source>&amp;Keep</source>
@@ -203,10 +285,6 @@
     <message>
         <source>&amp;Copy values</source>
         <translation>値をコピー(&amp;C)</translation>
-    </message>
-    <message>
-        <source>Copy &amp;picture</source>
-        <translation>画像をコピー(&amp;P)</translation>
     </message>
     <message>
         <source>C&amp;lear readings...</source>
@@ -1072,6 +1150,81 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>The printer %1 did not take the picture. Choose another one, or save the picture instead.</source>
         <translation>プリンター %1 で印刷できませんでした。別のプリンターを選ぶか、画像を保存してください。</translation>
+    </message>
+    <message>
+        <source>Copy &amp;picture</source>
+        <translation>画像をコピー(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PictureDialog</name>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>タイトル(&amp;T):</translation>
+    </message>
+    <message>
+        <source>A title above the picture (Alt+T)</source>
+        <translation>画像の上のタイトル (Alt+T)</translation>
+    </message>
+    <message>
+        <source>T&amp;ime</source>
+        <translation>時刻(&amp;I)</translation>
+    </message>
+    <message>
+        <source>When the picture was taken, and what was subtracted or averaged (Alt+I)</source>
+        <translation>画像を作成した時刻と、差し引きや平均の内容 (Alt+I)</translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <translation>凡例(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The channels that are shown, with their newest values (Alt+L)</source>
+        <translation>表示中のチャンネルと最新の値 (Alt+L)</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>As on the screen</source>
+        <translation>画面のとおり</translation>
+    </message>
+    <message>
+        <source>Light, for paper</source>
+        <translation>明るい色 (印刷用)</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>暗い色</translation>
+    </message>
+    <message>
+        <source>The colours of the picture; the screen stays as it is (Alt+O)</source>
+        <translation>画像の色。画面はそのままです (Alt+O)</translation>
+    </message>
+    <message>
+        <source>C&amp;olours:</source>
+        <translation>色(&amp;O):</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Write a PNG, SVG or PDF file (Enter)</source>
+        <translation>PNG、SVG、PDF ファイルに書き出す (Enter)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy the picture to the clipboard (Alt+C)</source>
+        <translation>画像をクリップボードにコピー (Alt+C)</translation>
     </message>
 </context>
 <context>
@@ -2062,6 +2215,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1 cannot be written: %2. Choose another file.</source>
         <translation>%1 に書き込めません: %2。別のファイルを選んでください。</translation>
+    </message>
+    <message>
+        <source>%1x average</source>
+        <translation>%1 点平均</translation>
     </message>
 </context>
 <context>

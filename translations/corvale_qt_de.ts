@@ -1156,6 +1156,14 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <source>Normalize</source>
         <translation>Normieren</translation>
     </message>
+    <message>
+        <source>Saving data</source>
+        <translation>Daten werden gespeichert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScopePlotView</name>
@@ -1285,6 +1293,22 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>%1, live</source>
         <translation>%1, live</translation>
+    </message>
+    <message>
+        <source>kept in a block only</source>
+        <translation>nur in einem Block erhalten</translation>
+    </message>
+    <message>
+        <source>not known: older readings are kept in blocks</source>
+        <translation>nicht bekannt: ältere Messwerte sind in Blöcken erhalten</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
     </message>
 </context>
 <context>

@@ -1156,6 +1156,14 @@ Fermer une fenêtre remet sa page en place.</translation>
         <source>Normalize</source>
         <translation>Normaliser</translation>
     </message>
+    <message>
+        <source>Saving data</source>
+        <translation>Enregistrement des données</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScopePlotView</name>
@@ -1285,6 +1293,22 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>%1, live</source>
         <translation>%1, en direct</translation>
+    </message>
+    <message>
+        <source>kept in a block only</source>
+        <translation>conservé seulement dans un bloc</translation>
+    </message>
+    <message>
+        <source>not known: older readings are kept in blocks</source>
+        <translation>inconnu : les mesures anciennes sont conservées par blocs</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
     </message>
 </context>
 <context>

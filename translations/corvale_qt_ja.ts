@@ -1155,6 +1155,14 @@ Close a window to put its page back.</source>
         <source>Normalize</source>
         <translation>正規化</translation>
     </message>
+    <message>
+        <source>Saving data</source>
+        <translation>データを保存中</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScopePlotView</name>
@@ -1283,6 +1291,22 @@ Close a window to put its page back.</source>
     <message>
         <source>%1, live</source>
         <translation>%1、ライブ</translation>
+    </message>
+    <message>
+        <source>kept in a block only</source>
+        <translation>ブロックにのみ保存</translation>
+    </message>
+    <message>
+        <source>not known: older readings are kept in blocks</source>
+        <translation>不明: 古い測定値はブロックで保存されています</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>終了</translation>
     </message>
 </context>
 <context>

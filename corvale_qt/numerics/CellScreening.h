@@ -18,14 +18,15 @@ namespace Corvale_Qt {
     above those beside it by \a inNoise times the noise, and reads \a onFlank times what they let expect between them (their
     geometric mean). In a matrix this holds along its row or its column, and it lies that much above all eight neighbours.
 
-    A beam narrower than 0.55 cells looks like a hot cell and is taken for one. A hot cell at the top of a beam is not found. */
+    A beam narrower than 0.55 cells looks like a hot cell and is taken for one. At the top of a beam only a cell that
+    stands far out is found. */
 struct CORVALE_QT_EXPORT HotCellLimits
 {
     double inNoise = 8; //!< least excess over the median, in noises
     double inSpread = 10; //!< least excess, in distances of the highest neighbour from the median
     double inLevel =
         0.2; //!< least excess, in readings of the highest neighbour; more than gains differ
-    double onFlank = 1.5; //!< least reading, in readings that are expected between its neighbours
+    double onFlank = 2; //!< least reading, in readings that are expected between its neighbours
 };
 
 //! Returns the indexes of the hot cells of a matrix, row after row.

@@ -123,7 +123,8 @@ StandardInputForm::StandardInputForm(QWidget *parent)
     : SourceForm(parent)
 {
     addText(
-        tr("Reads the lines that another program writes into this one:\n\n    instrument | "
+        tr("Reads the lines, or grey images (PGM), that another program writes into this one:\n\n  "
+           "  instrument | "
            "corvale-monitor -\n\n"
            "What was read is gone, so this source cannot be tested and cannot be opened twice."));
 }

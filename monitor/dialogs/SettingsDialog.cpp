@@ -2,8 +2,8 @@
 #include "monitor/dialogs/SettingsDialog.h"
 
 #include "monitor/dialogs/Explanation.h"
+#include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
-#include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/settings/Translations.h>
 
 #include <QCheckBox>
@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -87,6 +88,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     , m_low(newEdit(this, "low", tr("as the source says")))
     , m_high(newEdit(this, "high", tr("as the source says")))
     , m_detector(newEdit(this, "detector", tr("as the source says")))
+    , m_minimumSum(newEdit(this, "minimumSum", tr("no limit")))
     , m_folder(newEdit(this, "folder", tr("record nothing by itself")))
     , m_rotation(newEdit(this, "rotation", tr("never")))
     , m_compress(new QCheckBox(tr("Co&mpress each file once it is complete"), this))
@@ -177,9 +179,15 @@ QWidget *SettingsDialog::newReadingsPage()
                 "of a source on. Empty: the limits that the source states."));
     addField(layout,
              tr("&Detector:"),
-             withBrowse(m_detector, false),
-             tr("A file that describes the places and the calibration of the detector (.json). "
-                "Empty: what the source says."));
+             withPresets(withBrowse(m_detector, false), m_detector),
+             tr("A file that describes the places and the calibration of the detector (.json), or "
+                "a preset. Empty: what the source says; positions are counted in cells if it does "
+                "not say how far apart they are."));
+    addField(layout,
+             tr("&No beam below:"),
+             m_minimumSum,
+             tr("The position displays say \"no beam\" if the readings add up to less, in their "
+                "unit. Empty: whatever they add up to."));
     return page;
 }
 
@@ -224,6 +232,23 @@ QWidget *SettingsDialog::withBrowse(QLineEdit *edit, bool folder)
     return row;
 }
 
+//! Adds a button beside the field that writes the name of a preset into it.
+QWidget *SettingsDialog::withPresets(QWidget *row, QLineEdit *edit)
+{
+    auto *button = new QPushButton(tr("&Preset"), row);
+    button->setObjectName(QStringLiteral("presets"));
+    button->setAutoDefault(false);
+    auto *menu = new QMenu(button);
+    const QStringList names = detectorPresets();
+    for (const QString &name : names)
+        connect(menu->addAction(presetText(name)), &QAction::triggered, edit, [edit, name] {
+            edit->setText(name);
+        });
+    button->setMenu(menu);
+    row->layout()->addWidget(button);
+    return row;
+}
+
 void SettingsDialog::fill()
 {
     m_start->setCurrentIndex(int(m_former.start));
@@ -238,6 +263,8 @@ void SettingsDialog::fill()
         m_high->setText(numberText(m_former.rangeHigh));
     }
     m_detector->setText(m_former.detectorFile);
+    if (m_former.minimumSum != 0.0)
+        m_minimumSum->setText(numberText(m_former.minimumSum));
     m_folder->setText(m_former.recordFolder);
     m_rotation->setText(m_former.rotation);
     m_compress->setChecked(m_former.compress);
@@ -256,6 +283,7 @@ MonitorOptions SettingsDialog::options() const
     readNumber(m_low, 0.0, &options.rangeLow);
     readNumber(m_high, 0.0, &options.rangeHigh);
     options.detectorFile = m_detector->text().trimmed();
+    readNumber(m_minimumSum, 0.0, &options.minimumSum);
     options.recordFolder = m_folder->text().trimmed();
     options.rotation = m_rotation->text().trimmed();
     options.compress = m_compress->isChecked();
@@ -266,7 +294,7 @@ MonitorOptions SettingsDialog::options() const
 QString SettingsDialog::fault() const
 {
     double number = 0.0;
-    for (const QLineEdit *edit : {m_from, m_to, m_low, m_high})
+    for (const QLineEdit *edit : {m_from, m_to, m_low, m_high, m_minimumSum})
         if (!readNumber(edit, 0.0, &number))
             return tr("\"%1\" is no number. Write it with a decimal point, like 1.5 or -1e-6.")
                 .arg(edit->text());
@@ -287,7 +315,7 @@ QString SettingsDialog::fault() const
     if (wanted.detectorFile.isEmpty())
         return {};
     Corvale_Qt::DetectorFault detectorFault;
-    Corvale_Qt::detectorFromFile(wanted.detectorFile, &detectorFault);
+    detectorNamed(wanted.detectorFile, &detectorFault);
     return detectorFault.isEmpty() ? QString() : detectorFault.message();
 }
 

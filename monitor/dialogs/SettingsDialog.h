@@ -36,6 +36,7 @@ private:
     QWidget *newRecordPage();
     void fill();
     QWidget *withBrowse(QLineEdit *edit, bool folder);
+    QWidget *withPresets(QWidget *row, QLineEdit *edit);
     QString fault() const;
 
     const MonitorOptions m_former;
@@ -49,6 +50,7 @@ private:
     QLineEdit *m_low;
     QLineEdit *m_high;
     QLineEdit *m_detector;
+    QLineEdit *m_minimumSum;
     QLineEdit *m_folder;
     QLineEdit *m_rotation;
     QCheckBox *m_compress;

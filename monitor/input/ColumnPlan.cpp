@@ -2,7 +2,7 @@
 #include "monitor/input/ColumnPlan.h"
 
 #include "monitor/input/LineText.h"
-#include "monitor/input/RowReader.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/readings/UnitSymbols.h"
 
 #include <QRegularExpression>

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
+#include "monitor/readings/StreamDetector.h"
 
 #include <charconv>
 #include <cmath>

@@ -4,8 +4,8 @@
 #include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
-#include "monitor/input/RowReader.h"
 #include "monitor/readings/PixelShape.h"
+#include "monitor/readings/StreamDetector.h"
 
 #include <QStringList>
 

@@ -47,6 +47,25 @@ PgmReader::PgmReader(ImageHandler image, FaultHandler fault)
 {
 }
 
+std::optional<bool> PgmReader::suits(std::string_view begin)
+{
+    constexpr std::size_t magicLength = 2;
+    const std::string_view magic = begin.substr(0, magicLength);
+    for (const std::string_view known : {"P2", "P5"}) {
+        if (known.substr(0, magic.size()) != magic)
+            continue;
+        std::size_t next = magic.size();
+        while (next < begin.size() && isSpace(static_cast<unsigned char>(begin[next])))
+            ++next;
+        if (next == begin.size())
+            return std::nullopt;
+        const bool isHeader =
+            isDigit(static_cast<unsigned char>(begin[next])) || begin[next] == '#';
+        return next > magicLength && isHeader;
+    }
+    return false;
+}
+
 void PgmReader::restart()
 {
     m_state = State::Magic;

@@ -53,26 +53,6 @@ RowReader::~RowReader() = default;
 
 void RowReader::finish(const RowHandler &) { }
 
-Corvale_Qt::DetectorDescription countedMatrix(int rows, int columns)
-{
-    Corvale_Qt::DetectorDescription matrix;
-    matrix.kind = Corvale_Qt::DetectorKind::Matrix;
-    matrix.x = Corvale_Qt::DetectorAxis::counted(columns);
-    matrix.y = Corvale_Qt::DetectorAxis::counted(rows);
-    matrix.readings = rows * columns;
-    return matrix;
-}
-
-Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY)
-{
-    Corvale_Qt::DetectorDescription strips;
-    strips.kind = Corvale_Qt::DetectorKind::Strips;
-    strips.x = Corvale_Qt::DetectorAxis::counted(ofX);
-    strips.y = Corvale_Qt::DetectorAxis::counted(ofY);
-    strips.readings = ofX + ofY;
-    return strips;
-}
-
 TimedRowReader::TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed)
     : RowReader(frames)
     , m_timed(timed)

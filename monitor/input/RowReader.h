@@ -61,11 +61,6 @@ private:
     QString m_frameUnit;
 };
 
-//! Returns the description of a matrix whose rows and columns are counted.
-Corvale_Qt::DetectorDescription countedMatrix(int rows, int columns);
-//! Returns the description of two planes of strips that are counted.
-Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY);
-
 //! Reads lines of the form "t,v1,v2,...", or "v1,v2,..." if lines have no time.
 class TimedRowReader : public RowReader
 {

@@ -3,9 +3,9 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/program/OptionTexts.h"
+#include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
 #include "monitor/sources/SourceFactory.h"
-#include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/settings/Translations.h>
 #include <corvale_qt/widgets/TimeSpan.h>
 
@@ -43,7 +43,7 @@ public:
         if (!isSet("detector") || text("detector") == CommandLine::noDetector())
             return;
         Corvale_Qt::DetectorFault fault;
-        *layout = Corvale_Qt::detectorFromFile(text("detector"), &fault);
+        *layout = detectorNamed(text("detector"), &fault);
         if (!fault.isEmpty())
             fail("detector", fault.message());
     }

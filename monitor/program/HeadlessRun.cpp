@@ -247,7 +247,7 @@ int HeadlessRun::report()
                      .arg(m_source->description())
                      .arg(bad));
     const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
-        || m_isDamaged || m_spotsCut || planIsUnused();
+        || m_readingsLeftOut || m_isDamaged || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;
 }
 
@@ -270,6 +270,7 @@ void HeadlessRun::printStatistics()
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
     report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels);
+    m_readingsLeftOut = report.estimates.leftOut.count > 0;
     report.spotErrors = spotErrors();
     report.toleranceX = m_commandLine.toleranceX;
     report.toleranceY = m_commandLine.toleranceY;

@@ -62,6 +62,7 @@ private:
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;
     bool m_channelsLeftOut = false;
+    bool m_readingsLeftOut = false; //!< of the last reading
     bool m_isDamaged = false;
     bool m_ended = false;
 };

@@ -2,6 +2,7 @@
 #include "monitor/program/OptionTexts.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/readings/DetectorPresets.h"
 
 namespace Monitor {
 
@@ -33,9 +34,9 @@ QVector<OptionText> optionTexts()
          Text::tr("Mark readings outside these limits as over range, whatever the source says.")},
         {"detector",
          "FILE.json",
-         Text::tr(
-             "Take the places and the calibration of the detector from this file, whatever the "
-             "source says. A window remembers it for the source; none forgets it.")},
+         Text::tr("Take the places and the calibration of the detector from this file, or from %1, "
+                  "whatever the source says. A window remembers it for the source; none forgets it.")
+             .arg(detectorPresets().join(QStringLiteral(", ")))},
         {"planned",
          "FILE.csv",
          Text::tr(
@@ -128,7 +129,7 @@ QVector<TopicText> topicTexts()
                   "Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "
                   "a "
                   "folder.")},
-             {"-", Text::tr("Lines on standard input.")},
+             {"-", Text::tr("Lines, or grey images, on standard input.")},
              {"tcp://HOST:PORT",
               Text::tr("Lines from an instrument on the network. Add ?ask=READ?&every=100ms if it "
                        "answers only when asked.")},

@@ -3,8 +3,21 @@
 
 #include "monitor/core/NumberText.h"
 #include "monitor/core/Text.h"
+#include <corvale_qt/detector/DetectorFrame.h>
 
 namespace Monitor {
+
+LeftOut LeftOut::of(const Corvale_Qt::DetectorFrame &frame, const QString &unit)
+{
+    LeftOut leftOut{What::Readings, frame.leftOut, frame.leftOutSum, unit};
+    // A stream with a reading for each cell of a matrix, of which some are not wired.
+    const Corvale_Qt::DetectorLayout &layout = frame.layout;
+    if (leftOut.count > 0 && layout.unwiredCells() > 0 && layout.readings() == layout.cells()) {
+        leftOut.what = What::Cells;
+        leftOut.count = layout.unwiredCells();
+    }
+    return leftOut;
+}
 
 QString LeftOut::text() const
 {

@@ -3,6 +3,10 @@
 
 #include <QString>
 
+namespace Corvale_Qt {
+struct DetectorFrame;
+} // namespace Corvale_Qt
+
 namespace Monitor {
 
 //! Readings of a frame that belong to no cell, and what they add up to.
@@ -11,8 +15,11 @@ struct LeftOut
     //! What the count is about.
     enum class What {
         Readings, //!< readings that the detector has no cell for
-        Cells, //!< cells of the stream that the display's detector has no wire for
+        Cells, //!< cells of the stream that the detector has no wire for
     };
+
+    //! Returns what the detector of a frame leaves out of it; \a unit is that of the readings.
+    static LeftOut of(const Corvale_Qt::DetectorFrame &frame, const QString &unit);
 
     What what = What::Readings;
     int count = 0;

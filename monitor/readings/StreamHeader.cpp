@@ -49,8 +49,10 @@ QVector<Channel> frameNumbers(const Corvale_Qt::DetectorLayout &layout, const QS
     for (const auto &[axis, name] : {std::pair(Axis::X, "x"), std::pair(Axis::Y, "y")}) {
         if (layout.cells(axis) == 0)
             continue;
-        channels.append({QLatin1String(name), layout.unit(axis)});
-        channels.append({QLatin1String("sigma_") + QLatin1String(name), layout.unit(axis)});
+        const QString stated = layout.unit(axis);
+        const QString length = stated.isEmpty() ? QStringLiteral("cells") : stated;
+        channels.append({QLatin1String(name), length});
+        channels.append({QLatin1String("sigma_") + QLatin1String(name), length});
     }
     return channels;
 }

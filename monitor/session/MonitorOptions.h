@@ -22,8 +22,10 @@ struct MonitorOptions
     //! Readings outside these limits are over range; the source's own limits count if both are equal.
     double rangeLow = 0.0;
     double rangeHigh = 0.0;
-    //! A file with the places and the calibration of the detector; empty for what the source says.
+    //! A file with the places and the calibration of the detector, or a preset; empty for what the source says.
     QString detectorFile;
+    //! Position displays say "no beam" if a reading adds up to less, in its unit; 0 for any beam.
+    double minimumSum = 0.0;
     //! Where every source is recorded as soon as it is opened; empty for nowhere.
     QString recordFolder;
     //! When a recording begins a new file: "1h", "100M", or empty for never.

@@ -57,6 +57,11 @@ void LineSource::connected()
     setState(State::Running, description());
 }
 
+double LineSource::arrivalTime() const
+{
+    return clock().seconds() - m_startedAt;
+}
+
 void LineSource::takeBytes(std::string_view bytes)
 {
     // Only a connection that brings bytes is a good one; another may be closed again at once.
@@ -64,7 +69,7 @@ void LineSource::takeBytes(std::string_view bytes)
     clock().stayAwake();
     m_heardAt = clock().seconds();
     Q_EMIT bytesArrived(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
-    m_protocol.setArrivalTime(clock().seconds() - m_startedAt);
+    m_protocol.setArrivalTime(arrivalTime());
     m_splitter.feed(bytes, [this](std::string_view line, bool tooLong) {
         m_protocol.takeLine(line, tooLong);
     });

@@ -38,6 +38,8 @@ protected:
 
     //! To be called when the connection is made.
     void connected();
+    //! Returns the seconds since start(), which date what has no time of its own.
+    double arrivalTime() const;
     //! To be called with the bytes that arrive.
     void takeBytes(std::string_view bytes);
     /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.

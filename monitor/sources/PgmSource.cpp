@@ -3,7 +3,6 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/input/LineText.h"
-#include "monitor/input/RowReader.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -66,10 +65,12 @@ bool PgmSource::suits(const QString &path)
         return true;
     if (!info.isFile())
         return false;
+    constexpr int enoughToTell = 64;
     QFile file(path);
-    const QByteArray magic = file.open(QIODevice::ReadOnly) ? file.read(3) : QByteArray();
-    const bool isImage = magic.size() == 3 && magic[0] == 'P'
-        && (magic[1] == '2' || magic[1] == '5') && QByteArray(" \t\r\n").contains(magic[2]);
+    const QByteArray begin =
+        file.open(QIODevice::ReadOnly) ? file.read(enoughToTell) : QByteArray();
+    const bool isImage =
+        PgmReader::suits({begin.constData(), std::size_t(begin.size())}).value_or(false);
     return isImage || info.suffix().compare(QLatin1String("pgm"), Qt::CaseInsensitive) == 0;
 }
 
@@ -80,6 +81,7 @@ PgmSource::PgmSource(Clock &clock,
     : Source(clock, parent)
     , m_path(path)
     , m_options(options)
+    , m_images(*this)
     , m_reader(
           [this](const PgmImage &image) {
               take(image);
@@ -154,7 +156,7 @@ void PgmSource::play()
             || m_waiting.front().time <= *m_playFrom + (now - m_startedAt) * m_options.speed;
         if (!due)
             return;
-        show(m_waiting.front());
+        m_images.show(m_waiting.front().time, m_waiting.front().image);
         m_waiting.pop_front();
     }
     finishWhenPlayed();
@@ -188,16 +190,16 @@ bool PgmSource::startLoop()
 
 void PgmSource::take(const PgmImage &image)
 {
-    ++m_counts.lines;
     const double time = image.time.value_or(double(m_number++) * frameInterval);
-    if (time < m_options.from || time > m_options.to)
-        return;
     const double shown = time + m_offset;
-    if (m_lastTime && shown < *m_lastTime) {
-        --m_counts.lines;
+    const bool wanted = time >= m_options.from && time <= m_options.to;
+    if (wanted && m_lastTime && shown < *m_lastTime) {
         refuse({}, Refusal::TimeBackwards);
         return;
     }
+    m_images.count();
+    if (!wanted)
+        return;
     if (m_lastTime && shown > *m_lastTime)
         m_lastStep = shown - *m_lastTime;
     m_lastTime = shown;
@@ -207,33 +209,7 @@ void PgmSource::take(const PgmImage &image)
 
 void PgmSource::refuse(const QString &fault, Refusal refusal)
 {
-    RefusedLine line;
-    line.what = RefusedLine::What::Image;
-    line.refusal = refusal;
-    line.number = ++m_counts.lines;
-    line.reason = fault;
-    line.excerpt = excerptOf(m_file.fileName());
-    ++m_counts.refused[std::size_t(refusal)];
-    Q_EMIT lineRefused(line);
-}
-
-//! Hands a frame on. Another size begins another acquisition.
-void PgmSource::show(const Frame &frame)
-{
-    const PgmImage &image = frame.image;
-    if (image.rows != m_rows || image.columns != m_columns) {
-        m_rows = image.rows;
-        m_columns = image.columns;
-        StreamHeader header;
-        header.setFrames(
-            Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(m_rows, m_columns)),
-            {});
-        Q_EMIT streamStarted(header);
-    }
-    ReadingBlock block(int(image.values.size()));
-    block.append(frame.time, image.values.data());
-    ++m_counts.readings;
-    Q_EMIT readingsArrived(block);
+    m_images.refuse(refusal, fault, excerptOf(m_file.fileName()));
 }
 
 void PgmSource::finishWhenPlayed()

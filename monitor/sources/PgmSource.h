@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/input/PgmReader.h"
 #include "monitor/sources/FileSource.h"
+#include "monitor/sources/ImageSink.h"
 
 #include <QFile>
 #include <QStringList>
@@ -31,7 +31,7 @@ public:
     void start() override;
     QString description() const override { return m_path; }
     QString remedy() const override;
-    LineCounts counts() const override { return m_counts; }
+    LineCounts counts() const override { return m_images.counts(); }
     bool readsFrom(const QString &path) const override;
 
 private:
@@ -47,7 +47,6 @@ private:
     bool startLoop();
     void take(const PgmImage &image);
     void refuse(const QString &fault, Refusal refusal = Refusal::Unreadable);
-    void show(const Frame &frame);
     void finishWhenPlayed();
 
     const QString m_path;
@@ -56,8 +55,8 @@ private:
     int m_nextFile = 0;
     QFile m_file;
     QString m_error;
+    ImageSink m_images;
     PgmReader m_reader;
-    LineCounts m_counts;
     QTimer m_unpaced;
     bool m_atEnd = false;
 
@@ -69,8 +68,6 @@ private:
     double m_offset = 0.0; //!< added to the times of this round
     std::optional<double> m_playFrom; //!< time of the first frame
     double m_startedAt = 0.0;
-    int m_rows = 0; //!< of the frames of this stream
-    int m_columns = 0;
 };
 
 } // namespace Monitor

@@ -7,6 +7,8 @@
 
 namespace Monitor {
 
+using namespace Corvale_Qt;
+
 namespace {
 
 //! Returns the fraction of a Gaussian that lies between two edges.
@@ -21,6 +23,16 @@ double onCell(int cell, int cells, double pitch, double mean, double sigma)
 {
     const double lower = (cell - 0.5 * cells) * pitch;
     return fractionBetween(lower, lower + pitch, mean, sigma);
+}
+
+//! Returns a detector with the same number of cells along both axes, \a pitch mm apart.
+DetectorLayout uniform(DetectorKind kind, int cells, double pitch)
+{
+    DetectorDescription description;
+    description.kind = kind;
+    description.x = DetectorAxis::uniform(cells, pitch, QStringLiteral("mm"));
+    description.y = description.x;
+    return DetectorLayout::fromDescription(description);
 }
 
 //! An ionisation chamber whose foil is split: two halves in x, two in y.
@@ -60,6 +72,7 @@ public:
         header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 2 * strips);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
+        header.setDetector(uniform(DetectorKind::Strips, strips, pitch));
         return header;
     }
     double period() const override { return 0.05; }
@@ -92,6 +105,7 @@ public:
         header.channels = StreamHeader::defaultChannels(StreamKind::Pixels, side * side);
         for (Channel &channel : header.channels)
             channel.unit = QStringLiteral("pC");
+        header.setDetector(uniform(DetectorKind::Matrix, side, pitch));
         return header;
     }
     double period() const override { return 0.05; }

@@ -1,15 +1,34 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/StandardInputSource.h"
 
+#include "monitor/core/Clock.h"
+
 #include <cerrno>
 #include <cstring>
+#include <limits>
 #include <unistd.h>
+#include <utility>
 
 namespace Monitor {
+
+namespace {
+
+const QByteArray kName = QByteArrayLiteral("standard input");
+
+} // namespace
 
 StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *parent)
     : LineSource(clock, parent)
     , m_descriptor(descriptor)
+    , m_images(*this)
+    , m_reader(
+          [this](const PgmImage &image) {
+              takeImage(image);
+          },
+          [this](const QString &fault) {
+              m_images.refuse(Refusal::Unreadable, fault, kName);
+          })
+    , m_lastTime(-std::numeric_limits<double>::infinity())
     , m_notifier(descriptor, QSocketNotifier::Read)
 {
     m_notifier.setEnabled(false);
@@ -21,6 +40,11 @@ StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *
 QString StandardInputSource::description() const
 {
     return QStringLiteral("standard input"); // as recordings have it, in every language
+}
+
+LineCounts StandardInputSource::counts() const
+{
+    return m_content == Content::Images ? m_images.counts() : LineSource::counts();
 }
 
 void StandardInputSource::open()
@@ -41,17 +65,67 @@ void StandardInputSource::readSome()
     m_piece.resize(pieceSize);
     const ssize_t size = ::read(m_descriptor, m_piece.data(), pieceSize);
     if (size > 0) {
-        takeBytes({m_piece.data(), std::size_t(size)});
+        take({m_piece.data(), std::size_t(size)});
         return;
     }
     if (size < 0 && (errno == EAGAIN || errno == EINTR))
         return;
     m_notifier.setEnabled(false);
     if (size == 0)
-        ended();
+        endInput();
     else
         lost(tr("reading standard input failed: %1")
                  .arg(QString::fromLocal8Bit(std::strerror(errno))));
+}
+
+void StandardInputSource::take(std::string_view bytes)
+{
+    if (m_content == Content::Lines) {
+        takeBytes(bytes);
+        return;
+    }
+    if (m_content == Content::Images) {
+        takeImages(bytes);
+        return;
+    }
+    m_begin += bytes;
+    const std::optional<bool> areImages = PgmReader::suits(m_begin);
+    if (!areImages)
+        return;
+    m_content = *areImages ? Content::Images : Content::Lines;
+    take(std::exchange(m_begin, {}));
+}
+
+//! Takes bytes of images. What follows an image whose end is not known cannot be read.
+void StandardInputSource::takeImages(std::string_view bytes)
+{
+    clock().stayAwake();
+    m_reader.feed(bytes);
+    if (!m_reader.isLost())
+        return;
+    m_notifier.setEnabled(false);
+    lost(tr("standard input: what follows image %1 cannot be read").arg(m_images.counts().lines));
+}
+
+void StandardInputSource::takeImage(const PgmImage &image)
+{
+    const double time = image.time.value_or(arrivalTime());
+    if (time < m_lastTime) {
+        m_images.refuse(Refusal::TimeBackwards, {}, kName);
+        return;
+    }
+    m_lastTime = time;
+    m_images.count();
+    m_images.show(time, image);
+}
+
+void StandardInputSource::endInput()
+{
+    if (m_content == Content::Images)
+        m_reader.finish();
+    else if (!m_begin.empty())
+        takeBytes(m_begin);
+    ended();
 }
 
 } // namespace Monitor

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/sources/ImageSink.h"
 #include "monitor/sources/LineSource.h"
 
 #include <QSocketNotifier>
 
+#include <string>
 #include <vector>
 
 namespace Monitor {
 
-//! Lines from an open file descriptor, usually standard input: a pipe, a terminal or a file.
+/*! Lines from an open file descriptor, usually standard input: a pipe, a terminal or a file. If it begins like a grey image (PGM),
+    it is images, one after the other, instead; those that do not say their time get that of their arrival. */
 class StandardInputSource : public LineSource
 {
     Q_OBJECT
@@ -18,15 +21,32 @@ public:
     //! Reads from \a descriptor, which it does not close.
     explicit StandardInputSource(Clock &clock, int descriptor = 0, QObject *parent = nullptr);
     QString description() const override;
+    LineCounts counts() const override;
 
 protected:
     void open() override;
     void close() override;
 
 private:
+    //! What comes; not known before the first bytes.
+    enum class Content {
+        Unknown,
+        Lines,
+        Images
+    };
+
     void readSome();
+    void take(std::string_view bytes);
+    void takeImages(std::string_view bytes);
+    void takeImage(const PgmImage &image);
+    void endInput();
 
     const int m_descriptor;
+    Content m_content = Content::Unknown;
+    std::string m_begin; //!< what came while that was not known
+    ImageSink m_images;
+    PgmReader m_reader;
+    double m_lastTime; //!< of an image
     QSocketNotifier m_notifier;
     std::vector<char> m_piece;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/statistics/BeamEstimates.h"
 
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include <corvale_qt/detector/DetectorFrame.h>
 #include <corvale_qt/numerics/CellScreening.h>
@@ -12,24 +13,13 @@ using namespace Corvale_Qt;
 
 namespace {
 
-//! Returns the detector of a stream that does not describe one, counted in cells.
-DetectorLayout countedLayout(const StreamHeader &header, bool channelsAreProfile)
+//! Returns the detector of the stream; without a layout, all channels are one profile if that is wanted.
+DetectorLayout layoutOf(const StreamHeader &header, bool channelsAreProfile)
 {
-    const int channels = header.channels.size();
-    const PixelShape pixels = PixelShape::of(header);
-    DetectorDescription description;
-    description.kind = DetectorKind::Strips;
-    if (!pixels.isEmpty()) {
-        description.kind = DetectorKind::Matrix;
-        description.x = DetectorAxis::counted(pixels.columns);
-        description.y = DetectorAxis::counted(pixels.rows);
-    } else if (header.kind == StreamKind::Strips) {
-        description.x = DetectorAxis::counted((channels + 1) / 2);
-        description.y = DetectorAxis::counted(channels / 2);
-    } else if (header.kind == StreamKind::Channels && channelsAreProfile) {
-        description.x = DetectorAxis::counted(channels);
-    }
-    return DetectorLayout::fromDescription(description);
+    const bool isProfile =
+        channelsAreProfile && header.detector.isEmpty() && header.kind == StreamKind::Channels;
+    return isProfile ? DetectorLayout::fromDescription(countedStrips(header.channels.size(), 0))
+                     : detectorOf(header);
 }
 
 //! The regression of the histogram, with the initial parameters of the statistics page.
@@ -41,11 +31,19 @@ BeamEstimate regression(const BeamProfile &profile)
     return logParabolaGaussian(profile, options);
 }
 
-void estimatePlane(BeamProfile profile,
+QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
+{
+    const QString unit = layout.unit(axis);
+    return unit.isEmpty() ? QStringLiteral("cells") : unit;
+}
+
+void estimatePlane(const DetectorFrame &frame,
+                   DetectorLayout::Axis axis,
                    const QString &plane,
-                   const QString &unit,
                    std::vector<PlaneEstimate> *planes)
 {
+    const VerdictLimits &limits = frame.layout.description().verdictLimits;
+    BeamProfile profile = frame.profile(axis);
     flagHotCells(profile);
     const std::pair<const char *, BeamEstimate> estimates[] = {
         {"centre_of_gravity", centreOfGravity(profile)},
@@ -55,14 +53,11 @@ void estimatePlane(BeamProfile profile,
         {"half_maximum", halfMaximumWidth(profile)},
         {"second_moment", secondMomentWidth(profile)}};
     for (const auto &[name, estimate] : estimates)
-        planes->push_back(
-            {plane, QLatin1String(name), estimate, judgeEstimate(profile, estimate), unit});
-}
-
-QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
-{
-    const QString unit = layout.unit(axis);
-    return unit.isEmpty() ? QStringLiteral("cells") : unit;
+        planes->push_back({plane,
+                           QLatin1String(name),
+                           estimate,
+                           judgeEstimate(profile, estimate, limits),
+                           unitOf(frame.layout, axis)});
 }
 
 } // namespace
@@ -72,22 +67,21 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics, bool ch
     using Axis = DetectorLayout::Axis;
     LastEstimates last;
     const StreamHeader &header = statistics.header();
-    const bool described = !header.detector.isEmpty();
-    const DetectorLayout layout =
-        described ? header.detector : countedLayout(header, channelsAreProfile);
+    const DetectorLayout layout = layoutOf(header, channelsAreProfile);
     const std::vector<double> &values = statistics.lastValues();
     if (layout.isEmpty() || values.empty())
         return last;
-    const DetectorFrame frame = DetectorFrame::of(layout, values.data(), int(values.size()));
-    last.leftOut = {LeftOut::What::Readings, frame.leftOut, frame.leftOutSum, header.readingUnit()};
+    DetectorFrame frame = DetectorFrame::of(layout, values.data(), int(values.size()));
+    frame.flagHotCellsOfMatrix();
+    last.leftOut = LeftOut::of(frame, header.readingUnit());
     last.image = secondMomentImage(frame.image());
     last.unit = unitOf(layout, Axis::X);
-    const bool oneProfile = !described && header.kind == StreamKind::Channels;
+    const bool oneProfile = header.detector.isEmpty() && header.kind == StreamKind::Channels;
     for (const auto &[axis, name] :
          {std::pair(Axis::X, oneProfile ? "all" : "x"), std::pair(Axis::Y, "y")}) {
         if (layout.cells(axis) == 0)
             continue;
-        estimatePlane(frame.profile(axis), QLatin1String(name), unitOf(layout, axis), &last.planes);
+        estimatePlane(frame, axis, QLatin1String(name), &last.planes);
     }
     return last;
 }

@@ -29,8 +29,9 @@ void FrameNumbers::take(const double *values)
 {
     using Axis = DetectorLayout::Axis;
     const DetectorLayout &layout = m_header.detector;
-    const DetectorFrame frame = DetectorFrame::of(layout, values, m_header.frameSize);
-    m_leftOut = {LeftOut::What::Readings, frame.leftOut, frame.leftOutSum, m_header.frameUnit};
+    DetectorFrame frame = DetectorFrame::of(layout, values, m_header.frameSize);
+    frame.flagHotCellsOfMatrix();
+    m_leftOut = LeftOut::of(frame, m_header.frameUnit);
     const auto &cells = frame.values;
     m_numbers = {std::accumulate(cells.begin(), cells.end(), 0.0),
                  *std::max_element(cells.begin(), cells.end())};

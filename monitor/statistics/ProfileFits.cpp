@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/statistics/ProfileFits.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include <corvale_qt/numerics/ProfileFit.h>
 #include <corvale_qt/scope/statistics/RVX_RegressionHistogramItem.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Monitor {
@@ -23,7 +25,11 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
     ProfileFitResult result;
     result.profile = profile;
     result.valid = item.compute(0, values, values.size());
-    result.message = item.statusMessage();
+    const bool hasSignal = std::any_of(values.begin(), values.end(), [](float value) {
+        return value > 0.0F;
+    });
+    result.message =
+        hasSignal ? item.statusMessage() : Text::tr("No signal.");
     const Corvale_Qt::ProfileFit &fit = item.fit();
     result.position = double(fit.mean) + 1.0;
     result.sigma = double(fit.sigma);

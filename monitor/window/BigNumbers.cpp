@@ -23,10 +23,11 @@ namespace {
 constexpr double refreshInterval = 0.2; // s; faster numbers cannot be read
 constexpr QSize usualSize{900, 420};
 
-QString millimetres(double value)
+QString length(double value, const QString &unit)
 {
-    return value == SpectrogramCalc::invalid ? QStringLiteral("-")
-                                             : QStringLiteral("%1 mm").arg(value, 0, 'f', 2);
+    return value == SpectrogramCalc::invalid
+        ? QStringLiteral("-")
+        : QStringLiteral("%1 %2").arg(value, 0, 'f', 2).arg(unit);
 }
 
 } // namespace
@@ -110,13 +111,16 @@ void BigNumbers::refresh()
 
 QStringList BigNumbers::beamLines() const
 {
-    const SpectrogramCalc calc = m_displays.profile()->getCalc();
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    const Corvale_Qt::RVXSpectrogram &profile = *m_displays.profile();
+    const SpectrogramCalc calc = profile.getCalc();
     if (!calc.valid)
         return {tr("Beam"), tr("no valid data")};
+    const QString x = profile.lengthUnit(Axis::X), y = profile.lengthUnit(Axis::Y);
     const QString line = QStringLiteral("%1 %2  \u03c3 %3");
     return {tr("Beam"),
-            line.arg(QStringLiteral("X"), millimetres(calc.meanX), millimetres(calc.sigmaX)),
-            line.arg(QStringLiteral("Y"), millimetres(calc.meanY), millimetres(calc.sigmaY))};
+            line.arg(QStringLiteral("X"), length(calc.meanX, x), length(calc.sigmaX, x)),
+            line.arg(QStringLiteral("Y"), length(calc.meanY, y), length(calc.sigmaY, y))};
 }
 
 QStringList BigNumbers::channelLines(int row) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/DisplayTabs.h"
 
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/Baseline.h"
 #include "monitor/window/StateBadge.h"
@@ -132,7 +133,8 @@ void DisplayTabs::beginStream()
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     setTab(m_comparison, tr("Position errors"), m_comparison->isPresent());
     // The channels of a stream of frames are no cells.
-    m_scope->plotView()->setDetectorLayout(header.hasFrames() ? DetectorLayout() : header.detector);
+    m_scope->plotView()->setDetectorLayout(header.hasFrames() ? DetectorLayout()
+                                                              : detectorOf(header));
     if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else

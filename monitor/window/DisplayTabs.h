@@ -49,6 +49,8 @@ public:
     bool offers(const QString &name) const;
     //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
+    //! Has the position say "no beam" where the readings, in their unit, add up to less.
+    void setMinimumSum(double sum) { m_position->setMinimumSum(sum); }
     //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;
 

@@ -2,8 +2,7 @@
 #include "monitor/window/EventLog.h"
 
 #include "monitor/core/Clock.h"
-#include "monitor/readings/DetectorFrames.h"
-#include "monitor/readings/UnitSymbols.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 
 #include <QEvent>
@@ -70,20 +69,15 @@ void EventLog::noteStart(const StreamHeader &header)
     noteAssumptions(header);
 }
 
-//! Reports the pitch that the profile display assumes: it knows the pitches of its own detectors only.
+//! Says that the places of strips or pixels are not known, and how they can be stated.
 void EventLog::noteAssumptions(const StreamHeader &header)
 {
-    if (!DetectorFrames(header).isUsable())
-        return;
-    const bool strips = header.kind == StreamKind::Strips;
-    write(tr("2D profile: positions in mm assume %1; File > Settings... takes a file that "
-             "describes the detector")
-              .arg(strips ? tr("strips 2 mm apart") : tr("pixels 3.8 mm apart")));
-    const auto unit = unitFromSymbol(header.readingUnit());
-    const std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> coulomb =
-        unitFromSymbol(QStringLiteral("C"));
-    if (!unit || !sameQuantity(*unit, *coulomb))
-        write(tr("2D profile: the readings are not charges; read \"C\" as their own unit"));
+    const Corvale_Qt::DetectorLayout shown = detectorOf(header);
+    const bool isCounted =
+        !shown.isEmpty() && shown.unit(Corvale_Qt::DetectorLayout::Axis::X).isEmpty();
+    if (isCounted)
+        write(tr("positions are counted in cells: nobody says how far apart they are; File > "
+                 "Settings > Readings, --detector or the stream can describe the detector"));
 }
 
 void EventLog::write(const QString &text)

@@ -2,6 +2,8 @@
 #include "monitor/window/FrameFeeder.h"
 
 #include "monitor/model/MultichannelDeviceModel.h"
+#include "monitor/readings/LeftOut.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/readings/UnitSymbols.h"
 #include <corvale_qt/units/MeasurementUnit.h>
 
@@ -65,9 +67,7 @@ bool FrameFeeder::hasPosition() const
 
 bool FrameFeeder::hasShownProfile() const
 {
-    // A frame of a described detector is drawn whatever its verdict.
-    return hasProfile()
-        && (m_isDescribed ? m_profile->shownResult().frame > 0 : m_profile->getCalc().valid);
+    return hasProfile() && m_profile->shownResult().frame > m_framesBefore;
 }
 
 bool FrameFeeder::hasShownPosition() const
@@ -84,12 +84,10 @@ void FrameFeeder::setZeros(const QVector<double> &zeros)
     if (!hasPosition() || last < 1 || m_model->header().hasFrames())
         return;
     readRow(last);
-    if (hasProfile()) {
-        m_lastFrame = frameOf(m_values.data(), int(m_values.size()));
-        showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
-    } else {
+    if (hasProfile())
+        takeValues(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()), values());
+    else
         feedPosition(m_values.data());
-    }
     m_again.start();
 }
 
@@ -106,43 +104,39 @@ void FrameFeeder::convertZeros()
 void FrameFeeder::beginStream()
 {
     const StreamHeader &header = m_model->header();
-    m_frames = DetectorFrames(header);
+    m_detector = detectorOf(header);
     m_left = header.indexOf(QStringLiteral("left"));
     m_right = header.indexOf(QStringLiteral("right"));
     m_up = header.indexOf(QStringLiteral("up"));
     m_down = header.indexOf(QStringLiteral("down"));
     m_values.resize(std::size_t(header.channels.size()));
     convertZeros();
-    m_lastFrame.clear();
     m_lastShown = {};
+    m_framesBefore = m_profile->shownResult().frame;
     m_hasPosition = false;
     tellLeftOut({});
-    m_isDescribed =
-        !header.detector.isEmpty() && header.detector.kind() != Corvale_Qt::DetectorKind::Channels;
     m_position->setScale(1);
-    if (m_isDescribed) {
+    if (hasProfile()) {
         beginDetector();
         return;
     }
-    if (header.kind == StreamKind::Strips)
-        m_profile->setL408(true);
-    else if (header.kind == StreamKind::Pixels)
-        m_profile->setPixelated(true);
-    const double reach = hasProfile() ? 20.0 : 1.0; // in mm, or as the asymmetry of two halves
-    m_position->setPositionUnit(hasProfile() ? QStringLiteral("mm") : QString());
+    constexpr double reach = 1.0; // the asymmetry of two halves
+    m_position->setPositionUnit(QString());
     m_position->setXScale(-reach, reach);
     m_position->setYScale(-reach, reach);
 }
 
-//! Has both displays show the detector that the stream describes, as large as it is.
+//! Has both displays show the detector of the stream, as large as it is.
 void FrameFeeder::beginDetector()
 {
     using Axis = Corvale_Qt::DetectorLayout::Axis;
     const StreamHeader &header = m_model->header();
-    m_profile->setLayout(header.detector);
+    m_profile->setLayout(m_detector);
     if (header.hasFrames()) // as the numbers in chart and table
         m_profile->setEstimator(Corvale_Qt::BeamEstimator::LeastSquares);
-    m_profile->setIntensityUnit(header.readingUnit());
+    // Without a unit the display would take the readings for coulombs.
+    const QString unit = header.readingUnit();
+    m_profile->setIntensityUnit(unit.isEmpty() ? tr("arb. units") : unit);
     m_position->setPositionUnit(m_profile->lengthUnit(Axis::X));
     const QRectF reach = m_profile->lengthArea();
     const auto [left, right] = roundedRange(reach.left(), reach.right());
@@ -184,33 +178,36 @@ void FrameFeeder::readRow(int row)
 void FrameFeeder::feed(int row)
 {
     readRow(row);
-    if (!hasProfile()) {
+    if (hasProfile())
+        takeValues(m_model->doubleData(row, 0), values());
+    else
         feedPosition(m_values.data());
-        return;
-    }
-    takeValues(m_model->doubleData(row, 0), m_values.data(), int(m_values.size()));
+}
+
+//! Returns the readings of the row that was read.
+QVector<double> FrameFeeder::values() const
+{
+    return QVector<double>(m_values.begin(), m_values.end());
 }
 
 void FrameFeeder::takeFrame(double time, const QVector<double> &values)
 {
     if (!hasProfile())
         return;
-    takeValues(time, values.constData(), values.size());
+    takeValues(time, values);
     m_again.start();
 }
 
-void FrameFeeder::takeValues(double time, const double *values, int count)
+void FrameFeeder::takeValues(double time, const QVector<double> &values)
 {
-    m_lastFrame = frameOf(values, count);
-    if (!m_isDescribed)
-        tellLeftOut(m_frames.leftOutOf(values).text());
-    showFrame(time);
-}
-
-//! Returns the readings in the order in which the profile display takes them.
-QVector<double> FrameFeeder::frameOf(const double *values, int count) const
-{
-    return m_isDescribed ? QVector<double>(values, values + count) : m_frames.readingsOf(values);
+    const auto frame = Corvale_Qt::DetectorFrame::of(m_detector, values.constData(), values.size());
+    const StreamHeader &header = m_model->header();
+    if (!header.hasFrames()) // of frames the session tells it
+        tellLeftOut(LeftOut::of(frame, header.readingUnit()).text());
+    // The display starts with time 0 and would take a frame at 0 for one that it has seen.
+    m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
+    m_profile->setFrame(frame, m_lastTime);
+    followProfile();
 }
 
 void FrameFeeder::tellLeftOut(const QString &text)
@@ -221,37 +218,31 @@ void FrameFeeder::tellLeftOut(const QString &text)
     Q_EMIT leftOutChanged(text);
 }
 
-void FrameFeeder::showFrame(double time)
-{
-    // The display starts with time 0 and would take a frame at 0 for one that it has seen.
-    m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
-    m_profile->setData(m_lastFrame, m_lastTime);
-    followProfile();
-}
-
 //! Hands the position of the frame that the profile display shows to the position plot.
 void FrameFeeder::followProfile()
 {
-    const Corvale_Qt::SpectrogramCalc shown = m_profile->getCalc();
-    const bool isNew = shown.valid != m_lastShown.valid || shown.meanX != m_lastShown.meanX
-        || shown.meanY != m_lastShown.meanY || shown.integral != m_lastShown.integral;
+    if (!hasShownProfile())
+        return;
+    const Corvale_Qt::SpectrogramResult result = m_profile->shownResult();
+    const Corvale_Qt::SpectrogramCalc &shown = result.calc;
+    const bool isNew = result.frame != m_lastFrame || shown.valid != m_lastShown.valid
+        || shown.meanX != m_lastShown.meanX || shown.meanY != m_lastShown.meanY;
+    m_lastFrame = result.frame;
     m_lastShown = shown;
     if (isNew && shown.valid)
-        m_position->setData(shown.meanX, shown.meanY);
+        m_position->setData(shown.meanX, shown.meanY, shown.integral);
     else if (isNew)
         m_position->showNoBeam();
 }
 
-/*! Hands the last frame on once more, with the smallest possible later time. The displays draw the frame that comes
-    when they are due to redraw and skip others, so that the last frame of a burst would be missed. */
+/*! Follows the displays once they have drawn. They draw the frame that comes when they are due to redraw and skip others: the
+    profile then shows the last frame of a burst by itself, and the position of halves is handed on once more. */
 void FrameFeeder::feedLastAgain()
 {
-    if (!hasProfile())
+    if (hasProfile())
+        followProfile(); // a frame given twice would count twice in its averages
+    else
         feedPosition(m_values.data());
-    else if (m_isDescribed)
-        followProfile(); // it shows the last frame by itself; a frame given twice would count twice in its averages
-    else if (!m_lastFrame.isEmpty())
-        showFrame(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()));
 }
 
 //! Shows the asymmetries of the two pairs of halves, from -1 to 1, or that there is no beam.

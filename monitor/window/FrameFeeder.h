@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/readings/DetectorFrames.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 
@@ -30,10 +29,10 @@ public:
     //! Sets what is subtracted from each channel, in its base unit, and shows the last reading again; nothing if it is empty.
     void setZeros(const QVector<double> &zeros);
     //! Returns whether the model's stream has profiles.
-    bool hasProfile() const { return m_isDescribed || m_frames.isUsable(); }
+    bool hasProfile() const { return !m_detector.isEmpty(); }
     //! Returns whether the model's stream has positions.
     bool hasPosition() const;
-    //! Returns whether the profile display has shown a result of this stream.
+    //! Returns whether the profile display has shown a frame of this stream, whatever its verdict.
     bool hasShownProfile() const;
     //! Returns whether the position display has got a position of this stream.
     bool hasShownPosition() const;
@@ -44,15 +43,14 @@ Q_SIGNALS:
 
 private:
     void beginStream();
-    void takeValues(double time, const double *values, int count);
+    void takeValues(double time, const QVector<double> &values);
     void tellLeftOut(const QString &text);
     void feedRows(int first, int last);
     void convertZeros();
     void readRow(int row);
-    QVector<double> frameOf(const double *values, int count) const;
+    QVector<double> values() const;
     void feed(int row);
     int firstRowToFeed(int first, int last) const;
-    void showFrame(double time);
     void beginDetector();
     void followProfile();
     void feedLastAgain();
@@ -61,17 +59,18 @@ private:
     MultichannelDeviceModel *const m_model;
     Corvale_Qt::RVXSpectrogram *const m_profile;
     Corvale_Qt::RVXPositionPlot *const m_position;
-    DetectorFrames m_frames; //!< of a stream that does not describe its detector
-    bool m_isDescribed = false;
+    Corvale_Qt::DetectorLayout m_detector; //!< empty without profiles
     int m_left = -1, m_right = -1, m_up = -1, m_down = -1;
     std::vector<double> m_values;
     QVector<double> m_baseZeros;
     QVector<double> m_zeros; //!< the same in the unit of the readings
-    QVector<double> m_lastFrame;
     double m_lastTime = 0.0;
     QString m_leftOut;
     QTimer m_again;
     Corvale_Qt::SpectrogramCalc m_lastShown;
+    qint64 m_lastFrame = 0; //!< number of the frame that the position was taken from
+    qint64 m_framesBefore =
+        0; //!< number of the last frame that the profile showed of the stream before
     bool m_hasPosition = false; //!< of halves; those of profiles are m_lastShown
 };
 

@@ -12,6 +12,7 @@ const QString speedKey = QStringLiteral("speed");
 const QString lowKey = QStringLiteral("limit-low");
 const QString highKey = QStringLiteral("limit-high");
 const QString detectorKey = QStringLiteral("detector");
+const QString minimumSumKey = QStringLiteral("minimum-sum");
 const QString folderKey = QStringLiteral("record-folder");
 const QString rotateKey = QStringLiteral("record-rotate");
 const QString compressKey = QStringLiteral("record-compress");
@@ -42,6 +43,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     options.rangeLow = settings.text(lowKey).toDouble();
     options.rangeHigh = settings.text(highKey).toDouble();
     options.detectorFile = settings.text(detectorKey);
+    options.minimumSum = settings.text(minimumSumKey).toDouble();
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
     options.compress = settings.text(compressKey) == yes;
@@ -56,6 +58,7 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
     settings.setText(lowKey, exactText(options.rangeLow));
     settings.setText(highKey, exactText(options.rangeHigh));
     settings.setText(detectorKey, options.detectorFile);
+    settings.setText(minimumSumKey, exactText(options.minimumSum));
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);
     settings.setText(compressKey, options.compress ? yes : QString());

@@ -63,6 +63,9 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
     connect(&session, &Session::sourceReplaced, this, &MonitorWindow::showTitle);
     connect(new FileDrop(this), &FileDrop::dropped, m_sources, &SourceSwitch::open);
+    connect(m_sources, &SourceSwitch::optionsChanged, this, [this](const MonitorOptions &options) {
+        m_displays->setMinimumSum(options.minimumSum);
+    });
 }
 
 MonitorWindow::~MonitorWindow() = default;

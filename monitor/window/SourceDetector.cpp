@@ -2,9 +2,9 @@
 #include "monitor/window/SourceDetector.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/readings/DetectorPresets.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/WindowSettings.h"
-#include <corvale_qt/detector/DetectorFile.h>
 
 #include <QFileInfo>
 
@@ -21,7 +21,7 @@ keptDetector(const QString &source, const QString &usualFile, const WindowSettin
     if (file.isEmpty())
         return detector;
     Corvale_Qt::DetectorFault fault;
-    detector.layout = Corvale_Qt::detectorFromFile(file, &fault);
+    detector.layout = detectorNamed(file, &fault);
     detector.fault = fault.message();
     if (!fault.isEmpty())
         detector.note = Text::tr("ERROR the detector of %1 is not used: %2. Choose another one in "
@@ -35,7 +35,8 @@ keptDetector(const QString &source, const QString &usualFile, const WindowSettin
 
 void keepDetector(const QString &source, const QString &file, WindowSettings &settings)
 {
-    const QString path = file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
+    const bool isName = file.isEmpty() || isPresetName(file);
+    const QString path = isName ? file : QFileInfo(file).absoluteFilePath();
     settings.setDetectorFile(SourceSwitch::completed(source), path);
     if (path.isEmpty())
         settings.setDetectorFile(source, path); // as a former version may have kept it

@@ -141,10 +141,17 @@ void SourceSwitch::remember()
     m_settings.setList(recentKey, texts.mid(0, mostRecent));
 }
 
+void SourceSwitch::beginWith(const MonitorOptions &options)
+{
+    m_options = options;
+    Q_EMIT optionsChanged(m_options);
+}
+
 void SourceSwitch::setOptions(const MonitorOptions &options)
 {
     const QString formerDetector = m_options.detectorFile;
     m_options = options;
+    Q_EMIT optionsChanged(m_options);
     m_session.setRange(options.rangeLow, options.rangeHigh);
     if (options.detectorFile == formerDetector)
         return;

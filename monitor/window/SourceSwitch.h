@@ -43,7 +43,7 @@ public:
     static QString completed(const QString &text);
 
     //! Sets how sources are opened later; the session already has what these options say of it.
-    void beginWith(const MonitorOptions &options) { m_options = options; }
+    void beginWith(const MonitorOptions &options);
     const MonitorOptions &options() const { return m_options; }
     //! Sets how sources are opened from now on; limits and detector hold at once if they can.
     void setOptions(const MonitorOptions &options);
@@ -51,6 +51,8 @@ public:
 Q_SIGNALS:
     //! Emitted when another source is open, or none.
     void currentChanged();
+    //! Emitted when options() are others.
+    void optionsChanged(const Monitor::MonitorOptions &options);
 
 private:
     bool mayEndRecording(const QString &what) const;

@@ -332,14 +332,14 @@ private Q_SLOTS:
             "r%1c%2_nA",
             20,
             15,
-            "start pixels frames, matrix 20 x 15, positions in cells, sum:nA max:nA x sigma_x y "
-            "sigma_y | 0: 0 1");
+            "start pixels frames, matrix 20 x 15, positions in cells, sum:nA max:nA x:cells "
+            "sigma_x:cells y:cells sigma_y:cells | 0: 0 1");
         row("the largest matrix",
             "r%1c%2",
             256,
             256,
-            "start pixels frames, matrix 256 x 256, positions in cells, sum max x sigma_x y "
-            "sigma_y | 0: 0 1");
+            "start pixels frames, matrix 256 x 256, positions in cells, sum max x:cells "
+            "sigma_x:cells y:cells sigma_y:cells | 0: 0 1");
         row("a matrix with more columns is no frame",
             "r%1c%2",
             2,

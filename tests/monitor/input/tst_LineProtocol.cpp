@@ -246,7 +246,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, lines);
         QFETCH(QString, expected);
-        const QString names = "sum max x sigma_x y sigma_y";
+        const QString names = "sum max x:cells sigma_x:cells y:cells sigma_y:cells";
         expected.replace(">>", names);
         const QString start = "start pixels frames, matrix 2 x 2, positions in cells, " + names;
         QString text = readAll(lines.toUtf8());

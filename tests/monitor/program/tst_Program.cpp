@@ -33,6 +33,7 @@ private Q_SLOTS:
         putFile(path("bad.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\nwhat is this\n1,3,7\n");
         putFile(path("empty.csv"), "");
         putFile(path("names.csv"), "time_s,a_nA\n");
+        putFile(path("dark.csv"), "#layout strips\n0" + QByteArray(",0").repeated(64) + "\n");
     }
 
     void exitCodes_data()
@@ -50,6 +51,8 @@ private Q_SLOTS:
             "--screenshot v.png --view spots good.csv",
             1,
             "no data for the display");
+        row("picture without a beam", "--screenshot v.png --view profile dark.csv", 0, "");
+        row("fits without a beam", "--stats dark.csv", 0, "No signal.");
         row("bad line", "--stats bad.csv", 2, "--check shows them");
         row("bad line found", "--check bad.csv", 2, "what is this");
         row("empty", "--stats empty.csv", 2, "no readings");
@@ -232,6 +235,16 @@ private Q_SLOTS:
         QCOMPARE(blind["unit"].toString(), QString("cells"));
         QCOMPARE(blind["plane"].toString(), QString("all"));
         QVERIFY(blind["reasons"].toArray()[0].toString().startsWith("the residuals are"));
+
+        // A preset: charge in a corner, where it has no pixel, is told, and makes the sum wrong.
+        QByteArray corner = "0,100";
+        for (int i = 1; i < 144; ++i)
+            corner += i == 77 || i == 78 ? ",50" : ",1";
+        const QStringList preset{"-", "--stats", "--detector", "preset:pixels144"};
+        const Outcome told = run(preset, "#layout pixels\n" + corner + "\n");
+        QCOMPARE(told.code, 2);
+        QVERIFY2(told.out.contains("24 cells are not wired: 123 left out"), told.out);
+        QVERIFY2(told.out.contains("matrix 12 x 12, mm"), told.out);
 
         const Outcome check = run({"-", "--check"}, "#pitch x 2 mm\n" + line + "\n");
         QCOMPARE(check.code, 0);

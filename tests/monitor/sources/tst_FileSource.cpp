@@ -132,8 +132,9 @@ private Q_SLOTS:
         SourceLog log(*source);
         source->start();
         QTRY_COMPARE(log.stateNames(), QString("Running Finished"));
-        static const QRegularExpression start("start pixels frames, matrix (\\d+ x \\d+), "
-                                              "positions in cells, sum max x sigma_x y sigma_y");
+        static const QRegularExpression start(
+            "start pixels frames, matrix (\\d+ x \\d+), "
+            "positions in cells, sum max x:cells sigma_x:cells y:cells sigma_y:cells");
         QTEST(log.text().replace(start, "> \\1"), "expected");
         QCOMPARE(source->counts().lines, source->counts().readings + source->counts().bad());
     }

@@ -101,6 +101,57 @@ private Q_SLOTS:
         ::close(ends[0]);
     }
 
+    //! Images of 8 and 16 bits and as text, cut anywhere; the second says its time.
+    void imagesOnStandardInput()
+    {
+        int ends[2];
+        QCOMPARE(::pipe(ends), 0);
+        ManualClock clock;
+        StandardInputSource source(clock, ends[0]);
+        SourceLog log(source);
+        source.start();
+        clock.advance(0.5);
+        QVERIFY(say(ends[1], "P"));
+        QVERIFY(say(ends[1], "5 2 1 255\nA"));
+        QVERIFY(say(ends[1], "BP5\n# t 2.5\n2 1\n65535\nAAABP2 1 2 9 7 8 P2 1 1 9 1\n"));
+        ::close(ends[1]);
+        QTRY_COMPARE(source.state(), Source::State::Finished);
+        QCOMPARE(log.text(),
+                 QString("start pixels frames, matrix 1 x 2, positions in cells, sum max x:cells "
+                         "sigma_x:cells y:cells sigma_y:cells | 0.5: 65 66 | 2.5: 16705 16706 | "
+                         "refused 3-4 back"));
+        QCOMPARE(source.counts().readings, qint64(2));
+        ::close(ends[0]);
+    }
+
+    //! A table whose first column is called P5, and an image that breaks off the stream.
+    void whatIsNoImageAndWhatCannotBeRead()
+    {
+        const auto outcome = [](const char *bytes) {
+            int ends[2];
+            if (::pipe(ends) != 0)
+                return QString();
+            ManualClock clock;
+            StandardInputSource source(clock, ends[0]);
+            SourceLog log(source);
+            source.start();
+            say(ends[1], bytes);
+            ::close(ends[1]);
+            const bool ended = QTest::qWaitFor([&] {
+                return source.state() == Source::State::Finished
+                    || source.state() == Source::State::Failed;
+            });
+            ::close(ends[0]);
+            return ended ? log.text() + QStringLiteral(" ") + log.stateNames() : QString();
+        };
+        QVERIFY(outcome("P5,P6\n0,1\n1,2\n").endsWith("0: 1 | 1: 2 Connecting Running Finished"));
+        QVERIFY(outcome("P5").endsWith("Finished"));
+        const QString broken = outcome("P5 1 1 255\nAP5 999 1 255\nA");
+        QVERIFY2(broken.contains("refused 2 unreadable")
+                     && broken.endsWith("Connecting Running Failed"),
+                 qPrintable(broken));
+    }
+
     void tcpClient()
     {
         Instrument instrument;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
-#include "monitor/input/RowReader.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/readings/SpotReport.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include "tests/support/Files.h"

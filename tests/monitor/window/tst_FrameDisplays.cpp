@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/input/RowReader.h"
+#include "monitor/readings/DetectorPresets.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/FrameFeeder.h"
 #include "monitor/window/SpotLayers.h"
@@ -45,6 +46,12 @@ std::vector<double> stripBeam(double x, double y, double sigma = 6.0)
     return values;
 }
 
+Corvale_Qt::DetectorLayout named(const char *preset)
+{
+    Corvale_Qt::DetectorFault fault;
+    return detectorNamed(QLatin1String(preset), &fault);
+}
+
 //! The displays of frames on a session that the test moves.
 struct FedDisplays : ScriptedSession
 {
@@ -74,33 +81,53 @@ class tst_FrameDisplays : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    //! In millimetres of a preset, and in cells of a detector that nobody described.
     void aMovedBeamReadsItsPosition()
     {
-        for (const bool pixels : {false, true}) {
+        struct Case
+        {
+            StreamKind kind;
+            int channels;
+            const char *preset;
+            double pitch, middle; // as they are read
+            double tolerance;
+        };
+        const Case cases[] = {
+            {StreamKind::Strips, 64, "", 2.0, 16.5, 1e-6},
+            {StreamKind::Strips, 64, "preset:strips64", 1.0, 0.0, 1e-6},
+            {StreamKind::Pixels, 144, "", 3.8, 6.5, 0.01},
+            {StreamKind::Pixels, 144, "preset:pixels144", 1.0, 0.0, 0.1}, // corners are missing
+        };
+        for (const Case &one : cases) {
             for (const QPointF &place :
                  {QPointF(0, 0), QPointF(3, 0), QPointF(0, 3), QPointF(-2, -4)}) {
-                const auto [x, y] = std::pair(place.x(), place.y());
                 FedDisplays s;
-                const auto kind = pixels ? StreamKind::Pixels : StreamKind::Strips;
-                s.source->begin(kind, pixels ? 144 : 64, "pC");
+                if (*one.preset)
+                    s.session.setDetector(named(one.preset));
+                s.source->begin(one.kind, one.channels, "pC");
                 QVERIFY(s.feeder.hasProfile());
+                const bool pixels = one.kind == StreamKind::Pixels;
+                const auto [x, y] = std::pair(place.x(), place.y());
                 s.source->give(0.0, pixels ? pixelBeam(x, y) : stripBeam(x, y));
                 QTRY_VERIFY(s.feeder.hasShownProfile());
                 const Corvale_Qt::SpectrogramCalc calc = s.profile.getCalc();
-                const double tolerance = pixels ? 0.05 : 1e-6; // the matrix' corners are missing
-                QVERIFY(std::abs(calc.meanX - x) < tolerance);
-                QVERIFY(std::abs(calc.meanY - y) < tolerance);
-                // Picocoulomb on the line, coulomb in the display.
-                QVERIFY(calc.max < 1e-8 && calc.max > 1e-12);
+                const double readX = (calc.meanX - one.middle) * one.pitch;
+                const double readY = (calc.meanY - one.middle) * one.pitch;
+                QVERIFY2(std::abs(readX - x) < one.tolerance, qPrintable(QString::number(readX)));
+                QVERIFY2(std::abs(readY - y) < one.tolerance, qPrintable(QString::number(readY)));
+                QCOMPARE(s.profile.lengthUnit(Corvale_Qt::DetectorLayout::Axis::Y),
+                         QString(*one.preset ? "mm" : "cells"));
+                QCOMPARE(s.profile.intensityUnit(), QString("pC"));
             }
         }
     }
 
-    //! Charge in the corners of a matrix, where the round detector has no pixels; frames have all cells.
+    //! Charge in the corners of a matrix, where the round detector has no pixels.
     void cellsWithoutAWireAreTold()
     {
         for (const bool frames : {false, true}) {
             FedDisplays s;
+            s.session.setDetector(named("preset:pixels144"));
             QSignalSpy told(&s.feeder, &FrameFeeder::leftOutChanged);
             StreamHeader header;
             header.kind = StreamKind::Pixels;
@@ -119,14 +146,34 @@ private Q_SLOTS:
             values[10] = 100.0; // row 1, column 11
             s.source->give(0.1, values);
             s.settle();
+            const QString text = "24 cells are not wired: 100 nC left out";
             QCOMPARE(told.size(), frames ? 0 : 1);
-            if (frames)
-                continue;
-            QCOMPARE(told.takeFirst().first().toString(),
-                     QString("24 cells are not wired: 100 nC left out"));
+            QCOMPARE(frames ? s.session.statistics().leftOut().text()
+                            : told.takeFirst().first().toString(),
+                     text);
             s.source->begin(StreamKind::Channels, 2);
-            QCOMPARE(told.takeFirst().first().toString(), QString());
+            QCOMPARE(told.size(), frames ? 0 : 1);
         }
+    }
+
+    //! A frame without a beam is drawn, with its verdict.
+    void aFrameThatIsNotValidIsShown()
+    {
+        FedDisplays s;
+        s.source->begin(StreamKind::Strips, 64);
+        QVERIFY(!s.feeder.hasShownProfile());
+        s.source->give(0.0, std::vector<double>(64, 0.0));
+        QTRY_VERIFY(s.feeder.hasShownProfile());
+        QVERIFY(!s.profile.getCalc().valid);
+        QVERIFY2(s.profile.verdict().reasons.contains("X: there is no charge above the background"),
+                 qPrintable(s.profile.verdict().reasons.join("; ")));
+        QTRY_VERIFY(s.position.showsNoBeam());
+        s.source->give(1.0, stripBeam(2.0, 0.0));
+        QTRY_VERIFY(!s.position.showsNoBeam());
+        s.position.setMinimumSum(1e9);
+        s.source->give(2.0, stripBeam(3.0, 0.0));
+        s.settle();
+        QTRY_VERIFY(s.position.showsNoBeam());
     }
 
     void aDescribedDetectorIsShown()
@@ -194,29 +241,13 @@ private Q_SLOTS:
         for (int i = 0; i <= 50; ++i)
             s.source->give(0.001 * i, stripBeam(0.1 * i, 0.0));
         s.settle();
-        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
+        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 19.0) < 1e-6);
         s.session.setPaused(true); // frames wait
         for (int i = 1; i < 1000; ++i)
             s.source->give(1.0 + 0.01 * i, stripBeam(2.0, 0.0));
-        QVERIFY(std::abs(s.profile.getCalc().meanX - 5.0) < 1e-6);
+        QVERIFY(std::abs(s.profile.getCalc().meanX - 19.0) < 1e-6);
         s.session.setPaused(false);
-        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 2.0) < 1e-6);
-    }
-
-    void missingCellsCountAsNothing()
-    {
-        StreamHeader header;
-        header.kind = StreamKind::Strips;
-        header.channels = StreamHeader::defaultChannels(StreamKind::Strips, 64);
-        const DetectorFrames frames(header);
-        std::vector<double> values(64, 2.0);
-        values[3] = std::nan("");
-        const QVector<double> readings = frames.readingsOf(values.data());
-        QCOMPARE(readings.size(), 128);
-        QCOMPARE(readings[3], 0.0);
-        QCOMPARE(readings[4], 2.0);
-        QCOMPARE(readings[64], 2.0);
-        QCOMPARE(readings[40], 0.0);
+        QTRY_VERIFY(std::abs(s.profile.getCalc().meanX - 17.5) < 1e-6);
     }
 
     void spotLayers()

@@ -564,7 +564,13 @@ private Q_SLOTS:
         dialog.findChild<QCheckBox *>("compress")->setChecked(true);
         type("detector", file("no.json"));
         QVERIFY(!fault().isEmpty());
-        type("detector", "");
+        type("detector", "preset:none");
+        QVERIFY2(fault().contains("there are preset:strips64, "), qPrintable(fault()));
+        dialog.findChild<QPushButton *>("presets")->menu()->actions().first()->trigger();
+        QCOMPARE(dialog.options().detectorFile, QString("preset:strips64"));
+        type("minimumSum", "half");
+        QVERIFY(fault().contains("is no number"));
+        type("minimumSum", "0.5");
         dialog.findChild<QDoubleSpinBox *>("speed")->setValue(2.5);
         auto *languages = dialog.findChild<QComboBox *>("language");
         languages->setCurrentIndex(languages->findText("Deutsch"));
@@ -580,6 +586,8 @@ private Q_SLOTS:
         QCOMPARE(kept.language, QString("de"));
         QCOMPARE(kept.rotation, QString("1h"));
         QVERIFY(kept.compress);
+        QCOMPARE(kept.minimumSum, 0.5);
+        QCOMPARE(kept.detectorFile, QString("preset:strips64"));
         QVERIFY(std::isinf(kept.file.to)); // belongs to one file
     }
 

@@ -109,7 +109,7 @@ private Q_SLOTS:
             {StreamKind::Strips, 64, "Scope, 2D profile, Position: profile"},
             {StreamKind::Spots, 5, "Scope, Spot map: spots"},
             {StreamKind::Pixels, 144, "Scope, 2D profile, Position: profile"},
-            {StreamKind::Pixels, 9, "Scope: histogram"}, // no detector that the display knows
+            {StreamKind::Pixels, 9, "Scope, 2D profile, Position: profile"},
             {StreamKind::Channels, 4, "Scope: strip"}};
         for (const auto &[kind, channels, state] : streams) {
             w.source->begin(kind, channels);

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/StreamHeader.h"
+
+namespace Monitor {
+
+//! Returns the description of a matrix whose rows and columns are counted.
+Corvale_Qt::DetectorDescription countedMatrix(int rows, int columns);
+//! Returns the description of two planes of strips that are counted.
+Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY);
+
+/*! Returns the detector that a stream of strips or pixels is shown on: the one that it describes; otherwise one that is counted in
+    cells, because nobody says how far apart they are, with the strips shared evenly between x and y. Empty for streams without
+    such places. */
+Corvale_Qt::DetectorLayout detectorOf(const StreamHeader &header);
+
+} // namespace Monitor

@@ -1,173 +1,26 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
-#include "monitor/program/Language.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
-#include "monitor/window/Appearance.h"
 #include "monitor/window/Baseline.h"
 #include "monitor/window/BigNumbers.h"
-#include "monitor/window/DisplayTabs.h"
-#include "monitor/window/EventLog.h"
 #include "monitor/window/ImportDialog.h"
 #include "monitor/window/KeptConnections.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/LatestValuePanel.h"
-#include "monitor/window/MonitorWindow.h"
-#include "monitor/window/NoticeLine.h"
-#include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
-#include "monitor/window/StatusField.h"
 #include "monitor/window/TapePanel.h"
 #include "monitor/window/WindowSettings.h"
 #include "tests/monitor/support/Dialogs.h"
-#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
-#include <corvale_qt/models/RVXAbstractPlotDataModel.h>
-#include <corvale_qt/scope/RVXScope.h>
-
-#include <qwt_plot.h>
 
 using namespace Monitor;
 
-namespace {
-
-constexpr QSize smallScreen{1024, 600};
-
-struct DoorInTest : ScriptedSession
-{
-    explicit DoorInTest(const QString &settings)
-        : window(session, settings)
-    {
-        window.resize(smallScreen);
-        window.show();
-        session.start();
-    }
-    QAction *action(const char *name) const
-    {
-        for (QMenu *menu : window.menuBar()->findChildren<QMenu *>())
-            for (QAction *entry : menu->actions())
-                if (entry->objectName() == QLatin1String(name))
-                    return entry;
-        for (QMenu *menu : window.findChildren<QMenu *>())
-            for (QAction *entry : menu->actions())
-                if (entry->objectName() == QLatin1String(name))
-                    return entry;
-        return nullptr;
-    }
-    QList<QMenu *> menus() const
-    {
-        QList<QMenu *> menus;
-        for (const QAction *entry : window.menuBar()->actions())
-            menus.append(entry->menu());
-        for (int i = 0; i < menus.size(); ++i)
-            for (const QAction *entry : menus.at(i)->actions())
-                if (entry->menu())
-                    menus.append(entry->menu());
-        return menus;
-    }
-    QString log() const { return window.findChild<EventLog *>()->textBrowser()->toPlainText(); }
-    QString value(int row) const
-    {
-        return window.findChild<QTableView *>("latestValues")
-            ->model()
-            ->index(row, 1)
-            .data()
-            .toString();
-    }
-    //! Returns the newest value of a channel as the table has it, in the unit of the stream.
-    double number(int row) const
-    {
-        return window.findChild<QTableView *>("latestValues")
-            ->model()
-            ->index(row, 1)
-            .data(Corvale_Qt::RVXAbstractPlotDataModel::NumericValueRole)
-            .toDouble();
-    }
-    QString notice(const char *name) const { return window.findChild<NoticeLine *>(name)->text(); }
-
-    MonitorWindow window;
-};
-
-//! Returns the letter after the ampersand, in upper case; a null character without one.
-QChar mnemonicOf(QString text)
-{
-    text.remove("&&");
-    const int mark = text.indexOf('&');
-    return mark < 0 ? QChar() : text.at(mark + 1).toUpper();
-}
-
-//! Returns the keys of the buttons and labels in a window, each as "Alt+A: &Automatic".
-QStringList mnemonicsIn(const QWidget *window)
-{
-    QStringList keys;
-    const auto add = [&](const QWidget *part, const QString &text) {
-        if (part->window() == window && part->isVisibleTo(window) && !mnemonicOf(text).isNull())
-            keys.append(QString("Alt+%1: %2").arg(mnemonicOf(text)).arg(text));
-    };
-    for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
-        add(button, button->text());
-    for (const QLabel *label : window->findChildren<QLabel *>())
-        if (label->buddy())
-            add(label, label->text());
-    for (const QTabBar *bar : window->findChildren<QTabBar *>())
-        for (int tab = 0; tab < bar->count(); ++tab)
-            add(bar, bar->tabText(tab));
-    return keys;
-}
-
-//! Returns keys that more than one text in a window claims.
-QStringList clashesIn(const QWidget *window)
-{
-    QMap<QString, QString> owners;
-    QStringList clashes;
-    for (const QString &mnemonic : mnemonicsIn(window)) {
-        const QString key = mnemonic.section(':', 0, 0);
-        if (owners.contains(key))
-            clashes.append(owners.value(key) + " and " + mnemonic);
-        owners.insert(key, mnemonic);
-    }
-    return clashes;
-}
-
-//! Shows what is opened while it lives in one language.
-struct InLanguage
-{
-    explicit InLanguage(const QString &code) { installLanguage(code); }
-    ~InLanguage() { installLanguage("en"); }
-};
-
-void addLanguages()
-{
-    QTest::addColumn<QString>("language");
-    for (const char *language : {"en", "de", "fr", "ja"})
-        QTest::newRow(language) << QString(language);
-}
-
-/*! Hears which texts are asked for. It translates none, so that the translators behind it do. */
-class TextListener : public QTranslator
-{
-public:
-    TextListener() { QCoreApplication::installTranslator(this); }
-    ~TextListener() override { QCoreApplication::removeTranslator(this); }
-    QString translate(const char *context, const char *text, const char *, int) const override
-    {
-        m_heard.insert(qMakePair(QString::fromUtf8(context), QString::fromUtf8(text)));
-        return QString();
-    }
-    bool isEmpty() const override { return false; }
-    //! Returns the texts that were asked for, each with its context.
-    QSet<QPair<QString, QString>> heard() const { return m_heard; }
-
-private:
-    mutable QSet<QPair<QString, QString>> m_heard;
-};
-
-} // namespace
-
-//! The menus and dialogs of the window, by keyboard and by mouse, on a small screen.
+//! The menus and dialogs by which sources are opened and settings are made, by keyboard and by mouse.
 class tst_FrontDoor : public QObject
 {
     Q_OBJECT
@@ -175,125 +28,9 @@ class tst_FrontDoor : public QObject
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
-    void keysAndMnemonicsDoNotClash_data() { addLanguages(); }
-    void keysAndMnemonicsDoNotClash()
-    {
-        QFETCH(QString, language);
-        const InLanguage inLanguage(language);
-        DoorInTest w(file("keys.xui"));
-        QMap<QString, QString> owners;
-        QSet<const QAction *> inMenus;
-        QStringList clashes;
-        const auto claim = [&](const QString &key, const QString &owner) {
-            if (owners.contains(key))
-                clashes.append(key + ": " + owners.value(key) + ", " + owner);
-            owners.insert(key, owner);
-        };
-        for (const QAction *menu : w.window.menuBar()->actions())
-            claim(QString("Alt+") + mnemonicOf(menu->text()), menu->text());
-        for (QMenu *menu : w.menus()) {
-            for (const QAction *entry : menu->actions()) {
-                if (entry->isSeparator())
-                    continue;
-                const QChar letter = mnemonicOf(entry->text());
-                if (!letter.isNull())
-                    claim(menu->title() + " " + letter, entry->text());
-                for (const QKeySequence &keys : entry->shortcuts())
-                    claim(keys.toString(), entry->text());
-                inMenus.insert(entry);
-            }
-        }
-        for (const QAction *action : w.window.findChildren<QAction *>())
-            for (const QKeySequence &keys : action->shortcuts())
-                if (!inMenus.contains(action) && !keys.isEmpty())
-                    claim(keys.toString(), action->text() + action->objectName());
-        for (const QShortcut *shortcut : w.window.findChildren<QShortcut *>())
-            claim(shortcut->key().toString(), shortcut->parent()->objectName());
-        for (const QString &mnemonic : mnemonicsIn(&w.window))
-            claim(mnemonic.section(':', 0, 0), mnemonic);
-        QCOMPARE(clashes.join("; "), QString());
-        QVERIFY(owners.size() > 50);
-    }
-
-    void mnemonicsOfDialogsDoNotClash_data() { addLanguages(); }
-    void mnemonicsOfDialogsDoNotClash()
-    {
-        QFETCH(QString, language);
-        const InLanguage inLanguage(language);
-        ManualClock clock;
-        SettingsDialog settings(MonitorOptions(), file("dialog.xui"));
-        auto *pages = settings.findChild<QTabWidget *>();
-        QStringList clashes;
-        for (int page = 0; page < pages->count(); ++page) {
-            pages->setCurrentIndex(page);
-            clashes += clashesIn(&settings);
-        }
-        ConnectDialog connection(clock, {});
-        auto *kinds = connection.findChild<QListWidget *>("kinds");
-        for (int row = 0; row < kinds->count(); ++row) {
-            kinds->setCurrentRow(row);
-            clashes += clashesIn(&connection);
-        }
-        QCOMPARE(clashes.join("; "), QString());
-    }
-
-    /*! A text whose context the catalogs do not know would stay English. The lines of the log and what goes into files are
-        English on purpose. */
-    void everyTextIsFoundInTheCatalogs()
-    {
-        const InLanguage german("de");
-        QTranslator catalogs[2];
-        QVERIFY(catalogs[0].load(":/corvale_qt/translations/corvale_qt_de"));
-        QVERIFY(catalogs[1].load(":/corvale_monitor/translations/corvale_monitor_de"));
-        const TextListener listener;
-        DoorInTest w(file("texts.xui"));
-        QCOMPARE(w.action("settings")->text().remove('&'), QString("Einstellungen..."));
-        w.source->begin(StreamKind::Pixels, 64);
-        w.run(3);
-        w.settle();
-        ConnectDialog connection(w.clock, {});
-        SettingsDialog settings(MonitorOptions(), file("texts.xui"));
-        QStringList missing;
-        for (const auto &[context, text] : listener.heard()) {
-            const QByteArray inContext = context.toUtf8(), source = text.toUtf8();
-            const bool isOurs = context.startsWith("Corvale_Qt") || context.startsWith("Monitor");
-            const bool isLogged = context == "Monitor::EventLog";
-            if (isOurs && !isLogged && !text.isEmpty()
-                && catalogs[0].translate(inContext, source).isEmpty()
-                && catalogs[1].translate(inContext, source).isEmpty())
-                missing.append(context + ": " + text);
-        }
-        QCOMPARE(missing.join("; "), QString());
-        QVERIFY(listener.heard().size() > 300);
-    }
-
-    void recordingsAndLogsAreTheSameInEveryLanguage()
-    {
-        const QString table = file("faults.csv");
-        putFile(table,
-                "#limits a ,,2,2.5\n#pitch x -1\n#dead "
-                "77\ntime_s,a_nA,b_nA\n0,1,2\n1,none,3\n2,3,5\n3,1,2\n");
-        const auto run = [&](const QString &language) {
-            const InLanguage inLanguage(language);
-            QFile::remove(file("said.csv"));
-            DoorInTest w(file(qPrintable(language + "-said.xui")));
-            w.window.sources().open(table);
-            w.record(file("said.csv"));
-            w.clock.advance(2.0);
-            w.clock.advance(3.0);
-            w.session.stopRecording();
-            return w.log() + QString::fromUtf8(fileContents(file("said.csv")));
-        };
-        const QString english = run("en");
-        QVERIFY2(english.contains("not used") && english.contains("recording to"),
-                 qPrintable(english));
-        QCOMPARE(run("ja"), english);
-        QCOMPARE(run("de"), english);
-    }
-
     void aSourceIsConnectedByKeyboardAlone()
     {
-        DoorInTest w(file("keyboard.xui"));
+        SmallWindow w(file("keyboard.xui"));
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
         press(Qt::Key_F, Qt::AltModifier);
         QTRY_VERIFY(QApplication::activePopupWidget());
@@ -323,7 +60,7 @@ private Q_SLOTS:
     //! A change of the source ends the recording, after a question, and leaves nothing of the former source.
     void anotherSourceReplacesTheFirst()
     {
-        DoorInTest w(file("replace.xui"));
+        SmallWindow w(file("replace.xui"));
         const QString table = file("two.csv");
         putFile(table, "time_s,left_nA,right_nA\n0,1,2\n0.1,3,4\n0.2,5,6\n0.3,5,6\n0.4,5,6\n");
         w.source->live = true;
@@ -373,7 +110,7 @@ private Q_SLOTS:
     //! A file has a tape, and no other source has; the operator's choice to hide it holds for the next file.
     void theTapeComesAndGoesWithItsFile()
     {
-        DoorInTest w(file("tape.xui"));
+        SmallWindow w(file("tape.xui"));
         const QString table = file("tape.csv");
         putFile(table, "time_s,a_nA\n0,1\n1,2\n2,3\n");
         const auto tape = [&] {
@@ -400,25 +137,9 @@ private Q_SLOTS:
         QVERIFY(!tape());
     }
 
-    //! Tape, legend, time span and panels leave the plot half of a small window.
-    void thePlotHasMostOfASmallWindow()
-    {
-        DoorInTest w(file("room.xui"));
-        const QString table = file("seven.csv");
-        putFile(table,
-                "time_s,a_nA,b_nA,c_nA,d_nA,e_nA,f_nA,g_nA\n0,1,2,3,4,5,6,7\n1,1,2,3,4,5,6,7\n");
-        QVERIFY(w.window.sources().open(table));
-        w.clock.advance(2.0);
-        w.window.displays().showDisplay("strip");
-        w.window.resize(smallScreen);
-        const auto *plot = w.window.displays().scope()->findChild<QwtPlot *>();
-        QTRY_VERIFY2(plot->height() >= smallScreen.height() / 2,
-                     qPrintable(QString::number(plot->height())));
-    }
-
     void aTableOfAnotherProgramIsAskedAboutWhenItIsOpened()
     {
-        DoorInTest w(file("import.xui"));
+        SmallWindow w(file("import.xui"));
         const QString table = file("other.csv");
         putFile(table, "time;a [nA]\n0,0;1,5\n0,1;2,5\n0,2;3,5\n");
         int questions = 0;
@@ -444,7 +165,7 @@ private Q_SLOTS:
         const QString strips = file("strips.json");
         putFile(strips, R"({"detector":1,"kind":"strips","x":{"cells":64,"pitch":2,"unit":"mm"}})");
         WindowSettings(settings).setDetectorFile("sim:strips", strips);
-        DoorInTest w(settings);
+        SmallWindow w(settings);
         QVERIFY(w.window.sources().open("sim:strips"));
         QVERIFY(w.log().contains("the detector is that of " + strips));
         QVERIFY(w.window.sources().open("sim:ic4"));
@@ -455,7 +176,7 @@ private Q_SLOTS:
 
     void aFileIsDroppedOnTheWindow()
     {
-        DoorInTest w(file("drop.xui"));
+        SmallWindow w(file("drop.xui"));
         const QString table = file("dropped.csv");
         putFile(table, "time_s,a_nA\n0,1\n1,2\n");
         QMimeData data;
@@ -593,7 +314,7 @@ private Q_SLOTS:
 
     void clearingIsAskedAndUndone()
     {
-        DoorInTest w(file("clear.xui"));
+        SmallWindow w(file("clear.xui"));
         w.source->begin(StreamKind::Channels, 2);
         w.run(20);
         w.settle();
@@ -636,7 +357,7 @@ private Q_SLOTS:
 
     void theZeroReachesEveryDisplay()
     {
-        DoorInTest w(file("zero.xui"));
+        SmallWindow w(file("zero.xui"));
         StreamHeader header;
         for (const char *name : {"left", "right", "up", "down"})
             header.channels.append(Channel{name, "nA"});
@@ -672,154 +393,6 @@ private Q_SLOTS:
         // Another source has another zero.
         QVERIFY(w.window.sources().open("sim:ic4"));
         QCOMPARE(w.window.displays().baseline()->text(), QString());
-    }
-
-    void screensComeAndGo_data()
-    {
-        QTest::addColumn<QRect>("frame");
-        QTest::addColumn<QRect>("placed");
-        QTest::newRow("inside") << QRect(10, 20, 800, 500) << QRect(10, 20, 800, 500);
-        QTest::newRow("too large") << QRect(0, 0, 1600, 1000) << QRect(0, 0, 1024, 600);
-        QTest::newRow("over two edges") << QRect(-100, 300, 800, 500) << QRect(0, 100, 800, 500);
-        QTest::newRow("on the second screen")
-            << QRect(1100, 50, 1600, 1000) << QRect(1100, 50, 1600, 1000);
-        QTest::newRow("on a screen that is gone")
-            << QRect(9000, -900, 800, 500) << QRect(224, 0, 800, 500);
-    }
-    void screensComeAndGo()
-    {
-        QFETCH(QRect, frame);
-        QTEST(fitted(frame, {QRect(0, 0, 1024, 600), QRect(1024, 0, 1920, 1200)}), "placed");
-    }
-
-    void theStatisticsFollowThePalette()
-    {
-        DoorInTest w(file("palette.xui"));
-        auto *page = w.window.findChild<QDockWidget *>("statistics")->widget();
-        const QPalette before = QApplication::palette();
-        QPalette dark = before;
-        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            dark.setColor(role, QColor(30, 32, 35));
-        for (const QPalette::ColorRole role :
-             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-            dark.setColor(role, Qt::white);
-        QApplication::setPalette(dark);
-        QCoreApplication::processEvents();
-        const QImage picture = page->grab().toImage();
-        int light = 0;
-        for (int y = 0; y < picture.height(); y += 4)
-            for (int x = 0; x < picture.width(); x += 4)
-                light += picture.pixelColor(x, y).lightness() > 200;
-        const int all = picture.width() * picture.height() / 16;
-        QApplication::setPalette(before);
-        QVERIFY2(light < all / 10, qPrintable(QString("%1 of %2").arg(light).arg(all)));
-    }
-
-    //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.
-    void nothingIsClippedOnASmallScreen()
-    {
-        DoorInTest w(file("small.xui"));
-        w.source->begin(StreamKind::Strips, 64);
-        w.run(3);
-        ClippedTexts clipped;
-        int dialogs = 0;
-        const auto lookAtDialog = [&](const QString &name, QDialog *dialog) {
-            ++dialogs;
-            QCoreApplication::processEvents();
-            if (qobject_cast<QFileDialog *>(dialog))
-                return;
-            clipped.look(name, dialog);
-            clipped.require(name, dialog, smallScreen);
-            auto *kinds = dialog->findChild<QListWidget *>("kinds");
-            for (int row = 0; kinds && row < kinds->count(); ++row) {
-                kinds->setCurrentRow(row);
-                QCoreApplication::processEvents();
-                clipped.look(kinds->item(row)->text(), dialog);
-            }
-            auto *tabs = dialog->findChild<QTabWidget *>();
-            for (int page = 0; tabs && page < tabs->count(); ++page) {
-                tabs->setCurrentIndex(page);
-                QCoreApplication::processEvents();
-                clipped.look(tabs->tabText(page), dialog);
-            }
-        };
-        const auto lookAtWindows = [&](const QString &name) {
-            for (const QWidget *shown : QApplication::topLevelWidgets())
-                if (shown->isVisible() && !qobject_cast<const QMenu *>(shown)) {
-                    clipped.look(name, shown);
-                    clipped.require(name, shown, smallScreen);
-                }
-        };
-        auto *appearance = w.window.findChild<Appearance *>();
-        for (const Appearance::Choice choice :
-             {Appearance::Choice::Light, Appearance::Choice::Dark}) {
-            appearance->choose(choice);
-            QCoreApplication::processEvents();
-            for (QMenu *menu : w.menus()) {
-                clipped.lookAtMenu(menu, smallScreen);
-                for (QAction *entry : menu->actions()) {
-                    const QString name = entry->objectName();
-                    const bool leaves = entry->shortcut() == QKeySequence(QKeySequence::Quit)
-                        || name == "closeSource" || name == "print" || name == "fullScreen";
-                    if (entry->isSeparator() || entry->menu() || leaves || !entry->isEnabled())
-                        continue;
-                    onEveryDialog(
-                        [&](QDialog *dialog) {
-                            lookAtDialog(entry->text(), dialog);
-                        },
-                        [entry] {
-                            entry->trigger();
-                        });
-                    QCoreApplication::processEvents();
-                    lookAtWindows(entry->text());
-                    if (entry->isCheckable() && !entry->actionGroup())
-                        entry->trigger();
-                }
-            }
-        }
-        QVERIFY(dialogs >= 2 * 10 && clipped.looked() > 1000);
-        QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
-        QCOMPARE(clipped.text(), QString());
-    }
-
-    //! Whatever the size of the window, the status line is in it, and what it cuts ends with an ellipsis.
-    void theStatusLineStaysInTheWindow()
-    {
-        DoorInTest w(file("status.xui"));
-        w.source->live = true;
-        w.source->begin(StreamKind::Channels, 2, "nA");
-        w.run(3);
-        w.session.setPaused(true);
-        const QString path =
-            file("a-recording-with-a-name-that-is-longer-than-its-field-is-wide.csv");
-        QCOMPARE(w.record(path), QString());
-        w.clock.advance(0.3);
-        auto *log = w.window.findChild<QDockWidget *>("log");
-        auto *scope = w.window.displays().scope();
-        const auto *recording = w.window.statusBar()->findChild<StatusField *>("recording");
-        const auto *notices = w.window.statusBar()->findChild<StatusField *>("notices");
-        for (const QSize &size :
-             {QSize(1600, 1000), QSize(800, 440), QSize(1024, 600), QSize(640, 360)}) {
-            w.window.resize(size);
-            QCoreApplication::processEvents();
-            QCOMPARE(w.window.size(), size);
-            const QWidget *status = w.window.statusBar();
-            QVERIFY(status->isVisible() && w.window.rect().contains(status->geometry()));
-            for (const StatusField *field : status->findChildren<StatusField *>())
-                QVERIFY2(status->rect().contains(field->geometry()),
-                         qPrintable(field->objectName()));
-            QVERIFY(notices->shownTexts().first().startsWith("PAUSED"));
-            // What is hidden for the plot comes back with the room for it.
-            QCOMPARE(log->isVisible(), size.height() >= 700);
-            QCOMPARE(scope->areControlsVisible(), size.height() >= 700);
-        }
-        QVERIFY(recording->shownTexts().first().endsWith(QChar(0x2026)));
-        QVERIFY(recording->toolTip().contains("longer-than-its-field"));
-        QVERIFY(notices->toolTip().contains("Space"));
-        log->toggleViewAction()->trigger(); // the operator wants to see it here
-        w.window.resize(1600, 1000);
-        w.window.resize(1024, 600);
-        QVERIFY(!log->isVisible());
     }
 
 private:

@@ -1,57 +1,30 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/window/DisplayTabs.h"
-#include "monitor/window/EventLog.h"
 #include "monitor/window/LimitActions.h"
 #include "monitor/window/LimitsDialog.h"
-#include "monitor/window/MonitorWindow.h"
-#include "monitor/window/NoticeLine.h"
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/TriggerDialog.h"
 #include "monitor/window/ValueAxisDialog.h"
-#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
-#include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
-#include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QScopeGuard>
-#include <QTableWidget>
-#include <QTimer>
 
 using namespace Monitor;
 using Corvale_Qt::TimeSpanBox;
 
 namespace {
 
-struct WindowInTest : ScriptedSession
+//! A window, and what it shows of its displays.
+struct DisplayedWindow : WindowInTest
 {
-    explicit WindowInTest(const QString &settings)
-        : window(session, settings)
-    {
-        window.resize(1200, 800);
-        window.show();
-        session.start();
-    }
-    QString status(const char *name) const
-    {
-        QString text = window.statusBar()->findChild<QLabel *>(QLatin1String(name))->text();
-        static const QRegularExpression tags("<[^>]*>");
-        return text.remove(tags).replace("&nbsp;", " ").trimmed();
-    }
-    QString log() const { return window.findChild<EventLog *>()->textBrowser()->toPlainText(); }
-    QTableView *values() const { return window.findChild<QTableView *>("latestValues"); }
-    QString value(int row) const { return values()->model()->index(row, 1).data().toString(); }
+    using WindowInTest::WindowInTest;
     QString tabs() const
     {
         QStringList titles;
@@ -73,7 +46,6 @@ struct WindowInTest : ScriptedSession
         Q_EMIT source->readingsArrived(block);
         settle();
     }
-    QwtPlot *plot() const { return window.displays().scope()->findChild<QwtPlot *>(); }
     //! Returns what the strip chart shows and how many samples its curve has: "40..100 s, 60002 samples".
     QString chart() const
     {
@@ -86,9 +58,6 @@ struct WindowInTest : ScriptedSession
             .arg(x.maxValue())
             .arg(curve ? curve->dataSize() : 0);
     }
-    QString notice() const { return window.findChild<NoticeLine *>("sourceNotice")->text(); }
-
-    MonitorWindow window;
 };
 
 } // namespace
@@ -103,7 +72,7 @@ private Q_SLOTS:
 
     void aTabStandsWhileTheDataHasItsLayout()
     {
-        WindowInTest w(settings("tabs.xui"));
+        DisplayedWindow w(settings("tabs.xui"));
         QCOMPARE(w.state(), QString("Scope: strip"));
         const std::tuple<StreamKind, int, const char *> streams[] = {
             {StreamKind::Strips, 64, "Scope, 2D profile, Position: profile"},
@@ -121,7 +90,7 @@ private Q_SLOTS:
 
     void aDisplayThatIsOutComesBackWhenItsDataGo()
     {
-        WindowInTest w(settings("out.xui"));
+        DisplayedWindow w(settings("out.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.window.displays().popOut(1);
         w.source->begin(StreamKind::Strips, 64);
@@ -134,7 +103,7 @@ private Q_SLOTS:
 
     void spacePausesWhereverTheFocusIs()
     {
-        WindowInTest w(settings("pause.xui"));
+        DisplayedWindow w(settings("pause.xui"));
         w.source->begin(StreamKind::Channels, 3);
         w.run(4);
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
@@ -158,7 +127,7 @@ private Q_SLOTS:
 
     void silenceMarksValuesAndStatus()
     {
-        WindowInTest w(settings("stale.xui"));
+        DisplayedWindow w(settings("stale.xui"));
         w.source->begin(StreamKind::Channels, 2);
         w.run(10);
         QCOMPARE(w.value(1), QString("1009"));
@@ -177,7 +146,7 @@ private Q_SLOTS:
     {
         const QString file = settings("limits.xui");
         {
-            WindowInTest w(file);
+            DisplayedWindow w(file);
             auto *actions = w.window.findChild<LimitActions *>();
             int sounds = 0;
             actions->setSound([&] {
@@ -227,7 +196,7 @@ private Q_SLOTS:
             QVERIFY(!w.status("notices").contains("ALARM"));
             QVERIFY2(!w.value(1).startsWith("ALARM"), qPrintable(w.value(1)));
         }
-        WindowInTest again(file);
+        DisplayedWindow again(file);
         again.source->begin(StreamKind::Channels, 2, "nA");
         again.source->give(0.1, {1.0, 2000.0});
         again.clock.advance(0.25);
@@ -237,7 +206,7 @@ private Q_SLOTS:
 
     void theTriggerIsSetByKeyboard()
     {
-        WindowInTest w(settings("trigger.xui"));
+        DisplayedWindow w(settings("trigger.xui"));
         w.source->begin(StreamKind::Channels, 2, "nA");
         w.run(300);
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
@@ -271,7 +240,7 @@ private Q_SLOTS:
 
     void enterTogglesAChannel()
     {
-        WindowInTest w(settings("enter.xui"));
+        DisplayedWindow w(settings("enter.xui"));
         w.source->begin(StreamKind::Channels, 3);
         w.run(2);
         QVERIFY(QTest::qWaitForWindowActive(&w.window));
@@ -285,7 +254,7 @@ private Q_SLOTS:
 
     void theStatusTellsBadLinesAndGaps()
     {
-        WindowInTest w(settings("status.xui"));
+        DisplayedWindow w(settings("status.xui"));
         w.source->begin(StreamKind::Channels, 1);
         w.run(10);
         w.source->refuse(2);
@@ -300,7 +269,7 @@ private Q_SLOTS:
 
     void aFloodOfBadLinesDoesNotFloodTheLog()
     {
-        WindowInTest w(settings("flood.xui"));
+        DisplayedWindow w(settings("flood.xui"));
         w.source->begin(StreamKind::Channels, 1);
         const int before = w.log().count(QLatin1Char('\n'));
         w.source->refuse(10000);
@@ -313,7 +282,7 @@ private Q_SLOTS:
 
     void troubleSaysWhatToDo()
     {
-        WindowInTest w(settings("trouble.xui"));
+        DisplayedWindow w(settings("trouble.xui"));
         QCOMPARE(w.notice(), QString());
         w.source->setState(Source::State::Retrying, QString("script: refused; trying again"));
         QCOMPARE(w.notice(), QString("script: refused; trying again. Ask the author."));
@@ -334,7 +303,7 @@ private Q_SLOTS:
     void theHintGoesForGood()
     {
         for (bool first : {true, false}) {
-            WindowInTest w(settings("hint.xui"));
+            DisplayedWindow w(settings("hint.xui"));
             w.window.showHint("look here");
             auto *hint = w.window.findChild<NoticeLine *>("hint");
             QCOMPARE(hint != nullptr, first);
@@ -351,7 +320,7 @@ private Q_SLOTS:
         for (const char *name : {"layout.xui", "layout.ini"}) {
             const QString file = settings(name);
             {
-                WindowInTest w(file);
+                DisplayedWindow w(file);
                 w.source->begin(StreamKind::Strips, 64);
                 w.window.resize(790, 555); // fits the screen of the test, unless that is scaled
                 w.window.findChild<QDockWidget *>("log")
@@ -378,13 +347,13 @@ private Q_SLOTS:
         const QString file = settings("windows.xui");
         const QRect place(60, 70, 620, 510);
         {
-            WindowInTest w(file);
+            DisplayedWindow w(file);
             w.source->begin(StreamKind::Strips, 64);
             w.window.displays().popOut(1);
             w.window.displays().poppedOutPages().first()->window()->setGeometry(place);
             w.window.close();
         }
-        WindowInTest w(file);
+        DisplayedWindow w(file);
         DisplayTabs &displays = w.window.displays();
         w.source->begin(StreamKind::Channels, 4); // which has no such display
         QCOMPARE(displays.poppedOutPages().size(), 0);
@@ -403,7 +372,7 @@ private Q_SLOTS:
 
     void recordingShowsWhereAndHowMuch()
     {
-        WindowInTest w(settings("record.xui"));
+        DisplayedWindow w(settings("record.xui"));
         w.source->begin(StreamKind::Channels, 2);
         auto *action = w.window.findChild<RecordAction *>();
         QCOMPARE(action->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_R));
@@ -437,7 +406,7 @@ private Q_SLOTS:
     //! A quarter of a second of a fast source, as many readings as the model asks for, tells an operator nothing.
     void theStripChartShowsTheSpan()
     {
-        WindowInTest w(settings("strip.xui"));
+        DisplayedWindow w(settings("strip.xui"));
         w.source->begin(StreamKind::Channels, 1);
         w.giveFast(0, 30000);
         QTRY_COMPARE(w.chart(), QString("0..29.999 s, 30000 samples")); // no time before the first
@@ -467,7 +436,7 @@ private Q_SLOTS:
     {
         const QString file = settings("span.xui");
         {
-            WindowInTest w(file);
+            DisplayedWindow w(file);
             QCOMPARE(w.window.displays().scope()->timeSpan(), 60.0);
             w.source->begin(StreamKind::Strips, 64);
             QVERIFY(QTest::qWaitForWindowActive(&w.window));
@@ -490,7 +459,7 @@ private Q_SLOTS:
             QTest::keyClick(w.window.windowHandle(), Qt::Key_Space);
             QVERIFY(w.session.isPaused());
         }
-        WindowInTest again(file);
+        DisplayedWindow again(file);
         QCOMPARE(again.spanBox()->currentText(), QString("90 s"));
         again.source->begin(StreamKind::Spots, 5); // may have no times
         QCOMPARE(again.window.displays().scope()->timeSpan(), 0.0);
@@ -516,7 +485,7 @@ private Q_SLOTS:
     //! The time of the clock is shown where the source tells it, and the choice of the operator is kept.
     void theTimeAxisShowsTheClockIfItIsKnown()
     {
-        const auto state = [](WindowInTest &w) {
+        const auto state = [](DisplayedWindow &w) {
             QStringList entries{QString::number(w.window.displays().scope()->timeAxis())};
             for (const QAction *action : w.window.findChild<QMenu *>("timeAxis")->actions()) {
                 if (action->isEnabled())
@@ -528,7 +497,7 @@ private Q_SLOTS:
         header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
         header.startTime = QDateTime(QDate(2026, 11, 22), QTime(9, 0), Qt::UTC);
         {
-            WindowInTest w(settings("clock.xui"));
+            DisplayedWindow w(settings("clock.xui"));
             w.source->begin(StreamKind::Channels, 1);
             w.run(3);
             QCOMPARE(state(w), QString("0 auto* seconds relative"));
@@ -546,30 +515,17 @@ private Q_SLOTS:
             w.run(3);
             QCOMPARE(state(w), QString("0 auto seconds relative"));
         }
-        WindowInTest again(settings("clock.xui"));
+        DisplayedWindow again(settings("clock.xui"));
         again.source->begin(header);
         QCOMPARE(state(again), QString("3 auto seconds relative local utc*"));
         again.window.findChild<QAction *>("relative")->trigger();
         QCOMPARE(state(again), QString("1 auto seconds relative* local utc"));
     }
 
-    void textsFromOutsideAreNoMarkup()
-    {
-        WindowInTest w(settings("markup.xui"));
-        const QString markup = "<b>bold</b><img src='/etc/x'>";
-        w.source->setState(Source::State::Failed, markup);
-        w.clock.advance(0.3);
-        auto *source = w.window.statusBar()->findChild<QLabel *>("source");
-        QCOMPARE(source->text(), markup);
-        QCOMPARE(source->textFormat(), Qt::PlainText);
-        QVERIFY(w.log().contains(markup));
-        QVERIFY(w.notice().startsWith(markup));
-    }
-
     //! The range of the y axis is typed in the unit that the axis shows; what cannot be shown is refused with a word.
     void theRangeOfValuesIsTyped()
     {
-        WindowInTest w(settings("values.xui"));
+        DisplayedWindow w(settings("values.xui"));
         w.source->begin(StreamKind::Channels, 2, QStringLiteral("A"));
         w.run(4);
         Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
@@ -603,23 +559,6 @@ private Q_SLOTS:
         QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::AltModifier);
         QTRY_COMPARE(int(view->yScaleMode()),
                      0); // a button that a key presses is seen to go down first
-    }
-
-    void theLookOfChannelsIsKept()
-    {
-        for (const bool first : {true, false}) {
-            WindowInTest w(settings("look.xui"));
-            w.source->begin(StreamKind::Channels, 2);
-            Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
-            QVERIFY(QTest::qWaitForWindowActive(&w.window));
-            QCOMPARE(view->isLegendVisible(), first);
-            QCOMPARE(view->hasBarNames(), first);
-            if (!first)
-                continue;
-            QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
-            w.window.findChild<QAction *>("barNames")->trigger();
-            QVERIFY(!view->isLegendVisible() && !view->hasBarNames());
-        }
     }
 
 private:

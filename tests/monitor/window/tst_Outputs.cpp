@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 #include "monitor/window/ComputedDialog.h"
-#include "monitor/window/DisplayTabs.h"
-#include "monitor/window/EventLog.h"
-#include "monitor/window/MonitorWindow.h"
 #include "monitor/window/PictureDialog.h"
 #include "monitor/window/PictureExport.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/ReadTable.h"
-#include "tests/monitor/support/ScriptedSession.h"
+#include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
-#include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 using namespace Monitor;
@@ -19,15 +15,9 @@ using Corvale_Qt::DisplayPicture;
 
 namespace {
 
-struct OutputInTest : ScriptedSession
+struct OutputInTest : WindowInTest
 {
-    explicit OutputInTest(const QString &settings)
-        : window(session, settings)
-    {
-        window.resize(1200, 800);
-        window.show();
-        session.start();
-    }
+    using WindowInTest::WindowInTest;
     void trigger(const char *action) const { window.findChild<QAction *>(action)->trigger(); }
     Corvale_Qt::RVXScopePlotView *view() const { return window.displays().scope()->plotView(); }
     //! Returns the newest reading of each channel in the charts, by name: "ch1 3, sum 1006".
@@ -37,12 +27,10 @@ struct OutputInTest : ScriptedSession
         QStringList texts;
         for (int column = 1; column < model->columnCount(); ++column)
             texts << model->index(0, column).data().toString() + ' '
-                    + QString::number(view()->model()->index(model->rowCount() - 1, column).data().toDouble());
+                    + QString::number(
+                         view()->model()->index(model->rowCount() - 1, column).data().toDouble());
         return texts.join(", ");
     }
-    QString log() const { return window.findChild<EventLog *>()->textBrowser()->toPlainText(); }
-
-    MonitorWindow window;
 };
 
 //! Returns which part of the pixels of a picture is lighter than mid grey.

@@ -1,0 +1,422 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/dialogs/ConnectDialog.h"
+#include "monitor/dialogs/SettingsDialog.h"
+#include "monitor/program/Language.h"
+#include "monitor/window/Appearance.h"
+#include "monitor/window/ScreenFit.h"
+#include "monitor/window/SourceSwitch.h"
+#include "monitor/window/StatusField.h"
+#include "tests/monitor/support/Dialogs.h"
+#include "tests/monitor/support/WindowInTest.h"
+#include "tests/support/Files.h"
+#include "tests/support/TestMain.h"
+#include <corvale_qt/scope/RVXScopePlotView.h>
+
+using namespace Monitor;
+
+namespace {
+
+//! Returns the letter after the ampersand, in upper case; a null character without one.
+QChar mnemonicOf(QString text)
+{
+    text.remove("&&");
+    const int mark = text.indexOf('&');
+    return mark < 0 ? QChar() : text.at(mark + 1).toUpper();
+}
+
+//! Returns the keys of the buttons and labels in a window, each as "Alt+A: &Automatic".
+QStringList mnemonicsIn(const QWidget *window)
+{
+    QStringList keys;
+    const auto add = [&](const QWidget *part, const QString &text) {
+        if (part->window() == window && part->isVisibleTo(window) && !mnemonicOf(text).isNull())
+            keys.append(QString("Alt+%1: %2").arg(mnemonicOf(text)).arg(text));
+    };
+    for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
+        add(button, button->text());
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        if (label->buddy())
+            add(label, label->text());
+    for (const QTabBar *bar : window->findChildren<QTabBar *>())
+        for (int tab = 0; tab < bar->count(); ++tab)
+            add(bar, bar->tabText(tab));
+    return keys;
+}
+
+//! Returns keys that more than one text in a window claims.
+QStringList clashesIn(const QWidget *window)
+{
+    QMap<QString, QString> owners;
+    QStringList clashes;
+    for (const QString &mnemonic : mnemonicsIn(window)) {
+        const QString key = mnemonic.section(':', 0, 0);
+        if (owners.contains(key))
+            clashes.append(owners.value(key) + " and " + mnemonic);
+        owners.insert(key, mnemonic);
+    }
+    return clashes;
+}
+
+//! Shows what is opened while it lives in one language.
+struct InLanguage
+{
+    explicit InLanguage(const QString &code) { installLanguage(code); }
+    ~InLanguage() { installLanguage("en"); }
+};
+
+void addLanguages()
+{
+    QTest::addColumn<QString>("language");
+    for (const char *language : {"en", "de", "fr", "ja"})
+        QTest::newRow(language) << QString(language);
+}
+
+/*! Hears which texts are asked for. It translates none, so that the translators behind it do. */
+class TextListener : public QTranslator
+{
+public:
+    TextListener() { QCoreApplication::installTranslator(this); }
+    ~TextListener() override { QCoreApplication::removeTranslator(this); }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        m_heard.insert(qMakePair(QString::fromUtf8(context), QString::fromUtf8(text)));
+        return QString();
+    }
+    bool isEmpty() const override { return false; }
+    //! Returns the texts that were asked for, each with its context.
+    QSet<QPair<QString, QString>> heard() const { return m_heard; }
+
+private:
+    mutable QSet<QPair<QString, QString>> m_heard;
+};
+
+} // namespace
+
+//! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
+class tst_WindowAppearance : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void keysAndMnemonicsDoNotClash_data() { addLanguages(); }
+    void keysAndMnemonicsDoNotClash()
+    {
+        QFETCH(QString, language);
+        const InLanguage inLanguage(language);
+        SmallWindow w(file("keys.xui"));
+        QMap<QString, QString> owners;
+        QSet<const QAction *> inMenus;
+        QStringList clashes;
+        const auto claim = [&](const QString &key, const QString &owner) {
+            if (owners.contains(key))
+                clashes.append(key + ": " + owners.value(key) + ", " + owner);
+            owners.insert(key, owner);
+        };
+        for (const QAction *menu : w.window.menuBar()->actions())
+            claim(QString("Alt+") + mnemonicOf(menu->text()), menu->text());
+        for (QMenu *menu : w.menus()) {
+            for (const QAction *entry : menu->actions()) {
+                if (entry->isSeparator())
+                    continue;
+                const QChar letter = mnemonicOf(entry->text());
+                if (!letter.isNull())
+                    claim(menu->title() + " " + letter, entry->text());
+                for (const QKeySequence &keys : entry->shortcuts())
+                    claim(keys.toString(), entry->text());
+                inMenus.insert(entry);
+            }
+        }
+        for (const QAction *action : w.window.findChildren<QAction *>())
+            for (const QKeySequence &keys : action->shortcuts())
+                if (!inMenus.contains(action) && !keys.isEmpty())
+                    claim(keys.toString(), action->text() + action->objectName());
+        for (const QShortcut *shortcut : w.window.findChildren<QShortcut *>())
+            claim(shortcut->key().toString(), shortcut->parent()->objectName());
+        for (const QString &mnemonic : mnemonicsIn(&w.window))
+            claim(mnemonic.section(':', 0, 0), mnemonic);
+        QCOMPARE(clashes.join("; "), QString());
+        QVERIFY(owners.size() > 50);
+    }
+
+    void mnemonicsOfDialogsDoNotClash_data() { addLanguages(); }
+    void mnemonicsOfDialogsDoNotClash()
+    {
+        QFETCH(QString, language);
+        const InLanguage inLanguage(language);
+        ManualClock clock;
+        SettingsDialog settings(MonitorOptions(), file("dialog.xui"));
+        auto *pages = settings.findChild<QTabWidget *>();
+        QStringList clashes;
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentIndex(page);
+            clashes += clashesIn(&settings);
+        }
+        ConnectDialog connection(clock, {});
+        auto *kinds = connection.findChild<QListWidget *>("kinds");
+        for (int row = 0; row < kinds->count(); ++row) {
+            kinds->setCurrentRow(row);
+            clashes += clashesIn(&connection);
+        }
+        QCOMPARE(clashes.join("; "), QString());
+    }
+
+    /*! A text whose context the catalogs do not know would stay English. The lines of the log and what goes into files are
+        English on purpose. */
+    void everyTextIsFoundInTheCatalogs()
+    {
+        const InLanguage german("de");
+        QTranslator catalogs[2];
+        QVERIFY(catalogs[0].load(":/corvale_qt/translations/corvale_qt_de"));
+        QVERIFY(catalogs[1].load(":/corvale_monitor/translations/corvale_monitor_de"));
+        const TextListener listener;
+        SmallWindow w(file("texts.xui"));
+        QCOMPARE(w.action("settings")->text().remove('&'), QString("Einstellungen..."));
+        w.source->begin(StreamKind::Pixels, 64);
+        w.run(3);
+        w.settle();
+        ConnectDialog connection(w.clock, {});
+        SettingsDialog settings(MonitorOptions(), file("texts.xui"));
+        QStringList missing;
+        for (const auto &[context, text] : listener.heard()) {
+            const QByteArray inContext = context.toUtf8(), source = text.toUtf8();
+            const bool isOurs = context.startsWith("Corvale_Qt") || context.startsWith("Monitor");
+            const bool isLogged = context == "Monitor::EventLog";
+            if (isOurs && !isLogged && !text.isEmpty()
+                && catalogs[0].translate(inContext, source).isEmpty()
+                && catalogs[1].translate(inContext, source).isEmpty())
+                missing.append(context + ": " + text);
+        }
+        QCOMPARE(missing.join("; "), QString());
+        QVERIFY(listener.heard().size() > 300);
+    }
+
+    void recordingsAndLogsAreTheSameInEveryLanguage()
+    {
+        const QString table = file("faults.csv");
+        putFile(table,
+                "#limits a ,,2,2.5\n#pitch x -1\n#dead "
+                "77\ntime_s,a_nA,b_nA\n0,1,2\n1,none,3\n2,3,5\n3,1,2\n");
+        const auto run = [&](const QString &language) {
+            const InLanguage inLanguage(language);
+            QFile::remove(file("said.csv"));
+            SmallWindow w(file(qPrintable(language + "-said.xui")));
+            w.window.sources().open(table);
+            w.record(file("said.csv"));
+            w.clock.advance(2.0);
+            w.clock.advance(3.0);
+            w.session.stopRecording();
+            return w.log() + QString::fromUtf8(fileContents(file("said.csv")));
+        };
+        const QString english = run("en");
+        QVERIFY2(english.contains("not used") && english.contains("recording to"),
+                 qPrintable(english));
+        QCOMPARE(run("ja"), english);
+        QCOMPARE(run("de"), english);
+    }
+
+    //! Tape, legend, time span and panels leave the plot half of a small window.
+    void thePlotHasMostOfASmallWindow()
+    {
+        SmallWindow w(file("room.xui"));
+        const QString table = file("seven.csv");
+        putFile(table,
+                "time_s,a_nA,b_nA,c_nA,d_nA,e_nA,f_nA,g_nA\n0,1,2,3,4,5,6,7\n1,1,2,3,4,5,6,7\n");
+        QVERIFY(w.window.sources().open(table));
+        w.clock.advance(2.0);
+        w.window.displays().showDisplay("strip");
+        w.window.resize(WindowInTest::smallScreen);
+        const auto *plot = w.window.displays().scope()->findChild<QwtPlot *>();
+        QTRY_VERIFY2(plot->height() >= WindowInTest::smallScreen.height() / 2,
+                     qPrintable(QString::number(plot->height())));
+    }
+
+    void screensComeAndGo_data()
+    {
+        QTest::addColumn<QRect>("frame");
+        QTest::addColumn<QRect>("placed");
+        QTest::newRow("inside") << QRect(10, 20, 800, 500) << QRect(10, 20, 800, 500);
+        QTest::newRow("too large") << QRect(0, 0, 1600, 1000) << QRect(0, 0, 1024, 600);
+        QTest::newRow("over two edges") << QRect(-100, 300, 800, 500) << QRect(0, 100, 800, 500);
+        QTest::newRow("on the second screen")
+            << QRect(1100, 50, 1600, 1000) << QRect(1100, 50, 1600, 1000);
+        QTest::newRow("on a screen that is gone")
+            << QRect(9000, -900, 800, 500) << QRect(224, 0, 800, 500);
+    }
+    void screensComeAndGo()
+    {
+        QFETCH(QRect, frame);
+        QTEST(fitted(frame, {QRect(0, 0, 1024, 600), QRect(1024, 0, 1920, 1200)}), "placed");
+    }
+
+    void theStatisticsFollowThePalette()
+    {
+        SmallWindow w(file("palette.xui"));
+        auto *page = w.window.findChild<QDockWidget *>("statistics")->widget();
+        const QPalette before = QApplication::palette();
+        QPalette dark = before;
+        for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
+            dark.setColor(role, QColor(30, 32, 35));
+        for (const QPalette::ColorRole role :
+             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            dark.setColor(role, Qt::white);
+        QApplication::setPalette(dark);
+        QCoreApplication::processEvents();
+        const QImage picture = page->grab().toImage();
+        int light = 0;
+        for (int y = 0; y < picture.height(); y += 4)
+            for (int x = 0; x < picture.width(); x += 4)
+                light += picture.pixelColor(x, y).lightness() > 200;
+        const int all = picture.width() * picture.height() / 16;
+        QApplication::setPalette(before);
+        QVERIFY2(light < all / 10, qPrintable(QString("%1 of %2").arg(light).arg(all)));
+    }
+
+    //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.
+    void nothingIsClippedOnASmallScreen()
+    {
+        SmallWindow w(file("small.xui"));
+        w.source->begin(StreamKind::Strips, 64);
+        w.run(3);
+        ClippedTexts clipped;
+        int dialogs = 0;
+        const auto lookAtDialog = [&](const QString &name, QDialog *dialog) {
+            ++dialogs;
+            QCoreApplication::processEvents();
+            if (qobject_cast<QFileDialog *>(dialog))
+                return;
+            clipped.look(name, dialog);
+            clipped.require(name, dialog, WindowInTest::smallScreen);
+            auto *kinds = dialog->findChild<QListWidget *>("kinds");
+            for (int row = 0; kinds && row < kinds->count(); ++row) {
+                kinds->setCurrentRow(row);
+                QCoreApplication::processEvents();
+                clipped.look(kinds->item(row)->text(), dialog);
+            }
+            auto *tabs = dialog->findChild<QTabWidget *>();
+            for (int page = 0; tabs && page < tabs->count(); ++page) {
+                tabs->setCurrentIndex(page);
+                QCoreApplication::processEvents();
+                clipped.look(tabs->tabText(page), dialog);
+            }
+        };
+        const auto lookAtWindows = [&](const QString &name) {
+            for (const QWidget *shown : QApplication::topLevelWidgets())
+                if (shown->isVisible() && !qobject_cast<const QMenu *>(shown)) {
+                    clipped.look(name, shown);
+                    clipped.require(name, shown, WindowInTest::smallScreen);
+                }
+        };
+        auto *appearance = w.window.findChild<Appearance *>();
+        for (const Appearance::Choice choice :
+             {Appearance::Choice::Light, Appearance::Choice::Dark}) {
+            appearance->choose(choice);
+            QCoreApplication::processEvents();
+            for (QMenu *menu : w.menus()) {
+                clipped.lookAtMenu(menu, WindowInTest::smallScreen);
+                for (QAction *entry : menu->actions()) {
+                    const QString name = entry->objectName();
+                    const bool leaves = entry->shortcut() == QKeySequence(QKeySequence::Quit)
+                        || name == "closeSource" || name == "print" || name == "fullScreen";
+                    if (entry->isSeparator() || entry->menu() || leaves || !entry->isEnabled())
+                        continue;
+                    onEveryDialog(
+                        [&](QDialog *dialog) {
+                            lookAtDialog(entry->text(), dialog);
+                        },
+                        [entry] {
+                            entry->trigger();
+                        });
+                    QCoreApplication::processEvents();
+                    lookAtWindows(entry->text());
+                    if (entry->isCheckable() && !entry->actionGroup())
+                        entry->trigger();
+                }
+            }
+        }
+        QVERIFY2(dialogs >= 2 * 10 && clipped.looked() > 1000,
+                 qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
+        QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
+        QCOMPARE(clipped.text(), QString());
+    }
+
+    //! Whatever the size of the window, the status line is in it, and what it cuts ends with an ellipsis.
+    void theStatusLineStaysInTheWindow()
+    {
+        SmallWindow w(file("status.xui"));
+        w.source->live = true;
+        w.source->begin(StreamKind::Channels, 2, "nA");
+        w.run(3);
+        w.session.setPaused(true);
+        const QString path =
+            file("a-recording-with-a-name-that-is-longer-than-its-field-is-wide.csv");
+        QCOMPARE(w.record(path), QString());
+        w.clock.advance(0.3);
+        auto *log = w.window.findChild<QDockWidget *>("log");
+        auto *scope = w.window.displays().scope();
+        const auto *recording = w.window.statusBar()->findChild<StatusField *>("recording");
+        const auto *notices = w.window.statusBar()->findChild<StatusField *>("notices");
+        for (const QSize &size :
+             {QSize(1600, 1000), QSize(800, 440), QSize(1024, 600), QSize(640, 360)}) {
+            w.window.resize(size);
+            QCoreApplication::processEvents();
+            QCOMPARE(w.window.size(), size);
+            const QWidget *status = w.window.statusBar();
+            QVERIFY(status->isVisible() && w.window.rect().contains(status->geometry()));
+            for (const StatusField *field : status->findChildren<StatusField *>())
+                QVERIFY2(status->rect().contains(field->geometry()),
+                         qPrintable(field->objectName()));
+            QVERIFY2(notices->shownTexts().first().startsWith("PAUSED"),
+                     qPrintable(notices->shownTexts().join("; ")));
+            // What is hidden for the plot comes back with the room for it.
+            QCOMPARE(log->isVisible(), size.height() >= 700);
+            QCOMPARE(scope->areControlsVisible(), size.height() >= 700);
+        }
+        QVERIFY(recording->shownTexts().first().endsWith(QChar(0x2026)));
+        QVERIFY(recording->toolTip().contains("longer-than-its-field"));
+        QVERIFY(notices->toolTip().contains("Space"));
+        log->toggleViewAction()->trigger(); // the operator wants to see it here
+        w.window.resize(1600, 1000);
+        w.window.resize(1024, 600);
+        QVERIFY(!log->isVisible());
+    }
+
+    void textsFromOutsideAreNoMarkup()
+    {
+        WindowInTest w(file("markup.xui"));
+        const QString markup = "<b>bold</b><img src='/etc/x'>";
+        w.source->setState(Source::State::Failed, markup);
+        w.clock.advance(0.3);
+        auto *source = w.window.statusBar()->findChild<QLabel *>("source");
+        QCOMPARE(source->text(), markup);
+        QCOMPARE(source->textFormat(), Qt::PlainText);
+        QVERIFY(w.log().contains(markup));
+        QVERIFY(w.notice().startsWith(markup));
+    }
+
+    void theLookOfChannelsIsKept()
+    {
+        for (const bool first : {true, false}) {
+            WindowInTest w(file("look.xui"));
+            w.source->begin(StreamKind::Channels, 2);
+            Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
+            QVERIFY(QTest::qWaitForWindowActive(&w.window));
+            QCOMPARE(view->isLegendVisible(), first);
+            QCOMPARE(view->hasBarNames(), first);
+            if (!first)
+                continue;
+            QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
+            w.window.findChild<QAction *>("barNames")->trigger();
+            QVERIFY(!view->isLegendVisible() && !view->hasBarNames());
+        }
+    }
+
+private:
+    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+CORVALE_QT_TEST_MAIN(tst_WindowAppearance)
+#include "tst_WindowAppearance.moc"

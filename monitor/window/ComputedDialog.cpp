@@ -35,7 +35,8 @@ ComputedDialog::ComputedDialog(const QVector<ComputedChannel> &channels,
     , m_channels(channels)
     , m_list(new QListWidget(this))
     , m_remove(new QPushButton(tr("&Remove"), this))
-    , m_name(newField("name", tr("What the channel is called in charts, tables and recordings (Alt+N)")))
+    , m_name(newField("name",
+                      tr("What the channel is called in charts, tables and recordings (Alt+N)")))
     , m_unit(newField("unit", tr("The symbol of its unit, such as nA; empty for none (Alt+U)")))
     , m_expression(new QPlainTextEdit(this))
     , m_fault(new QLabel(this))

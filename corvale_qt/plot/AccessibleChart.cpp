@@ -73,6 +73,10 @@ void describeChart(QWidget *chart, std::function<ChartWords()> words)
     }();
     Q_UNUSED(isInstalled)
     delete ChartSpeaker::of(chart);
+    // A screen reader that runs may have been told of the widget, as another kind of it, while it was being made.
+    const QAccessible::Id former =
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(chart));
+    QAccessible::deleteAccessibleInterface(former);
     new ChartSpeaker(chart, std::move(words));
 }
 

@@ -160,8 +160,8 @@ private Q_SLOTS:
         model.appendRow(21, last);
         const QString values =
             QAccessible::queryAccessibleInterface(&view)->text(QAccessible::Value);
-        QVERIFY2(values.startsWith("left, 21"), qPrintable(values));
-        QVERIFY2(values.contains("nA; right, 63"), qPrintable(values));
+        QVERIFY2(values.startsWith("left (nA), 21"), qPrintable(values));
+        QVERIFY2(values.contains("nA; right (nA), 63"), qPrintable(values));
         QVERIFY2(values.endsWith("High alarm"), qPrintable(values));
         QVERIFY2(!values.contains("hidden"), qPrintable(values));
 

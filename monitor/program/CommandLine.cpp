@@ -108,6 +108,15 @@ public:
         if (isSet("rotate") && !setRotation(options, text("rotate")))
             fail("rotate", Text::tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
     }
+    void mode(unsigned *mode)
+    {
+        static const QRegularExpression form(QStringLiteral("^0?[0-7]{3}$"));
+        constexpr int octal = 8;
+        if (form.match(text("mode")).hasMatch())
+            *mode = text("mode").toUInt(nullptr, octal);
+        else if (isSet("mode"))
+            fail("mode", Text::tr("permissions, like 0640 or 0644"));
+    }
     void import(ImportOptions *options)
     {
         QString error;
@@ -267,6 +276,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     values.size(&size);
     values.amount(&afterReadings, &afterSeconds);
     values.rotation(&record);
+    values.mode(&record.mode);
     values.import(&file.import);
     values.display(&display);
     values.language(&language);

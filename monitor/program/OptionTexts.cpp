@@ -66,6 +66,10 @@ QVector<OptionText> optionTexts()
          "",
          Text::tr(
              "Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
+        {"mode",
+         "MODE",
+         Text::tr("Permissions of new recordings, less what the umask takes away; 0640 without the "
+                  "option, so that the group can read them.")},
         {"overwrite", "", Text::tr("Let --record and --convert replace an existing file.")},
         {"settings",
          "FILE",

@@ -121,6 +121,7 @@ bool WindowRun::openSession()
         limit = ReadingLimit(0, PictureTaker::usualDataTime);
     m_session->setLimit(limit);
 
+    m_session->setRecordingMode(m_commandLine.record.mode);
     QString error;
     if (!m_commandLine.record.path.isEmpty()
         && !m_session->startRecording(m_commandLine.record, &error)) {

@@ -56,7 +56,7 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
                      .arg(compressedPath(path));
         return false;
     }
-    if (!file->open(path, existing)) {
+    if (!file->open(path, existing, m_options.mode)) {
         const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
         *error = exists
             ? tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")

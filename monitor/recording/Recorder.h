@@ -42,6 +42,8 @@ public:
         bool datesArrival = false;
         //! Whether files that are complete are to be compressed, by the one who hears fileCompleted().
         bool compress = false;
+        //! The permissions of new files, of which the user's mask may take some away.
+        unsigned mode = RecordingFile::usualMode;
     };
     //! How many files new acquisitions begin at most.
     static constexpr int maxStreamFiles = 100;

@@ -25,7 +25,7 @@ bool RecordingFile::fail(int errorNumber)
     return false;
 }
 
-bool RecordingFile::open(const QString &path, Existing existing)
+bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
 {
     close();
     m_path = path;
@@ -34,8 +34,15 @@ bool RecordingFile::open(const QString &path, Existing existing)
     // Without O_NONBLOCK, a pipe without a reader would block the program.
     const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK
         | (existing == Existing::Refuse ? O_EXCL : 0);
-    constexpr mode_t permissions = 0666; // less what the user's mask takes away
-    m_descriptor = ::open(QFile::encodeName(path).constData(), flags, permissions);
+    const QByteArray name = QFile::encodeName(path);
+    m_descriptor = ::open(name.constData(), flags | O_NOFOLLOW, mode_t(mode));
+    if (m_descriptor < 0 && errno == ELOOP) {
+        if (isForeignLink()) {
+            m_error = Text::tr("it is a link of another user");
+            return false;
+        }
+        m_descriptor = ::open(name.constData(), flags, mode_t(mode));
+    }
     if (m_descriptor < 0)
         return fail(errno);
     // The file is emptied only under the lock: until then another recorder may be writing to it.
@@ -47,6 +54,15 @@ bool RecordingFile::open(const QString &path, Existing existing)
     ::close(m_descriptor);
     m_descriptor = -1;
     return false;
+}
+
+/*! Returns whether the path is a link that somebody else made, in a folder for everybody. It may lead to any file of this
+    user, which would be emptied. Links of the system, such as /dev/stdout, lead where they should. */
+bool RecordingFile::isForeignLink() const
+{
+    struct stat link = {};
+    return ::lstat(QFile::encodeName(m_path).constData(), &link) == 0 && S_ISLNK(link.st_mode)
+        && link.st_uid != ::geteuid() && link.st_uid != 0;
 }
 
 bool RecordingFile::lock()

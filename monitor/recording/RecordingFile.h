@@ -21,8 +21,12 @@ public:
     RecordingFile(const RecordingFile &) = delete;
     RecordingFile &operator=(const RecordingFile &) = delete;
 
-    //! Opens a file. Returns false, with errorString(), if it cannot be opened or another recorder writes to it.
-    bool open(const QString &path, Existing existing);
+    //! The permissions of a new file, of which the user's mask may take some away: its group may read it.
+    static constexpr unsigned usualMode = 0640;
+
+    /*! Opens a file; a new one gets the permissions \a mode. Returns false, with errorString(), if it cannot be opened, if
+        another recorder writes to it, or if it is a link that another user has put there. */
+    bool open(const QString &path, Existing existing, unsigned mode = usualMode);
     //! Appends bytes and returns how many the system took; if they are fewer than \a size, errorString() says why.
     qint64 append(const char *data, qint64 size);
     //! Closes the file. Returns false, with errorString(), if the system could not keep what it had taken.
@@ -39,6 +43,7 @@ public:
 
 private:
     bool lock();
+    bool isForeignLink() const;
     bool fail(int errorNumber);
 
     QString m_path;

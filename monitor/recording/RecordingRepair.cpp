@@ -213,6 +213,7 @@ bool repairRecording(const QString &path, QString *copy, RecordingDamage *damage
                      .arg(file.fileName(), file.errorString());
         return false;
     }
+    file.setPermissions(QFileInfo(path).permissions()); // the same people may read it
     if (read(path, {}, &file, damage, error) && !(file.flush() && ::fsync(file.handle()) == 0))
         *error = Text::tr("writing %1 failed: %2; make room on the disk")
                      .arg(file.fileName(), file.errorString());

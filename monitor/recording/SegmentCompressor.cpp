@@ -152,6 +152,7 @@ bool compressFile(const QString &path, QString *error, const std::function<bool(
     QFile::remove(draft);
     if (!compressed.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return fail(compressed.errorString());
+    compressed.setPermissions(file.permissions());
     const bool written = writeFrames(&file, &compressed, mayGoOn);
     compressed.close();
     if (!written || !holdsTheSame(&file, draft, mayGoOn)) {

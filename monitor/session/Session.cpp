@@ -379,6 +379,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     }
     options.source = m_source->description();
     options.datesArrival = m_source->isLive();
+    options.mode = m_recordingMode;
     auto recorder = std::make_unique<Recorder>(m_clock, options);
     if (!recorder->start()) {
         *error = recorder->errorString();

@@ -86,6 +86,8 @@ public:
     //! Pauses what the model shows, or shows what waited and goes on; the recording does not pause.
     void setPaused(bool paused);
 
+    //! Sets the permissions of the files of the recordings that follow.
+    void setRecordingMode(unsigned mode) { m_recordingMode = mode; }
     //! Begins to record. Returns false, with a text in \a error, if the file cannot be opened.
     bool startRecording(Recorder::Options options, QString *error);
     //! Ends the recording. Returns false if readings could not be written.
@@ -169,6 +171,7 @@ private:
     QVector<Corvale_Qt::ChannelLimits> m_streamLimits; //!< without those that were chosen
     SegmentCompressor m_compressor;
     std::unique_ptr<Recorder> m_recorder;
+    unsigned m_recordingMode = RecordingFile::usualMode;
     QStringList m_incompleteRecordings;
     FloodGate m_shownEvents;
     FloodGate m_recordedEvents;

@@ -53,7 +53,10 @@ private Q_SLOTS:
         QCOMPARE(picture.file.speed, 0.0); // nobody watches
 
         CommandLine hour;
-        QCOMPARE(parsed("--record d --rotate 1h,2G --compress --after 500ms -", &hour), QString());
+        QCOMPARE(parsed("--record d --rotate 1h,2G --compress --mode 644 --after 500ms -", &hour),
+                 QString());
+        QCOMPARE(hour.record.mode, 0644U);
+        QCOMPARE(play.record.mode, 0640U);
         QCOMPARE(hour.record.rotateSeconds, 3600.0);
         QCOMPARE(hour.record.rotateBytes, qint64(2000000000));
         QVERIFY(hour.record.compress);
@@ -95,6 +98,8 @@ private Q_SLOTS:
         row("no frames", "--after 0frames", "200frames");
         row("rotation", "--rotate often", "100M");
         row("one of two rotations", "--rotate 1h,often", "1h,100M");
+        row("permissions", "--record d --mode u=rw", "--mode u=rw: it should be permissions");
+        row("permissions of more than files", "--record d --mode 4755", "like 0640");
         row("import", "--import colour=red a.csv", "--import: \"colour=red\" makes no sense");
         row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
         row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");

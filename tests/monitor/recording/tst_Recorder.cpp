@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
-#include "monitor/recording/Recorder.h"
-#include "monitor/recording/SegmentCompressor.h"
 #include "tests/monitor/support/FileSizeLimit.h"
-#include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/ReadTable.h"
+#include "tests/monitor/support/Recording.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -17,69 +15,6 @@
 #include <random>
 
 using namespace Monitor;
-
-static StreamHeader twoChannels()
-{
-    StreamHeader header;
-    header.channels = {{"left", "nA"}, {"right", ""}};
-    return header;
-}
-
-//! A recorder that writes to a file or a folder, with its clock and its notes.
-struct Recording
-{
-    explicit Recording(const QString &path, bool overwrite = false)
-    {
-        options.path = path;
-        options.overwrite = overwrite;
-    }
-    //! Starts the recorder with a stream of two channels.
-    bool begin()
-    {
-        const bool started = recorder().start();
-        if (started)
-            recorder().startStream(twoChannels());
-        return started;
-    }
-    Recorder &recorder()
-    {
-        if (!m_recorder) {
-            m_recorder = std::make_unique<Recorder>(clock, options);
-            QObject::connect(m_recorder.get(),
-                             &Recorder::noted,
-                             &clock,
-                             [this](const QString &text) {
-                                 notes.append(text);
-                             });
-            if (options.compress)
-                QObject::connect(m_recorder.get(),
-                                 &Recorder::fileCompleted,
-                                 &clock,
-                                 [this](const QString &name) {
-                                     compressor.add(name);
-                                 });
-        }
-        return *m_recorder;
-    }
-
-    ManualClock clock;
-    Recorder::Options options;
-    SegmentCompressor compressor;
-    QStringList notes;
-
-private:
-    std::unique_ptr<Recorder> m_recorder;
-};
-
-static ReadingBlock block(double firstTime, int count)
-{
-    ReadingBlock readings(2);
-    for (int i = 0; i < count; ++i) {
-        const double values[] = {firstTime + i, 0.5};
-        readings.append(firstTime + i, values);
-    }
-    return readings;
-}
 
 //! Returns any pattern of bits that is a number, down to the smallest.
 static double anyNumber(std::mt19937_64 &dice)
@@ -192,40 +127,6 @@ private Q_SLOTS:
         QVERIFY(text.contains("#t0 2026-01-02T03:04:05.000Z\n") && !text.contains("uncertainty"));
     }
 
-    //! Files that are complete are compressed, and read back as what was recorded.
-    void compressesWhatIsComplete()
-    {
-        Recording file(path("packed.csv"));
-        file.options.compress = true;
-        file.options.rotateBytes = 300;
-        file.options.rotateSeconds = 1000.0;
-        QVERIFY(file.begin());
-        for (int i = 0; i < 3; ++i) {
-            file.recorder().addReadings(block(100.0 * i, 50));
-            file.clock.advance(2.0);
-        }
-        QVERIFY(file.recorder().finish());
-        file.compressor.finish();
-        QVERIFY(file.notes.isEmpty() && file.compressor.takeErrors().isEmpty());
-        const QStringList files =
-            QDir(m_dir->path()).entryList({"packed*"}, QDir::Files, QDir::Name);
-        QCOMPARE(files.join(' '),
-                 QString("packed-2.csv.zst packed-3.csv.zst packed-4.csv.zst packed.csv.zst"));
-        for (int i = 0; i < 3; ++i) {
-            const QString name =
-                i == 0 ? "packed.csv.zst" : QString("packed-%1.csv.zst").arg(i + 1);
-            const QString text = readTable(m_dir->filePath(name));
-            QVERIFY2(text.startsWith("start channels left:nA right"), qPrintable(text));
-            QVERIFY(text.endsWith(QString("%1: %1 0.5").arg(100 * i + 49)));
-            QVERIFY(!text.contains("refused"));
-        }
-        // The name is taken, although the file itself is gone.
-        Recording again(path("packed.csv"));
-        again.options.compress = true;
-        QVERIFY(!again.begin());
-        QVERIFY(again.recorder().errorString().contains("packed.csv.zst exists already"));
-    }
-
     void init() { m_dir = std::make_unique<QTemporaryDir>(); }
 
     void readsBackBitForBit()
@@ -315,145 +216,6 @@ private Q_SLOTS:
         }
     }
 
-    void opensNoExistingFile()
-    {
-        putFile(path("a.csv"), "precious");
-        Recording careful(path("a.csv"));
-        QVERIFY(!careful.begin());
-        QVERIFY(careful.recorder().errorString().contains("exists already"));
-        QCOMPARE(fileContents(path("a.csv")), QByteArray("precious"));
-
-        Recording told(path("a.csv"), true);
-        QVERIFY(told.begin());
-        told.recorder().addReadings(block(0, 1));
-        QVERIFY(told.recorder().finish());
-        QCOMPARE(readTable(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
-
-        Recording nowhere(path("no/such/folder/a.csv"), true);
-        QVERIFY(!nowhere.begin());
-        QVERIFY(nowhere.recorder().errorString().contains("cannot be written"));
-    }
-
-    void namesFilesInAFolder()
-    {
-        Recording first(m_dir->path()), second(m_dir->path()); // their clocks say 12:01:40
-        QVERIFY(first.begin() && second.begin());
-        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).join(' '),
-                 QString("corvale-20260301-120140-2.csv corvale-20260301-120140.csv"));
-    }
-
-    void rotates_data()
-    {
-        columns<double, qint64>("seconds", "bytes");
-        row("by time", 5.0, qint64(0));
-        row("by size", 0.0, qint64(180));
-    }
-    void rotates()
-    {
-        QFETCH(double, seconds);
-        QFETCH(qint64, bytes);
-        Recording r(path("a.csv"));
-        r.options.rotateSeconds = seconds;
-        r.options.rotateBytes = bytes;
-        QVERIFY(r.begin());
-        for (int i = 0; i < 20; ++i) {
-            r.recorder().addReadings(block(i, 1));
-            r.clock.advance(1.0);
-        }
-        QVERIFY(r.recorder().finish());
-        // Every file reads alone, and together they hold all readings once.
-        const int files = QDir(m_dir->path()).entryList(QDir::Files).size();
-        QVERIFY(files >= 3);
-        QStringList all;
-        for (int i = 1; i <= files; ++i) {
-            const QString file = m_dir->filePath(i == 1 ? "a.csv" : QString("a-%1.csv").arg(i));
-            QVERIFY(i == files || QFileInfo(file).size() >= bytes);
-            QStringList lines = readTable(file).split(" | ");
-            if (lines.first().isEmpty())
-                continue; // begun with the last tick, and no reading came
-            QCOMPARE(lines.takeFirst(), QString("start channels left:nA right"));
-            all += lines;
-        }
-        QStringList expected;
-        for (int i = 0; i < 20; ++i)
-            expected << QString("%1: %1 0.5").arg(i);
-        QCOMPARE(all, expected);
-    }
-
-    void anotherAcquisitionIsAnotherFile()
-    {
-        Recording r(path("a.csv"));
-        Recorder &recorder = r.recorder();
-        QVERIFY(r.begin());
-        recorder.addReadings(block(5, 2));
-        recorder.addEvent(QString("beam off"));
-        recorder.startStream(twoChannels());
-        recorder.addReadings(block(0, 1));
-        QVERIFY(recorder.finish());
-        QCOMPARE(readTable(path("a.csv")),
-                 QString("start channels left:nA right | 5: 5 0.5 | 6: 6 0.5 | event beam off"));
-        QCOMPARE(readTable(path("a-2.csv")), QString("start channels left:nA right | 0: 0 0.5"));
-    }
-
-    void goesOnInAFileThatCanBeFound_data()
-    {
-        // The command runs in the folder above run/, which holds the recording. The last column is what became of the
-        // first file, in TextSink's words.
-        columns<bool, QString, QString, QString>("toFolder", "command", "said", "before");
-        const QString gone = "was removed or renamed";
-        const QString one = "start channels left:nA right | 0: 0 0.5";
-        const QString other = "start channels ch1 ch2 | 7: 8 9";
-        row("the file is removed", false, "rm run/a.csv", gone, QString());
-        row("the file is renamed", false, "mv run/a.csv kept.csv", gone, one);
-        row("the folder is removed", false, "rm -r run", gone, QString());
-        row("the folder is renamed", false, "mv run old; cp old/a.csv kept.csv", gone, one);
-        row("a file takes its place",
-            false,
-            "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
-            "was replaced by another file",
-            other);
-        row("another program writes into it",
-            false,
-            "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
-            "was changed by another program",
-            other);
-        row("the folder of many is renamed", true, "mv run old; cp old/*.csv kept.csv", gone, one);
-    }
-    void goesOnInAFileThatCanBeFound()
-    {
-        QFETCH(bool, toFolder);
-        QFETCH(QString, command);
-        QFETCH(QString, said);
-        QFETCH(QString, before);
-        QVERIFY(QDir(m_dir->path()).mkdir(QString("run")));
-        Recording r(path(toFolder ? "run" : "run/a.csv"));
-        r.options.rotateSeconds = 3600.0;
-        Recorder &recorder = r.recorder();
-        QVERIFY(r.begin());
-        recorder.addReadings(block(0, 1));
-        r.clock.advance(0.6);
-        const QString shell = QString("cd '%1' && { %2; }").arg(m_dir->path(), command);
-        QCOMPARE(std::system(qPrintable(shell)), 0);
-        recorder.addReadings(block(1, 2));
-        r.clock.advance(1.0); // twice as early as promised
-        QCOMPARE(r.notes.size(), 1);
-        QVERIFY2(r.notes.first().contains(said), qPrintable(r.notes.first()));
-        QVERIFY(recorder.errorString().isEmpty());
-        recorder.addReadings(block(3, 1));
-        QVERIFY(recorder.finish());
-
-        const QFileInfo now(recorder.fileName());
-        QCOMPARE(now.path(), path("run"));
-        QCOMPARE(now.suffix(), QString("csv"));
-        const QString text = readTable(now.filePath());
-        QVERIFY2(text.startsWith(QString("event recording: ")), qPrintable(text));
-        QVERIFY2(text.endsWith(QStringLiteral(
-                     "start channels left:nA right | 1: 1 0.5 | 2: 2 0.5 | 3: 3 0.5")),
-                 qPrintable(text));
-        if (!before.isEmpty())
-            QCOMPARE(readTable(path("kept.csv")), before);
-    }
-
     //! The disk is full in the middle of any line, and then the file is removed.
     void aLineThatWasCutIsWholeInTheNextFile()
     {
@@ -496,56 +258,6 @@ private Q_SLOTS:
             QVERIFY2(rest == expected, qPrintable(QString::number(size) + QLatin1Char(' ') + rest));
             QVERIFY(QFile::remove(path("a.csv")));
         }
-    }
-
-    void aFileIsOneRecordersOnly()
-    {
-        Recording first(path("a.csv"), true), second(path("a.csv"), true);
-        QVERIFY(first.begin());
-        first.recorder().addReadings(block(0, 1));
-        first.clock.advance(1.0);
-        QVERIFY(!second.begin());
-        QVERIFY(second.recorder().errorString().contains("another recorder"));
-        QVERIFY(first.recorder().finish());
-        QCOMPARE(readTable(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
-        QVERIFY(second.begin());
-    }
-
-    void aStreamThatStartsOverMakesFewFiles()
-    {
-        Recording r(path("a.csv"));
-        Recorder &recorder = r.recorder();
-        QVERIFY(recorder.start());
-        const auto files = [this] {
-            return QDir(m_dir->path()).entryList(QDir::Files).size();
-        };
-        const auto startOver = [&] {
-            recorder.startStream(twoChannels());
-            recorder.addReadings(block(0, 2));
-        };
-        for (int i = 0; i < 500; ++i) { // 5 s
-            startOver();
-            r.clock.advance(0.01);
-        }
-        QVERIFY2(files() >= 5 && files() <= 6, qPrintable(QString::number(files())));
-        for (int i = 0; i < 500; ++i) {
-            startOver();
-            r.clock.advance(1.5);
-        }
-        QCOMPARE(files(), 1 + Recorder::maxStreamFiles);
-        QCOMPARE(r.notes.size(), 1);
-        QVERIFY(r.notes.first().contains("a-101.csv"));
-        QVERIFY(recorder.finish());
-        QCOMPARE(recorder.fileName(), path("a-101.csv"));
-        // Every stream is there under its own header.
-        int streams = 0, readings = 0;
-        for (const QFileInfo &file : QDir(m_dir->path()).entryInfoList(QDir::Files)) {
-            const QString text = readTable(file.filePath());
-            streams += text.count(QString("start channels"));
-            readings += text.count(QString(" 0.5"));
-        }
-        QCOMPARE(streams, 1000);
-        QCOMPARE(readings, 2000);
     }
 
     //! An event loop that is busy reading does not deliver the ticks of the clock.

@@ -11,7 +11,12 @@ public:
     QDateTime wallTime() const override
     {
         return QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC)
-            .addMSecs(qint64(m_seconds * 1000.0));
+            .addMSecs(qint64((m_seconds + m_wallOffset) * 1000.0));
+    }
+    //! Sets the date and the time of day back or forward, as a person or a time server does.
+    void setWallTime(const QDateTime &time)
+    {
+        m_wallOffset += 1e-3 * double(wallTime().msecsTo(time));
     }
     //! Lets \a seconds pass, in ticks of 20 ms.
     void advance(double seconds)
@@ -30,4 +35,5 @@ public:
 
 private:
     double m_seconds = 100.0;
+    double m_wallOffset = 0.0; // s
 };

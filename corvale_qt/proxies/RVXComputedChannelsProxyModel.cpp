@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -85,6 +86,7 @@ public:
     void compileAndRebuild();
     void rebuild();
     void update(int from);
+    void followColumnsOf(const QAbstractItemModel *model);
     QVariant header(int column, int role) const;
     QVariant sample(const QModelIndex &index, int role) const;
 
@@ -98,6 +100,9 @@ public:
     bool isStored = true; // rows are computed when they come, otherwise when they are read
     mutable ComputedReadings readings;
     HistoryOfSource history;
+
+private:
+    std::array<QMetaObject::Connection, 3> columnConnections;
 };
 
 void RVXComputedChannelsProxyModelPrivate::read(int column,
@@ -175,6 +180,24 @@ void RVXComputedChannelsProxyModelPrivate::update(int from)
 {
     if (isStored && q->sourcePlotModel() && !channels.isEmpty())
         readings.update(source, from, sampleRows());
+}
+
+/*! Announces the computed channels as changed when columns of the source have changed: expressions may find other channels
+    under their names, or none. These connections come after those of the base class, so that views hear of the columns first. */
+void RVXComputedChannelsProxyModelPrivate::followColumnsOf(const QAbstractItemModel *model)
+{
+    for (const QMetaObject::Connection &connection : columnConnections)
+        QObject::disconnect(connection);
+    if (!model)
+        return;
+    const auto announce = [this] {
+        if (!channels.isEmpty() && q->sourcePlotModel())
+            Q_EMIT q->dataChanged(q->index(0, sourceColumns()),
+                                  q->index(sampleRows(), q->columnCount() - 1));
+    };
+    columnConnections = {QObject::connect(model, &QAbstractItemModel::columnsInserted, q, announce),
+                         QObject::connect(model, &QAbstractItemModel::columnsRemoved, q, announce),
+                         QObject::connect(model, &QAbstractItemModel::columnsMoved, q, announce)};
 }
 
 QVariant RVXComputedChannelsProxyModelPrivate::header(int column, int role) const
@@ -394,6 +417,7 @@ void RVXComputedChannelsProxyModel::sourceRowsRemoved(const QModelIndex &, int f
 void RVXComputedChannelsProxyModel::sourceModelReset()
 {
     Q_D(RVXComputedChannelsProxyModel);
+    d->followColumnsOf(sourcePlotModel() ? sourceModel() : nullptr);
     d->compileAndRebuild();
 }
 

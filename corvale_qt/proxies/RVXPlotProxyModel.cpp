@@ -29,6 +29,7 @@ public:
 
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
+    void noticeDeletion();
 
     //! Returns the plot interface of the source, or null as soon as the source's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? plotSide : nullptr; }
@@ -54,10 +55,9 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
 {
     endChanges();
     beginReset();
-    if (items) {
+    if (items)
         disconnectUpstream(items, q);
-        QObject::disconnect(destroyed);
-    }
+    QObject::disconnect(destroyed); // also of a source whose deletion has begun
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
     plotSide = newPlot;
@@ -80,6 +80,16 @@ void RVXPlotProxyModelPrivate::sourceDestroyed()
     beginReset();
     q->QAbstractProxyModel::setSourceModel(nullptr);
     endAllResets();
+}
+
+/*! Lets go of a source whose deletion has begun. Qt's reset asks the source for its roles, and a listener that hears of the
+    deletion first may cause a reset. */
+void RVXPlotProxyModelPrivate::noticeDeletion()
+{
+    if (items || !plotSide)
+        return;
+    QObject::disconnect(destroyed);
+    sourceDestroyed();
 }
 
 void RVXPlotProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int first, int last)
@@ -243,6 +253,58 @@ QModelIndexList RVXPlotProxyModel::match(const QModelIndex &start,
                       });
 }
 
+QVariant RVXPlotProxyModel::data(const QModelIndex &index, int role) const
+{
+    return d_func()->items ? QAbstractProxyModel::data(index, role) : QVariant();
+}
+
+bool RVXPlotProxyModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    return d_func()->items && QAbstractProxyModel::setData(index, value, role);
+}
+
+QVariant RVXPlotProxyModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return d_func()->items ? QAbstractProxyModel::headerData(section, orientation, role)
+                           : QVariant();
+}
+
+Qt::ItemFlags RVXPlotProxyModel::flags(const QModelIndex &index) const
+{
+    return d_func()->items ? QAbstractProxyModel::flags(index) : QAbstractItemModel::flags(index);
+}
+
+QModelIndex RVXPlotProxyModel::buddy(const QModelIndex &index) const
+{
+    return d_func()->items ? QAbstractProxyModel::buddy(index) : QAbstractItemModel::buddy(index);
+}
+
+QSize RVXPlotProxyModel::span(const QModelIndex &index) const
+{
+    return d_func()->items ? QAbstractProxyModel::span(index) : QAbstractItemModel::span(index);
+}
+
+bool RVXPlotProxyModel::hasChildren(const QModelIndex &parent) const
+{
+    return d_func()->items && QAbstractProxyModel::hasChildren(parent);
+}
+
+bool RVXPlotProxyModel::canFetchMore(const QModelIndex &parent) const
+{
+    return d_func()->items && QAbstractProxyModel::canFetchMore(parent);
+}
+
+QStringList RVXPlotProxyModel::mimeTypes() const
+{
+    return d_func()->items ? QAbstractProxyModel::mimeTypes() : QAbstractItemModel::mimeTypes();
+}
+
+Qt::DropActions RVXPlotProxyModel::supportedDropActions() const
+{
+    return d_func()->items ? QAbstractProxyModel::supportedDropActions()
+                           : QAbstractItemModel::supportedDropActions();
+}
+
 QModelIndex RVXPlotProxyModel::mapToSource(const QModelIndex &proxyIndex) const
 {
     Q_D(const RVXPlotProxyModel);
@@ -335,6 +397,7 @@ void RVXPlotProxyModel::alsoChanged(int firstRow)
 void RVXPlotProxyModel::beginSharedReset()
 {
     Q_D(RVXPlotProxyModel);
+    d->noticeDeletion();
     d->beginReset();
 }
 

@@ -62,6 +62,18 @@ public:
                           int hits = 1,
                           Qt::MatchFlags flags = Qt::MatchFlags(Qt::MatchStartsWith
                                                                 | Qt::MatchWrap)) const override;
+    // These answer for the source while it lives; a proxy that has not heard yet that its source is deleted is empty.
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    QVariant
+    headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QModelIndex buddy(const QModelIndex &index) const override;
+    QSize span(const QModelIndex &index) const override;
+    bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
+    bool canFetchMore(const QModelIndex &parent) const override;
+    QStringList mimeTypes() const override;
+    Qt::DropActions supportedDropActions() const override;
     QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;
     QModelIndex mapFromSource(const QModelIndex &sourceIndex) const override;
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;

@@ -132,6 +132,35 @@ private Q_SLOTS:
             QCOMPARE(proxy.doubleData(cell.x(), cell.y()), 0.0);
     }
 
+    //! A listener that hears of the deletion before the proxy gives it another length, or another source.
+    void changedWhileItsSourceIsDeleted()
+    {
+        BufferModel next(1);
+        next.append(1, 5);
+        for (const bool hasNext : {false, true}) {
+            RVXAveragingProxyModel proxy;
+            QSignalSpy resets(&proxy, &QAbstractItemModel::modelReset);
+            {
+                BufferModel source(1);
+                connect(&source, &QObject::destroyed, this, [&] {
+                    QVERIFY(!proxy.headerData(1, Qt::Horizontal).isValid());
+                    QCOMPARE(proxy.flags(QModelIndex()), Qt::NoItemFlags);
+                    QVERIFY(!proxy.hasChildren() && !proxy.canFetchMore({}));
+                    proxy.setAveraging(3);
+                    if (hasNext)
+                        proxy.setSourceModel(&next);
+                });
+                proxy.setSourceModel(&source);
+                source.append(1, 4);
+                resets.clear();
+            }
+            QVERIFY(resets.count() > 0);
+            QCOMPARE(proxy.averaging(), 3);
+            QCOMPARE(proxy.rowCount(), hasNext ? 2 : 0);
+            QVERIFY(proxy.sourceModel() == (hasNext ? &next : nullptr));
+        }
+    }
+
     void aSourceOfWhichLittleIsLeft()
     {
         RVXAveragingProxyModel proxy;

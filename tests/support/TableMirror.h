@@ -31,11 +31,7 @@ public:
                 &M::rowsMoved,
                 this,
                 [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
-                    const auto row = m_rows.begin() - 1;
-                    if (before > last)
-                        std::rotate(row + first, row + last + 1, row + before);
-                    else
-                        std::rotate(row + before, row + first, row + last + 1);
+                    move(m_rows.begin() - 1, first, last, before);
                 });
         connect(model,
                 &M::dataChanged,
@@ -56,6 +52,13 @@ public:
             for (QVector<double> &row : m_rows)
                 row.remove(first, last - first + 1);
         });
+        connect(model,
+                &M::columnsMoved,
+                this,
+                [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
+                    for (QVector<double> &row : m_rows)
+                        move(row.begin(), first, last, before);
+                });
         connect(model, &M::modelReset, this, readAll);
         connect(model, &M::layoutChanged, this, readAll);
         readAll();
@@ -67,14 +70,33 @@ public:
         for (int row = 1; row < m_model->rowCount(); ++row) {
             const QVector<double> now = read(row);
             const QVector<double> shown = m_rows.value(row - 1);
-            const size_t bytes = size_t(now.size()) * sizeof(double);
-            if (now.size() != shown.size() || std::memcmp(now.data(), shown.data(), bytes) != 0)
-                return QStringLiteral("row %1 is stale").arg(row);
+            if (now.size() != shown.size())
+                return QStringLiteral("row %1 has %2 cells, and %3 were announced")
+                    .arg(row)
+                    .arg(now.size())
+                    .arg(shown.size());
+            for (int column = 0; column < now.size(); ++column)
+                if (std::memcmp(&now[column], &shown[column], sizeof(double)) != 0)
+                    return QStringLiteral("row %1, column %2 is stale: it is %3, and was %4")
+                        .arg(row)
+                        .arg(column)
+                        .arg(now[column])
+                        .arg(shown[column]);
         }
         return QString();
     }
 
 private:
+    //! Moves the elements \a first to \a last in front of the one that is at \a before.
+    template<typename Iterator>
+    static void move(Iterator begin, int first, int last, int before)
+    {
+        if (before > last)
+            std::rotate(begin + first, begin + last + 1, begin + before);
+        else
+            std::rotate(begin + before, begin + first, begin + last + 1);
+    }
+
     QVector<double> read(int row) const
     {
         QVector<double> cells;

@@ -50,6 +50,12 @@ double stepOf(double first, double last, qint64 rows)
     return std::isfinite(step) && step > 0.0 ? step : usual;
 }
 
+//! Returns whether a number may be one of bytes or readings. The sum of those of all parts is one, too.
+bool isCount(qint64 number)
+{
+    return number >= 0 && number < qint64(1) << 50;
+}
+
 } // namespace
 
 void TapeIndex::addPart(const QByteArray &context)
@@ -58,6 +64,8 @@ void TapeIndex::addPart(const QByteArray &context)
     // Parts with the same description share it.
     part.context =
         !m_parts.empty() && m_parts.back().context == context ? m_parts.back().context : context;
+    if (!m_parts.empty())
+        part.begin = m_parts.back().end(); // a part without readings takes no time
     m_parts.push_back(part);
 }
 
@@ -68,10 +76,9 @@ void TapeIndex::addBlock(const TapeBlock &block)
     Part &part = m_parts.back();
     if (part.rows == 0) {
         part.firstTime = block.firstTime;
-        if (m_parts.size() > 1) {
-            const Part &former = m_parts[m_parts.size() - 2];
-            part.begin = former.begin + (former.lastTime - former.firstTime)
-                + stepOf(former.firstTime, former.lastTime, former.rows);
+        if (!m_blocks.empty()) {
+            const Part &former = m_parts[std::size_t(m_blocks.back().part)];
+            part.begin += stepOf(former.firstTime, former.lastTime, former.rows);
         }
     }
     part.rows += block.rows;
@@ -98,7 +105,7 @@ qint64 TapeIndex::rows() const
 
 double TapeIndex::length() const
 {
-    return m_blocks.empty() ? 0.0 : positionOf({parts() - 1, m_parts.back().lastTime});
+    return m_blocks.empty() ? 0.0 : m_parts.back().end();
 }
 
 double TapeIndex::positionOf(const TapeSpot &spot) const
@@ -220,13 +227,37 @@ bool TapeIndex::fromBytes(const QByteArray &bytes)
         mark.kind = kind == 0 ? TapeMark::Kind::Event : TapeMark::Kind::Gap;
     }
     in >> m_marksLeftOut;
-    const bool inside = std::all_of(m_blocks.begin(), m_blocks.end(), [&](const TapeBlock &block) {
-        return block.part >= 0 && block.part < int(parts);
-    });
-    const bool good = in.status() == QDataStream::Ok && inside && blocks <= maxBlocks;
+    const bool good = in.status() == QDataStream::Ok && blocks <= maxBlocks && marks <= maxMarks
+        && isConsistent();
     if (!good)
         *this = {};
     return good;
+}
+
+//! Returns whether the index is one that a recording may have, so that all positions are on the tape.
+bool TapeIndex::isConsistent() const
+{
+    if (m_parts.empty() != m_blocks.empty())
+        return false;
+    double begin = 0.0;
+    for (const Part &part : m_parts) {
+        if (!(part.firstTime <= part.lastTime && part.begin >= begin && std::isfinite(part.end()))
+            || !isCount(part.rows))
+            return false;
+        begin = part.end();
+    }
+    qint64 offset = 0;
+    for (const TapeBlock &block : m_blocks) {
+        if (block.part < 0 || block.part >= parts() || block.offset < offset
+            || !isCount(block.offset) || !isCount(block.row) || !isCount(block.rows))
+            return false;
+        offset = block.offset;
+    }
+    const auto isPlaced = [this](const TapeMark &mark) {
+        const bool isInPart = mark.spot.part >= 0 && mark.spot.part < std::max(parts(), 1);
+        return isInPart && !std::isnan(mark.spot.time) && !std::isnan(mark.length);
+    };
+    return std::all_of(m_marks.begin(), m_marks.end(), isPlaced) && isCount(m_marksLeftOut);
 }
 
 } // namespace Monitor

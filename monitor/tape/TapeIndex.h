@@ -103,7 +103,11 @@ private:
         double lastTime = 0.0;
         qint64 rows = 0;
         double begin = 0.0; //!< position of its first reading
+
+        //! Returns the position of its last reading.
+        double end() const { return begin + (lastTime - firstTime); }
     };
+    bool isConsistent() const;
     const Part &part(int number) const { return m_parts[std::size_t(number)]; }
 
     std::vector<Part> m_parts;

@@ -39,6 +39,10 @@ if(CORVALE_QT_FUZZ)
   set(fuzzing -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
   target_compile_options(corvale_qt_flags INTERFACE ${fuzzing} -g1)
   target_link_options(corvale_qt_flags INTERFACE -fsanitize=address,undefined)
+  if(CORVALE_QT_COVERAGE)
+    target_compile_options(corvale_qt_flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+    target_link_options(corvale_qt_flags INTERFACE -fprofile-instr-generate)
+  endif()
 endif()
 
 # Half of the time that a small source takes goes into the headers of Qt. Only what every target has may stand

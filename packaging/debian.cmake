@@ -18,6 +18,22 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
   endforeach()
 endforeach()
 
+# The packages that each file was linked with: they tell whom a fault of another library concerns.
+file(GLOB_RECURSE own_library "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/runtime/*/${CORVALE_QT_SONAME}")
+foreach(component IN LISTS CPACK_COMPONENTS_ALL)
+  set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${component}")
+  file(GLOB documents "${root}/usr/share/doc/*")
+  file(GLOB_RECURSE programs "${root}/usr/bin/*" "${root}/usr/lib/*/plugins/*.so" "${root}/usr/lib/*.so.*.*")
+  if(NOT programs)
+    continue()
+  endif()
+  get_filename_component(name "${documents}" NAME)
+  execute_process(
+    COMMAND "${CMAKE_CURRENT_LIST_DIR}/../scripts/make-sbom" --name "${name}" --version "${CORVALE_QT_VERSION}"
+      --output "${documents}/sbom.cdx.json" --header "${CORVALE_QT_BOOST_HEADERS}/boost/version.hpp" ${programs} ${own_library}
+    COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+
 # The version of the library that each symbol is there from. Packages of hosts are then made to depend on the version
 # that has what they use.
 file(GLOB_RECURSE library "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/runtime/*/${CORVALE_QT_SONAME}")

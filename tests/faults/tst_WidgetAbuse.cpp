@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What a host may do to any widget of the library: delete it inside of its own signals, give it any size, take its model
+// away. The widgets, with something in them, are those that Qt Designer previews.
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
+#include "designer/WidgetTable.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <functional>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+//! Deletes a widget as soon as it is told to.
+class Deleter : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Deleter(QWidget *widget)
+        : m_widget(widget)
+    {
+    }
+    bool hasActed() const { return m_hasActed; }
+
+public Q_SLOTS:
+    void act()
+    {
+        if (m_hasActed)
+            return;
+        m_hasActed = true;
+        delete m_widget;
+    }
+
+private:
+    QWidget *m_widget;
+    bool m_hasActed = false;
+};
+
+//! A widget as Designer shows it. Its models are not its children, so that they may announce something while it dies.
+class Specimen
+{
+public:
+    explicit Specimen(const WidgetDescription &description)
+        : widget(description.create(nullptr))
+    {
+        if (description.preview)
+            description.preview(widget);
+        widget->resize(description.size);
+        for (QAbstractItemModel *model : widget->findChildren<QAbstractItemModel *>()) {
+            const bool isOfHost = qobject_cast<QStandardItemModel *>(model)
+                || qobject_cast<RVXSingleChannelDataModel *>(model);
+            const bool isOfField =
+                model->parent() != widget && qobject_cast<QComboBox *>(model->parent());
+            if (isOfHost && !isOfField)
+                model->setParent(&m_models);
+        }
+        widget->show();
+        widget->grab();
+    }
+    ~Specimen() { delete widget; }
+
+    QList<QAbstractItemModel *> models() const
+    {
+        return m_models.findChildren<QAbstractItemModel *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+
+    QPointer<QWidget> widget;
+
+private:
+    QObject m_models;
+};
+
+using Action = std::function<void(Specimen &)>;
+
+//! Returns the first class below the library's classes of which a widget is one.
+const QMetaObject *qtClassOf(const QWidget &widget)
+{
+    const QMetaObject *type = widget.metaObject();
+    while (QByteArray(type->className()).startsWith("Corvale_Qt::"))
+        type = type->superClass();
+    return type;
+}
+
+//! Adds actions that give a property other values than it has.
+void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
+{
+    const auto add = [&](auto change) {
+        actions.append([property, change](Specimen &specimen) {
+            property.write(specimen.widget, change(property.read(specimen.widget)));
+        });
+    };
+    if (!property.isWritable())
+        return;
+    if (property.userType() == QMetaType::Bool) {
+        for (int i = 0; i < 2; ++i)
+            add([](const QVariant &value) {
+                return QVariant(!value.toBool());
+            });
+    } else if (property.isEnumType() || property.userType() == QMetaType::Int) {
+        for (const int number : {0, 1, 2, 3, 5, 10})
+            add([number](const QVariant &) {
+                return QVariant(number);
+            });
+    } else if (property.userType() == QMetaType::Double) {
+        for (const double factor : {2.0, 0.0})
+            add([factor](const QVariant &value) {
+                return QVariant(factor * value.toDouble() + 1.0);
+            });
+    } else if (property.userType() == QMetaType::QDateTime) {
+        add([](const QVariant &) {
+            return QVariant(QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC));
+        });
+    } else if (property.userType() == QMetaType::QString) {
+        add([](const QVariant &value) {
+            return QVariant(value.toString() + QLatin1Char('u'));
+        });
+    }
+}
+
+//! Adds actions that call a slot, if its arguments are simple.
+void addSlotActions(const QMetaMethod &slot, QVector<Action> &actions)
+{
+    if (slot.methodType() != QMetaMethod::Slot || slot.access() != QMetaMethod::Public)
+        return;
+    const auto add = [&](auto... arguments) {
+        actions.append([slot, arguments...](Specimen &specimen) {
+            slot.invoke(specimen.widget, Qt::DirectConnection, arguments...);
+        });
+    };
+    const QList<QByteArray> types = slot.parameterTypes();
+    if (types.isEmpty())
+        add();
+    else if (types == QList<QByteArray>{"int"})
+        for (const int number : {0, 1, 2, 3})
+            add(Q_ARG(int, number));
+    else if (types == QList<QByteArray>{"bool"})
+        for (const bool on : {true, false})
+            add(Q_ARG(bool, on));
+    else if (types == QList<QByteArray>{"double"})
+        add(Q_ARG(double, 1.0));
+    else if (types == QList<QByteArray>{"double", "double"})
+        add(Q_ARG(double, 1.0), Q_ARG(double, 2.0));
+}
+
+//! Adds actions of the source: another reading, spot or line.
+void addDataActions(QVector<Action> &actions)
+{
+    const auto feed = [](Specimen &specimen) {
+        for (QAbstractItemModel *model : specimen.models()) {
+            if (auto *channel = qobject_cast<RVXSingleChannelDataModel *>(model))
+                channel->AddData(1e4 + channel->rowCount(), 1e-9);
+            else if (auto *items = qobject_cast<QStandardItemModel *>(model))
+                items->appendRow(items->takeRow(0));
+        }
+    };
+    const auto empty = [](Specimen &specimen) {
+        for (QAbstractItemModel *model : specimen.models())
+            model->removeRows(0, model->rowCount());
+    };
+    const auto paint = [](Specimen &specimen) {
+        specimen.widget->grab();
+    };
+    const auto wait = [](Specimen &) {
+        QCoreApplication::processEvents();
+    };
+    actions << feed << paint << wait << empty << paint << wait;
+}
+
+/*! Adds keys and the mouse, as they come to the widget and to those in it. Return is left out: Qt's line edit goes on with
+    itself after it has announced the key, so that no slot of a field may delete it. */
+void addInputActions(QVector<Action> &actions)
+{
+    for (const int key : {Qt::Key_Right, Qt::Key_Plus, Qt::Key_Space, Qt::Key_Home, Qt::Key_Escape})
+        actions.append([key](Specimen &specimen) {
+            for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+                QKeyEvent event(type, key, Qt::NoModifier);
+                if (specimen.widget)
+                    QCoreApplication::sendEvent(specimen.widget, &event);
+            }
+        });
+    actions.append([](Specimen &specimen) {
+        QVector<QPointer<QAbstractButton>> buttons;
+        for (QAbstractButton *button : specimen.widget->findChildren<QAbstractButton *>())
+            buttons.append(button);
+        for (const QPointer<QAbstractButton> &button : buttons)
+            if (button && button->isVisible())
+                button->click();
+    });
+}
+
+//! Returns what can be done to each widget of a class.
+QVector<Action> actionsFor(const QWidget &widget)
+{
+    QVector<Action> actions;
+    const QMetaObject *type = widget.metaObject(), *qtType = qtClassOf(widget);
+    for (int i = qtType->propertyCount(); i < type->propertyCount(); ++i)
+        addPropertyActions(type->property(i), actions);
+    addDataActions(actions);
+    addInputActions(actions);
+    for (int i = qtType->methodCount(); i < type->methodCount(); ++i)
+        addSlotActions(type->method(i), actions);
+    return actions;
+}
+
+const QMetaMethod &actSlot()
+{
+    static const QMetaMethod slot =
+        Deleter::staticMetaObject.method(Deleter::staticMetaObject.indexOfSlot("act()"));
+    return slot;
+}
+
+} // namespace
+
+class tst_WidgetAbuse : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        // A dialog that a slot opens is closed.
+        connect(&m_closer, &QTimer::timeout, this, [] {
+            if (QWidget *dialog = QApplication::activeModalWidget())
+                dialog->close();
+            if (QWidget *popup = QApplication::activePopupWidget())
+                popup->close();
+        });
+        m_closer.start(1);
+    }
+
+    void deletedInsideItsSignals_data() { everyWidget(); }
+    void deletedInsideItsSignals()
+    {
+        QFETCH(int, number);
+        const WidgetDescription &description = widgetTable()[std::size_t(number)];
+        QVector<Action> actions;
+        QHash<int, int> firedBy; // signals, and the first action after which each had been emitted
+        int first = 0, end = 0;
+        {
+            Specimen specimen(description);
+            actions = actionsFor(*specimen.widget);
+            const QMetaObject *type = specimen.widget->metaObject();
+            first = qtClassOf(*specimen.widget)->methodCount();
+            end = type->methodCount();
+            std::vector<std::unique_ptr<QSignalSpy>> spies;
+            for (int i = first; i < end; ++i)
+                spies.push_back(type->method(i).methodType() == QMetaMethod::Signal
+                                    ? std::make_unique<QSignalSpy>(specimen.widget, type->method(i))
+                                    : nullptr);
+            for (int action = 0; action < actions.size(); ++action) {
+                actions[action](specimen);
+                for (int i = first; i < end; ++i)
+                    if (const auto &spy = spies[std::size_t(i - first)];
+                        spy && !spy->isEmpty() && !firedBy.contains(i))
+                        firedBy.insert(i, action);
+            }
+        }
+        for (auto fired = firedBy.begin(); fired != firedBy.end(); ++fired) {
+            Specimen specimen(description);
+            const QMetaMethod signal = specimen.widget->metaObject()->method(fired.key());
+            if (qEnvironmentVariableIsSet("CORVALE_QT_TEST_VERBOSE"))
+                qInfo("%s", signal.methodSignature().constData());
+            Deleter deleter(specimen.widget);
+            QObject::connect(specimen.widget, signal, &deleter, actSlot());
+            actions[fired.value()](specimen);
+            for (int i = 0; specimen.widget && i <= fired.value(); ++i)
+                actions[i](specimen);
+            QVERIFY2(deleter.hasActed() == specimen.widget.isNull(), signal.methodSignature());
+        }
+        qInfo("%s: deleted inside %d signals", description.className, firedBy.size());
+    }
+
+    void anySize_data() { everyWidget(); }
+    void anySize()
+    {
+        QFETCH(int, number);
+        Specimen specimen(widgetTable()[std::size_t(number)]);
+        for (const QSize &size :
+             {QSize(0, 0), QSize(1, 1), QSize(30000, 30), QSize(30, 30000), QSize(2, 500)}) {
+            specimen.widget->setMinimumSize(0, 0);
+            specimen.widget->resize(size);
+            QCOMPARE(specimen.widget->grab().isNull(), specimen.widget->size().isEmpty());
+            QCoreApplication::processEvents();
+        }
+    }
+
+    void modelDeletedBeforeAPaint_data() { everyWidget(); }
+    void modelDeletedBeforeAPaint()
+    {
+        QFETCH(int, number);
+        Specimen specimen(widgetTable()[std::size_t(number)]);
+        for (QAbstractItemModel *model : specimen.models()) {
+            if (auto *channel = qobject_cast<RVXSingleChannelDataModel *>(model))
+                channel->AddData(1e4, 1e-9);
+            specimen.widget->update();
+            delete model;
+            QVERIFY(!specimen.widget->grab().isNull());
+        }
+        QCoreApplication::processEvents();
+    }
+
+private:
+    static void everyWidget()
+    {
+        QTest::addColumn<int>("number");
+        int number = 0;
+        for (const WidgetDescription &description : widgetTable())
+            QTest::newRow(description.className) << number++;
+    }
+
+    QTimer m_closer;
+};
+
+CORVALE_QT_TEST_MAIN(tst_WidgetAbuse)
+#include "tst_WidgetAbuse.moc"

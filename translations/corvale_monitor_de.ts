@@ -2220,6 +2220,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>%1x average</source>
         <translation>%1-fach gemittelt</translation>
     </message>
+    <message>
+        <source>it is a link of another user</source>
+        <translation>es ist ein Verweis eines anderen Benutzers</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

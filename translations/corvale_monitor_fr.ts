@@ -2220,6 +2220,10 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
         <source>%1x average</source>
         <translation>moyenne sur %1</translation>
     </message>
+    <message>
+        <source>it is a link of another user</source>
+        <translation>c&apos;est un lien d&apos;un autre utilisateur</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

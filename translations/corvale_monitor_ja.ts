@@ -2220,6 +2220,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>%1x average</source>
         <translation>%1 点平均</translation>
     </message>
+    <message>
+        <source>it is a link of another user</source>
+        <translation>別の利用者が作ったリンクです</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

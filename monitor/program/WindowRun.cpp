@@ -220,7 +220,7 @@ int WindowRun::run()
     connect(&termination, &TerminationSignal::raised, m_window.get(), &QWidget::close);
     const LoopWatch watch(m_clock);
     connect(&watch, &LoopWatch::stalled, m_session.get(), [this](const QString &text) {
-        Q_EMIT m_session->noted(tr("WARNING %1").arg(text));
+        Q_EMIT m_session->noted(QStringLiteral("WARNING ") + text);
     });
     m_window->show();
     m_session->start();

@@ -73,17 +73,13 @@ QVariant LatestPrefixes::reading(const QModelIndex &sample)
     const double value = number.toDouble();
     if (!number.isValid() || !std::isfinite(value))
         return sample.data(Qt::DisplayRole);
-    const int channel = sample.column() - 1;
-    if (channel >= m_prefixes.size())
-        m_prefixes.resize(sample.model()->columnCount());
-    Units::SiPrefix &prefix = m_prefixes[channel];
-    const QString symbol = symbolOf(sample.model(), sample.column());
-    if (prefix.givenSymbol() != symbol)
-        prefix = Units::SiPrefix(symbol);
     const auto *const plot = dynamic_cast<const RVXAbstractPlotDataModel *>(sample.model());
-    prefix.follow(value,
-                  plot ? sampleNoise(PlotColumnReader(plot), sample.column(), sample.row()) : 0.0);
-    return prefix.text(value);
+    const int column = sample.column();
+    const double noise = plot ? sampleNoise(PlotColumnReader(plot), column, sample.row()) : 0.0;
+    if (!m_shared)
+        m_shared = ReadingPrefixes::of(sample.model());
+    const QString unit = symbolOf(sample.model(), column);
+    return readingText(m_shared->follow({column, unit, value, noise}), value, m_fixedUnit);
 }
 
 bool unitsDiffer(const QAbstractItemModel *model)

@@ -2,10 +2,9 @@
 #pragma once
 // Private: this header is not installed.
 
-#include "corvale_qt/units/SiPrefix.h"
+#include "corvale_qt/proxies/ReadingPrefixes_p.h"
 
 #include <QVariant>
-#include <QVector>
 
 class QAbstractItemModel;
 class QModelIndex;
@@ -24,18 +23,21 @@ QVariant channelForeground(const QModelIndex &header);
 //! Returns the text of a reading with the symbol of its channel's unit. A reading that is not finite gets no symbol.
 QVariant readingWithUnit(const QModelIndex &sample);
 
-/*! The prefixes of the readings, which stay as they are from one reading to the next: each channel has its own. Works for a
-    source of any kind; only that of a plot model has a known noise. */
+//! Writes readings with the prefix of their channel. Works for a source of any kind; only that of a plot model has a known noise.
 class LatestPrefixes
 {
 public:
-    //! Forgets all channels.
-    void clear() { m_prefixes.clear(); }
+    //! Forgets which readings they are, because the source, or what a proxy makes of it, may be another.
+    void clear() { m_shared.reset(); }
+    //! Sets the unit that readings are shown in if their quantity has it; empty for the one that suits each.
+    void setFixedUnit(const QString &symbol) { m_fixedUnit = symbol; }
+    const QString &fixedUnit() const { return m_fixedUnit; }
     //! Returns the text of a reading with the prefix and the digits that suit it; that of the source if it is not finite.
     QVariant reading(const QModelIndex &sample);
 
 private:
-    QVector<Units::SiPrefix> m_prefixes;
+    std::shared_ptr<ReadingPrefixes> m_shared; // with the other displays of the same readings
+    QString m_fixedUnit;
 };
 
 //! Returns whether channels have units with different symbols.

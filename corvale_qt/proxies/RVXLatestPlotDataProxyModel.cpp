@@ -428,6 +428,22 @@ void RVXLatestPlotDataProxyModel::setSiPrefix(bool on)
     Q_EMIT siPrefixChanged(on);
 }
 
+QString RVXLatestPlotDataProxyModel::valueUnit() const
+{
+    Q_D(const RVXLatestPlotDataProxyModel);
+    return d->prefixes.fixedUnit();
+}
+
+void RVXLatestPlotDataProxyModel::setValueUnit(const QString &symbol)
+{
+    Q_D(RVXLatestPlotDataProxyModel);
+    if (symbol == valueUnit())
+        return;
+    d->prefixes.setFixedUnit(symbol);
+    d->newestChanged();
+    Q_EMIT valueUnitChanged(symbol);
+}
+
 void RVXLatestPlotDataProxyModel::edit(const QModelIndex &index)
 {
     Q_D(RVXLatestPlotDataProxyModel);

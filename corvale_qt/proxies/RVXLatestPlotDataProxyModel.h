@@ -29,6 +29,8 @@ class CORVALE_QT_EXPORT RVXLatestPlotDataProxyModel : public QAbstractProxyModel
     Q_OBJECT
     //! Whether each reading is shown with the prefix and the digits that suit it; false at first.
     Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix NOTIFY siPrefixChanged)
+    //! With siPrefix, the unit of readings whose quantity has it, such as "nA"; empty, as at first, for one that suits each reading.
+    Q_PROPERTY(QString valueUnit READ valueUnit WRITE setValueUnit NOTIFY valueUnitChanged)
 
 public:
     //! Creates a table without a source.
@@ -51,6 +53,10 @@ public:
     /*! Sets whether each reading is shown with its unit, the prefix that suits it, and as many digits as its noise allows, see
         Units::SiPrefix. Other roles than Qt::DisplayRole stay as they are. */
     void setSiPrefix(bool on);
+    //! Returns the unit that was set for readings; empty if it suits each of them.
+    QString valueUnit() const;
+    //! Sets the unit of readings whose quantity has it, see RVXScopePlotView::valueUnit; empty for one that suits each reading.
+    void setValueUnit(const QString &symbol);
 
     QModelIndex buddy(const QModelIndex &index) const override;
     QStringList mimeTypes() const override;
@@ -68,6 +74,8 @@ public:
 Q_SIGNALS:
     //! Readings are shown with a prefix, or as the source has them again.
     void siPrefixChanged(bool on);
+    //! Readings are shown in another unit.
+    void valueUnitChanged(const QString &symbol);
 
 public Q_SLOTS:
     //! Holds back changes in the row of \a index, which is being edited, until editingFinished().

@@ -5,6 +5,7 @@
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_scale_widget.h>
 
 #include <QApplication>
 #include <QGestureEvent>
@@ -31,6 +32,8 @@ CanvasGestures::CanvasGestures(RVXScopePlotViewPrivate &view, ScopeNavigation &n
 {
     d.canvas->installEventFilter(this);
     d.canvas->grabGesture(Qt::PinchGesture);
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
+        d.plot->axisWidget(axis)->installEventFilter(this);
 }
 
 CanvasGestures::~CanvasGestures()
@@ -50,8 +53,13 @@ bool CanvasGestures::cancel()
     return true;
 }
 
-bool CanvasGestures::eventFilter(QObject *, QEvent *event)
+bool CanvasGestures::eventFilter(QObject *watched, QEvent *event)
 {
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight}) {
+        if (watched == d.plot->axisWidget(axis))
+            return event->type() == QEvent::Wheel
+                && wheelTurnedOnAxis(axis, static_cast<QWheelEvent &>(*event));
+    }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         return mousePressed(static_cast<QMouseEvent &>(*event));
@@ -79,6 +87,7 @@ bool CanvasGestures::mousePressed(const QMouseEvent &event)
     m_pressed = event.pos();
     m_xMap = d.plot->canvasMap(QwtPlot::xBottom);
     m_yMap = d.plot->canvasMap(QwtPlot::yLeft);
+    m_rightMap = d.plot->canvasMap(QwtPlot::yRight);
     m_window = d.context.hold.window();
     m_state = State::Pressed;
     if (event.modifiers() & Qt::ShiftModifier) {
@@ -146,6 +155,21 @@ bool CanvasGestures::wheelTurned(QWheelEvent &event)
     return true;
 }
 
+//! Zooms the y axis under the pointer, and no other.
+bool CanvasGestures::wheelTurnedOnAxis(int axis, QWheelEvent &event)
+{
+    using Step = ScopeNavigation::Step;
+    event.accept();
+    const int angle = event.angleDelta().y();
+    const QPoint at = d.canvas->mapFromGlobal(event.globalPosition().toPoint());
+    if (angle != 0)
+        m_navigation.zoomYAxisAlone(axis,
+                                    at.y(),
+                                    std::pow(kZoomOfNotch, angle / kNotch),
+                                    angle > 0 ? Step::WheelIn : Step::WheelOut);
+    return true;
+}
+
 bool CanvasGestures::pinched(const QGestureEvent &event)
 {
     const auto *pinch = static_cast<const QPinchGesture *>(event.gesture(Qt::PinchGesture));
@@ -188,8 +212,11 @@ void CanvasGestures::pan(const QPoint &to)
     ViewWindow window = m_window;
     if (m_navigation.zoomedAxis(false) == QwtPlot::xBottom)
         window.x = m_navigation.limited(movedBy(m_xMap, to.x() - m_pressed.x()));
+    const int down = to.y() - m_pressed.y();
     if (m_window.y.isValid())
-        window.y = divisible(movedBy(m_yMap, to.y() - m_pressed.y()));
+        window.y = divisible(movedBy(m_yMap, down));
+    if (m_window.right.isValid())
+        window.right = divisible(movedBy(m_rightMap, down));
     m_navigation.show(window);
 }
 

@@ -37,7 +37,7 @@ public:
     //! Ends a drag where it is.
     void finish();
 
-    bool eventFilter(QObject *canvas, QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     enum class State {
@@ -52,6 +52,7 @@ private:
     bool mouseReleased(const QMouseEvent &event);
     bool mouseDoubleClicked(const QMouseEvent &event);
     bool wheelTurned(QWheelEvent &event);
+    bool wheelTurnedOnAxis(int axis, QWheelEvent &event);
     bool pinched(const QGestureEvent &event);
     bool padZoomed(const QNativeGestureEvent &event);
     void beginPan();
@@ -66,6 +67,7 @@ private:
     // As they were when the button was pressed.
     QwtScaleMap m_xMap;
     QwtScaleMap m_yMap;
+    QwtScaleMap m_rightMap;
     ViewWindow m_window;
     std::unique_ptr<QRubberBand> m_band;
     ScopeMarkers::Placed m_marker; //!< where the first marker was before the last click

@@ -60,6 +60,7 @@ void HistogramPlotMode::enter()
     m_context.limits.hide();
     m_context.triggerMarks.hide();
     m_context.surface.showOnly(m_context.plot);
+    m_context.followUnits(ScopeAxes::Show::FirstUnit);
     prepareAxis();
     showNames();
     m_context.surface.showScrollBar(false);
@@ -104,6 +105,7 @@ void HistogramPlotMode::plot()
         clear();
         return;
     }
+    m_context.followUnits(ScopeAxes::Show::FirstUnit);
     m_context.statistics.read(last);
     const double divisor = plotDivisor();
     drawBars(divisor);
@@ -111,7 +113,7 @@ void HistogramPlotMode::plot()
     m_context.limits.showOverBars(divisor, [this](int channel) {
         return m_series->sample(size_t(channel - 1)).interval;
     });
-    m_context.showYTitle();
+    m_context.showYTitles();
     m_context.statistics.showResults(divisor);
     showMarkers();
     m_context.noteHidden(m_context.yScale.isLogarithmic ? namesOfNotPositive() : QStringList());
@@ -123,7 +125,7 @@ void HistogramPlotMode::clear()
 {
     m_context.histogram.detach();
     m_context.statistics.clear();
-    m_context.noteHidden({});
+    m_context.hideNote();
     m_context.markers.detachAll();
     m_context.plot->updateAxes();
 }
@@ -182,6 +184,7 @@ void HistogramPlotMode::describeMarker(int index)
     QString text = barText(channel);
     if (index == 1 && m_context.markers.isAttached(0))
         text = spanText(m_context.model, channel, text, span());
+    marker.setYAxis(QwtPlot::yLeft);
     marker.setValue(markerPlace(channel), m_series->sample(size_t(channel - 1)).value);
     setMarkerLabel(marker, text, index == m_context.markers.selected());
     setMarkerLine(marker, m_context.model.brush(channel));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/scope/ChannelUnits_p.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/PlacedStatistics_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -64,9 +65,12 @@ ChannelGroup channelGroup(int index, int count, int channels)
     return {offset, index == count - 1 ? channels - offset : size};
 }
 
-HistogramStatistics::HistogramStatistics(QwtPlot *plot, const ScopeModel &model)
+HistogramStatistics::HistogramStatistics(QwtPlot *plot,
+                                         const ScopeModel &model,
+                                         const ChannelUnits &units)
     : m_plot(plot)
     , m_model(model)
+    , m_units(units)
 {
 }
 
@@ -198,14 +202,15 @@ void HistogramStatistics::read(int row)
     m_bars.readings.resize(channels);
     m_bars.values.resize(channels);
     for (int i = 0; i < channels; ++i) {
-        const double value = m_model.isShown(i + 1) ? plot->doubleData(row, i + 1) : std::nan("");
+        const bool counts = m_model.isShown(i + 1) && m_units.placeOf(i + 1) == ChannelUnits::First;
+        const double value = counts ? plot->doubleData(row, i + 1) : std::nan("");
         m_bars.readings[i] = std::isfinite(value) ? value : std::nan("");
         m_bars.values[i] = fitValue(m_bars.readings[i]);
     }
     if (m_places.apply(channels))
         m_frame = DetectorFrame::of(m_places.layout(), m_bars.readings.constData(), channels);
-    m_bars.unit = m_model.unitName();
-    m_bars.unitScale = m_model.unitScale();
+    m_bars.unit = m_units.symbol(ChannelUnits::First);
+    m_bars.unitScale = m_units.scaleOfFirst();
     m_bars.deviceFits = needsDeviceFits() ? m_model.deviceFits(row) : QVariantList();
 }
 

@@ -22,6 +22,7 @@ class QwtPlot;
 
 namespace Corvale_Qt {
 
+class ChannelUnits;
 class RVX_HistogramItemAxisWidget;
 class ScopeModel;
 
@@ -59,7 +60,8 @@ public:
     using Type = RVXScopePlotView::HistogramItemTypes;
 
     //! \a plot and \a model are not owned.
-    HistogramStatistics(QwtPlot *plot, const ScopeModel &model);
+    //! Counts only channels of the first of \a units if these are told apart.
+    HistogramStatistics(QwtPlot *plot, const ScopeModel &model, const ChannelUnits &units);
     ~HistogramStatistics() override;
 
     //! Creates the axis widgets, hidden, at the top of a layout. Must be called before the other functions.
@@ -126,6 +128,7 @@ private:
 
     QwtPlot *m_plot;
     const ScopeModel &m_model;
+    const ChannelUnits &m_units;
     HistogramBars m_bars;
     HistogramPlaces m_places;
     DetectorFrame m_frame; //!< the readings of m_bars on the cells, if they have places

@@ -95,7 +95,12 @@ void LegendDelegate::paint(QPainter *painter,
     const QRect text = beside.adjusted(0, 0, -paintLimit(painter, beside, index), 0);
     const QString value = isShown ? index.data(LegendModel::ValueRole).toString() : QString();
     const int valueRoom = std::min(text.width() / 2, valueWidth(option.fontMetrics));
-    const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin, 0);
+    const QString arrow = isShown ? index.data(LegendModel::AxisRole).toString() : QString();
+    const int arrowRoom = option.fontMetrics.horizontalAdvance(arrow);
+    const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin - arrowRoom, 0);
+    painter->drawText(QRect(nameRect.right() + 1, text.top(), arrowRoom, text.height()),
+                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                      arrow);
     painter->drawText(
         nameRect,
         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -112,15 +117,18 @@ QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
     const QFontMetrics &metrics = option.fontMetrics;
     int name = 0;
     bool isWatched = false;
+    QString arrow;
     for (int row = 0; row < index.model()->rowCount(); ++row) {
         const QString text = index.sibling(row, 0).data().toString().left(longestName);
         name = std::max(name, metrics.horizontalAdvance(text));
+        if (arrow.isEmpty())
+            arrow = index.sibling(row, 0).data(LegendModel::AxisRole).toString();
         isWatched = isWatched || index.sibling(row, 0).data(LegendModel::WatchedRole).toBool();
     }
     // The word of a limit has room before it comes, so that the plot keeps its size then.
     const int limit = isWatched ? metrics.horizontalAdvance(LegendModel::tr("High warning")) : 0;
-    const int width =
-        swatchWidth + name + valueWidth(metrics) + limit + 3 * margin * int(isWatched);
+    const int width = swatchWidth + name + metrics.horizontalAdvance(arrow) + valueWidth(metrics)
+        + limit + 3 * margin * int(isWatched);
     return {width + 6 * margin, metrics.height() + margin};
 }
 

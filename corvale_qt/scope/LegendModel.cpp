@@ -86,6 +86,23 @@ void LegendModel::setOnWhite(bool onWhite)
     changeAll();
 }
 
+void LegendModel::setValueUnit(const QString &symbol)
+{
+    m_prefixes.setFixedUnit(symbol);
+    changeAll();
+}
+
+void LegendModel::setAxes(const std::function<RVXScopePlotView::ChannelAxis(int channel)> &axisOf)
+{
+    m_axisOf = axisOf;
+    changeAll();
+}
+
+RVXScopePlotView::ChannelAxis LegendModel::axis(int channel) const
+{
+    return m_axisOf ? m_axisOf(channel) : RVXScopePlotView::LeftAxis;
+}
+
 void LegendModel::setLimits(const Limits &limits)
 {
     m_limits = limits;
@@ -125,7 +142,9 @@ QString LegendModel::value(int channel) const
 
 QString LegendModel::accessibleText(const QString &name, int channel) const
 {
-    const QString text = tr("%1, %2").arg(name, value(channel));
+    QString text = tr("%1, %2").arg(name, value(channel));
+    if (axis(channel) == RVXScopePlotView::RightAxis)
+        text = tr("%1, right axis").arg(text);
     const QString limit = textOf(limitState(channel));
     return limit.isEmpty() ? text : tr("%1, %2").arg(text, limit);
 }
@@ -156,6 +175,8 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
         return colorOf(limitState(channel));
     case WatchedRole:
         return m_limits.areSet && m_limits.areSet(channel);
+    case AxisRole:
+        return axis(channel) == RVXScopePlotView::RightAxis ? QStringLiteral("\u2192") : QString();
     case PenRole:
         return model.pen(channel);
     case GroundRole:

@@ -5,6 +5,7 @@
 
 #include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/proxies/LatestCells_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 
 #include <QAbstractListModel>
 #include <QCoreApplication>
@@ -30,6 +31,7 @@ public:
         LimitColorRole, //!< the colour that goes with it
         WatchedRole, //!< whether the channel has limits
         GroundRole, //!< the colour of the canvas on which the curve is drawn
+        AxisRole, //!< an arrow to the right for a channel on the right y axis, otherwise empty
     };
 
     //! Shows the channels of another model; null for none. The model is not owned.
@@ -38,6 +40,8 @@ public:
     void setSiPrefix(bool on);
     //! Sets whether the pens are those of curves on a white canvas.
     void setOnWhite(bool onWhite);
+    //! Sets the unit of the values whose quantity has it; empty for the one that suits each.
+    void setValueUnit(const QString &symbol);
     //! What tells about the limits of a channel, counted from 1.
     struct Limits
     {
@@ -45,6 +49,8 @@ public:
         std::function<LimitState(int channel)> stateOf;
     };
     void setLimits(const Limits &limits);
+    //! Sets what tells which y axis a channel, counted from 1, is drawn on.
+    void setAxes(const std::function<RVXScopePlotView::ChannelAxis(int channel)> &axisOf);
     //! Announces that a channel, counted from 1, has another limit state.
     void changeLimitState(int channel);
     //! Announces that the names, the lines or the limits of channels may be others.
@@ -59,10 +65,12 @@ private:
     QString value(int channel) const;
     QString accessibleText(const QString &name, int channel) const;
     LimitState limitState(int channel) const;
+    RVXScopePlotView::ChannelAxis axis(int channel) const;
 
     QPointer<QAbstractItemModel> m_source;
     QVector<QMetaObject::Connection> m_connections;
     Limits m_limits;
+    std::function<RVXScopePlotView::ChannelAxis(int channel)> m_axisOf;
     bool m_hasSiPrefix = false;
     bool m_isOnWhite = false;
     mutable LatestPrefixes m_prefixes; // a text depends on the readings before

@@ -29,7 +29,7 @@ QString readingText(const ScopeModel &model, const MarkedSample &sample)
     if (std::isnan(sample.value))
         return QCoreApplication::translate("Corvale_Qt::RVXScopePlotView", "no reading");
     if (model.hasSiPrefix())
-        return Units::SiPrefix::text(sample.value, model.unitName(sample.channel), sample.noise);
+        return model.readingWithPrefix(sample.channel, sample.value, sample.noise);
     return QString::number(sample.value, 'g', QLocale::FloatingPointShortest);
 }
 
@@ -48,8 +48,8 @@ class StatisticsText
 {
 public:
     StatisticsText(const ScopeModel &model, int channel, const MarkerStatistics &statistics)
-        : m_hasSiPrefix(model.hasSiPrefix())
-        , m_unit(m_hasSiPrefix ? model.unitName(channel) : QString())
+        : m_model(model)
+        , m_channel(channel)
         , m_statistics(statistics)
     {
     }
@@ -71,11 +71,12 @@ private:
     {
         if (m_statistics.count() < 1)
             return notAvailable();
-        return m_hasSiPrefix ? Units::SiPrefix::text(value, m_unit, error) : number(value);
+        return m_model.hasSiPrefix() ? m_model.numberWithPrefix(m_channel, value, error)
+                                     : number(value);
     }
 
-    bool m_hasSiPrefix;
-    QString m_unit;
+    const ScopeModel &m_model;
+    const int m_channel;
     const MarkerStatistics &m_statistics;
 };
 
@@ -268,14 +269,13 @@ QString detailText(const ScopeModel &model,
                    double difference,
                    const MarkerStatistics &statistics)
 {
-    const QString unit = model.unitName(channel);
     const auto text = [&](double value, const QString &ofTime) {
         if (std::isnan(value))
             return notAvailable();
         if (!model.hasSiPrefix())
             return number(value);
         constexpr double sixDigits = 1e-5;
-        return Units::SiPrefix::text(value, unit, sixDigits * std::abs(value)) + ofTime;
+        return model.numberWithPrefix(channel, value, sixDigits * std::abs(value)) + ofTime;
     };
     const QString xUnit = model.xUnitName();
     return QStringLiteral("\n    Delta: %1\n  Minimum: %2\n  Maximum: %3\n    Slope: %4")

@@ -75,6 +75,7 @@ bool RVXScopePlotView::SetRange(double min, double max)
     if (!std::isfinite(min) || !std::isfinite(max))
         return false;
     d->context.yScale.isRangeGiven = true;
+    d->context.yScale.rangeUnit.reset();
     if (range == d->context.yScale.range)
         return false;
     d->context.yScale.range = range;
@@ -206,6 +207,7 @@ void RVXScopePlotView::setModel(QAbstractItemModel *model)
     d->context.markers.detachAll();
     d->context.markers.forgetChannels();
     d->context.model.set(model);
+    d->context.channelNames = d->context.model.names();
     d->context.createCurves();
     d->context.dropSweep();
     d->context.batches.clear();
@@ -231,6 +233,7 @@ void RVXScopePlotView::reset()
     QAbstractItemView::reset();
     d->followBaseModel();
     d->showBufferSize();
+    d->followNames();
     if (!model()) {
         d->context.curves.clearCurves();
         d->currentMode().clear();
@@ -238,7 +241,8 @@ void RVXScopePlotView::reset()
     }
     if (d->context.model.channelCount() != d->context.curves.count()) {
         d->dropSweep();
-        d->context.markers.forgetChannels();
+        if (!d->channelsFollowed)
+            d->context.markers.forgetChannels();
         d->context.createCurves();
         d->currentMode().enter();
     }

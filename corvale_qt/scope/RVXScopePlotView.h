@@ -86,10 +86,12 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     // How values are shown.
     //! Whether axis and labels show values with the prefix that suits them, such as nA; false at first.
     Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix NOTIFY siPrefixChanged)
-    //! With siPrefix, the unit that the y axis shows whatever its scale, such as "nA"; empty, as at first, for one that suits the scale.
+    //! With siPrefix, the unit of y axis, legend and labels whatever the values, such as "nA"; empty, as at first, for one that suits each.
     Q_PROPERTY(QString valueUnit READ valueUnit WRITE setValueUnit NOTIFY valueUnitChanged)
     //! The unit that the y axis shows; empty without a unit.
     Q_PROPERTY(QString shownUnit READ shownUnit NOTIFY shownUnitChanged STORED false)
+    //! Whether channels of another unit have a y axis of their own, on the right; false at first.
+    Q_PROPERTY(bool secondAxis READ hasSecondAxis WRITE setSecondAxis NOTIFY secondAxisChanged)
     //! Whether a y axis that follows the data grows at once but shrinks only after a while; false at first.
     Q_PROPERTY(bool hysteresis READ hasHysteresis WRITE setHysteresis NOTIFY hysteresisChanged)
     //! Whether percentages are of the data's own full scale until a range is set; false at first.
@@ -244,8 +246,8 @@ public:
     void setSiPrefix(bool on);
     //! Returns the unit that was set for the y axis; empty if it suits the scale.
     QString valueUnit() const;
-    /*! Sets the unit that the y axis shows while siPrefix is on, one of valueUnits(). Any other text is kept, but has no effect
-        before the model has a unit of that quantity. Empty chooses the unit by the scale again. */
+    /*! Sets the unit of the y axis, the legend and all labels while siPrefix is on, one of valueUnits(). Any other text is kept,
+        but has no effect before the model has a unit of that quantity. Empty chooses the unit by the values again. */
     void setValueUnit(const QString &symbol);
     //! Returns the units that valueUnit may be for the model, the smallest first; empty if its unit takes no prefixes.
     QStringList valueUnits() const;
@@ -256,6 +258,24 @@ public:
     /*! Returns the value, in the unit of the model, that a person typed: in shownUnit(), or with a unit. NaN if the text is no
         such value. */
     double fromShownValue(const QString &text) const;
+    //! The y axis that a channel is drawn on.
+    enum ChannelAxis : int {
+        NoAxis = 0, //!< the channel is not drawn
+        LeftAxis = 1,
+        RightAxis = 2,
+    };
+    Q_ENUM(ChannelAxis)
+    //! Returns whether channels of another unit have a y axis of their own.
+    bool hasSecondAxis() const;
+    /*! Sets whether strip chart and sweeps have a second y axis. The left axis then has the unit of the first channel that is
+        shown, and the right axis the next other unit. Channels in further units are not drawn, and a line on the canvas names
+        them; so it is in a histogram, whose bars and statistics are those of the left axis. A range that is set belongs to
+        the unit that the left axis has then; an axis in another unit follows its channels. Both axes have the same unit prefix,
+        hysteresis and logarithm settings and are zoomed together, or alone with the wheel above one of them. A normalised
+        scale has no unit, so it has one axis. */
+    void setSecondAxis(bool on);
+    //! Returns the y axis that a channel, counted from 1, was drawn on in the last plot.
+    ChannelAxis channelAxis(int channel) const;
     //! Returns whether a y axis that follows the data has hysteresis.
     bool hasHysteresis() const;
     /*! Sets whether a y axis that follows the data has hysteresis, so that it does not move with noise: it grows at once, and
@@ -468,6 +488,10 @@ Q_SIGNALS:
     void valueUnitChanged(const QString &symbol);
     //! The y axis shows another unit. Emitted by the event loop.
     void shownUnitChanged(const QString &symbol);
+    //! Channels of another unit have a y axis of their own, or no more.
+    void secondAxisChanged(bool on);
+    //! channelAxis() may return something else. Emitted by the event loop.
+    void channelAxesChanged();
     //! A y axis that follows the data has hysteresis, or has none any more.
     void hysteresisChanged(bool on);
     //! Percentages are of the data's own full scale until a range is set, or of the range only.

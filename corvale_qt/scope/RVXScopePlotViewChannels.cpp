@@ -7,9 +7,45 @@
 
 #include <qwt_plot.h>
 
+#include <QPointer>
 #include <QVBoxLayout>
 
 namespace Corvale_Qt {
+
+void RVXScopePlotViewPrivate::followChannels(const ChannelMoves &now)
+{
+    const SweepTrigger trigger = q_ptr->trigger();
+    const int raised = q_ptr->raisedChannel();
+    const QVector<int> limits = context.followChannels(now);
+    announceLimitsLater();
+    // A slot may delete the view, which is in the middle of a change.
+    const bool isOtherTrigger = trigger != q_ptr->trigger();
+    const bool isOtherRaised = raised != q_ptr->raisedChannel();
+    if (limits.isEmpty() && !isOtherTrigger && !isOtherRaised)
+        return;
+    QMetaObject::invokeMethod(
+        q_ptr,
+        [=, view = QPointer<RVXScopePlotView>(q_ptr)] {
+            for (const int channel : limits) {
+                if (view)
+                    Q_EMIT view->channelLimitsChanged(channel);
+            }
+            if (view && isOtherTrigger)
+                Q_EMIT view->triggerChanged();
+            if (view && isOtherRaised)
+                Q_EMIT view->raisedChannelChanged(view->raisedChannel());
+        },
+        Qt::QueuedConnection);
+}
+
+void RVXScopePlotViewPrivate::followNames()
+{
+    const QStringList names = context.model.names();
+    const ChannelMoves now = channelsFollowed ? nullptr : movesOfNames(context.channelNames, names);
+    context.channelNames = names;
+    if (now)
+        followChannels(now);
+}
 
 void RVXScopePlotViewPrivate::showLegend()
 {

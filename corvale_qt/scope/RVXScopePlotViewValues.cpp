@@ -5,13 +5,17 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Corvale_Qt {
 
 void RVXScopePlotViewPrivate::followShownUnit()
 {
+    context.axes.values(QwtPlot::yRight).setListener([this] {
+        context.showYTitles();
+    });
     context.axes.values().setListener([this] {
-        context.showYTitle();
+        context.showYTitles();
         // A slot may delete the view, which may be making a plot right now.
         QMetaObject::invokeMethod(
             q_ptr,
@@ -33,7 +37,8 @@ void RVXScopePlotView::setSiPrefix(bool on)
     Q_D(RVXScopePlotView);
     if (on == hasSiPrefix())
         return;
-    d->context.axes.values().setSiPrefix(on);
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
+        d->context.axes.values(axis).setSiPrefix(on);
     d->context.model.setSiPrefix(on);
     d->context.statistics.outdate();
     RequestReplotRefresh();
@@ -51,7 +56,9 @@ void RVXScopePlotView::setValueUnit(const QString &symbol)
     Q_D(RVXScopePlotView);
     if (symbol == valueUnit())
         return;
-    d->context.axes.values().setFixedUnit(symbol);
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
+        d->context.axes.values(axis).setFixedUnit(symbol);
+    d->context.model.setFixedUnit(symbol);
     RequestReplotRefresh();
     Q_EMIT valueUnitChanged(symbol);
 }
@@ -59,7 +66,7 @@ void RVXScopePlotView::setValueUnit(const QString &symbol)
 QStringList RVXScopePlotView::valueUnits() const
 {
     Q_D(const RVXScopePlotView);
-    return Units::SiPrefix(d->context.model.unitName()).symbols();
+    return Units::SiPrefix(d->context.units.symbol(ChannelUnits::First)).symbols();
 }
 
 QString RVXScopePlotView::shownUnit() const
@@ -80,9 +87,50 @@ double RVXScopePlotView::fromShownValue(const QString &text) const
 {
     Q_D(const RVXScopePlotView);
     const ValueAxis &axis = d->context.axes.values();
-    const Units::SiPrefix plain(d->context.model.unitName());
+    const Units::SiPrefix plain(d->context.units.symbol(ChannelUnits::First));
     const auto value = (axis.hasSiPrefix() ? axis.prefix() : plain).parse(text);
     return value ? *value : std::numeric_limits<double>::quiet_NaN();
+}
+
+void RVXScopePlotViewPrivate::announceAxesLater()
+{
+    const int axes = context.units.version();
+    if (std::exchange(announcedAxes, axes) == axes)
+        return;
+    QMetaObject::invokeMethod(
+        q_ptr,
+        [this] {
+            Q_EMIT q_ptr->channelAxesChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+bool RVXScopePlotView::hasSecondAxis() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.units.areApart();
+}
+
+void RVXScopePlotView::setSecondAxis(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == hasSecondAxis())
+        return;
+    d->context.units.setApart(on);
+    d->context.statistics.outdate();
+    d->navigation->releaseY();
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    Q_EMIT secondAxisChanged(on);
+}
+
+RVXScopePlotView::ChannelAxis RVXScopePlotView::channelAxis(int channel) const
+{
+    Q_D(const RVXScopePlotView);
+    if (channel < 1 || channel > d->context.model.channelCount())
+        return NoAxis;
+    const int axis = d->context.axes.axisOf(channel);
+    return axis == ScopeAxes::noAxis ? NoAxis : axis == QwtPlot::yLeft ? LeftAxis : RightAxis;
 }
 
 bool RVXScopePlotView::hasHysteresis() const
@@ -144,6 +192,7 @@ void RVXScopePlotView::resetRange()
     const bool isOther = d->context.yScale.range != fresh;
     d->context.yScale.range = fresh;
     d->context.yScale.isRangeGiven = false;
+    d->context.yScale.rangeUnit.reset();
     d->context.axes.setYScale(d->context.yScale);
     RequestReplotRefresh();
     if (isOther)

@@ -52,6 +52,8 @@ void RVXScopePlotViewPrivate::cellsChanged(const QModelIndex &topLeft,
                                            const QModelIndex &bottomRight)
 {
     context.cellsChanged(topLeft.row(), bottomRight.row());
+    if (topLeft.row() <= 0)
+        context.channelNames = context.model.names(); // they may have been renamed
     const bool changesX = topLeft.column() <= 0 && bottomRight.row() != 0;
     if (changesX)
         context.gaps.ofModel().restart();
@@ -76,6 +78,7 @@ void RVXScopePlotViewPrivate::plotMode()
 {
     currentMode().plot();
     announceTriggerLater();
+    announceAxesLater();
 }
 
 void RVXScopePlotViewPrivate::announceLimitsLater()

@@ -105,6 +105,7 @@ void RVXScopePlotViewPrivate::prepareCanvas()
     canvas->setBorderRadius(0);
     plot->setFrameStyle(QFrame::NoFrame);
     plot->axisWidget(QwtPlot::yLeft)->setMargin(0);
+    plot->axisWidget(QwtPlot::yRight)->setMargin(0);
     plot->axisWidget(QwtPlot::xBottom)->setMargin(0);
     plot->axisWidget(QwtPlot::xBottom)->setMinBorderDist(90, 20);
     plot->plotLayout()->setAlignCanvasToScales(true);
@@ -328,13 +329,22 @@ void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)
     on(&Model::rowsMoved, rowsMove);
     on(&Model::layoutChanged, rowsMove);
     // The item view itself ignores channels that are inserted, removed or moved.
-    const auto channelsChange = [this] {
+    const auto channelsChange = [this](const ChannelMoves &now) {
         dropSweep();
+        followChannels(now);
+        const QScopedValueRollback<bool> guard(channelsFollowed, true);
         q_ptr->reset();
     };
-    on(&Model::columnsInserted, channelsChange);
-    on(&Model::columnsRemoved, channelsChange);
-    on(&Model::columnsMoved, channelsChange);
+    on(&Model::columnsInserted, [channelsChange](const QModelIndex &, int first, int last) {
+        channelsChange(movesOfInsertion(first, last));
+    });
+    on(&Model::columnsRemoved, [channelsChange](const QModelIndex &, int first, int last) {
+        channelsChange(movesOfRemoval(first, last));
+    });
+    on(&Model::columnsMoved,
+       [channelsChange](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
+           channelsChange(movesOfMove(first, last, before));
+       });
 }
 
 void RVXScopePlotViewPrivate::stopWatching()

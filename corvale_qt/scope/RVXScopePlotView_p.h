@@ -82,10 +82,16 @@ public:
     void cellsChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
     void restart();
     void dropSweep();
+    //! Has what is set for a channel follow it, and tells hosts.
+    void followChannels(const ChannelMoves &now);
+    //! Follows channels by their names, which may stand elsewhere after a reset.
+    void followNames();
     void plotMode();
     //! Has the event loop tell hosts of the channels whose limit state has changed, if there are any.
     void announceLimitsLater();
     void announceLimits();
+    //! Has the event loop tell hosts that channels may be drawn on other axes, if they may.
+    void announceAxesLater();
     //! Has the event loop tell hosts that the trigger does something else, if it does.
     void announceTriggerLater();
     //! Tells hosts that the statistics, or what the markers read, have changed.
@@ -134,6 +140,8 @@ public:
 
     int mode = RVXScopePlotView::StripMode;
     bool markersEnabled = false;
+    bool channelsFollowed =
+        false; //!< a reset is made because of channels that were followed already
     bool replotPending = false;
     bool plotting = false;
     bool repaintAsked = false; //!< the canvas was asked to repaint and has not been painted since
@@ -144,6 +152,7 @@ public:
     bool announcementAsked = false;
     bool limitsAnnouncementAsked = false;
     TriggerState announcedTrigger = TriggerState::Off;
+    int announcedAxes = 0; //!< a version of the units of the channels
     ScopeMarkerStatistics announcedMarkers;
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label

@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/BarNameDraw_p.h"
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
+#include "corvale_qt/scope/ChannelUnits_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 
 #include <qwt_plot.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -70,9 +72,19 @@ std::pair<double, double> YScale::bounds() const
     return withWidth({below * range.first * fraction, range.second * fraction});
 }
 
-ScopeAxes::ScopeAxes(QwtPlot *plot)
+YScale YScale::withoutRange() const
+{
+    YScale scale = *this;
+    scale.isRangeGiven = false;
+    if (!scale.isOfFullScale() && mode != kNormalizeScaleIndex)
+        scale.mode = kAutoScaleIndex;
+    return scale;
+}
+
+ScopeAxes::ScopeAxes(QwtPlot *plot, const ChannelUnits &units)
     : m_plot(plot)
-    , m_values(plot, QwtPlot::yLeft)
+    , m_units(units)
+    , m_values{{{plot, QwtPlot::yLeft}, {plot, QwtPlot::yRight}}}
     , m_timeFont(plot->axisFont(QwtPlot::xBottom))
 {
     m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
@@ -80,27 +92,69 @@ ScopeAxes::ScopeAxes(QwtPlot *plot)
 
 void ScopeAxes::setYScale(const YScale &scale)
 {
-    m_values.setSteady(scale.isSteady);
-    m_values.setLogarithmic(scale.isLogarithmic);
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight}) {
+        const QString unit = values(axis).givenUnit();
+        const bool hasRange = scale.rangeUnit && m_units.areApart() ? unit == *scale.rangeUnit
+                                                                    : axis == QwtPlot::yLeft;
+        applyYScale(axis, hasRange ? scale : scale.withoutRange());
+    }
+}
+
+void ScopeAxes::applyYScale(int axis, const YScale &scale)
+{
+    values(axis).setSteady(scale.isSteady);
+    values(axis).setLogarithmic(scale.isLogarithmic);
     if (scale.isOfFullScale()) {
         const double fraction = scaleFraction(scale.mode);
-        m_values.showFractions((scale.positiveOnly ? -0.1 : -1.0) * fraction, fraction);
+        values(axis).showFractions((scale.positiveOnly ? -0.1 : -1.0) * fraction, fraction);
         return;
     }
-    m_values.showFractions(0.0, 0.0);
+    values(axis).showFractions(0.0, 0.0);
     if (scale.isAutomatic()) {
-        m_plot->setAxisAutoScale(QwtPlot::yLeft, true);
+        m_plot->setAxisAutoScale(axis, true);
         return;
     }
     auto [lower, upper] = scale.bounds();
     if (scale.isLogarithmic && lower <= 0.0)
         lower = kLowestOfLogarithmic * upper;
-    m_plot->setAxisScale(QwtPlot::yLeft, lower, upper, 0.0);
+    m_plot->setAxisScale(axis, lower, upper, 0.0);
+}
+
+bool ScopeAxes::followUnits(Show show, bool isRelative)
+{
+    m_show = show;
+    const QString left = isRelative ? QString() : m_units.symbol(ChannelUnits::First);
+    bool isOther = values().setGivenUnit(left);
+    const bool hasRight = show == Show::TwoUnits && m_units.hasSecond();
+    if (hasRight && values(QwtPlot::yRight).setGivenUnit(m_units.symbol(ChannelUnits::Second)))
+        isOther = true;
+    if (std::exchange(m_hasRight, hasRight) != hasRight) {
+        values(QwtPlot::yRight).restart();
+        m_plot->enableAxis(QwtPlot::yRight, hasRight);
+    }
+    return isOther;
+}
+
+int ScopeAxes::axisOf(int channel) const
+{
+    const ChannelUnits::Place place =
+        m_show == Show::AllUnits ? ChannelUnits::First : m_units.placeOf(channel);
+    if (place == ChannelUnits::First)
+        return QwtPlot::yLeft;
+    return place == ChannelUnits::Second && m_hasRight ? int(QwtPlot::yRight) : noAxis;
+}
+
+QStringList ScopeAxes::namesWithoutAxis() const
+{
+    if (m_show == Show::AllUnits)
+        return {};
+    return m_units.namesFrom(m_hasRight ? ChannelUnits::Further : ChannelUnits::Second);
 }
 
 void ScopeAxes::prepareTimeAxis()
 {
-    m_values.restart();
+    for (ValueAxis &axis : m_values)
+        axis.restart();
     m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
     m_plot->setAxisFont(QwtPlot::xBottom, m_timeFont);
     m_plot->setAxisMaxMajor(QwtPlot::xBottom, 6);
@@ -110,7 +164,7 @@ void ScopeAxes::prepareTimeAxis()
 
 void ScopeAxes::prepareChannelAxis(int channels)
 {
-    m_values.restart();
+    values().restart();
     if (channels < kFewestNumberedChannels) {
         m_plot->setAxisScaleDraw(QwtPlot::xBottom, new ChannelNameDraw);
     } else {
@@ -131,12 +185,12 @@ void ScopeAxes::showChannelNames(const QStringList &names)
     m_plot->setAxisScaleDraw(QwtPlot::xBottom, new BarNameDraw(names));
 }
 
-void ScopeAxes::setYTitle(const QString &title)
+void ScopeAxes::setYTitle(int axis, const QString &title)
 {
-    if (title == m_yTitle)
+    if (title == m_yTitles[size_t(axis)])
         return;
-    m_yTitle = title;
-    setTitle(m_plot, QwtPlot::yLeft, title, 10);
+    m_yTitles[size_t(axis)] = title;
+    setTitle(m_plot, axis, title, 10);
 }
 
 void ScopeAxes::setXTitle(const QString &title)

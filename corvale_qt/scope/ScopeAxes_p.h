@@ -5,15 +5,19 @@
 
 #include "corvale_qt/scope/ValueAxis_p.h"
 
+#include <qwt_plot.h>
+
 #include <QFont>
 #include <QString>
 #include <QStringList>
 
+#include <array>
+#include <optional>
 #include <utility>
 
-class QwtPlot;
-
 namespace Corvale_Qt {
+
+class ChannelUnits;
 
 //! The scale that was chosen for the y axis.
 struct YScale
@@ -22,6 +26,7 @@ struct YScale
     std::pair<double, double> range{-1.0, 1.0}; //!< full scale
     bool positiveOnly = false;
     bool isRangeGiven = false; //!< the host has set the range
+    std::optional<QString> rangeUnit; //!< the unit that the range is in, once an axis has shown it
     bool followsFullScale = false; //!< without a given range, the full scale is that of the data
     bool isLogarithmic = false;
     bool isSteady = false; //!< an axis that follows the data has hysteresis
@@ -32,6 +37,8 @@ struct YScale
     bool isOfFullScale() const;
     //! Returns lower and upper bound of the axis while it does not follow the data.
     std::pair<double, double> bounds() const;
+    //! Returns the scale of an axis in another unit than that of the range, which such an axis cannot show.
+    YScale withoutRange() const;
 };
 
 /*! Sets up the axes of the plot for its modes. No number disturbs an axis: a bound that is not finite, or too large to
@@ -39,9 +46,27 @@ struct YScale
 class ScopeAxes
 {
 public:
-    explicit ScopeAxes(QwtPlot *plot);
+    //! Which channels are drawn.
+    enum class Show {
+        AllUnits, //!< all channels on the left axis, whose numbers have no unit
+        FirstUnit, //!< those of the first unit, on the left axis
+        TwoUnits, //!< those of the first unit on the left axis, those of the second one on the right axis
+    };
+    //! Not an axis: that of a channel that is not drawn.
+    static constexpr int noAxis = -1;
+
+    ScopeAxes(QwtPlot *plot, const ChannelUnits &units);
 
     void setYScale(const YScale &scale);
+    /*! Gives the y axes the units of the channels, and shows the right axis if it has one. The left axis of relative values has
+        no unit. Returns whether an axis has another unit than before. */
+    bool followUnits(Show show, bool isRelative);
+    //! Returns the y axis of a channel, counted from 1; noAxis if its unit has none.
+    int axisOf(int channel) const;
+    //! Returns the names of the channels that are shown and whose unit has no axis.
+    QStringList namesWithoutAxis() const;
+    //! Returns whether the right axis is shown.
+    bool hasRight() const { return m_hasRight; }
     //! Sets up the x axis for time.
     void prepareTimeAxis();
     //! Sets up the x axis for channels 1 to \a channels.
@@ -49,19 +74,24 @@ public:
     //! Labels channels 1 and up on the x axis, which prepareChannelAxis() has set up, with their names.
     void showChannelNames(const QStringList &names);
 
-    //! The y axis, whose ticks and title may have a prefix.
-    ValueAxis &values() { return m_values; }
-    const ValueAxis &values() const { return m_values; }
-    void setYTitle(const QString &title);
+    //! Returns the left or the right y axis, whose ticks and title may have a prefix.
+    ValueAxis &values(int axis = QwtPlot::yLeft) { return m_values[size_t(axis)]; }
+    const ValueAxis &values(int axis = QwtPlot::yLeft) const { return m_values[size_t(axis)]; }
+    void setYTitle(int axis, const QString &title);
     void setXTitle(const QString &title);
 
 private:
+    void applyYScale(int axis, const YScale &scale);
+
     QwtPlot *m_plot;
-    ValueAxis m_values;
+    const ChannelUnits &m_units;
+    std::array<ValueAxis, 2> m_values; //!< left and right
+    Show m_show = Show::AllUnits;
+    bool m_hasRight = false;
     QFont m_timeFont; //!< of the x axis while x is time
     // Setting a title lays out the plot even if the title is the same.
     QString m_xTitle;
-    QString m_yTitle;
+    std::array<QString, 2> m_yTitles;
 };
 
 } // namespace Corvale_Qt

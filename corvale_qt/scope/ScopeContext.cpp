@@ -18,37 +18,72 @@ bool ScopeSpan::isWhole() const
 ScopeContext::ScopeContext(QwtPlot *thePlot, ScopeSurface &theSurface)
     : plot(thePlot)
     , surface(theSurface)
-    , axes(thePlot)
-    , markers(theSurface, thePlot, model)
-    , curves(thePlot, model, markers)
+    , units(model)
+    , axes(thePlot, units)
+    , markers(theSurface, thePlot, model, axes)
+    , curves(thePlot, model, axes, markers)
     , gaps(thePlot)
-    , limits(thePlot, model)
-    , statistics(thePlot, model)
+    , limits(thePlot, model, axes)
+    , statistics(thePlot, model, units)
     , timeAxis(thePlot, model)
     , triggerMarks(thePlot)
 {
     model.setTimeAxis(&timeAxis);
 }
 
-void ScopeContext::showYTitle()
+void ScopeContext::followUnits(ScopeAxes::Show show)
 {
     const bool isRelative = yScale.mode == RVXScopePlotView::Normalized;
-    axes.values().setGivenUnit(isRelative ? QString() : model.unitName());
-    const bool hasUnit = model.plot() && model.plot()->units();
-    if (isRelative)
-        axes.setYTitle(RVXScopePlotView::tr("Relative Value"));
-    else
-        axes.setYTitle(hasUnit ? axes.values().unit() : RVXScopePlotView::tr("Number"));
+    const bool isOther = axes.followUnits(show, isRelative);
+    if (!units.areApart())
+        return;
+    if (!isRelative && !yScale.rangeUnit)
+        yScale.rangeUnit = axes.values().givenUnit();
+    if (!isOther)
+        return;
+    hold.forgetY(); // its numbers were those of other units
+    axes.setYScale(yScale);
 }
 
-void ScopeContext::noteHidden(const QStringList &channels)
+void ScopeContext::showYTitles()
 {
-    note.setText(channels.isEmpty()
-                     ? QString()
-                     : RVXScopePlotView::tr("Not on a logarithmic axis, 0 or negative: %1")
-                           .arg(channels.join(QStringLiteral(", "))));
-    if (note.text().isEmpty() == (note.plot() != nullptr))
-        note.attach(note.text().isEmpty() ? nullptr : plot);
+    const QString number = RVXScopePlotView::tr("Number");
+    const bool isRelative = yScale.mode == RVXScopePlotView::Normalized;
+    const QString left = axes.values().unit();
+    const bool hasUnit = units.areApart() ? !left.isEmpty() : model.plot() && model.plot()->units();
+    axes.setYTitle(QwtPlot::yLeft,
+                   isRelative    ? RVXScopePlotView::tr("Relative Value")
+                       : hasUnit ? left
+                                 : number);
+    const QString right = axes.values(QwtPlot::yRight).unit();
+    if (axes.hasRight())
+        axes.setYTitle(QwtPlot::yRight, right.isEmpty() ? number : right);
+}
+
+void ScopeContext::noteHidden(const QStringList &notPositive)
+{
+    const QString comma = QStringLiteral(", ");
+    QStringList notes;
+    const QStringList withoutAxis = axes.namesWithoutAxis();
+    if (!withoutAxis.isEmpty())
+        notes << (axes.hasRight()
+                      ? RVXScopePlotView::tr("Two units are shown; not drawn, in other units: %1")
+                      : RVXScopePlotView::tr("One unit is shown; not drawn, in other units: %1"))
+                     .arg(withoutAxis.join(comma));
+    if (!notPositive.isEmpty())
+        notes << RVXScopePlotView::tr("Not on a logarithmic axis, 0 or negative: %1")
+                     .arg(notPositive.join(comma));
+    note.setText(notes.join(QStringLiteral("; ")));
+    if (notes.isEmpty())
+        note.detach();
+    else if (!note.plot())
+        note.attach(plot);
+}
+
+void ScopeContext::hideNote()
+{
+    note.setText(QString());
+    note.detach();
 }
 
 double ScopeContext::stripWidth() const
@@ -76,9 +111,12 @@ int ScopeContext::stripLength() const
 
 void ScopeContext::holdYAxis()
 {
-    const QwtInterval &y = hold.window().y;
-    if (y.isValid())
-        plot->setAxisScale(QwtPlot::yLeft, y.minValue(), y.maxValue());
+    const auto show = [this](int axis, const QwtInterval &range) {
+        if (range.isValid())
+            plot->setAxisScale(axis, range.minValue(), range.maxValue());
+    };
+    show(QwtPlot::yLeft, hold.window().y);
+    show(QwtPlot::yRight, hold.window().right);
 }
 
 void ScopeContext::createCurves()
@@ -89,6 +127,7 @@ void ScopeContext::createCurves()
                 ScopeModel::maximumChannels,
                 model.allChannels());
     }
+    units.outdate();
     curves.createCurves(model.channelCount());
     statistics.outdate();
 }
@@ -96,6 +135,7 @@ void ScopeContext::createCurves()
 void ScopeContext::removeModel()
 {
     model.set(nullptr);
+    units.outdate();
     curves.dropData();
     sweepSamples.clear();
     markers.forgetReadings();
@@ -111,6 +151,7 @@ void ScopeContext::dropSweep()
 
 void ScopeContext::restart()
 {
+    units.outdate();
     if (model.plot())
         sweep.setLengthHint(sweepHint());
     sweep.restart(model.lastRow());
@@ -122,12 +163,31 @@ void ScopeContext::restart()
     statistics.outdate();
 }
 
+QVector<int> ScopeContext::followChannels(const ChannelMoves &now)
+{
+    units.outdate();
+    markers.followChannels(now);
+    SweepTrigger trigger = triggered.trigger();
+    const int channel = now(trigger.channel);
+    if (channel == 0)
+        trigger.mode = SweepTrigger::Mode::Off; // the channel that is there now is another one
+    else
+        trigger.channel = channel;
+    if (trigger != triggered.trigger())
+        triggered.set(trigger);
+    if (curves.raised() > 0)
+        curves.setRaised(now(curves.raised()));
+    return limits.follow(now);
+}
+
 void ScopeContext::rowsInserted(int start, int end)
 {
     if (!model.plot())
         return;
     const int lastRow = model.lastRow(); // asks all models beneath
     batches.add(end - start + 1);
+    if (start <= 1)
+        units.outdate(); // a model without rows announces another unit to nobody who looks at cells
     const int dropped = sweep.rowsInserted(start, end, lastRow, sweepHint());
     if (dropped > 0) {
         markers.rowsRemoved(1, dropped);
@@ -174,6 +234,8 @@ void ScopeContext::cellsChanged(int top, int bottom)
     if (all || (bottom >= std::max(shown.first, 1) && top <= shown.last))
         sweepChanged = true;
     namesChanged = namesChanged || all || top == 0;
+    if (all || top <= 1)
+        units.outdate(); // a change of unit is announced as one of all samples
     // Row 0 says which channels are shown, and in which colours.
     if (all || top == 0 || bottom >= model.lastRow())
         statistics.outdate();

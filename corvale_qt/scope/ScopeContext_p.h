@@ -5,6 +5,7 @@
 
 #include "corvale_qt/scope/BatchSizes_p.h"
 #include "corvale_qt/scope/CanvasNote_p.h"
+#include "corvale_qt/scope/ChannelUnits_p.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
@@ -54,6 +55,8 @@ struct ScopeContext
     //! Begins again with row 1 of the model.
     void restart();
 
+    //! Has what is set for a channel follow it. Returns the numbers of the channels whose limits are others.
+    QVector<int> followChannels(const ChannelMoves &now);
     // The model announces rows and cells; the markers, the sweep and the start of the strip chart follow.
     void rowsInserted(int start, int end);
     void rowsRemoved(int start, int end);
@@ -61,10 +64,14 @@ struct ScopeContext
     //! Rows \a top to \a bottom have new values; -1 means all rows.
     void cellsChanged(int top, int bottom);
 
-    //! Titles the y axis with the unit that it shows, or with what stands for it.
-    void showYTitle();
-    //! Says on the canvas which of these channels have values that a logarithmic axis cannot show.
-    void noteHidden(const QStringList &channels);
+    //! Gives the y axes the units of the channels, of which \a show tells what is drawn. A mode calls it before it draws.
+    void followUnits(ScopeAxes::Show show);
+    //! Titles the y axes with the units that they show, or with what stands for them.
+    void showYTitles();
+    //! Says on the canvas which channels are not drawn: those whose unit has no axis, and these, whose values have no logarithm.
+    void noteHidden(const QStringList &notPositive);
+    //! Takes the line that noteHidden() writes off the canvas.
+    void hideNote();
     //! Returns the width of a strip chart in units of x; 0 if it shows a number of samples, infinity if it shows all.
     double stripWidth() const;
     //! Returns how many samples a strip chart shows while stripWidth() is 0.
@@ -72,13 +79,15 @@ struct ScopeContext
     //! Returns how many samples the host or else the model wants in a sweep; 0 or less if neither does.
     int sweepHint() const;
 
-    //! Gives the y axis the range that a user has zoomed to, if there is one.
+    //! Gives the y axes the ranges that a user has zoomed to, if there are any.
     void holdYAxis();
 
     QwtPlot *const plot;
     ScopeSurface &surface;
     ScopeModel model;
+    QStringList channelNames; //!< by which channels are found again after a reset
     ScopeSpan span;
+    ChannelUnits units;
     YScale yScale;
     ScopeAxes axes;
     ScopeMarkers markers;

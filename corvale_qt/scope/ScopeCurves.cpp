@@ -3,6 +3,7 @@
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
+#include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 
 #include <qwt_plot.h>
@@ -51,9 +52,13 @@ bool hasNotPositive(const RVXDiscontinuousPlotCurve &curve)
 
 } // namespace
 
-ScopeCurves::ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &markers)
+ScopeCurves::ScopeCurves(QwtPlot *plot,
+                         const ScopeModel &model,
+                         const ScopeAxes &axes,
+                         ScopeMarkers &markers)
     : m_plot(plot)
     , m_model(model)
+    , m_axes(axes)
     , m_markers(markers)
     , m_history(plot, &m_layer)
 {
@@ -138,7 +143,9 @@ void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int sc
     m_isLogarithmic = dynamic_cast<const QwtLogScaleEngine *>(engine);
     for (int channel = 1; channel <= m_count; ++channel) {
         RVXDiscontinuousPlotCurve &curve = *m_curves[size_t(channel - 1)];
-        QwtSeriesData<QPointF> *series = m_model.isShown(channel) ? makeSeries(channel) : nullptr;
+        const int axis = m_axes.axisOf(channel);
+        const bool isDrawn = axis != ScopeAxes::noAxis && m_model.isShown(channel);
+        QwtSeriesData<QPointF> *series = isDrawn ? makeSeries(channel) : nullptr;
         if (!series) {
             curve.detach();
             m_history.hide(channel);
@@ -146,6 +153,8 @@ void ScopeCurves::plotCurves(const SeriesMaker &makeSeries, int firstRow, int sc
         }
         const double divisor = giveData(channel, series, scaleMode);
         givePen(channel);
+        if (curve.yAxis() != axis)
+            curve.setYAxis(axis);
         curve.attach(m_plot);
         m_history.show(channel, curve, divisor);
         m_markers.snap(channel, *curve.data(), firstRow);

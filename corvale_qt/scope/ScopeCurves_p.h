@@ -18,12 +18,16 @@ class QwtPlot;
 namespace Corvale_Qt {
 
 class RVXDiscontinuousPlotCurve;
+class ScopeAxes;
 
 //! The curves of the plot, one for each channel, each with the series that the model makes of the rows shown.
 class ScopeCurves
 {
 public:
-    ScopeCurves(QwtPlot *plot, const ScopeModel &model, ScopeMarkers &markers);
+    ScopeCurves(QwtPlot *plot,
+                const ScopeModel &model,
+                const ScopeAxes &axes,
+                ScopeMarkers &markers);
     ~ScopeCurves();
 
     int count() const { return m_count; }
@@ -57,7 +61,7 @@ public:
 
     //! Makes the series of a channel, which the caller owns, or null if there is nothing to draw.
     using SeriesMaker = std::function<QwtSeriesData<QPointF> *(int channel)>;
-    /*! Draws the channels that are shown, and lets the markers snap to them. \a firstRow is the row of the first sample
+    /*! Draws the channels that are shown, each on its y axis, and lets the markers snap to them. \a firstRow is the row of the first sample
         of each series, counted as the markers count rows; \a scaleMode is a PlotScales value. */
     void plotCurves(const SeriesMaker &makeSeries, int firstRow, int scaleMode);
 
@@ -67,6 +71,7 @@ private:
 
     QwtPlot *m_plot;
     const ScopeModel &m_model;
+    const ScopeAxes &m_axes;
     ScopeMarkers &m_markers;
     int m_count = 0;
     int m_raised = 0; //!< the channel above the others; 0 for none

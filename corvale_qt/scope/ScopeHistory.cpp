@@ -61,6 +61,7 @@ void ScopeHistory::show(int channel, const RVXDiscontinuousPlotCurve &curve, dou
     own->show(channel, divisor, curve.pen());
     if (curve.dataSize() > 0)
         own->joinTo(curve.sample(0));
+    own->setYAxis(curve.yAxis());
     own->setZ(curve.z() - kBelowCurve);
     own->attach(m_plot);
 }

@@ -119,6 +119,12 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     connect(view, &RVXScopePlotView::lightCanvasChanged, this, [d](bool light) {
         d->model.setOnWhite(light);
     });
+    d->model.setValueUnit(view->valueUnit());
+    connect(view, &RVXScopePlotView::valueUnitChanged, &d->model, &LegendModel::setValueUnit);
+    d->model.setAxes([d](int channel) {
+        return d->view ? d->view->channelAxis(channel) : RVXScopePlotView::NoAxis;
+    });
+    connect(view, &RVXScopePlotView::channelAxesChanged, &d->model, &LegendModel::changeAll);
     d->model.setLimits({[d](int channel) {
                             return d->view && !d->view->channelLimits(channel).isEmpty();
                         },

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeLimits_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 
@@ -22,10 +23,13 @@ constexpr int kMostChanges = 10000;
 
 } // namespace
 
-ScopeLimits::ScopeLimits(QwtPlot *plot, const ScopeModel &model)
+ScopeLimits::ScopeLimits(QwtPlot *plot, const ScopeModel &model, const ScopeAxes &axes)
     : m_plot(plot)
     , m_model(model)
+    , m_axes(axes)
 {
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
+        m_lines[size_t(axis)].setYAxis(axis);
 }
 
 void ScopeLimits::set(int channel, const ChannelLimits &limits)
@@ -37,6 +41,27 @@ void ScopeLimits::set(int channel, const ChannelLimits &limits)
         m_watches.insert(channel, watchAnew(channel, limits));
     if (state(channel) != before)
         note(channel, state(channel));
+}
+
+QVector<int> ScopeLimits::follow(const ChannelMoves &now)
+{
+    const QMap<int, LimitWatch> before = m_watches;
+    m_watches.clear();
+    for (auto watch = before.begin(); watch != before.end(); ++watch) {
+        if (const int channel = now(watch.key()))
+            m_watches.insert(channel, *watch);
+    }
+    QVector<int> changed;
+    const QList<int> touched = before.keys() + m_watches.keys();
+    for (const int channel : touched) {
+        const LimitWatch former = before.value(channel);
+        if (changed.contains(channel) || former.limits() == of(channel))
+            continue;
+        changed.append(channel);
+        if (former.state() != state(channel))
+            note(channel, state(channel));
+    }
+    return changed;
 }
 
 //! Returns a watch that has judged nothing but the newest row.
@@ -110,23 +135,27 @@ QVector<ScopeLimits::Change> ScopeLimits::takeChanges()
 template<typename LineOf>
 void ScopeLimits::show(LineOf lineOf)
 {
-    m_lines.clear();
+    for (LimitLines &lines : m_lines)
+        lines.clear();
     const int channels = m_model.channelCount();
     for (auto watch = m_watches.constBegin();
          watch != m_watches.constEnd() && watch.key() <= channels;
          ++watch) {
-        if (!m_model.isShown(watch.key()))
+        const int axis = m_axes.axisOf(watch.key());
+        if (axis == ScopeAxes::noAxis || !m_model.isShown(watch.key()))
             continue;
         for (const LimitState limit : kLimits) {
             const double y = watch->limits().limitOf(limit);
             if (!std::isnan(y))
-                m_lines.add(lineOf(watch.key(), y, isAlarm(limit)));
+                m_lines[size_t(axis)].add(lineOf(watch.key(), y, isAlarm(limit)));
         }
     }
-    if (m_lines.lines().isEmpty())
-        m_lines.detach();
-    else if (!m_lines.plot())
-        m_lines.attach(m_plot);
+    for (LimitLines &lines : m_lines) {
+        if (lines.lines().isEmpty())
+            lines.detach();
+        else if (!lines.plot())
+            lines.attach(m_plot);
+    }
 }
 
 void ScopeLimits::showOverTime()
@@ -145,7 +174,8 @@ void ScopeLimits::showOverBars(double divisor, const std::function<QwtInterval(i
 
 void ScopeLimits::hide()
 {
-    m_lines.detach();
+    for (LimitLines &lines : m_lines)
+        lines.detach();
 }
 
 } // namespace Corvale_Qt

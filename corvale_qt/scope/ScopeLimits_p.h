@@ -5,24 +5,27 @@
 
 #include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/plot/LimitLines_p.h"
+#include "corvale_qt/scope/ChannelMoves_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 
 #include <QMap>
 #include <QVector>
 
+#include <array>
 #include <functional>
 
 class QwtPlot;
 
 namespace Corvale_Qt {
 
+class ScopeAxes;
 class ScopeModel;
 
 //! The limits of the channels: judges every row that the model inserts and draws the limits as lines.
 class ScopeLimits
 {
 public:
-    ScopeLimits(QwtPlot *plot, const ScopeModel &model);
+    ScopeLimits(QwtPlot *plot, const ScopeModel &model, const ScopeAxes &axes);
 
     //! Sets the limits of a channel, counted from 1; empty ones remove them.
     void set(int channel, const ChannelLimits &limits);
@@ -30,6 +33,9 @@ public:
     bool isEmpty() const { return m_watches.isEmpty(); }
     ChannelLimits of(int channel) const { return m_watches.value(channel).limits(); }
     LimitState state(int channel) const { return m_watches.value(channel).state(); }
+
+    //! Has limits and states follow their channels. Returns the numbers of the channels whose limits are others.
+    QVector<int> follow(const ChannelMoves &now);
 
     //! A channel has passed to another state.
     struct Change
@@ -64,10 +70,11 @@ private:
 
     QwtPlot *m_plot;
     const ScopeModel &m_model;
+    const ScopeAxes &m_axes;
     QMap<int, LimitWatch> m_watches; //!< of the channels that have limits
     QVector<Change> m_changes;
     QMap<int, LimitState> m_cut; //!< the last state of each channel after these
-    LimitLines m_lines;
+    std::array<LimitLines, 2> m_lines; //!< of the left and the right y axis
 };
 
 } // namespace Corvale_Qt

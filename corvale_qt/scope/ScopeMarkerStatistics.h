@@ -45,8 +45,8 @@ struct CORVALE_QT_EXPORT ScopeMarkerStatistics
         std::numeric_limits<double>::quiet_NaN(); //!< time between them, 0 or more; NaN for bars
     double frequency =
         std::numeric_limits<double>::quiet_NaN(); //!< 1 / period; NaN for a period of 0
-    double difference =
-        std::numeric_limits<double>::quiet_NaN(); //!< reading of second minus that of first
+    double difference = std::numeric_limits<
+        double>::quiet_NaN(); //!< reading of second minus that of first; NaN if their units differ
 
     /* Of the readings of the second marker's channel from one marker to the other, both included; in a histogram, of the
        bars from one to the other. */

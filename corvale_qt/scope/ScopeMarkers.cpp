@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
+#include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
-#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
@@ -14,10 +14,14 @@
 
 namespace Corvale_Qt {
 
-ScopeMarkers::ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model)
+ScopeMarkers::ScopeMarkers(ScopeSurface &surface,
+                           QwtPlot *plot,
+                           const ScopeModel &model,
+                           const ScopeAxes &axes)
     : m_surface(surface)
     , m_plot(plot)
     , m_model(model)
+    , m_axes(axes)
 {
     QSharedPointer<const ScopeMarkerItem> before;
     for (State &state : m_states) {
@@ -33,6 +37,7 @@ void ScopeMarkers::place(int index, const QPointF &position)
 {
     State &state = m_states[size_t(index)];
     state.item->detach();
+    state.item->setYAxis(QwtPlot::yLeft);
     state.item->setValue(position);
     state.item->attach(m_plot);
     state.channel = -1;
@@ -55,13 +60,15 @@ ScopeMarkers::Placed ScopeMarkers::placed(int index) const
             state.onSample,
             state.sweepOffset,
             m_selected,
-            m_selects};
+            m_selects,
+            state.item->yAxis()};
 }
 
 void ScopeMarkers::restore(const Placed &placed)
 {
     place(0, placed.value);
     State &state = m_states[0];
+    state.item->setYAxis(placed.yAxis);
     state.channel = placed.channel;
     state.held = placed.held;
     state.onSample = placed.onSample;
@@ -96,6 +103,19 @@ void ScopeMarkers::detachAll()
 {
     for (int i = 0; i < count; ++i)
         detach(i);
+}
+
+void ScopeMarkers::followChannels(const ChannelMoves &now)
+{
+    const auto follow = [&now](int &channel) {
+        const int found = channel > 0 ? now(channel) : 0;
+        channel = found > 0 ? found : -1;
+    };
+    for (State &state : m_states) {
+        follow(state.channel);
+        follow(state.held);
+    }
+    forgetReadings();
 }
 
 void ScopeMarkers::forgetChannels()
@@ -183,7 +203,9 @@ void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
         m_data[size_t(i)] = Data();
         m_data[size_t(i)].x = item(i)->xValue();
         State &state = m_states[size_t(i)];
-        if (isAttached(i) && state.held > 0 && !m_model.isShown(state.held))
+        const bool isDrawn = state.held > 0 && m_model.isShown(state.held)
+            && m_axes.axisOf(state.held) != ScopeAxes::noAxis;
+        if (isAttached(i) && !isDrawn)
             state.held = -1;
     }
 }
@@ -296,14 +318,27 @@ double ScopeMarkers::value(int row, int channel) const
     return value;
 }
 
-bool ScopeMarkers::takes(int index, int channel, double y, const Data &data) const
+//! Returns whether a marker takes the sample of a channel, and notes how far that lies from the click.
+bool ScopeMarkers::takes(int index, int channel, double y, Data &data) const
 {
     const State &state = m_states[size_t(index)];
     const int kept = state.channel > 0 ? state.channel : state.held;
     if (kept > 0)
         return channel == kept;
-    const double clicked = state.item->yValue();
-    return std::abs(y - clicked) < std::abs(data.y - clicked);
+    const double found = distance(*state.item, channel, y);
+    if (!(found < data.distance))
+        return false;
+    data.distance = found;
+    return true;
+}
+
+//! Returns how far a value of a channel lies from a marker, on the y axis that the marker is on.
+double ScopeMarkers::distance(const QwtPlotMarker &marker, int channel, double y) const
+{
+    const int axis = m_axes.axisOf(channel);
+    if (axis != marker.yAxis())
+        y = m_plot->invTransform(marker.yAxis(), m_plot->transform(axis, y));
+    return std::abs(y - marker.yValue());
 }
 
 void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xRange)
@@ -319,8 +354,10 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
 
     // A marker that found no sample stays where it is.
     state.item->setXValue(data.x);
-    if (std::isfinite(data.y) && data.y < std::numeric_limits<double>::max())
+    if (std::isfinite(data.y) && data.y < std::numeric_limits<double>::max()) {
+        state.item->setYAxis(m_axes.axisOf(data.column));
         state.item->setYValue(data.y);
+    }
     const bool reads = data.row > 0 && data.column > 0;
     const bool hasChannel = reads || isOnBlock(data);
     setMarkerLabel(*state.item, labelText(data, resolutionOf(xRange)), index == m_selected);

@@ -32,7 +32,8 @@ RowRange ScopeMarkers::spanRows() const
 //! Returns the statistics of the second marker's channel from one marker to the other.
 const MarkerStatistics &ScopeMarkers::span() const
 {
-    return m_span.of(m_reader, m_data[1].column, spanRows(), m_model.unitScale());
+    const int channel = m_data[1].column;
+    return m_span.of(m_reader, channel, spanRows(), m_model.unitScale(channel));
 }
 
 //! Returns the integral of the second marker's channel from one marker to the other.
@@ -42,7 +43,7 @@ const SpanIntegral &ScopeMarkers::spanIntegral() const
     return m_span.integralOf(m_reader,
                              m_data[1].column,
                              spanRows(),
-                             m_model.unitScale(),
+                             m_model.unitScale(m_data[1].column),
                              m_gaps ? *m_gaps : none);
 }
 
@@ -64,8 +65,16 @@ BlockStatistics ScopeMarkers::blockStatistics() const
     BlockStatistics result(
         HistorySpan::between(*m_history, column, left, onRow ? sampleX(m_reader, 1) : right));
     if (onRow)
-        result.add(m_span.of(m_reader, column, {1, onRow->row}, m_model.unitScale()), onRow->x);
+        result.add(m_span.of(m_reader, column, {1, onRow->row}, m_model.unitScale(column)), onRow->x);
     return result;
+}
+
+//! Returns whether the readings at both markers have the same unit, so that there is a difference.
+bool ScopeMarkers::isComparable() const
+{
+    const int a = m_data[0].column;
+    const int b = m_data[1].column;
+    return a == b || m_model.unitName(a) == m_model.unitName(b);
 }
 
 ScopeMarkerStatistics ScopeMarkers::statistics() const
@@ -84,7 +93,8 @@ ScopeMarkerStatistics ScopeMarkers::statistics() const
     result.period = std::abs(result.second.time - result.first.time);
     if (result.period > 0.0)
         result.frequency = 1.0 / result.period;
-    result.difference = result.second.reading - result.first.reading;
+    if (isComparable())
+        result.difference = result.second.reading - result.first.reading;
     if (spansBlocks()) {
         blockStatistics().writeTo(result);
         return result;
@@ -115,7 +125,10 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
     const MarkerStatistics &statistics = span();
     QString text = spanText(m_model, sample, period, statistics);
     if (m_isDetailed)
-        text += detailText(m_model, b.column, b.value - a.value, statistics);
+        text += detailText(m_model,
+                           b.column,
+                           isComparable() ? b.value - a.value : std::nan(""),
+                           statistics);
     if (m_isDetailed || (m_gaps && m_gaps->areSought()))
         text += integralText(m_model, b.column, spanIntegral(), period);
     setMarkerLabel(*item(1), text, m_selected == 1);

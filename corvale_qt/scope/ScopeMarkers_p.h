@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/scope/HistorySpan_p.h"
+#include "corvale_qt/scope/ChannelMoves_p.h"
 #include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -25,6 +26,7 @@ class QwtSeriesData;
 namespace Corvale_Qt {
 
 class BlockStatistics;
+class ScopeAxes;
 class ScopeSurface;
 class TimeGaps;
 struct MarkedSample;
@@ -44,7 +46,10 @@ class ScopeMarkers
 public:
     static constexpr int count = 2;
 
-    ScopeMarkers(ScopeSurface &surface, QwtPlot *plot, const ScopeModel &model);
+    ScopeMarkers(ScopeSurface &surface,
+                 QwtPlot *plot,
+                 const ScopeModel &model,
+                 const ScopeAxes &axes);
 
     QSharedPointer<QwtPlotMarker> item(int index) const { return m_states[size_t(index)].item; }
     bool isAttached(int index) const { return m_states[size_t(index)].item->plot() != nullptr; }
@@ -62,6 +67,7 @@ public:
         int sweepOffset = -1;
         int selected = 0;
         bool selects = false;
+        int yAxis = 0; //!< that the y of the value belongs to
     };
     Placed placed(int index) const;
     //! Puts marker 0 back to where it was.
@@ -69,12 +75,14 @@ public:
     //! Makes keys move no marker, until one is placed or selected again.
     void selectNone() { m_selected = -1; }
 
-    //! Puts a marker where the user clicked, in plot coordinates.
+    //! Puts a marker where the user clicked, in plot coordinates of the left axis.
     void place(int index, const QPointF &position);
     //! Attaches both markers. Marker 0 moves to the selected cell; \a row is 0 for a whole channel.
     void followSelection(int row, int channel);
     void detach(int index);
     void detachAll();
+    //! Keeps to the same channels, whose numbers are others now.
+    void followChannels(const ChannelMoves &now);
     //! Forgets the channels and rows of the markers, because the model is another one.
     void forgetChannels();
     //! Forgets the markers' places in the sweep and what they read, because the plot mode is another one.
@@ -144,12 +152,14 @@ private:
         double x = 0.0;
         int row = -1; //!< row of the sample among those that are plotted; -1 for none
         double y = std::numeric_limits<double>::max(); //!< as plotted
+        double distance = std::numeric_limits<double>::max(); //!< of y from the click
         double value = 0.0; //!< as the model has it
         HistoryPlace place; //!< of a marker that has no row
         RVXPlotHistory::Block block; //!< of its channel there
     };
 
-    bool takes(int index, int channel, double y, const Data &data) const;
+    bool takes(int index, int channel, double y, Data &data) const;
+    double distance(const QwtPlotMarker &marker, int channel, double y) const;
     void readHeldChannel(int index);
     static bool isOnBlock(const Data &data) { return data.place.isValid() && data.column > 0; }
     QString labelText(const Data &data, double resolution) const;
@@ -163,12 +173,14 @@ private:
     RowRange spanRows() const;
     const MarkerStatistics &span() const;
     const SpanIntegral &spanIntegral() const;
+    bool isComparable() const;
     void select(const Data &data) const;
     void describeSpan(const std::pair<double, double> &xRange);
 
     ScopeSurface &m_surface;
     QwtPlot *m_plot;
     const ScopeModel &m_model;
+    const ScopeAxes &m_axes;
     std::array<State, count> m_states;
     std::array<Data, count> m_data;
     PlotColumnReader m_reader; //!< of the current plot

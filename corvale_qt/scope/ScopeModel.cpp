@@ -3,6 +3,7 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/scope/CanvasLook_p.h"
+#include "corvale_qt/proxies/ReadingPrefixes_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
@@ -43,6 +44,14 @@ bool ScopeModel::isShown(int channel) const
 QString ScopeModel::name(int channel) const
 {
     return header(channel, Qt::DisplayRole).toString();
+}
+
+QStringList ScopeModel::names() const
+{
+    QStringList names;
+    for (int channel = 1; channel <= channelCount(); ++channel)
+        names << name(channel);
+    return names;
 }
 
 QBrush ScopeModel::brush(int channel) const
@@ -112,9 +121,29 @@ QString ScopeModel::unitName(int channel) const
     return unit ? unit->name() : QString();
 }
 
+QString ScopeModel::readingWithPrefix(int channel, double reading, double noise) const
+{
+    const auto prefixes = ReadingPrefixes::of(m_items);
+    const Units::SiPrefix prefix = prefixes->alike({channel, unitName(channel), reading, noise});
+    return readingText(prefix, reading, m_fixedUnit);
+}
+
+QString ScopeModel::numberWithPrefix(int channel, double number, double error) const
+{
+    Units::SiPrefix prefix(unitName(channel));
+    prefix.follow(number, error);
+    return readingText(prefix, number, m_fixedUnit);
+}
+
 double ScopeModel::unitScale() const
 {
     const Units::MeasurementUnit *unit = plot() ? plot()->units() : nullptr;
+    return unit ? unit->scale(1.0) : 1.0;
+}
+
+double ScopeModel::unitScale(int channel) const
+{
+    const Units::MeasurementUnit *unit = plot() ? channelUnit(m_items, channel) : nullptr;
     return unit ? unit->scale(1.0) : 1.0;
 }
 

@@ -11,6 +11,7 @@
 #include <QPen>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QVariantList>
 
 namespace Corvale_Qt {
@@ -40,6 +41,8 @@ public:
 
     bool isShown(int channel) const;
     QString name(int channel) const;
+    //! Returns the names of the channels that are drawn.
+    QStringList names() const;
     //! Returns the brush that the model gives for a channel, or else a colour of the palette.
     QBrush brush(int channel) const;
     //! Returns the pen of a channel's curve: the brush, and the dashes that the model gives.
@@ -56,6 +59,8 @@ public:
     QString unitName() const;
     //! Returns what 1 in the base unit is in the unit of the values; 1 if they have no unit.
     double unitScale() const;
+    //! Returns the same for the unit of a channel, which may have one of its own.
+    double unitScale(int channel) const;
     //! Returns the symbol of the unit of a channel, which may have one of its own; empty for none.
     QString unitName(int channel) const;
     //! Sets whether texts show values with a prefix of their unit.
@@ -64,6 +69,12 @@ public:
     //! Sets whether brushes and pens are chosen for a white ground.
     void setOnWhite(bool onWhite) { m_isOnWhite = onWhite; }
     bool isOnWhite() const { return m_isOnWhite; }
+    //! Sets the unit of texts whose quantity has it; empty for the one that suits each.
+    void setFixedUnit(const QString &symbol) { m_fixedUnit = symbol; }
+    //! Returns the text of a reading with a prefix, as the legend and tables of the same readings show it.
+    QString readingWithPrefix(int channel, double reading, double noise) const;
+    //! Returns the text of a number that was computed from readings of a channel, with a prefix and digits for its error.
+    QString numberWithPrefix(int channel, double number, double error) const;
     //! Returns the fits that the device computed for the sample in \a row; empty if it computed none.
     QVariantList deviceFits(int row) const;
 
@@ -82,6 +93,7 @@ private:
     RVXAbstractPlotDataModel *m_plot = nullptr;
     bool m_hasSiPrefix = false;
     bool m_isOnWhite = false;
+    QString m_fixedUnit;
     const ScopeTimeAxis *m_timeAxis = nullptr;
 };
 

@@ -84,8 +84,29 @@ void ScopeNavigation::zoomTo(const QwtInterval &x, const QwtInterval &y, Step st
     ViewWindow window = d.context.hold.window();
     if (x.isValid() && zoomedAxis(false) == QwtPlot::xBottom && divisible(x).isValid())
         window.x = divisible(x);
-    if (y.isValid() && divisible(y).isValid())
+    if (y.isValid() && divisible(y).isValid()) {
         window.y = divisible(y);
+        window.right = besideOnRight(y);
+    }
+    zoomTo(window, step);
+}
+
+//! Returns the range of the right axis that lies beside a range of the left one; not valid while there is no right axis.
+QwtInterval ScopeNavigation::besideOnRight(const QwtInterval &y) const
+{
+    if (!d.context.axes.hasRight())
+        return QwtInterval();
+    const QwtScaleMap left = d.plot->canvasMap(QwtPlot::yLeft);
+    const QwtScaleMap right = d.plot->canvasMap(QwtPlot::yRight);
+    const auto across = [&](double value) {
+        return right.invTransform(left.transform(value));
+    };
+    return divisible(QwtInterval(across(y.minValue()), across(y.maxValue())).normalized());
+}
+
+//! Shows a window, and notes the one before unless it is a step of the same movement.
+void ScopeNavigation::zoomTo(const ViewWindow &window, Step step)
+{
     if (window == d.context.hold.window())
         return;
     if (step == Step::Single || step != m_lastStep)
@@ -106,7 +127,9 @@ void ScopeNavigation::show(const ViewWindow &window)
     if (window == before)
         return;
     d.context.hold.show(window);
-    if (before.y.isValid() && !window.y.isValid())
+    const bool isReleased = (before.y.isValid() && !window.y.isValid())
+        || (before.right.isValid() && !window.right.isValid());
+    if (isReleased)
         d.context.axes.setYScale(d.context.yScale);
     if (!window.x.isValid()) {
         QScrollBar *bar = d.q_ptr->horizontalScrollBar();
@@ -157,7 +180,7 @@ void ScopeNavigation::spanChanged()
 
 void ScopeNavigation::releaseY()
 {
-    show({d.context.hold.window().x, QwtInterval()});
+    show({d.context.hold.window().x, QwtInterval(), QwtInterval()});
 }
 
 int ScopeNavigation::zoomedAxis(bool wantsY) const
@@ -169,6 +192,16 @@ int ScopeNavigation::zoomedAxis(bool wantsY) const
 void ScopeNavigation::zoomAxis(int axis, double pixel, double factor, Step step)
 {
     goTo(axis, zoomedBy(d.plot->canvasMap(axis), pixel, factor), step);
+}
+
+void ScopeNavigation::zoomYAxisAlone(int axis, double pixel, double factor, Step step)
+{
+    const QwtInterval wanted = divisible(zoomedBy(d.plot->canvasMap(axis), pixel, factor));
+    ViewWindow window = d.context.hold.window();
+    if (wanted.isValid() && isPlot()) {
+        (axis == QwtPlot::yRight ? window.right : window.y) = wanted;
+        zoomTo(window, step);
+    }
 }
 
 void ScopeNavigation::moveAxis(int axis, double pixels, Step step)

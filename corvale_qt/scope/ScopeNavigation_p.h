@@ -41,7 +41,7 @@ public:
         WheelMove,
         Pinch
     };
-    //! Shows an interval of an axis; one that is not valid leaves its axis as it is.
+    //! Shows an interval of an axis; one that is not valid leaves its axis as it is. The right axis moves along with the left one.
     void zoomTo(const QwtInterval &x, const QwtInterval &y, Step step = Step::Single);
     //! Shows a window without noting the present one.
     void show(const ViewWindow &window);
@@ -62,6 +62,8 @@ public:
     int zoomedAxis(bool wantsY) const;
     //! Zooms an axis about a pixel of the canvas; a factor below 1 shows less of it.
     void zoomAxis(int axis, double pixel, double factor, Step step = Step::Single);
+    //! Zooms one of two y axes about a pixel of the canvas, and leaves the other one as it is.
+    void zoomYAxisAlone(int axis, double pixel, double factor, Step step);
     //! Moves the contents of an axis by pixels.
     void moveAxis(int axis, double pixels, Step step = Step::Single);
     //! Returns \a x, or the interval next to it to which a user may go.
@@ -81,6 +83,8 @@ private:
     bool placeMarkerKeyPressed(const QKeyEvent &event);
     bool escape();
     bool handles(const QKeyEvent &event) const;
+    void zoomTo(const ViewWindow &window, Step step);
+    QwtInterval besideOnRight(const QwtInterval &y) const;
     void goTo(int axis, const QwtInterval &wanted, Step step);
     void goToFirst();
     void showMark();

@@ -38,6 +38,7 @@ void StripPlotMode::plot()
     const StripWindow shown = window(reader, request);
     setDrawn(reader, shown.rows);
 
+    followUnits();
     m_context.markers.setGaps(
         m_context.gaps.showStrip(m_context.curves, reader, shown.rows, request.samples));
     m_context.markers.begin(reader, {1, request.samples});
@@ -87,14 +88,14 @@ void StripPlotMode::followScrollBar(const PlotColumnReader &reader, const StripR
         if (m_context.interactive && !request.following) {
             const StripWindow window = stripWindow(reader, request);
             hold.remember();
-            hold.show({QwtInterval(window.left, window.right), hold.window().y});
+            hold.showX(QwtInterval(window.left, window.right));
         }
     } else if (bar->value() != m_scrollValue) {
         const bool isAtEnd = bar->value() == bar->maximum();
         const double oldest = std::min(sampleX(reader, request.first), request.remembered);
         const double left = bar->value() / m_scrollUnits + oldest;
         const QwtInterval x(left, left + hold.window().x.width());
-        hold.show({isAtEnd ? QwtInterval() : x, hold.window().y});
+        hold.showX(isAtEnd ? QwtInterval() : x);
     }
 }
 
@@ -140,7 +141,8 @@ void StripPlotMode::clear()
 {
     m_context.curves.detach();
     m_context.gaps.hide();
-    m_context.noteHidden({});
+    m_context.hideNote();
+    followUnits();
     m_context.markers.detachAll();
     setAxisTitles();
     m_context.surface.showScrollBar(false);

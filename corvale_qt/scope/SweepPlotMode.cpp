@@ -87,10 +87,12 @@ void SweepPlotMode::take(RowRange rows)
 void SweepPlotMode::showTrigger()
 {
     const SweepTrigger &trigger = m_context.triggered.trigger();
+    const bool isRelative = m_context.yScale.mode == RVXScopePlotView::Normalized;
     m_context.triggerMarks.show(trigger,
                                 m_context.triggered.state(),
                                 m_context.model.brush(trigger.channel).color(),
-                                m_context.yScale.mode != RVXScopePlotView::Normalized);
+                                isRelative ? ScopeAxes::noAxis
+                                           : m_context.axes.axisOf(trigger.channel));
 }
 
 QString SweepPlotMode::xTitle() const
@@ -124,6 +126,7 @@ void SweepPlotMode::draw()
     m_context.sweepChanged = false;
     const int size = m_context.sweepSamples.size();
     const PlotColumnReader reader = PlotColumnReader::ofBulk(&m_context.sweepSamples);
+    followUnits();
     m_context.markers.setGaps(m_context.gaps.showSweep(m_context.curves, reader, size));
     m_context.markers.begin(reader, m_context.sweep.shown());
     m_context.markers.findInSweep(size);
@@ -144,7 +147,8 @@ void SweepPlotMode::clear()
 {
     m_context.curves.detach();
     m_context.gaps.hide();
-    m_context.noteHidden({});
+    m_context.hideNote();
+    followUnits();
     m_context.sweepSamples.clear();
     m_context.markers.clearLabels();
     setAxisTitles();

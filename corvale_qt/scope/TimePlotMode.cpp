@@ -22,6 +22,7 @@ void TimePlotMode::enter()
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareTimeAxis();
     m_context.timeAxis.setFromTrigger(false);
+    followUnits();
     setAxisTitles(); // the first sweep may take long to complete
 }
 
@@ -70,6 +71,12 @@ HoverReading TimePlotMode::readingAt(double x) const
     return reading;
 }
 
+void TimePlotMode::followUnits()
+{
+    const bool isRelative = m_context.yScale.mode == RVXScopePlotView::Normalized;
+    m_context.followUnits(isRelative ? ScopeAxes::Show::AllUnits : ScopeAxes::Show::TwoUnits);
+}
+
 void TimePlotMode::finish(double left, double right)
 {
     m_context.timeAxis.show(left, right);
@@ -88,7 +95,7 @@ void TimePlotMode::finish(double left, double right)
 
 void TimePlotMode::setAxisTitles()
 {
-    m_context.showYTitle();
+    m_context.showYTitles();
     m_context.axes.setXTitle(xTitle());
 }
 

@@ -24,6 +24,8 @@ public:
 protected:
     //! Notes which samples are drawn.
     void setDrawn(const PlotColumnReader &reader, RowRange rows);
+    //! Gives each channel its y axis, before the curves are drawn. Relative values have no unit, so that all share an axis.
+    void followUnits();
     //! Sets the x axis, markers and axis titles once the curves are drawn.
     void finish(double left, double right);
     void setAxisTitles();

@@ -69,8 +69,11 @@ TriggerMarks::TriggerMarks(QwtPlot *plot)
 void TriggerMarks::show(const SweepTrigger &trigger,
                         TriggerState state,
                         const QColor &colour,
-                        bool withLevel)
+                        int axis)
 {
+    const bool withLevel = axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
+    if (withLevel)
+        m_level.setYAxis(axis);
     m_level.setYValue(trigger.level);
     m_level.setLinePen(colour, 1.0, Qt::DotLine);
     m_level.attach(withLevel ? m_plot : nullptr);

@@ -37,12 +37,13 @@ void ValueAxis::setFixedUnit(const QString &symbol)
     chooseAnew();
 }
 
-void ValueAxis::setGivenUnit(const QString &symbol)
+bool ValueAxis::setGivenUnit(const QString &symbol)
 {
     if (symbol == m_givenUnit)
-        return;
+        return false;
     m_givenUnit = symbol;
     chooseAnew();
+    return true;
 }
 
 void ValueAxis::setListener(std::function<void()> listener)

@@ -30,8 +30,9 @@ public:
     //! Sets the unit to show, whatever the scale; empty for the prefix that suits the scale. It waits for a model that has it.
     void setFixedUnit(const QString &symbol);
     const QString &fixedUnit() const { return m_fixedUnit; }
-    //! Sets the symbol of the unit of the samples.
-    void setGivenUnit(const QString &symbol);
+    //! Sets the symbol of the unit of the samples. Returns whether it is another one than before.
+    bool setGivenUnit(const QString &symbol);
+    const QString &givenUnit() const { return m_givenUnit; }
     //! Calls \a listener when the unit that the axis shows has changed.
     void setListener(std::function<void()> listener);
 

@@ -20,6 +20,20 @@ void ViewHold::show(const ViewWindow &window)
     m_window = window;
 }
 
+void ViewHold::showX(const QwtInterval &x)
+{
+    ViewWindow window = m_window;
+    window.x = x;
+    show(window);
+}
+
+void ViewHold::forgetY()
+{
+    m_window = {m_window.x, QwtInterval(), QwtInterval()};
+    for (ViewWindow &earlier : m_earlier)
+        earlier = {earlier.x, QwtInterval(), QwtInterval()};
+}
+
 void ViewHold::remember()
 {
     if (!m_earlier.isEmpty() && m_earlier.last() == m_window)

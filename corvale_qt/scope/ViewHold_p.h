@@ -21,9 +21,15 @@ class PlotColumnReader;
 struct ViewWindow
 {
     QwtInterval x;
-    QwtInterval y;
+    QwtInterval y; //!< of the left axis
+    QwtInterval right; //!< of the right axis
 
-    bool operator==(const ViewWindow &other) const { return x == other.x && y == other.y; }
+    //! Returns whether a y axis has been zoomed or panned.
+    bool hasY() const { return y.isValid() || right.isValid(); }
+    bool operator==(const ViewWindow &other) const
+    {
+        return x == other.x && y == other.y && right == other.right;
+    }
 };
 
 /*! The window that a view keeps while rows come and leave, with the windows before it, and the rows that lie in it: these
@@ -38,10 +44,14 @@ public:
     //! Returns whether the x axis stands still.
     bool isHeld() const { return m_window.x.isValid(); }
     //! Returns whether an axis has been zoomed or panned.
-    bool isChanged() const { return isHeld() || m_window.y.isValid(); }
+    bool isChanged() const { return isHeld() || m_window.hasY(); }
 
     //! Shows another window.
     void show(const ViewWindow &window);
+    //! Shows the same window at another x; it follows the samples if the interval is not valid.
+    void showX(const QwtInterval &x);
+    //! Forgets the ranges of y, also those of earlier windows.
+    void forgetY();
     //! Notes the present window, so that takeEarlier() returns it.
     void remember();
     //! Returns the window that was noted last and differs from the present one, and forgets it; empty if there is none.

@@ -4,6 +4,7 @@
 #include "corvale_qt/models/RVXAbstractDeviceDataModel.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
+#include <QHash>
 #include <QVariant>
 #include <QVector>
 
@@ -52,6 +53,8 @@ public:
     {
         if (role == Qt::BackgroundRole && !hasColours)
             return QVariant();
+        if (role == ChannelUnitRole && index.row() == 0 && ownUnits.contains(index.column()))
+            return QVariant::fromValue(ownUnits.value(index.column()));
         const bool isFit =
             role == DeviceFitRole && index.column() == 0 && index.row() == m_rows.size();
         return isFit ? QVariant(deviceFits) : RVXAbstractDeviceDataModel::data(index, role);
@@ -126,6 +129,8 @@ public:
     }
 
     QStringList names;
+    //! The units of channels that are not in units(), by column. Filled before there is a view.
+    QHash<int, const Corvale_Qt::Units::MeasurementUnit *> ownUnits;
     bool hasColours = true;
     bool isInBaseUnit = false; //!< readings are given in the base unit and read in units()
     QVariantList deviceFits;

@@ -6,11 +6,14 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/scope/ScopeLegend.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/BufferModel.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -102,6 +105,88 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents();
         QCOMPARE(changed.last()[1].value<LimitState>(), LimitState::HighAlarm);
         QVERIFY(changed.size() < 10100);
+    }
+
+    //! What is set for a channel stays with it when other channels come, go and change places.
+    void settingsFollowTheirChannels_data()
+    {
+        tableFrom("| script | settings\n"
+                  "one more in front | prepend-channel 9 | limits 3, trigger 3, raised 3, marker "
+                  "3, hidden 2\n"
+                  "one more behind | append-channel 9 | limits 2, trigger 2, raised 2, marker 2, "
+                  "hidden 1\n"
+                  "one less in front | remove-channel 1 | limits 1, trigger 1, raised 1, marker 1\n"
+                  "the channel itself goes | remove-channel 2 | marker 0, hidden 1\n"
+                  "the first one behind | move-channel | limits 1, trigger 1, raised 1, marker 1, "
+                  "hidden 3");
+    }
+    void settingsFollowTheirChannels()
+    {
+        QFETCH(QString, script);
+        BufferModel model(3);
+        model.act("append 1 5 8; check 1 0");
+        ScopeTestView view(&model);
+        view.enablePlotMarker(true);
+        ChannelLimits limits;
+        limits.highAlarm = 6.5;
+        view.setChannelLimits(2, limits);
+        SweepTrigger trigger;
+        trigger.mode = SweepTrigger::Mode::Normal;
+        trigger.channel = 2;
+        view.setTrigger(trigger);
+        view.setRaisedChannel(2);
+        view.click(Qt::LeftButton, 4.0, 9.0); // 5 + 3 + 1 is the reading of channel 2
+        QCOMPARE(view.markerStatistics().first.channel, 2);
+        QSignalSpy limitsChanged(&view, &View::channelLimitsChanged);
+        model.act(script);
+        view.settle();
+
+        QStringList found;
+        for (int channel = 1; channel <= 4; ++channel) {
+            if (!view.channelLimits(channel).isEmpty())
+                found << QString("limits %1").arg(channel);
+        }
+        if (view.trigger().isOn())
+            found << QString("trigger %1").arg(view.trigger().channel);
+        if (view.raisedChannel() > 0)
+            found << QString("raised %1").arg(view.raisedChannel());
+        found << QString("marker %1").arg(view.markerStatistics().first.channel);
+        for (int channel = 1; channel < model.columnCount(); ++channel) {
+            if (!model.index(0, channel).data(Qt::CheckStateRole).toInt())
+                found << QString("hidden %1").arg(channel);
+        }
+        QTEST(found.join(", "), "settings");
+        QCOMPARE(limitsChanged.isEmpty(), view.channelLimits(2) == limits);
+        QCOMPARE(view.limitState(2) == LimitState::HighAlarm, view.channelLimits(2) == limits);
+    }
+
+    //! After a reset, channels are found again by their names. A host that renames a channel keeps its settings.
+    void settingsFollowNamesThroughAReset_data()
+    {
+        tableFrom("| names | int channel\n"
+                  "one more in front | new a b c | 3\n"
+                  "one less | b c | 1\n"
+                  "sorted in reverse | c b a | 2\n"
+                  "the channel itself is not there any more | a c | 0\n"
+                  "the channel has another name | a other c | 2\n"
+                  "all have other names | x y z | 2");
+    }
+    void settingsFollowNamesThroughAReset()
+    {
+        QFETCH(QString, names);
+        ModelView view(3);
+        view.model.names = QStringList{"a", "b", "c"};
+        view.setModel(nullptr);
+        view.setModel(&view.model);
+        ChannelLimits limits;
+        limits.highAlarm = 6.5;
+        view.setChannelLimits(2, limits);
+        view.model.names = names.split(' ');
+        view.model.setChannels(view.model.names.size());
+        int found = 0;
+        for (int channel = 1; channel <= 4; ++channel)
+            found += view.channelLimits(channel) == limits ? channel : 0;
+        QTEST(found, "channel");
     }
 
     void yScales_data()

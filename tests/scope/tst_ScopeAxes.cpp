@@ -1,5 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/LimitLines_p.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/CanvasNote_p.h"
+#include "corvale_qt/scope/ScopeLegend.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
+#include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -7,6 +14,7 @@
 #include <qwt_scale_widget.h>
 
 #include <QSignalSpy>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -29,15 +37,84 @@ public:
     }
 };
 
-//! Returns title and labels of the y axis.
-QString labels(ScopeTestView &view)
+//! Returns title and labels of a y axis.
+QString labels(ScopeTestView &view, int axis = QwtPlot::yLeft)
 {
-    QStringList texts{view.title(QwtPlot::yLeft) + ':'};
-    const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::yLeft);
+    QStringList texts{view.title(axis) + ':'};
+    const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(axis);
     for (double tick : draw->scaleDiv().ticks(QwtScaleDiv::MajorTick))
         texts << draw->label(tick).text();
     return texts.join(' ');
 }
+
+//! Returns the line at the bottom of the canvas.
+QString note(ScopeTestView &view)
+{
+    view.settle();
+    for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
+        if (const auto *found = dynamic_cast<const CanvasNote *>(item))
+            return found->text();
+    }
+    return QString();
+}
+
+/*! A beam current of 20 nA in channel 1, high voltages of 1500 V and 1000 V in channels 2 and 3, and a temperature of 25 degrees
+    in channel 4. */
+class BeamLineView : public ModelView
+{
+public:
+    explicit BeamLineView(bool hasSecond = true)
+        : ModelView(4)
+    {
+        model.names = QStringList{"beam", "left", "right", "coil"};
+        model.ownUnits = {{2, &m_volt}, {3, &m_volt}, {4, &m_celsius}};
+        setSiPrefix(true);
+        setSecondAxis(hasSecond);
+        append(64);
+    }
+    void append(int rows)
+    {
+        model.appendRows(rows, 1.0, [](int channel, double time) {
+            const double levels[] = {2e-8, 1500.0, 1000.0, 25.0};
+            return levels[channel - 1] * (1.0 + 0.1 * std::sin(time));
+        });
+        settle();
+    }
+    //! Returns the axis of each channel: L for left, R for right, - for none.
+    QString axes()
+    {
+        settle();
+        QString text;
+        for (int channel = 1; channel <= 4; ++channel)
+            text += "-LR"[channelAxis(channel)];
+        return text;
+    }
+    QwtInterval right() { return settle(), qwtPlot()->axisInterval(QwtPlot::yRight); }
+    //! Returns where a value is on the canvas by the scale of the right axis.
+    QPoint atRight(double x, double y)
+    {
+        return {at(x, 0.0).x(), qRound(qwtPlot()->transform(QwtPlot::yRight, y))};
+    }
+    //! Turns the wheel towards the user, which shows more.
+    void turnWheel(QWidget *above, Qt::KeyboardModifiers modifiers)
+    {
+        const QPoint middle = above->rect().center();
+        QWheelEvent wheel(middle,
+                          above->mapToGlobal(middle),
+                          QPoint(),
+                          QPoint(0, -120),
+                          Qt::NoButton,
+                          modifiers,
+                          Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(above, &wheel);
+        settle();
+    }
+
+private:
+    const Units::V m_volt;
+    const Units::Celcius m_celsius;
+};
 
 } // namespace
 
@@ -150,6 +227,87 @@ private Q_SLOTS:
         QVERIFY2(!text.contains("e-"), qPrintable(text));
     }
 
+    //! Legend, table and marker show the newest reading with the same text, whatever each has shown before.
+    void allDisplaysOfAReadingGiveTheSameText()
+    {
+        ScopeTestModel model(1);
+        double noise = 0.1;
+        const auto append = [&] {
+            model.appendRows(40, 0.001, [&noise](int, double time) {
+                return 5e-10 + 1e-12 * noise * (qRound(time * 1000) * 7 % 5 - 2);
+            });
+        };
+        append();
+        RVXZeroingProxyModel ofTable;
+        ofTable.setSourceModel(&model);
+        RVXLatestPlotDataProxyModel table;
+        table.setSiPrefix(true);
+        table.setSourceModel(&ofTable);
+        const auto inTable = [&table] {
+            return table.index(0, 1).data().toString();
+        };
+        QCOMPARE(inTable(), QString("500.1 pA"));
+        // Five times the noise keeps the digit that the table has, and would not have begun with it.
+        noise = 0.5;
+        append();
+        RVXAveragingProxyModel averaging;
+        averaging.setSourceModel(&model);
+        ScopeTestView view(&averaging);
+        view.setSiPrefix(true);
+        view.enablePlotMarker(true);
+        view.setLegendVisible(true);
+        view.click(Qt::LeftButton, 0.0785, 5e-10);
+        const auto inLegend = [&view] {
+            return view.findChild<ScopeLegend *>()
+                ->model()
+                ->index(0, 0)
+                .data(Qt::UserRole)
+                .toString();
+        };
+        QCOMPARE(inLegend(), inTable());
+        QVERIFY2(view.markerText(0).endsWith(inTable()), qPrintable(view.markerText(0)));
+        QCOMPARE(inTable(), QString("500.5 pA"));
+
+        // The same zero on both is the same reading; a unit that is chosen is shown everywhere.
+        ofTable.setZeros({1e-10});
+        averaging.setAveraging(10);
+        QVERIFY(inLegend() != inTable());
+        averaging.setAveraging(1);
+        ofTable.zeroClear();
+        QCOMPARE(inLegend(), inTable());
+        view.setValueUnit("nA");
+        table.setValueUnit("nA");
+        QVERIFY2(inLegend().startsWith("0.50") && inLegend().endsWith(" nA"),
+                 qPrintable(inLegend()));
+        QCOMPARE(inTable(), inLegend());
+        QVERIFY2(view.markerText(0).endsWith(inTable()), qPrintable(view.markerText(0)));
+    }
+
+    //! Rounding errors of readings without noise are no noise, also where a zero was subtracted.
+    void roundingErrorsAreNoNoise_data()
+    {
+        columns<double, double, QString>("step", "zero", "text");
+        row("a straight line", 0.1, 0.0, "6.300 A");
+        row("a straight line less a zero", 0.1, 0.3, "6.000 A");
+        row("a constant", 0.0, 0.0, "0 A");
+    }
+    void roundingErrorsAreNoNoise()
+    {
+        QFETCH(double, step);
+        QFETCH(double, zero);
+        ScopeTestModel model(1);
+        model.appendRows(64, 1.0, [step](int, double time) {
+            return step * time;
+        });
+        RVXZeroingProxyModel zeroed;
+        zeroed.setSourceModel(&model);
+        zeroed.setZeros({zero});
+        RVXLatestPlotDataProxyModel table;
+        table.setSiPrefix(true);
+        table.setSourceModel(&zeroed);
+        QTEST(table.index(0, 1).data().toString(), "text");
+    }
+
     //! The axis stays as it is while noise moves the extremes; it grows at once and shrinks after 50 quiet plots.
     void hysteresisKeepsTheAxisStill()
     {
@@ -186,30 +344,22 @@ private Q_SLOTS:
         view.model.appendRows(64, 1.0, [](int channel, double time) {
             return channel == 1 ? 2e-3 * (1 + time) : std::sin(time);
         });
-        const auto note = [&view] {
-            view.settle();
-            for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
-                if (const auto *found = dynamic_cast<const CanvasNote *>(item))
-                    return found->text();
-            }
-            return QString();
-        };
-        QCOMPARE(note(), QString());
+        QCOMPARE(note(view), QString());
         view.setSiPrefix(true);
         view.setLogarithmic(true);
-        QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        QVERIFY2(note(view).endsWith(": sine"), qPrintable(note(view)));
         // A missing reading at the border is neither 0 nor negative, and what has left the model with a sign is.
         view.model.change(1, 1, qQNaN());
-        QVERIFY2(note().endsWith(": sine"), qPrintable(note()));
+        QVERIFY2(note(view).endsWith(": sine"), qPrintable(note(view)));
         view.model.Clear();
-        QCOMPARE(note(), QString());
+        QCOMPARE(note(view), QString());
         view.model.appendRows(64, 1.0, [](int channel, double time) {
             return channel == 1 ? 2e-3 * (1 + time - 64.0) : std::sin(time);
         });
         const double below = view.qwtPlot()->canvasMap(QwtPlot::yLeft).transform(-1.0);
         QVERIFY(below > view.qwtPlot()->canvas()->height() && below < 1e6);
         view.check(2, false);
-        QCOMPARE(note(), QString());
+        QCOMPARE(note(view), QString());
         QCOMPARE(view.yText(), QString("0.001..1"));
         QCOMPARE(labels(view), QString("A: 0.001 0.01 0.1 1"));
         view.SetYScaleMode(View::FullRange);
@@ -218,15 +368,179 @@ private Q_SLOTS:
         view.model.appendRows(1, 1.0, [](int, double) {
             return -1.0;
         });
-        QVERIFY2(note().endsWith(": positive"), qPrintable(note()));
+        QVERIFY2(note(view).endsWith(": positive"), qPrintable(note(view)));
         view.model.appendRows(1, 1.0, [](int, double) {
             return 0.5;
         });
         QVERIFY(view.colourIn(view.canvas(), 1.0, 0.1).red()
                 > 200); // the bar reaches down to the axis
         view.setLogarithmic(false);
-        QCOMPARE(note(), QString());
+        QCOMPARE(note(view), QString());
         QCOMPARE(view.yText(), QString("-1..1"));
+    }
+
+    //! Channels of a second unit are drawn on the right axis; a third unit is named, and not drawn.
+    void twoUnitsHaveTwoAxes()
+    {
+        BeamLineView view(false);
+        QCOMPARE(view.axes(), QString("LLLL"));
+        QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
+        QCOMPARE(note(view), QString());
+        QSignalSpy changed(&view, &View::secondAxisChanged);
+        view.setSecondAxis(true);
+        view.setSecondAxis(true);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(view.axes(), QString("LRR-"));
+        QVERIFY2(note(view).endsWith(": coil"), qPrintable(note(view)));
+        QCOMPARE(labels(view), QString("nA: 18.0 18.5 19.0 19.5 20.0 20.5 21.0 21.5 22.0"));
+        QCOMPARE(labels(view, QwtPlot::yRight), QString("kV: 0.9 1.0 1.1 1.2 1.3 1.4 1.5 1.6 1.7"));
+        QCOMPARE(view.curves().size(), 3);
+
+        view.setLegendVisible(true);
+        const QAbstractItemModel *legend = view.findChild<ScopeLegend *>()->model();
+        const auto spoken = [legend](int channel) {
+            return legend->index(channel - 1, 0).data(Qt::AccessibleTextRole).toString();
+        };
+        QVERIFY2(spoken(2).endsWith(" kV, right axis"), qPrintable(spoken(2)));
+        QVERIFY2(spoken(1).endsWith(" nA"), qPrintable(spoken(1)));
+
+        // Hidden channels take no axis.
+        view.check(1, false);
+        QCOMPARE(view.axes(), QString("-LLR"));
+        QCOMPARE(view.title(QwtPlot::yLeft) + view.title(QwtPlot::yRight),
+                 QString::fromUtf8("kV°C"));
+        QCOMPARE(view.valueUnits().last(), QString("MV"));
+        QCOMPARE(note(view), QString());
+        view.check(1, true);
+        QCOMPARE(view.axes(), QString("LRR-"));
+
+        // A normalised scale has no unit. The axes are there again after it.
+        view.SetYScaleMode(View::Normalized);
+        QCOMPARE(view.axes(), QString("LLLL"));
+        QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
+        QCOMPARE(note(view), QString());
+        view.SetYScaleMode(View::AutoScale);
+        QCOMPARE(view.axes(), QString("LRR-"));
+        view.SetPlotMode(View::ScopeMode);
+        view.setSampleSpan(32);
+        QCOMPARE(view.axes(), QString("LRR-"));
+        QCOMPARE(view.curves().size(), 3);
+        view.setModel(nullptr);
+        view.settle();
+        QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
+    }
+
+    //! What stands on the canvas is where the axis of its channel says: curves, limits, markers, and what they read.
+    void everythingGoesByTheAxisOfItsChannel()
+    {
+        BeamLineView view;
+        view.enablePlotMarker(true);
+        view.setMarkerDetails(true);
+        const double top = 1500.0 * (1.0 + 0.1 * std::sin(33.0));
+        QRect around(view.atRight(33.0, top), QSize(1, 1));
+        around.adjust(-2, -2, 2, 2);
+        const QImage picture = view.canvas().copy(around);
+        bool isDrawn = false;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y)
+                isDrawn = isDrawn || picture.pixelColor(x, y) == QColor(Qt::green);
+        }
+        QVERIFY(isDrawn);
+
+        ChannelLimits limits;
+        limits.highAlarm = 1300.0;
+        view.setChannelLimits(2, limits);
+        view.setChannelLimits(4, limits); // has no axis
+        const QImage withLimit = view.canvas();
+        QVERIFY(withLimit.pixelColor(view.atRight(20.3, 1300.0)).red() > 200);
+        int lines = 0;
+        for (const QwtPlotItem *item : view.qwtPlot()->itemList()) {
+            if (const auto *found = dynamic_cast<const LimitLines *>(item))
+                lines += found->lines().size();
+        }
+        QCOMPARE(lines, 1);
+
+        // A click takes the curve that is nearest on the canvas, although its number is far from the one on the left axis.
+        QWidget *canvas = view.qwtPlot()->canvas();
+        QTest::mouseClick(canvas, Qt::LeftButton, Qt::NoModifier, view.atRight(32.8, top));
+        QVERIFY2(view.markerText(0).contains("left") && view.markerText(0).endsWith(" kV"),
+                 qPrintable(view.markerText(0)));
+        QCOMPARE(view.plotMarker(0)->yAxis(), int(QwtPlot::yRight));
+        QCOMPARE(view.plotMarker(0)->yValue(), top);
+        view.click(Qt::RightButton, 39.8, 2e-8 * (1.0 + 0.1 * std::sin(40.0)));
+        QVERIFY2(view.markerText(1).contains("beam"), qPrintable(view.markerText(1)));
+        QCOMPARE(view.plotMarker(1)->yAxis(), int(QwtPlot::yLeft));
+        QVERIFY2(view.markerText(1).contains("Delta: N/A"), qPrintable(view.markerText(1)));
+        QVERIFY(std::isnan(view.markerStatistics().difference));
+        // A marker whose channel is hidden takes the one that is nearest to where it stood.
+        view.check(2, false);
+        QVERIFY2(view.markerText(0).contains("beam"), qPrintable(view.markerText(0)));
+    }
+
+    //! The axes are zoomed together, or alone with the wheel above one of them. Numbers of a unit do not outlive it.
+    void twoAxesAreZoomedTogetherOrAlone()
+    {
+        BeamLineView view;
+        view.setInteractive(true);
+        const auto ranges = [&view] {
+            return QString("%1 %2").arg(view.y().width() * 1e9).arg(view.right().width());
+        };
+        QCOMPARE(ranges(), QString("4 800"));
+        view.turnWheel(view.qwtPlot()->canvas(), Qt::ControlModifier);
+        QCOMPARE(ranges(), QString("5 1000"));
+        view.turnWheel(view.qwtPlot()->axisWidget(QwtPlot::yRight), Qt::NoModifier);
+        QCOMPARE(ranges(), QString("5 1250"));
+        view.turnWheel(view.qwtPlot()->axisWidget(QwtPlot::yLeft), Qt::NoModifier);
+        QCOMPARE(ranges(), QString("6.25 1250"));
+        view.zoomToY(1.9e-8, 2.1e-8);
+        QCOMPARE(ranges(), QString("2 400"));
+        QVERIFY(view.undoZoom());
+        QCOMPARE(ranges(), QString("6.25 1250"));
+        QVERIFY(view.undoZoom());
+        QCOMPARE(ranges(), QString("4 800"));
+
+        view.zoomToY(1.9e-8, 2.1e-8);
+        view.check(1, false); // now the left axis is that of the voltages
+        QCOMPARE(view.yText(), QString("900..1700"));
+        QVERIFY(!view.undoZoom() || view.yText() == "900..1700");
+    }
+
+    //! A range that is set belongs to the unit of the left axis; another unit follows its channels.
+    void aRangeBelongsToItsUnit()
+    {
+        BeamLineView view;
+        view.SetRange(-1e-7, 1e-7);
+        view.SetYScaleMode(View::FullRange);
+        QCOMPARE(view.yText(), QString("-1e-07..1e-07"));
+        QCOMPARE(view.right().maxValue(), 1700.0);
+        view.check(1, false);
+        QCOMPARE(view.yText(), QString("900..1700"));
+        view.SetRange(0.0, 3000.0);
+        view.SetYScaleMode(View::FullRange);
+        QCOMPARE(view.yText(), QString("0..3000"));
+        view.check(1, true);
+        QCOMPARE(view.right().maxValue(), 3000.0);
+        QVERIFY2(view.y().maxValue() < 1e-7, qPrintable(view.yText()));
+        view.setFullScaleFromData(true);
+        view.resetRange();
+        view.SetYScaleMode(View::Percent50);
+        QCOMPARE(view.yText(), QString("-2.5e-08..2.5e-08"));
+        QCOMPARE(view.right().maxValue(), 1000.0);
+        view.setValueUnit("V");
+        QCOMPARE(view.title(QwtPlot::yLeft) + view.title(QwtPlot::yRight), QString("nAV"));
+    }
+
+    //! The bars and their statistics are those of one unit.
+    void barsHaveOneUnit()
+    {
+        BeamLineView view;
+        view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, true);
+        view.showMode(View::HistogramMode);
+        QVERIFY2(note(view).endsWith(": left, right, coil"), qPrintable(note(view)));
+        QVERIFY(view.y().maxValue() < 1e-7);
+        QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
+        view.showMode(View::StripMode);
+        QCOMPARE(view.axes(), QString("LRR-"));
     }
 
     void percentagesAreOfTheDataUntilARangeIsSet()

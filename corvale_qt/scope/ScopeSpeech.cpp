@@ -20,6 +20,10 @@ ChartWords wordsOf(const RVXScopePlotView &view)
     LegendModel channels;
     channels.setSource(view.model());
     channels.setSiPrefix(view.hasSiPrefix());
+    channels.setValueUnit(view.valueUnit());
+    channels.setAxes([&view](int channel) {
+        return view.channelAxis(channel);
+    });
     channels.setLimits({nullptr, [&view](int channel) {
                             return view.limitState(channel);
                         }});

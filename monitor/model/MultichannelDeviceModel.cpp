@@ -48,12 +48,12 @@ void MultichannelDeviceModel::startStream(const StreamHeader &header)
     SetUnits(m_unit.get());
 }
 
-//! Returns a channel as the library's model takes it. A computed one may have another unit than the measured ones, or none.
+//! Returns a channel as the library's model takes it. It may have another unit than the stream as a whole, or none.
 MultichannelDeviceModel::Channel MultichannelDeviceModel::channelOf(const StreamHeader &header,
                                                                     int index)
 {
     const Monitor::Channel &channel = header.channels[index];
-    if (index < header.measured() || channel.unit == header.commonUnit())
+    if (channel.unit == header.commonUnit())
         return {channel.name, nullptr, m_unit.get()};
     auto unit = unitFromSymbol(channel.unit);
     if (!unit)

@@ -2,6 +2,7 @@
 #include "monitor/session/Alarms.h"
 
 #include "monitor/core/NumberText.h"
+#include <corvale_qt/units/SiPrefix.h>
 
 #include <algorithm>
 
@@ -11,11 +12,14 @@ using namespace Corvale_Qt;
 
 namespace {
 
+//! Returns a value with the prefix that it has in the window as well, and with enough digits for a limit as it was typed.
 QString quantity(double value, const QString &unit)
 {
     constexpr int digits = 6;
-    const QString number = numberText(value, digits);
-    return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
+    Units::SiPrefix prefix(unit);
+    prefix.follow(value);
+    const QString number = numberText(prefix.shown(value), digits);
+    return unit.isEmpty() ? number : number + QLatin1Char(' ') + prefix.symbol();
 }
 
 } // namespace

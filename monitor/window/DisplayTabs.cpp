@@ -23,6 +23,7 @@ namespace {
 void showValuesForPeople(RVXScopePlotView &view)
 {
     view.setSiPrefix(true);
+    view.setSecondAxis(true);
     view.setHysteresis(true);
     view.setFullScaleFromData(true);
     view.setLegendVisible(true);

@@ -28,16 +28,16 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     : QWidget(parent)
     , m_session(session)
     , m_zeroed(new Corvale_Qt::RVXZeroingProxyModel(this))
+    , m_latest(new Corvale_Qt::RVXLatestPlotDataProxyModel(this))
     , m_marks(new StaleMarks(this))
     , m_baseline(new QLabel(this))
     , m_table(new Corvale_Qt::RVXTableView(this))
 {
-    auto *latest = new Corvale_Qt::RVXLatestPlotDataProxyModel(this);
-    latest->setSiPrefix(true);
+    m_latest->setSiPrefix(true);
     m_zeroed->setSourceModel(&session.model());
-    latest->setSourceModel(m_zeroed);
+    m_latest->setSourceModel(m_zeroed);
     auto *limits = new LimitMarks(session.alarms(), this);
-    limits->setSourceModel(latest);
+    limits->setSourceModel(m_latest);
     m_marks->setSourceModel(limits);
     m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setModel(m_marks);
@@ -84,6 +84,11 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
 QAbstractItemModel *LatestValuePanel::values() const
 {
     return m_marks;
+}
+
+void LatestValuePanel::setValueUnit(const QString &symbol)
+{
+    m_latest->setValueUnit(symbol);
 }
 
 void LatestValuePanel::follow(Baseline *baseline)

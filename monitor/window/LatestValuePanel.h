@@ -8,6 +8,7 @@ class QLabel;
 class QModelIndex;
 
 namespace Corvale_Qt {
+class RVXLatestPlotDataProxyModel;
 class RVXTableView;
 class RVXZeroingProxyModel;
 } // namespace Corvale_Qt
@@ -30,6 +31,8 @@ public:
     QAbstractItemModel *values() const;
     //! Copies the table as lines of text: name and value with its unit, separated by a tab.
     void copyValues() const;
+    //! Shows values in a unit if their quantity has it; in the one that suits each value if the symbol is empty.
+    void setValueUnit(const QString &symbol);
     //! Subtracts what \a baseline says from the values.
     void follow(Baseline *baseline);
     QSize sizeHint() const override;
@@ -47,6 +50,7 @@ private:
 
     Session &m_session;
     Corvale_Qt::RVXZeroingProxyModel *m_zeroed;
+    Corvale_Qt::RVXLatestPlotDataProxyModel *m_latest;
     StaleMarks *m_marks;
     QLabel *m_baseline;
     Corvale_Qt::RVXTableView *m_table;

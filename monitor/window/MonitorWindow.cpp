@@ -22,6 +22,7 @@
 #include "monitor/window/TapeBar.h"
 #include "monitor/window/ViewMenu.h"
 #include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QDockWidget>
@@ -108,6 +109,10 @@ void MonitorWindow::addDocks()
 {
     m_values = new LatestValuePanel(m_session);
     m_values->follow(m_displays->baseline());
+    connect(m_displays->scope()->plotView(),
+            &Corvale_Qt::RVXScopePlotView::valueUnitChanged,
+            m_values,
+            &LatestValuePanel::setValueUnit);
     addDock(m_values, "values", tr("Latest values"), Qt::LeftDockWidgetArea);
     addDock(new StatisticsPanel(m_session, *m_displays, m_settings),
             "statistics",

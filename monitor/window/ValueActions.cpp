@@ -36,6 +36,11 @@ ValueActions::ValueActions(Session &session,
     axis->setObjectName(QStringLiteral("valueAxis"));
     axis->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Y));
     axis->setShortcutContext(Qt::ApplicationShortcut);
+    RVXScopePlotView *view = displays.scope()->plotView();
+    view->setValueUnit(settings.valueUnit());
+    connect(view, &RVXScopePlotView::valueUnitChanged, this, [this](const QString &symbol) {
+        m_settings.setValueUnit(symbol);
+    });
     addLegend(menu);
     addBarNames(menu);
     addColours(menu);

@@ -112,6 +112,16 @@ void WindowSettings::setTimeSpan(double seconds)
              std::isinf(seconds) ? QStringLiteral("all") : Corvale_Qt::TimeSpan::text(seconds));
 }
 
+QString WindowSettings::valueUnit() const
+{
+    return value(QStringLiteral("Monitor/value-unit")).toString();
+}
+
+void WindowSettings::setValueUnit(const QString &symbol)
+{
+    setValue(QStringLiteral("Monitor/value-unit"), symbol);
+}
+
 bool WindowSettings::showsLegend() const
 {
     const QVariant kept = value(QStringLiteral("Monitor/legend"));

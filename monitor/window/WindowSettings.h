@@ -46,6 +46,9 @@ public:
     QString timeAxis() const;
     void setTimeAxis(const QString &choice);
 
+    //! Returns the unit that the operator chose for values, such as "nA"; empty for the one that suits each value.
+    QString valueUnit() const;
+    void setValueUnit(const QString &symbol);
     //! Returns whether the scope has a legend; true before the first setShowsLegend().
     bool showsLegend() const;
     void setShowsLegend(bool on);

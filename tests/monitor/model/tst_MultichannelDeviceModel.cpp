@@ -142,7 +142,13 @@ void tst_MultichannelDeviceModel::headerShowsNamesAndUnits()
     const double nan = std::nan("");
     const double values[] = {1.5, nan, 3.0};
     model.addReading(1.0, values);
-    QCOMPARE(model.index(1, 1).data().toString(), QStringLiteral("1.5"));
+    QCOMPARE(model.index(1, 1).data().toString(), QStringLiteral("1.5000"));
+    const auto ownUnit = [&](int column) {
+        const QVariant unit = model.index(0, column).data(MultichannelDeviceModel::ChannelUnitRole);
+        return unit.isValid() ? unit.value<const Corvale_Qt::Units::MeasurementUnit *>()->name()
+                              : QString();
+    };
+    QCOMPARE(ownUnit(1) + ownUnit(2) + ownUnit(3), QStringLiteral("nAmm"));
     QCOMPARE(model.index(1, 2).data().toString(), QString());
     QVERIFY(std::isnan(model.index(1, 2).data(33).toDouble()));
 }

@@ -175,14 +175,14 @@ private Q_SLOTS:
             w.window.findChild<QAction *>("limits")->trigger();
             w.run(3); // 1003, 1004, 1005
             w.clock.advance(0.25);
-            QCOMPARE(w.status("notices"), QString("WARNING: ch2 above 1004 nA"));
+            QCOMPARE(w.status("notices"), QString("WARNING: ch2 above 1.004 µA"));
             QVERIFY2(w.value(1).startsWith("WARN 1"), qPrintable(w.value(1)));
             w.window.findChild<QAction *>("alarmSound")->trigger();
             w.run(1);
             w.clock.advance(0.25);
-            QCOMPARE(w.status("notices"), QString("ALARM: ch2 above 1005 nA"));
+            QCOMPARE(w.status("notices"), QString("ALARM: ch2 above 1.005 µA"));
             QVERIFY2(w.value(1).startsWith("ALARM 1"), qPrintable(w.value(1)));
-            QVERIFY(w.log().contains("ALARM: ch2 above 1005 nA: 1006 nA at t = 0.6 s"));
+            QVERIFY(w.log().contains("ALARM: ch2 above 1.005 µA: 1.006 µA at t = 0.6 s"));
             QCOMPARE(sounds, 1);
             w.clock.advance(2.0);
             QCOMPARE(sounds, 2);
@@ -200,7 +200,7 @@ private Q_SLOTS:
         again.source->begin(StreamKind::Channels, 2, "nA");
         again.source->give(0.1, {1.0, 2000.0});
         again.clock.advance(0.25);
-        QCOMPARE(again.status("notices"), QString("ALARM: ch2 above 1005 nA"));
+        QCOMPARE(again.status("notices"), QString("ALARM: ch2 above 1.005 µA"));
         QVERIFY(again.window.findChild<QAction *>("alarmSound")->isChecked());
     }
 

@@ -399,15 +399,19 @@ private Q_SLOTS:
     {
         for (const bool first : {true, false}) {
             WindowInTest w(file("look.xui"));
-            w.source->begin(StreamKind::Channels, 2);
+            w.source->begin(StreamKind::Channels, 2, QStringLiteral("A"));
             Corvale_Qt::RVXScopePlotView *view = w.window.displays().scope()->plotView();
             QVERIFY(QTest::qWaitForWindowActive(&w.window));
             QCOMPARE(view->isLegendVisible(), first);
             QCOMPARE(view->hasBarNames(), first);
+            QCOMPARE(view->valueUnit(), first ? QString() : QString("pA"));
+            w.run(4);
+            QVERIFY2(w.value(0).endsWith(first ? " A" : " pA"), qPrintable(w.value(0)));
             if (!first)
                 continue;
             QTest::keyClick(&w.window, Qt::Key_G, Qt::ControlModifier);
             w.window.findChild<QAction *>("barNames")->trigger();
+            view->setValueUnit(QStringLiteral("pA"));
             QVERIFY(!view->isLegendVisible() && !view->hasBarNames());
         }
     }

@@ -695,6 +695,10 @@
         <source>%1: click or press Enter to hide or show it</source>
         <translation>%1: Klick oder Eingabetaste blendet ihn aus oder ein</translation>
     </message>
+    <message>
+        <source>%1, right axis</source>
+        <translation>%1, rechte Achse</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::MeanTimePlot</name>
@@ -1309,6 +1313,14 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>To</source>
         <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Two units are shown; not drawn, in other units: %1</source>
+        <translation>Zwei Einheiten werden gezeigt; nicht gezeichnet, da in anderen Einheiten: %1</translation>
+    </message>
+    <message>
+        <source>One unit is shown; not drawn, in other units: %1</source>
+        <translation>Eine Einheit wird gezeigt; nicht gezeichnet, da in anderen Einheiten: %1</translation>
     </message>
 </context>
 <context>

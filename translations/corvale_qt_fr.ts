@@ -695,6 +695,10 @@
         <source>%1: click or press Enter to hide or show it</source>
         <translation>%1 : un clic ou Entrée le masque ou l&apos;affiche</translation>
     </message>
+    <message>
+        <source>%1, right axis</source>
+        <translation>%1, axe de droite</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::MeanTimePlot</name>
@@ -1309,6 +1313,14 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>To</source>
         <translation>À</translation>
+    </message>
+    <message>
+        <source>Two units are shown; not drawn, in other units: %1</source>
+        <translation>Deux unités sont affichées ; non tracés, dans d&apos;autres unités : %1</translation>
+    </message>
+    <message>
+        <source>One unit is shown; not drawn, in other units: %1</source>
+        <translation>Une seule unité est affichée ; non tracés, dans d&apos;autres unités : %1</translation>
     </message>
 </context>
 <context>

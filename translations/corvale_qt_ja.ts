@@ -694,6 +694,10 @@
         <source>%1: click or press Enter to hide or show it</source>
         <translation>%1: クリックまたは Enter で表示と非表示を切り替えます</translation>
     </message>
+    <message>
+        <source>%1, right axis</source>
+        <translation>%1、右軸</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::MeanTimePlot</name>
@@ -1307,6 +1311,14 @@ Close a window to put its page back.</source>
     <message>
         <source>To</source>
         <translation>終了</translation>
+    </message>
+    <message>
+        <source>Two units are shown; not drawn, in other units: %1</source>
+        <translation>表示できる単位は 2 つです。単位が異なるため描画していません: %1</translation>
+    </message>
+    <message>
+        <source>One unit is shown; not drawn, in other units: %1</source>
+        <translation>表示できる単位は 1 つです。単位が異なるため描画していません: %1</translation>
     </message>
 </context>
 <context>

@@ -83,7 +83,9 @@ void LegendModel::setSiPrefix(bool on)
 void LegendModel::setOnWhite(bool onWhite)
 {
     m_isOnWhite = onWhite;
-    changeAll();
+    // With other roles a view would lay out its items again, but later: a picture until then would lack them.
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {PenRole, GroundRole});
 }
 
 void LegendModel::setValueUnit(const QString &symbol)

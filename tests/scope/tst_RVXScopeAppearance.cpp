@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/DisplayPicture.h"
+#include "corvale_qt/scope/ScopeLegend.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
@@ -240,6 +241,20 @@ private Q_SLOTS:
         picture.setColors(DisplayPicture::Colors::Dark);
         QCOMPARE(painted().pixelColor(1, 1).lightness() < 80, true);
         QVERIFY(!panel.plotView()->hasLightCanvas());
+        panel.plotView()->setLegendVisible(true);
+        QTRY_VERIFY(panel.findChild<ScopeLegend *>()->isVisible());
+        picture.setColors(DisplayPicture::Colors::Light);
+        picture.setTitle(QString());
+        picture.setNote(QString());
+        const auto *legend = panel.findChild<ScopeLegend *>();
+        const QPoint corner = legend->mapTo(panel.plotView(), QPoint());
+        const QImage drawn = painted().copy(QRect(corner, legend->size()));
+        const QColor ground = drawn.pixelColor(0, 0);
+        QVERIFY(countPixels(drawn,
+                            [ground](const QColor &color) {
+                                return color != ground;
+                            })
+                > 0);
         QVERIFY(!panel.plotView()->testAttribute(Qt::WA_SetPalette));
         auto display = std::make_unique<QWidget>();
         const DisplayPicture gone(display.get());

@@ -46,11 +46,11 @@ std::shared_ptr<ReadingPrefixes> ReadingPrefixes::of(const QAbstractItemModel *m
     };
     known.erase(std::remove_if(known.begin(), known.end(), isGone), known.end());
     for (const std::weak_ptr<ReadingPrefixes> &each : known) {
-        const auto found = each.lock();
+        auto found = each.lock();
         if (found && found->m_model == readings.model && found->m_zeros == readings.zeros)
             return found;
     }
-    const auto made = std::make_shared<ReadingPrefixes>();
+    auto made = std::make_shared<ReadingPrefixes>();
     made->m_model = readings.model;
     made->m_zeros = readings.zeros;
     known.push_back(made);

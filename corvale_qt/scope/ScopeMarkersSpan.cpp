@@ -65,7 +65,8 @@ BlockStatistics ScopeMarkers::blockStatistics() const
     BlockStatistics result(
         HistorySpan::between(*m_history, column, left, onRow ? sampleX(m_reader, 1) : right));
     if (onRow)
-        result.add(m_span.of(m_reader, column, {1, onRow->row}, m_model.unitScale(column)), onRow->x);
+        result.add(m_span.of(m_reader, column, {1, onRow->row}, m_model.unitScale(column)),
+                   onRow->x);
     return result;
 }
 

@@ -3,8 +3,8 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/scope/HistorySpan_p.h"
 #include "corvale_qt/scope/ChannelMoves_p.h"
+#include "corvale_qt/scope/HistorySpan_p.h"
 #include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"

@@ -41,6 +41,7 @@ void visitChoices(Choices &choices, Visit visit)
     visit("beginAtFirst", choices.beginAtFirst);
     visit("siPrefix", choices.siPrefix);
     visit("valueUnit", choices.valueUnit);
+    visit("secondAxis", choices.secondAxis);
     visit("hysteresis", choices.hysteresis);
     visit("fullScaleFromData", choices.fullScaleFromData);
     visit("logarithmic", choices.logarithmic);
@@ -80,6 +81,7 @@ ViewChoices ViewChoices::of(const RVXScopePlotView &view)
     choices.beginAtFirst = view.beginsAtFirst();
     choices.siPrefix = view.hasSiPrefix();
     choices.valueUnit = view.valueUnit();
+    choices.secondAxis = view.hasSecondAxis();
     choices.hysteresis = view.hasHysteresis();
     choices.fullScaleFromData = view.isFullScaleFromData();
     choices.logarithmic = view.isLogarithmic();
@@ -122,6 +124,7 @@ void ViewChoices::applyTo(RVXScopePlotView &view) const
     set(&View::setBeginAtFirst, beginAtFirst);
     set(&View::setSiPrefix, siPrefix);
     set(&View::setValueUnit, valueUnit);
+    set(&View::setSecondAxis, secondAxis);
     set(&View::setHysteresis, hysteresis);
     set(&View::setFullScaleFromData, fullScaleFromData);
     set(&View::setLogarithmic, logarithmic);

@@ -25,6 +25,7 @@ struct ViewChoices
     std::optional<bool> beginAtFirst;
     std::optional<bool> siPrefix;
     std::optional<QString> valueUnit;
+    std::optional<bool> secondAxis;
     std::optional<bool> hysteresis;
     std::optional<bool> fullScaleFromData;
     std::optional<bool> logarithmic;

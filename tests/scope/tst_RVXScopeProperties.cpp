@@ -88,6 +88,7 @@ void disarrange(RVXScope &scope)
     view.setBeginAtFirst(true);
     view.setSiPrefix(true);
     view.setValueUnit("pA");
+    view.setSecondAxis(true);
     view.setHysteresis(true);
     view.setFullScaleFromData(true);
     view.setLogarithmic(true);
@@ -111,7 +112,7 @@ QString viewChoices(const RVXScope &scope)
 {
     const RVXScopePlotView &view = *scope.plotView();
     const SweepTrigger trigger = view.trigger();
-    return QString("%1%2%3%4%5%6 \"%7\" %8; trigger %9 %10 %11 %12 %13 %14 %15")
+    return QString("%1%2%3%4%5%6%16 \"%7\" %8; trigger %9 %10 %11 %12 %13 %14 %15")
         .arg(view.hasSiPrefix())
         .arg(view.hasHysteresis())
         .arg(view.isFullScaleFromData())
@@ -126,7 +127,8 @@ QString viewChoices(const RVXScope &scope)
         .arg(int(trigger.edge))
         .arg(trigger.hysteresis)
         .arg(trigger.shareBefore)
-        .arg(trigger.holdOff);
+        .arg(trigger.holdOff)
+        .arg(view.hasSecondAxis());
 }
 
 constexpr int fieldsEnd = 65; // of a state; the choices of the view follow, and a sum
@@ -501,7 +503,7 @@ void tst_RVXScopeProperties::stateComesBack()
                      "yMaximum=20000 positiveOnly=true averaging=100 period=1000 timeSpan=2.5 "
                      "sampleSpan=400 beginAtFirst=true timeAxis=3 markersEnabled=true "
                      "controlsVisible=false"));
-    QCOMPARE(viewChoices(second), QString("111111 \"pA\" 4.5; trigger 3 3 -0.125 2 0.5 0.25 1.5"));
+    QCOMPARE(viewChoices(second), QString("1111111 \"pA\" 4.5; trigger 3 3 -0.125 2 0.5 0.25 1.5"));
     QCOMPARE(second.tabs(), first.tabs());
     QCOMPARE(second.shown(), QString("position"));
     QCOMPARE(second.yScale(), first.yScale());

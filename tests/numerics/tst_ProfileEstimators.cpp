@@ -266,7 +266,8 @@ private Q_SLOTS:
             const double x = between(0, side), y = between(0, side);
             std::vector<double> cells;
             for (int cell = 0; cell < side * side; ++cell) {
-                const double u = (cell % side - x) / sigma, v = (cell / side - y) / sigma;
+                const int column = cell % side, row = cell / side;
+                const double u = (column - x) / sigma, v = (row - y) / sigma;
                 cells.push_back(std::exp(-0.5 * (u * u + v * v + 2 * tilt * u * v)));
             }
             BeamProfile noisy = BeamProfile::uniform(QVector<double>(cells.begin(), cells.end()));
@@ -294,9 +295,11 @@ private Q_SLOTS:
             others += profile.flags.count(CellFlag::Hot) - profile.has(cell, CellFlag::Hot);
 
             std::vector<double> matrix;
-            for (int i = 0; i < side * side; ++i)
-                matrix.push_back(CellCharges::gaussian(15, sigma)(i % side)
-                                 * CellCharges::gaussian(20, 3)(i / side));
+            for (int i = 0; i < side * side; ++i) {
+                const int column = i % side, row = i / side;
+                matrix.push_back(CellCharges::gaussian(15, sigma)(column)
+                                 * CellCharges::gaussian(20, 3)(row));
+            }
             const int pixel = 20 * side + std::min(15 + cell - 60, side - 3);
             matrix[std::size_t(pixel)] = 2 * matrix[std::size_t(pixel - 1)] + 0.15;
             inMatrix += hotCells(matrix.data(), side, side) == std::vector<int>{pixel};

@@ -34,8 +34,9 @@ QVector<OptionText> optionTexts()
          Text::tr("Mark readings outside these limits as over range, whatever the source says.")},
         {"detector",
          "FILE.json",
-         Text::tr("Take the places and the calibration of the detector from this file, or from %1, "
-                  "whatever the source says. A window remembers it for the source; none forgets it.")
+         Text::tr(
+             "Take the places and the calibration of the detector from this file, or from %1, "
+             "whatever the source says. A window remembers it for the source; none forgets it.")
              .arg(detectorPresets().join(QStringLiteral(", ")))},
         {"planned",
          "FILE.csv",

@@ -59,8 +59,7 @@ const Preset presets[] = {
                        "120 pixels of 3.8 mm in 12 rows of 12, without the corners"),
      pixels144},
     {"pixels128",
-     QT_TRANSLATE_NOOP("Monitor::Text",
-                       "120 pixels of 3.8 mm, as they are wired to 128 channels"),
+     QT_TRANSLATE_NOOP("Monitor::Text", "120 pixels of 3.8 mm, as they are wired to 128 channels"),
      DetectorLayout::pixelMatrix},
 };
 

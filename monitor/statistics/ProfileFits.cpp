@@ -28,8 +28,7 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
     const bool hasSignal = std::any_of(values.begin(), values.end(), [](float value) {
         return value > 0.0F;
     });
-    result.message =
-        hasSignal ? item.statusMessage() : Text::tr("No signal.");
+    result.message = hasSignal ? item.statusMessage() : Text::tr("No signal.");
     const Corvale_Qt::ProfileFit &fit = item.fit();
     result.position = double(fit.mean) + 1.0;
     result.sigma = double(fit.sigma);

@@ -249,8 +249,9 @@ void ScopeMarkers::findInStrip(const RVXPlotHistory *history, double firstX)
     }
 }
 
-void ScopeMarkers::findInSweep(int size)
+void ScopeMarkers::findInSweep(int size, int lost)
 {
+    m_lostOfSweep = lost;
     for (int i = 0; i < count; ++i) {
         State &state = m_states[size_t(i)];
         Data &data = m_data[size_t(i)];
@@ -259,9 +260,10 @@ void ScopeMarkers::findInSweep(int size)
         if (state.sweepOffset < 0)
             state.sweepOffset = sweepOffset(state, data.x, size);
         state.row = -1; // from now on the marker keeps to its offset in the sweep
-        if (state.sweepOffset < 0 || state.sweepOffset >= size)
+        const int offset = state.sweepOffset - lost;
+        if (offset < 0 || offset >= size)
             continue;
-        data.row = 1 + state.sweepOffset;
+        data.row = 1 + offset;
         data.x = sampleX(m_reader, data.row);
         state.onSample = true;
     }
@@ -271,11 +273,11 @@ void ScopeMarkers::findInSweep(int size)
 int ScopeMarkers::sweepOffset(const State &state, double x, int size) const
 {
     if (state.row > 0)
-        return m_modelRows.contains(state.row) ? state.row - m_modelRows.first : -1;
+        return m_modelRows.contains(state.row) ? state.row - m_modelRows.first + m_lostOfSweep : -1;
     if (state.onSample && x < sampleX(m_reader, 1))
         return -1;
     const int row = firstRowFrom(m_reader, {1, size}, x);
-    return row < 0 ? -1 : row - 1;
+    return row < 0 ? -1 : row - 1 + m_lostOfSweep;
 }
 
 void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow)
@@ -430,7 +432,8 @@ void ScopeMarkers::moveInSweep(int index, int steps, int sweepLength)
     State &state = m_states[size_t(index)];
     if (!isAttached(index) || state.sweepOffset < 0 || sweepLength < 1)
         return;
-    state.sweepOffset = std::clamp(state.sweepOffset + steps, 0, sweepLength - 1);
+    const int last = m_lostOfSweep + sweepLength - 1;
+    state.sweepOffset = std::clamp(state.sweepOffset + steps, m_lostOfSweep, last);
     if (index == 0)
         m_selects = true;
 }

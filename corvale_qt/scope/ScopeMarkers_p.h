@@ -113,8 +113,8 @@ public:
     void findInStrip(const RVXPlotHistory *history, double firstX);
     //! Gives the block of \a channel to the markers that stand on blocks, as snap() does; what is drawn is divided by \a divisor.
     void snapToBlock(int channel, double divisor);
-    //! Finds the markers' rows among the \a size samples of a sweep.
-    void findInSweep(int size);
+    //! Finds the markers' rows among the \a size samples that are left of a sweep, whose first \a lost are gone.
+    void findInSweep(int size, int lost);
     //! Gives the sample of \a channel to the markers that are nearer to it than to any channel so far.
     void snap(int channel, const QwtSeriesData<QPointF> &series, int firstRow);
     //! Moves a marker onto its sample and writes its label; marker 1 also shows the statistics between both.
@@ -142,7 +142,7 @@ private:
         int held = -1; //!< the channel it snapped to; -1 before the first plot
         bool onSample = false; //!< x is that of a sample, no longer that of a click
         int row = -1; //!< row of its sample in the model, in strip mode; -1 if not found yet
-        int sweepOffset = -1; //!< sample of the sweep, counted from 0; -1 if not found yet
+        int sweepOffset = -1; //!< sample of the whole sweep, counted from 0; -1 if not found yet
     };
 
     //! The sample of a marker in the current plot.
@@ -188,6 +188,8 @@ private:
     const TimeGaps *m_gaps = nullptr; //!< of the current plot
     const RVXPlotHistory *m_history = nullptr; //!< of the current plot; null for none
     mutable MarkerSpan m_span;
+    int m_lostOfSweep =
+        0; //!< samples of the current sweep that are gone, counted from its beginning
     int m_selected = 0;
     bool m_isDetailed = false;
     bool m_selects = false; //!< the selection follows marker 0

@@ -37,6 +37,7 @@ void SweepPlotMode::plot()
     m_context.sweep.skipToNewest(last);
     if (!isHeld() && m_context.sweep.isComplete(last)) {
         m_context.sweep.advance();
+        m_lost = 0;
         take(m_context.sweep.shown());
         draw();
         if (m_context.sweep.isComplete(last))
@@ -65,6 +66,7 @@ void SweepPlotMode::plotTriggered(int lastRow, bool refresh)
         m_context.triggered.update(m_context.model.reader(), lastRow, m_context.sweep.length());
     if (next && !isHeld()) {
         m_context.sweep.show(next->rows);
+        m_lost = 0;
         m_origin = next->origin - next->rows.first + 1;
         take(next->rows);
         draw();
@@ -114,6 +116,7 @@ void SweepPlotMode::drawAgain(int lastRow)
             clear();
             return;
         }
+        m_lost += left.first - shown.first;
         m_origin -= left.first - shown.first; // samples before it have left the model
         take(left);
         m_context.sweep.narrowShown(left);
@@ -129,7 +132,7 @@ void SweepPlotMode::draw()
     followUnits();
     m_context.markers.setGaps(m_context.gaps.showSweep(m_context.curves, reader, size));
     m_context.markers.begin(reader, m_context.sweep.shown());
-    m_context.markers.findInSweep(size);
+    m_context.markers.findInSweep(size, m_lost);
     const auto kept = [this](int channel) {
         return m_context.sweepSamples.series(channel);
     };

@@ -29,6 +29,7 @@ private:
     void draw();
     void showTrigger();
 
+    int m_lost = 0; //!< samples before the first one that is shown, which have left the model
     int m_origin =
         0; //!< the sample of the sweep at which its time is 0, counted from 1; 0 without a trigger
 };

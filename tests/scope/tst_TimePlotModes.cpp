@@ -288,6 +288,8 @@ private Q_SLOTS:
             return 5e-6;
         });
         QCOMPARE(view.curves().value(0)->sample(99).y(), 5000.0);
+        view.enablePlotMarker(true);
+        view.click(Qt::LeftButton, 49.6, 5000.0);
         view.append(rolled);
         view.settle();
         view.check(2, false);
@@ -297,6 +299,11 @@ private Q_SLOTS:
         QCOMPARE(view.title(QwtPlot::yLeft), uA.name());
         QTEST(view.xText(), "axis");
         QCOMPARE(view.curves().value(0)->sample(0).y(), 5.0);
+        // The marker stays on its sample.
+        QCOMPARE(view.markerX(0), 50.0);
+        QCOMPARE(view.markerStatistics().first.row, rolled == 80 ? 21 : 51);
+        view.press(Qt::Key_Left);
+        QCOMPARE(view.markerX(0), 49.0);
         view.check(2, true);
         QCOMPARE(view.curves().size(), 2);
         // A sweep whose samples have all gone cannot be shown in another unit.
@@ -392,6 +399,14 @@ private Q_SLOTS:
             view.showMode(mode);
             view.setGapIntervals(0.0);
             QCOMPARE(colour(100.5, 0.31), QColor(Qt::black));
+            // The next sweep has no gap where this one has it.
+            view.setGapIntervals(3.0);
+            rows.clear();
+            for (int i = 200; i < 300; ++i)
+                rows.append({i * 1.0, 1.0});
+            view.model.append(rows);
+            QCOMPARE(view.xText(), QString("200..299"));
+            QCOMPARE(colour(249.5, 0.31), QColor(Qt::black));
         }
     }
 

@@ -108,6 +108,7 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
             });
     if (!view)
         return;
+    d->refresh.setParent(this); // children of the widget tell whether it rests
     d->refresh.setSingleShot(true);
     d->refresh.setInterval(refreshInterval);
     connect(&d->refresh, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));

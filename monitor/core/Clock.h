@@ -44,7 +44,7 @@ private:
     void restOrTick();
 
     QElapsedTimer m_elapsed;
-    QTimer m_timer;
+    QTimer m_timer{this};
     double m_askedAt = 0.0; //!< when somebody last wanted ticks at full pace
 };
 

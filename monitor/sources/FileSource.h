@@ -104,7 +104,7 @@ private:
     Options m_options;
     const std::unique_ptr<Intake> m_intake;
     CsvReader m_reader;
-    QTimer m_unpaced;
+    QTimer m_unpaced{this};
     bool m_atEnd = false;
     RefusedLine m_firstRefused;
 

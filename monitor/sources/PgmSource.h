@@ -57,7 +57,7 @@ private:
     QString m_error;
     ImageSink m_images;
     PgmReader m_reader;
-    QTimer m_unpaced;
+    QTimer m_unpaced{this};
     bool m_atEnd = false;
 
     std::deque<Frame> m_waiting;

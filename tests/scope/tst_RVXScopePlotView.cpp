@@ -12,6 +12,7 @@
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/Rows.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -516,6 +517,11 @@ private Q_SLOTS:
         if (!legend)
             QFAIL("there is no legend");
         QVERIFY(legend->isVisible());
+        view.canvas();
+        QCOMPARE(runningTimers(*legend), 1);
+        QTRY_COMPARE(runningTimers(*legend), 0);
+        view.settle(); // the values that it paints now are no picture
+        QCOMPARE(runningTimers(*legend), 0);
         const auto row = [legend](int i) {
             return legend->model()->index(i, 0);
         };

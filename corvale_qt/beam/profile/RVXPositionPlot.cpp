@@ -350,6 +350,8 @@ RVXPositionPlot::RVXPositionPlot(QWidget *parent)
     auto *layout = new QHBoxLayout(d->ui.frame);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(d->plot);
+    for (QTimer *timer : {&d->timer, &d->showNewest})
+        timer->setParent(this); // children of the widget tell whether it rests
     connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
     d->timer.start(100);
     d->showNewest.setSingleShot(true);

@@ -31,6 +31,8 @@ RVXSpectrogram::RVXSpectrogram(QWidget *parent)
     Q_D(RVXSpectrogram);
     qRegisterMetaType<SpectrogramResult>("Corvale_Qt::SpectrogramResult");
     d->build();
+    for (QTimer *timer : {&d->timer, &d->showNewest})
+        timer->setParent(this); // children of the widget tell whether it rests
     connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
     d->timer.start(100);
 }

@@ -226,6 +226,7 @@ RVXSplitPlot::RVXSplitPlot(QWidget *parent)
 {
     Q_D(RVXSplitPlot);
     d->ui.setupUi(this);
+    d->timer.setParent(this); // children of the widget tell whether it rests
     connect(&d->timer, SIGNAL(timeout()), this, SLOT(update()));
     d->timer.start(100);
 }

@@ -3,6 +3,7 @@
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -140,6 +141,18 @@ private Q_SLOTS:
         display.widget.setData(-0.5, -0.5); // the last one, between two ticks
         display.tick();
         QTRY_VERIFY(paints.count > 0);
+    }
+
+    void theTimerRestsWhileNoPositionComes()
+    {
+        Display display;
+        for (int i = 0; i < 2; ++i) {
+            display.tick();
+            display.tick();
+            QCOMPARE(runningTimers(display.widget), 0);
+            display.widget.setData(0.5, 0.5);
+            QCOMPARE(runningTimers(display.widget), 1);
+        }
     }
 
     void aPositionOutOfRangeIsAnArrowAtTheEdge_data()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/Rows.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
 #include <numeric>
@@ -79,6 +80,18 @@ private Q_SLOTS:
         QVERIFY(near(turned.rotation, 30, 0.5) && near(turned.elongation, 2, 0.1));
         QVERIFY(near(turned.sigmaMajor, 6, 0.1) && near(turned.sigmaMinor, 3, 0.1));
         QVERIFY(near(turned.max, 1e-9, 2e-10));
+    }
+
+    void theTimerRestsWhileNoFrameComes()
+    {
+        BeamDisplay display(Detector::Strips);
+        for (int i = 0; i < 2; ++i) {
+            display.tick();
+            display.tick();
+            QCOMPARE(runningTimers(display.widget), 0);
+            display.feedBetweenTicks(Frames::strips(0));
+            QCOMPARE(runningTimers(display.widget), 1);
+        }
     }
 
     void failedFitsSayWhichAxis()

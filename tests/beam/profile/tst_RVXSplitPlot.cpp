@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -149,6 +150,18 @@ private Q_SLOTS:
         display.widget.setNumberPlots(1);
         display.tick();
         display.widget.setData(0.1, 0.2);
+    }
+
+    void theTimerRestsWhileNoValuesCome()
+    {
+        Display display;
+        for (int i = 0; i < 2; ++i) {
+            display.tick();
+            display.tick();
+            QCOMPARE(runningTimers(display.widget), 0);
+            display.widget.setData(0.3, -0.3);
+            QCOMPARE(runningTimers(display.widget), 1);
+        }
     }
 
     void scales()

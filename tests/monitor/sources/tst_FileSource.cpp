@@ -6,7 +6,10 @@
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
+
+#include <QSignalSpy>
 
 #include <algorithm>
 #include <cmath>
@@ -136,6 +139,7 @@ private Q_SLOTS:
             "start pixels frames, matrix (\\d+ x \\d+), "
             "positions in cells, sum max x:cells sigma_x:cells y:cells sigma_y:cells");
         QTEST(log.text().replace(start, "> \\1"), "expected");
+        QCOMPARE(runningTimers(*source), 0);
         QCOMPARE(source->counts().lines, source->counts().readings + source->counts().bad());
     }
 
@@ -245,8 +249,41 @@ private Q_SLOTS:
         FileSource source(clock, m_path, options);
         SourceLog log(source);
         source.start();
+        source.setPaused(true);
+        QCOMPARE(runningTimers(source), 0); // nothing keeps the processor busy
+        source.setPaused(false);
         QTRY_COMPARE(source.state(), Source::State::Finished);
         QCOMPARE(log.times.size(), 4);
+        QCOMPARE(runningTimers(source), 0);
+    }
+
+    void theClockRestsWhenNobodyNeedsIt()
+    {
+        class MovedClock : public SystemClock
+        {
+        public:
+            double seconds() const override { return now; }
+            double now = 0.0;
+        };
+        MovedClock clock;
+        const auto *timer = clock.findChild<QTimer *>();
+        QSignalSpy ticks(&clock, &Clock::tick);
+        clock.now = 9.9;
+        QTRY_VERIFY(ticks.size() >= 2);
+        QCOMPARE(timer->interval(), 20);
+        clock.now = 10.1;
+        QTRY_COMPARE(timer->interval(), 1000);
+        clock.stayAwake();
+        QCOMPARE(timer->interval(), 20);
+
+        ManualClock asked;
+        FileSource source(asked, m_path, {});
+        source.start();
+        asked.advance(0.6);
+        source.setPaused(true);
+        const int before = asked.timesKeptAwake;
+        asked.advance(5.0);
+        QCOMPARE(asked.timesKeptAwake, before);
     }
 
     void failsWithAReason()

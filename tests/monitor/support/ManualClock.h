@@ -18,6 +18,7 @@ public:
     {
         m_wallOffset += 1e-3 * double(wallTime().msecsTo(time));
     }
+    void stayAwake() override { ++timesKeptAwake; }
     //! Lets \a seconds pass, in ticks of 20 ms.
     void advance(double seconds)
     {
@@ -32,6 +33,8 @@ public:
     }
     //! Lets \a seconds pass without ticks, as in a busy event loop.
     void advanceSilently(double seconds) { m_seconds += seconds; }
+
+    int timesKeptAwake = 0;
 
 private:
     double m_seconds = 100.0;

@@ -226,6 +226,12 @@ private Q_SLOTS:
         QVERIFY(std::abs(verdict.peakInNoise - 193) < 3);
         QCOMPARE(verdict.deadCells, 1);
         QCOMPARE(verdict.saturatedCells, 1);
+        const BeamProfile lower = CellCharges::strips(32, 2, CellCharges::gaussian(-30, 4));
+        QVERIFY(judgeEstimate(lower, leastSquaresGaussian(lower)).atEdge);
+        // The baseline of the peak is what a tenth of the cells lie below, so that a wide beam is a peak, too.
+        BeamProfile broad = CellCharges::strips(32, 2, CellCharges::gaussian(0, 20));
+        broad.noise = 0.01;
+        QVERIFY(judgeEstimate(broad, leastSquaresGaussian(broad)).peakInNoise > 120);
     }
 
     //! With a threshold, a pedestal changes so little that the residuals do not show it; the ends of the profile do.

@@ -130,6 +130,42 @@ private Q_SLOTS:
         QVERIFY(!imageMoments(frame.image()).isOk());
     }
 
+    void flagsAndNoiseOfPlanes()
+    {
+        DetectorDescription strips;
+        strips.kind = DetectorKind::Strips;
+        strips.x = DetectorAxis::uniform(2, 1.0, QStringLiteral("mm"));
+        strips.y = DetectorAxis::at({0, 1, 4}, QStringLiteral("mm"));
+        strips.readings = 7;
+        strips.density = true;
+        const auto layout = DetectorLayout::fromDescription(strips);
+        const DetectorFrame frame = frameOf(layout, {1, 2, 3, qQNaN(), 5, 0, 6});
+        QCOMPARE(frame.leftOut, 1); // a reading of 0 is none that is missed
+        const BeamProfile y = frame.profile(Axis::Y);
+        QVERIFY(y.flags == QVector<CellFlags>({{}, CellFlag::Dead, {}}));
+        QCOMPARE(y.positions, QVector<double>({0, 1, 4})); // densities are samples at their places
+
+        const DetectorLayout wide = matrix(2, 8, 0.5, [](DetectorDescription &d) {
+            d.noise = 1;
+            d.density = true;
+            d.y.pitch = 3;
+            d.channels.resize(16);
+            d.channels[11].saturation = 7;
+            d.channels[1].dead = true;
+            d.wiring = {0, 1, 2, 3, 4, 5, 6, 7, -1, 9, 10, 11, 12, 13, 14, 15};
+        });
+        QVector<double> readings(16, 4.0);
+        readings[11] = 7; // at its limit
+        const DetectorFrame image = frameOf(wide, readings);
+        // The dead cell is the mean of its neighbours that are wired; charges are densities times areas.
+        QCOMPARE(image.image().charges[1], 4 * 1.5);
+        const BeamProfile x = image.profile(Axis::X);
+        QCOMPARE(x.noise, std::sqrt(2.0));
+        QCOMPARE(image.profile(Axis::Y).noise, std::sqrt(8.0));
+        QVERIFY(x.has(3, CellFlag::Saturated) && !x.has(1, CellFlag::Saturated));
+        QVERIFY(image.profile(Axis::Y).has(1, CellFlag::Saturated));
+    }
+
     //! +1 mm reads +1 mm, whichever way the rows and columns run.
     void oneMillimetreIsOneMillimetre()
     {

@@ -33,7 +33,7 @@ class tst_ProfileEstimators : public QObject
     Q_OBJECT
 
 private:
-    static void estimators()
+    static void estimators(int count = 6)
     {
         QTest::addColumn<Estimator>("estimate");
         QTest::newRow("centre of gravity") << Estimator([](const BeamProfile &profile) {
@@ -48,6 +48,8 @@ private:
         QTest::newRow("least squares") << Estimator([](const BeamProfile &profile) {
             return leastSquaresGaussian(profile);
         });
+        if (count < 5)
+            return;
         QTest::newRow("half maximum") << Estimator(halfMaximumWidth);
         QTest::newRow("second moment") << Estimator(secondMomentWidth);
     }
@@ -57,10 +59,95 @@ private Q_SLOTS:
     void wiresAtUnequalPlaces()
     {
         QFETCH(Estimator, estimate);
-        const BeamEstimate found = estimate(wires(CellCharges::gaussian(1.36, 3.93, 7)));
-        QVERIFY(found.isOk());
-        QVERIFY(std::abs(found.position.value - 1.36) < 0.02 * 3.93);
-        QVERIFY(std::abs(found.sigma.value - 3.93) < 0.02 * 3.93);
+        const auto beam = CellCharges::gaussian(1.36, 3.93, 7);
+        BeamProfile holed =
+            CellCharges::strips(32, 2, beam); // cells that are not trusted count for nothing
+        for (int hot : {4, 5}) {
+            holed.setFlag(hot, CellFlag::Hot);
+            holed.readings[hot] = 50;
+        }
+        const BeamProfile profiles[] = {wires(beam), CellCharges::strips(32, 2, beam), holed};
+        for (const BeamProfile &profile : profiles) {
+            const BeamEstimate found = estimate(profile);
+            QVERIFY(found.isOk());
+            QVERIFY(std::abs(found.position.value - 1.36) < 0.02 * 3.93);
+            QVERIFY(std::abs(found.sigma.value - 3.93) < 0.03 * 3.93);
+            QVERIFY(std::abs(found.height.value / 7 - 1) < 0.05);
+            const double background = found.background.value;
+            const int parameters = std::isnan(background) || background == 0.0 ? 3 : 4;
+            const int cells = profile.count() - profile.flags.count(CellFlag::Hot);
+            QCOMPARE(found.quality.degreesOfFreedom, cells - parameters);
+            QVERIFY(found.quality.residualRms < 0.05);
+        }
+    }
+
+    //! R2 by its definition, over the cells that are trusted.
+    void howMuchAFitExplains()
+    {
+        BeamProfile profile = wires(CellCharges::gaussian(1.36, 3.93, 7));
+        CellCharges::addNoise(profile, 0.5);
+        profile.setFlag(0, CellFlag::Hot);
+        profile.readings[0] = 50;
+        const BeamEstimate fit = leastSquaresGaussian(profile);
+        const auto beam =
+            CellCharges::gaussian(fit.position.value, fit.sigma.value, fit.height.value);
+        const int cells = profile.count() - 1;
+        double mean = 0, spread = 0, residuals = 0;
+        for (int i = 1; i <= cells; ++i)
+            mean += profile.readings[i] / cells;
+        for (int i = 1; i <= cells; ++i) {
+            spread += std::pow(profile.readings[i] - mean, 2);
+            residuals +=
+                std::pow(profile.readings[i] - beam(profile.positions[i]) - fit.background.value,
+                         2);
+        }
+        QVERIFY(std::abs(fit.quality.rSquared - (1 - residuals / spread)) < 1e-9);
+    }
+
+    void leastSquaresFollowASlope()
+    {
+        const auto beam = CellCharges::gaussian(3, 4);
+        const BeamProfile profile = CellCharges::touching(Profiles::unequalWires, [&](double x) {
+            return 0.5 + 0.02 * x + beam(x);
+        });
+        const BeamEstimate fit = leastSquaresGaussian(profile, FitBackground::Linear);
+        QVERIFY(std::abs(fit.position.value - 3) < 1e-4 && std::abs(fit.sigma.value - 4) < 1e-4);
+        QVERIFY(std::abs(fit.slope - 0.02) < 1e-5);
+        QVERIFY(std::abs(fit.background.value - 0.56) < 1e-4); // at the position
+        QVERIFY(fit.quality.residualRms < 1e-4);
+        QCOMPARE(int(leastSquaresGaussian(BeamProfile::uniform({1, 3, 2, 1})).status),
+                 int(EstimateStatus::NotEnoughCells));
+    }
+
+    //! To first order, the error is the root of the sum of the squares of what the noise of each reading changes.
+    void standardErrorsAreDerivatives_data() { estimators(4); } // those without a median
+    void standardErrorsAreDerivatives()
+    {
+        QFETCH(Estimator, estimate);
+        const auto beam = CellCharges::gaussian(1.36, 3.93, 7);
+        for (BeamProfile profile :
+             {wires(beam), CellCharges::touching(Profiles::unequalWires, beam)}) {
+            profile.noise = 1e-3;
+            const auto numbers = [&](const BeamProfile &changed) {
+                const BeamEstimate found = estimate(changed);
+                return QVector<Estimate>{found.position, found.sigma, found.height};
+            };
+            QVector<double> squares(3, 0.0);
+            for (int cell = 0; cell < profile.count(); ++cell) {
+                BeamProfile up = profile, down = profile;
+                up.readings[cell] += 1e-5;
+                down.readings[cell] -= 1e-5;
+                for (int k = 0; k < 3; ++k)
+                    squares[k] +=
+                        std::pow((numbers(up)[k].value - numbers(down)[k].value) / 2e-5, 2);
+            }
+            const QVector<Estimate> found = numbers(profile);
+            for (int k = 0; k < 3; ++k) {
+                const double ratio = found[k].error / (1e-3 * std::sqrt(squares[k]));
+                QVERIFY2(!found[k].hasError() || std::abs(ratio - 1) < 0.02,
+                         qPrintable(QString("%1: %2").arg(k).arg(ratio)));
+            }
+        }
     }
 
     void leastSquaresAreExactOnAnyCells_data()
@@ -135,8 +222,11 @@ private Q_SLOTS:
         QVERIFY(fit.position.error > 0.005 && fit.position.error < 0.05);
         QVERIFY(std::isnan(fit.quality.reducedChiSquare));
         profile.noise = 0.01;
-        const double chi = leastSquaresGaussian(profile).quality.reducedChiSquare;
+        const BeamEstimate known = leastSquaresGaussian(profile);
+        const double chi = known.quality.reducedChiSquare;
         QVERIFY(chi > 0.4 && chi < 1.8);
+        // The residuals tell the noise that makes the reduced chi square 1.
+        QVERIFY(std::abs(fit.position.error / (known.position.error * std::sqrt(chi)) - 1) < 1e-6);
     }
 
     //! ISO 11146: the background of the corners is subtracted, and charge far away does not count.
@@ -152,7 +242,41 @@ private Q_SLOTS:
         QVERIFY(std::abs(found.position.value + 40) < 1e-3);
         // Cells of width 1 add 1/12 to the variance.
         QVERIFY(std::abs(found.sigma.value - std::sqrt(9 + 1 / 12.0)) < 1e-3);
-        QVERIFY(secondMomentWidth(CellCharges::strips(32, 1, CellCharges::gaussian(4, 3))).clipped);
+        for (const double mean : {4.0, -4.0})
+            QVERIFY(secondMomentWidth(CellCharges::strips(32, 1, CellCharges::gaussian(mean, 3)))
+                        .clipped);
+        // A twentieth of the cells at each end is the background, so that two bad ones do not matter.
+        BeamProfile rough = profile;
+        for (int end : {0, 1, 126, 127})
+            rough.readings[end] += 0.01;
+        QVERIFY(std::abs(secondMomentWidth(rough).sigma.value - found.sigma.value) < 1e-3);
+    }
+
+    void limitsThatAreMetExactly()
+    {
+        CentreOfGravityOptions half;
+        half.thresholdFraction = 0.5; // what is at the threshold does not count
+        QCOMPARE(centreOfGravity(BeamProfile::uniform({0, 2, 4, 3}), half).position.value,
+                 17.0 / 7);
+        QCOMPARE(int(centreOfGravity(BeamProfile::uniform({-5, 0, 0, 6})).status),
+                 int(EstimateStatus::PeakOnEdge));
+        BeamProfile unequal = BeamProfile::uniform({1, 2, 4, 2, 1});
+        unequal.positions[4] += 0.1;
+        LogParabolaOptions options;
+        options.thresholdFraction = 0.5; // what is at the threshold belongs to the run
+        QVERIFY(logParabolaGaussian(unequal, options).isOk());
+        options.halfWidth = 1;
+        QVERIFY(logParabolaGaussian(unequal, options).isOk());
+        BeamProfile wide = BeamProfile::uniform({1, 2, 3}, 2, 10);
+        QVERIFY(wide.isUniform() && wide.lowerEdge() == 9.0 && wide.upperEdge() == 15.0);
+        wide.widths[1] = 1;
+        QVERIFY(!wide.isUniform());
+        // A neighbour without charge has the logarithm of 1e-20.
+        const double left = std::log(1e-20), right = std::log(0.5);
+        const double shift = (left - right) / (2 * (left + right));
+        QVERIFY(std::abs(threePointGaussian(BeamProfile::uniform({0, 0, 1, 0.5, 0})).position.value
+                         - 2 - shift)
+                < 1e-9);
     }
 
     void flatFields_data()
@@ -225,6 +349,25 @@ private Q_SLOTS:
         QVERIFY(profile.has(28, CellFlag::Hot));
         QCOMPARE(profile.flags.count(CellFlag::Hot), 1);
         QVERIFY(std::abs(profile.withoutHoles().readings[28]) < 0.02);
+        // A dead neighbour says nothing, and a single one too little.
+        profile.readings[27] = 10;
+        profile.flags.fill(CellFlags());
+        profile.setFlag(27, CellFlag::Dead);
+        flagHotCells(profile);
+        QVERIFY(profile.has(28, CellFlag::Hot));
+        BeamProfile pair = BeamProfile::uniform({0, 5});
+        flagHotCells(pair);
+        QVERIFY(pair.flags.isEmpty());
+        // On cells of 2 mm, a noise of 0.01 is one of 0.005 in the density; hot is what has eight of it.
+        for (const auto &[reading, isHot] : {std::pair(0.07, false), {0.1, true}}) {
+            BeamProfile dark = CellCharges::strips(32, 2, [](double) {
+                return 0.0;
+            });
+            dark.noise = 0.01;
+            dark.readings[9] = reading;
+            flagHotCells(dark);
+            QCOMPARE(dark.has(9, CellFlag::Hot), isHot);
+        }
 
         std::vector<double> matrix;
         for (int row = 0; row < 64; ++row) {

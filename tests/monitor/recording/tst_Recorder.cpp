@@ -272,6 +272,11 @@ private Q_SLOTS:
             QVERIFY2(i - written < 10, qPrintable(QString::number(written))); // 0.1 s each
             r.clock.advanceSilently(0.1);
         }
+        // What does not fit into a megabyte is not held for half a second.
+        r.clock.advanceSilently(1.0);
+        recorder.addReadings(block(30, 1));
+        recorder.addReadings(block(31, 100000));
+        QVERIFY(QFileInfo(path("a.csv")).size() > 1024 * 1024);
     }
 
     void aFullDiskLosesNothingOnceThereIsRoom()

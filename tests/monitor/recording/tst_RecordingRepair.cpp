@@ -57,6 +57,14 @@ private Q_SLOTS:
             QByteArray("x\ny\n1e,2\n3,4\n4,5\n"),
             "lost: 3 lines (8 to 10), after 2 s, before 3 s: *",
             "4: 5");
+        row("a line whose time goes back before a wrong one",
+            QByteArray("1,7\nx\n3,4\n4,5\n"),
+            "lost: 2 lines (8 to 9), after 2 s, before 3 s: *",
+            "4: 5");
+        row("the end of a part",
+            QByteArray("x\n#corvale 1\n#channels a\n7,4\n8,5\n"),
+            "lost: 1 line (8), after 2 s, before another part begins: *",
+            "8: 5");
         row("the end",
             QByteArray("x\n"),
             "lost: 1 line (8), after 2 s, before the end of the file: *",
@@ -135,6 +143,16 @@ private Q_SLOTS:
         QCOMPARE(ZstdFrames(file).textSize(), qint64(text.size()));
     }
 
+    void nothingIsNoCopy()
+    {
+        putFile(path("hopeless.csv"), "x\ny\n");
+        RecordingDamage damage;
+        QString copy, error;
+        QVERIFY(!repairRecording(path("hopeless.csv"), &copy, &damage, &error));
+        QVERIFY2(error.startsWith("nothing of"), qPrintable(error));
+        QVERIFY(!QFile::exists(path("hopeless-repaired.csv")));
+    }
+
     //! Wherever a compressed recording is damaged, no more than the frame is lost, and nothing wrong is read.
     void aDamagedCompressedFileLosesOneFrame()
     {
@@ -181,12 +199,19 @@ private Q_SLOTS:
         for (int i = 0; i < 200; ++i)
             space.note(i, qint64(1000) * i, 1000000);
         QVERIFY(std::abs(*space.secondsLeft() - 1000.0) < 1e-6);
-        for (int i = 200; i < 500; ++i)
-            space.note(i, 200000 + qint64(4000) * (i - 200), 1000000);
+        space.note(200, 203000, 1000000);
+        QVERIFY(*space.secondsLeft() > 900.0); // a second is no rate
+        for (int i = 201; i < 500; ++i)
+            space.note(i, 203000 + qint64(4000) * (i - 200), 1000000);
         QVERIFY(std::abs(*space.secondsLeft() - 250.0) < 1.0);
+        space.note(499, 203000 + qint64(4000) * 299, 500000); // at once
+        QVERIFY(std::abs(*space.secondsLeft() - 125.0) < 1.0);
+        space.note(500, 1000, 500000); // another recording
+        QVERIFY(std::abs(*space.secondsLeft() - 125.0) < 1.0);
         QCOMPARE(SpaceForecast::text(30.0), QString("less than a minute"));
         QCOMPARE(SpaceForecast::text(7000.0), QString("116 min"));
         QCOMPARE(SpaceForecast::text(7300.0), QString("2 h"));
+        QCOMPARE(SpaceForecast::text(100000.0), QString("27 h"));
         QCOMPARE(SpaceForecast::text(1e6), QString("11 d"));
         QCOMPARE(SpaceForecast::text(1e9), QString("over a year"));
     }

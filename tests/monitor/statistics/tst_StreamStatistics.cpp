@@ -4,12 +4,16 @@
 #include "monitor/readings/SpotReport.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/statistics/BeamEstimates.h"
+#include "monitor/statistics/StatisticsReport.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include "tests/support/Files.h"
 #include "tests/support/RealReadings.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -69,6 +73,34 @@ StreamStatistics statisticsOf(const QString &path, double from, double to)
 QString tenDigits(double value)
 {
     return QString::number(value, 'e', 9);
+}
+
+//! Returns numbers of an object with three digits, and texts as they are.
+QString valuesOf(const QJsonValue &object, const char *keys)
+{
+    QStringList texts;
+    for (const QString &key : QString(keys).split(' ')) {
+        const QJsonValue value = object[key];
+        texts += value.isDouble() ? QString::number(value.toDouble(), 'g', 3) : value.toString("-");
+    }
+    return texts.join(' ');
+}
+
+//! Returns the words of the first line of a text that begins with some, with three digits where they are numbers.
+QString wordsOf(const QString &text, const QString &beginning)
+{
+    for (const QString &line : text.split('\n')) {
+        QStringList words = line.simplified().split(' ');
+        if (!line.simplified().startsWith(beginning))
+            continue;
+        for (QString &word : words) {
+            bool isNumber = false;
+            const double number = word.toDouble(&isNumber);
+            word = isNumber ? QString::number(number, 'g', 3) : word;
+        }
+        return words.join(' ');
+    }
+    return {};
 }
 
 } // namespace
@@ -187,6 +219,85 @@ private Q_SLOTS:
         QCOMPARE(statistics.limitLog().excursionCount(1), qint64(2503));
         QVERIFY(statistics.limitLog().takeChanges().size() <= LimitLog::mostChanges);
         QCOMPARE(statistics.limitLog().takeUnlisted(), qint64(2 + 5000 - 1000));
+    }
+
+    void theReportNamesEachNumber()
+    {
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
+        Corvale_Qt::ChannelLimits limits;
+        limits.lowAlarm = -4.0;
+        limits.lowWarning = -3.0;
+        limits.highWarning = 4.5;
+        limits.highAlarm = 6.25;
+        header.setLimits("ch1", limits);
+        StreamStatistics statistics;
+        statistics.startStream(header);
+        ReadingBlock block(1);
+        double value = 0.0;
+        for (const double time : {0.0, 1.0, 2.0, 3.0, 6.5, 7.5, 8.5, 20.0, 21.0}) {
+            value += 1.0;
+            block.append(time, &value);
+        }
+        statistics.addReadings(block);
+        StatisticsReport report;
+        report.statistics = &statistics;
+        report.estimates.leftOut.count = 2;
+        report.estimates.leftOut.sum = 7.5;
+        const QJsonObject json = QJsonDocument::fromJson(report.json()).object();
+        const QJsonValue channel = json["channels"][0];
+        QCOMPARE(valuesOf(channel,
+                          "n mean sigma sigma_population min max integral covered_integral "
+                          "covered_time excursion_count"),
+                 QString("9 5 2.74 2.58 1 9 130 28 6 1"));
+        QCOMPARE(valuesOf(channel["limits"], "low_alarm low_warning high_warning high_alarm"),
+                 QString("-4 -3 4.5 6.25"));
+        QCOMPARE(valuesOf(channel["excursions"][0], "state limit began ended worst"),
+                 QString("high alarm 6.25 6.5 - 9"));
+        QCOMPARE(valuesOf(json["detector"], "left_out_readings left_out_sum"), QString("2 7.5"));
+        const QString text = report.text();
+        QCOMPARE(wordsOf(text, "ch1 -"), QString("ch1 - 9 5 2.74 1 9 130 28 6"));
+        QCOMPARE(wordsOf(text, "ch1 high"), QString("ch1 high alarm 6.5 lasts 9"));
+    }
+
+    //! A Gaussian with widths of 3 and 1.5 cells along axes that are turned by 30 degrees.
+    void theReportNamesEachNumberOfAFrame()
+    {
+        StreamHeader header;
+        header.setFrames(Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(30, 40)), "nC");
+        StreamStatistics statistics;
+        statistics.startStream(header);
+        std::vector<double> frame;
+        for (int row = 1; row <= 30; ++row) {
+            for (int column = 1; column <= 40; ++column) {
+                const double x = column - 18.3, y = row - 14.7;
+                const double along = x * std::sqrt(0.75) + y / 2;
+                const double across = y * std::sqrt(0.75) - x / 2;
+                frame.push_back(std::exp(-along * along / 18 - across * across / 4.5));
+            }
+        }
+        ReadingBlock block(1200);
+        block.append(0.5, frame.data());
+        statistics.addReadings(block);
+        StatisticsReport report;
+        report.statistics = &statistics;
+        report.estimates = estimatesOfLastReading(statistics);
+        const QJsonObject json = QJsonDocument::fromJson(report.json()).object();
+        const QString moments = "28.3 0.967 15 19 18.3 14.7 2.7 1.98";
+        QCOMPARE(valuesOf(json["frames"][0],
+                          "total max max_row max_col centroid_col centroid_row rms_col rms_row"),
+                 moments);
+        QCOMPARE(valuesOf(json["image"],
+                          "mean_x mean_y sigma_x sigma_y sigma_major sigma_minor rotation_degrees"),
+                 QString("18.3 14.7 2.7 1.98 3 1.5 30"));
+        const QString text = report.text();
+        QVERIFY(text.contains("Moments of the frames"));
+        QCOMPARE(wordsOf(text, "0.5"), "0.5 " + moments);
+        QVERIFY(wordsOf(text, "28.2").endsWith(" 18.3 14.7 2.7 1.98 3 1.5"));
+        const QJsonValue fit = json["estimates"][3];
+        QVERIFY(valuesOf(fit, "plane estimator position").startsWith("x least_squares 18.3"));
+        QCOMPARE(wordsOf(text, "x least_squares"),
+                 valuesOf(fit, "plane estimator position position_error sigma sigma_error unit"));
     }
 
     void anotherRateIsNoGap()

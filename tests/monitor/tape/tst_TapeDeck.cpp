@@ -333,6 +333,28 @@ private Q_SLOTS:
         QVERIFY(tape.deck.position() <= 12.0);
     }
 
+    void loopsBeginAndEndHere()
+    {
+        Deck tape(m_path);
+        const auto loopAfter = [&](double position, void (TapeDeck::*set)()) {
+            tape.deck.seek(position);
+            (tape.deck.*set)();
+            return QString("%1..%2").arg(tape.deck.loop()->from).arg(tape.deck.loop()->to);
+        };
+        QCOMPARE(loopAfter(20.0, &TapeDeck::endLoopHere), QString("0..20"));
+        QCOMPARE(loopAfter(10.0, &TapeDeck::beginLoopHere), QString("10..20"));
+        QCOMPARE(loopAfter(30.0, &TapeDeck::beginLoopHere), QString("30..64.901"));
+        QCOMPARE(loopAfter(40.0, &TapeDeck::endLoopHere), QString("30..40"));
+        QCOMPARE(loopAfter(20.0, &TapeDeck::endLoopHere), QString("0..20"));
+        tape.deck.setLoop({12.0, 10.0});
+        QVERIFY(!tape.deck.loop());
+        // What has come to its end begins with the loop.
+        tape.deck.setLoop({10.0, 12.0});
+        tape.go({1, 16.9});
+        tape.deck.play();
+        QCOMPARE(tape.deck.position(), 10.0);
+    }
+
     void marksAreFound()
     {
         Deck tape(m_path);

@@ -116,7 +116,7 @@ bool LimitWatch::judge(double time, double reading)
     return hasChanged;
 }
 
-//! Returns the state of a reading. The present side's limits are left only by more than the hysteresis.
+//! Returns the state of a reading. A limit of the present side is left only by the hysteresis or more.
 LimitState LimitWatch::nextState(double reading) const
 {
     const LimitState now = m_limits.stateOf(reading);
@@ -124,7 +124,7 @@ LimitState LimitWatch::nextState(double reading) const
         || (now != LimitState::Normal && isHigh(now) != isHigh(m_state)))
         return now;
     const bool high = isHigh(m_state);
-    const auto isHeld = [&](LimitState state) { // behind its limit by no more than the hysteresis
+    const auto isHeld = [&](LimitState state) { // behind its limit by less than the hysteresis
         const double limit = m_limits.limitOf(state);
         const double back = m_limits.hysteresisAt(state);
         return high ? reading > limit - back : reading < limit + back;

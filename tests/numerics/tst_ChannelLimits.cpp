@@ -35,7 +35,7 @@ QString statesOf(const ChannelLimits &limits, const QVector<double> &readings)
     return states;
 }
 
-//! Returns the letters that the definition gives: a limit that was passed holds until the reading is behind it by more than h.
+//! Returns the letters that the definition gives: a limit that was passed holds until the reading is behind it by h.
 QString statesByDefinition(const ChannelLimits &limits, double h, const QVector<double> &readings)
 {
     const struct
@@ -112,7 +112,10 @@ private Q_SLOTS:
     {
         columns<ChannelLimits, QVector<double>, QString>("limits", "readings", "states");
         const ChannelLimits all = limitsOf(-20, -10, 10, 20); // a hysteresis of 0.4
-        row("on a limit is within it", all, QVector<double>{10, -10, 20, -20}, "nnhl");
+        row("on a limit is within it",
+            all,
+            QVector<double>{10, -10, 20, -20, 11, -10, -11, 10},
+            "nnhlhnln");
         row("up and down again", all, QVector<double>{0, 11, 21, 19.7, 19.5, 9.7, 9.5}, "nhHHhhn");
         row("from side to side", all, QVector<double>{30, -11, 11, -30}, "HlhL");
         row("a missing reading changes nothing",
@@ -120,9 +123,14 @@ private Q_SLOTS:
             QVector<double>{15, qQNaN(), 9.8, qQNaN(), 0},
             "hhhhn");
         row("infinite readings", all, QVector<double>{qInf(), -qInf(), 0}, "HLn");
-        row("one limit",
-            limitsOf(none, none, none, 100),
-            QVector<double>{100.5, 98.5, 97.5},
+        row("one limit", limitsOf(none, none, none, 100), QVector<double>{100.5, 98.5, 98}, "HHn");
+        row("one limit below zero",
+            limitsOf(-100, none, none, none),
+            QVector<double>{-100.5, -98.5, -98},
+            "LLn");
+        row("two limits of one side, each with its own hysteresis",
+            limitsOf(none, none, 100, 200),
+            QVector<double>{201, 197, 97},
             "HHn");
         row("no limits", ChannelLimits(), QVector<double>{qInf(), -1e300, 0}, "nnn");
     }

@@ -65,7 +65,7 @@ SpotMapView::DisplayMode SpotMapView::displayMode() const
 void SpotMapView::setBackgroundColor(const QColor &color)
 {
     Q_D(SpotMapView);
-    d->backgroundColor = color.isValid() ? color.rgb() : QColor(Qt::black);
+    d->backgroundColor = color.rgb(); // without its alpha; that of an invalid colour is black
     viewport()->update();
 }
 

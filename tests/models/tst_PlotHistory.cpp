@@ -100,6 +100,11 @@ QString blockFault(const Acquisition &all, int level, qint64 number)
     const size_t last = size_t(when.firstRow) + size_t(when.rows) - 1;
     if (when.first != all.times[size_t(when.firstRow)] || when.last != all.times[last])
         return QStringLiteral("times");
+    double longest = 0.0;
+    for (size_t row = size_t(when.firstRow) + 1; row <= last; ++row)
+        longest = std::max(longest, all.times[row] - all.times[row - 1]);
+    if (when.longestStep != float(longest))
+        return QStringLiteral("the longest step is %1, not %2").arg(longest).arg(when.longestStep);
     for (int column = 1; column <= all.model.NumberOfChannels(); ++column) {
         RVXPlotHistory::Block block;
         all.history().read(level, column, number, 1, &block);
@@ -232,6 +237,7 @@ private Q_SLOTS:
     {
         columns<int, int, int, bool>("channels", "capacity", "largest", "disturbed");
         row("row by row", 1, 10, 1, false);
+        row("row by row, with disturbances", 2, 10, 1, true);
         row("small blocks of rows", 3, 50, 40, true);
         row("more rows at once than the model keeps", 2, 30, 300, true);
         row("many rows", 2, 1000, 2000, true);
@@ -286,11 +292,11 @@ private Q_SLOTS:
     {
         Acquisition all(1, 20, 1'000'000);
         all.append(5000, false);
-        const double before = all.times.back();
+        const double begin = all.times.back(), before = begin + 1.071;
         std::vector<double> zeros(5000, 0.0);
         std::vector<double> later;
-        for (int i = 0; i < 5000; ++i)
-            later.push_back(before + 3600.0 + 0.01 * i);
+        for (int i = 0; i < 5000; ++i) // the outage is among rows that come together
+            later.push_back(begin + (i < 107 ? 0.0 : 3600.0) + 0.01 * (i + 1));
         all.model.appendRows(later.data(), zeros.data(), 5000);
         for (int level = 0; level < 4; ++level) {
             for (qint64 i = 0; i < all.history().endBlock(level); ++i) {
@@ -366,6 +372,7 @@ private Q_SLOTS:
         const double zero = all.readings.back() * 1e9;
         QVERIFY(read());
         QCOMPARE(block.least, stored.least * 1e9 - zero);
+        QVERIFY(std::abs(block.mean - (stored.mean * 1e9 - zero)) < 1e-3);
         averaging.setAveraging(2);
         QVERIFY(!RVXPlotHistory::of(&top)); // blocks of readings are no averages
         averaging.setAveraging(1);

@@ -126,6 +126,16 @@ private Q_SLOTS:
         }
     }
 
+    void aPartOfAYearHasTheOffsetsOfThatPart()
+    {
+        ClockOffsets offsets{QTimeZone("Europe/Berlin")};
+        const double winter = utc("2026-01-10T00:00:00").toMSecsSinceEpoch() / 1000.0;
+        QStringList units;
+        for (const double days : {1.0, 180.0, 1.0, 180.0})
+            units << clockTicks({winter, winter + days * 86400, 800}, {}, offsets, textWidth).unit;
+        QCOMPARE(units.join("; "), QString("UTC+1; UTC+1, then UTC+2; UTC+1; UTC+1, then UTC+2"));
+    }
+
     // The step that the calendar allows is found for each width: the axis of a monitor is never bare.
     void leaveNoAxisBare()
     {
@@ -133,6 +143,8 @@ private Q_SLOTS:
             const TimeTicks ticks = clock(1.7e9 + 0.1, 1.7e9 + 0.1 + span, "UTC", 1000.0);
             const int labels = ticks.labels.size() - ticks.labels.count(QString());
             QVERIFY2(labels >= 2, qPrintable(QString("%1 s: %2").arg(span).arg(shown(ticks))));
+            for (int i = 1; i < ticks.minor.size(); ++i)
+                QVERIFY((ticks.minor[i] - ticks.minor[i - 1]) / span * 1000.0 > 5.9);
         }
     }
 
@@ -145,6 +157,11 @@ private Q_SLOTS:
         const TimeTicks ticks = clockTicks({90000, 150000, 400}, scale, offsets, textWidth);
         QCOMPARE(shown(ticks), QString("12:01:30/2026-03-01 12:01:45 12:02:00 12:02:15 12:02:30"));
         QCOMPARE(ticks.major, (QList<double>{90000, 105000, 120000, 135000, 150000}));
+        QCOMPARE(ticks.labelOf(97000), QString("12:01:30\n2026-03-01")); // of the nearest tick
+        QCOMPARE(ticks.labelOf(98000), QString("12:01:45"));
+        scale.secondsPerX = 1e-6;
+        QCOMPARE(shown(clockTicks({0, 100, 400}, scale, offsets, textWidth)),
+                 QString("12:00:00.000000/2026-03-01 12:00:00.000050 12:00:00.000100"));
     }
 
     void durationsBeforeNow_data()
@@ -186,6 +203,9 @@ private Q_SLOTS:
         QCOMPARE(wrong.join(' '), QString());
         QCOMPARE(clockText(kSecond - 1, 1.0, berlin), QString("1970-01-01 01:00:01"));
         QCOMPARE(clockText(-1, 1e-6, berlin), QString("1970-01-01 00:59:59.999999"));
+        QCOMPARE(clockText(1785600000 * kSecond, 1.0, berlin), QString("2026-08-01 18:00:00"));
+        QCOMPARE(epoch.toMoment(6e-7), qint64(1));
+        QCOMPARE(durationText(120 * kSecond, 1.0), QString("2:00 min:s"));
         QCOMPARE(durationText(-90 * kSecond - 500 * kMillisecond, 0.1), QString("-90.5 s"));
         QCOMPARE(durationText(-150 * kSecond - 500 * kMillisecond, 0.1), QString("-2:30.5 min:s"));
         QCOMPARE(durationText(-90 * kMinute, 1.0), QString("-90:00 min:s"));

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/StripWindow_p.h"
+#include "corvale_qt/scope/ViewHold_p.h"
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
@@ -217,6 +218,20 @@ private Q_SLOTS:
         const StripScrollBar coarser = stripScrollBar(longer, request);
         QVERIFY(coarser.units < followed.units);
         QVERIFY(qAbs(coarser.value / coarser.units - middle.left) <= 1.0 / coarser.units);
+    }
+
+    void howFarAPictureGoes()
+    {
+        const auto reached = [](double left, double right) {
+            const QwtInterval x =
+                reachable(QwtInterval(left, right), QwtInterval(0, 100), QwtInterval(0, 10));
+            return QString("%1..%2").arg(x.minValue()).arg(x.maxValue());
+        };
+        QCOMPARE(reached(-1000, 1100), QString("-50..150")); // twice the samples, about its middle
+        QCOMPARE(reached(500, 600), QString("95..195")); // a twentieth of it beside samples
+        QCOMPARE(reached(-500, -400), QString("-95..5"));
+        // What a double cannot divide into pixels is widened.
+        QVERIFY(qAbs(divisible(QwtInterval(1e9, 1e9 + 1e-6)).width() - 1e-3) < 1e-6);
     }
 
     void stampsThatAreNoNumbers()

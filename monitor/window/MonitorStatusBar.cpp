@@ -120,7 +120,13 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
 {
     using Look::State;
     const Source &source = m_session.source();
-    QVector<StatusField::Part> notices = alarmNotice() + recordingNotices();
+    QVector<StatusField::Part> notices;
+    // In a narrow window the first ones are seen in any case.
+    if (source.isSimulated())
+        notices.append({tr("SIMULATED"),
+                        tr("no instrument is read; File > Connect... reads one"),
+                        State::Simulated});
+    notices += alarmNotice() + recordingNotices();
     if (m_session.isStale())
         notices.append({tr("STALE"),
                         tr("no reading has come for three of the usual intervals; check the beam "
@@ -130,10 +136,6 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
         notices.append({tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
                         tr("what is shown stands still; Space shows the readings that wait"),
                         State::Paused});
-    if (source.isSimulated())
-        notices.append({tr("SIMULATED"),
-                        tr("no instrument is read; File > Connect... reads one"),
-                        State::Simulated});
     if (source.state() == Source::State::Finished)
         notices.append({tr("END"),
                         tr("the source has delivered everything; File > Open... opens another one"),

@@ -39,7 +39,7 @@ namespace {
 
 constexpr int logHeight = 120;
 //! A window may be made this small, whatever its parts would like: the status line stays in it.
-constexpr QSize smallest(480, 320);
+constexpr QSize smallest(800, 360);
 //! A window of this width has room for values, displays and statistics side by side.
 constexpr int roomyWidth = 1280;
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Monitor {
 
@@ -15,6 +16,12 @@ constexpr int padding = Look::gap / 2;
 int leastWidth(const QFontMetrics &metrics)
 {
     return metrics.horizontalAdvance(QStringLiteral("RECORDING FAILS")) + 3 * padding;
+}
+
+//! Returns the width that a text needs; a rounded one would be too small for some texts.
+int textWidth(const QFont &font, const QString &text)
+{
+    return int(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
 }
 
 } // namespace
@@ -48,7 +55,7 @@ void StatusField::tell(const QVector<Part> &parts)
 
 int StatusField::widthOf(const Part &part) const
 {
-    return fontMetrics().horizontalAdvance(part.text) + (part.state ? 3 : 1) * padding;
+    return textWidth(font(), part.text) + (part.state ? 3 : 1) * padding;
 }
 
 //! Returns the width that each piece gets.
@@ -74,7 +81,7 @@ QStringList StatusField::shownTexts() const
     const QVector<int> widths = this->widths();
     for (int i = 0; i < m_parts.size(); ++i) {
         const Part &part = m_parts.at(i);
-        const int around = widthOf(part) - fontMetrics().horizontalAdvance(part.text);
+        const int around = widthOf(part) - textWidth(font(), part.text);
         texts.append(fontMetrics().elidedText(part.text, Qt::ElideRight, widths.at(i) - around));
     }
     return texts;
@@ -91,10 +98,7 @@ QSize StatusField::sizeHint() const
 QSize StatusField::minimumSizeHint() const
 {
     const int least = leastWidth(fontMetrics());
-    int width = 0;
-    for (const Part &part : m_parts)
-        width += std::min(widthOf(part), least);
-    return {width, fontMetrics().height() + padding};
+    return {std::min(sizeHint().width(), least), fontMetrics().height() + padding};
 }
 
 void StatusField::paintEvent(QPaintEvent *)

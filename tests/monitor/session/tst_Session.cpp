@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/FileSource.h"
+#include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
@@ -411,6 +412,35 @@ private Q_SLOTS:
         QCOMPARE(s.session.model().NumberOfChannels(), 1);
         QCOMPARE(s.session.model().rowCount(), 3);
         QCOMPARE(s.session.model().doubleData(1, 1), 1998.0);
+    }
+
+    //! The file of a recording that has ended is compressed while the session goes on.
+    void compressionOutlivesItsRecording()
+    {
+        QTemporaryDir dir;
+        ScriptedSession s;
+        QStringList notes;
+        connect(&s.session, &Session::noted, this, [&](const QString &text) {
+            notes.append(text);
+        });
+        s.begin(1);
+        Recorder::Options options;
+        options.path = dir.filePath("packed.csv");
+        options.compress = true;
+        QString error;
+        QVERIFY2(s.session.startRecording(options, &error), qPrintable(error));
+        s.run(3);
+        putFile(dir.filePath("packed.csv.zst"), "another"); // came while it was recorded
+        QVERIFY(s.session.stopRecording());
+        QVERIFY(notes.last().startsWith("recording to"));
+        s.session.compressor().finish();
+        s.settle();
+        QVERIFY2(notes.last().contains("packed.csv.zst exists already"), qPrintable(notes.last()));
+        QVERIFY(readTable(options.path).contains("0.1: 1"));
+        QFile::remove(dir.filePath("packed.csv.zst"));
+        s.session.compressor().add(options.path);
+        s.session.compressor().finish();
+        QVERIFY(readTable(dir.filePath("packed.csv.zst")).contains("0.1: 1"));
     }
 
     void noRecordingWritesToItsSource()

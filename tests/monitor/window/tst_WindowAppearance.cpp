@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
+#include "monitor/program/CompressionWait.h"
 #include "monitor/program/Language.h"
+#include "monitor/recording/SegmentCompressor.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
@@ -22,6 +24,20 @@ QChar mnemonicOf(QString text)
     text.remove("&&");
     const int mark = text.indexOf('&');
     return mark < 0 ? QChar() : text.at(mark + 1).toUpper();
+}
+
+/*! Adds the letters that lead to each entry of a menu that opens a dialog, like "FO" for File > Open... The printer's dialog
+    needs a printer. */
+void addWays(const QMenu *menu, const QString &letters, QStringList *ways)
+{
+    for (const QAction *entry : menu->actions()) {
+        const QString way = letters + mnemonicOf(entry->text());
+        if (entry->menu())
+            addWays(entry->menu(), way, ways);
+        else if (entry->isEnabled() && entry->text().endsWith("...")
+                 && entry->objectName() != "print")
+            ways->append(way);
+    }
 }
 
 //! Returns the keys of the buttons and labels in a window, each as "Alt+A: &Automatic".
@@ -341,6 +357,60 @@ private Q_SLOTS:
         QCOMPARE(clipped.text(), QString());
     }
 
+    void everyDialogOpensAndClosesByKeys()
+    {
+        SmallWindow w(file("dialogs.xui"));
+        w.source->begin(StreamKind::Strips, 64);
+        w.run(3);
+        QStringList ways;
+        for (const QAction *entry : w.window.menuBar()->actions())
+            addWays(entry->menu(), mnemonicOf(entry->text()), &ways);
+        const auto visibleDialog = [] {
+            QDialog *found = nullptr;
+            for (QWidget *shown : QApplication::topLevelWidgets())
+                if (shown->isVisible() && qobject_cast<QDialog *>(shown))
+                    found = qobject_cast<QDialog *>(shown);
+            return found;
+        };
+        for (const QString &way : qAsConst(ways)) {
+            int dialogs = 0;
+            const auto escape = [&](QDialog *dialog) {
+                ++dialogs;
+                const QPointer<QDialog> opened = dialog;
+                QTRY_VERIFY2(QApplication::activeWindow() == dialog, qPrintable(way));
+                press(Qt::Key_Escape);
+                QVERIFY2(!opened || !opened->isVisible(), qPrintable(way));
+            };
+            QTRY_VERIFY((w.window.activateWindow(), QApplication::activeWindow() == &w.window));
+            onEveryDialog(escape, [&way] {
+                press(Qt::Key(way.at(0).unicode()), Qt::AltModifier);
+                QTRY_VERIFY(QApplication::activePopupWidget());
+                for (const QChar letter : way.mid(1))
+                    press(Qt::Key(letter.unicode()));
+            });
+            if (QDialog *dialog = visibleDialog())
+                escape(dialog); // one that leaves the window usable
+            QVERIFY2(dialogs == 1, qPrintable(way));
+        }
+        QVERIFY2(ways.size() >= 8, qPrintable(ways.join(' ')));
+    }
+
+    //! The end of the program waits with a word, and there is nothing to wait for without files.
+    void theEndWaitsForCompression()
+    {
+        SegmentCompressor compressor;
+        CompressionWait(compressor).wait();
+        for (const char *name : {"first.csv", "second.csv"}) {
+            putFile(file(name), QByteArray(5000000, 'x'));
+            compressor.add(file(name));
+        }
+        CompressionWait(compressor).wait();
+        QCOMPARE(compressor.pending(), QStringList());
+        QCOMPARE(compressor.takeErrors(), QStringList());
+        QVERIFY(QFile::exists(compressedPath(file("first.csv"))));
+        QVERIFY(!QFile::exists(file("second.csv")));
+    }
+
     //! Whatever the size of the window, the status line is in it, and what it cuts ends with an ellipsis.
     void theStatusLineStaysInTheWindow()
     {
@@ -358,17 +428,18 @@ private Q_SLOTS:
         const auto *recording = w.window.statusBar()->findChild<StatusField *>("recording");
         const auto *notices = w.window.statusBar()->findChild<StatusField *>("notices");
         for (const QSize &size :
-             {QSize(1600, 1000), QSize(800, 440), QSize(1024, 600), QSize(640, 360)}) {
+             {QSize(1600, 1000), QSize(900, 440), QSize(1024, 600), QSize(800, 360)}) {
             w.window.resize(size);
             QCoreApplication::processEvents();
             QCOMPARE(w.window.size(), size);
             const QWidget *status = w.window.statusBar();
-            QVERIFY(status->isVisible() && w.window.rect().contains(status->geometry()));
+            QVERIFY(status->isVisible());
+            QVERIFY(w.window.rect().contains(status->geometry()));
             for (const StatusField *field : status->findChildren<StatusField *>())
                 QVERIFY2(status->rect().contains(field->geometry()),
                          qPrintable(field->objectName()));
-            QVERIFY2(notices->shownTexts().first().startsWith("PAUSED"),
-                     qPrintable(notices->shownTexts().join("; ")));
+            QVERIFY2(notices->shownTexts().join('|').contains("PAUSED"),
+                     qPrintable(notices->shownTexts().join('|')));
             // What is hidden for the plot comes back with the room for it.
             QCOMPARE(log->isVisible(), size.height() >= 700);
             QCOMPARE(scope->areControlsVisible(), size.height() >= 700);

@@ -140,7 +140,8 @@ private:
     //! Labels that wrap need their height only; a field of the status line shortens its text itself.
     void lookAtText(const QString &place, const QWidget *part)
     {
-        const bool wraps = part->hasHeightForWidth();
+        const auto *label = qobject_cast<const QLabel *>(part);
+        const bool wraps = part->hasHeightForWidth() || (label && label->wordWrap());
         const QSize least =
             part->inherits("Monitor::StatusField") ? part->minimumSizeHint() : part->sizeHint();
         const bool anyWidth =

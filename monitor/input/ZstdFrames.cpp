@@ -80,7 +80,8 @@ std::optional<FrameSize> frameAt(const QFile &file, qint64 place)
         return std::nullopt;
     const qint64 size = file.size();
     if ((littleEndian(head, 0, magicSize) & anySkippable) == skippable) {
-        const qint64 length = 2 * magicSize + qint64(littleEndian(head, magicSize, magicSize));
+        const qint64 length =
+            qint64(2) * magicSize + qint64(littleEndian(head, magicSize, magicSize));
         return place + length <= size ? std::optional<FrameSize>({length, 0}) : std::nullopt;
     }
     if (!ZstdFrames::begins(head))

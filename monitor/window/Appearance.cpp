@@ -23,6 +23,7 @@ const QString plainStyle = QStringLiteral("fusion");
 QPalette lightPalette()
 {
     QPalette palette(QColor(239, 239, 239));
+    palette.setColor(QPalette::PlaceholderText, QColor(96, 96, 96)); // Qt leaves it transparent
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(245, 245, 245));
     palette.setColor(QPalette::Highlight, QColor(25, 96, 170));

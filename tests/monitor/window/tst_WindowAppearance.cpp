@@ -329,6 +329,10 @@ private Q_SLOTS:
              {Appearance::Choice::Light, Appearance::Choice::Dark}) {
             appearance->choose(choice);
             QCoreApplication::processEvents();
+            const QPalette palette = QApplication::palette();
+            const QColor faint = palette.color(QPalette::PlaceholderText); // of explanations
+            QCOMPARE(faint.alpha(), 255);
+            QVERIFY(std::abs(faint.lightness() - palette.color(QPalette::Window).lightness()) > 70);
             for (QMenu *menu : w.menus()) {
                 clipped.lookAtMenu(menu, WindowInTest::smallScreen);
                 for (QAction *entry : menu->actions()) {

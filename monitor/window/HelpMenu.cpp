@@ -80,8 +80,10 @@ void HelpMenu::addPage(const QString &text, HelpWindow::Page page, const QKeySeq
         showPage(page);
     });
     action->setShortcut(keys);
-    if (page == HelpWindow::Page::FirstSteps)
-        action->setIcon(symbol(QStringLiteral("help")));
+    if (page != HelpWindow::Page::FirstSteps)
+        return;
+    action->setObjectName(QStringLiteral("firstSteps"));
+    action->setIcon(symbol(QStringLiteral("help")));
 }
 
 void HelpMenu::showPage(HelpWindow::Page page)

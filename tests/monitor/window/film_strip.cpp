@@ -3,6 +3,7 @@
 #include "monitor/dialogs/HelpWindow.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/DisplayTabs.h"
+#include "monitor/window/EventLog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/RecordAction.h"
 #include "monitor/window/SourceSwitch.h"
@@ -128,6 +129,9 @@ public:
         QString error;
         m_window.sources().open("sim:ic4");
         m_window.findChild<RecordAction *>()->recordTo(m_folder.filePath("tuesday.csv"), &error);
+        m_window.findChild<EventLog *>()
+            ->textBrowser()
+            ->clear(); // it names a folder of this machine
         pass(30.0);
         frame("6  Ctrl+R records; the status line says so, and for how long there is room");
         trigger("firstSteps");

@@ -436,6 +436,13 @@
     </message>
 </context>
 <context>
+    <name>Monitor::FrameFeeder</name>
+    <message>
+        <source>arb. units</source>
+        <translation>willk. Einh.</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::HelpMenu</name>
     <message>
         <source># Keys
@@ -751,6 +758,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>Show no channel</source>
         <translation>Keinen Kanal zeigen</translation>
     </message>
+    <message>
+        <source>Latest values</source>
+        <translation>Neueste Werte</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LeftOutNotice</name>
@@ -946,11 +957,11 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>1 bad line</source>
-        <translation>1 schlechte Zeile</translation>
+        <translation>1 Fehlzeile</translation>
     </message>
     <message>
         <source>%1 bad lines</source>
-        <translation>%1 schlechte Zeilen</translation>
+        <translation>%1 Fehlzeilen</translation>
     </message>
     <message>
         <source>1 gap</source>
@@ -994,7 +1005,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>not recording</source>
-        <translation>keine Aufzeichnung</translation>
+        <translation>Aufzeichnung aus</translation>
     </message>
     <message>
         <source>REC %1, %2</source>
@@ -1487,10 +1498,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Detektor:</translation>
     </message>
     <message>
-        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
-        <translation>Eine Datei, die Orte und Kalibrierung des Detektors beschreibt (.json). Leer: was die Quelle angibt.</translation>
-    </message>
-    <message>
         <source>Fo&amp;lder:</source>
         <translation>&amp;Ordner:</translation>
     </message>
@@ -1543,16 +1550,36 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Sprache:</translation>
     </message>
     <message>
-        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
-        <translation>Gilt ab dem nächsten Start. Zahlen, Dateien und das Protokoll sind in jeder Sprache gleich.</translation>
-    </message>
-    <message>
         <source>Co&amp;mpress each file once it is complete</source>
         <translation>&amp;Jede fertige Datei komprimieren</translation>
     </message>
     <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
         <translation>Jede geöffnete Quelle wird in eine neue Datei in diesem Ordner aufgezeichnet, benannt nach Datum und Uhrzeit in UTC. Leer: nur Datei &gt; Aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers and files are the same in every language.</source>
+        <translation>Gilt ab dem nächsten Start. Zahlen und Dateien sind in jeder Sprache gleich.</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>keine Grenze</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
+        <translation>Eine Datei, die Orte und Kalibrierung des Detektors beschreibt (.json), oder eine Vorlage. Leer: was die Quelle angibt; Positionen werden in Zellen gezählt, wenn sie die Abstände nicht angibt.</translation>
+    </message>
+    <message>
+        <source>&amp;No beam below:</source>
+        <translation>&amp;Kein Strahl unter:</translation>
+    </message>
+    <message>
+        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
+        <translation>Die Positionsanzeigen sagen „kein Strahl“, wenn die Summe der Messwerte kleiner ist, in deren Einheit. Leer: bei jeder Summe.</translation>
+    </message>
+    <message>
+        <source>&amp;Preset</source>
+        <translation>&amp;Vorlage</translation>
     </message>
 </context>
 <context>
@@ -1754,20 +1781,20 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
 <context>
     <name>Monitor::StandardInputForm</name>
     <message>
-        <source>Reads the lines that another program writes into this one:
+        <source>Standard input</source>
+        <translation>Standardeingabe</translation>
+    </message>
+    <message>
+        <source>Reads the lines, or grey images (PGM), that another program writes into this one:
 
     instrument | corvale-monitor -
 
 What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
-        <translation>Liest die Zeilen, die ein anderes Programm in dieses schreibt:
+        <translation>Liest die Zeilen oder Graustufenbilder (PGM), die ein anderes Programm in dieses schreibt:
 
     instrument | corvale-monitor -
 
 Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zweimal geöffnet werden.</translation>
-    </message>
-    <message>
-        <source>Standard input</source>
-        <translation>Standardeingabe</translation>
     </message>
 </context>
 <context>
@@ -1775,6 +1802,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>reading standard input failed: %1</source>
         <translation>Lesen der Standardeingabe misslungen: %1</translation>
+    </message>
+    <message>
+        <source>standard input: what follows image %1 cannot be read</source>
+        <translation>Standardeingabe: was auf Bild %1 folgt, ist nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -2223,6 +2254,30 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>it is a link of another user</source>
         <translation>es ist ein Verweis eines anderen Benutzers</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm</source>
+        <translation>32 + 32 Streifen von 2 mm</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm, x in channels 1 to 32 and y in 65 to 96 of 128</source>
+        <translation>32 + 32 Streifen von 2 mm, x in Kanälen 1 bis 32 und y in 65 bis 96 von 128</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm in 12 rows of 12, without the corners</source>
+        <translation>120 Pixel von 3.8 mm in 12 Zeilen zu 12, ohne die Ecken</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm, as they are wired to 128 channels</source>
+        <translation>120 Pixel von 3.8 mm, wie sie auf 128 Kanäle verdrahtet sind</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>es gibt %1</translation>
+    </message>
+    <message>
+        <source>No signal.</source>
+        <translation>Kein Signal.</translation>
     </message>
 </context>
 <context>

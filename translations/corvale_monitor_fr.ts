@@ -39,11 +39,11 @@
     </message>
     <message>
         <source>&amp;Show:</source>
-        <translation>&amp;Montrer :</translation>
+        <translation>&amp;Montrer&#xa0;:</translation>
     </message>
     <message>
         <source>Beam: position and width</source>
-        <translation>Faisceau : position et largeur</translation>
+        <translation>Faisceau&#xa0;: position et largeur</translation>
     </message>
     <message>
         <source>No readings</source>
@@ -222,7 +222,7 @@
     </message>
     <message>
         <source>Na&amp;me:</source>
-        <translation>&amp;Nom :</translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>Connections that were kept. Type a name and choose Keep to add one.</source>
@@ -234,11 +234,11 @@
     </message>
     <message>
         <source>On the command line: corvale-monitor &quot;%1&quot;</source>
-        <translation>En ligne de commande : corvale-monitor &quot;%1&quot;</translation>
+        <translation>En ligne de commande&#xa0;: corvale-monitor &quot;%1&quot;</translation>
     </message>
     <message>
         <source>This source is open: its readings are in the window.</source>
-        <translation>Cette source est ouverte : ses mesures sont dans la fenêtre.</translation>
+        <translation>Cette source est ouverte&#xa0;: ses mesures sont dans la fenêtre.</translation>
     </message>
     <message>
         <source>Fill in the empty field, to test or to connect.</source>
@@ -269,11 +269,11 @@
     </message>
     <message>
         <source>%1; in all layers %2</source>
-        <translation>%1 ; dans toutes les couches %2</translation>
+        <translation>%1&#xa0;; dans toutes les couches %2</translation>
     </message>
     <message>
         <source>%1; %2</source>
-        <translation>%1 ; %2</translation>
+        <translation>%1&#xa0;; %2</translation>
     </message>
 </context>
 <context>
@@ -307,7 +307,7 @@
     </message>
     <message>
         <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
-        <translation>Placer d&apos;abord les deux marqueurs sur le tracé : activer les marqueurs, puis cliquer avec le bouton gauche et avec le droit.</translation>
+        <translation>Placer d&apos;abord les deux marqueurs sur le tracé&#xa0;: activer les marqueurs, puis cliquer avec le bouton gauche et avec le droit.</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
@@ -327,7 +327,7 @@
     </message>
     <message>
         <source>%1 cannot be written: %2. Choose another file.</source>
-        <translation>%1 ne peut pas être écrit : %2. Choisir un autre fichier.</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2. Choisir un autre fichier.</translation>
     </message>
 </context>
 <context>
@@ -338,7 +338,7 @@
     </message>
     <message>
         <source>&amp;File:</source>
-        <translation>&amp;Fichier :</translation>
+        <translation>&amp;Fichier&#xa0;:</translation>
     </message>
     <message>
         <source>A recording of this program, a file saved by the library, or a table with a line of names and a line for each time.</source>
@@ -404,7 +404,7 @@
     <name>Monitor::FileSource</name>
     <message>
         <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
-        <translation>Vérifier le chemin et le droit de lecture de cet utilisateur ; une table a une ligne de noms et une ligne pour chaque instant.</translation>
+        <translation>Vérifier le chemin et le droit de lecture de cet utilisateur&#xa0;; une table a une ligne de noms et une ligne pour chaque instant.</translation>
     </message>
     <message>
         <source>none of its %1 readings lies in the times that were asked for</source>
@@ -420,11 +420,11 @@
     </message>
     <message>
         <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
-        <translation>aucune de ses %1 lignes n&apos;est lisible ; la première était %2 ; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</translation>
+        <translation>aucune de ses %1 lignes n&apos;est lisible&#xa0;; la première était %2&#xa0;; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</translation>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>%1 ne peut pas être ouvert : %2</translation>
+        <translation>%1 ne peut pas être ouvert&#xa0;: %2</translation>
     </message>
     <message>
         <source>reached the end of %1</source>
@@ -432,7 +432,14 @@
     </message>
     <message>
         <source>reading %1 failed: %2</source>
-        <translation>la lecture de %1 a échoué : %2</translation>
+        <translation>la lecture de %1 a échoué&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::FrameFeeder</name>
+    <message>
+        <source>arb. units</source>
+        <translation>unités arb.</translation>
     </message>
 </context>
 <context>
@@ -459,7 +466,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: saves the readings that are shown</source>
-        <translation>dans l&apos;oscilloscope : enregistre les mesures affichées</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: enregistre les mesures affichées</translation>
     </message>
     <message>
         <source>Left, Right, Delete</source>
@@ -467,7 +474,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: moves or removes the markers</source>
-        <translation>dans l&apos;oscilloscope : déplace ou supprime les marqueurs</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: déplace ou supprime les marqueurs</translation>
     </message>
     <message>
         <source>Enter</source>
@@ -475,7 +482,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the values: shows or hides the channel</source>
-        <translation>dans les valeurs : montre ou masque le canal</translation>
+        <translation>dans les valeurs&#xa0;: montre ou masque le canal</translation>
     </message>
     <message>
         <source>Page Up, Page Down</source>
@@ -483,7 +490,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the spot map: goes through the layers</source>
-        <translation>dans la carte des spots : parcourt les couches</translation>
+        <translation>dans la carte des spots&#xa0;: parcourt les couches</translation>
     </message>
     <message>
         <source>Ctrl+Shift+O</source>
@@ -546,7 +553,7 @@ Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost So
 
 Bibliothèque corvale_qt %2, Qt %3, Qwt %4, %5.
 
-Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost Software License ; icônes du panneau : Material Design Icons (OFL, Apache). Aide &gt; Licences contient le texte.</translation>
+Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;: Boost Software License&#xa0;; icônes du panneau&#xa0;: Material Design Icons (OFL, Apache). Aide &gt; Licences contient le texte.</translation>
     </message>
     <message>
         <source>About Corvale Monitor</source>
@@ -562,7 +569,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::ImportDialog</name>
     <message>
         <source>How is %1 read?</source>
-        <translation>Comment lire %1 ?</translation>
+        <translation>Comment lire %1&#xa0;?</translation>
     </message>
     <message>
         <source>This table is read as it is.</source>
@@ -570,7 +577,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>This is not a recording of the monitor: %1.</source>
-        <translation>Ce n&apos;est pas un enregistrement du moniteur : %1.</translation>
+        <translation>Ce n&apos;est pas un enregistrement du moniteur&#xa0;: %1.</translation>
     </message>
     <message>
         <source>&amp;Columns are separated by</source>
@@ -606,11 +613,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>point: 1.25</source>
-        <translation>point : 1.25</translation>
+        <translation>point&#xa0;: 1.25</translation>
     </message>
     <message>
         <source>comma: 1,25</source>
-        <translation>virgule : 1,25</translation>
+        <translation>virgule&#xa0;: 1,25</translation>
     </message>
     <message>
         <source>&amp;Names of columns</source>
@@ -646,7 +653,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>in no column; rows are equally spaced</source>
-        <translation>dans aucune colonne ; lignes équidistantes</translation>
+        <translation>dans aucune colonne&#xa0;; lignes équidistantes</translation>
     </message>
     <message>
         <source>Co&amp;lumn of the time</source>
@@ -670,11 +677,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>dates; UTC where no zone is written</source>
-        <translation>des dates ; UTC si aucun fuseau n&apos;est écrit</translation>
+        <translation>des dates&#xa0;; UTC si aucun fuseau n&apos;est écrit</translation>
     </message>
     <message>
         <source>dates; local time where no zone is written</source>
-        <translation>des dates ; heure locale si aucun fuseau n&apos;est écrit</translation>
+        <translation>des dates&#xa0;; heure locale si aucun fuseau n&apos;est écrit</translation>
     </message>
     <message>
         <source>&amp;Form of dates</source>
@@ -694,7 +701,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>One sign; # always begins one</source>
-        <translation>Un signe ; # en commence toujours un</translation>
+        <translation>Un signe&#xa0;; # en commence toujours un</translation>
     </message>
     <message>
         <source>The first rows as they will be read</source>
@@ -706,11 +713,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>It cannot be read so: %1.</source>
-        <translation>Elle ne peut pas être lue ainsi : %1.</translation>
+        <translation>Elle ne peut pas être lue ainsi&#xa0;: %1.</translation>
     </message>
     <message>
         <source>None of its rows can be read so; the first is %1</source>
-        <translation>Aucune ligne ne peut être lue ainsi ; la première est %1</translation>
+        <translation>Aucune ligne ne peut être lue ainsi&#xa0;; la première est %1</translation>
     </message>
     <message>
         <source>It contains no rows.</source>
@@ -718,7 +725,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>%1 of the first lines cannot be read so; the first is %2</source>
-        <translation>%1 des premières lignes ne peuvent être lues ainsi ; la première est %2</translation>
+        <translation>%1 des premières lignes ne peuvent être lues ainsi&#xa0;; la première est %2</translation>
     </message>
     <message>
         <source>All of the first rows can be read.</source>
@@ -730,7 +737,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>On the command line: --import &quot;%1&quot;</source>
-        <translation>En ligne de commande : --import &quot;%1&quot;</translation>
+        <translation>En ligne de commande&#xa0;: --import &quot;%1&quot;</translation>
     </message>
 </context>
 <context>
@@ -751,12 +758,16 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
         <source>Show no channel</source>
         <translation>Ne montrer aucun canal</translation>
     </message>
+    <message>
+        <source>Latest values</source>
+        <translation>Dernières valeurs</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LeftOutNotice</name>
     <message>
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
-        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte ; un flux d&apos;images peut en avoir plus</translation>
+        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte&#xa0;; un flux d&apos;images peut en avoir plus</translation>
     </message>
 </context>
 <context>
@@ -782,7 +793,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>WARN %1</source>
-        <translation>AVERT. %1</translation>
+        <translation>ALERTE %1</translation>
     </message>
     <message>
         <source>%1, above its limit</source>
@@ -801,7 +812,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
-        <translation>Les mesures au-delà d&apos;une limite donnent un avertissement ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
+        <translation>Les mesures au-delà d&apos;une limite donnent une alerte ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
     </message>
     <message>
         <source>Limits of each channel</source>
@@ -813,11 +824,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Low warning</source>
-        <translation>Avertissement bas</translation>
+        <translation>Alerte basse</translation>
     </message>
     <message>
         <source>High warning</source>
-        <translation>Avertissement haut</translation>
+        <translation>Alerte haute</translation>
     </message>
     <message>
         <source>High alarm</source>
@@ -829,11 +840,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&quot;%1&quot; is not a number with a decimal point</source>
-        <translation>« %1 » n&apos;est pas un nombre avec point décimal</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre avec point décimal</translation>
     </message>
     <message>
         <source>%1: %2.</source>
-        <translation>%1 : %2.</translation>
+        <translation>%1&#xa0;: %2.</translation>
     </message>
 </context>
 <context>
@@ -844,11 +855,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>%1; trying again in %2 s</source>
-        <translation>%1 ; nouvel essai dans %2 s</translation>
+        <translation>%1&#xa0;; nouvel essai dans %2 s</translation>
     </message>
     <message>
         <source>%1; waiting for the next one</source>
-        <translation>%1 ; attente de la suivante</translation>
+        <translation>%1&#xa0;; attente de la suivante</translation>
     </message>
     <message>
         <source>reached the end of %1</source>
@@ -907,7 +918,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Two clicks on the scope place markers; the numbers between them stand beside it.</source>
-        <translation>Deux clics sur l&apos;oscilloscope placent des marqueurs ; les nombres entre eux sont à côté.</translation>
+        <translation>Deux clics sur l&apos;oscilloscope placent des marqueurs&#xa0;; les nombres entre eux sont à côté.</translation>
     </message>
 </context>
 <context>
@@ -926,7 +937,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Lines that could not be used; the log lists them</source>
-        <translation>Lignes inutilisables ; le journal les liste</translation>
+        <translation>Lignes inutilisables&#xa0;; le journal les liste</translation>
     </message>
     <message>
         <source>Pauses longer than three of the usual steps</source>
@@ -946,11 +957,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>1 bad line</source>
-        <translation>1 ligne mauvaise</translation>
+        <translation>1 rejet</translation>
     </message>
     <message>
         <source>%1 bad lines</source>
-        <translation>%1 lignes mauvaises</translation>
+        <translation>%1 rejets</translation>
     </message>
     <message>
         <source>1 gap</source>
@@ -994,7 +1005,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>not recording</source>
-        <translation>pas d&apos;enregistrement</translation>
+        <translation>non enregistré</translation>
     </message>
     <message>
         <source>REC %1, %2</source>
@@ -1006,23 +1017,23 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
-        <translation>aucune mesure depuis trois intervalles habituels ; vérifier le faisceau et l&apos;instrument</translation>
+        <translation>aucune mesure depuis trois intervalles habituels&#xa0;; vérifier le faisceau et l&apos;instrument</translation>
     </message>
     <message>
         <source>what is shown stands still; Space shows the readings that wait</source>
-        <translation>l&apos;affichage est figé ; Espace montre les mesures en attente</translation>
+        <translation>l&apos;affichage est figé&#xa0;; Espace montre les mesures en attente</translation>
     </message>
     <message>
         <source>no instrument is read; File &gt; Connect... reads one</source>
-        <translation>aucun instrument n&apos;est lu ; Fichier &gt; Connecter... en lit un</translation>
+        <translation>aucun instrument n&apos;est lu&#xa0;; Fichier &gt; Connecter... en lit un</translation>
     </message>
     <message>
         <source>the source has delivered everything; File &gt; Open... opens another one</source>
-        <translation>la source a tout livré ; Fichier &gt; Ouvrir... en ouvre une autre</translation>
+        <translation>la source a tout livré&#xa0;; Fichier &gt; Ouvrir... en ouvre une autre</translation>
     </message>
     <message>
         <source>%1. Make room, or record to another disk; readings wait meanwhile</source>
-        <translation>%1. Faire de la place, ou enregistrer sur un autre disque ; les mesures attendent entre-temps</translation>
+        <translation>%1. Faire de la place, ou enregistrer sur un autre disque&#xa0;; les mesures attendent entre-temps</translation>
     </message>
     <message>
         <source>make room, or record to another disk</source>
@@ -1030,7 +1041,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
-        <translation>F8 acquitte, Mesure &gt; Limites change les limites ; le journal contient chaque passage</translation>
+        <translation>F8 acquitte, Mesure &gt; Limites change les limites&#xa0;; le journal contient chaque passage</translation>
     </message>
     <message>
         <source>compressing %1, %2 %</source>
@@ -1110,7 +1121,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::PgmSource</name>
     <message>
         <source>Check the path and whether this user may read it; a folder needs files called *.pgm, with grey images of at most 256 x 256 pixels.</source>
-        <translation>Vérifier le chemin et le droit de lecture ; un dossier doit contenir des fichiers *.pgm, images grises d&apos;au plus 256 x 256 pixels.</translation>
+        <translation>Vérifier le chemin et le droit de lecture&#xa0;; un dossier doit contenir des fichiers *.pgm, images grises d&apos;au plus 256 x 256 pixels.</translation>
     </message>
     <message>
         <source>%1 has no files called *.pgm</source>
@@ -1118,7 +1129,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>%1 ne peut pas être ouvert : %2</translation>
+        <translation>%1 ne peut pas être ouvert&#xa0;: %2</translation>
     </message>
     <message>
         <source>reached the end of %1</source>
@@ -1126,7 +1137,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>reading %1 failed: %2</source>
-        <translation>la lecture de %1 a échoué : %2</translation>
+        <translation>la lecture de %1 a échoué&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -1231,11 +1242,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::PictureTaker</name>
     <message>
         <source>%1: no data for %2 s. %3</source>
-        <translation>%1 : pas de données depuis %2 s. %3</translation>
+        <translation>%1&#xa0;: pas de données depuis %2 s. %3</translation>
     </message>
     <message>
         <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
-        <translation>%1 : rien à dessiner dans sa dernière mesure ; choisir un autre affichage avec --view, ou un autre instant avec --after</translation>
+        <translation>%1&#xa0;: rien à dessiner dans sa dernière mesure&#xa0;; choisir un autre affichage avec --view, ou un autre instant avec --after</translation>
     </message>
 </context>
 <context>
@@ -1300,11 +1311,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::Recorder</name>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>%1 ne peut pas être écrit : %2</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 %2, and %3</source>
@@ -1312,7 +1323,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
-        <translation>%1 existe déjà ; choisir un autre nom, ou permettre le remplacement (--overwrite)</translation>
+        <translation>%1 existe déjà&#xa0;; choisir un autre nom, ou permettre le remplacement (--overwrite)</translation>
     </message>
 </context>
 <context>
@@ -1323,7 +1334,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>P&amp;ort:</source>
-        <translation>P&amp;ort :</translation>
+        <translation>P&amp;ort&#xa0;:</translation>
     </message>
     <message>
         <source>The ports of this machine, or the path of another one. Reading one needs the group dialout.</source>
@@ -1331,19 +1342,19 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&amp;Rate:</source>
-        <translation>&amp;Débit :</translation>
+        <translation>&amp;Débit&#xa0;:</translation>
     </message>
     <message>
         <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
-        <translation>Bits par seconde, comme réglé sur l&apos;instrument ; 8 bits de données, sans parité, 1 bit d&apos;arrêt.</translation>
+        <translation>Bits par seconde, comme réglé sur l&apos;instrument&#xa0;; 8 bits de données, sans parité, 1 bit d&apos;arrêt.</translation>
     </message>
     <message>
         <source>S&amp;ilence:</source>
-        <translation>&amp;Silence :</translation>
+        <translation>&amp;Silence&#xa0;:</translation>
     </message>
     <message>
         <source>no port found; for example /dev/ttyUSB0</source>
-        <translation>aucun port trouvé ; par exemple /dev/ttyUSB0</translation>
+        <translation>aucun port trouvé&#xa0;; par exemple /dev/ttyUSB0</translation>
     </message>
     <message>
         <source>Serial port</source>
@@ -1361,7 +1372,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::Session</name>
     <message>
         <source>%1 is the source; record to another file</source>
-        <translation>%1 est la source ; enregistrer dans un autre fichier</translation>
+        <translation>%1 est la source&#xa0;; enregistrer dans un autre fichier</translation>
     </message>
     <message>
         <source>the recording %1 is incomplete, %2 readings are missing%3</source>
@@ -1369,7 +1380,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>: %1</source>
-        <translation> : %1</translation>
+        <translation>&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1436,7 +1447,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&amp;Open:</source>
-        <translation>O&amp;uvrir :</translation>
+        <translation>O&amp;uvrir&#xa0;:</translation>
     </message>
     <message>
         <source>What a start shows if the command line names no source.</source>
@@ -1444,7 +1455,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Kept in:</source>
-        <translation>Gardé dans :</translation>
+        <translation>Gardé dans&#xa0;:</translation>
     </message>
     <message>
         <source>--settings FILE on the command line chooses another file, and another window.</source>
@@ -1456,15 +1467,15 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Spee&amp;d:</source>
-        <translation>V&amp;itesse :</translation>
+        <translation>V&amp;itesse&#xa0;:</translation>
     </message>
     <message>
         <source>F&amp;rom:</source>
-        <translation>&amp;De :</translation>
+        <translation>&amp;De&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;To:</source>
-        <translation>Ju&amp;squ&apos;à :</translation>
+        <translation>Ju&amp;squ&apos;à&#xa0;:</translation>
     </message>
     <message>
         <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
@@ -1472,35 +1483,31 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Lowest &amp;limit:</source>
-        <translation>Limite &amp;basse :</translation>
+        <translation>Limite &amp;basse&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Highest limit:</source>
-        <translation>Limite &amp;haute :</translation>
+        <translation>Limite &amp;haute&#xa0;:</translation>
     </message>
     <message>
         <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
-        <translation>Les mesures au-delà sont hors plage, dans l&apos;unité des mesures, dès le prochain démarrage d&apos;une source. Vide : les limites indiquées par la source.</translation>
+        <translation>Les mesures au-delà sont hors plage, dans l&apos;unité des mesures, dès le prochain démarrage d&apos;une source. Vide&#xa0;: les limites indiquées par la source.</translation>
     </message>
     <message>
         <source>&amp;Detector:</source>
-        <translation>Dé&amp;tecteur :</translation>
-    </message>
-    <message>
-        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
-        <translation>Un fichier décrivant les positions et l&apos;étalonnage du détecteur (.json). Vide : selon la source.</translation>
+        <translation>Dé&amp;tecteur&#xa0;:</translation>
     </message>
     <message>
         <source>Fo&amp;lder:</source>
-        <translation>D&amp;ossier :</translation>
+        <translation>D&amp;ossier&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;New file after:</source>
-        <translation>&amp;Nouveau fichier après :</translation>
+        <translation>&amp;Nouveau fichier après&#xa0;:</translation>
     </message>
     <message>
         <source>A time or a size: 1h, 30min, 100M, 2G.</source>
-        <translation>Un temps ou une taille : 1h, 30min, 100M, 2G.</translation>
+        <translation>Un temps ou une taille&#xa0;: 1h, 30min, 100M, 2G.</translation>
     </message>
     <message>
         <source>&amp;Browse...</source>
@@ -1520,19 +1527,19 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
-        <translation>« %1 » n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
     </message>
     <message>
         <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
-        <translation>Il n&apos;y a rien entre %1 s et %2 s : le premier temps doit être le plus tôt.</translation>
+        <translation>Il n&apos;y a rien entre %1 s et %2 s&#xa0;: le premier temps doit être le plus tôt.</translation>
     </message>
     <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
-        <translation>Les limites demandent deux nombres, le plus petit d&apos;abord ; ou laisser les deux champs vides.</translation>
+        <translation>Les limites demandent deux nombres, le plus petit d&apos;abord&#xa0;; ou laisser les deux champs vides.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither a time nor a size. Write 1h, 30min, 100M or 2G.</source>
-        <translation>« %1 » n&apos;est ni un temps ni une taille. Écrire 1h, 30min, 100M ou 2G.</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est ni un temps ni une taille. Écrire 1h, 30min, 100M ou 2G.</translation>
     </message>
     <message>
         <source>As the desktop</source>
@@ -1540,11 +1547,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation>&amp;Langue :</translation>
-    </message>
-    <message>
-        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
-        <translation>Prend effet au prochain démarrage. Nombres, fichiers et journal sont les mêmes dans toutes les langues.</translation>
+        <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
         <source>Co&amp;mpress each file once it is complete</source>
@@ -1552,7 +1555,31 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
-        <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure en UTC. Vide : seulement Fichier &gt; Enregistrer.</translation>
+        <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure en UTC. Vide&#xa0;: seulement Fichier &gt; Enregistrer.</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers and files are the same in every language.</source>
+        <translation>Prend effet au prochain démarrage. Nombres et fichiers sont les mêmes dans toutes les langues.</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>aucune limite</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
+        <translation>Un fichier décrivant les positions et l&apos;étalonnage du détecteur (.json), ou un modèle. Vide&#xa0;: selon la source&#xa0;; les positions sont comptées en cellules si elle n&apos;indique pas les écarts.</translation>
+    </message>
+    <message>
+        <source>&amp;No beam below:</source>
+        <translation>Pas de &amp;faisceau sous&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
+        <translation>Les affichages de position disent «&#xa0;pas de faisceau&#xa0;» si la somme des mesures est inférieure, dans leur unité. Vide&#xa0;: quelle que soit la somme.</translation>
+    </message>
+    <message>
+        <source>&amp;Preset</source>
+        <translation>&amp;Modèle</translation>
     </message>
 </context>
 <context>
@@ -1579,15 +1606,15 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>&amp;Instrument:</source>
-        <translation>&amp;Instrument :</translation>
+        <translation>&amp;Instrument&#xa0;:</translation>
     </message>
     <message>
         <source>The beam is computed; no hardware is needed.</source>
-        <translation>Le faisceau est calculé ; aucun matériel n&apos;est nécessaire.</translation>
+        <translation>Le faisceau est calculé&#xa0;; aucun matériel n&apos;est nécessaire.</translation>
     </message>
     <message>
         <source>S&amp;eed:</source>
-        <translation>G&amp;erme :</translation>
+        <translation>G&amp;erme&#xa0;:</translation>
     </message>
     <message>
         <source>Another number gives another beam and other noise.</source>
@@ -1602,14 +1629,14 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::SourceForm</name>
     <message>
         <source>Connect again if a source that used to talk says nothing for this long, like 30s. Empty: wait for ever, as there may be no beam.</source>
-        <translation>Se reconnecter si une source qui émettait se tait aussi longtemps, comme 30s. Vide : attendre sans fin, car il peut ne pas y avoir de faisceau.</translation>
+        <translation>Se reconnecter si une source qui émettait se tait aussi longtemps, comme 30s. Vide&#xa0;: attendre sans fin, car il peut ne pas y avoir de faisceau.</translation>
     </message>
 </context>
 <context>
     <name>Monitor::SourceNotice</name>
     <message>
         <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1 : aucune des %2 lignes n&apos;a pu être lue ; la première était %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
+        <translation>%1&#xa0;: aucune des %2 lignes n&apos;a pu être lue&#xa0;; la première était %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
     </message>
     <message>
         <source>%1 contains no readings.</source>
@@ -1617,11 +1644,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>%1 contains no readings: %2.</source>
-        <translation>%1 ne contient aucune mesure : %2.</translation>
+        <translation>%1 ne contient aucune mesure&#xa0;: %2.</translation>
     </message>
     <message>
         <source>%1: no reading has arrived yet</source>
-        <translation>%1 : aucune mesure n&apos;est encore arrivée</translation>
+        <translation>%1&#xa0;: aucune mesure n&apos;est encore arrivée</translation>
     </message>
 </context>
 <context>
@@ -1640,7 +1667,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>End the recording?</source>
-        <translation>Terminer l&apos;enregistrement ?</translation>
+        <translation>Terminer l&apos;enregistrement&#xa0;?</translation>
     </message>
     <message>
         <source>%1 What was recorded stays in %2.</source>
@@ -1660,11 +1687,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>The source is open, but it is not recorded: %1. Choose another folder in File &gt; Settings..., or record with File &gt; Record...</source>
-        <translation>La source est ouverte, mais n&apos;est pas enregistrée : %1. Choisir un autre dossier dans Fichier &gt; Réglages..., ou enregistrer avec Fichier &gt; Enregistrer...</translation>
+        <translation>La source est ouverte, mais n&apos;est pas enregistrée&#xa0;: %1. Choisir un autre dossier dans Fichier &gt; Réglages..., ou enregistrer avec Fichier &gt; Enregistrer...</translation>
     </message>
     <message>
         <source>The detector stays as it was: %1. Choose another file.</source>
-        <translation>Le détecteur reste tel quel : %1. Choisir un autre fichier.</translation>
+        <translation>Le détecteur reste tel quel&#xa0;: %1. Choisir un autre fichier.</translation>
     </message>
 </context>
 <context>
@@ -1687,11 +1714,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>First lines:</source>
-        <translation>Premières lignes :</translation>
+        <translation>Premières lignes&#xa0;:</translation>
     </message>
     <message>
         <source>Read as %1 channels, layout %2:</source>
-        <translation>Lu comme %1 canaux, disposition %2 :</translation>
+        <translation>Lu comme %1 canaux, disposition %2&#xa0;:</translation>
     </message>
     <message>
         <source>It contains no readings. %1</source>
@@ -1699,7 +1726,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>It contains no readings: %1.</source>
-        <translation>Elle ne contient aucune mesure : %1.</translation>
+        <translation>Elle ne contient aucune mesure&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The source works. It sent only %1 readings within %2 s.</source>
@@ -1707,18 +1734,18 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     </message>
     <message>
         <source>Some lines cannot be used; the first is %1</source>
-        <translation>Certaines lignes sont inutilisables ; la première est %1</translation>
+        <translation>Certaines lignes sont inutilisables&#xa0;; la première est %1</translation>
     </message>
 </context>
 <context>
     <name>Monitor::SpanControl</name>
     <message>
         <source>Time &amp;span:</source>
-        <translation>&amp;Durée :</translation>
+        <translation>&amp;Durée&#xa0;:</translation>
     </message>
     <message>
         <source>Time that the strip chart shows (Ctrl+T): choose one, or type 90 s, 2 h, 1.5 min or all. Readings older than the newest 100000 are shown as the range of blocks, for a week; while they are averaged, they are not shown.</source>
-        <translation>Durée montrée par le défilement (Ctrl+T) : à choisir, ou à saisir, comme 90 s, 2 h, 1.5 min ou tout. Les mesures plus anciennes que les 100000 dernières sont montrées comme étendue de blocs, pendant une semaine ; avec une moyenne, elles ne le sont pas.</translation>
+        <translation>Durée montrée par le défilement (Ctrl+T)&#xa0;: à choisir, ou à saisir, comme 90 s, 2 h, 1.5 min ou tout. Les mesures plus anciennes que les 100000 dernières sont montrées comme étendue de blocs, pendant une semaine&#xa0;; avec une moyenne, elles ne le sont pas.</translation>
     </message>
 </context>
 <context>
@@ -1744,37 +1771,41 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL) ; Boost : Boost 
     <name>Monitor::StaleMarks</name>
     <message>
         <source>old: %1</source>
-        <translation>ancien : %1</translation>
+        <translation>ancien&#xa0;: %1</translation>
     </message>
     <message>
         <source>This value is old: no reading has arrived since.</source>
-        <translation>Cette valeur est ancienne : aucune mesure n&apos;est arrivée depuis.</translation>
+        <translation>Cette valeur est ancienne&#xa0;: aucune mesure n&apos;est arrivée depuis.</translation>
     </message>
 </context>
 <context>
     <name>Monitor::StandardInputForm</name>
     <message>
-        <source>Reads the lines that another program writes into this one:
+        <source>Standard input</source>
+        <translation>Entrée standard</translation>
+    </message>
+    <message>
+        <source>Reads the lines, or grey images (PGM), that another program writes into this one:
 
     instrument | corvale-monitor -
 
 What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
-        <translation>Lit les lignes qu&apos;un autre programme écrit dans celui-ci :
+        <translation>Lit les lignes, ou les images grises (PGM), qu&apos;un autre programme écrit dans celui-ci&#xa0;:
 
     instrument | corvale-monitor -
 
-Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte deux fois.</translation>
-    </message>
-    <message>
-        <source>Standard input</source>
-        <translation>Entrée standard</translation>
+Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouverte deux fois.</translation>
     </message>
 </context>
 <context>
     <name>Monitor::StandardInputSource</name>
     <message>
         <source>reading standard input failed: %1</source>
-        <translation>la lecture de l&apos;entrée standard a échoué : %1</translation>
+        <translation>la lecture de l&apos;entrée standard a échoué&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>standard input: what follows image %1 cannot be read</source>
+        <translation>entrée standard&#xa0;: ce qui suit l&apos;image %1 est illisible</translation>
     </message>
 </context>
 <context>
@@ -1836,7 +1867,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
-        <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches : gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et les trous.</translation>
+        <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches&#xa0;: gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et les trous.</translation>
     </message>
     <message>
         <source>Pause the tape</source>
@@ -1852,7 +1883,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1/%2: </source>
-        <translation>%1/%2 : </translation>
+        <translation>%1/%2&#xa0;: </translation>
     </message>
 </context>
 <context>
@@ -1863,7 +1894,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>The recording is being looked through: %1 %</source>
-        <translation>L&apos;enregistrement est parcouru : %1 %</translation>
+        <translation>L&apos;enregistrement est parcouru&#xa0;: %1 %</translation>
     </message>
     <message>
         <source>%1 s</source>
@@ -1883,7 +1914,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>The recording can be played, but not searched: %1</source>
-        <translation>L&apos;enregistrement peut être joué, mais pas parcouru : %1</translation>
+        <translation>L&apos;enregistrement peut être joué, mais pas parcouru&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1898,7 +1929,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Host:</source>
-        <translation>&amp;Hôte :</translation>
+        <translation>&amp;Hôte&#xa0;:</translation>
     </message>
     <message>
         <source>The name or the address of the instrument.</source>
@@ -1906,11 +1937,11 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation>P&amp;ort :</translation>
+        <translation>P&amp;ort&#xa0;:</translation>
     </message>
     <message>
         <source>The number of the TCP port; the instrument&apos;s manual has it.</source>
-        <translation>Le numéro du port TCP ; il est dans le manuel de l&apos;instrument.</translation>
+        <translation>Le numéro du port TCP&#xa0;; il est dans le manuel de l&apos;instrument.</translation>
     </message>
     <message>
         <source>What to send for each reading, like READ?, if the instrument answers only when asked.</source>
@@ -1918,15 +1949,15 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>E&amp;very:</source>
-        <translation>Toutes &amp;les :</translation>
+        <translation>Toutes &amp;les&#xa0;:</translation>
     </message>
     <message>
         <source>How often to ask: 100ms, 1s. Unused without a question.</source>
-        <translation>À quelle fréquence demander : 100ms, 1s. Sans effet sans question.</translation>
+        <translation>À quelle fréquence demander&#xa0;: 100ms, 1s. Sans effet sans question.</translation>
     </message>
     <message>
         <source>S&amp;ilence:</source>
-        <translation>&amp;Silence :</translation>
+        <translation>&amp;Silence&#xa0;:</translation>
     </message>
     <message>
         <source>Network instrument</source>
@@ -1934,7 +1965,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Ask:</source>
-        <translation>&amp;Question :</translation>
+        <translation>&amp;Question&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -1956,7 +1987,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Address:</source>
-        <translation>&amp;Adresse :</translation>
+        <translation>&amp;Adresse&#xa0;:</translation>
     </message>
     <message>
         <source>127.0.0.1 lets only programs of this machine connect, 0.0.0.0 every machine of the network.</source>
@@ -1964,7 +1995,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Port:</source>
-        <translation>P&amp;ort :</translation>
+        <translation>P&amp;ort&#xa0;:</translation>
     </message>
     <message>
         <source>The TCP port that this program opens and the other one connects to.</source>
@@ -1972,7 +2003,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>S&amp;ilence:</source>
-        <translation>&amp;Silence :</translation>
+        <translation>&amp;Silence&#xa0;:</translation>
     </message>
     <message>
         <source>Wait for a program</source>
@@ -2022,7 +2053,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>its times are dates without a time zone (local time is assumed; clock=utc otherwise)</source>
-        <translation>ses temps sont des dates sans fuseau horaire (heure locale supposée ; sinon clock=utc)</translation>
+        <translation>ses temps sont des dates sans fuseau horaire (heure locale supposée&#xa0;; sinon clock=utc)</translation>
     </message>
     <message>
         <source> and </source>
@@ -2050,7 +2081,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&quot;%1&quot; makes no sense; there are delimiter=comma, semicolon, tab, blank or bar, decimal=comma, header=yes or no, time=COLUMN or none, interval=1ms, clock=utc or local, format=dd.MM.yyyy HH:mm:ss, skip=LINES and comment=SIGN, separated by commas</source>
-        <translation>« %1 » n&apos;a pas de sens ; il y a delimiter=comma, semicolon, tab, blank ou bar, decimal=comma, header=yes ou no, time=COLONNE ou none, interval=1ms, clock=utc ou local, format=dd.MM.yyyy HH:mm:ss, skip=LIGNES et comment=SIGNE, séparés par des virgules</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;a pas de sens&#xa0;; il y a delimiter=comma, semicolon, tab, blank ou bar, decimal=comma, header=yes ou no, time=COLONNE ou none, interval=1ms, clock=utc ou local, format=dd.MM.yyyy HH:mm:ss, skip=LIGNES et comment=SIGNE, séparés par des virgules</translation>
     </message>
     <message>
         <source>with decimal=comma the delimiter cannot be a comma</source>
@@ -2062,7 +2093,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1 is not a list of spots; it needs the columns x_mm, y_mm and mu</source>
-        <translation>%1 n&apos;est pas une liste de spots ; il faut les colonnes x_mm, y_mm et mu</translation>
+        <translation>%1 n&apos;est pas une liste de spots&#xa0;; il faut les colonnes x_mm, y_mm et mu</translation>
     </message>
     <message>
         <source>four numbers are needed, empty for no limit</source>
@@ -2078,7 +2109,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
-        <translation>%1 spots : moyenne X %2, Y %3 mm ; sigma X %4, Y %5 mm ; pire %6 mm</translation>
+        <translation>%1 spots&#xa0;: moyenne X %2, Y %3 mm&#xa0;; sigma X %4, Y %5 mm&#xa0;; pire %6 mm</translation>
     </message>
     <message>
         <source> (row %1, spot %2)</source>
@@ -2090,23 +2121,23 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>; no tolerance is set</source>
-        <translation> ; aucune tolérance fixée</translation>
+        <translation>&#xa0;; aucune tolérance fixée</translation>
     </message>
     <message>
         <source>; %1 outside %2 x %3 mm</source>
-        <translation> ; %1 hors de %2 x %3 mm</translation>
+        <translation>&#xa0;; %1 hors de %2 x %3 mm</translation>
     </message>
     <message>
         <source>%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7</source>
-        <translation>%1 manquants (%2 %7), %3 en trop (%4 %7) ; dose totale %5 %7 sur %6 %7</translation>
+        <translation>%1 manquants (%2 %7), %3 en trop (%4 %7)&#xa0;; dose totale %5 %7 sur %6 %7</translation>
     </message>
     <message>
         <source>; largest difference of a spot %1 %2</source>
-        <translation> ; plus grand écart d&apos;un spot %1 %2</translation>
+        <translation>&#xa0;; plus grand écart d&apos;un spot %1 %2</translation>
     </message>
     <message>
         <source>; %1 spots without a place, a dose or a width are not compared</source>
-        <translation> ; %1 spots sans position, dose ou largeur ne sont pas comparés</translation>
+        <translation>&#xa0;; %1 spots sans position, dose ou largeur ne sont pas comparés</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2142,31 +2173,31 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&quot;%1&quot; is not a known kind of source; there are sim:, file:, -, tcp://, tcp-listen:// and serial:</source>
-        <translation>« %1 » n&apos;est pas un type de source connu ; il y a sim:, file:, -, tcp://, tcp-listen:// et serial:</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un type de source connu&#xa0;; il y a sim:, file:, -, tcp://, tcp-listen:// et serial:</translation>
     </message>
     <message>
         <source>sim:%1: only seed=NUMBER may follow the question mark</source>
-        <translation>sim:%1 : seul seed=NOMBRE peut suivre le point d&apos;interrogation</translation>
+        <translation>sim:%1&#xa0;: seul seed=NOMBRE peut suivre le point d&apos;interrogation</translation>
     </message>
     <message>
         <source>there is no simulator &quot;%1&quot;; there are sim:ic4, sim:strips, sim:pixels and sim:spots</source>
-        <translation>il n&apos;y a pas de simulateur « %1 » ; il y a sim:ic4, sim:strips, sim:pixels et sim:spots</translation>
+        <translation>il n&apos;y a pas de simulateur «&#xa0;%1&#xa0;»&#xa0;; il y a sim:ic4, sim:strips, sim:pixels et sim:spots</translation>
     </message>
     <message>
         <source>&quot;%1&quot; should be tcp://HOST:PORT</source>
-        <translation>« %1 » devrait être tcp://HÔTE:PORT</translation>
+        <translation>«&#xa0;%1&#xa0;» devrait être tcp://HÔTE:PORT</translation>
     </message>
     <message>
         <source>&quot;%1&quot;: only ?ask=TEXT&amp;every=100ms&amp;silence=30s may follow the port</source>
-        <translation>« %1 » : seul ?ask=TEXTE&amp;every=100ms&amp;silence=30s peut suivre le port</translation>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: seul&#xa0;?ask=TEXTE&amp;every=100ms&amp;silence=30s peut suivre le port</translation>
     </message>
     <message>
         <source>&quot;%1&quot; should be tcp-listen://127.0.0.1:PORT, with the address of one of this machine&apos;s interfaces (0.0.0.0 for all of them); only ?silence=30s may follow the port</source>
-        <translation>« %1 » devrait être tcp-listen://127.0.0.1:PORT, avec l&apos;adresse d&apos;une interface de cette machine (0.0.0.0 pour toutes) ; seul ?silence=30s peut suivre le port</translation>
+        <translation>«&#xa0;%1&#xa0;» devrait être tcp-listen://127.0.0.1:PORT, avec l&apos;adresse d&apos;une interface de cette machine (0.0.0.0 pour toutes)&#xa0;; seul&#xa0;?silence=30s peut suivre le port</translation>
     </message>
     <message>
         <source>&quot;serial:%1&quot; should be serial:DEVICE or serial:DEVICE?baud=NUMBER&amp;silence=30s</source>
-        <translation>« serial:%1 » devrait être serial:APPAREIL ou serial:APPAREIL?baud=NOMBRE&amp;silence=30s</translation>
+        <translation>«&#xa0;serial:%1&#xa0;» devrait être serial:APPAREIL ou serial:APPAREIL?baud=NOMBRE&amp;silence=30s</translation>
     </message>
     <message>
         <source>PNG (*.png);;SVG (*.svg);;PDF (*.pdf)</source>
@@ -2174,7 +2205,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
-        <translation>%1 : le nom d&apos;une image doit se terminer par .png, .svg ou .pdf</translation>
+        <translation>%1&#xa0;: le nom d&apos;une image doit se terminer par .png, .svg ou .pdf</translation>
     </message>
     <message>
         <source>%1 s</source>
@@ -2186,15 +2217,15 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>the compressed file is damaged; --check says what is lost</source>
-        <translation>le fichier compressé est endommagé ; --check dit ce qui est perdu</translation>
+        <translation>le fichier compressé est endommagé&#xa0;; --check dit ce qui est perdu</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
-        <translation>%1 ne peut pas être lu : %2. Vérifier le chemin et le droit de lecture</translation>
+        <translation>%1 ne peut pas être lu&#xa0;: %2. Vérifier le chemin et le droit de lecture</translation>
     </message>
     <message>
         <source>%1 cannot be used: %2. Correct this line, or remove it</source>
-        <translation>%1 est inutilisable : %2. Corriger cette ligne, ou la supprimer</translation>
+        <translation>%1 est inutilisable&#xa0;: %2. Corriger cette ligne, ou la supprimer</translation>
     </message>
     <message>
         <source>%1 has more than %2 spots. Compare the fields one by one</source>
@@ -2214,7 +2245,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1 cannot be written: %2. Choose another file.</source>
-        <translation>%1 ne peut pas être écrit : %2. Choisir un autre fichier.</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2. Choisir un autre fichier.</translation>
     </message>
     <message>
         <source>%1x average</source>
@@ -2223,6 +2254,30 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     <message>
         <source>it is a link of another user</source>
         <translation>c&apos;est un lien d&apos;un autre utilisateur</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm</source>
+        <translation>32 + 32 pistes de 2 mm</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm, x in channels 1 to 32 and y in 65 to 96 of 128</source>
+        <translation>32 + 32 pistes de 2 mm, x dans les canaux 1 à 32 et y dans 65 à 96 sur 128</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm in 12 rows of 12, without the corners</source>
+        <translation>120 pixels de 3.8 mm en 12 lignes de 12, sans les coins</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm, as they are wired to 128 channels</source>
+        <translation>120 pixels de 3.8 mm, comme câblés sur 128 canaux</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>il y a %1</translation>
+    </message>
+    <message>
+        <source>No signal.</source>
+        <translation>Pas de signal.</translation>
     </message>
 </context>
 <context>
@@ -2287,7 +2342,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>How far a reading must have been on the other side of the level; more than the noise</source>
-        <translation>De combien une mesure doit avoir été de l&apos;autre côté du niveau ; plus que le bruit</translation>
+        <translation>De combien une mesure doit avoir été de l&apos;autre côté du niveau&#xa0;; plus que le bruit</translation>
     </message>
     <message>
         <source>Shortest time between two triggers</source>
@@ -2319,7 +2374,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>Automatic shows sweeps also where no trigger comes; Single shows one</source>
-        <translation>Automatique montre des balayages même sans déclenchement ; Unique n&apos;en montre qu&apos;un</translation>
+        <translation>Automatique montre des balayages même sans déclenchement&#xa0;; Unique n&apos;en montre qu&apos;un</translation>
     </message>
     <message>
         <source>Rising</source>
@@ -2347,35 +2402,35 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&amp;Mode:</source>
-        <translation>&amp;Mode :</translation>
+        <translation>&amp;Mode&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Channel:</source>
-        <translation>&amp;Canal :</translation>
+        <translation>&amp;Canal&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Level:</source>
-        <translation>&amp;Niveau :</translation>
+        <translation>&amp;Niveau&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Edge:</source>
-        <translation>&amp;Front :</translation>
+        <translation>&amp;Front&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Hysteresis:</source>
-        <translation>&amp;Hystérésis :</translation>
+        <translation>&amp;Hystérésis&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Before the trigger:</source>
-        <translation>&amp;Avant le déclenchement :</translation>
+        <translation>&amp;Avant le déclenchement&#xa0;:</translation>
     </message>
     <message>
         <source>Hold-&amp;off in s:</source>
-        <translation>&amp;Temps mort en s :</translation>
+        <translation>&amp;Temps mort en s&#xa0;:</translation>
     </message>
     <message>
         <source>State:</source>
-        <translation>État :</translation>
+        <translation>État&#xa0;:</translation>
     </message>
     <message>
         <source>%1 in %2</source>
@@ -2383,7 +2438,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>Numbers need a decimal point; hysteresis and hold-off are 0 or more.</source>
-        <translation>Les nombres ont un point décimal ; hystérésis et temps mort valent 0 ou plus.</translation>
+        <translation>Les nombres ont un point décimal&#xa0;; hystérésis et temps mort valent 0 ou plus.</translation>
     </message>
     <message>
         <source>Armed</source>
@@ -2437,7 +2492,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.</source>
-        <translation>Dans l&apos;unité de l&apos;axe, ou avec une unité : -20, 250 pA. Entrée l&apos;applique.</translation>
+        <translation>Dans l&apos;unité de l&apos;axe, ou avec une unité&#xa0;: -20, 250 pA. Entrée l&apos;applique.</translation>
     </message>
     <message>
         <source>Automatic chooses the unit that suits the scale.</source>
@@ -2445,15 +2500,15 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>Ma&amp;ximum:</source>
-        <translation>&amp;Maximum :</translation>
+        <translation>&amp;Maximum&#xa0;:</translation>
     </message>
     <message>
         <source>Mi&amp;nimum:</source>
-        <translation>M&amp;inimum :</translation>
+        <translation>M&amp;inimum&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Unit:</source>
-        <translation>&amp;Unité :</translation>
+        <translation>&amp;Unité&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Logarithmic</source>
@@ -2461,7 +2516,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
-        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées ; le tracé nomme leurs canaux</translation>
+        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées&#xa0;; le tracé nomme leurs canaux</translation>
     </message>
     <message>
         <source>&amp;Set range</source>
@@ -2489,7 +2544,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
-        <translation>« %1 » n&apos;est pas une valeur en %2. En écrire une comme -20, ou avec son unité comme 250 pA.</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas une valeur en %2. En écrire une comme -20, ou avec son unité comme 250 pA.</translation>
     </message>
 </context>
 <context>
@@ -2563,7 +2618,7 @@ Ce qui est lu est consommé : cette source ne peut être ni testée ni ouverte 
     </message>
     <message>
         <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
-        <translation>%1 n&apos;a pas de données pour l&apos;affichage « %2 » ; --view scope montre toute sorte de mesures</translation>
+        <translation>%1 n&apos;a pas de données pour l&apos;affichage «&#xa0;%2&#xa0;»&#xa0;; --view scope montre toute sorte de mesures</translation>
     </message>
 </context>
 </TS>

@@ -436,6 +436,13 @@
     </message>
 </context>
 <context>
+    <name>Monitor::FrameFeeder</name>
+    <message>
+        <source>arb. units</source>
+        <translation>任意単位</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::HelpMenu</name>
     <message>
         <source># Keys
@@ -751,6 +758,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>Show no channel</source>
         <translation>チャンネルを表示しない</translation>
     </message>
+    <message>
+        <source>Latest values</source>
+        <translation>最新の値</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LeftOutNotice</name>
@@ -994,7 +1005,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
     <message>
         <source>not recording</source>
-        <translation>記録していません</translation>
+        <translation>未記録</translation>
     </message>
     <message>
         <source>REC %1, %2</source>
@@ -1487,10 +1498,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>検出器(&amp;D):</translation>
     </message>
     <message>
-        <source>A file that describes the places and the calibration of the detector (.json). Empty: what the source says.</source>
-        <translation>検出器の位置と校正を記述したファイル (.json)。空: ソースの指定どおり。</translation>
-    </message>
-    <message>
         <source>Fo&amp;lder:</source>
         <translation>フォルダー(&amp;L):</translation>
     </message>
@@ -1543,16 +1550,36 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>言語(&amp;L):</translation>
     </message>
     <message>
-        <source>Takes effect at the next start. Numbers, files and the log are the same in every language.</source>
-        <translation>次回の起動から有効です。数値、ファイル、ログはどの言語でも同じです。</translation>
-    </message>
-    <message>
         <source>Co&amp;mpress each file once it is complete</source>
         <translation>完成したファイルを圧縮(&amp;M)</translation>
     </message>
     <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
         <translation>開いたソースはすべて、このフォルダーの UTC 日時を名前とする新しいファイルに記録されます。空:「ファイル &gt; 記録」のみ。</translation>
+    </message>
+    <message>
+        <source>Takes effect at the next start. Numbers and files are the same in every language.</source>
+        <translation>次回の起動から有効です。数値とファイルはどの言語でも同じです。</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>限界なし</translation>
+    </message>
+    <message>
+        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
+        <translation>検出器の位置と校正を記述したファイル (.json)、またはプリセット。空: ソースの指定どおり。間隔の指定がなければ位置はセル単位です。</translation>
+    </message>
+    <message>
+        <source>&amp;No beam below:</source>
+        <translation>ビームなしとする下限(&amp;N):</translation>
+    </message>
+    <message>
+        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
+        <translation>測定値の合計がこれより小さいと、位置の表示は「ビームなし」になります (測定値の単位)。空: 合計によりません。</translation>
+    </message>
+    <message>
+        <source>&amp;Preset</source>
+        <translation>プリセット(&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -1754,20 +1781,20 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
 <context>
     <name>Monitor::StandardInputForm</name>
     <message>
-        <source>Reads the lines that another program writes into this one:
+        <source>Standard input</source>
+        <translation>標準入力</translation>
+    </message>
+    <message>
+        <source>Reads the lines, or grey images (PGM), that another program writes into this one:
 
     instrument | corvale-monitor -
 
 What was read is gone, so this source cannot be tested and cannot be opened twice.</source>
-        <translation>別のプログラムがこのプログラムに書き込む行を読み取ります:
+        <translation>別のプログラムがこのプログラムに書き込む行、またはグレー画像 (PGM) を読み取ります:
 
     instrument | corvale-monitor -
 
 読み取ったものは残らないため、テストも二度開くこともできません。</translation>
-    </message>
-    <message>
-        <source>Standard input</source>
-        <translation>標準入力</translation>
     </message>
 </context>
 <context>
@@ -1775,6 +1802,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>reading standard input failed: %1</source>
         <translation>標準入力の読み取りに失敗しました: %1</translation>
+    </message>
+    <message>
+        <source>standard input: what follows image %1 cannot be read</source>
+        <translation>標準入力: 画像 %1 の後を読めません</translation>
     </message>
 </context>
 <context>
@@ -2223,6 +2254,30 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>it is a link of another user</source>
         <translation>別の利用者が作ったリンクです</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm</source>
+        <translation>2 mm のストリップ 32 + 32</translation>
+    </message>
+    <message>
+        <source>32 + 32 strips of 2 mm, x in channels 1 to 32 and y in 65 to 96 of 128</source>
+        <translation>2 mm のストリップ 32 + 32、128 のうち x はチャンネル 1～32、y は 65～96</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm in 12 rows of 12, without the corners</source>
+        <translation>3.8 mm のピクセル 120 個、12 x 12、角を除く</translation>
+    </message>
+    <message>
+        <source>120 pixels of 3.8 mm, as they are wired to 128 channels</source>
+        <translation>3.8 mm のピクセル 120 個、128 チャンネルへの配線どおり</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>%1 があります</translation>
+    </message>
+    <message>
+        <source>No signal.</source>
+        <translation>信号がありません。</translation>
     </message>
 </context>
 <context>

@@ -5,7 +5,7 @@
     <name>Corvale_Qt</name>
     <message>
         <source>%1 readings belong to no cell: %2 left out</source>
-        <translation>%1 mesures n&apos;appartiennent à aucune cellule : %2 ne sont pas prises en compte</translation>
+        <translation>%1 mesures n&apos;appartiennent à aucune cellule&#xa0;: %2 ne sont pas prises en compte</translation>
     </message>
     <message>
         <source>cells</source>
@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>%1 follows %2: positions must rise, or fall, without repeating</source>
-        <translation>%1 suit %2 : les positions doivent croître ou décroître, sans se répéter</translation>
+        <translation>%1 suit %2&#xa0;: les positions doivent croître ou décroître, sans se répéter</translation>
     </message>
     <message>
         <source>has %1 widths for %2 cells</source>
@@ -141,7 +141,7 @@
     </message>
     <message>
         <source>no Gaussian: the beam is flat-topped</source>
-        <translation>pas de gaussienne : le faisceau a un sommet plat</translation>
+        <translation>pas de gaussienne&#xa0;: le faisceau a un sommet plat</translation>
     </message>
     <message>
         <source>is missing</source>
@@ -173,7 +173,7 @@
     </message>
     <message>
         <source>the key &quot;%1&quot; is given twice, or with a backslash</source>
-        <translation>la clé « %1 » est donnée deux fois, ou avec une barre oblique inverse</translation>
+        <translation>la clé «&#xa0;%1&#xa0;» est donnée deux fois, ou avec une barre oblique inverse</translation>
     </message>
     <message>
         <source>this is not an object in braces</source>
@@ -245,7 +245,7 @@
     </message>
     <message>
         <source>number %1, &quot;%2&quot;, is not a number</source>
-        <translation>le nombre %1, « %2 », n&apos;est pas un nombre</translation>
+        <translation>le nombre %1, «&#xa0;%2&#xa0;», n&apos;est pas un nombre</translation>
     </message>
     <message>
         <source>the numbers are missing</source>
@@ -269,7 +269,7 @@
     </message>
     <message>
         <source>there is no channel %1; channels are counted from 1</source>
-        <translation>il n&apos;y a pas de canal %1 ; les canaux sont comptés à partir de 1</translation>
+        <translation>il n&apos;y a pas de canal %1&#xa0;; les canaux sont comptés à partir de 1</translation>
     </message>
     <message>
         <source>the noise is not a number above 0</source>
@@ -289,7 +289,7 @@
     </message>
     <message>
         <source>character %1: %2</source>
-        <translation>caractère %1 : %2</translation>
+        <translation>caractère %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>there is no expression</source>
@@ -329,7 +329,7 @@
     </message>
     <message>
         <source>&quot;?&quot; and &quot;:&quot; do not belong together here</source>
-        <translation>« ? » et « : » ne vont pas ensemble ici</translation>
+        <translation>«&#xa0;?&#xa0;» et «&#xa0;:&#xa0;» ne vont pas ensemble ici</translation>
     </message>
     <message>
         <source>this cannot be understood</source>
@@ -357,11 +357,11 @@
     </message>
     <message>
         <source>&quot;%1&quot;: a time span is at least %2 and at most %3.</source>
-        <translation>« %1 » : une durée vaut au moins %2 et au plus %3.</translation>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: une durée vaut au moins %2 et au plus %3.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.</source>
-        <translation>« %1 » n&apos;est pas une durée. Exemples : 90 s, 2 h, 1.5 min, 250 ms, tout.</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas une durée. Exemples&#xa0;: 90 s, 2 h, 1.5 min, 250 ms, tout.</translation>
     </message>
     <message>
         <source>is not a number from 0 on</source>
@@ -387,7 +387,7 @@
     </message>
     <message>
         <source>there is already a channel called &quot;%1&quot;</source>
-        <translation>il y a déjà un canal nommé « %1 »</translation>
+        <translation>il y a déjà un canal nommé «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>the expression is too long</source>
@@ -395,7 +395,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is computed from itself</source>
-        <translation>« %1 » est calculé à partir de lui-même</translation>
+        <translation>«&#xa0;%1&#xa0;» est calculé à partir de lui-même</translation>
     </message>
 </context>
 <context>
@@ -540,7 +540,7 @@
     </message>
     <message>
         <source>taking the background: %1 frames to come</source>
-        <translation>acquisition du fond : encore %1 images</translation>
+        <translation>acquisition du fond&#xa0;: encore %1 images</translation>
     </message>
     <message>
         <source>background of %1 frames subtracted</source>
@@ -559,7 +559,7 @@
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Live</source>
@@ -631,7 +631,7 @@
     </message>
     <message>
         <source>is none of: %1</source>
-        <translation>n&apos;est aucun de : %1</translation>
+        <translation>n&apos;est aucun de&#xa0;: %1</translation>
     </message>
     <message>
         <source>is not an object in braces</source>
@@ -673,11 +673,11 @@
     <name>Corvale_Qt::LegendModel</name>
     <message>
         <source>High warning</source>
-        <translation>Avertissement haut</translation>
+        <translation>Alerte haute</translation>
     </message>
     <message>
         <source>Low warning</source>
-        <translation>Avertissement bas</translation>
+        <translation>Alerte basse</translation>
     </message>
     <message>
         <source>Low alarm</source>
@@ -693,7 +693,7 @@
     </message>
     <message>
         <source>%1: click or press Enter to hide or show it</source>
-        <translation>%1 : un clic ou Entrée le masque ou l&apos;affiche</translation>
+        <translation>%1&#xa0;: un clic ou Entrée le masque ou l&apos;affiche</translation>
     </message>
     <message>
         <source>%1, right axis</source>
@@ -789,11 +789,11 @@
     </message>
     <message>
         <source>Open &quot;%1&quot; in a window</source>
-        <translation>Ouvrir « %1 » dans une fenêtre</translation>
+        <translation>Ouvrir «&#xa0;%1&#xa0;» dans une fenêtre</translation>
     </message>
     <message>
         <source>Put &quot;%1&quot; back</source>
-        <translation>Remettre « %1 » en place</translation>
+        <translation>Remettre «&#xa0;%1&#xa0;» en place</translation>
     </message>
     <message>
         <source>Put all back</source>
@@ -810,7 +810,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     <name>Corvale_Qt::RVXPositionErrorPlot</name>
     <message>
         <source>Mean Error (X, Y):</source>
-        <translation>Erreur moyenne (X, Y) :</translation>
+        <translation>Erreur moyenne (X, Y)&#xa0;:</translation>
     </message>
     <message>
         <source>Mean of the X errors</source>
@@ -826,7 +826,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Energy:</source>
-        <translation>Énergie :</translation>
+        <translation>Énergie&#xa0;:</translation>
     </message>
     <message>
         <source>Beam energy of the newest spot</source>
@@ -900,7 +900,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>What is plotted: the newest samples scrolling by, one sweep after the other, or the newest sample of each channel as a bar.</source>
-        <translation>Ce qui est tracé : les dernières mesures qui défilent, un balayage après l&apos;autre, ou la dernière mesure de chaque canal sous forme de barre.</translation>
+        <translation>Ce qui est tracé&#xa0;: les dernières mesures qui défilent, un balayage après l&apos;autre, ou la dernière mesure de chaque canal sous forme de barre.</translation>
     </message>
     <message>
         <source>State of the data</source>
@@ -924,7 +924,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Clears the data buffer: all samples collected so far are dropped. Shortcut: Ctrl+L.</source>
-        <translation>Vide la mémoire de données : toutes les mesures recueillies sont perdues. Raccourci : Ctrl+L.</translation>
+        <translation>Vide la mémoire de données&#xa0;: toutes les mesures recueillies sont perdues. Raccourci&#xa0;: Ctrl+L.</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -936,7 +936,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Saves the data buffer to a file, as it was measured: neither averaged nor zeroed. Shortcut: Ctrl+S.</source>
-        <translation>Enregistre la mémoire de données telle que mesurée : ni moyennée ni mise à zéro. Raccourci : Ctrl+S.</translation>
+        <translation>Enregistre la mémoire de données telle que mesurée&#xa0;: ni moyennée ni mise à zéro. Raccourci&#xa0;: Ctrl+S.</translation>
     </message>
     <message>
         <source>Save</source>
@@ -960,7 +960,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Y:</source>
-        <translation>Y :</translation>
+        <translation>Y&#xa0;:</translation>
     </message>
     <message>
         <source>Set the range of the Y axis.</source>
@@ -1020,7 +1020,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Subtracts the current value of each channel from all of its data. What is saved is not changed. Shortcut: Ctrl+0.</source>
-        <translation>Soustrait la valeur actuelle de chaque canal de toutes ses données. Ce qui est enregistré ne change pas. Raccourci : Ctrl+0.</translation>
+        <translation>Soustrait la valeur actuelle de chaque canal de toutes ses données. Ce qui est enregistré ne change pas. Raccourci&#xa0;: Ctrl+0.</translation>
     </message>
     <message>
         <source>Zero</source>
@@ -1122,7 +1122,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Plot mode: %1</source>
-        <translation>Mode de tracé : %1</translation>
+        <translation>Mode de tracé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Save Data File</source>
@@ -1257,7 +1257,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Not on a logarithmic axis, 0 or negative: %1</source>
-        <translation>Hors de l&apos;axe logarithmique, nul ou négatif : %1</translation>
+        <translation>Hors de l&apos;axe logarithmique, nul ou négatif&#xa0;: %1</translation>
     </message>
     <message>
         <source>no readings</source>
@@ -1316,11 +1316,11 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Two units are shown; not drawn, in other units: %1</source>
-        <translation>Deux unités sont affichées ; non tracés, dans d&apos;autres unités : %1</translation>
+        <translation>Deux unités sont affichées&#xa0;; non tracés, dans d&apos;autres unités&#xa0;: %1</translation>
     </message>
     <message>
         <source>One unit is shown; not drawn, in other units: %1</source>
-        <translation>Une seule unité est affichée ; non tracés, dans d&apos;autres unités : %1</translation>
+        <translation>Une seule unité est affichée&#xa0;; non tracés, dans d&apos;autres unités&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1606,7 +1606,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Peaks:</source>
-        <translation>Pics :</translation>
+        <translation>Pics&#xa0;:</translation>
     </message>
     <message>
         <source>How many groups of channels are analysed, each with a peak of its own.</source>
@@ -1626,7 +1626,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Threshold:</source>
-        <translation>Seuil :</translation>
+        <translation>Seuil&#xa0;:</translation>
     </message>
     <message>
         <source>Threshold of the center of gravity in percent</source>
@@ -1646,7 +1646,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Window:</source>
-        <translation>Fenêtre :</translation>
+        <translation>Fenêtre&#xa0;:</translation>
     </message>
     <message>
         <source>Window of the center of gravity in channels</source>
@@ -1674,11 +1674,11 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Peak Threshold:</source>
-        <translation>Seuil du pic :</translation>
+        <translation>Seuil du pic&#xa0;:</translation>
     </message>
     <message>
         <source>A peak lower than this is not fitted; in the base unit of the data.</source>
-        <translation>Un pic plus bas n&apos;est pas ajusté ; dans l&apos;unité de base des données.</translation>
+        <translation>Un pic plus bas n&apos;est pas ajusté&#xa0;; dans l&apos;unité de base des données.</translation>
     </message>
     <message>
         <source>Lowest peak that is fitted</source>
@@ -1686,11 +1686,11 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Sum Threshold:</source>
-        <translation>Seuil de la somme :</translation>
+        <translation>Seuil de la somme&#xa0;:</translation>
     </message>
     <message>
         <source>A profile whose sum is lower than this is not fitted; in the base unit of the data.</source>
-        <translation>Un profil de somme inférieure n&apos;est pas ajusté ; dans l&apos;unité de base des données.</translation>
+        <translation>Un profil de somme inférieure n&apos;est pas ajusté&#xa0;; dans l&apos;unité de base des données.</translation>
     </message>
     <message>
         <source>Lowest sum that is fitted</source>
@@ -1706,7 +1706,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Χ² Window:</source>
-        <translation>Fenêtre du Χ² :</translation>
+        <translation>Fenêtre du Χ²&#xa0;:</translation>
     </message>
     <message>
         <source>The fit is compared with this many channels on either side of the highest one.</source>
@@ -1803,15 +1803,15 @@ Fermer une fenêtre remet sa page en place.</translation>
     <name>Corvale_Qt::Reader</name>
     <message>
         <source>&quot;%1&quot; means nothing here</source>
-        <translation>« %1 » n&apos;a pas de sens ici</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;a pas de sens ici</translation>
     </message>
     <message>
         <source>there is no function &quot;%1&quot;</source>
-        <translation>il n&apos;y a pas de fonction « %1 »</translation>
+        <translation>il n&apos;y a pas de fonction «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>no channel is called &quot;%1&quot;</source>
-        <translation>aucun canal ne s&apos;appelle « %1 »</translation>
+        <translation>aucun canal ne s&apos;appelle «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>a range of channels ends with a later channel that is not computed</source>
@@ -1860,18 +1860,18 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Channel %1: %2</source>
-        <translation>Canal %1 : %2</translation>
+        <translation>Canal %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
     <name>Corvale_Qt::SpotLegend</name>
     <message>
         <source>above the target: +%1</source>
-        <translation>au-dessus de la cible : +%1</translation>
+        <translation>au-dessus de la cible&#xa0;: +%1</translation>
     </message>
     <message>
         <source>below the target: −%1</source>
-        <translation>sous la cible : −%1</translation>
+        <translation>sous la cible&#xa0;: −%1</translation>
     </message>
 </context>
 <context>
@@ -1906,11 +1906,11 @@ Sigma %5</translation>
     </message>
     <message>
         <source>Spots that cannot be drawn: %1</source>
-        <translation>Spots impossibles à dessiner : %1</translation>
+        <translation>Spots impossibles à dessiner&#xa0;: %1</translation>
     </message>
     <message>
         <source>Spots to compare with that cannot be drawn: %1</source>
-        <translation>Spots de comparaison impossibles à dessiner : %1</translation>
+        <translation>Spots de comparaison impossibles à dessiner&#xa0;: %1</translation>
     </message>
     <message>
         <source>Spot map</source>
@@ -1918,7 +1918,7 @@ Sigma %5</translation>
     </message>
     <message>
         <source>Spots: %1</source>
-        <translation>Spots : %1</translation>
+        <translation>Spots&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1933,15 +1933,15 @@ Sigma %5</translation>
     </message>
     <message>
         <source>x(mm):</source>
-        <translation>x(mm) :</translation>
+        <translation>x(mm)&#xa0;:</translation>
     </message>
     <message>
         <source>y(mm):</source>
-        <translation>y(mm) :</translation>
+        <translation>y(mm)&#xa0;:</translation>
     </message>
     <message>
         <source>dose(Gp):</source>
-        <translation>dose(Gp) :</translation>
+        <translation>dose(Gp)&#xa0;:</translation>
     </message>
     <message>
         <source>The spots</source>
@@ -1977,11 +1977,11 @@ Sigma %5</translation>
     </message>
     <message>
         <source>dose:</source>
-        <translation>dose :</translation>
+        <translation>dose&#xa0;:</translation>
     </message>
     <message>
         <source>dose(%1):</source>
-        <translation>dose(%1) :</translation>
+        <translation>dose(%1)&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -1999,7 +1999,7 @@ Sigma %5</translation>
     </message>
     <message>
         <source>Time that the chart shows: choose one, or type 90 s, 2 h, 1.5 min or all.</source>
-        <translation>Durée montrée par le tracé : à choisir, ou à saisir, comme 90 s, 2 h, 1.5 min ou tout.</translation>
+        <translation>Durée montrée par le tracé&#xa0;: à choisir, ou à saisir, comme 90 s, 2 h, 1.5 min ou tout.</translation>
     </message>
 </context>
 </TS>

@@ -6,7 +6,7 @@
 namespace Monitor {
 
 /*! While it lives, texts of the library and the program are English in this thread, whatever the language of the window: for
-    lines of the log, which stand in recordings as well. */
+    events of the log, which stand in recordings as well. */
 class EnglishTexts
 {
 public:

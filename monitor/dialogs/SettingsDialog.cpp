@@ -131,11 +131,11 @@ QWidget *SettingsDialog::newStartPage(const QString &settingsFile)
     for (const QString &code : Corvale_Qt::translationLanguages())
         m_language->addItem(nameOfLanguage(code), code);
     m_language->setObjectName(QStringLiteral("language"));
-    addField(layout,
-             tr("&Language:"),
-             m_language,
-             tr("Takes effect at the next start. Numbers, files and the log are the same in every "
-                "language."));
+    addField(
+        layout,
+        tr("&Language:"),
+        m_language,
+        tr("Takes effect at the next start. Numbers and files are the same in every language."));
     auto *file = new QLabel(settingsFile, page);
     file->setTextFormat(Qt::PlainText);
     file->setWordWrap(true);

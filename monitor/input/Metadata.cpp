@@ -81,6 +81,7 @@ Metadata::Line Metadata::take(std::string_view line)
 Metadata::Line Metadata::takeDetector(const QString &text)
 {
     using Corvale_Qt::DetectorLines;
+    const EnglishTexts english; // of the fault, which is recorded
     m_fault.clear();
     switch (m_detector.take(text)) {
     case DetectorLines::Line::Taken:

@@ -40,6 +40,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     limits->setSourceModel(m_latest);
     m_marks->setSourceModel(limits);
     m_table->setObjectName(QStringLiteral("latestValues"));
+    m_table->setAccessibleName(tr("Latest values"));
     m_table->setModel(m_marks);
     m_table->setItemDelegate(new ValueDelegate(m_table));
     m_table->setShowGrid(false);

@@ -3,6 +3,7 @@
 
 #include "monitor/window/Look.h"
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -50,7 +51,11 @@ void NoticeLine::tell(const QString &text, Kind kind)
 {
     if (text != m_label->text()) {
         m_label->setText(text);
+        setAccessibleName(text);
         Look::dress(this, stateOf(kind));
+        // A screen reader says it at once, wherever the keyboard is.
+        QAccessibleEvent alert(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
     }
     setVisible(!text.isEmpty());
 }

@@ -3,6 +3,7 @@
 
 #include "monitor/window/Look.h"
 
+#include <QAccessible>
 #include <QEvent>
 
 namespace Monitor {
@@ -21,8 +22,13 @@ StateBadge::StateBadge(QWidget *numbers)
 
 void StateBadge::tell(const QString &state)
 {
+    const bool isNew = state != text() && !state.isEmpty();
     setText(state);
     setVisible(!state.isEmpty());
+    if (isNew) { // a screen reader says it at once, wherever the keyboard is
+        QAccessibleEvent alert(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
     place();
 }
 

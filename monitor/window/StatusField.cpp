@@ -138,6 +138,7 @@ void StatusField::explain()
         else if (texts.at(i) != part.text)
             lines.append(part.text);
     }
+    setAccessibleDescription(lines.join(QStringLiteral(". ")));
     setToolTip(QStringLiteral("<qt>%1</qt>")
                    .arg(lines.join(QLatin1Char('\n'))
                             .toHtmlEscaped()

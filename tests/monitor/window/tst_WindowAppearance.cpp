@@ -208,7 +208,8 @@ private Q_SLOTS:
         QVERIFY(listener.heard().size() > 300);
     }
 
-    void recordingsAndLogsAreTheSameInEveryLanguage()
+    //! The log has the events of a recording in the same words; only the state of the source is in the language of the window.
+    void recordingsAreTheSameInEveryLanguage()
     {
         const QString table = file("faults.csv");
         putFile(table,
@@ -223,13 +224,37 @@ private Q_SLOTS:
             w.clock.advance(2.0);
             w.clock.advance(3.0);
             w.session.stopRecording();
-            return w.log() + QString::fromUtf8(fileContents(file("said.csv")));
+            const QString recorded = QString::fromUtf8(fileContents(file("said.csv")));
+            return recorded.split('\n') + w.log().split('\n').filter("pitch");
         };
-        const QString english = run("en");
-        QVERIFY2(english.contains("not used") && english.contains("recording to"),
-                 qPrintable(english));
+        const QStringList english = run("en");
+        QCOMPARE(english.filter("the pitch is not a number").size(), 1);
+        QVERIFY(english.size() > 5);
         QCOMPARE(run("ja"), english);
         QCOMPARE(run("de"), english);
+    }
+
+    //! A screen reader hears the values, the chart and the states of the window.
+    void theWindowSpeaks()
+    {
+        const auto heard = [](QWidget *widget, QAccessible::Text kind) {
+            return QAccessible::queryAccessibleInterface(widget)->text(kind);
+        };
+        SmallWindow w(file("speech.xui"));
+        w.source->begin(StreamKind::Channels, 2, "nA");
+        w.run(3);
+        w.settle();
+        w.session.setPaused(true);
+        QCOMPARE(heard(w.values(), QAccessible::Name), QString("Latest values"));
+        QAccessibleTableInterface *table =
+            QAccessible::queryAccessibleInterface(w.values())->tableInterface();
+        QCOMPARE(table->cellAt(1, 1)->text(QAccessible::Name), w.value(1));
+        QWidget *chart = w.window.displays().scope()->plotView();
+        const QString said = heard(chart, QAccessible::Description);
+        QVERIFY2(said.startsWith("Strip, live") && said.contains(w.value(1)), qPrintable(said));
+        QWidget *states = w.window.statusBar()->findChild<QLabel *>("notices");
+        QVERIFY(heard(states, QAccessible::Name).contains("PAUSED"));
+        QVERIFY(heard(states, QAccessible::Description).contains("Space"));
     }
 
     //! Tape, legend, time span and panels leave the plot half of a small window.
@@ -290,8 +315,21 @@ private Q_SLOTS:
     }
 
     //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.
+    //! A machine of tests has no font for Japanese, whose texts are the shortest.
+    void nothingIsClippedOnASmallScreen_data()
+    {
+        QTest::addColumn<QString>("language");
+        for (const char *language : {"en", "de", "fr"})
+            QTest::newRow(language) << QString(language);
+    }
     void nothingIsClippedOnASmallScreen()
     {
+        QFETCH(QString, language);
+        const InLanguage inLanguage(language);
+        // The colours do not depend on the language.
+        QVector<Appearance::Choice> appearances{Appearance::Choice::Light};
+        if (language == "en")
+            appearances.append(Appearance::Choice::Dark);
         SmallWindow w(file("small.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
@@ -325,8 +363,7 @@ private Q_SLOTS:
                 }
         };
         auto *appearance = w.window.findChild<Appearance *>();
-        for (const Appearance::Choice choice :
-             {Appearance::Choice::Light, Appearance::Choice::Dark}) {
+        for (const Appearance::Choice choice : qAsConst(appearances)) {
             appearance->choose(choice);
             QCoreApplication::processEvents();
             const QPalette palette = QApplication::palette();
@@ -355,7 +392,7 @@ private Q_SLOTS:
                 }
             }
         }
-        QVERIFY2(dialogs >= 2 * 10 && clipped.looked() > 1000,
+        QVERIFY2(dialogs >= 8 * appearances.size() && clipped.looked() > 500,
                  qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
         QCOMPARE(clipped.text(), QString());

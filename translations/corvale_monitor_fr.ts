@@ -1571,7 +1571,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;No beam below:</source>
-        <translation>Pas de &amp;faisceau sous&#xa0;:</translation>
+        <translation>Pas de faisceau &amp;sous&#xa0;:</translation>
     </message>
     <message>
         <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
@@ -1579,7 +1579,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Preset</source>
-        <translation>&amp;Modèle</translation>
+        <translation>Mo&amp;dèle</translation>
     </message>
 </context>
 <context>

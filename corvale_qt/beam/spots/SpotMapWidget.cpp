@@ -38,7 +38,7 @@ public:
     void setScales();
     void placeMap();
 
-    Ui::SpotMapWidget ui;
+    Ui::SpotMapWidget ui{};
     SpotLegend *legend = nullptr;
 };
 

@@ -41,7 +41,7 @@ QString translationLanguage(const QLocale &locale)
     const QStringList known = translationLanguages();
     const QStringList wanted = locale.uiLanguages();
     for (const QString &tag : wanted) {
-        const QString language = tag.section(QLatin1Char('-'), 0, 0).toLower();
+        QString language = tag.section(QLatin1Char('-'), 0, 0).toLower();
         if (known.contains(language))
             return language;
     }

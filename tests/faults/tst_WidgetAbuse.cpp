@@ -7,6 +7,7 @@
 #include "tests/support/TestMain.h"
 
 #include <functional>
+#include <map>
 
 using namespace Corvale_Qt;
 
@@ -237,24 +238,20 @@ private Q_SLOTS:
         const WidgetDescription &description = widgetTable()[std::size_t(number)];
         QVector<Action> actions;
         QHash<int, int> firedBy; // signals, and the first action after which each had been emitted
-        int first = 0, end = 0;
         {
             Specimen specimen(description);
             actions = actionsFor(*specimen.widget);
             const QMetaObject *type = specimen.widget->metaObject();
-            first = qtClassOf(*specimen.widget)->methodCount();
-            end = type->methodCount();
-            std::vector<std::unique_ptr<QSignalSpy>> spies;
+            const int first = qtClassOf(*specimen.widget)->methodCount(), end = type->methodCount();
+            std::map<int, std::unique_ptr<QSignalSpy>> spies;
             for (int i = first; i < end; ++i)
-                spies.push_back(type->method(i).methodType() == QMetaMethod::Signal
-                                    ? std::make_unique<QSignalSpy>(specimen.widget, type->method(i))
-                                    : nullptr);
+                if (type->method(i).methodType() == QMetaMethod::Signal)
+                    spies[i] = std::make_unique<QSignalSpy>(specimen.widget, type->method(i));
             for (int action = 0; action < actions.size(); ++action) {
                 actions[action](specimen);
-                for (int i = first; i < end; ++i)
-                    if (const auto &spy = spies[std::size_t(i - first)];
-                        spy && !spy->isEmpty() && !firedBy.contains(i))
-                        firedBy.insert(i, action);
+                for (const auto &[signal, spy] : spies)
+                    if (!spy->isEmpty() && !firedBy.contains(signal))
+                        firedBy.insert(signal, action);
             }
         }
         for (auto fired = firedBy.begin(); fired != firedBy.end(); ++fired) {

@@ -271,17 +271,17 @@ QVariant RVXPlotProxyModel::headerData(int section, Qt::Orientation orientation,
 
 Qt::ItemFlags RVXPlotProxyModel::flags(const QModelIndex &index) const
 {
-    return d_func()->items ? QAbstractProxyModel::flags(index) : QAbstractItemModel::flags(index);
+    return d_func()->items ? QAbstractProxyModel::flags(index) : Qt::NoItemFlags;
 }
 
 QModelIndex RVXPlotProxyModel::buddy(const QModelIndex &index) const
 {
-    return d_func()->items ? QAbstractProxyModel::buddy(index) : QAbstractItemModel::buddy(index);
+    return d_func()->items ? QAbstractProxyModel::buddy(index) : index;
 }
 
 QSize RVXPlotProxyModel::span(const QModelIndex &index) const
 {
-    return d_func()->items ? QAbstractProxyModel::span(index) : QAbstractItemModel::span(index);
+    return d_func()->items ? QAbstractProxyModel::span(index) : QSize(1, 1);
 }
 
 bool RVXPlotProxyModel::hasChildren(const QModelIndex &parent) const
@@ -296,13 +296,12 @@ bool RVXPlotProxyModel::canFetchMore(const QModelIndex &parent) const
 
 QStringList RVXPlotProxyModel::mimeTypes() const
 {
-    return d_func()->items ? QAbstractProxyModel::mimeTypes() : QAbstractItemModel::mimeTypes();
+    return d_func()->items ? QAbstractProxyModel::mimeTypes() : QStringList();
 }
 
 Qt::DropActions RVXPlotProxyModel::supportedDropActions() const
 {
-    return d_func()->items ? QAbstractProxyModel::supportedDropActions()
-                           : QAbstractItemModel::supportedDropActions();
+    return d_func()->items ? QAbstractProxyModel::supportedDropActions() : Qt::IgnoreAction;
 }
 
 QModelIndex RVXPlotProxyModel::mapToSource(const QModelIndex &proxyIndex) const

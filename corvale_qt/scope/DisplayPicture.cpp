@@ -120,7 +120,7 @@ public:
     {
         m_option.font = view.font();
         m_option.fontMetrics = QFontMetrics(m_option.font);
-        m_model.setSiPrefix(view.hasSiPrefix());
+        m_model.takeLook(&view);
         m_model.setOnWhite(onWhite);
         m_model.setSource(view.model());
         for (int row = 0; row < m_model.rowCount(); ++row) {

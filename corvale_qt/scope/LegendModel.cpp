@@ -73,6 +73,23 @@ void LegendModel::changeAll()
         Q_EMIT dataChanged(index(0), index(rowCount() - 1));
 }
 
+void LegendModel::takeLook(const RVXScopePlotView *view)
+{
+    setSiPrefix(view->hasSiPrefix());
+    setOnWhite(view->hasLightCanvas());
+    setValueUnit(view->valueUnit());
+    const QPointer<const RVXScopePlotView> guarded(view);
+    setAxes([guarded](int channel) {
+        return guarded ? guarded->channelAxis(channel) : RVXScopePlotView::NoAxis;
+    });
+    setLimits({[guarded](int channel) {
+                   return guarded && !guarded->channelLimits(channel).isEmpty();
+               },
+               [guarded](int channel) {
+                   return guarded ? guarded->limitState(channel) : LimitState::Normal;
+               }});
+}
+
 void LegendModel::setSiPrefix(bool on)
 {
     m_hasSiPrefix = on;

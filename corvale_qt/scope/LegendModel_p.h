@@ -36,6 +36,9 @@ public:
 
     //! Shows the channels of another model; null for none. The model is not owned.
     void setSource(QAbstractItemModel *source);
+    /*! Shows values, axes and limit states as \a view does now; the prefix, the unit and the colours do not follow it later. The
+        view may be deleted first. */
+    void takeLook(const RVXScopePlotView *view);
     //! Sets whether values have a prefix of their unit.
     void setSiPrefix(bool on);
     //! Sets whether the pens are those of curves on a white canvas.

@@ -112,26 +112,15 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     d->refresh.setSingleShot(true);
     d->refresh.setInterval(refreshInterval);
     connect(&d->refresh, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
-    d->model.setSiPrefix(view->hasSiPrefix());
+    d->model.takeLook(view);
     connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
         d->model.setSiPrefix(on);
     });
-    d->model.setOnWhite(view->hasLightCanvas());
     connect(view, &RVXScopePlotView::lightCanvasChanged, this, [d](bool light) {
         d->model.setOnWhite(light);
     });
-    d->model.setValueUnit(view->valueUnit());
     connect(view, &RVXScopePlotView::valueUnitChanged, &d->model, &LegendModel::setValueUnit);
-    d->model.setAxes([d](int channel) {
-        return d->view ? d->view->channelAxis(channel) : RVXScopePlotView::NoAxis;
-    });
     connect(view, &RVXScopePlotView::channelAxesChanged, &d->model, &LegendModel::changeAll);
-    d->model.setLimits({[d](int channel) {
-                            return d->view && !d->view->channelLimits(channel).isEmpty();
-                        },
-                        [d](int channel) {
-                            return d->view ? d->view->limitState(channel) : LimitState::Normal;
-                        }});
     connect(view, &RVXScopePlotView::limitStateChanged, &d->model, &LegendModel::changeLimitState);
     connect(view, &RVXScopePlotView::channelLimitsChanged, &d->model, &LegendModel::changeAll);
     // The canvas is painted for each picture, and with another model.
@@ -151,6 +140,13 @@ bool ScopeLegend::eventFilter(QObject *watched, QEvent *event)
             d->refresh.start();
     }
     return QListView::eventFilter(watched, event);
+}
+
+void ScopeLegend::paintEvent(QPaintEvent *event)
+{
+    // Qt puts the layout off to a later turn of the event loop, and a picture taken before it would have an empty legend.
+    executeDelayedItemsLayout();
+    QListView::paintEvent(event);
 }
 
 QSize ScopeLegend::sizeHint() const

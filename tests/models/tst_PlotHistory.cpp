@@ -500,12 +500,13 @@ private Q_SLOTS:
         QCOMPARE(view.xText(), QString("1..50.999"));
         view.SetYScaleMode(RVXScopePlotView::Normalized);
         QVERIFY(view.y().maxValue() >= 1.0);
-        // A marker that is put on blocks finds no sample, and stays where it is.
+        // A marker that is put on blocks stays where it is, and tells of a block instead of a sample.
         view.enablePlotMarker(true);
         view.SelectPoint1(QPointF(20.0, 0.0));
         view.settle();
         QCOMPARE(view.plotMarker(0)->xValue(), 20.0);
-        QVERIFY(!view.markerStatistics().first.isSet);
+        const auto marked = view.markerStatistics().first;
+        QVERIFY(marked.isSet && marked.row < 1);
         model.Clear();
         appendWave(model, 500);
         view.settle();

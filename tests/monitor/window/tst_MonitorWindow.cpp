@@ -322,7 +322,7 @@ private Q_SLOTS:
             {
                 DisplayedWindow w(file);
                 w.source->begin(StreamKind::Strips, 64);
-                w.window.resize(790, 555); // fits the screen of the test, unless that is scaled
+                w.window.resize(800, 555); // fits the screen of the test, unless that is scaled
                 w.window.findChild<QDockWidget *>("log")
                     ->show(); // a small window hides it at first
                 w.window.findChild<QDockWidget *>("statistics")->hide();
@@ -334,8 +334,8 @@ private Q_SLOTS:
             window.show();
             s.session.start();
             s.source->begin(StreamKind::Strips, 64);
-            if (window.screen()->availableSize().width() > 790)
-                QCOMPARE(window.size(), QSize(790, 555));
+            if (window.screen()->availableSize().width() >= 800)
+                QCOMPARE(window.size(), QSize(800, 555));
             QVERIFY(!window.findChild<QDockWidget *>("statistics")->isVisible());
             QVERIFY(window.findChild<QDockWidget *>("log")->isVisible());
             QCOMPARE(window.displays().currentDisplay(), QString("position"));

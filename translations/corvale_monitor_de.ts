@@ -1407,7 +1407,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>record nothing by itself</source>
-        <translation>nichts von selbst aufzeichnen</translation>
+        <translation>nichts aufzeichnen</translation>
     </message>
     <message>
         <source>never</source>
@@ -1566,20 +1566,24 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>keine Grenze</translation>
     </message>
     <message>
-        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
-        <translation>Eine Datei, die Orte und Kalibrierung des Detektors beschreibt (.json), oder eine Vorlage. Leer: was die Quelle angibt; Positionen werden in Zellen gezählt, wenn sie die Abstände nicht angibt.</translation>
-    </message>
-    <message>
         <source>&amp;No beam below:</source>
         <translation>&amp;Kein Strahl unter:</translation>
     </message>
     <message>
-        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
-        <translation>Die Positionsanzeigen sagen „kein Strahl“, wenn die Summe der Messwerte kleiner ist, in deren Einheit. Leer: bei jeder Summe.</translation>
+        <source>A file that describes the detector, or a preset. Empty: what the source says, otherwise positions in cells.</source>
+        <translation>Eine Datei, die den Detektor beschreibt, oder eine Vorlage. Leer: was die Quelle angibt, sonst Positionen in Zellen.</translation>
     </message>
     <message>
-        <source>&amp;Preset</source>
-        <translation>&amp;Vorlage</translation>
+        <source>A sum of readings, in their unit. Below it, the position displays say &quot;no beam&quot;.</source>
+        <translation>Eine Summe der Messwerte, in deren Einheit. Darunter sagen die Positionsanzeigen „kein Strahl“.</translation>
+    </message>
+    <message>
+        <source>Ch&amp;oose</source>
+        <translation>A&amp;uswählen</translation>
+    </message>
+    <message>
+        <source>&amp;File...</source>
+        <translation>&amp;Datei...</translation>
     </message>
 </context>
 <context>

@@ -1419,7 +1419,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Start</source>
-        <translation>Dém&amp;arrage</translation>
+        <translation>Dép&amp;art</translation>
     </message>
     <message>
         <source>&amp;Files</source>
@@ -1566,20 +1566,24 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>aucune limite</translation>
     </message>
     <message>
-        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
-        <translation>Un fichier décrivant les positions et l&apos;étalonnage du détecteur (.json), ou un modèle. Vide&#xa0;: selon la source&#xa0;; les positions sont comptées en cellules si elle n&apos;indique pas les écarts.</translation>
-    </message>
-    <message>
         <source>&amp;No beam below:</source>
         <translation>Pas de faisceau &amp;sous&#xa0;:</translation>
     </message>
     <message>
-        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
-        <translation>Les affichages de position disent «&#xa0;pas de faisceau&#xa0;» si la somme des mesures est inférieure, dans leur unité. Vide&#xa0;: quelle que soit la somme.</translation>
+        <source>A file that describes the detector, or a preset. Empty: what the source says, otherwise positions in cells.</source>
+        <translation>Un fichier qui décrit le détecteur, ou un modèle. Vide&#xa0;: selon la source, sinon des positions en cellules.</translation>
     </message>
     <message>
-        <source>&amp;Preset</source>
-        <translation>Mo&amp;dèle</translation>
+        <source>A sum of readings, in their unit. Below it, the position displays say &quot;no beam&quot;.</source>
+        <translation>Une somme de mesures, dans leur unité. En dessous, les affichages de position disent «&#xa0;pas de faisceau&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Ch&amp;oose</source>
+        <translation>Chois&amp;ir</translation>
+    </message>
+    <message>
+        <source>&amp;File...</source>
+        <translation>&amp;Fichier...</translation>
     </message>
 </context>
 <context>

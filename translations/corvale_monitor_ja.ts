@@ -1566,20 +1566,24 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>限界なし</translation>
     </message>
     <message>
-        <source>A file that describes the places and the calibration of the detector (.json), or a preset. Empty: what the source says; positions are counted in cells if it does not say how far apart they are.</source>
-        <translation>検出器の位置と校正を記述したファイル (.json)、またはプリセット。空: ソースの指定どおり。間隔の指定がなければ位置はセル単位です。</translation>
-    </message>
-    <message>
         <source>&amp;No beam below:</source>
         <translation>ビームなしとする下限(&amp;N):</translation>
     </message>
     <message>
-        <source>The position displays say &quot;no beam&quot; if the readings add up to less, in their unit. Empty: whatever they add up to.</source>
-        <translation>測定値の合計がこれより小さいと、位置の表示は「ビームなし」になります (測定値の単位)。空: 合計によりません。</translation>
+        <source>A file that describes the detector, or a preset. Empty: what the source says, otherwise positions in cells.</source>
+        <translation>検出器を記述したファイル、またはプリセット。空: ソースの指定どおり、なければ位置はセル単位。</translation>
     </message>
     <message>
-        <source>&amp;Preset</source>
-        <translation>プリセット(&amp;P)</translation>
+        <source>A sum of readings, in their unit. Below it, the position displays say &quot;no beam&quot;.</source>
+        <translation>測定値の合計 (その単位)。これを下回ると、位置の表示は「ビームなし」になります。</translation>
+    </message>
+    <message>
+        <source>Ch&amp;oose</source>
+        <translation>選択(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;File...</source>
+        <translation>ファイル(&amp;F)...</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Monitor {
@@ -113,8 +114,9 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
     fill();
-    constexpr int columns = 80;
-    resize(fontMetrics().averageCharWidth() * columns, sizeHint().height());
+    constexpr int columns = 96;
+    const int width = fontMetrics().averageCharWidth() * columns;
+    resize(width, std::max(sizeHint().height(), layout->heightForWidth(width)));
 }
 
 QWidget *SettingsDialog::newStartPage(const QString &settingsFile)
@@ -179,15 +181,14 @@ QWidget *SettingsDialog::newReadingsPage()
                 "of a source on. Empty: the limits that the source states."));
     addField(layout,
              tr("&Detector:"),
-             withPresets(withBrowse(m_detector, false), m_detector),
-             tr("A file that describes the places and the calibration of the detector (.json), or "
-                "a preset. Empty: what the source says; positions are counted in cells if it does "
-                "not say how far apart they are."));
-    addField(layout,
-             tr("&No beam below:"),
-             m_minimumSum,
-             tr("The position displays say \"no beam\" if the readings add up to less, in their "
-                "unit. Empty: whatever they add up to."));
+             withDetectors(m_detector),
+             tr("A file that describes the detector, or a preset. Empty: what the source says, "
+                "otherwise positions in cells."));
+    addField(
+        layout,
+        tr("&No beam below:"),
+        m_minimumSum,
+        tr("A sum of readings, in their unit. Below it, the position displays say \"no beam\"."));
     return page;
 }
 
@@ -197,7 +198,7 @@ QWidget *SettingsDialog::newRecordPage()
     auto *layout = new QFormLayout(page);
     addField(layout,
              tr("Fo&lder:"),
-             withBrowse(m_folder, true),
+             withBrowse(m_folder),
              tr("Every source that is opened is recorded to a new file in this folder, named after "
                 "its date and time in UTC. Empty: only File > Record."));
     addField(layout,
@@ -209,33 +210,39 @@ QWidget *SettingsDialog::newRecordPage()
     return page;
 }
 
-QWidget *SettingsDialog::withBrowse(QLineEdit *edit, bool folder)
+QWidget *SettingsDialog::withBrowse(QLineEdit *edit)
 {
-    auto *browse = new QPushButton(tr("&Browse..."), this);
-    browse->setAutoDefault(false);
+    auto *button = new QPushButton(tr("&Browse..."), this);
+    button->setAutoDefault(false);
     auto *row = new QWidget(this);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(edit, 1);
-    layout->addWidget(browse);
+    layout->addWidget(button);
     row->setFocusProxy(edit);
-    connect(browse, &QPushButton::clicked, this, [this, edit, folder] {
-        const QString path = folder
-            ? QFileDialog::getExistingDirectory(this, tr("Folder for recordings"), edit->text())
-            : QFileDialog::getOpenFileName(this,
-                                           tr("Description of a detector"),
-                                           edit->text(),
-                                           tr("Detectors (*.json);;All files (*)"));
-        if (!path.isEmpty())
-            edit->setText(path);
+    connect(button, &QPushButton::clicked, this, [this, edit] {
+        browse(edit, true);
     });
     return row;
 }
 
-//! Adds a button beside the field that writes the name of a preset into it.
-QWidget *SettingsDialog::withPresets(QWidget *row, QLineEdit *edit)
+void SettingsDialog::browse(QLineEdit *edit, bool folder)
 {
-    auto *button = new QPushButton(tr("&Preset"), row);
+    const QString path = folder
+        ? QFileDialog::getExistingDirectory(this, tr("Folder for recordings"), edit->text())
+        : QFileDialog::getOpenFileName(this,
+                                       tr("Description of a detector"),
+                                       edit->text(),
+                                       tr("Detectors (*.json);;All files (*)"));
+    if (!path.isEmpty())
+        edit->setText(path);
+}
+
+//! Adds a button beside the field, with a menu: a file, or one of the presets.
+QWidget *SettingsDialog::withDetectors(QLineEdit *edit)
+{
+    auto *row = new QWidget(this);
+    auto *button = new QPushButton(tr("Ch&oose"), row);
     button->setObjectName(QStringLiteral("presets"));
     button->setAutoDefault(false);
     auto *menu = new QMenu(button);
@@ -244,8 +251,16 @@ QWidget *SettingsDialog::withPresets(QWidget *row, QLineEdit *edit)
         connect(menu->addAction(presetText(name)), &QAction::triggered, edit, [edit, name] {
             edit->setText(name);
         });
+    menu->addSeparator();
+    connect(menu->addAction(tr("&File...")), &QAction::triggered, this, [this, edit] {
+        browse(edit, false);
+    });
     button->setMenu(menu);
-    row->layout()->addWidget(button);
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(edit, 1);
+    layout->addWidget(button);
+    row->setFocusProxy(edit);
     return row;
 }
 

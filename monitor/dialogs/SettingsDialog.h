@@ -35,8 +35,9 @@ private:
     QWidget *newReadingsPage();
     QWidget *newRecordPage();
     void fill();
-    QWidget *withBrowse(QLineEdit *edit, bool folder);
-    QWidget *withPresets(QWidget *row, QLineEdit *edit);
+    QWidget *withBrowse(QLineEdit *edit);
+    void browse(QLineEdit *edit, bool folder);
+    QWidget *withDetectors(QLineEdit *edit);
     QString fault() const;
 
     const MonitorOptions m_former;

@@ -15,7 +15,7 @@ using Corvale_Qt::ChannelLimits;
 namespace {
 
 constexpr int limitColumns = 4;
-constexpr QSize usualSize(560, 420);
+constexpr QSize usualSize(640, 420);
 
 } // namespace
 
@@ -42,7 +42,8 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     m_table->setAccessibleName(tr("Limits of each channel"));
     m_table->setHorizontalHeaderLabels(
         {tr("Low alarm"), tr("Low warning"), tr("High warning"), tr("High alarm")});
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->horizontalHeader()->setStretchLastSection(true);
     fill();
     connect(m_table, &QTableWidget::cellChanged, this, &LimitsDialog::check);
 

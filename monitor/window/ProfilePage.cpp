@@ -17,12 +17,14 @@ namespace {
 //! The width of the page, in characters, from which the side bar leaves enough room for the picture.
 constexpr int charactersForSideBar = 120;
 
+const QString withoutColors = QStringLiteral("padding: 2px;"); // no verdict moves the picture
+
 //! Returns the colours of a verdict: the text says the same.
 QString styleOf(Corvale_Qt::BeamValidity validity)
 {
     switch (validity) {
     case Corvale_Qt::BeamValidity::Valid:
-        return {};
+        return withoutColors;
     case Corvale_Qt::BeamValidity::FitPoor:
         return QStringLiteral("background: #ffb300; color: black; padding: 2px;");
     case Corvale_Qt::BeamValidity::NotValid:
@@ -42,6 +44,7 @@ ProfilePage::ProfilePage(QWidget *parent)
     m_numbers->setObjectName(QStringLiteral("profileNumbers"));
     m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
+    m_numbers->setStyleSheet(withoutColors);
     m_numbers->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_numbers->setAlignment(Qt::AlignCenter);
     auto *layout = new QVBoxLayout(this);
@@ -101,7 +104,7 @@ void ProfilePage::showNumbers()
 {
     const Corvale_Qt::BeamVerdict verdict = m_display->verdict();
     const bool hasFrame = m_display->shownResult().frame > 0;
-    m_numbers->setStyleSheet(hasFrame ? styleOf(verdict.validity) : QString());
+    m_numbers->setStyleSheet(hasFrame ? styleOf(verdict.validity) : withoutColors);
     QString text;
     if (m_display->getCalc().valid) {
         // A line may only break between two numbers.

@@ -85,8 +85,8 @@ class BlockTexts
 {
 public:
     BlockTexts(const ScopeModel &model, int channel, const RVXPlotHistory::Block &block)
-        : m_hasSiPrefix(model.hasSiPrefix())
-        , m_unit(m_hasSiPrefix ? model.unitName(channel) : QString())
+        : m_model(model)
+        , m_channel(channel)
         , m_block(block)
     {
     }
@@ -100,12 +100,13 @@ private:
         if (m_block.count < 1)
             return notAvailable();
         constexpr double sixDigits = 1e-5;
-        return m_hasSiPrefix ? Units::SiPrefix::text(value, m_unit, sixDigits * std::abs(value))
-                             : number(value);
+        return m_model.hasSiPrefix()
+            ? m_model.numberWithPrefix(m_channel, value, sixDigits * std::abs(value))
+            : number(value);
     }
 
-    bool m_hasSiPrefix;
-    QString m_unit;
+    const ScopeModel &m_model;
+    const int m_channel;
     const RVXPlotHistory::Block &m_block;
 };
 

@@ -43,6 +43,7 @@ void ScopeMarkers::place(int index, const QPointF &position)
     state.channel = -1;
     state.held = -1;
     state.onSample = false;
+    state.inBlocks = false;
     state.row = -1;
     state.sweepOffset = -1;
     m_selected = index;
@@ -87,6 +88,7 @@ void ScopeMarkers::followSelection(int row, int channel)
     if (row > 0) {
         state.item->setXValue(sampleX(m_model.reader(), row));
         state.onSample = true;
+        state.inBlocks = false;
         state.row = row;
         state.sweepOffset = -1;
     }
@@ -143,7 +145,7 @@ void ScopeMarkers::forgetRows()
 void ScopeMarkers::samplesHaveGone()
 {
     for (int i = 0; i < count; ++i) {
-        if (m_states[size_t(i)].row > 0)
+        if (m_states[size_t(i)].row > 0 || m_states[size_t(i)].inBlocks)
             detach(i);
     }
     forgetRows();
@@ -187,12 +189,19 @@ void ScopeMarkers::rowsRemoved(int start, int end)
         state.row = -1;
         if (RVXPlotHistory::of(m_model.plot())) { // its reading is in a block now
             state.onSample = false;
+            state.inBlocks = true;
             continue;
         }
-        detach(i);
-        if (m_selected == i)
-            selectOther();
+        remove(i);
     }
+}
+
+//! Takes a marker away whose sample has left; keys move the other one then.
+void ScopeMarkers::remove(int index)
+{
+    detach(index);
+    if (m_selected == index)
+        selectOther();
 }
 
 void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
@@ -233,20 +242,37 @@ void ScopeMarkers::findInStrip(const RVXPlotHistory *history, double firstX)
         Data &data = m_data[size_t(i)];
         if (!isAttached(i))
             continue;
-        if (history && !state.onSample && state.row < 0 && data.x < firstX)
-            data.place = HistoryPlace::at(*history, data.x);
-        if (state.row < 0 && !data.place.isValid()) {
+        if (history && !state.onSample && state.row < 0 && data.x < firstX) {
+            findInBlocks(i);
+            continue;
+        }
+        if (state.row < 0 && !state.inBlocks) {
             state.row = state.onSample ? rowAt(m_reader, m_modelRows, data.x)
                                        : firstRowFrom(m_reader, m_modelRows, data.x);
         }
-        if (state.row < 0 && state.onSample)
-            detach(i); // its sample has left the model
+        if (state.row < 0 && (state.onSample || state.inBlocks))
+            remove(i); // neither a row nor a block has its sample any more
         if (state.row < 0)
             continue;
         data.row = state.row;
         data.x = sampleX(m_reader, state.row);
         state.onSample = true;
     }
+}
+
+//! Finds the block of a marker before the first row, unless the history has forgotten the time at which the marker stood.
+void ScopeMarkers::findInBlocks(int index)
+{
+    State &state = m_states[size_t(index)];
+    Data &data = m_data[size_t(index)];
+    if (state.inBlocks && data.x < m_history->oldest()) {
+        remove(index);
+        return;
+    }
+    data.place = HistoryPlace::at(*m_history, data.x);
+    const RVXPlotHistory::Interval block = m_history->interval(data.place.level, data.place.block);
+    data.x = std::clamp(data.x, block.first, block.last); // nothing was read between blocks
+    state.inBlocks = true;
 }
 
 void ScopeMarkers::findInSweep(int size, int lost)
@@ -260,6 +286,7 @@ void ScopeMarkers::findInSweep(int size, int lost)
         if (state.sweepOffset < 0)
             state.sweepOffset = sweepOffset(state, data.x, size);
         state.row = -1; // from now on the marker keeps to its offset in the sweep
+        state.inBlocks = false;
         const int offset = state.sweepOffset - lost;
         if (offset < 0 || offset >= size)
             continue;

@@ -47,13 +47,19 @@ const SpanIntegral &ScopeMarkers::spanIntegral() const
                              m_gaps ? *m_gaps : none);
 }
 
+//! Returns the history that the last plot read. Null if it has gone since: hosts may ask at any time.
+const RVXPlotHistory *ScopeMarkers::history() const
+{
+    return m_history ? RVXPlotHistory::of(m_model.plot()) : nullptr;
+}
+
 //! Returns whether the blocks of a history tell the readings from one marker to the other, or some of them.
 bool ScopeMarkers::spansBlocks() const
 {
     const auto stands = [this](int index) {
         return isAttached(index) && (reads(index) || isOnBlock(m_data[size_t(index)]));
     };
-    return m_history && stands(0) && stands(1) && (isOnBlock(m_data[0]) || isOnBlock(m_data[1]));
+    return (isOnBlock(m_data[0]) || isOnBlock(m_data[1])) && stands(0) && stands(1) && history();
 }
 
 //! Returns the readings of the second marker's channel from one marker to the other, as far as blocks and rows tell them.
@@ -63,7 +69,7 @@ BlockStatistics ScopeMarkers::blockStatistics() const
     const int column = m_data[1].column;
     const Data *const onRow = reads(0) ? &m_data[0] : reads(1) ? &m_data[1] : nullptr;
     BlockStatistics result(
-        HistorySpan::between(*m_history, column, left, onRow ? sampleX(m_reader, 1) : right));
+        HistorySpan::between(*history(), column, left, onRow ? sampleX(m_reader, 1) : right));
     if (onRow)
         result.add(m_span.of(m_reader, column, {1, onRow->row}, m_model.unitScale(column)),
                    onRow->x);
@@ -86,7 +92,7 @@ ScopeMarkerStatistics ScopeMarkers::statistics() const
         const Data &data = m_data[size_t(i)];
         if (reads(i))
             *markers[i] = {true, modelRow(data), data.column, data.x, data.value};
-        else if (m_history && isAttached(i) && isOnBlock(data))
+        else if (isAttached(i) && isOnBlock(data) && history())
             *markers[i] = {true, 0, data.column, data.x, std::nan("")};
     }
     if (!result.hasSpan())

@@ -109,7 +109,8 @@ public:
     void selectOther();
     void clearLabels();
     /*! Finds the markers' rows among all samples. A marker before \a firstX, where there are only the blocks of \a history, stays
-        where it is and reads a block; \a history may be null. */
+        where it is, or moves to the nearest block, and reads that. It is removed when the history forgets its time. \a history,
+        which has blocks, may be null. */
     void findInStrip(const RVXPlotHistory *history, double firstX);
     //! Gives the block of \a channel to the markers that stand on blocks, as snap() does; what is drawn is divided by \a divisor.
     void snapToBlock(int channel, double divisor);
@@ -141,6 +142,7 @@ private:
         int channel = -1; //!< the selected channel, which the marker keeps to; -1 for the nearest
         int held = -1; //!< the channel it snapped to; -1 before the first plot
         bool onSample = false; //!< x is that of a sample, no longer that of a click
+        bool inBlocks = false; //!< in strip mode, x is before the first row and in a block
         int row = -1; //!< row of its sample in the model, in strip mode; -1 if not found yet
         int sweepOffset = -1; //!< sample of the whole sweep, counted from 0; -1 if not found yet
     };
@@ -160,9 +162,12 @@ private:
 
     bool takes(int index, int channel, double y, Data &data) const;
     double distance(const QwtPlotMarker &marker, int channel, double y) const;
+    void remove(int index);
+    void findInBlocks(int index);
     void readHeldChannel(int index);
     static bool isOnBlock(const Data &data) { return data.place.isValid() && data.column > 0; }
     QString labelText(const Data &data, double resolution) const;
+    const RVXPlotHistory *history() const;
     bool spansBlocks() const;
     BlockStatistics blockStatistics() const;
     MarkedSample marked(const Data &data, double resolution) const;
@@ -186,7 +191,8 @@ private:
     PlotColumnReader m_reader; //!< of the current plot
     RowRange m_modelRows; //!< of the current plot
     const TimeGaps *m_gaps = nullptr; //!< of the current plot
-    const RVXPlotHistory *m_history = nullptr; //!< of the current plot; null for none
+    const RVXPlotHistory *m_history =
+        nullptr; //!< of the current plot, and read only during that; null for none
     mutable MarkerSpan m_span;
     int m_lostOfSweep =
         0; //!< samples of the current sweep that are gone, counted from its beginning

@@ -477,6 +477,77 @@ private Q_SLOTS:
         QVERIFY(!view.markerStatistics().first.isSet);
     }
 
+    //! A marker never wanders: without a history, or when that has forgotten its time, it goes with its sample.
+    void aMarkerLeavesWithTheLastOfItsReadings()
+    {
+        for (const double span : {0.0, 1000.0}) {
+            RVXMultichannelDeviceModel model(1);
+            model.setCapacity(500);
+            model.setHistorySpan(span);
+            int rows = 0;
+            const auto append = [&](int more) {
+                for (const int end = rows + more; rows < end; ++rows)
+                    model.appendRows({double(rows)}, {double(rows)});
+            };
+            append(500);
+            ScopeTestView view(&model);
+            view.setTimeSpan(qInf());
+            view.enablePlotMarker(true);
+            view.SelectPoint1(QPointF(100.0, 100.0));
+            view.SelectPoint2(QPointF(400.0, 400.0));
+            QVERIFY(view.markerStatistics().hasSpan());
+            append(450);
+            QCOMPARE(view.markerStatistics().first.isSet, span > 0.0);
+            QCOMPARE(view.hasMarker(0), span > 0.0);
+            append(3000);
+            QVERIFY(!view.markerStatistics().first.isSet && !view.markerStatistics().second.isSet);
+            QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
+        }
+    }
+
+    //! A marker says nothing of a time at which nothing was read, also among blocks.
+    void aMarkerInAnOutageStandsOnTheBlockAfterIt()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(100);
+        model.setHistorySpan(1e9);
+        for (int row = 0; row < 1280; ++row) // 640 seconds, an hour of nothing, and on
+            model.appendRows({row < 640 ? row : row + 3600.0}, {double(row)});
+        ScopeTestView view(&model);
+        view.setTimeSpan(qInf());
+        view.setSiPrefix(true);
+        view.setValueUnit("mA");
+        view.enablePlotMarker(true);
+        view.SelectPoint1(QPointF(2000.0, 700.0));
+        QCOMPARE(view.markerStatistics().first.time, 4240.0);
+        QVERIFY2(view.markerText(0).contains("\n640000 mA to 703000 mA\nof 64 readings"),
+                 qPrintable(view.markerText(0)));
+    }
+
+    //! A listener that hears first that the model is being deleted gets nothing from a history that has gone.
+    void askedWhileTheModelIsDeleted()
+    {
+        auto model = std::make_unique<RVXMultichannelDeviceModel>(1);
+        ScopeTestView view;
+        ScopeMarkerStatistics asked;
+        connect(model.get(), &QObject::destroyed, this, [&] {
+            asked = view.markerStatistics();
+        });
+        model->setCapacity(100);
+        model->setHistorySpan(1e9);
+        for (int row = 0; row < 1000; ++row)
+            model->appendRows({double(row)}, {double(row)});
+        view.setModel(model.get());
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+        view.SelectPoint1(QPointF(200.0, 200.0));
+        view.SelectPoint2(QPointF(500.0, 500.0));
+        asked = view.markerStatistics();
+        QVERIFY(asked.hasSpan() && asked.count > 0);
+        model.reset();
+        QVERIFY(!asked.first.isSet && !asked.second.isSet);
+    }
+
     // The numbers between the markers against sums over the cells, while rows stream in.
     void theMarkersMeasureWhileRowsStreamIn()
     {

@@ -31,7 +31,8 @@ void ChannelUnits::update() const
 {
     if (!std::exchange(m_isOutdated, false))
         return;
-    ++m_version;
+    const QVector<Place> formerPlaces = m_places;
+    const QStringList formerSymbols = m_symbols;
     m_symbols.clear();
     m_firstChannel = 0;
     m_places.resize(m_model.channelCount());
@@ -48,6 +49,8 @@ void ChannelUnits::update() const
         const int found = m_symbols.indexOf(m_model.unitName(channel));
         m_places[channel - 1] = found < 0 ? Further : Place(std::min(found, int(Further)));
     }
+    if (m_places != formerPlaces || m_symbols != formerSymbols)
+        ++m_version;
 }
 
 ChannelUnits::Place ChannelUnits::placeOf(int channel) const
@@ -56,6 +59,12 @@ ChannelUnits::Place ChannelUnits::placeOf(int channel) const
         return First;
     update();
     return m_places.value(channel - 1, Further);
+}
+
+bool ChannelUnits::hasFirst() const
+{
+    update();
+    return m_firstChannel > 0;
 }
 
 bool ChannelUnits::hasSecond() const

@@ -32,10 +32,12 @@ public:
     //! Has the model asked again: its units, or the channels that are shown, may be others.
     void outdate() { m_isOutdated = true; }
 
-    //! Returns a number that is another one whenever places may have changed.
+    //! Returns a number that is another one after each change of places or units.
     int version() const;
     //! Returns the place of the unit of a channel, counted from 1.
     Place placeOf(int channel) const;
+    //! Returns whether a channel is shown, whose unit is the first one then.
+    bool hasFirst() const;
     //! Returns whether a channel is shown that has another unit than the first one.
     bool hasSecond() const;
     //! Returns the symbol of the first or the second unit; empty for none.

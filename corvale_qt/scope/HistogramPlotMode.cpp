@@ -210,12 +210,7 @@ QString HistogramPlotMode::barText(int channel) const
     return namesUnit ? text + QLatin1Char(' ') + bars.unit : text;
 }
 
-int HistogramPlotMode::markerChannel(int index) const
-{
-    return channelAt(m_context.markers.item(index)->xValue());
-}
-
-//! Returns the channel, counted from 1, whose bar is nearest to \a x.
+//! Returns the channel, counted from 1, whose place is nearest to \a x.
 int HistogramPlotMode::channelAt(double x) const
 {
     const int channels = m_context.statistics.bars().readings.size();
@@ -223,6 +218,40 @@ int HistogramPlotMode::channelAt(double x) const
     if (places.apply(channels))
         return places.nearestChannel(x) + 1;
     return int(std::lround(std::clamp(x, 1.0, double(channels))));
+}
+
+//! Returns whether a channel has a bar; one in another unit than that of the axis has none.
+bool HistogramPlotMode::hasBar(int channel) const
+{
+    return m_context.axes.axisOf(channel) != ScopeAxes::noAxis;
+}
+
+//! Returns the channel whose bar is \a steps bars beside that of another one, or as far as there are bars.
+int HistogramPlotMode::channelBeside(int channel, int steps) const
+{
+    const int channels = m_context.statistics.bars().readings.size();
+    const int direction = steps < 0 ? -1 : 1;
+    int found = channel;
+    for (int next = channel + direction; steps != 0 && next >= 1 && next <= channels;
+         next += direction) {
+        if (!hasBar(next))
+            continue;
+        found = next;
+        steps -= direction;
+    }
+    return found;
+}
+
+//! Returns the channel on whose bar a marker stands. A marker beside a bar that is not drawn stands on the next one.
+int HistogramPlotMode::markerChannel(int index) const
+{
+    const int nearest = channelAt(m_context.markers.item(index)->xValue());
+    if (hasBar(nearest))
+        return nearest;
+    const int before = channelBeside(nearest, -1);
+    const int after = channelBeside(nearest, 1);
+    const bool isBefore = hasBar(before) && (!hasBar(after) || nearest - before <= after - nearest);
+    return isBefore ? before : after;
 }
 
 //! Returns x of a channel's bar, counted from 1.
@@ -239,8 +268,10 @@ MarkerStatistics HistogramPlotMode::span() const
 {
     const auto ends = std::minmax({markerChannel(0), markerChannel(1)});
     MarkerStatistics statistics;
-    for (int bar = ends.first; bar <= ends.second; ++bar)
-        statistics.add(m_context.statistics.bars().readings[bar - 1]);
+    for (int bar = ends.first; bar <= ends.second; ++bar) {
+        if (hasBar(bar))
+            statistics.add(m_context.statistics.bars().readings[bar - 1]);
+    }
     return statistics;
 }
 
@@ -281,6 +312,8 @@ HoverReading HistogramPlotMode::readingAt(double x) const
     if (!m_context.histogram.plot() || bars.readings.isEmpty() || !isInside)
         return reading;
     const int channel = channelAt(x);
+    if (!hasBar(channel))
+        return reading;
     const ScopeModel &model = m_context.model;
     MarkedSample sample{bars.time, channel, bars.readings[channel - 1]};
     if (model.hasSiPrefix())
@@ -294,13 +327,10 @@ HoverReading HistogramPlotMode::readingAt(double x) const
 
 void HistogramPlotMode::moveMarker(int index, int steps)
 {
-    const int channels = m_context.statistics.bars().readings.size();
-    if (channels == 0)
+    if (m_context.statistics.bars().readings.isEmpty())
         return;
-    const int channel = markerChannel(index) + steps;
-    const bool placed = m_context.statistics.places().apply(channels);
-    m_context.markers.item(index)->setXValue(placed ? markerPlace(std::clamp(channel, 1, channels))
-                                                    : channel);
+    const int channel = channelBeside(markerChannel(index), steps);
+    m_context.markers.item(index)->setXValue(markerPlace(channel));
 }
 
 } // namespace Corvale_Qt

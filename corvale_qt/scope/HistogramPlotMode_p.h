@@ -39,6 +39,8 @@ private:
     QString barText(int channel) const;
     int markerChannel(int index) const;
     int channelAt(double x) const;
+    bool hasBar(int channel) const;
+    int channelBeside(int channel, int steps) const;
     MarkerStatistics span() const;
 
     BarSeries *m_series; //!< owned by the histogram

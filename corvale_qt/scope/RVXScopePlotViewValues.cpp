@@ -94,7 +94,7 @@ double RVXScopePlotView::fromShownValue(const QString &text) const
 
 void RVXScopePlotViewPrivate::announceAxesLater()
 {
-    const int axes = context.units.version();
+    const int axes = context.axes.version();
     if (std::exchange(announcedAxes, axes) == axes)
         return;
     QMetaObject::invokeMethod(

@@ -152,7 +152,7 @@ public:
     bool announcementAsked = false;
     bool limitsAnnouncementAsked = false;
     TriggerState announcedTrigger = TriggerState::Off;
-    int announcedAxes = 0; //!< a version of the units of the channels
+    int announcedAxes = 0; //!< a version of the axes of the channels
     ScopeMarkerStatistics announcedMarkers;
     QPointer<QLabel> bufferSizeLabel;
     int samplesShown = -1; //!< by the label

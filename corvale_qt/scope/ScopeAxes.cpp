@@ -122,7 +122,8 @@ void ScopeAxes::applyYScale(int axis, const YScale &scale)
 
 bool ScopeAxes::followUnits(Show show, bool isRelative)
 {
-    m_show = show;
+    if (std::exchange(m_show, show) != show && m_units.areApart())
+        ++m_showVersion;
     const QString left = isRelative ? QString() : m_units.symbol(ChannelUnits::First);
     bool isOther = values().setGivenUnit(left);
     const bool hasRight = show == Show::TwoUnits && m_units.hasSecond();
@@ -142,6 +143,11 @@ int ScopeAxes::axisOf(int channel) const
     if (place == ChannelUnits::First)
         return QwtPlot::yLeft;
     return place == ChannelUnits::Second && m_hasRight ? int(QwtPlot::yRight) : noAxis;
+}
+
+int ScopeAxes::version() const
+{
+    return m_units.version() + m_showVersion;
 }
 
 QStringList ScopeAxes::namesWithoutAxis() const

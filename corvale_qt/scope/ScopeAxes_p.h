@@ -63,6 +63,8 @@ public:
     bool followUnits(Show show, bool isRelative);
     //! Returns the y axis of a channel, counted from 1; noAxis if its unit has none.
     int axisOf(int channel) const;
+    //! Returns a number that is another one whenever axisOf() may return something else.
+    int version() const;
     //! Returns the names of the channels that are shown and whose unit has no axis.
     QStringList namesWithoutAxis() const;
     //! Returns whether the right axis is shown.
@@ -88,6 +90,7 @@ private:
     std::array<ValueAxis, 2> m_values; //!< left and right
     Show m_show = Show::AllUnits;
     bool m_hasRight = false;
+    int m_showVersion = 0; //!< counts what else is drawn of channels that are told apart
     QFont m_timeFont; //!< of the x axis while x is time
     // Setting a title lays out the plot even if the title is the same.
     QString m_xTitle;

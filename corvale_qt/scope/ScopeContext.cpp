@@ -37,7 +37,7 @@ void ScopeContext::followUnits(ScopeAxes::Show show)
     const bool isOther = axes.followUnits(show, isRelative);
     if (!units.areApart())
         return;
-    if (!isRelative && !yScale.rangeUnit)
+    if (!isRelative && !yScale.rangeUnit && units.hasFirst())
         yScale.rangeUnit = axes.values().givenUnit();
     if (!isOther)
         return;

@@ -415,12 +415,20 @@ private Q_SLOTS:
         QCOMPARE(view.axes(), QString("LRR-"));
 
         // A normalised scale has no unit. The axes are there again after it.
+        QSignalSpy axesChanged(&view, &View::channelAxesChanged);
+        view.model.change(1, 2, 1500.0); // row 1 may tell of another unit, but does not
+        view.settle();
+        QCOMPARE(axesChanged.size(), 0);
         view.SetYScaleMode(View::Normalized);
         QCOMPARE(view.axes(), QString("LLLL"));
+        QCOMPARE(axesChanged.size(), 1);
         QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
         QCOMPARE(note(view), QString());
         view.SetYScaleMode(View::AutoScale);
         QCOMPARE(view.axes(), QString("LRR-"));
+        view.showMode(View::HistogramMode);
+        QCOMPARE(view.axes(), QString("L---"));
+        QCOMPARE(axesChanged.size(), 3);
         view.SetPlotMode(View::ScopeMode);
         view.setSampleSpan(32);
         QCOMPARE(view.axes(), QString("LRR-"));
@@ -528,6 +536,43 @@ private Q_SLOTS:
         QCOMPARE(view.right().maxValue(), 1000.0);
         view.setValueUnit("V");
         QCOMPARE(view.title(QwtPlot::yLeft) + view.title(QwtPlot::yRight), QString("nAV"));
+    }
+
+    //! A panel is set up before the instrument is there, which brings the unit of the range.
+    void aRangeWaitsForItsUnit()
+    {
+        BeamLineView source;
+        RVXAveragingProxyModel proxy;
+        ScopeTestView view(&proxy);
+        view.setSecondAxis(true);
+        view.SetRange(-1e-7, 1e-7);
+        view.SetYScaleMode(View::FullRange);
+        view.settle();
+        proxy.setSourceModel(&source.model);
+        QCOMPARE(view.yText(), QString("-1e-07..1e-07"));
+        QCOMPARE(view.qwtPlot()->axisInterval(QwtPlot::yRight).maxValue(), 1700.0);
+    }
+
+    //! Markers stand on bars, and what they say of the bars between them is in the unit of these.
+    void markersKeepToTheBarsOfOneUnit()
+    {
+        BeamLineView view;
+        view.model.ownUnits.remove(4); // the coil has a current as well
+        view.setSecondAxis(false);
+        view.setSecondAxis(true);
+        view.enablePlotMarker(true);
+        view.showMode(View::HistogramMode);
+        QCOMPARE(view.axes(), QString("L--L"));
+        view.click(Qt::LeftButton, 1.0, 0.0);
+        view.click(Qt::RightButton, 2.2, 0.0);
+        QVERIFY2(view.markerText(1).contains("beam"), qPrintable(view.markerText(1)));
+        view.press(Qt::Key_Right);
+        QVERIFY2(view.markerText(1).contains("coil"), qPrintable(view.markerText(1)));
+        const ScopeMarkerStatistics is = view.markerStatistics();
+        QCOMPARE(is.second.channel, 4);
+        QCOMPARE(QPoint(is.count, is.missing), QPoint(2, 0));
+        view.press(Qt::Key_Left);
+        QVERIFY2(view.markerText(1).contains("beam"), qPrintable(view.markerText(1)));
     }
 
     //! The bars and their statistics are those of one unit.

@@ -294,9 +294,60 @@ bool RVXPlotProxyModel::canFetchMore(const QModelIndex &parent) const
     return d_func()->items && QAbstractProxyModel::canFetchMore(parent);
 }
 
+void RVXPlotProxyModel::fetchMore(const QModelIndex &parent)
+{
+    if (d_func()->items)
+        QAbstractProxyModel::fetchMore(parent);
+}
+
+bool RVXPlotProxyModel::setHeaderData(int section,
+                                      Qt::Orientation orientation,
+                                      const QVariant &value,
+                                      int role)
+{
+    return d_func()->items && QAbstractProxyModel::setHeaderData(section, orientation, value, role);
+}
+
+void RVXPlotProxyModel::sort(int column, Qt::SortOrder order)
+{
+    if (d_func()->items)
+        QAbstractProxyModel::sort(column, order);
+}
+
+bool RVXPlotProxyModel::submit()
+{
+    return !d_func()->items || QAbstractProxyModel::submit(); // nothing is left to submit
+}
+
+void RVXPlotProxyModel::revert()
+{
+    if (d_func()->items)
+        QAbstractProxyModel::revert();
+}
+
 QStringList RVXPlotProxyModel::mimeTypes() const
 {
     return d_func()->items ? QAbstractProxyModel::mimeTypes() : QStringList();
+}
+
+QMimeData *RVXPlotProxyModel::mimeData(const QModelIndexList &indexes) const
+{
+    return d_func()->items ? QAbstractProxyModel::mimeData(indexes) : nullptr;
+}
+
+bool RVXPlotProxyModel::canDropMimeData(const QMimeData *data,
+                                        Qt::DropAction action,
+                                        int row,
+                                        int column,
+                                        const QModelIndex &parent) const
+{
+    return d_func()->items
+        && QAbstractProxyModel::canDropMimeData(data, action, row, column, parent);
+}
+
+Qt::DropActions RVXPlotProxyModel::supportedDragActions() const
+{
+    return d_func()->items ? QAbstractProxyModel::supportedDragActions() : Qt::IgnoreAction;
 }
 
 Qt::DropActions RVXPlotProxyModel::supportedDropActions() const

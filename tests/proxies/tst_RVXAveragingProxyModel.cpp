@@ -146,6 +146,13 @@ private Q_SLOTS:
                     QVERIFY(!proxy.headerData(1, Qt::Horizontal).isValid());
                     QCOMPARE(proxy.flags(QModelIndex()), Qt::NoItemFlags);
                     QVERIFY(!proxy.hasChildren() && !proxy.canFetchMore({}));
+                    QVERIFY(!proxy.setHeaderData(1, Qt::Horizontal, 0) && proxy.submit());
+                    QVERIFY(!proxy.mimeData({QModelIndex()}));
+                    QVERIFY(!proxy.canDropMimeData(nullptr, Qt::CopyAction, 0, 0, {}));
+                    QCOMPARE(proxy.supportedDragActions(), Qt::IgnoreAction);
+                    proxy.fetchMore({});
+                    proxy.sort(0);
+                    proxy.revert();
                     proxy.setAveraging(3);
                     if (hasNext)
                         proxy.setSourceModel(&next);

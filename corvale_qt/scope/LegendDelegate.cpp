@@ -22,6 +22,31 @@ int valueWidth(const QFontMetrics &metrics)
     return metrics.horizontalAdvance(QStringLiteral("-000.00 nA"));
 }
 
+//! Returns how wide a value may be that shares a width with a name: as wide as it is where the name leaves room.
+int roomFor(const QString &value, const QString &name, const QFontMetrics &metrics, int width)
+{
+    const int usual = std::min(width / 2, valueWidth(metrics));
+    const int most = std::max(usual, width - metrics.horizontalAdvance(name) - 2 * margin);
+    return std::clamp(metrics.horizontalAdvance(value), usual, most);
+}
+
+/*! Returns the text of a value that is as wide as there is room for. A reading without a prefix may have all digits of a number: it
+    is rounded. Whatever else is too wide keeps its sign, its exponent and its unit. */
+QString fitted(const QString &value, const QFontMetrics &metrics, int room)
+{
+    const QString number = value.section(QLatin1Char(' '), 0, 0);
+    bool isNumber = false;
+    const double reading = number.toDouble(&isNumber);
+    constexpr int mostDigits = 15;
+    constexpr int fewestDigits = 3;
+    QString text = value;
+    for (int digits = mostDigits;
+         isNumber && digits >= fewestDigits && metrics.horizontalAdvance(text) > room;
+         --digits)
+        text = QString::number(reading, 'g', digits) + value.mid(number.size());
+    return metrics.elidedText(text, Qt::ElideMiddle, room);
+}
+
 //! Paints the line of a curve on the ground that it has in the plot, for which its colour was chosen.
 void paintSwatch(QPainter *painter, const QRect &place, const QModelIndex &index, bool isShown)
 {
@@ -94,21 +119,21 @@ void LegendDelegate::paint(QPainter *painter,
     const QRect beside = inside.adjusted(swatchWidth + margin, 0, 0, 0);
     const QRect text = beside.adjusted(0, 0, -paintLimit(painter, beside, index), 0);
     const QString value = isShown ? index.data(LegendModel::ValueRole).toString() : QString();
-    const int valueRoom = std::min(text.width() / 2, valueWidth(option.fontMetrics));
+    const QString name = index.data().toString();
     const QString arrow = isShown ? index.data(LegendModel::AxisRole).toString() : QString();
     const int arrowRoom = option.fontMetrics.horizontalAdvance(arrow);
+    const int valueRoom = roomFor(value, name, option.fontMetrics, text.width() - arrowRoom);
     const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin - arrowRoom, 0);
     painter->drawText(QRect(nameRect.right() + 1, text.top(), arrowRoom, text.height()),
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                       arrow);
-    painter->drawText(
-        nameRect,
-        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, nameRect.width()));
+    painter->drawText(nameRect,
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(name, Qt::ElideMiddle, nameRect.width()));
     painter->drawText(text,
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine
                           | Qt::TextForceLeftToRight,
-                      value);
+                      fitted(value, option.fontMetrics, valueRoom));
     painter->restore();
 }
 

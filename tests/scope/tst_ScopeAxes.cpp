@@ -4,6 +4,8 @@
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/CanvasNote_p.h"
+#include "corvale_qt/scope/LegendDelegate_p.h"
+#include "corvale_qt/scope/LegendModel_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
@@ -13,7 +15,9 @@
 
 #include <qwt_scale_widget.h>
 
+#include <QPainter>
 #include <QSignalSpy>
+#include <QStyleOptionViewItem>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -284,6 +288,29 @@ private Q_SLOTS:
     }
 
     //! Rounding errors of readings without noise are no noise, also where a zero was subtracted.
+    //! The many digits of a reading without a prefix are not painted over the name of its channel.
+    void theLegendKeepsNamesAndReadingsApart()
+    {
+        const auto nameBeside = [](double reading) {
+            ScopeTestModel model(1);
+            model.names = QStringList{"left"};
+            model.append({{0.0, reading}});
+            LegendModel channels;
+            channels.setSource(&model);
+            const QModelIndex channel = channels.index(0);
+            const LegendDelegate delegate;
+            QStyleOptionViewItem option;
+            option.rect = QRect(QPoint(), delegate.sizeHint(option, channel));
+            QImage cell(option.rect.size(), QImage::Format_RGB32);
+            cell.fill(Qt::white);
+            QPainter painter(&cell);
+            delegate.paint(&painter, option, channel);
+            const int name = option.fontMetrics.horizontalAdvance("left");
+            return cell.copy(0, 0, 38 + name, cell.height()); // with the line of the curve
+        };
+        QCOMPARE(nameBeside(-1.2345678901234567e-9), nameBeside(1.0));
+    }
+
     void roundingErrorsAreNoNoise_data()
     {
         columns<double, double, QString>("step", "zero", "text");

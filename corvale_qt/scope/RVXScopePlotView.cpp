@@ -241,8 +241,7 @@ void RVXScopePlotView::reset()
     }
     if (d->context.model.channelCount() != d->context.curves.count()) {
         d->dropSweep();
-        if (!d->channelsFollowed)
-            d->context.markers.forgetChannels();
+        d->context.markers.forgetChannelsAfter(d->context.model.channelCount());
         d->context.createCurves();
         d->currentMode().enter();
     }

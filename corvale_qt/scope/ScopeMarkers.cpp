@@ -128,6 +128,13 @@ void ScopeMarkers::forgetChannels()
     }
 }
 
+void ScopeMarkers::forgetChannelsAfter(int last)
+{
+    followChannels([last](int channel) {
+        return channel <= last ? channel : 0;
+    });
+}
+
 void ScopeMarkers::forgetSweep()
 {
     for (State &state : m_states)

@@ -85,6 +85,8 @@ public:
     void followChannels(const ChannelMoves &now);
     //! Forgets the channels and rows of the markers, because the model is another one.
     void forgetChannels();
+    //! Forgets channels behind the last one that there is.
+    void forgetChannelsAfter(int last);
     //! Forgets the markers' places in the sweep and what they read, because the plot mode is another one.
     void forgetSweep();
     //! Has the samples between the markers looked at anew.

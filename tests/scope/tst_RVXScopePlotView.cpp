@@ -175,19 +175,25 @@ private Q_SLOTS:
     void settingsFollowNamesThroughAReset()
     {
         QFETCH(QString, names);
-        ModelView view(3);
+        QFETCH(int, channel);
+        ModelView view(3, 300);
         view.model.names = QStringList{"a", "b", "c"};
+        view.enablePlotMarker(true);
         view.setModel(nullptr);
         view.setModel(&view.model);
         ChannelLimits limits;
         limits.highAlarm = 6.5;
         view.setChannelLimits(2, limits);
+        view.click(Qt::LeftButton, 250.0, 2.0);
+        QCOMPARE(view.markerStatistics().first.channel, 2);
         view.model.names = names.split(' ');
         view.model.setChannels(view.model.names.size());
         int found = 0;
-        for (int channel = 1; channel <= 4; ++channel)
-            found += view.channelLimits(channel) == limits ? channel : 0;
-        QTEST(found, "channel");
+        for (int each = 1; each <= 4; ++each)
+            found += view.channelLimits(each) == limits ? each : 0;
+        QCOMPARE(found, channel);
+        const int marked = view.markerStatistics().first.channel;
+        QVERIFY2(marked == channel || channel == 0, qPrintable(QString::number(marked)));
     }
 
     void yScales_data()

@@ -111,6 +111,12 @@ private:
     BeamVerdict &m_verdict;
 };
 
+//! Returns whether there is something, and as much as the limit, which may be 0.
+bool reaches(double share, double limit)
+{
+    return share > 0 && share >= limit;
+}
+
 void judgeSignal(const BeamEstimate &estimate,
                  const VerdictLimits &limits,
                  BeamVerdict &verdict,
@@ -120,10 +126,19 @@ void judgeSignal(const BeamEstimate &estimate,
                   BeamValidity::NotValid,
                   tr("no peak above %1 times the noise").arg(limits.peakInNoise));
     judgement.add(!estimate.isOk(), BeamValidity::NotValid, estimateStatusText(estimate.status));
-    judgement.add(verdict.flaggedShare >= limits.flaggedShare,
+    judgement.add(reaches(verdict.flaggedShare, limits.flaggedShare),
                   BeamValidity::FitPoor,
                   tr("%1 of the charge lies in dead, hot or saturated cells")
                       .arg(percent(verdict.flaggedShare)));
+}
+
+//! Returns the median; the mean of the middle two if the count is even.
+double medianOf(std::vector<double> values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return values.size() % 2 == 1 ? *middle
+                                  : (*middle + *std::max_element(values.begin(), middle)) / 2;
 }
 
 /*! Returns how much density the outermost cells have that the estimate's Gaussian does not explain, over the Gaussian's height: their
@@ -134,7 +149,8 @@ double unexplainedBackground(const BeamProfile &profile, const BeamEstimate &est
     if (!std::isnan(estimate.background.value) || !(estimate.height.value > 0))
         return 0;
     std::vector<double> densities;
-    double scale = 0;
+    const double ofReading = noiseOf(profile);
+    double ofDensities = 0; // the sum of their noises
     for (int i = 0; i < profile.count(); ++i) {
         const bool outer = i < ends || i >= profile.count() - ends;
         if (!outer || profile.has(i, CellFlag::Dead | CellFlag::Hot))
@@ -143,17 +159,16 @@ double unexplainedBackground(const BeamProfile &profile, const BeamEstimate &est
             (profile.positions[i] - estimate.position.value) / estimate.sigma.value;
         densities.push_back(profile.density(i)
                             - estimate.height.value * std::exp(-0.5 * inSigma * inSigma));
-        scale = std::max(scale, profile.scales[i]);
+        ofDensities += ofReading / profile.scales[i];
     }
     if (densities.empty())
         return 0;
-    const auto middle = densities.begin() + std::ptrdiff_t(densities.size() / 2);
-    std::nth_element(densities.begin(), middle, densities.end());
     constexpr double medianOfNoise = 1.2533; // standard error of a median, in those of a mean
     constexpr double sure = 3;
-    const double wiggle =
-        sure * medianOfNoise * noiseOf(profile) / scale / std::sqrt(double(densities.size()));
-    return *middle > wiggle ? *middle / estimate.height.value : 0.0;
+    const auto count = double(densities.size());
+    const double wiggle = sure * medianOfNoise * (ofDensities / count) / std::sqrt(count);
+    const double median = medianOf(std::move(densities));
+    return median > wiggle ? median / estimate.height.value : 0.0;
 }
 
 void judgeShape(const BeamProfile &profile,
@@ -180,7 +195,7 @@ void judgeShape(const BeamProfile &profile,
                   BeamValidity::FitPoor,
                   tr("R2 is %1").arg(estimate.quality.rSquared, 0, 'f', 2));
     const double background = unexplainedBackground(profile, estimate);
-    judgement.add(background >= limits.background,
+    judgement.add(reaches(background, limits.background),
                   BeamValidity::FitPoor,
                   tr("a background of %1 of the peak is not subtracted, and widens sigma")
                       .arg(percent(background)));

@@ -255,6 +255,28 @@ private Q_SLOTS:
         QCOMPARE(judgeEstimate(profile, leastSquaresGaussian(profile)).notes, QStringList());
     }
 
+    //! Wide guard cells at the ends have little noise in their density, the strips between them have much.
+    void theNoiseOfNarrowCellsIsNoBackground()
+    {
+        int told = 0;
+        constexpr int trials = 200;
+        for (int trial = 0; trial < trials; ++trial) {
+            BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(kMean, 6));
+            for (const int guard : {0, 31}) {
+                profile.widths[guard] = profile.intervals[guard] = profile.scales[guard] = 40;
+                profile.positions[guard] += guard == 0 ? -19 : 19;
+            }
+            profile.noise = 0.1;
+            CellCharges::addNoise(profile, profile.noise, unsigned(trial + 1));
+            LogParabolaOptions options;
+            options.thresholdFraction = 0.3;
+            told += judgeEstimate(profile, logParabolaGaussian(profile, options))
+                        .reasons.join(' ')
+                        .contains("a background of");
+        }
+        QVERIFY2(told <= trials / 50, qPrintable(QString::number(told)));
+    }
+
     void limitsCanBeSet()
     {
         BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));
@@ -267,6 +289,12 @@ private Q_SLOTS:
         limits.widestSigma = 0.05;
         QCOMPARE(judgeEstimate(profile, estimate, limits).reasons,
                  QStringList("sigma does not fit on the detector"));
+        // A limit of 0 refuses the least of what it limits, but nothing that is not there.
+        limits = {};
+        limits.background = limits.flaggedShare = 0;
+        QCOMPARE(judgeEstimate(profile, estimate, limits).reasons, QStringList());
+        profile.setFlag(17, CellFlag::Saturated);
+        QCOMPARE(judgeEstimate(profile, estimate, limits).validity, BeamValidity::FitPoor);
         profile.readings[3] = qInf();
         QCOMPARE(judgeEstimate(profile, estimate).reasons,
                  QStringList("the readings or their positions are not usable"));

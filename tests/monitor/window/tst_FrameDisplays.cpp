@@ -169,6 +169,7 @@ private Q_SLOTS:
                  qPrintable(s.profile.verdict().reasons.join("; ")));
         QTRY_VERIFY(s.position.showsNoBeam());
         s.source->give(1.0, stripBeam(2.0, 0.0));
+        s.settle();
         QTRY_VERIFY(!s.position.showsNoBeam());
         s.position.setMinimumSum(1e9);
         s.source->give(2.0, stripBeam(3.0, 0.0));

@@ -78,7 +78,7 @@ JudgedFrame DetectorMode::judge(const DetectorFrame &frame,
     cells.layout = m_shown;
     for (int i = 0; factor != 1.0 && i < cells.values.size(); ++i)
         cells.values[i] *= factor;
-    return judgeLayoutFrame(cells, {estimator(), regressionOf(regression), limits()});
+    return judgeLayoutFrame(cells, {estimator(), regressionOf(regression), limits(), factor});
 }
 
 JudgedFrame DetectorMode::judgePreset(const BeamFrame &beam,

@@ -26,6 +26,7 @@ PlaneResult judgePlane(const DetectorFrame &cells, Axis axis, const JudgeOptions
     plane.profile = cells.profile(axis);
     if (!plane.exists())
         return plane;
+    plane.profile.noise *= options.noiseFactor;
     flagHotCells(plane.profile);
     LogParabolaOptions regression = options.regression;
     // The limit is a reading; the fit compares densities.

@@ -27,6 +27,8 @@ struct JudgeOptions
     BeamEstimator estimator = BeamEstimator::Regression;
     LogParabolaOptions regression;
     VerdictLimits limits;
+    double noiseFactor =
+        1; //!< what the charges of the frame are, in the readings whose noise the detector states
 };
 
 /*! A frame with its numbers and, if it was judged, its verdict. On a described detector, shape and means of the beam are in

@@ -144,7 +144,7 @@ FrameOptions RVXSpectrogramPrivate::frameOptions() const
     options.discriminator = discriminator->value();
     options.regression = regression;
     const bool hasOwnUnit = detector.isOn() && !intensityUnit.isEmpty();
-    options.regression.minimumPeak *= hasOwnUnit ? intensityFactor : readingFactor();
+    options.regression.minimumPeak *= readingFactor() * (hasOwnUnit ? intensityFactor : 1.0);
     return options;
 }
 

@@ -287,6 +287,33 @@ private Q_SLOTS:
         QVERIFY(display.validity().contains("no charge"));
     }
 
+    //! The noise of a detector is that of its readings, and the smallest peak is a charge, also while currents are shown.
+    void aCurrentIsJudgedLikeItsCharge_data()
+    {
+        columns<QString, double, bool>("unit", "noise", "isValid");
+        row("little noise", "", 1e-12, true);
+        row("the noise hides the peak", "", 3e-10, false);
+        row("the peak is too small", "nC", 1e-12, false); // 1e-9 nC
+    }
+    void aCurrentIsJudgedLikeItsCharge()
+    {
+        QFETCH(QString, unit);
+        QFETCH(double, noise);
+        DetectorDescription description = harp();
+        description.noise = noise;
+        DetectorDisplay display(description);
+        display.widget.setIntensityUnit(unit);
+        display.widget.setSampleRate(1e4);
+        display.feedBeam({0, 0}, {5, 5});
+        const BeamVerdict charge = display.widget.verdict();
+        QTEST(charge.validity != BeamValidity::NotValid, "isValid");
+        display.widget.currentEnabled(true);
+        const BeamVerdict current = display.widget.verdict();
+        QCOMPARE(current.validity, charge.validity);
+        QCOMPARE(current.reasons, charge.reasons);
+        QVERIFY(near(current.peakInNoise / charge.peakInNoise, 1, 1e-9));
+    }
+
     void belowTheThresholdNothingOldIsShown()
     {
         for (const bool enabled : {false, true}) {

@@ -181,6 +181,8 @@ void HeadlessRun::takeReadings(const ReadingBlock &arrived)
     const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
     m_statistics.addReadings(readings);
     keepSpots(readings);
+    if (m_commandLine.task == CommandLine::Task::Check)
+        m_leftOutCount.take(m_statistics.header(), readings);
     m_readings += readings.size();
     if (m_recorder)
         m_recorder->addReadings(readings);
@@ -233,6 +235,9 @@ int HeadlessRun::report()
                   .arg(bad)
                   .arg(m_gapsBefore + m_statistics.gaps())
                   .toUtf8());
+        m_readingsLeftOut = m_leftOutCount.count() > 0;
+        if (m_readingsLeftOut)
+            print(m_leftOutCount.text().toUtf8() + '\n');
         if (const auto *file = qobject_cast<FileSource *>(m_source.get()))
             m_isDamaged = printDamage(file->path(), m_commandLine.file.import);
     }

@@ -4,6 +4,7 @@
 #include "monitor/core/Clock.h"
 #include "monitor/program/CommandLine.h"
 #include "monitor/readings/ComputedStream.h"
+#include "monitor/readings/LeftOut.h"
 #include "monitor/readings/SpotErrors.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/session/ReadingLimit.h"
@@ -62,7 +63,8 @@ private:
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;
     bool m_channelsLeftOut = false;
-    bool m_readingsLeftOut = false; //!< of the last reading
+    bool m_readingsLeftOut = false; //!< of the last reading; with --check, of any
+    LeftOutCount m_leftOutCount; //!< with --check
     bool m_isDamaged = false;
     bool m_ended = false;
 };

@@ -9,6 +9,9 @@ struct DetectorFrame;
 
 namespace Monitor {
 
+class ReadingBlock;
+struct StreamHeader;
+
 //! Readings of a frame that belong to no cell, and what they add up to.
 struct LeftOut
 {
@@ -28,6 +31,23 @@ struct LeftOut
 
     //! Returns one line, for example "24 cells are not wired: 100 nC left out"; empty if nothing is left out.
     QString text() const;
+};
+
+//! Counts the readings of streams that have charge where the detector has no cell.
+class LeftOutCount
+{
+public:
+    //! Takes the next readings of a stream. Without a detector that has places there is nothing to count.
+    void take(const StreamHeader &header, const ReadingBlock &readings);
+
+    qint64 count() const { return m_count; }
+    //! Returns one line with the count, and with what the first of the readings leaves out; empty if there is none.
+    QString text() const;
+
+private:
+    qint64 m_count = 0;
+    LeftOut m_first;
+    double m_firstTime = 0.0; //!< in the stream that it came in
 };
 
 } // namespace Monitor

@@ -78,8 +78,10 @@ bool isHotOnFlank(double value, const Flanks &flanks, double noise, const HotCel
         && behind[0] >= behind[1] - wiggle;
     const double higher = std::max(before[0], behind[0]);
     const double lower = std::max(std::min(before[0], behind[0]), noise);
+    // Where readings are suppressed, neither the noise nor the foot of the flank is known.
+    const double expected = lower > 0 ? std::sqrt(higher * lower) : higher;
     return (rises || falls) && higher > 0 && value > higher + limits.inNoise * noise
-        && value > limits.onFlank * std::sqrt(higher * lower);
+        && value > limits.onFlank * expected;
 }
 
 double noiseOfRows(const double *cells, int rows, int columns)

@@ -14,9 +14,10 @@ namespace Corvale_Qt {
     inSpread times the distance of the highest neighbour from the median, and by \a inLevel times the highest neighbour. The
     neighbours are the two cells on each side in a profile, and the eight around it in a matrix.
 
-    On the flank of a beam: the two cells before it and the two behind it rise or fall steadily, within three times the noise; it lies
-    above those beside it by \a inNoise times the noise, and reads \a onFlank times what they let expect between them (their
-    geometric mean). In a matrix this holds along its row or its column, and it lies that much above all eight neighbours.
+    On the flank of a beam: the two cells before it and the two behind it rise or fall steadily, within three times the
+    noise; it lies above those beside it by \a inNoise times the noise, and reads \a onFlank times what they let expect
+    between them (their geometric mean, or the higher one where suppressed readings hide both the noise and the foot of the
+    flank). In a matrix this holds along its row or its column, and it lies that much above all eight neighbours.
 
     A beam narrower than 0.55 cells looks like a hot cell and is taken for one. At the top of a beam only a cell that
     stands far out is found. */

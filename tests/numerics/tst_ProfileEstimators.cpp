@@ -368,6 +368,15 @@ private Q_SLOTS:
             flagHotCells(dark);
             QCOMPARE(dark.has(9, CellFlag::Hot), isHot);
         }
+        // Where readings are suppressed, no noise is known: a small step at the foot of a flank makes no hot cell.
+        for (const auto &[reading, isHot] : {std::pair(2.5, false), {5.0, true}}) {
+            QVector<double> readings(30, 0.0);
+            const double beam[] = {2, 5, 9, 9, 6, 3, 2, reading};
+            std::copy(std::begin(beam), std::end(beam), readings.begin() + 6);
+            BeamProfile suppressed = BeamProfile::uniform(readings);
+            flagHotCells(suppressed);
+            QCOMPARE(suppressed.has(13, CellFlag::Hot), isHot);
+        }
 
         std::vector<double> matrix;
         for (int row = 0; row < 64; ++row) {

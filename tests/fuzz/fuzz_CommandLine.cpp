@@ -66,7 +66,7 @@ void tryRotation(const QString &text)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));
-    // Whoever names a device as a file waits for it.
+    // A device that is named as a file would be waited for.
     if (bytes.contains("dev/") || bytes.contains("proc/") || bytes.contains("sys/"))
         return 0;
     QStringList arguments{QStringLiteral("corvale-monitor")};

@@ -100,7 +100,7 @@ double noiseOfRows(const double *cells, int rows, int columns)
 bool isHotAlong(const double *cell,
                 int place,
                 int cells,
-                int step,
+                std::ptrdiff_t step,
                 double noise,
                 const HotCellLimits &limits)
 {
@@ -117,7 +117,7 @@ bool isHotOnSlope(const double *cells,
                   double noise,
                   const HotCellLimits &limits)
 {
-    const double *cell = cells + place.row * place.columns + place.column;
+    const double *cell = cells + std::ptrdiff_t(place.row) * place.columns + place.column;
     return *cell > highest + limits.inNoise * noise
         && (isHotAlong(cell, place.column, place.columns, 1, noise, limits)
             || isHotAlong(cell, place.row, place.rows, place.columns, noise, limits));

@@ -142,6 +142,10 @@ bool compressFile(const QString &path, QString *error, const std::function<bool(
     };
     if (QFileInfo::exists(target))
         return fail(Text::tr("%1 exists already").arg(target));
+    // A pipe would never end. A link of the system, such as /dev/stdout, must not be removed.
+    const QFileInfo info(path);
+    if (info.exists() && (!info.isFile() || info.isSymLink()))
+        return fail(Text::tr("only regular files are compressed"));
     QFile file(path), compressed(draft);
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());

@@ -53,6 +53,20 @@ private Q_SLOTS:
         QVERIFY(again.recorder().errorString().contains("packed.csv.zst exists already"));
     }
 
+    //! A pipe would block the program for ever, and a link may be one of the system.
+    void compressesOnlyRegularFiles()
+    {
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+        putFile(path("target.csv"), "0,1\n");
+        QVERIFY(QFile::link(path("target.csv"), path("link.csv")));
+        for (const char *name : {"pipe", "link.csv"}) {
+            QString error;
+            QVERIFY(!compressFile(path(name), &error));
+            QVERIFY2(error.contains("only regular files"), qPrintable(error));
+            QVERIFY(QFileInfo(path(name)).isSymLink() || QFileInfo::exists(path(name)));
+        }
+    }
+
     void opensNoExistingFile()
     {
         putFile(path("a.csv"), "precious");

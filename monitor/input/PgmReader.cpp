@@ -17,6 +17,8 @@ constexpr int largestOfAll = 65535;
 constexpr int largestOfAByte = 255;
 constexpr int tooLarge = 1000000; //!< where digits are no longer added up
 constexpr std::size_t longestComment = 80;
+//! How many bytes are looked at to tell an image by its beginning.
+constexpr std::size_t longestBeginning = 64;
 
 bool isSpace(unsigned char byte)
 {
@@ -57,6 +59,8 @@ std::optional<bool> PgmReader::suits(std::string_view begin)
         std::size_t next = magic.size();
         while (next < begin.size() && isSpace(static_cast<unsigned char>(begin[next])))
             ++next;
+        if (next >= longestBeginning)
+            return false;
         if (next == begin.size())
             return std::nullopt;
         const bool isHeader =

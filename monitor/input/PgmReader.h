@@ -35,7 +35,7 @@ public:
     PgmReader(ImageHandler image, FaultHandler fault);
 
     /*! Returns whether a stream that begins with these bytes is one of grey images: P2 or P5, white space, and a number or a
-        comment. Returns nothing if more bytes are needed to tell. */
+        comment. Returns nothing if more bytes are needed to tell; 64 are always enough. */
     static std::optional<bool> suits(std::string_view begin);
     //! Takes further bytes.
     void feed(std::string_view bytes);

@@ -146,6 +146,10 @@ private Q_SLOTS:
         };
         QVERIFY(outcome("P5,P6\n0,1\n1,2\n").endsWith("0: 1 | 1: 2 Connecting Running Finished"));
         QVERIFY(outcome("P5").endsWith("Finished"));
+        // Blanks are not looked through for ever.
+        const QByteArray blanks = "P5" + QByteArray(100, ' ') + "6,P6\n0,1\n";
+        const QString table = outcome(blanks.constData());
+        QVERIFY2(table.endsWith("0: 1 Connecting Running Finished"), qPrintable(table));
         const QString broken = outcome("P5 1 1 255\nAP5 999 1 255\nA");
         QVERIFY2(broken.contains("refused 2 unreadable")
                      && broken.endsWith("Connecting Running Failed"),

@@ -247,11 +247,14 @@ bool TapeIndex::isConsistent() const
         begin = part.end();
     }
     qint64 offset = 0;
+    int part = 0;
     for (const TapeBlock &block : m_blocks) {
-        if (block.part < 0 || block.part >= parts() || block.offset < offset
-            || !isCount(block.offset) || !isCount(block.row) || !isCount(block.rows))
+        if (block.part < part || block.part >= parts() || block.offset < offset
+            || !isCount(block.offset) || !isCount(block.row) || !isCount(block.rows)
+            || !(block.firstTime <= block.lastTime))
             return false;
         offset = block.offset;
+        part = block.part;
     }
     const auto isPlaced = [this](const TapeMark &mark) {
         const bool isInPart = mark.spot.part >= 0 && mark.spot.part < std::max(parts(), 1);

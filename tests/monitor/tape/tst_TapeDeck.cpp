@@ -140,6 +140,35 @@ private Q_SLOTS:
             QCOMPARE(read.toBytes(), index.toBytes());
     }
 
+    //! A block that lies nowhere, or in an order that no recording has, would be drawn beyond the time line.
+    void anIndexOfNoRecordingIsRefused_data()
+    {
+        columns<double, double>("firstTime", "lastTime");
+        const double none = std::nan("");
+        row("a block without a time", none, none);
+        row("a block that ends before it begins", 5.0, 4.0);
+    }
+    void anIndexOfNoRecordingIsRefused()
+    {
+        QFETCH(double, firstTime);
+        QFETCH(double, lastTime);
+        TapeIndex index;
+        index.addPart({});
+        TapeBlock block;
+        block.rows = 2;
+        block.firstTime = 1.0;
+        block.lastTime = 2.0;
+        index.addBlock(block);
+        QVERIFY(TapeIndex().fromBytes(index.toBytes()));
+        block.firstTime = firstTime;
+        block.lastTime = lastTime;
+        index.addBlock(block);
+        block.firstTime = 7.0;
+        block.lastTime = 8.0;
+        index.addBlock(block);
+        QVERIFY(!TapeIndex().fromBytes(index.toBytes()));
+    }
+
     void aCacheIsNotTrustedAfterAChange()
     {
         const QString path = m_dir.filePath("cached.csv"), folder = m_dir.filePath("cache");

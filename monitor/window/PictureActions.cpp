@@ -33,7 +33,9 @@ PictureActions::PictureActions(Session &session,
     m_copy->setIcon(symbol(QStringLiteral("picture")));
     connect(m_save, &QAction::triggered, this, &PictureActions::ask);
     connect(m_print, &QAction::triggered, this, &PictureActions::print);
-    connect(m_copy, &QAction::triggered, this, &PictureActions::copy);
+    connect(m_copy, &QAction::triggered, this, [this] {
+        copy(m_maker.displayInUse(), m_maker.title());
+    });
 }
 
 QAction *PictureActions::newAction(const char *name, const QString &text, const QKeySequence &keys)
@@ -47,25 +49,22 @@ QAction *PictureActions::newAction(const char *name, const QString &text, const 
 
 void PictureActions::ask()
 {
-    // The dialog will be the active window in a moment.
-    const QString display = m_maker.displayName();
-    DisplayPicture picture(m_maker.widgetInUse());
+    QWidget *display = m_maker.displayInUse(); // the dialog will be the active window in a moment
     PictureDialog dialog(m_maker.options(), m_maker.title(), m_window);
     const int wanted = dialog.exec();
     if (wanted == PictureDialog::Cancel)
         return;
     m_maker.setOptions(dialog.options());
-    m_maker.prepare(picture, dialog.title());
     if (wanted == PictureDialog::Copy)
-        PictureExport::copy(picture);
+        copy(display, dialog.title());
     else
-        save(picture, display);
+        save(display, dialog.title());
 }
 
-void PictureActions::save(const DisplayPicture &picture, const QString &display)
+void PictureActions::save(QWidget *display, const QString &title)
 {
     const QString suggested =
-        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(display));
+        QDir(m_folder).filePath(QStringLiteral("corvale-%1.png").arg(display->objectName()));
     const QString path = QFileDialog::getSaveFileName(m_window,
                                                       tr("Save picture"),
                                                       suggested,
@@ -73,26 +72,32 @@ void PictureActions::save(const DisplayPicture &picture, const QString &display)
     if (path.isEmpty())
         return;
     m_folder = QFileInfo(path).absolutePath();
+    // Its time is that of what it shows, which went on while the dialogs were open.
+    DisplayPicture picture(m_maker.drawnPart(display));
+    m_maker.prepare(picture, display, title);
     QString error;
     if (!PictureExport::save(picture, path, &error))
         QMessageBox::warning(m_window, tr("Save picture"), error);
 }
 
-void PictureActions::copy()
+void PictureActions::copy(QWidget *display, const QString &title)
 {
-    DisplayPicture picture(m_maker.widgetInUse());
-    m_maker.prepare(picture, m_maker.title());
+    DisplayPicture picture(m_maker.drawnPart(display));
+    m_maker.prepare(picture, display, title);
     PictureExport::copy(picture);
 }
 
 void PictureActions::print()
 {
-    DisplayPicture picture(m_maker.widgetInUse());
-    m_maker.prepare(picture, m_maker.title());
+    QWidget *display = m_maker.displayInUse();
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, m_window);
-    if (dialog.exec() == QDialog::Accepted && !PictureExport::print(picture, &printer))
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    DisplayPicture picture(m_maker.drawnPart(display));
+    m_maker.prepare(picture, display, m_maker.title());
+    if (!PictureExport::print(picture, &printer))
         QMessageBox::warning(
             m_window,
             tr("Print"),

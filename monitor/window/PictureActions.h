@@ -6,6 +6,7 @@
 #include <QObject>
 
 class QAction;
+class QWidget;
 
 namespace Monitor {
 
@@ -28,9 +29,9 @@ public:
 private:
     QAction *newAction(const char *name, const QString &text, const QKeySequence &keys);
     void ask();
-    void save(const Corvale_Qt::DisplayPicture &picture, const QString &display);
+    void save(QWidget *display, const QString &title);
     void print();
-    void copy();
+    void copy(QWidget *display, const QString &title);
 
     PictureMaker m_maker;
     QWidget *m_window;

@@ -56,14 +56,13 @@ void PictureMaker::setOptions(const PictureOptions &options)
     m_settings.setText(key, words.join(QLatin1Char(' ')));
 }
 
-QString PictureMaker::displayName() const
+QWidget *PictureMaker::displayInUse() const
 {
-    return m_displays.displayInUse()->objectName();
+    return m_displays.displayInUse();
 }
 
-QWidget *PictureMaker::widgetInUse() const
+QWidget *PictureMaker::drawnPart(QWidget *display) const
 {
-    QWidget *display = m_displays.displayInUse();
     return display == m_displays.scope() ? m_displays.scope()->plotView() : display;
 }
 
@@ -72,10 +71,10 @@ QString PictureMaker::title() const
     return m_session.source().description();
 }
 
-QString PictureMaker::note() const
+QString PictureMaker::note(const QWidget *display) const
 {
     QStringList parts;
-    if (m_displays.displayInUse() == m_displays.scope()) {
+    if (display == m_displays.scope()) {
         if (m_displays.scope()->averaging() > 1)
             parts << Text::tr("%1x average").arg(m_displays.scope()->averaging());
         if (m_displays.baseline()->kind() != Baseline::Kind::None)
@@ -86,13 +85,15 @@ QString PictureMaker::note() const
     return parts.join(QStringLiteral(", "));
 }
 
-void PictureMaker::prepare(DisplayPicture &picture, const QString &title) const
+void PictureMaker::prepare(DisplayPicture &picture,
+                           const QWidget *display,
+                           const QString &title) const
 {
     const PictureOptions wanted = options();
     if (wanted.hasTitle)
         picture.setTitle(title);
     if (wanted.hasTime)
-        picture.setNote(note());
+        picture.setNote(note(display));
     picture.setLegendVisible(wanted.hasLegend);
     picture.setColors(wanted.colors);
 }

@@ -12,7 +12,7 @@ class WindowSettings;
 //! What an operator wants on the pictures of displays.
 struct PictureOptions
 {
-    bool hasTitle = true; //!< the source and the display
+    bool hasTitle = true; //!< the source, or what the operator wrote instead
     bool hasTime =
         true; //!< when the picture was taken, and what is done to the readings before they are shown
     bool hasLegend = true;
@@ -28,17 +28,20 @@ public:
 
     PictureOptions options() const;
     void setOptions(const PictureOptions &options);
-    //! Returns the name of the display in use, as it is part of a file's name.
-    QString displayName() const;
-    //! Returns what is drawn of the display in use: of the scope the plot, without the controls.
-    QWidget *widgetInUse() const;
-    //! Returns the title of a picture of a display: the source, and what is shown.
+    //! Returns the display that the operator works with: to be asked before a dialog is the active window.
+    QWidget *displayInUse() const;
+    //! Returns what is drawn of a display: of the scope the plot, without the controls.
+    QWidget *drawnPart(QWidget *display) const;
+    //! Returns the usual title of a picture: the source.
     QString title() const;
-    //! Gives a picture a title, the present time and a legend, as far as they are wanted.
-    void prepare(Corvale_Qt::DisplayPicture &picture, const QString &title) const;
+    /*! Gives a picture of a display a title, the present time and a legend, as far as they are wanted: to be called when it is
+        drawn. */
+    void prepare(Corvale_Qt::DisplayPicture &picture,
+                 const QWidget *display,
+                 const QString &title) const;
 
 private:
-    QString note() const;
+    QString note(const QWidget *display) const;
 
     Session &m_session;
     DisplayTabs &m_displays;

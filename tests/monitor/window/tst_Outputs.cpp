@@ -109,6 +109,28 @@ private Q_SLOTS:
         again.trigger("picture");
     }
 
+    //! What is shown goes on while the operator looks for a folder: the time on the picture is that of the readings on it.
+    void aPictureHasTheTimeOfWhatItShows()
+    {
+        OutputInTest w(file("time.xui"));
+        w.source->begin(StreamKind::Channels, 2);
+        w.run(20);
+        const QDateTime later = w.clock.wallTime().addSecs(600);
+        onNextDialog([&](QDialog *dialog) {
+            onNextDialog([&](QDialog *files) {
+                w.clock.setWallTime(later);
+                files->findChild<QLineEdit *>("fileNameEdit")->setText(file("time.png"));
+                files->accept();
+            });
+            clickButton(dialog, "Save...");
+        });
+        w.trigger("picture");
+        w.trigger("copyPicture"); // at the same time
+        const QImage copied = QGuiApplication::clipboard()->image();
+        QCOMPARE(QImage(file("time.png")).convertToFormat(QImage::Format_RGB32),
+                 copied.convertToFormat(QImage::Format_RGB32));
+    }
+
     //! A channel that is added is in charts and recordings at once, with the readings before; it is there at the next start.
     void aChannelIsComputedFromNowOn()
     {

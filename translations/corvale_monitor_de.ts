@@ -189,6 +189,10 @@
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>a name or a unit cannot have the signs =, [ and ]</source>
+        <translation>Namen und Einheiten dürfen die Zeichen =, [ und ] nicht enthalten</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::ConnectDialog</name>

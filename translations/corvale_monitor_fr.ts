@@ -189,6 +189,10 @@
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
     </message>
+    <message>
+        <source>a name or a unit cannot have the signs =, [ and ]</source>
+        <translation>un nom ou une unité ne peut pas contenir les signes =, [ et ]</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::ConnectDialog</name>

@@ -189,6 +189,10 @@
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>a name or a unit cannot have the signs =, [ and ]</source>
+        <translation>名前と単位に記号 =、[、] は使えません</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::ConnectDialog</name>

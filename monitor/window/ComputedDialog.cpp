@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTextCursor>
 
 namespace Monitor {
@@ -23,6 +24,13 @@ QString title(const ComputedChannel &channel)
 {
     return channel.unit.isEmpty() ? channel.name
                                   : QStringLiteral("%1 [%2]").arg(channel.name, channel.unit);
+}
+
+//! Returns whether a channel is the same after it was written as text, as settings and --compute have it.
+bool canBeWritten(const ComputedChannel &channel)
+{
+    static const QRegularExpression signs(QStringLiteral("[][=]"));
+    return !channel.name.contains(signs) && !channel.unit.contains(signs);
 }
 
 } // namespace
@@ -193,6 +201,9 @@ void ComputedDialog::check()
                      -1,
                      tr("there would be more than %1 channels").arg(StreamHeader::maxChannels)};
     }
+    for (int i = 0; i < m_channels.size() && fault.isEmpty(); ++i)
+        if (!canBeWritten(m_channels[i]))
+            fault = {i, -1, tr("a name or a unit cannot have the signs =, [ and ]")};
     showFault(fault);
 }
 

@@ -188,6 +188,11 @@ private Q_SLOTS:
                                               << "ch1"
                                               << "ch2: there is already a channel called \"ch2\""
                                               << "";
+        QTest::newRow("a name that would be read as another one")
+            << "a = b"
+            << "ch1"
+            << "a = b: a name or a unit cannot have the signs =, [ and ]"
+            << "";
         QTest::newRow("no name") << ""
                                  << "ch1"
                                  << "the computed channel has no name"

@@ -78,7 +78,7 @@
     <name>Monitor::ClearUndo</name>
     <message>
         <source>&amp;Undo clear</source>
-        <translation>&amp;Leeren rückgängig</translation>
+        <translation>&amp;Löschen rückgängig</translation>
     </message>
     <message>
         <source>Bring back</source>
@@ -101,11 +101,11 @@
     </message>
     <message>
         <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 wird komprimiert, und %2 weitere Dateien warten. Ohne Warten geht nichts verloren.</translation>
+        <translation>%1 wird komprimiert, und %2 weitere Dateien warten. Auch ohne Warten geht nichts verloren.</translation>
     </message>
     <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
-        <translation>%1 wird komprimiert. Ohne Warten geht nichts verloren.</translation>
+        <translation>%1 wird komprimiert. Auch ohne Warten geht nichts verloren.</translation>
     </message>
 </context>
 <context>
@@ -116,7 +116,7 @@
     </message>
     <message>
         <source>Channels that are computed from others: sums, ratios, positions (Ctrl+K).</source>
-        <translation>Kanäle, die aus anderen berechnet werden: Summen, Verhältnisse, Positionen (Ctrl+K).</translation>
+        <translation>Kanäle, die aus anderen berechnet werden: Summen, Verhältnisse, Positionen (Strg+K).</translation>
     </message>
 </context>
 <context>
@@ -175,7 +175,7 @@
     </message>
     <message>
         <source>+ - * / ^, comparisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 and others; a name that is not one word stands in brackets (Alt+E)</source>
-        <translation>+ - * / ^, Vergleiche, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 und andere; ein Name, der nicht ein Wort ist, steht in eckigen Klammern (Alt+D)</translation>
+        <translation>+ - * / ^, Vergleiche, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 und andere; ein Name, der kein einzelnes Wort ist, steht in eckigen Klammern (Alt+D)</translation>
     </message>
     <message>
         <source>New channel</source>
@@ -292,7 +292,7 @@
     </message>
     <message>
         <source>C&amp;lear readings...</source>
-        <translation>&amp;Messwerte leeren...</translation>
+        <translation>&amp;Messwerte löschen...</translation>
     </message>
 </context>
 <context>
@@ -649,7 +649,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>in the column with such a name</source>
-        <translation>in der Spalte mit solchem Namen</translation>
+        <translation>in der Spalte, deren Name es sagt</translation>
     </message>
     <message>
         <source>in the column with this number</source>
@@ -689,7 +689,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>&amp;Form of dates</source>
-        <translation>&amp;Form der Daten</translation>
+        <translation>&amp;Format der Datumsangaben</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
@@ -863,7 +863,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>%1; waiting for the next one</source>
-        <translation>%1; warte auf die nächste</translation>
+        <translation>%1; warte auf die nächste Verbindung</translation>
     </message>
     <message>
         <source>reached the end of %1</source>
@@ -871,7 +871,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>%1 has been silent for %2 s</source>
-        <translation>%1 ist seit %2 s still</translation>
+        <translation>%1 sendet seit %2 s nichts</translation>
     </message>
 </context>
 <context>
@@ -1021,7 +1021,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
-        <translation>seit drei üblichen Intervallen ist kein Messwert gekommen; Strahl und Gerät prüfen</translation>
+        <translation>seit dem Dreifachen des üblichen Abstands ist kein Messwert gekommen; Strahl und Gerät prüfen</translation>
     </message>
     <message>
         <source>what is shown stands still; Space shows the readings that wait</source>
@@ -1231,7 +1231,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>Write a PNG, SVG or PDF file (Enter)</source>
-        <translation>Eine PNG-, SVG- oder PDF-Datei schreiben (Enter)</translation>
+        <translation>Eine PNG-, SVG- oder PDF-Datei schreiben (Eingabe)</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
@@ -1706,7 +1706,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <name>Monitor::SourceTest</name>
     <message>
         <source>none</source>
-        <translation>keine</translation>
+        <translation>fehlt</translation>
     </message>
     <message>
         <source>Waiting for the first readings ...</source>
@@ -1831,7 +1831,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>fastest</source>
-        <translation>schnellst</translation>
+        <translation>maximal</translation>
     </message>
     <message>
         <source>Tape</source>
@@ -1851,7 +1851,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>How many times as fast as the recording was taken</source>
-        <translation>Wie viel schneller, als aufgezeichnet wurde</translation>
+        <translation>Faktor der Geschwindigkeit; 1 ist so schnell, wie aufgezeichnet wurde</translation>
     </message>
     <message>
         <source>Speed of the tape</source>
@@ -1999,7 +1999,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>127.0.0.1 lets only programs of this machine connect, 0.0.0.0 every machine of the network.</source>
-        <translation>127.0.0.1 lässt nur Programme dieses Rechners verbinden, 0.0.0.0 jeden Rechner des Netzes.</translation>
+        <translation>127.0.0.1 lässt nur Verbindungen von Programmen dieses Rechners zu, 0.0.0.0 die jedes Rechners im Netz.</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
@@ -2117,7 +2117,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
-        <translation>%1 Spots: Mittel X %2, Y %3 mm; Sigma X %4, Y %5 mm; größter %6 mm</translation>
+        <translation>%1 Spots: Mittel X %2, Y %3 mm; Sigma X %4, Y %5 mm; größter Fehler %6 mm</translation>
     </message>
     <message>
         <source> (row %1, spot %2)</source>
@@ -2524,7 +2524,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
-        <translation>Werte, die 0 oder negativ sind, lassen sich dann nicht zeigen; das Diagramm nennt ihre Kanäle</translation>
+        <translation>Werte, die 0 oder negativ sind, lassen sich dann nicht zeigen; das Diagramm nennt ihre Kanäle (Alt+L)</translation>
     </message>
     <message>
         <source>&amp;Set range</source>
@@ -2540,7 +2540,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>Let the range follow the readings (Alt+A)</source>
-        <translation>Den Bereich den Messwerten folgen lassen</translation>
+        <translation>Den Bereich den Messwerten folgen lassen (Alt+A)</translation>
     </message>
     <message>
         <source>The minimum must be below the maximum.</source>

@@ -689,7 +689,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Form of dates</source>
-        <translation>&amp;Forme des dates</translation>
+        <translation>&amp;Format des dates</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
@@ -2524,7 +2524,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
-        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées&#xa0;; le tracé nomme leurs canaux</translation>
+        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées ; le tracé nomme leurs canaux (Alt+L)</translation>
     </message>
     <message>
         <source>&amp;Set range</source>
@@ -2540,7 +2540,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Let the range follow the readings (Alt+A)</source>
-        <translation>Laisser la plage suivre les mesures</translation>
+        <translation>Laisser la plage suivre les mesures (Alt+A)</translation>
     </message>
     <message>
         <source>The minimum must be below the maximum.</source>

@@ -1045,7 +1045,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
     <message>
         <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
-        <translation>F8 で確認、「測定 &gt; 限界値」で限界値を変更します。すべての記録はログにあります</translation>
+        <translation>F8 で確認、「測定 &gt; 限界値」で限界値を変更します。限界値の超過はすべてログにあります</translation>
     </message>
     <message>
         <source>compressing %1, %2 %</source>

@@ -141,7 +141,7 @@
     </message>
     <message>
         <source>no Gaussian: the beam is flat-topped</source>
-        <translation>keine Gauß-Kurve: der Strahl hat ein flaches Dach</translation>
+        <translation>keine Gauß-Kurve: das Strahlprofil hat ein Plateau</translation>
     </message>
     <message>
         <source>is missing</source>
@@ -438,7 +438,7 @@
     </message>
     <message>
         <source>Half maximum</source>
-        <translation>Halbwert</translation>
+        <translation>Halbwertsbreite</translation>
     </message>
     <message>
         <source>Second moment</source>

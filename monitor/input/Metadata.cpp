@@ -142,6 +142,7 @@ Metadata::Line Metadata::takeRange(const QString &value)
 Metadata::Line Metadata::takeLimits(const QString &value)
 {
     constexpr int commas = 3;
+    const EnglishTexts english; // of the fault, which is recorded
     const QString head = value.section(QLatin1Char(','), 0, -commas - 1);
     const int space = head.lastIndexOf(QLatin1Char(' '));
     const QString name = cleanText(value.left(space), maxNameLength);

@@ -2,6 +2,7 @@
 #include "monitor/recording/Recorder.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/recording/RecordingWriter.h"
 #include "monitor/recording/SegmentCompressor.h"
 
@@ -91,6 +92,7 @@ bool Recorder::openNext()
     const double now = m_clock.seconds();
     if (now < m_nextFileNotBefore)
         return false;
+    const EnglishTexts english; // of the error, which is noted in the log
     QString error;
     if (open(m_names.next(m_clock.wallTime(), m_filesBegun),
              RecordingFile::Existing::Refuse,
@@ -244,6 +246,7 @@ bool Recorder::flush()
     file; what was written to the former one stays as it is. Returns false while no file can be opened. */
 bool Recorder::keepFileInPlace()
 {
+    const EnglishTexts english; // of what became of the file, which is recorded
     const QString displacement = m_file->displacement();
     if (displacement.isEmpty())
         return true;

@@ -7,6 +7,7 @@
 #include "corvale_qt/scope/ScopeSurface_p.h"
 
 #include <qwt_plot.h>
+#include <qwt_scale_map.h>
 #include <qwt_series_data.h>
 
 #include <algorithm>
@@ -373,7 +374,7 @@ double ScopeMarkers::distance(const QwtPlotMarker &marker, int channel, double y
 {
     const int axis = m_axes.axisOf(channel);
     if (axis != marker.yAxis())
-        y = m_plot->invTransform(marker.yAxis(), m_plot->transform(axis, y));
+        y = m_plot->canvasMap(marker.yAxis()).invTransform(m_plot->canvasMap(axis).transform(y));
     return std::abs(y - marker.yValue());
 }
 

@@ -67,7 +67,7 @@ BlockStatistics ScopeMarkers::blockStatistics() const
 {
     const auto [left, right] = std::minmax(m_data[0].x, m_data[1].x);
     const int column = m_data[1].column;
-    const Data *const onRow = reads(0) ? &m_data[0] : reads(1) ? &m_data[1] : nullptr;
+    const Data *const onRow = reads(0) ? m_data.data() : reads(1) ? &m_data[1] : nullptr;
     BlockStatistics result(
         HistorySpan::between(*history(), column, left, onRow ? sampleX(m_reader, 1) : right));
     if (onRow)

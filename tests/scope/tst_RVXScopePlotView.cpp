@@ -539,11 +539,7 @@ private Q_SLOTS:
         };
         // As an event, since a cursor cannot leave the screen, which the doubled window does.
         for (int i : {0, 1}) {
-            QMouseEvent move(QEvent::MouseMove,
-                             place(i),
-                             Qt::NoButton,
-                             Qt::NoButton,
-                             Qt::NoModifier);
+            QMouseEvent move(QEvent::MouseMove, place(i), Qt::NoButton, {}, Qt::NoModifier);
             QApplication::sendEvent(legend->viewport(), &move);
         }
         QCOMPARE(view.raisedChannel(), 2);

@@ -10,6 +10,8 @@
 
 #include <QClipboard>
 
+#include <cmath>
+
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 
@@ -307,7 +309,7 @@ private Q_SLOTS:
         view.model.pointsHint = 100;
         QVector<ScopeTestModel::Row> rows;
         for (int i = 0; i < 300; ++i)
-            rows.append({double(i / 3), i * 0.01});
+            rows.append({std::floor(i / 3.0), i * 0.01});
         view.model.append(rows);
         view.click(Qt::LeftButton, 89.9, 2.7);
         QStringList values;

@@ -70,6 +70,22 @@ double flat(double x)
     return std::erf((x + 20) / 2) - std::erf((x - 20) / 2);
 }
 
+void noise(BeamProfile &profile)
+{
+    CellCharges::addNoise(profile, 0.02);
+}
+
+void darkness(BeamProfile &profile)
+{
+    profile.readings.fill(0);
+    noise(profile);
+}
+
+double twoBeams(double x)
+{
+    return CellCharges::gaussian(-12, kSigma)(x) + CellCharges::gaussian(12, kSigma, 0.7)(x);
+}
+
 } // namespace
 
 class tst_BeamVerdict : public QObject
@@ -99,14 +115,7 @@ private Q_SLOTS:
             kMean,
             "VVVVVV",
             "");
-        row(
-            "noise",
-            [](BeamProfile &p) {
-                CellCharges::addNoise(p, 0.02);
-            },
-            kMean,
-            "VVVVVV",
-            "");
+        row("noise", noise, kMean, "VVVVVV", "");
         row("pedestal of 5 %",
             pedestal(0.05),
             kMean,
@@ -158,23 +167,8 @@ private Q_SLOTS:
             0,
             "------",
             "no peak above 5 times the noise");
-        row(
-            "dark",
-            [](BeamProfile &p) {
-                p.readings.fill(0);
-                CellCharges::addNoise(p, 0.02);
-            },
-            0,
-            "------",
-            "no peak above 5 times the noise");
-        row("two beams",
-            density([](double x) {
-                return CellCharges::gaussian(-12, kSigma)(x)
-                    + CellCharges::gaussian(12, kSigma, 0.7)(x);
-            }),
-            0,
-            "------",
-            "the residuals are 29 % of the peak");
+        row("dark", darkness, 0, "------", "no peak above 5 times the noise");
+        row("two beams", density(twoBeams), 0, "------", "the residuals are 29 % of the peak");
     }
     void whatGoesWrongIsTold()
     {

@@ -419,11 +419,11 @@ private Q_SLOTS:
         display.canvas();
         const QRectF home = display.widget.shownArea();
         QCOMPARE(home, QRectF(-10, -10, 20, 20));
-        const QPointF mouse = canvas->rect().center() + QPoint(40, -30);
+        const QPoint mouse = canvas->rect().center() + QPoint(40, -30);
         const QPointF place(display.plot->invTransform(QwtPlot::xBottom, mouse.x()),
                             display.plot->invTransform(QwtPlot::yLeft, mouse.y()));
         QWheelEvent wheel(mouse,
-                          canvas->mapToGlobal(mouse.toPoint()),
+                          canvas->mapToGlobal(mouse),
                           {},
                           QPoint(0, 240),
                           Qt::NoButton,

@@ -205,7 +205,7 @@ private Q_SLOTS:
             [this](const QStringList &arguments, const QByteArray &lines, const QString &name) {
                 const Outcome outcome = run(arguments, lines);
                 const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
-                for (const QJsonValue &value : report["estimates"].toArray())
+                for (const auto &value : report["estimates"].toArray())
                     if (value.toObject()["estimator"].toString() == name)
                         return value.toObject();
                 return QJsonObject();

@@ -8,7 +8,7 @@
 
 /*! Calls \a act with the next modal dialog or message, as soon as there is one, and closes it if \a act leaves it open. The
     test goes on behind what has opened it. */
-inline void onNextDialog(std::function<void(QDialog *)> act)
+inline void onNextDialog(const std::function<void(QDialog *)> &act)
 {
     QTimer::singleShot(0, qApp, [act] {
         const QPointer<QDialog> dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
@@ -66,6 +66,8 @@ public:
     //! Looks at everything that is visible in a window; \a place says in the result where that was.
     void look(const QString &place, const QWidget *window)
     {
+        // What changed just now gets its room in the same turn of the event loop, before it is painted.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         for (const QWidget *part : window->findChildren<QWidget *>())
             if (part->isVisibleTo(window) && part->window() == window)
                 lookAt(place, part);

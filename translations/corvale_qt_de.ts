@@ -1315,12 +1315,12 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <translation>Bis</translation>
     </message>
     <message>
-        <source>Two units are shown; not drawn, in other units: %1</source>
-        <translation>Zwei Einheiten werden gezeigt; nicht gezeichnet, da in anderen Einheiten: %1</translation>
+        <source>Not drawn: %1 (another unit; two are shown)</source>
+        <translation>Nicht gezeichnet: %1 (andere Einheit; zwei werden gezeigt)</translation>
     </message>
     <message>
-        <source>One unit is shown; not drawn, in other units: %1</source>
-        <translation>Eine Einheit wird gezeigt; nicht gezeichnet, da in anderen Einheiten: %1</translation>
+        <source>Not drawn: %1 (another unit; one is shown)</source>
+        <translation>Nicht gezeichnet: %1 (andere Einheit; eine wird gezeigt)</translation>
     </message>
 </context>
 <context>

@@ -1102,7 +1102,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Strip</source>
-        <translation>Défilement</translation>
+        <translation>Bande</translation>
     </message>
     <message>
         <source>Scope</source>
@@ -1315,12 +1315,12 @@ Fermer une fenêtre remet sa page en place.</translation>
         <translation>À</translation>
     </message>
     <message>
-        <source>Two units are shown; not drawn, in other units: %1</source>
-        <translation>Deux unités sont affichées&#xa0;; non tracés, dans d&apos;autres unités&#xa0;: %1</translation>
+        <source>Not drawn: %1 (another unit; two are shown)</source>
+        <translation>Non tracé&#xa0;: %1 (autre unité&#xa0;; deux sont affichées)</translation>
     </message>
     <message>
-        <source>One unit is shown; not drawn, in other units: %1</source>
-        <translation>Une seule unité est affichée&#xa0;; non tracés, dans d&apos;autres unités&#xa0;: %1</translation>
+        <source>Not drawn: %1 (another unit; one is shown)</source>
+        <translation>Non tracé&#xa0;: %1 (autre unité&#xa0;; une seule est affichée)</translation>
     </message>
 </context>
 <context>

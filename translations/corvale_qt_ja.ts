@@ -1313,12 +1313,12 @@ Close a window to put its page back.</source>
         <translation>終了</translation>
     </message>
     <message>
-        <source>Two units are shown; not drawn, in other units: %1</source>
-        <translation>表示できる単位は 2 つです。単位が異なるため描画していません: %1</translation>
+        <source>Not drawn: %1 (another unit; two are shown)</source>
+        <translation>描画なし: %1 (別の単位; 表示は 2 つまで)</translation>
     </message>
     <message>
-        <source>One unit is shown; not drawn, in other units: %1</source>
-        <translation>表示できる単位は 1 つです。単位が異なるため描画していません: %1</translation>
+        <source>Not drawn: %1 (another unit; one is shown)</source>
+        <translation>描画なし: %1 (別の単位; 表示は 1 つ)</translation>
     </message>
 </context>
 <context>

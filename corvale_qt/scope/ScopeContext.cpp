@@ -67,8 +67,8 @@ void ScopeContext::noteHidden(const QStringList &notPositive)
     const QStringList withoutAxis = axes.namesWithoutAxis();
     if (!withoutAxis.isEmpty())
         notes << (axes.hasRight()
-                      ? RVXScopePlotView::tr("Two units are shown; not drawn, in other units: %1")
-                      : RVXScopePlotView::tr("One unit is shown; not drawn, in other units: %1"))
+                      ? RVXScopePlotView::tr("Not drawn: %1 (another unit; two are shown)")
+                      : RVXScopePlotView::tr("Not drawn: %1 (another unit; one is shown)"))
                      .arg(withoutAxis.join(comma));
     if (!notPositive.isEmpty())
         notes << RVXScopePlotView::tr("Not on a logarithmic axis, 0 or negative: %1")

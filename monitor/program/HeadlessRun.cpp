@@ -275,6 +275,7 @@ void HeadlessRun::printStatistics()
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
     report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels);
+    applyVerdicts(report.estimates, report.fits);
     m_readingsLeftOut = report.estimates.leftOut.count > 0;
     report.spotErrors = spotErrors();
     report.toleranceX = m_commandLine.toleranceX;

@@ -2,6 +2,7 @@
 #include "monitor/statistics/ProfileFits.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include <corvale_qt/numerics/ProfileFit.h>
 #include <corvale_qt/scope/statistics/RVX_RegressionHistogramItem.h>
@@ -61,6 +62,23 @@ std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statisti
         && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};
     return {};
+}
+
+void applyVerdicts(const LastEstimates &estimates, std::vector<ProfileFitResult> &fits)
+{
+    for (const PlaneEstimate &plane : estimates.planes) {
+        const bool isJudged = plane.estimator == QLatin1String("regression")
+            && plane.verdict.validity == Corvale_Qt::BeamValidity::NotValid;
+        if (!isJudged)
+            continue;
+        for (ProfileFitResult &fit : fits) {
+            if (!fit.valid || fit.profile != plane.plane)
+                continue;
+            fit.valid = false;
+            fit.message = plane.verdict.text() + QStringLiteral(": ")
+                + plane.verdict.reasons.join(QStringLiteral("; "));
+        }
+    }
 }
 
 } // namespace Monitor

@@ -8,6 +8,7 @@
 namespace Monitor {
 
 class StreamStatistics;
+struct LastEstimates;
 
 //! A Gaussian fit of one profile. Positions are in channels; 1 is the centre of the profile's first channel.
 struct ProfileFitResult
@@ -18,7 +19,7 @@ struct ProfileFitResult
     double sigma = 0.0;
     double peak = 0.0;
     double integral = 0.0; //!< integral of the fitted Gaussian over the channels
-    QString message; //!< why there is no fit
+    QString message; //!< why there is no fit, or why it does not describe the readings
 };
 
 /*! Returns the fits that the window's histogram would show of the latest reading: one for each of the two profiles of
@@ -26,5 +27,8 @@ struct ProfileFitResult
     their order. There are none for pixels and spots. */
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
                                                 bool channelsAreProfile = false);
+
+//! Takes a fit for not valid, with the reason as its message, where the regression of the same profile is judged not valid.
+void applyVerdicts(const LastEstimates &estimates, std::vector<ProfileFitResult> &fits);
 
 } // namespace Monitor

@@ -260,7 +260,7 @@ QJsonArray jsonFits(const std::vector<ProfileFitResult> &fits)
 {
     QJsonArray array;
     for (const ProfileFitResult &fit : fits) {
-        QJsonObject object{{"profile", fit.profile}, {"valid", fit.valid}};
+        QJsonObject object{{"profile", fit.profile}, {"unit", "channels"}, {"valid", fit.valid}};
         if (fit.valid) {
             object.insert("position", jsonNumber(fit.position));
             object.insert("sigma", jsonNumber(fit.sigma));

@@ -87,6 +87,12 @@ QString ProfilePage::length(double value, bool alongX) const
               .arg(m_display->lengthUnit(alongX ? Axis::X : Axis::Y));
 }
 
+//! Returns a sum of readings with their unit.
+QString ProfilePage::amount(double value) const
+{
+    return QStringLiteral("%1 %2").arg(value, 0, 'g', 4).arg(m_display->intensityUnit()).trimmed();
+}
+
 QStringList ProfilePage::numbers() const
 {
     const SpectrogramCalc calc = m_display->getCalc();
@@ -96,8 +102,8 @@ QStringList ProfilePage::numbers() const
             tr("\u03c3 Y %1").arg(length(calc.sigmaY, false)),
             tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
             tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
-            tr("integral %1").arg(calc.integral, 0, 'g', 4),
-            tr("max %1").arg(calc.max, 0, 'g', 4)};
+            tr("integral %1").arg(amount(calc.integral)),
+            tr("max %1").arg(amount(calc.max))};
 }
 
 void ProfilePage::showNumbers()

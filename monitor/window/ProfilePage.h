@@ -33,6 +33,7 @@ private:
     void showNumbers();
     QStringList numbers() const;
     QString length(double value, bool alongX) const;
+    QString amount(double value) const;
 
     Corvale_Qt::RVXSpectrogram *m_display;
     QLabel *m_numbers;

@@ -198,6 +198,24 @@ private Q_SLOTS:
         }
     }
 
+    //! A flat field has no Gaussian, though a regression finds one.
+    void aFitThatDescribesNothingIsNotValid()
+    {
+        QByteArray line = "0";
+        for (int i = 0; i < 64; ++i)
+            line += "," + QByteArray::number(10.0 * std::exp(-std::pow((i % 32 - 15.5) / 8.0, 8)));
+        const Outcome outcome =
+            run({"-", "--stats", "--json"}, "#corvale 1\n#layout strips\n" + line + "\n");
+        const QJsonArray fits = QJsonDocument::fromJson(outcome.out).object()["fits"].toArray();
+        QCOMPARE(fits.size(), 2);
+        for (const QJsonValue &fit : fits) {
+            QCOMPARE(fit["unit"].toString(), QString("channels"));
+            QVERIFY(!fit["valid"].toBool() && fit["position"].isUndefined());
+            QVERIFY2(fit["message"].toString().startsWith("DATA NOT VALID: "),
+                     qPrintable(fit["message"].toString()));
+        }
+    }
+
     //! A beam on 24 strips of 2 mm, from the side that counts the other way, with a pedestal and two dead strips.
     void estimatesOnADetector()
     {

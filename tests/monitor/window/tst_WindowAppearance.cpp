@@ -106,6 +106,81 @@ private:
     mutable QSet<QPair<QString, QString>> m_heard;
 };
 
+//! Returns whether an entry can be triggered without leaving the window.
+bool staysInTheWindow(const QAction *entry)
+{
+    static const QStringList leaving{"closeSource", "print", "fullScreen"};
+    return !entry->isSeparator() && !entry->menu() && entry->isEnabled()
+        && entry->shortcut() != QKeySequence(QKeySequence::Quit)
+        && !leaving.contains(entry->objectName());
+}
+
+void lookAtPages(QDialog *dialog, ClippedTexts &clipped)
+{
+    auto *kinds = dialog->findChild<QListWidget *>("kinds");
+    for (int row = 0; kinds && row < kinds->count(); ++row) {
+        kinds->setCurrentRow(row);
+        QCoreApplication::processEvents();
+        clipped.look(kinds->item(row)->text(), dialog);
+    }
+    auto *tabs = dialog->findChild<QTabWidget *>();
+    for (int page = 0; tabs && page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        clipped.look(tabs->tabText(page), dialog);
+    }
+}
+
+void lookAtDialog(const QString &name, QDialog *dialog, ClippedTexts &clipped)
+{
+    QCoreApplication::processEvents();
+    if (qobject_cast<QFileDialog *>(dialog))
+        return;
+    // The screen of the tests is narrower than the smallest that the window is made for.
+    if (dialog->width() >= dialog->screen()->availableSize().width()) {
+        dialog->resize(int(WindowInTest::smallScreen.width() / dialog->devicePixelRatioF()),
+                       dialog->height());
+        QCoreApplication::processEvents();
+    }
+    clipped.look(name, dialog);
+    clipped.require(name, dialog, WindowInTest::smallScreen);
+    lookAtPages(dialog, clipped);
+}
+
+void lookAtWindows(const QString &name, ClippedTexts &clipped)
+{
+    for (const QWidget *shown : QApplication::topLevelWidgets()) {
+        if (!shown->isVisible() || qobject_cast<const QMenu *>(shown))
+            continue;
+        clipped.look(name, shown);
+        clipped.require(name, shown, WindowInTest::smallScreen);
+    }
+}
+
+//! Looks at a menu and at what each of its entries opens. Returns the number of dialogs.
+int walk(QMenu *menu, ClippedTexts &clipped)
+{
+    int dialogs = 0;
+    clipped.lookAtMenu(menu, WindowInTest::smallScreen);
+    for (QAction *entry : menu->actions()) {
+        if (!staysInTheWindow(entry))
+            continue;
+        onEveryDialog(
+            [&](QDialog *dialog) {
+                ++dialogs;
+                lookAtDialog(entry->text(), dialog, clipped);
+            },
+            [entry] {
+                entry->trigger();
+            });
+        QCoreApplication::processEvents();
+        lookAtWindows(entry->text(), clipped);
+        if (entry->isCheckable() && !entry->actionGroup())
+            entry->trigger();
+    }
+    return dialogs;
+}
+
 } // namespace
 
 //! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
@@ -340,68 +415,16 @@ private Q_SLOTS:
         w.run(3);
         ClippedTexts clipped;
         int dialogs = 0;
-        const auto lookAtDialog = [&](const QString &name, QDialog *dialog) {
-            ++dialogs;
-            QCoreApplication::processEvents();
-            if (qobject_cast<QFileDialog *>(dialog))
-                return;
-            // The screen of the tests is narrower than the smallest that the window is made for.
-            if (dialog->width() >= dialog->screen()->availableSize().width()) {
-                dialog->resize(int(WindowInTest::smallScreen.width() / dialog->devicePixelRatioF()),
-                               dialog->height());
-                QCoreApplication::processEvents();
-            }
-            clipped.look(name, dialog);
-            clipped.require(name, dialog, WindowInTest::smallScreen);
-            auto *kinds = dialog->findChild<QListWidget *>("kinds");
-            for (int row = 0; kinds && row < kinds->count(); ++row) {
-                kinds->setCurrentRow(row);
-                QCoreApplication::processEvents();
-                clipped.look(kinds->item(row)->text(), dialog);
-            }
-            auto *tabs = dialog->findChild<QTabWidget *>();
-            for (int page = 0; tabs && page < tabs->count(); ++page) {
-                tabs->setCurrentIndex(page);
-                QCoreApplication::processEvents();
-                clipped.look(tabs->tabText(page), dialog);
-            }
-        };
-        const auto lookAtWindows = [&](const QString &name) {
-            for (const QWidget *shown : QApplication::topLevelWidgets())
-                if (shown->isVisible() && !qobject_cast<const QMenu *>(shown)) {
-                    clipped.look(name, shown);
-                    clipped.require(name, shown, WindowInTest::smallScreen);
-                }
-        };
         auto *appearance = w.window.findChild<Appearance *>();
         for (const Appearance::Choice choice : qAsConst(appearances)) {
             appearance->choose(choice);
             QCoreApplication::processEvents();
             const QPalette palette = QApplication::palette();
-            const QColor faint = palette.color(QPalette::PlaceholderText); // of explanations
+            const QColor &faint = palette.color(QPalette::PlaceholderText); // of explanations
             QCOMPARE(faint.alpha(), 255);
             QVERIFY(std::abs(faint.lightness() - palette.color(QPalette::Window).lightness()) > 70);
-            for (QMenu *menu : w.menus()) {
-                clipped.lookAtMenu(menu, WindowInTest::smallScreen);
-                for (QAction *entry : menu->actions()) {
-                    const QString name = entry->objectName();
-                    const bool leaves = entry->shortcut() == QKeySequence(QKeySequence::Quit)
-                        || name == "closeSource" || name == "print" || name == "fullScreen";
-                    if (entry->isSeparator() || entry->menu() || leaves || !entry->isEnabled())
-                        continue;
-                    onEveryDialog(
-                        [&](QDialog *dialog) {
-                            lookAtDialog(entry->text(), dialog);
-                        },
-                        [entry] {
-                            entry->trigger();
-                        });
-                    QCoreApplication::processEvents();
-                    lookAtWindows(entry->text());
-                    if (entry->isCheckable() && !entry->actionGroup())
-                        entry->trigger();
-                }
-            }
+            for (QMenu *menu : w.menus())
+                dialogs += walk(menu, clipped);
         }
         QVERIFY2(dialogs >= 8 * appearances.size() && clipped.looked() > 500,
                  qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));

@@ -7,24 +7,66 @@
 
 using namespace Monitor;
 
-//! Each line is an argument.
+namespace {
+
+//! Returns arguments as an input has them, one on each line.
+std::string lines(std::initializer_list<const char *> arguments)
+{
+    std::string input;
+    for (const char *argument : arguments)
+        input.append(input.empty() ? "" : "\n").append(argument);
+    return input;
+}
+
+} // namespace
+
 std::vector<std::string> fuzzSeeds()
 {
-    return {"sim:strips?seed=7\n--speed\n4\n--loop\n--from\n-1e3\n--to\n20.5",
-            "--record\nr\n--rotate\n1h,100M\n--mode\n0640\n--compress\n--overwrite\ntcp-listen://"
-            "[::1]:5000?silence=30s",
-            "tcp://10.0.0.7:5000?ask=READ%3F%0A&every=100ms&silence=0",
-            "serial:/nowhere/ttyUSB0?baud=115200&silence=1.5min",
-            "--import\ndelimiter=semicolon,decimal=comma,header=no,time=2,clock=local,format=dd.MM."
-            "yyyy "
-            "HH:mm:ss,skip=3,comment=%\ntable.txt",
-            "--import\ninterval=1ms,delimiter=bar,clock=utc\nfile:a.csv",
-            "--compute\nasym [nA] = (A - B) / (A + "
-            "B)\n--range\n-1e-6,1e-6\n--tolerance\n1,2\n--planned\np.csv",
-            "--screenshot\np.png\n--size\n1280x800\n--view\nhistogram\n--after\n200frames\n--"
-            "span\n1.5min",
-            "--stats\n--json\n--measured\ns.csv\n--detector\nnowhere.json\n--after\n2s",
-            "--settings\n\xc3\xa9.xui\n-\n--\n-h"};
+    return {
+        lines({"sim:strips?seed=7", "--speed", "4", "--loop", "--from", "-1e3", "--to", "20.5"}),
+        lines({"--record",
+               "r",
+               "--rotate",
+               "1h,100M",
+               "--mode",
+               "0640",
+               "--compress",
+               "--overwrite",
+               "tcp-listen://[::1]:5000?silence=30s"}),
+        lines({"tcp://10.0.0.7:5000?ask=READ%3F%0A&every=100ms&silence=0"}),
+        lines({"serial:/nowhere/ttyUSB0?baud=115200&silence=1.5min"}),
+        lines({"--import",
+               "delimiter=semicolon,decimal=comma,header=no,time=2,clock=local,skip=3,comment=%,"
+               "format=dd.MM.yyyy HH:mm:ss",
+               "table.txt"}),
+        lines({"--import", "interval=1ms,delimiter=bar,clock=utc", "file:a.csv"}),
+        lines({"--compute",
+               "asym [nA] = (A - B) / (A + B)",
+               "--range",
+               "-1e-6,1e-6",
+               "--tolerance",
+               "1,2",
+               "--planned",
+               "p.csv"}),
+        lines({"--screenshot",
+               "p.png",
+               "--size",
+               "1280x800",
+               "--view",
+               "histogram",
+               "--after",
+               "200frames",
+               "--span",
+               "1.5min"}),
+        lines({"--stats",
+               "--json",
+               "--measured",
+               "s.csv",
+               "--detector",
+               "nowhere.json",
+               "--after",
+               "2s"}),
+        lines({"--settings", "\xc3\xa9.xui", "-", "--", "-h"})};
 }
 
 namespace {

@@ -100,7 +100,13 @@ void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
                 return QVariant(!value.toBool());
             });
     } else if (property.isEnumType() || property.userType() == QMetaType::Int) {
-        for (const int number : {0, 1, 2, 3, 5, 10})
+        QVector<int> numbers{0, 1, 2, 3, 5, 10};
+        if (property.isEnumType()) {
+            numbers.clear();
+            for (int i = 0; i < property.enumerator().keyCount(); ++i)
+                numbers.append(property.enumerator().value(i));
+        }
+        for (const int number : qAsConst(numbers))
             add([number](const QVariant &) {
                 return QVariant(number);
             });

@@ -277,14 +277,14 @@ private Q_SLOTS:
         const double rows = blocks * HistoryPyramid::baseRows
             * std::pow(HistoryPyramid::growth, HistoryPyramid::levels - 1);
         QVERIFY(rows / 1000.0 > 7 * 86400.0);
-        const qint64 rings = 100000 * 17 * 8;
+        const qint64 rings = qint64(100000) * 17 * 8;
         QVERIFY(RVXMultichannelDeviceModel::usualHistoryMemory + rings <= 300'000'000);
 
         Acquisition all(4, 100, HistoryPyramid::mostBytes(200, 4));
         for (int i = 0; i < 100; ++i)
             all.append(1000, false);
         // Level 0 and 1 are full; the others have grown to what they hold.
-        QVERIFY(all.model.historyMemoryInUse() >= 2 * 200 * 5 * 32);
+        QVERIFY(all.model.historyMemoryInUse() >= qint64(2 * 200 * 5) * 32);
         QVERIFY(all.model.historyMemoryInUse() <= all.model.historyMemory());
     }
 
@@ -294,9 +294,9 @@ private Q_SLOTS:
         all.append(5000, false);
         const double begin = all.times.back(), before = begin + 1.071;
         std::vector<double> zeros(5000, 0.0);
-        std::vector<double> later;
+        std::vector<double> later(zeros);
         for (int i = 0; i < 5000; ++i) // the outage is among rows that come together
-            later.push_back(begin + (i < 107 ? 0.0 : 3600.0) + 0.01 * (i + 1));
+            later[size_t(i)] = (begin + (i < 107 ? 0.0 : 3600.0) + 0.01 * (i + 1));
         all.model.appendRows(later.data(), zeros.data(), 5000);
         for (int level = 0; level < 4; ++level) {
             for (qint64 i = 0; i < all.history().endBlock(level); ++i) {
@@ -366,7 +366,7 @@ private Q_SLOTS:
             return history && history->read(0, 1, 3, 1, &block);
         };
         QVERIFY(read());
-        const RVXPlotHistory::Block stored = all.literalBlock(3 * 64, 64, 1);
+        const RVXPlotHistory::Block stored = all.literalBlock(qint64(3) * 64, 64, 1);
         QCOMPARE(block.greatest, stored.greatest * 1e9);
         top.zeroNow();
         const double zero = all.readings.back() * 1e9;
@@ -536,7 +536,7 @@ private Q_SLOTS:
             // The picture of the canvas and the replot are two frames of two channels.
             const qint64 columns = view.qwtPlot()->canvas()->width();
             QVERIFY(model.blocksRead > 0);
-            QVERIFY2(model.blocksRead <= 2 * 2 * ScopeHistory::blocksOfColumn * columns,
+            QVERIFY2(model.blocksRead <= columns * ScopeHistory::blocksOfColumn * 4,
                      qPrintable(QString::number(model.blocksRead)));
         }
     }

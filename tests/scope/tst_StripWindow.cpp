@@ -116,7 +116,7 @@ private Q_SLOTS:
             if (stamps == "disordered")
                 x = 1.0 + number(samples);
             else if (stamps == "equal")
-                x = 1.0 + i / 10 * 10;
+                x = 1.0 + double(i - i % 10);
             else if (stamps == "with NaN" && number(7) == 0)
                 x = qQNaN();
             if (x == last && stamps == "disordered")

@@ -166,9 +166,11 @@ public:
 private:
     void pass(double seconds)
     {
-        for (double left = seconds; left > 0.0; left -= 1.0) {
+        double left = seconds;
+        while (left > 0.0) {
             m_scripted.clock.advance(std::min(left, 1.0));
             QCoreApplication::processEvents();
+            left -= 1.0;
         }
         QTest::qWait(150); // displays paint ten times a second
     }

@@ -91,8 +91,8 @@ public:
     QString title(int column) const;
     QVariant text(int row, int column) const;
     QVariant toolTip(int row, int column) const;
-    /*! Writes all rows as CSV. Returns false if \a file does not accept everything, or if whoever watches has canceled. While
-        somebody watches, the object may be deleted before this returns. */
+    /*! Writes all rows as CSV. Returns false if \a file does not accept everything, or if the save was canceled. While
+        its progress is watched, the object may be deleted before this returns. */
     bool write(QIODevice &file, bool *isCanceled) const;
 
     RVXMultichannelDeviceModel *const q;

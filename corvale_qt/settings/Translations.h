@@ -23,7 +23,7 @@ namespace Corvale_Qt {
 //! Returns the codes of the languages that the library has texts in, in alphabetical order: "de", "en", "fr", "ja".
 CORVALE_QT_EXPORT QStringList translationLanguages();
 
-/*! Returns the code of the language that the library's texts have for a person who reads those of \a locale: the first of
+/*! Returns the code of the language in which the library shows its texts to users of \a locale: the first of its
     QLocale::uiLanguages() that is one of translationLanguages(), and "en" if there is none. */
 CORVALE_QT_EXPORT QString translationLanguage(const QLocale &locale = QLocale::system());
 

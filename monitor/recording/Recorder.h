@@ -40,7 +40,7 @@ public:
         QString source;
         //! Whether readings arrive as they are taken, so that the first one dates a stream that states no date.
         bool datesArrival = false;
-        //! Whether files that are complete are to be compressed, by the one who hears fileCompleted().
+        //! Whether complete files are to be compressed. The recorder only announces them, by fileCompleted().
         bool compress = false;
         //! The permissions of new files, of which the user's mask may take some away.
         unsigned mode = RecordingFile::usualMode;

@@ -38,7 +38,7 @@ protected:
 
     //! To be called when the connection is made.
     void connected();
-    //! Returns the seconds since start(), which date what has no time of its own.
+    //! Returns the seconds since start(): the time of readings that come without one.
     double arrivalTime() const;
     //! To be called with the bytes that arrive.
     void takeBytes(std::string_view bytes);

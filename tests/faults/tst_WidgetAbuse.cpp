@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a host may do to any widget of the library: delete it inside of its own signals, give it any size, take its model
-// away. The widgets, with something in them, are those that Qt Designer previews.
+// Hosts may delete any widget of the library inside its own signals, give it any size, and take its model away. The widgets, with something in them, are those that Qt Designer previews.
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "designer/WidgetTable.h"
 #include "tests/support/Rows.h"

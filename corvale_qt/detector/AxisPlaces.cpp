@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/AxisPlaces_p.h"
-
-#include <QCoreApplication>
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +12,6 @@ namespace {
 //! Lengths beyond this are a mistake, and their squares must not overflow.
 constexpr double kLongest = 1e9;
 constexpr int kLongestUnit = 16;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 bool isLength(double value)
 {

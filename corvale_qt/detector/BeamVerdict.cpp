@@ -4,6 +4,7 @@
 #include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/FlatField.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -14,11 +15,6 @@
 namespace Corvale_Qt {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 QString percent(double share)
 {

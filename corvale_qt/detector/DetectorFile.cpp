@@ -4,8 +4,8 @@
 #include "corvale_qt/detector/DetectorReader_p.h"
 #include "corvale_qt/detector/JsonPlaces_p.h"
 #include "corvale_qt/detector/VerdictLimits_p.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -18,11 +18,6 @@ namespace {
 
 constexpr int kVersion = 1;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 QStringList kindWords()
 {

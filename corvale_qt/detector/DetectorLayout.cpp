@@ -4,6 +4,7 @@
 #include "corvale_qt/detector/AxisPlaces_p.h"
 #include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/RoundPixelDetector.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -38,11 +39,6 @@ namespace {
 
 constexpr int kLongestTitle = 200;
 constexpr int kLongestName = 64;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 QString place(const char *list, int index)
 {

@@ -2,6 +2,7 @@
 #include "corvale_qt/detector/DetectorLines.h"
 
 #include "corvale_qt/detector/DetectorFile.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -46,11 +47,6 @@ namespace {
 using Data = StatedDetector;
 
 constexpr int kMostNumbers = 65536;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 QStringList words(const QString &text)
 {

@@ -4,13 +4,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <limits>
 
 namespace Corvale_Qt {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // Two doubles that the processor handles with one instruction.
 using Pair = double __attribute__((vector_size(16)));
@@ -18,8 +15,8 @@ using Pair = double __attribute__((vector_size(16)));
 //! The sum of finite readings, and their range.
 struct Fold
 {
-    double least = infinity;
-    double greatest = -infinity;
+    double least = kInfinity;
+    double greatest = -kInfinity;
     double sum = 0.0;
     qint64 count = 0;
 };
@@ -41,7 +38,7 @@ Fold foldOneByOne(const double *readings, int count)
 //! Folds an even number of readings. The sum is not finite if one of them is not.
 Fold foldPairs(const double *readings, int count)
 {
-    Pair least[2] = {Pair{infinity, infinity}, Pair{infinity, infinity}};
+    Pair least[2] = {Pair{kInfinity, kInfinity}, Pair{kInfinity, kInfinity}};
     Pair greatest[2] = {-least[0], -least[1]};
     Pair sum[2] = {};
     const auto add = [&](int lane, int i) {
@@ -104,7 +101,7 @@ double meanOf(const RVXPlotHistory::Block &block, double mean, qint64 count)
 
 RVXPlotHistory::Block emptyBlock()
 {
-    return {infinity, -infinity, 0.0, 0};
+    return {kInfinity, -kInfinity, 0.0, 0};
 }
 
 void addReadings(const double *readings, int count, RVXPlotHistory::Block &block)

@@ -7,8 +7,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Corvale_Qt {
+
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 //! Returns a block without readings, which readings and blocks can be added to.
 RVXPlotHistory::Block emptyBlock();

@@ -11,7 +11,6 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int fewestBlocks = 64;
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 static_assert(sizeof(RVXPlotHistory::Interval) == 32 && sizeof(RVXPlotHistory::Block) == 32,
               "the memory of a history is stated in blocks of 32 bytes");
@@ -93,7 +92,7 @@ void HistoryPyramid::begin(double time)
 double HistoryPyramid::usualLength() const
 {
     const qint64 steps = m_rows - m_firstRow - 1;
-    return steps < 1 ? infinity : (m_newest - m_first) / double(steps) * baseRows;
+    return steps < 1 ? kInfinity : (m_newest - m_first) / double(steps) * baseRows;
 }
 
 //! Finds how many of at most \a most rows go into one block, the first of which counts at \a start.
@@ -104,10 +103,10 @@ HistoryPyramid::Stretch HistoryPyramid::stretch(const double *times, int most, d
     Stretch found{1, start, at(0).intervals.back().rows > 0 ? stepBefore : 0.0};
     for (; found.count < most; ++found.count) {
         const double step = times[found.count] - found.last;
-        const bool jumps = step < -largestStepBack || (step > usual && step < infinity);
+        const bool jumps = step < -largestStepBack || (step > usual && step < kInfinity);
         if (jumps)
             break;
-        if (step > 0.0 && step < infinity) {
+        if (step > 0.0 && step < kInfinity) {
             found.last = times[found.count];
             found.longestStep = std::max(found.longestStep, step);
         }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockOfReadings_p.h"
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
@@ -9,13 +10,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <limits>
 
 namespace Corvale_Qt {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // Two doubles that the processor handles with one instruction. A comparison with a NaN is false in its lane alone.
 using Pair = double __attribute__((vector_size(16)));
@@ -41,8 +39,8 @@ struct Lanes
 
     Lanes()
     {
-        std::fill_n(least, pairs, Pair{infinity, infinity});
-        std::fill_n(greatest, pairs, Pair{-infinity, -infinity});
+        std::fill_n(least, pairs, Pair{kInfinity, kInfinity});
+        std::fill_n(greatest, pairs, Pair{-kInfinity, -kInfinity});
         std::fill_n(sum, pairs, Pair{0.0, 0.0});
     }
 
@@ -99,7 +97,7 @@ ValueRange rangeOfPiece(const double *values, int count)
 
 ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
 {
-    ValueRange range{infinity, -infinity, false};
+    ValueRange range{kInfinity, -kInfinity, false};
     for (int i = first; i < last; ++i) {
         const double value = spans.stored(i);
         if (!std::isfinite(value))
@@ -126,7 +124,7 @@ ValueRange storedRange(const ColumnSpans &spans, int first, int last)
 
 ValueRange readRange(const ColumnSpans &spans, int first, int last)
 {
-    ValueRange range{infinity, -infinity, true};
+    ValueRange range{kInfinity, -kInfinity, true};
     if (first < spans.size[0])
         range = rangeOfPiece(spans.piece[0] + first, std::min(last, spans.size[0]) - first);
     if (last > spans.size[0]) {

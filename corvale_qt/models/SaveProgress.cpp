@@ -8,29 +8,29 @@ namespace Corvale_Qt {
 
 namespace {
 
-thread_local SaveProgress *newest = nullptr;
+thread_local SaveProgress *innermost = nullptr;
 
 } // namespace
 
 SaveProgress::SaveProgress(Watcher watcher)
     : m_watcher(std::move(watcher))
-    , m_before(std::exchange(newest, this))
+    , m_before(std::exchange(innermost, this))
 {
 }
 
 SaveProgress::~SaveProgress()
 {
-    newest = m_before;
+    innermost = m_before;
 }
 
 bool SaveProgress::isWatched()
 {
-    return newest;
+    return innermost;
 }
 
 bool SaveProgress::goOn(qint64 done, qint64 all)
 {
-    return !newest || newest->m_watcher(double(done) / double(std::max<qint64>(all, 1)));
+    return !innermost || innermost->m_watcher(double(done) / double(std::max<qint64>(all, 1)));
 }
 
 } // namespace Corvale_Qt

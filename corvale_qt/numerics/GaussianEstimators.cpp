@@ -14,7 +14,7 @@ namespace Corvale_Qt {
 namespace {
 
 //! The share of the cells at each end whose median is the background of the width at half maximum.
-constexpr double kBackgroundShare = 0.05;
+constexpr double kEndShare = 0.05;
 
 EstimateStatus statusOf(FitStatus status)
 {
@@ -217,8 +217,7 @@ BeamEstimate atHalfMaximum(const BeamProfile &profile)
 {
     const int peak = densestCell(profile);
     BeamEstimate result;
-    result.background.value =
-        endBackground(profile, std::max(int(kBackgroundShare * profile.count()), 1));
+    result.background.value = endBackground(profile, std::max(int(kEndShare * profile.count()), 1));
     result.height.value = profile.density(peak) - result.background.value;
     if (!(result.height.value > 0))
         return failed(EstimateStatus::NoSignal);

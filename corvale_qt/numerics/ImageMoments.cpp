@@ -2,6 +2,7 @@
 #include "corvale_qt/numerics/ImageMoments.h"
 
 #include "corvale_qt/numerics/PeakSearch.h"
+#include "corvale_qt/numerics/SecondMomentMethod_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,10 +12,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr double kCornerShare = 0.05;
-constexpr int kLeastCorner = 2;
-constexpr double kAreaInSigma = 6.0;
-constexpr int kMostIterations = 100;
+using namespace SecondMomentMethod;
 
 //! A part of an image.
 struct Window
@@ -180,9 +178,11 @@ ImageMoments momentsOf(const BeamImage &image, const Window &window, double back
 
 double cornerBackground(const BeamImage &image)
 {
-    const int high = std::min(std::max(int(kCornerShare * image.rows), kLeastCorner), image.rows);
+    const int high =
+        std::min(std::max(int(kBackgroundShare * image.rows), kLeastBackgroundCells), image.rows);
     const int wide =
-        std::min(std::max(int(kCornerShare * image.columns), kLeastCorner), image.columns);
+        std::min(std::max(int(kBackgroundShare * image.columns), kLeastBackgroundCells),
+                 image.columns);
     std::vector<double> densities;
     for (int r = 0; r < image.rows; ++r) {
         for (int c = 0; c < image.columns; ++c) {

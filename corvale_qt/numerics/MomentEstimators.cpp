@@ -3,6 +3,7 @@
 #include "corvale_qt/numerics/GaussianModel_p.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
+#include "corvale_qt/numerics/SecondMomentMethod_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,11 +13,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! The share of the cells at each end that ISO 11146-3 takes for the background, and the least number of cells.
-constexpr double kBackgroundShare = 0.05;
-constexpr int kLeastBackgroundCells = 2;
-constexpr double kAreaInSigma = 6.0;
-constexpr int kMostIterations = 100;
+using namespace SecondMomentMethod;
+
 constexpr double kConverged = 1e-9;
 
 /*! The moments of the charge above a background, where each cell counts with a share between 0 and 1. */

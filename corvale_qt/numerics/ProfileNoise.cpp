@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-struct Sums
+struct NoiseSums
 {
     double signal = 0;
     double noise = 0;
@@ -29,7 +29,7 @@ SignalToNoise signalToNoise(const T *values, int count, double mean, double sigm
         return bin >= lower && bin <= upper;
     };
 
-    Sums sums;
+    NoiseSums sums;
     for (int i = 0; i < count; ++i) {
         (isSignal(i) ? sums.signal : sums.noise) += values[i];
         sums.signalCount += isSignal(i);

@@ -21,15 +21,15 @@ namespace {
 constexpr double missing = std::numeric_limits<double>::quiet_NaN();
 
 // Buffers that all curves share. Curves are painted one after the other on one thread.
-struct Scratch
+struct BlockScratch
 {
     PixelRuns runs;
     QVector<RVXPlotHistory::Block> blocks;
 };
 
-Scratch &scratch()
+BlockScratch &blockScratch()
 {
-    static Scratch shared;
+    static BlockScratch shared;
     return shared;
 }
 
@@ -102,7 +102,7 @@ void HistoryCurve::show(int column, double divisor, const QPen &pen)
 
 QRectF HistoryCurve::boundingRect() const
 {
-    QVector<RVXPlotHistory::Block> &blocks = scratch().blocks;
+    QVector<RVXPlotHistory::Block> &blocks = blockScratch().blocks;
     RVXPlotHistory::Block whole{0.0, 0.0, 0.0, 0};
     if (m_frame.isEmpty() || !m_frame.read(m_column, blocks))
         return QRectF(1.0, 1.0, -2.0, -2.0);
@@ -126,10 +126,10 @@ void HistoryCurve::draw(QPainter *painter,
                         const QwtScaleMap &yMap,
                         const QRectF &canvasRect) const
 {
-    if (m_frame.isEmpty() || !m_frame.read(m_column, scratch().blocks))
+    if (m_frame.isEmpty() || !m_frame.read(m_column, blockScratch().blocks))
         return;
     const QRect clip = canvasRect.toAlignedRect();
-    PixelRuns &runs = scratch().runs;
+    PixelRuns &runs = blockScratch().runs;
     runs.begin(clip);
     addBlocks(runs, xMap, yMap, clip);
     runs.end();
@@ -159,7 +159,7 @@ void HistoryCurve::addBlocks(PixelRuns &runs,
     };
     BlockRuns drawn(runs, clip);
     for (int i = 0; i < places.size(); ++i) {
-        const RVXPlotHistory::Block &block = scratch().blocks[i];
+        const RVXPlotHistory::Block &block = blockScratch().blocks[i];
         const bool isWhole = block.count == intervals[i].rows;
         if (!isWhole)
             drawn.gap();

@@ -13,7 +13,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr double kZ = 30.0; // above the curves, below the markers
+constexpr double kLimitLinesZ = 30.0; // above the curves, below the markers
 const QColor kShadow(0, 0, 0, 150); // a line is to be seen on a yellow bar as well
 
 // The canvas is black in every palette. The dashes tell warnings from alarms without the colour.
@@ -55,7 +55,7 @@ void drawThin(QPainter *painter, const QLineF &line, bool isAlarm)
 
 LimitLines::LimitLines()
 {
-    setZ(kZ);
+    setZ(kLimitLinesZ);
     // Limits far from the readings must not shrink them.
     setItemAttribute(QwtPlotItem::AutoScale, false);
     setItemAttribute(QwtPlotItem::Legend, false);

@@ -19,13 +19,13 @@ const QColor kShade(150, 150, 170, 70);
 const QColor kTextOnBlack(190, 190, 205);
 const QColor kTextOnWhite(80, 80, 95);
 constexpr double kMargin = 4.0; // around the text
-constexpr double kZ = 15.0; // between the grid and the curves
+constexpr double kOutageBandsZ = 15.0; // between the grid and the curves
 
 } // namespace
 
 OutageBands::OutageBands()
 {
-    setZ(kZ);
+    setZ(kOutageBandsZ);
     // It reports no extent, so it does not change automatic scales.
     setItemAttribute(QwtPlotItem::AutoScale, false);
     setItemAttribute(QwtPlotItem::Legend, false);

@@ -9,7 +9,7 @@ namespace Corvale_Qt {
 namespace {
 
 // Rows and columns are exchanged in squares of this side: as many pixels of four bytes as a cache line holds.
-constexpr int side = 16;
+constexpr int tileSide = 16;
 
 QRgb *bitsOf(QImage &image)
 {
@@ -110,7 +110,7 @@ void RunImage::draw(QPainter *painter, const QPoint &at)
     const QPointF corner = finer ? at - QPointF(0.5, 0.5) : QPointF(at);
     // Drawn in bands, since ARGB32 is four times as large and a band is still in the cache when it is drawn. If the edges of
     // bands may fall between device pixels, the whole picture is one band.
-    const int height = finer ? m_used.count() : side;
+    const int height = finer ? m_used.count() : tileSide;
     if (m_band.width() != m_size.width() || m_band.height() < height)
         m_band = QImage(m_size.width(), height, QImage::Format_ARGB32_Premultiplied);
     for (int top = m_used.top; top <= m_used.bottom; top += height) {
@@ -128,10 +128,10 @@ void RunImage::fillBand(const Rows &rows)
     const int stride = strideOf(m_band);
     const QRgb *const colors = m_colors.constData();
     const uchar *const pixels = m_pixels.constData() + rows.top;
-    for (int top = 0; top < rows.count(); top += side) {
-        const int bottom = std::min(top + side, rows.count());
-        for (int left = 0; left < m_size.width(); left += side) {
-            const int right = std::min(left + side, m_size.width());
+    for (int top = 0; top < rows.count(); top += tileSide) {
+        const int bottom = std::min(top + tileSide, rows.count());
+        for (int left = 0; left < m_size.width(); left += tileSide) {
+            const int right = std::min(left + tileSide, m_size.width());
             for (int row = top; row < bottom; ++row) {
                 for (int column = left; column < right; ++column)
                     band[row * stride + column] = colors[pixels[column * m_size.height() + row]];

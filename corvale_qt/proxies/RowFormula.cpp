@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "corvale_qt/proxies/RowFormula_p.h"
-
-#include <QCoreApplication>
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #ifdef CORVALE_QT_HAS_MUPARSER
 #include <muParser.h>
@@ -16,11 +15,6 @@
 namespace Corvale_Qt {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 } // namespace
 

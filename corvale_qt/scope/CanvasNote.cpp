@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr double zOfNote = 35.0; // above the markers
-constexpr double margin = 4.0;
+constexpr double noteMargin = 4.0;
 
 } // namespace
 
@@ -33,7 +33,8 @@ void CanvasNote::draw(QPainter *painter,
     if (m_text.isEmpty())
         return;
     const QFontMetricsF metrics(painter->font(), painter->device());
-    const QString shown = metrics.elidedText(m_text, Qt::ElideRight, canvas.width() - 4.0 * margin);
+    const QString shown =
+        metrics.elidedText(m_text, Qt::ElideRight, canvas.width() - 4.0 * noteMargin);
     QwtText text(shown, QwtText::PlainText);
     text.setColor(RVXPlotColors::labelTextColor());
     QColor background = RVXPlotColors::labelBackgroundColor();
@@ -41,8 +42,8 @@ void CanvasNote::draw(QPainter *painter,
     text.setBackgroundBrush(background);
     const QSizeF size = text.textSize(painter->font());
     text.draw(painter,
-              QRectF(canvas.left() + margin,
-                     canvas.bottom() - margin - size.height(),
+              QRectF(canvas.left() + noteMargin,
+                     canvas.bottom() - noteMargin - size.height(),
                      size.width(),
                      size.height()));
 }

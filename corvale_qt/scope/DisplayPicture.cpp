@@ -19,7 +19,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr int margin = 6; // around the lines of text
+constexpr int pictureMargin = 6; // around the lines of text
 
 QPalette lightPalette()
 {
@@ -167,7 +167,7 @@ public:
     bool hasHeading() const { return !title.isEmpty() || !note.isEmpty(); }
     int headingHeight() const
     {
-        return hasHeading() ? QFontMetrics(titleFont()).height() + 2 * margin : 0;
+        return hasHeading() ? QFontMetrics(titleFont()).height() + 2 * pictureMargin : 0;
     }
     QFont titleFont() const;
     std::vector<std::unique_ptr<PictureLegend>> legends() const;
@@ -205,8 +205,8 @@ std::vector<std::unique_ptr<PictureLegend>> DisplayPicturePrivate::legends() con
 
 void DisplayPicturePrivate::paintHeading(QPainter *painter) const
 {
-    const QRect place =
-        QRect(0, 0, display->width(), headingHeight()).adjusted(margin, 0, -margin, 0);
+    const QRect place = QRect(0, 0, display->width(), headingHeight())
+                            .adjusted(pictureMargin, 0, -pictureMargin, 0);
     painter->setPen(display->palette().color(QPalette::WindowText));
     painter->setFont(display->font());
     const int noteWidth = std::min(painter->fontMetrics().horizontalAdvance(note), place.width());
@@ -214,7 +214,7 @@ void DisplayPicturePrivate::paintHeading(QPainter *painter) const
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(note, Qt::ElideRight, place.width()));
     painter->setFont(titleFont());
-    const int room = std::max(place.width() - noteWidth - 2 * margin, 0);
+    const int room = std::max(place.width() - noteWidth - 2 * pictureMargin, 0);
     painter->drawText(place,
                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(title, Qt::ElideMiddle, room));
@@ -254,7 +254,7 @@ QSize DisplayPicture::size() const
         return QSize(0, 0);
     int height = d->headingHeight() + d->display->height();
     for (const auto &legend : d->legends())
-        height += legend->height() + margin;
+        height += legend->height() + pictureMargin;
     return {d->display->width(), height};
 }
 
@@ -271,10 +271,10 @@ void DisplayPicture::paint(QPainter *painter) const
     if (d->hasHeading())
         d->paintHeading(painter);
     d->display->render(painter, QPoint(0, d->headingHeight()));
-    int y = d->headingHeight() + d->display->height() + margin;
+    int y = d->headingHeight() + d->display->height() + pictureMargin;
     for (const auto &legend : d->legends()) {
         legend->paint(painter, {0, y}, palette);
-        y += legend->height() + margin;
+        y += legend->height() + pictureMargin;
     }
     painter->restore();
 }

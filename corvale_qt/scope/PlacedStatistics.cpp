@@ -4,8 +4,7 @@
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "corvale_qt/scope/PlacedStatistics_p.h"
 #include "corvale_qt/scope/statistics/StatisticsParameters_p.h"
-
-#include <QCoreApplication>
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,11 +14,6 @@ namespace Corvale_Qt {
 namespace {
 
 using Type = RVXScopePlotView::HistogramItemTypes;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 //! Reads the parameters as RVX_CoGHistogramItem does.
 BeamEstimate centreOfGravity(const BeamProfile &profile, const QVector<double> &parameters)

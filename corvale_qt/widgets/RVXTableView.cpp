@@ -16,7 +16,7 @@ namespace Corvale_Qt {
 namespace {
 
 //! Returns \a text as spreadsheets write it, in quotes if necessary.
-QString quoted(QString text)
+QString asTableField(QString text)
 {
     static const QString special = "\t\n\r\"";
     const auto isSpecial = [](QChar c) {
@@ -108,7 +108,7 @@ void RVXTableView::copySelection() const
     for (const QModelIndex &index : selectedIndexes()) {
         const int row = verticalHeader()->visualIndex(index.row());
         const int column = horizontalHeader()->visualIndex(index.column());
-        cells[row][column] = quoted(index.data().toString());
+        cells[row][column] = asTableField(index.data().toString());
         columns.insert(column);
     }
     // Without a selection the clipboard keeps its content.

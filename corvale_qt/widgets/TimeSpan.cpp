@@ -72,7 +72,7 @@ std::optional<double> sumOf(const QString &text)
 }
 
 //! Returns a text as it is quoted in a message.
-QString quoted(const QString &text)
+QString inQuotes(const QString &text)
 {
     constexpr int longestQuote = 40;
     const QString plain = text.simplified();
@@ -92,12 +92,12 @@ std::optional<double> TimeSpan::fromText(const QString &text, QString *error)
     if (error && seconds)
         *error = QCoreApplication::translate("Corvale_Qt",
                                              "\"%1\": a time span is at least %2 and at most %3.")
-                     .arg(quoted(text), TimeSpan::text(shortest), TimeSpan::text(longest));
+                     .arg(inQuotes(text), TimeSpan::text(shortest), TimeSpan::text(longest));
     else if (error)
         *error = QCoreApplication::translate(
                      "Corvale_Qt",
                      "\"%1\" is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.")
-                     .arg(quoted(text));
+                     .arg(inQuotes(text));
     return std::nullopt;
 }
 

@@ -48,7 +48,7 @@ void addField(QFormLayout *layout,
     layout->addRow(QString(), new Explanation(explanation));
 }
 
-QString numberText(double number)
+QString numberOrNothing(double number)
 {
     constexpr int digits = 10;
     return std::isfinite(number) ? QString::number(number, 'g', digits) : QString();
@@ -271,15 +271,15 @@ void SettingsDialog::fill()
     m_unpaced->setChecked(m_former.file.speed == 0.0);
     m_speed->setValue(m_former.file.speed > 0.0 ? m_former.file.speed : 1.0);
     m_loop->setChecked(m_former.file.loop);
-    m_from->setText(numberText(m_former.file.from));
-    m_to->setText(numberText(m_former.file.to));
+    m_from->setText(numberOrNothing(m_former.file.from));
+    m_to->setText(numberOrNothing(m_former.file.to));
     if (m_former.hasRange()) {
-        m_low->setText(numberText(m_former.rangeLow));
-        m_high->setText(numberText(m_former.rangeHigh));
+        m_low->setText(numberOrNothing(m_former.rangeLow));
+        m_high->setText(numberOrNothing(m_former.rangeHigh));
     }
     m_detector->setText(m_former.detectorFile);
     if (m_former.minimumSum != 0.0)
-        m_minimumSum->setText(numberText(m_former.minimumSum));
+        m_minimumSum->setText(numberOrNothing(m_former.minimumSum));
     m_folder->setText(m_former.recordFolder);
     m_rotation->setText(m_former.rotation);
     m_compress->setChecked(m_former.compress);

@@ -12,7 +12,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int maxSide = Corvale_Qt::DetectorLayout::maxSide;
+using Corvale_Qt::DetectorLayout;
 
 bool readSide(std::string_view field, int *side)
 {
@@ -38,8 +38,9 @@ bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, 
         *fault = Text::tr("the time is not a number");
         return false;
     }
-    if (rows < 1 || columns < 1 || rows > maxSide || columns > maxSide) {
-        *fault = Text::tr("a frame has 1 to %1 rows and columns").arg(maxSide);
+    if (rows < 1 || columns < 1 || rows > DetectorLayout::maxSide
+        || columns > DetectorLayout::maxSide) {
+        *fault = Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide);
         return false;
     }
     return true;

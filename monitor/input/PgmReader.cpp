@@ -12,7 +12,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int maxSide = Corvale_Qt::DetectorLayout::maxSide;
+using Corvale_Qt::DetectorLayout;
 constexpr int largestOfAll = 65535;
 constexpr int largestOfAByte = 255;
 constexpr int tooLarge = 1000000; //!< where digits are no longer added up
@@ -178,8 +178,8 @@ void PgmReader::endNumber()
         beginRaster();
         return;
     }
-    if (number < 1 || number > maxSide) {
-        lose(Text::tr("a frame has 1 to %1 rows and columns").arg(maxSide));
+    if (number < 1 || number > DetectorLayout::maxSide) {
+        lose(Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide));
         return;
     }
     (m_state == State::Columns ? m_image.columns : m_image.rows) = number;

@@ -15,7 +15,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int pieceSize = 1024 * 1024;
+constexpr int repairedPiece = 1024 * 1024;
 
 //! Notes what is lost while a recording is read, and writes what is not if there is a file for it.
 class DamageSink : public StreamSink
@@ -104,7 +104,7 @@ public:
 private:
     void writeIfMuch()
     {
-        if (m_text.size() >= pieceSize)
+        if (m_text.size() >= repairedPiece)
             write();
     }
 
@@ -164,7 +164,7 @@ bool read(const QString &path,
                 .arg(path, reader.errorString());
         return false;
     }
-    while (reader.read(pieceSize)) { }
+    while (reader.read(repairedPiece)) { }
     sink.endLoss(Text::tr("before the end of the file"));
     if (reader.hasFailed())
         *error = Text::tr("reading %1 failed: %2").arg(path, reader.errorString());

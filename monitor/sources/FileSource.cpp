@@ -12,7 +12,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int pieceSize = 256 * 1024;
+constexpr int filePiece = 256 * 1024;
 
 } // namespace
 
@@ -260,7 +260,7 @@ bool FileSource::readOn()
 {
     if (m_atEnd)
         return false;
-    if (!m_reader.read(pieceSize))
+    if (!m_reader.read(filePiece))
         m_atEnd = m_reader.hasFailed() || !startLoop();
     return !m_atEnd;
 }

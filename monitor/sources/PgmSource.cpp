@@ -14,7 +14,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int pieceSize = 256 * 1024;
+constexpr int imagePiece = 256 * 1024;
 //! So many frames are read ahead of those that are due.
 constexpr std::size_t enough = 20;
 //! So many pieces are read in one go at most, because many images may be unreadable.
@@ -164,7 +164,7 @@ void PgmSource::play()
 
 void PgmSource::readOn()
 {
-    const QByteArray piece = m_file.read(pieceSize);
+    const QByteArray piece = m_file.read(imagePiece);
     m_reader.feed({piece.constData(), std::size_t(piece.size())});
     if (m_file.error() != QFileDevice::NoError)
         m_error = m_file.errorString();

@@ -8,7 +8,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr double none = std::numeric_limits<double>::quiet_NaN();
+constexpr double undefined = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
 
@@ -41,27 +41,27 @@ void RunningStatistics::add(double time, double value)
 
 double RunningStatistics::mean() const
 {
-    return m_count > 0 ? m_mean : none;
+    return m_count > 0 ? m_mean : undefined;
 }
 
 double RunningStatistics::sigma() const
 {
-    return m_count > 1 ? std::sqrt(m_squares / double(m_count - 1)) : none;
+    return m_count > 1 ? std::sqrt(m_squares / double(m_count - 1)) : undefined;
 }
 
 double RunningStatistics::populationSigma() const
 {
-    return m_count > 0 ? std::sqrt(m_squares / double(m_count)) : none;
+    return m_count > 0 ? std::sqrt(m_squares / double(m_count)) : undefined;
 }
 
 double RunningStatistics::minimum() const
 {
-    return m_count > 0 ? m_minimum : none;
+    return m_count > 0 ? m_minimum : undefined;
 }
 
 double RunningStatistics::maximum() const
 {
-    return m_count > 0 ? m_maximum : none;
+    return m_count > 0 ? m_maximum : undefined;
 }
 
 } // namespace Monitor

@@ -15,7 +15,6 @@ namespace {
 //! How much is read before a place, for the displays that show the past.
 constexpr qint64 readingsBefore = 30000;
 constexpr qint64 bytesBefore = qint64(8) * 1024 * 1024;
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 } // namespace
 
@@ -46,7 +45,7 @@ void TapeDeck::play()
 {
     m_source.setPaused(false);
     if (m_source.state() == Source::State::Finished)
-        goTo(m_loop ? m_index.spotAt(m_loop->from) : TapeSpot{0, -infinity});
+        goTo(m_loop ? m_index.spotAt(m_loop->from) : TapeSpot{0, -kInfinity});
     tellChange();
 }
 
@@ -75,11 +74,11 @@ void TapeDeck::stepBackwards()
 {
     m_source.setPaused(true);
     TapeSpot before = spot();
-    const double first = m_index.spotAt(m_index.positionOf({before.part, -infinity})).time;
+    const double first = m_index.spotAt(m_index.positionOf({before.part, -kInfinity})).time;
     if (before.time > first)
-        before.time = std::nextafter(before.time, -infinity);
+        before.time = std::nextafter(before.time, -kInfinity);
     else if (before.part > 0)
-        before = {before.part - 1, infinity};
+        before = {before.part - 1, kInfinity};
     seekSpot(before);
     tellChange();
 }

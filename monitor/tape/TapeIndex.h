@@ -6,9 +6,12 @@
 #include <QString>
 #include <QVector>
 
+#include <limits>
 #include <vector>
 
 namespace Monitor {
+
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 //! A place on a tape: one of its parts, from 0, and a time in seconds of that part.
 struct TapeSpot

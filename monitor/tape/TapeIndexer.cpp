@@ -16,7 +16,6 @@ namespace {
 constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
 constexpr qint64 smallestBlock = 256; // bytes
 constexpr qint64 largestBlock = 16 * 1024 * 1024;
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 //! Puts what is read into an index, block by block.
 class IndexSink : public StreamSink
@@ -37,8 +36,8 @@ public:
         m_block.row = point.row;
         m_block.counts = point.counts;
         m_block.isEntry = point.isEntry;
-        m_block.low = infinity;
-        m_block.high = -infinity;
+        m_block.low = kInfinity;
+        m_block.high = -kInfinity;
     }
     void endBlock()
     {
@@ -59,8 +58,8 @@ public:
         index.addPart(point.context);
         // What precedes the part in this block belongs to another one, so reading cannot begin here.
         m_block.isEntry = false;
-        m_block.low = infinity;
-        m_block.high = -infinity;
+        m_block.low = kInfinity;
+        m_block.high = -kInfinity;
     }
     void reading(double time, const double *values) override
     {
@@ -86,7 +85,7 @@ public:
     void eventNoted(const QString &text) override
     {
         index.addMark({TapeMark::Kind::Event,
-                       {std::max(index.parts() - 1, 0), m_any ? m_lastTime : -infinity},
+                       {std::max(index.parts() - 1, 0), m_any ? m_lastTime : -kInfinity},
                        0.0,
                        text});
     }

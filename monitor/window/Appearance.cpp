@@ -13,7 +13,7 @@ namespace Monitor {
 
 namespace {
 
-const QString key = QStringLiteral("appearance");
+const QString appearanceKey = QStringLiteral("appearance");
 const QStringList names = {QStringLiteral("desktop"),
                            QStringLiteral("light"),
                            QStringLiteral("dark")};
@@ -74,7 +74,7 @@ Appearance::Appearance(WindowSettings &settings, QMenu *menu, QObject *parent)
     connect(m_actions, &QActionGroup::triggered, this, [this](QAction *action) {
         choose(Choice(action->data().toInt()));
     });
-    m_choice = Choice(qMax(0, names.indexOf(settings.text(key))));
+    m_choice = Choice(qMax(0, names.indexOf(settings.text(appearanceKey))));
     m_actions->actions().at(int(m_choice))->setChecked(true);
     if (m_choice != Choice::Desktop)
         apply();
@@ -95,7 +95,7 @@ void Appearance::choose(Choice choice)
     if (choice == m_choice)
         return;
     m_choice = choice;
-    m_settings.setText(key, names.at(int(choice)));
+    m_settings.setText(appearanceKey, names.at(int(choice)));
     apply();
 }
 

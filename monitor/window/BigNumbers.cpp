@@ -20,8 +20,8 @@ using Corvale_Qt::SpectrogramCalc;
 
 namespace {
 
-constexpr double refreshInterval = 0.2; // s; faster numbers cannot be read
-constexpr QSize usualSize{900, 420};
+constexpr double readableInterval = 0.2; // s; faster numbers cannot be read
+constexpr QSize bigNumbersSize{900, 420};
 
 QString length(double value, const QString &unit)
 {
@@ -55,7 +55,7 @@ BigNumbers::BigNumbers(Session &session,
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);
     layout->addLayout(below);
-    resize(usualSize);
+    resize(bigNumbersSize);
     connect(&session, &Session::streamStarted, this, &BigNumbers::offerChoices);
     connect(&session, &Session::sourceReplaced, this, &BigNumbers::offerChoices);
     connect(&session.clock(), &Clock::tick, this, &BigNumbers::refreshIfDue);
@@ -91,7 +91,7 @@ void BigNumbers::showEvent(QShowEvent *event)
 
 void BigNumbers::refreshIfDue()
 {
-    if (isVisible() && m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+    if (isVisible() && m_session.clock().seconds() - m_refreshedAt >= readableInterval)
         refresh();
 }
 

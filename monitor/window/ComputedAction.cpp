@@ -11,7 +11,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-const QString key = QStringLiteral("computed");
+const QString computedKey = QStringLiteral("computed");
 
 //! Returns a channel as --compute takes it.
 QString textOf(const ComputedChannel &channel)
@@ -38,7 +38,7 @@ ComputedAction::ComputedAction(Session &session, WindowSettings &settings, QWidg
     if (!session.computedChannels().isEmpty())
         return;
     QVector<ComputedChannel> kept;
-    for (const QString &text : settings.list(key)) {
+    for (const QString &text : settings.list(computedKey)) {
         if (const auto channel = ComputedChannel::fromText(text))
             kept << *channel;
     }
@@ -54,7 +54,7 @@ void ComputedAction::edit()
     QStringList texts;
     for (const ComputedChannel &channel : dialog.channels())
         texts << textOf(channel);
-    m_settings.setList(key, texts);
+    m_settings.setList(computedKey, texts);
     m_session.setComputedChannels(dialog.channels());
     Q_EMIT m_session.noted(texts.isEmpty()
                                ? QStringLiteral("no channel is computed")

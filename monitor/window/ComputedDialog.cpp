@@ -18,7 +18,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-constexpr QSize usualSize(720, 420);
+constexpr QSize computedDialogSize(720, 420);
 
 QString title(const ComputedChannel &channel)
 {
@@ -69,7 +69,7 @@ ComputedDialog::ComputedDialog(const QVector<ComputedChannel> &channels,
     layout->addLayout(halves, 1);
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
-    resize(usualSize);
+    resize(computedDialogSize);
     for (const ComputedChannel &channel : m_channels)
         m_list->addItem(title(channel));
     m_list->setCurrentRow(0);

@@ -22,7 +22,7 @@ namespace Monitor {
 namespace {
 
 using Header = ImportOptions::Header;
-using Clock = ImportOptions::Clock;
+using ImportClock = ImportOptions::Clock;
 
 //! Returns what is kept for a header; a header is known by its hash, whatever its length and signs.
 QString keyOf(const QString &header)
@@ -162,9 +162,9 @@ void ImportDialog::addTimeControls()
                          tr("Time &between two rows"),
                          tr("For a table without times, like 1ms, 0.02s or 1min"));
     m_clock = addChoice("importClock", tr("Times &are"), {});
-    m_clock->addItem(tr("numbers, in seconds or the unit of the name"), int(Clock::Seconds));
-    m_clock->addItem(tr("dates; UTC where no zone is written"), int(Clock::Utc));
-    m_clock->addItem(tr("dates; local time where no zone is written"), int(Clock::Local));
+    m_clock->addItem(tr("numbers, in seconds or the unit of the name"), int(ImportClock::Seconds));
+    m_clock->addItem(tr("dates; UTC where no zone is written"), int(ImportClock::Utc));
+    m_clock->addItem(tr("dates; local time where no zone is written"), int(ImportClock::Local));
     m_format =
         addLine("importFormat",
                 tr("&Form of dates"),
@@ -200,8 +200,8 @@ ImportOptions ImportDialog::options() const
     options.header = Header(m_header->currentData().toInt());
     const int time = m_time->currentData().toInt();
     options.timeColumn = time > 0 ? m_timeColumn->value() : time;
-    options.clock = time < 0 ? Clock::Seconds : Clock(m_clock->currentData().toInt());
-    options.format = options.clock == Clock::Seconds ? QString() : m_format->text();
+    options.clock = time < 0 ? ImportClock::Seconds : ImportClock(m_clock->currentData().toInt());
+    options.format = options.clock == ImportClock::Seconds ? QString() : m_format->text();
     options.skippedLines = m_skip->value();
     if (!m_comment->text().isEmpty())
         options.comment = m_comment->text().at(0).toLatin1();
@@ -240,7 +240,7 @@ void ImportDialog::preview()
     m_timeColumn->setEnabled(options.timeColumn > 0);
     m_interval->setEnabled(options.timeColumn < 0);
     m_clock->setEnabled(options.timeColumn >= 0);
-    m_format->setEnabled(options.clock != Clock::Seconds);
+    m_format->setEnabled(options.clock != ImportClock::Seconds);
     const TablePreview preview = TablePreview::of(m_path, options);
     const bool lacksInterval = options.timeColumn < 0 && !(options.interval > 0.0);
     QString verdict;

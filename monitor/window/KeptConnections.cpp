@@ -7,13 +7,13 @@ namespace Monitor {
 
 namespace {
 
-const QString key = QStringLiteral("connections"); // names and sources by turns
+const QString connectionsKey = QStringLiteral("connections"); // names and sources by turns
 
 } // namespace
 
 QVector<ConnectDialog::Kept> keptConnections(const WindowSettings &settings)
 {
-    const QStringList texts = settings.list(key);
+    const QStringList texts = settings.list(connectionsKey);
     QVector<ConnectDialog::Kept> kept;
     for (int i = 0; i + 1 < texts.size(); i += 2)
         kept.append({texts.at(i), texts.at(i + 1)});
@@ -25,8 +25,8 @@ void keepConnections(const QVector<ConnectDialog::Kept> &kept, WindowSettings &s
     QStringList texts;
     for (const ConnectDialog::Kept &entry : kept)
         texts << entry.name << entry.source;
-    if (texts != settings.list(key))
-        settings.setList(key, texts);
+    if (texts != settings.list(connectionsKey))
+        settings.setList(connectionsKey, texts);
 }
 
 } // namespace Monitor

@@ -11,7 +11,7 @@ const QString startKey = QStringLiteral("start-with");
 const QString speedKey = QStringLiteral("speed");
 const QString lowKey = QStringLiteral("limit-low");
 const QString highKey = QStringLiteral("limit-high");
-const QString detectorKey = QStringLiteral("detector");
+const QString detectorFileKey = QStringLiteral("detector");
 const QString minimumSumKey = QStringLiteral("minimum-sum");
 const QString folderKey = QStringLiteral("record-folder");
 const QString rotateKey = QStringLiteral("record-rotate");
@@ -42,7 +42,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
         options.file.speed = speed;
     options.rangeLow = settings.text(lowKey).toDouble();
     options.rangeHigh = settings.text(highKey).toDouble();
-    options.detectorFile = settings.text(detectorKey);
+    options.detectorFile = settings.text(detectorFileKey);
     options.minimumSum = settings.text(minimumSumKey).toDouble();
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
@@ -57,7 +57,7 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
     settings.setText(speedKey, exactText(options.file.speed));
     settings.setText(lowKey, exactText(options.rangeLow));
     settings.setText(highKey, exactText(options.rangeHigh));
-    settings.setText(detectorKey, options.detectorFile);
+    settings.setText(detectorFileKey, options.detectorFile);
     settings.setText(minimumSumKey, exactText(options.minimumSum));
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);

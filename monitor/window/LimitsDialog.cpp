@@ -15,7 +15,7 @@ using Corvale_Qt::ChannelLimits;
 namespace {
 
 constexpr int limitColumns = 4;
-constexpr QSize usualSize(640, 420);
+constexpr QSize limitsDialogSize(640, 420);
 
 } // namespace
 
@@ -52,7 +52,7 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     layout->addWidget(m_table, 1);
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
-    resize(usualSize);
+    resize(limitsDialogSize);
     m_table->setFocus();
     check();
 }

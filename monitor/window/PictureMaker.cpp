@@ -16,7 +16,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-const QString key = QStringLiteral("picture");
+const QString pictureKey = QStringLiteral("picture");
 const QStringList colorNames = {QStringLiteral("shown"),
                                 QStringLiteral("light"),
                                 QStringLiteral("dark")};
@@ -33,9 +33,9 @@ PictureMaker::PictureMaker(Session &session, DisplayTabs &displays, WindowSettin
 PictureOptions PictureMaker::options() const
 {
     PictureOptions options;
-    if (m_settings.text(key).isEmpty())
+    if (m_settings.text(pictureKey).isEmpty())
         return options;
-    const QStringList words = m_settings.text(key).split(QLatin1Char(' '));
+    const QStringList words = m_settings.text(pictureKey).split(QLatin1Char(' '));
     options.hasTitle = words.contains(QStringLiteral("title"));
     options.hasTime = words.contains(QStringLiteral("time"));
     options.hasLegend = words.contains(QStringLiteral("legend"));
@@ -53,7 +53,7 @@ void PictureMaker::setOptions(const PictureOptions &options)
     if (options.hasLegend)
         words << QStringLiteral("legend");
     words << colorNames.at(int(options.colors));
-    m_settings.setText(key, words.join(QLatin1Char(' ')));
+    m_settings.setText(pictureKey, words.join(QLatin1Char(' ')));
 }
 
 QWidget *PictureMaker::displayInUse() const

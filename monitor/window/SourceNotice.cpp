@@ -8,7 +8,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr double refreshInterval = 0.25; // s
+constexpr double noticeInterval = 0.25; // s
 //! An instrument may be silent for this long before the notice appears.
 constexpr double usualSilence = 2.0; // s
 
@@ -49,7 +49,7 @@ void SourceNotice::noteRefused(const RefusedLine &line)
 
 void SourceNotice::refreshIfDue()
 {
-    if (m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+    if (m_session.clock().seconds() - m_refreshedAt >= noticeInterval)
         refresh();
 }
 

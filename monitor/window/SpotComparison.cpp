@@ -15,7 +15,7 @@ using namespace Corvale_Qt;
 
 namespace {
 
-constexpr int refreshInterval = 200; // ms
+constexpr int comparisonInterval = 200; // ms
 
 } // namespace
 
@@ -49,7 +49,7 @@ SpotComparison::SpotComparison(const SpotPlan &plan,
     m_planned.addReadings(plan.spots.readings);
 
     m_refresh.setSingleShot(true);
-    m_refresh.setInterval(refreshInterval);
+    m_refresh.setInterval(comparisonInterval);
     connect(&m_refresh, &QTimer::timeout, this, &SpotComparison::refresh);
     connect(layers, &SpotLayers::changed, this, &SpotComparison::followLayer);
     connect(measured, &QAbstractItemModel::modelReset, this, &SpotComparison::beginStream);

@@ -5,7 +5,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr int valueColumn = 1;
+constexpr int markedColumn = 1;
 
 } // namespace
 
@@ -18,13 +18,13 @@ void StaleMarks::setStale(bool stale)
 {
     m_stale = stale;
     if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, valueColumn), index(rowCount() - 1, valueColumn));
+        Q_EMIT dataChanged(index(0, markedColumn), index(rowCount() - 1, markedColumn));
 }
 
 QVariant StaleMarks::data(const QModelIndex &index, int role) const
 {
     QVariant value = QIdentityProxyModel::data(index, role);
-    if (!m_stale || index.column() != valueColumn)
+    if (!m_stale || index.column() != markedColumn)
         return value;
     switch (role) {
     case StaleRole:

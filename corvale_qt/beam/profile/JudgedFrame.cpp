@@ -2,8 +2,7 @@
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/plot/PlotRange_p.h"
-
-#include <QCoreApplication>
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,11 +13,6 @@ namespace Corvale_Qt {
 namespace {
 
 using Axis = DetectorLayout::Axis;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 PlaneResult judgePlane(const DetectorFrame &cells, Axis axis, const JudgeOptions &options)
 {

@@ -2,12 +2,12 @@
 #include "corvale_qt/beam/profile/LayoutView_p.h"
 #include "corvale_qt/beam/profile/PlotZoom_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_widget.h>
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -18,11 +18,6 @@ namespace Corvale_Qt {
 namespace {
 
 using Axis = DetectorLayout::Axis;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Corvale_Qt", text);
-}
 
 QString axisTitle(const QString &name, const DetectorLayout &layout, Axis axis)
 {

@@ -36,9 +36,9 @@ double shareOf(const QRectF &canvas, double share, double atLeast)
     return std::max(atLeast, share * std::min(canvas.width(), canvas.height()));
 }
 
-bool isPlottable(const QPointF &point)
+bool isPlottablePoint(const QPointF &point)
 {
-    return Corvale_Qt::isPlottable(point.x()) && Corvale_Qt::isPlottable(point.y());
+    return isPlottable(point.x()) && isPlottable(point.y());
 }
 
 /*! Draws the latest position as an open circle with a cross, or as an arrow if it lies beyond the edge of the
@@ -128,7 +128,7 @@ void PlotItem::drawSeries(QPainter *painter,
                           int /*from*/,
                           int /*to*/) const
 {
-    if (!isPlottable(m_position))
+    if (!isPlottablePoint(m_position))
         return;
     const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
     const double radius = shareOf(canvasRect, 0.025, 6);
@@ -183,7 +183,7 @@ QRectF TrailCurve::boundingRect() const
     QRectF bounds(1.0, 1.0, -2.0, -2.0); // Qwt's "nothing to show"
     for (size_t i = 0; i < dataSize(); ++i) {
         const QPointF point = sample(static_cast<int>(i));
-        if (!isPlottable(point))
+        if (!isPlottablePoint(point))
             continue;
         if (bounds.width() < 0)
             bounds = QRectF(point, QSizeF(0, 0));
@@ -210,7 +210,7 @@ void TrailCurve::drawDots(QPainter *painter,
     painter->setPen(Qt::NoPen);
     for (int i = from; i <= to; ++i) {
         const QPointF point = sample(i);
-        if (!isPlottable(point))
+        if (!isPlottablePoint(point))
             continue;
         const QPointF centre = QwtScaleMap::transform(xMap, yMap, point);
         if (!canvasRect.contains(centre))
@@ -373,7 +373,7 @@ void RVXPositionPlot::setData(double x, double y)
 void RVXPositionPlot::setData(double x, double y, double sum)
 {
     Q_D(RVXPositionPlot);
-    if (isPlottable(QPointF(x, y)) && sum >= d->minimumSum)
+    if (isPlottablePoint(QPointF(x, y)) && sum >= d->minimumSum)
         setData(x, y);
     else
         showNoBeam();

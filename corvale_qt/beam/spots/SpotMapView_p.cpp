@@ -33,7 +33,7 @@ QVector<ComparedSpot> comparable(const SpotList &spots)
 constexpr double smallestRing = 3.0;
 
 //! Returns NaN if the cell holds no number in the range of a float: a missing field must not be shown as 0.
-float numberAt(const QModelIndex &index)
+float floatAt(const QModelIndex &index)
 {
     bool isNumber = false;
     const double value = index.data(Qt::UserRole).toDouble(&isNumber);
@@ -77,7 +77,7 @@ SpotMapView::MapSpot SpotMapViewPrivate::dataForRow(const QModelIndex &parent, i
 {
     Q_Q(const SpotMapView);
     const auto field = [&](SpotMapView::MapColumn column) {
-        return numberAt(q->model()->index(row, columnMapper->mapColumnToSource(column), parent));
+        return floatAt(q->model()->index(row, columnMapper->mapColumnToSource(column), parent));
     };
     return {field(SpotMapView::XColumn),
             field(SpotMapView::YColumn),

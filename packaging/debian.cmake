@@ -10,7 +10,7 @@ endfunction()
 foreach(component IN LISTS CPACK_COMPONENTS_ALL)
   set(root "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${component}")
   file(GLOB documents "${root}/usr/share/doc/*")
-  file(COPY_FILE "${CMAKE_CURRENT_LIST_DIR}/changelog" "${documents}/changelog.Debian")
+  file(COPY_FILE "${CORVALE_QT_DEBIAN}/changelog" "${documents}/changelog.Debian")
   compress("${documents}/changelog.Debian")
   file(GLOB manual_pages "${root}/usr/share/man/man1/*.1")
   foreach(page IN LISTS manual_pages)
@@ -41,7 +41,7 @@ file(MAKE_DIRECTORY "${CORVALE_QT_CONTROL_FILES}")
 set(package ${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME})
 execute_process(
   COMMAND dpkg-gensymbols -c1 -P/nowhere "-p${package}" "-v${CORVALE_QT_VERSION}" "-e${library}"
-    "-I${CMAKE_CURRENT_LIST_DIR}/${package}.symbols" "-O${CORVALE_QT_CONTROL_FILES}/symbols"
+    "-I${CORVALE_QT_DEBIAN}/${package}.symbols" "-O${CORVALE_QT_CONTROL_FILES}/symbols"
   OUTPUT_VARIABLE difference
   ERROR_VARIABLE errors
   RESULT_VARIABLE result)

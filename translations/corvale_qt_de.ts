@@ -852,6 +852,22 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <source>Y Error (mm)</source>
         <translation>Y-Fehler (mm)</translation>
     </message>
+    <message>
+        <source>no spots</source>
+        <translation>keine Spots</translation>
+    </message>
+    <message>
+        <source>Spots: %1</source>
+        <translation>Spots: %1</translation>
+    </message>
+    <message>
+        <source>outside of the tolerance: %1</source>
+        <translation>außerhalb der Toleranz: %1</translation>
+    </message>
+    <message>
+        <source>mean X error %1 mm; mean Y error %2 mm</source>
+        <translation>mittlerer X-Fehler %1 mm; mittlerer Y-Fehler %2 mm</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXPositionPlot</name>
@@ -1588,6 +1604,21 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>Beam profile</source>
         <translation>Strahlprofil</translation>
+    </message>
+</context>
+<context>
+    <name>Corvale_Qt::RVXSplitPlot</name>
+    <message>
+        <source>Split %1</source>
+        <translation>Split %1</translation>
+    </message>
+    <message>
+        <source>no beam</source>
+        <translation>kein Strahl</translation>
+    </message>
+    <message>
+        <source>newest value</source>
+        <translation>neuester Wert</translation>
     </message>
 </context>
 <context>

@@ -852,6 +852,22 @@ Fermer une fenêtre remet sa page en place.</translation>
         <source>Y Error (mm)</source>
         <translation>Erreur Y (mm)</translation>
     </message>
+    <message>
+        <source>no spots</source>
+        <translation>aucun spot</translation>
+    </message>
+    <message>
+        <source>Spots: %1</source>
+        <translation>Spots&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>outside of the tolerance: %1</source>
+        <translation>hors tolérance&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>mean X error %1 mm; mean Y error %2 mm</source>
+        <translation>erreur X moyenne %1 mm&#xa0;; erreur Y moyenne %2 mm</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXPositionPlot</name>
@@ -1588,6 +1604,21 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>Beam profile</source>
         <translation>Profil du faisceau</translation>
+    </message>
+</context>
+<context>
+    <name>Corvale_Qt::RVXSplitPlot</name>
+    <message>
+        <source>Split %1</source>
+        <translation>Split %1</translation>
+    </message>
+    <message>
+        <source>no beam</source>
+        <translation>pas de faisceau</translation>
+    </message>
+    <message>
+        <source>newest value</source>
+        <translation>dernière valeur</translation>
     </message>
 </context>
 <context>

@@ -851,6 +851,22 @@ Close a window to put its page back.</source>
         <source>Y Error (mm)</source>
         <translation>Y 誤差 (mm)</translation>
     </message>
+    <message>
+        <source>no spots</source>
+        <translation>スポットなし</translation>
+    </message>
+    <message>
+        <source>Spots: %1</source>
+        <translation>スポット: %1</translation>
+    </message>
+    <message>
+        <source>outside of the tolerance: %1</source>
+        <translation>許容範囲外: %1</translation>
+    </message>
+    <message>
+        <source>mean X error %1 mm; mean Y error %2 mm</source>
+        <translation>平均 X 誤差 %1 mm; 平均 Y 誤差 %2 mm</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXPositionPlot</name>
@@ -1586,6 +1602,21 @@ Close a window to put its page back.</source>
     <message>
         <source>Beam profile</source>
         <translation>ビームプロファイル</translation>
+    </message>
+</context>
+<context>
+    <name>Corvale_Qt::RVXSplitPlot</name>
+    <message>
+        <source>Split %1</source>
+        <translation>スプリット %1</translation>
+    </message>
+    <message>
+        <source>no beam</source>
+        <translation>ビームなし</translation>
+    </message>
+    <message>
+        <source>newest value</source>
+        <translation>最新の値</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/AccessibleChart_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
@@ -40,6 +41,8 @@ public:
     explicit SplitItem(const QColor &color);
 
     void setValue(double value) { m_value = value; }
+    //! Returns the value as it stands at the end of the bar.
+    QString text() const;
 
     int rtti() const override;
     //! Returns a rectangle centred on 0, so that an automatic axis keeps 0 in the middle.
@@ -52,11 +55,11 @@ public:
 private:
     //! Draws an arrow at the edge that the value lies beyond.
     static void drawArrow(QPainter *painter, const QRectF &canvasRect, bool leftwards);
-    void drawText(QPainter *painter,
-                  const QRectF &canvasRect,
-                  const QRectF &bar,
-                  double zero,
-                  double end) const;
+    void drawValue(QPainter *painter,
+                   const QRectF &canvasRect,
+                   const QRectF &bar,
+                   double zero,
+                   double end) const;
 
     QColor m_color;
     double m_value = 0;
@@ -74,6 +77,8 @@ public:
     //! Says that there is no beam until the next value.
     void showNoBeam();
     bool saysNoBeam() const { return m_noBeam->isVisible(); }
+    //! Returns what a screen reader says of the plot.
+    ChartWords words() const;
 
 private:
     SplitItem *m_item; // the items belong to the plot
@@ -89,6 +94,11 @@ SplitItem::SplitItem(const QColor &color)
 int SplitItem::rtti() const
 {
     return QwtPlotItem::Rtti_PlotUserItem;
+}
+
+QString SplitItem::text() const
+{
+    return std::isnan(m_value) ? QStringLiteral("NaN") : QString::number(m_value, 'g', 4);
 }
 
 QRectF SplitItem::boundingRect() const
@@ -121,7 +131,7 @@ void SplitItem::draw(QPainter *painter,
         if (place < canvasRect.left() - 0.5 || place > canvasRect.right() + 0.5)
             drawArrow(painter, canvasRect, place < canvasRect.left());
     }
-    drawText(painter, canvasRect, bar, zero, end);
+    drawValue(painter, canvasRect, bar, zero, end);
 }
 
 void SplitItem::drawArrow(QPainter *painter, const QRectF &canvasRect, bool leftwards)
@@ -136,19 +146,17 @@ void SplitItem::drawArrow(QPainter *painter, const QRectF &canvasRect, bool left
         QPolygonF({tip, base - QPointF(0, height / 2), base + QPointF(0, height / 2)}));
 }
 
-void SplitItem::drawText(QPainter *painter,
-                         const QRectF &canvasRect,
-                         const QRectF &bar,
-                         double zero,
-                         double end) const
+void SplitItem::drawValue(QPainter *painter,
+                          const QRectF &canvasRect,
+                          const QRectF &bar,
+                          double zero,
+                          double end) const
 {
-    const QString text =
-        std::isnan(m_value) ? QStringLiteral("NaN") : QString::number(m_value, 'g', 4);
     QFont font = painter->font();
     font.setPixelSize(std::clamp(static_cast<int>(canvasRect.height() * 0.22), 9, 48));
     painter->setFont(font);
     const QFontMetricsF metrics(font);
-    const QSizeF size(metrics.horizontalAdvance(text), metrics.height());
+    const QSizeF size(metrics.horizontalAdvance(text()), metrics.height());
     const double gap = metrics.averageCharWidth();
 
     // The text is beyond the bar's end. Without room there it is on the bar, or, if the bar is too small, on the
@@ -165,7 +173,7 @@ void SplitItem::drawText(QPainter *painter,
                           canvasRect.center().y() - size.height() / 2);
     const bool darkText = !hasRoom && barHolds && qGray(m_color.rgb()) > 100;
     painter->setPen(darkText ? Qt::black : Qt::white);
-    painter->drawText(QRectF(topLeft, size), Qt::AlignCenter | Qt::TextDontClip, text);
+    painter->drawText(QRectF(topLeft, size), Qt::AlignCenter | Qt::TextDontClip, text());
 }
 
 SplitPlot::SplitPlot(int index, QWidget *parent)
@@ -177,6 +185,10 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     canvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(canvas);
     setCanvasBackground(Qt::black);
+    setAccessibleName(RVXSplitPlot::tr("Split %1").arg(index + 1));
+    describeChart(this, [this] {
+        return words();
+    });
     setMinimumSize(120, 40); // Qwt's own hint leaves room for every label
     enableAxis(xBottom, true);
     enableAxis(yLeft, false);
@@ -186,6 +198,15 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     m_item->attach(this);
     m_noBeam->attach(this);
     replot();
+}
+
+ChartWords SplitPlot::words() const
+{
+    if (saysNoBeam())
+        return {RVXSplitPlot::tr("no beam"), QString()};
+    const QString label = axisTitle(xBottom).text();
+    return {RVXSplitPlot::tr("newest value"),
+            label.isEmpty() ? m_item->text() : label + ' ' + m_item->text()};
 }
 
 void SplitPlot::showValue(double value)

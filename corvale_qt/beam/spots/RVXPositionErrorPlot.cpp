@@ -3,6 +3,7 @@
 
 #include "corvale_qt/beam/spots/HighlightRecentDot_p.h"
 #include "corvale_qt/beam/spots/PositionErrorList_p.h"
+#include "corvale_qt/beam/spots/PositionErrorWords_p.h"
 #include "corvale_qt/beam/spots/QueuedNotice_p.h"
 #include "corvale_qt/models/StructureWatcher_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
@@ -47,16 +48,6 @@ double numberAt(const QModelIndex &index)
     bool isNumber = false;
     const double value = index.data(Qt::UserRole).toDouble(&isNumber);
     return isNumber ? value : qQNaN();
-}
-
-//! Returns the text of a field.
-QString textOf(double value, int decimals)
-{
-    if (!qIsFinite(value))
-        return RVXPositionErrorPlot::tr("N/A");
-    const QString text = QString::number(value, 'f', decimals);
-    // A value that is rounded to 0 has no sign.
-    return text.toDouble() == 0.0 ? QString::number(0.0, 'f', decimals) : text;
 }
 
 bool isTolerance(float tolerance)
@@ -222,9 +213,9 @@ void RVXPositionErrorPlotPrivate::spotsChanged()
 {
     Q_Q(RVXPositionErrorPlot);
     const QPointF mean = spots.meanError();
-    ui.doubleSpinBox_xmean->setText(textOf(mean.x(), 3));
-    ui.doubleSpinBox_ymean->setText(textOf(mean.y(), 3));
-    ui.doubleSpinBox_Energy->setText(textOf(spots.energy(), 1));
+    ui.doubleSpinBox_xmean->setText(positionErrorText(mean.x(), 3));
+    ui.doubleSpinBox_ymean->setText(positionErrorText(mean.y(), 3));
+    ui.doubleSpinBox_Energy->setText(positionErrorText(spots.energy(), 1));
     plotPending = true;
     q->viewport()->update();
     statisticsAreOld();
@@ -290,6 +281,10 @@ RVXPositionErrorPlot::RVXPositionErrorPlot(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Window);
+    setAccessibleName(tr("Spot Position Error"));
+    describeChart(this, [this] {
+        return positionErrorWords(statistics());
+    });
 }
 
 RVXPositionErrorPlot::~RVXPositionErrorPlot() = default;

@@ -6,6 +6,8 @@
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
+#include <QAccessible>
+
 #include <climits>
 
 using namespace Corvale_Qt;
@@ -51,6 +53,22 @@ class tst_RVXSplitPlot : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void screenReadersHearEachIndicator()
+    {
+        Display display;
+        display.widget.setNumberPlots(2);
+        display.widget.setAxisLabel("A - B", 0);
+        display.widget.setData(-0.25, 0);
+        const auto heard = [&](int i, QAccessible::Text kind) {
+            return QAccessible::queryAccessibleInterface(display.plots()[i])->text(kind);
+        };
+        QCOMPARE(heard(0, QAccessible::Name), QString("Split 1"));
+        QCOMPARE(heard(0, QAccessible::Description), QString("newest value. A - B -0.25"));
+        QCOMPARE(heard(1, QAccessible::Value), QString("0"));
+        display.widget.showNoBeam();
+        QCOMPARE(heard(0, QAccessible::Description), QString("no beam"));
+    }
+
     void withoutABeamThereIsNoBar()
     {
         Display display;

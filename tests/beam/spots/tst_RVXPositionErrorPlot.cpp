@@ -10,6 +10,8 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
+#include <QAccessible>
+
 using namespace Corvale_Qt;
 
 namespace {
@@ -70,6 +72,25 @@ class tst_RVXPositionErrorPlot : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void screenReadersHearTheErrors()
+    {
+        RVXPositionErrorPlot plot;
+        const auto heard = [&plot](QAccessible::Text kind) {
+            return QAccessible::queryAccessibleInterface(&plot)->text(kind);
+        };
+        QCOMPARE(heard(QAccessible::Name), QString("Spot Position Error"));
+        QCOMPARE(heard(QAccessible::Description), QString("no spots"));
+        QStandardItemModel model;
+        model.appendRow(errorRow(0.5, -1.0, 100));
+        model.appendRow(errorRow(2.5, -1.0, 100));
+        plot.setModel(&model);
+        plot.setTolerance(2, 2);
+        QCOMPARE(heard(QAccessible::Value),
+                 QString("mean X error 1.500 mm; mean Y error -1.000 mm"));
+        const QString said = heard(QAccessible::Description);
+        QVERIFY2(said.startsWith("Spots: 2; outside of the tolerance: 1. mean"), qPrintable(said));
+    }
+
     void toleranceSetsTheAxes_data()
     {
         columns<float, float, QString>("tx", "ty", "axes");

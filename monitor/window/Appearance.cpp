@@ -44,7 +44,7 @@ QPalette darkPalette()
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, faint);
     }
-    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::PlaceholderText, QColor(180, 180, 180));
     palette.setColor(QPalette::Base, QColor(30, 32, 35));
     palette.setColor(QPalette::AlternateBase, QColor(38, 40, 44));
     palette.setColor(QPalette::ToolTipBase, QColor(60, 62, 66));

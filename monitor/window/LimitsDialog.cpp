@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -16,6 +17,15 @@ namespace {
 
 constexpr int limitColumns = 4;
 constexpr QSize limitsDialogSize(640, 420);
+
+//! Returns the width that a table needs with its frame and the margins around it, so that no title is cut with a large font.
+int widthOfTable(const QTableWidget &table)
+{
+    int width = table.verticalHeader()->sizeHint().width() + 4 * table.frameWidth();
+    for (int column = 0; column < table.columnCount(); ++column)
+        width += table.horizontalHeader()->sectionSizeHint(column);
+    return width + 2 * table.style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+}
 
 } // namespace
 
@@ -52,7 +62,7 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     layout->addWidget(m_table, 1);
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
-    resize(limitsDialogSize);
+    resize(limitsDialogSize.expandedTo({widthOfTable(*m_table), 0}));
     m_table->setFocus();
     check();
 }

@@ -63,6 +63,12 @@ inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 class ClippedTexts
 {
 public:
+    explicit ClippedTexts(const QSize &screen)
+        : m_screen(screen)
+    {
+    }
+
+    QSize screen() const { return m_screen; }
     //! Looks at everything that is visible in a window; \a place says in the result where that was.
     void look(const QString &place, const QWidget *window)
     {
@@ -73,16 +79,11 @@ public:
                 lookAt(place, part);
     }
     //! Looks at a menu as it is when it is open.
-    void lookAtMenu(const QMenu *menu, const QSize &screen)
+    void lookAtMenu(const QMenu *menu) { requireRoom(menu->title(), menu, menu->sizeHint()); }
+    //! Requires that a window is no larger than the screen.
+    void require(const QString &place, const QWidget *window)
     {
-        if (menu->sizeHint().width() > screen.width()
-            || menu->sizeHint().height() > screen.height())
-            add(menu->title(), menu, menu->sizeHint(), screen);
-    }
-    void require(const QString &place, const QWidget *window, const QSize &screen)
-    {
-        if (window->width() > screen.width() || window->height() > screen.height())
-            add(place, window, window->size(), screen);
+        requireRoom(place, window, window->size());
     }
     //! Returns a line for each: "File > Open...: QLabel source, 40 x 12 of 52 x 12".
     QString text()
@@ -93,6 +94,11 @@ public:
     int looked() const { return m_looked; }
 
 private:
+    void requireRoom(const QString &place, const QWidget *part, const QSize &need)
+    {
+        if (need.width() > m_screen.width() || need.height() > m_screen.height())
+            add(place, part, need, m_screen);
+    }
     void add(const QString &place, const QWidget *part, const QSize &need, const QSize &has)
     {
         m_lines.append(QStringLiteral("%1: %2 %3 \"%4\", %5 x %6 of %7 x %8")
@@ -169,6 +175,7 @@ private:
         }
     }
 
+    const QSize m_screen;
     QStringList m_lines;
     int m_looked = 0;
 };

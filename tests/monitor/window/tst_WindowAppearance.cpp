@@ -8,6 +8,7 @@
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatusField.h"
+#include "tests/monitor/support/Contrast.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
@@ -80,6 +81,21 @@ struct InLanguage
     ~InLanguage() { installLanguage("en"); }
 };
 
+//! Sets the size of all text while it lives; 0 leaves it.
+struct InPoints
+{
+    explicit InPoints(int points)
+    {
+        QFont font = former;
+        if (points > 0)
+            font.setPointSize(points);
+        QApplication::setFont(font);
+    }
+    ~InPoints() { QApplication::setFont(former); }
+
+    const QFont former = QApplication::font();
+};
+
 void addLanguages()
 {
     QTest::addColumn<QString>("language");
@@ -138,12 +154,12 @@ void lookAtDialog(const QString &name, QDialog *dialog, ClippedTexts &clipped)
         return;
     // The screen of the tests is narrower than the smallest that the window is made for.
     if (dialog->width() >= dialog->screen()->availableSize().width()) {
-        dialog->resize(int(WindowInTest::smallScreen.width() / dialog->devicePixelRatioF()),
+        dialog->resize(int(clipped.screen().width() / dialog->devicePixelRatioF()),
                        dialog->height());
         QCoreApplication::processEvents();
     }
     clipped.look(name, dialog);
-    clipped.require(name, dialog, WindowInTest::smallScreen);
+    clipped.require(name, dialog);
     lookAtPages(dialog, clipped);
 }
 
@@ -153,7 +169,7 @@ void lookAtWindows(const QString &name, ClippedTexts &clipped)
         if (!shown->isVisible() || qobject_cast<const QMenu *>(shown))
             continue;
         clipped.look(name, shown);
-        clipped.require(name, shown, WindowInTest::smallScreen);
+        clipped.require(name, shown);
     }
 }
 
@@ -161,7 +177,7 @@ void lookAtWindows(const QString &name, ClippedTexts &clipped)
 int walk(QMenu *menu, ClippedTexts &clipped)
 {
     int dialogs = 0;
-    clipped.lookAtMenu(menu, WindowInTest::smallScreen);
+    clipped.lookAtMenu(menu);
     for (QAction *entry : menu->actions()) {
         if (!staysInTheWindow(entry))
             continue;
@@ -394,26 +410,64 @@ private Q_SLOTS:
         QVERIFY2(light < all / 10, qPrintable(QString("%1 of %2").arg(light).arg(all)));
     }
 
+    //! Text and symbols stand out from what is behind them, in the window and on the pages of its settings.
+    void everythingStandsOut_data()
+    {
+        QTest::addColumn<bool>("isDark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+    void everythingStandsOut()
+    {
+        QFETCH(bool, isDark);
+        WindowInTest w(file("contrast.xui"));
+        w.source->begin(StreamKind::Strips, 64);
+        w.run(3);
+        w.session.setPaused(true); // a state that the window marks
+        w.window.findChild<Appearance *>()->choose(isDark ? Appearance::Choice::Dark
+                                                          : Appearance::Choice::Light);
+        QCoreApplication::processEvents();
+        int looked = 0;
+        QStringList pale = paleParts(&w.window, looked);
+        SettingsDialog settings(MonitorOptions(), file("contrast.xui"));
+        settings.show();
+        auto *pages = settings.findChild<QTabWidget *>();
+        for (int page = 0; page < pages->count(); ++page) {
+            pages->setCurrentIndex(page);
+            pale += paleParts(&settings, looked);
+        }
+        QCOMPARE(pale.join('\n'), QString());
+        QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
+    }
+
     //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.
     //! A machine of tests has no font for Japanese, whose texts are the shortest.
     void nothingIsClippedOnASmallScreen_data()
     {
         QTest::addColumn<QString>("language");
+        QTest::addColumn<int>("points"); // the size of the text; 0: as it comes
         for (const char *language : {"en", "de", "fr"})
-            QTest::newRow(language) << QString(language);
+            QTest::newRow(language) << QString(language) << 0;
+        for (const int points : {8, 24})
+            QTest::addRow("%d points", points) << QString("en") << points;
     }
     void nothingIsClippedOnASmallScreen()
     {
         QFETCH(QString, language);
+        QFETCH(int, points);
         const InLanguage inLanguage(language);
+        const InPoints inPoints(points);
         // The colours do not depend on the language.
         QVector<Appearance::Choice> appearances{Appearance::Choice::Light};
-        if (language == "en")
+        if (language == "en" && points == 0)
             appearances.append(Appearance::Choice::Dark);
-        SmallWindow w(file("small.xui"));
+        // A person who reads larger text has a larger screen, as far as there are any.
+        const QSize screen =
+            points > 10 ? 2 * WindowInTest::smallScreen : WindowInTest::smallScreen;
+        WindowInTest w(file("small.xui"), screen);
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
-        ClippedTexts clipped;
+        ClippedTexts clipped(screen);
         int dialogs = 0;
         auto *appearance = w.window.findChild<Appearance *>();
         for (const Appearance::Choice choice : qAsConst(appearances)) {

@@ -96,6 +96,13 @@ struct InPoints
     const QFont former = QApplication::font();
 };
 
+//! Lays widgets out in a direction while it lives.
+struct InDirection
+{
+    explicit InDirection(Qt::LayoutDirection way) { QApplication::setLayoutDirection(way); }
+    ~InDirection() { QApplication::setLayoutDirection(Qt::LeftToRight); }
+};
+
 void addLanguages()
 {
     QTest::addColumn<QString>("language");
@@ -446,20 +453,24 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("language");
         QTest::addColumn<int>("points"); // the size of the text; 0: as it comes
+        QTest::addColumn<bool>("mirrored"); // as where people write from right to left
         for (const char *language : {"en", "de", "fr"})
-            QTest::newRow(language) << QString(language) << 0;
+            QTest::newRow(language) << QString(language) << 0 << false;
         for (const int points : {8, 24})
-            QTest::addRow("%d points", points) << QString("en") << points;
+            QTest::addRow("%d points", points) << QString("en") << points << false;
+        QTest::newRow("right to left") << QString("en") << 0 << true;
     }
     void nothingIsClippedOnASmallScreen()
     {
         QFETCH(QString, language);
         QFETCH(int, points);
+        QFETCH(bool, mirrored);
         const InLanguage inLanguage(language);
         const InPoints inPoints(points);
+        const InDirection inDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
         // The colours do not depend on the language.
         QVector<Appearance::Choice> appearances{Appearance::Choice::Light};
-        if (language == "en" && points == 0)
+        if (language == "en" && points == 0 && !mirrored)
             appearances.append(Appearance::Choice::Dark);
         // A person who reads larger text has a larger screen, as far as there are any.
         const QSize screen =

@@ -42,7 +42,7 @@ file(CHMOD "${corvale_qt_runtime_dir}" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_
 # search for leaks now and then reads an address that never was one, and ends a test with OpenGL whose cases all passed.
 function(corvale_qt_test_properties test)
   set_tests_properties(${test} PROPERTIES
-    ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=1;XDG_RUNTIME_DIR=${corvale_qt_runtime_dir};LSAN_OPTIONS=suppressions=${corvale_qt_lsan_suppressions}:print_suppressions=0;ASAN_OPTIONS=intercept_tls_get_addr=0;UBSAN_OPTIONS=print_stacktrace=1"
+    ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=1;XDG_RUNTIME_DIR=${corvale_qt_runtime_dir};XDG_STATE_HOME=${corvale_qt_runtime_dir};LSAN_OPTIONS=suppressions=${corvale_qt_lsan_suppressions}:print_suppressions=0;ASAN_OPTIONS=intercept_tls_get_addr=0;UBSAN_OPTIONS=print_stacktrace=1"
     FAIL_REGULAR_EXPRESSION "QObject::connect:;QObject::disconnect:;QMetaObject::connectSlotsByName:"
     # A test that skips every case it has (no real readings, no OpenGL) is shown as skipped.
     SKIP_REGULAR_EXPRESSION "Totals: 2 passed, 0 failed, [1-9][0-9]* skipped")

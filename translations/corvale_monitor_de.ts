@@ -250,6 +250,33 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CrashNotice</name>
+    <message>
+        <source>It was recording to %1, and the recording ends there.</source>
+        <translation>Es zeichnete in %1 auf; die Aufzeichnung endet dort.</translation>
+    </message>
+    <message>
+        <source>It was recording to %1; the recording goes on in %2.</source>
+        <translation>Es zeichnete in %1 auf; die Aufzeichnung geht in %2 weiter.</translation>
+    </message>
+    <message>
+        <source>The program crashed at %1 UTC: %2.</source>
+        <translation>Das Programm ist um %1 UTC abgestürzt: %2.</translation>
+    </message>
+    <message>
+        <source>The program that was started at %1 UTC did not end properly: it was killed, or the computer stopped.</source>
+        <translation>Das Programm, das um %1 UTC gestartet wurde, ist nicht ordentlich beendet worden: Es wurde abgebrochen, oder der Rechner blieb stehen.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Show report</source>
+        <translation>Bericht anzeigen</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::DisplayTabs</name>
     <message>
         <source>Scope</source>
@@ -1328,6 +1355,21 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
         <translation>%1 gibt es schon; einen anderen Namen wählen oder Überschreiben erlauben (--overwrite)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ReportWindow</name>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>Report of the crash</source>
+        <translation>Bericht über den Absturz</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
     </message>
 </context>
 <context>

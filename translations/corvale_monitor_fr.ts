@@ -250,6 +250,33 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CrashNotice</name>
+    <message>
+        <source>It was recording to %1, and the recording ends there.</source>
+        <translation>Il enregistrait dans %1 ; l&apos;enregistrement s&apos;y arrête.</translation>
+    </message>
+    <message>
+        <source>It was recording to %1; the recording goes on in %2.</source>
+        <translation>Il enregistrait dans %1 ; l&apos;enregistrement continue dans %2.</translation>
+    </message>
+    <message>
+        <source>The program crashed at %1 UTC: %2.</source>
+        <translation>Le programme a planté à %1 UTC : %2.</translation>
+    </message>
+    <message>
+        <source>The program that was started at %1 UTC did not end properly: it was killed, or the computer stopped.</source>
+        <translation>Le programme démarré à %1 UTC ne s&apos;est pas terminé normalement : il a été tué, ou l&apos;ordinateur s&apos;est arrêté.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Show report</source>
+        <translation>Afficher le rapport</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::DisplayTabs</name>
     <message>
         <source>Scope</source>
@@ -1328,6 +1355,21 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
         <translation>%1 existe déjà&#xa0;; choisir un autre nom, ou permettre le remplacement (--overwrite)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ReportWindow</name>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 ne peut pas être ouvert : %2</translation>
+    </message>
+    <message>
+        <source>Report of the crash</source>
+        <translation>Rapport du plantage</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
     </message>
 </context>
 <context>

@@ -250,6 +250,33 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CrashNotice</name>
+    <message>
+        <source>It was recording to %1, and the recording ends there.</source>
+        <translation>%1 に記録していましたが、記録はそこで終わっています。</translation>
+    </message>
+    <message>
+        <source>It was recording to %1; the recording goes on in %2.</source>
+        <translation>%1 に記録していました。記録は %2 で続いています。</translation>
+    </message>
+    <message>
+        <source>The program crashed at %1 UTC: %2.</source>
+        <translation>プログラムは %1 UTC に異常終了しました: %2。</translation>
+    </message>
+    <message>
+        <source>The program that was started at %1 UTC did not end properly: it was killed, or the computer stopped.</source>
+        <translation>%1 UTC に起動したプログラムは正常に終了しませんでした。強制終了されたか、コンピューターが停止しました。</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Show report</source>
+        <translation>レポートを表示</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::DisplayTabs</name>
     <message>
         <source>Scope</source>
@@ -1328,6 +1355,21 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
         <translation>%1 は既にあります。別の名前を選ぶか、上書きを許可してください (--overwrite)</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::ReportWindow</name>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 を開けません: %2</translation>
+    </message>
+    <message>
+        <source>Report of the crash</source>
+        <translation>異常終了のレポート</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
     </message>
 </context>
 <context>

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/HeadlessRun.h"
 
+#include "monitor/core/LogTail.h"
 #include "monitor/core/LoopWatch.h"
+#include "monitor/core/RunReport.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/TerminationSignal.h"
@@ -127,8 +129,20 @@ std::optional<SpotErrors> HeadlessRun::spotErrors() const
     return m_plan.size() > 0 ? SpotErrors::of(m_spots, m_plan) : SpotErrors::ofOneList(m_spots);
 }
 
+//! Says which of the former runs without a window have crashed.
+void HeadlessRun::tellCrashes()
+{
+    for (const FormerRun &run : FormerRun::take(QString()))
+        if (run.crashed.isValid())
+            complain(
+                tr("an earlier run crashed: %1. Its report is %2").arg(run.reason, run.report));
+}
+
 int HeadlessRun::run()
 {
+    tellCrashes();
+    RunReport notes{QString()};
+    notes.note(QStringLiteral("source"), m_commandLine.source);
     if (!openPlan() || !openSource() || !openOutput())
         return m_exitCode;
     TerminationSignal termination;
@@ -204,6 +218,7 @@ void HeadlessRun::sourceStateChanged(Source::State state, const QString &text)
 
 void HeadlessRun::complain(const QString &text)
 {
+    LogTail::add(text);
     std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
 }
 

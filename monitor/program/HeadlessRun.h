@@ -40,6 +40,7 @@ private:
     void complain(const QString &text);
     void leave();
     void finishRecording();
+    void tellCrashes();
     int report();
     void printStatistics();
     bool openPlan();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/QuietMessages.h"
 
+#include "monitor/core/LogTail.h"
+
 #include <QLoggingCategory>
 
 namespace Monitor {
@@ -14,8 +16,10 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
     // The warning has the default category, so that a filter rule cannot tell it from others.
     const bool isAboutSizeHints =
         text == QLatin1String("This plugin does not support propagateSizeHints()");
-    if (!isAboutSizeHints)
-        formerHandler(type, context, text);
+    if (isAboutSizeHints)
+        return;
+    LogTail::add(text); // before the program ends, if the message is fatal
+    formerHandler(type, context, text);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "monitor/core/LoopWatch.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/CompressionWait.h"
+#include "monitor/program/FormerRuns.h"
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/recording/SegmentCompressor.h"
@@ -121,14 +122,32 @@ bool WindowRun::openSession()
         limit = ReadingLimit(0, PictureTaker::usualDataTime);
     m_session->setLimit(limit);
 
+    return openRecording();
+}
+
+//! Begins the recording of --record, or goes on with the one that a crash has interrupted. Returns false if it cannot.
+bool WindowRun::openRecording()
+{
     m_session->setRecordingMode(m_commandLine.record.mode);
-    QString error;
-    if (!m_commandLine.record.path.isEmpty()
-        && !m_session->startRecording(m_commandLine.record, &error)) {
-        leave(ExitOutputFailed, error);
-        return false;
+    if (!isPicture()) {
+        m_formerRuns = std::make_unique<FormerRuns>(settingsFile());
+        m_formerRuns->follow(*m_session);
     }
-    return true;
+    Recorder::Options options = m_commandLine.record;
+    const bool wanted = !options.path.isEmpty();
+    if (m_formerRuns && wanted)
+        options.continues = m_formerRuns->wasRecordingTo(options.path);
+    else if (m_formerRuns)
+        options = m_formerRuns->interrupted(m_session->source()).value_or(options);
+    QString error;
+    if (options.path.isEmpty() || m_session->startRecording(options, &error))
+        return true;
+    if (wanted)
+        leave(ExitOutputFailed, error);
+    else
+        m_recordingNote =
+            QStringLiteral("ERROR the interrupted recording does not go on: ") + error;
+    return !wanted;
 }
 
 /*! Returns the detector of --detector, and remembers its file for the source that is opened. Without the option it is the
@@ -176,10 +195,12 @@ void WindowRun::openWindow()
     if (m_commandLine.span > 0.0)
         m_window->displays().spanControl()->box()->setSpan(m_commandLine.span);
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
-    if (!m_detectorNote.isEmpty())
-        Q_EMIT m_session->noted(m_detectorNote);
+    for (const QString &note : {m_detectorNote, m_recordingNote})
+        if (!note.isEmpty())
+            Q_EMIT m_session->noted(note);
     if (!isPicture()) {
         m_window->showHint(hint());
+        m_formerRuns->tell(*m_session, *m_window);
         connect(m_session.get(), &Session::limitReached, m_window.get(), &QWidget::close);
         return;
     }

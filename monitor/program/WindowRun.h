@@ -11,6 +11,7 @@
 
 namespace Monitor {
 
+class FormerRuns;
 class MonitorWindow;
 class Session;
 
@@ -39,6 +40,7 @@ private:
     void chooseOptions();
     bool openSession();
     bool openPlan();
+    bool openRecording();
     Corvale_Qt::DetectorLayout detectorOfSource();
     void openWindow();
     QString settingsFile() const;
@@ -51,9 +53,11 @@ private:
     QString m_source; //!< empty for none
     MonitorOptions m_options;
     SystemClock m_clock;
+    std::unique_ptr<FormerRuns> m_formerRuns; //!< null for a picture
     std::unique_ptr<Session> m_session;
     std::unique_ptr<MonitorWindow> m_window;
     QString m_detectorNote; //!< for the log: which detector was remembered
+    QString m_recordingNote; //!< for the log: why an interrupted recording does not go on
     ExitCode m_exitCode = ExitGood;
 };
 

@@ -41,9 +41,12 @@ Recorder::~Recorder()
 bool Recorder::start()
 {
     using Existing = RecordingFile::Existing;
+    const QDateTime now = m_clock.wallTime();
+    // What the former run has recorded is never replaced.
+    const bool replaces = m_options.overwrite && !m_options.continues;
     QString error;
-    m_isRecording = open(m_names.first(m_clock.wallTime()),
-                         m_options.overwrite ? Existing::Replace : Existing::Refuse,
+    m_isRecording = open(m_options.continues ? m_names.next(now, 1) : m_names.first(now),
+                         replaces ? Existing::Replace : Existing::Refuse,
                          &error);
     setError(error);
     return m_isRecording;

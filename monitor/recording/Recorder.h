@@ -33,6 +33,9 @@ public:
         QString path;
         //! Whether an existing file may be replaced.
         bool overwrite = false;
+        /*! Whether a run that crashed has begun the recording: it goes on in the next file, whose name is that of the
+            first one with a number. */
+        bool continues = false;
         //! The seconds and the bytes after which a new file is begun; 0 for never.
         double rotateSeconds = 0.0;
         qint64 rotateBytes = 0;
@@ -64,6 +67,8 @@ public:
         their number. */
     bool finish();
 
+    //! Returns what the recorder was made with.
+    const Options &options() const { return m_options; }
     //! Returns the path of the file that is being written, or that could not be opened again.
     QString fileName() const { return m_file ? m_file->path() : QString(); }
     //! Returns the bytes of the file that is being written, with those that wait.

@@ -2,6 +2,7 @@
 #include "monitor/window/EventLog.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/LogTail.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 
@@ -84,7 +85,9 @@ void EventLog::write(const QString &text)
 {
     const QString time =
         m_session.clock().wallTime().toUTC().toString(QStringLiteral("HH:mm:ss.zzz"));
-    appendLine(time + QStringLiteral("  ") + text);
+    const QString line = time + QStringLiteral("  ") + text;
+    appendLine(line);
+    LogTail::add(line);
 }
 
 void EventLog::noteRefused(const RefusedLine &line)

@@ -159,8 +159,13 @@ void MonitorWindow::showHint(const QString &text)
     connect(hint, &NoticeLine::dismissed, this, [this] {
         m_settings.dismissHint();
     });
-    m_centre->insertWidget(0, hint);
+    addNotice(hint);
     hint->tell(text, NoticeLine::Kind::Hint);
+}
+
+void MonitorWindow::addNotice(NoticeLine *notice)
+{
+    m_centre->insertWidget(0, notice);
 }
 
 void MonitorWindow::restoreLayout()

@@ -12,6 +12,7 @@ namespace Monitor {
 class ClearUndo;
 class DisplayTabs;
 class LatestValuePanel;
+class NoticeLine;
 class PlotRoom;
 class Session;
 class SourceSwitch;
@@ -36,6 +37,8 @@ public:
     SourceSwitch &sources() const { return *m_sources; }
     //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
     void showHint(const QString &text);
+    //! Puts a notice, a child of the central widget, above all others.
+    void addNotice(NoticeLine *notice);
 
 protected:
     void showEvent(QShowEvent *event) override;

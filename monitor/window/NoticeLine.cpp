@@ -71,4 +71,13 @@ void NoticeLine::setDismissible(const QString &buttonText)
     m_button->show();
 }
 
+QAbstractButton *NoticeLine::addButton(const QString &buttonText)
+{
+    auto *button = new QToolButton(this);
+    button->setText(buttonText);
+    auto *box = qobject_cast<QBoxLayout *>(layout());
+    box->insertWidget(box->indexOf(m_button), button);
+    return button;
+}
+
 } // namespace Monitor

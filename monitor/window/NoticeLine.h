@@ -3,6 +3,7 @@
 
 #include <QFrame>
 
+class QAbstractButton;
 class QLabel;
 class QToolButton;
 
@@ -30,6 +31,8 @@ public:
     QString text() const;
     //! Adds a button that hides the line and emits dismissed(); the host decides whether the line comes back.
     void setDismissible(const QString &buttonText);
+    //! Adds a button before that one, which leaves the line where it is.
+    QAbstractButton *addButton(const QString &buttonText);
 
 Q_SIGNALS:
     //! Emitted when the button was clicked.

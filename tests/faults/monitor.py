@@ -84,10 +84,14 @@ class Monitor:
         self._reap(time.monotonic() + 60)
         self.plant.spoil(list(self.folder.rglob("*.csv")))
 
-    def _end(self):
+    def wait_for_end(self):
+        """Waits until it has ended by itself; returns the exit code, which is negative for a signal."""
         if not self._reap(time.monotonic() + self.plant.patience):
             raise Fault("it hangs")
-        if self.process.returncode < 0:
+        return self.process.returncode
+
+    def _end(self):
+        if self.wait_for_end() < 0:
             raise Fault(f"it crashed by signal {-self.process.returncode}; {self.said()}")
         self.plant.spoil(list(self.folder.rglob("*.csv")))
         self.plant.reword(self.output)

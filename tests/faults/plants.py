@@ -19,6 +19,21 @@ class Plant:
     def reword(self, output):
         pass
 
+    def lose(self, reports):
+        """Changes the reports that a crash has left."""
+
+
+class Lost(Plant):
+    """Cuts each report of a crash where a text begins."""
+
+    def __init__(self, name, text):
+        self.name = name
+        self.text = text
+
+    def lose(self, reports):
+        for path in reports:
+            path.write_bytes(path.read_bytes().partition(self.text)[0])
+
 
 class Reworded(Plant):
     """Changes what the monitor has printed."""
@@ -77,6 +92,8 @@ LOST_LINE = Spoiled("a lost line", lambda rows: rows[:5] + rows[6:])
 EXCHANGED_LINES = Spoiled("two lines exchanged", _exchanged)
 EMPTY = Spoiled("nothing was written", lambda rows: [])
 LONG_TURN = Reworded("a turn of 900 ms", r"processor for [\d.]+ ms", "processor for 900.0 ms")
+NO_REPORT = Lost("a report without the crash", b"crash:")
+NO_FRAMES = Lost("a report without frames", b"[0x")
 CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")
 HANG = Before("a hang", "signal.pause()", patience=2.0)
 MEMORY = Before("300 MB of memory", "b = bytearray(os.urandom(1)) * 300_000_000\nos.execv(sys.argv[1], sys.argv[1:])")

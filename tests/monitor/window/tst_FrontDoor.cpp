@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/core/RunReport.h"
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
 #include "monitor/window/Baseline.h"
 #include "monitor/window/BigNumbers.h"
+#include "monitor/window/CrashNotice.h"
 #include "monitor/window/ImportDialog.h"
 #include "monitor/window/KeptConnections.h"
 #include "monitor/window/KeptOptions.h"
@@ -310,6 +312,33 @@ private Q_SLOTS:
         QCOMPARE(kept.minimumSum, 0.5);
         QCOMPARE(kept.detectorFile, QString("preset:strips64"));
         QVERIFY(std::isinf(kept.file.to)); // belongs to one file
+    }
+
+    void aCrashIsToldUntilTheNoticeIsClosed()
+    {
+        WindowInTest w(file("crash.xui"));
+        FormerRun run;
+        run.crashed = QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC);
+        run.reason = "signal 11 <b>(SIGSEGV)</b>";
+        run.report = file("report.txt");
+        putFile(run.report, "corvale-monitor 2\n");
+        auto *notice =
+            new CrashNotice(run, "/data/a.csv", "/data/a-2.csv", w.window.centralWidget());
+        w.window.addNotice(notice);
+        QCOMPARE(w.notice("crashNotice"),
+                 QString("The program crashed at 2026-03-01 12:00:00 UTC: signal 11 "
+                         "<b>(SIGSEGV)</b>. It was recording to /data/a.csv; the recording goes "
+                         "on in /data/a-2.csv."));
+        QTest::mouseClick(notice->findChild<QWidget *>("showReport"), Qt::LeftButton);
+        auto *report = w.window.findChild<QDialog *>("report");
+        QVERIFY(report && report->isVisible() && !report->isModal());
+        QCOMPARE(report->findChild<QPlainTextEdit *>()->toPlainText(),
+                 QString("corvale-monitor 2\n"));
+        report->close();
+        for (auto *button : notice->findChildren<QAbstractButton *>())
+            if (button->text() == "Close")
+                button->click();
+        QCOMPARE(w.notice("crashNotice"), QString());
     }
 
     void clearingIsAskedAndUndone()

@@ -64,9 +64,9 @@ class Bench:
         yield
         self.plant = plant
 
-    def start(self, *arguments):
-        """Starts a monitor in the scratch folder. It ends with the try at the latest."""
-        self.started.append(Monitor(self, *arguments))
+    def start(self, *arguments, changes=()):
+        """Starts a monitor in the scratch folder, with changes of its environment. It ends with the try at the latest."""
+        self.started.append(Monitor(self, *arguments, changes=changes))
         return self.started[-1]
 
     def ask(self, *arguments):

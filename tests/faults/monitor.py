@@ -11,18 +11,19 @@ from pathlib import Path
 from readings import Fault
 
 
-def environment(folder):
-    """The environment of a user whose folders are all inside the scratch folder."""
+def environment(folder, changes):
+    """The environment of a user whose folders are all inside the scratch folder, with some changes; None unsets."""
     keep = ("PATH", "LD_LIBRARY_PATH", "LSAN_OPTIONS", "UBSAN_OPTIONS")
     own = {name: os.environ[name] for name in keep if name in os.environ}
-    return own | {"HOME": str(folder), "XDG_RUNTIME_DIR": str(folder), "TMPDIR": str(folder), "LC_ALL": "C.UTF-8",
-                  "TZ": "UTC", "QT_QPA_PLATFORM": "offscreen"}
+    usual = own | {"HOME": str(folder), "XDG_RUNTIME_DIR": str(folder), "TMPDIR": str(folder), "LC_ALL": "C.UTF-8",
+                   "TZ": "UTC", "QT_QPA_PLATFORM": "offscreen"} | changes
+    return {name: value for name, value in usual.items() if value is not None}
 
 
 class Monitor:
     """One process of the monitor. Its output goes to a file of the scratch folder."""
 
-    def __init__(self, bench, *arguments):
+    def __init__(self, bench, *arguments, changes=()):
         self.plant = bench.plant
         self.folder = bench.folder
         self.output = bench.folder / "output.txt"
@@ -30,7 +31,7 @@ class Monitor:
         with open(self.output, "wb") as output:
             self.process = subprocess.Popen(
                 command, stdin=subprocess.PIPE, stdout=output, stderr=subprocess.STDOUT, cwd=bench.folder,
-                env=environment(bench.folder), bufsize=0)
+                env=environment(bench.folder, dict(changes)), bufsize=0)
         self.peak = 0  # bytes of memory, once it has ended
 
     def __enter__(self):

@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Faults that are planted to see that a driver finds them: each stands for a monitor that is broken in one way."""
 import re
+import struct
 import sys
+import zlib
 
 
 class Plant:
@@ -21,6 +23,24 @@ class Plant:
 
     def lose(self, reports):
         """Changes the reports that a crash has left."""
+
+    def overpaint(self, picture):
+        """Changes a picture that was drawn."""
+
+
+class Blank(Plant):
+    """Replaces each picture by a white one of the same size."""
+
+    name = "an empty picture"
+
+    def overpaint(self, picture):
+        def chunk(kind, data):
+            return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+        begin = picture.read_bytes()[16:24]
+        width, height = struct.unpack(">II", begin)
+        rows = (b"\0" + b"\xff" * (3 * width)) * height
+        picture.write_bytes(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", begin + bytes([8, 2, 0, 0, 0]))
+                            + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
 
 
 class Lost(Plant):
@@ -92,6 +112,7 @@ LOST_LINE = Spoiled("a lost line", lambda rows: rows[:5] + rows[6:])
 EXCHANGED_LINES = Spoiled("two lines exchanged", _exchanged)
 EMPTY = Spoiled("nothing was written", lambda rows: [])
 LONG_TURN = Reworded("a turn of 900 ms", r"processor for [\d.]+ ms", "processor for 900.0 ms")
+BLANK = Blank()
 NO_REPORT = Lost("a report without the crash", b"crash:")
 NO_FRAMES = Lost("a report without frames", b"[0x")
 CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")

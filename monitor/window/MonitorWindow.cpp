@@ -15,6 +15,7 @@
 #include "monitor/window/MonitorStatusBar.h"
 #include "monitor/window/PictureActions.h"
 #include "monitor/window/PlotRoom.h"
+#include "monitor/window/ScopeMemory.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/SourceSwitch.h"
@@ -52,6 +53,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     , m_displays(new DisplayTabs(session))
 {
     m_sources = new SourceSwitch(session, m_settings, this);
+    new ScopeMemory(session, *m_displays->scope(), m_settings, this);
     showTitle();
     addCentre();
     setStatusBar(new MonitorStatusBar(session, this));

@@ -47,6 +47,7 @@ ValueAxisDialog::ValueAxisDialog(RVXScope &scope, QWidget *parent)
     logarithmic->setObjectName(QStringLiteral("logarithmic"));
     logarithmic->setToolTip(tr("Values that are 0 or negative cannot be shown then; the plot names "
                                "their channels (Alt+L)"));
+    logarithmic->setChecked(scope.plotView()->isLogarithmic());
     connect(logarithmic, &QCheckBox::toggled, scope.plotView(), &RVXScopePlotView::setLogarithmic);
     connect(scope.plotView(),
             &RVXScopePlotView::logarithmicChanged,

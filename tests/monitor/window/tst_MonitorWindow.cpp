@@ -238,6 +238,48 @@ private Q_SLOTS:
         QCOMPARE(view->trigger().level, 1.0); // what was typed before the comma
     }
 
+    //! The scope comes back as it was; its trigger waits for a stream with its channel.
+    void theChoicesOfTheScopeAreKept()
+    {
+        using Corvale_Qt::RVXScope;
+        Corvale_Qt::SweepTrigger trigger;
+        trigger.mode = Corvale_Qt::SweepTrigger::Mode::Normal;
+        trigger.channel = 2;
+        trigger.level = 1.0 / 3.0;
+        trigger.holdOff = 0.25;
+        {
+            DisplayedWindow w(settings("scope.xui"));
+            w.source->begin(StreamKind::Channels, 2, "nA");
+            RVXScope *scope = w.window.displays().scope();
+            scope->setYScaleMode(RVXScope::AbsoluteRanges);
+            scope->setYScaleIndex(3);
+            scope->setAveraging(10);
+            scope->setPeriod(1000);
+            scope->setMarkersEnabled(false);
+            scope->setControlsVisible(false);
+            scope->plotView()->setLogarithmic(true);
+            scope->plotView()->setTrigger(trigger);
+        } // without closing the window: a program may be ended by force
+        DisplayedWindow again(settings("scope.xui"));
+        const RVXScope *scope = again.window.displays().scope();
+        QCOMPARE(scope->yScaleMode(), RVXScope::AbsoluteRanges);
+        QCOMPARE(scope->yScaleIndex(), 3);
+        QCOMPARE(scope->averaging(), 10);
+        QCOMPARE(scope->period(), 1000);
+        QVERIFY(!scope->areMarkersEnabled() && !scope->areControlsVisible());
+        QVERIFY(scope->plotView()->isLogarithmic());
+        auto *dialog = again.window.findChild<ValueAxisDialog *>();
+        QVERIFY(dialog->findChild<QCheckBox *>("logarithmic")->isChecked());
+
+        again.source->begin(StreamKind::Channels, 2, "uA"); // whose level would be another one
+        QVERIFY(!scope->plotView()->trigger().isOn());
+        again.source->begin(StreamKind::Channels, 3, "nA");
+        QCOMPARE(scope->plotView()->trigger(), trigger);
+        const auto *mode =
+            again.window.findChild<TriggerDialog *>()->findChild<QComboBox *>("mode");
+        QCOMPARE(mode->currentText(), QString("Normal"));
+    }
+
     void enterTogglesAChannel()
     {
         DisplayedWindow w(settings("enter.xui"));

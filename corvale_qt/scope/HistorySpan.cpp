@@ -4,6 +4,7 @@
 #include "corvale_qt/scope/HistorySpan_p.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -104,6 +105,37 @@ HistoryPlace HistoryPlace::at(const RVXPlotHistory &history, double x)
             break; // no longer block is needed
     }
     return place;
+}
+
+double HistoryPlace::momentBefore(const RVXPlotHistory &history, double x)
+{
+    const HistoryPlace place = at(history, x);
+    if (!place.isValid())
+        return std::nan("");
+    const Interval block = history.interval(place.level, place.block);
+    if (block.last < x) // x is behind the newest block
+        return block.last;
+    const double before = std::nextafter(block.first, -std::numeric_limits<double>::infinity());
+    const HistoryPlace found = at(history, before);
+    const Interval other = history.interval(found.level, found.block);
+    if (other.first <= before)
+        return std::min(before, other.last);
+    // Nothing was read right before the block, so that the one after that moment was found.
+    return found.block > history.firstBlock(found.level)
+        ? history.interval(found.level, found.block - 1).last
+        : std::nan("");
+}
+
+double HistoryPlace::momentAfter(const RVXPlotHistory &history, double x)
+{
+    const HistoryPlace place = at(history, x);
+    if (!place.isValid())
+        return std::nan("");
+    const double last = history.interval(place.level, place.block).last;
+    const double after = std::nextafter(last, std::numeric_limits<double>::infinity());
+    const HistoryPlace found = at(history, after);
+    const Interval other = history.interval(found.level, found.block);
+    return other.last < after ? std::nan("") : std::max(after, other.first);
 }
 
 HistorySpan

@@ -18,6 +18,10 @@ struct HistoryPlace
     bool isValid() const { return level >= 0; }
     //! Finds the block with the moment \a x, or the nearest one; none in an empty history.
     static HistoryPlace at(const RVXPlotHistory &history, double x);
+    //! Returns the last moment of the block before the one with the moment \a x; NaN if that is the oldest one.
+    static double momentBefore(const RVXPlotHistory &history, double x);
+    //! Returns the first moment of the block after the one with the moment \a x; NaN if that is the newest one.
+    static double momentAfter(const RVXPlotHistory &history, double x);
 };
 
 /*! What the blocks of a history say of the readings between two moments: those of all blocks that hold readings in between, as

@@ -451,26 +451,4 @@ void ScopeMarkers::select(const Data &data) const
         m_surface.selectCell(row, data.column);
 }
 
-void ScopeMarkers::moveInStrip(int index, int steps)
-{
-    State &state = m_states[size_t(index)];
-    if (!isAttached(index) || state.row < 1)
-        return;
-    state.row = std::clamp(state.row + steps, 1, m_model.lastRow());
-    item(index)->setXValue(sampleX(m_model.reader(), state.row));
-    if (index == 0)
-        m_selects = true;
-}
-
-void ScopeMarkers::moveInSweep(int index, int steps, int sweepLength)
-{
-    State &state = m_states[size_t(index)];
-    if (!isAttached(index) || state.sweepOffset < 0 || sweepLength < 1)
-        return;
-    const int last = m_lostOfSweep + sweepLength - 1;
-    state.sweepOffset = std::clamp(state.sweepOffset + steps, m_lostOfSweep, last);
-    if (index == 0)
-        m_selects = true;
-}
-
 } // namespace Corvale_Qt

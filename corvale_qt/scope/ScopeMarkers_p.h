@@ -132,7 +132,7 @@ public:
     void setDetailed(bool detailed) { m_isDetailed = detailed; }
     bool isDetailed() const { return m_isDetailed; }
 
-    //! Moves a marker of the strip chart by samples.
+    //! Moves a marker of the strip chart by samples, or by blocks where there are no samples any more.
     void moveInStrip(int index, int steps);
     //! Moves a marker of a sweep by samples.
     void moveInSweep(int index, int steps, int sweepLength);
@@ -166,6 +166,7 @@ private:
     double distance(const QwtPlotMarker &marker, int channel, double y) const;
     void remove(int index);
     void findInBlocks(int index);
+    int moveInBlocks(int index, int steps);
     void readHeldChannel(int index);
     static bool isOnBlock(const Data &data) { return data.place.isValid() && data.column > 0; }
     QString labelText(const Data &data, double resolution) const;

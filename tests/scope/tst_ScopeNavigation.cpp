@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
@@ -7,6 +9,7 @@
 
 #include <QGestureEvent>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -572,6 +575,54 @@ private Q_SLOTS:
         QVERIFY(read().endsWith(", sum: 3 A"));
         view.setCursorEnabled(false);
         QCOMPARE(read(), QString());
+    }
+
+    //! Arrow keys take a marker through the blocks of older readings and back to the rows, and leave out no reading.
+    void arrowsWalkThroughBlocks()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setCapacity(100);
+        model.setHistorySpan(1e9);
+        model.setHistoryMemory(1); // few blocks of each level, so that all levels are visited
+        constexpr int rows = 30000;
+        for (int row = 0; row < rows; ++row) // with an outage in the middle
+            model.appendRows({row < rows / 2 ? row : row + 5000.0}, {double(row)});
+        ScopeTestView view(&model);
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+        view.SelectPoint1(QPointF(model.doubleData(3, 0), 0.0));
+        view.settle();
+        const auto press = [&view](Qt::Key key) {
+            QTest::keyClick(&view, key);
+            // The first and the last reading that the marker stands on.
+            static const QRegularExpression block("\n(\\d+) to (\\d+)\nof \\d+ readings");
+            const auto found = block.match(view.markerText(0));
+            const int row = int(view.markerStatistics().first.reading);
+            return found.hasMatch()
+                ? qMakePair(found.captured(1).toInt(), found.captured(2).toInt())
+                : qMakePair(row, row);
+        };
+        QPair<int, int> at(rows - 98, rows - 98); // row 3 of the model
+        int presses = 0;
+        for (; at.first > 0 && presses < 2000; ++presses) {
+            const auto next = press(Qt::Key_Left);
+            QVERIFY2(next.first < at.first && next.second >= at.first - 1,
+                     qPrintable(view.markerText(0)));
+            at = next;
+        }
+        QCOMPARE(at.first, 0);
+        QCOMPARE(press(Qt::Key_Left), at); // there is nothing older
+        for (; at.second < rows - 98 && presses < 4000; ++presses) {
+            const auto next = press(Qt::Key_Right);
+            QVERIFY2(next.second > at.second && next.first <= at.second + 1,
+                     qPrintable(view.markerText(0)));
+            at = next;
+        }
+        QCOMPARE(view.markerStatistics().first.row, 3);
+        QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier); // 2 rows and 8 blocks
+        QCOMPARE(view.markerStatistics().first.row, 0);
+        QTest::keyClick(&view, Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(view.markerStatistics().first.row, 3);
     }
 };
 

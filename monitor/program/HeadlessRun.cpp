@@ -182,6 +182,8 @@ void HeadlessRun::takeHeader(const StreamHeader &told)
     }
     m_gapsBefore += m_statistics.gaps();
     m_statistics.startStream(header);
+    if (m_commandLine.task == CommandLine::Task::Statistics)
+        m_leftOutCount = {}; // the statistics cover only the last acquisition
     m_spots.header = header;
     m_spots.readings.clear(header.valuesPerReading());
     if (m_recorder)
@@ -195,7 +197,7 @@ void HeadlessRun::takeReadings(const ReadingBlock &arrived)
     const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
     m_statistics.addReadings(readings);
     keepSpots(readings);
-    if (m_commandLine.task == CommandLine::Task::Check)
+    if (m_commandLine.task != CommandLine::Task::Convert)
         m_leftOutCount.take(m_statistics.header(), readings);
     m_readings += readings.size();
     if (m_recorder)
@@ -240,6 +242,7 @@ void HeadlessRun::finishRecording()
 int HeadlessRun::report()
 {
     finishRecording();
+    m_readingsLeftOut = m_leftOutCount.count() > 0;
     const qint64 bad = m_source->counts().bad();
     if (m_commandLine.task == CommandLine::Task::Statistics && m_readings > 0)
         printStatistics();
@@ -250,8 +253,7 @@ int HeadlessRun::report()
                   .arg(bad)
                   .arg(m_gapsBefore + m_statistics.gaps())
                   .toUtf8());
-        m_readingsLeftOut = m_leftOutCount.count() > 0;
-        if (m_readingsLeftOut)
+        if (m_leftOutCount.count() > 0)
             print(m_leftOutCount.text().toUtf8() + '\n');
         if (const auto *file = qobject_cast<FileSource *>(m_source.get()))
             m_isDamaged = printDamage(file->path(), m_commandLine.file.import);
@@ -291,7 +293,7 @@ void HeadlessRun::printStatistics()
     report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
     report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels);
     applyVerdicts(report.estimates, report.fits);
-    m_readingsLeftOut = report.estimates.leftOut.count > 0;
+    report.leftOut = m_leftOutCount;
     report.spotErrors = spotErrors();
     report.toleranceX = m_commandLine.toleranceX;
     report.toleranceY = m_commandLine.toleranceY;

@@ -64,8 +64,8 @@ private:
     int m_exitCode = ExitGood;
     bool m_detectorUnused = false;
     bool m_channelsLeftOut = false;
-    bool m_readingsLeftOut = false; //!< of the last reading; with --check, of any
-    LeftOutCount m_leftOutCount; //!< with --check
+    bool m_readingsLeftOut = false; //!< whether any reading has charge on no cell
+    LeftOutCount m_leftOutCount; //!< with --check and --stats
     bool m_isDamaged = false;
     bool m_ended = false;
 };

@@ -7,7 +7,19 @@
 #include "monitor/readings/StreamHeader.h"
 #include <corvale_qt/detector/DetectorFrame.h>
 
+#include <cmath>
+
 namespace Monitor {
+
+namespace {
+
+//! Returns whether nothing can be left out, so that the readings need not be put on the cells.
+bool hasCellForAll(const Corvale_Qt::DetectorLayout &layout)
+{
+    return layout.unwiredCells() == 0 && layout.readings() == layout.cells();
+}
+
+} // namespace
 
 LeftOut LeftOut::of(const Corvale_Qt::DetectorFrame &frame, const QString &unit)
 {
@@ -29,21 +41,23 @@ QString LeftOut::text() const
         numberText(sum, 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
     return (what == What::Cells ? Text::tr("%1 cells are not wired: %2 left out")
                                 : Text::tr("%1 readings belong to no cell: %2 left out"))
-        .arg(count)
-        .arg(amount);
+        .arg(QString::number(count), amount);
 }
 
 void LeftOutCount::take(const StreamHeader &header, const ReadingBlock &readings)
 {
-    if (header.detector.isEmpty() || header.detector.kind() == Corvale_Qt::DetectorKind::Channels)
+    const Corvale_Qt::DetectorLayout &layout = header.detector;
+    if (layout.isEmpty() || layout.kind() == Corvale_Qt::DetectorKind::Channels
+        || hasCellForAll(layout))
         return;
     for (int row = 0; row < readings.size(); ++row) {
-        const auto frame = Corvale_Qt::DetectorFrame::of(header.detector,
-                                                         readings.values(row),
-                                                         readings.channels());
-        if (frame.leftOut > 0 && m_count++ == 0) {
-            m_first = LeftOut::of(frame, header.readingUnit());
-            m_firstTime = readings.time(row);
+        const auto frame =
+            Corvale_Qt::DetectorFrame::of(layout, readings.values(row), readings.channels());
+        if (frame.leftOut == 0)
+            continue;
+        if (m_count++ == 0 || std::abs(frame.leftOutSum) > std::abs(m_worst.sum)) {
+            m_worst = LeftOut::of(frame, header.readingUnit());
+            m_worstTime = readings.time(row);
         }
     }
 }
@@ -53,9 +67,8 @@ QString LeftOutCount::text() const
     if (m_count == 0)
         return {};
     return Text::tr(
-               "readings with charge where the detector has no cell: %1; the first, at %2 s: %3")
-        .arg(m_count)
-        .arg(numberText(m_firstTime, 12), m_first.text());
+               "readings with charge where the detector has no cell: %1; the worst, at %2 s: %3")
+        .arg(QString::number(m_count), numberText(m_worstTime, 12), m_worst.text());
 }
 
 } // namespace Monitor

@@ -41,13 +41,17 @@ public:
     void take(const StreamHeader &header, const ReadingBlock &readings);
 
     qint64 count() const { return m_count; }
-    //! Returns one line with the count, and with what the first of the readings leaves out; empty if there is none.
+    //! Returns what the reading leaves out that leaves out most; nothing if there is none.
+    const LeftOut &worst() const { return m_worst; }
+    //! Returns the time of that reading in seconds, in the stream that it came in.
+    double worstTime() const { return m_worstTime; }
+    //! Returns one line with the count and the worst of the readings; empty if there is none.
     QString text() const;
 
 private:
     qint64 m_count = 0;
-    LeftOut m_first;
-    double m_firstTime = 0.0; //!< in the stream that it came in
+    LeftOut m_worst;
+    double m_worstTime = 0.0;
 };
 
 } // namespace Monitor

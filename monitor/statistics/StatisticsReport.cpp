@@ -307,7 +307,11 @@ QJsonObject jsonDetector(const StatisticsReport &report)
             {"unwired_cells", header.detector.unwiredCells()},
             {"left_out_channels", header.leftOutChannels},
             {"left_out_readings", report.estimates.leftOut.count},
-            {"left_out_sum", jsonNumber(report.estimates.leftOut.sum)}};
+            {"left_out_sum", jsonNumber(report.estimates.leftOut.sum)},
+            {"frames_with_left_out", double(report.leftOut.count())},
+            {"worst_left_out_sum", jsonNumber(report.leftOut.worst().sum)},
+            {"worst_left_out_time",
+             report.leftOut.count() > 0 ? jsonNumber(report.leftOut.worstTime()) : QJsonValue()}};
 }
 
 //! The second moments of the last frame of a matrix; null for other streams.
@@ -363,8 +367,8 @@ void writeLeftOut(QTextStream &out, const StatisticsReport &report)
             << StreamHeader::maxChannels << " are left out\n";
     if (!header.detectorFault.isEmpty())
         out << "WARNING   the detector is not used: " << header.detectorFault << "\n";
-    if (report.estimates.leftOut.count > 0)
-        out << "WARNING   " << report.estimates.leftOut.text() << "\n";
+    if (report.leftOut.count() > 0)
+        out << "WARNING   " << report.leftOut.text() << "\n";
 }
 
 void writeEstimates(QTextStream &out, const LastEstimates &last)

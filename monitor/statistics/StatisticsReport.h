@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/core/LineCounts.h"
+#include "monitor/readings/LeftOut.h"
 #include "monitor/readings/SpotErrors.h"
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
@@ -21,6 +22,7 @@ struct StatisticsReport
     const StreamStatistics *statistics = nullptr;
     std::vector<ProfileFitResult> fits; //!< of the last reading
     LastEstimates estimates; //!< of the last reading
+    LeftOutCount leftOut; //!< of all readings
     std::optional<SpotErrors> spotErrors; //!< nothing if no spots are compared with planned ones
     //! Largest position errors that are in order, in mm; 0 for no tolerance.
     double toleranceX = 0.0;

@@ -263,15 +263,18 @@ private Q_SLOTS:
         QCOMPARE(told.code, 2);
         QVERIFY2(told.out.contains("24 cells are not wired: 123 left out"), told.out);
         QVERIFY2(told.out.contains("matrix 12 x 12, mm"), told.out);
-        // Also if the last reading has none.
-        const QByteArray dark = "1" + QByteArray(",0").repeated(144) + "\n";
-        const Outcome cells = run({"-", "--check", "--detector", "preset:pixels144"},
-                                  "#layout pixels\n" + corner + "\n" + dark);
-        QCOMPARE(cells.code, 2);
-        QVERIFY2(cells.out.contains(
-                     "readings with charge where the detector has no cell: 1; the first, at "
-                     "0 s: 24 cells are not wired: 123 left out\n"),
-                 cells.out);
+        // Of all readings, also if the last one has none.
+        const QByteArray worse = "1,300" + corner.mid(5) + "\n";
+        const QByteArray dark = "2" + QByteArray(",0").repeated(144) + "\n";
+        for (const char *task : {"--check", "--stats"}) {
+            const Outcome cells = run({"-", task, "--detector", "preset:pixels144"},
+                                      "#layout pixels\n" + corner + "\n" + worse + dark);
+            QCOMPARE(cells.code, 2);
+            QVERIFY2(cells.out.contains(
+                         "readings with charge where the detector has no cell: 2; the worst, at "
+                         "1 s: 24 cells are not wired: 323 left out\n"),
+                     cells.out);
+        }
 
         const Outcome check = run({"-", "--check"}, "#pitch x 2 mm\n" + line + "\n");
         QCOMPARE(check.code, 0);

@@ -113,6 +113,8 @@ void StatusField::paintEvent(QPaintEvent *)
         if (state)
             painter.fillRect(place, Look::ground(*state));
         painter.setPen(state ? QColor(Qt::black) : palette().color(foregroundRole()));
+        // A mirrored window would otherwise turn "10 /s" into "s/ 10".
+        painter.setLayoutDirection(texts.at(i).isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
         painter.drawText(state ? place.adjusted(padding, 0, 0, 0) : place,
                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                          texts.at(i));

@@ -593,6 +593,19 @@ private Q_SLOTS:
         QVERIFY(!log->isVisible());
     }
 
+    //! A number stays before its unit in a mirrored window.
+    void theStatusLineReadsAlikeInBothDirections()
+    {
+        const auto picture = [](Qt::LayoutDirection way) {
+            const InDirection inDirection(way);
+            StatusField field("the rate", nullptr);
+            field.tell("10.0 /s");
+            field.resize(field.sizeHint());
+            return field.grab().toImage();
+        };
+        QCOMPARE(picture(Qt::RightToLeft), picture(Qt::LeftToRight));
+    }
+
     void textsFromOutsideAreNoMarkup()
     {
         WindowInTest w(file("markup.xui"));

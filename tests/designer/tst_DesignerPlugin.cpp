@@ -2,23 +2,10 @@
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
-#include <QBuffer>
 #include <QDesignerFormEditorInterface>
-#include <QFileInfo>
 #include <QFormBuilder>
-#include <QIcon>
-#include <QLabel>
-#include <QMetaProperty>
-#include <QPluginLoader>
-#include <QSet>
-#include <QSpinBox>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
-
-#include <algorithm>
-#include <memory>
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -97,78 +98,41 @@ private Q_SLOTS:
         columns are, for each estimator, V for valid, P for a poor fit and - for not valid, and words of a reason. */
     void whatGoesWrongIsTold_data()
     {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<double>("mean");
+        columns<Change, double>("change", "mean");
         QTest::addColumn<QString>(
             "verdicts"); // centre of gravity, three points, regression, fit, FWHM, D4sigma
         QTest::addColumn<QString>("reason"); // of the first that is not valid
         const auto row = [](const char *name,
                             const Change &change,
-                            double mean,
                             const char *verdicts,
-                            const char *reason) {
+                            const char *reason,
+                            double mean = kMean) {
             QTest::newRow(name) << change << mean << verdicts << reason;
         };
-        row(
-            "nothing",
-            [](BeamProfile &) {},
-            kMean,
-            "VVVVVV",
-            "");
-        row("noise", noise, kMean, "VVVVVV", "");
-        row("pedestal of 5 %",
-            pedestal(0.05),
-            kMean,
-            "PPPVVV",
-            "the residuals are 17 % of the peak");
-        row("pedestal of 20 %",
-            pedestal(0.2),
-            kMean,
-            "PPPVVV",
-            "the residuals are 17 % of the peak");
-        row("hot strip beside the beam", cell(3, 6), kMean, "PPPPPP", "37 % of the charge lies in");
-        row("hot strip on the flank", cell(14, 6), kMean, "PPPPPP", "39 % of the charge lies in");
-        row("half too much at the top",
-            cell(17, 3),
-            kMean,
-            "PPPPPP",
-            "the residuals are 8.3 % of the peak");
-        row("dead strip at the peak",
-            cell(17, 0, true),
-            kMean,
-            "PPPPPP",
-            "18 % of the charge lies in");
-        row("dead strip that nobody named", cell(17, 0), kMean, "------", "the residuals are");
-        row("saturated",
-            saturatedAt(1, true),
-            kMean,
-            "P-PPPP",
-            "no Gaussian: the beam is flat-topped");
-        row("saturated, limit not stated",
-            saturatedAt(1, false),
-            kMean,
-            "P-PPPP",
-            "no Gaussian: the beam is flat-topped");
-        row("at the edge",
-            density(CellCharges::gaussian(30, kSigma)),
-            30,
-            "-VVV--",
-            "the residuals are 20 % of the peak");
-        row("beyond the edge",
-            density(CellCharges::gaussian(36, kSigma)),
-            36,
-            "------",
-            "the residuals are 23 % of the peak");
-        row("flat field", density(flat), 0, "------", "no Gaussian: the beam is flat-topped");
-        row("flat all over",
-            density([](double) {
-                return 1.0;
-            }),
-            0,
-            "------",
-            "no peak above 5 times the noise");
-        row("dark", darkness, 0, "------", "no peak above 5 times the noise");
-        row("two beams", density(twoBeams), 0, "------", "the residuals are 29 % of the peak");
+        const auto ofBeamAt = [](double mean) {
+            return density(CellCharges::gaussian(mean, kSigma));
+        };
+        const auto even = [](double) {
+            return 1.0;
+        };
+        row("nothing", ofBeamAt(kMean), "VVVVVV", "");
+        row("noise", noise, "VVVVVV", "");
+        row("pedestal of 5 %", pedestal(0.05), "PPPVVV", "the residuals are 17 % of the peak");
+        row("pedestal of 20 %", pedestal(0.2), "PPPVVV", "the residuals are 17 % of the peak");
+        row("hot strip beside the beam", cell(3, 6), "PPPPPP", "37 % of the charge lies in");
+        row("hot strip on the flank", cell(14, 6), "PPPPPP", "39 % of the charge lies in");
+        row("half too much on top", cell(17, 3), "PPPPPP", "the residuals are 8.3 % of the peak");
+        row("dead strip at the peak", cell(17, 0, true), "PPPPPP", "18 % of the charge lies in");
+        row("dead strip that nobody named", cell(17, 0), "------", "the residuals are");
+        const char *const flatTopped = "no Gaussian: the beam is flat-topped";
+        row("saturated", saturatedAt(1, true), "P-PPPP", flatTopped);
+        row("saturated, limit not stated", saturatedAt(1, false), "P-PPPP", flatTopped);
+        row("at the edge", ofBeamAt(30), "-VVV--", "the residuals are 20 % of the peak", 30);
+        row("beyond the edge", ofBeamAt(36), "------", "the residuals are 23 % of the peak", 36);
+        row("flat field", density(flat), "------", flatTopped, 0);
+        row("flat all over", density(even), "------", "no peak above 5 times the noise", 0);
+        row("dark", darkness, "------", "no peak above 5 times the noise", 0);
+        row("two beams", density(twoBeams), "------", "the residuals are 29 % of the peak", 0);
     }
     void whatGoesWrongIsTold()
     {

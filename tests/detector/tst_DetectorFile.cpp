@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/DetectorFile.h"
 #include "corvale_qt/detector/DetectorLines.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QDir>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -93,9 +90,7 @@ private Q_SLOTS:
 
     void mistakesAreToldWithLineAndKey_data()
     {
-        QTest::addColumn<QByteArray>("from");
-        QTest::addColumn<QByteArray>("to");
-        QTest::addColumn<QString>("message");
+        columns<QByteArray, QByteArray, QString>("from", "to", "message");
         const auto row =
             [](const char *name, const char *from, const char *to, const char *message) {
                 QTest::newRow(name) << QByteArray(from) << QByteArray(to) << message;
@@ -187,11 +182,11 @@ private Q_SLOTS:
 
     void linesMakeALayout_data()
     {
-        QTest::addColumn<QStringList>("lines");
-        QTest::addColumn<int>("readings");
-        QTest::addColumn<QString>("summary");
-        QTest::addColumn<QString>("x");
-        QTest::addColumn<QString>("y");
+        columns<QStringList, int, QString, QString, QString>("lines",
+                                                             "readings",
+                                                             "summary",
+                                                             "x",
+                                                             "y");
         const auto row = [](const char *name, const char *lines, int readings) -> QTestData & {
             return QTest::newRow(name) << QString::fromLatin1(lines).split('|') << readings;
         };

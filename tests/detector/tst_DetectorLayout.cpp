@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/DetectorLayout.h"
 #include "tests/beam/profile/PixelWiring.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <functional>
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -41,10 +40,7 @@ class tst_DetectorLayout : public QObject
 private Q_SLOTS:
     void places_data()
     {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<QString>("positions");
-        QTest::addColumn<QString>("widths");
-        QTest::addColumn<QString>("edges");
+        columns<Change, QString, QString, QString>("change", "positions", "widths", "edges");
         const auto row = [](const char *name, const Change &change) -> QTestData & {
             return QTest::newRow(name) << change;
         };
@@ -139,8 +135,7 @@ private Q_SLOTS:
 
     void mistakesAreToldWithTheirPlace_data()
     {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<QString>("message");
+        columns<Change, QString>("change", "message");
         const auto row = [](const char *name, const char *message, const Change &change) {
             QTest::newRow(name) << change << message;
         };

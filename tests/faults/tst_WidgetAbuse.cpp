@@ -5,7 +5,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <functional>
 #include <map>
 
 using namespace Corvale_Qt;

@@ -2,9 +2,6 @@
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
-
 //! The driver keeps an input that fails, says how to try it alone, and can try it alone.
 class tst_FuzzDriver : public QObject
 {

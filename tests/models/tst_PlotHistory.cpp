@@ -15,11 +15,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <random>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -13,8 +13,6 @@ static_assert(std::has_virtual_destructor_v<QwtSeriesData<QPointF>>);
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QBrush>
-
 using namespace Corvale_Qt;
 
 namespace {

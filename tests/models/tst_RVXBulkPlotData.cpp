@@ -9,9 +9,6 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-#include <memory>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -166,96 +163,90 @@ class tst_RVXBulkPlotData : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void subclassesSpeakForThemselves();
-    void numbersOfSubclasses();
-    void aHostsModelIsDrawnInPlace();
-    void aHostsModelUnderProxies();
-    void modelsThatMayNotBeRead();
-};
-
-void tst_RVXBulkPlotData::subclassesSpeakForThemselves()
-{
-    compareSubclasses<RVXSingleChannelDataModel>();
-    compareSubclasses<RVXMultichannelDeviceModel>();
-    compareSubclasses<RVXAveragingProxyModel>();
-    compareSubclasses<RVXZeroingProxyModel>();
-    compareSubclasses<RVXMultichannelProxyModel>();
-}
-
-void tst_RVXBulkPlotData::numbersOfSubclasses()
-{
-    Shifted<RVXMultichannelDeviceModel> shifted;
-    Vouched<RVXMultichannelDeviceModel> vouched;
-    shifted.appendRows({1.0, 2.0}, {5.0, 6.0});
-    vouched.appendRows({1.0, 2.0}, {5.0, 6.0});
-    double read[2];
-    ColumnSpans spans;
-    PlotColumnReader(&shifted).read(1, 1, 2, read);
-    QCOMPARE(read[1], 1006.0);
-    QVERIFY(!PlotColumnReader(&shifted).spans(1, 1, 2, spans));
-    QVERIFY(PlotColumnReader(&vouched).spans(1, 1, 2, spans));
-    QCOMPARE(spans.value(1), 6.0);
-    QVERIFY2(spans.blocks, "a subclass keeps the library's cached ranges");
-}
-
-void tst_RVXBulkPlotData::aHostsModelIsDrawnInPlace()
-{
-    Waveforms inPlace;
-    const QImage picture = chartOf(inPlace);
-    QCOMPARE(inPlace.cellsRead, 0);
-    QVERIFY(inPlace.spansGiven > 0);
-
-    Waveforms byCells;
-    byCells.vouches = false;
-    QCOMPARE(chartOf(byCells), picture);
-    QVERIFY(byCells.cellsRead >= Waveforms::samples * Waveforms::channels);
-    QCOMPARE(byCells.spansGiven, 0);
-
-    // Memory of another size than was asked for is not touched.
-    Waveforms tooFew;
-    tooFew.missingNumbers = 1;
-    QCOMPARE(chartOf(tooFew), picture);
-    QCOMPARE(tooFew.cellsRead, 0);
-}
-
-void tst_RVXBulkPlotData::aHostsModelUnderProxies()
-{
-    Waveforms inPlace;
-    Waveforms byCells;
-    byCells.vouches = false;
-    RVXAveragingProxyModel averaging[2];
-    RVXZeroingProxyModel zeroing[2];
-    for (int i : {0, 1}) {
-        averaging[i].setAveraging(4);
-        averaging[i].setSourceModel(i == 0 ? &inPlace : &byCells);
-        zeroing[i].setSourceModel(&averaging[i]);
-        zeroing[i].zeroNow();
+    void subclassesSpeakForThemselves()
+    {
+        compareSubclasses<RVXSingleChannelDataModel>();
+        compareSubclasses<RVXMultichannelDeviceModel>();
+        compareSubclasses<RVXAveragingProxyModel>();
+        compareSubclasses<RVXZeroingProxyModel>();
+        compareSubclasses<RVXMultichannelProxyModel>();
     }
-    const int cellsForZeros = inPlace.cellsRead;
-    QCOMPARE(chartOf(zeroing[0]), chartOf(zeroing[1]));
-    QCOMPARE(inPlace.cellsRead, cellsForZeros);
-    for (int row : {1, 77, Waveforms::samples})
-        QCOMPARE(zeroing[0].doubleData(row, 64), zeroing[1].doubleData(row, 64));
-}
 
-void tst_RVXBulkPlotData::modelsThatMayNotBeRead()
-{
-    QVERIFY(!RVXBulkPlotData::of(nullptr));
-    const Namesake namesake;
-    QVERIFY(!RVXBulkPlotData::of(&namesake));
+    void numbersOfSubclasses()
+    {
+        Shifted<RVXMultichannelDeviceModel> shifted;
+        Vouched<RVXMultichannelDeviceModel> vouched;
+        shifted.appendRows({1.0, 2.0}, {5.0, 6.0});
+        vouched.appendRows({1.0, 2.0}, {5.0, 6.0});
+        double read[2];
+        ColumnSpans spans;
+        PlotColumnReader(&shifted).read(1, 1, 2, read);
+        QCOMPARE(read[1], 1006.0);
+        QVERIFY(!PlotColumnReader(&shifted).spans(1, 1, 2, spans));
+        QVERIFY(PlotColumnReader(&vouched).spans(1, 1, 2, spans));
+        QCOMPARE(spans.value(1), 6.0);
+        QVERIFY2(spans.blocks, "a subclass keeps the library's cached ranges");
+    }
 
-    // A reader of a host's model reads nothing once the model is gone.
-    auto mortal = std::make_unique<Waveforms>();
-    const PlotColumnReader reader(mortal.get());
-    QVERIFY(reader.xRises());
-    QCOMPARE(mortal->layoutVersion(), int(RVXBulkPlotData::currentLayout));
-    mortal.reset();
-    double read = 1.0;
-    reader.read(1, 1, 1, &read);
-    QCOMPARE(read, 0.0);
-    ColumnSpans spans;
-    QVERIFY(!reader.xRises() && !reader.spans(1, 1, 1, spans) && reader.xVersion() == 0);
-}
+    void aHostsModelIsDrawnInPlace()
+    {
+        Waveforms inPlace;
+        const QImage picture = chartOf(inPlace);
+        QCOMPARE(inPlace.cellsRead, 0);
+        QVERIFY(inPlace.spansGiven > 0);
+
+        Waveforms byCells;
+        byCells.vouches = false;
+        QCOMPARE(chartOf(byCells), picture);
+        QVERIFY(byCells.cellsRead >= Waveforms::samples * Waveforms::channels);
+        QCOMPARE(byCells.spansGiven, 0);
+
+        // Memory of another size than was asked for is not touched.
+        Waveforms tooFew;
+        tooFew.missingNumbers = 1;
+        QCOMPARE(chartOf(tooFew), picture);
+        QCOMPARE(tooFew.cellsRead, 0);
+    }
+
+    void aHostsModelUnderProxies()
+    {
+        Waveforms inPlace;
+        Waveforms byCells;
+        byCells.vouches = false;
+        RVXAveragingProxyModel averaging[2];
+        RVXZeroingProxyModel zeroing[2];
+        for (int i : {0, 1}) {
+            averaging[i].setAveraging(4);
+            averaging[i].setSourceModel(i == 0 ? &inPlace : &byCells);
+            zeroing[i].setSourceModel(&averaging[i]);
+            zeroing[i].zeroNow();
+        }
+        const int cellsForZeros = inPlace.cellsRead;
+        QCOMPARE(chartOf(zeroing[0]), chartOf(zeroing[1]));
+        QCOMPARE(inPlace.cellsRead, cellsForZeros);
+        for (int row : {1, 77, Waveforms::samples})
+            QCOMPARE(zeroing[0].doubleData(row, 64), zeroing[1].doubleData(row, 64));
+    }
+
+    void modelsThatMayNotBeRead()
+    {
+        QVERIFY(!RVXBulkPlotData::of(nullptr));
+        const Namesake namesake;
+        QVERIFY(!RVXBulkPlotData::of(&namesake));
+
+        // A reader of a host's model reads nothing once the model is gone.
+        auto mortal = std::make_unique<Waveforms>();
+        const PlotColumnReader reader(mortal.get());
+        QVERIFY(reader.xRises());
+        QCOMPARE(mortal->layoutVersion(), int(RVXBulkPlotData::currentLayout));
+        mortal.reset();
+        double read = 1.0;
+        reader.read(1, 1, 1, &read);
+        QCOMPARE(read, 0.0);
+        ColumnSpans spans;
+        QVERIFY(!reader.xRises() && !reader.spans(1, 1, 1, spans) && reader.xVersion() == 0);
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_RVXBulkPlotData)
 #include "tst_RVXBulkPlotData.moc"

@@ -3,8 +3,6 @@
 #include "corvale_qt/models/StyleSheetColors.h"
 #include "tests/support/TestMain.h"
 
-#include <QSet>
-
 using namespace Corvale_Qt;
 
 class tst_RVXPlotColors : public QObject

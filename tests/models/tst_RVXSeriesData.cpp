@@ -8,10 +8,7 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <cmath>
 #include <cstring>
-#include <limits>
-#include <memory>
 
 using namespace Corvale_Qt;
 

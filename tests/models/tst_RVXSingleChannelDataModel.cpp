@@ -8,11 +8,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QTemporaryDir>
-
-#include <cmath>
-#include <limits>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-#include <random>
 #include <vector>
 
 using namespace Corvale_Qt;

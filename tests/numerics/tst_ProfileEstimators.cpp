@@ -5,6 +5,7 @@
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
 #include "tests/support/Profiles.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -152,9 +153,7 @@ private Q_SLOTS:
 
     void leastSquaresAreExactOnAnyCells_data()
     {
-        QTest::addColumn<double>("mean");
-        QTest::addColumn<double>("sigma");
-        QTest::addColumn<double>("background");
+        columns<double, double, double>("mean", "sigma", "background");
         QTest::newRow("in the middle") << 1.36 << 3.93 << 0.0;
         QTest::newRow("on a background") << -4.0 << 5.0 << 0.2;
         QTest::newRow("half of it outside") << 26.0 << 4.0 << 0.05;
@@ -281,8 +280,7 @@ private Q_SLOTS:
 
     void flatFields_data()
     {
-        QTest::addColumn<double>("blur");
-        QTest::addColumn<double>("tilt");
+        columns<double, double>("blur", "tilt");
         QTest::newRow("sharp") << 1.5 << 0.0;
         QTest::newRow("soft") << 4.0 << 0.0;
         QTest::newRow("tilted") << 1.5 << 0.1;

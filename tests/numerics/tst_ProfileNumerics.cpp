@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The numbers of a profile, through the headers and the library that hosts get.
 #include "tests/support/Profiles.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/Peak>
 #include <corvale_qt/PixelMoments>
 #include <corvale_qt/ProfileMoments>
 #include <corvale_qt/SignalToNoise>
 #include <corvale_qt/ThreePointFit>
-
-#include <random>
 
 using namespace Corvale_Qt;
 
@@ -72,11 +71,11 @@ private Q_SLOTS:
 
     void momentsOfKnownShapes_data()
     {
-        QTest::addColumn<Values>("values");
-        QTest::addColumn<double>("mean");
-        QTest::addColumn<double>("variance");
-        QTest::addColumn<double>("skewness");
-        QTest::addColumn<double>("kurtosis");
+        columns<Values, double, double, double, double>("values",
+                                                        "mean",
+                                                        "variance",
+                                                        "skewness",
+                                                        "kurtosis");
         // Uniform over n: (n^2 - 1) / 12 and 3 - 6/5 (n^2 + 1) / (n^2 - 1).
         QTest::newRow("uniform") << Values(9, 2e-9) << 4.0 << 80.0 / 12 << 0.0
                                  << 3 - 1.2 * 82.0 / 80;

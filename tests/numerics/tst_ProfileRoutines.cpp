@@ -6,8 +6,6 @@
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
 
-#include <functional>
-
 using namespace Corvale_Qt;
 
 namespace {

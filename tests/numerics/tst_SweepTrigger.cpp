@@ -3,9 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-#include <random>
-
 using namespace Corvale_Qt;
 using Edge = SweepTrigger::Edge;
 

@@ -12,15 +12,6 @@
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
-#include <QPainter>
-#include <QSet>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <memory>
-#include <random>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <cmath>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -2,6 +2,7 @@
 // Channels that RVXMultichannelProxyModel creates by name, through factories and drops.
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
 #include "tests/proxies/ProxyTest.h"
+#include "tests/support/Rows.h"
 
 #include <QDataStream>
 #include <QDragEnterEvent>
@@ -172,8 +173,7 @@ private Q_SLOTS:
 
     void hostilePayloads_data()
     {
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<int>("channels");
+        columns<QByteArray, int>("payload", "channels");
         const QByteArray good = payloadOf({"a", "b"});
         QTest::newRow("empty") << QByteArray() << 0;
         QTest::newRow("cut in a length") << good + QByteArray(3, '\0') << 2;

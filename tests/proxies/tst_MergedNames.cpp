@@ -8,9 +8,6 @@
 #include "tests/support/ModelLog.h"
 #include "tests/support/TestMain.h"
 
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
-
 using namespace Corvale_Qt;
 
 namespace {

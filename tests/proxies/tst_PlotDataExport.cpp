@@ -5,11 +5,6 @@
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
-#include <cmath>
-
 using namespace Corvale_Qt;
 
 class tst_PlotDataExport : public QObject

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "tests/proxies/ProxyTest.h"
+#include "tests/support/Rows.h"
 
 #include <QBrush>
 #include <QIdentityProxyModel>
@@ -389,6 +391,31 @@ private Q_SLOTS:
         BufferModel another(1);
         proxy.setSourceModel(&another);
         QCOMPARE(proxy.rowCount(), 1);
+    }
+
+    //! Rounding errors of readings without noise are not taken for noise, also where a zero was subtracted.
+    void roundingErrorsAreNoNoise_data()
+    {
+        columns<double, double, QString>("step", "zero", "text");
+        row("a straight line", 0.1, 0.0, "6.300 A");
+        row("a straight line less a zero", 0.1, 0.3, "6.000 A");
+        row("a constant", 0.0, 0.0, "0 A");
+    }
+    void roundingErrorsAreNoNoise()
+    {
+        QFETCH(double, step);
+        QFETCH(double, zero);
+        RVXMultichannelDeviceModel model(1);
+        const Units::A ampere;
+        model.SetUnits(&ampere);
+        for (int i = 0; i < 64; ++i)
+            model.appendRows({double(i)}, {step * i});
+        RVXZeroingProxyModel zeroed;
+        zeroed.setSourceModel(&model);
+        zeroed.setZeros({zero});
+        Latest table(&zeroed);
+        table.setSiPrefix(true);
+        QTEST(table.index(0, 1).data().toString(), "text");
     }
 };
 

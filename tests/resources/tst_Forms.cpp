@@ -11,12 +11,6 @@
 #include "corvale_qt/widgets/RVXLogBrowser.h"
 #include "tests/support/TestMain.h"
 
-#include <QAbstractButton>
-#include <QAccessible>
-#include <QDialog>
-#include <QTabBar>
-#include <QVBoxLayout>
-
 using namespace Corvale_Qt;
 
 namespace {

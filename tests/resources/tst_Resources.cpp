@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/settings/Translations.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QDirIterator>
-#include <QFontDatabase>
-#include <QIcon>
-#include <QPainter>
-#include <QRawFont>
 #include <QSvgRenderer>
-#include <QXmlStreamReader>
 
 namespace {
 
@@ -95,8 +90,7 @@ class tst_Resources : public QObject
 private Q_SLOTS:
     void iconsAreReadable_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QRgb>("ground");
+        columns<QString, QRgb>("path", "ground");
         QDirIterator files(":/resources/icons");
         while (files.hasNext()) {
             const QString path = files.next();
@@ -115,14 +109,11 @@ private Q_SLOTS:
 
     void buttonsHaveAnIconWithoutATheme()
     {
-        for (const char *name : {"document-save",
-                                 "edit-clear",
-                                 "configure",
-                                 "edit-rename",
-                                 "edit-clear-locationbar-rtl",
-                                 "align-vertical-bottom-out"}) {
+        const QString names = "document-save edit-clear configure edit-rename "
+                              "edit-clear-locationbar-rtl align-vertical-bottom-out";
+        for (const QString &name : names.split(' ')) {
             const QIcon fallback(QString(":/resources/icons/%1.svg").arg(name));
-            QVERIFY2(!QIcon::fromTheme(name, fallback).pixmap(16).isNull(), name);
+            QVERIFY2(!QIcon::fromTheme(name, fallback).pixmap(16).isNull(), qPrintable(name));
         }
     }
 
@@ -186,8 +177,7 @@ private Q_SLOTS:
 
     void personsHaveTheirLanguage_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("language");
+        columns<QString, QString>("locale", "language");
         QTest::newRow("Germany") << "de_DE"
                                  << "de";
         QTest::newRow("Switzerland, in German") << "de_CH"

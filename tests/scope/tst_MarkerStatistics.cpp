@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
+#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/SpanIntegral_p.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
-#include "tests/scope/ScopeTestModel.h"
+#include "tests/scope/ScopeTestView.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <random>
 
 using namespace Corvale_Qt;
 
@@ -51,6 +51,38 @@ QString gapsAt(const QVector<double> &times)
     gaps.update(PlotColumnReader(&model), times.size());
     return gapsIn(gaps, {1, times.size()});
 }
+
+/*! All readings of a model that keeps a number of rows, and older ones in blocks over a time span. Row r has been read at second
+    r - 1; its reading is the same number. */
+class HistoryView
+{
+public:
+    explicit HistoryView(int capacity, double span = 1e9)
+    {
+        model->setCapacity(capacity);
+        model->setHistorySpan(span);
+        view.setModel(model.get());
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+    }
+    void append(int more)
+    {
+        for (const int end = m_rows + more; m_rows < end; ++m_rows)
+            model->appendRows({double(m_rows)}, {double(m_rows)});
+    }
+    void mark(double first, double second)
+    {
+        view.SelectPoint1(QPointF(first, first));
+        view.SelectPoint2(QPointF(second, second));
+    }
+
+    std::unique_ptr<RVXMultichannelDeviceModel> model =
+        std::make_unique<RVXMultichannelDeviceModel>(1);
+    ScopeTestView view;
+
+private:
+    int m_rows = 0;
+};
 
 } // namespace
 
@@ -235,6 +267,9 @@ private Q_SLOTS:
                 .arg(std::pow(statistics.standardDeviation(), 2));
         };
         QCOMPARE(text(), QString("0 of 0: mean 0, deviation^2 0"));
+        ScopeMarkerStatistics shown;
+        statistics.writeTo(shown);
+        QVERIFY(qIsNaN(shown.mean)); // 0 would be a number that nobody measured
         statistics.add(qQNaN());
         statistics.add(3.0);
         QCOMPARE(text(), QString("1 of 2: mean 3, deviation^2 0"));
@@ -257,6 +292,130 @@ private Q_SLOTS:
         statistics.add(qQNaN(), 100.0); // a reading whose time is not known
         QCOMPARE(statistics.slope(), 1.4);
         QCOMPARE(statistics.maximum(), 100.0);
+    }
+
+    //! Older readings are in blocks: what is said of them is that of each of them, over a stretch that is stated, or that it is not known.
+    void olderReadingsInBlocks_data()
+    {
+        columns<double, double>("first", "second");
+        row("both among blocks", 31.7, 1234.5);
+        row("the second among the rows", 31.7, 1990.0);
+        row("the first among the rows", 1990.0, 700.0);
+        row("both in one block", 500.0, 500.2);
+        row("before the first reading", -50.0, 900.0);
+    }
+
+    void olderReadingsInBlocks()
+    {
+        constexpr int rows = 20000;
+        constexpr double step = 0.1;
+        const auto reading = [](int row) {
+            return row % 7 == 0 ? qQNaN() : std::sin(row * 0.01) + row % 13;
+        };
+        RVXMultichannelDeviceModel model(2);
+        model.setCapacity(1000);
+        model.setHistorySpan(1e9);
+        model.setHistoryMemory(1); // few blocks of each level, so that all levels are read
+        for (int row = 0; row < rows; ++row)
+            model.appendRows({row * step}, {0.0, reading(row)});
+        ScopeTestView view(&model);
+        view.setTimeSpan(qInf());
+        view.enablePlotMarker(true);
+        view.settle();
+        QFETCH(double, first);
+        QFETCH(double, second);
+        view.SelectPoint1(QPointF(first, 6.0));
+        view.SelectPoint2(QPointF(second, 6.0));
+        const ScopeMarkerStatistics is = view.markerStatistics();
+        double sum = 0.0, least = qInf(), greatest = -qInf();
+        int count = 0, missing = 0;
+        for (int row = 0; row < rows; ++row) {
+            const double x = row * step;
+            if (x < is.blocksBegin || x > is.blocksEnd)
+                continue;
+            const double value = reading(row);
+            missing += std::isnan(value);
+            count += !std::isnan(value);
+            sum += std::isnan(value) ? 0.0 : value;
+            least = std::fmin(least, value);
+            greatest = std::fmax(greatest, value);
+        }
+        QCOMPARE(QPoint(is.count, is.missing), QPoint(count, missing));
+        QCOMPARE(QPointF(is.minimum, is.maximum), QPointF(least, greatest));
+        QVERIFY(qAbs(is.mean - sum / count) < 1e-12 * count && qAbs(is.sum - sum) < 1e-9 * count);
+        const auto [left, right] = std::minmax(is.first.time, is.second.time);
+        QVERIFY(is.blocksBegin <= qMax(left, 0.0) && right <= is.blocksEnd);
+        QVERIFY(qIsNaN(is.rms) && qIsNaN(is.standardDeviation) && qIsNaN(is.integral));
+        const QString report = view.markerReport();
+        QVERIFY(report.contains("RMS\tnot known: older readings are kept in blocks"));
+        QVERIFY(report.contains("kept in a block only"));
+        QVERIFY(view.markerText(1).contains("not known of blocks"));
+    }
+
+    //! Where a model remembers its readings in blocks, a marker stays at its time after its sample has left the model.
+    void aMarkerOutlivesItsSample()
+    {
+        HistoryView history(500);
+        history.append(500);
+        history.mark(100.0, 400.0);
+        QCOMPARE(history.view.markerStatistics().first.row, 101);
+        history.append(2000);
+        const ScopeMarkerStatistics is = history.view.markerStatistics();
+        QVERIFY(is.hasSpan());
+        QCOMPARE(QPointF(is.first.time, is.second.time), QPointF(100.0, 400.0));
+        QCOMPARE(QPointF(is.minimum, is.maximum), QPointF(is.blocksBegin, is.blocksEnd));
+        history.model->Clear();
+        QVERIFY(!history.view.markerStatistics().first.isSet);
+    }
+
+    //! A marker never wanders: without a history, or when that has forgotten its time, it goes with its sample.
+    void aMarkerLeavesWithTheLastOfItsReadings()
+    {
+        for (const double span : {0.0, 1000.0}) {
+            HistoryView history(500, span);
+            history.append(500);
+            history.mark(100.0, 400.0);
+            QVERIFY(history.view.markerStatistics().hasSpan());
+            history.append(450);
+            QCOMPARE(history.view.markerStatistics().first.isSet, span > 0.0);
+            QCOMPARE(history.view.hasMarker(0), span > 0.0);
+            history.append(3000);
+            const ScopeMarkerStatistics is = history.view.markerStatistics();
+            QVERIFY(!is.first.isSet && !is.second.isSet);
+            QVERIFY(!history.view.hasMarker(0) && !history.view.hasMarker(1));
+        }
+    }
+
+    //! A marker says nothing of a time at which nothing was read, also among blocks.
+    void aMarkerInAnOutageStandsOnTheBlockAfterIt()
+    {
+        HistoryView history(100);
+        for (int row = 0; row < 1280; ++row) // 640 seconds, an hour of nothing, and on
+            history.model->appendRows({row < 640 ? row : row + 3600.0}, {double(row)});
+        history.view.setSiPrefix(true);
+        history.view.setValueUnit("mA");
+        history.view.SelectPoint1(QPointF(2000.0, 700.0));
+        QCOMPARE(history.view.markerStatistics().first.time, 4240.0);
+        const QString text = history.view.markerText(0);
+        QVERIFY2(text.contains("\n640000 mA to 703000 mA\nof 64 readings"), qPrintable(text));
+    }
+
+    //! A listener that hears first that the model is being deleted gets nothing from a history that has gone.
+    void askedWhileTheModelIsDeleted()
+    {
+        HistoryView history(100);
+        ScopeMarkerStatistics asked;
+        history.view.setModel(nullptr);
+        connect(history.model.get(), &QObject::destroyed, this, [&] {
+            asked = history.view.markerStatistics();
+        });
+        history.append(1000);
+        history.view.setModel(history.model.get());
+        history.mark(200.0, 500.0);
+        asked = history.view.markerStatistics();
+        QVERIFY(asked.hasSpan() && asked.count > 0);
+        history.model.reset();
+        QVERIFY(!asked.first.isSet && !asked.second.isSet);
     }
 };
 

@@ -5,6 +5,7 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/PanelDevice.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -164,16 +165,7 @@ private Q_SLOTS:
         DevicePanel panel(1, {{1, {5}}});
         const auto turnWheelOver = [&](const char *name) {
             auto *box = panel.control<QComboBox>(name);
-            const QPointF middle = box->rect().center();
-            QWheelEvent wheel(middle,
-                              box->mapToGlobal(middle.toPoint()),
-                              {},
-                              {0, -120},
-                              Qt::NoButton,
-                              Qt::NoModifier,
-                              Qt::NoScrollPhase,
-                              false);
-            QApplication::sendEvent(box, &wheel);
+            turnWheel(box, box->rect().center(), -120);
             return box->currentText();
         };
         panel.control("comboBox_period")->setFocus();
@@ -372,23 +364,17 @@ private Q_SLOTS:
 
     void hiddenParts()
     {
+        const QString all = "modeSelect bufferSizeLabel saveButton clearButton configFrame";
         Panel panel;
         panel.show();
         const auto visible = [&] {
             QStringList names;
-            for (const char *name : {"modeSelect",
-                                     "bufferSizeLabel",
-                                     "saveButton",
-                                     "clearButton",
-                                     "configFrame",
-                                     "position_frame",
-                                     "derivativeButton"}) {
-                if (panel.control(name)->isVisible())
+            for (const QString &name : (all + " position_frame derivativeButton").split(' ')) {
+                if (panel.control(name.toLatin1())->isVisible())
                     names << name;
             }
             return names.join(' ');
         };
-        const QString all = "modeSelect bufferSizeLabel saveButton clearButton configFrame";
         QCOMPARE(visible(), all);
         panel.hideConfig(true);
         QCOMPARE(visible(), QString("clearButton configFrame"));

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/scope/DisplayPicture.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 #include "tests/scope/PanelDevice.h"
+#include "tests/scope/ScopeTestView.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
+#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_curve.h>
-
-#include <cmath>
-#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -260,6 +261,89 @@ private Q_SLOTS:
         const DisplayPicture gone(display.get());
         display.reset();
         QVERIFY(gone.size().isEmpty());
+    }
+
+    //! The legend shows names and newest values, lifts the curve under the mouse, and hides channels by mouse and keys.
+    void theLegendServesTheChannels()
+    {
+        ModelView view(3, 20);
+        view.model.names = QStringList{"left", "right", "sum"};
+        view.setSiPrefix(true);
+        view.setLegendVisible(true);
+        view.settle();
+        auto *legend = view.findChild<ScopeLegend *>();
+        if (!legend)
+            QFAIL("there is no legend");
+        QVERIFY(legend->isVisible());
+        view.canvas();
+        QCOMPARE(runningTimers(*legend), 1);
+        QTRY_COMPARE(runningTimers(*legend), 0);
+        view.settle(); // the values that it paints now are no picture
+        QCOMPARE(runningTimers(*legend), 0);
+        const auto row = [legend](int i) {
+            return legend->model()->index(i, 0);
+        };
+        QCOMPARE(row(1).data().toString(), QString("right"));
+        QCOMPARE(row(1).data(Qt::AccessibleTextRole).toString(), QString("right, 2.000 A"));
+
+        const auto place = [&](int i) {
+            return legend->visualRect(row(i)).center();
+        };
+        for (int i : {0, 1})
+            moveMouse(legend->viewport(), place(i));
+        QCOMPARE(view.raisedChannel(), 2);
+        view.settle();
+        const auto curves = view.curves();
+        QVERIFY(curves.last()->title().text() == "Channel 1" && curves.last()->pen().width() > 1);
+
+        QTest::mouseClick(legend->viewport(), Qt::LeftButton, Qt::NoModifier, place(1));
+        QCOMPARE(view.model.index(0, 2).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        QCOMPARE(view.curves().size(), 2);
+        legend->setFocus(Qt::TabFocusReason);
+        legend->setCurrentIndex(row(1));
+        QTest::keyClick(legend, Qt::Key_Return);
+        QCOMPARE(view.curves().size(), 3);
+        QTest::keyClick(legend, Qt::Key_Left);
+        QCOMPARE(view.raisedChannel(), 1);
+        QTest::keyClick(legend, Qt::Key_Space);
+        QCOMPARE(view.model.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+
+        // A channel tells how it lies among its limits, also while it is hidden.
+        ChannelLimits limits;
+        limits.lowWarning = 1.5;
+        QSignalSpy repainted(legend->model(), &QAbstractItemModel::dataChanged);
+        view.setChannelLimits(1, limits);
+        QVERIFY(repainted.last()[0].toModelIndex() == row(0));
+        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low warning"));
+        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(),
+                 QString("left, 1.000 A, Low warning"));
+        limits.lowAlarm = 1.25;
+        view.setChannelLimits(1, limits);
+        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low alarm"));
+        const QRect item = legend->visualRect(row(0));
+        const auto red = [&] {
+            view.settle();
+            const QImage picture = legend->viewport()->grab(item).toImage();
+            int found = 0;
+            for (int x = 0; x < picture.width(); ++x)
+                found += picture.pixelColor(x, picture.height() / 2 - 6) == QColor(255, 80, 70);
+            return found;
+        };
+        QVERIFY(red() > 5);
+        view.setChannelLimits(1, ChannelLimits());
+        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(), QString("left, 1.000 A"));
+        QCOMPARE(red(), 0);
+
+        // Another model, and none.
+        ScopeTestModel other(5);
+        view.setModel(&other);
+        view.settle();
+        QCOMPARE(legend->model()->rowCount(), 5);
+        QCOMPARE(row(0).data(Qt::UserRole).toString(), QString()); // there is no reading
+        view.setModel(nullptr);
+        view.settle();
+        QCOMPARE(legend->model()->rowCount(), 0);
+        legend->setFocus();
     }
 };
 

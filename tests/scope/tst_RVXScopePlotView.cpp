@@ -5,14 +5,12 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/numerics/ChannelLimits.h"
-#include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/Rows.h"
-#include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -68,12 +66,17 @@ private Q_SLOTS:
         view.check(2, false);
         QCOMPARE(line(48.3), black);
         view.check(2, true);
-        view.SetYScaleMode(View::Normalized);
-        QVERIFY(!view.qwtPlot()->itemList().isEmpty());
-        view.SetYScaleMode(View::FullRange);
         view.showMode(View::HistogramMode);
         QCOMPARE(line(0.7), black); // the bar of channel 1
         QVERIFY(line(1.7).red() > 200);
+        limits.highAlarm = 6.5;
+        limits.lowAlarm = 1.0;
+        view.setChannelLimits(2, limits);
+        view.SetYScaleMode(View::Normalized); // to the largest reading, which is 2
+        QVERIFY(view.colourIn(view.canvas(), 1.7, 0.5).red() > 200);
+        limits.lowAlarm = qQNaN();
+        view.setChannelLimits(2, limits);
+        view.setChannelLimits(7, limits); // which the model does not have yet
 
         // Each passage is told, whatever the view shows, also if the reading has come back since.
         view.hide();
@@ -87,6 +90,12 @@ private Q_SLOTS:
                 QString("%1:%2").arg(each[0].toInt()).arg(int(each[1].value<LimitState>())));
         QCOMPARE(states.join(' '), QString("2:4 2:0 2:4"));
         QCOMPARE(view.limitState(2), LimitState::HighAlarm);
+        // A reading or a limit that changes nothing of it is not told.
+        limits.highAlarm = 6.25;
+        view.setChannelLimits(2, limits);
+        view.model.change(54, 2, 9.5);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(changed.size(), 3);
         // The newest reading is judged by what it is now, as after a zero or in another unit.
         view.model.change(54, 2, 6.0);
         QCOMPARE(view.limitState(2), LimitState::Normal);
@@ -509,89 +518,6 @@ private Q_SLOTS:
             QCOMPARE(view.xText(), QString("10..29"));
             QVERIFY(view.y().maxValue() <= 4.0);
         }
-    }
-
-    //! The legend shows names and newest values, lifts the curve under the mouse, and hides channels by mouse and keys.
-    void theLegendServesTheChannels()
-    {
-        ModelView view(3, 20);
-        view.model.names = QStringList{"left", "right", "sum"};
-        view.setSiPrefix(true);
-        view.setLegendVisible(true);
-        view.settle();
-        auto *legend = view.findChild<ScopeLegend *>();
-        if (!legend)
-            QFAIL("there is no legend");
-        QVERIFY(legend->isVisible());
-        view.canvas();
-        QCOMPARE(runningTimers(*legend), 1);
-        QTRY_COMPARE(runningTimers(*legend), 0);
-        view.settle(); // the values that it paints now are no picture
-        QCOMPARE(runningTimers(*legend), 0);
-        const auto row = [legend](int i) {
-            return legend->model()->index(i, 0);
-        };
-        QCOMPARE(row(1).data().toString(), QString("right"));
-        QCOMPARE(row(1).data(Qt::AccessibleTextRole).toString(), QString("right, 2.000 A"));
-
-        const auto place = [&](int i) {
-            return legend->visualRect(row(i)).center();
-        };
-        // As an event, since a cursor cannot leave the screen, which the doubled window does.
-        for (int i : {0, 1}) {
-            QMouseEvent move(QEvent::MouseMove, place(i), Qt::NoButton, {}, Qt::NoModifier);
-            QApplication::sendEvent(legend->viewport(), &move);
-        }
-        QCOMPARE(view.raisedChannel(), 2);
-        view.settle();
-        const auto curves = view.curves();
-        QVERIFY(curves.last()->title().text() == "Channel 1" && curves.last()->pen().width() > 1);
-
-        QTest::mouseClick(legend->viewport(), Qt::LeftButton, Qt::NoModifier, place(1));
-        QCOMPARE(view.model.index(0, 2).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-        QCOMPARE(view.curves().size(), 2);
-        legend->setFocus(Qt::TabFocusReason);
-        legend->setCurrentIndex(row(1));
-        QTest::keyClick(legend, Qt::Key_Return);
-        QCOMPARE(view.curves().size(), 3);
-        QTest::keyClick(legend, Qt::Key_Left);
-        QCOMPARE(view.raisedChannel(), 1);
-        QTest::keyClick(legend, Qt::Key_Space);
-        QCOMPARE(view.model.index(0, 1).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-
-        // A channel tells how it lies among its limits, also while it is hidden.
-        ChannelLimits limits;
-        limits.lowWarning = 1.5;
-        view.setChannelLimits(1, limits);
-        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low warning"));
-        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(),
-                 QString("left, 1.000 A, Low warning"));
-        limits.lowAlarm = 1.25;
-        view.setChannelLimits(1, limits);
-        QCOMPARE(row(0).data(Qt::UserRole + 2).toString(), QString("Low alarm"));
-        const QRect item = legend->visualRect(row(0));
-        const auto red = [&] {
-            view.settle();
-            const QImage picture = legend->viewport()->grab(item).toImage();
-            int found = 0;
-            for (int x = 0; x < picture.width(); ++x)
-                found += picture.pixelColor(x, picture.height() / 2 - 6) == QColor(255, 80, 70);
-            return found;
-        };
-        QVERIFY(red() > 5);
-        view.setChannelLimits(1, ChannelLimits());
-        QCOMPARE(row(0).data(Qt::AccessibleTextRole).toString(), QString("left, 1.000 A"));
-        QCOMPARE(red(), 0);
-
-        // Another model, and none.
-        ScopeTestModel other(5);
-        view.setModel(&other);
-        view.settle();
-        QCOMPARE(legend->model()->rowCount(), 5);
-        view.setModel(nullptr);
-        view.settle();
-        QCOMPARE(legend->model()->rowCount(), 0);
-        legend->setFocus();
     }
 
     void curvesHaveTheColoursAndDashesOfThePalette()

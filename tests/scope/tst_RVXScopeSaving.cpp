@@ -6,8 +6,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QProgressDialog>
-
 using namespace Corvale_Qt;
 
 namespace {

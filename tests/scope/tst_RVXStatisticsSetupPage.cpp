@@ -85,14 +85,11 @@ private Q_SLOTS:
         RVXStatisticsSetupPage page(&host);
         const auto enabled = [&] {
             QStringList names;
-            for (const char *name : {"CoGThresholdEdit",
-                                     "CoGWindowEdit",
-                                     "CoGWindowRadio",
-                                     "RegressionThresholdEdit",
-                                     "RegressionWindowEdit",
-                                     "peakthreshold",
-                                     "Chi2WindowEdit"}) {
-                if (child<QWidget>(page, name)->isEnabled())
+            const QString all = "CoGThresholdEdit CoGWindowEdit CoGWindowRadio "
+                                "RegressionThresholdEdit RegressionWindowEdit peakthreshold "
+                                "Chi2WindowEdit";
+            for (const QString &name : all.split(' ')) {
+                if (child<QWidget>(page, name.toLatin1())->isEnabled())
                     names << name;
             }
             return names.join(' ');

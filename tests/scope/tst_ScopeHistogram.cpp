@@ -11,8 +11,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 

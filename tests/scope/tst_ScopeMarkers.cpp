@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
-#include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
-
-#include <QClipboard>
-
-#include <cmath>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -91,6 +85,9 @@ private Q_SLOTS:
         view.model.append({{0.0, 1.0, 2.0, 3.0}, {1.0, 1.0, 2.0, 3.0}});
         view.click(Qt::LeftButton, view.x().minValue() + 10.0, 1.0);
         QCOMPARE(view.markerText(0), QString("s: 0.000e+00\nChannel left\n1"));
+        view.model.append({{1234567.5, 1.0, 2.0, 3.0}});
+        view.SelectPoint1(QPointF(1234567.5, 1.0));
+        QCOMPARE(view.markerReport(), QString("Marker 1\t1234567.5 s\tleft\t1\tA"));
     }
 
     void keepToTheirChannel()
@@ -383,173 +380,6 @@ private Q_SLOTS:
         }
     }
 
-    //! Older readings are in blocks: what is said of them is that of each of them, over a stretch that is stated, or that it is not known.
-    void olderReadingsInBlocks_data()
-    {
-        QTest::addColumn<double>("first");
-        QTest::addColumn<double>("second");
-        QTest::newRow("both among blocks") << 31.7 << 1234.5;
-        QTest::newRow("the second among the rows") << 31.7 << 1990.0;
-        QTest::newRow("the first among the rows") << 1990.0 << 700.0;
-        QTest::newRow("both in one block") << 500.0 << 500.2;
-        QTest::newRow("before the first reading") << -50.0 << 900.0;
-    }
-
-    void olderReadingsInBlocks()
-    {
-        constexpr int rows = 20000;
-        constexpr double step = 0.1;
-        const auto reading = [](int row) {
-            return row % 7 == 0 ? qQNaN() : std::sin(row * 0.01) + row % 13;
-        };
-        RVXMultichannelDeviceModel model(2);
-        model.setCapacity(1000);
-        model.setHistorySpan(1e9);
-        model.setHistoryMemory(1); // few blocks of each level, so that all levels are read
-        for (int row = 0; row < rows; ++row)
-            model.appendRows({row * step}, {0.0, reading(row)});
-        ScopeTestView view(&model);
-        view.setTimeSpan(qInf());
-        view.enablePlotMarker(true);
-        view.settle();
-        const auto agrees = [&] {
-            const ScopeMarkerStatistics is = view.markerStatistics();
-            double sum = 0.0, least = qInf(), greatest = -qInf();
-            int count = 0, missing = 0;
-            for (int row = 0; row < rows; ++row) {
-                const double x = row * step;
-                if (x < is.blocksBegin || x > is.blocksEnd)
-                    continue;
-                const double value = reading(row);
-                missing += std::isnan(value);
-                count += !std::isnan(value);
-                sum += std::isnan(value) ? 0.0 : value;
-                least = std::fmin(least, value);
-                greatest = std::fmax(greatest, value);
-            }
-            const QString expected =
-                QString("%1 %2 %3 %4").arg(count).arg(missing).arg(least).arg(greatest);
-            const QString got = QString("%1 %2 %3 %4")
-                                    .arg(is.count)
-                                    .arg(is.missing)
-                                    .arg(is.minimum)
-                                    .arg(is.maximum);
-            QCOMPARE(got, expected);
-            QVERIFY(qAbs(is.mean - sum / count) < 1e-12 * count
-                    && qAbs(is.sum - sum) < 1e-9 * count);
-            const auto [left, right] = std::minmax(is.first.time, is.second.time);
-            QVERIFY(is.blocksBegin <= qMax(left, 0.0) && right <= is.blocksEnd);
-            QVERIFY(qIsNaN(is.rms) && qIsNaN(is.standardDeviation) && qIsNaN(is.integral));
-        };
-        QFETCH(double, first);
-        QFETCH(double, second);
-        view.SelectPoint1(QPointF(first, 6.0));
-        view.SelectPoint2(QPointF(second, 6.0));
-        agrees();
-        const QString report = view.markerReport();
-        QVERIFY(report.contains("RMS\tnot known: older readings are kept in blocks"));
-        QVERIFY(report.contains("kept in a block only"));
-        QVERIFY(view.markerText(1).contains("not known of blocks"));
-    }
-
-    //! Where a model remembers its readings in blocks, a marker stays at its time after its sample has left the model.
-    void aMarkerOutlivesItsSample()
-    {
-        RVXMultichannelDeviceModel model(1);
-        model.setCapacity(500);
-        model.setHistorySpan(1e9);
-        int rows = 0;
-        const auto append = [&](int more) {
-            for (const int end = rows + more; rows < end; ++rows)
-                model.appendRows({double(rows)}, {double(rows)});
-        };
-        append(500);
-        ScopeTestView view(&model);
-        view.setTimeSpan(qInf());
-        view.enablePlotMarker(true);
-        view.SelectPoint1(QPointF(100.0, 100.0));
-        view.SelectPoint2(QPointF(400.0, 400.0));
-        QCOMPARE(view.markerStatistics().first.row, 101);
-        append(2000);
-        const ScopeMarkerStatistics is = view.markerStatistics();
-        QVERIFY(is.hasSpan());
-        QCOMPARE(QPointF(is.first.time, is.second.time), QPointF(100.0, 400.0));
-        QCOMPARE(QPointF(is.minimum, is.maximum), QPointF(is.blocksBegin, is.blocksEnd));
-        model.Clear();
-        QVERIFY(!view.markerStatistics().first.isSet);
-    }
-
-    //! A marker never wanders: without a history, or when that has forgotten its time, it goes with its sample.
-    void aMarkerLeavesWithTheLastOfItsReadings()
-    {
-        for (const double span : {0.0, 1000.0}) {
-            RVXMultichannelDeviceModel model(1);
-            model.setCapacity(500);
-            model.setHistorySpan(span);
-            int rows = 0;
-            const auto append = [&](int more) {
-                for (const int end = rows + more; rows < end; ++rows)
-                    model.appendRows({double(rows)}, {double(rows)});
-            };
-            append(500);
-            ScopeTestView view(&model);
-            view.setTimeSpan(qInf());
-            view.enablePlotMarker(true);
-            view.SelectPoint1(QPointF(100.0, 100.0));
-            view.SelectPoint2(QPointF(400.0, 400.0));
-            QVERIFY(view.markerStatistics().hasSpan());
-            append(450);
-            QCOMPARE(view.markerStatistics().first.isSet, span > 0.0);
-            QCOMPARE(view.hasMarker(0), span > 0.0);
-            append(3000);
-            QVERIFY(!view.markerStatistics().first.isSet && !view.markerStatistics().second.isSet);
-            QVERIFY(!view.hasMarker(0) && !view.hasMarker(1));
-        }
-    }
-
-    //! A marker says nothing of a time at which nothing was read, also among blocks.
-    void aMarkerInAnOutageStandsOnTheBlockAfterIt()
-    {
-        RVXMultichannelDeviceModel model(1);
-        model.setCapacity(100);
-        model.setHistorySpan(1e9);
-        for (int row = 0; row < 1280; ++row) // 640 seconds, an hour of nothing, and on
-            model.appendRows({row < 640 ? row : row + 3600.0}, {double(row)});
-        ScopeTestView view(&model);
-        view.setTimeSpan(qInf());
-        view.setSiPrefix(true);
-        view.setValueUnit("mA");
-        view.enablePlotMarker(true);
-        view.SelectPoint1(QPointF(2000.0, 700.0));
-        QCOMPARE(view.markerStatistics().first.time, 4240.0);
-        QVERIFY2(view.markerText(0).contains("\n640000 mA to 703000 mA\nof 64 readings"),
-                 qPrintable(view.markerText(0)));
-    }
-
-    //! A listener that hears first that the model is being deleted gets nothing from a history that has gone.
-    void askedWhileTheModelIsDeleted()
-    {
-        auto model = std::make_unique<RVXMultichannelDeviceModel>(1);
-        ScopeTestView view;
-        ScopeMarkerStatistics asked;
-        connect(model.get(), &QObject::destroyed, this, [&] {
-            asked = view.markerStatistics();
-        });
-        model->setCapacity(100);
-        model->setHistorySpan(1e9);
-        for (int row = 0; row < 1000; ++row)
-            model->appendRows({double(row)}, {double(row)});
-        view.setModel(model.get());
-        view.setTimeSpan(qInf());
-        view.enablePlotMarker(true);
-        view.SelectPoint1(QPointF(200.0, 200.0));
-        view.SelectPoint2(QPointF(500.0, 500.0));
-        asked = view.markerStatistics();
-        QVERIFY(asked.hasSpan() && asked.count > 0);
-        model.reset();
-        QVERIFY(!asked.first.isSet && !asked.second.isSet);
-    }
-
     // The numbers between the markers against sums over the cells, while rows stream in.
     void theMarkersMeasureWhileRowsStreamIn()
     {
@@ -567,12 +397,7 @@ private Q_SLOTS:
             view.model.appendRows(150, 0.5, wave);
             const ScopeMarkerStatistics now = view.markerStatistics();
             QVERIFY(now.hasSpan());
-            double sum = 0;
-            double area = 0;
-            double low = qInf();
-            double high = -qInf();
-            double sxx = 0;
-            double sxy = 0;
+            double sum = 0, area = 0, low = qInf(), high = -qInf(), sxx = 0, sxy = 0;
             const int n = now.second.row - now.first.row + 1;
             const double meanX = 0.5 * (now.first.time + now.second.time);
             for (int row = now.first.row; row <= now.second.row; ++row) {
@@ -600,10 +425,13 @@ private Q_SLOTS:
         const QString copied = QGuiApplication::clipboard()->text();
         QCOMPARE(copied, view.markerReport());
         const ScopeMarkerStatistics now = view.markerStatistics();
-        for (const QString &line : {QString("Period\t%1\ts").arg(now.period, 0, 'g', 12),
-                                    QString("Delta\t%1\tA").arg(now.difference, 0, 'g', 12),
-                                    QString("Integral\t%1\tA s").arg(now.integral, 0, 'g', 12),
-                                    QString("Slope\t%1\tA/s").arg(now.slope, 0, 'g', 12)})
+        for (const QString &line :
+             {QString("Period\t%1\ts").arg(now.period, 0, 'g', 12),
+              QString("Delta\t%1\tA").arg(now.difference, 0, 'g', 12),
+              QString("Std. Dev\t%1\tA").arg(now.standardDeviation, 0, 'g', 12),
+              QString("Covered\t%1\ts").arg(now.coveredTime, 0, 'g', 12),
+              QString("Integral\t%1\tA s").arg(now.integral, 0, 'g', 12),
+              QString("Slope\t%1\tA/s").arg(now.slope, 0, 'g', 12)})
             QVERIFY2(copied.split('\n').contains(line), qPrintable(copied));
     }
 
@@ -622,6 +450,10 @@ private Q_SLOTS:
         view.model.remove(row + 10, row + 10);
         QCOMPARE(view.markerStatistics().maximum, 1.0);
         const Units::mA unit;
+        for (const int end :
+             {view.markerStatistics().first.row, view.markerStatistics().second.row})
+            view.model.change(end, 1, 0.0); // which is 0 in every unit
+        QCOMPARE(view.markerStatistics().maximum, 1.0);
         view.model.isInBaseUnit = true;
         view.model.SetUnits(&unit);
         QCOMPARE(view.markerStatistics().maximum, 1000.0);

@@ -3,16 +3,10 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
-
-#include <QGestureEvent>
-#include <QLabel>
-#include <QRegularExpression>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QToolButton>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -33,45 +27,21 @@ public:
     QWidget *canvas() { return qwtPlot()->canvas(); }
     void wheel(double xValue, double yValue, int angle, Qt::KeyboardModifiers modifiers = {})
     {
-        const QPointF place = at(xValue, yValue);
-        QWheelEvent event(place,
-                          canvas()->mapToGlobal(place.toPoint()),
-                          QPoint(),
-                          QPoint(0, angle),
-                          Qt::NoButton,
-                          modifiers,
-                          Qt::NoScrollPhase,
-                          false);
-        QApplication::sendEvent(canvas(), &event);
+        turnWheel(canvas(), at(xValue, yValue), angle, modifiers);
         settle();
     }
     //! Presses at a place of the canvas and releases at another, with moves in between.
     void drag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::mousePress(canvas(), Qt::LeftButton, modifiers, from);
-        for (int i = 1; i <= 4; ++i) {
-            const QPoint step = from + (to - from) * i / 4;
-            QMouseEvent move(QEvent::MouseMove,
-                             step,
-                             canvas()->mapToGlobal(step),
-                             Qt::NoButton,
-                             Qt::LeftButton,
-                             modifiers);
-            QApplication::sendEvent(canvas(), &move);
-        }
+        for (int i = 1; i <= 4; ++i)
+            moveMouse(canvas(), from + (to - from) * i / 4, Qt::LeftButton, modifiers);
         QTest::mouseRelease(canvas(), Qt::LeftButton, modifiers, to);
         settle();
     }
     void hover(double xValue, double yValue)
     {
-        const QPoint place = at(xValue, yValue);
-        QMouseEvent move(QEvent::MouseMove,
-                         place,
-                         canvas()->mapToGlobal(place),
-                         Qt::NoButton,
-                         Qt::NoButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(canvas(), &move);
+        moveMouse(canvas(), at(xValue, yValue));
         settle();
     }
     //! Returns the text of the mark of a held view; empty while it is hidden.
@@ -116,15 +86,7 @@ private Q_SLOTS:
         QCOMPARE(view.isInteractive() || view.isCursorEnabled() || view.hasMarkerDetails(), false);
         QCOMPARE(view.timeAxis(), View::Seconds);
         const QString before = view.xText();
-        QWheelEvent wheel(QPointF(100, 100),
-                          QPointF(),
-                          QPoint(),
-                          QPoint(0, 120),
-                          {},
-                          {},
-                          Qt::NoScrollPhase,
-                          false);
-        QApplication::sendEvent(view.qwtPlot()->canvas(), &wheel);
+        turnWheel(view.qwtPlot()->canvas(), QPoint(100, 100), 120);
         for (Qt::Key key : {Qt::Key_Plus, Qt::Key_Home, Qt::Key_Left, Qt::Key_Up})
             view.press(key);
         QCOMPARE(view.xText(), before);
@@ -273,12 +235,7 @@ private Q_SLOTS:
         WalkedView view;
         const QPoint from = view.at(500, 1);
         const auto moveTo = [&](int dx) {
-            QMouseEvent move(QEvent::MouseMove,
-                             from + QPoint(dx, 0),
-                             Qt::NoButton,
-                             Qt::LeftButton,
-                             Qt::NoModifier);
-            QApplication::sendEvent(view.canvas(), &move);
+            moveMouse(view.canvas(), from + QPoint(dx, 0), Qt::LeftButton);
         };
         QTest::mousePress(view.canvas(), Qt::LeftButton, Qt::NoModifier, from);
         moveTo(50);
@@ -295,8 +252,7 @@ private Q_SLOTS:
         WalkedView view;
         const QwtInterval before = view.x();
         QTest::mousePress(view.canvas(), Qt::LeftButton, {}, QPoint(300, 100));
-        QMouseEvent move(QEvent::MouseMove, QPointF(400, 100), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(view.canvas(), &move);
+        moveMouse(view.canvas(), QPoint(400, 100), Qt::LeftButton);
         QVERIFY(view.isHeld());
         view.press(Qt::Key_Escape);
         QVERIFY(!view.isHeld());

@@ -4,8 +4,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <memory>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -7,8 +7,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <random>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -6,6 +6,7 @@
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -176,50 +177,22 @@ private Q_SLOTS:
 
     void sweepsBeginAtTriggers_data()
     {
-        columns<int, double, int, int, QString>("length", "share", "batch", "capacity", "sweeps");
         // Pulses rise at rows 11, 31, 51 ... of 200.
-        const int whole = 1000;
-        row("all before",
-            10,
-            0.0,
-            3,
-            whole,
-            "11-20@11 31-40@31 51-60@51 71-80@71 91-100@91 "
-            "111-120@111 131-140@131 151-160@151 171-180@171 191-200@191");
-        row("a share before",
-            10,
-            0.3,
-            1,
-            whole,
-            "8-17@11 28-37@31 48-57@51 68-77@71 88-97@91 "
-            "108-117@111 128-137@131 148-157@151 168-177@171 188-197@191");
-        row("not enough rows before the first",
-            20,
-            0.75,
-            1,
-            whole,
-            "16-35@31 36-55@51 56-75@71 76-95@91 "
-            "96-115@111 116-135@131 136-155@151 156-175@171 176-195@191");
-        row("longer than the pulses are apart",
-            30,
-            0.0,
-            3,
-            whole,
-            "11-40@11 51-80@51 91-120@91 131-160@131 171-200@171");
-        row("the oldest rows leave",
-            10,
-            0.3,
-            5,
-            25,
-            "8-17@11 28-37@31 48-57@51 68-77@71 88-97@91 "
-            "108-117@111 128-137@131 148-157@151 168-177@171 188-197@191");
-        row("all the time before",
-            10,
-            1.0,
-            1,
-            whole,
-            "2-11@11 22-31@31 42-51@51 62-71@71 82-91@91 "
-            "102-111@111 122-131@131 142-151@151 162-171@171 182-191@191");
+        tableFrom(R"(
+            | int length | double share | int batch | int capacity | sweeps
+            all before | 10 | 0.0 | 3 | 1000 | 11-20@11 31-40@31 51-60@51 71-80@71 91-100@91,
+                111-120@111 131-140@131 151-160@151 171-180@171 191-200@191
+            a share before | 10 | 0.3 | 1 | 1000 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
+                108-117@111 128-137@131 148-157@151 168-177@171 188-197@191
+            not enough rows before the first | 20 | 0.75 | 1 | 1000
+                | 16-35@31 36-55@51 56-75@71 76-95@91,
+                96-115@111 116-135@131 136-155@151 156-175@171 176-195@191
+            longer than the pulses are apart | 30 | 0.0 | 3 | 1000
+                | 11-40@11 51-80@51 91-120@91, 131-160@131 171-200@171
+            the oldest rows leave | 10 | 0.3 | 5 | 25 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
+                108-117@111 128-137@131 148-157@151 168-177@171 188-197@191
+            all the time before | 10 | 1.0 | 1 | 1000 | 2-11@11 22-31@31 42-51@51 62-71@71 82-91@91,
+                102-111@111 122-131@131 142-151@151 162-171@171 182-191@191)");
     }
     void sweepsBeginAtTriggers()
     {
@@ -228,29 +201,29 @@ private Q_SLOTS:
         QFETCH(int, batch);
         QFETCH(int, capacity);
         ScopeTestModel model(2, capacity);
-        TriggeredSweeps sweeps;
-        sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, share));
-        QCOMPARE(sweeps.state(), TriggerState::Armed);
+        TriggeredSweeps cut;
+        cut.set(pulseTrigger(SweepTrigger::Mode::Normal, share));
+        QCOMPARE(cut.state(), TriggerState::Armed);
         int dropped = 0;
         QObject::connect(&model,
                          &QAbstractItemModel::rowsRemoved,
                          [&](QModelIndex, int first, int last) {
-                             sweeps.rowsRemoved(first, last);
+                             cut.rowsRemoved(first, last);
                              dropped += last - first + 1;
                          });
         QStringList found;
         for (int come = 0; come < 200; come += batch) {
             model.appendRows(qMin(batch, 200 - come), 1.0, pulses);
-            const auto sweep =
-                sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, length);
+            const auto sweep = cut.update(PlotColumnReader(&model), model.rowCount() - 1, length);
             if (sweep)
                 found.append(QString("%1-%2@%3")
                                  .arg(sweep->rows.first + dropped)
                                  .arg(sweep->rows.last + dropped)
                                  .arg(sweep->origin + dropped));
         }
-        QTEST(found.join(' '), "sweeps");
-        QCOMPARE(sweeps.state(), TriggerState::Triggered);
+        QFETCH(QString, sweeps);
+        QCOMPARE(found.join(' '), sweeps.remove(','));
+        QCOMPARE(cut.state(), TriggerState::Triggered);
     }
 
     void triggersThatDoNotCome()
@@ -260,29 +233,30 @@ private Q_SLOTS:
         const auto next = [&](int rows) {
             model.appendRows(rows, 1.0, pulses);
             const auto sweep = sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4);
-            return sweep ? QString("%1-%2, %3")
+            return sweep ? QString("%1-%2@%3, %4")
                                .arg(sweep->rows.first)
                                .arg(sweep->rows.last)
+                               .arg(sweep->origin)
                                .arg(sweep->isTriggered ? "triggered" : "free")
                          : QString();
         };
         QCOMPARE(next(3), QString()); // off
-        sweeps.set(pulseTrigger(SweepTrigger::Mode::Automatic, 0.0));
+        sweeps.set(pulseTrigger(SweepTrigger::Mode::Automatic, 0.25));
         QCOMPARE(next(4), QString()); // two sweeps without a trigger have not passed
-        QCOMPARE(next(1), QString("5-8, free"));
+        QCOMPARE(next(1), QString("5-8@6, free"));
         QCOMPARE(sweeps.state(), TriggerState::Automatic);
-        QCOMPARE(next(6), QString("11-14, triggered"));
+        QCOMPARE(next(6), QString("10-13@11, triggered"));
         QCOMPARE(sweeps.state(), TriggerState::Triggered);
         sweeps.set(pulseTrigger(SweepTrigger::Mode::Single, 0.0));
         QCOMPARE(sweeps.state(), TriggerState::Armed);
-        QCOMPARE(next(30), QString("31-34, triggered"));
+        QCOMPARE(next(30), QString("31-34@31, triggered"));
         QCOMPARE(next(30), QString()); // at 51 and 71 it was not armed
         sweeps.arm();
         QCOMPARE(sweeps.state(), TriggerState::Armed);
-        QCOMPARE(next(30), QString("91-94, triggered"));
+        QCOMPARE(next(30), QString("91-94@91, triggered"));
         // Several sweeps at once: the newest is shown.
         sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
-        QCOMPARE(next(70), QString("171-174, triggered"));
+        QCOMPARE(next(70), QString("171-174@171, triggered"));
         sweeps.restart();
         QCOMPARE(sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4)->rows.first, 171);
     }

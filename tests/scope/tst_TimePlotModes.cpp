@@ -6,8 +6,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 
@@ -431,6 +429,9 @@ private Q_SLOTS:
         QCOMPARE(read.coveredTime, 39.0);
         QCOMPARE(read.outages, 1);
         QCOMPARE(read.mean, 2.0);
+        view.click(Qt::LeftButton, 149.6, 2.0); // the first reading after the outage
+        QCOMPARE(QPointF(view.markerStatistics().outages, view.markerStatistics().integral),
+                 QPointF(0, 40));
     }
 
     void sweepsBeginAtTheirTrigger()

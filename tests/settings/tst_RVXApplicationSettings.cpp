@@ -5,14 +5,7 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QProcess>
-#include <QSet>
-#include <QSettings>
-#include <QTemporaryDir>
-
-#include <algorithm>
 #include <array>
-#include <memory>
 
 using Corvale_Qt::RVXApplicationSettings;
 
@@ -107,8 +100,7 @@ private Q_SLOTS:
 
     void damagedFile_data()
     {
-        QTest::addColumn<bool>("useXmlFormat");
-        QTest::addColumn<QByteArray>("damaged");
+        columns<bool, QByteArray>("useXmlFormat", "damaged");
         row("XML cut short", true, QByteArray("<Settings>\n  <group><key>1</k"));
         row("XML overwritten with zeros", true, QByteArray(4096, 0));
         row("INI in the XML file", true, QByteArray("[group]\nkey=1\n"));

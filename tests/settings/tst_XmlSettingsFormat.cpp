@@ -4,9 +4,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QBuffer>
-#include <QTextCodec>
-
 using namespace Corvale_Qt;
 using SettingsMap = QSettings::SettingsMap;
 
@@ -69,8 +66,7 @@ private Q_SLOTS:
 
     void values_data()
     {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("expected");
+        columns<QString, QString>("value", "expected");
         const auto same = [](const char *name, const QString &value) {
             row(name, value, "key=" + value);
         };
@@ -170,8 +166,7 @@ private Q_SLOTS:
 
     void limitsOfDocuments_data()
     {
-        QTest::addColumn<QByteArray>("document");
-        QTest::addColumn<QString>("expected");
+        columns<QByteArray, QString>("document", "expected");
         const auto add = [](const char *name, const QByteArray &document, bool isRead = false) {
             row(name, document, isRead ? "z=1" : "refused");
         };

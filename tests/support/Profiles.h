@@ -10,22 +10,14 @@
 namespace Profiles {
 
 //! Places of sixteen wires at unequal distances, closer together in the middle, in mm.
-inline const QVector<double> unequalWires = {-26.3,
-                                             -21.0,
-                                             -16.5,
-                                             -12.8,
-                                             -9.7,
-                                             -7.0,
-                                             -4.4,
-                                             -1.5,
-                                             1.5,
-                                             4.4,
-                                             7.0,
-                                             9.7,
-                                             12.8,
-                                             16.5,
-                                             21.0,
-                                             26.3};
+inline const QVector<double> unequalWires = [] {
+    QVector<double> wires;
+    for (const double wire : {1.5, 4.4, 7.0, 9.7, 12.8, 16.5, 21.0, 26.3}) {
+        wires.prepend(-wire);
+        wires.append(wire);
+    }
+    return wires;
+}();
 
 //! Height of a Gaussian in the middle of each of \a count bins, the first bin's middle at 0.
 template<typename T>

@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// Every test has these modules at hand, and does not list the classes that it takes from them.
+// Every test has these modules and standard headers at hand, and does not list what it takes from them.
 #include <QtTest>
 #include <QtWidgets>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <numeric>
+#include <random>
 
 /*! Everything of a machine that would change a picture or a number is fixed here: font, style, locale, and
     the folders that settings would go to. */

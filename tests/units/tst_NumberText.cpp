@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/units/NumberText_p.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <cmath>
-#include <limits>
-#include <random>
 
 using Corvale_Qt::Units::appendNumber;
 
@@ -15,8 +12,7 @@ class tst_NumberText : public QObject
 private Q_SLOTS:
     void textsAreQts_data()
     {
-        QTest::addColumn<char>("format");
-        QTest::addColumn<int>("precision");
+        columns<char, int>("format", "precision");
         QTest::newRow("time in files") << 'f' << 9;
         QTest::newRow("value in files") << 'g' << 6;
         QTest::newRow("time in tables") << 'e' << 3;
@@ -41,27 +37,15 @@ private Q_SLOTS:
                         QStringLiteral("%1 instead of %2").arg(QString(text), expected)));
             }
         };
-        for (double special : {0.0,
-                               6446.5,
-                               123456.5,
-                               0.5,
-                               2.5,
-                               // Rounded up to one digit more, and just not.
-                               9.9996,
-                               9.9995,
-                               0.99994999999999,
-                               99999.5,
-                               // Beside powers of ten.
-                               std::nextafter(1000.0, 0.0),
-                               std::nextafter(1000.0, 1e9),
-                               std::nextafter(1e-3, 0.0),
-                               1e-13,
-                               1e22,
-                               std::numeric_limits<double>::infinity(),
-                               std::numeric_limits<double>::quiet_NaN(),
-                               std::numeric_limits<double>::max(),
-                               std::numeric_limits<double>::denorm_min()})
+        for (double special : {0.0, 6446.5, 123456.5, 0.5, 2.5, 1e-13, 1e22, qInf(), qQNaN()})
             compare(special);
+        for (double nearOneMoreDigit : {9.9996, 9.9995, 0.99994999999999, 99999.5})
+            compare(nearOneMoreDigit);
+        for (double besideAPowerOfTen : {1000.0, 1e-3})
+            for (double towards : {0.0, 1e9})
+                compare(std::nextafter(besideAPowerOfTen, towards));
+        compare(std::numeric_limits<double>::max());
+        compare(std::numeric_limits<double>::denorm_min());
         std::mt19937_64 random(3);
         std::uniform_real_distribution<double> magnitude(-20.0, 20.0);
         for (int i = 0; i < 20000; ++i) {

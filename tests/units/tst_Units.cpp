@@ -4,10 +4,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QHash>
-
-#include <cmath>
-#include <memory>
 #include <optional>
 
 using namespace Corvale_Qt::Units;

@@ -2,12 +2,6 @@
 #include "corvale_qt/widgets/ComboBoxDelegate.h"
 #include "tests/support/TestMain.h"
 
-#include <QComboBox>
-#include <QStandardItemModel>
-#include <QTableView>
-
-#include <memory>
-
 using namespace Corvale_Qt;
 
 namespace {

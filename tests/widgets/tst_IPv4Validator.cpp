@@ -12,8 +12,7 @@ class tst_IPv4Validator : public QObject
 private Q_SLOTS:
     void judges_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("state");
+        columns<QString, int>("text", "state");
         row("nothing", "", int(QValidator::Intermediate));
         row("address", "192.168.0.1", int(QValidator::Acceptable));
         row("limits", "0.0.255.255", int(QValidator::Acceptable));

@@ -4,8 +4,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QLineEdit>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -74,10 +72,7 @@ private Q_SLOTS:
 
     void typing_data()
     {
-        QTest::addColumn<Range>("rangeAndStep");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("seen");
-        QTest::addColumn<int>("value");
+        columns<Range, QString, QString, int>("rangeAndStep", "keys", "seen", "value");
         row("a multiple key by key", Range{0, 100, 5}, "15", "1 15", 15);
         row("not a multiple", Range{0, 100, 5}, "12", "1 1", 0);
         row("three digits", Range{0, 1000, 5}, "125", "1 12 125", 125);
@@ -186,11 +181,11 @@ private Q_SLOTS:
 
     void steps_data()
     {
-        QTest::addColumn<Range>("rangeAndStep");
-        QTest::addColumn<int>("from");
-        QTest::addColumn<bool>("wraps");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("values");
+        columns<Range, int, bool, QString, QString>("rangeAndStep",
+                                                    "from",
+                                                    "wraps",
+                                                    "keys",
+                                                    "values");
         row("up to the highest multiple", Range{0, 98, 5}, 85, false, "uuu", "90 95 95");
         row("down to the lowest multiple", Range{3, 50, 5}, 15, false, "ddd", "10 5 5");
         row("pages", Range{3, 98, 5}, 25, false, "UUDD", "75 95 45 5");

@@ -4,9 +4,6 @@
 #include <corvale_qt/KModelIndexProxyMapper>
 #include <corvale_qt/KWordWrap>
 
-#include <QSortFilterProxyModel>
-#include <QStringListModel>
-
 //! A host gets the three classes, and the libraries they need, through this library alone.
 class tst_KdeClasses : public QObject
 {

@@ -3,13 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QLineEdit>
-#include <QSignalSpy>
-
-#include <cmath>
-#include <limits>
-#include <memory>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -40,8 +33,7 @@ class tst_QScienceSpinBox : public QObject
 private Q_SLOTS:
     void numbersAreShownShort_data()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<QString>("text");
+        columns<double, QString>("value", "text");
         row("small", 1.5e-9, "1.5e-9 C");
         row("very small", 2.25e-300, "2.25e-300 C");
         row("big", -2.5e300, "-2.5e300 C");
@@ -65,8 +57,7 @@ private Q_SLOTS:
 
     void numbersAreTyped_data()
     {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<double>("value");
+        columns<QString, double>("keys", "value");
         row("exponent", "1.5e-9", 1.5e-9);
         row("capital", "-2E+3", -2000.0);
         row("plain", "0.00025", 2.5e-4);
@@ -128,10 +119,7 @@ private Q_SLOTS:
 
     void steps_data()
     {
-        QTest::addColumn<double>("factor");
-        QTest::addColumn<double>("from");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<double>("reached");
+        columns<double, double, QString, double>("factor", "from", "keys", "reached");
         row("adding", 0.0, 1e-8, "u", 1.1e-8);
         row("adding ten steps", 0.0, 1e-8, "U", 2e-8);
         row("multiplying", 10.0, 1e-8, "u", 1e-7);

@@ -6,15 +6,9 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QFileInfo>
 #include <QLocalSocket>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QtEndian>
 
 #include <fcntl.h>
-#include <memory>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>

@@ -5,16 +5,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/widgets/LogColors.h"
 
-#include <QAccessible>
-#include <QFrame>
-#include <QLabel>
-#include <QLayout>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTextBlock>
-#include <QTextBrowser>
-#include <QTextDocument>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -117,8 +107,7 @@ private Q_SLOTS:
 
     void linesAreShownAsTheyAre_data()
     {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("shown");
+        columns<QString, QString>("line", "shown");
         const char *markup = "<b>bold</b> <img src='file:///etc/passwd'> &amp;";
         row("markup", markup, markup);
         row("ends of lines", "a\r\nb\n\nc\n", "a\nb\n\nc");

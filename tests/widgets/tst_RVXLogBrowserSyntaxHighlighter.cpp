@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include "tests/widgets/LogColors.h"
-
-#include <QTextDocument>
 
 using namespace Corvale_Qt;
 
@@ -38,12 +37,12 @@ class tst_RVXLogBrowserSyntaxHighlighter : public QObject
 private Q_SLOTS:
     void keywords_data()
     {
-        QTest::addColumn<QStringList>("errors");
-        QTest::addColumn<QStringList>("warnings");
-        QTest::addColumn<bool>("wholeBlock");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("colours");
-        QTest::addColumn<QString>("announced");
+        columns<QStringList, QStringList, bool, QString, QString, QString>("errors",
+                                                                           "warnings",
+                                                                           "wholeBlock",
+                                                                           "line",
+                                                                           "colours",
+                                                                           "announced");
         const auto add = [](const char *name,
                             const QStringList &errors,
                             const QString &line,

@@ -1,22 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/RVXPopOutTabWidget.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QAccessible>
-#include <QAction>
-#include <QCheckBox>
-#include <QContextMenuEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
-#include <QPointer>
-#include <QTabBar>
-#include <QWindow>
-
-#include <algorithm>
-#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -50,15 +36,8 @@ void dragOffTheBar(QTabBar *bar, const QPoint &from, double heights)
     const QPointer<QTabBar> alive = bar;
     QTest::mousePress(bar, Qt::LeftButton, {}, from);
     const int end = int(bar->height() * (1 + heights));
-    for (const QPoint &to : {from + QPoint(0, 15), QPoint(from.x() + 9, end)}) {
-        QMouseEvent move(QEvent::MouseMove,
-                         to,
-                         bar->mapToGlobal(to),
-                         Qt::NoButton,
-                         Qt::LeftButton,
-                         {});
-        QCoreApplication::sendEvent(bar, &move);
-    }
+    for (const QPoint &to : {from + QPoint(0, 15), QPoint(from.x() + 9, end)})
+        moveMouse(bar, to, Qt::LeftButton);
     if (alive)
         QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(from.x() + 9, end));
 }
@@ -225,12 +204,9 @@ private Q_SLOTS:
     {
         Tabs tabs({"A", "B", "C", "D"});
         tabs.setMovable(true);
-        QWidget *a = tabs.widget(0);
-        QWidget *b = tabs.widget(1);
-        QWidget *c = tabs.widget(2);
-        tabs.popOut(0);
-        tabs.popOut(0);
-        tabs.popOut(0);
+        QWidget *a = tabs.widget(0), *b = tabs.widget(1), *c = tabs.widget(2);
+        for (int i = 0; i < 3; ++i)
+            tabs.popOut(0);
         QCOMPARE(tabs.poppedOutPages(), (QList<QWidget *>{a, b, c}));
         tabs.popIn(c);
         QCOMPARE(tabs.tabs(), QString("CD"));
@@ -248,9 +224,7 @@ private Q_SLOTS:
 
     void dragging_data()
     {
-        QTest::addColumn<bool>("movable");
-        QTest::addColumn<double>("heights");
-        QTest::addColumn<bool>("isOut");
+        columns<bool, double, bool>("movable", "heights", "isOut");
         row("fixed tabs, along the bar", false, -0.5, false);
         row("fixed tabs", false, 1.5, true);
         row("movable tabs, within twice the height", true, 1.9, false);

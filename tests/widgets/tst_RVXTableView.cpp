@@ -2,13 +2,6 @@
 #include "corvale_qt/widgets/RVXTableView.h"
 #include "tests/support/TestMain.h"
 
-#include <QClipboard>
-#include <QHeaderView>
-#include <QPushButton>
-#include <QStandardItemModel>
-
-#include <memory>
-
 using namespace Corvale_Qt;
 
 class tst_RVXTableView : public QObject

@@ -5,13 +5,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
-#include <QAbstractItemView>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QToolTip>
-
-#include <cmath>
-
 using namespace Corvale_Qt;
 
 //! Time spans as text, and the box in which an operator types them.
@@ -20,18 +13,9 @@ class tst_TimeSpanBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void texts_data();
-    void texts();
-    void writtenTextsAreReadAgain();
-    void typing_data();
-    void typing();
-    void choosing();
-    void escapeGivesUp();
-};
-
-void tst_TimeSpanBox::texts_data()
-{
-    tableFrom(R"(| typed | double seconds | written
+    void texts_data()
+    {
+        tableFrom(R"(| typed | double seconds | written
         seconds | 90 s | 90 | 90 s
         no blank | 90s | 90 | 90 s
         a number alone | 15 | 15 | 15 s
@@ -48,116 +32,115 @@ void tst_TimeSpanBox::texts_data()
         the longest | 10000 d | 864000000 | 10000 d
         no round number in any unit | 800000000 | 800000000 | 800000000 s
         the buffer | ALL | inf | all)");
-}
-
-void tst_TimeSpanBox::texts()
-{
-    QFETCH(QString, typed);
-    QFETCH(double, seconds);
-    const std::optional<double> read = TimeSpan::fromText(typed);
-    QVERIFY(read);
-    QCOMPARE(*read, seconds);
-    QTEST(TimeSpan::text(*read), "written");
-}
-
-void tst_TimeSpanBox::writtenTextsAreReadAgain()
-{
-    const int steps = int(std::log(TimeSpan::longest / TimeSpan::shortest) / std::log(1.0837));
-    for (int step = 0; step <= steps; ++step) {
-        const double seconds = TimeSpan::shortest * std::pow(1.0837, step);
-        const QString text = TimeSpan::text(seconds);
-        const double read = TimeSpan::fromText(text).value_or(0.0);
-        QVERIFY2(qAbs(read / seconds - 1.0) < 1e-11, qPrintable(text));
-        QVERIFY2(text.size() <= 18, qPrintable(text));
     }
-    for (const double none : {0.0, -1.0, 1e-7, 1e9, qQNaN(), -qInf()})
-        QCOMPARE(TimeSpan::text(none), QString());
-}
+    void texts()
+    {
+        QFETCH(QString, typed);
+        QFETCH(double, seconds);
+        const std::optional<double> read = TimeSpan::fromText(typed);
+        QVERIFY(read);
+        QCOMPARE(*read, seconds);
+        QTEST(TimeSpan::text(*read), "written");
+    }
 
-void tst_TimeSpanBox::typing_data()
-{
-    const QString form = "is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.";
-    const QString range = ": a time span is at least 1 us and at most 10000 d.";
-    columns<QString, double, QString>("typed", "span", "refusal");
-    QTest::newRow("a span") << "2 h" << 7200.0 << "";
-    QTest::newRow("the span that applies") << "1 min" << 60.0 << "";
-    QTest::newRow("everything") << "all" << qInf() << "";
-    QTest::newRow("nothing") << "" << 60.0 << "\"\" " + form;
-    QTest::newRow("nonsense") << "soon" << 60.0 << "\"soon\" " + form;
-    QTest::newRow("a unit of something else") << "5 m" << 60.0 << "\"5 m\" " + form;
-    QTest::newRow("a comma, which may be either") << "1,5 min" << 60.0 << "\"1,5 min\" " + form;
-    QTest::newRow("parts without units") << "1 30 min" << 60.0 << "\"1 30 min\" " + form;
-    QTest::newRow("negative") << "-5 s" << 60.0 << "\"-5 s\" " + form;
-    QTest::newRow("two points") << "1.2.3 s" << 60.0 << "\"1.2.3 s\" " + form;
-    QTest::newRow("zero") << "0 s" << 60.0 << "\"0 s\"" + range;
-    QTest::newRow("too long") << "9999999 d" << 60.0 << "\"9999999 d\"" + range;
-    QTest::newRow("no double holds it")
-        << QString(400, '9') << 60.0 << "\"" + QString(40, '9') + "...\"" + range;
-    QTest::newRow("markup") << "<b>5" << 60.0 << "\"<b>5\" " + form;
-}
+    void writtenTextsAreReadAgain()
+    {
+        const int steps = int(std::log(TimeSpan::longest / TimeSpan::shortest) / std::log(1.0837));
+        for (int step = 0; step <= steps; ++step) {
+            const double seconds = TimeSpan::shortest * std::pow(1.0837, step);
+            const QString text = TimeSpan::text(seconds);
+            const double read = TimeSpan::fromText(text).value_or(0.0);
+            QVERIFY2(qAbs(read / seconds - 1.0) < 1e-11, qPrintable(text));
+            QVERIFY2(text.size() <= 18, qPrintable(text));
+        }
+        for (const double none : {0.0, -1.0, 1e-7, 1e9, qQNaN(), -qInf()})
+            QCOMPARE(TimeSpan::text(none), QString());
+    }
 
-void tst_TimeSpanBox::typing()
-{
-    QFETCH(QString, typed);
-    TimeSpanBox box;
-    QSignalSpy changed(&box, &TimeSpanBox::spanChanged);
-    QSignalSpy refused(&box, &TimeSpanBox::refused);
-    QSignalSpy finished(&box, &TimeSpanBox::entryFinished);
-    box.show();
-    box.lineEdit()->selectAll();
-    QTest::keyClick(&box, Qt::Key_Delete);
-    QTest::keyClicks(&box, typed);
-    QTest::keyClick(&box, Qt::Key_Return);
-    QTEST(box.span(), "span");
-    QCOMPARE(box.currentText(), TimeSpan::text(box.span()));
-    QCOMPARE(changed.size(), box.span() == 60.0 ? 0 : 1);
-    QFETCH(QString, refusal);
-    QCOMPARE(refused.value(0).value(0).toString(), refusal);
-    QCOMPARE(refused.size(), refusal.isEmpty() ? 0 : 1);
-    QCOMPARE(finished.size(), refusal.isEmpty() ? 1 : 0);
-    if (!refusal.isEmpty()) // markup is shown as it was typed
-        QVERIFY(QToolTip::text() == refusal || QToolTip::text() == refusal.toHtmlEscaped());
-    QToolTip::hideText();
-}
+    void typing_data()
+    {
+        const QString form = "is not a time span. Examples: 90 s, 2 h, 1.5 min, 250 ms, all.";
+        const QString range = ": a time span is at least 1 us and at most 10000 d.";
+        columns<QString, double, QString>("typed", "span", "refusal");
+        QTest::newRow("a span") << "2 h" << 7200.0 << "";
+        QTest::newRow("the span that applies") << "1 min" << 60.0 << "";
+        QTest::newRow("everything") << "all" << qInf() << "";
+        QTest::newRow("nothing") << "" << 60.0 << "\"\" " + form;
+        QTest::newRow("nonsense") << "soon" << 60.0 << "\"soon\" " + form;
+        QTest::newRow("a unit of something else") << "5 m" << 60.0 << "\"5 m\" " + form;
+        QTest::newRow("a comma, which may be either") << "1,5 min" << 60.0 << "\"1,5 min\" " + form;
+        QTest::newRow("parts without units") << "1 30 min" << 60.0 << "\"1 30 min\" " + form;
+        QTest::newRow("negative") << "-5 s" << 60.0 << "\"-5 s\" " + form;
+        QTest::newRow("two points") << "1.2.3 s" << 60.0 << "\"1.2.3 s\" " + form;
+        QTest::newRow("zero") << "0 s" << 60.0 << "\"0 s\"" + range;
+        QTest::newRow("too long") << "9999999 d" << 60.0 << "\"9999999 d\"" + range;
+        QTest::newRow("no double holds it")
+            << QString(400, '9') << 60.0 << "\"" + QString(40, '9') + "...\"" + range;
+        QTest::newRow("markup") << "<b>5" << 60.0 << "\"<b>5\" " + form;
+    }
+    void typing()
+    {
+        QFETCH(QString, typed);
+        TimeSpanBox box;
+        QSignalSpy changed(&box, &TimeSpanBox::spanChanged);
+        QSignalSpy refused(&box, &TimeSpanBox::refused);
+        QSignalSpy finished(&box, &TimeSpanBox::entryFinished);
+        box.show();
+        box.lineEdit()->selectAll();
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QTest::keyClicks(&box, typed);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTEST(box.span(), "span");
+        QCOMPARE(box.currentText(), TimeSpan::text(box.span()));
+        QCOMPARE(changed.size(), box.span() == 60.0 ? 0 : 1);
+        QFETCH(QString, refusal);
+        QCOMPARE(refused.value(0).value(0).toString(), refusal);
+        QCOMPARE(refused.size(), refusal.isEmpty() ? 0 : 1);
+        QCOMPARE(finished.size(), refusal.isEmpty() ? 1 : 0);
+        if (!refusal.isEmpty()) // markup is shown as it was typed
+            QVERIFY(QToolTip::text() == refusal || QToolTip::text() == refusal.toHtmlEscaped());
+        QToolTip::hideText();
+    }
 
-void tst_TimeSpanBox::choosing()
-{
-    TimeSpanBox box;
-    QStringList items;
-    for (int i = 0; i < box.count(); ++i)
-        items << box.itemText(i);
-    QCOMPARE(items.join(", "),
-             QString("1 s, 5 s, 10 s, 30 s, 1 min, 5 min, 15 min, 1 h, 8 h, 1 d, 7 d, all"));
-    box.show();
-    QSignalSpy changed(&box, &TimeSpanBox::spanChanged);
-    QSignalSpy finished(&box, &TimeSpanBox::entryFinished);
-    QTest::keyClick(&box, Qt::Key_Down);
-    QCOMPARE(box.span(), 300.0);
-    QCOMPARE(changed.size(), 1);
-    QCOMPARE(finished.size(), 0); // further keys go on from here
-    box.showPopup();
-    QTest::keyClick(box.view(), Qt::Key_Up);
-    QTest::keyClick(box.view(), Qt::Key_Return);
-    QTRY_COMPARE(finished.size(), 1);
-    QCOMPARE(box.span(), 60.0);
-    box.setSpan(90.0); // not in the list
-    QCOMPARE(box.currentText(), QString("90 s"));
-    for (const double none : {0.0, -1.0, qQNaN(), 1e12})
-        box.setSpan(none);
-    QCOMPARE(box.span(), 90.0);
-    QCOMPARE(changed.size(), 3);
-}
+    void choosing()
+    {
+        TimeSpanBox box;
+        QStringList items;
+        for (int i = 0; i < box.count(); ++i)
+            items << box.itemText(i);
+        QCOMPARE(items.join(", "),
+                 QString("1 s, 5 s, 10 s, 30 s, 1 min, 5 min, 15 min, 1 h, 8 h, 1 d, 7 d, all"));
+        box.show();
+        QSignalSpy changed(&box, &TimeSpanBox::spanChanged);
+        QSignalSpy finished(&box, &TimeSpanBox::entryFinished);
+        QTest::keyClick(&box, Qt::Key_Down);
+        QCOMPARE(box.span(), 300.0);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(finished.size(), 0); // further keys go on from here
+        box.showPopup();
+        QTest::keyClick(box.view(), Qt::Key_Up);
+        QTest::keyClick(box.view(), Qt::Key_Return);
+        QTRY_COMPARE(finished.size(), 1);
+        QCOMPARE(box.span(), 60.0);
+        box.setSpan(90.0); // not in the list
+        QCOMPARE(box.currentText(), QString("90 s"));
+        for (const double none : {0.0, -1.0, qQNaN(), 1e12})
+            box.setSpan(none);
+        QCOMPARE(box.span(), 90.0);
+        QCOMPARE(changed.size(), 3);
+    }
 
-void tst_TimeSpanBox::escapeGivesUp()
-{
-    TimeSpanBox box;
-    box.show();
-    QSignalSpy refused(&box, &TimeSpanBox::refused);
-    QTest::keyClicks(&box, "zz");
-    QTest::keyClick(&box, Qt::Key_Escape);
-    QCOMPARE(box.currentText(), QString("1 min"));
-    QCOMPARE(refused.size(), 0);
-}
+    void escapeGivesUp()
+    {
+        TimeSpanBox box;
+        box.show();
+        QSignalSpy refused(&box, &TimeSpanBox::refused);
+        QTest::keyClicks(&box, "zz");
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QCOMPARE(box.currentText(), QString("1 min"));
+        QCOMPARE(refused.size(), 0);
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_TimeSpanBox)
 #include "tst_TimeSpanBox.moc"

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/TreeComboBox.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QStandardItemModel>
-#include <QTreeView>
-#include <QWheelEvent>
-
-#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -123,8 +118,7 @@ private Q_SLOTS:
 
     void mayBeDeletedInAnswer_data()
     {
-        QTest::addColumn<QString>("signal");
-        QTest::addColumn<QString>("choice");
+        columns<QString, QString>("signal", "choice");
         for (const char *signal : {SIGNAL(currentModelIndexChanged(QModelIndex)),
                                    SIGNAL(activated(int)),
                                    SIGNAL(textActivated(QString))})
@@ -241,9 +235,7 @@ private Q_SLOTS:
 
     void typing_data()
     {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<bool>("inOneGo");
-        QTest::addColumn<QString>("chosen");
+        columns<QString, bool, QString>("keys", "inOneGo", "chosen");
         row("the whole name", "ch2.3", true, "One/ch1.1 Two/ch2.1 Two/ch2.3");
         row("a name with a blank", "in 2", true, "in 1 in 2");
         row("the same letter again", "ccc", true, "One/ch1.1 Two/ch2.1 Two/ch2.2");
@@ -279,8 +271,7 @@ private Q_SLOTS:
 
     void survivesAReset_data()
     {
-        QTest::addColumn<QString>("tree");
-        QTest::addColumn<QString>("current");
+        columns<QString, QString>("tree", "current");
         row("the same", "A: a1 a2; B: b1 b2; C", "B/b2");
         row("other rows", "X: x; B: b2 b1; A: b2", "B/b2");
         row("a text twice", "B: b2 b2", "B/b2");
@@ -360,19 +351,7 @@ private:
         for (const Qt::Key key : keys)
             QTest::keyClick(m_combo.get(), key, modifiers);
     }
-    void turn(int angle)
-    {
-        const QPointF at = m_combo->rect().center();
-        QWheelEvent event(at,
-                          m_combo->mapToGlobal(at.toPoint()),
-                          {},
-                          {0, angle},
-                          {},
-                          {},
-                          Qt::NoScrollPhase,
-                          false);
-        QCoreApplication::sendEvent(m_combo.get(), &event);
-    }
+    void turn(int angle) { turnWheel(m_combo.get(), m_combo->rect().center(), angle); }
     //! Sends no release, since the widget may be deleted by then.
     static void sendKey(QWidget *to, Qt::Key key, const QString &text = {})
     {

@@ -8,8 +8,6 @@
 #include <qwt_matrix_raster_data.h>
 #include <qwt_scale_map.h>
 
-#include <random>
-
 using namespace Corvale_Qt;
 
 namespace {

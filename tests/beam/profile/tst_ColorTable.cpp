@@ -3,9 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-#include <limits>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -4,8 +4,6 @@
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
-#include <numeric>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -105,14 +103,11 @@ private Q_SLOTS:
         QVERIFY(calc.integral > 0 && calc.max == 0);
         QCOMPARE(display.validity(), QString("DATA NOT VALID"));
         QCOMPARE(display.text("doubleSpinBox_meanx"), QString("9.000 mm"));
-        for (const char *box : {"doubleSpinBox_meany",
-                                "doubleSpinBox_dy",
-                                "doubleSpinBox_major",
-                                "doubleSpinBox_minor",
-                                "doubleSpinBox_rotation",
-                                "doubleSpinBox_elongation",
-                                "integral_QScienceSpinBox",
-                                "max_QScienceSpinBox"})
+        const QByteArray boxes = "doubleSpinBox_meany doubleSpinBox_dy doubleSpinBox_major "
+                                 "doubleSpinBox_minor doubleSpinBox_rotation "
+                                 "doubleSpinBox_elongation integral_QScienceSpinBox "
+                                 "max_QScienceSpinBox";
+        for (const QByteArray &box : boxes.split(' '))
             QCOMPARE(display.text(box), QString("N/A"));
     }
 

@@ -2,15 +2,11 @@
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
 #include "corvale_qt/detector/DetectorFile.h"
 #include "tests/beam/profile/BeamDisplay.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QComboBox>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QWheelEvent>
 
 #include <cstring>
 
@@ -422,15 +418,7 @@ private Q_SLOTS:
         const QPoint mouse = canvas->rect().center() + QPoint(40, -30);
         const QPointF place(display.plot->invTransform(QwtPlot::xBottom, mouse.x()),
                             display.plot->invTransform(QwtPlot::yLeft, mouse.y()));
-        QWheelEvent wheel(mouse,
-                          canvas->mapToGlobal(mouse),
-                          {},
-                          QPoint(0, 240),
-                          Qt::NoButton,
-                          Qt::NoModifier,
-                          Qt::NoScrollPhase,
-                          false);
-        QCoreApplication::sendEvent(canvas, &wheel);
+        turnWheel(canvas, mouse, 240);
         const QRectF zoomed = display.widget.shownArea();
         QVERIFY(near(zoomed.width(), 20 / 1.25 / 1.25, 1e-6));
         QVERIFY(near(display.plot->invTransform(QwtPlot::xBottom, mouse.x()), place.x(), 0.2));

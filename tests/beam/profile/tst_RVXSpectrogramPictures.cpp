@@ -15,8 +15,6 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
-#include <functional>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -5,9 +5,6 @@
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/TestMain.h"
 
-#include <algorithm>
-#include <numeric>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -4,8 +4,6 @@
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/TestMain.h"
 
-#include <QSignalSpy>
-
 using namespace Corvale_Qt;
 
 namespace {

@@ -3,9 +3,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <cmath>
-#include <memory>
-
 using namespace Corvale_Qt;
 
 using Brush = std::unique_ptr<GaussianRadialGradientBrush>;

@@ -9,8 +9,6 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 
-#include <QLabel>
-
 using namespace Corvale_Qt;
 
 namespace {

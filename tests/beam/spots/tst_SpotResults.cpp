@@ -3,12 +3,8 @@
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "tests/beam/spots/SpotTable.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <QSignalSpy>
-
-#include <algorithm>
-#include <cmath>
 
 using namespace Corvale_Qt;
 
@@ -125,9 +121,7 @@ class tst_SpotResults : public QObject
 private Q_SLOTS:
     void spotsBelongTogether_data()
     {
-        QTest::addColumn<QString>("actual");
-        QTest::addColumn<QString>("planned");
-        QTest::addColumn<QString>("text");
+        columns<QString, QString, QString>("actual", "planned", "text");
         QTest::newRow("same places, other order")
             << "10 0 5 2; 0 0 3 2"
             << "0 0 4 2; 10 0 5 2"

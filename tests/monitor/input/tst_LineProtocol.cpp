@@ -220,22 +220,11 @@ private Q_SLOTS:
         row("a description in the middle",
             v2 + "#frame 0 2 2/1,2/#unit nC/3,4",
             "refused 2 count | refused 5 count");
-        for (const char *size : {"0 2",
-                                 "-2 2",
-                                 "257 1",
-                                 "1 257",
-                                 "99999999999 2",
-                                 "1e2 2",
-                                 "2.5 2",
-                                 "x y",
-                                 "2",
-                                 "",
-                                 "1 2 3",
-                                 "nan 2 2",
-                                 "1e400 2 2"})
-            row(qPrintable(QString("size ") + size),
-                v2 + (QString(size) == "1 2 3" ? "#frame 1 2 3 4" : QString("#frame ") + size)
-                    + "/1,2/" + one,
+        const QString sizes =
+            "0 2|-2 2|257 1|1 257|99999999999 2|1e2 2|2.5 2|x y|2||1 2 3|nan 2 2|1e400 2 2";
+        for (const QString &size : sizes.split('|'))
+            row(qPrintable("size " + size),
+                v2 + (size == "1 2 3" ? "#frame 1 2 3 4" : "#frame " + size) + "/1,2/" + one,
                 "refused 2 ? | refused 3 count | > | 0: 1 2 3 4");
         row("times go back",
             v2 + "#frame 5 1 1/1/#frame 6 1 1/2/#frame 3 1 1/3/#frame 7 1 1/4",
@@ -334,9 +323,7 @@ private Q_SLOTS:
 
     void theDetectorReachesTheHeader_data()
     {
-        QTest::addColumn<QByteArray>("lines");
-        QTest::addColumn<QString>("detector");
-        QTest::addColumn<QString>("told");
+        columns<QByteArray, QString, QString>("lines", "detector", "told");
         const auto row =
             [](const char *name, const char *lines, const char *detector, const char *told) {
                 QTest::newRow(name) << QByteArray(lines) << detector << told;

@@ -9,30 +9,13 @@
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/units/Units.h>
 
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
 #include <deque>
-#include <random>
 
 using namespace Monitor;
 
-class tst_MultichannelDeviceModel : public QObject
-{
-    Q_OBJECT
+namespace {
 
-private Q_SLOTS:
-    void keepsWhatADequeWouldKeep();
-    void aPauseIsOneInsertion();
-    void headerShowsNamesAndUnits();
-    void showsAnotherUnitOfTheSameQuantity();
-    void marksWhatIsOverRange();
-    void takesOneReadingAPeriod();
-    void savesWhatReadsBackTheSame();
-    void worksUnderTheProxiesOfAScope();
-};
-
-static StreamHeader headerOf(int channels, const QString &unit = QString())
+StreamHeader headerOf(int channels, const QString &unit = QString())
 {
     StreamHeader header;
     header.channels = StreamHeader::defaultChannels(StreamKind::Channels, channels);
@@ -42,7 +25,7 @@ static StreamHeader headerOf(int channels, const QString &unit = QString())
 }
 
 //! Readings whose values can be told apart: reading i of channel c is i + c / 1000. Two have the same time each.
-static ReadingBlock numbered(int channels, int first, int count)
+ReadingBlock numbered(int channels, int first, int count)
 {
     ReadingBlock block(channels);
     std::vector<double> values(static_cast<std::size_t>(channels));
@@ -54,7 +37,7 @@ static ReadingBlock numbered(int channels, int first, int count)
     return block;
 }
 
-static QString rowText(const MultichannelDeviceModel &model, int row)
+QString rowText(const MultichannelDeviceModel &model, int row)
 {
     QStringList cells;
     for (int column = 0; column < model.columnCount(); ++column)
@@ -62,192 +45,201 @@ static QString rowText(const MultichannelDeviceModel &model, int row)
     return cells.join(QLatin1Char(' '));
 }
 
-//! With pauses, blocks beyond the buffer, repeated times and a time of 0, all of which a stream may have.
-void tst_MultichannelDeviceModel::keepsWhatADequeWouldKeep()
+} // namespace
+
+class tst_MultichannelDeviceModel : public QObject
 {
-    MultichannelDeviceModel model;
-    model.startStream(headerOf(2));
-    std::deque<int> all;
-    std::mt19937 dice(7);
-    int next = 0;
-    for (int round = 0; round < 12; ++round) {
-        const int count = int(dice() % 150000);
-        model.addReadings(numbered(2, next, count));
-        for (int i = 0; i < count; ++i)
-            all.push_back(next++);
-        while (all.size() > 100000)
-            all.pop_front();
-        model.setPaused(dice() % 3 == 0);
-        if (model.isPaused())
-            continue;
-        QCOMPARE(model.rowCount() - 1, int(all.size()));
-        for (const int row : {1, int(all.size()) / 3, int(all.size())}) {
-            if (row < 1)
+    Q_OBJECT
+
+private Q_SLOTS:
+    //! With pauses, blocks beyond the buffer, repeated times and a time of 0, all of which a stream may have.
+    void keepsWhatADequeWouldKeep()
+    {
+        MultichannelDeviceModel model;
+        model.startStream(headerOf(2));
+        std::deque<int> all;
+        std::mt19937 dice(7);
+        int next = 0;
+        for (int round = 0; round < 12; ++round) {
+            const int count = int(dice() % 150000);
+            model.addReadings(numbered(2, next, count));
+            for (int i = 0; i < count; ++i)
+                all.push_back(next++);
+            while (all.size() > 100000)
+                all.pop_front();
+            model.setPaused(dice() % 3 == 0);
+            if (model.isPaused())
                 continue;
-            const int number = all[std::size_t(row - 1)];
-            QCOMPARE(model.doubleData(row, 0), 0.5 * (number / 2 * 2));
-            QCOMPARE(model.doubleData(row, 1), double(number));
-            QCOMPARE(model.doubleData(row, 2), number + 0.001);
+            QCOMPARE(model.rowCount() - 1, int(all.size()));
+            for (const int row : {1, int(all.size()) / 3, int(all.size())}) {
+                if (row < 1)
+                    continue;
+                const int number = all[std::size_t(row - 1)];
+                QCOMPARE(model.doubleData(row, 0), 0.5 * (number / 2 * 2));
+                QCOMPARE(model.doubleData(row, 1), double(number));
+                QCOMPARE(model.doubleData(row, 2), number + 0.001);
+            }
         }
+        // Readings of other channels than the header's are not taken.
+        model.setPaused(false);
+        model.addReadings(numbered(3, 200, 5));
+        QCOMPARE(model.doubleData(model.rowCount() - 1, 1), double(next - 1));
     }
-    // Readings of other channels than the header's are not taken.
-    model.setPaused(false);
-    model.addReadings(numbered(3, 200, 5));
-    QCOMPARE(model.doubleData(model.rowCount() - 1, 1), double(next - 1));
-}
 
-//! During a pause nothing that is shown moves; after it, all readings come in one insertion.
-void tst_MultichannelDeviceModel::aPauseIsOneInsertion()
-{
-    MultichannelDeviceModel paused;
-    paused.startStream(headerOf(1));
-    paused.addReadings(numbered(1, 0, 99000));
-    paused.setPaused(true);
-    QSignalSpy inserted(&paused, &QAbstractItemModel::rowsInserted);
-    QSignalSpy removed(&paused, &QAbstractItemModel::rowsRemoved);
-    for (int i = 0; i < 30; ++i)
-        paused.addReadings(numbered(1, 99000 + 100 * i, 100));
-    QCOMPARE(paused.waitingReadings(), qint64(3000));
-    QCOMPARE(inserted.count() + removed.count(), 0);
-    QCOMPARE(rowText(paused, paused.rowCount() - 1), QStringLiteral("49499 98999"));
+    //! During a pause nothing that is shown moves; after it, all readings come in one insertion.
+    void aPauseIsOneInsertion()
+    {
+        MultichannelDeviceModel paused;
+        paused.startStream(headerOf(1));
+        paused.addReadings(numbered(1, 0, 99000));
+        paused.setPaused(true);
+        QSignalSpy inserted(&paused, &QAbstractItemModel::rowsInserted);
+        QSignalSpy removed(&paused, &QAbstractItemModel::rowsRemoved);
+        for (int i = 0; i < 30; ++i)
+            paused.addReadings(numbered(1, 99000 + 100 * i, 100));
+        QCOMPARE(paused.waitingReadings(), qint64(3000));
+        QCOMPARE(inserted.count() + removed.count(), 0);
+        QCOMPARE(rowText(paused, paused.rowCount() - 1), QStringLiteral("49499 98999"));
 
-    paused.setPaused(false);
-    QCOMPARE(paused.waitingReadings(), qint64(0));
-    QCOMPARE(inserted.count(), 1);
-    QCOMPARE(removed.count(), 1);
-    QCOMPARE(rowText(paused, 1), QStringLiteral("1000 2000"));
-    QCOMPARE(rowText(paused, 100000), QStringLiteral("50999 101999"));
-}
+        paused.setPaused(false);
+        QCOMPARE(paused.waitingReadings(), qint64(0));
+        QCOMPARE(inserted.count(), 1);
+        QCOMPARE(removed.count(), 1);
+        QCOMPARE(rowText(paused, 1), QStringLiteral("1000 2000"));
+        QCOMPARE(rowText(paused, 100000), QStringLiteral("50999 101999"));
+    }
 
-void tst_MultichannelDeviceModel::headerShowsNamesAndUnits()
-{
-    MultichannelDeviceModel model;
-    StreamHeader header;
-    header.channels = {{"left", "nA"}, {"right", "nA"}};
-    model.startStream(header);
-    QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left"));
-    QCOMPARE(model.units()->name(), QStringLiteral("nA"));
-    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("right"));
+    void headerShowsNamesAndUnits()
+    {
+        MultichannelDeviceModel model;
+        StreamHeader header;
+        header.channels = {{"left", "nA"}, {"right", "nA"}};
+        model.startStream(header);
+        QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left"));
+        QCOMPARE(model.units()->name(), QStringLiteral("nA"));
+        QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("right"));
 
-    // Mixed units are shown with the names, and there is no common unit.
-    header.channels = {{"left", "nA"}, {"<b>x</b>", "mm"}, {"plain", ""}};
-    QSignalSpy unitsChanged(&model, &MultichannelDeviceModel::unitsChanged);
-    model.startStream(header);
-    QCOMPARE(unitsChanged.count(), 1);
-    QCOMPARE(model.units(), nullptr);
-    QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left (nA)"));
-    QCOMPARE(model.index(0, 3).data().toString(), QStringLiteral("plain"));
-    QVERIFY(!model.index(0, 2).data(Qt::ToolTipRole).toString().contains(QLatin1String("<b>")));
+        // Mixed units are shown with the names, and there is no common unit.
+        header.channels = {{"left", "nA"}, {"<b>x</b>", "mm"}, {"plain", ""}};
+        QSignalSpy unitsChanged(&model, &MultichannelDeviceModel::unitsChanged);
+        model.startStream(header);
+        QCOMPARE(unitsChanged.count(), 1);
+        QCOMPARE(model.units(), nullptr);
+        QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left (nA)"));
+        QCOMPARE(model.index(0, 3).data().toString(), QStringLiteral("plain"));
+        QVERIFY(!model.index(0, 2).data(Qt::ToolTipRole).toString().contains(QLatin1String("<b>")));
 
-    const double nan = std::nan("");
-    const double values[] = {1.5, nan, 3.0};
-    model.addReading(1.0, values);
-    QCOMPARE(model.index(1, 1).data().toString(), QStringLiteral("1.5000"));
-    const auto ownUnit = [&](int column) {
-        const QVariant unit = model.index(0, column).data(MultichannelDeviceModel::ChannelUnitRole);
-        return unit.isValid() ? unit.value<const Corvale_Qt::Units::MeasurementUnit *>()->name()
-                              : QString();
-    };
-    QCOMPARE(ownUnit(1) + ownUnit(2) + ownUnit(3), QStringLiteral("nAmm"));
-    QCOMPARE(model.index(1, 2).data().toString(), QString());
-    QVERIFY(std::isnan(model.index(1, 2).data(33).toDouble()));
-}
+        const double nan = std::nan("");
+        const double values[] = {1.5, nan, 3.0};
+        model.addReading(1.0, values);
+        QCOMPARE(model.index(1, 1).data().toString(), QStringLiteral("1.5000"));
+        const auto ownUnit = [&](int column) {
+            const QVariant unit =
+                model.index(0, column).data(MultichannelDeviceModel::ChannelUnitRole);
+            return unit.isValid() ? unit.value<const Corvale_Qt::Units::MeasurementUnit *>()->name()
+                                  : QString();
+        };
+        QCOMPARE(ownUnit(1) + ownUnit(2) + ownUnit(3), QStringLiteral("nAmm"));
+        QCOMPARE(model.index(1, 2).data().toString(), QString());
+        QVERIFY(std::isnan(model.index(1, 2).data(33).toDouble()));
+    }
 
-void tst_MultichannelDeviceModel::showsAnotherUnitOfTheSameQuantity()
-{
-    MultichannelDeviceModel model;
-    model.startStream(headerOf(1, QStringLiteral("nA")));
-    const double value = 0.1; // not representable: what is not converted must be exactly this
-    model.addReading(0.0, &value);
-    QCOMPARE(model.doubleData(1, 1), 0.1);
-    const Corvale_Qt::Units::pA picoampere;
-    model.SetUnits(&picoampere);
-    QVERIFY(qFuzzyCompare(model.doubleData(1, 1), 100.0));
-}
+    void showsAnotherUnitOfTheSameQuantity()
+    {
+        MultichannelDeviceModel model;
+        model.startStream(headerOf(1, QStringLiteral("nA")));
+        const double value = 0.1; // not representable: what is not converted must be exactly this
+        model.addReading(0.0, &value);
+        QCOMPARE(model.doubleData(1, 1), 0.1);
+        const Corvale_Qt::Units::pA picoampere;
+        model.SetUnits(&picoampere);
+        QVERIFY(qFuzzyCompare(model.doubleData(1, 1), 100.0));
+    }
 
-void tst_MultichannelDeviceModel::marksWhatIsOverRange()
-{
-    MultichannelDeviceModel model;
-    StreamHeader header = headerOf(3);
-    header.rangeLow = -1.0;
-    header.rangeHigh = 1.0;
-    model.startStream(header);
-    const double values[] = {1.0, 1.0000001, -2.0};
-    model.addReading(0.0, values);
-    const auto background = [&](int column) {
-        return model.index(1, column).data(Qt::BackgroundRole).value<QBrush>().color();
-    };
-    QCOMPARE(background(1), QColor(Qt::black));
-    QCOMPARE(background(2), QColor(Qt::red));
-    QCOMPARE(background(3), QColor(Qt::red));
-}
+    void marksWhatIsOverRange()
+    {
+        MultichannelDeviceModel model;
+        StreamHeader header = headerOf(3);
+        header.rangeLow = -1.0;
+        header.rangeHigh = 1.0;
+        model.startStream(header);
+        const double values[] = {1.0, 1.0000001, -2.0};
+        model.addReading(0.0, values);
+        const auto background = [&](int column) {
+            return model.index(1, column).data(Qt::BackgroundRole).value<QBrush>().color();
+        };
+        QCOMPARE(background(1), QColor(Qt::black));
+        QCOMPARE(background(2), QColor(Qt::red));
+        QCOMPARE(background(3), QColor(Qt::red));
+    }
 
-void tst_MultichannelDeviceModel::takesOneReadingAPeriod()
-{
-    MultichannelDeviceModel model;
-    model.startStream(headerOf(1));
-    model.setPeriod(1);
-    model.addReadings(numbered(1, 0, 10));
-    QCOMPARE(model.rowCount(), 1); // none is due before the first period is over
-    QTRY_VERIFY([&] {
+    void takesOneReadingAPeriod()
+    {
+        MultichannelDeviceModel model;
+        model.startStream(headerOf(1));
+        model.setPeriod(1);
         model.addReadings(numbered(1, 0, 10));
-        return model.rowCount() > 1;
-    }());
-    QCOMPARE(model.rowCount(), 2); // and then one
-    model.setPeriod(0);
-    model.addReadings(numbered(1, 10, 10));
-    QCOMPARE(model.rowCount(), 12);
-}
+        QCOMPARE(model.rowCount(), 1); // none is due before the first period is over
+        QTRY_VERIFY([&] {
+            model.addReadings(numbered(1, 0, 10));
+            return model.rowCount() > 1;
+        }());
+        QCOMPARE(model.rowCount(), 2); // and then one
+        model.setPeriod(0);
+        model.addReadings(numbered(1, 10, 10));
+        QCOMPARE(model.rowCount(), 12);
+    }
 
-void tst_MultichannelDeviceModel::savesWhatReadsBackTheSame()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("saved.csv"));
-    MultichannelDeviceModel model;
-    model.startStream(headerOf(2, QStringLiteral("nA")));
-    const double values[] = {0.1, std::nan("")};
-    model.addReading(1.0 / 3.0, values);
-    QVERIFY(model.SaveDataToFile(path));
-    QVERIFY(!model.SaveDataToFile(QString()));
-    QVERIFY(!model.SaveDataToFile(dir.filePath(QStringLiteral("no/such/folder.csv"))));
-    if (hasFullDevice())
-        QVERIFY(!model.SaveDataToFile(QStringLiteral("/dev/full")));
+    void savesWhatReadsBackTheSame()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("saved.csv"));
+        MultichannelDeviceModel model;
+        model.startStream(headerOf(2, QStringLiteral("nA")));
+        const double values[] = {0.1, std::nan("")};
+        model.addReading(1.0 / 3.0, values);
+        QVERIFY(model.SaveDataToFile(path));
+        QVERIFY(!model.SaveDataToFile(QString()));
+        QVERIFY(!model.SaveDataToFile(dir.filePath(QStringLiteral("no/such/folder.csv"))));
+        if (hasFullDevice())
+            QVERIFY(!model.SaveDataToFile(QStringLiteral("/dev/full")));
 
-    TextSink sink;
-    CsvReader reader(sink);
-    QVERIFY(reader.open(path));
-    while (reader.read(1000)) { }
-    QCOMPARE(sink.text(), QStringLiteral("start channels ch1:nA ch2:nA | 0.333333: 0.1 -"));
-}
+        TextSink sink;
+        CsvReader reader(sink);
+        QVERIFY(reader.open(path));
+        while (reader.read(1000)) { }
+        QCOMPARE(sink.text(), QStringLiteral("start channels ch1:nA ch2:nA | 0.333333: 0.1 -"));
+    }
 
-//! With mixed units, missing values, a pause and another stream below them.
-void tst_MultichannelDeviceModel::worksUnderTheProxiesOfAScope()
-{
-    MultichannelDeviceModel model;
-    Corvale_Qt::RVXAveragingProxyModel averaging;
-    Corvale_Qt::RVXZeroingProxyModel zeroing;
-    averaging.setSourceModel(&model);
-    zeroing.setSourceModel(&averaging);
-    ModelWatch watch(&zeroing);
-    QVERIFY2(Corvale_Qt::RVXBulkPlotData::of(&model), "the chart reads the model in place");
-    StreamHeader header;
-    header.channels = {{"a", "nA"}, {"b", "mm"}};
-    model.startStream(header);
-    model.addReadings(numbered(2, 0, 600));
-    model.setPaused(true);
-    model.addReadings(numbered(2, 600, 600));
-    model.setPaused(false);
-    QCOMPARE(zeroing.rowCount(), model.rowCount());
-    QCOMPARE(zeroing.doubleData(1200, 1), 1199.0);
-    const double missing[] = {std::nan(""), 1.0};
-    model.addReading(1e6, missing);
-    QVERIFY(zeroing.index(1201, 1).data().isValid());
-    model.startStream(headerOf(5));
-    QCOMPARE(zeroing.columnCount(), 6);
-    model.addReadings(numbered(5, 0, 3));
-    QCOMPARE(zeroing.doubleData(3, 5), 2.004);
-    QCOMPARE(watch.complaints(), QString());
-}
+    //! With mixed units, missing values, a pause and another stream below them.
+    void worksUnderTheProxiesOfAScope()
+    {
+        MultichannelDeviceModel model;
+        Corvale_Qt::RVXAveragingProxyModel averaging;
+        Corvale_Qt::RVXZeroingProxyModel zeroing;
+        averaging.setSourceModel(&model);
+        zeroing.setSourceModel(&averaging);
+        ModelWatch watch(&zeroing);
+        QVERIFY2(Corvale_Qt::RVXBulkPlotData::of(&model), "the chart reads the model in place");
+        StreamHeader header;
+        header.channels = {{"a", "nA"}, {"b", "mm"}};
+        model.startStream(header);
+        model.addReadings(numbered(2, 0, 600));
+        model.setPaused(true);
+        model.addReadings(numbered(2, 600, 600));
+        model.setPaused(false);
+        QCOMPARE(zeroing.rowCount(), model.rowCount());
+        QCOMPARE(zeroing.doubleData(1200, 1), 1199.0);
+        const double missing[] = {std::nan(""), 1.0};
+        model.addReading(1e6, missing);
+        QVERIFY(zeroing.index(1201, 1).data().isValid());
+        model.startStream(headerOf(5));
+        QCOMPARE(zeroing.columnCount(), 6);
+        model.addReadings(numbered(5, 0, 3));
+        QCOMPARE(zeroing.doubleData(3, 5), 2.004);
+        QCOMPARE(watch.complaints(), QString());
+    }
+};
 
 CORVALE_QT_TEST_MAIN(tst_MultichannelDeviceModel)
 #include "tst_MultichannelDeviceModel.moc"

@@ -7,8 +7,6 @@
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
-#include <QTextBrowser>
-
 using namespace Monitor;
 
 //! When a picture is taken, and when there will be none, by a clock that the test moves.

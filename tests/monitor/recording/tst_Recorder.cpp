@@ -8,11 +8,8 @@
 #include "tests/support/TestMain.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <random>
 
 using namespace Monitor;
 

@@ -11,8 +11,6 @@
 #include "tests/support/TestMain.h"
 
 #include <atomic>
-#include <cmath>
-#include <random>
 #include <thread>
 
 using namespace Monitor;

@@ -7,10 +7,6 @@
 #include "tests/support/TestMain.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
-#include <QSignalSpy>
-
-#include <cmath>
-
 using namespace Monitor;
 
 //! What becomes of readings between a source and the model, by a clock that the test moves.

@@ -9,12 +9,10 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QSignalSpy>
 #include <QTcpSocket>
 
 #include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>

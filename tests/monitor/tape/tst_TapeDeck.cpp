@@ -9,9 +9,6 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <algorithm>
-#include <cmath>
-
 using namespace Monitor;
 
 namespace {

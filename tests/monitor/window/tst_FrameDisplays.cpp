@@ -12,11 +12,6 @@
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/detector/DetectorFile.h>
 
-#include <QLabel>
-#include <QSignalSpy>
-
-#include <cmath>
-
 using namespace Monitor;
 
 namespace {

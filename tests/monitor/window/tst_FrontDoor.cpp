@@ -17,6 +17,7 @@
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 
@@ -203,8 +204,7 @@ private Q_SLOTS:
 
     void sourcesAreTried_data()
     {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QStringList>("told");
+        columns<QString, QStringList>("source", "told");
         putFile(file("good.csv"), "time_s,left_nA,right_nA\n0,1,2\n1,3,\n");
         putFile(file("bad.csv"), "<html>\n<body>\n");
         QTest::newRow("a table") << file("good.csv")

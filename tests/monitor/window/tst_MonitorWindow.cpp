@@ -14,8 +14,6 @@
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 
-#include <QScopeGuard>
-
 using namespace Monitor;
 using Corvale_Qt::TimeSpanBox;
 

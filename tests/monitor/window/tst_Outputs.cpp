@@ -7,6 +7,7 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
@@ -173,10 +174,7 @@ private Q_SLOTS:
 
     void anExpressionIsRefusedAtItsPlace_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("expression");
-        QTest::addColumn<QString>("fault");
-        QTest::addColumn<QString>("marked");
+        columns<QString, QString, QString, QString>("name", "expression", "fault", "marked");
         QTest::newRow("a good one") << "sum"
                                     << "ch1 + ch2"
                                     << ""

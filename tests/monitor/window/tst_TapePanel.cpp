@@ -9,10 +9,9 @@
 #include "monitor/window/TapeTimeline.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/support/Files.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-
-#include <cmath>
 
 using namespace Monitor;
 
@@ -56,12 +55,7 @@ private Q_SLOTS:
         QVERIFY(near(50.0));
         QVERIFY(session.model().rowCount() > 4000); // with the past
         QTest::mousePress(&line, Qt::LeftButton, {}, {line.xOf(20.0), y});
-        QMouseEvent drag(QEvent::MouseMove,
-                         QPointF(line.xOf(30.0), y),
-                         Qt::LeftButton,
-                         Qt::LeftButton,
-                         {});
-        QApplication::sendEvent(&line, &drag);
+        moveMouse(&line, {line.xOf(30.0), y}, Qt::LeftButton);
         QTest::mouseRelease(&line, Qt::LeftButton, {}, {line.xOf(30.0), y});
         QVERIFY(near(30.0));
 

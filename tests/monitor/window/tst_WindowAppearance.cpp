@@ -12,6 +12,7 @@
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
@@ -378,8 +379,7 @@ private Q_SLOTS:
 
     void screensComeAndGo_data()
     {
-        QTest::addColumn<QRect>("frame");
-        QTest::addColumn<QRect>("placed");
+        columns<QRect, QRect>("frame", "placed");
         QTest::newRow("inside") << QRect(10, 20, 800, 500) << QRect(10, 20, 800, 500);
         QTest::newRow("too large") << QRect(0, 0, 1600, 1000) << QRect(0, 0, 1024, 600);
         QTest::newRow("over two edges") << QRect(-100, 300, 800, 500) << QRect(0, 100, 800, 500);

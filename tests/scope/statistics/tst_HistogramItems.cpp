@@ -13,11 +13,6 @@
 #include <qwt_plot_curve.h>
 #include <qwt_plot_marker.h>
 
-#include <algorithm>
-#include <cmath>
-#include <memory>
-#include <numeric>
-
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
 

@@ -5,6 +5,7 @@
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Profiles.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -18,9 +19,7 @@ class tst_StatisticsLimits : public QObject
 private Q_SLOTS:
     void sameFitsInEveryUnit_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QVector<double>>("parameters");
-        QTest::addColumn<int>("status");
+        columns<int, QVector<double>, int>("type", "parameters", "status");
         // The beam has a peak of 1e-8 A and a sum of 6.27e-8 A.
         const int gaussabola = View::GaussabolaItem;
         const int regression = View::RegressionItem;

@@ -320,6 +320,23 @@ QString TimeTicks::labelOf(double x) const
     return labels[int(found - major.begin())];
 }
 
+namespace {
+
+//! Returns the offsets of a clock in their order, or, where they change more than twice, those that there are.
+QString offsetsText(const QVector<ClockStretch> &stretches)
+{
+    constexpr int mostInOrder = 3;
+    QStringList offsets;
+    for (const ClockStretch &stretch : stretches)
+        offsets << offsetText(stretch.offset);
+    if (offsets.size() <= mostInOrder)
+        return offsets.join(QStringLiteral(", then "));
+    offsets.removeDuplicates();
+    return offsets.join(QStringLiteral(" or "));
+}
+
+} // namespace
+
 TimeTicks clockTicks(const TimeAxisRange &range,
                      const TimeScale &scale,
                      ClockOffsets &offsets,
@@ -342,10 +359,7 @@ TimeTicks clockTicks(const TimeAxisRange &range,
         for (const ClockTick &tick : ticksOf(stretches, first, last, minor))
             ticks.minor << scale.toX(tick.moment);
     }
-    ticks.unit = offsetText(stretches.first().offset);
-    if (stretches.size() > 1)
-        ticks.unit =
-            QStringLiteral("%1, then %2").arg(ticks.unit, offsetText(stretches.last().offset));
+    ticks.unit = offsetsText(stretches);
     keepLabelsApart(ticks, range, width);
     return ticks;
 }

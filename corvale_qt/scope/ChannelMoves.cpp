@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/ChannelMoves_p.h"
 
+#include <QHash>
+#include <QSet>
 #include <QVector>
 
 namespace Corvale_Qt {
@@ -38,17 +40,24 @@ ChannelMoves movesOfNames(const QStringList &old, const QStringList &now)
 {
     if (old == now)
         return nullptr;
-    QVector<int> places;
+    QHash<QString, QVector<int>>
+        placesOf; // where the channels of a name are now, the last one first
+    for (int i = now.size(); i >= 1; --i)
+        placesOf[now[i - 1]].append(i);
+    QVector<int> places(old.size(), 0);
+    QSet<int> taken;
+    for (int i = 0; i < old.size(); ++i) {
+        QVector<int> &left = placesOf[old[i]];
+        if (left.isEmpty())
+            continue;
+        places[i] = left.takeLast();
+        taken.insert(places[i]);
+    }
     bool isOther = false;
     for (int i = 0; i < old.size(); ++i) {
-        int place = i + 1;
-        const bool isUnique = old.count(old[i]) == 1 && now.count(old[i]) == 1;
-        if (isUnique)
-            place = now.indexOf(old[i]) + 1;
-        else if (!now.contains(old[i]) && old.contains(now.value(i)))
-            place = 0;
-        isOther = isOther || place != i + 1;
-        places.append(place);
+        if (places[i] == 0 && !taken.contains(i + 1))
+            places[i] = i + 1;
+        isOther = isOther || places[i] != i + 1;
     }
     if (!isOther)
         return nullptr;

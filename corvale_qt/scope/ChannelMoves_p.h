@@ -18,9 +18,9 @@ ChannelMoves movesOfInsertion(int first, int last);
 ChannelMoves movesOfRemoval(int first, int last);
 //! Returns the moves when channels \a first to \a last were moved in front of \a before, counted before the move.
 ChannelMoves movesOfMove(int first, int last, int before);
-/*! Returns the moves from channels with the names \a old to those with the names \a now: a channel follows its name if that is
-    unique. One whose name is not there any more keeps its number, as if it had been renamed, unless another one has come there.
-    Returns null if no channel moves. */
+/*! Returns the moves from channels with the names \a old to those with the names \a now: a channel follows its name, and of
+    several with one name the first follows the first, and so on. One whose name is not there any more keeps its number, as if it
+    had been renamed, unless another one has come there. No two channels get one number. Returns null if no channel moves. */
 ChannelMoves movesOfNames(const QStringList &old, const QStringList &now);
 
 } // namespace Corvale_Qt

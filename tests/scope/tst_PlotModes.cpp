@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/scope/ChannelMoves_p.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 
@@ -129,6 +131,29 @@ private Q_SLOTS:
         mode.plot();
         QCOMPARE(bench.xText(), QString("100..199"));
         QCOMPARE(bench.curves(), 1);
+    }
+
+    //! Settings of a channel go where the channel of that name goes, and never to a place that another channel has taken.
+    void channelsFollowTheirNames_data()
+    {
+        tableFrom("| old | now | places\n"
+                  "the same | a b | a b | same\n"
+                  "two of a name behind another | a a b | b a a | 2 3 1\n"
+                  "one of two has gone | a a b | a b | 1 0 2\n"
+                  "a third one of the name | a b a | a a a b | 1 4 2\n"
+                  "renamed | a b | a c | same\n"
+                  "renamed to a name that there is | a b | a a | same\n"
+                  "all of one name, and one less | a a a | a a | same");
+    }
+    void channelsFollowTheirNames()
+    {
+        QFETCH(QString, old);
+        QFETCH(QString, now);
+        const ChannelMoves moves = movesOfNames(old.split(' '), now.split(' '));
+        QStringList places;
+        for (int channel = 1; moves && channel <= old.split(' ').size(); ++channel)
+            places << QString::number(moves(channel));
+        QTEST(moves ? places.join(' ') : QString("same"), "places");
     }
 };
 

@@ -11,6 +11,9 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <functional>
+#include <utility>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -31,6 +34,37 @@ constexpr double presets[] = {1.0,
                               TimeSpan::all};
 
 constexpr int refusalTime = 8000; // ms
+
+bool isReturn(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+//! Takes Return out of a line edit, which would go on with the key although a slot that heard of it has deleted the edit.
+class ReturnTaker : public QObject
+{
+public:
+    ReturnTaker(QLineEdit *edit, std::function<void()> confirm)
+        : QObject(edit)
+        , m_confirm(std::move(confirm))
+    {
+        edit->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress
+            || !isReturn(static_cast<const QKeyEvent *>(event)->key()))
+            return false;
+        const std::function<void()> confirm = m_confirm; // may delete this
+        confirm();
+        return true;
+    }
+
+private:
+    const std::function<void()> m_confirm;
+};
 
 } // namespace
 
@@ -122,7 +156,7 @@ TimeSpanBox::TimeSpanBox(QWidget *parent)
     connect(this, QOverload<int>::of(&QComboBox::activated), this, [d] {
         d->takeText();
     });
-    connect(lineEdit(), &QLineEdit::returnPressed, this, [d] {
+    new ReturnTaker(lineEdit(), [d] {
         d->confirm();
     });
     connect(lineEdit(), &QLineEdit::editingFinished, this, [d] {
@@ -159,6 +193,11 @@ void TimeSpanBox::hidePopup()
 void TimeSpanBox::keyPressEvent(QKeyEvent *event)
 {
     Q_D(TimeSpanBox);
+    if (isReturn(event->key())) {
+        event->accept();
+        d->confirm(); // last, since a slot may delete the box
+        return;
+    }
     if (event->key() != Qt::Key_Escape) {
         QComboBox::keyPressEvent(event);
         return;

@@ -102,6 +102,22 @@ private Q_SLOTS:
         QToolTip::hideText();
     }
 
+    //! A host may build its window anew for another span.
+    void deletedInItsOwnReturn()
+    {
+        for (const bool inTheEdit : {false, true}) {
+            QPointer<TimeSpanBox> box = new TimeSpanBox;
+            box->show();
+            connect(box, &TimeSpanBox::spanChanged, this, [&box] {
+                delete box;
+            });
+            box->lineEdit()->setText("90 s");
+            QTest::keyClick(inTheEdit ? static_cast<QWidget *>(box->lineEdit()) : box.data(),
+                            Qt::Key_Return);
+            QVERIFY(!box);
+        }
+    }
+
     void choosing()
     {
         TimeSpanBox box;

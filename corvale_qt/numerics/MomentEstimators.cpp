@@ -15,6 +15,9 @@ namespace {
 
 using namespace SecondMomentMethod;
 
+//! From this round on the area moves half as far: noise at its ends may let it jump between two places for ever.
+constexpr int kFirstHalfStep = 20;
+constexpr int kMostRounds = 2 * kMostIterations; // half steps need more
 constexpr double kConverged = 1e-9;
 
 /*! The moments of the charge above a background, where each cell counts with a share between 0 and 1. */
@@ -155,7 +158,8 @@ BeamEstimate secondMomentWidth(const BeamProfile &given)
     const int atEachEnd = std::max(int(kBackgroundShare * profile.count()), kLeastBackgroundCells);
     ChargeMoments moments(profile, endBackground(profile, atEachEnd));
     bool clipped = false;
-    for (int round = 0; round < kMostIterations; ++round) {
+    double lower = profile.lowerEdge(), upper = profile.upperEdge();
+    for (int round = 0; round < kMostRounds; ++round) {
         const double mean = moments.mean, sigma = moments.sigma;
         if (const EstimateStatus status = moments.compute(); status != EstimateStatus::Ok)
             return failed(status);
@@ -166,8 +170,9 @@ BeamEstimate secondMomentWidth(const BeamProfile &given)
             result.quality = qualityOf(given, result, 4);
             return result;
         }
-        const double lower = moments.mean - kAreaInSigma * moments.sigma;
-        const double upper = moments.mean + kAreaInSigma * moments.sigma;
+        const double step = round < kFirstHalfStep ? 1.0 : 0.5;
+        lower += step * (moments.mean - kAreaInSigma * moments.sigma - lower);
+        upper += step * (moments.mean + kAreaInSigma * moments.sigma - upper);
         clipped = lower < profile.lowerEdge() || upper > profile.upperEdge();
         for (int i = 0; i < profile.count(); ++i)
             moments.shares()[i] = shareBetween(profile, i, lower, upper);

@@ -212,6 +212,20 @@ private Q_SLOTS:
         }
     }
 
+    //! Noise at the ends of the area of integration must not let it jump to and fro.
+    void theAreaOfTheSecondMomentSettles()
+    {
+        constexpr int trials = 400;
+        int found = 0;
+        for (int trial = 0; trial < trials; ++trial) {
+            BeamProfile profile = CellCharges::strips(32, 1, CellCharges::gaussian(0.7, 3));
+            CellCharges::addNoise(profile, 0.01, unsigned(trial + 1));
+            const BeamEstimate width = secondMomentWidth(profile);
+            found += width.isOk() && std::abs(width.sigma.value - 3) < 1.5;
+        }
+        QVERIFY2(found >= trials - 1, qPrintable(QString::number(found)));
+    }
+
     void withoutKnownNoiseOnlyTheFitHasAnError()
     {
         BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));

@@ -8,6 +8,28 @@
 
 using namespace Monitor;
 
+namespace {
+
+/*! Returns a table with so many columns, beyond those that channels may have: strips of two planes, pixels in rows of 20, or
+    columns that are neither. */
+std::string wideTable(int columns, const char *name, const char *nameOfOtherHalf)
+{
+    constexpr int rowLength = 20;
+    std::string names = "time_s", values = "0";
+    for (int i = 0; i < columns; ++i) {
+        const bool isOther = nameOfOtherHalf && i >= columns / 2;
+        const bool isPixel = !nameOfOtherHalf && name[0] == 'r';
+        const int number = isPixel ? i / rowLength : isOther ? i - columns / 2 : i;
+        names += ','
+            + QString::asprintf(isOther ? nameOfOtherHalf : name, number + 1, i % rowLength + 1)
+                  .toStdString();
+        values += "," + std::to_string(i % 10);
+    }
+    return names + '\n' + values + '\n';
+}
+
+} // namespace
+
 std::vector<std::string> fuzzSeeds()
 {
     return {
@@ -30,6 +52,10 @@ std::vector<std::string> fuzzSeeds()
         "01.03.2026 12:00:00;1,5\n01.03.2026 12:00:02;2,5\n",
         "left_nA,right_nA\n1,2\n3,4\n",
         "\"0\",\"1\"\"\"\n\"1\",\"2\"\n",
+        wideTable(300, "x%02d", "y%02d"),
+        wideTable(400, "r%02dc%02d", nullptr),
+        wideTable(300, "a%d", nullptr),
+        "\xef\xbb\xbftime_s,a_nA\n0,1\n1,2\n",
         std::string("\x28\xb5\x2f\xfd\x20\x08\x41\x00\x00\x30\x2c\x31\x0a\x31\x2c\x32\x0a", 17)};
 }
 
@@ -79,6 +105,26 @@ void readAsGuessed(const QString &path, const QByteArray &content, RecordingSink
     while (reader.read(100)) { }
 }
 
+//! A table that is read again from its beginning gives the same; one that is read again from an entry can be read.
+void readAgain(CsvReader *reader, RecordingSink *sink)
+{
+    const QByteArray once = sink->text;
+    FUZZ_REQUIRE(reader->progress() >= 0.0);
+    ReadPoint entry;
+    FUZZ_REQUIRE(reader->rewind());
+    sink->text.clear();
+    while (reader->read(100))
+        if (reader->readPoint().isEntry)
+            entry = reader->readPoint();
+    FUZZ_REQUIRE(sink->text == once);
+    if (entry.isEntry) {
+        FUZZ_REQUIRE(reader->resume(entry));
+        while (reader->read(100)) { }
+    }
+    FUZZ_REQUIRE(!reader->hasFailed() || !reader->errorString().isEmpty());
+    sink->text = once;
+}
+
 void readInto(const QByteArray &content, RecordingSink *sink)
 {
     static QTemporaryFile file;
@@ -89,11 +135,21 @@ void readInto(const QByteArray &content, RecordingSink *sink)
     file.write(content);
     file.flush();
     CsvReader reader(*sink);
+    reader.setPassingDamage(true);
+    reader.setDamageHandler([](CsvReader::Damage, const QString &text) {
+        FUZZ_REQUIRE(!text.isEmpty());
+    });
     if (!reader.open(file.fileName())) {
         readAsGuessed(file.fileName(), content, sink);
         return;
     }
     while (reader.read(100)) { }
+    const QVector<Channel> channels = sink->channels;
+    const int refused = sink->refused;
+    if (!reader.hasFailed())
+        readAgain(&reader, sink);
+    sink->channels = channels;
+    sink->refused = refused;
 }
 
 } // namespace

@@ -8,6 +8,19 @@
 
 using namespace Monitor;
 
+namespace {
+
+//! Returns a line with a time and so many values.
+std::string wideRow(int values)
+{
+    std::string row = "0";
+    for (int i = 0; i < values; ++i)
+        row += "," + std::to_string(i % 10);
+    return row + "\n";
+}
+
+} // namespace
+
 std::vector<std::string> fuzzSeeds()
 {
     return {("#corvale 1\n#channels a,b\n#unit nA\n#layout channels\n#t0 "
@@ -22,6 +35,14 @@ std::vector<std::string> fuzzSeeds()
             "x_mm,y_mm,mu\n1,2,3\n4,5,6\n",
             "#corvale 2\n#unit nC\n#frame 0 2 2\n1,2\n3,4\n#frame 1 2 2\n5,6\n#event a\n7,8\n",
             "#corvale 2\n#pitch 1 mm\n#frame 0 1 2\n1,nan\n#frame 1 256 256\n1,2\n#frame 2 2\n",
+            ("#corvale 1\n#channels a,b\n#limits a -2,-1,1,2\n#limits c -2,-1,1,2\n#limits "
+             "b\n#limits b "
+             "3,2,1,0\n#t0-uncertainty 0.5 s\n#t0-uncertainty -1 s\n0,1,2\n"),
+            "#layout strips\n" + wideRow(300),
+            "#layout matrix 20 20\n" + wideRow(400),
+            "#layout channels\n" + wideRow(300),
+            "#channels " + wideRow(300) + wideRow(300),
+            "0,1\n1,1\n2,1\n3,1\n0.1,1\n0.2,1\n0.3,1\n0.4,1\n0.5,1\n0.6,1\n0.7,1\n0.8,1\n",
             "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1,2,1,3,\n2,4,,,\n"};
 }
 

@@ -3,6 +3,7 @@
 #include "tests/support/FuzzTarget.h"
 
 #include <cmath>
+#include <optional>
 
 using namespace Monitor;
 
@@ -23,6 +24,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (size == 0)
         return 0;
     const std::string_view bytes(reinterpret_cast<const char *>(data) + 1, size - 1);
+    // What a beginning promises, more bytes do not take back.
+    const std::optional<bool> suits = PgmReader::suits(bytes.substr(0, bytes.size() / 2));
+    FUZZ_REQUIRE(!suits || PgmReader::suits(bytes) == suits);
     const auto read = [&](std::size_t pieceSize) {
         std::string seen;
         PgmReader reader(

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 /*! \file
     Runs a fuzz target. As an ordinary test it feeds the target a fixed sequence of inputs (FuzzMutator):
-        fuzz_Subject [rounds] [-v]
-    With -v it prints each input before trying it. It writes an input that fails to a file. To debug that input, run
+        fuzz_Subject [rounds] [-v] [FOLDER]
+    The files of the folder are seeds, too. With -v it prints each input before trying it. It writes an input that fails to a file. To debug that input, run
         fuzz_Subject FILE
     With CORVALE_QT_FUZZ, libFuzzer provides main() and its own options; it also takes a file to try alone, and reads
     the seeds as an additional corpus. */
@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -100,7 +101,7 @@ int tryFile(const QString &path)
     QFile file(path);
     if (!file.open(QFile::ReadOnly)) {
         std::fprintf(stderr,
-                     "%s: %s\nUsage: %s [rounds] [-v], or %s FILE for one input\n",
+                     "%s: %s\nUsage: %s [rounds] [-v] [FOLDER], or %s FILE for one input\n",
                      qPrintable(path),
                      qPrintable(file.errorString()),
                      program,
@@ -113,12 +114,27 @@ int tryFile(const QString &path)
     return 0;
 }
 
-void tryRounds(long rounds, bool verbose)
+//! Returns what the files of a folder hold, in the order of their names.
+std::vector<std::string> filesIn(const QString &folder)
+{
+    std::vector<std::string> contents;
+    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
+        QFile file(info.filePath());
+        if (file.open(QFile::ReadOnly))
+            contents.push_back(file.readAll().toStdString());
+    }
+    return contents;
+}
+
+//! Tries the seeds and further ones, and then inputs that are made from them, so many in all.
+void tryRounds(long rounds, const std::vector<std::string> &further, bool verbose)
 {
     const QString name = QFileInfo(QString::fromLocal8Bit(program)).fileName();
     const QString path = QFileInfo(name + QStringLiteral("-failure")).absoluteFilePath();
     std::snprintf(currentFile, sizeof(currentFile), "%s", QFile::encodeName(path).constData());
-    FuzzMutator mutator(fuzzSeeds());
+    std::vector<std::string> seeds = fuzzSeeds();
+    seeds.insert(seeds.end(), further.begin(), further.end());
+    FuzzMutator mutator(std::move(seeds));
     for (long round = 0; round < rounds; ++round) {
         const std::string input = mutator.next();
         if (verbose) {
@@ -144,6 +160,7 @@ int main(int argc, char **argv)
     program = argv[0];
     long rounds = 3000;
     bool verbose = false;
+    std::vector<std::string> further;
     for (const QString &argument : application.arguments().mid(1)) {
         bool isNumber = false;
         const long number = argument.toLong(&isNumber);
@@ -151,6 +168,8 @@ int main(int argc, char **argv)
             verbose = true;
         else if (isNumber && number > 0)
             rounds = number;
+        else if (QFileInfo(argument).isDir())
+            further = filesIn(argument);
         else
             return tryFile(argument);
     }
@@ -158,7 +177,7 @@ int main(int argc, char **argv)
         std::signal(number, handleCrash);
     if (__sanitizer_set_death_callback)
         __sanitizer_set_death_callback(keepInput);
-    tryRounds(rounds, verbose);
+    tryRounds(rounds, further, verbose);
     return 0;
 }
 

@@ -34,7 +34,7 @@ constexpr NamedSignal crashes[] = {
 constexpr int mostFrames = 100;
 //! A report that is not written after so many seconds never will be; the program ends then.
 constexpr unsigned patience = 5;
-constexpr std::size_t stackSize = 128 * 1024;
+constexpr std::size_t stackSize = std::size_t(128) * 1024;
 
 std::atomic<int> file{-1};
 std::atomic_flag isWriting = ATOMIC_FLAG_INIT;

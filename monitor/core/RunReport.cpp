@@ -19,8 +19,8 @@ namespace Monitor {
 namespace {
 
 const QString windowNote = QStringLiteral("window");
-constexpr qint64 largestReport = 256 * 1024;
-constexpr qint64 largestNotes = 64 * 1024;
+constexpr qint64 largestReport = qint64(256) * 1024;
+constexpr qint64 largestNotes = qint64(64) * 1024;
 //! How many runs that left no word wait for the next start with their settings.
 constexpr int mostWaiting = 20;
 

@@ -4,8 +4,7 @@
 #include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/Logging_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel_p.h"
-
-#include <QFile>
+#include "corvale_qt/models/SaveProgress.h"
 
 #include <algorithm>
 #include <limits>
@@ -232,14 +231,12 @@ void RVXMultichannelDeviceModel::Clear()
 bool RVXMultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
 {
     Q_D(const RVXMultichannelDeviceModel);
-    QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
-    bool isCanceled = false;
-    const bool isComplete = d->write(file, &isCanceled) && file.flush();
-    if (isCanceled)
-        file.remove();
-    return isComplete;
+    return !fileName.isEmpty()
+        && SaveProgress::writeWhole(fileName,
+                                    QIODevice::WriteOnly | QIODevice::Text,
+                                    [d](QIODevice &file) {
+                                        return d->write(file);
+                                    });
 }
 
 int RVXMultichannelDeviceModel::NumberOfChannels() const

@@ -331,7 +331,7 @@ void appendLine(QByteArray &text, int columns, NumberAt numberAt)
 
 } // namespace
 
-bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file, bool *isCanceled) const
+bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file) const
 {
     constexpr int piece = 1 << 16;
     QByteArray text = titles();
@@ -354,8 +354,7 @@ bool RVXMultichannelDeviceModelPrivate::write(QIODevice &file, bool *isCanceled)
         if (file.write(text) != text.size())
             return false;
         text.resize(0);
-        *isCanceled = !SaveProgress::goOn(row, rows);
-        if (*isCanceled)
+        if (!SaveProgress::goOn(row, rows))
             return false;
     }
     return file.write(text) == text.size();

@@ -93,7 +93,7 @@ public:
     QVariant toolTip(int row, int column) const;
     /*! Writes all rows as CSV. Returns false if \a file does not accept everything, or if the save was canceled. While
         its progress is watched, the object may be deleted before this returns. */
-    bool write(QIODevice &file, bool *isCanceled) const;
+    bool write(QIODevice &file) const;
 
     RVXMultichannelDeviceModel *const q;
     QVector<RVXMultichannelDeviceModel::Channel> channels;

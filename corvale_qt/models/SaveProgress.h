@@ -3,6 +3,7 @@
 
 #include "corvale_qt/corvale_qt_export.h"
 
+#include <QIODevice>
 #include <QtGlobal>
 
 #include <functional>
@@ -14,7 +15,7 @@ namespace Corvale_Qt {
 
     A model that takes long calls goOn() now and then while it writes, if isWatched(). The event loop may run in goOn(): rows may
     come and leave, and the model may even be deleted, so it copies what it writes before the first call. After goOn() has
-    returned false it removes the file and returns false.
+    returned false it leaves an older file of that name as it is (writeWhole()) and returns false.
 
     \code
     const Rows copy = rows;
@@ -39,6 +40,12 @@ public:
     static bool isWatched();
     //! Tells that \a done of \a all are written. Returns whether to go on; true if nobody watches.
     static bool goOn(qint64 done, qint64 all);
+
+    /*! Writes a file as a whole: one of that name stays as it was until \a write has returned true and all is on the disk. Returns
+        whether that is so. What is no ordinary file, such as a pipe, is written as it is. */
+    static bool writeWhole(const QString &fileName,
+                           QIODevice::OpenMode mode,
+                           const std::function<bool(QIODevice &file)> &write);
 
 private:
     Watcher m_watcher;

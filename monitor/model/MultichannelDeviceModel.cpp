@@ -184,7 +184,8 @@ QVariant MultichannelDeviceModel::toolTip(int row, int column) const
     const Monitor::Channel &channel = m_header.channels[column - 1];
     const QString unit = channel.unit.isEmpty() ? tr("no unit") : channel.unit;
     if (row == 0)
-        return plainToolTip(tr("%1, channel %2, %3").arg(channel.name).arg(column).arg(unit));
+        return plainToolTip(
+            tr("%1, channel %2, %3").arg(channel.name, QString::number(column), unit));
     if (!has(row, column))
         return QVariant();
     const double value = receivedValue(row, column - 1);
@@ -197,9 +198,15 @@ QVariant MultichannelDeviceModel::toolTip(int row, int column) const
 
 bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
 {
-    QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly))
-        return false;
+    return !fileName.isEmpty()
+        && SaveProgress::writeWhole(fileName, QIODevice::WriteOnly, [this](QIODevice &file) {
+               return writeRows(file);
+           });
+}
+
+//! Writes all rows with their header. Returns false if that failed or was canceled.
+bool MultichannelDeviceModel::writeRows(QIODevice &file) const
+{
     const int channels = NumberOfChannels();
     const int rows = rowCount() - 1;
     // While somebody watches, readings may come and leave, and so may the model.
@@ -222,12 +229,10 @@ bool MultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
         if (file.write(text) != text.size())
             return false;
         text.clear();
-        if (!SaveProgress::goOn(row, rows)) {
-            file.remove();
+        if (!SaveProgress::goOn(row, rows))
             return false;
-        }
     }
-    return file.write(text) == text.size() && file.flush();
+    return file.write(text) == text.size();
 }
 
 } // namespace Monitor

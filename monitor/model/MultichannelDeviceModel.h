@@ -67,6 +67,7 @@ private:
     QVariant text(const QModelIndex &index) const;
     QVariant toolTip(int row, int column) const;
     void forgetWaiting();
+    bool writeRows(QIODevice &file) const;
 
     StreamHeader m_header;
     std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> m_unit;

@@ -455,7 +455,10 @@ private Q_SLOTS:
             return false;
         });
         QVERIFY(!model.SaveDataToFile(watched));
-        QVERIFY(!QFile::exists(watched));
+        QCOMPARE(fileContents(watched), fileContents(plain)); // the older file stays
+        QVERIFY(!model.SaveDataToFile(dir.filePath("new.csv")));
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files),
+                 QStringList({"plain.csv", "watched.csv"}));
     }
 
     void refusals()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/BeamVerdict.h"
 
-#include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/FlatField.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
@@ -111,6 +110,18 @@ private:
 bool reaches(double share, double limit)
 {
     return share > 0 && share >= limit;
+}
+
+//! Returns whether all the charge lies in hot cells among zeros, as in readings whose noise is suppressed.
+bool isAllInHotCells(const BeamProfile &profile, const BeamVerdict &verdict)
+{
+    const bool mayBe = verdict.hotCells > 0 || profile.shareOfHoles > 0;
+    if (!mayBe || verdict.flaggedShare < 1 || verdict.deadCells > 0)
+        return false;
+    for (int i = 0; i < profile.count(); ++i)
+        if (!profile.has(i, CellFlag::Hot) && profile.density(i) != 0)
+            return false;
+    return true;
 }
 
 void judgeSignal(const BeamEstimate &estimate,
@@ -260,8 +271,8 @@ QString estimateStatusText(EstimateStatus status)
 
 bool VerdictLimits::operator==(const VerdictLimits &other) const
 {
-    return std::all_of(kVerdictLimitFields.begin(),
-                       kVerdictLimitFields.end(),
+    return std::all_of(verdictLimitFields.begin(),
+                       verdictLimitFields.end(),
                        [&](const VerdictLimitField &field) {
                            return this->*field.limit == other.*field.limit;
                        });
@@ -281,6 +292,10 @@ judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const Ve
     verdict.flaggedShare = flaggedShare(profile, background) + profile.shareOfHoles;
     verdict.peakInNoise = peakInNoise(profile);
     judgeSignal(estimate, limits, verdict, judgement);
+    // Its shape does not tell such a cell from a narrow beam, so both are told.
+    judgement.add(isAllInHotCells(profile, verdict),
+                  BeamValidity::NotValid,
+                  tr("all other cells read 0: hot, or a beam narrower than a cell"));
     if (!estimate.isOk())
         return verdict;
     judgeShape(profile, estimate, limits, judgement);

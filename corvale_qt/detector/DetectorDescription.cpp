@@ -36,6 +36,11 @@ bool DetectorChannel::operator==(const DetectorChannel &other) const
         && saturation == other.saturation && dead == other.dead;
 }
 
+bool DetectorDescription::hasOwnVerdictLimits() const
+{
+    return verdictLimitsStated || !(verdictLimits == VerdictLimits());
+}
+
 QString DetectorFault::message() const
 {
     QString message = place.isEmpty() ? text : place + QLatin1String(": ") + text;

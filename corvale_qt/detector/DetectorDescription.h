@@ -76,6 +76,12 @@ struct CORVALE_QT_EXPORT DetectorDescription
     double noise = std::numeric_limits<double>::quiet_NaN();
     //! By which profile display, histogram and reports judge what they find on the detector. All at least 0.
     VerdictLimits verdictLimits;
+    //! Whether the limits were stated, even as the usual ones.
+    bool verdictLimitsStated = false;
+
+    /*! Returns whether the detector has limits of its own: stated ones, or others than the usual. A program that lets a
+        person choose limits uses those of the person for the other detectors only. */
+    bool hasOwnVerdictLimits() const;
 };
 
 //! What is wrong with a description, and where.

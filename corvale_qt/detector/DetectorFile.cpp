@@ -3,7 +3,6 @@
 
 #include "corvale_qt/detector/DetectorReader_p.h"
 #include "corvale_qt/detector/JsonPlaces_p.h"
-#include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <QFile>
@@ -129,7 +128,7 @@ void readWiring(JsonMembers &members, QVector<int> &wiring)
 VerdictLimits readVerdictLimits(JsonMembers members)
 {
     VerdictLimits limits;
-    for (const VerdictLimitField &field : kVerdictLimitFields)
+    for (const VerdictLimitField &field : verdictLimitFields)
         members.take(field.key, limits.*field.limit);
     members.refuseOthers();
     return limits;
@@ -155,7 +154,8 @@ DetectorDescription readDescription(const QJsonObject &object, DetectorFault &fa
     members.take("readings", description.readings);
     members.take("density", description.density);
     members.take("noise", description.noise);
-    if (members.has("verdict"))
+    description.verdictLimitsStated = members.has("verdict");
+    if (description.verdictLimitsStated)
         description.verdictLimits = readVerdictLimits(members.object("verdict"));
     readWiring(members, description.wiring);
     if (members.has("channels")) {
@@ -231,13 +231,13 @@ QJsonObject channelsObject(const QVector<DetectorChannel> &channels)
     return object;
 }
 
-//! Returns the limits that are not the usual ones.
+//! Returns the limits that are not the usual ones; all of them if there are none.
 QJsonObject verdictObject(const VerdictLimits &limits)
 {
     QJsonObject object;
     const VerdictLimits usual;
-    for (const VerdictLimitField &field : kVerdictLimitFields)
-        if (limits.*field.limit != usual.*field.limit)
+    for (const VerdictLimitField &field : verdictLimitFields)
+        if (limits == usual || limits.*field.limit != usual.*field.limit)
             object[QLatin1String(field.key)] = limits.*field.limit;
     return object;
 }
@@ -312,9 +312,8 @@ QByteArray detectorToJson(const DetectorLayout &layout, bool compact)
     const QJsonObject channels = channelsObject(description.channels);
     if (!channels.isEmpty())
         object[QLatin1String("channels")] = channels;
-    const QJsonObject verdict = verdictObject(description.verdictLimits);
-    if (!verdict.isEmpty())
-        object[QLatin1String("verdict")] = verdict;
+    if (description.hasOwnVerdictLimits())
+        object[QLatin1String("verdict")] = verdictObject(description.verdictLimits);
     return QJsonDocument(object).toJson(compact ? QJsonDocument::Compact : QJsonDocument::Indented);
 }
 

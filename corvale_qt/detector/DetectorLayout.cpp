@@ -2,7 +2,6 @@
 #include "corvale_qt/detector/DetectorLayout.h"
 
 #include "corvale_qt/detector/AxisPlaces_p.h"
-#include "corvale_qt/detector/VerdictLimits_p.h"
 #include "corvale_qt/numerics/RoundPixelDetector.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
 
@@ -142,7 +141,7 @@ DetectorFault restFault(const DetectorDescription &description, Size size)
     if (!std::isnan(description.noise)
         && !(description.noise > 0 && std::isfinite(description.noise)))
         return {QStringLiteral("noise"), tr("is not above 0")};
-    for (const VerdictLimitField &field : kVerdictLimitFields) {
+    for (const VerdictLimitField &field : verdictLimitFields) {
         const double limit = description.verdictLimits.*field.limit;
         if (!(limit >= 0 && std::isfinite(limit)))
             return {QStringLiteral("verdict.") + QLatin1String(field.key),
@@ -169,7 +168,8 @@ bool sameDetector(const DetectorDescription &one, const DetectorDescription &oth
     return one.kind == other.kind && one.title == other.title && sameAxis(one.x, other.x)
         && sameAxis(one.y, other.y) && one.wiring == other.wiring && one.readings == other.readings
         && one.channels == other.channels && one.density == other.density && sameNoise
-        && one.verdictLimits == other.verdictLimits;
+        && one.verdictLimits == other.verdictLimits
+        && one.hasOwnVerdictLimits() == other.hasOwnVerdictLimits();
 }
 
 QString unitText(const DetectorDescription &description)

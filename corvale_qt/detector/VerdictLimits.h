@@ -3,6 +3,8 @@
 
 #include "corvale_qt/corvale_qt_export.h"
 
+#include <array>
+
 namespace Corvale_Qt {
 
 //! The limits by which judgeEstimate() decides. Shares and residuals are fractions of 1.
@@ -21,5 +23,22 @@ struct CORVALE_QT_EXPORT VerdictLimits
     //! Returns whether all limits are the same.
     bool operator==(const VerdictLimits &other) const;
 };
+
+//! A limit and its key in the description of a detector.
+struct VerdictLimitField
+{
+    const char *key; //!< for example "residual_rms"
+    double VerdictLimits::*limit; //!< the limit itself
+};
+
+//! All limits, for programs that keep, show or compare them one by one.
+constexpr std::array<VerdictLimitField, 7> verdictLimitFields = {
+    {{"residual_rms", &VerdictLimits::residualRms},
+     {"r_squared", &VerdictLimits::rSquared},
+     {"flagged_share", &VerdictLimits::flaggedShare},
+     {"worst_residual_rms", &VerdictLimits::worstResidualRms},
+     {"widest_sigma", &VerdictLimits::widestSigma},
+     {"peak_in_noise", &VerdictLimits::peakInNoise},
+     {"background", &VerdictLimits::background}}};
 
 } // namespace Corvale_Qt

@@ -235,6 +235,24 @@ private Q_SLOTS:
         QVERIFY2(told <= trials / 50, qPrintable(QString::number(told)));
     }
 
+    //! Among suppressed zeros, a lone cell is a hot one or a very narrow beam: neither is claimed. Two cells are a beam.
+    void aLoneCellAmongZerosIsNoBeam()
+    {
+        const QString told = "all other cells read 0: hot, or a beam narrower than a cell";
+        for (const bool alone : {true, false}) {
+            BeamProfile profile = CellCharges::strips(32, 2, [](double) {
+                return 0.0;
+            });
+            profile.readings[12] = 80;
+            profile.readings[13] = alone ? 0 : 40;
+            flagHotCells(profile);
+            const BeamVerdict verdict = judgeEstimate(profile, centreOfGravity(profile));
+            QCOMPARE(verdict.reasons.contains(told), alone);
+            QCOMPARE(verdict.hotCells, int(alone));
+            QCOMPARE(verdict.validity == BeamValidity::NotValid, alone);
+        }
+    }
+
     void limitsCanBeSet()
     {
         BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(3, 4));

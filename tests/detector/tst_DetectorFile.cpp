@@ -65,6 +65,8 @@ private Q_SLOTS:
         QTest::newRow("strip pair") << DetectorLayout::stripPair();
         QTest::newRow("pixel matrix") << DetectorLayout::pixelMatrix();
         QTest::newRow("harp") << detectorFromJson(kHarp);
+        QTest::newRow("usual limits that are stated")
+            << detectorFromJson(R"({"detector":1,"kind":"channels","readings":4,"verdict":{}})");
         const QDir folder(QStringLiteral(CORVALE_QT_SOURCE_DIR "/docs/detectors"));
         const QStringList names = folder.entryList({QStringLiteral("*.json")});
         QVERIFY(names.size() >= 4);

@@ -29,18 +29,17 @@ Alarms::Alarms(QObject *parent)
 {
 }
 
-QString Alarms::text(LimitState state, const Channel &channel, const ChannelLimits &limits)
+QString Alarms::text(LimitState state, const QString &channel, const QString &limit)
 {
-    const QString limit = quantity(limits.limitOf(state), channel.unit);
     switch (state) {
     case LimitState::HighAlarm:
-        return tr("ALARM: %1 above %2").arg(channel.name, limit);
+        return tr("ALARM: %1 above %2").arg(channel, limit);
     case LimitState::LowAlarm:
-        return tr("ALARM: %1 below %2").arg(channel.name, limit);
+        return tr("ALARM: %1 below %2").arg(channel, limit);
     case LimitState::HighWarning:
-        return tr("WARNING: %1 above %2").arg(channel.name, limit);
+        return tr("WARNING: %1 above %2").arg(channel, limit);
     case LimitState::LowWarning:
-        return tr("WARNING: %1 below %2").arg(channel.name, limit);
+        return tr("WARNING: %1 below %2").arg(channel, limit);
     case LimitState::Normal:
         break;
     }
@@ -89,12 +88,14 @@ void Alarms::take(const LimitLog::Change &change)
         return;
     }
     Entry &entry = entryOf(change.channel);
+    const QString limit =
+        quantity(m_header.limitsOf(change.channel).limitOf(change.state), channel.unit);
     const bool isWorse = isAlarm(change.state) || !isAlarm(entry.worst);
     const bool isRelieved = isAlarm(change.before) && !isAlarm(change.state)
         && isHigh(change.before) == isHigh(change.state);
     if (isWorse) {
         entry.worst = change.state;
-        entry.text = text(change.state, channel, m_header.limitsOf(change.channel));
+        entry.limit = limit;
     }
     entry.state = change.state;
     if (isRelieved) {
@@ -103,7 +104,7 @@ void Alarms::take(const LimitLog::Change &change)
     }
     entry.isUnacknowledged = entry.isUnacknowledged || isAlarm(change.state);
     Q_EMIT noted(tr("%1: %2 at t = %3 s")
-                     .arg(text(change.state, channel, m_header.limitsOf(change.channel)),
+                     .arg(text(change.state, channel.name, limit),
                           quantity(change.reading, channel.unit),
                           QString::number(change.time, 'g', 10)));
 }
@@ -142,7 +143,7 @@ void Alarms::acknowledge()
         return;
     for (Entry &entry : m_entries) {
         if (entry.isUnacknowledged)
-            Q_EMIT noted(tr("acknowledged: %1").arg(entry.text));
+            Q_EMIT noted(tr("acknowledged: %1").arg(text(entry.worst, entry.name, entry.limit)));
         entry.isUnacknowledged = false;
     }
     dropSettled();

@@ -23,7 +23,7 @@ public:
         Corvale_Qt::LimitState state = Corvale_Qt::LimitState::Normal; //!< now
         Corvale_Qt::LimitState worst = Corvale_Qt::LimitState::Normal; //!< since the entry was made
         bool isUnacknowledged = false;
-        QString text; //!< "ALARM: left_nA above 500 nA"
+        QString limit; //!< the worst limit that was passed, for example "500 nA"
 
         //! Returns whether readings are beyond a limit now.
         bool lasts() const { return state != Corvale_Qt::LimitState::Normal; }
@@ -47,10 +47,8 @@ public:
     //! Returns whether an alarm waits to be acknowledged.
     bool isUnacknowledged() const;
 
-    //! Returns a text like "ALARM: left_nA above 500 nA".
-    static QString text(Corvale_Qt::LimitState state,
-                        const Channel &channel,
-                        const Corvale_Qt::ChannelLimits &limits);
+    //! Returns a text like "ALARM: left_nA above 500 nA" for the log, in English.
+    static QString text(Corvale_Qt::LimitState state, const QString &channel, const QString &limit);
 
 Q_SIGNALS:
     //! entries() has changed.

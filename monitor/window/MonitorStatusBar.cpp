@@ -163,6 +163,25 @@ QVector<StatusField::Part> MonitorStatusBar::recordingNotices() const
     return notices;
 }
 
+//! Returns what is beyond its limit, in the language of the window; the log has it in English.
+QString MonitorStatusBar::alarmText(const Alarms::Entry &entry)
+{
+    using Corvale_Qt::LimitState;
+    switch (entry.worst) {
+    case LimitState::HighAlarm:
+        return tr("ALARM: %1 above %2").arg(entry.name, entry.limit);
+    case LimitState::LowAlarm:
+        return tr("ALARM: %1 below %2").arg(entry.name, entry.limit);
+    case LimitState::HighWarning:
+        return tr("WARNING: %1 above %2").arg(entry.name, entry.limit);
+    case LimitState::LowWarning:
+        return tr("WARNING: %1 below %2").arg(entry.name, entry.limit);
+    case LimitState::Normal:
+        break;
+    }
+    return entry.name;
+}
+
 //! Returns the worst of what is beyond limits, and how much more there is.
 QVector<StatusField::Part> MonitorStatusBar::alarmNotice() const
 {
@@ -170,9 +189,11 @@ QVector<StatusField::Part> MonitorStatusBar::alarmNotice() const
     if (entries.isEmpty())
         return {};
     const Alarms::Entry &first = entries.first();
-    QString text = first.lasts() ? first.text : tr("%1 (over, F8 acknowledges)").arg(first.text);
+    QString text = alarmText(first);
+    if (!first.lasts())
+        text = tr("%1 (over, F8 acknowledges)").arg(text);
     if (entries.size() > 1)
-        text = tr("%1 and %2 more").arg(text).arg(entries.size() - 1);
+        text = tr("%1 and %2 more").arg(text, QString::number(entries.size() - 1));
     return {{text,
              tr("F8 acknowledges, Measure > Limits changes the limits; the log has every passage"),
              isAlarm(first.worst) ? Look::State::Trouble : Look::State::Waiting}};
@@ -184,8 +205,8 @@ QString MonitorStatusBar::recordingText() const
     const QStringList pending = m_session.compressor().pending();
     if (!recorder && !pending.isEmpty())
         return tr("compressing %1, %2 %")
-            .arg(QFileInfo(pending.first()).fileName())
-            .arg(int(m_session.compressor().progress() * 100.0));
+            .arg(QFileInfo(pending.first()).fileName(),
+                 QString::number(int(m_session.compressor().progress() * 100.0)));
     if (!recorder)
         return tr("not recording");
     const QString text =

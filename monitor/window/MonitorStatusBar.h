@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/recording/SpaceForecast.h"
+#include "monitor/session/Alarms.h"
 #include "monitor/window/StatusField.h"
 
 #include <QStatusBar>
@@ -31,6 +32,7 @@ private:
     QVector<StatusField::Part> notices() const;
     QVector<StatusField::Part> recordingNotices() const;
     QVector<StatusField::Part> alarmNotice() const;
+    static QString alarmText(const Alarms::Entry &entry);
     QString recordingText() const;
     void noteSpace();
 

@@ -177,7 +177,8 @@ private Q_SLOTS:
         const auto entries = [&] {
             QStringList texts;
             for (const Alarms::Entry &entry : s.session.alarms().entries())
-                texts.append(entry.text + (entry.lasts() ? "" : ", over")
+                texts.append(Alarms::text(entry.worst, entry.name, entry.limit)
+                             + (entry.lasts() ? "" : ", over")
                              + (entry.isUnacknowledged ? " !" : ""));
             return texts.join("; ");
         };

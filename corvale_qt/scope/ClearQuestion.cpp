@@ -38,8 +38,8 @@ bool RVXScopePrivate::mayClear(const QString &title, const QString &text)
     if (!confirmClear || !hasSamples())
         return true;
     const QPointer<RVXScope> panel(q_ptr);
-    const QString question =
-        RVXScope::tr("%1\n%2 samples would go.").arg(text).arg(baseModel->rowCount() - 1);
+    const QString question = RVXScope::tr("%1\n%2 samples would go.")
+                                 .arg(text, QString::number(baseModel->rowCount() - 1));
     return operatorAgrees(q_ptr, title, question, RVXScope::tr("&Remove the samples")) && panel;
 }
 

@@ -42,7 +42,8 @@ QString privateRuntimeFolder()
     if (QDir::isAbsolutePath(session) && isOwnFolder(session, S_IWGRP | S_IWOTH, FollowLinks))
         return session;
     // QStandardPaths has a fallback too, but follows a link that any user may have created.
-    const QString own = QString("%1/corvale_qt-%2").arg(QDir::tempPath()).arg(::geteuid());
+    const QString own =
+        QString("%1/corvale_qt-%2").arg(QDir::tempPath(), QString::number(::geteuid()));
     ::mkdir(QFile::encodeName(own), S_IRWXU);
     return isOwnFolder(own, S_IRWXG | S_IRWXO, RefuseLinks) ? own : QString();
 }

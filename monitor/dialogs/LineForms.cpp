@@ -109,7 +109,8 @@ QString TcpClientForm::source() const
     addIfAny(&query, silenceKey, m_silence->text().trimmed());
     const bool isBareV6 = host.contains(QLatin1Char(':')) && !host.startsWith(QLatin1Char('['));
     const QString place = isBareV6 ? QStringLiteral("[%1]").arg(host) : host;
-    return withQuery(QStringLiteral("tcp://%1:%2").arg(place).arg(m_port->value()), query);
+    return withQuery(QStringLiteral("tcp://%1:%2").arg(place, QString::number(m_port->value())),
+                     query);
 }
 
 bool TcpClientForm::setSource(const QString &text)
@@ -160,7 +161,9 @@ QString TcpServerForm::source() const
     const QString address = m_address->currentText().trimmed();
     return address.isEmpty()
         ? QString()
-        : withQuery(QStringLiteral("tcp-listen://%1:%2").arg(address).arg(m_port->value()), query);
+        : withQuery(
+            QStringLiteral("tcp-listen://%1:%2").arg(address, QString::number(m_port->value())),
+            query);
 }
 
 bool TcpServerForm::setSource(const QString &text)

@@ -67,8 +67,7 @@ void CompressionWait::refresh()
         pending.size() > 1
             ? tr("%1 is being compressed, and %2 more files are waiting. Nothing is "
                  "lost if you do not wait.")
-                  .arg(name)
-                  .arg(pending.size() - 1)
+                  .arg(name, QString::number(pending.size() - 1))
             : tr("%1 is being compressed. Nothing is lost if you do not wait.").arg(name));
     m_bar->setValue(int(m_compressor.progress() * percent));
 }

@@ -53,9 +53,9 @@ void PictureTaker::check()
         if (now - silentSince > patience)
             finish(ExitSourceLost,
                    tr("%1: no data for %2 s. %3")
-                       .arg(m_session.source().description())
-                       .arg(patience)
-                       .arg(m_session.source().remedy()));
+                       .arg(m_session.source().description(),
+                            QString::number(patience),
+                            m_session.source().remedy()));
         return;
     }
     if (m_dueSince < 0.0)

@@ -38,10 +38,10 @@ int repairOnCommand(const CommandLine &commandLine)
     std::fprintf(stdout,
                  "%s\n",
                  qPrintable(Text::tr("%1 readings are in %2; %3 lines are lost; %4 is as it was")
-                                .arg(damage.readings)
-                                .arg(copy)
-                                .arg(damage.lostLines)
-                                .arg(path)));
+                                .arg(QString::number(damage.readings),
+                                     copy,
+                                     QString::number(damage.lostLines),
+                                     path)));
     return ExitGood;
 }
 

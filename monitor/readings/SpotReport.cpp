@@ -56,10 +56,13 @@ QString SpotReport::doses() const
 {
     const SpotDifferences &is = errors.differences;
     QString text = Text::tr("%1 missing (%2 %7), %3 extra (%4 %7); total dose %5 %7 of %6 %7")
-                       .arg(is.missing)
-                       .arg(dose(is.missingDose))
-                       .arg(is.extra)
-                       .arg(dose(is.extraDose), dose(is.dose), dose(is.targetDose), doseUnit);
+                       .arg(QString::number(is.missing),
+                            dose(is.missingDose),
+                            QString::number(is.extra),
+                            dose(is.extraDose),
+                            dose(is.dose),
+                            dose(is.targetDose),
+                            doseUnit);
     text += Text::tr("; largest difference of a spot %1 %2")
                 .arg(dose(is.largestDoseDifference), doseUnit);
     if (const int others = is.notComparable + is.targetNotComparable)

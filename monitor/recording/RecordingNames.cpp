@@ -13,7 +13,7 @@ QString withNumber(const QString &path, int number)
     const QFileInfo info(path);
     const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
     return info.dir().filePath(
-        QStringLiteral("%1-%2%3").arg(info.completeBaseName()).arg(number).arg(suffix));
+        QStringLiteral("%1-%2%3").arg(info.completeBaseName(), QString::number(number), suffix));
 }
 
 QString firstFree(const QString &path, int number)

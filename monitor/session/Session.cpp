@@ -430,10 +430,10 @@ bool Session::stopRecording()
     } else {
         const QString why = m_recorder->errorString();
         m_incompleteRecordings.append(
-            tr("the recording %1 is incomplete, %2 readings are missing%3")
-                .arg(name)
-                .arg(m_recorder->lostReadings())
-                .arg(why.isEmpty() ? why : tr(": %1").arg(why)));
+            QStringLiteral("the recording %1 is incomplete, %2 readings are missing%3")
+                .arg(name,
+                     QString::number(m_recorder->lostReadings()),
+                     why.isEmpty() ? why : QStringLiteral(": ") + why));
         Q_EMIT noted(QStringLiteral("ERROR %1").arg(m_incompleteRecordings.last()));
     }
     m_recorder.reset();

@@ -36,7 +36,8 @@ void LineSource::tick()
         open();
     } else if (isSilentTooLong()) {
         close();
-        lost(tr("%1 has been silent for %2 s").arg(description()).arg(m_longestSilence));
+        lost(tr("%1 has been silent for %2 s")
+                 .arg(description(), QString::number(m_longestSilence)));
     } else if (state() == State::Running) {
         poll();
     }
@@ -95,7 +96,7 @@ void LineSource::lost(const QString &text, bool inOrder)
     endConnection();
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
-    setState(State::Retrying, tr("%1; trying again in %2 s").arg(text).arg(wait));
+    setState(State::Retrying, tr("%1; trying again in %2 s").arg(text, QString::number(wait)));
 }
 
 //! Drops an unfinished line of a connection that is gone: a number in it may have lost digits.

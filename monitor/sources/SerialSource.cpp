@@ -25,7 +25,7 @@ SerialSource::~SerialSource()
 
 QString SerialSource::description() const
 {
-    return QStringLiteral("serial:%1?baud=%2").arg(m_device).arg(m_baudRate);
+    return QStringLiteral("serial:%1?baud=%2").arg(m_device, QString::number(m_baudRate));
 }
 
 QString SerialSource::remedy() const

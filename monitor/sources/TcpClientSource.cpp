@@ -42,7 +42,7 @@ TcpClientSource::~TcpClientSource()
 
 QString TcpClientSource::description() const
 {
-    return QStringLiteral("tcp://%1:%2").arg(m_host).arg(m_port);
+    return QStringLiteral("tcp://%1:%2").arg(m_host, QString::number(m_port));
 }
 
 QString TcpClientSource::remedy() const

@@ -23,7 +23,7 @@ TcpServerSource::~TcpServerSource()
 
 QString TcpServerSource::description() const
 {
-    return QStringLiteral("tcp-listen://%1:%2").arg(m_address.toString()).arg(m_port);
+    return QStringLiteral("tcp-listen://%1:%2").arg(m_address.toString(), QString::number(m_port));
 }
 
 QString TcpServerSource::remedy() const

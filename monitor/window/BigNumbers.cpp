@@ -27,7 +27,7 @@ QString length(double value, const QString &unit)
 {
     return value == SpectrogramCalc::invalid
         ? QStringLiteral("-")
-        : QStringLiteral("%1 %2").arg(value, 0, 'f', 2).arg(unit);
+        : QStringLiteral("%1 %2").arg(QString::number(value, 'f', 2), unit);
 }
 
 } // namespace

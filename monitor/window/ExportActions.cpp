@@ -107,8 +107,8 @@ void ExportActions::save(const QString &path, double left, double right)
     const bool hasOlder = newest >= m_session.model().capacity() && left < plot->doubleData(1, 0);
     connect(running, &PlotDataExport::finished, this, [=](bool complete) {
         if (complete)
-            Q_EMIT m_session.noted(
-                QStringLiteral("%1 readings were saved to %2").arg(running->rows()).arg(path));
+            Q_EMIT m_session.noted(QStringLiteral("%1 readings were saved to %2")
+                                       .arg(QString::number(running->rows()), path));
         else if (!running->errorString().isEmpty())
             Q_EMIT m_session.noted(
                 QStringLiteral("ERROR %1 was not saved: %2. Save to another disk, or make room")

@@ -86,9 +86,7 @@ QString SourceNotice::silenceText() const
     if (bad > 0)
         return tr("%1: none of %2 lines could be read; the first was %3. A line must be "
                   "t,v1,v2,... with decimal points.")
-            .arg(source.description())
-            .arg(bad)
-            .arg(m_firstRefused);
+            .arg(source.description(), QString::number(bad), m_firstRefused);
     const QString why = source.emptyReason();
     if (source.state() == Source::State::Finished)
         return why.isEmpty() ? tr("%1 contains no readings.").arg(source.description())

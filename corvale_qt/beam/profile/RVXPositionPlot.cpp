@@ -265,8 +265,10 @@ ChartWords PositionPlot::words() const
         return {RVXPositionPlot::tr("no position yet"), QString()};
     return {RVXPositionPlot::tr("newest position"),
             QStringLiteral("%1 %2; %3 %4")
-                .arg(axisTitle(xBottom).text(), QString::number(m_trailX.last(), 'g', 4))
-                .arg(axisTitle(yLeft).text(), QString::number(m_trailY.last(), 'g', 4))};
+                .arg(axisTitle(xBottom).text(),
+                     QString::number(m_trailX.last(), 'g', 4),
+                     axisTitle(yLeft).text(),
+                     QString::number(m_trailY.last(), 'g', 4))};
 }
 
 void PositionPlot::append(double x, double y)

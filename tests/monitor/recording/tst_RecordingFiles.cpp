@@ -104,7 +104,7 @@ private Q_SLOTS:
     {
         QFETCH(double, seconds);
         QFETCH(qint64, bytes);
-        Recording r(path("a.csv"));
+        Recording r(path("a%2.csv")); // is no place for a number
         r.options.rotateSeconds = seconds;
         r.options.rotateBytes = bytes;
         QVERIFY(r.begin());
@@ -118,7 +118,8 @@ private Q_SLOTS:
         QVERIFY(files >= 3);
         QStringList all;
         for (int i = 1; i <= files; ++i) {
-            const QString file = m_dir->filePath(i == 1 ? "a.csv" : QString("a-%1.csv").arg(i));
+            const QString file =
+                m_dir->filePath(i == 1 ? "a%2.csv" : "a%2-" + QString::number(i) + ".csv");
             QVERIFY(i == files || QFileInfo(file).size() >= bytes);
             QStringList lines = readTable(file).split(" | ");
             if (lines.first().isEmpty())

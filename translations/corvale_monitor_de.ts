@@ -1078,6 +1078,22 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>compressing %1, %2 %</source>
         <translation>%1 wird komprimiert, %2 %</translation>
     </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>ALARM: %1 über %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>ALARM: %1 unter %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>WARNUNG: %1 über %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>WARNUNG: %1 unter %2</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1420,14 +1436,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>%1 is the source; record to another file</source>
         <translation>%1 ist die Quelle; in eine andere Datei aufzeichnen</translation>
     </message>
-    <message>
-        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
-        <translation>die Aufzeichnung %1 ist unvollständig, %2 Messwerte fehlen%3</translation>
-    </message>
-    <message>
-        <source>: %1</source>
-        <translation>: %1</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::SettingsDialog</name>
@@ -1630,6 +1638,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>&amp;File...</source>
         <translation>&amp;Datei...</translation>
+    </message>
+    <message>
+        <source>&amp;Verdicts</source>
+        <translation>&amp;Urteile</translation>
     </message>
 </context>
 <context>
@@ -2595,6 +2607,77 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>„%1“ ist kein Wert in %2. Zum Beispiel -20 schreiben oder mit Einheit 250 pA.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::VerdictPage</name>
+    <message>
+        <source>Res&amp;iduals, poor:</source>
+        <translation>R&amp;esiduen, schlecht:</translation>
+    </message>
+    <message>
+        <source>R&amp;2:</source>
+        <translation>R&amp;2:</translation>
+    </message>
+    <message>
+        <source>A fit with a smaller R2 is poor.</source>
+        <translation>Ein Fit mit kleinerem R2 ist schlecht.</translation>
+    </message>
+    <message>
+        <source>Cha&amp;rge in bad cells:</source>
+        <translation>&amp;Ladung in kranken Zellen:</translation>
+    </message>
+    <message>
+        <source>&amp;Background:</source>
+        <translation>Unter&amp;grund:</translation>
+    </message>
+    <message>
+        <source>Resid&amp;uals, not valid:</source>
+        <translation>Re&amp;siduen, ungültig:</translation>
+    </message>
+    <message>
+        <source>&amp;Widest sigma:</source>
+        <translation>Größtes Sig&amp;ma:</translation>
+    </message>
+    <message>
+        <source>&amp;Peak over noise:</source>
+        <translation>S&amp;pitze über Rauschen:</translation>
+    </message>
+    <message>
+        <source>Profile, histogram and report say &quot;DATA VALID&quot;, &quot;DATA VALID, FIT POOR&quot; or &quot;DATA NOT VALID&quot; by these limits. A detector whose description states limits of its own (its key &quot;verdict&quot;) is judged by those alone. --stats takes these limits from --settings FILE.</source>
+        <translation>Profil, Histogramm und Bericht sagen nach diesen Grenzen &quot;DATEN GÜLTIG&quot;, &quot;DATEN GÜLTIG, FIT SCHLECHT&quot; oder &quot;DATEN UNGÜLTIG&quot;. Ein Detektor, dessen Beschreibung eigene Grenzen nennt (Schlüssel &quot;verdict&quot;), wird nur nach diesen beurteilt. --stats nimmt diese Grenzen aus --settings DATEI.</translation>
+    </message>
+    <message>
+        <source>%1 Usual: %2.</source>
+        <translation>%1 Üblich: %2.</translation>
+    </message>
+    <message>
+        <source>Usua&amp;l limits</source>
+        <translation>Ü&amp;bliche Grenzen</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is poor.</source>
+        <translation>Ein Fit, dessen Residuen (RMS über Spitze) größer sind, ist schlecht.</translation>
+    </message>
+    <message>
+        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <translation>Ein Fit ist schlecht, wenn so viel der Ladung in toten, heißen oder gesättigten Zellen liegt.</translation>
+    </message>
+    <message>
+        <source>An estimate that does not subtract a background this large, over the peak, is poor.</source>
+        <translation>Eine Schätzung, die einen so großen Untergrund (über Spitze) nicht abzieht, ist schlecht.</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is not valid.</source>
+        <translation>Ein Fit, dessen Residuen (RMS über Spitze) größer sind, ist nicht gültig.</translation>
+    </message>
+    <message>
+        <source>A result with a wider sigma, over the length of the detector, is not valid.</source>
+        <translation>Ein Ergebnis mit größerem Sigma, bezogen auf die Länge des Detektors, ist nicht gültig.</translation>
+    </message>
+    <message>
+        <source>A peak that is lower than so many times the noise is no beam.</source>
+        <translation>Eine Spitze unter so vielen Rauschbreiten ist kein Strahl.</translation>
     </message>
 </context>
 <context>

@@ -1078,6 +1078,22 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>compressing %1, %2 %</source>
         <translation>compression de %1, %2 %</translation>
     </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>ALARME : %1 au-dessus de %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>ALARME : %1 au-dessous de %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>AVERTISSEMENT : %1 au-dessus de %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>AVERTISSEMENT : %1 au-dessous de %2</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1420,14 +1436,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>%1 is the source; record to another file</source>
         <translation>%1 est la source&#xa0;; enregistrer dans un autre fichier</translation>
     </message>
-    <message>
-        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
-        <translation>l&apos;enregistrement %1 est incomplet, %2 mesures manquent%3</translation>
-    </message>
-    <message>
-        <source>: %1</source>
-        <translation>&#xa0;: %1</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::SettingsDialog</name>
@@ -1630,6 +1638,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>&amp;File...</source>
         <translation>&amp;Fichier...</translation>
+    </message>
+    <message>
+        <source>&amp;Verdicts</source>
+        <translation>&amp;Verdicts</translation>
     </message>
 </context>
 <context>
@@ -2595,6 +2607,77 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>«&#xa0;%1&#xa0;» n&apos;est pas une valeur en %2. En écrire une comme -20, ou avec son unité comme 250 pA.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::VerdictPage</name>
+    <message>
+        <source>Res&amp;iduals, poor:</source>
+        <translation>Rési&amp;dus, médiocre :</translation>
+    </message>
+    <message>
+        <source>R&amp;2:</source>
+        <translation>R&amp;2 :</translation>
+    </message>
+    <message>
+        <source>A fit with a smaller R2 is poor.</source>
+        <translation>Un ajustement dont R2 est plus petit est médiocre.</translation>
+    </message>
+    <message>
+        <source>Cha&amp;rge in bad cells:</source>
+        <translation>&amp;Charge dans de mauvaises cellules :</translation>
+    </message>
+    <message>
+        <source>&amp;Background:</source>
+        <translation>Fo&amp;nd :</translation>
+    </message>
+    <message>
+        <source>Resid&amp;uals, not valid:</source>
+        <translation>Résid&amp;us, non valide :</translation>
+    </message>
+    <message>
+        <source>&amp;Widest sigma:</source>
+        <translation>Si&amp;gma le plus large :</translation>
+    </message>
+    <message>
+        <source>&amp;Peak over noise:</source>
+        <translation>&amp;Pic sur bruit :</translation>
+    </message>
+    <message>
+        <source>Profile, histogram and report say &quot;DATA VALID&quot;, &quot;DATA VALID, FIT POOR&quot; or &quot;DATA NOT VALID&quot; by these limits. A detector whose description states limits of its own (its key &quot;verdict&quot;) is judged by those alone. --stats takes these limits from --settings FILE.</source>
+        <translation>Profil, histogramme et rapport disent « DONNÉES VALIDES », « DONNÉES VALIDES, AJUSTEMENT MÉDIOCRE » ou « DONNÉES NON VALIDES » selon ces limites. Un détecteur dont la description donne ses propres limites (sa clé « verdict ») est jugé selon celles-ci seulement. --stats prend ces limites dans --settings FICHIER.</translation>
+    </message>
+    <message>
+        <source>%1 Usual: %2.</source>
+        <translation>%1 Habituel : %2.</translation>
+    </message>
+    <message>
+        <source>Usua&amp;l limits</source>
+        <translation>&amp;Limites habituelles</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is poor.</source>
+        <translation>Un ajustement dont les résidus (RMS sur le pic) sont plus grands est médiocre.</translation>
+    </message>
+    <message>
+        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <translation>Un ajustement est médiocre si cette part de la charge se trouve dans des cellules mortes, chaudes ou saturées.</translation>
+    </message>
+    <message>
+        <source>An estimate that does not subtract a background this large, over the peak, is poor.</source>
+        <translation>Une estimation qui ne soustrait pas un fond aussi grand (sur le pic) est médiocre.</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is not valid.</source>
+        <translation>Un ajustement dont les résidus (RMS sur le pic) sont plus grands n&apos;est pas valide.</translation>
+    </message>
+    <message>
+        <source>A result with a wider sigma, over the length of the detector, is not valid.</source>
+        <translation>Un résultat dont le sigma, rapporté à la longueur du détecteur, est plus large n&apos;est pas valide.</translation>
+    </message>
+    <message>
+        <source>A peak that is lower than so many times the noise is no beam.</source>
+        <translation>Un pic plus bas que tant de fois le bruit n&apos;est pas un faisceau.</translation>
     </message>
 </context>
 <context>

@@ -1078,6 +1078,22 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>compressing %1, %2 %</source>
         <translation>%1 を圧縮中、%2 %</translation>
     </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>警報: %1 が %2 を超過</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>警報: %1 が %2 を下回る</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>警告: %1 が %2 を超過</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>警告: %1 が %2 を下回る</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1420,14 +1436,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>%1 is the source; record to another file</source>
         <translation>%1 はソースです。別のファイルに記録してください</translation>
     </message>
-    <message>
-        <source>the recording %1 is incomplete, %2 readings are missing%3</source>
-        <translation>記録 %1 は不完全です。%2 個の測定値がありません%3</translation>
-    </message>
-    <message>
-        <source>: %1</source>
-        <translation>: %1</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::SettingsDialog</name>
@@ -1630,6 +1638,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>&amp;File...</source>
         <translation>ファイル(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>&amp;Verdicts</source>
+        <translation>判定(&amp;V)</translation>
     </message>
 </context>
 <context>
@@ -2595,6 +2607,77 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>「%1」は %2 の値ではありません。-20 のように、または単位を付けて 250 pA のように入力してください。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::VerdictPage</name>
+    <message>
+        <source>Res&amp;iduals, poor:</source>
+        <translation>残差、不良(&amp;I):</translation>
+    </message>
+    <message>
+        <source>R&amp;2:</source>
+        <translation>R2(&amp;2):</translation>
+    </message>
+    <message>
+        <source>A fit with a smaller R2 is poor.</source>
+        <translation>R2 がこれより小さいフィットは不良です。</translation>
+    </message>
+    <message>
+        <source>Cha&amp;rge in bad cells:</source>
+        <translation>不良セルの電荷(&amp;R):</translation>
+    </message>
+    <message>
+        <source>&amp;Background:</source>
+        <translation>バックグラウンド(&amp;B):</translation>
+    </message>
+    <message>
+        <source>Resid&amp;uals, not valid:</source>
+        <translation>残差、無効(&amp;U):</translation>
+    </message>
+    <message>
+        <source>&amp;Widest sigma:</source>
+        <translation>最大のシグマ(&amp;W):</translation>
+    </message>
+    <message>
+        <source>&amp;Peak over noise:</source>
+        <translation>ピーク対ノイズ(&amp;P):</translation>
+    </message>
+    <message>
+        <source>Profile, histogram and report say &quot;DATA VALID&quot;, &quot;DATA VALID, FIT POOR&quot; or &quot;DATA NOT VALID&quot; by these limits. A detector whose description states limits of its own (its key &quot;verdict&quot;) is judged by those alone. --stats takes these limits from --settings FILE.</source>
+        <translation>プロファイル、ヒストグラム、レポートは、これらの限界によって「データ有効」「データ有効、フィット不良」「データ無効」と表示します。記述に独自の限界（キー &quot;verdict&quot;）がある検出器は、その限界だけで判定されます。--stats はこれらの限界を --settings FILE から取ります。</translation>
+    </message>
+    <message>
+        <source>%1 Usual: %2.</source>
+        <translation>%1 標準: %2。</translation>
+    </message>
+    <message>
+        <source>Usua&amp;l limits</source>
+        <translation>標準の限界(&amp;L)</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is poor.</source>
+        <translation>残差（ピークに対する RMS）がこれより大きいフィットは不良です。</translation>
+    </message>
+    <message>
+        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <translation>電荷のこの割合が不感・ホット・飽和セルにあるフィットは不良です。</translation>
+    </message>
+    <message>
+        <source>An estimate that does not subtract a background this large, over the peak, is poor.</source>
+        <translation>ピークに対してこれほど大きいバックグラウンドを差し引かない推定は不良です。</translation>
+    </message>
+    <message>
+        <source>A fit whose residuals (rms over the peak) are larger is not valid.</source>
+        <translation>残差（ピークに対する RMS）がこれより大きいフィットは無効です。</translation>
+    </message>
+    <message>
+        <source>A result with a wider sigma, over the length of the detector, is not valid.</source>
+        <translation>検出器の長さに対するシグマがこれより大きい結果は無効です。</translation>
+    </message>
+    <message>
+        <source>A peak that is lower than so many times the noise is no beam.</source>
+        <translation>ノイズのこの倍数より低いピークはビームではありません。</translation>
     </message>
 </context>
 <context>

@@ -367,6 +367,10 @@
         <source>is not a number from 0 on</source>
         <translation>ist keine Zahl ab 0</translation>
     </message>
+    <message>
+        <source>all other cells read 0: hot, or a beam narrower than a cell</source>
+        <translation>alle anderen Zellen lesen 0: heiß, oder ein Strahl schmaler als eine Zelle</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -367,6 +367,10 @@
         <source>is not a number from 0 on</source>
         <translation>n&apos;est pas un nombre à partir de 0</translation>
     </message>
+    <message>
+        <source>all other cells read 0: hot, or a beam narrower than a cell</source>
+        <translation>toutes les autres cellules lisent 0 : chaude, ou un faisceau plus étroit qu&apos;une cellule</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -367,6 +367,10 @@
         <source>is not a number from 0 on</source>
         <translation>は 0 以上の数値ではありません</translation>
     </message>
+    <message>
+        <source>all other cells read 0: hot, or a beam narrower than a cell</source>
+        <translation>他のすべてのセルが 0 です：ホットセル、またはセルより細いビーム</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -2,6 +2,7 @@
 #include "monitor/dialogs/SettingsDialog.h"
 
 #include "monitor/dialogs/Explanation.h"
+#include "monitor/dialogs/VerdictPage.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
 #include <corvale_qt/settings/Translations.h>
@@ -93,6 +94,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     , m_folder(newEdit(this, "folder", tr("record nothing by itself")))
     , m_rotation(newEdit(this, "rotation", tr("never")))
     , m_compress(new QCheckBox(tr("Co&mpress each file once it is complete"), this))
+    , m_verdicts(new VerdictPage(this))
     , m_fault(new QLabel(this))
 {
     setObjectName(QStringLiteral("settingsDialog"));
@@ -101,6 +103,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     pages->addTab(newStartPage(settingsFile), tr("&Start"));
     pages->addTab(newFilePage(), tr("&Files"));
     pages->addTab(newReadingsPage(), tr("R&eadings"));
+    pages->addTab(m_verdicts, tr("&Verdicts"));
     pages->addTab(newRecordPage(), tr("Re&cordings"));
     m_fault->setTextFormat(Qt::PlainText);
     m_fault->setWordWrap(true);
@@ -280,6 +283,7 @@ void SettingsDialog::fill()
     m_detector->setText(m_former.detectorFile);
     if (m_former.minimumSum != 0.0)
         m_minimumSum->setText(numberOrNothing(m_former.minimumSum));
+    m_verdicts->setLimits(m_former.verdictLimits);
     m_folder->setText(m_former.recordFolder);
     m_rotation->setText(m_former.rotation);
     m_compress->setChecked(m_former.compress);
@@ -299,6 +303,7 @@ MonitorOptions SettingsDialog::options() const
     readNumber(m_high, 0.0, &options.rangeHigh);
     options.detectorFile = m_detector->text().trimmed();
     readNumber(m_minimumSum, 0.0, &options.minimumSum);
+    options.verdictLimits = m_verdicts->limits();
     options.recordFolder = m_folder->text().trimmed();
     options.rotation = m_rotation->text().trimmed();
     options.compress = m_compress->isChecked();

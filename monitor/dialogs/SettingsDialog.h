@@ -14,7 +14,9 @@ class QLineEdit;
 
 namespace Monitor {
 
-//! Asks for what the command line can also say: the language, how files are played, limits, the detector, and recordings.
+class VerdictPage;
+
+//! Asks for what the command line can also say: the language, how files are played, limits, the detector, verdicts, and recordings.
 class SettingsDialog : public QDialog
 {
     Q_OBJECT
@@ -55,6 +57,7 @@ private:
     QLineEdit *m_folder;
     QLineEdit *m_rotation;
     QCheckBox *m_compress;
+    VerdictPage *m_verdicts;
     QLabel *m_fault;
 };
 

@@ -12,6 +12,8 @@
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
 #include "monitor/statistics/StatisticsReport.h"
+#include "monitor/window/KeptOptions.h"
+#include "monitor/window/WindowSettings.h"
 
 #include <QEventLoop>
 
@@ -266,8 +268,7 @@ int HeadlessRun::report()
                  + (why.isEmpty() ? why : QStringLiteral(": ") + why));
     else if (bad > 0)
         complain(tr("%1: %2 lines could not be used; --check shows them")
-                     .arg(m_source->description())
-                     .arg(bad));
+                     .arg(m_source->description(), QString::number(bad)));
     const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
         || m_readingsLeftOut || m_isDamaged || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;
@@ -291,7 +292,11 @@ void HeadlessRun::printStatistics()
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
-    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels);
+    // Without --settings, a report is the same for every user.
+    const auto limits = m_commandLine.settings.isEmpty()
+        ? Corvale_Qt::VerdictLimits()
+        : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
+    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, limits);
     applyVerdicts(report.estimates, report.fits);
     report.leftOut = m_leftOutCount;
     report.spotErrors = spotErrors();

@@ -74,7 +74,8 @@ QVector<OptionText> optionTexts()
         {"overwrite", "", Text::tr("Let --record and --convert replace an existing file.")},
         {"settings",
          "FILE",
-         Text::tr("Keep settings and window layout in this file; each file has one window.")},
+         Text::tr("Keep settings and window layout in this file; each file has one window. --stats "
+                  "takes its limits of verdicts from it.")},
         {"language",
          "CODE",
          Text::tr("Show texts in this language: de, en, fr or ja. Without it a window has that of "

@@ -68,9 +68,10 @@ void WindowRun::chooseOptions()
     m_options.file = m_commandLine.file;
     m_options.rangeLow = m_commandLine.rangeLow;
     m_options.rangeHigh = m_commandLine.rangeHigh;
+    const WindowSettings settings(settingsFile());
+    m_options.verdictLimits = keptOptions(settings).verdictLimits;
     if (isPicture())
         return;
-    const WindowSettings settings(settingsFile());
     m_options = keptOptions(settings);
     const double keptSpeed = m_options.file.speed;
     m_options.file = m_commandLine.file;

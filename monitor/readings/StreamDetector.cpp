@@ -42,4 +42,19 @@ DetectorLayout detectorOf(const StreamHeader &header)
         : DetectorLayout::fromDescription(countedMatrix(pixels.rows, pixels.columns));
 }
 
+VerdictLimits verdictLimitsOn(const DetectorLayout &detector, const VerdictLimits &chosen)
+{
+    const DetectorDescription &description = detector.description();
+    return description.hasOwnVerdictLimits() ? description.verdictLimits : chosen;
+}
+
+DetectorLayout withVerdictLimits(const DetectorLayout &detector, const VerdictLimits &chosen)
+{
+    if (detector.isEmpty())
+        return detector;
+    DetectorDescription description = detector.description();
+    description.verdictLimits = verdictLimitsOn(detector, chosen);
+    return DetectorLayout::fromDescription(description);
+}
+
 } // namespace Monitor

@@ -15,4 +15,11 @@ Corvale_Qt::DetectorDescription countedStrips(int ofX, int ofY);
     such places. */
 Corvale_Qt::DetectorLayout detectorOf(const StreamHeader &header);
 
+//! Returns the limits of verdicts on a detector: its own if it states any, and otherwise those that a person has \a chosen.
+Corvale_Qt::VerdictLimits verdictLimitsOn(const Corvale_Qt::DetectorLayout &detector,
+                                          const Corvale_Qt::VerdictLimits &chosen);
+//! Returns the detector with the limits of verdictLimitsOn() in its description.
+Corvale_Qt::DetectorLayout withVerdictLimits(const Corvale_Qt::DetectorLayout &detector,
+                                             const Corvale_Qt::VerdictLimits &chosen);
+
 } // namespace Monitor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/sources/FileSource.h"
+#include <corvale_qt/detector/VerdictLimits.h>
 
 #include <QString>
 
@@ -26,6 +27,8 @@ struct MonitorOptions
     QString detectorFile;
     //! Position displays say "no beam" if a reading adds up to less, in its unit; 0 for any beam.
     double minimumSum = 0.0;
+    //! By which estimates on detectors are judged that state no limits of their own.
+    Corvale_Qt::VerdictLimits verdictLimits;
     //! Where every source is recorded as soon as it is opened; empty for nowhere.
     QString recordFolder;
     //! When a recording begins a new file: "1h", "100M", or empty for never.

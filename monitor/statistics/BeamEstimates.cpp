@@ -40,9 +40,8 @@ QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
 void estimatePlane(const DetectorFrame &frame,
                    DetectorLayout::Axis axis,
                    const QString &plane,
-                   std::vector<PlaneEstimate> *planes)
+                   LastEstimates *last)
 {
-    const VerdictLimits &limits = frame.layout.description().verdictLimits;
     BeamProfile profile = frame.profile(axis);
     flagHotCells(profile);
     const std::pair<const char *, BeamEstimate> estimates[] = {
@@ -53,16 +52,18 @@ void estimatePlane(const DetectorFrame &frame,
         {"half_maximum", halfMaximumWidth(profile)},
         {"second_moment", secondMomentWidth(profile)}};
     for (const auto &[name, estimate] : estimates)
-        planes->push_back({plane,
-                           QLatin1String(name),
-                           estimate,
-                           judgeEstimate(profile, estimate, limits),
-                           unitOf(frame.layout, axis)});
+        last->planes.push_back({plane,
+                                QLatin1String(name),
+                                estimate,
+                                judgeEstimate(profile, estimate, last->limits),
+                                unitOf(frame.layout, axis)});
 }
 
 } // namespace
 
-LastEstimates estimatesOfLastReading(const StreamStatistics &statistics, bool channelsAreProfile)
+LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
+                                     bool channelsAreProfile,
+                                     const VerdictLimits &chosenLimits)
 {
     using Axis = DetectorLayout::Axis;
     LastEstimates last;
@@ -75,13 +76,14 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics, bool ch
     frame.flagHotCellsOfMatrix();
     last.leftOut = LeftOut::of(frame, header.readingUnit());
     last.image = secondMomentImage(frame.image());
+    last.limits = verdictLimitsOn(layout, chosenLimits);
     last.unit = unitOf(layout, Axis::X);
     const bool oneProfile = header.detector.isEmpty() && header.kind == StreamKind::Channels;
     for (const auto &[axis, name] :
          {std::pair(Axis::X, oneProfile ? "all" : "x"), std::pair(Axis::Y, "y")}) {
         if (layout.cells(axis) == 0)
             continue;
-        estimatePlane(frame, axis, QLatin1String(name), &last.planes);
+        estimatePlane(frame, axis, QLatin1String(name), &last);
     }
     return last;
 }

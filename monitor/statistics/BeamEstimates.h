@@ -31,13 +31,16 @@ struct LastEstimates
     LeftOut leftOut; //!< readings other than 0 that belong to no cell
     //! The second moments of a matrix, less the background of its corners; not usable for other detectors.
     Corvale_Qt::ImageMoments image;
+    Corvale_Qt::VerdictLimits limits; //!< by which the estimates are judged
     QString unit; //!< of the moments' lengths; "cells" where the detector is not described
 };
 
 /*! Returns all estimates of the latest reading, on the detector of the stream. Without one, positions are counted in cells from 1,
     and strips are shared evenly between x and y. Hot cells are looked for. There are no estimates of spots, of detectors without
-    places, and of channels that nothing places, unless \a channelsAreProfile says that they are neighbours in their order. */
+    places, and of channels that nothing places, unless \a channelsAreProfile says that they are neighbours in their order. \a chosenLimits judge estimates on a detector that
+    states no limits of its own. */
 LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
-                                     bool channelsAreProfile = false);
+                                     bool channelsAreProfile = false,
+                                     const Corvale_Qt::VerdictLimits &chosenLimits = {});
 
 } // namespace Monitor

@@ -299,6 +299,14 @@ QJsonArray jsonEstimates(const LastEstimates &last)
     return array;
 }
 
+QJsonObject jsonVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
+{
+    QJsonObject object;
+    for (const Corvale_Qt::VerdictLimitField &field : Corvale_Qt::verdictLimitFields)
+        object.insert(QLatin1String(field.key), limits.*field.limit);
+    return object;
+}
+
 QJsonObject jsonDetector(const StatisticsReport &report)
 {
     const StreamHeader &header = report.statistics->header();
@@ -376,7 +384,12 @@ void writeEstimates(QTextStream &out, const LastEstimates &last)
     if (last.planes.empty())
         return;
     constexpr int planeWidth = 5;
-    out << "\nEstimates of the last reading\n";
+    out << "\nEstimates of the last reading";
+    const Corvale_Qt::VerdictLimits usual;
+    for (const Corvale_Qt::VerdictLimitField &field : Corvale_Qt::verdictLimitFields)
+        if (last.limits.*field.limit != usual.*field.limit)
+            out << ", " << field.key << " " << number(last.limits.*field.limit);
+    out << "\n";
     writeRow(out,
              QStringLiteral("plane"),
              planeWidth,
@@ -449,6 +462,7 @@ QByteArray StatisticsReport::json() const
         {"fits", jsonFits(fits)},
         {"detector", jsonDetector(*this)},
         {"estimates", jsonEstimates(estimates)},
+        {"verdict_limits", jsonVerdictLimits(estimates.limits)},
         {"image", jsonImage(estimates)},
     };
     if (spotErrors)

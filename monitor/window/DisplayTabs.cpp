@@ -133,9 +133,7 @@ void DisplayTabs::beginStream()
     setTab(m_position, tr("Position"), m_frames.hasPosition());
     setTab(m_spotMap, tr("Spot map"), m_spots.hasSpots());
     setTab(m_comparison, tr("Position errors"), m_comparison->isPresent());
-    // The channels of a stream of frames are no cells.
-    m_scope->plotView()->setDetectorLayout(header.hasFrames() ? DetectorLayout()
-                                                              : detectorOf(header));
+    showDetectorInScope();
     if (header.hasRange() && !header.hasFrames())
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else
@@ -149,6 +147,22 @@ void DisplayTabs::beginStream()
     else if (m_spots.hasSpots())
         setCurrentWidget(m_spotMap);
     showSpanControl();
+}
+
+void DisplayTabs::showDetectorInScope()
+{
+    const StreamHeader &header = m_session.model().header();
+    // The channels of a stream of frames are no cells.
+    m_scope->plotView()->setDetectorLayout(
+        header.hasFrames() ? DetectorLayout()
+                           : withVerdictLimits(detectorOf(header), m_verdictLimits));
+}
+
+void DisplayTabs::setVerdictLimits(const VerdictLimits &limits)
+{
+    m_verdictLimits = limits;
+    m_frames.setVerdictLimits(limits);
+    showDetectorInScope();
 }
 
 //! Shows the control while a strip chart can be seen that has its span.

@@ -50,6 +50,8 @@ public:
     //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
     //! Has the position say "no beam" where the readings, in their unit, add up to less.
+    //! Sets the limits of the verdicts of profile and histogram, at once; a detector that states its own is judged by those.
+    void setVerdictLimits(const Corvale_Qt::VerdictLimits &limits);
     void setMinimumSum(double sum) { m_position->setMinimumSum(sum); }
     //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;
@@ -61,6 +63,7 @@ Q_SIGNALS:
 private:
     void beginStream();
     void showBaselineOn(const QList<QWidget *> &displays);
+    void showDetectorInScope();
     void showSpanControl();
     QList<QWidget *> optionalDisplays() const;
     void setTab(QWidget *page, const QString &title, bool present);
@@ -78,6 +81,7 @@ private:
     FrameFeeder m_frames;
     SpotLayers m_spots;
     SpotComparison *m_comparison;
+    Corvale_Qt::VerdictLimits m_verdictLimits;
 };
 
 } // namespace Monitor

@@ -132,6 +132,7 @@ void FrameFeeder::beginDetector()
     using Axis = Corvale_Qt::DetectorLayout::Axis;
     const StreamHeader &header = m_model->header();
     m_profile->setLayout(m_detector);
+    m_profile->setVerdictLimits(verdictLimitsOn(m_detector, m_verdictLimits));
     if (header.hasFrames()) // as the numbers in chart and table
         m_profile->setEstimator(Corvale_Qt::BeamEstimator::LeastSquares);
     // Without a unit the display would take the readings for coulombs.
@@ -143,6 +144,13 @@ void FrameFeeder::beginDetector()
     const auto [bottom, top] = roundedRange(reach.top(), reach.bottom());
     m_position->setXScale(left, right);
     m_position->setYScale(bottom, top);
+}
+
+void FrameFeeder::setVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
+{
+    m_verdictLimits = limits;
+    if (hasProfile())
+        m_profile->setVerdictLimits(verdictLimitsOn(m_detector, limits));
 }
 
 void FrameFeeder::feedRows(int first, int last)

@@ -28,6 +28,8 @@ public:
     void takeFrame(double time, const QVector<double> &values);
     //! Sets what is subtracted from each channel, in its base unit, and shows the last reading again; nothing if it is empty.
     void setZeros(const QVector<double> &zeros);
+    //! Sets the limits of the verdicts of the profile, on detectors that state none of their own.
+    void setVerdictLimits(const Corvale_Qt::VerdictLimits &limits);
     //! Returns whether the model's stream has profiles.
     bool hasProfile() const { return !m_detector.isEmpty(); }
     //! Returns whether the model's stream has positions.
@@ -60,6 +62,7 @@ private:
     Corvale_Qt::RVXSpectrogram *const m_profile;
     Corvale_Qt::RVXPositionPlot *const m_position;
     Corvale_Qt::DetectorLayout m_detector; //!< empty without profiles
+    Corvale_Qt::VerdictLimits m_verdictLimits;
     int m_left = -1, m_right = -1, m_up = -1, m_down = -1;
     std::vector<double> m_values;
     QVector<double> m_baseZeros;

@@ -3,6 +3,8 @@
 
 #include "monitor/window/WindowSettings.h"
 
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -30,6 +32,24 @@ QString exactText(double number)
     return QString::number(number, 'g', digits);
 }
 
+QString verdictKey(const Corvale_Qt::VerdictLimitField &field)
+{
+    return QStringLiteral("verdict-") + QLatin1String(field.key);
+}
+
+//! Returns the limits of verdicts; a limit that is not kept, or is no limit, is the usual one.
+Corvale_Qt::VerdictLimits keptVerdictLimits(const WindowSettings &settings)
+{
+    Corvale_Qt::VerdictLimits limits;
+    for (const Corvale_Qt::VerdictLimitField &field : Corvale_Qt::verdictLimitFields) {
+        bool isNumber = false;
+        const double limit = settings.text(verdictKey(field)).toDouble(&isNumber);
+        if (isNumber && limit >= 0.0 && std::isfinite(limit))
+            limits.*field.limit = limit;
+    }
+    return limits;
+}
+
 } // namespace
 
 MonitorOptions keptOptions(const WindowSettings &settings)
@@ -44,6 +64,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     options.rangeHigh = settings.text(highKey).toDouble();
     options.detectorFile = settings.text(detectorFileKey);
     options.minimumSum = settings.text(minimumSumKey).toDouble();
+    options.verdictLimits = keptVerdictLimits(settings);
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
     options.compress = settings.text(compressKey) == yes;
@@ -59,6 +80,8 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
     settings.setText(highKey, exactText(options.rangeHigh));
     settings.setText(detectorFileKey, options.detectorFile);
     settings.setText(minimumSumKey, exactText(options.minimumSum));
+    for (const Corvale_Qt::VerdictLimitField &field : Corvale_Qt::verdictLimitFields)
+        settings.setText(verdictKey(field), exactText(options.verdictLimits.*field.limit));
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);
     settings.setText(compressKey, options.compress ? yes : QString());

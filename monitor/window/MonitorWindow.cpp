@@ -68,6 +68,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     connect(new FileDrop(this), &FileDrop::dropped, m_sources, &SourceSwitch::open);
     connect(m_sources, &SourceSwitch::optionsChanged, this, [this](const MonitorOptions &options) {
         m_displays->setMinimumSum(options.minimumSum);
+        m_displays->setVerdictLimits(options.verdictLimits);
     });
 }
 

@@ -2,6 +2,7 @@
 #include "monitor/core/RunReport.h"
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
 #include "monitor/window/Baseline.h"
@@ -20,6 +21,8 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
+#include <corvale_qt/beam/profile/RVXSpectrogram.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
 
 using namespace Monitor;
 
@@ -294,6 +297,13 @@ private Q_SLOTS:
         type("minimumSum", "half");
         QVERIFY(fault().contains("is no number"));
         type("minimumSum", "0.5");
+        auto *residuals = dialog.findChild<QDoubleSpinBox *>("residual_rms");
+        residuals->setValue(30.0); // in percent
+        dialog.findChild<QDoubleSpinBox *>("peak_in_noise")->setValue(8.0);
+        QCOMPARE(dialog.options().verdictLimits.peakInNoise, 8.0);
+        clickButton(&dialog, "Usual limits");
+        QVERIFY(dialog.options().verdictLimits == Corvale_Qt::VerdictLimits());
+        residuals->setValue(7.5);
         dialog.findChild<QDoubleSpinBox *>("speed")->setValue(2.5);
         auto *languages = dialog.findChild<QComboBox *>("language");
         languages->setCurrentIndex(languages->findText("Deutsch"));
@@ -310,6 +320,8 @@ private Q_SLOTS:
         QCOMPARE(kept.rotation, QString("1h"));
         QVERIFY(kept.compress);
         QCOMPARE(kept.minimumSum, 0.5);
+        QCOMPARE(kept.verdictLimits.residualRms, 0.075);
+        QCOMPARE(kept.verdictLimits.background, Corvale_Qt::VerdictLimits().background);
         QCOMPARE(kept.detectorFile, QString("preset:strips64"));
         QVERIFY(std::isinf(kept.file.to)); // belongs to one file
     }
@@ -339,6 +351,38 @@ private Q_SLOTS:
             if (button->text() == "Close")
                 button->click();
         QCOMPARE(w.notice("crashNotice"), QString());
+    }
+
+    //! Profile and histogram are judged by the limits of the settings at once, unless the detector states its own.
+    void verdictLimitsHoldAtOnce()
+    {
+        SmallWindow w(file("verdicts.xui"));
+        auto *profile = w.window.displays().findChild<Corvale_Qt::RVXSpectrogram *>();
+        const auto *scope = w.window.displays().scope()->plotView();
+        std::vector<double> wavy; // a Gaussian with a ripple of a tenth of its peak
+        for (int i = 0; i < 64; ++i)
+            wavy.push_back(100 * std::exp(-0.5 * std::pow((i % 32 - 15.5) / 4, 2))
+                           + (i % 2 ? 10 : -10));
+        MonitorOptions patient;
+        patient.verdictLimits = {0.5, 0.1, 1, 1, 1, 0, 1};
+        for (const bool hasOwn : {false, true}) {
+            Corvale_Qt::DetectorDescription strips = countedStrips(32, 32);
+            strips.verdictLimitsStated = hasOwn;
+            StreamHeader header;
+            header.kind = StreamKind::Strips;
+            header.channels = StreamHeader::defaultChannels(header.kind, 64);
+            header.setDetector(Corvale_Qt::DetectorLayout::fromDescription(strips));
+            w.window.sources().setOptions(MonitorOptions());
+            w.source->begin(header);
+            w.source->give(hasOwn ? 2.0 : 1.0, wavy); // a frame of the same time would be ignored
+            w.settle();
+            QTRY_VERIFY(profile->shownResult().frame > (hasOwn ? 1 : 0));
+            QVERIFY(profile->verdict().validity != Corvale_Qt::BeamValidity::Valid);
+            w.window.sources().setOptions(patient);
+            QCOMPARE(profile->verdict().validity == Corvale_Qt::BeamValidity::Valid, !hasOwn);
+            QVERIFY((scope->detectorLayout().description().verdictLimits == patient.verdictLimits)
+                    == !hasOwn);
+        }
     }
 
     void clearingIsAskedAndUndone()

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <corvale_qt/detector/VerdictLimits.h>
+
+#include <QWidget>
+
+#include <array>
+
+class QDoubleSpinBox;
+class QFormLayout;
+
+namespace Monitor {
+
+//! The limits by which profile, histogram and report judge estimates, each with its meaning and its usual value.
+class VerdictPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VerdictPage(QWidget *parent = nullptr);
+
+    //! Returns what the fields say.
+    Corvale_Qt::VerdictLimits limits() const;
+    void setLimits(const Corvale_Qt::VerdictLimits &limits);
+
+private:
+    void addLimit(QFormLayout *form, std::size_t index);
+
+    std::array<QDoubleSpinBox *, Corvale_Qt::verdictLimitFields.size()> m_boxes{};
+};
+
+} // namespace Monitor

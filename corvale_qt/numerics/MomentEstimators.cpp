@@ -17,7 +17,7 @@ using namespace SecondMomentMethod;
 
 //! From this round on the area moves half as far: noise at its ends may let it jump between two places for ever.
 constexpr int kFirstHalfStep = 20;
-constexpr int kMostRounds = 2 * kMostIterations; // half steps need more
+constexpr int kMostAreas = 2 * kMostIterations; // half steps need more
 constexpr double kConverged = 1e-9;
 
 /*! The moments of the charge above a background, where each cell counts with a share between 0 and 1. */
@@ -159,7 +159,7 @@ BeamEstimate secondMomentWidth(const BeamProfile &given)
     ChargeMoments moments(profile, endBackground(profile, atEachEnd));
     bool clipped = false;
     double lower = profile.lowerEdge(), upper = profile.upperEdge();
-    for (int round = 0; round < kMostRounds; ++round) {
+    for (int round = 0; round < kMostAreas; ++round) {
         const double mean = moments.mean, sigma = moments.sigma;
         if (const EstimateStatus status = moments.compute(); status != EstimateStatus::Ok)
             return failed(status);

@@ -13,11 +13,11 @@ struct CORVALE_QT_EXPORT VerdictLimits
     double residualRms = 0.05; //!< a larger one makes the fit poor
     double rSquared = 0.95; //!< a smaller one makes the fit poor
     double flaggedShare =
-        0.05; //!< so much charge in dead, hot and saturated cells makes the fit poor
+        0.05; //!< a larger share of the charge in dead, hot and saturated cells makes the fit poor
     double worstResidualRms = 0.20; //!< a larger one makes the estimate not valid
     double widestSigma = 0.5; //!< a sigma above this part of the detector's length is not valid
-    double peakInNoise = 5; //!< a peak of fewer noises above the background is no beam
-    //! So large a background, over the peak, makes an estimate poor that does not subtract it.
+    double peakInNoise = 5; //!< a lower peak, in units of the noise, is not taken for a beam
+    //! An estimate that does not subtract the background is poor above this ratio of background to peak.
     double background = 0.02;
 
     //! Returns whether all limits are the same.

@@ -13,8 +13,8 @@ constexpr double kSigmaPerMedianSize = 1.4826; // of a normal distribution
 constexpr int kReach = 2; //!< neighbours on each side in a profile
 constexpr int kLeastNeighbours = 2;
 constexpr int kEnoughNeighbours = 4; //!< for a median
-constexpr double kWiggleInNoise = 3; //!< so far may a steady flank turn back
-//! So many differences tell the noise of a matrix well enough.
+constexpr double kWiggleInNoise = 3; //!< a steady flank may turn back by this much
+//! This many differences suffice to estimate the noise of a matrix.
 constexpr std::size_t kMostDifferences = 8192;
 
 double medianSize(std::vector<double> values)

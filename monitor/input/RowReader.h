@@ -49,9 +49,9 @@ public:
 
 protected:
     RowReader(const QVector<Channel> &channels, StreamKind kind);
-    //! For frames from these cells, whose values have that unit.
+    //! Reads frames from the cells of a detector; their values have the given unit.
     explicit RowReader(const Corvale_Qt::DetectorDescription &frames, const QString &unit = {});
-    //! For the frames or the channels that a plan found.
+    //! Reads the frames or the channels that a plan found in the columns.
     explicit RowReader(const ColumnPlan &plan);
 
 private:
@@ -66,7 +66,7 @@ class TimedRowReader : public RowReader
 {
 public:
     TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed);
-    //! For lines of which each is a frame from these cells.
+    //! Reads lines of which each holds one frame from the cells of a detector.
     TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
 

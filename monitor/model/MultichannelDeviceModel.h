@@ -71,7 +71,7 @@ private:
 
     StreamHeader m_header;
     std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> m_unit;
-    //! Of the computed channels whose unit is another one.
+    //! The units of the computed channels that differ from m_unit.
     std::vector<std::unique_ptr<Corvale_Qt::Units::MeasurementUnit>> m_ownUnits;
     ReadingBlock m_due;
     ReadingBlock m_waiting;

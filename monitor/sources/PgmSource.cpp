@@ -15,9 +15,9 @@ namespace Monitor {
 namespace {
 
 constexpr int imagePiece = 256 * 1024;
-//! So many frames are read ahead of those that are due.
+//! The number of frames that are read ahead of those that are due.
 constexpr std::size_t enough = 20;
-//! So many pieces are read in one go at most, because many images may be unreadable.
+//! The most pieces that are read in one go, because many images may be unreadable.
 constexpr int mostPieces = 64;
 
 //! Returns a text by which names are sorted as a person would: image2 comes before image10.

@@ -28,7 +28,7 @@ protected:
     void close() override;
 
 private:
-    //! What comes; not known before the first bytes.
+    //! What arrives on standard input, which is not known before its first bytes.
     enum class Content {
         Unknown,
         Lines,

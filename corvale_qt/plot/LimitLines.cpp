@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/plot/LimitLines_p.h"
 
 #include <qwt_scale_map.h>
@@ -14,9 +15,11 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr double kLimitLinesZ = 30.0; // above the curves, below the markers
-const QColor kShadow(0, 0, 0, 150); // a line is to be seen on a yellow bar as well
+// A line is to be seen on a bar as well, which is yellow on black and dark on white.
+const QColor kShadow(0, 0, 0, 150);
+const QColor kShadowOnWhite(255, 255, 255, 200);
 
-// The canvas is black in every palette. The dashes tell warnings from alarms without the colour.
+// The dashes tell warnings from alarms without the colour.
 const QColor kAlarm(255, 80, 70);
 const QColor kWarning(255, 190, 60);
 constexpr int kDash = 4;
@@ -34,20 +37,30 @@ QBrush dashes(const QColor &color)
     return brush;
 }
 
+QColor warningColor(bool isOnWhite)
+{
+    return isOnWhite ? colorOnWhite(kWarning) : kWarning;
+}
+
+const QBrush &warningDashes(bool isOnWhite)
+{
+    static const QBrush onBlack = dashes(warningColor(false));
+    static const QBrush onWhite = dashes(warningColor(true));
+    return isOnWhite ? onWhite : onBlack;
+}
+
 /*! Draws a line one pixel wide. On pixels an area of that height is filled, since a pen would blend pixel by pixel, which takes
     many times as long and gives the same picture. */
-void drawThin(QPainter *painter, const QLineF &line, bool isAlarm)
+void drawThin(QPainter *painter, const QLineF &line, bool isAlarm, bool isOnWhite)
 {
-    static const QBrush ofAlarm(kAlarm);
-    static const QBrush ofWarning = dashes(kWarning);
     if (painter->paintEngine()->type() == QPaintEngine::Raster) {
         const QRectF area(line.x1(), line.y1() - 0.5, line.dx(), 1.0);
         painter->setBrushOrigin(area.topLeft());
-        painter->fillRect(area, isAlarm ? ofAlarm : ofWarning);
+        painter->fillRect(area, isAlarm ? QBrush(kAlarm) : warningDashes(isOnWhite));
         return;
     }
     painter->setPen(isAlarm ? QPen(kAlarm, 1.0, Qt::SolidLine, Qt::FlatCap)
-                            : QPen(kWarning, 1.0, Qt::DashLine, Qt::FlatCap));
+                            : QPen(warningColor(isOnWhite), 1.0, Qt::DashLine, Qt::FlatCap));
     painter->drawLine(line);
 }
 
@@ -72,6 +85,7 @@ void LimitLines::draw(QPainter *painter,
                       const QwtScaleMap &yMap,
                       const QRectF &canvasRect) const
 {
+    const bool isOnWhite = hasWhiteCanvas(plot());
     for (const Line &line : m_lines) {
         const double y = std::round(yMap.transform(line.y));
         if (!(y >= canvasRect.top() && y <= canvasRect.bottom()))
@@ -80,9 +94,10 @@ void LimitLines::draw(QPainter *painter,
         const double left = isWhole ? canvasRect.left() : xMap.transform(line.x.minValue());
         const double right = isWhole ? canvasRect.right() : xMap.transform(line.x.maxValue());
         const QLineF shape(std::round(left), y, std::round(right), y);
-        painter->setPen(QPen(kShadow, 3.0, Qt::SolidLine, Qt::FlatCap));
+        painter->setPen(
+            QPen(isOnWhite ? kShadowOnWhite : kShadow, 3.0, Qt::SolidLine, Qt::FlatCap));
         painter->drawLine(shape);
-        drawThin(painter, shape, line.isAlarm);
+        drawThin(painter, shape, line.isAlarm, isOnWhite);
     }
 }
 

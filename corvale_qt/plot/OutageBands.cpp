@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/plot/OutageBands_p.h"
 
-#include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
 #include <QFontMetricsF>
@@ -59,7 +59,7 @@ void OutageBands::drawText(QPainter *painter, const QRectF &band) const
     const QFontMetricsF metrics(painter->font());
     if (band.width() < metrics.horizontalAdvance(m_text) + 2.0 * kMargin)
         return;
-    const bool isOnWhite = plot() && plot()->canvasBackground().color() == Qt::white;
+    const bool isOnWhite = hasWhiteCanvas(plot());
     painter->setPen(isOnWhite ? kTextOnWhite : kTextOnBlack);
     painter->drawText(band.adjusted(kMargin, kMargin, -kMargin, -kMargin),
                       Qt::AlignHCenter | Qt::AlignBottom | Qt::TextSingleLine,

@@ -1,21 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/scope/CanvasLook_p.h"
-
-#include <cmath>
 
 namespace Corvale_Qt {
 
 namespace {
-
-double linear(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double encoded(double light)
-{
-    return light <= 0.0031308 ? light * 12.92 : 1.055 * std::pow(light, 1.0 / 2.4) - 0.055;
-}
 
 QColor grey(int level)
 {
@@ -26,29 +15,12 @@ QColor grey(int level)
 
 CanvasLook CanvasLook::onBlack()
 {
-    return {Qt::black, grey(88), grey(48), QBrush(Qt::yellow)};
+    return {Qt::black, Qt::white, grey(88), grey(48), QBrush(Qt::yellow)};
 }
 
 CanvasLook CanvasLook::onWhite()
 {
-    return {Qt::white, grey(190), grey(225), QBrush(colorOnWhite(Qt::yellow))};
-}
-
-QColor colorOnWhite(const QColor &color)
-{
-    constexpr double contrast = 3.0;
-    constexpr double most = 1.05 / contrast - 0.05; // relative luminance
-    const double red = linear(color.redF());
-    const double green = linear(color.greenF());
-    const double blue = linear(color.blueF());
-    const double luminance = 0.2126 * red + 0.7152 * green + 0.0722 * blue;
-    if (luminance <= most)
-        return color;
-    const double factor = most / luminance;
-    return QColor::fromRgbF(encoded(red * factor),
-                            encoded(green * factor),
-                            encoded(blue * factor),
-                            color.alphaF());
+    return {Qt::white, Qt::black, grey(190), grey(225), QBrush(colorOnWhite(Qt::yellow))};
 }
 
 } // namespace Corvale_Qt

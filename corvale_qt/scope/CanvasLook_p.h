@@ -12,6 +12,7 @@ namespace Corvale_Qt {
 struct CanvasLook
 {
     QColor ground;
+    QColor text;
     QColor majorGrid;
     QColor minorGrid;
     QBrush bars;
@@ -19,9 +20,5 @@ struct CanvasLook
     static CanvasLook onBlack();
     static CanvasLook onWhite();
 };
-
-/*! Returns the colour itself if it can be seen on white, otherwise a darker one of the same hue, whose contrast to white (WCAG 2.1)
-    is 3 or more. */
-QColor colorOnWhite(const QColor &color);
 
 } // namespace Corvale_Qt

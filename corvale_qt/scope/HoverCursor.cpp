@@ -40,7 +40,7 @@ HoverCursor::HoverCursor(QWidget *canvas)
     QColor background = RVXPlotColors::labelBackgroundColor();
     background.setAlpha(255);
     prepare(this, background);
-    prepare(m_line, QColor(190, 190, 190));
+    prepare(m_line, QColor(140, 140, 140)); // seen on black and on white
 }
 
 HoverCursor::~HoverCursor()

@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/ScopeLegend.h"
 
 #include <qwt_plot.h>
+#include <qwt_plot_picker.h>
 
 #include <QPointer>
 #include <QVBoxLayout>
@@ -102,6 +103,8 @@ void RVXScopePlotViewPrivate::showLook(const CanvasLook &look)
     plot->setCanvasBackground(look.ground);
     grid.setMajorPen(pen(look.majorGrid));
     grid.setMinorPen(pen(look.minorGrid));
+    for (QwtPlotPicker *picker : plot->canvas()->findChildren<QwtPlotPicker *>())
+        picker->setTrackerPen(QPen(look.text));
     context.histogram.setBrush(look.bars);
     context.histogram.setPen(look.bars.color().darker(130));
 }

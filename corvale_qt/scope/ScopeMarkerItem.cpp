@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
 
 #include <qwt_scale_map.h>
@@ -22,7 +23,16 @@ void ScopeMarkerItem::draw(QPainter *painter,
         if (taken.intersects(place))
             place.moveTop(taken.bottom() + spacing());
     }
-    label().draw(painter, place);
+    QwtText text = label();
+    if (hasWhiteCanvas(
+            plot())) { // through its ground, white would take the contrast from its letters
+        QBrush ground = text.backgroundBrush();
+        QColor opaque = ground.color();
+        opaque.setAlpha(255);
+        ground.setColor(opaque);
+        text.setBackgroundBrush(ground);
+    }
+    text.draw(painter, place);
 }
 
 void ScopeMarkerItem::drawLabel(QPainter *, const QRectF &, const QPointF &) const { }

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/SampleNoise_p.h"
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeMarkerItem_p.h"
@@ -398,7 +400,8 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     const bool reads = data.row > 0 && data.column > 0;
     const bool hasChannel = reads || isOnBlock(data);
     setMarkerLabel(*state.item, labelText(data, resolutionOf(xRange)), index == m_selected);
-    setMarkerLine(*state.item, hasChannel ? m_model.brush(data.column) : QBrush(Qt::NoBrush));
+    const QColor plain = colorOnCanvas(RVXPlotColors::labelTextColor(), m_plot);
+    setMarkerLine(*state.item, hasChannel ? m_model.brush(data.column) : QBrush(plain));
     const double threeQuarters = xRange.first + 0.75 * (xRange.second - xRange.first);
     alignMarkerLabel(*state.item, data.x >= threeQuarters ? Qt::AlignLeft : Qt::AlignRight);
 

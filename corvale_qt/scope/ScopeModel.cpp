@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/ReadingPrefixes_p.h"
-#include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"

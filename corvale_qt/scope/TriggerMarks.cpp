@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kZ = 31.0; // above the curves, below the markers
 
-// The canvas is black in every palette.
+//! Returns the ground of a state, on which it is written in black.
 QColor groundOf(TriggerState state)
 {
     switch (state) {

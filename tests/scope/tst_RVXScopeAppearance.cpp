@@ -2,6 +2,7 @@
 #include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/scope/DisplayPicture.h"
 #include "corvale_qt/scope/ScopeLegend.h"
+#include "tests/scope/HistogramView.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/BracketTranslator.h"
@@ -14,9 +15,24 @@
 
 #include <qwt_plot_curve.h>
 
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
 using namespace Corvale_Qt;
 
 namespace {
+
+//! Returns the contrast of a colour to white, as in WCAG 2.1.
+double contrastToWhite(const QColor &color)
+{
+    const auto light = [](double c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const double luminance = 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF())
+        + 0.0722 * light(color.blueF());
+    return 1.05 / (luminance + 0.05);
+}
 
 //! Returns the names of the visible controls that are too small for their contents.
 QString clippedControls(const Panel &panel)
@@ -193,19 +209,61 @@ private Q_SLOTS:
         const QVector<QColor> onBlack = colors();
         view.setLightCanvas(true);
         QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::white));
-        // Relative luminance and contrast as in WCAG 2.1.
-        const auto light = [](double c) {
-            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-        };
         QTRY_VERIFY(colors() != onBlack);
-        for (const QColor &color : colors()) {
-            const double luminance = 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF())
-                + 0.0722 * light(color.blueF());
-            QVERIFY2(1.05 / (luminance + 0.05) >= 2.99, qPrintable(color.name()));
-        }
+        for (const QColor &color : colors())
+            QVERIFY2(contrastToWhite(color) >= 2.99, qPrintable(color.name()));
         view.setLightCanvas(false);
         QTRY_COMPARE(colors(), onBlack);
         QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::black));
+    }
+
+    //! What is drawn beside the curves can be seen on white as well: limits and the fits of all statistics items.
+    void marksOnWhite()
+    {
+        HistogramView view(32);
+        view.setLightCanvas(true);
+        view.showBeam();
+        const auto added = [&view](const QImage &before) { // the pixels that were white
+            view.qwtPlot()->replot();
+            const QImage now = view.canvas();
+            QVector<QColor> colors;
+            forEachPixel(now, [&](int x, int y) {
+                const bool wasWhite = before.pixelColor(x, y) == Qt::white;
+                if (wasWhite && now.pixelColor(x, y) != QColor(Qt::white))
+                    colors << now.pixelColor(x, y);
+            });
+            return colors;
+        };
+        const auto paleOf = [](const QVector<QColor> &colors) {
+            return int(std::count_if(colors.begin(), colors.end(), [](const QColor &color) {
+                return contrastToWhite(color) < 2.99;
+            }));
+        };
+        view.enableAll(true);
+        view.settle();
+        const QwtPlotItemList fits = view.qwtPlot()->itemList(QwtPlotItem::Rtti_PlotCurve);
+        QVERIFY(fits.size() >= 3);
+        for (QwtPlotItem *fit : fits)
+            fit->setVisible(false);
+        view.qwtPlot()->replot();
+        const QImage before = view.canvas();
+        int seen = 0;
+        for (QwtPlotItem *fit : fits) {
+            fit->setVisible(true);
+            const QVector<QColor> colors = added(before);
+            seen += colors.isEmpty() ? 0 : 1; // a line may lie on bars only
+            QCOMPARE(paleOf(colors), 0);
+            fit->setVisible(false);
+        }
+        QVERIFY(seen >= 2);
+        ChannelLimits limits;
+        limits.highWarning = 2e-9;
+        limits.highAlarm = 3e-9;
+        view.setChannelLimits(2, limits); // above whose bar the canvas is white
+        view.settle();
+        const QVector<QColor> lines = added(before);
+        QVERIFY(!lines.isEmpty());
+        QCOMPARE(paleOf(lines), 0);
     }
 
     //! A picture has what is asked for, and the panel is as it was.

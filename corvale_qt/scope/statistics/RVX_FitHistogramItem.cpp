@@ -2,6 +2,7 @@
 #include "corvale_qt/scope/statistics/RVX_FitHistogramItem.h"
 
 #include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/scope/statistics/RVX_StatisticsHistogramItem_p.h"
 #include "corvale_qt/scope/statistics/StatisticsLabels_p.h"
 
@@ -9,6 +10,7 @@
 #include <qwt_series_data.h>
 
 #include <QCoreApplication>
+#include <QPainter>
 #include <QPen>
 #include <QPointF>
 
@@ -51,6 +53,25 @@ private:
     std::vector<double> m_energies;
 };
 
+//! The fitted curve, in a colour that can be seen on the canvas.
+class FitCurve : public QwtPlotCurve
+{
+protected:
+    void drawCurve(QPainter *painter,
+                   int style,
+                   const QwtScaleMap &xMap,
+                   const QwtScaleMap &yMap,
+                   const QRectF &canvas,
+                   int from,
+                   int to) const override
+    {
+        QPen seen = pen();
+        seen.setColor(colorOnCanvas(seen.color(), plot()));
+        painter->setPen(seen);
+        QwtPlotCurve::drawCurve(painter, style, xMap, yMap, canvas, from, to);
+    }
+};
+
 //! Samples of the fitted curve. Their memory is reused from one fit to the next.
 class FitSeries : public QwtArraySeriesData<QPointF>
 {
@@ -90,7 +111,7 @@ public:
 class RVX_FitHistogramItemPrivate
 {
 public:
-    QwtPlotCurve curve;
+    FitCurve curve;
     FitSeries *samples = nullptr; //!< owned by the curve
     double residualNoise = 0.0;
     EnergyTable energies;

@@ -165,16 +165,14 @@ QVariant MultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, i
     }
 }
 
-//! Returns the text of a cell. If the channels have different units, their names show them.
+//! Returns the text of a cell. The name of a channel comes without its unit, which every display shows with the readings.
 QVariant MultichannelDeviceModel::text(const QModelIndex &index) const
 {
     if (index.column() == 0)
         return QString::number(doubleData(index.row(), 0), 'f', 3);
     if (index.row() > 0)
         return RVXMultichannelDeviceModel::deviceSpecificData(index, Qt::DisplayRole);
-    const Monitor::Channel &channel = m_header.channels[index.column() - 1];
-    const bool withUnit = channel.unit != m_header.commonUnit() && !channel.unit.isEmpty();
-    return withUnit ? QStringLiteral("%1 (%2)").arg(channel.name, channel.unit) : channel.name;
+    return m_header.channels[index.column() - 1].name;
 }
 
 QVariant MultichannelDeviceModel::toolTip(int row, int column) const

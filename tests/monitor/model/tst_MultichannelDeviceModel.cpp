@@ -119,13 +119,13 @@ private Q_SLOTS:
         QCOMPARE(model.units()->name(), QStringLiteral("nA"));
         QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("right"));
 
-        // Mixed units are shown with the names, and there is no common unit.
+        // Mixed units belong to the channels, and there is no common unit.
         header.channels = {{"left", "nA"}, {"<b>x</b>", "mm"}, {"plain", ""}};
         QSignalSpy unitsChanged(&model, &MultichannelDeviceModel::unitsChanged);
         model.startStream(header);
         QCOMPARE(unitsChanged.count(), 1);
         QCOMPARE(model.units(), nullptr);
-        QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left (nA)"));
+        QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("left"));
         QCOMPARE(model.index(0, 3).data().toString(), QStringLiteral("plain"));
         QVERIFY(!model.index(0, 2).data(Qt::ToolTipRole).toString().contains(QLatin1String("<b>")));
 

@@ -2608,6 +2608,18 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>„%1“ ist kein Wert in %2. Zum Beispiel -20 schreiben oder mit Einheit 250 pA.</translation>
     </message>
+    <message>
+        <source>&amp;Right maximum:</source>
+        <translation>&amp;Rechts Maximum:</translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght minimum:</source>
+        <translation>Re&amp;chts Minimum:</translation>
+    </message>
+    <message>
+        <source>Righ&amp;t unit:</source>
+        <translation>Rec&amp;hts Einheit:</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

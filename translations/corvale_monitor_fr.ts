@@ -2608,6 +2608,18 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>«&#xa0;%1&#xa0;» n&apos;est pas une valeur en %2. En écrire une comme -20, ou avec son unité comme 250 pA.</translation>
     </message>
+    <message>
+        <source>&amp;Right maximum:</source>
+        <translation>Maximum à &amp;droite&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght minimum:</source>
+        <translation>Minimum à dr&amp;oite&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Righ&amp;t unit:</source>
+        <translation>Unité à droi&amp;te&#xa0;:</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

@@ -2608,6 +2608,18 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>&quot;%1&quot; is not a value in %2. Write one like -20, or with its unit like 250 pA.</source>
         <translation>「%1」は %2 の値ではありません。-20 のように、または単位を付けて 250 pA のように入力してください。</translation>
     </message>
+    <message>
+        <source>&amp;Right maximum:</source>
+        <translation>右の最大(&amp;R):</translation>
+    </message>
+    <message>
+        <source>Ri&amp;ght minimum:</source>
+        <translation>右の最小(&amp;G):</translation>
+    </message>
+    <message>
+        <source>Righ&amp;t unit:</source>
+        <translation>右の単位(&amp;T):</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

@@ -282,6 +282,7 @@ void HistogramStatistics::compute(bool shown)
             result.showsResults = shown && !placed;
             result.placed.reset();
             result.hasSiPrefix = m_model.hasSiPrefix();
+            result.fixedUnit = m_model.fixedUnit();
             item.setValueUnit(m_bars.unit);
             // A unit may turn the sign of its readings; the limits are for magnitudes.
             item.setLimitFactor(std::abs(m_bars.unitScale));

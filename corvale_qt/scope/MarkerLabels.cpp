@@ -255,14 +255,17 @@ QString spanText(const ScopeModel &model,
 QString integralText(const ScopeModel &model, int channel, const SpanIntegral &span, double period)
 {
     const QString x = model.xUnitName();
+    Units::SiPrefix prefix(model.unitName(channel));
+    prefix.fix(model.fixedUnit());
     const QString unit =
-        model.hasSiPrefix() ? QStringLiteral(" %1 %2").arg(model.unitName(channel), x) : QString();
+        model.hasSiPrefix() ? QStringLiteral(" %1 %2").arg(prefix.symbol(), x) : QString();
     const auto text = [&model](double value) {
         constexpr int digits = 6;
         return model.hasSiPrefix() ? QString::number(value, 'g', digits) : number(value);
     };
+    const double integral = model.hasSiPrefix() ? prefix.shown(span.integral) : span.integral;
     return QStringLiteral("\n Integral: %1%2\n  Covered: %3 of %4 %5")
-        .arg(text(span.integral), unit, text(span.covered), text(period), x);
+        .arg(text(integral), unit, text(span.covered), text(period), x);
 }
 
 QString detailText(const ScopeModel &model,

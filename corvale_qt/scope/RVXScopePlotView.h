@@ -246,17 +246,30 @@ public:
     void setSiPrefix(bool on);
     //! Returns the unit that was set for the y axis; empty if it suits the scale.
     QString valueUnit() const;
-    /*! Sets the unit of the y axis, the legend and all labels while siPrefix is on, one of valueUnits(). Any other text is kept,
-        but has no effect before the model has a unit of that quantity. Empty chooses the unit by the values again. */
+    /*! Sets the unit of y axes, legend and labels while siPrefix is on, one of valueUnits(), or one for each quantity: "nA mV". Other
+        text has no effect before the model has a unit of that quantity. Empty chooses the unit by the values again. */
     void setValueUnit(const QString &symbol);
     //! Returns the units that valueUnit may be for the model, the smallest first; empty if its unit takes no prefixes.
     QStringList valueUnits() const;
+    //! Returns the unit of the right axis, which secondAxis gives to channels of a second unit; empty while there is none.
+    QString rightUnit() const;
+    //! Returns the units that the right axis may show, as valueUnits() does.
+    QStringList rightUnits() const;
+    //! Returns the range of the right axis in the unit of its channels: the one that was set, otherwise the one that is shown.
+    std::pair<double, double> rightRange() const;
+    //! Sets that range, which belongs to the unit. Returns false for numbers that are not finite, and while there is no right axis.
+    bool setRightRange(double minimum, double maximum);
+    //! Has the right axis follow its channels, or their full scale, again.
+    void resetRightRange();
+    //! Returns a value of a channel on the right axis as text in rightUnit(), without the unit.
+    QString toRightValue(double value) const;
+    //! Returns the value, in the unit of the channels on the right axis, that a person typed; see fromShownValue().
+    double fromRightValue(const QString &text) const;
     //! Returns the unit that the y axis shows; empty without a unit, and in a normalised plot.
     QString shownUnit() const;
     //! Returns a value of the model as text in shownUnit(), without the unit.
     QString toShownValue(double value) const;
-    /*! Returns the value, in the unit of the model, that a person typed: in shownUnit(), or with a unit. NaN if the text is no
-        such value. */
+    //! Returns the value, in the unit of the model, that a person typed in shownUnit() or with a unit; NaN if there is none.
     double fromShownValue(const QString &text) const;
     //! The y axis that a channel is drawn on.
     enum ChannelAxis : int {

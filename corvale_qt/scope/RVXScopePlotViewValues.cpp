@@ -3,8 +3,9 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
+#include <qwt_plot.h>
+
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace Corvale_Qt {
@@ -59,6 +60,7 @@ void RVXScopePlotView::setValueUnit(const QString &symbol)
     for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
         d->context.axes.values(axis).setFixedUnit(symbol);
     d->context.model.setFixedUnit(symbol);
+    d->context.statistics.outdate();
     RequestReplotRefresh();
     Q_EMIT valueUnitChanged(symbol);
 }
@@ -78,18 +80,71 @@ QString RVXScopePlotView::shownUnit() const
 QString RVXScopePlotView::toShownValue(double value) const
 {
     Q_D(const RVXScopePlotView);
-    const ValueAxis &axis = d->context.axes.values();
-    const double shown = axis.hasSiPrefix() ? axis.prefix().shown(value) : value;
-    return QString::number(shown, 'g', 6);
+    return d->context.axes.values().shownText(value);
 }
 
 double RVXScopePlotView::fromShownValue(const QString &text) const
 {
     Q_D(const RVXScopePlotView);
-    const ValueAxis &axis = d->context.axes.values();
-    const Units::SiPrefix plain(d->context.units.symbol(ChannelUnits::First));
-    const auto value = (axis.hasSiPrefix() ? axis.prefix() : plain).parse(text);
-    return value ? *value : std::numeric_limits<double>::quiet_NaN();
+    return d->context.axes.values().typedValue(text, d->context.units.symbol(ChannelUnits::First));
+}
+
+QString RVXScopePlotView::rightUnit() const
+{
+    Q_D(const RVXScopePlotView);
+    const ScopeAxes &axes = d->context.axes;
+    return axes.hasRight() ? axes.values(QwtPlot::yRight).unit() : QString();
+}
+
+QStringList RVXScopePlotView::rightUnits() const
+{
+    Q_D(const RVXScopePlotView);
+    const ScopeAxes &axes = d->context.axes;
+    return axes.hasRight() ? Units::SiPrefix(axes.values(QwtPlot::yRight).givenUnit()).symbols()
+                           : QStringList();
+}
+
+std::pair<double, double> RVXScopePlotView::rightRange() const
+{
+    Q_D(const RVXScopePlotView);
+    const YScale &scale = d->context.yScale;
+    if (scale.otherRange && scale.otherUnit == d->context.axes.values(QwtPlot::yRight).givenUnit())
+        return *scale.otherRange;
+    const QwtInterval shown = d->plot->axisInterval(QwtPlot::yRight);
+    return {shown.minValue(), shown.maxValue()};
+}
+
+bool RVXScopePlotView::setRightRange(double minimum, double maximum)
+{
+    Q_D(RVXScopePlotView);
+    if (!std::isfinite(minimum) || !std::isfinite(maximum) || !d->context.axes.hasRight())
+        return false;
+    d->context.yScale.otherRange = {minimum, maximum};
+    d->context.yScale.otherUnit = d->context.axes.values(QwtPlot::yRight).givenUnit();
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+    return true;
+}
+
+void RVXScopePlotView::resetRightRange()
+{
+    Q_D(RVXScopePlotView);
+    d->context.yScale.otherRange.reset();
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+}
+
+QString RVXScopePlotView::toRightValue(double value) const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.axes.values(QwtPlot::yRight).shownText(value);
+}
+
+double RVXScopePlotView::fromRightValue(const QString &text) const
+{
+    Q_D(const RVXScopePlotView);
+    const ValueAxis &axis = d->context.axes.values(QwtPlot::yRight);
+    return axis.typedValue(text, axis.givenUnit());
 }
 
 void RVXScopePlotViewPrivate::announceAxesLater()

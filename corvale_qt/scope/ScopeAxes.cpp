@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kLargestScaleMode = 14;
 constexpr int kFewestNumberedChannels = 9;
+constexpr int kFullRangeIndex = 2; // see RVXScopePlotView::PlotScales
 // The lower end of a logarithmic axis whose range begins at 0 or below, as a part of the upper end.
 constexpr double kLowestOfLogarithmic = 1e-4;
 
@@ -81,6 +82,16 @@ YScale YScale::withoutRange() const
     return scale;
 }
 
+YScale YScale::withOtherRange() const
+{
+    YScale scale = *this;
+    scale.isRangeGiven = true;
+    scale.range = *otherRange;
+    scale.positiveOnly = false;
+    scale.mode = kFullRangeIndex;
+    return scale;
+}
+
 ScopeAxes::ScopeAxes(QwtPlot *plot, const ChannelUnits &units)
     : m_plot(plot)
     , m_units(units)
@@ -96,7 +107,12 @@ void ScopeAxes::setYScale(const YScale &scale)
         const QString unit = values(axis).givenUnit();
         const bool hasRange = scale.rangeUnit && m_units.areApart() ? unit == *scale.rangeUnit
                                                                     : axis == QwtPlot::yLeft;
-        applyYScale(axis, hasRange ? scale : scale.withoutRange());
+        const bool hasOther = scale.otherRange && m_units.areApart() && unit == scale.otherUnit
+            && scale.mode != kNormalizeScaleIndex && !hasRange;
+        applyYScale(axis,
+                    hasRange       ? scale
+                        : hasOther ? scale.withOtherRange()
+                                   : scale.withoutRange());
     }
 }
 

@@ -27,6 +27,8 @@ struct YScale
     bool positiveOnly = false;
     bool isRangeGiven = false; //!< the host has set the range
     std::optional<QString> rangeUnit; //!< the unit that the range is in, once an axis has shown it
+    std::optional<std::pair<double, double>> otherRange; //!< that was set for the right axis
+    QString otherUnit; //!< that the other range is in
     bool followsFullScale = false; //!< without a given range, the full scale is that of the data
     bool isLogarithmic = false;
     bool isSteady = false; //!< an axis that follows the data has hysteresis
@@ -39,6 +41,8 @@ struct YScale
     std::pair<double, double> bounds() const;
     //! Returns the scale of an axis in another unit than that of the range, which such an axis cannot show.
     YScale withoutRange() const;
+    //! Returns the scale of the axis that has the other range, which it shows whole.
+    YScale withOtherRange() const;
 };
 
 /*! Sets up the axes of the plot for its modes. No number disturbs an axis: a bound that is not finite, or too large to

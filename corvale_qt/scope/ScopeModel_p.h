@@ -71,6 +71,7 @@ public:
     bool isOnWhite() const { return m_isOnWhite; }
     //! Sets the unit of texts whose quantity has it; empty for the one that suits each.
     void setFixedUnit(const QString &symbol) { m_fixedUnit = symbol; }
+    const QString &fixedUnit() const { return m_fixedUnit; }
     //! Returns the text of a reading with a prefix, as the legend and tables of the same readings show it.
     QString readingWithPrefix(int channel, double reading, double noise) const;
     //! Returns the text of a number that was computed from readings of a channel, with a prefix and digits for its error.

@@ -56,6 +56,18 @@ QString ValueAxis::unit() const
     return hasPrefix() ? m_prefix.symbol() : m_givenUnit;
 }
 
+QString ValueAxis::shownText(double value) const
+{
+    constexpr int digits = 6;
+    return QString::number(m_isOn ? m_prefix.shown(value) : value, 'g', digits);
+}
+
+double ValueAxis::typedValue(const QString &text, const QString &plainUnit) const
+{
+    const Units::SiPrefix plain(plainUnit);
+    return (m_isOn ? m_prefix : plain).parse(text).value_or(std::nan(""));
+}
+
 //! Returns the engine of the axis; null if a subclass of the view has set another one.
 SteadyScaleEngine *ValueAxis::engine() const
 {

@@ -214,14 +214,18 @@ bool SiPrefix::fix(const QString &symbol)
         m_isChosen = false;
         return true;
     }
-    const Symbol read = readSymbol(symbol);
-    if (!isScalable() || read.quantity != m_quantity
-        || !symbols().contains(prefixText(read.exponent)
+    const QStringList known = symbols();
+    for (const QString &each : symbol.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const Symbol read = readSymbol(each);
+        if (!isScalable() || read.quantity != m_quantity
+            || !known.contains(prefixText(read.exponent)
                                + QLatin1String(quantities[m_quantity].symbol)))
-        return false;
-    m_exponent = read.exponent;
-    m_isFixed = true;
-    return true;
+            continue;
+        m_exponent = read.exponent;
+        m_isFixed = true;
+        return true;
+    }
+    return false;
 }
 
 double SiPrefix::shown(double value) const

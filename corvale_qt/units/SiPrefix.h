@@ -50,8 +50,9 @@ public:
         are in the given unit. Returns whether either has changed. A magnitude of 0 or not finite keeps the prefix; a noise of 0
         or not finite means that it is not known. At least three digits are shown of the magnitude. */
     bool follow(double magnitude, double noise = 0.0);
-    /*! Shows numbers in the unit \a symbol from now on; empty to follow the data again. Returns false and changes nothing for a
-        symbol that is not one of symbols(); "u" stands for the micro sign. */
+    /*! Shows numbers in the unit \a symbol from now on; empty to follow the data again. Of several symbols with spaces in between,
+        such as "nA mV", the first one of symbols() counts. Returns false and changes nothing if there is none; "u" stands for
+        the micro sign. */
     bool fix(const QString &symbol);
     //! Returns whether the unit is fixed.
     bool isFixed() const { return m_isFixed; }

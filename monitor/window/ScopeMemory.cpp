@@ -21,14 +21,14 @@ const QString triggerKey = QStringLiteral("trigger");
 
 //! The texts that a trigger is kept as, in this order.
 enum TriggerText {
-    ModeText,
-    EdgeText,
-    LevelText,
-    HysteresisText,
-    ShareText,
-    HoldOffText,
-    NameText, //!< of its channel
-    UnitText,
+    TriggerModeText,
+    TriggerEdgeText,
+    TriggerLevelText,
+    TriggerHysteresisText,
+    TriggerShareText,
+    TriggerHoldOffText,
+    TriggerChannelText,
+    TriggerUnitText,
     TriggerTexts,
 };
 
@@ -56,14 +56,14 @@ SweepTrigger triggerFrom(const QStringList &texts, int channel)
         return limitFromText(texts.at(which)).value_or(std::nan(""));
     };
     SweepTrigger trigger;
-    trigger.mode =
-        SweepTrigger::Mode(qBound(0, texts.at(ModeText).toInt(), int(SweepTrigger::Mode::Single)));
-    trigger.edge =
-        SweepTrigger::Edge(qBound(0, texts.at(EdgeText).toInt(), int(SweepTrigger::Edge::Either)));
-    trigger.level = number(LevelText);
-    trigger.hysteresis = number(HysteresisText);
-    trigger.shareBefore = number(ShareText);
-    trigger.holdOff = number(HoldOffText);
+    trigger.mode = SweepTrigger::Mode(
+        qBound(0, texts.at(TriggerModeText).toInt(), int(SweepTrigger::Mode::Single)));
+    trigger.edge = SweepTrigger::Edge(
+        qBound(0, texts.at(TriggerEdgeText).toInt(), int(SweepTrigger::Edge::Either)));
+    trigger.level = number(TriggerLevelText);
+    trigger.hysteresis = number(TriggerHysteresisText);
+    trigger.shareBefore = number(TriggerShareText);
+    trigger.holdOff = number(TriggerHoldOffText);
     trigger.channel = channel;
     return trigger;
 }
@@ -122,7 +122,8 @@ void ScopeMemory::restoreTrigger(const StreamHeader &header)
     const QStringList texts = m_settings.list(triggerKey);
     if (!m_awaitsChannel || texts.size() != TriggerTexts)
         return;
-    const int index = header.channels.indexOf({texts.at(NameText), texts.at(UnitText)});
+    const int index =
+        header.channels.indexOf({texts.at(TriggerChannelText), texts.at(TriggerUnitText)});
     if (index < 0)
         return;
     m_awaitsChannel = false;

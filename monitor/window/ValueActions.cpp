@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ValueActions.h"
 
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/ValueAxisDialog.h"
@@ -16,6 +17,21 @@
 namespace Monitor {
 
 using namespace Corvale_Qt;
+
+namespace {
+
+const QString rangeKey = QStringLiteral("value-range");
+
+//! The texts that a typed range is kept as, in this order.
+enum RangeText {
+    RangeSourceText,
+    RangeUnitText,
+    RangeMinimumText,
+    RangeMaximumText,
+    RangeTexts,
+};
+
+} // namespace
 
 ValueActions::ValueActions(Session &session,
                            DisplayTabs &displays,
@@ -41,9 +57,36 @@ ValueActions::ValueActions(Session &session,
     connect(view, &RVXScopePlotView::valueUnitChanged, this, [this](const QString &symbol) {
         m_settings.setValueUnit(symbol);
     });
+    connect(m_dialog, &ValueAxisDialog::rangeTyped, this, &ValueActions::keepRange);
+    connect(m_dialog, &ValueAxisDialog::automaticChosen, this, [this] {
+        m_settings.setList(rangeKey, {});
+    });
+    connect(&session, &Session::streamStarted, this, &ValueActions::restoreRange);
     addLegend(menu);
     addBarNames(menu);
     addColours(menu);
+}
+
+void ValueActions::keepRange(double minimum, double maximum)
+{
+    m_settings.setList(rangeKey,
+                       {m_session.source().description(),
+                        m_session.model().header().commonUnit(),
+                        limitText(minimum),
+                        limitText(maximum)});
+}
+
+//! Sets the range that was typed for the same source and unit: that of the stream itself is older.
+void ValueActions::restoreRange(const StreamHeader &header)
+{
+    const QStringList kept = m_settings.list(rangeKey);
+    if (kept.size() != RangeTexts || kept[RangeSourceText] != m_session.source().description()
+        || kept[RangeUnitText] != header.commonUnit())
+        return;
+    const auto minimum = limitFromText(kept[RangeMinimumText]);
+    const auto maximum = limitFromText(kept[RangeMaximumText]);
+    if (minimum && maximum && *minimum < *maximum)
+        m_displays.scope()->SetRange(*minimum, *maximum);
 }
 
 void ValueActions::addLegend(QMenu *menu)

@@ -10,6 +10,7 @@ namespace Monitor {
 
 class DisplayTabs;
 class Session;
+struct StreamHeader;
 class ValueAxisDialog;
 class WindowSettings;
 
@@ -28,6 +29,8 @@ public:
                  QWidget *window);
 
 private:
+    void keepRange(double minimum, double maximum);
+    void restoreRange(const StreamHeader &header);
     void addLegend(QMenu *menu);
     void addBarNames(QMenu *menu);
     void addColours(QMenu *menu);

@@ -23,37 +23,17 @@ using namespace Corvale_Qt;
 ValueAxisDialog::ValueAxisDialog(RVXScope &scope, QWidget *parent)
     : QDialog(parent)
     , m_scope(scope)
-    , m_minimum(new QLineEdit(this))
-    , m_maximum(new QLineEdit(this))
-    , m_unit(new QComboBox(this))
+    , m_view(*scope.plotView())
+    , m_left(makeAxis(false))
+    , m_right(makeAxis(true))
+    , m_rightFields(new QWidget(this))
     , m_refusal(new QLabel(this))
 {
     setWindowTitle(tr("Value axis"));
-    m_minimum->setObjectName(QStringLiteral("minimum"));
-    m_maximum->setObjectName(QStringLiteral("maximum"));
-    m_unit->setObjectName(QStringLiteral("unit"));
     m_refusal->setObjectName(QStringLiteral("refusal"));
     m_refusal->setWordWrap(true);
-    const QString hint = tr("In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.");
-    m_minimum->setToolTip(hint);
-    m_maximum->setToolTip(hint);
-    m_unit->setToolTip(tr("Automatic chooses the unit that suits the scale."));
-
     auto *form = new QFormLayout(this);
-    form->addRow(tr("Ma&ximum:"), m_maximum);
-    form->addRow(tr("Mi&nimum:"), m_minimum);
-    form->addRow(tr("&Unit:"), m_unit);
-    auto *logarithmic = new QCheckBox(tr("&Logarithmic"), this);
-    logarithmic->setObjectName(QStringLiteral("logarithmic"));
-    logarithmic->setToolTip(tr("Values that are 0 or negative cannot be shown then; the plot names "
-                               "their channels (Alt+L)"));
-    logarithmic->setChecked(scope.plotView()->isLogarithmic());
-    connect(logarithmic, &QCheckBox::toggled, scope.plotView(), &RVXScopePlotView::setLogarithmic);
-    connect(scope.plotView(),
-            &RVXScopePlotView::logarithmicChanged,
-            logarithmic,
-            &QCheckBox::setChecked);
-    form->addRow(logarithmic);
+    addFields(form);
     form->addRow(m_refusal);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     QPushButton *apply = buttons->addButton(tr("&Set range"), QDialogButtonBox::ApplyRole);
@@ -64,86 +44,182 @@ ValueAxisDialog::ValueAxisDialog(RVXScope &scope, QWidget *parent)
     automatic->setObjectName(QStringLiteral("automatic"));
     form->addRow(buttons);
 
-    connect(apply, &QPushButton::clicked, this, &ValueAxisDialog::applyRange);
+    connect(apply, &QPushButton::clicked, this, &ValueAxisDialog::applyRanges);
     connect(automatic, &QPushButton::clicked, this, &ValueAxisDialog::applyAutomatic);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(m_unit, qOverload<int>(&QComboBox::activated), this, &ValueAxisDialog::applyUnit);
-    const RVXScopePlotView *view = scope.plotView();
-    connect(view, &RVXScopePlotView::rangeChanged, this, &ValueAxisDialog::showRange);
-    connect(view, &RVXScopePlotView::shownUnitChanged, this, [this] {
-        showUnits();
-        showRange();
+    connect(&m_view, &RVXScopePlotView::rangeChanged, this, [this] {
+        showRange(m_left);
     });
+    connect(&m_view, &RVXScopePlotView::shownUnitChanged, this, &ValueAxisDialog::showAll);
+    connect(&m_view, &RVXScopePlotView::channelAxesChanged, this, &ValueAxisDialog::showAll);
+    showAll();
+}
+
+ValueAxisDialog::Axis ValueAxisDialog::makeAxis(bool isRight)
+{
+    const Axis axis{isRight, new QLineEdit(this), new QLineEdit(this), new QComboBox(this)};
+    const auto name = [isRight](const char *left, const char *right) {
+        return QLatin1String(isRight ? right : left);
+    };
+    axis.minimum->setObjectName(name("minimum", "rightMinimum"));
+    axis.maximum->setObjectName(name("maximum", "rightMaximum"));
+    axis.unit->setObjectName(name("unit", "rightUnit"));
+    const QString hint = tr("In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.");
+    axis.minimum->setToolTip(hint);
+    axis.maximum->setToolTip(hint);
+    axis.unit->setToolTip(tr("Automatic chooses the unit that suits the scale."));
+    connect(axis.unit, qOverload<int>(&QComboBox::activated), this, [this, isRight] {
+        applyUnit(isRight ? m_right : m_left);
+    });
+    return axis;
+}
+
+void ValueAxisDialog::addFields(QFormLayout *form)
+{
+    form->addRow(tr("Ma&ximum:"), m_left.maximum);
+    form->addRow(tr("Mi&nimum:"), m_left.minimum);
+    form->addRow(tr("&Unit:"), m_left.unit);
+    auto *right = new QFormLayout(m_rightFields);
+    right->setContentsMargins(0, 0, 0, 0);
+    right->addRow(tr("&Right maximum:"), m_right.maximum);
+    right->addRow(tr("Ri&ght minimum:"), m_right.minimum);
+    right->addRow(tr("Righ&t unit:"), m_right.unit);
+    form->addRow(m_rightFields);
+    auto *logarithmic = new QCheckBox(tr("&Logarithmic"), this);
+    logarithmic->setObjectName(QStringLiteral("logarithmic"));
+    logarithmic->setToolTip(tr("Values that are 0 or negative cannot be shown then; the plot names "
+                               "their channels (Alt+L)"));
+    logarithmic->setChecked(m_view.isLogarithmic());
+    connect(logarithmic, &QCheckBox::toggled, &m_view, &RVXScopePlotView::setLogarithmic);
+    connect(&m_view, &RVXScopePlotView::logarithmicChanged, logarithmic, &QCheckBox::setChecked);
+    form->addRow(logarithmic);
 }
 
 void ValueAxisDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    showUnits();
-    showRange();
+    for (QLineEdit *field : {m_left.minimum, m_left.maximum, m_right.minimum, m_right.maximum})
+        field->setModified(false);
+    showAll();
     m_refusal->clear();
-    m_maximum->setFocus(Qt::ShortcutFocusReason);
-    m_maximum->selectAll();
+    m_left.maximum->setFocus(Qt::ShortcutFocusReason);
+    m_left.maximum->selectAll();
 }
 
-//! Sets the range that is typed, or says why it cannot be shown.
-void ValueAxisDialog::applyRange()
+//! Returns whether Enter sets the range of an axis: that of the left one if nothing was typed for the right one.
+bool ValueAxisDialog::isAskedFor(const Axis &axis) const
 {
-    RVXScopePlotView *view = m_scope.plotView();
-    const double minimum = view->fromShownValue(m_minimum->text());
-    const double maximum = view->fromShownValue(m_maximum->text());
+    const auto isTyped = [](const Axis &each) {
+        return each.minimum->isModified() || each.maximum->isModified();
+    };
+    const bool ofRight = m_rightFields->isVisibleTo(this)
+        && (isTyped(m_right) || m_right.minimum->hasFocus() || m_right.maximum->hasFocus());
+    return axis.isRight ? ofRight : !ofRight || isTyped(m_left);
+}
+
+//! Sets the range that is typed for an axis. Returns false if it cannot be shown, and says why.
+bool ValueAxisDialog::takeRange(const Axis &axis)
+{
+    const auto read = [&](const QLineEdit *field) {
+        return axis.isRight ? m_view.fromRightValue(field->text())
+                            : m_view.fromShownValue(field->text());
+    };
+    const double minimum = read(axis.minimum);
+    const double maximum = read(axis.maximum);
     if (std::isnan(minimum) || std::isnan(maximum)) {
-        const QString text = std::isnan(maximum) ? m_maximum->text() : m_minimum->text();
+        const QString text = std::isnan(maximum) ? axis.maximum->text() : axis.minimum->text();
         m_refusal->setText(
             tr("\"%1\" is not a value in %2. Write one like -20, or with its unit like 250 pA.")
-                .arg(text, view->shownUnit()));
-        return;
+                .arg(text, axis.isRight ? m_view.rightUnit() : m_view.shownUnit()));
+        return false;
     }
     if (!(minimum < maximum)) {
         m_refusal->setText(tr("The minimum must be below the maximum."));
-        return;
+        return false;
     }
-    m_refusal->clear();
+    axis.minimum->setModified(false);
+    axis.maximum->setModified(false);
+    if (axis.isRight) {
+        m_view.setRightRange(minimum, maximum);
+        return true;
+    }
     m_scope.setYScaleMode(RVXScope::PercentRanges);
     m_scope.SetPositiveOnly(false);
     m_scope.SetRange(minimum, maximum);
     m_scope.setYScaleIndex(RVXScopePlotView::FullRange);
+    Q_EMIT rangeTyped(minimum, maximum);
+    return true;
+}
+
+void ValueAxisDialog::applyRanges()
+{
+    m_refusal->clear();
+    const bool right = isAskedFor(m_right); // read before the left range is taken
+    if (isAskedFor(m_left) && !takeRange(m_left))
+        return;
+    if (right)
+        takeRange(m_right);
 }
 
 void ValueAxisDialog::applyAutomatic()
 {
     m_refusal->clear();
     m_scope.setYScaleIndex(RVXScopePlotView::AutoScale);
-    m_scope.plotView()->resetRange();
+    m_view.resetRange();
+    m_view.resetRightRange();
+    Q_EMIT automaticChosen();
 }
 
-void ValueAxisDialog::applyUnit()
+//! Sets the unit of an axis; the unit of the other one stays.
+void ValueAxisDialog::applyUnit(const Axis &axis)
 {
-    m_scope.plotView()->setValueUnit(m_unit->currentData().toString());
+    const QStringList known = axis.isRight ? m_view.rightUnits() : m_view.valueUnits();
+    QStringList symbols = m_view.valueUnit().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &symbol : known)
+        symbols.removeAll(symbol);
+    const QString chosen = axis.unit->currentData().toString();
+    if (!chosen.isEmpty())
+        symbols.append(chosen);
+    m_view.setValueUnit(symbols.join(QLatin1Char(' ')));
+}
+
+void ValueAxisDialog::showAll()
+{
+    m_rightFields->setVisible(!m_view.rightUnit().isEmpty());
+    for (const Axis &axis : {m_left, m_right}) {
+        showUnits(axis);
+        showRange(axis);
+    }
 }
 
 //! Shows the range in the shown unit, except in a field that is being typed in.
-void ValueAxisDialog::showRange()
+void ValueAxisDialog::showRange(const Axis &axis)
 {
-    const RVXScopePlotView *view = m_scope.plotView();
-    const auto show = [view](QLineEdit *field, double value) {
-        if (!field->isModified() || !field->hasFocus())
-            field->setText(view->toShownValue(value));
+    const auto show = [&](QLineEdit *field, double value) {
+        if (!field->isModified())
+            field->setText(axis.isRight ? m_view.toRightValue(value) : m_view.toShownValue(value));
     };
-    show(m_minimum, view->yMinimum());
-    show(m_maximum, view->yMaximum());
+    const auto [minimum, maximum] =
+        axis.isRight ? m_view.rightRange() : std::pair(m_view.yMinimum(), m_view.yMaximum());
+    show(axis.minimum, minimum);
+    show(axis.maximum, maximum);
 }
 
-void ValueAxisDialog::showUnits()
+void ValueAxisDialog::showUnits(const Axis &axis)
 {
-    const RVXScopePlotView *view = m_scope.plotView();
-    const QSignalBlocker blocker(m_unit);
-    m_unit->clear();
-    m_unit->addItem(tr("Automatic (%1)").arg(view->shownUnit()), QString());
-    for (const QString &symbol : view->valueUnits())
-        m_unit->addItem(symbol, symbol);
-    m_unit->setCurrentIndex(std::max(m_unit->findData(view->valueUnit()), 0));
-    m_unit->setEnabled(m_unit->count() > 1);
+    const QSignalBlocker blocker(axis.unit);
+    const QStringList symbols = axis.isRight ? m_view.rightUnits() : m_view.valueUnits();
+    const QStringList chosen = m_view.valueUnit().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    axis.unit->clear();
+    axis.unit->addItem(
+        tr("Automatic (%1)").arg(axis.isRight ? m_view.rightUnit() : m_view.shownUnit()),
+        QString());
+    for (const QString &symbol : symbols) {
+        axis.unit->addItem(symbol, symbol);
+        if (chosen.contains(symbol))
+            axis.unit->setCurrentIndex(axis.unit->count() - 1);
+    }
+    axis.unit->setEnabled(axis.unit->count() > 1);
 }
 
 } // namespace Monitor

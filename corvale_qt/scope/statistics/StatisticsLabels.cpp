@@ -98,11 +98,15 @@ bool hasSiPrefix(const RVX_StatisticsHistogramItem &item)
     return RVX_StatisticsHistogramItemPrivate::of(item).hasSiPrefix;
 }
 
-//! Returns a value with the prefix that suits it.
+//! Returns a value in the unit that is fixed, or with the prefix that suits it.
 QString prefixed(double value, const RVX_StatisticsHistogramItem &item)
 {
-    return std::isfinite(value) ? Units::SiPrefix::text(value, item.valueUnit()).toHtmlEscaped()
-                                : notAvailable();
+    if (!std::isfinite(value))
+        return notAvailable();
+    Units::SiPrefix prefix(item.valueUnit());
+    prefix.follow(value);
+    prefix.fix(RVX_StatisticsHistogramItemPrivate::of(item).fixedUnit);
+    return prefix.text(value).toHtmlEscaped();
 }
 
 QString quantity(double value, const RVX_StatisticsHistogramItem &item)

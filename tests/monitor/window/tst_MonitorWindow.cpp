@@ -599,6 +599,48 @@ private Q_SLOTS:
         QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::AltModifier);
         QTRY_COMPARE(int(view->yScaleMode()),
                      0); // a button that a key presses is seen to go down first
+        QCOMPARE(type("40 mA", "-5 mA"), QString());
+        w.source->begin(StreamKind::Channels, 2, QStringLiteral("nA"));
+        QCOMPARE(view->yMaximum(), 1.0); // a range means nothing in another unit
+        w.source->begin(StreamKind::Channels, 2, QStringLiteral("A"));
+        QCOMPARE(view->yMaximum(), 0.04);
+        QVERIFY(!dialog->findChild<QWidget *>("rightMaximum")->isVisible());
+
+        // Channels of a second unit have an axis of their own, with a range and a unit of their own.
+        StreamHeader mixed;
+        mixed.channels = {{"beam", "nA"}, {"bias", "V"}};
+        w.source->begin(mixed);
+        for (int i = 0; i < 4; ++i)
+            w.source->give(0.1 * i, {20.0 + i, 0.25 * i});
+        w.settle();
+        QTRY_VERIFY(dialog->findChild<QWidget *>("rightMaximum")->isVisible());
+        const std::pair<double, double> left = view->range();
+        const auto typeRight = [&](const QString &maximum, const QString &minimum) {
+            for (const char *name : {"rightMaximum", "rightMinimum"}) {
+                auto *field = dialog->findChild<QLineEdit *>(name);
+                field->setFocus();
+                field->selectAll();
+                QTest::keyClicks(field, name[6] == 'a' ? maximum : minimum);
+            }
+            QTest::keyClick(dialog, Qt::Key_Return);
+            w.settle();
+            return dialog->findChild<QLabel *>("refusal")->text();
+        };
+        QCOMPARE(typeRight("1.5 V", "-500 mV"), QString());
+        QCOMPARE(view->rightRange(), std::make_pair(-0.5, 1.5));
+        QTRY_COMPARE(w.plot()->axisInterval(QwtPlot::yRight), QwtInterval(-0.5, 1.5));
+        QCOMPARE(view->range(), left);
+        QVERIFY(typeRight("1 nA", "0").contains("\"1 nA\" is not a value in V"));
+        auto *unit = dialog->findChild<QComboBox *>("rightUnit");
+        QTest::keyClick(unit, 'm');
+        QCOMPARE(view->valueUnit(), QString("mV"));
+        QTRY_COMPARE(view->rightUnit(), QString("mV"));
+        QTest::keyClick(dialog->findChild<QComboBox *>("unit"), 'p');
+        QCOMPARE(view->valueUnit(), QString("mV pA"));
+        QTRY_COMPARE(view->shownUnit(), QString("pA"));
+        QCOMPARE(view->rightUnit(), QString("mV"));
+        QCOMPARE(w.value(0), QString("23000 pA"));
+        QCOMPARE(w.value(1), QString("750.0 mV"));
     }
 
 private:

@@ -32,7 +32,7 @@ enum TriggerText {
     TriggerTexts,
 };
 
-QString keyOf(const char *property)
+QString choiceKey(const char *property)
 {
     return QStringLiteral("scope-") + QLatin1String(property);
 }
@@ -42,7 +42,7 @@ QMetaProperty propertyOf(const QObject &object, const char *name)
     return object.metaObject()->property(object.metaObject()->indexOfProperty(name));
 }
 
-QString textOf(const QObject &object, const char *name)
+QString choiceText(const QObject &object, const char *name)
 {
     const QMetaProperty property = propertyOf(object, name);
     const QVariant value = property.read(&object);
@@ -97,10 +97,10 @@ ScopeMemory::ScopeMemory(Session &session,
 void ScopeMemory::addChoice(QObject *object, const char *property)
 {
     const QMetaProperty meta = propertyOf(*object, property);
-    const QString kept = m_settings.text(keyOf(property));
+    const QString kept = m_settings.text(choiceKey(property));
     if (!kept.isEmpty())
         meta.write(object, meta.isEnumType() ? QVariant(kept.toInt()) : QVariant(kept));
-    m_choices.append({object, property, textOf(*object, property)});
+    m_choices.append({object, property, choiceText(*object, property)});
     static const QMetaMethod keep =
         staticMetaObject.method(staticMetaObject.indexOfSlot("keepChoices()"));
     connect(object, meta.notifySignal(), this, keep);
@@ -109,11 +109,11 @@ void ScopeMemory::addChoice(QObject *object, const char *property)
 void ScopeMemory::keepChoices()
 {
     for (Choice &choice : m_choices) {
-        const QString text = textOf(*choice.object, choice.property);
+        const QString text = choiceText(*choice.object, choice.property);
         if (text == choice.text)
             continue;
         choice.text = text;
-        m_settings.setText(keyOf(choice.property), text);
+        m_settings.setText(choiceKey(choice.property), text);
     }
 }
 

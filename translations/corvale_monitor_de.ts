@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>EpicsText</name>
+    <message>
+        <source>%1 is no Channel Access client library that can be used</source>
+        <translation>%1 ist keine brauchbare Client-Bibliothek für Channel Access</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
+        <translation>die Client-Bibliothek für Channel Access (libca) wurde nicht gefunden; installieren Sie das Paket libca4.13.5, oder setzen Sie EPICS_BASE auf den Ordner einer Installation</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be ca:NAME or ca:NAME,NAME with names of process variables</source>
+        <translation>„%1“ sollte ca:NAME oder ca:NAME,NAME mit Namen von Prozessvariablen sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 process variables; a window shows %3 at most</source>
+        <translation>„%1“ nennt %2 Prozessvariablen; ein Fenster zeigt höchstens %3</translation>
+    </message>
+    <message>
+        <source>Check the names, that the server runs, and EPICS_CA_ADDR_LIST if it is on another network; caget NAME shows whether this machine reaches it.</source>
+        <translation>Prüfen Sie die Namen, ob der Server läuft, und EPICS_CA_ADDR_LIST, wenn er in einem anderen Netz ist; caget NAME zeigt, ob dieser Rechner ihn erreicht.</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library does not start</source>
+        <translation>die Client-Bibliothek für Channel Access startet nicht</translation>
+    </message>
+    <message>
+        <source>%1: waveforms and single values cannot be read together, and no more than two waveforms; read the others in a window of their own</source>
+        <translation>%1: Kurvenformen und Einzelwerte können nicht zusammen gelesen werden, und höchstens zwei Kurvenformen; lesen Sie die anderen in einem eigenen Fenster</translation>
+    </message>
+    <message>
+        <source>searching for %1</source>
+        <translation>%1 wird gesucht</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which is not connected</source>
+        <translation>%1, ohne %2; nicht verbunden</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>kein Server antwortet für %1</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -1297,6 +1340,28 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
 </context>
 <context>
+    <name>Monitor::PluginForm</name>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse:</translation>
+    </message>
+    <message>
+        <source>As on the command line, for example %1. The plugin %2 reads it.</source>
+        <translation>Wie auf der Befehlszeile, zum Beispiel %1. Das Plugin %2 liest sie.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PluginSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>the plugin cannot open it</source>
+        <translation>das Plugin kann sie nicht öffnen</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ProfilePage</name>
     <message>
         <source>mean X %1</source>
@@ -2340,6 +2405,46 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>No signal.</source>
         <translation>Kein Signal.</translation>
+    </message>
+    <message>
+        <source>it has no channels</source>
+        <translation>sie hat keine Kanäle</translation>
+    </message>
+    <message>
+        <source>frames of %1 x %2 values cannot be shown: a matrix has at most 256 columns and 256 rows, and planes of strips have at most 65536 values together</source>
+        <translation>Bilder mit %1 x %2 Werten können nicht gezeigt werden: eine Matrix hat höchstens 256 Spalten und 256 Zeilen, und Ebenen von Streifen haben zusammen höchstens 65536 Werte</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source: %2</source>
+        <translation>„%1“ ist keine bekannte Art von Quelle: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a plugin</source>
+        <translation>%1 ist kein Plugin</translation>
+    </message>
+    <message>
+        <source>%1 is a plugin, but not for sources of this program</source>
+        <translation>%1 ist ein Plugin, aber nicht für Quellen dieses Programms</translation>
+    </message>
+    <message>
+        <source>%1 was built for version %2 of the interface, and this program has version %3</source>
+        <translation>%1 wurde für Version %2 der Schnittstelle gebaut, und dieses Programm hat Version %3</translation>
+    </message>
+    <message>
+        <source>%1 does not say which addresses it reads</source>
+        <translation>%1 sagt nicht, welche Adressen es liest</translation>
+    </message>
+    <message>
+        <source>there is no plugin for %1: install the package %2</source>
+        <translation>es gibt kein Plugin für %1: installieren Sie das Paket %2</translation>
+    </message>
+    <message>
+        <source>the plugin for %1 cannot be loaded: %2</source>
+        <translation>das Plugin für %1 kann nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>there is no file of that name, and no plugin for %1 in %2</source>
+        <translation>es gibt keine Datei dieses Namens und kein Plugin für %1 in %2</translation>
     </message>
 </context>
 <context>

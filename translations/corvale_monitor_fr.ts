@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>EpicsText</name>
+    <message>
+        <source>%1 is no Channel Access client library that can be used</source>
+        <translation>%1 n’est pas une bibliothèque cliente Channel Access utilisable</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
+        <translation>la bibliothèque cliente Channel Access (libca) est introuvable ; installez le paquet libca4.13.5, ou donnez à EPICS_BASE le dossier d’une installation</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be ca:NAME or ca:NAME,NAME with names of process variables</source>
+        <translation>« %1 » devrait être ca:NOM ou ca:NOM,NOM avec des noms de variables de procédé</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 process variables; a window shows %3 at most</source>
+        <translation>« %1 » nomme %2 variables de procédé ; une fenêtre en montre %3 au plus</translation>
+    </message>
+    <message>
+        <source>Check the names, that the server runs, and EPICS_CA_ADDR_LIST if it is on another network; caget NAME shows whether this machine reaches it.</source>
+        <translation>Vérifiez les noms, que le serveur tourne, et EPICS_CA_ADDR_LIST s’il est sur un autre réseau ; caget NOM montre si cette machine l’atteint.</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library does not start</source>
+        <translation>la bibliothèque cliente Channel Access ne démarre pas</translation>
+    </message>
+    <message>
+        <source>%1: waveforms and single values cannot be read together, and no more than two waveforms; read the others in a window of their own</source>
+        <translation>%1 : les formes d’onde et les valeurs simples ne se lisent pas ensemble, et deux formes d’onde au plus ; lisez les autres dans une fenêtre à part</translation>
+    </message>
+    <message>
+        <source>searching for %1</source>
+        <translation>recherche de %1</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which is not connected</source>
+        <translation>%1, sans %2, non connecté</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>aucun serveur ne répond pour %1</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -1297,6 +1340,28 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
 </context>
 <context>
+    <name>Monitor::PluginForm</name>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>&amp;Adresse :</translation>
+    </message>
+    <message>
+        <source>As on the command line, for example %1. The plugin %2 reads it.</source>
+        <translation>Comme sur la ligne de commande, par exemple %1. Le greffon %2 la lit.</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PluginSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>ouverture de %1</translation>
+    </message>
+    <message>
+        <source>the plugin cannot open it</source>
+        <translation>le greffon ne peut pas l’ouvrir</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ProfilePage</name>
     <message>
         <source>mean X %1</source>
@@ -2340,6 +2405,46 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>No signal.</source>
         <translation>Pas de signal.</translation>
+    </message>
+    <message>
+        <source>it has no channels</source>
+        <translation>elle n’a pas de voies</translation>
+    </message>
+    <message>
+        <source>frames of %1 x %2 values cannot be shown: a matrix has at most 256 columns and 256 rows, and planes of strips have at most 65536 values together</source>
+        <translation>des images de %1 x %2 valeurs ne peuvent pas être montrées : une matrice a au plus 256 colonnes et 256 lignes, et les plans de pistes ont ensemble au plus 65536 valeurs</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source: %2</source>
+        <translation>« %1 » n’est pas un type de source connu : %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a plugin</source>
+        <translation>%1 n’est pas un greffon</translation>
+    </message>
+    <message>
+        <source>%1 is a plugin, but not for sources of this program</source>
+        <translation>%1 est un greffon, mais pas pour les sources de ce programme</translation>
+    </message>
+    <message>
+        <source>%1 was built for version %2 of the interface, and this program has version %3</source>
+        <translation>%1 a été construit pour la version %2 de l’interface, et ce programme a la version %3</translation>
+    </message>
+    <message>
+        <source>%1 does not say which addresses it reads</source>
+        <translation>%1 ne dit pas quelles adresses il lit</translation>
+    </message>
+    <message>
+        <source>there is no plugin for %1: install the package %2</source>
+        <translation>il n’y a pas de greffon pour %1 : installez le paquet %2</translation>
+    </message>
+    <message>
+        <source>the plugin for %1 cannot be loaded: %2</source>
+        <translation>le greffon pour %1 ne peut pas être chargé : %2</translation>
+    </message>
+    <message>
+        <source>there is no file of that name, and no plugin for %1 in %2</source>
+        <translation>il n’y a pas de fichier de ce nom, ni de greffon pour %1 dans %2</translation>
     </message>
 </context>
 <context>

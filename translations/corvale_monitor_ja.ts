@@ -2,6 +2,49 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>EpicsText</name>
+    <message>
+        <source>%1 is no Channel Access client library that can be used</source>
+        <translation>%1 は使用できる Channel Access クライアントライブラリではありません</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
+        <translation>Channel Access クライアントライブラリ (libca) が見つかりません。パッケージ libca4.13.5 をインストールするか、EPICS_BASE にインストール先のフォルダーを設定してください</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be ca:NAME or ca:NAME,NAME with names of process variables</source>
+        <translation>「%1」は、プロセス変数の名前を用いて ca:NAME または ca:NAME,NAME の形にしてください</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 process variables; a window shows %3 at most</source>
+        <translation>「%1」には %2 個のプロセス変数があります。1 つのウィンドウに表示できるのは %3 個までです</translation>
+    </message>
+    <message>
+        <source>Check the names, that the server runs, and EPICS_CA_ADDR_LIST if it is on another network; caget NAME shows whether this machine reaches it.</source>
+        <translation>名前、サーバーが動作していること、サーバーが別のネットワークにある場合は EPICS_CA_ADDR_LIST を確認してください。caget NAME で、このコンピューターから届くかどうかがわかります。</translation>
+    </message>
+    <message>
+        <source>the Channel Access client library does not start</source>
+        <translation>Channel Access クライアントライブラリを開始できません</translation>
+    </message>
+    <message>
+        <source>%1: waveforms and single values cannot be read together, and no more than two waveforms; read the others in a window of their own</source>
+        <translation>%1: 波形と単一の値は一緒に読み取れず、波形は 2 つまでです。残りは別のウィンドウで読み取ってください</translation>
+    </message>
+    <message>
+        <source>searching for %1</source>
+        <translation>%1 を検索しています</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which is not connected</source>
+        <translation>%1 (%2 は接続されていません)</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>%1 に応答するサーバーがありません</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -1297,6 +1340,28 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
 </context>
 <context>
+    <name>Monitor::PluginForm</name>
+    <message>
+        <source>&amp;Address:</source>
+        <translation>アドレス(&amp;A):</translation>
+    </message>
+    <message>
+        <source>As on the command line, for example %1. The plugin %2 reads it.</source>
+        <translation>コマンドラインと同じ形です (例: %1)。プラグイン %2 が読み取ります。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::PluginSource</name>
+    <message>
+        <source>opening %1</source>
+        <translation>%1 を開いています</translation>
+    </message>
+    <message>
+        <source>the plugin cannot open it</source>
+        <translation>プラグインが開けません</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::ProfilePage</name>
     <message>
         <source>mean X %1</source>
@@ -2340,6 +2405,46 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>No signal.</source>
         <translation>信号がありません。</translation>
+    </message>
+    <message>
+        <source>it has no channels</source>
+        <translation>チャンネルがありません</translation>
+    </message>
+    <message>
+        <source>frames of %1 x %2 values cannot be shown: a matrix has at most 256 columns and 256 rows, and planes of strips have at most 65536 values together</source>
+        <translation>%1 x %2 個の値のフレームは表示できません。マトリックスは最大 256 列 256 行、ストリップ面は合わせて最大 65536 個の値です</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a known kind of source: %2</source>
+        <translation>「%1」は既知の種類のソースではありません: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a plugin</source>
+        <translation>%1 はプラグインではありません</translation>
+    </message>
+    <message>
+        <source>%1 is a plugin, but not for sources of this program</source>
+        <translation>%1 はプラグインですが、このプログラムのソース用ではありません</translation>
+    </message>
+    <message>
+        <source>%1 was built for version %2 of the interface, and this program has version %3</source>
+        <translation>%1 はインターフェースのバージョン %2 用に作られていますが、このプログラムはバージョン %3 です</translation>
+    </message>
+    <message>
+        <source>%1 does not say which addresses it reads</source>
+        <translation>%1 は読み取るアドレスを示していません</translation>
+    </message>
+    <message>
+        <source>there is no plugin for %1: install the package %2</source>
+        <translation>%1 のプラグインがありません。パッケージ %2 をインストールしてください</translation>
+    </message>
+    <message>
+        <source>the plugin for %1 cannot be loaded: %2</source>
+        <translation>%1 のプラグインを読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>there is no file of that name, and no plugin for %1 in %2</source>
+        <translation>その名前のファイルはなく、%2 に %1 のプラグインもありません</translation>
     </message>
 </context>
 <context>

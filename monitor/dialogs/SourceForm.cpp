@@ -4,6 +4,8 @@
 #include "monitor/dialogs/Explanation.h"
 #include "monitor/dialogs/LineForms.h"
 #include "monitor/dialogs/LocalForms.h"
+#include "monitor/dialogs/PluginForm.h"
+#include "monitor/sources/SourcePlugins.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -36,12 +38,16 @@ void SourceForm::addText(const QString &text)
 
 QList<SourceForm *> newSourceForms(QWidget *parent)
 {
-    return {new SimulatorForm(parent),
-            new FileForm(parent),
-            new StandardInputForm(parent),
-            new TcpClientForm(parent),
-            new TcpServerForm(parent),
-            new SerialForm(parent)};
+    QList<SourceForm *> forms = {new SimulatorForm(parent),
+                                 new FileForm(parent),
+                                 new StandardInputForm(parent),
+                                 new TcpClientForm(parent),
+                                 new TcpServerForm(parent),
+                                 new SerialForm(parent)};
+    const SourcePlugins plugins;
+    for (const SourcePlugins::Description &plugin : plugins.all())
+        forms.append(new PluginForm(plugin, parent));
+    return forms;
 }
 
 } // namespace Monitor

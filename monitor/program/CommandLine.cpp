@@ -289,6 +289,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));
     record.compress = parser.isSet(QStringLiteral("compress"));
     file.passesDamage = task == Task::Check;
+    pluginPath = parser.values(QStringLiteral("plugin-path"));
     settings = values.text("settings");
     diagnostics = values.isSet("diagnostics");
     output = values.text(task == Task::Convert      ? "convert"

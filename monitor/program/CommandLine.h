@@ -58,6 +58,7 @@ struct CommandLine
     //! Largest position errors of spots in mm, of --tolerance; 0 without it.
     double toleranceX = 0.0;
     double toleranceY = 0.0;
+    QStringList pluginPath; //!< the folders of each --plugin-path
     QString settings;
     QString language; //!< of --language, like "de"; empty without it
     bool diagnostics = false; //!< whether the end tells how long the turns of the event loop were

@@ -7,7 +7,6 @@
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/TerminationSignal.h"
-#include "monitor/sources/LineSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
@@ -53,8 +52,7 @@ bool HeadlessRun::openSource()
         m_exitCode = ExitUsage;
         return false;
     }
-    if (auto *lines = qobject_cast<LineSource *>(m_source.get()))
-        lines->setReconnecting(false);
+    m_source->setReconnecting(false);
     connect(m_source.get(), &Source::streamStarted, this, &HeadlessRun::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &HeadlessRun::takeReadings);
     connect(m_source.get(), &Source::stateChanged, this, &HeadlessRun::sourceStateChanged);

@@ -76,6 +76,11 @@ QVector<OptionText> optionTexts()
          "FILE",
          Text::tr("Keep settings and window layout in this file; each file has one window. --stats "
                   "takes its limits of verdicts from it.")},
+        {"plugin-path",
+         "FOLDER",
+         Text::tr("Look for source plugins in this folder too, before those of "
+                  "CORVALE_MONITOR_PLUGIN_PATH and of the installation; may be given more than "
+                  "once.")},
         {"language",
          "CODE",
          Text::tr("Show texts in this language: de, en, fr or ja. Without it a window has that of "
@@ -142,10 +147,14 @@ QVector<TopicText> topicTexts()
              {"tcp-listen://127.0.0.1:PORT", Text::tr("Lines from a program that connects.")},
              {"serial:DEVICE?baud=N",
               Text::tr("Lines from a serial port, 8N1; the default is 115200 baud.")},
+             {"ca:PV,PV",
+              Text::tr("EPICS process variables by Channel Access; needs the package "
+                       "corvale-monitor-epics.")},
+             {"SCHEME:REST", Text::tr("What another source plugin reads.")},
              {"?silence=30s",
-              Text::tr(
-                  "After any of the last three: connect again if a source that used to talk is "
-                  "silent for this long. The default is 30s with ?ask, otherwise off.")},
+              Text::tr("After tcp, tcp-listen and serial: connect again if a source that used to "
+                       "talk is "
+                       "silent for this long. The default is 30s with ?ask, otherwise off.")},
          }},
         {Text::tr("Exit status"),
          {

@@ -6,6 +6,7 @@
 #include "monitor/program/QuietMessages.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/program/WindowRun.h"
+#include "monitor/sources/SourcePlugins.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/SourceSwitch.h"
@@ -131,6 +132,9 @@ int main(int argc, char **argv)
         return ExitGood;
     if (commandLine.task == CommandLine::Task::Repair)
         return repairOnCommand(commandLine);
+    for (auto folder = commandLine.pluginPath.rbegin(); folder != commandLine.pluginPath.rend();
+         ++folder)
+        SourcePlugins::addFolder(*folder);
     installQuietMessages();
     // A write beyond the limit of a file's size is to fail and be reported; it must not end the program.
     std::signal(SIGXFSZ, SIG_IGN);

@@ -19,8 +19,7 @@ public:
     void start() final;
     LineCounts counts() const override;
     bool isLive() const override { return true; }
-    //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
-    void setReconnecting(bool on) { m_reconnecting = on; }
+    void setReconnecting(bool on) override { m_reconnecting = on; }
     /*! Sets after how many seconds of silence a connection that has brought bytes counts as lost; 0 for never, which
         suits instruments that only talk while there is beam. */
     void setLongestSilence(double seconds) { m_longestSilence = seconds; }

@@ -45,6 +45,8 @@ public:
     virtual bool isLive() const { return false; }
     //! Returns whether the source holds its readings back on purpose, so that its silence means nothing.
     virtual bool isHolding() const { return false; }
+    //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
+    virtual void setReconnecting(bool on);
     //! Returns how many lines were read and refused since start().
     virtual LineCounts counts() const;
     //! Returns whether the source reads from the file of that path, to which nothing may write then.

@@ -3,8 +3,10 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/sources/PgmSource.h"
+#include "monitor/sources/PluginSource.h"
 #include "monitor/sources/SerialSource.h"
 #include "monitor/sources/SimulatorSource.h"
+#include "monitor/sources/SourcePlugins.h"
 #include "monitor/sources/StandardInputSource.h"
 #include "monitor/sources/TcpClientSource.h"
 #include "monitor/sources/TcpServerSource.h"
@@ -82,7 +84,8 @@ QString SourceFactory::filePath(const QString &text)
 {
     const bool stated = text.startsWith(QLatin1String("file:"));
     const bool other = text == QLatin1String("-") || text.startsWith(QLatin1String("sim:"))
-        || text.startsWith(QLatin1String("serial:")) || text.contains(QLatin1String("://"));
+        || text.startsWith(QLatin1String("serial:")) || text.contains(QLatin1String("://"))
+        || !SourcePlugins::schemeOf(text).isEmpty();
     return stated ? text.mid(5) : other ? QString() : text;
 }
 
@@ -99,6 +102,8 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
         return tcpServer(text);
     if (text.startsWith(QLatin1String("serial:")))
         return serial(text.mid(7));
+    if (!SourcePlugins::schemeOf(text).isEmpty())
+        return ofPlugin(text);
     const QString path = filePath(text);
     if (path.contains(QLatin1String("://")) || path.isEmpty())
         return failed(
@@ -108,6 +113,20 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
     if (PgmSource::suits(path))
         return std::make_unique<PgmSource>(m_clock, path, m_fileOptions);
     return std::make_unique<FileSource>(m_clock, path, m_fileOptions);
+}
+
+std::unique_ptr<Source> SourceFactory::ofPlugin(const QString &text)
+{
+    QString error;
+    CorvaleMonitor::SourcePlugin *plugin =
+        SourcePlugins().load(SourcePlugins::schemeOf(text), &error);
+    if (plugin)
+        error = plugin->check(text);
+    else
+        error = Text::tr("\"%1\" is not a known kind of source: %2").arg(text, error);
+    if (!error.isEmpty())
+        return failed(error);
+    return std::make_unique<PluginSource>(m_clock, *plugin, text);
 }
 
 std::unique_ptr<Source> SourceFactory::simulator(const QString &text)

@@ -12,7 +12,7 @@ namespace Monitor {
 
     sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path of a table, of grey images or of a folder of them, - for standard input,
     tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). The last
-    three also take ?silence=30s. */
+    three also take ?silence=30s. Another SCHEME:REST that is no file is an address that a plugin reads. */
 class SourceFactory
 {
 public:
@@ -31,6 +31,7 @@ private:
     std::unique_ptr<Source> tcpClient(const QString &text);
     std::unique_ptr<Source> tcpServer(const QString &text);
     std::unique_ptr<Source> serial(const QString &rest);
+    std::unique_ptr<Source> ofPlugin(const QString &text);
     std::unique_ptr<Source> failed(const QString &error);
 
     Clock &m_clock;

@@ -1,0 +1,451 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/sources/PluginSource.h"
+#include "monitor/sources/SourceFactory.h"
+#include "monitor/sources/SourcePlugins.h"
+#include "tests/monitor/plugins/ChannelAccessServer.h"
+#include "tests/monitor/support/ManualClock.h"
+#include "tests/monitor/support/SourceLog.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <cmath>
+#include <thread>
+
+Q_DECLARE_METATYPE(std::function<void(CorvaleMonitor::SourceReceiver &)>)
+
+using namespace Monitor;
+using CorvaleMonitor::SourceState;
+using CorvaleMonitor::SourceStream;
+
+namespace {
+
+//! A plugin whose readings the test delivers.
+class ScriptedPlugin : public CorvaleMonitor::SourcePlugin
+{
+public:
+    QString check(const QString &) const override { return {}; }
+    std::unique_ptr<CorvaleMonitor::SourceConnection>
+    open(const QString &, const std::shared_ptr<CorvaleMonitor::SourceReceiver> &to) override
+    {
+        receiver = to;
+        return std::make_unique<CorvaleMonitor::SourceConnection>();
+    }
+    void add(double time, const std::vector<double> &values) const
+    {
+        receiver->add(1, &time, values.data());
+    }
+
+    std::shared_ptr<CorvaleMonitor::SourceReceiver> receiver;
+};
+
+//! A source of that plugin, open.
+struct Scripted
+{
+    Scripted() { source->start(); }
+    //! Delivers from another thread, as plugins do, and lets the source take it.
+    void deliver(const std::function<void(CorvaleMonitor::SourceReceiver &)> &script)
+    {
+        std::thread([&] {
+            script(*plugin.receiver);
+        }).join();
+        QCoreApplication::sendPostedEvents(source.get());
+    }
+
+    ManualClock clock;
+    ScriptedPlugin plugin;
+    std::unique_ptr<PluginSource> source = std::make_unique<PluginSource>(clock, plugin, "test:1");
+    SourceLog log{*source};
+};
+
+SourceStream channels(int count)
+{
+    SourceStream stream;
+    for (int i = 0; i < count; ++i) {
+        CorvaleMonitor::SourceChannel channel;
+        channel.name = QString("c%1").arg(i + 1);
+        channel.unit = "nA";
+        stream.channels.append(channel);
+    }
+    return stream;
+}
+
+SourceStream frames(SourceStream::Layout layout, int columns, int rows)
+{
+    SourceStream stream;
+    stream.layout = layout;
+    stream.columns = columns;
+    stream.rows = rows;
+    stream.unit = "pC";
+    return stream;
+}
+
+//! Process variables on the loopback, and a source that reads some of them.
+struct Laboratory
+{
+    Laboratory()
+    {
+        Variable position;
+        position.values = {1.5};
+        position.unit = "mm";
+        position.lowAlarm = -5;
+        position.lowWarning = -2;
+        position.highWarning = 2;
+        position.highAlarm = 5;
+        Variable current;
+        current.values = {20};
+        current.unit = "nA";
+        Variable profile;
+        profile.unit = "nA";
+        for (int i = 0; i < 10000; ++i)
+            profile.values.append(i);
+        variables = {{"POS", position}, {"CUR", current}, {"PROFILE", profile}};
+        start(0);
+    }
+    using Variable = ChannelAccessServer::Variable;
+
+    void start(quint16 atPort)
+    {
+        server = std::make_unique<ChannelAccessServer>(variables, atPort);
+        QVERIFY(server->isListening());
+        port = server->port();
+        qputenv("EPICS_CA_SERVER_PORT", QByteArray::number(port));
+    }
+    void open(const QString &address)
+    {
+        SourceFactory factory(clock, {});
+        source = factory.make(address);
+        QVERIFY2(source, qPrintable(factory.errorString()));
+        log = std::make_unique<SourceLog>(*source);
+        source->start();
+    }
+    //! Gives a variable another value, so many milliseconds after the ones at the beginning.
+    void post(const QByteArray &name, double value, int milliseconds, int severity = 0)
+    {
+        Variable variable = server->variable(name);
+        variable.values[0] = value;
+        variable.seconds = 1 + quint32(milliseconds) / 1000;
+        variable.nanoseconds = quint32(milliseconds) % 1000 * 1000000;
+        variable.severity = quint16(severity);
+        variable.status = severity > 0 ? 3 : 0; // HIHI
+        server->post(name, variable);
+    }
+    //! Returns the readings that came, without anything else.
+    QStringList rows() const { return log->sink.lines.filter(QRegularExpression("^[-0-9.e+]+:")); }
+
+    QHash<QByteArray, Variable> variables;
+    quint16 port = 0;
+    std::unique_ptr<ChannelAccessServer> server;
+    ManualClock clock;
+    std::unique_ptr<Source> source;
+    std::unique_ptr<SourceLog> log;
+};
+
+} // namespace
+
+//! What plugins deliver, how they are found, and the plugin for EPICS against a server.
+class tst_SourcePlugins : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        qputenv("CORVALE_MONITOR_PLUGIN_PATH",
+                QFile::encodeName(QFileInfo(CORVALE_MONITOR_EPICS).absolutePath()));
+        qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1");
+        qputenv("EPICS_CA_AUTO_ADDR_LIST", "NO");
+    }
+
+    void deliveries_data()
+    {
+        using Receiver = CorvaleMonitor::SourceReceiver;
+        columns<std::function<void(Receiver &)>, QString>("script", "heard");
+        const auto one = [](Receiver &to, double time, const std::vector<double> &values) {
+            to.add(1, &time, values.data());
+        };
+        const auto newRow =
+            [](const char *name, const std::function<void(Receiver &)> &script, const char *heard) {
+                QTest::newRow(name) << script << QString(heard);
+            };
+        newRow(
+            "channels",
+            [=](Receiver &to) {
+                to.begin(channels(2));
+                const double times[] = {0, 0.5};
+                const double values[] = {1, 2, 3, std::nan("")};
+                to.add(2, times, values);
+                to.note("WARNING a note");
+                one(to, 1, {4, 5});
+            },
+            "start channels c1:nA c2:nA | 0: 1 2 | 0.5: 3 - | event WARNING a note | 1: 4 5");
+        newRow(
+            "a plane of strips",
+            [=](Receiver &to) {
+                to.begin(frames(SourceStream::Layout::Strips, 3, 0));
+                one(to, 0, {1, 2, 3});
+            },
+            "start strips frames, strips 3 + 0, positions in cells, sum:pC max:pC x:cells "
+            "sigma_x:cells | 0: 1 2 3");
+        newRow(
+            "a matrix",
+            [=](Receiver &to) {
+                to.begin(frames(SourceStream::Layout::Matrix, 3, 1));
+                one(to, 0, {1, 2, 3});
+            },
+            "start pixels frames, matrix 1 x 3, positions in cells, sum:pC max:pC x:cells "
+            "sigma_x:cells y:cells sigma_y:cells | 0: 1 2 3");
+        newRow(
+            "times that go back, and one that is none",
+            [=](Receiver &to) {
+                to.begin(channels(1));
+                for (const double time : {1.0, 2.0, 1.5, std::nan(""), 3.0})
+                    one(to, time, {time});
+            },
+            "start channels c1:nA | refused 3 back | refused 4 unreadable | 1: 1 | 2: 2 | 3: 3");
+        newRow(
+            "readings before their stream",
+            [=](Receiver &to) {
+                one(to, 0, {1});
+                to.begin(channels(1));
+                one(to, 1, {2});
+            },
+            "start channels c1:nA | 1: 2");
+        newRow(
+            "a matrix that is too large, and what follows it",
+            [=](Receiver &to) {
+                to.begin(frames(SourceStream::Layout::Matrix, 257, 2));
+                one(to, 0, std::vector<double>(514));
+            },
+            "");
+        newRow(
+            "no channels",
+            [](Receiver &to) {
+                to.begin(channels(0));
+            },
+            "");
+    }
+
+    void deliveries()
+    {
+        QFETCH(std::function<void(CorvaleMonitor::SourceReceiver &)>, script);
+        QFETCH(QString, heard);
+        Scripted scripted;
+        scripted.deliver(script);
+        QCOMPARE(scripted.log.text(), heard);
+        QCOMPARE(scripted.source->state() == Source::State::Failed, heard.isEmpty());
+    }
+
+    //! A clock that was set back is believed in the end; the moments of the new times follow from the same start.
+    void clockThatWasSetBack()
+    {
+        Scripted scripted;
+        scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+            to.begin(channels(1));
+            for (int i = 0; i < 12; ++i) {
+                const double time = i == 0 ? 100.0 : i;
+                to.add(1, &time, &time);
+            }
+        });
+        QCOMPARE(scripted.log.sink.lines.mid(1).join(" | "),
+                 QString("refused 2-10 back | 100: 100 | start channels c1:nA | 10: 10 | 11: 11"));
+    }
+
+    void channelsBeyondTheMost()
+    {
+        Scripted scripted;
+        scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+            to.begin(channels(300));
+            std::vector<double> values(300);
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = double(i);
+            const double times[] = {0, 1};
+            values.insert(values.end(), values.begin(), values.end());
+            to.add(2, times, values.data());
+        });
+        QCOMPARE(scripted.log.sink.header().leftOutChannels, 44);
+        QVERIFY(scripted.log.text().contains("44 channels beyond the first 256 are left out"));
+        QVERIFY(scripted.log.sink.lines.last().startsWith("1: 0 1 2 "));
+        QVERIFY(scripted.log.sink.lines.last().endsWith(" 255"));
+    }
+
+    void states()
+    {
+        using State = Source::State;
+        for (const bool isReconnecting : {true, false}) {
+            Scripted scripted;
+            scripted.source->setReconnecting(isReconnecting);
+            scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+                SourceStream stream = channels(1);
+                stream.onChange = true;
+                to.begin(stream);
+                to.setState(SourceState::Live, "live");
+            });
+            QVERIFY(scripted.source->isHolding()); // silence means nothing
+            scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+                to.setState(SourceState::Lost, "the server is gone");
+            });
+            QCOMPARE(scripted.source->state(), isReconnecting ? State::Retrying : State::Failed);
+            QCOMPARE(scripted.log.lastText, QString("the server is gone"));
+            QVERIFY(!scripted.source->isHolding());
+        }
+    }
+
+    //! A plugin that goes on after its source is gone does no harm, and one that is too fast fills no memory.
+    void lateAndTooFast()
+    {
+        Scripted late;
+        late.source.reset();
+        late.plugin.receiver->begin(channels(1));
+        late.plugin.add(0, {1});
+        QCoreApplication::processEvents();
+
+        Scripted fast;
+        fast.deliver([](CorvaleMonitor::SourceReceiver &to) {
+            to.begin(frames(SourceStream::Layout::Strips, 4000, 4000));
+            const std::vector<double> frame(8000);
+            for (int i = 0; i < 1100; ++i) {
+                const double time = i;
+                to.add(1, &time, frame.data());
+            }
+        });
+        const auto room = qint64(PluginQueue::mostValues / 8000);
+        QCOMPARE(fast.source->counts().readings, room);
+        QCOMPARE(fast.log.sink.lines.last(),
+                 QString("event WARNING %1 readings came while the program was busy, and are lost")
+                     .arg(1100 - room));
+    }
+
+    void whatIsNoPlugin()
+    {
+        putFile(m_folder.filePath("text.so"), "this is no library");
+        QString error;
+        const SourcePlugins plugins({m_folder.path()});
+        QVERIFY(!plugins.load("example", &error));
+        QVERIFY2(error.contains("no plugin for example in ")
+                     && error.contains("text.so is not a plugin"),
+                 qPrintable(error));
+        QVERIFY(!plugins.load("ca", &error));
+        QVERIFY(error.contains("install the package corvale-monitor-epics"));
+    }
+
+    void addressesOfEpics()
+    {
+        ManualClock clock;
+        for (const char *address : {"ca:", "ca:A,,B", "ca:A B"}) {
+            SourceFactory factory(clock, {});
+            QVERIFY2(!factory.make(address), address);
+            QVERIFY(factory.errorString().contains("ca:NAME,NAME"));
+        }
+        QCOMPARE(SourcePlugins().all().first().schemes, QStringList("ca"));
+    }
+
+    //! Values of two variables side by side; what did not change keeps its value.
+    void epicsChannels()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        lab.open("ca:POS,CUR");
+        QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 20"), 15000);
+        QVERIFY(lab.log->text().startsWith("start channels POS:mm CUR:nA"));
+        const StreamHeader header = lab.log->sink.header();
+        QCOMPARE(header.startTime, QDateTime(QDate(1990, 1, 1), QTime(0, 0, 1), Qt::UTC));
+        QCOMPARE(header.limitsOf(0).lowAlarm, -5.0);
+        QCOMPARE(header.limitsOf(0).highWarning, 2.0);
+        QVERIFY(header.limitsOf(1).isEmpty()); // four zeros
+        QCOMPARE(lab.source->state(), Source::State::Running);
+
+        lab.post("POS", 2.5, 100);
+        lab.post("CUR", 30, 101);
+        QTRY_COMPARE(lab.rows().last(), QString("0.101: 2.5 30"));
+        lab.post("POS", 3.5, 200);
+        QTRY_COMPARE(lab.rows().last(), QString("0.2: 3.5 30"));
+        lab.post("CUR", 40, 150); // its clock is a little behind
+        QTRY_COMPARE(lab.rows().last(), QString("0.2: 3.5 40"));
+        lab.post("POS", 6, 300, 2);
+        QTRY_COMPARE(lab.rows().last(), QString("0.3: 6 40"));
+        QVERIFY(lab.log->text().contains("event WARNING POS: MAJOR alarm, HIHI"));
+        lab.post("POS", 7, 400, 3);
+        QTRY_COMPARE(lab.rows().last(), QString("0.4: - 40"));
+        lab.post("POS", 1, 500);
+        QTRY_COMPARE(lab.rows().last(), QString("0.5: 1 40"));
+        QCOMPARE(lab.source->counts().bad(), qint64(0));
+    }
+
+    //! A waveform with more values than a plane of strips may have is kept whole.
+    void epicsWaveform()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        lab.open("ca:PROFILE");
+        QTRY_VERIFY_WITH_TIMEOUT(!lab.log->times.isEmpty(), 15000);
+        const StreamHeader header = lab.log->sink.header();
+        QCOMPARE(header.frameSize, 10000);
+        QCOMPARE(header.detector.cells(), Corvale_Qt::DetectorLayout::maxStrips);
+        QCOMPARE(header.frameUnit, QString("nA"));
+        QVERIFY(lab.rows().last().endsWith(" 9998 9999"));
+    }
+
+    void epicsWaveformBesideValue()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        lab.open("ca:PROFILE,POS");
+        QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Failed, 15000);
+        QVERIFY(lab.source->stateText().contains("cannot be read together"));
+    }
+
+    //! CORVALE_QT_RESTARTS is how often the server is killed, 3 times without it.
+    void epicsServerThatDies()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        lab.open("ca:POS,CUR");
+        QTRY_VERIFY_WITH_TIMEOUT(!lab.rows().isEmpty(), 15000);
+        bool ok = false;
+        const int wanted = qEnvironmentVariableIntValue("CORVALE_QT_RESTARTS", &ok);
+        for (int i = 1; i <= (ok ? wanted : 3); ++i) {
+            lab.server.reset();
+            QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Retrying, 15000);
+            QVERIFY(lab.rows().last().endsWith("- -"));
+            lab.variables["POS"].values[0] = i;
+            lab.variables["POS"].nanoseconds = lab.variables["CUR"].nanoseconds = quint32(i);
+            lab.start(lab.port);
+            QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Running, 60000);
+            QTRY_VERIFY_WITH_TIMEOUT(lab.rows().last().endsWith(QString(": %1 20").arg(i)), 15000);
+        }
+        QCOMPARE(lab.log->sink.lines.filter("start").size(), 1); // one stream all the time
+        QVERIFY(lab.log->text().contains("POS is connected again"));
+    }
+
+    //! A name that nobody has is reported, and the others are read.
+    void epicsUnknownName()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        lab.open("ca:POS,NOBODY");
+        QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 -"), 15000);
+        QCOMPARE(lab.source->state(), Source::State::Running);
+        QVERIFY(lab.source->stateText().contains("without NOBODY, which is not connected"));
+    }
+
+private:
+    //! Returns whether the client library is installed, which the plugin needs.
+    static bool hasEpics()
+    {
+        QString error;
+        const CorvaleMonitor::SourcePlugin *plugin = SourcePlugins().load("ca", &error);
+        return plugin && plugin->check("ca:ANY").isEmpty();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+CORVALE_QT_TEST_MAIN(tst_SourcePlugins)
+#include "tst_SourcePlugins.moc"

@@ -45,7 +45,7 @@ bool resolveAll(QLibrary &library, Library *functions)
         && resolve(library, "ca_array_get_callback", &functions->array_get_callback)
         && resolve(library, "ca_flush_io", &functions->flush_io)
         && resolve(library, "ca_element_count", &functions->element_count)
-        && resolve(library, "ca_host_name", &functions->host_name)
+        && resolve(library, "ca_get_host_name", &functions->get_host_name)
         && resolve(library, "ca_puser", &functions->puser)
         && resolve(library, "ca_message", &functions->message);
 }

@@ -124,7 +124,7 @@ struct Library
                               void *user) = nullptr;
     int (*flush_io)() = nullptr;
     unsigned long (*element_count)(ChannelId channel) = nullptr;
-    const char *(*host_name)(ChannelId channel) = nullptr;
+    unsigned (*get_host_name)(ChannelId channel, char *text, unsigned size) = nullptr;
     void *(*puser)(ChannelId channel) = nullptr;
     const char *(*message)(long status) = nullptr;
 

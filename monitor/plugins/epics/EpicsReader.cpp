@@ -23,7 +23,14 @@ struct Threads
     std::mutex mutex;
     std::condition_variable ended;
     int running = 0;
-} threads;
+};
+
+//! Returns the threads. They are never destroyed, since one may outlive main().
+Threads &readerThreads()
+{
+    static auto *const all = new Threads;
+    return *all;
+}
 
 } // namespace
 
@@ -49,11 +56,12 @@ EpicsReader::EpicsReader(const Library &library,
 
 void EpicsReader::start(const std::shared_ptr<EpicsReader> &reader)
 {
+    Threads &threads = readerThreads();
     {
         const std::lock_guard lock(threads.mutex);
         ++threads.running;
     }
-    std::thread([reader] {
+    std::thread([reader, &threads] {
         reader->run();
         const std::lock_guard lock(threads.mutex);
         --threads.running;
@@ -63,8 +71,9 @@ void EpicsReader::start(const std::shared_ptr<EpicsReader> &reader)
 
 void EpicsReader::waitForAll()
 {
+    Threads &threads = readerThreads();
     std::unique_lock lock(threads.mutex);
-    threads.ended.wait_for(lock, endPatience, [] {
+    threads.ended.wait_for(lock, endPatience, [&] {
         return threads.running == 0;
     });
 }
@@ -144,6 +153,8 @@ void EpicsReader::takeConnection(EpicsVariable &variable, bool isUp)
 {
     {
         const std::lock_guard lock(m_mutex);
+        if (m_isStopping)
+            return; // the library is being closed
         const QString name = QString::fromUtf8(variable.name);
         if (isUp && variable.wasConnected)
             m_receiver->note(QStringLiteral("%1 is connected again").arg(name));
@@ -194,8 +205,9 @@ void EpicsReader::takeDescription(EpicsVariable &variable, const Event &event)
         if (event.status == normal && event.data)
             variable.describe(*static_cast<const ControlDouble *>(event.data));
         variable.isDescribed = true;
-        m_receiver->tell(
-            variable.summary(QString::fromLatin1(m_library.host_name(variable.channel))));
+        char server[256] = "";
+        m_library.get_host_name(variable.channel, server, sizeof(server));
+        m_receiver->tell(variable.summary(QString::fromLatin1(server)));
         if (m_hasBegun && variable.hasFormOf(before))
             m_rows.expect(variable.index);
         else if (m_hasBegun || !m_isSearching)

@@ -14,7 +14,7 @@ namespace Monitor {
 class PluginQueue : public CorvaleMonitor::SourceReceiver
 {
 public:
-    static constexpr std::size_t mostValues = 8 * 1024 * 1024;
+    static constexpr std::size_t mostValues = std::size_t(8) * 1024 * 1024;
     static constexpr std::size_t mostItems = 10000;
 
     //! Readings that were added together.
@@ -26,7 +26,7 @@ public:
     //! A state and its text.
     struct State
     {
-        CorvaleMonitor::SourceState state;
+        CorvaleMonitor::SourceState state = CorvaleMonitor::SourceState::Connecting;
         QString text;
     };
     //! A line for the log.

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+#include <cmath>
 #include <cstring>
 #include <limits>
 
@@ -36,7 +37,7 @@ void EpicsVariable::describe(const ControlDouble &control)
 bool EpicsVariable::hasFormOf(const EpicsVariable &other) const
 {
     const auto isSame = [](double a, double b) {
-        return a == b || (a != a && b != b);
+        return a == b || (std::isnan(a) && std::isnan(b));
     };
     const CorvaleMonitor::SourceChannel &its = other.description;
     return count == other.count && description.unit == its.unit
@@ -58,7 +59,7 @@ QString EpicsVariable::summary(const QString &server) const
                              description.highAlarm};
     const char *const names[] = {"LOLO", "LOW", "HIGH", "HIHI"};
     for (int i = 0; i < 4; ++i)
-        if (limits[i] == limits[i])
+        if (!std::isnan(limits[i]))
             text += QStringLiteral(", %1 %2").arg(QLatin1String(names[i])).arg(limits[i]);
     return text;
 }

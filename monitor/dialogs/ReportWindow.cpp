@@ -15,7 +15,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr qint64 largest = 1024 * 1024;
+constexpr qint64 largest = qint64(1024) * 1024;
 
 QString contentOf(const QString &path)
 {

@@ -220,6 +220,80 @@ QString contradiction(const CommandLine &wanted, const ValueReader &values)
     return {};
 }
 
+//! Reads what is to be done; more than one thing is an error.
+void readTask(const QCommandLineParser &parser, CommandLine *line, QString *error)
+{
+    QStringList asked;
+    for (const auto &[name, task] : taskOptions()) {
+        if (!parser.isSet(name))
+            continue;
+        asked.append(QStringLiteral("--") + name);
+        line->task = asked.size() == 1 ? task : line->task;
+    }
+    if (asked.size() > 1)
+        *error = Text::tr("%1 cannot be combined; choose one of them")
+                     .arg(asked.join(Text::tr(" and ")));
+}
+
+void readSource(const QCommandLineParser &parser, CommandLine *line, QString *error)
+{
+    const QStringList sources = parser.positionalArguments();
+    if (sources.size() > 1)
+        *error = Text::tr("only one source can be shown at a time, not %1; a window with another "
+                          "--settings FILE shows another source")
+                     .arg(sources.join(QStringLiteral(", ")));
+    const QString measured = parser.value(QStringLiteral("measured"));
+    if (!sources.isEmpty() && !measured.isEmpty())
+        *error = Text::tr("--measured %1: the source is %2 already; leave one of them out")
+                     .arg(measured, sources.first());
+    line->sourceGiven = !sources.isEmpty() || !measured.isEmpty();
+    line->source = sources.value(0, measured.isEmpty() ? line->source : measured);
+    line->planned = parser.value(QStringLiteral("planned"));
+}
+
+void readStatisticsOptions(const QCommandLineParser &parser, CommandLine *line, QString *error)
+{
+    line->json = parser.isSet(QStringLiteral("json"));
+    line->fitChannels = parser.isSet(QStringLiteral("fit-channels"));
+    if (line->json && line->task != CommandLine::Task::Statistics)
+        *error = Text::tr("--json prints statistics; add --stats");
+    if (line->fitChannels && line->task != CommandLine::Task::Statistics)
+        *error = Text::tr("--fit-channels fits for statistics; add --stats");
+}
+
+//! Reads the options that have values of their own kinds; what is wrong with them is the reader's to tell.
+void readValues(ValueReader &values, CommandLine *line)
+{
+    values.number("speed", &line->file.speed, 0.0);
+    values.number("from", &line->file.from, -std::numeric_limits<double>::infinity());
+    values.number("to", &line->file.to, -std::numeric_limits<double>::infinity());
+    values.range(&line->rangeLow, &line->rangeHigh);
+    values.detector(&line->detector);
+    line->detectorFile = values.text("detector");
+    values.tolerance(&line->toleranceX, &line->toleranceY);
+    values.computed(&line->computed);
+    values.size(&line->size);
+    values.amount(&line->afterReadings, &line->afterSeconds);
+    values.rotation(&line->record);
+    values.mode(&line->record.mode);
+    values.import(&line->file.import);
+    values.display(&line->display);
+    values.language(&line->language);
+    values.span(&line->span);
+    line->record.path = values.text("record");
+    line->settings = values.text("settings");
+    line->diagnostics = values.isSet("diagnostics");
+    line->speedGiven = values.isSet("speed");
+}
+
+//! Returns the name of the option that has the path of a task's output.
+const char *outputOption(CommandLine::Task task)
+{
+    if (task == CommandLine::Task::Convert)
+        return "convert";
+    return task == CommandLine::Task::Repair ? "repair" : "screenshot";
+}
+
 } // namespace
 
 bool CommandLine::parse(const QStringList &arguments, QString *error)
@@ -230,71 +304,23 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     if (!error->isEmpty())
         return false;
 
-    QStringList asked;
-    for (const auto &[name, itsTask] : taskOptions()) {
-        if (!parser.isSet(name))
-            continue;
-        asked.append(QStringLiteral("--") + name);
-        task = asked.size() == 1 ? itsTask : task;
-    }
-    const bool onlyText = task == Task::Help || task == Task::Version || task == Task::ManPage;
-    if (onlyText)
+    readTask(parser, this, error);
+    if (task == Task::Help || task == Task::Version || task == Task::ManPage) {
+        error->clear(); // a text is printed whatever else is asked for
         return true;
-    if (asked.size() > 1)
-        *error = Text::tr("%1 cannot be combined; choose one of them")
-                     .arg(asked.join(Text::tr(" and ")));
-
-    const QStringList sources = parser.positionalArguments();
-    if (sources.size() > 1)
-        *error = Text::tr("only one source can be shown at a time, not %1; a window with another "
-                          "--settings FILE shows another source")
-                     .arg(sources.join(QStringLiteral(", ")));
-    sourceGiven = !sources.isEmpty();
-    const QString measured = parser.value(QStringLiteral("measured"));
-    if (sourceGiven && !measured.isEmpty())
-        *error = Text::tr("--measured %1: the source is %2 already; leave one of them out")
-                     .arg(measured, sources.first());
-    sourceGiven = sourceGiven || !measured.isEmpty();
-    source = sources.value(0, measured.isEmpty() ? source : measured);
-    planned = parser.value(QStringLiteral("planned"));
-    json = parser.isSet(QStringLiteral("json"));
-    fitChannels = parser.isSet(QStringLiteral("fit-channels"));
-    if (json && task != Task::Statistics)
-        *error = Text::tr("--json prints statistics; add --stats");
-    if (fitChannels && task != Task::Statistics)
-        *error = Text::tr("--fit-channels fits for statistics; add --stats");
-
+    }
+    readSource(parser, this, error);
+    readStatisticsOptions(parser, this, error);
     ValueReader values(parser);
-    values.number("speed", &file.speed, 0.0);
-    values.number("from", &file.from, -std::numeric_limits<double>::infinity());
-    values.number("to", &file.to, -std::numeric_limits<double>::infinity());
-    values.range(&rangeLow, &rangeHigh);
-    values.detector(&detector);
-    detectorFile = values.text("detector");
-    values.tolerance(&toleranceX, &toleranceY);
-    values.computed(&computed);
-    values.size(&size);
-    values.amount(&afterReadings, &afterSeconds);
-    values.rotation(&record);
-    values.mode(&record.mode);
-    values.import(&file.import);
-    values.display(&display);
-    values.language(&language);
-    values.span(&span);
-    speedGiven = values.isSet("speed");
-    if (task == Task::Screenshot && !values.isSet("speed"))
+    readValues(values, this);
+    if (task == Task::Screenshot && !speedGiven)
         file.speed = 0.0; // nobody watches
     file.loop = parser.isSet(QStringLiteral("loop"));
-    record.path = values.text("record");
+    file.passesDamage = task == Task::Check;
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));
     record.compress = parser.isSet(QStringLiteral("compress"));
-    file.passesDamage = task == Task::Check;
     pluginPath = parser.values(QStringLiteral("plugin-path"));
-    settings = values.text("settings");
-    diagnostics = values.isSet("diagnostics");
-    output = values.text(task == Task::Convert      ? "convert"
-                             : task == Task::Repair ? "repair"
-                                                    : "screenshot");
+    output = values.text(outputOption(task));
     if (task == Task::Repair && sourceGiven)
         *error = Text::tr("--repair takes one file, and no source; repair the files one by one");
     if (error->isEmpty())

@@ -13,7 +13,10 @@ QString summaryText()
         "positions and spots. Without a source it shows a simulated beam.");
 }
 
-QVector<OptionText> optionTexts()
+namespace {
+
+//! What is read, and how.
+QVector<OptionText> readingOptions()
 {
     return {
         {"speed",
@@ -55,6 +58,12 @@ QVector<OptionText> optionTexts()
                   "may be "
                   "given "
                   "more than once.")},
+    };
+}
+
+QVector<OptionText> recordingOptions()
+{
+    return {
         {"record",
          "PATH",
          Text::tr("Record everything that arrives to a new file, or to files in a folder, named "
@@ -72,6 +81,13 @@ QVector<OptionText> optionTexts()
          Text::tr("Permissions of new recordings, less what the umask takes away; 0640 without the "
                   "option, so that the group can read them.")},
         {"overwrite", "", Text::tr("Let --record and --convert replace an existing file.")},
+    };
+}
+
+//! What is shown, drawn, printed or converted, and the rest.
+QVector<OptionText> outputOptions()
+{
+    return {
         {"settings",
          "FILE",
          Text::tr("Keep settings and window layout in this file; each file has one window. --stats "
@@ -122,6 +138,13 @@ QVector<OptionText> optionTexts()
         {"help", "", Text::tr("Print this text.")},
         {"version", "", Text::tr("Print the version.")},
     };
+}
+
+} // namespace
+
+QVector<OptionText> optionTexts()
+{
+    return readingOptions() + recordingOptions() + outputOptions();
 }
 
 QVector<TopicText> topicTexts()

@@ -37,7 +37,7 @@ public:
 private:
     struct Frame
     {
-        double time;
+        double time = 0.0;
         PgmImage image;
     };
 

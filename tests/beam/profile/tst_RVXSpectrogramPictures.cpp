@@ -88,7 +88,7 @@ struct PictureDisplay : BeamDisplay
     QImage canvasWith(const char *item)
     {
         check(item, true);
-        const QImage picture = canvas();
+        QImage picture = canvas();
         check(item, false);
         return picture;
     }

@@ -1706,7 +1706,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>&amp;Verdicts</source>
-        <translation>&amp;Urteile</translation>
+        <translation>Urtei&amp;le</translation>
     </message>
 </context>
 <context>
@@ -2742,7 +2742,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>Cha&amp;rge in bad cells:</source>
-        <translation>&amp;Ladung in kranken Zellen:</translation>
+        <translation>Ladung in &amp;kranken Zellen:</translation>
     </message>
     <message>
         <source>&amp;Background:</source>

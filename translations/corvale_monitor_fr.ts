@@ -1706,7 +1706,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Verdicts</source>
-        <translation>&amp;Verdicts</translation>
+        <translation>Ve&amp;rdicts</translation>
     </message>
 </context>
 <context>
@@ -2730,11 +2730,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <name>Monitor::VerdictPage</name>
     <message>
         <source>Res&amp;iduals, poor:</source>
-        <translation>Rési&amp;dus, médiocre :</translation>
+        <translation>Rési&amp;dus, médiocre&#xa0;:</translation>
     </message>
     <message>
         <source>R&amp;2:</source>
-        <translation>R&amp;2 :</translation>
+        <translation>R&amp;2&#xa0;:</translation>
     </message>
     <message>
         <source>A fit with a smaller R2 is poor.</source>
@@ -2742,23 +2742,23 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Cha&amp;rge in bad cells:</source>
-        <translation>&amp;Charge dans de mauvaises cellules :</translation>
+        <translation>&amp;Charge dans de mauvaises cellules&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Background:</source>
-        <translation>Fo&amp;nd :</translation>
+        <translation>Fo&amp;nd&#xa0;:</translation>
     </message>
     <message>
         <source>Resid&amp;uals, not valid:</source>
-        <translation>Résid&amp;us, non valide :</translation>
+        <translation>Résid&amp;us, non valide&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Widest sigma:</source>
-        <translation>Si&amp;gma le plus large :</translation>
+        <translation>Si&amp;gma le plus large&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Peak over noise:</source>
-        <translation>&amp;Pic sur bruit :</translation>
+        <translation>&amp;Pic sur bruit&#xa0;:</translation>
     </message>
     <message>
         <source>Profile, histogram and report say &quot;DATA VALID&quot;, &quot;DATA VALID, FIT POOR&quot; or &quot;DATA NOT VALID&quot; by these limits. A detector whose description states limits of its own (its key &quot;verdict&quot;) is judged by those alone. --stats takes these limits from --settings FILE.</source>

@@ -13,9 +13,10 @@ public:
         : QLabel(text, parent)
     {
         setTextFormat(Qt::PlainText);
-        setWordWrap(true);
         setForegroundRole(QPalette::PlaceholderText);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+        setWordWrap(
+            true); // after the policy, to which it adds that the height depends on the width
     }
 };
 

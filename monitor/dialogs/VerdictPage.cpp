@@ -4,9 +4,13 @@
 #include "monitor/dialogs/Explanation.h"
 
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace Monitor {
 
@@ -84,6 +88,7 @@ QDoubleSpinBox *newBox(const LimitText &text)
     constexpr double largest = 1e6;
     constexpr int decimals = 4;
     auto *box = new LimitBox;
+    box->setFocusPolicy(Qt::StrongFocus); // the wheel scrolls the page
     box->setRange(0.0, largest);
     box->setDecimals(decimals);
     box->setSingleStep(text.scale > 1.0 || text.limit == &VerdictLimits::peakInNoise ? 1.0 : 0.01);
@@ -95,9 +100,10 @@ QDoubleSpinBox *newBox(const LimitText &text)
 } // namespace
 
 VerdictPage::VerdictPage(QWidget *parent)
-    : QWidget(parent)
+    : QScrollArea(parent)
 {
-    auto *form = new QFormLayout(this);
+    auto *page = new QWidget(this);
+    auto *form = new QFormLayout(page);
     form->addRow(new Explanation(tr(
         "Profile, histogram and report say \"DATA VALID\", \"DATA VALID, FIT POOR\" or \"DATA NOT "
         "VALID\" by these limits. A detector whose description states limits of its own (its key "
@@ -105,7 +111,7 @@ VerdictPage::VerdictPage(QWidget *parent)
         "FILE.")));
     for (std::size_t i = 0; i < limitTexts.size(); ++i)
         addLimit(form, i);
-    auto *usual = new QPushButton(tr("Usua&l limits"), this);
+    auto *usual = new QPushButton(tr("Usua&l limits"), page);
     usual->setObjectName(QStringLiteral("usualLimits"));
     usual->setAutoDefault(false);
     connect(usual, &QPushButton::clicked, this, [this] {
@@ -114,6 +120,40 @@ VerdictPage::VerdictPage(QWidget *parent)
     form->addRow(QString(), usual);
     form->setAlignment(usual, Qt::AlignLeft);
     setLimits(VerdictLimits());
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the explanations wrap
+    setFocusPolicy(Qt::NoFocus); // Tab leads from the tabs to the first field
+    setWidgetResizable(true);
+    setWidget(page);
+}
+
+QSize VerdictPage::sizeHint() const
+{
+    constexpr int columns = 80;
+    const int width = fontMetrics().averageCharWidth() * columns;
+    return {width, widget()->heightForWidth(width)};
+}
+
+//! Returns the least width at which the page needs no scrolling sideways.
+QSize VerdictPage::minimumSizeHint() const
+{
+    const QSize least = QScrollArea::minimumSizeHint();
+    return {std::max(least.width(),
+                     widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width()),
+            least.height()};
+}
+
+//! Keeps the wheel from changing a limit that it passes over, and shows the field that a key leads to.
+bool VerdictPage::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *box = qobject_cast<QDoubleSpinBox *>(watched);
+    if (box && event->type() == QEvent::FocusIn)
+        ensureWidgetVisible(box);
+    if (box && event->type() == QEvent::Wheel && !box->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QScrollArea::eventFilter(watched, event);
 }
 
 //! Adds a field, and beside it what it means and what is usual.
@@ -127,7 +167,8 @@ void VerdictPage::addLimit(QFormLayout *form, std::size_t index)
     box->setValue(VerdictLimits().*text.limit * text.scale);
     const QString meaning = tr("%1 Usual: %2.").arg(tr(text.meaning), box->text());
     box->setToolTip(meaning);
-    auto *row = new QWidget(this);
+    box->installEventFilter(this);
+    auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(box);

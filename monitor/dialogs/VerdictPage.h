@@ -3,7 +3,7 @@
 
 #include <corvale_qt/detector/VerdictLimits.h>
 
-#include <QWidget>
+#include <QScrollArea>
 
 #include <array>
 
@@ -12,8 +12,9 @@ class QFormLayout;
 
 namespace Monitor {
 
-//! The limits by which profile, histogram and report judge estimates, each with its meaning and its usual value.
-class VerdictPage : public QWidget
+/*! The limits by which profile, histogram and report judge estimates, each with its meaning and its usual value. The page
+    scrolls where there is no room for all of them. */
+class VerdictPage : public QScrollArea
 {
     Q_OBJECT
 
@@ -23,6 +24,11 @@ public:
     //! Returns what the fields say.
     Corvale_Qt::VerdictLimits limits() const;
     void setLimits(const Corvale_Qt::VerdictLimits &limits);
+
+    //! Returns a size that shows all limits without scrolling.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void addLimit(QFormLayout *form, std::size_t index);

@@ -162,6 +162,7 @@ void DisplayTabs::setVerdictLimits(const VerdictLimits &limits)
 {
     m_verdictLimits = limits;
     m_frames.setVerdictLimits(limits);
+    m_profile->showNumbers(); // of the frame that is shown, by its new verdict
     showDetectorInScope();
 }
 

@@ -49,9 +49,9 @@ public:
     bool offers(const QString &name) const;
     //! Moves these displays, if they are present, to separate windows with these geometries.
     void restoreWindows(const QMap<QString, QByteArray> &windows);
-    //! Has the position say "no beam" where the readings, in their unit, add up to less.
     //! Sets the limits of the verdicts of profile and histogram, at once; a detector that states its own is judged by those.
     void setVerdictLimits(const Corvale_Qt::VerdictLimits &limits);
+    //! Has the position say "no beam" where the readings, in their unit, add up to less.
     void setMinimumSum(double sum) { m_position->setMinimumSum(sum); }
     //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;

@@ -149,8 +149,10 @@ void FrameFeeder::beginDetector()
 void FrameFeeder::setVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
 {
     m_verdictLimits = limits;
-    if (hasProfile())
-        m_profile->setVerdictLimits(verdictLimitsOn(m_detector, limits));
+    if (!hasProfile())
+        return;
+    m_profile->setVerdictLimits(verdictLimitsOn(m_detector, limits));
+    followProfile(); // the beam has no position if it is not valid any more
 }
 
 void FrameFeeder::feedRows(int first, int last)

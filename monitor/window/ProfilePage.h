@@ -23,6 +23,8 @@ public:
     Corvale_Qt::RVXSpectrogram *display() const { return m_display; }
     //! Shows a frame on its cells, and the detector that it comes from.
     void showFrame(const Corvale_Qt::DetectorFrame &frame, double time);
+    //! Shows the numbers and the verdict of the frame in the display again.
+    void showNumbers();
 
     QSize minimumSizeHint() const override;
 
@@ -30,7 +32,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void showNumbers();
     QStringList numbers() const;
     QString length(double value, bool alongX) const;
     QString amount(double value) const;

@@ -18,6 +18,7 @@
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
@@ -301,6 +302,9 @@ private Q_SLOTS:
         residuals->setValue(30.0); // in percent
         dialog.findChild<QDoubleSpinBox *>("peak_in_noise")->setValue(8.0);
         QCOMPARE(dialog.options().verdictLimits.peakInNoise, 8.0);
+        residuals->clearFocus();
+        turnWheel(residuals, residuals->rect().center(), -120);
+        QCOMPARE(residuals->value(), 30.0); // the wheel scrolls the page
         clickButton(&dialog, "Usual limits");
         QVERIFY(dialog.options().verdictLimits == Corvale_Qt::VerdictLimits());
         residuals->setValue(7.5);
@@ -357,7 +361,7 @@ private Q_SLOTS:
     void verdictLimitsHoldAtOnce()
     {
         SmallWindow w(file("verdicts.xui"));
-        auto *profile = w.window.displays().findChild<Corvale_Qt::RVXSpectrogram *>();
+        const auto *profile = w.window.displays().profile(); // the scope has one of its own
         const auto *scope = w.window.displays().scope()->plotView();
         std::vector<double> wavy; // a Gaussian with a ripple of a tenth of its peak
         for (int i = 0; i < 64; ++i)
@@ -382,7 +386,22 @@ private Q_SLOTS:
             QCOMPARE(profile->verdict().validity == Corvale_Qt::BeamValidity::Valid, !hasOwn);
             QVERIFY((scope->detectorLayout().description().verdictLimits == patient.verdictLimits)
                     == !hasOwn);
+            const auto *numbers = w.window.displays().findChild<QLabel *>("profileNumbers");
+            QVERIFY2(numbers->text().startsWith(profile->verdict().text() + (hasOwn ? ";" : "\n")),
+                     qPrintable(numbers->text()));
         }
+        // A beam that is no beam any more has no position.
+        w.source->begin(StreamKind::Strips, 64);
+        w.source->give(3.0, wavy);
+        w.settle();
+        QTRY_VERIFY(profile->verdict().validity == Corvale_Qt::BeamValidity::Valid);
+        const auto *position =
+            w.window.displays().findChild<Corvale_Qt::RVXPositionPlot *>("position");
+        QTRY_VERIFY(!position->showsNoBeam());
+        MonitorOptions strict;
+        strict.verdictLimits.peakInNoise = 1e6;
+        w.window.sources().setOptions(strict);
+        QVERIFY(position->showsNoBeam());
     }
 
     void clearingIsAskedAndUndone()

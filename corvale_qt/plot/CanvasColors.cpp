@@ -21,6 +21,12 @@ double encoded(double light)
     return light <= 0.0031308 ? light * 12.92 : 1.055 * std::pow(light, 1.0 / 2.4) - 0.055;
 }
 
+//! Returns a channel as a screen has it, from 0 to 255. It is rounded down: a lighter pixel would miss the contrast.
+int screenLevel(double light)
+{
+    return int(std::floor(255.0 * encoded(light)));
+}
+
 } // namespace
 
 QColor colorOnWhite(const QColor &color)
@@ -34,10 +40,10 @@ QColor colorOnWhite(const QColor &color)
     if (luminance <= most)
         return color;
     const double factor = most / luminance;
-    return QColor::fromRgbF(encoded(red * factor),
-                            encoded(green * factor),
-                            encoded(blue * factor),
-                            color.alphaF());
+    return QColor(screenLevel(red * factor),
+                  screenLevel(green * factor),
+                  screenLevel(blue * factor),
+                  color.alpha());
 }
 
 bool hasWhiteCanvas(const QwtPlot *plot)

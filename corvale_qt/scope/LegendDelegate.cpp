@@ -17,34 +17,16 @@ constexpr int margin = 4;
 constexpr int swatchWidth = 30;
 constexpr int longestName = 24; // in characters
 
-int valueWidth(const QFontMetrics &metrics)
-{
-    return metrics.horizontalAdvance(QStringLiteral("-000.00 nA"));
-}
-
 //! Returns how wide a value may be that shares a width with a name: as wide as it is where the name leaves room.
-int roomFor(const QString &value, const QString &name, const QFontMetrics &metrics, int width)
+int roomFor(const QString &value,
+            const QString &name,
+            const QFontMetrics &metrics,
+            int width,
+            int usualWidth)
 {
-    const int usual = std::min(width / 2, valueWidth(metrics));
+    const int usual = std::min(width / 2, usualWidth);
     const int most = std::max(usual, width - metrics.horizontalAdvance(name) - 2 * margin);
     return std::clamp(metrics.horizontalAdvance(value), usual, most);
-}
-
-/*! Returns the text of a value that is as wide as there is room for. A reading without a prefix may have all digits of a number: it
-    is rounded. Whatever else is too wide keeps its sign, its exponent and its unit. */
-QString fitted(const QString &value, const QFontMetrics &metrics, int room)
-{
-    const QString number = value.section(QLatin1Char(' '), 0, 0);
-    bool isNumber = false;
-    const double reading = number.toDouble(&isNumber);
-    constexpr int mostDigits = 15;
-    constexpr int fewestDigits = 3;
-    QString text = value;
-    for (int digits = mostDigits;
-         isNumber && digits >= fewestDigits && metrics.horizontalAdvance(text) > room;
-         --digits)
-        text = QString::number(reading, 'g', digits) + value.mid(number.size());
-    return metrics.elidedText(text, Qt::ElideMiddle, room);
 }
 
 //! Paints the line of a curve on the ground that it has in the plot, for which its colour was chosen.
@@ -85,6 +67,29 @@ int paintLimit(QPainter *painter, const QRect &place, const QModelIndex &index)
 
 } // namespace
 
+QString fittedReading(const QString &value, const QFontMetrics &metrics, int room)
+{
+    if (metrics.horizontalAdvance(value) <= room)
+        return value;
+    const QString number = value.section(QLatin1Char(' '), 0, 0);
+    bool isNumber = false;
+    const double reading = number.toDouble(&isNumber);
+    if (!isNumber)
+        return metrics.elidedText(value, Qt::ElideMiddle, room);
+    constexpr int mostDigits = 15;
+    constexpr int fewestDigits = 3;
+    const QString unit = value.mid(number.size());
+    for (int digits = mostDigits; digits >= fewestDigits; --digits) {
+        for (const char form : {'g', 'e'}) { // 0.000123 is wider than 1.23e-04
+            const int precision = form == 'e' ? digits - 1 : digits;
+            const QString text = QString::number(reading, form, precision) + unit;
+            if (metrics.horizontalAdvance(text) <= room)
+                return text;
+        }
+    }
+    return QString();
+}
+
 void toggleChannel(QAbstractItemModel *legend, const QModelIndex &index)
 {
     const bool isShown = index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
@@ -122,7 +127,11 @@ void LegendDelegate::paint(QPainter *painter,
     const QString name = index.data().toString();
     const QString arrow = isShown ? index.data(LegendModel::AxisRole).toString() : QString();
     const int arrowRoom = option.fontMetrics.horizontalAdvance(arrow);
-    const int valueRoom = roomFor(value, name, option.fontMetrics, text.width() - arrowRoom);
+    const int usual =
+        option.fontMetrics.horizontalAdvance(index.data(LegendModel::WideValueRole).toString());
+    const int mostRoom = roomFor(value, name, option.fontMetrics, text.width() - arrowRoom, usual);
+    const QString reading = fittedReading(value, option.fontMetrics, mostRoom);
+    const int valueRoom = reading.isEmpty() ? 0 : mostRoom;
     const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin - arrowRoom, 0);
     painter->drawText(QRect(nameRect.right() + 1, text.top(), arrowRoom, text.height()),
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -133,7 +142,7 @@ void LegendDelegate::paint(QPainter *painter,
     painter->drawText(text,
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine
                           | Qt::TextForceLeftToRight,
-                      fitted(value, option.fontMetrics, valueRoom));
+                      reading);
     painter->restore();
 }
 
@@ -141,19 +150,22 @@ QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
 {
     const QFontMetrics &metrics = option.fontMetrics;
     int name = 0;
+    int value = 0;
     bool isWatched = false;
     QString arrow;
     for (int row = 0; row < index.model()->rowCount(); ++row) {
         const QString text = index.sibling(row, 0).data().toString().left(longestName);
+        const QString wide = index.sibling(row, 0).data(LegendModel::WideValueRole).toString();
         name = std::max(name, metrics.horizontalAdvance(text));
+        value = std::max(value, metrics.horizontalAdvance(wide));
         if (arrow.isEmpty())
             arrow = index.sibling(row, 0).data(LegendModel::AxisRole).toString();
         isWatched = isWatched || index.sibling(row, 0).data(LegendModel::WatchedRole).toBool();
     }
     // The word of a limit has room before it comes, so that the plot keeps its size then.
     const int limit = isWatched ? metrics.horizontalAdvance(LegendModel::tr("High warning")) : 0;
-    const int width = swatchWidth + name + metrics.horizontalAdvance(arrow) + valueWidth(metrics)
-        + limit + 3 * margin * int(isWatched);
+    const int width = swatchWidth + name + metrics.horizontalAdvance(arrow) + value + limit
+        + 3 * margin * int(isWatched);
     return {width + 6 * margin, metrics.height() + margin};
 }
 

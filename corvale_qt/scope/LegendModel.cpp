@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/scope/LegendModel_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
 #include <QColor>
 
@@ -159,6 +161,15 @@ QString LegendModel::value(int channel) const
     return text.toString();
 }
 
+//! Returns a text whose width does not change with the readings. Without a prefix of its own a reading may need an exponent.
+QString LegendModel::wideValue(int channel) const
+{
+    const bool suitsEach = m_hasSiPrefix && m_prefixes.fixedUnit().isEmpty();
+    const Units::MeasurementUnit *unit = channelUnit(m_source, channel);
+    return (suitsEach ? QStringLiteral("-000.00 n") : QStringLiteral("-0.00e-00 n"))
+        + (unit ? unit->name() : QString());
+}
+
 QString LegendModel::accessibleText(const QString &name, int channel) const
 {
     QString text = tr("%1, %2").arg(name, value(channel));
@@ -188,6 +199,8 @@ QVariant LegendModel::data(const QModelIndex &index, int role) const
         return accessibleText(model.name(channel), channel);
     case ValueRole:
         return value(channel);
+    case WideValueRole:
+        return wideValue(channel);
     case LimitRole:
         return textOf(limitState(channel));
     case LimitColorRole:

@@ -32,6 +32,7 @@ public:
         WatchedRole, //!< whether the channel has limits
         GroundRole, //!< the colour of the canvas on which the curve is drawn
         AxisRole, //!< an arrow to the right for a channel on the right y axis, otherwise empty
+        WideValueRole, //!< a text as wide as the values of the channel usually get
     };
 
     //! Shows the channels of another model; null for none. The model is not owned.
@@ -66,6 +67,7 @@ public:
 
 private:
     QString value(int channel) const;
+    QString wideValue(int channel) const;
     QString accessibleText(const QString &name, int channel) const;
     LimitState limitState(int channel) const;
     RVXScopePlotView::ChannelAxis axis(int channel) const;

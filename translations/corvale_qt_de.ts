@@ -371,6 +371,16 @@
         <source>all other cells read 0: hot, or a beam narrower than a cell</source>
         <translation>alle anderen Zellen lesen 0: heiß, oder ein Strahl schmaler als eine Zelle</translation>
     </message>
+    <message>
+        <source>%1, then %2</source>
+        <comment>UTC+1, then UTC+2</comment>
+        <translation>%1, dann %2</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>UTC+1 or UTC+2</comment>
+        <translation>%1 oder %2</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -371,6 +371,16 @@
         <source>all other cells read 0: hot, or a beam narrower than a cell</source>
         <translation>toutes les autres cellules lisent 0 : chaude, ou un faisceau plus étroit qu&apos;une cellule</translation>
     </message>
+    <message>
+        <source>%1, then %2</source>
+        <comment>UTC+1, then UTC+2</comment>
+        <translation>%1, puis %2</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>UTC+1 or UTC+2</comment>
+        <translation>%1 ou %2</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/plot/TimeTicks_p.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <algorithm>
@@ -326,13 +327,20 @@ namespace {
 QString offsetsText(const QVector<ClockStretch> &stretches)
 {
     constexpr int mostInOrder = 3;
+    const bool isInOrder = stretches.size() <= mostInOrder;
     QStringList offsets;
     for (const ClockStretch &stretch : stretches)
         offsets << offsetText(stretch.offset);
-    if (offsets.size() <= mostInOrder)
-        return offsets.join(QStringLiteral(", then "));
-    offsets.removeDuplicates();
-    return offsets.join(QStringLiteral(" or "));
+    if (!isInOrder)
+        offsets.removeDuplicates();
+    QString text = offsets.value(0);
+    for (int i = 1; i < offsets.size(); ++i) {
+        const QString joined = isInOrder
+            ? QCoreApplication::translate("Corvale_Qt", "%1, then %2", "UTC+1, then UTC+2")
+            : QCoreApplication::translate("Corvale_Qt", "%1 or %2", "UTC+1 or UTC+2");
+        text = joined.arg(text, offsets[i]);
+    }
+    return text;
 }
 
 } // namespace

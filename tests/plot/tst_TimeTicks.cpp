@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/plot/TimeTicks_p.h"
+#include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -135,6 +136,9 @@ private Q_SLOTS:
             units.join("; "),
             QString(
                 "UTC+1; UTC+1, then UTC+2; UTC+1; UTC+1, then UTC+2, then UTC+1; UTC+1 or UTC+2"));
+        const BracketTranslator translator;
+        QCOMPARE(clockTicks({winter, winter + 180 * 86400.0, 800}, {}, offsets, textWidth).unit,
+                 QString("<UTC+1, then UTC+2>"));
     }
 
     // The step that the calendar allows is found for each width: the axis of a monitor is never bare.

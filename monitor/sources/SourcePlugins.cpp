@@ -23,9 +23,7 @@ constexpr char pathVariable[] = "CORVALE_MONITOR_PLUGIN_PATH";
 //! Returns the package that brings a scheme; empty if it is not one of this project's.
 QString packageOf(const QString &scheme)
 {
-    if (scheme == QLatin1String("ca"))
-        return QStringLiteral("corvale-monitor-epics");
-    return scheme == QLatin1String("tango") ? QStringLiteral("corvale-monitor-tango") : QString();
+    return scheme == QLatin1String("ca") ? QStringLiteral("corvale-monitor-epics") : QString();
 }
 
 QStringList textsOf(const QJsonArray &array)

@@ -15,7 +15,12 @@ PluginQueue::Content PluginQueue::takeAll()
     const std::lock_guard lock(m_mutex);
     m_isAwake = false;
     m_values = 0;
-    return std::exchange(m_content, Content());
+    Content content = std::exchange(m_content, Content());
+    if (m_lastStream)
+        content.items.emplace_back(*std::exchange(m_lastStream, std::nullopt));
+    if (m_lastState)
+        content.items.emplace_back(*std::exchange(m_lastState, std::nullopt));
+    return content;
 }
 
 void PluginQueue::close()
@@ -23,6 +28,8 @@ void PluginQueue::close()
     const std::lock_guard lock(m_mutex);
     m_wake = nullptr;
     m_content = Content();
+    m_lastStream.reset();
+    m_lastState.reset();
 }
 
 //! Appends an item; the mutex must be locked.
@@ -39,7 +46,7 @@ void PluginQueue::append(Item item)
 void PluginQueue::appendText(Item item)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_content.items.size() < mostItems)
+    if (hasRoom())
         append(std::move(item));
     else
         ++m_content.droppedLines;
@@ -52,8 +59,10 @@ void PluginQueue::begin(const CorvaleMonitor::SourceStream &stream)
     if (!m_content.items.empty()
         && std::holds_alternative<CorvaleMonitor::SourceStream>(m_content.items.back()))
         m_content.items.back() = stream; // nothing came of the one before
-    else
+    else if (hasRoom())
         append(stream);
+    else
+        m_lastStream = stream;
 }
 
 void PluginQueue::add(int count, const double *times, const double *values)
@@ -62,13 +71,15 @@ void PluginQueue::add(int count, const double *times, const double *values)
     const std::size_t number = std::size_t(qMax(0, count)) * m_valuesPerReading;
     if (number == 0 || !m_wake)
         return;
-    if (m_values + number > mostValues) {
+    Readings *readings =
+        m_content.items.empty() ? nullptr : std::get_if<Readings>(&m_content.items.back());
+    // Readings of a stream that itself found no room would be taken for those of the one before.
+    const bool hasPlace = !m_lastStream && (readings || hasRoom());
+    if (!hasPlace || m_values + number > mostValues) {
         m_content.droppedReadings += count;
         return;
     }
     m_values += number;
-    Readings *readings =
-        m_content.items.empty() ? nullptr : std::get_if<Readings>(&m_content.items.back());
     if (!readings) {
         append(Readings());
         readings = std::get_if<Readings>(&m_content.items.back());
@@ -82,8 +93,10 @@ void PluginQueue::setState(CorvaleMonitor::SourceState state, const QString &tex
     const std::lock_guard lock(m_mutex);
     if (!m_content.items.empty() && std::holds_alternative<State>(m_content.items.back()))
         m_content.items.back() = State{state, text};
-    else
+    else if (hasRoom())
         append(State{state, text});
+    else
+        m_lastState = State{state, text};
 }
 
 void PluginQueue::note(const QString &text)

@@ -4,13 +4,14 @@
 #include <corvale_monitor/SourcePlugin.h>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <variant>
 #include <vector>
 
 namespace Monitor {
 
-/*! Carries what a plugin delivers from its threads to the thread of the window, in order. What waits is bounded: readings that
-    find no room are dropped and counted. */
+/*! Carries what a plugin delivers from its threads to the thread of the window, in order. What waits is bounded: readings and lines
+    that find no room are dropped and counted, and of streams and states only the last is kept. */
 class PluginQueue : public CorvaleMonitor::SourceReceiver
 {
 public:
@@ -43,7 +44,8 @@ public:
     //! What has waited.
     struct Content
     {
-        std::vector<Item> items;
+        std::vector<Item>
+            items; //!< mostItems of them, and at most a stream and a state that found no room
         qint64 droppedReadings = 0;
         qint64 droppedLines = 0;
     };
@@ -62,12 +64,15 @@ public:
     void tell(const QString &line) override;
 
 private:
+    bool hasRoom() const { return m_content.items.size() < mostItems; }
     void append(Item item);
     void appendText(Item item);
 
     std::mutex m_mutex;
     std::function<void()> m_wake;
     Content m_content;
+    std::optional<CorvaleMonitor::SourceStream> m_lastStream; //!< if it found no room
+    std::optional<State> m_lastState; //!< if it found no room
     std::size_t m_values = 0; //!< that wait
     std::size_t m_valuesPerReading = 0;
     bool m_isAwake = false;

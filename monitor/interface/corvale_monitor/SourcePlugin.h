@@ -44,12 +44,17 @@ struct SourceStream
     //! Whether readings come only when something has changed, so that a live source that is silent is in order.
     bool onChange = false;
 
-    //! Returns the number of values in each reading.
+    //! Returns the number of values in each reading; 0 if the sizes are negative, or larger than any that can be shown.
     int valuesPerReading() const
     {
+        constexpr int most = 65536;
         if (layout == Layout::Channels)
             return int(channels.size());
-        return layout == Layout::Strips ? columns + rows : columns * rows;
+        if (columns < 0 || rows < 0 || columns > most || rows > most)
+            return 0;
+        const qint64 values =
+            layout == Layout::Strips ? qint64(columns) + rows : qint64(columns) * rows;
+        return values > most ? 0 : int(values);
     }
 };
 

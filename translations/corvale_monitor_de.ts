@@ -43,6 +43,10 @@
         <source>no server answers for %1</source>
         <translation>kein Server antwortet für %1</translation>
     </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 hat %2 Werte; ein Fenster zeigt höchstens %3</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Appearance</name>

@@ -43,6 +43,10 @@
         <source>no server answers for %1</source>
         <translation>aucun serveur ne répond pour %1</translation>
     </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 a %2 valeurs ; une fenêtre en affiche au plus %3</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Appearance</name>

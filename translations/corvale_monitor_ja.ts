@@ -43,6 +43,10 @@
         <source>no server answers for %1</source>
         <translation>%1 に応答するサーバーがありません</translation>
     </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 の値は %2 個です。ウィンドウに表示できるのは %3 個までです</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Appearance</name>

@@ -27,7 +27,7 @@ QString PluginForm::title() const
 //! Returns the address; one that was typed without its scheme gets the first of the plugin.
 QString PluginForm::source() const
 {
-    const QString text = m_address->text().trimmed();
+    QString text = m_address->text().trimmed();
     if (text.isEmpty() || m_plugin.schemes.contains(SourcePlugins::schemeOf(text)))
         return text;
     return m_plugin.schemes.first() + QLatin1Char(':') + text;

@@ -43,9 +43,7 @@ QString EpicsPlugin::check(const QString &address) const
             .arg(address);
     if (names.size() > mostVariables)
         return EpicsText::tr("\"%1\" names %2 process variables; a window shows %3 at most")
-            .arg(address.left(60))
-            .arg(names.size())
-            .arg(mostVariables);
+            .arg(address.left(60), QString::number(names.size()), QString::number(mostVariables));
     QString error;
     ChannelAccess::Library::load(&error);
     return error;

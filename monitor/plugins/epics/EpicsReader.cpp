@@ -16,6 +16,8 @@ namespace {
 
 //! How long the end of the program waits for readers.
 constexpr std::chrono::seconds endPatience{2};
+//! A variable may have so many values; it is what planes of strips may have together.
+constexpr int mostValues = 65536;
 
 //! The threads of all readers.
 struct Threads
@@ -61,8 +63,9 @@ void EpicsReader::start(const std::shared_ptr<EpicsReader> &reader)
         const std::lock_guard lock(threads.mutex);
         ++threads.running;
     }
-    std::thread([reader, &threads] {
+    std::thread([reader = reader, &threads]() mutable {
         reader->run();
+        reader.reset(); // nothing of it is left when the end of the program goes on
         const std::lock_guard lock(threads.mutex);
         --threads.running;
         threads.ended.notify_all();
@@ -205,6 +208,13 @@ void EpicsReader::takeDescription(EpicsVariable &variable, const Event &event)
         if (event.status == normal && event.data)
             variable.describe(*static_cast<const ControlDouble *>(event.data));
         variable.isDescribed = true;
+        if (variable.count > mostValues) {
+            fail(EpicsText::tr("%1 has %2 values; a window shows at most %3")
+                     .arg(QString::fromUtf8(variable.name),
+                          QString::number(variable.count),
+                          QString::number(mostValues)));
+            return; // no server is asked for so many
+        }
         char server[256] = "";
         m_library.get_host_name(variable.channel, server, sizeof(server));
         m_receiver->tell(variable.summary(QString::fromLatin1(server)));
@@ -247,19 +257,24 @@ double EpicsReader::newestTime() const
     return newest > 0.0 ? newest : milli * double(QDateTime::currentMSecsSinceEpoch());
 }
 
+void EpicsReader::fail(const QString &text)
+{
+    m_hasFailed = true;
+    m_receiver->setState(SourceState::Failed, text);
+}
+
 //! Begins a stream with what is known of the variables, and shows the values that they have.
 void EpicsReader::begin()
 {
+    if (m_hasFailed)
+        return;
     SourceStream stream;
     stream.onChange = true;
     if (!setLayout(&stream)) {
-        m_hasFailed = true;
-        m_receiver->setState(
-            SourceState::Failed,
-            EpicsText::tr(
-                "%1: waveforms and single values cannot be read together, and no more than "
-                "two waveforms; read the others in a window of their own")
-                .arg(m_address));
+        fail(EpicsText::tr(
+                 "%1: waveforms and single values cannot be read together, and no more than "
+                 "two waveforms; read the others in a window of their own")
+                 .arg(m_address));
         return;
     }
     m_start = std::floor(newestTime());

@@ -51,6 +51,7 @@ private:
     void takeDescription(EpicsVariable &variable, const ChannelAccess::Event &event);
     void takeValues(EpicsVariable &variable, const ChannelAccess::Event &event);
     void takeAlarm(EpicsVariable &variable, const ChannelAccess::TimeDouble &data);
+    void fail(const QString &text);
     void beginIfComplete();
     void begin();
     double newestTime() const;

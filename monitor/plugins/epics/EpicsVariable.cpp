@@ -50,9 +50,10 @@ bool EpicsVariable::hasFormOf(const EpicsVariable &other) const
 QString EpicsVariable::summary(const QString &server) const
 {
     QString text = QStringLiteral("%1: %2, %3 x %4")
-                       .arg(QString::fromUtf8(name), server)
-                       .arg(count)
-                       .arg(description.unit.isEmpty() ? QStringLiteral("1") : description.unit);
+                       .arg(QString::fromUtf8(name),
+                            server,
+                            QString::number(count),
+                            description.unit.isEmpty() ? QStringLiteral("1") : description.unit);
     const double limits[] = {description.lowAlarm,
                              description.lowWarning,
                              description.highWarning,

@@ -186,7 +186,9 @@ void ChannelAccessServer::createChannel(QTcpSocket *socket,
     }
     constexpr quint32 mayRead = 1;
     client.channels.insert(++m_lastChannel, name);
-    const auto count = quint32(m_variables.value(name).values.size());
+    const Variable variable = m_variables.value(name);
+    const auto count =
+        variable.claimedCount ? variable.claimedCount : quint32(variable.values.size());
     socket->write(message({accessRights, 0, 0, 0, header.first, mayRead}));
     socket->write(
         message({createChannelCommand, 0, typeDouble, count, header.first, m_lastChannel}));

@@ -18,6 +18,8 @@ public:
     struct Variable
     {
         QVector<double> values;
+        quint32 claimedCount =
+            0; //!< the number of values that is told instead of theirs, unless it is 0
         QByteArray unit;
         double lowAlarm = 0.0, lowWarning = 0.0, highWarning = 0.0, highAlarm = 0.0;
         quint16 status = 0;

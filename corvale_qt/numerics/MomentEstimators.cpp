@@ -15,8 +15,8 @@ namespace {
 
 using namespace SecondMomentMethod;
 
-//! From this round on the area moves half as far: noise at its ends may let it jump between two places for ever.
-constexpr int kFirstHalfStep = 20;
+//! After so many rounds the area moves half as far: noise at its ends may let it jump between two places for ever.
+constexpr int kWholeSteps = 20;
 constexpr int kMostAreas = 2 * kMostIterations; // half steps need more
 constexpr double kConverged = 1e-9;
 
@@ -170,7 +170,7 @@ BeamEstimate secondMomentWidth(const BeamProfile &given)
             result.quality = qualityOf(given, result, 4);
             return result;
         }
-        const double step = round < kFirstHalfStep ? 1.0 : 0.5;
+        const double step = round < kWholeSteps ? 1.0 : 0.5;
         lower += step * (moments.mean - kAreaInSigma * moments.sigma - lower);
         upper += step * (moments.mean + kAreaInSigma * moments.sigma - upper);
         clipped = lower < profile.lowerEdge() || upper > profile.upperEdge();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/BeamVerdict.h"
+#include "corvale_qt/detector/DetectorFrame.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
@@ -250,6 +251,28 @@ private Q_SLOTS:
             QCOMPARE(verdict.reasons.contains(told), alone);
             QCOMPARE(verdict.hotCells, int(alone));
             QCOMPARE(verdict.validity == BeamValidity::NotValid, alone);
+        }
+        // In a matrix, two cells of one row are a beam along x, but their row is alone.
+        DetectorDescription described;
+        described.kind = DetectorKind::Matrix;
+        described.x = described.y = DetectorAxis::counted(12);
+        described.readings = 144;
+        for (const bool alone : {true, false}) {
+            std::vector<double> readings(144, 0.0);
+            readings[66] = 80;
+            readings[67] = alone ? 0 : 60;
+            DetectorFrame frame = DetectorFrame::of(DetectorLayout::fromDescription(described),
+                                                    readings.data(),
+                                                    int(readings.size()));
+            frame.flagHotCellsOfMatrix();
+            for (const auto axis : {DetectorLayout::Axis::X, DetectorLayout::Axis::Y}) {
+                BeamProfile profile = frame.profile(axis);
+                flagHotCells(profile);
+                const BeamVerdict verdict = judgeEstimate(profile, centreOfGravity(profile));
+                const bool isTold = alone || axis == DetectorLayout::Axis::Y;
+                QCOMPARE(verdict.reasons.contains(told), isTold);
+                QCOMPARE(verdict.validity == BeamValidity::NotValid, isTold);
+            }
         }
     }
 

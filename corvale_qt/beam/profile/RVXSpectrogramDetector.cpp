@@ -162,6 +162,8 @@ void RVXSpectrogram::setVerdictEnabled(bool enabled)
 {
     Q_D(RVXSpectrogram);
     d->detector.verdictEnabled = enabled;
+    if (enabled)
+        d->results.keepRoomForReasons(); // the first frame moves nothing either
     d->presentAgain();
 }
 

@@ -107,6 +107,13 @@ ChartWords ResultBoxes::words() const
             numbers.join(QStringLiteral("; "))};
 }
 
+void ResultBoxes::keepRoomForReasons()
+{
+    QLabel *label = m_ui.label_valid;
+    label->setWordWrap(true);
+    label->setMinimumHeight(3 * label->fontMetrics().lineSpacing() + 8);
+}
+
 void ResultBoxes::showVerdict(const JudgedFrame &frame)
 {
     QLabel *label = m_ui.label_valid;
@@ -119,9 +126,7 @@ void ResultBoxes::showVerdict(const JudgedFrame &frame)
     }
     const BeamVerdict &verdict = frame.verdict;
     const QStringList lines = QStringList(verdict.text()) + verdict.reasons + verdict.notes;
-    // A place for two reasons is kept, so that the controls below do not jump from frame to frame.
-    label->setWordWrap(true);
-    label->setMinimumHeight(3 * label->fontMetrics().lineSpacing() + 8);
+    keepRoomForReasons();
     constexpr int mostLines = 3;
     const int more = lines.size() - mostLines;
     QString text = QStringList(lines.mid(0, mostLines)).join(QLatin1Char('\n'));

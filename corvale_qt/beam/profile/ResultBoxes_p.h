@@ -29,6 +29,8 @@ public:
     void setLengthUnits(const QString &x, const QString &y);
     //! Shows the numbers of a frame; only mean X, mean Y and elongation unless \a all.
     void show(const JudgedFrame &frame, bool all);
+    //! Keeps a place for two reasons of a verdict, so that the controls below do not jump from frame to frame.
+    void keepRoomForReasons();
     //! Returns what a screen reader says of the frame: the verdict, mean and sigma.
     ChartWords words() const;
 

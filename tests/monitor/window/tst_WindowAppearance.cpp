@@ -162,6 +162,9 @@ void lookAtDialog(const QString &name, QDialog *dialog, ClippedTexts &clipped)
         return;
     // The screen of the tests is narrower than the smallest that the window is made for.
     if (dialog->width() >= dialog->screen()->availableSize().width()) {
+        // Qt keeps a message box on the screen there is; with more room it would look different.
+        if (qobject_cast<QMessageBox *>(dialog))
+            return;
         dialog->resize(int(clipped.screen().width() / dialog->devicePixelRatioF()),
                        dialog->height());
         QCoreApplication::processEvents();

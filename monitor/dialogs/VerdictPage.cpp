@@ -111,6 +111,11 @@ VerdictPage::VerdictPage(QWidget *parent)
         "FILE.")));
     for (std::size_t i = 0; i < limitTexts.size(); ++i)
         addLimit(form, i);
+    int widest = 0;
+    for (const QDoubleSpinBox *box : m_boxes)
+        widest = std::max(widest, box->sizeHint().width());
+    for (QDoubleSpinBox *box : m_boxes)
+        box->setMinimumWidth(widest);
     auto *usual = new QPushButton(tr("Usua&l limits"), page);
     usual->setObjectName(QStringLiteral("usualLimits"));
     usual->setAutoDefault(false);
@@ -165,13 +170,14 @@ void VerdictPage::addLimit(QFormLayout *form, std::size_t index)
         if (field.limit == text.limit)
             box->setObjectName(QLatin1String(field.key));
     box->setValue(VerdictLimits().*text.limit * text.scale);
-    const QString meaning = tr("%1 Usual: %2.").arg(tr(text.meaning), box->text());
+    const QString usual = box->text().replace(QLatin1Char(' '), QChar(QChar::Nbsp));
+    const QString meaning = tr("%1 Usual: %2.").arg(tr(text.meaning), usual);
     box->setToolTip(meaning);
     box->installEventFilter(this);
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(box);
+    layout->addWidget(box, 0, Qt::AlignTop); // beside its label
     layout->addWidget(new Explanation(meaning), 1);
     row->setFocusProxy(box);
     form->addRow(tr(text.label), row);

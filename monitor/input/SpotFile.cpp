@@ -52,8 +52,7 @@ SpotRows spotsFromFile(const QString &path, QString *error)
                      .arg(path, sink.refused);
     else if (sink.spots.size() > SpotRows::most)
         *error = Text::tr("%1 has more than %2 spots. Compare the fields one by one")
-                     .arg(path)
-                     .arg(SpotRows::most);
+                     .arg(path, QString::number(SpotRows::most));
     else if (sink.streams != 1 || sink.spots.header.kind != StreamKind::Spots
              || !sink.spots.isUsable())
         *error =

@@ -363,10 +363,10 @@ private Q_SLOTS:
         SmallWindow w(file("verdicts.xui"));
         const auto *profile = w.window.displays().profile(); // the scope has one of its own
         const auto *scope = w.window.displays().scope()->plotView();
-        std::vector<double> wavy; // a Gaussian with a ripple of a tenth of its peak
+        std::vector<double> wavy(64); // a Gaussian with a ripple of a tenth of its peak
         for (int i = 0; i < 64; ++i)
-            wavy.push_back(100 * std::exp(-0.5 * std::pow((i % 32 - 15.5) / 4, 2))
-                           + (i % 2 ? 10 : -10));
+            wavy[std::size_t(i)] =
+                100 * std::exp(-0.5 * std::pow((i % 32 - 15.5) / 4, 2)) + (i % 2 ? 10 : -10);
         MonitorOptions patient;
         patient.verdictLimits = {0.5, 0.1, 1, 1, 1, 0, 1};
         for (const bool hasOwn : {false, true}) {

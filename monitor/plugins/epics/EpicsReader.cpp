@@ -218,9 +218,10 @@ void EpicsReader::takeDescription(EpicsVariable &variable, const Event &event)
         char server[256] = "";
         m_library.get_host_name(variable.channel, server, sizeof(server));
         m_receiver->tell(variable.summary(QString::fromLatin1(server)));
-        if (m_hasBegun && variable.hasFormOf(before))
+        if (m_hasBegun && variable.hasFormOf(before)) {
             m_rows.expect(variable.index);
-        else if (m_hasBegun || !m_isSearching)
+            show(variable);
+        } else if (m_hasBegun || !m_isSearching)
             begin();
         tellState();
         if (std::exchange(variable.isSubscribed, true))
@@ -349,10 +350,10 @@ void EpicsReader::takeValues(EpicsVariable &variable, const Event &event)
                   variable.values.end(),
                   std::numeric_limits<double>::quiet_NaN());
     variable.time = epicsTime(data);
-    if (m_hasBegun)
-        show(variable);
-    else
+    if (!m_hasBegun)
         beginIfComplete();
+    else if (variable.isDescribed) // values after a new connection may have another length
+        show(variable);
     m_changed.notify_all(); // a row may have begun to wait
 }
 

@@ -510,6 +510,8 @@ private Q_SLOTS:
             QTRY_VERIFY_WITH_TIMEOUT(lab.rows().last().endsWith(QString(": %1 20 -").arg(i)),
                                      15000);
             QTRY_COMPARE_WITH_TIMEOUT(waveforms.sink.header().frameSize, 100 + i, 15000);
+            QTRY_COMPARE(waveforms.times.size(),
+                         1 + 2 * i); // a missing frame, and one of the new length
         }
         QCOMPARE(lab.log->sink.lines.filter("start").size(), 1); // one stream all the time
         QVERIFY(lab.log->text().contains("POS is connected again"));

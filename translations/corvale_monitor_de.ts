@@ -2729,6 +2729,14 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>Righ&amp;t unit:</source>
         <translation>Rec&amp;hts Einheit:</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write one like -20 or 2.5e-7.</source>
+        <translation>„%1“ ist keine Zahl. Zum Beispiel -20 oder 2.5e-7 schreiben.</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

@@ -2729,6 +2729,14 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>Righ&amp;t unit:</source>
         <translation>Unité à droi&amp;te&#xa0;:</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write one like -20 or 2.5e-7.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre. En écrire un comme -20 ou 2.5e-7.</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatique</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

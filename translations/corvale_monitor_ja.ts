@@ -2729,6 +2729,14 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>Righ&amp;t unit:</source>
         <translation>右の単位(&amp;T):</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write one like -20 or 2.5e-7.</source>
+        <translation>「%1」は数値ではありません。-20 や 2.5e-7 のように入力してください。</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::VerdictPage</name>

@@ -74,9 +74,10 @@ bool RVXScopePlotView::SetRange(double min, double max)
     const std::pair<double, double> range(min, max);
     if (!std::isfinite(min) || !std::isfinite(max))
         return false;
+    const bool isSame = range == d->context.yScale.range && d->context.isRangeInShownUnit();
     d->context.yScale.isRangeGiven = true;
-    d->context.yScale.rangeUnit.reset();
-    if (range == d->context.yScale.range)
+    d->context.yScale.rangeUnit = d->context.unitOfRange();
+    if (isSame)
         return false;
     d->context.yScale.range = range;
     Q_EMIT rangeChanged(min, max);

@@ -240,9 +240,8 @@ public:
 
     //! Returns whether axis and labels show values with the prefix that suits them.
     bool hasSiPrefix() const;
-    /*! Sets whether values are shown with the prefix that suits them and with the digits that their noise allows: on the y axis
-        and its title, in the labels of markers and statistics. See Units::SiPrefix. The samples, the range and all that
-        functions return stay in the unit of the model. */
+    /*! Sets whether axes and labels show values with the prefix that suits them and the digits that their noise allows, see
+        Units::SiPrefix. The samples, the range and all that functions return stay in the unit of the model. */
     void setSiPrefix(bool on);
     //! Returns the unit that was set for the y axis; empty if it suits the scale.
     QString valueUnit() const;
@@ -257,6 +256,8 @@ public:
     QStringList rightUnits() const;
     //! Returns the range of the right axis in the unit of its channels: the one that was set, otherwise the one that is shown.
     std::pair<double, double> rightRange() const;
+    //! Returns the range of the left axis in the unit of its channels: range(), or what is shown while that is in another unit.
+    std::pair<double, double> leftRange() const;
     //! Sets that range, which belongs to the unit. Returns false for numbers that are not finite, and while there is no right axis.
     bool setRightRange(double minimum, double maximum);
     //! Has the right axis follow its channels, or their full scale, again.
@@ -283,9 +284,8 @@ public:
     /*! Sets whether strip chart and sweeps have a second y axis. The left axis then has the unit of the first channel that is
         shown, and the right axis the next other unit. Channels in further units are not drawn, and a line on the canvas names
         them; so it is in a histogram, whose bars and statistics are those of the left axis. A range that is set belongs to
-        the unit that the left axis has then; an axis in another unit follows its channels. Both axes have the same unit prefix,
-        hysteresis and logarithm settings and are zoomed together, or alone with the wheel above one of them. A normalised
-        scale has no unit, so it has one axis. */
+        the unit that the left axis has then; an axis in another unit follows its channels. Both have the same settings and are
+        zoomed together, or alone with the wheel above one of them. A normalised scale has no unit, so it has one axis. */
     void setSecondAxis(bool on);
     //! Returns the y axis that a channel, counted from 1, was drawn on in the last plot.
     ChannelAxis channelAxis(int channel) const;

@@ -114,6 +114,15 @@ std::pair<double, double> RVXScopePlotView::rightRange() const
     return {shown.minValue(), shown.maxValue()};
 }
 
+std::pair<double, double> RVXScopePlotView::leftRange() const
+{
+    Q_D(const RVXScopePlotView);
+    if (d->context.isRangeInShownUnit())
+        return range();
+    const QwtInterval shown = d->plot->axisInterval(QwtPlot::yLeft);
+    return {shown.minValue(), shown.maxValue()};
+}
+
 bool RVXScopePlotView::setRightRange(double minimum, double maximum)
 {
     Q_D(RVXScopePlotView);

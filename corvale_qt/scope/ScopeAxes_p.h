@@ -26,7 +26,7 @@ struct YScale
     std::pair<double, double> range{-1.0, 1.0}; //!< full scale
     bool positiveOnly = false;
     bool isRangeGiven = false; //!< the host has set the range
-    std::optional<QString> rangeUnit; //!< the unit that the range is in, once an axis has shown it
+    std::optional<QString> rangeUnit; //!< the unit that the range is in, once it is known
     std::optional<std::pair<double, double>> otherRange; //!< that was set for the right axis
     QString otherUnit; //!< that the other range is in
     bool followsFullScale = false; //!< without a given range, the full scale is that of the data

@@ -37,12 +37,23 @@ void ScopeContext::followUnits(ScopeAxes::Show show)
     const bool isOther = axes.followUnits(show, isRelative);
     if (!units.areApart())
         return;
-    if (!isRelative && !yScale.rangeUnit && units.hasFirst())
-        yScale.rangeUnit = axes.values().givenUnit();
+    if (!yScale.rangeUnit)
+        yScale.rangeUnit = unitOfRange();
     if (!isOther)
         return;
     hold.forgetY(); // its numbers were those of other units
     axes.setYScale(yScale);
+}
+
+std::optional<QString> ScopeContext::unitOfRange() const
+{
+    const bool isKnown = units.areApart() && units.hasFirst();
+    return isKnown ? std::make_optional(units.symbol(ChannelUnits::First)) : std::nullopt;
+}
+
+bool ScopeContext::isRangeInShownUnit() const
+{
+    return !units.areApart() || !yScale.rangeUnit || yScale.rangeUnit == unitOfRange();
 }
 
 void ScopeContext::showYTitles()

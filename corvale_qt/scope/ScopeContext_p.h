@@ -25,6 +25,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QwtPlot;
 
 namespace Corvale_Qt {
@@ -66,6 +68,10 @@ struct ScopeContext
 
     //! Gives the y axes the units of the channels, of which \a show tells what is drawn. A mode calls it before it draws.
     void followUnits(ScopeAxes::Show show);
+    //! Returns the unit that a range belongs to which is set now: that of the left axis. None before it is known.
+    std::optional<QString> unitOfRange() const;
+    //! Returns whether the range that was set is in the unit of the left axis, or has not been shown in any unit yet.
+    bool isRangeInShownUnit() const;
     //! Titles the y axes with the units that they show, or with what stands for them.
     void showYTitles();
     //! Says on the canvas which channels are not drawn: those whose unit has no axis, and these, whose values have no logarithm.

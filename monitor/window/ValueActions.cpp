@@ -67,11 +67,22 @@ ValueActions::ValueActions(Session &session,
     addColours(menu);
 }
 
+//! Returns the unit of the left axis: that of the first channel that is shown.
+QString ValueActions::leftUnit(const StreamHeader &header) const
+{
+    const QAbstractItemModel &model = m_session.model();
+    for (int i = 0; i < header.channels.size(); ++i) {
+        if (model.index(0, i + 1).data(Qt::CheckStateRole).toInt() != Qt::Unchecked)
+            return header.channels[i].unit;
+    }
+    return QString();
+}
+
 void ValueActions::keepRange(double minimum, double maximum)
 {
     m_settings.setList(rangeKey,
                        {m_session.source().description(),
-                        m_session.model().header().commonUnit(),
+                        leftUnit(m_session.model().header()),
                         limitText(minimum),
                         limitText(maximum)});
 }
@@ -81,7 +92,7 @@ void ValueActions::restoreRange(const StreamHeader &header)
 {
     const QStringList kept = m_settings.list(rangeKey);
     if (kept.size() != RangeTexts || kept[RangeSourceText] != m_session.source().description()
-        || kept[RangeUnitText] != header.commonUnit())
+        || kept[RangeUnitText] != leftUnit(header))
         return;
     const auto minimum = limitFromText(kept[RangeMinimumText]);
     const auto maximum = limitFromText(kept[RangeMaximumText]);

@@ -29,6 +29,7 @@ public:
                  QWidget *window);
 
 private:
+    QString leftUnit(const StreamHeader &header) const;
     void keepRange(double minimum, double maximum);
     void restoreRange(const StreamHeader &header);
     void addLegend(QMenu *menu);

@@ -98,12 +98,18 @@ void ValueAxisDialog::addFields(QFormLayout *form)
 void ValueAxisDialog::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    for (QLineEdit *field : {m_left.minimum, m_left.maximum, m_right.minimum, m_right.maximum})
-        field->setModified(false);
+    forgetTyped();
     showAll();
     m_refusal->clear();
     m_left.maximum->setFocus(Qt::ShortcutFocusReason);
     m_left.maximum->selectAll();
+}
+
+//! Lets all fields show the ranges again.
+void ValueAxisDialog::forgetTyped()
+{
+    for (QLineEdit *field : {m_left.minimum, m_left.maximum, m_right.minimum, m_right.maximum})
+        field->setModified(false);
 }
 
 //! Returns whether Enter sets the range of an axis: that of the left one if nothing was typed for the right one.
@@ -117,6 +123,12 @@ bool ValueAxisDialog::isAskedFor(const Axis &axis) const
     return axis.isRight ? ofRight : !ofRight || isTyped(m_left);
 }
 
+//! Returns the unit that an axis shows; empty without a unit.
+QString ValueAxisDialog::unitOf(const Axis &axis) const
+{
+    return axis.isRight ? m_view.rightUnit() : m_view.shownUnit();
+}
+
 //! Sets the range that is typed for an axis. Returns false if it cannot be shown, and says why.
 bool ValueAxisDialog::takeRange(const Axis &axis)
 {
@@ -128,9 +140,12 @@ bool ValueAxisDialog::takeRange(const Axis &axis)
     const double maximum = read(axis.maximum);
     if (std::isnan(minimum) || std::isnan(maximum)) {
         const QString text = std::isnan(maximum) ? axis.maximum->text() : axis.minimum->text();
+        const QString unit = unitOf(axis);
         m_refusal->setText(
-            tr("\"%1\" is not a value in %2. Write one like -20, or with its unit like 250 pA.")
-                .arg(text, axis.isRight ? m_view.rightUnit() : m_view.shownUnit()));
+            unit.isEmpty() ? tr("\"%1\" is not a number. Write one like -20 or 2.5e-7.").arg(text)
+                           : tr("\"%1\" is not a value in %2. Write one like -20, or with its unit "
+                                "like 250 pA.")
+                                 .arg(text, unit));
         return false;
     }
     if (!(minimum < maximum)) {
@@ -167,6 +182,8 @@ void ValueAxisDialog::applyAutomatic()
     m_scope.setYScaleIndex(RVXScopePlotView::AutoScale);
     m_view.resetRange();
     m_view.resetRightRange();
+    forgetTyped();
+    showAll();
     Q_EMIT automaticChosen();
 }
 
@@ -199,8 +216,7 @@ void ValueAxisDialog::showRange(const Axis &axis)
         if (!field->isModified())
             field->setText(axis.isRight ? m_view.toRightValue(value) : m_view.toShownValue(value));
     };
-    const auto [minimum, maximum] =
-        axis.isRight ? m_view.rightRange() : std::pair(m_view.yMinimum(), m_view.yMaximum());
+    const auto [minimum, maximum] = axis.isRight ? m_view.rightRange() : m_view.leftRange();
     show(axis.minimum, minimum);
     show(axis.maximum, maximum);
 }
@@ -211,9 +227,9 @@ void ValueAxisDialog::showUnits(const Axis &axis)
     const QStringList symbols = axis.isRight ? m_view.rightUnits() : m_view.valueUnits();
     const QStringList chosen = m_view.valueUnit().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     axis.unit->clear();
-    axis.unit->addItem(
-        tr("Automatic (%1)").arg(axis.isRight ? m_view.rightUnit() : m_view.shownUnit()),
-        QString());
+    const QString shown = unitOf(axis);
+    axis.unit->addItem(shown.isEmpty() ? tr("Automatic") : tr("Automatic (%1)").arg(shown),
+                       QString());
     for (const QString &symbol : symbols) {
         axis.unit->addItem(symbol, symbol);
         if (chosen.contains(symbol))

@@ -46,7 +46,9 @@ private:
 
     Axis makeAxis(bool isRight);
     void addFields(QFormLayout *form);
+    void forgetTyped();
     bool isAskedFor(const Axis &axis) const;
+    QString unitOf(const Axis &axis) const;
     bool takeRange(const Axis &axis);
     void applyRanges();
     void applyAutomatic();

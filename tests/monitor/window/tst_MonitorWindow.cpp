@@ -641,6 +641,38 @@ private Q_SLOTS:
         QCOMPARE(view->rightUnit(), QString("mV"));
         QCOMPARE(w.value(0), QString("23000 pA"));
         QCOMPARE(w.value(1), QString("750.0 mV"));
+
+        // A range belongs to its unit: it is neither offered nor brought back in another one.
+        QCOMPARE(typeRight("1.5 V", "-500 mV"), QString());
+        QCOMPARE(type("40 nA", "-5 nA"), QString());
+        QAbstractItemModel &model = w.session.model();
+        const QModelIndex beam = model.index(0, 1);
+        model.setData(beam, Qt::Unchecked, Qt::CheckStateRole);
+        QTRY_COMPARE(view->shownUnit(), QString("mV"));
+        w.settle();
+        const auto *maximum = dialog->findChild<QLineEdit *>("maximum");
+        const auto shown = [&] {
+            return view->toShownValue(w.plot()->axisInterval(QwtPlot::yLeft).maxValue());
+        };
+        QTRY_COMPARE(maximum->text(), shown());
+        QVERIFY(maximum->text() != "40000"); // mV
+        QCOMPARE(type("40 V", "-5 V"), QString());
+        QTRY_COMPARE(w.plot()->axisInterval(QwtPlot::yLeft), QwtInterval(-5.0, 40.0));
+        model.setData(beam, Qt::Checked, Qt::CheckStateRole);
+        w.source->begin(mixed);
+        QCOMPARE(view->yMaximum(), 1.0);
+
+        // An axis that follows its readings leaves no typed number behind.
+        QCOMPARE(type("4 nA", "oops"),
+                 QString("\"oops\" is not a value in pA. Write one like -20, or with its unit like "
+                         "250 pA."));
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::AltModifier);
+        QTRY_VERIFY(maximum->text() != "4 nA");
+        QCOMPARE(dialog->findChild<QLabel *>("refusal")->text(), QString());
+        w.source->begin(StreamKind::Channels, 2);
+        w.settle();
+        QCOMPARE(type("oops", "0"),
+                 QString("\"oops\" is not a number. Write one like -20 or 2.5e-7."));
     }
 
 private:

@@ -82,7 +82,7 @@ QString fittedReading(const QString &value, const QFontMetrics &metrics, int roo
     for (int digits = mostDigits; digits >= fewestDigits; --digits) {
         for (const char form : {'g', 'e'}) { // 0.000123 is wider than 1.23e-04
             const int precision = form == 'e' ? digits - 1 : digits;
-            const QString text = QString::number(reading, form, precision) + unit;
+            QString text = QString::number(reading, form, precision) + unit;
             if (metrics.horizontalAdvance(text) <= room)
                 return text;
         }

@@ -15,13 +15,13 @@ namespace Monitor {
 
 namespace {
 
-constexpr qint64 largest = qint64(1024) * 1024;
+constexpr qint64 largestReport = qint64(1024) * 1024;
 
 QString contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QFile::ReadOnly)
-        ? QString::fromUtf8(file.read(largest))
+        ? QString::fromUtf8(file.read(largestReport))
         : ReportWindow::tr("%1 cannot be opened: %2").arg(path, file.errorString());
 }
 

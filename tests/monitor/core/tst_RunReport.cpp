@@ -39,7 +39,7 @@ void leaveSignalsToTheProgram()
 }
 
 //! Uses up the stack, unless the depth is negative.
-int descend(volatile int *depth)
+int descend(const volatile int *depth)
 {
     if (*depth < 0)
         return 0;
@@ -74,9 +74,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<std::function<void()>>("crash");
         QTest::addColumn<QString>("said");
-        const auto row = [](const char *name, const QString &said, std::function<void()> crash) {
-            QTest::newRow(name) << std::move(crash) << said;
-        };
+        const auto row =
+            [](const char *name, const QString &said, const std::function<void()> &crash) {
+                QTest::newRow(name) << crash << said;
+            };
         row("a signal from outside", "signal 7 (SIGBUS), 0 s", [] {
             ::raise(SIGBUS);
         });

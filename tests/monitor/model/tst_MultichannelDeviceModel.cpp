@@ -32,7 +32,7 @@ ReadingBlock numbered(int channels, int first, int count)
     for (int i = first; i < first + count; ++i) {
         for (int c = 0; c < channels; ++c)
             values[std::size_t(c)] = i + c / 1000.0;
-        block.append(0.5 * (i / 2 * 2), values.data());
+        block.append(0.5 * (i - i % 2), values.data());
     }
     return block;
 }
@@ -75,7 +75,7 @@ private Q_SLOTS:
                 if (row < 1)
                     continue;
                 const int number = all[std::size_t(row - 1)];
-                QCOMPARE(model.doubleData(row, 0), 0.5 * (number / 2 * 2));
+                QCOMPARE(model.doubleData(row, 0), 0.5 * (number - number % 2));
                 QCOMPARE(model.doubleData(row, 1), double(number));
                 QCOMPARE(model.doubleData(row, 2), number + 0.001);
             }

@@ -273,7 +273,7 @@ private Q_SLOTS:
         r.clock.advanceSilently(1.0);
         recorder.addReadings(block(30, 1));
         recorder.addReadings(block(31, 100000));
-        QVERIFY(QFileInfo(path("a.csv")).size() > 1024 * 1024);
+        QVERIFY(QFileInfo(path("a.csv")).size() > qint64(1024) * 1024);
     }
 
     void aFullDiskLosesNothingOnceThereIsRoom()

@@ -359,7 +359,7 @@ private Q_SLOTS:
         const auto list = [&dir](const QByteArray &text) {
             putFile(dir.filePath("spots.csv"), text);
             QString error;
-            const SpotRows spots = spotsFromFile(dir.filePath("spots.csv"), &error);
+            SpotRows spots = spotsFromFile(dir.filePath("spots.csv"), &error);
             if (!error.isEmpty())
                 qWarning("%s", qPrintable(error));
             return spots;

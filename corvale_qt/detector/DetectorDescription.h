@@ -79,8 +79,8 @@ struct CORVALE_QT_EXPORT DetectorDescription
     //! Whether the limits were stated, even as the usual ones.
     bool verdictLimitsStated = false;
 
-    /*! Returns whether the detector has limits of its own: stated ones, or others than the usual. A program that lets a
-        person choose limits uses those of the person for the other detectors only. */
+    /*! Returns whether the description states verdict limits, or holds others than the default. A program that lets its user
+        choose limits applies them only to detectors without their own. */
     bool hasOwnVerdictLimits() const;
 };
 

@@ -42,8 +42,8 @@ public:
     static bool goOn(qint64 done, qint64 all);
 
     /*! Writes a file as a whole: one of that name stays as it was until \a write has returned true and all is on the disk. Returns
-        whether that is so. What is no ordinary file, such as a pipe, is written as it is, and so is a file in a folder that takes no
-        other file: a write that ends early leaves a part of it. */
+        whether that is so. A pipe or a device is written directly, and so is a file in a folder where no second file can be made:
+        there, a write that ends early leaves a part. */
     static bool writeWhole(const QString &fileName,
                            QIODevice::OpenMode mode,
                            const std::function<bool(QIODevice &file)> &write);

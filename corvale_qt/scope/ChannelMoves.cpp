@@ -40,8 +40,8 @@ ChannelMoves movesOfNames(const QStringList &old, const QStringList &now)
 {
     if (old == now)
         return nullptr;
-    QHash<QString, QVector<int>>
-        placesOf; // where the channels of a name are now, the last one first
+    // Where the channels of a name are now, the last one first.
+    QHash<QString, QVector<int>> placesOf;
     for (int i = now.size(); i >= 1; --i)
         placesOf[now[i - 1]].append(i);
     QVector<int> places(old.size(), 0);

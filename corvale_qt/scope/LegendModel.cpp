@@ -161,7 +161,7 @@ QString LegendModel::value(int channel) const
     return text.toString();
 }
 
-//! Returns a text whose width does not change with the readings. Without a prefix of its own a reading may need an exponent.
+//! Returns a text as wide as the widest reading, whatever the readings are. Where the prefix is fixed, a reading may need an exponent.
 QString LegendModel::wideValue(int channel) const
 {
     const bool suitsEach = m_hasSiPrefix && m_prefixes.fixedUnit().isEmpty();

@@ -24,8 +24,8 @@ void ScopeMarkerItem::draw(QPainter *painter,
             place.moveTop(taken.bottom() + spacing());
     }
     QwtText text = label();
-    if (hasWhiteCanvas(
-            plot())) { // through its ground, white would take the contrast from its letters
+    // White that shines through the ground would take the contrast from the letters.
+    if (hasWhiteCanvas(plot())) {
         QBrush ground = text.backgroundBrush();
         QColor opaque = ground.color();
         opaque.setAlpha(255);

@@ -8,7 +8,7 @@
 
 namespace Corvale_Qt {
 
-//! Translates a text of the library where no class has a tr() of its own.
+//! Translates a text of the library, for functions that belong to no class with tr().
 inline QString tr(const char *text)
 {
     return QCoreApplication::translate("Corvale_Qt", text);

@@ -41,7 +41,7 @@ std::atomic_flag isWriting = ATOMIC_FLAG_INIT;
 std::time_t began = 0;
 //! What an exception said that nobody caught.
 char exceptionText[256] = "";
-//! The handler needs a stack of its own: after an overflow nothing is left of the usual one.
+//! The handler runs on a separate stack: after a stack overflow, nothing is left of the usual one.
 alignas(16) char handlerStack[stackSize];
 
 const char *nameOf(int number)

@@ -10,12 +10,6 @@
 
 namespace Monitor {
 
-namespace {
-
-constexpr int filePiece = 256 * 1024;
-
-} // namespace
-
 //! Hands what the reader reads to the source.
 class FileSource::Intake : public StreamSink
 {
@@ -260,7 +254,7 @@ bool FileSource::readOn()
 {
     if (m_atEnd)
         return false;
-    if (!m_reader.read(filePiece))
+    if (!m_reader.read(pieceSize))
         m_atEnd = m_reader.hasFailed() || !startLoop();
     return !m_atEnd;
 }

@@ -14,7 +14,6 @@ namespace Monitor {
 
 namespace {
 
-constexpr int imagePiece = 256 * 1024;
 //! The number of frames that are read ahead of those that are due.
 constexpr std::size_t enough = 20;
 //! The most pieces that are read in one go, because many images may be unreadable.
@@ -164,7 +163,7 @@ void PgmSource::play()
 
 void PgmSource::readOn()
 {
-    const QByteArray piece = m_file.read(imagePiece);
+    const QByteArray piece = m_file.read(pieceSize);
     m_reader.feed({piece.constData(), std::size_t(piece.size())});
     if (m_file.error() != QFileDevice::NoError)
         m_error = m_file.errorString();

@@ -21,6 +21,9 @@ class Source : public QObject
     Q_OBJECT
 
 public:
+    //! How many bytes a source reads at a time.
+    static constexpr int pieceSize = 256 * 1024;
+
     enum class State {
         Idle,
         Connecting, //!< the first connection is being made

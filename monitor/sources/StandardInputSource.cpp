@@ -61,7 +61,6 @@ void StandardInputSource::close()
 //! Reads once per turn of the event loop, so that a flood of lines leaves time for the window.
 void StandardInputSource::readSome()
 {
-    constexpr int pieceSize = 256 * 1024;
     m_piece.resize(pieceSize);
     const ssize_t size = ::read(m_descriptor, m_piece.data(), pieceSize);
     if (size > 0) {

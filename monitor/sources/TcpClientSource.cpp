@@ -75,7 +75,6 @@ void TcpClientSource::socketConnected()
 
 void TcpClientSource::socketReadable()
 {
-    constexpr qint64 pieceSize = qint64(256) * 1024;
     const QByteArray bytes = m_socket.read(pieceSize);
     m_answered = m_answered || bytes.contains('\n') || bytes.contains('\r');
     takeBytes({bytes.constData(), std::size_t(bytes.size())});

@@ -96,7 +96,6 @@ void TcpServerSource::replacePeer()
 void TcpServerSource::readPeer(QTcpSocket *peer)
 {
     while (peer == m_peer && peer->bytesAvailable() > 0) {
-        constexpr qint64 pieceSize = qint64(256) * 1024;
         const QByteArray bytes = peer->read(pieceSize);
         takeBytes({bytes.constData(), std::size_t(bytes.size())});
     }

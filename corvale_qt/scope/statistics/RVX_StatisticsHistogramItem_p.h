@@ -71,8 +71,8 @@ public:
     int firstChannel = 0;
     QString valueUnit;
     bool hasSiPrefix = false; //!< the label shows values with a prefix of their unit
-    QString
-        fixedUnit; //!< that the label shows values in, if their quantity has it; empty for the one that suits each
+    //! The unit of the values in the label, where their quantity has it; if it is empty, each has the one that suits it.
+    QString fixedUnit;
     double plotDivisor = 1.0;
     double limitFactor = 1.0;
 

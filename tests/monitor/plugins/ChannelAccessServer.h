@@ -9,8 +9,8 @@
 #include <QVector>
 
 /*! A small Channel Access server on the loopback: it answers searches, creates channels, tells units and limits, and sends
-    values to those who subscribe. It knows what the protocol's public specification (version 4.13) asks of a server with variables
-    of type double, and no more: no writing, no access security, no beacons. */
+    values to those who subscribe. It speaks as much of version 4.13 of the public protocol as a server of variables of type double
+    needs: no writing, no access security, no beacons. */
 class ChannelAccessServer : public QObject
 {
 public:

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QToolTip>
 
 namespace Monitor {
@@ -15,15 +16,31 @@ namespace Monitor {
 namespace {
 
 //! Returns a square of the colour, framed so that light colours are seen on white.
-QIcon swatch(const QColor &colour, const QSize &size)
+QPixmap drawnSwatch(const QColor &colour, const QSize &size, double ratio)
 {
-    const double ratio = qApp->devicePixelRatio();
     QPixmap picture(size * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(colour);
     QPainter painter(&picture);
     painter.setPen(QColor(0, 0, 0, 96));
     painter.drawRect(QRectF(0.5, 0.5, size.width() - 1.0, size.height() - 1.0));
+    return picture;
+}
+
+/*! Returns the square from Qt's cache. An icon leaves what it draws there under a number of its picture, so a new
+    picture for each cell that is painted would fill the cache. */
+QIcon swatch(const QColor &colour, const QSize &size)
+{
+    const double ratio = qApp->devicePixelRatio();
+    const QString key = QStringLiteral("corvale-swatch-%1-%2-%3")
+                            .arg(colour.name(QColor::HexArgb))
+                            .arg(size.width())
+                            .arg(ratio);
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = drawnSwatch(colour, size, ratio);
+        QPixmapCache::insert(key, picture);
+    }
     return QIcon(picture);
 }
 

@@ -124,10 +124,15 @@ class Monitor:
     def memory(self):
         """Bytes of memory that it holds now."""
         pages = int(Path(f"/proc/{self.process.pid}/statm").read_text().split()[1])
-        return pages * os.sysconf("SC_PAGE_SIZE")
+        return self.plant.weigh(pages * os.sysconf("SC_PAGE_SIZE"))
 
     def descriptors(self):
-        return len(os.listdir(f"/proc/{self.process.pid}/fd"))
+        return self.plant.count(len(os.listdir(f"/proc/{self.process.pid}/fd")))
+
+    def processor_time(self):
+        """Seconds for which it has used a processor."""
+        fields = Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def said(self):
         """The end of what it printed."""

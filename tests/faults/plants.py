@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Faults that are planted to see that a driver finds them: each stands for a monitor that is broken in one way."""
+import itertools
 import re
 import struct
 import sys
@@ -26,6 +27,14 @@ class Plant:
 
     def overpaint(self, picture):
         """Changes a picture that was drawn."""
+
+    def weigh(self, memory):
+        """Changes the bytes of memory that are read."""
+        return memory
+
+    def count(self, descriptors):
+        """Changes the number of open descriptors that is read."""
+        return descriptors
 
 
 class Blank(Plant):
@@ -65,6 +74,21 @@ class Reworded(Plant):
 
     def reword(self, output):
         output.write_text(re.sub(self.pattern, self.text, output.read_text(errors="replace")))
+
+
+class Growing(Plant):
+    """Adds to each reading of the memory, and of the number of descriptors, more than to the one before."""
+
+    def __init__(self, name, bytes_each_time, descriptors_each_time):
+        self.name = name
+        self.bytes = itertools.count(0, bytes_each_time)
+        self.descriptors = itertools.count(0, descriptors_each_time)
+
+    def weigh(self, memory):
+        return memory + next(self.bytes)
+
+    def count(self, descriptors):
+        return descriptors + next(self.descriptors)
 
 
 class Spoiled(Plant):
@@ -115,6 +139,8 @@ LONG_TURN = Reworded("a turn of 900 ms", r"processor for [\d.]+ ms", "processor 
 BLANK = Blank()
 NO_REPORT = Lost("a report without the crash", b"crash:")
 NO_FRAMES = Lost("a report without frames", b"[0x")
+GROWTH = Growing("3 MB that stay", 3_000_000, 0)
+OPEN_FILES = Growing("a file that stays open", 0, 1)
 CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")
 HANG = Before("a hang", "signal.pause()", patience=2.0)
 MEMORY = Before("300 MB of memory", "b = bytearray(os.urandom(1)) * 300_000_000\nos.execv(sys.argv[1], sys.argv[1:])")

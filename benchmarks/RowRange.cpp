@@ -3,7 +3,7 @@
 // that is not exported, since its share of a frame is too small to be measured there.
 #include "Goal.h"
 #include "Goals.h"
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include <corvale_qt/RVXAveragingProxyModel>
 #include <corvale_qt/RVXSingleChannelDataModel>
@@ -63,7 +63,7 @@ void measure(const QString &name, bool rising, int shown, double limit)
     RowRange literal;
     const double faster = timesFaster(
         [&] {
-            quick = rowsAround(PlotColumnReader(&stack.zeroing), {1, samples}, left, right);
+            quick = rowsAround(PlotDataReader(&stack.zeroing), {1, samples}, left, right);
         },
         4000,
         [&] {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/BlockRanges_p.h"
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <algorithm>
 
@@ -15,7 +15,7 @@ constexpr int fewest[] = {16, 1};
 
 } // namespace
 
-ValueRange BlockRanges::range(const ColumnSpans &spans, int first, int last)
+ValueRange BlockRanges::range(const RingSpans &spans, int first, int last)
 {
     if (last - first < widths[0] * fewest[0])
         return readRange(spans, first, last);
@@ -34,7 +34,7 @@ void BlockRanges::forget()
         blocks.clear();
 }
 
-ValueRange BlockRanges::rangeAt(int level, const ColumnSpans &spans, const Numbers &numbers)
+ValueRange BlockRanges::rangeAt(int level, const RingSpans &spans, const Numbers &numbers)
 {
     if (level < 0)
         return readRange(spans, int(numbers.begin - spans.number), int(numbers.end - spans.number));
@@ -51,7 +51,7 @@ ValueRange BlockRanges::rangeAt(int level, const ColumnSpans &spans, const Numbe
     return range;
 }
 
-const ValueRange &BlockRanges::block(int level, const ColumnSpans &spans, qint64 index)
+const ValueRange &BlockRanges::block(int level, const RingSpans &spans, qint64 index)
 {
     Block &block = m_blocks[level][int(index % m_blocks[level].size())];
     if (block.index != index) {

@@ -11,7 +11,7 @@
 
 namespace Corvale_Qt {
 
-struct ColumnSpans;
+struct RingSpans;
 
 /*! Keeps the ranges of blocks of numbers in a ring, and of blocks of such blocks. Each is found when it is first needed,
     so that a chart that is drawn again, or that needs the range of what it draws, does not read all samples again.
@@ -23,7 +23,7 @@ class BlockRanges
 public:
     /*! Returns the range of rows \a first to \a last - 1 of \a spans, counted from the first row of the spans;
         spans.blocks must be this object. */
-    ValueRange range(const ColumnSpans &spans, int first, int last);
+    ValueRange range(const RingSpans &spans, int first, int last);
     //! Drops all ranges.
     void forget();
 
@@ -44,8 +44,8 @@ private:
     static constexpr int levels = 2;
 
     //! Returns the range of numbers, read from blocks of a level and of the levels below it.
-    ValueRange rangeAt(int level, const ColumnSpans &spans, const Numbers &numbers);
-    const ValueRange &block(int level, const ColumnSpans &spans, qint64 index);
+    ValueRange rangeAt(int level, const RingSpans &spans, const Numbers &numbers);
+    const ValueRange &block(int level, const RingSpans &spans, qint64 index);
 
     std::array<QVector<Block>, levels> m_blocks;
 };

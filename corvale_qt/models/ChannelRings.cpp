@@ -115,7 +115,7 @@ void ChannelRings::keepOldest(int rows)
     }
 }
 
-bool ChannelRings::spans(int channel, int firstRow, int count, ColumnSpans &spans) const
+bool ChannelRings::spans(int channel, int firstRow, int count, RingSpans &spans) const
 {
     const Channel &own = m_channels[std::size_t(channel)];
     if (!ringSpans(own.ring, firstRow, count, spans))

@@ -45,7 +45,7 @@ public:
     double value(int row, int channel) const { return ring(channel)[std::size_t(row)]; }
     const SampleRing &ring(int channel) const { return m_channels[std::size_t(channel)].ring; }
     //! Finds rows of a channel in memory, with their cached ranges; see ringSpans().
-    bool spans(int channel, int firstRow, int count, ColumnSpans &spans) const;
+    bool spans(int channel, int firstRow, int count, RingSpans &spans) const;
 
 private:
     struct Channel

@@ -4,8 +4,8 @@
 
 namespace Corvale_Qt {
 
-ColumnSeries::ColumnSeries(const PlotColumns &columns, int column, int rows)
-    : m_columns{PlotColumnReader::ofBulk(&columns), column, 1, 1.0}
+ColumnSeries::ColumnSeries(const LibraryBulkData &columns, int column, int rows)
+    : m_source{PlotDataReader::ofBulk(&columns), column, 1, 1.0}
     , m_rows(rows)
 {
 }
@@ -18,8 +18,8 @@ size_t ColumnSeries::size() const
 QPointF ColumnSeries::sample(size_t i) const
 {
     QPointF point;
-    m_columns.readX(i, 1, &point.rx());
-    m_columns.readY(i, 1, &point.ry());
+    m_source.readX(i, 1, &point.rx());
+    m_source.readY(i, 1, &point.ry());
     return point;
 }
 
@@ -34,7 +34,7 @@ void ColumnSeries::setScale(double scale)
 {
     if (!(scale > 0.0))
         return;
-    m_columns.scale = scale;
+    m_source.scale = scale;
     d_boundingRect = QRectF(0.0, 0.0, -1.0, -1.0);
 }
 

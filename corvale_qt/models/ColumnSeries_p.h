@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/SeriesColumns_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 
 namespace Corvale_Qt {
 
@@ -13,7 +13,7 @@ class ColumnSeries : public QwtSeriesData<QPointF>
 {
 public:
     //! Constructs a series of rows 1 to \a rows of a \a column; x is column 0.
-    ColumnSeries(const PlotColumns &columns, int column, int rows);
+    ColumnSeries(const LibraryBulkData &columns, int column, int rows);
 
     size_t size() const override;
     QPointF sample(size_t i) const override;
@@ -22,11 +22,11 @@ public:
 
     //! Sets the divisor of y; a scale that is not greater than 0 is ignored.
     void setScale(double scale);
-    //! Returns the columns that the series reads.
-    SeriesColumns columns() const { return m_columns; }
+    //! Returns what the series reads.
+    SeriesSource source() const { return m_source; }
 
 private:
-    SeriesColumns m_columns;
+    SeriesSource m_source;
     int m_rows;
 };
 

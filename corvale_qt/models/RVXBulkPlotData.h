@@ -9,7 +9,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumns;
+class LibraryBulkData;
 class RVXAbstractPlotDataModel;
 
 /*! Vouches for a subclass of one of the library's models: its doubleData() returns what the library's class returns, so that
@@ -108,11 +108,11 @@ protected:
     explicit RVXBulkPlotData(int layout = currentLayout);
 
 private:
-    friend class PlotColumnReader;
-    friend class PlotColumns;
+    friend class PlotDataReader;
+    friend class LibraryBulkData;
 
     int m_layout;
-    const PlotColumns *m_columns = nullptr; // set for the library's own models
+    const LibraryBulkData *m_columns = nullptr; // set for the library's own models
 };
 
 } // namespace Corvale_Qt

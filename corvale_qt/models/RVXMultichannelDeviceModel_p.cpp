@@ -93,7 +93,7 @@ void RVXMultichannelDeviceModelPrivate::read(int column, int firstRow, int count
 bool RVXMultichannelDeviceModelPrivate::columnSpans(int column,
                                                     int firstRow,
                                                     int count,
-                                                    ColumnSpans &spans) const
+                                                    RingSpans &spans) const
 {
     if (column == 0)
         return ringSpans(rings.times().times(), firstRow - 1, count, spans);

@@ -40,7 +40,7 @@ private:
 };
 
 //! Keeps the rows and channels of the model, announces rows, and reads columns in bulk.
-class RVXMultichannelDeviceModelPrivate : public PlotColumns
+class RVXMultichannelDeviceModelPrivate : public LibraryBulkData
 {
 public:
     //! Consecutive rows of a block.
@@ -65,7 +65,7 @@ public:
         return typeid(RVXMultichannelDeviceModel);
     }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override { return rings.times().rises(); }
     quint64 xVersion() const override { return rings.times().version(); }
     bool appendText(QByteArray &text, int row, int column) const override;

@@ -13,7 +13,7 @@ namespace Corvale_Qt {
 
 class RVXAbstractPlotDataModel;
 class RVXBulkPlotData;
-struct SeriesColumns;
+struct SeriesSource;
 
 /*! One column of a plot model as a series of points for a QwtPlotCurve. x is column 0, y is the column divided by
     scale(). Samples are not copied. The series does not own the model, which must outlive it.
@@ -51,7 +51,7 @@ protected:
     double scale() const;
 
 private:
-    friend struct SeriesColumns;
+    friend struct SeriesSource;
 
     const RVXAbstractPlotDataModel *m_model;
     int m_column;

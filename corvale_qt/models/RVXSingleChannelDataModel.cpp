@@ -2,8 +2,8 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 
 #include "corvale_qt/models/BlockRanges_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/Logging_p.h"
-#include "corvale_qt/models/PlotColumns_p.h"
 #include "corvale_qt/models/SampleRing_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 #include "corvale_qt/units/NumberText_p.h"
@@ -13,7 +13,7 @@
 
 namespace Corvale_Qt {
 
-class RVXSingleChannelDataModelPrivate : public PlotColumns
+class RVXSingleChannelDataModelPrivate : public LibraryBulkData
 {
 public:
     explicit RVXSingleChannelDataModelPrivate(const RVXSingleChannelDataModel *model)
@@ -25,7 +25,7 @@ public:
 
     const std::type_info &vouchedType() const override { return typeid(RVXSingleChannelDataModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override { return times.rises(); }
     bool appendText(QByteArray &text, int row, int column) const override;
     quint64 xVersion() const override { return times.version(); }
@@ -80,7 +80,7 @@ void RVXSingleChannelDataModelPrivate::read(int column, int firstRow, int count,
 bool RVXSingleChannelDataModelPrivate::columnSpans(int column,
                                                    int firstRow,
                                                    int count,
-                                                   ColumnSpans &spans) const
+                                                   RingSpans &spans) const
 {
     if (column == 0)
         return ringSpans(times.times(), firstRow - 1, count, spans);

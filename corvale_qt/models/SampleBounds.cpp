@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/BlockOfReadings_p.h"
 #include "corvale_qt/models/BlockRanges_p.h"
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
-#include "corvale_qt/models/SeriesColumns_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 
 #include <QDebug>
 
@@ -95,7 +95,7 @@ ValueRange rangeOfPiece(const double *values, int count)
     return count < few ? rangeByLanes<1>(values, count) : rangeByLanes<4>(values, count);
 }
 
-ValueRange finiteRangeOneByOne(const ColumnSpans &spans, int first, int last)
+ValueRange finiteRangeOneByOne(const RingSpans &spans, int first, int last)
 {
     ValueRange range{kInfinity, -kInfinity, false};
     for (int i = first; i < last; ++i) {
@@ -117,12 +117,12 @@ QDebug operator<<(QDebug debug, const ValueRange &range)
                            << (range.allFinite ? ")" : ", some not finite)");
 }
 
-ValueRange storedRange(const ColumnSpans &spans, int first, int last)
+ValueRange storedRange(const RingSpans &spans, int first, int last)
 {
     return spans.blocks ? spans.blocks->range(spans, first, last) : readRange(spans, first, last);
 }
 
-ValueRange readRange(const ColumnSpans &spans, int first, int last)
+ValueRange readRange(const RingSpans &spans, int first, int last)
 {
     ValueRange range{kInfinity, -kInfinity, true};
     if (first < spans.size[0])
@@ -175,7 +175,7 @@ QRectF SampleBounds::rectangle() const
 QRectF boundsOf(const QwtSeriesData<QPointF> &series, int count)
 {
     SampleBounds bounds(series.sample(0));
-    if (!bounds.add(SeriesSpans(SeriesColumns::of(&series), 0, count)))
+    if (!bounds.add(SeriesSpans(SeriesSource::of(&series), 0, count)))
         forEachPoint(series, 0, count, [&bounds](int, double x, double y) {
             bounds.add(x, y);
         });

@@ -14,7 +14,7 @@ class QwtSeriesData;
 
 namespace Corvale_Qt {
 
-struct ColumnSpans;
+struct RingSpans;
 class SeriesSpans;
 
 //! The smallest and the largest of the finite numbers among some numbers, and whether all of them are finite.
@@ -37,9 +37,9 @@ QDebug operator<<(QDebug debug, const ValueRange &range);
 
 /*! Returns the range of the stored numbers of rows \a first to \a last - 1, counted from the first row of the spans;
     factor and zero are not applied. If no number is finite, least is greater than greatest. */
-ValueRange storedRange(const ColumnSpans &spans, int first, int last);
+ValueRange storedRange(const RingSpans &spans, int first, int last);
 //! Returns what storedRange() returns, but always reads every number instead of cached ranges.
-ValueRange readRange(const ColumnSpans &spans, int first, int last);
+ValueRange readRange(const RingSpans &spans, int first, int last);
 
 /*! Finds the rectangle around samples. Samples with a coordinate that is not finite are left out, except that the first
     one always counts, with 0 for such a coordinate. */

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/SampleNoise_p.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ double differenceAt(const double *newest)
 
 } // namespace
 
-double sampleNoise(const PlotColumnReader &reader, int column, int lastRow)
+double sampleNoise(const PlotDataReader &reader, int column, int lastRow)
 {
     constexpr int most = 32;
     constexpr int fewest = 3;

@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <boost/circular_buffer.hpp>
 
@@ -37,11 +37,11 @@ void readRing(const SampleRing &ring, int first, int count, double *out, Transfo
 
 /*! Sets \a spans to the memory of elements \a first to first + count - 1 of \a ring, counted from the oldest. Returns false
     if the ring does not have all of them. */
-inline bool ringSpans(const SampleRing &ring, int first, int count, ColumnSpans &spans)
+inline bool ringSpans(const SampleRing &ring, int first, int count, RingSpans &spans)
 {
     if (first < 0 || count < 0 || first > int(ring.size()) - count)
         return false;
-    spans = ColumnSpans();
+    spans = RingSpans();
     const auto one = ring.array_one();
     const auto two = ring.array_two();
     const int skip = std::min(first, int(one.second));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/SampleBounds_p.h"
-#include "corvale_qt/models/SeriesColumns_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
@@ -215,7 +215,7 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
     const QRect clip = m_canvasRect.toAlignedRect();
     runs.begin(clip);
     LineBreaks breaks = breaksFrom(from);
-    const SeriesSpans samples(SeriesColumns::of(&series), from, to - from + 1);
+    const SeriesSpans samples(SeriesSource::of(&series), from, to - from + 1);
     if (samples.areFound() && samples.rise()) {
         DenseCurve(samples, m_yMap).addTo(runs, reused.sampleX, m_xMap, clip, breaks);
     } else {
@@ -258,7 +258,7 @@ void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, i
     };
 
     LineBreaks breaks = breaksFrom(from);
-    const SeriesSpans samples(SeriesColumns::of(&series), from, to - from + 1);
+    const SeriesSpans samples(SeriesSource::of(&series), from, to - from + 1);
     if (samples.areFound()) {
         const SampleXCache::Positions &found =
             scratch().sampleX.positions(samples, m_xMap, m_aligned);

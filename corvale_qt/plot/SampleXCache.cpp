@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/SeriesColumns_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
@@ -49,7 +49,7 @@ bool SampleXCache::Key::matches(const Key &other) const
 
 SampleXCache::Key SampleXCache::keyOf(const SeriesSpans &samples, const QwtScaleMap &map)
 {
-    const ColumnSpans &x = samples.storedX();
+    const RingSpans &x = samples.storedX();
     return {map.transformation() ? 0 : samples.xVersion(),
             x.size[0] > 0 ? x.piece[0] : x.piece[1],
             x.count(),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/proxies/ComputedReadings_p.h"
 
 #include <algorithm>
@@ -36,7 +36,7 @@ void ComputedReadings::reset(int capacity)
     m_taken = 0;
 }
 
-bool ComputedReadings::spans(int channel, int firstRow, int count, ColumnSpans &spans) const
+bool ComputedReadings::spans(int channel, int firstRow, int count, RingSpans &spans) const
 {
     const Channel &own = m_channels[size_t(channel)];
     if (!ringSpans(own.ring, firstRow - 1, count, spans))
@@ -53,7 +53,7 @@ void ComputedReadings::dropOldest(int count)
         channel.ring.erase_begin(SampleRing::size_type(dropped));
 }
 
-void ComputedReadings::update(const PlotColumnReader &source, int from, int rows)
+void ComputedReadings::update(const PlotDataReader &source, int from, int rows)
 {
     const int kept = std::clamp(from - 1, 0, this->rows());
     if (kept < this->rows()) {
@@ -78,7 +78,7 @@ void ComputedReadings::update(const PlotColumnReader &source, int from, int rows
     }
 }
 
-void ComputedReadings::compute(const PlotColumnReader &source,
+void ComputedReadings::compute(const PlotDataReader &source,
                                int channel,
                                int firstRow,
                                int count,
@@ -91,14 +91,14 @@ void ComputedReadings::compute(const PlotColumnReader &source,
     }
 }
 
-bool ComputedReadings::hasOwnDrops(const PlotColumnReader &source) const
+bool ComputedReadings::hasOwnDrops(const PlotDataReader &source) const
 {
     return std::any_of(m_inputs.begin(), m_inputs.end(), [&source](int channel) {
         return source.droppedRows(channel + 1) >= 0;
     });
 }
 
-void ComputedReadings::computeChunk(const PlotColumnReader &source, int firstRow, int count)
+void ComputedReadings::computeChunk(const PlotDataReader &source, int firstRow, int count)
 {
     if (!m_isGood)
         return;

@@ -11,7 +11,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 /*! The readings of computed channels, one for each row of a source, oldest first. Rows are counted from 1, computed channels and
     the channels of the source from 0. */
@@ -29,15 +29,15 @@ public:
     int rows() const { return m_channels.empty() ? 0 : int(m_channels[0].ring.size()); }
     const SampleRing &ring(int channel) const { return m_channels[size_t(channel)].ring; }
     //! Finds rows of a channel in memory, with their cached ranges; see ringSpans().
-    bool spans(int channel, int firstRow, int count, ColumnSpans &spans) const;
+    bool spans(int channel, int firstRow, int count, RingSpans &spans) const;
 
     void dropOldest(int rows);
     //! Computes row \a from to row \a rows, the source's last.
-    void update(const PlotColumnReader &source, int from, int rows);
+    void update(const PlotDataReader &source, int from, int rows);
     //! Computes rows of the source without storing them; \a out has \a count numbers.
-    void compute(const PlotColumnReader &source, int channel, int firstRow, int count, double *out);
-    //! Returns whether a column of the source that is used drops rows on its own (PlotColumns::droppedRows()).
-    bool hasOwnDrops(const PlotColumnReader &source) const;
+    void compute(const PlotDataReader &source, int channel, int firstRow, int count, double *out);
+    //! Returns whether a column of the source that is used drops rows on its own (LibraryBulkData::droppedRows()).
+    bool hasOwnDrops(const PlotDataReader &source) const;
 
 private:
     struct Channel
@@ -49,7 +49,7 @@ private:
 
     static constexpr int chunk = 256;
 
-    void computeChunk(const PlotColumnReader &source, int firstRow, int count);
+    void computeChunk(const PlotDataReader &source, int firstRow, int count);
 
     ChannelExpressions m_expressions;
     bool m_isGood = false;

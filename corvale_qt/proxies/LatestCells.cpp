@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/SampleNoise_p.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
@@ -75,7 +75,7 @@ QVariant LatestPrefixes::reading(const QModelIndex &sample)
         return sample.data(Qt::DisplayRole);
     const auto *const plot = dynamic_cast<const RVXAbstractPlotDataModel *>(sample.model());
     const int column = sample.column();
-    const double noise = plot ? sampleNoise(PlotColumnReader(plot), column, sample.row()) : 0.0;
+    const double noise = plot ? sampleNoise(PlotDataReader(plot), column, sample.row()) : 0.0;
     if (!m_shared)
         m_shared = ReadingPrefixes::of(sample.model());
     const QString unit = symbolOf(sample.model(), column);

@@ -16,7 +16,7 @@ MergedInput::MergedInput(RVXMultichannelProxyModel *proxy,
     , q(proxy)
     , d(proxyPrivate)
     , m_plot(plotModel)
-    , m_texts(PlotColumns::of(plotModel))
+    , m_texts(LibraryBulkData::of(plotModel))
 {
     connect(model, &QObject::destroyed, this, [this] {
         m_wired = false;
@@ -38,7 +38,7 @@ void MergedInput::unwire()
     if (m_wired && items)
         disconnectUpstream(items, this);
     m_wired = false;
-    d->ledger.abandon(*this);
+    d->announcer.abandon(*this);
 }
 
 void MergedInput::retire()
@@ -53,22 +53,22 @@ void MergedInput::retire()
 
 void MergedInput::_q_sourceRowsAboutToBeInserted(const QModelIndex &, int, int last)
 {
-    d->ledger.rowsAboutToBeInserted(*this, last);
+    d->announcer.rowsAboutToBeInserted(*this, last);
 }
 
 void MergedInput::_q_sourceRowsInserted(const QModelIndex &, int first, int)
 {
-    d->ledger.rowsInserted(*this, first);
+    d->announcer.rowsInserted(*this, first);
 }
 
 void MergedInput::_q_sourceRowsAboutToBeRemoved(const QModelIndex &, int first, int last)
 {
-    d->ledger.rowsAboutToBeRemoved(*this, first, last);
+    d->announcer.rowsAboutToBeRemoved(*this, first, last);
 }
 
 void MergedInput::_q_sourceRowsRemoved(const QModelIndex &, int first, int last)
 {
-    d->ledger.rowsRemoved(*this, first, last);
+    d->announcer.rowsRemoved(*this, first, last);
 }
 
 void MergedInput::_q_sourceRowsAboutToBeMoved(const QModelIndex &,
@@ -77,33 +77,33 @@ void MergedInput::_q_sourceRowsAboutToBeMoved(const QModelIndex &,
                                               const QModelIndex &,
                                               int row)
 {
-    d->ledger.rowsAboutToBeMoved(*this, first, last, row);
+    d->announcer.rowsAboutToBeMoved(*this, first, last, row);
 }
 
 void MergedInput::_q_sourceRowsMoved(const QModelIndex &, int, int, const QModelIndex &, int)
 {
-    d->ledger.end(*this, InputChange::RowMove);
+    d->announcer.end(*this, InputChange::RowMove);
 }
 
 // After a change of columns their old numbers no longer identify the channels, so the proxy is reset.
 void MergedInput::_q_sourceColumnsAboutToBeInserted(const QModelIndex &, int, int)
 {
-    d->ledger.aboutToBeReset(*this, InputChange::Columns);
+    d->announcer.aboutToBeReset(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceColumnsInserted(const QModelIndex &, int, int)
 {
-    d->ledger.end(*this, InputChange::Columns);
+    d->announcer.end(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceColumnsAboutToBeRemoved(const QModelIndex &, int, int)
 {
-    d->ledger.aboutToBeReset(*this, InputChange::Columns);
+    d->announcer.aboutToBeReset(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceColumnsRemoved(const QModelIndex &, int, int)
 {
-    d->ledger.end(*this, InputChange::Columns);
+    d->announcer.end(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceColumnsAboutToBeMoved(const QModelIndex &,
@@ -112,12 +112,12 @@ void MergedInput::_q_sourceColumnsAboutToBeMoved(const QModelIndex &,
                                                  const QModelIndex &,
                                                  int)
 {
-    d->ledger.aboutToBeReset(*this, InputChange::Columns);
+    d->announcer.aboutToBeReset(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceColumnsMoved(const QModelIndex &, int, int, const QModelIndex &, int)
 {
-    d->ledger.end(*this, InputChange::Columns);
+    d->announcer.end(*this, InputChange::Columns);
 }
 
 void MergedInput::_q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight)
@@ -127,21 +127,21 @@ void MergedInput::_q_sourceDataChanged(const QModelIndex &topLeft, const QModelI
     // The newest sample is repeated on the rows that this input does not have.
     const bool withNewest = bottomRight.row() >= 1 && bottomRight.row() >= rowCount() - 1;
     const int last = withNewest ? std::numeric_limits<int>::max() : bottomRight.row();
-    if (d->ledger.isBusy()) {
-        d->ledger.cellsChangedMeanwhile(*this, topLeft.row(), last);
+    if (d->announcer.isBusy()) {
+        d->announcer.cellsChangedMeanwhile(*this, topLeft.row(), last);
         return;
     }
-    const int lastRow = std::min(last, d->ledger.rows());
+    const int lastRow = std::min(last, d->announcer.rows());
     if (topLeft.row() > lastRow)
         return; // the row is not announced yet
     const QVector<int> shown = columns; // a listener may remove this input
     const int firstChannel = shown.first();
-    d->ledger.announceCells(topLeft.row(),
-                            topLeft.column() == 0 ? 0 : firstChannel,
-                            lastRow,
-                            bottomRight.column() == 0 ? 0 : firstChannel);
+    d->announcer.announceCells(topLeft.row(),
+                               topLeft.column() == 0 ? 0 : firstChannel,
+                               lastRow,
+                               bottomRight.column() == 0 ? 0 : firstChannel);
     for (int i = 1; i < shown.size() && bottomRight.column() > 0; ++i)
-        d->ledger.announceCells(topLeft.row(), shown[i], lastRow, shown[i]);
+        d->announcer.announceCells(topLeft.row(), shown[i], lastRow, shown[i]);
 }
 
 void MergedInput::_q_sourceHeaderDataChanged(Qt::Orientation orientation, int first, int last)
@@ -154,22 +154,22 @@ void MergedInput::_q_sourceHeaderDataChanged(Qt::Orientation orientation, int fi
 
 void MergedInput::_q_sourceLayoutAboutToBeChanged()
 {
-    d->ledger.layoutAboutToBeChanged(*this, InputChange::Layout);
+    d->announcer.layoutAboutToBeChanged(*this, InputChange::Layout);
 }
 
 void MergedInput::_q_sourceLayoutChanged()
 {
-    d->ledger.end(*this, InputChange::Layout);
+    d->announcer.end(*this, InputChange::Layout);
 }
 
 void MergedInput::_q_sourceModelAboutToBeReset()
 {
-    d->ledger.aboutToBeReset(*this, InputChange::Reset);
+    d->announcer.aboutToBeReset(*this, InputChange::Reset);
 }
 
 void MergedInput::_q_sourceModelReset()
 {
-    d->ledger.end(*this, InputChange::Reset);
+    d->announcer.end(*this, InputChange::Reset);
 }
 
 } // namespace Corvale_Qt

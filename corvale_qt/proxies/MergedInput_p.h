@@ -2,7 +2,7 @@
 #pragma once
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 
 #include <QPointer>
@@ -47,7 +47,7 @@ public:
     //! Returns the plot interface of the model, or null as soon as the model's deletion has begun.
     RVXAbstractPlotDataModel *plot() const { return items ? m_plot : nullptr; }
     //! Returns what writes the texts of cells without the item model; null unless the class is exactly a library's.
-    const PlotColumns *texts() const { return items ? m_texts : nullptr; }
+    const LibraryBulkData *texts() const { return items ? m_texts : nullptr; }
     int rowCount() const { return items ? items->rowCount() : 0; }
     QModelIndex index(int row, int column) const
     {
@@ -63,12 +63,12 @@ public:
 
     //! The model; null as soon as its deletion has begun.
     const QPointer<QAbstractItemModel> items;
-    const PlotColumnReader reader;
+    const PlotDataReader reader;
 
     //! The columns of the proxy that show this model, ascending.
     QVector<int> columns;
 
-    // The members below belong to RowLedger and InputRows.
+    // The members below belong to RowAnnouncer and InputRows.
 
     //! Sample rows when the model last ended a change, and columns when it was last reset.
     int rows = 0;
@@ -122,7 +122,7 @@ private:
     RVXMultichannelProxyModel *const q;
     RVXMultichannelProxyModelPrivate *const d;
     RVXAbstractPlotDataModel *const m_plot;
-    const PlotColumns *const m_texts;
+    const LibraryBulkData *const m_texts;
     bool m_wired = false;
 
     // clang-format off

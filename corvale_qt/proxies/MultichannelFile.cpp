@@ -20,7 +20,7 @@ QByteArray titlePrefix(int position)
 void appendCell(QByteArray &text, const MergedInput &input, int row, int column)
 {
     const QModelIndex cell = input.index(row, column);
-    const PlotColumns *const columns = input.texts();
+    const LibraryBulkData *const columns = input.texts();
     const bool written = cell.isValid() && columns && columns->appendText(text, row, column);
     if (!written)
         text += cell.data(Qt::DisplayRole).toString().toUtf8();
@@ -42,7 +42,7 @@ struct WrittenTime
     int length = 0;
 
     //! Returns whether \a row of \a columns has this time, so that its text can be copied.
-    bool isOf(const PlotColumns *columns, int row) const
+    bool isOf(const LibraryBulkData *columns, int row) const
     {
         if (length == 0)
             return false;
@@ -55,7 +55,7 @@ struct WrittenTime
 
 void appendTime(QByteArray &text, const MergedInput &input, int row, WrittenTime &last)
 {
-    const PlotColumns *const columns = input.texts();
+    const LibraryBulkData *const columns = input.texts();
     const bool plain = columns && input.index(row, 0).isValid();
     const int begin = text.size();
     if (plain && last.isOf(columns, row)) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/PlotDataExport.h"
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
@@ -50,9 +50,9 @@ class PlotDataExportPrivate
 {
 public:
     QVector<int> chosenColumns() const;
-    void chooseRows(const PlotColumnReader &reader, int *firstRow, int *lastRow) const;
+    void chooseRows(const PlotDataReader &reader, int *firstRow, int *lastRow) const;
     QByteArray titles() const;
-    void take(const PlotColumnReader &reader, int firstRow, int lastRow);
+    void take(const PlotDataReader &reader, int firstRow, int lastRow);
     void appendLine(QByteArray &text, int row) const;
 
     QPointer<const QAbstractItemModel> model;
@@ -83,7 +83,7 @@ QVector<int> PlotDataExportPrivate::chosenColumns() const
     return chosen;
 }
 
-void PlotDataExportPrivate::chooseRows(const PlotColumnReader &reader,
+void PlotDataExportPrivate::chooseRows(const PlotDataReader &reader,
                                        int *firstRow,
                                        int *lastRow) const
 {
@@ -116,7 +116,7 @@ QByteArray PlotDataExportPrivate::titles() const
     return line + '\n';
 }
 
-void PlotDataExportPrivate::take(const PlotColumnReader &reader, int firstRow, int lastRow)
+void PlotDataExportPrivate::take(const PlotDataReader &reader, int firstRow, int lastRow)
 {
     count = lastRow - firstRow + 1;
     numbers.assign(size_t(columns.size()), std::vector<double>(size_t(count)));
@@ -208,7 +208,7 @@ bool PlotDataExport::start(const QString &path)
     const auto *plot = dynamic_cast<const RVXAbstractPlotDataModel *>(d->model.data());
     int first = 1;
     int last = 0;
-    const PlotColumnReader reader(plot);
+    const PlotDataReader reader(plot);
     if (plot)
         d->chooseRows(reader, &first, &last);
     if (last < first) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/RunningAverages_p.h"
@@ -12,7 +12,7 @@
 
 namespace Corvale_Qt {
 
-class RVXAveragingProxyModelPrivate : public PlotColumns
+class RVXAveragingProxyModelPrivate : public LibraryBulkData
 {
 public:
     explicit RVXAveragingProxyModelPrivate(RVXAveragingProxyModel *model)
@@ -22,7 +22,7 @@ public:
 
     const std::type_info &vouchedType() const override { return typeid(RVXAveragingProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
     quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
@@ -39,7 +39,7 @@ public:
 
     RVXAveragingProxyModel *const q;
     RunningAverages averages;
-    PlotColumnReader source;
+    PlotDataReader source;
 };
 
 void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
@@ -65,7 +65,7 @@ void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, do
 bool RVXAveragingProxyModelPrivate::columnSpans(int column,
                                                 int firstRow,
                                                 int count,
-                                                ColumnSpans &spans) const
+                                                RingSpans &spans) const
 {
     if (column < 1 || column > averages.channels())
         return source.spans(column, firstRow, count, spans);
@@ -79,7 +79,7 @@ int RVXAveragingProxyModelPrivate::sampleRows() const
 
 void RVXAveragingProxyModelPrivate::rebuild()
 {
-    source = PlotColumnReader(q->sourcePlotModel());
+    source = PlotDataReader(q->sourcePlotModel());
     averages.reset(0, 0);
     insertColumns(1, q->columnCount() - 1);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/ComputedReadings_p.h"
@@ -56,7 +56,7 @@ std::shared_ptr<const Units::MeasurementUnit> unitOf(const QString &symbol)
 
 } // namespace
 
-class RVXComputedChannelsProxyModelPrivate : public PlotColumns
+class RVXComputedChannelsProxyModelPrivate : public LibraryBulkData
 {
 public:
     explicit RVXComputedChannelsProxyModelPrivate(RVXComputedChannelsProxyModel *model)
@@ -69,7 +69,7 @@ public:
         return typeid(RVXComputedChannelsProxyModel);
     }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
     quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override
@@ -96,7 +96,7 @@ public:
     QVector<std::shared_ptr<const Units::MeasurementUnit>> units;
     QStringList names; // of the source's channels, as they were compiled
     ExpressionFault fault;
-    PlotColumnReader source;
+    PlotDataReader source;
     bool isStored = true; // rows are computed when they come, otherwise when they are read
     mutable ComputedReadings readings;
     HistoryOfSource history;
@@ -133,7 +133,7 @@ void RVXComputedChannelsProxyModelPrivate::read(int column,
 bool RVXComputedChannelsProxyModelPrivate::columnSpans(int column,
                                                        int firstRow,
                                                        int count,
-                                                       ColumnSpans &spans) const
+                                                       RingSpans &spans) const
 {
     if (!isComputed(column))
         return source.spans(column, firstRow, count, spans);
@@ -170,7 +170,7 @@ void RVXComputedChannelsProxyModelPrivate::compileAndRebuild()
 
 void RVXComputedChannelsProxyModelPrivate::rebuild()
 {
-    source = PlotColumnReader(q->sourcePlotModel());
+    source = PlotDataReader(q->sourcePlotModel());
     isStored = !readings.hasOwnDrops(source);
     readings.reset(isStored ? q->MaxBufferSize() : 0);
     update(1);

@@ -131,7 +131,7 @@ void RVXMultichannelProxyModel::setChannelModelFactory(AbstractChannelModelFacto
 QModelIndex RVXMultichannelProxyModel::index(int row, int column, const QModelIndex &parent) const
 {
     Q_D(const RVXMultichannelProxyModel);
-    const bool inside = row >= 0 && row <= d->ledger.rows() && column >= 0
+    const bool inside = row >= 0 && row <= d->announcer.rows() && column >= 0
         && column <= d->channels.size() && !parent.isValid();
     return inside ? createIndex(row, column) : QModelIndex();
 }
@@ -144,7 +144,7 @@ QModelIndex RVXMultichannelProxyModel::parent(const QModelIndex &) const
 int RVXMultichannelProxyModel::rowCount(const QModelIndex &parent) const
 {
     Q_D(const RVXMultichannelProxyModel);
-    return parent.isValid() ? 0 : d->ledger.rows() + 1;
+    return parent.isValid() ? 0 : d->announcer.rows() + 1;
 }
 
 int RVXMultichannelProxyModel::columnCount(const QModelIndex &parent) const
@@ -361,7 +361,7 @@ bool RVXMultichannelProxyModel::SaveDataToFile(const QString &fileName) const
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
-    const bool complete = writeChannels(file, d->channels, d->ledger.rows()) && file.flush();
+    const bool complete = writeChannels(file, d->channels, d->announcer.rows()) && file.flush();
     file.close();
     return complete && file.error() == QFileDevice::NoError;
 }
@@ -372,12 +372,12 @@ void RVXMultichannelProxyModel::Clear()
     QList<QPointer<MergedInput>> inputs;
     for (const auto &input : d->inputs)
         inputs.append(input.get());
-    d->ledger.beginReset();
+    d->announcer.beginReset();
     for (const QPointer<MergedInput> &input : qAsConst(inputs)) {
         if (input && input->plot() && !input->columns.isEmpty())
             input->plot()->Clear();
     }
-    d->ledger.endReset();
+    d->announcer.endReset();
 }
 
 int RVXMultichannelProxyModel::PlotWidthHintPoints() const

@@ -13,7 +13,7 @@ namespace Corvale_Qt {
 class RVXBulkPlotData;
 class AbstractChannelModelFactory;
 class MergedInput;
-class RowLedger;
+class RowAnnouncer;
 class RVXMultichannelProxyModelPrivate;
 
 /*! Shows plot models side by side as the channels of one table. Column c, from 1, shows one column of the c-th source;
@@ -173,7 +173,7 @@ private:
 
     Q_DECLARE_PRIVATE(RVXMultichannelProxyModel)
     friend class MergedInput;
-    friend class RowLedger;
+    friend class RowAnnouncer;
     const std::unique_ptr<RVXMultichannelProxyModelPrivate> d_ptr;
 };
 

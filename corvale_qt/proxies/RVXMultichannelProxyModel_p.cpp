@@ -14,7 +14,7 @@ namespace Corvale_Qt {
 
 RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
     : q(proxy)
-    , ledger(proxy, inputs, channels)
+    , announcer(proxy, inputs, channels)
     , unitsRelay(proxy)
     , factory(new SingleChannelModelFactory)
 {
@@ -43,7 +43,7 @@ void RVXMultichannelProxyModelPrivate::read(int column, int firstRow, int count,
 bool RVXMultichannelProxyModelPrivate::columnSpans(int column,
                                                    int firstRow,
                                                    int count,
-                                                   ColumnSpans &spans) const
+                                                   RingSpans &spans) const
 {
     const Channel *shown = column == 0 && timesAreOfFirst() ? &channels.first() : channel(column);
     // Rows beyond those of the input repeat its newest sample, which is stored only once.
@@ -66,7 +66,7 @@ quint64 RVXMultichannelProxyModelPrivate::xVersion() const
 //! Returns whether the first input provides the times of all rows.
 bool RVXMultichannelProxyModelPrivate::timesAreOfFirst() const
 {
-    return !channels.isEmpty() && channels.first().input->rowCount() > ledger.rows();
+    return !channels.isEmpty() && channels.first().input->rowCount() > announcer.rows();
 }
 
 qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
@@ -118,7 +118,7 @@ void RVXMultichannelProxyModelPrivate::insert(int position,
                                               RVXAbstractPlotDataModel *plot,
                                               int column)
 {
-    ledger.beginReset();
+    announcer.beginReset();
     MergedInput *input = inputOf(items);
     if (!input) {
         inputs.push_back(std::make_unique<MergedInput>(q, this, items, plot));
@@ -127,12 +127,12 @@ void RVXMultichannelProxyModelPrivate::insert(int position,
     channels.insert(qBound(0, position, channels.size()), Channel{input, column});
     channelsChanged();
     input->wire();
-    ledger.endReset();
+    announcer.endReset();
 }
 
 void RVXMultichannelProxyModelPrivate::remove(MergedInput *input)
 {
-    ledger.beginReset();
+    announcer.beginReset();
     input->unwire();
     // Existing hosts rely on this: unitsChanged() is passed on twice instead of no longer ...
     unitsRelay.relayTwice(input->items);
@@ -147,7 +147,7 @@ void RVXMultichannelProxyModelPrivate::remove(MergedInput *input)
         channels.erase(found);
     }
     channelsChanged();
-    ledger.endReset();
+    announcer.endReset();
 }
 
 void RVXMultichannelProxyModelPrivate::inputDestroyed(MergedInput *input)
@@ -162,8 +162,8 @@ void RVXMultichannelProxyModelPrivate::inputDestroyed(MergedInput *input)
     // count of 0 they are asked for their rows.
     for (const auto &other : inputs)
         other->rows = 0;
-    ledger.beginReset();
-    ledger.endReset();
+    announcer.beginReset();
+    announcer.endReset();
 }
 
 void RVXMultichannelProxyModelPrivate::inputTitlesChanged(const MergedInput *input,

@@ -4,7 +4,7 @@
 
 #include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/proxies/AbstractChannelModelFactory.h"
-#include "corvale_qt/proxies/RowLedger_p.h"
+#include "corvale_qt/proxies/RowAnnouncer_p.h"
 #include "corvale_qt/proxies/UnitsRelay_p.h"
 
 #include <QPointer>
@@ -12,7 +12,7 @@
 namespace Corvale_Qt {
 
 //! Keeps the inputs and channels of the proxy, and reads their columns in bulk.
-class RVXMultichannelProxyModelPrivate : public PlotColumns
+class RVXMultichannelProxyModelPrivate : public LibraryBulkData
 {
 public:
     explicit RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy);
@@ -20,7 +20,7 @@ public:
 
     const std::type_info &vouchedType() const override { return typeid(RVXMultichannelProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override;
     quint64 xVersion() const override;
     qint64 droppedRows(int column) const override;
@@ -61,7 +61,7 @@ public:
     // One input for each model; one channel for each column of the proxy except the first.
     MergedInputs inputs;
     QVector<Channel> channels;
-    RowLedger ledger;
+    RowAnnouncer announcer;
     UnitsRelay unitsRelay;
     QPointer<AbstractChannelModelFactory> factory;
     bool showNames = false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXPlotProxyModel.h"
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
 #include "corvale_qt/proxies/UpstreamChain_p.h"
@@ -61,7 +61,7 @@ void RVXPlotProxyModelPrivate::setSource(QAbstractItemModel *newItems,
     q->QAbstractProxyModel::setSourceModel(newItems);
     items = newItems;
     plotSide = newPlot;
-    checksIndexes = !PlotColumns::of(newPlot) || !PlotColumns::of(q);
+    checksIndexes = !LibraryBulkData::of(newPlot) || !LibraryBulkData::of(q);
     connectUpstream(items, q);
     destroyed = QObject::connect(items, &QObject::destroyed, q, [this] {
         sourceDestroyed();

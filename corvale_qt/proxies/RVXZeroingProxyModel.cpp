@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/UnitText_p.h"
@@ -40,7 +40,7 @@ private:
     const RVXPlotHistory *m_source = nullptr;
 };
 
-class RVXZeroingProxyModelPrivate : public PlotColumns
+class RVXZeroingProxyModelPrivate : public LibraryBulkData
 {
 public:
     explicit RVXZeroingProxyModelPrivate(RVXZeroingProxyModel *model)
@@ -50,7 +50,7 @@ public:
 
     const std::type_info &vouchedType() const override { return typeid(RVXZeroingProxyModel); }
     void read(int column, int firstRow, int count, double *out) const override;
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     bool xRises() const override { return source.xRises(); }
     quint64 xVersion() const override { return source.xVersion(); }
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
@@ -72,7 +72,7 @@ public:
     bool active = false;
     // Whether channels may have different units, which take longer to look up.
     bool unitsDiffer = false;
-    PlotColumnReader source;
+    PlotDataReader source;
     ZeroedHistory history{*this};
 
 private:
@@ -112,7 +112,7 @@ void RVXZeroingProxyModelPrivate::read(int column, int firstRow, int count, doub
 bool RVXZeroingProxyModelPrivate::columnSpans(int column,
                                               int firstRow,
                                               int count,
-                                              ColumnSpans &spans) const
+                                              RingSpans &spans) const
 {
     if (!source.spans(column, firstRow, count, spans))
         return false;
@@ -332,7 +332,7 @@ void RVXZeroingProxyModel::sourceModelReset()
 {
     Q_D(RVXZeroingProxyModel);
     const RVXAbstractPlotDataModel *const plot = sourcePlotModel();
-    d->source = PlotColumnReader(plot);
+    d->source = PlotDataReader(plot);
     d->followColumnsOf(plot ? sourceModel() : nullptr);
     d->unitsDiffer = hasChannelUnits(this);
     const int columns = columnCount();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/proxies/RunningAverages_p.h"
 
 #include <algorithm>
@@ -46,7 +46,7 @@ struct Lane
 {
     const double *in;
     double *out;
-    double factor; //!< a reading is factor * in[i] - zero, as in ColumnSpans
+    double factor; //!< a reading is factor * in[i] - zero, as in RingSpans
     double zero;
 };
 
@@ -128,7 +128,7 @@ bool RunningAverages::has(int row, int column) const
         && row <= int(channel(column).ring.size());
 }
 
-bool RunningAverages::spans(int column, int firstRow, int count, ColumnSpans &spans) const
+bool RunningAverages::spans(int column, int firstRow, int count, RingSpans &spans) const
 {
     const Channel &own = channel(column);
     if (!ringSpans(own.ring, firstRow - 1, count, spans))
@@ -177,7 +177,7 @@ double RunningAverages::Channel::before(int row) const
     return dropped;
 }
 
-void RunningAverages::update(const PlotColumnReader &source,
+void RunningAverages::update(const PlotDataReader &source,
                              int firstColumn,
                              int lastColumn,
                              int from,
@@ -249,7 +249,7 @@ void RunningAverages::resize(Channel &channel, int rows)
         channel.ranges.forget();
 }
 
-void RunningAverages::copy(const PlotColumnReader &source, int column, int from, int rows)
+void RunningAverages::copy(const PlotDataReader &source, int column, int from, int rows)
 {
     if (from > rows)
         return;
@@ -263,7 +263,7 @@ void RunningAverages::copy(const PlotColumnReader &source, int column, int from,
 
 //! Computes a stretch from the source's memory into the ring. Returns false if either of them is not contiguous there.
 template<int Lanes>
-bool RunningAverages::averageInPlace(const PlotColumnReader &source,
+bool RunningAverages::averageInPlace(const PlotDataReader &source,
                                      int firstColumn,
                                      int row,
                                      int count,
@@ -271,7 +271,7 @@ bool RunningAverages::averageInPlace(const PlotColumnReader &source,
 {
     Lane stretch[Lanes];
     for (int k = 0; k < Lanes; ++k) {
-        ColumnSpans spans;
+        RingSpans spans;
         double *const out = straightPiece(channel(firstColumn + k).ring, row - 1, count);
         if (!out || !source.spans(firstColumn + k, row, count, spans)
             || (spans.size[0] > 0 && spans.size[1] > 0))
@@ -284,7 +284,7 @@ bool RunningAverages::averageInPlace(const PlotColumnReader &source,
 
 //! Computes a stretch like averageInPlace(), by way of a buffer.
 template<int Lanes>
-void RunningAverages::averageByCopy(const PlotColumnReader &source,
+void RunningAverages::averageByCopy(const PlotDataReader &source,
                                     int firstColumn,
                                     int row,
                                     int count,
@@ -303,7 +303,7 @@ void RunningAverages::averageByCopy(const PlotColumnReader &source,
 
 /*! Computes a stretch of one channel reading by reading: for readings that are not all finite, and for a channel that
     has no average yet. Returns the average from which the next row continues. */
-double RunningAverages::averageWithGaps(const PlotColumnReader &source,
+double RunningAverages::averageWithGaps(const PlotDataReader &source,
                                         int column,
                                         int row,
                                         int count,
@@ -324,7 +324,7 @@ double RunningAverages::averageWithGaps(const PlotColumnReader &source,
 }
 
 template<int Lanes>
-void RunningAverages::averageStretch(const PlotColumnReader &source,
+void RunningAverages::averageStretch(const PlotDataReader &source,
                                      int firstColumn,
                                      int row,
                                      int count,
@@ -343,7 +343,7 @@ void RunningAverages::averageStretch(const PlotColumnReader &source,
 }
 
 template<int Lanes>
-void RunningAverages::average(const PlotColumnReader &source, int firstColumn, int from, int rows)
+void RunningAverages::average(const PlotDataReader &source, int firstColumn, int from, int rows)
 {
     double running[Lanes];
     for (int k = 0; k < Lanes; ++k)

@@ -10,7 +10,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 /*! Exponential moving averages of the channels of a plot model, one average for each sample row:
 
@@ -47,20 +47,19 @@ public:
     double value(int row, int column) const { return channel(column).ring[row - 1]; }
     //! Returns all averages of \a column, oldest first.
     const SampleRing &column(int column) const { return channel(column).ring; }
-    //! Finds averages in memory; see PlotColumns::columnSpans().
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    //! Finds averages in memory; see LibraryBulkData::columnSpans().
+    bool spans(int column, int firstRow, int count, RingSpans &spans) const;
 
     //! Drops the oldest \a rows rows; the others keep their averages.
     void dropOldest(int column, qint64 rows);
-    //! Drops oldest rows until \a dropped rows are dropped in all, counted as PlotColumns::droppedRows() counts.
+    //! Drops oldest rows until \a dropped rows are dropped in all, counted as LibraryBulkData::droppedRows() counts.
     void followDrops(int column, qint64 dropped);
     //! Makes followDrops() count from \a dropped: the averages have no row that the source has dropped before.
     void startFollowing(int column, qint64 dropped) { channel(column).followedDrops = dropped; }
     //! Removes the rows after row \a rows.
     void truncate(int column, int rows);
     //! Computes columns \a firstColumn to \a lastColumn from row \a from to row \a rows, the source's last.
-    void
-    update(const PlotColumnReader &source, int firstColumn, int lastColumn, int from, int rows);
+    void update(const PlotDataReader &source, int firstColumn, int lastColumn, int from, int rows);
 
 private:
     struct Channel
@@ -85,30 +84,30 @@ private:
     //! Adds or removes rows at the end, so that \a rows remain.
     static void resize(Channel &channel, int rows);
     bool startsTogether(int column, int lastColumn) const;
-    void copy(const PlotColumnReader &source, int column, int from, int rows);
+    void copy(const PlotDataReader &source, int column, int from, int rows);
     template<int Lanes>
-    void average(const PlotColumnReader &source, int firstColumn, int from, int rows);
+    void average(const PlotDataReader &source, int firstColumn, int from, int rows);
     template<int Lanes>
-    void averageStretch(const PlotColumnReader &source,
+    void averageStretch(const PlotDataReader &source,
                         int firstColumn,
                         int row,
                         int count,
                         double (&running)[Lanes]);
     template<int Lanes>
-    bool averageInPlace(const PlotColumnReader &source,
+    bool averageInPlace(const PlotDataReader &source,
                         int firstColumn,
                         int row,
                         int count,
                         double (&running)[Lanes]);
     template<int Lanes>
-    void averageByCopy(const PlotColumnReader &source,
+    void averageByCopy(const PlotDataReader &source,
                        int firstColumn,
                        int row,
                        int count,
                        double (&running)[Lanes]);
 
     double
-    averageWithGaps(const PlotColumnReader &source, int column, int row, int count, double running);
+    averageWithGaps(const PlotDataReader &source, int column, int row, int count, double running);
 
     std::vector<Channel> m_channels;
     int m_length = 1;

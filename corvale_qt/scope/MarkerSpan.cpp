@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
 
@@ -18,7 +18,7 @@ bool areSame(const std::array<double, 4> &a, const std::array<double, 4> &b)
 } // namespace
 
 const MarkerStatistics &
-MarkerSpan::of(const PlotColumnReader &reader, int column, RowRange rows, double unitScale)
+MarkerSpan::of(const PlotDataReader &reader, int column, RowRange rows, double unitScale)
 {
     std::array<double, 4> ends{sampleX(reader, rows.first), sampleX(reader, rows.last)};
     reader.read(column, rows.first, 1, &ends[2]);
@@ -37,7 +37,7 @@ MarkerSpan::of(const PlotColumnReader &reader, int column, RowRange rows, double
     return m_statistics;
 }
 
-const SpanIntegral &MarkerSpan::integralOf(const PlotColumnReader &reader,
+const SpanIntegral &MarkerSpan::integralOf(const PlotDataReader &reader,
                                            int column,
                                            RowRange rows,
                                            double unitScale,

@@ -13,7 +13,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 class TimeGaps;
 
 /*! The statistics of the samples between two markers. They cost a look at each sample, so they are kept while the samples stay
@@ -24,10 +24,10 @@ public:
     /*! Returns the statistics of a column over \a rows of a reader. \a unitScale is the factor of the unit in which the reader
         gives values: after a change of the unit they are computed anew. */
     const MarkerStatistics &
-    of(const PlotColumnReader &reader, int column, RowRange rows, double unitScale);
+    of(const PlotDataReader &reader, int column, RowRange rows, double unitScale);
 
     //! Returns the integral of a column over \a rows of a reader, across none of \a gaps.
-    const SpanIntegral &integralOf(const PlotColumnReader &reader,
+    const SpanIntegral &integralOf(const PlotDataReader &reader,
                                    int column,
                                    RowRange rows,
                                    double unitScale,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 
@@ -85,7 +85,7 @@ void MarkerStatistics::writeTo(ScopeMarkerStatistics &result) const
     result.slope = slope();
 }
 
-MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows)
+MarkerStatistics statisticsOfRows(const PlotDataReader &reader, int column, RowRange rows)
 {
     constexpr int chunk = 1024;
     double times[chunk];

@@ -9,7 +9,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 struct ScopeMarkerStatistics;
 
 /*! Statistics of values that are added one by one. A value that is not finite counts as missing and does not enter the
@@ -61,6 +61,6 @@ private:
 };
 
 //! Returns the statistics of one column over a range of rows, with column 0 as the times.
-MarkerStatistics statisticsOfRows(const PlotColumnReader &reader, int column, RowRange rows);
+MarkerStatistics statisticsOfRows(const PlotDataReader &reader, int column, RowRange rows);
 
 } // namespace Corvale_Qt

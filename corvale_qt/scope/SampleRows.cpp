@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 
 #include <algorithm>
@@ -14,10 +14,10 @@ constexpr int kChunk = 1024;
 
 //! Returns the first row whose x meets a condition, if all rows after it meet the condition, too.
 template<typename Condition>
-int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
+int bisect(const PlotDataReader &reader, RowRange rows, Condition condition)
 {
     // One read through proxies costs as much as several steps in memory.
-    ColumnSpans memory;
+    RingSpans memory;
     const bool isInMemory = reader.spans(0, rows.first, rows.size(), memory);
     const auto x = [&](int row) {
         return isInMemory ? memory.value(row - rows.first) : sampleX(reader, row);
@@ -38,7 +38,7 @@ int bisect(const PlotColumnReader &reader, RowRange rows, Condition condition)
 
 //! Returns the first row whose x meets a condition, or one past the last row.
 template<typename Condition>
-int scanForward(const PlotColumnReader &reader, RowRange rows, Condition condition)
+int scanForward(const PlotDataReader &reader, RowRange rows, Condition condition)
 {
     double x[kChunk];
     for (int row = rows.first; row <= rows.last; row += kChunk) {
@@ -53,7 +53,7 @@ int scanForward(const PlotColumnReader &reader, RowRange rows, Condition conditi
 
 //! Returns the last row whose x meets a condition, or one before the first row.
 template<typename Condition>
-int scanBackward(const PlotColumnReader &reader, RowRange rows, Condition condition)
+int scanBackward(const PlotDataReader &reader, RowRange rows, Condition condition)
 {
     double x[kChunk];
     for (int end = rows.last + 1; end > rows.first; end -= kChunk) {
@@ -69,14 +69,14 @@ int scanBackward(const PlotColumnReader &reader, RowRange rows, Condition condit
 
 } // namespace
 
-double sampleX(const PlotColumnReader &reader, int row)
+double sampleX(const PlotDataReader &reader, int row)
 {
     double x = 0.0;
     reader.read(0, row, 1, &x);
     return x;
 }
 
-RowRange rowsAround(const PlotColumnReader &reader, RowRange all, double left, double right)
+RowRange rowsAround(const PlotDataReader &reader, RowRange all, double left, double right)
 {
     const auto isBelow = [left](double x) {
         return x < left;
@@ -100,7 +100,7 @@ RowRange rowsAround(const PlotColumnReader &reader, RowRange all, double left, d
     return found;
 }
 
-int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x)
+int firstRowFrom(const PlotDataReader &reader, RowRange rows, double x)
 {
     const auto isReached = [x](double stamp) {
         return stamp >= x;
@@ -110,7 +110,7 @@ int firstRowFrom(const PlotColumnReader &reader, RowRange rows, double x)
     return row <= rows.last ? row : -1;
 }
 
-int rowAt(const PlotColumnReader &reader, RowRange rows, double x)
+int rowAt(const PlotDataReader &reader, RowRange rows, double x)
 {
     if (reader.xRises()) {
         const int row = firstRowFrom(reader, rows, x);
@@ -122,7 +122,7 @@ int rowAt(const PlotColumnReader &reader, RowRange rows, double x)
     return row <= rows.last ? row : -1;
 }
 
-int nearestRow(const PlotColumnReader &reader, RowRange rows, double x)
+int nearestRow(const PlotDataReader &reader, RowRange rows, double x)
 {
     if (reader.xRises()) { // only its neighbours can be the nearest
         const int after = firstRowFrom(reader, rows, x);
@@ -146,7 +146,7 @@ int nearestRow(const PlotColumnReader &reader, RowRange rows, double x)
     return nearest;
 }
 
-double typicalInterval(const PlotColumnReader &reader, int lastRow)
+double typicalInterval(const PlotDataReader &reader, int lastRow)
 {
     constexpr int looked = 65;
     double x[looked];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/ScopeCurves_p.h"
 #include "corvale_qt/scope/ScopeGaps_p.h"
 
@@ -23,17 +23,15 @@ void ScopeGaps::setIntervals(double intervals)
         hide();
 }
 
-const TimeGaps &ScopeGaps::showStrip(ScopeCurves &curves,
-                                     const PlotColumnReader &reader,
-                                     RowRange rows,
-                                     int lastRow)
+const TimeGaps &
+ScopeGaps::showStrip(ScopeCurves &curves, const PlotDataReader &reader, RowRange rows, int lastRow)
 {
     m_strip.update(reader, lastRow);
     show(m_strip, curves, reader, rows);
     return m_strip;
 }
 
-const TimeGaps &ScopeGaps::showSweep(ScopeCurves &curves, const PlotColumnReader &reader, int size)
+const TimeGaps &ScopeGaps::showSweep(ScopeCurves &curves, const PlotDataReader &reader, int size)
 {
     m_sweep.restart();
     m_sweep.update(reader, size);
@@ -48,7 +46,7 @@ void ScopeGaps::hide()
 
 void ScopeGaps::show(const TimeGaps &gaps,
                      ScopeCurves &curves,
-                     const PlotColumnReader &reader,
+                     const PlotDataReader &reader,
                      RowRange rows)
 {
     QVector<int> &breaks = curves.breaks();

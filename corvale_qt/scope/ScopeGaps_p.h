@@ -28,15 +28,15 @@ public:
 
     //! Shows the gaps among the visible \a rows of a model that has \a lastRow rows.
     const TimeGaps &
-    showStrip(ScopeCurves &curves, const PlotColumnReader &reader, RowRange rows, int lastRow);
+    showStrip(ScopeCurves &curves, const PlotDataReader &reader, RowRange rows, int lastRow);
     //! Shows the gaps among all \a size samples of a sweep.
-    const TimeGaps &showSweep(ScopeCurves &curves, const PlotColumnReader &reader, int size);
+    const TimeGaps &showSweep(ScopeCurves &curves, const PlotDataReader &reader, int size);
     //! Takes the shades off the plot.
     void hide();
 
 private:
     void
-    show(const TimeGaps &gaps, ScopeCurves &curves, const PlotColumnReader &reader, RowRange rows);
+    show(const TimeGaps &gaps, ScopeCurves &curves, const PlotDataReader &reader, RowRange rows);
 
     QwtPlot *m_plot;
     TimeGaps m_strip;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 #include "corvale_qt/scope/ScopeLimits_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
@@ -72,7 +72,7 @@ LimitWatch ScopeLimits::watchAnew(int channel, const ChannelLimits &limits) cons
     if (last < 1 || channel > m_model.channelCount())
         return watch;
     double reading = 0.0;
-    const PlotColumnReader reader = m_model.reader();
+    const PlotDataReader reader = m_model.reader();
     reader.read(channel, last, 1, &reading);
     watch.add(sampleX(reader, last), reading);
     return watch;
@@ -91,7 +91,7 @@ void ScopeLimits::add(int channel, LimitWatch &watch, RowRange rows)
     constexpr int chunk = 512;
     double x[chunk];
     double values[chunk];
-    const PlotColumnReader reader = m_model.reader();
+    const PlotDataReader reader = m_model.reader();
     for (int row = rows.first; row <= rows.last; row += chunk) {
         const int count = std::min(chunk, rows.last - row + 1);
         reader.read(0, row, count, x);

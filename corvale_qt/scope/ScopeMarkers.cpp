@@ -214,7 +214,7 @@ void ScopeMarkers::remove(int index)
         selectOther();
 }
 
-void ScopeMarkers::begin(const PlotColumnReader &reader, RowRange modelRows)
+void ScopeMarkers::begin(const PlotDataReader &reader, RowRange modelRows)
 {
     m_reader = reader;
     m_modelRows = modelRows;

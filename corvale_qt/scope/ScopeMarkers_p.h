@@ -104,7 +104,7 @@ public:
 
     /*! Begins a plot. \a reader gives the plotted samples; its row 1 is the first of \a modelRows, as far as these are
         still known. */
-    void begin(const PlotColumnReader &reader, RowRange modelRows);
+    void begin(const PlotDataReader &reader, RowRange modelRows);
     //! Sets the gaps among the rows that are plotted next; they must live as long as the markers.
     void setGaps(const TimeGaps &gaps) { m_gaps = &gaps; }
     //! Lets keys move the other marker, if that is attached.
@@ -191,7 +191,7 @@ private:
     const ScopeAxes &m_axes;
     std::array<State, count> m_states;
     std::array<Data, count> m_data;
-    PlotColumnReader m_reader; //!< of the current plot
+    PlotDataReader m_reader; //!< of the current plot
     RowRange m_modelRows; //!< of the current plot
     const TimeGaps *m_gaps = nullptr; //!< of the current plot
     const RVXPlotHistory *m_history =

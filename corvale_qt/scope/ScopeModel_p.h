@@ -4,7 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/models/ChannelLimit_p.h"
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <QAbstractItemModel>
 #include <QBrush>
@@ -30,7 +30,7 @@ public:
     void set(QAbstractItemModel *items);
     //! Returns the numeric interface of the model, or null.
     RVXAbstractPlotDataModel *plot() const { return m_items ? m_plot : nullptr; }
-    PlotColumnReader reader() const { return PlotColumnReader(plot()); }
+    PlotDataReader reader() const { return PlotDataReader(plot()); }
 
     //! Returns the number of channels that the model has.
     int allChannels() const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/SpanIntegral_p.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
@@ -24,10 +24,8 @@ void addStep(SpanIntegral &sum, const double *x, const double *values)
 
 } // namespace
 
-SpanIntegral SpanIntegral::ofRows(const PlotColumnReader &reader,
-                                  int column,
-                                  RowRange rows,
-                                  const TimeGaps &gaps)
+SpanIntegral
+SpanIntegral::ofRows(const PlotDataReader &reader, int column, RowRange rows, const TimeGaps &gaps)
 {
     constexpr int chunk = 1024;
     double x[chunk + 1];

@@ -7,7 +7,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 class TimeGaps;
 struct ScopeMarkerStatistics;
 
@@ -20,7 +20,7 @@ struct SpanIntegral
 
     //! Returns the integral of one column over a range of rows.
     static SpanIntegral
-    ofRows(const PlotColumnReader &reader, int column, RowRange rows, const TimeGaps &gaps);
+    ofRows(const PlotDataReader &reader, int column, RowRange rows, const TimeGaps &gaps);
     //! Writes the numbers into the form that hosts read.
     void writeTo(ScopeMarkerStatistics &result) const;
 };

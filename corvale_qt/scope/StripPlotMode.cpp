@@ -29,7 +29,7 @@ void StripPlotMode::plot()
         clear();
         return;
     }
-    const PlotColumnReader reader = m_context.model.reader();
+    const PlotDataReader reader = m_context.model.reader();
     m_context.stripStart.update(reader, request);
     request.first = m_context.stripStart.row();
     const RVXPlotHistory *const blocks = history(reader, request.first);
@@ -58,7 +58,7 @@ void StripPlotMode::plot()
 }
 
 //! Returns what is shown: the window that a user holds, or else the one that the request asks for.
-StripWindow StripPlotMode::window(const PlotColumnReader &reader, StripRequest &request)
+StripWindow StripPlotMode::window(const PlotDataReader &reader, StripRequest &request)
 {
     followScrollBar(reader, request);
     ViewHold &hold = m_context.hold;
@@ -80,7 +80,7 @@ StripWindow StripPlotMode::window(const PlotColumnReader &reader, StripRequest &
 }
 
 //! Holds the window that a user has scrolled to, and lets go of it at the end of the scroll bar.
-void StripPlotMode::followScrollBar(const PlotColumnReader &reader, const StripRequest &request)
+void StripPlotMode::followScrollBar(const PlotDataReader &reader, const StripRequest &request)
 {
     ViewHold &hold = m_context.hold;
     const QScrollBar *bar = m_context.surface.scrollBar();
@@ -100,7 +100,7 @@ void StripPlotMode::followScrollBar(const PlotColumnReader &reader, const StripR
 }
 
 //! Returns the blocks before row \a first, with which the chart begins; null if there are none.
-const RVXPlotHistory *StripPlotMode::history(const PlotColumnReader &reader, int first) const
+const RVXPlotHistory *StripPlotMode::history(const PlotDataReader &reader, int first) const
 {
     const bool beginsWithRows = first == 1 && reader.xRises();
     const RVXPlotHistory *const found =
@@ -160,7 +160,7 @@ bool StripPlotMode::showSample(double x)
     const QwtInterval shown = m_context.plot->axisInterval(QwtPlot::xBottom);
     if (shown.contains(x))
         return false;
-    const PlotColumnReader reader = m_context.model.reader();
+    const PlotDataReader reader = m_context.model.reader();
     const int first = m_context.stripStart.row();
     const RVXPlotHistory *const blocks = history(reader, first);
     const double oldest = blocks ? blocks->oldest() : sampleX(reader, first);
@@ -174,7 +174,7 @@ QwtInterval StripPlotMode::timeExtent() const
     const int last = m_context.model.lastRow();
     if (last < 2)
         return QwtInterval();
-    const PlotColumnReader reader = m_context.model.reader();
+    const PlotDataReader reader = m_context.model.reader();
     const RowRange part = m_context.hold.part(m_context.stripStart.row(), last);
     const RVXPlotHistory *const blocks = history(reader, part.first);
     const double oldest = blocks ? blocks->oldest() : sampleX(reader, part.first);

@@ -25,9 +25,9 @@ public:
 
 private:
     StripRequest currentRequest() const;
-    const RVXPlotHistory *history(const PlotColumnReader &reader, int first) const;
-    StripWindow window(const PlotColumnReader &reader, StripRequest &request);
-    void followScrollBar(const PlotColumnReader &reader, const StripRequest &request);
+    const RVXPlotHistory *history(const PlotDataReader &reader, int first) const;
+    StripWindow window(const PlotDataReader &reader, StripRequest &request);
+    void followScrollBar(const PlotDataReader &reader, const StripRequest &request);
     void setScrollBar(const StripScrollBar &scrolling);
 
     double m_scrollUnits = kScrollUnits; //!< scroll bar units for each unit of x

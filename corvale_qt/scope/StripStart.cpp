@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/StripStart_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
@@ -32,7 +32,7 @@ void StripStart::rowsInserted(int start)
         restart();
 }
 
-void StripStart::update(const PlotColumnReader &reader, const StripRequest &request)
+void StripStart::update(const PlotDataReader &reader, const StripRequest &request)
 {
     if (request.samples < m_checked)
         restart();
@@ -55,10 +55,7 @@ void StripStart::update(const PlotColumnReader &reader, const StripRequest &requ
     }
 }
 
-void StripStart::look(int row,
-                      double x,
-                      const PlotColumnReader &reader,
-                      const StripRequest &request)
+void StripStart::look(int row, double x, const PlotDataReader &reader, const StripRequest &request)
 {
     if (!std::isfinite(x))
         return;
@@ -71,9 +68,8 @@ void StripStart::look(int row,
     m_stamp = x;
 }
 
-double StripStart::shownWidth(const PlotColumnReader &reader,
-                              const StripRequest &request,
-                              int lastRow) const
+double
+StripStart::shownWidth(const PlotDataReader &reader, const StripRequest &request, int lastRow) const
 {
     if (request.hasWidth())
         return request.width;

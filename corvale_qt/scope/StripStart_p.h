@@ -5,7 +5,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 struct StripRequest;
 
 /*! Finds the first row that belongs to a strip chart. A step of time backwards by more than the chart shows means that a
@@ -23,12 +23,11 @@ public:
     //! Follows an insertion of rows that begins at \a start.
     void rowsInserted(int start);
     //! Reads the rows that were added since the last call. \a request gives the width of the chart.
-    void update(const PlotColumnReader &reader, const StripRequest &request);
+    void update(const PlotDataReader &reader, const StripRequest &request);
 
 private:
-    void look(int row, double x, const PlotColumnReader &reader, const StripRequest &request);
-    double
-    shownWidth(const PlotColumnReader &reader, const StripRequest &request, int lastRow) const;
+    void look(int row, double x, const PlotDataReader &reader, const StripRequest &request);
+    double shownWidth(const PlotDataReader &reader, const StripRequest &request, int lastRow) const;
 
     int m_row = 1;
     int m_checked = 0; //!< the last row that was read

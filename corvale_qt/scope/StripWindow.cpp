@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 
@@ -12,7 +12,7 @@ namespace Corvale_Qt {
 namespace {
 
 //! Returns the time that \a count samples take.
-double widthOfSamples(const PlotColumnReader &reader,
+double widthOfSamples(const PlotDataReader &reader,
                       const StripWindow &window,
                       const StripRequest &request,
                       int count)
@@ -25,7 +25,7 @@ double widthOfSamples(const PlotColumnReader &reader,
 }
 
 double
-wantedLeft(const PlotColumnReader &reader, const StripWindow &window, const StripRequest &request)
+wantedLeft(const PlotDataReader &reader, const StripWindow &window, const StripRequest &request)
 {
     if (request.whole)
         return window.oldest;
@@ -38,9 +38,8 @@ wantedLeft(const PlotColumnReader &reader, const StripWindow &window, const Stri
     return window.firstRow - widthOfSamples(reader, window, request, missing);
 }
 
-double followingLeft(const PlotColumnReader &reader,
-                     const StripWindow &window,
-                     const StripRequest &request)
+double
+followingLeft(const PlotDataReader &reader, const StripWindow &window, const StripRequest &request)
 {
     const double left = wantedLeft(reader, window, request);
     // Samples at a single moment have no width, so the chart keeps the wanted one.
@@ -60,7 +59,7 @@ bool StripRequest::hasWidth() const
     return width > 0.0 && std::isfinite(width);
 }
 
-StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &request)
+StripWindow stripWindow(const PlotDataReader &reader, const StripRequest &request)
 {
     StripWindow window;
     window.firstRow = sampleX(reader, request.first);

@@ -9,7 +9,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 //! Scroll bar units for each unit of x, unless the buffer is too long for an int.
 constexpr double kScrollUnits = 100000.0;
@@ -59,7 +59,7 @@ struct StripScrollBar
 };
 
 //! Returns the window that a request asks for.
-StripWindow stripWindow(const PlotColumnReader &reader, const StripRequest &request);
+StripWindow stripWindow(const PlotDataReader &reader, const StripRequest &request);
 
 /*! Returns the scroll bar that goes with a window. The units become coarser by factors of ten while the buffer is too
     long for an int (about six hours); the value then leaves the window where it is. */

@@ -128,7 +128,7 @@ void SweepPlotMode::draw()
 {
     m_context.sweepChanged = false;
     const int size = m_context.sweepSamples.size();
-    const PlotColumnReader reader = PlotColumnReader::ofBulk(&m_context.sweepSamples);
+    const PlotDataReader reader = PlotDataReader::ofBulk(&m_context.sweepSamples);
     followUnits();
     m_context.markers.setGaps(m_context.gaps.showSweep(m_context.curves, reader, size));
     m_context.markers.begin(reader, m_context.sweep.shown());
@@ -174,7 +174,7 @@ void SweepPlotMode::moveMarker(int index, int steps)
 
 QwtInterval SweepPlotMode::timeExtent() const
 {
-    const PlotColumnReader reader = PlotColumnReader::ofBulk(&m_context.sweepSamples);
+    const PlotDataReader reader = PlotDataReader::ofBulk(&m_context.sweepSamples);
     const int size = m_context.sweepSamples.size();
     return size < 2 ? QwtInterval() : QwtInterval(sampleX(reader, 1), sampleX(reader, size));
 }

@@ -100,11 +100,11 @@ void SweepSamples::read(int column, int firstRow, int count, double *out) const
         std::fill_n(out, std::max(count, 0), std::numeric_limits<double>::quiet_NaN());
 }
 
-bool SweepSamples::columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const
+bool SweepSamples::columnSpans(int column, int firstRow, int count, RingSpans &spans) const
 {
     if (!has(column, firstRow, count))
         return false;
-    spans = ColumnSpans();
+    spans = RingSpans();
     spans.piece[0] = m_columns[column].data() + firstRow - 1;
     spans.size[0] = count;
     spans.ringSize = size();

@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 
 #include <QPointF>
@@ -19,7 +19,7 @@ class ScopeModel;
 
 /*! A copy of the sweep on the canvas, taken when the sweep is drawn first, because a full buffer drops its samples while
     they are still shown. Only channels that are shown are copied. Row 1 is the first sample of the sweep. */
-class SweepSamples : public PlotColumns
+class SweepSamples : public LibraryBulkData
 {
 public:
     void clear();
@@ -41,7 +41,7 @@ public:
     //! Gives NaN for cells that were not copied.
     void read(int column, int firstRow, int count, double *out) const override;
     bool xRises() const override { return m_xRises; }
-    bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const override;
+    bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const override;
     quint64 xVersion() const override { return m_xVersion; }
 
 private:

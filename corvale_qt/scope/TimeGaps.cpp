@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
 
 #include <cmath>
@@ -62,7 +62,7 @@ void TimeGaps::rowsRemoved(int start, int end)
         m_gaps.pop_front();
 }
 
-void TimeGaps::update(const PlotColumnReader &reader, int lastRow)
+void TimeGaps::update(const PlotDataReader &reader, int lastRow)
 {
     if (!areSought())
         return;
@@ -83,7 +83,7 @@ void TimeGaps::update(const PlotColumnReader &reader, int lastRow)
     }
 }
 
-void TimeGaps::judge(const PlotColumnReader &reader, RowRange group, int lastRow)
+void TimeGaps::judge(const PlotDataReader &reader, RowRange group, int lastRow)
 {
     double x[kGroup + 2 * kBeside + 1];
     const int first = std::max(group.first - 1 - kBeside, 1);

@@ -10,7 +10,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 /*! Finds the rows before which readings are missing: the time since the row before is longer than a number of usual
     intervals.
@@ -33,7 +33,7 @@ public:
     void rowsInserted(int start);
     void rowsRemoved(int start, int end);
     //! Judges the rows up to \a lastRow that are new.
-    void update(const PlotColumnReader &reader, int lastRow);
+    void update(const PlotDataReader &reader, int lastRow);
 
     //! Returns whether readings are missing before a row.
     bool isBefore(int row) const;
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    void judge(const PlotColumnReader &reader, RowRange group, int lastRow);
+    void judge(const PlotDataReader &reader, RowRange group, int lastRow);
 
     double m_intervals = 0.0;
     // Rows are counted from the last restart, so that the numbers stay when the oldest rows leave the model.

@@ -36,7 +36,7 @@ bool TimePlotMode::showsReadings() const
     return m_context.curves.showReadings();
 }
 
-void TimePlotMode::setDrawn(const PlotColumnReader &reader, RowRange rows)
+void TimePlotMode::setDrawn(const PlotDataReader &reader, RowRange rows)
 {
     m_drawnReader = reader;
     m_drawnRows = rows;

@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 
@@ -23,7 +23,7 @@ public:
 
 protected:
     //! Notes which samples are drawn.
-    void setDrawn(const PlotColumnReader &reader, RowRange rows);
+    void setDrawn(const PlotDataReader &reader, RowRange rows);
     //! Gives each channel its y axis, before the curves are drawn. Relative values have no unit, so that all share an axis.
     void followUnits();
     //! Sets the x axis, markers and axis titles once the curves are drawn.
@@ -33,7 +33,7 @@ protected:
     virtual QString xTitle() const;
 
 private:
-    PlotColumnReader m_drawnReader;
+    PlotDataReader m_drawnReader;
     RowRange m_drawnRows;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/TriggeredSweeps_p.h"
 
 #include <algorithm>
@@ -48,7 +48,7 @@ int TriggeredSweeps::before(int length) const
 }
 
 //! Searches for the next trigger that has enough rows before it and lies behind the last sweep.
-void TriggeredSweeps::search(const PlotColumnReader &reader, int lastRow, int length)
+void TriggeredSweeps::search(const PlotDataReader &reader, int lastRow, int length)
 {
     constexpr int chunk = 512;
     double x[chunk];
@@ -68,7 +68,7 @@ void TriggeredSweeps::search(const PlotColumnReader &reader, int lastRow, int le
 }
 
 std::optional<TriggeredSweeps::Sweep>
-TriggeredSweeps::triggered(const PlotColumnReader &reader, int lastRow, int length)
+TriggeredSweeps::triggered(const PlotDataReader &reader, int lastRow, int length)
 {
     search(reader, lastRow, length);
     if (m_triggerRow == 0)
@@ -100,7 +100,7 @@ std::optional<TriggeredSweeps::Sweep> TriggeredSweeps::automatic(int lastRow, in
 }
 
 std::optional<TriggeredSweeps::Sweep>
-TriggeredSweeps::update(const PlotColumnReader &reader, int lastRow, int length)
+TriggeredSweeps::update(const PlotDataReader &reader, int lastRow, int length)
 {
     std::optional<Sweep> newest;
     if (m_isDone || !m_trigger.isOn() || length < 2) {

@@ -10,7 +10,7 @@
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 /*! Cuts sweeps of equal length at triggers out of the rows of a model, while the model appends rows and drops old ones. A
     trigger within the sweep of another one does not count. */
@@ -37,13 +37,13 @@ public:
 
     TriggerState state() const { return m_state; }
     /*! Searches the rows up to \a lastRow that are new. Returns the newest sweep of \a length rows that they complete. */
-    std::optional<Sweep> update(const PlotColumnReader &reader, int lastRow, int length);
+    std::optional<Sweep> update(const PlotDataReader &reader, int lastRow, int length);
 
 private:
     int before(int length) const;
-    std::optional<Sweep> triggered(const PlotColumnReader &reader, int lastRow, int length);
+    std::optional<Sweep> triggered(const PlotDataReader &reader, int lastRow, int length);
     std::optional<Sweep> automatic(int lastRow, int length);
-    void search(const PlotColumnReader &reader, int lastRow, int length);
+    void search(const PlotDataReader &reader, int lastRow, int length);
 
     SweepTrigger m_trigger;
     TriggerSearch m_search;

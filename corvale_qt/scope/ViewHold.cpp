@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/ViewHold_p.h"
 
 #include <qwt_scale_map.h>
@@ -53,7 +53,7 @@ std::optional<ViewWindow> ViewHold::takeEarlier()
     return std::nullopt;
 }
 
-RowRange ViewHold::rows(const PlotColumnReader &reader, int firstOfPart, int lastRow)
+RowRange ViewHold::rows(const PlotDataReader &reader, int firstOfPart, int lastRow)
 {
     if (m_partFirst < 1)
         m_partFirst = firstOfPart;

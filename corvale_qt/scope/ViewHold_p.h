@@ -15,7 +15,7 @@ class QwtScaleMap;
 
 namespace Corvale_Qt {
 
-class PlotColumnReader;
+class PlotDataReader;
 
 //! What a user has zoomed or panned to. An axis whose interval is not valid follows the samples, or the scale that is set.
 struct ViewWindow
@@ -62,7 +62,7 @@ public:
     /*! Returns the rows of the window, with one sample beyond each border; the range is empty if they have left the model.
         \a firstOfPart is the first row of the acquisition that goes on. The window keeps to the acquisition in which it was
         held first, also when another one begins whose times are the same. */
-    RowRange rows(const PlotColumnReader &reader, int firstOfPart, int lastRow);
+    RowRange rows(const PlotDataReader &reader, int firstOfPart, int lastRow);
     //! Returns the rows of the acquisition that the window shows, which may have ended.
     RowRange part(int firstOfPart, int lastRow) const;
     //! Moves the rows along with rows \a start to \a end, which the model has removed.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What a host's own models and subclasses are read through, and what of them charts draw.
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
@@ -152,7 +152,7 @@ void compareSubclasses()
     QVERIFY2(!RVXBulkPlotData::of(&shifted), "it has numbers of its own");
     QVERIFY2(RVXBulkPlotData::of(&vouched), "the host says that it has none");
     QVERIFY2(!RVXBulkPlotData::of(&further), "nobody says it of this class");
-    QVERIFY2(PlotColumns::of(&own) && !PlotColumns::of(&vouched),
+    QVERIFY2(LibraryBulkData::of(&own) && !LibraryBulkData::of(&vouched),
              "its indexes and texts may be its own");
 }
 
@@ -179,11 +179,11 @@ private Q_SLOTS:
         shifted.appendRows({1.0, 2.0}, {5.0, 6.0});
         vouched.appendRows({1.0, 2.0}, {5.0, 6.0});
         double read[2];
-        ColumnSpans spans;
-        PlotColumnReader(&shifted).read(1, 1, 2, read);
+        RingSpans spans;
+        PlotDataReader(&shifted).read(1, 1, 2, read);
         QCOMPARE(read[1], 1006.0);
-        QVERIFY(!PlotColumnReader(&shifted).spans(1, 1, 2, spans));
-        QVERIFY(PlotColumnReader(&vouched).spans(1, 1, 2, spans));
+        QVERIFY(!PlotDataReader(&shifted).spans(1, 1, 2, spans));
+        QVERIFY(PlotDataReader(&vouched).spans(1, 1, 2, spans));
         QCOMPARE(spans.value(1), 6.0);
         QVERIFY2(spans.blocks, "a subclass keeps the library's cached ranges");
     }
@@ -236,14 +236,14 @@ private Q_SLOTS:
 
         // A reader of a host's model reads nothing once the model is gone.
         auto mortal = std::make_unique<Waveforms>();
-        const PlotColumnReader reader(mortal.get());
+        const PlotDataReader reader(mortal.get());
         QVERIFY(reader.xRises());
         QCOMPARE(mortal->layoutVersion(), int(RVXBulkPlotData::currentLayout));
         mortal.reset();
         double read = 1.0;
         reader.read(1, 1, 1, &read);
         QCOMPARE(read, 0.0);
-        ColumnSpans spans;
+        RingSpans spans;
         QVERIFY(!reader.xRises() && !reader.spans(1, 1, 1, spans) && reader.xVersion() == 0);
     }
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/models/SaveProgress.h"
@@ -88,8 +88,8 @@ QString differenceOfColumn(const RVXMultichannelDeviceModel &model,
         int(wanted.size()) - 3; // row -1, the header and the row after the newest do not exist
     std::vector<double> chunk(wanted.size());
     bulk->read(column, -1, rows + 3, chunk.data());
-    ColumnSpans spans;
-    if (!PlotColumnReader(&model).spans(column, 1, rows, spans))
+    RingSpans spans;
+    if (!PlotDataReader(&model).spans(column, 1, rows, spans))
         return QStringLiteral("column %1 is not in memory").arg(column);
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const int row = int(i) - 1;
@@ -326,7 +326,7 @@ private Q_SLOTS:
         // The texts that the library writes to files of merged channels are those of the cells.
         for (int column = 0; column <= 3; ++column) {
             QByteArray written;
-            QVERIFY(PlotColumns::of(&model)->appendText(written, 1, column));
+            QVERIFY(LibraryBulkData::of(&model)->appendText(written, 1, column));
             QCOMPARE(QString(written), model.index(1, column).data().toString());
         }
         model.setChannelCount(2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
@@ -123,11 +123,11 @@ private Q_SLOTS:
         Calibrated model;
         model.AddData(1.0, 5.0);
         model.AddData(2.0, 6.0);
-        QVERIFY(!PlotColumns::of(&model));
+        QVERIFY(!LibraryBulkData::of(&model));
         const RVXSeriesData series(model, 1, 1, -1);
         QCOMPARE(series.boundingRect(), QRectF(1.0, 1005.0, 1.0, 1.0));
         double read[2];
-        PlotColumnReader(&model).read(1, 1, 2, read);
+        PlotDataReader(&model).read(1, 1, 2, read);
         QCOMPARE(read[1], 1006.0);
     }
 
@@ -138,7 +138,7 @@ private Q_SLOTS:
         const Units::nA nA;
         Units::MeasurementUnit odd(1.0 / 3.0, "odd", 7.7);
         const Units::MeasurementUnit *const units[] = {&nA, &odd, nullptr};
-        const PlotColumns *columns = PlotColumns::of(&model);
+        const LibraryBulkData *columns = LibraryBulkData::of(&model);
         // None, a few, and more than the ring holds.
         for (const int samples : {0, 5, capacity + 1234}) {
             for (int i = model.rowCount(); i <= samples; ++i)
@@ -175,10 +175,10 @@ private Q_SLOTS:
         RVXSingleChannelDataModel model;
         for (int i = 1; i <= 100000 + 321; ++i)
             model.AddData(0.1 * i, i % 7 == 0 ? notANumber : 1.0 / i);
-        const PlotColumns *columns = PlotColumns::of(&model);
+        const LibraryBulkData *columns = LibraryBulkData::of(&model);
         Units::MeasurementUnit odd(1.0 / 3.0, "odd", -7.7);
         model.SetUnits(&odd);
-        ColumnSpans spans;
+        RingSpans spans;
         for (int column : {0, 1}) {
             QVERIFY(columns->spans(column, 99000, 1001, spans));
             QCOMPARE(spans.count(), 1001);
@@ -231,18 +231,18 @@ private Q_SLOTS:
         RVXSingleChannelDataModel model;
         model.AddData(1.0, 5.0);
         model.AddData(2.0, 6.0);
-        const PlotColumnReader reader = PlotColumnReader::ofBulk(PlotColumns::of(&model));
+        const PlotDataReader reader = PlotDataReader::ofBulk(LibraryBulkData::of(&model));
         double read[2];
         reader.read(1, 1, 2, read);
         QCOMPARE(read[1], 6.0);
-        ColumnSpans spans;
+        RingSpans spans;
         QVERIFY(reader.xRises() && reader.spans(0, 1, 2, spans));
-        QCOMPARE(reader.xVersion(), PlotColumnReader(&model).xVersion());
+        QCOMPARE(reader.xVersion(), PlotDataReader(&model).xVersion());
 
         // A reader of a model reads nothing as soon as the model's deletion has begun.
         auto mortal = std::make_unique<RVXSingleChannelDataModel>();
         mortal->AddData(1.0, 5.0);
-        const PlotColumnReader orphan(mortal.get());
+        const PlotDataReader orphan(mortal.get());
         mortal.reset();
         orphan.read(1, 1, 1, read);
         QCOMPARE(read[0], 0.0);
@@ -259,9 +259,9 @@ private Q_SLOTS:
         RVXSingleChannelDataModel model;
         model.AddData(1.0, -5.0);
         model.AddData(2.0, inf);
-        ColumnSpans spans;
-        QVERIFY(PlotColumns::of(&model)->columnSpans(1, 1, 2, spans));
-        QCOMPARE(text(spans), "ColumnSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
+        RingSpans spans;
+        QVERIFY(LibraryBulkData::of(&model)->columnSpans(1, 1, 2, spans));
+        QCOMPARE(text(spans), "RingSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
         QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
         QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");
         QCOMPARE(text(model.xUnits()), "MeasurementUnit(\"s\", type 96) 1 ");
@@ -272,7 +272,7 @@ private Q_SLOTS:
     void whetherTimeRises()
     {
         RVXSingleChannelDataModel model;
-        const PlotColumnReader reader(&model);
+        const PlotDataReader reader(&model);
         model.AddData(5.0, 0.0);
         model.AddData(6.0, 0.0);
         QVERIFY(reader.xRises());
@@ -292,7 +292,7 @@ private Q_SLOTS:
         QVERIFY(!reader.xRises());
         model.Clear();
         QVERIFY(reader.xRises());
-        QVERIFY(!PlotColumnReader().xRises());
+        QVERIFY(!PlotDataReader().xRises());
     }
 };
 

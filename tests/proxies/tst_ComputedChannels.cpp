@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
 #include "tests/proxies/ProxyTest.h"
@@ -40,8 +40,8 @@ QString differenceOf(const RVXComputedChannelsProxyModel &proxy)
     std::vector<double> chunk(size_t(rows) + 3);
     for (int k = 0; k < 2; ++k) {
         bulk->read(first + k, -1, rows + 3, chunk.data());
-        ColumnSpans spans;
-        const bool isInMemory = PlotColumnReader(&proxy).spans(first + k, 1, rows, spans);
+        RingSpans spans;
+        const bool isInMemory = PlotDataReader(&proxy).spans(first + k, 1, rows, spans);
         for (int row = -1; row <= rows + 1; ++row) {
             const double a = proxy.doubleData(row, 1);
             const double b = proxy.doubleData(row, 2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
@@ -48,7 +48,7 @@ QString gapsAt(const QVector<double> &times)
     appendTimes(model, times);
     TimeGaps gaps;
     gaps.setIntervals(3.0);
-    gaps.update(PlotColumnReader(&model), times.size());
+    gaps.update(PlotDataReader(&model), times.size());
     return gapsIn(gaps, {1, times.size()});
 }
 
@@ -108,7 +108,7 @@ private Q_SLOTS:
             return level + ripple * (random() / 2147483648.0 - 1.0);
         });
         const RowRange rows{1001, 4500};
-        const auto statistics = statisticsOfRows(PlotColumnReader(&model), 2, rows);
+        const auto statistics = statisticsOfRows(PlotDataReader(&model), 2, rows);
 
         const auto meanOf = [&](const auto &term) {
             long double sum = 0;
@@ -212,7 +212,7 @@ private Q_SLOTS:
             all += come;
             appendTimes(rolling, come);
             const int last = rolling.rowCount() - 1;
-            gaps.update(PlotColumnReader(&rolling), last);
+            gaps.update(PlotDataReader(&rolling), last);
             // Each interval is far from the limit, so that it does not matter which others enter the median.
             QStringList expected;
             const int dropped = all.size() - last;
@@ -236,7 +236,7 @@ private Q_SLOTS:
         ScopeTestModel model(1);
         appendTimes(model, steps(0.0, 2000, 0.5) + steps(1600.0, 3000, 0.5));
         model.append({{3101.0, qQNaN()}, {3102.0, 2.0}, {3103.0, 4.0}});
-        const PlotColumnReader reader(&model);
+        const PlotDataReader reader(&model);
         TimeGaps gaps;
         const auto text = [&](RowRange rows) {
             const SpanIntegral span = SpanIntegral::ofRows(reader, 1, rows, gaps);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/scope/StripWindow_p.h"
 #include "corvale_qt/scope/ViewHold_p.h"
@@ -81,7 +81,7 @@ private Q_SLOTS:
         request.following = scrollValue < 0;
         request.beginsAtFirst = scrollValue == -2;
         request.scrollValue = scrollValue;
-        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+        const StripWindow window = stripWindow(PlotDataReader(&model), request);
         QTEST(text(window.rows) + QString(" from %1 to %2").arg(window.left).arg(window.right),
               "shown");
     }
@@ -131,15 +131,15 @@ private Q_SLOTS:
             const double left = number(samples + 4) - 1.0;
             const double right = left + number(samples);
             const RowRange expected = literalRows(cells, samples, left, right);
-            QCOMPARE(text(rowsAround(PlotColumnReader(&cells), {1, samples}, left, right)),
+            QCOMPARE(text(rowsAround(PlotDataReader(&cells), {1, samples}, left, right)),
                      text(expected));
             const int from = literalFirstFrom(cells, samples, left);
-            QCOMPARE(firstRowFrom(PlotColumnReader(&cells), {1, samples}, left), from);
+            QCOMPARE(firstRowFrom(PlotDataReader(&cells), {1, samples}, left), from);
             if (stamps == "equal")
                 continue;
-            QCOMPARE(text(rowsAround(PlotColumnReader(&bulk), {1, samples}, left, right)),
+            QCOMPARE(text(rowsAround(PlotDataReader(&bulk), {1, samples}, left, right)),
                      text(expected));
-            QCOMPARE(firstRowFrom(PlotColumnReader(&bulk), {1, samples}, left), from);
+            QCOMPARE(firstRowFrom(PlotDataReader(&bulk), {1, samples}, left), from);
         }
     }
 
@@ -164,7 +164,7 @@ private Q_SLOTS:
 
         StripRequest request;
         request.samples = 100000;
-        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+        const StripWindow window = stripWindow(PlotDataReader(&model), request);
         QCOMPARE(text(window.rows), QString("99744-100000"));
         QVERIFY2(model.reads < 3000, qPrintable(QString::number(model.reads)));
     }
@@ -195,7 +195,7 @@ private Q_SLOTS:
         model.appendRows(100000, 1.0, [](int, double) {
             return 0.0;
         });
-        const PlotColumnReader reader(&model);
+        const PlotDataReader reader(&model);
 
         StripRequest request;
         request.samples = 100000;
@@ -239,7 +239,7 @@ private Q_SLOTS:
             model.append({{odd, 0.0}, {0.0, 1.0}, {-odd, 2.0}});
             StripRequest request;
             request.samples = 3;
-            const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+            const StripWindow window = stripWindow(PlotDataReader(&model), request);
             QVERIFY(window.rows.first >= 1 && window.rows.last <= 3);
             const StripScrollBar bar = stripScrollBar(window, request);
             QVERIFY(bar.maximum >= 0 && bar.pageStep >= 0 && bar.singleStep >= 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/scope/BatchSizes_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "corvale_qt/scope/TriggeredSweeps_p.h"
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QStringList found;
         for (int come = 0; come < 200; come += batch) {
             model.appendRows(qMin(batch, 200 - come), 1.0, pulses);
-            const auto sweep = cut.update(PlotColumnReader(&model), model.rowCount() - 1, length);
+            const auto sweep = cut.update(PlotDataReader(&model), model.rowCount() - 1, length);
             if (sweep)
                 found.append(QString("%1-%2@%3")
                                  .arg(sweep->rows.first + dropped)
@@ -232,7 +232,7 @@ private Q_SLOTS:
         TriggeredSweeps sweeps;
         const auto next = [&](int rows) {
             model.appendRows(rows, 1.0, pulses);
-            const auto sweep = sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4);
+            const auto sweep = sweeps.update(PlotDataReader(&model), model.rowCount() - 1, 4);
             return sweep ? QString("%1-%2@%3, %4")
                                .arg(sweep->rows.first)
                                .arg(sweep->rows.last)
@@ -258,7 +258,7 @@ private Q_SLOTS:
         sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
         QCOMPARE(next(70), QString("171-174@171, triggered"));
         sweeps.restart();
-        QCOMPARE(sweeps.update(PlotColumnReader(&model), model.rowCount() - 1, 4)->rows.first, 171);
+        QCOMPARE(sweeps.update(PlotDataReader(&model), model.rowCount() - 1, 4)->rows.first, 171);
     }
 };
 

@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <qwt_series_data.h>
 
@@ -13,18 +13,17 @@
 
 namespace Corvale_Qt {
 
-//! The columns that a series reads, so that many of its points can be read at once.
-struct SeriesColumns
+//! The model and the column behind a series, so that many of its points can be read at once.
+struct SeriesSource
 {
-    PlotColumnReader
-        reader; //!< not of a bulk interface: the series can only be read point by point
+    PlotDataReader reader; //!< without a bulk interface, the series can only be read point by point
     int column = 0; //!< of y; x is column 0
     int startRow = 0; //!< row of the first point
     double scale = 1.0; //!< divisor of y
 
-    /*! Returns the columns of a ColumnSeries, or of an RVXSeriesData over a model with a bulk interface; no columns for any
-        other series, and for subclasses of these two. */
-    static SeriesColumns of(const QwtSeriesData<QPointF> *series);
+    /*! Returns the source of a ColumnSeries, or of an RVXSeriesData over a model with a bulk interface. For any other series,
+        and for subclasses of these two, the reader of the returned source has no bulk interface. */
+    static SeriesSource of(const QwtSeriesData<QPointF> *series);
 
     //! Writes the x of \a count points to \a x, starting with point \a first.
     void readX(size_t first, int count, double *x) const
@@ -45,13 +44,13 @@ class SeriesSpans
 {
 public:
     //! Finds \a count points, starting with point \a first.
-    SeriesSpans(SeriesColumns columns, int first, int count);
+    SeriesSpans(SeriesSource source, int first, int count);
 
     //! Returns false if the points do not lie in memory; then no other function may be called.
     bool areFound() const { return m_found; }
     //! Returns true if x is finite and rises from each point to the next.
     bool rise() const;
-    quint64 xVersion() const { return m_columns.reader.xVersion(); }
+    quint64 xVersion() const { return m_source.reader.xVersion(); }
     int count() const { return m_x.count(); }
     double x(int i) const { return m_x.value(i); }
     double y(int i) const { return shown(m_y.stored(i)); }
@@ -62,15 +61,15 @@ public:
     {
         const double value = m_y.factor * stored - m_y.zero;
         // The division would take as long as the rest of the conversion.
-        return m_columns.scale == 1.0 ? value : value / m_columns.scale;
+        return m_source.scale == 1.0 ? value : value / m_source.scale;
     }
-    const ColumnSpans &storedX() const { return m_x; }
-    const ColumnSpans &storedY() const { return m_y; }
+    const RingSpans &storedX() const { return m_x; }
+    const RingSpans &storedY() const { return m_y; }
 
 private:
-    SeriesColumns m_columns;
-    ColumnSpans m_x;
-    ColumnSpans m_y;
+    SeriesSource m_source;
+    RingSpans m_x;
+    RingSpans m_y;
     bool m_found = false;
 };
 
@@ -79,7 +78,7 @@ private:
 template<typename Use>
 void forEachPoint(const QwtSeriesData<QPointF> &series, int first, int count, Use use)
 {
-    const SeriesColumns source = SeriesColumns::of(&series);
+    const SeriesSource source = SeriesSource::of(&series);
     if (!source.reader.isBulk()) {
         for (int i = 0; i < count; ++i) {
             const QPointF point = series.sample(size_t(first) + size_t(i));

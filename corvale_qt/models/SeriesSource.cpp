@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
-#include "corvale_qt/models/SeriesColumns_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 
 #include <cmath>
 #include <typeinfo>
@@ -9,33 +9,30 @@
 
 namespace Corvale_Qt {
 
-SeriesColumns SeriesColumns::of(const QwtSeriesData<QPointF> *series)
+SeriesSource SeriesSource::of(const QwtSeriesData<QPointF> *series)
 {
     // A subclass may override sample(), so only the exact classes are known.
     if (!series)
-        return SeriesColumns();
+        return SeriesSource();
     if (typeid(*series) == typeid(ColumnSeries))
-        return static_cast<const ColumnSeries &>(*series).columns();
+        return static_cast<const ColumnSeries &>(*series).source();
     if (typeid(*series) != typeid(RVXSeriesData))
-        return SeriesColumns();
+        return SeriesSource();
     const auto &known = static_cast<const RVXSeriesData &>(*series);
-    return {PlotColumnReader::ofBulk(known.m_bulk),
-            known.m_column,
-            known.m_startRow,
-            known.m_scale};
+    return {PlotDataReader::ofBulk(known.m_bulk), known.m_column, known.m_startRow, known.m_scale};
 }
 
-SeriesSpans::SeriesSpans(SeriesColumns columns, int first, int count)
-    : m_columns(std::move(columns))
+SeriesSpans::SeriesSpans(SeriesSource source, int first, int count)
+    : m_source(std::move(source))
 {
-    const PlotColumnReader &reader = m_columns.reader;
-    const int row = m_columns.startRow + first;
-    m_found = reader.spans(0, row, count, m_x) && reader.spans(m_columns.column, row, count, m_y);
+    const PlotDataReader &reader = m_source.reader;
+    const int row = m_source.startRow + first;
+    m_found = reader.spans(0, row, count, m_x) && reader.spans(m_source.column, row, count, m_y);
 }
 
 bool SeriesSpans::rise() const
 {
-    return m_columns.reader.xRises() && std::isfinite(x(0)) && std::isfinite(x(count() - 1));
+    return m_source.reader.xRises() && std::isfinite(x(0)) && std::isfinite(x(count() - 1));
 }
 
 void SeriesSpans::values(int first, int count, double *out) const

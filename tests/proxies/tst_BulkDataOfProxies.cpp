@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Proxies return the same numbers by the chunk as cell by cell, to the last bit.
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "tests/proxies/ProxyTest.h"
 
 #include <cstring>
@@ -11,12 +11,12 @@ namespace {
 
 QString difference(const RVXAbstractPlotDataModel &model, int column, int firstRow, int count)
 {
-    const PlotColumns *const columns = PlotColumns::of(&model);
+    const LibraryBulkData *const columns = LibraryBulkData::of(&model);
     if (!columns)
         return QStringLiteral("no chunks");
     QVector<double> chunk(count, -12345.0);
     columns->read(column, firstRow, count, chunk.data());
-    ColumnSpans spans;
+    RingSpans spans;
     const bool lies = columns->spans(column, firstRow, count, spans);
     for (int i = 0; i < count; ++i) {
         const double cell = model.doubleData(firstRow + i, column);
@@ -52,7 +52,7 @@ QString difference(const RVXAbstractPlotDataModel &model)
 
 } // namespace
 
-class tst_PlotColumnsOfProxies : public QObject
+class tst_BulkDataOfProxies : public QObject
 {
     Q_OBJECT
 
@@ -107,7 +107,7 @@ private Q_SLOTS:
         const RVXZeroingProxyModel zeroing;
         const RVXMultichannelProxyModel merged;
         QCOMPARE(difference(averaging) + difference(zeroing) + difference(merged), QString());
-        QVERIFY(!PlotColumns::of(&merged)->xRises());
+        QVERIFY(!LibraryBulkData::of(&merged)->xRises());
     }
 
     void risingTimes()
@@ -123,7 +123,7 @@ private Q_SLOTS:
         top.setSourceModel(&averaging);
         const auto risesAfter = [&](RVXSingleChannelDataModel &model, double time) {
             model.AddData(time, 1);
-            return PlotColumns::of(&top)->xRises();
+            return LibraryBulkData::of(&top)->xRises();
         };
         QVERIFY(risesAfter(one, 1));
         QVERIFY(risesAfter(two, 1));
@@ -147,11 +147,11 @@ private Q_SLOTS:
         shifted.setSourceModel(&source);
         averaging.setSourceModel(&shifted);
         source.append(1, 5);
-        QVERIFY(!PlotColumns::of(&shifted));
+        QVERIFY(!LibraryBulkData::of(&shifted));
         QCOMPARE(averaging.doubleData(1, 1), 6.0);
         QCOMPARE(difference(averaging), QString());
     }
 };
 
-CORVALE_QT_TEST_MAIN(tst_PlotColumnsOfProxies)
-#include "tst_PlotColumnsOfProxies.moc"
+CORVALE_QT_TEST_MAIN(tst_BulkDataOfProxies)
+#include "tst_BulkDataOfProxies.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/proxies/RowLedger_p.h"
+#include "corvale_qt/proxies/RowAnnouncer_p.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,7 +30,7 @@ void addRows(MergedInput::News &news, int first, int last)
 
 } // namespace
 
-RowLedger::RowLedger(RVXMultichannelProxyModel *proxy,
+RowAnnouncer::RowAnnouncer(RVXMultichannelProxyModel *proxy,
                      const MergedInputs &inputs,
                      const QVector<Channel> &channels)
     : q(proxy)
@@ -39,7 +39,7 @@ RowLedger::RowLedger(RVXMultichannelProxyModel *proxy,
 {
 }
 
-bool RowLedger::begin(MergedInput &input, InputChange change)
+bool RowAnnouncer::begin(MergedInput &input, InputChange change)
 {
     // A change that begins again without having ended is counted, and waited for, once.
     if ((input.openChanges & int(change)) == 0) {
@@ -49,7 +49,7 @@ bool RowLedger::begin(MergedInput &input, InputChange change)
     return m_change == Change::None;
 }
 
-void RowLedger::end(MergedInput &input, InputChange change)
+void RowAnnouncer::end(MergedInput &input, InputChange change)
 {
     if ((input.openChanges & int(change)) == 0) {
         // The change began before the proxy listened, or before the proxy was reset.
@@ -62,20 +62,20 @@ void RowLedger::end(MergedInput &input, InputChange change)
     settle();
 }
 
-void RowLedger::rowsAboutToBeInserted(MergedInput &input, int last)
+void RowAnnouncer::rowsAboutToBeInserted(MergedInput &input, int last)
 {
     if (begin(input, InputChange::RowInsertion) && last > m_rows)
         open(Change::Insertion, m_rows + 1, last, m_shifted);
 }
 
-void RowLedger::rowsInserted(MergedInput &input, int first)
+void RowAnnouncer::rowsInserted(MergedInput &input, int first)
 {
     // The news reaches to the end, since rows beyond those of the input repeat its newest sample.
     addRows(newsOf(input), first, toTheEnd);
     end(input, InputChange::RowInsertion);
 }
 
-void RowLedger::rowsAboutToBeRemoved(MergedInput &input, int first, int last)
+void RowAnnouncer::rowsAboutToBeRemoved(MergedInput &input, int first, int last)
 {
     // An input that has begun another change removes these rows within it.
     const bool isNested = input.openChanges != 0;
@@ -94,7 +94,7 @@ void RowLedger::rowsAboutToBeRemoved(MergedInput &input, int first, int last)
     }
 }
 
-void RowLedger::rowsRemoved(MergedInput &input, int first, int last)
+void RowAnnouncer::rowsRemoved(MergedInput &input, int first, int last)
 {
     const int removed = sampleRowsIn(first, last);
     MergedInput::News &news = newsOf(input);
@@ -110,7 +110,7 @@ void RowLedger::rowsRemoved(MergedInput &input, int first, int last)
     end(input, InputChange::RowRemoval);
 }
 
-void RowLedger::rowsAboutToBeMoved(MergedInput &input, int first, int last, int before)
+void RowAnnouncer::rowsAboutToBeMoved(MergedInput &input, int first, int last, int before)
 {
     // With a single input rows of the table move. With more of them only the cells of one input do.
     if (m_inputs.size() > 1) {
@@ -126,7 +126,7 @@ void RowLedger::rowsAboutToBeMoved(MergedInput &input, int first, int last, int 
     }
 }
 
-void RowLedger::layoutAboutToBeChanged(MergedInput &input, InputChange change)
+void RowAnnouncer::layoutAboutToBeChanged(MergedInput &input, InputChange change)
 {
     if (begin(input, change))
         openLayout();
@@ -134,13 +134,13 @@ void RowLedger::layoutAboutToBeChanged(MergedInput &input, InputChange change)
         m_needsReset = true;
 }
 
-void RowLedger::aboutToBeReset(MergedInput &input, InputChange change)
+void RowAnnouncer::aboutToBeReset(MergedInput &input, InputChange change)
 {
     begin(input, change);
     openReset();
 }
 
-void RowLedger::cellsChangedMeanwhile(MergedInput &input, int firstRow, int lastRow)
+void RowAnnouncer::cellsChangedMeanwhile(MergedInput &input, int firstRow, int lastRow)
 {
     MergedInput::News &news = newsOf(input);
     news.header = news.header || firstRow <= 0;
@@ -148,7 +148,7 @@ void RowLedger::cellsChangedMeanwhile(MergedInput &input, int firstRow, int last
         addRows(news, firstRow, lastRow);
 }
 
-void RowLedger::beginReset()
+void RowAnnouncer::beginReset()
 {
     ++m_open;
     if (!m_beginning)
@@ -156,7 +156,7 @@ void RowLedger::beginReset()
     openReset();
 }
 
-void RowLedger::endReset()
+void RowAnnouncer::endReset()
 {
     --m_open;
     finishReset();
@@ -164,7 +164,7 @@ void RowLedger::endReset()
     m_needsReset = isBusy();
 }
 
-void RowLedger::abandon(MergedInput &input)
+void RowAnnouncer::abandon(MergedInput &input)
 {
     for (; input.openChanges != 0; input.openChanges &= input.openChanges - 1)
         --m_open;
@@ -172,7 +172,7 @@ void RowLedger::abandon(MergedInput &input)
 
 //! Opens \a change. \a announce tells the views and returns whether an end will follow.
 template<typename Announce>
-void RowLedger::announceBegin(Change change, Announce announce)
+void RowAnnouncer::announceBegin(Change change, Announce announce)
 {
     m_change = change;
     const bool outer = std::exchange(m_beginning, true);
@@ -186,7 +186,7 @@ void RowLedger::announceBegin(Change change, Announce announce)
     settle();
 }
 
-void RowLedger::open(Change change, int first, int last, qint64 shift)
+void RowAnnouncer::open(Change change, int first, int last, qint64 shift)
 {
     m_first = first;
     m_last = last;
@@ -200,7 +200,7 @@ void RowLedger::open(Change change, int first, int last, qint64 shift)
     });
 }
 
-void RowLedger::openLayout()
+void RowAnnouncer::openLayout()
 {
     announceBegin(Change::Layout, [this] {
         // Views store their selections in persistent indexes when they receive this signal, so it comes first.
@@ -212,7 +212,7 @@ void RowLedger::openLayout()
     });
 }
 
-void RowLedger::openReset()
+void RowAnnouncer::openReset()
 {
     m_needsReset = true;
     if (m_change != Change::None)
@@ -226,7 +226,7 @@ void RowLedger::openReset()
 }
 
 //! Ends the change that is announced, with the rows it was announced with. A reset is ended by finishReset().
-void RowLedger::close()
+void RowAnnouncer::close()
 {
     if (m_change == Change::Reset)
         return;
@@ -253,7 +253,7 @@ void RowLedger::close()
     }
 }
 
-void RowLedger::closeLayout()
+void RowAnnouncer::closeLayout()
 {
     // A cell stays in the column of its channel, even if another channel shows the same column of the source.
     const auto now = m_held.now([this](const QModelIndex &source, const QModelIndex &before) {
@@ -265,7 +265,7 @@ void RowLedger::closeLayout()
 }
 
 //! Counts all rows again and ends the reset. Begins the reset first unless it is already announced.
-void RowLedger::finishReset()
+void RowAnnouncer::finishReset()
 {
     if (m_change == Change::Reset)
         m_change = Change::None;
@@ -281,7 +281,7 @@ void RowLedger::finishReset()
     q->endResetModel();
 }
 
-void RowLedger::announce(Change change, int first, int last)
+void RowAnnouncer::announce(Change change, int first, int last)
 {
     if (first > last)
         return;
@@ -293,20 +293,20 @@ void RowLedger::announce(Change change, int first, int last)
 
 /*! Returns by how many rows the table shifts when an input has dropped \a dropped rows in all. As long as rows remain,
     at least one stays announced: if all rows left and came back, averages of the other channels would start afresh. */
-int RowLedger::announcedLead(qint64 dropped, bool rowsRemain) const
+int RowAnnouncer::announcedLead(qint64 dropped, bool rowsRemain) const
 {
     const int most = rowsRemain ? m_rows - 1 : m_rows;
     return int(std::min<qint64>(dropped - m_shifted, most));
 }
 
-bool RowLedger::isSettled() const
+bool RowAnnouncer::isSettled() const
 {
     return m_change == Change::None && !m_needsReset && m_withNews.isEmpty()
         && m_rows == m_counts.longest() && m_shifted >= m_mostDropped;
 }
 
 //! Announces what is left to announce, once no input is in the middle of a change.
-void RowLedger::settle()
+void RowAnnouncer::settle()
 {
     // Listeners may cause further changes.
     while (!isBusy() && !m_beginning && !isSettled()) {
@@ -319,7 +319,7 @@ void RowLedger::settle()
     }
 }
 
-void RowLedger::settleRows()
+void RowAnnouncer::settleRows()
 {
     const qint64 shifted = m_shifted;
     int known = m_rows;
@@ -339,7 +339,7 @@ void RowLedger::settleRows()
 
 /*! Announces the changed cells of \a input among the first \a knownRows rows: those that views knew before this round
     of changes and still know. \a shift is the number of rows by which the round shifted the table. */
-void RowLedger::tell(MergedInput &input, int knownRows, qint64 shift)
+void RowAnnouncer::tell(MergedInput &input, int knownRows, qint64 shift)
 {
     const MergedInput::News news = std::exchange(input.news, MergedInput::News());
     int first = news.firstRow;
@@ -359,7 +359,7 @@ void RowLedger::tell(MergedInput &input, int knownRows, qint64 shift)
 }
 
 //! Announces the samples of \a input on these rows, and the times of those rows whose time it provides.
-void RowLedger::columnsChanged(const MergedInput &input, int first, int last)
+void RowAnnouncer::columnsChanged(const MergedInput &input, int first, int last)
 {
     if (first > last)
         return;
@@ -372,7 +372,7 @@ void RowLedger::columnsChanged(const MergedInput &input, int first, int last)
         announceCells(first, column, last, column);
 }
 
-void RowLedger::announceCells(int firstRow, int firstColumn, int lastRow, int lastColumn)
+void RowAnnouncer::announceCells(int firstRow, int firstColumn, int lastRow, int lastColumn)
 {
     const QModelIndex from = q->index(firstRow, firstColumn);
     const QModelIndex to = q->index(lastRow, lastColumn);
@@ -382,7 +382,7 @@ void RowLedger::announceCells(int firstRow, int firstColumn, int lastRow, int la
     Q_EMIT q->dataChanged(from, to);
 }
 
-MergedInput::News &RowLedger::newsOf(MergedInput &input)
+MergedInput::News &RowAnnouncer::newsOf(MergedInput &input)
 {
     if (!m_withNews.contains(&input))
         m_withNews.append(&input);

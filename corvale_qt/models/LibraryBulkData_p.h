@@ -15,8 +15,8 @@ namespace Corvale_Qt {
 class BlockRanges;
 class RVXAbstractPlotDataModel;
 
-//! The memory that holds rows of a column, with what only the library's own rings have.
-struct ColumnSpans : RVXBulkPlotData::Spans
+//! Where the rows of a column lie in memory; for a ring of the library, also its cached ranges and its capacity.
+struct RingSpans : RVXBulkPlotData::Spans
 {
     //! Cached ranges of the stored numbers; null if their owner caches none.
     BlockRanges *blocks = nullptr;
@@ -25,17 +25,17 @@ struct ColumnSpans : RVXBulkPlotData::Spans
 };
 
 //! Writes the sizes and the conversion, not the numbers.
-QDebug operator<<(QDebug debug, const ColumnSpans &spans);
+QDebug operator<<(QDebug debug, const RingSpans &spans);
 
-/*! The bulk interface of the library's own models and proxies, whose private classes implement it, with what hosts cannot
-    offer. Each of those models hands it out by its property "bulkPlotData". */
-class PlotColumns : public RVXBulkPlotData
+/*! The bulk interface of the library's own models and proxies. It adds what hosts cannot offer. The private class of a model
+    implements it, and the model hands it out by its property "bulkPlotData". */
+class LibraryBulkData : public RVXBulkPlotData
 {
 public:
-    ~PlotColumns() override;
+    ~LibraryBulkData() override;
 
     //! Sets \a spans as RVXBulkPlotData::spans() does, with the cached ranges. The default returns false.
-    virtual bool columnSpans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    virtual bool columnSpans(int column, int firstRow, int count, RingSpans &spans) const;
     bool spans(int column, int firstRow, int count, Spans &spans) const final;
     /*! Appends the display text of a sample's cell in UTF-8. Returns false and appends nothing if only the item model has
         the text. The default returns false. */
@@ -45,23 +45,23 @@ public:
     virtual qint64 droppedRows(int column) const;
 
     //! Returns the bulk interface of \a model if its class is exactly a class of the library, otherwise null.
-    static const PlotColumns *of(const RVXAbstractPlotDataModel *model);
+    static const LibraryBulkData *of(const RVXAbstractPlotDataModel *model);
 
 protected:
-    PlotColumns();
+    LibraryBulkData();
 };
 
 /*! Reads chunks of any plot model: through its bulk interface if it has one, otherwise cell by cell. It is cheap to copy.
-    The functions return what those of RVXBulkPlotData and PlotColumns return; without a model, or for one without a bulk
+    The functions return what those of RVXBulkPlotData and LibraryBulkData return; without a model, or for one without a bulk
     interface, they return what the defaults there return. */
-class PlotColumnReader
+class PlotDataReader
 {
 public:
-    PlotColumnReader() = default;
+    PlotDataReader() = default;
     //! Reads a model, which may be null; reads zeros from the moment that the model's deletion begins.
-    explicit PlotColumnReader(const RVXAbstractPlotDataModel *model);
+    explicit PlotDataReader(const RVXAbstractPlotDataModel *model);
     //! Returns a reader of an interface, which may be null and must live as long as the reader.
-    static PlotColumnReader ofBulk(const RVXBulkPlotData *bulk);
+    static PlotDataReader ofBulk(const RVXBulkPlotData *bulk);
 
     //! Returns whether a bulk interface is read.
     bool isBulk() const { return m_bulk && !isGone(); }
@@ -69,7 +69,7 @@ public:
     void read(int column, int firstRow, int count, double *out) const;
     bool xRises() const { return isBulk() && m_bulk->xRises(); }
     quint64 xVersion() const { return isBulk() ? m_bulk->xVersion() : 0; }
-    bool spans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    bool spans(int column, int firstRow, int count, RingSpans &spans) const;
     qint64 droppedRows(int column) const
     {
         return m_own && !isGone() ? m_own->droppedRows(column) : -1;
@@ -77,13 +77,13 @@ public:
 
 private:
     bool isGone() const { return m_isGuarded && m_object.isNull(); }
-    bool hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const;
+    bool hostSpans(int column, int firstRow, int count, RingSpans &spans) const;
 
     QPointer<const QObject> m_object; // the model, if it is one
     bool m_isGuarded = false;
     const RVXAbstractPlotDataModel *m_model = nullptr;
     const RVXBulkPlotData *m_bulk = nullptr;
-    const PlotColumns *m_own = nullptr; // m_bulk, if it is one of the library's own
+    const LibraryBulkData *m_own = nullptr; // m_bulk, if it is one of the library's own
 };
 
 } // namespace Corvale_Qt

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/PlotColumns_p.h"
+#include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 
 #include <QDebug>
@@ -8,69 +8,69 @@
 
 namespace Corvale_Qt {
 
-QDebug operator<<(QDebug debug, const ColumnSpans &spans)
+QDebug operator<<(QDebug debug, const RingSpans &spans)
 {
     const QDebugStateSaver saver(debug);
-    return debug.nospace() << "ColumnSpans(" << spans.size[0] << " + " << spans.size[1] << " of "
+    return debug.nospace() << "RingSpans(" << spans.size[0] << " + " << spans.size[1] << " of "
                            << spans.ringSize << " numbers, value = " << spans.factor
                            << " * number - " << spans.zero << ')';
 }
 
-PlotColumns::PlotColumns()
+LibraryBulkData::LibraryBulkData()
 {
     m_columns = this;
 }
 
-PlotColumns::~PlotColumns() = default;
+LibraryBulkData::~LibraryBulkData() = default;
 
-bool PlotColumns::columnSpans(int, int, int, ColumnSpans &) const
+bool LibraryBulkData::columnSpans(int, int, int, RingSpans &) const
 {
     return false;
 }
 
-bool PlotColumns::spans(int column, int firstRow, int count, Spans &spans) const
+bool LibraryBulkData::spans(int column, int firstRow, int count, Spans &spans) const
 {
-    ColumnSpans own;
+    RingSpans own;
     if (!columnSpans(column, firstRow, count, own))
         return false;
     spans = static_cast<const Spans &>(own);
     return true;
 }
 
-bool PlotColumns::appendText(QByteArray &, int, int) const
+bool LibraryBulkData::appendText(QByteArray &, int, int) const
 {
     return false;
 }
 
-qint64 PlotColumns::droppedRows(int) const
+qint64 LibraryBulkData::droppedRows(int) const
 {
     return -1;
 }
 
-const PlotColumns *PlotColumns::of(const RVXAbstractPlotDataModel *model)
+const LibraryBulkData *LibraryBulkData::of(const RVXAbstractPlotDataModel *model)
 {
     const RVXBulkPlotData *const bulk = RVXBulkPlotData::of(model);
-    const PlotColumns *const own = bulk ? bulk->m_columns : nullptr;
+    const LibraryBulkData *const own = bulk ? bulk->m_columns : nullptr;
     return own && own->vouchedType() == typeid(*model) ? own : nullptr;
 }
 
-PlotColumnReader::PlotColumnReader(const RVXAbstractPlotDataModel *model)
-    : PlotColumnReader(ofBulk(RVXBulkPlotData::of(model)))
+PlotDataReader::PlotDataReader(const RVXAbstractPlotDataModel *model)
+    : PlotDataReader(ofBulk(RVXBulkPlotData::of(model)))
 {
     m_object = dynamic_cast<const QObject *>(model);
     m_isGuarded = !m_object.isNull();
     m_model = model;
 }
 
-PlotColumnReader PlotColumnReader::ofBulk(const RVXBulkPlotData *bulk)
+PlotDataReader PlotDataReader::ofBulk(const RVXBulkPlotData *bulk)
 {
-    PlotColumnReader reader;
+    PlotDataReader reader;
     reader.m_bulk = bulk;
     reader.m_own = bulk ? bulk->m_columns : nullptr;
     return reader;
 }
 
-void PlotColumnReader::read(int column, int firstRow, int count, double *out) const
+void PlotDataReader::read(int column, int firstRow, int count, double *out) const
 {
     if (isBulk()) {
         m_bulk->read(column, firstRow, count, out);
@@ -82,7 +82,7 @@ void PlotColumnReader::read(int column, int firstRow, int count, double *out) co
     }
 }
 
-bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &spans) const
+bool PlotDataReader::spans(int column, int firstRow, int count, RingSpans &spans) const
 {
     if (!isBulk())
         return false;
@@ -91,9 +91,9 @@ bool PlotColumnReader::spans(int column, int firstRow, int count, ColumnSpans &s
 }
 
 //! Asks a host's model. Spans that do not fit what was asked for are not used, since they would be read beyond their end.
-bool PlotColumnReader::hostSpans(int column, int firstRow, int count, ColumnSpans &spans) const
+bool PlotDataReader::hostSpans(int column, int firstRow, int count, RingSpans &spans) const
 {
-    spans = ColumnSpans();
+    spans = RingSpans();
     const auto isWhole = [&spans](int i) {
         return spans.size[i] == 0 || (spans.size[i] > 0 && spans.piece[i]);
     };

@@ -24,12 +24,12 @@ namespace Corvale_Qt {
       not heard, resets the table.
 
     One change is announced at a time. The work for a sample does not depend on the number of inputs. */
-class RowLedger
+class RowAnnouncer
 {
 public:
-    RowLedger(RVXMultichannelProxyModel *proxy,
-              const MergedInputs &inputs,
-              const QVector<Channel> &channels);
+    RowAnnouncer(RVXMultichannelProxyModel *proxy,
+                 const MergedInputs &inputs,
+                 const QVector<Channel> &channels);
 
     //! Returns the number of sample rows that the proxy has announced.
     int rows() const { return m_rows; }
@@ -46,7 +46,7 @@ public:
     void aboutToBeReset(MergedInput &input, InputChange change);
     //! \a input has ended \a change.
     void end(MergedInput &input, InputChange change);
-    //! Notes that rows of \a input changed while the ledger was busy; the header is row 0.
+    //! Notes that rows of \a input changed while the announcer was busy; the header is row 0.
     void cellsChangedMeanwhile(MergedInput &input, int firstRow, int lastRow);
 
     //! Calls the proxy's hook and emits dataChanged() for these cells of the proxy.
@@ -99,7 +99,7 @@ private:
     qint64 m_shifted = 0;
     qint64 m_mostDropped = 0;
 
-    // The number of changes that are open, of the inputs and of the ledger itself.
+    // The number of changes that are open, of the inputs and of the announcer itself.
     int m_open = 0;
     // The inputs with changes that are not announced yet.
     QVector<MergedInput *> m_withNews;

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/plot/Logging_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 
 #include <qwt_plot.h>
+
+#include <QLoggingCategory>
 
 #include <cmath>
 
 namespace Corvale_Qt {
 
 namespace {
+
+Q_LOGGING_CATEGORY(lcPlot, "corvale.plot")
 
 constexpr double kLargestPlottable = 1e200;
 // The smallest fraction of the range, 0.0001, has ten steps; even these are normal numbers.

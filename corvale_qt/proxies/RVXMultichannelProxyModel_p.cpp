@@ -1,16 +1,74 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
 
-#include "corvale_qt/proxies/ChannelName_p.h"
+#include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/proxies/Logging_p.h"
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
 
+#include <QAbstractProxyModel>
 #include <QBrush>
+#include <QString>
 
 #include <algorithm>
 #include <limits>
 
 namespace Corvale_Qt {
+
+namespace {
+
+const char *const changed = SIGNAL(unitsChanged(const Corvale_Qt::Units::MeasurementUnit *));
+
+/*! Returns the name of the channel in \a column of \a model, or an empty string if it has none. In this order: the
+    dynamic property "channel" of a model with a single channel; the text in the header row of the innermost model, the
+    proxies in between skipped, unless the text is only the number of the column; the name of a
+    RVXSingleChannelDataModel. */
+QString channelName(const QAbstractItemModel *model, int column);
+
+//! Follows proxies down to the cell that they show.
+QModelIndex innermost(QModelIndex index)
+{
+    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(index.model()))
+        index = proxy->mapToSource(index);
+    return index;
+}
+
+QString channelName(const QAbstractItemModel *model, int column)
+{
+    if (!model)
+        return QString();
+    // A property belongs to a whole model, so it cannot tell several channels apart.
+    QString property =
+        model->columnCount() <= 2 ? model->property("channel").toString() : QString();
+    if (!property.isEmpty())
+        return property;
+    const QModelIndex header = innermost(model->index(0, column));
+    QString text = header.data().toString();
+    if (!text.isEmpty() && text != QString::number(header.column()))
+        return text;
+    const auto *single = qobject_cast<const RVXSingleChannelDataModel *>(header.model());
+    return single ? single->channelName() : QString();
+}
+
+} // namespace
+
+UnitsRelay::UnitsRelay(QObject *proxy)
+    : m_proxy(proxy)
+{
+    connectUnitsChanged(this, m_proxy, changed);
+}
+
+void UnitsRelay::relay(const QObject *model)
+{
+    connectUnitsChanged(model, m_proxy, changed, Qt::UniqueConnection);
+    disconnect(model, nullptr, this, nullptr);
+}
+
+void UnitsRelay::relayTwice(const QObject *model)
+{
+    relay(model);
+    connectUnitsChanged(model, this, changed);
+}
 
 RVXMultichannelProxyModelPrivate::RVXMultichannelProxyModelPrivate(RVXMultichannelProxyModel *proxy)
     : q(proxy)

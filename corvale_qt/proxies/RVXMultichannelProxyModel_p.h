@@ -5,11 +5,35 @@
 #include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/proxies/AbstractChannelModelFactory.h"
 #include "corvale_qt/proxies/RowAnnouncer_p.h"
-#include "corvale_qt/proxies/UnitsRelay_p.h"
+#include "corvale_qt/units/MeasurementUnit.h"
 
+#include <QObject>
 #include <QPointer>
 
 namespace Corvale_Qt {
+
+/*! Passes unitsChanged() of source models on as unitsChanged() of a RVXMultichannelProxyModel: once for a model of the
+    proxy, twice for a model that was removed, however often a model is inserted and removed. */
+class UnitsRelay : public QObject
+{
+    Q_OBJECT
+
+public:
+    //! \a proxy has the signal unitsChanged().
+    explicit UnitsRelay(QObject *proxy);
+
+    //! Passes each signal of \a model on once.
+    void relay(const QObject *model);
+    //! Passes each signal of \a model on twice.
+    void relayTwice(const QObject *model);
+
+Q_SIGNALS:
+    //! Leads to the proxy as well, for the second signal.
+    void unitsChanged(const Corvale_Qt::Units::MeasurementUnit *unit);
+
+private:
+    QObject *const m_proxy;
+};
 
 //! Keeps the inputs and channels of the proxy, and reads their columns in bulk.
 class RVXMultichannelProxyModelPrivate : public LibraryBulkData

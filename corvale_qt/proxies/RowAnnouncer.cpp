@@ -31,8 +31,8 @@ void addRows(MergedInput::News &news, int first, int last)
 } // namespace
 
 RowAnnouncer::RowAnnouncer(RVXMultichannelProxyModel *proxy,
-                     const MergedInputs &inputs,
-                     const QVector<Channel> &channels)
+                           const MergedInputs &inputs,
+                           const QVector<Channel> &channels)
     : q(proxy)
     , m_inputs(inputs)
     , m_counts(inputs, channels)

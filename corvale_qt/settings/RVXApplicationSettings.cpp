@@ -1,20 +1,99 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 
-#include "corvale_qt/settings/Logging_p.h"
-#include "corvale_qt/settings/WriteTurn_p.h"
 #include "corvale_qt/settings/XmlSettingsFormat_p.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QLoggingCategory>
 #include <QSettings>
 #include <QTemporaryFile>
+#include <QThread>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
 
 namespace Corvale_Qt {
 
 namespace {
+
+Q_LOGGING_CATEGORY(settingsLog, "corvale.settings")
+
+/*! The turn of this process to write files in a folder; it ends with the object. Other processes wait for their turn.
+
+    QSettings locks its file, but after each failed try it waits longer, up to five seconds. Of three processes that
+    wrote all the time, one got the lock every nine seconds, and its window froze meanwhile. Processes that take turns
+    find the lock free.
+
+    A turn does not exclude others: after ten seconds, or on a system without such locks, the process writes anyway. */
+class WriteTurn
+{
+public:
+    //! Waits for the turn of this process, at most ten seconds.
+    explicit WriteTurn(const QString &folder);
+    ~WriteTurn();
+    Q_DISABLE_COPY(WriteTurn)
+
+private:
+    int m_folder = -1;
+};
+
+#ifdef Q_OS_UNIX
+
+constexpr int kPatience = 10000; // in milliseconds
+constexpr int kPause = 2; // in milliseconds
+
+//! Returns the timer that runs since the end of the last turn of this process.
+QElapsedTimer &sinceLastTurn()
+{
+    static QElapsedTimer timer;
+    return timer;
+}
+
+//! Pauses if the last turn of this process has just ended, so that a process that waits can take the next one.
+void letOthersGoFirst()
+{
+    constexpr int kBreak = 4 * kPause;
+    if (sinceLastTurn().isValid() && !sinceLastTurn().hasExpired(kBreak))
+        QThread::msleep(kBreak);
+}
+
+WriteTurn::WriteTurn(const QString &folder)
+    : m_folder(::open(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    if (m_folder < 0)
+        return;
+    letOthersGoFirst();
+    const QDeadlineTimer deadline(kPatience);
+    // A blocking call would wait without limit for a process that hangs in its turn.
+    while (::flock(m_folder, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK
+           && !deadline.hasExpired())
+        QThread::msleep(kPause);
+}
+
+WriteTurn::~WriteTurn()
+{
+    if (m_folder < 0)
+        return;
+    ::close(m_folder);
+    sinceLastTurn().start();
+}
+
+#else
+
+WriteTurn::WriteTurn(const QString &) { }
+WriteTurn::~WriteTurn() = default;
+
+#endif
 
 QSettings::Format xmlFormat()
 {

@@ -3,14 +3,44 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/widgets/TabLook_p.h"
-
+#include <QColor>
+#include <QIcon>
 #include <QKeySequence>
+#include <QPointer>
+#include <QString>
+#include <QVariant>
 #include <QWidget>
 
 class QKeyEvent;
 
+class QTabWidget;
+
 namespace Corvale_Qt {
+
+//! The properties of a tab, without its page.
+struct TabLook
+{
+    QString text;
+    QIcon icon;
+    QString toolTip;
+    QString whatsThis;
+    QString accessibleName;
+    QColor textColor;
+    QVariant data;
+    bool isEnabled = true;
+    bool isVisible = true;
+    //! Buttons of the tab, owned by the tab bar or by the owner given to takeButtons().
+    QPointer<QWidget> leftButton;
+    QPointer<QWidget> rightButton;
+
+    //! Moves the buttons, hidden, to \a owner, since they would be deleted with the tab.
+    void takeButtons(QTabWidget &tabs, int index, QWidget *owner) const;
+    //! Gives tab \a index these properties and the buttons.
+    void apply(QTabWidget &tabs, int index) const;
+};
+
+//! Returns the properties of tab \a index.
+TabLook tabLook(const QTabWidget &tabs, int index);
 
 //! Returns the key that moves the current page into a window and, in that window, back into its tab.
 QKeySequence popOutKey();

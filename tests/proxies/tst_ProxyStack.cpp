@@ -81,6 +81,145 @@ difference(const BufferModel &source, const RVXZeroingProxyModel &top, const Exp
     return QString();
 }
 
+//! A source with the stack on it, to which anything may happen. What the stack must show is kept beside it.
+class History
+{
+public:
+    explicit History(int channels)
+        : m_random{unsigned(channels)}
+        , m_first(channels, 20)
+        , m_second(channels, 7)
+    {
+        m_averaging.setSourceModel(m_source);
+        m_top.setSourceModel(&m_averaging);
+        m_account.emplace(&m_top);
+        m_mirror.emplace(&m_top);
+        m_expected.resetTo(*m_source);
+    }
+
+    //! Lets the next thing happen. Returns what it was and what is wrong after it; empty if nothing is.
+    QString next()
+    {
+        ++m_act;
+        const int what = below(100);
+        if (what < 75)
+            changeReadings(what);
+        else if (what < 91)
+            changeSettings(what);
+        else
+            changeStructure(what);
+        const QString error =
+            difference(*m_source, m_top, m_expected) + m_account->error() + m_mirror->error();
+        return error.isEmpty()
+            ? error
+            : QStringLiteral("after act %1 (%2): %3").arg(m_act).arg(what).arg(error);
+    }
+
+private:
+    int below(int limit) { return int(m_random() % unsigned(limit)); }
+    double reading()
+    {
+        const double infinity = std::numeric_limits<double>::infinity();
+        const double gaps[] = {qQNaN(), qQNaN(), infinity, -infinity};
+        return below(12) == 0 ? gaps[below(4)] : below(100000) / 7.0;
+    }
+    int rows() const { return m_source->rowCount() - 1; }
+
+    void changeReadings(int what)
+    {
+        if (what < 55) {
+            append(1 + (what < 50 ? 0 : below(4)));
+        } else if (what < 62 && rows() > 0) {
+            const int count = 1 + below(rows());
+            m_source->dropOldest(count);
+            m_expected.drop(count);
+        } else if (rows() > 0) {
+            const int row = below(3) ? 1 + below(rows()) : rows();
+            const int column = 1 + below(m_source->NumberOfChannels());
+            m_source->change(row, column, reading());
+            m_expected.renew(*m_source, row, column);
+        }
+    }
+    void append(int count)
+    {
+        const int before = rows();
+        QVector<BufferModel::Sample> samples(count);
+        for (BufferModel::Sample &sample : samples) {
+            sample.time = m_act;
+            for (int c = 0; c < m_source->NumberOfChannels(); ++c)
+                sample.values << reading();
+        }
+        m_source->append(samples);
+        m_expected.drop(std::max(before + count - m_source->MaxBufferSize(), 0));
+        m_expected.renew(*m_source, m_source->rowCount() - count);
+    }
+    void changeSettings(int what)
+    {
+        if (what < 78) {
+            m_expected.length = 1 + below(40);
+            m_averaging.setAveraging(m_expected.length);
+            m_expected.resetTo(*m_source);
+        } else if (what < 82) {
+            m_top.zeroNow();
+            m_expected.zeroNow(m_source->units());
+        } else if (what < 84) {
+            m_top.zeroClear();
+            m_expected.zeroed = false;
+        } else if (what < 87) {
+            m_source->SetUnits(below(2) ? static_cast<const Units::MeasurementUnit *>(&m_mA)
+                                        : &m_A);
+            if (rows() > 0)
+                m_expected.resetTo(*m_source);
+        } else if (what < 89) {
+            m_source = m_source == &m_first ? &m_second : &m_first;
+            m_averaging.setSourceModel(m_source);
+            m_expected.resetTo(*m_source);
+        } else {
+            m_source->rollOver = BufferModel::RollOver(below(2));
+        }
+    }
+    void changeStructure(int what)
+    {
+        if (what == 91) {
+            m_top.Clear();
+            m_expected.resetTo(*m_source);
+        } else if (what == 92) {
+            m_source->insertChannelInFront(5.0);
+            m_expected.channels.prepend({});
+            m_expected.zeroed = false;
+            m_expected.renew(*m_source, 1, 1);
+        } else if (what == 93 && m_source->NumberOfChannels() > 1) {
+            m_source->removeFirstChannel();
+            m_expected.channels.removeFirst();
+            m_expected.zeroed = false;
+        } else if (what == 94 && rows() > 1) {
+            const int row = 2 + below(rows() - 1);
+            m_source->remove(row, row);
+            m_expected.renew(*m_source, row);
+        } else if (what == 95 && rows() > 1 && rows() < m_source->MaxBufferSize()) {
+            const int row = 2 + below(rows() - 1);
+            m_source->insert(row, {0.0, QVector<double>(m_source->NumberOfChannels(), m_act)});
+            m_expected.renew(*m_source, row);
+        } else if (what == 96) {
+            const QModelIndex box = m_source->index(0, 1);
+            m_source->setData(box, !box.data(Qt::CheckStateRole).toBool(), Qt::CheckStateRole);
+        }
+    }
+
+    std::mt19937 m_random;
+    const Units::mA m_mA;
+    const Units::A m_A;
+    BufferModel m_first;
+    BufferModel m_second;
+    BufferModel *m_source = &m_first;
+    RVXAveragingProxyModel m_averaging;
+    RVXZeroingProxyModel m_top;
+    std::optional<RowAccount> m_account;
+    std::optional<TableMirror<RVXZeroingProxyModel>> m_mirror;
+    Expected m_expected;
+    int m_act = 0;
+};
+
 } // namespace
 
 class tst_ProxyStack : public QObject
@@ -98,99 +237,11 @@ private Q_SLOTS:
     void anyHistory()
     {
         QFETCH(int, channels);
-        std::mt19937 random{unsigned(channels)};
-        const auto below = [&random](int limit) {
-            return int(random() % unsigned(limit));
-        };
-        const auto reading = [&] {
-            const double infinity = std::numeric_limits<double>::infinity();
-            const double gaps[] = {qQNaN(), qQNaN(), infinity, -infinity};
-            return below(12) == 0 ? gaps[below(4)] : below(100000) / 7.0;
-        };
-        const Units::mA mA;
-        const Units::A A;
-        BufferModel first(channels, 20);
-        BufferModel second(channels, 7);
-        BufferModel *source = &first;
-        RVXAveragingProxyModel averaging;
-        RVXZeroingProxyModel top;
-        averaging.setSourceModel(source);
-        top.setSourceModel(&averaging);
-        const RowAccount account(&top);
-        const TableMirror<RVXZeroingProxyModel> mirror(&top);
-        Expected expected;
-        expected.resetTo(*source);
-
+        History history(channels);
         for (int act = 0; act < 4000; ++act) {
-            const int rows = source->rowCount() - 1;
-            const int what = below(100);
-            if (what < 55) {
-                QVector<BufferModel::Sample> samples(1 + (what < 50 ? 0 : below(4)));
-                for (BufferModel::Sample &sample : samples) {
-                    sample.time = act;
-                    for (int c = 0; c < source->NumberOfChannels(); ++c)
-                        sample.values << reading();
-                }
-                source->append(samples);
-                expected.drop(std::max(rows + samples.size() - source->MaxBufferSize(), 0));
-                expected.renew(*source, source->rowCount() - samples.size());
-            } else if (what < 62 && rows > 0) {
-                const int count = 1 + below(rows);
-                source->dropOldest(count);
-                expected.drop(count);
-            } else if (what < 75 && rows > 0) {
-                const int row = below(3) ? 1 + below(rows) : rows;
-                const int column = 1 + below(source->NumberOfChannels());
-                source->change(row, column, reading());
-                expected.renew(*source, row, column);
-            } else if (what < 78) {
-                expected.length = 1 + below(40);
-                averaging.setAveraging(expected.length);
-                expected.resetTo(*source);
-            } else if (what < 82) {
-                top.zeroNow();
-                expected.zeroNow(source->units());
-            } else if (what < 84) {
-                top.zeroClear();
-                expected.zeroed = false;
-            } else if (what < 87) {
-                source->SetUnits(below(2) ? static_cast<const Units::MeasurementUnit *>(&mA) : &A);
-                if (rows > 0)
-                    expected.resetTo(*source);
-            } else if (what < 89) {
-                source = source == &first ? &second : &first;
-                averaging.setSourceModel(source);
-                expected.resetTo(*source);
-            } else if (what < 91) {
-                source->rollOver = BufferModel::RollOver(below(2));
-            } else if (what == 91) {
-                top.Clear();
-                expected.resetTo(*source);
-            } else if (what == 92) {
-                source->insertChannelInFront(5.0);
-                expected.channels.prepend({});
-                expected.zeroed = false;
-                expected.renew(*source, 1, 1);
-            } else if (what == 93 && source->NumberOfChannels() > 1) {
-                source->removeFirstChannel();
-                expected.channels.removeFirst();
-                expected.zeroed = false;
-            } else if (what == 94 && rows > 1) {
-                const int row = 2 + below(rows - 1);
-                source->remove(row, row);
-                expected.renew(*source, row);
-            } else if (what == 95 && rows > 1 && rows < source->MaxBufferSize()) {
-                const int row = 2 + below(rows - 1);
-                source->insert(row, {0.0, QVector<double>(source->NumberOfChannels(), act)});
-                expected.renew(*source, row);
-            } else if (what == 96) {
-                const QModelIndex box = source->index(0, 1);
-                source->setData(box, !box.data(Qt::CheckStateRole).toBool(), Qt::CheckStateRole);
-            }
-            const QString error =
-                difference(*source, top, expected) + account.error() + mirror.error();
+            const QString error = history.next();
             if (!error.isEmpty())
-                QFAIL(qPrintable(QString("after act %1 (%2): %3").arg(act).arg(what).arg(error)));
+                QFAIL(qPrintable(error));
         }
     }
 };

@@ -168,7 +168,7 @@ private Q_SLOTS:
             [] {
                 QVector<double> times;
                 for (int i = 0; i < 400; ++i)
-                    times.append(i / 10 * 0.5);
+                    times.append(0.5 * double(i / 10));
                 return times;
             }(),
             "");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+#include "corvale_qt/scope/MarkerSpan_p.h"
 #include "corvale_qt/scope/MarkerStatistics_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
-#include "corvale_qt/scope/SpanIntegral_p.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Rows.h"
@@ -238,8 +238,9 @@ private Q_SLOTS:
         model.append({{3101.0, qQNaN()}, {3102.0, 2.0}, {3103.0, 4.0}});
         const PlotDataReader reader(&model);
         TimeGaps gaps;
+        MarkerSpan kept;
         const auto text = [&](RowRange rows) {
-            const SpanIntegral span = SpanIntegral::ofRows(reader, 1, rows, gaps);
+            const SpanIntegral &span = kept.integralOf(reader, 1, rows, 1.0, gaps);
             return QString("%1 over %2, %3").arg(span.integral).arg(span.covered).arg(span.outages);
         };
         const auto expected = [](double integral, double covered, int outages) {
@@ -248,12 +249,16 @@ private Q_SLOTS:
         QCOMPARE(text({101, 4100}), expected(exact(50.5, 2650.0), 2599.5, 0));
         gaps.setIntervals(3.0);
         gaps.update(reader, model.rowCount() - 1);
+        // The same rows as before: only the gaps are new.
         QCOMPARE(text({101, 4100}),
                  expected(exact(50.5, 1000.0) + exact(1600.5, 2650.0), 1999.0, 1));
         QCOMPARE(text({2000, 2001}), expected(0.0, 0.0, 1));
         QCOMPARE(text({7, 7}), expected(0.0, 0.0, 0));
         // The missing reading before the last two: neither trapezoid beside it counts.
         QCOMPARE(text({5001, 5003}), expected(3.0, 1.0, 0));
+        ScopeTestModel other(1); // has other readings in the same rows
+        appendTimes(other, steps(0.0, 6000, 0.25));
+        QCOMPARE(kept.of(PlotDataReader(&other), 1, {5001, 5003}, 1.0).count(), 3);
     }
 
     void fewSamplesAndMissingOnes()

@@ -344,7 +344,15 @@ private Q_SLOTS:
             return legend->model()->index(i, 0);
         };
         QCOMPARE(row(1).data().toString(), QString("right"));
-        QCOMPARE(row(1).data(Qt::AccessibleTextRole).toString(), QString("right, 2.000 A"));
+        const auto spoken = [&row](int i) {
+            return row(i).data(Qt::AccessibleTextRole).toString();
+        };
+        QCOMPARE(spoken(1), QString("right, 2.000 A"));
+        view.model.show({1.0, 0.9, 3.0});
+        QCOMPARE(spoken(1), QString("right, 0.900 A")); // as long as the prefix suits
+        view.setSiPrefix(false);
+        view.setSiPrefix(true);
+        QCOMPARE(spoken(1), QString("right, 900 mA"));
 
         const auto place = [&](int i) {
             return legend->visualRect(row(i)).center();

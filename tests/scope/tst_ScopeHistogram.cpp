@@ -88,7 +88,12 @@ private Q_SLOTS:
                 QVERIFY(qAbs(estimate.position.value - plane.mean) < 0.02 * plane.sigma);
                 QVERIFY(qAbs(estimate.sigma.value - plane.sigma) < 0.02 * plane.sigma);
                 QCOMPARE(item->status(), FitStatus::Ok);
-                QVERIFY(item->label().contains("(mm)") && item->label().contains("DATA VALID"));
+                const QString label = item->label();
+                QVERIFY(label.contains("(mm)") && label.contains("DATA VALID"));
+                const double area = 1e-9 * plane.sigma * std::sqrt(2 * M_PI);
+                const double shown = label.section("Integral: ", 1).section(' ', 0, 0).toDouble();
+                QVERIFY(qAbs(shown - area) < 0.02 * area);
+                QVERIFY(label.contains(QStringLiteral("\u03a7\u00b2: N/A"))); // of channels only
                 // The marker stands among the bars of its plane, where the peak is.
                 int nearest = 0;
                 for (int i = 16 * plane.item; i < 16 * (plane.item + 1); ++i)
@@ -180,6 +185,9 @@ private Q_SLOTS:
         QCOMPARE(view.markerText(0).section('\n', 2), QString("4 nA"));
         const QString label = view.histogramItems(View::GaussabolaItem)[0]->label();
         QVERIFY(label.contains("Peak: 4 nA\n") && label.contains("Noise Std. Dev (nA): "));
+        view.setSiPrefix(true); // each number has a unit then
+        view.settle();
+        QVERIFY(view.histogramItems(View::GaussabolaItem)[0]->label().contains("Noise Std. Dev: "));
     }
 
     void channelsAreLabelled_data()

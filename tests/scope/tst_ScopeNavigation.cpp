@@ -516,6 +516,14 @@ private Q_SLOTS:
         view.zoomToX(880, 920);
         view.hover(900.6, 1.0);
         QCOMPARE(read(), QString("901.00 s, left: 1 A, sum: 3 A"));
+        // Between two samples, the nearest one lies outside of the picture.
+        for (const double left : {900.1, 900.6}) {
+            view.zoomToX(left, left + 0.3);
+            view.hover(left + 0.15, 1.0);
+            QCOMPARE(read(), QString());
+        }
+        view.zoomToX(880, 920);
+        view.hover(900.6, 1.0);
         PaintCounter paints(view.canvas());
         view.settle();
         QCOMPARE(paints.count, 0); // a cursor that rests leaves the plot alone

@@ -117,15 +117,6 @@ private Q_SLOTS:
         }
     }
 
-    void anInsertionAtTheFrontBeginsAnew()
-    {
-        Ring ring(1000, 10);
-        ring.append(25);
-        QCOMPARE(ring.take(), QString("1-10 11-20"));
-        ring.sweep.rowsInserted(1, 10, 10, 10);
-        QCOMPARE(ring.sweep.next().first, 1);
-    }
-
     void theShownSweepIsKnownWhileItsRowsMove_data()
     {
         // Rows that are removed "-first-last" or inserted "+first-last".
@@ -139,6 +130,7 @@ private Q_SLOTS:
         row("rows inside it go", "-12-13", "1-0", 19);
         row("rows after it go", "-22-23", "11-20", 21);
         row("rows come in front of it", "+5-6", "1-0", 21);
+        row("rows come in front of all", "+1-5", "1-0", 1);
     }
     void theShownSweepIsKnownWhileItsRowsMove()
     {
@@ -179,19 +171,23 @@ private Q_SLOTS:
     {
         // Pulses rise at rows 11, 31, 51 ... of 200.
         tableFrom(R"(
-            | int length | double share | int batch | int capacity | sweeps
-            all before | 10 | 0.0 | 3 | 1000 | 11-20@11 31-40@31 51-60@51 71-80@71 91-100@91,
+            | int length | double share | double holdOff | int batch | int capacity | sweeps
+            all before | 10 | 0.0 | 0 | 3 | 1000 | 11-20@11 31-40@31 51-60@51 71-80@71 91-100@91,
                 111-120@111 131-140@131 151-160@151 171-180@171 191-200@191
-            a share before | 10 | 0.3 | 1 | 1000 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
+            a share before | 10 | 0.3 | 0 | 1 | 1000 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
                 108-117@111 128-137@131 148-157@151 168-177@171 188-197@191
-            not enough rows before the first | 20 | 0.75 | 1 | 1000
+            not enough rows before the first | 20 | 0.75 | 0 | 1 | 1000
                 | 16-35@31 36-55@51 56-75@71 76-95@91,
                 96-115@111 116-135@131 136-155@151 156-175@171 176-195@191
-            longer than the pulses are apart | 30 | 0.0 | 3 | 1000
+            a trigger that is not used holds none off | 20 | 0.75 | 25 | 1 | 1000
+                | 16-35@31 56-75@71 96-115@111 136-155@151 176-195@191
+            longer than the pulses are apart | 30 | 0.0 | 0 | 3 | 1000
                 | 11-40@11 51-80@51 91-120@91, 131-160@131 171-200@171
-            the oldest rows leave | 10 | 0.3 | 5 | 25 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
+            the beginning leaves while the rest is awaited | 20 | 0.25 | 0 | 3 | 21
+                | 26-45@31 46-65@51 86-105@91 106-125@111 146-165@151 166-185@171
+            the oldest rows leave | 10 | 0.3 | 0 | 5 | 25 | 8-17@11 28-37@31 48-57@51 68-77@71 88-97@91,
                 108-117@111 128-137@131 148-157@151 168-177@171 188-197@191
-            all the time before | 10 | 1.0 | 1 | 1000 | 2-11@11 22-31@31 42-51@51 62-71@71 82-91@91,
+            all the time before | 10 | 1.0 | 0 | 1 | 1000 | 2-11@11 22-31@31 42-51@51 62-71@71 82-91@91,
                 102-111@111 122-131@131 142-151@151 162-171@171 182-191@191)");
     }
     void sweepsBeginAtTriggers()
@@ -202,7 +198,10 @@ private Q_SLOTS:
         QFETCH(int, capacity);
         ScopeTestModel model(2, capacity);
         TriggeredSweeps cut;
-        cut.set(pulseTrigger(SweepTrigger::Mode::Normal, share));
+        SweepTrigger trigger = pulseTrigger(SweepTrigger::Mode::Normal, share);
+        QFETCH(double, holdOff);
+        trigger.holdOff = holdOff;
+        cut.set(trigger);
         QCOMPARE(cut.state(), TriggerState::Armed);
         int dropped = 0;
         QObject::connect(&model,
@@ -245,7 +244,8 @@ private Q_SLOTS:
         QCOMPARE(next(4), QString()); // two sweeps without a trigger have not passed
         QCOMPARE(next(1), QString("5-8@6, free"));
         QCOMPARE(sweeps.state(), TriggerState::Automatic);
-        QCOMPARE(next(6), QString("10-13@11, triggered"));
+        QCOMPARE(next(4), QString()); // the rest of a triggered sweep is awaited
+        QCOMPARE(next(2), QString("10-13@11, triggered"));
         QCOMPARE(sweeps.state(), TriggerState::Triggered);
         sweeps.set(pulseTrigger(SweepTrigger::Mode::Single, 0.0));
         QCOMPARE(sweeps.state(), TriggerState::Armed);
@@ -257,7 +257,7 @@ private Q_SLOTS:
         // Several sweeps at once: the newest is shown.
         sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
         QCOMPARE(next(70), QString("171-174@171, triggered"));
-        sweeps.restart();
+        sweeps.rowsRemoved(5, 6); // among rows that were searched: the search begins anew
         QCOMPARE(sweeps.update(PlotDataReader(&model), model.rowCount() - 1, 4)->rows.first, 171);
     }
 };

@@ -470,6 +470,41 @@ private Q_SLOTS:
         QCOMPARE(view.shownTimes(), std::make_pair(900.0, 999.0));
     }
 
+    void aSweepLosesWhatHasLeftTheModel()
+    {
+        const Units::uA uA;
+        const Units::nA nA;
+        HundredPoints view(View::ScopeMode, 1, 150);
+        view.model.isInBaseUnit = true;
+        SweepTrigger trigger;
+        trigger.mode = SweepTrigger::Mode::Normal;
+        trigger.edge = SweepTrigger::Edge::Falling; // not by the other unit
+        trigger.level = 1.5;
+        trigger.shareBefore = 0.25;
+        view.setTrigger(trigger);
+        const auto step = [](int, double time) { // up at 200 s, down at 230 s
+            return time >= 200.0 && time < 230.0 ? 2.0 : 1.0;
+        };
+        view.model.appendRows(310, 1.0, step);
+        QCOMPARE(view.xText(), QString("-25..74"));
+        view.model.SetUnits(&nA);
+        view.settle(); // drawn anew from the model
+        view.model.appendRows(60, 1.0, step);
+        view.SetYScaleMode(View::Percent50);
+        QCOMPARE(view.xText(), QString("-25..74")); // as it was kept
+        view.model.SetUnits(&uA);
+        QCOMPARE(view.xText(), QString("-10..74")); // what can be read in the new unit keeps its time
+        view.model.appendRows(84, 1.0, step);
+        view.model.SetUnits(&nA);
+        QCOMPARE(view.curves().size(), 0); // one sample is no sweep
+        // A trigger on a channel that the model does not have shows nothing.
+        trigger.mode = SweepTrigger::Mode::Automatic;
+        trigger.channel = 2;
+        view.setTrigger(trigger);
+        view.model.appendRows(300, 1.0, step);
+        QCOMPARE(view.curves().size(), 0);
+    }
+
     // Sweeps count time from their trigger, so that neither times nor ends tell one from the next.
     void markersMeasureEachTriggeredSweep()
     {

@@ -291,6 +291,10 @@ private Q_SLOTS:
                 line = line.rightJustified(line.size() + 23 - line.indexOf(':'));
             QCOMPARE(item->label(), "<pre>" + lines.join('\n') + "\n</pre>");
         }
+        setDeviceFit(*item, {3.0, 2.5, 4.0});
+        QVERIFY(item->compute(0, Profiles::gaussian<float>(7, 3.0, 2.5, 4.0), 7.5));
+        QVERIFY(item->label().contains("SNR: N/A\n")); // no bar lies beside the Gaussian
+        QVERIFY(item->label().contains("Noise Std. Dev: N/A\n"));
     }
 
     //! A Gaussian with a stray bar six bars from its peak, which only a wider window of the residual noise takes in.

@@ -4,8 +4,6 @@
 #include "corvale_qt/proxies/RVXLatestPlotDataProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/CanvasNote_p.h"
-#include "corvale_qt/scope/LegendDelegate_p.h"
-#include "corvale_qt/scope/LegendModel_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
@@ -273,51 +271,6 @@ private Q_SLOTS:
                  qPrintable(inLegend()));
         QCOMPARE(inTable(), inLegend());
         QVERIFY2(view.markerText(0).endsWith(inTable()), qPrintable(view.markerText(0)));
-    }
-
-    //! The many digits of a reading without a prefix are not painted over the name of its channel.
-    void theLegendKeepsNamesAndReadingsApart()
-    {
-        const auto nameBeside = [](double reading) {
-            ScopeTestModel model(1);
-            model.names = QStringList{"left"};
-            model.append({{0.0, reading}});
-            LegendModel channels;
-            channels.setSource(&model);
-            const QModelIndex channel = channels.index(0);
-            const LegendDelegate delegate;
-            QStyleOptionViewItem option;
-            option.rect = QRect(QPoint(), delegate.sizeHint(option, channel));
-            QImage cell(option.rect.size(), QImage::Format_RGB32);
-            cell.fill(Qt::white);
-            QPainter painter(&cell);
-            delegate.paint(&painter, option, channel);
-            const int name = option.fontMetrics.horizontalAdvance("left");
-            return cell.copy(0, 0, 38 + name, cell.height()); // with the line of the curve
-        };
-        QCOMPARE(nameBeside(-1.2345678901234567e-9), nameBeside(1.0));
-    }
-
-    //! However narrow the legend is, a number is whole, but for digits that it is rounded by, or it is not there.
-    void theLegendShowsWholeNumbers()
-    {
-        const QFontMetrics metrics((QFont()));
-        for (const double reading : {-1.2345678901234567e-4, 0.05, 123456.789, 2.5e-12}) {
-            const QString whole = QString::number(reading, 'g', 15) + " nA";
-            for (int room = metrics.horizontalAdvance(whole); room >= 0; --room) {
-                const QString text = fittedReading(whole, metrics, room);
-                QVERIFY2(metrics.horizontalAdvance(text) <= room, qPrintable(text));
-                QVERIFY2(text.isEmpty() || text.endsWith(" nA"), qPrintable(text));
-                const double shown = text.isEmpty() ? reading : text.chopped(3).toDouble();
-                QVERIFY2(std::abs(shown - reading) <= 0.005 * std::abs(reading), qPrintable(text));
-            }
-        }
-        ScopeTestModel model(1);
-        LegendModel channels;
-        channels.setSource(&model);
-        const QString wide = channels.index(0).data(LegendModel::WideValueRole).toString();
-        const int usual = metrics.horizontalAdvance(wide);
-        QVERIFY(!fittedReading("-0.00012345678", metrics, usual).isEmpty());
     }
 
     //! The axis stays as it is while noise moves the extremes; it grows at once and shrinks after 50 quiet plots.

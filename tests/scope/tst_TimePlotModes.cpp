@@ -493,7 +493,8 @@ private Q_SLOTS:
         view.SetYScaleMode(View::Percent50);
         QCOMPARE(view.xText(), QString("-25..74")); // as it was kept
         view.model.SetUnits(&uA);
-        QCOMPARE(view.xText(), QString("-10..74")); // what can be read in the new unit keeps its time
+        QCOMPARE(view.xText(),
+                 QString("-10..74")); // what can be read in the new unit keeps its time
         view.model.appendRows(84, 1.0, step);
         view.model.SetUnits(&nA);
         QCOMPARE(view.curves().size(), 0); // one sample is no sweep

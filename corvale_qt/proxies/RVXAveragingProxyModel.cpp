@@ -28,6 +28,7 @@ public:
     qint64 droppedRows(int column) const override { return source.droppedRows(column); }
 
     int sampleRows() const;
+    bool has(int row, int column) const;
     void rebuild();
     void insertColumns(int first, int last);
     void removeColumns(int first, int last);
@@ -40,6 +41,7 @@ public:
     RVXAveragingProxyModel *const q;
     RunningAverages averages;
     PlotDataReader source;
+    int announcedRows = 0; // the source may have further rows that it has not announced
 };
 
 void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
@@ -67,7 +69,7 @@ bool RVXAveragingProxyModelPrivate::columnSpans(int column,
                                                 int count,
                                                 RingSpans &spans) const
 {
-    if (column < 1 || column > averages.channels())
+    if (column < 1 || column > averages.channels() || averages.length() == 1)
         return source.spans(column, firstRow, count, spans);
     return averages.spans(column, firstRow, count, spans);
 }
@@ -77,10 +79,17 @@ int RVXAveragingProxyModelPrivate::sampleRows() const
     return q->rowCount() - 1;
 }
 
+//! Returns whether a row of a channel has been announced.
+bool RVXAveragingProxyModelPrivate::has(int row, int column) const
+{
+    return row >= 1 && row <= announcedRows && column >= 1 && column <= averages.channels();
+}
+
 void RVXAveragingProxyModelPrivate::rebuild()
 {
     source = PlotDataReader(q->sourcePlotModel());
-    averages.reset(0, 0);
+    averages.reset();
+    announcedRows = 0;
     insertColumns(1, q->columnCount() - 1);
 }
 
@@ -117,10 +126,13 @@ void RVXAveragingProxyModelPrivate::update(int firstColumn, int lastColumn, int 
 {
     if (!q->sourcePlotModel())
         return;
+    announcedRows = sampleRows();
+    if (averages.length() == 1)
+        return; // readings are shown as they are
     lastColumn = std::min(lastColumn, averages.channels());
     for (int column = firstColumn; column <= lastColumn; ++column)
         dropWithSource(column);
-    averages.update(source, firstColumn, lastColumn, std::max(from, 1), sampleRows());
+    averages.update(source, firstColumn, lastColumn, std::max(from, 1), announcedRows);
 }
 
 //! Announces that averages from \a row on have changed. At length 1 readings are shown as they are and have not.
@@ -142,7 +154,9 @@ bool RVXAveragingProxyModelPrivate::dropWithSource(int column)
 
 void RVXAveragingProxyModelPrivate::dropOldest(int rows)
 {
-    const int left = sampleRows();
+    const int left = announcedRows = sampleRows();
+    if (averages.length() == 1)
+        return;
     for (int column = 1; column <= averages.channels(); ++column) {
         const bool onItsOwn = dropWithSource(column);
         if (!onItsOwn)
@@ -221,10 +235,9 @@ QVariant RVXAveragingProxyModel::data(const QModelIndex &index, int role) const
     const bool isSample = row >= 1 && column >= 1 && column <= d->averages.channels();
     if (!isSample || !asksForReading(role))
         return RVXPlotProxyModel::data(index, role);
-    // The source may already have a row that it has not announced.
-    if (!d->averages.has(row, column))
+    if (!d->has(row, column))
         return QVariant();
-    const double average = d->averages.value(row, column);
+    const double average = doubleData(row, column);
     // A value that is not finite is shown as the source shows it.
     if (!std::isfinite(average))
         return RVXPlotProxyModel::data(index, role);
@@ -236,6 +249,7 @@ void RVXAveragingProxyModel::Clear()
     Q_D(RVXAveragingProxyModel);
     beginSharedReset();
     d->averages.clear();
+    d->announcedRows = 0;
     RVXPlotProxyModel::Clear();
     endSharedReset();
 }

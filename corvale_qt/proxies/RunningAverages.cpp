@@ -83,10 +83,11 @@ void recur(const Lane (&lane)[Lanes], double (&running)[Lanes], int count, doubl
 
 } // namespace
 
-void RunningAverages::reset(int channels, int capacity)
+void RunningAverages::setLength(int length)
 {
-    m_channels.clear();
-    insertChannels(1, std::max(channels, 0), capacity);
+    m_length = length;
+    if (length == 1)
+        clear();
 }
 
 void RunningAverages::clear()
@@ -190,10 +191,7 @@ void RunningAverages::update(const PlotDataReader &source,
 
     for (int column = firstColumn; column <= lastColumn;) {
         const int start = channel(column).start;
-        if (m_length == 1) {
-            copy(source, column, start, rows);
-            ++column;
-        } else if (startsTogether(column, lastColumn)) {
+        if (startsTogether(column, lastColumn)) {
             average<lanes>(source, column, start, rows);
             column += lanes;
         } else {
@@ -247,18 +245,6 @@ void RunningAverages::resize(Channel &channel, int rows)
     // The next averages get the numbers of those that are removed, whose ranges no longer hold.
     if (added < 0)
         channel.ranges.forget();
-}
-
-void RunningAverages::copy(const PlotDataReader &source, int column, int from, int rows)
-{
-    if (from > rows)
-        return;
-    forPieces(channel(column).ring,
-              from - 1,
-              rows - from + 1,
-              [&](double *memory, int offset, int count) {
-                  source.read(column, from + offset, count, memory);
-              });
 }
 
 //! Computes a stretch from the source's memory into the ring. Returns false if either of them is not contiguous there.

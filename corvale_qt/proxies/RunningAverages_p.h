@@ -18,6 +18,7 @@ class PlotDataReader;
 
     A reading that is not finite stands in its row as it is, and the average continues from the last finite one, which
     is remembered when its row is dropped at the front. The first finite reading of a channel starts its average.
+    With N = 1 the averages are the readings, and none are kept.
 
     Rows and columns count from 1. If the source's memory and the ring are both contiguous, running values go straight
     from one to the other; every number equals that of the recurrence computed cell by cell, to the last bit. */
@@ -25,10 +26,10 @@ class RunningAverages
 {
 public:
     //! Sets N, at least 1, for rows that are computed from now on.
-    void setLength(int length) { m_length = length; }
+    void setLength(int length);
     int length() const { return m_length; }
-    //! Starts with empty averages of \a channels channels, with room for \a capacity rows.
-    void reset(int channels, int capacity);
+    //! Removes all channels.
+    void reset() { m_channels.clear(); }
     //! Removes all rows; channels and room stay.
     void clear();
 
@@ -58,7 +59,8 @@ public:
     void startFollowing(int column, qint64 dropped) { channel(column).followedDrops = dropped; }
     //! Removes the rows after row \a rows.
     void truncate(int column, int rows);
-    //! Computes columns \a firstColumn to \a lastColumn from row \a from to row \a rows, the source's last.
+    /*! Computes columns \a firstColumn to \a lastColumn from row \a from to row \a rows, the source's last. N must be greater
+        than 1. */
     void update(const PlotDataReader &source, int firstColumn, int lastColumn, int from, int rows);
 
 private:
@@ -84,7 +86,6 @@ private:
     //! Adds or removes rows at the end, so that \a rows remain.
     static void resize(Channel &channel, int rows);
     bool startsTogether(int column, int lastColumn) const;
-    void copy(const PlotDataReader &source, int column, int from, int rows);
     template<int Lanes>
     void average(const PlotDataReader &source, int firstColumn, int from, int rows);
     template<int Lanes>

@@ -156,7 +156,7 @@ private:
     void changeSettings(int what)
     {
         if (what < 78) {
-            m_expected.length = 1 + below(40);
+            m_expected.length = below(3) == 0 ? 1 : 1 + below(40);
             m_averaging.setAveraging(m_expected.length);
             m_expected.resetTo(*m_source);
         } else if (what < 82) {

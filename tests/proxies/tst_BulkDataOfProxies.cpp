@@ -41,7 +41,7 @@ QString difference(const RVXAbstractPlotDataModel &model)
     for (int column = -1; column <= items->columnCount(); ++column) {
         for (int firstRow = -2; firstRow <= rows + 1; ++firstRow) {
             for (int count = 0; count <= rows + 3; ++count) {
-                const QString found = difference(model, column, firstRow, count);
+                QString found = difference(model, column, firstRow, count);
                 if (!found.isEmpty())
                     return found;
             }

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
+#include "tests/proxies/Averages.h"
 #include "tests/proxies/ProxyTest.h"
 #include "tests/support/Rows.h"
 
@@ -24,11 +25,22 @@ QString computedText(const QString &expression, const QVector<double> &readings)
     ExpressionFault fault;
     if (!expressions.compile(names, {{"x", "", expression}}, &fault))
         return fault.message();
-    const double *inputs[4] = {&readings[0], &readings[1], &readings[2], &readings[3]};
+    const double *const first = readings.constData();
+    const double *inputs[4] = {first, first + 1, first + 2, first + 3};
     double result = 0.0;
     double *const output = &result;
     expressions.evaluate(inputs, 1, &output);
     return QString::number(result);
+}
+
+//! Returns what the first computed column (k = 0), an asymmetry, or the second, a sum, has in a row.
+double computedByHand(const RVXComputedChannelsProxyModel &proxy, int row, int k)
+{
+    if (row < 1 || row >= proxy.rowCount())
+        return row == 0 ? proxy.columnCount() - 2 + k : 0.0;
+    const double a = proxy.doubleData(row, 1);
+    const double b = proxy.doubleData(row, 2);
+    return k == 0 ? (a - b) / (a + b) : a + b;
 }
 
 //! Returns where the computed columns differ from what is computed by hand, by cell, by the chunk or in memory.
@@ -38,22 +50,17 @@ QString differenceOf(const RVXComputedChannelsProxyModel &proxy)
     const int rows = proxy.rowCount() - 1;
     const int first = proxy.columnCount() - 2;
     std::vector<double> chunk(size_t(rows) + 3);
+    const double *const read = &chunk[1];
     for (int k = 0; k < 2; ++k) {
         bulk->read(first + k, -1, rows + 3, chunk.data());
         RingSpans spans;
         const bool isInMemory = PlotDataReader(&proxy).spans(first + k, 1, rows, spans);
         for (int row = -1; row <= rows + 1; ++row) {
-            const double a = proxy.doubleData(row, 1);
-            const double b = proxy.doubleData(row, 2);
-            double wanted = k == 0 ? (a - b) / (a + b) : a + b;
-            if (row < 1 || row > rows)
-                wanted = row == 0 ? first + k : 0.0;
+            const double wanted = computedByHand(proxy, row, k);
             const double inMemory =
                 isInMemory && row >= 1 && row <= rows ? spans.value(row - 1) : wanted;
-            for (double found :
-                 {proxy.doubleData(row, first + k), chunk[size_t(row + 1)], inMemory}) {
-                const bool same = found == wanted || (std::isnan(found) && std::isnan(wanted));
-                if (!same)
+            for (double found : {proxy.doubleData(row, first + k), read[row], inMemory}) {
+                if (!same(found, wanted))
                     return QString("row %1, channel %2: %3, not %4")
                         .arg(row)
                         .arg(k)
@@ -172,6 +179,7 @@ private Q_SLOTS:
                                      {"i", "", "fit_integral(s1 .. s10)"}},
                                     &fault));
         std::vector<const double *> inputs;
+        inputs.reserve(size_t(readings.size()));
         for (const double &reading : readings)
             inputs.push_back(&reading);
         double results[3];

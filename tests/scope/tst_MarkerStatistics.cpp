@@ -168,7 +168,7 @@ private Q_SLOTS:
             [] {
                 QVector<double> times;
                 for (int i = 0; i < 400; ++i)
-                    times.append(0.5 * double(i / 10));
+                    times.append(0.05 * (i - i % 10));
                 return times;
             }(),
             "");

@@ -61,6 +61,13 @@ DetectorFrame FrameAveraging::add(const DetectorFrame &frame)
     m_frames.push_back(frame);
     if (m_frames.size() > std::size_t(m_averaged))
         m_frames.pop_front();
+    return processed();
+}
+
+DetectorFrame FrameAveraging::processed() const
+{
+    if (m_frames.empty())
+        return {};
     DetectorFrame shown = meanOf(m_frames);
     const bool subtracts = m_isSubtracted && m_background.size() == shown.values.size();
     for (int i = 0; subtracts && i < shown.values.size(); ++i)

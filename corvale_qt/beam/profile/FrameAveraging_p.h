@@ -33,6 +33,8 @@ public:
 
     //! Adds a frame and returns what is to be shown: the mean of the last frames, less the background.
     DetectorFrame add(const DetectorFrame &frame);
+    //! Returns what is to be shown of the frames that were added; a frame without values if there are none.
+    DetectorFrame processed() const;
     //! Forgets all frames and the background.
     void clear();
 

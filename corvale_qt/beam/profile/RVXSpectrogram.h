@@ -164,7 +164,7 @@ public:
     bool hasBackground() const;
     //! Returns the property backgroundSubtracted.
     bool isBackgroundSubtracted() const;
-    //! Sets the property backgroundSubtracted; it counts from the next frame on.
+    //! Sets the property backgroundSubtracted. The frame that is shown is computed again.
     void setBackgroundSubtracted(bool subtracted);
     //! Takes the mean of the next frames, 1 to 100, as background.
     void takeBackground(int frames);
@@ -215,7 +215,8 @@ public Q_SLOTS:
     void setEnabled(bool enabled);
 
 Q_SIGNALS:
-    //! Emitted when getCalc() has a new calculation, but only while the side bar is hidden.
+    /*! Emitted when getCalc() has a new calculation, of a new frame or because a setting computes the one that is shown again,
+        but only while the side bar is hidden. */
     void calcUpdate();
     /*! Emitted by setData() with the numbers of every frame that it takes; it ignores a repeated time stamp, a strip frame that
         is all 0, and all frames without a layout. While nobody is connected, frames that are not shown are not

@@ -122,9 +122,9 @@ void RVXSpectrogram::setEstimator(BeamEstimator estimator)
 {
     Q_D(RVXSpectrogram);
     d->detector.chosenEstimator = estimator;
-    d->presentAgain();
     if (d->detectorControls)
         d->detectorControls->showState();
+    d->presentAgain();
 }
 
 BeamEstimate RVXSpectrogram::estimate(Axis axis) const
@@ -279,8 +279,7 @@ void RVXSpectrogram::setAveragedFrames(int frames)
 {
     Q_D(RVXSpectrogram);
     d->detector.averaging.setAveraged(frames);
-    if (d->detectorControls)
-        d->detectorControls->showState();
+    d->processAgain();
 }
 
 bool RVXSpectrogram::hasBackground() const
@@ -299,8 +298,7 @@ void RVXSpectrogram::setBackgroundSubtracted(bool subtracted)
 {
     Q_D(RVXSpectrogram);
     d->detector.averaging.setSubtracted(subtracted);
-    if (d->detectorControls)
-        d->detectorControls->showState();
+    d->processAgain();
 }
 
 void RVXSpectrogram::takeBackground(int frames)
@@ -315,8 +313,7 @@ void RVXSpectrogram::clearBackground()
 {
     Q_D(RVXSpectrogram);
     d->detector.averaging.clearBackground();
-    if (d->detectorControls)
-        d->detectorControls->showState();
+    d->processAgain();
 }
 
 QString RVXSpectrogram::frameProcessing() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
 
+#include "corvale_qt/beam/profile/DetectorControls_p.h"
 #include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/plot/AccessibleChart_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
@@ -188,16 +189,18 @@ void RVXSpectrogramPrivate::clearFrame()
 
 void RVXSpectrogramPrivate::setCurrent(bool enabled)
 {
-    if (enabled != current) {
+    const bool changes = enabled != current;
+    if (changes) {
         lastMaximum *= enabled ? sampleRate : 1.0 / sampleRate;
         current = enabled;
         threshold->setFactor(readingFactor());
         discriminator->setFactor(readingFactor());
-        presentAgain(); // converts the frame on the screen to the new unit
     }
     applyUnit();
     applyScale();
     plot->replot();
+    if (changes)
+        presentAgain(); // converts the frame on the screen to the new unit
 }
 
 void RVXSpectrogramPrivate::setSampleRate(int rate)
@@ -263,8 +266,8 @@ void RVXSpectrogramPrivate::setInverted()
     if (detector.isOn())
         plot->setDescribed(detector.shownLayout());
     timePlot->replot();
-    presentAgain();
     plot->replot();
+    presentAgain();
 }
 
 bool RVXSpectrogramPrivate::takesTime(double timestamp) const
@@ -426,12 +429,31 @@ void RVXSpectrogramPrivate::present(const JudgedFrame &frame)
         Q_EMIT q->calcUpdate();
 }
 
-//! Computes and shows the frame on the screen again, after a setting changed.
+/*! Computes and shows the frame on the screen again, after a setting changed. A caller does this last, since a slot that hears
+    of the new numbers may delete the display. */
 void RVXSpectrogramPrivate::presentAgain()
 {
+    Q_Q(RVXSpectrogram);
     newestNumbers.reset();
-    if (shown.exists())
-        showFrame(frameOf(shown));
+    if (!shown.exists())
+        return;
+    showFrame(frameOf(shown));
+    if (!sidebar)
+        Q_EMIT q->calcUpdate();
+}
+
+//! Averages the newest frames and subtracts the background from them again, after a setting of that changed.
+void RVXSpectrogramPrivate::processAgain()
+{
+    if (detectorControls)
+        detectorControls->showState();
+    const DetectorFrame cells = detector.averaging.processed();
+    if (!newest.exists() || cells.values.isEmpty())
+        return;
+    newest.cells = cells;
+    if (shown.number == newest.number)
+        shown.cells = cells;
+    presentAgain();
 }
 
 void RVXSpectrogramPrivate::showFrame(const JudgedFrame &frame)

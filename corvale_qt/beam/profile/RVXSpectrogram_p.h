@@ -68,6 +68,7 @@ public:
     bool isBelowThreshold(const BeamFrame &frame) const;
     void present(const JudgedFrame &frame);
     void presentAgain();
+    void processAgain();
     void showFrame(const JudgedFrame &frame);
     void showResults() { results.show(judged, sidebar); }
     void clearFrame();

@@ -284,6 +284,31 @@ private Q_SLOTS:
         display.feedBetweenTicks(Frames::strips(13));
         QCOMPARE(updates.size(), 1);
         QCOMPARE(display.mean(), QString("9"));
+        // Settings that compute the shown frame anew.
+        const auto updatesOf = [&](const std::function<void()> &change) {
+            updates.clear();
+            change();
+            return updates.size();
+        };
+        auto *invert = display.control<QCheckBox>("checkBox_invertX");
+        QCOMPARE(updatesOf([&] {
+                     invert->setChecked(true);
+                 }),
+                 1);
+        QCOMPARE(display.mean(), QString("-9"));
+        for (const auto &[current, told] :
+             {std::pair(true, 1), std::pair(true, 0), std::pair(false, 1)})
+            QCOMPARE(updatesOf([&, current = current] {
+                         display.widget.currentEnabled(current);
+                     }),
+                     told);
+        QCOMPARE(updatesOf([&] {
+                     display.widget.setVerdictEnabled(true);
+                     display.widget.setEstimator(BeamEstimator::LeastSquares);
+                 }),
+                 2);
+        display.widget.setVerdictEnabled(false);
+        invert->setChecked(false);
         // The side bar is up to date as soon as it is shown.
         QCOMPARE(display.text("doubleSpinBox_dx"), QString("6.000 mm"));
         display.feed(Frames::strips(20, 2, 15, 3));

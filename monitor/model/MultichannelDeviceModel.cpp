@@ -213,7 +213,6 @@ bool MultichannelDeviceModel::writeRows(QIODevice &file) const
     QByteArray text = recordingHeader(m_header.hasFrames() ? m_header.ofNumbers() : m_header,
                                       QStringLiteral("saved from the monitor's buffer"));
     std::vector<double> values(static_cast<std::size_t>(channels));
-    constexpr int pieceSize = 1024 * 1024;
     for (int row = 1; row <= rows; ++row) {
         if (isWatched) {
             appendRecordingRow(&text, copied.time(row - 1), copied.values(row - 1), channels);
@@ -222,7 +221,7 @@ bool MultichannelDeviceModel::writeRows(QIODevice &file) const
                 values[i] = receivedValue(row, int(i));
             appendRecordingRow(&text, doubleData(row, 0), values.data(), channels);
         }
-        if (text.size() < pieceSize)
+        if (text.size() < recordingPiece)
             continue;
         if (file.write(text) != text.size())
             return false;

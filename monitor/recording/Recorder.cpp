@@ -18,7 +18,6 @@ namespace Monitor {
 namespace {
 
 constexpr double flushInterval = 0.5; // s; twice as often as promised, because ticks may come late
-constexpr int flushSize = 1024 * 1024;
 constexpr double shortestFile = 1.0; // s
 constexpr double retryInterval = 10.0; // s, after a next file could not be opened
 
@@ -179,7 +178,7 @@ void Recorder::addReadings(const ReadingBlock &readings)
     m_anyReading = m_anyReading || !readings.isEmpty();
     // A flood of readings keeps the clock from ticking; what is due is written nevertheless.
     writeIfDue();
-    if (m_waiting.size() >= flushSize && m_error.isEmpty())
+    if (m_waiting.size() >= recordingPiece && m_error.isEmpty())
         flush();
 }
 

@@ -15,8 +15,6 @@ namespace Monitor {
 
 namespace {
 
-constexpr int repairedPiece = 1024 * 1024;
-
 //! Notes what is lost while a recording is read, and writes what is not if there is a file for it.
 class DamageSink : public StreamSink
 {
@@ -104,7 +102,7 @@ public:
 private:
     void writeIfMuch()
     {
-        if (m_text.size() >= repairedPiece)
+        if (m_text.size() >= recordingPiece)
             write();
     }
 
@@ -164,7 +162,7 @@ bool read(const QString &path,
                 .arg(path, reader.errorString());
         return false;
     }
-    while (reader.read(repairedPiece)) { }
+    while (reader.read(recordingPiece)) { }
     sink.endLoss(Text::tr("before the end of the file"));
     if (reader.hasFailed())
         *error = Text::tr("reading %1 failed: %2").arg(path, reader.errorString());

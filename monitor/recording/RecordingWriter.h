@@ -11,6 +11,9 @@ namespace Monitor {
     The text of a recording: "#" lines that describe it, one line of names with units as suffixes, then lines
     "time,value,value,..." with 17 significant digits, which restore every number bit for bit. Frames have no names. */
 
+//! How many bytes of text are read or written at a time.
+inline constexpr int recordingPiece = 1024 * 1024;
+
 //! Returns everything that comes before the first reading. \a source is a line for people.
 QByteArray recordingHeader(const StreamHeader &header, const QString &source);
 //! Appends the line of one reading with \a channels values; NaN becomes an empty field.

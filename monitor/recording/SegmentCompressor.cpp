@@ -3,6 +3,7 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/input/ZstdFrames.h"
+#include "monitor/recording/RecordingWriter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -85,9 +86,8 @@ bool holdsTheSame(QFile *file, const QString &compressed, const std::function<bo
     if (!other.open(QIODevice::ReadOnly) || !file->seek(0))
         return false;
     ZstdFrames frames(other);
-    constexpr int pieceSize = 1024 * 1024;
     for (;;) {
-        const QByteArray text = file->read(pieceSize);
+        const QByteArray text = file->read(recordingPiece);
         if (text != frames.read(text.isEmpty() ? 1 : text.size()))
             return false;
         if (text.isEmpty())

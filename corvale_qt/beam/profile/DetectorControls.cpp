@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+#include <algorithm>
+
 namespace Corvale_Qt {
 
 DetectorControls::DetectorControls(RVXSpectrogram &display, QWidget *sideBar, QBoxLayout *box)
@@ -61,9 +63,11 @@ void DetectorControls::makeControls()
     m_backgroundFrames->setValue(10);
     for (QScienceSpinBox *limit : {m_low, m_high})
         limit->setKeyboardTracking(false);
+    m_low->setObjectName(QStringLiteral("spinBox_lowestColor"));
+    m_high->setObjectName(QStringLiteral("spinBox_highestColor"));
+    m_typed->setObjectName(QStringLiteral("checkBox_colorRange"));
     m_low->setAccessibleName(tr("Lowest value of the colours"));
     m_high->setAccessibleName(tr("Highest value of the colours"));
-    m_high->setValue(1);
     m_state->setObjectName(QStringLiteral("label_processing"));
     m_state->setWordWrap(true);
     auto *take = new QPushButton(tr("Take background"), this);
@@ -103,7 +107,7 @@ void DetectorControls::makeControls()
     connect(take, &QPushButton::clicked, this, [this] {
         m_display.takeBackground(m_backgroundFrames->value());
     });
-    connect(m_typed, &QCheckBox::toggled, this, &DetectorControls::applyRange);
+    connect(m_typed, &QCheckBox::toggled, this, &DetectorControls::typeRange);
     for (QScienceSpinBox *limit : {m_low, m_high})
         connect(limit,
                 QOverload<double>::of(&QDoubleSpinBox::valueChanged),
@@ -171,6 +175,7 @@ void DetectorControls::showState()
     m_projections->setChecked(m_display.areProjectionsVisible());
     m_averaged->setValue(m_display.averagedFrames());
     m_subtracted->setChecked(m_display.isBackgroundSubtracted());
+    showRange();
     m_isShowing = false;
     m_clear->setEnabled(m_display.hasBackground());
     const QString text = m_display.frameProcessing();
@@ -179,14 +184,37 @@ void DetectorControls::showState()
     m_state->setVisible(!text.isEmpty());
 }
 
-void DetectorControls::applyRange()
+//! Keeps the colours as they are, and lets their range be typed; or makes them follow the frames again.
+void DetectorControls::typeRange(bool typed)
 {
     if (m_isShowing)
         return;
-    if (m_typed->isChecked())
-        m_display.setColorRange(m_low->value(), m_high->value());
+    const auto [low, high] = m_display.colorRange();
+    if (typed)
+        m_display.setColorRange(low, high);
     else
         m_display.resetColorRange();
+}
+
+//! Whichever of the two is typed first, the colours run from the lower to the higher one.
+void DetectorControls::applyRange()
+{
+    if (m_isShowing || !m_typed->isChecked())
+        return;
+    const auto [low, high] = std::minmax({m_low->value(), m_high->value()});
+    m_display.setColorRange(low, high);
+}
+
+void DetectorControls::showRange()
+{
+    m_typed->setChecked(m_display.hasColorRange());
+    for (QScienceSpinBox *limit : {m_low, m_high})
+        limit->setEnabled(m_typed->isChecked());
+    const auto [low, high] = std::minmax({m_low->value(), m_high->value()});
+    if (!m_typed->isChecked() || qMakePair(low, high) == m_display.colorRange())
+        return;
+    m_low->setValue(m_display.colorRange().first);
+    m_high->setValue(m_display.colorRange().second);
 }
 
 void DetectorControls::save(bool picture)

@@ -37,7 +37,9 @@ private:
     void makeControls();
     void makeActions();
     QAction *addAction(const char *name, const QString &text);
+    void typeRange(bool typed);
     void applyRange();
+    void showRange();
     void save(bool picture);
 
     RVXSpectrogram &m_display;

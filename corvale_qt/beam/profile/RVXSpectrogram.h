@@ -8,6 +8,7 @@
 #include "corvale_qt/detector/DetectorFrame.h"
 #include "corvale_qt/numerics/BeamEstimator.h"
 
+#include <QPair>
 #include <QRectF>
 #include <QScopedPointer>
 #include <QVector>
@@ -139,6 +140,10 @@ public:
     void setColorRange(double low, double high);
     //! Makes the colours follow the scaling box again.
     void resetColorRange();
+    //! Returns whether the colours have a range of setColorRange().
+    bool hasColorRange() const;
+    //! Returns where the colours of a described detector begin and end now, in the unit shown.
+    QPair<double, double> colorRange() const;
     //! Returns the property logarithmicColors.
     bool hasLogarithmicColors() const;
     //! Sets the property logarithmicColors. A range that does not begin above 0 then spans three decades.

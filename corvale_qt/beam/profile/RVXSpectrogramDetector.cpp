@@ -209,6 +209,19 @@ void RVXSpectrogram::resetColorRange()
     d->setColors(colors);
 }
 
+bool RVXSpectrogram::hasColorRange() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->plot->colorSettings().isTyped;
+}
+
+QPair<double, double> RVXSpectrogram::colorRange() const
+{
+    Q_D(const RVXSpectrogram);
+    const QwtInterval range = d->plot->colorSettings().range(d->colorRange());
+    return {range.minValue(), range.maxValue()};
+}
+
 bool RVXSpectrogram::hasLogarithmicColors() const
 {
     Q_D(const RVXSpectrogram);

@@ -20,36 +20,6 @@ namespace {
 constexpr int kLeftStep = 2;
 constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is still a normal number
 
-/*! Shows beside the mouse which channel it is on and the value of that channel. */
-class ChannelHover : public QwtPlotPicker
-{
-public:
-    //! Becomes a child of the plot's canvas.
-    explicit ChannelHover(SpectrogramPlot *plot);
-
-protected:
-    QwtText trackerTextF(const QPointF &position) const override;
-
-private:
-    const SpectrogramPlot *m_plot;
-};
-
-ChannelHover::ChannelHover(SpectrogramPlot *plot)
-    : QwtPlotPicker(plot->canvas())
-    , m_plot(plot)
-{
-    setTrackerMode(AlwaysOn);
-    setTrackerPen(QPen(Qt::white));
-}
-
-QwtText ChannelHover::trackerTextF(const QPointF &position) const
-{
-    QwtText text(m_plot->hoverText(position), QwtText::PlainText);
-    text.setColor(Qt::white);
-    text.setBackgroundBrush(QColor(0, 0, 0, 200));
-    return text;
-}
-
 /*! Labels the colour bar: short in every order of magnitude, without the group signs of a locale. */
 class SpectrogramScaleDraw : public ThinnedScaleDraw
 {
@@ -74,6 +44,38 @@ QwtText SpectrogramScaleDraw::label(double value) const
 
 } // namespace
 
+/*! Shows beside the mouse which channel it is on and the value of that channel. */
+class ChannelHover : public QwtPlotPicker
+{
+public:
+    //! Becomes a child of the plot's canvas.
+    explicit ChannelHover(SpectrogramPlot *plot);
+    //! Makes room for the present text, which changes under a pointer at rest.
+    void refresh() { updateDisplay(); }
+
+protected:
+    QwtText trackerTextF(const QPointF &position) const override;
+
+private:
+    const SpectrogramPlot *m_plot;
+};
+
+ChannelHover::ChannelHover(SpectrogramPlot *plot)
+    : QwtPlotPicker(plot->canvas())
+    , m_plot(plot)
+{
+    setTrackerMode(AlwaysOn);
+    setTrackerPen(QPen(Qt::white));
+}
+
+QwtText ChannelHover::trackerTextF(const QPointF &position) const
+{
+    QwtText text(m_plot->hoverText(position), QwtText::PlainText);
+    text.setColor(Qt::white);
+    text.setBackgroundBrush(QColor(0, 0, 0, 200));
+    return text;
+}
+
 SpectrogramPlot::SpectrogramPlot(QWidget *parent)
     : SquarePlot(parent)
     , m_background(new Background)
@@ -91,7 +93,7 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
          std::initializer_list<QwtPlotItem *>{m_background, m_raster, m_meanX, m_meanY, m_ellipse})
         item->attach(this);
     m_background->setText(tr("No Data"));
-    new ChannelHover(this);
+    m_hover = new ChannelHover(this);
 
     styleAxis(this, xBottom);
     styleAxis(this, yLeft);
@@ -104,6 +106,13 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
 }
 
 SpectrogramPlot::~SpectrogramPlot() = default;
+
+void SpectrogramPlot::replot()
+{
+    SquarePlot::replot();
+    if (m_hover)
+        m_hover->refresh();
+}
 
 void SpectrogramPlot::setDetector(ProfileLayout layout)
 {

@@ -11,6 +11,7 @@
 namespace Corvale_Qt {
 
 class BeamRaster;
+class ChannelHover;
 
 /*! The raster with the items on it, its axes and its colour bar. */
 class SpectrogramPlot : public SquarePlot
@@ -43,6 +44,8 @@ public:
     void setEllipseOptions(const EllipseOptions &options);
     void setMeansVisible(bool x, bool y);
 
+    void replot() override;
+
     //! Makes the colours run from 0 to \a max. Ignored unless \a max is above 0.
     void setColorRange(double max);
     //! Sets the colours. Logarithm and typed range are used for described detectors only.
@@ -67,6 +70,7 @@ private:
     MeanCurve *m_meanX;
     MeanCurve *m_meanY;
     Ellipse *m_ellipse;
+    ChannelHover *m_hover = nullptr;
     LayoutView m_layoutView;
 
     ProfileLayout m_layout = ProfileLayout::None;

@@ -413,6 +413,21 @@ private Q_SLOTS:
         QVERIFY(std::abs(third.red() - 49) <= 2 && std::abs(third.green() - 103) <= 2);
         display.widget.setColorRange(100, 200);
         QCOMPARE(colorOf(0.3), QColor(0x44, 0x01, 0x54));
+
+        // By the controls: ticking the box changes no colour, and the higher number may be typed first.
+        using Range = QPair<double, double>;
+        auto *typed = display.control<QCheckBox>("checkBox_colorRange");
+        auto *low = display.control<QDoubleSpinBox>("spinBox_lowestColor");
+        auto *high = display.control<QDoubleSpinBox>("spinBox_highestColor");
+        QVERIFY(typed->isChecked() && low->value() == 100 && high->value() == 200);
+        typed->click();
+        QVERIFY(!low->isEnabled() && !display.widget.hasColorRange());
+        typed->click();
+        QCOMPARE(display.widget.colorRange(), Range(1, 1000));
+        low->setValue(2000);
+        QCOMPARE(display.widget.colorRange(), Range(1000, 2000));
+        high->setValue(5000);
+        QCOMPARE(display.widget.colorRange(), Range(2000, 5000));
     }
 
     void zoomAndPan()

@@ -52,6 +52,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     , m_settings(settingsFile)
     , m_displays(new DisplayTabs(session))
 {
+    m_settings.makeFolder(); // the statistics page writes there by itself
     m_sources = new SourceSwitch(session, m_settings, this);
     new ScopeMemory(session, *m_displays->scope(), m_settings, this);
     showTitle();

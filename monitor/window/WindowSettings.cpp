@@ -57,6 +57,10 @@ WindowSettings::WindowSettings(const QString &file)
     , m_settings(
           std::make_unique<Corvale_Qt::RVXApplicationSettings>(nullptr, m_file, false, isXml()))
 {
+}
+
+void WindowSettings::makeFolder() const
+{
     QDir().mkpath(QFileInfo(m_file).absolutePath());
 }
 
@@ -287,6 +291,7 @@ QVariant WindowSettings::value(const QString &key) const
 
 void WindowSettings::setValue(const QString &key, const QVariant &value)
 {
+    makeFolder();
     m_settings->getSettings()->setValue(key, value);
     m_settings->sync();
 }

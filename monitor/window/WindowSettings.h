@@ -25,6 +25,8 @@ public:
 
     //! Returns the absolute path of the file.
     QString fileName() const { return m_file; }
+    //! Makes the folder of the file, as every change does; reading makes nothing.
+    void makeFolder() const;
     bool isXml() const;
     //! Returns whether the file has choices of an operator on the statistics page.
     bool hasStatistics() const;

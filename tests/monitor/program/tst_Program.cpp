@@ -208,6 +208,12 @@ private Q_SLOTS:
             run({"-", "--stats", "--json"}, "#corvale 1\n#layout strips\n" + line + "\n");
         const QJsonArray fits = QJsonDocument::fromJson(outcome.out).object()["fits"].toArray();
         QCOMPARE(fits.size(), 2);
+        // Limits from settings that are not there are the usual ones, and nothing is written.
+        QCOMPARE(run({"-", "--stats", "--json", "--settings", path("no/none.xui")},
+                     "#corvale 1\n#layout strips\n" + line + "\n")
+                     .out,
+                 outcome.out);
+        QVERIFY(!QFileInfo::exists(path("no")));
         for (const QJsonValue &fit : fits) {
             QCOMPARE(fit["unit"].toString(), QString("channels"));
             QVERIFY(!fit["valid"].toBool() && fit["position"].isUndefined());

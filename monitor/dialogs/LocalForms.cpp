@@ -78,12 +78,12 @@ FileForm::FileForm(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_path, 1);
     layout->addWidget(browse);
-    row->setFocusProxy(m_path);
     addField(tr("&File:"),
-             row,
+             m_path,
              tr("A recording of this program, a file saved by the library, or a table with a line "
                 "of names and a "
-                "line for each time."));
+                "line for each time."),
+             row);
     connect(browse, &QPushButton::clicked, this, &FileForm::browse);
     connect(m_path, &QLineEdit::textChanged, this, &SourceForm::edited);
 }

@@ -39,6 +39,7 @@ ReportWindow::ReportWindow(const QString &path, QWidget *parent)
     where->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto *text = new QPlainTextEdit(contentOf(path), this);
     text->setReadOnly(true);
+    text->setTabChangesFocus(true);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);

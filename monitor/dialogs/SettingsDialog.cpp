@@ -2,6 +2,7 @@
 #include "monitor/dialogs/SettingsDialog.h"
 
 #include "monitor/dialogs/Explanation.h"
+#include "monitor/dialogs/FieldRow.h"
 #include "monitor/dialogs/VerdictPage.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
@@ -19,6 +20,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -38,14 +40,15 @@ QLineEdit *newEdit(QWidget *parent, const char *name, const QString &placeholder
     return edit;
 }
 
-//! Adds a field with a line below that explains it.
+//! Adds a field with a line below that explains it. The row may have more than the editor, which the label leads to.
 void addField(QFormLayout *layout,
               const QString &label,
               QWidget *editor,
-              const QString &explanation)
+              const QString &explanation,
+              QWidget *row = nullptr)
 {
     editor->setToolTip(explanation);
-    layout->addRow(label, editor);
+    addFieldRow(layout, label, row ? row : editor, editor);
     layout->addRow(QString(), new Explanation(explanation));
 }
 
@@ -71,6 +74,15 @@ bool readNumber(const QLineEdit *edit, double otherwise, double *number)
     bool isNumber = true;
     *number = text.isEmpty() ? otherwise : text.toDouble(&isNumber);
     return isNumber && !std::isnan(*number);
+}
+
+//! Returns the height of the highest page, so that the dialog opens with all of each page.
+int highest(const QTabWidget &pages)
+{
+    int height = 0;
+    for (int page = 0; page < pages.count(); ++page)
+        height = std::max(height, pages.widget(page)->sizeHint().height());
+    return height;
 }
 
 } // namespace
@@ -119,7 +131,9 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     fill();
     constexpr int columns = 96;
     const int width = fontMetrics().averageCharWidth() * columns;
-    resize(width, std::max(sizeHint().height(), layout->heightForWidth(width)));
+    const int around = sizeHint().height() - pages->currentWidget()->sizeHint().height();
+    const int height = std::max(layout->heightForWidth(width), around + highest(*pages));
+    resize(width, std::min(height, screen()->availableSize().height()));
 }
 
 QWidget *SettingsDialog::newStartPage(const QString &settingsFile)
@@ -184,9 +198,10 @@ QWidget *SettingsDialog::newReadingsPage()
                 "of a source on. Empty: the limits that the source states."));
     addField(layout,
              tr("&Detector:"),
-             withDetectors(m_detector),
+             m_detector,
              tr("A file that describes the detector, or a preset. Empty: what the source says, "
-                "otherwise positions in cells."));
+                "otherwise positions in cells."),
+             withDetectors(m_detector));
     addField(
         layout,
         tr("&No beam below:"),
@@ -201,9 +216,10 @@ QWidget *SettingsDialog::newRecordPage()
     auto *layout = new QFormLayout(page);
     addField(layout,
              tr("Fo&lder:"),
-             withBrowse(m_folder),
+             m_folder,
              tr("Every source that is opened is recorded to a new file in this folder, named after "
-                "its date and time in UTC. Empty: only File > Record."));
+                "its date and time in UTC. Empty: only File > Record."),
+             withBrowse(m_folder));
     addField(layout,
              tr("&New file after:"),
              m_rotation,
@@ -222,7 +238,6 @@ QWidget *SettingsDialog::withBrowse(QLineEdit *edit)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(edit, 1);
     layout->addWidget(button);
-    row->setFocusProxy(edit);
     connect(button, &QPushButton::clicked, this, [this, edit] {
         browse(edit, true);
     });
@@ -263,7 +278,6 @@ QWidget *SettingsDialog::withDetectors(QLineEdit *edit)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(edit, 1);
     layout->addWidget(button);
-    row->setFocusProxy(edit);
     return row;
 }
 

@@ -2,6 +2,7 @@
 #include "monitor/dialogs/SourceForm.h"
 
 #include "monitor/dialogs/Explanation.h"
+#include "monitor/dialogs/FieldRow.h"
 #include "monitor/dialogs/LineForms.h"
 #include "monitor/dialogs/LocalForms.h"
 #include "monitor/dialogs/PluginForm.h"
@@ -20,11 +21,14 @@ SourceForm::SourceForm(QWidget *parent)
     m_layout->setRowWrapPolicy(QFormLayout::DontWrapRows);
 }
 
-void SourceForm::addField(const QString &label, QWidget *editor, const QString &explanation)
+void SourceForm::addField(const QString &label,
+                          QWidget *editor,
+                          const QString &explanation,
+                          QWidget *row)
 {
     editor->setToolTip(explanation);
     editor->setAccessibleDescription(explanation);
-    m_layout->addRow(label, editor);
+    addFieldRow(m_layout, label, row ? row : editor, editor);
     m_layout->addRow(QString(), new Explanation(explanation, this));
 }
 

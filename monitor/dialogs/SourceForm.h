@@ -29,7 +29,10 @@ Q_SIGNALS:
 protected:
     explicit SourceForm(QWidget *parent = nullptr);
     //! Adds a field; \a explanation stands below it and is its tool tip.
-    void addField(const QString &label, QWidget *editor, const QString &explanation);
+    void addField(const QString &label,
+                  QWidget *editor,
+                  const QString &explanation,
+                  QWidget *row = nullptr);
     //! Adds a paragraph below the fields.
     void addText(const QString &text);
 

@@ -2,6 +2,7 @@
 #include "monitor/dialogs/VerdictPage.h"
 
 #include "monitor/dialogs/Explanation.h"
+#include "monitor/dialogs/FieldRow.h"
 
 #include <QDoubleSpinBox>
 #include <QEvent>
@@ -179,8 +180,7 @@ void VerdictPage::addLimit(QFormLayout *form, std::size_t index)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(box, 0, Qt::AlignTop); // beside its label
     layout->addWidget(new Explanation(meaning), 1);
-    row->setFocusProxy(box);
-    form->addRow(tr(text.label), row);
+    addFieldRow(form, tr(text.label), row, box);
 }
 
 VerdictLimits VerdictPage::limits() const

@@ -77,7 +77,9 @@ FileMenu::FileMenu(Session &session,
     edit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Comma));
     edit->setObjectName(QStringLiteral("settings"));
     QAction *quit = addAction(symbol(QStringLiteral("quit")), tr("&Quit"), window, &QWidget::close);
-    quit->setShortcut(QKeySequence::Quit);
+    quit->setObjectName(QStringLiteral("quit"));
+    // The standard key is none where no desktop says what it is.
+    quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
     connect(m_recent, &QMenu::aboutToShow, this, &FileMenu::listRecent);
     connect(&sources, &SourceSwitch::currentChanged, this, &FileMenu::refresh);
     refresh();

@@ -178,6 +178,7 @@ void ImportDialog::makePreview()
     m_rows->setObjectName(QStringLiteral("importRows"));
     m_rows->setAccessibleName(tr("The first rows as they will be read"));
     m_rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_rows->setTabKeyNavigation(false);
     m_rows->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
     m_rows->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_verdict = new QLabel(this);

@@ -46,15 +46,16 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     m_table->setShowGrid(false);
     m_baseline->setObjectName(QStringLiteral("valueState"));
     m_baseline->setAlignment(Qt::AlignCenter);
+    m_baseline->setWordWrap(true);
     Look::dress(m_baseline, Look::State::Processed);
     m_baseline->hide();
     m_table->setDragEnabled(true);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setTabKeyNavigation(false);
+    m_table->viewport()->installEventFilter(this);
     connect(m_table, &QAbstractItemView::activated, this, &LatestValuePanel::toggle);
 
     auto *all = new QPushButton(tr("&All"), this);
@@ -121,6 +122,7 @@ void LatestValuePanel::fitNames()
     updateGeometry(); // limits have words beside the values
     const int room = m_table->viewport()->width() - valueWidth();
     const int least = leastNameWidth();
+    m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_table->resizeColumnToContents(0);
     m_table->setColumnWidth(0, std::clamp(m_table->columnWidth(0), least, std::max(room, least)));
 }
@@ -141,13 +143,16 @@ int LatestValuePanel::leastNameWidth() const
 QSize LatestValuePanel::minimumSizeHint() const
 {
     const int scrollBar = m_table->verticalScrollBar()->sizeHint().width();
-    return {leastNameWidth() + valueWidth() + scrollBar + 8, 100};
+    const int ofTable = leastNameWidth() + valueWidth() + scrollBar + 8;
+    return {std::max(ofTable, QWidget::minimumSizeHint().width()), 100};
 }
 
-void LatestValuePanel::resizeEvent(QResizeEvent *event)
+//! Fits the columns to the room of the table, which a scroll bar takes some of when many channels come.
+bool LatestValuePanel::eventFilter(QObject *watched, QEvent *event)
 {
-    QWidget::resizeEvent(event);
-    fitNames();
+    if (event->type() == QEvent::Resize)
+        fitNames();
+    return QWidget::eventFilter(watched, event);
 }
 
 void LatestValuePanel::toggle(const QModelIndex &cell)

@@ -127,6 +127,11 @@ private:
                         dock,
                         dock->fontMetrics().horizontalAdvance(dock->windowTitle()),
                         dock->width());
+        else if (const auto *box = qobject_cast<const QGroupBox *>(part))
+            lookAtWidth(place,
+                        box,
+                        box->fontMetrics().horizontalAdvance(box->title()),
+                        box->width());
         else if (const auto *line = qobject_cast<const QLineEdit *>(part))
             lookAtWidth(place,
                         line,
@@ -142,8 +147,8 @@ private:
                 && button->toolButtonStyle() != Qt::ToolButtonIconOnly)
             || qobject_cast<const QLabel *>(part) || qobject_cast<const QPushButton *>(part)
             || qobject_cast<const QCheckBox *>(part) || qobject_cast<const QRadioButton *>(part)
-            || qobject_cast<const QComboBox *>(part) || qobject_cast<const QAbstractSpinBox *>(part)
-            || qobject_cast<const QGroupBox *>(part);
+            || qobject_cast<const QComboBox *>(part)
+            || qobject_cast<const QAbstractSpinBox *>(part);
     }
     //! Labels that wrap need their height only; a field of the status line shortens its text itself.
     void lookAtText(const QString &place, const QWidget *part)
@@ -173,6 +178,11 @@ private:
             if (!header->isSectionHidden(section) && header->isVisible())
                 lookAtWidth(place, header, need, has);
         }
+        // What lies beyond the edge of a table that does not scroll is cut, without a sign that it is.
+        const auto *table = qobject_cast<const QAbstractScrollArea *>(header->parentWidget());
+        if (table && table->horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff
+            && header->orientation() == Qt::Horizontal)
+            lookAtWidth(place, header, header->length(), header->viewport()->width());
     }
 
     const QSize m_screen;

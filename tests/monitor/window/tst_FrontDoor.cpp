@@ -271,6 +271,14 @@ private Q_SLOTS:
     {
         const QString settingsFile = file("options.xui");
         SettingsDialog dialog(MonitorOptions(), settingsFile);
+        dialog.show();
+        auto *pages = dialog.findChild<QTabWidget *>();
+        for (int page = 0; page < pages->count(); ++page) { // each is seen whole
+            pages->setCurrentIndex(page);
+            QCoreApplication::processEvents();
+            const auto *scrolled = qobject_cast<QScrollArea *>(pages->widget(page));
+            QVERIFY(!scrolled || scrolled->verticalScrollBar()->maximum() == 0);
+        }
         const auto type = [&](const char *name, const QString &text) {
             dialog.findChild<QLineEdit *>(QLatin1String(name))->setText(text);
         };

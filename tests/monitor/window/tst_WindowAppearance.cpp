@@ -10,6 +10,8 @@
 #include "monitor/window/StatusField.h"
 #include "tests/monitor/support/Contrast.h"
 #include "tests/monitor/support/Dialogs.h"
+#include "tests/monitor/support/FocusWalk.h"
+#include "tests/monitor/support/MenuWalk.h"
 #include "tests/monitor/support/Mnemonics.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
@@ -75,84 +77,6 @@ public:
 private:
     mutable QSet<QPair<QString, QString>> m_heard;
 };
-
-//! Returns whether an entry can be triggered without leaving the window.
-bool staysInTheWindow(const QAction *entry)
-{
-    static const QStringList leaving{"closeSource", "print", "fullScreen"};
-    return !entry->isSeparator() && !entry->menu() && entry->isEnabled()
-        && entry->shortcut() != QKeySequence(QKeySequence::Quit)
-        && !leaving.contains(entry->objectName());
-}
-
-void lookAtPages(QDialog *dialog, ClippedTexts &clipped)
-{
-    auto *kinds = dialog->findChild<QListWidget *>("kinds");
-    for (int row = 0; kinds && row < kinds->count(); ++row) {
-        kinds->setCurrentRow(row);
-        QCoreApplication::processEvents();
-        clipped.look(kinds->item(row)->text(), dialog);
-    }
-    auto *tabs = dialog->findChild<QTabWidget *>();
-    for (int page = 0; tabs && page < tabs->count(); ++page) {
-        tabs->setCurrentIndex(page);
-        QCoreApplication::processEvents();
-        clipped.look(tabs->tabText(page), dialog);
-    }
-}
-
-void lookAtDialog(const QString &name, QDialog *dialog, ClippedTexts &clipped)
-{
-    QCoreApplication::processEvents();
-    if (qobject_cast<QFileDialog *>(dialog))
-        return;
-    // The screen of the tests is narrower than the smallest that the window is made for.
-    if (dialog->width() >= dialog->screen()->availableSize().width()) {
-        // Qt keeps a message box on the screen there is; with more room it would look different.
-        if (qobject_cast<QMessageBox *>(dialog))
-            return;
-        dialog->resize(int(clipped.screen().width() / dialog->devicePixelRatioF()),
-                       dialog->height());
-        QCoreApplication::processEvents();
-    }
-    clipped.look(name, dialog);
-    clipped.require(name, dialog);
-    lookAtPages(dialog, clipped);
-}
-
-void lookAtWindows(const QString &name, ClippedTexts &clipped)
-{
-    for (const QWidget *shown : QApplication::topLevelWidgets()) {
-        if (!shown->isVisible() || qobject_cast<const QMenu *>(shown))
-            continue;
-        clipped.look(name, shown);
-        clipped.require(name, shown);
-    }
-}
-
-//! Looks at a menu and at what each of its entries opens. Returns the number of dialogs.
-int walk(QMenu *menu, ClippedTexts &clipped)
-{
-    int dialogs = 0;
-    clipped.lookAtMenu(menu);
-    for (QAction *entry : menu->actions()) {
-        if (!staysInTheWindow(entry))
-            continue;
-        onEveryDialog(
-            [&](QDialog *dialog) {
-                ++dialogs;
-                lookAtDialog(entry->text(), dialog, clipped);
-            },
-            [entry] {
-                entry->trigger();
-            });
-        QCoreApplication::processEvents();
-        lookAtWindows(entry->text(), clipped);
-        if (entry->isCheckable() && !entry->actionGroup())
-            entry->trigger();
-    }
-    return dialogs;
-}
 
 } // namespace
 
@@ -417,9 +341,8 @@ private Q_SLOTS:
         const InLanguage inLanguage(language);
         const InPoints inPoints(points);
         const InDirection inDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        // The colours do not depend on the language.
         QVector<Appearance::Choice> appearances{Appearance::Choice::Light};
-        if (language == "en" && points == 0 && !mirrored)
+        if (language != "fr" && points == 0 && !mirrored)
             appearances.append(Appearance::Choice::Dark);
         // A person who reads larger text has a larger screen, as far as there are any.
         const QSize screen =
@@ -446,6 +369,46 @@ private Q_SLOTS:
         QCOMPARE(clipped.text(), QString());
     }
 
+    //! A scroll bar beside the values takes its room from the names.
+    void manyValuesHaveTheirRoom()
+    {
+        WindowInTest w(file("many.xui"), QSize(1600, 1000));
+        QVERIFY(w.window.sources().open("sim:pixels"));
+        w.clock.advance(0.5);
+        QCoreApplication::processEvents();
+        const QHeaderView *header = w.values()->horizontalHeader();
+        QVERIFY(w.values()->verticalScrollBar()->isVisible());
+        QCOMPARE(header->length(), header->viewport()->width());
+        QVERIFY(header->sectionSize(1)
+                > w.values()->fontMetrics().horizontalAdvance(" -0.0000e-00 "));
+    }
+
+    //! A text that has not its room is found, in the window and in what an entry of a menu opens.
+    void aClippedTextIsFound()
+    {
+        SmallWindow w(file("planted.xui"));
+        QMenu *menu = w.menus().first();
+        const auto planted = [](const QString &text, QWidget *parent) {
+            auto *label = new QLabel(text, parent);
+            label->setFixedWidth(label->sizeHint().width() / 2);
+            return label;
+        };
+        QObject::connect(menu->addAction("Planted..."), &QAction::triggered, &w.window, [&] {
+            QDialog dialog(&w.window);
+            auto *layout = new QVBoxLayout(&dialog);
+            layout->addWidget(planted("in a dialog", &dialog));
+            layout->addWidget(new QLabel("with enough room", &dialog));
+            dialog.exec();
+        });
+        w.window.statusBar()->addPermanentWidget(planted("in the window", w.window.statusBar()));
+        ClippedTexts clipped(WindowInTest::smallScreen);
+        walk(menu, clipped);
+        QVERIFY2(clipped.text().contains("Planted...: QLabel  \"in a dialog\""),
+                 qPrintable(clipped.text()));
+        QVERIFY2(clipped.text().contains("QLabel  \"in the window\""), qPrintable(clipped.text()));
+        QVERIFY(!clipped.text().contains("enough"));
+    }
+
     void everyDialogOpensAndClosesByKeys()
     {
         SmallWindow w(file("dialogs.xui"));
@@ -461,12 +424,19 @@ private Q_SLOTS:
                     found = qobject_cast<QDialog *>(shown);
             return found;
         };
+        int reached = 0;
         for (const QString &way : qAsConst(ways)) {
             int dialogs = 0;
             const auto escape = [&](QDialog *dialog) {
                 ++dialogs;
                 const QPointer<QDialog> opened = dialog;
                 QTRY_VERIFY2(QApplication::activeWindow() == dialog, qPrintable(way));
+                if (!qobject_cast<QFileDialog *>(dialog)) { // which is Qt's own
+                    FocusWalk focus(dialog);
+                    focus.walk();
+                    QVERIFY2(focus.missed().isEmpty(), qPrintable(way + ": " + focus.missed()));
+                    reached += focus.reached();
+                }
                 press(Qt::Key_Escape);
                 QVERIFY2(!opened || !opened->isVisible(), qPrintable(way));
             };
@@ -481,7 +451,7 @@ private Q_SLOTS:
                 escape(dialog); // one that leaves the window usable
             QVERIFY2(dialogs == 1, qPrintable(way));
         }
-        QVERIFY2(ways.size() >= 8, qPrintable(ways.join(' ')));
+        QVERIFY2(ways.size() >= 8 && reached > 60, qPrintable(QString::number(reached)));
     }
 
     //! The end of the program waits with a word, and there is nothing to wait for without files.

@@ -11,7 +11,6 @@
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -308,46 +307,6 @@ void RVXScopePlotView::selectionChanged(const QItemSelection &selected,
 void RVXScopePlotView::doItemsLayout()
 {
     QAbstractItemView::doItemsLayout();
-    RequestReplot();
-}
-
-void RVXScopePlotView::Plot()
-{
-    Q_D(RVXScopePlotView);
-    if (d->mode <= HistogramMode) {
-        if (d->plotting || !model() || !d->replotPending)
-            return;
-        if (d->mode != ScopeMode && !isVisible())
-            return;
-        d->replotPending = false;
-        if (std::exchange(d->pictureStale, false))
-            d->canvas->invalidateBackingStore();
-        const QScopedValueRollback<bool> guard(d->plotting, true);
-        d->plotMode();
-        d->navigation->plotted();
-        d->announceLater();
-    }
-    d->showBufferSize();
-}
-
-void RVXScopePlotView::RequestReplot()
-{
-    Q_D(RVXScopePlotView);
-    d->replotPending = true;
-    d->pictureStale = true;
-    if (!std::exchange(d->repaintAsked, true)) {
-        viewport()->update();
-        d->canvas->replot();
-    }
-    d->announceLater();
-    if (d->mode > HistogramMode)
-        Plot();
-}
-
-void RVXScopePlotView::RequestReplotRefresh()
-{
-    Q_D(RVXScopePlotView);
-    d->context.refreshAsked = true;
     RequestReplot();
 }
 

@@ -52,19 +52,6 @@ bool hasListeners(const QItemSelectionModel &selection)
 
 } // namespace
 
-RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
-    : d(view)
-{
-    setObjectName(QStringLiteral("RVXScopePlotViewEventFilter"));
-}
-
-bool RVXScopePlotViewEventFilter::eventFilter(QObject *, QEvent *event)
-{
-    if (event->type() == QEvent::Paint)
-        d->canvasIsPainted();
-    return false;
-}
-
 RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     : q_ptr(view)
     , layout(new QVBoxLayout(view->viewport()))
@@ -81,6 +68,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     prepareCanvas();
     eventFilter = std::make_unique<RVXScopePlotViewEventFilter>(this);
     canvas->installEventFilter(eventFilter.get());
+    plot->installEventFilter(eventFilter.get());
     prepareItems();
     preparePickers();
     context.statistics.insertInto(layout);
@@ -172,18 +160,6 @@ void RVXScopePlotViewPrivate::setRange(const std::pair<double, double> &range)
         q_ptr->SetYScaleMode(context.yScale.mode);
     }
     Q_EMIT q_ptr->rangeChanged(range.first, range.second);
-}
-
-void RVXScopePlotViewPrivate::plotForMarkers()
-{
-    const bool isSweepOnScreen = mode == RVXScopePlotView::ScopeMode && q_ptr->isVisible();
-    const bool hasMarkers = context.markers.isAttached(0) || context.markers.isAttached(1);
-    if (!replotPending || plotting || !hasMarkers || isSweepOnScreen || !q_ptr->model()
-        || mode > RVXScopePlotView::HistogramMode)
-        return;
-    replotPending = false;
-    const QScopedValueRollback<bool> guard(plotting, true);
-    plotMode();
 }
 
 //! Returns whether anything is connected to a signal of the view.
@@ -292,13 +268,6 @@ void RVXScopePlotViewPrivate::showBufferSize()
         return;
     samplesShown = samples;
     bufferSizeLabel->setText(RVXScopePlotView::tr("%1 Samples").arg(samples));
-}
-
-void RVXScopePlotViewPrivate::canvasIsPainted()
-{
-    repaintAsked = false;
-    replotPending = true;
-    q_ptr->Plot();
 }
 
 void RVXScopePlotViewPrivate::watch(QAbstractItemModel *items)

@@ -29,7 +29,7 @@ namespace Corvale_Qt {
 class ScopeLegend;
 struct CanvasLook;
 
-//! Has the plot made when the canvas is about to be painted.
+//! Has the plot made when its axes or its canvas are about to be painted.
 class RVXScopePlotViewEventFilter : public QObject
 {
 public:
@@ -102,7 +102,9 @@ public:
     void announceMarkers();
 
     void showBufferSize();
-    //! Plots what was asked for, before the canvas is painted.
+    //! Plots what was asked for, before the axes are painted beneath the canvas: their texts go with the curves, and have room.
+    void plotIsPainted();
+    //! Plots before the canvas is painted, unless that was done for the axes.
     void canvasIsPainted();
     //! Listens to the signals of a model that an item view ignores.
     void watch(QAbstractItemModel *items);
@@ -144,6 +146,8 @@ public:
         false; //!< a reset is made because of channels that were followed already
     bool replotPending = false;
     bool plotting = false;
+    bool plottedBefore =
+        false; //!< the plot was made for the picture that the canvas is about to be painted for
     bool repaintAsked = false; //!< the canvas was asked to repaint and has not been painted since
     bool pictureStale = false; //!< the backing store of the canvas is older than the last request
     bool rowsLeave = false; //!< the model is removing rows right now

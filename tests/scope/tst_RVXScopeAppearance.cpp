@@ -4,9 +4,11 @@
 #include "corvale_qt/scope/LegendDelegate_p.h"
 #include "corvale_qt/scope/LegendModel_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
+#include "corvale_qt/units/Units.h"
 #include "tests/scope/HistogramView.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/AxisTexts.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
 #include "tests/support/Mouse.h"
@@ -14,6 +16,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <qwt_plot_curve.h>
 
@@ -166,6 +169,53 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(panel.control("stateLabel")->isVisible());
         QCOMPARE(clippedControls(panel), QString());
+    }
+
+    //! Labels become wider and narrower, and prefixes change, while readings come.
+    void axesHaveRoomForTheirTexts_data()
+    {
+        tableFrom(R"(
+            | bool prefix | int timeAxis | int mode
+            prefixes, seconds | true | 0 | 0
+            prefixes, before the newest reading | true | 1 | 0
+            prefixes, local time | true | 2 | 0
+            prefixes, UTC | true | 3 | 0
+            plain numbers | false | 0 | 0
+            sweeps | true | 0 | 1
+            bars | true | 0 | 2
+            bars without prefixes | false | 0 | 2
+        )");
+    }
+    void axesHaveRoomForTheirTexts()
+    {
+        QFETCH(bool, prefix);
+        QFETCH(int, timeAxis);
+        QFETCH(int, mode);
+        const Units::V volt;
+        ScopeTestModel model(2);
+        model.ownUnits = {{2, &volt}};
+        ScopeTestView view(&model);
+        view.resize(500, 300);
+        view.setSecondAxis(true);
+        view.setHysteresis(true);
+        view.setSiPrefix(prefix);
+        view.setTimeAxis(RVXScopePlotView::TimeAxis(timeAxis));
+        view.setSampleSpan(4);
+        view.SetPlotMode(mode);
+        double interval = 0.01;
+        for (const double size : {5.0, 0.9, 0.085, 123456.7, -2e-7, 0.0, 99.5, 1.00001, 3e9}) {
+            for (const int pictures : {1, 60}) { // the axis shrinks after a while
+                for (int i = 0; i < pictures; ++i) {
+                    model.appendRows(4, interval, [size](int channel, double time) {
+                        return size * (channel == 1 ? 1.0 : -1e-3) * (1.0 + 0.01 * std::sin(time));
+                    });
+                    view.grab();
+                }
+                const QString cut = cutAxisTexts(*view.qwtPlot());
+                QVERIFY2(cut.isEmpty(), qPrintable(QString("%1: %2").arg(size).arg(cut)));
+            }
+            interval *= 9.0;
+        }
     }
 
     void zeroedStateIsReadable()

@@ -4,6 +4,7 @@
 #include "corvale_qt/corvale_qt_export.h"
 #include "corvale_qt/numerics/ChannelLimits.h"
 #include "corvale_qt/numerics/SweepTrigger.h"
+#include "corvale_qt/scope/ValueRange.h"
 
 #include <QAbstractItemView>
 #include <QDateTime>
@@ -11,6 +12,7 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -255,11 +257,13 @@ public:
     //! Returns the units that the right axis may show, as valueUnits() does.
     QStringList rightUnits() const;
     //! Returns the range of the right axis in the unit of its channels: the one that was set, otherwise the one that is shown.
-    std::pair<double, double> rightRange() const;
+    ValueRange rightRange() const;
+    //! Returns the range that was set for the right axis, also while that is hidden or in another unit; empty if none is.
+    std::optional<ValueRange> givenRightRange() const;
     //! Returns the range of the left axis in the unit of its channels: range(), or what is shown while that is in another unit.
     std::pair<double, double> leftRange() const;
-    //! Sets that range, which belongs to the unit. Returns false for numbers that are not finite, and while there is no right axis.
-    bool setRightRange(double minimum, double maximum);
+    //! Sets the range that the right axis shows while its channels are in the unit of the range. Ignores numbers that are not finite.
+    void setRightRange(const ValueRange &range);
     //! Has the right axis follow its channels, or their full scale, again.
     void resetRightRange();
     //! Returns a value of a channel on the right axis as text in rightUnit(), without the unit.
@@ -316,8 +320,7 @@ public:
     void setRaisedChannel(int channel);
     //! Returns whether the bars of the histogram are labelled with the names of their channels.
     bool hasBarNames() const;
-    /*! Sets whether the bars of the histogram are labelled with the names of their channels, as far as there is room, instead of
-        letters and numbers. */
+    //! Sets whether names of channels, where they have room, stand below the bars of the histogram instead of letters and numbers.
     void setBarNames(bool on);
     //! Returns whether the canvas is white.
     bool hasLightCanvas() const;
@@ -356,11 +359,9 @@ public:
     void enablePlotMarker(bool enable);
     //! Returns whether clicks place markers.
     bool areMarkersEnabled() const;
-    /*! Returns what the markers read. A view that is hidden reads the newest samples too. In scope mode a visible view reads
-        the sweep that is on the screen. */
+    //! Returns what the markers read of the newest samples, also while hidden; in scope mode, a visible view reads the shown sweep.
     ScopeMarkerStatistics markerStatistics() const;
-    /*! Returns whether the last plot drew a reading: a finite sample of a curve, or the bar of one. Returns false in the modes
-        that show a companion widget. */
+    //! Returns whether the last plot drew a reading: a finite sample of a curve, or its bar. Modes of companion widgets draw none.
     bool showsReadings() const;
 
     //! Returns whether a user may zoom and pan.
@@ -369,8 +370,7 @@ public:
         with Shift it draws a rectangle that is zoomed to; a double click and End show the newest samples again, Backspace the
         window before. The user's guide has the table of keys. A click still places a marker. */
     void setInteractive(bool interactive);
-    /*! Returns whether the picture stands still on its samples although rows come and leave. Where its samples have left the
-        model, it is empty, and a mark on it says so. */
+    //! Returns whether the picture stands still although rows come and leave. A mark says where its samples have left the model.
     bool isHeld() const;
     /*! Shows a part of the plot: x from left to right and y from top to bottom of \a area, in numbers of the axes. The x axis
         is then held; in scope mode the sweep is, too. The histogram has only the y range. An axis for which \a area has no
@@ -390,15 +390,13 @@ public:
     void setTimeOrigin(const QDateTime &origin);
     //! Returns whether a line follows the pointer.
     bool isCursorEnabled() const;
-    /*! Sets whether a line follows the pointer, with a box that lists the time of the nearest sample and the reading of each
-        channel that is shown. */
+    //! Sets whether a line follows the pointer, with a box that lists the time and the readings of the nearest sample.
     void setCursorEnabled(bool enabled);
     //! Returns whether the label of the second marker also shows difference, extremes, integral and slope.
     bool hasMarkerDetails() const;
     //! Sets whether the label of the second marker also shows difference, extremes, integral and slope.
     void setMarkerDetails(bool detailed);
-    /*! Returns what the markers read as text, a line for each number with tabs between name, number and unit. Empty if no
-        marker is set. An interactive view copies it to the clipboard with Ctrl+C. */
+    //! Returns what the markers read, as Ctrl+C copies it: lines of name, number and unit with tabs between; empty without markers.
     QString markerReport() const;
 
     /*! Replaces the statistics of one type by \a count new ones, each on its share of the channels: item g, counted from
@@ -497,6 +495,8 @@ Q_SIGNALS:
 
     //! Values are shown with a prefix, or as the model has them again.
     void siPrefixChanged(bool on);
+    //! givenRightRange() has changed.
+    void rightRangeChanged();
     //! The unit that was set for the y axis has changed; empty if it suits the scale.
     void valueUnitChanged(const QString &symbol);
     //! The y axis shows another unit. Emitted by the event loop.

@@ -104,14 +104,21 @@ QStringList RVXScopePlotView::rightUnits() const
                            : QStringList();
 }
 
-std::pair<double, double> RVXScopePlotView::rightRange() const
+ValueRange RVXScopePlotView::rightRange() const
 {
     Q_D(const RVXScopePlotView);
-    const YScale &scale = d->context.yScale;
-    if (scale.otherRange && scale.otherUnit == d->context.axes.values(QwtPlot::yRight).givenUnit())
-        return *scale.otherRange;
+    const std::optional<ValueRange> &given = d->context.yScale.otherRange;
+    const QString unit = d->context.axes.values(QwtPlot::yRight).givenUnit();
+    if (given && given->unit == unit)
+        return *given;
     const QwtInterval shown = d->plot->axisInterval(QwtPlot::yRight);
-    return {shown.minValue(), shown.maxValue()};
+    return {shown.minValue(), shown.maxValue(), unit};
+}
+
+std::optional<ValueRange> RVXScopePlotView::givenRightRange() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.yScale.otherRange;
 }
 
 std::pair<double, double> RVXScopePlotView::leftRange() const
@@ -123,24 +130,26 @@ std::pair<double, double> RVXScopePlotView::leftRange() const
     return {shown.minValue(), shown.maxValue()};
 }
 
-bool RVXScopePlotView::setRightRange(double minimum, double maximum)
+void RVXScopePlotView::setRightRange(const ValueRange &range)
 {
     Q_D(RVXScopePlotView);
-    if (!std::isfinite(minimum) || !std::isfinite(maximum) || !d->context.axes.hasRight())
-        return false;
-    d->context.yScale.otherRange = {minimum, maximum};
-    d->context.yScale.otherUnit = d->context.axes.values(QwtPlot::yRight).givenUnit();
-    d->context.axes.setYScale(d->context.yScale);
-    RequestReplotRefresh();
-    return true;
+    if (std::isfinite(range.minimum) && std::isfinite(range.maximum))
+        d->setOtherRange(range);
 }
 
 void RVXScopePlotView::resetRightRange()
 {
     Q_D(RVXScopePlotView);
-    d->context.yScale.otherRange.reset();
-    d->context.axes.setYScale(d->context.yScale);
-    RequestReplotRefresh();
+    d->setOtherRange({});
+}
+
+void RVXScopePlotViewPrivate::setOtherRange(const std::optional<ValueRange> &range)
+{
+    const bool isOther = std::exchange(context.yScale.otherRange, range) != range;
+    context.axes.setYScale(context.yScale);
+    q_ptr->RequestReplotRefresh();
+    if (isOther)
+        Q_EMIT q_ptr->rightRangeChanged();
 }
 
 QString RVXScopePlotView::toRightValue(double value) const

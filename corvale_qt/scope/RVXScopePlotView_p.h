@@ -69,6 +69,8 @@ public:
     void setMode(int newMode);
     //! Sets the full-scale range and applies it to the y axis.
     void setRange(const std::pair<double, double> &range);
+    //! Sets the range of the right axis; empty lets it follow its channels.
+    void setOtherRange(const std::optional<ValueRange> &range);
     //! Asks for a plot that also draws the last sweep again.
     void requestRefresh();
     //! Plots anew after timeSpan, sampleSpan or beginAtFirst has changed.

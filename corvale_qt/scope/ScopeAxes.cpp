@@ -189,7 +189,7 @@ YScale YScale::withOtherRange() const
 {
     YScale scale = *this;
     scale.isRangeGiven = true;
-    scale.range = *otherRange;
+    scale.range = {otherRange->minimum, otherRange->maximum};
     scale.positiveOnly = false;
     scale.mode = kFullRangeIndex;
     return scale;
@@ -210,8 +210,8 @@ void ScopeAxes::setYScale(const YScale &scale)
         const QString unit = values(axis).givenUnit();
         const bool hasRange = scale.rangeUnit && m_units.areApart() ? unit == *scale.rangeUnit
                                                                     : axis == QwtPlot::yLeft;
-        const bool hasOther = scale.otherRange && m_units.areApart() && unit == scale.otherUnit
-            && scale.mode != kNormalizeScaleIndex && !hasRange;
+        const bool hasOther = scale.otherRange && m_units.areApart()
+            && unit == scale.otherRange->unit && scale.mode != kNormalizeScaleIndex && !hasRange;
         applyYScale(axis,
                     hasRange       ? scale
                         : hasOther ? scale.withOtherRange()

@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/scope/ValueAxis_p.h"
+#include "corvale_qt/scope/ValueRange.h"
 
 #include <qwt_plot.h>
 
@@ -27,8 +28,7 @@ struct YScale
     bool positiveOnly = false;
     bool isRangeGiven = false; //!< the host has set the range
     std::optional<QString> rangeUnit; //!< the unit that the range is in, once it is known
-    std::optional<std::pair<double, double>> otherRange; //!< that was set for the right axis
-    QString otherUnit; //!< that the other range is in
+    std::optional<ValueRange> otherRange; //!< that was set for the right axis
     bool followsFullScale = false; //!< without a given range, the full scale is that of the data
     bool isLogarithmic = false;
     bool isSteady = false; //!< an axis that follows the data has hysteresis

@@ -5,6 +5,8 @@
 #include <QDataStream>
 #include <QPointer>
 
+#include <cmath>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -34,6 +36,25 @@ QDataStream &operator>>(QDataStream &stream, SweepTrigger &trigger)
     return stream;
 }
 
+QDataStream &operator<<(QDataStream &stream, const std::optional<ValueRange> &range)
+{
+    stream << range.has_value();
+    return range ? stream << range->minimum << range->maximum << range->unit : stream;
+}
+
+QDataStream &operator>>(QDataStream &stream, std::optional<ValueRange> &range)
+{
+    bool isSet = false;
+    stream >> isSet;
+    if (!isSet)
+        return stream;
+    range.emplace();
+    stream >> range->minimum >> range->maximum >> range->unit;
+    if (!std::isfinite(range->minimum) || !std::isfinite(range->maximum))
+        stream.setStatus(QDataStream::ReadCorruptData);
+    return stream;
+}
+
 //! Calls \a visit with the name and the value of each choice. The names are kept in files.
 template<typename Choices, typename Visit>
 void visitChoices(Choices &choices, Visit visit)
@@ -42,6 +63,7 @@ void visitChoices(Choices &choices, Visit visit)
     visit("siPrefix", choices.siPrefix);
     visit("valueUnit", choices.valueUnit);
     visit("secondAxis", choices.secondAxis);
+    visit("rightRange", choices.rightRange);
     visit("hysteresis", choices.hysteresis);
     visit("fullScaleFromData", choices.fullScaleFromData);
     visit("logarithmic", choices.logarithmic);
@@ -82,6 +104,7 @@ ViewChoices ViewChoices::of(const RVXScopePlotView &view)
     choices.siPrefix = view.hasSiPrefix();
     choices.valueUnit = view.valueUnit();
     choices.secondAxis = view.hasSecondAxis();
+    choices.rightRange = view.givenRightRange();
     choices.hysteresis = view.hasHysteresis();
     choices.fullScaleFromData = view.isFullScaleFromData();
     choices.logarithmic = view.isLogarithmic();
@@ -132,6 +155,12 @@ void ViewChoices::applyTo(RVXScopePlotView &view) const
     set(&View::setBarNames, barNames);
     set(&View::setGapIntervals, gapIntervals);
     set(&View::setTrigger, trigger);
+    if (alive && rightRange) {
+        if (*rightRange)
+            view.setRightRange(**rightRange);
+        else
+            view.resetRightRange();
+    }
     if (alive && timeAxis)
         view.setTimeAxis(View::TimeAxis(*timeAxis));
 }

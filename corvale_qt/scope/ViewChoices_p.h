@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/numerics/SweepTrigger.h"
+#include "corvale_qt/scope/ValueRange.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -26,6 +27,7 @@ struct ViewChoices
     std::optional<bool> siPrefix;
     std::optional<QString> valueUnit;
     std::optional<bool> secondAxis;
+    std::optional<std::optional<ValueRange>> rightRange; //!< the inner one is empty if none was set
     std::optional<bool> hysteresis;
     std::optional<bool> fullScaleFromData;
     std::optional<bool> logarithmic;

@@ -8,8 +8,10 @@
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <QMetaProperty>
+#include <QScopedValueRollback>
 
 #include <cmath>
+#include <optional>
 
 namespace Monitor {
 
@@ -18,6 +20,16 @@ using namespace Corvale_Qt;
 namespace {
 
 const QString triggerKey = QStringLiteral("trigger");
+const QString rightRangeKey = QStringLiteral("right-value-range");
+
+//! The texts that the range of the right axis is kept as, in this order.
+enum RightRangeText {
+    RightRangeSource,
+    RightRangeUnit,
+    RightRangeMinimum,
+    RightRangeMaximum,
+    RightRangeTexts,
+};
 
 //! The texts that a trigger is kept as, in this order.
 enum TriggerText {
@@ -89,6 +101,8 @@ ScopeMemory::ScopeMemory(Session &session,
                                  "controlsVisible"})
         addChoice(&scope, property);
     addChoice(&m_view, "logarithmic");
+    connect(&session, &Session::streamStarted, this, &ScopeMemory::restoreRightRange);
+    connect(&m_view, &RVXScopePlotView::rightRangeChanged, this, &ScopeMemory::keepRightRange);
     connect(&session, &Session::streamStarted, this, &ScopeMemory::restoreTrigger);
     connect(&m_view, &RVXScopePlotView::triggerChanged, this, &ScopeMemory::keepTrigger);
 }
@@ -115,6 +129,34 @@ void ScopeMemory::keepChoices()
         choice.text = text;
         m_settings.setText(choiceKey(choice.property), text);
     }
+}
+
+//! Sets the range that was kept for the source. The range of another source means nothing here.
+void ScopeMemory::restoreRightRange()
+{
+    const QScopedValueRollback<bool> guard(m_restoresRange, true);
+    const QStringList texts = m_settings.list(rightRangeKey);
+    const bool isOfSource = texts.size() == RightRangeTexts
+        && texts.at(RightRangeSource) == m_session.source().description();
+    const auto minimum = isOfSource ? limitFromText(texts.at(RightRangeMinimum)) : std::nullopt;
+    const auto maximum = isOfSource ? limitFromText(texts.at(RightRangeMaximum)) : std::nullopt;
+    if (minimum && maximum && *minimum < *maximum)
+        m_view.setRightRange({*minimum, *maximum, texts.at(RightRangeUnit)});
+    else
+        m_view.resetRightRange();
+}
+
+void ScopeMemory::keepRightRange()
+{
+    if (m_restoresRange)
+        return;
+    const std::optional<ValueRange> range = m_view.givenRightRange();
+    m_settings.setList(rightRangeKey,
+                       range ? QStringList{m_session.source().description(),
+                                           range->unit,
+                                           limitText(range->minimum),
+                                           limitText(range->maximum)}
+                             : QStringList());
 }
 
 void ScopeMemory::restoreTrigger(const StreamHeader &header)

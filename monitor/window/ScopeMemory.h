@@ -16,8 +16,10 @@ class Session;
 struct StreamHeader;
 class WindowSettings;
 
-/*! Keeps how the scope shows readings from one start to the next: the choices of its panel, the logarithm and the trigger of
-    sweeps. Each is written when it changes, so that a program that is ended by force loses none.
+/*! Keeps how the scope shows readings from one start to the next: the choices of its panel, the logarithm, the range of the right
+    axis and the trigger of sweeps. Each is written when it changes, so that a program that is ended by force loses none.
+
+    The range of the right axis belongs to a source, and to the unit that it was typed in.
 
     The trigger belongs to a channel. It comes back with the first stream that has a channel of the same name and unit; until
     then there is no trigger, so that no sweep waits for a channel that is not there. */
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void keepChoices();
 
 private:
+    void restoreRightRange();
+    void keepRightRange();
     void addChoice(QObject *object, const char *property);
     void restoreTrigger(const StreamHeader &header);
     void keepTrigger();
@@ -52,6 +56,7 @@ private:
     Corvale_Qt::RVXScopePlotView &m_view;
     WindowSettings &m_settings;
     QVector<Choice> m_choices;
+    bool m_restoresRange = false; //!< of the right axis; it is not to be kept then
     bool m_awaitsChannel = true; //!< of the trigger that was kept
 };
 

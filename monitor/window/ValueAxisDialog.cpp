@@ -155,7 +155,7 @@ bool ValueAxisDialog::takeRange(const Axis &axis)
     axis.minimum->setModified(false);
     axis.maximum->setModified(false);
     if (axis.isRight) {
-        m_view.setRightRange(minimum, maximum);
+        m_view.setRightRange({minimum, maximum, m_view.rightRange().unit});
         return true;
     }
     m_scope.setYScaleMode(RVXScope::PercentRanges);
@@ -216,7 +216,9 @@ void ValueAxisDialog::showRange(const Axis &axis)
         if (!field->isModified())
             field->setText(axis.isRight ? m_view.toRightValue(value) : m_view.toShownValue(value));
     };
-    const auto [minimum, maximum] = axis.isRight ? m_view.rightRange() : m_view.leftRange();
+    const ValueRange right = m_view.rightRange();
+    const auto [minimum, maximum] =
+        axis.isRight ? std::pair(right.minimum, right.maximum) : m_view.leftRange();
     show(axis.minimum, minimum);
     show(axis.maximum, maximum);
 }

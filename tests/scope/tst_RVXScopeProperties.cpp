@@ -99,6 +99,7 @@ void disarrange(RVXScope &scope)
     trigger.shareBefore = 0.25;
     trigger.holdOff = 1.5;
     view.setTrigger(trigger);
+    view.setRightRange({-0.5, 1.5, QStringLiteral("kV")});
 }
 
 //! Returns what a view was chosen to show, beyond the properties of its panel.
@@ -106,7 +107,8 @@ QString viewChoices(const RVXScope &scope)
 {
     const RVXScopePlotView &view = *scope.plotView();
     const SweepTrigger trigger = view.trigger();
-    return QString("%1%2%3%4%5%6%16 \"%7\" %8; trigger %9 %10 %11 %12 %13 %14 %15")
+    const std::optional<ValueRange> right = view.givenRightRange();
+    return QString("%1%2%3%4%5%6%16 \"%7\" %8; trigger %9 %10 %11 %12 %13 %14 %15%17")
         .arg(view.hasSiPrefix())
         .arg(view.hasHysteresis())
         .arg(view.isFullScaleFromData())
@@ -122,7 +124,12 @@ QString viewChoices(const RVXScope &scope)
         .arg(trigger.hysteresis)
         .arg(trigger.shareBefore)
         .arg(trigger.holdOff)
-        .arg(view.hasSecondAxis());
+        .arg(view.hasSecondAxis())
+        .arg(right ? QString("; right %1..%2 %3")
+                         .arg(right->minimum)
+                         .arg(right->maximum)
+                         .arg(right->unit)
+                   : QString());
 }
 
 constexpr int fieldsEnd = 65; // of a state; the choices of the view follow, and a sum
@@ -469,8 +476,9 @@ private Q_SLOTS:
                          "yMaximum=20000 positiveOnly=true averaging=100 period=1000 timeSpan=2.5 "
                          "sampleSpan=400 beginAtFirst=true timeAxis=3 markersEnabled=true "
                          "controlsVisible=false"));
-        QCOMPARE(viewChoices(second),
-                 QString("1111111 \"pA\" 4.5; trigger 3 3 -0.125 2 0.5 0.25 1.5"));
+        QCOMPARE(
+            viewChoices(second),
+            QString("1111111 \"pA\" 4.5; trigger 3 3 -0.125 2 0.5 0.25 1.5; right -0.5..1.5 kV"));
         QCOMPARE(second.tabs(), first.tabs());
         QCOMPARE(second.shown(), QString("position"));
         QCOMPARE(second.yScale(), first.yScale());

@@ -121,7 +121,7 @@ private Q_SLOTS:
         QTRY_VERIFY(axis.dialog->findChild<QWidget *>("rightMaximum")->isVisible());
         const std::pair<double, double> left = view->range();
         QCOMPARE(axis.typeRight("1.5 V", "-500 mV"), QString());
-        QCOMPARE(view->rightRange(), std::make_pair(-0.5, 1.5));
+        QVERIFY((view->rightRange() == Corvale_Qt::ValueRange{-0.5, 1.5, QStringLiteral("V")}));
         QTRY_COMPARE(axis.w.plot()->axisInterval(QwtPlot::yRight), QwtInterval(-0.5, 1.5));
         QCOMPARE(view->range(), left);
         QVERIFY(axis.typeRight("1 nA", "0").contains("\"1 nA\" is not a value in V"));
@@ -134,6 +134,39 @@ private Q_SLOTS:
         QCOMPARE(view->rightUnit(), QString("mV"));
         QCOMPARE(axis.w.value(0), QString("23000 pA"));
         QCOMPARE(axis.w.value(1), QString("750.0 mV"));
+    }
+
+    //! Range and unit of the right axis come back at the next start, for the same source and unit, until it follows its readings.
+    void theRightAxisIsKept()
+    {
+        const QString file = settings("kept-right-values.xui");
+        const auto rightAxis = [](AxisDialog &axis) {
+            axis.w.settle();
+            return QStringLiteral("%1 %2")
+                .arg(axis.w.plot()->axisInterval(QwtPlot::yRight).maxValue())
+                .arg(axis.view->rightUnit());
+        };
+        {
+            AxisDialog axis(file);
+            QVERIFY(axis.open());
+            axis.showTwoUnits();
+            QTRY_COMPARE(axis.view->rightUnit(), QString("mV"));
+            QCOMPARE(axis.typeRight("1.5 V", "-500 mV"), QString());
+            QTest::keyClick(axis.dialog->findChild<QComboBox *>("rightUnit"), 'k');
+        }
+        {
+            AxisDialog axis(file);
+            QVERIFY(
+                axis.open()); // another stream of the source, without a second unit, forgets nothing
+            axis.showTwoUnits();
+            QTRY_COMPARE(rightAxis(axis), QString("1.5 kV"));
+            axis.followReadings();
+            QTRY_COMPARE(rightAxis(axis), QString("0.8 kV"));
+        }
+        AxisDialog axis(file);
+        QVERIFY(axis.open());
+        axis.showTwoUnits();
+        QTRY_COMPARE(rightAxis(axis), QString("0.8 kV"));
     }
 
     //! A range belongs to its unit: it is neither offered nor brought back in another one.

@@ -8,6 +8,7 @@
 
 #include <QMimeData>
 #include <QPointer>
+#include <QSize>
 #include <QVector>
 
 #include <algorithm>
@@ -321,6 +322,82 @@ RVXLatestPlotDataProxyModel::headerData(int section, Qt::Orientation orientation
     default:
         return QVariant();
     }
+}
+
+bool RVXLatestPlotDataProxyModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    return d_func()->source && QAbstractProxyModel::setData(index, value, role);
+}
+
+bool RVXLatestPlotDataProxyModel::setHeaderData(int section,
+                                                Qt::Orientation orientation,
+                                                const QVariant &value,
+                                                int role)
+{
+    return d_func()->source
+        && QAbstractProxyModel::setHeaderData(section, orientation, value, role);
+}
+
+QSize RVXLatestPlotDataProxyModel::span(const QModelIndex &index) const
+{
+    return d_func()->source ? QAbstractProxyModel::span(index) : QSize(1, 1);
+}
+
+bool RVXLatestPlotDataProxyModel::canFetchMore(const QModelIndex &parent) const
+{
+    return d_func()->source && QAbstractProxyModel::canFetchMore(parent);
+}
+
+void RVXLatestPlotDataProxyModel::fetchMore(const QModelIndex &parent)
+{
+    if (d_func()->source)
+        QAbstractProxyModel::fetchMore(parent);
+}
+
+void RVXLatestPlotDataProxyModel::sort(int column, Qt::SortOrder order)
+{
+    if (d_func()->source)
+        QAbstractProxyModel::sort(column, order);
+}
+
+bool RVXLatestPlotDataProxyModel::submit()
+{
+    return !d_func()->source || QAbstractProxyModel::submit(); // nothing is left to submit
+}
+
+void RVXLatestPlotDataProxyModel::revert()
+{
+    if (d_func()->source)
+        QAbstractProxyModel::revert();
+}
+
+bool RVXLatestPlotDataProxyModel::canDropMimeData(const QMimeData *data,
+                                                  Qt::DropAction action,
+                                                  int row,
+                                                  int column,
+                                                  const QModelIndex &parent) const
+{
+    return d_func()->source
+        && QAbstractProxyModel::canDropMimeData(data, action, row, column, parent);
+}
+
+bool RVXLatestPlotDataProxyModel::dropMimeData(const QMimeData *data,
+                                               Qt::DropAction action,
+                                               int row,
+                                               int column,
+                                               const QModelIndex &parent)
+{
+    return d_func()->source && QAbstractProxyModel::dropMimeData(data, action, row, column, parent);
+}
+
+Qt::DropActions RVXLatestPlotDataProxyModel::supportedDragActions() const
+{
+    return d_func()->source ? QAbstractProxyModel::supportedDragActions() : Qt::IgnoreAction;
+}
+
+Qt::DropActions RVXLatestPlotDataProxyModel::supportedDropActions() const
+{
+    return d_func()->source ? QAbstractProxyModel::supportedDropActions() : Qt::IgnoreAction;
 }
 
 QModelIndex RVXLatestPlotDataProxyModel::buddy(const QModelIndex &index) const

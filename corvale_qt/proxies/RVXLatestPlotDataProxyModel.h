@@ -58,6 +58,30 @@ public:
     //! Sets the unit of readings whose quantity has it, see RVXScopePlotView::valueUnit; empty for one that suits each reading.
     void setValueUnit(const QString &symbol);
 
+    // These answer for the source while it lives; a table that has not heard yet that its source is deleted is empty.
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    bool setHeaderData(int section,
+                       Qt::Orientation orientation,
+                       const QVariant &value,
+                       int role = Qt::EditRole) override;
+    QSize span(const QModelIndex &index) const override;
+    bool canFetchMore(const QModelIndex &parent) const override;
+    void fetchMore(const QModelIndex &parent) override;
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    bool submit() override;
+    void revert() override;
+    bool canDropMimeData(const QMimeData *data,
+                         Qt::DropAction action,
+                         int row,
+                         int column,
+                         const QModelIndex &parent) const override;
+    bool dropMimeData(const QMimeData *data,
+                      Qt::DropAction action,
+                      int row,
+                      int column,
+                      const QModelIndex &parent) override;
+    Qt::DropActions supportedDragActions() const override;
+    Qt::DropActions supportedDropActions() const override;
     QModelIndex buddy(const QModelIndex &index) const override;
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;

@@ -383,10 +383,32 @@ private Q_SLOTS:
     void aSourceThatGoes()
     {
         auto source = std::make_unique<BufferModel>(2);
-        Latest proxy(source.get());
+        Latest proxy;
+        bool wasAsked = false;
+        // Connected before the table, which has not heard of the deletion yet.
+        connect(source.get(), &QObject::destroyed, this, [&] {
+            wasAsked = true;
+            QVERIFY(!proxy.setData(proxy.createIndex(0, 0), 0, Qt::CheckStateRole));
+            QVERIFY(!proxy.setHeaderData(1, Qt::Horizontal, 0) && proxy.submit());
+            QVERIFY(!proxy.canFetchMore({})
+                    && !proxy.dropMimeData(nullptr, Qt::CopyAction, 0, 0, {}));
+            QVERIFY(!proxy.canDropMimeData(nullptr, Qt::CopyAction, 0, 0, {}));
+            QCOMPARE(proxy.supportedDragActions() | proxy.supportedDropActions(), Qt::IgnoreAction);
+            QCOMPARE(proxy.span(proxy.createIndex(0, 1)), QSize(1, 1));
+            QVERIFY(!proxy.createIndex(0, 1).data().isValid());
+            QCOMPARE(proxy.title(), QString("Data"));
+            proxy.fetchMore({});
+            proxy.sort(0);
+            proxy.revert();
+        });
+        proxy.setSourceModel(source.get());
         ModelLog log(&proxy);
         source.reset();
+        QVERIFY(wasAsked);
         QCOMPARE(log.take(), QString("reset?, reset!"));
+        proxy.sort(1);
+        proxy.fetchMore({});
+        QVERIFY(proxy.submit());
         QCOMPARE(proxy.rowCount(), 0);
         BufferModel another(1);
         proxy.setSourceModel(&another);

@@ -84,6 +84,8 @@ public:
         //! Sample rows whose cells have changed.
         int firstRow = std::numeric_limits<int>::max();
         int lastRow = 0;
+        //! The most sample rows that there were before rows were removed; the times of those that are gone may be others.
+        int rowsBefore = 0;
         //! Rows dropped at the front.
         int dropped = 0;
         //! Whether the header row has changed.

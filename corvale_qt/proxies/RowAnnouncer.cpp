@@ -98,6 +98,7 @@ void RowAnnouncer::rowsRemoved(MergedInput &input, int first, int last)
 {
     const int removed = sampleRowsIn(first, last);
     MergedInput::News &news = newsOf(input);
+    news.rowsBefore = std::max(news.rowsBefore, input.rows);
     if (isFront(first)) {
         input.dropped += removed;
         m_mostDropped = std::max(m_mostDropped, input.dropped);
@@ -106,8 +107,17 @@ void RowAnnouncer::rowsRemoved(MergedInput &input, int first, int last)
             news.firstRow = std::max(news.firstRow - removed, 1);
     } else {
         addRows(news, first, toTheEnd);
+        if (m_change == Change::Removal && m_first > 1)
+            tellOfRowsBehind(m_first);
     }
     end(input, InputChange::RowRemoval);
+}
+
+//! Notes that rows were removed from the middle of the table, although the samples of other inputs stay where they are.
+void RowAnnouncer::tellOfRowsBehind(int first)
+{
+    for (const auto &input : m_inputs)
+        addRows(newsOf(*input), first, toTheEnd);
 }
 
 void RowAnnouncer::rowsAboutToBeMoved(MergedInput &input, int first, int last, int before)
@@ -355,16 +365,17 @@ void RowAnnouncer::tell(MergedInput &input, int knownRows, qint64 shift)
         for (const int column : columns)
             announceCells(0, column, 0, column);
     }
-    columnsChanged(input, first, last);
+    columnsChanged(input, first, last, news.rowsBefore);
 }
 
-//! Announces the samples of \a input on these rows, and the times of those rows whose time it provides.
-void RowAnnouncer::columnsChanged(const MergedInput &input, int first, int last)
+/*! Announces the samples of \a input on these rows, and the times of those rows whose time it provides, or did while it had
+    \a rowsBefore rows. */
+void RowAnnouncer::columnsChanged(const MergedInput &input, int first, int last, int rowsBefore)
 {
     if (first > last)
         return;
     const QVector<int> columns = input.columns;
-    const int lastTime = std::min(last, input.rows);
+    const int lastTime = std::min(last, std::max(input.rows, rowsBefore));
     const int firstTime = std::max(first, m_counts.longestBefore(input, lastTime) + 1);
     if (firstTime <= lastTime)
         announceCells(firstTime, 0, lastTime, 0);

@@ -86,7 +86,8 @@ private:
     void settle();
     void settleRows();
     void tell(MergedInput &input, int knownRows, qint64 shift);
-    void columnsChanged(const MergedInput &input, int first, int last);
+    void tellOfRowsBehind(int first);
+    void columnsChanged(const MergedInput &input, int first, int last, int rowsBefore);
 
     MergedInput::News &newsOf(MergedInput &input);
 

@@ -3,6 +3,7 @@
 #include "tests/proxies/Merged.h"
 #include "tests/proxies/ProxyTest.h"
 
+#include <utility>
 #include <vector>
 
 using namespace Corvale_Qt;
@@ -70,9 +71,9 @@ private Q_SLOTS:
             the drop of the other one | 9 | append 3 3 2; drop 1 / append 5 50 2 | / drop 1
                 | remove 2-2?, remove 2-2!
             a removal in the middle | 9 | append 1 1 5 / append 1 2 2 | remove 2 3
-                | remove 2-3?, remove 2-3!, changed (2,0)-(3,0), changed (2,1)-(3,1)
+                | remove 2-3?, remove 2-3!, changed (2,0)-(3,0), changed (2,1)-(3,1), changed (2,2)-(3,2)
             a removal that reaches the other one | 9 | append 1 1 3 / append 1 2 2 | remove 2 3
-                | remove 3-3?, remove 3-3!, changed (2,1)-(2,1)
+                | remove 3-3?, remove 3-3!, changed (2,0)-(2,0), changed (2,1)-(2,1)
             an insertion in front | 9 | append 1 1 / append 1 2 2 | insert 1 0 7
                 | changed (1,0)-(2,0), changed (1,1)-(2,1)
             another order | 9 | append 1 1 3 / append 1 2 3 | reverse | layout?, layout!
@@ -97,6 +98,40 @@ private Q_SLOTS:
         m.announced(before);
         QTEST(m.announced(change), "announced");
         QCOMPARE(account.error(), QString());
+    }
+
+    //! Sources that grow, shrink and change in any order, without dropping their oldest samples.
+    void everyCellIsAnnounced()
+    {
+        std::mt19937 random(1);
+        const auto below = [&random](int limit) {
+            return int(random() % unsigned(limit));
+        };
+        BufferModel sources[3]{BufferModel(2), BufferModel(1), BufferModel(1)};
+        RVXMultichannelProxyModel merged;
+        for (const auto &[source, column] : {std::pair(1, 1), {0, 2}, {2, 1}, {0, 1}})
+            merged.addSourceModel(&sources[source], column);
+        const TableMirror<RVXMultichannelProxyModel> mirror(&merged);
+        double now = 0.0;
+        for (int step = 0; step < 3000; ++step) {
+            BufferModel &source = sources[below(3)];
+            const int rows = source.rowCount() - 1;
+            const int what = below(12);
+            now += 0.1 + 0.01 * below(9);
+            if (what < 6 && rows < 60)
+                source.append(now, below(1000));
+            else if (what < 7 && rows > 0 && rows < 60)
+                source.insert(2 + below(rows), {now, {double(below(1000)), -now}});
+            else if (what < 9 && rows > 0)
+                source.change(1 + below(rows), 1, below(1000));
+            else if (what < 11 && rows > 1)
+                source.remove(2 + below(rows - 1), rows);
+            else if (rows > 2)
+                source.remove(2, 2 + below(rows - 2));
+            const QString error = mirror.error();
+            QVERIFY2(error.isEmpty(),
+                     qPrintable(QString("step %1, %2: %3").arg(step).arg(what).arg(error)));
+        }
     }
 
     void fullBuffersOfTheLibrary()

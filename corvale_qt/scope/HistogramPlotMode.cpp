@@ -127,6 +127,7 @@ void HistogramPlotMode::clear()
     m_context.statistics.clear();
     m_context.hideNote();
     m_context.markers.detachAll();
+    m_context.axes.showEmpty();
     m_context.plot->updateAxes();
 }
 

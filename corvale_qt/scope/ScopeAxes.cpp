@@ -202,6 +202,19 @@ ScopeAxes::ScopeAxes(QwtPlot *plot, const ChannelUnits &units)
     , m_timeFont(plot->axisFont(QwtPlot::xBottom))
 {
     m_plot->setAxisScaleEngine(QwtPlot::xBottom, new FiniteScaleEngine);
+    m_plot->setAxisScale(QwtPlot::xBottom, 0.0, 1.0);
+    showEmpty();
+}
+
+void ScopeAxes::showEmpty()
+{
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight}) {
+        if (!m_plot->axisAutoScale(axis))
+            continue;
+        values(axis).restart();
+        m_plot->setAxisScale(axis, values(axis).isLogarithmic() ? kLowestOfLogarithmic : -1.0, 1.0);
+        m_plot->setAxisAutoScale(axis, true);
+    }
 }
 
 void ScopeAxes::setYScale(const YScale &scale)

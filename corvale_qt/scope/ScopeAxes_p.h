@@ -73,6 +73,8 @@ public:
     QStringList namesWithoutAxis() const;
     //! Returns whether the right axis is shown.
     bool hasRight() const { return m_hasRight; }
+    //! Has y axes that follow the data show [-1, 1], as there are none; Qwt would show [0, 1000].
+    void showEmpty();
     //! Sets up the x axis for time.
     void prepareTimeAxis();
     //! Sets up the x axis for channels 1 to \a channels.

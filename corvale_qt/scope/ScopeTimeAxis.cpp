@@ -83,6 +83,15 @@ void ScopeTimeAxis::show(double left, double right)
     m_plot->setAxisScale(QwtPlot::xBottom, left, right);
 }
 
+void ScopeTimeAxis::showEmpty(double width)
+{
+    if (TimeScaleDraw *draw = drawOf(m_plot))
+        draw->useNumbers();
+    m_unit.clear();
+    const bool isWidth = width > 0.0 && std::isfinite(width);
+    m_plot->setAxisScale(QwtPlot::xBottom, 0.0, isWidth ? width : 1.0);
+}
+
 //! Returns false if the range cannot have ticks of a clock.
 bool ScopeTimeAxis::showTicks(double left, double right)
 {

@@ -33,6 +33,8 @@ public:
 
     //! Sets range and ticks of the axis. A range that is not finite changes nothing.
     void show(double left, double right);
+    //! Sets the range of the axis while there are no samples: from 0 to \a width, or to 1 if that is no width.
+    void showEmpty(double width);
     //! Returns the title that goes with the ticks.
     QString title() const;
     //! Returns whether the axis shows something else than the numbers of the model.

@@ -139,15 +139,10 @@ void StripPlotMode::setScrollBar(const StripScrollBar &scrolling)
 
 void StripPlotMode::clear()
 {
-    m_context.curves.detach();
-    m_context.gaps.hide();
-    m_context.hideNote();
-    followUnits();
+    showNoCurves();
     m_context.markers.detachAll();
-    setAxisTitles();
     m_context.surface.showScrollBar(false);
     m_context.surface.scrollBar()->setRange(0, 0); // the chart follows the next samples
-    m_context.plot->updateAxes();
 }
 
 void StripPlotMode::moveMarker(int index, int steps)

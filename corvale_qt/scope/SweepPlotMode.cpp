@@ -148,14 +148,9 @@ void SweepPlotMode::draw()
 
 void SweepPlotMode::clear()
 {
-    m_context.curves.detach();
-    m_context.gaps.hide();
-    m_context.hideNote();
-    followUnits();
+    showNoCurves();
     m_context.sweepSamples.clear();
     m_context.markers.clearLabels();
-    setAxisTitles();
-    m_context.plot->updateAxes();
 }
 
 //! Returns what the markers read, with the times that the model has, whatever the axis counts from.

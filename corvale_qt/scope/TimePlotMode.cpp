@@ -77,6 +77,20 @@ void TimePlotMode::followUnits()
     m_context.followUnits(isRelative ? ScopeAxes::Show::AllUnits : ScopeAxes::Show::TwoUnits);
 }
 
+void TimePlotMode::showNoCurves()
+{
+    m_context.curves.detach();
+    m_context.gaps.hide();
+    m_context.hideNote();
+    followUnits();
+    if (m_context.model.lastRow() < 1) {
+        m_context.axes.showEmpty();
+        m_context.timeAxis.showEmpty(m_context.stripWidth());
+    }
+    setAxisTitles();
+    m_context.plot->updateAxes();
+}
+
 void TimePlotMode::finish(double left, double right)
 {
     m_context.timeAxis.show(left, right);

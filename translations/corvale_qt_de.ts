@@ -1588,14 +1588,6 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <translation>Position</translation>
     </message>
     <message>
-        <source>Intensity (A)</source>
-        <translation>Intensität (A)</translation>
-    </message>
-    <message>
-        <source>Intensity (C)</source>
-        <translation>Intensität (C)</translation>
-    </message>
-    <message>
         <source>the maximum is below the threshold</source>
         <translation>das Maximum liegt unter der Schwelle</translation>
     </message>

@@ -1588,14 +1588,6 @@ Fermer une fenêtre remet sa page en place.</translation>
         <translation>Position</translation>
     </message>
     <message>
-        <source>Intensity (A)</source>
-        <translation>Intensité (A)</translation>
-    </message>
-    <message>
-        <source>Intensity (C)</source>
-        <translation>Intensité (C)</translation>
-    </message>
-    <message>
         <source>the maximum is below the threshold</source>
         <translation>le maximum est sous le seuil</translation>
     </message>

@@ -1586,14 +1586,6 @@ Close a window to put its page back.</source>
         <translation>位置</translation>
     </message>
     <message>
-        <source>Intensity (A)</source>
-        <translation>強度 (A)</translation>
-    </message>
-    <message>
-        <source>Intensity (C)</source>
-        <translation>強度 (C)</translation>
-    </message>
-    <message>
         <source>the maximum is below the threshold</source>
         <translation>最大値がしきい値を下回っています</translation>
     </message>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // How a scope plot view shows values: their unit, their digits, and the scale of the y axis that follows them.
+#include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
 
@@ -41,6 +42,7 @@ void RVXScopePlotView::setSiPrefix(bool on)
     for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
         d->context.axes.values(axis).setSiPrefix(on);
     d->context.model.setSiPrefix(on);
+    d->spectrogram->setSiPrefix(on);
     d->context.statistics.outdate();
     RequestReplotRefresh();
     Q_EMIT siPrefixChanged(on);

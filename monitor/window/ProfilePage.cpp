@@ -3,6 +3,7 @@
 
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 #include <corvale_qt/detector/BeamVerdict.h>
+#include <corvale_qt/units/SiPrefix.h>
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -41,6 +42,7 @@ ProfilePage::ProfilePage(QWidget *parent)
     , m_numbers(new QLabel(this))
 {
     m_display->setVerdictEnabled(true);
+    m_display->setSiPrefix(true);
     m_numbers->setObjectName(QStringLiteral("profileNumbers"));
     m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
@@ -90,7 +92,7 @@ QString ProfilePage::length(double value, bool alongX) const
 //! Returns a sum of readings with their unit.
 QString ProfilePage::amount(double value) const
 {
-    return QStringLiteral("%1 %2").arg(value, 0, 'g', 4).arg(m_display->intensityUnit()).trimmed();
+    return Corvale_Qt::Units::SiPrefix::text(value, m_display->intensityUnit());
 }
 
 QStringList ProfilePage::numbers() const

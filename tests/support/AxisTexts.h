@@ -29,9 +29,9 @@ inline QString cutAxisTexts(const QwtPlot &plot)
         const QString title = widget->title().text();
         check(title, widget->geometry(), plot.rect());
         const bool isX = axis == QwtPlot::xBottom || axis == QwtPlot::xTop;
-        const QSize needed = widget->minimumSizeHint();
-        const int across =
-            isX ? needed.height() - widget->height() : needed.width() - widget->width();
+        const int length = isX ? widget->width() : widget->height();
+        const int across = widget->dimForLength(length, widget->font())
+            - (isX ? widget->height() : widget->width());
         if (across > 0)
             cut << QStringLiteral("%1 (%2)").arg(title).arg(across);
         const QwtScaleDraw *const draw = widget->scaleDraw();

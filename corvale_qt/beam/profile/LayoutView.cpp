@@ -57,27 +57,6 @@ QwtInterval ColorSettings::range(double max) const
     return {from, to};
 }
 
-QPair<QString, double> siPrefix(double number)
-{
-    static const QString prefixes[] = {QStringLiteral("f"),
-                                       QStringLiteral("p"),
-                                       QStringLiteral("n"),
-                                       QStringLiteral("\u00b5"),
-                                       QStringLiteral("m"),
-                                       QString(),
-                                       QStringLiteral("k"),
-                                       QStringLiteral("M"),
-                                       QStringLiteral("G"),
-                                       QStringLiteral("T")};
-    constexpr int none = 5;
-    if (!(std::abs(number) > 0) || !std::isfinite(number))
-        return {QString(), 1.0};
-    // Rounding must not turn 1e-9 into 1000 p.
-    const int thousands = int(std::floor(std::log10(std::abs(number)) / 3 + 1e-9));
-    const int index = std::clamp(thousands + none, 0, 9);
-    return {prefixes[index], std::pow(1000.0, none - index)};
-}
-
 QRectF homeOf(const DetectorLayout &layout)
 {
     const auto span = [&layout](Axis axis) {
@@ -168,10 +147,10 @@ void LayoutView::setColors(const ColorSettings &settings, double max)
     m_picture->setColors(make(settings.map), range);
     setBarLogarithmic(settings.isLogarithmic);
     m_plot->axisWidget(QwtPlot::yRight)->setColorMap(range, make(settings.map));
-    const auto prefix = m_takesPrefix ? siPrefix(range.maxValue()) : qMakePair(QString(), 1.0);
-    m_barFactor = prefix.second;
+    if (m_takesPrefix)
+        m_barPrefix.follow(range.maxValue());
     m_plot->setAxisScale(QwtPlot::yRight, range.minValue(), range.maxValue());
-    const QString unit = prefix.first + m_unit;
+    const QString unit = m_barPrefix.symbol();
     m_plot->setAxisTitle(QwtPlot::yRight,
                          unit.isEmpty() ? tr("Intensity") : tr("Intensity (%1)").arg(unit));
 }
@@ -191,7 +170,8 @@ void LayoutView::setBarLogarithmic(bool logarithmic)
 
 void LayoutView::setUnit(const QString &unit, bool takesPrefix)
 {
-    m_unit = unit;
+    if (unit != m_barPrefix.givenSymbol() || takesPrefix != m_takesPrefix)
+        m_barPrefix = Units::SiPrefix(unit);
     m_takesPrefix = takesPrefix;
 }
 
@@ -238,9 +218,11 @@ QString LayoutView::hoverText(const QPointF &place) const
         return text;
     const double value = m_picture->valueAt(place.x(), place.y());
     if (!std::isnan(value)) {
-        const auto prefix = m_takesPrefix ? siPrefix(value) : qMakePair(QString(), 1.0);
-        const QString unit = prefix.first + m_unit;
-        text += QStringLiteral(": ") + QString::number(value * prefix.second, 'g', 5)
+        Units::SiPrefix prefix(m_barPrefix.givenSymbol());
+        if (m_takesPrefix)
+            prefix.follow(value);
+        const QString unit = prefix.symbol();
+        text += QStringLiteral(": ") + QString::number(prefix.shown(value), 'g', 5)
             + (unit.isEmpty() ? unit : QLatin1Char(' ') + unit);
     }
     return text + QLatin1Char('\n') + cellText(column, row);

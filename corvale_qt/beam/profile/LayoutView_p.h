@@ -7,6 +7,7 @@
 #include "corvale_qt/beam/profile/ColorMaps_p.h"
 #include "corvale_qt/beam/profile/ProjectionItem_p.h"
 #include "corvale_qt/detector/DetectorLayout.h"
+#include "corvale_qt/units/SiPrefix.h"
 
 #include <QCoreApplication>
 #include <QRectF>
@@ -51,10 +52,10 @@ public:
     void setSmoothing(bool smoothing) { m_picture->setSmoothing(smoothing); }
     void setProjectionsVisible(bool visible);
     bool areProjectionsVisible() const { return m_projectionsWanted; }
-    //! Sets the symbol behind values; "C" and "A" get SI prefixes.
+    //! Sets the symbol of the unit of values, and whether they are shown with the prefix that suits them.
     void setUnit(const QString &unit, bool takesPrefix);
     //! Returns what the labels of the colour bar are multiplied by.
-    double barFactor() const { return isShown() ? m_barFactor : 1.0; }
+    double barFactor() const { return m_barPrefix.shown(1.0); }
     //! Returns the zoom; null before the first layout.
     PlotZoom *zoom() { return m_zoom; }
     //! Returns the place and the value under the mouse, and what is wrong with the cell.
@@ -73,9 +74,8 @@ private:
     bool m_isBarLogarithmic = false;
     DetectorLayout m_layout;
     JudgedFrame m_frame;
-    QString m_unit;
+    Units::SiPrefix m_barPrefix; //!< of the colour bar
     bool m_takesPrefix = true;
-    double m_barFactor = 1;
     bool m_projectionsWanted = true;
 
     Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::LayoutView)
@@ -83,7 +83,5 @@ private:
 
 //! Returns the places of a detector as they are shown: y upwards; square if both axes have one unit and similar lengths.
 QRectF homeOf(const DetectorLayout &layout);
-//! Returns the prefix and the factor that make a number easy to read: 2e-9 is "n" and 1e9.
-QPair<QString, double> siPrefix(double number);
 
 } // namespace Corvale_Qt

@@ -51,6 +51,9 @@ class CORVALE_QT_EXPORT RVXSpectrogram : public QWidget
     Q_PROPERTY(bool verdictEnabled READ isVerdictEnabled WRITE setVerdictEnabled)
     //! Symbol of the unit of a described detector's readings; coulomb or ampere, with SI prefixes, while it is empty.
     Q_PROPERTY(QString intensityUnit READ intensityUnit WRITE setIntensityUnit)
+    /*! Whether integral, maximum, colour bar and what the mouse is over are shown with the prefix that suits them, such as nC; false
+        at the start, when only a described detector without an intensityUnit has prefixes, on its plot. */
+    Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix)
     //! Whether the colours of a described detector follow the logarithm.
     Q_PROPERTY(bool logarithmicColors READ hasLogarithmicColors WRITE setLogarithmicColors)
     //! Whether profiles and their fits are drawn at the edges of a described detector; true at the start.
@@ -156,6 +159,10 @@ public:
     QString intensityUnit() const;
     //! Sets the property intensityUnit.
     void setIntensityUnit(const QString &unit);
+    //! Returns the property siPrefix.
+    bool hasSiPrefix() const;
+    //! Sets the property siPrefix. The numbers that functions return stay in their unit.
+    void setSiPrefix(bool on);
     //! Returns the part of a described detector that is shown, in the units of its axes; the top of the rectangle is its lowest place.
     QRectF shownArea() const;
     //! Shows a part of a described detector; an empty rectangle shows all of it.

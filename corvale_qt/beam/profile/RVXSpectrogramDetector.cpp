@@ -251,23 +251,6 @@ void RVXSpectrogram::setProjectionsVisible(bool visible)
         d->detectorControls->showState();
 }
 
-QString RVXSpectrogram::intensityUnit() const
-{
-    Q_D(const RVXSpectrogram);
-    return d->intensityUnit;
-}
-
-void RVXSpectrogram::setIntensityUnit(const QString &unit)
-{
-    Q_D(RVXSpectrogram);
-    const QScopedPointer<Units::MeasurementUnit> known(Units::MeasurementUnit::fromString(unit));
-    d->intensityUnit = unit;
-    d->intensityFactor = known ? known->scale(1.0) : 1.0;
-    d->applyUnit();
-    d->applyScale();
-    d->plot->replot();
-}
-
 QRectF RVXSpectrogram::shownArea() const
 {
     Q_D(const RVXSpectrogram);

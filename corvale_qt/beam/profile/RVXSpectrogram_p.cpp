@@ -187,45 +187,6 @@ void RVXSpectrogramPrivate::clearFrame()
     results.clear();
 }
 
-void RVXSpectrogramPrivate::setCurrent(bool enabled)
-{
-    const bool changes = enabled != current;
-    if (changes) {
-        lastMaximum *= enabled ? sampleRate : 1.0 / sampleRate;
-        current = enabled;
-        threshold->setFactor(readingFactor());
-        discriminator->setFactor(readingFactor());
-    }
-    applyUnit();
-    applyScale();
-    plot->replot();
-    if (changes)
-        presentAgain(); // converts the frame on the screen to the new unit
-}
-
-void RVXSpectrogramPrivate::setSampleRate(int rate)
-{
-    sampleRate = rate;
-    newestNumbers.reset();
-    threshold->setFactor(readingFactor());
-    discriminator->setFactor(readingFactor());
-}
-
-void RVXSpectrogramPrivate::applyUnit()
-{
-    plot->setColorBarTitle(current ? RVXSpectrogram::tr("Intensity (A)")
-                                   : RVXSpectrogram::tr("Intensity (C)"));
-    QString suffix = current ? QStringLiteral(" A") : QStringLiteral(" C");
-    if (detector.isOn() && !intensityUnit.isEmpty())
-        suffix = QLatin1Char(' ') + intensityUnit;
-    plot->layoutView().setUnit(suffix.trimmed(), intensityUnit.isEmpty());
-    for (QDoubleSpinBox *box : {ui.threshold_QScienceSpinBox,
-                                ui.discriminator_QScienceSpinBox,
-                                ui.integral_QScienceSpinBox,
-                                ui.max_QScienceSpinBox})
-        box->setSuffix(suffix);
-}
-
 void RVXSpectrogramPrivate::chooseScale(int index)
 {
     Q_Q(RVXSpectrogram);

@@ -52,6 +52,7 @@ public:
     void setCurrent(bool current);
     void setSampleRate(int rate);
     void applyUnit();
+    QString amountUnit() const;
     void chooseScale(int index);
     void applyScale();
     void setInverted();
@@ -89,6 +90,7 @@ public:
     ProfileLayout layout = ProfileLayout::None; //!< None on a described detector
     DetectorMode detector;
     QString intensityUnit; //!< of the readings of a described detector; empty for coulomb or ampere
+    bool siPrefix = false;
     double intensityFactor = 1.0; //!< what one base unit of a known intensityUnit is in it
     RegressionOptions<double> regression; //!< with the smallest peak as a charge
 

@@ -73,6 +73,12 @@ void ResultBoxes::setLengthUnits(const QString &x, const QString &y)
     set({m_ui.doubleSpinBox_major, m_ui.doubleSpinBox_minor}, x == y ? x : QString());
 }
 
+void ResultBoxes::setAmountUnit(const QString &symbol, bool takesPrefix)
+{
+    for (AmountBox *box : {m_ui.integral_QScienceSpinBox, m_ui.max_QScienceSpinBox})
+        box->setUnit(symbol, takesPrefix);
+}
+
 void ResultBoxes::show(const JudgedFrame &frame, bool all)
 {
     const SpectrogramCalc &calc = frame.beam.calc;
@@ -89,8 +95,8 @@ void ResultBoxes::show(const JudgedFrame &frame, bool all)
     showNumber(m_ui.doubleSpinBox_major, calc.sigmaMajor);
     showNumber(m_ui.doubleSpinBox_minor, calc.sigmaMinor);
     showNumber(m_ui.doubleSpinBox_rotation, ifValid(frame.beam.axisRotation));
-    showNumber(m_ui.integral_QScienceSpinBox, ifValid(calc.integral));
-    showNumber(m_ui.max_QScienceSpinBox, ifValid(calc.max));
+    m_ui.integral_QScienceSpinBox->showAmount(ifValid(calc.integral));
+    m_ui.max_QScienceSpinBox->showAmount(ifValid(calc.max));
     showVerdict(frame);
 }
 

@@ -24,14 +24,14 @@ constexpr double kSmallestColorRange = 1e-290; // a step of the colour bar is st
 class SpectrogramScaleDraw : public ThinnedScaleDraw
 {
 public:
-    explicit SpectrogramScaleDraw(const LayoutView &view)
-        : m_view(view)
+    explicit SpectrogramScaleDraw(const SpectrogramPlot &plot)
+        : m_plot(plot)
     {
     }
     QwtText label(double value) const override;
 
 private:
-    const LayoutView &m_view;
+    const SpectrogramPlot &m_plot;
 };
 
 QwtText SpectrogramScaleDraw::label(double value) const
@@ -39,7 +39,7 @@ QwtText SpectrogramScaleDraw::label(double value) const
     // Tick positions are sums of steps, so 0 may be off by a rounding error.
     const double span = scaleDiv().range();
     const bool zero = std::abs(value) < 1e-9 * std::abs(span);
-    return QwtText(QString::number(zero ? 0.0 : value * m_view.barFactor(), 'g', 4));
+    return QwtText(QString::number(zero ? 0.0 : value * m_plot.barFactor(), 'g', 4));
 }
 
 } // namespace
@@ -97,7 +97,7 @@ SpectrogramPlot::SpectrogramPlot(QWidget *parent)
 
     styleAxis(this, xBottom);
     styleAxis(this, yLeft);
-    styleAxis(this, yRight, new SpectrogramScaleDraw(m_layoutView));
+    styleAxis(this, yRight, new SpectrogramScaleDraw(*this));
     axisWidget(yRight)->setColorBarEnabled(true);
     axisWidget(yRight)->setColorBarWidth(16);
     setColorBarVisible(true);
@@ -246,7 +246,10 @@ void SpectrogramPlot::applyColors()
     m_raster->setColorMap(makeColorMap(m_colors.map));
     m_raster->setColorRange(m_colorRange);
     axisWidget(yRight)->setColorMap(QwtInterval(0, m_colorRange), makeColorMap(m_colors.map));
+    if (m_takesPrefix)
+        m_prefix.follow(m_colorRange);
     setAxisScale(yRight, 0, m_colorRange);
+    setAxisTitle(yRight, LayoutView::tr("Intensity (%1)").arg(m_prefix.symbol()));
 }
 
 void SpectrogramPlot::setSmoothing(bool smoothing)
@@ -255,10 +258,18 @@ void SpectrogramPlot::setSmoothing(bool smoothing)
     m_layoutView.setSmoothing(smoothing);
 }
 
-void SpectrogramPlot::setColorBarTitle(const QString &title)
+void SpectrogramPlot::setAmountUnit(const QString &symbol, bool takesPrefix)
 {
-    if (!m_layoutView.isShown()) // which finds a prefix
-        setAxisTitle(yRight, title);
+    if (symbol == m_prefix.givenSymbol() && takesPrefix == m_takesPrefix)
+        return;
+    m_prefix = Units::SiPrefix(symbol);
+    m_takesPrefix = takesPrefix;
+    applyColors();
+}
+
+double SpectrogramPlot::barFactor() const
+{
+    return m_layoutView.isShown() ? m_layoutView.barFactor() : m_prefix.shown(1.0);
 }
 
 void SpectrogramPlot::setColorBarVisible(bool visible)
@@ -277,7 +288,9 @@ QString SpectrogramPlot::hoverText(const QPointF &position) const
     const QVector<double> values = m_raster->values();
     if (cell >= values.size())
         return QStringLiteral("NULL");
-    const QString value = QString::number(values[cell], 'g', 6);
+    const QString value = m_takesPrefix
+        ? Units::SiPrefix::text(values[cell], m_prefix.givenSymbol())
+        : QString::number(values[cell], 'g', 6);
     if (m_layout != ProfileLayout::PixelMatrix)
         return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
     const int reading = RoundPixelDetector::readingAt(row, column);

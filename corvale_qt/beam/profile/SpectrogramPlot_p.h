@@ -7,6 +7,7 @@
 #include "corvale_qt/beam/profile/LayoutView_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
 #include "corvale_qt/plot/SquarePlot_p.h"
+#include "corvale_qt/units/SiPrefix.h"
 
 namespace Corvale_Qt {
 
@@ -52,7 +53,10 @@ public:
     void setColorSettings(const ColorSettings &settings);
     const ColorSettings &colorSettings() const { return m_colors; }
     void setSmoothing(bool smoothing);
-    void setColorBarTitle(const QString &title);
+    //! Sets the symbol of the unit of the values, and whether they are shown with the prefix that suits them.
+    void setAmountUnit(const QString &symbol, bool takesPrefix);
+    //! Returns what the labels of the colour bar are multiplied by.
+    double barFactor() const;
     void setColorBarVisible(bool visible);
 
     //! Returns the text beside the mouse at a position in the units of the axes: the channel or the cell, and its value.
@@ -72,6 +76,8 @@ private:
     Ellipse *m_ellipse;
     ChannelHover *m_hover = nullptr;
     LayoutView m_layoutView;
+    Units::SiPrefix m_prefix{QStringLiteral("C")}; //!< of the colour bar, unless a layout is shown
+    bool m_takesPrefix = false;
 
     ProfileLayout m_layout = ProfileLayout::None;
     DetectorGrid m_grid;

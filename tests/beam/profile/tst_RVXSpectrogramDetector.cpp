@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
 #include "corvale_qt/detector/DetectorFile.h"
+#include "corvale_qt/units/SiPrefix.h"
 #include "tests/beam/profile/BeamDisplay.h"
+#include "tests/support/AxisTexts.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Profiles.h"
@@ -9,6 +11,7 @@
 #include "tests/support/TestMain.h"
 
 #include <cstring>
+#include <tuple>
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -281,6 +284,45 @@ private Q_SLOTS:
         QVERIFY(display.feed(Frames::pixels()).valid);
         QVERIFY(!display.feed(QVector<double>(128, 0.0)).valid);
         QVERIFY(display.validity().contains("no charge"));
+    }
+
+    //! Amounts are shown with the prefix that suits each, and have room on the axes; a host reads them in the unit as before.
+    void amountsHaveThePrefixThatSuitsThem()
+    {
+        BeamDisplay display(Detector::Pixels);
+        display.widget.resize(900, 700);
+        display.widget.show();
+        display.feed(Frames::pixels(2e-10));
+        const QString plain = display.text("max_QScienceSpinBox");
+        const double integral = display.widget.getCalc().integral;
+        QVERIFY2(plain.endsWith("e-10 C"), qPrintable(plain));
+        display.widget.setSiPrefix(true);
+        auto *plot = display.widget.findChild<QwtPlot *>();
+        const auto title = [plot] {
+            return plot->axisTitle(QwtPlot::yRight).text();
+        };
+        for (const auto &[peak, text, bar] :
+             {std::tuple(2e-10, " pC", "pC"), {3e-6, " \u00b5C", "\u00b5C"}, {7.0, " C", "C"}}) {
+            display.feed(Frames::pixels(peak));
+            QVERIFY2(display.text("max_QScienceSpinBox").endsWith(text),
+                     qPrintable(display.text("max_QScienceSpinBox")));
+            QVERIFY(!display.text("integral_QScienceSpinBox").contains('e'));
+            QCOMPARE(title(), QString("Intensity (%1)").arg(bar));
+            QCOMPARE(cutAxisTexts(*plot), QString());
+        }
+        display.feed(Frames::pixels(2e-10));
+        display.box("integral_QScienceSpinBox")->interpretText();
+        QCOMPARE(display.box("integral_QScienceSpinBox")->value(), integral);
+        display.widget.setSiPrefix(false);
+        QCOMPARE(display.text("max_QScienceSpinBox"), plain);
+        QCOMPARE(title(), QString("Intensity (C)"));
+
+        DetectorDisplay described(harp());
+        described.widget.setIntensityUnit("nA");
+        described.widget.setSiPrefix(true);
+        described.feedBeam({0, 0}, {5, 5});
+        const double max = described.widget.getCalc().max; // in nA
+        QCOMPARE(described.text("max_QScienceSpinBox"), Units::SiPrefix::text(max, "nA"));
     }
 
     //! The noise of a detector is that of its readings, and the smallest peak is a charge, also while currents are shown.

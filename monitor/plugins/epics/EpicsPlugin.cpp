@@ -4,11 +4,9 @@
 #include "monitor/plugins/epics/EpicsReader.h"
 #include "monitor/plugins/epics/EpicsText.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
-#include <mutex>
 
 namespace {
 
@@ -59,10 +57,6 @@ EpicsPlugin::open(const QString &address,
         receiver->setState(CorvaleMonitor::SourceState::Failed, error);
         return nullptr;
     }
-    static std::once_flag once;
-    std::call_once(once, [] {
-        qAddPostRoutine(&EpicsReader::waitForAll);
-    });
     return std::make_unique<EpicsConnection>(
         std::make_shared<EpicsReader>(*library, address, namesIn(address), receiver));
 }

@@ -2,6 +2,7 @@
 #include "monitor/plugins/epics/EpicsReader.h"
 
 #include "monitor/plugins/epics/EpicsText.h"
+#include "monitor/plugins/support/ReaderThreads.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,25 +15,8 @@ using CorvaleMonitor::SourceStream;
 
 namespace {
 
-//! How long the end of the program waits for readers.
-constexpr std::chrono::seconds endPatience{2};
 //! A variable may have so many values; it is what planes of strips may have together.
 constexpr int mostValues = 65536;
-
-//! The threads of all readers.
-struct Threads
-{
-    std::mutex mutex;
-    std::condition_variable ended;
-    int running = 0;
-};
-
-//! Returns the threads. They are never destroyed, since one may outlive main().
-Threads &readerThreads()
-{
-    static auto *const all = new Threads;
-    return *all;
-}
 
 } // namespace
 
@@ -58,26 +42,8 @@ EpicsReader::EpicsReader(const Library &library,
 
 void EpicsReader::start(const std::shared_ptr<EpicsReader> &reader)
 {
-    Threads &threads = readerThreads();
-    {
-        const std::lock_guard lock(threads.mutex);
-        ++threads.running;
-    }
-    std::thread([reader = reader, &threads]() mutable {
+    ReaderThreads::run([reader] {
         reader->run();
-        reader.reset(); // nothing of it is left when the end of the program goes on
-        const std::lock_guard lock(threads.mutex);
-        --threads.running;
-        threads.ended.notify_all();
-    }).detach();
-}
-
-void EpicsReader::waitForAll()
-{
-    Threads &threads = readerThreads();
-    std::unique_lock lock(threads.mutex);
-    threads.ended.wait_for(lock, endPatience, [&] {
-        return threads.running == 0;
     });
 }
 

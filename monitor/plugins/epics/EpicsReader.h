@@ -9,7 +9,6 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
-#include <thread>
 #include <vector>
 
 /*! Reads process variables together, in a thread that opens and closes the client library and completes rows that have waited long
@@ -35,8 +34,6 @@ public:
     static void start(const std::shared_ptr<EpicsReader> &reader);
     //! Ends the reading soon; returns at once.
     void stop();
-    //! Waits for the threads of all readers that were stopped, but not for ever.
-    static void waitForAll();
 
 private:
     static void keepQuiet(ChannelAccess::Exception);

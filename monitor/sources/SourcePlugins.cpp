@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLibrary>
@@ -23,7 +24,10 @@ constexpr char pathVariable[] = "CORVALE_MONITOR_PLUGIN_PATH";
 //! Returns the package that brings a scheme; empty if it is not one of this project's.
 QString packageOf(const QString &scheme)
 {
-    return scheme == QLatin1String("ca") ? QStringLiteral("corvale-monitor-epics") : QString();
+    static const QHash<QString, QString> packages = {
+        {QStringLiteral("ca"), QStringLiteral("corvale-monitor-epics")},
+        {QStringLiteral("tango"), QStringLiteral("corvale-monitor-tango")}};
+    return packages.value(scheme);
 }
 
 QStringList textsOf(const QJsonArray &array)

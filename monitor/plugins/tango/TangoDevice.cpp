@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/plugins/tango/TangoDevice.h"
+
+#include "monitor/plugins/tango/TangoText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tango.h>
+#include <type_traits>
+
+namespace {
+
+using Form = TangoAttribute::Form;
+using Quality = TangoReading::Quality;
+
+//! A window shows no larger image, and no longer spectrum.
+constexpr int largestSide = 256;
+constexpr int longestSpectrum = 65536;
+
+//! Returns a text of a device. The protocol does not say how texts are encoded: most are Latin-1, some are UTF-8.
+QString textOf(const std::string &bytes)
+{
+    const QString text = QString::fromStdString(bytes);
+    const bool isUtf8 = !text.contains(QChar(QChar::ReplacementCharacter));
+    return (isUtf8 ? text : QString::fromLatin1(bytes.data(), int(bytes.size()))).simplified();
+}
+
+//! Returns whether one of the errors has a reason that begins like this.
+bool hasReason(const Tango::DevFailed &failure, const char *reason)
+{
+    for (CORBA::ULong i = 0; i < failure.errors.length(); ++i)
+        if (QByteArray(failure.errors[i].reason.in()).startsWith(reason))
+            return true;
+    return false;
+}
+
+bool isTimeout(const Tango::DevFailed &failure)
+{
+    for (CORBA::ULong i = 0; i < failure.errors.length(); ++i)
+        if (QByteArray(failure.errors[i].desc.in()).contains("CallTimedout"))
+            return true;
+    return hasReason(failure, "API_DeviceTimedOut");
+}
+
+//! Returns what went wrong at first, in the words of the library.
+QString firstText(const Tango::DevErrorList &errors)
+{
+    if (errors.length() == 0)
+        return TangoText::tr("an error without a description");
+    return QStringLiteral("%1: %2").arg(textOf(errors[0].reason.in()), textOf(errors[0].desc.in()));
+}
+
+TangoDevice::Fault faultOf(const Tango::DevFailed &failure, const QString &device)
+{
+    if (isTimeout(failure))
+        return {TangoText::tr("%1 does not answer in time").arg(device)};
+    if (hasReason(failure, "API_DeviceNotDefined") || hasReason(failure, "DB_DeviceNotDefined"))
+        return {TangoText::tr("there is no device %1").arg(device)};
+    if (hasReason(failure, "API_ServerNotRunning")
+        || hasReason(failure, Tango::API_CantConnectToDevice)
+        || hasReason(failure, Tango::API_DeviceNotExported))
+        return {TangoText::tr("no server answers for %1").arg(device)};
+    const QString text = QStringLiteral("%1: %2").arg(device, firstText(failure.errors));
+    return {text, hasReason(failure, Tango::API_AttrNotFound)};
+}
+
+//! Calls the library. Returns whether it succeeded, and else says why not.
+template<typename Call>
+bool guarded(const QString &device, TangoDevice::Fault *fault, Call call)
+{
+    try {
+        call();
+        return true;
+    } catch (const Tango::DevFailed &failure) {
+        *fault = faultOf(failure, device);
+    } catch (const CORBA::Exception &exception) {
+        *fault = {QStringLiteral("%1: %2").arg(device, QLatin1String(exception._name()))};
+    } catch (const std::exception &exception) {
+        *fault = {QStringLiteral("%1: %2").arg(device, QLatin1String(exception.what()))};
+    }
+    return false;
+}
+
+//! Returns a number that is configured; NaN if none is.
+double numberOf(const std::string &text, double factor = 1.0)
+{
+    bool ok = false;
+    const double number = textOf(text).toDouble(&ok);
+    return ok ? factor * number : std::numeric_limits<double>::quiet_NaN();
+}
+
+//! Returns what the values are to be multiplied with before they are shown in the unit: the display unit, which is a number.
+double factorOf(const std::string &displayUnit)
+{
+    const double factor = numberOf(displayUnit);
+    return std::isfinite(factor) && factor > 0.0 ? factor : 1.0;
+}
+
+Form formOf(Tango::AttrDataFormat format)
+{
+    return format == Tango::IMAGE   ? Form::Image
+        : format == Tango::SPECTRUM ? Form::Spectrum
+                                    : Form::Scalar;
+}
+
+bool isNumberType(int type)
+{
+    switch (type) {
+    case Tango::DEV_BOOLEAN:
+    case Tango::DEV_SHORT:
+    case Tango::DEV_LONG:
+    case Tango::DEV_FLOAT:
+    case Tango::DEV_DOUBLE:
+    case Tango::DEV_USHORT:
+    case Tango::DEV_ULONG:
+    case Tango::DEV_UCHAR:
+    case Tango::DEV_LONG64:
+    case Tango::DEV_ULONG64:
+    case Tango::DEV_ENUM:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString typeName(int type)
+{
+    const bool isKnown = type >= 0 && type < int(std::extent_v<decltype(Tango::CmdArgTypeName)>);
+    return isKnown ? QLatin1String(Tango::CmdArgTypeName[type]) : QString::number(type);
+}
+
+TangoAttribute attributeOf(const Tango::AttributeInfoEx &info)
+{
+    TangoAttribute attribute;
+    attribute.factor = factorOf(info.display_unit);
+    attribute.channel.name = textOf(info.name);
+    const QString unit = textOf(info.unit);
+    attribute.channel.unit = unit == QLatin1String("No unit") ? QString() : unit;
+    attribute.channel.lowAlarm = numberOf(info.alarms.min_alarm, attribute.factor);
+    attribute.channel.lowWarning = numberOf(info.alarms.min_warning, attribute.factor);
+    attribute.channel.highWarning = numberOf(info.alarms.max_warning, attribute.factor);
+    attribute.channel.highAlarm = numberOf(info.alarms.max_alarm, attribute.factor);
+    attribute.label = textOf(info.label);
+    attribute.type = typeName(info.data_type);
+    attribute.form = formOf(info.data_format);
+    attribute.isNumber = isNumberType(info.data_type);
+    attribute.lowest = numberOf(info.min_value, attribute.factor);
+    attribute.highest = numberOf(info.max_value, attribute.factor);
+    return attribute;
+}
+
+//! Takes the values that were read; those that were set, which the library puts behind them, are left out.
+template<typename Value>
+bool takeAs(Tango::DeviceAttribute &given, double factor, TangoReading *reading)
+{
+    std::vector<Value> values;
+    if (!(given >> values))
+        return false;
+    const std::size_t count =
+        std::min(values.size(), std::size_t(reading->columns) * std::size_t(reading->rows));
+    reading->values.resize(count);
+    std::transform(values.begin(),
+                   values.begin() + std::ptrdiff_t(count),
+                   reading->values.begin(),
+                   [factor](Value value) {
+                       return factor * double(value);
+                   });
+    return true;
+}
+
+bool takeValues(Tango::DeviceAttribute &given, double factor, TangoReading *reading)
+{
+    switch (given.get_type()) {
+    case Tango::DEV_BOOLEAN:
+        return takeAs<bool>(given, factor, reading);
+    case Tango::DEV_SHORT:
+    case Tango::DEV_ENUM:
+        return takeAs<Tango::DevShort>(given, factor, reading);
+    case Tango::DEV_LONG:
+        return takeAs<Tango::DevLong>(given, factor, reading);
+    case Tango::DEV_FLOAT:
+        return takeAs<Tango::DevFloat>(given, factor, reading);
+    case Tango::DEV_DOUBLE:
+        return takeAs<Tango::DevDouble>(given, factor, reading);
+    case Tango::DEV_USHORT:
+        return takeAs<Tango::DevUShort>(given, factor, reading);
+    case Tango::DEV_ULONG:
+        return takeAs<Tango::DevULong>(given, factor, reading);
+    case Tango::DEV_UCHAR:
+        return takeAs<Tango::DevUChar>(given, factor, reading);
+    case Tango::DEV_LONG64:
+        return takeAs<Tango::DevLong64>(given, factor, reading);
+    case Tango::DEV_ULONG64:
+        return takeAs<Tango::DevULong64>(given, factor, reading);
+    default:
+        return false;
+    }
+}
+
+Quality qualityOf(Tango::AttrQuality quality)
+{
+    switch (quality) {
+    case Tango::ATTR_INVALID:
+        return Quality::Invalid;
+    case Tango::ATTR_ALARM:
+        return Quality::Alarm;
+    case Tango::ATTR_WARNING:
+        return Quality::Warning;
+    default: // a value that is changing is as good as any other
+        return Quality::Valid;
+    }
+}
+
+double timeOf(const Tango::TimeVal &time)
+{
+    if (time.tv_sec <= 0)
+        return std::numeric_limits<double>::quiet_NaN();
+    return double(time.tv_sec) + 1e-6 * double(time.tv_usec) + 1e-9 * double(time.tv_nsec);
+}
+
+QString tooLargeText(const TangoAttribute &attribute, const TangoReading &reading)
+{
+    if (attribute.form == Form::Image)
+        return TangoText::tr("%1 is an image of %2 x %3 values; a window shows at most %4 x %4")
+            .arg(attribute.channel.name,
+                 QString::number(reading.columns),
+                 QString::number(reading.rows),
+                 QString::number(largestSide));
+    return TangoText::tr("%1 has %2 values; a window shows at most %3")
+        .arg(attribute.channel.name,
+             QString::number(reading.columns),
+             QString::number(longestSpectrum));
+}
+
+void takeReading(const TangoAttribute &attribute,
+                 Tango::DeviceAttribute &given,
+                 TangoReading *reading)
+{
+    given.exceptions(0);
+    reading->values.clear();
+    reading->columns = reading->rows = 0;
+    reading->isTooLarge = false;
+    reading->fault = given.has_failed() ? firstText(given.get_err_stack()) : QString();
+    reading->quality = qualityOf(given.quality);
+    reading->time = timeOf(given.time);
+    if (given.has_failed() || reading->quality == Quality::Invalid)
+        return;
+    const bool isImage = attribute.form == Form::Image;
+    reading->columns = std::max(given.dim_x, 0);
+    reading->rows = isImage ? std::max(given.dim_y, 0) : 1;
+    reading->isTooLarge = isImage ? std::max(reading->columns, reading->rows) > largestSide
+                                  : reading->columns > longestSpectrum;
+    if (reading->isTooLarge)
+        reading->fault = tooLargeText(attribute, *reading);
+    else if (reading->columns * reading->rows > 0 && !takeValues(given, attribute.factor, reading))
+        reading->fault = TangoText::tr("its values cannot be read as numbers");
+}
+
+} // namespace
+
+struct TangoDevice::Private
+{
+    //! The library has to know the thread, which it did not make.
+    omni_thread::ensure_self self;
+    QString name;
+    std::unique_ptr<Tango::DeviceProxy> proxy;
+    Fault fault; //!< why there is no proxy
+};
+
+TangoDevice::TangoDevice(const QString &name)
+    : d(new Private)
+{
+    d->name = name;
+    guarded(name, &d->fault, [&] {
+        d->proxy = std::make_unique<Tango::DeviceProxy>(name.toUtf8().constData());
+        // A device that has gone is looked for by the reader, at its own pace.
+        d->proxy->set_transparency_reconnection(false);
+        d->proxy->set_timeout_millis(int(timeout.count()));
+    });
+}
+
+TangoDevice::~TangoDevice() = default;
+
+std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fault *fault)
+{
+    std::vector<TangoAttribute> attributes;
+    if (!d->proxy) {
+        *fault = d->fault;
+        return attributes;
+    }
+    std::vector<std::string> asked;
+    for (const QString &name : names)
+        asked.push_back(name.toStdString());
+    guarded(d->name, fault, [&] {
+        const std::unique_ptr<Tango::AttributeInfoListEx> infos(
+            d->proxy->get_attribute_config_ex(asked));
+        for (const Tango::AttributeInfoEx &info : *infos)
+            attributes.push_back(attributeOf(info));
+    });
+    return attributes;
+}
+
+bool TangoDevice::read(const std::vector<TangoAttribute> &attributes,
+                       std::vector<TangoReading> *readings,
+                       Fault *fault)
+{
+    std::vector<std::string> names;
+    for (const TangoAttribute &attribute : attributes)
+        names.push_back(attribute.channel.name.toStdString());
+    readings->resize(attributes.size());
+    return guarded(d->name, fault, [&] {
+        const std::unique_ptr<std::vector<Tango::DeviceAttribute>> given(
+            d->proxy->read_attributes(names));
+        for (std::size_t i = 0; i < readings->size(); ++i)
+            takeReading(attributes[i], given->at(i), &(*readings)[i]);
+    });
+}

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+/* A small TANGO device server, whose attributes have what the tests state. Each line on its standard input gives an attribute
+   another reading and is answered with "taken":
+
+       NAME QUALITY MILLISECONDS COLUMNS ROWS VALUE ...
+
+   with a quality of TANGO, or 9 for a failure, and a time after 2001-09-09 01:46:40 UTC. */
+#include <algorithm>
+#include <iostream>
+#include <map>
+#include <mutex>
+#include <sstream>
+#include <tango.h>
+#include <thread>
+
+namespace {
+
+constexpr int failure = 9;
+
+struct Reading
+{
+    int quality = Tango::ATTR_VALID;
+    long milliseconds = 0;
+    int columns = 1;
+    int rows = 1;
+    std::vector<double> values{0.0};
+};
+
+std::mutex mutex; //!< for the readings
+std::map<std::string, Reading> readings;
+
+//! Hands over a reading as values of a type.
+template<typename Type>
+void give(Tango::Attribute &attribute, const Reading &reading)
+{
+    // The library deletes them.
+    auto *const values = new Type[std::max<std::size_t>(reading.values.size(), 1)];
+    std::transform(reading.values.begin(), reading.values.end(), values, [](double value) {
+        return static_cast<Type>(value);
+    });
+    timeval time = {};
+    time.tv_sec = 1000000000 + reading.milliseconds / 1000;
+    time.tv_usec = reading.milliseconds % 1000 * 1000;
+    const bool isImage = attribute.get_data_format() == Tango::IMAGE;
+    attribute.set_value_date_quality(values,
+                                     time,
+                                     Tango::AttrQuality(reading.quality),
+                                     reading.columns,
+                                     isImage ? reading.rows : 0,
+                                     true);
+}
+
+template<typename Type>
+void answer(Tango::Attribute &attribute)
+{
+    const std::lock_guard lock(mutex);
+    const Reading &reading = readings[attribute.get_name()];
+    if (reading.quality == failure)
+        Tango::Except::throw_exception("Broken", "the cable is cut", "TangoInstrument");
+    give<Type>(attribute, reading);
+}
+
+template<typename Type>
+struct Scalar : Tango::Attr
+{
+    Scalar(const char *itsName, long itsType)
+        : Tango::Attr(itsName, itsType)
+    {
+    }
+    void read(Tango::DeviceImpl *, Tango::Attribute &attribute) override
+    {
+        answer<Type>(attribute);
+    }
+};
+
+template<typename Type>
+struct Spectrum : Tango::SpectrumAttr
+{
+    Spectrum(const char *itsName, long itsType)
+        : Tango::SpectrumAttr(itsName, itsType, 100000)
+    {
+    }
+    void read(Tango::DeviceImpl *, Tango::Attribute &attribute) override
+    {
+        answer<Type>(attribute);
+    }
+};
+
+struct Image : Tango::ImageAttr
+{
+    explicit Image(const char *itsName)
+        : Tango::ImageAttr(itsName, Tango::DEV_DOUBLE, 1000, 1000)
+    {
+    }
+    void read(Tango::DeviceImpl *, Tango::Attribute &attribute) override
+    {
+        answer<Tango::DevDouble>(attribute);
+    }
+};
+
+class Instrument : public Tango::Device_5Impl
+{
+public:
+    Instrument(Tango::DeviceClass *kind, const char *name)
+        : Tango::Device_5Impl(kind, name)
+    {
+    }
+    void init_device() override { }
+};
+
+class InstrumentClass : public Tango::DeviceClass
+{
+public:
+    explicit InstrumentClass(std::string &itsName)
+        : Tango::DeviceClass(itsName)
+    {
+    }
+    void device_factory(const Tango::DevVarStringArray *names) override
+    {
+        for (CORBA::ULong i = 0; i < names->length(); ++i) {
+            device_list.push_back(new Instrument(this, (*names)[i]));
+            export_device(device_list.back(), (*names)[i]);
+        }
+    }
+    void command_factory() override { }
+    void attribute_factory(std::vector<Tango::Attr *> &list) override
+    {
+        auto *const position = new Scalar<Tango::DevDouble>("pos", Tango::DEV_DOUBLE);
+        Tango::UserDefaultAttrProp properties;
+        properties.set_label("Position of the beam");
+        properties.set_unit("\xb5m"); // in Latin-1
+        properties.set_min_alarm("-5");
+        properties.set_min_warning("-2");
+        properties.set_max_warning("2");
+        properties.set_max_alarm("5");
+        properties.set_max_value("8");
+        position->set_default_properties(properties);
+        auto *const current = new Scalar<Tango::DevDouble>("cur", Tango::DEV_DOUBLE);
+        Tango::UserDefaultAttrProp others;
+        others.set_label("pos");
+        others.set_unit("nA");
+        others.set_display_unit("1000");
+        others.set_max_alarm("0.05");
+        current->set_default_properties(others);
+        list.push_back(position);
+        list.push_back(current);
+        list.push_back(new Spectrum<Tango::DevBoolean>("booleans", Tango::DEV_BOOLEAN));
+        list.push_back(new Spectrum<Tango::DevUChar>("uchars", Tango::DEV_UCHAR));
+        list.push_back(new Spectrum<Tango::DevShort>("shorts", Tango::DEV_SHORT));
+        list.push_back(new Spectrum<Tango::DevUShort>("ushorts", Tango::DEV_USHORT));
+        list.push_back(new Spectrum<Tango::DevLong>("longs", Tango::DEV_LONG));
+        list.push_back(new Spectrum<Tango::DevULong>("ulongs", Tango::DEV_ULONG));
+        list.push_back(new Spectrum<Tango::DevLong64>("long64s", Tango::DEV_LONG64));
+        list.push_back(new Spectrum<Tango::DevULong64>("ulong64s", Tango::DEV_ULONG64));
+        list.push_back(new Spectrum<Tango::DevFloat>("floats", Tango::DEV_FLOAT));
+        list.push_back(new Spectrum<Tango::DevDouble>("x", Tango::DEV_DOUBLE));
+        list.push_back(new Spectrum<Tango::DevDouble>("y", Tango::DEV_DOUBLE));
+        list.push_back(new Image("image"));
+    }
+};
+
+//! Takes readings from the standard input until it ends, and ends the server then: the test is gone.
+void takeLines()
+{
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        std::istringstream words(line);
+        std::string name;
+        Reading reading;
+        words >> name >> reading.quality >> reading.milliseconds >> reading.columns >> reading.rows;
+        reading.values.clear();
+        for (double value = 0.0; words >> value;)
+            reading.values.push_back(value);
+        const std::lock_guard lock(mutex);
+        readings[name] = reading;
+        std::cout << "taken" << std::endl;
+    }
+    std::_Exit(0);
+}
+
+} // namespace
+
+void Tango::DServer::class_factory()
+{
+    static std::string name("Instrument");
+    add_class(new InstrumentClass(name));
+}
+
+int main(int argc, char **argv)
+{
+    try {
+        Tango::Util *server = Tango::Util::init(argc, argv);
+        server->server_init(false);
+        std::thread(takeLines).detach();
+        std::cout << "Ready to accept request" << std::endl;
+        server->server_run();
+    } catch (const CORBA::Exception &exception) {
+        Tango::Except::print_exception(exception);
+        return 1;
+    }
+    return 0;
+}

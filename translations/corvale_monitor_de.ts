@@ -2883,4 +2883,63 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>%1 hat keine Daten für die Anzeige „%2“; --view scope zeigt Messwerte jeder Art</translation>
     </message>
 </context>
+<context>
+    <name>TangoText</name>
+    <message>
+        <source>&quot;%1&quot; should be tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, with #dbase=no at its end where HOST:PORT is a device server, not a database</source>
+        <translation>„%1“ sollte tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE sein, mit #dbase=no am Ende, wenn HOST:PORT ein Geräteserver ist und keine Datenbank</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 attributes; a window shows %3 at most</source>
+        <translation>„%1“ nennt %2 Attribute; ein Fenster zeigt höchstens %3</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?every=100ms may follow the attributes, with a time from 1 ms to 60 min</source>
+        <translation>„%1“: nach den Attributen darf nur ?every=100ms stehen, mit einer Zeit von 1 ms bis 60 min</translation>
+    </message>
+    <message>
+        <source>an error without a description</source>
+        <translation>ein Fehler ohne Beschreibung</translation>
+    </message>
+    <message>
+        <source>%1 does not answer in time</source>
+        <translation>%1 antwortet nicht rechtzeitig</translation>
+    </message>
+    <message>
+        <source>there is no device %1</source>
+        <translation>es gibt kein Gerät %1</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>kein Server antwortet für %1</translation>
+    </message>
+    <message>
+        <source>%1 is an image of %2 x %3 values; a window shows at most %4 x %4</source>
+        <translation>%1 ist ein Bild aus %2 x %3 Werten; ein Fenster zeigt höchstens %4 x %4</translation>
+    </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 hat %2 Werte; ein Fenster zeigt höchstens %3</translation>
+    </message>
+    <message>
+        <source>its values cannot be read as numbers</source>
+        <translation>seine Werte können nicht als Zahlen gelesen werden</translation>
+    </message>
+    <message>
+        <source>Check the names, that the device server runs, and that the address ends with #dbase=no if its host and port are those of a device server.</source>
+        <translation>Prüfen Sie die Namen, ob der Geräteserver läuft, und ob die Adresse mit #dbase=no endet, wenn Host und Port die eines Geräteservers sind.</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which has no valid value</source>
+        <translation>%1, ohne %2 (kein gültiger Wert)</translation>
+    </message>
+    <message>
+        <source>%1 is of the type %2, not a number</source>
+        <translation>%1 ist vom Typ %2, keine Zahl</translation>
+    </message>
+    <message>
+        <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
+        <translation>ein Fenster zeigt Skalare, oder ein oder zwei Spektren, oder ein Bild; lesen Sie die anderen in einem eigenen Fenster</translation>
+    </message>
+</context>
 </TS>

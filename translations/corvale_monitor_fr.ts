@@ -2883,4 +2883,63 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>%1 n&apos;a pas de données pour l&apos;affichage «&#xa0;%2&#xa0;»&#xa0;; --view scope montre toute sorte de mesures</translation>
     </message>
 </context>
+<context>
+    <name>TangoText</name>
+    <message>
+        <source>&quot;%1&quot; should be tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, with #dbase=no at its end where HOST:PORT is a device server, not a database</source>
+        <translation>« %1 » devrait être tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, avec #dbase=no à la fin si HOST:PORT est un serveur de dispositifs et non une base de données</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 attributes; a window shows %3 at most</source>
+        <translation>« %1 » nomme %2 attributs ; une fenêtre en montre %3 au plus</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?every=100ms may follow the attributes, with a time from 1 ms to 60 min</source>
+        <translation>« %1 » : seul ?every=100ms peut suivre les attributs, avec un temps de 1 ms à 60 min</translation>
+    </message>
+    <message>
+        <source>an error without a description</source>
+        <translation>une erreur sans description</translation>
+    </message>
+    <message>
+        <source>%1 does not answer in time</source>
+        <translation>%1 ne répond pas à temps</translation>
+    </message>
+    <message>
+        <source>there is no device %1</source>
+        <translation>il n’y a pas de dispositif %1</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>aucun serveur ne répond pour %1</translation>
+    </message>
+    <message>
+        <source>%1 is an image of %2 x %3 values; a window shows at most %4 x %4</source>
+        <translation>%1 est une image de %2 x %3 valeurs ; une fenêtre montre au plus %4 x %4</translation>
+    </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 a %2 valeurs ; une fenêtre en affiche au plus %3</translation>
+    </message>
+    <message>
+        <source>its values cannot be read as numbers</source>
+        <translation>ses valeurs ne peuvent pas être lues comme des nombres</translation>
+    </message>
+    <message>
+        <source>Check the names, that the device server runs, and that the address ends with #dbase=no if its host and port are those of a device server.</source>
+        <translation>Vérifiez les noms, que le serveur de dispositifs fonctionne, et que l’adresse se termine par #dbase=no si l’hôte et le port sont ceux d’un serveur de dispositifs.</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which has no valid value</source>
+        <translation>%1, sans %2, qui n’a pas de valeur valide</translation>
+    </message>
+    <message>
+        <source>%1 is of the type %2, not a number</source>
+        <translation>%1 est du type %2, pas un nombre</translation>
+    </message>
+    <message>
+        <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
+        <translation>une fenêtre montre des scalaires, ou un ou deux spectres, ou une image ; lisez les autres dans une fenêtre à part</translation>
+    </message>
+</context>
 </TS>

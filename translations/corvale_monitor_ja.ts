@@ -2883,4 +2883,63 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>%1 には表示「%2」のデータがありません。--view scope ならどの種類の測定値も表示できます</translation>
     </message>
 </context>
+<context>
+    <name>TangoText</name>
+    <message>
+        <source>&quot;%1&quot; should be tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, with #dbase=no at its end where HOST:PORT is a device server, not a database</source>
+        <translation>「%1」は tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE の形で指定してください。HOST:PORT がデータベースではなくデバイスサーバーの場合は末尾に #dbase=no を付けます</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; names %2 attributes; a window shows %3 at most</source>
+        <translation>「%1」には %2 個の属性があります。ウィンドウに表示できるのは %3 個までです</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: only ?every=100ms may follow the attributes, with a time from 1 ms to 60 min</source>
+        <translation>「%1」: 属性の後に指定できるのは ?every=100ms だけで、時間は 1 ms から 60 min までです</translation>
+    </message>
+    <message>
+        <source>an error without a description</source>
+        <translation>説明のないエラー</translation>
+    </message>
+    <message>
+        <source>%1 does not answer in time</source>
+        <translation>%1 が時間内に応答しません</translation>
+    </message>
+    <message>
+        <source>there is no device %1</source>
+        <translation>デバイス %1 はありません</translation>
+    </message>
+    <message>
+        <source>no server answers for %1</source>
+        <translation>%1 に応答するサーバーがありません</translation>
+    </message>
+    <message>
+        <source>%1 is an image of %2 x %3 values; a window shows at most %4 x %4</source>
+        <translation>%1 は %2 x %3 個の値の画像です。ウィンドウに表示できるのは %4 x %4 までです</translation>
+    </message>
+    <message>
+        <source>%1 has %2 values; a window shows at most %3</source>
+        <translation>%1 の値は %2 個です。ウィンドウに表示できるのは %3 個までです</translation>
+    </message>
+    <message>
+        <source>its values cannot be read as numbers</source>
+        <translation>値を数として読み取れません</translation>
+    </message>
+    <message>
+        <source>Check the names, that the device server runs, and that the address ends with #dbase=no if its host and port are those of a device server.</source>
+        <translation>名前が正しいこと、デバイスサーバーが動作していること、ホストとポートがデバイスサーバーのものである場合はアドレスの末尾に #dbase=no があることを確認してください。</translation>
+    </message>
+    <message>
+        <source>%1, without %2, which has no valid value</source>
+        <translation>%1（%2 には有効な値がありません）</translation>
+    </message>
+    <message>
+        <source>%1 is of the type %2, not a number</source>
+        <translation>%1 の型は %2 で、数ではありません</translation>
+    </message>
+    <message>
+        <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
+        <translation>ウィンドウに表示できるのは、スカラー、1 つか 2 つのスペクトル、または 1 つの画像です。ほかのものは別のウィンドウで読み取ってください</translation>
+    </message>
+</context>
 </TS>

@@ -2941,5 +2941,13 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
         <translation>ein Fenster zeigt Skalare, oder ein oder zwei Spektren, oder ein Bild; lesen Sie die anderen in einem eigenen Fenster</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; names the attribute %2 twice</source>
+        <translation>„%1“ nennt das Attribut %2 zweimal</translation>
+    </message>
+    <message>
+        <source>%1 does not tell what its attributes are</source>
+        <translation>%1 sagt nicht, was seine Attribute sind</translation>
+    </message>
 </context>
 </TS>

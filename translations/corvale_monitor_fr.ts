@@ -2941,5 +2941,13 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
         <translation>une fenêtre montre des scalaires, ou un ou deux spectres, ou une image ; lisez les autres dans une fenêtre à part</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; names the attribute %2 twice</source>
+        <translation>« %1 » nomme deux fois l’attribut %2</translation>
+    </message>
+    <message>
+        <source>%1 does not tell what its attributes are</source>
+        <translation>%1 ne dit pas ce que sont ses attributs</translation>
+    </message>
 </context>
 </TS>

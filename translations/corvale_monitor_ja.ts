@@ -2941,5 +2941,13 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
         <translation>ウィンドウに表示できるのは、スカラー、1 つか 2 つのスペクトル、または 1 つの画像です。ほかのものは別のウィンドウで読み取ってください</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; names the attribute %2 twice</source>
+        <translation>「%1」では属性 %2 が 2 回指定されています</translation>
+    </message>
+    <message>
+        <source>%1 does not tell what its attributes are</source>
+        <translation>%1 から属性の設定を取得できません</translation>
+    </message>
 </context>
 </TS>

@@ -174,8 +174,9 @@ QVector<TopicText> topicTexts()
               Text::tr("EPICS process variables by Channel Access; needs the package "
                        "corvale-monitor-epics.")},
              {"tango://HOST:PORT/DEVICE/NAME,NAME",
-              Text::tr("Attributes of a TANGO device; #dbase=no at the end if the port is that of a "
-                       "device server. Needs the package corvale-monitor-tango.")},
+              Text::tr(
+                  "Attributes of a TANGO device; #dbase=no at the end if the port is that of a "
+                  "device server. Needs the package corvale-monitor-tango.")},
              {"SCHEME:REST", Text::tr("What another source plugin reads.")},
              {"?silence=30s",
               Text::tr("After tcp, tcp-listen and serial: connect again if a source that used to "

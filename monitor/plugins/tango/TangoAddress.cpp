@@ -4,6 +4,7 @@
 #include "monitor/plugins/tango/TangoText.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -27,6 +28,18 @@ std::optional<std::chrono::milliseconds> intervalFrom(const QString &text)
     if (!isPossible)
         return std::nullopt;
     return std::chrono::milliseconds(qint64(milliseconds));
+}
+
+//! Returns a name that is given twice; empty if there is none.
+QString nameGivenTwice(const QStringList &names)
+{
+    QSet<QString> given;
+    for (const QString &name : names) {
+        if (given.contains(name.toLower()))
+            return name;
+        given.insert(name.toLower());
+    }
+    return {};
 }
 
 QString formText(const QString &text)
@@ -58,6 +71,12 @@ std::optional<TangoAddress> TangoAddress::fromText(const QString &text, QString 
                      .arg(text.left(60),
                           QString::number(address.attributes.size()),
                           QString::number(mostAttributes));
+        return std::nullopt;
+    }
+    // Devices refuse that, and their names know no capitals.
+    const QString twice = nameGivenTwice(address.attributes);
+    if (!twice.isEmpty()) {
+        *error = TangoText::tr("\"%1\" names the attribute %2 twice").arg(text.left(200), twice);
         return std::nullopt;
     }
     const QString host = match.captured(1);

@@ -42,12 +42,16 @@ bool isTimeout(const Tango::DevFailed &failure)
     return hasReason(failure, "API_DeviceTimedOut");
 }
 
-//! Returns what went wrong at first, in the words of the library.
+//! Returns what went wrong at first, in the words of the library; what it says of its transport only if there is nothing else.
 QString firstText(const Tango::DevErrorList &errors)
 {
     if (errors.length() == 0)
         return TangoText::tr("an error without a description");
-    return QStringLiteral("%1: %2").arg(textOf(errors[0].reason.in()), textOf(errors[0].desc.in()));
+    CORBA::ULong first = 0;
+    while (first + 1 < errors.length() && textOf(errors[first].reason.in()) == "API_CorbaException")
+        ++first;
+    return QStringLiteral("%1: %2").arg(textOf(errors[first].reason.in()),
+                                        textOf(errors[first].desc.in()));
 }
 
 TangoDevice::Fault faultOf(const Tango::DevFailed &failure, const QString &device)
@@ -246,7 +250,8 @@ void takeReading(const TangoAttribute &attribute,
     if (given.has_failed() || reading->quality == Quality::Invalid)
         return;
     const bool isImage = attribute.form == Form::Image;
-    reading->columns = std::max(given.dim_x, 0);
+    const int most = attribute.form == Form::Scalar ? 1 : std::numeric_limits<int>::max();
+    reading->columns = std::clamp(given.dim_x, 0, most);
     reading->rows = isImage ? std::max(given.dim_y, 0) : 1;
     reading->isTooLarge = isImage ? std::max(reading->columns, reading->rows) > largestSide
                                   : reading->columns > longestSpectrum;
@@ -297,6 +302,8 @@ std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fa
         for (const Tango::AttributeInfoEx &info : *infos)
             attributes.push_back(attributeOf(info));
     });
+    if (fault->text.isEmpty() && attributes.size() != asked.size())
+        *fault = {TangoText::tr("%1 does not tell what its attributes are").arg(d->name)};
     return attributes;
 }
 
@@ -305,6 +312,7 @@ bool TangoDevice::read(const std::vector<TangoAttribute> &attributes,
                        Fault *fault)
 {
     std::vector<std::string> names;
+    names.reserve(attributes.size());
     for (const TangoAttribute &attribute : attributes)
         names.push_back(attribute.channel.name.toStdString());
     readings->resize(attributes.size());

@@ -199,8 +199,9 @@ double TangoStream::timeOf(const std::vector<TangoReading> &readings)
 void TangoStream::fill(const Size &size, const TangoReading &reading, double *place)
 {
     std::fill_n(place, size.count(), missing);
-    const bool isWhole = reading.values.size() == std::size_t(reading.columns * reading.rows);
-    if (!reading.hasValues() || !isWhole)
+    const bool hasPlace = reading.columns <= size.columns && reading.rows <= size.rows;
+    if (!reading.hasValues() || !hasPlace
+        || reading.values.size() != std::size_t(reading.columns * reading.rows))
         return;
     for (int row = 0; row < reading.rows; ++row)
         std::copy_n(reading.values.begin() + std::ptrdiff_t(row) * reading.columns,

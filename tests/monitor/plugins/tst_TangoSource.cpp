@@ -123,6 +123,7 @@ private Q_SLOTS:
         row("no attribute", "tango://h:1/a/b/c", form);
         row("no port", "tango://h/a/b/c/d", form);
         row("an empty attribute", "tango://h:1/a/b/c/d,,e", form);
+        row("an attribute twice", "tango://h:1/a/b/c/d,e,D", "names the attribute D twice");
         row("another end", "tango://h:1/a/b/c/d#dbase=maybe", form);
         row("no time", "tango://h:1/a/b/c/d?every=", every);
         row("a time without end", "tango://h:1/a/b/c/d?every=1e9s", every);

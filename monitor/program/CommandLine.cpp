@@ -235,20 +235,63 @@ void readTask(const QCommandLineParser &parser, CommandLine *line, QString *erro
                      .arg(asked.join(Text::tr(" and ")));
 }
 
-void readSource(const QCommandLineParser &parser, CommandLine *line, QString *error)
+//! Returns the task of one source that several sources are given for; empty if the task takes several.
+QString taskOfOneSource(const CommandLine &line)
 {
-    const QStringList sources = parser.positionalArguments();
-    if (sources.size() > 1)
-        *error = Text::tr("only one source can be shown at a time, not %1; a window with another "
-                          "--settings FILE shows another source")
-                     .arg(sources.join(QStringLiteral(", ")));
+    using Task = CommandLine::Task;
+    if (line.task == Task::Convert)
+        return Text::tr("--convert writes the readings of one source");
+    if (!line.planned.isEmpty())
+        return Text::tr("--planned is compared with one source");
+    if (line.task == Task::Window || line.task == Task::Screenshot)
+        return Text::tr("only one source can be shown at a time");
+    return {};
+}
+
+//! Returns what is wrong with the sources as a whole; empty if nothing is.
+QString faultOfSources(const CommandLine &line)
+{
+    QStringList addresses;
+    for (const NamedAddress &source : line.sources)
+        addresses.append(source.address);
+    if (addresses.count(QStringLiteral("-")) > 1)
+        return Text::tr("standard input can only be read once; leave one - out");
+    const QString task = addresses.size() > 1 ? taskOfOneSource(line) : QString();
+    if (task.isEmpty())
+        return {};
+    return Text::tr("%1, not those of %2; a window with another --settings FILE shows another "
+                    "source, --stats and --check take several")
+        .arg(task, addresses.join(QStringLiteral(", ")));
+}
+
+//! Reads what is given as a source, first each --source, then each argument without an option.
+void readSources(const QCommandLineParser &parser, CommandLine *line, QString *error)
+{
+    for (const QString &text : parser.values(QStringLiteral("source"))) {
+        const std::optional<NamedAddress> source = namedAddressFromText(text);
+        if (!source)
+            *error =
+                Text::tr("--source %1: it should be NAME=ADDRESS, like halo=tcp://10.0.0.7:5000; a "
+                         "name has letters, digits, _, - and .")
+                    .arg(text);
+        line->sources.append(source.value_or(NamedAddress()));
+    }
+    for (const QString &address : parser.positionalArguments())
+        line->sources.append({QString(), address});
     const QString measured = parser.value(QStringLiteral("measured"));
-    if (!sources.isEmpty() && !measured.isEmpty())
+    if (!line->sources.isEmpty() && !measured.isEmpty())
         *error = Text::tr("--measured %1: the source is %2 already; leave one of them out")
-                     .arg(measured, sources.first());
-    line->sourceGiven = !sources.isEmpty() || !measured.isEmpty();
-    line->source = sources.value(0, measured.isEmpty() ? line->source : measured);
+                     .arg(measured, line->sources.first().address);
+    else if (!measured.isEmpty())
+        line->sources.append({QString(), measured});
     line->planned = parser.value(QStringLiteral("planned"));
+    line->sourceGiven = !line->sources.isEmpty();
+    if (!line->sourceGiven)
+        line->sources.append({QString(), line->source});
+    line->source = line->sources.first().address;
+    nameSources(&line->sources);
+    if (error->isEmpty())
+        *error = faultOfSources(*line);
 }
 
 void readStatisticsOptions(const QCommandLineParser &parser, CommandLine *line, QString *error)
@@ -309,7 +352,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
         error->clear(); // a text is printed whatever else is asked for
         return true;
     }
-    readSource(parser, this, error);
+    readSources(parser, this, error);
     readStatisticsOptions(parser, this, error);
     ValueReader values(parser);
     readValues(values, this);
@@ -337,8 +380,9 @@ QString CommandLine::versionText()
 
 QString CommandLine::helpText()
 {
-    QString text = Text::tr("Usage: corvale-monitor [options] [source]") + QStringLiteral("\n\n")
-        + summaryText() + QStringLiteral("\n\n") + Text::tr("Options") + QLatin1Char('\n');
+    QString text = Text::tr("Usage: corvale-monitor [options] [source ...]")
+        + QStringLiteral("\n\n") + summaryText() + QStringLiteral("\n\n") + Text::tr("Options")
+        + QLatin1Char('\n');
     constexpr int column = 26;
     const auto item = [&](const QString &name, const QString &meaning) {
         const bool fits = name.size() < column;

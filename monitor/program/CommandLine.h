@@ -3,6 +3,7 @@
 
 #include "monitor/recording/Recorder.h"
 #include "monitor/sources/FileSource.h"
+#include "monitor/sources/SourceNames.h"
 #include <corvale_qt/detector/DetectorLayout.h>
 #include <corvale_qt/proxies/ChannelExpressions.h>
 
@@ -39,6 +40,7 @@ struct CommandLine
     Task task = Task::Window;
     QString source = QStringLiteral("sim:strips");
     bool sourceGiven = false;
+    QVector<NamedAddress> sources; //!< all of them, the first one too; their names differ
     FileSource::Options file;
     bool speedGiven = false;
     Recorder::Options record; //!< the path is empty if nothing is to be recorded

@@ -5,92 +5,68 @@
 #include "monitor/core/LoopWatch.h"
 #include "monitor/core/RunReport.h"
 #include "monitor/input/SpotFile.h"
-#include "monitor/program/RepairRun.h"
+#include "monitor/program/HeadlessFeed.h"
 #include "monitor/program/TerminationSignal.h"
-#include "monitor/sources/SourceFactory.h"
-#include "monitor/statistics/BeamEstimates.h"
-#include "monitor/statistics/ProfileFits.h"
-#include "monitor/statistics/StatisticsReport.h"
-#include "monitor/window/KeptOptions.h"
-#include "monitor/window/WindowSettings.h"
 
 #include <QEventLoop>
+#include <QJsonArray>
+#include <QJsonDocument>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace Monitor {
 
-namespace {
-
-bool print(const QByteArray &text)
-{
-    const bool written = std::fwrite(text.constData(), 1, std::size_t(text.size()), stdout)
-        == std::size_t(text.size());
-    return std::fflush(stdout) == 0 && written;
-}
-
-} // namespace
-
 HeadlessRun::HeadlessRun(const CommandLine &commandLine, QObject *parent)
     : QObject(parent)
     , m_commandLine(commandLine)
-    , m_limit(commandLine.afterReadings, commandLine.afterSeconds)
-    , m_computed(commandLine.computed)
 {
+    for (const NamedAddress &source : m_commandLine.sources) {
+        const bool isAlone = m_commandLine.sources.size() == 1;
+        m_feeds.push_back(std::make_unique<HeadlessFeed>(
+            m_commandLine,
+            NamedAddress{isAlone ? QString() : source.name, source.address},
+            m_clock,
+            m_plan,
+            m_compressor));
+    }
 }
 
 HeadlessRun::~HeadlessRun() = default;
 
-bool HeadlessRun::openSource()
+bool HeadlessRun::openSources()
 {
-    FileSource::Options options = m_commandLine.file;
-    options.speed = 0.0; // there is no window that a person watches
-    SourceFactory factory(m_clock, options);
-    m_source = factory.make(m_commandLine.source);
-    if (!m_source) {
-        complain(factory.errorString());
-        m_exitCode = ExitUsage;
-        return false;
-    }
-    m_source->setReconnecting(false);
-    connect(m_source.get(), &Source::streamStarted, this, &HeadlessRun::takeHeader);
-    connect(m_source.get(), &Source::readingsArrived, this, &HeadlessRun::takeReadings);
-    connect(m_source.get(), &Source::stateChanged, this, &HeadlessRun::sourceStateChanged);
-    connect(m_source.get(), &Source::noted, this, &HeadlessRun::complain);
-    if (m_commandLine.task == CommandLine::Task::Check)
-        connect(m_source.get(), &Source::lineRefused, this, [](const RefusedLine &line) {
-            print(line.text().toUtf8() + '\n');
+    for (const auto &feed : m_feeds) {
+        if (!feed->openSource()) {
+            m_exitCode = ExitUsage;
+            return false;
+        }
+        connect(feed.get(), &HeadlessFeed::outputFailed, this, &HeadlessRun::end);
+        connect(feed.get(), &HeadlessFeed::refused, this, [this, &feed](const QString &text) {
+            print((prefix(*feed) + text).toUtf8() + '\n');
         });
+    }
     return true;
 }
 
-bool HeadlessRun::openOutput()
+//! Opens the recordings. None of them may replace a file that is read.
+bool HeadlessRun::openOutputs()
 {
-    Recorder::Options options = m_commandLine.record;
-    if (m_commandLine.task == CommandLine::Task::Convert)
-        options.path = m_commandLine.output;
-    if (options.path.isEmpty())
-        return true;
-    if (m_source->readsFrom(options.path)) {
-        complain(
-            tr("%1 exists already and is the source; write to another file").arg(options.path));
-        m_exitCode = ExitOutputFailed;
-        return false;
+    for (const auto &feed : m_feeds) {
+        const QString path = feed->outputPath();
+        const auto reads = [&path](const auto &other) {
+            return !path.isEmpty() && other->source().readsFrom(path);
+        };
+        if (std::any_of(m_feeds.begin(), m_feeds.end(), reads)) {
+            complain(tr("%1 exists already and is the source; write to another file").arg(path));
+            m_exitCode = ExitOutputFailed;
+        } else if (!feed->openOutput()) {
+            m_exitCode = ExitOutputFailed;
+        }
+        if (m_exitCode != ExitGood)
+            return false;
     }
-    options.source = m_source->description();
-    options.datesArrival = m_source->isLive();
-    m_recorder = std::make_unique<Recorder>(m_clock, options);
-    connect(m_recorder.get(), &Recorder::failed, this, [this](const QString &text) {
-        complain(text);
-        m_exitCode = ExitOutputFailed;
-        leave();
-    });
-    connect(m_recorder.get(), &Recorder::noted, this, &HeadlessRun::complain);
-    if (options.compress)
-        connect(m_recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
-            m_compressor.add(path);
-        });
-    return m_recorder->start();
+    return true;
 }
 
 //! Reads the list of planned spots, if there is one to compare with.
@@ -106,29 +82,6 @@ bool HeadlessRun::openPlan()
     return false;
 }
 
-//! Keeps spots that are compared with planned ones.
-void HeadlessRun::keepSpots(const ReadingBlock &readings)
-{
-    const bool compared = m_spots.header.kind == StreamKind::Spots
-        && (m_plan.size() > 0 || SpotErrors::isPlanned(m_spots.header));
-    if (!compared || m_spotsCut)
-        return;
-    m_spots.readings.append(readings);
-    m_spotsCut = m_spots.size() > SpotRows::most;
-    if (m_spotsCut)
-        complain(tr("there are more than %1 spots, which are not compared with the plan; compare "
-                    "the fields one by one")
-                     .arg(SpotRows::most));
-}
-
-//! Returns how the spots differ from the planned ones; nothing if there is nothing to compare.
-std::optional<SpotErrors> HeadlessRun::spotErrors() const
-{
-    if (m_spots.size() == 0 || m_spotsCut || !m_spots.isUsable())
-        return std::nullopt;
-    return m_plan.size() > 0 ? SpotErrors::of(m_spots, m_plan) : SpotErrors::ofOneList(m_spots);
-}
-
 //! Says which of the former runs without a window have crashed.
 void HeadlessRun::tellCrashes()
 {
@@ -142,98 +95,71 @@ int HeadlessRun::run()
 {
     tellCrashes();
     RunReport notes{QString()};
-    notes.note(QStringLiteral("source"), m_commandLine.source);
-    if (!openPlan() || !openSource() || !openOutput())
+    QStringList addresses;
+    for (const NamedAddress &source : m_commandLine.sources)
+        addresses.append(source.address);
+    notes.note(QStringLiteral("source"), addresses.join(QLatin1Char(' ')));
+    if (!openPlan() || !openSources() || !openOutputs())
         return m_exitCode;
-    TerminationSignal termination;
-    connect(&termination, &TerminationSignal::raised, this, &HeadlessRun::leave);
-    QEventLoop loop;
-    connect(&m_clock, &Clock::tick, &loop, [&] {
-        if (m_ended)
-            loop.quit();
-    });
-    const LoopWatch watch(m_clock, 0.0);
-    m_source->start();
-    if (!m_ended)
-        loop.exec();
-    if (m_commandLine.diagnostics)
-        complain(watch.summary());
+    readSources();
     return report();
 }
 
-void HeadlessRun::takeHeader(const StreamHeader &told)
+//! Reads until all sources have ended.
+void HeadlessRun::readSources()
 {
-    StreamHeader header = told;
-    if (!m_commandLine.detector.isEmpty()) {
-        header.setDetector(m_commandLine.detector);
-        if (!header.detectorFault.isEmpty())
-            complain(tr("the detector is not used: %1. Choose another one with --detector FILE")
-                         .arg(header.detectorFault));
-    }
-    m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
-    m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
-    if (m_statistics.readings() > 0)
-        complain(tr("another acquisition begins; the statistics cover only the last one"));
-    const QString fault = m_computed.begin(header);
-    if (!fault.isEmpty()) {
-        complain(fault);
-        m_exitCode = m_exitCode == ExitGood ? ExitUsage : m_exitCode;
-        leave();
-    }
-    m_gapsBefore += m_statistics.gaps();
-    m_statistics.startStream(header);
-    if (m_commandLine.task == CommandLine::Task::Statistics)
-        m_leftOutCount = {}; // the statistics cover only the last acquisition
-    m_spots.header = header;
-    m_spots.readings.clear(header.valuesPerReading());
-    if (m_recorder)
-        m_recorder->startStream(header);
+    TerminationSignal termination;
+    connect(&termination, &TerminationSignal::raised, this, &HeadlessRun::end);
+    QEventLoop loop;
+    connect(&m_clock, &Clock::tick, &loop, [&] {
+        if (hasEnded())
+            loop.quit();
+    });
+    const LoopWatch watch(m_clock, 0.0);
+    for (const auto &feed : m_feeds)
+        feed->start();
+    if (!hasEnded())
+        loop.exec();
+    if (m_commandLine.diagnostics)
+        complain(watch.summary());
 }
 
-void HeadlessRun::takeReadings(const ReadingBlock &arrived)
+bool HeadlessRun::hasEnded() const
 {
-    if (m_ended)
-        return;
-    const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
-    m_statistics.addReadings(readings);
-    keepSpots(readings);
-    if (m_commandLine.task != CommandLine::Task::Convert)
-        m_leftOutCount.take(m_statistics.header(), readings);
-    m_readings += readings.size();
-    if (m_recorder)
-        m_recorder->addReadings(readings);
-    if (m_limit.isReached())
-        leave();
+    return std::all_of(m_feeds.begin(), m_feeds.end(), [](const auto &feed) {
+        return feed->hasEnded();
+    });
 }
 
-void HeadlessRun::sourceStateChanged(Source::State state, const QString &text)
+void HeadlessRun::end()
 {
-    if (state == Source::State::Failed) {
-        complain(text);
-        if (!m_source->remedy().isEmpty())
-            complain(m_source->remedy());
-        m_exitCode = m_exitCode == ExitGood ? ExitSourceLost : m_exitCode;
-    }
-    if (state == Source::State::Failed || state == Source::State::Finished)
-        leave();
+    for (const auto &feed : m_feeds)
+        feed->end();
 }
 
-void HeadlessRun::complain(const QString &text)
+bool HeadlessRun::print(const QByteArray &text)
+{
+    const bool written = std::fwrite(text.constData(), 1, std::size_t(text.size()), stdout)
+        == std::size_t(text.size());
+    return std::fflush(stdout) == 0 && written;
+}
+
+void HeadlessRun::complain(const QString &text) const
 {
     LogTail::add(text);
     std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
 }
 
-void HeadlessRun::leave()
+//! Returns what stands before a line about a source among others.
+QString HeadlessRun::prefix(const HeadlessFeed &feed) const
 {
-    m_ended = true;
-    m_clock.stayAwake();
+    return isAlone() ? QString() : feed.name() + QStringLiteral(": ");
 }
 
-void HeadlessRun::finishRecording()
+void HeadlessRun::finishRecordings()
 {
-    if (m_recorder && !m_recorder->finish() && m_exitCode == ExitGood)
-        m_exitCode = ExitOutputFailed;
+    for (const auto &feed : m_feeds)
+        feed->finishRecording();
     m_compressor.finish();
     for (const QString &error : m_compressor.takeErrors())
         complain(error);
@@ -241,66 +167,49 @@ void HeadlessRun::finishRecording()
 
 int HeadlessRun::report()
 {
-    finishRecording();
-    m_readingsLeftOut = m_leftOutCount.count() > 0;
-    const qint64 bad = m_source->counts().bad();
-    if (m_commandLine.task == CommandLine::Task::Statistics && m_readings > 0)
+    finishRecordings();
+    if (m_commandLine.task == CommandLine::Task::Statistics)
         printStatistics();
-    else if (m_commandLine.task == CommandLine::Task::Check) {
-        print(tr("detector: %1\n").arg(m_statistics.header().detector.summary()).toUtf8());
-        print(tr("%1 readings, %2 lines dropped, %3 gaps\n")
-                  .arg(m_readings)
-                  .arg(bad)
-                  .arg(m_gapsBefore + m_statistics.gaps())
-                  .toUtf8());
-        if (m_leftOutCount.count() > 0)
-            print(m_leftOutCount.text().toUtf8() + '\n');
-        if (const auto *file = qobject_cast<FileSource *>(m_source.get()))
-            m_isDamaged = printDamage(file->path(), m_commandLine.file.import);
-    }
-    if (m_exitCode != ExitGood)
-        return m_exitCode;
-    const QString why = m_source->emptyReason();
-    if (m_readings == 0)
-        complain(tr("%1 contains no readings").arg(m_source->description())
-                 + (why.isEmpty() ? why : QStringLiteral(": ") + why));
-    else if (bad > 0)
-        complain(tr("%1: %2 lines could not be used; --check shows them")
-                     .arg(m_source->description(), QString::number(bad)));
-    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
-        || m_readingsLeftOut || m_isDamaged || m_spotsCut || planIsUnused();
-    return wrong ? ExitBadData : ExitGood;
+    else if (m_commandLine.task == CommandLine::Task::Check)
+        printCheck();
+    for (const auto &feed : m_feeds)
+        m_exitCode = std::max(m_exitCode, int(feed->judge()));
+    return m_exitCode;
 }
 
-//! Says that there is nothing to compare with the plan, if there is one.
-bool HeadlessRun::planIsUnused()
+void HeadlessRun::printCheck()
 {
-    const bool unused = m_plan.size() > 0 && !m_spotsCut && !spotErrors();
-    if (unused)
-        complain(tr("%1 is not compared with the plan: a list of spots has the columns x_mm, y_mm "
-                    "and mu")
-                     .arg(m_source->description()));
-    return unused;
+    for (const auto &feed : m_feeds)
+        for (const QString &line : feed->check())
+            print((prefix(*feed) + line).toUtf8() + '\n');
 }
 
+//! Prints the report of the only source; or those of all sources, each under its name, in JSON as one object.
 void HeadlessRun::printStatistics()
 {
-    StatisticsReport report;
-    report.source = m_source->description();
-    report.counts = m_source->counts();
-    report.statistics = &m_statistics;
-    report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
-    // Without --settings, a report is the same for every user.
-    const auto limits = m_commandLine.settings.isEmpty()
-        ? Corvale_Qt::VerdictLimits()
-        : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
-    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, limits);
-    applyVerdicts(report.estimates, report.fits);
-    report.leftOut = m_leftOutCount;
-    report.spotErrors = spotErrors();
-    report.toleranceX = m_commandLine.toleranceX;
-    report.toleranceY = m_commandLine.toleranceY;
-    if (!print(m_commandLine.json ? report.json() : report.text()))
+    QJsonArray objects;
+    QByteArray text;
+    for (const auto &feed : m_feeds) {
+        const std::optional<StatisticsReport> statistics = feed->statistics();
+        if (!statistics)
+            continue;
+        if (isAlone()) {
+            text = m_commandLine.json ? statistics->json() : statistics->text();
+        } else if (m_commandLine.json) {
+            QJsonObject object = statistics->object();
+            const QDateTime start = feed->startTime().toUTC();
+            object.insert(QStringLiteral("name"), feed->name());
+            object.insert(QStringLiteral("start_time"),
+                          start.isValid() ? start.toString(Qt::ISODateWithMs) : QJsonValue());
+            objects.append(object);
+        } else {
+            text += (text.isEmpty() ? "name      " : "\nname      ") + feed->name().toUtf8() + '\n'
+                + statistics->text();
+        }
+    }
+    if (!isAlone() && m_commandLine.json)
+        text = QJsonDocument(QJsonObject{{QStringLiteral("sources"), objects}}).toJson();
+    if (!print(text))
         m_exitCode = ExitOutputFailed;
 }
 

@@ -19,6 +19,11 @@ namespace {
 QVector<OptionText> readingOptions()
 {
     return {
+        {"source",
+         "NAME=ADDRESS",
+         Text::tr(
+             "Read this source under a name of its own; may be given more than once. --stats and "
+             "--check read several sources, also without names.")},
         {"speed",
          "N",
          Text::tr("Play a file N times as fast as it was recorded; 0 for as fast as possible.")},

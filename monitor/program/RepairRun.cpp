@@ -10,20 +10,13 @@
 
 namespace Monitor {
 
-namespace {
-
-void print(const RecordingDamage &damage)
+QStringList damageLines(const RecordingDamage &damage)
 {
-    for (const QString &place : damage.places)
-        std::fprintf(stdout, "%s\n", qPrintable(place));
+    QStringList lines = damage.places;
     if (damage.placesLeftOut > 0)
-        std::fprintf(
-            stdout,
-            "%s\n",
-            qPrintable(Text::tr("%1 more places are not listed").arg(damage.placesLeftOut)));
+        lines += Text::tr("%1 more places are not listed").arg(damage.placesLeftOut);
+    return lines;
 }
-
-} // namespace
 
 int repairOnCommand(const CommandLine &commandLine)
 {
@@ -34,7 +27,8 @@ int repairOnCommand(const CommandLine &commandLine)
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(error));
         return QFileInfo(path).isReadable() ? ExitOutputFailed : ExitSourceLost;
     }
-    print(damage);
+    for (const QString &line : damageLines(damage))
+        std::fprintf(stdout, "%s\n", qPrintable(line));
     std::fprintf(stdout,
                  "%s\n",
                  qPrintable(Text::tr("%1 readings are in %2; %3 lines are lost; %4 is as it was")
@@ -43,16 +37,6 @@ int repairOnCommand(const CommandLine &commandLine)
                                      QString::number(damage.lostLines),
                                      path)));
     return ExitGood;
-}
-
-bool printDamage(const QString &path, const ImportOptions &import)
-{
-    RecordingDamage damage;
-    QString error;
-    if (!examineRecording(path, import, &damage, &error))
-        return false;
-    print(damage);
-    return damage.isInside;
 }
 
 } // namespace Monitor

@@ -5,9 +5,11 @@
 
 namespace Monitor {
 
+struct RecordingDamage;
+
 //! Runs --repair: writes a repaired copy of a recording and prints what is lost. Returns the exit code.
 int repairOnCommand(const CommandLine &commandLine);
-//! Prints what is lost of a recording. Returns whether anything is but an unfinished end.
-bool printDamage(const QString &path, const ImportOptions &import);
+//! Returns a line for each place where something is lost of a recording.
+QStringList damageLines(const RecordingDamage &damage);
 
 } // namespace Monitor

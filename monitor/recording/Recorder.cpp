@@ -27,7 +27,7 @@ Recorder::Recorder(Clock &clock, const Options &options, QObject *parent)
     : QObject(parent)
     , m_clock(clock)
     , m_options(options)
-    , m_names(options.path)
+    , m_names(options.path, options.label)
 {
     connect(&clock, &Clock::tick, this, &Recorder::tick);
 }

@@ -31,6 +31,8 @@ public:
     {
         //! A file, or a folder in which each file gets a name from the date and time.
         QString path;
+        //! What the names of the files have added, if several sources are recorded to that path; empty for nothing.
+        QString label;
         //! Whether an existing file may be replaced.
         bool overwrite = false;
         /*! Whether a run that crashed has begun the recording: it goes on in the next file, whose name is that of the

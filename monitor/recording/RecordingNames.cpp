@@ -8,12 +8,18 @@ namespace Monitor {
 
 namespace {
 
-QString withNumber(const QString &path, int number)
+//! Returns the path with something added to the name, before the suffix.
+QString withEnding(const QString &path, const QString &ending)
 {
     const QFileInfo info(path);
     const QString suffix = info.suffix().isEmpty() ? QString() : QLatin1Char('.') + info.suffix();
     return info.dir().filePath(
-        QStringLiteral("%1-%2%3").arg(info.completeBaseName(), QString::number(number), suffix));
+        QStringLiteral("%1-%2%3").arg(info.completeBaseName(), ending, suffix));
+}
+
+QString withNumber(const QString &path, int number)
+{
+    return withEnding(path, QString::number(number));
 }
 
 QString firstFree(const QString &path, int number)
@@ -26,15 +32,19 @@ QString firstFree(const QString &path, int number)
 
 } // namespace
 
-RecordingNames::RecordingNames(const QString &path)
-    : m_path(QFileInfo(path).absoluteFilePath())
+RecordingNames::RecordingNames(const QString &path, const QString &label)
+    : m_label(label)
     , m_isFolder(QFileInfo(path).isDir())
+    , m_path(m_isFolder || label.isEmpty() ? QFileInfo(path).absoluteFilePath()
+                                           : withEnding(QFileInfo(path).absoluteFilePath(), label))
 {
 }
 
 QString RecordingNames::dated(const QDateTime &now) const
 {
-    return QDir(m_path).filePath(now.toString(QStringLiteral("'corvale-'yyyyMMdd-HHmmss'.csv'")));
+    const QString path =
+        QDir(m_path).filePath(now.toString(QStringLiteral("'corvale-'yyyyMMdd-HHmmss'.csv'")));
+    return m_label.isEmpty() ? path : withEnding(path, m_label);
 }
 
 QString RecordingNames::first(const QDateTime &now) const

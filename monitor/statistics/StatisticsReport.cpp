@@ -447,6 +447,11 @@ QByteArray StatisticsReport::text() const
 
 QByteArray StatisticsReport::json() const
 {
+    return QJsonDocument(object()).toJson();
+}
+
+QJsonObject StatisticsReport::object() const
+{
     const StreamStatistics &stream = *statistics;
     const bool isList = stream.header().kind == StreamKind::Spots;
     QJsonObject report{
@@ -468,7 +473,7 @@ QByteArray StatisticsReport::json() const
     if (spotErrors)
         report.insert(QStringLiteral("position_errors"),
                       SpotReport{*spotErrors, toleranceX, toleranceY}.json());
-    return QJsonDocument(report).toJson();
+    return report;
 }
 
 } // namespace Monitor

@@ -9,6 +9,7 @@
 #include "monitor/statistics/StreamStatistics.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 
 #include <optional>
 
@@ -32,6 +33,8 @@ struct StatisticsReport
     QByteArray text() const;
     //! Returns the same as JSON; numbers that do not exist are null.
     QByteArray json() const;
+    //! Returns what json() writes.
+    QJsonObject object() const;
 };
 
 } // namespace Monitor

@@ -76,6 +76,32 @@ private Q_SLOTS:
         QCOMPARE(repair.output, QString("a.csv"));
     }
 
+    void sourcesHaveNames_data()
+    {
+        columns<QString, QString>("arguments", "names");
+        row("by their kinds",
+            "sim:ic4?seed=3 - runs/a.csv.zst tcp://10.0.0.7:5000?ask=READ serial:/dev/ttyS0 "
+            "ca:B:X,B:Y",
+            "ic4 stdin a 10.0.0.7-5000 dev-ttyS0 B-X");
+        row("the same", "a/x.csv b/X.csv c/x.csv", "x X-2 x-3");
+        row("given ones go before",
+            "ic4 --source ic4=sim:ic4 --source ic4-2=x.csv",
+            "ic4 ic4-2 ic4-3");
+        row("an address with a sign", "--source halo=tcp://h:1?ask=A=B", "halo");
+    }
+    void sourcesHaveNames()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, names);
+        CommandLine line;
+        QCOMPARE(parsed("--stats " + arguments, &line), QString());
+        QStringList found;
+        for (const NamedAddress &source : line.sources)
+            found += source.name;
+        QCOMPARE(found.join(' '), names);
+        QCOMPARE(line.source, line.sources.first().address);
+    }
+
     void whatIsRefused_data()
     {
         columns<QString>("arguments");
@@ -106,6 +132,10 @@ private Q_SLOTS:
         row("rotation without a recording", "sim:ic4 --rotate 1h", "add --record");
         row("two tasks", "--stats --check a.csv", "--stats and --check");
         row("two sources", "a.csv b.csv", "a.csv, b.csv");
+        row("two sources to convert", "--convert o.csv a.csv b.csv", "the readings of one source");
+        row("standard input twice", "--stats - -", "leave one - out");
+        row("a source without a name", "--source a.csv", "NAME=ADDRESS");
+        row("a name that is a path", "--source ../a=a.csv", "NAME=ADDRESS");
         row("json alone", "--json a.csv", "--stats");
         row("picture without a name", "--screenshot", "screenshot");
     }

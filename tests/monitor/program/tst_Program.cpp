@@ -174,6 +174,72 @@ private Q_SLOTS:
         QCOMPARE(channels[2].toObject()["max"].toDouble(), -5.0);
     }
 
+    //! Each source has a report, lines and a recording of its own; what is wrong with one of them is told with its name.
+    void severalSources()
+    {
+        putFile(path("east/halo.csv"),
+                "#t0 2026-03-01T12:00:00Z\ntime_s,a_nA\n0,1\n0.1,2\n0.2,6\n");
+        putFile(path("west/halo.csv"), "#t0 2026-03-01T12:00:02.5Z\ntime_s,a_nA\n0,10\n1,30\n");
+        const QStringList both{"east/halo.csv", "--source", "west=west/halo.csv"};
+        const Outcome told = run(both + QStringList{"--stats", "--json", "--record", "run.csv"});
+        QVERIFY2(told.code == 0, told.err);
+        QStringList reports;
+        for (const QJsonValue &value : QJsonDocument::fromJson(told.out)["sources"].toArray())
+            reports += QString("%1 %2 %3 from %4")
+                           .arg(value["name"].toString())
+                           .arg(value["readings"].toInt())
+                           .arg(value["channels"][0]["mean"].toDouble())
+                           .arg(value["start_time"].toString());
+        QCOMPARE(reports,
+                 QStringList({"west 2 20 from 2026-03-01T12:00:02.500Z",
+                              "halo 3 3 from 2026-03-01T12:00:00.000Z"}));
+        // The recordings are what the sources were.
+        QVERIFY(!QFile::exists(path("run.csv")));
+        const Outcome check = run({"run-west.csv", "run-halo.csv", "bad.csv", "--check"});
+        QCOMPARE(check.code, 2);
+        for (const char *line : {"run-west: 2 readings, 0 lines dropped",
+                                 "run-halo: 3 readings, 0 lines dropped",
+                                 "bad: 3 readings, 1 lines dropped"})
+            QVERIFY2(check.out.contains(line), check.out);
+        QCOMPARE(check.out.count("what is this"), 1);
+
+        // The same names are numbered; a source that is lost does not end the others.
+        const Outcome lost = run({"east/halo.csv", "west/halo.csv", "nowhere.csv", "--stats"});
+        QCOMPARE(lost.code, 3);
+        QVERIFY2(lost.err.contains("nowhere: nowhere.csv cannot be opened"), lost.err);
+        QVERIFY2(lost.out.contains("name      halo\n") && lost.out.contains("name      halo-2\n"),
+                 lost.out);
+        const Outcome itself = run(both + QStringList{"--stats", "--record", "west/halo.csv"});
+        QCOMPARE(itself.code, 0); // the files have other names
+        putFile(path("x.csv"), "0,1\n");
+        putFile(path("x-west.csv"), "0,1\n1,2\n");
+        const Outcome replaced = run({"--source",
+                                      "west=x.csv",
+                                      "x-west.csv",
+                                      "--stats",
+                                      "--record",
+                                      "x.csv",
+                                      "--overwrite"});
+        QCOMPARE(replaced.code, 4);
+        QVERIFY2(replaced.err.contains("x-west.csv exists already and is the source"),
+                 replaced.err);
+    }
+
+    void twentySources()
+    {
+        QDir(m_folder.path()).mkpath("many");
+        QStringList arguments{"--stats", "--json", "--after", "50readings", "--record", "many"};
+        for (int i = 1; i <= 20; ++i)
+            arguments += QString("sim:ic4?seed=%1").arg(i);
+        const Outcome outcome = run(arguments);
+        QVERIFY2(outcome.code == 0, outcome.err);
+        const QJsonArray sources = QJsonDocument::fromJson(outcome.out)["sources"].toArray();
+        QCOMPARE(sources.size(), 20);
+        for (const QJsonValue &source : sources)
+            QCOMPARE(source["readings"].toInt(), 50);
+        QCOMPARE(QDir(path("many")).entryList({"corvale-*-ic4*.csv"}).size(), 20);
+    }
+
     //! The fits find Gaussians of known positions and widths.
     void lastFits()
     {

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/program/HeadlessFeed.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/core/LogTail.h"
+#include "monitor/program/RepairRun.h"
+#include "monitor/recording/RecordingRepair.h"
+#include "monitor/sources/SourceFactory.h"
+#include "monitor/statistics/BeamEstimates.h"
+#include "monitor/statistics/ProfileFits.h"
+#include "monitor/window/KeptOptions.h"
+#include "monitor/window/WindowSettings.h"
+
+#include <cstdio>
+
+namespace Monitor {
+
+HeadlessFeed::HeadlessFeed(const CommandLine &commandLine,
+                           const NamedAddress &source,
+                           Clock &clock,
+                           const SpotRows &plan,
+                           SegmentCompressor &compressor,
+                           QObject *parent)
+    : QObject(parent)
+    , m_commandLine(commandLine)
+    , m_name(source.name)
+    , m_address(source.address)
+    , m_clock(clock)
+    , m_plan(plan)
+    , m_compressor(compressor)
+    , m_limit(commandLine.afterReadings, commandLine.afterSeconds)
+    , m_computed(commandLine.computed)
+{
+}
+
+HeadlessFeed::~HeadlessFeed() = default;
+
+bool HeadlessFeed::openSource()
+{
+    FileSource::Options options = m_commandLine.file;
+    options.speed = 0.0; // there is no window that a person watches
+    SourceFactory factory(m_clock, options);
+    m_source = factory.make(m_address);
+    if (!m_source) {
+        complain(factory.errorString());
+        return false;
+    }
+    m_source->setReconnecting(false);
+    connect(m_source.get(), &Source::streamStarted, this, &HeadlessFeed::takeHeader);
+    connect(m_source.get(), &Source::readingsArrived, this, &HeadlessFeed::takeReadings);
+    connect(m_source.get(), &Source::stateChanged, this, &HeadlessFeed::sourceStateChanged);
+    connect(m_source.get(), &Source::noted, this, &HeadlessFeed::complain);
+    if (m_commandLine.task == CommandLine::Task::Check)
+        connect(m_source.get(), &Source::lineRefused, this, [this](const RefusedLine &line) {
+            Q_EMIT refused(line.text());
+        });
+    return true;
+}
+
+Recorder::Options HeadlessFeed::recorderOptions() const
+{
+    Recorder::Options options = m_commandLine.record;
+    if (m_commandLine.task == CommandLine::Task::Convert)
+        options.path = m_commandLine.output;
+    options.label = m_name;
+    options.source = m_source->description();
+    options.datesArrival = m_source->isLive();
+    return options;
+}
+
+bool HeadlessFeed::openOutput()
+{
+    const Recorder::Options options = recorderOptions();
+    if (options.path.isEmpty())
+        return true;
+    m_recorder = std::make_unique<Recorder>(m_clock, options);
+    connect(m_recorder.get(), &Recorder::failed, this, [this](const QString &text) {
+        complain(text);
+        m_exitCode = ExitOutputFailed;
+        Q_EMIT outputFailed();
+    });
+    connect(m_recorder.get(), &Recorder::noted, this, &HeadlessFeed::complain);
+    if (options.compress)
+        connect(m_recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
+            m_compressor.add(path);
+        });
+    return m_recorder->start();
+}
+
+QString HeadlessFeed::outputPath() const
+{
+    const Recorder::Options options = recorderOptions();
+    return options.path.isEmpty() ? QString() : RecordingNames(options.path, m_name).path();
+}
+
+//! Keeps spots that are compared with planned ones.
+void HeadlessFeed::keepSpots(const ReadingBlock &readings)
+{
+    const bool compared = m_spots.header.kind == StreamKind::Spots
+        && (m_plan.size() > 0 || SpotErrors::isPlanned(m_spots.header));
+    if (!compared || m_spotsCut)
+        return;
+    m_spots.readings.append(readings);
+    m_spotsCut = m_spots.size() > SpotRows::most;
+    if (m_spotsCut)
+        complain(tr("there are more than %1 spots, which are not compared with the plan; compare "
+                    "the fields one by one")
+                     .arg(SpotRows::most));
+}
+
+//! Returns how the spots differ from the planned ones; nothing if there is nothing to compare.
+std::optional<SpotErrors> HeadlessFeed::spotErrors() const
+{
+    if (m_spots.size() == 0 || m_spotsCut || !m_spots.isUsable())
+        return std::nullopt;
+    return m_plan.size() > 0 ? SpotErrors::of(m_spots, m_plan) : SpotErrors::ofOneList(m_spots);
+}
+
+void HeadlessFeed::takeHeader(const StreamHeader &told)
+{
+    StreamHeader header = told;
+    if (!m_commandLine.detector.isEmpty()) {
+        header.setDetector(m_commandLine.detector);
+        if (!header.detectorFault.isEmpty())
+            complain(tr("the detector is not used: %1. Choose another one with --detector FILE")
+                         .arg(header.detectorFault));
+    }
+    m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
+    m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
+    if (m_statistics.readings() > 0)
+        complain(tr("another acquisition begins; the statistics cover only the last one"));
+    const QString fault = m_computed.begin(header);
+    if (!fault.isEmpty()) {
+        complain(fault);
+        m_exitCode = m_exitCode == ExitGood ? ExitUsage : m_exitCode;
+        end();
+    }
+    m_gapsBefore += m_statistics.gaps();
+    m_statistics.startStream(header);
+    if (m_commandLine.task == CommandLine::Task::Statistics)
+        m_leftOutCount = {}; // the statistics cover only the last acquisition
+    m_spots.header = header;
+    m_spots.readings.clear(header.valuesPerReading());
+    if (m_recorder)
+        m_recorder->startStream(header);
+}
+
+void HeadlessFeed::takeReadings(const ReadingBlock &arrived)
+{
+    if (m_ended)
+        return;
+    const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
+    m_statistics.addReadings(readings);
+    keepSpots(readings);
+    if (m_commandLine.task != CommandLine::Task::Convert)
+        m_leftOutCount.take(m_statistics.header(), readings);
+    m_readings += readings.size();
+    if (m_recorder)
+        m_recorder->addReadings(readings);
+    if (m_limit.isReached())
+        end();
+}
+
+void HeadlessFeed::sourceStateChanged(Source::State state, const QString &text)
+{
+    if (state == Source::State::Failed) {
+        complain(text);
+        if (!m_source->remedy().isEmpty())
+            complain(m_source->remedy());
+        m_exitCode = m_exitCode == ExitGood ? ExitSourceLost : m_exitCode;
+    }
+    if (state == Source::State::Failed || state == Source::State::Finished)
+        end();
+}
+
+void HeadlessFeed::complain(const QString &text) const
+{
+    const QString line = m_name.isEmpty() ? text : m_name + QStringLiteral(": ") + text;
+    LogTail::add(line);
+    std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(line));
+}
+
+void HeadlessFeed::end()
+{
+    m_ended = true;
+    m_clock.stayAwake();
+}
+
+void HeadlessFeed::finishRecording()
+{
+    if (m_recorder && !m_recorder->finish() && m_exitCode == ExitGood)
+        m_exitCode = ExitOutputFailed;
+}
+
+std::optional<StatisticsReport> HeadlessFeed::statistics() const
+{
+    if (m_readings == 0)
+        return std::nullopt;
+    StatisticsReport report;
+    report.source = m_source->description();
+    report.counts = m_source->counts();
+    report.statistics = &m_statistics;
+    report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
+    // Without --settings, a report is the same for every user.
+    const auto limits = m_commandLine.settings.isEmpty()
+        ? Corvale_Qt::VerdictLimits()
+        : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
+    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, limits);
+    applyVerdicts(report.estimates, report.fits);
+    report.leftOut = m_leftOutCount;
+    report.spotErrors = spotErrors();
+    report.toleranceX = m_commandLine.toleranceX;
+    report.toleranceY = m_commandLine.toleranceY;
+    return report;
+}
+
+QStringList HeadlessFeed::check()
+{
+    QStringList lines{tr("detector: %1").arg(m_statistics.header().detector.summary()),
+                      tr("%1 readings, %2 lines dropped, %3 gaps")
+                          .arg(m_readings)
+                          .arg(m_source->counts().bad())
+                          .arg(m_gapsBefore + m_statistics.gaps())};
+    if (m_leftOutCount.count() > 0)
+        lines += m_leftOutCount.text();
+    if (const auto *file = qobject_cast<FileSource *>(m_source.get())) {
+        RecordingDamage damage;
+        QString error;
+        if (examineRecording(file->path(), m_commandLine.file.import, &damage, &error)) {
+            lines += damageLines(damage);
+            m_isDamaged = damage.isInside;
+        }
+    }
+    return lines;
+}
+
+ExitCode HeadlessFeed::judge() const
+{
+    if (m_exitCode != ExitGood)
+        return m_exitCode;
+    const QString why = m_source->emptyReason();
+    const qint64 bad = m_source->counts().bad();
+    if (m_readings == 0)
+        complain(tr("%1 contains no readings").arg(m_source->description())
+                 + (why.isEmpty() ? why : QStringLiteral(": ") + why));
+    else if (bad > 0)
+        complain(tr("%1: %2 lines could not be used; --check shows them")
+                     .arg(m_source->description(), QString::number(bad)));
+    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
+        || m_leftOutCount.count() > 0 || m_isDamaged || m_spotsCut || planIsUnused();
+    return wrong ? ExitBadData : ExitGood;
+}
+
+//! Says that there is nothing to compare with the plan, if there is one.
+bool HeadlessFeed::planIsUnused() const
+{
+    const bool unused = m_plan.size() > 0 && !m_spotsCut && !spotErrors();
+    if (unused)
+        complain(tr("%1 is not compared with the plan: a list of spots has the columns x_mm, y_mm "
+                    "and mu")
+                     .arg(m_source->description()));
+    return unused;
+}
+
+} // namespace Monitor

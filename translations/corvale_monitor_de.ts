@@ -49,6 +49,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::AddSourceAction</name>
+    <message>
+        <source>&amp;Add source...</source>
+        <translation>Quelle &amp;hinzufügen ...</translation>
+    </message>
+    <message>
+        <source>Add source</source>
+        <translation>Quelle hinzufügen</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -134,6 +145,39 @@
     <message>
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 Messwerte wurden aus den Anzeigen gelöscht. Eine Minute lang lassen sie sich zurückholen (%2).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPane</name>
+    <message>
+        <source>The state of this source</source>
+        <translation>Der Zustand dieser Quelle</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>%1 schließen</translation>
+    </message>
+    <message>
+        <source>Close this source; its recording ends</source>
+        <translation>Diese Quelle schließen; ihre Aufzeichnung endet</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPanes</name>
+    <message>
+        <source>Closing the source ends its recording. What was recorded stays in %1.</source>
+        <translation>Wird die Quelle geschlossen, endet ihre Aufzeichnung. Was aufgezeichnet wurde, bleibt in %1.</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>Aufzeichnung beenden?</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Companions</name>
+    <message>
+        <source>%1 is a source; record to another file</source>
+        <translation>%1 ist eine Quelle; zeichnen Sie in eine andere Datei auf</translation>
     </message>
 </context>
 <context>
@@ -1140,6 +1184,14 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>WARNING: %1 below %2</source>
         <translation>WARNUNG: %1 unter %2</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3</source>
+        <translation>%1: %2, %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -2449,6 +2501,50 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>there is no file of that name, and no plugin for %1 in %2</source>
         <translation>es gibt keine Datei dieses Namens und kein Plugin für %1 in %2</translation>
+    </message>
+    <message>
+        <source>LOST</source>
+        <translation>VERLOREN</translation>
+    </message>
+    <message>
+        <source>CONNECTING</source>
+        <translation>VERBINDET</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>ENDE</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>VERALTET</translation>
+    </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>seit dem Dreifachen des üblichen Abstands ist kein Messwert gekommen; Strahl und Gerät prüfen</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>AUFZEICHNUNG GESTÖRT</translation>
+    </message>
+    <message>
+        <source>CLOCK %1 s</source>
+        <translation>UHR %1 s</translation>
+    </message>
+    <message>
+        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <translation>die Uhr der Quelle weicht um so viel von der dieses Rechners ab; daher zeigt ihr Diagramm eine andere Zeit als die übrigen</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULIERT</translation>
+    </message>
+    <message>
+        <source>no instrument is read</source>
+        <translation>es wird kein Gerät gelesen</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 ist kein Gerät: Eine Aufzeichnung wird allein gezeigt, da ihre Messwerte zu einer anderen Zeit entstanden sind. Öffnen Sie sie mit Datei &gt; Öffnen... oder in einem Fenster mit einer anderen --settings-Datei</translation>
     </message>
 </context>
 <context>

@@ -49,6 +49,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::AddSourceAction</name>
+    <message>
+        <source>&amp;Add source...</source>
+        <translation>A&amp;jouter une source...</translation>
+    </message>
+    <message>
+        <source>Add source</source>
+        <translation>Ajouter une source</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -134,6 +145,39 @@
     <message>
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 mesures ont été effacées des affichages. Pendant une minute, elles peuvent être rétablies (%2).</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPane</name>
+    <message>
+        <source>The state of this source</source>
+        <translation>L’état de cette source</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>Fermer %1</translation>
+    </message>
+    <message>
+        <source>Close this source; its recording ends</source>
+        <translation>Fermer cette source ; son enregistrement se termine</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPanes</name>
+    <message>
+        <source>Closing the source ends its recording. What was recorded stays in %1.</source>
+        <translation>Fermer la source met fin à son enregistrement. Ce qui a été enregistré reste dans %1.</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>Terminer l&apos;enregistrement&#xa0;?</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Companions</name>
+    <message>
+        <source>%1 is a source; record to another file</source>
+        <translation>%1 est une source ; enregistrez dans un autre fichier</translation>
     </message>
 </context>
 <context>
@@ -1140,6 +1184,14 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>WARNING: %1 below %2</source>
         <translation>AVERTISSEMENT : %1 au-dessous de %2</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3</source>
+        <translation>%1 : %2, %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
     </message>
 </context>
 <context>
@@ -2449,6 +2501,50 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>there is no file of that name, and no plugin for %1 in %2</source>
         <translation>il n’y a pas de fichier de ce nom, ni de greffon pour %1 dans %2</translation>
+    </message>
+    <message>
+        <source>LOST</source>
+        <translation>PERDUE</translation>
+    </message>
+    <message>
+        <source>CONNECTING</source>
+        <translation>CONNEXION</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>FIN</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>PÉRIMÉ</translation>
+    </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>aucune mesure depuis trois intervalles habituels&#xa0;; vérifier le faisceau et l&apos;instrument</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>ENREGISTREMENT EN ÉCHEC</translation>
+    </message>
+    <message>
+        <source>CLOCK %1 s</source>
+        <translation>HORLOGE %1 s</translation>
+    </message>
+    <message>
+        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <translation>l’horloge de la source s’écarte d’autant de celle de cet ordinateur ; son diagramme montre donc un autre temps que les autres</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>SIMULÉ</translation>
+    </message>
+    <message>
+        <source>no instrument is read</source>
+        <translation>aucun instrument n’est lu</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 n’est pas un instrument : un enregistrement est montré seul, car ses mesures ont été prises à un autre moment. Ouvrez-le avec Fichier &gt; Ouvrir... ou dans une fenêtre avec un autre fichier --settings</translation>
     </message>
 </context>
 <context>

@@ -49,6 +49,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::AddSourceAction</name>
+    <message>
+        <source>&amp;Add source...</source>
+        <translation>ソースを追加(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Add source</source>
+        <translation>ソースを追加</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::Appearance</name>
     <message>
         <source>Appea&amp;rance</source>
@@ -134,6 +145,39 @@
     <message>
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPane</name>
+    <message>
+        <source>The state of this source</source>
+        <translation>このソースの状態</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>%1 を閉じる</translation>
+    </message>
+    <message>
+        <source>Close this source; its recording ends</source>
+        <translation>このソースを閉じます。その記録は終了します</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::CompanionPanes</name>
+    <message>
+        <source>Closing the source ends its recording. What was recorded stays in %1.</source>
+        <translation>ソースを閉じるとその記録が終了します。記録済みの内容は %1 に残ります。</translation>
+    </message>
+    <message>
+        <source>End the recording?</source>
+        <translation>記録を終了しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::Companions</name>
+    <message>
+        <source>%1 is a source; record to another file</source>
+        <translation>%1 はソースです。別のファイルに記録してください</translation>
     </message>
 </context>
 <context>
@@ -1140,6 +1184,14 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>WARNING: %1 below %2</source>
         <translation>警告: %1 が %2 を下回る</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3</source>
+        <translation>%1: %2、%3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -2449,6 +2501,50 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>there is no file of that name, and no plugin for %1 in %2</source>
         <translation>その名前のファイルはなく、%2 に %1 のプラグインもありません</translation>
+    </message>
+    <message>
+        <source>LOST</source>
+        <translation>切断</translation>
+    </message>
+    <message>
+        <source>CONNECTING</source>
+        <translation>接続中</translation>
+    </message>
+    <message>
+        <source>END</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>STALE</source>
+        <translation>更新なし</translation>
+    </message>
+    <message>
+        <source>no reading has come for three of the usual intervals; check the beam and the instrument</source>
+        <translation>通常の 3 周期の間、測定値が届いていません。ビームと装置を確認してください</translation>
+    </message>
+    <message>
+        <source>RECORDING FAILS</source>
+        <translation>記録エラー</translation>
+    </message>
+    <message>
+        <source>CLOCK %1 s</source>
+        <translation>時計 %1 s</translation>
+    </message>
+    <message>
+        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <translation>ソースの時計がこのコンピューターの時計とこれだけずれているため、このチャートはほかのチャートと異なる時刻を表示します</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>シミュレーション</translation>
+    </message>
+    <message>
+        <source>no instrument is read</source>
+        <translation>機器は読み取られていません</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 は機器ではありません。記録の測定値は別の時刻に取得されたものなので、記録は単独で表示されます。ファイル &gt; 開く... で開くか、別の --settings FILE を指定したウィンドウで開いてください</translation>
     </message>
 </context>
 <context>

@@ -128,6 +128,8 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     Q_PROPERTY(TimeAxis timeAxis READ timeAxis WRITE setTimeAxis NOTIFY timeAxisChanged)
     //! The moment at which x is 0, for LocalTime and Utc; invalid, as at first, for 1970-01-01 00:00 UTC.
     Q_PROPERTY(QDateTime timeOrigin READ timeOrigin WRITE setTimeOrigin NOTIFY timeOriginChanged)
+    //! Up to which x the strip chart reaches while it follows the samples; see setTimeEnd(). NaN at first.
+    Q_PROPERTY(double timeEnd READ timeEnd WRITE setTimeEnd NOTIFY timeEndChanged)
     //! Whether a line follows the pointer and shows what is drawn there; false at first.
     Q_PROPERTY(
         bool cursorEnabled READ isCursorEnabled WRITE setCursorEnabled NOTIFY cursorEnabledChanged)
@@ -388,6 +390,12 @@ public:
     QDateTime timeOrigin() const;
     //! Sets the moment at which x is 0; invalid if x counts from 1970-01-01 00:00 UTC.
     void setTimeOrigin(const QDateTime &origin);
+    //! Returns up to which x the strip chart reaches at least; NaN for its newest sample.
+    double timeEnd() const;
+    /*! Has the strip chart reach up to \a end, in units of x, while it follows the samples and shows a time span, if that is
+        later than its newest sample; NaN for its newest sample. Charts of several models that get the same moment stay side by
+        side, also when one of the models has no more samples. */
+    void setTimeEnd(double end);
     //! Returns whether a line follows the pointer.
     bool isCursorEnabled() const;
     //! Sets whether a line follows the pointer, with a box that lists the time and the readings of the nearest sample.
@@ -541,6 +549,8 @@ Q_SIGNALS:
     void timeAxisChanged(Corvale_Qt::RVXScopePlotView::TimeAxis axis);
     //! x is 0 at another moment.
     void timeOriginChanged(const QDateTime &origin);
+    //! The strip chart reaches up to another x.
+    void timeEndChanged(double end);
     //! A line follows the pointer, or does so no more.
     void cursorEnabledChanged(bool enabled);
     //! The label of the second marker shows more, or less.

@@ -12,6 +12,9 @@
 #include <QRectF>
 #include <QScrollBar>
 
+#include <cmath>
+#include <limits>
+
 namespace Corvale_Qt {
 
 bool RVXScopePlotView::isInteractive() const
@@ -96,6 +99,25 @@ void RVXScopePlotView::setTimeOrigin(const QDateTime &origin)
     d->context.timeAxis.setOrigin(origin);
     RequestReplotRefresh();
     Q_EMIT timeOriginChanged(origin);
+}
+
+double RVXScopePlotView::timeEnd() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.timeEnd;
+}
+
+void RVXScopePlotView::setTimeEnd(double end)
+{
+    Q_D(RVXScopePlotView);
+    const double wanted = std::isfinite(end) ? end : std::numeric_limits<double>::quiet_NaN();
+    const bool bothOpen = std::isnan(wanted) && std::isnan(d->context.timeEnd);
+    if (bothOpen || wanted == d->context.timeEnd)
+        return;
+    d->context.timeEnd = wanted;
+    if (d->mode == StripMode && !isHeld())
+        RequestReplotRefresh();
+    Q_EMIT timeEndChanged(wanted);
 }
 
 bool RVXScopePlotView::isCursorEnabled() const

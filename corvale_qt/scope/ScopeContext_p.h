@@ -25,6 +25,7 @@
 
 #include <QString>
 
+#include <limits>
 #include <optional>
 
 class QwtPlot;
@@ -113,6 +114,8 @@ struct ScopeContext
 
     // Strip chart.
     bool beginsAtFirst = false; //!< no time before the first sample is shown
+    double timeEnd = std::numeric_limits<
+        double>::quiet_NaN(); //!< x that is reached at least; NaN for the newest sample
     BatchSizes batches;
     StripStart stripStart;
 

@@ -120,6 +120,7 @@ StripRequest StripPlotMode::currentRequest() const
     request.width = m_context.stripWidth();
     request.whole = m_context.span.isWhole();
     request.beginsAtFirst = m_context.beginsAtFirst;
+    request.end = m_context.timeEnd;
     request.following = request.whole || bar->value() == bar->maximum();
     request.scrollValue = bar->value();
     request.scrollUnits = m_scrollUnits;

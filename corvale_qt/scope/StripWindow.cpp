@@ -65,6 +65,9 @@ StripWindow stripWindow(const PlotDataReader &reader, const StripRequest &reques
     window.firstRow = sampleX(reader, request.first);
     window.oldest = std::min(window.firstRow, request.remembered);
     window.newest = sampleX(reader, request.samples);
+    const bool isTimed = request.whole || request.hasWidth();
+    if (isTimed && request.end > window.newest)
+        window.newest = request.end;
     if (request.following) {
         window.left = followingLeft(reader, window, request);
         window.right = window.newest;

@@ -27,6 +27,8 @@ struct StripRequest
     double remembered = std::numeric_limits<
         double>::infinity(); //!< x of the first block before the rows, if there are blocks
     bool whole = false; //!< the chart shows all samples, whatever its width and its length
+    double end = std::numeric_limits<
+        double>::quiet_NaN(); //!< x up to which the chart reaches at least; NaN for none
     bool beginsAtFirst = false; //!< the chart shows no time before its first sample
     bool following = true; //!< the newest sample stays at the right border
     //! While not following: distance from the oldest sample to the left border.
@@ -41,7 +43,7 @@ struct StripWindow
 {
     double oldest = 0.0; //!< x of the first row of the chart, or of the first block before it
     double firstRow = 0.0; //!< x of the first row of the chart
-    double newest = 0.0; //!< x of the last row
+    double newest = 0.0; //!< x of the last row, or the end that was asked for if that is later
     double left = 0.0;
     double right = 0.0;
     RowRange

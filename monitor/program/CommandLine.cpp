@@ -243,8 +243,8 @@ QString taskOfOneSource(const CommandLine &line)
         return Text::tr("--convert writes the readings of one source");
     if (!line.planned.isEmpty())
         return Text::tr("--planned is compared with one source");
-    if (line.task == Task::Window || line.task == Task::Screenshot)
-        return Text::tr("only one source can be shown at a time");
+    if (line.task == Task::Screenshot)
+        return Text::tr("--screenshot shows one source");
     return {};
 }
 
@@ -259,8 +259,7 @@ QString faultOfSources(const CommandLine &line)
     const QString task = addresses.size() > 1 ? taskOfOneSource(line) : QString();
     if (task.isEmpty())
         return {};
-    return Text::tr("%1, not those of %2; a window with another --settings FILE shows another "
-                    "source, --stats and --check take several")
+    return Text::tr("%1, not several: %2. A window, --stats and --check read several")
         .arg(task, addresses.join(QStringLiteral(", ")));
 }
 

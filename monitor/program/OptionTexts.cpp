@@ -208,6 +208,8 @@ QVector<TopicText> topicTexts()
              {"corvale-monitor currents.csv --from 820", Text::tr("A recording from 820 s on.")},
              {"corvale-monitor \"tcp://10.0.0.7:5000?ask=READ?&every=100ms\" --record /data",
               Text::tr("An instrument on the network, recorded to files in a folder.")},
+             {"corvale-monitor tcp://10.0.0.7:5000 --source halo=tcp://10.0.0.8:5000",
+              Text::tr("Two instruments in one window, with charts of the same stretch of time.")},
              {"corvale-monitor --stats currents.csv",
               Text::tr("Mean, sigma, minimum and maximum of each channel.")},
          }},

@@ -8,12 +8,13 @@
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/recording/SegmentCompressor.h"
-#include "monitor/session/Session.h"
+#include "monitor/session/Companions.h"
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
+#include "monitor/window/SourceBeside.h"
 #include "monitor/window/SourceDetector.h"
 #include "monitor/window/SourceImport.h"
 #include "monitor/window/SourceSwitch.h"
@@ -123,7 +124,39 @@ bool WindowRun::openSession()
         limit = ReadingLimit(0, PictureTaker::usualDataTime);
     m_session->setLimit(limit);
 
-    return openRecording();
+    return openBeside() && openRecording();
+}
+
+//! Makes the sources that are read beside the first one. Returns false if there is one that cannot be.
+bool WindowRun::openBeside()
+{
+    const QVector<NamedAddress> &sources = m_commandLine.sources;
+    for (int i = 1; i < sources.size(); ++i) {
+        QString error;
+        m_beside.push_back(sourceBeside(*m_session, sources.at(i).address, &error));
+        if (!m_beside.back()) {
+            leave(ExitUsage, error);
+            return false;
+        }
+    }
+    if (!m_beside.empty())
+        m_session->setRecordingLabel(sources.first().name);
+    return true;
+}
+
+//! Begins to read the sources after the first one.
+void WindowRun::readBeside()
+{
+    if (m_beside.empty())
+        return;
+    const WindowSettings settings(settingsFile());
+    m_window->companions().setLeadName(m_commandLine.sources.first().name);
+    for (std::size_t i = 0; i < m_beside.size(); ++i)
+        addBeside(m_window->companions(),
+                  m_commandLine.sources.at(int(i) + 1),
+                  std::move(m_beside[i]),
+                  settings);
+    m_beside.clear();
 }
 
 //! Begins the recording of --record, or goes on with the one that a crash has interrupted. Returns false if it cannot.
@@ -246,6 +279,7 @@ int WindowRun::run()
     });
     m_window->show();
     m_session->start();
+    readBeside();
     QApplication::exec();
     if (m_commandLine.diagnostics)
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(watch.summary()));
@@ -255,7 +289,8 @@ int WindowRun::run()
     wait.wait();
     for (const QString &text : m_session->compressor().takeErrors())
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
-    for (const QString &text : m_session->incompleteRecordings()) {
+    for (const QString &text :
+         m_session->incompleteRecordings() + m_window->companions().incompleteRecordings()) {
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(text));
         m_exitCode = m_exitCode == ExitGood ? ExitOutputFailed : m_exitCode;
     }

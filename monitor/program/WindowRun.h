@@ -8,12 +8,14 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <vector>
 
 namespace Monitor {
 
 class FormerRuns;
 class MonitorWindow;
 class Session;
+class Source;
 
 //! The run with a window, on a screen or for a picture: puts source, session and window together and runs them.
 class WindowRun : public QObject
@@ -41,6 +43,8 @@ private:
     bool openSession();
     bool openPlan();
     bool openRecording();
+    bool openBeside();
+    void readBeside();
     Corvale_Qt::DetectorLayout detectorOfSource();
     void openWindow();
     QString settingsFile() const;
@@ -55,6 +59,8 @@ private:
     SystemClock m_clock;
     std::unique_ptr<FormerRuns> m_formerRuns; //!< null for a picture
     std::unique_ptr<Session> m_session;
+    std::vector<std::unique_ptr<Source>>
+        m_beside; //!< the sources after the first one, until they are read
     std::unique_ptr<MonitorWindow> m_window;
     QString m_detectorNote; //!< for the log: which detector was remembered
     QString m_recordingNote; //!< for the log: why an interrupted recording does not go on

@@ -153,6 +153,13 @@ int StreamHeader::indexOf(const QString &name) const
     return -1;
 }
 
+bool StreamHeader::countsFrom1970(double time)
+{
+    constexpr double first = 1e9; // in 2001
+    constexpr double last = 4.3e9; // in 2106
+    return time >= first && time <= last;
+}
+
 QString StreamHeader::commonUnit() const
 {
     if (channels.isEmpty())

@@ -84,6 +84,8 @@ struct StreamHeader
     /*! Sets the limits of a channel by its name, to which its unit may be added as in "left_nA". Returns false if there is no
         such channel. */
     bool setLimits(const QString &name, const Corvale_Qt::ChannelLimits &limitsOfChannel);
+    //! Returns whether a time of a reading is a time stamp in seconds since 1970: no run of an instrument lasts that long.
+    static bool countsFrom1970(double time);
     //! Returns whether the stream has a range.
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.

@@ -343,7 +343,7 @@ double Session::rate() const
 //! Says which files could not be compressed.
 void Session::tellCompression()
 {
-    for (const QString &error : m_compressor.takeErrors())
+    for (const QString &error : m_compressor->takeErrors())
         Q_EMIT noted(QStringLiteral("WARNING %1").arg(error));
 }
 
@@ -373,10 +373,12 @@ void Session::setPaused(bool paused)
 
 bool Session::startRecording(Recorder::Options options, QString *error)
 {
-    if (m_source->readsFrom(options.path)) {
-        *error = tr("%1 is the source; record to another file").arg(options.path);
+    const QString first = RecordingNames(options.path, m_recordingLabel).path();
+    if (m_source->readsFrom(first)) {
+        *error = tr("%1 is the source; record to another file").arg(first);
         return false;
     }
+    options.label = m_recordingLabel;
     options.source = m_source->description();
     options.datesArrival = m_source->isLive();
     options.mode = m_recordingMode;
@@ -404,7 +406,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     connect(recorder.get(), &Recorder::noted, this, &Session::noted);
     if (options.compress)
         connect(recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
-            m_compressor.add(path);
+            m_compressor->add(path);
         });
     m_recorder = std::move(recorder);
     if (!m_statistics.header().channels.isEmpty())
@@ -422,7 +424,7 @@ bool Session::stopRecording()
     const bool complete = m_recorder->finish();
     const QString name = m_recorder->fileName();
     if (complete) {
-        const bool isCompressed = m_compressor.pending().contains(name);
+        const bool isCompressed = m_compressor->pending().contains(name);
         Q_EMIT noted(
             isCompressed
                 ? QStringLiteral("recording to %1 ended; the file is being compressed").arg(name)

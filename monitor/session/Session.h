@@ -88,6 +88,9 @@ public:
 
     //! Sets the permissions of the files of the recordings that follow.
     void setRecordingMode(unsigned mode) { m_recordingMode = mode; }
+    //! Sets what the names of the files have added, if other sessions record to the same path; empty for nothing.
+    void setRecordingLabel(const QString &label) { m_recordingLabel = label; }
+    QString recordingLabel() const { return m_recordingLabel; }
     //! Begins to record. Returns false, with a text in \a error, if the file cannot be opened.
     bool startRecording(Recorder::Options options, QString *error);
     //! Ends the recording. Returns false if readings could not be written.
@@ -95,8 +98,10 @@ public:
     //! Returns the recorder; null while nothing is recorded.
     const Recorder *recorder() const { return m_recorder.get(); }
     //! Returns what compresses the files of recordings, which goes on after a recording has ended.
-    SegmentCompressor &compressor() { return m_compressor; }
-    const SegmentCompressor &compressor() const { return m_compressor; }
+    SegmentCompressor &compressor() { return *m_compressor; }
+    const SegmentCompressor &compressor() const { return *m_compressor; }
+    //! Has another session, which must outlive this one, compress the files.
+    void compressWith(Session &other) { m_compressor = &other.compressor(); }
     //! Returns a line for each recording that is incomplete.
     QStringList incompleteRecordings() const { return m_incompleteRecordings; }
 
@@ -169,9 +174,11 @@ private:
     NamedLimits m_chosenLimits;
     Alarms m_alarms;
     QVector<Corvale_Qt::ChannelLimits> m_streamLimits; //!< without those that were chosen
-    SegmentCompressor m_compressor;
+    SegmentCompressor m_ownCompressor;
+    SegmentCompressor *m_compressor = &m_ownCompressor;
     std::unique_ptr<Recorder> m_recorder;
     unsigned m_recordingMode = RecordingFile::usualMode;
+    QString m_recordingLabel;
     QStringList m_incompleteRecordings;
     FloodGate m_shownEvents;
     FloodGate m_recordedEvents;

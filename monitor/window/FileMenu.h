@@ -24,6 +24,9 @@ public:
              const PictureActions &pictures,
              QWidget *window);
 
+    //! Adds the entry that reads another source beside the open one.
+    void addBeside(QAction *action) { insertAction(m_close, action); }
+
 private:
     void openFile();
     void listRecent();

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QMenu>
 
+#include <algorithm>
 #include <limits>
 
 namespace Monitor {
@@ -79,25 +80,46 @@ void LimitActions::edit()
     m_session.setLimits(chosen);
 }
 
+void LimitActions::watch(Session &session)
+{
+    m_watched.append(&session.alarms());
+    connect(m_acknowledge, &QAction::triggered, &session.alarms(), &Alarms::acknowledge);
+    connect(&session.alarms(), &Alarms::changed, this, &LimitActions::refresh);
+    connect(&session.alarms(), &QObject::destroyed, this, [this] {
+        m_watched.removeAll(nullptr);
+        refresh();
+    });
+}
+
+bool LimitActions::isUnacknowledged() const
+{
+    return m_session.alarms().isUnacknowledged()
+        || std::any_of(m_watched.begin(), m_watched.end(), [](const auto &alarms) {
+               return alarms && alarms->isUnacknowledged();
+           });
+}
+
 void LimitActions::refresh()
 {
-    m_acknowledge->setEnabled(m_session.alarms().isUnacknowledged());
+    m_acknowledge->setEnabled(isUnacknowledged());
     soundIfDue();
 }
 
-//! Draws the limits in the scope. They are those of readings, so that they have no place beside zeroed ones.
 void LimitActions::showLines()
 {
-    const StreamHeader &header = m_session.statistics().header();
-    RVXScopePlotView *view = m_displays.scope()->plotView();
-    const bool hasPlace = !m_displays.scope()->isZeroed();
+    drawLimits(m_session.statistics().header(), *m_displays.scope());
+}
+
+void LimitActions::drawLimits(const StreamHeader &header, RVXScope &scope)
+{
+    const bool hasPlace = !scope.isZeroed();
     for (int i = 0; i < StreamHeader::maxChannels; ++i)
-        view->setChannelLimits(i + 1, hasPlace ? header.limitsOf(i) : ChannelLimits());
+        scope.plotView()->setChannelLimits(i + 1, hasPlace ? header.limitsOf(i) : ChannelLimits());
 }
 
 void LimitActions::soundIfDue()
 {
-    if (!m_soundAction || !m_soundAction->isChecked() || !m_session.alarms().isUnacknowledged())
+    if (!m_soundAction || !m_soundAction->isChecked() || !isUnacknowledged())
         return;
     const double now = m_session.clock().seconds();
     if (now - m_soundedAt < soundInterval)

@@ -2,10 +2,13 @@
 #include "monitor/window/MonitorStatusBar.h"
 
 #include "monitor/core/Clock.h"
-#include "monitor/session/Session.h"
+#include "monitor/session/Companions.h"
+#include "monitor/window/MemberNotices.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
+
+#include <algorithm>
 
 namespace Monitor {
 
@@ -101,17 +104,22 @@ void MonitorStatusBar::refresh()
     const bool troubled = source.state() == Source::State::Retrying
         || source.state() == Source::State::Connecting || source.state() == Source::State::Failed
         || source.state() == Source::State::Finished;
-    m_source->tell(troubled ? source.stateText() : source.description());
+    m_source->tell(troubled ? source.stateText() : sourceText());
 
     noteSpace();
     m_notices->tell(notices());
     m_rate->tell(rateText(m_session.rate()));
-    const qint64 bad = source.counts().bad();
+    qint64 bad = source.counts().bad();
+    qint64 gaps = m_session.gaps();
+    for (const Companions::Member &member : companions()) {
+        bad += member.session->source().counts().bad();
+        gaps += member.session->gaps();
+    }
     if (bad > 0)
         m_bad->tell(QVector<StatusField::Part>{{badText(bad), {}, Look::State::Waiting}});
     else
         m_bad->tell(badText(bad));
-    m_gaps->tell(gapsText(m_session.gaps()));
+    m_gaps->tell(gapsText(gaps));
     m_recording->tell(recordingText());
     m_clock->tell(clockText());
 }
@@ -126,9 +134,17 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
         notices.append({tr("SIMULATED"),
                         tr("no instrument is read; File > Connect... reads one"),
                         State::Simulated});
-    notices += alarmNotice() + recordingNotices();
+    const auto own = [this](const QString &text) {
+        return companions().empty() ? text
+                                    : tr("%1: %2").arg(m_companions->nameOf(&m_session), text);
+    };
+    for (StatusField::Part part : alarmNotice(m_session)) {
+        part.text = own(part.text);
+        notices.append(part);
+    }
+    notices += recordingNotices() + companionNotices();
     if (m_session.isStale())
-        notices.append({tr("STALE"),
+        notices.append({own(tr("STALE")),
                         tr("no reading has come for three of the usual intervals; check the beam "
                            "and the instrument"),
                         State::Trouble});
@@ -137,7 +153,7 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
                         tr("what is shown stands still; Space shows the readings that wait"),
                         State::Paused});
     if (source.state() == Source::State::Finished)
-        notices.append({tr("END"),
+        notices.append({own(tr("END")),
                         tr("the source has delivered everything; File > Open... opens another one"),
                         State::Ended});
     return notices;
@@ -163,6 +179,56 @@ QVector<StatusField::Part> MonitorStatusBar::recordingNotices() const
     return notices;
 }
 
+void MonitorStatusBar::setCompanions(const Companions &companions)
+{
+    m_companions = &companions;
+    connect(&companions, &Companions::changed, this, &MonitorStatusBar::refresh);
+    refresh();
+}
+
+//! Returns the sources beside that of the session; none if it is alone.
+std::vector<Companions::Member> MonitorStatusBar::companions() const
+{
+    if (!m_companions || m_companions->isEmpty())
+        return {};
+    std::vector<Companions::Member> members = m_companions->members();
+    members.erase(members.begin());
+    return members;
+}
+
+//! Returns where the readings come from: one source, or several by their names.
+QString MonitorStatusBar::sourceText() const
+{
+    const QString description = m_session.source().description();
+    if (!m_companions || m_companions->isEmpty())
+        return description;
+    QStringList texts;
+    for (const Companions::Member &member : m_companions->members())
+        texts.append(tr("%1: %2, %3")
+                         .arg(member.name,
+                              member.session->source().description(),
+                              rateText(member.session->rate())));
+    return texts.join(QStringLiteral("; "));
+}
+
+//! Returns what is abnormal about the sources beside, the worst first.
+QVector<StatusField::Part> MonitorStatusBar::companionNotices() const
+{
+    QVector<StatusField::Part> notices;
+    for (const Companions::Member &member : companions()) {
+        for (StatusField::Part part : memberNotices(member)) {
+            if (part.state == Look::State::Simulated)
+                continue; // its pane says so
+            part.text = tr("%1: %2").arg(member.name, part.text);
+            notices.append(part);
+        }
+    }
+    std::stable_partition(notices.begin(), notices.end(), [](const StatusField::Part &part) {
+        return part.state == Look::State::Trouble;
+    });
+    return notices;
+}
+
 //! Returns what is beyond its limit, in the language of the window; the log has it in English.
 QString MonitorStatusBar::alarmText(const Alarms::Entry &entry)
 {
@@ -182,10 +248,9 @@ QString MonitorStatusBar::alarmText(const Alarms::Entry &entry)
     return entry.name;
 }
 
-//! Returns the worst of what is beyond limits, and how much more there is.
-QVector<StatusField::Part> MonitorStatusBar::alarmNotice() const
+QVector<StatusField::Part> MonitorStatusBar::alarmNotice(const Session &session)
 {
-    const QVector<Alarms::Entry> entries = m_session.alarms().entries();
+    const QVector<Alarms::Entry> entries = session.alarms().entries();
     if (entries.isEmpty())
         return {};
     const Alarms::Entry &first = entries.first();

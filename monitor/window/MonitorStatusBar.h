@@ -2,7 +2,7 @@
 #pragma once
 
 #include "monitor/recording/SpaceForecast.h"
-#include "monitor/session/Alarms.h"
+#include "monitor/session/Companions.h"
 #include "monitor/window/StatusField.h"
 
 #include <QStatusBar>
@@ -21,6 +21,11 @@ public:
     //! Updates all fields.
     void refresh();
 
+    //! Shows the states of the sources beside, too. The companions must outlive the status line.
+    void setCompanions(const Companions &companions);
+    //! Returns the worst of what is beyond the limits of a session, and how much more there is.
+    static QVector<StatusField::Part> alarmNotice(const Session &session);
+
 private:
     StatusField *add(const char *name, const QString &meaning, int stretch = 0);
     void refreshIfDue();
@@ -31,12 +36,15 @@ private:
     QString clockText() const;
     QVector<StatusField::Part> notices() const;
     QVector<StatusField::Part> recordingNotices() const;
-    QVector<StatusField::Part> alarmNotice() const;
+    QVector<StatusField::Part> companionNotices() const;
+    std::vector<Companions::Member> companions() const;
+    QString sourceText() const;
     static QString alarmText(const Alarms::Entry &entry);
     QString recordingText() const;
     void noteSpace();
 
     Session &m_session;
+    const Companions *m_companions = nullptr;
     double m_refreshedAt = -1.0;
     SpaceForecast m_space;
     StatusField *m_source;

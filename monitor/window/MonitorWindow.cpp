@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/MonitorWindow.h"
 
-#include "monitor/session/Session.h"
+#include "monitor/session/Companions.h"
+#include "monitor/window/AddSourceAction.h"
 #include "monitor/window/ClearUndo.h"
+#include "monitor/window/CompanionPanes.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/EditMenu.h"
 #include "monitor/window/EventLog.h"
@@ -11,6 +13,7 @@
 #include "monitor/window/HelpMenu.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/LeftOutNotice.h"
+#include "monitor/window/LimitActions.h"
 #include "monitor/window/MeasureMenu.h"
 #include "monitor/window/MonitorStatusBar.h"
 #include "monitor/window/PictureActions.h"
@@ -21,6 +24,7 @@
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatisticsPanel.h"
 #include "monitor/window/TapeBar.h"
+#include "monitor/window/TimeAxisActions.h"
 #include "monitor/window/ViewMenu.h"
 #include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
@@ -30,6 +34,7 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -50,6 +55,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     : QMainWindow(parent)
     , m_session(session)
     , m_settings(settingsFile)
+    , m_companions(std::make_unique<Companions>(session))
     , m_displays(new DisplayTabs(session))
 {
     m_settings.makeFolder(); // the statistics page writes there by itself
@@ -57,11 +63,14 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     new ScopeMemory(session, *m_displays->scope(), m_settings, this);
     showTitle();
     addCentre();
-    setStatusBar(new MonitorStatusBar(session, this));
+    auto *status = new MonitorStatusBar(session, this);
+    status->setCompanions(*m_companions);
+    setStatusBar(status);
     addDocks();
     m_plotRoom =
         new PlotRoom(this, findChild<QDockWidget *>(QStringLiteral("log")), m_displays->scope());
     addMenus();
+    readBeside();
     restoreLayout();
     restoreTimeSpan();
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
@@ -70,10 +79,14 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     connect(m_sources, &SourceSwitch::optionsChanged, this, [this](const MonitorOptions &options) {
         m_displays->setMinimumSum(options.minimumSum);
         m_displays->setVerdictLimits(options.verdictLimits);
+        m_panes->setOptions(options);
     });
 }
 
-MonitorWindow::~MonitorWindow() = default;
+MonitorWindow::~MonitorWindow()
+{
+    delete m_panes; // they show the companions, which go before the other parts
+}
 
 void MonitorWindow::addCentre()
 {
@@ -87,7 +100,12 @@ void MonitorWindow::addCentre()
     m_centre->addWidget(new SourceNotice(m_session, centre));
     m_centre->addWidget(new LeftOutNotice(m_session, *m_displays, centre));
     m_centre->addWidget(cleared);
-    m_centre->addWidget(m_displays, 1);
+    auto *displays = new QSplitter(Qt::Vertical, centre);
+    displays->setChildrenCollapsible(false);
+    displays->addWidget(m_displays);
+    m_panes = new CompanionPanes(*m_companions, *m_displays);
+    displays->addWidget(m_panes);
+    m_centre->addWidget(displays, 1);
     setCentralWidget(centre);
 }
 
@@ -97,6 +115,8 @@ void MonitorWindow::addMenus()
     const auto *pictures = new PictureActions(m_session, *m_displays, m_settings, this);
     menuBar()->addMenu(
         new FileMenu(m_session, *m_sources, *m_displays, m_settings, *pictures, this));
+    auto *add = new AddSourceAction(*m_companions, m_session, *m_sources, m_settings, this);
+    static_cast<FileMenu *>(menuBar()->actions().first()->menu())->addBeside(add);
     menuBar()->addMenu(
         new EditMenu(*m_displays, *m_values, *pictures, m_undoClear->action(), this));
     auto *view = new ViewMenu(m_session, *m_displays, *m_values, m_settings, this);
@@ -107,6 +127,29 @@ void MonitorWindow::addMenus()
     menuBar()->addMenu(view);
     menuBar()->addMenu(new MeasureMenu(m_session, *m_displays, m_settings, this));
     menuBar()->addMenu(new HelpMenu(menuBar(), this));
+}
+
+//! Has log, alarms and time axis follow the sources that are read beside that of the session.
+void MonitorWindow::readBeside()
+{
+    auto *log = findChild<EventLog *>();
+    auto *limits = findChild<LimitActions *>();
+    auto *axis = findChild<TimeAxisActions *>();
+    connect(m_companions.get(), &Companions::added, this, [=](Session &session) {
+        log->follow(session, m_companions->nameOf(&session));
+        limits->watch(session);
+    });
+    connect(m_sources, &SourceSwitch::currentChanged, this, [this] {
+        m_companions->setLeadName(usualSourceName(m_sources->current()));
+    });
+    const StreamClock *clock = m_companions->members().front().clock;
+    const auto follow = [=] {
+        log->setName(m_companions->nameOf(&m_session));
+        if (!m_companions->isEmpty() && clock->isByArrival())
+            axis->setArrivalOrigin(clock->originDate());
+    };
+    connect(m_companions.get(), &Companions::changed, this, follow);
+    connect(clock, &StreamClock::originChanged, this, follow);
 }
 
 void MonitorWindow::addDocks()

@@ -5,11 +5,15 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QVBoxLayout;
 
 namespace Monitor {
 
 class ClearUndo;
+class CompanionPanes;
+class Companions;
 class DisplayTabs;
 class LatestValuePanel;
 class NoticeLine;
@@ -33,6 +37,8 @@ public:
     ~MonitorWindow() override;
 
     DisplayTabs &displays() const { return *m_displays; }
+    //! Returns the sources that are read beside that of the session.
+    Companions &companions() const { return *m_companions; }
     //! Returns what opens other sources in this window.
     SourceSwitch &sources() const { return *m_sources; }
     //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
@@ -49,6 +55,7 @@ private:
     void addDocks();
     void addDock(QWidget *widget, const char *name, const QString &title, Qt::DockWidgetArea area);
     void addMenus();
+    void readBeside();
     void showTitle();
     void restoreTimeSpan();
     void restoreLayout();
@@ -57,7 +64,9 @@ private:
 
     Session &m_session;
     WindowSettings m_settings;
+    const std::unique_ptr<Companions> m_companions;
     DisplayTabs *m_displays;
+    CompanionPanes *m_panes = nullptr;
     QVBoxLayout *m_centre = nullptr;
     SourceSwitch *m_sources = nullptr;
     LatestValuePanel *m_values = nullptr;

@@ -56,7 +56,8 @@ bool RecordAction::recordTo(const QString &path, QString *error)
 {
     Recorder::Options options;
     options.path = path;
-    options.overwrite = true; // the dialog has asked
+    options.overwrite =
+        m_session.recordingLabel().isEmpty(); // the dialog has asked about this file
     m_folder = QFileInfo(path).absolutePath();
     return m_session.startRecording(options, error);
 }

@@ -11,14 +11,6 @@ namespace Monitor {
 
 using namespace Corvale_Qt;
 
-namespace {
-
-// Seconds since 1970 of a time between 2001 and 2106. No run of an instrument lasts that long.
-constexpr double firstEpochStamp = 1e9;
-constexpr double lastEpochStamp = 4.3e9;
-
-} // namespace
-
 TimeAxisActions::TimeAxisActions(Session &session, RVXScope &scope, QMenu *menu)
     : QObject(menu)
     , m_session(session)
@@ -84,8 +76,17 @@ void TimeAxisActions::lookAtFirstReading()
     if (!m_waitsForReading)
         return;
     m_waitsForReading = false;
-    const double stamp = m_session.model().doubleData(1, 0);
-    m_hasClock = stamp >= firstEpochStamp && stamp <= lastEpochStamp;
+    m_hasClock = StreamHeader::countsFrom1970(m_session.model().doubleData(1, 0));
+    apply();
+}
+
+void TimeAxisActions::setArrivalOrigin(const QDateTime &origin)
+{
+    if (m_session.model().header().startTime.isValid() || !m_hasTime)
+        return;
+    m_waitsForReading = false;
+    m_hasClock = origin.isValid();
+    m_scope.setTimeOrigin(origin);
     apply();
 }
 

@@ -30,6 +30,9 @@ public:
     QString choice() const;
     //! Makes a choice by its name. Ignores a name that is none.
     void choose(const QString &name);
+    /*! Sets the moment at which the times of a stream are 0 that states none; invalid if it is not known. Sources that are shown
+        together need it. */
+    void setArrivalOrigin(const QDateTime &origin);
 
 Q_SIGNALS:
     //! The operator has made another choice.

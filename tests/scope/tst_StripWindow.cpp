@@ -86,6 +86,39 @@ private Q_SLOTS:
               "shown");
     }
 
+    void reachesAnEnd_data()
+    {
+        columns<double, double, bool, QString>("width", "end", "following", "shown");
+        const double open = std::numeric_limits<double>::quiet_NaN();
+        row("no end", 5.0, open, true, "89-100 from 44.5 to 49.5");
+        row("an end in the past", 5.0, 20.0, true, "89-100 from 44.5 to 49.5");
+        row("an end to come", 5.0, 52.0, true, "94-100 from 47 to 52");
+        row("long after the last sample", 5.0, 80.0, true, "100-100 from 75 to 80");
+        row("a number of samples has no end", 0.0, 80.0, true, "80-100 from 40 to 49.5");
+        row("scrolled back", 5.0, 80.0, false, "20-32 from 10 to 15");
+    }
+    //! 100 samples half a second apart, the first at 0.
+    void reachesAnEnd()
+    {
+        QFETCH(double, width);
+        QFETCH(double, end);
+        QFETCH(bool, following);
+        ScopeTestModel model(1);
+        model.appendRows(100, 0.5, [](int, double) {
+            return 0.0;
+        });
+        StripRequest request;
+        request.samples = 100;
+        request.sweepLength = 20;
+        request.width = width;
+        request.end = end;
+        request.following = following;
+        request.scrollValue = 1000000;
+        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+        QTEST(text(window.rows) + QString(" from %1 to %2").arg(window.left).arg(window.right),
+              "shown");
+    }
+
     void rowsAreThoseOfTheDefinition_data()
     {
         columns<int, QString>("samples", "stamps");

@@ -131,7 +131,7 @@ private Q_SLOTS:
         row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");
         row("rotation without a recording", "sim:ic4 --rotate 1h", "add --record");
         row("two tasks", "--stats --check a.csv", "--stats and --check");
-        row("two sources", "a.csv b.csv", "a.csv, b.csv");
+        row("a picture of two sources", "--screenshot p.png a.csv b.csv", "a.csv, b.csv");
         row("two sources to convert", "--convert o.csv a.csv b.csv", "the readings of one source");
         row("standard input twice", "--stats - -", "leave one - out");
         row("a source without a name", "--source a.csv", "NAME=ADDRESS");

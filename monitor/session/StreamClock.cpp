@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/session/StreamClock.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/session/Session.h"
+
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+constexpr double secondsEach = 1e-3; // millisecond
+
+double secondsOf(const QDateTime &moment)
+{
+    return double(moment.toMSecsSinceEpoch()) * secondsEach;
+}
+
+} // namespace
+
+StreamClock::StreamClock(Session &session, QObject *parent)
+    : QObject(parent)
+    , m_session(session)
+{
+    connect(&session, &Session::streamStarted, this, &StreamClock::begin);
+    connect(&session.model(), &QAbstractItemModel::rowsInserted, this, &StreamClock::follow);
+    begin(session.model().header());
+    follow();
+}
+
+QDateTime StreamClock::originDate() const
+{
+    return m_origin
+        ? QDateTime::fromMSecsSinceEpoch(qint64(std::round(*m_origin / secondsEach)), Qt::UTC)
+        : QDateTime();
+}
+
+void StreamClock::begin(const StreamHeader &header)
+{
+    m_hasTimes = header.kind != StreamKind::Spots;
+    m_origin.reset();
+    m_isByArrival = false;
+    m_lead = 0.0;
+    Q_EMIT originChanged();
+}
+
+//! Dates the stream by its first readings, and compares its clock with this computer's by those that follow.
+void StreamClock::follow()
+{
+    const MultichannelDeviceModel &model = m_session.model();
+    const int last = model.rowCount() - 1;
+    if (!m_hasTimes || last < 1)
+        return;
+    const bool wasInStep = isInStep();
+    const bool isFirst = !m_origin;
+    if (isFirst)
+        date(model.doubleData(1, 0), model.doubleData(last, 0));
+    m_lead = *newest() - secondsOf(m_session.clock().wallTime());
+    if (isFirst)
+        Q_EMIT originChanged();
+    else if (isInStep() != wasInStep)
+        Q_EMIT inStepChanged();
+}
+
+//! Dates a stream whose first readings, from one time to another, have just arrived.
+void StreamClock::date(double firstTime, double newestTime)
+{
+    const QDateTime stated = m_session.model().header().startTime;
+    m_isByArrival = !stated.isValid() && !StreamHeader::countsFrom1970(firstTime);
+    if (stated.isValid())
+        m_origin = secondsOf(stated);
+    else if (m_isByArrival)
+        m_origin = secondsOf(m_session.clock().wallTime()) - newestTime;
+    else
+        m_origin = 0.0;
+}
+
+std::optional<double> StreamClock::newest() const
+{
+    const MultichannelDeviceModel &model = m_session.model();
+    const int last = model.rowCount() - 1;
+    if (!m_origin || last < 1)
+        return std::nullopt;
+    return *m_origin + model.doubleData(last, 0);
+}
+
+bool StreamClock::isInStep() const
+{
+    return std::abs(m_lead) <= tolerance;
+}
+
+} // namespace Monitor

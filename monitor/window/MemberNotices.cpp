@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/MemberNotices.h"
+
+#include "monitor/core/Text.h"
+#include "monitor/window/MonitorStatusBar.h"
+
+#include <cmath>
+
+namespace Monitor {
+
+namespace {
+
+using Look::State;
+
+//! Returns the state of the connection; nothing while readings come.
+std::optional<StatusField::Part> connectionNotice(const Session &session)
+{
+    const Source &source = session.source();
+    switch (source.state()) {
+    case Source::State::Failed:
+    case Source::State::Retrying:
+        return StatusField::Part{Text::tr("LOST"), source.stateText(), State::Trouble};
+    case Source::State::Connecting:
+        return StatusField::Part{Text::tr("CONNECTING"), source.stateText(), State::Waiting};
+    case Source::State::Finished:
+        return StatusField::Part{Text::tr("END"), source.stateText(), State::Ended};
+    default:
+        break;
+    }
+    if (session.isStale())
+        return StatusField::Part{Text::tr("STALE"),
+                                 Text::tr("no reading has come for three of the usual intervals; "
+                                          "check the beam and the instrument"),
+                                 State::Trouble};
+    return std::nullopt;
+}
+
+} // namespace
+
+QVector<StatusField::Part> memberNotices(const Companions::Member &member)
+{
+    const Session &session = *member.session;
+    QVector<StatusField::Part> notices = MonitorStatusBar::alarmNotice(session);
+    if (const auto connection = connectionNotice(session))
+        notices.append(*connection);
+    const Recorder *recorder = session.recorder();
+    if (recorder && !recorder->errorString().isEmpty())
+        notices.append({Text::tr("RECORDING FAILS"), recorder->errorString(), State::Trouble});
+    if (member.clock->origin() && !member.clock->isInStep())
+        notices.append(
+            {Text::tr("CLOCK %1 s").arg(member.clock->lead(), 0, 'f', 1),
+             Text::tr("the clock of the source differs from this computer's by so much, so "
+                      "that its chart shows another time than the others"),
+             State::Waiting});
+    if (session.source().isSimulated())
+        notices.append(
+            {Text::tr("SIMULATED"), Text::tr("no instrument is read"), State::Simulated});
+    return notices;
+}
+
+} // namespace Monitor

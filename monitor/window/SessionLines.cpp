@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/SessionLines.h"
+
+#include "monitor/core/Clock.h"
+#include "monitor/readings/StreamDetector.h"
+#include "monitor/session/Session.h"
+
+namespace Monitor {
+
+namespace {
+
+constexpr int linesASecond = 5; // of each kind
+
+} // namespace
+
+SessionLines::SessionLines(Session &session, QObject *parent)
+    : QObject(parent)
+    , m_clock(session.clock())
+    , m_refused(linesASecond)
+    , m_states(linesASecond)
+{
+    connect(&session, &Session::noted, this, &SessionLines::written);
+    connect(&session, &Session::streamStarted, this, &SessionLines::noteStart);
+    connect(&session, &Session::lineRefused, this, &SessionLines::noteRefused);
+    connect(&session, &Session::sourceStateChanged, this, &SessionLines::noteState);
+    connect(&session.clock(), &Clock::tick, this, &SessionLines::tellHeldBack);
+    connect(&session, &Session::staleChanged, this, [this](bool stale) {
+        Q_EMIT written(
+            stale ? tr("WARNING the source is silent: the values shown are old. Check the beam "
+                       "and the instrument")
+                  : tr("readings arrive again"));
+    });
+}
+
+void SessionLines::noteStart(const StreamHeader &header)
+{
+    const QString unit = header.readingUnit();
+    const QString inUnit = unit.isEmpty() ? QString() : tr(", in %1").arg(unit);
+    if (header.hasFrames())
+        Q_EMIT written(tr("frames begin: %1%2").arg(header.detector.summary(), inUnit));
+    else
+        Q_EMIT written(tr("readings begin: %1 channels, layout %2%3")
+                           .arg(header.channels.size())
+                           .arg(kindName(header.kind), inUnit));
+    noteAssumptions(header);
+}
+
+//! Says that the places of strips or pixels are not known, and how they can be stated.
+void SessionLines::noteAssumptions(const StreamHeader &header)
+{
+    const Corvale_Qt::DetectorLayout shown = detectorOf(header);
+    const bool isCounted =
+        !shown.isEmpty() && shown.unit(Corvale_Qt::DetectorLayout::Axis::X).isEmpty();
+    if (isCounted)
+        Q_EMIT written(
+            tr("positions are counted in cells: nobody says how far apart they are; File > "
+               "Settings > Readings, --detector or the stream can describe the detector"));
+}
+
+void SessionLines::noteRefused(const RefusedLine &line)
+{
+    tellHeldBack();
+    if (m_refused.admits(m_clock.seconds()))
+        Q_EMIT written(QStringLiteral("WARNING ") + line.text());
+}
+
+void SessionLines::noteState(Source::State state, const QString &text)
+{
+    tellHeldBack();
+    const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
+    if (!text.isEmpty() && m_states.admits(m_clock.seconds()))
+        Q_EMIT written((bad ? QStringLiteral("ERROR ") : QString()) + text);
+}
+
+void SessionLines::tellHeldBack()
+{
+    const double now = m_clock.seconds();
+    if (const qint64 lines = m_refused.takeHeldBack(now))
+        Q_EMIT written(
+            tr("WARNING %1 more bad lines are not listed; corvale-monitor --check FILE lists "
+               "those of a file")
+                .arg(lines));
+    if (const qint64 states = m_states.takeHeldBack(now))
+        Q_EMIT written(tr("WARNING %1 more changes of the connection are not listed").arg(states));
+}
+
+} // namespace Monitor

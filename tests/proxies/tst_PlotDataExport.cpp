@@ -18,13 +18,14 @@ private Q_SLOTS:
         const Units::mm mm;
         RVXMultichannelDeviceModel model;
         model.setChannels(
-            {{"left, top", nullptr, &nA}, {"hidden", nullptr, &nA}, {"motor", &mm, &mm}});
+            {{"left, top", nullptr, &nA}, {"hidden", nullptr, &nA}, {"motor\naxis", &mm, &mm}});
         model.SetUnits(&nA);
         model.setData(model.index(0, 2), Qt::Unchecked, Qt::CheckStateRole);
-        model.appendRows({1.0, 2.0, 2.5, 4.0},
-                         {0.1, 9, 1, 1.0 / 3.0, 9, 2, std::nan(""), 9, 3, 5, 9, 4});
+        // The last two moments lie beyond the dates that can be relied on.
+        model.appendRows({1.0, 2.0, 2.002, 2e11, 6e11},
+                         {0.1, 9, 1, 1.0 / 3.0, 9, 2, std::nan(""), 9, 3, 5, 9, 4, 6, 9, 5});
         PlotDataExport save(&model);
-        save.setTimes(2.0, 3.0);
+        save.setTimes(2.0, 2e11);
         save.setShownOnly(true);
         save.setStartTime(QDateTime(QDate(2026, 3, 29), QTime(0, 59, 58), Qt::UTC));
         const QTemporaryDir folder;
@@ -34,9 +35,9 @@ private Q_SLOTS:
         QTRY_COMPARE(finished.count(), 1);
         QCOMPARE(finished.first().first().toBool(), true);
         QCOMPARE(QString(fileContents(folder.filePath("a.csv"))),
-                 QString("time (s),UTC,\"left, top (nA)\",motor (mm)\n"
+                 QString("time (s),UTC,\"left, top (nA)\",\"motor\naxis (mm)\"\n"
                          "2,2026-03-29T01:00:00.000Z,0.3333333333333333,2\n"
-                         "2.5,2026-03-29T01:00:00.500Z,,3\n"));
+                         "2.002,2026-03-29T01:00:00.002Z,,3\n2e+11,,5,4\n"));
         QVERIFY(!save.start(folder.filePath("b.csv")));
         QCOMPARE(save.errorString(), QString("there are no rows to save"));
     }

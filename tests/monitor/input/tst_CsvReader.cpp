@@ -108,10 +108,10 @@ private Q_SLOTS:
             "delimiter=semicolon",
             "> a | 0: 1 | 1: 2");
         row("values in quotes",
-            "\"time\",\"a, the first (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n",
+            "\"time\",\"a, the \"\"first\"\" (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n",
             "in quotes",
             "delimiter=comma",
-            "> a; the first:pC | 0: 1 | 1: 2");
+            "> a; the \"first\":pC | 0: 1 | 1: 2");
         row("dates with a zone",
             "when,a\n2026-03-01T12:00:00.250Z,1\n2026-03-01T13:00:00.750123+01:00,2\n",
             "times are dates",

@@ -230,6 +230,9 @@ private Q_SLOTS:
         s.source->give(2.1, {600.0, 900.0});
         QCOMPARE(entries(),
                  QString("ALARM: right above 500 nA, over !; ALARM: left above 500 nA !"));
+        s.source->jump(); // what lasted there is over here
+        QCOMPARE(entries(),
+                 QString("ALARM: right above 500 nA, over !; ALARM: left above 500 nA, over !"));
     }
 
     void silenceIsStaleAfterThreePeriods()

@@ -111,6 +111,7 @@ private Q_SLOTS:
         for (int i = 0; i < 8; ++i)
             statistics.add(i, values[i]);
         statistics.add(8, std::nan(""));
+        statistics.add(9, qInf());
         QCOMPARE(statistics.coveredTime(), 7.0);
         QCOMPARE(statistics.count(), qint64(8));
         QCOMPARE(statistics.mean(), 5.0);
@@ -146,6 +147,8 @@ private Q_SLOTS:
         const double twoCells[] = {1, 0, 1};
         QCOMPARE(text(FrameMoments::of(twoCells, 1, 3)),
                  QString("2, most in 1 1, at 1 2, width 1"));
+        const double holes[] = {qInf(), qQNaN(), 3};
+        QCOMPARE(text(FrameMoments::of(holes, 1, 3)), QString("3, most in 1 3, at 1 3, width 0"));
         const double nothing[] = {0, 0};
         QVERIFY(std::isnan(FrameMoments::of(nothing, 1, 2).centroidColumn));
     }

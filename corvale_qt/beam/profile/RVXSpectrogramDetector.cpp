@@ -5,7 +5,6 @@
 #include "corvale_qt/beam/profile/Logging_p.h"
 #include "corvale_qt/beam/profile/PlotZoom_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
-#include "corvale_qt/units/MeasurementUnit.h"
 
 namespace Corvale_Qt {
 

@@ -318,11 +318,11 @@ private Q_SLOTS:
         QCOMPARE(title(), QString("Intensity (C)"));
 
         DetectorDisplay described(harp());
-        described.widget.setIntensityUnit("nA");
+        described.widget.setIntensityUnit("A");
         described.widget.setSiPrefix(true);
         described.feedBeam({0, 0}, {5, 5});
-        const double max = described.widget.getCalc().max; // in nA
-        QCOMPARE(described.text("max_QScienceSpinBox"), Units::SiPrefix::text(max, "nA"));
+        QCOMPARE(described.text("max_QScienceSpinBox"),
+                 Units::SiPrefix::text(described.widget.getCalc().max, "A"));
     }
 
     //! The noise of a detector is that of its readings, and the smallest peak is a charge, also while currents are shown.

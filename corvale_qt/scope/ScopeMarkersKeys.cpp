@@ -18,9 +18,9 @@ void ScopeMarkers::moveInStrip(int index, int steps)
     const int lastRow = m_model.lastRow();
     if (state.row < 1)
         steps = history ? moveInBlocks(index, steps) : 0;
-    if (state.row >= 1) {
+    if (state.row >= 1 && lastRow >= 1) {
         const int row = state.row + steps;
-        state.row = std::clamp(row, 1, std::max(lastRow, 1));
+        state.row = std::clamp(row, 1, lastRow);
         item(index)->setXValue(sampleX(m_model.reader(), state.row));
         if (row < 1 && history)
             moveInBlocks(index, row - 1);
@@ -30,7 +30,7 @@ void ScopeMarkers::moveInStrip(int index, int steps)
 }
 
 /*! Moves a marker by blocks of the history, each step to the shortest block that is next. Returns the steps that are left on the
-    first row, which comes behind the newest block. */
+    first row, which comes behind the newest block; without rows, the marker stays there. */
 int ScopeMarkers::moveInBlocks(int index, int steps)
 {
     State &state = m_states[size_t(index)];
@@ -46,6 +46,8 @@ int ScopeMarkers::moveInBlocks(int index, int steps)
     }
     for (; steps > 0; --steps) {
         const double moment = HistoryPlace::momentAfter(history, item(index)->xValue());
+        if (std::isnan(moment) && m_model.lastRow() < 1)
+            return 0;
         if (std::isnan(moment)) {
             state.row = 1;
             state.onSample = true;

@@ -14,7 +14,7 @@ namespace {
 
 //! This many lines that agree with each other, but not with the lines before, begin a new table.
 constexpr int linesOfAnotherShape = 10;
-//! If this many first lines of data do not fit the header, it was not a header.
+//! If this many first lines of data do not fit the header, it was not a header. One suffices against a header of one word.
 constexpr int linesAgainstAHeader = 2;
 constexpr std::string_view frameWord = "#frame";
 //! Lines with more fields are not looked at: the names of a hostile line would take seconds and much memory.
@@ -137,6 +137,7 @@ void LineProtocol::takeFields(std::string_view line)
         break;
     case RowReader::Outcome::Unreadable:
         refuse(currentLine(Refusal::Unreadable));
+        forgetGuessedShape();
         break;
     }
 }
@@ -241,6 +242,10 @@ bool LineProtocol::takeHeader()
     }
     if (m_rows && m_rows->valuesPerReading() != rows->valuesPerReading())
         return false;
+    const bool isOneWord = names.size() == 1;
+    if (isOneWord && !mayNameTheOnlyColumn(*rows))
+        return false;
+    m_hasOneName = isOneWord;
     m_rows = std::move(rows);
     m_frames = nullptr;
     m_headerLine = currentLine(Refusal::Unreadable);
@@ -252,6 +257,15 @@ bool LineProtocol::takeHeader()
                               .arg(leftOut)
                               .arg(StreamHeader::maxChannels));
     return true;
+}
+
+/*! Returns whether a line of one word may be a header. An instrument may say such a word at any time ("busy_V"), so it is none
+    where channels are declared, or where the column has another name already. */
+bool LineProtocol::mayNameTheOnlyColumn(const RowReader &rows) const
+{
+    const bool isDeclared = !m_metadata.channels().isEmpty();
+    return !isDeclared
+        && (!m_rows || m_rows->channels().first().name == rows.channels().first().name);
 }
 
 /*! Takes the number of channels from "#channels", else from this first line of data. This line also decides whether
@@ -306,14 +320,12 @@ void LineProtocol::shapeMismatch(std::string_view line)
     const bool undeclared = declared > 0 && values != declared && values != declared + 1;
     const bool held = m_order.holdsFirst();
     const bool firstWasWrong = held && !m_hasNamedColumns && !m_shapeProven;
-    const bool headerWasWrong =
-        m_hasNamedColumns && !m_shapeProven && !held && m_otherCountRun >= linesAgainstAHeader;
+    const bool headerWasWrong = m_hasNamedColumns && !m_shapeProven && !held
+        && (m_hasOneName || m_otherCountRun >= linesAgainstAHeader);
     const bool newTable = m_otherCountRun >= linesOfAnotherShape;
     if (tooMany || undeclared || !(firstWasWrong || headerWasWrong || newTable)) {
         refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));
-        const bool nothingYet = !m_shapeProven && !held && !m_hasNamedColumns;
-        if (nothingYet)
-            forgetShape();
+        forgetGuessedShape();
         return;
     }
     if (headerWasWrong)
@@ -325,6 +337,13 @@ void LineProtocol::shapeMismatch(std::string_view line)
     forgetShape();
     m_mayBeHeader = true;
     takeFields(line);
+}
+
+//! Forgets a shape that was guessed from lines of which none was a reading.
+void LineProtocol::forgetGuessedShape()
+{
+    if (!m_shapeProven && !m_hasNamedColumns && !m_order.holdsFirst())
+        forgetShape();
 }
 
 void LineProtocol::forgetShape()

@@ -58,9 +58,11 @@ private:
     void refuseOpenFrame();
     void takeFields(std::string_view line);
     bool takeHeader();
+    bool mayNameTheOnlyColumn(const RowReader &rows) const;
     bool adoptShape();
     bool adoptFrames(int values);
     void shapeMismatch(std::string_view line);
+    void forgetGuessedShape();
     void forgetShape();
     void takeReading(double time, const double *values);
     void follow(const TimeOrder::Verdict &verdict);
@@ -78,6 +80,7 @@ private:
     std::unique_ptr<RowReader> m_rows;
     const RowReader::RowHandler m_rowHandler;
     bool m_hasNamedColumns = false;
+    bool m_hasOneName = false; //!< the line of names was a single word
     //! The reader of frames of several lines, if m_rows is one.
     FrameRowReader *m_frames = nullptr;
     //! Whether the stream has frames of several lines, so that other lines of numbers belong to none.

@@ -58,6 +58,14 @@ void addStreamsThatChange()
     row("a greeting",
         "Welcome to electrometer/0,1/1,2/2,3",
         "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
+    row("one word is no header of declared channels",
+        "#channels a,b/busy_V/0,1,2/1,3,4",
+        "refused 2 count | > a b | 0: 1 2 | 1: 3 4");
+    row("nor of a declared one", "#channels a/busy_V/0,1/1,2", "refused 2 ? | > a | 0: 1 | 1: 2");
+    row("one word before readings costs none of them",
+        "busy_V/0,1,2/1,3,4",
+        "refused 1 ? | > ch1 ch2 | 0: 1 2 | 1: 3 4");
+    row("a table of one column", "current_nA/1/2", "> current:nA | 9: 1 | 9: 2");
     row("new metadata is a new stream",
         "0,1/1,2/#unit nA/2,3",
         "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");

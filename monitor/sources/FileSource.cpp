@@ -99,7 +99,10 @@ double FileSource::progress() const
 void FileSource::start()
 {
     if (!m_reader.open(m_path)) {
-        setState(State::Failed, tr("%1 cannot be opened: %2").arg(m_path, m_reader.errorString()));
+        const LoggedText why = LoggedText::ofSystem(m_reader.errorString());
+        setState(State::Failed, LoggedText::of([&] {
+                     return tr("%1 cannot be opened: %2").arg(m_path, why.now());
+                 }));
         return;
     }
     setState(State::Running, m_path);
@@ -176,7 +179,7 @@ void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
     m_partsRead = entryPart;
     m_sought = place;
     if (!m_reader.resume(entry)) {
-        setState(State::Failed, tr("reading %1 failed: %2").arg(m_path, m_reader.errorString()));
+        setState(State::Failed, readingFailed());
         return;
     }
     setState(State::Running, m_path);
@@ -319,9 +322,19 @@ void FileSource::finishWhenPlayed()
         return;
     m_unpaced.stop();
     if (m_reader.hasFailed())
-        setState(State::Failed, tr("reading %1 failed: %2").arg(m_path, m_reader.errorString()));
+        setState(State::Failed, readingFailed());
     else
-        setState(State::Finished, tr("reached the end of %1").arg(m_path));
+        setState(State::Finished, LoggedText::of([this] {
+                     return tr("reached the end of %1").arg(m_path);
+                 }));
+}
+
+LoggedText FileSource::readingFailed() const
+{
+    const LoggedText why = LoggedText::ofSystem(m_reader.errorString());
+    return LoggedText::of([&] {
+        return tr("reading %1 failed: %2").arg(m_path, why.now());
+    });
 }
 
 /*! Begins the next round. Its times continue those of this round; if the file has several parts, each of them begins a

@@ -95,6 +95,7 @@ private:
     void playDue();
     void beginPart(Part *part);
     void emitDue(Part *part);
+    LoggedText readingFailed() const;
     void finishWhenPlayed();
     bool startLoop();
     void updatePace();

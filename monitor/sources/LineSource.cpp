@@ -21,7 +21,9 @@ LineCounts LineSource::counts() const
 void LineSource::start()
 {
     m_startedAt = clock().seconds();
-    setState(State::Connecting, tr("opening %1").arg(description()));
+    setState(State::Connecting, LoggedText::of([this] {
+                 return tr("opening %1").arg(description());
+             }));
     open();
 }
 
@@ -36,8 +38,10 @@ void LineSource::tick()
         open();
     } else if (isSilentTooLong()) {
         close();
-        lost(tr("%1 has been silent for %2 s")
-                 .arg(description(), QString::number(m_longestSilence)));
+        lost(LoggedText::of([this] {
+            return tr("%1 has been silent for %2 s")
+                .arg(description(), QString::number(m_longestSilence));
+        }));
     } else if (state() == State::Running) {
         poll();
     }
@@ -86,7 +90,7 @@ void LineSource::endStream()
     m_sink.flush();
 }
 
-void LineSource::lost(const QString &text, bool inOrder)
+void LineSource::lost(const LoggedText &text, bool inOrder)
 {
     if (!m_reconnecting) {
         endStream();
@@ -96,7 +100,17 @@ void LineSource::lost(const QString &text, bool inOrder)
     endConnection();
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
-    setState(State::Retrying, tr("%1; trying again in %2 s").arg(text, QString::number(wait)));
+    setState(State::Retrying, LoggedText::of([&] {
+                 return tr("%1; trying again in %2 s").arg(text.now(), QString::number(wait));
+             }));
+}
+
+void LineSource::lostBecause(const LoggedText &came, bool inOrder)
+{
+    lost(LoggedText::of([&] {
+             return QStringLiteral("%1: %2").arg(description(), came.now());
+         }),
+         inOrder);
 }
 
 //! Drops an unfinished line of a connection that is gone: a number in it may have lost digits.
@@ -107,7 +121,7 @@ void LineSource::endConnection()
     m_sink.flush();
 }
 
-void LineSource::peerLeft(const QString &text, bool inOrder)
+void LineSource::peerLeft(const LoggedText &text, bool inOrder)
 {
     if (!m_reconnecting) {
         lost(text, inOrder);
@@ -115,13 +129,17 @@ void LineSource::peerLeft(const QString &text, bool inOrder)
     }
     endConnection();
     m_heardAt.reset();
-    setState(State::Connecting, tr("%1; waiting for the next one").arg(text));
+    setState(State::Connecting, LoggedText::of([&] {
+                 return tr("%1; waiting for the next one").arg(text.now());
+             }));
 }
 
 void LineSource::ended()
 {
     endStream();
-    setState(State::Finished, tr("reached the end of %1").arg(description()));
+    setState(State::Finished, LoggedText::of([this] {
+                 return tr("reached the end of %1").arg(description());
+             }));
 }
 
 } // namespace Monitor

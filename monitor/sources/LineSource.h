@@ -44,10 +44,12 @@ protected:
     /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.
         \a inOrder means that the peer closed it properly: a source that does not reconnect has then finished, and has
         failed otherwise. */
-    void lost(const QString &text, bool inOrder = false);
+    void lost(const LoggedText &text, bool inOrder = false);
+    //! The same for the source as a person would name it, and what came back.
+    void lostBecause(const LoggedText &came, bool inOrder = false);
     /*! To be called when the peer is gone and the next one is awaited; \a text says how it went. A source that does not
         reconnect has then finished if the peer closed the connection properly, and has failed otherwise. */
-    void peerLeft(const QString &text, bool inOrder);
+    void peerLeft(const LoggedText &text, bool inOrder);
     //! To be called when nothing more will come.
     void ended();
 

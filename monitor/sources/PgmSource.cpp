@@ -115,9 +115,12 @@ void PgmSource::start()
 {
     m_files = imagesIn(m_path);
     if (!openNext()) {
-        setState(State::Failed,
-                 m_files.isEmpty() ? tr("%1 has no files called *.pgm").arg(m_path)
-                                   : tr("%1 cannot be opened: %2").arg(m_path, m_error));
+        const LoggedText why = LoggedText::ofSystem(m_error);
+        setState(State::Failed, LoggedText::of([&] {
+                     return m_files.isEmpty()
+                         ? tr("%1 has no files called *.pgm").arg(m_path)
+                         : tr("%1 cannot be opened: %2").arg(m_path, why.now());
+                 }));
         return;
     }
     setState(State::Running, m_path);
@@ -216,10 +219,12 @@ void PgmSource::finishWhenPlayed()
     if (!m_atEnd || !m_waiting.empty())
         return;
     m_unpaced.stop();
-    if (m_error.isEmpty())
-        setState(State::Finished, tr("reached the end of %1").arg(m_path));
-    else
-        setState(State::Failed, tr("reading %1 failed: %2").arg(m_file.fileName(), m_error));
+    const LoggedText why = LoggedText::ofSystem(m_error);
+    setState(m_error.isEmpty() ? State::Finished : State::Failed, LoggedText::of([&] {
+                 return m_error.isEmpty()
+                     ? tr("reached the end of %1").arg(m_path)
+                     : tr("reading %1 failed: %2").arg(m_file.fileName(), why.now());
+             }));
 }
 
 } // namespace Monitor

@@ -37,10 +37,14 @@ PluginSource::~PluginSource()
 
 void PluginSource::start()
 {
-    setState(State::Connecting, tr("opening %1").arg(m_address));
+    setState(State::Connecting, LoggedText::of([this] {
+                 return tr("opening %1").arg(m_address);
+             }));
     m_connection = m_plugin.open(m_address, m_queue);
     if (!m_connection && state() == State::Connecting)
-        fail(tr("the plugin cannot open it"));
+        fail(LoggedText::of([] {
+            return tr("the plugin cannot open it");
+        }));
 }
 
 //! Takes what the threads of the plugin have delivered.
@@ -163,10 +167,12 @@ void PluginSource::takeState(const PluginQueue::State &given)
         m_connection.reset();
 }
 
-void PluginSource::fail(const QString &text)
+void PluginSource::fail(const LoggedText &text)
 {
     m_connection.reset();
-    setState(State::Failed, QStringLiteral("%1: %2").arg(m_address, text));
+    setState(State::Failed, LoggedText::of([&] {
+                 return QStringLiteral("%1: %2").arg(m_address, text.now());
+             }));
 }
 
 } // namespace Monitor

@@ -36,7 +36,7 @@ private:
     bool believes(double time);
     void refuse(Refusal refusal, double time);
     void takeState(const PluginQueue::State &state);
-    void fail(const QString &text);
+    void fail(const LoggedText &text);
 
     CorvaleMonitor::SourcePlugin &m_plugin;
     const QString m_address;

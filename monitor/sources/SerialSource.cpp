@@ -43,7 +43,7 @@ void SerialSource::open()
     if (m_port.open(QIODevice::ReadOnly))
         connected();
     else
-        lost(QStringLiteral("%1: %2").arg(description(), m_port.errorString()));
+        lostBecause(LoggedText::ofSystem(m_port.errorString()));
 }
 
 void SerialSource::close()
@@ -72,7 +72,7 @@ void SerialSource::failed(QSerialPort::SerialPortError error)
         return;
     const QString came = m_port.errorString();
     m_port.close();
-    lost(QStringLiteral("%1: %2").arg(description(), came));
+    lostBecause(LoggedText::ofSystem(came));
 }
 
 } // namespace Monitor

@@ -40,15 +40,15 @@ QString Source::remedy() const
     return {};
 }
 
-void Source::setState(State state, const QString &text)
+void Source::setState(State state, const LoggedText &text)
 {
     m_clock.stayAwake(); // what follows a change is to follow at once
     if (state == m_state && text == m_stateText)
         return;
     m_state = state;
     m_stateText = text;
-    qCDebug(monitorLog) << description() << state << text;
-    Q_EMIT stateChanged(state, text);
+    qCDebug(monitorLog) << description() << state << text.logged();
+    Q_EMIT stateChanged(state, text.shown());
 }
 
 SourceSink::SourceSink(Source &source)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/input/LineProtocol.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
@@ -61,7 +62,9 @@ public:
 
     State state() const { return m_state; }
     //! Returns what was tried and what came back, for the present state.
-    QString stateText() const { return m_stateText; }
+    QString stateText() const { return m_stateText.shown(); }
+    //! Returns the same in English, for the log.
+    QString loggedStateText() const { return m_stateText.logged(); }
 
 Q_SIGNALS:
     //! Emitted when another acquisition begins, before its first readings.
@@ -83,14 +86,14 @@ Q_SIGNALS:
 protected:
     //! \a clock must outlive the source.
     Source(Clock &clock, QObject *parent);
-    //! Sets the state, and the text that stateText() returns.
-    void setState(State state, const QString &text = QString());
+    //! Sets the state, and the text that stateText() and loggedStateText() return.
+    void setState(State state, const LoggedText &text = LoggedText());
     Clock &clock() const { return m_clock; }
 
 private:
     Clock &m_clock;
     State m_state = State::Idle;
-    QString m_stateText;
+    LoggedText m_stateText;
 };
 
 //! Reports what is read from lines by the signals of a source, and collects readings into blocks.

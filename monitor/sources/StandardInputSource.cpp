@@ -73,8 +73,9 @@ void StandardInputSource::readSome()
     if (size == 0)
         endInput();
     else
-        lost(tr("reading standard input failed: %1")
-                 .arg(QString::fromLocal8Bit(std::strerror(errno))));
+        lost(LoggedText::of([why = QString::fromLocal8Bit(std::strerror(errno))] {
+            return tr("reading standard input failed: %1").arg(why);
+        }));
 }
 
 void StandardInputSource::take(std::string_view bytes)
@@ -103,7 +104,10 @@ void StandardInputSource::takeImages(std::string_view bytes)
     if (!m_reader.isLost())
         return;
     m_notifier.setEnabled(false);
-    lost(tr("standard input: what follows image %1 cannot be read").arg(m_images.counts().lines));
+    lost(LoggedText::of([this] {
+        return tr("standard input: what follows image %1 cannot be read")
+            .arg(m_images.counts().lines);
+    }));
 }
 
 void StandardInputSource::takeImage(const PgmImage &image)

@@ -85,13 +85,16 @@ void TcpClientSource::socketReadable()
 void TcpClientSource::socketFailed()
 {
     const bool closedByPeer = m_socket.error() == QAbstractSocket::RemoteHostClosedError;
-    const QString came = closedByPeer ? tr("closed by the other side") : m_socket.errorString();
+    const LoggedText why = LoggedText::ofSystem(m_socket.errorString());
+    const LoggedText came = LoggedText::of([&] {
+        return closedByPeer ? tr("closed by the other side") : why.now();
+    });
     while (m_up && m_socket.bytesAvailable() > 0) {
         const QByteArray rest = m_socket.readAll();
         takeBytes({rest.constData(), std::size_t(rest.size())});
     }
     m_up = false;
-    lost(QStringLiteral("%1: %2").arg(description(), came), closedByPeer);
+    lostBecause(came, closedByPeer);
 }
 
 void TcpClientSource::poll()

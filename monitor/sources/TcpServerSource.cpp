@@ -42,7 +42,7 @@ void TcpServerSource::open()
     if (m_server.isListening())
         return; // a peer has gone, but the next one can still connect
     if (!m_server.listen(m_address, m_port))
-        lost(QStringLiteral("%1: %2").arg(description(), m_server.errorString()));
+        lostBecause(LoggedText::ofSystem(m_server.errorString()));
     else if (!m_address.isLoopback())
         Q_EMIT noted(
             QStringLiteral(
@@ -69,10 +69,15 @@ void TcpServerSource::peerArrived()
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
             readPeer(peer);
             const bool inOrder = peer->error() == QAbstractSocket::RemoteHostClosedError;
-            const QString how = inOrder ? tr("the peer closed the connection")
-                                        : tr("the connection broke (%1)").arg(peer->errorString());
+            const LoggedText why = LoggedText::ofSystem(peer->errorString());
             dropPeer();
-            peerLeft(QStringLiteral("%1: %2").arg(description(), how), inOrder);
+            peerLeft(LoggedText::of([&] {
+                         const QString how = inOrder
+                             ? tr("the peer closed the connection")
+                             : tr("the connection broke (%1)").arg(why.now());
+                         return QStringLiteral("%1: %2").arg(description(), how);
+                     }),
+                     inOrder);
         });
         connected();
         readPeer(peer);

@@ -64,8 +64,10 @@ void SessionLines::noteRefused(const RefusedLine &line)
         Q_EMIT written(QStringLiteral("WARNING ") + line.text());
 }
 
-void SessionLines::noteState(Source::State state, const QString &text)
+//! Writes what the source says of its state, in English as all of the log.
+void SessionLines::noteState(Source::State state)
 {
+    const QString text = m_session.source().loggedStateText();
     tellHeldBack();
     const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
     if (!text.isEmpty() && m_states.admits(m_clock.seconds()))

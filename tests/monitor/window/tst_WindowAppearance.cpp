@@ -201,7 +201,7 @@ private Q_SLOTS:
             const QString recorded = QString::fromUtf8(fileContents(file("moved.csv")))
                 + QString::fromUtf8(fileContents(file("said.csv")));
             return recorded.split('\n')
-                + w.log().split('\n').filter(QRegularExpression("pitch|#limits"));
+                + w.log().remove(QRegularExpression("[a-z]+-said.xui")).split('\n');
         };
         const QStringList english = run("en");
         for (const char *fault :

@@ -246,7 +246,9 @@ void takeReading(const TangoAttribute &attribute,
     reading->isTooLarge = false;
     reading->fault = given.has_failed() ? firstText(given.get_err_stack()) : QString();
     reading->quality = qualityOf(given.quality);
-    reading->time = timeOf(given.time);
+    // The time of a failure is not that of a value.
+    reading->time =
+        given.has_failed() ? std::numeric_limits<double>::quiet_NaN() : timeOf(given.time);
     if (given.has_failed() || reading->quality == Quality::Invalid)
         return;
     const bool isImage = attribute.form == Form::Image;
@@ -294,6 +296,7 @@ std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fa
         return attributes;
     }
     std::vector<std::string> asked;
+    asked.reserve(std::size_t(names.size()));
     for (const QString &name : names)
         asked.push_back(name.toStdString());
     guarded(d->name, fault, [&] {

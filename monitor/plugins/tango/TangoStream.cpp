@@ -52,7 +52,7 @@ TangoStream::TangoStream(const std::shared_ptr<CorvaleMonitor::SourceReceiver> &
 
 QString TangoStream::configure(const std::vector<TangoAttribute> &attributes)
 {
-    const QString error = mixtureText(attributes);
+    QString error = mixtureText(attributes);
     if (!error.isEmpty())
         return error;
     const bool isSame = std::equal(attributes.begin(),
@@ -200,8 +200,8 @@ void TangoStream::fill(const Size &size, const TangoReading &reading, double *pl
 {
     std::fill_n(place, size.count(), missing);
     const bool hasPlace = reading.columns <= size.columns && reading.rows <= size.rows;
-    if (!reading.hasValues() || !hasPlace
-        || reading.values.size() != std::size_t(reading.columns * reading.rows))
+    const std::size_t count = std::size_t(reading.columns) * std::size_t(reading.rows);
+    if (!reading.hasValues() || !hasPlace || reading.values.size() != count)
         return;
     for (int row = 0; row < reading.rows; ++row)
         std::copy_n(reading.values.begin() + std::ptrdiff_t(row) * reading.columns,

@@ -22,14 +22,29 @@ QString refusalText(Refusal refusal)
     return Text::tr("not readable");
 }
 
+namespace {
+
+QString droppedText(RefusedLine::What what)
+{
+    switch (what) {
+    case RefusedLine::What::Image:
+        return Text::tr("image %1 dropped, %2: \"%3\"");
+    case RefusedLine::What::Reading:
+        return Text::tr("reading %1 dropped, %2: \"%3\"");
+    case RefusedLine::What::Line:
+        break;
+    }
+    return Text::tr("line %1 dropped, %2: \"%3\"");
+}
+
+} // namespace
+
 QString RefusedLine::text() const
 {
-    const QString form = what == What::Image ? Text::tr("image %1 dropped, %2: \"%3\"")
-                                             : Text::tr("line %1 dropped, %2: \"%3\"");
-    return form.arg(number).arg(reason.isEmpty()
-                                    ? refusalText(refusal)
-                                    : refusalText(refusal) + QStringLiteral(" (%1)").arg(reason),
-                                QString::fromLatin1(excerpt));
+    return droppedText(what).arg(number).arg(reason.isEmpty() ? refusalText(refusal)
+                                                              : refusalText(refusal)
+                                                     + QStringLiteral(" (%1)").arg(reason),
+                                             QString::fromLatin1(excerpt));
 }
 
 } // namespace Monitor

@@ -21,19 +21,22 @@ constexpr int refusalKinds = 5;
 //! Returns a few words for a person, for example "longer than 2 MiB".
 QString refusalText(Refusal refusal);
 
-//! A line or an image that was dropped, and why.
+//! A line, an image or a reading that was dropped, and why.
 struct RefusedLine
 {
     //! What was dropped.
     enum class What {
         Line,
         Image, //!< an image of a file
+        Reading, //!< a reading of a file that has no lines
     };
 
     What what = What::Line;
     Refusal refusal = Refusal::Unreadable;
-    qint64 number = 0; //!< number of the line or image in its stream, from 1
-    QByteArray excerpt; //!< the beginning of the line, escaped; for an image the name of its file
+    qint64 number = 0; //!< number of the line, image or reading in its stream, from 1
+    QByteArray
+        excerpt; //!< the beginning of the line, escaped; for an image the name of its file, for a
+    //!< reading its time
     QString reason; //!< what is wrong with the line, if more is known than its refusal
 
     //! Returns one line for a log.

@@ -4,6 +4,7 @@
 #include "monitor/dialogs/Explanation.h"
 #include "monitor/dialogs/FieldRow.h"
 #include "monitor/dialogs/VerdictPage.h"
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
 #include <corvale_qt/settings/Translations.h>
@@ -105,7 +106,7 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     , m_minimumSum(newEdit(this, "minimumSum", tr("no limit")))
     , m_folder(newEdit(this, "folder", tr("record nothing by itself")))
     , m_rotation(newEdit(this, "rotation", tr("never")))
-    , m_compress(new QCheckBox(tr("Co&mpress each file once it is complete"), this))
+    , m_segments(new QComboBox(this))
     , m_verdicts(new VerdictPage(this))
     , m_fault(new QLabel(this))
 {
@@ -224,8 +225,17 @@ QWidget *SettingsDialog::newRecordPage()
              tr("&New file after:"),
              m_rotation,
              tr("A time or a size: 1h, 30min, 100M, 2G."));
-    m_compress->setObjectName(QStringLiteral("compress"));
-    layout->addRow(m_compress);
+    m_segments->setObjectName(QStringLiteral("segments"));
+    m_segments->addItem(tr("stays text"), int(SegmentForm::Text));
+    m_segments->addItem(tr("is compressed (zstd)"), int(SegmentForm::Zstd));
+    if (nexusMissing().isEmpty())
+        m_segments->addItem(tr("becomes HDF5 (NeXus)"), int(SegmentForm::Hdf5));
+    addField(
+        layout,
+        tr("A co&mplete file:"),
+        m_segments,
+        tr("What becomes of a file once nothing more is written to it. The monitor reads all of "
+           "them."));
     return page;
 }
 
@@ -300,7 +310,7 @@ void SettingsDialog::fill()
     m_verdicts->setLimits(m_former.verdictLimits);
     m_folder->setText(m_former.recordFolder);
     m_rotation->setText(m_former.rotation);
-    m_compress->setChecked(m_former.compress);
+    m_segments->setCurrentIndex(qMax(0, m_segments->findData(int(m_former.segments))));
 }
 
 MonitorOptions SettingsDialog::options() const
@@ -320,7 +330,7 @@ MonitorOptions SettingsDialog::options() const
     options.verdictLimits = m_verdicts->limits();
     options.recordFolder = m_folder->text().trimmed();
     options.rotation = m_rotation->text().trimmed();
-    options.compress = m_compress->isChecked();
+    options.segments = SegmentForm(m_segments->currentData().toInt());
     return options;
 }
 

@@ -56,7 +56,7 @@ private:
     QLineEdit *m_minimumSum;
     QLineEdit *m_folder;
     QLineEdit *m_rotation;
-    QCheckBox *m_compress;
+    QComboBox *m_segments;
     VerdictPage *m_verdicts;
     QLabel *m_fault;
 };

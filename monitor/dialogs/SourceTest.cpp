@@ -4,6 +4,7 @@
 #include "monitor/core/Clock.h"
 #include "monitor/core/NumberText.h"
 #include "monitor/input/LineText.h"
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/sources/SourceFactory.h"
 
 #include <QFile>
@@ -63,7 +64,8 @@ void SourceTest::start(const QString &text, const FileSource::Options &options)
         return;
     }
     QFile file(text);
-    if (qobject_cast<FileSource *>(m_source.get()) && file.open(QIODevice::ReadOnly))
+    const bool isText = qobject_cast<FileSource *>(m_source.get()) && !isHdf5File(text);
+    if (isText && file.open(QIODevice::ReadOnly))
         takeLines(file.read(mostBytes));
     connect(m_source.get(), &Source::bytesArrived, this, &SourceTest::takeLines);
     connect(m_source.get(), &Source::streamStarted, this, &SourceTest::takeHeader);

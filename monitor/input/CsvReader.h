@@ -3,8 +3,8 @@
 
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
-#include "monitor/input/ReadPoint.h"
 #include "monitor/input/TableImport.h"
+#include "monitor/input/TableReader.h"
 #include "monitor/input/ZstdFrames.h"
 
 #include <QFile>
@@ -14,7 +14,7 @@ namespace Monitor {
 /*! Reads a table from a file, piece by piece: a recording of the monitor, a file that a model of the library saved, or
     any CSV file with a header line; also if it is compressed by zstd. Rows without a time (lists of spots) are spotInterval
     seconds apart. */
-class CsvReader
+class CsvReader : public TableReader
 {
 public:
     //! Seconds between two rows of a table without times.
@@ -22,7 +22,7 @@ public:
 
     //! \a sink receives what is read; it must outlive the reader.
     explicit CsvReader(StreamSink &sink);
-    ~CsvReader();
+    ~CsvReader() override;
 
     //! Sets how the lines of a table of another program are to be read; call it before open().
     void setImport(const ImportOptions &options);
@@ -39,30 +39,21 @@ public:
         m_damageHandler = handler;
     }
 
-    /*! Returns false, with errorString(), if the file cannot be read, is not a regular file, or is a table that nobody
-        said how to read. */
-    bool open(const QString &path);
-    /*! Reads about that many further bytes. Returns false at the end of the file, when everything has been handed
-        over, and after an error. */
-    bool read(int bytes);
-    //! Goes back to the beginning of the file; the counts go on. Returns false, with errorString(), on failure.
-    bool rewind();
-    /*! Goes on from another place of the file, an entry that a reader of this file gave as its readPoint(). The counts become
-        those of everything before that place. Returns false, with errorString(), on failure. */
-    bool resume(const ReadPoint &point);
+    //! Also returns false if the file is not a regular one, or is a table that nobody said how to read.
+    bool open(const QString &path) override;
+    bool read(int bytes) override;
+    bool rewind() override;
+    bool resume(const ReadPoint &point) override;
 
     //! Returns the place up to which whole lines were read; its context ends with the newest line that describes readings.
-    ReadPoint readPoint() const;
+    ReadPoint readPoint() const override;
     //! Returns the length of the text in bytes, also of a compressed one; -1 if it is unknown.
-    qint64 textSize() const;
+    qint64 textSize() const override;
 
-    //! Returns whether open(), read() or rewind() failed last; errorString() gives the reason.
-    bool hasFailed() const { return m_failed; }
-    QString errorString() const;
-    //! Returns the counts of all rounds through the file.
-    LineCounts counts() const;
-    //! Returns how much of the file has been read, from 0 to 1.
-    double progress() const;
+    bool hasFailed() const override { return m_failed; }
+    QString errorString() const override;
+    LineCounts counts() const override;
+    double progress() const override;
 
 private:
     void takeLine(std::string_view line, bool tooLong);

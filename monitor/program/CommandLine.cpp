@@ -2,6 +2,7 @@
 #include "monitor/program/CommandLine.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/program/OptionTexts.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
@@ -107,6 +108,25 @@ public:
     {
         if (isSet("rotate") && !setRotation(options, text("rotate")))
             fail("rotate", Text::tr("a time or a size, like 1h or 100M, or both, like 1h,100M"));
+    }
+    //! Reads what complete files become; --compress is the short form of one of them.
+    void segments(SegmentForm *form)
+    {
+        const bool compress = isSet("compress");
+        *form = compress ? SegmentForm::Zstd : SegmentForm::Text;
+        if (!isSet("segments"))
+            return;
+        const std::optional<SegmentForm> wanted = segmentFormFromName(text("segments"));
+        *form = wanted.value_or(SegmentForm::Text);
+        if (!wanted)
+            fail("segments",
+                 Text::tr("one of %1").arg(segmentFormNames().join(QStringLiteral(", "))));
+        else if (compress && *form != SegmentForm::Zstd && m_error.isEmpty())
+            m_error =
+                Text::tr("--compress and --segments %1 cannot be combined; choose one of them")
+                    .arg(text("segments"));
+        else if (*form == SegmentForm::Hdf5 && !nexusMissing().isEmpty() && m_error.isEmpty())
+            m_error = Text::tr("--segments hdf5: %1").arg(nexusMissing());
     }
     void mode(unsigned *mode)
     {
@@ -217,6 +237,18 @@ QString contradiction(const CommandLine &wanted, const ValueReader &values)
                    "add --record "
                    "PATH")
             .arg(values.text("rotate"));
+    if (isNexusName(wanted.record.path))
+        return Text::tr(
+                   "--record %1: what is being recorded is text; record to a file that ends in "
+                   ".csv, and add --segments hdf5 to have it as HDF5 once it is complete")
+            .arg(wanted.record.path);
+    const bool convertsToHdf5 =
+        wanted.task == CommandLine::Task::Convert && isNexusName(wanted.output);
+    if (convertsToHdf5 && wanted.record.segments != SegmentForm::Text)
+        return Text::tr(
+                   "--convert %1 writes HDF5, which is compressed already; leave --compress and "
+                   "--segments out")
+            .arg(wanted.output);
     return {};
 }
 
@@ -318,6 +350,7 @@ void readValues(ValueReader &values, CommandLine *line)
     values.amount(&line->afterReadings, &line->afterSeconds);
     values.rotation(&line->record);
     values.mode(&line->record.mode);
+    values.segments(&line->record.segments);
     values.import(&line->file.import);
     values.display(&line->display);
     values.language(&line->language);
@@ -360,7 +393,6 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     file.loop = parser.isSet(QStringLiteral("loop"));
     file.passesDamage = task == Task::Check;
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));
-    record.compress = parser.isSet(QStringLiteral("compress"));
     pluginPath = parser.values(QStringLiteral("plugin-path"));
     output = values.text(outputOption(task));
     if (task == Task::Repair && sourceGiven)

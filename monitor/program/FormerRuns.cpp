@@ -17,7 +17,7 @@ const QString pathNote = QStringLiteral("recording path");
 const QString fileNote = QStringLiteral("recording file");
 const QString secondsNote = QStringLiteral("recording rotates after seconds");
 const QString bytesNote = QStringLiteral("recording rotates after bytes");
-const QString compressedNote = QStringLiteral("recording is compressed");
+const QString segmentsNote = QStringLiteral("complete files of the recording become");
 
 QString absolute(const QString &path)
 {
@@ -48,7 +48,7 @@ std::optional<Recorder::Options> FormerRuns::interrupted(const Source &source) c
     options.continues = true;
     options.rotateSeconds = lastNote(secondsNote).toDouble();
     options.rotateBytes = lastNote(bytesNote).toLongLong();
-    options.compress = !lastNote(compressedNote).isEmpty();
+    options.segments = segmentFormFromName(lastNote(segmentsNote)).value_or(SegmentForm::Text);
     return options;
 }
 
@@ -70,7 +70,7 @@ void FormerRuns::follow(Session &session)
                                                   : QString());
         m_report.note(bytesNote,
                       options.rotateBytes > 0 ? QString::number(options.rotateBytes) : QString());
-        m_report.note(compressedNote, options.compress ? QStringLiteral("yes") : QString());
+        m_report.note(segmentsNote, recorder ? segmentFormName(options.segments) : QString());
     };
     connect(&session, &Session::recordingChanged, this, keepNotes);
     connect(&session, &Session::sourceReplaced, this, keepNotes);

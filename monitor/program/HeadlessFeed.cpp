@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/LogTail.h"
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/recording/RecordingRepair.h"
 #include "monitor/sources/SourceFactory.h"
@@ -49,7 +50,11 @@ bool HeadlessFeed::openSource()
     connect(m_source.get(), &Source::streamStarted, this, &HeadlessFeed::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &HeadlessFeed::takeReadings);
     connect(m_source.get(), &Source::stateChanged, this, &HeadlessFeed::sourceStateChanged);
-    connect(m_source.get(), &Source::noted, this, &HeadlessFeed::complain);
+    connect(m_source.get(), &Source::noted, this, [this](const QString &text) {
+        complain(text);
+        if (m_output)
+            m_output->addEvent(text);
+    });
     if (m_commandLine.task == CommandLine::Task::Check)
         connect(m_source.get(), &Source::lineRefused, this, [this](const RefusedLine &line) {
             Q_EMIT refused(line.text());
@@ -70,21 +75,21 @@ Recorder::Options HeadlessFeed::recorderOptions() const
 
 bool HeadlessFeed::openOutput()
 {
-    const Recorder::Options options = recorderOptions();
+    Recorder::Options options = recorderOptions();
     if (options.path.isEmpty())
         return true;
-    m_recorder = std::make_unique<Recorder>(m_clock, options);
-    connect(m_recorder.get(), &Recorder::failed, this, [this](const QString &text) {
+    const bool asHdf5 =
+        m_commandLine.task == CommandLine::Task::Convert && isNexusName(options.path);
+    if (asHdf5)
+        options.path = outputPath();
+    m_output = std::make_unique<HeadlessOutput>(m_clock, m_compressor);
+    connect(m_output.get(), &HeadlessOutput::noted, this, &HeadlessFeed::complain);
+    connect(m_output.get(), &HeadlessOutput::failed, this, [this](const QString &text) {
         complain(text);
         m_exitCode = ExitOutputFailed;
         Q_EMIT outputFailed();
     });
-    connect(m_recorder.get(), &Recorder::noted, this, &HeadlessFeed::complain);
-    if (options.compress)
-        connect(m_recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
-            m_compressor.add(path);
-        });
-    return m_recorder->start();
+    return m_output->start(options, asHdf5);
 }
 
 QString HeadlessFeed::outputPath() const
@@ -141,8 +146,8 @@ void HeadlessFeed::takeHeader(const StreamHeader &told)
         m_leftOutCount = {}; // the statistics cover only the last acquisition
     m_spots.header = header;
     m_spots.readings.clear(header.valuesPerReading());
-    if (m_recorder)
-        m_recorder->startStream(header);
+    if (m_output)
+        m_output->startStream(header);
 }
 
 void HeadlessFeed::takeReadings(const ReadingBlock &arrived)
@@ -155,8 +160,8 @@ void HeadlessFeed::takeReadings(const ReadingBlock &arrived)
     if (m_commandLine.task != CommandLine::Task::Convert)
         m_leftOutCount.take(m_statistics.header(), readings);
     m_readings += readings.size();
-    if (m_recorder)
-        m_recorder->addReadings(readings);
+    if (m_output)
+        m_output->addReadings(readings);
     if (m_limit.isReached())
         end();
 }
@@ -186,10 +191,35 @@ void HeadlessFeed::end()
     m_clock.stayAwake();
 }
 
+void HeadlessFeed::interrupt()
+{
+    m_isInterrupted = !m_ended;
+    end();
+}
+
 void HeadlessFeed::finishRecording()
 {
-    if (m_recorder && !m_recorder->finish() && m_exitCode == ExitGood)
+    if (!m_output)
+        return;
+    // Who ends a stream has all that came until then; of a file a part would be missing.
+    const bool isWhole = !m_isInterrupted || m_source->isLive();
+    if (!isWhole && m_output->isKeptWholeOnly()) {
+        complain(tr("the conversion was interrupted; %1 was not written").arg(outputPath()));
         m_exitCode = ExitOutputFailed;
+    }
+    if (!m_output->finish(isWhole) && m_exitCode == ExitGood)
+        m_exitCode = ExitOutputFailed;
+}
+
+QString HeadlessFeed::progressText() const
+{
+    constexpr double percent = 100.0;
+    const auto *file = qobject_cast<FileSource *>(m_source.get());
+    return file ? tr("%1 % of %2, %3 readings")
+                      .arg(QString::number(int(file->progress() * percent)),
+                           file->description(),
+                           QString::number(m_readings))
+                : tr("%1 readings of %2").arg(QString::number(m_readings), m_source->description());
 }
 
 std::optional<StatisticsReport> HeadlessFeed::statistics() const
@@ -223,7 +253,8 @@ QStringList HeadlessFeed::check()
                           .arg(m_gapsBefore + m_statistics.gaps())};
     if (m_leftOutCount.count() > 0)
         lines += m_leftOutCount.text();
-    if (const auto *file = qobject_cast<FileSource *>(m_source.get())) {
+    const auto *file = qobject_cast<FileSource *>(m_source.get());
+    if (file && !isHdf5File(file->path())) {
         RecordingDamage damage;
         QString error;
         if (examineRecording(file->path(), m_commandLine.file.import, &damage, &error)) {

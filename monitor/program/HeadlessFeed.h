@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/program/CommandLine.h"
+#include "monitor/program/HeadlessOutput.h"
 #include "monitor/readings/ComputedStream.h"
 #include "monitor/readings/LeftOut.h"
 #include "monitor/readings/SpotErrors.h"
@@ -44,6 +45,8 @@ public:
     void start() { m_source->start(); }
     //! Takes no more readings.
     void end();
+    //! Takes no more readings since a person ends the program.
+    void interrupt();
     bool hasEnded() const { return m_ended; }
 
     const Source &source() const { return *m_source; }
@@ -52,6 +55,8 @@ public:
     QDateTime startTime() const { return m_statistics.header().startTime; }
     //! Returns the path that the source is recorded to, a file or a folder; empty if it is not recorded.
     QString outputPath() const;
+    //! Returns how far reading is, as a line for a person.
+    QString progressText() const;
     //! Closes the recording.
     void finishRecording();
     //! Returns the report of --stats, which is valid as long as the feed; nothing if there were no readings.
@@ -85,7 +90,7 @@ private:
     const SpotRows &m_plan; //!< empty without --planned
     SegmentCompressor &m_compressor;
     std::unique_ptr<Source> m_source;
-    std::unique_ptr<Recorder> m_recorder;
+    std::unique_ptr<HeadlessOutput> m_output; //!< null if nothing is written
     ReadingLimit m_limit;
     ComputedStream m_computed;
     StreamStatistics m_statistics;
@@ -98,6 +103,7 @@ private:
     bool m_channelsLeftOut = false;
     LeftOutCount m_leftOutCount; //!< with --check and --stats
     bool m_isDamaged = false;
+    bool m_isInterrupted = false;
     bool m_ended = false;
 };
 

@@ -6,6 +6,7 @@
 #include "monitor/core/RunReport.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/HeadlessFeed.h"
+#include "monitor/program/ProgressLine.h"
 #include "monitor/program/TerminationSignal.h"
 
 #include <QEventLoop>
@@ -109,13 +110,22 @@ int HeadlessRun::run()
 void HeadlessRun::readSources()
 {
     TerminationSignal termination;
-    connect(&termination, &TerminationSignal::raised, this, &HeadlessRun::end);
+    connect(&termination, &TerminationSignal::raised, this, [this] {
+        for (const auto &feed : m_feeds)
+            feed->interrupt();
+    });
     QEventLoop loop;
     connect(&m_clock, &Clock::tick, &loop, [&] {
         if (hasEnded())
             loop.quit();
     });
     const LoopWatch watch(m_clock, 0.0);
+    const ProgressLine progress(m_clock, [this] {
+        QStringList texts;
+        for (const auto &feed : m_feeds)
+            texts.append(feed->progressText());
+        return texts.join(QStringLiteral("; "));
+    });
     for (const auto &feed : m_feeds)
         feed->start();
     if (!hasEnded())

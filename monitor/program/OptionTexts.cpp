@@ -79,8 +79,13 @@ QVector<OptionText> recordingOptions()
                   "both (1h,2G).")},
         {"compress",
          "",
-         Text::tr(
-             "Compress each file of a recording (zstd) once it is complete; it is read as it is.")},
+         Text::tr("Compress each file of a recording (zstd) once it is complete; it is read as it "
+                  "is. The "
+                  "same as --segments zstd.")},
+        {"segments",
+         "FORM",
+         Text::tr("What each file of a recording becomes once it is complete: text, as it was "
+                  "written; zstd, compressed; hdf5, in the form of NeXus.")},
         {"mode",
          "MODE",
          Text::tr("Permissions of new recordings, less what the umask takes away; 0640 without the "
@@ -127,7 +132,11 @@ QVector<OptionText> outputOptions()
          "",
          Text::tr("With --stats: fit a Gaussian to all channels in their order. Without it, only "
                   "strips, pixels and channels that a detector places are fitted.")},
-        {"convert", "OUT.csv", Text::tr("Read to the end and write a recording.")},
+        {"convert",
+         "OUT.csv",
+         Text::tr(
+             "Read to the end and write a recording; one of HDF5, in the form of NeXus, if the "
+             "name ends in .h5, .hdf5 or .nxs.")},
         {"check",
          "",
          Text::tr("Read to the end and print every line that cannot be used, and what is lost.")},
@@ -162,7 +171,8 @@ QVector<TopicText> topicTexts()
              {"PATH, file:PATH",
               Text::tr(
                   "A table: a recording (also compressed), a file saved by the library, or CSV. "
-                  "Where CSV needs --import, a message says how.")},
+                  "Where CSV needs --import, a message says how. Or HDF5: a recording, or the "
+                  "NXdata of another program over an axis of the time.")},
              {"IMAGES.pgm, FOLDER",
               Text::tr(
                   "Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "

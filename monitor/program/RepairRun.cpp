@@ -2,6 +2,7 @@
 #include "monitor/program/RepairRun.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/recording/RecordingRepair.h"
 
 #include <QFileInfo>
@@ -23,6 +24,15 @@ int repairOnCommand(const CommandLine &commandLine)
     const QString path = commandLine.output;
     RecordingDamage damage;
     QString copy, error;
+    if (isHdf5File(path)) {
+        std::fprintf(
+            stderr,
+            "corvale-monitor: %s\n",
+            qPrintable(Text::tr("%1 is an HDF5 file, which --repair does not read; --convert "
+                                "OUT.csv %1 writes the readings before its damage")
+                           .arg(path)));
+        return ExitBadData;
+    }
     if (!repairRecording(path, &copy, &damage, &error)) {
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(error));
         return QFileInfo(path).isReadable() ? ExitOutputFailed : ExitSourceLost;

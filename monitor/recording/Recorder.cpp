@@ -4,7 +4,6 @@
 #include "monitor/core/Clock.h"
 #include "monitor/core/EnglishTexts.h"
 #include "monitor/recording/RecordingWriter.h"
-#include "monitor/recording/SegmentCompressor.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -54,9 +53,10 @@ bool Recorder::start()
 bool Recorder::open(const QString &path, RecordingFile::Existing existing, QString *error)
 {
     auto file = std::make_unique<RecordingFile>();
-    if (m_options.compress && !m_options.overwrite && QFileInfo::exists(compressedPath(path))) {
+    const QString completed = completedPath(path, m_options.segments);
+    if (completed != path && !m_options.overwrite && QFileInfo::exists(completed)) {
         *error = tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
-                     .arg(compressedPath(path));
+                     .arg(completed);
         return false;
     }
     if (!file->open(path, existing, m_options.mode)) {

@@ -5,6 +5,7 @@
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingNames.h"
+#include "monitor/recording/SegmentForm.h"
 #include "monitor/recording/WaitingText.h"
 
 #include <QObject>
@@ -45,8 +46,8 @@ public:
         QString source;
         //! Whether readings arrive as they are taken, so that the first one dates a stream that states no date.
         bool datesArrival = false;
-        //! Whether complete files are to be compressed. The recorder only announces them, by fileCompleted().
-        bool compress = false;
+        //! What complete files are to become. The recorder only announces them, by fileCompleted().
+        SegmentForm segments = SegmentForm::Text;
         //! The permissions of new files, of which the user's mask may take some away.
         unsigned mode = RecordingFile::usualMode;
     };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingNames.h"
 
+#include "monitor/recording/SegmentForm.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -25,7 +27,7 @@ QString withNumber(const QString &path, int number)
 QString firstFree(const QString &path, int number)
 {
     QString candidate = number > 1 ? withNumber(path, number) : path;
-    while (QFileInfo::exists(candidate) || QFileInfo::exists(candidate + QLatin1String(".zst")))
+    while (existsInAnyForm(candidate))
         candidate = withNumber(path, ++number);
     return candidate;
 }

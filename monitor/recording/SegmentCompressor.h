@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/recording/SegmentForm.h"
+
 #include <QStringList>
 
 #include <atomic>
 #include <condition_variable>
-#include <functional>
+#include <deque>
 #include <mutex>
 #include <thread>
 
 namespace Monitor {
 
-/*! Compresses the files of a recording that are complete, one after the other in a separate thread: a.csv becomes
-    a.csv.zst. The file itself is removed only after the compressed one has been written to the disk, read back, and found
-    to hold the same bytes, so that a kill at any moment leaves at least one of them whole. */
+/*! Brings the files of a recording that are complete into another form, one after the other in a separate thread: a.csv becomes
+    a.csv.zst or a.h5. The file itself is removed only after the other one has been written to the disk, read back, and found
+    to hold the same, so that a kill at any moment leaves at least one of them whole. */
 class SegmentCompressor
 {
 public:
@@ -23,8 +25,8 @@ public:
     SegmentCompressor(const SegmentCompressor &) = delete;
     SegmentCompressor &operator=(const SegmentCompressor &) = delete;
 
-    //! Compresses a file to which nothing is written any more.
-    void add(const QString &path);
+    //! Brings a file to which nothing is written any more into another form.
+    void add(const QString &path, const SegmentConversion &conversion);
     //! Returns the files that are not compressed yet; the first one is in work.
     QStringList pending() const;
     //! Returns how much of the file in work is done, from 0 to 1.
@@ -40,9 +42,16 @@ private:
     void run();
     void end();
 
+    //! A file, and what is to become of it.
+    struct Job
+    {
+        QString path;
+        SegmentConversion conversion;
+    };
+
     mutable std::mutex m_mutex;
     std::condition_variable m_wakeUp;
-    QStringList m_pending;
+    std::deque<Job> m_pending;
     QStringList m_errors;
     bool m_isEnding = false;
     std::atomic<bool> m_isCancelled = false;
@@ -50,12 +59,11 @@ private:
     std::thread m_thread;
 };
 
-//! Returns the path of the compressed file: with ".zst" behind it.
-QString compressedPath(const QString &path);
-/*! Compresses a file as SegmentCompressor does. \a goesOn is called with the progress, from 0 to 1, and cancels the work if it
-    returns false. Returns false, with a line in \a error, and leaves the file as it was, if that is not possible. */
-bool compressFile(const QString &path,
-                  QString *error,
-                  const std::function<bool(double)> &goesOn = nullptr);
+/*! Brings a file into another form as SegmentCompressor does. \a goesOn is called with the progress, from 0 to 1, and cancels the
+    work if it returns false. A file that does not suit stays as it is. Returns false, with a line in \a error, and leaves the file as it was, if that is not possible. */
+bool convertSegment(const QString &path,
+                    const SegmentConversion &conversion,
+                    QString *error,
+                    const SegmentConversion::GoesOn &goesOn = nullptr);
 
 } // namespace Monitor

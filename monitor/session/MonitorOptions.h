@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/recording/SegmentForm.h"
 #include "monitor/sources/FileSource.h"
 #include <corvale_qt/detector/VerdictLimits.h>
 
@@ -33,8 +34,8 @@ struct MonitorOptions
     QString recordFolder;
     //! When a recording begins a new file: "1h", "100M", or empty for never.
     QString rotation;
-    //! Whether each file of such a recording is compressed once it is complete.
-    bool compress = false;
+    //! What each file of such a recording becomes once it is complete.
+    SegmentForm segments = SegmentForm::Text;
     //! The language of the texts, like "de"; empty for that of the desktop.
     QString language;
 

@@ -2,6 +2,7 @@
 #include "monitor/session/Session.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/nexus/NexusSegments.h"
 
 #include <algorithm>
 #include <limits>
@@ -404,10 +405,13 @@ bool Session::startRecording(Recorder::Options options, QString *error)
         Q_EMIT recordingChanged();
     });
     connect(recorder.get(), &Recorder::noted, this, &Session::noted);
-    if (options.compress)
-        connect(recorder.get(), &Recorder::fileCompleted, this, [this](const QString &path) {
-            m_compressor->add(path);
-        });
+    if (options.segments != SegmentForm::Text)
+        connect(recorder.get(),
+                &Recorder::fileCompleted,
+                this,
+                [this, conversion = segmentConversion(options.segments)](const QString &path) {
+                    m_compressor->add(path, conversion);
+                });
     m_recorder = std::move(recorder);
     if (!m_statistics.header().channels.isEmpty())
         m_recorder->startStream(m_statistics.header());

@@ -2,6 +2,7 @@
 #include "monitor/sources/FileSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/nexus/TableReaders.h"
 
 #include <QFileInfo>
 
@@ -18,9 +19,21 @@ public:
         : m_source(source)
     {
     }
+    //! An event, and how many readings were taken before it.
+    struct Event
+    {
+        qint64 place = 0;
+        QString text;
+    };
+
     void streamStarted(const StreamHeader &header) override { m_source.takeHeader(header); }
-    void reading(double time, const double *values) override { m_source.takeReading(time, values); }
-    void eventNoted(const QString &text) override { Q_EMIT m_source.noted(text); }
+    void reading(double time, const double *values) override
+    {
+        const qint64 before = m_source.m_waiting;
+        m_source.takeReading(time, values);
+        m_taken += m_source.m_waiting - before; // not those that are out of the wanted times
+    }
+    void eventNoted(const QString &text) override { events.push_back({m_taken, text}); }
     void lineRefused(const RefusedLine &line) override
     {
         if (m_source.m_firstRefused.number == 0)
@@ -28,8 +41,32 @@ public:
         Q_EMIT m_source.lineRefused(line);
     }
 
+    //! Returns how many readings are played or passed over.
+    qint64 played() const { return m_taken - m_source.m_waiting; }
+    //! Returns whether an event comes before the reading that follows so many others.
+    bool hasEventBefore(qint64 place) const
+    {
+        return !events.empty() && events.front().place <= place;
+    }
+    QString takeEvent()
+    {
+        const QString text = events.front().text;
+        events.pop_front();
+        return text;
+    }
+
+    //! Tells the events before which everything was played.
+    void tellEvents()
+    {
+        while (hasEventBefore(played()))
+            Q_EMIT m_source.noted(takeEvent());
+    }
+
+    std::deque<Event> events; //!< that are not told yet, in their order
+
 private:
     FileSource &m_source;
+    qint64 m_taken = 0;
 };
 
 FileSource::FileSource(Clock &clock, const QString &path, const Options &options, QObject *parent)
@@ -37,11 +74,8 @@ FileSource::FileSource(Clock &clock, const QString &path, const Options &options
     , m_path(path)
     , m_options(options)
     , m_intake(std::make_unique<Intake>(*this))
-    , m_reader(*m_intake)
     , m_play(options.speed)
 {
-    m_reader.setImport(options.import);
-    m_reader.setPassingDamage(options.passesDamage);
     connect(&clock, &Clock::tick, this, [this] {
         if (!m_play.isUnpaced())
             play();
@@ -66,7 +100,7 @@ QString FileSource::emptyReason() const
 {
     if (!m_atEnd || m_anyReading)
         return {};
-    const LineCounts counts = m_reader.counts();
+    const LineCounts counts = this->counts();
     if (counts.readings > 0)
         return tr("none of its %1 readings lies in the times that were asked for")
             .arg(counts.readings);
@@ -82,7 +116,7 @@ QString FileSource::emptyReason() const
 
 LineCounts FileSource::counts() const
 {
-    return m_reader.counts();
+    return m_reader ? m_reader->counts() : LineCounts();
 }
 
 bool FileSource::readsFrom(const QString &path) const
@@ -93,13 +127,14 @@ bool FileSource::readsFrom(const QString &path) const
 
 double FileSource::progress() const
 {
-    return m_reader.progress();
+    return m_reader ? m_reader->progress() : 0.0;
 }
 
 void FileSource::start()
 {
-    if (!m_reader.open(m_path)) {
-        const LoggedText why = LoggedText::ofSystem(m_reader.errorString());
+    m_reader = makeTableReader(m_path, *m_intake, m_options.import, m_options.passesDamage);
+    if (!m_reader->open(m_path)) {
+        const LoggedText why = LoggedText::ofSystem(m_reader->errorString());
         setState(State::Failed, LoggedText::of([&] {
                      return tr("%1 cannot be opened: %2").arg(m_path, why.now());
                  }));
@@ -169,6 +204,7 @@ void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
 {
     m_parts.clear();
     m_waiting = 0;
+    m_intake->events.clear();
     m_atEnd = false;
     m_offset = 0.0;
     m_roundLength = 0.0;
@@ -178,7 +214,9 @@ void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
     m_options.to = std::numeric_limits<double>::infinity();
     m_partsRead = entryPart;
     m_sought = place;
-    if (!m_reader.resume(entry)) {
+    if (!m_reader)
+        return;
+    if (!m_reader->resume(entry)) {
         setState(State::Failed, readingFailed());
         return;
     }
@@ -241,9 +279,11 @@ FileSource::Place FileSource::place() const
 void FileSource::readAhead()
 {
     constexpr int enough = 5000;
+    const auto &events = m_intake->events;
     constexpr qint64 enoughValues =
         2000000; // a few large frames, or that many readings of 256 channels
-    while (m_waiting < enough && waitingValues() < enoughValues && readOn()) { }
+    while (m_waiting < enough && events.size() < enough && waitingValues() < enoughValues
+           && readOn()) { }
 }
 
 //! Returns how many values the readings that wait have, as if all parts had the channels of the last one.
@@ -257,14 +297,16 @@ bool FileSource::readOn()
 {
     if (m_atEnd)
         return false;
-    if (!m_reader.read(pieceSize))
-        m_atEnd = m_reader.hasFailed() || !startLoop();
+    if (!m_reader->read(pieceSize))
+        m_atEnd = m_reader->hasFailed() || !startLoop();
     return !m_atEnd;
 }
 
 //! Plays the readings of the first part that are due, and of the next parts once the first one is over.
 void FileSource::playDue()
 {
+    if (!m_play.isPaused() || m_shown.part < 0)
+        m_intake->tellEvents();
     while (!m_parts.empty()) {
         Part &part = m_parts.front();
         // A later part without a reading in the wanted range must not clear what is shown.
@@ -303,17 +345,31 @@ void FileSource::emitDue(Part *part)
                                           : std::min(due, m_stop->time);
     ReadingBlock &readings = part->readings;
     m_out.clear(readings.channels());
-    for (; part->next < readings.size() && readings.time(part->next) <= due; ++part->next)
-        m_out.append(readings.time(part->next), readings.values(part->next));
-    m_waiting -= m_out.size();
-    if (!m_out.isEmpty())
-        m_shown.time = m_out.time(m_out.size() - 1);
+    // The readings before each event that is due, and the event. A slot may change what is played, so all is taken before.
+    std::vector<std::pair<ReadingBlock, QString>> pieces;
+    for (; part->next < readings.size() && readings.time(part->next) <= due; ++part->next) {
+        while (m_intake->hasEventBefore(m_intake->played())) {
+            pieces.emplace_back(m_out, m_intake->takeEvent());
+            m_out.clear(readings.channels());
+        }
+        m_shown.time = readings.time(part->next);
+        m_out.append(m_shown.time, readings.values(part->next));
+        --m_waiting;
+    }
     if (part->next == readings.size()) {
         readings.clear(readings.channels());
         part->next = 0;
     }
-    if (!m_out.isEmpty())
-        Q_EMIT readingsArrived(m_out);
+    const ReadingBlock last = pieces.empty() ? ReadingBlock() : m_out;
+    for (const auto &[before, event] : pieces) {
+        if (!before.isEmpty())
+            Q_EMIT readingsArrived(before);
+        Q_EMIT noted(event);
+    }
+    const ReadingBlock &rest = pieces.empty() ? m_out : last;
+    if (!rest.isEmpty())
+        Q_EMIT readingsArrived(rest);
+    m_intake->tellEvents();
 }
 
 void FileSource::finishWhenPlayed()
@@ -321,7 +377,7 @@ void FileSource::finishWhenPlayed()
     if (!m_atEnd || m_waiting > 0)
         return;
     m_unpaced.stop();
-    if (m_reader.hasFailed())
+    if (m_reader->hasFailed())
         setState(State::Failed, readingFailed());
     else
         setState(State::Finished, LoggedText::of([this] {
@@ -331,7 +387,7 @@ void FileSource::finishWhenPlayed()
 
 LoggedText FileSource::readingFailed() const
 {
-    const LoggedText why = LoggedText::ofSystem(m_reader.errorString());
+    const LoggedText why = LoggedText::ofSystem(m_reader->errorString());
     return LoggedText::of([&] {
         return tr("reading %1 failed: %2").arg(m_path, why.now());
     });
@@ -341,7 +397,7 @@ LoggedText FileSource::readingFailed() const
     new stream instead. Returns false if there is no next round, also because its times would be too large. */
 bool FileSource::startLoop()
 {
-    if (!m_options.loop || !m_anyReading || !m_reader.rewind())
+    if (!m_options.loop || !m_anyReading || !m_reader->rewind())
         return false;
     if (m_partsRead > 1)
         return true;

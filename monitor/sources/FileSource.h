@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/input/CsvReader.h"
+#include "monitor/input/ImportOptions.h"
+#include "monitor/input/TableReader.h"
 #include "monitor/sources/PlayClock.h"
 #include "monitor/sources/Source.h"
 
@@ -14,7 +15,7 @@
 
 namespace Monitor {
 
-/*! Plays a table from a file at the pace of its times. If the file has several streams, it plays one after the other, each as a
+/*! Plays the readings of a file, a table or an HDF5 file, at the pace of their times. If the file has several streams, it plays one after the other, each as a
     part. It can be paused, stepped, played at another speed and moved to another place. */
 class FileSource : public Source
 {
@@ -104,7 +105,7 @@ private:
     const QString m_path;
     Options m_options;
     const std::unique_ptr<Intake> m_intake;
-    CsvReader m_reader;
+    std::unique_ptr<TableReader> m_reader; //!< null before start()
     QTimer m_unpaced{this};
     bool m_atEnd = false;
     RefusedLine m_firstRefused;

@@ -78,6 +78,7 @@ void SourceSink::reading(double time, const double *values)
 
 void SourceSink::eventNoted(const QString &text)
 {
+    flush(); // what came before the event is told before it
     Q_EMIT m_source.noted(text);
 }
 

@@ -2,7 +2,8 @@
 #include "monitor/tape/TapeIndexer.h"
 
 #include "monitor/core/Text.h"
-#include "monitor/input/CsvReader.h"
+#include "monitor/input/StreamSink.h"
+#include "monitor/nexus/TableReaders.h"
 #include "monitor/readings/GapWatch.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ constexpr qint64 largestBlock = 16 * 1024 * 1024;
 class IndexSink : public StreamSink
 {
 public:
-    explicit IndexSink(const CsvReader *const &reader)
+    explicit IndexSink(const TableReader *const &reader)
         : m_reader(reader)
     {
     }
@@ -95,7 +96,7 @@ public:
     bool isComplete = true;
 
 private:
-    const CsvReader *const &m_reader;
+    const TableReader *const &m_reader;
     TapeBlock m_block;
     GapWatch m_gaps;
     int m_channels = 0;
@@ -108,17 +109,16 @@ private:
 TapeIndex
 indexTape(const QString &path, const ImportOptions &options, TapeIndexing *indexing, QString *error)
 {
-    const CsvReader *pointer = nullptr;
+    const TableReader *pointer = nullptr;
     IndexSink sink(pointer);
-    CsvReader reader(sink);
-    pointer = &reader;
-    reader.setImport(options);
-    if (!reader.open(path)) {
-        *error = reader.errorString();
+    const std::unique_ptr<TableReader> reader = makeTableReader(path, sink, options);
+    pointer = reader.get();
+    if (!reader->open(path)) {
+        *error = reader->errorString();
         return {};
     }
     const auto piece =
-        int(std::clamp(reader.textSize() / usualBlocks, smallestBlock, largestBlock));
+        int(std::clamp(reader->textSize() / usualBlocks, smallestBlock, largestBlock));
     const int mostBlocks = TapeIndex::maxBlocks - TapeIndex::maxParts;
     bool more = true;
     for (int blocks = 0; more && sink.isComplete; ++blocks) {
@@ -127,14 +127,14 @@ indexTape(const QString &path, const ImportOptions &options, TapeIndexing *index
         // A file that grows meanwhile has a long last block.
         if (blocks < mostBlocks)
             sink.beginBlock();
-        more = reader.read(piece);
-        indexing->progress = reader.progress();
+        more = reader->read(piece);
+        indexing->progress = reader->progress();
     }
     sink.endBlock();
     if (!sink.isComplete)
         *error = Text::tr("it has too many parts, or descriptions that are too long");
-    else if (reader.hasFailed())
-        *error = reader.errorString();
+    else if (reader->hasFailed())
+        *error = reader->errorString();
     else if (sink.index.isEmpty())
         *error = Text::tr("it contains no readings");
     indexing->progress = 1.0;

@@ -95,11 +95,11 @@ void FileMenu::refresh()
 void FileMenu::openFile()
 {
     const QFileInfo last(m_sources.current());
-    const QString path =
-        QFileDialog::getOpenFileName(m_window,
-                                     tr("Open a recording"),
-                                     last.isFile() ? last.absolutePath() : QString(),
-                                     tr("Tables (*.csv *.txt *.dat);;All files (*)"));
+    const QString path = QFileDialog::getOpenFileName(
+        m_window,
+        tr("Open a recording"),
+        last.isFile() ? last.absolutePath() : QString(),
+        tr("Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)"));
     if (!path.isEmpty())
         m_sources.open(path);
 }

@@ -32,6 +32,21 @@ QString exactText(double number)
     return QString::number(number, 'g', digits);
 }
 
+//! Returns what complete files become; a value that only a later program knows leaves them as they are.
+SegmentForm keptSegments(const QString &text)
+{
+    if (text == yes) // what programs that knew only one form have kept
+        return SegmentForm::Zstd;
+    return segmentFormFromName(text).value_or(SegmentForm::Text);
+}
+
+QString keptText(SegmentForm segments)
+{
+    if (segments == SegmentForm::Text)
+        return {};
+    return segments == SegmentForm::Zstd ? yes : segmentFormName(segments);
+}
+
 QString verdictKey(const Corvale_Qt::VerdictLimitField &field)
 {
     return QStringLiteral("verdict-") + QLatin1String(field.key);
@@ -67,7 +82,7 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     options.verdictLimits = keptVerdictLimits(settings);
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);
-    options.compress = settings.text(compressKey) == yes;
+    options.segments = keptSegments(settings.text(compressKey));
     options.language = settings.text(languageKey);
     return options;
 }
@@ -84,7 +99,7 @@ void keepOptions(const MonitorOptions &options, WindowSettings &settings)
         settings.setText(verdictKey(field), exactText(options.verdictLimits.*field.limit));
     settings.setText(folderKey, options.recordFolder);
     settings.setText(rotateKey, options.rotation);
-    settings.setText(compressKey, options.compress ? yes : QString());
+    settings.setText(compressKey, keptText(options.segments));
     settings.setText(languageKey, options.language);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/SourceImport.h"
 
+#include "monitor/nexus/NexusFiles.h"
 #include "monitor/sources/PgmSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/ImportDialog.h"
@@ -13,7 +14,7 @@ std::optional<ImportOptions> importOfSource(const QString &source,
                                             QWidget *parent)
 {
     const QString path = SourceFactory::filePath(source);
-    const bool isTable = !path.isEmpty() && !PgmSource::suits(path);
+    const bool isTable = !path.isEmpty() && !PgmSource::suits(path) && !isHdf5File(path);
     return isTable && given.isUsual() ? ImportDialog::optionsFor(path, settings, parent) : given;
 }
 

@@ -104,7 +104,7 @@ void SourceSwitch::recordIfWanted()
     Recorder::Options options;
     options.path = m_options.recordFolder;
     setRotation(&options, m_options.rotation);
-    options.compress = m_options.compress;
+    options.segments = m_options.segments;
     QString error;
     if (!m_session.startRecording(options, &error))
         QMessageBox::warning(m_window,

@@ -59,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(play.record.mode, 0640U);
         QCOMPARE(hour.record.rotateSeconds, 3600.0);
         QCOMPARE(hour.record.rotateBytes, qint64(2000000000));
-        QVERIFY(hour.record.compress);
+        QCOMPARE(int(hour.record.segments), int(SegmentForm::Zstd));
         QCOMPARE(hour.afterSeconds, 0.5);
         QCOMPARE(hour.source, QString("-"));
     }
@@ -126,6 +126,10 @@ private Q_SLOTS:
         row("one of two rotations", "--rotate 1h,often", "1h,100M");
         row("permissions", "--record d --mode u=rw", "--mode u=rw: it should be permissions");
         row("permissions of more than files", "--record d --mode 4755", "like 0640");
+        row("form of files", "--record d --segments xml", "one of text, zstd, hdf5");
+        row("two forms", "--record d --compress --segments hdf5", "choose one of them");
+        row("HDF5 while it is recorded", "--record r.h5", "add --segments hdf5");
+        row("compressed twice", "a.csv --convert o.nxs --compress", "is compressed already");
         row("import", "--import colour=red a.csv", "--import: \"colour=red\" makes no sense");
         row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
         row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");

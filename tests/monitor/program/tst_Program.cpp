@@ -32,6 +32,7 @@ private Q_SLOTS:
         putFile(path("good.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\n1,3,7\n");
         putFile(path("bad.csv"), "time_s,a_nA,b_nA\n0,1,2\n0.5,2,3\nwhat is this\n1,3,7\n");
         putFile(path("empty.csv"), "");
+        putFile(path("cut.h5"), "\x89HDF\r\n\x1a\n");
         putFile(path("names.csv"), "time_s,a_nA\n");
         putFile(path("dark.csv"), "#layout strips\n0" + QByteArray(",0").repeated(64) + "\n");
     }
@@ -61,6 +62,16 @@ private Q_SLOTS:
         row("no picture of no file", "--screenshot v.png nowhere.csv", 3, "Check the path");
         row("a folder", "--stats .", 3, "no files called *.pgm");
         row("nobody listens", "--stats tcp://127.0.0.1:1", 3, "switched on");
+        row("conversion to HDF5", "--convert good.h5 good.csv", 0, "");
+        row("statistics of HDF5", "--stats good.h5", 0, "nA");
+        row("check of HDF5", "--check good.h5", 0, "3 readings, 0 lines dropped");
+        row("conversion from HDF5", "--convert again.csv good.h5", 0, "");
+        row("existing HDF5", "--convert good.h5 good.csv", 4, "good.h5 exists already");
+        row("HDF5 that is the source", "--convert good.h5 --overwrite good.h5", 4, "is the source");
+        row("HDF5 without readings", "--convert none.h5 names.csv", 2, "no readings");
+        row("no folder for HDF5", "--convert no/o.h5 good.csv", 4, "no/o.h5 cannot be written");
+        row("HDF5 that is cut", "--stats cut.h5", 3, "it is not a whole HDF5 file");
+        row("repair of HDF5", "--repair cut.h5", 2, "--repair does not read");
         row("existing output", "--convert good.csv good.csv", 4, "exists already");
         row("no folder for output", "--convert no/o.csv good.csv", 4, "no/o.csv");
         row("no folder for the picture", "--screenshot no/v.png good.csv", 4, "no/v.png");
@@ -84,6 +95,8 @@ private Q_SLOTS:
             QSKIP("there is no full device here");
         const Outcome outcome = run(arguments.split(QLatin1Char(' ')));
         const QByteArray all = outcome.out + outcome.err;
+        if (all.contains("built without HDF5"))
+            QSKIP("the monitor was built without HDF5");
         QVERIFY2(outcome.code == code, all + " code " + QByteArray::number(outcome.code));
         QVERIFY2(all.contains(said.toUtf8()), all);
         const bool errorOnStderr = code == 0 || !outcome.err.isEmpty();
@@ -369,6 +382,37 @@ private Q_SLOTS:
         const Outcome b = run({"twice.csv", "--stats", "--json"});
         QCOMPARE(QJsonDocument::fromJson(a.out).object()["channels"],
                  QJsonDocument::fromJson(b.out).object()["channels"]);
+    }
+
+    //! An HDF5 file stands for its recording: every number of the statistics is the same.
+    void statisticsOfHdf5AreTheSame_data()
+    {
+        columns<QString>("source");
+        row("channels", "sim:ic4");
+        row("strips", "sim:strips");
+        row("pixels", "sim:pixels");
+        row("spots", "sim:spots");
+        row("several units", "good.csv");
+    }
+    void statisticsOfHdf5AreTheSame()
+    {
+        QFETCH(QString, source);
+        const Outcome made =
+            run({source, "--convert", "text.csv", "--overwrite", "--after", "200frames"});
+        QCOMPARE(made.code, 0);
+        const Outcome converted = run({"text.csv", "--convert", "other.h5", "--overwrite"});
+        if (converted.err.contains("built without HDF5"))
+            QSKIP("the monitor was built without HDF5");
+        QVERIFY2(converted.code == 0, converted.err);
+        const auto report = [this](const QString &file) {
+            QJsonObject all =
+                QJsonDocument::fromJson(run({file, "--stats", "--json"}).out).object();
+            all.remove("source");
+            return all;
+        };
+        const QJsonObject ofText = report("text.csv");
+        QVERIFY(ofText.contains("channels"));
+        QCOMPARE(report("other.h5"), ofText);
     }
 
     void withoutADisplay()

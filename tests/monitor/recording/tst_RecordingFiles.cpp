@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/nexus/NexusFiles.h"
+#include "monitor/recording/ZstdSegments.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/Recording.h"
 #include "tests/support/Files.h"
@@ -19,11 +21,21 @@ class tst_RecordingFiles : public QObject
 private Q_SLOTS:
     void init() { m_dir = std::make_unique<QTemporaryDir>(); }
 
-    //! Files that are complete are compressed, and read back as what was recorded.
-    void compressesWhatIsComplete()
+    void convertsWhatIsComplete_data()
     {
+        columns<int, QString>("form", "suffix");
+        row("compressed", int(SegmentForm::Zstd), ".csv.zst");
+        row("HDF5", int(SegmentForm::Hdf5), ".h5");
+    }
+    //! Files that are complete are compressed, and read back as what was recorded.
+    void convertsWhatIsComplete()
+    {
+        QFETCH(int, form);
+        QFETCH(QString, suffix);
+        if (form == int(SegmentForm::Hdf5) && !nexusMissing().isEmpty())
+            QSKIP("the monitor was built without HDF5");
         Recording file(path("packed.csv"));
-        file.options.compress = true;
+        file.options.segments = SegmentForm(form);
         file.options.rotateBytes = 300;
         file.options.rotateSeconds = 1000.0;
         QVERIFY(file.begin());
@@ -37,10 +49,11 @@ private Q_SLOTS:
         const QStringList files =
             QDir(m_dir->path()).entryList({"packed*"}, QDir::Files, QDir::Name);
         QCOMPARE(files.join(' '),
-                 QString("packed-2.csv.zst packed-3.csv.zst packed-4.csv.zst packed.csv.zst"));
+                 QString("packed-2%1 packed-3%1 packed-4%2 packed%1")
+                     .arg(suffix, form == int(SegmentForm::Hdf5) ? ".csv" : suffix));
         for (int i = 0; i < 3; ++i) {
             const QString name =
-                i == 0 ? "packed.csv.zst" : QString("packed-%1.csv.zst").arg(i + 1);
+                i == 0 ? "packed" + suffix : QString("packed-%1").arg(i + 1) + suffix;
             const QString text = readTable(m_dir->filePath(name));
             QVERIFY2(text.startsWith("start channels left:nA right"), qPrintable(text));
             QVERIFY(text.endsWith(QString("%1: %1 0.5").arg(100 * i + 49)));
@@ -48,9 +61,9 @@ private Q_SLOTS:
         }
         // The name is taken, although the file itself is gone.
         Recording again(path("packed.csv"));
-        again.options.compress = true;
+        again.options.segments = SegmentForm(form);
         QVERIFY(!again.begin());
-        QVERIFY(again.recorder().errorString().contains("packed.csv.zst exists already"));
+        QVERIFY(again.recorder().errorString().contains("packed" + suffix + " exists already"));
     }
 
     //! A pipe would block the program for ever, and a link may be one of the system.
@@ -61,7 +74,7 @@ private Q_SLOTS:
         QVERIFY(QFile::link(path("target.csv"), path("link.csv")));
         for (const char *name : {"pipe", "link.csv"}) {
             QString error;
-            QVERIFY(!compressFile(path(name), &error));
+            QVERIFY(!convertSegment(path(name), zstdConversion(), &error));
             QVERIFY2(error.contains("only regular files"), qPrintable(error));
             QVERIFY(QFileInfo(path(name)).isSymLink() || QFileInfo::exists(path(name)));
         }
@@ -318,7 +331,7 @@ private Q_SLOTS:
         for (const bool compress : {false, true}) {
             Recording r(path(compress ? "packed.csv" : "plain.csv"));
             r.options.mode = unsigned(mode);
-            r.options.compress = compress;
+            r.options.segments = compress ? SegmentForm::Zstd : SegmentForm::Text;
             const mode_t before = ::umask(mode_t(mask));
             const bool begun = r.begin();
             r.recorder().addReadings(block(0, 3));

@@ -5,6 +5,7 @@
 #include "monitor/recording/RecordingRepair.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/SpaceForecast.h"
+#include "monitor/recording/ZstdSegments.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
@@ -24,21 +25,21 @@ private Q_SLOTS:
     void compressionHarmsNothing()
     {
         QString error;
-        const QString target = compressedPath(path("plain.csv"));
+        const QString target = completedPath(path("plain.csv"), SegmentForm::Zstd);
         putFile(path("plain.csv"), "0,1\n");
         putFile(target, "another");
-        QVERIFY(!compressFile(path("plain.csv"), &error));
+        QVERIFY(!convertSegment(path("plain.csv"), zstdConversion(), &error));
         QCOMPARE(fileContents(path("plain.csv")), QByteArray("0,1\n"));
         QCOMPARE(fileContents(target), QByteArray("another"));
         QVERIFY2(error.contains("exists already"), qPrintable(error));
         QVERIFY(!QFile::exists(target + ".part"));
         error.clear();
-        QVERIFY(!compressFile(path("not-there.csv"), &error));
+        QVERIFY(!convertSegment(path("not-there.csv"), zstdConversion(), &error));
 
         // No recorder may write to a file in work; cancelled work leaves the file, and no draft of the other.
         putFile(path("again.csv"), "0,1\n");
         int asked = 0;
-        QVERIFY(!compressFile(path("again.csv"), &error, [&](double) {
+        QVERIFY(!convertSegment(path("again.csv"), zstdConversion(), &error, [&](double) {
             RecordingFile recording;
             const bool open = recording.open(path("again.csv"), RecordingFile::Existing::Replace);
             return !open && ++asked < 2;
@@ -46,7 +47,7 @@ private Q_SLOTS:
         QCOMPARE(asked, 2);
         QCOMPARE(fileContents(path("again.csv")), QByteArray("0,1\n"));
         QCOMPARE(QDir(m_dir.path()).entryList({"again*"}, QDir::Files), QStringList("again.csv"));
-        QVERIFY2(compressFile(path("again.csv"), &error), qPrintable(error));
+        QVERIFY2(convertSegment(path("again.csv"), zstdConversion(), &error), qPrintable(error));
         QCOMPARE(QDir(m_dir.path()).entryList({"again*"}, QDir::Files),
                  QStringList("again.csv.zst"));
     }
@@ -131,7 +132,7 @@ private Q_SLOTS:
             text += QByteArray::number(quint32(random())) + '\n';
         putFile(path("cut.csv"), text);
         QString error;
-        QVERIFY2(compressFile(path("cut.csv"), &error), qPrintable(error));
+        QVERIFY2(convertSegment(path("cut.csv"), zstdConversion(), &error), qPrintable(error));
         const QByteArray whole = fileContents(path("cut.csv.zst"));
         const int half = whole.size() / 2;
         std::atomic<bool> ended = false;
@@ -184,7 +185,7 @@ private Q_SLOTS:
         // What a link in the place of the draft points to is not written to.
         putFile(path("mine.txt"), "mine");
         QVERIFY(QFile::link(path("mine.txt"), path("frames.csv.zst.part")));
-        QVERIFY2(compressFile(path("frames.csv"), &error), qPrintable(error));
+        QVERIFY2(convertSegment(path("frames.csv"), zstdConversion(), &error), qPrintable(error));
         QCOMPARE(fileContents(path("mine.txt")), QByteArray("mine"));
         const QByteArray whole = fileContents(path("frames.csv.zst"));
         for (const double at : {0.5, 0.95}) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/recording/ZstdSegments.h"
 #include "monitor/sources/FileSource.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/ScriptedSession.h"
@@ -426,7 +427,7 @@ private Q_SLOTS:
         s.begin(1);
         Recorder::Options options;
         options.path = dir.filePath("packed.csv");
-        options.compress = true;
+        options.segments = SegmentForm::Zstd;
         QString error;
         QVERIFY2(s.session.startRecording(options, &error), qPrintable(error));
         s.run(3);
@@ -438,7 +439,7 @@ private Q_SLOTS:
         QVERIFY2(notes.last().contains("packed.csv.zst exists already"), qPrintable(notes.last()));
         QVERIFY(readTable(options.path).contains("0.1: 1"));
         QFile::remove(dir.filePath("packed.csv.zst"));
-        s.session.compressor().add(options.path);
+        s.session.compressor().add(options.path, zstdConversion());
         s.session.compressor().finish();
         QVERIFY(readTable(dir.filePath("packed.csv.zst")).contains("0.1: 1"));
     }

@@ -61,6 +61,30 @@ private Q_SLOTS:
         QCOMPARE(log.text() + (ended ? ", the end" : ""), "start channels a | " + readings);
     }
 
+    //! An event is told in its place among the readings, not when the file is read ahead.
+    void eventsAreToldInTheirPlace()
+    {
+        const QString path = m_dir.filePath("events.csv");
+        putFile(path,
+                "#corvale 1\n#event before\n0,1\n1,2\n#event between\n#event and\n2,3\n"
+                "#event behind\n#corvale 1\n#event next\n5,6\n6,7\n#event last\n");
+        ManualClock clock;
+        FileSource source(clock, path, {});
+        SourceLog log(source);
+        source.start();
+        clock.advance(1.5);
+        QCOMPARE(
+            log.text(),
+            QString("event before | start channels ch1 | 0: 1 | 1: 2 | event between | event and"));
+        clock.advance(3.0);
+        QCOMPARE(
+            log.text(),
+            QString("event before | start channels ch1 | 0: 1 | 1: 2 | event between | event and "
+                    "| 2: 3 | event behind | event next | start channels ch1 | 5: 6 | 6: 7 | "
+                    "event last"));
+        QCOMPARE(log.stateNames(), QString("Running Finished"));
+    }
+
     void imagesBecomeFrames_data()
     {
         // ">" begins a stream of frames with that many rows and columns.

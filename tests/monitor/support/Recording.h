@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/nexus/NexusSegments.h"
 #include "monitor/recording/Recorder.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "tests/monitor/support/ManualClock.h"
@@ -53,12 +54,13 @@ struct Recording
                              [this](const QString &text) {
                                  notes.append(text);
                              });
-            if (options.compress)
+            if (options.segments != Monitor::SegmentForm::Text)
                 QObject::connect(m_recorder.get(),
                                  &Monitor::Recorder::fileCompleted,
                                  &clock,
                                  [this](const QString &name) {
-                                     compressor.add(name);
+                                     compressor.add(name,
+                                                    Monitor::segmentConversion(options.segments));
                                  });
         }
         return *m_recorder;

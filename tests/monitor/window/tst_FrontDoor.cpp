@@ -296,7 +296,7 @@ private Q_SLOTS:
         type("rotation", "often");
         QVERIFY(fault().contains("30min"));
         type("rotation", "1h");
-        dialog.findChild<QCheckBox *>("compress")->setChecked(true);
+        dialog.findChild<QComboBox *>("segments")->setCurrentIndex(1);
         type("detector", file("no.json"));
         QVERIFY(!fault().isEmpty());
         type("detector", "preset:none");
@@ -330,7 +330,7 @@ private Q_SLOTS:
         QCOMPARE(kept.rangeHigh, 1e-6);
         QCOMPARE(kept.language, QString("de"));
         QCOMPARE(kept.rotation, QString("1h"));
-        QVERIFY(kept.compress);
+        QCOMPARE(int(kept.segments), int(SegmentForm::Zstd));
         QCOMPARE(kept.minimumSum, 0.5);
         QCOMPARE(kept.verdictLimits.residualRms, 0.075);
         QCOMPARE(kept.verdictLimits.background, Corvale_Qt::VerdictLimits().background);

@@ -4,6 +4,7 @@
 #include "monitor/program/CompressionWait.h"
 #include "monitor/program/Language.h"
 #include "monitor/recording/SegmentCompressor.h"
+#include "monitor/recording/ZstdSegments.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
@@ -461,12 +462,12 @@ private Q_SLOTS:
         CompressionWait(compressor).wait();
         for (const char *name : {"first.csv", "second.csv"}) {
             putFile(file(name), QByteArray(5000000, 'x'));
-            compressor.add(file(name));
+            compressor.add(file(name), zstdConversion());
         }
         CompressionWait(compressor).wait();
         QCOMPARE(compressor.pending(), QStringList());
         QCOMPARE(compressor.takeErrors(), QStringList());
-        QVERIFY(QFile::exists(compressedPath(file("first.csv"))));
+        QVERIFY(QFile::exists(completedPath(file("first.csv"), SegmentForm::Zstd)));
         QVERIFY(!QFile::exists(file("second.csv")));
     }
 

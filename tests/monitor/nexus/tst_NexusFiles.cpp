@@ -1,0 +1,435 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/nexus/NexusFiles.h"
+#include "monitor/nexus/NexusOutput.h"
+#include "monitor/nexus/NexusReader.h"
+#include "monitor/nexus/NexusSegments.h"
+#include "monitor/recording/RecordingFile.h"
+#include "monitor/recording/SegmentCompressor.h"
+#include "tests/monitor/support/ExactSink.h"
+#include "tests/monitor/support/FileSizeLimit.h"
+#include "tests/monitor/support/TextSink.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <QDirIterator>
+#include <QProcess>
+
+#include <cmath>
+
+using namespace Monitor;
+
+namespace {
+
+//! Returns a stream of frames from a described matrix of 3 rows and 4 columns, with a dead pixel and an event.
+QByteArray describedFrames()
+{
+    QByteArray text =
+        "#corvale 2\n#unit nC\n#pitch x 2 mm\n#pitch y 1.5 mm\n"
+        "#gain 1.02,1,1,1,1,1,1,1,1,1,1,0.9\n#pedestal 0.4\n#saturation 500\n#dead 5\n"
+        "#t0 2026-03-01T12:00:00.250Z\n";
+    for (int frame = 0; frame < 5; ++frame) {
+        text += "#frame " + QByteArray::number(0.1 * frame, 'g', 17) + " 3 4\n";
+        for (int row = 0; row < 3; ++row)
+            text += QByteArray::number(frame * 100 + row * 10 + 0.1, 'g', 17) + ",nan,2,-3e-300\n";
+        if (frame == 2)
+            text += "#event shutter \xc3\xb6pened, \"slowly\"\n";
+    }
+    return text;
+}
+
+QByteArray rowsOf(int rows, int channels)
+{
+    QByteArray text;
+    for (int row = 0; row < rows; ++row) {
+        text += QByteArray::number(row / 7.0, 'g', 17);
+        for (int i = 0; i < channels; ++i)
+            text += ',' + QByteArray::number((row * 31 + i * 17) % 101 / 3.0, 'g', 17);
+        text += '\n';
+    }
+    return text;
+}
+
+} // namespace
+
+//! HDF5 files in the form of NeXus: what is written is read back, by the monitor and by others, and nothing that is read does harm.
+class tst_NexusFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        if (!nexusMissing().isEmpty())
+            QSKIP("the monitor was built without HDF5");
+        for (const QString &name :
+             {QStringLiteral("/usr/bin/python3"), QStringLiteral("python3")}) {
+            QProcess python;
+            python.start(name, {"-c", "import h5py"});
+            if (python.waitForFinished() && python.exitCode() == 0 && m_python.isEmpty())
+                m_python = name;
+        }
+    }
+
+    void whatIsRecordedIsReadBack_data()
+    {
+        columns<QByteArray>("recording");
+        row("channels of several units, with gaps, limits and events",
+            QByteArray("#corvale 1\n#channels left,right plate,p/q,left\n#unit nA,nA,mm,\n"
+                       "#limits left 1,2,,9\n#range -5,5\n#t0 2026-03-01T12:00:00Z\n"
+                       "#t0-uncertainty 0.02 s\n#event before all\n0,1,,3,4\n"
+                       "0.10000000000000001,inf,-0,nan,5e-324\n#event one\n#event two\n"
+                       "0.10000000000000001,1,2,3,4\n7e9,1,2,3,4\n#event after all\n"));
+        row("more readings than a chunk",
+            "#corvale 1\n#channels a,b,c\n" + rowsOf(9000, 3) + "#event end\n");
+        row("strips with places",
+            "#corvale 1\n#layout strips 16 8\n#pitch 2 mm\n#unit nC\n" + rowsOf(20, 24));
+        row("pixels in a single line", "#corvale 1\n#layout matrix 12 10\n" + rowsOf(9, 120));
+        row("strips without places", "#corvale 1\n#layout strips\n" + rowsOf(5, 64));
+        row("wide strips", "#corvale 1\n#layout strips 300 200\n#pitch 0.5 mm\n" + rowsOf(30, 500));
+        row("frames of a described detector", describedFrames());
+        row("a wired detector",
+            QByteArray("#corvale 1\n#detector "
+                       "{\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":3,\"pitch\":2,"
+                       "\"unit\":\"mm\"},\"wiring\":[2,0,1]}\n")
+                + rowsOf(4, 3));
+        row("spots", QByteArray("x_mm,y_mm,mu\n1,2,0.5\n-3,2.25,0.125\n1.5,-2,1\n"));
+        row("two acquisitions, the second with an event before its readings",
+            "#corvale 1\n#channels a,b\n#unit nA\n" + rowsOf(3, 2)
+                + "#corvale 1\n#event new\n#channels c\n5,1\n6,2\n#event last\n");
+    }
+    void whatIsRecordedIsReadBack()
+    {
+        QFETCH(QByteArray, recording);
+        putFile(path("r.csv"), recording);
+        const QByteArray before = readExactly(path("r.csv"));
+        QVERIFY2(!before.contains("refused") && before.count('\n') > 4, before);
+        QVERIFY2(convert("r"), qPrintable(m_error));
+        QVERIFY(!QFile::exists(path("r.csv")) && isHdf5File(path("r.h5")));
+        for (const int piece : {1, 1000, 1000000})
+            QCOMPARE(readExactly(path("r.h5"), piece), before);
+        QVERIFY(!QFile::exists(path("r.h5.part")));
+    }
+
+    void realReadingsAreReadBack()
+    {
+        QDir data(QStringLiteral(CORVALE_QT_DATA_DIR));
+        QStringList found;
+        QDirIterator files(data.path(), {"*.csv"}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            found.append(files.next());
+        if (found.isEmpty())
+            QSKIP("no real readings here");
+        int converted = 0;
+        for (const QString &name : found) {
+            const QByteArray before = readExactly(name);
+            if (before.startsWith("failed") || before.contains("\nrefused "))
+                continue; // a table of another program
+            ++converted;
+            QFile::remove(path("real.csv"));
+            QVERIFY(QFile::copy(name, path("real.csv")));
+            QVERIFY2(convert("real"), qPrintable(name + ": " + m_error));
+            QVERIFY2(readExactly(path("real.h5")) == before, qPrintable(name));
+        }
+        QVERIFY(converted > 0);
+    }
+
+    //! A place in the file leads to what follows it, whether it lies in the first acquisition or the second.
+    void readingGoesOnFromAPlace()
+    {
+        putFile(path("two.csv"),
+                "#corvale 1\n#channels a\n" + rowsOf(5000, 1) + "#event between\n#corvale 1\n"
+                    + "#channels b,c\n" + rowsOf(100, 2) + "#event end\n");
+        QVERIFY2(convert("two"), qPrintable(m_error));
+        ExactSink whole;
+        NexusReader reader(whole);
+        QVERIFY2(reader.open(path("two.h5")), qPrintable(reader.errorString()));
+        int places = 0;
+        for (bool more = true; more; ++places) {
+            const ReadPoint point = reader.readPoint();
+            whole.text.clear();
+            more = reader.read(5000);
+            ExactSink rest;
+            NexusReader other(rest);
+            QVERIFY(other.open(path("two.h5")) && other.resume(point));
+            other.read(5000);
+            QCOMPARE(other.counts().readings, reader.counts().readings);
+            // Where reading begins, the stream is described once more.
+            QVERIFY2(rest.text.endsWith(whole.text), rest.text.left(300));
+        }
+        QVERIFY(places > 10);
+        QVERIFY(reader.rewind());
+        whole.text.clear();
+        while (reader.read(100000)) { }
+        QCOMPARE(whole.text, readExactly(path("two.h5")));
+    }
+
+    //! What others see: the structure, the attributes and the values, as h5py reads them.
+    void othersReadIt_data()
+    {
+        columns<QByteArray, QByteArray>("recording", "checks");
+        row("channels",
+            QByteArray("#corvale 1\n#channels left,right plate,p/q\n#unit nA,nA,mm\n"
+                       "#t0 2026-03-01T12:00:00.250Z\n0,1,2,3\n0.1,,-2,nan\n"
+                       "#event shutter \xc3\xb6pen\n"),
+            QByteArray(R"(
+assert f.attrs['NX_class'] == 'NXroot' and f.attrs['default'] == 'entry'
+e = f['entry']
+assert e.attrs['NX_class'] == 'NXentry' and e.attrs['default'] == 'data'
+assert e['start_time'][()].decode() == '2026-03-01T12:00:00.250Z'
+assert e['program_name'][()] == b'corvale-monitor' and e['program_name'].attrs['version'].startswith('2.')
+d = e['data']
+assert d.attrs['NX_class'] == 'NXdata' and d.attrs['signal'] == 'left'
+assert list(d.attrs['axes']) == ['time'] and list(d.attrs['auxiliary_signals']) == ['right_plate']
+assert d['right_plate'].attrs['given_name'] == 'right plate' and d['left'].attrs['units'] == 'nA'
+assert d['time'][:].tolist() == [0, 0.1] and d['time'].attrs['units'] == 's'
+assert d['time'].attrs['start'] == '2026-03-01T12:00:00.250Z'
+assert d['left'][0] == 1 and math.isnan(d['left'][1]) and d['right_plate'][:].tolist() == [2, -2]
+assert d['left'].compression == 'gzip' and d['left'].chunks and d['left'].dtype == 'f8'
+o = e['data_mm']
+assert o.attrs['signal'] == 'p_q' and o['p_q'].attrs['given_name'] == 'p/q'
+assert o['time'] == d['time']
+v = e['events']
+assert v.attrs['NX_class'] == 'NXlog' and v['value'].asstr()[:].tolist() == ['shutter öpen']
+assert v['time'][:].tolist() == [0.1]
+)"));
+        row("frames of a described detector", describedFrames(), QByteArray(R"(
+d = f['entry/data']
+assert d.attrs['signal'] == 'frames' and list(d.attrs['axes']) == ['time', 'y', 'x']
+assert d['frames'].shape == (5, 3, 4) and d['frames'].attrs['units'] == 'nC'
+assert d['frames'][2, 1, 0] == 210.1 and d['frames'][4, 2, 2] == 2 and math.isnan(d['frames'][0, 0, 1])
+assert d['x'][:].tolist() == [-3, -1, 1, 3] and d['y'][:].tolist() == [-1.5, 0, 1.5]
+assert d['x'].attrs['units'] == 'mm'
+t = f['entry/instrument/detector']
+assert t.attrs['NX_class'] == 'NXdetector' and t['type'][()] == b'pixels'
+assert t['x_pixel_offset'][:].tolist() == [-3, -1, 1, 3] and t['x_pitch'][()] == 2
+assert t['gain'].shape == (3, 4) and t['gain'][0, 0] == 1.02 and t['gain'][2, 3] == 0.9
+assert (t['pedestal'][:] == 0.4).all() and (t['saturation_value'][:] == 500).all()
+assert t['pixel_mask'][1, 0] == 2 and t['pixel_mask'][:].sum() == 2
+)"));
+        row("strips",
+            "#corvale 1\n#layout strips 2 1\n#pitch 2 mm\n#unit nC\n" + rowsOf(3, 3),
+            QByteArray(R"(
+e = f['entry']
+assert e.attrs['default'] == 'data_x' and e['data_x/profile_x'].shape == (3, 2)
+assert e['data_y/profile_y'].shape == (3, 1) and e['data_x/x'][:].tolist() == [-1, 1]
+assert e['data_x'].attrs['axes'].tolist() == ['time', 'x']
+assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
+)"));
+    }
+    void othersReadIt()
+    {
+        QFETCH(QByteArray, recording);
+        QFETCH(QByteArray, checks);
+        if (m_python.isEmpty())
+            QSKIP("h5py is missing (Debian has it in python3-h5py)");
+        putFile(path("seen.csv"), recording);
+        QVERIFY2(convert("seen"), qPrintable(m_error));
+        const QByteArray said = python("f = h5py.File('seen.h5')\n" + checks);
+        QVERIFY2(said.isEmpty(), said);
+    }
+
+    void filesOfOthers_data()
+    {
+        columns<QByteArray, QByteArray>("script", "read");
+        const auto row = [](const char *name, const QByteArray &script, const QByteArray &read) {
+            QTest::newRow(name) << script << read;
+        };
+        const auto data = [](const QByteArray &lines) {
+            return "e = f.create_group('scan'); e.attrs['NX_class'] = 'NXentry'\n"
+                   "d = e.create_group('d'); d.attrs['NX_class'] = 'NXdata'\n"
+                   "d.attrs['signal'] = 'i'; d.attrs['axes'] = ['t']\n"
+                   "t = d.create_dataset('t', data=[0, 500, 1500.0]); t.attrs['units'] = 'ms'\n"
+                + lines;
+        };
+        const QByteArray signal = "d.create_dataset('i', data=[1, 2, 4]).attrs['units'] = 'nA'\n";
+        row("one channel, whole numbers, milliseconds",
+            data(signal),
+            "start channels i:nA | 0: 1 | 0.5: 2 | 1.5: 4");
+        row("more signals and a missing value",
+            data(signal
+                 + "d.attrs['auxiliary_signals'] = ['j', 'gone']\n"
+                   "d['j'] = [.5, float('nan'), 2]\n"),
+            "start channels i:nA j | 0: 1 0.5 | 0.5: 2 - | 1.5: 4 2");
+        row("two dimensions",
+            data("d.attrs['axes'] = ['t', 'x']\nd['i'] = [[1, 2], [3, 4], [5, 6]]\n"),
+            "start channels ch1 ch2 | 0: 1 2 | 0.5: 3 4 | 1.5: 5 6");
+        row("images",
+            data("d.attrs['axes'] = ['t', '.', '.']\nd['i'] = np.arange(12.0).reshape(3, 2, 2)\n"),
+            "start pixels frames, matrix 2 x 2, positions in cells, sum max x:cells sigma_x:cells "
+            "y:cells "
+            "sigma_y:cells | 0: 0 1 2 3 | 0.5: 4 5 6 7 | 1.5: 8 9 10 11");
+        row("a time that goes back, and one that is none",
+            data(signal + "t[:] = [5, 1, float('nan')]\n"),
+            "start channels i:nA | 0.005: 1 | refused 2 back | refused 3 unreadable");
+        row("the older way to name axes, without a unit",
+            data(signal + "del d.attrs['axes'], t.attrs['units']\nd['i'].attrs['axes'] = 't'\n"),
+            "event the axis t states no unit and is taken as seconds | start channels i:nA | 0: 1 "
+            "| 500: 2 | 1500: 4");
+        row("NXdata without an entry",
+            QByteArray("f.attrs['default'] = 'd'\nd = f.create_group('d')\n"
+                       "d.attrs['NX_class'] = 'NXdata'\nd.attrs['signal'] = 'i'\n"
+                       "d.attrs['axes'] = 't'\nd['t'] = [1.0]; d['t'].attrs['units'] = 'min'\n"
+                       "d['i'] = [7]\n"),
+            "start channels i | 60: 7");
+        row("nothing that tells what it is",
+            QByteArray("f['numbers'] = [1, 2]\n"),
+            "no NXentry and no NXdata");
+        row("an axis that is no time",
+            data(signal + "t.attrs['units'] = 'mm'\n"),
+            "scan: its signal i lies over t in mm, which is no time");
+        row("an axis of another length", data("d['i'] = [1, 2]\n"), "another length");
+        row("no signal", data({}), "its signal i is missing");
+        row("texts", data("d['i'] = [b'a', b'b', b'c']\n"), "they are not numbers");
+        row("four dimensions", data("d['i'] = np.zeros((3, 1, 1, 1))\n"), "4 dimensions");
+        row("too many values for each time",
+            data("d['i'] = np.zeros((3, 5000))\n"),
+            "5000 values for each time");
+        row("more readings than a disk holds",
+            data("del d['t']\nfor n in 't', 'i':\n d.create_dataset(n, (1 << 60,), chunks=(1 << "
+                 "20,))\n"),
+            "more than the file can hold");
+        row("chunks larger than the memory",
+            data("d.create_dataset('i', (1 << 28,), maxshape=(None,), chunks=(1 << 28,))\n"),
+            "chunks are larger");
+        row("numbers in another file",
+            data("d.create_dataset('i', (3,), external=[('/etc/passwd', 0, 24)], dtype='f8')\n"),
+            "another file");
+        row("a link to another file",
+            data("d['i'] = h5py.ExternalLink('two.h5', '/entry/data/a')\n"),
+            "its signal i is missing");
+    }
+    void filesOfOthers()
+    {
+        QFETCH(QByteArray, script);
+        QFETCH(QByteArray, read);
+        if (m_python.isEmpty())
+            QSKIP("h5py is missing (Debian has it in python3-h5py)");
+        const QByteArray said =
+            python("f = h5py.File('theirs.h5', 'w')\n" + script + "f.close()\n");
+        QVERIFY2(said.isEmpty(), said);
+        TextSink sink;
+        NexusReader reader(sink);
+        if (reader.open(path("theirs.h5")))
+            while (reader.read(1000)) { }
+        const QByteArray got = (reader.hasFailed() ? reader.errorString() : sink.text()).toUtf8();
+        QVERIFY2(got == read || (reader.hasFailed() && got.contains(read)), got);
+    }
+
+    //! Wherever a file ends too early, it is refused with a sentence.
+    void aFileThatIsCutIsRefused()
+    {
+        putFile(path("whole.csv"), "#corvale 1\n#channels a,b\n" + rowsOf(5000, 2) + "#event e\n");
+        QVERIFY2(convert("whole"), qPrintable(m_error));
+        const QByteArray whole = fileContents(path("whole.h5"));
+        constexpr int cuts = 60;
+        for (int i = 0; i < cuts; ++i) {
+            putFile(path("cut.h5"), whole.left(8 + int((whole.size() - 9) * qint64(i) / cuts)));
+            const QByteArray read = readExactly(path("cut.h5"));
+            QVERIFY2(read.startsWith("failed: it is not a whole HDF5 file"), read.left(200));
+        }
+    }
+
+    //! Readings that are damaged inside are not shown as numbers; what comes before them is.
+    void damageInsideIsTold()
+    {
+        putFile(path("inside.csv"), "#corvale 1\n#channels a\n" + rowsOf(20000, 1));
+        QVERIFY2(convert("inside"), qPrintable(m_error));
+        QByteArray bytes = fileContents(path("inside.h5"));
+        // The last compressed chunk begins as each stream of deflate does.
+        const int chunk = bytes.lastIndexOf("\x78\x5e");
+        QVERIFY(chunk > 0);
+        bytes.replace(chunk + 2, 30, QByteArray(30, '\xff'));
+        putFile(path("inside.h5"), bytes);
+        ExactSink sink;
+        NexusReader reader(sink);
+        QVERIFY(reader.open(path("inside.h5")));
+        while (reader.read(100000)) { }
+        QVERIFY(reader.hasFailed());
+        QVERIFY2(reader.errorString().contains("are damaged"), qPrintable(reader.errorString()));
+        QVERIFY(reader.counts().readings >= 8192);
+    }
+
+    //! A file gets its name when it is whole, and replaces another one only if it may.
+    void aFileIsWholeOrMissing()
+    {
+        const auto write = [this](bool overwrite, NexusOutput *output) {
+            StreamHeader header;
+            header.channels = {{"a", "nA"}};
+            if (!output->start("test", overwrite, RecordingFile::usualMode))
+                return false;
+            output->writer().startStream(header);
+            for (int i = 0; i < 50000; ++i) {
+                const double value = std::sin(i * 12.9898) * 43758.5453;
+                output->writer().addReading(i, &value);
+            }
+            return true;
+        };
+        putFile(path("o.h5"), "precious");
+        NexusOutput refused(path("o.h5"));
+        QVERIFY(!write(false, &refused));
+        QVERIFY(refused.errorString().contains("exists already"));
+        {
+            NexusOutput left(path("o.h5"));
+            QVERIFY(write(true, &left));
+            NexusOutput second(path("o.h5"));
+            QVERIFY(!write(true, &second));
+            QVERIFY(second.errorString().contains("another program writes"));
+        }
+        {
+            FileSizeLimit limit;
+            NexusOutput large(path("o.h5"));
+            limit.set(100000);
+            write(true, &large);
+            QVERIFY(!large.finish());
+            QVERIFY2(large.errorString().contains("File too large"),
+                     qPrintable(large.errorString()));
+        }
+        QCOMPARE(fileContents(path("o.h5")), QByteArray("precious"));
+        QVERIFY(!QFile::exists(path("o.h5.part")));
+        NexusOutput told(path("o.h5"));
+        QVERIFY(write(true, &told) && told.finish());
+        QVERIFY(readExactly(path("o.h5")).count('\n') > 50000);
+    }
+
+    //! A recording with a line that cannot be read stays as it is, since that line would be lost.
+    void nothingIsLostByConversion()
+    {
+        putFile(path("torn.csv"), "#corvale 1\n#channels a,b\n0,1,2\n1,what,2\n2,3,4\n");
+        QVERIFY(!convert("torn"));
+        QVERIFY2(m_error.contains("stays text") && m_error.contains("what"), qPrintable(m_error));
+        QVERIFY(QFile::exists(path("torn.csv")));
+        QVERIFY(!QFile::exists(path("torn.h5")) && !QFile::exists(path("torn.h5.part")));
+    }
+
+private:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    //! Converts a recording of that name, anew.
+    bool convert(const QString &name)
+    {
+        QFile::remove(path(name + ".h5"));
+        m_error.clear();
+        return convertSegment(path(name + ".csv"), nexusConversion(), &m_error);
+    }
+    //! Runs a script in the folder of the test and returns what it complains of.
+    QByteArray python(const QByteArray &script) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_folder.path());
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(m_python, {"-"});
+        process.write("import h5py, math\nimport numpy as np\n" + script);
+        process.closeWriteChannel();
+        const bool ended = process.waitForFinished(60000);
+        const QByteArray said = process.readAll();
+        return ended && process.exitCode() == 0 ? QByteArray() : "the script failed: " + said;
+    }
+
+    QTemporaryDir m_folder;
+    QString m_python; //!< the program; empty if it or h5py is missing
+    QString m_error;
+};
+
+CORVALE_QT_TEST_MAIN(tst_NexusFiles)
+#include "tst_NexusFiles.moc"

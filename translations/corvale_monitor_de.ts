@@ -514,12 +514,12 @@
         <translation>Aufzeichnung öffnen</translation>
     </message>
     <message>
-        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
-        <translation>Tabellen (*.csv *.txt *.dat);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>&amp;Forget these</source>
         <translation>&amp;Diese vergessen</translation>
+    </message>
+    <message>
+        <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
+        <translation>Aufzeichnungen und Tabellen (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -1725,10 +1725,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Sprache:</translation>
     </message>
     <message>
-        <source>Co&amp;mpress each file once it is complete</source>
-        <translation>&amp;Jede fertige Datei komprimieren</translation>
-    </message>
-    <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
         <translation>Jede geöffnete Quelle wird in eine neue Datei in diesem Ordner aufgezeichnet, benannt nach Datum und Uhrzeit in UTC. Leer: nur Datei &gt; Aufzeichnen.</translation>
     </message>
@@ -1763,6 +1759,26 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>&amp;Verdicts</source>
         <translation>Urtei&amp;le</translation>
+    </message>
+    <message>
+        <source>stays text</source>
+        <translation>bleibt Text</translation>
+    </message>
+    <message>
+        <source>is compressed (zstd)</source>
+        <translation>wird komprimiert (zstd)</translation>
+    </message>
+    <message>
+        <source>becomes HDF5 (NeXus)</source>
+        <translation>wird zu HDF5 (NeXus)</translation>
+    </message>
+    <message>
+        <source>A co&amp;mplete file:</source>
+        <translation>Eine &amp;vollständige Datei:amp;Jede fertige Datei:</translation>
+    </message>
+    <message>
+        <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
+        <translation>Was aus einer Datei wird, sobald nichts mehr in sie geschrieben wird. Der Monitor liest alle diese Formen.</translation>
     </message>
 </context>
 <context>
@@ -2545,6 +2561,150 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
         <translation>%1 ist kein Gerät: Eine Aufzeichnung wird allein gezeigt, da ihre Messwerte zu einer anderen Zeit entstanden sind. Öffnen Sie sie mit Datei &gt; Öffnen... oder in einem Fenster mit einer anderen --settings-Datei</translation>
+    </message>
+    <message>
+        <source>HDF5 gives no reason</source>
+        <translation>HDF5 nennt keinen Grund</translation>
+    </message>
+    <message>
+        <source>they are not numbers</source>
+        <translation>sie sind keine Zahlen</translation>
+    </message>
+    <message>
+        <source>they are not a list</source>
+        <translation>sie sind keine Liste</translation>
+    </message>
+    <message>
+        <source>they lie in another file</source>
+        <translation>sie liegen in einer anderen Datei</translation>
+    </message>
+    <message>
+        <source>their chunks are larger than %1 MB</source>
+        <translation>ihre Blöcke sind größer als %1 MB</translation>
+    </message>
+    <message>
+        <source>they claim to be more than the file can hold</source>
+        <translation>sie geben vor, mehr zu sein, als in die Datei passt</translation>
+    </message>
+    <message>
+        <source>its data %1 cannot be read: %2</source>
+        <translation>ihre Daten %1 sind nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>they are missing</source>
+        <translation>sie fehlen</translation>
+    </message>
+    <message>
+        <source>they do not have the form that the file describes</source>
+        <translation>sie haben nicht die Form, die die Datei beschreibt</translation>
+    </message>
+    <message>
+        <source>the description of its readings is damaged</source>
+        <translation>die Beschreibung ihrer Messwerte ist beschädigt</translation>
+    </message>
+    <message>
+        <source>this program was built without HDF5; build it with the HDF5 library (Debian has it in libhdf5-dev) and the option CORVALE_QT_HDF5</source>
+        <translation>dieses Programm wurde ohne HDF5 gebaut; mit der HDF5-Bibliothek (bei Debian in libhdf5-dev) und der Option CORVALE_QT_HDF5 hat es HDF5</translation>
+    </message>
+    <message>
+        <source>it does not say which of its data is the signal</source>
+        <translation>sie sagt nicht, welche ihrer Daten das Signal sind</translation>
+    </message>
+    <message>
+        <source>its signal %1 is missing</source>
+        <translation>ihr Signal %1 fehlt</translation>
+    </message>
+    <message>
+        <source>its signal has %1 dimensions; 1, 2 and 3 can be shown</source>
+        <translation>ihr Signal hat %1 Dimensionen; 1, 2 und 3 können gezeigt werden</translation>
+    </message>
+    <message>
+        <source>its signal %1 has no axis of the time</source>
+        <translation>ihr Signal %1 hat keine Zeitachse</translation>
+    </message>
+    <message>
+        <source>its axis %1 is missing</source>
+        <translation>ihre Achse %1 fehlt</translation>
+    </message>
+    <message>
+        <source>its axis %1 has another length than the signal %2</source>
+        <translation>ihre Achse %1 hat eine andere Länge als das Signal %2</translation>
+    </message>
+    <message>
+        <source>its signal %1 lies over %2 in %3, which is no time</source>
+        <translation>ihr Signal %1 liegt über %2 in %3, was keine Zeit ist</translation>
+    </message>
+    <message>
+        <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
+        <translation>ihr Signal %1 hat %2 Werte für jede Zeit; bis zu %3 können gezeigt werden</translation>
+    </message>
+    <message>
+        <source>its signal %1 has images of %2 x %3; up to %4 x %4 can be shown</source>
+        <translation>ihr Signal %1 hat Bilder von %2 x %3; bis zu %4 x %4 können gezeigt werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 gibt es schon; wählen Sie einen anderen Namen oder erlauben Sie das Überschreiben (--overwrite)</translation>
+    </message>
+    <message>
+        <source>this user may not read it</source>
+        <translation>dieser Benutzer darf sie nicht lesen</translation>
+    </message>
+    <message>
+        <source>it is not a whole HDF5 file: it is damaged, cut off or still being written (%1)</source>
+        <translation>sie ist keine ganze HDF5-Datei: sie ist beschädigt, abgeschnitten oder wird noch geschrieben (%1)</translation>
+    </message>
+    <message>
+        <source>it changes while it is read</source>
+        <translation>sie ändert sich, während sie gelesen wird</translation>
+    </message>
+    <message>
+        <source>readings %1 to %2 of %3 are damaged (%4)</source>
+        <translation>die Messwerte %1 bis %2 von %3 sind beschädigt (%4)</translation>
+    </message>
+    <message>
+        <source>event %1 of %2 is damaged</source>
+        <translation>das Ereignis %1 von %2 ist beschädigt</translation>
+    </message>
+    <message>
+        <source>it is not open</source>
+        <translation>sie ist nicht geöffnet</translation>
+    </message>
+    <message>
+        <source>a line of it cannot be read, and would be lost: %1</source>
+        <translation>eine ihrer Zeilen ist nicht lesbar und ginge verloren: %1</translation>
+    </message>
+    <message>
+        <source>what was written is not what was recorded</source>
+        <translation>was geschrieben wurde, ist nicht, was aufgezeichnet wurde</translation>
+    </message>
+    <message>
+        <source>it has no NXdata</source>
+        <translation>sie hat kein NXdata</translation>
+    </message>
+    <message>
+        <source>it has no NXentry and no NXdata, which tell what its numbers are</source>
+        <translation>sie hat weder NXentry noch NXdata, die sagen, was ihre Zahlen bedeuten</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>the description of the stream is too long</source>
+        <translation>die Beschreibung des Datenstroms ist zu lang</translation>
+    </message>
+    <message>
+        <source>it has more than %1 acquisitions; convert its parts one by one</source>
+        <translation>sie hat mehr als %1 Aufnahmen; wandeln Sie ihre Teile einzeln um</translation>
+    </message>
+    <message>
+        <source>another program writes to %1</source>
+        <translation>ein anderes Programm schreibt in %1</translation>
     </message>
 </context>
 <context>

@@ -514,12 +514,12 @@
         <translation>Ouvrir un enregistrement</translation>
     </message>
     <message>
-        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
-        <translation>Tables (*.csv *.txt *.dat);;Tous les fichiers (*)</translation>
-    </message>
-    <message>
         <source>&amp;Forget these</source>
         <translation>Oublier &amp;ceux-ci</translation>
+    </message>
+    <message>
+        <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
+        <translation>Enregistrements et tableaux (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;Tous les fichiers (*)</translation>
     </message>
 </context>
 <context>
@@ -1725,10 +1725,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
-        <source>Co&amp;mpress each file once it is complete</source>
-        <translation>&amp;Compresser chaque fichier une fois complet</translation>
-    </message>
-    <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
         <translation>Chaque source ouverte est enregistrée dans un nouveau fichier de ce dossier, nommé d&apos;après la date et l&apos;heure en UTC. Vide&#xa0;: seulement Fichier &gt; Enregistrer.</translation>
     </message>
@@ -1763,6 +1759,26 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>&amp;Verdicts</source>
         <translation>Ve&amp;rdicts</translation>
+    </message>
+    <message>
+        <source>stays text</source>
+        <translation>reste du texte</translation>
+    </message>
+    <message>
+        <source>is compressed (zstd)</source>
+        <translation>est compressé (zstd)</translation>
+    </message>
+    <message>
+        <source>becomes HDF5 (NeXus)</source>
+        <translation>devient HDF5 (NeXus)</translation>
+    </message>
+    <message>
+        <source>A co&amp;mplete file:</source>
+        <translation>Un fichier &amp;complet :</translation>
+    </message>
+    <message>
+        <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
+        <translation>Ce que devient un fichier dès que plus rien n’y est écrit. Le moniteur lit toutes ces formes.</translation>
     </message>
 </context>
 <context>
@@ -2545,6 +2561,150 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
         <translation>%1 n’est pas un instrument : un enregistrement est montré seul, car ses mesures ont été prises à un autre moment. Ouvrez-le avec Fichier &gt; Ouvrir... ou dans une fenêtre avec un autre fichier --settings</translation>
+    </message>
+    <message>
+        <source>HDF5 gives no reason</source>
+        <translation>HDF5 ne donne pas de raison</translation>
+    </message>
+    <message>
+        <source>they are not numbers</source>
+        <translation>ce ne sont pas des nombres</translation>
+    </message>
+    <message>
+        <source>they are not a list</source>
+        <translation>ce n’est pas une liste</translation>
+    </message>
+    <message>
+        <source>they lie in another file</source>
+        <translation>elles se trouvent dans un autre fichier</translation>
+    </message>
+    <message>
+        <source>their chunks are larger than %1 MB</source>
+        <translation>leurs blocs dépassent %1 Mo</translation>
+    </message>
+    <message>
+        <source>they claim to be more than the file can hold</source>
+        <translation>elles prétendent être plus que le fichier ne peut contenir</translation>
+    </message>
+    <message>
+        <source>its data %1 cannot be read: %2</source>
+        <translation>ses données %1 ne peuvent pas être lues : %2</translation>
+    </message>
+    <message>
+        <source>they are missing</source>
+        <translation>elles manquent</translation>
+    </message>
+    <message>
+        <source>they do not have the form that the file describes</source>
+        <translation>elles n’ont pas la forme que le fichier décrit</translation>
+    </message>
+    <message>
+        <source>the description of its readings is damaged</source>
+        <translation>la description de ses mesures est endommagée</translation>
+    </message>
+    <message>
+        <source>this program was built without HDF5; build it with the HDF5 library (Debian has it in libhdf5-dev) and the option CORVALE_QT_HDF5</source>
+        <translation>ce programme a été construit sans HDF5 ; construisez-le avec la bibliothèque HDF5 (libhdf5-dev sous Debian) et l’option CORVALE_QT_HDF5</translation>
+    </message>
+    <message>
+        <source>it does not say which of its data is the signal</source>
+        <translation>il ne dit pas lesquelles de ses données sont le signal</translation>
+    </message>
+    <message>
+        <source>its signal %1 is missing</source>
+        <translation>son signal %1 manque</translation>
+    </message>
+    <message>
+        <source>its signal has %1 dimensions; 1, 2 and 3 can be shown</source>
+        <translation>son signal a %1 dimensions ; 1, 2 et 3 peuvent être affichées</translation>
+    </message>
+    <message>
+        <source>its signal %1 has no axis of the time</source>
+        <translation>son signal %1 n’a pas d’axe du temps</translation>
+    </message>
+    <message>
+        <source>its axis %1 is missing</source>
+        <translation>son axe %1 manque</translation>
+    </message>
+    <message>
+        <source>its axis %1 has another length than the signal %2</source>
+        <translation>son axe %1 n’a pas la longueur du signal %2</translation>
+    </message>
+    <message>
+        <source>its signal %1 lies over %2 in %3, which is no time</source>
+        <translation>son signal %1 dépend de %2 en %3, qui n’est pas un temps</translation>
+    </message>
+    <message>
+        <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
+        <translation>son signal %1 a %2 valeurs par instant ; %3 au plus peuvent être affichées</translation>
+    </message>
+    <message>
+        <source>its signal %1 has images of %2 x %3; up to %4 x %4 can be shown</source>
+        <translation>son signal %1 a des images de %2 x %3 ; %4 x %4 au plus peuvent être affichées</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 existe déjà ; choisissez un autre nom ou autorisez le remplacement (--overwrite)</translation>
+    </message>
+    <message>
+        <source>this user may not read it</source>
+        <translation>cet utilisateur n’a pas le droit de le lire</translation>
+    </message>
+    <message>
+        <source>it is not a whole HDF5 file: it is damaged, cut off or still being written (%1)</source>
+        <translation>ce n’est pas un fichier HDF5 entier : il est endommagé, tronqué ou encore en cours d’écriture (%1)</translation>
+    </message>
+    <message>
+        <source>it changes while it is read</source>
+        <translation>il change pendant sa lecture</translation>
+    </message>
+    <message>
+        <source>readings %1 to %2 of %3 are damaged (%4)</source>
+        <translation>les mesures %1 à %2 de %3 sont endommagées (%4)</translation>
+    </message>
+    <message>
+        <source>event %1 of %2 is damaged</source>
+        <translation>l’événement %1 de %2 est endommagé</translation>
+    </message>
+    <message>
+        <source>it is not open</source>
+        <translation>il n’est pas ouvert</translation>
+    </message>
+    <message>
+        <source>a line of it cannot be read, and would be lost: %1</source>
+        <translation>une de ses lignes ne peut pas être lue et serait perdue : %1</translation>
+    </message>
+    <message>
+        <source>what was written is not what was recorded</source>
+        <translation>ce qui a été écrit n’est pas ce qui a été enregistré</translation>
+    </message>
+    <message>
+        <source>it has no NXdata</source>
+        <translation>il n’a pas de NXdata</translation>
+    </message>
+    <message>
+        <source>it has no NXentry and no NXdata, which tell what its numbers are</source>
+        <translation>il n’a ni NXentry ni NXdata, qui disent ce que sont ses nombres</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>the description of the stream is too long</source>
+        <translation>la description du flux est trop longue</translation>
+    </message>
+    <message>
+        <source>it has more than %1 acquisitions; convert its parts one by one</source>
+        <translation>il a plus de %1 acquisitions ; convertissez ses parties une à une</translation>
+    </message>
+    <message>
+        <source>another program writes to %1</source>
+        <translation>un autre programme écrit dans %1</translation>
     </message>
 </context>
 <context>

@@ -514,12 +514,12 @@
         <translation>記録を開く</translation>
     </message>
     <message>
-        <source>Tables (*.csv *.txt *.dat);;All files (*)</source>
-        <translation>表 (*.csv *.txt *.dat);;すべてのファイル (*)</translation>
-    </message>
-    <message>
         <source>&amp;Forget these</source>
         <translation>これらを消去(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
+        <translation>記録と表 (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;すべてのファイル (*)</translation>
     </message>
 </context>
 <context>
@@ -1725,10 +1725,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>言語(&amp;L):</translation>
     </message>
     <message>
-        <source>Co&amp;mpress each file once it is complete</source>
-        <translation>完成したファイルを圧縮(&amp;M)</translation>
-    </message>
-    <message>
         <source>Every source that is opened is recorded to a new file in this folder, named after its date and time in UTC. Empty: only File &gt; Record.</source>
         <translation>開いたソースはすべて、このフォルダーの UTC 日時を名前とする新しいファイルに記録されます。空:「ファイル &gt; 記録」のみ。</translation>
     </message>
@@ -1763,6 +1759,26 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>&amp;Verdicts</source>
         <translation>判定(&amp;V)</translation>
+    </message>
+    <message>
+        <source>stays text</source>
+        <translation>テキストのまま</translation>
+    </message>
+    <message>
+        <source>is compressed (zstd)</source>
+        <translation>圧縮する (zstd)</translation>
+    </message>
+    <message>
+        <source>becomes HDF5 (NeXus)</source>
+        <translation>HDF5 (NeXus) にする</translation>
+    </message>
+    <message>
+        <source>A co&amp;mplete file:</source>
+        <translation>完成したファイル(&amp;M):</translation>
+    </message>
+    <message>
+        <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
+        <translation>書き込みが終わったファイルをどうするか。モニターはどの形式も読めます。</translation>
     </message>
 </context>
 <context>
@@ -2545,6 +2561,150 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
         <translation>%1 は機器ではありません。記録の測定値は別の時刻に取得されたものなので、記録は単独で表示されます。ファイル &gt; 開く... で開くか、別の --settings FILE を指定したウィンドウで開いてください</translation>
+    </message>
+    <message>
+        <source>HDF5 gives no reason</source>
+        <translation>HDF5 は理由を示していません</translation>
+    </message>
+    <message>
+        <source>they are not numbers</source>
+        <translation>数値ではありません</translation>
+    </message>
+    <message>
+        <source>they are not a list</source>
+        <translation>並びではありません</translation>
+    </message>
+    <message>
+        <source>they lie in another file</source>
+        <translation>別のファイルにあります</translation>
+    </message>
+    <message>
+        <source>their chunks are larger than %1 MB</source>
+        <translation>ブロックが %1 MB を超えています</translation>
+    </message>
+    <message>
+        <source>they claim to be more than the file can hold</source>
+        <translation>ファイルに入りきらない量だと示されています</translation>
+    </message>
+    <message>
+        <source>its data %1 cannot be read: %2</source>
+        <translation>データ %1 を読めません: %2</translation>
+    </message>
+    <message>
+        <source>they are missing</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>they do not have the form that the file describes</source>
+        <translation>ファイルの記述と形が異なります</translation>
+    </message>
+    <message>
+        <source>the description of its readings is damaged</source>
+        <translation>測定値の記述が壊れています</translation>
+    </message>
+    <message>
+        <source>this program was built without HDF5; build it with the HDF5 library (Debian has it in libhdf5-dev) and the option CORVALE_QT_HDF5</source>
+        <translation>このプログラムは HDF5 なしで作られています。HDF5 ライブラリ (Debian では libhdf5-dev) とオプション CORVALE_QT_HDF5 を使って作成してください</translation>
+    </message>
+    <message>
+        <source>it does not say which of its data is the signal</source>
+        <translation>どのデータが信号なのか示されていません</translation>
+    </message>
+    <message>
+        <source>its signal %1 is missing</source>
+        <translation>信号 %1 が見つかりません</translation>
+    </message>
+    <message>
+        <source>its signal has %1 dimensions; 1, 2 and 3 can be shown</source>
+        <translation>信号は %1 次元です。表示できるのは 1、2、3 次元です</translation>
+    </message>
+    <message>
+        <source>its signal %1 has no axis of the time</source>
+        <translation>信号 %1 に時間の軸がありません</translation>
+    </message>
+    <message>
+        <source>its axis %1 is missing</source>
+        <translation>軸 %1 が見つかりません</translation>
+    </message>
+    <message>
+        <source>its axis %1 has another length than the signal %2</source>
+        <translation>軸 %1 の長さが信号 %2 と異なります</translation>
+    </message>
+    <message>
+        <source>its signal %1 lies over %2 in %3, which is no time</source>
+        <translation>信号 %1 の軸 %2 (%3) は時間ではありません</translation>
+    </message>
+    <message>
+        <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
+        <translation>信号 %1 は時刻ごとに %2 個の値を持ちます。表示できるのは %3 個までです</translation>
+    </message>
+    <message>
+        <source>its signal %1 has images of %2 x %3; up to %4 x %4 can be shown</source>
+        <translation>信号 %1 の画像は %2 x %3 です。表示できるのは %4 x %4 までです</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
+        <translation>%1 は既にあります。別の名前を選ぶか、上書きを許可してください (--overwrite)</translation>
+    </message>
+    <message>
+        <source>this user may not read it</source>
+        <translation>このユーザーには読む権限がありません</translation>
+    </message>
+    <message>
+        <source>it is not a whole HDF5 file: it is damaged, cut off or still being written (%1)</source>
+        <translation>完全な HDF5 ファイルではありません。壊れているか、途中で切れているか、まだ書き込み中です (%1)</translation>
+    </message>
+    <message>
+        <source>it changes while it is read</source>
+        <translation>読み込み中に変更されています</translation>
+    </message>
+    <message>
+        <source>readings %1 to %2 of %3 are damaged (%4)</source>
+        <translation>%3 の測定値 %1 から %2 が壊れています (%4)</translation>
+    </message>
+    <message>
+        <source>event %1 of %2 is damaged</source>
+        <translation>%2 の出来事 %1 が壊れています</translation>
+    </message>
+    <message>
+        <source>it is not open</source>
+        <translation>開かれていません</translation>
+    </message>
+    <message>
+        <source>a line of it cannot be read, and would be lost: %1</source>
+        <translation>読めない行があり、失われてしまいます: %1</translation>
+    </message>
+    <message>
+        <source>what was written is not what was recorded</source>
+        <translation>書き込まれた内容が記録と一致しません</translation>
+    </message>
+    <message>
+        <source>it has no NXdata</source>
+        <translation>NXdata がありません</translation>
+    </message>
+    <message>
+        <source>it has no NXentry and no NXdata, which tell what its numbers are</source>
+        <translation>数値の意味を示す NXentry も NXdata もありません</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>the description of the stream is too long</source>
+        <translation>データの流れの記述が長すぎます</translation>
+    </message>
+    <message>
+        <source>it has more than %1 acquisitions; convert its parts one by one</source>
+        <translation>取得が %1 回を超えています。部分ごとに変換してください</translation>
+    </message>
+    <message>
+        <source>another program writes to %1</source>
+        <translation>別のプログラムが %1 に書き込んでいます</translation>
     </message>
 </context>
 <context>

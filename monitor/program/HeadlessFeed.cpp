@@ -193,7 +193,7 @@ void HeadlessFeed::end()
 
 void HeadlessFeed::interrupt()
 {
-    m_isInterrupted = !m_ended;
+    m_isInterrupted = m_isInterrupted || !m_ended;
     end();
 }
 

@@ -1774,7 +1774,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>A co&amp;mplete file:</source>
-        <translation>Eine &amp;vollständige Datei:amp;Jede fertige Datei:</translation>
+        <translation>&amp;Jede fertige Datei:</translation>
     </message>
     <message>
         <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>

@@ -114,7 +114,7 @@ private Q_SLOTS:
         request.end = end;
         request.following = following;
         request.scrollValue = 1000000;
-        const StripWindow window = stripWindow(PlotColumnReader(&model), request);
+        const StripWindow window = stripWindow(PlotDataReader(&model), request);
         QTEST(text(window.rows) + QString(" from %1 to %2").arg(window.left).arg(window.right),
               "shown");
     }

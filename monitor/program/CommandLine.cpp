@@ -295,9 +295,11 @@ QString faultOfSources(const CommandLine &line)
         .arg(task, addresses.join(QStringLiteral(", ")));
 }
 
-//! Reads what is given as a source, first each --source, then each argument without an option.
+//! Reads what is given as a source, first each argument without an option, then each --source.
 void readSources(const QCommandLineParser &parser, CommandLine *line, QString *error)
 {
+    for (const QString &address : parser.positionalArguments())
+        line->sources.append({QString(), address});
     for (const QString &text : parser.values(QStringLiteral("source"))) {
         const std::optional<NamedAddress> source = namedAddressFromText(text);
         if (!source)
@@ -307,8 +309,6 @@ void readSources(const QCommandLineParser &parser, CommandLine *line, QString *e
                     .arg(text);
         line->sources.append(source.value_or(NamedAddress()));
     }
-    for (const QString &address : parser.positionalArguments())
-        line->sources.append({QString(), address});
     const QString measured = parser.value(QStringLiteral("measured"));
     if (!line->sources.isEmpty() && !measured.isEmpty())
         *error = Text::tr("--measured %1: the source is %2 already; leave one of them out")

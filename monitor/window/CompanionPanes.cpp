@@ -137,8 +137,10 @@ void CompanionPanes::followSpan(DisplayTabs &displays) const
 
 void CompanionPanes::refreshIfDue()
 {
+    if (m_panes.isEmpty())
+        return;
     const double now = m_companions.members().front().session->clock().seconds();
-    if (m_panes.isEmpty() || now - m_alignedAt < alignInterval)
+    if (now - m_alignedAt < alignInterval)
         return;
     m_alignedAt = now;
     alignEnds();

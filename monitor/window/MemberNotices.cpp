@@ -10,7 +10,7 @@ namespace Monitor {
 
 namespace {
 
-using Look::State;
+using NoticeState = Look::State;
 
 //! Returns the state of the connection; nothing while readings come.
 std::optional<StatusField::Part> connectionNotice(const Session &session)
@@ -19,11 +19,11 @@ std::optional<StatusField::Part> connectionNotice(const Session &session)
     switch (source.state()) {
     case Source::State::Failed:
     case Source::State::Retrying:
-        return StatusField::Part{Text::tr("LOST"), source.stateText(), State::Trouble};
+        return StatusField::Part{Text::tr("LOST"), source.stateText(), NoticeState::Trouble};
     case Source::State::Connecting:
-        return StatusField::Part{Text::tr("CONNECTING"), source.stateText(), State::Waiting};
+        return StatusField::Part{Text::tr("CONNECTING"), source.stateText(), NoticeState::Waiting};
     case Source::State::Finished:
-        return StatusField::Part{Text::tr("END"), source.stateText(), State::Ended};
+        return StatusField::Part{Text::tr("END"), source.stateText(), NoticeState::Ended};
     default:
         break;
     }
@@ -31,7 +31,7 @@ std::optional<StatusField::Part> connectionNotice(const Session &session)
         return StatusField::Part{Text::tr("STALE"),
                                  Text::tr("no reading has come for three of the usual intervals; "
                                           "check the beam and the instrument"),
-                                 State::Trouble};
+                                 NoticeState::Trouble};
     return std::nullopt;
 }
 
@@ -45,16 +45,17 @@ QVector<StatusField::Part> memberNotices(const Companions::Member &member)
         notices.append(*connection);
     const Recorder *recorder = session.recorder();
     if (recorder && !recorder->errorString().isEmpty())
-        notices.append({Text::tr("RECORDING FAILS"), recorder->errorString(), State::Trouble});
+        notices.append(
+            {Text::tr("RECORDING FAILS"), recorder->errorString(), NoticeState::Trouble});
     if (member.clock->origin() && !member.clock->isInStep())
         notices.append(
             {Text::tr("CLOCK %1 s").arg(member.clock->lead(), 0, 'f', 1),
              Text::tr("the clock of the source differs from this computer's by so much, so "
                       "that its chart shows another time than the others"),
-             State::Waiting});
+             NoticeState::Waiting});
     if (session.source().isSimulated())
         notices.append(
-            {Text::tr("SIMULATED"), Text::tr("no instrument is read"), State::Simulated});
+            {Text::tr("SIMULATED"), Text::tr("no instrument is read"), NoticeState::Simulated});
     return notices;
 }
 

@@ -86,7 +86,7 @@ private Q_SLOTS:
         row("the same", "a/x.csv b/X.csv c/x.csv", "x X-2 x-3");
         row("given ones go before",
             "ic4 --source ic4=sim:ic4 --source ic4-2=x.csv",
-            "ic4 ic4-2 ic4-3");
+            "ic4-3 ic4 ic4-2");
         row("an address with a sign", "--source halo=tcp://h:1?ask=A=B", "halo");
     }
     void sourcesHaveNames()

@@ -204,8 +204,8 @@ private Q_SLOTS:
                            .arg(value["channels"][0]["mean"].toDouble())
                            .arg(value["start_time"].toString());
         QCOMPARE(reports,
-                 QStringList({"west 2 20 from 2026-03-01T12:00:02.500Z",
-                              "halo 3 3 from 2026-03-01T12:00:00.000Z"}));
+                 QStringList({"halo 3 3 from 2026-03-01T12:00:00.000Z",
+                              "west 2 20 from 2026-03-01T12:00:02.500Z"}));
         // The recordings are what the sources were.
         QVERIFY(!QFile::exists(path("run.csv")));
         const Outcome check = run({"run-west.csv", "run-halo.csv", "bad.csv", "--check"});
@@ -236,6 +236,24 @@ private Q_SLOTS:
         QCOMPARE(replaced.code, 4);
         QVERIFY2(replaced.err.contains("x-west.csv exists already and is the source"),
                  replaced.err);
+    }
+
+    void severalSourcesInAWindow()
+    {
+        const Outcome window = run({"sim:ic4",
+                                    "--source",
+                                    "halo=sim:strips",
+                                    "--settings",
+                                    "beside.xui",
+                                    "--record",
+                                    "beside.csv",
+                                    "--after",
+                                    "50readings"});
+        QVERIFY2(window.code == 0, window.err);
+        QCOMPARE(run({"beside-ic4.csv", "beside-halo.csv", "--check"}).code, 0);
+        const Outcome tape = run({"sim:ic4", "good.csv", "--settings", "beside.xui"});
+        QCOMPARE(tape.code, 1);
+        QVERIFY2(tape.err.contains("good.csv is not an instrument"), tape.err);
     }
 
     void twentySources()

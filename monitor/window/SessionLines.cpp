@@ -22,7 +22,9 @@ SessionLines::SessionLines(Session &session, QObject *parent)
     connect(&session, &Session::noted, this, &SessionLines::written);
     connect(&session, &Session::streamStarted, this, &SessionLines::noteStart);
     connect(&session, &Session::lineRefused, this, &SessionLines::noteRefused);
-    connect(&session, &Session::sourceStateChanged, this, &SessionLines::noteState);
+    connect(&session, &Session::sourceStateChanged, this, [this, &session](Source::State state) {
+        noteState(state, session.source().loggedStateText());
+    });
     connect(&session.clock(), &Clock::tick, this, &SessionLines::tellHeldBack);
     connect(&session, &Session::staleChanged, this, [this](bool stale) {
         Q_EMIT written(
@@ -65,9 +67,8 @@ void SessionLines::noteRefused(const RefusedLine &line)
 }
 
 //! Writes what the source says of its state, in English as all of the log.
-void SessionLines::noteState(Source::State state)
+void SessionLines::noteState(Source::State state, const QString &text)
 {
-    const QString text = m_session.source().loggedStateText();
     tellHeldBack();
     const bool bad = state == Source::State::Failed || state == Source::State::Retrying;
     if (!text.isEmpty() && m_states.admits(m_clock.seconds()))

@@ -24,7 +24,7 @@ private:
     void noteStart(const StreamHeader &header);
     void noteAssumptions(const StreamHeader &header);
     void noteRefused(const RefusedLine &line);
-    void noteState(Source::State state);
+    void noteState(Source::State state, const QString &text);
     void tellHeldBack();
 
     Clock &m_clock;

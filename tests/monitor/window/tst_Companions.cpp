@@ -159,7 +159,7 @@ private Q_SLOTS:
                                ->model();
         const auto *beside = w.pane(0).findChild<QTableView *>("latestValues")->model();
         QVERIFY(!beside->index(0, 1).data().toString().startsWith("old"));
-        halo->setState(Source::State::Retrying, "halo went away");
+        halo->setState(Source::State::Retrying, QString("halo went away"));
         run(20, false);
         QVERIFY(beside->index(0, 1).data().toString().startsWith("old"));
         QVERIFY(!lead->index(0, 1).data().toString().startsWith("old"));
@@ -171,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(ends.section(' ', 0, 0), ends.section(' ', 1, 1)); // both are at the lead's newest
         QVERIFY(ends.section(' ', 1, 1).toDouble() > 3.5); // long after its last reading at 2 s
 
-        halo->setState(Source::State::Running, "halo");
+        halo->setState(Source::State::Running, QString("halo"));
         run(5, true);
         QCOMPARE(w.pane(0).companion().session->model().rowCount(), rows + 5);
         QCOMPARE(w.state(0), QString());

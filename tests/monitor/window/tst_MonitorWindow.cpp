@@ -327,7 +327,7 @@ private Q_SLOTS:
         w.source->setState(Source::State::Retrying, QString("script: refused; trying again"));
         QCOMPARE(w.notice(), QString("script: refused; trying again. Ask the author."));
         QVERIFY(w.log().contains("ERROR script: refused"));
-        w.source->setState(Source::State::Running, "script");
+        w.source->setState(Source::State::Running, QString("script"));
         QCOMPARE(w.notice(), QString());
         w.clock.advance(5.0);
         QCOMPARE(w.notice(), QString("script: no reading has arrived yet. Ask the author."));

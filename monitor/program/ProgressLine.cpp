@@ -9,7 +9,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr double patience = 2.0; // s, before the first line
+constexpr double silence = 2.0; // s, before the first line
 constexpr double onTerminal = 1.0, elsewhere = 30.0; // s, between two lines
 
 } // namespace
@@ -19,7 +19,7 @@ ProgressLine::ProgressLine(Clock &clock, const std::function<QString()> &text, Q
     , m_clock(clock)
     , m_text(text)
     , m_isTerminal(::isatty(STDERR_FILENO) != 0)
-    , m_nextAt(clock.seconds() + (m_isTerminal ? patience : elsewhere))
+    , m_nextAt(clock.seconds() + (m_isTerminal ? silence : elsewhere))
 {
     connect(&clock, &Clock::tick, this, &ProgressLine::tick);
 }

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void anEndWithoutData()
     {
         Run run(m_folder->path());
-        run.source->setState(Source::State::Finished, "the end");
+        run.source->setState(Source::State::Finished, QString("the end"));
         run.clock.advance(1.0);
         QCOMPARE(run.code, int(ExitBadData));
         QVERIFY(!QFile::exists(m_folder->filePath("picture.png")));

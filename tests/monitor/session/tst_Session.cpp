@@ -254,7 +254,7 @@ private Q_SLOTS:
         s.clock.advance(0.34); // the silence says nothing about the usual interval
         QVERIFY(s.session.isStale());
         s.run(1);
-        s.source->setState(Source::State::Finished, "the end");
+        s.source->setState(Source::State::Finished, QString("the end"));
         s.clock.advance(10.0); // a source that has ended is not stale
         QVERIFY(!s.session.isStale());
     }

@@ -76,6 +76,9 @@ QStringList fixedTexts(const QByteArray &bytes, std::size_t size)
 Hdf5Turn::Hdf5Turn()
     : m_lock(hdf5Mutex())
 {
+    // At the exit of the program HDF5 would write once more what a full disk did not take, and crash at it.
+    static const bool isOursToClose = H5dont_atexit() >= 0;
+    Q_UNUSED(isOursToClose)
     // Failures are reported in sentences of the monitor.
     thread_local const bool isQuiet = H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr) >= 0;
     Q_UNUSED(isQuiet)

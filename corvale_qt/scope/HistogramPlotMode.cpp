@@ -127,7 +127,9 @@ void HistogramPlotMode::clear()
     m_context.statistics.clear();
     m_context.hideNote();
     m_context.markers.detachAll();
+    m_context.followUnits(ScopeAxes::Show::FirstUnit);
     m_context.axes.showEmpty();
+    m_context.showYTitles();
     m_context.plot->updateAxes();
 }
 

@@ -83,7 +83,7 @@ void TimePlotMode::showNoCurves()
     m_context.gaps.hide();
     m_context.hideNote();
     followUnits();
-    if (m_context.model.lastRow() < 1) {
+    if (m_context.model.lastRow() < 2) { // one sample draws nothing either
         m_context.axes.showEmpty();
         m_context.timeAxis.showEmpty(m_context.stripWidth());
     }

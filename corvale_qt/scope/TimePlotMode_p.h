@@ -26,7 +26,7 @@ protected:
     void setDrawn(const PlotDataReader &reader, RowRange rows);
     //! Gives each channel its y axis, before the curves are drawn. Relative values have no unit, so that all share an axis.
     void followUnits();
-    //! Removes the curves. The axes show the units of the channels, and without samples no range of earlier ones.
+    //! Removes the curves. The axes show the units of the channels, and with less than two samples no range of earlier ones.
     void showNoCurves();
     //! Sets the x axis, markers and axis titles once the curves are drawn.
     void finish(double left, double right);

@@ -171,7 +171,7 @@ private Q_SLOTS:
         for (const auto &[context, text] : listener.heard()) {
             const QByteArray inContext = context.toUtf8(), source = text.toUtf8();
             const bool isOurs = context.startsWith("Corvale_Qt") || context.startsWith("Monitor");
-            const bool isLogged = context == "Monitor::EventLog";
+            const bool isLogged = context == "Monitor::SessionLines";
             if (isOurs && !isLogged && !text.isEmpty()
                 && catalogs[0].translate(inContext, source).isEmpty()
                 && catalogs[1].translate(inContext, source).isEmpty())

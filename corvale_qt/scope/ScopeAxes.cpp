@@ -208,13 +208,8 @@ ScopeAxes::ScopeAxes(QwtPlot *plot, const ChannelUnits &units)
 
 void ScopeAxes::showEmpty()
 {
-    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight}) {
-        if (!m_plot->axisAutoScale(axis))
-            continue;
-        values(axis).restart();
-        m_plot->setAxisScale(axis, values(axis).isLogarithmic() ? kLowestOfLogarithmic : -1.0, 1.0);
-        m_plot->setAxisAutoScale(axis, true);
-    }
+    for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
+        values(axis).showEmpty(values(axis).isLogarithmic() ? kLowestOfLogarithmic : -1.0, 1.0);
 }
 
 void ScopeAxes::setYScale(const YScale &scale)

@@ -111,6 +111,24 @@ void ValueAxis::restart()
         engine()->restart();
 }
 
+void ValueAxis::showEmpty(double lower, double upper)
+{
+    if (!m_plot->axisAutoScale(m_axis))
+        return;
+    restart();
+    // As a range for an engine that is set later, and as the scale at once, by which the prefix knows that there are no data.
+    m_plot->setAxisScale(m_axis, lower, upper);
+    m_plot->setAxisScaleDiv(
+        m_axis,
+        m_plot->axisScaleEngine(m_axis)->divideScale(lower,
+                                                     upper,
+                                                     m_plot->axisMaxMajor(m_axis),
+                                                     m_plot->axisMaxMinor(m_axis)));
+    m_plot->setAxisAutoScale(m_axis, true);
+    m_emptyRange = {lower, upper};
+    chooseAnew();
+}
+
 //! Chooses the prefix without regard to the one that is shown.
 void ValueAxis::chooseAnew()
 {
@@ -121,11 +139,15 @@ void ValueAxis::chooseAnew()
     show();
 }
 
+//! Chooses the prefix that suits the scale. The scale of an empty chart leaves the choice to that of the first samples.
 void ValueAxis::followScale()
 {
+    const QwtScaleDiv &div = m_plot->axisScaleDiv(m_axis);
+    if (m_emptyRange == std::pair(div.lowerBound(), div.upperBound()))
+        return;
+    m_emptyRange.reset();
     if (!hasPrefix())
         return;
-    const QwtScaleDiv &div = m_plot->axisScaleDiv(m_axis);
     if (m_prefix.follow(std::max(std::abs(div.lowerBound()), std::abs(div.upperBound()))))
         show();
 }

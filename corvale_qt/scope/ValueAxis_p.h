@@ -9,6 +9,8 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
+#include <utility>
 
 class QwtPlot;
 
@@ -55,6 +57,8 @@ public:
     bool isLogarithmic() const { return m_isLogarithmic; }
     //! Follows the next data as if they were the first.
     void restart();
+    //! Shows this range in the given unit if the axis follows the data, as there are none. The next data are the first.
+    void showEmpty(double lower, double upper);
 
 private:
     void chooseAnew();
@@ -74,6 +78,7 @@ private:
     bool m_isLogarithmic = false;
     double m_lowerFraction = 0.0;
     double m_upperFraction = 0.0;
+    std::optional<std::pair<double, double>> m_emptyRange; //!< shown since no data were there
     std::function<void()> m_listener;
 };
 

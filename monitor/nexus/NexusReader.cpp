@@ -33,6 +33,7 @@ public:
     bool openPart();
     bool load();
     bool takeRow();
+    bool loadEvent();
     bool takeEvents();
     void refuse(double time, Refusal refusal);
     void goTo(std::size_t newPart, qint64 newRow);
@@ -51,6 +52,7 @@ public:
     qint64 row = 0;
     std::unique_ptr<NexusEntry> entry; //!< null until it is needed
     qint64 nextEvent = 0;
+    std::optional<NexusEntry::Event> event; //!< the next one, once it was read
     bool isHeaderTold = false;
     bool anyTime = false;
     double lastTime = 0.0;
@@ -91,6 +93,7 @@ void NexusReader::Private::goTo(std::size_t newPart, qint64 newRow)
     part = newPart;
     row = newRow;
     nextEvent = entry ? entry->firstEventFrom(row) : -1;
+    event.reset();
     isHeaderTold = false;
     anyTime = false;
     firstLoaded = 0;
@@ -144,22 +147,28 @@ void NexusReader::Private::refuse(double time, Refusal refusal)
     sink.lineRefused(line);
 }
 
+//! Makes sure that the next event is in memory.
+bool NexusReader::Private::loadEvent()
+{
+    if (event)
+        return true;
+    const Hdf5Turn turn;
+    event = entry->event(nextEvent);
+    return event
+        || fail(Text::tr("event %1 of %2 is damaged").arg(nextEvent + 1).arg(place().entry));
+}
+
 //! Hands on the events that come before the next reading.
 bool NexusReader::Private::takeEvents()
 {
     while (nextEvent < entry->events) {
-        std::optional<NexusEntry::Event> event;
-        {
-            const Hdf5Turn turn;
-            event = entry->event(nextEvent);
-        }
-        if (!event)
-            return fail(
-                Text::tr("event %1 of %2 is damaged").arg(nextEvent + 1).arg(place().entry));
+        if (!loadEvent())
+            return false;
         if (event->row > row && row < place().rows)
             return true;
         ++nextEvent;
-        sink.eventNoted(cleanText(event->text, maxTextLength));
+        const QString text = std::exchange(event, std::nullopt)->text;
+        sink.eventNoted(cleanText(text, maxTextLength));
     }
     return true;
 }

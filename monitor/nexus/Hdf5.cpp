@@ -71,6 +71,24 @@ QStringList fixedTexts(const QByteArray &bytes, std::size_t size)
     return result;
 }
 
+//! Refuses to follow a link to another file, which may be any file of the system, or a pipe that nobody writes to.
+herr_t
+refuseOtherFile(const char *, const char *, const char *, const char *, unsigned *, hid_t, void *)
+{
+    return -1;
+}
+
+//! Returns how links are followed: inside of the file only, wherever on a path they are.
+hid_t insideTheFile()
+{
+    static const hid_t access = [] {
+        const hid_t links = H5Pcreate(H5P_LINK_ACCESS);
+        H5Pset_elink_cb(links, refuseOtherFile, nullptr);
+        return links;
+    }();
+    return access;
+}
+
 } // namespace
 
 Hdf5Turn::Hdf5Turn()
@@ -207,12 +225,9 @@ double attributeNumber(hid_t object, const char *name, double otherwise)
 Hdf5Object openObject(hid_t parent, const QString &name, H5I_type_t type)
 {
     const QByteArray path = name.toUtf8();
-    const bool isRoot = path == "/"; // to which no link leads
-    H5L_info_t link = {};
-    if (path.isEmpty() || (!isRoot && H5Lget_info(parent, path.constData(), &link, H5P_DEFAULT) < 0)
-        || link.type == H5L_TYPE_EXTERNAL)
+    if (path.isEmpty())
         return {};
-    Hdf5Object object(H5Oopen(parent, path.constData(), H5P_DEFAULT));
+    Hdf5Object object(H5Oopen(parent, path.constData(), insideTheFile()));
     return H5Iget_type(object.id()) == type ? std::move(object) : Hdf5Object();
 }
 

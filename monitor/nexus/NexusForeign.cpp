@@ -117,7 +117,7 @@ bool ForeignData::readAxes()
         m_axes = attributeTexts(m_signal.id(), "axes");
     if (m_axes.size() == 1) // the older way to write a list
         m_axes = m_axes.first().split(QRegularExpression(QStringLiteral("[:,]")));
-    if (m_axes.first().isEmpty() || m_axes.first() == QLatin1String("."))
+    if (m_axes.value(0).isEmpty() || m_axes.first() == QLatin1String("."))
         return fail(Text::tr("its signal %1 has no axis of the time").arg(m_signalName));
     return true;
 }

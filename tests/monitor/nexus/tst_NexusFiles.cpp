@@ -280,6 +280,7 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             data(signal + "t.attrs['units'] = 'mm'\n"),
             "scan: its signal i lies over t in mm, which is no time");
         row("an axis of another length", data("d['i'] = [1, 2]\n"), "another length");
+        row("no axes at all", data(signal + "del d.attrs['axes']\n"), "has no axis of the time");
         row("no signal", data({}), "its signal i is missing");
         row("texts", data("d['i'] = [b'a', b'b', b'c']\n"), "they are not numbers");
         row("four dimensions", data("d['i'] = np.zeros((3, 1, 1, 1))\n"), "4 dimensions");
@@ -298,6 +299,11 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             "another file");
         row("a link to another file",
             data("d['i'] = h5py.ExternalLink('two.h5', '/entry/data/a')\n"),
+            "its signal i is missing");
+        row("a path that leads through another file",
+            data("d['i'] = h5py.SoftLink('/scan/x/i')\n"
+                 "e['x'] = h5py.ExternalLink('far.h5', '/')\n"
+                 "with h5py.File('far.h5', 'w') as far: far['i'] = [1, 2, 4]\n"),
             "its signal i is missing");
     }
     void filesOfOthers()

@@ -94,9 +94,10 @@ hid_t insideTheFile()
 Hdf5Turn::Hdf5Turn()
     : m_lock(hdf5Mutex())
 {
-    // At the exit of the program HDF5 would write once more what a full disk did not take, and crash at it.
-    static const bool isOursToClose = H5dont_atexit() >= 0;
-    Q_UNUSED(isOursToClose)
+    // What could not be written to a full disk stays open in HDF5, which crashes where it tries once more at the end of the
+    // program. All that could be written is closed before.
+    static const bool leavesTheEnd = H5dont_atexit() >= 0;
+    Q_UNUSED(leavesTheEnd)
     // Failures are reported in sentences of the monitor.
     thread_local const bool isQuiet = H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr) >= 0;
     Q_UNUSED(isQuiet)

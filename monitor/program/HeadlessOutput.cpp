@@ -75,8 +75,10 @@ void HeadlessOutput::addEvent(const QString &text)
 //! Tells of a failure once.
 void HeadlessOutput::checkNexus()
 {
-    if (m_nexus && m_nexus->writer().hasFailed() && !std::exchange(m_hasFailed, true))
-        Q_EMIT failed(m_nexus->writer().errorString());
+    if (!m_nexus || !m_nexus->writer().hasFailed() || std::exchange(m_hasFailed, true))
+        return;
+    m_nexus->finish(); // which says what cannot be written
+    Q_EMIT failed(m_nexus->errorString());
 }
 
 bool HeadlessOutput::finish(bool isWhole)

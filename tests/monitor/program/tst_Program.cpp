@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/monitor/support/FileSizeLimit.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <cmath>
 #include <csignal>
 #include <set>
 
@@ -431,6 +433,25 @@ private Q_SLOTS:
         const QJsonObject ofText = report("text.csv");
         QVERIFY(ofText.contains("channels"));
         QCOMPARE(report("other.h5"), ofText);
+    }
+
+    //! A disk that fills up while HDF5 is written ends the program in order, and leaves nothing.
+    void aDiskThatFillsUpUnderHdf5()
+    {
+        QByteArray rows;
+        for (int i = 0; i < 30000; ++i)
+            rows +=
+                QByteArray::number(i) + ',' + QByteArray::number(std::sin(1e3 * i), 'g', 17) + '\n';
+        putFile(path("large.csv"), rows);
+        FileSizeLimit limit;
+        limit.set(100000);
+        const Outcome converted = run({"large.csv", "--convert", "large.h5"});
+        if (converted.err.contains("built without HDF5"))
+            QSKIP("the monitor was built without HDF5");
+        QCOMPARE(converted.code, 4);
+        QVERIFY2(converted.err.contains("large.h5 cannot be written: File too large"),
+                 converted.err);
+        QVERIFY(QDir(m_folder.path()).entryList({"large.h5*"}).isEmpty());
     }
 
     void withoutADisplay()

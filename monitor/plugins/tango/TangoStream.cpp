@@ -68,6 +68,7 @@ QString TangoStream::configure(const std::vector<TangoAttribute> &attributes)
     m_mustBegin = true;
     m_times.assign(attributes.size(), missing);
     m_sizes.assign(attributes.size(), isFrames() ? Size() : Size{1, 1});
+    m_given = m_sizes;
     return {};
 }
 
@@ -123,16 +124,25 @@ bool TangoStream::wantsOtherSizes(const std::vector<TangoReading> &readings)
 {
     bool hasGrown = false;
     bool hasShrunk = false;
+    bool isKept = true;
+    bool isNew = false; // the device may be asked more often than it measures
     for (std::size_t i = 0; i < readings.size(); ++i) {
         const TangoReading &reading = readings[i];
         if (!reading.hasValues())
             continue;
-        hasGrown =
-            hasGrown || reading.columns > m_sizes[i].columns || reading.rows > m_sizes[i].rows;
-        hasShrunk =
-            hasShrunk || reading.columns < m_sizes[i].columns || reading.rows < m_sizes[i].rows;
+        const Size size{reading.columns, reading.rows};
+        hasGrown = hasGrown || size.columns > m_sizes[i].columns || size.rows > m_sizes[i].rows;
+        hasShrunk = hasShrunk || size.columns < m_sizes[i].columns || size.rows < m_sizes[i].rows;
+        isKept = isKept && size == m_given[i];
+        isNew = isNew || !(reading.time == m_times[i]);
+        m_given[i] = size;
     }
-    m_shrunk = hasShrunk && !hasGrown ? m_shrunk + 1 : 0;
+    if (hasGrown || !hasShrunk)
+        m_shrunk = 0;
+    else if (!isKept)
+        m_shrunk = 1;
+    else if (isNew)
+        ++m_shrunk;
     return hasGrown || m_shrunk >= shrunkReadings;
 }
 

@@ -36,6 +36,10 @@ private:
         int columns = 0;
         int rows = 0;
         int count() const { return columns * rows; }
+        bool operator==(const Size &other) const
+        {
+            return columns == other.columns && rows == other.rows;
+        }
     };
 
     bool isFrames() const { return m_attributes.front().form != TangoAttribute::Form::Scalar; }
@@ -51,13 +55,14 @@ private:
     const std::shared_ptr<CorvaleMonitor::SourceReceiver> m_receiver;
     std::vector<TangoAttribute> m_attributes;
     std::vector<Size> m_sizes; //!< of the attributes in this part of the stream
+    std::vector<Size> m_given; //!< of the newest values of each attribute
     std::vector<double>
         m_times; //!< the last that is known of each attribute, in seconds since 1970
     std::vector<double> m_row;
     std::vector<double> m_lastRow;
     double m_start = 0.0; //!< of this part, in seconds since 1970
     double m_lastTime = 0.0; //!< of the last row, in seconds since 1970
-    int m_shrunk = 0; //!< readings in a row that were smaller
+    int m_shrunk = 0; //!< readings in a row that were smaller, and alike
     bool m_hasBegun = false;
     bool m_mustBegin = true;
     bool m_hasRows = false; //!< in this part

@@ -238,9 +238,23 @@ private Q_SLOTS:
         m_instrument.set("x 0 100 5 1 1 2 3 4 5");
         QTRY_COMPARE(reading.lastRow(), QString("0.1: 1 2 3 4 5"));
         QVERIFY(reading.log->text().contains("event x has 5 x 1 values now"));
-        m_instrument.set("x 0 200 4 1 1 2 3 4");
-        QTRY_COMPARE(reading.lastRow(), QString("0.2: 1 2 3 4"));
-        QVERIFY(reading.rows().contains("0.2: 1 2 3 4 -"));
+        int hundredths = 10;
+        const auto give = [&](int count) {
+            m_instrument.set(QString("x 0 %1 %2 1%3")
+                                 .arg(++hundredths * 10)
+                                 .arg(count)
+                                 .arg(QString(" 7").repeated(count))
+                                 .toUtf8());
+            const QString time = QString("%1: ").arg(hundredths / 100.0);
+            QTRY_VERIFY2(reading.lastRow().startsWith(time), qPrintable(reading.lastRow()));
+        };
+        for (int i = 0; i < 12; ++i)
+            give(i % 2 == 0 ? 4 : 3);
+        QCOMPARE(reading.lastRow(), QString("0.22: 7 7 7 - -"));
+        QCOMPARE(reading.starts().size(), 2);
+        for (int i = 0; i < 10; ++i)
+            give(4);
+        QCOMPARE(reading.lastRow(), QString("0.32: 7 7 7 7"));
         QCOMPARE(reading.starts().size(), 3);
 
         m_instrument.set("image 0 0 2 1 1 2");

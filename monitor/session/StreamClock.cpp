@@ -42,6 +42,8 @@ void StreamClock::begin(const StreamHeader &header)
     m_origin.reset();
     m_isByArrival = false;
     m_lead = 0.0;
+    m_isInStep = true;
+    m_isLateSince.reset();
     Q_EMIT originChanged();
 }
 
@@ -56,7 +58,7 @@ void StreamClock::follow()
     const bool isFirst = !m_origin;
     if (isFirst)
         date(model.doubleData(1, 0), model.doubleData(last, 0));
-    m_lead = *newest() - secondsOf(m_session.clock().wallTime());
+    compare();
     if (isFirst)
         Q_EMIT originChanged();
     else if (isInStep() != wasInStep)
@@ -76,6 +78,19 @@ void StreamClock::date(double firstTime, double newestTime)
         m_origin = 0.0;
 }
 
+//! Compares the newest reading with this computer's clock. A reading that is ahead cannot have waited.
+void StreamClock::compare()
+{
+    m_lead = *newest() - secondsOf(m_session.clock().wallTime());
+    const double now = m_session.clock().seconds();
+    if (m_lead >= -tolerance)
+        m_isLateSince.reset();
+    else if (!m_isLateSince)
+        m_isLateSince = now;
+    const bool isTooLate = m_isLateSince && now - *m_isLateSince >= patience;
+    m_isInStep = m_lead <= tolerance && !isTooLate;
+}
+
 std::optional<double> StreamClock::newest() const
 {
     const MultichannelDeviceModel &model = m_session.model();
@@ -83,11 +98,6 @@ std::optional<double> StreamClock::newest() const
     if (!m_origin || last < 1)
         return std::nullopt;
     return *m_origin + model.doubleData(last, 0);
-}
-
-bool StreamClock::isInStep() const
-{
-    return std::abs(m_lead) <= tolerance;
 }
 
 } // namespace Monitor

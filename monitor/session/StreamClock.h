@@ -21,6 +21,8 @@ class StreamClock : public QObject
 public:
     //! Seconds by which a clock may differ from that of this computer before its readings are not taken as simultaneous.
     static constexpr double tolerance = 2.0;
+    //! Seconds for which readings may arrive late: those of a connection that stood still have only waited.
+    static constexpr double patience = 5.0;
 
     //! The session must outlive the clock.
     explicit StreamClock(Session &session, QObject *parent = nullptr);
@@ -35,8 +37,8 @@ public:
     std::optional<double> newest() const;
     //! Returns by how many seconds the newest readings were ahead of this computer's clock when they arrived.
     double lead() const { return m_lead; }
-    //! Returns whether the clock agrees with that of this computer.
-    bool isInStep() const;
+    //! Returns whether the clock agrees with that of this computer, as far as is known yet.
+    bool isInStep() const { return m_isInStep; }
 
 Q_SIGNALS:
     //! Emitted when origin() is another one.
@@ -48,12 +50,15 @@ private:
     void begin(const StreamHeader &header);
     void follow();
     void date(double firstTime, double newestTime);
+    void compare();
 
     Session &m_session;
     std::optional<double> m_origin;
     bool m_hasTimes = false;
     bool m_isByArrival = false;
     double m_lead = 0.0;
+    bool m_isInStep = true;
+    std::optional<double> m_isLateSince; //!< by the clock of the session
 };
 
 } // namespace Monitor

@@ -2706,6 +2706,14 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>another program writes to %1</source>
         <translation>ein anderes Programm schreibt in %1</translation>
     </message>
+    <message>
+        <source>NOT RECORDED</source>
+        <translation>NICHT AUFGEZEICHNET</translation>
+    </message>
+    <message>
+        <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
+        <translation>Die Datei dieser Quelle konnte nicht begonnen werden; das Protokoll sagt, warum. Beenden Sie die Aufzeichnung und beginnen Sie eine neue</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

@@ -2706,6 +2706,14 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>another program writes to %1</source>
         <translation>un autre programme écrit dans %1</translation>
     </message>
+    <message>
+        <source>NOT RECORDED</source>
+        <translation>NON ENREGISTRÉE</translation>
+    </message>
+    <message>
+        <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
+        <translation>le fichier de cette source n&apos;a pas pu être créé ; le journal dit pourquoi. Arrêtez l&apos;enregistrement et commencez-en un autre</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

@@ -2706,6 +2706,14 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>another program writes to %1</source>
         <translation>別のプログラムが %1 に書き込んでいます</translation>
     </message>
+    <message>
+        <source>NOT RECORDED</source>
+        <translation>記録なし</translation>
+    </message>
+    <message>
+        <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
+        <translation>このソースのファイルを作成できませんでした。理由はログにあります。記録を停止し、新しく開始してください</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

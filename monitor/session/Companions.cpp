@@ -34,12 +34,7 @@ Companions::Companions(Session &lead, QObject *parent)
         for (const auto &companion : m_companions)
             companion->session.setPaused(paused);
     });
-    const auto noteLead = [this] {
-        if (!isEmpty())
-            noteClock(m_leadClock, m_lead);
-    };
-    connect(&m_leadClock, &StreamClock::originChanged, this, noteLead);
-    connect(&m_leadClock, &StreamClock::inStepChanged, this, noteLead);
+    listenTo(m_leadClock, lead);
 }
 
 Companions::~Companions() = default;
@@ -74,15 +69,10 @@ Session &Companions::add(const NamedAddress &source, std::unique_ptr<Source> rea
     auto companion =
         std::make_unique<Companion>(freeName(source), m_lead.clock(), std::move(reader));
     Session &session = companion->session;
-    StreamClock &time = companion->time;
     session.setRecordingLabel(companion->name);
     session.compressWith(m_lead); // that goes on when the companion is closed
     session.setPaused(m_lead.isPaused());
-    const auto note = [this, &session, &time] {
-        noteClock(time, session);
-    };
-    connect(&time, &StreamClock::originChanged, this, note);
-    connect(&time, &StreamClock::inStepChanged, this, note);
+    listenTo(companion->time, session);
     m_companions.push_back(std::move(companion));
     nameLead();
     if (m_lead.recorder())
@@ -90,7 +80,7 @@ Session &Companions::add(const NamedAddress &source, std::unique_ptr<Source> rea
     Q_EMIT added(session);
     Q_EMIT changed();
     if (isFirst)
-        noteClock(m_leadClock, m_lead);
+        noteOrigin(m_leadClock, m_lead);
     return session;
 }
 
@@ -123,9 +113,9 @@ void Companions::closeAll()
 
 std::vector<Companions::Member> Companions::members() const
 {
-    std::vector<Member> members{{m_leadName, &m_lead, &m_leadClock}};
+    std::vector<Member> members{{m_leadName, &m_lead, &m_leadClock, &m_lead}};
     for (const auto &companion : m_companions)
-        members.push_back({companion->name, &companion->session, &companion->time});
+        members.push_back({companion->name, &companion->session, &companion->time, &m_lead});
     return members;
 }
 
@@ -185,20 +175,37 @@ void Companions::record(Companion &companion)
                                  .arg(error));
 }
 
-//! Says how a source is placed in time, if it is not by its own clock, or if that clock is wrong.
-void Companions::noteClock(const StreamClock &clock, Session &session) const
+void Companions::listenTo(const StreamClock &clock, Session &session)
 {
-    if (!clock.origin())
+    connect(&clock, &StreamClock::originChanged, this, [this, &clock, &session] {
+        noteOrigin(clock, session);
+    });
+    connect(&clock, &StreamClock::inStepChanged, this, [this, &clock, &session] {
+        noteStep(clock, session);
+    });
+}
+
+//! Says how a source is placed in time, if it is not by its own clock, or if that clock is wrong.
+void Companions::noteOrigin(const StreamClock &clock, Session &session) const
+{
+    if (isEmpty() || !clock.origin())
         return;
     if (clock.isByArrival())
         Q_EMIT session.noted(QStringLiteral(
             "the source states no time of day: its readings are dated by their arrival"));
-    if (!clock.isInStep())
-        Q_EMIT session.noted(
-            QStringLiteral("WARNING the clock of the source is %1 s %2 this computer's; its chart "
-                           "shows its own time")
-                .arg(QString::number(std::abs(clock.lead()), 'f', 1),
-                     clock.lead() > 0.0 ? QStringLiteral("ahead of") : QStringLiteral("behind")));
+    noteStep(clock, session);
+}
+
+void Companions::noteStep(const StreamClock &clock, Session &session) const
+{
+    if (isEmpty() || clock.isInStep())
+        return;
+    Q_EMIT session.noted(
+        QStringLiteral(
+            "WARNING the clock of the source is %1 s %2 this computer's; its chart shows its own "
+            "time")
+            .arg(QString::number(std::abs(clock.lead()), 'f', 1),
+                 clock.lead() > 0.0 ? QStringLiteral("ahead of") : QStringLiteral("behind")));
 }
 
 } // namespace Monitor

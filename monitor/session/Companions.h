@@ -24,6 +24,10 @@ public:
         QString name; //!< differs from the names of the others
         Session *session;
         const StreamClock *clock;
+        const Session *lead;
+
+        //! Returns whether the lead is recorded, but this source is not, as its file could not be begun.
+        bool isLeftOutOfRecording() const { return lead->recorder() && !session->recorder(); }
     };
 
     //! The lead must outlive the companions.
@@ -66,7 +70,9 @@ private:
     void recordAsLead();
     void record(Companion &companion);
     void nameLead();
-    void noteClock(const StreamClock &clock, Session &session) const;
+    void listenTo(const StreamClock &clock, Session &session);
+    void noteOrigin(const StreamClock &clock, Session &session) const;
+    void noteStep(const StreamClock &clock, Session &session) const;
 
     Session &m_lead;
     StreamClock m_leadClock;

@@ -37,6 +37,17 @@ std::optional<StatusField::Part> connectionNotice(const Session &session)
 
 } // namespace
 
+std::optional<StatusField::Part> clockNotice(const StreamClock &clock)
+{
+    if (!clock.origin() || clock.isInStep())
+        return std::nullopt;
+    return StatusField::Part{
+        Text::tr("CLOCK %1 s").arg(clock.lead(), 0, 'f', 1),
+        Text::tr("the clock of the source differs from this computer's by so much, so "
+                 "that its chart shows another time than the others"),
+        NoticeState::Waiting};
+}
+
 QVector<StatusField::Part> memberNotices(const Companions::Member &member)
 {
     const Session &session = *member.session;
@@ -47,12 +58,13 @@ QVector<StatusField::Part> memberNotices(const Companions::Member &member)
     if (recorder && !recorder->errorString().isEmpty())
         notices.append(
             {Text::tr("RECORDING FAILS"), recorder->errorString(), NoticeState::Trouble});
-    if (member.clock->origin() && !member.clock->isInStep())
-        notices.append(
-            {Text::tr("CLOCK %1 s").arg(member.clock->lead(), 0, 'f', 1),
-             Text::tr("the clock of the source differs from this computer's by so much, so "
-                      "that its chart shows another time than the others"),
-             NoticeState::Waiting});
+    if (member.isLeftOutOfRecording())
+        notices.append({Text::tr("NOT RECORDED"),
+                        Text::tr("the file of this source could not be begun; the log says why. "
+                                 "Stop the recording and begin another one"),
+                        NoticeState::Trouble});
+    if (const auto clock = clockNotice(*member.clock))
+        notices.append(*clock);
     if (session.source().isSimulated())
         notices.append(
             {Text::tr("SIMULATED"), Text::tr("no instrument is read"), NoticeState::Simulated});

@@ -8,5 +8,7 @@ namespace Monitor {
 
 //! Returns what is abnormal about one of the sources that are read together: alarms, connection, recording, clock.
 QVector<StatusField::Part> memberNotices(const Companions::Member &member);
+//! Returns that the clock of a source differs from this computer's; nothing while it agrees.
+std::optional<StatusField::Part> clockNotice(const StreamClock &clock);
 
 } // namespace Monitor

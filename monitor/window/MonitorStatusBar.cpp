@@ -148,6 +148,10 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
                         tr("no reading has come for three of the usual intervals; check the beam "
                            "and the instrument"),
                         State::Trouble});
+    if (const auto clock = companions().empty()
+            ? std::nullopt
+            : clockNotice(*m_companions->members().front().clock))
+        notices.append({own(clock->text), clock->help, clock->state});
     if (m_session.isPaused())
         notices.append({tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
                         tr("what is shown stands still; Space shows the readings that wait"),
@@ -289,9 +293,13 @@ void MonitorStatusBar::noteSpace()
         m_space.reset();
         return;
     }
+    qint64 written = recorder->totalSize();
+    for (const Companions::Member &member : companions()) // their files are beside
+        if (member.session->recorder())
+            written += member.session->recorder()->totalSize();
     const QStorageInfo disk(QFileInfo(recorder->fileName()).path());
     if (disk.isValid())
-        m_space.note(m_refreshedAt, recorder->totalSize(), disk.bytesAvailable());
+        m_space.note(m_refreshedAt, written, disk.bytesAvailable());
 }
 
 } // namespace Monitor

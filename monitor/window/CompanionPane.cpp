@@ -10,12 +10,35 @@
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <QHBoxLayout>
+#include <QRegularExpression>
 #include <QSplitter>
 #include <QToolButton>
 
 namespace Monitor {
 
 using namespace Corvale_Qt;
+
+namespace {
+
+//! Returns a text without the ampersand that marks its key.
+QString withoutKey(QString text)
+{
+    static const QRegularExpression mark(QStringLiteral("&(?!&)(?<!&&)"));
+    return text.remove(mark);
+}
+
+/*! Takes the keys away from the controls of a pane. Each pane has the same controls as the window, and where two have a key it
+    only moves the focus, so that the keys of the first source would no longer work. */
+void removeKeys(const QWidget &pane)
+{
+    for (QAbstractButton *button : pane.findChildren<QAbstractButton *>())
+        button->setText(withoutKey(button->text()));
+    for (QLabel *label : pane.findChildren<QLabel *>())
+        if (label->buddy())
+            label->setText(withoutKey(label->text()));
+}
+
+} // namespace
 
 CompanionPane::CompanionPane(const Companions::Member &companion, QWidget *parent)
     : QWidget(parent)
@@ -48,6 +71,7 @@ CompanionPane::CompanionPane(const Companions::Member &companion, QWidget *paren
     connect(companion.session, &Session::streamStarted, this, drawLimits);
     connect(companion.session, &Session::limitsChanged, this, drawLimits);
     connect(m_displays->scope(), &RVXScope::zeroedChanged, this, drawLimits);
+    removeKeys(*this);
     refresh();
 }
 
@@ -59,7 +83,8 @@ QWidget *CompanionPane::newHeading()
     auto *name = new QLabel(m_companion.name, heading);
     name->setTextFormat(Qt::PlainText);
     name->setObjectName(QStringLiteral("name"));
-    name->setToolTip(m_companion.session->source().description().toHtmlEscaped());
+    name->setToolTip(QStringLiteral("<qt>%1</qt>")
+                         .arg(m_companion.session->source().description().toHtmlEscaped()));
     QFont bold = name->font();
     bold.setBold(true);
     name->setFont(bold);

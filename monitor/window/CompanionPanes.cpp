@@ -79,6 +79,16 @@ void CompanionPanes::addPane(Session &session)
         Qt::QueuedConnection); // the button goes with the pane
     alignAxes();
     show();
+    shareRoom();
+}
+
+//! Gives all sources the same height, that of the window too.
+void CompanionPanes::shareRoom()
+{
+    const int panes = m_panes.size();
+    m_stack->setSizes(QVector<int>(panes, height()).toList());
+    if (auto *all = qobject_cast<QSplitter *>(parentWidget()))
+        all->setSizes({all->height(), panes * all->height()}); // in this proportion
 }
 
 void CompanionPanes::setOptions(const MonitorOptions &options)
@@ -101,15 +111,15 @@ void CompanionPanes::closeAsAsked(Session &session)
     if (m_companions.nameOf(&session).isEmpty())
         return; // it was closed in between
     if (const Recorder *recorder = session.recorder()) {
-        const QString question =
-            tr("Closing the source ends its recording. What was recorded stays in %1.")
-                .arg(recorder->fileName());
-        const auto answer = QMessageBox::question(this,
-                                                  tr("End the recording?"),
-                                                  question.toHtmlEscaped(),
-                                                  QMessageBox::Close | QMessageBox::Cancel,
-                                                  QMessageBox::Cancel);
-        if (answer != QMessageBox::Close)
+        QMessageBox box(QMessageBox::Question,
+                        tr("End the recording?"),
+                        tr("Closing the source ends its recording. What was recorded stays in %1.")
+                            .arg(recorder->fileName()),
+                        QMessageBox::Close | QMessageBox::Cancel,
+                        this);
+        box.setTextFormat(Qt::PlainText); // a file may be called anything
+        box.setDefaultButton(QMessageBox::Cancel);
+        if (box.exec() != QMessageBox::Close)
             return;
     }
     m_companions.close(&session);
@@ -144,7 +154,7 @@ void CompanionPanes::refreshIfDue()
         return;
     m_alignedAt = now;
     alignEnds();
-    followHold();
+    followHold(false);
     for (CompanionPane *pane : qAsConst(m_panes))
         pane->refresh();
 }
@@ -171,10 +181,12 @@ void CompanionPanes::alignAxes()
         scope.setTimeOrigin(origin);
         scope.setTimeAxis(origin.isValid() ? m_lead.scope()->timeAxis() : RVXScope::Seconds);
     }
+    followHold(true); // it lies elsewhere in charts whose times are others
 }
 
-//! Shows the stretch of time that the operator holds in the chart of the lead in the other charts, too.
-void CompanionPanes::followHold()
+/*! Shows the stretch of time that the operator holds in the chart of the lead in the other charts, too: when it has changed, or
+    anew, for charts that do not show it yet. */
+void CompanionPanes::followHold(bool isAnew)
 {
     const RVXScope &lead = *m_lead.scope();
     const std::optional<double> origin = m_companions.members().front().clock->origin();
@@ -182,21 +194,19 @@ void CompanionPanes::followHold()
         lead.plotView()->isHeld() && lead.plotMode() == RVXScope::StripMode && origin;
     const QwtPlot *plot = lead.plotView()->findChild<QwtPlot *>();
     const QwtInterval x = plot->axisInterval(QwtPlot::xBottom);
-    const std::pair<double, double> times = isHeld
-        ? std::make_pair(*origin + x.minValue(), *origin + x.maxValue())
-        : std::make_pair(0.0, 0.0);
-    if (isHeld == m_isHeld && times == m_heldTimes)
+    const QwtInterval held =
+        isHeld ? QwtInterval(*origin + x.minValue(), *origin + x.maxValue()) : QwtInterval();
+    if (m_held == held && !(isAnew && isHeld))
         return;
     for (const CompanionPane *pane : qAsConst(m_panes)) {
         const StreamClock &clock = *pane->companion().clock;
         RVXScopePlotView *view = pane->displays().scope()->plotView();
         if (isHeld && clock.origin() && view->plotMode() == RVXScopePlotView::StripMode)
-            view->zoomToX(times.first - *clock.origin(), times.second - *clock.origin());
+            view->zoomToX(held.minValue() - *clock.origin(), held.maxValue() - *clock.origin());
         else
             view->goLive();
     }
-    m_isHeld = isHeld;
-    m_heldTimes = times;
+    m_held = held;
 }
 
 } // namespace Monitor

@@ -4,6 +4,8 @@
 #include "monitor/session/Companions.h"
 #include "monitor/session/MonitorOptions.h"
 
+#include <qwt_interval.h>
+
 #include <QScrollArea>
 
 class QSplitter;
@@ -32,12 +34,13 @@ public:
 private:
     void addPane(Session &session);
     void applyOptions(const CompanionPane &pane) const;
+    void shareRoom();
     void removePane(Session &session);
     void closeAsAsked(Session &session);
     void refreshIfDue();
     void alignEnds();
     void alignAxes();
-    void followHold();
+    void followHold(bool isAnew);
     void followSpan(DisplayTabs &displays) const;
 
     Companions &m_companions;
@@ -46,8 +49,7 @@ private:
     QList<CompanionPane *> m_panes;
     MonitorOptions m_options;
     double m_alignedAt = 0.0;
-    bool m_isHeld = false;
-    std::pair<double, double> m_heldTimes; //!< since 1970
+    QwtInterval m_held; //!< in seconds since 1970; invalid while the lead is not held
 };
 
 } // namespace Monitor

@@ -7,6 +7,7 @@
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatusField.h"
 #include "tests/monitor/support/Dialogs.h"
+#include "tests/monitor/support/Mnemonics.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
@@ -135,6 +136,34 @@ private Q_SLOTS:
                  QString("2.5:100 3:105 3.5:110"));
     }
 
+    //! Readings that a connection delivers late say nothing of the clock of their source, as long as others follow.
+    void readingsThatWaitedAreNoWrongClock()
+    {
+        SeveralSources w(file("late.xui"));
+        ScriptedSource *halo = w.add("halo");
+        w.source->begin(w.header(0.0));
+        halo->begin(w.header(0.0));
+        const double began = w.clock.seconds();
+        for (int burst = 0; burst < 4; ++burst) {
+            w.clock.advance(4.0);
+            w.source->give(4.0 * (burst + 1), {1.0});
+            halo->give(4.0 * burst + 1.0, {1.0}); // the burst comes in two parts, a moment apart
+            w.clock.advance(0.1);
+            halo->give(4.0 * (burst + 1), {2.0});
+            w.clock.advance(0.1);
+        }
+        QCOMPARE(w.log().count("WARNING the clock"), 0);
+        w.clock.advance(12.0);
+        for (int i = 0; i < 80; ++i) { // from now on, everything is 10 s late
+            w.clock.advance(0.1);
+            w.source->give(w.clock.seconds() - began, {1.0});
+            halo->give(w.clock.seconds() - began - 10.0, {3.0});
+        }
+        w.clock.advance(0.3);
+        QCOMPARE(w.log().count("WARNING the clock of the source is 10.0 s behind"), 1);
+        QCOMPARE(w.state(0), QString("CLOCK -10.0 s"));
+    }
+
     //! One dies: its chart goes on in time without readings, and its values are old. The other does not notice.
     void oneSourceDiesAndComesBack()
     {
@@ -178,6 +207,34 @@ private Q_SLOTS:
         QVERIFY(w.status("notices").isEmpty());
     }
 
+    //! What the operator holds in the first chart is seen in the others, also in those that are added meanwhile.
+    void heldTogether()
+    {
+        SeveralSources w(file("held.xui"));
+        w.source->begin(w.header(0.0));
+        const auto give = [&w](ScriptedSource *source, double first) {
+            for (int i = 0; i < 40; ++i)
+                source->give(first + 0.1 * i, {1.0});
+            w.clock.advance(0.3);
+        };
+        give(w.source, 0.0);
+        w.window.displays().scope()->plotView()->zoomToX(1.0, 2.0);
+        ScriptedSource *late = w.add("late");
+        late->begin(w.header(-20.0));
+        give(late, 20.0);
+        const auto held = [&w] {
+            const auto *view = w.pane(0).displays().scope()->plotView();
+            const QwtInterval x = view->findChild<QwtPlot *>()->axisInterval(QwtPlot::xBottom);
+            return view->isHeld() ? QString("%1 to %2").arg(x.minValue()).arg(x.maxValue())
+                                  : QString("live");
+        };
+        w.clock.advance(0.3);
+        QTRY_COMPARE(held(), QString("20.7 to 21.7")); // it began 0.3 s later
+        w.window.displays().scope()->plotView()->goLive();
+        w.clock.advance(0.3);
+        QTRY_COMPARE(held(), QString("live"));
+    }
+
     //! What is recorded together begins and ends together, a file for each source.
     void recordedTogether()
     {
@@ -195,6 +252,13 @@ private Q_SLOTS:
         w.source->give(0.5, {1.0});
         halo->give(0.25, {2.0});
         w.add("late")->begin(w.header(0.0));
+        putFile(file("run-taken.csv"), "precious");
+        w.add("taken")->begin(w.header(0.0));
+        w.clock.advance(0.3);
+        QCOMPARE(fileContents(file("run-taken.csv")), QByteArray("precious"));
+        QCOMPARE(w.state(2), QString("NOT RECORDED"));
+        QVERIFY2(w.status("notices").contains("taken: NOT RECORDED"),
+                 qPrintable(w.status("notices")));
         QVERIFY(w.session.stopRecording());
         for (const auto &member : w.window.companions().members())
             QVERIFY(!member.session->recorder());
@@ -209,9 +273,12 @@ private Q_SLOTS:
         SeveralSources w(file("paused.xui"));
         ScriptedSource *halo = w.add("halo");
         halo->begin(w.header(0.0));
+        QCOMPARE(clashesIn(&w.window), QStringList()); // the keys of the first source still work
         w.session.setPaused(true);
         halo->give(0.1, {1.0});
         w.settle();
+        const int ofLead = w.window.displays().height();
+        QCOMPARE(w.window.findChild<CompanionPanes *>()->height() / 10, ofLead / 10);
         const Session *beside = w.pane(0).companion().session;
         QCOMPARE(SeveralSources::rows(*beside), QString());
         w.session.setPaused(false);

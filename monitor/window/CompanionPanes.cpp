@@ -82,13 +82,17 @@ void CompanionPanes::addPane(Session &session)
     shareRoom();
 }
 
-//! Gives all sources the same height, that of the window too.
+//! Gives all sources the same height, that of the window too; but there it is as much as a pane has, if that is not most.
 void CompanionPanes::shareRoom()
 {
     const int panes = m_panes.size();
     m_stack->setSizes(QVector<int>(panes, height()).toList());
-    if (auto *all = qobject_cast<QSplitter *>(parentWidget()))
-        all->setSizes({all->height(), panes * all->height()}); // in this proportion
+    auto *all = qobject_cast<QSplitter *>(parentWidget());
+    if (!all)
+        return;
+    const int height = all->height();
+    const int lead = std::max(height / (1 + panes), std::min(height / 2, leastPaneHeight));
+    all->setSizes({lead, height - lead});
 }
 
 void CompanionPanes::setOptions(const MonitorOptions &options)

@@ -85,6 +85,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
 
 MonitorWindow::~MonitorWindow()
 {
+    m_plotRoom->setShared(false); // so that the controls come back at the next start
     delete m_panes; // they show the companions, which go before the other parts
 }
 
@@ -144,6 +145,7 @@ void MonitorWindow::readBeside()
     });
     const StreamClock *clock = m_companions->members().front().clock;
     const auto follow = [=] {
+        m_plotRoom->setShared(!m_companions->isEmpty());
         log->setName(m_companions->nameOf(&m_session));
         if (!m_companions->isEmpty() && clock->isByArrival())
             axis->setArrivalOrigin(clock->originDate());

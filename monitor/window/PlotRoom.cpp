@@ -34,9 +34,11 @@ void PlotRoom::begin(const WindowSettings &settings, bool isLogChosen)
     m_hidLog = m_log->isHidden() && !settings.text(hiddenKey).isEmpty();
     m_isSmall = m_window->height() < roomyHeight;
     if (m_isSmall)
-        hideParts(!isLogChosen);
+        hideControls();
     else
-        showParts();
+        showLog();
+    if (m_isSmall && !isLogChosen)
+        hideLog();
     m_window->installEventFilter(this);
 }
 
@@ -54,31 +56,54 @@ bool PlotRoom::eventFilter(QObject *watched, QEvent *event)
     if (isSmall == m_isSmall)
         return false;
     m_isSmall = isSmall;
-    if (isSmall)
-        hideParts(true);
-    else
-        showParts();
+    if (isSmall) {
+        hideControls();
+        hideLog();
+    } else {
+        showLog();
+        if (!m_isShared)
+            showControls();
+    }
     return false;
 }
 
-void PlotRoom::hideParts(bool withLog)
+void PlotRoom::setShared(bool shared)
 {
-    m_hidControls = m_scope->areControlsVisible();
-    m_scope->setControlsVisible(false);
-    if (!withLog || m_log->isHidden())
+    if (shared == m_isShared)
+        return;
+    m_isShared = shared;
+    if (shared)
+        hideControls();
+    else if (!m_isSmall)
+        showControls();
+}
+
+void PlotRoom::hideLog()
+{
+    if (m_log->isHidden())
         return;
     m_hidLog = true;
     m_log->hide();
 }
 
-void PlotRoom::showParts()
+void PlotRoom::showLog()
+{
+    if (m_hidLog)
+        m_log->show();
+    m_hidLog = false;
+}
+
+void PlotRoom::hideControls()
+{
+    m_hidControls = m_hidControls || m_scope->areControlsVisible();
+    m_scope->setControlsVisible(false);
+}
+
+void PlotRoom::showControls()
 {
     if (m_hidControls)
         m_scope->setControlsVisible(true);
-    if (m_hidLog)
-        m_log->show();
     m_hidControls = false;
-    m_hidLog = false;
 }
 
 } // namespace Monitor

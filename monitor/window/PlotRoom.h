@@ -15,8 +15,8 @@ namespace Monitor {
 
 class WindowSettings;
 
-/*! Gives the plot most of a small window: hides the log and the controls of the scope while the window is low, and brings back
-    what it has hidden when there is room again. What the operator shows or hides meanwhile stays so. */
+/*! Gives the plot most of a small window: hides the log and the controls of the scope while the window is low, and the controls
+    while the plot shares the window with others. Brings back what it has hidden when there is room again. What the operator shows or hides meanwhile stays so. */
 class PlotRoom : public QObject
 {
     Q_OBJECT
@@ -28,6 +28,8 @@ public:
     /*! Arranges a window that is about to be shown for the first time. A log that is shown because an operator chose so
         stays: \a isLogChosen. */
     void begin(const WindowSettings &settings, bool isLogChosen);
+    //! Sets whether the plot shares the window with those of other sources.
+    void setShared(bool shared);
     //! Keeps whether the log is hidden only for want of room.
     void save(WindowSettings &settings) const;
 
@@ -35,13 +37,16 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void hideParts(bool withLog);
-    void showParts();
+    void hideLog();
+    void hideControls();
+    void showLog();
+    void showControls();
 
     QWidget *const m_window;
     const QPointer<QDockWidget> m_log;
     const QPointer<Corvale_Qt::RVXScope> m_scope;
     bool m_isSmall = false;
+    bool m_isShared = false;
     bool m_hidLog = false;
     bool m_hidControls = false;
 };

@@ -277,6 +277,7 @@ private Q_SLOTS:
         w.session.setPaused(true);
         halo->give(0.1, {1.0});
         w.settle();
+        QVERIFY(!w.window.displays().scope()->areControlsVisible()); // the charts need the room
         const int ofLead = w.window.displays().height();
         QCOMPARE(w.window.findChild<CompanionPanes *>()->height() / 10, ofLead / 10);
         const Session *beside = w.pane(0).companion().session;
@@ -303,6 +304,7 @@ private Q_SLOTS:
         QTRY_COMPARE(w.window.findChild<CompanionPanes *>()->panes().size(), 1);
         QVERIFY(w.window.sources().open("sim:ic4"));
         QVERIFY(w.window.companions().isEmpty());
+        QVERIFY(w.window.displays().scope()->areControlsVisible());
         QVERIFY(w.window.findChild<CompanionPanes *>()->isHidden());
         QCOMPARE(w.ends(), QString("-"));
         QCOMPARE(w.session.recordingLabel(), QString());

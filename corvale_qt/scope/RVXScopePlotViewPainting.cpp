@@ -5,14 +5,53 @@
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_scale_widget.h>
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPaintEvent>
+#include <QRegion>
 #include <QScopedValueRollback>
 
+#include <array>
 #include <utility>
 
 namespace Corvale_Qt {
+
+namespace {
+
+/*! While it exists, the axes within a region ask for no paint. That region is being painted, with what they are set to now; a
+    request would have them painted a second time. */
+class QuietAxes
+{
+public:
+    QuietAxes(QwtPlot &plot, const QRegion &painted)
+    {
+        for (int axis = 0; axis < QwtPlot::axisCnt; ++axis) {
+            QWidget *const widget = plot.axisWidget(axis);
+            const bool isPainted = QRegion(widget->geometry()).subtracted(painted).isEmpty();
+            if (isPainted && !widget->testAttribute(Qt::WA_UpdatesDisabled))
+                m_axes[size_t(axis)] = widget;
+        }
+        setQuiet(true);
+    }
+    ~QuietAxes() { setQuiet(false); }
+    Q_DISABLE_COPY(QuietAxes)
+
+private:
+    //! QWidget::setUpdatesEnabled() would ask for a paint in the end.
+    void setQuiet(bool quiet)
+    {
+        for (QWidget *axis : m_axes) {
+            if (axis)
+                axis->setAttribute(Qt::WA_UpdatesDisabled, quiet);
+        }
+    }
+
+    std::array<QWidget *, QwtPlot::axisCnt> m_axes{};
+};
+
+} // namespace
 
 RVXScopePlotViewEventFilter::RVXScopePlotViewEventFilter(RVXScopePlotViewPrivate *view)
     : d(view)
@@ -27,16 +66,19 @@ bool RVXScopePlotViewEventFilter::eventFilter(QObject *watched, QEvent *event)
     if (watched == d->canvas)
         d->canvasIsPainted();
     else
-        d->plotIsPainted();
+        d->plotIsPainted(static_cast<QPaintEvent *>(event)->region());
     return false;
 }
 
-void RVXScopePlotViewPrivate::plotIsPainted()
+void RVXScopePlotViewPrivate::plotIsPainted(const QRegion &painted)
 {
     if (!replotPending || mode > RVXScopePlotView::HistogramMode)
         return;
     repaintAsked = false;
-    q_ptr->Plot();
+    {
+        const QuietAxes quiet(*plot, painted);
+        q_ptr->Plot();
+    }
     plottedBefore = true;
     // Qwt would give the axes room for their new texts only after this picture.
     QCoreApplication::sendPostedEvents(plot, QEvent::LayoutRequest);

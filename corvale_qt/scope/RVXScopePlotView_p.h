@@ -21,6 +21,7 @@
 #include <array>
 #include <memory>
 
+class QRegion;
 class QVBoxLayout;
 class QwtPlotCanvas;
 
@@ -104,8 +105,9 @@ public:
     void announceMarkers();
 
     void showBufferSize();
-    //! Plots what was asked for, before the axes are painted beneath the canvas: their texts go with the curves, and have room.
-    void plotIsPainted();
+    /*! Plots what was asked for, before a region of the plot is painted, with the axes beneath the canvas: their texts go with the
+        curves, and have room. */
+    void plotIsPainted(const QRegion &painted);
     //! Plots before the canvas is painted, unless that was done for the axes.
     void canvasIsPainted();
     //! Listens to the signals of a model that an item view ignores.

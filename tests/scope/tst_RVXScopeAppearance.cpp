@@ -12,6 +12,7 @@
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
 #include "tests/support/Mouse.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
@@ -19,6 +20,7 @@
 #include "tests/support/TextTable.h"
 
 #include <qwt_plot_curve.h>
+#include <qwt_scale_widget.h>
 
 #include <algorithm>
 #include <cmath>
@@ -216,6 +218,29 @@ private Q_SLOTS:
             }
             interval *= 9.0;
         }
+    }
+
+    //! The axes move on with the curves, in the same picture; nothing is painted a second time for them.
+    void aPictureIsPaintedOnce()
+    {
+        ScopeTestModel model(1);
+        ScopeTestView view(&model);
+        view.setSampleSpan(20);
+        const auto feed = [&model, &view](int pictures) {
+            for (int i = 0; i < pictures; ++i) {
+                model.appendRows(4, 1.0, level);
+                view.settle();
+            }
+        };
+        feed(10);
+        const PaintCounter canvas(view.qwtPlot()->canvas());
+        const PaintCounter times(view.qwtPlot()->axisWidget(QwtPlot::xBottom));
+        feed(10);
+        QCOMPARE(canvas.count, 10);
+        QCOMPARE(times.count, 10);
+        view.qwtPlot()->axisWidget(QwtPlot::xBottom)->update(); // which works as ever
+        view.settle();
+        QCOMPARE(times.count, 11);
     }
 
     //! Without readings, a chart shows the unit of its channels and the time that it will show, and no numbers of earlier ones.

@@ -4,17 +4,24 @@
 #include <QEvent>
 #include <QObject>
 
-//! Counts how often a widget is painted.
+//! Counts how often a widget is painted, or gets events of another type.
 class PaintCounter : public QObject
 {
 public:
-    explicit PaintCounter(QObject *watched) { watched->installEventFilter(this); }
+    explicit PaintCounter(QObject *watched, QEvent::Type counted = QEvent::Paint)
+        : m_counted(counted)
+    {
+        watched->installEventFilter(this);
+    }
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        count += event->type() == QEvent::Paint;
+        count += event->type() == m_counted;
         return false;
     }
 
     int count = 0;
+
+private:
+    const QEvent::Type m_counted;
 };

@@ -7,13 +7,13 @@ namespace Corvale_Qt {
 
 void AmountBox::setUnit(const QString &symbol, bool takesPrefix)
 {
-    if (symbol != m_prefix.givenSymbol() || takesPrefix != m_takesPrefix) {
-        m_prefix = Units::SiPrefix(symbol);
-        m_takesPrefix = takesPrefix;
-        if (takesPrefix && value() != minimum())
-            m_prefix.follow(value());
-    }
-    showUnit();
+    if (symbol == m_prefix.givenSymbol() && takesPrefix == m_takesPrefix)
+        return;
+    m_prefix = Units::SiPrefix(symbol);
+    m_takesPrefix = takesPrefix;
+    if (takesPrefix && value() != minimum())
+        m_prefix.follow(value());
+    setSuffix(unitText()); // has the text made anew, also where the unit that is shown stays
 }
 
 void AmountBox::showAmount(double amount)
@@ -22,14 +22,15 @@ void AmountBox::showAmount(double amount)
     if (isAmount && m_takesPrefix)
         m_prefix.follow(amount);
     setValue(isAmount ? amount : minimum());
-    showUnit();
+    if (suffix() != unitText())
+        setSuffix(unitText()); // lays out the side bar
 }
 
-//! Sets the unit behind the number, which has the text made anew.
-void AmountBox::showUnit()
+//! Returns what stands behind the number.
+QString AmountBox::unitText() const
 {
     const QString symbol = m_prefix.symbol();
-    setSuffix(symbol.isEmpty() ? symbol : QLatin1Char(' ') + symbol);
+    return symbol.isEmpty() ? symbol : QLatin1Char(' ') + symbol;
 }
 
 QString AmountBox::textFromValue(double value) const

@@ -25,7 +25,7 @@ public:
     double valueFromText(const QString &text) const override;
 
 private:
-    void showUnit();
+    QString unitText() const;
 
     Units::SiPrefix m_prefix;
     bool m_takesPrefix = false;

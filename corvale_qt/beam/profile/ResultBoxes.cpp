@@ -34,6 +34,14 @@ QString labelStyle(BeamValidity validity)
     return QStringLiteral("background: #b71c1c; color: white; padding: 3px;");
 }
 
+//! Colours a label. To set the style sheet that a widget has already would still lay out the side bar.
+void showValidity(QLabel *label, BeamValidity validity)
+{
+    const QString style = labelStyle(validity);
+    if (label->styleSheet() != style)
+        label->setStyleSheet(style);
+}
+
 } // namespace
 
 ResultBoxes::ResultBoxes(const Ui::RVXSpectrogram &ui)
@@ -127,7 +135,7 @@ void ResultBoxes::showVerdict(const JudgedFrame &frame)
         const bool valid = frame.beam.calc.valid;
         label->setText(valid ? RVXSpectrogram::tr("DATA VALID")
                              : RVXSpectrogram::tr("DATA NOT VALID"));
-        label->setStyleSheet(labelStyle(valid ? BeamValidity::Valid : BeamValidity::NotValid));
+        showValidity(label, valid ? BeamValidity::Valid : BeamValidity::NotValid);
         return;
     }
     const BeamVerdict &verdict = frame.verdict;
@@ -140,7 +148,7 @@ void ResultBoxes::showVerdict(const JudgedFrame &frame)
         text += RVXSpectrogram::tr(" (and %1 more)").arg(more);
     label->setText(text);
     label->setToolTip(lines.join(QLatin1Char('\n')));
-    label->setStyleSheet(labelStyle(verdict.validity));
+    showValidity(label, verdict.validity);
 }
 
 } // namespace Corvale_Qt

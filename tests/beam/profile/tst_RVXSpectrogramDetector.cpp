@@ -5,6 +5,7 @@
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/AxisTexts.h"
 #include "tests/support/Mouse.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/Rows.h"
@@ -310,6 +311,13 @@ private Q_SLOTS:
             QCOMPARE(title(), QString("Intensity (%1)").arg(bar));
             QCOMPARE(cutAxisTexts(*plot), QString());
         }
+        display.feed(Frames::pixels(2e-10));
+        QCoreApplication::sendPostedEvents();
+        const PaintCounter layouts(display.box("max_QScienceSpinBox")->parentWidget(),
+                                   QEvent::LayoutRequest);
+        display.feed(Frames::pixels(3e-10));
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(layouts.count, 0); // another number in the same unit needs no other room
         display.feed(Frames::pixels(2e-10));
         display.box("integral_QScienceSpinBox")->interpretText();
         QCOMPARE(display.box("integral_QScienceSpinBox")->value(), integral);

@@ -94,16 +94,20 @@ void DetectorControls::makeControls()
     connect(m_estimator, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
         m_display.setEstimator(BeamEstimator(index));
     });
-    connect(m_log, &QCheckBox::toggled, &m_display, &RVXSpectrogram::setLogarithmicColors);
-    connect(m_projections, &QCheckBox::toggled, &m_display, &RVXSpectrogram::setProjectionsVisible);
-    connect(m_subtracted,
-            &QCheckBox::toggled,
-            &m_display,
-            &RVXSpectrogram::setBackgroundSubtracted);
-    connect(m_averaged,
-            QOverload<int>::of(&QSpinBox::valueChanged),
-            &m_display,
-            &RVXSpectrogram::setAveragedFrames);
+    // What showState() sets has been set already: to set it again would compute the frame, and tell of it, in the middle of that.
+    const auto onToggled = [this](QCheckBox *box, auto set) {
+        connect(box, &QCheckBox::toggled, this, [this, set](bool on) {
+            if (!m_isShowing)
+                (m_display.*set)(on);
+        });
+    };
+    onToggled(m_log, &RVXSpectrogram::setLogarithmicColors);
+    onToggled(m_projections, &RVXSpectrogram::setProjectionsVisible);
+    onToggled(m_subtracted, &RVXSpectrogram::setBackgroundSubtracted);
+    connect(m_averaged, QOverload<int>::of(&QSpinBox::valueChanged), this, [this](int frames) {
+        if (!m_isShowing)
+            m_display.setAveragedFrames(frames);
+    });
     connect(take, &QPushButton::clicked, this, [this] {
         m_display.takeBackground(m_backgroundFrames->value());
     });

@@ -443,6 +443,13 @@ private Q_SLOTS:
         QCOMPARE(display.widget.shownFrame().values[17], 4.0); // of the last four
         display.widget.setAveragedFrames(1);
         QCOMPARE(display.widget.shownFrame().values[17], 5.0);
+        // The controls follow without a change of their own: the numbers are computed, and told, once.
+        display.widget.sidebarEnabled(false);
+        QSignalSpy updates(&display.widget, &RVXSpectrogram::calcUpdate);
+        display.widget.setAveragedFrames(2);
+        QCOMPARE(updates.size(), 1);
+        display.widget.setBackgroundSubtracted(!display.widget.isBackgroundSubtracted());
+        QCOMPARE(updates.size(), 2);
     }
 
     void coloursFollowTheRangeAndTheLogarithm()

@@ -203,9 +203,8 @@ std::vector<Companions::Member> MonitorStatusBar::companions() const
 //! Returns where the readings come from: one source, or several by their names.
 QString MonitorStatusBar::sourceText() const
 {
-    const QString description = m_session.source().description();
     if (!m_companions || m_companions->isEmpty())
-        return description;
+        return m_session.source().description();
     QStringList texts;
     for (const Companions::Member &member : m_companions->members())
         texts.append(tr("%1: %2, %3")

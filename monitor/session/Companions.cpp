@@ -169,10 +169,13 @@ void Companions::record(Companion &companion)
     const QString path = RecordingNames(options.path, companion.name).path();
     QString error = tr("%1 is a source; record to another file").arg(path);
     session.setRecordingMode(options.mode);
-    if (m_lead.source().readsFrom(path) || !session.startRecording(options, &error))
-        Q_EMIT session.noted(QStringLiteral("ERROR the source is not recorded: %1. Stop the "
-                                            "recording and begin another one")
-                                 .arg(error));
+    if (!m_lead.source().readsFrom(path) && session.startRecording(options, &error))
+        return;
+    m_incompleteRecordings.append(
+        QStringLiteral("the source %1 was not recorded: %2").arg(companion.name, error));
+    Q_EMIT session.noted(QStringLiteral("ERROR the source is not recorded: %1. Stop the "
+                                        "recording and begin another one")
+                             .arg(error));
 }
 
 void Companions::listenTo(const StreamClock &clock, Session &session)

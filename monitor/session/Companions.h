@@ -51,7 +51,7 @@ public:
     QString nameOf(const Session *session) const;
     //! Returns the latest moment of a member whose clock is in step, in seconds since 1970; nothing if there is none.
     std::optional<double> present() const;
-    //! Returns a line for each recording of companions that is incomplete, also of those that are closed.
+    //! Returns a line for each recording of companions that is incomplete or could not begin, also of those that are closed.
     QStringList incompleteRecordings() const;
 
 Q_SIGNALS:
@@ -78,7 +78,7 @@ private:
     StreamClock m_leadClock;
     QString m_leadName;
     std::vector<std::unique_ptr<Companion>> m_companions;
-    QStringList m_incompleteRecordings; //!< of companions that are closed
+    QStringList m_incompleteRecordings; //!< of companions that are closed, or that could not begin
 };
 
 } // namespace Monitor

@@ -257,6 +257,7 @@ private Q_SLOTS:
         w.clock.advance(0.3);
         QCOMPARE(fileContents(file("run-taken.csv")), QByteArray("precious"));
         QCOMPARE(w.state(2), QString("NOT RECORDED"));
+        QCOMPARE(w.window.companions().incompleteRecordings().size(), 1); // for the exit code
         QVERIFY2(w.status("notices").contains("taken: NOT RECORDED"),
                  qPrintable(w.status("notices")));
         QVERIFY(w.session.stopRecording());

@@ -52,7 +52,7 @@
     <name>Monitor::AddSourceAction</name>
     <message>
         <source>&amp;Add source...</source>
-        <translation>A&amp;jouter une source...</translation>
+        <translation>A&amp;jouter source...</translation>
     </message>
     <message>
         <source>Add source</source>

@@ -199,7 +199,7 @@ private Q_SLOTS:
         const Outcome told = run(both + QStringList{"--stats", "--json", "--record", "run.csv"});
         QVERIFY2(told.code == 0, told.err);
         QStringList reports;
-        for (const QJsonValue &value : QJsonDocument::fromJson(told.out)["sources"].toArray())
+        for (const QJsonValue value : QJsonDocument::fromJson(told.out)["sources"].toArray())
             reports += QString("%1 %2 %3 from %4")
                            .arg(value["name"].toString())
                            .arg(value["readings"].toInt())

@@ -52,7 +52,7 @@
     <name>Monitor::AddSourceAction</name>
     <message>
         <source>&amp;Add source...</source>
-        <translation>A&amp;jouter source...</translation>
+        <translation>A&amp;jouter une source...</translation>
     </message>
     <message>
         <source>Add source</source>
@@ -421,7 +421,7 @@
     </message>
     <message>
         <source>Save readings between &amp;markers...</source>
-        <translation>Enregistrer les &amp;mesures entre les marqueurs...</translation>
+        <translation>Enregistrer les &amp;mesures entre marqueurs...</translation>
     </message>
     <message>
         <source>Save readings</source>

@@ -8,8 +8,8 @@ namespace Corvale_Qt {
 //! A range of values, with the unit that it is in.
 struct ValueRange
 {
-    double minimum = 0.0;
-    double maximum = 0.0;
+    double minimum = 0.0; //!< the lower end
+    double maximum = 0.0; //!< the upper end
     QString unit; //!< its symbol as the channels give it; empty for none
 };
 

@@ -33,11 +33,16 @@ std::map<std::string, Reading> readings;
 template<typename Type>
 void give(Tango::Attribute &attribute, const Reading &reading)
 {
-    // The library deletes them.
-    auto *const values = new Type[std::max<std::size_t>(reading.values.size(), 1)];
-    std::transform(reading.values.begin(), reading.values.end(), values, [](double value) {
-        return static_cast<Type>(value);
-    });
+    // The library deletes them: a scalar as one object, anything else as an array.
+    const bool isScalar = attribute.get_data_format() == Tango::SCALAR;
+    const std::size_t count = isScalar ? 1 : std::max<std::size_t>(reading.values.size(), 1);
+    auto *const values = isScalar ? new Type{} : new Type[count]{};
+    std::transform(reading.values.begin(),
+                   reading.values.begin() + std::ptrdiff_t(std::min(count, reading.values.size())),
+                   values,
+                   [](double value) {
+                       return static_cast<Type>(value);
+                   });
     timeval time = {};
     time.tv_sec = 1000000000 + reading.milliseconds / 1000;
     time.tv_usec = reading.milliseconds % 1000 * 1000;

@@ -116,7 +116,7 @@ void ValueAxis::showEmpty(double lower, double upper)
     if (!m_plot->axisAutoScale(m_axis))
         return;
     restart();
-    // As a range for an engine that is set later, and as the scale at once, by which the prefix knows that there are no data.
+    // An engine that is set later needs the range. The prefix needs the scale at once, to see that there are no data.
     m_plot->setAxisScale(m_axis, lower, upper);
     m_plot->setAxisScaleDiv(
         m_axis,

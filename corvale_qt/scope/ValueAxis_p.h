@@ -57,7 +57,7 @@ public:
     bool isLogarithmic() const { return m_isLogarithmic; }
     //! Follows the next data as if they were the first.
     void restart();
-    //! Shows this range in the given unit if the axis follows the data, as there are none. The next data are the first.
+    //! Shows this range in the given unit if the axis follows the data, as there are none. The next data count as the first.
     void showEmpty(double lower, double upper);
 
 private:

@@ -82,7 +82,8 @@ void CompanionPanes::addPane(Session &session)
     shareRoom();
 }
 
-//! Gives all sources the same height, that of the window too; but there it is as much as a pane has, if that is not most.
+/*! Gives all sources the same height. The first source gets at least the height of a pane, unless that is more than half of the
+    room. */
 void CompanionPanes::shareRoom()
 {
     const int panes = m_panes.size();

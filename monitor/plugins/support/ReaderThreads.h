@@ -9,8 +9,8 @@ namespace ReaderThreads {
 
 //! Runs a task in a thread of its own. The task is deleted there as soon as it has ended.
 void run(std::function<void()> task);
-/*! Waits until all threads have ended, but not for ever. It is called after the application's event loop, so that threads which
-    are told to end then seldom outlive main(). */
+/*! Waits for all threads to end, for two seconds at most. It is called after the application's event loop, when the threads have
+    been told to end, so that few of them outlive main(). */
 void waitForAll();
 
 } // namespace ReaderThreads

@@ -60,12 +60,14 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVALE_MONITOR_VERSION));
 }
 
-//! Sets the icon that a desktop shows.
+//! Sets the icon that a desktop shows: the installed one, else the drawing for each size.
 void dressApplication()
 {
     QGuiApplication::setDesktopFileName(QStringLiteral("corvale-monitor"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("corvale-monitor"),
-                                                 QIcon(":/monitor/corvale-monitor.svg")));
+    QIcon drawn(QStringLiteral(":/monitor/corvale-monitor.svg"));
+    for (const int small : {16, 22, 24})
+        drawn.addPixmap(QIcon(QStringLiteral(":/monitor/corvale-monitor-small.svg")).pixmap(small));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("corvale-monitor"), drawn));
 }
 
 //! Returns whether a window can be opened; without a display, Qt would abort the program.

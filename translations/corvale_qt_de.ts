@@ -538,6 +538,10 @@
         <source>Error saving data file.</source>
         <translation>Fehler beim Speichern der Datendatei.</translation>
     </message>
+    <message>
+        <source> frame</source>
+        <translation> Bild</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

@@ -538,6 +538,10 @@
         <source>Error saving data file.</source>
         <translation>Erreur lors de l&apos;enregistrement du fichier de données.</translation>
     </message>
+    <message>
+        <source> frame</source>
+        <translation> image</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

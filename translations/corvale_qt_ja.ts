@@ -538,6 +538,10 @@
         <source>Error saving data file.</source>
         <translation>データファイルの保存中にエラーが発生しました。</translation>
     </message>
+    <message>
+        <source> frame</source>
+        <translation> フレーム</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

@@ -16,12 +16,13 @@
 
 namespace Monitor {
 
+using Corvale_Qt::BeamValidity;
 using Corvale_Qt::SpectrogramCalc;
 
 namespace {
 
 constexpr double readableInterval = 0.2; // s; faster numbers cannot be read
-constexpr QSize bigNumbersSize{900, 420};
+constexpr QSize bigNumbersSize{1000, 500}; // in which the beam is read from three metres
 
 QString length(double value, const QString &unit)
 {
@@ -117,8 +118,11 @@ QStringList BigNumbers::beamLines() const
     if (!calc.valid)
         return {tr("Beam"), tr("no valid data")};
     const QString x = profile.lengthUnit(Axis::X), y = profile.lengthUnit(Axis::Y);
-    const QString line = QStringLiteral("%1 %2  \u03c3 %3");
-    return {tr("Beam"),
+    const QString line = QStringLiteral("%1 %2\t\u03c3 %3");
+    QString title = tr("Beam");
+    if (profile.isVerdictEnabled() && profile.verdict().validity != BeamValidity::Valid)
+        title += QStringLiteral("  ") + profile.verdict().text();
+    return {title,
             line.arg(QStringLiteral("X"), length(calc.meanX, x), length(calc.sigmaX, x)),
             line.arg(QStringLiteral("Y"), length(calc.meanY, y), length(calc.sigmaY, y))};
 }

@@ -3,6 +3,7 @@
 
 #include "monitor/window/Look.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace Monitor {
 namespace {
 
 constexpr double titlePart = 0.5; // of the height of the other lines
+constexpr double worthGrowing = 1.25;
 
 QFont fontOf(const QFont &base, double pixels)
 {
@@ -25,6 +27,17 @@ double scaleOf(int line)
     return line == 0 ? titlePart : 1.0;
 }
 
+//! Returns the lines as they are drawn: broken at each tab, or with a wide gap there.
+QStringList drawn(const QStringList &lines, bool broken)
+{
+    QStringList all;
+    for (const QString &line : lines) {
+        const QStringList parts = line.split(QLatin1Char('\t'));
+        all += broken ? parts : QStringList{parts.join(QStringLiteral("  "))};
+    }
+    return all;
+}
+
 } // namespace
 
 void BigText::setLines(const QStringList &lines)
@@ -32,6 +45,11 @@ void BigText::setLines(const QStringList &lines)
     if (lines == m_lines)
         return;
     m_lines = lines;
+    const bool fits = fittingPixels(drawn(lines, m_broken)) >= m_pixels;
+    const int largest =
+        std::max(fittingPixels(drawn(lines, false)), fittingPixels(drawn(lines, true)));
+    if (!fits || largest > worthGrowing * m_pixels)
+        chooseSize();
     update();
 }
 
@@ -41,18 +59,45 @@ void BigText::setFaint(bool faint)
     update();
 }
 
-//! Returns the height of the figures, in pixels, at which every line fits in the room.
-int BigText::fittingPixels(const QRect &room) const
+//! Chooses the largest size, broken or not.
+void BigText::chooseSize()
+{
+    const int unbroken = fittingPixels(drawn(m_lines, false));
+    const int broken = fittingPixels(drawn(m_lines, true));
+    m_broken = broken > unbroken;
+    m_pixels = std::max(unbroken, broken);
+}
+
+QRect BigText::room() const
+{
+    return rect().adjusted(Look::gap, Look::gap, -Look::gap, -Look::gap);
+}
+
+//! Returns the largest pixel size of the font at which all lines fit.
+int BigText::fittingPixels(const QStringList &lines) const
 {
     constexpr int tried = 100;
     double height = 0.0;
     double widest = 1.0;
-    for (int i = 0; i < m_lines.size(); ++i) {
+    for (int i = 0; i < lines.size(); ++i) {
         const QFontMetricsF metrics(fontOf(font(), tried * scaleOf(i)));
         height += metrics.height();
-        widest = std::max(widest, metrics.horizontalAdvance(m_lines.at(i)));
+        widest = std::max(widest, metrics.horizontalAdvance(lines.at(i)));
     }
-    return height > 0.0 ? int(tried * std::min(room.height() / height, room.width() / widest)) : 1;
+    const QRect free = room();
+    return height > 0.0 ? int(tried * std::min(free.height() / height, free.width() / widest)) : 1;
+}
+
+void BigText::resizeEvent(QResizeEvent *)
+{
+    chooseSize();
+}
+
+void BigText::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        chooseSize();
 }
 
 void BigText::paintEvent(QPaintEvent *)
@@ -61,15 +106,15 @@ void BigText::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), palette().color(QPalette::Base));
     painter.setPen(
         palette().color(m_faint ? QPalette::Disabled : QPalette::Active, QPalette::Text));
-    const QRect room = rect().adjusted(Look::gap, Look::gap, -Look::gap, -Look::gap);
-    const int pixels = fittingPixels(room);
-    double top = room.top();
-    for (int i = 0; i < m_lines.size(); ++i) {
-        painter.setFont(fontOf(font(), pixels * scaleOf(i)));
+    const QRect free = room();
+    const QStringList lines = drawn(m_lines, m_broken);
+    double top = free.top();
+    for (int i = 0; i < lines.size(); ++i) {
+        painter.setFont(fontOf(font(), m_pixels * scaleOf(i)));
         const double height = QFontMetricsF(painter.font()).height();
-        painter.drawText(QRectF(room.left(), top, room.width(), height),
+        painter.drawText(QRectF(free.left(), top, free.width(), height),
                          Qt::AlignCenter,
-                         m_lines.at(i));
+                         lines.at(i));
         top += height;
     }
 }

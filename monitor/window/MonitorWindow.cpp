@@ -10,6 +10,7 @@
 #include "monitor/window/EventLog.h"
 #include "monitor/window/FileDrop.h"
 #include "monitor/window/FileMenu.h"
+#include "monitor/window/FocusRing.h"
 #include "monitor/window/HelpMenu.h"
 #include "monitor/window/LatestValuePanel.h"
 #include "monitor/window/LeftOutNotice.h"
@@ -75,6 +76,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     restoreTimeSpan();
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
     connect(&session, &Session::sourceReplaced, this, &MonitorWindow::showTitle);
+    new FocusRing(this);
     connect(new FileDrop(this), &FileDrop::dropped, m_sources, &SourceSwitch::open);
     connect(m_sources, &SourceSwitch::optionsChanged, this, [this](const MonitorOptions &options) {
         m_displays->setMinimumSum(options.minimumSum);

@@ -28,6 +28,7 @@ DetectorControls::DetectorControls(RVXSpectrogram &display, QWidget *sideBar, QB
     , m_low(new QScienceSpinBox(this))
     , m_high(new QScienceSpinBox(this))
     , m_averaged(new QSpinBox(this))
+    , m_take(new QPushButton(tr("Take background"), this))
     , m_backgroundFrames(new QSpinBox(this))
     , m_subtracted(new QCheckBox(tr("Subtract background"), this))
     , m_state(new QLabel(this))
@@ -36,10 +37,42 @@ DetectorControls::DetectorControls(RVXSpectrogram &display, QWidget *sideBar, QB
     box->insertWidget(box->count() - 1, this);
     makeControls();
     makeActions();
+    takePlaceInTabOrder(box);
     showState();
 }
 
 DetectorControls::~DetectorControls() = default;
+
+//! Lets the Tab key lead to these controls from those above them, and not from the last of the window.
+void DetectorControls::takePlaceInTabOrder(QBoxLayout *box)
+{
+    const QWidget *sideBar = parentWidget();
+    const QWidget *below = box->itemAt(box->indexOf(this) + 1)->widget();
+    const auto isAbove = [&](const QWidget *control) {
+        const bool isOther =
+            isAncestorOf(control) || control == below || (below && below->isAncestorOf(control));
+        return sideBar->isAncestorOf(control) && !isOther
+            && (control->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+    };
+    QWidget *last = m_estimator;
+    for (QWidget *next = m_estimator->nextInFocusChain(); next != m_estimator;
+         next = next->nextInFocusChain())
+        if (isAbove(next))
+            last = next;
+    for (QWidget *control : std::initializer_list<QWidget *>{m_estimator,
+                                                             m_log,
+                                                             m_projections,
+                                                             m_typed,
+                                                             m_low,
+                                                             m_high,
+                                                             m_averaged,
+                                                             m_take,
+                                                             m_backgroundFrames,
+                                                             m_subtracted}) {
+        setTabOrder(last, control);
+        last = control;
+    }
+}
 
 void DetectorControls::makeControls()
 {
@@ -54,7 +87,11 @@ void DetectorControls::makeControls()
     m_estimator->setToolTip(tr("How mean and sigma are found"));
     for (QSpinBox *frames : {m_averaged, m_backgroundFrames}) {
         frames->setRange(1, 100);
-        frames->setSuffix(tr(" frames"));
+        const auto name = [frames](int count) {
+            frames->setSuffix(count == 1 ? tr(" frame") : tr(" frames"));
+        };
+        connect(frames, QOverload<int>::of(&QSpinBox::valueChanged), this, name);
+        name(frames->value());
     }
     m_averaged->setObjectName(QStringLiteral("spinBox_averaged"));
     m_averaged->setAccessibleName(tr("Averaged frames"));
@@ -70,8 +107,7 @@ void DetectorControls::makeControls()
     m_high->setAccessibleName(tr("Highest value of the colours"));
     m_state->setObjectName(QStringLiteral("label_processing"));
     m_state->setWordWrap(true);
-    auto *take = new QPushButton(tr("Take background"), this);
-    take->setObjectName(QStringLiteral("button_background"));
+    m_take->setObjectName(QStringLiteral("button_background"));
 
     auto *grid = new QGridLayout(this);
     grid->addWidget(new QLabel(tr("Estimator"), this), 0, 0);
@@ -86,7 +122,7 @@ void DetectorControls::makeControls()
     grid->addLayout(range, 2, 1);
     grid->addWidget(new QLabel(tr("Average of"), this), 3, 0);
     grid->addWidget(m_averaged, 3, 1);
-    grid->addWidget(take, 4, 0);
+    grid->addWidget(m_take, 4, 0);
     grid->addWidget(m_backgroundFrames, 4, 1);
     grid->addWidget(m_subtracted, 5, 0, 1, 2);
     grid->addWidget(m_state, 6, 0, 1, 2);
@@ -108,7 +144,7 @@ void DetectorControls::makeControls()
         if (!m_isShowing)
             m_display.setAveragedFrames(frames);
     });
-    connect(take, &QPushButton::clicked, this, [this] {
+    connect(m_take, &QPushButton::clicked, this, [this] {
         m_display.takeBackground(m_backgroundFrames->value());
     });
     connect(m_typed, &QCheckBox::toggled, this, &DetectorControls::typeRange);

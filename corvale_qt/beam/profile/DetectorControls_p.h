@@ -10,6 +10,7 @@ class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QPushButton;
 class QSpinBox;
 
 namespace Corvale_Qt {
@@ -35,6 +36,7 @@ public:
 
 private:
     void makeControls();
+    void takePlaceInTabOrder(QBoxLayout *box);
     void makeActions();
     QAction *addAction(const char *name, const QString &text);
     void typeRange(bool typed);
@@ -50,6 +52,7 @@ private:
     QScienceSpinBox *m_low;
     QScienceSpinBox *m_high;
     QSpinBox *m_averaged;
+    QPushButton *m_take;
     QSpinBox *m_backgroundFrames;
     QCheckBox *m_subtracted;
     QLabel *m_state;

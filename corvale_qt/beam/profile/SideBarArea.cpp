@@ -9,6 +9,7 @@ namespace Corvale_Qt {
 SideBarArea::SideBarArea(QWidget *parent)
     : QScrollArea(parent)
 {
+    setFocusPolicy(Qt::NoFocus); // its controls have it, and Qt scrolls to them
 }
 
 SideBarArea::~SideBarArea() = default;

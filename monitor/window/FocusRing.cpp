@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/window/FocusRing.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QEvent>
+#include <QScrollArea>
+#include <QTabBar>
+
+namespace Monitor {
+
+namespace {
+
+constexpr int ringWidth = 2; // pixels
+
+//! Returns whether the style paints no mark, or a pale one, on a widget that has the focus.
+bool needsRing(const QWidget *widget)
+{
+    return qobject_cast<const QAbstractScrollArea *>(widget)
+        || qobject_cast<const QTabBar *>(widget) || widget->inherits("QwtPlotCanvas");
+}
+
+QRect markedPart(const QWidget *widget)
+{
+    const auto *tabs = qobject_cast<const QTabBar *>(widget);
+    return tabs ? tabs->tabRect(tabs->currentIndex()) : widget->rect();
+}
+
+//! Scrolls until a control can be seen. A press of the mouse does not: the control would move away beneath it.
+void scrollTo(QWidget *control)
+{
+    if (QApplication::mouseButtons() != Qt::NoButton)
+        return;
+    for (QWidget *outer = control->parentWidget(); outer; outer = outer->parentWidget())
+        if (auto *area = qobject_cast<QScrollArea *>(outer))
+            area->ensureWidgetVisible(control);
+}
+
+} // namespace
+
+FocusRing::FocusRing(QObject *parent)
+    : QObject(parent)
+{
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        follow(now);
+    });
+}
+
+FocusRing::~FocusRing()
+{
+    delete m_ring;
+}
+
+void FocusRing::follow(QWidget *focused)
+{
+    if (m_marked)
+        m_marked->removeEventFilter(this);
+    delete m_ring;
+    m_marked = focused && needsRing(focused) ? focused : nullptr;
+    if (focused)
+        scrollTo(focused);
+    if (!m_marked)
+        return;
+    m_ring = new QWidget(m_marked);
+    m_ring->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_ring->setBackgroundRole(QPalette::Highlight);
+    m_ring->setAutoFillBackground(true);
+    m_marked->installEventFilter(this);
+    place();
+    m_ring->show();
+}
+
+void FocusRing::place()
+{
+    const QRect part = markedPart(m_marked);
+    if (part == m_ring->geometry())
+        return;
+    m_ring->setGeometry(part);
+    const QRect inside(QPoint(), part.size());
+    m_ring->setMask(QRegion(inside)
+                    - inside.adjusted(ringWidth, ringWidth, -ringWidth, -ringWidth));
+    m_ring->raise();
+}
+
+bool FocusRing::eventFilter(QObject *watched, QEvent *event)
+{
+    // A tab bar is laid out, and paints itself anew, when another tab is chosen.
+    const bool isDue = event->type() == QEvent::Resize
+        || (event->type() == QEvent::Paint && qobject_cast<QTabBar *>(watched));
+    if (isDue && m_ring)
+        place();
+    return false;
+}
+
+} // namespace Monitor

@@ -31,6 +31,7 @@ class Bench:
     faults: list = field(default_factory=list)
     lost: int = 0
     notes: dict = field(default_factory=dict)
+    missing: list = field(default_factory=list)
     folder: Path = None
     started: list = field(default_factory=list)
 
@@ -64,9 +65,10 @@ class Bench:
         yield
         self.plant = plant
 
-    def start(self, *arguments, changes=()):
-        """Starts a monitor in the scratch folder, with changes of its environment. It ends with the try at the latest."""
-        self.started.append(Monitor(self, *arguments, changes=changes))
+    def start(self, *arguments, changes=(), through=()):
+        """Starts a monitor in the scratch folder, with changes of its environment, by a command that starts it in turn if one is
+        given. It ends with the try at the latest."""
+        self.started.append(Monitor(self, *arguments, changes=changes, through=through))
         return self.started[-1]
 
     def ask(self, *arguments):
@@ -79,8 +81,13 @@ class Bench:
         """Keeps the largest value of what a note is about."""
         self.notes[note] = max(value, self.notes.get(note, value))
 
+    def skip(self, what, why):
+        """Keeps what cannot be tried on this machine, so that the summary says it."""
+        self.missing.append(f"not tried: {what} ({why})")
+
     def summary(self, name):
         notes = "".join(f", {note} {value:.0f}" for note, value in self.notes.items())
+        notes += "".join(f", {missing}" for missing in self.missing)
         return f"{name} | {self.tries} tries | {self.tries - len(self.faults)} survived | {self.lost} lost{notes}"
 
 

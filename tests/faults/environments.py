@@ -6,6 +6,7 @@ A window records what it is sent, to the last digit, and closes by itself with e
 window. A picture has the size that was asked for and shows something. Statistics are the same in all languages.
 """
 import json
+import os
 import shutil
 import subprocess
 import sys
@@ -13,7 +14,7 @@ import time
 
 import plants
 from bench import main
-from pictures import Display, parts_of_png
+from pictures import Display, WaylandDisplay, parts_of_png
 from readings import Fault, expect_all, header, lines, recorded
 
 READINGS = 300
@@ -48,19 +49,20 @@ def told(changes):
     return ", ".join(f"{name} {'unset' if value is None else value}" for name, value in changes.items())
 
 
-def record(bench, changes, *arguments):
+def record(bench, changes, through=()):
     """Lets a window record what is sent in such an environment, and returns its recordings."""
     folder = bench.folder / "recordings"
     folder.mkdir()
-    with bench.start("-", "--record", folder, "--after", f"{READINGS}readings", *arguments, changes=changes) as monitor:
+    folder.chmod(0o777)
+    with bench.start("-", "--record", folder, "--after", f"{READINGS}readings", changes=changes, through=through) as monitor:
         monitor.send(header() + lines(0, READINGS))
         if (code := monitor.finish()) != 0:
             raise Fault(f"it ended with {code}; {monitor.said()}")
     return [path.read_bytes() for path in sorted(folder.iterdir())]
 
 
-def expect_recording(bench, changes, *arguments):
-    recordings = record(bench, changes, *arguments)
+def expect_recording(bench, changes, through=()):
+    recordings = record(bench, changes, through)
     expect_all([index for data in recordings for index in recorded(data)], 0, READINGS)
 
 
@@ -73,6 +75,66 @@ def expect_window(bench, depth, options):
             monitor.wait_until("the window is seen", lambda: display.colours() > empty + FEWEST_COLOURS)
             if (code := monitor.close_window()) != 0:
                 raise Fault(f"it ended with {code}; {monitor.said()}")
+
+
+def expect_wayland_window(bench):
+    """A window on a Wayland compositor records what it is sent, is seen there, and closes when it is asked to."""
+    path = bench.folder / "wayland.csv"
+    with WaylandDisplay(bench.folder) as display:
+        empty = parts_of_png(display.picture())[2]
+        with bench.start("-", "--record", path, changes=display.changes()) as monitor:
+            monitor.send(header() + lines(0, READINGS))
+
+            def is_seen():
+                picture = display.picture()
+                bench.plant.overpaint(picture)
+                return parts_of_png(picture)[2] > empty + FEWEST_PARTS
+            monitor.wait_until("the window is seen", is_seen)
+            monitor.wait_until("the readings are recorded", lambda: path.exists() and len(recorded(path.read_bytes())) >= READINGS)
+            if (code := monitor.close_window()) != 0:
+                raise Fault(f"it ended with {code}; {monitor.said()}")
+    expect_all(recorded(path.read_bytes()), 0, READINGS)
+
+
+def with_full_temporary_folder(bench):
+    """The environment, and the command before the monitor, in which the folder for temporary files is a full file system."""
+    folder = bench.folder / "tmp"
+    folder.mkdir()
+    fill = 'mount -t tmpfs -o size=16k none "$TMPDIR" && cat /dev/zero > "$TMPDIR/full" 2>/dev/null; exec "$@"'
+    namespace = ["unshare", "--mount"] if os.geteuid() == 0 else ["unshare", "--user", "--map-root-user", "--mount"]
+    return {"TMPDIR": str(folder), "XDG_RUNTIME_DIR": None}, [*namespace, "sh", "-c", fill, "sh"]
+
+
+def can_mount(bench):
+    changes, through = with_full_temporary_folder(bench)
+    tried = subprocess.run([*through, "sh", "-c", '! echo text > "$TMPDIR/more"'], env=os.environ | {"TMPDIR": changes["TMPDIR"]},
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    (bench.folder / "tmp").rmdir()
+    return tried.returncode == 0
+
+
+def expect_recording_with_full_temporary_folder(bench):
+    if not can_mount(bench):
+        bench.skip("a full folder for temporary files", "this user cannot mount one")
+        return
+    # Settings that are there already are read by way of a temporary file.
+    settings = bench.folder / ".config/Corvale"
+    settings.mkdir(parents=True)
+    (settings / "corvale-monitor.ini").write_text("[Monitor]\ntime-span=90 s\n")
+    expect_recording(bench, *with_full_temporary_folder(bench))
+
+
+def expect_recording_in_foreign_folders(bench):
+    """All of a user's folders belong to somebody else, who lets nobody enter them."""
+    user = 65534
+    bench.folder.chmod(0o755)
+    foreign = bench.folder / "foreign"
+    foreign.mkdir(mode=0o700)
+    names = ("HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME", "TMPDIR")
+    become = ["setpriv", "--reuid", str(user), "--regid", str(user), "--clear-groups"]
+    expect_recording(bench, dict.fromkeys(names, str(foreign)), become)
+    if list(foreign.iterdir()):
+        raise Fault("something was written to the folder of another user")
 
 
 def expect_picture(bench, changes):
@@ -151,6 +213,24 @@ def drive(bench):
     if bench.long:
         with bench.trying("summer time begins"):
             expect_recording_over_summer_time(bench, 3)
+        try_what_the_machine_has(bench)
+
+
+def try_what_the_machine_has(bench):
+    """Tries environments that need tools or rights which not every machine has, and notes those that it lacks."""
+    attempts = [
+        ("Wayland", expect_wayland_window, shutil.which("weston") and shutil.which("weston-screenshooter"), "there is no weston"),
+        ("a full folder for temporary files", expect_recording_with_full_temporary_folder, shutil.which("unshare"),
+         "there is no unshare"),
+        ("folders of another user", expect_recording_in_foreign_folders, os.geteuid() == 0 and shutil.which("setpriv"),
+         "only root becomes somebody else"),
+    ]
+    for what, attempt, is_possible, why in attempts:
+        if is_possible:
+            with bench.trying(what):
+                attempt(bench)
+        else:
+            bench.skip(what, why)
 
 
 if __name__ == "__main__":

@@ -23,11 +23,11 @@ def environment(folder, changes):
 class Monitor:
     """One process of the monitor. Its output goes to a file of the scratch folder."""
 
-    def __init__(self, bench, *arguments, changes=()):
+    def __init__(self, bench, *arguments, changes=(), through=()):
         self.plant = bench.plant
         self.folder = bench.folder
         self.output = bench.folder / "output.txt"
-        command = [*self.plant.before_monitor(), bench.program, *map(str, arguments)]
+        command = [*through, *self.plant.before_monitor(), bench.program, *map(str, arguments)]
         with open(self.output, "wb") as output:
             self.process = subprocess.Popen(
                 command, stdin=subprocess.PIPE, stdout=output, stderr=subprocess.STDOUT, cwd=bench.folder,

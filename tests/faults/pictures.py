@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""Reads the pictures that the monitor draws, and those of a display that keeps its screen in a file."""
+"""Reads the pictures that the monitor draws, and those of displays without a monitor."""
+import os
 import struct
 import subprocess
+import threading
+import time
 import zlib
 
 from readings import Fault
@@ -47,3 +50,50 @@ class Display:
         self.process.terminate()
         self.process.wait()
         self.process.stdout.close()
+
+
+class WaylandDisplay:
+    """A Wayland compositor without a monitor. What it shows is asked for as a picture."""
+
+    def __init__(self, folder):
+        self.folder = folder / "wayland"
+        self.folder.mkdir(mode=0o700)
+        self.name = "corvale"
+        self.environment = os.environ | {
+            "XDG_RUNTIME_DIR": str(self.folder), "HOME": str(self.folder), "WAYLAND_DISPLAY": self.name}
+        # Pictures are given only to those who debug, and only if no graphics processor drew them.
+        self.process = subprocess.Popen(
+            ["weston", "--backend=headless-backend.so", "--use-pixman", "--debug", f"--socket={self.name}", "--idle-time=0",
+             "--no-config", "--width=1280", "--height=800"],
+            env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self._wait_for_its_socket()
+
+    def changes(self):
+        """What a program needs in its environment to open windows on it."""
+        return {"QT_QPA_PLATFORM": "wayland", "XDG_RUNTIME_DIR": str(self.folder), "WAYLAND_DISPLAY": self.name}
+
+    def picture(self):
+        """The path of a picture of its screen."""
+        for old in self.folder.glob("*.png"):
+            old.unlink()
+        done = subprocess.run(["weston-screenshooter"], env=self.environment, cwd=self.folder, timeout=60,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        pictures = list(self.folder.glob("*.png"))
+        if done.returncode or not pictures:
+            raise Fault("the Wayland compositor gives no picture")
+        return pictures[0]
+
+    def _wait_for_its_socket(self):
+        deadline = time.monotonic() + 30
+        while not (self.folder / self.name).exists():
+            if self.process.poll() is not None or time.monotonic() > deadline:
+                self.__exit__()
+                raise Fault("the Wayland compositor does not start")
+            threading.Event().wait(0.02)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait()

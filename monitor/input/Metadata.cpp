@@ -4,6 +4,7 @@
 #include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
+#include "monitor/input/StatedMoment.h"
 #include "monitor/readings/PixelShape.h"
 #include "monitor/readings/StreamDetector.h"
 
@@ -173,7 +174,7 @@ void Metadata::describeLimits(StreamHeader *header) const
 
 Metadata::Line Metadata::takeStartTime(const QString &value)
 {
-    const QDateTime time = QDateTime::fromString(value, Qt::ISODateWithMs).toUTC();
+    const QDateTime time = statedMoment(value, Qt::LocalTime).moment;
     // ISO 8601 has four digits for the year.
     constexpr int firstYear = 1, lastYear = 9999;
     if (!time.isValid() || time.date().year() < firstYear || time.date().year() > lastYear)

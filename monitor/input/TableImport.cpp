@@ -4,6 +4,7 @@
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/Metadata.h"
+#include "monitor/input/StatedMoment.h"
 
 #include <QStringList>
 
@@ -98,15 +99,17 @@ std::optional<Moment> momentOf(const std::string &text, const ImportOptions &opt
         }
         date.replace(QLatin1Char(' '), QLatin1Char('T'));
     }
-    QDateTime time = options.format.isEmpty() ? QDateTime::fromString(date, Qt::ISODate)
-                                              : QDateTime::fromString(date, options.format);
+    const StatedMoment stated =
+        statedMoment(date,
+                     options.clock == ImportOptions::Clock::Local ? Qt::LocalTime : Qt::UTC,
+                     options.format);
     constexpr int hasTimeOfDay = 12; // characters of the shortest date with a time
-    if (!time.isValid() || (options.format.isEmpty() && date.size() < hasTimeOfDay))
+    if (!stated.moment.isValid() || (options.format.isEmpty() && date.size() < hasTimeOfDay))
         return std::nullopt;
-    if (options.clock != ImportOptions::Clock::Local && time.timeSpec() == Qt::LocalTime)
-        time.setTimeSpec(Qt::UTC);
     constexpr double milli = 1e-3;
-    return Moment{time.toSecsSinceEpoch(), fraction + double(time.time().msec()) * milli};
+    return Moment{stated.moment.toSecsSinceEpoch(),
+                  fraction + double(stated.moment.time().msec()) * milli,
+                  stated.isLeapSecond};
 }
 
 TableImport::TableImport(const ImportOptions &options)
@@ -120,6 +123,7 @@ void TableImport::startOver()
     m_linesToSkip = m_options.skippedLines;
     m_begun = false;
     m_firstSecond.reset();
+    m_leapSeconds.clear();
 }
 
 const std::vector<std::string> &TableImport::translate(std::string_view line)
@@ -207,7 +211,27 @@ std::string TableImport::timeText(const std::string &field)
         const QDateTime start = QDateTime::fromSecsSinceEpoch(moment->second, Qt::UTC);
         m_lines.insert(m_lines.begin(), "#t0 " + start.toString(Qt::ISODate).toStdString());
     }
-    return numberText(double(moment->second - *m_firstSecond) + moment->fraction);
+    const qint64 seconds = moment->second - *m_firstSecond + leapSecondsBefore(*moment);
+    return numberText(double(seconds) + moment->fraction);
+}
+
+/*! Returns how many of the leap seconds that rows had have passed before a moment. The first row of a leap second has it told, since
+    dates that are computed from the times will be a second late from then on. */
+qint64 TableImport::leapSecondsBefore(const Moment &moment)
+{
+    const auto begin = m_leapSeconds.begin();
+    if (!moment.isLeapSecond)
+        return std::upper_bound(begin, m_leapSeconds.end(), moment.second) - begin;
+    const auto place = std::lower_bound(begin, m_leapSeconds.end(), moment.second);
+    const qint64 before = place - begin;
+    if (place == m_leapSeconds.end() || *place != moment.second) {
+        m_leapSeconds.insert(place, moment.second);
+        const QDateTime next = QDateTime::fromSecsSinceEpoch(moment.second, Qt::UTC);
+        // English as all events, which stand in recordings.
+        const QString text = QStringLiteral("#event leap second before %1; later times count it");
+        m_lines.insert(m_lines.end() - 1, text.arg(next.toString(Qt::ISODate)).toStdString());
+    }
+    return before;
 }
 
 //! Returns a number with a decimal point. What is not one keeps no comma, so that it does not become two fields.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/core/Text.h"
 #include "monitor/input/Metadata.h"
+#include "monitor/input/StatedMoment.h"
 #include "monitor/nexus/NexusEntry.h"
 #include "monitor/nexus/NexusNames.h"
 
@@ -41,10 +42,7 @@ double secondsOf(const QString &unit)
 //! Returns the moment that a text states; an invalid one if it states none. Without a zone it is UTC.
 QDateTime momentOf(const QString &text)
 {
-    QDateTime moment = QDateTime::fromString(text.trimmed(), Qt::ISODateWithMs);
-    if (moment.timeSpec() == Qt::LocalTime)
-        moment.setTimeSpec(Qt::UTC);
-    return moment.toUTC();
+    return statedMoment(text.trimmed(), Qt::UTC).moment;
 }
 
 //! Makes an entry of an NXdata, step by step; the first thing that is wrong ends it.

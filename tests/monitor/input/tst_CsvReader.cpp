@@ -163,6 +163,20 @@ private Q_SLOTS:
             "times are dates",
             "clock=utc",
             "refused 3-4 ? | > a | 0: 1 | 3: 4");
+        row("a leap second is a second",
+            "when,a\n2016-12-31T23:59:59.5Z,1\n2016-12-31T23:59:60.25Z,2\n2017-01-01T00:59:60.75+"
+            "01:00,3\n"
+            "2017-01-01T00:00:00.125Z,4\n2017-01-01T00:00:01Z,5\n",
+            "times are dates",
+            "clock=utc",
+            "event leap second before 2017-01-01T00:00:00Z; later times count it | > a | 0.5: 1 | "
+            "1.25: 2 | 1.75: 3 | 2.125: 4 | 3: 5");
+        row("a second 60 is none in the middle of an hour or a month",
+            "when,a\n2016-12-31T12:00:00Z,1\n2016-12-31T12:30:60Z,2\n2016-12-30T23:59:60Z,3\n"
+            "2016-12-31T12:00:02Z,4\n",
+            "times are dates",
+            "clock=utc",
+            "refused 3-4 ? | > a | 0: 1 | 2: 4");
         row("degrees are no charge",
             "t,temp_C,q_C\n0,20,1\n1,21,2\n",
             "",

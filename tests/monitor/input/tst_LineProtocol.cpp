@@ -135,6 +135,9 @@ private Q_SLOTS:
         row("ranges and start times that cannot be written down again",
             "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
             "refused 2-3 ? | > ch1 | 0: 1");
+        row("a start in a leap second, and one in a second that there is not",
+            "#t0 2016-12-31T23:59:60.5Z/#t0 2016-12-31T22:59:60Z/0,1",
+            "refused 2 ? | > ch1 | 0: 1");
         row("an unknown layout", "#layout rings/0,1", "refused 1 ? | > ch1 | 0: 1");
         row("a range that is none", "#range 5,1/#range a/0,1", "refused 1-2 ? | > ch1 | 0: 1");
         row("the header of a table",

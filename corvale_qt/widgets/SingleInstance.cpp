@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/InstanceMessage_p.h"
 #include "corvale_qt/widgets/Logging_p.h"
 #include "corvale_qt/widgets/PrivateRuntime_p.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
@@ -10,7 +11,6 @@
 #include <QSysInfo>
 #include <QThread>
 #include <QTimer>
-#include <QtEndian>
 
 namespace Corvale_Qt {
 
@@ -34,13 +34,6 @@ QString serverNameFor(const QString &folder, const QString &id)
 #else
     return folder + '/' + nameFor(id);
 #endif
-}
-
-QByteArray frame(const QByteArray &utf8)
-{
-    QByteArray bytes(4, Qt::Uninitialized);
-    qToBigEndian(quint32(utf8.size()), bytes.data());
-    return bytes + utf8;
 }
 
 bool connectBefore(QLocalSocket &socket, const QString &serverName, const QDeadlineTimer &deadline)
@@ -124,9 +117,9 @@ bool SingleInstance::send(const QString &message, int timeout)
 {
     if (m_folder.isEmpty())
         return false;
-    const QByteArray utf8 = message.toUtf8();
-    if (utf8.size() > kMaximumMessage) {
-        qCDebug(widgetsLog) << "QtSingleApplication: a message of" << utf8.size()
+    const QByteArray bytes = InstanceMessage::toBytes(message);
+    if (bytes.isEmpty()) {
+        qCDebug(widgetsLog) << "QtSingleApplication: a message of" << message.toUtf8().size()
                             << "bytes is too long to send";
         return false;
     }
@@ -138,7 +131,7 @@ bool SingleInstance::send(const QString &message, int timeout)
         qCWarning(widgetsLog) << "QtSingleApplication: another user listens at" << m_serverName;
         return false;
     }
-    socket.write(frame(utf8));
+    socket.write(bytes);
     while (socket.bytesToWrite() > 0)
         if (!socket.waitForBytesWritten(int(deadline.remainingTime())))
             return false;
@@ -165,7 +158,7 @@ void SingleInstance::acceptConnections()
             readFrom(socket);
         });
         QTimer::singleShot(kPatience, socket, &QLocalSocket::abort);
-        socket->setReadBufferSize(kMaximumMessage + 4);
+        socket->setReadBufferSize(InstanceMessage::kMaximumSize + InstanceMessage::kHeadSize);
         readFrom(socket);
     }
 }
@@ -173,18 +166,12 @@ void SingleInstance::acceptConnections()
 //! Answers a message when it is complete, and announces it afterwards, since a slot may take long.
 void SingleInstance::readFrom(QLocalSocket *socket)
 {
-    const QByteArray head = socket->peek(4);
-    if (head.size() < 4)
-        return;
-    const quint32 size = qFromBigEndian<quint32>(head.constData());
-    if (size > quint32(kMaximumMessage)) {
+    QString message;
+    const InstanceMessage::State state = InstanceMessage::take(*socket, &message);
+    if (state == InstanceMessage::State::TooLong)
         socket->abort();
+    if (state != InstanceMessage::State::Complete)
         return;
-    }
-    if (socket->bytesAvailable() < 4 + qint64(size))
-        return;
-    socket->skip(4);
-    const QString message = QString::fromUtf8(socket->read(size));
     // A connection carries one message.
     socket->disconnect(this);
     connect(socket, &QObject::destroyed, this, [this] {

@@ -19,8 +19,8 @@ namespace Corvale_Qt {
     Lock and socket are in a folder that no other user can write to, and each side checks the user of the other
     process. If there is no such folder, every process is the first, and a line on the debug stream says so.
 
-    A message is a 32-bit big-endian length, followed by that many bytes of UTF-8, at most kMaximumMessage. The
-    answer is kAnswer. A connection that sends anything else, too much, or an incomplete message is dropped. */
+    A connection carries one InstanceMessage, and the answer to it is kAnswer. A connection that sends anything else, too
+    much, or an incomplete message is dropped. */
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,6 @@ public:
     //! Returns the path of the socket (on Windows the name of the pipe), which depends on the user and the id only.
     QString serverName() const { return m_serverName; }
 
-    static constexpr int kMaximumMessage = 1024 * 1024;
     static constexpr int kMaximumConnections = 32;
     //! A connection that has not sent its message after this time, in milliseconds, is dropped.
     static constexpr int kPatience = 10000;

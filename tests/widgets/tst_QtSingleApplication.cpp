@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/widgets/InstanceMessage_p.h"
 #include "corvale_qt/widgets/QtSingleApplication.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
 #include "tests/support/Files.h"
@@ -15,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using Corvale_Qt::InstanceMessage;
 using Corvale_Qt::SingleInstance;
 
 namespace {
@@ -304,7 +306,7 @@ private Q_SLOTS:
     {
         First first(m_id);
         const auto sender = first.connection();
-        const QByteArray longest(SingleInstance::kMaximumMessage, 'x');
+        const QByteArray longest(InstanceMessage::kMaximumSize, 'x');
         QByteArray head(4, '\0');
         qToBigEndian(quint32(longest.size()), head.data());
         sender->write(head + longest);

@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Starts and ends corvale-monitor, and reads from /proc what it uses."""
+import contextlib
 import os
+import re
 import resource
 import signal
 import subprocess
@@ -32,7 +34,7 @@ class Monitor:
             self.process = subprocess.Popen(
                 command, stdin=subprocess.PIPE, stdout=output, stderr=subprocess.STDOUT, cwd=bench.folder,
                 env=environment(bench.folder, dict(changes)), bufsize=0)
-        self.peak = 0  # bytes of memory, once it has ended
+        self.peak = 0  # bytes of memory, as far as they were seen before it ended
 
     def __enter__(self):
         return self
@@ -99,17 +101,25 @@ class Monitor:
         return self.process.returncode
 
     def _reap(self, deadline):
-        """Waits for the end of the process and keeps its peak of memory, which the system knows only here."""
+        """Waits for the end of the process."""
         while self.process.returncode is None:
-            pid, status, usage = os.wait4(self.process.pid, os.WNOHANG)
+            self._note_peak()
+            pid, status = os.waitpid(self.process.pid, os.WNOHANG)
             if pid:
                 self.process.returncode = os.waitstatus_to_exitcode(status)
-                self.peak = usage.ru_maxrss * 1024
             elif time.monotonic() > deadline:
                 return False
             else:
                 threading.Event().wait(0.002)
         return True
+
+    def _note_peak(self):
+        """Keeps the most memory that it has held. What the system tells of a process that has ended counts the memory of the
+        driver, too, which was its own for a moment."""
+        with contextlib.suppress(OSError):
+            status = Path(f"/proc/{self.process.pid}/status").read_text()
+            if found := re.search(r"VmHWM:\s*(\d+)", status):
+                self.peak = max(self.peak, self.plant.weigh(int(found[1]) * 1024))
 
     def wait_until(self, what, condition):
         """Waits for a condition. Raises Fault if the monitor ends before it holds, or if it does not hold in time."""

@@ -50,19 +50,36 @@ std::vector<std::string> fuzzSeeds()
             std::string(64, '\0')};
 }
 
-//! The names that the proxy asked for, written again, are the beginning of the payload, and there are at most 257.
+namespace {
+
+//! Returns the names that a proxy asks for when these data are dropped, and requires whether it takes them.
+QStringList namesOfDrop(const QMimeData *mime, Qt::DropAction action, bool isTaken)
+{
+    RVXMultichannelProxyModel proxy;
+    auto *keeper = new NameKeeper;
+    proxy.setChannelModelFactory(keeper);
+    FUZZ_REQUIRE(proxy.dropMimeData(mime, action, -1, -1, QModelIndex()) == isTaken);
+    FUZZ_REQUIRE(keeper->names.size() <= 257);
+    return keeper->names;
+}
+
+} // namespace
+
+/*! The names of a list, written again, are the beginning of the payload, and there are at most 257. A text is a single name, and
+    what is neither is refused. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     qInstallMessageHandler(beSilent);
     const QByteArray payload(reinterpret_cast<const char *>(data), int(size));
-    QMimeData mime;
-    mime.setData(listType, payload);
-    RVXMultichannelProxyModel proxy;
-    auto *keeper = new NameKeeper;
-    proxy.setChannelModelFactory(keeper);
-    FUZZ_REQUIRE(proxy.dropMimeData(&mime, Qt::CopyAction, -1, -1, QModelIndex()));
-    FUZZ_REQUIRE(keeper->names.size() <= 257);
-    const QByteArray again = QByteArray::fromStdString(payloadOf(keeper->names));
-    FUZZ_REQUIRE(payload.startsWith(again));
+    QMimeData list, text, other;
+    list.setData(listType, payload);
+    text.setData(QStringLiteral("text/plain"), payload);
+    other.setData(QStringLiteral("application/octet-stream"), payload);
+    const QStringList names = namesOfDrop(&list, Qt::CopyAction, true);
+    FUZZ_REQUIRE(payload.startsWith(QByteArray::fromStdString(payloadOf(names))));
+    FUZZ_REQUIRE(namesOfDrop(&text, Qt::CopyAction, true) == QStringList(text.text()));
+    FUZZ_REQUIRE(namesOfDrop(&other, Qt::CopyAction, false).isEmpty());
+    FUZZ_REQUIRE(namesOfDrop(&list, Qt::IgnoreAction, true).isEmpty());
+    FUZZ_REQUIRE(namesOfDrop(nullptr, Qt::CopyAction, false).isEmpty());
     return 0;
 }

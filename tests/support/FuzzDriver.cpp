@@ -37,6 +37,11 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     static auto *application = new QApplication(applicationArgc, *argv);
     Q_UNUSED(application)
 
+    // One input that is tried alone needs no further ones, and libFuzzer takes no folder beside it.
+    for (int i = 1; i < *argc; ++i)
+        if (QFileInfo(QString::fromLocal8Bit((*argv)[i])).isFile())
+            return 0;
+
     static QTemporaryDir corpus;
     int number = 0;
     for (const std::string &seed : fuzzSeeds()) {

@@ -32,6 +32,7 @@ class Bench:
     lost: int = 0
     notes: dict = field(default_factory=dict)
     missing: list = field(default_factory=list)
+    options: argparse.Namespace = None
     folder: Path = None
     started: list = field(default_factory=list)
 
@@ -107,12 +108,15 @@ def _self_test(program, name, drive, plants):
     return not unseen
 
 
-def main(name, drive, plants):
-    """The program of a driver: exit code 0 if nothing was found wrong."""
+def main(name, drive, plants, add_options=None):
+    """The program of a driver: exit code 0 if nothing was found wrong. Options of its own are added to the parser, and come to it
+    as Bench.options."""
     parser = argparse.ArgumentParser(description=sys.modules["__main__"].__doc__)
     parser.add_argument("--monitor", default="corvale-monitor", help="the program to try")
     parser.add_argument("--long", action="store_true", help="many tries instead of a few")
     parser.add_argument("--self-test", action="store_true", help="plant faults, and check that each is found")
+    if add_options:
+        add_options(parser)
     arguments = parser.parse_args()
     program = shutil.which(arguments.monitor)
     if not program:
@@ -120,7 +124,7 @@ def main(name, drive, plants):
     program = str(Path(program).absolute())
     if arguments.self_test:
         return 0 if _self_test(program, name, drive, plants) else 1
-    bench = Bench(program, arguments.long)
+    bench = Bench(program, arguments.long, options=arguments)
     drive(bench)
     for fault in bench.faults[:20]:
         print(f"{name}: {fault}", file=sys.stderr)

@@ -5,9 +5,13 @@
 The clock of the readings is accelerated: one comes each ten seconds, so that the week that a window remembers is over when the
 warm-up is. From then on its memory grows by less than a megabyte for a million readings, and the number of its open
 descriptors stays as it is. In the long form the readings after that take as little processor time as in a window that is new.
+
+    soak.py --hours 8     a window of a simulated instrument at the speed of the clock, for a shift
 """
 import statistics
 import sys
+import threading
+import time
 
 import plants
 from bench import main
@@ -85,10 +89,51 @@ def soak(bench):
             raise Fault(f"it ended with {monitor.process.returncode}; {monitor.said()}")
 
 
+def busy_time(monitor, seconds):
+    """Milliseconds of processor time that a window uses in a second, nearly all of them for painting."""
+    before, begin = monitor.processor_time(), time.monotonic()
+    threading.Event().wait(seconds)
+    return 1000 * (monitor.processor_time() - before) / (time.monotonic() - begin)
+
+
+def shift(bench, hours):
+    """A window shows a simulated instrument at the speed of the clock. Looked at sixty times, it holds no more in the last third than
+    in the second, has no more files open, and paints for no longer at the end than after the warm-up."""
+    end = time.monotonic() + 3600 * hours
+    pause = 3600 * hours / 60
+    with bench.start("sim:ic4", "--settings", "shift.xui") as monitor:
+        busy, memory, descriptors = [], [], []
+        while time.monotonic() < end:
+            busy.append(busy_time(monitor, pause))
+            memory.append(monitor.memory())
+            descriptors.append(monitor.descriptors())
+        third = len(busy) // 3
+        early, late = statistics.median(busy[third:2 * third]), statistics.median(busy[2 * third:])
+        bench.at_most("% of the processor time of the second third:", 100 * late / early)
+        bench.at_most("MB at the end:", memory[-1] / 1e6)
+        bench.at_most("kB of growth in the last third:", (memory[-1] - memory[2 * third]) / 1e3)
+        if late > MOST_SLOWER * early:
+            raise Fault(f"it is busy for {late:.1f} ms in a second, after {early:.1f} ms")
+        if descriptors[-1] > descriptors[third]:
+            raise Fault("files that it opened stay open")
+        if memory[-1] - memory[2 * third] > MOST_STEPS:
+            raise Fault(f"its memory grew by {(memory[-1] - memory[2 * third]) / 1e6:.1f} MB in the last third")
+        if monitor.close_window():
+            raise Fault(f"it ended with {monitor.process.returncode}; {monitor.said()}")
+
+
+def add_options(parser):
+    parser.add_argument("--hours", type=float, default=0.0, help="how long a simulated instrument is shown, instead of the readings of months")
+
+
 def drive(bench):
+    if hours := getattr(bench.options, "hours", 0.0):
+        with bench.trying(f"{hours:g} hours"):
+            shift(bench, hours)
+        return
     with bench.trying("readings of months"):
         soak(bench)
 
 
 if __name__ == "__main__":
-    sys.exit(main("soak", drive, [plants.GROWTH, plants.OPEN_FILES, plants.CRASH]))
+    sys.exit(main("soak", drive, [plants.GROWTH, plants.OPEN_FILES, plants.CRASH], add_options))

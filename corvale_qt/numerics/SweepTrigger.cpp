@@ -41,4 +41,10 @@ bool TriggerSearch::add(double x, double reading, bool mayTrigger)
     return true;
 }
 
+void TriggerSearch::forgetSide()
+{
+    m_wasBelow = false;
+    m_wasAbove = false;
+}
+
 } // namespace Corvale_Qt

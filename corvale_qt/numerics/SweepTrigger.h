@@ -65,6 +65,8 @@ public:
     /*! Adds a reading at \a x. Returns whether it is a trigger. If it may not be one, an edge passes without a trigger, and no
         hold-off begins. */
     bool add(double x, double reading, bool mayTrigger = true);
+    //! Forgets on which side of the level the readings were, as if the next one were the first. The hold-off goes on.
+    void forgetSide();
 
 private:
     SweepTrigger m_trigger;

@@ -247,6 +247,8 @@ void ScopeContext::cellsChanged(int top, int bottom)
     namesChanged = namesChanged || all || top == 0;
     if (all || top <= 1)
         units.outdate(); // a change of unit is announced as one of all samples
+    if (all || (top <= 1 && bottom > 0 && bottom >= model.lastRow()))
+        triggered.valuesChanged();
     // Row 0 says which channels are shown, and in which colours.
     if (all || top == 0 || bottom >= model.lastRow())
         statistics.outdate();

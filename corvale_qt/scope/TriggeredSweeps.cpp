@@ -47,12 +47,33 @@ int TriggeredSweeps::before(int length) const
     return std::min(int(std::lround(m_trigger.shareBefore * length)), length - 1);
 }
 
+/*! Reads the last rows that were searched once more, without finding triggers there. Otherwise a step that only the change of their
+    values made would be one. */
+void TriggeredSweeps::readAgain(const PlotDataReader &reader)
+{
+    constexpr int most = 512;
+    double x[most];
+    double values[most];
+    const int first = std::max(1, m_nextRow - most);
+    const int count = m_nextRow - first;
+    m_areValuesOther = false;
+    m_search.forgetSide();
+    if (count < 1)
+        return;
+    reader.read(0, first, count, x);
+    reader.read(m_trigger.channel, first, count, values);
+    for (int i = 0; i < count; ++i)
+        m_search.add(x[i], values[i], false);
+}
+
 //! Searches for the next trigger that has enough rows before it and lies behind the last sweep.
 void TriggeredSweeps::search(const PlotDataReader &reader, int lastRow, int length)
 {
     constexpr int chunk = 512;
     double x[chunk];
     double values[chunk];
+    if (m_areValuesOther && m_nextRow - 1 <= lastRow)
+        readAgain(reader);
     while (m_nextRow <= lastRow && m_triggerRow == 0) {
         const int first = m_nextRow;
         const int count = std::min(chunk, lastRow - first + 1);

@@ -34,6 +34,8 @@ public:
     //! Begins again with row 1.
     void restart();
     void rowsRemoved(int start, int end);
+    //! Rows that were searched have other values now: those of another unit, or from which a zero is subtracted.
+    void valuesChanged() { m_areValuesOther = true; }
 
     TriggerState state() const { return m_state; }
     /*! Searches the rows up to \a lastRow that are new. Returns the newest sweep of \a length rows that they complete. */
@@ -44,11 +46,13 @@ private:
     std::optional<Sweep> triggered(const PlotDataReader &reader, int lastRow, int length);
     std::optional<Sweep> automatic(int lastRow, int length);
     void search(const PlotDataReader &reader, int lastRow, int length);
+    void readAgain(const PlotDataReader &reader);
 
     SweepTrigger m_trigger;
     TriggerSearch m_search;
     TriggerState m_state = TriggerState::Off;
     bool m_isDone = false; //!< a single sweep was shown
+    bool m_areValuesOther = false; //!< than those that were searched
     int m_nextRow = 1; //!< the first row that was not searched
     int m_triggerRow = 0; //!< its sweep is not complete; 0 for none
     int m_shownTo = 0; //!< the last row of the last sweep; triggers up to it do not count

@@ -225,6 +225,29 @@ private Q_SLOTS:
         QCOMPARE(cut.state(), TriggerState::Triggered);
     }
 
+    //! Rows that change all at once, as they do with another unit, make no edge; one that comes after them is found.
+    void aChangeOfUnitIsNoTrigger()
+    {
+        const auto triggerAfter = [](bool isToldOf, double before, double after) {
+            TriggeredSweeps sweeps;
+            sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
+            ScopeTestModel inOneUnit(2), inAnother(2);
+            inOneUnit.appendRows(12, 1.0, [](int, double) {
+                return 0.25;
+            });
+            sweeps.update(PlotDataReader(&inOneUnit), 12, 4);
+            inAnother.appendRows(20, 1.0, [=](int, double time) {
+                return time < 15.0 ? before : after;
+            });
+            if (isToldOf)
+                sweeps.valuesChanged();
+            const auto sweep = sweeps.update(PlotDataReader(&inAnother), 20, 4);
+            return sweep ? sweep->origin : 0;
+        };
+        QCOMPARE(triggerAfter(true, 1.0, 1.0), 0);
+        QCOMPARE(triggerAfter(true, 0.4, 1.0), 16);
+        QCOMPARE(triggerAfter(false, 1.0, 1.0), 13); // as if the readings had risen there
+    }
     void triggersThatDoNotCome()
     {
         ScopeTestModel model(2);

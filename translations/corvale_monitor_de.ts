@@ -2714,6 +2714,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
         <translation>Die Datei dieser Quelle konnte nicht begonnen werden; das Protokoll sagt, warum. Beenden Sie die Aufzeichnung und beginnen Sie eine neue</translation>
     </message>
+    <message>
+        <source>the texts in it are damaged</source>
+        <translation>die Texte darin sind beschädigt</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

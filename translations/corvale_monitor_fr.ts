@@ -2714,6 +2714,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
         <translation>le fichier de cette source n&apos;a pas pu être créé ; le journal dit pourquoi. Arrêtez l&apos;enregistrement et commencez-en un autre</translation>
     </message>
+    <message>
+        <source>the texts in it are damaged</source>
+        <translation>les textes qu’il contient sont endommagés</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

@@ -2714,6 +2714,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
         <translation>このソースのファイルを作成できませんでした。理由はログにあります。記録を停止し、新しく開始してください</translation>
     </message>
+    <message>
+        <source>the texts in it are damaged</source>
+        <translation>その中のテキストが壊れています</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

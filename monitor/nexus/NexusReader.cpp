@@ -4,6 +4,7 @@
 #include "monitor/core/Text.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/nexus/NexusTree.h"
+#include "monitor/nexus/TextHeaps.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -74,6 +75,8 @@ bool NexusReader::Private::open(const QString &path)
     const Hdf5Turn turn;
     if (!QFileInfo(path).isReadable())
         return fail(Text::tr("this user may not read it"));
+    if (const QString fault = faultOfTextHeaps(path); !fault.isEmpty())
+        return fail(fault);
     const Hdf5Object access(H5Pcreate(H5P_FILE_ACCESS));
     // A file that is only read needs no lock, which some file systems refuse.
     H5Pset_file_locking(access.id(), false, true);

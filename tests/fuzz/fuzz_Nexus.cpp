@@ -17,7 +17,9 @@ using namespace Monitor;
 
         g NAME         a group below the present one, which becomes the present one
         u              the group above becomes the present one
-        d NAME TYPE SIZES...    a data set (f: floating point, i: whole numbers, s: text), with values if it is small
+        d NAME TYPE SIZES...    a data set, with values if it is small: f, floating point; i, whole numbers; r, numbers that go
+                       back; s, texts; x, texts of 8 bytes
+        e NAME         a link to another file
         l NAME TEXT|TEXT...     a data set of texts
         t NAME TEXT|TEXT...     texts as an attribute of what was made last
         n NAME NUMBER  a number as an attribute of what was made last */
@@ -53,6 +55,14 @@ public:
             break;
         case 'd':
             m_last = data(words);
+            break;
+        case 'e':
+            H5Lcreate_external("/nowhere.h5",
+                               "/",
+                               here(),
+                               words.value(1).constData(),
+                               H5P_DEFAULT,
+                               H5P_DEFAULT);
             break;
         case 'l':
             m_output.textsData(here(), name, text.split(QLatin1Char('|')));
@@ -93,7 +103,12 @@ private:
                                    : H5Screate_simple(int(sizes.size()), sizes.data(), nullptr));
         const Hdf5Object text = textType();
         const char kind = words.value(2).isEmpty() ? 'f' : words[2].front();
-        const hid_t type = kind == 's' ? text.id() : kind == 'i' ? H5T_STD_I32LE : H5T_IEEE_F64LE;
+        const Hdf5Object fixed(H5Tcopy(H5T_C_S1));
+        H5Tset_size(fixed.id(), 8);
+        const hid_t type = kind == 's' ? text.id()
+            : kind == 'x'              ? fixed.id()
+            : kind == 'i'              ? H5T_STD_I32LE
+                                       : H5T_IEEE_F64LE;
         // Without a chunk of its own, a large set would take its whole size on the disk.
         const Hdf5Object plan(H5Pcreate(H5P_DATASET_CREATE));
         const Hdf5Sizes chunk(sizes.size(), 1);
@@ -106,10 +121,10 @@ private:
                                    H5P_DEFAULT,
                                    plan.id(),
                                    H5P_DEFAULT));
-        if (kind != 's' && values <= mostStored && values > 0) {
+        if (kind != 's' && kind != 'x' && values <= mostStored && values > 0) {
             std::vector<double> numbers(std::size_t(values), 0.0);
             for (std::size_t i = 0; i < numbers.size(); ++i)
-                numbers[i] = double(i);
+                numbers[i] = kind == 'r' ? double(i % 3) : double(i);
             H5Dwrite(made.id(), H5T_NATIVE_DOUBLE, H5S_ALL, H5S_ALL, H5P_DEFAULT, numbers.data());
         }
         return made;
@@ -184,6 +199,14 @@ std::vector<std::string> fuzzSeeds()
         "g data\nt NX_class NXdata\nt signal i\nd i f 3\nt axes time\nd time f 3\nt units min\n",
         data + "time\nd time f 99999999999\nd i f 99999999999\n",
         data + "time\n" + time + "d i s 3\n",
+        data + "time\nd time r 12\nd i f 12\n",
+        data + "time|x\nd time f 2\nd i f 2 300\nd x f 300\n",
+        data + "time|y|x\nd time f 2\nd i f 2 300 1\n",
+        data + "time|x\nd time f 2\nd i f 2 90000\n",
+        data + "time\ne time\nd i f 3\n",
+        "g entry\nt NX_class NXentry\nd start_time x\ng data\nt NX_class NXdata\nt signal i\nt "
+        "axes time\nd i f 3\n"
+        "d time f 3\n",
         own,
         own + "g events\nd readings_before i 2\nl value beam on|beam off\n"};
 }
@@ -200,7 +223,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         FUZZ_REQUIRE(!reader.errorString().isEmpty());
         return 0;
     }
+    const ReadPoint begin = reader.readPoint();
     readAll(&reader, &sink);
+    FUZZ_REQUIRE(reader.counts().readings == sink.readings);
     const int readings = sink.readings;
     NexusReader second(again);
     FUZZ_REQUIRE(second.open(path));
@@ -210,6 +235,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         FUZZ_REQUIRE(reader.rewind());
         readAll(&reader, &sink);
         FUZZ_REQUIRE(sink.readings == 2 * readings);
+        FUZZ_REQUIRE(reader.resume(begin));
+        readAll(&reader, &sink);
+        FUZZ_REQUIRE(sink.readings == 3 * readings);
     }
     return 0;
 }

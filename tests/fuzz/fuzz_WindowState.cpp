@@ -70,6 +70,14 @@ void tryFile(const QByteArray &content)
             settings.display(kind);
             settings.windows(kind);
         }
+        settings.hasStatistics();
+        settings.isHintDismissed();
+        settings.valueUnit();
+        settings.showsLegend();
+        settings.showsBarNames();
+        settings.isAlarmSoundOn();
+        settings.timeAxis();
+        settings.importFor(QStringLiteral("a.csv"));
         settings.detectorFile(QStringLiteral("sim:strips"));
         settings.list(QStringLiteral("recent"));
         window().restoreGeometry(settings.geometry());

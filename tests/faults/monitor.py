@@ -131,6 +131,14 @@ class Monitor:
                 raise Fault(f"waited in vain until {what}; {self.said()}")
             threading.Event().wait(0.01)
 
+    def run_for(self, seconds):
+        """Lets it run for some time. Raises Fault if it ends meanwhile."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            if self._reap(0):
+                raise Fault(f"it ended with {self.process.returncode}; {self.said()}")
+            threading.Event().wait(min(1.0, max(0.0, end - time.monotonic())))
+
     def memory(self):
         """Bytes of memory that it holds now."""
         pages = int(Path(f"/proc/{self.process.pid}/statm").read_text().split()[1])

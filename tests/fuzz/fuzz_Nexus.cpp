@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/Hdf5.h"
 #include "monitor/nexus/NexusReader.h"
+#include "monitor/nexus/TextHeaps.h"
 #include "monitor/readings/StreamHeader.h"
 #include "tests/support/FuzzTarget.h"
 
@@ -179,6 +180,25 @@ void build(const QString &path, const QByteArray &commands)
         builder.take(QByteArray(line).replace('\0', '0'));
 }
 
+//! Takes bytes as what follows the beginning of a file, and looks for heaps of texts there.
+void tryHeaps(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    FUZZ_REQUIRE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("\x89HDF\r\n\x1a\n\0\0\0\0\0\x08\x08\0", 16) + bytes);
+    file.close();
+    const QString fault = faultOfTextHeaps(path);
+    FUZZ_REQUIRE(fault.isEmpty() || bytes.contains("GCOL"));
+}
+
+//! Returns a heap of one text and free space of some size.
+std::string heapWithFreeSpace(char freeSize)
+{
+    const std::string text = std::string("\1\0\1\0\0\0\0\0\5\0\0\0\0\0\0\0hello\0\0\0", 24);
+    const std::string free = std::string(8, '\0') + freeSize + std::string(7 + 24, '\0');
+    return std::string("GCOL\1\0\0\0\x50\0\0\0\0\0\0\0", 16) + text + free;
+}
+
 } // namespace
 
 std::vector<std::string> fuzzSeeds()
@@ -204,6 +224,8 @@ std::vector<std::string> fuzzSeeds()
         data + "time|y|x\nd time f 2\nd i f 2 300 1\n",
         data + "time|x\nd time f 2\nd i f 2 90000\n",
         data + "time\ne time\nd i f 3\n",
+        heapWithFreeSpace(0x28),
+        heapWithFreeSpace(0),
         "g entry\nt NX_class NXentry\nd start_time x\ng data\nt NX_class NXdata\nt signal i\nt "
         "axes time\nd i f 3\n"
         "d time f 3\n",
@@ -216,7 +238,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("built.h5"));
-    build(path, QByteArray(reinterpret_cast<const char *>(data), int(size)));
+    const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));
+    if (bytes.startsWith("GCOL")) {
+        tryHeaps(path, bytes);
+        return 0;
+    }
+    build(path, bytes);
     CountingSink sink, again;
     NexusReader reader(sink);
     if (!reader.open(path)) {

@@ -67,6 +67,7 @@ void fillAndEmptyAQueue()
         ++wakes;
     });
     std::vector<std::thread> fillers;
+    fillers.reserve(threads);
     for (int thread = 0; thread < threads; ++thread)
         fillers.emplace_back([&queue] {
             const double times[] = {0.0, 1.0}, values[] = {1.0, 2.0};

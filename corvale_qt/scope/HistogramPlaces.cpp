@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/profile/CellPicture_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/scope/HistogramPlaces_p.h"
 #include "corvale_qt/scope/HistogramStatistics_p.h"
@@ -70,17 +71,16 @@ void HistogramPlaces::setLayout(const DetectorLayout &layout)
 void HistogramPlaces::addPlane(Axis axis, double shift)
 {
     const QVector<double> positions = m_layout.positions(axis);
-    const QVector<double> widths = m_layout.widths(axis);
-    const QVector<double> intervals = m_layout.intervals(axis);
+    const CellEdges edges = cellEdges(m_layout, axis == Axis::X); // as the profile display has them
     const int first = axis == Axis::X ? 0 : m_layout.cells(Axis::X);
     for (int i = 0; i < positions.size(); ++i) {
         const int reading = m_layout.readingAt(first + i);
         if (reading < 0)
             continue;
-        // A wire has no width; its bar is as wide as the part that it stands for.
-        const double half = (widths[i] > 0 ? widths[i] : intervals[i]) / 2;
-        const double centre = positions[i] + shift;
-        m_bars[reading] = {centre - half, centre + half, first + i};
+        m_bars[reading] = {edges.lower(i) + shift,
+                           edges.upper(i) + shift,
+                           positions[i] + shift,
+                           first + i};
     }
 }
 
@@ -89,7 +89,7 @@ int HistogramPlaces::nearestChannel(double x) const
     int nearest = 0;
     double distance = std::numeric_limits<double>::infinity();
     for (int i = 0; i < m_bars.size(); ++i) {
-        const double away = std::abs(m_bars[i].centre() - x);
+        const double away = std::abs(m_bars[i].place - x);
         if (m_bars[i].cell >= 0 && away < distance) {
             distance = away;
             nearest = i;

@@ -30,13 +30,13 @@ public:
     {
         double left = 0;
         double right = 0;
+        double place =
+            0; //!< of the strip: not in the middle, if its neighbours are not equally far away
         int cell = -1; //!< -1 for a reading that belongs to no strip; it has no bar
-
-        double centre() const { return (left + right) / 2; }
     };
     //! Returns the bar of a channel, counted from 0.
     const Bar &bar(int channel) const { return m_bars[channel]; }
-    //! Returns the channel, counted from 0, whose bar is nearest to a place on the x axis of the plot.
+    //! Returns the channel, counted from 0, whose strip is nearest to a place on the x axis of the plot.
     int nearestChannel(double x) const;
 
     //! Returns the axis of the plane that has all channels of a group; none if they belong to several planes.

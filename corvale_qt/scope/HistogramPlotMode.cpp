@@ -261,9 +261,8 @@ int HistogramPlotMode::markerChannel(int index) const
 double HistogramPlotMode::markerPlace(int channel) const
 {
     const HistogramPlaces &places = m_context.statistics.places();
-    return places.apply(m_context.statistics.bars().readings.size())
-        ? places.bar(channel - 1).centre()
-        : channel;
+    return places.apply(m_context.statistics.bars().readings.size()) ? places.bar(channel - 1).place
+                                                                     : channel;
 }
 
 //! Returns the statistics of the bars from one marker to the other.

@@ -217,7 +217,7 @@ QVector<Channel> Metadata::channels() const
     return channels;
 }
 
-//! Adds the detector. The cells of a matrix that nobody named are called after its rows and columns.
+//! Adds the detector. Cells that nobody named are called after their plane, or after their row and column.
 void Metadata::describeDetector(StreamHeader *header) const
 {
     using namespace Corvale_Qt;
@@ -231,6 +231,8 @@ void Metadata::describeDetector(StreamHeader *header) const
                                                      : DetectorKind::Matrix;
     stream.x.cells = pixels.columns;
     stream.y.cells = pixels.rows;
+    const bool named =
+        header->channels != StreamHeader::defaultChannels(header->kind, stream.readings);
     const EnglishTexts english; // of the fault, which is recorded
     DetectorFault fault;
     header->setDetector(m_detector.layout(stream, &fault));
@@ -239,9 +241,11 @@ void Metadata::describeDetector(StreamHeader *header) const
     const DetectorLayout &detector = header->detector;
     const int rows = detector.cells(DetectorLayout::Axis::Y);
     const int columns = detector.cells(DetectorLayout::Axis::X);
-    const bool named =
-        header->channels != StreamHeader::defaultChannels(header->kind, header->channels.size());
-    if (header->kind == StreamKind::Pixels && !named && detector.cells() == stream.readings)
+    if (named || detector.cells() != stream.readings)
+        return;
+    if (stream.kind == DetectorKind::Strips)
+        header->channels = StreamHeader::stripChannels(columns, rows);
+    else if (header->kind == StreamKind::Pixels)
         header->channels = StreamHeader::pixelChannels(rows, columns);
 }
 

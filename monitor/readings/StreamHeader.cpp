@@ -17,11 +17,10 @@ QString twoDigits(int number)
     return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
 }
 
-QString stripName(int index, int count)
+QString stripName(int index, int ofX)
 {
-    const int perAxis = (count + 1) / 2;
-    return index < perAxis ? QLatin1Char('x') + twoDigits(index + 1)
-                           : QLatin1Char('y') + twoDigits(index - perAxis + 1);
+    return index < ofX ? QLatin1Char('x') + twoDigits(index + 1)
+                       : QLatin1Char('y') + twoDigits(index - ofX + 1);
 }
 
 QString pixelName(int index, int columns)
@@ -181,7 +180,7 @@ QVector<Channel> StreamHeader::defaultChannels(StreamKind kind, int count)
         ++side;
     for (int i = 0; i < count; ++i) {
         if (kind == StreamKind::Strips)
-            channels.append({stripName(i, count), {}});
+            channels.append({stripName(i, (count + 1) / 2), {}});
         else if (kind == StreamKind::Pixels)
             channels.append({pixelName(i, side), {}});
         else if (kind == StreamKind::Spots)
@@ -189,6 +188,15 @@ QVector<Channel> StreamHeader::defaultChannels(StreamKind kind, int count)
         else
             channels.append({QStringLiteral("ch%1").arg(i + 1), {}});
     }
+    return channels;
+}
+
+QVector<Channel> StreamHeader::stripChannels(int ofX, int ofY)
+{
+    QVector<Channel> channels;
+    channels.reserve(ofX + ofY);
+    for (int i = 0; i < ofX + ofY; ++i)
+        channels.append({stripName(i, ofX), {}});
     return channels;
 }
 

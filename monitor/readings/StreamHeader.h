@@ -97,6 +97,8 @@ struct StreamHeader
     /*! Returns \a count channels with the usual names of that kind: x01 and y01, r01c01, the fields of a spot, or ch1.
         Only the fields of a spot have units. */
     static QVector<Channel> defaultChannels(StreamKind kind, int count);
+    //! Returns channels with the names of strips: x01 and so on, then y01 and so on.
+    static QVector<Channel> stripChannels(int ofX, int ofY);
     //! Returns channels with the names of the cells of a matrix, r01c01 and so on, row after row.
     static QVector<Channel> pixelChannels(int rows, int columns);
 };

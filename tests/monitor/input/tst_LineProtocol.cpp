@@ -354,7 +354,11 @@ private Q_SLOTS:
         row("unequal planes are not shared evenly",
             "#layout strips 3 1/0,1,2,3,4/1,1,2,3,4",
             "strips 3 + 1, positions in cells",
-            "start channels x01 x02 y01 y02");
+            "start channels x01 x02 x03 y01");
+        row("a single plane",
+            "#layout strips 0 3/#pitch 2 mm/0,1,2,3/1,1,2,3",
+            "strips 0 + 3, mm",
+            "start channels y01 y02 y03");
         row("rows and columns",
             "#layout matrix 2 3/#unit nA/#pitch 5 mm/0,1,2,3,4,5,6/1,1,2,3,4,5,6",
             "matrix 2 x 3, mm",

@@ -62,6 +62,7 @@ void RVXScopePlotView::setValueUnit(const QString &symbol)
     for (const int axis : {QwtPlot::yLeft, QwtPlot::yRight})
         d->context.axes.values(axis).setFixedUnit(symbol);
     d->context.model.setFixedUnit(symbol);
+    d->spectrogram->setValueUnit(symbol);
     d->context.statistics.outdate();
     RequestReplotRefresh();
     Q_EMIT valueUnitChanged(symbol);

@@ -5,13 +5,13 @@
 
 namespace Corvale_Qt {
 
-void AmountBox::setUnit(const QString &symbol, bool takesPrefix)
+void AmountBox::setUnit(const AmountUnit &unit)
 {
-    if (symbol == m_prefix.givenSymbol() && takesPrefix == m_takesPrefix)
+    if (unit == m_unit)
         return;
-    m_prefix = Units::SiPrefix(symbol);
-    m_takesPrefix = takesPrefix;
-    if (takesPrefix && value() != minimum())
+    m_unit = unit;
+    m_prefix = unit.prefix();
+    if (unit.takesPrefix && value() != minimum())
         m_prefix.follow(value());
     setSuffix(unitText()); // has the text made anew, also where the unit that is shown stays
 }
@@ -19,7 +19,7 @@ void AmountBox::setUnit(const QString &symbol, bool takesPrefix)
 void AmountBox::showAmount(double amount)
 {
     const bool isAmount = std::isfinite(amount) && amount >= minimum() && amount <= maximum();
-    if (isAmount && m_takesPrefix)
+    if (isAmount && m_unit.takesPrefix)
         m_prefix.follow(amount);
     setValue(isAmount ? amount : minimum());
     if (suffix() != unitText())
@@ -35,8 +35,8 @@ QString AmountBox::unitText() const
 
 QString AmountBox::textFromValue(double value) const
 {
-    return m_takesPrefix && m_prefix.isScalable() ? m_prefix.number(value)
-                                                  : QScienceSpinBox::textFromValue(value);
+    return m_unit.takesPrefix && m_prefix.isScalable() ? m_prefix.number(value)
+                                                       : QScienceSpinBox::textFromValue(value);
 }
 
 double AmountBox::valueFromText(const QString &) const

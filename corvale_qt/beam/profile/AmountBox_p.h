@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/units/SiPrefix.h"
+#include "corvale_qt/beam/profile/AmountUnit_p.h"
 #include "corvale_qt/widgets/QScienceSpinBox.h"
 
 namespace Corvale_Qt {
@@ -16,7 +16,7 @@ public:
     using QScienceSpinBox::QScienceSpinBox;
 
     //! Sets the symbol of the unit, and whether the text has the prefix that suits the value.
-    void setUnit(const QString &symbol, bool takesPrefix);
+    void setUnit(const AmountUnit &unit);
     //! Shows an amount, or what stands for none if it is not finite.
     void showAmount(double amount);
 
@@ -28,7 +28,7 @@ private:
     QString unitText() const;
 
     Units::SiPrefix m_prefix;
-    bool m_takesPrefix = false;
+    AmountUnit m_unit;
 };
 
 } // namespace Corvale_Qt

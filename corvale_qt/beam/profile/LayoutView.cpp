@@ -147,7 +147,7 @@ void LayoutView::setColors(const ColorSettings &settings, double max)
     m_picture->setColors(make(settings.map), range);
     setBarLogarithmic(settings.isLogarithmic);
     m_plot->axisWidget(QwtPlot::yRight)->setColorMap(range, make(settings.map));
-    if (m_takesPrefix)
+    if (m_unit.takesPrefix)
         m_barPrefix.follow(range.maxValue());
     m_plot->setAxisScale(QwtPlot::yRight, range.minValue(), range.maxValue());
     const QString unit = m_barPrefix.symbol();
@@ -168,11 +168,12 @@ void LayoutView::setBarLogarithmic(bool logarithmic)
     m_plot->setAxisScaleEngine(QwtPlot::yRight, engine);
 }
 
-void LayoutView::setUnit(const QString &unit, bool takesPrefix)
+void LayoutView::setUnit(const AmountUnit &unit)
 {
-    if (unit != m_barPrefix.givenSymbol() || takesPrefix != m_takesPrefix)
-        m_barPrefix = Units::SiPrefix(unit);
-    m_takesPrefix = takesPrefix;
+    if (unit == m_unit)
+        return;
+    m_unit = unit;
+    m_barPrefix = unit.prefix();
 }
 
 QString LayoutView::cellText(int column, int row) const
@@ -218,8 +219,8 @@ QString LayoutView::hoverText(const QPointF &place) const
         return text;
     const double value = m_picture->valueAt(place.x(), place.y());
     if (!std::isnan(value)) {
-        Units::SiPrefix prefix(m_barPrefix.givenSymbol());
-        if (m_takesPrefix)
+        Units::SiPrefix prefix = m_unit.prefix();
+        if (m_unit.takesPrefix)
             prefix.follow(value);
         const QString unit = prefix.symbol();
         text += QStringLiteral(": ") + QString::number(prefix.shown(value), 'g', 5)

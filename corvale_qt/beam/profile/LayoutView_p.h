@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/beam/profile/AmountUnit_p.h"
 #include "corvale_qt/beam/profile/CellPicture_p.h"
 #include "corvale_qt/beam/profile/ColorMaps_p.h"
 #include "corvale_qt/beam/profile/ProjectionItem_p.h"
@@ -52,8 +53,8 @@ public:
     void setSmoothing(bool smoothing) { m_picture->setSmoothing(smoothing); }
     void setProjectionsVisible(bool visible);
     bool areProjectionsVisible() const { return m_projectionsWanted; }
-    //! Sets the symbol of the unit of values, and whether they are shown with the prefix that suits them.
-    void setUnit(const QString &unit, bool takesPrefix);
+    //! Sets the unit of the values.
+    void setUnit(const AmountUnit &unit);
     //! Returns what the labels of the colour bar are multiplied by.
     double barFactor() const { return m_barPrefix.shown(1.0); }
     //! Returns the zoom; null before the first layout.
@@ -74,8 +75,8 @@ private:
     bool m_isBarLogarithmic = false;
     DetectorLayout m_layout;
     JudgedFrame m_frame;
+    AmountUnit m_unit{QString(), true, QString()};
     Units::SiPrefix m_barPrefix; //!< of the colour bar
-    bool m_takesPrefix = true;
     bool m_projectionsWanted = true;
 
     Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::LayoutView)

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/NoBeamText_p.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -14,6 +15,11 @@ NoBeamText::NoBeamText()
     setVisible(false);
 }
 
+QString NoBeamText::noBeam()
+{
+    return QCoreApplication::translate("Corvale_Qt::RVXPositionPlot", "no beam");
+}
+
 void NoBeamText::draw(QPainter *painter,
                       const QwtScaleMap & /*xMap*/,
                       const QwtScaleMap & /*yMap*/,
@@ -23,11 +29,13 @@ void NoBeamText::draw(QPainter *painter,
     const double most = std::min(canvasRect.height() / 3, canvasRect.width() / 8);
     font.setPixelSize(std::clamp(int(most), 9, 48));
     font.setBold(true);
+    const double room = 0.9 * canvasRect.width();
+    const int width = QFontMetrics(font).horizontalAdvance(m_text);
+    if (width > room)
+        font.setPixelSize(std::max(int(font.pixelSize() * room / width), 9));
     painter->setFont(font);
     painter->setPen(QColor(255, 179, 0));
-    painter->drawText(canvasRect,
-                      Qt::AlignCenter,
-                      QCoreApplication::translate("Corvale_Qt::RVXPositionPlot", "no beam"));
+    painter->drawText(canvasRect, Qt::AlignCenter, m_text);
 }
 
 } // namespace Corvale_Qt

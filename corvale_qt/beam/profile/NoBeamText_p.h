@@ -5,18 +5,28 @@
 
 #include <qwt_plot_item.h>
 
+#include <QString>
+
 namespace Corvale_Qt {
 
-//! Says "no beam" in the middle of a canvas. It is hidden at the start.
+//! Says why there is no position, usually "no beam", in the middle of a canvas. It is hidden at the start.
 class NoBeamText : public QwtPlotItem
 {
 public:
     NoBeamText();
 
+    void setText(const QString &text) { m_text = text; }
+    const QString &text() const { return m_text; }
+    //! Returns "no beam", translated.
+    static QString noBeam();
+
     void draw(QPainter *painter,
               const QwtScaleMap &xMap,
               const QwtScaleMap &yMap,
               const QRectF &canvasRect) const override;
+
+private:
+    QString m_text = noBeam();
 };
 
 } // namespace Corvale_Qt

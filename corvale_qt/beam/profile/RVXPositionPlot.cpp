@@ -93,9 +93,12 @@ public:
 
     //! Takes the newest position, which the next replot shows.
     void append(double x, double y);
-    //! Removes the marker, and says so.
-    void removeMarker();
-    bool saysNoBeam() const { return m_noBeam->isVisible(); }
+    //! Removes the marker, and says why.
+    void removeMarker(const QString &reason);
+    bool saysNoBeam() const
+    {
+        return m_noBeam->isVisible() && m_noBeam->text() == NoBeamText::noBeam();
+    }
     //! Returns what a screen reader says of the plot.
     ChartWords words() const;
 
@@ -259,8 +262,8 @@ PositionPlot::PositionPlot(QWidget *parent)
 
 ChartWords PositionPlot::words() const
 {
-    if (saysNoBeam())
-        return {RVXPositionPlot::tr("no beam"), QString()};
+    if (m_noBeam->isVisible())
+        return {m_noBeam->text(), QString()};
     if (m_trailX.isEmpty())
         return {RVXPositionPlot::tr("no position yet"), QString()};
     return {RVXPositionPlot::tr("newest position"),
@@ -284,10 +287,11 @@ void PositionPlot::append(double x, double y)
     m_noBeam->setVisible(false);
 }
 
-void PositionPlot::removeMarker()
+void PositionPlot::removeMarker(const QString &reason)
 {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();
     m_marker->setPosition(none, none);
+    m_noBeam->setText(reason);
     m_noBeam->setVisible(true);
 }
 
@@ -384,7 +388,14 @@ void RVXPositionPlot::setData(double x, double y, double sum)
 void RVXPositionPlot::showNoBeam()
 {
     Q_D(RVXPositionPlot);
-    d->plot->removeMarker();
+    d->plot->removeMarker(NoBeamText::noBeam());
+    d->takeNewest();
+}
+
+void RVXPositionPlot::showNotValid()
+{
+    Q_D(RVXPositionPlot);
+    d->plot->removeMarker(tr("position not valid"));
     d->takeNewest();
 }
 

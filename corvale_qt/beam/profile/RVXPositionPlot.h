@@ -52,6 +52,8 @@ public Q_SLOTS:
     void setData(double x, double y, double sum);
     //! Removes the marker and says "no beam" until the next position; the trail stays.
     void showNoBeam();
+    //! Removes the marker and says that the position of the beam is not valid, until the next position; the trail stays.
+    void showNotValid();
     /*! Sets the part of the ranges that is shown. Index 0 follows the data; 1 and 2 show the whole ranges; 3 to 14
         show 0.5, 0.2, 0.1 ... down to 0.0001 of them; any other index shows the whole ranges. */
     void setScale(int index);

@@ -63,7 +63,6 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
 {
     Q_D(RVXSpectrogram);
     d->regression = {};
-    d->newestNumbers.reset();
     if (options.size() >= 4) {
         d->regression.thresholdFraction = options[0];
         d->regression.halfWidth = truncated(options[1]);
@@ -71,6 +70,7 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
     }
     if (options.size() >= 5)
         d->regression.weightPower = truncated(std::floor(options[4] + 0.5));
+    d->presentAgain();
 }
 
 void RVXSpectrogram::setL408(bool enabled)

@@ -54,6 +54,8 @@ class CORVALE_QT_EXPORT RVXSpectrogram : public QWidget
     /*! Whether integral, maximum, colour bar and what the mouse is over are shown with the prefix that suits them, such as nC; false
         at the start, when only a described detector without an intensityUnit has prefixes, on its plot. */
     Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix)
+    //! With siPrefix, the unit that they are shown in whatever the numbers, such as "nA"; empty, as at first, for one that suits each.
+    Q_PROPERTY(QString valueUnit READ valueUnit WRITE setValueUnit)
     //! Whether the colours of a described detector follow the logarithm.
     Q_PROPERTY(bool logarithmicColors READ hasLogarithmicColors WRITE setLogarithmicColors)
     //! Whether profiles and their fits are drawn at the edges of a described detector; true at the start.
@@ -163,6 +165,11 @@ public:
     bool hasSiPrefix() const;
     //! Sets the property siPrefix. The numbers that functions return stay in their unit.
     void setSiPrefix(bool on);
+    //! Returns the property valueUnit.
+    QString valueUnit() const;
+    /*! Sets the property valueUnit. Of several symbols with spaces in between, the first one of the quantity that is shown counts; one
+        of another quantity fixes nothing. */
+    void setValueUnit(const QString &symbol);
     //! Returns the part of a described detector that is shown, in the units of its axes; the top of the rectangle is its lowest place.
     QRectF shownArea() const;
     //! Shows a part of a described detector; an empty rectangle shows all of it.
@@ -234,6 +241,9 @@ Q_SIGNALS:
         is all 0, and all frames without a layout. While nobody is connected, frames that are not shown are not
         computed. */
     void frameCalculated(const Corvale_Qt::SpectrogramResult &result);
+    /*! Emitted when getCalc() has a new calculation, of a new frame or because a setting computes the one that is shown again, whether
+        the side bar is hidden or not. */
+    void shownResultChanged();
     //! Emitted when the user chooses another entry of the scaling box; \a index is counted from 0.
     void changedYScale(int index);
 

@@ -26,10 +26,16 @@ void RVXSpectrogramPrivate::setCurrent(bool enabled)
 
 void RVXSpectrogramPrivate::setSampleRate(int rate)
 {
+    const double before = readingFactor();
     sampleRate = rate;
-    newestNumbers.reset();
+    if (readingFactor() == before)
+        return; // charges do not depend on the rate
+    lastMaximum *= readingFactor() / before;
     threshold->setFactor(readingFactor());
     discriminator->setFactor(readingFactor());
+    applyScale();
+    plot->replot();
+    presentAgain();
 }
 
 //! Returns the symbol of the unit of the readings that are shown.
@@ -43,9 +49,11 @@ QString RVXSpectrogramPrivate::amountUnit() const
 void RVXSpectrogramPrivate::applyUnit()
 {
     const QString unit = amountUnit();
-    plot->setAmountUnit(unit, siPrefix);
-    plot->layoutView().setUnit(unit, siPrefix || intensityUnit.isEmpty());
-    results.setAmountUnit(unit, siPrefix);
+    const AmountUnit shownUnit{unit, siPrefix, valueUnit};
+    plot->setAmountUnit(shownUnit);
+    plot->layoutView().setUnit(
+        {unit, siPrefix || intensityUnit.isEmpty(), siPrefix ? valueUnit : QString()});
+    results.setAmountUnit(shownUnit);
     for (QDoubleSpinBox *box : {ui.threshold_QScienceSpinBox, ui.discriminator_QScienceSpinBox})
         box->setSuffix(QLatin1Char(' ') + unit);
 }
@@ -65,6 +73,7 @@ void RVXSpectrogram::setIntensityUnit(const QString &unit)
     d->applyUnit();
     d->applyScale();
     d->plot->replot();
+    d->presentAgain(); // the smallest peak of a fit is a charge
 }
 
 bool RVXSpectrogram::hasSiPrefix() const
@@ -79,6 +88,23 @@ void RVXSpectrogram::setSiPrefix(bool on)
     if (on == d->siPrefix)
         return;
     d->siPrefix = on;
+    d->applyUnit();
+    d->applyScale();
+    d->plot->replot();
+}
+
+QString RVXSpectrogram::valueUnit() const
+{
+    Q_D(const RVXSpectrogram);
+    return d->valueUnit;
+}
+
+void RVXSpectrogram::setValueUnit(const QString &symbol)
+{
+    Q_D(RVXSpectrogram);
+    if (symbol == d->valueUnit)
+        return;
+    d->valueUnit = symbol;
     d->applyUnit();
     d->applyScale();
     d->plot->replot();

@@ -372,7 +372,6 @@ bool RVXSpectrogramPrivate::isBelowThreshold(const BeamFrame &frame) const
 
 void RVXSpectrogramPrivate::present(const JudgedFrame &frame)
 {
-    Q_Q(RVXSpectrogram);
     if (!drawing)
         return;
     newestWaits = false;
@@ -386,21 +385,29 @@ void RVXSpectrogramPrivate::present(const JudgedFrame &frame)
     shown = newest;
     showFrame(frame);
     redrawPending = false;
-    if (!sidebar)
-        Q_EMIT q->calcUpdate();
+    announceShown();
 }
 
 /*! Computes and shows the frame on the screen again, after a setting changed. A caller does this last, since a slot that hears
     of the new numbers may delete the display. */
 void RVXSpectrogramPrivate::presentAgain()
 {
-    Q_Q(RVXSpectrogram);
     newestNumbers.reset();
     if (!shown.exists())
         return;
     showFrame(frameOf(shown));
+    announceShown();
+}
+
+//! Tells that other numbers are shown. A slot may delete the display.
+void RVXSpectrogramPrivate::announceShown()
+{
+    Q_Q(RVXSpectrogram);
+    const QPointer<RVXSpectrogram> stillThere(q);
     if (!sidebar)
         Q_EMIT q->calcUpdate();
+    if (stillThere)
+        Q_EMIT q->shownResultChanged();
 }
 
 //! Averages the newest frames and subtracts the background from them again, after a setting of that changed.

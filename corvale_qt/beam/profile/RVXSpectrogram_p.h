@@ -69,6 +69,7 @@ public:
     bool isBelowThreshold(const BeamFrame &frame) const;
     void present(const JudgedFrame &frame);
     void presentAgain();
+    void announceShown();
     void processAgain();
     void showFrame(const JudgedFrame &frame);
     void showResults() { results.show(judged, sidebar); }
@@ -91,6 +92,8 @@ public:
     DetectorMode detector;
     QString intensityUnit; //!< of the readings of a described detector; empty for coulomb or ampere
     bool siPrefix = false;
+    QString
+        valueUnit; //!< with siPrefix, the unit that is shown; empty for the prefix that suits each number
     double intensityFactor = 1.0; //!< what one base unit of a known intensityUnit is in it
     RegressionOptions<double> regression; //!< with the smallest peak as a charge
 

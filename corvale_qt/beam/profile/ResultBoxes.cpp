@@ -81,10 +81,10 @@ void ResultBoxes::setLengthUnits(const QString &x, const QString &y)
     set({m_ui.doubleSpinBox_major, m_ui.doubleSpinBox_minor}, x == y ? x : QString());
 }
 
-void ResultBoxes::setAmountUnit(const QString &symbol, bool takesPrefix)
+void ResultBoxes::setAmountUnit(const AmountUnit &unit)
 {
     for (AmountBox *box : {m_ui.integral_QScienceSpinBox, m_ui.max_QScienceSpinBox})
-        box->setUnit(symbol, takesPrefix);
+        box->setUnit(unit);
 }
 
 void ResultBoxes::show(const JudgedFrame &frame, bool all)
@@ -95,14 +95,18 @@ void ResultBoxes::show(const JudgedFrame &frame, bool all)
     };
     showNumber(m_ui.doubleSpinBox_meanx, calc.meanX);
     showNumber(m_ui.doubleSpinBox_meany, calc.meanY);
-    showNumber(m_ui.doubleSpinBox_elongation, ifValid(calc.elongation));
+    // A detector of one plane tells nothing about a shape.
+    const bool isShape =
+        calc.meanX != SpectrogramCalc::invalid && calc.meanY != SpectrogramCalc::invalid;
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    showNumber(m_ui.doubleSpinBox_elongation, isShape ? ifValid(calc.elongation) : none);
     if (!all)
         return;
     showNumber(m_ui.doubleSpinBox_dx, calc.sigmaX);
     showNumber(m_ui.doubleSpinBox_dy, calc.sigmaY);
     showNumber(m_ui.doubleSpinBox_major, calc.sigmaMajor);
     showNumber(m_ui.doubleSpinBox_minor, calc.sigmaMinor);
-    showNumber(m_ui.doubleSpinBox_rotation, ifValid(frame.beam.axisRotation));
+    showNumber(m_ui.doubleSpinBox_rotation, isShape ? ifValid(frame.beam.axisRotation) : none);
     m_ui.integral_QScienceSpinBox->showAmount(ifValid(calc.integral));
     m_ui.max_QScienceSpinBox->showAmount(ifValid(calc.max));
     showVerdict(frame);

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/beam/profile/AmountUnit_p.h"
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 #include "corvale_qt/plot/AccessibleChart_p.h"
 
@@ -28,7 +29,7 @@ public:
     //! Sets the units behind lengths along X and Y. Lengths of the axes of the ellipse have a unit only if both are equal.
     void setLengthUnits(const QString &x, const QString &y);
     //! Sets the symbol of the unit of integral and maximum, and whether each is shown with the prefix that suits it.
-    void setAmountUnit(const QString &symbol, bool takesPrefix);
+    void setAmountUnit(const AmountUnit &unit);
     //! Shows the numbers of a frame; only mean X, mean Y and elongation unless \a all.
     void show(const JudgedFrame &frame, bool all);
     //! Keeps a place for two reasons of a verdict, so that the controls below do not jump from frame to frame.

@@ -246,7 +246,7 @@ void SpectrogramPlot::applyColors()
     m_raster->setColorMap(makeColorMap(m_colors.map));
     m_raster->setColorRange(m_colorRange);
     axisWidget(yRight)->setColorMap(QwtInterval(0, m_colorRange), makeColorMap(m_colors.map));
-    if (m_takesPrefix)
+    if (m_unit.takesPrefix)
         m_prefix.follow(m_colorRange);
     setAxisScale(yRight, 0, m_colorRange);
     setAxisTitle(yRight, LayoutView::tr("Intensity (%1)").arg(m_prefix.symbol()));
@@ -258,12 +258,12 @@ void SpectrogramPlot::setSmoothing(bool smoothing)
     m_layoutView.setSmoothing(smoothing);
 }
 
-void SpectrogramPlot::setAmountUnit(const QString &symbol, bool takesPrefix)
+void SpectrogramPlot::setAmountUnit(const AmountUnit &unit)
 {
-    if (symbol == m_prefix.givenSymbol() && takesPrefix == m_takesPrefix)
+    if (unit == m_unit)
         return;
-    m_prefix = Units::SiPrefix(symbol);
-    m_takesPrefix = takesPrefix;
+    m_unit = unit;
+    m_prefix = unit.prefix();
     applyColors();
 }
 
@@ -288,9 +288,10 @@ QString SpectrogramPlot::hoverText(const QPointF &position) const
     const QVector<double> values = m_raster->values();
     if (cell >= values.size())
         return QStringLiteral("NULL");
-    const QString value = m_takesPrefix
-        ? Units::SiPrefix::text(values[cell], m_prefix.givenSymbol())
-        : QString::number(values[cell], 'g', 6);
+    Units::SiPrefix prefix = m_unit.prefix();
+    prefix.follow(values[cell]);
+    const QString value =
+        m_unit.takesPrefix ? prefix.text(values[cell]) : QString::number(values[cell], 'g', 6);
     if (m_layout != ProfileLayout::PixelMatrix)
         return QStringLiteral("Index [%1][%2]: %3").arg(column).arg(row).arg(value);
     const int reading = RoundPixelDetector::readingAt(row, column);

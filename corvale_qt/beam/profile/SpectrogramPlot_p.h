@@ -7,7 +7,6 @@
 #include "corvale_qt/beam/profile/LayoutView_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
 #include "corvale_qt/plot/SquarePlot_p.h"
-#include "corvale_qt/units/SiPrefix.h"
 
 namespace Corvale_Qt {
 
@@ -54,7 +53,7 @@ public:
     const ColorSettings &colorSettings() const { return m_colors; }
     void setSmoothing(bool smoothing);
     //! Sets the symbol of the unit of the values, and whether they are shown with the prefix that suits them.
-    void setAmountUnit(const QString &symbol, bool takesPrefix);
+    void setAmountUnit(const AmountUnit &unit);
     //! Returns what the labels of the colour bar are multiplied by.
     double barFactor() const;
     void setColorBarVisible(bool visible);
@@ -76,8 +75,8 @@ private:
     Ellipse *m_ellipse;
     ChannelHover *m_hover = nullptr;
     LayoutView m_layoutView;
-    Units::SiPrefix m_prefix{QStringLiteral("C")}; //!< of the colour bar, unless a layout is shown
-    bool m_takesPrefix = false;
+    AmountUnit m_unit{QStringLiteral("C"), false, QString()};
+    Units::SiPrefix m_prefix = m_unit.prefix(); //!< of the colour bar, unless a layout is shown
 
     ProfileLayout m_layout = ProfileLayout::None;
     DetectorGrid m_grid;

@@ -321,6 +321,16 @@ private Q_SLOTS:
         display.feed(Frames::pixels(2e-10));
         display.box("integral_QScienceSpinBox")->interpretText();
         QCOMPARE(display.box("integral_QScienceSpinBox")->value(), integral);
+        display.widget.setValueUnit("mV nC"); // the first one of the quantity counts
+        QVERIFY2(display.text("max_QScienceSpinBox").endsWith(" nC"),
+                 qPrintable(display.text("max_QScienceSpinBox")));
+        QCOMPARE(title(), QString("Intensity (nC)"));
+        display.feed(Frames::pixels(3e-6));
+        QVERIFY(display.text("integral_QScienceSpinBox").endsWith(" nC"));
+        QCOMPARE(title(), QString("Intensity (nC)"));
+        display.feed(Frames::pixels(2e-10));
+        display.widget.setValueUnit(QString());
+        QCOMPARE(title(), QString("Intensity (pC)"));
         display.widget.setSiPrefix(false);
         QCOMPARE(display.text("max_QScienceSpinBox"), plain);
         QCOMPARE(title(), QString("Intensity (C)"));
@@ -358,6 +368,30 @@ private Q_SLOTS:
         QCOMPARE(current.validity, charge.validity);
         QCOMPARE(current.reasons, charge.reasons);
         QVERIFY(near(current.peakInNoise / charge.peakInNoise, 1, 1e-9));
+    }
+
+    //! A setting holds for the frame on the screen at once, and whoever follows the numbers hears of it.
+    void settingsHoldForTheShownFrame()
+    {
+        for (const bool sidebar : {true, false}) {
+            DetectorDisplay display(harp());
+            RVXSpectrogram &widget = display.widget;
+            widget.sidebarEnabled(sidebar);
+            widget.currentEnabled(true);
+            const double charge = display.feedBeam({0, 0}, {5, 5}).integral;
+            const QSignalSpy told(&widget, &RVXSpectrogram::shownResultChanged);
+            widget.setSampleRate(1000);
+            QVERIFY(near(widget.getCalc().integral / charge, 1000, 1e-6));
+            QVERIFY(near(widget.colorRange().second / widget.getCalc().max, 1, 1e-6));
+            QCOMPARE(widget.verdict().validity, BeamValidity::Valid);
+            widget.setIntensityUnit("pA"); // 1e-6 pA is below the smallest peak, 1e-12 A
+            QCOMPARE(widget.verdict().validity, BeamValidity::NotValid);
+            widget.setIntensityUnit("A");
+            QCOMPARE(widget.verdict().validity, BeamValidity::Valid);
+            widget.SetRegressionOptions(true, {0, 1024, 1e-3, 0}, 1);
+            QCOMPARE(widget.verdict().validity, BeamValidity::NotValid);
+            QCOMPARE(told.size(), 4);
+        }
     }
 
     void belowTheThresholdNothingOldIsShown()

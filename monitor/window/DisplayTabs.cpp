@@ -69,6 +69,10 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_scope->plotView()->setGapIntervals(usualGapIntervals);
     letOperatorMove(*m_scope);
     m_scope->setConfirmClear(true);
+    connect(m_scope->plotView(),
+            &RVXScopePlotView::valueUnitChanged,
+            m_profile,
+            &ProfilePage::setValueUnit);
     showBaselineOn({m_profile, m_position});
     setCornerWidget(m_span);
     m_spotMap->spotMapView()->setModel(&m_spots);

@@ -54,6 +54,11 @@ FrameFeeder::FrameFeeder(MultichannelDeviceModel *model,
             [this](const QModelIndex &, int first, int last) {
                 feedRows(first, last);
             });
+    // Also if a person chooses another estimate of the frame that is shown.
+    connect(profile,
+            &Corvale_Qt::RVXSpectrogram::shownResultChanged,
+            this,
+            &FrameFeeder::followProfile);
     m_again.setSingleShot(true);
     m_again.setInterval(afterTheNextPicture);
     connect(&m_again, &QTimer::timeout, this, &FrameFeeder::feedLastAgain);
@@ -62,7 +67,16 @@ FrameFeeder::FrameFeeder(MultichannelDeviceModel *model,
 
 bool FrameFeeder::hasPosition() const
 {
-    return hasProfile() || std::min({m_left, m_right, m_up, m_down}) >= 0;
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    if (hasProfile()) // a single plane knows one coordinate only
+        return m_detector.cells(Axis::X) > 0 && m_detector.cells(Axis::Y) > 0;
+    return std::min({m_left, m_right, m_up, m_down}) >= 0;
+}
+
+//! Returns whether the displays show rows of the model. In a stream of frames, these are only numbers of the frames.
+bool FrameFeeder::showsRows() const
+{
+    return (hasProfile() || hasPosition()) && !m_model->header().hasFrames();
 }
 
 bool FrameFeeder::hasShownProfile() const
@@ -80,14 +94,14 @@ void FrameFeeder::setZeros(const QVector<double> &zeros)
     m_baseZeros = zeros;
     convertZeros();
     const int last = m_model->rowCount() - 1;
-    // What the model holds of a stream of frames are numbers of the frames.
-    if (!hasPosition() || last < 1 || m_model->header().hasFrames())
+    if (last < 1 || !showsRows())
         return;
     readRow(last);
-    if (hasProfile())
+    if (hasProfile()) {
         takeValues(std::nextafter(m_lastTime, std::numeric_limits<double>::infinity()), values());
-    else
-        feedPosition(m_values.data());
+        return;
+    }
+    feedPosition(m_values.data());
     m_again.start();
 }
 
@@ -111,7 +125,6 @@ void FrameFeeder::beginStream()
     m_down = header.indexOf(QStringLiteral("down"));
     m_values.resize(std::size_t(header.channels.size()));
     convertZeros();
-    m_lastShown = {};
     m_framesBefore = m_profile->shownResult().frame;
     m_hasPosition = false;
     tellLeftOut({});
@@ -152,19 +165,18 @@ void FrameFeeder::setVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
     if (!hasProfile())
         return;
     m_profile->setVerdictLimits(verdictLimitsOn(m_detector, limits));
-    followProfile(); // the beam has no position if it is not valid any more
 }
 
 void FrameFeeder::feedRows(int first, int last)
 {
-    const bool areNumbersOfFrames = m_model->header().hasFrames();
-    if (!hasPosition() || areNumbersOfFrames)
+    if (!showsRows())
         return;
     const int from = firstRowToFeed(first, last);
     const int step = 1 + (last - from) / mostRowsAtOnce;
     for (int row = last - (last - from) / step * step; row <= last; row += step)
         feed(row);
-    m_again.start();
+    if (!hasProfile())
+        m_again.start();
 }
 
 //! Returns the first row worth handing on: after a pause many rows come at once, and the oldest would not be seen.
@@ -202,10 +214,8 @@ QVector<double> FrameFeeder::values() const
 
 void FrameFeeder::takeFrame(double time, const QVector<double> &values)
 {
-    if (!hasProfile())
-        return;
-    takeValues(time, values);
-    m_again.start();
+    if (hasProfile())
+        takeValues(time, values);
 }
 
 void FrameFeeder::takeValues(double time, const QVector<double> &values)
@@ -217,7 +227,6 @@ void FrameFeeder::takeValues(double time, const QVector<double> &values)
     // The display starts with time 0 and would take a frame at 0 for one that it has seen.
     m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
     m_profile->setFrame(frame, m_lastTime);
-    followProfile();
 }
 
 void FrameFeeder::tellLeftOut(const QString &text)
@@ -228,7 +237,7 @@ void FrameFeeder::tellLeftOut(const QString &text)
     Q_EMIT leftOutChanged(text);
 }
 
-//! Hands the position of the frame that the profile display shows to the position plot.
+//! Hands the position of the frame that the profile display shows to the position plot, or says why there is none.
 void FrameFeeder::followProfile()
 {
     if (!hasShownProfile())
@@ -239,19 +248,48 @@ void FrameFeeder::followProfile()
         || shown.meanX != m_lastShown.meanX || shown.meanY != m_lastShown.meanY;
     m_lastFrame = result.frame;
     m_lastShown = shown;
-    if (isNew && shown.valid)
-        m_position->setData(shown.meanX, shown.meanY, shown.integral);
+    if (!shown.valid)
+        showWhyNotValid(shown.integral);
     else if (isNew)
+        m_position->setData(shown.meanX, shown.meanY, shown.integral);
+}
+
+void FrameFeeder::showWhyNotValid(double sum)
+{
+    const bool hasBeam = sum >= m_position->minimumSum()
+        && m_profile->verdict().peakInNoise > m_profile->verdictLimits().peakInNoise;
+    if (const auto place = placeBesideDetector(); hasBeam && place)
+        m_position->setData(place->x(), place->y());
+    else if (hasBeam)
+        m_position->showNotValid();
+    else
         m_position->showNoBeam();
 }
 
-/*! Follows the displays once they have drawn. They draw the frame that comes when they are due to redraw and skip others: the
-    profile then shows the last frame of a burst by itself, and the position of halves is handed on once more. */
+//! Returns where the middle of a beam lies that is not on the detector, if its flank on the detector is described well.
+std::optional<QPointF> FrameFeeder::placeBesideDetector() const
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    const QRectF area = m_profile->lengthArea();
+    const auto placeOn = [this](Axis axis, double length) {
+        const Corvale_Qt::BeamEstimate estimate = m_profile->estimate(axis);
+        const double worst = m_profile->verdictLimits().residualRms;
+        if (!estimate.isOk() || !(estimate.quality.residualRms <= worst))
+            return std::nan("");
+        // Lengths have another unit than the detector's own places.
+        return estimate.position.value * length
+            / (m_detector.upperEdge(axis) - m_detector.lowerEdge(axis));
+    };
+    const QPointF place(placeOn(Axis::X, area.width()), placeOn(Axis::Y, area.height()));
+    if (std::isnan(place.x()) || std::isnan(place.y()) || area.contains(place))
+        return {};
+    return place;
+}
+
+//! Shows the newest position of halves once the position plot, which skips positions that come too fast, is due to draw again.
 void FrameFeeder::feedLastAgain()
 {
-    if (hasProfile())
-        followProfile(); // a frame given twice would count twice in its averages
-    else
+    if (!hasProfile())
         feedPosition(m_values.data());
 }
 

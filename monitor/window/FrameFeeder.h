@@ -5,7 +5,10 @@
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 
 #include <QObject>
+#include <QPointF>
 #include <QTimer>
+
+#include <optional>
 
 namespace Monitor {
 
@@ -44,6 +47,7 @@ Q_SIGNALS:
     void leftOutChanged(const QString &text);
 
 private:
+    bool showsRows() const;
     void beginStream();
     void takeValues(double time, const QVector<double> &values);
     void tellLeftOut(const QString &text);
@@ -55,6 +59,8 @@ private:
     int firstRowToFeed(int first, int last) const;
     void beginDetector();
     void followProfile();
+    void showWhyNotValid(double sum);
+    std::optional<QPointF> placeBesideDetector() const;
     void feedLastAgain();
     void feedPosition(const double *values);
 
@@ -74,7 +80,7 @@ private:
     qint64 m_lastFrame = 0; //!< number of the frame that the position was taken from
     qint64 m_framesBefore =
         0; //!< number of the last frame that the profile showed of the stream before
-    bool m_hasPosition = false; //!< of halves; those of profiles are m_lastShown
+    bool m_hasPosition = false; //!< of halves
 };
 
 } // namespace Monitor

@@ -92,20 +92,32 @@ QString ProfilePage::length(double value, bool alongX) const
 //! Returns a sum of readings with their unit.
 QString ProfilePage::amount(double value) const
 {
-    return Corvale_Qt::Units::SiPrefix::text(value, m_display->intensityUnit());
+    Corvale_Qt::Units::SiPrefix prefix(m_display->intensityUnit());
+    prefix.fix(m_display->valueUnit());
+    prefix.follow(value);
+    return prefix.text(value);
+}
+
+void ProfilePage::setValueUnit(const QString &symbol)
+{
+    m_display->setValueUnit(symbol);
+    showNumbers();
 }
 
 QStringList ProfilePage::numbers() const
 {
     const SpectrogramCalc calc = m_display->getCalc();
-    return {tr("mean X %1").arg(length(calc.meanX, true)),
-            tr("mean Y %1").arg(length(calc.meanY, false)),
-            tr("\u03c3 X %1").arg(length(calc.sigmaX, true)),
-            tr("\u03c3 Y %1").arg(length(calc.sigmaY, false)),
-            tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
-            tr("elongation %1").arg(calc.elongation, 0, 'f', 2),
-            tr("integral %1").arg(amount(calc.integral)),
-            tr("max %1").arg(amount(calc.max))};
+    QStringList shape; // of which a single plane tells nothing
+    if (calc.meanX != SpectrogramCalc::invalid && calc.meanY != SpectrogramCalc::invalid)
+        shape = QStringList{tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
+                            tr("elongation %1").arg(calc.elongation, 0, 'f', 2)};
+    return QStringList{tr("mean X %1").arg(length(calc.meanX, true)),
+                       tr("mean Y %1").arg(length(calc.meanY, false)),
+                       tr("\u03c3 X %1").arg(length(calc.sigmaX, true)),
+                       tr("\u03c3 Y %1").arg(length(calc.sigmaY, false))}
+    + shape
+        + QStringList{tr("integral %1").arg(amount(calc.integral)),
+                      tr("max %1").arg(amount(calc.max))};
 }
 
 void ProfilePage::showNumbers()

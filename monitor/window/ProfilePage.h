@@ -25,6 +25,8 @@ public:
     void showFrame(const Corvale_Qt::DetectorFrame &frame, double time);
     //! Shows the numbers and the verdict of the frame in the display again.
     void showNumbers();
+    //! Shows sums of readings in this unit, whatever they are; empty for one that suits each.
+    void setValueUnit(const QString &symbol);
 
     QSize minimumSizeHint() const override;
 

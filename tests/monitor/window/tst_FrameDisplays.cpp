@@ -11,6 +11,14 @@
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/detector/DetectorFile.h>
+#include <corvale_qt/scope/RVXScope.h>
+#include <corvale_qt/scope/RVXScopePlotView.h>
+
+#include <qwt_plot.h>
+
+#include <QAccessible>
+
+#include <functional>
 
 using namespace Monitor;
 
@@ -170,6 +178,87 @@ private Q_SLOTS:
         s.source->give(2.0, stripBeam(3.0, 0.0));
         s.settle();
         QTRY_VERIFY(s.position.showsNoBeam());
+    }
+
+    //! "no beam" is said where there is none; a beam that cannot be measured, or lies off the detector, is told apart.
+    void theReasonForNoPositionIsTold()
+    {
+        FedDisplays s;
+        const auto said = [&s](QAccessible::Text kind) {
+            auto *plot = s.position.findChild<QwtPlot *>();
+            return QAccessible::queryAccessibleInterface(plot)->text(kind);
+        };
+        StreamHeader header;
+        header.setFrames(Corvale_Qt::detectorFromJson(R"({"detector":1,"kind":"matrix",
+                "x":{"cells":40,"pitch":0.1,"unit":"cm"},"y":{"cells":24,"pitch":1,"unit":"mm"}})"),
+                         "nC");
+        s.source->begin(header);
+        double time = 0;
+        const auto give = [&](const std::function<double(double, double)> &charge) {
+            std::vector<double> values;
+            for (int row = 0; row < 24; ++row)
+                for (int column = 0; column < 40; ++column)
+                    values.push_back(charge(column - 19.5, row - 11.5)); // mm
+            s.source->give(time += 0.1, values);
+            s.settle();
+        };
+        const auto beamAt = [](double x, double y) {
+            return [x, y](double ofX, double ofY) {
+                return std::exp(-std::pow((ofX - x) / 3, 2) / 2 - std::pow((ofY - y) / 2, 2) / 2);
+            };
+        };
+        give(beamAt(5, 3));
+        QTRY_VERIFY(said(QAccessible::Value).contains("X Position (mm) 5"));
+        give(beamAt(22, 3)); // the edge is at 20 mm
+        QTRY_VERIFY2(said(QAccessible::Value).contains("X Position (mm) 22"),
+                     qPrintable(said(QAccessible::Value)));
+        QVERIFY(!s.profile.getCalc().valid);
+        give([](double ofX, double ofY) {
+            return std::abs(ofX) < 12 && std::abs(ofY) < 8 ? 1.0 : 0.0; // a flat field
+        });
+        QTRY_COMPARE(said(QAccessible::Description), QString("position not valid"));
+        QVERIFY(!s.position.showsNoBeam());
+        give([](double, double) {
+            return 0.0;
+        });
+        QTRY_VERIFY(s.position.showsNoBeam());
+        give(beamAt(5, 3));
+        QTRY_VERIFY(said(QAccessible::Value).contains("X Position (mm) 5"));
+        s.profile.setVerdictLimits([] {
+            Corvale_Qt::VerdictLimits limits;
+            limits.widestSigma = 0.01;
+            return limits;
+        }());
+        QCOMPARE(said(QAccessible::Description),
+                 QString("position not valid")); // without a new frame
+    }
+
+    //! One plane has a profile, but no position in a plane.
+    void aSinglePlaneHasNoPosition()
+    {
+        ScriptedSession s;
+        Corvale_Qt::DetectorDescription plane;
+        plane.kind = Corvale_Qt::DetectorKind::Strips;
+        plane.x.cells = 24;
+        plane.x.pitch = 2;
+        plane.x.unit = QStringLiteral("mm");
+        s.session.setDetector(Corvale_Qt::DetectorLayout::fromDescription(plane));
+        DisplayTabs displays(s.session);
+        s.source->begin(StreamKind::Channels, 24, "nC");
+        QVERIFY(displays.offers("profile") && !displays.offers("position"));
+        std::vector<double> values;
+        for (int i = 0; i < 24; ++i)
+            values.push_back(std::exp(-std::pow(((i - 11.5) * 2 - 4) / 5, 2) / 2));
+        s.source->give(0.0, values);
+        s.settle();
+        QTRY_VERIFY(displays.profile()->getCalc().valid);
+        QVERIFY(std::abs(displays.profile()->getCalc().meanX - 4) < 0.01);
+        const QString numbers = displays.findChild<QLabel *>("profileNumbers")->text();
+        QVERIFY2(!numbers.contains("elongation") && !numbers.contains("rotation"),
+                 qPrintable(numbers));
+        displays.scope()->plotView()->setValueUnit("pC"); // of all values of the window
+        QCOMPARE(displays.profile()->valueUnit(), QString("pC"));
+        QVERIFY(displays.findChild<QLabel *>("profileNumbers")->text().contains(QString("pC")));
     }
 
     void aDescribedDetectorIsShown()

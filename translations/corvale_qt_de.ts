@@ -913,6 +913,10 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <source>newest position</source>
         <translation>neueste Position</translation>
     </message>
+    <message>
+        <source>position not valid</source>
+        <translation>Position nicht gültig</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScope</name>

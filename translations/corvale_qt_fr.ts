@@ -913,6 +913,10 @@ Fermer une fenêtre remet sa page en place.</translation>
         <source>newest position</source>
         <translation>dernière position</translation>
     </message>
+    <message>
+        <source>position not valid</source>
+        <translation>position non valide</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScope</name>

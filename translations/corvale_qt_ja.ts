@@ -912,6 +912,10 @@ Close a window to put its page back.</source>
         <source>newest position</source>
         <translation>最新の位置</translation>
     </message>
+    <message>
+        <source>position not valid</source>
+        <translation>位置は無効</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::RVXScope</name>

@@ -17,6 +17,8 @@
 #include <qwt_plot.h>
 
 #include <QAccessible>
+#include <QPushButton>
+#include <QSet>
 
 #include <functional>
 
@@ -425,6 +427,21 @@ private Q_SLOTS:
         QTRY_COMPARE(map->findChild<QLabel *>("titleLabel")->text(),
                      QString("One layer; 1 missing (2 MU), 0 extra (0 MU)"));
         QCOMPARE(map->spotMapView()->differences().missing, 1);
+        // The spot of layer 1 lies 2 mm beside its place, that of layer 2 is missing: the pictures differ.
+        displays.resize(800, 700);
+        displays.show();
+        QVERIFY(displays.showDisplay("spots"));
+        QSet<QByteArray> pictures;
+        for (const char *name : {"DifferenceButton", "DiffOverlayButton", "DataButton"}) {
+            auto *button = map->findChild<QPushButton *>(name);
+            QVERIFY2(button->isVisible(), name);
+            QTest::mouseClick(button, Qt::LeftButton);
+            QVERIFY(button->isChecked());
+            const QImage picture = map->spotMapView()->viewport()->grab().toImage();
+            pictures.insert(QByteArray(reinterpret_cast<const char *>(picture.constBits()),
+                                       int(picture.sizeInBytes())));
+        }
+        QCOMPARE(pictures.size(), 3);
         s.source->give(0.1, {2.0, 20.0, 0.0, 2.0, 4.0, 4.0});
         s.settle();
         QCOMPARE(map->spotMapView()->differences().missing, 0);

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/ChannelRings_p.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Corvale_Qt {
 
@@ -34,6 +35,32 @@ void ChannelRings::reset(int channels)
     m_times.setCapacity(0);
     m_channels = std::vector<Channel>(std::size_t(channels));
     makeHistory();
+}
+
+void ChannelRings::exchange(const std::vector<int> &former)
+{
+    std::vector<Channel> exchanged;
+    for (const int channel : former) {
+        if (channel != noChannel) {
+            exchanged.push_back(m_channels[std::size_t(channel)]);
+            continue;
+        }
+        const auto missing = std::numeric_limits<double>::quiet_NaN();
+        exchanged.push_back({SampleRing(SampleRing::capacity_type(m_ringCapacity),
+                                        SampleRing::size_type(rows()),
+                                        missing),
+                             BlockRanges()});
+    }
+    m_channels = std::move(exchanged);
+    if (m_history)
+        m_history->exchange(former, HistoryPyramid::blocksFor(m_historyBytes, channels()));
+}
+
+void ChannelRings::replace(int channel, const double *readings, int rows)
+{
+    Channel &own = m_channels[std::size_t(channel)];
+    std::copy(readings, readings + rows, own.ring.begin());
+    own.ranges.forget();
 }
 
 void ChannelRings::setHistory(double span, qint64 bytes)

@@ -21,6 +21,13 @@ public:
 
     //! Removes all rows and sets the number of channels.
     void reset(int channels);
+    //! A channel that begins without readings.
+    static constexpr int noChannel = -1;
+    /*! Replaces the channels and keeps the rows, and the history. Channel c goes on with the readings of channel \a former[c], or
+        with NaN for noChannel. */
+    void exchange(const std::vector<int> &former);
+    //! Replaces the oldest \a rows readings of a channel.
+    void replace(int channel, const double *readings, int rows);
     //! Sets how many rows there may be, at least 1; the newest stay.
     void setCapacity(int rows);
     int capacity() const { return m_capacity; }

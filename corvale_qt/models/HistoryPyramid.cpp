@@ -47,6 +47,27 @@ void HistoryPyramid::clear()
     m_isOpen = false;
 }
 
+void HistoryPyramid::exchange(const std::vector<int> &former, int blocksOfLevel)
+{
+    m_channels = int(former.size());
+    m_blocks = std::max(blocksOfLevel, fewestBlocks);
+    for (Level &level : m_levels) {
+        const size_t most = size_t(m_blocks);
+        dropOldest(level, std::max(level.intervals.size(), most) - most);
+        const size_t capacity = std::min(level.intervals.capacity(), most);
+        level.intervals.set_capacity(capacity);
+        std::vector<boost::circular_buffer<Block>> exchanged;
+        for (const int channel : former) {
+            if (channel < 0)
+                exchanged.emplace_back(capacity, level.intervals.size(), emptyBlock());
+            else
+                exchanged.push_back(level.blocks[size_t(channel)]);
+            exchanged.back().set_capacity(capacity);
+        }
+        level.blocks = std::move(exchanged);
+    }
+}
+
 void HistoryPyramid::append(const Rows &rows)
 {
     for (int row = 0; row < rows.count;) {
@@ -207,11 +228,16 @@ void HistoryPyramid::dropOld(Level &level) const
     while (level.intervals.size() - old > size_t(level.pending)
            && level.intervals[old].last < m_newest - m_span)
         ++old;
-    if (old == 0)
+    dropOldest(level, old);
+}
+
+void HistoryPyramid::dropOldest(Level &level, size_t blocks)
+{
+    if (blocks == 0)
         return;
-    level.intervals.erase_begin(old);
-    for (auto &blocks : level.blocks)
-        blocks.erase_begin(old);
+    level.intervals.erase_begin(blocks);
+    for (auto &each : level.blocks)
+        each.erase_begin(blocks);
 }
 
 //! Makes room in a full level by doubling it. One that has all of its blocks loses the oldest.

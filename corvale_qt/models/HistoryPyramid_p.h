@@ -51,6 +51,9 @@ public:
     //! Adds the rows that follow those before.
     void append(const Rows &rows);
     void clear();
+    /*! Replaces the channels. Channel c goes on with the blocks of channel \a former[c]; those of a negative one have no
+        readings. Where \a blocksOfLevel is less than before, the oldest blocks are dropped. */
+    void exchange(const std::vector<int> &former, int blocksOfLevel);
 
     int channels() const { return m_channels; }
     //! Returns how many rows were appended since the last clear().
@@ -92,6 +95,7 @@ private:
     void combine(int level);
     void push(int level, const Interval &interval);
     void dropOld(Level &level) const;
+    static void dropOldest(Level &level, size_t blocks);
     void enlarge(Level &level) const;
 
     int m_channels;

@@ -61,6 +61,36 @@ void RVXMultichannelDeviceModel::setChannelCount(int count)
     setChannels(QVector<Channel>(std::max(count, 0)));
 }
 
+void RVXMultichannelDeviceModel::exchangeChannels(const QVector<Channel> &channels,
+                                                  const QVector<int> &former)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    const int count = allowedChannels(channels.size());
+    std::vector<int> from;
+    for (int i = 0; i < count; ++i)
+        from.push_back(d->isChannel(former.value(i)) ? former[i] - 1 : ChannelRings::noChannel);
+    beginResetModel();
+    d->channels = channels.mid(0, count);
+    d->rings.exchange(from);
+    d->deviceFits.clear();
+    endResetModel();
+}
+
+void RVXMultichannelDeviceModel::setReadings(int column, const QVector<double> &readings)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (!d->isChannel(column) || readings.size() != d->visibleRows) {
+        qCWarning(lcModels) << readings.size() << "readings of column" << column
+                            << "do not belong to the" << d->visibleRows << "rows of"
+                            << d->rings.channels() << "channels";
+        return;
+    }
+    if (readings.isEmpty())
+        return;
+    d->rings.replace(column - 1, readings.constData(), readings.size());
+    Q_EMIT dataChanged(index(1, column), index(d->visibleRows, column));
+}
+
 RVXMultichannelDeviceModel::Channel RVXMultichannelDeviceModel::channel(int column) const
 {
     Q_D(const RVXMultichannelDeviceModel);

@@ -64,6 +64,13 @@ public:
     void setChannels(const QVector<Channel> &channels);
     //! Replaces the channels by \a count channels without names and units; see setChannels().
     void setChannelCount(int count);
+    /*! Replaces the channels in one reset that keeps the rows and the history. The channel in column c goes on with what the
+        channel in column \a former[c - 1] had; where that is 0, or no such column, or missing, its readings are NaN, and the
+        blocks of the history have none of it. Both channels must be given in the same unit. */
+    void exchangeChannels(const QVector<Channel> &channels, const QVector<int> &former);
+    /*! Replaces the readings of the channel in \a column in all announced rows, the oldest first; the history keeps its
+        blocks. Another number of readings is refused with a line on the debug stream. Emits dataChanged(). */
+    void setReadings(int column, const QVector<double> &readings);
     //! Returns a channel; \a column is 1 or more. An empty one if there is no such channel.
     Channel channel(int column) const;
     //! Names the channel in \a column, 1 or more. Emits headerDataChanged() and dataChanged() if the name is another one.

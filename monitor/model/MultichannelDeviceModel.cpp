@@ -34,6 +34,22 @@ MultichannelDeviceModel::~MultichannelDeviceModel() = default;
 
 void MultichannelDeviceModel::startStream(const StreamHeader &header)
 {
+    adopt(header, [this](const QVector<Channel> &channels) {
+        setChannels(channels);
+    });
+}
+
+void MultichannelDeviceModel::goOnWith(const StreamHeader &header, const QVector<int> &former)
+{
+    adopt(header, [this, &former](const QVector<Channel> &channels) {
+        exchangeChannels(channels, former);
+    });
+}
+
+//! Takes units and channels from a header, and hands the channels to the library's model by \a give.
+void MultichannelDeviceModel::adopt(const StreamHeader &header,
+                                    const std::function<void(const QVector<Channel> &)> &give)
+{
     // Views may use the former unit until they hear of the new one.
     const auto formerUnit = std::move(m_unit);
     const auto formerOwnUnits = std::move(m_ownUnits);
@@ -44,7 +60,7 @@ void MultichannelDeviceModel::startStream(const StreamHeader &header)
     QVector<Channel> channels;
     for (int i = 0; i < header.channels.size(); ++i)
         channels.append(channelOf(header, i));
-    setChannels(channels);
+    give(channels);
     SetUnits(m_unit.get());
 }
 
@@ -60,6 +76,16 @@ MultichannelDeviceModel::Channel MultichannelDeviceModel::channelOf(const Stream
         unit = std::make_unique<Corvale_Qt::Units::MeasurementUnit>(1.0, channel.unit, 1.0);
     m_ownUnits.push_back(std::move(unit));
     return {channel.name, m_ownUnits.back().get(), m_ownUnits.back().get()};
+}
+
+void MultichannelDeviceModel::setComputed(const ReadingBlock &readings)
+{
+    QVector<double> column(readings.size());
+    for (int channel = m_header.measured(); channel < readings.channels(); ++channel) {
+        for (int row = 0; row < readings.size(); ++row)
+            column[row] = readings.values(row)[channel];
+        setReadings(channel + 1, column);
+    }
 }
 
 void MultichannelDeviceModel::addReading(double time, const double *values)

@@ -6,6 +6,7 @@
 #include <corvale_qt/models/RVXBulkPlotData.h>
 #include <corvale_qt/models/RVXMultichannelDeviceModel.h>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -30,6 +31,11 @@ public:
 
     //! Begins a new acquisition: empties the model and adopts the channels, units and limits of the header.
     void startStream(const StreamHeader &header);
+    /*! Goes on with the present acquisition under a header with other computed channels. Column c keeps the readings and the
+        blocks of column \a former[c - 1], 0 for none. Readings that wait in a pause are dropped. */
+    void goOnWith(const StreamHeader &header, const QVector<int> &former);
+    //! Gives the rows the readings of their computed channels; \a readings are those of all channels in all rows.
+    void setComputed(const ReadingBlock &readings);
     /*! Adds readings, or only those that are due if there is a sampling period. Readings with another number of
         channels than the header are ignored. */
     void addReadings(const ReadingBlock &readings);
@@ -63,6 +69,8 @@ public:
 
 private:
     bool has(int row, int column) const;
+    void adopt(const StreamHeader &header,
+               const std::function<void(const QVector<Channel> &)> &give);
     Channel channelOf(const StreamHeader &header, int index);
     QVariant text(const QModelIndex &index) const;
     QVariant toolTip(int row, int column) const;

@@ -5,12 +5,24 @@
 #include "monitor/core/Text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace Monitor {
 
 namespace {
 
 constexpr int chunk = 256; // rows that are computed together
+
+//! Returns which of the channels is computed as \a wanted is; -1 for none.
+int indexOfSame(const QVector<Corvale_Qt::ComputedChannel> &channels,
+                const Corvale_Qt::ComputedChannel &wanted)
+{
+    const auto found = std::find_if(channels.begin(), channels.end(), [&](const auto &channel) {
+        return channel.name == wanted.name && channel.unit == wanted.unit
+            && channel.expression == wanted.expression;
+    });
+    return found == channels.end() ? -1 : int(found - channels.begin());
+}
 
 } // namespace
 
@@ -59,6 +71,34 @@ const ReadingBlock &ComputedStream::extended(const ReadingBlock &readings)
     for (int first = 0; first < readings.size(); first += chunk)
         compute(readings, first, std::min(chunk, readings.size() - first));
     return m_block;
+}
+
+QVector<int> ComputedStream::formerColumns(const ComputedStream &former, int measured) const
+{
+    QVector<int> columns(measured + m_expressions.count());
+    std::iota(columns.begin(), columns.begin() + measured, 1);
+    int *const own = columns.data() + measured;
+    for (int i = 0; i < m_expressions.count(); ++i) {
+        const int same = indexOfSame(former.m_channels, m_channels[i]);
+        own[i] = same < 0 || former.m_expressions.count() == 0 ? 0 : measured + 1 + same;
+    }
+    // Whatever may use a channel that is computed anew is computed anew itself.
+    const auto usesNew = [this, own](int i) {
+        for (int other = 0; other < m_expressions.count(); ++other)
+            if (own[other] == 0 && m_channels[i].expression.contains(m_channels[other].name))
+                return true;
+        return false;
+    };
+    for (bool changes = true; changes;) {
+        changes = false;
+        for (int i = 0; i < m_expressions.count(); ++i) {
+            if (own[i] == 0 || !usesNew(i))
+                continue;
+            own[i] = 0;
+            changes = true;
+        }
+    }
+    return columns;
 }
 
 //! Appends rows with their computed readings to the block.

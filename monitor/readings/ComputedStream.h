@@ -23,6 +23,9 @@ public:
     QString begin(StreamHeader &header);
     //! Returns the readings with those of the computed channels. The block is valid until the next call.
     const ReadingBlock &extended(const ReadingBlock &readings);
+    /*! Returns for each channel of the stream, of which \a measured are measured, the column in which it stood beside the computed
+        channels of \a former; 0 for a computed channel that was not there or was computed otherwise. */
+    QVector<int> formerColumns(const ComputedStream &former, int measured) const;
 
 private:
     void compute(const ReadingBlock &readings, int first, int rows);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace Monitor {
 
@@ -102,24 +103,26 @@ void Session::setRange(double low, double high)
 void Session::setComputedChannels(const QVector<Corvale_Qt::ComputedChannel> &channels)
 {
     m_computedChannels = channels;
-    m_computed = std::make_unique<ComputedStream>(channels);
+    const auto former = std::exchange(m_computed, std::make_unique<ComputedStream>(channels));
     const bool canCompute = m_told.kind == StreamKind::Channels && !m_told.hasFrames();
     if (!m_told.channels.isEmpty() && canCompute)
-        showAnew();
+        showAnew(*former);
 }
 
-//! Goes on with the present stream under another header, and shows again what is shown.
-void Session::showAnew()
+//! Goes on with the present stream under another header, and computes the readings that are shown anew.
+void Session::showAnew(const ComputedStream &former)
 {
     setPaused(false);
     showWaiting();
-    const ReadingBlock measured = m_model.shownReadings().first(m_statistics.header().measured());
     const StreamHeader header = completed(m_told);
     countAnew(header);
     m_timeline.setHeader(header);
     m_toShow.clear(header.channels.size());
-    showHeader();
-    m_model.putBefore(m_computed->extended(measured)); // all of them, whatever the sampling period
+    const int measured = header.measured();
+    const ReadingBlock shown = m_model.shownReadings().first(measured);
+    m_model.goOnWith(header, m_computed->formerColumns(former, measured));
+    m_model.setComputed(m_computed->extended(shown));
+    Q_EMIT streamStarted(header);
 }
 
 void Session::takeHeader(const StreamHeader &told)

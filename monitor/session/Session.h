@@ -137,7 +137,7 @@ private:
     void takeHeader(const StreamHeader &header);
     StreamHeader completed(const StreamHeader &told);
     void countAnew(const StreamHeader &header);
-    void showAnew();
+    void showAnew(const ComputedStream &former);
     void takeJump();
     bool takeNewPart(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);

@@ -12,6 +12,7 @@
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/ModelWatch.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -53,6 +54,19 @@ public:
             }
         }
         model.appendRows(stamps.data(), block.data(), rows);
+    }
+
+    //! Exchanges the channels, in the model and in the rows that it ever took.
+    void exchange(const QVector<int> &former)
+    {
+        const int before = model.NumberOfChannels();
+        model.exchangeChannels(QVector<RVXMultichannelDeviceModel::Channel>(former.size()), former);
+        std::vector<double> exchanged;
+        for (size_t row = 0; row < times.size(); ++row)
+            for (const int column : former)
+                exchanged.push_back(
+                    column == 0 ? gap : readings[row * size_t(before) + size_t(column - 1)]);
+        readings = std::move(exchanged);
     }
 
     const RVXPlotHistory &history() const { return *RVXPlotHistory::of(&model); }
@@ -125,6 +139,20 @@ QString historyFault(const Acquisition &all)
         }
         if (level == 0 && next != all.dropped())
             return QStringLiteral("level 0 ends at %1, not %2").arg(next).arg(all.dropped());
+    }
+    return QString();
+}
+
+//! Returns which row of the model differs from those that it took.
+QString rowsFault(const Acquisition &all)
+{
+    for (int row = 1; row < all.model.rowCount(); ++row) {
+        for (int column = 1; column <= all.model.NumberOfChannels(); ++column) {
+            const RVXPlotHistory::Block own = all.literalBlock(all.dropped() + row - 1, 1, column);
+            const double shown = all.model.doubleData(row, column);
+            if (own.count == 0 ? !std::isnan(shown) : shown != own.mean)
+                return QStringLiteral("row %1, column %2").arg(row).arg(column);
+        }
     }
     return QString();
 }
@@ -259,6 +287,47 @@ private Q_SLOTS:
             QCOMPARE(coverFault(all, a, b, 100 + int(random() % 1000)), QString());
         }
         QVERIFY(all.model.historyMemoryInUse() <= HistoryPyramid::mostBytes(64, channels));
+    }
+
+    void channelsAreExchangedInRowsAndBlocks()
+    {
+        // So little memory that more channels leave room for fewer blocks of each level.
+        Acquisition all(2, 100, HistoryPyramid::mostBytes(300, 2));
+        ModelWatch watch(&all.model);
+        all.append(60000, true);
+        for (const QVector<int> &former :
+             {QVector<int>{2, 0, 1, 0}, {1, 3}, {2, 2, 2}, {1, 0}, {0}, {1, 0, 0}}) {
+            all.exchange(former);
+            QCOMPARE(historyFault(all), QString());
+            QCOMPARE(rowsFault(all), QString());
+            QVERIFY(all.model.historyMemoryInUse() <= all.model.historyMemory());
+            all.append(30000, true);
+            QCOMPARE(historyFault(all), QString());
+            QCOMPARE(rowsFault(all), QString());
+        }
+        QCOMPARE(watch.complaints(), QString());
+    }
+
+    void readingsAreReplaced()
+    {
+        Acquisition all(2, 4000, 1'000'000);
+        all.append(5000, false);
+        const double before = all.history().oldest();
+        const auto most = [&all] {
+            const std::unique_ptr<QwtSeriesData<QPointF>> series(all.model.seriesData(2, 1, 4000));
+            return series->boundingRect().bottom();
+        };
+        QVERIFY(most() > 1000.0);
+        QSignalSpy changes(&all.model, &QAbstractItemModel::dataChanged);
+        all.model.setReadings(2, QVector<double>(4000, -7.0));
+        QCOMPARE(most(), -7.0); // ranges of blocks that were found before are not used again
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(all.model.doubleData(4000, 2), -7.0);
+        QVERIFY(all.model.doubleData(4000, 1) != -7.0);
+        QCOMPARE(all.history().oldest(), before);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("3 readings of column 2 do not"));
+        all.model.setReadings(2, QVector<double>(3, 1.0));
+        QCOMPARE(all.model.doubleData(1, 2), -7.0);
     }
 
     void memoryIsWhatIsStated()

@@ -7,6 +7,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/detector/DetectorFile.h>
+#include <corvale_qt/models/RVXPlotHistory.h>
 
 using namespace Monitor;
 
@@ -159,13 +160,39 @@ private Q_SLOTS:
         QVERIFY2(file.contains(",1,3,0.75,4\n"), file);
         QVERIFY(noted.takeFirst().first().toString().contains("recording"));
 
+        // Other computed channels leave what was measured as it is, in the blocks of older readings, too.
+        s.session.model().setCapacity(100);
+        const auto span = [&model](int column) {
+            const auto *history = Corvale_Qt::RVXPlotHistory::of(&model);
+            Corvale_Qt::RVXPlotHistory::Block block{};
+            history->read(0, column, history->firstBlock(0), 1, &block);
+            return QString("%1 %2 %3").arg(block.count).arg(block.least).arg(block.greatest);
+        };
+        for (int i = 3; i < 400; ++i)
+            s.source->give(0.1 * i, {double(i), 2.0 * i});
+        s.settle();
+        QCOMPARE(span(1), QString("64 1 100"));
+        const QString sums = span(4);
+        s.session.setComputedChannels(
+            {{"sum", "nA", "ch1 + ch2"}, {"half", "nA", "sum / 2"}, {"share", "", "ch1 / sum"}});
+        QCOMPARE(span(1), QString("64 1 100"));
+        QCOMPARE(span(3), sums);
+        QVERIFY(span(4).startsWith("0 "));
+        QVERIFY(span(5).startsWith("0 ")); // of the same name, but computed otherwise
+        QCOMPARE(model.receivedValue(100, 0), 399.0);
+        QCOMPARE(model.receivedValue(100, 3), 1.5 * 399.0);
+        s.session.setComputedChannels(
+            {{"sum", "nA", "ch1 - ch2"}, {"half", "nA", "sum / 2"}, {"share", "", "ch1 / 2"}});
+        QVERIFY(span(4).startsWith("0 ")); // what it is computed from is another one
+        QCOMPARE(span(2), QString("64 3 300"));
+
         // A stream without the channels is shown as it is.
         s.begin(1);
         s.source->give(1.0, {1.0});
         s.settle();
         QCOMPARE(model.NumberOfChannels(), 1);
         QVERIFY(noted.last().first().toString().endsWith(
-            "no channel is computed: share, character 1: no channel is called \"ch2\""));
+            "no channel is computed: sum, character 7: no channel is called \"ch2\""));
     }
 
     void everyReadingIsJudged()

@@ -8,6 +8,7 @@
 #include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
+#include "corvale_qt/scope/LeastHeight_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
 #include "corvale_qt/scope/SweepPlotMode_p.h"
@@ -78,6 +79,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     createModes();
     followShownUnit();
     navigation = std::make_unique<ScopeNavigation>(*this);
+    new LeastHeight(view);
     RVXScopePlotViewPrivate::showOnly(plot); // not virtual during construction
 }
 

@@ -7,6 +7,9 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
+
+#include <qwt_scale_widget.h>
 
 using namespace Corvale_Qt;
 
@@ -387,6 +390,47 @@ private Q_SLOTS:
             panel.set2DEnabled(isEnabled);
             QCOMPARE(visible(), isEnabled ? all + " position_frame" : all);
         }
+    }
+
+    //! As low as a window lets it become, a chart shows its whole time axis, and so does one below statistics or a legend.
+    void aLowChartKeepsItsTimeAxis_data()
+    {
+        tableFrom(R"(
+            | int mode | bool controls | bool legend
+            strip chart | 0 | true | false
+            strip chart alone | 0 | false | false
+            strip chart with legend | 0 | true | true
+            sweep with legend | 1 | false | true
+            histogram with legend | 2 | false | true
+        )");
+    }
+    void aLowChartKeepsItsTimeAxis()
+    {
+        QFETCH(int, mode);
+        QFETCH(bool, controls);
+        QFETCH(bool, legend);
+        QWidget host; // that takes no room for itself
+        auto &panel =
+            *new DevicePanel(4, {{1, {5, 6, 7, 8}}, {2, {6, 7, 8, 9}}, {3, {6, 7, 8, 9}}});
+        panel.SetPlotMode(RVXScope::PlotMode(mode));
+        panel.setControlsVisible(controls);
+        panel.setTimeOrigin(QDateTime(QDate(2026, 11, 22), QTime(), Qt::UTC));
+        panel.setTimeAxis(RVXScope::Utc);
+        (new QVBoxLayout(&host))->addWidget(&panel);
+        host.show();
+        panel.grab();
+        panel.plotView()->setLegendVisible(legend); // while it is on the screen
+        for (int i = 0; i < 6; ++i) {
+            host.resize(700, 1);
+            panel.grab();
+            QCoreApplication::processEvents();
+        }
+        const QwtScaleWidget *axis = panel.plot()->axisWidget(QwtPlot::xBottom);
+        const QWidget *viewport = panel.plotView()->viewport();
+        const QRect room(axis->mapTo(viewport, QPoint()), axis->size());
+        QVERIFY(viewport->rect().contains(room));
+        QVERIFY(axis->height() >= axis->minimumSizeHint().height());
+        QVERIFY(panel.plot()->canvas()->height() >= 40);
     }
 
     void shortcutsWorkWhereTheFocusIs()

@@ -264,6 +264,10 @@ public:
     std::optional<ValueRange> givenRightRange() const;
     //! Returns the range of the left axis in the unit of its channels: range(), or what is shown while that is in another unit.
     std::pair<double, double> leftRange() const;
+    //! Returns the unit of a range() that was set; empty if it is not known, as without a second axis.
+    std::optional<QString> rangeUnit() const;
+    //! Sets the unit that range() is in: the left axis shows the range only while its channels have that unit.
+    void setRangeUnit(const QString &symbol);
     //! Sets the range that the right axis shows while its channels are in the unit of the range. Ignores numbers that are not finite.
     void setRightRange(const ValueRange &range);
     //! Has the right axis follow its channels, or their full scale, again.

@@ -133,6 +133,23 @@ std::pair<double, double> RVXScopePlotView::leftRange() const
     return {shown.minValue(), shown.maxValue()};
 }
 
+std::optional<QString> RVXScopePlotView::rangeUnit() const
+{
+    Q_D(const RVXScopePlotView);
+    const YScale &scale = d->context.yScale;
+    return scale.isRangeGiven && hasSecondAxis() ? scale.rangeUnit : std::nullopt;
+}
+
+void RVXScopePlotView::setRangeUnit(const QString &symbol)
+{
+    Q_D(RVXScopePlotView);
+    if (d->context.yScale.rangeUnit == symbol)
+        return;
+    d->context.yScale.rangeUnit = symbol;
+    d->context.axes.setYScale(d->context.yScale);
+    RequestReplotRefresh();
+}
+
 void RVXScopePlotView::setRightRange(const ValueRange &range)
 {
     Q_D(RVXScopePlotView);

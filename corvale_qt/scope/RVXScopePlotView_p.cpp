@@ -80,6 +80,9 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     followShownUnit();
     navigation = std::make_unique<ScopeNavigation>(*this);
     new LeastHeight(view);
+    QObject::connect(&unitsWatch, &UnitsWatch::changed, view, [view] {
+        view->RequestReplotRefresh();
+    });
     RVXScopePlotViewPrivate::showOnly(plot); // not virtual during construction
 }
 
@@ -339,6 +342,7 @@ void RVXScopePlotViewPrivate::modelIsGone()
 
 void RVXScopePlotViewPrivate::followBaseModel()
 {
+    unitsWatch.follow(q_ptr->model());
     QAbstractItemModel *const base = ScopeModel::innermost(q_ptr->model());
     if (base == baseModel)
         return;

@@ -9,6 +9,7 @@
 #include "corvale_qt/scope/ScopeNavigation_p.h"
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
+#include "corvale_qt/scope/UnitsWatch_p.h"
 
 #include <qwt_plot_grid.h>
 
@@ -142,6 +143,7 @@ public:
     QVector<QMetaObject::Connection> watches;
     std::array<std::unique_ptr<ScopePlotMode>, 6> modes;
     std::unique_ptr<RVXScopePlotViewEventFilter> eventFilter;
+    UnitsWatch unitsWatch;
     std::unique_ptr<ScopeNavigation> navigation;
 
     int mode = RVXScopePlotView::StripMode;

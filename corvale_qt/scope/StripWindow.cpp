@@ -2,6 +2,7 @@
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/numerics/ClampedInt_p.h"
 #include "corvale_qt/scope/StripWindow_p.h"
+#include "corvale_qt/scope/ViewHold_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,6 +39,14 @@ wantedLeft(const PlotDataReader &reader, const StripWindow &window, const StripR
     return window.firstRow - widthOfSamples(reader, window, request, missing);
 }
 
+//! Returns whether numbers as large as the end that is asked for still differ within the window.
+bool canEndAt(const StripRequest &request, const StripWindow &window)
+{
+    const double left = request.whole ? window.oldest : request.end - request.width;
+    const QwtInterval wanted = QwtInterval(left, request.end).normalized();
+    return divisible(wanted) == wanted;
+}
+
 double
 followingLeft(const PlotDataReader &reader, const StripWindow &window, const StripRequest &request)
 {
@@ -66,7 +75,7 @@ StripWindow stripWindow(const PlotDataReader &reader, const StripRequest &reques
     window.oldest = std::min(window.firstRow, request.remembered);
     window.newest = sampleX(reader, request.samples);
     const bool isTimed = request.whole || request.hasWidth();
-    if (isTimed && request.end > window.newest)
+    if (isTimed && request.end > window.newest && canEndAt(request, window))
         window.newest = request.end;
     if (request.following) {
         window.left = followingLeft(reader, window, request);

@@ -42,9 +42,9 @@ void SweepPlotMode::plot()
         draw();
         if (m_context.sweep.isComplete(last))
             m_context.surface.requestReplot();
-    } else if (last < 2) {
-        clear();
-    } else if (refresh && m_context.sweepSamples.size() > 0) {
+    } else if (last < 2 || (refresh && m_context.sweepSamples.size() == 0)) {
+        clear(); // the axes say what there is, also before the first sweep
+    } else if (refresh) {
         drawAgain(last);
     }
 }
@@ -70,9 +70,9 @@ void SweepPlotMode::plotTriggered(int lastRow, bool refresh)
         m_origin = next->origin - next->rows.first + 1;
         take(next->rows);
         draw();
-    } else if (lastRow < 2) {
+    } else if (lastRow < 2 || (refresh && m_context.sweepSamples.size() == 0)) {
         clear();
-    } else if (refresh && m_context.sweepSamples.size() > 0) {
+    } else if (refresh) {
         drawAgain(lastRow);
     }
 }

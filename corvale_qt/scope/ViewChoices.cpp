@@ -63,6 +63,7 @@ void visitChoices(Choices &choices, Visit visit)
     visit("siPrefix", choices.siPrefix);
     visit("valueUnit", choices.valueUnit);
     visit("secondAxis", choices.secondAxis);
+    visit("rangeUnit", choices.rangeUnit);
     visit("rightRange", choices.rightRange);
     visit("hysteresis", choices.hysteresis);
     visit("fullScaleFromData", choices.fullScaleFromData);
@@ -104,6 +105,7 @@ ViewChoices ViewChoices::of(const RVXScopePlotView &view)
     choices.siPrefix = view.hasSiPrefix();
     choices.valueUnit = view.valueUnit();
     choices.secondAxis = view.hasSecondAxis();
+    choices.rangeUnit = view.rangeUnit();
     choices.rightRange = view.givenRightRange();
     choices.hysteresis = view.hasHysteresis();
     choices.fullScaleFromData = view.isFullScaleFromData();
@@ -148,6 +150,7 @@ void ViewChoices::applyTo(RVXScopePlotView &view) const
     set(&View::setSiPrefix, siPrefix);
     set(&View::setValueUnit, valueUnit);
     set(&View::setSecondAxis, secondAxis);
+    set(&View::setRangeUnit, rangeUnit);
     set(&View::setHysteresis, hysteresis);
     set(&View::setFullScaleFromData, fullScaleFromData);
     set(&View::setLogarithmic, logarithmic);

@@ -27,6 +27,7 @@ struct ViewChoices
     std::optional<bool> siPrefix;
     std::optional<QString> valueUnit;
     std::optional<bool> secondAxis;
+    std::optional<QString> rangeUnit; //!< not known where no unit belongs to the range
     std::optional<std::optional<ValueRange>> rightRange; //!< the inner one is empty if none was set
     std::optional<bool> hysteresis;
     std::optional<bool> fullScaleFromData;

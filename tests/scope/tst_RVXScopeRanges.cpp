@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "tests/scope/Panel.h"
+#include "corvale_qt/units/Units.h"
+#include "tests/scope/PanelDevice.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -125,6 +126,66 @@ private Q_SLOTS:
         panel.SetYScaleMode(3);
         panel.choose("scaleYCombo", "20");
         QCOMPARE(last(), QString("true 0 20"));
+    }
+
+    void theAxisFollowsTheUnit_data()
+    {
+        columns<int, int>("mode", "samples");
+        for (const int samples : {0, 1, 3, 300}) { // a sweep has 256 of them
+            row(qPrintable(QString("strip chart, %1").arg(samples)), 0, samples);
+            row(qPrintable(QString("sweep, %1").arg(samples)), 1, samples);
+            row(qPrintable(QString("histogram, %1").arg(samples)), 2, samples);
+        }
+    }
+    //! A unit that is announced below the proxies of the panel stands at the axis at once, with readings or without.
+    void theAxisFollowsTheUnit()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, samples);
+        const Corvale_Qt::Units::nA nanoampere;
+        const Corvale_Qt::Units::V volt;
+        DevicePanel panel;
+        panel.device.SetUnits(&nanoampere);
+        panel.SetPlotMode(Corvale_Qt::RVXScope::PlotMode(mode));
+        for (int i = 1; i <= samples; ++i)
+            panel.device.append(i, 1e-9 * i);
+        const auto title = [&panel] {
+            return panel.plot()->axisTitle(QwtPlot::yLeft).text();
+        };
+        QTRY_COMPARE(title(), QString("nA"));
+        panel.device.SetUnits(&volt);
+        QTRY_COMPARE(title(), QString("V"));
+        panel.device.append(1000.0, 1.0);
+        QTRY_COMPARE(title(), QString("V"));
+    }
+
+    //! A range that was typed in one unit does not become one in another unit when the state comes back.
+    void theRangeKeepsItsUnit()
+    {
+        const Corvale_Qt::Units::nA nanoampere;
+        const Corvale_Qt::Units::V volt;
+        QByteArray state;
+        {
+            DevicePanel panel(1, {{1, {5e-9}}, {2, {6e-9}}});
+            panel.device.SetUnits(&nanoampere);
+            panel.plotView()->setSecondAxis(true);
+            panel.plot()->grab();
+            panel.choose("scaleYCombo", "100%");
+            panel.SetRange(-20.0, 30.0);
+            QCOMPARE(panel.plotView()->rangeUnit().value_or("none"), QString("nA"));
+            state = panel.saveState();
+        }
+        DevicePanel other(1, {{1, {5.0}}, {2, {6.0}}});
+        other.device.SetUnits(&volt);
+        QVERIFY(other.restoreState(state));
+        const auto shown = [&other] {
+            other.plotView()->grab();
+            const QwtInterval y = other.plot()->axisInterval(QwtPlot::yLeft);
+            return QString("%1..%2").arg(y.minValue()).arg(y.maxValue());
+        };
+        QTRY_VERIFY(shown() != "-20..30" && other.plotView()->shownUnit() == "V");
+        other.device.SetUnits(&nanoampere);
+        QTRY_COMPARE(shown(), QString("-20..30"));
     }
 
     void positiveOnlyFromTheHost()

@@ -94,6 +94,7 @@ private Q_SLOTS:
         row("an end in the past", 5.0, 20.0, true, "89-100 from 44.5 to 49.5");
         row("an end to come", 5.0, 52.0, true, "94-100 from 47 to 52");
         row("long after the last sample", 5.0, 80.0, true, "100-100 from 75 to 80");
+        row("an end that has no seconds in a double", 5.0, 1e17, true, "89-100 from 44.5 to 49.5");
         row("a number of samples has no end", 0.0, 80.0, true, "80-100 from 40 to 49.5");
         row("scrolled back", 5.0, 80.0, false, "20-32 from 10 to 15");
     }

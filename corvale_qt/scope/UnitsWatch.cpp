@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/UpstreamSignals_p.h"
+#include "corvale_qt/scope/UnitsWatch_p.h"
+
+#include <QAbstractProxyModel>
+
+namespace Corvale_Qt {
+
+UnitsWatch::~UnitsWatch() = default;
+
+void UnitsWatch::follow(const QAbstractItemModel *model)
+{
+    stop();
+    while (model) {
+        m_connections.append(connectUnitsChanged(model, this, SIGNAL(changed())));
+        const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
+        model = proxy ? proxy->sourceModel() : nullptr;
+    }
+}
+
+void UnitsWatch::stop()
+{
+    for (const QMetaObject::Connection &connection : qAsConst(m_connections))
+        disconnect(connection);
+    m_connections.clear();
+}
+
+} // namespace Corvale_Qt

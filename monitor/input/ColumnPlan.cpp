@@ -39,11 +39,25 @@ bool looksLikeNames(const QStringList &fields)
     return isTimeName(fields.first()) || std::none_of(fields.begin(), fields.end(), isNumber);
 }
 
+//! Returns whether a name that is not one of the time ends in a unit that nobody here knows: "p (mbar)", "temp_C".
+bool hasForeignUnit(const QString &field)
+{
+    static const QRegularExpression unit(
+        QStringLiteral(R"(^(.+?)\s*(\([^()]+\)|\[[^\[\]]+\]|_C)$)"));
+    static const QRegularExpression time(
+        QStringLiteral("time|zeit|temps|elapsed|date|datum|clock|uhr|\u6642"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = unit.match(field);
+    return match.hasMatch() && !isTimeName(match.captured(1)) && !field.contains(time);
+}
+
 //! Returns whether a name ends in the unit of another quantity than time.
 bool isOtherQuantity(const QString &field)
 {
     QString name, symbol;
     splitUnitSuffix(field, &name, &symbol);
+    if (symbol.isEmpty())
+        return hasForeignUnit(field);
     const auto unit = unitFromSymbol(symbol);
     const auto second = unitFromSymbol(QStringLiteral("s"));
     return unit && !sameQuantity(*unit, *second);

@@ -29,7 +29,8 @@ QString number(double value)
 bool isAmount(const Channel &channel)
 {
     if (channel.unit.isEmpty())
-        return channel.name.startsWith(QLatin1String("mu"), Qt::CaseInsensitive);
+        return channel.name.startsWith(QLatin1String("mu"), Qt::CaseInsensitive)
+            || channel.name.startsWith(QLatin1String("count"), Qt::CaseInsensitive);
     const auto unit = unitFromSymbol(channel.unit);
     const QStringList amounts{"C", "counts", "MU", "Gy"};
     return unit && std::any_of(amounts.begin(), amounts.end(), [&](const QString &amount) {

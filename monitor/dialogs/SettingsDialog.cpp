@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QStandardItemModel>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -228,8 +229,13 @@ QWidget *SettingsDialog::newRecordPage()
     m_segments->setObjectName(QStringLiteral("segments"));
     m_segments->addItem(tr("stays text"), int(SegmentForm::Text));
     m_segments->addItem(tr("is compressed (zstd)"), int(SegmentForm::Zstd));
-    if (nexusMissing().isEmpty())
-        m_segments->addItem(tr("becomes HDF5 (NeXus)"), int(SegmentForm::Hdf5));
+    m_segments->addItem(tr("becomes HDF5 (NeXus)"), int(SegmentForm::Hdf5));
+    if (!nexusMissing().isEmpty()) { // it stays what was chosen, but nobody chooses it here
+        const int last = m_segments->count() - 1;
+        m_segments->setItemData(last, nexusMissing(), Qt::ToolTipRole);
+        if (auto *items = qobject_cast<QStandardItemModel *>(m_segments->model()))
+            items->item(last)->setEnabled(false);
+    }
     addField(
         layout,
         tr("A co&mplete file:"),

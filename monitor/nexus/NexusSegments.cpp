@@ -176,9 +176,11 @@ SegmentConversion nexusConversion()
     return conversion;
 }
 
-SegmentConversion segmentConversion(SegmentForm form)
+SegmentConversion segmentConversion(SegmentForm form, bool overwrites)
 {
-    return form == SegmentForm::Hdf5 ? nexusConversion() : zstdConversion();
+    SegmentConversion conversion = form == SegmentForm::Hdf5 ? nexusConversion() : zstdConversion();
+    conversion.replaces = overwrites;
+    return conversion;
 }
 
 } // namespace Monitor

@@ -9,7 +9,8 @@ namespace Monitor {
     lost. */
 SegmentConversion nexusConversion();
 
-//! Returns the conversion to a form, which must not be SegmentForm::Text.
-SegmentConversion segmentConversion(SegmentForm form);
+/*! Returns the conversion of the files of a recording to a form, which must not be SegmentForm::Text. If the recording \a overwrites,
+    the results do, too. */
+SegmentConversion segmentConversion(SegmentForm form, bool overwrites = false);
 
 } // namespace Monitor

@@ -30,7 +30,8 @@ bool HeadlessOutput::startRecorder(const Recorder::Options &options)
         connect(m_recorder.get(),
                 &Recorder::fileCompleted,
                 this,
-                [this, conversion = segmentConversion(options.segments)](const QString &path) {
+                [this, conversion = segmentConversion(options.segments, options.overwrite)](
+                    const QString &path) {
                     m_compressor.add(path, conversion);
                 });
     return m_recorder->start();

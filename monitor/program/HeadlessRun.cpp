@@ -55,8 +55,10 @@ bool HeadlessRun::openOutputs()
 {
     for (const auto &feed : m_feeds) {
         const QString path = feed->outputPath();
-        const auto reads = [&path](const auto &other) {
-            return !path.isEmpty() && other->source().readsFrom(path);
+        const QString completed = completedPath(path, m_commandLine.record.segments);
+        const auto reads = [&](const auto &other) {
+            return !path.isEmpty()
+                && (other->source().readsFrom(path) || other->source().readsFrom(completed));
         };
         if (std::any_of(m_feeds.begin(), m_feeds.end(), reads)) {
             complain(tr("%1 exists already and is the source; write to another file").arg(path));

@@ -21,9 +21,9 @@ constexpr unsigned ownerOnly = 0600;
 
 /*! Returns what keeps a file from being brought into another form; empty if nothing does. From then on no recorder writes to it
     until \a file is closed. */
-QString faultOfSegment(QFile *file, const QString &target)
+QString faultOfSegment(QFile *file, const QString &target, bool replaces)
 {
-    if (QFileInfo::exists(target))
+    if (!replaces && QFileInfo::exists(target))
         return Text::tr("%1 exists already").arg(target);
     // A pipe would never end. A link of the system, such as /dev/stdout, must not be removed.
     const QFileInfo info(file->fileName());
@@ -56,7 +56,7 @@ QString writeChecked(const QFile &file,
         return work(file.fileName(), draft.path(), mayGoOn, &why);
     };
     if (step(conversion.write, 0.0, writingShare) && step(conversion.compare, writingShare, 1.0))
-        return draft.commit() ? QString() : draft.errorString();
+        return draft.commit(conversion.replaces) ? QString() : draft.errorString();
     if (isCancelled)
         return Text::tr("the program ended");
     return why.isEmpty() ? Text::tr("%1 could not be written; make room on the disk").arg(target)
@@ -72,7 +72,7 @@ bool convertSegment(const QString &path,
 {
     const QString target = completedPath(path, conversion.form);
     QFile file(path);
-    QString fault = faultOfSegment(&file, target);
+    QString fault = faultOfSegment(&file, target, conversion.replaces);
     if (fault.isEmpty() && conversion.suits && !conversion.suits(path))
         return true;
     if (fault.isEmpty())

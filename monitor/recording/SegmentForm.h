@@ -41,6 +41,8 @@ struct SegmentConversion
     SegmentForm form = SegmentForm::Text;
     //! Returns whether there is anything to convert; a file that has nothing stays as it is. Null if every file has.
     std::function<bool(const QString &text)> suits;
+    //! Whether the result may take the place of an older file, because the recording may overwrite.
+    bool replaces = false;
     Step write; //!< writes the text into the draft, an empty file
     Step compare; //!< returns whether a reader finds the same in both
 };

@@ -378,8 +378,10 @@ void Session::setPaused(bool paused)
 bool Session::startRecording(Recorder::Options options, QString *error)
 {
     const QString first = RecordingNames(options.path, m_recordingLabel).path();
-    if (m_source->readsFrom(first)) {
-        *error = tr("%1 is the source; record to another file").arg(first);
+    for (const QString &path : {first, completedPath(first, options.segments)}) {
+        if (!m_source->readsFrom(path))
+            continue;
+        *error = tr("%1 is the source; record to another file").arg(path);
         return false;
     }
     options.label = m_recordingLabel;
@@ -412,7 +414,8 @@ bool Session::startRecording(Recorder::Options options, QString *error)
         connect(recorder.get(),
                 &Recorder::fileCompleted,
                 this,
-                [this, conversion = segmentConversion(options.segments)](const QString &path) {
+                [this, conversion = segmentConversion(options.segments, options.overwrite)](
+                    const QString &path) {
                     m_compressor->add(path, conversion);
                 });
     m_recorder = std::move(recorder);

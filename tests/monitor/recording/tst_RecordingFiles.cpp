@@ -64,6 +64,16 @@ private Q_SLOTS:
         again.options.segments = SegmentForm(form);
         QVERIFY(!again.begin());
         QVERIFY(again.recorder().errorString().contains("packed" + suffix + " exists already"));
+        // A recorder that may overwrite replaces the complete file, too.
+        Recording told(path("packed.csv"), true);
+        told.options.segments = SegmentForm(form);
+        QVERIFY(told.begin());
+        told.recorder().addReadings(block(7000.0, 2));
+        QVERIFY(told.recorder().finish());
+        told.compressor.finish();
+        QCOMPARE(told.compressor.takeErrors(), QStringList());
+        QVERIFY(!QFile::exists(path("packed.csv")));
+        QVERIFY(readTable(m_dir->filePath("packed" + suffix)).endsWith("7001: 7001 0.5"));
     }
 
     //! A pipe would block the program for ever, and a link may be one of the system.

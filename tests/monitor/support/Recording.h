@@ -60,7 +60,8 @@ struct Recording
                                  &clock,
                                  [this](const QString &name) {
                                      compressor.add(name,
-                                                    Monitor::segmentConversion(options.segments));
+                                                    Monitor::segmentConversion(options.segments,
+                                                                               options.overwrite));
                                  });
         }
         return *m_recorder;

@@ -328,6 +328,13 @@ private Q_SLOTS:
             keepOptions(dialog.options(), settings);
         }
         const MonitorOptions kept = keptOptions(WindowSettings(settingsFile));
+        {
+            // What another build of the program knows stays as it was chosen.
+            MonitorOptions hdf5;
+            hdf5.segments = SegmentForm::Hdf5;
+            const SettingsDialog untouched(hdf5, settingsFile);
+            QCOMPARE(int(untouched.options().segments), int(SegmentForm::Hdf5));
+        }
         QCOMPARE(kept.file.speed, 2.5);
         QCOMPARE(kept.rangeHigh, 1e-6);
         QCOMPARE(kept.language, QString("de"));

@@ -12,6 +12,7 @@
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/window/DisplayTabs.h"
+#include "monitor/window/KeptCompanions.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/SourceBeside.h"
@@ -127,20 +128,30 @@ bool WindowRun::openSession()
     return openBeside() && openRecording();
 }
 
-//! Makes the sources that are read beside the first one. Returns false if there is one that cannot be.
+/*! Makes the sources that are read beside the first one: those of the command line, or those that were beside it before. Returns
+    false if one that the command line names cannot be made. */
 bool WindowRun::openBeside()
 {
-    const QVector<NamedAddress> &sources = m_commandLine.sources;
-    for (int i = 1; i < sources.size(); ++i) {
+    const bool areGiven = m_commandLine.sourceGiven;
+    QVector<NamedAddress> sources = m_commandLine.sources.mid(1);
+    if (!areGiven && !isPicture() && !m_source.isEmpty())
+        sources = keptCompanions(m_source, WindowSettings(settingsFile()));
+    for (const NamedAddress &source : qAsConst(sources)) {
         QString error;
-        m_beside.push_back(sourceBeside(*m_session, sources.at(i).address, &error));
-        if (!m_beside.back()) {
+        std::unique_ptr<Source> made = sourceBeside(*m_session, source.address, &error);
+        if (made) {
+            m_beside.push_back({source, std::move(made)});
+        } else if (areGiven) {
             leave(ExitUsage, error);
             return false;
+        } else {
+            m_besideNotes +=
+                QStringLiteral("ERROR the source %1 is not read again: %2").arg(source.name, error);
         }
     }
+    m_leadName = areGiven ? m_commandLine.sources.first().name : usualSourceName(m_source);
     if (!m_beside.empty())
-        m_session->setRecordingLabel(sources.first().name);
+        m_session->setRecordingLabel(m_leadName);
     return true;
 }
 
@@ -150,12 +161,9 @@ void WindowRun::readBeside()
     if (m_beside.empty())
         return;
     const WindowSettings settings(settingsFile());
-    m_window->companions().setLeadName(m_commandLine.sources.first().name);
-    for (std::size_t i = 0; i < m_beside.size(); ++i)
-        addBeside(m_window->companions(),
-                  m_commandLine.sources.at(int(i) + 1),
-                  std::move(m_beside[i]),
-                  settings);
+    m_window->companions().setLeadName(m_leadName);
+    for (Beside &beside : m_beside)
+        addBeside(m_window->companions(), beside.address, std::move(beside.source), settings);
     m_beside.clear();
 }
 
@@ -229,7 +237,7 @@ void WindowRun::openWindow()
     if (m_commandLine.span > 0.0)
         m_window->displays().spanControl()->box()->setSpan(m_commandLine.span);
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
-    for (const QString &note : {m_detectorNote, m_recordingNote})
+    for (const QString &note : QStringList{m_detectorNote, m_recordingNote} + m_besideNotes)
         if (!note.isEmpty())
             Q_EMIT m_session->noted(note);
     if (!isPicture()) {

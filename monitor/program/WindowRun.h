@@ -38,6 +38,12 @@ public:
     int run();
 
 private:
+    struct Beside
+    {
+        NamedAddress address;
+        std::unique_ptr<Source> source;
+    };
+
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
     void chooseOptions();
     bool openSession();
@@ -59,11 +65,12 @@ private:
     SystemClock m_clock;
     std::unique_ptr<FormerRuns> m_formerRuns; //!< null for a picture
     std::unique_ptr<Session> m_session;
-    std::vector<std::unique_ptr<Source>>
-        m_beside; //!< the sources after the first one, until they are read
+    QString m_leadName; //!< among the sources that are read together
+    std::vector<Beside> m_beside; //!< the sources after the first one, until they are read
     std::unique_ptr<MonitorWindow> m_window;
     QString m_detectorNote; //!< for the log: which detector was remembered
     QString m_recordingNote; //!< for the log: why an interrupted recording does not go on
+    QStringList m_besideNotes; //!< for the log: which sources are not read again
     ExitCode m_exitCode = ExitGood;
 };
 

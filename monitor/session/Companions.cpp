@@ -10,14 +10,16 @@ namespace Monitor {
 
 struct Companions::Companion
 {
-    Companion(const QString &theName, Clock &clock, std::unique_ptr<Source> reader)
-        : name(theName)
+    Companion(const NamedAddress &source, Clock &clock, std::unique_ptr<Source> reader)
+        : name(source.name)
+        , address(source.address)
         , session(clock, std::move(reader))
         , time(session)
     {
     }
 
     const QString name;
+    const QString address;
     Session session;
     StreamClock time;
 };
@@ -66,8 +68,8 @@ QString Companions::freeName(const NamedAddress &source) const
 Session &Companions::add(const NamedAddress &source, std::unique_ptr<Source> reader)
 {
     const bool isFirst = isEmpty();
-    auto companion =
-        std::make_unique<Companion>(freeName(source), m_lead.clock(), std::move(reader));
+    const NamedAddress named{freeName(source), source.address};
+    auto companion = std::make_unique<Companion>(named, m_lead.clock(), std::move(reader));
     Session &session = companion->session;
     session.setRecordingLabel(companion->name);
     session.compressWith(m_lead); // that goes on when the companion is closed
@@ -117,6 +119,14 @@ std::vector<Companions::Member> Companions::members() const
     for (const auto &companion : m_companions)
         members.push_back({companion->name, &companion->session, &companion->time, &m_lead});
     return members;
+}
+
+QVector<NamedAddress> Companions::addresses() const
+{
+    QVector<NamedAddress> addresses;
+    for (const auto &companion : m_companions)
+        addresses.append({companion->name, companion->address});
+    return addresses;
 }
 
 QString Companions::nameOf(const Session *session) const

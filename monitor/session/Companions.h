@@ -47,6 +47,8 @@ public:
     bool isEmpty() const { return m_companions.empty(); }
     //! Returns the lead, then the companions in the order in which they were added.
     std::vector<Member> members() const;
+    //! Returns the names and the addresses of the companions, in the order in which they were added.
+    QVector<NamedAddress> addresses() const;
     //! Returns the name of a session; empty if the lead is alone.
     QString nameOf(const Session *session) const;
     //! Returns the latest moment of a member whose clock is in step, in seconds since 1970; nothing if there is none.

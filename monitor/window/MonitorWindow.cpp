@@ -12,7 +12,9 @@
 #include "monitor/window/FileMenu.h"
 #include "monitor/window/FocusRing.h"
 #include "monitor/window/HelpMenu.h"
+#include "monitor/window/KeptCompanions.h"
 #include "monitor/window/LatestValuePanel.h"
+#include "monitor/window/LeadHeading.h"
 #include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/LimitActions.h"
 #include "monitor/window/MeasureMenu.h"
@@ -154,6 +156,12 @@ void MonitorWindow::readBeside()
     };
     connect(m_companions.get(), &Companions::changed, this, follow);
     connect(clock, &StreamClock::originChanged, this, follow);
+    auto *heading = new LeadHeading(*m_companions, this);
+    for (const char *first : {"saveShown", "copyValues", "strip", "zero"})
+        heading->addBefore(QLatin1String(first), *menuBar());
+    connect(m_companions.get(), &Companions::changed, this, [this] {
+        keepCompanions(m_sources->current(), m_companions->addresses(), m_settings);
+    });
 }
 
 void MonitorWindow::addDocks()

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/PictureTaker.h"
 #include "monitor/program/WindowRun.h"
+#include "monitor/session/Companions.h"
 #include "monitor/window/EventLog.h"
+#include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
+#include "monitor/window/WindowSettings.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
@@ -86,6 +89,41 @@ private Q_SLOTS:
         QVERIFY(logOf(source).contains("ERROR the detector of " + file + " is not used"));
         QVERIFY(!logOf("--detector none " + source).contains(file));
         QVERIFY(!logOf(source).contains(file));
+    }
+
+    //! The window's run with two sources, then as the settings say: with the last source, and with what was beside it.
+    void whatWasBesideComesBack()
+    {
+        const QString file = m_folder->filePath("beside.xui");
+        const auto namesWith = [&file](const QStringList &sources) {
+            CommandLine line;
+            QString error;
+            if (!line.parse(QStringList{"corvale-monitor", "--settings", file} + sources, &error))
+                return error;
+            WindowRun run(line);
+            if (!run.prepare())
+                return QString("not prepared");
+            QStringList names;
+            QTimer::singleShot(0, &run, [&] {
+                for (const auto &member : run.window()->companions().members())
+                    names += member.name;
+                run.window()->close();
+            });
+            const int code = run.run();
+            return code == ExitGood ? names.join(' ') : QString("exit code %1").arg(code);
+        };
+        {
+            WindowSettings settings(file);
+            MonitorOptions options;
+            options.start = MonitorOptions::Start::LastSource;
+            keepOptions(options, settings);
+        }
+        QCOMPARE(namesWith({"sim:ic4", "--source", "halo=sim:pixels", "sim:strips"}),
+                 QString("ic4 strips halo"));
+        QCOMPARE(namesWith({}), QString("ic4 strips halo"));
+        QCOMPARE(namesWith({}), QString("ic4 strips halo"));
+        QCOMPARE(namesWith({"sim:spots"}), QString("spots"));
+        QCOMPARE(namesWith({}), QString("spots"));
     }
 
 private:

@@ -886,6 +886,13 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
 </context>
 <context>
+    <name>Monitor::LeadHeading</name>
+    <message>
+        <source>Of %1, the first source:</source>
+        <translation>Für %1, die erste Quelle:</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::LeftOutNotice</name>
     <message>
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>

@@ -886,6 +886,13 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
 </context>
 <context>
+    <name>Monitor::LeadHeading</name>
+    <message>
+        <source>Of %1, the first source:</source>
+        <translation>Pour %1, la première source :</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::LeftOutNotice</name>
     <message>
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>

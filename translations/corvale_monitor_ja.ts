@@ -886,6 +886,13 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
 </context>
 <context>
+    <name>Monitor::LeadHeading</name>
+    <message>
+        <source>Of %1, the first source:</source>
+        <translation>最初のソース %1 の項目:</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::LeftOutNotice</name>
     <message>
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>

@@ -298,7 +298,8 @@ void prepareMarker(QwtPlotMarker &marker)
 void setMarkerLabel(QwtPlotMarker &marker, const QString &text, bool selected)
 {
     QwtText label(text, QwtText::PlainText);
-    label.setFont(QFont("Monospace", 9));
+    static const QFont monospace("Monospace", 9); // finding a font takes longer than the rest
+    label.setFont(monospace);
     label.setColor(RVXPlotColors::labelTextColor());
     label.setBackgroundBrush(RVXPlotColors::labelBackgroundColor());
     label.setBorderPen(selected ? QPen(RVXPlotColors::labelTextColor()) : QPen(Qt::NoPen));
@@ -315,6 +316,8 @@ void setMarkerLine(QwtPlotMarker &marker, const QBrush &brush)
                    Qt::SolidLine,
                    Qt::SquareCap,
                    Qt::BevelJoin);
+    if (marker.symbol() && marker.linePen() == pen)
+        return; // a new symbol would be painted anew
     marker.setLinePen(pen);
     marker.setSymbol(new QwtSymbol(QwtSymbol::Ellipse, Qt::NoBrush, pen, QSize(7, 7)));
 }

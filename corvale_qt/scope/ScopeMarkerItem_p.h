@@ -3,10 +3,14 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/plot/LaidOutText_p.h"
+
 #include <qwt_plot_marker.h>
+#include <qwt_text.h>
 
 #include <QRectF>
 #include <QSharedPointer>
+#include <QSizeF>
 
 namespace Corvale_Qt {
 
@@ -29,10 +33,15 @@ protected:
 
 private:
     bool hasLabel() const;
+    void drawLabelAt(QPainter *painter, const QRectF &place) const;
+    QSizeF labelSize() const;
     //! Returns the place of the label without regard to the other marker.
     QRectF labelPlace(const QwtScaleMap &xMap, const QRectF &canvas) const;
 
     QSharedPointer<const ScopeMarkerItem> m_other;
+    mutable LaidOutText m_letters;
+    mutable QwtText m_measured; //!< the label whose size is kept
+    mutable QSizeF m_size;
 };
 
 } // namespace Corvale_Qt

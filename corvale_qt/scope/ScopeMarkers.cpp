@@ -323,6 +323,8 @@ void ScopeMarkers::snap(int channel, const QwtSeriesData<QPointF> &series, int f
         Data &data = m_data[size_t(i)];
         if (data.row < firstRow || data.row - firstRow >= int(series.size()))
             continue;
+        if (const int kept = keptChannel(i); kept > 0 && kept != channel)
+            continue;
         const double y = series.sample(size_t(data.row - firstRow)).y();
         if (!takes(i, channel, y, data))
             continue;
@@ -357,13 +359,19 @@ double ScopeMarkers::value(int row, int channel) const
     return value;
 }
 
+//! Returns the channel that a marker stays on; none is below 1.
+int ScopeMarkers::keptChannel(int index) const
+{
+    const State &state = m_states[size_t(index)];
+    return state.channel > 0 ? state.channel : state.held;
+}
+
 //! Returns whether a marker takes the sample of a channel, and notes how far that lies from the click.
 bool ScopeMarkers::takes(int index, int channel, double y, Data &data) const
 {
-    const State &state = m_states[size_t(index)];
-    const int kept = state.channel > 0 ? state.channel : state.held;
-    if (kept > 0)
+    if (const int kept = keptChannel(index); kept > 0)
         return channel == kept;
+    const State &state = m_states[size_t(index)];
     const double found = distance(*state.item, channel, y);
     if (!(found < data.distance))
         return false;

@@ -162,6 +162,7 @@ private:
         RVXPlotHistory::Block block; //!< of its channel there
     };
 
+    int keptChannel(int index) const;
     bool takes(int index, int channel, double y, Data &data) const;
     double distance(const QwtPlotMarker &marker, int channel, double y) const;
     void remove(int index);

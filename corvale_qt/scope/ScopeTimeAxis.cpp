@@ -8,8 +8,6 @@
 #include <qwt_plot_canvas.h>
 #include <qwt_scale_widget.h>
 
-#include <QFontMetricsF>
-
 #include <algorithm>
 #include <cmath>
 
@@ -99,9 +97,9 @@ bool ScopeTimeAxis::showTicks(double left, double right)
     if (!draw)
         return false;
     QwtScaleWidget *const widget = m_plot->axisWidget(QwtPlot::xBottom);
-    const QFontMetricsF metrics(widget->font(), widget);
-    const TextWidth width = [&metrics](const QString &text) {
-        return metrics.horizontalAdvance(text);
+    m_widths.setFont(widget->font(), *widget);
+    const TextWidth width = [this](const QString &text) {
+        return m_widths.of(text);
     };
     const TimeAxisRange range{left, right, double(m_plot->canvas()->contentsRect().width())};
     const bool isDuration = m_kind == RVXScopePlotView::RelativeToNow;

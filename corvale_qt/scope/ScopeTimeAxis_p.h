@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/plot/TextWidths_p.h"
 #include "corvale_qt/plot/TimeTicks_p.h"
 
 #include <QDateTime>
@@ -52,6 +53,7 @@ private:
     QDateTime m_origin;
     bool m_isFromTrigger = false;
     mutable ClockOffsets m_offsets;
+    TextWidths m_widths;
     QString m_unit; //!< of the labels, as TimeTicks gives it
 };
 

@@ -3,9 +3,11 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
+#include "corvale_qt/plot/LaidOutText_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/units/Units.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -450,6 +452,43 @@ private Q_SLOTS:
             QVERIFY2(differingPixels(layered, plain) < lit / 100,
                      qPrintable(QString::number(ratio)));
         }
+    }
+
+    void textThatIsLaidOutOnceHasThePixelsOfDrawText_data()
+    {
+        columns<QString, double>("text", "ratio");
+        row("a line", "-1.5 nA", 1.0);
+        row("lines of different lengths", "12:00:01\nChannel left\n\n  Mean: -3.5e-07", 1.0);
+        row("letters of another font", QString::fromUtf8("12:00\n水平 and more\nend"), 1.0);
+        row("on finer pixels", "12:00:01\nChannel left\n -5", 2.0);
+    }
+    void textThatIsLaidOutOnceHasThePixelsOfDrawText()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, ratio);
+        LaidOutText kept;
+        const auto picture = [&](const QPointF &place, bool isKept) {
+            QImage image(QSize(300, 120) * ratio, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
+            QLinearGradient ground(0.0, 0.0, 300.0, 120.0);
+            ground.setColorAt(0.0, Qt::darkBlue);
+            ground.setColorAt(1.0, Qt::yellow);
+            QPainter painter(&image);
+            painter.fillRect(image.rect(), ground);
+            painter.setFont(QFont("Monospace", 9));
+            painter.setPen(QColor(255, 230, 230));
+            if (isKept)
+                kept.draw(painter, place, text);
+            else
+                painter.drawText(QRectF(place, QSizeF(290, 110)),
+                                 int(Qt::AlignLeft | Qt::AlignTop) | Qt::TextForceLeftToRight,
+                                 text);
+            return image;
+        };
+        QCOMPARE(picture(QPointF(8.25, 4), true), picture(QPointF(8.25, 4), false));
+        // From the second time on, a picture of the letters is blended.
+        for (const QPointF &place : {QPointF(3, 4), QPointF(17, 9)})
+            QCOMPARE(picture(place, true), picture(place, false));
     }
 };
 

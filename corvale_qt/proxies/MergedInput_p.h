@@ -58,6 +58,9 @@ public:
     {
         return items && ((isSteady() && row <= rows) || row < items->rowCount());
     }
+    /*! Returns a number of the model as it is, without looking again whether the model is there: only for a row that it has, as
+        has() says. */
+    double numberOf(int row, int column) const { return m_plot->doubleData(row, column); }
     //! Returns \a row or, if the model is shorter than that, the row of its newest sample; below 1 without samples.
     int shownRow(int row) const { return has(row) ? row : rowCount() - 1; }
 

@@ -413,13 +413,17 @@ int RVXMultichannelProxyModel::MaxBufferSize() const
 double RVXMultichannelProxyModel::doubleData(int row, int column) const
 {
     Q_D(const RVXMultichannelProxyModel);
-    if (column == 0)
-        return d->time(row);
+    if (column == 0) {
+        const bool isOfFirst = !d->channels.isEmpty() && d->channels.first().input->has(row);
+        return isOfFirst ? d->channels.first().input->numberOf(row, 0) : d->time(row);
+    }
     const Channel *channel = d->channel(column);
     if (row == 0 && column > 0)
         return column;
     if (!channel || row < 0)
         return 0.0;
+    if (channel->exists() && channel->input->has(row))
+        return channel->input->numberOf(row, channel->column);
     const int shown = channel->shownRow(row);
     return shown >= 1 ? channel->input->plot()->doubleData(shown, channel->column)
                       : std::numeric_limits<double>::quiet_NaN();

@@ -136,11 +136,6 @@ qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
     return ownWay >= 0 ? ownWay : shown->input->dropped;
 }
 
-const Channel *RVXMultichannelProxyModelPrivate::channel(int column) const
-{
-    return column >= 1 && column <= channels.size() ? &channels.at(column - 1) : nullptr;
-}
-
 MergedInput *RVXMultichannelProxyModelPrivate::inputOf(const QAbstractItemModel *model) const
 {
     const auto found = std::find_if(inputs.begin(), inputs.end(), [model](const auto &input) {
@@ -288,7 +283,7 @@ double RVXMultichannelProxyModelPrivate::time(int row) const
     double newest = 0.0;
     for (const Channel &channel : channels) {
         if (channel.input->has(row))
-            return channel.input->plot()->doubleData(row, 0);
+            return channel.input->numberOf(row, 0);
         const int rows = channel.input->rowCount();
         if (rows > 1)
             newest = channel.input->plot()->doubleData(rows - 1, 0);

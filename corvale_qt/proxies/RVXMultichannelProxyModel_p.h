@@ -50,7 +50,10 @@ public:
     qint64 droppedRows(int column) const override;
 
     //! Returns the channel shown in \a column, or null.
-    const Channel *channel(int column) const;
+    const Channel *channel(int column) const
+    {
+        return column >= 1 && column <= channels.size() ? &channels.at(column - 1) : nullptr;
+    }
     //! Returns the input that reads \a model, or null.
     MergedInput *inputOf(const QAbstractItemModel *model) const;
     //! Returns the model of the first channel, or null.

@@ -4,6 +4,7 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -44,17 +45,42 @@ char *writeSign(char *to, double value)
     return std::signbit(value) ? to + 1 : to;
 }
 
+//! The numbers 00 to 99 as texts, one after the other.
+constexpr auto pairsOfDigits = [] {
+    std::array<char, 200> pairs{};
+    for (size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = char('0' + i / 10);
+        pairs[2 * i + 1] = char('0' + i % 10);
+    }
+    return pairs;
+}();
+
+//! Writes the last \a count digits of \a digits so that they end at \a end; returns what is left of the number.
+quint64 writeBackwards(char *end, quint64 digits, int count)
+{
+    for (; count >= 2; count -= 2, digits /= 100) {
+        end -= 2;
+        std::memcpy(end, &pairsOfDigits[2 * size_t(digits % 100)], 2);
+    }
+    if (count > 0) {
+        *--end = char('0' + digits % 10);
+        digits /= 10;
+    }
+    return digits;
+}
+
 //! Writes the last \a count digits of \a digits, with a point before the last \a decimals of them.
 char *writeDigits(char *to, quint64 digits, int count, int decimals)
 {
-    char *const end = to + count + (decimals > 0 ? 1 : 0);
-    char *place = end;
-    for (int written = 0; written < count; ++written) {
-        if (written == decimals && decimals > 0)
-            *--place = '.';
-        *--place = char('0' + digits % 10);
-        digits /= 10;
+    if (decimals <= 0) {
+        writeBackwards(to + count, digits, count);
+        return to + count;
     }
+    char *const end = to + count + 1;
+    digits = writeBackwards(end, digits, decimals);
+    char *const point = end - decimals - 1;
+    *point = '.';
+    writeBackwards(point, digits, count - decimals);
     return end;
 }
 
@@ -79,7 +105,7 @@ int powerOf(double magnitude)
     return int(std::floor((std::ilogb(magnitude) + 1) * log10Of2));
 }
 
-/*  writeFixed() and writeExponent() multiply the value by a power of ten and write the digits of the whole number nearest to the product.
+/*  writeFixed(), writeExponent() and writeGeneral() multiply the value by a power of ten and write the digits of the whole number nearest to the product.
     That takes a fraction of the time of an exact conversion, but rounding of the product may change the last digit. If it
     might, they return null and the caller must fall back to std::to_chars; the buffer's content is then undefined.
 
@@ -99,30 +125,68 @@ char *writeFixed(char *to, double value, int precision)
     return writeDigits(writeSign(to, value), digits, count, precision);
 }
 
+//! The digits of a number, and the power of ten of the first of them.
+struct Decimal
+{
+    quint64 digits;
+    int power;
+};
+
+//! Rounds a magnitude above 0 to \a count digits; false if they are uncertain.
+bool roundTo(double magnitude, int count, Decimal &decimal)
+{
+    int power = powerOf(magnitude);
+    const int decimals = count - 1;
+    if (std::abs(decimals - power) >= largestPower)
+        return false;
+    if (shifted(magnitude, decimals - power) < powers[decimals])
+        --power;
+    quint64 digits = 0;
+    if (!nearest(shifted(magnitude, decimals - power), digits))
+        return false;
+    // Rounding up gave one digit more, as from 9.99 to 10.0.
+    const bool isLonger = digits >= quint64(powers[count]);
+    decimal = isLonger ? Decimal{digits / 10, power + 1} : Decimal{digits, power};
+    return true;
+}
+
+char *writePower(char *to, int power)
+{
+    *to++ = 'e';
+    *to++ = power < 0 ? '-' : '+';
+    // printf() writes at least two digits of exponent; with these powers there are never more.
+    *to++ = char('0' + std::abs(power) / 10);
+    *to++ = char('0' + std::abs(power) % 10);
+    return to;
+}
+
 //! Writes \a value, which must not be 0, as printf() does with %e.
 char *writeExponent(char *to, double value, int precision)
 {
-    const double magnitude = std::abs(value);
-    int power = powerOf(magnitude);
-    if (std::abs(precision - power) >= largestPower)
+    Decimal decimal{};
+    if (!roundTo(std::abs(value), precision + 1, decimal))
         return nullptr;
-    if (shifted(magnitude, precision - power) < powers[precision])
-        --power;
-    quint64 digits = 0;
-    if (!nearest(shifted(magnitude, precision - power), digits))
+    to = writeDigits(writeSign(to, value), decimal.digits, precision + 1, precision);
+    return writePower(to, decimal.power);
+}
+
+//! Writes \a value, which must not be 0, as printf() does with %g: without zeros at the end.
+char *writeGeneral(char *to, double value, int precision)
+{
+    int count = std::max(precision, 1);
+    Decimal decimal{};
+    if (!roundTo(std::abs(value), count, decimal))
         return nullptr;
-    // Rounding up gave one digit more, as from 9.99 to 10.0.
-    if (digits >= quint64(powers[precision + 1])) {
-        digits /= 10;
-        ++power;
-    }
-    char *end = writeDigits(writeSign(to, value), digits, precision + 1, precision);
-    *end++ = 'e';
-    *end++ = power < 0 ? '-' : '+';
-    // printf() writes at least two digits of exponent; with these powers there are never more.
-    *end++ = char('0' + std::abs(power) / 10);
-    *end++ = char('0' + std::abs(power) % 10);
-    return end;
+    const bool isFixed = decimal.power >= -4 && decimal.power < count;
+    for (; count > 1 && decimal.digits % 10 == 0; --count)
+        decimal.digits /= 10;
+    to = writeSign(to, value);
+    if (!isFixed)
+        return writePower(writeDigits(to, decimal.digits, count, count - 1), decimal.power);
+    const int decimals = count - 1 - decimal.power;
+    if (decimals < 0) // zeros before the point were removed as well
+        return writeDigits(to, decimal.digits * quint64(powers[-decimals]), count - decimals, 0);
+    return writeDigits(to, decimal.digits, std::max(count, decimals + 1), decimals);
 }
 
 constexpr int largestPrecision = 9;
@@ -197,7 +261,11 @@ char *writeQuickly(char *to, double value, char format, int precision)
 {
     if (format == 'f')
         return writeFixed(to, value, precision);
-    return format == 'e' && value != 0.0 ? writeExponent(to, value, precision) : nullptr;
+    if (value == 0.0)
+        return nullptr;
+    if (format == 'e')
+        return writeExponent(to, value, precision);
+    return format == 'g' ? writeGeneral(to, value, precision) : nullptr;
 }
 
 //! Writes a usual number as Qt does; returns the end of the text, or null if only Qt knows the text.

@@ -20,6 +20,8 @@ private Q_SLOTS:
         QTest::newRow("most decimals of the exponent form") << 'e' << 9;
         QTest::newRow("no decimals") << 'f' << 0;
         QTest::newRow("no decimals of the exponent form") << 'e' << 0;
+        QTest::newRow("nine digits") << 'g' << 9;
+        QTest::newRow("one digit") << 'g' << 0;
         QTest::newRow("more than the fast way takes") << 'e' << 17;
         QTest::newRow("nonsense") << 'f' << -1;
     }

@@ -63,6 +63,7 @@ struct Scratch
     PixelRuns runs;
     SampleXCache sampleX;
     QVector<QPointF> points;
+    QVector<QLineF> segments;
 };
 
 Scratch &scratch()
@@ -97,6 +98,23 @@ bool areFinite(const double *values, int count)
 bool isFinite(double x, double y)
 {
     return std::isfinite(x) && std::isfinite(y);
+}
+
+//! Returns whether a painter's pen is at most one pixel wide, and sets the pixels of its line to one colour without blending.
+bool paintsThinOpaque(const QPainter &painter)
+{
+    const QPen &pen = painter.pen();
+    return QwtPainter::roundingAlignment(const_cast<QPainter *>(&painter))
+        && !painter.testRenderHint(QPainter::Antialiasing)
+        && painter.compositionMode() == QPainter::CompositionMode_SourceOver
+        && painter.opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
+        && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255;
+}
+
+//! Returns whether a pixel of a painter's coordinates is more than one pixel of its device.
+bool isFiner(const QPainter &painter)
+{
+    return painter.device()->devicePixelRatioF() > 1.0;
 }
 
 //! A curve with many samples for each pixel column, read directly from the memory that holds its samples.
@@ -176,6 +194,8 @@ CurveLines::CurveLines(QPainter *painter,
     , m_yMap(yMap)
     , m_canvasRect(canvasRect)
     , m_aligned(QwtPainter::roundingAlignment(painter))
+    , m_drawsSegments(isFiner(*painter) && paintsThinOpaque(*painter)
+                      && painter->pen().style() == Qt::SolidLine)
 {
 }
 
@@ -189,9 +209,8 @@ void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
 
 bool CurveLines::isDense(int samples) const
 {
-    const bool finer = m_painter->device()->devicePixelRatioF() > 1.0;
     const double columns = std::max(m_canvasRect.width(), 1.0);
-    return samples > (finer ? denseSamplesOnFinerPixels : denseSamples) * columns;
+    return samples > (isFiner(*m_painter) ? denseSamplesOnFinerPixels : denseSamples) * columns;
 }
 
 //! Returns whether runs look like the lines. Dashes cannot be seen where each column has many samples.
@@ -199,13 +218,7 @@ bool CurveLines::drawsWholePixels(const QPainter &painter,
                                   const QwtScaleMap &xMap,
                                   const QwtScaleMap &yMap)
 {
-    const QPen &pen = painter.pen();
-    return QwtPainter::roundingAlignment(const_cast<QPainter *>(&painter))
-        && !painter.testRenderHint(QPainter::Antialiasing)
-        && painter.compositionMode() == QPainter::CompositionMode_SourceOver
-        && painter.opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
-        && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255
-        && !xMap.transformation() && !yMap.transformation();
+    return paintsThinOpaque(painter) && !xMap.transformation() && !yMap.transformation();
 }
 
 void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to)
@@ -328,10 +341,23 @@ void CurveLines::drawPolyline(const QPointF *points, int count) const
         QPolygonF clipped = QwtClipper::clipPolygonF(clip, polyline, false);
         if (m_aligned && reachesFar(points, count))
             toWholePixels(clipped);
-        QwtPainter::drawPolyline(m_painter, clipped);
+        strokePolyline(clipped.constData(), clipped.size());
     } else if (count > 1) {
-        QwtPainter::drawPolyline(m_painter, points, count);
+        strokePolyline(points, count);
     }
+}
+
+void CurveLines::strokePolyline(const QPointF *points, int count) const
+{
+    if (!m_drawsSegments) {
+        QwtPainter::drawPolyline(m_painter, points, count);
+        return;
+    }
+    QVector<QLineF> &segments = scratch().segments;
+    segments.resize(0);
+    for (int i = 1; i < count; ++i)
+        segments.append(QLineF(points[i - 1], points[i]));
+    m_painter->drawLines(segments);
 }
 
 } // namespace Corvale_Qt

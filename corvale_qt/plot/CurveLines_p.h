@@ -18,7 +18,9 @@ class LineBreaks;
 /*! Draws the lines of a curve that breaks at missing samples. There are two methods, whose pictures differ at most in single
     pixels at corners:
 
-    - With few samples for each pixel column, each sequence of finite samples is drawn as a polyline, as Qwt draws it.
+    - With few samples for each pixel column, each sequence of finite samples is drawn as a polyline, as Qwt draws it. On finer
+      device pixels each pair of neighbouring samples becomes a line, as it does where samples are many: a painter would fill the
+      outline of a whole polyline, which takes four times as long and differs in a few pixels at corners.
     - With many samples, each pixel column becomes one run of pixels (PixelRuns). This is done only if the painter draws
       whole pixels of one opaque colour, without blending. */
 class CurveLines
@@ -54,6 +56,7 @@ private:
     double columnOf(double x) const;
     void place(const double *positions, const double *y, int count, QPointF *points) const;
     void drawPolyline(const QPointF *points, int count) const;
+    void strokePolyline(const QPointF *points, int count) const;
 
     QPainter *m_painter;
     const QwtScaleMap &m_xMap;
@@ -62,6 +65,7 @@ private:
     CurveLayer *m_layer = nullptr;
     bool m_clipping = false;
     bool m_aligned;
+    bool m_drawsSegments; //!< instead of polylines
 };
 
 } // namespace Corvale_Qt

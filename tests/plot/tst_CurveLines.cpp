@@ -454,6 +454,43 @@ private Q_SLOTS:
         }
     }
 
+    //! There each pair of samples is a line, whose caps differ from the corners of a polyline in a few pixels.
+    void fewSamplesOnFinerPixels()
+    {
+        RVXSingleChannelDataModel model;
+        for (int i = 0; i < 250; ++i)
+            model.AddData(i + 1, std::sin(0.7 * i) + 0.3 * std::cos(2.9 * i));
+        const RVXSeriesData series(model, 1, 1, -1);
+        const QwtScaleMap x = scaleMap(1.0, 250.0, 0.0, 999.0);
+        RVXDiscontinuousPlotCurve curve;
+        prepare(curve, series);
+        QImage empty(2 * canvas, QImage::Format_RGB32);
+        empty.setDevicePixelRatio(2.0);
+        empty.fill(Qt::black);
+        QPolygonF points;
+        for (size_t i = 0; i < series.size(); ++i) {
+            const QPointF point = series.sample(i);
+            points << QPointF(pixelOf(x, point.x()), pixelOf(upwards, point.y()));
+        }
+        QImage lines = empty;
+        QImage polyline = empty;
+        QPainter ofLines(&lines);
+        ofLines.setPen(yellowPen());
+        for (int i = 1; i < points.size(); ++i)
+            ofLines.drawLine(points[i - 1], points[i]);
+        ofLines.end();
+        QPainter ofPolyline(&polyline);
+        ofPolyline.setPen(yellowPen());
+        ofPolyline.drawPolyline(points);
+        ofPolyline.end();
+        const QImage picture = drawn(curve, x, upwards, empty);
+        QVERIFY(differingPixels(picture, empty) > 50000);
+        QCOMPARE(differingPixels(picture, lines), 0);
+        const int atCorners =
+            differingPixels(picture, polyline); // these are as sharp as corners get
+        QVERIFY2(atCorners < 5 * points.size(), qPrintable(QString::number(atCorners)));
+    }
+
     void textThatIsLaidOutOnceHasThePixelsOfDrawText_data()
     {
         columns<QString, double>("text", "ratio");

@@ -58,3 +58,8 @@ void CustomPlotChart::drawFrame()
 {
     m_plot->replot(QCustomPlot::rpImmediateRefresh);
 }
+
+void CustomPlotChart::setPixelRatio(double ratio)
+{
+    m_plot->setBufferDevicePixelRatio(ratio);
+}

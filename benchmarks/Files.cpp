@@ -90,7 +90,7 @@ void measureFiles()
     MergedChannels merged(8, samples);
     compare(
         "12a file of 8 x 100k",
-        3.5,
+        4.0,
         [&] {
             merged.table().SaveDataToFile(ours);
         },
@@ -105,7 +105,7 @@ void measureFiles()
         values.append(model.doubleData(row, 1));
     compare(
         "12b file of one channel, 100k",
-        2.5,
+        4.0,
         [&] {
             model.SaveDataToFile(ours);
         },

@@ -19,3 +19,4 @@ void measureGrowth();
 void measureMonitorChart();
 void measureOwnModel();
 void measureWatchedChart();
+void measureFinerPixels();

@@ -17,6 +17,8 @@ public:
     explicit CustomPlotChart(ScopeChart &chart);
     ~CustomPlotChart();
     void drawFrame();
+    //! Sets how many device pixels a pixel has along each axis.
+    void setPixelRatio(double ratio);
 
 private:
     const std::unique_ptr<QCustomPlot> m_plot;

@@ -55,11 +55,11 @@ void measurePeerRepaint()
     {
         ChannelStack stack(64, 100000);
         ScopeChart ours(stack.top(), ScopeChart::FullRange);
-        measureCustomPlot(ours, "2a strip 64 x 100k", 2.0);
+        measureCustomPlot(ours, "2a strip 64 x 100k", 4.2);
     }
     ChannelStack stack(64, 10000);
     ScopeChart ours(stack.top(), ScopeChart::FullRange);
-    measureCustomPlot(ours, "2b strip 64 x 10k", 1.4);
+    measureCustomPlot(ours, "2b strip 64 x 10k", 3.0);
     // Only its repaint is measured. Setting its samples takes several times as long.
-    measureQtCharts(ours, "2c strip 64 x 10k", 4.5);
+    measureQtCharts(ours, "2c strip 64 x 10k", 8.5);
 }

@@ -94,7 +94,7 @@ void compare(const QString &name, const QwtPlotSpectrogram &raster, bool smoothe
         },
         21);
     if (smoothed)
-        report({name + ", times faster than Qwt's", faster, Goal::AtLeast, 2.8});
+        report({name + ", times faster than Qwt's", faster, Goal::AtLeast, 4.5});
     else
         report({name + ", share of Qwt's time", 1.0 / faster, Goal::AtMost, 1.1});
     QImage empty(ours.size(), ours.format());

@@ -31,6 +31,6 @@ void measure(const QString &name, int channels, int samples, double limit)
 
 void measureStripRepaint()
 {
-    measure("1a strip 64 x 100k", 64, 100000, 25.0);
-    measure("1b strip 64 x 10k", 64, 10000, 4.5);
+    measure("1a strip 64 x 100k", 64, 100000, 32.0);
+    measure("1b strip 64 x 10k", 64, 10000, 7.0);
 }

@@ -41,6 +41,7 @@ const Subject subjects[] = {
 #endif
     {"own", measureOwnModel},
     {"watched", measureWatchedChart},
+    {"finer", measureFinerPixels},
 };
 
 bool isKnown(const QString &name)

@@ -17,7 +17,8 @@ function(corvale_qt_translations catalog result)
       COMMAND Qt5::lrelease -silent "${source}" -qm "${folder}/${name}.qm"
       DEPENDS "${source}"
       VERBATIM)
-    string(APPEND entries "    <file alias=\"${name}.qm\">${folder}/${name}.qm</file>\n")
+    # Half of a catalogue is saved, which is less than Qt asks for by default.
+    string(APPEND entries "    <file compress-algo=\"zlib\" compress=\"9\" threshold=\"10\" alias=\"${name}.qm\">${folder}/${name}.qm</file>\n")
   endforeach()
   set(resources "${CMAKE_CURRENT_BINARY_DIR}/${catalog}_translations.qrc")
   file(CONFIGURE OUTPUT "${resources}" CONTENT

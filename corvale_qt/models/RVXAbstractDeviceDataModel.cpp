@@ -19,8 +19,9 @@ namespace Corvale_Qt {
 class RVXAbstractDeviceDataModelPrivate
 {
 public:
-    static const Units::MeasurementUnit defaultUnits;
-    static const Units::S defaultXUnits;
+    // Made when they are first asked for, so that loading the library takes no memory.
+    static const Units::MeasurementUnit &defaultUnits();
+    static const Units::S &defaultXUnits();
 
     RVXAbstractDeviceDataModelPrivate() { enabled.set(); }
 
@@ -74,8 +75,8 @@ public:
             : QVariant::fromValue(RVXPlotColors::dashes(channel - 1, palette));
     }
 
-    const Units::MeasurementUnit *units = &defaultUnits;
-    const Units::MeasurementUnit *xUnits = &defaultXUnits;
+    const Units::MeasurementUnit *units = &defaultUnits();
+    const Units::MeasurementUnit *xUnits = &defaultXUnits();
     int period = 0;
     bool sampleDue = true;
     QTimer *timer = nullptr;
@@ -85,8 +86,17 @@ public:
     QIcon editIcon;
 };
 
-const Units::MeasurementUnit RVXAbstractDeviceDataModelPrivate::defaultUnits(1.0, "A", 1.0);
-const Units::S RVXAbstractDeviceDataModelPrivate::defaultXUnits;
+const Units::MeasurementUnit &RVXAbstractDeviceDataModelPrivate::defaultUnits()
+{
+    static const Units::MeasurementUnit ampere(1.0, QStringLiteral("A"), 1.0);
+    return ampere;
+}
+
+const Units::S &RVXAbstractDeviceDataModelPrivate::defaultXUnits()
+{
+    static const Units::S seconds;
+    return seconds;
+}
 
 const unsigned int RVXAbstractDeviceDataModel::maxBufferSize = 100000;
 

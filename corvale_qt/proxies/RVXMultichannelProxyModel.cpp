@@ -22,8 +22,19 @@ namespace Corvale_Qt {
 namespace {
 
 constexpr int plotWidthHintPoints = 256;
-const Units::MeasurementUnit defaultUnits(1.0, QStringLiteral("A"), 1.0);
-const Units::S defaultXUnits;
+
+// Made when they are first asked for, so that loading the library takes no memory.
+const Units::MeasurementUnit *unitWithoutChannels()
+{
+    static const Units::MeasurementUnit ampere(1.0, QStringLiteral("A"), 1.0);
+    return &ampere;
+}
+
+const Units::MeasurementUnit *xUnitWithoutChannels()
+{
+    static const Units::S seconds;
+    return &seconds;
+}
 
 bool isTaken(Qt::DropAction action)
 {
@@ -395,13 +406,13 @@ double RVXMultichannelProxyModel::PlotWidthHint() const
 const Units::MeasurementUnit *RVXMultichannelProxyModel::units() const
 {
     Q_D(const RVXMultichannelProxyModel);
-    return d->firstPlot() ? d->firstPlot()->units() : &defaultUnits;
+    return d->firstPlot() ? d->firstPlot()->units() : unitWithoutChannels();
 }
 
 const Units::MeasurementUnit *RVXMultichannelProxyModel::xUnits() const
 {
     Q_D(const RVXMultichannelProxyModel);
-    return d->firstPlot() ? d->firstPlot()->xUnits() : &defaultXUnits;
+    return d->firstPlot() ? d->firstPlot()->xUnits() : xUnitWithoutChannels();
 }
 
 int RVXMultichannelProxyModel::MaxBufferSize() const

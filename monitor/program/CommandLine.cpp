@@ -215,6 +215,7 @@ const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
     static const QVector<QPair<QString, Task>> tasks = {{"help", Task::Help},
                                                         {"version", Task::Version},
                                                         {"man-page", Task::ManPage},
+                                                        {"headless", Task::Headless},
                                                         {"stats", Task::Statistics},
                                                         {"convert", Task::Convert},
                                                         {"check", Task::Check},
@@ -242,6 +243,10 @@ QString contradiction(const CommandLine &wanted, const ValueReader &values)
                    "--record %1: what is being recorded is text; record to a file that ends in "
                    ".csv, and add --segments hdf5 to have it as HDF5 once it is complete")
             .arg(wanted.record.path);
+    if (wanted.task == CommandLine::Task::Headless && !wanted.publishes()
+        && wanted.record.path.isEmpty())
+        return Text::tr("--headless reads without showing anything; add --publish ADDRESS or "
+                        "--record PATH");
     const bool convertsToHdf5 =
         wanted.task == CommandLine::Task::Convert && isNexusName(wanted.output);
     if (convertsToHdf5 && wanted.record.segments != SegmentForm::Text)
@@ -293,6 +298,39 @@ QString faultOfSources(const CommandLine &line)
         return {};
     return Text::tr("%1, not several: %2. A window, --stats and --check read several")
         .arg(task, addresses.join(QStringLiteral(", ")));
+}
+
+/*! Finds the source whose results are to be published: the one that is named, or else the one that stands at the same place in its
+    row. Returns what is wrong. */
+QString takePublished(const QString &text, int place, CommandLine *line)
+{
+    const std::optional<NamedAddress> named = namedAddressFromText(text);
+    int index = place;
+    if (named)
+        for (index = 0; index < line->sources.size(); ++index)
+            if (line->sources.at(index).name == named->name)
+                break;
+    if (index >= line->sources.size())
+        return named ? Text::tr("--publish %1: there is no source of that name").arg(text)
+                     : Text::tr("--publish %1: there are fewer sources than that").arg(text);
+    if (!line->published.at(index).isEmpty())
+        return Text::tr("--publish %1: that source is published already").arg(text);
+    line->published[index] = named ? named->address : text;
+    return {};
+}
+
+//! Reads under what the results of each source are published.
+void readPublished(const QCommandLineParser &parser, CommandLine *line, QString *error)
+{
+    line->published = QVector<QString>(line->sources.size()).toList();
+    const QStringList texts = parser.values(QStringLiteral("publish"));
+    for (int i = 0; i < texts.size() && error->isEmpty(); ++i)
+        *error = takePublished(texts.at(i), i, line);
+    using Task = CommandLine::Task;
+    const bool canPublish = line->task == Task::Window || line->task == Task::Headless
+        || line->task == Task::Statistics || line->task == Task::Check;
+    if (!texts.isEmpty() && !canPublish)
+        *error = Text::tr("--publish needs a window, --headless, --stats or --check");
 }
 
 //! Reads what is given as a source, first each argument without an option, then each --source.
@@ -385,6 +423,8 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
         return true;
     }
     readSources(parser, this, error);
+    if (error->isEmpty())
+        readPublished(parser, this, error);
     readStatisticsOptions(parser, this, error);
     ValueReader values(parser);
     readValues(values, this);

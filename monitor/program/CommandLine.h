@@ -28,6 +28,7 @@ struct CommandLine
     enum class Task {
         Window,
         Screenshot,
+        Headless,
         Statistics,
         Convert,
         Check,
@@ -41,6 +42,7 @@ struct CommandLine
     QString source = QStringLiteral("sim:strips");
     bool sourceGiven = false;
     QVector<NamedAddress> sources; //!< all of them, the first one too; their names differ
+    QStringList published; //!< for each source the address of its results; empty for none
     FileSource::Options file;
     bool speedGiven = false;
     Recorder::Options record; //!< the path is empty if nothing is to be recorded
@@ -72,6 +74,8 @@ struct CommandLine
     bool parse(const QStringList &arguments, QString *error);
     //! Returns the value of --detector that stands for none.
     static QString noDetector() { return QStringLiteral("none"); }
+    //! Returns whether results are published.
+    bool publishes() const { return !published.join(QString()).isEmpty(); }
     //! Returns whether the task opens a window on a screen.
     bool needsDisplay() const { return task == Task::Window; }
 

@@ -39,14 +39,16 @@ HeadlessFeed::~HeadlessFeed() = default;
 bool HeadlessFeed::openSource()
 {
     FileSource::Options options = m_commandLine.file;
-    options.speed = 0.0; // there is no window that a person watches
+    const bool isForReaders = m_commandLine.task == CommandLine::Task::Headless;
+    if (!isForReaders)
+        options.speed = 0.0; // there is no window that a person watches
     SourceFactory factory(m_clock, options);
     m_source = factory.make(m_address);
     if (!m_source) {
         complain(factory.errorString());
         return false;
     }
-    m_source->setReconnecting(false);
+    m_source->setReconnecting(isForReaders);
     connect(m_source.get(), &Source::streamStarted, this, &HeadlessFeed::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &HeadlessFeed::takeReadings);
     connect(m_source.get(), &Source::stateChanged, this, &HeadlessFeed::sourceStateChanged);
@@ -60,6 +62,47 @@ bool HeadlessFeed::openSource()
             Q_EMIT refused(line.text());
         });
     return true;
+}
+
+void HeadlessFeed::publish(std::unique_ptr<CorvaleMonitor::Publication> publication)
+{
+    ResultInput input;
+    input.source = [this]() -> const Source & {
+        return *m_source;
+    };
+    input.statistics = [this]() -> const StreamStatistics & {
+        return m_statistics;
+    };
+    input.rate = [this] {
+        return m_activity.rate(m_clock.seconds());
+    };
+    input.isStale = [this] {
+        return m_source->state() != Source::State::Finished && !m_source->isHolding()
+            && m_activity.isStale(m_clock.seconds());
+    };
+    m_results = std::make_unique<ResultFeed>(m_clock, std::move(publication), input);
+    m_results->setChannelsAreProfile(m_commandLine.fitChannels);
+    m_results->setVerdictLimits(verdictLimits());
+}
+
+void HeadlessFeed::finishPublishing()
+{
+    if (m_results)
+        m_results->flush();
+}
+
+//! Returns whether the run goes on without readings, so that others can read the last results.
+bool HeadlessFeed::staysAfterEnd() const
+{
+    return m_results && m_commandLine.task == CommandLine::Task::Headless;
+}
+
+//! Returns the limits of verdicts. Without --settings, a report is the same for every user.
+Corvale_Qt::VerdictLimits HeadlessFeed::verdictLimits() const
+{
+    return m_commandLine.settings.isEmpty()
+        ? Corvale_Qt::VerdictLimits()
+        : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
 }
 
 Recorder::Options HeadlessFeed::recorderOptions() const
@@ -132,7 +175,7 @@ void HeadlessFeed::takeHeader(const StreamHeader &told)
     }
     m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
     m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
-    if (m_statistics.readings() > 0)
+    if (m_statistics.readings() > 0 && m_commandLine.task != CommandLine::Task::Headless)
         complain(tr("another acquisition begins; the statistics cover only the last one"));
     const QString fault = m_computed.begin(header);
     if (!fault.isEmpty()) {
@@ -142,6 +185,7 @@ void HeadlessFeed::takeHeader(const StreamHeader &told)
     }
     m_gapsBefore += m_statistics.gaps();
     m_statistics.startStream(header);
+    m_activity.reset();
     if (m_commandLine.task == CommandLine::Task::Statistics)
         m_leftOutCount = {}; // the statistics cover only the last acquisition
     m_spots.header = header;
@@ -155,6 +199,7 @@ void HeadlessFeed::takeReadings(const ReadingBlock &arrived)
     if (m_ended)
         return;
     const ReadingBlock &readings = m_computed.extended(m_limit.take(arrived));
+    m_activity.noteArrival(m_clock.seconds(), arrived.size());
     m_statistics.addReadings(readings);
     keepSpots(readings);
     if (m_commandLine.task != CommandLine::Task::Convert)
@@ -174,7 +219,8 @@ void HeadlessFeed::sourceStateChanged(Source::State state, const QString &text)
             complain(m_source->remedy());
         m_exitCode = m_exitCode == ExitGood ? ExitSourceLost : m_exitCode;
     }
-    if (state == Source::State::Failed || state == Source::State::Finished)
+    const bool isOver = state == Source::State::Finished && !staysAfterEnd();
+    if (state == Source::State::Failed || isOver)
         end();
 }
 
@@ -231,11 +277,8 @@ std::optional<StatisticsReport> HeadlessFeed::statistics() const
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
     report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
-    // Without --settings, a report is the same for every user.
-    const auto limits = m_commandLine.settings.isEmpty()
-        ? Corvale_Qt::VerdictLimits()
-        : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
-    report.estimates = estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, limits);
+    report.estimates =
+        estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, verdictLimits());
     applyVerdicts(report.estimates, report.fits);
     report.leftOut = m_leftOutCount;
     report.spotErrors = spotErrors();

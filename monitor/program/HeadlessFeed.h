@@ -3,10 +3,12 @@
 
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/HeadlessOutput.h"
+#include "monitor/publishing/ResultFeed.h"
 #include "monitor/readings/ComputedStream.h"
 #include "monitor/readings/LeftOut.h"
 #include "monitor/readings/SpotErrors.h"
 #include "monitor/recording/SegmentCompressor.h"
+#include "monitor/session/ActivityWatch.h"
 #include "monitor/session/ReadingLimit.h"
 #include "monitor/sources/Source.h"
 #include "monitor/statistics/StatisticsReport.h"
@@ -48,6 +50,11 @@ public:
     //! Takes no more readings since a person ends the program.
     void interrupt();
     bool hasEnded() const { return m_ended; }
+    /*! Publishes the results of the source from now on. A run that does nothing else goes on after the source has ended, so that its last
+        results can be read. */
+    void publish(std::unique_ptr<CorvaleMonitor::Publication> publication);
+    //! Publishes the results of the last reading, if any are published.
+    void finishPublishing();
 
     const Source &source() const { return *m_source; }
     QString name() const { return m_name; }
@@ -75,6 +82,8 @@ Q_SIGNALS:
     void outputFailed();
 
 private:
+    bool staysAfterEnd() const;
+    Corvale_Qt::VerdictLimits verdictLimits() const;
     Recorder::Options recorderOptions() const;
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
@@ -94,6 +103,9 @@ private:
     ReadingLimit m_limit;
     ComputedStream m_computed;
     StreamStatistics m_statistics;
+    ActivityWatch m_activity;
+    std::unique_ptr<ResultFeed>
+        m_results; //!< null unless they are published; uses what stands above
     SpotRows m_spots; //!< the spots of the last stream, if they are compared with planned ones
     bool m_spotsCut = false;
     qint64 m_gapsBefore = 0; //!< of the acquisitions before the present one

@@ -8,6 +8,7 @@
 #include "monitor/program/HeadlessFeed.h"
 #include "monitor/program/ProgressLine.h"
 #include "monitor/program/TerminationSignal.h"
+#include "monitor/publishing/Publishing.h"
 
 #include <QEventLoop>
 #include <QJsonArray>
@@ -34,6 +35,22 @@ HeadlessRun::HeadlessRun(const CommandLine &commandLine, QObject *parent)
 }
 
 HeadlessRun::~HeadlessRun() = default;
+
+//! Opens what the results are published under, before the sources.
+bool HeadlessRun::openPublications()
+{
+    QString error;
+    auto publications = Monitor::openPublications(m_commandLine.published, &error);
+    if (!error.isEmpty()) {
+        complain(error);
+        m_exitCode = ExitUsage;
+        return false;
+    }
+    for (std::size_t i = 0; i < publications.size(); ++i)
+        if (publications[i])
+            m_feeds[i]->publish(std::move(publications[i]));
+    return true;
+}
 
 bool HeadlessRun::openSources()
 {
@@ -102,7 +119,7 @@ int HeadlessRun::run()
     for (const NamedAddress &source : m_commandLine.sources)
         addresses.append(source.address);
     notes.note(QStringLiteral("source"), addresses.join(QLatin1Char(' ')));
-    if (!openPlan() || !openSources() || !openOutputs())
+    if (!openPlan() || !openPublications() || !openSources() || !openOutputs())
         return m_exitCode;
     readSources();
     return report();
@@ -132,6 +149,8 @@ void HeadlessRun::readSources()
         feed->start();
     if (!hasEnded())
         loop.exec();
+    for (const auto &feed : m_feeds)
+        feed->finishPublishing();
     if (m_commandLine.diagnostics)
         complain(watch.summary());
 }

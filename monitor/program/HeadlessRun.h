@@ -15,8 +15,8 @@ namespace Monitor {
 
 class HeadlessFeed;
 
-/*! The run of --stats, --convert and --check: reads its sources to their ends and reports what it found. Each source has a
-    report and a recording of its own. */
+/*! The run of --headless, --stats, --convert and --check: reads its sources to their ends and reports what it found. Each source has a
+    report and a recording of its own, and its results may be published. */
 class HeadlessRun : public QObject
 {
     Q_OBJECT
@@ -31,6 +31,7 @@ public:
 
 private:
     bool openPlan();
+    bool openPublications();
     bool openSources();
     bool openOutputs();
     void tellCrashes();

@@ -126,6 +126,15 @@ QVector<OptionText> outputOptions()
          "AMOUNT",
          Text::tr(
              "End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
+        {"publish",
+         "ADDRESS",
+         Text::tr("Publish position, sigma, integral, verdict, rate and newest values, for example "
+                  "as a device of TANGO: tango:beam/monitor/1. Given again, or as NAME=ADDRESS, "
+                  "for further sources.")},
+        {"headless",
+         "",
+         Text::tr("Read without a window, and connect again what is lost, until a signal ends the "
+                  "program; with --publish or --record.")},
         {"stats", "", Text::tr("Read to the end and print statistics of each channel.")},
         {"json", "", Text::tr("Print the statistics as JSON.")},
         {"fit-channels",
@@ -220,6 +229,8 @@ QVector<TopicText> topicTexts()
               Text::tr("An instrument on the network, recorded to files in a folder.")},
              {"corvale-monitor tcp://10.0.0.7:5000 --source halo=tcp://10.0.0.8:5000",
               Text::tr("Two instruments in one window, with charts of the same stretch of time.")},
+             {"corvale-monitor --headless --publish tango:beam/monitor/1 tcp://10.0.0.7:5000",
+              Text::tr("What is computed, for the archive and the alarms of the control system.")},
              {"corvale-monitor --stats currents.csv",
               Text::tr("Mean, sigma, minimum and maximum of each channel.")},
          }},

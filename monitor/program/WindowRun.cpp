@@ -6,7 +6,10 @@
 #include "monitor/program/CompressionWait.h"
 #include "monitor/program/FormerRuns.h"
 #include "monitor/program/PictureTaker.h"
+#include "monitor/program/SessionResults.h"
 #include "monitor/program/TerminationSignal.h"
+#include "monitor/publishing/Publishing.h"
+#include "monitor/publishing/ResultFeed.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/session/Companions.h"
 #include "monitor/sources/NoSource.h"
@@ -56,7 +59,7 @@ QString WindowRun::settingsFile() const
 
 bool WindowRun::prepare()
 {
-    if (!openSession())
+    if (!openPublications() || !openSession())
         return false;
     openWindow();
     return true;
@@ -155,6 +158,32 @@ bool WindowRun::openBeside()
     return true;
 }
 
+//! Opens what the results are published under, before the sources. Returns false if that fails.
+bool WindowRun::openPublications()
+{
+    QString error;
+    m_publications = Monitor::openPublications(m_commandLine.published, &error);
+    if (!error.isEmpty())
+        leave(ExitUsage, error);
+    return error.isEmpty();
+}
+
+//! Publishes the results of a session if that is wanted of its source, judged as the window judges them.
+void WindowRun::publish(std::size_t source, Session &session)
+{
+    // Sources that are read again, because they were beside the first one before, are none of the command line's.
+    if (source >= m_publications.size() || !m_publications[source])
+        return;
+    ResultFeed *feed = publishResults(session, std::move(m_publications[source]));
+    feed->setVerdictLimits(m_options.verdictLimits);
+    connect(&m_window->sources(),
+            &SourceSwitch::optionsChanged,
+            feed,
+            [feed](const MonitorOptions &options) {
+                feed->setVerdictLimits(options.verdictLimits);
+            });
+}
+
 //! Begins to read the sources after the first one.
 void WindowRun::readBeside()
 {
@@ -162,8 +191,11 @@ void WindowRun::readBeside()
         return;
     const WindowSettings settings(settingsFile());
     m_window->companions().setLeadName(m_leadName);
-    for (Beside &beside : m_beside)
+    for (std::size_t i = 0; i < m_beside.size(); ++i) {
+        Beside &beside = m_beside[i];
         addBeside(m_window->companions(), beside.address, std::move(beside.source), settings);
+        publish(i + 1, *m_window->companions().members().back().session);
+    }
     m_beside.clear();
 }
 
@@ -286,6 +318,7 @@ int WindowRun::run()
         Q_EMIT m_session->noted(QStringLiteral("WARNING ") + text);
     });
     m_window->show();
+    publish(0, *m_session);
     m_session->start();
     readBeside();
     QApplication::exec();

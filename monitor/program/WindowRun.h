@@ -7,6 +7,7 @@
 
 #include <QTemporaryDir>
 
+#include <corvale_monitor/ResultPublisher.h>
 #include <memory>
 #include <vector>
 
@@ -51,6 +52,8 @@ private:
     bool openRecording();
     bool openBeside();
     void readBeside();
+    bool openPublications();
+    void publish(std::size_t source, Session &session);
     Corvale_Qt::DetectorLayout detectorOfSource();
     void openWindow();
     QString settingsFile() const;
@@ -67,6 +70,8 @@ private:
     std::unique_ptr<Session> m_session;
     QString m_leadName; //!< among the sources that are read together
     std::vector<Beside> m_beside; //!< the sources after the first one, until they are read
+    //! For each source of the command line, null if its results are not published; until its session has it.
+    std::vector<std::unique_ptr<CorvaleMonitor::Publication>> m_publications;
     std::unique_ptr<MonitorWindow> m_window;
     QString m_detectorNote; //!< for the log: which detector was remembered
     QString m_recordingNote; //!< for the log: why an interrupted recording does not go on

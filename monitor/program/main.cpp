@@ -144,8 +144,8 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     } else if (!hasDisplay()) {
         complain(Text::tr("there is no display to open a window on (neither DISPLAY nor "
-                          "WAYLAND_DISPLAY is set). --screenshot FILE.png, --stats and --check "
-                          "need none."));
+                          "WAYLAND_DISPLAY is set). --screenshot FILE.png, --headless, --stats "
+                          "and --check need none."));
         return ExitUsage;
     }
     if (commandLine.task == CommandLine::Task::Window)

@@ -159,6 +159,14 @@ bool StreamHeader::countsFrom1970(double time)
     return time >= first && time <= last;
 }
 
+std::optional<double> StreamHeader::statedOrigin(double firstTime) const
+{
+    constexpr double secondsEach = 1e-3; // millisecond
+    if (startTime.isValid())
+        return secondsEach * double(startTime.toMSecsSinceEpoch());
+    return countsFrom1970(firstTime) ? std::optional(0.0) : std::nullopt;
+}
+
 QString StreamHeader::commonUnit() const
 {
     if (channels.isEmpty())

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 namespace Monitor {
 
 //! What the values of a reading represent.
@@ -86,6 +88,9 @@ struct StreamHeader
     bool setLimits(const QString &name, const Corvale_Qt::ChannelLimits &limitsOfChannel);
     //! Returns whether a time of a reading is a time stamp in seconds since 1970: no run of an instrument lasts that long.
     static bool countsFrom1970(double time);
+    /*! Returns the moment at which t is 0, in seconds since 1970, if the stream states it: by its start time, or by the times of its
+        readings, the first of which is \a firstTime. */
+    std::optional<double> statedOrigin(double firstTime) const;
     //! Returns whether the stream has a range.
     bool hasRange() const { return rangeLow < rangeHigh; }
     //! Returns the index of the channel with that name, ignoring case; -1 if there is none.

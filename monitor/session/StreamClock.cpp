@@ -68,14 +68,9 @@ void StreamClock::follow()
 //! Dates a stream whose first readings, from one time to another, have just arrived.
 void StreamClock::date(double firstTime, double newestTime)
 {
-    const QDateTime stated = m_session.model().header().startTime;
-    m_isByArrival = !stated.isValid() && !StreamHeader::countsFrom1970(firstTime);
-    if (stated.isValid())
-        m_origin = secondsOf(stated);
-    else if (m_isByArrival)
-        m_origin = secondsOf(m_session.clock().wallTime()) - newestTime;
-    else
-        m_origin = 0.0;
+    const std::optional<double> stated = m_session.model().header().statedOrigin(firstTime);
+    m_isByArrival = !stated;
+    m_origin = stated ? *stated : secondsOf(m_session.clock().wallTime()) - newestTime;
 }
 
 //! Compares the newest reading with this computer's clock. A reading that is ahead cannot have waited.

@@ -38,6 +38,12 @@ QStringList textsOf(const QJsonArray &array)
     return texts;
 }
 
+//! Returns the name of an interface up to its version.
+QString familyOf(const QString &interface)
+{
+    return interface.left(interface.indexOf(QLatin1Char('/')) + 1);
+}
+
 } // namespace
 
 SourcePlugins::SourcePlugins(const QStringList &folders)
@@ -85,15 +91,19 @@ QString SourcePlugins::schemeOf(const QString &text)
 //! Reads what a file says about itself, without running anything of it.
 void SourcePlugins::look(const QString &file)
 {
-    const QString wanted = QStringLiteral(CorvaleMonitor_SourcePlugin_iid);
-    const QString family = wanted.left(wanted.indexOf(QLatin1Char('/')) + 1);
     const QJsonObject told = QPluginLoader(file).metaData();
     const QString interface = told.value(QLatin1String("IID")).toString();
+    const QString publisher = QStringLiteral(CorvaleMonitor_ResultPublisher_iid);
+    const QString wanted = interface.startsWith(familyOf(publisher))
+        ? publisher
+        : QStringLiteral(CorvaleMonitor_SourcePlugin_iid);
+    const QString family = familyOf(wanted);
     const QJsonObject data = told.value(QLatin1String("MetaData")).toObject();
     const Description plugin{file,
                              textsOf(data.value(QLatin1String("schemes")).toArray()),
                              data.value(QLatin1String("title")).toString(),
-                             data.value(QLatin1String("address")).toString()};
+                             data.value(QLatin1String("address")).toString(),
+                             textsOf(data.value(QLatin1String("publishes")).toArray())};
     if (interface.isEmpty())
         m_faults.append(Text::tr("%1 is not a plugin").arg(file));
     else if (!interface.startsWith(family))
@@ -103,7 +113,7 @@ void SourcePlugins::look(const QString &file)
             Text::tr(
                 "%1 was built for version %2 of the interface, and this program has version %3")
                 .arg(file, interface.mid(family.size()), wanted.mid(family.size())));
-    else if (plugin.schemes.isEmpty())
+    else if (plugin.schemes.isEmpty() && plugin.publishers.isEmpty())
         m_faults.append(Text::tr("%1 does not say which addresses it reads").arg(file));
     else
         m_plugins.append(plugin);
@@ -111,17 +121,33 @@ void SourcePlugins::look(const QString &file)
 
 CorvaleMonitor::SourcePlugin *SourcePlugins::load(const QString &scheme, QString *error) const
 {
+    return loadFor<CorvaleMonitor::SourcePlugin>(&Description::schemes, scheme, error);
+}
+
+CorvaleMonitor::ResultPublisher *SourcePlugins::loadPublisher(const QString &scheme,
+                                                              QString *error) const
+{
+    return loadFor<CorvaleMonitor::ResultPublisher>(&Description::publishers, scheme, error);
+}
+
+//! Loads the plugin that has a scheme among those names, and returns the interface that goes with them.
+template<typename Interface>
+Interface *SourcePlugins::loadFor(Names names, const QString &scheme, QString *error) const
+{
     const auto found =
         std::find_if(m_plugins.begin(), m_plugins.end(), [&](const Description &plugin) {
-            return plugin.schemes.contains(scheme);
+            return (plugin.*names).contains(scheme);
         });
     if (found == m_plugins.end()) {
         *error = unknownText(scheme);
         return nullptr;
     }
     QPluginLoader loader(found->file);
-    auto *plugin = qobject_cast<CorvaleMonitor::SourcePlugin *>(loader.instance());
-    if (!plugin)
+    QObject *object = loader.instance();
+    auto *plugin = qobject_cast<Interface *>(object);
+    if (object && !plugin)
+        *error = Text::tr("%1 was built for another version of the interface").arg(found->file);
+    else if (!plugin)
         *error =
             Text::tr("the plugin for %1 cannot be loaded: %2").arg(scheme, loader.errorString());
     return plugin;

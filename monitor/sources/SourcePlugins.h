@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include <corvale_monitor/SourcePlugin.h>
+#include <corvale_monitor/ResultPublisher.h>
 
 namespace Monitor {
 
@@ -19,6 +19,7 @@ public:
         QStringList schemes; //!< what its addresses begin with
         QString title; //!< name of the kind of source
         QString address; //!< an example
+        QStringList publishers; //!< what the addresses begin with that it publishes results under
     };
 
     //! Looks through the folders; the first plugin with a scheme is the one that counts.
@@ -37,9 +38,15 @@ public:
     /*! Returns the plugin that reads a scheme, loaded; it is kept until the program ends. Returns null if there is none or it cannot be
         loaded; \a error says why, and what to do. */
     CorvaleMonitor::SourcePlugin *load(const QString &scheme, QString *error) const;
+    //! Returns the plugin that publishes results under addresses with a scheme, in the same way.
+    CorvaleMonitor::ResultPublisher *loadPublisher(const QString &scheme, QString *error) const;
 
 private:
+    using Names = QStringList Description::*;
+
     void look(const QString &file);
+    template<typename Interface>
+    Interface *loadFor(Names names, const QString &scheme, QString *error) const;
     QString unknownText(const QString &scheme) const;
 
     QStringList m_folders;

@@ -7,6 +7,9 @@
 #include <corvale_qt/numerics/CellScreening.h>
 #include <corvale_qt/numerics/ProfileEstimators.h>
 
+#include <cmath>
+#include <optional>
+
 namespace Monitor {
 
 using namespace Corvale_Qt;
@@ -37,26 +40,81 @@ QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
     return unit.isEmpty() ? QStringLiteral("cells") : unit;
 }
 
-void estimatePlane(const DetectorFrame &frame,
-                   DetectorLayout::Axis axis,
-                   const QString &plane,
-                   LastEstimates *last)
+using Estimator = BeamEstimate (*)(const BeamProfile &);
+
+//! The names of the estimators, as reports have them, in the order of the reports.
+constexpr std::pair<const char *, Estimator> estimators[] = {
+    {"centre_of_gravity",
+     [](const BeamProfile &profile) {
+         return centreOfGravity(profile);
+     }},
+    {"three_points",
+     [](const BeamProfile &profile) {
+         return threePointGaussian(profile);
+     }},
+    {"regression", &regression},
+    {"least_squares",
+     [](const BeamProfile &profile) {
+         return leastSquaresGaussian(profile);
+     }},
+    {"half_maximum",
+     [](const BeamProfile &profile) {
+         return halfMaximumWidth(profile);
+     }},
+    {"second_moment", [](const BeamProfile &profile) {
+         return secondMomentWidth(profile);
+     }}};
+
+//! The latest reading on its detector.
+struct LastFrame
 {
-    BeamProfile profile = frame.profile(axis);
-    flagHotCells(profile);
-    const std::pair<const char *, BeamEstimate> estimates[] = {
-        {"centre_of_gravity", centreOfGravity(profile)},
-        {"three_points", threePointGaussian(profile)},
-        {"regression", regression(profile)},
-        {"least_squares", leastSquaresGaussian(profile)},
-        {"half_maximum", halfMaximumWidth(profile)},
-        {"second_moment", secondMomentWidth(profile)}};
-    for (const auto &[name, estimate] : estimates)
-        last->planes.push_back({plane,
-                                QLatin1String(name),
-                                estimate,
-                                judgeEstimate(profile, estimate, last->limits),
-                                unitOf(frame.layout, axis)});
+    DetectorFrame frame;
+    bool isOneProfile = false; //!< whether all channels are one profile, since nothing places them
+    VerdictLimits limits; //!< by which estimates are judged
+};
+
+//! Returns the latest reading on its detector; nothing if there is none, or if nothing places its values.
+std::optional<LastFrame> lastFrame(const StreamStatistics &statistics,
+                                   bool channelsAreProfile,
+                                   const VerdictLimits &chosenLimits)
+{
+    const StreamHeader &header = statistics.header();
+    const DetectorLayout layout = layoutOf(header, channelsAreProfile);
+    const std::vector<double> &values = statistics.lastValues();
+    if (layout.isEmpty() || values.empty())
+        return std::nullopt;
+    LastFrame last;
+    last.frame = DetectorFrame::of(layout, values.data(), int(values.size()));
+    last.frame.flagHotCellsOfMatrix();
+    last.isOneProfile = header.detector.isEmpty() && header.kind == StreamKind::Channels;
+    last.limits = verdictLimitsOn(layout, chosenLimits);
+    return last;
+}
+
+//! Returns the estimates of all planes, by the one estimator of that name, or by all of them.
+std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last, const char *wanted = nullptr)
+{
+    using Axis = DetectorLayout::Axis;
+    std::vector<PlaneEstimate> planes;
+    const DetectorLayout &layout = last.frame.layout;
+    for (const auto &[axis, plane] :
+         {std::pair(Axis::X, last.isOneProfile ? "all" : "x"), std::pair(Axis::Y, "y")}) {
+        if (layout.cells(axis) == 0)
+            continue;
+        BeamProfile profile = last.frame.profile(axis);
+        flagHotCells(profile);
+        for (const auto &[name, estimator] : estimators) {
+            if (wanted && qstrcmp(name, wanted) != 0)
+                continue;
+            const BeamEstimate estimate = estimator(profile);
+            planes.push_back({QLatin1String(plane),
+                              QLatin1String(name),
+                              estimate,
+                              judgeEstimate(profile, estimate, last.limits),
+                              unitOf(layout, axis)});
+        }
+    }
+    return planes;
 }
 
 } // namespace
@@ -65,27 +123,31 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
                                      bool channelsAreProfile,
                                      const VerdictLimits &chosenLimits)
 {
-    using Axis = DetectorLayout::Axis;
-    LastEstimates last;
-    const StreamHeader &header = statistics.header();
-    const DetectorLayout layout = layoutOf(header, channelsAreProfile);
-    const std::vector<double> &values = statistics.lastValues();
-    if (layout.isEmpty() || values.empty())
-        return last;
-    DetectorFrame frame = DetectorFrame::of(layout, values.data(), int(values.size()));
-    frame.flagHotCellsOfMatrix();
-    last.leftOut = LeftOut::of(frame, header.readingUnit());
-    last.image = secondMomentImage(frame.image());
-    last.limits = verdictLimitsOn(layout, chosenLimits);
-    last.unit = unitOf(layout, Axis::X);
-    const bool oneProfile = header.detector.isEmpty() && header.kind == StreamKind::Channels;
-    for (const auto &[axis, name] :
-         {std::pair(Axis::X, oneProfile ? "all" : "x"), std::pair(Axis::Y, "y")}) {
-        if (layout.cells(axis) == 0)
-            continue;
-        estimatePlane(frame, axis, QLatin1String(name), &last);
-    }
-    return last;
+    LastEstimates estimates;
+    const auto last = lastFrame(statistics, channelsAreProfile, chosenLimits);
+    if (!last)
+        return estimates;
+    estimates.leftOut = LeftOut::of(last->frame, statistics.header().readingUnit());
+    estimates.image = secondMomentImage(last->frame.image());
+    estimates.limits = last->limits;
+    estimates.unit = unitOf(last->frame.layout, DetectorLayout::Axis::X);
+    estimates.planes = estimatePlanes(*last);
+    return estimates;
+}
+
+std::vector<PlaneEstimate> fittedPlanes(const StreamStatistics &statistics,
+                                        bool channelsAreProfile,
+                                        const VerdictLimits &chosenLimits)
+{
+    const auto last = lastFrame(statistics, channelsAreProfile, chosenLimits);
+    return last ? estimatePlanes(*last, "least_squares") : std::vector<PlaneEstimate>();
+}
+
+double integralOf(const BeamEstimate &estimate)
+{
+    if (!estimate.isOk())
+        return std::numeric_limits<double>::quiet_NaN();
+    return estimate.height.value * estimate.sigma.value * std::sqrt(2.0 * M_PI);
 }
 
 } // namespace Monitor

@@ -43,4 +43,13 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
                                      bool channelsAreProfile = false,
                                      const Corvale_Qt::VerdictLimits &chosenLimits = {});
 
+/*! Returns the least squares fits of the latest reading alone, one for each plane: what position and sigma over time are made of. The
+    arguments are those of estimatesOfLastReading(). */
+std::vector<PlaneEstimate> fittedPlanes(const StreamStatistics &statistics,
+                                        bool channelsAreProfile = false,
+                                        const Corvale_Qt::VerdictLimits &chosenLimits = {});
+/*! Returns the integral of an estimate's Gaussian above its background, height x sigma x sqrt(2 pi), in the unit of the readings; NaN
+    if the estimate has failed. */
+double integralOf(const Corvale_Qt::BeamEstimate &estimate);
+
 } // namespace Monitor

@@ -287,6 +287,7 @@ QJsonArray jsonEstimates(const LastEstimates &last)
             {"position_error", jsonNumber(estimate.position.error)},
             {"sigma", jsonNumber(estimate.sigma.value)},
             {"sigma_error", jsonNumber(estimate.sigma.error)},
+            {"integral", jsonNumber(integralOf(estimate))},
             {"unit", plane.unit},
             {"verdict", plane.verdict.text()},
             {"validity", Corvale_Qt::validityName(plane.verdict.validity)},

@@ -30,6 +30,13 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
     m_lastValues.assign(last, last + readings.channels());
 }
 
+const double *StreamStatistics::lastNumbers() const
+{
+    if (m_readings == 0)
+        return nullptr;
+    return m_header.hasFrames() ? m_frameNumbers.numbers().data() : m_lastValues.data();
+}
+
 void StreamStatistics::noteReading(double time, const double *values)
 {
     if (m_readings++ == 0)

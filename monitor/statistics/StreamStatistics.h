@@ -51,6 +51,8 @@ public:
     const RunningStatistics &channel(int i) const { return m_channels[std::size_t(i)]; }
     //! Returns the numbers of the frames that were added last, one for each channel of the header; valid until the next call.
     const ReadingBlock &frameNumbers() const { return m_numbers; }
+    //! Returns the latest value of each channel of the header, those of frames being computed; null before the first reading.
+    const double *lastNumbers() const;
     //! Returns which readings of the latest frame belong to no cell.
     const LeftOut &leftOut() const { return m_frameNumbers.leftOut(); }
     //! Returns the moments of the latest frames, oldest first; empty for other streams than pixels.

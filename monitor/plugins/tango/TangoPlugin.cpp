@@ -2,6 +2,7 @@
 #include "monitor/plugins/tango/TangoPlugin.h"
 
 #include "monitor/plugins/tango/TangoAddress.h"
+#include "monitor/plugins/tango/TangoPublication.h"
 #include "monitor/plugins/tango/TangoReader.h"
 #include "monitor/plugins/tango/TangoText.h"
 
@@ -29,4 +30,24 @@ QString TangoPlugin::remedy() const
 {
     return TangoText::tr("Check the names, that the device server runs, and that the address ends "
                          "with #dbase=no if its host and port are those of a device server.");
+}
+
+QString TangoPlugin::checkPublished(const QString &address) const
+{
+    QString error;
+    TangoName::fromText(address, &error);
+    return error;
+}
+
+std::vector<std::unique_ptr<CorvaleMonitor::Publication>>
+TangoPlugin::publish(const QStringList &addresses, QString *error)
+{
+    QVector<TangoName> names;
+    for (const QString &address : addresses) {
+        const std::optional<TangoName> name = TangoName::fromText(address, error);
+        if (!name)
+            return {};
+        names.append(*name);
+    }
+    return TangoPublication::open(names, error);
 }

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/readings/StreamHeader.h"
+#include "monitor/sources/Source.h"
+#include <corvale_qt/detector/VerdictLimits.h>
+
+#include <QObject>
+
+#include <corvale_monitor/ResultPublisher.h>
+#include <functional>
+#include <memory>
+
+namespace Monitor {
+
+class Clock;
+class StreamStatistics;
+
+//! Where the results of one source come from. The functions are called as long as the feed that has them exists.
+struct ResultInput
+{
+    std::function<const Source &()> source; //!< it may be another one from call to call
+    std::function<const StreamStatistics &()> statistics;
+    std::function<double()> rate; //!< readings that arrive in a second
+    std::function<bool()> isStale; //!< whether readings are overdue
+};
+
+/*! Gives the results of one source to a publication: those of the newest reading, ten times a second at most, and only if there is
+    something new. Each reading is counted and judged by the statistics; what this adds does not depend on how many come. */
+class ResultFeed : public QObject
+{
+    Q_OBJECT
+
+public:
+    //! Seconds from one set of results to the next.
+    static constexpr double interval = 0.1;
+
+    //! The clock must outlive the feed.
+    ResultFeed(Clock &clock,
+               std::unique_ptr<CorvaleMonitor::Publication> publication,
+               ResultInput input,
+               QObject *parent = nullptr);
+    ~ResultFeed() override;
+
+    //! Sets by what fits are judged on a detector that states no limits of its own.
+    void setVerdictLimits(const Corvale_Qt::VerdictLimits &limits);
+    //! Sets whether the channels of a stream that nothing places are one profile in their order, which is published as x.
+    void setChannelsAreProfile(bool on) { m_channelsAreProfile = on; }
+    //! Publishes what there is now, whatever the interval.
+    void flush();
+
+private:
+    void tick();
+    bool isNews() const;
+    void tellStream(const CorvaleMonitor::ResultStream &stream);
+    void addPlanes(CorvaleMonitor::Results *results, CorvaleMonitor::ResultStream *stream) const;
+    void addValues(CorvaleMonitor::Results *results) const;
+    double timeOfNewest() const;
+
+    Clock &m_clock;
+    const std::unique_ptr<CorvaleMonitor::Publication> m_publication;
+    const ResultInput m_input;
+    Corvale_Qt::VerdictLimits m_verdictLimits;
+    bool m_channelsAreProfile = false;
+    bool m_hasBegun = false; //!< whether the publication was told what follows
+    StreamHeader m_header; //!< that it was told
+    CorvaleMonitor::ResultStream m_stream; //!< the same in its words
+    CorvaleMonitor::Results m_told; //!< the results that were given last
+    double m_toldAt;
+};
+
+} // namespace Monitor

@@ -107,10 +107,28 @@ void ResultFeed::setVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
 
 void ResultFeed::tick()
 {
+    noteLoss();
     if (m_clock.seconds() - m_toldAt < interval)
         return;
     if (isNews())
         flush();
+}
+
+//! Remembers after which reading the source was lost: it stays the newest one until another comes, even if the source is there again.
+void ResultFeed::noteLoss()
+{
+    const qint64 readings = m_input.statistics().readings();
+    const SourceState state = published(m_input.source().state());
+    if (state != SourceState::Live && state != SourceState::Finished)
+        m_readingsAtLoss = readings;
+    else if (readings != m_readingsAtLoss)
+        m_readingsAtLoss = -1;
+}
+
+//! Returns whether the newest reading is not that of now.
+bool ResultFeed::isOverdue() const
+{
+    return m_input.isStale() || m_readingsAtLoss >= 0;
 }
 
 //! Returns whether something has changed since the last results.
@@ -119,7 +137,7 @@ bool ResultFeed::isNews() const
     const Source &source = m_input.source();
     return m_input.statistics().readings() != m_told.readings
         || published(source.state()) != m_told.state || source.stateText() != m_told.stateText
-        || m_input.isStale() != m_told.isOverdue;
+        || isOverdue() != m_told.isOverdue;
 }
 
 void ResultFeed::flush()
@@ -136,7 +154,7 @@ void ResultFeed::flush()
     results.rate = m_input.rate();
     results.state = published(source.state());
     results.stateText = source.stateText();
-    results.isOverdue = m_input.isStale();
+    results.isOverdue = isOverdue();
     addPlanes(&results, &stream);
     addValues(&results);
     tellStream(stream);

@@ -51,6 +51,8 @@ public:
 
 private:
     void tick();
+    void noteLoss();
+    bool isOverdue() const;
     bool isNews() const;
     void tellStream(const CorvaleMonitor::ResultStream &stream);
     void addPlanes(CorvaleMonitor::Results *results, CorvaleMonitor::ResultStream *stream) const;
@@ -67,6 +69,8 @@ private:
     CorvaleMonitor::ResultStream m_stream; //!< the same in its words
     CorvaleMonitor::Results m_told; //!< the results that were given last
     double m_toldAt;
+    qint64 m_readingsAtLoss =
+        -1; //!< how many had come when the source was lost; -1 if others came since
 };
 
 } // namespace Monitor

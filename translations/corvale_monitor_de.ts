@@ -2725,6 +2725,14 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>the texts in it are damaged</source>
         <translation>die Texte darin sind beschädigt</translation>
     </message>
+    <message>
+        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <translation>es sollte mit dem beginnen, was veröffentlicht, etwa tango:beam/monitor/1</translation>
+    </message>
+    <message>
+        <source>%1 was built for another version of the interface</source>
+        <translation>%1 wurde für eine andere Version der Schnittstelle gebaut</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>
@@ -3223,6 +3231,50 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1 does not tell what its attributes are</source>
         <translation>%1 sagt nicht, was seine Attribute sind</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tango:DOMAIN/FAMILY/MEMBER, a device that is defined in the database, or tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, which is served at that address without a database</source>
+        <translation>„%1“ sollte tango:DOMAIN/FAMILY/MEMBER sein, ein Gerät, das in der Datenbank definiert ist, oder tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, das unter dieser Adresse ohne Datenbank bedient wird</translation>
+    </message>
+    <message>
+        <source>%1 is given twice</source>
+        <translation>%1 ist zweimal angegeben</translation>
+    </message>
+    <message>
+        <source>all devices of a run belong to one server, with the same host and port</source>
+        <translation>alle Geräte eines Laufs gehören zu einem Server, mit demselben Rechner und Port</translation>
+    </message>
+    <message>
+        <source>the database has no device %1; define it with: tango_admin --add-server %2/%3 CorvaleMonitor %1</source>
+        <translation>die Datenbank hat kein Gerät %1; so wird es definiert: tango_admin --add-server %2/%3 CorvaleMonitor %1</translation>
+    </message>
+    <message>
+        <source>the device %1 belongs to the server %2, not to %3</source>
+        <translation>das Gerät %1 gehört zum Server %2, nicht zu %3</translation>
+    </message>
+    <message>
+        <source>the database has %1 and %2 in different servers; one run serves one of them</source>
+        <translation>in der Datenbank gehören %1 und %2 zu verschiedenen Servern; ein Lauf bedient einen davon</translation>
+    </message>
+    <message>
+        <source>another program serves %1 already</source>
+        <translation>ein anderes Programm bedient %1 bereits</translation>
+    </message>
+    <message>
+        <source>the database does not answer: %1</source>
+        <translation>die Datenbank antwortet nicht: %1</translation>
+    </message>
+    <message>
+        <source>nothing can listen at %1:%2: another program does, or the host is not this computer</source>
+        <translation>unter %1:%2 kann nicht gehorcht werden: ein anderes Programm tut es, oder der Rechner ist nicht dieser</translation>
+    </message>
+    <message>
+        <source>the server does not have all of the devices</source>
+        <translation>der Server hat nicht alle Geräte</translation>
+    </message>
+    <message>
+        <source>the database does not answer in time</source>
+        <translation>die Datenbank antwortet nicht rechtzeitig</translation>
     </message>
 </context>
 </TS>

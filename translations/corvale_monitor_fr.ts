@@ -2725,6 +2725,14 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>the texts in it are damaged</source>
         <translation>les textes qu’il contient sont endommagés</translation>
     </message>
+    <message>
+        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <translation>elle doit commencer par ce qui publie, par exemple tango:beam/monitor/1</translation>
+    </message>
+    <message>
+        <source>%1 was built for another version of the interface</source>
+        <translation>%1 a été construit pour une autre version de l&apos;interface</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>
@@ -3223,6 +3231,50 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>%1 does not tell what its attributes are</source>
         <translation>%1 ne dit pas ce que sont ses attributs</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tango:DOMAIN/FAMILY/MEMBER, a device that is defined in the database, or tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, which is served at that address without a database</source>
+        <translation>« %1 » doit être tango:DOMAIN/FAMILY/MEMBER, un appareil défini dans la base de données, ou tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, servi à cette adresse sans base de données</translation>
+    </message>
+    <message>
+        <source>%1 is given twice</source>
+        <translation>%1 est donné deux fois</translation>
+    </message>
+    <message>
+        <source>all devices of a run belong to one server, with the same host and port</source>
+        <translation>tous les appareils d&apos;une exécution appartiennent à un seul serveur, avec le même hôte et le même port</translation>
+    </message>
+    <message>
+        <source>the database has no device %1; define it with: tango_admin --add-server %2/%3 CorvaleMonitor %1</source>
+        <translation>la base de données n&apos;a pas d&apos;appareil %1 ; pour le définir : tango_admin --add-server %2/%3 CorvaleMonitor %1</translation>
+    </message>
+    <message>
+        <source>the device %1 belongs to the server %2, not to %3</source>
+        <translation>l&apos;appareil %1 appartient au serveur %2, et non à %3</translation>
+    </message>
+    <message>
+        <source>the database has %1 and %2 in different servers; one run serves one of them</source>
+        <translation>dans la base de données, %1 et %2 sont dans des serveurs différents ; une exécution en sert un</translation>
+    </message>
+    <message>
+        <source>another program serves %1 already</source>
+        <translation>un autre programme sert déjà %1</translation>
+    </message>
+    <message>
+        <source>the database does not answer: %1</source>
+        <translation>la base de données ne répond pas : %1</translation>
+    </message>
+    <message>
+        <source>nothing can listen at %1:%2: another program does, or the host is not this computer</source>
+        <translation>impossible d&apos;écouter à %1:%2 : un autre programme le fait, ou l&apos;hôte n&apos;est pas cet ordinateur</translation>
+    </message>
+    <message>
+        <source>the server does not have all of the devices</source>
+        <translation>le serveur n&apos;a pas tous les appareils</translation>
+    </message>
+    <message>
+        <source>the database does not answer in time</source>
+        <translation>la base de données ne répond pas à temps</translation>
     </message>
 </context>
 </TS>

@@ -2725,6 +2725,14 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>the texts in it are damaged</source>
         <translation>その中のテキストが壊れています</translation>
     </message>
+    <message>
+        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <translation>tango:beam/monitor/1 のように、公開する方式の名前で始めてください</translation>
+    </message>
+    <message>
+        <source>%1 was built for another version of the interface</source>
+        <translation>%1 は別の版のインターフェース用に作られています</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>
@@ -3223,6 +3231,50 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1 does not tell what its attributes are</source>
         <translation>%1 から属性の設定を取得できません</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; should be tango:DOMAIN/FAMILY/MEMBER, a device that is defined in the database, or tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, which is served at that address without a database</source>
+        <translation>「%1」は、データベースで定義された機器 tango:DOMAIN/FAMILY/MEMBER か、データベースなしでそのアドレスで提供される tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no にしてください</translation>
+    </message>
+    <message>
+        <source>%1 is given twice</source>
+        <translation>%1 が二度指定されています</translation>
+    </message>
+    <message>
+        <source>all devices of a run belong to one server, with the same host and port</source>
+        <translation>一回の実行の機器は、同じホストとポートの一つのサーバーに属する必要があります</translation>
+    </message>
+    <message>
+        <source>the database has no device %1; define it with: tango_admin --add-server %2/%3 CorvaleMonitor %1</source>
+        <translation>データベースに機器 %1 がありません。次の命令で定義してください: tango_admin --add-server %2/%3 CorvaleMonitor %1</translation>
+    </message>
+    <message>
+        <source>the device %1 belongs to the server %2, not to %3</source>
+        <translation>機器 %1 はサーバー %2 のもので、%3 のものではありません</translation>
+    </message>
+    <message>
+        <source>the database has %1 and %2 in different servers; one run serves one of them</source>
+        <translation>データベースでは %1 と %2 は別のサーバーにあります。一回の実行で提供できるのは一つです</translation>
+    </message>
+    <message>
+        <source>another program serves %1 already</source>
+        <translation>別のプログラムがすでに %1 を提供しています</translation>
+    </message>
+    <message>
+        <source>the database does not answer: %1</source>
+        <translation>データベースが応答しません: %1</translation>
+    </message>
+    <message>
+        <source>nothing can listen at %1:%2: another program does, or the host is not this computer</source>
+        <translation>%1:%2 で待ち受けできません。別のプログラムが使っているか、ホストがこの計算機ではありません</translation>
+    </message>
+    <message>
+        <source>the server does not have all of the devices</source>
+        <translation>サーバーにすべての機器がそろっていません</translation>
+    </message>
+    <message>
+        <source>the database does not answer in time</source>
+        <translation>データベースが時間内に応答しません</translation>
     </message>
 </context>
 </TS>

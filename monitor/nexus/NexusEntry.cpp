@@ -35,7 +35,7 @@ openField(hid_t group, const NexusField &field, qint64 rows, std::vector<NexusEn
     wanted.insert(wanted.end(), field.sizes.begin(), field.sizes.end());
     if (sizesOf(data.id()) != wanted)
         return misfit(field.name, Text::tr("they do not have the form that the file describes"));
-    fields->push_back({std::move(data), field.first, field.width()});
+    fields->push_back({std::move(data), field.first, field.width(), {}});
     return {};
 }
 
@@ -128,8 +128,7 @@ bool NexusEntry::read(qint64 first, qint64 count, double *times, double *values)
 {
     if (!readRows(time.id(), H5T_NATIVE_DOUBLE, hsize_t(first), hsize_t(count), times))
         return false;
-    for (qint64 row = 0; row < count && secondsPerTime != 1.0; ++row)
-        times[row] *= secondsPerTime;
+    timeScale.apply(times, count);
     const int all = header.valuesPerReading();
     std::vector<double> part;
     for (const Field &field : fields) {
@@ -138,6 +137,7 @@ bool NexusEntry::read(qint64 first, qint64 count, double *times, double *values)
         double *to = isAll ? values : part.data();
         if (!readRows(field.data.id(), H5T_NATIVE_DOUBLE, hsize_t(first), hsize_t(count), to))
             return false;
+        field.scale.apply(to, count * field.width);
         for (qint64 row = 0; row < count && !isAll; ++row)
             std::copy_n(part.data() + row * field.width,
                         field.width,

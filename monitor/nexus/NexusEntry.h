@@ -11,12 +11,26 @@ namespace Monitor {
 //! One acquisition in a file that is open for reading. Sizes and types are checked before an entry is made.
 struct NexusEntry
 {
+    //! How numbers follow from those that are stored: factor x stored + constant.
+    struct Scale
+    {
+        double factor = 1.0;
+        double constant = 0.0;
+
+        bool isIdentity() const { return factor == 1.0 && constant == 0.0; }
+        void apply(double *values, qint64 count) const
+        {
+            for (qint64 i = 0; i < count && !isIdentity(); ++i)
+                values[i] = factor * values[i] + constant;
+        }
+    };
     //! A data set with some of the values of each reading.
     struct Field
     {
         Hdf5Object data;
         int first = 0; //!< index of its first value in a reading
         int width = 0;
+        Scale scale;
     };
     //! An event, and how many readings come before it.
     struct Event
@@ -28,7 +42,7 @@ struct NexusEntry
     StreamHeader header;
     qint64 rows = 0;
     Hdf5Object time;
-    double secondsPerTime = 1.0;
+    Scale timeScale; //!< from the times that are stored to seconds
     std::vector<Field> fields;
     Hdf5Object eventRows;
     Hdf5Object eventTexts;

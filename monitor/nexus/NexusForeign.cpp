@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Monitor {
 
@@ -78,7 +79,10 @@ private:
     void describeProfiles();
     void describeImages();
     void addField(const QString &name, Hdf5Object data);
-    DetectorAxis axisAt(std::size_t dimension) const;
+    DetectorAxis axisAt(std::size_t dimension);
+    NexusEntry::Scale scaleOf(const QString &name, hid_t dataset);
+    double numberOf(const QString &name, double otherwise) const;
+    void notice(const QString &text);
 
     const hid_t m_data;
     const hid_t m_group;
@@ -89,6 +93,53 @@ private:
     QStringList m_axes;
     QString m_error;
 };
+
+void ForeignData::notice(const QString &text)
+{
+    m_entry->notice += (m_entry->notice.isEmpty() ? QString() : QStringLiteral("; ")) + text;
+}
+
+//! Returns the number that a data set beside the signal holds.
+double ForeignData::numberOf(const QString &name, double otherwise) const
+{
+    const Hdf5Object data = openObject(m_data, name, H5I_DATASET);
+    if (!data.isOpen())
+        return otherwise;
+    const Hdf5Object space(H5Dget_space(data.id())), plan(H5Dget_create_plist(data.id()));
+    const H5T_class_t kind = H5Tget_class(Hdf5Object(H5Dget_type(data.id())).id());
+    const bool isScalar = H5Sget_simple_extent_ndims(space.id()) == 0
+        && (kind == H5T_INTEGER || kind == H5T_FLOAT) && H5Pget_external_count(plan.id()) == 0;
+    const bool isListOfOne =
+        faultOfNumbers(data.id()).isEmpty() && sizesOf(data.id()) == Hdf5Sizes{1};
+    const bool isNumber = isScalar || isListOfOne;
+    double number = otherwise;
+    const bool isRead = isNumber
+        && H5Dread(data.id(), H5T_NATIVE_DOUBLE, H5S_ALL, H5S_ALL, H5P_DEFAULT, &number) >= 0;
+    return isRead && std::isfinite(number) ? number : otherwise;
+}
+
+/*! Returns how the values of a data set follow from those that are stored, and says so. NXdata has a factor and an offset beside the
+    data, (stored + offset) x factor, which belong to the signal if they name no data set (NXdata of the NeXus base classes). Other
+    programs write the attributes of the CF conventions: stored x scale_factor + add_offset. */
+NexusEntry::Scale ForeignData::scaleOf(const QString &name, hid_t dataset)
+{
+    const bool isSignal = name == m_signalName;
+    const auto beside = [&](const QString &what, double otherwise) {
+        return numberOf(name + QLatin1Char('_') + what,
+                        isSignal ? numberOf(what, otherwise) : otherwise);
+    };
+    const double factor = beside(QStringLiteral("scaling_factor"), 1.0);
+    const double offset = beside(QStringLiteral("offset"), 0.0);
+    const double ofAttribute = attributeNumber(dataset, "scale_factor", 1.0);
+    const double added = attributeNumber(dataset, "add_offset", 0.0);
+    NexusEntry::Scale scale{factor * ofAttribute, factor * (added + offset)};
+    if (!std::isfinite(scale.factor) || !std::isfinite(scale.constant))
+        scale = NexusEntry::Scale();
+    if (!scale.isIdentity())
+        notice(QStringLiteral("%1 is stored in scaled form and is shown as %2 x stored + %3")
+                   .arg(name, QString::number(scale.factor), QString::number(scale.constant)));
+    return scale;
+}
 
 bool ForeignData::readSignal()
 {
@@ -142,13 +193,15 @@ bool ForeignData::readMoment()
     const QString stated = attributeText(m_entry->time.id(), NexusNames::units);
     const QString since = QStringLiteral(" since ");
     const QString unit = stated.section(since, 0, 0).trimmed();
-    m_entry->secondsPerTime = unit.isEmpty() ? 1.0 : secondsOf(unit);
-    if (m_entry->secondsPerTime == 0.0)
+    const double seconds = unit.isEmpty() ? 1.0 : secondsOf(unit);
+    if (seconds == 0.0)
         return fail(Text::tr("its signal %1 lies over %2 in %3, which is no time")
                         .arg(m_signalName, m_axes.first(), cleanText(unit, maxNameLength)));
+    const NexusEntry::Scale stored = scaleOf(m_axes.first(), m_entry->time.id());
+    m_entry->timeScale = {seconds * stored.factor, seconds * stored.constant};
     if (unit.isEmpty())
-        m_entry->notice = QStringLiteral("the axis %1 states no unit and is taken as seconds")
-                              .arg(m_axes.first());
+        notice(QStringLiteral("the axis %1 states no unit and is taken as seconds")
+                   .arg(m_axes.first()));
     QDateTime start = momentOf(attributeText(m_entry->time.id(), NexusNames::start));
     if (!start.isValid() && stated.contains(since))
         start = momentOf(stated.section(since, 1));
@@ -177,7 +230,8 @@ void ForeignData::addField(const QString &name, Hdf5Object data)
     const QString given = attributeText(data.id(), NexusNames::givenName);
     channels.append({cleanText(given.isEmpty() ? name : given, maxNameLength),
                      cleanText(attributeText(data.id(), NexusNames::units), maxNameLength)});
-    m_entry->fields.push_back({std::move(data), channels.size() - 1, 1});
+    const NexusEntry::Scale scale = scaleOf(name, data.id());
+    m_entry->fields.push_back({std::move(data), channels.size() - 1, 1, scale});
 }
 
 void ForeignData::describeChannels()
@@ -195,7 +249,7 @@ void ForeignData::describeChannels()
 }
 
 //! Returns the cells along a dimension of the signal: at the places of its axis, or counted if it has none that rises or falls.
-DetectorAxis ForeignData::axisAt(std::size_t dimension) const
+DetectorAxis ForeignData::axisAt(std::size_t dimension)
 {
     const auto cells = int(m_sizes[dimension]);
     const Hdf5Object axis = openObject(m_data, m_axes.value(int(dimension)), H5I_DATASET);
@@ -205,6 +259,7 @@ DetectorAxis ForeignData::axisAt(std::size_t dimension) const
     QVector<double> places(cells);
     if (!fits || !readRows(axis.id(), H5T_NATIVE_DOUBLE, 0, hsize_t(cells), places.data()))
         return DetectorAxis::counted(cells);
+    scaleOf(m_axes.value(int(dimension)), axis.id()).apply(places.data(), cells);
     DetectorDescription alone;
     alone.kind = DetectorKind::Strips;
     alone.x = DetectorAxis::at(places, unit);
@@ -241,7 +296,8 @@ void ForeignData::describeProfiles()
         }
         header.setDetector(layout);
     }
-    m_entry->fields.push_back({std::move(m_signal), 0, int(cells)});
+    const NexusEntry::Scale scale = scaleOf(m_signalName, m_signal.id());
+    m_entry->fields.push_back({std::move(m_signal), 0, int(cells), scale});
 }
 
 void ForeignData::describeImages()
@@ -263,7 +319,8 @@ void ForeignData::describeImages()
     m_entry->header.setFrames(
         DetectorLayout::fromDescription(matrix),
         cleanText(attributeText(m_signal.id(), NexusNames::units), maxNameLength));
-    m_entry->fields.push_back({std::move(m_signal), 0, int(rows * columns)});
+    const NexusEntry::Scale scale = scaleOf(m_signalName, m_signal.id());
+    m_entry->fields.push_back({std::move(m_signal), 0, int(rows * columns), scale});
 }
 
 } // namespace

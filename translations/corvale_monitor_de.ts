@@ -2733,6 +2733,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>%1 was built for another version of the interface</source>
         <translation>%1 wurde für eine andere Version der Schnittstelle gebaut</translation>
     </message>
+    <message>
+        <source>the plugin for %1 reads sources, and publishes nothing</source>
+        <translation>das Plugin für %1 liest Quellen und veröffentlicht nichts</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

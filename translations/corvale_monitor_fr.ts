@@ -2733,6 +2733,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>%1 was built for another version of the interface</source>
         <translation>%1 a été construit pour une autre version de l&apos;interface</translation>
     </message>
+    <message>
+        <source>the plugin for %1 reads sources, and publishes nothing</source>
+        <translation>le greffon pour %1 lit des sources et ne publie rien</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

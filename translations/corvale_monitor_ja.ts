@@ -2733,6 +2733,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>%1 was built for another version of the interface</source>
         <translation>%1 は別の版のインターフェース用に作られています</translation>
     </message>
+    <message>
+        <source>the plugin for %1 reads sources, and publishes nothing</source>
+        <translation>%1 のプラグインはソースを読むだけで、何も公開しません</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

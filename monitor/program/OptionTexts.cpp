@@ -211,8 +211,9 @@ QVector<TopicText> topicTexts()
          {
              {"0", Text::tr("Everything went well.")},
              {"1",
-              Text::tr("The arguments make no sense, or the window of these settings shows another "
-                       "source.")},
+              Text::tr(
+                  "The arguments make no sense, the results cannot be published, or the window "
+                  "of these settings shows another source.")},
              {"2",
               Text::tr(
                   "Without a window: there were no readings, some lines could not be used, or some "

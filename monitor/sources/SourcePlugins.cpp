@@ -127,6 +127,14 @@ CorvaleMonitor::SourcePlugin *SourcePlugins::load(const QString &scheme, QString
 CorvaleMonitor::ResultPublisher *SourcePlugins::loadPublisher(const QString &scheme,
                                                               QString *error) const
 {
+    const bool onlyReads =
+        std::any_of(m_plugins.begin(), m_plugins.end(), [&](const Description &plugin) {
+            return plugin.schemes.contains(scheme) && !plugin.publishers.contains(scheme);
+        });
+    if (onlyReads) {
+        *error = Text::tr("the plugin for %1 reads sources, and publishes nothing").arg(scheme);
+        return nullptr;
+    }
     return loadFor<CorvaleMonitor::ResultPublisher>(&Description::publishers, scheme, error);
 }
 

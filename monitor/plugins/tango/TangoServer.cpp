@@ -37,7 +37,7 @@ public:
 
 private:
     static constexpr std::array<int, 6> signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGABRT};
-    std::array<struct sigaction, 6> m_kept;
+    std::array<struct sigaction, 6> m_kept = {};
 };
 
 QString reasonOf(const Tango::DevFailed &failure)
@@ -170,7 +170,7 @@ QString TangoServer::Private::arguments(const QVector<Device> &devices)
 //! Starts the server. Returns what went wrong; empty if it serves.
 QString TangoServer::Private::begin(const QVector<Device> &devices)
 {
-    const QString error = arguments(devices);
+    QString error = arguments(devices);
     if (!error.isEmpty())
         return error;
     for (const Device &device : devices)
@@ -252,7 +252,7 @@ TangoServer::TangoServer()
 
 std::shared_ptr<TangoServer> TangoServer::start(const QVector<Device> &devices, QString *error)
 {
-    const std::shared_ptr<TangoServer> server(new TangoServer);
+    std::shared_ptr<TangoServer> server(new TangoServer);
     const SignalKeeper keeper;
     // The library says on the standard output that it serves, where reports are printed.
     std::cout.setstate(std::ios_base::failbit);

@@ -260,7 +260,10 @@ private Q_SLOTS:
         row("no scheme", "--publish beam sim:ic4", "it should begin with what publishes");
         row("no device", "--publish tango:beam sim:ic4", form);
         row("no port without a database", "--publish tango:a/b/c#dbase=no sim:ic4", form);
-        row("another scheme", "--publish ca:x sim:ic4", "there is no plugin for ca");
+        row("another scheme", "--publish nothing:x sim:ic4", "no plugin for nothing");
+        row("a plugin that only reads",
+            "--publish ca:x sim:ic4",
+            "ca reads sources, and publishes nothing");
         row("port taken", "--publish tango://127.0.0.1:TAKEN/a/b/c#dbase=no sim:ic4", "can listen");
         row("not this computer",
             "--publish tango://192.0.2.1:7000/a/b/c#dbase=no sim:ic4",

@@ -165,6 +165,11 @@ private Q_SLOTS:
         QVERIFY(QLineF(ellipse, place).length() < 3 * display.widget.devicePixelRatioF());
         QVERIFY(near(display.middleOf("checkBox_meanX").x(), place.x(), 3));
         QVERIFY(near(display.middleOf("checkBox_meanY").y(), place.y(), 3));
+        for (const char *box : {"checkBox_ellipse", "checkBox_meanX", "checkBox_meanY"})
+            display.check(box, false);
+        display.widget.setColorMap(RVXSpectrogram::Greyscale);
+        QVERIFY(qGray(display.canvas().pixel(place.toPoint()))
+                > 150); // of 255 in the brightest cell
         QPointF brightest;
         double most = -1;
         const CellEdges x = cellEdges(display.layout, true), y = cellEdges(display.layout, false);

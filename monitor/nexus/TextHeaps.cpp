@@ -27,11 +27,13 @@ quint64 numberAt(const QByteArray &bytes, qint64 at, int size)
 //! Returns how many bytes a length has in a file; 0 if its beginning does not say that in a way that is known.
 int sizeOfLengths(QFile *file)
 {
-    constexpr int versionAt = 8, oldPlace = 14, newPlace = 10, firstNewVersion = 2;
+    constexpr int versionAt = 8, oldPlace = 14, newPlace = 10;
+    constexpr quint64 firstNewVersion = 2;
     const QByteArray head = file->read(16);
     if (head.size() < 16)
         return 0;
-    const int size = head.at(head.at(versionAt) < firstNewVersion ? oldPlace : newPlace);
+    const bool isOld = numberAt(head, versionAt, 1) < firstNewVersion;
+    const int size = int(numberAt(head, isOld ? oldPlace : newPlace, 1));
     return size == 2 || size == 4 || size == 8 ? size : 0;
 }
 

@@ -204,6 +204,7 @@ std::string heapWithFreeSpace(char freeSize)
 std::vector<std::string> fuzzSeeds()
 {
     const std::string entry = "g entry\nt NX_class NXentry\n";
+    const std::string dataOfEntry = "g data\nt NX_class NXdata\nt signal i\nt axes time\n";
     const std::string data = entry + "g data\nt NX_class NXdata\nt signal i\nt axes ";
     const std::string time = "d time f 3\nt units ms since 2026-03-01T12:00:00Z\n";
     const std::string own = entry
@@ -226,9 +227,7 @@ std::vector<std::string> fuzzSeeds()
         data + "time\ne time\nd i f 3\n",
         heapWithFreeSpace(0x28),
         heapWithFreeSpace(0),
-        "g entry\nt NX_class NXentry\nd start_time x\ng data\nt NX_class NXdata\nt signal i\nt "
-        "axes time\nd i f 3\n"
-        "d time f 3\n",
+        entry + "d start_time x\n" + dataOfEntry + "d time f 3\nd i f 3\n",
         own,
         own + "g events\nd readings_before i 2\nl value beam on|beam off\n"};
 }

@@ -57,7 +57,7 @@ private:
     bool m_hasValueTexts;
     int m_firstTime = 0;
     int m_timeCount = 0;
-    double m_times[rowsAtOnce];
+    double m_times[rowsAtOnce] = {};
 };
 
 WrittenChannel::WrittenChannel(const Channel &channel)

@@ -25,15 +25,15 @@ struct ResultInput
     std::function<bool()> isStale; //!< whether readings are overdue
 };
 
-/*! Gives the results of one source to a publication: those of the newest reading, ten times a second at most, and only if there is
+/*! Gives the results of one source to a publication: those of the newest reading, 25 times a second at most, and only if there is
     something new. Each reading is counted and judged by the statistics; what this adds does not depend on how many come. */
 class ResultFeed : public QObject
 {
     Q_OBJECT
 
 public:
-    //! Seconds from one set of results to the next.
-    static constexpr double interval = 0.1;
+    //! Seconds from one set of results to the next; well below the 0.1 s of many instruments, so that each of their readings has results.
+    static constexpr double interval = 0.04;
 
     //! The clock must outlive the feed.
     ResultFeed(Clock &clock,

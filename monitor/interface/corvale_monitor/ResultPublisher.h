@@ -70,7 +70,7 @@ public:
     virtual ~Publication() = default;
     //! Tells what follows. It is called before the first results, and when channels, units or limits are others.
     virtual void begin(const ResultStream &stream) = 0;
-    //! Gives the newest results, ten times a second at most.
+    //! Gives the newest results, 25 times a second at most.
     virtual void publish(const Results &results) = 0;
 };
 

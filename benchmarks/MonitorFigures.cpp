@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Measures the monitor's window on lines from a pipe: time to start, rows per second, delay of the event loop under a
-// flood, memory. Prints one line for each figure. The window is shown, offscreen if there is no display.
+// Measures the monitor's window: time to start, rows per second from a pipe, delay of the event loop under a flood, memory.
+#include "MonitorFigures.h"
+
 #include "LineFlood.h"
+#include "ThreadTime.h"
 #include "monitor/core/Clock.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/SimulatorSource.h"
@@ -38,7 +40,17 @@ public:
         QApplication::processEvents();
     }
 
-    //! Returns the seconds that reading took.
+    //! Begins a recording into a file.
+    void record(const QString &path)
+    {
+        Recorder::Options options;
+        options.path = path;
+        options.overwrite = true;
+        QString error;
+        if (!m_session.startRecording(options, &error))
+            qFatal("%s", qPrintable(error));
+    }
+    //! Returns the seconds that reading took; with a recording, until it is written.
     double untilTheEnd()
     {
         QObject::connect(&m_session.source(), &Source::stateChanged, [](Source::State state) {
@@ -48,9 +60,14 @@ public:
         QElapsedTimer timer;
         timer.start();
         m_session.start();
+        const double worked = threadSeconds();
         QApplication::exec();
+        m_session.stopRecording();
+        m_processorSeconds = threadSeconds() - worked;
         return double(timer.nsecsElapsed()) * 1e-9;
     }
+    //! Returns the processor time that this took the thread of the window.
+    double processorSeconds() const { return m_processorSeconds; }
     long long lost(long long sent) const
     {
         return sent - m_session.statistics().readings() + m_session.source().counts().bad();
@@ -61,6 +78,7 @@ private:
     LineFlood m_flood;
     Session m_session;
     MonitorWindow m_window;
+    double m_processorSeconds = 0.0;
 };
 
 double residentMegabytes()
@@ -86,14 +104,22 @@ void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
     std::printf("start to first painted frame   %8.0f ms\n", double(sinceStart.elapsed()));
 }
 
-void rowsASecond(int channels, long long lines, const QString &settings)
+//! Returns the processor time for each row.
+double
+rowsASecond(int channels, long long lines, const QString &settings, const QString &record = {})
 {
     Run run(channels, lines, 0.0, settings);
+    if (!record.isEmpty())
+        run.record(record);
     const double seconds = run.untilTheEnd();
-    std::printf("%3d channels from a pipe        %8.0f rows/s, %lld lost\n",
+    std::printf("%3d channels from a pipe%s   %8.0f rows/s, %8.0f for each second of processor "
+                "time, %lld lost\n",
                 channels,
+                record.isEmpty() ? "          " : ", recorded",
                 double(lines) / seconds,
+                double(lines) / run.processorSeconds(),
                 run.lost(lines));
+    return run.processorSeconds() / double(lines);
 }
 
 //! Measures how late a timer of 5 ms is while 50000 readings per second arrive.
@@ -128,32 +154,42 @@ void eventLoopDelay(int channels, const QString &settings)
         run.lost(static_cast<long long>(rate * seconds)));
 }
 
-void memory(const QString &settings)
+} // namespace
+
+void measureStart(const Figures &figures)
 {
-    for (const long long lines : {200000LL, 10000000LL}) {
-        Run run(8, lines, 0.0, settings);
-        run.untilTheEnd();
-        std::printf("memory after %8lld readings  %8.0f MB\n", lines, residentMegabytes());
+    firstFrame(figures.sinceStart, figures.settings());
+}
+
+void measureRows(const Figures &figures)
+{
+    rowsASecond(8, 4000000, figures.settings());
+    rowsASecond(128, 400000, figures.settings());
+}
+
+void measureRecording(const Figures &figures)
+{
+    for (const auto &[channels, lines] : {std::pair(8, 2000000LL), std::pair(128, 200000LL)}) {
+        const double without = rowsASecond(channels, lines, figures.settings());
+        const double with =
+            rowsASecond(channels, lines, figures.settings(), figures.file("recorded.csv"));
+        std::printf("%3d channels, recording on      %8.2f times the processor time\n",
+                    channels,
+                    with / without);
     }
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+void measureDelay(const Figures &figures)
 {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
-    if (!qEnvironmentVariableIsSet("DISPLAY"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-    QTemporaryDir folder;
-    const QString settings = folder.filePath(QStringLiteral("figures.xui"));
-    firstFrame(sinceStart, settings);
-    rowsASecond(8, 2000000, settings);
-    rowsASecond(128, 200000, settings);
-    eventLoopDelay(8, settings);
-    eventLoopDelay(32, settings);
-    memory(settings);
-    return 0;
+    eventLoopDelay(8, figures.settings());
+    eventLoopDelay(32, figures.settings());
+}
+
+void measureMemory(const Figures &figures)
+{
+    for (const long long lines : {200000LL, 10000000LL}) {
+        Run run(8, lines, 0.0, figures.settings());
+        run.untilTheEnd();
+        std::printf("memory after %8lld readings  %8.0f MB\n", lines, residentMegabytes());
+    }
 }

@@ -36,6 +36,7 @@ private:
     };
 
     void readSome();
+    bool readPiece();
     void take(std::string_view bytes);
     void takeImages(std::string_view bytes);
     void takeImage(const PgmImage &image);

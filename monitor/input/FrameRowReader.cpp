@@ -72,17 +72,31 @@ RowReader::Outcome FrameRowReader::read(const Fields &fields, double, const RowH
 {
     const Outcome outcome = m_spoiled ? Outcome::Taken : readRow(fields);
     m_spoiled = m_spoiled || outcome != Outcome::Taken;
+    endRow(handler);
+    return outcome;
+}
+
+bool FrameRowReader::readPlain(std::string_view line, const RowHandler &handler)
+{
+    const bool isPlain =
+        isOpen() && !m_spoiled && parseNumbers(line, std::size_t(m_columns), presentRow());
+    if (isPlain)
+        endRow(handler);
+    return isPlain;
+}
+
+void FrameRowReader::endRow(const RowHandler &handler)
+{
     ++m_row;
     if (!isOpen() && !m_spoiled)
         handler(m_time, m_values.data());
-    return outcome;
 }
 
 RowReader::Outcome FrameRowReader::readRow(const Fields &fields)
 {
     if (fields.size() != std::size_t(m_columns))
         return Outcome::WrongCount;
-    double *row = m_values.data() + std::ptrdiff_t(m_row) * m_columns;
+    double *row = presentRow();
     for (const std::string_view field : fields)
         if (!parseNumber(field, row++))
             return Outcome::Unreadable;

@@ -42,9 +42,12 @@ public:
 
     //! Takes a row. A row of a frame that was refused already is taken without being read.
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
+    bool readPlain(std::string_view line, const RowHandler &handler) override;
 
 private:
+    double *presentRow() { return m_values.data() + std::ptrdiff_t(m_row) * m_columns; }
     Outcome readRow(const Fields &fields);
+    void endRow(const RowHandler &handler);
 
     const int m_rows;
     const int m_columns;

@@ -115,6 +115,8 @@ void LineProtocol::takeMetadata(std::string_view line)
 
 void LineProtocol::takeFields(std::string_view line)
 {
+    if (takePlainRow(line))
+        return;
     splitFields(line, &m_fields);
     if (m_hasFrames) {
         takeFrameRow();
@@ -140,6 +142,16 @@ void LineProtocol::takeFields(std::string_view line)
         forgetGuessedShape();
         break;
     }
+}
+
+//! Takes a line like those before it, as nearly all are. Returns false if the line needs a closer look.
+bool LineProtocol::takePlainRow(std::string_view line)
+{
+    const bool isExpected = m_rows && !m_mayBeHeader && (!m_hasFrames || isInFrame());
+    if (!isExpected || !m_rows->readPlain(line, m_rowHandler))
+        return false;
+    m_otherCountRun = 0;
+    return true;
 }
 
 //! Begins a frame. A change of the size begins a new acquisition.

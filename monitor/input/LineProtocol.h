@@ -57,6 +57,7 @@ private:
     void takeFrameRow();
     void refuseOpenFrame();
     void takeFields(std::string_view line);
+    bool takePlainRow(std::string_view line);
     bool takeHeader();
     bool mayNameTheOnlyColumn(const RowReader &rows) const;
     bool adoptShape();

@@ -16,17 +16,19 @@ void LineSplitter::feed(std::string_view bytes, const LineHandler &handler)
         ++m_lineBegin;
     }
     m_afterReturn = false;
-    for (;;) {
-        const std::size_t end = bytes.find_first_of("\r\n");
-        if (end == std::string_view::npos)
+    // Most texts have no CR, and it is looked for only once. Up to it, memory is searched for the LF.
+    std::size_t untilReturn = std::min(bytes.find('\r'), bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.substr(0, untilReturn).find('\n'), untilReturn);
+        if (end == bytes.size())
             break;
         completeLine(bytes.substr(0, end), handler);
         const bool isReturn = bytes[end] == '\r';
-        bytes.remove_prefix(end + 1);
-        m_afterReturn = isReturn && bytes.empty();
-        if (isReturn && !bytes.empty() && bytes.front() == '\n')
-            bytes.remove_prefix(1);
+        const bool isPair = isReturn && bytes.substr(end + 1, 1) == "\n";
+        bytes.remove_prefix(end + (isPair ? 2 : 1));
+        m_afterReturn = isReturn && !isPair && bytes.empty();
         m_lineBegin = m_taken - qint64(bytes.size());
+        untilReturn = isReturn ? std::min(bytes.find('\r'), bytes.size()) : untilReturn - end - 1;
     }
     keep(bytes);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/LineText.h"
 
+#include "monitor/input/DecimalNumber.h"
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -90,6 +92,10 @@ bool parseNumber(std::string_view text, double *number)
     if (plus)
         text.remove_prefix(1);
     double value = 0.0;
+    if (readDecimal(text.data(), text.data() + text.size(), &value) == text.data() + text.size()) {
+        *number = value;
+        return true;
+    }
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (end != text.data() + text.size())
         return false;
@@ -98,6 +104,34 @@ bool parseNumber(std::string_view text, double *number)
     else if (error != std::errc())
         return false;
     *number = value;
+    return true;
+}
+
+bool parseNumbers(std::string_view line, std::size_t count, double *numbers)
+{
+    const char *at = line.data();
+    const char *const end = at + line.size();
+    const auto skipBlanks = [&at, end] {
+        while (at != end && *at == ' ')
+            ++at;
+    };
+    for (std::size_t i = 0; i < count; ++i) {
+        skipBlanks();
+        const char *const first = at;
+        const char *after = readDecimal(first, end, &numbers[i]);
+        if (!after || (after != end && *after != ',' && *after != ' ')) {
+            after = std::find(first, end, ',');
+            const std::string_view field(first, std::size_t(after - first));
+            if (!parseNumber(trimmed(field), &numbers[i]))
+                return false;
+        }
+        at = after;
+        skipBlanks();
+        const bool isLast = i + 1 == count;
+        if (isLast ? at != end : at == end || *at != ',')
+            return false;
+        ++at;
+    }
     return true;
 }
 

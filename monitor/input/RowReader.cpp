@@ -51,19 +51,24 @@ RowReader::RowReader(const ColumnPlan &plan)
 
 RowReader::~RowReader() = default;
 
+bool RowReader::readPlain(std::string_view, const RowHandler &)
+{
+    return false;
+}
+
 void RowReader::finish(const RowHandler &) { }
 
 TimedRowReader::TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed)
     : RowReader(frames)
     , m_timed(timed)
-    , m_values(std::size_t(frames.readings))
+    , m_numbers(std::size_t(frames.readings) + (timed ? 1 : 0))
 {
 }
 
 TimedRowReader::TimedRowReader(const QVector<Channel> &channels, StreamKind kind, bool timed)
     : RowReader(channels, kind)
     , m_timed(timed)
-    , m_values(std::size_t(channels.size()))
+    , m_numbers(std::size_t(channels.size()) + (timed ? 1 : 0))
 {
 }
 
@@ -71,16 +76,25 @@ RowReader::Outcome
 TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler &handler)
 {
     const std::size_t first = m_timed ? 1 : 0;
-    if (fields.size() != m_values.size() + first)
+    if (fields.size() != m_numbers.size())
         return Outcome::WrongCount;
     double time = arrivalTime;
     if (m_timed && !readTime(fields[0], 1.0, arrivalTime, &time))
         return Outcome::Unreadable;
-    for (std::size_t i = 0; i < m_values.size(); ++i)
-        if (!parseNumber(fields[first + i], &m_values[i]))
+    for (std::size_t i = first; i < m_numbers.size(); ++i)
+        if (!parseNumber(fields[i], &m_numbers[i]))
             return Outcome::Unreadable;
-    handler(time, m_values.data());
+    handler(time, m_numbers.data() + first);
     return Outcome::Taken;
+}
+
+bool TimedRowReader::readPlain(std::string_view line, const RowHandler &handler)
+{
+    const bool isPlain = m_timed && parseNumbers(line, m_numbers.size(), m_numbers.data())
+        && std::isfinite(m_numbers.front());
+    if (isPlain)
+        handler(m_numbers.front(), m_numbers.data() + 1);
+    return isPlain;
 }
 
 PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
@@ -92,6 +106,8 @@ PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
     , m_leftOut(plan.leftOut)
     , m_values(std::size_t(plan.valueColumns.size()))
 {
+    if (m_timeColumn >= 0 && m_valueColumns.size() + 1 == m_fieldCount)
+        m_numbers.resize(std::size_t(m_fieldCount));
 }
 
 RowReader::Outcome
@@ -110,6 +126,19 @@ PlannedRowReader::read(const Fields &fields, double arrivalTime, const RowHandle
             return Outcome::Unreadable;
     handler(time, m_values.data());
     return Outcome::Taken;
+}
+
+bool PlannedRowReader::readPlain(std::string_view line, const RowHandler &handler)
+{
+    if (m_numbers.empty() || !parseNumbers(line, m_numbers.size(), m_numbers.data()))
+        return false;
+    const double time = m_numbers[std::size_t(m_timeColumn)] * m_timeFactor;
+    if (!std::isfinite(time))
+        return false;
+    for (int i = 0; i < m_valueColumns.size(); ++i)
+        m_values[std::size_t(i)] = m_numbers[std::size_t(m_valueColumns[i])];
+    handler(time, m_values.data());
+    return true;
 }
 
 } // namespace Monitor

@@ -44,6 +44,9 @@ public:
     virtual int leftOutChannels() const { return 0; }
     //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
+    /*! Reads a line of all its numbers in one pass, and calls \a handler if it completes a reading. Returns false for any other
+        line; its fields are then for read(). */
+    virtual bool readPlain(std::string_view line, const RowHandler &handler);
     //! Calls \a handler for the readings that were waiting for further lines.
     virtual void finish(const RowHandler &handler);
 
@@ -69,10 +72,11 @@ public:
     //! Reads lines of which each holds one frame from the cells of a detector.
     TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
+    bool readPlain(std::string_view line, const RowHandler &handler) override;
 
 private:
     const bool m_timed;
-    std::vector<double> m_values;
+    std::vector<double> m_numbers; //!< of a line: its time, if it has one, and its values
 };
 
 //! Reads lines whose columns a header line named.
@@ -81,6 +85,7 @@ class PlannedRowReader : public RowReader
 public:
     explicit PlannedRowReader(const ColumnPlan &plan);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
+    bool readPlain(std::string_view line, const RowHandler &handler) override;
     int leftOutChannels() const override { return m_leftOut; }
 
 private:
@@ -90,6 +95,7 @@ private:
     const QVector<int> m_valueColumns;
     const int m_leftOut;
     std::vector<double> m_values;
+    std::vector<double> m_numbers; //!< of a line, if each of its fields is used; empty otherwise
 };
 
 } // namespace Monitor

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/DecimalNumber.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace Monitor {
+
+namespace {
+
+__extension__ using Wide = unsigned __int128;
+
+constexpr int mostDigits = 19; // of which every number fits into 64 bits
+
+//! A number as it is written: digits * 10^exponent.
+struct Decimal
+{
+    std::uint64_t digits = 0;
+    int exponent = 0;
+    bool isNegative = false;
+};
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+//! Returns whether the eight characters of \a text are digits; each byte of \a text is one of them.
+bool areDigits(std::uint64_t text)
+{
+    constexpr std::uint64_t upper = 0xf0f0f0f0f0f0f0f0, sixes = 0x0606060606060606,
+                            threes = 0x3333333333333333;
+    return ((text & upper) | (((text + sixes) & upper) >> 4)) == threes;
+}
+
+//! Returns the number that eight digits are, the first of which is in the lowest byte. Neighbours are joined three times.
+std::uint64_t eightDigits(std::uint64_t text)
+{
+    text -= 0x3030303030303030;
+    text = (text * 10) + (text >> 8);
+    constexpr std::uint64_t pairs = 0x000000ff000000ff;
+    constexpr std::uint64_t first = 0x000f424000000064, second = 0x0000271000000001;
+    return ((text & pairs) * first + ((text >> 16) & pairs) * second) >> 32;
+}
+
+const char *readDigits(const char *at, const char *end, std::uint64_t *digits)
+{
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+    while (end - at >= 8) {
+        std::uint64_t text = 0;
+        std::memcpy(&text, at, sizeof text);
+        if (!areDigits(text))
+            break;
+        *digits = *digits * 100000000 + eightDigits(text);
+        at += 8;
+    }
+#endif
+    for (; at != end && isDigit(*at); ++at)
+        *digits = *digits * 10 + std::uint64_t(*at - '0');
+    return at;
+}
+
+//! Reads "e-9". Returns null if no digit follows, or so many that the number is extreme.
+const char *readExponent(const char *at, const char *end, int *exponent)
+{
+    ++at;
+    const bool isNegative = at != end && *at == '-';
+    if (at != end && (*at == '-' || *at == '+'))
+        ++at;
+    const char *const first = at;
+    int magnitude = 0;
+    for (; at != end && isDigit(*at) && at - first < 4; ++at)
+        magnitude = magnitude * 10 + (*at - '0');
+    constexpr int most = 3;
+    if (at == first || at - first > most)
+        return nullptr;
+    *exponent += isNegative ? -magnitude : magnitude;
+    return at;
+}
+
+const char *read(const char *at, const char *end, Decimal *decimal)
+{
+    decimal->isNegative = at != end && *at == '-';
+    if (decimal->isNegative)
+        ++at;
+    const char *const first = at;
+    at = readDigits(at, end, &decimal->digits);
+    auto count = at - first;
+    if (at != end && *at == '.') {
+        const char *const fraction = ++at;
+        at = readDigits(at, end, &decimal->digits);
+        decimal->exponent = int(fraction - at);
+        count += at - fraction;
+    }
+    if (count == 0 || count > mostDigits)
+        return nullptr;
+    return at != end && (*at == 'e' || *at == 'E') ? readExponent(at, end, &decimal->exponent) : at;
+}
+
+//! 5^-n with 64 bits, rounded down: factor / 2^(63 + length), where 5^n has that many binary digits.
+struct Reciprocal
+{
+    std::uint64_t factor = 0;
+    int length = 0;
+};
+
+constexpr int mostFives = 54; // a larger power of five does not fit into 127 bits
+
+constexpr std::array<Reciprocal, mostFives + 1> makeReciprocals()
+{
+    std::array<Reciprocal, mostFives + 1> all{};
+    Wide power = 1;
+    for (int n = 0; n <= mostFives; ++n, power *= 5) {
+        Reciprocal &each = all[std::size_t(n)];
+        while (power >> each.length)
+            ++each.length;
+        Wide rest = Wide(1) << (each.length - 1);
+        if (n == 0) // the only power of two
+            continue;
+        for (int bit = 0; bit < 64; ++bit) {
+            rest <<= 1;
+            each.factor = each.factor << 1 | (rest >= power ? 1 : 0);
+            rest -= rest >= power ? power : 0;
+        }
+    }
+    return all;
+}
+
+/*! Computes digits / 10^places with 64 bits, as Eisel and Lemire do (D. Lemire, "Number parsing at a gigabyte per second",
+    Software: Practice and Experience 51, 2021). The product is too small by less than two units of its upper half. Returns
+    false if these may decide how it is rounded. */
+bool divide(std::uint64_t digits, int places, double *quotient)
+{
+    static constexpr auto reciprocals = makeReciprocals();
+    const Reciprocal &fives = reciprocals[std::size_t(places)];
+    const int shift = __builtin_clzll(digits);
+    const auto product = std::uint64_t((Wide(digits << shift) * fives.factor) >> 64);
+    constexpr int mantissa = 53;
+    const int surplus = 64 - __builtin_clzll(product) - mantissa;
+    const std::uint64_t half = std::uint64_t(1) << (surplus - 1);
+    const std::uint64_t fraction = product & (2 * half - 1);
+    if (fraction == half || fraction == half - 1)
+        return false;
+    const std::uint64_t rounded = (product >> surplus) + (fraction > half ? 1 : 0);
+    const int exponent = 64 + surplus - shift - places - 63 - fives.length;
+    // The first bit of the mantissa, which is not stored, adds one to the exponent.
+    constexpr int bias = 1023 + mantissa - 2;
+    const std::uint64_t bits = (std::uint64_t(exponent + bias) << (mantissa - 1)) + rounded;
+    std::memcpy(quotient, &bits, sizeof bits);
+    return true;
+}
+
+//! Finds the nearest double. Returns false if that is not certain.
+bool toDouble(const Decimal &decimal, double *number)
+{
+    constexpr std::array powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    constexpr std::uint64_t mostExact = std::uint64_t(1) << 53;
+    const int places = -decimal.exponent;
+    const int power = places < 0 ? -places : places;
+    // Both numbers are exact, so that only the one operation rounds.
+    if (decimal.digits <= mostExact && power < int(powers.size())) {
+        const auto digits = double(decimal.digits);
+        *number =
+            places > 0 ? digits / powers[std::size_t(power)] : digits * powers[std::size_t(power)];
+        return true;
+    }
+    return decimal.digits != 0 && places > 0 && places <= mostFives
+        && divide(decimal.digits, places, number);
+}
+
+} // namespace
+
+const char *readDecimal(const char *text, const char *end, double *number)
+{
+    Decimal decimal;
+    const char *const after = read(text, end, &decimal);
+    double value = 0.0;
+    if (!after || !toDouble(decimal, &value))
+        return nullptr;
+    *number = decimal.isNegative ? -value : value;
+    return after;
+}
+
+} // namespace Monitor

@@ -6,13 +6,10 @@
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/window/Appearance.h"
-#include "monitor/window/BigText.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatusField.h"
-#include "tests/monitor/support/Contrast.h"
 #include "tests/monitor/support/Dialogs.h"
-#include "tests/monitor/support/FocusMark.h"
 #include "tests/monitor/support/FocusWalk.h"
 #include "tests/monitor/support/MenuWalk.h"
 #include "tests/monitor/support/Mnemonics.h"
@@ -214,29 +211,6 @@ private Q_SLOTS:
         QCOMPARE(run("de"), english);
     }
 
-    //! A screen reader hears the values, the chart and the states of the window.
-    void theWindowSpeaks()
-    {
-        const auto heard = [](QWidget *widget, QAccessible::Text kind) {
-            return QAccessible::queryAccessibleInterface(widget)->text(kind);
-        };
-        SmallWindow w(file("speech.xui"));
-        w.source->begin(StreamKind::Channels, 2, "nA");
-        w.run(3);
-        w.settle();
-        w.session.setPaused(true);
-        QCOMPARE(heard(w.values(), QAccessible::Name), QString("Latest values"));
-        QAccessibleTableInterface *table =
-            QAccessible::queryAccessibleInterface(w.values())->tableInterface();
-        QCOMPARE(table->cellAt(1, 1)->text(QAccessible::Name), w.value(1));
-        QWidget *chart = w.window.displays().scope()->plotView();
-        const QString said = heard(chart, QAccessible::Description);
-        QVERIFY2(said.startsWith("Strip, live") && said.contains(w.value(1)), qPrintable(said));
-        QWidget *states = w.window.statusBar()->findChild<QLabel *>("notices");
-        QVERIFY(heard(states, QAccessible::Name).contains("PAUSED"));
-        QVERIFY(heard(states, QAccessible::Description).contains("Space"));
-    }
-
     //! Tape, legend, time span and panels leave the plot half of a small window.
     void thePlotHasMostOfASmallWindow()
     {
@@ -291,119 +265,6 @@ private Q_SLOTS:
         const int all = picture.width() * picture.height() / 16;
         QApplication::setPalette(before);
         QVERIFY2(light < all / 10, qPrintable(QString("%1 of %2").arg(light).arg(all)));
-    }
-
-    //! Text and symbols stand out from what is behind them, in the window and on the pages of its settings.
-    void everythingStandsOut_data()
-    {
-        QTest::addColumn<bool>("isDark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
-    void everythingStandsOut()
-    {
-        QFETCH(bool, isDark);
-        WindowInTest w(file("contrast.xui"));
-        w.source->begin(StreamKind::Strips, 64);
-        w.run(3);
-        w.session.setPaused(true); // a state that the window marks
-        w.window.findChild<Appearance *>()->choose(isDark ? Appearance::Choice::Dark
-                                                          : Appearance::Choice::Light);
-        QCoreApplication::processEvents();
-        int looked = 0;
-        QStringList pale = paleParts(&w.window, looked);
-        SettingsDialog settings(MonitorOptions(), file("contrast.xui"));
-        settings.show();
-        auto *pages = settings.findChild<QTabWidget *>();
-        for (int page = 0; page < pages->count(); ++page) {
-            pages->setCurrentIndex(page);
-            pale += paleParts(&settings, looked);
-        }
-        QCOMPARE(pale.join('\n'), QString());
-        QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
-    }
-
-    void theFocusIsSeen_data() { everythingStandsOut_data(); }
-    void theFocusIsSeen()
-    {
-        QFETCH(bool, isDark);
-        WindowInTest w(file("focus.xui"));
-        w.source->begin(StreamKind::Strips, 64);
-        w.run(3);
-        w.session.setPaused(true);
-        w.window.findChild<Appearance *>()->choose(isDark ? Appearance::Choice::Dark
-                                                          : Appearance::Choice::Light);
-        QTRY_VERIFY((w.window.activateWindow(), QApplication::activeWindow() == &w.window));
-        QTabWidget *pages = &w.window.displays();
-        QSet<QWidget *> seen;
-        QStringList unseen;
-        for (int page = 0; page < pages->count(); ++page) {
-            pages->setCurrentIndex(page);
-            pages->tabBar()->setFocus();
-            QSet<QWidget *> stops;
-            for (QWidget *stop = pages->tabBar(); !stops.contains(stop);
-                 stop = QApplication::focusWidget()) {
-                stops.insert(stop);
-                const double mark = focusContrast(stop);
-                if (mark < 3.0) // WCAG 2.1, 1.4.11
-                    unseen.append(QString("%1 %2: %3")
-                                      .arg(stop->metaObject()->className(), stop->objectName())
-                                      .arg(mark, 0, 'f', 2));
-                press(Qt::Key_Tab);
-            }
-            seen += stops;
-        }
-        QCOMPARE(unseen.join('\n'), QString());
-        QVERIFY2(seen.size() > 40, qPrintable(QString::number(seen.size())));
-    }
-
-    //! Figures are read from afar if they are as high as a 200th of the distance.
-    void bigNumbersAreReadFromAfar_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QStringList>("lines");
-        QTest::addColumn<double>("metres");
-        const QStringList beam{"Beam  DATA VALID, FIT POOR",
-                               QString("X -12.34 mm\t\u03c3 12.34 mm"),
-                               QString("Y -12.34 mm\t\u03c3 12.34 mm")};
-        QTest::newRow("a channel, as it opens")
-            << QSize(1000, 455) << QStringList{"left", "-123.456 nA"} << 5.0;
-        QTest::newRow("the beam, as it opens") << QSize(1000, 455) << beam << 3.0;
-        QTest::newRow("the beam on the smallest screen")
-            << WindowInTest::smallScreen << beam << 4.0;
-        QTest::newRow("the beam on a usual screen") << QSize(1920, 1040) << beam << 5.0;
-    }
-    void bigNumbersAreReadFromAfar()
-    {
-        QFETCH(QSize, size);
-        QFETCH(QStringList, lines);
-        QFETCH(double, metres);
-        constexpr double pixel = 25.4e-3 / 96; // m
-        BigText text;
-        text.resize(size);
-        text.setLines(lines);
-        const QImage picture = text.grab().toImage();
-        const double perPixel = 200 * pixel / picture.devicePixelRatio();
-        const auto hasInk = [&picture](int y) {
-            for (int x = 0; x < picture.width(); ++x)
-                if (qGray(picture.pixel(x, y)) < 100)
-                    return true;
-            return false;
-        };
-        int highest = 0;
-        for (int y = 0, ink = 0; y < picture.height(); ++y) {
-            ink = hasInk(y) ? ink + 1 : 0;
-            highest = std::max(highest, ink);
-        }
-        QVERIFY2(highest * perPixel >= metres, qPrintable(QString::number(highest * perPixel)));
-
-        // Other figures do not change the size, and a longer number is not cut.
-        const int before = text.pixelSize();
-        QStringList others = lines;
-        text.setLines(others.replaceInStrings("4", "1"));
-        QCOMPARE(text.pixelSize(), before);
-        text.setLines(others.replaceInStrings("1", "111111111"));
-        QVERIFY(text.pixelSize() < before);
     }
 
     //! Every entry of every menu, and what it opens, by keys; everything that is shown has room for its text.

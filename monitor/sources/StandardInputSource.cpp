@@ -3,6 +3,9 @@
 
 #include "monitor/core/Clock.h"
 
+#include <QElapsedTimer>
+#include <QPointer>
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -65,12 +68,15 @@ void StandardInputSource::close()
     m_notifier.setEnabled(false);
 }
 
-/*! Reads what has come, up to a bound, so that a flood of lines leaves time for the window. After a long turn of the event loop
-    much more has come than one piece. */
+/*! Reads what has come, but not for long, so that a flood of lines leaves time for the window. After a long turn of the event
+    loop more has come than one piece. */
 void StandardInputSource::readSome()
 {
-    constexpr int mostPieces = 16; // about 20 ms
-    for (int pieces = 0; pieces < mostPieces && readPiece(); ++pieces) { }
+    constexpr qint64 longest = 20; // ms
+    const QPointer<StandardInputSource> alive(this); // what hears of readings may close the source
+    QElapsedTimer timer;
+    timer.start();
+    while (alive && readPiece() && !timer.hasExpired(longest)) { }
 }
 
 //! Reads one piece. Returns false if nothing more is there now.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -35,6 +36,45 @@ void ChannelRings::reset(int channels)
     m_times.setCapacity(0);
     m_channels = std::vector<Channel>(std::size_t(channels));
     makeHistory();
+}
+
+ChannelRings ChannelRings::take()
+{
+    ChannelRings taken = std::move(*this);
+    reset(taken.channels());
+    return taken;
+}
+
+int ChannelRings::putBefore(ChannelRings &&former)
+{
+    const int rows = former.rows();
+    if (former.m_historySpan != m_historySpan || former.m_historyBytes != m_historyBytes)
+        former.setHistory(m_historySpan, m_historyBytes);
+    former.setCapacity(m_capacity);
+    for (Channel &channel : former.m_channels)
+        channel.ranges.forget(); // the rows get other numbers
+    former.appendLater(*this);
+    former.m_taken = m_taken + rows;
+    *this = std::move(former);
+    return rows;
+}
+
+//! Appends the history and the rows of other rings. No row goes into the history before an older one.
+void ChannelRings::appendLater(const ChannelRings &later)
+{
+    if (m_history && later.m_history && later.m_history->rows() > 0) {
+        dropOldest(rows());
+        m_history->append(*later.m_history);
+    }
+    dropOldest(rows() + later.rows() - m_capacity);
+    makeRoomFor(later.rows());
+    std::vector<double> values(m_channels.size());
+    for (int row = 0; row < later.rows(); ++row) {
+        for (int channel = 0; channel < channels(); ++channel)
+            values[std::size_t(channel)] = later.value(row, channel);
+        const double time = later.time(row);
+        append(&time, values.data(), 1);
+    }
 }
 
 void ChannelRings::exchange(const std::vector<int> &former)

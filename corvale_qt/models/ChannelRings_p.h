@@ -21,6 +21,11 @@ public:
 
     //! Removes all rows and sets the number of channels.
     void reset(int channels);
+    //! Returns all rows and the history, and leaves none behind.
+    ChannelRings take();
+    /*! Puts the rows and the history of rings with as many channels before those here, and returns how many rows were put
+        there. Where there is no room for all, the oldest rows go into the history, as if all had been appended in turn. */
+    int putBefore(ChannelRings &&former);
     //! A channel that begins without readings.
     static constexpr int noChannel = -1;
     /*! Replaces the channels and keeps the rows, and the history. Channel c goes on with the readings of channel \a former[c], or
@@ -61,6 +66,7 @@ private:
         mutable BlockRanges ranges;
     };
 
+    void appendLater(const ChannelRings &later);
     void makeRoomFor(int rows);
     void makeHistory();
     void keepOldest(int rows);

@@ -98,6 +98,55 @@ void HistoryPyramid::append(const Rows &rows)
     }
 }
 
+void HistoryPyramid::append(const HistoryPyramid &later)
+{
+    const qint64 rowsBefore = m_rows;
+    m_rows += later.m_rows;
+    if (later.at(0).intervals.empty()) // none of the rows has a time
+        return;
+    const bool goesOn = !at(0).intervals.empty() && later.m_firstRow == 0
+        && later.m_first >= m_newest - largestStepBack;
+    if (goesOn) {
+        closeAll();
+    } else {
+        begin(later.m_first);
+        m_firstRow = rowsBefore + later.m_firstRow;
+    }
+    const double newest = m_newest;
+    for (int level = 0; level < levels; ++level)
+        appendBlocks(level, later, rowsBefore, newest);
+    m_newest = std::max(newest, later.m_newest);
+    m_isOpen = later.m_isOpen;
+}
+
+//! Adds the blocks of one level of a later pyramid. None of them begins before \a newest, the time of the last row before.
+void HistoryPyramid::appendBlocks(int level,
+                                  const HistoryPyramid &later,
+                                  qint64 rowsBefore,
+                                  double newest)
+{
+    Level &own = at(level);
+    const Level &added = later.at(level);
+    own.pending = added.pending;
+    if (added.intervals.empty())
+        return;
+    // A level leaves out no row, so it forgets what is before rows that it does not have.
+    if (!own.intervals.empty()) {
+        const Interval &last = own.intervals.back();
+        if (last.firstRow + last.rows != rowsBefore + added.intervals.front().firstRow)
+            dropOldest(own, own.intervals.size());
+    }
+    for (size_t i = 0; i < added.intervals.size(); ++i) {
+        Interval interval = added.intervals[i];
+        interval.firstRow += rowsBefore;
+        interval.first = std::max(interval.first, newest);
+        interval.last = std::max(interval.last, newest);
+        push(level, interval);
+        for (size_t channel = 0; channel < own.blocks.size(); ++channel)
+            own.blocks[channel].back() = added.blocks[channel][i];
+    }
+}
+
 //! Begins an acquisition, of which \a time is that of the first row. What was before it is forgotten.
 void HistoryPyramid::begin(double time)
 {
@@ -174,6 +223,16 @@ void HistoryPyramid::closeBefore(double gap)
         if (at(level - 1).pending > 0)
             combine(level);
         usual *= growth;
+    }
+}
+
+//! Closes the blocks of all levels, so that each level ends with the last row.
+void HistoryPyramid::closeAll()
+{
+    closeBase();
+    for (int level = 1; level < levels; ++level) {
+        if (at(level - 1).pending > 0)
+            combine(level);
     }
 }
 

@@ -50,6 +50,9 @@ public:
 
     //! Adds the rows that follow those before.
     void append(const Rows &rows);
+    /*! Adds the blocks of rows that follow those before and that another pyramid of as many channels took. Rows before a
+        step back in time are forgotten, as by appending rows. */
+    void append(const HistoryPyramid &later);
     void clear();
     /*! Replaces the channels. Channel c goes on with the blocks of channel \a former[c]; those of a negative one have no
         readings. Where \a blocksOfLevel is less than before, the oldest blocks are dropped. */
@@ -92,6 +95,8 @@ private:
     void extend(const Rows &rows, int first, const Stretch &stretch);
     void closeBase();
     void closeBefore(double gap);
+    void closeAll();
+    void appendBlocks(int level, const HistoryPyramid &later, qint64 rowsBefore, double newest);
     void combine(int level);
     void push(int level, const Interval &interval);
     void dropOld(Level &level) const;

@@ -258,6 +258,34 @@ void RVXMultichannelDeviceModel::Clear()
     endResetModel();
 }
 
+std::shared_ptr<RVXMultichannelDeviceModel::TakenReadings>
+RVXMultichannelDeviceModel::takeReadings()
+{
+    Q_D(RVXMultichannelDeviceModel);
+    beginResetModel();
+    auto taken = std::make_shared<TakenReadings>(d->rings.take());
+    d->removeRows(d->rings.channels());
+    endResetModel();
+    return taken;
+}
+
+void RVXMultichannelDeviceModel::putReadingsBefore(const std::shared_ptr<TakenReadings> &taken)
+{
+    Q_D(RVXMultichannelDeviceModel);
+    if (!taken)
+        return;
+    if (taken->rings.channels() != d->rings.channels()) {
+        qCWarning(lcModels) << "Readings of" << taken->rings.channels()
+                            << "channels do not belong before those of" << d->rings.channels();
+        return;
+    }
+    beginResetModel();
+    const int unannounced = d->rings.rows() - d->visibleRows;
+    d->fittedRow += d->rings.putBefore(taken->rings.take());
+    d->visibleRows = d->rings.rows() - unannounced;
+    endResetModel();
+}
+
 bool RVXMultichannelDeviceModel::SaveDataToFile(const QString &fileName) const
 {
     Q_D(const RVXMultichannelDeviceModel);

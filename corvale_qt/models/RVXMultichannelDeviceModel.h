@@ -6,6 +6,8 @@
 #include <QVariantList>
 #include <QVector>
 
+#include <memory>
+
 namespace Corvale_Qt {
 
 class RVXBulkPlotData;
@@ -126,6 +128,16 @@ public:
     void setPlotWidthHintPoints(int points);
     //! Sets the width that a plot should show at once, in seconds; 0, the default, if only the points count.
     void setPlotWidthHint(double seconds);
+
+    //! The rows and the history that takeReadings() removed from a model.
+    class TakenReadings;
+    /*! Removes all rows and the history, as Clear() does, and returns them for putReadingsBefore(). Nothing is copied; their
+        memory is free when the last pointer to them goes. */
+    std::shared_ptr<TakenReadings> takeReadings();
+    /*! Puts readings that were taken before the present ones, in one reset, and leaves \a taken empty. Rows beyond capacity()
+        go into the history, and the history forgets what is before a step back in time, as if all had been appended in turn.
+        Readings of another number of channels are refused with a line on the debug stream; null is ignored. */
+    void putReadingsBefore(const std::shared_ptr<TakenReadings> &taken);
 
     void Clear() override;
     /*! Writes the announced rows as CSV: a line of titles, "timestamp(s)" and the names of the channels with their givenIn

@@ -63,6 +63,17 @@ private:
 
 class RVXMultichannelDeviceModelPrivate;
 
+class RVXMultichannelDeviceModel::TakenReadings
+{
+public:
+    explicit TakenReadings(ChannelRings taken)
+        : rings(std::move(taken))
+    {
+    }
+
+    ChannelRings rings;
+};
+
 //! The history of the model's rings, in the units that the model shows. Without one it is empty.
 class ShownHistory : public RVXPlotHistory
 {

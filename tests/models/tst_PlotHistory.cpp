@@ -69,6 +69,21 @@ public:
         readings = std::move(exchanged);
     }
 
+    //! Empties the model of all rows that it ever took.
+    std::shared_ptr<RVXMultichannelDeviceModel::TakenReadings> take()
+    {
+        auto taken = model.takeReadings();
+        m_taken = std::exchange(times, {});
+        m_takenReadings = std::exchange(readings, {});
+        return taken;
+    }
+    void putBefore(const std::shared_ptr<RVXMultichannelDeviceModel::TakenReadings> &taken)
+    {
+        model.putReadingsBefore(taken);
+        times.insert(times.begin(), m_taken.begin(), m_taken.end());
+        readings.insert(readings.begin(), m_takenReadings.begin(), m_takenReadings.end());
+    }
+
     const RVXPlotHistory &history() const { return *RVXPlotHistory::of(&model); }
     int dropped() const { return int(times.size()) - (model.rowCount() - 1); }
 
@@ -98,6 +113,8 @@ public:
     std::vector<double> readings;
 
 private:
+    std::vector<double> m_taken;
+    std::vector<double> m_takenReadings;
     std::mt19937 m_random;
     double m_now = 1.0;
 };
@@ -306,6 +323,62 @@ private Q_SLOTS:
             QCOMPARE(rowsFault(all), QString());
         }
         QCOMPARE(watch.complaints(), QString());
+    }
+
+    void takenReadingsComeBackBeforeLaterOnes_data()
+    {
+        columns<int, int, bool>("before", "since", "all");
+        QTest::newRow("days, and a few rows since") << 60000 << 30 << true;
+        QTest::newRow("days, and more than fits beside") << 60000 << 90 << true;
+        QTest::newRow("days, and blocks since") << 60000 << 20000 << true;
+        QTest::newRow("blocks since, of which the shortest are gone") << 60000 << 60000 << false;
+        QTest::newRow("no blocks before") << 60 << 20000 << true;
+        QTest::newRow("nothing since") << 60000 << 0 << true;
+        QTest::newRow("nothing before") << 0 << 20000 << true;
+    }
+    void takenReadingsComeBackBeforeLaterOnes()
+    {
+        QFETCH(int, before);
+        QFETCH(int, since);
+        QFETCH(bool, all);
+        Acquisition some(2, 100, HistoryPyramid::mostBytes(all ? 2000 : 300, 2));
+        ModelWatch watch(&some.model);
+        some.append(before, true);
+        const auto taken = some.take();
+        QCOMPARE(some.model.rowCount(), 1);
+        QVERIFY(std::isnan(some.history().oldest()));
+        some.append(since, true);
+        some.putBefore(taken);
+        QCOMPARE(some.model.rowCount(), 101);
+        QVERIFY(!all || some.history().oldest() == some.times.front());
+        for (int further : {0, 70, 30000}) {
+            some.append(further, true);
+            QCOMPARE(historyFault(some), QString());
+            QCOMPARE(rowsFault(some), QString());
+            QCOMPARE(coverFault(some, 0.0, some.times.back(), 500), QString());
+            QVERIFY(some.model.historyMemoryInUse() <= some.model.historyMemory());
+        }
+        some.model.putReadingsBefore(taken); // is empty now
+        QCOMPARE(rowsFault(some), QString());
+        QCOMPARE(watch.complaints(), QString());
+    }
+
+    void takenReadingsMustBelong()
+    {
+        Acquisition some(2, 100, 1'000'000);
+        some.append(5000, false);
+        const auto taken = some.model.takeReadings();
+        const double early[] = {1.0, 0.0, 0.0}; // the clock was set back
+        some.model.appendRow(early[0], early + 1);
+        some.model.putReadingsBefore(taken);
+        const std::vector<double> values(200, 0.0);
+        some.model.appendRows(some.times.data(), values.data(), 100);
+        QCOMPARE(some.history().oldest(), 1.0);
+        some.model.setChannelCount(3);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("Readings of 2 channels do not"));
+        some.model.putReadingsBefore(taken);
+        some.model.putReadingsBefore(nullptr);
+        QCOMPARE(some.model.rowCount(), 1);
     }
 
     void readingsAreReplaced()

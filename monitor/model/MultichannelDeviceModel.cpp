@@ -120,8 +120,12 @@ void MultichannelDeviceModel::addReadings(const ReadingBlock &readings)
 void MultichannelDeviceModel::setPaused(bool paused)
 {
     m_isPaused = paused;
-    if (paused)
-        return;
+    if (!paused)
+        showWaiting();
+}
+
+void MultichannelDeviceModel::showWaiting()
+{
     storeRows(m_waiting.times(), m_waiting.values(0), m_waiting.size());
     forgetWaiting();
 }
@@ -136,16 +140,6 @@ ReadingBlock MultichannelDeviceModel::shownReadings() const
         readings.append(doubleData(row, 0), values.data());
     }
     return readings;
-}
-
-void MultichannelDeviceModel::putBefore(const ReadingBlock &readings)
-{
-    if (readings.channels() != NumberOfChannels() || readings.isEmpty())
-        return;
-    ReadingBlock all = readings;
-    all.append(shownReadings());
-    RVXMultichannelDeviceModel::Clear(); // what waits in a pause goes on waiting
-    storeRows(all.times(), all.values(0), all.size());
 }
 
 void MultichannelDeviceModel::Clear()

@@ -44,6 +44,8 @@ public:
 
     //! Pauses the model, or shows the readings that waited and goes on.
     void setPaused(bool paused);
+    //! Shows the readings that wait; a pause goes on.
+    void showWaiting();
     bool isPaused() const { return m_isPaused; }
     //! Returns how many readings arrived since the model was paused.
     qint64 waitingReadings() const { return m_arrivedWaiting; }
@@ -52,8 +54,6 @@ public:
     void setLimits(const QVector<Corvale_Qt::ChannelLimits> &limits) { m_header.limits = limits; }
     //! Returns the rows as they were received.
     ReadingBlock shownReadings() const;
-    //! Puts readings before the present rows; those with another number of channels are ignored.
-    void putBefore(const ReadingBlock &readings);
 
     const StreamHeader &header() const { return m_header; }
     //! Returns the value in row \a row (from 1) of channel \a channel (from 0), in the unit in which it was received.

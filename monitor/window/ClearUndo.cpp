@@ -34,35 +34,39 @@ ClearUndo::ClearUndo(Session &session, RVXScope &scope, NoticeLine &notice, QObj
 
 void ClearUndo::keep()
 {
-    m_kept = m_session.model().shownReadings();
+    MultichannelDeviceModel &model = m_session.model();
+    model.putReadingsBefore(m_kept); // an operator who clears twice gets all of it back
+    model.showWaiting();
+    const int rows = model.rowCount() - 1;
+    m_kept = model.takeReadings();
     m_period = m_scope.period();
     m_keptAt = m_session.clock().seconds();
     m_action->setEnabled(true);
     m_notice.tell(tr("%1 readings were cleared from the displays. For a minute they can be brought "
                      "back (%2).")
-                      .arg(m_kept.size())
+                      .arg(rows)
                       .arg(m_action->shortcut().toString(QKeySequence::NativeText)),
                   NoticeLine::Kind::Hint);
 }
 
 void ClearUndo::expire()
 {
-    if (!m_kept.isEmpty() && m_session.clock().seconds() - m_keptAt >= patience)
+    if (m_kept && m_session.clock().seconds() - m_keptAt >= patience)
         forget();
 }
 
 void ClearUndo::undo()
 {
-    if (m_kept.isEmpty())
+    if (!m_kept)
         return;
     m_scope.setPeriod(m_period);
-    m_session.model().putBefore(m_kept);
+    m_session.model().putReadingsBefore(m_kept);
     forget();
 }
 
 void ClearUndo::forget()
 {
-    m_kept = ReadingBlock();
+    m_kept.reset();
     m_action->setEnabled(false);
     m_notice.tell(QString(), NoticeLine::Kind::Hint);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/readings/ReadingBlock.h"
+#include "monitor/model/MultichannelDeviceModel.h"
 
 #include <QObject>
 
@@ -16,8 +16,8 @@ namespace Monitor {
 class NoticeLine;
 class Session;
 
-/*! Keeps the readings that an operator cleared, and offers them back for a minute: by an action, and by a notice that says
-    how many they are. Another stream ends the offer. */
+/*! Keeps the readings that an operator cleared, with the history before them and what waited in a pause, and offers them
+    back for a minute: by an action, and by a notice that says how many they are. Another stream ends the offer. */
 class ClearUndo : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ private:
     Corvale_Qt::RVXScope &m_scope;
     NoticeLine &m_notice;
     QAction *m_action;
-    ReadingBlock m_kept;
+    std::shared_ptr<MultichannelDeviceModel::TakenReadings> m_kept;
     int m_period = 0; // ms
     double m_keptAt = 0.0;
 };

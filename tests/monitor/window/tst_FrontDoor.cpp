@@ -23,6 +23,7 @@
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
+#include <corvale_qt/models/RVXPlotHistory.h>
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 using namespace Monitor;
@@ -447,6 +448,26 @@ private Q_SLOTS:
         QCOMPARE(w.session.model().receivedValue(23, 1), 1022.0);
         QVERIFY(w.notice("cleared").isEmpty() && !w.action("undoClear")->isEnabled());
 
+        // Clearing twice, and in a pause, takes nothing from what comes back, nor from the days before.
+        w.session.model().setCapacity(10);
+        const auto *history = Corvale_Qt::RVXPlotHistory::of(&w.session.model());
+        w.window.displays().scope()->clear();
+        w.run(2);
+        w.settle();
+        w.session.setPaused(true);
+        w.run(3);
+        w.settle();
+        w.window.displays().scope()->clear();
+        QVERIFY(std::isnan(history->oldest()));
+        w.session.setPaused(false);
+        w.run(1);
+        w.settle();
+        w.action("undoClear")->trigger();
+        history = Corvale_Qt::RVXPlotHistory::of(&w.session.model());
+        QCOMPARE(w.session.model().rowCount(), 11);
+        QCOMPARE(w.session.model().receivedValue(10, 1), 1028.0);
+        QCOMPARE(history->interval(0, history->endBlock(0) - 1).rows, 19);
+
         // The same for a period, which is set back too.
         auto *period = w.window.displays().scope()->findChild<QComboBox *>("comboBox_period");
         onNextDialog([](QDialog *question) {
@@ -456,7 +477,7 @@ private Q_SLOTS:
         QCOMPARE(w.window.displays().scope()->period(), 1000);
         w.action("undoClear")->trigger();
         QCOMPARE(w.window.displays().scope()->period(), 0);
-        QCOMPARE(w.session.model().rowCount(), 24);
+        QCOMPARE(w.session.model().rowCount(), 11);
 
         w.window.displays().scope()->clear();
         QVERIFY(w.action("undoClear")->isEnabled());

@@ -17,6 +17,8 @@
 #include <QSpinBox>
 #include <QTableWidget>
 
+#include <algorithm>
+
 namespace Monitor {
 
 namespace {
@@ -29,6 +31,14 @@ QString keyOf(const QString &header)
 {
     return QString::fromLatin1(
         QCryptographicHash::hash(header.toUtf8(), QCryptographicHash::Sha1).toHex());
+}
+
+//! Returns whether most of the first rows of a table can be read; a damaged one among them does not count.
+bool canRead(const QString &path, const ImportOptions &options)
+{
+    const TablePreview preview = TablePreview::of(path, options);
+    const auto refused = std::min<qint64>(preview.refused, TablePreview::mostRows);
+    return !preview.rows.isEmpty() && refused <= preview.rows.size();
 }
 
 void choose(QComboBox *box, const QVariant &data)
@@ -48,7 +58,9 @@ ImportDialog::optionsFor(const QString &path, WindowSettings *settings, QWidget 
     QString error;
     const bool isKnown = settings && !guess.header.isEmpty();
     const QString kept = isKnown ? settings->importFor(keyOf(guess.header)) : QString();
-    if (!kept.isEmpty() && ImportOptions::fromText(kept, &options, &error))
+    // The same names may stand above other numbers; then the person is asked again.
+    if (!kept.isEmpty() && ImportOptions::fromText(kept, &options, &error)
+        && canRead(path, options))
         return options;
     ImportDialog dialog(path, parent);
     if (dialog.exec() != QDialog::Accepted)

@@ -147,8 +147,21 @@ private Q_SLOTS:
         });
         const auto first = ImportDialog::optionsFor(path, &settings);
         QVERIFY(first && first->interval == 2e-3);
-        const auto again = ImportDialog::optionsFor(path, &settings); // without a question
+        const QString other = m_dir.filePath("of the same kind.csv");
+        putFile(other, "left_nA;right_nA\n4,5;6\n");
+        const auto again = ImportDialog::optionsFor(other, &settings); // without a question
         QVERIFY(again && again->text() == first->text());
+        // The same names above times of another kind, which the answer for the first file cannot read.
+        for (const char *times :
+             {"2026-11-22T10:00:00;1,5\n2026-11-22T10:00:01;2,5\n", "10;1,5\n11;2,5\n"}) {
+            putFile(other, QByteArray("when;a_nA\n") + times);
+            bool isAsked = false;
+            QTimer::singleShot(0, this, [&isAsked] {
+                isAsked = true;
+                qobject_cast<QDialog *>(QApplication::activeModalWidget())->accept();
+            });
+            QVERIFY(ImportDialog::optionsFor(other, &settings) && isAsked);
+        }
         putFile(path, "time_s,a\n0,1\n");
         QVERIFY(ImportDialog::optionsFor(path, &settings)->isUsual());
     }

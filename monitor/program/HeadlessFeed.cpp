@@ -52,6 +52,7 @@ bool HeadlessFeed::openSource()
     connect(m_source.get(), &Source::streamStarted, this, &HeadlessFeed::takeHeader);
     connect(m_source.get(), &Source::readingsArrived, this, &HeadlessFeed::takeReadings);
     connect(m_source.get(), &Source::stateChanged, this, &HeadlessFeed::sourceStateChanged);
+    connect(&m_clock, &Clock::tick, this, &HeadlessFeed::tellConnection);
     connect(m_source.get(), &Source::noted, this, [this](const QString &text) {
         complain(text);
         if (m_output)
@@ -211,8 +212,29 @@ void HeadlessFeed::takeReadings(const ReadingBlock &arrived)
         end();
 }
 
+/*! Says on stderr that a source is away, at most once a minute since some peers connect for each reading, and that it is back
+    if it was said to be away. */
+void HeadlessFeed::tellConnection()
+{
+    constexpr double patience = 60.0; // s
+    const Source::State state = m_source->state();
+    const bool isBack = state == Source::State::Running;
+    const bool isAway =
+        state == Source::State::Retrying || (state == Source::State::Connecting && m_wasConnected);
+    m_wasConnected = m_wasConnected || isBack;
+    if (m_isToldAway && isBack) {
+        m_isToldAway = false;
+        complain(tr("%1 is connected").arg(m_source->description()));
+    } else if (!m_isToldAway && isAway && m_clock.seconds() - m_toldAwayAt >= patience) {
+        m_isToldAway = true;
+        m_toldAwayAt = m_clock.seconds();
+        complain(m_source->stateText());
+    }
+}
+
 void HeadlessFeed::sourceStateChanged(Source::State state, const QString &text)
 {
+    tellConnection();
     if (state == Source::State::Failed) {
         complain(text);
         if (!m_source->remedy().isEmpty())

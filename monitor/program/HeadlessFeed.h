@@ -16,6 +16,7 @@
 
 #include <QObject>
 
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -87,6 +88,7 @@ private:
     Recorder::Options recorderOptions() const;
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
+    void tellConnection();
     void sourceStateChanged(Source::State state, const QString &text);
     void keepSpots(const ReadingBlock &readings);
     std::optional<SpotErrors> spotErrors() const;
@@ -116,6 +118,9 @@ private:
     LeftOutCount m_leftOutCount; //!< with --check and --stats
     bool m_isDamaged = false;
     bool m_isInterrupted = false;
+    bool m_wasConnected = false;
+    bool m_isToldAway = false;
+    double m_toldAwayAt = -std::numeric_limits<double>::infinity();
     bool m_ended = false;
 };
 

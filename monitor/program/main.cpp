@@ -18,6 +18,7 @@
 #include <QIcon>
 #include <QLocale>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -81,19 +82,37 @@ bool hasDisplay()
 #endif
 }
 
-//! Says that the window of these settings is open already. Another source is not shown there, which is an error.
+//! Returns what an open window does not do that the command line asks for, as a sentence; empty if there is no such thing.
+QString undone(const CommandLine &commandLine, const QString &settings)
+{
+    const auto isMissing = [&settings](const NamedAddress &source) {
+        return !SourceSwitch::isOpenIn(settings, source.address);
+    };
+    const auto &sources = commandLine.sources;
+    const auto missing = std::find_if(sources.begin(), sources.end(), isMissing);
+    if (commandLine.sourceGiven && missing != sources.end())
+        return Text::tr("%1 was not opened: a window with these settings is open already and shows "
+                        "another source. Open it there with File > Open... or File > Connect..., "
+                        "or give it a window of its own with --settings FILE")
+            .arg(missing->address);
+    if (!commandLine.record.path.isEmpty())
+        return Text::tr("%1 was not begun: a window with these settings is open already. Record "
+                        "there with File > Record..., or give the recording a window of its own "
+                        "with --settings FILE")
+            .arg(commandLine.record.path);
+    return QString();
+}
+
+/*! Says that the window of these settings is open already. What it does not do of that which the command line asks for is an
+    error. */
 int answerSecondStart(const CommandLine &commandLine, const QString &settings)
 {
-    if (!commandLine.sourceGiven || SourceSwitch::isOpenIn(settings, commandLine.source)) {
-        complain(Text::tr("a window with these settings is open already and was brought to the "
-                          "front; --settings FILE opens another"));
-        return ExitGood;
-    }
-    complain(Text::tr("%1 was not opened: a window with these settings is open already and shows "
-                      "another source. Open it there with File > Open... or File > Connect..., or "
-                      "give it a window of its own with --settings FILE")
-                 .arg(commandLine.source));
-    return ExitUsage;
+    const QString error = undone(commandLine, settings);
+    complain(error.isEmpty()
+                 ? Text::tr("a window with these settings is open already and was brought to the "
+                            "front; --settings FILE opens another")
+                 : error);
+    return error.isEmpty() ? ExitGood : ExitUsage;
 }
 
 //! Each settings file has one window: a second start brings the existing window to the front.

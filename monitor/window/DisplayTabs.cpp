@@ -4,6 +4,7 @@
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/Baseline.h"
+#include "monitor/window/ScreenFit.h"
 #include "monitor/window/StateBadge.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
@@ -286,6 +287,7 @@ void DisplayTabs::restoreWindows(const QMap<QString, QByteArray> &windows)
             continue;
         popOut(indexOf(page));
         page->window()->restoreGeometry(windows.value(page->objectName()));
+        fitToScreen(page->window()); // its screen may be gone
     }
 }
 

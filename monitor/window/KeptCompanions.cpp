@@ -9,6 +9,7 @@ namespace {
 
 const QString companionsKey =
     QStringLiteral("beside"); // the first source, then names and addresses by turns
+const QString openBesideKey = QStringLiteral("open-beside");
 
 } // namespace
 
@@ -23,13 +24,27 @@ QVector<NamedAddress> keptCompanions(const QString &lead, const WindowSettings &
     return kept;
 }
 
+QStringList openCompanions(const WindowSettings &settings)
+{
+    return settings.list(openBesideKey);
+}
+
+void noteNoCompanions(WindowSettings &settings)
+{
+    settings.setList(openBesideKey, {});
+}
+
 void keepCompanions(const QString &lead,
                     const QVector<NamedAddress> &companions,
                     WindowSettings &settings)
 {
     QStringList texts;
-    for (const NamedAddress &companion : companions)
+    QStringList open;
+    for (const NamedAddress &companion : companions) {
         texts << companion.name << companion.address;
+        open << companion.address;
+    }
+    settings.setList(openBesideKey, open);
     if (!texts.isEmpty())
         texts.prepend(lead);
     if (texts != settings.list(companionsKey))

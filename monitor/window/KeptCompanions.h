@@ -9,6 +9,10 @@ class WindowSettings;
 
 //! Returns what was read beside \a lead, the address of a first source, when a window last showed it.
 QVector<NamedAddress> keptCompanions(const QString &lead, const WindowSettings &settings);
+//! Returns the addresses that the open window with these settings reads beside its first source.
+QStringList openCompanions(const WindowSettings &settings);
+//! Notes that the window opens another first source, beside which nothing is read yet.
+void noteNoCompanions(WindowSettings &settings);
 //! Keeps what is read beside \a lead for the next start, in place of what was kept.
 void keepCompanions(const QString &lead,
                     const QVector<NamedAddress> &companions,

@@ -5,6 +5,7 @@
 #include "monitor/session/Session.h"
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/window/KeptCompanions.h"
 #include "monitor/window/SourceDetector.h"
 #include "monitor/window/SourceImport.h"
 #include "monitor/window/WindowSettings.h"
@@ -12,6 +13,8 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace Monitor {
 
@@ -126,13 +129,19 @@ void SourceSwitch::forgetRecent()
 
 bool SourceSwitch::isOpenIn(const QString &settingsFile, const QString &text)
 {
-    return WindowSettings(settingsFile).text(openKey) == completed(text);
+    const WindowSettings settings(settingsFile);
+    QStringList open = openCompanions(settings);
+    open.prepend(settings.text(openKey));
+    return std::any_of(open.begin(), open.end(), [&text](const QString &source) {
+        return completed(source) == completed(text);
+    });
 }
 
 //! Standard input is no recent source: it cannot be opened again.
 void SourceSwitch::remember()
 {
     m_settings.setText(openKey, m_current);
+    noteNoCompanions(m_settings);
     if (m_current.isEmpty() || m_current == QLatin1String("-"))
         return;
     QStringList texts = recent();

@@ -5,6 +5,9 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 #include <cmath>
 #include <csignal>
 #include <set>
@@ -492,6 +495,12 @@ private Q_SLOTS:
         const Outcome elsewhere = run({"sim:pixels", "--settings", "one.xui"});
         QCOMPARE(elsewhere.code, 1);
         QVERIFY2(elsewhere.err.contains("sim:pixels was not opened"), elsewhere.err);
+        const Outcome beside = run({"sim:ic4", "--source", "b=sim:spots", "--settings", "one.xui"});
+        QCOMPARE(beside.code, 1);
+        QVERIFY2(beside.err.contains("sim:spots was not opened"), beside.err);
+        const Outcome recorded = run({"sim:ic4", "--settings", "one.xui", "--record", "no.csv"});
+        QCOMPARE(recorded.code, 1);
+        QVERIFY2(recorded.err.contains("no.csv was not begun"), recorded.err);
         // Another file, another window.
         const Outcome other = run({"sim:ic4", "--settings", "two.xui", "--after", "5frames"});
         QCOMPARE(other.code, 0);
@@ -503,6 +512,29 @@ private Q_SLOTS:
         QCOMPARE(first.exitCode(), 0);
         QVERIFY(QFileInfo(path("one.xui")).size() > 100);
         QCOMPARE(run({record, "--check"}).code, 0);
+    }
+
+    void aRunWithoutAWindowTellsOfItsConnection()
+    {
+        QTcpServer instrument;
+        QVERIFY(instrument.listen(QHostAddress::LocalHost));
+        QProcess process;
+        process.setProcessEnvironment(environment());
+        const QString source = QString("tcp://127.0.0.1:%1").arg(instrument.serverPort());
+        process.start(QStringLiteral(CORVALE_MONITOR),
+                      {"--headless", source, "--record", path("lost.csv")});
+        QByteArray all;
+        const auto told = [&]() -> const QByteArray & {
+            return all += process.readAllStandardError();
+        };
+        QVERIFY(instrument.waitForNewConnection(longest));
+        delete instrument.nextPendingConnection();
+        QTRY_VERIFY_WITH_TIMEOUT(told().contains("; trying again in"), longest);
+        QVERIFY(instrument.waitForNewConnection(longest));
+        QTRY_VERIFY_WITH_TIMEOUT(told().contains("is connected\n"), longest);
+        process.terminate();
+        QVERIFY(process.waitForFinished(longest));
+        QCOMPARE(told().count("trying again"), 1);
     }
 
     void aRecordingSurvivesKill()

@@ -58,6 +58,14 @@ private Q_SLOTS:
         moveMouse(&line, {line.xOf(30.0), y}, Qt::LeftButton);
         QTest::mouseRelease(&line, Qt::LeftButton, {}, {line.xOf(30.0), y});
         QVERIFY(near(30.0));
+        QVERIFY(!deck.loop());
+        QTest::mousePress(&line, Qt::LeftButton, Qt::ShiftModifier, {line.xOf(60.0), y});
+        moveMouse(&line, {line.xOf(40.0), y}, Qt::LeftButton);
+        QTest::mouseRelease(&line, Qt::LeftButton, Qt::ShiftModifier, {line.xOf(40.0), y});
+        QVERIFY(deck.loop() && std::abs(deck.loop()->from - 40.0) < 0.5
+                && std::abs(deck.loop()->to - 60.0) < 0.5);
+        deck.clearLoop();
+        QVERIFY(near(30.0)); // choosing a stretch goes nowhere
 
         window.activateWindow();
         line.setFocus();

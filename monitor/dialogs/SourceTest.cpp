@@ -5,6 +5,7 @@
 #include "monitor/core/NumberText.h"
 #include "monitor/input/LineText.h"
 #include "monitor/nexus/NexusFiles.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/sources/SourceFactory.h"
 
 #include <QFile>
@@ -163,7 +164,7 @@ QString SourceTest::report() const
         lines.append(QString());
         lines.append(tr("Read as %1 channels, layout %2:")
                          .arg(m_header.channels.size())
-                         .arg(kindName(m_header.kind)));
+                         .arg(layoutName(m_header)));
         lines.append(m_readings);
     }
     return lines.join(QLatin1Char('\n'));

@@ -57,4 +57,17 @@ DetectorLayout withVerdictLimits(const DetectorLayout &detector, const VerdictLi
     return DetectorLayout::fromDescription(description);
 }
 
+QString layoutName(const StreamHeader &header)
+{
+    switch (header.detector.kind()) {
+    case Corvale_Qt::DetectorKind::Strips:
+        return kindName(StreamKind::Strips);
+    case Corvale_Qt::DetectorKind::Matrix:
+        return kindName(StreamKind::Pixels);
+    case Corvale_Qt::DetectorKind::Channels:
+        break;
+    }
+    return kindName(header.kind);
+}
+
 } // namespace Monitor

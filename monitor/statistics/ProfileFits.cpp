@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <utility>
 
 namespace Monitor {
 
@@ -38,27 +40,47 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
     return result;
 }
 
+//! Fits each plane of strips to its own channels, in the order in which the stream has them.
+std::vector<ProfileFitResult> fitsOfPlanes(const Corvale_Qt::DetectorLayout &detector,
+                                           const QVector<float> &values)
+{
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    std::vector<ProfileFitResult> fits;
+    int first = 0;
+    for (const auto &[axis, name] : {std::pair(Axis::X, "x"), std::pair(Axis::Y, "y")}) {
+        const int cells = detector.cells(axis);
+        std::set<int> channels;
+        for (int cell = first; cell < first + cells; ++cell)
+            channels.insert(detector.readingAt(cell));
+        channels.erase(-1); // cells that are not wired
+        first += cells;
+        QVector<float> profile;
+        for (const int channel : channels)
+            profile.append(values.value(channel));
+        if (profile.size() >= fewestOfAProfile)
+            fits.push_back(fitOf(QString::fromLatin1(name), profile));
+    }
+    return fits;
+}
+
 } // namespace
 
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
                                                 bool channelsAreProfile)
 {
-    const StreamKind kind = statistics.header().kind;
     QVector<float> values;
     for (const double value : statistics.lastValues())
         values.append(std::isfinite(value) ? float(value) : 0.0F);
-    if (kind == StreamKind::Strips && values.size() >= 2) {
-        using Axis = Corvale_Qt::DetectorLayout::Axis;
-        const StreamHeader &header = statistics.header();
-        const int ofX =
-            header.hasFrames() ? header.detector.cells(Axis::X) : (values.size() + 1) / 2;
+    const StreamHeader &header = statistics.header();
+    if (header.detector.kind() == Corvale_Qt::DetectorKind::Strips)
+        return fitsOfPlanes(header.detector, values);
+    if (header.kind == StreamKind::Strips && values.size() >= 2) {
+        const int ofX = (values.size() + 1) / 2;
         return {fitOf(QStringLiteral("x"), values.mid(0, ofX)),
                 fitOf(QStringLiteral("y"), values.mid(ofX))};
     }
-    const Corvale_Qt::DetectorLayout &detector = statistics.header().detector;
-    const bool hasPlaces =
-        !detector.isEmpty() && detector.kind() != Corvale_Qt::DetectorKind::Channels;
-    if (kind == StreamKind::Channels && (hasPlaces || channelsAreProfile)
+    const bool isPlaced = header.detector.kind() != Corvale_Qt::DetectorKind::Channels;
+    if (header.kind == StreamKind::Channels && channelsAreProfile && !isPlaced
         && values.size() >= fewestOfAProfile)
         return {fitOf(QStringLiteral("all"), values)};
     return {};

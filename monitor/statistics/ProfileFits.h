@@ -13,7 +13,7 @@ struct LastEstimates;
 //! A Gaussian fit of one profile. Positions are in channels; 1 is the centre of the profile's first channel.
 struct ProfileFitResult
 {
-    QString profile; //!< "x", "y", or "all" for a stream that is one profile
+    QString profile; //!< "x", "y", or "all" for channels that nothing places
     bool valid = false;
     double position = 0.0;
     double sigma = 0.0;
@@ -22,9 +22,9 @@ struct ProfileFitResult
     QString message; //!< why there is no fit, or why it does not describe the readings
 };
 
-/*! Returns the fits that the window's histogram would show of the latest reading: one for each of the two profiles of
-    strips, and one for all channels if a detector places them, or if \a channelsAreProfile says that they are neighbours in
-    their order. There are none for pixels and spots. */
+/*! Returns the fits that the window's histogram would show of the latest reading: one for each plane of strips, and one for
+    all channels that nothing places if \a channelsAreProfile says that they are neighbours in their order. There are none
+    for pixels and spots. */
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
                                                 bool channelsAreProfile = false);
 

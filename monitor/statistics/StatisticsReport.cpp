@@ -3,6 +3,7 @@
 
 #include "monitor/core/NumberText.h"
 #include "monitor/readings/SpotReport.h"
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/readings/UnitSymbols.h"
 
 #include <QJsonArray>
@@ -131,10 +132,14 @@ void writeNoFits(QTextStream &out, const StreamHeader &header)
                "--detector FILE says where they lie, --fit-channels takes them in their order.\n";
 }
 
+//! Writes the fits in channels. Where there are estimates, they have the same fits at the places of the channels.
 void writeFits(QTextStream &out,
                const StreamHeader &header,
-               const std::vector<ProfileFitResult> &fits)
+               const std::vector<ProfileFitResult> &fits,
+               const LastEstimates &estimates)
 {
+    if (!estimates.planes.empty())
+        return;
     if (fits.empty()) {
         writeNoFits(out, header);
         return;
@@ -421,7 +426,7 @@ QByteArray StatisticsReport::text() const
     out.setCodec("UTF-8");
     const StreamStatistics &stream = *statistics;
     out << "source    " << source << "\n";
-    out << "layout    " << kindName(stream.header().kind) << "\n";
+    out << "layout    " << layoutName(stream.header()) << "\n";
     out << "detector  " << stream.header().detector.summary() << "\n";
     if (stream.header().kind == StreamKind::Spots)
         out << "spots     " << stream.readings() << "\n";
@@ -435,7 +440,7 @@ QByteArray StatisticsReport::text() const
     writeChannels(out, stream);
     writeExcursions(out, stream);
     writeFrames(out, stream);
-    writeFits(out, stream.header(), fits);
+    writeFits(out, stream.header(), fits, estimates);
     if (spotErrors) {
         const SpotReport spots{*spotErrors, toleranceX, toleranceY};
         out << "\nPosition errors  " << spots.positions() << "\n";
@@ -458,7 +463,7 @@ QJsonObject StatisticsReport::object() const
     const bool isList = stream.header().kind == StreamKind::Spots;
     QJsonObject report{
         {"source", source},
-        {"layout", kindName(stream.header().kind)},
+        {"layout", layoutName(stream.header())},
         {"readings", double(stream.readings())},
         {"first_time", isList ? QJsonValue() : jsonNumber(stream.firstTime())},
         {"last_time", isList ? QJsonValue() : jsonNumber(stream.lastTime())},

@@ -43,7 +43,7 @@ void SessionLines::noteStart(const StreamHeader &header)
     else
         Q_EMIT written(tr("readings begin: %1 channels, layout %2%3")
                            .arg(header.channels.size())
-                           .arg(kindName(header.kind), inUnit));
+                           .arg(layoutName(header), inUnit));
     noteAssumptions(header);
 }
 

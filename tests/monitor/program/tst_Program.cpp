@@ -324,6 +324,32 @@ private Q_SLOTS:
         }
     }
 
+    //! Each plane has a fit of its own, however many strips it has; with places, the table shows them in millimetres only.
+    void fitsOfUnequalPlanes()
+    {
+        QByteArray beam = "0", flat = "0";
+        for (int i = 1; i <= 16; ++i) {
+            beam += "," + QByteArray::number(50.0 * std::exp(-0.5 * std::pow((i - 9.25) / 2, 2)));
+            flat += "," + QByteArray::number(10.0 * std::exp(-std::pow((i - 8.5) / 4, 8)));
+        }
+        for (int i = 1; i <= 8; ++i)
+            beam += "," + QByteArray::number(50.0 * std::exp(-0.5 * std::pow((i - 4.5) / 1.2, 2)));
+        const QByteArray two = "#corvale 1\n#layout strips 16 8\n#pitch 2 mm\n" + beam + "\n";
+        const QByteArray one = "#corvale 1\n#layout strips 16 0\n#pitch 2 mm\n" + flat + "\n";
+        const auto report = [this](const QByteArray &lines) {
+            return QJsonDocument::fromJson(run({"-", "--stats", "--json"}, lines).out).object();
+        };
+        const QJsonArray planes = report(two)["fits"].toArray();
+        QCOMPARE(planes.size(), 2);
+        QVERIFY(std::abs(planes[0].toObject()["position"].toDouble() - 9.25) < 1e-3);
+        QVERIFY(std::abs(planes[1].toObject()["position"].toDouble() - 4.5) < 1e-3);
+        QCOMPARE(report(one)["layout"].toString(), QString("strips"));
+        QCOMPARE(report(one)["fits"].toArray().size(), 1);
+        QVERIFY(!report(one)["fits"].toArray()[0].toObject()["valid"].toBool());
+        const QByteArray table = run({"-", "--stats"}, two).out;
+        QVERIFY2(table.contains("regression") && !table.contains("in channels"), table);
+    }
+
     //! A beam on 24 strips of 2 mm, from the side that counts the other way, with a pedestal and two dead strips.
     void estimatesOnADetector()
     {

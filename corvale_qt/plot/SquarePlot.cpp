@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/LayoutWhenShown_p.h"
 #include "corvale_qt/plot/SquarePlot_p.h"
 
 #include <qwt_plot_layout.h>
@@ -32,6 +33,7 @@ SquarePlot::SquarePlot(QWidget *parent)
     : QwtPlot(parent)
 {
     setPlotLayout(new SquareCanvasLayout);
+    new LayoutWhenShown(this);
     plotLayout()->setAlignCanvasToScales(true);
     setMinimumSize(100, 100); // Qwt's hint is large enough for every label
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/MeanTimePlot_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/LayoutWhenShown_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 
@@ -36,6 +37,7 @@ RVXDiscontinuousPlotCurve *makeCurve(const QString &title, int color, MeanSeries
 MeanTimePlot::MeanTimePlot(const std::shared_ptr<const MeanHistory> &history, QWidget *parent)
     : QwtPlot(parent)
 {
+    new LayoutWhenShown(this);
     auto *plotCanvas = new QwtPlotCanvas(this);
     plotCanvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(plotCanvas);

@@ -5,6 +5,7 @@
 #include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/AccessibleChart_p.h"
+#include "corvale_qt/plot/LayoutWhenShown_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
@@ -181,6 +182,7 @@ SplitPlot::SplitPlot(int index, QWidget *parent)
     , m_item(new SplitItem(RVXPlotColors::color(index)))
     , m_noBeam(new NoBeamText)
 {
+    new LayoutWhenShown(this);
     auto *canvas = new QwtPlotCanvas(this);
     canvas->setFrameStyle(QFrame::NoFrame);
     setCanvas(canvas);

@@ -118,6 +118,23 @@ private:
     }
 
 private Q_SLOTS:
+    //! Labels that grow while the display is behind another tab leave room for the title of the colour bar.
+    void colorBarHasRoom()
+    {
+        PictureDisplay display(Detector::Strips);
+        display.widget.show();
+        display.feed(Frames::strips(0, 1.0));
+        display.widget.hide();
+        display.feed(Frames::strips(0, 1.37e-13));
+        display.widget.show();
+        const QwtScaleWidget *bar = display.plot->axisWidget(QwtPlot::yRight);
+        QTRY_VERIFY(bar->isVisible());
+        QVERIFY2(
+            bar->width() >= bar->minimumSizeHint().width(),
+            qPrintable(
+                QStringLiteral("%1 < %2").arg(bar->width()).arg(bar->minimumSizeHint().width())));
+    }
+
     void theEllipseLiesAlongTheBeam_data()
     {
         columns<bool, double, bool, bool>("strips", "degrees", "invertX", "invertY");

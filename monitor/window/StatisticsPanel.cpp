@@ -38,12 +38,17 @@ StatisticsPanel::StatisticsPanel(Session &session,
     setMinimumWidth(m_page->minimumSizeHint().width() / 3);
 }
 
-//! Enables a fit for each of the two profiles of strips, which lie in one histogram, until the operator chooses.
+//! Enables a fit for each profile of strips, both of which lie in one histogram, until the operator chooses.
 void StatisticsPanel::suggestFor(const StreamHeader &header)
 {
-    if (header.kind != StreamKind::Strips)
+    using Axis = DetectorLayout::Axis;
+    const DetectorLayout &detector = header.detector;
+    const bool isOnePlane = detector.kind() == DetectorKind::Strips
+        && (detector.cells(Axis::X) == 0 || detector.cells(Axis::Y) == 0);
+    // Two planes share the histogram evenly, so unequal ones would be cut at a wrong place.
+    if (header.kind != StreamKind::Strips && !isOnePlane)
         return;
-    m_page->set_peaks(2);
+    m_page->set_peaks(isOnePlane ? 1 : 2);
     m_page->enable_regression();
 }
 

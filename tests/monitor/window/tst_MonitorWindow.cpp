@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/StreamDetector.h"
 #include "monitor/window/LimitActions.h"
 #include "monitor/window/LimitsDialog.h"
 #include "monitor/window/RecordAction.h"
@@ -560,6 +561,32 @@ private Q_SLOTS:
         QCOMPARE(state(again), QString("3 auto seconds relative local utc*"));
         again.window.findChild<QAction *>("relative")->trigger();
         QCOMPARE(state(again), QString("1 auto seconds relative* local utc"));
+    }
+
+    //! Equal planes halve the histogram, one plane fills it; unequal ones would be cut at a wrong place.
+    void stripsSuggestFits()
+    {
+        struct Case
+        {
+            int ofX, ofY;
+            const char *peaks; //!< empty if no fit is suggested
+        };
+        for (const Case &one :
+             {Case{16, 16, "2"}, Case{16, 0, "1"}, Case{0, 16, "1"}, Case{16, 8, ""}}) {
+            DisplayedWindow w(
+                m_folder.filePath(QStringLiteral("fits-%1-%2.xui").arg(one.ofX).arg(one.ofY)));
+            StreamHeader header;
+            header.kind = StreamKind::Strips;
+            header.channels = StreamHeader::stripChannels(one.ofX, one.ofY);
+            header.setDetector(
+                Corvale_Qt::DetectorLayout::fromDescription(countedStrips(one.ofX, one.ofY)));
+            w.source->begin(header);
+            auto *fits = w.window.findChild<QGroupBox *>("regressionCBox");
+            QCOMPARE(fits->isChecked(), *one.peaks != 0);
+            if (*one.peaks)
+                QCOMPARE(w.window.findChild<QComboBox *>("peaksEdit")->currentText(),
+                         QString(one.peaks));
+        }
     }
 
 private:

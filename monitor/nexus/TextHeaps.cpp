@@ -24,24 +24,45 @@ quint64 numberAt(const QByteArray &bytes, qint64 at, int size)
     return number;
 }
 
-//! Returns how many bytes a length has in a file; 0 if its beginning does not say that in a way that is known.
+//! Returns the first bytes of the superblock, which may stand behind a block of the user; empty if the file has none.
+QByteArray superblockOf(QFile *file)
+{
+    const QByteArray signature("\x89HDF\r\n\x1a\n", 8);
+    constexpr qint64 size = 16, smallestUserBlock = 512;
+    for (qint64 place = 0; place + size <= file->size();
+         place = std::max(2 * place, smallestUserBlock)) {
+        file->seek(place);
+        const QByteArray head = file->read(size);
+        if (head.size() == size && head.startsWith(signature))
+            return head;
+    }
+    return {};
+}
+
+//! Returns how many bytes a length has in a file; 0 if its superblock does not say that in a way that is known.
 int sizeOfLengths(QFile *file)
 {
     constexpr int versionAt = 8, oldPlace = 14, newPlace = 10;
     constexpr quint64 firstNewVersion = 2;
-    const QByteArray head = file->read(16);
-    if (head.size() < 16)
+    const QByteArray head = superblockOf(file);
+    if (head.isEmpty())
         return 0;
     const bool isOld = numberAt(head, versionAt, 1) < firstNewVersion;
     const int size = int(numberAt(head, isOld ? oldPlace : newPlace, 1));
     return size == 2 || size == 4 || size == 8 ? size : 0;
 }
 
+//! Returns a size with the bytes that fill it up, as all parts of a heap have them.
+quint64 aligned(quint64 size)
+{
+    constexpr quint64 alignment = 8;
+    return (size + alignment - 1) / alignment * alignment;
+}
+
 //! Returns whether a walk through a heap reaches its end. \a heap begins with its signature.
 bool hasEnd(const QByteArray &heap, int lengthSize)
 {
-    constexpr quint64 alignment = 8;
-    const quint64 head = 8 + quint64(lengthSize);
+    const quint64 head = aligned(8 + quint64(lengthSize)); // of the heap, and of each text in it
     const auto end = quint64(heap.size());
     for (quint64 at = head; at + head <= end;) {
         const quint64 index = numberAt(heap, qint64(at), 2);
@@ -51,7 +72,7 @@ bool hasEnd(const QByteArray &heap, int lengthSize)
         const bool isPossible = index == 0 ? size > 0 && size <= room : size <= room - head;
         if (!isPossible)
             return false;
-        at += index == 0 ? size : head + (size + alignment - 1) / alignment * alignment;
+        at += index == 0 ? size : head + aligned(size);
     }
     return true;
 }

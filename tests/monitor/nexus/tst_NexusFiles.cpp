@@ -247,6 +247,17 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
         row("one channel, whole numbers, milliseconds",
             data(signal),
             "start channels i:nA | 0: 1 | 0.5: 2 | 1.5: 4");
+        row("sizes of four bytes, with texts that fill their heap up to steps of eight",
+            "f.close()\nform = h5py.h5p.create(h5py.h5p.FILE_CREATE)\nform.set_sizes(4, 4)\n"
+            "f = h5py.File(h5py.h5f.create(b'theirs.h5', h5py.h5f.ACC_TRUNC, form))\n"
+                + data(signal),
+            "start channels i:nA | 0: 1 | 0.5: 2 | 1.5: 4");
+        row("a heap without an end, behind a block of the user",
+            "f.close()\nf = h5py.File('theirs.h5', 'w', userblock_size=1024)\n" + data(signal)
+                + "f.close()\nraw = bytearray(open('theirs.h5', 'rb').read())\n"
+                  "hole = raw.index(b'GCOL') + 16\nraw[hole:hole + 200] = bytes(200)\n"
+                  "open('theirs.h5', 'wb').write(raw)\n",
+            "the texts in it are damaged");
         row("more signals and a missing value",
             data(signal
                  + "d.attrs['auxiliary_signals'] = ['j', 'gone']\n"

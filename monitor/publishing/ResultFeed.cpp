@@ -93,7 +93,6 @@ ResultFeed::ResultFeed(Clock &clock,
     , m_input(std::move(input))
     , m_toldAt(never)
 {
-    m_told.readings = -1;
     connect(&clock, &Clock::tick, this, &ResultFeed::tick);
 }
 
@@ -102,7 +101,7 @@ ResultFeed::~ResultFeed() = default;
 void ResultFeed::setVerdictLimits(const Corvale_Qt::VerdictLimits &limits)
 {
     m_verdictLimits = limits;
-    m_told.readings = -1; // the newest reading is judged anew
+    m_mustTell = true; // the newest reading is judged anew
 }
 
 void ResultFeed::tick()
@@ -131,23 +130,33 @@ bool ResultFeed::isOverdue() const
     return m_input.isStale() || m_readingsAtLoss >= 0;
 }
 
+//! Returns whether the last results are those of the newest reading. Each acquisition counts its readings from 0.
+bool ResultFeed::isOfToldReading() const
+{
+    const StreamStatistics &statistics = m_input.statistics();
+    return statistics.readings() == m_told.readings
+        && statistics.acquisition() == m_toldAcquisition;
+}
+
 //! Returns whether something has changed since the last results.
 bool ResultFeed::isNews() const
 {
     const Source &source = m_input.source();
-    return m_input.statistics().readings() != m_told.readings
-        || published(source.state()) != m_told.state || source.stateText() != m_told.stateText
-        || isOverdue() != m_told.isOverdue;
+    return m_mustTell || !isOfToldReading() || published(source.state()) != m_told.state
+        || source.stateText() != m_told.stateText || isOverdue() != m_told.isOverdue;
 }
 
 void ResultFeed::flush()
 {
+    noteLoss();
     m_toldAt = m_clock.seconds();
     const Source &source = m_input.source();
     const StreamStatistics &statistics = m_input.statistics();
     ResultStream stream;
     stream.source = source.description();
-    stream.integralUnit = statistics.header().readingUnit();
+    const StreamHeader &header = statistics.header();
+    // The integral of densities has another unit, which no text states.
+    stream.integralUnit = header.detector.description().density ? QString() : header.readingUnit();
     Results results;
     results.time = timeOfNewest();
     results.readings = statistics.readings();
@@ -160,6 +169,8 @@ void ResultFeed::flush()
     tellStream(stream);
     m_publication->publish(results);
     m_told = results;
+    m_toldAcquisition = statistics.acquisition();
+    m_mustTell = false;
 }
 
 //! Fits the planes of the newest reading. The only profile of channels that nothing places is published as x.
@@ -191,19 +202,18 @@ void ResultFeed::addValues(Results *results) const
     }
 }
 
-//! Returns the time of the newest reading as the stream states it, or that of its arrival.
+//! Returns the time of the newest reading as the stream states it, or that of its arrival. A list of spots states none.
 double ResultFeed::timeOfNewest() const
 {
     const StreamStatistics &statistics = m_input.statistics();
     if (statistics.readings() == 0)
         return std::numeric_limits<double>::quiet_NaN();
     const double now = secondsEach * double(m_clock.wallTime().toMSecsSinceEpoch());
+    const double arrival = isOfToldReading() ? m_told.time : now;
     if (statistics.header().kind == StreamKind::Spots)
-        return now; // a list of spots has no times
+        return arrival;
     const std::optional<double> origin = statistics.header().statedOrigin(statistics.firstTime());
-    if (origin)
-        return *origin + statistics.lastTime();
-    return statistics.readings() == m_told.readings ? m_told.time : now;
+    return origin ? *origin + statistics.lastTime() : arrival;
 }
 
 //! Tells the publication what follows if it is something else than before.

@@ -53,6 +53,7 @@ private:
     void tick();
     void noteLoss();
     bool isOverdue() const;
+    bool isOfToldReading() const;
     bool isNews() const;
     void tellStream(const CorvaleMonitor::ResultStream &stream);
     void addPlanes(CorvaleMonitor::Results *results, CorvaleMonitor::ResultStream *stream) const;
@@ -68,6 +69,8 @@ private:
     StreamHeader m_header; //!< that it was told
     CorvaleMonitor::ResultStream m_stream; //!< the same in its words
     CorvaleMonitor::Results m_told; //!< the results that were given last
+    qint64 m_toldAcquisition = 0; //!< of which they are
+    bool m_mustTell = true; //!< whether they are to be given again, although no reading has come
     double m_toldAt;
     qint64 m_readingsAtLoss =
         -1; //!< how many had come when the source was lost; -1 if others came since

@@ -79,7 +79,7 @@ void Session::forgetStream()
     m_toShow.clear(0);
     m_frame.clear();
     m_leftOutTold = false;
-    m_statistics = StreamStatistics();
+    m_statistics.startStream(StreamHeader());
     m_gapsBefore = 0;
     m_timeline.begin(StreamHeader());
     m_shownAt = -std::numeric_limits<double>::infinity(); // what comes is to be seen at once

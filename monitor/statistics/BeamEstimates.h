@@ -48,8 +48,8 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
 std::vector<PlaneEstimate> fittedPlanes(const StreamStatistics &statistics,
                                         bool channelsAreProfile = false,
                                         const Corvale_Qt::VerdictLimits &chosenLimits = {});
-/*! Returns the integral of an estimate's Gaussian above its background, height x sigma x sqrt(2 pi), in the unit of the readings; NaN
-    if the estimate has failed. */
+/*! Returns the integral of an estimate's Gaussian above its background, height x sigma x sqrt(2 pi), in the unit of the readings, or
+    in that unit times the one of the positions if the readings are densities; NaN if the estimate has failed. */
 double integralOf(const Corvale_Qt::BeamEstimate &estimate);
 
 } // namespace Monitor

@@ -5,7 +5,9 @@ namespace Monitor {
 
 void StreamStatistics::startStream(const StreamHeader &header)
 {
+    const qint64 acquisition = m_acquisition + 1;
     *this = StreamStatistics();
+    m_acquisition = acquisition;
     m_header = header;
     m_shape = PixelShape::of(header);
     m_frameNumbers = FrameNumbers(header);

@@ -39,6 +39,8 @@ public:
     //! Returns when the readings were beyond the limits of their channels.
     const LimitLog &limitLog() const { return m_limitLog; }
     LimitLog &limitLog() { return m_limitLog; }
+    //! Returns how many acquisitions have begun.
+    qint64 acquisition() const { return m_acquisition; }
     //! Returns the number of readings.
     qint64 readings() const { return m_readings; }
     //! Returns the time of the first reading in seconds; 0 before it.
@@ -72,6 +74,7 @@ private:
     FrameNumbers m_frameNumbers;
     ReadingBlock m_numbers;
     std::vector<double> m_lastValues;
+    qint64 m_acquisition = 0;
     qint64 m_readings = 0;
     qint64 m_gaps = 0;
     double m_firstTime = 0.0;

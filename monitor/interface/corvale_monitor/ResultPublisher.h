@@ -42,7 +42,7 @@ struct ResultStream
     QVector<SourceChannel> channels; //!< of the values, with the limits by which they are judged
     QString unitX; //!< of position and sigma of x; empty if there is no such plane
     QString unitY; //!< the same of y
-    QString integralUnit; //!< of both integrals; empty if it is not known
+    QString integralUnit; //!< of both integrals; empty if it is not known, as with densities
 };
 
 //! What is known after the newest reading.

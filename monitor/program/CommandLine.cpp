@@ -304,6 +304,8 @@ QString faultOfSources(const CommandLine &line)
     row. Returns what is wrong. */
 QString takePublished(const QString &text, int place, CommandLine *line)
 {
+    if (text.isEmpty())
+        return Text::tr("--publish needs an address, like tango:beam/monitor/1");
     const std::optional<NamedAddress> named = namedAddressFromText(text);
     int index = place;
     if (named)
@@ -312,7 +314,7 @@ QString takePublished(const QString &text, int place, CommandLine *line)
                 break;
     if (index >= line->sources.size())
         return named ? Text::tr("--publish %1: there is no source of that name").arg(text)
-                     : Text::tr("--publish %1: there are fewer sources than that").arg(text);
+                     : Text::tr("--publish %1: more addresses than sources are given").arg(text);
     if (!line->published.at(index).isEmpty())
         return Text::tr("--publish %1: that source is published already").arg(text);
     line->published[index] = named ? named->address : text;

@@ -171,7 +171,7 @@ bool WindowRun::openPublications()
 //! Publishes the results of a session if that is wanted of its source, judged as the window judges them.
 void WindowRun::publish(std::size_t source, Session &session)
 {
-    // Sources that are read again, because they were beside the first one before, are none of the command line's.
+    // A source that is opened again because an earlier run read it has no place in the command line.
     if (source >= m_publications.size() || !m_publications[source])
         return;
     ResultFeed *feed = publishResults(session, std::move(m_publications[source]));

@@ -140,6 +140,21 @@ private Q_SLOTS:
         row("standard input twice", "--stats - -", "leave one - out");
         row("a source without a name", "--source a.csv", "NAME=ADDRESS");
         row("a name that is a path", "--source ../a=a.csv", "NAME=ADDRESS");
+        row("nothing to do without a window", "--headless sim:ic4", "add --publish ADDRESS");
+        row("a window and none", "--headless --stats sim:ic4", "--headless and --stats");
+        row("results of no task",
+            "--convert o.csv --publish tango:a/b/c sim:ic4",
+            "needs a window");
+        row("more addresses than sources",
+            "--headless --publish tango:a/b/c --publish tango:a/b/d sim:ic4",
+            "tango:a/b/d: more addresses than sources");
+        row("results of an unknown source",
+            "--headless --publish x=tango:a/b/c sim:ic4",
+            "no source of that name");
+        row("results under two addresses",
+            "--headless --publish ic4=tango:a/b/c --publish ic4=tango:a/b/d sim:ic4",
+            "is published already");
+        row("results under no address", "--stats --publish= sim:ic4", "--publish needs an address");
         row("json alone", "--json a.csv", "--stats");
         row("picture without a name", "--screenshot", "screenshot");
     }

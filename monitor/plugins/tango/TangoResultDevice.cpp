@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using CorvaleMonitor::SourceState;
 
@@ -34,12 +35,13 @@ Tango::AttrQuality qualityOf(TangoQuality quality)
     }
 }
 
-//! Returns the time of the newest reading, or the present moment if there is none.
+//! Returns the time of the newest reading, or the present moment if there is none, or none that the protocol can say in 32 bits.
 timeval timeOf(const TangoSnapshot &snapshot)
 {
     timeval time = {};
     const double seconds = snapshot.results.time;
-    if (!std::isfinite(seconds)) {
+    const bool canBeSaid = std::abs(seconds) < double(std::numeric_limits<CORBA::Long>::max());
+    if (!canBeSaid) {
         gettimeofday(&time, nullptr);
         return time;
     }
@@ -243,7 +245,11 @@ void TangoResultDevice::setUnits(const TangoSnapshot &snapshot)
         const std::string unit = bytesOf(result.unit(snapshot.stream));
         if (UnitOfAttribute::in(attribute) == unit)
             continue;
-        UnitOfAttribute::in(attribute) = unit;
+        {
+            // The library reads the unit for clients under this lock, without that of the device.
+            const Tango::AutoTangoMonitor configuration(&get_att_conf_monitor());
+            UnitOfAttribute::in(attribute) = unit;
+        }
         push_att_conf_event(&attribute);
     }
 }

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
+#include "monitor/input/LineText.h"
 #include "monitor/recording/RecordingWriter.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+
+#include <array>
+#include <charconv>
+#include <random>
 
 using namespace Monitor;
 
@@ -20,6 +25,20 @@ static QString readAll(const QByteArray &lines)
 }
 
 namespace {
+
+//! Returns a number as an instrument might write it, from few digits to ones that lie halfway between two doubles.
+std::string writtenNumber(std::mt19937_64 &random)
+{
+    constexpr std::uint64_t bit53 = std::uint64_t(1) << 53;
+    const bool isHalfway = random() % 4 == 0;
+    std::string text =
+        std::to_string(isHalfway ? (random() >> 10) | bit53 | 1 : random() >> random() % 64);
+    if (random() % 2 == 0)
+        text.insert(random() % (text.size() + 1), 1, '.');
+    if (random() % 3 == 0)
+        text += 'e' + std::to_string(int(random() % 80) - 60);
+    return (random() % 2 == 0 ? "-" : "") + text;
+}
 
 //! Adds rows of streams whose times do not rise.
 void addTimesThatGoBack()
@@ -506,6 +525,25 @@ private Q_SLOTS:
         const TextSink again = read(recordingHeader(sink.header(), "test").split('\n') << "0,1,2"
                                                                                        << "1,1,2");
         QCOMPARE(limitsOf(again.header()), limitsOf(sink.header()));
+    }
+
+    //! A number is the double that the standard library finds, alone and in a line of others.
+    void numbersAreTheNearest()
+    {
+        std::mt19937_64 random(5);
+        constexpr int numbers = 60000;
+        for (int i = 0; i < numbers; ++i) {
+            const std::string text = writtenNumber(random);
+            double wanted = 0.0, alone = 0.0;
+            std::from_chars(text.data(), text.data() + text.size(), wanted);
+            std::array<double, 2> inLine{};
+            QVERIFY2(parseNumber(text, &alone), text.c_str());
+            QVERIFY2(parseNumbers("1.5, " + text + ' ', 2, inLine.data()), text.c_str());
+            QVERIFY2(alone == wanted && inLine[1] == wanted, text.c_str());
+        }
+        std::array<double, 2> unused{};
+        for (const char *other : {"1", "1,2,3", "1,2,", "1,2x", "1,2 3", "1 2", "1,1e", "1,."})
+            QVERIFY2(!parseNumbers(other, 2, unused.data()), other);
     }
 };
 

@@ -3,6 +3,8 @@
 
 #include "monitor/core/Clock.h"
 
+#include <cmath>
+
 namespace Monitor {
 
 LineSource::LineSource(Clock &clock, QObject *parent)
@@ -10,7 +12,10 @@ LineSource::LineSource(Clock &clock, QObject *parent)
     , m_sink(*this)
     , m_protocol(m_sink)
 {
+    m_retryWake.setSingleShot(true);
+    m_retryWake.setTimerType(Qt::PreciseTimer);
     connect(&clock, &Clock::tick, this, &LineSource::tick);
+    connect(&m_retryWake, &QTimer::timeout, this, &LineSource::tick);
 }
 
 LineCounts LineSource::counts() const
@@ -31,8 +36,6 @@ void LineSource::poll() { }
 
 void LineSource::tick()
 {
-    if (m_retryAt)
-        clock().stayAwake();
     if (m_retryAt && clock().seconds() >= *m_retryAt) {
         m_retryAt.reset();
         open();
@@ -100,6 +103,8 @@ void LineSource::lost(const LoggedText &text, bool inOrder)
     endConnection();
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
+    constexpr double msPerSecond = 1000.0;
+    m_retryWake.start(int(std::ceil(wait * msPerSecond)));
     setState(State::Retrying, LoggedText::of([&] {
                  return tr("%1; trying again in %2 s").arg(text.now(), QString::number(wait));
              }));

@@ -42,7 +42,8 @@ QString Source::remedy() const
 
 void Source::setState(State state, const LoggedText &text)
 {
-    m_clock.stayAwake(); // what follows a change is to follow at once
+    if (state != State::Retrying) // a source that is missing for days lets the clock rest
+        m_clock.stayAwake(); // what follows a change is to follow at once
     if (state == m_state && text == m_stateText)
         return;
     m_state = state;

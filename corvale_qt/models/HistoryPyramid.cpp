@@ -117,6 +117,8 @@ void HistoryPyramid::append(const HistoryPyramid &later)
         appendBlocks(level, later, rowsBefore, newest);
     m_newest = std::max(newest, later.m_newest);
     m_isOpen = later.m_isOpen;
+    for (Level &level : m_levels)
+        dropOld(level);
 }
 
 //! Adds the blocks of one level of a later pyramid. None of them begins before \a newest, the time of the last row before.

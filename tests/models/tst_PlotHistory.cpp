@@ -327,21 +327,26 @@ private Q_SLOTS:
 
     void takenReadingsComeBackBeforeLaterOnes_data()
     {
-        columns<int, int, bool>("before", "since", "all");
-        QTest::newRow("days, and a few rows since") << 60000 << 30 << true;
-        QTest::newRow("days, and more than fits beside") << 60000 << 90 << true;
-        QTest::newRow("days, and blocks since") << 60000 << 20000 << true;
-        QTest::newRow("blocks since, of which the shortest are gone") << 60000 << 60000 << false;
-        QTest::newRow("no blocks before") << 60 << 20000 << true;
-        QTest::newRow("nothing since") << 60000 << 0 << true;
-        QTest::newRow("nothing before") << 0 << 20000 << true;
+        columns<int, int, int>("before", "since", "blocks");
+        QTest::addColumn<double>("span");
+        QTest::newRow("days, and a few rows since") << 60000 << 30 << 2000 << 1e9;
+        QTest::newRow("days, and more than fits beside") << 60000 << 90 << 2000 << 1e9;
+        QTest::newRow("days, and blocks since") << 60000 << 20000 << 2000 << 1e9;
+        QTest::newRow("blocks since, of which the shortest are gone")
+            << 60000 << 60000 << 300 << 1e9;
+        QTest::newRow("more since than is remembered") << 60000 << 20000 << 2000 << 50.0;
+        QTest::newRow("no blocks before") << 60 << 20000 << 2000 << 1e9;
+        QTest::newRow("nothing since") << 60000 << 0 << 2000 << 1e9;
+        QTest::newRow("nothing before") << 0 << 20000 << 2000 << 1e9;
     }
     void takenReadingsComeBackBeforeLaterOnes()
     {
         QFETCH(int, before);
         QFETCH(int, since);
-        QFETCH(bool, all);
-        Acquisition some(2, 100, HistoryPyramid::mostBytes(all ? 2000 : 300, 2));
+        QFETCH(int, blocks);
+        QFETCH(double, span);
+        Acquisition some(2, 100, HistoryPyramid::mostBytes(blocks, 2));
+        some.model.setHistorySpan(span);
         ModelWatch watch(&some.model);
         some.append(before, true);
         const auto taken = some.take();
@@ -350,7 +355,8 @@ private Q_SLOTS:
         some.append(since, true);
         some.putBefore(taken);
         QCOMPARE(some.model.rowCount(), 101);
-        QVERIFY(!all || some.history().oldest() == some.times.front());
+        const bool isAllKept = blocks == 2000 && span == 1e9;
+        QVERIFY(!isAllKept || some.history().oldest() == some.times.front());
         for (int further : {0, 70, 30000}) {
             some.append(further, true);
             QCOMPARE(historyFault(some), QString());

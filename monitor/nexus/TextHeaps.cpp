@@ -32,7 +32,7 @@ QByteArray superblockOf(QFile *file)
     for (qint64 place = 0; place + size <= file->size();
          place = std::max(2 * place, smallestUserBlock)) {
         file->seek(place);
-        const QByteArray head = file->read(size);
+        QByteArray head = file->read(size);
         if (head.size() == size && head.startsWith(signature))
             return head;
     }

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/NumberText.h"
+#include "monitor/core/RegularFile.h"
 #include "monitor/input/LineText.h"
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/readings/StreamDetector.h"
@@ -66,7 +67,7 @@ void SourceTest::start(const QString &text, const FileSource::Options &options)
     }
     QFile file(text);
     const bool isText = qobject_cast<FileSource *>(m_source.get()) && !isHdf5File(text);
-    if (isText && file.open(QIODevice::ReadOnly))
+    if (isText && openRegular(file))
         takeLines(file.read(mostBytes));
     connect(m_source.get(), &Source::bytesArrived, this, &SourceTest::takeLines);
     connect(m_source.get(), &Source::streamStarted, this, &SourceTest::takeHeader);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/TablePreview.h"
 
+#include "monitor/core/RegularFile.h"
 #include "monitor/input/CsvReader.h"
 
 #include <QFileInfo>
@@ -74,7 +75,7 @@ TablePreview TablePreview::of(const QString &path, const ImportOptions &options)
 QByteArray sampleOf(const QString &path)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!openRegular(file))
         return {};
     constexpr int magicSize = 4;
     return ZstdFrames::begins(file.peek(magicSize)) ? ZstdFrames(file).read(ImportGuess::sampleSize)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/NexusFiles.h"
 
+#include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 
 #include <QFile>
@@ -20,9 +21,7 @@ bool isHdf5File(const QString &path)
     constexpr char magic[] = "\x89HDF\r\n\x1a\n";
     constexpr int magicSize = 8;
     QFile file(path);
-    // Opening a pipe would wait for somebody who writes to it.
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
-        && file.read(magicSize) == QByteArray(magic, magicSize);
+    return openRegular(file) && file.read(magicSize) == QByteArray(magic, magicSize);
 }
 
 QString nexusMissing()

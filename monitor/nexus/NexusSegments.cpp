@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/NexusSegments.h"
 
+#include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
 #include "monitor/nexus/NexusFiles.h"
@@ -94,7 +95,7 @@ QString sourceNamedIn(const QString &path)
     constexpr int enough = 65536;
     const QByteArray sign = "# source: ";
     QFile file(path);
-    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
+    const QByteArray text = openRegular(file) ? file.read(enough) : QByteArray();
     for (const QByteArray &line : text.split('\n'))
         if (line.startsWith(sign))
             return QString::fromUtf8(line.mid(sign.size())).trimmed();

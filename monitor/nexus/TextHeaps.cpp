@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/TextHeaps.h"
 
+#include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 
 #include <QFile>
@@ -103,7 +104,7 @@ bool haveEnds(QFile *file, qint64 begin, qint64 end, int lengthSize)
 QString faultOfTextHeaps(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!openRegular(file))
         return file.errorString();
     const int lengthSize = sizeOfLengths(&file);
     if (lengthSize == 0)

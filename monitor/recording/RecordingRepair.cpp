@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingRepair.h"
 
+#include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/RecordingWriter.h"
@@ -133,7 +134,7 @@ QString sourceIn(const QByteArray &beginning)
 QByteArray beginningOf(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!openRegular(file))
         return {};
     constexpr int size = 4096;
     return ZstdFrames::begins(file.peek(4)) ? ZstdFrames(file).read(size) : file.read(size);

@@ -2,6 +2,7 @@
 #include "monitor/sources/PgmSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/RegularFile.h"
 #include "monitor/input/LineText.h"
 
 #include <QDir>
@@ -62,12 +63,11 @@ bool PgmSource::suits(const QString &path)
     const QFileInfo info(path);
     if (info.isDir())
         return true;
-    if (!info.isFile())
+    QFile file(path);
+    if (!openRegular(file))
         return false;
     constexpr int enoughToTell = 64;
-    QFile file(path);
-    const QByteArray begin =
-        file.open(QIODevice::ReadOnly) ? file.read(enoughToTell) : QByteArray();
+    const QByteArray begin = file.read(enoughToTell);
     const bool isImage =
         PgmReader::suits({begin.constData(), std::size_t(begin.size())}).value_or(false);
     return isImage || info.suffix().compare(QLatin1String("pgm"), Qt::CaseInsensitive) == 0;

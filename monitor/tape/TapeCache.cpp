@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/tape/TapeCache.h"
 
+#include "monitor/core/RegularFile.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -43,7 +45,7 @@ TapeCache::TapeCache(const QString &path, const ImportOptions &options, const QS
 QByteArray TapeCache::fingerprint() const
 {
     QFile file(m_path);
-    if (m_path.isEmpty() || !file.open(QIODevice::ReadOnly))
+    if (!openRegular(file))
         return {};
     struct stat status = {};
     if (::fstat(file.handle(), &status) != 0)

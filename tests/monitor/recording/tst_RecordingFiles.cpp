@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/TablePreview.h"
 #include "monitor/nexus/NexusFiles.h"
+#include "monitor/recording/RecordingRepair.h"
 #include "monitor/recording/ZstdSegments.h"
+#include "monitor/sources/PgmSource.h"
+#include "monitor/tape/TapeCache.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/Recording.h"
 #include "tests/support/Files.h"
@@ -88,6 +92,19 @@ private Q_SLOTS:
             QVERIFY2(error.contains("only regular files"), qPrintable(error));
             QVERIFY(QFileInfo(path(name)).isSymLink() || QFileInfo::exists(path(name)));
         }
+    }
+
+    //! Nobody writes to this pipe, so that a read of it would not end. A window on one could not be closed.
+    void noPipeIsReadAsAFile()
+    {
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+        RecordingDamage damage;
+        QString error;
+        QVERIFY(!examineRecording(path("pipe"), {}, &damage, &error));
+        QVERIFY2(error.contains("not a regular file"), qPrintable(error));
+        QVERIFY(TapeCache(path("pipe"), {}, m_dir->path()).load().isEmpty());
+        QVERIFY(!PgmSource::suits(path("pipe")) && !isHdf5File(path("pipe")));
+        QVERIFY(sampleOf(path("pipe")).isEmpty());
     }
 
     void opensNoExistingFile()

@@ -122,7 +122,7 @@ private Q_SLOTS:
         QTRY_COMPARE(client.number("readings"), report["readings"].toDouble());
         QCOMPARE(client.number("readings"), 50.0);
         int planes = 0;
-        for (const QJsonValue &each : report["estimates"].toArray()) {
+        for (const auto &each : report["estimates"].toArray()) {
             const QJsonObject plane = each.toObject();
             if (plane["estimator"] != "least_squares")
                 continue;

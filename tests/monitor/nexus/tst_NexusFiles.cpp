@@ -263,24 +263,6 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             "start pixels frames, matrix 2 x 2, positions in cells, sum max x:cells sigma_x:cells "
             "y:cells "
             "sigma_y:cells | 0: 0 1 2 3 | 0.5: 4 5 6 7 | 1.5: 8 9 10 11");
-        row("a factor and an offset of the signal, and a factor of the time",
-            data(signal
-                 + "d['i_scaling_factor'] = 0.5\nd['i_offset'] = [10]\n"
-                   "d['t_scaling_factor'] = 1000.0\n"),
-            "event t is stored in scaled form and is shown as 1000 x stored + 0; i is stored in "
-            "scaled "
-            "form and is shown as 0.5 x stored + 5 | start channels i:nA | 0: 5.5 | 500: 6 | 1500: "
-            "7");
-        row("the older names, which belong to the signal",
-            data(signal + "d['scaling_factor'] = 3\nd['offset'] = b'none'\n"),
-            "event i is stored in scaled form and is shown as 3 x stored + 0 | start channels i:nA "
-            "| 0: 3 "
-            "| 0.5: 6 | 1.5: 12");
-        row("attributes of the CF conventions",
-            data(signal + "d['i'].attrs['scale_factor'] = 2.0\nd['i'].attrs['add_offset'] = -1\n"),
-            "event i is stored in scaled form and is shown as 2 x stored + -1 | start channels "
-            "i:nA | 0: "
-            "1 | 0.5: 3 | 1.5: 7");
         row("a time that goes back, and one that is none",
             data(signal + "t[:] = [5, 1, float('nan')]\n"),
             "start channels i:nA | 0.005: 1 | refused 2 back | refused 3 unreadable");
@@ -335,6 +317,25 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
         const auto row = [](const char *name, const QByteArray &script, const QByteArray &read) {
             QTest::newRow(name) << script << read;
         };
+        const QByteArray signal = "d.create_dataset('i', data=[1, 2, 4]).attrs['units'] = 'nA'\n";
+        row("a factor and an offset of the signal, and a factor of the time",
+            data(signal
+                 + "d['i_scaling_factor'] = 0.5\nd['i_offset'] = [10]\n"
+                   "d['t_scaling_factor'] = 1000.0\n"),
+            "event t is stored in scaled form and is shown as 1000 x stored + 0; i is stored in "
+            "scaled "
+            "form and is shown as 0.5 x stored + 5 | start channels i:nA | 0: 5.5 | 500: 6 | 1500: "
+            "7");
+        row("the older names, which belong to the signal",
+            data(signal + "d['scaling_factor'] = 3\nd['offset'] = b'none'\n"),
+            "event i is stored in scaled form and is shown as 3 x stored + 0 | start channels i:nA "
+            "| 0: 3 "
+            "| 0.5: 6 | 1.5: 12");
+        row("attributes of the CF conventions",
+            data(signal + "d['i'].attrs['scale_factor'] = 2.0\nd['i'].attrs['add_offset'] = -1\n"),
+            "event i is stored in scaled form and is shown as 2 x stored + -1 | start channels "
+            "i:nA | 0: "
+            "1 | 0.5: 3 | 1.5: 7");
         row("sizes of four bytes, with texts that fill their heap up to steps of eight",
             "f.close()\nform = h5py.h5p.create(h5py.h5p.FILE_CREATE)\nform.set_sizes(4, 4)\n"
             "f = h5py.File(h5py.h5f.create(b'theirs.h5', h5py.h5f.ACC_TRUNC, form))\n"
@@ -348,7 +349,7 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
                   "open('theirs.h5', 'wb').write(raw)\n",
             "the texts in it are damaged");
     }
-    //! The program that writes a file chooses its inner sizes, and whether anything stands before it.
+    //! The program that writes a file chooses a scale, the inner sizes, and what stands before it.
     void filesOfOtherLayouts() { checkFileOfOthers(); }
 
     //! Wherever a file ends too early, it is refused with a sentence.

@@ -58,7 +58,7 @@ private Q_SLOTS:
             1,
             "no data for the display");
         row("picture without a beam", "--screenshot v.png --view profile dark.csv", 0, "");
-        row("fits without a beam", "--stats dark.csv", 0, "No signal.");
+        row("fits without a beam", "--stats dark.csv", 0, "no charge above the background");
         row("bad line", "--stats bad.csv", 2, "--check shows them");
         row("bad line found", "--check bad.csv", 2, "what is this");
         row("empty", "--stats empty.csv", 2, "no readings");

@@ -14,7 +14,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-constexpr double kMargin = 2.0; // letters may reach beyond their line
+constexpr double kOverhang = 2.0; // letters may reach beyond their line
 
 //! Returns whether a picture lies on device pixels if it is drawn at \a point, so that it is copied and not scaled.
 bool isOnPixels(const QPainter &painter, const QPointF &point)
@@ -72,7 +72,7 @@ void LaidOutText::draw(QPainter &painter, const QPointF &topLeft, const QString 
         paintPicture();
     }
     if (!m_picture.isNull() && isOnPixels(painter, topLeft) && blendsPlainly(painter))
-        painter.drawImage(topLeft - QPointF(kMargin, kMargin), m_picture);
+        painter.drawImage(topLeft - QPointF(kOverhang, kOverhang), m_picture);
     else
         drawLines(painter, topLeft);
 }
@@ -117,7 +117,7 @@ void LaidOutText::paintPicture()
 QImage
 LaidOutText::pictureOf(QImage::Format format, const QColor &ground, const QColor &color) const
 {
-    const QSizeF pixels = (m_size + 2 * QSizeF(kMargin, kMargin)) * m_key.pixelRatio;
+    const QSizeF pixels = (m_size + 2 * QSizeF(kOverhang, kOverhang)) * m_key.pixelRatio;
     QImage picture(int(std::ceil(pixels.width())), int(std::ceil(pixels.height())), format);
     if (picture.isNull() || picture.logicalDpiY() != m_key.dpi)
         return QImage();
@@ -126,7 +126,7 @@ LaidOutText::pictureOf(QImage::Format format, const QColor &ground, const QColor
     QPainter painter(&picture);
     painter.setFont(m_key.font);
     painter.setPen(color);
-    drawLines(painter, QPointF(kMargin, kMargin));
+    drawLines(painter, QPointF(kOverhang, kOverhang));
     return picture;
 }
 

@@ -44,10 +44,11 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
 std::vector<ProfileFitResult> fitsOfPlanes(const Corvale_Qt::DetectorLayout &detector,
                                            const QVector<float> &values)
 {
-    using Axis = Corvale_Qt::DetectorLayout::Axis;
+    using Corvale_Qt::DetectorLayout;
     std::vector<ProfileFitResult> fits;
     int first = 0;
-    for (const auto &[axis, name] : {std::pair(Axis::X, "x"), std::pair(Axis::Y, "y")}) {
+    for (const auto &[axis, name] :
+         {std::pair(DetectorLayout::Axis::X, "x"), std::pair(DetectorLayout::Axis::Y, "y")}) {
         const int cells = detector.cells(axis);
         std::set<int> channels;
         for (int cell = first; cell < first + cells; ++cell)

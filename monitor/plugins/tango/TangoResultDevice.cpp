@@ -69,11 +69,13 @@ void giveNumbers(Tango::Attribute &attribute, const TangoValue &value, timeval t
     attribute.set_value_date_quality(values, time, qualityOf(value.quality), long(count), 0, true);
 }
 
+//! Gives an attribute texts, which the library deletes as it deletes numbers.
 void giveTexts(Tango::Attribute &attribute, const TangoValue &value, timeval time)
 {
     const bool isScalar = attribute.get_data_format() == Tango::SCALAR;
     const int count = isScalar ? 1 : std::min(value.texts.size(), int(mostValues));
-    auto *const texts = new Tango::DevString[std::size_t(std::max(count, 1))]();
+    auto *const texts =
+        isScalar ? new Tango::DevString() : new Tango::DevString[std::size_t(std::max(count, 1))]();
     for (int i = 0; i < count; ++i)
         texts[i] = CORBA::string_dup(bytesOf(value.texts.value(i)).c_str());
     attribute.set_value_date_quality(texts, time, qualityOf(value.quality), count, 0, true);

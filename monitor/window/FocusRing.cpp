@@ -3,7 +3,7 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QScrollArea>
 #include <QTabBar>
 
@@ -53,26 +53,36 @@ FocusRing::~FocusRing()
 
 void FocusRing::follow(QWidget *focused)
 {
-    if (m_marked)
-        m_marked->removeEventFilter(this);
+    if (m_focused)
+        m_focused->removeEventFilter(this);
     delete m_ring;
-    m_marked = focused && needsRing(focused) ? focused : nullptr;
-    if (focused)
-        scrollTo(focused);
-    if (!m_marked)
+    // Where the focus comes from another window, or from a menu, it is marked as it was.
+    if (m_reason != Qt::ActiveWindowFocusReason && m_reason != Qt::PopupFocusReason)
+        m_isByKeys = m_reason == Qt::TabFocusReason || m_reason == Qt::BacktabFocusReason
+            || m_reason == Qt::ShortcutFocusReason;
+    m_focused = focused;
+    if (!focused)
         return;
-    m_ring = new QWidget(m_marked);
+    focused->installEventFilter(this);
+    scrollTo(focused);
+    if (m_isByKeys && needsRing(focused))
+        mark(focused);
+}
+
+void FocusRing::mark(QWidget *focused)
+{
+    m_ring = new QWidget(focused);
+    m_ring->setObjectName(QStringLiteral("focusRing"));
     m_ring->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_ring->setBackgroundRole(QPalette::Highlight);
     m_ring->setAutoFillBackground(true);
-    m_marked->installEventFilter(this);
     place();
     m_ring->show();
 }
 
 void FocusRing::place()
 {
-    const QRect part = markedPart(m_marked);
+    const QRect part = markedPart(m_focused);
     if (part == m_ring->geometry())
         return;
     m_ring->setGeometry(part);
@@ -84,6 +94,9 @@ void FocusRing::place()
 
 bool FocusRing::eventFilter(QObject *watched, QEvent *event)
 {
+    // It is sent before the application tells who has the focus now, and has the same reason.
+    if (event->type() == QEvent::FocusOut)
+        m_reason = static_cast<QFocusEvent *>(event)->reason();
     // A tab bar is laid out, and paints itself anew, when another tab is chosen.
     const bool isDue = event->type() == QEvent::Resize
         || (event->type() == QEvent::Paint && qobject_cast<QTabBar *>(watched));

@@ -14,7 +14,7 @@ inline double focusContrast(QWidget *control)
                            .adjusted(-around, -around, around, around)
         & window->rect();
     const QImage focused = window->grab(area).toImage();
-    control->clearFocus();
+    window->setFocus(Qt::OtherFocusReason);
     const QImage bare = window->grab(area).toImage();
     control->setFocus(Qt::TabFocusReason);
     QVector<double> differences;

@@ -269,7 +269,7 @@ void HeadlessFeed::finishRecording()
 {
     if (!m_output)
         return;
-    // Who ends a stream has all that came until then; of a file a part would be missing.
+    // A stream that is ended is complete as far as it came; a file that is not read to its end is not.
     const bool isWhole = !m_isInterrupted || m_source->isLive();
     if (!isWhole && m_output->isKeptWholeOnly()) {
         complain(tr("the conversion was interrupted; %1 was not written").arg(outputPath()));

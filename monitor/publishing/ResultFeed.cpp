@@ -124,7 +124,7 @@ void ResultFeed::noteLoss()
         m_readingsAtLoss = -1;
 }
 
-//! Returns whether the newest reading is not that of now.
+//! Returns whether readings are overdue: the source is stale, or was lost after the newest of them.
 bool ResultFeed::isOverdue() const
 {
     return m_input.isStale() || m_readingsAtLoss >= 0;

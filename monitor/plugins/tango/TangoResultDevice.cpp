@@ -52,30 +52,40 @@ timeval timeOf(const TangoSnapshot &snapshot)
     return time;
 }
 
-//! Gives an attribute numbers as values of a type, which the library deletes: a scalar as one object, others as an array.
+//! Returns how many values an attribute is given of those that there are.
+int countFor(Tango::Attribute &attribute, int there)
+{
+    return attribute.get_data_format() == Tango::SCALAR ? 1 : std::min(there, int(mostValues));
+}
+
+//! Returns room for values that the library deletes: a scalar as one object, others as an array.
+template<typename Type>
+Type *newValues(Tango::Attribute &attribute, int count)
+{
+    return attribute.get_data_format() == Tango::SCALAR
+        ? new Type()
+        : new Type[std::size_t(std::max(count, 1))]();
+}
+
+//! Gives an attribute numbers as values of a type; one that is missing is 0.
 template<typename Type>
 void giveNumbers(Tango::Attribute &attribute, const TangoValue &value, timeval time)
 {
-    const bool isScalar = attribute.get_data_format() == Tango::SCALAR;
-    const std::size_t count =
-        isScalar ? 1 : std::min(std::size_t(value.numbers.size()), std::size_t(mostValues));
-    auto *const values = isScalar ? new Type() : new Type[std::max<std::size_t>(count, 1)]();
+    const int count = countFor(attribute, value.numbers.size());
+    auto *const values = newValues<Type>(attribute, count);
     std::transform(value.numbers.begin(),
-                   value.numbers.begin() + int(std::min(count, std::size_t(value.numbers.size()))),
+                   value.numbers.begin() + std::min(count, value.numbers.size()),
                    values,
                    [](double number) {
                        return static_cast<Type>(number);
                    });
-    attribute.set_value_date_quality(values, time, qualityOf(value.quality), long(count), 0, true);
+    attribute.set_value_date_quality(values, time, qualityOf(value.quality), count, 0, true);
 }
 
-//! Gives an attribute texts, which the library deletes as it deletes numbers.
 void giveTexts(Tango::Attribute &attribute, const TangoValue &value, timeval time)
 {
-    const bool isScalar = attribute.get_data_format() == Tango::SCALAR;
-    const int count = isScalar ? 1 : std::min(value.texts.size(), int(mostValues));
-    auto *const texts =
-        isScalar ? new Tango::DevString() : new Tango::DevString[std::size_t(std::max(count, 1))]();
+    const int count = countFor(attribute, value.texts.size());
+    auto *const texts = newValues<Tango::DevString>(attribute, count);
     for (int i = 0; i < count; ++i)
         texts[i] = CORBA::string_dup(bytesOf(value.texts.value(i)).c_str());
     attribute.set_value_date_quality(texts, time, qualityOf(value.quality), count, 0, true);

@@ -7,7 +7,7 @@
 #include <tango.h>
 
 /*! A device whose attributes are the results of a source. Clients are answered from the newest snapshot, in the threads of the library;
-    only announce() takes the lock of the device for longer, and nobody who reads an instrument calls it. */
+    only announce() takes the lock of the device for longer, and no thread that reads an instrument calls it. */
 class TangoResultDevice : public Tango::Device_5Impl
 {
 public:

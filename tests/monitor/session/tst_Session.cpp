@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/publishing/ResultFeed.h"
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/sources/FileSource.h"
 #include "tests/monitor/support/ReadTable.h"
@@ -11,45 +10,6 @@
 #include <corvale_qt/models/RVXPlotHistory.h>
 
 using namespace Monitor;
-
-namespace {
-
-//! What a publication was given last.
-struct Given
-{
-    CorvaleMonitor::ResultStream stream;
-    CorvaleMonitor::Results results;
-};
-
-struct KeepingPublication : CorvaleMonitor::Publication
-{
-    explicit KeepingPublication(Given &kept)
-        : given(kept)
-    {
-    }
-    void begin(const CorvaleMonitor::ResultStream &stream) override { given.stream = stream; }
-    void publish(const CorvaleMonitor::Results &results) override { given.results = results; }
-
-    Given &given;
-};
-
-ResultInput resultsOf(Session &session)
-{
-    return {[&session]() -> const Source & {
-                return session.source();
-            },
-            [&session]() -> const StreamStatistics & {
-                return session.statistics();
-            },
-            [&session] {
-                return session.rate();
-            },
-            [&session] {
-                return session.isStale();
-            }};
-}
-
-} // namespace
 
 //! What becomes of readings between a source and the model, by a clock that the test moves.
 class tst_Session : public QObject
@@ -561,66 +521,6 @@ private Q_SLOTS:
         s.session.setShowInterval(0.0);
         s.clock.advance(0.05);
         QCOMPARE(s.session.model().rowCount(), 37);
-    }
-
-    //! A reading keeps its time when it is judged anew, and the only one of the next acquisition takes its place.
-    void resultsAreThoseOfTheNewestReading()
-    {
-        ScriptedSession s;
-        Given given;
-        const CorvaleMonitor::Results &results = given.results;
-        ResultFeed feed(s.clock, std::make_unique<KeepingPublication>(given), resultsOf(s.session));
-        s.settle();
-        s.begin(1);
-        s.source->give(0.0, {7.0});
-        feed.flush();
-        QVERIFY2(!results.isOverdue, "the source was being connected before the reading");
-        QCOMPARE(results.values, QVector<double>{7.0});
-        const double arrival = results.time;
-
-        s.clock.advance(10.0);
-        feed.setVerdictLimits({});
-        s.settle();
-        QCOMPARE(results.time, arrival);
-
-        s.source->begin(StreamKind::Channels, 1);
-        s.source->give(0.0, {8.0});
-        s.settle();
-        QCOMPARE(results.values, QVector<double>{8.0});
-        QVERIFY(results.time > arrival + 9.0);
-    }
-
-    //! The fit adds up the charges of cells, but charges per length over a length.
-    void unitOfTheIntegral_data()
-    {
-        columns<bool, QString>("density", "unit");
-        row("charges of strips", false, "nC");
-        row("charges per length", true, "");
-    }
-    void unitOfTheIntegral()
-    {
-        QFETCH(bool, density);
-        QFETCH(QString, unit);
-        ScriptedSession s;
-        Given given;
-        ResultFeed feed(s.clock, std::make_unique<KeepingPublication>(given), resultsOf(s.session));
-        s.session.start();
-        StreamHeader header;
-        header.kind = StreamKind::Strips;
-        header.channels = StreamHeader::stripChannels(8, 0);
-        for (Channel &channel : header.channels)
-            channel.unit = "nC";
-        Corvale_Qt::DetectorDescription strips;
-        strips.kind = Corvale_Qt::DetectorKind::Strips;
-        strips.x.cells = 8;
-        strips.density = density;
-        header.setDetector(Corvale_Qt::DetectorLayout::fromDescription(strips));
-        QCOMPARE(header.detectorFault, QString());
-        s.source->begin(header);
-        s.source->give(0.0, {0, 1, 4, 9, 9, 4, 1, 0});
-        s.settle();
-        QVERIFY(given.results.x.integral > 0.0);
-        QCOMPARE(given.stream.integralUnit, unit);
     }
 
     //! Frames go to the displays, and their sums, positions and widths to the model.

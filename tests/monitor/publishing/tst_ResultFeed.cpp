@@ -78,6 +78,39 @@ private Q_SLOTS:
         QVERIFY(results.time > arrival + 9.0);
     }
 
+    void statesOfValues_data()
+    {
+        columns<double, int>("value", "state");
+        row("normal", 3.0, int(CorvaleMonitor::ChannelState::Normal));
+        row("beyond a limit", 5.0, int(CorvaleMonitor::ChannelState::Alarm));
+        row("above what the instrument can read",
+            11.0,
+            int(CorvaleMonitor::ChannelState::OverRange));
+        row("below what the instrument can read",
+            -11.0,
+            int(CorvaleMonitor::ChannelState::OverRange));
+    }
+    void statesOfValues()
+    {
+        QFETCH(double, value);
+        QFETCH(int, state);
+        ScriptedSession s;
+        Given given;
+        ResultFeed feed(s.clock, std::make_unique<KeepingPublication>(given), resultsOf(s.session));
+        s.session.start();
+        StreamHeader header;
+        header.channels = {{"halo", "nA"}};
+        header.rangeLow = -10.0;
+        header.rangeHigh = 10.0;
+        Corvale_Qt::ChannelLimits limits;
+        limits.highAlarm = 4.0;
+        QVERIFY(header.setLimits("halo", limits));
+        s.source->begin(header);
+        s.source->give(0.0, {value});
+        s.settle();
+        QCOMPARE(int(given.results.states.value(0)), state);
+    }
+
     //! The fit adds up the charges of cells, but charges per length over a length.
     void unitOfTheIntegral_data()
     {

@@ -154,6 +154,8 @@ private Q_SLOTS:
         QStringList others = lines;
         text.setLines(others.replaceInStrings("4", "1"));
         QCOMPARE(text.pixelSize(), before);
+        text.setLines(others.replaceInStrings("-", "")); // a sign that goes makes a little room
+        QCOMPARE(text.pixelSize(), before);
         text.setLines(others.replaceInStrings("1", "111111111"));
         QVERIFY(text.pixelSize() < before);
     }

@@ -254,6 +254,7 @@ private Q_SLOTS:
         s.source->begin(StreamKind::Channels, 24, "nC");
         QVERIFY(displays.offers("profile") && !displays.offers("position"));
         std::vector<double> values;
+        values.reserve(24);
         for (int i = 0; i < 24; ++i)
             values.push_back(std::exp(-std::pow(((i - 11.5) * 2 - 4) / 5, 2) / 2));
         s.source->give(0.0, values);

@@ -39,7 +39,7 @@ QwtText SpectrogramScaleDraw::label(double value) const
     // Tick positions are sums of steps, so 0 may be off by a rounding error.
     const double span = scaleDiv().range();
     const bool zero = std::abs(value) < 1e-9 * std::abs(span);
-    return QwtText(QString::number(zero ? 0.0 : value * m_plot.barFactor(), 'g', 4));
+    return QwtText(QString::number(zero ? 0.0 : value * m_plot.barFactor(), 'g', 6));
 }
 
 } // namespace

@@ -33,13 +33,12 @@ QColor gapColor(const QPalette &palette)
                                                             : QColor(255, 200, 110);
 }
 
-//! Returns a step of 1, 2 or 5 times a power of ten, so that a length has no more than \a most of them.
-double niceStep(double length, int most)
+//! Returns the smallest of 1, 2 or 5 times a power of ten that is \a least or more.
+double decimalStep(double least)
 {
-    const double raw = length / std::max(most, 1);
-    const double power = std::pow(10.0, std::floor(std::log10(raw)));
+    const double power = std::pow(10.0, std::floor(std::log10(least)));
     for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= raw)
+        if (factor * power >= least)
             return factor * power;
     return 10.0 * power;
 }
@@ -90,15 +89,25 @@ QString TapeSketch::timeText(double seconds, double length)
     const auto hours = int(whole / hour);
     const auto minutes = int((whole - hours * hour) / minute);
     const double rest = seconds - hours * hour - minutes * minute;
-    const QString tail =
-        QStringLiteral("%1").arg(length < hour ? std::floor(rest * 10.0) / 10.0 : std::floor(rest),
-                                 length < hour ? 4 : 2,
-                                 'f',
-                                 length < hour ? 1 : 0,
-                                 QLatin1Char('0'));
+    const QString tail = QStringLiteral("%1").arg(int(rest), 2, 10, QLatin1Char('0'));
     return hours > 0
         ? QStringLiteral("%1:%2:%3").arg(hours).arg(minutes, 2, 10, QLatin1Char('0')).arg(tail)
         : QStringLiteral("%1:%2").arg(minutes).arg(tail);
+}
+
+double TapeSketch::timeStep(double length, int most)
+{
+    constexpr double minute = 60.0, hour = 60.0 * minute, day = 24.0 * hour;
+    const double least = length / std::max(most, 1);
+    if (least <= 0.5 * minute)
+        return std::min(decimalStep(least), 0.5 * minute);
+    for (const double minutes : {1.0, 2.0, 5.0, 10.0, 15.0, 30.0})
+        if (minutes * minute >= least)
+            return minutes * minute;
+    for (const double hours : {1.0, 2.0, 3.0, 6.0, 12.0})
+        if (hours * hour >= least)
+            return hours * hour;
+    return decimalStep(std::max(least / day, 1.0)) * day;
 }
 
 void TapeSketch::paint(QPainter *painter) const
@@ -173,7 +182,7 @@ void TapeSketch::paintTimes(QPainter *painter) const
     const int room = 2
         * std::max(m_metrics.horizontalAdvance(timeText(first, length)),
                    m_metrics.horizontalAdvance(timeText(first + length, length)));
-    const double step = niceStep(length, m_band.width() / std::max(room, 1));
+    const double step = timeStep(length, m_band.width() / std::max(room, 1));
     const double firstTick = std::ceil(first / step) * step;
     painter->setPen(m_palette.color(QPalette::WindowText));
     // Counted, because steps may be too small for the times that they are added to.

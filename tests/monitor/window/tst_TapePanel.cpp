@@ -109,10 +109,10 @@ private Q_SLOTS:
     {
         columns<double, double, QString>("seconds", "length", "text");
         row("short", 0.25, 0.5, "0.2500 s");
-        row("before the zero", -65.0, 200.0, "-1:05.0");
+        row("before the zero", -65.0, 200.0, "-1:05");
         row("since 1970", 1772366400.0, 1000.0, "1772366400 s");
         row("seconds", 12.345, 50.0, "12.35 s");
-        row("minutes", 185.25, 1000.0, "3:05.2");
+        row("minutes", 185.25, 1000.0, "3:05");
         row("hours", 3723.9, 10000.0, "1:02:03");
         row("out of all measure", 1e300, 1e301, "1e+300 s");
     }
@@ -121,6 +121,24 @@ private Q_SLOTS:
         QFETCH(double, seconds);
         QFETCH(double, length);
         QTEST(TapeSketch::timeText(seconds, length), "text");
+    }
+
+    //! Beside the texts of times stand times that are round on a clock, not in the decimal system.
+    void stepsOnTheTape()
+    {
+        const struct
+        {
+            double length;
+            int most;
+            double step;
+        } cases[] = {{0.3, 8, 0.05},
+                     {50.0, 6, 10.0},
+                     {170.0, 6, 30.0},
+                     {1035.0, 6, 300.0},
+                     {5.0 * 3600, 6, 3600.0},
+                     {604800.0, 5, 2.0 * 86400}};
+        for (const auto &given : cases)
+            QCOMPARE(TapeSketch::timeStep(given.length, given.most), given.step);
     }
 
     //! What the controls say is what the table becomes, and what is asked once is remembered.

@@ -32,6 +32,14 @@ void BlockRanges::forget()
 {
     for (QVector<Block> &blocks : m_blocks)
         blocks.clear();
+    m_content.renew();
+}
+
+void BlockRanges::serve(RingSpans &spans, qint64 number)
+{
+    spans.blocks = this;
+    spans.number = number;
+    spans.content = m_content.value();
 }
 
 ValueRange BlockRanges::rangeAt(int level, const RingSpans &spans, const Numbers &numbers)

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/ContentStamp_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
 #include <QVector>
@@ -26,6 +27,8 @@ public:
     ValueRange range(const RingSpans &spans, int first, int last);
     //! Drops all ranges.
     void forget();
+    //! Has \a spans use these ranges; \a number is the index of their first row among all numbers that the ring ever took.
+    void serve(RingSpans &spans, qint64 number);
 
 private:
     struct Block
@@ -48,6 +51,7 @@ private:
     const ValueRange &block(int level, const RingSpans &spans, qint64 index);
 
     std::array<QVector<Block>, levels> m_blocks;
+    ContentStamp m_content;
 };
 
 } // namespace Corvale_Qt

@@ -53,6 +53,7 @@ int ChannelRings::putBefore(ChannelRings &&former)
     former.setCapacity(m_capacity);
     for (Channel &channel : former.m_channels)
         channel.ranges.forget(); // the rows get other numbers
+    former.m_times.renumber();
     former.appendLater(*this);
     former.m_taken = m_taken + rows;
     *this = std::move(former);
@@ -187,9 +188,13 @@ bool ChannelRings::spans(int channel, int firstRow, int count, RingSpans &spans)
     const Channel &own = m_channels[std::size_t(channel)];
     if (!ringSpans(own.ring, firstRow, count, spans))
         return false;
-    spans.blocks = &own.ranges;
-    spans.number = m_taken - rows() + firstRow;
+    own.ranges.serve(spans, m_taken - rows() + firstRow);
     return true;
+}
+
+bool ChannelRings::timeSpans(int firstRow, int count, RingSpans &spans) const
+{
+    return m_times.spans(firstRow, count, m_taken, spans);
 }
 
 //! Enlarges the rings by doubling, so that not every new row moves all others.

@@ -58,6 +58,8 @@ public:
     const SampleRing &ring(int channel) const { return m_channels[std::size_t(channel)].ring; }
     //! Finds rows of a channel in memory, with their cached ranges; see ringSpans().
     bool spans(int channel, int firstRow, int count, RingSpans &spans) const;
+    //! Finds the times of rows in memory.
+    bool timeSpans(int firstRow, int count, RingSpans &spans) const;
 
 private:
     struct Channel

@@ -22,6 +22,8 @@ struct RingSpans : RVXBulkPlotData::Spans
     BlockRanges *blocks = nullptr;
     qint64 number = 0; //!< index of the first row's number among all that the ring ever took
     int ringSize = 0; //!< capacity of the ring, in numbers
+    //! The ContentStamp of the ring, which says whether the number at an index is that of before; 0 if its owner has none.
+    quint64 content = 0;
 };
 
 //! Writes the sizes and the conversion, not the numbers.

@@ -96,7 +96,7 @@ bool RVXMultichannelDeviceModelPrivate::columnSpans(int column,
                                                     RingSpans &spans) const
 {
     if (column == 0)
-        return ringSpans(rings.times().times(), firstRow - 1, count, spans);
+        return rings.timeSpans(firstRow - 1, count, spans);
     const auto factor = isChannel(column) ? shown(column).factor() : std::nullopt;
     if (!factor || !rings.spans(column - 1, firstRow - 1, count, spans))
         return false;

@@ -83,14 +83,13 @@ bool RVXSingleChannelDataModelPrivate::columnSpans(int column,
                                                    RingSpans &spans) const
 {
     if (column == 0)
-        return ringSpans(times.times(), firstRow - 1, count, spans);
+        return times.spans(firstRow - 1, count, taken, spans);
     const Units::MeasurementUnit *unit = q->units();
     if (unit && !Units::UnitTraits::isPlain(*unit))
         return false;
     if (!ringSpans(values, firstRow - 1, count, spans))
         return false;
-    spans.blocks = &ranges;
-    spans.number = taken - qint64(values.size()) + firstRow - 1;
+    ranges.serve(spans, taken - qint64(values.size()) + firstRow - 1);
     // scale(1.0) is the product that scale() forms first, to the last bit.
     spans.factor = unit ? unit->scale(1.0) : 1.0;
     return true;

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/ContentStamp_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <boost/circular_buffer.hpp>
@@ -77,6 +78,18 @@ public:
         return m_version;
     }
 
+    //! Sets \a spans to stamps as ringSpans() does; \a taken is how many stamps the ring ever took.
+    bool spans(int first, int count, qint64 taken, RingSpans &spans) const
+    {
+        if (!ringSpans(m_times, first, count, spans))
+            return false;
+        spans.number = taken - qint64(m_times.size()) + first;
+        spans.content = m_content.value();
+        return true;
+    }
+    //! Says that the stamps are counted anew, so that each of them has another index.
+    void renumber() { m_content.renew(); }
+
     //! Appends a stamp; a full ring drops its oldest.
     void push_back(double time)
     {
@@ -94,6 +107,7 @@ public:
         m_times.clear();
         m_steps = 0;
         m_changed = true;
+        m_content.renew();
     }
 
     //! Removes the oldest \a count stamps, of which there are that many.
@@ -131,6 +145,7 @@ private:
     int m_steps = 0;
     mutable bool m_changed = true;
     mutable quint64 m_version = 0;
+    ContentStamp m_content;
 };
 
 } // namespace Corvale_Qt

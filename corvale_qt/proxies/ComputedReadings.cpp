@@ -41,8 +41,7 @@ bool ComputedReadings::spans(int channel, int firstRow, int count, RingSpans &sp
     const Channel &own = m_channels[size_t(channel)];
     if (!ringSpans(own.ring, firstRow - 1, count, spans))
         return false;
-    spans.blocks = &own.ranges;
-    spans.number = m_taken - rows() + firstRow - 1;
+    own.ranges.serve(spans, m_taken - rows() + firstRow - 1);
     return true;
 }
 

@@ -134,8 +134,7 @@ bool RunningAverages::spans(int column, int firstRow, int count, RingSpans &span
     const Channel &own = channel(column);
     if (!ringSpans(own.ring, firstRow - 1, count, spans))
         return false;
-    spans.blocks = &own.ranges;
-    spans.number = own.taken - qint64(own.ring.size()) + firstRow - 1;
+    own.ranges.serve(spans, own.taken - qint64(own.ring.size()) + firstRow - 1);
     return true;
 }
 

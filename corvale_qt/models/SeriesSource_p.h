@@ -63,6 +63,8 @@ public:
         // The division would take as long as the rest of the conversion.
         return m_source.scale == 1.0 ? value : value / m_source.scale;
     }
+    //! Returns what the converted numbers are divided by.
+    double divisor() const { return m_source.scale; }
     const RingSpans &storedX() const { return m_x; }
     const RingSpans &storedY() const { return m_y; }
 

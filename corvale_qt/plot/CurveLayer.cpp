@@ -18,24 +18,34 @@ CurveLayer::CurveLayer()
     setZ(zOfLayer);
 }
 
+bool CurveLayer::addKept(QPainter *painter,
+                         const QRect &clip,
+                         const QwtScaleMap &xMap,
+                         const StripPicture::Curve &curve)
+{
+    if (!m_kept.takes(xMap, curve))
+        return false;
+    if (m_painter != painter || m_kept.isEmpty())
+        flush(painter);
+    if (!m_kept.add(clip, xMap, curve, m_breaks))
+        return false;
+    m_painter = painter;
+    return true;
+}
+
 void CurveLayer::add(QPainter *painter,
                      const QRect &clip,
                      const PixelRuns &runs,
                      const QColor &color)
 {
-    if (m_painter != painter || m_clip != clip)
+    if (m_painter != painter || m_clip != clip || !m_kept.isEmpty())
         begin(painter, clip);
     int number = m_image.numberOf(color.rgba());
     if (number == 0) {
         begin(painter, clip);
         number = m_image.numberOf(color.rgba());
     }
-    for (const PixelRuns::Run &run : runs.runs())
-        m_image.addRun(run.column - clip.left(),
-                       run.top - clip.top(),
-                       run.bottom - clip.top(),
-                       number);
-    m_image.addLines(runs.joints(), -clip.topLeft(), number);
+    m_image.add(runs, -clip.topLeft(), number);
 }
 
 void CurveLayer::begin(QPainter *painter, const QRect &clip)
@@ -48,9 +58,14 @@ void CurveLayer::begin(QPainter *painter, const QRect &clip)
 
 void CurveLayer::flush(QPainter *painter) const
 {
-    // Runs that were added for a painter that has finished are dropped.
-    if (m_painter && m_painter == painter)
+    // What was added for a painter that has finished is dropped.
+    const bool isDrawn = m_painter && m_painter == painter;
+    if (isDrawn && m_kept.isEmpty())
         m_image.draw(painter, m_clip.topLeft());
+    else if (isDrawn)
+        m_kept.draw(painter, m_breaks);
+    else
+        m_kept.drop();
     m_painter = nullptr;
 }
 

@@ -4,6 +4,7 @@
 // Private: this header is not installed.
 
 #include "corvale_qt/plot/RunImage_p.h"
+#include "corvale_qt/plot/StripPicture_p.h"
 
 #include <qwt_plot_item.h>
 
@@ -17,6 +18,8 @@ class PixelRuns;
     the canvas once, directly above the curves. A painter spends some 40 instructions on each pixel of a vertical line; the
     picture needs two.
 
+    With a grid of pixel columns, the picture is kept from frame to frame (StripPicture).
+
     Attach it to the plot above the curves that use it (RVXDiscontinuousPlotCurve::setLayer()). A curve that is painted
     directly flushes it first, so that the curves keep their order. */
 class CurveLayer : public QwtPlotItem
@@ -28,6 +31,15 @@ public:
         the sample before. */
     QVector<int> &breaks() { return m_breaks; }
     const QVector<int> &breaks() const { return m_breaks; }
+
+    //! Sets the pixel columns of a time axis that moves by whole columns; without a grid, as at first, no picture is kept.
+    void setGrid(const PixelGrid &grid) { m_kept.setGrid(grid); }
+    /*! Adds a curve to the picture that is kept, inside of \a clip, in pixels of \a painter's coordinates. Returns false if it cannot be
+        kept: its runs are to be added then. */
+    bool addKept(QPainter *painter,
+                 const QRect &clip,
+                 const QwtScaleMap &xMap,
+                 const StripPicture::Curve &curve);
 
     /*! Adds runs that lie inside \a clip, in pixels of \a painter's coordinates. \a color must be opaque. Runs that were added
         for another clip are drawn first. */
@@ -45,9 +57,10 @@ private:
     void begin(QPainter *painter, const QRect &clip);
 
     QVector<int> m_breaks;
+    mutable StripPicture m_kept;
     mutable RunImage m_image;
     QRect m_clip;
-    // The painter that the runs were added for; null while the picture is empty.
+    // The painter that runs or curves were added for; null while there are none.
     mutable QPainter *m_painter = nullptr;
 };
 

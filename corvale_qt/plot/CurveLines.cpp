@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
+#include "corvale_qt/plot/DenseCurve_p.h"
+#include "corvale_qt/plot/LineBreaks_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
@@ -17,43 +18,6 @@
 #include <iterator>
 
 namespace Corvale_Qt {
-
-/*! Walks forward through the samples to which no line leads from the sample before, given as sorted indexes into a series.
-    Samples are counted from the first one that is drawn. */
-class LineBreaks
-{
-public:
-    //! \a breaks may be null if there are none; \a from is the first sample that is drawn.
-    LineBreaks(const QVector<int> *breaks, int from)
-        : m_from(from)
-    {
-        if (!breaks)
-            return;
-        m_next = std::lower_bound(breaks->constBegin(), breaks->constEnd(), from);
-        m_end = breaks->constEnd();
-    }
-
-    //! Returns whether no line leads to sample \a i. The samples of all calls must not fall.
-    bool isAt(int i)
-    {
-        while (m_next != m_end && *m_next - m_from < i)
-            ++m_next;
-        return m_next != m_end && *m_next - m_from == i;
-    }
-    /*! Returns how many of the \a count samples from \a first on, for which isAt() was called last, can be drawn as one
-        line. */
-    int lengthOfLine(int first, int count) const
-    {
-        const bool isHere = m_next != m_end && *m_next - m_from <= first;
-        const int *const after = isHere ? m_next + 1 : m_next;
-        return after == m_end ? count : std::min(count, *after - m_from - first);
-    }
-
-private:
-    int m_from;
-    const int *m_next = nullptr;
-    const int *m_end = nullptr;
-};
 
 namespace {
 
@@ -117,72 +81,6 @@ bool isFiner(const QPainter &painter)
     return painter.device()->devicePixelRatioF() > 1.0;
 }
 
-//! A curve with many samples for each pixel column, read directly from the memory that holds its samples.
-class DenseCurve
-{
-public:
-    DenseCurve(const SeriesSpans &samples, const QwtScaleMap &yMap)
-        : m_samples(samples)
-        , m_yMap(yMap)
-    {
-    }
-
-    //! Adds one run for each pixel column of \a clip; \a cache may hold those of the curve before.
-    void addTo(PixelRuns &runs,
-               SampleXCache &cache,
-               const QwtScaleMap &xMap,
-               const QRect &clip,
-               LineBreaks breaks) const
-    {
-        const SampleXCache::Columns &columns =
-            cache.columns(m_samples, xMap, clip.left(), clip.right());
-        const auto &edges = columns.edges;
-        for (int i = 0; i < edges.size(); ++i) {
-            const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end;
-            for (int first = edges[i].first; first < end;) {
-                if (breaks.isAt(first))
-                    runs.gap();
-                const int count = breaks.lengthOfLine(first, end - first);
-                addRows(runs, edges[i].column, first, first + count);
-                first += count;
-            }
-        }
-    }
-
-private:
-    //! Adds rows of one pixel column that no break divides.
-    void addRows(PixelRuns &runs, int column, int first, int end) const
-    {
-        const ValueRange range = storedRange(m_samples.storedY(), first, end);
-        const double ends[] = {m_samples.shown(range.least), m_samples.shown(range.greatest)};
-        // As long as all is finite, each step from the stored number to the pixel keeps the order or reverses it.
-        if (!range.allFinite || !isFinite(ends[0], ends[1])) {
-            addOneByOne(runs, column, first, end);
-            return;
-        }
-        const auto pixels = std::minmax({pixelOf(m_yMap, ends[0]), pixelOf(m_yMap, ends[1])});
-        runs.addColumn(column,
-                       pixelOf(m_yMap, m_samples.y(first)),
-                       pixels.first,
-                       pixels.second,
-                       pixelOf(m_yMap, m_samples.y(end - 1)));
-    }
-
-    void addOneByOne(PixelRuns &runs, int column, int first, int end) const
-    {
-        for (int i = first; i < end; ++i) {
-            const double y = m_samples.y(i);
-            if (std::isfinite(y))
-                runs.addPoint(column, pixelOf(m_yMap, y));
-            else
-                runs.gap();
-        }
-    }
-
-    const SeriesSpans &m_samples;
-    const QwtScaleMap &m_yMap;
-};
-
 } // namespace
 
 CurveLines::CurveLines(QPainter *painter,
@@ -223,15 +121,17 @@ bool CurveLines::drawsWholePixels(const QPainter &painter,
 
 void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to)
 {
-    Scratch &reused = scratch();
-    PixelRuns &runs = reused.runs;
     const QRect clip = m_canvasRect.toAlignedRect();
-    runs.begin(clip);
-    LineBreaks breaks = breaksFrom(from);
     const SeriesSpans samples(SeriesSource::of(&series), from, to - from + 1);
-    if (samples.areFound() && samples.rise()) {
-        DenseCurve(samples, m_yMap).addTo(runs, reused.sampleX, m_xMap, clip, breaks);
+    const bool isInMemory = samples.areFound() && samples.rise();
+    if (isInMemory && isKept(samples, from, clip))
+        return;
+    PixelRuns &runs = scratch().runs;
+    runs.begin(clip);
+    if (isInMemory) {
+        addDense(samples, from, clip);
     } else {
+        LineBreaks breaks = breaksFrom(from);
         forEachPoint(series, from, to - from + 1, [&](int i, double x, double y) {
             if (breaks.isAt(i))
                 runs.gap();
@@ -247,6 +147,39 @@ void CurveLines::drawRuns(const QwtSeriesData<QPointF> &series, int from, int to
         m_layer->add(m_painter, clip, runs, m_painter->pen().color());
     else
         m_painter->drawLines(runs.lines());
+}
+
+//! Hands the curve to the layer if it keeps the picture of such curves. Returns whether it does.
+bool CurveLines::isKept(const SeriesSpans &samples, int from, const QRect &clip) const
+{
+    const bool isWhole = m_layer && m_owner && from == 0;
+    return isWhole
+        && m_layer->addKept(m_painter,
+                            clip,
+                            m_xMap,
+                            {m_owner, samples, m_yMap, m_painter->pen().color().rgba()});
+}
+
+//! Adds the samples to the runs, one run for each pixel column.
+void CurveLines::addDense(const SeriesSpans &samples, int from, const QRect &clip) const
+{
+    const DenseCurve curve(samples, m_yMap);
+    LineBreaks breaks = breaksFrom(from);
+    const SampleXCache::Columns &columns =
+        scratch().sampleX.columns(samples, m_xMap, clip.left(), clip.right());
+    const auto &edges = columns.edges;
+    for (int i = 0; i < edges.size(); ++i) {
+        const int end = i + 1 < edges.size() ? edges[i + 1].first : columns.end;
+        for (int first = edges[i].first; first < end;) {
+            if (breaks.isAt(first))
+                scratch().runs.gap();
+            const int count = breaks.lengthOfLine(first, end - first);
+            const int next = first + count;
+            const ColumnReadings readings = ColumnReadings::of(samples, first, next);
+            curve.add(scratch().runs, edges[i].column, readings, first, next);
+            first = next;
+        }
+    }
 }
 
 void CurveLines::drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to)

@@ -14,6 +14,7 @@ namespace Corvale_Qt {
 
 class CurveLayer;
 class LineBreaks;
+class SeriesSpans;
 
 /*! Draws the lines of a curve that breaks at missing samples. There are two methods, whose pictures differ at most in single
     pixels at corners:
@@ -42,6 +43,8 @@ public:
     /*! Sets the layer that receives runs and says where the lines break; with null, the default, runs are painted directly
         and lines break at missing samples only. */
     void setLayer(CurveLayer *layer) { m_layer = layer; }
+    //! Says which curve is drawn, so that the layer may keep its picture; null, the default, for none.
+    void setOwner(const void *curve) { m_owner = curve; }
     //! Returns whether \a painter draws whole pixels of one opaque colour with its pen, without blending.
     static bool
     drawsWholePixels(const QPainter &painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap);
@@ -53,6 +56,8 @@ private:
     LineBreaks breaksFrom(int from) const;
     void drawPolylines(const QwtSeriesData<QPointF> &series, int from, int to);
     void drawRuns(const QwtSeriesData<QPointF> &series, int from, int to);
+    bool isKept(const SeriesSpans &samples, int from, const QRect &clip) const;
+    void addDense(const SeriesSpans &samples, int from, const QRect &clip) const;
     double columnOf(double x) const;
     void place(const double *positions, const double *y, int count, QPointF *points) const;
     void drawPolyline(const QPointF *points, int count) const;
@@ -63,6 +68,7 @@ private:
     const QwtScaleMap &m_yMap;
     QRectF m_canvasRect;
     CurveLayer *m_layer = nullptr;
+    const void *m_owner = nullptr;
     bool m_clipping = false;
     bool m_aligned;
     bool m_drawsSegments; //!< instead of polylines

@@ -117,6 +117,7 @@ void RVXDiscontinuousPlotCurve::drawLines(QPainter *painter,
     if (plain) {
         CurveLines lines(painter, xMap, yMap, canvasRect);
         lines.setLayer(m_layer);
+        lines.setOwner(this);
         lines.setClipping(testPaintAttribute(ClipPolygons));
         lines.draw(*data(), from, to);
         return;

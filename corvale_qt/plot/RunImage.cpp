@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/RunImage_p.h"
 
 #include <QLine>
@@ -33,9 +34,16 @@ void RunImage::reset(const QSize &size)
         m_size = size;
         m_pixels.fill(0, size.width() * size.height());
     }
+    m_origin = 0;
     m_used = none;
     m_colors.resize(0);
     m_colors.append(0);
+}
+
+void RunImage::clear(const Columns &columns)
+{
+    for (int column = columns.first; column <= columns.last; ++column)
+        std::fill_n(pixelsOf(column) + m_used.top, m_used.count(), uchar(0));
 }
 
 int RunImage::numberOf(QRgb color)
@@ -43,36 +51,67 @@ int RunImage::numberOf(QRgb color)
     const int known = m_colors.lastIndexOf(color);
     if (known > 0)
         return known;
-    constexpr int mostColors = 256;
-    if (m_colors.size() >= mostColors)
+    if (m_colors.size() > mostColors)
         return 0;
     m_colors.append(color);
     return m_colors.size() - 1;
 }
 
-void RunImage::addLines(const QVector<QLine> &lines, const QPoint &offset, int color)
+void RunImage::add(const PixelRuns &runs, const QPoint &offset, int color, const Columns &part)
 {
-    if (lines.isEmpty())
-        return;
+    for (const PixelRuns::Run &run : runs.runs()) {
+        const int column = run.column + offset.x();
+        if (!part.contains(column))
+            continue;
+        const Rows rows{run.top + offset.y(), run.bottom + offset.y()};
+        uchar *const pixels = pixelsOf(column);
+        std::fill(pixels + rows.top, pixels + rows.bottom + 1, uchar(color));
+        m_used.unite(rows);
+    }
+    if (!runs.joints().isEmpty())
+        addLines(runs.joints(), offset, color, part);
+}
+
+void RunImage::addLines(const QVector<QLine> &lines,
+                        const QPoint &offset,
+                        int color,
+                        const Columns &part)
+{
     if (m_lines.size() != m_size) {
         m_lines = QImage(m_size, QImage::Format_ARGB32_Premultiplied);
         m_lines.fill(Qt::transparent);
+        m_reach.resize(m_size.width());
     }
+    drawLines(lines, offset, part);
+    findReach(lines, offset, part);
+    carryOver(color, part);
+}
+
+// A line is drawn where its columns are stored, since the pixels of a long line that leaves the picture may depend on the place at
+// which it is drawn: they are the same wherever the origin is. A line across the end of the memory is drawn at both ends.
+void RunImage::drawLines(const QVector<QLine> &lines, const QPoint &offset, const Columns &part)
+{
     QPainter painter(&m_lines);
-    painter.translate(offset);
     painter.setPen(QPen(Qt::black, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    painter.drawLines(lines);
-    painter.end();
-    findReach(lines, offset);
-    carryOver(color);
+    for (const int left : {m_origin, m_origin - m_size.width()}) {
+        const int first = std::max(part.first + left, 0);
+        const int last = std::min(part.last + left, m_size.width() - 1);
+        if (first > last)
+            continue;
+        painter.resetTransform();
+        painter.setClipRect(first, 0, last - first + 1, m_size.height());
+        painter.translate(offset + QPoint(left, 0));
+        painter.drawLines(lines);
+    }
 }
 
 // Rows are collected for each column, so that moving the pixels costs no more than the area that the lines cover.
-void RunImage::findReach(const QVector<QLine> &lines, const QPoint &offset)
+void RunImage::findReach(const QVector<QLine> &lines, const QPoint &offset, const Columns &part)
 {
-    m_reach.fill(none, m_size.width());
+    std::fill(m_reach.begin() + part.first, m_reach.begin() + part.last + 1, none);
     // Clipped before they are moved, since adding the offset to an end far outside could overflow.
-    const QRect inside(-offset, m_size);
+    const QRect inside =
+        QRect(part.first, 0, part.last - part.first + 1, m_size.height()).translated(-offset);
     for (const QLine &line : lines) {
         const auto x = std::minmax({line.x1(), line.x2()});
         const auto y = std::minmax({line.y1(), line.y2()});
@@ -86,15 +125,15 @@ void RunImage::findReach(const QVector<QLine> &lines, const QPoint &offset)
     }
 }
 
-void RunImage::carryOver(int color)
+void RunImage::carryOver(int color, const Columns &part)
 {
     QRgb *const lines = bitsOf(m_lines);
     const int stride = strideOf(m_lines);
-    for (int column = 0; column < m_size.width(); ++column) {
+    for (int column = part.first; column <= part.last; ++column) {
         const Rows rows = m_reach[column];
         uchar *const to = pixelsOf(column);
         for (int row = rows.top; row <= rows.bottom; ++row) {
-            QRgb &pixel = lines[row * stride + column];
+            QRgb &pixel = lines[row * stride + stored(column)];
             if (pixel != 0)
                 to[row] = uchar(color);
             pixel = 0;
@@ -127,14 +166,17 @@ void RunImage::fillBand(const Rows &rows)
     QRgb *const band = bitsOf(m_band);
     const int stride = strideOf(m_band);
     const QRgb *const colors = m_colors.constData();
-    const uchar *const pixels = m_pixels.constData() + rows.top;
+    const uchar *columns[tileSide];
     for (int top = 0; top < rows.count(); top += tileSide) {
         const int bottom = std::min(top + tileSide, rows.count());
         for (int left = 0; left < m_size.width(); left += tileSide) {
-            const int right = std::min(left + tileSide, m_size.width());
+            const int count = std::min(tileSide, m_size.width() - left);
+            for (int column = 0; column < count; ++column)
+                columns[column] = pixelsOf(left + column) + rows.top;
             for (int row = top; row < bottom; ++row) {
-                for (int column = left; column < right; ++column)
-                    band[row * stride + column] = colors[pixels[column * m_size.height() + row]];
+                QRgb *const to = band + qptrdiff(row) * stride + left;
+                for (int column = 0; column < count; ++column)
+                    to[column] = colors[columns[column][row]];
             }
         }
     }

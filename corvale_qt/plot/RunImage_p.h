@@ -13,27 +13,42 @@ class QPainter;
 
 namespace Corvale_Qt {
 
+class PixelRuns;
+
 /*! A transparent picture for vertical runs of opaque pixels. To stay in the processor's cache it is small: one byte for each
     pixel, the number of its colour. It is stored column by column, so that the pixels of a run are neighbours. */
 class RunImage
 {
 public:
-    //! Sets the size and removes all pixels and colours.
-    void reset(const QSize &size);
+    //! How many colours a picture may have.
+    static constexpr int mostColors = 255;
+    //! Consecutive columns, both ends included, counted from the left edge.
+    struct Columns
+    {
+        int first;
+        int last;
 
-    //! Returns the number of an opaque colour for addRun() and addLines(), or 0 if there are 255 others already.
+        bool contains(int column) const { return column >= first && column <= last; }
+    };
+
+    //! Sets the size and removes all pixels and colours. The origin is 0 again.
+    void reset(const QSize &size);
+    /*! Sets which column of the memory is the one at the left edge, less than the width. What has been drawn moves along, and what
+        leaves the picture at one edge is there again at the other, where it must be cleared. */
+    void setOrigin(int column) { m_origin = column; }
+    //! Removes the pixels of columns inside the picture.
+    void clear(const Columns &columns);
+
+    //! Returns the number of an opaque colour for add(), or 0 if there are mostColors others already.
     int numberOf(QRgb color);
 
-    //! Fills the pixels \a top to \a bottom of a column, which must lie inside the picture.
-    void addRun(int column, int top, int bottom, int color)
+    //! Draws the pixels of runs and lines, moved by \a offset, that lie in \a part. The runs may not leave the picture.
+    void add(const PixelRuns &runs, const QPoint &offset, int color, const Columns &part);
+    //! Draws runs and lines, moved by \a offset. The runs may not leave the picture.
+    void add(const PixelRuns &runs, const QPoint &offset, int color)
     {
-        uchar *const pixels = pixelsOf(column);
-        std::fill(pixels + top, pixels + bottom + 1, uchar(color));
-        m_used.unite({top, bottom});
+        add(runs, offset, color, {0, m_size.width() - 1});
     }
-
-    //! Draws lines with their end pixels, moved by \a offset. They may leave the picture.
-    void addLines(const QVector<QLine> &lines, const QPoint &offset, int color);
 
     //! Draws the picture with its top left corner \a at a pixel of the painter's coordinates.
     void draw(QPainter *painter, const QPoint &at);
@@ -54,15 +69,30 @@ private:
     };
     static constexpr Rows none{1 << 30, -1};
 
-    uchar *pixelsOf(int column) { return m_pixels.data() + qptrdiff(column) * m_size.height(); }
+    //! Returns where a column lies in the memory, which the picture enters at its origin and goes on with at the beginning.
+    int stored(int column) const
+    {
+        const int place = column + m_origin;
+        return place < m_size.width() ? place : place - m_size.width();
+    }
+    uchar *pixelsOf(int column)
+    {
+        return m_pixels.data() + qptrdiff(stored(column)) * m_size.height();
+    }
+    void
+    addLines(const QVector<QLine> &lines, const QPoint &offset, int color, const Columns &part);
+    // These do the steps of addLines().
+    //! Draws lines as a painter does.
+    void drawLines(const QVector<QLine> &lines, const QPoint &offset, const Columns &part);
     //! Finds which rows of each column the lines may touch.
-    void findReach(const QVector<QLine> &lines, const QPoint &offset);
+    void findReach(const QVector<QLine> &lines, const QPoint &offset, const Columns &part);
     //! Moves the pixels of the lines into the picture.
-    void carryOver(int color);
+    void carryOver(int color, const Columns &part);
     //! Converts some rows to the form that painters draw.
     void fillBand(const Rows &rows);
 
     QSize m_size;
+    int m_origin = 0;
     QVector<uchar> m_pixels;
     //! Colours by their number; number 0 is transparent.
     QVector<QRgb> m_colors;
@@ -70,7 +100,7 @@ private:
     Rows m_used = none;
     //! Scratch: a band of rows as ARGB32.
     QImage m_band;
-    //! Scratch: lines as a painter draws them, before they are moved into the picture; transparent otherwise.
+    //! Scratch: lines as a painter draws them, where their columns are stored; transparent otherwise.
     QImage m_lines;
     //! Scratch: the rows of each column that the lines may touch.
     QVector<Rows> m_reach;

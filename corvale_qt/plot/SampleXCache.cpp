@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
+#include "corvale_qt/plot/RowSearch_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
 #include <algorithm>
@@ -9,36 +10,6 @@
 #include <limits>
 
 namespace Corvale_Qt {
-
-namespace {
-
-//! Returns the first row in [low, high) for which isPast is true, or high; isPast turns from false to true once.
-template<typename Predicate>
-int firstPast(int low, int high, Predicate isPast)
-{
-    while (low < high) {
-        const int middle = low + (high - low) / 2;
-        if (isPast(middle))
-            high = middle;
-        else
-            low = middle + 1;
-    }
-    return low;
-}
-
-//! Returns what firstPast() returns, but faster if the row is about \a guess rows after low.
-template<typename Predicate>
-int firstPastNear(int low, int high, int guess, Predicate isPast)
-{
-    int step = std::max(guess, 1);
-    while (step < high - low && !isPast(low + step)) {
-        low += step + 1;
-        step *= 2;
-    }
-    return firstPast(low, std::min(low + step + 1, high), isPast);
-}
-
-} // namespace
 
 bool SampleXCache::Key::matches(const Key &other) const
 {

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/LibraryBulkData_p.h"
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
+#include "corvale_qt/models/RVXSeriesData.h"
+#include "corvale_qt/plot/CurveLayer_p.h"
+#include "corvale_qt/plot/PixelGrid_p.h"
+#include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
+#include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXZeroingProxyModel.h"
+#include "corvale_qt/scope/SampleRows_p.h"
+#include "tests/support/TestMain.h"
+
+#include <QPainter>
+
+#include <random>
+
+using namespace Corvale_Qt;
+
+namespace {
+
+constexpr double missing = std::numeric_limits<double>::quiet_NaN();
+constexpr int channels = 4;
+
+//! A strip chart of readings with all that a day brings, which is drawn by a layer that keeps its picture or by a new one.
+class Chart
+{
+public:
+    explicit Chart(unsigned seed)
+        : random(seed)
+    {
+        averages.setSourceModel(&device);
+        zeroed.setSourceModel(&averages);
+        device.setCapacity(6000);
+        for (int i = 0; i < channels; ++i)
+            curves.push_back(std::make_unique<RVXDiscontinuousPlotCurve>());
+    }
+
+    int upTo(int end) { return std::uniform_int_distribution<int>(0, end - 1)(random); }
+    double noise(double sigma) { return std::normal_distribution<double>(0.0, sigma)(random); }
+
+    void append(int rows)
+    {
+        std::vector<double> times;
+        std::vector<double> values;
+        for (int i = 0; i < rows; ++i) {
+            time += 0.001 * (0.5 + 0.001 * upTo(1000));
+            times.push_back(time);
+            for (int c = 0; c < channels; ++c) {
+                const bool isFar = upTo(40) == 0;
+                values.push_back(isDead[c] ? missing : c + noise(isFar ? 3.0 : 0.2));
+            }
+        }
+        device.appendRows(times.data(), values.data(), rows);
+    }
+    //! Shows a stretch of time of \a width that ends at the newest reading, or is held.
+    void follow()
+    {
+        if (isHeld)
+            return;
+        const PixelGrid following = PixelGrid::endingAt(time, width, canvas.width() - 4);
+        grid = following;
+    }
+    void change();
+
+    //! Draws all with a layer; without the grid it keeps nothing.
+    QImage drawn(CurveLayer &layer, bool withGrid)
+    {
+        QImage image(canvas, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        const int last = zeroed.rowCount() - 1;
+        if (last < 2)
+            return image;
+        const double left = grid.x(grid.left);
+        const double right = grid.x(grid.left + grid.width);
+        const RowRange rows = rowsAround(PlotDataReader(&zeroed), {1, last}, left, right);
+        layer.setGrid(withGrid ? grid : PixelGrid());
+        layer.breaks() = breaksOf(rows);
+        QwtScaleMap x;
+        x.setScaleInterval(left, right);
+        x.setPaintInterval(2.0, 2.0 + grid.width); // the canvas is wider than the axis
+        QwtScaleMap y;
+        y.setScaleInterval(yRange[0], yRange[1]);
+        y.setPaintInterval(canvas.height() - 1.0, 0.0);
+        for (int c = 0; c < channels; ++c) {
+            if (!isShown[c])
+                continue;
+            curves[size_t(c)]->setPen(QPen(colors[c], 1.0));
+            curves[size_t(c)]->setLayer(&layer);
+            curves[size_t(c)]->setSamples(zeroed.seriesData(c + 1, rows.first, rows.last));
+            curves[size_t(c)]->draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+        }
+        layer.flush(&painter);
+        return image;
+    }
+
+    RVXMultichannelDeviceModel device{channels};
+    RVXAveragingProxyModel averages;
+    RVXZeroingProxyModel zeroed;
+
+private:
+    QVector<int> breaksOf(const RowRange &rows) const
+    {
+        QVector<int> breaks;
+        for (int row = rows.first + 1; row <= rows.last && breakAfter > 0.0; ++row) {
+            if (zeroed.doubleData(row, 0) - zeroed.doubleData(row - 1, 0) > breakAfter)
+                breaks.append(row - rows.first);
+        }
+        return breaks;
+    }
+
+    std::mt19937 random;
+    std::vector<std::unique_ptr<RVXDiscontinuousPlotCurve>> curves;
+    double time = 1.0;
+    double width = 2.0;
+    QSize canvas{60, 90};
+    PixelGrid grid = PixelGrid::endingAt(1.0, 2.0, 60);
+    bool isHeld = false;
+    double breakAfter = 0.01;
+    double yRange[2] = {-2.0, 6.0};
+    bool isShown[channels] = {true, true, true, true};
+    bool isDead[channels] = {};
+    QColor colors[channels] = {Qt::red, Qt::green, Qt::blue, Qt::yellow};
+};
+
+//! Does one of the things that happen to a chart; mostly some rows come.
+void Chart::change()
+{
+    const int channel = upTo(channels);
+    switch (upTo(28)) {
+    case 0:
+        append(3000);
+        break;
+    case 1: // an outage, of less than a pixel or of most of the chart
+        time += upTo(2) == 0 ? 0.02 : 1.5;
+        append(50);
+        break;
+    case 2:
+        yRange[upTo(2)] += noise(0.5);
+        break;
+    case 3:
+        isShown[channel] = !isShown[channel];
+        break;
+    case 4:
+        colors[channel] = QColor::fromHsv(upTo(360), 255, 255);
+        break;
+    case 5:
+        upTo(2) == 0 ? zeroed.zeroNow() : zeroed.zeroClear();
+        break;
+    case 6:
+        averages.setAveraging(1 + upTo(3));
+        break;
+    case 7:
+        isDead[channel] = !isDead[channel];
+        break;
+    case 8:
+        width = 0.5 + 0.01 * upTo(200);
+        break;
+    case 9:
+        canvas = {50 + upTo(20), 80 + upTo(20)};
+        break;
+    case 10:
+    case 11: // stands still, perhaps elsewhere
+        isHeld = !isHeld;
+        grid = PixelGrid::between(time - 0.01 * upTo(300) - 1.0,
+                                  time - 0.01 * upTo(90),
+                                  canvas.width() - 4);
+        break;
+    case 12: // the clock begins anew, and may reach the times of before
+        device.Clear();
+        time = std::max(1.0, time - 1.0);
+        break;
+    case 13:
+        device.setReadings(channel + 1,
+                           QVector<double>(device.rowCount() - 1, channel + noise(1.0)));
+        break;
+    case 14:
+        breakAfter = 0.03 - breakAfter;
+        break;
+    case 15: // another channel takes its place
+        std::swap(curves[0], curves[size_t(channel)]);
+        break;
+    case 16: // a later end than the newest reading
+        time += 0.3;
+        break;
+    default:
+        append(1 + upTo(80));
+    }
+    follow();
+}
+
+} // namespace
+
+class tst_StripPicture : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isThatOfAFrameDrawnAfresh_data()
+    {
+        QTest::addColumn<unsigned>("seed");
+        for (unsigned seed = 1; seed <= 8; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+    void isThatOfAFrameDrawnAfresh()
+    {
+        QFETCH(unsigned, seed);
+        Chart chart(seed);
+        CurveLayer kept;
+        chart.append(4000);
+        chart.follow();
+        for (int step = 0; step < 400; ++step) {
+            chart.change();
+            const QImage picture = chart.drawn(kept, true);
+            CurveLayer fresh;
+            QVERIFY2(picture == chart.drawn(fresh, true), qPrintable(QString::number(step)));
+            QVERIFY2(picture == chart.drawn(fresh, false), qPrintable(QString::number(step)));
+        }
+    }
+};
+
+CORVALE_QT_TEST_MAIN(tst_StripPicture)
+#include "tst_StripPicture.moc"

@@ -85,6 +85,10 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     Q_PROPERTY(
         bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
 
+    //! Whether the strip chart moves by whole pixels while it follows the samples, which costs less; false at first.
+    Q_PROPERTY(
+        bool movesByPixels READ movesByPixels WRITE setMovesByPixels NOTIFY movesByPixelsChanged)
+
     // How values are shown.
     //! Whether axis and labels show values with the prefix that suits them, such as nA; false at first.
     Q_PROPERTY(bool siPrefix READ hasSiPrefix WRITE setSiPrefix NOTIFY siPrefixChanged)
@@ -238,6 +242,12 @@ public:
     /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has
         room for, it then shows all of them, and its width grows with them to the one that is set. */
     void setBeginAtFirst(bool begin);
+    //! Returns whether the strip chart moves by whole pixels.
+    bool movesByPixels() const;
+    /*! Sets whether the strip chart moves by whole pixels while it follows the samples and shows a time span. It then ends at the newest
+        sample or less than a pixel later, and a frame only draws what has come since the one before, for models with a bulk
+        interface of the library. At 25 frames a second, steps are seen where less than a second is shown. */
+    void setMovesByPixels(bool on);
     /*! Returns the times at the left and the right border of the strip chart, or of the sweep; NaN in other modes. They are those
         of the model, also of a sweep that counts from its trigger. */
     std::pair<double, double> shownTimes() const;
@@ -504,6 +514,8 @@ Q_SIGNALS:
     void sampleSpanChanged(int samples);
     //! The strip chart begins at its first sample, or shows time before it again.
     void beginAtFirstChanged(bool begin);
+    //! The strip chart moves by whole pixels, or no longer does.
+    void movesByPixelsChanged(bool on);
 
     //! Values are shown with a prefix, or as the model has them again.
     void siPrefixChanged(bool on);

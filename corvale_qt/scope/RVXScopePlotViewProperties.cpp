@@ -106,6 +106,23 @@ void RVXScopePlotView::setBeginAtFirst(bool begin)
     Q_EMIT beginAtFirstChanged(begin);
 }
 
+bool RVXScopePlotView::movesByPixels() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.movesByPixels;
+}
+
+void RVXScopePlotView::setMovesByPixels(bool on)
+{
+    Q_D(RVXScopePlotView);
+    if (on == d->context.movesByPixels)
+        return;
+    d->context.movesByPixels = on;
+    if (d->mode == StripMode)
+        RequestReplotRefresh();
+    Q_EMIT movesByPixelsChanged(on);
+}
+
 std::pair<double, double> RVXScopePlotView::shownTimes() const
 {
     Q_D(const RVXScopePlotView);

@@ -114,6 +114,7 @@ struct ScopeContext
 
     // Strip chart.
     bool beginsAtFirst = false; //!< no time before the first sample is shown
+    bool movesByPixels = false; //!< the chart moves by whole pixels
     double timeEnd = std::numeric_limits<
         double>::quiet_NaN(); //!< x that is reached at least; NaN for the newest sample
     BatchSizes batches;

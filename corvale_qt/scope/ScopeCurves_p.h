@@ -56,6 +56,9 @@ public:
     //! Returns the names of the channels on the plot that have a sample which is 0 or negative.
     QStringList namesOfNotPositive() const;
 
+    //! Sets the pixel columns of the x axis, if it moves by whole ones; the picture of dense curves is then kept.
+    void setGrid(const PixelGrid &grid) { m_layer.setGrid(grid); }
+
     //! Returns the blocks that are shown before the rows. A mode that shows some sets their window before each plotCurves().
     ScopeHistory &history() { return m_history; }
 

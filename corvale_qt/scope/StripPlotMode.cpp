@@ -8,6 +8,7 @@
 #include "corvale_qt/scope/StripPlotMode_p.h"
 
 #include <qwt_plot.h>
+#include <qwt_scale_map.h>
 
 #include <QScrollBar>
 
@@ -50,6 +51,8 @@ void StripPlotMode::plot()
         return rows.size() > 0 ? model->seriesData(channel, rows.first, rows.last) : nullptr;
     };
     m_context.curves.setZoomed(m_context.hold.isChanged());
+    // The runs of blocks lie between the curves, so that these have no picture of their own.
+    m_context.curves.setGrid(reachesBack ? PixelGrid() : gridOf(shown, request.pixels));
     m_context.curves.plotCurves(ofModel, shown.rows.first, m_context.yScale.mode);
     if (shown.left > shown.oldest || !request.following)
         m_context.surface.showScrollBar(true);
@@ -77,6 +80,13 @@ StripWindow StripPlotMode::window(const PlotDataReader &reader, StripRequest &re
     request.following = false;
     request.scrollValue = toScrollUnits((window.left - window.oldest) * m_scrollUnits);
     return window;
+}
+
+//! Returns the pixel columns of a window; none if it does not move by whole pixels.
+PixelGrid StripPlotMode::gridOf(const StripWindow &window, int pixels)
+{
+    return window.grid.isValid() ? window.grid
+                                 : PixelGrid::between(window.left, window.right, pixels);
 }
 
 //! Holds the window that a user has scrolled to, and lets go of it at the end of the scroll bar.
@@ -121,6 +131,8 @@ StripRequest StripPlotMode::currentRequest() const
     request.whole = m_context.span.isWhole();
     request.beginsAtFirst = m_context.beginsAtFirst;
     request.end = m_context.timeEnd;
+    if (m_context.movesByPixels)
+        request.pixels = int(m_context.plot->canvasMap(QwtPlot::xBottom).pDist());
     request.following = request.whole || bar->value() == bar->maximum();
     request.scrollValue = bar->value();
     request.scrollUnits = m_scrollUnits;

@@ -56,6 +56,18 @@ followingLeft(const PlotDataReader &reader, const StripWindow &window, const Str
     return request.beginsAtFirst && hasTimeBefore ? window.oldest : left;
 }
 
+/*! Has a window of constant width move by whole pixels: it ends at the newest sample, or less than a pixel later. Its pixel columns
+    are those of any other moment, and what is drawn in them stays. */
+void alignToPixels(StripWindow &window, double width, int pixels)
+{
+    const PixelGrid grid = PixelGrid::endingAt(window.right, width, pixels);
+    if (!grid.isValid())
+        return;
+    window.grid = grid;
+    window.left = grid.x(grid.left);
+    window.right = grid.x(grid.left + pixels);
+}
+
 } // namespace
 
 int toScrollUnits(double value)
@@ -84,6 +96,9 @@ StripWindow stripWindow(const PlotDataReader &reader, const StripRequest &reques
         if (window.left > window.right)
             window.left =
                 window.right - typicalInterval(reader, request.samples) * request.sweepLength;
+        // A chart that grows with its samples has other columns at each moment.
+        if (request.hasWidth() && !request.whole && window.left == window.right - request.width)
+            alignToPixels(window, request.width, request.pixels);
     } else {
         window.left = request.scrollValue / request.scrollUnits + window.oldest;
         window.right = window.left

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/plot/PixelGrid_p.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 
 #include <limits>
@@ -30,6 +31,7 @@ struct StripRequest
     double end = std::numeric_limits<
         double>::quiet_NaN(); //!< x up to which the chart reaches at least; NaN for none
     bool beginsAtFirst = false; //!< the chart shows no time before its first sample
+    int pixels = 0; //!< width of the chart in pixels if it moves by whole pixels; 0 if it does not
     bool following = true; //!< the newest sample stays at the right border
     //! While not following: distance from the oldest sample to the left border.
     int scrollValue = 0;
@@ -46,6 +48,7 @@ struct StripWindow
     double newest = 0.0; //!< x of the last row, or the end that was asked for if that is later
     double left = 0.0;
     double right = 0.0;
+    PixelGrid grid; //!< the pixel columns of the window, if it moves by whole pixels
     RowRange
         rows; //!< include one sample beyond each border, so that lines run to the edge of the canvas
 };

@@ -66,6 +66,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     m_comparison->setObjectName(QStringLiteral("errors"));
     m_scope->setModel(&session.model());
     m_scope->setBeginAtFirst(true);
+    m_scope->plotView()->setMovesByPixels(true);
     showValuesForPeople(*m_scope->plotView());
     m_scope->plotView()->setGapIntervals(usualGapIntervals);
     letOperatorMove(*m_scope);

@@ -4,7 +4,7 @@
 #include "monitor/core/Text.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/nexus/NexusTree.h"
-#include "monitor/nexus/TextHeaps.h"
+#include "monitor/nexus/TextHeapGuard.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -30,6 +30,7 @@ public:
     {
     }
     bool fail(const QString &why);
+    bool areTextsWhole();
     bool open(const QString &path);
     bool openPart();
     bool load();
@@ -44,6 +45,7 @@ public:
 
     StreamSink &sink;
     QString error;
+    TextHeapFault textFault = TextHeapFault::None;
     Hdf5Object file;
     NexusTree tree;
     LineCounts counts;
@@ -70,14 +72,28 @@ bool NexusReader::Private::fail(const QString &why)
     return false;
 }
 
+//! A text that cannot be read counts as missing, be it a unit: what was opened with one is not shown.
+bool NexusReader::Private::areTextsWhole()
+{
+    switch (textFault) {
+    case TextHeapFault::None:
+        return true;
+    case TextHeapFault::Damaged:
+        return fail(Text::tr("the texts in it are damaged"));
+    case TextHeapFault::TooLarge:
+        break;
+    }
+    return fail(Text::tr("a text in it is larger than 64 MB"));
+}
+
 bool NexusReader::Private::open(const QString &path)
 {
     const Hdf5Turn turn;
     if (!QFileInfo(path).isReadable())
         return fail(Text::tr("this user may not read it"));
-    if (const QString fault = faultOfTextHeaps(path); !fault.isEmpty())
-        return fail(fault);
     const Hdf5Object access(H5Pcreate(H5P_FILE_ACCESS));
+    if (!guardTextHeaps(access.id(), &textFault))
+        return fail(hdf5Error());
     // A file that is only read needs no lock, which some file systems refuse.
     H5Pset_file_locking(access.id(), false, true);
     file = Hdf5Object(H5Fopen(QFile::encodeName(path).constData(), H5F_ACC_RDONLY, access.id()));
@@ -85,7 +101,8 @@ bool NexusReader::Private::open(const QString &path)
         return fail(Text::tr("it is not a whole HDF5 file: it is damaged, cut off or still being "
                              "written (%1)")
                         .arg(hdf5Error()));
-    return tree.find(file.id(), &error);
+    const bool isFound = tree.find(file.id(), &error);
+    return areTextsWhole() && isFound;
 }
 
 void NexusReader::Private::goTo(std::size_t newPart, qint64 newRow)
@@ -109,7 +126,7 @@ bool NexusReader::Private::openPart()
         return true;
     const Hdf5Turn turn;
     entry = NexusTree::open(file.id(), place(), &error);
-    if (!entry)
+    if (!areTextsWhole() || !entry)
         return false;
     // Another program may have changed the file since it was opened.
     if (entry->rows != place().rows || entry->header.valuesPerReading() != place().values)

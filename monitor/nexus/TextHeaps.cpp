@@ -2,7 +2,6 @@
 #include "monitor/nexus/TextHeaps.h"
 
 #include "monitor/core/RegularFile.h"
-#include "monitor/core/Text.h"
 
 #include <QFile>
 
@@ -12,10 +11,11 @@ namespace Monitor {
 
 namespace {
 
-constexpr qint64 sliceSize = qint64(4) * 1024 * 1024;
-constexpr qint64 lookedAtEachEnd = qint64(128) * 1024 * 1024;
-//! A heap that claims to be larger is read only so far, as the library would need the memory for all of it.
-constexpr quint64 largestHeap = quint64(64) * 1024 * 1024;
+const QByteArray &signature()
+{
+    static const QByteArray bytes("GCOL\1\0\0\0", 8);
+    return bytes;
+}
 
 quint64 numberAt(const QByteArray &bytes, qint64 at, int size)
 {
@@ -40,19 +40,6 @@ QByteArray superblockOf(QFile *file)
     return {};
 }
 
-//! Returns how many bytes a length has in a file; 0 if its superblock does not say that in a way that is known.
-int sizeOfLengths(QFile *file)
-{
-    constexpr int versionAt = 8, oldPlace = 14, newPlace = 10;
-    constexpr quint64 firstNewVersion = 2;
-    const QByteArray head = superblockOf(file);
-    if (head.isEmpty())
-        return 0;
-    const bool isOld = numberAt(head, versionAt, 1) < firstNewVersion;
-    const int size = int(numberAt(head, isOld ? oldPlace : newPlace, 1));
-    return size == 2 || size == 4 || size == 8 ? size : 0;
-}
-
 //! Returns a size with the bytes that fill it up, as all parts of a heap have them.
 quint64 aligned(quint64 size)
 {
@@ -60,8 +47,33 @@ quint64 aligned(quint64 size)
     return (size + alignment - 1) / alignment * alignment;
 }
 
-//! Returns whether a walk through a heap reaches its end. \a heap begins with its signature.
-bool hasEnd(const QByteArray &heap, int lengthSize)
+} // namespace
+
+int lengthSizeOf(const QString &path)
+{
+    constexpr int versionAt = 8, oldPlace = 14, newPlace = 10;
+    constexpr quint64 firstNewVersion = 2;
+    QFile file(path);
+    const QByteArray head = openRegular(file) ? superblockOf(&file) : QByteArray();
+    if (head.isEmpty())
+        return 0;
+    const bool isOld = numberAt(head, versionAt, 1) < firstNewVersion;
+    const int size = int(numberAt(head, isOld ? oldPlace : newPlace, 1));
+    return size == 2 || size == 4 || size == 8 ? size : 0;
+}
+
+bool beginsTextHeap(const QByteArray &bytes)
+{
+    return bytes.startsWith(signature());
+}
+
+quint64 textHeapSize(const QByteArray &bytes, int lengthSize)
+{
+    const int head = signature().size() + lengthSize;
+    return bytes.size() < head ? 0 : numberAt(bytes, signature().size(), lengthSize);
+}
+
+bool textHeapHasEnd(const QByteArray &heap, int lengthSize)
 {
     const quint64 head = aligned(8 + quint64(lengthSize)); // of the heap, and of each text in it
     const auto end = quint64(heap.size());
@@ -76,44 +88,6 @@ bool hasEnd(const QByteArray &heap, int lengthSize)
         at += index == 0 ? size : head + aligned(size);
     }
     return true;
-}
-
-//! Returns whether all heaps that begin between two places of a file have an end.
-bool haveEnds(QFile *file, qint64 begin, qint64 end, int lengthSize)
-{
-    const QByteArray signature("GCOL\1\0\0\0", 8);
-    const int headSize = signature.size() + lengthSize;
-    for (qint64 place = begin; place < end; place += sliceSize) {
-        file->seek(place);
-        const QByteArray slice = file->read(sliceSize + headSize - 1);
-        for (int at = slice.indexOf(signature); at >= 0; at = slice.indexOf(signature, at + 1)) {
-            if (at + headSize > slice.size())
-                break;
-            const quint64 size = numberAt(slice, at + signature.size(), lengthSize);
-            file->seek(place + at);
-            const QByteArray heap = file->read(qint64(std::min(size, largestHeap)));
-            if (quint64(heap.size()) == size && !hasEnd(heap, lengthSize))
-                return false;
-        }
-    }
-    return true;
-}
-
-} // namespace
-
-QString faultOfTextHeaps(const QString &path)
-{
-    QFile file(path);
-    if (!openRegular(file))
-        return file.errorString();
-    const int lengthSize = sizeOfLengths(&file);
-    if (lengthSize == 0)
-        return {}; // the library says what it is
-    const qint64 size = file.size();
-    const bool isSmall = size <= 2 * lookedAtEachEnd;
-    const bool areWhole = haveEnds(&file, 0, isSmall ? size : lookedAtEachEnd, lengthSize)
-        && (isSmall || haveEnds(&file, size - lookedAtEachEnd, size, lengthSize));
-    return areWhole ? QString() : Text::tr("the texts in it are damaged");
 }
 
 } // namespace Monitor

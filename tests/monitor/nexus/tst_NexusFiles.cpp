@@ -348,6 +348,22 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
                   "hole = raw.index(b'GCOL') + 16\nraw[hole:hole + 200] = bytes(200)\n"
                   "open('theirs.h5', 'wb').write(raw)\n",
             "the texts in it are damaged");
+        const QByteArray room = "form = h5py.h5p.create(h5py.h5p.DATASET_CREATE)\n"
+                                "form.set_alloc_time(h5py.h5d.ALLOC_TIME_EARLY)\n"
+                                "form.set_fill_time(h5py.h5d.FILL_TIME_NEVER)\n"
+                                "space = h5py.h5s.create_simple((40_000_000,))\n"
+                                "room = lambda name: h5py.h5d.create(f.id, name, "
+                                "h5py.h5t.IEEE_F64LE, space, form)\n";
+        row("a heap without an end, between 320 MB and 320 MB",
+            room + "room(b'before')\n" + data("d['i'] = [1, 2, 4]\n")
+                + "d['i'].attrs['long_name'] = 'x' * 5000\nroom(b'after')\nf.close()\n"
+                  "file = open('theirs.h5', 'r+b')\nraw = mmap.mmap(file.fileno(), 0)\n"
+                  "hole = raw.find(b'GCOL', 310_000_000) + 16\n"
+                  "assert len(raw) - hole > 310_000_000\nraw[hole:hole + 200] = bytes(200)\n",
+            "the texts in it are damaged");
+        row("a text that is larger than all others",
+            data("d['i'] = [1, 2, 4]\nd['i'].attrs['units'] = 'x' * 70_000_000\n"),
+            "a text in it is larger than 64 MB");
     }
     //! The program that writes a file chooses a scale, the inner sizes, and what stands before it.
     void filesOfOtherLayouts() { checkFileOfOthers(); }
@@ -478,7 +494,7 @@ private:
         process.setWorkingDirectory(m_folder.path());
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(m_python, {"-"});
-        process.write("import h5py, math\nimport numpy as np\n" + script);
+        process.write("import h5py, math, mmap\nimport numpy as np\n" + script);
         process.closeWriteChannel();
         const bool ended = process.waitForFinished(60000);
         const QByteArray said = process.readAll();

@@ -4,6 +4,7 @@
 #include "corvale_qt/proxies/ChannelNameList_p.h"
 #include "corvale_qt/proxies/LatestCells_p.h"
 #include "corvale_qt/proxies/ProxyIndexes_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 #include "corvale_qt/proxies/UpstreamSignals_p.h"
 
 #include <QMimeData>
@@ -436,7 +437,7 @@ Qt::ItemFlags RVXLatestPlotDataProxyModel::flags(const QModelIndex &index) const
 void RVXLatestPlotDataProxyModel::setSourceModel(QAbstractItemModel *model)
 {
     Q_D(RVXLatestPlotDataProxyModel);
-    if (model == d->source || model == this)
+    if (model == d->source || standsOn(model, this))
         return;
     d->_q_sourceModelAboutToBeReset();
     d->detach();

@@ -87,7 +87,7 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    //! Sets the source in one reset: any model, or null.
+    //! Sets the source in one reset: any model, or null. A model that stands on this proxy is refused, without a change.
     void setSourceModel(QAbstractItemModel *model) override;
     //! \a proxyIndex must be in column 0 or 1; any other column is a fatal error.
     QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;

@@ -14,13 +14,43 @@ using Model = QAbstractItemModel;
 namespace {
 
 constexpr int places = 10;
+//! Steps of each heap: a hundred thousand in all, or a fifth of that where the sanitizers take their time.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int usualSteps = 3400;
+#else
+constexpr int usualSteps = 17000;
+#endif
+
+//! Proxies that are broken in one way each.
+enum class Plant {
+    None,
+    WrongTime,
+    UnannouncedChange
+};
+
+class WrongTime : public RVXZeroingProxyModel
+{
+public:
+    double doubleData(int row, int column) const override
+    {
+        return RVXZeroingProxyModel::doubleData(row, column)
+            + (row == 3 && column == 0 ? 1.0 : 0.0);
+    }
+};
+
+class SilentProxy : public RVXAveragingProxyModel
+{
+protected:
+    void sourceDataChanged(const QModelIndex &, const QModelIndex &) override { }
+};
 
 //! Models, and listeners that were connected to some of them before and after their proxies.
 class Heap : public QObject
 {
 public:
-    explicit Heap(int seed)
-        : m_random(unsigned(seed))
+    explicit Heap(int seed, Plant plant = Plant::None)
+        : m_plant(plant)
+        , m_random(unsigned(seed))
     {
         for (int place = 0; place < places; ++place)
             renew(place);
@@ -78,10 +108,11 @@ private:
             model = new BufferModel(2, 2 + below(8));
             break;
         case 1:
-            model = new RVXAveragingProxyModel;
+            model =
+                m_plant == Plant::UnannouncedChange ? new SilentProxy : new RVXAveragingProxyModel;
             break;
         case 2:
-            model = new RVXZeroingProxyModel;
+            model = m_plant == Plant::WrongTime ? new WrongTime : new RVXZeroingProxyModel;
             break;
         case 3:
             model = new RVXComputedChannelsProxyModel;
@@ -369,6 +400,7 @@ private:
         };
     }
 
+    const Plant m_plant;
     std::mt19937 m_random;
     QPointer<Model> m_models[places];
     QHash<const Model *, QSet<const Model *>> m_below;
@@ -398,10 +430,23 @@ private Q_SLOTS:
         QFETCH(int, seed);
         const int wanted = qEnvironmentVariableIntValue("CORVALE_QT_TEST_STEPS");
         Heap heap(seed);
-        for (int i = 0; i < (wanted > 0 ? wanted : 200); ++i) {
+        for (int i = 0; i < (wanted > 0 ? wanted : usualSteps); ++i) {
             heap.step();
             const QString fault = heap.fault();
             QVERIFY2(fault.isEmpty(), qPrintable(fault));
+        }
+    }
+
+    void plantedFaultsAreFound()
+    {
+        for (const Plant plant : {Plant::WrongTime, Plant::UnannouncedChange}) {
+            Heap heap(1, plant);
+            QString fault;
+            for (int i = 0; i < usualSteps && fault.isEmpty(); ++i) {
+                heap.step();
+                fault = heap.fault();
+            }
+            QVERIFY2(!fault.isEmpty(), plant == Plant::WrongTime ? "a wrong time" : "a change");
         }
     }
 };

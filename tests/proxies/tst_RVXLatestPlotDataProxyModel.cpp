@@ -336,6 +336,20 @@ private Q_SLOTS:
         QCOMPARE(proxy.rowCount(), 0);
     }
 
+    //! Two tables that showed each other would look for their units for ever.
+    void aSourceThatStandsOnTheTable()
+    {
+        RVXLatestPlotDataProxyModel one, other, third;
+        other.setSourceModel(&one);
+        third.setSourceModel(&other);
+        for (QAbstractItemModel *refused : {&one, &other, &third})
+            one.setSourceModel(refused);
+        QVERIFY(!one.sourceModel());
+        BufferModel source(2);
+        one.setSourceModel(&source);
+        QCOMPARE(one.rowCount(), 2);
+    }
+
     void namesAreReadable_data()
     {
         tableFrom(R"(

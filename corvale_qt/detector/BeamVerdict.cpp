@@ -33,12 +33,13 @@ void count(const BeamProfile &profile, BeamVerdict &verdict)
 
 /*! Returns the share of the charge in flagged cells. The charge that a dead cell should have is interpolated; the others
     count as they are read. */
-double flaggedShare(const BeamProfile &profile, double background)
+double flaggedShare(const BeamProfile &profile, const BeamEstimate &estimate)
 {
     const BeamProfile filled = profile.withoutHoles();
     double flagged = 0, all = 0;
     for (int i = 0; i < profile.count(); ++i) {
         const bool dead = profile.has(i, CellFlag::Dead);
+        const double background = estimate.backgroundAt(profile.positions[i]);
         const double density = (dead ? filled : profile).density(i) - background;
         const double charge = std::max(density, 0.0) * profile.intervals[i];
         all += charge;
@@ -287,9 +288,8 @@ judgeEstimate(const BeamProfile &profile, const BeamEstimate &estimate, const Ve
         judgement.add(true, BeamValidity::NotValid, estimateStatusText(EstimateStatus::NotUsable));
         return verdict;
     }
-    const double background = std::isnan(estimate.background.value) ? 0 : estimate.background.value;
     count(profile, verdict);
-    verdict.flaggedShare = flaggedShare(profile, background) + profile.shareOfHoles;
+    verdict.flaggedShare = flaggedShare(profile, estimate) + profile.shareOfHoles;
     verdict.peakInNoise = peakInNoise(profile);
     judgeSignal(estimate, limits, verdict, judgement);
     // Its shape does not tell such a cell from a narrow beam, so both are told.

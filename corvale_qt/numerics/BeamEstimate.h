@@ -59,6 +59,18 @@ struct CORVALE_QT_EXPORT BeamEstimate
 
     //! Returns whether the estimate succeeded.
     bool isOk() const { return status == EstimateStatus::Ok; }
+    //! Returns the density of the background at a place; 0 if the estimate subtracts none.
+    double backgroundAt(double place) const
+    {
+        return std::isnan(background.value) ? 0.0
+                                            : background.value + slope * (place - position.value);
+    }
+    //! Returns the density of the Gaussian and its background at a place.
+    double densityAt(double place) const
+    {
+        const double inSigma = (place - position.value) / sigma.value;
+        return backgroundAt(place) + height.value * std::exp(-0.5 * inSigma * inSigma);
+    }
 };
 
 } // namespace Corvale_Qt

@@ -15,6 +15,8 @@ estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const LogParab
         return logParabolaGaussian(profile, options);
     case BeamEstimator::LeastSquares:
         return leastSquaresGaussian(profile);
+    case BeamEstimator::LeastSquaresLinear:
+        return leastSquaresGaussian(profile, FitBackground::Linear);
     case BeamEstimator::HalfMaximum:
         return halfMaximumWidth(profile);
     case BeamEstimator::SecondMoment:

@@ -13,6 +13,7 @@ enum class BeamEstimator {
     ThreePoints, //!< threePointGaussian()
     Regression, //!< logParabolaGaussian()
     LeastSquares, //!< leastSquaresGaussian() with a constant background
+    LeastSquaresLinear, //!< leastSquaresGaussian() with a linear background
     HalfMaximum, //!< halfMaximumWidth()
     SecondMoment, //!< secondMomentWidth()
 };

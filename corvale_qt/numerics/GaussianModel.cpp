@@ -79,7 +79,6 @@ FitQuality qualityOf(const BeamProfile &profile, const BeamEstimate &estimate, i
 {
     const double mean = estimate.position.value;
     const double sigma = estimate.sigma.value;
-    const double background = std::isnan(estimate.background.value) ? 0 : estimate.background.value;
     const double average = meanDensity(profile);
     Squares all, core, spread, chi;
     double peak = 0;
@@ -88,8 +87,7 @@ FitQuality qualityOf(const BeamProfile &profile, const BeamEstimate &estimate, i
             continue;
         const double g =
             CellGaussian::over(profile.positions[i], profile.widths[i], mean, sigma).value;
-        const double above =
-            profile.density(i) - background - estimate.slope * (profile.positions[i] - mean);
+        const double above = profile.density(i) - estimate.backgroundAt(profile.positions[i]);
         const double residual = above - estimate.height.value * g;
         all.add(residual);
         chi.add(residual * profile.scales[i]);

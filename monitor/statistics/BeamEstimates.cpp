@@ -4,8 +4,8 @@
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/statistics/StreamStatistics.h"
 #include <corvale_qt/detector/DetectorFrame.h>
+#include <corvale_qt/numerics/BeamEstimator.h>
 #include <corvale_qt/numerics/CellScreening.h>
-#include <corvale_qt/numerics/ProfileEstimators.h>
 
 #include <cmath>
 #include <optional>
@@ -25,13 +25,13 @@ DetectorLayout layoutOf(const StreamHeader &header, bool channelsAreProfile)
                      : detectorOf(header);
 }
 
-//! The regression of the histogram, with the initial parameters of the statistics page.
-BeamEstimate regression(const BeamProfile &profile)
+//! The parameters of the regression on the statistics page, as they are at first.
+LogParabolaOptions regressionOptions()
 {
     LogParabolaOptions options;
     options.thresholdFraction = 0.1;
     options.halfWidth = 10;
-    return logParabolaGaussian(profile, options);
+    return options;
 }
 
 QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
@@ -40,30 +40,15 @@ QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
     return unit.isEmpty() ? QStringLiteral("cells") : unit;
 }
 
-using Estimator = BeamEstimate (*)(const BeamProfile &);
-
 //! The names of the estimators, as reports have them, in the order of the reports.
-constexpr std::pair<const char *, Estimator> estimators[] = {
-    {"centre_of_gravity",
-     [](const BeamProfile &profile) {
-         return centreOfGravity(profile);
-     }},
-    {"three_points",
-     [](const BeamProfile &profile) {
-         return threePointGaussian(profile);
-     }},
-    {"regression", &regression},
-    {"least_squares",
-     [](const BeamProfile &profile) {
-         return leastSquaresGaussian(profile);
-     }},
-    {"half_maximum",
-     [](const BeamProfile &profile) {
-         return halfMaximumWidth(profile);
-     }},
-    {"second_moment", [](const BeamProfile &profile) {
-         return secondMomentWidth(profile);
-     }}};
+constexpr std::pair<const char *, BeamEstimator> estimators[] = {
+    {"centre_of_gravity", BeamEstimator::CentreOfGravity},
+    {"three_points", BeamEstimator::ThreePoints},
+    {"regression", BeamEstimator::Regression},
+    {"least_squares", BeamEstimator::LeastSquares},
+    {"least_squares_linear", BeamEstimator::LeastSquaresLinear},
+    {"half_maximum", BeamEstimator::HalfMaximum},
+    {"second_moment", BeamEstimator::SecondMoment}};
 
 //! The latest reading on its detector.
 struct LastFrame
@@ -92,7 +77,8 @@ std::optional<LastFrame> lastFrame(const StreamStatistics &statistics,
 }
 
 //! Returns the estimates of all planes, by the one estimator of that name, or by all of them.
-std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last, const char *wanted = nullptr)
+std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last,
+                                          std::optional<BeamEstimator> wanted = {})
 {
     using Axis = DetectorLayout::Axis;
     std::vector<PlaneEstimate> planes;
@@ -104,9 +90,9 @@ std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last, const char *wan
         BeamProfile profile = last.frame.profile(axis);
         flagHotCells(profile);
         for (const auto &[name, estimator] : estimators) {
-            if (wanted && qstrcmp(name, wanted) != 0)
+            if (wanted && estimator != *wanted)
                 continue;
-            const BeamEstimate estimate = estimator(profile);
+            const BeamEstimate estimate = estimateBeam(profile, estimator, regressionOptions());
             planes.push_back({QLatin1String(plane),
                               QLatin1String(name),
                               estimate,
@@ -140,7 +126,7 @@ std::vector<PlaneEstimate> fittedPlanes(const StreamStatistics &statistics,
                                         const VerdictLimits &chosenLimits)
 {
     const auto last = lastFrame(statistics, channelsAreProfile, chosenLimits);
-    return last ? estimatePlanes(*last, "least_squares") : std::vector<PlaneEstimate>();
+    return last ? estimatePlanes(*last, BeamEstimator::LeastSquares) : std::vector<PlaneEstimate>();
 }
 
 double integralOf(const BeamEstimate &estimate)

@@ -26,6 +26,7 @@ QVector<BeamEstimate> allEstimates(const BeamProfile &profile)
             threePointGaussian(profile),
             logParabolaGaussian(profile, asInTheMonitor),
             leastSquaresGaussian(profile),
+            leastSquaresGaussian(profile, FitBackground::Linear),
             halfMaximumWidth(profile),
             secondMomentWidth(profile)};
 }
@@ -43,6 +44,15 @@ Change pedestal(double share)
     return [share](BeamProfile &profile) {
         for (double &reading : profile.readings)
             reading += 2 * share;
+    };
+}
+
+//! Adds a background that rises from nothing at the first strip to this share of the peak at the last.
+Change slope(double share)
+{
+    return [share](BeamProfile &profile) {
+        for (int i = 0; i < profile.count(); ++i)
+            profile.readings[i] += 2 * share * i / (profile.count() - 1);
     };
 }
 
@@ -101,7 +111,7 @@ private Q_SLOTS:
     {
         columns<Change, double>("change", "mean");
         QTest::addColumn<QString>(
-            "verdicts"); // centre of gravity, three points, regression, fit, FWHM, D4sigma
+            "verdicts"); // centre of gravity, three points, regression, fit, fit with slope, FWHM, D4sigma
         QTest::addColumn<QString>("reason"); // of the first that is not valid
         const auto row = [](const char *name,
                             const Change &change,
@@ -116,24 +126,29 @@ private Q_SLOTS:
         const auto even = [](double) {
             return 1.0;
         };
-        row("nothing", ofBeamAt(kMean), "VVVVVV", "");
-        row("noise", noise, "VVVVVV", "");
-        row("pedestal of 5 %", pedestal(0.05), "PPPVVV", "the residuals are 17 % of the peak");
-        row("pedestal of 20 %", pedestal(0.2), "PPPVVV", "the residuals are 17 % of the peak");
-        row("hot strip beside the beam", cell(3, 6), "PPPPPP", "37 % of the charge lies in");
-        row("hot strip on the flank", cell(14, 6), "PPPPPP", "39 % of the charge lies in");
-        row("half too much on top", cell(17, 3), "PPPPPP", "the residuals are 8.3 % of the peak");
-        row("dead strip at the peak", cell(17, 0, true), "PPPPPP", "18 % of the charge lies in");
-        row("dead strip that nobody named", cell(17, 0), "------", "the residuals are");
+        row("nothing", ofBeamAt(kMean), "VVVVVVV", "");
+        row("noise", noise, "VVVVVVV", "");
+        row("pedestal of 5 %", pedestal(0.05), "PPPVVVV", "the residuals are 17 % of the peak");
+        row("pedestal of 20 %", pedestal(0.2), "PPPVVVV", "the residuals are 17 % of the peak");
+        row("background rising to 10 %", slope(0.1), "PPPVVVP", "the residuals are");
+        row("background rising to 40 %", slope(0.4), "PPPPVP-", "the residuals are");
+        row("hot strip beside the beam", cell(3, 6), "PPPPPPP", "37 % of the charge lies in");
+        row("hot strip on the flank", cell(14, 6), "PPPPPPP", "39 % of the charge lies in");
+        row("half too much at the top",
+            cell(17, 3),
+            "PPPPPPP",
+            "the residuals are 8.3 % of the peak");
+        row("dead strip at the peak", cell(17, 0, true), "PPPPPPP", "18 % of the charge lies in");
+        row("dead strip that nobody named", cell(17, 0), "-------", "the residuals are");
         const char *const flatTopped = "no Gaussian: the beam is flat-topped";
-        row("saturated", saturatedAt(1, true), "P-PPPP", flatTopped);
-        row("saturated, limit not stated", saturatedAt(1, false), "P-PPPP", flatTopped);
-        row("at the edge", ofBeamAt(30), "-VVV--", "the residuals are 20 % of the peak", 30);
-        row("beyond the edge", ofBeamAt(36), "------", "the residuals are 23 % of the peak", 36);
-        row("flat field", density(flat), "------", flatTopped, 0);
-        row("flat all over", density(even), "------", "no peak above 5 times the noise", 0);
-        row("dark", darkness, "------", "no peak above 5 times the noise", 0);
-        row("two beams", density(twoBeams), "------", "the residuals are 29 % of the peak", 0);
+        row("saturated", saturatedAt(1, true), "P-PPPPP", flatTopped);
+        row("saturated, limit not stated", saturatedAt(1, false), "P-PPPPP", flatTopped);
+        row("at the edge", ofBeamAt(30), "-VVVV--", "the residuals are 20 % of the peak", 30);
+        row("beyond the edge", ofBeamAt(36), "-------", "the residuals are 23 % of the peak", 36);
+        row("flat field", density(flat), "-------", flatTopped, 0);
+        row("flat all over", density(even), "-------", "no peak above 5 times the noise", 0);
+        row("dark", darkness, "-------", "no peak above 5 times the noise", 0);
+        row("two beams", density(twoBeams), "-------", "the residuals are 29 % of the peak", 0);
     }
     void whatGoesWrongIsTold()
     {

@@ -81,6 +81,7 @@ void DetectorControls::makeControls()
                            tr("Three points"),
                            tr("Regression"),
                            tr("Least squares"),
+                           tr("Least squares, linear background"),
                            tr("Half maximum"),
                            tr("Second moment")});
     m_estimator->setObjectName(QStringLiteral("comboBox_estimator"));

@@ -54,17 +54,11 @@ public:
         const BeamEstimate &estimate = m_plane.estimate;
         if (!m_plane.isGood()) // a Gaussian that does not describe the profile would mislead
             return line;
-        const double background =
-            std::isnan(estimate.background.value) ? 0 : estimate.background.value;
         constexpr int points = 200;
         const double from = m_plane.profile.lowerEdge(), to = m_plane.profile.upperEdge();
         for (int i = 0; i <= points; ++i) {
             const double place = from + (to - from) * i / points;
-            const double away = place - estimate.position.value;
-            const double gauss =
-                std::exp(-away * away / (2 * estimate.sigma.value * estimate.sigma.value));
-            line << point(place,
-                          background + estimate.slope * away + estimate.height.value * gauss);
+            line << point(place, estimate.densityAt(place));
         }
         return line;
     }

@@ -26,11 +26,7 @@ double PlacedFit::readingAt(double position) const
     // The bars are readings, which grow with the width of their cells.
     const double scale =
         profile.scales[left] + way * (profile.scales[right] - profile.scales[left]);
-    const double away = position - estimate.position.value;
-    const double sigma = estimate.sigma.value;
-    const double background = std::isnan(estimate.background.value) ? 0 : estimate.background.value;
-    return scale
-        * (background + estimate.height.value * std::exp(-away * away / (2 * sigma * sigma)));
+    return scale * estimate.densityAt(position);
 }
 
 QVector<QPointF> PlacedFit::curve(double divisor) const

@@ -435,30 +435,38 @@ private Q_SLOTS:
         QVERIFY(estimatesOfLastReading(statistics).image.isOk());
     }
 
-    //! Projections of a camera's image as strips: positions and widths of fits that another program made.
+    /*! Projections of a camera's image as strips: positions and widths of fits that another program made. Their background has a
+        slope, which a fit with a constant one turns into a bias of position. */
     void equalsTheReferenceOfTheProjections()
     {
         const QVector<QStringList> table = realReadings("lcls-otr-frames/reference.csv").mid(1);
         if (table.isEmpty())
             QSKIP("the folder of real readings is not there");
+        int compared = 0;
         for (const QStringList &row : table) {
             const double time = (row[1].toDouble() - table[0][1].toDouble());
             const StreamStatistics statistics =
                 statisticsOf(dataPath("lcls-otr-frames/projections_350x262.csv"), time, time);
             QCOMPARE(statistics.readings(), qint64(1));
             for (const PlaneEstimate &plane : estimatesOfLastReading(statistics).planes) {
-                if (plane.estimator != "least_squares")
+                if (!plane.estimator.startsWith("least_squares"))
                     continue;
+                const bool linear = plane.estimator == "least_squares_linear";
                 const int first = plane.plane == "x" ? 2 : 4;
-                // A pixel is counted from 1 here, and from 0 there; the background has a slope there.
+                // A pixel is counted from 1 here, and from 0 there.
                 const double position = row[first].toDouble() + 1.0;
                 const double sigma = row[first + 1].toDouble();
-                QVERIFY2(std::abs(plane.estimate.position.value - position) < 0.13,
-                         qPrintable(row[0]));
-                QVERIFY2(std::abs(plane.estimate.sigma.value / sigma - 1.0) < 0.021,
-                         qPrintable(row[0]));
+                QVERIFY2(std::abs(plane.estimate.position.value - position)
+                             < (linear ? 0.002 : 0.13),
+                         qPrintable(row[0] + plane.estimator));
+                // The reference takes the value in the middle of a pixel, which widens a narrow beam by 0.2 %.
+                QVERIFY2(std::abs(plane.estimate.sigma.value / sigma - 1.0)
+                             < (linear ? 0.004 : 0.021),
+                         qPrintable(row[0] + plane.estimator));
+                ++compared;
             }
         }
+        QCOMPARE(compared, table.size() * 4);
     }
 
     //! Compares all digits of a reference that was made with another tool.

@@ -106,18 +106,24 @@ void ProfilePage::setValueUnit(const QString &symbol)
 
 QStringList ProfilePage::numbers() const
 {
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
     const SpectrogramCalc calc = m_display->getCalc();
-    QStringList shape; // of which a single plane tells nothing
-    if (calc.meanX != SpectrogramCalc::invalid && calc.meanY != SpectrogramCalc::invalid)
-        shape = QStringList{tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1),
-                            tr("elongation %1").arg(calc.elongation, 0, 'f', 2)};
-    return QStringList{tr("mean X %1").arg(length(calc.meanX, true)),
-                       tr("mean Y %1").arg(length(calc.meanY, false)),
-                       tr("\u03c3 X %1").arg(length(calc.sigmaX, true)),
-                       tr("\u03c3 Y %1").arg(length(calc.sigmaY, false))}
-    + shape
-        + QStringList{tr("integral %1").arg(amount(calc.integral)),
-                      tr("max %1").arg(amount(calc.max))};
+    const Corvale_Qt::DetectorLayout layout = m_display->detectorLayout();
+    const bool hasX = layout.cells(Axis::X) > 0, hasY = layout.cells(Axis::Y) > 0;
+    QStringList texts;
+    if (hasX)
+        texts << tr("mean X %1").arg(length(calc.meanX, true));
+    if (hasY)
+        texts << tr("mean Y %1").arg(length(calc.meanY, false));
+    if (hasX)
+        texts << tr("\u03c3 X %1").arg(length(calc.sigmaX, true));
+    if (hasY)
+        texts << tr("\u03c3 Y %1").arg(length(calc.sigmaY, false));
+    if (hasX && hasY)
+        texts << tr("rotation %1\u00b0").arg(calc.rotation, 0, 'f', 1)
+              << tr("elongation %1").arg(calc.elongation, 0, 'f', 2);
+    texts << tr("integral %1").arg(amount(calc.integral)) << tr("max %1").arg(amount(calc.max));
+    return texts;
 }
 
 void ProfilePage::showNumbers()

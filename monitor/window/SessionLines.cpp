@@ -50,10 +50,12 @@ void SessionLines::noteStart(const StreamHeader &header)
 //! Says that the places of strips or pixels are not known, and how they can be stated.
 void SessionLines::noteAssumptions(const StreamHeader &header)
 {
+    using Axis = Corvale_Qt::DetectorLayout::Axis;
     const Corvale_Qt::DetectorLayout shown = detectorOf(header);
-    const bool isCounted =
-        !shown.isEmpty() && shown.unit(Corvale_Qt::DetectorLayout::Axis::X).isEmpty();
-    if (isCounted)
+    const auto isCounted = [&shown](Axis axis) {
+        return shown.cells(axis) > 0 && shown.unit(axis).isEmpty();
+    };
+    if (isCounted(Axis::X) || isCounted(Axis::Y))
         Q_EMIT written(
             tr("positions are counted in cells: nobody says how far apart they are; File > "
                "Settings > Readings, --detector or the stream can describe the detector"));

@@ -3,6 +3,7 @@
 #include "corvale_qt/beam/profile/DetectorControls_p.h"
 #include "corvale_qt/beam/profile/FrameFile_p.h"
 #include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/beam/profile/PlaneControls_p.h"
 #include "corvale_qt/beam/profile/PlotZoom_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram_p.h"
 
@@ -24,6 +25,7 @@ void RVXSpectrogramPrivate::setDescribed(const DetectorLayout &described)
         detectorControls->setLayoutShown(on);
     ui.label_title->setText(on ? described.summary() : RVXSpectrogram::tr("No Data"));
     ui.discriminator_QScienceSpinBox->setEnabled(false);
+    showControlsFor(described, ui);
     history->clear();
     clearFrame();
     plot->setDescribed(detector.shownLayout());

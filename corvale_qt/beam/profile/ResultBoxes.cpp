@@ -120,7 +120,8 @@ ChartWords ResultBoxes::words() const
           std::pair(RVXSpectrogram::tr("Mean Y"), m_ui.doubleSpinBox_meany),
           std::pair(RVXSpectrogram::tr("σ X"), m_ui.doubleSpinBox_dx),
           std::pair(RVXSpectrogram::tr("σ Y"), m_ui.doubleSpinBox_dy)})
-        numbers.append(QStringLiteral("%1 %2").arg(name, box->text()));
+        if (!box->isHidden()) // as those of a plane that the detector does not have are
+            numbers.append(QStringLiteral("%1 %2").arg(name, box->text()));
     return {m_ui.label_title->text() + QStringLiteral(", ") + m_ui.label_valid->text(),
             numbers.join(QStringLiteral("; "))};
 }

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+#include "corvale_qt/detector/DetectorLayout.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_picker.h>
+
+#include <QRegularExpression>
 
 using namespace Corvale_Qt;
 
@@ -357,6 +360,49 @@ private Q_SLOTS:
         QCOMPARE(plot->hoverText(QPointF(3.5, 12.0)), QString("Channel 94: 2e-10")); // on the edge
         QCOMPARE(plot->hoverText(QPointF(0.5, 0.5)), QString("Out of bounds"));
         QVERIFY(plot->findChild<QwtPlotPicker *>());
+    }
+
+    void controlsThatNoDetectorObeysAreHidden_data()
+    {
+        columns<int, int>("columns", "rows");
+        QTest::addColumn<QString>("offered");
+        QTest::newRow("x only") << 8 << 0 << "meanx invertX";
+        QTest::newRow("y only") << 0 << 8 << "meany invertY";
+        QTest::newRow("both") << 8 << 8
+                              << "meanx meany major xorigin yorigin invertX invertY ellipse arrow";
+    }
+    void controlsThatNoDetectorObeysAreHidden()
+    {
+        QFETCH(int, columns);
+        QFETCH(int, rows);
+        DetectorDescription description;
+        description.kind = DetectorKind::Strips;
+        description.x = columns > 0 ? DetectorAxis::counted(columns) : DetectorAxis();
+        description.y = rows > 0 ? DetectorAxis::counted(rows) : DetectorAxis();
+        Display display;
+        const auto offered = [&display] {
+            QStringList names;
+            for (const char *name : {"doubleSpinBox_meanx",
+                                     "doubleSpinBox_meany",
+                                     "doubleSpinBox_major",
+                                     "xorigin_doubleSpinBox",
+                                     "yorigin_doubleSpinBox",
+                                     "checkBox_invertX",
+                                     "checkBox_invertY",
+                                     "checkBox_ellipse",
+                                     "checkBox_arrow",
+                                     "discriminator_QScienceSpinBox"})
+                if (!display.control<QWidget>(name)->isHidden())
+                    names << QString(name).remove(
+                        QRegularExpression("checkBox_|_?(double|QScience)?SpinBox_?"));
+            return names.join(' ');
+        };
+        const QString all = offered();
+        QVERIFY(all.endsWith("discriminator"));
+        display.widget.setLayout(DetectorLayout::fromDescription(description));
+        QTEST(offered(), "offered");
+        display.choose(Detector::Strips);
+        QCOMPARE(offered(), all);
     }
 
     void ellipseControlsGoTogether()

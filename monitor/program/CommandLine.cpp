@@ -3,6 +3,7 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/nexus/NexusFiles.h"
+#include "monitor/program/OptionConflicts.h"
 #include "monitor/program/OptionTexts.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/session/RotationText.h"
@@ -224,37 +225,22 @@ const QVector<QPair<QString, CommandLine::Task>> &taskOptions()
     return tasks;
 }
 
-//! Returns what options that make sense alone contradict in each other; empty if they agree.
-QString contradiction(const CommandLine &wanted, const ValueReader &values)
+/*! Returns the options that were given beside those that name the source and the settings, as they would be typed:
+    "--span 2h". */
+QStringList typedOptions(const QCommandLineParser &parser)
 {
-    if (wanted.file.from > wanted.file.to)
-        return Text::tr(
-                   "--from %1 --to %2: there is nothing between them; --from must be the earlier "
-                   "time")
-            .arg(values.text("from"), values.text("to"));
-    if (values.isSet("rotate") && wanted.record.path.isEmpty())
-        return Text::tr(
-                   "--rotate %1 says when a recording begins a new file, but nothing is recorded; "
-                   "add --record "
-                   "PATH")
-            .arg(values.text("rotate"));
-    if (isNexusName(wanted.record.path))
-        return Text::tr(
-                   "--record %1: what is being recorded is text; record to a file that ends in "
-                   ".csv, and add --segments hdf5 to have it as HDF5 once it is complete")
-            .arg(wanted.record.path);
-    if (wanted.task == CommandLine::Task::Headless && !wanted.publishes()
-        && wanted.record.path.isEmpty())
-        return Text::tr("--headless reads without showing anything; add --publish ADDRESS or "
-                        "--record PATH");
-    const bool convertsToHdf5 =
-        wanted.task == CommandLine::Task::Convert && isNexusName(wanted.output);
-    if (convertsToHdf5 && wanted.record.segments != SegmentForm::Text)
-        return Text::tr(
-                   "--convert %1 writes HDF5, which is compressed already; leave --compress and "
-                   "--segments out")
-            .arg(wanted.output);
-    return {};
+    static const QStringList elsewhere = {"source", "measured", "settings"};
+    QStringList names = parser.optionNames();
+    names.removeDuplicates();
+    QStringList typed;
+    for (const QString &name : qAsConst(names)) {
+        if (elsewhere.contains(name))
+            continue;
+        QStringList values = parser.values(name);
+        values.prepend(QStringLiteral("--") + name);
+        typed.append(values.join(QLatin1Char(' ')));
+    }
+    return typed;
 }
 
 //! Reads what is to be done; more than one thing is an error.
@@ -436,13 +422,14 @@ bool CommandLine::parse(const QStringList &arguments, QString *error)
     file.passesDamage = task == Task::Check;
     record.overwrite = parser.isSet(QStringLiteral("overwrite"));
     pluginPath = parser.values(QStringLiteral("plugin-path"));
+    givenOptions = typedOptions(parser);
     output = values.text(outputOption(task));
     if (task == Task::Repair && sourceGiven)
         *error = Text::tr("--repair takes one file, and no source; repair the files one by one");
     if (error->isEmpty())
         *error = values.error();
     if (error->isEmpty())
-        *error = contradiction(*this, values);
+        *error = optionConflict(*this, parser);
     return error->isEmpty();
 }
 

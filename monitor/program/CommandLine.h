@@ -63,6 +63,8 @@ struct CommandLine
     double toleranceX = 0.0;
     double toleranceY = 0.0;
     QStringList pluginPath; //!< the folders of each --plugin-path
+    //! The options beside those of sources and settings, as they would be typed: "--span 2h".
+    QStringList givenOptions;
     QString settings;
     QString language; //!< of --language, like "de"; empty without it
     bool diagnostics = false; //!< whether the end tells how long the turns of the event loop were

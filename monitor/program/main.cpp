@@ -5,11 +5,11 @@
 #include "monitor/program/Language.h"
 #include "monitor/program/QuietMessages.h"
 #include "monitor/program/RepairRun.h"
+#include "monitor/program/SecondStart.h"
 #include "monitor/program/WindowRun.h"
 #include "monitor/sources/SourcePlugins.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/MonitorWindow.h"
-#include "monitor/window/SourceSwitch.h"
 #include "monitor/window/WindowSettings.h"
 #include <corvale_qt/widgets/QtSingleApplication.h>
 
@@ -18,7 +18,6 @@
 #include <QIcon>
 #include <QLocale>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -82,39 +81,6 @@ bool hasDisplay()
 #endif
 }
 
-//! Returns what an open window does not do that the command line asks for, as a sentence; empty if there is no such thing.
-QString undone(const CommandLine &commandLine, const QString &settings)
-{
-    const auto isMissing = [&settings](const NamedAddress &source) {
-        return !SourceSwitch::isOpenIn(settings, source.address);
-    };
-    const auto &sources = commandLine.sources;
-    const auto missing = std::find_if(sources.begin(), sources.end(), isMissing);
-    if (commandLine.sourceGiven && missing != sources.end())
-        return Text::tr("%1 was not opened: a window with these settings is open already and shows "
-                        "another source. Open it there with File > Open... or File > Connect..., "
-                        "or give it a window of its own with --settings FILE")
-            .arg(missing->address);
-    if (!commandLine.record.path.isEmpty())
-        return Text::tr("%1 was not begun: a window with these settings is open already. Record "
-                        "there with File > Record..., or give the recording a window of its own "
-                        "with --settings FILE")
-            .arg(commandLine.record.path);
-    return QString();
-}
-
-/*! Says that the window of these settings is open already. What it does not do of that which the command line asks for is an
-    error. */
-int answerSecondStart(const CommandLine &commandLine, const QString &settings)
-{
-    const QString error = undone(commandLine, settings);
-    complain(error.isEmpty()
-                 ? Text::tr("a window with these settings is open already and was brought to the "
-                            "front; --settings FILE opens another")
-                 : error);
-    return error.isEmpty() ? ExitGood : ExitUsage;
-}
-
 //! Each settings file has one window: a second start brings the existing window to the front.
 int runOnScreen(const CommandLine &commandLine, char **argv)
 {
@@ -125,8 +91,11 @@ int runOnScreen(const CommandLine &commandLine, char **argv)
     QtSingleApplication application(settings, qtArguments, argv);
     nameApplication();
     dressApplication();
-    if (application.sendMessage(commandLine.source))
-        return answerSecondStart(commandLine, settings);
+    if (application.sendMessage(commandLine.source)) {
+        const SecondStart second(commandLine, settings);
+        complain(second.message());
+        return second.isDone() ? ExitGood : ExitUsage;
+    }
     installLanguage(commandLine.language.isEmpty() ? keptOptions(WindowSettings(settings)).language
                                                    : commandLine.language);
     WindowRun run(commandLine);

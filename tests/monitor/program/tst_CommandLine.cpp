@@ -134,6 +134,9 @@ private Q_SLOTS:
         row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
         row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");
         row("rotation without a recording", "sim:ic4 --rotate 1h", "add --record");
+        row("a form without a recording", "sim:ic4 --compress", "--compress says what becomes");
+        row("nothing to replace", "--stats a.csv --overwrite", "--overwrite lets a file");
+        row("the look of no window", "--check a.csv --span 2h", "--span says how a window");
         row("two tasks", "--stats --check a.csv", "--stats and --check");
         row("a picture of two sources", "--screenshot p.png a.csv b.csv", "a.csv, b.csv");
         row("two sources to convert", "--convert o.csv a.csv b.csv", "the readings of one source");

@@ -62,11 +62,13 @@ void TcpClientSource::close()
 {
     m_up = false;
     m_socket.abort();
+    m_end.end();
 }
 
 void TcpClientSource::socketConnected()
 {
     setUpSocket(&m_socket);
+    m_end.watch(m_socket);
     m_up = true;
     m_answered = true;
     connected();
@@ -84,17 +86,22 @@ void TcpClientSource::socketReadable()
 
 void TcpClientSource::socketFailed()
 {
-    const bool closedByPeer = m_socket.error() == QAbstractSocket::RemoteHostClosedError;
+    const bool wasReset = m_end.wasReset();
+    const bool endedByPeer = m_socket.error() == QAbstractSocket::RemoteHostClosedError;
     const LoggedText why = LoggedText::ofSystem(m_socket.errorString());
     const LoggedText came = LoggedText::of([&] {
-        return closedByPeer ? tr("closed by the other side") : why.now();
+        if (!endedByPeer)
+            return why.now();
+        return wasReset ? tr("reset by the other side, which did not close the connection")
+                        : tr("closed by the other side");
     });
+    m_end.end();
     while (m_up && m_socket.bytesAvailable() > 0) {
         const QByteArray rest = m_socket.readAll();
         takeBytes({rest.constData(), std::size_t(rest.size())});
     }
     m_up = false;
-    lostBecause(came, closedByPeer);
+    lostBecause(came, endedByPeer && !wasReset);
 }
 
 void TcpClientSource::poll()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/sources/LineSource.h"
+#include "monitor/sources/SocketEnd.h"
 
 #include <QTcpSocket>
 
@@ -50,6 +51,7 @@ private:
     const quint16 m_port;
     const Question m_question;
     QTcpSocket m_socket;
+    SocketEnd m_end;
     double m_askedAt = 0.0;
     bool m_answered = true;
     bool m_up = false;

@@ -66,22 +66,30 @@ void TcpServerSource::peerArrived()
         connect(peer, &QTcpSocket::readyRead, this, [this, peer] {
             readPeer(peer);
         });
+        m_end.watch(*peer);
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
-            readPeer(peer);
-            const bool inOrder = peer->error() == QAbstractSocket::RemoteHostClosedError;
-            const LoggedText why = LoggedText::ofSystem(peer->errorString());
-            dropPeer();
-            peerLeft(LoggedText::of([&] {
-                         const QString how = inOrder
-                             ? tr("the peer closed the connection")
-                             : tr("the connection broke (%1)").arg(why.now());
-                         return QStringLiteral("%1: %2").arg(description(), how);
-                     }),
-                     inOrder);
+            peerGone(peer);
         });
         connected();
         readPeer(peer);
     }
+}
+
+void TcpServerSource::peerGone(QTcpSocket *peer)
+{
+    readPeer(peer);
+    const bool wasReset = m_end.wasReset();
+    const bool endedByPeer = peer->error() == QAbstractSocket::RemoteHostClosedError;
+    const LoggedText why = LoggedText::ofSystem(peer->errorString());
+    dropPeer();
+    const LoggedText text = LoggedText::of([&] {
+        QString how = tr("the connection broke (%1)").arg(why.now());
+        if (endedByPeer)
+            how = wasReset ? tr("the peer reset the connection instead of closing it")
+                           : tr("the peer closed the connection");
+        return QStringLiteral("%1: %2").arg(description(), how);
+    });
+    peerLeft(text, endedByPeer && !wasReset);
 }
 
 /*! Drops the peer whose place another one takes: when an instrument restarts, its old connection may linger half open.
@@ -114,6 +122,7 @@ void TcpServerSource::dropPeer()
     m_peer->abort();
     m_peer->deleteLater();
     m_peer.clear();
+    m_end.end();
 }
 
 } // namespace Monitor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/sources/LineSource.h"
+#include "monitor/sources/SocketEnd.h"
 
 #include <QHostAddress>
 #include <QPointer>
@@ -33,6 +34,7 @@ protected:
 private:
     void peerArrived();
     void replacePeer();
+    void peerGone(QTcpSocket *peer);
     void readPeer(QTcpSocket *peer);
     void dropPeer();
 
@@ -40,6 +42,7 @@ private:
     const quint16 m_port;
     QTcpServer m_server;
     QPointer<QTcpSocket> m_peer;
+    SocketEnd m_end; //!< of the peer's connection
 };
 
 } // namespace Monitor

@@ -73,6 +73,14 @@ bool say(int file, const char *text)
     return ::write(file, text, strlen(text)) == ssize_t(strlen(text));
 }
 
+//! Breaks a connection off without closing it, as a machine does that was switched off and on again.
+void reset(QTcpSocket *peer)
+{
+    const linger none = {1, 0};
+    ::setsockopt(int(peer->socketDescriptor()), SOL_SOCKET, SO_LINGER, &none, sizeof(none));
+    peer->abort();
+}
+
 //! Every source of lines against a real peer: a socket, a pipe, a pseudo-terminal.
 class tst_LineSources : public QObject
 {
@@ -355,6 +363,33 @@ private Q_SLOTS:
             QVERIFY(source == &closed
                     || noted[0][0].toString().startsWith("WARNING: tcp-listen://0.0.0.0:0"));
         }
+    }
+
+    //! A peer that breaks off is no peer that has finished: what it sent last may be missing.
+    void aResetIsNoEnd()
+    {
+        Server server;
+        server.source.start();
+        QTcpSocket sender;
+        QVERIFY(server.connectPeer(sender, "0,1\n1,2\n"));
+        QTRY_COMPARE(server.log.times.size(), 2);
+        reset(&sender);
+        QTRY_COMPARE(server.source.state(), Source::State::Connecting);
+        QVERIFY2(server.source.stateText().contains("the peer reset the connection"),
+                 qPrintable(server.source.stateText()));
+
+        Instrument instrument;
+        Client client(instrument.serverPort());
+        client.source.setReconnecting(false);
+        client.source.start();
+        QVERIFY(instrument.accept());
+        instrument.say("0,1\n1,2\n");
+        QTRY_COMPARE(client.source.counts().lines, qint64(2));
+        reset(instrument.peer);
+        QTRY_COMPARE(client.source.state(), Source::State::Failed);
+        QVERIFY2(client.source.stateText().contains("reset by the other side"),
+                 qPrintable(client.source.stateText()));
+        QCOMPARE(client.log.times.size(), 2);
     }
 
     void tcpServer()

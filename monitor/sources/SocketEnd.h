@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+class QTcpSocket;
+
+namespace Monitor {
+
+/*! Tells how the other side ended a TCP connection. Qt reports a reset (RST) as if the other side had closed the connection (FIN), and its
+    descriptor is closed by then. A second one keeps what the system knows until end() is called, and the connection with it. */
+class SocketEnd
+{
+public:
+    SocketEnd() = default;
+    ~SocketEnd();
+    SocketEnd(const SocketEnd &) = delete;
+    SocketEnd &operator=(const SocketEnd &) = delete;
+
+    //! Begins with a socket that is connected.
+    void watch(const QTcpSocket &socket);
+    //! Returns whether the other side has reset the connection; false where the system does not tell.
+    bool wasReset() const;
+    //! Lets the connection go; call it wherever the socket is closed.
+    void end();
+
+private:
+    int m_descriptor = -1;
+};
+
+} // namespace Monitor

@@ -108,6 +108,7 @@ bool WindowRun::openSession()
         if (!import)
             return false; // the person does not want to open it
         file.import = *import;
+        m_importNote = importNote(file.import);
     }
     SourceFactory factory(m_clock, file);
     std::unique_ptr<Source> source =
@@ -269,7 +270,8 @@ void WindowRun::openWindow()
     if (m_commandLine.span > 0.0)
         m_window->displays().spanControl()->box()->setSpan(m_commandLine.span);
     connect(m_session.get(), &Session::streamStarted, this, &WindowRun::showDisplay);
-    for (const QString &note : QStringList{m_detectorNote, m_recordingNote} + m_besideNotes)
+    for (const QString &note :
+         QStringList{m_detectorNote, m_importNote, m_recordingNote} + m_besideNotes)
         if (!note.isEmpty())
             Q_EMIT m_session->noted(note);
     if (!isPicture()) {

@@ -73,6 +73,7 @@ private:
     //! For each source of the command line, null if its results are not published; until its session has it.
     std::vector<std::unique_ptr<CorvaleMonitor::Publication>> m_publications;
     std::unique_ptr<MonitorWindow> m_window;
+    QString m_importNote; //!< for the log: how the table is read
     QString m_detectorNote; //!< for the log: which detector was remembered
     QString m_recordingNote; //!< for the log: why an interrupted recording does not go on
     QStringList m_besideNotes; //!< for the log: which sources are not read again

@@ -50,6 +50,11 @@ FileMenu::FileMenu(Session &session,
     open->setObjectName(QStringLiteral("open"));
     m_recent = addMenu(tr("Open recen&t"));
     m_recent->setObjectName(QStringLiteral("recent"));
+    m_readAgain = addAction(symbol(QStringLiteral("again")),
+                            tr("Read a&gain as..."),
+                            &sources,
+                            &SourceSwitch::readAgain);
+    m_readAgain->setObjectName(QStringLiteral("readAgain"));
     QAction *connection = addAction(symbol(QStringLiteral("connect")),
                                     tr("&Connect..."),
                                     this,
@@ -88,6 +93,7 @@ FileMenu::FileMenu(Session &session,
 void FileMenu::refresh()
 {
     m_close->setEnabled(!m_session.source().isNone());
+    m_readAgain->setEnabled(m_sources.isTable());
     m_recent->setEnabled(!m_sources.recent().isEmpty());
     listRecent();
 }

@@ -39,6 +39,7 @@ private:
     WindowSettings &m_settings;
     QWidget *m_window;
     QMenu *m_recent;
+    QAction *m_readAgain;
     QAction *m_close;
 };
 

@@ -3,6 +3,7 @@
 
 #include "monitor/input/ImportGuess.h"
 #include "monitor/input/TablePreview.h"
+#include "monitor/window/ScreenFit.h"
 #include "monitor/window/WindowSettings.h"
 
 #include <QComboBox>
@@ -52,22 +53,46 @@ std::optional<ImportOptions>
 ImportDialog::optionsFor(const QString &path, WindowSettings *settings, QWidget *parent)
 {
     const ImportGuess guess = ImportGuess::of(sampleOf(path));
-    if (!guess.isNeeded)
-        return ImportOptions();
     ImportOptions options;
     QString error;
-    const bool isKnown = settings && !guess.header.isEmpty();
-    const QString kept = isKnown ? settings->importFor(keyOf(guess.header)) : QString();
-    // The same names may stand above other numbers; then the person is asked again.
+    const QString kept =
+        settings && !guess.header.isEmpty() ? settings->importFor(keyOf(guess.header)) : QString();
+    // The same names may stand above other numbers; then the answer for them does not hold.
     if (!kept.isEmpty() && ImportOptions::fromText(kept, &options, &error)
         && canRead(path, options))
         return options;
+    if (!guess.isNeeded)
+        return ImportOptions();
     ImportDialog dialog(path, parent);
-    if (dialog.exec() != QDialog::Accepted)
+    return dialog.answer(guess.header, settings);
+}
+
+std::optional<ImportOptions> ImportDialog::otherOptions(const QString &path,
+                                                        const ImportOptions &present,
+                                                        WindowSettings *settings,
+                                                        QWidget *parent)
+{
+    const QString header = ImportGuess::of(sampleOf(path)).header;
+    ImportDialog dialog(path, parent);
+    dialog.setReason(
+        header.isEmpty()
+            ? tr("The table is read again from its beginning. It has no line of names by which "
+                 "others of its kind are known, so the answer holds for this time.")
+            : tr("The table is read again from its beginning. The answer is kept for files with "
+                 "the same header."));
+    dialog.setOptions(present);
+    return dialog.answer(header, settings);
+}
+
+//! Asks, and keeps the answer for the header unless that is empty.
+std::optional<ImportOptions> ImportDialog::answer(const QString &header, WindowSettings *settings)
+{
+    fitToScreen(this);
+    if (exec() != Accepted)
         return std::nullopt;
-    if (isKnown)
-        settings->setImportFor(keyOf(guess.header), dialog.options().text());
-    return dialog.options();
+    if (settings && !header.isEmpty())
+        settings->setImportFor(keyOf(header), options().text());
+    return options();
 }
 
 ImportDialog::ImportDialog(const QString &path, QWidget *parent)
@@ -77,14 +102,18 @@ ImportDialog::ImportDialog(const QString &path, QWidget *parent)
     setWindowTitle(tr("How is %1 read?").arg(QFileInfo(path).fileName()));
     addControls();
     const ImportGuess guess = ImportGuess::of(sampleOf(path));
-    findChild<QLabel *>(QStringLiteral("importReason"))
-        ->setText(guess.reason.isEmpty()
-                      ? tr("This table is read as it is.")
-                      : tr("This is not a recording of the monitor: %1.").arg(guess.reason));
+    setReason(guess.reason.isEmpty()
+                  ? tr("This table is read as it is.")
+                  : tr("This is not a recording of the monitor: %1.").arg(guess.reason));
     setOptions(guess.options);
 }
 
 ImportDialog::~ImportDialog() = default;
+
+void ImportDialog::setReason(const QString &reason)
+{
+    findChild<QLabel *>(QStringLiteral("importReason"))->setText(reason);
+}
 
 QComboBox *ImportDialog::addChoice(const char *name, const QString &label, const QString &toolTip)
 {

@@ -31,6 +31,13 @@ public:
     static std::optional<ImportOptions>
     optionsFor(const QString &path, WindowSettings *settings, QWidget *parent = nullptr);
 
+    /*! Asks how a file that was read as \a present is to be read instead, and keeps the answer in \a settings for its header.
+        Returns nothing if the person cancels. */
+    static std::optional<ImportOptions> otherOptions(const QString &path,
+                                                     const ImportOptions &present,
+                                                     WindowSettings *settings,
+                                                     QWidget *parent = nullptr);
+
     //! Begins with what the file seems to be; \a path may be any file.
     explicit ImportDialog(const QString &path, QWidget *parent = nullptr);
     ~ImportDialog() override;
@@ -40,6 +47,8 @@ public:
     void setOptions(const ImportOptions &options);
 
 private:
+    std::optional<ImportOptions> answer(const QString &header, WindowSettings *settings);
+    void setReason(const QString &reason);
     void addControls();
     void addColumnControls();
     void addTimeControls();

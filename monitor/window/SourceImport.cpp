@@ -18,4 +18,20 @@ std::optional<ImportOptions> importOfSource(const QString &source,
     return isTable && given.isUsual() ? ImportDialog::optionsFor(path, settings, parent) : given;
 }
 
+const FileSource *tableOf(const Source &source)
+{
+    const auto *file = qobject_cast<const FileSource *>(&source);
+    return file && !isHdf5File(file->path()) ? file : nullptr;
+}
+
+QString importNote(const ImportOptions &import)
+{
+    // English as all lines of the log.
+    return import.isUsual()
+        ? QString()
+        : QStringLiteral(
+              "the table is read by --import \"%1\"; File > Read again as... changes that")
+              .arg(import.text());
+}
+
 } // namespace Monitor

@@ -11,6 +11,8 @@ class QWidget;
 
 namespace Monitor {
 
+class FileSource;
+class Source;
 class WindowSettings;
 
 /*! Returns how a source, as the command line has it, is to be read: as \a given if that says anything or if the source is no
@@ -19,5 +21,10 @@ std::optional<ImportOptions> importOfSource(const QString &source,
                                             const ImportOptions &given,
                                             WindowSettings *settings,
                                             QWidget *parent = nullptr);
+
+//! Returns the source if it is a table, whose signs a person may have to explain; otherwise null.
+const FileSource *tableOf(const Source &source);
+//! Returns a line for the log that says how a table is read; empty if it is read as the line protocol says.
+QString importNote(const ImportOptions &import);
 
 } // namespace Monitor

@@ -5,6 +5,7 @@
 #include "monitor/session/Session.h"
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/window/ImportDialog.h"
 #include "monitor/window/KeptCompanions.h"
 #include "monitor/window/SourceDetector.h"
 #include "monitor/window/SourceImport.h"
@@ -48,26 +49,47 @@ void SourceSwitch::setCurrent(const QString &text)
 
 bool SourceSwitch::open(const QString &text)
 {
-    FileSource::Options file = m_options.file;
     const std::optional<ImportOptions> import =
-        importOfSource(text, file.import, &m_settings, m_window);
-    if (!import)
-        return false; // the person does not want to open it
-    file.import = *import;
+        importOfSource(text, m_options.file.import, &m_settings, m_window);
+    return import // otherwise the person does not want to open it
+        && openAs(text, *import, tr("Opening another source ends the recording."));
+}
+
+bool SourceSwitch::isTable() const
+{
+    return tableOf(m_session.source()) != nullptr;
+}
+
+bool SourceSwitch::readAgain()
+{
+    const FileSource *table = tableOf(m_session.source());
+    if (!table)
+        return false;
+    const std::optional<ImportOptions> import =
+        ImportDialog::otherOptions(table->path(), table->options().import, &m_settings, m_window);
+    return import && openAs(m_current, *import, tr("Reading the table again ends the recording."));
+}
+
+//! Opens a source whose table, if it is one, is read in this way; \a ending says what that does to a recording.
+bool SourceSwitch::openAs(const QString &text, const ImportOptions &import, const QString &ending)
+{
+    FileSource::Options file = m_options.file;
+    file.import = import;
     SourceFactory factory(m_session.clock(), file);
     std::unique_ptr<Source> source = factory.make(text);
     if (!source) {
         QMessageBox::warning(m_window, tr("Open"), factory.errorString());
         return false;
     }
-    if (!mayEndRecording(tr("Opening another source ends the recording.")))
+    if (!mayEndRecording(ending))
         return false;
     const SourceDetector detector = keptDetector(text, m_options.detectorFile, m_settings);
     m_session.setDetector(detector.layout);
     m_session.replaceSource(std::move(source));
     setCurrent(text);
-    if (!detector.note.isEmpty())
-        Q_EMIT m_session.noted(detector.note);
+    for (const QString &note : {detector.note, importNote(import)})
+        if (!note.isEmpty())
+            Q_EMIT m_session.noted(note);
     recordIfWanted();
     return true;
 }

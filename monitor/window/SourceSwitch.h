@@ -28,6 +28,11 @@ public:
 
     //! Opens what a text on the command line would. Returns false, after a message, if it stays closed.
     bool open(const QString &text);
+    //! Returns whether the open source is a table, which can be read in more than one way.
+    bool isTable() const;
+    /*! Asks how the table that is open is read, beginning with how it is read now, and reads it again from its beginning.
+        Returns false if it stays as it is. */
+    bool readAgain();
     //! Closes the source; the window then shows none.
     void close();
     //! Returns the text of the open source; empty if none is open.
@@ -55,6 +60,7 @@ Q_SIGNALS:
     void optionsChanged(const Monitor::MonitorOptions &options);
 
 private:
+    bool openAs(const QString &text, const ImportOptions &import, const QString &ending);
     bool mayEndRecording(const QString &what) const;
     void recordIfWanted();
     void remember();

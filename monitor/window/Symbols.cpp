@@ -18,6 +18,7 @@ const QMap<QString, QByteArray> &shapes()
     static const QMap<QString, QByteArray> all = {
         {"open", "M3 19V5h6l2 3h9v3M3 19l4-8h15l-3 8z"},
         {"connect", "M4 12h5M15 12h5M9 7v10h3a5 5 0 0 0 0-10zM15 9v6"},
+        {"again", "M5 12a7 7 0 1 0 2-5M7 3v4h4"},
         {"close", "M6 6l12 12M18 6L6 18"},
         {"record", "M12 5a7 7 0 1 0 .01 0zM12 10a2 2 0 1 0 .01 0z"},
         {"picture", "M3 5h18v14H3zM3 17l6-6 4 4 3-3 5 5M8 8.5h.01"},

@@ -167,6 +167,48 @@ private Q_SLOTS:
         QCOMPARE(w.number(0), 3.5);
     }
 
+    //! An answer that was wrong is given anew, by keys, for the open table and for others like it.
+    void aWrongAnswerIsCorrected()
+    {
+        SmallWindow w(file("again.xui"));
+        const QString table = file("again.csv"), like = file("like.csv");
+        putFile(table, "time_s,a_nA,b_nA\n0,1,5\n0.1,2,5\n0.2,3,5\n");
+        putFile(like, "time_s,a_nA,b_nA\n0,7,8\n0.1,8,9\n");
+        QVERIFY(!w.action("readAgain")->isEnabled());
+        QVERIFY(w.window.sources().open(table)); // nothing is asked: it is a usual table
+        QVERIFY(w.action("readAgain")->isEnabled());
+        const auto readAgain = [&](const QString &present, bool wanted) {
+            w.window.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&w.window));
+            press(Qt::Key_F, Qt::AltModifier);
+            QTRY_VERIFY(QApplication::activePopupWidget());
+            onNextDialog([=](QDialog *dialog) {
+                auto *import = qobject_cast<ImportDialog *>(dialog);
+                QCOMPARE(import->options().text(), present);
+                ImportOptions other;
+                other.timeColumn = 3;
+                import->setOptions(other);
+                if (wanted)
+                    import->accept();
+            });
+            press(Qt::Key_G);
+        };
+        readAgain(QString(), false);
+        QVERIFY(!w.log().contains("Read again as"));
+        readAgain(QString(), true);
+        QVERIFY(w.log().contains("--import \"time=3\""));
+        QCOMPARE(w.window.sources().current(), table);
+        w.clock.advance(0.1);
+        QCOMPARE(w.number(1), 3.0); // "a", behind the time that is a channel now
+        readAgain("time=3", false); // the dialog begins with the answer that was given
+        QVERIFY(w.window.sources().open(like));
+        QVERIFY(w.log().contains("--import \"time=3\""));
+        w.clock.advance(0.1);
+        QCOMPARE(w.number(1), 7.0);
+        QVERIFY(w.window.sources().open("sim:ic4"));
+        QVERIFY(!w.action("readAgain")->isEnabled());
+    }
+
     void eachSourceHasItsOwnDetector()
     {
         const QString settings = file("detectors.xui");

@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStackedWidget>
 
 #include <algorithm>
 
@@ -31,7 +30,7 @@ ConnectDialog::ConnectDialog(Clock &clock, const FileSource::Options &options, Q
     , m_forgetButton(new QPushButton(tr("For&get"), this))
     , m_kinds(new QListWidget(this))
     , m_forms(newSourceForms(this))
-    , m_pages(new QStackedWidget(this))
+    , m_pages(new QWidget(this))
     , m_text(new QLabel(this))
     , m_report(new QPlainTextEdit(this))
     , m_testButton(new QPushButton(tr("&Test"), this))
@@ -76,11 +75,14 @@ ConnectDialog::ConnectDialog(Clock &clock, const FileSource::Options &options, Q
 //! Returns the list of kinds beside the fields of the chosen kind, which scroll where the screen is small.
 QWidget *ConnectDialog::newForms()
 {
+    auto *pages = new QVBoxLayout(m_pages);
+    pages->setContentsMargins(0, 0, 0, 0);
     for (SourceForm *page : m_forms) {
         m_kinds->addItem(page->title());
-        m_pages->addWidget(page);
+        pages->addWidget(page);
         connect(page, &SourceForm::edited, this, &ConnectDialog::refresh);
     }
+    pages->addStretch(1);
     m_kinds->setObjectName(QStringLiteral("kinds"));
     m_kinds->setAccessibleName(tr("Kind of source"));
     m_kinds->setFixedWidth(m_kinds->sizeHintForColumn(0)
@@ -98,7 +100,8 @@ QWidget *ConnectDialog::newForms()
     layout->addWidget(m_kinds);
     layout->addWidget(scroll, 1);
     connect(m_kinds, &QListWidget::currentRowChanged, this, [this](int row) {
-        m_pages->setCurrentIndex(row);
+        for (int page = 0; page < m_forms.size(); ++page)
+            m_forms.at(page)->setVisible(page == row); // a hidden one takes no room
         refresh();
     });
     m_kinds->setCurrentRow(0);
@@ -130,7 +133,7 @@ QLayout *ConnectDialog::newKeptRow()
 
 SourceForm *ConnectDialog::form() const
 {
-    return m_forms.at(qMax(0, m_pages->currentIndex()));
+    return m_forms.at(qMax(0, m_kinds->currentRow()));
 }
 
 QString ConnectDialog::source() const

@@ -11,7 +11,6 @@ class QLabel;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
-class QStackedWidget;
 
 namespace Monitor {
 
@@ -66,7 +65,7 @@ private:
     QPushButton *m_forgetButton;
     QListWidget *m_kinds;
     const QList<SourceForm *> m_forms;
-    QStackedWidget *m_pages;
+    QWidget *m_pages; //!< a form for each kind, of which one is visible
     QLabel *m_text;
     QPlainTextEdit *m_report;
     QPushButton *m_testButton;

@@ -14,9 +14,16 @@ public:
     {
         setTextFormat(Qt::PlainText);
         setForegroundRole(QPalette::PlaceholderText);
-        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+        setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         setWordWrap(
             true); // after the policy, to which it adds that the height depends on the width
+    }
+    //! Returns one line, so that a form gives each text the lines that its width needs, and none that a label guesses.
+    QSize sizeHint() const override { return {QLabel::sizeHint().width(), fontMetrics().height()}; }
+    QSize minimumSizeHint() const override
+    {
+        return {QLabel::minimumSizeHint().width(), fontMetrics().height()};
     }
 };
 

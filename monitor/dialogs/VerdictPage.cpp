@@ -131,6 +131,9 @@ VerdictPage::VerdictPage(QWidget *parent)
     setFocusPolicy(Qt::NoFocus); // Tab leads from the tabs to the first field
     setWidgetResizable(true);
     setWidget(page);
+    // The page has the ground of the tabs, as the others.
+    viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
 }
 
 QSize VerdictPage::sizeHint() const

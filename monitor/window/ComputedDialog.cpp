@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ComputedDialog.h"
 
+#include "monitor/window/Look.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -228,8 +230,10 @@ void ComputedDialog::markPlace(int position)
         mark.cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
         mark.cursor.movePosition(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
         mark.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-        mark.format.setUnderlineColor(Qt::red);
-        mark.format.setBackground(QColor(255, 80, 70, 90));
+        const QColor trouble = Look::ground(Look::State::Trouble);
+        constexpr double faint = 0.35;
+        mark.format.setUnderlineColor(trouble);
+        mark.format.setBackground(Look::mixed(palette().color(QPalette::Base), trouble, faint));
         marks << mark;
     }
     m_expression->setExtraSelections(marks);

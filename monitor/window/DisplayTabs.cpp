@@ -6,6 +6,7 @@
 #include "monitor/window/Baseline.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/StateBadge.h"
+#include "monitor/window/Symbols.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
 #include <corvale_qt/scope/RVXScope.h>
@@ -70,6 +71,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     showValuesForPeople(*m_scope->plotView());
     m_scope->plotView()->setGapIntervals(usualGapIntervals);
     letOperatorMove(*m_scope);
+    giveSymbols(m_scope);
     m_scope->setConfirmClear(true);
     connect(m_scope->plotView(),
             &RVXScopePlotView::valueUnitChanged,

@@ -5,6 +5,7 @@
 #include "monitor/core/LogTail.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/SessionLines.h"
+#include "monitor/window/Symbols.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -22,6 +23,7 @@ EventLog::EventLog(Session &session, QWidget *parent)
     , m_session(session)
 {
     titleLabel()->hide(); // the dock has it
+    giveSymbols(this);
     setMaximumBlockCount(mostLines);
     addErrorKeywords({QStringLiteral("ERROR"), QStringLiteral("ALARM")});
     addWarningKeywords({QStringLiteral("WARNING")});

@@ -42,7 +42,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     m_table->setObjectName(QStringLiteral("latestValues"));
     m_table->setAccessibleName(tr("Latest values"));
     m_table->setModel(m_marks);
-    m_table->setItemDelegate(new ValueDelegate(m_table));
+    m_table->setItemDelegate(new ValueDelegate(session.model(), m_table));
     m_table->setShowGrid(false);
     m_baseline->setObjectName(QStringLiteral("valueState"));
     m_baseline->setAlignment(Qt::AlignCenter);

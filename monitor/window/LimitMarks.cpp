@@ -2,6 +2,7 @@
 #include "monitor/window/LimitMarks.h"
 
 #include "monitor/session/Alarms.h"
+#include "monitor/window/Look.h"
 
 #include <QBrush>
 
@@ -12,6 +13,11 @@ using namespace Corvale_Qt;
 namespace {
 
 constexpr int valueColumn = 1;
+
+Look::State lookOf(LimitState state)
+{
+    return isAlarm(state) ? Look::State::Trouble : Look::State::Waiting;
+}
 
 } // namespace
 
@@ -45,9 +51,9 @@ QVariant LimitMarks::data(const QModelIndex &index, int role) const
         return value;
     switch (role) {
     case Qt::BackgroundRole:
-        return QBrush(isAlarm(state) ? QColor(200, 40, 30) : QColor(255, 190, 60));
+        return QBrush(Look::ground(lookOf(state)));
     case Qt::ForegroundRole:
-        return QBrush(isAlarm(state) ? Qt::white : Qt::black);
+        return QBrush(Look::ink(lookOf(state)));
     case Qt::DisplayRole:
         return (isAlarm(state) ? tr("ALARM %1") : tr("WARN %1")).arg(value.toString());
     default:

@@ -4,6 +4,8 @@
 #include <QFontMetrics>
 #include <QWidget>
 
+#include <cmath>
+
 namespace Monitor {
 
 namespace Look {
@@ -20,13 +22,34 @@ QColor ground(State state)
     case State::Hint:
         return {205, 228, 255};
     case State::Waiting:
-        return {255, 194, 122};
+        return {255, 179, 0};
     case State::Trouble:
-        return {255, 176, 160};
+        return {183, 28, 28};
     case State::Ended:
         break;
     }
     return {216, 216, 216};
+}
+
+QColor ink(State state)
+{
+    return state == State::Trouble ? Qt::white : Qt::black;
+}
+
+QString styleSheet(State state)
+{
+    return QStringLiteral("background: %1; color: %2;")
+        .arg(ground(state).name(), ink(state).name());
+}
+
+QColor mixed(const QColor &first, const QColor &second, double share)
+{
+    const auto mix = [share](int a, int b) {
+        return int(std::lround(a + (b - a) * share));
+    };
+    return {mix(first.red(), second.red()),
+            mix(first.green(), second.green()),
+            mix(first.blue(), second.blue())};
 }
 
 void dress(QWidget *widget, State state)
@@ -36,7 +59,7 @@ void dress(QWidget *widget, State state)
         colours.setColor(role, ground(state));
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colours.setColor(role, Qt::black);
+        colours.setColor(role, ink(state));
     widget->setPalette(colours);
     widget->setAutoFillBackground(true);
 }

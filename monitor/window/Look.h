@@ -14,19 +14,26 @@ namespace Look {
 //! Distances are multiples of this, in pixels.
 constexpr int gap = 8;
 
-//! What a coloured ground means. Each state has one colour everywhere, with black text, in light and dark palettes.
+/*! What a coloured ground means. Each state has one colour everywhere, in light and dark palettes: in the status line, in
+    notices, tables and time lines. Those of a poor and of an invalid fit are those that the library's displays give them. */
 enum class State {
     Simulated,
     Paused, //!< what is shown stands still
     Processed, //!< something was subtracted from what is shown
     Hint,
-    Waiting, //!< nothing comes at present, or not all of it
-    Trouble, //!< somebody must look
+    Waiting, //!< nothing comes at present, or not all of it; a warning; a poor fit
+    Trouble, //!< somebody must look; an alarm; a fit that is not valid
     Ended,
 };
 
 QColor ground(State state);
-//! Gives a widget the ground of a state, and black text.
+//! Returns the colour of text on the ground of a state.
+QColor ink(State state);
+//! Returns ground and text of a state for a style sheet.
+QString styleSheet(State state);
+//! Returns a colour between two: \a second at a \a share of 1, \a first at 0.
+QColor mixed(const QColor &first, const QColor &second, double share);
+//! Gives a widget the ground of a state, and text that is read on it.
 void dress(QWidget *widget, State state);
 //! Returns whether the palette of a widget is a dark one.
 bool isDark(const QWidget *widget);

@@ -17,6 +17,7 @@
 #include "monitor/window/LeadHeading.h"
 #include "monitor/window/LeftOutNotice.h"
 #include "monitor/window/LimitActions.h"
+#include "monitor/window/Look.h"
 #include "monitor/window/MeasureMenu.h"
 #include "monitor/window/MonitorStatusBar.h"
 #include "monitor/window/PictureActions.h"
@@ -26,6 +27,7 @@
 #include "monitor/window/SourceNotice.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatisticsPanel.h"
+#include "monitor/window/Symbols.h"
 #include "monitor/window/TapeBar.h"
 #include "monitor/window/TimeAxisActions.h"
 #include "monitor/window/ViewMenu.h"
@@ -101,7 +103,7 @@ void MonitorWindow::addCentre()
     m_undoClear = new ClearUndo(m_session, *m_displays->scope(), *cleared, this);
     m_centre = new QVBoxLayout(centre);
     m_centre->setContentsMargins(0, 0, 0, 0);
-    m_centre->setSpacing(2);
+    m_centre->setSpacing(Look::gap / 4);
     m_centre->addWidget(new SourceNotice(m_session, centre));
     m_centre->addWidget(new LeftOutNotice(m_session, *m_displays, centre));
     m_centre->addWidget(cleared);
@@ -191,6 +193,7 @@ void MonitorWindow::addDock(QWidget *widget,
     auto *dock = new QDockWidget(title, this);
     dock->setObjectName(QLatin1String(name));
     dock->setWidget(widget);
+    giveSymbols(dock);
     addDockWidget(area, dock);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ProfilePage.h"
 
+#include "monitor/window/Look.h"
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 #include <corvale_qt/detector/BeamVerdict.h>
 #include <corvale_qt/units/SiPrefix.h>
@@ -18,20 +19,21 @@ namespace {
 //! The width of the page, in characters, from which the side bar leaves enough room for the picture.
 constexpr int charactersForSideBar = 120;
 
-const QString withoutColors = QStringLiteral("padding: 2px;"); // no verdict moves the picture
+const QString framePadding =
+    QStringLiteral("padding: 2px;"); // always the same: no verdict moves the picture
 
 //! Returns the colours of a verdict: the text says the same.
 QString styleOf(Corvale_Qt::BeamValidity validity)
 {
     switch (validity) {
     case Corvale_Qt::BeamValidity::Valid:
-        return withoutColors;
+        return framePadding;
     case Corvale_Qt::BeamValidity::FitPoor:
-        return QStringLiteral("background: #ffb300; color: black; padding: 2px;");
+        return Look::styleSheet(Look::State::Waiting) + framePadding;
     case Corvale_Qt::BeamValidity::NotValid:
         break;
     }
-    return QStringLiteral("background: #b71c1c; color: white; padding: 2px;");
+    return Look::styleSheet(Look::State::Trouble) + framePadding;
 }
 
 } // namespace
@@ -46,11 +48,11 @@ ProfilePage::ProfilePage(QWidget *parent)
     m_numbers->setObjectName(QStringLiteral("profileNumbers"));
     m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
-    m_numbers->setStyleSheet(withoutColors);
+    m_numbers->setStyleSheet(framePadding);
     m_numbers->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_numbers->setAlignment(Qt::AlignCenter);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 4);
+    layout->setContentsMargins(0, 0, 0, Look::gap / 2);
     layout->setSpacing(0);
     layout->addWidget(m_display, 1);
     layout->addWidget(m_numbers);
@@ -130,7 +132,7 @@ void ProfilePage::showNumbers()
 {
     const Corvale_Qt::BeamVerdict verdict = m_display->verdict();
     const bool hasFrame = m_display->shownResult().frame > 0;
-    m_numbers->setStyleSheet(hasFrame ? styleOf(verdict.validity) : withoutColors);
+    m_numbers->setStyleSheet(hasFrame ? styleOf(verdict.validity) : framePadding);
     QString text;
     if (m_display->getCalc().valid) {
         // A line may only break between two numbers.

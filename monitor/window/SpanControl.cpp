@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/SpanControl.h"
 
+#include "monitor/window/Look.h"
 #include <corvale_qt/scope/RVXScope.h>
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
@@ -20,7 +21,7 @@ SpanControl::SpanControl(RVXScope &scope, QWidget *parent)
     auto *label = new QLabel(tr("Time &span:"), this);
     label->setBuddy(m_box);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 2); // the page begins below
+    layout->setContentsMargins(0, 0, 0, Look::gap / 4); // the page begins below
     layout->addWidget(label);
     layout->addWidget(m_box);
 

@@ -2,6 +2,7 @@
 #include "monitor/window/SpotComparison.h"
 
 #include "monitor/readings/SpotReport.h"
+#include "monitor/window/Look.h"
 #include <corvale_qt/beam/spots/RVXPositionErrorPlot.h>
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
@@ -37,7 +38,7 @@ SpotComparison::SpotComparison(const SpotPlan &plan,
     m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
     m_numbers->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_numbers->setMargin(4);
+    m_numbers->setMargin(Look::gap / 2);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_plot, 1);

@@ -69,7 +69,8 @@ QVector<int> StatusField::widths() const
     for (const Part &part : m_parts) {
         const int full = widthOf(part);
         after -= std::min(full, least);
-        widths.append(std::min(full, std::max(left - after, std::min(full, least))));
+        const int wanted = std::min(full, std::max(left - after, std::min(full, least)));
+        widths.append(std::clamp(wanted, 0, std::max(left, 0))); // the field is never exceeded
         left -= widths.last();
     }
     return widths;
@@ -98,7 +99,10 @@ QSize StatusField::sizeHint() const
 QSize StatusField::minimumSizeHint() const
 {
     const int least = leastWidth(fontMetrics());
-    return {std::min(sizeHint().width(), least), fontMetrics().height() + padding};
+    int width = 0;
+    for (const Part &part : m_parts)
+        width += std::min(widthOf(part), least);
+    return {width, fontMetrics().height() + padding};
 }
 
 void StatusField::paintEvent(QPaintEvent *)
@@ -112,7 +116,7 @@ void StatusField::paintEvent(QPaintEvent *)
         QRect place(x, 0, widths.at(i) - padding, height());
         if (state)
             painter.fillRect(place, Look::ground(*state));
-        painter.setPen(state ? QColor(Qt::black) : palette().color(foregroundRole()));
+        painter.setPen(state ? Look::ink(*state) : palette().color(foregroundRole()));
         // A mirrored window would otherwise turn "10 /s" into "s/ 10".
         painter.setLayoutDirection(texts.at(i).isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
         painter.drawText(state ? place.adjusted(padding, 0, 0, 0) : place,

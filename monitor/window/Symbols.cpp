@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/Symbols.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QIconEngine>
 #include <QMap>
@@ -23,6 +24,8 @@ const QMap<QString, QByteArray> &shapes()
         {"record", "M12 5a7 7 0 1 0 .01 0zM12 10a2 2 0 1 0 .01 0z"},
         {"picture", "M3 5h18v14H3zM3 17l6-6 4 4 3-3 5 5M8 8.5h.01"},
         {"print", "M7 9V3h10v6M7 17H4V9h16v8h-3M7 14h10v7H7z"},
+        {"save", "M5 4h11l3 3v13H5zM8 4v5h7V4M8 20v-6h8v6"},
+        {"float", "M8 4h12v12H8zM8 8H4v12h12v-4"},
         {"settings", "M4 7h8M16 7h4M14 4v6M4 17h4M12 17h8M10 14v6"},
         {"quit", "M10 4H4v16h6M10 12h10M16 8l4 4-4 4"},
         {"copy", "M9 9h11v11H9zM15 9V4H4v11h5"},
@@ -79,6 +82,21 @@ QIcon symbol(const QString &name)
 {
     const QByteArray shape = shapes().value(name);
     return shape.isEmpty() ? QIcon() : QIcon(new SymbolEngine(shape));
+}
+
+void giveSymbols(QWidget *part)
+{
+    // Buttons that parts of the library and of Qt have, by their object names.
+    static const QMap<QString, QString> symbols = {{"clearButton", "clear"},
+                                                   {"saveButton", "save"},
+                                                   {"confButton", "settings"},
+                                                   {"zeroButton", "zero"},
+                                                   {"clearPushButton", "clear"},
+                                                   {"qt_dockwidget_closebutton", "close"},
+                                                   {"qt_dockwidget_floatbutton", "float"}};
+    for (QAbstractButton *button : part->findChildren<QAbstractButton *>())
+        if (symbols.contains(button->objectName()))
+            button->setIcon(symbol(symbols.value(button->objectName())));
 }
 
 } // namespace Monitor

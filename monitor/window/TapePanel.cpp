@@ -4,6 +4,8 @@
 #include "monitor/session/Session.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
+#include "monitor/window/Look.h"
+#include "monitor/window/TapeSketch.h"
 #include "monitor/window/TapeTimeline.h"
 
 #include <QComboBox>
@@ -79,8 +81,8 @@ TapePanel::TapePanel(Session &session, FileSource &source, QWidget *parent)
 {
     setObjectName(QStringLiteral("tapePanel"));
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(4, 2, 4, 2);
-    layout->setSpacing(2);
+    layout->setContentsMargins(Look::gap / 2, Look::gap / 4, Look::gap / 2, Look::gap / 4);
+    layout->setSpacing(Look::gap / 4);
     setLayout(layout);
     const auto add = [&](QToolButton *button, void (TapeDeck::*action)()) {
         connect(button, &QToolButton::clicked, m_deck, action);
@@ -108,7 +110,7 @@ TapePanel::TapePanel(Session &session, FileSource &source, QWidget *parent)
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("tapePosition"));
     m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it"));
-    m_position->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000.000 s  ")));
+    m_position->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000:00:00.000  ")));
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(m_position);
     m_timeline->setToolTip(
@@ -229,7 +231,7 @@ void TapePanel::showPosition()
 {
     const TapeSpot spot = m_deck->spot();
     const int parts = m_deck->index().parts();
-    QString text = tr("%1 s").arg(spot.time, 0, 'f', 3);
+    QString text = TapeSketch::exactTimeText(spot.time, m_deck->length());
     if (parts > 1)
         text = tr("%1/%2: ").arg(spot.part + 1).arg(parts) + text;
     m_position->setText(text);

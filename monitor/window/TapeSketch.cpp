@@ -2,6 +2,7 @@
 #include "monitor/window/TapeSketch.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/window/Look.h"
 
 #include <QPainter>
 
@@ -16,21 +17,14 @@ namespace {
 //! Returns the palette's colour between its text and its ground.
 QColor between(const QPalette &palette, double text)
 {
-    const QColor ground = palette.color(QPalette::Base);
-    const QColor ink = palette.color(QPalette::Text);
-    const auto mix = [&](int a, int b) {
-        return int(std::lround(a * text + b * (1.0 - text)));
-    };
-    return {mix(ink.red(), ground.red()),
-            mix(ink.green(), ground.green()),
-            mix(ink.blue(), ground.blue())};
+    return Look::mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), text);
 }
 
+//! Returns the colour of what is missing, faint since a gap may be wide.
 QColor gapColor(const QPalette &palette)
 {
-    constexpr int half = 128;
-    return palette.color(QPalette::Base).lightness() < half ? QColor(150, 100, 20)
-                                                            : QColor(255, 200, 110);
+    constexpr double faint = 0.55;
+    return Look::mixed(palette.color(QPalette::Base), Look::ground(Look::State::Waiting), faint);
 }
 
 //! Returns the smallest of 1, 2 or 5 times a power of ten that is \a least or more.
@@ -41,6 +35,33 @@ double decimalStep(double least)
         if (factor * power >= least)
             return factor * power;
     return 10.0 * power;
+}
+
+constexpr double shortTape = 100.0; // s
+
+//! Returns whether a time on a tape of that length is written in seconds alone.
+bool isInSeconds(double seconds, double length)
+{
+    constexpr double longestClock = 1e7;
+    return length < shortTape || !(std::abs(seconds) < longestClock);
+}
+
+//! Returns a time like "3:05.2" or "1:02:03".
+QString clockText(double seconds, int decimals)
+{
+    constexpr qint64 minute = 60, hour = 3600;
+    const auto steps = qint64(std::lround(std::pow(10.0, decimals)));
+    const auto all = qint64(std::llround(std::abs(seconds) * double(steps)));
+    const qint64 whole = all / steps;
+    const QLatin1Char zero('0');
+    QString text = QStringLiteral("%1").arg(whole % minute, 2, 10, zero);
+    if (decimals > 0)
+        text += QStringLiteral(".%1").arg(all % steps, decimals, 10, zero);
+    const qint64 minutes = whole % hour / minute;
+    text = whole < hour
+        ? QStringLiteral("%1:%2").arg(minutes).arg(text)
+        : QStringLiteral("%1:%2:%3").arg(whole / hour).arg(minutes, 2, 10, zero).arg(text);
+    return seconds < 0.0 && all > 0 ? QLatin1Char('-') + text : text;
 }
 
 } // namespace
@@ -72,27 +93,24 @@ int TapeSketch::xOf(double position) const
 
 QString TapeSketch::timeText(double seconds, double length)
 {
-    constexpr double minute = 60.0, hour = 3600.0, longestClock = 1e7, longestNumber = 1e15;
-    constexpr double shortTape = 100.0, splitSecond = 0.01;
+    constexpr double longestNumber = 1e15, splitSecond = 0.01, hour = 3600.0;
     if (!(std::abs(seconds) < longestNumber))
         return Text::tr("%1 s").arg(seconds, 0, 'g', 4);
-    if (length < shortTape || std::abs(seconds) >= longestClock) {
+    if (isInSeconds(seconds, length)) {
         const int decimals = length < splitSecond ? 6
             : length < 1.0                        ? 4
             : length < shortTape                  ? 2
                                                   : 0;
         return Text::tr("%1 s").arg(seconds, 0, 'f', decimals);
     }
-    if (seconds < 0.0)
-        return QLatin1Char('-') + timeText(-seconds, length);
-    const double whole = std::floor(seconds);
-    const auto hours = int(whole / hour);
-    const auto minutes = int((whole - hours * hour) / minute);
-    const double rest = seconds - hours * hour - minutes * minute;
-    const QString tail = QStringLiteral("%1").arg(int(rest), 2, 10, QLatin1Char('0'));
-    return hours > 0
-        ? QStringLiteral("%1:%2:%3").arg(hours).arg(minutes, 2, 10, QLatin1Char('0')).arg(tail)
-        : QStringLiteral("%1:%2").arg(minutes).arg(tail);
+    return clockText(std::copysign(std::floor(std::abs(seconds)), seconds), 0);
+}
+
+QString TapeSketch::exactTimeText(double seconds, double length)
+{
+    constexpr int decimals = 3;
+    return isInSeconds(seconds, length) ? Text::tr("%1 s").arg(seconds, 0, 'f', decimals)
+                                        : clockText(seconds, decimals);
 }
 
 double TapeSketch::timeStep(double length, int most)

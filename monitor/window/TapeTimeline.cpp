@@ -158,7 +158,7 @@ void TapeTimeline::paintPosition(QPainter *painter) const
 {
     const QRect band = this->band();
     const int x = xOf(m_deck.position());
-    const QColor color(220, 50, 47);
+    const QColor color = palette().color(QPalette::Highlight);
     painter->fillRect(x, band.top(), 2, band.height(), color);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
@@ -175,7 +175,7 @@ QString TapeTimeline::toolTipAt(int x) const
     constexpr int nearEnough = 5;
     const TapeIndex &index = m_deck.index();
     const TapeSpot spot = index.spotAt(positionAt(x));
-    QStringList lines{tr("%1 s").arg(spot.time, 0, 'f', 3)};
+    QStringList lines{TapeSketch::exactTimeText(spot.time, m_deck.length())};
     if (index.parts() > 1)
         lines.first() += tr(", part %1 of %2").arg(spot.part + 1).arg(index.parts());
     for (const TapeMark &mark : index.marks()) {

@@ -46,6 +46,12 @@ QIcon swatch(const QColor &colour, const QSize &size)
 
 } // namespace
 
+ValueDelegate::ValueDelegate(const QAbstractItemModel &channels, QObject *parent)
+    : QStyledItemDelegate(parent)
+    , m_channels(&channels)
+{
+}
+
 void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     const QFont font = option->font;
@@ -77,13 +83,16 @@ bool ValueDelegate::helpEvent(QHelpEvent *event,
     return true;
 }
 
-void ValueDelegate::drawName(QStyleOptionViewItem *option, const QModelIndex &index)
+//! Draws the swatch as the curve is drawn; the cell's own ground is a lighter colour.
+void ValueDelegate::drawName(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
+    const QBrush channel = m_channels
+        ? m_channels->index(0, index.row() + 1).data(Qt::BackgroundRole).value<QBrush>()
+        : QBrush();
     const int side = option->fontMetrics.ascent();
     option->displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
     option->decorationSize = QSize(side, side);
-    option->icon =
-        swatch(index.data(Qt::BackgroundRole).value<QBrush>().color(), QSize(side, side));
+    option->icon = swatch(channel.color(), QSize(side, side));
     option->features |= QStyleOptionViewItem::HasDecoration;
 }
 
@@ -100,8 +109,8 @@ void ValueDelegate::drawValue(QStyleOptionViewItem *option, const QModelIndex &i
                                  index.data(Qt::ForegroundRole).value<QBrush>().color());
         option->font.setBold(true);
     } else if (isOld) {
-        option->palette.setColor(QPalette::Text,
-                                 option->palette.color(QPalette::Disabled, QPalette::Text));
+        const QPalette palette = option->widget ? option->widget->palette() : QPalette();
+        option->palette.setColor(QPalette::Text, palette.color(QPalette::Disabled, QPalette::Text));
     }
 }
 

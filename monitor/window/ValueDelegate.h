@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 namespace Monitor {
@@ -12,7 +13,8 @@ class ValueDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    //! \a channels has the colour of each channel: column 0 is the time, column 1 the channel of row 0 of the table.
+    ValueDelegate(const QAbstractItemModel &channels, QObject *parent);
 
     bool helpEvent(QHelpEvent *event,
                    QAbstractItemView *view,
@@ -23,8 +25,10 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
-    static void drawName(QStyleOptionViewItem *option, const QModelIndex &index);
+    void drawName(QStyleOptionViewItem *option, const QModelIndex &index) const;
     static void drawValue(QStyleOptionViewItem *option, const QModelIndex &index);
+
+    const QPointer<const QAbstractItemModel> m_channels;
 };
 
 } // namespace Monitor

@@ -130,8 +130,25 @@ private Q_SLOTS:
         w.source->begin(StreamKind::Channels, 2);
         w.run(10);
         QCOMPARE(w.value(1), QString("1009"));
+        const QPalette palette = w.values()->palette();
+        const auto has = [&](int column, const QColor &colour) {
+            QTableView *table = w.values();
+            const QRect cell = table->visualRect(table->model()->index(1, column));
+            const QImage picture = table->viewport()->grab(cell).toImage();
+            return countPixels(picture,
+                               [&](const QColor &pixel) {
+                                   return pixel == colour;
+                               })
+                > 0;
+        };
+        // The swatch has the colour of the curve, and the value that of all text until it is old.
+        const QModelIndex channel = w.session.model().index(0, 2);
+        QVERIFY(has(0, channel.data(Qt::BackgroundRole).value<QBrush>().color()));
+        QVERIFY(has(1, palette.color(QPalette::Text)));
         w.clock.advance(1.0);
         QCOMPARE(w.value(1), QString("old: 1009"));
+        QVERIFY(!has(1, palette.color(QPalette::Text)));
+        QVERIFY(has(1, palette.color(QPalette::Disabled, QPalette::Text)));
         QVERIFY(w.status("notices").contains("STALE"));
         QVERIFY(w.log().contains("WARNING the source is silent"));
         w.run(1);

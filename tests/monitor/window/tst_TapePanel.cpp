@@ -107,20 +107,21 @@ private Q_SLOTS:
 
     void timesOnTheTape_data()
     {
-        columns<double, double, QString>("seconds", "length", "text");
-        row("short", 0.25, 0.5, "0.2500 s");
-        row("before the zero", -65.0, 200.0, "-1:05");
-        row("since 1970", 1772366400.0, 1000.0, "1772366400 s");
-        row("seconds", 12.345, 50.0, "12.35 s");
-        row("minutes", 185.25, 1000.0, "3:05");
-        row("hours", 3723.9, 10000.0, "1:02:03");
-        row("out of all measure", 1e300, 1e301, "1e+300 s");
+        columns<double, double, QString, QString>("seconds", "length", "text", "exact");
+        row("short", 0.25, 0.5, "0.2500 s", "0.250 s");
+        row("before the zero", -65.0, 200.0, "-1:05", "-1:05.000");
+        row("since 1970", 1772366400.25, 1000.0, "1772366400 s", "1772366400.250 s");
+        row("seconds", 12.345, 50.0, "12.35 s", "12.345 s");
+        row("minutes", 185.25, 1000.0, "3:05", "3:05.250");
+        row("hours", 3723.9, 10000.0, "1:02:03", "1:02:03.900");
+        row("a fraction that becomes a minute", 59.9999, 1000.0, "0:59", "1:00.000");
     }
     void timesOnTheTape()
     {
         QFETCH(double, seconds);
         QFETCH(double, length);
         QTEST(TapeSketch::timeText(seconds, length), "text");
+        QTEST(TapeSketch::exactTimeText(seconds, length), "exact");
     }
 
     //! Beside the texts of times stand times that are round on a clock, not in the decimal system.

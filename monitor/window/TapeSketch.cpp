@@ -93,7 +93,7 @@ int TapeSketch::xOf(double position) const
 
 QString TapeSketch::timeText(double seconds, double length)
 {
-    constexpr double longestNumber = 1e15, splitSecond = 0.01, hour = 3600.0;
+    constexpr double longestNumber = 1e15, splitSecond = 0.01;
     if (!(std::abs(seconds) < longestNumber))
         return Text::tr("%1 s").arg(seconds, 0, 'g', 4);
     if (isInSeconds(seconds, length)) {

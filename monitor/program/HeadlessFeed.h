@@ -57,7 +57,7 @@ public:
     //! Publishes the results of the last reading, if any are published.
     void finishPublishing();
 
-    const Source &source() const { return *m_source; }
+    Source &source() const { return *m_source; }
     QString name() const { return m_name; }
     //! Returns the start time that the last acquisition states; invalid if it states none.
     QDateTime startTime() const { return m_statistics.header().startTime; }

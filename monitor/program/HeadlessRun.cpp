@@ -9,6 +9,7 @@
 #include "monitor/program/ProgressLine.h"
 #include "monitor/program/TerminationSignal.h"
 #include "monitor/publishing/Publishing.h"
+#include "monitor/tape/CommonTape.h"
 
 #include <QEventLoop>
 #include <QJsonArray>
@@ -125,6 +126,21 @@ int HeadlessRun::run()
     return report();
 }
 
+/*! Returns a tape that plays several recordings together, for those who read their results as they come; null if a report of each is
+    wanted, or if there is another source among them. */
+std::unique_ptr<CommonTape> HeadlessRun::commonTape()
+{
+    std::vector<CommonTape::Recording> recordings;
+    for (const auto &feed : m_feeds)
+        if (auto *source = qobject_cast<FileSource *>(&feed->source()))
+            recordings.push_back({feed->name(), source});
+    const bool isForReaders = m_commandLine.task == CommandLine::Task::Headless;
+    if (!isForReaders || isAlone() || recordings.size() != m_feeds.size())
+        return nullptr;
+    const CommonTape::Options options = CommonTape::optionsOf(*recordings.front().source);
+    return std::make_unique<CommonTape>(recordings, options, m_clock);
+}
+
 //! Reads until all sources have ended.
 void HeadlessRun::readSources()
 {
@@ -145,6 +161,7 @@ void HeadlessRun::readSources()
             texts.append(feed->progressText());
         return texts.join(QStringLiteral("; "));
     });
+    const std::unique_ptr<CommonTape> tape = commonTape();
     for (const auto &feed : m_feeds)
         feed->start();
     if (!hasEnded())

@@ -13,6 +13,7 @@
 
 namespace Monitor {
 
+class CommonTape;
 class HeadlessFeed;
 
 /*! The run of --headless, --stats, --convert and --check: reads its sources to their ends and reports what it found. Each source has a
@@ -35,6 +36,7 @@ private:
     bool openSources();
     bool openOutputs();
     void tellCrashes();
+    std::unique_ptr<CommonTape> commonTape();
     void readSources();
     void end();
     bool hasEnded() const;

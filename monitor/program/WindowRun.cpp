@@ -132,6 +132,15 @@ bool WindowRun::openSession()
     return openBeside() && openRecording();
 }
 
+//! Returns how a table beside the first source is to be read; nothing if the person who was asked cancels.
+std::optional<ImportOptions> WindowRun::importBeside(const QString &address)
+{
+    if (isPicture())
+        return ImportOptions();
+    WindowSettings settings(settingsFile());
+    return importOfSource(address, ImportOptions(), &settings);
+}
+
 /*! Makes the sources that are read beside the first one: those of the command line, or those that were beside it before. Returns
     false if one that the command line names cannot be made. */
 bool WindowRun::openBeside()
@@ -141,8 +150,11 @@ bool WindowRun::openBeside()
     if (!areGiven && !isPicture() && !m_source.isEmpty())
         sources = keptCompanions(m_source, WindowSettings(settingsFile()));
     for (const NamedAddress &source : qAsConst(sources)) {
+        const std::optional<ImportOptions> import = importBeside(source.address);
+        if (!import)
+            return false; // the person does not want to open it
         QString error;
-        std::unique_ptr<Source> made = sourceBeside(*m_session, source.address, &error);
+        std::unique_ptr<Source> made = sourceBeside(*m_session, source.address, *import, &error);
         if (made) {
             m_beside.push_back({source, std::move(made)});
         } else if (areGiven) {

@@ -50,6 +50,7 @@ private:
     bool openSession();
     bool openPlan();
     bool openRecording();
+    std::optional<ImportOptions> importBeside(const QString &address);
     bool openBeside();
     void readBeside();
     bool openPublications();

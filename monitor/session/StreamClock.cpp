@@ -31,7 +31,7 @@ StreamClock::StreamClock(Session &session, QObject *parent)
 
 QDateTime StreamClock::originDate() const
 {
-    return m_origin
+    return m_origin && m_isDated
         ? QDateTime::fromMSecsSinceEpoch(qint64(std::round(*m_origin / secondsEach)), Qt::UTC)
         : QDateTime();
 }
@@ -41,6 +41,7 @@ void StreamClock::begin(const StreamHeader &header)
     m_hasTimes = header.kind != StreamKind::Spots;
     m_origin.reset();
     m_isByArrival = false;
+    m_isDated = true;
     m_lead = 0.0;
     m_isInStep = true;
     m_isLateSince.reset();
@@ -55,14 +56,26 @@ void StreamClock::follow()
     if (!m_hasTimes || last < 1)
         return;
     const bool wasInStep = isInStep();
-    const bool isFirst = !m_origin;
-    if (isFirst)
+    const std::optional<Source::PlacedOrigin> placed = m_session.source().placedOrigin();
+    const bool isPlacedAnew = placed && m_origin != placed->seconds;
+    const bool isFirst = !m_origin || isPlacedAnew;
+    if (placed)
+        place(*placed);
+    else if (isFirst)
         date(model.doubleData(1, 0), model.doubleData(last, 0));
     compare();
     if (isFirst)
         Q_EMIT originChanged();
     else if (isInStep() != wasInStep)
         Q_EMIT inStepChanged();
+}
+
+//! Takes over where the source was placed in time.
+void StreamClock::place(const Source::PlacedOrigin &origin)
+{
+    m_isByArrival = false;
+    m_isDated = origin.isDated;
+    m_origin = origin.seconds;
 }
 
 //! Dates a stream whose first readings, from one time to another, have just arrived.
@@ -73,9 +86,12 @@ void StreamClock::date(double firstTime, double newestTime)
     m_origin = stated ? *stated : secondsOf(m_session.clock().wallTime()) - newestTime;
 }
 
-//! Compares the newest reading with this computer's clock. A reading that is ahead cannot have waited.
+/*! Compares the newest reading with this computer's clock. A reading that is ahead cannot have waited. What was recorded is not
+    compared. */
 void StreamClock::compare()
 {
+    if (!m_session.source().isLive())
+        return;
     m_lead = *newest() - secondsOf(m_session.clock().wallTime());
     const double now = m_session.clock().seconds();
     if (m_lead >= -tolerance)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/sources/Source.h"
+
 #include <QDateTime>
 #include <QObject>
 
@@ -13,7 +15,7 @@ struct StreamHeader;
 
 /*! At which time of day the readings of a session were taken, so that sources with clocks of their own can be shown side by side. A
     stream states the moment at which its t is 0, or its times count from 1970; otherwise its readings are dated by the arrival of the
-    first ones. */
+    first ones. Recordings that are played together are placed by their tape. */
 class StreamClock : public QObject
 {
     Q_OBJECT
@@ -29,7 +31,7 @@ public:
 
     //! Returns the moment at which t is 0, in seconds since 1970; nothing before the first reading, and for spots, which have no times.
     std::optional<double> origin() const { return m_origin; }
-    //! Returns the same as a date; invalid if there is none.
+    //! Returns the same as a date; invalid if there is none, or if recordings are placed among each other only.
     QDateTime originDate() const;
     //! Returns whether the origin was taken from the arrival of the first readings.
     bool isByArrival() const { return m_isByArrival; }
@@ -50,12 +52,14 @@ private:
     void begin(const StreamHeader &header);
     void follow();
     void date(double firstTime, double newestTime);
+    void place(const Source::PlacedOrigin &origin);
     void compare();
 
     Session &m_session;
     std::optional<double> m_origin;
     bool m_hasTimes = false;
     bool m_isByArrival = false;
+    bool m_isDated = true;
     double m_lead = 0.0;
     bool m_isInStep = true;
     std::optional<double> m_isLateSince; //!< by the clock of the session

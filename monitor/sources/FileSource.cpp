@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/nexus/TableReaders.h"
+#include "monitor/sources/FileIntake.h"
 
 #include <QFileInfo>
 
@@ -10,64 +11,6 @@
 #include <cmath>
 
 namespace Monitor {
-
-//! Hands what the reader reads to the source.
-class FileSource::Intake : public StreamSink
-{
-public:
-    explicit Intake(FileSource &source)
-        : m_source(source)
-    {
-    }
-    //! An event, and how many readings were taken before it.
-    struct Event
-    {
-        qint64 place = 0;
-        QString text;
-    };
-
-    void streamStarted(const StreamHeader &header) override { m_source.takeHeader(header); }
-    void reading(double time, const double *values) override
-    {
-        const qint64 before = m_source.m_waiting;
-        m_source.takeReading(time, values);
-        m_taken += m_source.m_waiting - before; // not those that are out of the wanted times
-    }
-    void eventNoted(const QString &text) override { events.push_back({m_taken, text}); }
-    void lineRefused(const RefusedLine &line) override
-    {
-        if (m_source.m_firstRefused.number == 0)
-            m_source.m_firstRefused = line;
-        Q_EMIT m_source.lineRefused(line);
-    }
-
-    //! Returns how many readings are played or passed over.
-    qint64 played() const { return m_taken - m_source.m_waiting; }
-    //! Returns whether an event comes before the reading that follows so many others.
-    bool hasEventBefore(qint64 place) const
-    {
-        return !events.empty() && events.front().place <= place;
-    }
-    QString takeEvent()
-    {
-        const QString text = events.front().text;
-        events.pop_front();
-        return text;
-    }
-
-    //! Tells the events before which everything was played.
-    void tellEvents()
-    {
-        while (hasEventBefore(played()))
-            Q_EMIT m_source.noted(takeEvent());
-    }
-
-    std::deque<Event> events; //!< that are not told yet, in their order
-
-private:
-    FileSource &m_source;
-    qint64 m_taken = 0;
-};
 
 FileSource::FileSource(Clock &clock, const QString &path, const Options &options, QObject *parent)
     : Source(clock, parent)
@@ -98,7 +41,7 @@ QString FileSource::remedy() const
 
 QString FileSource::emptyReason() const
 {
-    if (!m_atEnd || m_anyReading)
+    if (!m_atEnd || m_hasPlayed || m_waiting > 0)
         return {};
     const LineCounts counts = this->counts();
     if (counts.readings > 0)
@@ -148,7 +91,7 @@ void FileSource::start()
 void FileSource::updatePace()
 {
     clock().stayAwake();
-    if (state() == State::Running && m_play.isUnpaced() && !m_play.isPaused())
+    if (state() == State::Running && m_play.isUnpaced() && !m_play.isPaused() && !isLed())
         m_unpaced.start(0);
     else
         m_unpaced.stop();
@@ -168,7 +111,7 @@ void FileSource::setSpeed(double speed)
 
 void FileSource::play()
 {
-    if (state() != State::Running)
+    if (state() != State::Running || isLed())
         return;
     if (m_play.isPaused() && m_shown.part < 0)
         return; // paused before the first reading
@@ -209,11 +152,16 @@ void FileSource::seek(const Place &place, const ReadPoint &entry, int entryPart)
     m_offset = 0.0;
     m_roundLength = 0.0;
     m_firstInPart = true;
-    m_options.loop = false;
-    m_options.from = -std::numeric_limits<double>::infinity();
-    m_options.to = std::numeric_limits<double>::infinity();
     m_partsRead = entryPart;
     m_sought = place;
+    m_hasPlayed = false;
+    if (isLed()) {
+        m_limit = PlayLimit{place.part}; // playTo() knows the place to the last digit
+    } else {
+        m_options.loop = false;
+        m_options.from = -std::numeric_limits<double>::infinity();
+        m_options.to = std::numeric_limits<double>::infinity();
+    }
     if (!m_reader)
         return;
     if (!m_reader->resume(entry)) {
@@ -275,6 +223,20 @@ FileSource::Place FileSource::place() const
     return {m_shown.part, m_firstTime + std::fmod(m_shown.time - m_firstTime, m_roundLength)};
 }
 
+bool FileSource::isHolding() const
+{
+    // A file that is led is silent before each of its parts, since their turn has not come.
+    const bool isBetweenParts = isLed() && (m_parts.empty() || !m_parts.front().begun);
+    return m_play.isPaused() || isBetweenParts;
+}
+
+std::optional<Source::PlacedOrigin> FileSource::placedOrigin() const
+{
+    if (m_shown.part < 0 || std::size_t(m_shown.part) >= m_origins.size())
+        return std::nullopt;
+    return m_origins[std::size_t(m_shown.part)];
+}
+
 //! Reads until more readings wait than one tick can play.
 void FileSource::readAhead()
 {
@@ -312,10 +274,13 @@ void FileSource::playDue()
         // A later part without a reading in the wanted range must not clear what is shown.
         if (!part.begun && part.readings.isEmpty() && m_partsRead > 1)
             return;
+        if (!part.begun && !isReached(part.number))
+            return;
         if (!part.begun)
             beginPart(&part);
         emitDue(&part);
-        if (!part.readings.isEmpty() || m_parts.size() == 1 || m_play.isPaused())
+        const bool waits = m_play.isPaused() && !isLed();
+        if (!part.readings.isEmpty() || m_parts.size() == 1 || waits)
             return;
         m_parts.pop_front();
     }
@@ -339,15 +304,14 @@ void FileSource::beginPart(Part *part)
 
 void FileSource::emitDue(Part *part)
 {
-    double due = m_play.due(clock().seconds());
-    if (m_stop && part->number >= m_stop->part)
-        due = part->number > m_stop->part ? -std::numeric_limits<double>::infinity()
-                                          : std::min(due, m_stop->time);
+    const double clockDue = m_play.due(clock().seconds());
     ReadingBlock &readings = part->readings;
     m_out.clear(readings.channels());
     // The readings before each event that is due, and the event. A slot may change what is played, so all is taken before.
     std::vector<std::pair<ReadingBlock, QString>> pieces;
-    for (; part->next < readings.size() && readings.time(part->next) <= due; ++part->next) {
+    const int first = part->next;
+    while (part->next < readings.size()
+           && isDue(part->number, readings.time(part->next), clockDue)) {
         while (m_intake->hasEventBefore(m_intake->played())) {
             pieces.emplace_back(m_out, m_intake->takeEvent());
             m_out.clear(readings.channels());
@@ -355,11 +319,10 @@ void FileSource::emitDue(Part *part)
         m_shown.time = readings.time(part->next);
         m_out.append(m_shown.time, readings.values(part->next));
         --m_waiting;
+        ++part->next;
     }
-    if (part->next == readings.size()) {
-        readings.clear(readings.channels());
-        part->next = 0;
-    }
+    m_hasPlayed = m_hasPlayed || part->next > first;
+    removePlayed(part);
     const ReadingBlock last = pieces.empty() ? ReadingBlock() : m_out;
     for (const auto &[before, event] : pieces) {
         if (!before.isEmpty())
@@ -372,10 +335,37 @@ void FileSource::emitDue(Part *part)
     m_intake->tellEvents();
 }
 
+//! Returns whether a reading is to be played now.
+bool FileSource::isDue(int part, double time, double clockDue) const
+{
+    if (m_limit)
+        return m_limit->reaches(part, time);
+    const bool isStopped =
+        m_stop && !PlayLimit{m_stop->part, m_stop->time, 0.0}.reaches(part, time);
+    return !isStopped && time <= clockDue;
+}
+
+//! Forgets what was played of a part, at once if that is all, otherwise when it is most of what is kept.
+void FileSource::removePlayed(Part *part)
+{
+    constexpr int worthMoving = 5000;
+    ReadingBlock &readings = part->readings;
+    if (part->next == readings.size())
+        readings.clear(readings.channels());
+    else if (part->next >= worthMoving && part->next >= readings.size() / 2)
+        readings.removeFirst(part->next);
+    else
+        return;
+    part->next = 0;
+}
+
 void FileSource::finishWhenPlayed()
 {
-    if (!m_atEnd || m_waiting > 0)
+    if (!m_atEnd || m_waiting > 0 || state() == State::Finished)
         return;
+    if (isLed())
+        m_limit->part = m_partsRead; // events of a part without readings are not lost
+    m_intake->tellEvents();
     m_unpaced.stop();
     if (m_reader->hasFailed())
         setState(State::Failed, readingFailed());
@@ -397,7 +387,7 @@ LoggedText FileSource::readingFailed() const
     new stream instead. Returns false if there is no next round, also because its times would be too large. */
 bool FileSource::startLoop()
 {
-    if (!m_options.loop || !m_anyReading || !m_reader->rewind())
+    if (!m_options.loop || isLed() || !m_anyReading || !m_reader->rewind())
         return false;
     if (m_partsRead > 1)
         return true;
@@ -423,7 +413,7 @@ void FileSource::takeHeader(const StreamHeader &header)
 
 void FileSource::takeReading(double time, const double *values)
 {
-    if (time < m_options.from || time > m_options.to)
+    if (!isLed() && (time < m_options.from || time > m_options.to))
         return;
     if (m_firstInPart)
         m_firstTime = time;

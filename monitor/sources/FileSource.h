@@ -4,6 +4,7 @@
 #include "monitor/input/ImportOptions.h"
 #include "monitor/input/TableReader.h"
 #include "monitor/sources/PlayClock.h"
+#include "monitor/sources/PlayLimit.h"
 #include "monitor/sources/Source.h"
 
 #include <QTimer>
@@ -12,11 +13,13 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace Monitor {
 
 /*! Plays the readings of a file, a table or an HDF5 file, at the pace of their times. If the file has several streams, it plays one after the other, each as a
-    part. It can be paused, stepped, played at another speed and moved to another place. */
+    part. It can be paused, stepped, played at another speed and moved to another place; or it is led by somebody who plays it together
+    with others. */
 class FileSource : public Source
 {
     Q_OBJECT
@@ -50,7 +53,8 @@ public:
     QString emptyReason() const override;
     LineCounts counts() const override;
     bool readsFrom(const QString &path) const override;
-    bool isHolding() const override { return m_play.isPaused(); }
+    bool isHolding() const override;
+    std::optional<PlacedOrigin> placedOrigin() const override;
     //! Returns how much of the file has been read, from 0 to 1.
     double progress() const;
     QString path() const { return m_path; }
@@ -65,7 +69,7 @@ public:
     void step();
     /*! Goes to a place: jumped() or streamStarted() is emitted, then the readings from \a entry on that are not after the
         place, and playing goes on or stays paused there. \a entry is before the place and lies in part \a entryPart.
-        From then on the file is played to its end, once. */
+        From then on the file is played to its end, once. If the file is led, no reading is emitted before playTo(). */
     void seek(const Place &place, const ReadPoint &entry, int entryPart);
     //! Sets a place after which nothing is played; without one the file is played to its end.
     void setStop(const std::optional<Place> &stop);
@@ -73,6 +77,25 @@ public:
     bool isAtStop() const;
     //! Returns the place of the last reading that was played.
     Place place() const;
+    //! Returns whether any reading was played since the start, or since the last seek().
+    bool hasPlayed() const { return m_hasPlayed; }
+
+    /*! Has the caller lead the file, or lets it go on by itself. A file that is led plays only what playTo() asks for,
+        and nothing of its options but how it is read holds: the caller repeats it and leaves out what is not wanted. */
+    void setLed(bool on);
+    bool isLed() const { return m_limit.has_value(); }
+    //! Returns the place of the next reading, which is read if none waits; nothing at the end.
+    std::optional<Place> next();
+    //! Plays what is within a limit and has been read, at least the next reading. Returns the number of readings. For files that are led.
+    int playTo(const PlayLimit &limit);
+    //! Passes over the readings that are within a limit. For files that are led.
+    void passTo(const PlayLimit &limit);
+    //! Passes over everything that is left. For files that are led.
+    void passToEnd();
+    //! Gives the file up, with what was tried and what came back.
+    void fail(const LoggedText &text);
+    //! Sets the moment at which t is 0 in each part.
+    void setPlacedOrigins(const std::vector<PlacedOrigin> &origins) { m_origins = origins; }
 
 private:
     class Intake;
@@ -101,6 +124,9 @@ private:
     bool startLoop();
     void updatePace();
     void readUpTo(const Place &place);
+    bool isReached(int part) const { return !m_limit || part <= m_limit->part; }
+    bool isDue(int part, double time, double clockDue) const;
+    void removePlayed(Part *part);
 
     const QString m_path;
     Options m_options;
@@ -116,7 +142,10 @@ private:
     ReadingBlock m_out;
     PlayClock m_play;
     std::optional<Place> m_stop;
+    std::optional<PlayLimit> m_limit; //!< of a file that is led; nothing otherwise
+    std::vector<PlacedOrigin> m_origins; //!< of the parts, if somebody placed them
     std::optional<Place> m_sought; //!< until its part begins
+    bool m_hasPlayed = false;
     Place m_shown{-1, 0.0}; //!< with the time as it was emitted
     double m_roundLength = 0.0; //!< seconds, once a single part was played to its end
 

@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace Monitor {
 
 class Clock;
@@ -51,6 +53,15 @@ public:
     virtual bool isHolding() const { return false; }
     //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
     virtual void setReconnecting(bool on);
+    //! A moment at which t is 0.
+    struct PlacedOrigin
+    {
+        double seconds =
+            0.0; //!< since 1970, or since another moment that the recordings that are played together share
+        bool isDated = false; //!< whether the seconds are those since 1970
+    };
+    //! Returns the moment at which t is 0 in the present stream, if somebody other than the stream itself placed it in time.
+    virtual std::optional<PlacedOrigin> placedOrigin() const { return std::nullopt; }
     //! Returns how many lines were read and refused since start().
     virtual LineCounts counts() const;
     //! Returns whether the source reads from the file of that path, to which nothing may write then.

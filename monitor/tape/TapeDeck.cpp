@@ -19,7 +19,7 @@ constexpr qint64 bytesBefore = qint64(8) * 1024 * 1024;
 } // namespace
 
 TapeDeck::TapeDeck(FileSource &source, Clock &clock, const QString &cacheFolder, QObject *parent)
-    : QObject(parent)
+    : Tape(parent)
     , m_source(source)
     , m_clock(clock)
     , m_indexing(
@@ -31,11 +31,6 @@ TapeDeck::TapeDeck(FileSource &source, Clock &clock, const QString &cacheFolder,
 
 TapeDeck::~TapeDeck() = default;
 
-QVector<double> TapeDeck::speeds()
-{
-    return {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0, 0.0};
-}
-
 bool TapeDeck::isPlaying() const
 {
     return m_source.state() == Source::State::Running && !m_source.isHolding();
@@ -45,7 +40,7 @@ void TapeDeck::play()
 {
     m_source.setPaused(false);
     if (m_source.state() == Source::State::Finished)
-        goTo(m_loop ? m_index.spotAt(m_loop->from) : TapeSpot{0, -kInfinity});
+        goTo(loop() ? m_index.spotAt(loop()->from) : TapeSpot{0, -kInfinity});
     tellChange();
 }
 
@@ -53,14 +48,6 @@ void TapeDeck::pause()
 {
     m_source.setPaused(true);
     tellChange();
-}
-
-void TapeDeck::toggle()
-{
-    if (isPlaying())
-        pause();
-    else
-        play();
 }
 
 void TapeDeck::stepForwards()
@@ -104,69 +91,14 @@ void TapeDeck::seekSpot(const TapeSpot &spot)
     Q_EMIT moved();
 }
 
-void TapeDeck::seekNextMark()
-{
-    const double here = position();
-    double next = length();
-    for (const TapeMark &mark : m_index.marks()) {
-        const double there = m_index.positionOf(mark.spot);
-        if (there > here)
-            next = std::min(next, there);
-    }
-    seek(next);
-}
-
-void TapeDeck::seekFormerMark()
-{
-    const double here = position();
-    double former = 0.0;
-    for (const TapeMark &mark : m_index.marks()) {
-        const double there = m_index.positionOf(mark.spot);
-        if (there < here)
-            former = std::max(former, there);
-    }
-    seek(former);
-}
-
-void TapeDeck::setLoop(const Loop &loop)
-{
-    if (!isIndexed())
-        return;
-    const Loop inside{std::clamp(loop.from, 0.0, length()), std::clamp(loop.to, 0.0, length())};
-    m_loop.reset();
-    if (inside.from < inside.to)
-        m_loop = inside;
-    updateStop();
-    Q_EMIT changed();
-}
-
-void TapeDeck::beginLoopHere()
-{
-    const double here = position();
-    setLoop({here, m_loop && m_loop->to > here ? m_loop->to : length()});
-}
-
-void TapeDeck::endLoopHere()
-{
-    const double here = position();
-    setLoop({m_loop && m_loop->from < here ? m_loop->from : 0.0, here});
-}
-
-void TapeDeck::clearLoop()
-{
-    m_loop.reset();
-    updateStop();
-    Q_EMIT changed();
-}
-
 //! Lets the source stop at the end of the loop, unless a place behind it was sought.
 void TapeDeck::updateStop()
 {
-    if (!m_loop || position() > m_loop->to) {
+    if (!loop() || position() > loop()->to) {
         m_source.setStop(std::nullopt);
         return;
     }
-    const TapeSpot end = m_index.spotAt(m_loop->to);
+    const TapeSpot end = m_index.spotAt(loop()->to);
     m_source.setStop(FileSource::Place{end.part, end.time});
 }
 
@@ -186,6 +118,38 @@ TapeSpot TapeDeck::spot() const
 double TapeDeck::position() const
 {
     return m_index.positionOf(spot());
+}
+
+TapeReadout TapeDeck::readoutOf(const TapeSpot &spot) const
+{
+    return {spot.time, spot.part, m_index.parts(), QDateTime()};
+}
+
+TapeReadout TapeDeck::readoutAt(double position) const
+{
+    return readoutOf(m_index.spotAt(position));
+}
+
+//! The position would not tell the time of the reading to the last digit.
+TapeReadout TapeDeck::readout() const
+{
+    return readoutOf(spot());
+}
+
+TapeSurvey TapeDeck::surveyOfIndex() const
+{
+    TapeSurvey survey;
+    survey.length = m_index.length();
+    survey.stretches = {{0.0, m_index.firstTime(), m_index.length()}};
+    for (const TapeMark &mark : m_index.marks())
+        survey.marks.append(
+            {mark.kind, m_index.positionOf(mark.spot), mark.length, mark.text, QString()});
+    for (int part = 1; part < m_index.parts(); ++part)
+        survey.borders.append(m_index.part(part).begin);
+    survey.outline = [this](int columns) {
+        return m_index.outline(columns);
+    };
+    return survey;
 }
 
 void TapeDeck::tick()
@@ -210,6 +174,7 @@ void TapeDeck::takeIndex()
         m_index = m_indexing->result();
         m_indexError = m_indexing->errorString();
         m_indexing.reset();
+        setSurvey(surveyOfIndex());
         Q_EMIT changed();
     } else if (const int progress = int(m_indexing->progress() * percent);
                progress != m_toldProgress) {
@@ -232,8 +197,8 @@ void TapeDeck::goTo(const TapeSpot &spot)
 void TapeDeck::repeatIfDue()
 {
     const bool ended = m_source.state() == Source::State::Finished && !m_source.isHolding();
-    if (m_loop && (ended || (isPlaying() && m_source.isAtStop())))
-        goTo(m_index.spotAt(m_loop->from));
+    if (loop() && (ended || (isPlaying() && m_source.isAtStop())))
+        goTo(m_index.spotAt(loop()->from));
 }
 
 void TapeDeck::tellChange()

@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr quint32 format = 1;
+constexpr quint32 format = 2;
 constexpr int sumSize = 20;
 
 QDataStream &operator<<(QDataStream &out, const LineCounts &counts)
@@ -42,14 +42,6 @@ QDataStream &operator>>(QDataStream &in, TapeBlock &block)
         >> block.rows >> block.firstTime >> block.lastTime >> block.low >> block.high;
 }
 
-//! Seconds between the last reading of a part and the first of the next: one of the part's own steps.
-double stepOf(double first, double last, qint64 rows)
-{
-    constexpr double usual = 1.0;
-    const double step = rows > 1 ? (last - first) / double(rows - 1) : 0.0;
-    return std::isfinite(step) && step > 0.0 ? step : usual;
-}
-
 //! Returns whether a number may be one of bytes or readings. The sum of those of all parts is one, too.
 bool isCount(qint64 number)
 {
@@ -57,6 +49,13 @@ bool isCount(qint64 number)
 }
 
 } // namespace
+
+double TapeIndex::Part::step() const
+{
+    constexpr double usual = 1.0;
+    const double step = rows > 1 ? (lastTime - firstTime) / double(rows - 1) : 0.0;
+    return std::isfinite(step) && step > 0.0 ? step : usual;
+}
 
 void TapeIndex::addPart(const QByteArray &context)
 {
@@ -69,6 +68,12 @@ void TapeIndex::addPart(const QByteArray &context)
     m_parts.push_back(part);
 }
 
+void TapeIndex::dateLastPart(double origin)
+{
+    if (!m_parts.empty())
+        m_parts.back().origin = origin;
+}
+
 void TapeIndex::addBlock(const TapeBlock &block)
 {
     if (m_parts.empty() || block.rows == 0)
@@ -76,10 +81,8 @@ void TapeIndex::addBlock(const TapeBlock &block)
     Part &part = m_parts.back();
     if (part.rows == 0) {
         part.firstTime = block.firstTime;
-        if (!m_blocks.empty()) {
-            const Part &former = m_parts[std::size_t(m_blocks.back().part)];
-            part.begin += stepOf(former.firstTime, former.lastTime, former.rows);
-        }
+        if (!m_blocks.empty())
+            part.begin += this->part(m_blocks.back().part).step();
     }
     part.rows += block.rows;
     part.lastTime = block.lastTime;
@@ -159,8 +162,17 @@ ReadPoint TapeIndex::entryBefore(const TapeSpot &spot, qint64 rows, qint64 bytes
 
 QVector<TapeIndex::Range> TapeIndex::outline(int columns) const
 {
+    return outline(columns, length(), [this](const TapeSpot &spot) {
+        return positionOf(spot);
+    });
+}
+
+QVector<TapeIndex::Range>
+TapeIndex::outline(int columns,
+                   double length,
+                   const std::function<double(const TapeSpot &)> &positionOf) const
+{
     QVector<Range> outline(std::max(columns, 0));
-    const double length = this->length();
     if (columns <= 0)
         return outline;
     const auto columnOf = [&](double position) {
@@ -189,7 +201,8 @@ QByteArray TapeIndex::toBytes() const
     out.setVersion(QDataStream::Qt_5_15);
     out << format << quint32(m_parts.size());
     for (const Part &part : m_parts)
-        out << part.context << part.firstTime << part.lastTime << part.rows << part.begin;
+        out << part.context << part.firstTime << part.lastTime << part.rows << part.begin
+            << part.origin;
     out << quint32(m_blocks.size());
     for (const TapeBlock &block : m_blocks)
         out << block;
@@ -214,7 +227,8 @@ bool TapeIndex::fromBytes(const QByteArray &bytes)
         return false;
     m_parts.resize(parts);
     for (Part &part : m_parts)
-        in >> part.context >> part.firstTime >> part.lastTime >> part.rows >> part.begin;
+        in >> part.context >> part.firstTime >> part.lastTime >> part.rows >> part.begin
+            >> part.origin;
     in >> blocks;
     m_blocks.resize(std::min<quint32>(blocks, maxBlocks));
     for (TapeBlock &block : m_blocks)
@@ -239,10 +253,11 @@ bool TapeIndex::isConsistent() const
 {
     if (m_parts.empty() != m_blocks.empty())
         return false;
+    constexpr double latestOrigin = 1e11; // s
     double begin = 0.0;
     for (const Part &part : m_parts) {
         if (!(part.firstTime <= part.lastTime && part.begin >= begin && std::isfinite(part.end()))
-            || !isCount(part.rows))
+            || !isCount(part.rows) || std::abs(part.origin) > latestOrigin)
             return false;
         begin = part.end();
     }

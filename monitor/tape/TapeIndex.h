@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
 #include <limits>
 #include <vector>
 
@@ -59,11 +60,29 @@ public:
         double low = 0.0;
         double high = -1.0;
     };
+    //! A part: a stretch whose times go on, and lines that describe it.
+    struct Part
+    {
+        QByteArray context;
+        double firstTime = 0.0;
+        double lastTime = 0.0;
+        qint64 rows = 0;
+        double begin = 0.0; //!< position of its first reading
+        //! The moment at which t is 0, in seconds since 1970; not a number if the recording does not state it.
+        double origin = std::numeric_limits<double>::quiet_NaN();
+
+        //! Returns the position of its last reading.
+        double end() const { return begin + (lastTime - firstTime); }
+        //! Returns the seconds from its last reading to what follows it: one of its own steps.
+        double step() const;
+    };
     //! How many blocks, parts and marks an index has at most.
     static constexpr int maxBlocks = 8192, maxParts = 4096, maxMarks = 4096;
 
     //! Adds a part, with the lines that describe it.
     void addPart(const QByteArray &context);
+    //! States the moment at which t is 0 in the last part, in seconds since 1970.
+    void dateLastPart(double origin);
     //! Adds a block of the last part; blocks come in the order of the file.
     void addBlock(const TapeBlock &block);
     //! Adds a mark; beyond maxMarks they are only counted.
@@ -71,6 +90,8 @@ public:
 
     bool isEmpty() const { return m_blocks.empty(); }
     int parts() const { return int(m_parts.size()); }
+    //! Returns a part, counted from 0.
+    const Part &part(int number) const { return m_parts[std::size_t(number)]; }
     const std::vector<TapeBlock> &blocks() const { return m_blocks; }
     const QVector<TapeMark> &marks() const { return m_marks; }
     //! Returns how many marks there are beyond those of marks().
@@ -92,6 +113,10 @@ public:
     ReadPoint entryBefore(const TapeSpot &spot, qint64 rows, qint64 bytes, int *part) const;
     //! Returns the extremes in each of \a columns equal stretches of the tape.
     QVector<Range> outline(int columns) const;
+    //! Returns the same for a tape of another length, on which the places of this one have those positions.
+    QVector<Range> outline(int columns,
+                           double length,
+                           const std::function<double(const TapeSpot &)> &positionOf) const;
 
     //! Returns the index as bytes.
     QByteArray toBytes() const;
@@ -99,19 +124,7 @@ public:
     bool fromBytes(const QByteArray &bytes);
 
 private:
-    struct Part
-    {
-        QByteArray context;
-        double firstTime = 0.0;
-        double lastTime = 0.0;
-        qint64 rows = 0;
-        double begin = 0.0; //!< position of its first reading
-
-        //! Returns the position of its last reading.
-        double end() const { return begin + (lastTime - firstTime); }
-    };
     bool isConsistent() const;
-    const Part &part(int number) const { return m_parts[std::size_t(number)]; }
 
     std::vector<Part> m_parts;
     std::vector<TapeBlock> m_blocks;

@@ -5,6 +5,7 @@
 #include "monitor/input/StreamSink.h"
 #include "monitor/nexus/TableReaders.h"
 #include "monitor/readings/GapWatch.h"
+#include "monitor/readings/StreamHeader.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,6 +58,7 @@ public:
         if (!isComplete)
             return;
         index.addPart(point.context);
+        m_header = header;
         // What precedes the part in this block belongs to another one, so reading cannot begin here.
         m_block.isEntry = false;
         m_block.low = kInfinity;
@@ -67,6 +69,9 @@ public:
         if (m_any && m_gaps.isGap(time - m_lastTime))
             index.addMark(
                 {TapeMark::Kind::Gap, {index.parts() - 1, m_lastTime}, time - m_lastTime, {}});
+        if (!m_any && isComplete)
+            if (const std::optional<double> origin = m_header.statedOrigin(time))
+                index.dateLastPart(*origin);
         m_any = true;
         m_lastTime = time;
         if (m_block.rows++ == 0)
@@ -98,6 +103,7 @@ public:
 private:
     const TableReader *const &m_reader;
     TapeBlock m_block;
+    StreamHeader m_header;
     GapWatch m_gaps;
     int m_channels = 0;
     bool m_any = false;

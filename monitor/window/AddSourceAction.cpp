@@ -6,6 +6,7 @@
 #include "monitor/window/KeptConnections.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceBeside.h"
+#include "monitor/window/SourceImport.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/Symbols.h"
 
@@ -47,8 +48,12 @@ bool AddSourceAction::add(const QString &text)
 {
     if (m_lead.source().isNone())
         return m_sources.open(text);
+    const std::optional<ImportOptions> import =
+        importOfSource(text, ImportOptions(), &m_settings, m_window);
+    if (!import)
+        return false; // the person does not want to open it
     QString error;
-    std::unique_ptr<Source> source = sourceBeside(m_lead, text, &error);
+    std::unique_ptr<Source> source = sourceBeside(m_lead, text, *import, &error);
     if (!source) {
         QMessageBox::warning(m_window, tr("Add source"), error);
         return false;

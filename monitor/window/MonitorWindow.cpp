@@ -182,7 +182,7 @@ void MonitorWindow::addDocks()
     addDock(new EventLog(m_session), "log", tr("Log (UTC)"), Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    m_tape = new TapeBar(m_session, this);
+    m_tape = new TapeBar(m_session, *m_companions, this);
 }
 
 void MonitorWindow::addDock(QWidget *widget,

@@ -8,22 +8,52 @@
 
 namespace Monitor {
 
-std::unique_ptr<Source> sourceBeside(const Session &lead, const QString &address, QString *error)
+namespace {
+
+//! What may be shown together: what is measured now, or what was recorded.
+enum class Time {
+    Present,
+    Past,
+    None
+};
+
+Time timeOf(const Source &source)
 {
-    SourceFactory factory(lead.clock(), FileSource::Options());
+    if (source.isLive())
+        return Time::Present;
+    return qobject_cast<const FileSource *>(&source) ? Time::Past : Time::None;
+}
+
+} // namespace
+
+std::unique_ptr<Source> sourceBeside(const Session &lead,
+                                     const QString &address,
+                                     const ImportOptions &import,
+                                     QString *error)
+{
+    FileSource::Options options;
+    options.import = import;
+    SourceFactory factory(lead.clock(), options);
     std::unique_ptr<Source> source = factory.make(address);
     *error = factory.errorString();
     if (!source)
         return nullptr;
-    const bool isLive = source->isLive();
-    if (isLive && lead.source().isLive())
+    const Time time = timeOf(*source), leadTime = timeOf(lead.source());
+    if (time == leadTime && time != Time::None)
         return source;
-    *error =
-        Text::tr(
-            "%1 is not an instrument: a recording is shown alone, since its readings were taken at "
-            "another time. Open it with File > Open..., or in a window with another "
-            "--settings FILE")
-            .arg(isLive ? lead.source().description() : address);
+    if (time == Time::None || leadTime == Time::None)
+        *error =
+            Text::tr("%1 is shown alone: its images have no times. Open it with File > Open..., "
+                     "or in a window with another --settings FILE")
+                .arg(time == Time::None ? address : lead.source().description());
+    else
+        *error =
+            Text::tr(
+                "%1 is a recording, and %2 is an instrument: they are not shown together, since "
+                "their readings were taken at different times. Open one of them in a window "
+                "with another --settings FILE")
+                .arg(time == Time::Past ? address : lead.source().description(),
+                     time == Time::Past ? lead.source().description() : address);
     return nullptr;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/input/ImportOptions.h"
 #include "monitor/sources/SourceNames.h"
 
 #include <memory>
@@ -12,9 +13,12 @@ class Session;
 class Source;
 class WindowSettings;
 
-/*! Makes a source that is to be read beside others. Returns null, with \a error, if the address makes no sense or is that of a
-    recording or of images, whose readings do not arrive as they are taken. */
-std::unique_ptr<Source> sourceBeside(const Session &lead, const QString &address, QString *error);
+/*! Makes a source that is to be shown beside others, a table read with those options. Returns null, with \a error, if the address makes
+    no sense, or if one of the two is a recording and the other an instrument, or images without times. */
+std::unique_ptr<Source> sourceBeside(const Session &lead,
+                                     const QString &address,
+                                     const ImportOptions &import,
+                                     QString *error);
 /*! Adds a source to those that are read together and starts it, with the detector that was remembered for it. Call it only
     for a source from sourceBeside(). */
 void addBeside(Companions &companions,

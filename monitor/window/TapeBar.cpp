@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapeBar.h"
 
-#include "monitor/session/Session.h"
+#include "monitor/session/Companions.h"
+#include "monitor/tape/Tape.h"
+#include "monitor/window/SessionTape.h"
 #include "monitor/window/TapePanel.h"
 
 #include <QAction>
@@ -10,9 +12,9 @@
 
 namespace Monitor {
 
-TapeBar::TapeBar(Session &session, QMainWindow *window)
+TapeBar::TapeBar(Session &session, const Companions &members, QMainWindow *window)
     : QObject(window)
-    , m_session(session)
+    , m_members(members)
     , m_window(window)
     , m_action(new QAction(tr("Tape &deck"), this))
 {
@@ -26,15 +28,28 @@ TapeBar::TapeBar(Session &session, QMainWindow *window)
     // The deck works on the source, so that it must go first.
     connect(&session, &Session::sourceClosing, this, &TapeBar::closeTape);
     connect(&session, &Session::sourceReplaced, this, &TapeBar::openTape);
+    connect(&members, &Companions::closing, this, &TapeBar::closeTape);
+    connect(&members, &Companions::changed, this, &TapeBar::followMembers);
+    openTape();
+}
+
+//! Makes a deck for other members.
+void TapeBar::followMembers()
+{
+    if (m_members.members().size() == m_played)
+        return;
+    closeTape();
     openTape();
 }
 
 void TapeBar::openTape()
 {
-    m_bar = TapePanel::toolBarFor(m_session, m_window);
-    m_action->setEnabled(m_bar != nullptr);
-    if (!m_bar)
+    m_played = m_members.members().size();
+    std::unique_ptr<Tape> tape = tapeOf(m_members);
+    m_action->setEnabled(tape != nullptr);
+    if (!tape)
         return;
+    m_bar = TapePanel::toolBarFor(std::move(tape), m_window);
     m_window->addToolBar(Qt::BottomToolBarArea, m_bar);
     m_bar->setVisible(m_action->isChecked());
     // A restored layout, or the menu of the window's edge, hides it as well.
@@ -46,6 +61,7 @@ void TapeBar::closeTape()
     if (m_bar)
         m_bar->toggleViewAction()->disconnect(m_action); // it goes, but stays wanted
     delete m_bar;
+    m_played = 0;
 }
 
 } // namespace Monitor

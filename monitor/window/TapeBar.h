@@ -10,15 +10,18 @@ class QToolBar;
 
 namespace Monitor {
 
+class Companions;
 class Session;
 
-//! Keeps a tape deck below a window while the session plays a file, and takes it away with that file.
+/*! Keeps a tape deck below a window while the session plays a file, and takes it away with that file. The deck plays the recordings
+    beside that file as well. */
 class TapeBar : public QObject
 {
     Q_OBJECT
 
 public:
-    TapeBar(Session &session, QMainWindow *window);
+    //! \a members are the session and its companions.
+    TapeBar(Session &session, const Companions &members, QMainWindow *window);
 
     //! Returns the menu entry that shows and hides the deck; it is disabled while there is none.
     QAction *action() const { return m_action; }
@@ -26,10 +29,12 @@ public:
 private:
     void openTape();
     void closeTape();
+    void followMembers();
 
-    Session &m_session;
+    const Companions &m_members;
     QMainWindow *m_window;
     QAction *m_action;
+    std::size_t m_played = 0; //!< how many members the deck was made for
     QPointer<QToolBar> m_bar; //!< null while no file is played
 };
 

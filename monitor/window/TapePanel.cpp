@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapePanel.h"
 
-#include "monitor/session/Session.h"
-#include "monitor/sources/FileSource.h"
-#include "monitor/tape/TapeDeck.h"
+#include "monitor/tape/Tape.h"
 #include "monitor/window/Look.h"
 #include "monitor/window/TapeSketch.h"
 #include "monitor/window/TapeTimeline.h"
@@ -56,27 +54,18 @@ QPainterPath bracket(double stem, double tips)
 
 } // namespace
 
-TapePanel *TapePanel::forSession(Session &session, QWidget *parent)
+QToolBar *TapePanel::toolBarFor(std::unique_ptr<Tape> tape, QWidget *parent)
 {
-    auto *source = qobject_cast<FileSource *>(&session.source());
-    return source ? new TapePanel(session, *source, parent) : nullptr;
-}
-
-QToolBar *TapePanel::toolBarFor(Session &session, QWidget *parent)
-{
-    TapePanel *panel = forSession(session);
-    if (!panel)
-        return nullptr;
     auto *bar = new QToolBar(tr("Tape"), parent);
     bar->setObjectName(QStringLiteral("tape"));
     bar->setMovable(false);
-    bar->addWidget(panel);
+    bar->addWidget(new TapePanel(std::move(tape)));
     return bar;
 }
 
-TapePanel::TapePanel(Session &session, FileSource &source, QWidget *parent)
+TapePanel::TapePanel(std::unique_ptr<Tape> tape, QWidget *parent)
     : QWidget(parent)
-    , m_deck(new TapeDeck(source, session.clock(), {}, this))
+    , m_deck(std::move(tape))
     , m_timeline(new TapeTimeline(*m_deck, this))
 {
     setObjectName(QStringLiteral("tapePanel"));
@@ -84,29 +73,25 @@ TapePanel::TapePanel(Session &session, FileSource &source, QWidget *parent)
     layout->setContentsMargins(Look::gap / 2, Look::gap / 4, Look::gap / 2, Look::gap / 4);
     layout->setSpacing(Look::gap / 4);
     setLayout(layout);
-    const auto add = [&](QToolButton *button, void (TapeDeck::*action)()) {
-        connect(button, &QToolButton::clicked, m_deck, action);
+    const auto add = [&](QToolButton *button, void (Tape::*action)()) {
+        connect(button, &QToolButton::clicked, m_deck.get(), action);
     };
-    add(addButton("tapeBack", Sign::Back, tr("One reading back (comma)")),
-        &TapeDeck::stepBackwards);
+    add(addButton("tapeBack", Sign::Back, tr("One reading back (comma)")), &Tape::stepBackwards);
     m_play = addButton("tapePlay", Sign::Play, tr("Play or pause (Enter)"));
-    add(m_play, &TapeDeck::toggle);
-    add(addButton("tapeForth", Sign::Forth, tr("One reading on (period)")),
-        &TapeDeck::stepForwards);
+    add(m_play, &Tape::toggle);
+    add(addButton("tapeForth", Sign::Forth, tr("One reading on (period)")), &Tape::stepForwards);
     m_speed = new QComboBox(this);
     m_speed->setObjectName(QStringLiteral("tapeSpeed"));
     m_speed->setToolTip(tr("How many times as fast as the recording was taken"));
     m_speed->setAccessibleName(tr("Speed of the tape"));
-    for (const double speed : TapeDeck::speeds())
+    for (const double speed : Tape::speeds())
         m_speed->addItem(speedText(speed), speed);
     layout->addWidget(m_speed);
     layout->addWidget(m_timeline, 1);
     add(addButton("tapeLoopBegin", Sign::LoopBegin, tr("Repeat from here ([)")),
-        &TapeDeck::beginLoopHere);
-    add(addButton("tapeLoopEnd", Sign::LoopEnd, tr("Repeat up to here (])")),
-        &TapeDeck::endLoopHere);
-    add(addButton("tapeNoLoop", Sign::NoLoop, tr("Repeat nothing (Backspace)")),
-        &TapeDeck::clearLoop);
+        &Tape::beginLoopHere);
+    add(addButton("tapeLoopEnd", Sign::LoopEnd, tr("Repeat up to here (])")), &Tape::endLoopHere);
+    add(addButton("tapeNoLoop", Sign::NoLoop, tr("Repeat nothing (Backspace)")), &Tape::clearLoop);
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("tapePosition"));
     m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it"));
@@ -120,8 +105,8 @@ TapePanel::TapePanel(Session &session, FileSource &source, QWidget *parent)
     connect(m_speed, QOverload<int>::of(&QComboBox::activated), this, [this](int row) {
         m_deck->setSpeed(m_speed->itemData(row).toDouble());
     });
-    connect(m_deck, &TapeDeck::changed, this, &TapePanel::refresh);
-    connect(m_deck, &TapeDeck::moved, this, &TapePanel::showPosition);
+    connect(m_deck.get(), &Tape::changed, this, &TapePanel::refresh);
+    connect(m_deck.get(), &Tape::moved, this, &TapePanel::showPosition);
     dressButtons();
     refresh();
 }
@@ -229,11 +214,10 @@ void TapePanel::refresh()
 
 void TapePanel::showPosition()
 {
-    const TapeSpot spot = m_deck->spot();
-    const int parts = m_deck->index().parts();
-    QString text = TapeSketch::exactTimeText(spot.time, m_deck->length());
-    if (parts > 1)
-        text = tr("%1/%2: ").arg(spot.part + 1).arg(parts) + text;
+    const TapeReadout here = m_deck->readout();
+    QString text = TapeSketch::exactTimeText(here.time, m_deck->length());
+    if (here.parts > 1)
+        text = tr("%1/%2: ").arg(here.part + 1).arg(here.parts) + text;
     m_position->setText(text);
 }
 

@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class QComboBox;
 class QLabel;
 class QToolBar;
@@ -10,31 +12,27 @@ class QToolButton;
 
 namespace Monitor {
 
-class FileSource;
-class Session;
-class TapeDeck;
+class Tape;
 class TapeTimeline;
 
-//! The tape deck of a recording: its time line, and buttons to play, pause, step, repeat, and choose the speed.
+//! The tape deck of a recording, or of several that are played together: its time line, and buttons to play, pause, step, repeat, and choose the speed.
 class TapePanel : public QWidget
 {
     Q_OBJECT
 
 public:
-    //! Returns the panel of a session that plays a file; null if it does not. The session must outlive the panel.
-    static TapePanel *forSession(Session &session, QWidget *parent = nullptr);
-    //! Returns the same in a tool bar, for the whole width of a window.
-    static QToolBar *toolBarFor(Session &session, QWidget *parent);
+    explicit TapePanel(std::unique_ptr<Tape> tape, QWidget *parent = nullptr);
+    //! Returns a panel in a tool bar, for the whole width of a window.
+    static QToolBar *toolBarFor(std::unique_ptr<Tape> tape, QWidget *parent);
     ~TapePanel() override;
 
-    TapeDeck &deck() const { return *m_deck; }
+    Tape &deck() const { return *m_deck; }
     TapeTimeline &timeline() const { return *m_timeline; }
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    TapePanel(Session &session, FileSource &source, QWidget *parent);
     //! What is drawn on a button.
     enum class Sign {
         Play,
@@ -52,7 +50,7 @@ private:
     void refresh();
     void showPosition();
 
-    TapeDeck *m_deck;
+    const std::unique_ptr<Tape> m_deck;
     TapeTimeline *m_timeline;
     QToolButton *m_play = nullptr;
     QVector<QPair<QToolButton *, Sign>> m_buttons;

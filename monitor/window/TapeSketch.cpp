@@ -66,11 +66,11 @@ QString clockText(double seconds, int decimals)
 
 } // namespace
 
-TapeSketch::TapeSketch(const TapeIndex &index,
+TapeSketch::TapeSketch(const TapeSurvey &survey,
                        const QRect &band,
                        const QPalette &palette,
                        const QFont &font)
-    : m_index(index)
+    : m_survey(survey)
     , m_band(band)
     , m_palette(palette)
     , m_metrics(font)
@@ -80,12 +80,12 @@ TapeSketch::TapeSketch(const TapeIndex &index,
 double TapeSketch::positionAt(int x) const
 {
     const double share = double(x - m_band.left()) / std::max(m_band.width() - 1, 1);
-    return std::clamp(share, 0.0, 1.0) * m_index.length();
+    return std::clamp(share, 0.0, 1.0) * m_survey.length;
 }
 
 int TapeSketch::xOf(double position) const
 {
-    const double length = m_index.length();
+    const double length = m_survey.length;
     const bool measurable = length > 0.0 && std::isfinite(length);
     const double share = measurable ? std::clamp(position / length, 0.0, 1.0) : 0.0;
     return m_band.left() + int(std::lround(share * std::max(m_band.width() - 1, 0)));
@@ -132,12 +132,13 @@ void TapeSketch::paint(QPainter *painter) const
 {
     paintMarks(painter);
     paintOutline(painter);
+    paintLanes(painter);
     paintTimes(painter);
 }
 
 void TapeSketch::paintOutline(QPainter *painter) const
 {
-    const QVector<TapeIndex::Range> outline = m_index.outline(m_band.width());
+    const QVector<TapeIndex::Range> outline = m_survey.outline(m_band.width());
     double low = std::numeric_limits<double>::infinity(), high = -low;
     for (const TapeIndex::Range &range : outline) {
         if (range.low > range.high)
@@ -166,8 +167,8 @@ void TapeSketch::paintOutline(QPainter *painter) const
 //! Gaps are bars in the band, events are flags above it.
 void TapeSketch::paintMarks(QPainter *painter) const
 {
-    for (const TapeMark &mark : m_index.marks()) {
-        const double at = m_index.positionOf(mark.spot);
+    for (const TapeSurvey::Mark &mark : m_survey.marks) {
+        const double at = mark.position;
         const int x = xOf(at);
         if (mark.kind == TapeMark::Kind::Gap) {
             const int width = std::max(2, xOf(at + mark.length) - x);
@@ -186,35 +187,61 @@ void TapeSketch::paintMarks(QPainter *painter) const
     }
     // Parts whose times are independent of each other.
     painter->setPen(QPen(between(m_palette, 0.5), 1, Qt::DashLine));
-    for (int part = 1; part < m_index.parts(); ++part) {
-        const double begin = m_index.positionOf({part, -std::numeric_limits<double>::infinity()});
-        painter->drawLine(xOf(begin), m_band.top(), xOf(begin), m_band.bottom());
+    for (const double border : m_survey.borders)
+        painter->drawLine(xOf(border), m_band.top(), xOf(border), m_band.bottom());
+}
+
+//! Lines at the foot of the band; the outline is that of the first one.
+void TapeSketch::paintLanes(QPainter *painter) const
+{
+    constexpr int thickness = 3, most = 6;
+    int y = m_band.bottom() - thickness * std::min(int(m_survey.lanes.size()), most) + 1;
+    for (const TapeSurvey::Lane &lane : m_survey.lanes.mid(0, most)) {
+        const QColor color = m_palette.color(QPalette::Highlight);
+        for (const TapeSurvey::Stretch &stretch : lane.covered) {
+            const int from = xOf(stretch.position);
+            const int to = xOf(stretch.position + stretch.length);
+            painter->fillRect(from, y, to - from + 1, thickness - 1, color);
+        }
+        y += thickness;
     }
 }
 
 void TapeSketch::paintTimes(QPainter *painter) const
 {
-    const double length = m_index.length(), first = m_index.firstTime();
-    if (!(length > 0.0) || !std::isfinite(length))
+    if (!(m_survey.length > 0.0) || !std::isfinite(m_survey.length))
         return;
+    painter->setPen(m_palette.color(QPalette::WindowText));
+    int from = 0;
+    for (const TapeSurvey::Stretch &stretch : m_survey.stretches)
+        from = paintTimesOf(stretch, from, painter);
+}
+
+//! Writes the times of a stretch that have room from a place on. Returns where the last one ends.
+int TapeSketch::paintTimesOf(const TapeSurvey::Stretch &stretch, int from, QPainter *painter) const
+{
+    const double length = m_survey.length, first = stretch.time;
     const int room = 2
         * std::max(m_metrics.horizontalAdvance(timeText(first, length)),
-                   m_metrics.horizontalAdvance(timeText(first + length, length)));
+                   m_metrics.horizontalAdvance(timeText(first + stretch.length, length)));
     const double step = timeStep(length, m_band.width() / std::max(room, 1));
     const double firstTick = std::ceil(first / step) * step;
-    painter->setPen(m_palette.color(QPalette::WindowText));
     // Counted, because steps may be too small for the times that they are added to.
-    const auto ticks = int((length + first - firstTick) / step * (1.0 + 1e-9));
+    const auto ticks = int((stretch.length + first - firstTick) / step * (1.0 + 1e-9));
     for (int i = 0; i <= ticks; ++i) {
         const double time = firstTick + i * step;
-        const int x = xOf(time - first);
+        const int x = xOf(stretch.position + time - first);
         painter->drawLine(x, m_band.bottom() + 1, x, m_band.bottom() + 3);
         const QString text = timeText(time, length);
         const int width = m_metrics.horizontalAdvance(text);
         const int right = m_band.right() + margin;
         const int left = std::clamp(x - width / 2, 0, std::max(0, right - width));
+        if (left < from)
+            continue;
         painter->drawText(left, m_band.bottom() + 2 + m_metrics.ascent(), text);
+        from = left + width + m_metrics.averageCharWidth();
     }
+    return from;
 }
 
 } // namespace Monitor

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/tape/TapeIndex.h"
+#include "monitor/tape/TapeSurvey.h"
 
 #include <QFontMetrics>
 #include <QPalette>
@@ -11,15 +11,15 @@ class QPainter;
 
 namespace Monitor {
 
-//! Draws a tape into a band: the outline of the sums, gaps, parts, flags of events above it, and times below it.
+//! Draws a tape into a band: the outline of the sums, gaps, parts, a line for each of several recordings where it lies, flags of events above it, and times below it.
 class TapeSketch
 {
 public:
     //! The room beside the band, and the height of a flag above it, in pixels.
     static constexpr int margin = 8, flagHeight = 7;
 
-    //! \a index must outlive the sketch.
-    TapeSketch(const TapeIndex &index,
+    //! \a survey must outlive the sketch.
+    TapeSketch(const TapeSurvey &survey,
                const QRect &band,
                const QPalette &palette,
                const QFont &font);
@@ -39,9 +39,11 @@ public:
 private:
     void paintOutline(QPainter *painter) const;
     void paintMarks(QPainter *painter) const;
+    void paintLanes(QPainter *painter) const;
     void paintTimes(QPainter *painter) const;
+    int paintTimesOf(const TapeSurvey::Stretch &stretch, int from, QPainter *painter) const;
 
-    const TapeIndex &m_index;
+    const TapeSurvey &m_survey;
     const QRect m_band;
     const QPalette m_palette;
     const QFontMetrics m_metrics;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapeTimeline.h"
 
-#include "monitor/tape/TapeDeck.h"
+#include "monitor/tape/Tape.h"
 #include "monitor/window/TapeSketch.h"
 
 #include <QHelpEvent>
@@ -22,7 +22,7 @@ constexpr double smallStep = 0.01, largeStep = 0.1; // of the tape
 
 } // namespace
 
-TapeTimeline::TapeTimeline(TapeDeck &deck, QWidget *parent)
+TapeTimeline::TapeTimeline(Tape &deck, QWidget *parent)
     : QWidget(parent)
     , m_deck(deck)
 {
@@ -31,8 +31,8 @@ TapeTimeline::TapeTimeline(TapeDeck &deck, QWidget *parent)
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAccessibleName(tr("Time line of the recording"));
-    connect(&deck, &TapeDeck::changed, this, &TapeTimeline::forgetPicture);
-    connect(&deck, &TapeDeck::moved, this, &TapeTimeline::updateCursor);
+    connect(&deck, &Tape::changed, this, &TapeTimeline::forgetPicture);
+    connect(&deck, &Tape::moved, this, &TapeTimeline::updateCursor);
 }
 
 QSize TapeTimeline::sizeHint() const
@@ -68,7 +68,7 @@ int TapeTimeline::xOf(double position) const
 
 TapeSketch TapeTimeline::sketch() const
 {
-    return TapeSketch(m_deck.index(), band(), palette(), font());
+    return TapeSketch(m_deck.survey(), band(), palette(), font());
 }
 
 void TapeTimeline::forgetPicture()
@@ -112,6 +112,7 @@ void TapeTimeline::paintEvent(QPaintEvent *)
     paintPosition(&painter);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight));
+        painter.setBrush(Qt::NoBrush);
         painter.drawRect(band().adjusted(-2, -1, 1, 1));
     }
 }
@@ -173,22 +174,28 @@ void TapeTimeline::paintPosition(QPainter *painter) const
 QString TapeTimeline::toolTipAt(int x) const
 {
     constexpr int nearEnough = 5;
-    const TapeIndex &index = m_deck.index();
-    const TapeSpot spot = index.spotAt(positionAt(x));
-    QStringList lines{TapeSketch::exactTimeText(spot.time, m_deck.length())};
-    if (index.parts() > 1)
-        lines.first() += tr(", part %1 of %2").arg(spot.part + 1).arg(index.parts());
-    for (const TapeMark &mark : index.marks()) {
-        if (std::abs(xOf(index.positionOf(mark.spot)) - x) > nearEnough)
+    const TapeSurvey &survey = m_deck.survey();
+    const TapeReadout there = m_deck.readoutAt(positionAt(x));
+    QStringList lines{TapeSketch::exactTimeText(there.time, survey.length)};
+    if (there.parts > 1)
+        lines.first() += tr(", part %1 of %2").arg(there.part + 1).arg(there.parts);
+    if (there.moment.isValid())
+        lines.append(there.moment.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz 'UTC'")));
+    if (!survey.lanes.isEmpty())
+        lines.append(tr("the outline is the sum of %1").arg(survey.lanes.first().name));
+    for (const TapeSurvey::Mark &mark : survey.marks) {
+        if (std::abs(xOf(mark.position) - x) > nearEnough)
             continue;
         constexpr int mostLines = 8;
         if (lines.size() == mostLines) {
             lines.append(tr("..."));
             break;
         }
-        lines.append(mark.kind == TapeMark::Kind::Gap
-                         ? tr("no readings for %1 s").arg(mark.length, 0, 'g', 4)
-                         : mark.text);
+        const QString name = mark.name.isEmpty() ? QString() : mark.name + QStringLiteral(": ");
+        lines.append(name
+                     + (mark.kind == TapeMark::Kind::Gap
+                            ? tr("no readings for %1 s").arg(mark.length, 0, 'g', 4)
+                            : mark.text));
     }
     const QString text = lines.join(QLatin1Char('\n'));
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;

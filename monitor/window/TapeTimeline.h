@@ -6,18 +6,18 @@
 
 namespace Monitor {
 
-class TapeDeck;
+class Tape;
 class TapeSketch;
 
-/*! A recording from its beginning to its end: the smallest and the largest sum of its readings, its events and gaps, what is
-    repeated, and the present position. A click or a drag goes there; a drag with Shift chooses what is repeated. */
+/*! A tape from its beginning to its end: the smallest and the largest sum of the readings of its first recording, where each of several
+    recordings lies, events and gaps, what is repeated, and the present position. A click or a drag goes there; a drag with Shift chooses what is repeated. */
 class TapeTimeline : public QWidget
 {
     Q_OBJECT
 
 public:
     //! \a deck must outlive the widget.
-    explicit TapeTimeline(TapeDeck &deck, QWidget *parent = nullptr);
+    explicit TapeTimeline(Tape &deck, QWidget *parent = nullptr);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -47,7 +47,7 @@ private:
     void paintPosition(QPainter *painter) const;
     QString toolTipAt(int x) const;
 
-    TapeDeck &m_deck;
+    Tape &m_deck;
     QPixmap m_picture; //!< everything but the position and the loop
     int m_shownX = -1;
     double m_loopFrom = -1.0; //!< where a drag with Shift began

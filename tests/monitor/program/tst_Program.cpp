@@ -258,7 +258,7 @@ private Q_SLOTS:
         QCOMPARE(run({"beside-ic4.csv", "beside-halo.csv", "--check"}).code, 0);
         const Outcome tape = run({"sim:ic4", "good.csv", "--settings", "beside.xui"});
         QCOMPARE(tape.code, 1);
-        QVERIFY2(tape.err.contains("good.csv is not an instrument"), tape.err);
+        QVERIFY2(tape.err.contains("good.csv is a recording, and"), tape.err);
     }
 
     void twentySources()

@@ -307,7 +307,7 @@ private Q_SLOTS:
             dialog->reject();
         });
         QVERIFY(!action->add(file("tape.csv")));
-        QVERIFY2(said.contains("a recording is shown alone"), qPrintable(said));
+        QVERIFY2(said.contains("they are not shown together"), qPrintable(said));
 
         // The middle one is closed by its button; another source in the window closes the rest.
         w.pane(0).findChild<QToolButton *>("close")->click();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/session/Companions.h"
 #include "monitor/session/Session.h"
 #include "monitor/sources/FileSource.h"
 #include "monitor/tape/TapeDeck.h"
@@ -12,6 +13,7 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include <corvale_qt/scope/RVXScopePlotView.h>
 
 using namespace Monitor;
 
@@ -38,7 +40,7 @@ private Q_SLOTS:
         session.start();
         auto *panel = window.findChild<TapePanel *>();
         QVERIFY(panel);
-        TapeDeck &deck = panel->deck();
+        auto &deck = static_cast<TapeDeck &>(panel->deck());
         TapeTimeline &line = panel->timeline();
         QTRY_VERIFY((clock.advance(0.02), deck.isIndexed()));
         QTRY_VERIFY(line.width() > window.width() / 2);
@@ -191,6 +193,70 @@ private Q_SLOTS:
         }
         putFile(path, "time_s,a\n0,1\n");
         QVERIFY(ImportDialog::optionsFor(path, &settings)->isUsual());
+    }
+
+    //! Two recordings that overlap have one tape, charts that end at the same moment, and no tape too many when one is closed.
+    void recordingsOfAWindowShareATape()
+    {
+        const auto table = [](const char *second, int rows) {
+            QByteArray text = QByteArray("#corvale 1\n#channels a\n#unit nA\n#t0 2026-11-22T14:00:")
+                + second + ".000Z\n";
+            for (int i = 0; i <= rows; ++i)
+                text += QByteArray::number(0.1 * i, 'f', 1) + ',' + QByteArray::number(i % 50)
+                    + (i == rows / 2 ? "\n#event half\n" : "\n");
+            return text;
+        };
+        putFile(m_dir.filePath("lead.csv"), table("10", 200));
+        putFile(m_dir.filePath("halo.csv"), table("05", 150));
+        ManualClock clock;
+        const auto source = [&](const QString &name) {
+            return std::make_unique<FileSource>(clock, m_dir.filePath(name), FileSource::Options());
+        };
+        Session session(clock, source("lead.csv"));
+        MonitorWindow window(session, m_dir.filePath("shared.xui"));
+        window.resize(1024, 900);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        session.start();
+        window.companions().add({"halo", "halo.csv"}, source("halo.csv")).start();
+        auto *panel = window.findChild<TapePanel *>();
+        QTRY_VERIFY((clock.advance(0.02), panel->deck().isIndexed()));
+        QCOMPARE(panel->deck().length(), 25.0);
+        QCOMPARE(panel->timeline().xOf(25.0) - panel->timeline().xOf(0.0),
+                 panel->timeline().width() - 2 * TapeSketch::margin - 1);
+        panel->deck().pause();
+        const auto times = [&] {
+            QStringList texts{panel->findChild<QLabel *>("tapePosition")->text()};
+            for (const Companions::Member &member : window.companions().members()) {
+                const MultichannelDeviceModel &model = member.session->model();
+                texts += QString::number(model.doubleData(model.rowCount() - 1, 0));
+            }
+            QStringList ends; // of the charts, in no order
+            for (const auto *view : window.findChildren<Corvale_Qt::RVXScopePlotView *>())
+                ends += QString::number(view->timeEnd());
+            ends.sort();
+            texts += ends;
+            return texts.join(' ');
+        };
+        panel->deck().seek(12.05); // 7.05 s after the lead began
+        clock.advance(0.2);
+        QCOMPARE(times(), QString("7.050 s 7 12 12 7"));
+        panel->deck().seek(22.0); // the other has ended
+        clock.advance(0.2);
+        QCOMPARE(times(), QString("17.000 s 17 15 17 22"));
+        QTest::mouseClick(&panel->timeline(), Qt::LeftButton, {}, {panel->timeline().xOf(2.0), 10});
+        clock.advance(0.2);
+        QCOMPARE(session.model().rowCount(), 1); // it has not begun
+        // The click gave it the focus, whose mark does not cover what is shown.
+        QTRY_VERIFY(panel->timeline().hasFocus());
+        const QImage shown = panel->timeline().grab().toImage();
+        const QPoint place(panel->timeline().xOf(3.0), TapeSketch::flagHeight + 4);
+        QCOMPARE(shown.pixelColor(place * shown.devicePixelRatio()),
+                 panel->timeline().palette().color(QPalette::Base));
+        window.companions().closeAll();
+        panel = window.findChild<TapePanel *>();
+        QVERIFY(dynamic_cast<TapeDeck *>(&panel->deck()));
+        QCOMPARE(window.findChildren<TapePanel *>().size(), 1);
     }
 
 private:

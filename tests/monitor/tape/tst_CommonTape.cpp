@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/tape/CommonTape.h"
+#include "tests/monitor/support/ManualClock.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TestMain.h"
+
+#include <QRandomGenerator>
+
+#include <algorithm>
+
+using namespace Monitor;
+
+namespace {
+
+//! A reading as it is told: the recording, the moment in ms since the beginning of the hour, and the value.
+struct Told
+{
+    int track;
+    qint64 moment;
+    int value;
+    bool operator==(const Told &other) const
+    {
+        return track == other.track && moment == other.moment && value == other.value;
+    }
+};
+
+QString textOf(const std::vector<Told> &readings)
+{
+    QStringList words;
+    for (const Told &reading : readings)
+        words += QString("%1@%2=%3")
+                     .arg(QChar('A' + reading.track))
+                     .arg(reading.moment)
+                     .arg(reading.value);
+    return words.join(' ');
+}
+
+//! A recording of which t = 0 was so many ms after the hour; undated below 0. Times are in ms.
+QByteArray recording(int origin, const std::vector<int> &times, const QByteArray &events = {})
+{
+    QByteArray text = "#corvale 1\n#channels a\n#unit nA\n";
+    if (origin >= 0)
+        text += "#t0 2026-11-22T14:00:" + QByteArray::number(origin / 1000).rightJustified(2, '0')
+            + '.' + QByteArray::number(origin % 1000).rightJustified(3, '0') + "Z\n";
+    for (std::size_t i = 0; i < times.size(); ++i)
+        text += (i == 1 ? events : QByteArray()) + QByteArray::number(times[i] * 1e-3, 'f', 3) + ','
+            + QByteArray::number(int(i)) + '\n';
+    return text;
+}
+
+//! Recordings on a tape, and what they told in the order in which they told it.
+struct Played
+{
+    Played(const QTemporaryDir &dir,
+           const std::vector<QByteArray> &texts,
+           const CommonTape::Options &options)
+    {
+        std::vector<CommonTape::Recording> recordings;
+        for (const QByteArray &text : texts) {
+            const auto track = int(sources.size());
+            const QString path = dir.filePath(QString("%1.csv").arg(QChar('A' + track)));
+            putFile(path, text);
+            sources.push_back(std::make_unique<FileSource>(clock, path, FileSource::Options()));
+            listen(track);
+            recordings.push_back({QString(QChar('A' + track)), sources.back().get()});
+        }
+        tape = std::make_unique<CommonTape>(recordings, options, clock, dir.filePath("decks"));
+        for (const auto &source : sources)
+            source->start();
+        while (!tape->isIndexed() && tape->indexError().isEmpty())
+            clock.advance(0.0);
+    }
+    void listen(int track)
+    {
+        FileSource *source = sources.back().get();
+        QObject::connect(source, &Source::readingsArrived, &clock, [=](const ReadingBlock &block) {
+            for (int row = 0; row < block.size(); ++row) {
+                const double origin = source->placedOrigin()->seconds;
+                const double hour = source->placedOrigin()->isDated ? 1795356000.0 : 0.0;
+                told.push_back({track,
+                                qRound64((origin - hour + block.time(row)) * 1000.0),
+                                int(block.values(row)[0])});
+            }
+        });
+        QObject::connect(source, &Source::jumped, &clock, [=] {
+            forget(track);
+        });
+        QObject::connect(source, &Source::streamStarted, &clock, [=] {
+            headers += QChar('A' + track);
+        });
+        QObject::connect(source, &Source::noted, &clock, [=](const QString &text) {
+            notes += QString("%1 after %2: %3").arg(QChar('A' + track)).arg(told.size()).arg(text);
+        });
+    }
+    void forget(int track)
+    {
+        told.erase(std::remove_if(told.begin(),
+                                  told.end(),
+                                  [=](const Told &reading) {
+                                      return reading.track == track;
+                                  }),
+                   told.end());
+    }
+    //! Lets the tape play to its end, or for so many seconds at most.
+    void run(double seconds, double step = 0.02)
+    {
+        for (double gone = 0.0; gone < seconds && tape->isPlaying(); gone += step) {
+            clock.advance(step);
+            QCoreApplication::processEvents(); // of a tape that plays as fast as possible
+        }
+    }
+    void go(double position)
+    {
+        tape->seek(position);
+        clock.advance(0.0);
+    }
+
+    ManualClock clock;
+    std::vector<std::unique_ptr<FileSource>> sources;
+    std::unique_ptr<CommonTape> tape;
+    std::vector<Told> told;
+    QString headers;
+    QStringList notes;
+};
+
+//! Recordings with random times, some of them at the same moments, and all their readings sorted by moment and recording.
+struct Random
+{
+    explicit Random(unsigned seed)
+    {
+        QRandomGenerator random(seed);
+        for (int track = 0; track < 3; ++track) {
+            const int origin = random.bounded(40) * 100;
+            std::vector<int> times;
+            int time = random.bounded(20) * 50;
+            for (int i = random.bounded(1, 120); i > 0; --i, time += random.bounded(4) * 50)
+                times.push_back(time);
+            texts.push_back(recording(origin, times));
+            for (std::size_t i = 0; i < times.size(); ++i)
+                all.push_back({track, origin + times[i], int(i)});
+        }
+        std::stable_sort(all.begin(), all.end(), [](const Told &a, const Told &b) {
+            return std::tie(a.moment, a.track) < std::tie(b.moment, b.track);
+        });
+    }
+    std::vector<QByteArray> texts;
+    std::vector<Told> all;
+};
+
+CommonTape::Options at(double speed)
+{
+    CommonTape::Options options;
+    options.speed = speed;
+    return options;
+}
+
+} // namespace
+
+//! Several recordings on one tape. The order in which they are played is compared with that of all their readings, sorted.
+class tst_CommonTape : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void allReadingsInTheOrderOfTheirMoments_data()
+    {
+        columns<double>("speed");
+        row("as they were taken", 1.0);
+        row("50 times as fast", 50.0);
+        row("as fast as possible", 0.0);
+    }
+    void allReadingsInTheOrderOfTheirMoments()
+    {
+        QFETCH(double, speed);
+        for (unsigned seed = 0; seed < 20; ++seed) {
+            const Random random(seed);
+            Played played(m_dir, random.texts, at(speed));
+            played.run(60.0);
+            QCOMPARE(textOf(played.told), textOf(random.all));
+            for (const auto &source : played.sources)
+                QCOMPARE(source->state(), Source::State::Finished);
+        }
+    }
+
+    void readingsComeWhenTheCommonClockReachesThem()
+    {
+        const Random random(7);
+        Played played(m_dir, random.texts, at(2.0));
+        const qint64 first = random.all.front().moment;
+        for (int tick = 1; tick < 200; ++tick) {
+            played.clock.advance(0.02503); // no reading lies on a tick
+            const double due = double(first) + tick * 50.06;
+            const auto expected =
+                std::count_if(random.all.begin(), random.all.end(), [&](const Told &reading) {
+                    return double(reading.moment) <= due;
+                });
+            QCOMPARE(qint64(played.told.size()), qint64(expected));
+        }
+    }
+
+    void aPlaceIsThatOfAll()
+    {
+        const Random random(11);
+        Played played(m_dir, random.texts, at(1.0));
+        played.tape->pause();
+        const qint64 first = random.all.front().moment;
+        for (const double position : {2.025, 0.325, 100.0, 1.125, 0.0, 3.975}) {
+            played.go(position);
+            std::vector<Told> expected;
+            for (int track = 0; track < 3; ++track) // each is read for itself
+                std::copy_if(random.all.begin(),
+                             random.all.end(),
+                             std::back_inserter(expected),
+                             [&](const Told &reading) {
+                                 return reading.track == track
+                                     && double(reading.moment - first) <= position * 1000.0 + 0.5;
+                             });
+            QCOMPARE(textOf(played.told), textOf(expected));
+        }
+        // Step by step, from the beginning to the end and back; readings of one moment are one step.
+        played.go(0.0);
+        std::vector<double> there{played.tape->position()};
+        for (int i = 0; i < 400 && played.told.size() < random.all.size(); ++i) {
+            played.tape->stepForwards();
+            there.push_back(played.tape->position());
+        }
+        QCOMPARE(played.told.size(), random.all.size());
+        for (auto position = there.rbegin() + 1; position != there.rend(); ++position) {
+            played.tape->stepBackwards();
+            QVERIFY(std::abs(played.tape->position() - *position) < 1e-9);
+        }
+    }
+
+    void aStretchIsRepeatedByAll()
+    {
+        Played played(
+            m_dir,
+            {recording(0, {0, 1000, 2000, 3000, 4000}), recording(500, {0, 1000, 2000, 9000})},
+            at(1.0));
+        played.tape->setLoop({0.9, 2.2});
+        played.go(0.9);
+        played.run(1.29);
+        QCOMPARE(textOf(played.told), QString("A@0=0 B@500=0 A@1000=1 B@1500=1 A@2000=2"));
+        played.run(0.06); // back at 0.9
+        QCOMPARE(textOf(played.told), QString("A@0=0 B@500=0"));
+        played.tape->clearLoop();
+        played.run(20.0);
+        QCOMPARE(played.told.size(), std::size_t(9));
+        QVERIFY(!played.tape->isPlaying());
+        played.tape->play(); // from the beginning
+        played.clock.advance(0.0);
+        QCOMPARE(textOf(played.told), QString("A@0=0"));
+    }
+
+    void wantedTimesAreThoseOfTheFirst_data()
+    {
+        columns<double>("speed");
+        row("paced", 10.0);
+        row("as fast as possible", 0.0);
+    }
+    void wantedTimesAreThoseOfTheFirst()
+    {
+        QFETCH(double, speed);
+        CommonTape::Options options = at(speed);
+        options.from = 1.0;
+        options.to = 2.5;
+        Played played(
+            m_dir,
+            {recording(2000, {0, 1000, 2000, 3000}), recording(0, {0, 2900, 3100, 4400, 4600})},
+            options);
+        played.run(20.0);
+        QCOMPARE(textOf(played.told), QString("A@3000=1 B@3100=2 A@4000=2 B@4400=3"));
+        QCOMPARE(played.sources[1]->state(), Source::State::Finished);
+    }
+
+    void placesInTime_data()
+    {
+        columns<QString, QString, double, QString>("recordings", "told", "length", "note");
+        row("one that is undated begins with the first",
+            "1000 0 500|- 7000 7200",
+            "A@1000=0 B@1000=0 B@1200=1 A@1500=1",
+            0.5,
+            "B after 0: WARNING the recording does not state when it was taken: it is played from "
+            "the beginning of the tape");
+        row("all are undated", "- 5000 6000|- 0 300", "A@0=0 B@0=0 B@300=1 A@1000=1", 1.0, "");
+        row("a short time between them is played",
+            "0 0 1000|50000 0 400",
+            "A@0=0 A@1000=1 B@50000=0 B@50400=1",
+            50.4,
+            "");
+    }
+    void placesInTime()
+    {
+        QFETCH(QString, recordings);
+        std::vector<QByteArray> texts;
+        for (const QString &text : recordings.split('|')) {
+            const QStringList words = text.split(' ');
+            const int origin = words[0] == "-" ? -1 : words[0].toInt();
+            texts.push_back(recording(origin, {words[1].toInt(), words[2].toInt()}));
+        }
+        Played played(m_dir, texts, at(0.0));
+        played.run(5.0);
+        QTEST(textOf(played.told), "told");
+        QFETCH(double, length);
+        QVERIFY(std::abs(played.tape->length() - length) < 1e-6);
+        QFETCH(QString, note);
+        QVERIFY(note.isEmpty() || played.notes.contains(note));
+    }
+
+    //! Two acquisitions in one file, hours apart, while the other recording covers the first of them only.
+    void partsWaitForTheirMoment()
+    {
+        QByteArray late = recording(10000, {0, 1000, 1500});
+        late.replace("T14:", "T18:");
+        late.replace("1.500,2", "#event mid\n1.500,2");
+        Played played(m_dir, {recording(1000, {0, 1000}) + late, recording(0, {0, 4000})}, at(1.0));
+        QCOMPARE(played.headers, QString("AB"));
+        QVERIFY(std::abs(played.tape->length() - (4.0 + CommonTimes::shownHole + 1.5)) < 1e-6);
+        played.run(4.5);
+        QCOMPARE(played.told.size(), std::size_t(4));
+        QCOMPARE(played.headers, QString("AB"));
+        QVERIFY(played.sources[0]->isHolding()); // not stale: its turn has not come
+        played.run(1.0);
+        QCOMPARE(played.headers, QString("ABA"));
+        QCOMPARE(played.told.back().moment, qint64(4 * 3600 * 1000 + 10000));
+        QVERIFY(!played.sources[0]->isHolding());
+        played.run(10.0);
+        QCOMPARE(played.notes.last(), QString("A after 6: mid"));
+        played.told.clear();
+        played.go(0.5); // into the part before
+        QCOMPARE(textOf(played.told), QString("B@0=0"));
+        QVERIFY(played.tape->isPlaying());
+        // The marks and the lanes of both lie where their readings do.
+        const TapeSurvey &survey = played.tape->survey();
+        QCOMPARE(survey.lanes[0].covered.size(), 2);
+        QCOMPARE(survey.marks.last().name, QString("A"));
+        QVERIFY(std::abs(survey.marks.last().position - 6.0) < 1e-6);
+        QVERIFY(std::abs(played.tape->readoutAt(5.5).time - (4 * 3600 + 9.5))
+                < 1e-6); // as the first part counts
+        QCOMPARE(played.tape->readoutAt(5.5).moment,
+                 QDateTime({2026, 11, 22}, {18, 0, 10, 500}, Qt::UTC));
+    }
+
+    void whatGoesOrCannotBeRead()
+    {
+        Played played(m_dir,
+                      {recording(0, {0, 1000, 2000}), "#corvale 1\n", recording(0, {500, 1500})},
+                      at(1.0));
+        QCOMPARE(played.sources[1]->state(), Source::State::Failed);
+        QVERIFY(played.sources[1]->stateText().contains("it contains no readings"));
+        played.run(0.7);
+        played.sources[0].reset();
+        played.run(10.0);
+        QCOMPARE(textOf(played.told), QString("A@0=0 C@500=0 C@1500=1"));
+        played.go(0.0);
+        FileSource &last = *played.sources[2];
+        played.tape.reset();
+        QVERIFY(!last.isLed());
+        for (int i = 0; i < 60; ++i)
+            played.clock.advance(0.02);
+        QCOMPARE(played.told.size(), std::size_t(3)); // it goes on by itself
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+CORVALE_QT_TEST_MAIN(tst_CommonTape)
+#include "tst_CommonTape.moc"

@@ -107,7 +107,6 @@ public:
         m_times.clear();
         m_steps = 0;
         m_changed = true;
-        m_content.renew();
     }
 
     //! Removes the oldest \a count stamps, of which there are that many.

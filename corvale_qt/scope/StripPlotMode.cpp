@@ -52,7 +52,7 @@ void StripPlotMode::plot()
     };
     m_context.curves.setZoomed(m_context.hold.isChanged());
     // The runs of blocks lie between the curves, so that these have no picture of their own.
-    m_context.curves.setGrid(reachesBack ? PixelGrid() : gridOf(shown, request.pixels));
+    m_context.curves.setGrid(reachesBack ? PixelGrid() : gridOf(shown, request));
     m_context.curves.plotCurves(ofModel, shown.rows.first, m_context.yScale.mode);
     if (shown.left > shown.oldest || !request.following)
         m_context.surface.showScrollBar(true);
@@ -82,11 +82,13 @@ StripWindow StripPlotMode::window(const PlotDataReader &reader, StripRequest &re
     return window;
 }
 
-//! Returns the pixel columns of a window; none if it does not move by whole pixels.
-PixelGrid StripPlotMode::gridOf(const StripWindow &window, int pixels)
+/*! Returns the pixel columns of a window; none if it does not move by whole pixels, or grows with its samples, so that nothing that is
+    drawn stays as it is. */
+PixelGrid StripPlotMode::gridOf(const StripWindow &window, const StripRequest &request)
 {
-    return window.grid.isValid() ? window.grid
-                                 : PixelGrid::between(window.left, window.right, pixels);
+    if (window.grid.isValid() || request.following)
+        return window.grid;
+    return PixelGrid::between(window.left, window.right, request.pixels);
 }
 
 //! Holds the window that a user has scrolled to, and lets go of it at the end of the scroll bar.

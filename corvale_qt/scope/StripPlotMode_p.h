@@ -27,7 +27,7 @@ private:
     StripRequest currentRequest() const;
     const RVXPlotHistory *history(const PlotDataReader &reader, int first) const;
     StripWindow window(const PlotDataReader &reader, StripRequest &request);
-    static PixelGrid gridOf(const StripWindow &window, int pixels);
+    static PixelGrid gridOf(const StripWindow &window, const StripRequest &request);
     void followScrollBar(const PlotDataReader &reader, const StripRequest &request);
     void setScrollBar(const StripScrollBar &scrolling);
 

@@ -47,18 +47,16 @@ public:
             times.push_back(time);
             for (int c = 0; c < channels; ++c) {
                 const bool isFar = upTo(40) == 0;
-                values.push_back(isDead[c] ? missing : c + noise(isFar ? 3.0 : 0.2));
+                values.push_back(isDead[c] ? missing : c + noise(isFar ? 20.0 : 0.2));
             }
         }
         device.appendRows(times.data(), values.data(), rows);
     }
-    //! Shows a stretch of time of \a width that ends at the newest reading, or is held.
+    //! Shows the newest readings, unless the chart is held.
     void follow()
     {
-        if (isHeld)
-            return;
-        const PixelGrid following = PixelGrid::endingAt(time, width, canvas.width() - 4);
-        grid = following;
+        if (!isHeld)
+            grid = PixelGrid::endingAt(time, width, canvas.width() - 4);
     }
     void change();
 
@@ -123,10 +121,22 @@ private:
     QColor colors[channels] = {Qt::red, Qt::green, Qt::blue, Qt::yellow};
 };
 
+int differingPixels(const QImage &a, const QImage &b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            count += a.pixel(x, y) != b.pixel(x, y) ? 1 : 0;
+    }
+    return count;
+}
+
 //! Does one of the things that happen to a chart; mostly some rows come.
 void Chart::change()
 {
     const int channel = upTo(channels);
+    if (upTo(5) == 0)
+        std::fill_n(isShown, channels, true);
     switch (upTo(28)) {
     case 0:
         append(3000);
@@ -139,7 +149,7 @@ void Chart::change()
         yRange[upTo(2)] += noise(0.5);
         break;
     case 3:
-        isShown[channel] = !isShown[channel];
+        isShown[channel] = false;
         break;
     case 4:
         colors[channel] = QColor::fromHsv(upTo(360), 255, 255);
@@ -175,7 +185,7 @@ void Chart::change()
                            QVector<double>(device.rowCount() - 1, channel + noise(1.0)));
         break;
     case 14:
-        breakAfter = 0.03 - breakAfter;
+        breakAfter = 2.01 - breakAfter;
         break;
     case 15: // another channel takes its place
         std::swap(curves[0], curves[size_t(channel)]);
@@ -214,7 +224,8 @@ private Q_SLOTS:
             const QImage picture = chart.drawn(kept, true);
             CurveLayer fresh;
             QVERIFY2(picture == chart.drawn(fresh, true), qPrintable(QString::number(step)));
-            QVERIFY2(picture == chart.drawn(fresh, false), qPrintable(QString::number(step)));
+            // Where a painter cuts a long line off depends on the place at which it is drawn.
+            QVERIFY(differingPixels(picture, chart.drawn(fresh, false)) <= 8);
         }
     }
 };

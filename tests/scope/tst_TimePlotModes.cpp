@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
@@ -64,6 +65,43 @@ private Q_SLOTS:
         view.model.Clear();
         view.append(2);
         QCOMPARE(view.x().maxValue(), 452.0);
+    }
+
+    void stripMovesByPixels()
+    {
+        RVXMultichannelDeviceModel device(2);
+        double newest = 1.0;
+        const auto append = [&](int rows) {
+            QVector<double> times;
+            QVector<double> values;
+            for (int i = 0; i < rows; ++i) {
+                times << (newest += 0.001);
+                values << std::sin(newest * 40.0)
+                       << std::sin(newest * 7.0) * std::sin(newest * 900.0);
+            }
+            device.appendRows(times, values);
+        };
+        const auto prepare = [](ScopeTestView &view) {
+            view.setTimeSpan(2.0);
+            view.setMovesByPixels(true);
+        };
+        append(5000);
+        ScopeTestView view(&device);
+        QVERIFY(!view.movesByPixels());
+        QCOMPARE(view.x().maxValue(), newest);
+        prepare(view);
+        for (int rows = 1; rows < 200; rows += 13) {
+            append(rows);
+            const double step = 2.0 / view.qwtPlot()->canvasMap(QwtPlot::xBottom).pDist();
+            const double columns = view.x().maxValue() / step;
+            QVERIFY(std::abs(columns - std::round(columns)) < 1e-6);
+            QVERIFY(view.x().maxValue() >= newest && view.x().maxValue() < newest + step);
+            QVERIFY(std::abs(view.x().width() - 2.0) < 1e-9);
+            ScopeTestView fresh(&device);
+            prepare(fresh);
+            fresh.clearFocus(); // which is marked on the canvas
+            QCOMPARE(view.canvas(), fresh.canvas());
+        }
     }
 
     void scrollingBeginsAnewWithTheModel()

@@ -1,0 +1,162 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Measures which share of one core a window takes while it shows 64 channels at 1 kHz over 60 s, 25 frames a second.
+
+    benchmarks/window_share.py BUILD              the monitor, and plain windows of Qwt and QCustomPlot, one after the other
+    benchmarks/window_share.py BUILD monitor      one of: monitor, qwt, qcustomplot
+
+BUILD is the folder of a release build with benchmarks. All windows have the same size on a screen of their own (Xvfb) and read the
+same lines from a pipe: a minute at once, then each millisecond as it passes. The monitor draws legend, limits, gaps and, under the
+pointer, the cursor; the others draw axes, grid and curves. The share is that of the process, after its minute is full.
+"""
+import argparse
+import ctypes
+import ctypes.util
+import math
+import os
+import random
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+from pathlib import Path
+
+CHANNELS = 64
+RATE = 1000  # rows a second
+SPAN = 60  # s
+WRITES = 25  # a second
+SIZE = (1600, 1000)
+TICKS = os.sysconf("SC_CLK_TCK")
+WINDOWS = ("monitor", "qwt", "qcustomplot")
+
+
+def header():
+    names = [f"c{i:02}" for i in range(CHANNELS)]
+    limits = [f"#limits {name} {low:.2f},{low + 0.2:.2f},{low + 3.8:.2f},{low + 4:.2f}"
+              for name, low in ((name, 2 * i - 2.0) for i, name in enumerate(names))]
+    return "\n".join(["#corvale 1", "#channels " + ",".join(names), "#unit nA", *limits, ""]).encode()
+
+
+def readings():
+    """The readings of four seconds as text, over and over: a wave with noise for each channel, each around another level."""
+    noise = random.Random(1)
+    rows = 4 * RATE
+    return [",".join(f"{2 * c + math.sin(2 * math.pi * row * (1 + c % 7) / rows) + noise.gauss(0, 0.2):.3f}"
+                     for c in range(CHANNELS)).encode() for row in range(rows)]
+
+
+class Instrument(threading.Thread):
+    """Writes the readings into a pipe: a minute of the past at once, then as time passes."""
+
+    def __init__(self, pipe):
+        super().__init__(daemon=True)
+        self.pipe = pipe
+        self.rows = readings()
+        self.caught_up = threading.Event()
+
+    def lines(self, first, end):
+        return b"".join(b"%.3f,%b\n" % (row / RATE, self.rows[row % len(self.rows)]) for row in range(first, end))
+
+    def run(self):
+        try:
+            self.pipe.write(header())
+            sent = (SPAN + 5) * RATE
+            for first in range(1, sent, RATE):
+                self.pipe.write(self.lines(first, min(first + RATE, sent)))
+            self.pipe.flush()
+            self.caught_up.set()
+            begin = time.monotonic() - sent / RATE
+            while True:
+                time.sleep(1 / WRITES)
+                due = int((time.monotonic() - begin) * RATE)
+                self.pipe.write(self.lines(sent, due))
+                self.pipe.flush()
+                sent = due
+        except (BrokenPipeError, ValueError):
+            self.caught_up.set()
+
+
+class Screen:
+    """A screen of its own, with the pointer in the middle of the window."""
+
+    def __init__(self):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as answer:
+            self.name = ":" + answer.readline().strip()
+
+    def move_pointer(self, x, y):
+        library = ctypes.CDLL(ctypes.util.find_library("X11"))
+        library.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(library.XOpenDisplay(self.name.encode()))
+        library.XDefaultRootWindow.restype = ctypes.c_ulong
+        root = ctypes.c_ulong(library.XDefaultRootWindow(display))
+        library.XWarpPointer(display, ctypes.c_ulong(0), root, 0, 0, 0, 0, x, y)
+        library.XCloseDisplay(display)
+
+    def close(self):
+        self.server.terminate()
+        self.server.wait()
+
+
+def processor_time(pid):
+    """The seconds of processor time of a process and its threads."""
+    fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / TICKS
+
+
+def command(build, window, folder):
+    size = f"{SIZE[0]}x{SIZE[1]}"
+    if window == "monitor":
+        return [build / "monitor/corvale-monitor", "--settings", f"{folder}/share.xui", "--size", size, "--span", f"{SPAN}s", "-"]
+    return [build / "benchmarks/corvale_window_peer", window, size]
+
+
+def measure(build, window, seconds):
+    """The share of one core that a window takes, in percent."""
+    screen = Screen()
+    with tempfile.TemporaryDirectory() as folder:
+        environment = dict(os.environ, DISPLAY=screen.name, QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=folder,
+                           XDG_CONFIG_HOME=folder, XDG_CACHE_HOME=folder, QT_SCALE_FACTOR="1")
+        process = subprocess.Popen(command(build, window, folder), stdin=subprocess.PIPE, env=environment,
+                                   stderr=subprocess.DEVNULL)
+        try:
+            instrument = Instrument(process.stdin)
+            instrument.start()
+            instrument.caught_up.wait()
+            time.sleep(5)
+            screen.move_pointer(SIZE[0] // 2, SIZE[1] // 2)
+            time.sleep(5)
+            before, begin = processor_time(process.pid), time.monotonic()
+            time.sleep(seconds)
+            used = processor_time(process.pid) - before
+            if process.poll() is not None:
+                sys.exit(f"{window} ended with {process.returncode}")
+            return 100 * used / (time.monotonic() - begin)
+        finally:
+            process.kill()
+            process.wait()
+            screen.close()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("build", type=Path)
+    parser.add_argument("window", nargs="*", choices=[*WINDOWS, []], help="all by default")
+    parser.add_argument("--seconds", type=float, default=20)
+    arguments = parser.parse_args()
+    shares = {}
+    for window in arguments.window or WINDOWS:
+        shares[window] = measure(arguments.build.resolve(), window, arguments.seconds)
+        print(f"{window}: {shares[window]:.1f} % of a core", flush=True)
+    for peer in WINDOWS[1:]:
+        if peer in shares and "monitor" in shares:
+            print(f"the monitor takes {shares[peer] / shares['monitor']:.1f} times less than {peer}")
+
+
+if __name__ == "__main__":
+    main()

@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace Monitor {
 
 namespace {
@@ -59,6 +61,12 @@ void LineProtocol::takeLine(std::string_view line, bool tooLong)
 {
     ++m_counts.lines;
     m_line = trimmed(line);
+    takeLine(tooLong);
+    m_line = {}; // the caller's bytes need not stay
+}
+
+void LineProtocol::takeLine(bool tooLong)
+{
     const bool isRow = m_frames && m_frames->isOpen() && m_line.substr(0, 1) != "#";
     if (tooLong) {
         refuse(currentLine(Refusal::TooLong));
@@ -77,8 +85,11 @@ void LineProtocol::takeLine(std::string_view line, bool tooLong)
 void LineProtocol::finish()
 {
     refuseOpenFrame();
+    // Readings that waited for other channels do not stand on the present line.
+    const std::string_view line = std::exchange(m_line, {});
     if (m_rows)
         m_rows->finish(m_rowHandler);
+    m_line = line;
     follow(m_order.finish());
 }
 
@@ -378,6 +389,8 @@ void LineProtocol::takeReading(double time, const double *values)
     reading.time = time;
     reading.values.assign(values, values + m_rows->valuesPerReading());
     reading.line = currentLine(Refusal::TimeBackwards);
+    if (m_line.empty())
+        reading.line.excerpt = QByteArray::number(time, 'g', 15);
     const double lastTime = m_order.lastTime();
     const TimeOrder::Verdict verdict = m_order.weigh(std::move(reading));
     if (verdict.corrected)

@@ -51,6 +51,7 @@ public:
     void setCounts(const LineCounts &counts) { m_counts = counts; }
 
 private:
+    void takeLine(bool tooLong);
     void beginAcquisition();
     void takeMetadata(std::string_view line);
     void beginFrame(std::string_view text);
@@ -74,7 +75,7 @@ private:
     StreamSink &m_sink;
     LineCounts m_counts;
     double m_arrivalTime = 0.0;
-    std::string_view m_line;
+    std::string_view m_line; //!< the line that is being taken; empty between lines
     RowReader::Fields m_fields;
 
     Metadata m_metadata;

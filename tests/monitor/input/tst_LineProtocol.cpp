@@ -469,6 +469,25 @@ private Q_SLOTS:
         QCOMPARE(lines.join('|'), QByteArray::number(LineSplitter::maxLength) + "|3");
     }
 
+    //! Values that wait for other channels outlive the bytes of their lines, and are told by their times.
+    void whatWaitedIsRefused()
+    {
+        class LastRefused : public TextSink
+        {
+        public:
+            void lineRefused(const RefusedLine &line) override { text = line.text(); }
+            QString text;
+        } sink;
+        LineProtocol protocol(sink);
+        for (const char *line : {"hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,",
+                                 "5,1,5,1",
+                                 "6,2,7,1",
+                                 "6.5,3,4,1"})
+            protocol.takeLine(std::string(line), false);
+        protocol.takeLine("#unit nA", false);
+        QCOMPARE(sink.text, QString("line 5 dropped, its time goes backwards: \"4\""));
+    }
+
     void countsAddUp()
     {
         TextSink sink;

@@ -2,11 +2,15 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Takes the room, the folder or the file away from a window that records, and looks for every reading in what is left.
 
-A limit on the size of files stands for a full disk: the system refuses writes in the same way, and needs no rights.
+A limit on the size of files stands for a full disk: the system refuses writes in the same way, and needs no rights. For a disk that
+is broken, a small library that is loaded before the monitor refuses them (failing_disk.c, which needs a compiler).
 """
+import errno
 import os
 import shutil
+import subprocess
 import sys
+from pathlib import Path
 
 import plants
 from bench import main
@@ -14,16 +18,17 @@ from readings import Fault, expect_all, header, lines, recorded
 
 STEP = 500  # readings that are sent together
 OUTPUT_FAILED = 4
+ERRORS = [errno.EIO, errno.EROFS, errno.EDQUOT, errno.ESTALE]
 
 
 class Recording:
     """A window that records what it is sent, and the places where its recordings may be."""
 
-    def __init__(self, bench):
+    def __init__(self, bench, changes=()):
         self.bench = bench
         self.path = bench.folder / "records" / "run.csv"
         self.path.parent.mkdir()
-        self.monitor = bench.start("-", "--settings", "disk.xui", "--record", self.path)
+        self.monitor = bench.start("-", "--settings", "disk.xui", "--record", self.path, changes=changes)
         self.sent = 0
         self.kept = []  # files that were open before they were removed
 
@@ -136,6 +141,46 @@ def full_to_the_end(bench):
         bench.lost += recording.sent - len(readings)
 
 
+class BrokenDisk:
+    """Lets writes to recordings fail."""
+
+    def __init__(self, folder):
+        self.order = folder / "error"
+        self.library = folder / "failing_disk.so"
+        source = Path(__file__).with_name("failing_disk.c")
+        subprocess.run(["cc", "-shared", "-fPIC", "-o", self.library, source, "-ldl"], check=True)
+
+    def changes(self):
+        """The environment in which it is loaded."""
+        return {"LD_PRELOAD": str(self.library), "FAILING_DISK": str(self.order)}
+
+    def fail(self, error):
+        self.order.write_text(str(error))
+
+    def has_failed(self):
+        return "failed" in self.order.read_text()
+
+    def work(self):
+        self.order.unlink()
+
+
+def broken(bench, error, is_mended):
+    """The disk refuses what is written, with an error, and works again or does not."""
+    disk = BrokenDisk(bench.folder)
+    with Recording(bench, disk.changes()) as recording:
+        recording.send_and_await()
+        disk.fail(error)
+        recording.send()
+        recording.monitor.wait_until("a write has failed", disk.has_failed)
+        if is_mended:
+            disk.work()
+            recording.send_and_await()
+        recording.end(0 if is_mended else OUTPUT_FAILED)
+        readings = recording.readings()
+        expect_all(readings, 0, recording.sent if is_mended else STEP)
+        bench.lost += recording.sent - len(readings)
+
+
 def refused(bench):
     """The folder takes no file. Nobody may create files in /proc, not even root, whom permissions do not stop."""
     with bench.start("-", "--settings", "disk.xui", "--record", "/proc/corvale.csv") as monitor:
@@ -153,6 +198,12 @@ def drive(bench):
             full_to_the_end(bench)
         with bench.trying("a folder that takes no file"):
             refused(bench)
+        for error in ERRORS if bench.long else ERRORS[:1]:
+            for is_mended in (True, False) if shutil.which("cc") else ():
+                with bench.trying(f"{errno.errorcode[error]}{', and the disk works again' if is_mended else ''}"):
+                    broken(bench, error, is_mended)
+    if not shutil.which("cc"):
+        bench.skip("a broken disk", "there is no compiler")
 
 
 if __name__ == "__main__":

@@ -4,23 +4,59 @@
 #include "monitor/input/LineSplitter.h"
 #include "monitor/input/Metadata.h"
 #include "monitor/readings/LimitTexts.h"
+#include "monitor/recording/ShortestNumber.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
-#include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace Monitor {
 
 namespace {
 
+//! Gathers numbers and the characters between them, and appends them to a text piece by piece.
+class NumberText
+{
+public:
+    explicit NumberText(QByteArray *text)
+        : m_text(text)
+    {
+    }
+    ~NumberText() { flush(); }
+    NumberText(const NumberText &) = delete;
+    NumberText &operator=(const NumberText &) = delete;
+
+    void add(double value)
+    {
+        makeRoom();
+        m_to = writeShortest(m_to, value);
+    }
+    void add(char character)
+    {
+        makeRoom();
+        *m_to++ = character;
+    }
+
+private:
+    void makeRoom()
+    {
+        if (std::end(m_piece) - m_to < longestNumber)
+            flush();
+    }
+    void flush()
+    {
+        m_text->append(m_piece, int(m_to - m_piece));
+        m_to = m_piece;
+    }
+
+    QByteArray *m_text;
+    char m_piece[1024];
+    char *m_to = m_piece;
+};
+
 void appendNumber(QByteArray *text, double value)
 {
-    constexpr int digits = 17;
-    char number[40];
-    const auto [end, error] =
-        std::to_chars(number, number + sizeof(number), value, std::chars_format::general, digits);
-    Q_UNUSED(error) // 17 digits always fit
-    text->append(number, int(end - number));
+    NumberText(text).add(value);
 }
 
 //! Returns the name without commas, which separate fields; an empty name is replaced.
@@ -84,13 +120,14 @@ void appendFrame(QByteArray *text, int rows, int columns, double time, const dou
     *text += "#frame ";
     appendNumber(text, time);
     *text += ' ' + QByteArray::number(rows) + ' ' + QByteArray::number(columns) + '\n';
+    NumberText cells(text);
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
             if (column > 0)
-                text->append(',');
-            appendNumber(text, *values++);
+                cells.add(',');
+            cells.add(*values++);
         }
-        text->append('\n');
+        cells.add('\n');
     }
 }
 
@@ -123,13 +160,14 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
 
 void appendRecordingRow(QByteArray *text, double time, const double *values, int channels)
 {
-    appendNumber(text, time);
+    NumberText row(text);
+    row.add(time);
     for (int i = 0; i < channels; ++i) {
-        text->append(',');
+        row.add(',');
         if (!std::isnan(values[i]))
-            appendNumber(text, values[i]);
+            row.add(values[i]);
     }
-    text->append('\n');
+    row.add('\n');
 }
 
 void appendRecordingReading(QByteArray *text,

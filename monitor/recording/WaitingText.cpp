@@ -38,6 +38,8 @@ void WaitingText::take(qint64 size)
 //! Returns where the lines and frames end that were written as a whole.
 int WaitingText::endOfWhole() const
 {
+    if (m_written == m_text.size())
+        return m_text.size(); // it ends with a whole line or frame, and need not be searched
     const int lines = m_written == 0 ? 0 : m_text.lastIndexOf('\n', int(m_written) - 1) + 1;
     // Without a frame before, this is the beginning of the text.
     const int frame = lines > 0 ? m_text.lastIndexOf(frameLine, lines - 1) + 1 : 0;

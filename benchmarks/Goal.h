@@ -6,7 +6,7 @@
 #include <functional>
 
 /*! A promise about the library's speed: a number that must not be below, or above, a limit. A number is a ratio of
-    times that were measured in the same process, never a time. */
+    times that were measured in the same process. Only corvale_beam_figures reports times, where a person waits. */
 struct Goal
 {
     enum Bound {

@@ -20,3 +20,4 @@ void measureMonitorChart();
 void measureOwnModel();
 void measureWatchedChart();
 void measureFinerPixels();
+void measureCameraFrames();

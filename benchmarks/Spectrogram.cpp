@@ -104,6 +104,30 @@ void compare(const QString &name, const QwtPlotSpectrogram &raster, bool smoothe
         {name + ", pixels other than its", double(differingPixels(ours, theirs)), Goal::AtMost, 0});
 }
 
+//! Goal 17: the same canvas with two device pixels to a pixel.
+void compareFiner(const QString &name, const QwtPlotSpectrogram &raster)
+{
+    QwtPlotSpectrogram stock;
+    copyRaster(raster, stock);
+    QImage plain(canvasSide, canvasSide, QImage::Format_RGB32);
+    QImage finer(2 * plain.size(), plain.format());
+    finer.setDevicePixelRatio(2.0);
+    const auto drawing = [](const QwtPlotSpectrogram &item, QImage &image) {
+        return [&item, &image] {
+            draw(item, image);
+        };
+    };
+    report({name + ", two pixels to one, times one's time",
+            timesFaster(drawing(raster, plain), drawing(raster, finer), 21),
+            Goal::AtMost,
+            2.5});
+    report({name + ", lead over Qwt on finer pixels",
+            timesFaster(drawing(raster, finer), drawing(stock, finer), 21)
+                / timesFaster(drawing(raster, plain), drawing(stock, plain), 21),
+            Goal::AtLeast,
+            1.0});
+}
+
 } // namespace
 
 void measureSpectrogram()
@@ -123,6 +147,7 @@ void measureSpectrogram()
     }
     smoothing->setChecked(true);
     compare("10a smoothed 32 x 32 at 600 x 600", *rasterOf(display), true);
+    compareFiner("17 smoothed 32 x 32", *rasterOf(display));
     smoothing->setChecked(false);
     compare("10b not smoothed", *rasterOf(display), false);
 }

@@ -59,6 +59,19 @@ void SpotChart::addSpot()
     m_spots.appendRow(rowOf(m_spots.rowCount()));
 }
 
+void SpotChart::moveSpot(int row)
+{
+    constexpr int xColumn = SpotMapView::XColumn;
+    QStandardItem *x = m_spots.item(row % m_spots.rowCount(), xColumn);
+    const double place = x->data(Qt::UserRole).toDouble();
+    x->setData(place < 50.0 ? place + 0.1 : place - 0.1, Qt::UserRole);
+}
+
+void SpotChart::selectBand(const QRect &rect)
+{
+    setSelection(rect, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
 void SpotChart::drawAnew()
 {
     m_white = !m_white;

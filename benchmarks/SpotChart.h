@@ -18,6 +18,10 @@ public:
 
     //! Appends a row inside the bounds and below the largest dose.
     void addSpot();
+    //! Moves the spot in \a row a little, inside the bounds.
+    void moveSpot(int row);
+    //! Selects what a rubber band over \a rect selects.
+    void selectBand(const QRect &rect);
     //! Makes the next frame draw all spots again.
     void drawAnew();
     //! Returns whether drawing all spots again changes no pixel.

@@ -42,6 +42,7 @@ const Subject subjects[] = {
     {"own", measureOwnModel},
     {"watched", measureWatchedChart},
     {"finer", measureFinerPixels},
+    {"frames", measureCameraFrames},
 };
 
 bool isKnown(const QString &name)

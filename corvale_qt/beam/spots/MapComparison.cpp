@@ -42,8 +42,8 @@ void add(QImage &picture, const QImage &other, double opacity)
 } // namespace
 
 MapComparison::MapComparison()
-    : m_map(makeImageBuffer(), drawSpots)
-    , m_target(makeImageBuffer(), drawSpots)
+    : m_map(makeShadedLayer())
+    , m_target(makeShadedLayer())
 {
 }
 

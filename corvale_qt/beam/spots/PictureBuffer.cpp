@@ -109,15 +109,15 @@ std::unique_ptr<PictureBuffer> makeImageBuffer(QImage::Format format)
     return std::make_unique<ImageBuffer>(format);
 }
 
-std::unique_ptr<PictureBuffer> makePictureBuffer(QWidget *viewport)
+std::unique_ptr<PictureBuffer> makeOpenGlBuffer(QWidget *viewport)
 {
     auto *widget = qobject_cast<QGLWidget *>(viewport);
     if (!widget || !widget->isValid())
-        return makeImageBuffer();
+        return nullptr;
     // This would crash too without a current context.
     widget->makeCurrent();
     if (!QGLFramebufferObject::hasOpenGLFramebufferObjects())
-        return makeImageBuffer();
+        return nullptr;
     return std::make_unique<OpenGlBuffer>(widget);
 }
 

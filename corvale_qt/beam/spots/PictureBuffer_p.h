@@ -41,9 +41,9 @@ private:
 //! Returns an image in memory, which the raster engine paints. \a format may have an alpha channel.
 std::unique_ptr<PictureBuffer> makeImageBuffer(QImage::Format format = QImage::Format_RGB32);
 
-/*! Returns a frame-buffer object of the OpenGL context of \a viewport if it has one, otherwise an image. The
-    buffer may outlive the viewport. */
-std::unique_ptr<PictureBuffer> makePictureBuffer(QWidget *viewport);
+/*! Returns a frame-buffer object of the OpenGL context of \a viewport, or null if it has none. The buffer may outlive the
+    viewport. */
+std::unique_ptr<PictureBuffer> makeOpenGlBuffer(QWidget *viewport);
 
 /*! Returns a new viewport that paints with OpenGL, or null if no context can be created or the environment
     variable CORVALE_QT_NO_OPENGL is a number other than 0. */

@@ -44,6 +44,28 @@ int SpotHitTest::rowAt(const QPoint &point) const
     return m_spots.nearest(fromUnitSquare(m_bounds, unit));
 }
 
+QVector<int> SpotHitTest::rowsIn(const QRect &rect) const
+{
+    QVector<int> rows;
+    if (m_bounds.isEmpty())
+        return rows;
+    // The part of the map that the rectangle covers, and two pixels more, since places are rounded to pixels.
+    const QRectF wide = QRectF(rect).adjusted(-2, -2, 2, 2).translated(-m_picture.topLeft());
+    const auto toMap = [this](const QPointF &pixel) {
+        return fromUnitSquare(m_bounds,
+                              {pixel.x() / m_picture.width(), pixel.y() / m_picture.height()});
+    };
+    const QPointF first = toMap(wide.bottomLeft()), last = toMap(wide.topRight());
+    for (int row = 0; row < m_spots.size(); ++row) {
+        const SpotMapView::MapSpot &spot = m_spots.at(row);
+        const bool isNear = spot.x >= first.x() && spot.x <= last.x() && spot.y >= first.y()
+            && spot.y <= last.y() && isDrawable(spot);
+        if (isNear && rect.contains(spotRect(row, spotReach).center()))
+            rows.append(row);
+    }
+    return rows;
+}
+
 QString SpotHitTest::toolTip(int row) const
 {
     const SpotMapView::MapSpot &spot = m_spots.at(row);

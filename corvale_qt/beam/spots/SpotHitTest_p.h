@@ -28,6 +28,8 @@ public:
     QRect spotRect(int row, double sigmas) const;
     //! Returns the row of the spot nearest to \a point among those whose sigma reaches it, or -1.
     int rowAt(const QPoint &point) const;
+    //! Returns the rows of the spots whose centre lies in a rectangle, rising.
+    QVector<int> rowsIn(const QRect &rect) const;
     //! Returns what a tool tip tells about the spot in \a row.
     QString toolTip(int row) const;
 

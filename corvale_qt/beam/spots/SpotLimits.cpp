@@ -30,6 +30,19 @@ SpotLimits SpotLimits::of(const SpotMapView::MapSpot &spot)
     return {spot.x - reach, spot.x + reach, spot.y - reach, spot.y + reach, dose, 1};
 }
 
+SpotLimits SpotLimits::of(const QVector<SpotMapView::MapSpot> &spots, int first, int count)
+{
+    SpotLimits limits;
+    for (int row = first; row < first + count; ++row)
+        limits.add(of(spots.at(row)));
+    return limits;
+}
+
+QRectF SpotLimits::rect() const
+{
+    return drawable > 0 ? QRectF(QPointF(left, bottom), QPointF(right, top)) : QRectF();
+}
+
 void SpotLimits::add(const SpotLimits &other)
 {
     if (other.drawable == 0)
@@ -124,9 +137,8 @@ void SpotBlocks::rescan(const Spots &spots, Place from, int count)
 {
     int row = from.firstRow;
     for (int block = from.block; block < from.block + count; ++block) {
-        m_blocks[block].limits = SpotLimits();
-        for (const int end = row + m_blocks[block].rows; row < end; ++row)
-            m_blocks[block].limits.add(SpotLimits::of(spots.at(row)));
+        m_blocks[block].limits = SpotLimits::of(spots, row, m_blocks[block].rows);
+        row += m_blocks[block].rows;
     }
     m_limits = SpotLimits();
     for (const Block &block : qAsConst(m_blocks))

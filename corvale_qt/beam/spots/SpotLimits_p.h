@@ -25,6 +25,10 @@ struct SpotLimits
 
     //! Returns the limits of a single spot.
     static SpotLimits of(const SpotMapView::MapSpot &spot);
+    //! Returns the limits of \a count spots from row \a first on.
+    static SpotLimits of(const QVector<SpotMapView::MapSpot> &spots, int first, int count);
+    //! Returns the smallest rectangle that holds the spots; empty without any.
+    QRectF rect() const;
     //! Widens these limits so that they also hold \a other.
     void add(const SpotLimits &other);
 };

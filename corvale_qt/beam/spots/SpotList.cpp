@@ -13,6 +13,9 @@ namespace Corvale_Qt {
 
 namespace {
 
+//! More changes between two paints are a new picture.
+constexpr std::size_t mostRewritesKept = 64;
+
 using Bits = std::array<quint32, 4>;
 
 //! Returns the bits of a spot. Unlike a NaN, they are equal to themselves.
@@ -32,7 +35,9 @@ void SpotList::assign(const QVector<MapSpot> &spots)
     m_blocks.clear();
     for (const MapSpot &spot : spots)
         m_blocks.append(spot);
-    rewritten();
+    ++m_version;
+    ++m_rewrites;
+    m_touched.clear();
 }
 
 void SpotList::insert(int row, const QVector<MapSpot> &spots)
@@ -49,16 +54,18 @@ void SpotList::insert(int row, const QVector<MapSpot> &spots)
     m_spots.insert(row, spots.size(), MapSpot());
     std::copy(spots.cbegin(), spots.cend(), m_spots.begin() + row);
     m_blocks.inserted(m_spots, row, spots.size());
-    rewritten();
+    rewritten(SpotLimits::of(m_spots, row, spots.size()));
 }
 
 bool SpotList::replace(int row, const MapSpot &spot)
 {
     if (bitsOf(m_spots.at(row)) == bitsOf(spot))
         return false;
+    SpotLimits touched = SpotLimits::of(m_spots.at(row));
+    touched.add(SpotLimits::of(spot));
     m_spots[row] = spot;
     m_blocks.changed(m_spots, row);
-    rewritten();
+    rewritten(touched);
     return true;
 }
 
@@ -66,17 +73,27 @@ void SpotList::remove(int first, int count)
 {
     if (count <= 0)
         return;
+    const SpotLimits touched = SpotLimits::of(m_spots, first, count);
     m_spots.remove(first, count);
     m_blocks.removed(m_spots, first, count);
-    rewritten();
+    rewritten(touched);
 }
 
 QRectF SpotList::extent() const
 {
-    const SpotLimits &limits = m_blocks.limits();
-    if (limits.drawable == 0)
-        return QRectF();
-    return QRectF(QPointF(limits.left, limits.bottom), QPointF(limits.right, limits.top));
+    return m_blocks.limits().rect();
+}
+
+std::optional<QRectF> SpotList::changedSince(quint64 before) const
+{
+    const quint64 changes = m_rewrites - before;
+    if (changes > m_touched.size())
+        return {};
+    SpotLimits all;
+    for (auto touched = m_touched.end() - std::ptrdiff_t(changes); touched != m_touched.end();
+         ++touched)
+        all.add(*touched);
+    return all.rect();
 }
 
 int SpotList::nearest(const QPointF &point) const
@@ -85,7 +102,11 @@ int SpotList::nearest(const QPointF &point) const
     double smallest = std::numeric_limits<double>::infinity();
     for (int row = 0; row < m_spots.size(); ++row) {
         const MapSpot &spot = m_spots.at(row);
-        const double distance = std::hypot(spot.x - point.x(), spot.y - point.y());
+        const double x = spot.x - point.x(), y = spot.y - point.y();
+        // Nearly all spots are too far away, and cost no root.
+        if (!(std::abs(x) <= spot.sigma && std::abs(y) <= spot.sigma))
+            continue;
+        const double distance = std::hypot(x, y);
         if (isDrawable(spot) && distance <= spot.sigma && distance <= smallest) {
             found = row;
             smallest = distance;
@@ -94,10 +115,13 @@ int SpotList::nearest(const QPointF &point) const
     return found;
 }
 
-void SpotList::rewritten()
+void SpotList::rewritten(const SpotLimits &touched)
 {
     ++m_version;
     ++m_rewrites;
+    m_touched.push_back(touched);
+    if (m_touched.size() > mostRewritesKept)
+        m_touched.pop_front();
 }
 
 } // namespace Corvale_Qt

@@ -8,6 +8,9 @@
 #include <QRectF>
 #include <QVector>
 
+#include <deque>
+#include <optional>
+
 namespace Corvale_Qt {
 
 /*! The spots of a map, one for each row of its model, with their extent and largest dose. The cost of appending
@@ -42,14 +45,18 @@ public:
     quint64 version() const { return m_version; }
     //! Returns a number that grows with each change other than appending.
     quint64 rewrites() const { return m_rewrites; }
+    /*! Returns the part of the map that the drawable spots reach which were inserted, overwritten or removed since rewrites() had
+        the value \a before; nothing if all were replaced, or if that was too many changes ago. Appended spots do not count. */
+    std::optional<QRectF> changedSince(quint64 before) const;
 
 private:
-    void rewritten();
+    void rewritten(const SpotLimits &touched);
 
     QVector<MapSpot> m_spots;
     SpotBlocks m_blocks;
     quint64 m_version = 0;
     quint64 m_rewrites = 0;
+    std::deque<SpotLimits> m_touched; //!< by each of the last rewrites
 };
 
 } // namespace Corvale_Qt

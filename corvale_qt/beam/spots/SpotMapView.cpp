@@ -10,12 +10,16 @@
 #include <QPointer>
 #include <QToolTip>
 
+#include <utility>
+
 namespace Corvale_Qt {
 
 namespace {
 
 //! Half of a ring's dark edge and one pixel for antialiasing.
 constexpr int ringMargin = 3;
+//! With more ranges of rows, a selection is cleared before another one takes its place.
+constexpr int mostRangesCompared = 100;
 
 } // namespace
 
@@ -291,27 +295,38 @@ void SpotMapView::setSelection(const QRect &rect, QItemSelectionModel::Selection
 {
     Q_D(SpotMapView);
     QItemSelection selection;
-    const auto select = [&](const QModelIndex &index) {
-        selection.select(index, index);
+    const auto select = [&](int first, int last) {
+        selection.select(model()->index(first, 0, rootIndex()),
+                         model()->index(last, 0, rootIndex()));
     };
     if (rect.width() == 1 && rect.height() == 1) {
         // A click or a step of the keyboard, which must not end on another spot at the same place.
         const bool onCurrent = visualRect(currentIndex()).center() == rect.topLeft();
-        select(onCurrent ? currentIndex() : indexAt(rect.topLeft()));
+        const int row = onCurrent ? currentIndex().row() : d->hitTest().rowAt(rect.topLeft());
+        if (row >= 0)
+            select(row, row);
     } else {
-        const SpotHitTest places = d->hitTest();
-        for (int row = 0; row < d->spots.size(); ++row) {
-            const QPoint centre = places.spotRect(row, spotReach).center();
-            if (isDrawable(d->spots.at(row)) && rect.normalized().contains(centre))
-                select(model()->index(row, 0, rootIndex()));
+        const QVector<int> rows = d->hitTest().rowsIn(rect.normalized());
+        for (int i = 0, first = 0; i < rows.size(); ++i) {
+            const bool ends = i + 1 == rows.size() || rows[i + 1] != rows[i] + 1;
+            if (ends)
+                select(rows[std::exchange(first, i + 1)], rows[i]);
         }
+    }
+    // The selection model compares each range that was selected with each that will be.
+    if (command.testFlag(QItemSelectionModel::Clear) && selection.size() > mostRangesCompared) {
+        const QPointer<SpotMapView> stillThere(this);
+        selectionModel()->clearSelection();
+        if (!stillThere)
+            return;
+        command.setFlag(QItemSelectionModel::Clear, false);
     }
     selectionModel()->select(selection, command);
 }
 
-void SpotMapView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+void SpotMapView::selectionChanged(const QItemSelection &, const QItemSelection &)
 {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    // The base class would unite the rectangles of thousands of spots, which takes longer than drawing all of the picture.
     viewport()->update();
 }
 
@@ -352,7 +367,7 @@ void SpotMapView::setupViewport(QWidget *viewport)
 {
     Q_D(SpotMapView);
     QAbstractItemView::setupViewport(viewport);
-    d->picture.setBuffer(makePictureBuffer(viewport));
+    d->picture.setLayer(makeSpotLayer(viewport));
 }
 
 void SpotMapView::paintEvent(QPaintEvent *)

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
 #include "corvale_qt/beam/spots/Logging_p.h"
+#include "corvale_qt/beam/spots/SelectionRings_p.h"
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 
 #include <QCoreApplication>
@@ -29,9 +30,6 @@ QVector<ComparedSpot> comparable(const SpotList &spots)
     return result;
 }
 
-//! The smallest radius of a ring around a spot, in pixels.
-constexpr double smallestRing = 3.0;
-
 //! Returns NaN if the cell holds no number in the range of a float: a missing field must not be shown as 0.
 float floatAt(const QModelIndex &index)
 {
@@ -45,8 +43,8 @@ float floatAt(const QModelIndex &index)
 
 SpotMapViewPrivate::SpotMapViewPrivate(SpotMapView *view)
     : columnMapper(std::make_unique<SpotMapViewColumnMapper>())
-    , picture(makeImageBuffer(), drawSpots)
-    , path(makeImageBuffer(QImage::Format_ARGB32_Premultiplied), drawPath)
+    , picture(makeShadedLayer())
+    , path(makePaintedLayer(makeImageBuffer(QImage::Format_ARGB32_Premultiplied), drawPath))
     , q_ptr(view)
 {
 }
@@ -212,19 +210,15 @@ void SpotMapViewPrivate::drawSelection(QPainter &painter) const
     Q_Q(const SpotMapView);
     if (!q->selectionModel() || !q->selectionModel()->hasSelection())
         return;
-    painter.setRenderHint(QPainter::Antialiasing);
     const SpotHitTest places = hitTest();
-    const QPen edge(Qt::black, 4.0);
-    const QPen ring(q->palette().color(QPalette::Highlight).lighter(140), 2.0);
+    SelectionRings rings(q->palette().color(QPalette::Highlight).lighter(140),
+                         q->viewport()->devicePixelRatioF());
     for (const QItemSelectionRange &range : q->selectionModel()->selection()) {
         for (int row = range.top(); row <= qMin(range.bottom(), spots.size() - 1); ++row) {
-            if (!isDrawable(spots.at(row)))
-                continue;
-            const double radius = qMax(spots.at(row).sigma * places.pixelsPerUnit(), smallestRing);
-            for (const QPen &pen : {edge, ring}) {
-                painter.setPen(pen);
-                painter.drawEllipse(places.pixelOf(row), radius, radius);
-            }
+            if (isDrawable(spots.at(row)))
+                rings.draw(painter,
+                           places.pixelOf(row),
+                           spots.at(row).sigma * places.pixelsPerUnit());
         }
     }
 }

@@ -13,27 +13,13 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Returns the opacity at the centre of a spot; the values are those of the documentation of createBrush().
-double amplitudeOf(float dose, float fullScaleDose)
-{
-    const float cap = 1.5F * fullScaleDose;
-    if (dose == 0.0F)
-        return 0.0;
-    if (dose >= cap)
-        return 1.0;
-    if (dose < 0.0F)
-        return 0.95;
-    return double(dose / cap) * 0.9 + 0.1;
-}
-
-/*! A brush's gradient has 56 steps across the whole map. A spot within fewer steps than this would look like a square, and is
-    painted with separate steps. */
-constexpr double fewestSteps = 16.0;
+/*! A brush's gradient has 56 steps across the whole map. A spot within fewer steps than narrowSteps would look like a square, and is
+    painted with separate ones. */
 constexpr double stepsAcrossTheMap = 56.0;
 
 bool isNarrow(const GaussianRadialGradientBrush &brush)
 {
-    return brush.boundingRect().width() / 2 * stepsAcrossTheMap < fewestSteps;
+    return brush.boundingRect().width() / 2 * stepsAcrossTheMap < narrowSteps;
 }
 
 //! Returns the brush of a narrow spot, a Gaussian that ends with the brush's rectangle.
@@ -42,10 +28,10 @@ QBrush narrowBrush(const GaussianRadialGradientBrush &brush)
     QRadialGradient gradient(brush.center(), brush.boundingRect().width() / 2);
     QColor color = brush.gradient()->stops().constFirst().second;
     const double amplitude = color.alphaF();
-    for (int step = 0; step < int(fewestSteps); ++step) {
-        const double inSigma = spotReach * step / fewestSteps;
+    for (int step = 0; step < narrowSteps; ++step) {
+        const double inSigma = spotReach * step / narrowSteps;
         color.setAlphaF(amplitude * std::exp(-0.5 * inSigma * inSigma));
-        gradient.setColorAt(step / fewestSteps, color);
+        gradient.setColorAt(double(step) / narrowSteps, color);
     }
     gradient.setColorAt(1.0, Qt::transparent);
     return gradient;
@@ -69,15 +55,31 @@ bool SpotStyle::operator==(const SpotStyle &other) const
         && background == other.background;
 }
 
+double spotOpacity(float dose, float fullScaleDose)
+{
+    const float cap = 1.5F * fullScaleDose;
+    if (dose == 0.0F)
+        return 0.0;
+    if (dose >= cap)
+        return 1.0;
+    if (dose < 0.0F)
+        return 0.95;
+    return double(dose / cap) * 0.9 + 0.1;
+}
+
+QColor spotColor(float dose, const SpotStyle &style)
+{
+    return dose < 0.0F ? QColor(Qt::blue) : style.color;
+}
+
 std::unique_ptr<GaussianRadialGradientBrush> createBrush(const SpotMapView::MapSpot &spot,
                                                          const SpotStyle &style)
 {
     const QPointF centre = toUnitSquare(style.bounds, QPointF(spot.x, spot.y));
-    const QColor color = spot.dose < 0.0F ? QColor(Qt::blue) : style.color;
     return std::unique_ptr<GaussianRadialGradientBrush>(
         GaussianRadialGradientBrush::create(centre,
-                                            color,
-                                            amplitudeOf(spot.dose, style.fullScaleDose),
+                                            spotColor(spot.dose, style),
+                                            spotOpacity(spot.dose, style.fullScaleDose),
                                             spot.sigma / style.bounds.width()));
 }
 

@@ -37,12 +37,21 @@ struct SpotStyle
     bool operator!=(const SpotStyle &other) const { return !(*this == other); }
 };
 
-/*! Returns the brush of a drawable spot in the unit square of the bounds, which must not be empty. The opacity
-    runs from 0.1 for the smallest dose to 1.0; a dose of 0 is transparent and a negative dose blue. */
+//! The steps of the gradient of a spot that is narrow on its map.
+constexpr int narrowSteps = 16;
+
+/*! Returns the opacity at the centre of a drawable spot: from 0.1 for the smallest dose to 1.0 for 1.5 times \a fullScaleDose; 0
+    for a dose of 0, 0.95 for a negative dose. */
+double spotOpacity(float dose, float fullScaleDose);
+
+//! Returns the colour of a spot with a \a dose: blue if it is negative.
+QColor spotColor(float dose, const SpotStyle &style);
+
+/*! Returns the brush of a drawable spot in the unit square of the bounds, which must not be empty. */
 std::unique_ptr<GaussianRadialGradientBrush> createBrush(const SpotMapView::MapSpot &spot,
                                                          const SpotStyle &style);
 
-//! Draws the spots from row \a first on.
+//! Draws the spots from row \a first on with their brushes. In memory, SpotShades does so in less time.
 void drawSpots(QPainter &painter, const SpotList &spots, int first, const SpotStyle &style);
 
 //! Draws the lines that end at the spots from row \a first on. It skips spots that cannot be drawn.

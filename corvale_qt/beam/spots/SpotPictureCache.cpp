@@ -2,28 +2,28 @@
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 
-#include <QPainter>
-
 namespace Corvale_Qt {
 
-SpotPictureCache::SpotPictureCache(std::unique_ptr<PictureBuffer> store, Draw draw)
-    : m_buffer(std::move(store))
-    , m_draw(draw)
+SpotPictureCache::SpotPictureCache(std::unique_ptr<SpotLayer> layer)
+    : m_layer(std::move(layer))
 {
 }
 
 void SpotPictureCache::update(const SpotList &spots, const SpotStyle &style)
 {
-    m_valid = m_valid && !m_buffer->isLost();
-    const bool stale = !m_valid || style != m_style || spots.rewrites() != m_rewrites;
+    const bool stale = !m_valid || m_layer->isLost() || style != m_style;
+    if (!stale && spots.version() == m_spotsVersion)
+        return;
     if (stale)
-        begin(style);
-    if (stale || spots.size() > m_painted) {
-        paintFrom(m_painted, spots);
-        m_painted = spots.size();
-        m_rewrites = spots.rewrites();
-        ++m_version;
-    }
+        drawAll(spots, style);
+    else if (spots.rewrites() == m_rewrites)
+        m_layer->draw(spots, m_drawn);
+    else if (!redrawChanges(spots))
+        drawAll(spots, style);
+    m_drawn = spots.size();
+    m_spotsVersion = spots.version();
+    m_rewrites = spots.rewrites();
+    ++m_version;
 }
 
 void SpotPictureCache::reset()
@@ -31,34 +31,26 @@ void SpotPictureCache::reset()
     m_valid = false;
 }
 
-void SpotPictureCache::setBuffer(std::unique_ptr<PictureBuffer> store)
+void SpotPictureCache::setLayer(std::unique_ptr<SpotLayer> layer)
 {
-    m_buffer = std::move(store);
+    m_layer = std::move(layer);
     reset();
 }
 
-void SpotPictureCache::begin(const SpotStyle &style)
+void SpotPictureCache::drawAll(const SpotList &spots, const SpotStyle &style)
 {
-    const bool sameSize = m_valid && style.pixels == m_style.pixels;
-    if (!sameSize && !m_buffer->resize(style.pixels)) {
-        // The driver has no buffer of this size; memory has room for it.
-        m_buffer = makeImageBuffer();
-        m_buffer->resize(style.pixels);
-    }
-    m_buffer->paint([&style](QPainter &painter) {
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.fillRect(QRect(QPoint(), style.pixels), style.background);
-    });
+    m_layer->begin(style);
+    m_layer->draw(spots, 0);
     m_style = style;
-    m_painted = 0;
     m_valid = true;
 }
 
-void SpotPictureCache::paintFrom(int first, const SpotList &spots)
+//! Draws only where spots have changed. Returns false if too much has changed, or if the picture cannot be drawn in parts.
+bool SpotPictureCache::redrawChanges(const SpotList &spots)
 {
-    m_buffer->paint([&](QPainter &painter) {
-        m_draw(painter, spots, first, m_style);
-    });
+    const bool anyAppended = spots.version() - m_spotsVersion != spots.rewrites() - m_rewrites;
+    const std::optional<QRectF> area = spots.changedSince(m_rewrites);
+    return !anyAppended && area && m_layer->redraw(spots, *area);
 }
 
 } // namespace Corvale_Qt

@@ -35,7 +35,7 @@ class tst_SpotPictureCache : public QObject
 private Q_SLOTS:
     void onlyWhatIsNewIsDrawn()
     {
-        SpotPictureCache picture(makeImageBuffer(), drawNothing);
+        SpotPictureCache picture(makePaintedLayer(makeImageBuffer(), drawNothing));
         SpotList spots;
         spots.assign({spotAt(1, 5), spotAt(2, 1)});
         const auto update = [&] {

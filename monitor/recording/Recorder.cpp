@@ -67,12 +67,30 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
             : tr("%1 cannot be written: %2").arg(path, file->errorString());
         return false;
     }
+    if (existing == RecordingFile::Existing::Replace)
+        replaceComplete(path, completed);
     closePresentFile();
     m_file = std::move(file);
     ++m_filesBegun;
     m_fileStartedAt = m_clock.seconds();
     Q_EMIT fileStarted(path);
     return true;
+}
+
+/*! Removes the complete file of the recording that is replaced: until this one is complete, it would stand beside it as if it were the same.
+    One in a form that was not asked for stays, and is told. */
+void Recorder::replaceComplete(const QString &path, const QString &completed)
+{
+    for (const SegmentForm form : {SegmentForm::Zstd, SegmentForm::Hdf5}) {
+        const QString other = completedPath(path, form);
+        if (other == completed)
+            QFile::remove(other);
+        else if (QFileInfo::exists(other))
+            m_toTell +=
+                QStringLiteral("WARNING %1 is what an earlier recording became: it stays, and "
+                               "is not that of %2")
+                    .arg(other, path);
+    }
 }
 
 //! Closes the file that another one follows.
@@ -128,6 +146,11 @@ void Recorder::startStream(const StreamHeader &header)
     }
     m_hasHeader = true;
     m_headerDue = true;
+    if (!isDetectorRecorded(header))
+        m_toTell += QStringLiteral("WARNING the recording does not describe the detector, whose "
+                                   "description is longer than a line may be");
+    for (const QString &text : std::exchange(m_toTell, {}))
+        Q_EMIT noted(text);
     const bool isUndated = m_options.datesArrival && !header.startTime.isValid();
     if (!isUndated)
         append({}, 0); // otherwise the first reading dates the header

@@ -9,6 +9,7 @@
 #include "monitor/recording/WaitingText.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
@@ -100,6 +101,7 @@ private:
     void writeIfDue();
     bool flush();
     bool open(const QString &path, RecordingFile::Existing existing, QString *error);
+    void replaceComplete(const QString &path, const QString &completed);
     bool openNext();
     bool keepFileInPlace();
     bool mayBeginFileForStream();
@@ -126,6 +128,7 @@ private:
 
     bool m_hasHeader = false;
     bool m_headerDue = false;
+    QStringList m_toTell; //!< lines for the log, when there is somebody who hears of them
     bool m_anyReading = false;
     StreamHeader m_header;
     WaitingText m_waiting;

@@ -74,6 +74,14 @@ QByteArray unitField(const Channel &channel)
         .toUtf8();
 }
 
+//! Returns the line that describes the detector; an empty one if there is none.
+QByteArray detectorLine(const StreamHeader &header)
+{
+    return header.detector.isEmpty()
+        ? QByteArray()
+        : "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
+}
+
 //! Appends what holds for readings of any kind.
 void appendAcquisition(QByteArray *text, const StreamHeader &header)
 {
@@ -91,10 +99,11 @@ void appendAcquisition(QByteArray *text, const StreamHeader &header)
         appendNumber(text, header.startUncertainty);
         *text += " s\n# t0 was taken from the arrival of the first readings\n";
     }
-    const QByteArray detector =
-        "#detector " + Corvale_Qt::detectorToJson(header.detector, true) + "\n";
-    if (!header.detector.isEmpty() && detector.size() <= LineSplitter::maxLength)
+    const QByteArray detector = detectorLine(header);
+    if (detector.size() <= LineSplitter::maxLength)
         *text += detector;
+    else
+        *text += "# the description of the detector is longer than a line may be and is missing\n";
 }
 
 //! Returns the lines for people: where the readings come from, and what wrote them.
@@ -132,6 +141,11 @@ void appendFrame(QByteArray *text, int rows, int columns, double time, const dou
 }
 
 } // namespace
+
+bool isDetectorRecorded(const StreamHeader &header)
+{
+    return detectorLine(header).size() <= LineSplitter::maxLength;
+}
 
 QByteArray recordingHeader(const StreamHeader &header, const QString &source)
 {

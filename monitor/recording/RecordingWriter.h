@@ -16,6 +16,8 @@ inline constexpr int recordingPiece = 1024 * 1024;
 
 //! Returns everything that comes before the first reading. \a source is a line for people.
 QByteArray recordingHeader(const StreamHeader &header, const QString &source);
+//! Returns whether recordingHeader() describes the detector, if there is one: a line that is too long could not be read back.
+bool isDetectorRecorded(const StreamHeader &header);
 //! Appends the line of one reading with \a channels values; NaN becomes an empty field.
 void appendRecordingRow(QByteArray *text, double time, const double *values, int channels);
 /*! Appends one reading of a stream with that header: a line, or for a frame whose values are the cells of a matrix "#frame" and

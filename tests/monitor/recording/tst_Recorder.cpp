@@ -159,6 +159,33 @@ private Q_SLOTS:
         QCOMPARE(read.header().frameUnit, QString("nC"));
     }
 
+    //! Its description would be a line that no reader takes.
+    void aDetectorThatIsNotDescribedIsTold()
+    {
+        QByteArrayList gains;
+        for (int i = 0; i < 256 * 256; ++i)
+            gains += QByteArray::number(1.0 + i * 1e-5 / 3.0, 'g', 17);
+        const QByteArray numbers = '[' + gains.join(',') + ']';
+        StreamHeader header;
+        header.setFrames(
+            Corvale_Qt::detectorFromJson(
+                R"({"detector":1,"kind":"matrix","x":{"cells":256},"y":{"cells":256},"channels":{"gain":)"
+                + numbers + R"(,"pedestal":)" + numbers + R"(,"saturation":)" + numbers + "}}"),
+            {});
+        Recording r(path("a.csv"));
+        QVERIFY(r.recorder().start());
+        QStringList notes;
+        QObject::connect(&r.recorder(), &Recorder::noted, &r.clock, [&](const QString &text) {
+            notes += text;
+        });
+        r.recorder().startStream(header);
+        QVERIFY(r.recorder().finish());
+        QCOMPARE(notes.size(), 1);
+        QVERIFY(notes[0].contains("does not describe the detector"));
+        QFile file(path("a.csv"));
+        QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().contains("is missing\n"));
+    }
+
     //! The disk is full in the middle of any row, and then the file is removed.
     void aFrameThatWasCutIsWholeInTheNextFile()
     {

@@ -72,6 +72,8 @@ private Q_SLOTS:
         Recording told(path("packed.csv"), true);
         told.options.segments = SegmentForm(form);
         QVERIFY(told.begin());
+        QVERIFY(
+            !QFile::exists(m_dir->filePath("packed" + suffix))); // a kill leaves no two that differ
         told.recorder().addReadings(block(7000.0, 2));
         QVERIFY(told.recorder().finish());
         told.compressor.finish();

@@ -342,6 +342,60 @@ private Q_SLOTS:
                  QDateTime({2026, 11, 22}, {18, 0, 10, 500}, Qt::UTC));
     }
 
+    //! The clock of the instrument was set back while it restarted, by less than the acquisition before had taken.
+    void partsThatOverlapFollowEachOther()
+    {
+        Played played(m_dir,
+                      {recording(1000, {0, 100, 200}) + recording(1100, {0, 100}),
+                       recording(1000, {0, 250, 1000})},
+                      at(0.0));
+        QVERIFY(played.notes.value(0).startsWith("A after 0: WARNING 1 parts"));
+        played.run(5.0);
+        QCOMPARE(
+            textOf(played.told),
+            QString("A@1000=0 B@1000=0 A@1100=1 A@1200=2 B@1250=1 A@1300=0 A@1400=1 B@2000=2"));
+    }
+
+    void everythingIsRepeated()
+    {
+        CommonTape::Options options = at(1.0);
+        options.repeats = true;
+        options.from = 0.4;
+        Played played(m_dir, {recording(0, {0, 500, 900}), recording(300, {0, 200, 700})}, options);
+        played.run(0.55);
+        QCOMPARE(textOf(played.told), QString("A@500=1 B@500=1 A@900=2"));
+        played.run(0.1); // the last one, and the past of the beginning
+        QCOMPARE(textOf(played.told), QString("A@0=0 B@300=0"));
+        played.run(0.2);
+        QCOMPARE(textOf(played.told), QString("A@0=0 B@300=0 A@500=1 B@500=1"));
+    }
+
+    //! A person opens a recording, goes on in it, pauses, and adds another one.
+    void oneThatIsAddedJoinsAtThePresentPlace()
+    {
+        Played played(m_dir, {recording(0, {0, 1000, 2000, 3000})}, at(1.0));
+        played.run(1.5);
+        played.sources[0]->setPaused(true);
+        played.tape.reset();
+        const QString path = m_dir.filePath("added.csv");
+        putFile(path, recording(500, {0, 400, 1000}));
+        played.sources.push_back(
+            std::make_unique<FileSource>(played.clock, path, FileSource::Options()));
+        played.listen(1);
+        played.tape = std::make_unique<CommonTape>(
+            std::vector<CommonTape::Recording>{{"A", played.sources[0].get()},
+                                               {"B", played.sources[1].get()}},
+            at(1.0),
+            played.clock,
+            m_dir.filePath("decks"));
+        played.sources[1]->start();
+        while (!played.tape->isIndexed())
+            played.clock.advance(0.0);
+        QVERIFY(!played.tape->isPlaying());
+        QCOMPARE(textOf(played.told), QString("A@0=0 A@1000=1 B@500=0 B@900=1"));
+        QCOMPARE(played.tape->position(), 1.0);
+    }
+
     void whatGoesOrCannotBeRead()
     {
         Played played(m_dir,

@@ -199,7 +199,7 @@ SerialForm::SerialForm(QWidget *parent)
                 "group dialout."));
     addField(tr("&Rate:"),
              m_rate,
-             tr("Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit."));
+             tr("Bits per second, as the instrument is set; 8 data bits, no parity, 1 stop bit."));
     addField(tr("S&ilence:"), m_silence, silenceText());
     connect(m_port, &QComboBox::currentTextChanged, this, &SourceForm::edited);
     connect(m_rate, &QComboBox::currentTextChanged, this, &SourceForm::edited);

@@ -3,6 +3,7 @@
 
 #include "monitor/dialogs/Explanation.h"
 #include "monitor/dialogs/FieldRow.h"
+#include "monitor/dialogs/ScrolledPage.h"
 #include "monitor/dialogs/VerdictPage.h"
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/readings/DetectorPresets.h"
@@ -114,11 +115,11 @@ SettingsDialog::SettingsDialog(const MonitorOptions &options,
     setObjectName(QStringLiteral("settingsDialog"));
     setWindowTitle(tr("Settings"));
     auto *pages = new QTabWidget(this);
-    pages->addTab(newStartPage(settingsFile), tr("&Start"));
-    pages->addTab(newFilePage(), tr("&Files"));
-    pages->addTab(newReadingsPage(), tr("R&eadings"));
+    pages->addTab(new ScrolledPage(newStartPage(settingsFile)), tr("&Start"));
+    pages->addTab(new ScrolledPage(newFilePage()), tr("&Files"));
+    pages->addTab(new ScrolledPage(newReadingsPage()), tr("R&eadings"));
     pages->addTab(m_verdicts, tr("&Verdicts"));
-    pages->addTab(newRecordPage(), tr("Re&cordings"));
+    pages->addTab(new ScrolledPage(newRecordPage()), tr("Re&cordings"));
     m_fault->setTextFormat(Qt::PlainText);
     m_fault->setWordWrap(true);
     m_fault->setObjectName(QStringLiteral("fault"));
@@ -196,8 +197,8 @@ QWidget *SettingsDialog::newReadingsPage()
     addField(layout,
              tr("&Highest limit:"),
              m_high,
-             tr("Readings outside are over range, in the unit of the readings, from the next start "
-                "of a source on. Empty: the limits that the source states."));
+             tr("In the unit of the readings; those outside are over range, from the next source "
+                "on. Empty: as the source says."));
     addField(layout,
              tr("&Detector:"),
              m_detector,

@@ -9,7 +9,6 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QScrollBar>
 
 #include <algorithm>
 
@@ -101,7 +100,7 @@ QDoubleSpinBox *newBox(const LimitText &text)
 } // namespace
 
 VerdictPage::VerdictPage(QWidget *parent)
-    : QScrollArea(parent)
+    : ScrolledPage(nullptr, parent)
 {
     auto *page = new QWidget(this);
     auto *form = new QFormLayout(page);
@@ -126,30 +125,7 @@ VerdictPage::VerdictPage(QWidget *parent)
     form->addRow(QString(), usual);
     form->setAlignment(usual, Qt::AlignLeft);
     setLimits(VerdictLimits());
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the explanations wrap
-    setFocusPolicy(Qt::NoFocus); // Tab leads from the tabs to the first field
-    setWidgetResizable(true);
-    setWidget(page);
-    // The page has the ground of the tabs, as the others.
-    viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-}
-
-QSize VerdictPage::sizeHint() const
-{
-    constexpr int columns = 80;
-    const int width = fontMetrics().averageCharWidth() * columns;
-    return {width, widget()->heightForWidth(width)};
-}
-
-//! Returns the least width at which the page needs no scrolling sideways.
-QSize VerdictPage::minimumSizeHint() const
-{
-    const QSize least = QScrollArea::minimumSizeHint();
-    return {std::max(least.width(),
-                     widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width()),
-            least.height()};
+    setPage(page);
 }
 
 //! Keeps the wheel from changing a limit that it passes over, and shows the field that a key leads to.
@@ -162,7 +138,7 @@ bool VerdictPage::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
-    return QScrollArea::eventFilter(watched, event);
+    return ScrolledPage::eventFilter(watched, event);
 }
 
 //! Adds a field, and beside it what it means and what is usual.

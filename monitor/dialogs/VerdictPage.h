@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/dialogs/ScrolledPage.h"
 #include <corvale_qt/detector/VerdictLimits.h>
-
-#include <QScrollArea>
 
 #include <array>
 
@@ -14,7 +13,7 @@ namespace Monitor {
 
 /*! The limits by which profile, histogram and report judge estimates, each with its meaning and its usual value. The page
     scrolls where there is no room for all of them. */
-class VerdictPage : public QScrollArea
+class VerdictPage : public ScrolledPage
 {
     Q_OBJECT
 
@@ -25,9 +24,6 @@ public:
     Corvale_Qt::VerdictLimits limits() const;
     void setLimits(const Corvale_Qt::VerdictLimits &limits);
 
-    //! Returns a size that shows all limits without scrolling.
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -205,7 +205,7 @@ QString reasonFor(const ImportOptions &options)
 QString noTimeReason(const QStringList &names, bool firstIsNoTime)
 {
     return firstIsNoTime
-        ? Text::tr("no column holds the time, and %1 is no time").arg(names.first())
+        ? Text::tr("no column holds the time, and %1 is not a time").arg(names.first())
         : Text::tr("no column holds the time");
 }
 

@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QTextStream>
 
+#include <cmath>
+
 namespace Monitor {
 
 namespace {
@@ -37,7 +39,9 @@ public:
         if (ok && number >= least)
             *value = number;
         else
-            fail(name, Text::tr("a number"));
+            fail(name,
+                 std::isfinite(least) ? Text::tr("a number, at least %1").arg(least)
+                                      : Text::tr("a number"));
     }
     //! Reads the description of a detector from the file that the option names.
     void detector(Corvale_Qt::DetectorLayout *layout)

@@ -30,7 +30,7 @@ QString SecondStart::message() const
                          "open it.")
                     .arg(m_closedSources.join(separator));
     if (!m_options.isEmpty())
-        text += Text::tr(" Without effect: %1. The menus of that window have the same.")
+        text += Text::tr(" Without effect: %1. Use the menus of that window instead.")
                     .arg(m_options.join(separator));
     return text + Text::tr(" --settings FILE opens another window.");
 }

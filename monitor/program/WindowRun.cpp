@@ -162,7 +162,9 @@ bool WindowRun::openBeside()
             return false;
         } else {
             m_besideNotes +=
-                QStringLiteral("ERROR the source %1 is not read again: %2").arg(source.name, error);
+                QStringLiteral(
+                    "ERROR the source %1 is not read again: %2. Add it with File > Add source...")
+                    .arg(source.name, error);
         }
     }
     m_leadName = areGiven ? m_commandLine.sources.first().name : usualSourceName(m_source);

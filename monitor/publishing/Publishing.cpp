@@ -18,7 +18,8 @@ ResultPublisher *publisherOf(const QString &address, QString *error)
 {
     const QString scheme = SourcePlugins::schemeOf(address);
     if (scheme.isEmpty()) {
-        *error = Text::tr("it should begin with what publishes, like tango:beam/monitor/1");
+        *error = Text::tr(
+            "it should begin with the name of the control system, like tango:beam/monitor/1");
         return nullptr;
     }
     ResultPublisher *publisher = SourcePlugins().loadPublisher(scheme, error);

@@ -77,10 +77,11 @@ void ExportActions::saveBetweenMarkers()
     if (markers.hasSpan())
         ask(left, right);
     else
-        QMessageBox::information(m_window,
-                                 tr("Save readings"),
-                                 tr("Set both markers in the chart first: switch the markers on, "
-                                    "then click with the left and with the right button."));
+        QMessageBox::information(
+            m_window,
+            tr("Save readings"),
+            tr("Set both markers in the chart first: switch them on (Ctrl+M), then click with the "
+               "left and with the right button, or press 1 and 2."));
 }
 
 void ExportActions::ask(double left, double right)
@@ -115,7 +116,7 @@ void ExportActions::save(const QString &path, double left, double right)
                     .arg(path, running->errorString()));
         else
             Q_EMIT m_session.noted(
-                QStringLiteral("%1 was not saved, because it was canceled").arg(path));
+                QStringLiteral("%1 was not saved, because it was cancelled").arg(path));
         if (complete && hasOlder)
             Q_EMIT m_session.noted(
                 QStringLiteral("WARNING readings older than the buffer are not in %1: only "

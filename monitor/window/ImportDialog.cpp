@@ -106,6 +106,7 @@ ImportDialog::ImportDialog(const QString &path, QWidget *parent)
                   ? tr("This table is read as it is.")
                   : tr("This is not a recording of the monitor: %1.").arg(guess.reason));
     setOptions(guess.options);
+    resize(sizeHint()); // Qt would take two thirds of a small screen at most
 }
 
 ImportDialog::~ImportDialog() = default;
@@ -158,9 +159,9 @@ void ImportDialog::addControls()
     columns->addLayout(new QFormLayout);
     addColumnControls();
     addTimeControls();
-    m_skip = addNumber("importSkip", tr("Lines to &skip first"), 0);
+    m_skip = addNumber("importSkip", tr("Lines to &skip first:"), 0);
     m_comment =
-        addLine("importComment", tr("Co&mments begin with"), tr("One sign; # always begins one"));
+        addLine("importComment", tr("Co&mments begin with:"), tr("One sign; # always begins one"));
     m_comment->setMaxLength(1);
     makePreview();
     columns->addWidget(m_rows, 1);
@@ -174,17 +175,17 @@ void ImportDialog::addControls()
 
 void ImportDialog::addColumnControls()
 {
-    m_delimiter = addChoice("importDelimiter", tr("&Columns are separated by"), {});
+    m_delimiter = addChoice("importDelimiter", tr("&Columns are separated by:"), {});
     m_delimiter->addItem(tr("commas, or blanks"), 0);
     m_delimiter->addItem(tr("commas"), int(','));
     m_delimiter->addItem(tr("semicolons"), int(';'));
     m_delimiter->addItem(tr("tabs"), int('\t'));
     m_delimiter->addItem(tr("blanks"), int(' '));
     m_delimiter->addItem(tr("bars"), int('|'));
-    m_decimal = addChoice("importDecimal", tr("&Decimal sign"), {});
+    m_decimal = addChoice("importDecimal", tr("&Decimal sign:"), {});
     m_decimal->addItem(tr("point: 1.25"), false);
     m_decimal->addItem(tr("comma: 1,25"), true);
-    m_header = addChoice("importHeader", tr("&Names of columns"), {});
+    m_header = addChoice("importHeader", tr("&Names of columns:"), {});
     m_header->addItem(tr("in the first line, if it is not all numbers"), int(Header::Seen));
     m_header->addItem(tr("in the first line"), int(Header::Names));
     m_header->addItem(tr("none"), int(Header::None));
@@ -193,22 +194,22 @@ void ImportDialog::addColumnControls()
 void ImportDialog::addTimeControls()
 {
     m_time = addChoice("importTime",
-                       tr("&Time"),
+                       tr("&Time:"),
                        tr("Which column holds the time of a row, or that none does"));
     m_time->addItem(tr("in the column with such a name"), 0);
     m_time->addItem(tr("in the column with this number"), 1);
     m_time->addItem(tr("in no column; rows are equally spaced"), -1);
-    m_timeColumn = addNumber("importTimeColumn", tr("Co&lumn of the time"), 1);
+    m_timeColumn = addNumber("importTimeColumn", tr("Co&lumn of the time:"), 1);
     m_interval = addLine("importInterval",
-                         tr("Time &between two rows"),
+                         tr("Time &between two rows:"),
                          tr("For a table without times, like 1ms, 0.02s or 1min"));
-    m_clock = addChoice("importClock", tr("Times &are"), {});
+    m_clock = addChoice("importClock", tr("Times &are:"), {});
     m_clock->addItem(tr("numbers, in seconds or the unit of the name"), int(ImportClock::Seconds));
     m_clock->addItem(tr("dates; UTC where no zone is written"), int(ImportClock::Utc));
     m_clock->addItem(tr("dates; local time where no zone is written"), int(ImportClock::Local));
     m_format =
         addLine("importFormat",
-                tr("&Form of dates"),
+                tr("&Form of dates:"),
                 tr("Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz"));
     m_format->setPlaceholderText(QStringLiteral("ISO 8601"));
 }
@@ -289,13 +290,13 @@ void ImportDialog::preview()
     if (lacksInterval)
         verdict = tr("Please state the time between two rows, for example 1ms.");
     else if (!preview.error.isEmpty())
-        verdict = tr("It cannot be read so: %1.").arg(preview.error);
+        verdict = tr("It cannot be read this way: %1.").arg(preview.error);
     else if (preview.rows.isEmpty())
         verdict = preview.refused > 0
-            ? tr("None of its rows can be read so; the first is %1").arg(preview.firstRefused)
+            ? tr("None of its rows can be read this way; the first is %1").arg(preview.firstRefused)
             : tr("It contains no rows.");
     else if (preview.refused > 0)
-        verdict = tr("%1 of the first lines cannot be read so; the first is %2")
+        verdict = tr("%1 of the first lines cannot be read this way; the first is %2")
                       .arg(preview.refused)
                       .arg(preview.firstRefused);
     else

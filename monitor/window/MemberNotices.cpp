@@ -41,11 +41,10 @@ std::optional<StatusField::Part> clockNotice(const StreamClock &clock)
 {
     if (!clock.origin() || clock.isInStep())
         return std::nullopt;
-    return StatusField::Part{
-        Text::tr("CLOCK %1 s").arg(clock.lead(), 0, 'f', 1),
-        Text::tr("the clock of the source differs from this computer's by so much, so "
-                 "that its chart shows another time than the others"),
-        NoticeState::Waiting};
+    return StatusField::Part{Text::tr("CLOCK %1 s").arg(clock.lead(), 0, 'f', 1),
+                             Text::tr("the clock of the source differs from this computer's by "
+                                      "this much, so its chart shows another time than the others"),
+                             NoticeState::Waiting};
 }
 
 QVector<StatusField::Part> memberNotices(const Companions::Member &member)

@@ -32,7 +32,7 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     , m_notices(add("notices", tr("Abnormal states")))
     , m_rate(add("rate", tr("Readings per second")))
     , m_bad(add("bad", tr("Lines that could not be used; the log lists them")))
-    , m_gaps(add("gaps", tr("Pauses longer than three of the usual steps")))
+    , m_gaps(add("gaps", tr("Pauses longer than three of the usual intervals")))
     , m_recording(add("recording", tr("The file that is being recorded (Ctrl+R)")))
     , m_clock(add("clock", tr("Time, UTC")))
 {
@@ -263,7 +263,8 @@ QVector<StatusField::Part> MonitorStatusBar::alarmNotice(const Session &session)
     if (entries.size() > 1)
         text = tr("%1 and %2 more").arg(text, QString::number(entries.size() - 1));
     return {{text,
-             tr("F8 acknowledges, Measure > Limits changes the limits; the log has every passage"),
+             tr("F8 acknowledges, Measure > Limits changes the limits; the log says when each was "
+                "passed"),
              isAlarm(first.worst) ? Look::State::Trouble : Look::State::Waiting}};
 }
 

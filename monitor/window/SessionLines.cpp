@@ -57,8 +57,8 @@ void SessionLines::noteAssumptions(const StreamHeader &header)
     };
     if (isCounted(Axis::X) || isCounted(Axis::Y))
         Q_EMIT written(
-            tr("positions are counted in cells: nobody says how far apart they are; File > "
-               "Settings > Readings, --detector or the stream can describe the detector"));
+            tr("positions are counted in cells: nothing says how far apart the cells are. Describe "
+               "the detector in File > Settings > Readings, with --detector or in the stream"));
 }
 
 void SessionLines::noteRefused(const RefusedLine &line)

@@ -194,7 +194,8 @@ QString TapeTimeline::toolTipAt(int x) const
         const QString name = mark.name.isEmpty() ? QString() : mark.name + QStringLiteral(": ");
         lines.append(name
                      + (mark.kind == TapeMark::Kind::Gap
-                            ? tr("no readings for %1 s").arg(mark.length, 0, 'g', 4)
+                            ? tr("no readings for %1")
+                                  .arg(TapeSketch::exactTimeText(mark.length, m_deck.length()))
                             : mark.text));
     }
     const QString text = lines.join(QLatin1Char('\n'));

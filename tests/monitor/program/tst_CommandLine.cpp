@@ -111,7 +111,7 @@ private Q_SLOTS:
         };
         row("unknown option", "--frobnicate", "frobnicate");
         row("no number", "--speed fast a.csv", "--speed fast");
-        row("negative speed", "--speed -1 a.csv", "--speed -1");
+        row("negative speed", "--speed -1 a.csv", "--speed -1: it should be a number, at least 0");
         row("range the wrong way", "--range 2,1", "--range 2,1");
         row("one limit", "--range 2", "--range 2");
         row("size", "--size big", "--size big");

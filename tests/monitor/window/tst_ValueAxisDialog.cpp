@@ -4,6 +4,8 @@
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
+#include <qwt_scale_div.h>
+
 using namespace Monitor;
 using Corvale_Qt::RVXScopePlotView;
 
@@ -86,6 +88,48 @@ class tst_ValueAxisDialog : public QObject
 
 private Q_SLOTS:
     void init() { QVERIFY(m_folder.isValid()); }
+
+    //! Rows that come between the keys change neither what is being typed nor the scale that it sets.
+    void aRangeIsTypedWhileRowsStream()
+    {
+        AxisDialog axis(settings("streaming.xui"));
+        QVERIFY(axis.open());
+        const auto shown = [&axis] {
+            const QwtScaleDiv &scale = axis.w.plot()->axisScaleDiv(QwtPlot::yLeft);
+            return QString("%1 to %2").arg(scale.lowerBound()).arg(scale.upperBound());
+        };
+        double reading = 10.0, time = 1.0;
+        const auto stream = [&] {
+            reading *= -1.5; // the automatic scale grows with each row
+            axis.w.source->give(time += 0.1, {reading, -reading});
+            axis.w.clock.advance(0.1);
+            QCoreApplication::processEvents();
+        };
+        const auto type = [&](const char *name, const QString &text) {
+            auto *field = axis.dialog->findChild<QLineEdit *>(name);
+            field->setFocus();
+            field->selectAll();
+            for (const QChar key : text) {
+                QTest::keyClick(field, key.toLatin1());
+                stream();
+            }
+            QCOMPARE(field->text(), text);
+        };
+        const QString automatic = shown();
+        type("maximum", "20 A");
+        QVERIFY(shown() != automatic); // it follows the rows until Enter
+        type("minimum", "-5 A");
+        QTest::keyClick(axis.dialog, Qt::Key_Return);
+        stream();
+        const QString typed = shown();
+        QCOMPARE(axis.view->yMinimum(), -5.0);
+        QCOMPARE(axis.view->yMaximum(), 20.0);
+        for (int i = 0; i < 20; ++i)
+            stream();
+        QCOMPARE(shown(), typed);
+        QCOMPARE(axis.view->shownUnit(), QString("A"));
+        QCOMPARE(axis.dialog->findChild<QLineEdit *>("maximum")->text(), QString("20"));
+    }
 
     //! The range of the y axis is typed in the unit that the axis shows; what cannot be shown is refused with a word.
     void theRangeOfValuesIsTyped()

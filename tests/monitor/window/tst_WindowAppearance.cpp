@@ -6,6 +6,7 @@
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/window/Appearance.h"
+#include "monitor/window/ImportDialog.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatusField.h"
@@ -79,6 +80,27 @@ private:
 };
 
 } // namespace
+
+/*! Looks at what no entry of a menu leads to with a stream of strips: docks, a table that is asked about, its tape, and a
+    status line that has much to tell. */
+void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipped)
+{
+    for (QDockWidget *dock : w.window.findChildren<QDockWidget *>())
+        dock->show();
+    putFile(table, "left;right\n1,5;2\n2,5;3\n");
+    ImportDialog import(table, &w.window);
+    import.show();
+    // With two device pixels to a pixel, the screen of the tests is lower than any that the dialog is made for.
+    if (import.screen()->availableSize().height() >= WindowInTest::smallScreen.height())
+        lookAtDialog("import", &import, clipped);
+    import.close();
+    putFile(table, "time_s,a_nA,b_nA\n0,1,5\n1000,2,6\n");
+    w.window.sources().open(table);
+    w.session.setPaused(true);
+    w.clock.advance(0.1);
+    lookAtWindows("states", clipped);
+    w.session.setPaused(false);
+}
 
 //! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
 class tst_WindowAppearance : public QObject
@@ -310,6 +332,8 @@ private Q_SLOTS:
             for (QMenu *menu : w.menus())
                 dialogs += walk(menu, clipped);
         }
+        lookAtLoudStates(w, file("clipped.csv"), clipped);
+        walk(w.menus().first(), clipped); // of an open table
         QVERIFY2(dialogs >= 8 * appearances.size() && clipped.looked() > 500,
                  qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));

@@ -428,8 +428,8 @@
         <translation>Messwerte speichern</translation>
     </message>
     <message>
-        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
-        <translation>Zuerst beide Marken im Diagramm setzen: Marken einschalten, dann mit der linken und der rechten Taste klicken.</translation>
+        <source>Set both markers in the chart first: switch them on (Ctrl+M), then click with the left and with the right button, or press 1 and 2.</source>
+        <translation>Zuerst beide Marken im Diagramm setzen: einschalten (Strg+M), dann mit der linken und mit der rechten Taste klicken oder 1 und 2 drücken.</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
@@ -520,6 +520,10 @@
     <message>
         <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
         <translation>Aufzeichnungen und Tabellen (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Read a&amp;gain as...</source>
+        <translation>&amp;Neu lesen als...</translation>
     </message>
 </context>
 <context>
@@ -702,8 +706,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Das ist keine Aufzeichnung des Monitors: %1.</translation>
     </message>
     <message>
-        <source>&amp;Columns are separated by</source>
-        <translation>Spalten sind &amp;getrennt durch</translation>
+        <source>&amp;Columns are separated by:</source>
+        <translation>Spalten sind &amp;getrennt durch:</translation>
     </message>
     <message>
         <source>commas, or blanks</source>
@@ -730,8 +734,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>senkrechte Striche</translation>
     </message>
     <message>
-        <source>&amp;Decimal sign</source>
-        <translation>D&amp;ezimalzeichen</translation>
+        <source>&amp;Decimal sign:</source>
+        <translation>D&amp;ezimalzeichen:</translation>
     </message>
     <message>
         <source>point: 1.25</source>
@@ -742,8 +746,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Komma: 1,25</translation>
     </message>
     <message>
-        <source>&amp;Names of columns</source>
-        <translation>&amp;Namen der Spalten</translation>
+        <source>&amp;Names of columns:</source>
+        <translation>&amp;Namen der Spalten:</translation>
     </message>
     <message>
         <source>in the first line, if it is not all numbers</source>
@@ -758,8 +762,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>keine</translation>
     </message>
     <message>
-        <source>&amp;Time</source>
-        <translation>Zei&amp;t</translation>
+        <source>&amp;Time:</source>
+        <translation>Zei&amp;t:</translation>
     </message>
     <message>
         <source>Which column holds the time of a row, or that none does</source>
@@ -778,20 +782,20 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>in keiner Spalte; Zeilen haben gleichen Abstand</translation>
     </message>
     <message>
-        <source>Co&amp;lumn of the time</source>
-        <translation>Spalte &amp;der Zeit</translation>
+        <source>Co&amp;lumn of the time:</source>
+        <translation>Spalte &amp;der Zeit:</translation>
     </message>
     <message>
-        <source>Time &amp;between two rows</source>
-        <translation>Ze&amp;it zwischen zwei Zeilen</translation>
+        <source>Time &amp;between two rows:</source>
+        <translation>Ze&amp;it zwischen zwei Zeilen:</translation>
     </message>
     <message>
         <source>For a table without times, like 1ms, 0.02s or 1min</source>
         <translation>Für eine Tabelle ohne Zeiten, etwa 1ms, 0.02s oder 1min</translation>
     </message>
     <message>
-        <source>Times &amp;are</source>
-        <translation>Zeiten &amp;sind</translation>
+        <source>Times &amp;are:</source>
+        <translation>Zeiten &amp;sind:</translation>
     </message>
     <message>
         <source>numbers, in seconds or the unit of the name</source>
@@ -806,20 +810,20 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Datumsangaben; Ortszeit, wo keine Zone steht</translation>
     </message>
     <message>
-        <source>&amp;Form of dates</source>
-        <translation>&amp;Format der Datumsangaben</translation>
+        <source>&amp;Form of dates:</source>
+        <translation>&amp;Format der Datumsangaben:</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
         <translation>Leer für ISO 8601 (2026-03-01T12:00:00.5), sonst etwa dd.MM.yyyy HH:mm:ss.zzz</translation>
     </message>
     <message>
-        <source>Lines to &amp;skip first</source>
-        <translation>&amp;Zuerst zu überspringende Zeilen</translation>
+        <source>Lines to &amp;skip first:</source>
+        <translation>&amp;Zuerst zu überspringende Zeilen:</translation>
     </message>
     <message>
-        <source>Co&amp;mments begin with</source>
-        <translation>&amp;Kommentare beginnen mit</translation>
+        <source>Co&amp;mments begin with:</source>
+        <translation>&amp;Kommentare beginnen mit:</translation>
     </message>
     <message>
         <source>One sign; # always begins one</source>
@@ -834,11 +838,11 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Bitte die Zeit zwischen zwei Zeilen angeben, etwa 1ms.</translation>
     </message>
     <message>
-        <source>It cannot be read so: %1.</source>
+        <source>It cannot be read this way: %1.</source>
         <translation>So ist sie nicht lesbar: %1.</translation>
     </message>
     <message>
-        <source>None of its rows can be read so; the first is %1</source>
+        <source>None of its rows can be read this way; the first is %1</source>
         <translation>Keine Zeile ist so lesbar; die erste ist %1</translation>
     </message>
     <message>
@@ -846,7 +850,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Sie enthält keine Zeilen.</translation>
     </message>
     <message>
-        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <source>%1 of the first lines cannot be read this way; the first is %2</source>
         <translation>%1 der ersten Zeilen sind so nicht lesbar; die erste ist %2</translation>
     </message>
     <message>
@@ -860,6 +864,14 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>On the command line: --import &quot;%1&quot;</source>
         <translation>Auf der Befehlszeile: --import &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. It has no line of names by which others of its kind are known, so the answer holds for this time.</source>
+        <translation>Die Tabelle wird von Anfang an neu gelesen. Sie hat keine Zeile mit Namen, an der andere ihrer Art zu erkennen sind; die Antwort gilt deshalb nur dieses Mal.</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. The answer is kept for files with the same header.</source>
+        <translation>Die Tabelle wird von Anfang an neu gelesen. Die Antwort wird für Dateien mit derselben Kopfzeile aufbewahrt.</translation>
     </message>
 </context>
 <context>
@@ -1069,7 +1081,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Unbrauchbare Zeilen; das Protokoll führt sie auf</translation>
     </message>
     <message>
-        <source>Pauses longer than three of the usual steps</source>
+        <source>Pauses longer than three of the usual intervals</source>
         <translation>Pausen länger als drei übliche Schritte</translation>
     </message>
     <message>
@@ -1169,7 +1181,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Platz schaffen oder auf eine andere Platte aufzeichnen</translation>
     </message>
     <message>
-        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log says when each was passed</source>
         <translation>F8 quittiert, Messen &gt; Grenzwerte ändert die Grenzwerte; das Protokoll enthält jede Überschreitung</translation>
     </message>
     <message>
@@ -1535,7 +1547,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Rate:</translation>
     </message>
     <message>
-        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <source>Bits per second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
         <translation>Bit pro Sekunde, wie am Gerät eingestellt; 8 Datenbits, keine Parität, 1 Stoppbit.</translation>
     </message>
     <message>
@@ -1672,8 +1684,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Obere &amp;Grenze:</translation>
     </message>
     <message>
-        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
-        <translation>Messwerte darüber hinaus sind außerhalb des Bereichs, in der Einheit der Messwerte, ab dem nächsten Start einer Quelle. Leer: die Grenzen, die die Quelle angibt.</translation>
+        <source>In the unit of the readings; those outside are over range, from the next source on. Empty: as the source says.</source>
+        <translation>In der Einheit der Messwerte; solche jenseits davon sind ab der nächsten Quelle außerhalb des Bereichs. Leer: wie die Quelle sagt.</translation>
     </message>
     <message>
         <source>&amp;Detector:</source>
@@ -1899,6 +1911,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>The detector stays as it was: %1. Choose another file.</source>
         <translation>Der Detektor bleibt, wie er war: %1. Eine andere Datei wählen.</translation>
     </message>
+    <message>
+        <source>Reading the table again ends the recording.</source>
+        <translation>Wird die Tabelle neu gelesen, endet die Aufzeichnung.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceTest</name>
@@ -2084,10 +2100,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Band abspielen</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>%1/%2: </source>
         <translation>%1/%2: </translation>
     </message>
@@ -2103,10 +2115,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Die Aufzeichnung wird durchgesehen: %1 %</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>, part %1 of %2</source>
         <translation>, Teil %1 von %2</translation>
     </message>
@@ -2115,8 +2123,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>...</translation>
     </message>
     <message>
-        <source>no readings for %1 s</source>
-        <translation>keine Messwerte für %1 s</translation>
+        <source>no readings for %1</source>
+        <translation>keine Messwerte während %1</translation>
     </message>
     <message>
         <source>The recording can be played, but not searched: %1</source>
@@ -2184,6 +2192,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>closed by the other side</source>
         <translation>von der Gegenseite geschlossen</translation>
     </message>
+    <message>
+        <source>reset by the other side, which did not close the connection</source>
+        <translation>von der Gegenseite zurückgesetzt, die die Verbindung nicht geschlossen hat</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2230,6 +2242,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>the connection broke (%1)</source>
         <translation>die Verbindung ist abgebrochen (%1)</translation>
     </message>
+    <message>
+        <source>the peer reset the connection instead of closing it</source>
+        <translation>die Gegenseite hat die Verbindung zurückgesetzt, statt sie zu schließen</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Text</name>
@@ -2266,7 +2282,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation> und </translation>
     </message>
     <message>
-        <source>no column holds the time, and %1 is no time</source>
+        <source>no column holds the time, and %1 is not a time</source>
         <translation>keine Spalte enthält die Zeit, und %1 ist keine Zeit</translation>
     </message>
     <message>
@@ -2554,7 +2570,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>UHR %1 s</translation>
     </message>
     <message>
-        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <source>the clock of the source differs from this computer&apos;s by this much, so its chart shows another time than the others</source>
         <translation>die Uhr der Quelle weicht um so viel von der dieses Rechners ab; daher zeigt ihr Diagramm eine andere Zeit als die übrigen</translation>
     </message>
     <message>
@@ -2726,7 +2742,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>die Texte darin sind beschädigt</translation>
     </message>
     <message>
-        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <source>it should begin with the name of the control system, like tango:beam/monitor/1</source>
         <translation>es sollte mit dem beginnen, was veröffentlicht, etwa tango:beam/monitor/1</translation>
     </message>
     <message>

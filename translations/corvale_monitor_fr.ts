@@ -428,8 +428,8 @@
         <translation>Enregistrer les mesures</translation>
     </message>
     <message>
-        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
-        <translation>Placer d&apos;abord les deux marqueurs sur le tracé&#xa0;: activer les marqueurs, puis cliquer avec le bouton gauche et avec le droit.</translation>
+        <source>Set both markers in the chart first: switch them on (Ctrl+M), then click with the left and with the right button, or press 1 and 2.</source>
+        <translation>Placez d&apos;abord les deux marqueurs dans le graphique : activez-les (Ctrl+M), puis cliquez avec le bouton gauche et avec le bouton droit, ou appuyez sur 1 et 2.</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
@@ -520,6 +520,10 @@
     <message>
         <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
         <translation>Enregistrements et tableaux (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Read a&amp;gain as...</source>
+        <translation>Relire au&amp;trement...</translation>
     </message>
 </context>
 <context>
@@ -702,8 +706,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Ce n&apos;est pas un enregistrement du moniteur&#xa0;: %1.</translation>
     </message>
     <message>
-        <source>&amp;Columns are separated by</source>
-        <translation>&amp;Colonnes séparées par</translation>
+        <source>&amp;Columns are separated by:</source>
+        <translation>&amp;Colonnes séparées par :</translation>
     </message>
     <message>
         <source>commas, or blanks</source>
@@ -730,8 +734,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>barres verticales</translation>
     </message>
     <message>
-        <source>&amp;Decimal sign</source>
-        <translation>S&amp;igne décimal</translation>
+        <source>&amp;Decimal sign:</source>
+        <translation>S&amp;igne décimal :</translation>
     </message>
     <message>
         <source>point: 1.25</source>
@@ -742,8 +746,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>virgule&#xa0;: 1,25</translation>
     </message>
     <message>
-        <source>&amp;Names of columns</source>
-        <translation>&amp;Noms des colonnes</translation>
+        <source>&amp;Names of columns:</source>
+        <translation>&amp;Noms des colonnes :</translation>
     </message>
     <message>
         <source>in the first line, if it is not all numbers</source>
@@ -758,8 +762,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>aucun</translation>
     </message>
     <message>
-        <source>&amp;Time</source>
-        <translation>Te&amp;mps</translation>
+        <source>&amp;Time:</source>
+        <translation>Te&amp;mps :</translation>
     </message>
     <message>
         <source>Which column holds the time of a row, or that none does</source>
@@ -778,20 +782,20 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>dans aucune colonne&#xa0;; lignes équidistantes</translation>
     </message>
     <message>
-        <source>Co&amp;lumn of the time</source>
-        <translation>Colonne &amp;du temps</translation>
+        <source>Co&amp;lumn of the time:</source>
+        <translation>Colonne &amp;du temps :</translation>
     </message>
     <message>
-        <source>Time &amp;between two rows</source>
-        <translation>Temps &amp;entre deux lignes</translation>
+        <source>Time &amp;between two rows:</source>
+        <translation>Temps &amp;entre deux lignes :</translation>
     </message>
     <message>
         <source>For a table without times, like 1ms, 0.02s or 1min</source>
         <translation>Pour une table sans temps, comme 1ms, 0.02s ou 1min</translation>
     </message>
     <message>
-        <source>Times &amp;are</source>
-        <translation>Les &amp;temps sont</translation>
+        <source>Times &amp;are:</source>
+        <translation>Les &amp;temps sont :</translation>
     </message>
     <message>
         <source>numbers, in seconds or the unit of the name</source>
@@ -806,20 +810,20 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>des dates&#xa0;; heure locale si aucun fuseau n&apos;est écrit</translation>
     </message>
     <message>
-        <source>&amp;Form of dates</source>
-        <translation>&amp;Format des dates</translation>
+        <source>&amp;Form of dates:</source>
+        <translation>&amp;Format des dates :</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
         <translation>Vide pour ISO 8601 (2026-03-01T12:00:00.5), ou par exemple dd.MM.yyyy HH:mm:ss.zzz</translation>
     </message>
     <message>
-        <source>Lines to &amp;skip first</source>
-        <translation>Lignes à &amp;sauter d&apos;abord</translation>
+        <source>Lines to &amp;skip first:</source>
+        <translation>Lignes à &amp;sauter d&apos;abord :</translation>
     </message>
     <message>
-        <source>Co&amp;mments begin with</source>
-        <translation>&amp;Les commentaires commencent par</translation>
+        <source>Co&amp;mments begin with:</source>
+        <translation>&amp;Les commentaires commencent par :</translation>
     </message>
     <message>
         <source>One sign; # always begins one</source>
@@ -834,11 +838,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Indiquer le temps entre deux lignes, par exemple 1ms.</translation>
     </message>
     <message>
-        <source>It cannot be read so: %1.</source>
+        <source>It cannot be read this way: %1.</source>
         <translation>Elle ne peut pas être lue ainsi&#xa0;: %1.</translation>
     </message>
     <message>
-        <source>None of its rows can be read so; the first is %1</source>
+        <source>None of its rows can be read this way; the first is %1</source>
         <translation>Aucune ligne ne peut être lue ainsi&#xa0;; la première est %1</translation>
     </message>
     <message>
@@ -846,7 +850,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Elle ne contient aucune ligne.</translation>
     </message>
     <message>
-        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <source>%1 of the first lines cannot be read this way; the first is %2</source>
         <translation>%1 des premières lignes ne peuvent être lues ainsi&#xa0;; la première est %2</translation>
     </message>
     <message>
@@ -860,6 +864,14 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>On the command line: --import &quot;%1&quot;</source>
         <translation>En ligne de commande&#xa0;: --import &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. It has no line of names by which others of its kind are known, so the answer holds for this time.</source>
+        <translation>Le tableau est relu depuis le début. Il n&apos;a pas de ligne de noms à laquelle on reconnaîtrait d&apos;autres du même genre ; la réponse ne vaut donc que cette fois.</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. The answer is kept for files with the same header.</source>
+        <translation>Le tableau est relu depuis le début. La réponse est conservée pour les fichiers qui ont le même en-tête.</translation>
     </message>
 </context>
 <context>
@@ -1069,7 +1081,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Lignes inutilisables&#xa0;; le journal les liste</translation>
     </message>
     <message>
-        <source>Pauses longer than three of the usual steps</source>
+        <source>Pauses longer than three of the usual intervals</source>
         <translation>Pauses de plus de trois pas habituels</translation>
     </message>
     <message>
@@ -1169,7 +1181,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>faire de la place, ou enregistrer sur un autre disque</translation>
     </message>
     <message>
-        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log says when each was passed</source>
         <translation>F8 acquitte, Mesure &gt; Limites change les limites&#xa0;; le journal contient chaque passage</translation>
     </message>
     <message>
@@ -1535,7 +1547,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>&amp;Débit&#xa0;:</translation>
     </message>
     <message>
-        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <source>Bits per second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
         <translation>Bits par seconde, comme réglé sur l&apos;instrument&#xa0;; 8 bits de données, sans parité, 1 bit d&apos;arrêt.</translation>
     </message>
     <message>
@@ -1672,8 +1684,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Limite &amp;haute&#xa0;:</translation>
     </message>
     <message>
-        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
-        <translation>Les mesures au-delà sont hors plage, dans l&apos;unité des mesures, dès le prochain démarrage d&apos;une source. Vide&#xa0;: les limites indiquées par la source.</translation>
+        <source>In the unit of the readings; those outside are over range, from the next source on. Empty: as the source says.</source>
+        <translation>Dans l&apos;unité des mesures ; celles au-delà sont hors plage, dès la prochaine source. Vide : comme la source l&apos;indique.</translation>
     </message>
     <message>
         <source>&amp;Detector:</source>
@@ -1899,6 +1911,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>The detector stays as it was: %1. Choose another file.</source>
         <translation>Le détecteur reste tel quel&#xa0;: %1. Choisir un autre fichier.</translation>
     </message>
+    <message>
+        <source>Reading the table again ends the recording.</source>
+        <translation>Relire le tableau termine l&apos;enregistrement.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceTest</name>
@@ -2084,10 +2100,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Lire</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>%1/%2: </source>
         <translation>%1/%2&#xa0;: </translation>
     </message>
@@ -2103,10 +2115,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>L&apos;enregistrement est parcouru&#xa0;: %1 %</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>, part %1 of %2</source>
         <translation>, partie %1 de %2</translation>
     </message>
@@ -2115,8 +2123,8 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>...</translation>
     </message>
     <message>
-        <source>no readings for %1 s</source>
-        <translation>aucune mesure pendant %1 s</translation>
+        <source>no readings for %1</source>
+        <translation>aucune mesure pendant %1</translation>
     </message>
     <message>
         <source>The recording can be played, but not searched: %1</source>
@@ -2184,6 +2192,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>closed by the other side</source>
         <translation>fermé par l&apos;autre côté</translation>
     </message>
+    <message>
+        <source>reset by the other side, which did not close the connection</source>
+        <translation>réinitialisée par l&apos;autre côté, qui n&apos;a pas fermé la connexion</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2230,6 +2242,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>the connection broke (%1)</source>
         <translation>la connexion s&apos;est rompue (%1)</translation>
     </message>
+    <message>
+        <source>the peer reset the connection instead of closing it</source>
+        <translation>le correspondant a réinitialisé la connexion au lieu de la fermer</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Text</name>
@@ -2266,7 +2282,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation> et </translation>
     </message>
     <message>
-        <source>no column holds the time, and %1 is no time</source>
+        <source>no column holds the time, and %1 is not a time</source>
         <translation>aucune colonne ne contient le temps, et %1 n&apos;est pas un temps</translation>
     </message>
     <message>
@@ -2554,7 +2570,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>HORLOGE %1 s</translation>
     </message>
     <message>
-        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <source>the clock of the source differs from this computer&apos;s by this much, so its chart shows another time than the others</source>
         <translation>l’horloge de la source s’écarte d’autant de celle de cet ordinateur ; son diagramme montre donc un autre temps que les autres</translation>
     </message>
     <message>
@@ -2726,7 +2742,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>les textes qu’il contient sont endommagés</translation>
     </message>
     <message>
-        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <source>it should begin with the name of the control system, like tango:beam/monitor/1</source>
         <translation>elle doit commencer par ce qui publie, par exemple tango:beam/monitor/1</translation>
     </message>
     <message>

@@ -428,8 +428,8 @@
         <translation>測定値を保存</translation>
     </message>
     <message>
-        <source>Set both markers in the chart first: switch the markers on, then click with the left and with the right button.</source>
-        <translation>先にチャートに両方のマーカーを置いてください。マーカーを有効にし、左ボタンと右ボタンでクリックします。</translation>
+        <source>Set both markers in the chart first: switch them on (Ctrl+M), then click with the left and with the right button, or press 1 and 2.</source>
+        <translation>先にチャートに両方のマーカーを置いてください。マーカーを有効にし (Ctrl+M)、左ボタンと右ボタンでクリックするか、1 と 2 を押します。</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
@@ -520,6 +520,10 @@
     <message>
         <source>Recordings and tables (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;All files (*)</source>
         <translation>記録と表 (*.csv *.txt *.dat *.zst *.h5 *.hdf5 *.nxs);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Read a&amp;gain as...</source>
+        <translation>別の形式で再読込(&amp;G)...</translation>
     </message>
 </context>
 <context>
@@ -702,8 +706,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>モニターの記録ではありません: %1。</translation>
     </message>
     <message>
-        <source>&amp;Columns are separated by</source>
-        <translation>列の区切り(&amp;C)</translation>
+        <source>&amp;Columns are separated by:</source>
+        <translation>列の区切り(&amp;C):</translation>
     </message>
     <message>
         <source>commas, or blanks</source>
@@ -730,8 +734,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>縦棒</translation>
     </message>
     <message>
-        <source>&amp;Decimal sign</source>
-        <translation>小数点の記号(&amp;D)</translation>
+        <source>&amp;Decimal sign:</source>
+        <translation>小数点の記号(&amp;D):</translation>
     </message>
     <message>
         <source>point: 1.25</source>
@@ -742,8 +746,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>コンマ: 1,25</translation>
     </message>
     <message>
-        <source>&amp;Names of columns</source>
-        <translation>列の名前(&amp;N)</translation>
+        <source>&amp;Names of columns:</source>
+        <translation>列の名前(&amp;N):</translation>
     </message>
     <message>
         <source>in the first line, if it is not all numbers</source>
@@ -758,8 +762,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>なし</translation>
     </message>
     <message>
-        <source>&amp;Time</source>
-        <translation>時刻(&amp;T)</translation>
+        <source>&amp;Time:</source>
+        <translation>時刻(&amp;T):</translation>
     </message>
     <message>
         <source>Which column holds the time of a row, or that none does</source>
@@ -778,20 +782,20 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>列なし (行は等間隔)</translation>
     </message>
     <message>
-        <source>Co&amp;lumn of the time</source>
-        <translation>時刻の列(&amp;L)</translation>
+        <source>Co&amp;lumn of the time:</source>
+        <translation>時刻の列(&amp;L):</translation>
     </message>
     <message>
-        <source>Time &amp;between two rows</source>
-        <translation>行と行の間隔(&amp;B)</translation>
+        <source>Time &amp;between two rows:</source>
+        <translation>行と行の間隔(&amp;B):</translation>
     </message>
     <message>
         <source>For a table without times, like 1ms, 0.02s or 1min</source>
         <translation>時刻のない表の場合。例: 1ms、0.02s、1min</translation>
     </message>
     <message>
-        <source>Times &amp;are</source>
-        <translation>時刻の形式(&amp;A)</translation>
+        <source>Times &amp;are:</source>
+        <translation>時刻の形式(&amp;A):</translation>
     </message>
     <message>
         <source>numbers, in seconds or the unit of the name</source>
@@ -806,20 +810,20 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>日時 (時間帯の記載がなければ現地時刻)</translation>
     </message>
     <message>
-        <source>&amp;Form of dates</source>
-        <translation>日時の書式(&amp;F)</translation>
+        <source>&amp;Form of dates:</source>
+        <translation>日時の書式(&amp;F):</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
         <translation>空なら ISO 8601 (2026-03-01T12:00:00.5)。または dd.MM.yyyy HH:mm:ss.zzz など</translation>
     </message>
     <message>
-        <source>Lines to &amp;skip first</source>
-        <translation>最初に読み飛ばす行数(&amp;S)</translation>
+        <source>Lines to &amp;skip first:</source>
+        <translation>最初に読み飛ばす行数(&amp;S):</translation>
     </message>
     <message>
-        <source>Co&amp;mments begin with</source>
-        <translation>コメントの開始記号(&amp;M)</translation>
+        <source>Co&amp;mments begin with:</source>
+        <translation>コメントの開始記号(&amp;M):</translation>
     </message>
     <message>
         <source>One sign; # always begins one</source>
@@ -834,11 +838,11 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>行と行の間隔を指定してください (例: 1ms)。</translation>
     </message>
     <message>
-        <source>It cannot be read so: %1.</source>
+        <source>It cannot be read this way: %1.</source>
         <translation>この設定では読めません: %1。</translation>
     </message>
     <message>
-        <source>None of its rows can be read so; the first is %1</source>
+        <source>None of its rows can be read this way; the first is %1</source>
         <translation>この設定ではどの行も読めません。最初の行: %1</translation>
     </message>
     <message>
@@ -846,7 +850,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>行がありません。</translation>
     </message>
     <message>
-        <source>%1 of the first lines cannot be read so; the first is %2</source>
+        <source>%1 of the first lines cannot be read this way; the first is %2</source>
         <translation>最初の行のうち %1 行がこの設定では読めません。最初のものは %2</translation>
     </message>
     <message>
@@ -860,6 +864,14 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>On the command line: --import &quot;%1&quot;</source>
         <translation>コマンドラインでは: --import &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. It has no line of names by which others of its kind are known, so the answer holds for this time.</source>
+        <translation>表を先頭から読み直します。同種の表を見分ける名前の行がないため、この回答は今回だけ有効です。</translation>
+    </message>
+    <message>
+        <source>The table is read again from its beginning. The answer is kept for files with the same header.</source>
+        <translation>表を先頭から読み直します。回答は同じ見出しを持つファイルのために保存されます。</translation>
     </message>
 </context>
 <context>
@@ -1069,7 +1081,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>使用できなかった行 (ログに一覧があります)</translation>
     </message>
     <message>
-        <source>Pauses longer than three of the usual steps</source>
+        <source>Pauses longer than three of the usual intervals</source>
         <translation>通常の 3 周期より長い途切れ</translation>
     </message>
     <message>
@@ -1169,7 +1181,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>空きを作るか、別のディスクに記録してください</translation>
     </message>
     <message>
-        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log has every passage</source>
+        <source>F8 acknowledges, Measure &gt; Limits changes the limits; the log says when each was passed</source>
         <translation>F8 で確認、「測定 &gt; 限界値」で限界値を変更します。限界値の超過はすべてログにあります</translation>
     </message>
     <message>
@@ -1535,7 +1547,7 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>速度(&amp;R):</translation>
     </message>
     <message>
-        <source>Bits in a second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
+        <source>Bits per second, as the instrument is set; 8 data bits, no parity, 1 stop bit.</source>
         <translation>装置の設定と同じビット毎秒。データ 8 ビット、パリティなし、ストップ 1 ビット。</translation>
     </message>
     <message>
@@ -1672,8 +1684,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>上限(&amp;H):</translation>
     </message>
     <message>
-        <source>Readings outside are over range, in the unit of the readings, from the next start of a source on. Empty: the limits that the source states.</source>
-        <translation>これを外れる測定値は範囲超過になります。単位は測定値と同じで、次にソースを開始したときから有効です。空: ソースの指定する限界。</translation>
+        <source>In the unit of the readings; those outside are over range, from the next source on. Empty: as the source says.</source>
+        <translation>測定値の単位。次のソースから、範囲外の値は範囲超過になります。空欄: ソースに従います。</translation>
     </message>
     <message>
         <source>&amp;Detector:</source>
@@ -1899,6 +1911,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>The detector stays as it was: %1. Choose another file.</source>
         <translation>検出器は元のままです: %1。別のファイルを選んでください。</translation>
     </message>
+    <message>
+        <source>Reading the table again ends the recording.</source>
+        <translation>表を読み直すと記録が終了します。</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceTest</name>
@@ -2084,10 +2100,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>テープを再生</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>%1/%2: </source>
         <translation>%1/%2: </translation>
     </message>
@@ -2103,10 +2115,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>記録を調べています: %1 %</translation>
     </message>
     <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-    <message>
         <source>, part %1 of %2</source>
         <translation>、パート %1 / %2</translation>
     </message>
@@ -2115,8 +2123,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>...</translation>
     </message>
     <message>
-        <source>no readings for %1 s</source>
-        <translation>%1 秒間測定値なし</translation>
+        <source>no readings for %1</source>
+        <translation>%1 の間、測定値なし</translation>
     </message>
     <message>
         <source>The recording can be played, but not searched: %1</source>
@@ -2184,6 +2192,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>closed by the other side</source>
         <translation>相手側が閉じました</translation>
     </message>
+    <message>
+        <source>reset by the other side, which did not close the connection</source>
+        <translation>相手側が接続を閉じずにリセットしました</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2230,6 +2242,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>the connection broke (%1)</source>
         <translation>接続が切れました (%1)</translation>
     </message>
+    <message>
+        <source>the peer reset the connection instead of closing it</source>
+        <translation>相手が接続を閉じずにリセットしました</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::Text</name>
@@ -2266,7 +2282,7 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation> および </translation>
     </message>
     <message>
-        <source>no column holds the time, and %1 is no time</source>
+        <source>no column holds the time, and %1 is not a time</source>
         <translation>時刻の列がなく、%1 は時刻ではありません</translation>
     </message>
     <message>
@@ -2554,7 +2570,7 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>時計 %1 s</translation>
     </message>
     <message>
-        <source>the clock of the source differs from this computer&apos;s by so much, so that its chart shows another time than the others</source>
+        <source>the clock of the source differs from this computer&apos;s by this much, so its chart shows another time than the others</source>
         <translation>ソースの時計がこのコンピューターの時計とこれだけずれているため、このチャートはほかのチャートと異なる時刻を表示します</translation>
     </message>
     <message>
@@ -2726,7 +2742,7 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>その中のテキストが壊れています</translation>
     </message>
     <message>
-        <source>it should begin with what publishes, like tango:beam/monitor/1</source>
+        <source>it should begin with the name of the control system, like tango:beam/monitor/1</source>
         <translation>tango:beam/monitor/1 のように、公開する方式の名前で始めてください</translation>
     </message>
     <message>

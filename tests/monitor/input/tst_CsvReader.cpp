@@ -129,17 +129,17 @@ private Q_SLOTS:
             "> Strom:uA | 0: 1.5 | 2: 2.5");
         row("no column holds the time",
             "left_nA,right_nA\n1,2\n3,4\n5,6\n",
-            "left_nA is no time",
+            "left_nA is not a time",
             "interval=0.001",
             "> left:nA right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6");
         row("no column holds the time, and the unit of the first is not known",
             "p (mbar),right_nA\n1,2\n3,4\n5,6\n",
-            "p (mbar) is no time",
+            "p (mbar) is not a time",
             "interval=0.001",
             "> p (mbar) right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6");
         row("no column holds the time, and the first has degrees",
             "temp_C,x_mm\n20,2\n21,4\n",
-            "temp_C is no time",
+            "temp_C is not a time",
             "interval=0.001",
             "> temp_C x:mm | 0: 20 2 | 0.001: 21 4");
         row("a time with a remark", "Zeit (Sek.),a\n0,1\n1,2\n", "", "", "> a | 0: 1 | 1: 2");

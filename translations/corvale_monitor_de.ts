@@ -148,6 +148,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CommonTape</name>
+    <message>
+        <source>none of the recordings can be read</source>
+        <translation>keine der Aufzeichnungen kann gelesen werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
+        <translation>%1 kann nicht zusammen mit anderen abgespielt werden: %2. Öffnen Sie die Datei allein, um zu sehen, was davon lesbar ist</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::CompanionPane</name>
     <message>
         <source>The state of this source</source>
@@ -2130,6 +2141,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>The recording can be played, but not searched: %1</source>
         <translation>Die Aufzeichnung lässt sich abspielen, aber nicht durchsuchen: %1</translation>
     </message>
+    <message>
+        <source>the outline is the sum of %1</source>
+        <translation>der Umriss ist die Summe von %1</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpClientForm</name>
@@ -2582,10 +2597,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>es wird kein Gerät gelesen</translation>
     </message>
     <message>
-        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
-        <translation>%1 ist kein Gerät: Eine Aufzeichnung wird allein gezeigt, da ihre Messwerte zu einer anderen Zeit entstanden sind. Öffnen Sie sie mit Datei &gt; Öffnen... oder in einem Fenster mit einer anderen --settings-Datei</translation>
-    </message>
-    <message>
         <source>HDF5 gives no reason</source>
         <translation>HDF5 nennt keinen Grund</translation>
     </message>
@@ -2752,6 +2763,14 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>the plugin for %1 reads sources, and publishes nothing</source>
         <translation>das Plugin für %1 liest Quellen und veröffentlicht nichts</translation>
+    </message>
+    <message>
+        <source>%1 is shown alone: its images have no times. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 wird allein gezeigt: Die Bilder haben keine Zeiten. Öffnen Sie es mit Datei &gt; Öffnen... oder in einem Fenster mit einer anderen --settings-Datei</translation>
+    </message>
+    <message>
+        <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
+        <translation>%1 ist eine Aufzeichnung, und %2 ist ein Gerät: Sie werden nicht zusammen gezeigt, da ihre Messwerte zu verschiedenen Zeiten entstanden sind. Öffnen Sie eines davon in einem Fenster mit einer anderen --settings-Datei</translation>
     </message>
 </context>
 <context>

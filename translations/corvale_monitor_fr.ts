@@ -148,6 +148,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CommonTape</name>
+    <message>
+        <source>none of the recordings can be read</source>
+        <translation>aucun des enregistrements ne peut être lu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
+        <translation>%1 ne peut pas être lu avec les autres : %2. Ouvrez-le seul pour voir ce qui peut en être lu</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::CompanionPane</name>
     <message>
         <source>The state of this source</source>
@@ -2130,6 +2141,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>The recording can be played, but not searched: %1</source>
         <translation>L&apos;enregistrement peut être joué, mais pas parcouru&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>the outline is the sum of %1</source>
+        <translation>le contour est la somme de %1</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpClientForm</name>
@@ -2582,10 +2597,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>aucun instrument n’est lu</translation>
     </message>
     <message>
-        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
-        <translation>%1 n’est pas un instrument : un enregistrement est montré seul, car ses mesures ont été prises à un autre moment. Ouvrez-le avec Fichier &gt; Ouvrir... ou dans une fenêtre avec un autre fichier --settings</translation>
-    </message>
-    <message>
         <source>HDF5 gives no reason</source>
         <translation>HDF5 ne donne pas de raison</translation>
     </message>
@@ -2752,6 +2763,14 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>the plugin for %1 reads sources, and publishes nothing</source>
         <translation>le greffon pour %1 lit des sources et ne publie rien</translation>
+    </message>
+    <message>
+        <source>%1 is shown alone: its images have no times. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 s’affiche seul : ses images n’ont pas de temps. Ouvrez-le avec Fichier &gt; Ouvrir..., ou dans une fenêtre avec un autre --settings FICHIER</translation>
+    </message>
+    <message>
+        <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
+        <translation>%1 est un enregistrement et %2 un instrument : ils ne s’affichent pas ensemble, car leurs mesures n’ont pas été prises au même moment. Ouvrez l’un des deux dans une fenêtre avec un autre --settings FICHIER</translation>
     </message>
 </context>
 <context>

@@ -148,6 +148,17 @@
     </message>
 </context>
 <context>
+    <name>Monitor::CommonTape</name>
+    <message>
+        <source>none of the recordings can be read</source>
+        <translation>どの記録も読み取れません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
+        <translation>%1 は他の記録と一緒に再生できません: %2。単独で開くと、読み取れる部分が表示されます</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::CompanionPane</name>
     <message>
         <source>The state of this source</source>
@@ -2130,6 +2141,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>The recording can be played, but not searched: %1</source>
         <translation>記録は再生できますが、検索できません: %1</translation>
     </message>
+    <message>
+        <source>the outline is the sum of %1</source>
+        <translation>輪郭は %1 の合計です</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpClientForm</name>
@@ -2582,10 +2597,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>機器は読み取られていません</translation>
     </message>
     <message>
-        <source>%1 is not an instrument: a recording is shown alone, since its readings were taken at another time. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
-        <translation>%1 は機器ではありません。記録の測定値は別の時刻に取得されたものなので、記録は単独で表示されます。ファイル &gt; 開く... で開くか、別の --settings FILE を指定したウィンドウで開いてください</translation>
-    </message>
-    <message>
         <source>HDF5 gives no reason</source>
         <translation>HDF5 は理由を示していません</translation>
     </message>
@@ -2752,6 +2763,14 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>the plugin for %1 reads sources, and publishes nothing</source>
         <translation>%1 のプラグインはソースを読むだけで、何も公開しません</translation>
+    </message>
+    <message>
+        <source>%1 is shown alone: its images have no times. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
+        <translation>%1 は単独で表示されます: 画像に時刻がありません。ファイル &gt; 開く... で開くか、別の --settings ファイルのウィンドウで開いてください</translation>
+    </message>
+    <message>
+        <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
+        <translation>%1 は記録で、%2 は機器です: 測定値の取得時刻が異なるため、一緒には表示されません。どちらかを別の --settings ファイルのウィンドウで開いてください</translation>
     </message>
 </context>
 <context>

@@ -244,6 +244,9 @@ private Q_SLOTS:
         QCOMPARE(textOf(played.told), QString("A@0=0 B@500=0 A@1000=1 B@1500=1 A@2000=2"));
         played.run(0.06); // back at 0.9
         QCOMPARE(textOf(played.told), QString("A@0=0 B@500=0"));
+        played.go(2.8); // behind the stretch, which is left then
+        played.run(0.3);
+        QCOMPARE(played.told.size(), std::size_t(7));
         played.tape->clearLoop();
         played.run(20.0);
         QCOMPARE(played.told.size(), std::size_t(9));

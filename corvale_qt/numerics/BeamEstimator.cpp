@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/BeamEstimator.h"
 
+#include "corvale_qt/numerics/ClampedInt_p.h"
+
+#include <algorithm>
+#include <cmath>
+
 namespace Corvale_Qt {
 
 BeamEstimate
-estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const LogParabolaOptions &options)
+estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const EstimatorOptions &options)
 {
     switch (estimator) {
     case BeamEstimator::CentreOfGravity:
-        return centreOfGravity(profile);
+        return centreOfGravity(profile, options.centreOfGravity);
     case BeamEstimator::ThreePoints:
         return threePointGaussian(profile);
     case BeamEstimator::Regression:
-        return logParabolaGaussian(profile, options);
+        return logParabolaGaussian(profile, options.regression);
     case BeamEstimator::LeastSquares:
         return leastSquaresGaussian(profile);
     case BeamEstimator::LeastSquaresLinear:
@@ -23,6 +28,20 @@ estimateBeam(const BeamProfile &profile, BeamEstimator estimator, const LogParab
         return secondMomentWidth(profile);
     }
     return {};
+}
+
+CentreOfGravityOptions centreOfGravityOptions(const QVector<double> &parameters)
+{
+    constexpr int all = 1024;
+    constexpr int mostCells = 1000000;
+    CentreOfGravityOptions options;
+    if (parameters.isEmpty())
+        return options;
+    if (std::lround(std::clamp(parameters[0], -1.0, 1.0)) == 0)
+        options.thresholdFraction = parameters.value(1);
+    else
+        options.halfWidth = clampedToInt(parameters.value(2, all), -mostCells, mostCells);
+    return options;
 }
 
 FitStatus fitStatusOf(EstimateStatus status)

@@ -18,10 +18,21 @@ enum class BeamEstimator {
     SecondMoment, //!< secondMomentWidth()
 };
 
-//! Estimates the beam in a profile. Only the regression uses the \a options.
+//! What the estimators of estimateBeam() use; the others have nothing to be set.
+struct CORVALE_QT_EXPORT EstimatorOptions
+{
+    LogParabolaOptions regression;
+    CentreOfGravityOptions centreOfGravity;
+};
+
+//! Estimates the beam in a profile.
 CORVALE_QT_EXPORT BeamEstimate estimateBeam(const BeamProfile &profile,
                                             BeamEstimator estimator,
-                                            const LogParabolaOptions &options = {});
+                                            const EstimatorOptions &options = {});
+
+/*! Returns the options that the parameters of RVX_CoGHistogramItem stand for: 0 for a threshold and 1 for a window, the threshold as a
+    share of the peak, the half width of the window in cells. Without any, all cells are used. */
+CORVALE_QT_EXPORT CentreOfGravityOptions centreOfGravityOptions(const QVector<double> &parameters);
 
 //! Returns the status of a fit that says the same as that of an estimate.
 CORVALE_QT_EXPORT FitStatus fitStatusOf(EstimateStatus status);

@@ -15,17 +15,6 @@ namespace {
 
 using Type = RVXScopePlotView::HistogramItemTypes;
 
-//! Reads the parameters as RVX_CoGHistogramItem does.
-BeamEstimate centreOfGravity(const BeamProfile &profile, const QVector<double> &parameters)
-{
-    CentreOfGravityOptions options;
-    if (toRounded(parameters.value(0)) == 0)
-        options.thresholdFraction = parameters.value(1);
-    else
-        options.halfWidth = toTruncated(parameters.value(2, 1024.0));
-    return Corvale_Qt::centreOfGravity(profile, options);
-}
-
 //! Reads the parameters as RVX_RegressionHistogramItem does. Limits are readings; the fit compares densities.
 BeamEstimate
 regression(const BeamProfile &profile, const QVector<double> &parameters, double limitFactor)
@@ -93,7 +82,7 @@ PlacedFit placedFit(Type type,
         fit.estimate = threePointGaussian(fit.profile);
         break;
     case RVXScopePlotView::CenterOfGravityItem:
-        fit.estimate = centreOfGravity(fit.profile, parameters);
+        fit.estimate = centreOfGravity(fit.profile, centreOfGravityOptions(parameters));
         break;
     case RVXScopePlotView::RegressionItem:
         fit.estimate = regression(fit.profile, parameters, limitFactor);

@@ -106,6 +106,14 @@ Corvale_Qt::VerdictLimits HeadlessFeed::verdictLimits() const
         : keptOptions(WindowSettings(m_commandLine.settings)).verdictLimits;
 }
 
+//! Returns the parameters of the fits, as verdictLimits() returns the limits.
+FitParameters HeadlessFeed::fitParameters() const
+{
+    return m_commandLine.settings.isEmpty()
+        ? FitParameters()
+        : keptFitParameters(WindowSettings(m_commandLine.settings));
+}
+
 Recorder::Options HeadlessFeed::recorderOptions() const
 {
     Recorder::Options options = m_commandLine.record;
@@ -298,9 +306,12 @@ std::optional<StatisticsReport> HeadlessFeed::statistics() const
     report.source = m_source->description();
     report.counts = m_source->counts();
     report.statistics = &m_statistics;
-    report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels);
-    report.estimates =
-        estimatesOfLastReading(m_statistics, m_commandLine.fitChannels, verdictLimits());
+    const FitParameters parameters = fitParameters();
+    report.fits = fitsOfLastReading(m_statistics, m_commandLine.fitChannels, parameters);
+    report.estimates = estimatesOfLastReading(m_statistics,
+                                              m_commandLine.fitChannels,
+                                              verdictLimits(),
+                                              parameters);
     applyVerdicts(report.estimates, report.fits);
     report.leftOut = m_leftOutCount;
     report.spotErrors = spotErrors();

@@ -85,6 +85,7 @@ Q_SIGNALS:
 private:
     bool staysAfterEnd() const;
     Corvale_Qt::VerdictLimits verdictLimits() const;
+    FitParameters fitParameters() const;
     Recorder::Options recorderOptions() const;
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);

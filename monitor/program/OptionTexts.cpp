@@ -101,7 +101,7 @@ QVector<OptionText> outputOptions()
         {"settings",
          "FILE",
          Text::tr("Keep settings and window layout in this file; each file has one window. --stats "
-                  "takes its limits of verdicts from it.")},
+                  "takes its limits of verdicts and its fit parameters from it.")},
         {"plugin-path",
          "FOLDER",
          Text::tr("Look for source plugins in this folder too, before those of "

@@ -25,15 +25,6 @@ DetectorLayout layoutOf(const StreamHeader &header, bool channelsAreProfile)
                      : detectorOf(header);
 }
 
-//! The parameters of the regression on the statistics page, as they are at first.
-LogParabolaOptions regressionOptions()
-{
-    LogParabolaOptions options;
-    options.thresholdFraction = 0.1;
-    options.halfWidth = 10;
-    return options;
-}
-
 QString unitOf(const DetectorLayout &layout, DetectorLayout::Axis axis)
 {
     const QString unit = layout.unit(axis);
@@ -78,6 +69,7 @@ std::optional<LastFrame> lastFrame(const StreamStatistics &statistics,
 
 //! Returns the estimates of all planes, by the one estimator of that name, or by all of them.
 std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last,
+                                          const EstimatorOptions &options,
                                           std::optional<BeamEstimator> wanted = {})
 {
     using Axis = DetectorLayout::Axis;
@@ -92,7 +84,7 @@ std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last,
         for (const auto &[name, estimator] : estimators) {
             if (wanted && estimator != *wanted)
                 continue;
-            const BeamEstimate estimate = estimateBeam(profile, estimator, regressionOptions());
+            const BeamEstimate estimate = estimateBeam(profile, estimator, options);
             planes.push_back({QLatin1String(plane),
                               QLatin1String(name),
                               estimate,
@@ -107,7 +99,8 @@ std::vector<PlaneEstimate> estimatePlanes(const LastFrame &last,
 
 LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
                                      bool channelsAreProfile,
-                                     const VerdictLimits &chosenLimits)
+                                     const VerdictLimits &chosenLimits,
+                                     const FitParameters &parameters)
 {
     LastEstimates estimates;
     const auto last = lastFrame(statistics, channelsAreProfile, chosenLimits);
@@ -117,7 +110,7 @@ LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
     estimates.image = secondMomentImage(last->frame.image());
     estimates.limits = last->limits;
     estimates.unit = unitOf(last->frame.layout, DetectorLayout::Axis::X);
-    estimates.planes = estimatePlanes(*last);
+    estimates.planes = estimatePlanes(*last, parameters.options());
     return estimates;
 }
 
@@ -126,7 +119,8 @@ std::vector<PlaneEstimate> fittedPlanes(const StreamStatistics &statistics,
                                         const VerdictLimits &chosenLimits)
 {
     const auto last = lastFrame(statistics, channelsAreProfile, chosenLimits);
-    return last ? estimatePlanes(*last, BeamEstimator::LeastSquares) : std::vector<PlaneEstimate>();
+    return last ? estimatePlanes(*last, {}, BeamEstimator::LeastSquares)
+                : std::vector<PlaneEstimate>();
 }
 
 double integralOf(const BeamEstimate &estimate)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/FitParameters.h"
 #include "monitor/readings/LeftOut.h"
 #include <corvale_qt/detector/BeamVerdict.h>
 #include <corvale_qt/numerics/BeamEstimate.h>
@@ -38,10 +39,11 @@ struct LastEstimates
 /*! Returns all estimates of the latest reading, on the detector of the stream. Without one, positions are counted in cells from 1,
     and strips are shared evenly between x and y. Hot cells are looked for. There are no estimates of spots, of detectors without
     places, and of channels that nothing places, unless \a channelsAreProfile says that they are neighbours in their order. \a chosenLimits judge estimates on a detector that
-    states no limits of its own. */
+    states no limits of its own; regression and centre of gravity use the \a parameters. */
 LastEstimates estimatesOfLastReading(const StreamStatistics &statistics,
                                      bool channelsAreProfile = false,
-                                     const Corvale_Qt::VerdictLimits &chosenLimits = {});
+                                     const Corvale_Qt::VerdictLimits &chosenLimits = {},
+                                     const FitParameters &parameters = {});
 
 /*! Returns the least squares fits of the latest reading alone, one for each plane: what position and sigma over time are made of. The
     arguments are those of estimatesOfLastReading(). */

@@ -19,12 +19,10 @@ namespace {
 //! Fewer channels than this are no profile.
 constexpr int fewestOfAProfile = 3;
 
-//! The initial parameters of the statistics page, but without a lowest peak and sum, which depend on the unit.
-const QVector<double> fitParameters = {0.1, 10.0, 0.0, 0.0, 2.0, 5.0};
-
-ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
+ProfileFitResult
+fitOf(const QString &profile, const QVector<float> &values, const QVector<double> &parameters)
 {
-    Corvale_Qt::RVX_RegressionHistogramItem item(nullptr, fitParameters, false);
+    Corvale_Qt::RVX_RegressionHistogramItem item(nullptr, parameters, false);
     ProfileFitResult result;
     result.profile = profile;
     result.valid = item.compute(0, values, values.size());
@@ -42,7 +40,8 @@ ProfileFitResult fitOf(const QString &profile, const QVector<float> &values)
 
 //! Fits each plane of strips to its own channels, in the order in which the stream has them.
 std::vector<ProfileFitResult> fitsOfPlanes(const Corvale_Qt::DetectorLayout &detector,
-                                           const QVector<float> &values)
+                                           const QVector<float> &values,
+                                           const QVector<double> &parameters)
 {
     using Corvale_Qt::DetectorLayout;
     std::vector<ProfileFitResult> fits;
@@ -59,7 +58,7 @@ std::vector<ProfileFitResult> fitsOfPlanes(const Corvale_Qt::DetectorLayout &det
         for (const int channel : channels)
             profile.append(values.value(channel));
         if (profile.size() >= fewestOfAProfile)
-            fits.push_back(fitOf(QString::fromLatin1(name), profile));
+            fits.push_back(fitOf(QString::fromLatin1(name), profile, parameters));
     }
     return fits;
 }
@@ -67,23 +66,25 @@ std::vector<ProfileFitResult> fitsOfPlanes(const Corvale_Qt::DetectorLayout &det
 } // namespace
 
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
-                                                bool channelsAreProfile)
+                                                bool channelsAreProfile,
+                                                const FitParameters &parameters)
 {
+    const QVector<double> &regression = parameters.regression;
     QVector<float> values;
     for (const double value : statistics.lastValues())
         values.append(std::isfinite(value) ? float(value) : 0.0F);
     const StreamHeader &header = statistics.header();
     if (header.detector.kind() == Corvale_Qt::DetectorKind::Strips)
-        return fitsOfPlanes(header.detector, values);
+        return fitsOfPlanes(header.detector, values, regression);
     if (header.kind == StreamKind::Strips && values.size() >= 2) {
         const int ofX = (values.size() + 1) / 2;
-        return {fitOf(QStringLiteral("x"), values.mid(0, ofX)),
-                fitOf(QStringLiteral("y"), values.mid(ofX))};
+        return {fitOf(QStringLiteral("x"), values.mid(0, ofX), regression),
+                fitOf(QStringLiteral("y"), values.mid(ofX), regression)};
     }
     const bool isPlaced = header.detector.kind() != Corvale_Qt::DetectorKind::Channels;
     if (header.kind == StreamKind::Channels && channelsAreProfile && !isPlaced
         && values.size() >= fewestOfAProfile)
-        return {fitOf(QStringLiteral("all"), values)};
+        return {fitOf(QStringLiteral("all"), values, regression)};
     return {};
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/readings/FitParameters.h"
+
 #include <QString>
 
 #include <vector>
@@ -26,7 +28,8 @@ struct ProfileFitResult
     all channels that nothing places if \a channelsAreProfile says that they are neighbours in their order. There are none
     for pixels and spots. */
 std::vector<ProfileFitResult> fitsOfLastReading(const StreamStatistics &statistics,
-                                                bool channelsAreProfile = false);
+                                                bool channelsAreProfile = false,
+                                                const FitParameters &parameters = {});
 
 //! Takes a fit for not valid, with the reason as its message, where the regression of the same profile is judged not valid.
 void applyVerdicts(const LastEstimates &estimates, std::vector<ProfileFitResult> &fits);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/DisplayTabs.h"
 
+#include "monitor/readings/FitParameters.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/Baseline.h"
@@ -61,6 +62,9 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
 {
     m_scope->setObjectName(QStringLiteral("scope"));
     m_profile->setObjectName(QStringLiteral("profile"));
+    const FitParameters initial; // of companions too, which no statistics page tells of others
+    m_profile->display()->SetRegressionOptions(false, initial.regression, 1);
+    m_profile->display()->SetCoGOptions(false, initial.centreOfGravity, 1);
     m_position->setObjectName(QStringLiteral("position"));
     m_spotMap->setObjectName(QStringLiteral("spots"));
     m_spotMap->setLegendVisible(true);

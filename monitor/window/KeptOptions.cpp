@@ -87,6 +87,31 @@ MonitorOptions keptOptions(const WindowSettings &settings)
     return options;
 }
 
+FitParameters keptFitParameters(const WindowSettings &settings)
+{
+    FitParameters parameters;
+    const auto isOn = [&settings](const char *key) {
+        return settings.statisticsValue(QLatin1String(key)).toBool();
+    };
+    const auto take = [&settings](const char *key, double unit, double *parameter) {
+        bool isNumber = false;
+        const double kept = settings.statisticsValue(QLatin1String(key)).toDouble(&isNumber);
+        if (isNumber && kept >= 0.0 && std::isfinite(kept))
+            *parameter = kept * unit;
+    };
+    constexpr double percent = 0.01;
+    if (isOn("gaussian-fit-regression")) {
+        take("gaussian-fit-regression-threhold", percent, &parameters.regression[0]);
+        take("gaussian-fit-regression-window", 1.0, &parameters.regression[1]);
+    }
+    if (isOn("center-of-gravity")) {
+        parameters.centreOfGravity[0] = isOn("center-of-gravity-window") ? 1.0 : 0.0;
+        take("center-of-threshold", percent, &parameters.centreOfGravity[1]);
+        take("center-of-window", 1.0, &parameters.centreOfGravity[2]);
+    }
+    return parameters;
+}
+
 void keepOptions(const MonitorOptions &options, WindowSettings &settings)
 {
     settings.setText(startKey, startNames.at(int(options.start)));

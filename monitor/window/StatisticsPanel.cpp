@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/StatisticsPanel.h"
 
+#include "monitor/readings/FitParameters.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/WindowSettings.h"
@@ -23,10 +24,21 @@ StatisticsPanel::StatisticsPanel(Session &session,
     , m_page(new RVXStatisticsSetupPage)
 {
     m_page->addPlotView(displays.scope()->plotView());
+    // The page names no parameters of what the histogram does not show; the profile goes on with those that a report has.
+    const FitParameters initial;
+    RVXSpectrogram *profile = displays.profile();
     connect(m_page,
             &RVXStatisticsSetupPage::RegressionOptions,
-            displays.profile(),
-            &RVXSpectrogram::SetRegressionOptions);
+            profile,
+            [profile, initial](bool on, const QVector<double> &parameters, int peaks) {
+                profile->SetRegressionOptions(on, on ? parameters : initial.regression, peaks);
+            });
+    connect(m_page,
+            &RVXStatisticsSetupPage::CoGOptions,
+            profile,
+            [profile, initial](bool on, const QVector<double> &parameters, int peaks) {
+                profile->SetCoGOptions(on, on ? parameters : initial.centreOfGravity, peaks);
+            });
     if (!settings.hasStatistics())
         connect(&session, &Session::streamStarted, this, &StatisticsPanel::suggestFor);
     m_page->setApplicationSettings(QFileInfo(settings.fileName()), false, settings.isXml());

@@ -77,6 +77,11 @@ bool WindowSettings::hasStatistics() const
     return m_settings->getSettings()->childGroups().contains(QStringLiteral("StatisticsSetupPage"));
 }
 
+QVariant WindowSettings::statisticsValue(const QString &key) const
+{
+    return value(QStringLiteral("StatisticsSetupPage/") + key);
+}
+
 bool WindowSettings::isHintDismissed() const
 {
     return value(QStringLiteral("Monitor/hint-dismissed")).toBool();

@@ -30,6 +30,8 @@ public:
     bool isXml() const;
     //! Returns whether the file has choices of an operator on the statistics page.
     bool hasStatistics() const;
+    //! Returns what the statistics page keeps under a key; not valid if it is nothing.
+    QVariant statisticsValue(const QString &key) const;
 
     //! Returns whether the operator does not want to see the hint again.
     bool isHintDismissed() const;

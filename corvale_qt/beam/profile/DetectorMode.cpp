@@ -78,7 +78,8 @@ JudgedFrame DetectorMode::judge(const DetectorFrame &frame,
     cells.layout = m_shown;
     for (int i = 0; factor != 1.0 && i < cells.values.size(); ++i)
         cells.values[i] *= factor;
-    return judgeLayoutFrame(cells, {estimator(), regressionOf(regression), limits(), factor});
+    const EstimatorOptions options{regressionOf(regression), centreOfGravity};
+    return judgeLayoutFrame(cells, {estimator(), options, limits(), factor});
 }
 
 JudgedFrame DetectorMode::judgePreset(const BeamFrame &beam,
@@ -90,7 +91,7 @@ JudgedFrame DetectorMode::judgePreset(const BeamFrame &beam,
                             layout,
                             readings,
                             options,
-                            {estimator(), regressionOf(options.regression), limits()});
+                            {estimator(), {regressionOf(options.regression), {}}, limits()});
 }
 
 BeamEstimator DetectorMode::estimator() const

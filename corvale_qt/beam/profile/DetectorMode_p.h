@@ -47,6 +47,7 @@ public:
 
     FrameAveraging averaging;
     std::optional<BeamEstimator> chosenEstimator;
+    CentreOfGravityOptions centreOfGravity; //!< of described detectors
     std::optional<VerdictLimits> chosenLimits;
     bool verdictEnabled = false; //!< with a layout, frames are judged anyway
 

@@ -22,11 +22,11 @@ PlaneResult judgePlane(const DetectorFrame &cells, Axis axis, const JudgeOptions
         return plane;
     plane.profile.noise *= options.noiseFactor;
     flagHotCells(plane.profile);
-    LogParabolaOptions regression = options.regression;
+    EstimatorOptions estimation = options.estimation;
     // The limit is a reading; the fit compares densities.
-    regression.minimumPeak /=
+    estimation.regression.minimumPeak /=
         *std::max_element(plane.profile.scales.begin(), plane.profile.scales.end());
-    plane.estimate = estimateBeam(plane.profile, options.estimator, regression);
+    plane.estimate = estimateBeam(plane.profile, options.estimator, estimation);
     plane.verdict = judgeEstimate(plane.profile, plane.estimate, options.limits);
     return plane;
 }

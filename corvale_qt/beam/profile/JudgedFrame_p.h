@@ -25,7 +25,7 @@ struct PlaneResult
 struct JudgeOptions
 {
     BeamEstimator estimator = BeamEstimator::Regression;
-    LogParabolaOptions regression;
+    EstimatorOptions estimation; //!< what the estimator uses
     VerdictLimits limits;
     double noiseFactor =
         1; //!< what the charges of the frame are, in the readings whose noise the detector states

@@ -73,6 +73,13 @@ void RVXSpectrogram::SetRegressionOptions(bool /*enabled*/,
     d->presentAgain();
 }
 
+void RVXSpectrogram::SetCoGOptions(bool /*enabled*/, const QVector<double> &options, int /*peaks*/)
+{
+    Q_D(RVXSpectrogram);
+    d->detector.centreOfGravity = centreOfGravityOptions(options);
+    d->presentAgain();
+}
+
 void RVXSpectrogram::setL408(bool enabled)
 {
     Q_D(RVXSpectrogram);

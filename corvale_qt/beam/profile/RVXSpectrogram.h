@@ -121,7 +121,7 @@ public:
 
     //! Returns how a described detector is estimated: regression for strips, least squares for a matrix, until one is chosen.
     BeamEstimator estimator() const;
-    //! Chooses how a described detector is estimated. The regression uses SetRegressionOptions().
+    //! Chooses how a described detector is estimated. The regression uses SetRegressionOptions(), the centre of gravity SetCoGOptions().
     void setEstimator(BeamEstimator estimator);
     //! Returns the estimate along an axis of the frame that is shown, in the unit of the axis. It is not Ok unless frames are judged.
     BeamEstimate estimate(DetectorLayout::Axis axis) const;
@@ -208,6 +208,10 @@ public Q_SLOTS:
         0, 1024, 1e-15 and 2. The minimum peak stays a charge when currents are shown, so the same frames are fitted.
         The other two arguments are ignored; they match the signature of the histograms' slot. */
     void SetRegressionOptions(bool enabled, const QVector<double> &options, int peaks);
+    /*! Sets the options of the centre of gravity on described detectors, as the histograms take them: 0 for a threshold or 1 for a
+        window, the threshold as a share of the peak, the half width of the window in cells. Without options all cells are used.
+        The other two arguments are ignored. */
+    void SetCoGOptions(bool enabled, const QVector<double> &options, int peaks);
     /*! Chooses the strip pair, and clears the time plot and any frame of another layout. False only leaves the
         strip pair: the display then has no layout. */
     void setL408(bool enabled);

@@ -542,6 +542,10 @@
         <source> frame</source>
         <translation> Bild</translation>
     </message>
+    <message>
+        <source>Least squares, linear background</source>
+        <translation>Kleinste Quadrate, linearer Untergrund</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

@@ -542,6 +542,10 @@
         <source> frame</source>
         <translation> image</translation>
     </message>
+    <message>
+        <source>Least squares, linear background</source>
+        <translation>Moindres carrés, fond linéaire</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

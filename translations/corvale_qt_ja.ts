@@ -542,6 +542,10 @@
         <source> frame</source>
         <translation> フレーム</translation>
     </message>
+    <message>
+        <source>Least squares, linear background</source>
+        <translation>最小二乗法、直線バックグラウンド</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::DetectorFault</name>

@@ -2772,6 +2772,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
         <translation>%1 ist eine Aufzeichnung, und %2 ist ein Gerät: Sie werden nicht zusammen gezeigt, da ihre Messwerte zu verschiedenen Zeiten entstanden sind. Öffnen Sie eines davon in einem Fenster mit einer anderen --settings-Datei</translation>
     </message>
+    <message>
+        <source>a text in it is larger than 64 MB</source>
+        <translation>ein Text darin ist größer als 64 MB</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

@@ -2772,6 +2772,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
         <translation>%1 est un enregistrement et %2 un instrument : ils ne s’affichent pas ensemble, car leurs mesures n’ont pas été prises au même moment. Ouvrez l’un des deux dans une fenêtre avec un autre --settings FICHIER</translation>
     </message>
+    <message>
+        <source>a text in it is larger than 64 MB</source>
+        <translation>un texte qu’il contient dépasse 64 Mo</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

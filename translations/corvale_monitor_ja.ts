@@ -2772,6 +2772,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
         <translation>%1 は記録で、%2 は機器です: 測定値の取得時刻が異なるため、一緒には表示されません。どちらかを別の --settings ファイルのウィンドウで開いてください</translation>
     </message>
+    <message>
+        <source>a text in it is larger than 64 MB</source>
+        <translation>中のテキストが 64 MB を超えています</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

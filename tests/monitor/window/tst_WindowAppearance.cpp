@@ -483,6 +483,22 @@ private Q_SLOTS:
         QVERIFY(!log->isVisible());
     }
 
+    //! A state that has not its room ends with an ellipsis within the field.
+    void aStateIsShortenedWithinItsField()
+    {
+        StatusField field("notices", nullptr);
+        field.tell(
+            QVector<StatusField::Part>{{"SIMULATED", {}, Look::State::Simulated},
+                                       {"PAUSED, 281 readings wait", {}, Look::State::Paused}});
+        const QFontMetrics metrics(field.font());
+        field.resize(metrics.horizontalAdvance("SIMULATED PAUSED, 281"), 20);
+        const QStringList texts = field.shownTexts();
+        QCOMPARE(texts.first(), QString("SIMULATED"));
+        QVERIFY2(texts.last().startsWith("PA") && texts.last().endsWith(QChar(0x2026)),
+                 qPrintable(texts.last()));
+        QVERIFY(metrics.horizontalAdvance(texts.join(' ')) < field.width());
+    }
+
     //! A number stays before its unit in a mirrored window.
     void theStatusLineReadsAlikeInBothDirections()
     {

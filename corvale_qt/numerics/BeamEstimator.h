@@ -21,8 +21,8 @@ enum class BeamEstimator {
 //! What the estimators of estimateBeam() use; the others have nothing to be set.
 struct CORVALE_QT_EXPORT EstimatorOptions
 {
-    LogParabolaOptions regression;
-    CentreOfGravityOptions centreOfGravity;
+    LogParabolaOptions regression; //!< of Regression
+    CentreOfGravityOptions centreOfGravity; //!< of CentreOfGravity
 };
 
 //! Estimates the beam in a profile.

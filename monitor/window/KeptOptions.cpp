@@ -3,6 +3,8 @@
 
 #include "monitor/window/WindowSettings.h"
 
+#include <QVariant>
+
 #include <cmath>
 
 namespace Monitor {
@@ -93,21 +95,21 @@ FitParameters keptFitParameters(const WindowSettings &settings)
     const auto isOn = [&settings](const char *key) {
         return settings.statisticsValue(QLatin1String(key)).toBool();
     };
-    const auto take = [&settings](const char *key, double unit, double *parameter) {
+    const auto take = [&settings](const char *key, double unit, double &parameter) {
         bool isNumber = false;
         const double kept = settings.statisticsValue(QLatin1String(key)).toDouble(&isNumber);
         if (isNumber && kept >= 0.0 && std::isfinite(kept))
-            *parameter = kept * unit;
+            parameter = kept * unit;
     };
     constexpr double percent = 0.01;
     if (isOn("gaussian-fit-regression")) {
-        take("gaussian-fit-regression-threhold", percent, &parameters.regression[0]);
-        take("gaussian-fit-regression-window", 1.0, &parameters.regression[1]);
+        take("gaussian-fit-regression-threhold", percent, parameters.regression[0]);
+        take("gaussian-fit-regression-window", 1.0, parameters.regression[1]);
     }
     if (isOn("center-of-gravity")) {
         parameters.centreOfGravity[0] = isOn("center-of-gravity-window") ? 1.0 : 0.0;
-        take("center-of-threshold", percent, &parameters.centreOfGravity[1]);
-        take("center-of-window", 1.0, &parameters.centreOfGravity[2]);
+        take("center-of-threshold", percent, parameters.centreOfGravity[1]);
+        take("center-of-window", 1.0, parameters.centreOfGravity[2]);
     }
     return parameters;
 }

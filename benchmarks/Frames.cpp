@@ -178,7 +178,7 @@ void measurePicture(const DetectorFrame &frame)
     report({"20b picture of 256 x 256, times faster than pixel by pixel",
             faster,
             Goal::AtLeast,
-            10.0});
+            5.0});
     report({"20b pixels other than pixel by pixel",
             double(differingPixels(fast, slow)),
             Goal::AtMost,

@@ -33,6 +33,7 @@ struct Neighbours
     int count = 0;
 
     void add(double value) { values[std::size_t(count++)] = value; }
+    double lowest() const { return *std::min_element(values.begin(), values.begin() + count); }
     double highest() const { return *std::max_element(values.begin(), values.begin() + count); }
 
     bool isHot(double value, double noise, const HotCellLimits &limits)
@@ -144,7 +145,11 @@ std::vector<int> hotCells(const double *cells, int rows, int columns, const HotC
     std::vector<int> hot;
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
-            const double value = cells[row * columns + column];
+            const double *cell = cells + std::ptrdiff_t(row) * columns + column;
+            const double value = *cell;
+            // Most cells are below the one on their left or right.
+            if ((column > 0 && !(value > cell[-1])) || (column + 1 < columns && !(value > cell[1])))
+                continue;
             Neighbours neighbours;
             bool highest = true;
             for (int r = std::max(row - 1, 0); highest && r <= std::min(row + 1, rows - 1); ++r) {
@@ -156,7 +161,8 @@ std::vector<int> hotCells(const double *cells, int rows, int columns, const HotC
                     neighbours.add(neighbour);
                 }
             }
-            if (!highest)
+            // Most of the others stand out no more than the noise, even from their lowest neighbour.
+            if (!highest || !(value - neighbours.lowest() > limits.inNoise * noise))
                 continue;
             const MatrixPlace place{row, column, rows, columns};
             if (neighbours.isHot(value, noise, limits)

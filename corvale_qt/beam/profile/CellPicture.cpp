@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <typeinfo>
 
 namespace Corvale_Qt {
 
@@ -110,6 +111,11 @@ void CellPicture::setColors(QwtColorMap *map, const QwtInterval &range)
 {
     m_map.reset(map);
     m_range = range;
+    // A class derived from it, as that of the logarithm, has colours of its own.
+    const auto *linear = dynamic_cast<const QwtLinearColorMap *>(map);
+    m_isTabled = linear && typeid(*linear) == typeid(QwtLinearColorMap);
+    if (m_isTabled)
+        m_table.setMap(*linear);
     itemChanged();
 }
 
@@ -128,8 +134,15 @@ double CellPicture::valueAt(double x, double y) const
 
 namespace {
 
-//! Returns the cell beside \a cell on the side of \a place, and how much of the way there the place is.
-std::pair<int, double> neighbour(const CellEdges &edges, int cell, double place)
+//! The cell of a column or row of pixels, and the cell beside it on the side of the pixels.
+struct Place
+{
+    int cell = -1; //!< -1 where no cell is
+    int other = -1;
+    double way = 0; //!< how much of the way to the other cell the pixels are
+};
+
+Place blendedPlace(const CellEdges &edges, int cell, double place)
 {
     const double own = edges.centre(cell);
     for (const int other : {cell - 1, cell + 1}) {
@@ -137,27 +150,55 @@ std::pair<int, double> neighbour(const CellEdges &edges, int cell, double place)
             continue;
         const double way = (place - own) / (edges.centre(other) - own);
         if (way > 0)
-            return {other, std::min(way, 1.0)};
+            return {cell, other, std::min(way, 1.0)};
     }
-    return {cell, 0.0};
+    return {cell, cell, 0.0};
+}
+
+std::vector<Place>
+placesOf(const CellEdges &edges, const QwtScaleMap &map, double first, double step, int pixels)
+{
+    std::vector<Place> places;
+    places.reserve(size_t(pixels));
+    for (const int cell : edges.cellsOfPixels(map, first, step, pixels)) {
+        const double middle = first + (double(places.size()) + 0.5) * step;
+        places.push_back(cell < 0 ? Place() : blendedPlace(edges, cell, map.invTransform(middle)));
+    }
+    return places;
+}
+
+bool areAllCells(const std::vector<Place> &places)
+{
+    return std::all_of(places.begin(), places.end(), [](const Place &place) {
+        return place.cell >= 0;
+    });
+}
+
+//! Returns the value between four cells; a cell without a value counts as the one that the place is in.
+double blended(const double *ownRow, const double *otherRow, const Place &column, double up)
+{
+    const double own = ownRow[column.cell];
+    const auto value = [own](double number) {
+        return std::isnan(number) ? own : number;
+    };
+    const double here = own + column.way * (value(ownRow[column.other]) - own);
+    const double first = value(otherRow[column.cell]);
+    const double there = first + column.way * (value(otherRow[column.other]) - first);
+    return here + up * (there - here);
 }
 
 } // namespace
 
-double CellPicture::blended(double x, double y, int column, int row) const
+//! Writes the colours of \a count values; those of NaN are transparent.
+void CellPicture::lookUp(const double *values, int count, QRgb *colors) const
 {
-    const auto [otherColumn, right] = neighbour(m_columns, column, x);
-    const auto [otherRow, up] = neighbour(m_rows, row, y);
-    const int width = m_columns.count();
-    const double own = m_values[row * width + column];
-    const auto value = [&](int r, int c) {
-        const double number = m_values[r * width + c];
-        return std::isnan(number) ? own : number;
-    };
-    const double here = own + right * (value(row, otherColumn) - own);
-    const double first = value(otherRow, column);
-    const double there = first + right * (value(otherRow, otherColumn) - first);
-    return here + up * (there - here);
+    if (m_isTabled) {
+        m_table.lookUp(m_range, values, count, colors);
+        return;
+    }
+    std::transform(values, values + count, colors, [this](double value) {
+        return m_map->rgb(m_range, value);
+    });
 }
 
 void CellPicture::draw(QPainter *painter,
@@ -172,38 +213,46 @@ void CellPicture::draw(QPainter *painter,
     if (size.isEmpty())
         return;
     const double step = 1 / ratio;
-    const auto columns = m_columns.cellsOfPixels(xMap, canvasRect.left(), step, size.width());
-    const auto rows = m_rows.cellsOfPixels(yMap, canvasRect.top(), step, size.height());
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
+    const auto columns = placesOf(m_columns, xMap, canvasRect.left(), step, size.width());
+    const auto rows = placesOf(m_rows, yMap, canvasRect.top(), step, size.height());
+    // An opaque picture is copied to the canvas without blending.
+    const bool hidesAll = m_isTabled && m_table.isOpaque() && areAllCells(columns)
+        && areAllCells(rows) && std::none_of(m_values.begin(), m_values.end(), [](double value) {
+                              return std::isnan(value);
+                          });
+    QImage image(size, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);
+    std::vector<double> values(columns.size());
+    std::vector<QRgb> colors(size_t(m_columns.count()));
     for (int y = 0; y < size.height(); ++y) {
-        const int row = rows[size_t(y)];
-        if (row < 0)
-            continue;
+        const Place &row = rows[size_t(y)];
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        if (!m_smoothing && y > 0 && rows[size_t(y) - 1] == row) {
+        const bool repeats = y > 0 && rows[size_t(y) - 1].cell == row.cell;
+        if (repeats && (row.cell < 0 || !m_smoothing)) {
             std::copy_n(reinterpret_cast<const QRgb *>(image.constScanLine(y - 1)),
                         size.width(),
                         line);
             continue;
         }
-        const double place = yMap.invTransform(canvasRect.top() + (y + 0.5) * step);
-        int before = -1;
-        for (int x = 0; x < size.width(); ++x) {
-            const int column = columns[size_t(x)];
-            if (column < 0)
-                continue;
-            const double own = m_values[row * m_columns.count() + column];
-            if (m_smoothing && !std::isnan(own))
-                line[x] =
-                    m_map->rgb(m_range,
-                               blended(xMap.invTransform(canvasRect.left() + (x + 0.5) * step),
-                                       place,
-                                       column,
-                                       row));
-            else
-                line[x] = column == before && x > 0 ? line[x - 1] : m_map->rgb(m_range, own);
-            before = column;
+        const std::ptrdiff_t width = m_columns.count();
+        const double *own = m_values.constData() + std::max(row.cell, 0) * width;
+        const double *other = m_values.constData() + std::max(row.other, 0) * width;
+        if (row.cell < 0) {
+            std::fill_n(line, size.width(), 0U);
+        } else if (m_smoothing) {
+            std::transform(columns.begin(),
+                           columns.end(),
+                           values.begin(),
+                           [&](const Place &column) {
+                               if (column.cell < 0 || std::isnan(own[column.cell]))
+                                   return std::nan("");
+                               return blended(own, other, column, row.way);
+                           });
+            lookUp(values.data(), size.width(), line);
+        } else {
+            lookUp(own, m_columns.count(), colors.data());
+            std::transform(columns.begin(), columns.end(), line, [&](const Place &column) {
+                return column.cell < 0 ? 0U : colors[size_t(column.cell)];
+            });
         }
     }
     image.setDevicePixelRatio(ratio);

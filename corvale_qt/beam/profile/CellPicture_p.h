@@ -3,6 +3,8 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/beam/profile/ColorTable_p.h"
+
 #include <qwt_color_map.h>
 #include <qwt_plot_item.h>
 
@@ -70,13 +72,15 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
-    double blended(double x, double y, int column, int row) const;
+    void lookUp(const double *values, int count, QRgb *colors) const;
 
     CellEdges m_columns;
     CellEdges m_rows;
     QVector<double> m_values;
     std::unique_ptr<QwtColorMap> m_map;
     QwtInterval m_range{0, 1};
+    ColorTable m_table; //!< of the map, if it is a linear one
+    bool m_isTabled = false;
     bool m_smoothing = false;
 };
 

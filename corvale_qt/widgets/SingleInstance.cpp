@@ -52,8 +52,6 @@ bool connectBefore(QLocalSocket &socket, const QString &serverName, const QDeadl
 
 } // namespace
 
-const QByteArray SingleInstance::kAnswer = "ack";
-
 SingleInstance::SingleInstance(const QString &id, QObject *parent)
     : QObject(parent)
     , m_folder(privateRuntimeFolder())
@@ -135,10 +133,11 @@ bool SingleInstance::send(const QString &message, int timeout)
     while (socket.bytesToWrite() > 0)
         if (!socket.waitForBytesWritten(int(deadline.remainingTime())))
             return false;
-    while (socket.bytesAvailable() < kAnswer.size())
+    constexpr int size = sizeof kAnswer - 1;
+    while (socket.bytesAvailable() < size)
         if (!socket.waitForReadyRead(int(deadline.remainingTime())))
             return false;
-    return socket.read(kAnswer.size()) == kAnswer;
+    return socket.read(size) == kAnswer;
 }
 
 void SingleInstance::acceptConnections()

@@ -39,7 +39,7 @@ public:
     static constexpr int kMaximumConnections = 32;
     //! A connection that has not sent its message after this time, in milliseconds, is dropped.
     static constexpr int kPatience = 10000;
-    static const QByteArray kAnswer;
+    static constexpr char kAnswer[] = "ack";
 
 Q_SIGNALS:
     void messageReceived(const QString &message);

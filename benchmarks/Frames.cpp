@@ -175,10 +175,8 @@ void measurePicture(const DetectorFrame &frame)
         [&] {
             slow = picture.drawSlowly();
         });
-    report({"20b picture of 256 x 256, times faster than pixel by pixel",
-            faster,
-            Goal::AtLeast,
-            5.0});
+    report(
+        {"20b picture of 256 x 256, times faster than pixel by pixel", faster, Goal::AtLeast, 5.0});
     report({"20b pixels other than pixel by pixel",
             double(differingPixels(fast, slow)),
             Goal::AtMost,

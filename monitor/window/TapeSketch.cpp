@@ -154,13 +154,20 @@ void TapeSketch::paintOutline(QPainter *painter) const
         const double share = span > 0.0 ? (value - low) / span : 0.5;
         return m_band.bottom() - 2 - share * room;
     };
-    painter->setPen(QPen(between(m_palette, 0.65), 1.0));
+    const auto isEmpty = [&](int i) {
+        return i < 0 || i >= outline.size() || outline[i].low > outline[i].high;
+    };
     for (int i = 0; i < outline.size(); ++i) {
-        if (outline[i].low > outline[i].high)
+        if (isEmpty(i))
             continue;
-        const double x = m_band.left() + i + 0.5;
-        painter->drawLine(QPointF(x, y(outline[i].low) + 0.5),
-                          QPointF(x, y(outline[i].high) - 0.5));
+        // A single pixel, far from all others, would be overlooked.
+        const double around = isEmpty(i - 1) && isEmpty(i + 1) ? 1.5 : 0.5;
+        const double top = y(outline[i].high), bottom = y(outline[i].low);
+        painter->fillRect(QRectF(m_band.left() + i + 0.5 - around,
+                                 top - around,
+                                 2.0 * around,
+                                 bottom - top + 2.0 * around),
+                          between(m_palette, 0.65));
     }
 }
 

@@ -139,7 +139,7 @@ qint64 RVXMultichannelProxyModelPrivate::droppedRows(int column) const
 MergedInput *RVXMultichannelProxyModelPrivate::inputOf(const QAbstractItemModel *model) const
 {
     const auto found = std::find_if(inputs.begin(), inputs.end(), [model](const auto &input) {
-        return input->items == model;
+        return model && input->items == model; // a source that is dying is null already
     });
     return found == inputs.end() ? nullptr : found->get();
 }

@@ -333,6 +333,37 @@ private Q_SLOTS:
             source.append(i, i);
         QCOMPARE(rowsText(proxy), rowsText(source));
     }
+
+    //! A listener that hears of the end of a change before the proxy computes averages of the rows and channels after it.
+    void lengthIsSetBetweenAChangeAndItsAnnouncement()
+    {
+        using Model = QAbstractItemModel;
+        for (const int change : {0, 1, 2, 3, 4, 5}) {
+            BufferModel source(2, 4);
+            source.rollOver = BufferModel::RollOver(change % 3);
+            for (const double value : {8.0, 1.0, 5.0, 2.0})
+                source.append(value, value);
+            RVXAveragingProxyModel proxy, expected;
+            for (const auto end :
+                 {&Model::rowsRemoved, &Model::columnsInserted, &Model::columnsRemoved})
+                connect(&source, end, &proxy, [&] {
+                    proxy.setAveraging(2);
+                });
+            proxy.setSourceModel(&source);
+            proxy.setAveraging(3);
+            if (change == 3)
+                source.insertChannelInFront(4);
+            else if (change == 4)
+                source.removeChannel(1);
+            else if (change == 5)
+                source.dropOldest(2);
+            else
+                source.append(9, 9);
+            expected.setAveraging(2);
+            expected.setSourceModel(&source);
+            QCOMPARE(rowsText(proxy), rowsText(expected));
+        }
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_RVXAveragingProxyModel)

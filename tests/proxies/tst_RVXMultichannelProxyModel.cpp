@@ -416,6 +416,23 @@ private Q_SLOTS:
         QCOMPARE(shown.value(0), QString("nan"));
         QCOMPARE(rowsText(proxy), QString("1: nan 7"));
     }
+
+    //! A pointer that a dying source has cleared names no source.
+    void noSourceIsRemovedWhileOneDies()
+    {
+        RVXMultichannelProxyModel proxy;
+        BufferModel other(1);
+        auto *dying = new BufferModel(1);
+        connect(dying, &QObject::destroyed, &proxy, [&proxy] {
+            proxy.removeSourceModel(nullptr);
+        });
+        proxy.addSourceModel(dying, 1);
+        proxy.addSourceModel(&other, 1);
+        delete dying;
+        other.append(1, 5);
+        QCOMPARE(proxy.columnCount(), 2);
+        QCOMPARE(proxy.doubleData(1, 1), 5.0);
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_RVXMultichannelProxyModel)

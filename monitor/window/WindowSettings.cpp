@@ -30,6 +30,23 @@ QByteArray fromText(const QVariant &text)
     return QByteArray::fromBase64(text.toString().toLatin1());
 }
 
+/*! Encodes a layout behind a sum over it: Qt crashes on some layouts that are damaged. The sum does not protect from a file that
+    somebody has forged. */
+QString toSealedText(const QByteArray &layout)
+{
+    return toText(QCryptographicHash::hash(layout, QCryptographicHash::Sha1) + layout);
+}
+
+//! Returns a layout; empty if its sum is not right.
+QByteArray fromSealedText(const QVariant &text)
+{
+    const int sumSize = QCryptographicHash::hashLength(QCryptographicHash::Sha1);
+    const QByteArray bytes = fromText(text), layout = bytes.mid(sumSize);
+    return QCryptographicHash::hash(layout, QCryptographicHash::Sha1) == bytes.left(sumSize)
+        ? layout
+        : QByteArray();
+}
+
 QString displayKey(StreamKind kind)
 {
     return QStringLiteral("Monitor/view-") + kindName(kind);
@@ -94,18 +111,18 @@ void WindowSettings::dismissHint()
 
 QByteArray WindowSettings::geometry() const
 {
-    return fromText(value(QStringLiteral("Monitor/geometry")));
+    return fromSealedText(value(QStringLiteral("Monitor/geometry")));
 }
 
 QByteArray WindowSettings::docks() const
 {
-    return fromText(value(QStringLiteral("Monitor/docks")));
+    return fromSealedText(value(QStringLiteral("Monitor/docks")));
 }
 
 void WindowSettings::setLayout(const QByteArray &geometry, const QByteArray &docks)
 {
-    setValue(QStringLiteral("Monitor/geometry"), toText(geometry));
-    setValue(QStringLiteral("Monitor/docks"), toText(docks));
+    setValue(QStringLiteral("Monitor/geometry"), toSealedText(geometry));
+    setValue(QStringLiteral("Monitor/docks"), toSealedText(docks));
 }
 
 double WindowSettings::timeSpan() const

@@ -175,7 +175,7 @@ QVector<ColumnSpan> ColumnRows::takeStale()
     for (const ColumnSpan &noted : qAsConst(m_stale)) {
         // It may have been noted before the axis moved on.
         const ColumnSpan span{std::max(noted.first, shown.first), std::min(noted.last, shown.last)};
-        if (span.count() < 1)
+        if (span.isEmpty())
             continue;
         if (!stale.isEmpty() && span.first <= stale.last().last + 1)
             stale.last().last = std::max(stale.last().last, span.last);

@@ -15,6 +15,8 @@ struct ColumnSpan
     qint64 first = 0;
     qint64 last = -1;
 
+    bool isEmpty() const { return last < first; }
+    //! Returns the number of columns, of which there must be fewer than an int counts.
     int count() const { return int(last - first) + 1; }
     bool contains(qint64 column) const { return column >= first && column <= last; }
     bool operator==(const ColumnSpan &other) const

@@ -43,8 +43,8 @@ bool StripPicture::add(const QRect &clip,
 {
     const SeriesSpans &samples = curve.samples;
     const ColumnSpan shown = m_grid.at(xMap, clip.left(), clip.right());
-    const bool fits =
-        m_curves.empty() || (clip == m_clip && m_rows.isAbout(samples, m_grid, shown));
+    const bool fits = !clip.isEmpty()
+        && (m_curves.empty() || (clip == m_clip && m_rows.isAbout(samples, m_grid, shown)));
     if (!fits || !takeColor(curve.color))
         return false;
     m_clip = clip;
@@ -96,7 +96,9 @@ bool StripPicture::isAnew()
     for (const Curve &curve : m_curves)
         looks.append(lookOf(curve));
     std::swap(looks, m_looks);
-    return !m_isSame || looks != m_looks;
+    const QRect before = std::exchange(m_drawnClip, m_clip);
+    const bool hasSameRows = before.top() == m_clip.top() && before.height() == m_clip.height();
+    return !m_isSame || !hasSameRows || looks != m_looks;
 }
 
 void StripPicture::drawColumns(const ColumnSpan &span, const QVector<int> &breaks)
@@ -122,8 +124,9 @@ void StripPicture::forgetCurves()
 
 void StripPicture::drop()
 {
-    if (!isEmpty())
-        m_rows.forgetPicture(); // it does not show what was read for this frame
+    if (isEmpty())
+        return;
+    m_rows.forgetPicture(); // it does not show what was read for this frame
     end();
 }
 

@@ -48,7 +48,7 @@ public:
     bool isEmpty() const { return m_curves.empty(); }
     //! Draws the curves of this frame, and ends it.
     void draw(QPainter *painter, const QVector<int> &breaks);
-    //! Ends a frame that is not drawn.
+    //! Ends a frame that is not drawn, if one has begun.
     void drop();
 
 private:
@@ -90,6 +90,7 @@ private:
 
     RunImage m_image;
     QVector<Look> m_looks; // of the curves in the picture
+    QRect m_drawnClip; // of the picture
     PixelRuns m_runs;
 };
 

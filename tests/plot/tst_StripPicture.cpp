@@ -6,11 +6,13 @@
 #include "corvale_qt/plot/PixelGrid_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
+#include "corvale_qt/proxies/RVXMultichannelProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "tests/support/TestMain.h"
 
 #include <QPainter>
+#include <QScopedValueRollback>
 
 #include <random>
 
@@ -28,13 +30,19 @@ public:
     explicit Chart(unsigned seed)
         : random(seed)
     {
-        averages.setSourceModel(&device);
-        zeroed.setSourceModel(&averages);
+        // With two models merged, the rows of one leave earlier than those of the other, whose readings then move along x.
         device.setCapacity(6000);
+        other.setCapacity(seed % 4 == 1 ? 5000 : 6000);
+        for (int c = 1; c <= channels && isMerged(seed); ++c)
+            merged.addSourceModel(c % 2 == 1 ? &device : &other, c);
+        averages.setSourceModel(isMerged(seed) ? static_cast<QAbstractItemModel *>(&merged)
+                                               : &device);
+        zeroed.setSourceModel(&averages);
         for (int i = 0; i < channels; ++i)
             curves.push_back(std::make_unique<RVXDiscontinuousPlotCurve>());
     }
 
+    static bool isMerged(unsigned seed) { return seed % 2 == 1; }
     int upTo(int end) { return std::uniform_int_distribution<int>(0, end - 1)(random); }
     double noise(double sigma) { return std::normal_distribution<double>(0.0, sigma)(random); }
 
@@ -47,10 +55,12 @@ public:
             times.push_back(time);
             for (int c = 0; c < channels; ++c) {
                 const bool isFar = upTo(40) == 0;
-                values.push_back(isDead[c] ? missing : c + noise(isFar ? 20.0 : 0.2));
+                const bool isMissing = isDead[c] || upTo(300) == 0;
+                values.push_back(isMissing ? missing : c + noise(isFar ? 20.0 : 0.2));
             }
         }
         device.appendRows(times.data(), values.data(), rows);
+        other.appendRows(times.data(), values.data(), rows);
     }
     //! Shows the newest readings, unless the chart is held.
     void follow()
@@ -69,6 +79,7 @@ public:
         const int last = zeroed.rowCount() - 1;
         if (last < 2)
             return image;
+        painter.translate(-moved);
         const double left = grid.x(grid.left);
         const double right = grid.x(grid.left + grid.width);
         const RowRange rows = rowsAround(PlotDataReader(&zeroed), {1, last}, left, right);
@@ -76,7 +87,8 @@ public:
         layer.breaks() = breaksOf(rows);
         QwtScaleMap x;
         x.setScaleInterval(left, right);
-        x.setPaintInterval(2.0, 2.0 + grid.width); // the canvas is wider than the axis
+        // The canvas is wider than the axis.
+        x.setPaintInterval(moved.x() + 2.0, moved.x() + 2.0 + grid.width);
         QwtScaleMap y;
         y.setScaleInterval(yRange[0], yRange[1]);
         y.setPaintInterval(canvas.height() - 1.0, 0.0);
@@ -86,13 +98,20 @@ public:
             curves[size_t(c)]->setPen(QPen(colors[c], 1.0));
             curves[size_t(c)]->setLayer(&layer);
             curves[size_t(c)]->setSamples(zeroed.seriesData(c + 1, rows.first, rows.last));
-            curves[size_t(c)]->draw(&painter, x, y, QRectF(QPointF(0, 0), canvas));
+            curves[size_t(c)]->draw(&painter, x, y, QRectF(moved, canvas));
         }
         layer.flush(&painter);
         return image;
     }
 
+    QPoint moved; //!< where the canvas begins, for the painter
+
+    double columnWidth() const { return grid.step; }
+    void waitFor(double seconds) { time += seconds; }
+
     RVXMultichannelDeviceModel device{channels};
+    RVXMultichannelDeviceModel other{channels};
+    RVXMultichannelProxyModel merged;
     RVXAveragingProxyModel averages;
     RVXZeroingProxyModel zeroed;
 
@@ -178,11 +197,13 @@ void Chart::change()
         break;
     case 12: // the clock begins anew, and may reach the times of before
         device.Clear();
+        other.Clear();
         time = std::max(1.0, time - 1.0);
         break;
     case 13:
-        device.setReadings(channel + 1,
-                           QVector<double>(device.rowCount() - 1, channel + noise(1.0)));
+        for (RVXMultichannelDeviceModel *model : {&device, &other})
+            model->setReadings(channel + 1,
+                               QVector<double>(model->rowCount() - 1, channel + noise(1.0)));
         break;
     case 14:
         breakAfter = 2.01 - breakAfter;
@@ -192,6 +213,9 @@ void Chart::change()
         break;
     case 16: // a later end than the newest reading
         time += 0.3;
+        break;
+    case 17: // the canvas begins elsewhere, but its scales stay
+        moved.ry() = upTo(4);
         break;
     default:
         append(1 + upTo(80));
@@ -221,12 +245,32 @@ private Q_SLOTS:
         chart.follow();
         for (int step = 0; step < 400; ++step) {
             chart.change();
+            if (chart.upTo(6) == 0) { // another painter wants a picture between two frames
+                const QScopedValueRollback<QPoint> elsewhere(chart.moved, {9, 5});
+                CurveLayer fresh;
+                QVERIFY(chart.drawn(kept, true) == chart.drawn(fresh, true));
+            }
             const QImage picture = chart.drawn(kept, true);
             CurveLayer fresh;
             QVERIFY2(picture == chart.drawn(fresh, true), qPrintable(QString::number(step)));
             // Where a painter cuts a long line off depends on the place at which it is drawn.
             QVERIFY(differingPixels(picture, chart.drawn(fresh, false)) <= 8);
         }
+    }
+
+    void survivesAClockThatIsSetForward()
+    {
+        Chart chart(2);
+        CurveLayer kept;
+        chart.append(4000);
+        chart.follow();
+        chart.drawn(kept, true);
+        // So far that the number of columns, as an int, would be a large positive one.
+        chart.waitFor(((1LL << 32) - (1 << 20)) * chart.columnWidth());
+        chart.append(1000);
+        chart.follow();
+        CurveLayer fresh;
+        QVERIFY(chart.drawn(kept, true) == chart.drawn(fresh, true));
     }
 };
 

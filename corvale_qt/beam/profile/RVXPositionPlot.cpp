@@ -11,6 +11,7 @@
 
 #include "ui_RVXPositionPlot.h"
 
+#include <qwt_interval.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_grid.h>
@@ -41,8 +42,17 @@ bool isPlottablePoint(const QPointF &point)
     return isPlottable(point.x()) && isPlottable(point.y());
 }
 
-/*! Draws the latest position as an open circle with a cross, or as an arrow if it lies beyond the edge of the
-    canvas. Draws nothing without a position. */
+//! How many pixels beyond its axis a position at the very end may come to lie.
+constexpr double rounding = 1e-6;
+
+//! Returns the pixels from one end of an axis to the other. The canvas may be a pixel larger.
+QwtInterval pixelsOf(const QwtScaleMap &map)
+{
+    return QwtInterval(map.p1(), map.p2()).normalized();
+}
+
+/*! Draws the latest position as an open circle with a cross, or as an arrow if it lies beyond the end of an axis.
+    Draws nothing without a position. */
 class PlotItem : public QwtPlotCurve
 {
 public:
@@ -61,7 +71,7 @@ protected:
 private:
     static void drawMarker(QPainter *painter, const QPointF &centre, double radius);
     void
-    drawArrow(QPainter *painter, const QRectF &canvas, const QPointF &centre, double radius) const;
+    drawArrow(QPainter *painter, const QPointF &tip, const QPointF &beyond, double radius) const;
 
     QPointF m_position;
 };
@@ -136,11 +146,14 @@ void PlotItem::drawSeries(QPainter *painter,
     const QPointF centre = QwtScaleMap::transform(xMap, yMap, m_position);
     const double radius = shareOf(canvasRect, 0.025, 6);
     painter->setPen(QPen(pen().color(), shareOf(canvasRect, 0.004, 1.5)));
-    // Half a pixel of tolerance keeps a position at the very end of an axis in range after rounding.
-    if (canvasRect.adjusted(-0.5, -0.5, 0.5, 0.5).contains(centre))
+    const QwtInterval columns = pixelsOf(xMap), rows = pixelsOf(yMap);
+    const QPointF onScale(std::clamp(centre.x(), columns.minValue(), columns.maxValue()),
+                          std::clamp(centre.y(), rows.minValue(), rows.maxValue()));
+    const QPointF beyond = centre - onScale;
+    if (std::abs(beyond.x()) <= rounding && std::abs(beyond.y()) <= rounding)
         drawMarker(painter, centre, radius);
     else
-        drawArrow(painter, canvasRect, centre, radius);
+        drawArrow(painter, onScale, beyond, radius);
 }
 
 void PlotItem::drawMarker(QPainter *painter, const QPointF &centre, double radius)
@@ -155,17 +168,15 @@ void PlotItem::drawMarker(QPainter *painter, const QPointF &centre, double radiu
 
 //! Draws an arrow that points straight out of the edge, or the corner, that the position lies beyond.
 void PlotItem::drawArrow(QPainter *painter,
-                         const QRectF &canvas,
-                         const QPointF &centre,
+                         const QPointF &tip,
+                         const QPointF &beyond,
                          double radius) const
 {
-    const QPointF tip(std::clamp(centre.x(), canvas.left(), canvas.right()),
-                      std::clamp(centre.y(), canvas.top(), canvas.bottom()));
-    const auto direction = [](double from, double to) {
-        return to > from ? 1 : to < from ? -1 : 0;
+    const auto direction = [](double way) {
+        return way > rounding ? 1 : way < -rounding ? -1 : 0;
     };
-    const int x = direction(tip.x(), centre.x());
-    const int y = direction(tip.y(), centre.y());
+    const int x = direction(beyond.x());
+    const int y = direction(beyond.y());
     const double length = 2.4 * radius / std::hypot(x, y);
     const QPointF back(-length * x, -length * y);
     const QPointF aside(0.4 * back.y(), -0.4 * back.x());

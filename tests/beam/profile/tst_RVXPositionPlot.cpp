@@ -163,6 +163,8 @@ private Q_SLOTS:
         row("above", QPointF(0.2, 1.5), QPointF(0.2, 1));
         row("below", QPointF(-0.6, -3), QPointF(-0.6, -1));
         row("beyond a corner", QPointF(4, -3), QPointF(1, -1));
+        row("by less than a pixel", QPointF(1.004, 0.3), QPointF(1, 0.3));
+        row("beyond one end, at the other", QPointF(-2, 1), QPointF(-1, 0.98));
     }
     void aPositionOutOfRangeIsAnArrowAtTheEdge()
     {

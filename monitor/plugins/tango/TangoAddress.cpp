@@ -94,5 +94,6 @@ std::optional<TangoAddress> TangoAddress::fromText(const QString &text, QString 
         return std::nullopt;
     }
     address.every = *every;
+    address.isPolled = true;
     return address;
 }

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/plugins/tango/TangoDevice.h"
 
+#include "monitor/plugins/tango/TangoEventQueue.h"
 #include "monitor/plugins/tango/TangoText.h"
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
+#include <optional>
 #include <tango.h>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -133,6 +137,19 @@ QString typeName(int type)
     return isKnown ? QLatin1String(Tango::CmdArgTypeName[type]) : QString::number(type);
 }
 
+//! Returns which changes are too small for an event; empty if none is configured, as where the server itself decides.
+QString thresholdOf(const Tango::ChangeEventInfo &events)
+{
+    const double absolute = numberOf(events.abs_change);
+    const double relative = numberOf(events.rel_change);
+    QStringList parts;
+    if (std::isfinite(absolute))
+        parts.append(QString::number(absolute));
+    if (std::isfinite(relative))
+        parts.append(QStringLiteral("%1 %").arg(relative));
+    return parts.join(QStringLiteral(", "));
+}
+
 TangoAttribute attributeOf(const Tango::AttributeInfoEx &info)
 {
     TangoAttribute attribute;
@@ -147,6 +164,7 @@ TangoAttribute attributeOf(const Tango::AttributeInfoEx &info)
     attribute.label = textOf(info.label);
     attribute.type = typeName(info.data_type);
     attribute.form = formOf(info.data_format);
+    attribute.eventThreshold = thresholdOf(info.events.ch_event);
     attribute.isNumber = isNumberType(info.data_type);
     attribute.lowest = numberOf(info.min_value, attribute.factor);
     attribute.highest = numberOf(info.max_value, attribute.factor);
@@ -263,6 +281,56 @@ void takeReading(const TangoAttribute &attribute,
         reading->fault = TangoText::tr("its values cannot be read as numbers");
 }
 
+//! The library does not keep subscriptions apart that begin and end in several threads at the same time.
+std::mutex &subscriptionMutex()
+{
+    static auto *const mutex = new std::mutex; // threads may outlive main()
+    return *mutex;
+}
+
+//! Takes the events of an attribute, in a thread of the library.
+class Listener : public Tango::CallBack
+{
+public:
+    Listener(TangoAttribute attribute, TangoEventQueue &queue)
+        : m_attribute(std::move(attribute))
+        , m_queue(queue)
+    {
+    }
+    void push_event(Tango::EventData *event) override
+    {
+        try {
+            if (event->err) {
+                takeErrors(event->errors);
+                return;
+            }
+            TangoReading reading;
+            takeReading(m_attribute, *event->attr_value, &reading);
+            m_queue.add(std::move(reading));
+        } catch (const CORBA::Exception &) {
+            m_queue.noteGap(); // an event whose values cannot be taken out is one that is missing
+        }
+    }
+
+private:
+    void takeErrors(const Tango::DevErrorList &errors)
+    {
+        const Tango::DevFailed failure(errors);
+        if (hasReason(failure, Tango::API_MissedEvents)) {
+            m_queue.noteGap();
+        } else if (hasReason(failure, "API_EventTimeout")) {
+            m_queue.noteSilence();
+        } else {
+            TangoReading failed;
+            failed.fault = firstText(errors);
+            m_queue.add(std::move(failed));
+        }
+    }
+
+    const TangoAttribute m_attribute;
+    TangoEventQueue &m_queue;
+};
+
 } // namespace
 
 struct TangoDevice::Private
@@ -271,6 +339,8 @@ struct TangoDevice::Private
     omni_thread::ensure_self self;
     QString name;
     std::unique_ptr<Tango::DeviceProxy> proxy;
+    std::unique_ptr<Listener> listener;
+    std::optional<int> subscription; //!< which the listener hears
     Fault fault; //!< why there is no proxy
 };
 
@@ -286,7 +356,16 @@ TangoDevice::TangoDevice(const QString &name)
     });
 }
 
-TangoDevice::~TangoDevice() = default;
+TangoDevice::~TangoDevice()
+{
+    if (!d->subscription)
+        return;
+    const std::lock_guard lock(subscriptionMutex());
+    Fault fault; // of which nobody wants to hear any more
+    guarded(d->name, &fault, [&] {
+        d->proxy->unsubscribe_event(*d->subscription);
+    });
+}
 
 std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fault *fault)
 {
@@ -324,5 +403,24 @@ bool TangoDevice::read(const std::vector<TangoAttribute> &attributes,
             d->proxy->read_attributes(names));
         for (std::size_t i = 0; i < readings->size(); ++i)
             takeReading(attributes[i], given->at(i), &(*readings)[i]);
+    });
+}
+
+bool TangoDevice::subscribe(const TangoAttribute &attribute, TangoEventQueue &queue, Fault *fault)
+{
+    queue.restart();
+    d->listener = std::make_unique<Listener>(attribute, queue);
+    const std::lock_guard lock(subscriptionMutex());
+    return guarded(d->name, fault, [&] {
+        d->subscription = d->proxy->subscribe_event(attribute.channel.name.toStdString(),
+                                                    Tango::CHANGE_EVENT,
+                                                    d->listener.get());
+    });
+}
+
+bool TangoDevice::ping(Fault *fault)
+{
+    return guarded(d->name, fault, [&] {
+        d->proxy->ping();
     });
 }

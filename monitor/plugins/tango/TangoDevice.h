@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+class TangoEventQueue;
+
 /*! A device of the control system. Its source is the only one that sees the client library.
 
     Every function may wait for the device, and has to be called in the thread that made the object. A device that does not
@@ -38,6 +40,11 @@ public:
     bool read(const std::vector<TangoAttribute> &attributes,
               std::vector<TangoReading> *readings,
               Fault *fault);
+    /*! Has the server send the changes of an attribute, beginning with what it is now. They go to \a queue, which has to live longer
+        than this object. Returns whether the server does; otherwise \a fault says why not, and the attribute can be read. */
+    bool subscribe(const TangoAttribute &attribute, TangoEventQueue &queue, Fault *fault);
+    //! Asks for nothing. Returns whether the device has answered.
+    bool ping(Fault *fault);
 
 private:
     struct Private;

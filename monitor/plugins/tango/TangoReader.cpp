@@ -5,6 +5,7 @@
 #include "monitor/plugins/tango/TangoText.h"
 
 #include <algorithm>
+#include <utility>
 
 using CorvaleMonitor::SourceState;
 
@@ -30,6 +31,7 @@ void TangoReader::stop()
         m_isStopping = true;
     }
     m_stopped.notify_all();
+    m_events.close();
 }
 
 void TangoReader::run()
@@ -48,12 +50,25 @@ bool TangoReader::pauseUntil(Clock::time_point moment)
     });
 }
 
+bool TangoReader::isStopping()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_isStopping;
+}
+
 //! Connects, and reads until the device fails to answer or the reading is to end.
 void TangoReader::readWhileItAnswers()
 {
     TangoDevice device(m_address.device);
     if (!connect(device))
         return;
+    if (!m_hasEvents || takeEventsUntilSilence(device))
+        poll(device);
+}
+
+//! Reads until the device fails to answer or the reading is to end.
+void TangoReader::poll(TangoDevice &device)
+{
     Clock::time_point next = Clock::now();
     do {
         TangoDevice::Fault fault;
@@ -67,13 +82,78 @@ void TangoReader::readWhileItAnswers()
     } while (pauseUntil(next));
 }
 
+/*! Hands on events until the device fails to answer or the reading is to end. Returns whether neither is the case, but no events come any
+    more; they may be held up by a firewall, and the attribute can still be read. */
+bool TangoReader::takeEventsUntilSilence(TangoDevice &device)
+{
+    Clock::time_point next = Clock::now() + pingInterval;
+    for (;;) {
+        m_events.waitUntil(next);
+        TangoEventQueue::Content content = m_events.takeAll();
+        if (isStopping() || !takeEvents(content))
+            return false;
+        TangoDevice::Fault fault;
+        const bool mustAsk = content.isSilent || Clock::now() >= next;
+        if (mustAsk && !device.ping(&fault)) {
+            lose(fault);
+            return false;
+        }
+        if (content.isSilent)
+            break;
+        next = mustAsk ? Clock::now() + pingInterval : next;
+    }
+    m_receiver->note(QStringLiteral("WARNING %1: its events do not arrive any more; it is polled")
+                         .arg(m_attributes.front().channel.name));
+    m_stream.configure(m_attributes, false);
+    return true;
+}
+
+//! Hands on what events have brought, and says what they have not. Returns whether the reading goes on.
+bool TangoReader::takeEvents(TangoEventQueue::Content &content)
+{
+    const QString &name = m_attributes.front().channel.name;
+    if (content.hasGap)
+        m_receiver->note(QStringLiteral("WARNING %1: events were lost on their way").arg(name));
+    if (content.lost > 0)
+        m_receiver->note(QStringLiteral("WARNING %1: %2 events came faster than they can be taken, "
+                                        "and are lost")
+                             .arg(name)
+                             .arg(content.lost));
+    for (TangoReading &reading : content.readings) {
+        m_readings.clear();
+        m_readings.push_back(std::move(reading));
+        if (!takeReadings())
+            return false;
+    }
+    return true;
+}
+
+//! Asks for events where there can be any. Returns whether the device sends them.
+bool TangoReader::subscribe(TangoDevice &device, const std::vector<TangoAttribute> &attributes)
+{
+    if (m_address.isPolled || attributes.size() != 1 || !attributes.front().isNumber)
+        return false;
+    const TangoAttribute &attribute = attributes.front();
+    TangoDevice::Fault fault;
+    if (!device.subscribe(attribute, m_events, &fault)) {
+        m_receiver->tell(QStringLiteral("%1: polled, %2").arg(attribute.channel.name, fault.text));
+        return false;
+    }
+    m_receiver->tell(QStringLiteral("%1: by change events").arg(attribute.channel.name));
+    if (!attribute.eventThreshold.isEmpty())
+        m_receiver->note(QStringLiteral("%1: the server sends no changes smaller than %2")
+                             .arg(attribute.channel.name, attribute.eventThreshold));
+    return true;
+}
+
 //! Asks for the configuration, at every connection, since it may have changed.
 bool TangoReader::connect(TangoDevice &device)
 {
     TangoDevice::Fault fault;
     const std::vector<TangoAttribute> attributes = device.attributes(m_address.attributes, &fault);
     if (fault.text.isEmpty()) {
-        fault = {m_stream.configure(attributes), true};
+        m_hasEvents = subscribe(device, attributes);
+        fault = {m_stream.configure(attributes, m_hasEvents), true};
         if (!fault.text.isEmpty())
             fault.text = m_address.text + QStringLiteral(": ") + fault.text;
     }

@@ -50,7 +50,7 @@ TangoStream::TangoStream(const std::shared_ptr<CorvaleMonitor::SourceReceiver> &
 {
 }
 
-QString TangoStream::configure(const std::vector<TangoAttribute> &attributes)
+QString TangoStream::configure(const std::vector<TangoAttribute> &attributes, bool isOnChange)
 {
     QString error = mixtureText(attributes);
     if (!error.isEmpty())
@@ -63,6 +63,8 @@ QString TangoStream::configure(const std::vector<TangoAttribute> &attributes)
                                        return a.isLike(b);
                                    });
     m_attributes = attributes;
+    m_mustBegin = m_mustBegin || isOnChange != m_isOnChange;
+    m_isOnChange = isOnChange;
     if (isSame)
         return {};
     m_mustBegin = true;
@@ -151,6 +153,7 @@ void TangoStream::begin(double start)
 {
     SourceStream stream;
     m_start = std::floor(start);
+    stream.onChange = m_isOnChange;
     stream.start = QDateTime::fromSecsSinceEpoch(qint64(m_start), Qt::UTC);
     if (!isFrames()) {
         for (const TangoAttribute &attribute : m_attributes) {

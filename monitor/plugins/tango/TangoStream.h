@@ -19,9 +19,9 @@ public:
 
     explicit TangoStream(const std::shared_ptr<CorvaleMonitor::SourceReceiver> &receiver);
 
-    /*! Says what is configured of the attributes; if that has changed, the next readings begin another part. Returns why they cannot be
-        shown together; empty if they can. */
-    QString configure(const std::vector<TangoAttribute> &attributes);
+    /*! Says what is configured of the attributes, and whether readings come only when something changes. If that is no longer what it was,
+        the next readings begin another part. Returns why the attributes cannot be shown together; empty if they can. */
+    QString configure(const std::vector<TangoAttribute> &attributes, bool isOnChange);
     //! Returns whether there were readings, so that sizes and channels are known.
     bool hasBegun() const { return m_hasBegun; }
     /*! Adds readings of the attributes, in their order, that were made together. Those that have neither another time nor other values than the
@@ -63,6 +63,7 @@ private:
     double m_start = 0.0; //!< of this part, in seconds since 1970
     double m_lastTime = 0.0; //!< of the last row, in seconds since 1970
     int m_shrunk = 0; //!< readings in a row that were smaller, and alike
+    bool m_isOnChange = false;
     bool m_hasBegun = false;
     bool m_mustBegin = true;
     bool m_hasRows = false; //!< in this part

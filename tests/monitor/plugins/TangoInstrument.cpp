@@ -4,7 +4,8 @@
 
        NAME QUALITY MILLISECONDS COLUMNS ROWS VALUE ...
 
-   with a quality of TANGO, or 9 for a failure, and a time after 2001-09-09 01:46:40 UTC. */
+   with a quality of TANGO, or 9 for a failure, and a time after 2001-09-09 01:46:40 UTC. Readings of the attributes "level" and "profile"
+   are sent to clients as events. */
 #include <algorithm>
 #include <iostream>
 #include <map>
@@ -103,6 +104,12 @@ struct Image : Tango::ImageAttr
     }
 };
 
+//! Returns whether an attribute sends events.
+bool isPushed(const std::string &name)
+{
+    return name == "level" || name == "profile";
+}
+
 class Instrument : public Tango::Device_5Impl
 {
 public:
@@ -111,7 +118,28 @@ public:
     {
     }
     void init_device() override { }
+    //! Sends clients a reading of an attribute.
+    void push(const std::string &attributeName, const Reading &reading)
+    {
+        const Tango::AutoTangoMonitor lock(this, true);
+        Tango::Attribute &attribute = get_device_attr()->get_attr_by_name(attributeName.c_str());
+        if (reading.quality == failure) {
+            Tango::DevErrorList errors(1);
+            errors.length(1);
+            errors[0].reason = CORBA::string_dup("Broken");
+            errors[0].desc = CORBA::string_dup("the cable is cut");
+            errors[0].origin = CORBA::string_dup("TangoInstrument");
+            errors[0].severity = Tango::ERR;
+            Tango::DevFailed failed(errors);
+            attribute.fire_change_event(&failed);
+            return;
+        }
+        give<Tango::DevDouble>(attribute, reading);
+        attribute.fire_change_event();
+    }
 };
+
+Instrument *instrument = nullptr; //!< the only one
 
 class InstrumentClass : public Tango::DeviceClass
 {
@@ -123,7 +151,10 @@ public:
     void device_factory(const Tango::DevVarStringArray *names) override
     {
         for (CORBA::ULong i = 0; i < names->length(); ++i) {
-            device_list.push_back(new Instrument(this, (*names)[i]));
+            instrument = new Instrument(this, (*names)[i]);
+            device_list.push_back(instrument);
+            instrument->set_change_event("level", true, false);
+            instrument->set_change_event("profile", true, false);
             export_device(device_list.back(), (*names)[i]);
         }
     }
@@ -160,6 +191,8 @@ public:
         list.push_back(new Spectrum<Tango::DevFloat>("floats", Tango::DEV_FLOAT));
         list.push_back(new Spectrum<Tango::DevDouble>("x", Tango::DEV_DOUBLE));
         list.push_back(new Spectrum<Tango::DevDouble>("y", Tango::DEV_DOUBLE));
+        list.push_back(new Scalar<Tango::DevDouble>("level", Tango::DEV_DOUBLE));
+        list.push_back(new Spectrum<Tango::DevDouble>("profile", Tango::DEV_DOUBLE));
         list.push_back(new Image("image"));
     }
 };
@@ -167,6 +200,7 @@ public:
 //! Takes readings from the standard input until it ends, and ends the server then: the test is gone.
 void takeLines()
 {
+    const omni_thread::ensure_self self;
     std::string line;
     while (std::getline(std::cin, line)) {
         std::istringstream words(line);
@@ -176,8 +210,12 @@ void takeLines()
         reading.values.clear();
         for (double value = 0.0; words >> value;)
             reading.values.push_back(value);
-        const std::lock_guard lock(mutex);
-        readings[name] = reading;
+        {
+            const std::lock_guard lock(mutex);
+            readings[name] = reading;
+        }
+        if (isPushed(name))
+            instrument->push(name, reading);
         std::cout << "taken" << std::endl;
     }
     std::_Exit(0);

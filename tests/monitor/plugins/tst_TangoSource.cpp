@@ -187,6 +187,69 @@ private Q_SLOTS:
         QCOMPARE(reading.source->counts().bad(), qint64(0));
     }
 
+    /*! An attribute whose server sends events has them all, however fast they come. The same attribute is polled beside another one
+        or if the address states how often, and has what is there at that moment. */
+    void events()
+    {
+        m_instrument.set("level 0 0 1 1 1.5");
+        m_instrument.set("profile 0 0 3 1 1 2 3");
+        Reading level(m_instrument.address("level"));
+        Reading profile(m_instrument.address("profile"));
+        Reading polled(m_instrument.address("level?every=60min"));
+        Reading pair(m_instrument.address("level,cur?every=60min"));
+        for (const Reading *reading : {&level, &profile, &polled, &pair})
+            QTRY_COMPARE_WITH_TIMEOUT(reading->rows().size(), 1, patience);
+        QCOMPARE(level.lastRow(), QString("0: 1.5"));
+        QCOMPARE(profile.lastRow(), QString("0: 1 2 3"));
+        QVERIFY(level.source->isHolding()); // silence is in order
+        QVERIFY(!polled.source->isHolding());
+        QStringList expected{"0: 1.5"};
+        for (int i = 1; i <= 100; ++i) {
+            m_instrument.set(QString("level 0 %1 1 1 %2").arg(125 * i).arg(i).toUtf8());
+            expected.append(QString("%1: %2").arg(i / 8.0).arg(i));
+        }
+        QTRY_COMPARE(level.rows(), expected);
+        m_instrument.set("level 2 20000 1 1 7"); // alarm
+        QTRY_COMPARE(level.lastRow(), QString("20: 7"));
+        m_instrument.set("level 9 0 1 1 8");
+        QTRY_COMPARE(level.lastRow(), QString("20: -"));
+        QVERIFY(level.log->text().contains("event WARNING level: Broken: the cable is cut"));
+        m_instrument.set("level 1 20500 1 1 8"); // invalid
+        QTRY_COMPARE(level.lastRow(), QString("20.5: -"));
+        m_instrument.set("level 0 21000 1 1 9");
+        QTRY_COMPARE(level.lastRow(), QString("21: 9"));
+        QVERIFY(level.log->text().contains("event level: in order again"));
+
+        m_instrument.set("profile 0 100 10000 1" + QByteArray(" 1").repeated(10000));
+        QTRY_COMPARE(profile.lastRow(), "0.1:" + QString(" 1").repeated(10000));
+        QCOMPARE(polled.rows().size(), 1);
+        QCOMPARE(pair.rows().size(), 1);
+        QCOMPARE(level.source->counts().bad() + profile.source->counts().bad(), qint64(0));
+    }
+
+    //! A server that sends events and dies is missed as soon as a polled one, and its events come again when it does.
+    void serverOfEventsThatDies()
+    {
+        Server server{TANGO_INSTRUMENT};
+        server.start();
+        server.set("level 0 0 1 1 1");
+        Reading level(server.address("level"));
+        QTRY_COMPARE_WITH_TIMEOUT(level.lastRow(), QString("0: 1"), patience);
+        for (int i = 1; i <= 2; ++i) {
+            server.stop();
+            QTRY_COMPARE_WITH_TIMEOUT(level.source->state(), Source::State::Retrying, patience);
+            QVERIFY2(level.lastRow().endsWith(": -"), qPrintable(level.lastRow()));
+            server.start();
+            QTRY_COMPARE_WITH_TIMEOUT(level.source->state(), Source::State::Running, patience);
+            for (const int tenths : {10 * i, 10 * i + 1}) {
+                server.set(QString("level 0 %1 1 1 %2").arg(100 * tenths).arg(tenths).toUtf8());
+                const QString row = QString("%1: %2").arg(tenths / 10.0).arg(tenths);
+                QTRY_COMPARE(level.lastRow(), row);
+            }
+        }
+        QCOMPARE(level.starts().size(), 1); // never polled
+    }
+
     void frames_data()
     {
         columns<QString, QStringList, QString, QString>("attributes", "set", "layout", "row");

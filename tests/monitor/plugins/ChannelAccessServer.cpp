@@ -82,7 +82,7 @@ int ChannelAccessServer::parse(const QByteArray &bytes, Header *header)
 //! A datagram may carry several searches. Names that are not known get no answer.
 void ChannelAccessServer::answerSearches()
 {
-    while (m_udp.hasPendingDatagrams()) {
+    while (!m_isStopped && m_udp.hasPendingDatagrams()) {
         const QNetworkDatagram datagram = m_udp.receiveDatagram();
         QByteArray rest = datagram.data();
         QByteArray answers;
@@ -106,7 +106,7 @@ void ChannelAccessServer::answerSearches()
 
 void ChannelAccessServer::accept()
 {
-    while (QTcpSocket *socket = m_tcp.nextPendingConnection()) {
+    while (QTcpSocket *socket = m_isStopped ? nullptr : m_tcp.nextPendingConnection()) {
         m_clients.insert(socket, {});
         socket->write(message({version, 0, 0, minorVersion, 0, 0}));
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
@@ -121,6 +121,8 @@ void ChannelAccessServer::accept()
 
 void ChannelAccessServer::read(QTcpSocket *socket)
 {
+    if (m_isStopped)
+        return;
     Client &client = m_clients[socket];
     client.received += socket->readAll();
     Header header;
@@ -240,4 +242,15 @@ int ChannelAccessServer::subscriptions() const
     for (const Client &client : m_clients)
         count += client.subscriptions.size();
     return count;
+}
+
+void ChannelAccessServer::setStopped(bool isStopped)
+{
+    m_isStopped = isStopped;
+    if (isStopped)
+        return;
+    answerSearches();
+    accept();
+    for (QTcpSocket *socket : m_clients.keys())
+        read(socket);
 }

@@ -43,6 +43,8 @@ public:
     void post(const QByteArray &name, const Variable &variable);
     Variable variable(const QByteArray &name) const { return m_variables.value(name); }
     int subscriptions() const;
+    //! Stops, as a process that is stopped: what clients send is taken by their sockets and is not read until the server goes on.
+    void setStopped(bool isStopped);
 
 private:
     struct Header
@@ -86,4 +88,5 @@ private:
     QUdpSocket m_udp;
     QHash<QTcpSocket *, Client> m_clients; //!< the sockets are children of the server's
     quint32 m_lastChannel = 0;
+    bool m_isStopped = false;
 };

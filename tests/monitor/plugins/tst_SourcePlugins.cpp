@@ -9,6 +9,9 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <QProcess>
+#include <QScopeGuard>
+
 #include <cmath>
 #include <thread>
 
@@ -516,6 +519,91 @@ private Q_SLOTS:
         }
         QCOMPARE(lab.log->sink.lines.filter("start").size(), 1); // one stream all the time
         QVERIFY(lab.log->text().contains("POS is connected again"));
+    }
+
+    //! Variables of two servers, one of which only the list of addresses leads to, like one behind a gateway.
+    void epicsAddressList()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        ChannelAccessServer::Variable distant;
+        distant.values = {7};
+        ChannelAccessServer gateway({{"DISTANT", distant}});
+        QVERIFY(gateway.isListening());
+        const QByteArray list = "127.0.0.1:" + QByteArray::number(gateway.port());
+        qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1 " + list);
+        const auto restore = qScopeGuard([] {
+            qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1");
+        });
+        lab.open("ca:POS,DISTANT");
+        QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 7"), 15000);
+        QCOMPARE(gateway.subscriptions(), 1);
+    }
+
+    //! A server that is stopped keeps its connections and answers nothing: it is missing until it goes on, and so are its values.
+    void epicsServerThatIsStopped()
+    {
+        if (!hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+        Laboratory lab;
+        qputenv("EPICS_CA_CONN_TMO", "1"); // seconds without a sign of life
+        const auto restore = qScopeGuard([] {
+            qunsetenv("EPICS_CA_CONN_TMO");
+        });
+        lab.open("ca:POS,CUR");
+        QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 20"), 15000);
+        lab.server->setStopped(true);
+        QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Retrying, 60000);
+        QVERIFY2(lab.rows().last().endsWith(": - -"), qPrintable(lab.rows().last()));
+        lab.server->setStopped(false);
+        QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Running, 60000);
+        lab.post("POS", 2.5, 100);
+        lab.post("CUR", 30, 100);
+        QTRY_COMPARE(lab.rows().last(), QString("0.1: 2.5 30"));
+        lab.server->setStopped(true);
+        lab.source.reset(); // and nobody waits for the server
+    }
+
+    void epicsLibraryThatIsMissing_data()
+    {
+        columns<QStringList, QString>("files", "why");
+        row("none",
+            QStringList{"libca",
+                        "libca.so",
+                        "libca.so.4.14.4",
+                        "libca.so.4.14.2",
+                        "libca.so.4.13.5"},
+            "the Channel Access client library (libca) was not found; install the package "
+            "libca4.13.5, or set EPICS_BASE to the folder of an installation");
+        row("another library",
+            QStringList(),
+            "base/lib/linux/libca.so is no Channel Access client library that can be used");
+    }
+
+    //! What the program says where that library is missing: files that are no libraries hide an installed one.
+    void epicsLibraryThatIsMissing()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(QString, why);
+        const QTemporaryDir folder;
+        for (const QString &file : files)
+            putFile(folder.filePath(file), "this is no library");
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("LD_LIBRARY_PATH", folder.path());
+        if (files.isEmpty()) {
+            QVERIFY(QDir(folder.path()).mkpath("base/lib/linux"));
+            QVERIFY(QFile::link(CORVALE_MONITOR_EPICS, folder.filePath("base/lib/linux/libca.so")));
+            environment.insert("EPICS_BASE", folder.filePath("base"));
+        }
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(CORVALE_MONITOR, {"--stats", "ca:POS"});
+        QVERIFY(program.waitForFinished(60000));
+        QVERIFY(program.exitCode() != 0);
+        const QString said = QString::fromUtf8(program.readAll()).simplified();
+        QVERIFY2(said.contains(why), qPrintable(said));
     }
 
 private:

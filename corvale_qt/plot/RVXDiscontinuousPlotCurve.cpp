@@ -111,19 +111,22 @@ void RVXDiscontinuousPlotCurve::drawLines(QPainter *painter,
                                           int from,
                                           int to) const
 {
+    // A layer that is not drawn after the curve, since a host has taken it off the plot, would keep what it gets.
+    const bool isDrawnAfter = m_layer && m_layer->plot() == plot() && m_layer->isVisible();
+    CurveLayer *const layer = isDrawnAfter ? m_layer : nullptr;
     // Qwt's FilterPoints and MinimizeMemory are ignored, because CurveLines is faster and smaller without them.
     const bool plain = !(testCurveAttribute(Fitted) && curveFitter())
         && (brush().style() == Qt::NoBrush || brush().color().alpha() == 0);
     if (plain) {
         CurveLines lines(painter, xMap, yMap, canvasRect);
-        lines.setLayer(m_layer);
+        lines.setLayer(layer);
         lines.setOwner(this);
         lines.setClipping(testPaintAttribute(ClipPolygons));
         lines.draw(*data(), from, to);
         return;
     }
-    if (m_layer)
-        m_layer->flush(painter);
+    if (layer)
+        layer->flush(painter);
     forEachFiniteRun(from, to, [&](int first, int last) {
         QwtPlotCurve::drawLines(painter, xMap, yMap, canvasRect, first, last);
     });

@@ -11,6 +11,8 @@
 #include "corvale_qt/scope/SampleRows_p.h"
 #include "tests/support/TestMain.h"
 
+#include <qwt_plot.h>
+
 #include <QPainter>
 #include <QScopedValueRollback>
 
@@ -107,6 +109,13 @@ public:
     QPoint moved; //!< where the canvas begins, for the painter
 
     double columnWidth() const { return grid.step; }
+    //! Shows all readings from now on, with lines across outages.
+    void holdAll()
+    {
+        isHeld = true;
+        breakAfter = 2.01;
+        grid = PixelGrid::between(1.0, time, canvas.width() - 4);
+    }
     void waitFor(double seconds) { time += seconds; }
 
     RVXMultichannelDeviceModel device{channels};
@@ -271,6 +280,45 @@ private Q_SLOTS:
         chart.follow();
         CurveLayer fresh;
         QVERIFY(chart.drawn(kept, true) == chart.drawn(fresh, true));
+    }
+
+    void forgetsTheLineFromAReadingThatLeft()
+    {
+        Chart chart(2);
+        CurveLayer kept;
+        chart.append(100);
+        chart.waitFor(1.5);
+        chart.append(chart.device.capacity() - 100);
+        chart.holdAll();
+        chart.drawn(kept, true);
+        chart.append(100);
+        CurveLayer fresh;
+        QVERIFY(chart.drawn(kept, true) == chart.drawn(fresh, true));
+    }
+
+    void isNotWaitedForWhereItsLayerIsOnNoPlot()
+    {
+        RVXMultichannelDeviceModel device(1);
+        for (int i = 1; i <= 1000; ++i)
+            device.appendRows(QVector<double>{double(i)}, QVector<double>{double(i % 2)});
+        QwtPlot plot;
+        CurveLayer layer;
+        auto *const curve = new RVXDiscontinuousPlotCurve;
+        curve->setLayer(&layer);
+        curve->setPen(QPen(Qt::red, 1.0));
+        curve->setSamples(device.seriesData(1, 1, 1000));
+        curve->attach(&plot);
+        QImage image(60, 60, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        QwtScaleMap x;
+        x.setScaleInterval(1.0, 1000.0);
+        x.setPaintInterval(0.0, 59.0);
+        QwtScaleMap y;
+        y.setScaleInterval(-1.0, 2.0);
+        y.setPaintInterval(59.0, 0.0);
+        curve->draw(&painter, x, y, QRectF(0, 0, 60, 60));
+        QCOMPARE(image.pixel(30, 30), QColor(Qt::red).rgb());
     }
 };
 

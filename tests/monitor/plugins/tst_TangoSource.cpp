@@ -222,6 +222,10 @@ private Q_SLOTS:
 
         m_instrument.set("profile 0 100 10000 1" + QByteArray(" 1").repeated(10000));
         QTRY_COMPARE(profile.lastRow(), "0.1:" + QString(" 1").repeated(10000));
+        // More strips than a plane may have are kept whole; the picture has as many as it can, and the readings without a place are counted.
+        QCOMPARE(profile.log->sink.header().frameSize, 10000);
+        QCOMPARE(profile.log->sink.header().detector.cells(),
+                 Corvale_Qt::DetectorLayout::maxStrips);
         QCOMPARE(polled.rows().size(), 1);
         QCOMPARE(pair.rows().size(), 1);
         QCOMPARE(level.source->counts().bad() + profile.source->counts().bad(), qint64(0));
@@ -248,6 +252,11 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(level.starts().size(), 1); // never polled
+        // One that is back before anybody has asked for it, and has forgotten its clients.
+        server.stop();
+        server.start();
+        server.set("level 0 4000 1 1 40");
+        QTRY_COMPARE_WITH_TIMEOUT(level.lastRow(), QString("4: 40"), patience);
     }
 
     void frames_data()

@@ -85,7 +85,7 @@ const QImage &MapComparison::overlay(const SpotList &map,
     const QImage &parts = difference(map, target, style);
     if (m_overlay.isNull() || m_overlaid != dataVersion) {
         m_overlay = data;
-        add(m_overlay, parts, 0.5);
+        add(m_overlay, parts, overlayOpacity);
         m_overlaid = dataVersion;
     }
     return m_overlay;

@@ -13,6 +13,9 @@ namespace Corvale_Qt {
 class MapComparison
 {
 public:
+    //! How much of the difference is added to the map.
+    static constexpr double overlayOpacity = 0.5;
+
     MapComparison();
 
     /*! Returns the difference: blue where the map is above its target, red where it is below. \a style is

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/SpotLegend_p.h"
 
 #include <QLinearGradient>
 #include <QPainter>
+#include <QStringList>
 
 namespace Corvale_Qt {
 
@@ -25,6 +27,17 @@ QColor mixed(const QColor &background, const QColor &color, double opacity)
                             channel(background.blueF(), color.blueF()));
 }
 
+//! Returns a colour to which a part of another is added, as CompositionMode_Plus does.
+QColor sum(const QColor &color, const QColor &added, double opacity)
+{
+    const auto channel = [&](qreal below, qreal above) {
+        return qMin(1.0, below + above * opacity);
+    };
+    return QColor::fromRgbF(channel(color.redF(), added.redF()),
+                            channel(color.greenF(), added.greenF()),
+                            channel(color.blueF(), added.blueF()));
+}
+
 } // namespace
 
 SpotLegend::SpotLegend(const SpotMapView &view, QWidget *parent)
@@ -39,9 +52,44 @@ SpotLegend::SpotLegend(const SpotMapView &view, QWidget *parent)
     refresh();
 }
 
+QVector<SpotLegend::Scale> SpotLegend::scales() const
+{
+    switch (m_view.displayMode()) {
+    case SpotMapView::Data:
+        break;
+    case SpotMapView::Difference:
+        return {differences(Qt::black, 1.0)};
+    case SpotMapView::DifferenceOverlay:
+        return {doses(), differences(m_view.backgroundColor(), MapComparison::overlayOpacity)};
+    }
+    return {doses()};
+}
+
+SpotLegend::Scale SpotLegend::doses() const
+{
+    const QColor background = m_view.backgroundColor(), color = m_view.spotColor();
+    return {withUnit(0.0),
+            tr("one spot: %1").arg(withUnit(double(m_view.doseScale()))),
+            {{0.0, mixed(background, color, smallestOpacity)},
+             {1.0, mixed(background, color, largestOpacity)}}};
+}
+
+SpotLegend::Scale SpotLegend::differences(const QColor &below, double opacity) const
+{
+    const QString most = withUnit(brightestDifference * double(m_view.doseScale()));
+    return {
+        tr("one spot below the target: \u2212%1").arg(most),
+        tr("above: +%1").arg(most),
+        {{0.0, sum(below, Qt::red, opacity)}, {0.5, below}, {1.0, sum(below, Qt::blue, opacity)}}};
+}
+
 void SpotLegend::refresh()
 {
-    setAccessibleName(endText(false) + QStringLiteral(" | ") + endText(true));
+    QStringList texts;
+    for (const Scale &scale : scales())
+        texts << scale.left + QStringLiteral(" | ") + scale.right;
+    setAccessibleName(texts.join(QStringLiteral("; ")));
+    updateGeometry();
     update();
 }
 
@@ -51,63 +99,48 @@ void SpotLegend::setUnit(const QString &unit)
     refresh();
 }
 
-bool SpotLegend::isDifference() const
-{
-    return m_view.displayMode() != SpotMapView::Data;
-}
-
 QString SpotLegend::withUnit(double dose) const
 {
     const QString number = QString::number(dose, 'g', digits);
     return m_unit.isEmpty() ? number : number + QChar(QChar::Nbsp) + m_unit;
 }
 
-//! Returns the text at an end of the bar: the left one, or the right one.
-QString SpotLegend::endText(bool right) const
+int SpotLegend::heightOfScale() const
 {
-    const double scale = double(m_view.doseScale());
-    if (!isDifference())
-        return withUnit(right ? scale : 0.0);
-    const double difference = brightestDifference * scale;
-    return right ? tr("above the target: +%1").arg(withUnit(difference))
-                 : tr("below the target: \u2212%1").arg(withUnit(difference));
+    return fontMetrics().height() + 4;
 }
 
 QSize SpotLegend::sizeHint() const
 {
-    return QSize(10 * fontMetrics().averageCharWidth(), fontMetrics().height() + 4);
-}
-
-QBrush SpotLegend::barBrush(const QRectF &bar) const
-{
-    QLinearGradient gradient(bar.topLeft(), bar.topRight());
-    if (isDifference()) {
-        gradient.setColorAt(0.0, Qt::red);
-        gradient.setColorAt(0.5, Qt::black);
-        gradient.setColorAt(1.0, Qt::blue);
-    } else {
-        const QColor background = m_view.backgroundColor(), color = m_view.spotColor();
-        gradient.setColorAt(0.0, mixed(background, color, smallestOpacity));
-        gradient.setColorAt(1.0, mixed(background, color, largestOpacity));
-    }
-    return gradient;
+    return QSize(10 * fontMetrics().averageCharWidth(), scales().size() * heightOfScale());
 }
 
 void SpotLegend::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    QRect row(0, 0, width(), heightOfScale());
+    for (const Scale &scale : scales()) {
+        paint(painter, scale, row);
+        row.translate(0, row.height());
+    }
+}
+
+void SpotLegend::paint(QPainter &painter, const Scale &scale, const QRect &row) const
+{
     const int gap = fontMetrics().averageCharWidth();
-    const QString left = endText(false), right = endText(true);
-    const int leftWidth = fontMetrics().horizontalAdvance(left);
-    const int rightWidth = fontMetrics().horizontalAdvance(right);
-    const QRect room = rect().adjusted(gap, 2, -gap, -2);
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, left);
-    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, right);
+    const int leftWidth = fontMetrics().horizontalAdvance(scale.left);
+    const int rightWidth = fontMetrics().horizontalAdvance(scale.right);
+    const QRect room = row.adjusted(gap, 2, -gap, -2);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, scale.left);
+    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, scale.right);
     const QRectF bar = QRectF(room).adjusted(leftWidth + gap, 2, -rightWidth - gap, -2);
     if (bar.width() < 2 * gap)
         return;
+    QLinearGradient gradient(bar.topLeft(), bar.topRight());
+    gradient.setStops(scale.colors);
     painter.setPen(palette().color(QPalette::Mid));
-    painter.setBrush(barBrush(bar));
+    painter.setBrush(gradient);
     painter.drawRect(bar);
 }
 

@@ -5,12 +5,16 @@
 
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
+#include <QBrush>
+#include <QString>
+#include <QVector>
 #include <QWidget>
 
 namespace Corvale_Qt {
 
-/*! Says what the colours of a spot map mean: a bar with the colours of the doses from 0 to the largest one, or in a difference
-    the colours below and above the target, with doses at its ends. Its accessible name has the texts at the ends. */
+/*! Says what the colours of a spot map mean: a bar with the colours of the doses from 0 to the largest one, in a difference
+    the colours below and above the target, and both over each other where the map shows both. They are those of a spot that
+    overlaps no other: spots that do are brighter, and their differences darker. Its accessible name has the texts at the ends. */
 class SpotLegend : public QWidget
 {
     Q_OBJECT
@@ -28,11 +32,22 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    //! A bar and the texts at its ends.
+    struct Scale
+    {
+        QString left;
+        QString right;
+        QGradientStops colors;
+    };
+
     void refresh();
-    QString endText(bool right) const;
-    bool isDifference() const;
+    QVector<Scale> scales() const;
+    Scale doses() const;
+    //! The map adds its differences with this opacity to what lies below.
+    Scale differences(const QColor &below, double opacity) const;
+    void paint(QPainter &painter, const Scale &scale, const QRect &row) const;
+    int heightOfScale() const;
     QString withUnit(double dose) const;
-    QBrush barBrush(const QRectF &bar) const;
 
     const SpotMapView &m_view;
     QString m_unit;

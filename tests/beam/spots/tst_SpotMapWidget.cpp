@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/spots/SpotTable.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
@@ -84,12 +85,12 @@ private Q_SLOTS:
         const auto ends = [legend] {
             return legend->accessibleName().replace(QChar(QChar::Nbsp), ' ');
         };
-        QCOMPARE(ends(), QString("0 MU | 6 MU"));
+        QCOMPARE(ends(), QString("0 MU | one spot: 6 MU"));
         widget.setDiffTarget(&target);
-        QCOMPARE(ends(), QString("0 MU | 6 MU"));
+        QCOMPARE(ends(), QString("0 MU | one spot: 6 MU"));
         widget.spotMapView()->setDisplayMode(SpotMapView::Difference);
         QCOMPARE(ends(),
-                 QString::fromUtf8("below the target: \u221210 MU | above the target: +10 MU"));
+                 QString::fromUtf8("one spot below the target: \u221210 MU | above: +10 MU"));
         delivered.append("0 9 24 3");
         QTRY_VERIFY(ends().endsWith("+20 MU"));
         // Pixels: the bar is red on the left, dark in the middle and blue on the right.
@@ -106,6 +107,21 @@ private Q_SLOTS:
                 bluest = qMax(bluest, x);
         }
         QVERIFY(reddest > bar.width() / 2 && bluest > bar.width() / 2);
+        // Over the map, differences are half as bright, and the doses have a bar as well.
+        const int height = legend->sizeHint().height();
+        widget.spotMapView()->setDisplayMode(SpotMapView::DifferenceOverlay);
+        QCOMPARE(legend->sizeHint().height(), 2 * height);
+        QVERIFY(ends().startsWith("0 MU | one spot: 24 MU; one spot below"));
+        QTRY_COMPARE(legend->height(), 2 * height);
+        const QImage bars = legend->grab().toImage();
+        const auto reds = [&](int from, int to) {
+            return countPixels(bars.copy(0, bars.height() * 3 / 4, bars.width(), 1),
+                               [=](const QColor &color) {
+                                   return color.red() >= from && color.red() < to
+                                       && color.blue() + color.green() < 20;
+                               });
+        };
+        QVERIFY(reds(100, 140) > 0 && reds(140, 256) == 0);
     }
 
     void aMapWithoutSpotsHasNoNumbers()

@@ -3,7 +3,6 @@
 
 #include "corvale_qt/numerics/ClampedInt_p.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace Corvale_Qt {
@@ -37,7 +36,7 @@ CentreOfGravityOptions centreOfGravityOptions(const QVector<double> &parameters)
     CentreOfGravityOptions options;
     if (parameters.isEmpty())
         return options;
-    if (std::lround(std::clamp(parameters[0], -1.0, 1.0)) == 0)
+    if (clampedToInt(std::round(parameters[0])) == 0)
         options.thresholdFraction = parameters.value(1);
     else
         options.halfWidth = clampedToInt(parameters.value(2, all), -mostCells, mostCells);

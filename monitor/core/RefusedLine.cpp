@@ -37,14 +37,21 @@ QString droppedText(RefusedLine::What what)
     return Text::tr("line %1 dropped, %2: \"%3\"");
 }
 
+QString whyText(const RefusedLine &line)
+{
+    if (line.reason.isEmpty())
+        return refusalText(line.refusal);
+    // A reason for this one names the number of a declared detector, to which the limit of channels does not apply.
+    if (line.refusal == Refusal::TooManyValues)
+        return line.reason;
+    return refusalText(line.refusal) + QStringLiteral(" (%1)").arg(line.reason);
+}
+
 } // namespace
 
 QString RefusedLine::text() const
 {
-    return droppedText(what).arg(number).arg(reason.isEmpty() ? refusalText(refusal)
-                                                              : refusalText(refusal)
-                                                     + QStringLiteral(" (%1)").arg(reason),
-                                             QString::fromLatin1(excerpt));
+    return droppedText(what).arg(number).arg(whyText(*this), QString::fromLatin1(excerpt));
 }
 
 } // namespace Monitor

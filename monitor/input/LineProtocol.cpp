@@ -134,7 +134,7 @@ void LineProtocol::takeFields(std::string_view line)
         return;
     }
     if (m_fields.size() > mostFields) {
-        refuse(currentLine(Refusal::TooManyValues));
+        refuse(tooManyValues());
         return;
     }
     if ((!m_rows || m_mayBeHeader) && takeHeader())
@@ -318,7 +318,7 @@ bool LineProtocol::adoptFrames(int values)
 {
     const std::optional<Corvale_Qt::DetectorDescription> frames = m_metadata.framesOf(values);
     if (!frames) {
-        refuse(currentLine(Refusal::TooManyValues));
+        refuse(tooManyValues());
         return false;
     }
     m_rows = std::make_unique<TimedRowReader>(*frames, true);
@@ -347,7 +347,7 @@ void LineProtocol::shapeMismatch(std::string_view line)
         && (m_hasOneName || m_otherCountRun >= linesAgainstAHeader);
     const bool newTable = m_otherCountRun >= linesOfAnotherShape;
     if (tooMany || undeclared || !(firstWasWrong || headerWasWrong || newTable)) {
-        refuse(currentLine(tooMany ? Refusal::TooManyValues : Refusal::WrongCount));
+        refuse(tooMany ? tooManyValues() : currentLine(Refusal::WrongCount));
         forgetGuessedShape();
         return;
     }
@@ -440,6 +440,17 @@ RefusedLine LineProtocol::currentLine(Refusal refusal) const
     line.refusal = refusal;
     line.number = m_counts.lines;
     line.excerpt = escapedExcerpt(m_line);
+    return line;
+}
+
+//! Returns the current line as one of more values than a reading may have, with the number that was declared.
+RefusedLine LineProtocol::tooManyValues() const
+{
+    RefusedLine line = currentLine(Refusal::TooManyValues);
+    if (const int declared = m_metadata.declaredReadings())
+        line.reason = Text::tr("%1 values, but the detector has %2")
+                          .arg(int(m_fields.size()) - 1)
+                          .arg(declared);
     return line;
 }
 

@@ -70,6 +70,7 @@ private:
     void follow(const TimeOrder::Verdict &verdict);
     void deliver(double time, const double *values);
     RefusedLine currentLine(Refusal refusal) const;
+    RefusedLine tooManyValues() const;
     void refuse(const RefusedLine &line);
 
     StreamSink &m_sink;

@@ -311,4 +311,20 @@ std::optional<Corvale_Qt::DetectorDescription> Metadata::framesOf(int values) co
         : std::nullopt;
 }
 
+int Metadata::declaredReadings() const
+{
+    const bool strips = m_kind == StreamKind::Strips;
+    if (m_detector.isEmpty() || (!strips && m_kind != StreamKind::Pixels))
+        return 0;
+    const auto readings = [&](int cells) {
+        Corvale_Qt::DetectorDescription stream =
+            strips ? countedStrips(cells, cells) : countedMatrix(cells, cells);
+        stream.readings = 0; // not known
+        return m_detector.layout(stream).readings();
+    };
+    // What follows the stream was not declared.
+    const int one = readings(1);
+    return one == readings(2) ? one : 0;
+}
+
 } // namespace Monitor

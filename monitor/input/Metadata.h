@@ -48,6 +48,8 @@ public:
     /*! Returns the cells that \a values values of a line stand for, if strips or a matrix were declared; nothing if so many do
         not fit what was declared. */
     std::optional<Corvale_Qt::DetectorDescription> framesOf(int values) const;
+    //! Returns how many values a frame of the declared strips or matrix has; 0 if that was not declared.
+    int declaredReadings() const;
     //! Returns whether the stream may have frames of several lines.
     bool allowsFrames() const { return m_version >= versionWithFrames; }
     //! Returns the declared channels with the declared units; empty if no channels were declared.

@@ -115,6 +115,8 @@ private Q_SLOTS:
         QVERIFY(std::abs(fit.position.value - 3) < 1e-4 && std::abs(fit.sigma.value - 4) < 1e-4);
         QVERIFY(std::abs(fit.slope - 0.02) < 1e-5);
         QVERIFY(std::abs(fit.background.value - 0.56) < 1e-4); // at the position
+        for (const double place : {-20.0, 6.0})
+            QVERIFY(std::abs(fit.densityAt(place) - (0.5 + 0.02 * place + beam(place))) < 1e-3);
         QVERIFY(fit.quality.residualRms < 1e-4);
         QCOMPARE(int(leastSquaresGaussian(BeamProfile::uniform({1, 3, 2, 1})).status),
                  int(EstimateStatus::NotEnoughCells));

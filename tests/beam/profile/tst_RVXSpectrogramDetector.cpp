@@ -451,6 +451,20 @@ private Q_SLOTS:
         QVERIFY(frame.contains(display.pixelOf(x[8], y[6]).toPoint()));
     }
 
+    void estimatorsHaveTheirNames()
+    {
+        DetectorDisplay display(matrix(16, 16, 1));
+        auto *box = display.control<QComboBox>("comboBox_estimator");
+        for (const auto &[estimator, name] :
+             {std::pair(BeamEstimator::CentreOfGravity, "Centre of gravity"),
+              std::pair(BeamEstimator::LeastSquares, "Least squares"),
+              std::pair(BeamEstimator::LeastSquaresLinear, "Least squares, linear background"),
+              std::pair(BeamEstimator::SecondMoment, "Second moment")}) {
+            display.widget.setEstimator(estimator);
+            QCOMPARE(box->currentText(), QString(name));
+        }
+    }
+
     void backgroundAndAverage()
     {
         DetectorDisplay display(matrix(16, 16, 1));

@@ -486,6 +486,17 @@ private Q_SLOTS:
             protocol.takeLine(std::string(line), false);
         protocol.takeLine("#unit nA", false);
         QCOMPARE(sink.text, QString("line 5 dropped, its time goes backwards: \"4\""));
+        // The limit of channels says nothing of a detector that has more cells.
+        const std::string wide = "0" + QByteArray(",1").repeated(280).toStdString();
+        for (const auto &[layout, why] :
+             {std::pair("#layout matrix 16 17", "280 values, but the detector has 272"),
+              std::pair("#pitch 2 mm", "more than 256 values")}) {
+            LineProtocol other(sink);
+            other.takeLine(layout, false);
+            other.takeLine(wide, false);
+            QVERIFY2(sink.text.startsWith(QString("line 2 dropped, %1: ").arg(why)),
+                     qPrintable(sink.text));
+        }
     }
 
     void countsAddUp()

@@ -300,6 +300,29 @@ private Q_SLOTS:
         }
     }
 
+    //! A window of one strip to each side of the peak cuts off the tails; the fit of all strips does not follow it.
+    void reportsUseTheFitParametersOfAWindow()
+    {
+        QByteArray line = "0";
+        for (int i = 0; i < 64; ++i)
+            line += "," + QByteArray::number(10.0 * std::exp(-std::pow((i % 32 - 15) / 4.0, 2)));
+        putFile(path("kept.ini"),
+                "[StatisticsSetupPage]\ncenter-of-gravity=true\ncenter-of-gravity-window=true\n"
+                "center-of-window=1\n");
+        const auto sigma = [&](const QStringList &more) {
+            const Outcome outcome = run(QStringList{"-", "--stats", "--json"} + more,
+                                        "#corvale 1\n#layout strips\n" + line + "\n");
+            const auto report = QJsonDocument::fromJson(outcome.out).object();
+            for (const QJsonValue &estimate : report["estimates"].toArray())
+                if (estimate["estimator"].toString() == "centre_of_gravity")
+                    return estimate["sigma"].toDouble();
+            return 0.0;
+        };
+        QVERIFY(sigma({}) > 2.0);
+        const double cut = sigma({"--settings", path("kept.ini")});
+        QVERIFY2(cut > 0.7 && cut < 1.0, qPrintable(QString::number(cut)));
+    }
+
     //! A flat field has no Gaussian, though a regression finds one.
     void aFitThatDescribesNothingIsNotValid()
     {

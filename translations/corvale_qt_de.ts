@@ -1915,12 +1915,16 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
 <context>
     <name>Corvale_Qt::SpotLegend</name>
     <message>
-        <source>above the target: +%1</source>
-        <translation>über dem Soll: +%1</translation>
+        <source>one spot: %1</source>
+        <translation>ein Spot: %1</translation>
     </message>
     <message>
-        <source>below the target: −%1</source>
-        <translation>unter dem Soll: −%1</translation>
+        <source>one spot below the target: −%1</source>
+        <translation>ein Spot unter dem Soll: −%1</translation>
+    </message>
+    <message>
+        <source>above: +%1</source>
+        <translation>darüber: +%1</translation>
     </message>
 </context>
 <context>

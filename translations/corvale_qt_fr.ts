@@ -1915,12 +1915,16 @@ Fermer une fenêtre remet sa page en place.</translation>
 <context>
     <name>Corvale_Qt::SpotLegend</name>
     <message>
-        <source>above the target: +%1</source>
-        <translation>au-dessus de la cible&#xa0;: +%1</translation>
+        <source>one spot: %1</source>
+        <translation>un spot&#xa0;: %1</translation>
     </message>
     <message>
-        <source>below the target: −%1</source>
-        <translation>sous la cible&#xa0;: −%1</translation>
+        <source>one spot below the target: −%1</source>
+        <translation>un spot sous la cible&#xa0;: −%1</translation>
+    </message>
+    <message>
+        <source>above: +%1</source>
+        <translation>au-dessus&#xa0;: +%1</translation>
     </message>
 </context>
 <context>

@@ -1913,12 +1913,16 @@ Close a window to put its page back.</source>
 <context>
     <name>Corvale_Qt::SpotLegend</name>
     <message>
-        <source>above the target: +%1</source>
-        <translation>目標より上: +%1</translation>
+        <source>one spot: %1</source>
+        <translation>スポット 1 個: %1</translation>
     </message>
     <message>
-        <source>below the target: −%1</source>
-        <translation>目標より下: −%1</translation>
+        <source>one spot below the target: −%1</source>
+        <translation>スポット 1 個、目標より下: −%1</translation>
+    </message>
+    <message>
+        <source>above: +%1</source>
+        <translation>上: +%1</translation>
     </message>
 </context>
 <context>

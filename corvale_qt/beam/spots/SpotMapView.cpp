@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
+#include "corvale_qt/beam/spots/RowSelection_p.h"
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
@@ -10,16 +11,12 @@
 #include <QPointer>
 #include <QToolTip>
 
-#include <utility>
-
 namespace Corvale_Qt {
 
 namespace {
 
 //! Half of a ring's dark edge and one pixel for antialiasing.
 constexpr int ringMargin = 3;
-//! With more ranges of rows, a selection is cleared before another one takes its place.
-constexpr int mostRangesCompared = 100;
 
 } // namespace
 
@@ -294,34 +291,18 @@ QModelIndex SpotMapView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
 void SpotMapView::setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command)
 {
     Q_D(SpotMapView);
-    QItemSelection selection;
-    const auto select = [&](int first, int last) {
-        selection.select(model()->index(first, 0, rootIndex()),
-                         model()->index(last, 0, rootIndex()));
-    };
+    QVector<int> rows;
     if (rect.width() == 1 && rect.height() == 1) {
         // A click or a step of the keyboard, which must not end on another spot at the same place.
         const bool onCurrent = visualRect(currentIndex()).center() == rect.topLeft();
         const int row = onCurrent ? currentIndex().row() : d->hitTest().rowAt(rect.topLeft());
         if (row >= 0)
-            select(row, row);
+            rows.append(row);
     } else {
-        const QVector<int> rows = d->hitTest().rowsIn(rect.normalized());
-        for (int i = 0, first = 0; i < rows.size(); ++i) {
-            const bool ends = i + 1 == rows.size() || rows[i + 1] != rows[i] + 1;
-            if (ends)
-                select(rows[std::exchange(first, i + 1)], rows[i]);
-        }
+        rows = d->hitTest().rowsIn(rect.normalized());
     }
-    // The selection model compares each range that was selected with each that will be.
-    if (command.testFlag(QItemSelectionModel::Clear) && selection.size() > mostRangesCompared) {
-        const QPointer<SpotMapView> stillThere(this);
-        selectionModel()->clearSelection();
-        if (!stillThere)
-            return;
-        command.setFlag(QItemSelectionModel::Clear, false);
-    }
-    selectionModel()->select(selection, command);
+    if (model() && selectionModel())
+        selectRows(*selectionModel(), rootIndex(), rows, command);
 }
 
 void SpotMapView::selectionChanged(const QItemSelection &, const QItemSelection &)

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/RowSelection_p.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <vector>
+
+namespace Corvale_Qt {
+
+namespace {
+
+//! With fewer ranges, comparing each with each costs nothing.
+constexpr int fewRanges = 64;
+
+//! Neighbouring rows, from the first to the last.
+struct Span
+{
+    int first;
+    int last;
+};
+using Spans = std::vector<Span>;
+
+//! The rows of a model under a parent, of which all columns up to the last one are selected.
+struct Table
+{
+    const QAbstractItemModel &model;
+    QModelIndex parent;
+    int lastColumn;
+
+    QItemSelection selectionOf(const Spans &spans) const
+    {
+        QItemSelection selection;
+        selection.reserve(int(spans.size()));
+        for (const Span &span : spans)
+            selection.select(model.index(span.first, 0, parent),
+                             model.index(span.last, lastColumn, parent));
+        return selection;
+    }
+
+    bool isWhole(const QItemSelectionRange &range) const
+    {
+        return range.left() == 0 && range.right() == lastColumn && range.parent() == parent;
+    }
+};
+
+Spans spansOf(const QVector<int> &rows)
+{
+    Spans spans;
+    for (const int row : rows) {
+        if (!spans.empty() && spans.back().last + 1 == row)
+            spans.back().last = row;
+        else
+            spans.push_back({row, row});
+    }
+    return spans;
+}
+
+Spans spansOf(const QItemSelection &selection)
+{
+    Spans spans;
+    spans.reserve(std::size_t(selection.size()));
+    for (const QItemSelectionRange &range : selection)
+        spans.push_back({range.top(), range.bottom()});
+    std::sort(spans.begin(), spans.end(), [](const Span &one, const Span &other) {
+        return one.first < other.first;
+    });
+    return spans;
+}
+
+//! Returns the rows of \a all that are not among \a others. Both rise.
+Spans without(const Spans &all, const Spans &others)
+{
+    Spans left;
+    auto other = others.begin();
+    for (Span span : all) {
+        while (other != others.end() && other->last < span.first)
+            ++other;
+        for (auto next = other; next != others.end() && next->first <= span.last; ++next) {
+            if (next->first > span.first)
+                left.push_back({span.first, next->first - 1});
+            span.first = next->last + 1;
+        }
+        if (span.first <= span.last)
+            left.push_back(span);
+    }
+    return left;
+}
+
+//! Replaces \a before, what is selected, and emits the difference as the selection model would.
+void replace(QItemSelectionModel &selection,
+             const Table &table,
+             const QItemSelection &before,
+             const QItemSelection &rows,
+             QItemSelectionModel::SelectionFlags command)
+{
+    {
+        // Cleared first, there is nothing that the selection model could compare the rows with.
+        const QSignalBlocker quiet(&selection);
+        selection.select(QItemSelection(), QItemSelectionModel::Clear);
+        command.setFlag(QItemSelectionModel::Clear, false);
+        selection.select(rows, command);
+    }
+    const Spans last = spansOf(before), now = spansOf(selection.selection());
+    const Spans added = without(now, last), removed = without(last, now);
+    if (!added.empty() || !removed.empty())
+        Q_EMIT selection.selectionChanged(table.selectionOf(added), table.selectionOf(removed));
+}
+
+} // namespace
+
+void selectRows(QItemSelectionModel &selection,
+                const QModelIndex &parent,
+                const QVector<int> &rows,
+                QItemSelectionModel::SelectionFlags command)
+{
+    const QAbstractItemModel &model = *selection.model();
+    const bool wholeRows = command.testFlag(QItemSelectionModel::Rows);
+    const Table table{model, parent, wholeRows ? model.columnCount(parent) - 1 : 0};
+    const QItemSelection chosen = table.selectionOf(spansOf(rows));
+    // The selection model would make rows of these ranges again, and compare each with each.
+    command.setFlag(QItemSelectionModel::Rows, false);
+    // A class derived from it may have signals of its own.
+    const bool isPlain = selection.metaObject() == &QItemSelectionModel::staticMetaObject;
+    if (isPlain && wholeRows && chosen.size() > fewRanges
+        && command.testFlag(QItemSelectionModel::Clear)) {
+        const QItemSelection before = selection.selection();
+        const bool areRows = std::all_of(before.begin(), before.end(), [&](const auto &range) {
+            return table.isWhole(range);
+        });
+        if (areRows) {
+            replace(selection, table, before, chosen, command);
+            return;
+        }
+    }
+    selection.select(chosen, command);
+}
+
+} // namespace Corvale_Qt

@@ -17,6 +17,8 @@ constexpr double ringWidth = 2.0;
 constexpr int stepsInPixel = 4;
 //! A larger ring is drawn by itself: there are few, and their pictures would be large.
 constexpr double largestPicture = 100.0;
+//! Spots of many sizes would fill the memory with pictures.
+constexpr int mostPictures = 500;
 
 void drawRing(QPainter &painter, const QPointF &centre, double radius, const QColor &color)
 {
@@ -51,6 +53,8 @@ void SelectionRings::draw(QPainter &painter, const QPointF &centre, double radiu
     const double placeX = double(x) - stepsInPixel * left, placeY = double(y) - stepsInPixel * top;
     const int half = int(std::ceil((double(size) / steps + edgeWidth) * m_pixelRatio)) + 1;
     const quint64 key = (size * stepsInPixel + quint64(placeX)) * stepsInPixel + quint64(placeY);
+    if (m_pictures.size() >= mostPictures)
+        m_pictures.clear();
     QImage &ring = m_pictures[key];
     if (ring.isNull())
         ring = picture(QPointF(half * stepsInPixel + placeX, half * stepsInPixel + placeY) / steps,

@@ -50,6 +50,7 @@ private:
     SpotStyle m_style;
 };
 
+//! Returns whether a drawable spot reaches \a area.
 bool touches(const SpotMapView::MapSpot &spot, const QRectF &area)
 {
     const double radius = spotReach * double(spot.sigma);
@@ -62,7 +63,7 @@ class ShadedLayer : public SpotLayer
 public:
     void begin(const SpotStyle &style) override
     {
-        if (style.pixels != m_style.pixels)
+        if (style.pixels != m_style.pixels || m_image.isNull())
             m_image = QImage(style.pixels, QImage::Format_RGB32);
         m_style = style;
         if (m_image.isNull() || !m_shades.begin(style))
@@ -78,10 +79,14 @@ public:
         }
     }
 
-    bool redraw(const SpotList &spots, const QRectF &area) override
+    bool redraw(const SpotList &spots, const QRectF &changed) override
     {
         if (m_style.bounds.isEmpty() || m_image.isNull())
             return false;
+        // Places far outside have no pixels that an int could count.
+        const QRectF area = changed & m_style.bounds;
+        if (area.isEmpty())
+            return true;
         const QPointF first = toUnitSquare(m_style.bounds, area.bottomLeft());
         const QPointF last = toUnitSquare(m_style.bounds, area.topRight());
         const int width = m_style.pixels.width(), height = m_style.pixels.height();
@@ -94,7 +99,7 @@ public:
         const QRectF wide = area.adjusted(-x, -y, x, y);
         m_shades.clear(part);
         for (int row = 0; row < spots.size(); ++row) {
-            if (isDrawable(spots.at(row)) && touches(spots.at(row), wide))
+            if (touches(spots.at(row), wide) && isDrawable(spots.at(row)))
                 m_shades.add(spots.at(row), part);
         }
         m_stale |= part;

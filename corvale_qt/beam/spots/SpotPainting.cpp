@@ -13,10 +13,6 @@ namespace Corvale_Qt {
 
 namespace {
 
-/*! A brush's gradient has 56 steps across the whole map. A spot within fewer steps than narrowSteps would look like a square, and is
-    painted with separate ones. */
-constexpr double stepsAcrossTheMap = 56.0;
-
 bool isNarrow(const GaussianRadialGradientBrush &brush)
 {
     return brush.boundingRect().width() / 2 * stepsAcrossTheMap < narrowSteps;

@@ -37,7 +37,9 @@ struct SpotStyle
     bool operator!=(const SpotStyle &other) const { return !(*this == other); }
 };
 
-//! The steps of the gradient of a spot that is narrow on its map.
+/*! A brush's gradient has these steps across the whole map. A spot within fewer steps than narrowSteps would look like a square, and
+    is painted with as many separate ones. */
+constexpr double stepsAcrossTheMap = 56.0;
 constexpr int narrowSteps = 16;
 
 /*! Returns the opacity at the centre of a drawable spot: from 0.1 for the smallest dose to 1.0 for 1.5 times \a fullScaleDose; 0

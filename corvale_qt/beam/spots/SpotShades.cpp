@@ -56,10 +56,19 @@ void cover(float *pixels, const float *alongX, int count, const Row &row)
         pixels[x] = covered(pixels[x], alongX[x], row);
 }
 
-//! Returns the pixels whose middle lies between two places.
-std::pair<int, int> pixelsBetween(double from, double to)
+//! Rounds up a number that is not negative and fits an int, without a call.
+int roundedUp(double value)
 {
-    return {int(std::ceil(from - 0.5)), int(std::floor(to - 0.5))};
+    const int whole = int(value);
+    return whole + (value > whole ? 1 : 0);
+}
+
+//! Returns the pixels of a picture whose middle lies between two places, which may be far outside.
+std::pair<int, int> pixelsBetween(double from, double to, int pixels)
+{
+    const double first = qBound(0.0, from - 0.5, double(pixels));
+    const double behind = qBound(0.0, to + 0.5, double(pixels));
+    return {roundedUp(first), int(behind) - 1};
 }
 
 double gaussian(double distance, double sigma)
@@ -91,6 +100,34 @@ QRgb between(const QColor &color, const QColor &background, double part)
                 mix(color.blue(), background.blue()));
 }
 
+/*! Where a spot ends. A brush has separate steps; in the last of them it falls from the Gaussian to 0. */
+struct Rim
+{
+    Rim(double last, double end) // in sigmas
+        : reach(end)
+    {
+        const double from = gaussian(last, 1.0), to = gaussian(end, 1.0);
+        slope = float(from / (from - to));
+        offset = slope * float(to);
+    }
+
+    //! \a sigma is in the unit square of the map.
+    static Rim of(double sigma)
+    {
+        static const Rim narrow(spotReach * (1.0 - 1.0 / narrowSteps), spotReach);
+        const double steps = spotReach * sigma * stepsAcrossTheMap;
+        if (steps < narrowSteps)
+            return narrow;
+        const double last = std::ceil(steps) - 1.0;
+        const double stepsInSigma = sigma * stepsAcrossTheMap;
+        return Rim(last / stepsInSigma, (last + 1.0) / stepsInSigma);
+    }
+
+    double reach;
+    float slope = 0.0F;
+    float offset = 0.0F;
+};
+
 } // namespace
 
 struct SpotShades::Blob
@@ -100,6 +137,7 @@ struct SpotShades::Blob
     double sigmaY;
     double opacity;
     bool isNegative;
+    Rim rim;
     QRect pixels; //!< empty if the spot holds the middle of no pixel
 };
 
@@ -117,11 +155,6 @@ bool SpotShades::begin(const SpotStyle &style)
     } catch (const std::bad_alloc &) {
         return false;
     }
-    // A brush has separate steps. As its gradient does, a spot falls from the Gaussian to 0 in the last of them.
-    const double last = spotReach * (1.0 - 1.0 / narrowSteps);
-    const double from = std::exp(-0.5 * last * last), to = std::exp(-0.5 * spotReach * spotReach);
-    m_rimSlope = float(from / (from - to));
-    m_rimOffset = float(from / (from - to) * to);
     for (int step = 0; step <= colorSteps; ++step)
         m_colors[size_t(step)] = between(style.color, style.background, double(step) / colorSteps);
     return true;
@@ -150,12 +183,17 @@ QRect SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
               sigma * height,
               spotOpacity(spot.dose, m_style.fullScaleDose),
               spot.dose < 0.0F,
+              Rim::of(sigma),
               QRect()};
-    const auto [left, right] = pixelsBetween(blob.centre.x() - spotReach * blob.sigmaX,
-                                             blob.centre.x() + spotReach * blob.sigmaX);
-    const auto [top, bottom] = pixelsBetween(blob.centre.y() - spotReach * blob.sigmaY,
-                                             blob.centre.y() + spotReach * blob.sigmaY);
-    blob.pixels = QRect(QPoint(left, top), QPoint(right, bottom)) & QRect(0, 0, width, height);
+    // The rectangle of a wide spot's brush cuts its last step off, at whole pixels.
+    const double margin = blob.rim.reach > spotReach ? 0.5 : 0.0;
+    const double halfWidth = spotReach * blob.sigmaX + margin;
+    const double halfHeight = spotReach * blob.sigmaY + margin;
+    const auto [left, right] =
+        pixelsBetween(blob.centre.x() - halfWidth, blob.centre.x() + halfWidth, width);
+    const auto [top, bottom] =
+        pixelsBetween(blob.centre.y() - halfHeight, blob.centre.y() + halfHeight, height);
+    blob.pixels = QRect(QPoint(left, top), QPoint(right, bottom));
     const QRect wanted = blob.pixels & part;
     if (wanted.isEmpty())
         return blob.pixels;
@@ -180,9 +218,10 @@ QRect SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
 void SpotShades::coverRow(const Blob &blob, int y, const QRect &part)
 {
     const double above = (y + 0.5 - blob.centre.y()) / blob.sigmaY;
-    const double half = std::sqrt(std::max(spotReach * spotReach - above * above, 0.0));
-    auto [first, last] =
-        pixelsBetween(blob.centre.x() - half * blob.sigmaX, blob.centre.x() + half * blob.sigmaX);
+    const double half = std::sqrt(std::max(blob.rim.reach * blob.rim.reach - above * above, 0.0));
+    auto [first, last] = pixelsBetween(blob.centre.x() - half * blob.sigmaX,
+                                       blob.centre.x() + half * blob.sigmaX,
+                                       m_style.pixels.width());
     first = std::max(first, part.left());
     last = std::min(last, part.right());
     if (first > last)
@@ -190,8 +229,8 @@ void SpotShades::coverRow(const Blob &blob, int y, const QRect &part)
     const auto pixel = size_t(y) * size_t(m_style.pixels.width()) + size_t(first);
     const float *alongX = m_columns.data() + (first - blob.pixels.left());
     const Row row{float(blob.opacity) * m_rows[size_t(y - blob.pixels.top())],
-                  m_rimSlope,
-                  m_rimOffset * float(blob.opacity)};
+                  blob.rim.slope,
+                  blob.rim.offset * float(blob.opacity)};
     const int count = last - first + 1;
     cover(m_background.data() + pixel, alongX, count, row);
     if (m_negative.empty())

@@ -14,7 +14,8 @@ namespace Corvale_Qt {
 
 /*! Spots that cover each other, before they are a picture: for each pixel which part of the background still shows, as a product
     of what each spot leaves of it. A spot of one colour costs a multiplication for each of its pixels, much less than a painter
-    needs for a gradient, and is not rounded to one of 256 levels in between. A spot is the Gaussian of narrowBrush(). */
+    needs for a gradient, and is not rounded to one of 256 levels in between. A spot is the Gaussian of its brush, without the
+    straight lines between the steps. */
 class SpotShades
 {
 public:
@@ -36,8 +37,6 @@ private:
     QRgb mixed(size_t pixel) const;
 
     SpotStyle m_style;
-    float m_rimSlope = 0.0F;
-    float m_rimOffset = 0.0F;
     std::vector<float> m_background; //!< the part of the background that still shows
     std::vector<float>
         m_negative; //!< the part that spots of negative dose cover; empty while there is none

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
+#include "tests/beam/spots/SpotMapInTest.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -24,6 +25,29 @@ SpotStyle styleOf(const SpotList &spots)
 Spot spotAt(float x, float dose)
 {
     return {x, 30, dose, 3};
+}
+
+//! Returns a spot anywhere on a map of 60 x 60 or beside it, narrow or wide, with a dose of any kind.
+Spot randomSpot(QRandomGenerator &random)
+{
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    const float doses[] = {-1, 0, -0.0F, 1e-30F, 1, 5, 9, 1e38F, nan};
+    const float sigmas[] = {0.01F, 0.3F, 1, 3, 11, 1e30F, 0, nan};
+    const auto place = [&] {
+        return random.bounded(40) == 0 ? 3e38F : float(random.bounded(100.0) - 20);
+    };
+    const float x = place(), y = place(), dose = doses[random.bounded(9)];
+    return {x,
+            y,
+            dose,
+            sigmas[random.bounded(20) == 0 ? 5 + random.bounded(3) : random.bounded(5)]};
+}
+
+QImage drawnBy(std::unique_ptr<SpotLayer> layer, const SpotList &spots, const SpotStyle &style)
+{
+    SpotPictureCache picture(std::move(layer));
+    picture.update(spots, style);
+    return picture.image();
 }
 
 } // namespace
@@ -62,6 +86,55 @@ private Q_SLOTS:
         QCOMPARE(update(), QString("from 0 of 5"));
         picture.reset();
         QCOMPARE(update(), QString("from 0 of 5"));
+    }
+
+    void aPartDrawnAnewEqualsTheWhole()
+    {
+        QRandomGenerator random(5);
+        for (int ratio = 1; ratio <= 2; ++ratio) {
+            SpotPictureCache picture(makeShadedLayer());
+            SpotList spots;
+            SpotStyle style = styleOf(spots);
+            style.pixels *= ratio;
+            style.pixelRatio = ratio;
+            style.fullScaleDose = 6;
+            for (int step = 0; step < 400; ++step) {
+                const int row = random.bounded(spots.size() + 1);
+                if (step % 5 == 4 && row < spots.size())
+                    spots.remove(row, 1);
+                else if (step % 5 < 2 || row == spots.size())
+                    spots.insert(step % 5 == 0 ? spots.size() : row, {randomSpot(random)});
+                else
+                    spots.replace(row, randomSpot(random));
+                if (step % 50 == 49) // wide spots would cover all in the end
+                    spots.remove(0, spots.size() - 5);
+                picture.update(spots, style);
+                QCOMPARE(
+                    largestDifference(picture.image(), drawnBy(makeShadedLayer(), spots, style)),
+                    0);
+            }
+        }
+    }
+
+    //! Any spot, as wide as a map can show it, against a painter with the spot's brush.
+    void aSpotIsThatOfItsBrush()
+    {
+        int largest = 0;
+        for (const float sigma : {0.3F, 0.8F, 2.0F, 5.0F, 6.0F, 6.7F, 8.25F, 8.5F, 11.5F}) {
+            for (const float dose : {-1.0F, 0.5F, 4.0F, 9.0F}) {
+                SpotList spots;
+                spots.assign({{30.3F, 29.6F, dose, sigma}});
+                SpotStyle style = styleOf(spots);
+                style.pixels *= 5;
+                style.fullScaleDose = 6;
+                style.background = QColor(20, 60, 20);
+                const int difference = largestDifference(
+                    drawnBy(makeShadedLayer(), spots, style),
+                    drawnBy(makePaintedLayer(makeImageBuffer(), drawSpots), spots, style));
+                largest = std::max(largest, difference);
+            }
+        }
+        QVERIFY2(largest <= 2, qPrintable(QString::number(largest)));
     }
 };
 

@@ -216,8 +216,9 @@ void CellPicture::draw(QPainter *painter,
     const auto columns = placesOf(m_columns, xMap, canvasRect.left(), step, size.width());
     const auto rows = placesOf(m_rows, yMap, canvasRect.top(), step, size.height());
     // An opaque picture is copied to the canvas without blending.
-    const bool hidesAll = m_isTabled && m_table.isOpaque() && areAllCells(columns)
-        && areAllCells(rows) && std::none_of(m_values.begin(), m_values.end(), [](double value) {
+    const bool hidesAll = m_isTabled && m_table.isOpaque() && m_range.width() > 0
+        && areAllCells(columns) && areAllCells(rows)
+        && std::none_of(m_values.begin(), m_values.end(), [](double value) {
                               return std::isnan(value);
                           });
     QImage image(size, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);

@@ -267,7 +267,9 @@ private Q_SLOTS:
     {
         columns<QString, QString>("arguments", "said");
         const QString form = "should be tango:DOMAIN/FAMILY/MEMBER";
-        row("no scheme", "--publish beam sim:ic4", "it should begin with the name of the control system");
+        row("no scheme",
+            "--publish beam sim:ic4",
+            "it should begin with the name of the control system");
         row("no device", "--publish tango:beam sim:ic4", form);
         row("no port without a database", "--publish tango:a/b/c#dbase=no sim:ic4", form);
         row("another scheme", "--publish nothing:x sim:ic4", "no plugin for nothing");

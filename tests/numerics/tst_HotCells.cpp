@@ -18,7 +18,10 @@ struct Around
     {
         return row >= 0 && row < rows && column >= 0 && column < columns;
     }
-    double at(int row, int column) const { return cells[std::size_t(row * columns + column)]; }
+    double at(int row, int column) const
+    {
+        return cells[std::size_t(row) * std::size_t(columns) + std::size_t(column)];
+    }
 
     std::vector<double> neighboursOf(int row, int column) const
     {
@@ -104,11 +107,13 @@ private Q_SLOTS:
         for (int trial = 0; trial < 2000; ++trial) {
             const int rows = 1 + int(between(0, 10)), columns = 1 + int(between(0, 10));
             const double sigma = between(0.8, 5), noise = trial % 3 ? between(0, 0.02) : 0.0;
-            std::vector<double> cells;
-            for (int i = 0; i < rows * columns; ++i)
-                cells.push_back(CellCharges::gaussian(3, sigma)(i % columns)
-                                    * CellCharges::gaussian(4, sigma)(i / columns)
-                                + between(-noise, noise));
+            std::vector<double> cells(std::size_t(rows) * std::size_t(columns));
+            for (int i = 0; i < rows * columns; ++i) {
+                const int row = i / columns;
+                cells[std::size_t(i)] = CellCharges::gaussian(3, sigma)(i % columns)
+                        * CellCharges::gaussian(4, sigma)(row)
+                    + between(-noise, noise);
+            }
             for (int i = 0; i < 3; ++i)
                 cells[std::size_t(between(0, rows * columns))] += between(0, 60 * noise + 1);
             const Around around{cells, rows, columns};

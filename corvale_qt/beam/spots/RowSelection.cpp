@@ -26,7 +26,7 @@ struct Table
 {
     const QAbstractItemModel &model;
     QModelIndex parent;
-    int lastColumn;
+    int lastColumn = 0;
 
     QItemSelection selectionOf(const Spans &spans) const
     {

@@ -11,7 +11,8 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Smaller parts of the background cannot be seen, and products of them would become denormal numbers, which are slow.
+/*! Is added to each part of the background, where it cannot be seen. Otherwise products would become denormal numbers, which are
+    slow. */
 constexpr float leastBackground = 1e-12F;
 constexpr int colorSteps = 4096;
 
@@ -39,7 +40,7 @@ Number covered(Number background, Number column, const Row &row)
 {
     const Number gauss = column * row.height;
     const Number left = larger(1.0F - gauss, (1.0F + row.offset) - row.slope * gauss);
-    return larger(background * left, Number{} + leastBackground);
+    return background * left + leastBackground;
 }
 
 void cover(float *pixels, const float *alongX, int count, const Row &row)
@@ -103,6 +104,7 @@ QRgb between(const QColor &color, const QColor &background, double part)
 /*! Where a spot ends. A brush has separate steps; in the last of them it falls from the Gaussian to 0. */
 struct Rim
 {
+    Rim() = default;
     Rim(double last, double end) // in sigmas
         : reach(end)
     {
@@ -118,14 +120,16 @@ struct Rim
         const double steps = spotReach * sigma * stepsAcrossTheMap;
         if (steps < narrowSteps)
             return narrow;
+        if (steps > stepsAcrossTheMap)
+            return Rim(); // the brush's gradient ends before
         const double last = std::ceil(steps) - 1.0;
         const double stepsInSigma = sigma * stepsAcrossTheMap;
         return Rim(last / stepsInSigma, (last + 1.0) / stepsInSigma);
     }
 
-    double reach;
+    double reach = spotReach;
     float slope = 0.0F;
-    float offset = 0.0F;
+    float offset = -1.0F;
 };
 
 } // namespace
@@ -133,10 +137,10 @@ struct Rim
 struct SpotShades::Blob
 {
     QPointF centre;
-    double sigmaX;
-    double sigmaY;
-    double opacity;
-    bool isNegative;
+    double sigmaX = 0.0;
+    double sigmaY = 0.0;
+    double opacity = 0.0;
+    bool isNegative = false;
     Rim rim;
     QRect pixels; //!< empty if the spot holds the middle of no pixel
 };
@@ -266,7 +270,7 @@ void SpotShades::paint(QImage &image, const QRect &part) const
         const float *background = m_background.data() + first;
         for (int x = part.left(); x <= part.right(); ++x) {
             if (m_negative.empty() || m_negative[first + size_t(x)] == 0.0F)
-                line[x] = m_colors[size_t(int(background[x] * colorSteps + 0.5F))];
+                line[x] = m_colors[size_t(qRound(background[x] * colorSteps))];
             else
                 line[x] = mixed(first + size_t(x));
         }

@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -196,6 +197,11 @@ void ConnectDialog::forget()
 void ConnectDialog::refresh()
 {
     const QString text = source();
+    if (text != m_described) { // what was reported is of another source
+        m_described = text;
+        m_test.stop();
+        m_report->clear();
+    }
     const QString name = m_names->currentText().trimmed();
     m_text->setText(text.isEmpty() ? tr("Fill in the empty field, to test or to connect.")
                                    : tr("On the command line: corvale-monitor \"%1\"").arg(text));
@@ -209,7 +215,8 @@ void ConnectDialog::refresh()
 void ConnectDialog::test()
 {
     const QString text = source();
-    if (text == m_openSource && !text.startsWith(QLatin1String("sim:")))
+    const bool isOnlyOnce = !text.startsWith(QLatin1String("sim:")) && !QFileInfo(text).isFile();
+    if (text == m_openSource && isOnlyOnce)
         m_report->setPlainText(tr("This source is open: its readings are in the window."));
     else
         m_test.start(text, m_options);

@@ -36,7 +36,8 @@ public:
     void setSource(const QString &text);
     //! Returns the source that the fields describe; empty while a field is missing.
     QString source() const;
-    //! Sets the source that is open in the window: a test of it would take its readings or find it busy.
+    /*! Sets the source that is open in the window. Unless it is a file or a simulator, it is not tested: a test would take
+        its readings or find it busy. */
     void setOpenSource(const QString &text) { m_openSource = text; }
 
     void setKept(const QVector<Kept> &kept);
@@ -57,6 +58,7 @@ private:
 
     const FileSource::Options m_options;
     QString m_openSource;
+    QString m_described; //!< the source that the fields described last
     QVector<Kept> m_kept;
     SourceTest m_test;
     // In the order in which Tab goes through them.

@@ -11,6 +11,7 @@
 #include "monitor/window/ScreenFit.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -81,6 +82,15 @@ void BigNumbers::offerChoices()
         m_choice->addItem(channels.at(row).name, row);
     m_choice->setCurrentIndex(qMax(0, m_choice->findText(chosen)));
     refresh();
+}
+
+//! Closes the window with Escape, as a dialog: a screen of numbers may have no frame to close it with.
+void BigNumbers::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Cancel))
+        close();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void BigNumbers::showEvent(QShowEvent *event)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/BigText.h"
 
+#include "monitor/dialogs/QuietColor.h"
 #include "monitor/window/Look.h"
 
 #include <QEvent>
@@ -104,8 +105,8 @@ void BigText::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    painter.setPen(
-        palette().color(m_faint ? QPalette::Disabled : QPalette::Active, QPalette::Text));
+    painter.setPen(m_faint ? quietColor(palette(), QPalette::Text, QPalette::Base)
+                           : palette().color(QPalette::Text));
     const QRect free = room();
     const QStringList lines = drawn(m_lines, m_broken);
     double top = free.top();

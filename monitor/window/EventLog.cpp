@@ -4,6 +4,7 @@
 #include "monitor/core/Clock.h"
 #include "monitor/core/LogTail.h"
 #include "monitor/session/Session.h"
+#include "monitor/window/Look.h"
 #include "monitor/window/SessionLines.h"
 #include "monitor/window/Symbols.h"
 
@@ -45,11 +46,9 @@ void EventLog::changeEvent(QEvent *event)
 
 void EventLog::adoptPalette()
 {
-    constexpr int half = 128;
-    if (palette().color(QPalette::Base).lightness() < half)
-        setErrorWarningColorsForNonWhiteBackground();
-    else
-        setErrorWarningColorsForWhiteBackground();
+    const bool isDark = Look::isDark(this);
+    setErrorColor(Look::word(Look::State::Trouble, isDark));
+    setWarningColor(Look::word(Look::State::Waiting, isDark));
 }
 
 void EventLog::follow(Session &session, const QString &name)

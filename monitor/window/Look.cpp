@@ -36,6 +36,15 @@ QColor ink(State state)
     return state == State::Trouble ? Qt::white : Qt::black;
 }
 
+QColor word(State state, bool onDark)
+{
+    if (state == State::Trouble)
+        return onDark ? QColor(255, 120, 110) : ground(state);
+    if (state == State::Waiting && !onDark)
+        return {138, 90, 0};
+    return onDark ? ground(state) : ink(state);
+}
+
 QString styleSheet(State state)
 {
     return QStringLiteral("background: %1; color: %2;")

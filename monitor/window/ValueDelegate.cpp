@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ValueDelegate.h"
 
+#include "monitor/dialogs/QuietColor.h"
 #include "monitor/window/Look.h"
 #include "monitor/window/StaleMarks.h"
 
@@ -110,7 +111,8 @@ void ValueDelegate::drawValue(QStyleOptionViewItem *option, const QModelIndex &i
         option->font.setBold(true);
     } else if (isOld) {
         const QPalette palette = option->widget ? option->widget->palette() : QPalette();
-        option->palette.setColor(QPalette::Text, palette.color(QPalette::Disabled, QPalette::Text));
+        option->palette.setColor(QPalette::Text,
+                                 quietColor(palette, QPalette::Text, QPalette::Base));
     }
 }
 

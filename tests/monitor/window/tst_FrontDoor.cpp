@@ -285,13 +285,20 @@ private Q_SLOTS:
             "tcp://10.0.0.7:5001?ask=READ%3F%26%20x&every=100ms&silence=30s",
             "tcp-listen://0.0.0.0:77?silence=2s",
             "serial:/dev/ttyUSB7?baud=9600",
-            "/data/a & b.csv",
+            file("a & b.csv"),
             "-"};
+        putFile(file("a & b.csv"), "time_s,a_nA\n0,1\n");
         ManualClock clock;
         {
             ConnectDialog dialog(clock, {});
+            const auto *report = dialog.findChild<QPlainTextEdit *>("report");
             for (const QString &source : sources) {
                 dialog.setSource(source);
+                QCOMPARE(report->toPlainText(), QString()); // and nothing of another source
+                dialog.setOpenSource(source);
+                clickButton(&dialog, "Test");
+                const bool isOnce = report->toPlainText().contains("is open");
+                QCOMPARE(isOnce, source.contains("tcp") || source.contains("tty"));
                 QCOMPARE(dialog.source(), source);
                 dialog.findChild<QComboBox *>("names")->setEditText("of " + source);
                 clickButton(&dialog, "Keep");
@@ -550,6 +557,9 @@ private Q_SLOTS:
                        nullptr);
         QCOMPARE(big.lines(), QStringList({"left  ZEROED", w.value(0)}));
         QVERIFY2(w.value(0).startsWith("1") && w.value(0).endsWith("nA"), qPrintable(w.value(0)));
+        big.show();
+        QTest::keyClick(&big, Qt::Key_Escape);
+        QVERIFY(!big.isVisible());
         w.action("removeZero")->trigger();
         QCOMPARE(w.number(1), 5.0);
         QVERIFY(w.window.findChild<QLabel *>("valueState")->isHidden());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/dialogs/QuietColor.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/window/LimitActions.h"
 #include "monitor/window/LimitsDialog.h"
@@ -148,7 +149,7 @@ private Q_SLOTS:
         w.clock.advance(1.0);
         QCOMPARE(w.value(1), QString("old: 1009"));
         QVERIFY(!has(1, palette.color(QPalette::Text)));
-        QVERIFY(has(1, palette.color(QPalette::Disabled, QPalette::Text)));
+        QVERIFY(has(1, quietColor(palette, QPalette::Text, QPalette::Base)));
         QVERIFY(w.status("notices").contains("STALE"));
         QVERIFY(w.log().contains("WARNING the source is silent"));
         w.run(1);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/BigText.h"
+#include "monitor/window/EventLog.h"
 #include "tests/monitor/support/Contrast.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/FocusMark.h"
@@ -43,19 +45,19 @@ private Q_SLOTS:
     //! Text and symbols stand out from what is behind them, in the window and on the pages of its settings.
     void everythingStandsOut_data()
     {
-        QTest::addColumn<bool>("isDark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
+        QTest::addColumn<int>("choice");
+        QTest::newRow("as the desktop") << int(Appearance::Choice::Desktop);
+        QTest::newRow("light") << int(Appearance::Choice::Light);
+        QTest::newRow("dark") << int(Appearance::Choice::Dark);
     }
     void everythingStandsOut()
     {
-        QFETCH(bool, isDark);
+        QFETCH(int, choice);
         WindowInTest w(file("contrast.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         w.session.setPaused(true); // a state that the window marks
-        w.window.findChild<Appearance *>()->choose(isDark ? Appearance::Choice::Dark
-                                                          : Appearance::Choice::Light);
+        w.window.findChild<Appearance *>()->choose(Appearance::Choice(choice));
         QCoreApplication::processEvents();
         int looked = 0;
         QStringList pale = paleParts(&w.window, looked);
@@ -66,20 +68,41 @@ private Q_SLOTS:
             pages->setCurrentIndex(page);
             pale += paleParts(&settings, looked);
         }
+        ConnectDialog connection(w.clock, {});
+        connection.show();
+        auto *kinds = connection.findChild<QListWidget *>("kinds");
+        for (int row = 0; row < kinds->count(); ++row) {
+            kinds->setCurrentRow(row);
+            pale += paleParts(&connection, looked);
+        }
+        const auto *log = w.window.findChild<EventLog *>();
+        const QRgb page = log->textBrowser()->palette().color(QPalette::Base).rgb();
+        QVERIFY(contrast(log->errorColor().rgb(), page) > 4.5);
+        QVERIFY(contrast(log->warningColor().rgb(), page) > 4.5);
+        BigText old;
+        old.resize(400, 200);
+        old.setLines({"left", "1.5 nA"});
+        old.setFaint(true);
+        QVERIFY(contrastIn(old.grab().toImage()) > 4.5);
         QCOMPARE(pale.join('\n'), QString());
         QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
     }
 
-    void theFocusIsSeen_data() { everythingStandsOut_data(); }
+    //! The mark has the colour of the palette; that of a desktop is the choice of the person.
+    void theFocusIsSeen_data()
+    {
+        QTest::addColumn<int>("choice");
+        QTest::newRow("light") << int(Appearance::Choice::Light);
+        QTest::newRow("dark") << int(Appearance::Choice::Dark);
+    }
     void theFocusIsSeen()
     {
-        QFETCH(bool, isDark);
+        QFETCH(int, choice);
         WindowInTest w(file("focus.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         w.session.setPaused(true);
-        w.window.findChild<Appearance *>()->choose(isDark ? Appearance::Choice::Dark
-                                                          : Appearance::Choice::Light);
+        w.window.findChild<Appearance *>()->choose(Appearance::Choice(choice));
         QTRY_VERIFY((w.window.activateWindow(), QApplication::activeWindow() == &w.window));
         QTabWidget *pages = &w.window.displays();
         QSet<QWidget *> seen;

@@ -16,6 +16,8 @@ constexpr int mostDecimals = 9;
 // Numbers of the unit beyond these have an exponent.
 constexpr double largestPlain = 1e7;
 constexpr double smallestPlain = 1e-6;
+// Up to here, a double holds every whole number.
+constexpr double largestWhole = 9007199254740992.0;
 // Rounded to four digits, this number has a digit more.
 constexpr double roundsUp = 0.99995;
 // The prefix becomes smaller below this number of its unit.
@@ -104,6 +106,14 @@ Symbol readSymbol(const QString &symbol)
 double timesPowerOfTen(double value, int exponent)
 {
     return exponent < 0 ? value / std::pow(10.0, -exponent) : value * std::pow(10.0, exponent);
+}
+
+//! Returns whether a number counts something: beams, layers, pulses. Numbers without a unit do if they are whole.
+bool isCount(double number, const QString &symbol)
+{
+    const bool counts =
+        symbol.isEmpty() || symbol.compare(QLatin1String("counts"), Qt::CaseInsensitive) == 0;
+    return counts && std::abs(number) <= largestWhole && std::trunc(number) == number;
 }
 
 int decadeOf(double value)
@@ -247,6 +257,8 @@ QString SiPrefix::number(double value) const
     const double magnitude = std::abs(number);
     if (!std::isfinite(number))
         return QString::number(number);
+    if (isCount(number, m_given))
+        return fixedText(number, 0);
     const bool hasNoise = m_lastDigit != unknownDigit;
     if (number == 0.0 && !hasNoise)
         return QStringLiteral("0");

@@ -19,7 +19,8 @@ namespace Units {
     their symbol: counts, monitor units, degrees, minutes, centimetres, strips.
 
     Numbers have as many digits as their noise allows: the last digit is the first one of the noise. The number of digits has
-    hysteresis as well. While the noise is not known, numbers have four digits. An exponent is used only for numbers that are
+    hysteresis as well. While the noise is not known, numbers have four digits. Whole numbers of counts, and those without a
+    unit, have all their digits and no decimals. An exponent is used only for numbers that are
     beyond all prefixes of the unit, or far from a unit that is fixed.
 
     It is a plain value: one for each axis, or for each cell of a table.

@@ -194,6 +194,9 @@ private Q_SLOTS:
             minutes are not milli-inches | min | 90 | 90.00 min
             degrees are not coulombs | °C | 0.021 | 0.02100 °C
             no unit | | 12.345 | 12.35
+            a whole number without a unit | | 117 s=3 | 117
+            counts have all their digits | Counts | 123456789 | 123456789 Counts
+            a mean of counts | Counts | 117.25 | 117.3 Counts
             noise takes digits | A | 1.8634e-7 s=3e-9 | 186 nA
             and gives digits | A | 1.86342e-7 s=2e-11 | 186.34 nA
             three digits are left to what moves | A | 1.8634e-7 s=1e-7 | 186 nA

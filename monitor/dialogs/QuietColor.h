@@ -12,8 +12,8 @@ inline QColor
 quietColor(const QPalette &palette, QPalette::ColorRole text, QPalette::ColorRole ground)
 {
     constexpr double share = 0.67;
-    const QColor loud = palette.color(QPalette::Active, text);
-    const QColor behind = palette.color(QPalette::Active, ground);
+    const QColor &loud = palette.color(QPalette::Active, text);
+    const QColor &behind = palette.color(QPalette::Active, ground);
     const auto between = [](double from, double to) {
         return from + (to - from) * share;
     };

@@ -313,7 +313,7 @@ private Q_SLOTS:
             const Outcome outcome = run(QStringList{"-", "--stats", "--json"} + more,
                                         "#corvale 1\n#layout strips\n" + line + "\n");
             const auto report = QJsonDocument::fromJson(outcome.out).object();
-            for (const QJsonValue &estimate : report["estimates"].toArray())
+            for (const QJsonValue estimate : report["estimates"].toArray())
                 if (estimate["estimator"].toString() == "centre_of_gravity")
                     return estimate["sigma"].toDouble();
             return 0.0;

@@ -272,6 +272,8 @@ void ImportDialog::setOptions(const ImportOptions &options)
     m_comment->setText(options.comment != 0 ? QString(QLatin1Char(options.comment)) : QString());
     m_isSetting = false;
     preview();
+    if (m_interval->isEnabled() && m_interval->text().isEmpty())
+        m_interval->setFocus(); // it is all that is asked for
 }
 
 //! Shows what the first rows become, and whether the table can be opened so.
@@ -284,32 +286,40 @@ void ImportDialog::preview()
     m_interval->setEnabled(options.timeColumn < 0);
     m_clock->setEnabled(options.timeColumn >= 0);
     m_format->setEnabled(options.clock != ImportClock::Seconds);
-    const TablePreview preview = TablePreview::of(m_path, options);
     const bool lacksInterval = options.timeColumn < 0 && !(options.interval > 0.0);
-    QString verdict;
+    ImportOptions shown = options;
     if (lacksInterval)
-        verdict = tr("Please state the time between two rows, for example 1ms.");
-    else if (!preview.error.isEmpty())
-        verdict = tr("It cannot be read this way: %1.").arg(preview.error);
-    else if (preview.rows.isEmpty())
-        verdict = preview.refused > 0
-            ? tr("None of its rows can be read this way; the first is %1").arg(preview.firstRefused)
-            : tr("It contains no rows.");
-    else if (preview.refused > 0)
-        verdict = tr("%1 of the first lines cannot be read this way; the first is %2")
-                      .arg(preview.refused)
-                      .arg(preview.firstRefused);
-    else
-        verdict = preview.startTime.isEmpty()
-            ? tr("All of the first rows can be read.")
-            : tr("All of the first rows can be read. The time 0 is %1 (UTC).")
-                  .arg(preview.startTime);
+        shown.interval = 1.0; // the values are the same with any
+    TablePreview preview = TablePreview::of(m_path, shown);
+    for (QStringList &row : preview.rows)
+        if (lacksInterval)
+            row.first() = QStringLiteral("?");
     const bool readable = !lacksInterval && !preview.rows.isEmpty();
     m_buttons->button(QDialogButtonBox::Open)->setEnabled(readable);
     m_option->setText(options.isUsual()
                           ? QString()
                           : tr("On the command line: --import \"%1\"").arg(options.text()));
-    showRows(verdict, lacksInterval ? QVector<QStringList>() : preview.rows, preview.names);
+    showRows(lacksInterval ? tr("Please state the time between two rows, for example 1ms.")
+                           : verdictOn(preview),
+             preview.rows,
+             preview.names);
+}
+
+QString ImportDialog::verdictOn(const TablePreview &preview)
+{
+    if (!preview.error.isEmpty())
+        return tr("It cannot be read this way: %1.").arg(preview.error);
+    if (preview.rows.isEmpty())
+        return preview.refused > 0
+            ? tr("None of its rows can be read this way; the first is %1").arg(preview.firstRefused)
+            : tr("It contains no rows.");
+    if (preview.refused > 0)
+        return tr("%1 of the first lines cannot be read this way; the first is %2")
+            .arg(preview.refused)
+            .arg(preview.firstRefused);
+    return preview.startTime.isEmpty()
+        ? tr("All of the first rows can be read.")
+        : tr("All of the first rows can be read. The time 0 is %1 (UTC).").arg(preview.startTime);
 }
 
 void ImportDialog::showRows(const QString &verdict,

@@ -18,6 +18,7 @@ class QTableWidget;
 namespace Monitor {
 
 class WindowSettings;
+struct TablePreview;
 
 /*! Asks how a table of another program is to be read, and shows what its first rows become. What was answered is kept
     with the header of the table, and not asked again for files with the same header. */
@@ -57,6 +58,8 @@ private:
     QSpinBox *addNumber(const char *name, const QString &label, int least);
     QLineEdit *addLine(const char *name, const QString &label, const QString &toolTip);
     void preview();
+    //! Returns a sentence on what the first rows became.
+    static QString verdictOn(const TablePreview &preview);
     void
     showRows(const QString &verdict, const QVector<QStringList> &rows, const QStringList &names);
 

@@ -156,7 +156,9 @@ private Q_SLOTS:
                     ->text()
                     .contains("no column holds the time"));
         QVERIFY(!open->isEnabled());
-        QTest::keyClicks(dialog.findChild<QLineEdit *>("importInterval"), "1ms");
+        QCOMPARE(rows->item(1, 0)->text() + ' ' + rows->item(1, 1)->text(), QString("? 2.5"));
+        QCOMPARE(dialog.focusWidget()->objectName(), QString("importInterval"));
+        QTest::keyClicks(dialog.focusWidget(), "1ms");
         QVERIFY(open->isEnabled());
         QCOMPARE(rows->rowCount(), 2);
         QCOMPARE(rows->horizontalHeaderItem(1)->text(), QString("left (nA)"));

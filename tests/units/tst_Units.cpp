@@ -194,7 +194,7 @@ private Q_SLOTS:
             minutes are not milli-inches | min | 90 | 90.00 min
             degrees are not coulombs | °C | 0.021 | 0.02100 °C
             no unit | | 12.345 | 12.35
-            a whole number without a unit | | 117 s=3 | 117
+            a whole number without a unit | | 1 s=3 | 1
             counts have all their digits | Counts | 123456789 | 123456789 Counts
             a mean of counts | Counts | 117.25 | 117.3 Counts
             noise takes digits | A | 1.8634e-7 s=3e-9 | 186 nA

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/monitor/support/FileSizeLimit.h"
+#include "tests/monitor/support/ProgramInFolder.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
@@ -12,21 +13,8 @@
 #include <csignal>
 #include <set>
 
-namespace {
-
-struct Outcome
-{
-    int code = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-constexpr int longest = 100000; // ms
-
-} // namespace
-
 //! The program as a user starts it: pictures of every display, and exit codes.
-class tst_Program : public QObject
+class tst_Program : public QObject, protected ProgramInFolder
 {
     Q_OBJECT
 
@@ -529,43 +517,6 @@ private Q_SLOTS:
         QVERIFY2(told.contains("corvale.monitor: ") && told.contains("reached the end"), told);
     }
 
-    void oneWindowForEachSettingsFile()
-    {
-        QProcess first;
-        first.setProcessEnvironment(environment());
-        first.setWorkingDirectory(m_folder.path());
-        const QString record = path("window.csv");
-        first.start(QStringLiteral(CORVALE_MONITOR),
-                    {"sim:ic4", "--settings", "one.xui", "--record", record});
-        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(record).size() > 1000, longest);
-        const Outcome second = run({"sim:ic4", "--settings", "one.xui"});
-        QCOMPARE(second.code, 0);
-        QVERIFY2(second.err.contains("open already"), second.err);
-        // Whatever the open window is not told of is an error.
-        const auto refused = [this](const QStringList &arguments) {
-            const Outcome outcome = run(arguments + QStringList{"--settings", "one.xui"});
-            return outcome.code == 1 ? QString::fromUtf8(outcome.err) : QString();
-        };
-        QVERIFY(refused({"sim:pixels"}).contains("Not opened: sim:pixels."));
-        QVERIFY(refused({"sim:ic4", "--source", "b=sim:spots"}).contains("Not opened: sim:spots."));
-        QVERIFY(refused({"-"}).contains("Not opened: -."));
-        const QString both = refused({"x.csv", "--record", "no.csv", "--span", "2h", "--loop"});
-        QVERIFY2(both.contains("Not opened: x.csv.")
-                     && both.contains("Without effect: --record no.csv, --span 2h, --loop."),
-                 qPrintable(both));
-        // Another file, another window.
-        const Outcome other = run({"sim:ic4", "--settings", "two.xui", "--after", "5frames"});
-        QCOMPARE(other.code, 0);
-        QVERIFY(!other.err.contains("open already"));
-
-        first.terminate();
-        QVERIFY(first.waitForFinished(longest));
-        QCOMPARE(first.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(first.exitCode(), 0);
-        QVERIFY(QFileInfo(path("one.xui")).size() > 100);
-        QCOMPARE(run({record, "--check"}).code, 0);
-    }
-
     void aRunWithoutAWindowTellsOfItsConnection()
     {
         QTcpServer instrument;
@@ -604,33 +555,6 @@ private Q_SLOTS:
         const Outcome again = run({record, "--screenshot", "killed.png"});
         QVERIFY2(again.code == 0, again.err);
     }
-
-private:
-    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
-
-    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const
-    {
-        QProcess process;
-        process.setProcessEnvironment(environment());
-        process.setWorkingDirectory(m_folder.path());
-        process.start(QStringLiteral(CORVALE_MONITOR), arguments);
-        process.write(input);
-        process.closeWriteChannel();
-        if (!process.waitForFinished(longest) || process.exitStatus() != QProcess::NormalExit)
-            return {};
-        return {process.exitCode(),
-                process.readAllStandardOutput(),
-                process.readAllStandardError()};
-    }
-
-    static QProcessEnvironment environment()
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove("QT_SCALE_FACTOR");
-        return environment;
-    }
-
-    QTemporaryDir m_folder;
 };
 
 CORVALE_QT_TEST_MAIN(tst_Program)

@@ -16,6 +16,7 @@
 #include "tests/monitor/support/Mnemonics.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
@@ -497,6 +498,18 @@ private Q_SLOTS:
         QVERIFY2(texts.last().startsWith("PA") && texts.last().endsWith(QChar(0x2026)),
                  qPrintable(texts.last()));
         QVERIFY(metrics.horizontalAdvance(texts.join(' ')) < field.width());
+
+        // With its room, a state ends before the edge of its ground.
+        field.tell(QVector<StatusField::Part>{{"PAUSED", {}, Look::State::Paused}});
+        field.resize(field.sizeHint());
+        const QImage picture = field.grab().toImage();
+        const int end = int((field.width() - Look::gap / 2) * picture.devicePixelRatio());
+        const QImage edge = picture.copy(end - 2, 0, 2, picture.height());
+        QCOMPARE(countPixels(edge,
+                             [](const QColor &pixel) {
+                                 return pixel == Look::ground(Look::State::Paused);
+                             }),
+                 edge.width() * edge.height());
     }
 
     //! A number stays before its unit in a mirrored window.

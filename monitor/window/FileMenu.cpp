@@ -118,7 +118,7 @@ void FileMenu::listRecent()
     for (int i = 0; i < texts.size(); ++i) {
         const QString number = i < mostDigits ? QStringLiteral("&%1  ").arg(i + 1) : QString();
         QAction *action = m_recent->addAction(number + menuText(texts.at(i)));
-        const QString text = texts.at(i);
+        const QString &text = texts.at(i);
         connect(action, &QAction::triggered, this, [this, text] {
             m_sources.open(text);
         });

@@ -41,7 +41,7 @@ QString LimitMarks::longestMark()
 
 QVariant LimitMarks::data(const QModelIndex &index, int role) const
 {
-    const QVariant value = QIdentityProxyModel::data(index, role);
+    QVariant value = QIdentityProxyModel::data(index, role);
     if (index.column() != valueColumn
         || (role != Qt::DisplayRole && role != Qt::BackgroundRole && role != Qt::ForegroundRole
             && role != Qt::ToolTipRole))

@@ -76,8 +76,10 @@ struct Played
         FileSource *source = sources.back().get();
         QObject::connect(source, &Source::readingsArrived, &clock, [=](const ReadingBlock &block) {
             for (int row = 0; row < block.size(); ++row) {
-                const double origin = source->placedOrigin()->seconds;
-                const double hour = source->placedOrigin()->isDated ? 1795356000.0 : 0.0;
+                // A source that plays by itself is not placed.
+                const auto placed = source->placedOrigin().value_or(Source::PlacedOrigin{});
+                const double origin = placed.seconds;
+                const double hour = placed.isDated ? 1795356000.0 : 0.0;
                 told.push_back({track,
                                 qRound64((origin - hour + block.time(row)) * 1000.0),
                                 int(block.values(row)[0])});

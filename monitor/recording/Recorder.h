@@ -128,7 +128,7 @@ private:
 
     bool m_hasHeader = false;
     bool m_headerDue = false;
-    QStringList m_toTell; //!< lines for the log, when there is somebody who hears of them
+    QStringList m_toTell; //!< lines for the log, kept until a listener is connected
     bool m_anyReading = false;
     StreamHeader m_header;
     WaitingText m_waiting;

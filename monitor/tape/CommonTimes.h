@@ -23,7 +23,7 @@ public:
     //! What is known about a part of a recording.
     struct Part
     {
-        double firstTime = 0.0; //!< of its readings, in seconds of its own time
+        double firstTime = 0.0; //!< time of the first reading, in seconds of the part
         double lastTime = 0.0;
         double step = 1.0; //!< from its last reading to what follows it, in seconds
         std::optional<double> origin; //!< the moment at which t is 0, in seconds since 1970

@@ -47,16 +47,26 @@ endif()
 
 # Half of the time that a small source takes goes into the headers of Qt. Only what every target has may stand
 # here: a compiler refuses headers that were compiled with a definition that the source does not have.
+
+# corvale_qt_precompile_into(target header ...): the object library has the common headers and these ones precompiled.
+function(corvale_qt_precompile_into target)
+  target_precompile_headers(${target} PRIVATE
+    <QtWidgets> <qwt_plot.h> <qwt_plot_curve.h> <qwt_scale_map.h>
+    <algorithm> <cmath> <functional> <limits> <memory> <random> <vector> ${ARGN})
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+endfunction()
+
 add_library(corvale_qt_precompiled OBJECT EXCLUDE_FROM_ALL "${PROJECT_SOURCE_DIR}/cmake/precompiled.cpp")
 set_target_properties(corvale_qt_precompiled PROPERTIES AUTOMOC OFF)
 target_link_libraries(corvale_qt_precompiled PRIVATE Qt5::Widgets Qwt::Qwt corvale_qt_flags)
-target_precompile_headers(corvale_qt_precompiled PRIVATE
-  <QtWidgets> <qwt_plot.h> <qwt_plot_curve.h> <qwt_scale_map.h>
-  <algorithm> <cmath> <functional> <limits> <memory> <random> <vector>)
-target_compile_options(corvale_qt_precompiled PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+corvale_qt_precompile_into(corvale_qt_precompiled)
 
-# corvale_qt_precompile(target): its sources find the common headers precompiled.
+# corvale_qt_precompile(target [from]): its sources find the common headers precompiled, or those of another object library.
 function(corvale_qt_precompile target)
-  target_precompile_headers(${target} REUSE_FROM corvale_qt_precompiled)
+  set(from corvale_qt_precompiled)
+  if(ARGC GREATER 1)
+    set(from ${ARGV1})
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${from})
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 endfunction()

@@ -42,9 +42,6 @@ public:
     RunningAverages averages;
     PlotDataReader source;
     int announcedRows = 0; // the source may have further rows that it has not announced
-    // Whether all was computed again since the source began what it announces now: a listener that hears of its end before
-    // this proxy may set the length.
-    bool isAhead = false;
 };
 
 void RVXAveragingProxyModelPrivate::read(int column, int firstRow, int count, double *out) const
@@ -93,7 +90,6 @@ void RVXAveragingProxyModelPrivate::rebuild()
     source = PlotDataReader(q->sourcePlotModel());
     averages.reset();
     announcedRows = 0;
-    isAhead = true;
     insertColumns(1, q->columnCount() - 1);
 }
 
@@ -112,7 +108,7 @@ void RVXAveragingProxyModelPrivate::insertColumns(int first, int last)
 
 void RVXAveragingProxyModelPrivate::removeColumns(int first, int last)
 {
-    if (isAhead || first < 1 || last > averages.channels())
+    if (first < 1 || last > averages.channels())
         rebuild();
     else
         averages.removeChannels(first, last - first + 1);
@@ -120,7 +116,7 @@ void RVXAveragingProxyModelPrivate::removeColumns(int first, int last)
 
 void RVXAveragingProxyModelPrivate::moveColumns(int first, int last, int before)
 {
-    if (isAhead || first < 1 || before < 1 || std::max(last, before - 1) > averages.channels())
+    if (first < 1 || before < 1 || std::max(last, before - 1) > averages.channels())
         rebuild();
     else
         averages.moveChannels(first, last - first + 1, before);
@@ -178,18 +174,8 @@ RVXAveragingProxyModel::RVXAveragingProxyModel(QObject *parent)
     // Hooks do not report new, removed or moved channels, nor samples in another order. These connections are the
     // first, so they run before any view asks for a number.
     using Model = QAbstractItemModel;
-    const auto follow = [this](auto beginning) {
-        connect(this, beginning, this, [this] {
-            d_func()->isAhead = false;
-        });
-    };
-    follow(&Model::rowsAboutToBeInserted);
-    follow(&Model::rowsAboutToBeRemoved);
-    follow(&Model::columnsAboutToBeInserted);
-    follow(&Model::columnsAboutToBeRemoved);
-    follow(&Model::columnsAboutToBeMoved);
     connect(this, &Model::columnsInserted, this, [this](const QModelIndex &, int first, int last) {
-        d_func()->isAhead ? d_func()->rebuild() : d_func()->insertColumns(first, last);
+        d_func()->insertColumns(first, last);
     });
     connect(this, &Model::columnsRemoved, this, [this](const QModelIndex &, int first, int last) {
         d_func()->removeColumns(first, last);
@@ -236,7 +222,6 @@ void RVXAveragingProxyModel::setAveraging(int length)
     beginSharedReset();
     d->averages.setLength(length);
     d->update(1, d->averages.channels(), 1);
-    d->isAhead = true;
     endSharedReset();
 }
 
@@ -290,14 +275,13 @@ void RVXAveragingProxyModel::sourceRowsInserted(const QModelIndex &, int first, 
 void RVXAveragingProxyModel::sourceRowsRemoved(const QModelIndex &, int first, int last)
 {
     Q_D(RVXAveragingProxyModel);
-    if (first <= 1 && !d->isAhead) {
+    if (first <= 1) {
         d->dropOldest(last - std::max(first, 1) + 1);
         return;
     }
     // The rows that follow now continue from another average.
-    const int changed = d->isAhead ? 1 : first;
-    d->update(1, d->averages.channels(), changed);
-    d->announceFrom(changed);
+    d->update(1, d->averages.channels(), first);
+    d->announceFrom(first);
 }
 
 void RVXAveragingProxyModel::sourceModelReset()

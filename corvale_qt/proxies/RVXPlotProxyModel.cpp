@@ -117,6 +117,7 @@ void RVXPlotProxyModelPrivate::_q_sourceRowsMoved(const QModelIndex &from,
 void RVXPlotProxyModelPrivate::_q_sourceDataChanged(const QModelIndex &topLeft,
                                                     const QModelIndex &bottomRight)
 {
+    noteCellsChanged();
     const QModelIndex from = q->mapFromSource(topLeft);
     const QModelIndex to = q->mapFromSource(bottomRight);
     q->sourceDataChanged(from, to);

@@ -60,6 +60,8 @@ public:
     double shownZero(int column) const;
     double newestReading(int column) const;
     void takeChannels(int channels);
+    void startZeros();
+    bool hasZeroedSince() const;
     void columnsInserted(int first, int last);
     void columnsRemoved(int first, int last);
     void end();
@@ -70,6 +72,8 @@ public:
     QVector<double> zeros;
     int channels = 0;
     bool active = false;
+    // Whether the zeros are newer than the beginning of the change of columns that is announced now.
+    bool isNewer = false;
     // Whether channels may have different units, which take longer to look up.
     bool unitsDiffer = false;
     PlotDataReader source;
@@ -163,8 +167,24 @@ void RVXZeroingProxyModelPrivate::takeChannels(int count)
     channels = count;
 }
 
+//! Prepares for zeros of the channels that there are now.
+void RVXZeroingProxyModelPrivate::startZeros()
+{
+    channels = std::max(q->columnCount() - 1, 0);
+    unitsDiffer = hasChannelUnits(q);
+    isNewer = true;
+}
+
+//! Returns whether a listener that heard of a change of columns before this proxy has zeroed what is there after it.
+bool RVXZeroingProxyModelPrivate::hasZeroedSince() const
+{
+    return isNewer && channels == std::max(q->columnCount() - 1, 0);
+}
+
 void RVXZeroingProxyModelPrivate::columnsInserted(int first, int last)
 {
+    if (hasZeroedSince())
+        return;
     if (first <= channels)
         end();
     channels += last - first + 1;
@@ -172,6 +192,8 @@ void RVXZeroingProxyModelPrivate::columnsInserted(int first, int last)
 
 void RVXZeroingProxyModelPrivate::columnsRemoved(int first, int last)
 {
+    if (hasZeroedSince())
+        return;
     if (first <= zeros.size())
         end();
     channels -= last - first + 1;
@@ -214,6 +236,11 @@ RVXZeroingProxyModel::RVXZeroingProxyModel(QObject *parent)
 {
     // These connections are the first, so they run before any view asks for a number.
     Q_D(RVXZeroingProxyModel);
+    for (const auto begins : {&QAbstractItemModel::columnsAboutToBeInserted,
+                              &QAbstractItemModel::columnsAboutToBeRemoved})
+        connect(this, begins, this, [d] {
+            d->isNewer = false;
+        });
     connect(this,
             &QAbstractItemModel::columnsInserted,
             this,
@@ -254,8 +281,7 @@ void RVXZeroingProxyModel::zeroNow()
     if (!sourcePlotModel())
         return;
     beginSharedReset();
-    d->channels = std::max(columnCount() - 1, 0);
-    d->unitsDiffer = hasChannelUnits(this);
+    d->startZeros();
     d->zeros.resize(d->channels);
     for (int column = 1; column <= d->channels; ++column) {
         const double shown = d->newestReading(column);
@@ -290,8 +316,7 @@ void RVXZeroingProxyModel::setZeros(const QVector<double> &zeros)
 {
     Q_D(RVXZeroingProxyModel);
     beginSharedReset();
-    d->channels = std::max(columnCount() - 1, 0);
-    d->unitsDiffer = hasChannelUnits(this);
+    d->startZeros();
     d->zeros = zeros.mid(0, d->channels);
     d->active = !d->zeros.isEmpty();
     endSharedReset();

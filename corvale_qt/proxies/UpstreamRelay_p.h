@@ -6,6 +6,8 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
+
 namespace Corvale_Qt {
 
 /*! Makes a proxy announce what its source announces, with the indexes mapped. It has one function for each signal that
@@ -16,7 +18,10 @@ namespace Corvale_Qt {
     end signal, so that the proxy is up to date when views react.
 
     Announcements of the proxy always come in pairs. If it got its source in the middle of a change, and so hears an
-    end without a beginning, it resets. If it loses its source in the middle of a change, it ends the change itself. */
+    end without a beginning, it resets. If it loses its source in the middle of a change, it ends the change itself.
+
+    Listeners may hear of a change before the proxy does, and reset the proxy or change the source once more. What the
+    proxy keeps may then hold the change already, so such a change ends within a reset, in which the proxy starts afresh. */
 template<typename Proxy>
 class UpstreamRelay
 {
@@ -116,6 +121,7 @@ public:
 
     void _q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight)
     {
+        noteCellsChanged();
         const QModelIndex from = q->mapFromSource(topLeft);
         const QModelIndex to = q->mapFromSource(bottomRight);
         q->sourceDataChanged(from, to);
@@ -142,6 +148,7 @@ public:
         });
         q->changePersistentIndexList(m_held.before(), now);
         m_held.clear();
+        m_isOvertaken = true;
         Q_EMIT q->layoutChanged();
     }
 
@@ -159,6 +166,7 @@ public:
     //! Begins a reset. Resets may be nested; views hear of the outermost only.
     void beginReset()
     {
+        m_isOvertaken = true;
         if (m_resets++ == 0)
             q->beginResetModel();
     }
@@ -186,6 +194,9 @@ public:
     }
 
 protected:
+    //! Notes that cells of the source have changed, maybe in the middle of a change that gives its cells other places.
+    void noteCellsChanged() { m_isOvertaken = m_isOvertaken || mayShiftCells(); }
+
     Proxy *const q;
 
 private:
@@ -202,6 +213,9 @@ private:
     template<typename Announce>
     void begin(Change change, Announce announce)
     {
+        const bool isInner = m_beginning > 0 || !m_open.isEmpty();
+        const bool isOfRows = change == Change::RowInsertion || change == Change::RowRemoval;
+        m_isOvertaken = isInner && (m_isOvertaken || mayShiftCells() || !isOfRows);
         ++m_beginning;
         if (announce())
             m_open.append(change);
@@ -235,6 +249,18 @@ private:
 
     void end(Change change)
     {
+        const bool startsAfresh = m_isOvertaken && m_open.isEmpty();
+        if (startsAfresh)
+            beginReset();
+        announceEnd(change);
+        if (startsAfresh) {
+            q->sourceModelReset();
+            endReset();
+        }
+    }
+
+    void announceEnd(Change change)
+    {
         switch (change) {
         case Change::RowInsertion:
             q->endInsertRows();
@@ -257,6 +283,15 @@ private:
         }
     }
 
+    /*! Returns whether a change is open that gives cells of the source other places. Rows that are inserted, nearly always
+        at the end, leave the others where they are; some models open their insertion around the removal of the oldest row. */
+    bool mayShiftCells() const
+    {
+        return m_beginning > 0 || std::any_of(m_open.begin(), m_open.end(), [](Change change) {
+                   return change != Change::RowInsertion;
+               });
+    }
+
     void reset()
     {
         beginReset();
@@ -270,6 +305,8 @@ private:
     // How many beginnings are being emitted right now, and whether all changes end after them.
     int m_beginning = 0;
     bool m_endsAll = false;
+    // Whether the proxy was reset, or the source changed again, since the outermost open change began.
+    bool m_isOvertaken = false;
     HeldIndexes m_held;
 };
 

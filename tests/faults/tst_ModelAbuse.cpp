@@ -361,6 +361,15 @@ private:
         }
     }
 
+    //! Returns the first column whose channel has that name; 0 if there is none.
+    static int columnCalled(const Model *items, const char *name)
+    {
+        for (int i = 1; i < items->columnCount(); ++i)
+            if (items->index(0, i).data().toString() == QLatin1String(name))
+                return i;
+        return 0;
+    }
+
     //! Returns how the table of a proxy differs from what it is by definition.
     static QString faultOf(const Model *model)
     {
@@ -382,6 +391,14 @@ private:
             for (int column = 0; column < (isZeroing ? 1 : equal); ++column)
                 if (!same(proxy->doubleData(row, column), source->doubleData(row, column)))
                     return QStringLiteral("row %1, column %2").arg(row).arg(column);
+        const auto *computed = qobject_cast<const RVXComputedChannelsProxyModel *>(proxy);
+        const int ch1 = columnCalled(items, "ch1"), ch2 = columnCalled(items, "ch2");
+        const bool hasSum = computed && !computed->computedChannels().isEmpty()
+            && computed->fault().isEmpty() && ch1 > 0 && ch2 > 0;
+        for (int row = 1; hasSum && row < items->rowCount(); ++row)
+            if (!same(proxy->doubleData(row, items->columnCount()),
+                      source->doubleData(row, ch1) + source->doubleData(row, ch2)))
+                return QStringLiteral("row %1, the sum").arg(row);
         return {};
     }
 

@@ -280,6 +280,51 @@ private Q_SLOTS:
         }
     }
 
+    /*! A listener that hears of removed rows before the proxy gives it other channels, or changes the source once more. Then, and
+        as listeners follow it, the proxy has the rows that there are. */
+    void listenersOvertakeTheProxy()
+    {
+        for (int what = 0; what < 6; ++what) {
+            BufferModel source(2, 8);
+            for (int i = 1; i <= 8; ++i)
+                source.append(i, i * i);
+            RVXComputedChannelsProxyModel proxy, above;
+            auto once = std::make_shared<QMetaObject::Connection>();
+            const std::function<void()> acts[] = {[&] {
+                                                      proxy.setComputedChannels(usual);
+                                                  },
+                                                  [&] {
+                                                      source.dropOldest(1);
+                                                  },
+                                                  [&] {
+                                                      source.remove(2, 3);
+                                                  },
+                                                  [&] {
+                                                      source.change(2, 1, 50);
+                                                  },
+                                                  [&] {
+                                                      source.reverse();
+                                                  },
+                                                  [&] {
+                                                      source.append(9, 90);
+                                                  }};
+            *once = connect(&source, &QAbstractItemModel::rowsRemoved, &proxy, [&] {
+                QObject::disconnect(*once);
+                acts[what]();
+            });
+            proxy.setSourceModel(&source);
+            above.setSourceModel(&proxy);
+            QVERIFY(proxy.setComputedChannels(usual)
+                    && above.setComputedChannels(
+                        {{"again", "", "(ch1 - ch2) / total"}, {"sum", "", "ch1 + ch2"}}));
+            const TableMirror<RVXComputedChannelsProxyModel> mirror(&proxy);
+            source.dropOldest(2);
+            QCOMPARE(differenceOf(proxy), QString());
+            QCOMPARE(differenceOf(above), QString());
+            QCOMPARE(mirror.error(), QString());
+        }
+    }
+
     //! The columns of merged models drop rows one after the other: what is computed of them is not kept.
     void readingsThatAreNotKept()
     {

@@ -89,6 +89,28 @@ private Q_SLOTS:
     }
 
     //! The zero of a channel follows the unit of the channel.
+    //! A listener that hears of other channels before the proxy zeroes those that are there now; one that is told of them
+    //! beforehand zeroes those that were, which ends.
+    void zeroedInTheMiddleOfAChange()
+    {
+        using Model = QAbstractItemModel;
+        for (const bool isAfter : {true, false}) {
+            BufferModel source(3);
+            source.append(1, 7);
+            RVXZeroingProxyModel proxy;
+            QAbstractItemModel *const sender = isAfter ? static_cast<Model *>(&source) : &proxy;
+            for (const auto signal :
+                 {isAfter ? &Model::columnsInserted : &Model::columnsAboutToBeInserted,
+                  isAfter ? &Model::columnsRemoved : &Model::columnsAboutToBeRemoved})
+                connect(sender, signal, &proxy, &RVXZeroingProxyModel::zeroNow);
+            proxy.setSourceModel(&source);
+            source.insertChannelInFront(4);
+            QCOMPARE(rowsText(proxy), QString(isAfter ? "1: 0 0 0 0" : "1: 4 7 8 9"));
+            source.removeChannel(4);
+            QCOMPARE(rowsText(proxy), QString(isAfter ? "1: 0 0 0" : "1: 4 7 8"));
+        }
+    }
+
     void textsAreInTheUnit()
     {
         const Units::nA nA;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Hosts may delete any widget of the library inside its own signals, give it any size, and take its model away. The widgets, with something in them, are those that Qt Designer previews.
+// Hosts may delete any widget of the library inside its own signals, give it any size, and take its model away. The widgets, with
+// something in them, are those that Qt Designer previews. A last one has each fault that the others must not have.
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "designer/WidgetTable.h"
 #include "tests/support/Rows.h"
@@ -216,7 +217,131 @@ const QMetaMethod &actSlot()
     return slot;
 }
 
+//! Returns the signals of a widget's own classes that \a actions cause, and the first action after which each was emitted.
+QHash<int, int> firedBy(const WidgetDescription &description, const QVector<Action> &actions)
+{
+    QHash<int, int> fired;
+    Specimen specimen(description);
+    const QMetaObject *type = specimen.widget->metaObject();
+    std::map<int, std::unique_ptr<QSignalSpy>> spies;
+    for (int i = qtClassOf(*specimen.widget)->methodCount(); i < type->methodCount(); ++i)
+        if (type->method(i).methodType() == QMetaMethod::Signal)
+            spies[i] = std::make_unique<QSignalSpy>(specimen.widget, type->method(i));
+    for (int action = 0; action < actions.size(); ++action) {
+        actions[action](specimen);
+        for (const auto &[signal, spy] : spies)
+            if (!spy->isEmpty() && !fired.contains(signal))
+                fired.insert(signal, action);
+    }
+    return fired;
+}
+
+//! Deletes a widget inside each of its signals; returns how many there are.
+int deleteInsideSignals(const WidgetDescription &description)
+{
+    const QVector<Action> actions = actionsFor(*Specimen(description).widget);
+    const QHash<int, int> fired = firedBy(description, actions);
+    for (auto each = fired.begin(); each != fired.end(); ++each) {
+        Specimen specimen(description);
+        const QMetaMethod signal = specimen.widget->metaObject()->method(each.key());
+        if (qEnvironmentVariableIsSet("CORVALE_QT_TEST_VERBOSE"))
+            qInfo("%s", signal.methodSignature().constData());
+        Deleter deleter(specimen.widget);
+        QObject::connect(specimen.widget, signal, &deleter, actSlot());
+        actions[each.value()](specimen);
+        for (int i = 0; specimen.widget && i <= each.value(); ++i)
+            actions[i](specimen);
+        if (deleter.hasActed() != specimen.widget.isNull())
+            QTest::qFail(signal.methodSignature(), __FILE__, __LINE__);
+    }
+    return fired.size();
+}
+
+void giveAnySize(const WidgetDescription &description)
+{
+    Specimen specimen(description);
+    for (const QSize &size :
+         {QSize(0, 0), QSize(1, 1), QSize(30000, 30), QSize(30, 30000), QSize(2, 500)}) {
+        specimen.widget->setMinimumSize(0, 0);
+        specimen.widget->resize(size);
+        QCOMPARE(specimen.widget->grab().isNull(), specimen.widget->size().isEmpty());
+        QCoreApplication::processEvents();
+    }
+}
+
+void deleteModelsBeforeAPaint(const WidgetDescription &description)
+{
+    Specimen specimen(description);
+    for (QAbstractItemModel *model : specimen.models()) {
+        if (auto *channel = qobject_cast<RVXSingleChannelDataModel *>(model))
+            channel->AddData(1e4, 1e-9);
+        specimen.widget->update();
+        delete model;
+        QVERIFY(!specimen.widget->grab().isNull());
+    }
+    QCoreApplication::processEvents();
+}
+
 } // namespace
+
+namespace Corvale_Qt {
+
+/*! Has each fault that the tests look for. Where another widget would crash, it notes what it did: it goes on after its deletion,
+    cannot be painted in every size, and reads its model in a paint although the model is gone. */
+class FaultyWidget : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(bool mark READ isMarked WRITE setMarked NOTIFY markedChanged)
+
+public:
+    using QWidget::QWidget;
+
+    static QStringList faults;
+
+    static QWidget *create(QWidget *parent) { return new FaultyWidget(parent); }
+    static void giveModel(QWidget *widget)
+    {
+        auto *const self = static_cast<FaultyWidget *>(widget);
+        self->m_model = new RVXSingleChannelDataModel(self);
+        self->m_hasModel = true;
+    }
+
+    bool isMarked() const { return m_isMarked; }
+    void setMarked(bool marked)
+    {
+        const QPointer<FaultyWidget> self(this);
+        m_isMarked = marked;
+        Q_EMIT markedChanged(marked);
+        note(!self, "deleted");
+    }
+
+Q_SIGNALS:
+    void markedChanged(bool marked);
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        note(width() > 20000, "wide");
+        note(height() > 20000, "high");
+        note(width() == 1, "narrow");
+        note(m_hasModel && !m_model, "model");
+    }
+
+private:
+    static void note(bool isFault, const char *what)
+    {
+        if (isFault && !faults.contains(what))
+            faults.append(what);
+    }
+
+    QPointer<QAbstractItemModel> m_model;
+    bool m_hasModel = false;
+    bool m_isMarked = false;
+};
+
+QStringList FaultyWidget::faults;
+
+} // namespace Corvale_Qt
 
 class tst_WidgetAbuse : public QObject
 {
@@ -240,66 +365,41 @@ private Q_SLOTS:
     {
         QFETCH(int, number);
         const WidgetDescription &description = widgetTable()[std::size_t(number)];
-        QVector<Action> actions;
-        QHash<int, int> firedBy; // signals, and the first action after which each had been emitted
-        {
-            Specimen specimen(description);
-            actions = actionsFor(*specimen.widget);
-            const QMetaObject *type = specimen.widget->metaObject();
-            const int first = qtClassOf(*specimen.widget)->methodCount(), end = type->methodCount();
-            std::map<int, std::unique_ptr<QSignalSpy>> spies;
-            for (int i = first; i < end; ++i)
-                if (type->method(i).methodType() == QMetaMethod::Signal)
-                    spies[i] = std::make_unique<QSignalSpy>(specimen.widget, type->method(i));
-            for (int action = 0; action < actions.size(); ++action) {
-                actions[action](specimen);
-                for (const auto &[signal, spy] : spies)
-                    if (!spy->isEmpty() && !firedBy.contains(signal))
-                        firedBy.insert(signal, action);
-            }
-        }
-        for (auto fired = firedBy.begin(); fired != firedBy.end(); ++fired) {
-            Specimen specimen(description);
-            const QMetaMethod signal = specimen.widget->metaObject()->method(fired.key());
-            if (qEnvironmentVariableIsSet("CORVALE_QT_TEST_VERBOSE"))
-                qInfo("%s", signal.methodSignature().constData());
-            Deleter deleter(specimen.widget);
-            QObject::connect(specimen.widget, signal, &deleter, actSlot());
-            actions[fired.value()](specimen);
-            for (int i = 0; specimen.widget && i <= fired.value(); ++i)
-                actions[i](specimen);
-            QVERIFY2(deleter.hasActed() == specimen.widget.isNull(), signal.methodSignature());
-        }
-        qInfo("%s: deleted inside %d signals", description.className, firedBy.size());
+        const int count = deleteInsideSignals(description);
+        qInfo("%s: deleted inside %d signals", description.className, count);
     }
 
     void anySize_data() { everyWidget(); }
     void anySize()
     {
         QFETCH(int, number);
-        Specimen specimen(widgetTable()[std::size_t(number)]);
-        for (const QSize &size :
-             {QSize(0, 0), QSize(1, 1), QSize(30000, 30), QSize(30, 30000), QSize(2, 500)}) {
-            specimen.widget->setMinimumSize(0, 0);
-            specimen.widget->resize(size);
-            QCOMPARE(specimen.widget->grab().isNull(), specimen.widget->size().isEmpty());
-            QCoreApplication::processEvents();
-        }
+        giveAnySize(widgetTable()[std::size_t(number)]);
     }
 
     void modelDeletedBeforeAPaint_data() { everyWidget(); }
     void modelDeletedBeforeAPaint()
     {
         QFETCH(int, number);
-        Specimen specimen(widgetTable()[std::size_t(number)]);
-        for (QAbstractItemModel *model : specimen.models()) {
-            if (auto *channel = qobject_cast<RVXSingleChannelDataModel *>(model))
-                channel->AddData(1e4, 1e-9);
-            specimen.widget->update();
-            delete model;
-            QVERIFY(!specimen.widget->grab().isNull());
-        }
-        QCoreApplication::processEvents();
+        deleteModelsBeforeAPaint(widgetTable()[std::size_t(number)]);
+    }
+
+    void plantedFaultsAreFound()
+    {
+        WidgetDescription faulty;
+        faulty.size = QSize(100, 30);
+        faulty.create = FaultyWidget::create;
+        faulty.preview = FaultyWidget::giveModel;
+        const auto found = [&](void (*abuse)(const WidgetDescription &)) {
+            FaultyWidget::faults.clear();
+            abuse(faulty);
+            return FaultyWidget::faults.join(QLatin1Char(' '));
+        };
+        QCOMPARE(found([](const WidgetDescription &description) {
+                     QCOMPARE(deleteInsideSignals(description), 1);
+                 }),
+                 QString("deleted"));
+        QCOMPARE(found(giveAnySize), QString("narrow wide high"));
+        QCOMPARE(found(deleteModelsBeforeAPaint), QString("model"));
     }
 
 private:

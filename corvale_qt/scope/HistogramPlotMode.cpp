@@ -118,7 +118,7 @@ void HistogramPlotMode::plot()
     showMarkers();
     m_context.noteHidden(m_context.yScale.isLogarithmic ? namesOfNotPositive() : QStringList());
     m_context.holdYAxis();
-    m_context.plot->updateAxes();
+    m_context.axes.update();
 }
 
 void HistogramPlotMode::clear()
@@ -130,7 +130,7 @@ void HistogramPlotMode::clear()
     m_context.followUnits(ScopeAxes::Show::FirstUnit);
     m_context.axes.showEmpty();
     m_context.showYTitles();
-    m_context.plot->updateAxes();
+    m_context.axes.update();
 }
 
 //! Returns the largest magnitude of all bars in a normalised histogram, and 1 in others.

@@ -326,6 +326,29 @@ void ScopeAxes::setYTitle(int axis, const QString &title)
     setTitle(m_plot, axis, title, 10);
 }
 
+void ScopeAxes::update()
+{
+    bool isOther = false;
+    for (int axis = 0; axis < QwtPlot::axisCnt; ++axis)
+        isOther = labelOnlyShown(axis) || isOther;
+    m_plot->updateAxes();
+    if (isOther)
+        m_plot->updateLayout();
+}
+
+//! Takes the labels from an axis that is not shown: Qwt measures them for each picture. Returns whether a shown one got its back.
+bool ScopeAxes::labelOnlyShown(int axis)
+{
+    QwtScaleDraw *const draw = m_plot->axisScaleDraw(axis);
+    const bool isShown = m_plot->axisEnabled(axis);
+    bool &isWithout = m_isWithoutLabels[size_t(axis)];
+    if (isShown ? !isWithout : !draw->hasComponent(QwtAbstractScaleDraw::Labels))
+        return false;
+    isWithout = !isShown;
+    draw->enableComponent(QwtAbstractScaleDraw::Labels, isShown);
+    return isShown;
+}
+
 void ScopeAxes::setXTitle(const QString &title)
 {
     if (title == m_xTitle)

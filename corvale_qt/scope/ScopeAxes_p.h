@@ -87,9 +87,12 @@ public:
     const ValueAxis &values(int axis = QwtPlot::yLeft) const { return m_values[size_t(axis)]; }
     void setYTitle(int axis, const QString &title);
     void setXTitle(const QString &title);
+    //! Has the axes show their scales, those that follow the data first.
+    void update();
 
 private:
     void applyYScale(int axis, const YScale &scale);
+    bool labelOnlyShown(int axis);
 
     QwtPlot *m_plot;
     const ChannelUnits &m_units;
@@ -101,6 +104,7 @@ private:
     // Setting a title lays out the plot even if the title is the same.
     QString m_xTitle;
     std::array<QString, 2> m_yTitles;
+    std::array<bool, QwtPlot::axisCnt> m_isWithoutLabels{}; //!< while the axis is not shown
 };
 
 } // namespace Corvale_Qt

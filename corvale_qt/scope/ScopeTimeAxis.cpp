@@ -6,10 +6,12 @@
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_scale_div.h>
 #include <qwt_scale_widget.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -21,6 +23,14 @@ constexpr int kRightBorder = 20;
 TimeScaleDraw *drawOf(QwtPlot *plot)
 {
     return dynamic_cast<TimeScaleDraw *>(plot->axisScaleDraw(QwtPlot::xBottom));
+}
+
+//! Returns whether the axis shows a range that does not follow the data, with ticks at distances that Qwt chooses.
+bool hasNumbers(const QwtPlot *plot, const std::pair<double, double> &range)
+{
+    const QwtScaleDiv &shown = plot->axisScaleDiv(QwtPlot::xBottom);
+    return !plot->axisAutoScale(QwtPlot::xBottom) && plot->axisStepSize(QwtPlot::xBottom) == 0.0
+        && std::pair(shown.lowerBound(), shown.upperBound()) == range;
 }
 
 //! Leaves room for half of a label beyond the last tick, so that the canvas keeps its width while labels move.
@@ -75,19 +85,25 @@ void ScopeTimeAxis::show(double left, double right)
         return;
     if (isTranslated() && showTicks(left, right))
         return;
-    if (TimeScaleDraw *draw = drawOf(m_plot))
-        draw->useNumbers();
-    m_unit.clear();
-    m_plot->setAxisScale(QwtPlot::xBottom, left, right);
+    showNumbers(left, right);
 }
 
 void ScopeTimeAxis::showEmpty(double width)
 {
+    const bool isWidth = width > 0.0 && std::isfinite(width);
+    showNumbers(0.0, isWidth ? width : 1.0);
+}
+
+//! Shows a range with the numbers of the model.
+void ScopeTimeAxis::showNumbers(double left, double right)
+{
     if (TimeScaleDraw *draw = drawOf(m_plot))
         draw->useNumbers();
     m_unit.clear();
-    const bool isWidth = width > 0.0 && std::isfinite(width);
-    m_plot->setAxisScale(QwtPlot::xBottom, 0.0, isWidth ? width : 1.0);
+    const std::pair range(left, right);
+    const bool isOther = std::exchange(m_numbered, range) != range;
+    if (isOther || !hasNumbers(m_plot, range)) // Qwt would divide even the same range anew
+        m_plot->setAxisScale(QwtPlot::xBottom, left, right);
 }
 
 //! Returns false if the range cannot have ticks of a clock.
@@ -108,6 +124,7 @@ bool ScopeTimeAxis::showTicks(double left, double right)
     if (ticks.unit.isEmpty())
         return false;
     m_unit = ticks.unit;
+    m_numbered.reset();
     const bool isOther = draw->setTicks(ticks);
     m_plot->setAxisScaleDiv(QwtPlot::xBottom,
                             QwtScaleDiv(left, right, ticks.minor, QList<double>(), ticks.major));

@@ -9,6 +9,9 @@
 #include <QDateTime>
 #include <QString>
 
+#include <optional>
+#include <utility>
+
 class QwtPlot;
 
 namespace Corvale_Qt {
@@ -32,6 +35,8 @@ public:
     //! Sets whether x counts from a trigger, so that it is no moment.
     void setFromTrigger(bool fromTrigger) { m_isFromTrigger = fromTrigger; }
 
+    //! Has the next range be set in any case, because the axis was another one in between.
+    void restart() { m_numbered.reset(); }
     //! Sets range and ticks of the axis. A range that is not finite changes nothing.
     void show(double left, double right);
     //! Sets the range of the axis while there are no samples: from 0 to \a width, or to 1 if that is no width.
@@ -45,6 +50,7 @@ public:
 
 private:
     TimeScale scale() const;
+    void showNumbers(double left, double right);
     bool showTicks(double left, double right);
 
     QwtPlot *m_plot;
@@ -55,6 +61,7 @@ private:
     mutable ClockOffsets m_offsets;
     TextWidths m_widths;
     QString m_unit; //!< of the labels, as TimeTicks gives it
+    std::optional<std::pair<double, double>> m_numbered; //!< the range, if Qwt divides it
 };
 
 } // namespace Corvale_Qt

@@ -22,6 +22,7 @@ void TimePlotMode::enter()
     m_context.surface.showOnly(m_context.plot);
     m_context.axes.prepareTimeAxis();
     m_context.timeAxis.setFromTrigger(false);
+    m_context.timeAxis.restart();
     followUnits();
     setAxisTitles(); // the first sweep may take long to complete
 }
@@ -88,7 +89,7 @@ void TimePlotMode::showNoCurves()
         m_context.timeAxis.showEmpty(m_context.stripWidth());
     }
     setAxisTitles();
-    m_context.plot->updateAxes();
+    m_context.axes.update();
 }
 
 void TimePlotMode::finish(double left, double right)
@@ -104,7 +105,7 @@ void TimePlotMode::finish(double left, double right)
     const bool isLogarithmic = m_context.yScale.isLogarithmic;
     m_context.noteHidden(isLogarithmic ? m_context.curves.namesOfNotPositive() : QStringList());
     m_context.holdYAxis();
-    m_context.plot->updateAxes();
+    m_context.axes.update();
 }
 
 void TimePlotMode::setAxisTitles()

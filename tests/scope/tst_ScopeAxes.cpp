@@ -8,6 +8,7 @@
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
+#include "tests/support/AxisTexts.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
@@ -543,6 +544,41 @@ private Q_SLOTS:
         QVERIFY(!view.qwtPlot()->axisEnabled(QwtPlot::yRight));
         view.showMode(View::StripMode);
         QCOMPARE(view.axes(), QString("LRR-"));
+    }
+
+    //! An axis that has its range already is not set again, but one that was another axis in between is.
+    void theTimeAxisComesBack()
+    {
+        ScopeTestModel model(3);
+        model.appendRows(40, 0.1, level);
+        ScopeTestView view(&model);
+        const QwtInterval range = view.x();
+        const auto ticks = [&view] {
+            return view.qwtPlot()->axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick);
+        };
+        const QList<double> numbers = ticks();
+        view.setTimeAxis(View::RelativeToNow);
+        view.settle();
+        QVERIFY(ticks() != numbers);
+        view.setTimeAxis(View::Seconds);
+        view.settle();
+        QCOMPARE(ticks(), numbers);
+        view.SetPlotMode(View::HistogramMode);
+        view.SetPlotMode(View::StripMode); // before a picture is painted
+        QCOMPARE(view.x(), range);
+        QCOMPARE(ticks(), numbers);
+    }
+
+    //! Labels that nobody sees are not measured; an axis that a host shows has them.
+    void anAxisThatAHostShowsHasLabels()
+    {
+        SineView view(0.0, 1.0);
+        QwtPlot &plot = *view.qwtPlot();
+        QVERIFY(!plot.axisScaleDraw(QwtPlot::xTop)->hasComponent(QwtScaleDraw::Labels));
+        plot.enableAxis(QwtPlot::xTop);
+        view.settle();
+        QVERIFY(plot.axisScaleDraw(QwtPlot::xTop)->hasComponent(QwtScaleDraw::Labels));
+        QCOMPARE(cutAxisTexts(plot), QString());
     }
 
     void percentagesAreOfTheDataUntilARangeIsSet()

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/BlockOfReadings_p.h"
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
+#include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/models/SeriesSource_p.h"
 
@@ -9,42 +10,29 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <cstddef>
 
 namespace Corvale_Qt {
 
 namespace {
 
-// Two doubles that the processor handles with one instruction. A comparison with a NaN is false in its lane alone.
-using Pair = double __attribute__((vector_size(16)));
-
-Pair lesser(Pair a, Pair b)
-{
-    return a < b ? a : b;
-}
-
-Pair greater(Pair a, Pair b)
-{
-    return a > b ? a : b;
-}
-
 //! Ranges of several pairs side by side, so that the processor does not wait for one comparison to start the next.
 template<int pairs>
 struct Lanes
 {
-    Pair least[pairs]{};
-    Pair greatest[pairs]{};
+    NumberPair least[pairs]{};
+    NumberPair greatest[pairs]{};
     // Not finite if one of the numbers is not. A sum of enormous numbers may overflow as well, which only costs time.
-    Pair sum[pairs]{};
+    NumberPair sum[pairs]{};
 
     Lanes()
     {
-        std::fill_n(least, pairs, Pair{kInfinity, kInfinity});
-        std::fill_n(greatest, pairs, Pair{-kInfinity, -kInfinity});
-        std::fill_n(sum, pairs, Pair{0.0, 0.0});
+        std::fill_n(least, pairs, NumberPair{kInfinity, kInfinity});
+        std::fill_n(greatest, pairs, NumberPair{-kInfinity, -kInfinity});
+        std::fill_n(sum, pairs, NumberPair{0.0, 0.0});
     }
 
-    void add(int lane, Pair value)
+    void add(int lane, NumberPair value)
     {
         least[lane] = lesser(value, least[lane]);
         greatest[lane] = greater(value, greatest[lane]);
@@ -53,9 +41,9 @@ struct Lanes
 
     ValueRange range() const
     {
-        Pair low = least[0];
-        Pair high = greatest[0];
-        Pair total = sum[0];
+        NumberPair low = least[0];
+        NumberPair high = greatest[0];
+        NumberPair total = sum[0];
         for (int lane = 1; lane < pairs; ++lane) {
             low = lesser(low, least[lane]);
             high = greater(high, greatest[lane]);
@@ -77,14 +65,11 @@ ValueRange rangeByLanes(const double *values, int count)
     for (; i + 2 * pairs <= count; i += 2 * pairs) {
         if (pairs > 1)
             __builtin_prefetch(values + i + prefetched);
-        for (int lane = 0; lane < pairs; ++lane) {
-            Pair pair;
-            std::memcpy(&pair, values + i + std::ptrdiff_t(2) * lane, sizeof pair);
-            lanes.add(lane, pair);
-        }
+        for (int lane = 0; lane < pairs; ++lane)
+            lanes.add(lane, pairAt(values + i + std::ptrdiff_t(2) * lane));
     }
     for (; i < count; ++i)
-        lanes.add(0, Pair{values[i], values[i]});
+        lanes.add(0, NumberPair{values[i], values[i]});
     return lanes.range();
 }
 

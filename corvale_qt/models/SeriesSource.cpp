@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/ColumnSeries_p.h"
+#include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/models/SeriesSource_p.h"
 
+#include <algorithm>
 #include <cmath>
 #include <typeinfo>
 #include <utility>
@@ -38,11 +40,24 @@ bool SeriesSpans::rise() const
 void SeriesSpans::values(int first, int count, double *out) const
 {
     const int inFirst = std::clamp(m_y.size[0] - first, 0, count);
-    for (int i = 0; i < inFirst; ++i)
-        out[i] = shown(m_y.piece[0][first + i]);
-    const int skipped = first - m_y.size[0];
-    for (int i = inFirst; i < count; ++i)
-        out[i] = shown(m_y.piece[1][skipped + i]);
+    if (inFirst > 0)
+        convert(m_y.piece[0] + first, inFirst, out);
+    if (inFirst < count)
+        convert(m_y.piece[1] + (first + inFirst - m_y.size[0]), count - inFirst, out + inFirst);
+}
+
+//! Writes what shown() returns for each of the stored numbers.
+void SeriesSpans::convert(const double *stored, int count, double *out) const
+{
+    int i = 0;
+    if (m_source.scale == 1.0) {
+        const NumberPair factor{m_y.factor, m_y.factor};
+        const NumberPair zero{m_y.zero, m_y.zero};
+        for (; i + 2 <= count; i += 2)
+            writePair(out + i, factor * pairAt(stored + i) - zero);
+    }
+    for (; i < count; ++i)
+        out[i] = shown(stored[i]);
 }
 
 } // namespace Corvale_Qt

@@ -69,6 +69,8 @@ public:
     const RingSpans &storedY() const { return m_y; }
 
 private:
+    void convert(const double *stored, int count, double *out) const;
+
     SeriesSource m_source;
     RingSpans m_x;
     RingSpans m_y;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
@@ -53,11 +54,48 @@ void toWholePixels(QPolygonF &points)
 
 bool areFinite(const double *values, int count)
 {
-    double nothing = 0.0;
-    for (int i = 0; i < count; ++i)
-        nothing += values[i] - values[i];
-    return nothing == 0.0;
+    NumberPair nothing{0.0, 0.0};
+    int i = 0;
+    for (; i + 2 <= count; i += 2)
+        nothing += pairAt(values + i) - pairAt(values + i);
+    if (i < count)
+        nothing[0] += values[i] - values[i];
+    return nothing[0] == 0.0 && nothing[1] == 0.0;
 }
+
+//! Finds the pixels of two values at a time, as pixelOf() finds them, on an axis without a transformation.
+class PairsToPixels
+{
+public:
+    explicit PairsToPixels(const QwtScaleMap &map)
+        : m_value{map.s1(), map.s1()}
+        , m_pixel{map.p1(), map.p1()}
+        , m_pixels{pixelsForOne(map), pixelsForOne(map)}
+    {
+    }
+
+    NumberPair operator()(NumberPair values) const
+    {
+        constexpr NumberPair limit{mostPixels, mostPixels};
+        const NumberPair coordinates = m_pixel + (values - m_value) * m_pixels;
+        const NumberPair raised = lesser(greater(coordinates, -limit), limit) + 0.5;
+        // Numbers of this size have no fractions, so that adding it rounds to the nearest whole number. The one wanted is not above.
+        constexpr double whole = 6755399441055744.0; // 1.5 * 2^52
+        const NumberPair nearest = (raised + whole) - whole;
+        return nearest > raised ? nearest - 1.0 : nearest;
+    }
+
+private:
+    //! Returns what a map multiplies with, computed as it computes it.
+    static double pixelsForOne(const QwtScaleMap &map)
+    {
+        return map.s1() != map.s2() ? (map.p2() - map.p1()) / (map.s2() - map.s1()) : 1.0;
+    }
+
+    NumberPair m_value;
+    NumberPair m_pixel;
+    NumberPair m_pixels;
+};
 
 bool isFinite(double x, double y)
 {
@@ -252,7 +290,16 @@ LineBreaks CurveLines::breaksFrom(int from) const
 void CurveLines::place(const double *positions, const double *y, int count, QPointF *points) const
 {
     if (m_aligned) {
-        for (int i = 0; i < count; ++i)
+        int i = 0;
+        if (!m_yMap.transformation()) {
+            const PairsToPixels pixels(m_yMap);
+            for (; i + 2 <= count; i += 2) {
+                const NumberPair rows = pixels(pairAt(y + i));
+                points[i] = QPointF(positions[i], rows[0]);
+                points[i + 1] = QPointF(positions[i + 1], rows[1]);
+            }
+        }
+        for (; i < count; ++i)
             points[i] = QPointF(positions[i], pixelOf(m_yMap, y[i]));
     } else {
         for (int i = 0; i < count; ++i)

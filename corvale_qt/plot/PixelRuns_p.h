@@ -13,12 +13,13 @@
 
 namespace Corvale_Qt {
 
+//! The largest coordinate of a pixel: one less than the largest int, so that a neighbouring pixel does not overflow.
+constexpr double mostPixels = 2147483646.0;
+
 //! Rounds a finite coordinate as Qwt does; a coordinate beyond the range of int is limited to it.
 inline int pixelOf(double coordinate)
 {
-    // One less than the largest int, so that a neighbouring pixel does not overflow.
-    constexpr double limit = 2147483646.0;
-    return qRound(std::min(std::max(coordinate, -limit), limit));
+    return qRound(std::min(std::max(coordinate, -mostPixels), mostPixels));
 }
 
 //! Returns the pixel of a value on an axis.

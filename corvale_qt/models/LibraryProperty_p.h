@@ -8,7 +8,16 @@
 #include <QMetaProperty>
 #include <QObject>
 
+#include <atomic>
+
 namespace Corvale_Qt {
+
+//! Returns whether the property with an index has a name and a type. An index below 0 is that of none.
+inline bool isProperty(const QMetaObject &meta, int index, const char *name, const char *type)
+{
+    const QMetaProperty property = meta.property(index);
+    return qstrcmp(property.name(), name) == 0 && qstrcmp(property.typeName(), type) == 0;
+}
 
 /*! Returns the pointer that \a model hands out by the property \a name of type \a type; null if it has no such property.
 
@@ -19,10 +28,18 @@ const Interface *
 interfaceByProperty(const RVXAbstractPlotDataModel &model, const char *name, const char *type)
 {
     const auto *object = dynamic_cast<const QObject *>(&model);
-    const QMetaObject *meta = object ? object->metaObject() : nullptr;
-    const int index = meta ? meta->indexOfProperty(name) : -1;
-    if (index < 0 || qstrcmp(meta->property(index).typeName(), type) != 0)
+    if (!object)
         return nullptr;
+    // A view asks several times for each channel and picture, and most of its models are of one class.
+    static std::atomic<int> foundLast{-1};
+    const QMetaObject *const meta = object->metaObject();
+    int index = foundLast.load(std::memory_order_relaxed);
+    if (!isProperty(*meta, index, name, type)) {
+        index = meta->indexOfProperty(name);
+        if (!isProperty(*meta, index, name, type))
+            return nullptr;
+        foundLast.store(index, std::memory_order_relaxed);
+    }
     // What QMetaProperty::read() does in the end; its QVariant costs more than all the rest.
     const Interface *found = nullptr;
     void *result[] = {&found, nullptr, nullptr};

@@ -44,15 +44,15 @@ void StripPlotMode::plot()
         m_context.gaps.showStrip(m_context.curves, reader, shown.rows, request.samples));
     m_context.markers.begin(reader, {1, request.samples});
     m_context.markers.findInStrip(blocks, shown.firstRow);
-    const bool reachesBack = shown.left < shown.firstRow;
+    const bool reachesBlocks = blocks && shown.left < shown.firstRow;
     m_context.curves.history().setGapIntervals(m_context.gaps.intervals());
-    m_context.curves.history().setWindow(reachesBack ? blocks : nullptr, shown.left, shown.right);
+    m_context.curves.history().setWindow(reachesBlocks ? blocks : nullptr, shown.left, shown.right);
     const auto ofModel = [model = m_context.model.plot(), rows = shown.rows](int channel) {
         return rows.size() > 0 ? model->seriesData(channel, rows.first, rows.last) : nullptr;
     };
     m_context.curves.setZoomed(m_context.hold.isChanged());
     // The runs of blocks lie between the curves, so that these have no picture of their own.
-    m_context.curves.setGrid(reachesBack ? PixelGrid() : gridOf(shown, request));
+    m_context.curves.setGrid(reachesBlocks ? PixelGrid() : gridOf(shown, request));
     m_context.curves.plotCurves(ofModel, shown.rows.first, m_context.yScale.mode);
     if (shown.left > shown.oldest || !request.following)
         m_context.surface.showScrollBar(true);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 namespace Corvale_Qt {
@@ -101,13 +102,22 @@ QString dateText(qint64 local)
     return localDateTime(local).toString(QStringLiteral("yyyy-MM-dd"));
 }
 
+QString twoDigits(qint64 number)
+{
+    const QChar digits[] = {QLatin1Char(char('0' + number / 10)),
+                            QLatin1Char(char('0' + number % 10))};
+    return QString(digits, 2);
+}
+
 //! Returns the time of day for ticks of a distance: "09:15", "09:15:02" or "09:15:02.250".
 QString timeOfDayText(qint64 local, qint64 step)
 {
+    const qint64 ofDay = local - floorDivided(local, kDay) * kDay;
+    QString text = twoDigits(ofDay / kHour) + QLatin1Char(':') + twoDigits(ofDay / kMinute % 60);
     const bool hasSeconds = step % kMinute != 0;
-    const QString text = localDateTime(local).toString(hasSeconds ? QStringLiteral("HH:mm:ss")
-                                                                  : QStringLiteral("HH:mm"));
-    return text + fractionText(local - floorDivided(local, kSecond) * kSecond, decimalsOf(step));
+    if (hasSeconds)
+        text += QLatin1Char(':') + twoDigits(ofDay / kSecond % 60);
+    return text + fractionText(ofDay % kSecond, decimalsOf(step));
 }
 
 bool canBeDivided(const TimeAxisRange &range, const TimeScale &scale)
@@ -206,12 +216,11 @@ ticksOf(const QVector<ClockStretch> &stretches, qint64 first, qint64 last, qint6
 QStringList clockLabels(const QVector<ClockTick> &ticks, qint64 step)
 {
     QStringList labels;
-    QString date;
+    std::optional<qint64> dated; // the day of the last date
     for (int i = 0; i < ticks.size(); ++i) {
         const qint64 local = ticks[i].moment + ticks[i].offset;
-        const QString day = dateText(local);
         if (step >= kDay) {
-            labels << day;
+            labels << dateText(local);
             continue;
         }
         QStringList lines{timeOfDayText(local, step)};
@@ -219,8 +228,8 @@ QStringList clockLabels(const QVector<ClockTick> &ticks, qint64 step)
         const bool changesAfter = i + 1 < ticks.size() && ticks[i + 1].offset != ticks[i].offset;
         if (changesBefore || changesAfter)
             lines << offsetText(ticks[i].offset); // the next label has the date
-        else if (std::exchange(date, day) != day)
-            lines << day;
+        else if (const qint64 day = floorDivided(local, kDay); std::exchange(dated, day) != day)
+            lines << dateText(local);
         labels << lines.join(QLatin1Char('\n'));
     }
     return labels;
@@ -247,11 +256,6 @@ DurationForm formFor(qint64 longest)
     if (longest < 2 * kHour)
         return DurationForm::Minutes;
     return longest < 2 * kDay ? DurationForm::Hours : DurationForm::Days;
-}
-
-QString twoDigits(qint64 number)
-{
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
 }
 
 //! Returns a duration; \a hasSeconds says whether hours and days are followed by seconds.

@@ -49,16 +49,23 @@ const QBrush &warningDashes(bool isOnWhite)
     return isOnWhite ? onWhite : onBlack;
 }
 
-/*! Draws a line one pixel wide. On pixels an area of that height is filled, since a pen would blend pixel by pixel, which takes
+/*! Draws a limit with its shadow. On pixels areas of their heights are filled, since a pen would blend pixel by pixel, which takes
     many times as long and gives the same picture. */
-void drawThin(QPainter *painter, const QLineF &line, bool isAlarm, bool isOnWhite)
+void drawLimit(QPainter *painter, const QLineF &line, bool isAlarm, bool isOnWhite)
 {
+    const QColor &shadow = isOnWhite ? kShadowOnWhite : kShadow;
+    constexpr double shadowWidth = 3.0;
     if (painter->paintEngine()->type() == QPaintEngine::Raster) {
-        const QRectF area(line.x1(), line.y1() - 0.5, line.dx(), 1.0);
-        painter->setBrushOrigin(area.topLeft());
-        painter->fillRect(area, isAlarm ? QBrush(kAlarm) : warningDashes(isOnWhite));
+        const auto area = [&line](double width) {
+            return QRectF(line.x1(), line.y1() - 0.5 * width, line.dx(), width);
+        };
+        painter->fillRect(area(shadowWidth), shadow);
+        painter->setBrushOrigin(area(1.0).topLeft());
+        painter->fillRect(area(1.0), isAlarm ? QBrush(kAlarm) : warningDashes(isOnWhite));
         return;
     }
+    painter->setPen(QPen(shadow, shadowWidth, Qt::SolidLine, Qt::FlatCap));
+    painter->drawLine(line);
     painter->setPen(isAlarm ? QPen(kAlarm, 1.0, Qt::SolidLine, Qt::FlatCap)
                             : QPen(warningColor(isOnWhite), 1.0, Qt::DashLine, Qt::FlatCap));
     painter->drawLine(line);
@@ -94,10 +101,7 @@ void LimitLines::draw(QPainter *painter,
         const double left = isWhole ? canvasRect.left() : xMap.transform(line.x.minValue());
         const double right = isWhole ? canvasRect.right() : xMap.transform(line.x.maxValue());
         const QLineF shape(std::round(left), y, std::round(right), y);
-        painter->setPen(
-            QPen(isOnWhite ? kShadowOnWhite : kShadow, 3.0, Qt::SolidLine, Qt::FlatCap));
-        painter->drawLine(shape);
-        drawThin(painter, shape, line.isAlarm, isOnWhite);
+        drawLimit(painter, shape, line.isAlarm, isOnWhite);
     }
 }
 

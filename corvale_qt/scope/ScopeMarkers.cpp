@@ -407,7 +407,6 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     }
     const bool reads = data.row > 0 && data.column > 0;
     const bool hasChannel = reads || isOnBlock(data);
-    setMarkerLabel(*state.item, labelText(data, resolutionOf(xRange)), index == m_selected);
     const QColor plain = colorOnCanvas(RVXPlotColors::labelTextColor(), m_plot);
     setMarkerLine(*state.item, hasChannel ? m_model.brush(data.column) : QBrush(plain));
     const double threeQuarters = xRange.first + 0.75 * (xRange.second - xRange.first);
@@ -418,8 +417,8 @@ void ScopeMarkers::setStripMarker(int index, const std::pair<double, double> &xR
     // Outside the plot, only a corner of the label would be visible.
     if (data.x < xRange.first || data.x > xRange.second)
         state.item->setLabel(QwtText());
-    else if (index == 1)
-        describeSpan(xRange);
+    else if (index != 1 || !describeSpan(xRange))
+        setMarkerLabel(*state.item, labelText(data, resolutionOf(xRange)), index == m_selected);
 }
 
 //! Returns what a marker says of the sample or of the block that it stands on.

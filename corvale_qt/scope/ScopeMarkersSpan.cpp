@@ -111,7 +111,8 @@ ScopeMarkerStatistics ScopeMarkers::statistics() const
     return result;
 }
 
-void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
+//! Labels the second marker with what lies between both. Returns false if there is nothing to say of it.
+bool ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
 {
     const Data &a = m_data[0];
     const Data &b = m_data[1];
@@ -123,10 +124,10 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
                 + blocksText(m_model, b.column, blockStatistics(), std::abs(a.x - b.x), resolution),
             m_selected == 1);
         keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
-        return;
+        return true;
     }
     if (!isAttached(0) || !isAttached(1) || a.row < 1 || b.row < 1 || b.column < 1)
-        return;
+        return false;
     const double period = std::abs(a.x - b.x);
     const MarkedSample sample = marked(b, resolutionOf(xRange));
     const MarkerStatistics &statistics = span();
@@ -140,6 +141,7 @@ void ScopeMarkers::describeSpan(const std::pair<double, double> &xRange)
         text += integralText(m_model, b.column, spanIntegral(), period);
     setMarkerLabel(*item(1), text, m_selected == 1);
     keepLabelsApart(*item(0), *item(1), xRange.second - xRange.first);
+    return true;
 }
 
 } // namespace Corvale_Qt

@@ -184,7 +184,7 @@ private:
     const SpanIntegral &spanIntegral() const;
     bool isComparable() const;
     void select(const Data &data) const;
-    void describeSpan(const std::pair<double, double> &xRange);
+    bool describeSpan(const std::pair<double, double> &xRange);
 
     ScopeSurface &m_surface;
     QwtPlot *m_plot;
